@@ -1,0 +1,39 @@
+#include "app/settings/GetSet.h"
+
+#include "app/settings/Settings.h"
+#include "support/cRegistry.h"
+#include "support/Val.h"
+
+namespace settings {
+
+namespace {
+support::cRegistry SettingsAt(support::RegistryRoot root, const QString &name) {
+    support::cRegistry registry;
+    registry.ClassKey = static_cast<std::uint32_t>(root);
+    registry.SectionKey = QString::fromLatin1(kSettingsPath);
+    registry.ValueKey = name;
+    return registry;
+}
+} // namespace
+
+QString GetSet(const QString &name, const QString &defaultValue) {
+    support::cRegistry machine = SettingsAt(support::RegistryRoot::LocalMachine, name);
+    machine.Default = defaultValue;
+    support::cRegistry user = SettingsAt(support::RegistryRoot::CurrentUser, name);
+    user.Default = machine.Value();
+    return user.Value().toString();
+}
+
+void SaveSet(const QString &name, const QString &value) {
+    SettingsAt(support::RegistryRoot::CurrentUser, name).SetValue(value);
+}
+
+bool GetStartupEnabled() { return support::Val(GetSet(QLatin1String(kDontStartup))) == 0; }
+
+void SaveStartupEnabled(bool on) {
+    SaveSet(QLatin1String(kDontStartup), on ? QStringLiteral("0") : QStringLiteral("1"));
+}
+
+QString WindowPath() { return QStringLiteral("SOFTWARE\\") + Terms().TITLE; }
+
+} // namespace settings

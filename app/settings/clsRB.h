@@ -1,0 +1,35 @@
+// The remembered answer to the question whether a template makes a new slice or updates the current one.
+#pragma once
+
+#include <cstdint>
+
+namespace settings {
+
+// The name of the form that asks, for DialogHost; its argument is the clsRB.
+inline constexpr char kFormRB[] = "frmRB";
+inline constexpr char kRB_Bar[] = "RB_Bar";
+
+class clsRB {
+public:
+    static constexpr std::int32_t kCancel = 0;
+    static constexpr std::int32_t kUpdate = 1;
+    static constexpr std::int32_t kNew = 2;
+    // What the registry holds while the question is to be asked.
+    static constexpr std::int32_t kNoAnswer = -1;
+
+    // The answer. The form sets both.
+    std::int32_t Choice = kCancel;
+    bool SaveValue = false;
+    // Whether the form opens with its check box ticked.
+    bool Force = false;
+
+    // Gives the stored answer, or asks through frmRB with `bFlag` as Force; an answer other than cancel is
+    // stored when the form set SaveValue.
+    std::int32_t DisplayPrompt(bool bFlag);
+    // Forgets the answer.
+    void ResetPrompt();
+    // Whether DisplayPrompt would ask.
+    bool GetDisplayPrompt() const;
+};
+
+} // namespace settings

@@ -1,0 +1,71 @@
+# Flags, and the two functions that every folder uses.
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}
+      CCACHE_NOHASHDIR=1 ${CCACHE_PROGRAM})
+endif()
+find_program(MOLD_PROGRAM mold)
+if(MOLD_PROGRAM AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  add_link_options(-fuse-ld=mold)
+endif()
+
+add_library(velmora_flags INTERFACE)
+target_compile_definitions(velmora_flags INTERFACE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII
+    QT_NO_URL_CAST_FROM_STRING QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
+target_compile_options(velmora_flags INTERFACE -Wall -Wextra -Wconversion -Wno-sign-conversion
+    -Wno-float-conversion -Wshadow -Wnon-virtual-dtor -Werror)
+if(VELMORA_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer
+      -O1 -g1)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# velmora_library(NAME [FOLDERS dir...] [MOC] [LINK target...])
+# A static library of all sources below the current folder, or below the folders named.
+function(velmora_library name)
+  cmake_parse_arguments(ARG "MOC" "" "FOLDERS;LINK" ${ARGN})
+  set(patterns)
+  if(ARG_FOLDERS)
+    foreach(folder IN LISTS ARG_FOLDERS)
+      list(APPEND patterns ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
+    endforeach()
+  else()
+    set(patterns ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  endif()
+  file(GLOB sources CONFIGURE_DEPENDS ${patterns})
+  if(NOT sources MATCHES "\\.cpp")
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE ${CMAKE_SOURCE_DIR})
+    target_link_libraries(${name} INTERFACE ${ARG_LINK})
+    return()
+  endif()
+  add_library(${name} STATIC ${sources})
+  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
+  target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE velmora_flags PUBLIC ${ARG_LINK})
+  if(ARG_MOC)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  endif()
+endfunction()
+
+# velmora_test(FOLDER [MOC] [LINK target...])
+# One executable test_FOLDER (slashes become underscores) of all sources below tests/FOLDER, run by ctest.
+function(velmora_test folder)
+  cmake_parse_arguments(ARG "MOC;GUI" "" "LINK" ${ARGN})
+  string(REPLACE "/" "_" suffix ${folder})
+  set(name test_${suffix})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp
+       ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
+  add_executable(${name} ${sources})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR})
+  target_compile_definitions(${name} PRIVATE VELMORA_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data"
+      VELMORA_SOURCE_DIR="${CMAKE_SOURCE_DIR}" VELMORA_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+  target_link_libraries(${name} PRIVATE velmora_flags ${ARG_LINK} GTest::gmock)
+  if(ARG_MOC)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  endif()
+  add_test(NAME ${folder} COMMAND ${name})
+  set_tests_properties(${folder} PROPERTIES
+      ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;ASAN_OPTIONS=detect_leaks=1;UBSAN_OPTIONS=print_stacktrace=1;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp")
+endfunction()

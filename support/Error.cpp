@@ -1,0 +1,53 @@
+#include "support/Error.h"
+
+#include <cstdio>
+#include <new>
+
+namespace support {
+
+namespace {
+void WriteToStderr(const QString &title, const QString &text) {
+    std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(text));
+}
+Reporter currentReporter = WriteToStderr;
+} // namespace
+
+Error::Error(long number, QString source, QString description)
+    : number_(number),
+      source_(std::move(source)),
+      description_(std::move(description)),
+      what_(description_.toUtf8()) {}
+
+Error Error::PassedThrough(const QString &routine) const {
+    return Error(number_, source_ + QStringLiteral("\r\n") + routine, description_);
+}
+
+QString ReportText(const Error &error) {
+    return error.Description() + QStringLiteral("\r\r(Error #%1)").arg(error.Number());
+}
+
+QString ReportTitle(const QString &object, const QString &routine) {
+    return QStringLiteral("Error in %1: Sub %2").arg(object, routine);
+}
+
+void SetReporter(Reporter reporter) { currentReporter = reporter ? reporter : WriteToStderr; }
+
+void ShowReport(const QString &object, const QString &routine, const Error &error) {
+    currentReporter(ReportTitle(object, routine), ReportText(error));
+}
+
+Error CurrentError(const QString &source) {
+    try {
+        throw;
+    } catch (const Error &error) {
+        return error;
+    } catch (const std::bad_alloc &) {
+        return Error(7, source, QStringLiteral("Out of memory"));
+    } catch (const std::exception &error) {
+        return Error(kErrInvalidProcedureCall, source, QString::fromUtf8(error.what()));
+    } catch (...) {
+        return Error(kErrInvalidProcedureCall, source, QStringLiteral("Unknown error"));
+    }
+}
+
+} // namespace support

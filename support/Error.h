@@ -1,0 +1,83 @@
+// Errors as the program raises, passes on and reports them.
+#pragma once
+
+#include <exception>
+#include <QString>
+#include <utility>
+
+namespace support {
+
+// Numbers that more than one folder raises; the texts stand at the places that raise them.
+constexpr long kErrOverflow = 6;
+constexpr long kErrInvalidProcedureCall = 5;
+constexpr long kErrSubscriptOutOfRange = 9;
+constexpr long kErrTypeMismatch = 13;
+constexpr long kErrFileNotFound = 53;
+constexpr long kErrPermissionDenied = 70;
+constexpr long kErrPathFileAccess = 75;
+constexpr long kErrPathNotFound = 76;
+constexpr long kErrKeyInUse = 457;
+constexpr long kErrDiskFull = 61;
+
+// A failure with the three things that every handler needs. The source grows into a list of the routines that
+// the error passed through, one a line.
+class Error : public std::exception {
+public:
+    Error(long number, QString source, QString description);
+
+    long Number() const { return number_; }
+    const QString &Source() const { return source_; }
+    const QString &Description() const { return description_; }
+    // The description in UTF-8, for test output and for the command line.
+    const char *what() const noexcept override { return what_.constData(); }
+
+    // The same error with a carriage return, a line feed and `routine` added to its source.
+    Error PassedThrough(const QString &routine) const;
+
+private:
+    long number_;
+    QString source_;
+    QString description_;
+    QByteArray what_;
+};
+
+// The text of the box that reports `error`: description, two carriage returns, "(Error #N)".
+QString ReportText(const Error &error);
+// The title of the box that reports an error of `routine` in `object`: "Error in OBJECT: Sub ROUTINE".
+QString ReportTitle(const QString &object, const QString &routine);
+
+// What the handler of the event loop does with an error: set once at start to a function that shows the
+// message box. Until then errors are written to stderr.
+using Reporter = void (*)(const QString &title, const QString &text);
+void SetReporter(Reporter reporter);
+void ShowReport(const QString &object, const QString &routine, const Error &error);
+
+// Turns the exception being handled into an Error: an Error stays what it is, std::bad_alloc becomes number 7
+// "Out of memory", any other std::exception number 5 with its own text. Call inside a catch block only.
+Error CurrentError(const QString &source);
+
+// The first of the two shapes: runs `body`; an error of it is shown in a message box with the title
+// "Error in OBJECT: Sub ROUTINE", and the routine then ends normally. For routines that the event loop
+// enters.
+template <typename Body>
+void Report(const char *object, const char *routine, Body &&body) {
+    try {
+        std::forward<Body>(body)();
+    } catch (...) {
+        ShowReport(QString::fromLatin1(object), QString::fromLatin1(routine),
+                   CurrentError(QString::fromLatin1(object)));
+    }
+}
+
+// The second shape: runs `body` and gives its result; an error of it is raised again with the same number and
+// description and with `routine` added to the source. For routines that other routines call.
+template <typename Body>
+auto PassOn(const char *routine, Body &&body) -> decltype(std::forward<Body>(body)()) {
+    try {
+        return std::forward<Body>(body)();
+    } catch (...) {
+        throw CurrentError(QString()).PassedThrough(QString::fromLatin1(routine));
+    }
+}
+
+} // namespace support

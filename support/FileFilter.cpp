@@ -1,0 +1,25 @@
+#include "support/FileFilter.h"
+
+namespace support {
+
+std::vector<FileFilterRow> ParseFileFilter(const QString &filter) {
+    std::vector<FileFilterRow> rows;
+    if (filter.isEmpty()) return rows;
+    const QStringList parts = filter.split(u'|');
+    for (qsizetype i = 0; i < parts.size(); i += 2)
+        rows.push_back({parts[i], parts.value(i + 1).split(u';', Qt::SkipEmptyParts)});
+    return rows;
+}
+
+QString QtNameFilter(const FileFilterRow &row) {
+    QStringList patterns;
+    for (const QString &pattern : row.patterns)
+        patterns.append(pattern.trimmed() == QLatin1String("*.*") ? QStringLiteral("*") : pattern.trimmed());
+    return QStringLiteral("%1 (%2)").arg(row.title, patterns.join(u' '));
+}
+
+QString DefaultSuffix(const QString &defaultExtension) {
+    return defaultExtension.mid(defaultExtension.lastIndexOf(u'.') + 1);
+}
+
+} // namespace support

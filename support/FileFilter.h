@@ -1,0 +1,22 @@
+// The filter texts of the file dialogs: rows of a title and a pattern, all joined by "|".
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+namespace support {
+
+struct FileFilterRow {
+    QString title;
+    QStringList patterns; // empty for a last row that lacks its pattern
+};
+
+// The rows of "Title|*.a;*.b|Title|*.c". A last row without a pattern isn't repaired.
+std::vector<FileFilterRow> ParseFileFilter(const QString &filter);
+// The row as Qt's dialogs write it: "Title (*.a *.b)".
+QString QtNameFilter(const FileFilterRow &row);
+// The ending for names typed without one, without a point: "map" for "map", ".map" and "*.map".
+QString DefaultSuffix(const QString &defaultExtension);
+
+} // namespace support

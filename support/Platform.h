@@ -1,0 +1,49 @@
+// What differs between platforms below Qt's level; one source file per platform. Nothing here raises an
+// error: failures are told by result.
+#pragma once
+
+#include <memory>
+#include <QByteArray>
+#include <QString>
+
+namespace support::platform {
+
+enum class Failure { None, NotFound, NoPermission, DiskFull, NoFolder, Access };
+
+// Waits until the content of a file is on the disk.
+Failure FlushFile(const QString &path);
+// Puts `newFile` in the place of `target` in one step and waits until the folder's entry is on the disk.
+Failure RenameOver(const QString &newFile, const QString &target);
+// Creates a file that must not exist yet, empty.
+Failure CreateNew(const QString &path);
+// Writes all of `bytes` to a file that exists, behind its content or in place of it.
+enum class WriteMode { Replace, Append };
+Failure WriteFile(const QString &path, const QByteArray &bytes, WriteMode mode);
+// Gives `path` the permissions of `model`.
+void CopyPermissions(const QString &model, const QString &path);
+
+// The path of the running executable.
+QString ExecutablePath();
+// The 8.3 and the long form; empty where there is none.
+QString ShortForm(const QString &path);
+QString LongForm(const QString &path);
+// The system's folders, without a separator at their ends.
+QString WindowsFolder();
+QString SystemFolder();
+// The login name.
+QString UserName();
+
+// A lock between processes, and between objects of one process, held until destroyed.
+class FileLock {
+public:
+    virtual ~FileLock() = default;
+};
+// Waits up to `milliseconds` for the lock that `path` names (the file is made and stays); null when not got.
+std::unique_ptr<FileLock> Lock(const QString &path, int milliseconds);
+
+// Memory: percent available of the whole where the platform is asked so, and percent in use on Windows; -1
+// when the platform does not tell it.
+int AvailableMemoryPercent();
+int MemoryLoadPercent();
+
+} // namespace support::platform

@@ -1,0 +1,43 @@
+#include "support/headless/HeadlessDesktop.h"
+
+#include "support/Error.h"
+#include "support/PlatformRegistry.h"
+
+#include <cstdio>
+
+namespace support {
+
+Answer HeadlessMessageBoxes::Show(const QString &text, Buttons buttons, Icon, const QString &title) {
+    const QString line = title.isEmpty() ? text : title + QStringLiteral(": ") + text;
+    std::fprintf(stderr, "%s\n", line.simplified().toLocal8Bit().constData());
+    return ClosingAnswer(buttons);
+}
+
+QString HeadlessMessageBoxes::InputBox(const QString &, const QString &, const QString &) {
+    return QString();
+}
+
+QString HeadlessDialogs::ShowOpenFileDialog(const QString &, const QString &, const QString &, long, Owner,
+                                            int &) {
+    return QString();
+}
+
+QString HeadlessDialogs::ShowSaveFileDialog(const QString &, const QString &, const QString &, long, Owner,
+                                            int &) {
+    return QString();
+}
+
+HeadlessDesktop::HeadlessDesktop(std::unique_ptr<RegistryStore> registry)
+    : registry_(registry ? std::move(registry) : CreatePlatformRegistry()),
+      desktop_{messageBoxes_, dialogs_, launcher_, clock_,    memory_,
+               *registry_,    random_,  printers_, identity_, forms_} {
+    SetDesktop(&desktop_);
+    SetReporter(ReportWithMessageBoxes);
+}
+
+HeadlessDesktop::~HeadlessDesktop() {
+    SetReporter(nullptr);
+    SetDesktop(nullptr);
+}
+
+} // namespace support

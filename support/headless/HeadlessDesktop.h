@@ -1,0 +1,67 @@
+// The desktop of a program without windows: messages go to stderr, a question is answered as if its box was
+// closed, every dialog is cancelled, nothing is launched, and there is no printer.
+#pragma once
+
+#include "support/Desktop.h"
+#include "support/FormTable.h"
+#include "support/headless/SystemDoors.h"
+#include "support/RegistryStore.h"
+
+#include <memory>
+
+namespace support {
+
+class HeadlessMessageBoxes : public MessageBoxes {
+public:
+    Answer Show(const QString &text, Buttons buttons, Icon icon, const QString &title) override;
+    QString InputBox(const QString &prompt, const QString &title, const QString &preset) override;
+};
+
+class HeadlessDialogs : public CommonDialogs {
+public:
+    QString ShowOpenFileDialog(const QString &, const QString &, const QString &, long, Owner,
+                               int &) override;
+    QString ShowSaveFileDialog(const QString &, const QString &, const QString &, long, Owner,
+                               int &) override;
+    Colour ShowColorDialog(Owner, bool, Colour) override { return kNoColour; }
+    void ShowFontDialog(Owner, long, FontChoice &, Colour &) override {}
+    bool ShowPrinter(Owner) override { return false; }
+};
+
+class HeadlessLauncher : public Launcher {
+public:
+    bool Launch(const QString &) override { return false; }
+};
+
+class HeadlessPrinters : public Printers {
+public:
+    QStringList Names() override { return {}; }
+    QString Current() override { return {}; }
+    void SetCurrent(const QString &) override {}
+};
+
+// Becomes the current desktop for as long as it lives. The registry is the one given, or the platform's.
+class HeadlessDesktop {
+public:
+    explicit HeadlessDesktop(std::unique_ptr<RegistryStore> registry = nullptr);
+    ~HeadlessDesktop();
+    HeadlessDesktop(const HeadlessDesktop &) = delete;
+    HeadlessDesktop &operator=(const HeadlessDesktop &) = delete;
+
+    Desktop &Get() { return desktop_; }
+
+private:
+    HeadlessMessageBoxes messageBoxes_;
+    HeadlessDialogs dialogs_;
+    HeadlessLauncher launcher_;
+    SystemClock clock_;
+    SystemMemoryProbe memory_;
+    std::unique_ptr<RegistryStore> registry_;
+    SystemRandom random_;
+    HeadlessPrinters printers_;
+    SystemIdentity identity_;
+    FormTable forms_;
+    Desktop desktop_;
+};
+
+} // namespace support

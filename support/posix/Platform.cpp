@@ -1,0 +1,187 @@
+#include "support/Platform.h"
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <fcntl.h>
+#include <pwd.h>
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QThread>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+#ifdef Q_OS_MACOS
+#include <mach-o/dyld.h>
+#include <mach/mach.h>
+#include <sys/sysctl.h>
+#endif
+
+namespace support::platform {
+
+namespace {
+
+class Descriptor {
+public:
+    Descriptor(const QString &path, int flags, mode_t mode = 0)
+        : number_(open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, mode)) {}
+    ~Descriptor() {
+        if (number_ >= 0) close(number_);
+    }
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+    explicit operator bool() const { return number_ >= 0; }
+    int Number() const { return number_; }
+
+private:
+    int number_;
+};
+
+Failure FailureOf(int number) {
+    switch (number) {
+    case ENOENT:
+        return Failure::NotFound;
+    case ENOTDIR:
+        return Failure::NoFolder;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return Failure::NoPermission;
+    case ENOSPC:
+    case EFBIG:
+    case EDQUOT:
+        return Failure::DiskFull;
+    default:
+        return Failure::Access;
+    }
+}
+
+Failure Flush(const Descriptor &descriptor) {
+    if (!descriptor) return FailureOf(errno);
+#ifdef F_FULLFSYNC
+    if (fcntl(descriptor.Number(), F_FULLFSYNC) == 0) return Failure::None;
+#endif
+    return fsync(descriptor.Number()) == 0 ? Failure::None : FailureOf(errno);
+}
+
+class FlockLock : public FileLock {
+public:
+    explicit FlockLock(const QString &path) : descriptor_(path, O_RDWR | O_CREAT, 0600) {}
+    bool Opened() const { return static_cast<bool>(descriptor_); }
+    bool Try() { return flock(descriptor_.Number(), LOCK_EX | LOCK_NB) == 0; }
+
+private:
+    Descriptor descriptor_; // closing it gives the lock back
+};
+
+} // namespace
+
+Failure FlushFile(const QString &path) { return Flush(Descriptor(path, O_RDONLY)); }
+
+Failure RenameOver(const QString &newFile, const QString &target) {
+    if (std::rename(QFile::encodeName(newFile).constData(), QFile::encodeName(target).constData()) != 0)
+        return FailureOf(errno);
+    // The file is in place; a file system that cannot flush a folder has nothing more to give.
+    Flush(Descriptor(QFileInfo(target).absolutePath(), O_RDONLY | O_DIRECTORY));
+    return Failure::None;
+}
+
+Failure CreateNew(const QString &path) {
+    const Descriptor descriptor(path, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    if (descriptor) return Failure::None;
+    return errno == ENOENT ? Failure::NoFolder : FailureOf(errno);
+}
+
+Failure WriteFile(const QString &path, const QByteArray &bytes, WriteMode mode) {
+    const Descriptor descriptor(path, O_WRONLY | (mode == WriteMode::Append ? O_APPEND : O_TRUNC));
+    if (!descriptor) return FailureOf(errno);
+    for (qsizetype written = 0; written < bytes.size();) {
+        const ssize_t count = write(descriptor.Number(), bytes.constData() + written,
+                                    static_cast<std::size_t>(bytes.size() - written));
+        if (count < 0 && errno != EINTR) return FailureOf(errno);
+        written += qMax(ssize_t(0), count);
+    }
+    return Failure::None;
+}
+
+void CopyPermissions(const QString &model, const QString &path) {
+    struct stat status {};
+    if (stat(QFile::encodeName(model).constData(), &status) != 0) return;
+    chmod(QFile::encodeName(path).constData(), status.st_mode & 07777);
+}
+
+QString ExecutablePath() {
+#ifdef Q_OS_MACOS
+    std::array<char, PATH_MAX> buffer{};
+    auto size = static_cast<std::uint32_t>(buffer.size());
+    return _NSGetExecutablePath(buffer.data(), &size) == 0 ? QFile::decodeName(buffer.data()) : QString();
+#else
+    return QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
+#endif
+}
+
+QString ShortForm(const QString &) { return QString(); }
+
+QString LongForm(const QString &) { return QString(); }
+
+QString WindowsFolder() { return QStringLiteral("/usr"); }
+
+QString SystemFolder() { return QStringLiteral("/usr/lib"); }
+
+QString UserName() {
+    std::vector<char> buffer(16384);
+    passwd entry{};
+    passwd *found = nullptr;
+    if (getpwuid_r(geteuid(), &entry, buffer.data(), buffer.size(), &found) == 0 && found)
+        return QFile::decodeName(found->pw_name);
+    return qEnvironmentVariable("USER");
+}
+
+std::unique_ptr<FileLock> Lock(const QString &path, int milliseconds) {
+    constexpr int kStep = 2;
+    auto lock = std::make_unique<FlockLock>(path);
+    if (!lock->Opened()) return nullptr;
+    for (int waited = 0; !lock->Try(); waited += kStep) {
+        if (waited >= milliseconds) return nullptr;
+        QThread::msleep(kStep);
+    }
+    return lock;
+}
+
+#ifdef Q_OS_MACOS
+int AvailableMemoryPercent() {
+    std::uint64_t total = 0;
+    std::size_t size = sizeof total;
+    vm_statistics64_data_t statistics{};
+    mach_msg_type_number_t count = HOST_VM_INFO64_COUNT;
+    if (sysctlbyname("hw.memsize", &total, &size, nullptr, 0) != 0 || total == 0) return -1;
+    if (host_statistics64(mach_host_self(), HOST_VM_INFO64, reinterpret_cast<host_info64_t>(&statistics),
+                          &count) != KERN_SUCCESS)
+        return -1;
+    const std::uint64_t pages = statistics.free_count + statistics.inactive_count +
+                                static_cast<std::uint64_t>(statistics.purgeable_count);
+    return static_cast<int>(pages * static_cast<std::uint64_t>(getpagesize()) * 100 / total);
+}
+#else
+int AvailableMemoryPercent() {
+    QFile file(QStringLiteral("/proc/meminfo"));
+    if (!file.open(QIODevice::ReadOnly)) return -1;
+    qint64 total = 0;
+    qint64 available = -1;
+    for (const QByteArray &line : file.readAll().split('\n')) {
+        const QList<QByteArray> words = line.simplified().split(' ');
+        if (words.size() < 2) continue;
+        if (words[0] == "MemTotal:") total = words[1].toLongLong();
+        if (words[0] == "MemAvailable:") available = words[1].toLongLong();
+    }
+    return total > 0 && available >= 0 ? static_cast<int>(available * 100 / total) : -1;
+}
+#endif
+
+int MemoryLoadPercent() { return -1; }
+
+} // namespace support::platform

@@ -1,0 +1,88 @@
+#include "support/real/QtMessageBoxes.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace support {
+
+namespace {
+
+struct ButtonRow {
+    Buttons buttons;
+    QMessageBox::StandardButtons shown;
+};
+constexpr ButtonRow kButtons[] = {
+    {Buttons::Ok, QMessageBox::Ok},
+    {Buttons::OkCancel, QMessageBox::Ok | QMessageBox::Cancel},
+    {Buttons::YesNo, QMessageBox::Yes | QMessageBox::No},
+    {Buttons::YesNoCancel, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel},
+};
+
+struct AnswerRow {
+    Answer answer;
+    QMessageBox::StandardButton button;
+};
+constexpr AnswerRow kAnswers[] = {
+    {Answer::Ok, QMessageBox::Ok},
+    {Answer::Cancel, QMessageBox::Cancel},
+    {Answer::Yes, QMessageBox::Yes},
+    {Answer::No, QMessageBox::No},
+};
+
+struct IconRow {
+    Icon icon;
+    QMessageBox::Icon shown;
+};
+constexpr IconRow kIcons[] = {
+    {Icon::None, QMessageBox::NoIcon},
+    {Icon::Stop, QMessageBox::Critical},
+    {Icon::Question, QMessageBox::Question},
+    {Icon::Exclamation, QMessageBox::Warning},
+    {Icon::Information, QMessageBox::Information},
+};
+
+QMessageBox::StandardButton ButtonOf(Answer answer) {
+    for (const AnswerRow &row : kAnswers)
+        if (row.answer == answer) return row.button;
+    return QMessageBox::NoButton;
+}
+
+QString TitleOrApplication(const QString &title) {
+    return title.isEmpty() ? QCoreApplication::applicationName() : title;
+}
+
+} // namespace
+
+QString WithLineFeeds(const QString &text) {
+    QString lines = text;
+    return lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
+}
+
+Answer QtMessageBoxes::Show(const QString &text, Buttons buttons, Icon icon, const QString &title) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(WithLineFeeds(text));
+    box.setWindowTitle(TitleOrApplication(title));
+    for (const ButtonRow &row : kButtons)
+        if (row.buttons == buttons) box.setStandardButtons(row.shown);
+    for (const IconRow &row : kIcons)
+        if (row.icon == icon) box.setIcon(row.shown);
+    const Answer closing = ClosingAnswer(buttons);
+    box.setEscapeButton(ButtonOf(closing));
+    box.setDefaultButton(box.standardButtons().testFlag(QMessageBox::Yes) ? QMessageBox::Yes
+                                                                          : QMessageBox::Ok);
+    const int pressed = box.exec();
+    for (const AnswerRow &row : kAnswers)
+        if (row.button == pressed) return row.answer;
+    return closing;
+}
+
+QString QtMessageBoxes::InputBox(const QString &prompt, const QString &title, const QString &preset) {
+    bool ok = false;
+    const QString text = QInputDialog::getText(QApplication::activeWindow(), TitleOrApplication(title),
+                                               WithLineFeeds(prompt), QLineEdit::Normal, preset, &ok);
+    return ok ? text : QString();
+}
+
+} // namespace support

@@ -1,0 +1,17 @@
+// Message boxes and the one-line question, with Qt's dialogs.
+#pragma once
+
+#include "support/Desktop.h"
+
+namespace support {
+
+class QtMessageBoxes : public MessageBoxes {
+public:
+    Answer Show(const QString &text, Buttons buttons, Icon icon, const QString &title) override;
+    QString InputBox(const QString &prompt, const QString &title, const QString &preset) override;
+};
+
+// `text` with every carriage return, line feed and pair of both as one line feed.
+QString WithLineFeeds(const QString &text);
+
+} // namespace support

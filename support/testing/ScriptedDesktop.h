@@ -1,0 +1,190 @@
+// A desktop whose answers a test writes down beforehand. A question that the script does not expect fails the
+// test and names the text, and so does an expected question that never came. While the object lives it is the
+// current desktop, and reported errors arrive as messages.
+#pragma once
+
+#include "support/Desktop.h"
+#include "support/RegistryStore.h"
+
+#include <deque>
+#include <functional>
+#include <vector>
+
+namespace support::testing {
+
+struct ShownMessage {
+    QString text;
+    QString title;
+    Buttons buttons = Buttons::Ok;
+    Icon icon = Icon::None;
+};
+
+class ScriptedMessageBoxes : public MessageBoxes {
+public:
+    Answer Show(const QString &text, Buttons buttons, Icon icon, const QString &title) override;
+    QString InputBox(const QString &prompt, const QString &title, const QString &preset) override;
+
+    struct Expected {
+        QString text;
+        bool whole = true;
+        Answer answer = Answer::Ok;
+    };
+    std::deque<Expected> expected;
+    struct ExpectedInput {
+        QString prompt;
+        QString answer;
+    };
+    std::deque<ExpectedInput> expectedInputs;
+    std::vector<ShownMessage> shown;
+};
+
+struct ShownFileDialog {
+    bool save = false;
+    QString filter;
+    QString defaultExtension;
+    QString startFolder;
+    long flags = 0;
+    int filterRow = 0;
+};
+
+class ScriptedDialogs : public CommonDialogs {
+public:
+    QString ShowOpenFileDialog(const QString &filter, const QString &defaultExtension,
+                               const QString &startFolder, long flags, Owner owner, int &filterRow) override;
+    QString ShowSaveFileDialog(const QString &filter, const QString &defaultExtension,
+                               const QString &startFolder, long flags, Owner owner, int &filterRow) override;
+    Colour ShowColorDialog(Owner owner, bool fullOpen, Colour colour) override;
+    void ShowFontDialog(Owner owner, long flag, FontChoice &font, Colour &colour) override;
+    bool ShowPrinter(Owner owner) override;
+
+    struct File {
+        QString path;
+        int filterRow = 0; // 0 leaves the row as it went in
+    };
+    std::deque<File> openFiles;
+    std::deque<File> saveFiles;
+    std::deque<Colour> colours;
+    struct FontAnswer {
+        bool ok = true;
+        FontChoice font;
+        Colour colour = 0;
+    };
+    std::deque<FontAnswer> fonts;
+    std::deque<bool> printers;
+
+    std::vector<ShownFileDialog> shownFiles;
+    std::vector<Colour> startColours;
+
+private:
+    QString TakeFile(std::deque<File> &answers, const ShownFileDialog &dialog, int &filterRow);
+};
+
+class ScriptedLauncher : public Launcher {
+public:
+    bool Launch(const QString &fileOrAddress) override;
+    struct Expected {
+        QString target;
+        bool answer = true;
+    };
+    std::deque<Expected> expected;
+    QStringList launched;
+};
+
+// Stands at 2024-05-17 10:30 until it is set; waiting moves it on.
+class FakeClock : public Clock {
+public:
+    QDateTime Now() override { return now; }
+    double Timer() override { return now.time().msecsSinceStartOfDay() / 1000.0; }
+    void Wait(int milliseconds) override { now = now.addMSecs(milliseconds); }
+    QDateTime now{QDate(2024, 5, 17), QTime(10, 30)};
+};
+
+// Tells 60 per cent of free resources until it is set, which no guard refuses.
+class FakeMemory : public MemoryProbe {
+public:
+    MemoryReading Read() override { return reading; }
+    MemoryReading reading{60, std::nullopt};
+};
+
+// A fixed sequence: numbers from a small generator that Seed does not touch, GUIDs that count up from 1.
+class FakeRandom : public Random {
+public:
+    void Seed(double timer) override { lastSeed = timer; }
+    double Next() override;
+    std::array<std::uint8_t, 16> NewGuid() override;
+    double lastSeed = -1;
+    // Given out first, in order, before the generator's own.
+    std::deque<double> numbers;
+
+private:
+    std::uint32_t state_ = 1;
+    std::uint32_t guids_ = 0;
+};
+
+class FakePrinters : public Printers {
+public:
+    QStringList Names() override { return names; }
+    QString Current() override { return current; }
+    void SetCurrent(const QString &name) override { current = name; }
+    QStringList names;
+    QString current;
+};
+
+class FakeIdentity : public Identity {
+public:
+    QString UserName() override { return name; }
+    QString name = QStringLiteral("tester");
+};
+
+class ScriptedDialogHost : public DialogHost {
+public:
+    bool ShowModal(const QString &form, void *argument, Owner owner) override;
+    struct Expected {
+        QString form;
+        std::function<bool(void *argument)> action; // none: the form is cancelled
+    };
+    std::deque<Expected> expected;
+    QStringList shown;
+};
+
+class ScriptedDesktop {
+public:
+    ScriptedDesktop();
+    ~ScriptedDesktop();
+    ScriptedDesktop(const ScriptedDesktop &) = delete;
+    ScriptedDesktop &operator=(const ScriptedDesktop &) = delete;
+
+    // Messages must come in the order in which they are expected, letter for letter.
+    void ExpectMessage(const QString &text, Answer answer = Answer::Ok);
+    void ExpectMessageContaining(const QString &part, Answer answer = Answer::Ok);
+    void ExpectInput(const QString &prompt, const QString &answer);
+    // An empty path cancels; a row of 0 leaves the filter row as it was.
+    void ExpectOpenFile(const QString &path, int filterRow = 0);
+    void ExpectSaveFile(const QString &path, int filterRow = 0);
+    // kNoColour cancels.
+    void ExpectColour(Colour colour);
+    void ExpectFont(const FontChoice &font, Colour colour);
+    void ExpectFontCancelled();
+    void ExpectPrinter(bool ok);
+    void ExpectLaunch(const QString &target, bool answer = true);
+    void ExpectForm(const QString &form, std::function<bool(void *argument)> action = {});
+
+    const std::vector<ShownMessage> &Messages() const { return messageBoxes.shown; }
+    Desktop &Get() { return desktop; }
+    // Fails the test for every expectation that was not met, and forgets them. The destructor does the same.
+    void CheckAllAsked();
+
+    ScriptedMessageBoxes messageBoxes;
+    ScriptedDialogs dialogs;
+    ScriptedLauncher launcher;
+    FakeClock clock;
+    FakeMemory memory;
+    MemoryRegistryStore registry;
+    FakeRandom random;
+    FakePrinters printers;
+    FakeIdentity identity;
+    ScriptedDialogHost dialogHost;
+    Desktop desktop;
+};
+
+} // namespace support::testing

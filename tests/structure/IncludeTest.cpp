@@ -1,0 +1,128 @@
+// Holds the tree to its one-way includes: every folder names what it may include, and any other arrow fails here.
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QMap>
+#include <QRegularExpression>
+#include <QSet>
+#include <gtest/gtest.h>
+
+namespace {
+
+const QDir kRoot(QStringLiteral(VELMORA_SOURCE_DIR));
+
+// Folder -> folders that it may include besides itself. The longest folder that a path begins with counts.
+QMap<QString, QStringList> Allowed() {
+    QMap<QString, QStringList> allowed{
+        {"support", {}},
+        {"support/headless", {"support"}},
+        {"support/real", {"support", "support/headless"}},
+        {"support/testing", {"support"}},
+        {"app/settings", {"support"}},
+        {"storage", {"support"}},
+    };
+    // Inside the diagram component each folder may include those in front of it.
+    const QStringList diagram = {"geometry", "shapes", "model",  "edit",   "scene",       "hit",
+                                 "format",   "layout", "render", "export", "interaction", "view"};
+    QStringList below = {"support"};
+    for (const QString &part : diagram) {
+        const QString folder = "diagram/" + part;
+        allowed[folder] = below;
+        below << folder;
+    }
+    QStringList base = below;
+    base.removeAll("diagram/interaction");
+    base.removeAll("diagram/view");
+    allowed["document"] = base + QStringList{"storage", "app/settings"};
+    QStringList above = allowed["document"] + QStringList{"document"};
+    allowed["timeline"] = above;
+    above << "timeline";
+    for (const char *folder : {"templates", "output", "dialogs"}) allowed[folder] = above;
+    const QStringList plain = above + QStringList{"templates", "output"};
+    allowed["cli"] = plain + QStringList{"support/headless"};
+    allowed["product"] = allowed["cli"];
+    const QStringList windows =
+        plain + QStringList{"dialogs", "diagram/interaction", "diagram/view", "support/real"};
+    allowed["mainwindow"] = windows;
+    allowed["app"] = windows + QStringList{"mainwindow"};
+    return allowed;
+}
+
+QString FolderOf(const QString &path, const QMap<QString, QStringList> &allowed) {
+    QString best;
+    for (auto it = allowed.begin(); it != allowed.end(); ++it)
+        if (path.startsWith(it.key() + '/') && it.key().size() > best.size()) best = it.key();
+    return best;
+}
+
+QStringList Sources() {
+    QStringList paths;
+    const QMap<QString, QStringList> allowed = Allowed();
+    QSet<QString> tops;
+    for (auto it = allowed.begin(); it != allowed.end(); ++it) tops << it.key().section('/', 0, 0);
+    for (const QString &top : tops) {
+        QDirIterator walk(kRoot.filePath(top), {"*.h", "*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
+        while (walk.hasNext()) paths << kRoot.relativeFilePath(walk.next());
+    }
+    return paths;
+}
+
+QStringList IncludesOf(const QString &path) {
+    QFile file(kRoot.filePath(path));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    static const QRegularExpression include(QStringLiteral("^\\s*#\\s*include\\s*\"([^\"]+)\""),
+                                            QRegularExpression::MultilineOption);
+    QStringList includes;
+    auto matches = include.globalMatch(QString::fromUtf8(file.readAll()));
+    while (matches.hasNext()) includes << matches.next().captured(1);
+    return includes;
+}
+
+bool Reaches(const QString &from, const QString &to, const QMap<QString, QStringList> &graph, QSet<QString> &seen) {
+    for (const QString &next : graph.value(from)) {
+        if (next == to) return true;
+        if (seen.contains(next)) continue;
+        seen << next;
+        if (Reaches(next, to, graph, seen)) return true;
+    }
+    return false;
+}
+
+} // namespace
+
+TEST(Includes, PointOnlyAtFoldersBelow) {
+    const auto allowed = Allowed();
+    const QStringList sources = Sources();
+    ASSERT_GT(sources.size(), 50);
+    for (const QString &path : sources) {
+        const QString folder = FolderOf(path, allowed);
+        EXPECT_FALSE(folder.isEmpty()) << qPrintable(path) << " stands in no folder of the design";
+        for (const QString &include : IncludesOf(path)) {
+            if (!QFile::exists(kRoot.filePath(include))) continue; // generated, or a system header
+            const QString target = FolderOf(include, allowed);
+            EXPECT_TRUE(target == folder || allowed[folder].contains(target))
+                << qPrintable(path) << " must not include " << qPrintable(include);
+        }
+    }
+}
+
+TEST(Includes, MakeNoCircles) {
+    QMap<QString, QStringList> graph;
+    for (const QString &path : Sources()) graph[path] = IncludesOf(path);
+    for (auto it = graph.begin(); it != graph.end(); ++it) {
+        QSet<QString> seen;
+        EXPECT_FALSE(Reaches(it.key(), it.key(), graph, seen)) << qPrintable(it.key()) << " includes itself";
+    }
+}
+
+TEST(Files, DifferByMoreThanCase) {
+    QMap<QString, QString> names;
+    QDirIterator walk(kRoot.path(), QDir::Files, QDirIterator::Subdirectories);
+    while (walk.hasNext()) {
+        const QString path = kRoot.relativeFilePath(walk.next());
+        if (path.startsWith("build") || path.startsWith(".git/")) continue;
+        const QString lower = path.toLower();
+        EXPECT_FALSE(names.contains(lower)) << qPrintable(path) << " and " << qPrintable(names[lower]);
+        names[lower] = path;
+    }
+}

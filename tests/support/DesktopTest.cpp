@@ -1,0 +1,178 @@
+#include "support/Desktop.h"
+
+#include "support/Error.h"
+#include "support/FileFilter.h"
+#include "support/FormTable.h"
+#include "support/headless/HeadlessDesktop.h"
+#include "support/testing/ScriptedDesktop.h"
+
+#include <gtest/gtest-spi.h>
+#include <gtest/gtest.h>
+
+using namespace support;
+using support::testing::ScriptedDesktop;
+
+TEST(Desktop, MemoryFigure_IsInUseWithFreeResourcesAndFreeWithALoad) {
+    EXPECT_EQ(MemoryFigure({10, std::nullopt}), 90);
+    EXPECT_EQ(MemoryFigure({std::nullopt, 10}), 90);
+    EXPECT_EQ(MemoryFigure({100, std::nullopt}), 0);
+    EXPECT_EQ(MemoryFigure({std::nullopt, 85}), 15);
+}
+
+TEST(Desktop, CurrentDesktop_BeforeAnyIsAnError) {
+    try {
+        CurrentDesktop();
+        FAIL();
+    } catch (const Error &error) {
+        EXPECT_EQ(error.Number(), 91);
+    }
+}
+
+TEST(Desktop, AnErrorOfAnEvent_IsShownUnderTheEventsTitleWithTheFirstErrorsText) {
+    ScriptedDesktop desktop;
+    desktop.ExpectMessage("Type mismatch\r\r(Error #13)");
+    Report("frmMain", "AddFlow1_MouseMove",
+           [] { PassOn("GetTag", [] { throw Error(13, "GetTag", "Type mismatch"); }); });
+    EXPECT_EQ(desktop.Messages().back().title, "Error in frmMain: Sub AddFlow1_MouseMove");
+    EXPECT_EQ(desktop.Messages().back().icon, Icon::None);
+    EXPECT_EQ(desktop.Messages().back().buttons, Buttons::Ok);
+}
+
+TEST(ScriptedDesktop, GivesTheScriptedAnswersInOrder) {
+    ScriptedDesktop script;
+    Desktop &desktop = CurrentDesktop();
+    script.ExpectMessage("Save?", Answer::Yes);
+    script.ExpectMessageContaining("really", Answer::Cancel);
+    EXPECT_EQ(desktop.messageBoxes.Show("Save?", Buttons::YesNo, Icon::Question, "t"), Answer::Yes);
+    EXPECT_EQ(desktop.messageBoxes.Show("Do you really?", Buttons::OkCancel, Icon::None, ""), Answer::Cancel);
+    script.ExpectInput("Name", "Ann");
+    EXPECT_EQ(desktop.messageBoxes.InputBox("Name", "", ""), "Ann");
+    script.ExpectOpenFile("/a.map", 2);
+    script.ExpectSaveFile("");
+    int row = 1;
+    EXPECT_EQ(desktop.dialogs.ShowOpenFileDialog("A|*.a|B|*.b", "a", "/", 4, nullptr, row), "/a.map");
+    EXPECT_EQ(row, 2);
+    EXPECT_EQ(script.dialogs.shownFiles.back().flags, 4 + 524288);
+    EXPECT_EQ(desktop.dialogs.ShowSaveFileDialog("A|*.a", "a", "/", 4, nullptr, row), "");
+    EXPECT_EQ(row, 2);
+    EXPECT_EQ(script.dialogs.shownFiles.back().flags, 4);
+}
+
+TEST(ScriptedDesktop, ColoursFontsPrintersLaunchesAndForms) {
+    ScriptedDesktop script;
+    Desktop &desktop = CurrentDesktop();
+    script.ExpectColour(kNoColour);
+    EXPECT_EQ(desktop.dialogs.ShowColorDialog(nullptr, true, 0), -1);
+    EXPECT_EQ(script.dialogs.startColours.back(), 0);
+    script.ExpectColour(5);
+    EXPECT_EQ(desktop.dialogs.ShowColorDialog(nullptr, true, static_cast<Colour>(0x80000005)), 5);
+    EXPECT_EQ(script.dialogs.startColours.back(), kWhite);
+    FontChoice font{"Arial", 9, false, false, false, false};
+    Colour colour = 3;
+    script.ExpectFontCancelled();
+    desktop.dialogs.ShowFontDialog(nullptr, 0, font, colour);
+    EXPECT_EQ(font.name, "Arial");
+    EXPECT_EQ(colour, 3);
+    script.ExpectFont({"Times", 12, true, false, false, false}, 7);
+    desktop.dialogs.ShowFontDialog(nullptr, 0, font, colour);
+    EXPECT_EQ(font.name, "Times");
+    EXPECT_EQ(colour, 7);
+    script.ExpectPrinter(true);
+    EXPECT_TRUE(desktop.dialogs.ShowPrinter(nullptr));
+    script.ExpectLaunch("help.pdf", false);
+    EXPECT_FALSE(desktop.launcher.Launch("help.pdf"));
+    int argument = 0;
+    script.ExpectForm("frmRB", [](void *given) { return *static_cast<int *>(given) = 1, true; });
+    EXPECT_TRUE(desktop.dialogHost.ShowModal("frmRB", &argument, nullptr));
+    EXPECT_EQ(argument, 1);
+}
+
+TEST(ScriptedDesktop, AnUnexpectedQuestionFailsTheTestAndNamesTheText) {
+    EXPECT_NONFATAL_FAILURE(
+        {
+            ScriptedDesktop script;
+            script.messageBoxes.Show("Surprise", Buttons::YesNo, Icon::None, "");
+        },
+        "Surprise");
+    EXPECT_NONFATAL_FAILURE(
+        {
+            ScriptedDesktop script;
+            script.ExpectMessage("Expected");
+            script.messageBoxes.Show("Other", Buttons::Ok, Icon::None, "");
+        },
+        "Message \"Other\" where \"Expected\" was expected");
+    EXPECT_NONFATAL_FAILURE(
+        {
+            ScriptedDesktop script;
+            script.ExpectMessage("Never");
+        },
+        "Expected message \"Never\" never came");
+    EXPECT_NONFATAL_FAILURE(
+        {
+            ScriptedDesktop script;
+            script.launcher.Launch("x.exe");
+        },
+        "x.exe");
+    EXPECT_NONFATAL_FAILURE(
+        {
+            ScriptedDesktop script;
+            int row = 1;
+            script.dialogs.ShowOpenFileDialog("Maps|*.map", "", "", 0, nullptr, row);
+        },
+        "Maps|*.map");
+}
+
+TEST(FileFilter, ParseFileFilter_SplitsRowsAndPatterns) {
+    const auto rows = ParseFileFilter("Map Files|*.map|Pictures|*.jpg;*.bmp|All Files|*.*");
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_EQ(rows[1].title, "Pictures");
+    EXPECT_EQ(rows[1].patterns, (QStringList{"*.jpg", "*.bmp"}));
+    EXPECT_EQ(QtNameFilter(rows[0]), "Map Files (*.map)");
+    EXPECT_EQ(QtNameFilter(rows[1]), "Pictures (*.jpg *.bmp)");
+    EXPECT_EQ(QtNameFilter(rows[2]), "All Files (*)");
+    EXPECT_TRUE(ParseFileFilter("").empty());
+}
+
+TEST(FileFilter, ParseFileFilter_DoesNotRepairALastRowWithoutAPattern) {
+    const auto rows = ParseFileFilter("Map Files|*.map|All Files");
+    ASSERT_EQ(rows.size(), 2u);
+    EXPECT_EQ(rows[1].title, "All Files");
+    EXPECT_TRUE(rows[1].patterns.isEmpty());
+}
+
+TEST(FileFilter, DefaultSuffix_TakesEverySpelling) {
+    for (const char *text : {"map", ".map", "*.map"}) EXPECT_EQ(DefaultSuffix(text), "map");
+    EXPECT_EQ(DefaultSuffix(""), "");
+}
+
+TEST(FormTable, ShowModal_CallsTheFormAndRaisesForAnUnknownOne) {
+    FormTable forms;
+    forms.Add("frmRB", [](void *argument, Owner) { return argument != nullptr; });
+    int argument = 0;
+    EXPECT_TRUE(forms.ShowModal("frmRB", &argument, nullptr));
+    EXPECT_FALSE(forms.ShowModal("frmRB", nullptr, nullptr));
+    EXPECT_THROW(forms.ShowModal("frmNone", nullptr, nullptr), Error);
+}
+
+TEST(HeadlessDesktop, AnswersAsIfEveryBoxWasClosed) {
+    HeadlessDesktop headless;
+    Desktop &desktop = CurrentDesktop();
+    ::testing::internal::CaptureStderr();
+    EXPECT_EQ(desktop.messageBoxes.Show("a\rb", Buttons::YesNo, Icon::None, "T"), Answer::No);
+    EXPECT_EQ(desktop.messageBoxes.Show("c", Buttons::YesNoCancel, Icon::None, ""), Answer::Cancel);
+    EXPECT_EQ(desktop.messageBoxes.Show("d", Buttons::Ok, Icon::None, ""), Answer::Ok);
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "T: a b\nc\nd\n");
+    EXPECT_EQ(desktop.dialogs.ShowColorDialog(nullptr, true, 4), kNoColour);
+    EXPECT_FALSE(desktop.launcher.Launch("x"));
+    EXPECT_FALSE(desktop.identity.UserName().isEmpty());
+}
+
+TEST(SystemMemoryProbe, TellsOneFigureInRange) {
+    const MemoryReading reading = SystemMemoryProbe().Read();
+    EXPECT_NE(reading.freeResourcesPercent.has_value(), reading.memoryLoadPercent.has_value());
+    EXPECT_GE(MemoryFigure(reading), 0);
+    EXPECT_LE(MemoryFigure(reading), 100);
+#if defined(Q_OS_LINUX) || defined(Q_OS_MACOS)
+    EXPECT_TRUE(reading.freeResourcesPercent.has_value());
+#endif
+}

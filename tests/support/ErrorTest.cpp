@@ -1,0 +1,37 @@
+#include "support/Error.h"
+
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+using namespace support;
+
+TEST(Error, PassOn_KeepsNumberAndDescriptionAndListsTheRoutinesInTheSource) {
+    try {
+        PassOn("Outer", [] { PassOn("Inner", [] { throw Error(3024, "Engine", "Lost"); }); });
+        FAIL();
+    } catch (const Error &error) {
+        EXPECT_EQ(error.Number(), 3024);
+        EXPECT_EQ(error.Description(), "Lost");
+        EXPECT_EQ(error.Source(), "Engine\r\nInner\r\nOuter");
+    }
+}
+
+namespace {
+QString shownTitle, shownText;
+} // namespace
+
+TEST(Error, Report_ShowsTitleAndTextAndEndsNormally) {
+    SetReporter([](const QString &title, const QString &text) { shownTitle = title, shownText = text; });
+    Report("frmMain", "cmdOK_Click", [] { PassOn("GetTag", [] { throw Error(13, "x", "Type mismatch"); }); });
+    SetReporter(nullptr);
+    EXPECT_EQ(shownTitle, "Error in frmMain: Sub cmdOK_Click");
+    EXPECT_EQ(shownText, "Type mismatch\r\r(Error #13)");
+}
+
+TEST(Error, CurrentError_TranslatesForeignExceptions) {
+    try {
+        throw std::runtime_error("foreign");
+    } catch (...) {
+        EXPECT_EQ(CurrentError("here").Description(), "foreign");
+    }
+}

@@ -1,0 +1,211 @@
+#include "support/real/RealDesktop.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <QApplication>
+#include <QColorDialog>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+using namespace support;
+
+namespace {
+
+// Runs `action` on the modal dialog of a class as soon as it is up.
+template <typename Dialog>
+void OnceShown(std::function<void(Dialog &)> action) {
+    auto *timer = new QTimer(qApp);
+    timer->setInterval(1);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, action] {
+        auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
+        if (!dialog) return;
+        timer->deleteLater();
+        timer->stop();
+        action(*dialog);
+    });
+    timer->start();
+}
+
+class RealBoxes : public ::testing::Test {
+protected:
+    RealDesktop real_{std::make_unique<MemoryRegistryStore>()};
+    Desktop &desktop_ = real_.Get();
+};
+
+} // namespace
+
+TEST_F(RealBoxes, Show_GivesTheButtonOfTheKeyPressed) {
+    struct {
+        Buttons buttons;
+        Qt::Key key;
+        Answer answer;
+    } constexpr kRows[] = {
+        {Buttons::YesNoCancel, Qt::Key_Y, Answer::Yes},
+        {Buttons::YesNoCancel, Qt::Key_N, Answer::No},
+        {Buttons::YesNoCancel, Qt::Key_Escape, Answer::Cancel},
+        {Buttons::YesNo, Qt::Key_Escape, Answer::No},
+        {Buttons::YesNo, Qt::Key_Return, Answer::Yes},
+        {Buttons::Ok, Qt::Key_Escape, Answer::Ok},
+        {Buttons::OkCancel, Qt::Key_Escape, Answer::Cancel},
+        {Buttons::OkCancel, Qt::Key_Return, Answer::Ok},
+    };
+    for (const auto &row : kRows) {
+        OnceShown<QMessageBox>([&](QMessageBox &box) { QTest::keyClick(&box, row.key); });
+        EXPECT_EQ(desktop_.messageBoxes.Show("Text", row.buttons, Icon::Question, "Title"), row.answer)
+            << static_cast<int>(row.buttons) << " " << row.key;
+    }
+}
+
+TEST_F(RealBoxes, Show_BreaksLinesAtCarriageReturnsAndShowsPlainText) {
+    QString text;
+    Qt::TextFormat format = Qt::AutoText;
+    QString title;
+    OnceShown<QMessageBox>([&](QMessageBox &box) {
+        text = box.text();
+        format = box.textFormat();
+        title = box.windowTitle();
+        box.accept();
+    });
+    desktop_.messageBoxes.Show("<b>a</b>\r\rb\r\nc\nd", Buttons::Ok, Icon::None, "Error in frmMain: Sub X");
+    EXPECT_EQ(text, "<b>a</b>\n\nb\nc\nd");
+    EXPECT_EQ(format, Qt::PlainText);
+    EXPECT_EQ(title, "Error in frmMain: Sub X");
+}
+
+TEST_F(RealBoxes, Show_WithoutATitleTakesTheApplicationsName) {
+    QCoreApplication::setApplicationName("Edition");
+    QString title;
+    OnceShown<QMessageBox>([&](QMessageBox &box) {
+        title = box.windowTitle();
+        box.accept();
+    });
+    desktop_.messageBoxes.Show("x", Buttons::Ok, Icon::Information, QString());
+    EXPECT_EQ(title, "Edition");
+}
+
+TEST_F(RealBoxes, ShowOpenFileDialog_GivesThePathAndTheRowChosen) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("a.csv"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    QStringList filters;
+    OnceShown<QFileDialog>([&](QFileDialog &dialog) {
+        filters = dialog.nameFilters();
+        EXPECT_EQ(SelectedFilterRow(dialog), 2);
+        dialog.selectNameFilter(filters[2]);
+        dialog.selectFile(folder.filePath("a.csv"));
+        static_cast<QDialog &>(dialog).done(QDialog::Accepted);
+    });
+    int row = 2;
+    const QString path =
+        desktop_.dialogs.ShowOpenFileDialog("Maps|*.map|Text|*.txt|CSV|*.csv;*.tsv", "map", folder.path(),
+                                            fileflags::kFileMustExist, nullptr, row);
+    EXPECT_EQ(path, folder.filePath("a.csv"));
+    EXPECT_EQ(row, 3);
+    EXPECT_EQ(filters, (QStringList{"Maps (*.map)", "Text (*.txt)", "CSV (*.csv *.tsv)"}));
+}
+
+TEST_F(RealBoxes, AFileDialogThatIsCancelled_GivesTheEmptyTextAndKeepsTheRow) {
+    OnceShown<QFileDialog>([](QFileDialog &dialog) {
+        dialog.selectNameFilter(dialog.nameFilters().last());
+        dialog.reject();
+    });
+    int row = 1;
+    EXPECT_EQ(
+        desktop_.dialogs.ShowSaveFileDialog("Maps|*.map|All Files|*.*", "map", QString(), 0, nullptr, row),
+        "");
+    EXPECT_EQ(row, 1);
+}
+
+TEST_F(RealBoxes, SetUpFileDialog_MapsTheFlags) {
+    QFileDialog dialog;
+    SetUpFileDialog(dialog,
+                    {true, "Maps|*.map|All Files|*.*", "*.map", QString(), fileflags::kOverwritePrompt, 2});
+    EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
+    EXPECT_EQ(dialog.defaultSuffix(), "map");
+    EXPECT_FALSE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
+    EXPECT_EQ(SelectedFilterRow(dialog), 2);
+    SetUpFileDialog(dialog, {false, "Maps|*.map", "", QString(), fileflags::kFileMustExist, 1});
+    EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
+    EXPECT_TRUE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
+    SetUpFileDialog(dialog, {false, "Maps|*.map", "", QString(), 0, 1});
+    EXPECT_EQ(dialog.fileMode(), QFileDialog::AnyFile);
+}
+
+TEST_F(RealBoxes, ShowColorDialog_GivesTheStartColourOnOkAndMinusOneOnCancel) {
+    OnceShown<QDialog>([](QDialog &dialog) { dialog.accept(); });
+    EXPECT_EQ(desktop_.dialogs.ShowColorDialog(nullptr, true, Rgb(10, 20, 30)), Rgb(10, 20, 30));
+    OnceShown<QDialog>([](QDialog &dialog) { dialog.accept(); });
+    EXPECT_EQ(desktop_.dialogs.ShowColorDialog(nullptr, false, static_cast<Colour>(0x80000005)), kWhite);
+    OnceShown<QDialog>([](QDialog &dialog) { dialog.accept(); });
+    EXPECT_EQ(desktop_.dialogs.ShowColorDialog(nullptr, false, 0), kBlack);
+    OnceShown<QDialog>([](QDialog &dialog) { dialog.reject(); });
+    EXPECT_EQ(desktop_.dialogs.ShowColorDialog(nullptr, true, 0), -1);
+}
+
+TEST_F(RealBoxes, ShowFontDialog_TakesTheChoiceOnOkAndKeepsBothOnCancel) {
+    const FontChoice start{QApplication::font().family(), 12, true, false, true, true};
+    FontChoice font = start;
+    Colour colour = 7;
+    OnceShown<QDialog>([](QDialog &dialog) { dialog.reject(); });
+    desktop_.dialogs.ShowFontDialog(nullptr, 0, font, colour);
+    EXPECT_EQ(font.size, 12);
+    EXPECT_EQ(colour, 7);
+    OnceShown<QDialog>([](QDialog &dialog) { dialog.accept(); });
+    desktop_.dialogs.ShowFontDialog(nullptr, 0, font, colour);
+    EXPECT_TRUE(font.underline);
+    EXPECT_TRUE(font.strike);
+    EXPECT_EQ(font.size, 12);
+    EXPECT_EQ(colour, 7);
+}
+
+TEST_F(RealBoxes, ShowFontDialog_HasAButtonForTheColour) {
+    FontChoice font{QApplication::font().family(), 12, false, false, false, false};
+    Colour colour = 7;
+    OnceShown<QDialog>([](QDialog &dialog) {
+        QPushButton *button = nullptr;
+        for (QPushButton *candidate : dialog.findChildren<QPushButton *>())
+            if (candidate->text() == "&Color...") button = candidate;
+        ASSERT_NE(button, nullptr);
+        OnceShown<QColorDialog>([](QColorDialog &colours) {
+            EXPECT_EQ(colours.currentColor(), ToQColor(7));
+            colours.setCurrentColor(Qt::blue);
+            colours.accept();
+        });
+        button->click();
+        dialog.accept();
+    });
+    desktop_.dialogs.ShowFontDialog(nullptr, 0, font, colour);
+    EXPECT_EQ(colour, Rgb(0, 0, 255));
+}
+
+TEST_F(RealBoxes, Launch_OfAFileThatIsNotThereFails) {
+    EXPECT_FALSE(desktop_.launcher.Launch(""));
+    EXPECT_FALSE(desktop_.launcher.Launch("/none/of/this.pdf"));
+}
+
+TEST_F(RealBoxes, Printers_RememberTheCurrentOne) {
+    desktop_.printers.SetCurrent("Office");
+    EXPECT_EQ(desktop_.printers.Current(), "Office");
+}
+
+TEST_F(RealBoxes, Clock_WaitsWhileEventsRun) {
+    bool ran = false;
+    QTimer::singleShot(0, [&] { ran = true; });
+    desktop_.clock.Wait(20);
+    EXPECT_TRUE(ran);
+    EXPECT_GE(desktop_.clock.Timer(), 0);
+    EXPECT_LT(desktop_.clock.Timer(), 86400);
+}
+
+int main(int argc, char **argv) {
+    QApplication application(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
