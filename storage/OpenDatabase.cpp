@@ -1,0 +1,87 @@
+#include "storage/DatabaseState.h"
+#include "storage/EngineError.h"
+#include "storage/FileForm.h"
+#include "storage/JetImport.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace storage {
+
+namespace {
+
+QString FullPath(const QString &path) {
+    return QDir::toNativeSeparators(QFileInfo(QDir::fromNativeSeparators(path)).absoluteFilePath());
+}
+
+// A file that only looks like a database shows it when its definition is read.
+void ReadDefinition(Connection &connection) {
+    try {
+        connection.Run(QStringLiteral("SELECT COUNT(*) FROM sqlite_master"));
+    } catch (const support::Error &error) {
+        if (error.Number() == kErrSyntax) // the statement is right: the library does not know the file's form
+            throw UnrecognizedFormat(connection.Name());
+        throw;
+    }
+}
+
+std::shared_ptr<Connection> OpenNative(const QString &path) {
+    CheckNativeSize(path);
+    auto connection = std::make_shared<Connection>(path, SQLite::OPEN_READWRITE, path);
+    ReadDefinition(*connection);
+    return connection;
+}
+
+std::unique_ptr<Database::State> MakeState(std::shared_ptr<Connection> connection, const QString &name,
+                                           bool isNative) {
+    auto state = std::make_unique<Database::State>();
+    state->connection = std::move(connection);
+    state->name = name;
+    state->isNative = isNative;
+    return state;
+}
+
+} // namespace
+
+Database OpenDatabase(const QString &path) {
+    const QString name = FullPath(path);
+    if (path.isEmpty()) throw FileNotFound(path);
+    switch (RecogniseFile(name)) {
+    case FileForm::Native:
+        return Database(MakeState(OpenNative(name), name, true));
+    case FileForm::Jet:
+        return Database(MakeState(ImportJet(name), name, false));
+    default:
+        throw UnrecognizedFormat(name);
+    }
+}
+
+Database CreateDatabase(const QString &path) {
+    constexpr int kFileMark = 0x566C6D72; // "Vlmr", what tools for files show as the kind of the database
+    const QString name = FullPath(path);
+    const QFileInfo info(name);
+    if (info.exists()) throw DatabaseExists();
+    if (path.isEmpty() || !info.absoluteDir().exists())
+        throw EngineError(
+            kErrInvalidPath,
+            QStringLiteral("'%1' is not a valid path.  Make sure that the path name is spelled correctly "
+                           "and that you are connected to the server on which the file resides.")
+                .arg(path.isEmpty() ? path : name));
+    auto connection = std::make_shared<Connection>(name, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, name);
+    connection->Run(QStringLiteral("PRAGMA application_id=%1").arg(kFileMark));
+    return Database(MakeState(std::move(connection), name, true));
+}
+
+Database OpenForBuilding(const QString &path) {
+    const QString name = FullPath(path);
+    if (RecogniseFile(name) != FileForm::Native) throw UnrecognizedFormat(name);
+    auto connection = OpenNative(name);
+    sqlite3_db_config(connection->Handle(), SQLITE_DBCONFIG_DEFENSIVE, 0,
+                      nullptr); // it would keep the journal on
+    connection->Run(
+        QStringLiteral("PRAGMA locking_mode=EXCLUSIVE; PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; "
+                       "PRAGMA secure_delete=OFF; PRAGMA cache_size=-65536"));
+    return Database(MakeState(std::move(connection), name, true));
+}
+
+} // namespace storage

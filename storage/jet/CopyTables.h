@@ -1,0 +1,12 @@
+// Writes the tables of a Jet file into a new database of the program's own form.
+#pragma once
+
+#include "storage/jet/JetFile.h"
+
+namespace storage::jet {
+
+// `target` is a path without a file, or an empty file. What stands there after an error is of no use. Errors
+// are those of JetFile, and SQLite::Exception.
+void CopyTables(JetFile &file, const QString &target);
+
+} // namespace storage::jet

@@ -1,0 +1,11 @@
+// How the reader of Jet files tells its result to the program that started it.
+#pragma once
+
+namespace storage::jet {
+
+constexpr int kExitDone = 0;          // everything was read; the copy is complete
+constexpr int kExitNotRecognised = 2; // no file that the reader knows
+constexpr int kExitDamaged = 3;       // something is missing or cannot be
+constexpr int kExitNoSpace = 4;       // the copy could not be written
+
+} // namespace storage::jet

@@ -1,0 +1,130 @@
+#include "storage/jet/JetFile.h"
+
+#include "storage/jet/Failure.h"
+#include "storage/jet/Page.h"
+#include "storage/jet/Values.h"
+
+#include <QFile>
+#include <QtEndian>
+#include <set>
+
+namespace storage::jet {
+
+namespace {
+
+constexpr std::uint32_t kCatalogPage = 2;
+
+MdbHandle *OpenHandle(const QString &path) {
+    MdbHandle *handle = mdb_open(QFile::encodeName(path).constData(), MDB_NOFLAGS);
+    if (!handle) throw NotRecognised("no Jet file");
+    return handle;
+}
+
+int ColumnOf(const JetTable &table, const char *name, int type) {
+    const int column = table.Find(name);
+    if (column < 0 || table.Columns()[column]->col_type != type)
+        throw Damaged("the catalog has no usable columns");
+    return column;
+}
+
+const QByteArray &Cell(const RawRow &row, int column) {
+    if (!row[column]) throw Damaged("the catalog has an empty cell");
+    return *row[column];
+}
+
+bool IsUserTable(std::int64_t type, std::int64_t flags, const QString &name) {
+    constexpr std::int64_t kSystemFlags = 0x80000002;
+    constexpr std::int64_t kTypeMask = 0x7F;
+    return (type & kTypeMask) == MDB_TABLE && (flags & kSystemFlags) == 0 &&
+           !name.startsWith(QLatin1Char('~')) && !name.startsWith(QLatin1String("MSys"), Qt::CaseInsensitive);
+}
+
+} // namespace
+
+JetFile::JetFile(const QString &path) : handle_(OpenHandle(path)) {
+    const int version = static_cast<int>(handle_->f->jet_version);
+    if (version != MDB_VER_JET3 && version != MDB_VER_JET4)
+        throw NotRecognised("a Jet file of another version");
+    const qint64 size = QFile(path).size();
+    if (size == 0 || size % handle_->fmt->pg_size != 0)
+        throw Damaged("the file ends in the middle of a page");
+    longBytesLeft_ = size;
+}
+
+bool JetFile::IsJet3() const { return handle_->f->jet_version == MDB_VER_JET3; }
+
+std::vector<JetTable> JetFile::UserTables() {
+    JetTable catalog(*this, QStringLiteral("MSysObjects"), kCatalogPage);
+    const int id = ColumnOf(catalog, "Id", MDB_LONGINT);
+    const int name = ColumnOf(catalog, "Name", MDB_TEXT);
+    const int type = ColumnOf(catalog, "Type", MDB_INT);
+    const int flags = ColumnOf(catalog, "Flags", MDB_LONGINT);
+    std::vector<std::pair<QString, std::uint32_t>> found;
+    catalog.ForEachRow([&](const RawRow &row) {
+        constexpr std::int64_t kPageMask = 0x00FFFFFF;
+        const QString text = Text(Cell(row, name));
+        if (IsUserTable(DecodeWhole(Cell(row, type)), row[flags] ? DecodeWhole(*row[flags]) : 0, text))
+            found.emplace_back(text, static_cast<std::uint32_t>(DecodeWhole(Cell(row, id)) & kPageMask));
+    });
+    std::vector<JetTable> tables;
+    for (const auto &[text, page] : found) tables.emplace_back(*this, text, page);
+    return tables;
+}
+
+QString JetFile::Text(const QByteArray &bytes) const {
+    constexpr int kWestern = 1252;
+    if (!IsJet3()) return DecodeUnicode(bytes);
+    const int page = handle_->f->code_page;
+    if (page == kWestern || page == 0) return Decode1252(bytes);
+    constexpr int kMostBytesACharacter = 4;
+    QByteArray utf8(bytes.size() * kMostBytesACharacter + 1, '\0');
+    const int size =
+        mdb_unicode2ascii(handle_.get(), bytes.constData(), bytes.size(), utf8.data(), utf8.size());
+    return QString::fromUtf8(utf8.constData(), size);
+}
+
+QByteArray JetFile::LongPiece(std::uint32_t pointer) {
+    const OtherPage page(handle_.get(), pointer);
+    const auto *bytes = reinterpret_cast<const char *>(handle_->pg_buf);
+    if (bytes[0] != MDB_PAGE_DATA || qstrncmp(bytes + 4, "LVAL", 4) != 0)
+        throw Damaged("a long value is not where it should be");
+    const Place place = page.Row();
+    CheckPlace(handle_.get(), place);
+    return QByteArray(bytes + place.start, place.size);
+}
+
+// Each piece begins with the pointer to the next one.
+QByteArray JetFile::LongChain(std::uint32_t pointer, qint64 length) {
+    constexpr int kPointer = 4;
+    QByteArray value;
+    std::set<std::uint32_t> seen;
+    while (value.size() < length) {
+        if (!seen.insert(pointer).second) throw Damaged("a long value runs in a circle");
+        const QByteArray piece = LongPiece(pointer);
+        if (piece.size() <= kPointer) throw Damaged("a long value is cut off");
+        value += piece.mid(kPointer, length - value.size());
+        pointer = qFromLittleEndian<quint32>(piece.constData());
+    }
+    return value;
+}
+
+QByteArray JetFile::LongValue(const QByteArray &inRow) {
+    constexpr quint32 kInRow = 0x80000000;
+    constexpr quint32 kOnePiece = 0x40000000;
+    constexpr int kHead = 12;
+    constexpr int kPointerAt = 4;
+    if (inRow.isEmpty()) return {};
+    if (inRow.size() < kHead) throw Damaged("a long value is cut off");
+    const quint32 form = qFromLittleEndian<quint32>(inRow.constData());
+    const quint32 pointer = qFromLittleEndian<quint32>(inRow.constData() + kPointerAt);
+    const qint64 length = form & ~(kInRow | kOnePiece);
+    longBytesLeft_ -= length;
+    if (longBytesLeft_ < 0) throw Damaged("the long values are longer than the file");
+    const QByteArray value = form & kInRow      ? inRow.mid(kHead, length)
+                             : form & kOnePiece ? LongPiece(pointer).left(length)
+                                                : LongChain(pointer, length);
+    if (value.size() != length) throw Damaged("a long value is cut off");
+    return value;
+}
+
+} // namespace storage::jet

@@ -1,0 +1,48 @@
+// velmora-jetread SOURCE TARGET: reads the Jet file SOURCE and writes its tables into the new database
+// TARGET. The exit code tells the result; a program of its own, because the library may crash or hang on a
+// damaged file.
+#include "storage/jet/CopyTables.h"
+#include "storage/jet/ExitCodes.h"
+#include "storage/jet/Failure.h"
+#include "support/ProcessLimits.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <QFile>
+#include <sqlite3.h>
+#include <SQLiteCpp/Exception.h>
+
+namespace {
+
+using namespace storage::jet;
+
+int Fail(int code, const char *what) {
+    std::fprintf(stderr, "velmora-jetread: %s\n", what);
+    return code;
+}
+
+int Read(const QString &source, const QString &target) {
+    try {
+        JetFile file(source);
+        CopyTables(file, target);
+        return kExitDone;
+    } catch (const NotRecognised &error) {
+        return Fail(kExitNotRecognised, error.what());
+    } catch (const SQLite::Exception &error) {
+        const int code = error.getErrorCode();
+        return Fail(code == SQLITE_FULL || code == SQLITE_IOERR ? kExitNoSpace : kExitDamaged, error.what());
+    } catch (const std::exception &error) {
+        return Fail(kExitDamaged, error.what());
+    }
+}
+
+} // namespace
+
+int main(int count, char **arguments) {
+    constexpr qint64 kMemory = qint64(1) << 30;
+    constexpr int kSeconds = 30;
+    if (count != 3) return Fail(1, "two paths are needed");
+    support::LimitProcess(kMemory, kSeconds);
+    for (const char *name : {"MDBICONV", "MDBOPTS", "MDBPATH", "MDB_JET3_CHARSET"}) qunsetenv(name);
+    return Read(QFile::decodeName(arguments[1]), QFile::decodeName(arguments[2]));
+}
