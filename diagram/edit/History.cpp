@@ -1,0 +1,158 @@
+#include "diagram/edit/History.h"
+
+#include "diagram/edit/Step.h"
+#include "support/Error.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+
+namespace diagram {
+
+namespace {
+
+// An item as it was when the open group first touched it; empty for one that the group added.
+template <typename Data>
+using Touched = std::map<ItemId, std::optional<Data>>;
+
+// `current` is null for an item that isn't there any more.
+template <typename Data>
+void Reduce(ItemId id, std::optional<Data> &before, const Data *current, std::vector<Presence<Data>> &present,
+            std::vector<ItemChange<Data>> &changed) {
+    if (before && current) {
+        auto changes = ChangesBetween(*before, *current);
+        if (!changes.empty()) changed.push_back({id, std::move(changes)});
+    } else if (before) {
+        present.push_back({id, false, std::move(*before)});
+    } else if (current) {
+        present.push_back({id, true, *current});
+    }
+}
+
+class History : public ChangeLog {
+public:
+    explicit History(Surface &surface) : surface_(surface) {}
+
+    void Begin(std::int16_t) override { ++depth_; }
+
+    void End() override {
+        if (depth_ == 0 || --depth_ > 0) return;
+        Step step = TakeStep();
+        if (step.IsEmpty()) return;
+        steps_.resize(done_);
+        steps_.push_back(std::move(step));
+        done_ = steps_.size();
+    }
+
+    void Cancel() override {
+        if (depth_ == 0) return;
+        depth_ = 0;
+        TakeStep().Apply(surface_, false);
+    }
+
+    int Depth() const override { return depth_; }
+    bool CanUndo() const override { return depth_ == 0 && done_ > 0; }
+    bool CanRedo() const override { return depth_ == 0 && done_ < steps_.size(); }
+
+    void Undo() override {
+        RequireClosed();
+        if (CanUndo()) steps_[--done_].Apply(surface_, false);
+    }
+
+    void Redo() override {
+        RequireClosed();
+        if (CanRedo()) steps_[done_++].Apply(surface_, true);
+    }
+
+    void Forget() override {
+        steps_.clear();
+        done_ = 0;
+        nodes_.clear();
+        links_.clear();
+        data_.reset();
+    }
+
+    void WillChange(const Node &node) override { Touch(nodes_, node.Id(), node.Data()); }
+    void WillChange(const Link &link) override { Touch(links_, link.Id(), link.Data()); }
+    void WillChangeSurface(const SurfaceData &data) override {
+        if (depth_ > 0 && !data_) data_ = data;
+    }
+    void Added(const Item &item) override {
+        if (depth_ == 0) return;
+        if (item.AsNode()) {
+            nodes_.try_emplace(item.Id());
+        } else {
+            links_.try_emplace(item.Id());
+        }
+    }
+    void WillRemove(const Item &item) override {
+        if (const Node *node = item.AsNode()) WillChange(*node);
+        if (const Link *link = item.AsLink()) WillChange(*link);
+    }
+
+private:
+    template <typename Data>
+    void Touch(Touched<Data> &touched, ItemId id, const Data &data) {
+        if (depth_ == 0) return;
+        const auto [at, isNew] = touched.try_emplace(id);
+        if (isNew) at->second = data;
+    }
+
+    void RequireClosed() const {
+        if (depth_ == 0) return;
+        throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("History"),
+                             QStringLiteral("Invalid procedure call or argument"));
+    }
+
+    Step TakeStep() {
+        Step step;
+        for (auto &[id, before] : nodes_) {
+            const Node *node = surface_.FindNode(id);
+            Reduce(id, before, node ? &node->Data() : nullptr, step.nodesPresent, step.nodes);
+        }
+        for (auto &[id, before] : links_) {
+            const Link *link = surface_.FindLink(id);
+            if (link) link->OwnBends(), link->Way(); // brings its values up to date
+            Reduce(id, before, link ? &link->Data() : nullptr, step.linksPresent, step.links);
+        }
+        for (auto &entry : step.links) KeepWay(entry);
+        if (data_) step.surface = ChangesBetween(*data_, surface_.Data());
+        nodes_.clear();
+        links_.clear();
+        data_.reset();
+        return step;
+    }
+
+    // When one of its nodes moves with the step, a link would be routed anew: it must be told its way even if
+    // that is the same before and after.
+    void KeepWay(ItemChange<LinkData> &entry) const {
+        const LinkData &data = surface_.FindLink(entry.id)->Data();
+        if (!nodes_.contains(data.source) && !nodes_.contains(data.destination)) return;
+        const auto isWay = [](const PropertyChange &change) {
+            return std::holds_alternative<std::vector<Point>>(change.before);
+        };
+        if (std::ranges::any_of(entry.changes, isWay)) return;
+        const auto rows = LinkProperties();
+        const auto row = std::ranges::find_if(rows, [&data](const auto &each) {
+            return std::holds_alternative<std::vector<Point>>(each.get(data));
+        });
+        entry.changes.push_back({std::size_t(row - rows.begin()), data.points, data.points});
+    }
+
+    Surface &surface_;
+    std::vector<Step> steps_;
+    std::size_t done_ = 0; // steps that are done; those behind can be repeated
+    int depth_ = 0;
+    Touched<NodeData> nodes_;
+    Touched<LinkData> links_;
+    std::optional<SurfaceData> data_;
+};
+
+} // namespace
+
+void AttachHistory(Surface &surface) { surface.SetLog(std::make_unique<History>(surface)); }
+
+ActionGroup::ActionGroup(Surface &surface) : surface_(surface) { surface_.BeginAction(0); }
+ActionGroup::~ActionGroup() { surface_.EndAction(); }
+
+} // namespace diagram

@@ -1,0 +1,119 @@
+#include "diagram/edit/Step.h"
+
+#include <algorithm>
+
+namespace diagram {
+
+namespace {
+
+// `current` with the changes made, as far as it still has the values that they start from.
+template <typename Data>
+Data Changed(const Data &current, const std::vector<PropertyChange> &changes, bool forward) {
+    Data expected = current, result = current;
+    const auto rows = PropertiesOf(current);
+    for (const PropertyChange &change : changes) {
+        const auto &row = rows[change.row];
+        row.set(expected, forward ? change.before : change.after);
+        if (row.same(expected, current)) row.set(result, forward ? change.after : change.before);
+    }
+    return result;
+}
+
+// Whether the changes set the points, because the link still has those that they start from.
+bool SetsPoints(const Link &link, const std::vector<PropertyChange> &changes, bool forward) {
+    const auto sets = [&](const PropertyChange &change) {
+        const auto *points = std::get_if<std::vector<Point>>(forward ? &change.before : &change.after);
+        return points && *points == link.Data().points;
+    };
+    return std::ranges::any_of(changes, sets);
+}
+
+void ChangeLink(Surface &target, Link &link, const std::vector<PropertyChange> &changes, bool forward) {
+    LinkData data = Changed(link.Data(), changes, forward);
+    if (!SetsPoints(link, changes, forward)) data.points = link.Way();
+    if (!target.FindNode(data.source)) data.source = link.Source().Id();
+    if (!target.FindNode(data.destination)) data.destination = link.Destination().Id();
+    target.Overwrite(link, std::move(data));
+}
+
+} // namespace
+
+bool Step::IsEmpty() const {
+    return nodesPresent.empty() && linksPresent.empty() && nodes.empty() && links.empty() && surface.empty();
+}
+
+// Nodes come before the links that end at them, and go when no link that stays ends at them any more. The
+// ways of links are set when the nodes are in place. Keys come last, when those of nodes that go are free.
+void Step::Apply(Surface &target, bool forward) {
+    target.Recalculate();
+    KeepValues(target, forward);
+    std::vector<KeyToSet> keys;
+    ApplyToNodes(target, forward, keys);
+    ApplyToLinks(target, forward);
+    if (!surface.empty()) target.Overwrite(Changed(target.Data(), surface, forward));
+    TakeAway(target, forward);
+    for (KeyToSet &entry : keys) {
+        Node *node = target.FindNode(entry.id);
+        if (!node) continue;
+        NodeData data = node->Data();
+        data.key = std::move(entry.key);
+        target.Overwrite(*node, std::move(data));
+    }
+}
+
+void Step::ApplyToNodes(Surface &target, bool forward, std::vector<KeyToSet> &keys) const {
+    for (const auto &entry : nodesPresent) {
+        if (entry.added != forward || target.FindNode(entry.id)) continue;
+        NodeData data = entry.data;
+        if (!data.key.isEmpty()) keys.push_back({entry.id, std::exchange(data.key, {})});
+        target.Restore(entry.id, std::move(data));
+    }
+    for (const auto &entry : nodes) {
+        Node *node = target.FindNode(entry.id);
+        if (!node) continue;
+        NodeData data = Changed(node->Data(), entry.changes, forward);
+        if (data.key != node->Key()) keys.push_back({entry.id, std::exchange(data.key, {})});
+        target.Overwrite(*node, std::move(data));
+    }
+}
+
+void Step::ApplyToLinks(Surface &target, bool forward) const {
+    for (const auto &entry : linksPresent) {
+        const bool canStand = target.FindNode(entry.data.source) && target.FindNode(entry.data.destination);
+        if (entry.added == forward && canStand && !target.FindLink(entry.id))
+            target.Restore(entry.id, entry.data);
+    }
+    for (const auto &entry : links) {
+        if (Link *link = target.FindLink(entry.id)) ChangeLink(target, *link, entry.changes, forward);
+    }
+}
+
+// Of the items that will be taken away: before anything else moves, and so routes, their links.
+void Step::KeepValues(const Surface &target, bool forward) {
+    for (auto &entry : nodesPresent) {
+        const Node *node = entry.added != forward ? target.FindNode(entry.id) : nullptr;
+        if (node) entry.data = node->Data();
+    }
+    for (auto &entry : linksPresent) {
+        const Link *link = entry.added != forward ? target.FindLink(entry.id) : nullptr;
+        if (!link) continue;
+        link->OwnBends(); // brings its values up to date
+        entry.data = link->Data();
+    }
+}
+
+void Step::TakeAway(Surface &target, bool forward) const {
+    std::vector<Node *> goneNodes;
+    std::vector<Link *> goneLinks;
+    for (const auto &entry : nodesPresent) {
+        Node *node = entry.added != forward ? target.FindNode(entry.id) : nullptr;
+        if (node) goneNodes.push_back(node);
+    }
+    for (const auto &entry : linksPresent) {
+        Link *link = entry.added != forward ? target.FindLink(entry.id) : nullptr;
+        if (link) goneLinks.push_back(link);
+    }
+    target.Remove(goneNodes, goneLinks);
+}
+
+} // namespace diagram

@@ -1,0 +1,51 @@
+#include "diagram/geometry/Polyline.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace diagram {
+
+double Distance(const QPointF &a, const QPointF &b) { return std::hypot(b.x() - a.x(), b.y() - a.y()); }
+
+double WayLength(std::span<const QPointF> way) {
+    double length = 0;
+    for (std::size_t i = 1; i < way.size(); ++i) length += Distance(way[i - 1], way[i]);
+    return length;
+}
+
+WayPlace PlaceOnWay(std::span<const QPointF> way, double distance) {
+    WayPlace place{way.front(), {1, 0}, 0};
+    double left = std::max(distance, 0.0);
+    for (std::size_t i = 1; i < way.size(); ++i) {
+        const double length = Distance(way[i - 1], way[i]);
+        if (length <= 0) continue;
+        const QPointF direction = (way[i] - way[i - 1]) / length;
+        place = {way[i - 1] + direction * std::min(left, length), direction, i - 1};
+        if (left <= length) break;
+        left -= length;
+    }
+    return place;
+}
+
+void CutStart(std::vector<QPointF> &way, double length) {
+    if (way.size() < 2 || length <= 0) return;
+    const std::size_t last = way.size() - 2;
+    std::size_t segment = 0;
+    while (segment < last && Distance(way[segment], way[segment + 1]) <= length) {
+        length -= Distance(way[segment], way[segment + 1]);
+        ++segment;
+    }
+    const double rest = Distance(way[segment], way[segment + 1]);
+    const QPointF start =
+        rest > length ? way[segment] + (way[segment + 1] - way[segment]) * (length / rest) : way[segment + 1];
+    way.erase(way.begin(), way.begin() + std::ptrdiff_t(segment));
+    way.front() = start;
+}
+
+void CutEnd(std::vector<QPointF> &way, double length) {
+    std::reverse(way.begin(), way.end());
+    CutStart(way, length);
+    std::reverse(way.begin(), way.end());
+}
+
+} // namespace diagram

@@ -1,0 +1,177 @@
+#include "diagram/hit/HitTest.h"
+
+#include "diagram/model/Surface.h"
+#include "diagram/scene/Bounds.h"
+#include "diagram/scene/Scene.h"
+#include "diagram/shapes/Measures.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace diagram {
+
+namespace {
+
+double Distance(const QPointF &a, const QPointF &b) { return std::hypot(a.x() - b.x(), a.y() - b.y()); }
+
+double DistanceToPiece(const QPointF &point, const QPointF &from, const QPointF &to) {
+    const QPointF way = to - from, apart = point - from;
+    const double square = QPointF::dotProduct(way, way);
+    const double share = square > 0 ? std::clamp(QPointF::dotProduct(apart, way) / square, 0.0, 1.0) : 0;
+    return Distance(point, from + way * share);
+}
+
+// The places that can be grasped on a square of `size` about each of them; the nearest counts.
+class Grasp {
+public:
+    Grasp(const QPointF &point, double size) : point_(point), reach_(size / 2) {}
+    void Offer(const QPointF &place, int index) {
+        const QPointF apart = place - point_;
+        const double away = std::max(std::abs(apart.x()), std::abs(apart.y()));
+        if (away > reach_ || away >= nearest_) return;
+        nearest_ = away;
+        index_ = index;
+    }
+    int Index() const { return index_; } // -1 for none
+
+private:
+    QPointF point_;
+    double reach_;
+    double nearest_ = 1e300;
+    int index_ = -1;
+};
+
+int HandleAt(const Node &node, const QPointF &point, double size) {
+    const QRectF box = node.Bounds();
+    const double x[] = {box.left(), box.center().x(), box.right()},
+                 y[] = {box.top(), box.center().y(), box.bottom()};
+    static constexpr int kPlaces[8][2] = {{0, 0}, {1, 0}, {2, 0}, {2, 1}, {2, 2}, {1, 2}, {0, 2}, {0, 1}};
+    Grasp grasp(point, size);
+    // Corners first: on a small node they count before the sides.
+    for (int start = 0; start < 2; ++start) {
+        for (int i = start; i < 8; i += 2) grasp.Offer({x[kPlaces[i][0]], y[kPlaces[i][1]]}, i);
+    }
+    return grasp.Index();
+}
+
+int BendAt(const Link &link, const QPointF &point, double size) {
+    Grasp grasp(point, size);
+    const auto &way = link.Way();
+    for (std::size_t i = 0; i < way.size(); ++i) grasp.Offer(ToQPointF(way[i]), int(i));
+    return grasp.Index();
+}
+
+int SegmentHandleAt(const Link &link, const QPointF &point, double size) {
+    Grasp grasp(point, size);
+    const auto &way = link.Way();
+    for (std::size_t i = 1; i < way.size(); ++i) {
+        const QPointF from = ToQPointF(way[i - 1]), to = ToQPointF(way[i]);
+        if (Distance(from, to) > 4 * size) grasp.Offer((from + to) / 2, int(i) - 1);
+    }
+    return grasp.Index();
+}
+
+// The segment, between two points of the link, whose line is nearest to the point within the tolerance; -1
+// for none.
+int SegmentAt(const Link &link, const QPointF &point, double tolerance) {
+    const std::vector<QPointF> pieces = WayPieces(link);
+    double nearest = std::max(tolerance, link.DrawWidth() * kTwipsPerPixel / 2);
+    int found = -1;
+    for (std::size_t i = 1; i < pieces.size(); ++i) {
+        const double away = DistanceToPiece(point, pieces[i - 1], pieces[i]);
+        if (away > nearest || (away == nearest && found >= 0)) continue;
+        nearest = away;
+        found = int(i) - 1;
+    }
+    // A curve has more pieces than segments.
+    return found < 0 ? -1 : int(std::size_t(found) * (link.Way().size() - 1) / (pieces.size() - 1));
+}
+
+bool HoldsPoint(Scene &scene, const Node &node, const QPointF &point, double tolerance) {
+    const QRectF box = node.Bounds();
+    // What is too thin to be met is met beside it.
+    const double x = std::max(0.0, tolerance - box.width()) / 2,
+                 y = std::max(0.0, tolerance - box.height()) / 2;
+    if (!box.adjusted(-x, -y, x, y).contains(point)) return false;
+    return x > 0 || y > 0 || scene.NodeOutline(node).contains(point);
+}
+
+std::vector<Item *> ItemsAround(Scene &scene, const QPointF &point, double reach) {
+    std::vector<Item *> items;
+    scene.ItemsIn(QRectF(point.x() - reach, point.y() - reach, 2 * reach, 2 * reach), items);
+    std::ranges::reverse(items);
+    return items;
+}
+
+std::optional<Hit> HandleHit(Item &item, const QPointF &point, double size) {
+    if (Node *node = item.AsNode(); node && node->Selected() && node->Selectable()) {
+        if (const int index = HandleAt(*node, point, size); index >= 0)
+            return Hit{HitKind::Handle, node, nullptr, index};
+    }
+    if (Link *link = item.AsLink(); link && link->Selected() && link->Selectable()) {
+        if (const int index = BendAt(*link, point, size); index >= 0)
+            return Hit{HitKind::Bend, nullptr, link, index};
+        if (const int index = SegmentHandleAt(*link, point, size); index >= 0) {
+            return Hit{HitKind::SegmentHandle, nullptr, link, index};
+        }
+    }
+    return std::nullopt;
+}
+
+bool IsLinkStart(const Node &node, const QPointF &point, const HitOptions &options) {
+    const QRectF box = node.Bounds();
+    const bool hasRoom = std::min(box.width(), box.height()) > 3 * options.handleSize;
+    return options.handles && node.Selectable() && hasRoom &&
+           Distance(box.center(), point) <= options.handleSize / 2;
+}
+
+std::optional<Hit> BodyHit(Scene &scene, Item &item, const QPointF &point, const HitOptions &options) {
+    if (Node *node = item.AsNode()) {
+        if (!HoldsPoint(scene, *node, point, options.tolerance)) return std::nullopt;
+        return Hit{IsLinkStart(*node, point, options) ? HitKind::LinkStart : HitKind::Node, node, nullptr,
+                   -1};
+    }
+    Link &link = *item.AsLink();
+    if (link.Selectable() && scene.LabelBounds(link).contains(point))
+        return Hit{HitKind::LinkLabel, nullptr, &link, -1};
+    const int segment = SegmentAt(link, point, options.tolerance);
+    if (segment < 0) return std::nullopt;
+    return Hit{HitKind::Link, nullptr, &link, segment};
+}
+
+} // namespace
+
+Hit HitTest(Scene &scene, const QPointF &point, const HitOptions &options) {
+    const double reach = std::max(options.tolerance, options.handles ? options.handleSize : 0);
+    const std::vector<Item *> items = ItemsAround(scene, point, reach);
+    if (options.handles) {
+        for (Item *item : items) {
+            if (const auto hit = HandleHit(*item, point, options.handleSize)) return *hit;
+        }
+    }
+    for (Item *item : items) {
+        if (const auto hit = BodyHit(scene, *item, point, options)) return *hit;
+    }
+    return {};
+}
+
+Node *NodeAtPoint(Scene &scene, float x, float y) {
+    const QPointF point(x, y);
+    for (Item *item : ItemsAround(scene, point, kTwipsPerPixel)) {
+        Node *node = item->AsNode();
+        if (node && HoldsPoint(scene, *node, point, kTwipsPerPixel)) return node;
+    }
+    return nullptr;
+}
+
+Link *LinkAtPoint(Scene &scene, float x, float y, double tolerance) {
+    const QPointF point(x, y);
+    for (Item *item : ItemsAround(scene, point, tolerance)) {
+        Link *link = item->AsLink();
+        if (link && SegmentAt(*link, point, tolerance) >= 0) return link;
+    }
+    return nullptr;
+}
+
+} // namespace diagram

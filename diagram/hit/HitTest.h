@@ -1,0 +1,46 @@
+// What lies under a point of a surface.
+#pragma once
+
+#include <QPointF>
+
+namespace diagram {
+
+class Scene;
+class Node;
+class Link;
+
+enum class HitKind : unsigned char {
+    Nothing,
+    Node,      // inside the outline
+    LinkStart, // the middle of a selectable node that has room for it, from where a link is dragged
+    Handle,    // one of the eight resize handles of a selected node; `index` 0 left top, clockwise
+    Link,      // a segment of a link; `index` is the segment
+    LinkLabel,
+    Bend,         // a point of a selected link; `index` is the point
+    SegmentHandle // the middle of a segment of a selected link, from where a bend is made; `index` is the
+                  // segment
+};
+
+struct Hit {
+    HitKind kind = HitKind::Nothing;
+    diagram::Node *node = nullptr;
+    diagram::Link *link = nullptr;
+    int index = -1;
+};
+
+struct HitOptions {
+    double tolerance = 60;   // twips around lines
+    double handleSize = 105; // side of a handle in twips; divide by the zoom
+    bool handles = true;     // look at handles, bends and link starts at all
+};
+
+// The topmost thing under `point` (twips). Hidden items are never hit; items that aren't selectable are hit
+// as Node and Link only, never by their handles.
+Hit HitTest(Scene &scene, const QPointF &point, const HitOptions &options = {});
+
+// The topmost visible node whose outline holds the point; null for none.
+Node *NodeAtPoint(Scene &scene, float x, float y);
+// The topmost visible link within the tolerance of the point; null for none.
+Link *LinkAtPoint(Scene &scene, float x, float y, double tolerance = 60);
+
+} // namespace diagram

@@ -1,0 +1,49 @@
+// Who listens to the writes of a surface: observers that keep derived data in step, and the one log that
+// makes undo.
+#pragma once
+
+#include "diagram/model/Item.h"
+#include "diagram/model/Link.h"
+#include "diagram/model/Node.h"
+
+namespace diagram {
+
+struct SurfaceData;
+
+// Told after each write, at once and outside of groups too. An observer must not write to the model.
+class SurfaceObserver {
+public:
+    virtual ~SurfaceObserver() = default;
+    virtual void ItemAdded(Item &) {}
+    virtual void ItemChanged(Item &, Change) {}
+    // The item still stands, but is in no collection any more.
+    virtual void ItemRemoved(Item &) {}
+    virtual void SurfaceChanged(Change) {} // Text: texts are measured by another rule now
+    // All content was replaced or removed at once; forget every item.
+    virtual void Cleared() {}
+};
+
+// Told before each write. Groups nest: the outermost is the step.
+class ChangeLog {
+public:
+    virtual ~ChangeLog() = default;
+    virtual void Begin(std::int16_t code) = 0;
+    virtual void End() = 0;
+    // Closes all open groups and takes back what was recorded in them; no step comes of it, and redo stays as
+    // it was.
+    virtual void Cancel() = 0;
+    virtual int Depth() const = 0;    // open groups
+    virtual bool CanUndo() const = 0; // false while a group is open
+    virtual bool CanRedo() const = 0;
+    virtual void Undo() = 0; // error 5 "Invalid procedure call or argument" while a group is open
+    virtual void Redo() = 0;
+    virtual void Forget() = 0; // empties the history
+
+    virtual void WillChange(const Node &) = 0;
+    virtual void WillChange(const Link &) = 0;
+    virtual void WillChangeSurface(const SurfaceData &) = 0;
+    virtual void Added(const Item &) = 0;
+    virtual void WillRemove(const Item &) = 0;
+};
+
+} // namespace diagram

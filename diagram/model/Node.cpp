@@ -1,0 +1,130 @@
+#include "diagram/model/Node.h"
+
+#include "diagram/model/Ranges.h"
+#include "diagram/model/Surface.h"
+
+#include <algorithm>
+
+namespace diagram {
+
+template <typename T>
+void Node::Write(T NodeData::*member, T value, Change what) {
+    if (data_.*member == value) return;
+    Surface &surface = Owner();
+    const bool moves = Has(what, Change::Geometry);
+    if (moves) surface.BeforeMove(*this);
+    surface.Record(*this);
+    data_.*member = std::move(value);
+    surface.Notify(*this, what);
+    if (moves) surface.AfterMove(*this);
+}
+
+int Node::ZOrder() const { return Owner().StackPosition(*this); }
+
+void Node::SetKey(const QString &key) {
+    if (key == data_.key) return;
+    Surface &surface = Owner();
+    if (!key.isEmpty() && surface.Nodes().Find(key)) {
+        throw support::Error(
+            support::kErrKeyInUse, QStringLiteral("Node"),
+            QStringLiteral("This key is already associated with an element of this collection"));
+    }
+    surface.Record(*this);
+    surface.ReplaceKey(*this, key);
+    surface.Notify(*this, Change::Data);
+}
+
+void Node::SetLeft(float twips) { SetBounds(twips, data_.top, data_.width, data_.height); }
+void Node::SetTop(float twips) { SetBounds(data_.left, twips, data_.width, data_.height); }
+void Node::SetWidth(float twips) { SetBounds(data_.left, data_.top, twips, data_.height); }
+void Node::SetHeight(float twips) { SetBounds(data_.left, data_.top, data_.width, twips); }
+
+void Node::SetBounds(float left, float top, float width, float height) {
+    Checked(IsCoordinate, left, "Node"), Checked(IsCoordinate, top, "Node");
+    Checked(IsSize, width, "Node"), Checked(IsSize, height, "Node");
+    if (left == data_.left && top == data_.top && width == data_.width && height == data_.height) return;
+    Surface &surface = Owner();
+    surface.BeforeMove(*this);
+    surface.Record(*this);
+    data_.left = left;
+    data_.top = top;
+    data_.width = width;
+    data_.height = height;
+    surface.Notify(*this, Change::Geometry);
+    surface.AfterMove(*this);
+}
+
+void Node::SetShape(int value) {
+    Write(&NodeData::shape, std::uint8_t(Checked(IsShape, value, "Node")), Change::Geometry | Change::Look);
+    FitToContent();
+}
+
+void Node::SetShapeOrientation(int value) {
+    Write(&NodeData::shapeOrientation, std::uint8_t(Checked(IsOrientation, value, "Node")),
+          Change::Geometry | Change::Look);
+    FitToContent();
+}
+
+void Node::SetDrawStyle(int value) {
+    Write(&NodeData::drawStyle, std::uint8_t(Checked(IsDrawStyle, value, "Node")), Change::Look);
+}
+void Node::SetDrawWidth(float pixels) {
+    Write(&NodeData::drawWidth, Checked(IsDrawWidth, pixels, "Node"), Change::Look);
+}
+void Node::SetxTextMargin(int pixels) {
+    Write(&NodeData::xTextMargin, Checked(IsMargin, pixels, "Node"), Change::Text);
+    FitToContent();
+}
+void Node::SetyTextMargin(int pixels) {
+    Write(&NodeData::yTextMargin, Checked(IsMargin, pixels, "Node"), Change::Text);
+    FitToContent();
+}
+void Node::SetAlignment(int value) {
+    Write(&NodeData::alignment, std::uint8_t(Checked(IsAlignment, value, "Node")), Change::Text);
+}
+void Node::SetShadow(int value) {
+    Write(&NodeData::shadow, std::uint8_t(Checked(IsShadow, value, "Node")), Change::Look);
+}
+void Node::SetPicturePos(int value) {
+    Write(&NodeData::picturePos, std::uint8_t(Checked(IsPicturePos, value, "Node")), Change::Look);
+}
+void Node::SetText(const QString &text) {
+    Write(&NodeData::text, text, Change::Text);
+    FitToContent();
+}
+void Node::SetEvent(const QString &text) { Write(&NodeData::event, text, Change::Data); }
+void Node::SetFont(const diagram::Font &font) {
+    Write(&NodeData::font, font, Change::Text);
+    FitToContent();
+}
+void Node::SetBorderColor(support::Colour colour) { Write(&NodeData::borderColor, colour, Change::Look); }
+void Node::SetFillColor(support::Colour colour) { Write(&NodeData::fillColor, colour, Change::Look); }
+void Node::SetForeColor(support::Colour colour) { Write(&NodeData::foreColor, colour, Change::Look); }
+void Node::SetHidden(bool on) { Write(&NodeData::hidden, on, Change::Visibility); }
+void Node::SetSelectable(bool on) { Write(&NodeData::selectable, on, Change::Data); }
+void Node::SetSelected(bool on) { Owner().Select(*this, on); }
+void Node::SetPicture(const diagram::Picture &picture) {
+    Write(&NodeData::picture, picture, Change::Look);
+    FitToContent();
+}
+void Node::SetTag(const QString &tag) { Write(&NodeData::tag, tag, Change::Data); }
+void Node::SetMarked(bool on) { Write(&NodeData::marked, on, Change::Look); }
+void Node::SetAutoSize(int value) {
+    Write(&NodeData::autoSize, std::uint8_t(Checked(IsAutoSize, value, "Node")), Change::Look);
+    FitToContent();
+}
+void Node::SetTransparent(bool on) { Write(&NodeData::transparent, on, Change::Look); }
+void Node::SetZOrder(int position) { Owner().SetStackPosition(*this, position); }
+void Node::BringToFront() { Owner().BringToFront(*this); }
+void Node::SendToBack() { Owner().SendToBack(*this); }
+void Node::Refresh() { Owner().Notify(*this, Change::Look); }
+
+void Node::Attach(Link &link) {
+    const auto byId = [](const Link *a, const Link *b) { return a->Id() < b->Id(); };
+    const auto at = std::lower_bound(links_.begin(), links_.end(), &link, byId);
+    if (at == links_.end() || *at != &link) links_.insert(at, &link);
+}
+
+void Node::Detach(const Link &link) { std::erase(links_, &link); }
+
+} // namespace diagram

@@ -1,0 +1,36 @@
+#include "diagram/model/Surface.h"
+#include "support/Error.h"
+
+#include <algorithm>
+
+namespace diagram {
+
+Link &NodeLinks::Add(Node &destination) {
+    return node_->Owner().AddLink(const_cast<Node &>(*node_), destination);
+}
+
+int NodeLinks::Count() const { return int(node_->links_.size()); }
+
+Link &NodeLinks::Item(int position) const {
+    if (position < 0 || position >= Count()) {
+        throw support::Error(support::kErrSubscriptOutOfRange, QStringLiteral("Links"),
+                             QStringLiteral("Subscript out of range"));
+    }
+    return *node_->links_[std::size_t(position)];
+}
+
+Link &NodeLinks::Item(const QString &key) const {
+    const auto at = std::ranges::find_if(node_->links_, [&](const Link *link) { return link->Key() == key; });
+    if (at == node_->links_.end()) {
+        throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("Links"),
+                             QStringLiteral("Invalid procedure call or argument"));
+    }
+    return **at;
+}
+
+void NodeLinks::Remove(const QString &key) { node_->Owner().Remove(Item(key)); }
+
+std::vector<Link *>::const_iterator NodeLinks::begin() const { return node_->links_.begin(); }
+std::vector<Link *>::const_iterator NodeLinks::end() const { return node_->links_.end(); }
+
+} // namespace diagram

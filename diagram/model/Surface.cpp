@@ -1,0 +1,135 @@
+#include "diagram/model/Surface.h"
+
+#include "diagram/model/Ranges.h"
+
+#include <algorithm>
+
+namespace diagram {
+
+namespace {
+
+SurfaceEvents &NobodyListens() {
+    static SurfaceEvents events;
+    return events;
+}
+
+} // namespace
+
+Surface::Surface() : events_(&NobodyListens()) {}
+
+Surface::~Surface() = default;
+
+void Surface::SetEvents(SurfaceEvents *events) { events_ = events ? events : &NobodyListens(); }
+void Surface::SetLog(std::unique_ptr<ChangeLog> log) { log_ = std::move(log); }
+
+void Surface::AddObserver(SurfaceObserver &observer) { observers_.push_back(&observer); }
+void Surface::RemoveObserver(SurfaceObserver &observer) { std::erase(observers_, &observer); }
+
+void Surface::SetMeasure(TextMeasure *measure) {
+    if (measure == measure_) return;
+    measure_ = measure;
+    NotifySurface(Change::Text);
+}
+
+bool Surface::Recording() const { return log_ && log_->Depth() > 0; }
+
+void Surface::Record(const Node &node) {
+    if (Recording()) log_->WillChange(node);
+}
+
+void Surface::Record(Link &link) {
+    if (!Recording()) return;
+    JudgeBends(link);
+    link.Way();
+    log_->WillChange(link);
+}
+
+void Surface::RecordSurface() {
+    if (Recording()) log_->WillChangeSurface(data_);
+}
+
+void Surface::Notify(Item &item, Change what) {
+    for (SurfaceObserver *observer : observers_) observer->ItemChanged(item, what);
+}
+
+void Surface::NotifySurface(Change what) {
+    for (SurfaceObserver *observer : observers_) observer->SurfaceChanged(what);
+}
+
+template <typename T>
+void Surface::Write(T SurfaceData::*member, T value, Change what) {
+    if (data_.*member == value) return;
+    RecordSurface();
+    data_.*member = std::move(value);
+    NotifySurface(what);
+}
+
+void Surface::SetTag(const QString &tag) { Write(&SurfaceData::tag, tag, Change::Data); }
+void Surface::SetPicture(const diagram::Picture &picture) {
+    Write(&SurfaceData::picture, picture, Change::Look);
+}
+void Surface::SetBackColor(support::Colour colour) { Write(&SurfaceData::backColor, colour, Change::Look); }
+void Surface::SetxZoom(int percent) {
+    Write(&SurfaceData::xZoom, Checked(IsZoom, percent, "Surface"), Change::Geometry);
+}
+void Surface::SetyZoom(int percent) {
+    Write(&SurfaceData::yZoom, Checked(IsZoom, percent, "Surface"), Change::Geometry);
+}
+void Surface::SetGridLines(bool on) { Write(&SurfaceData::gridLines, on, Change::Look); }
+
+void Surface::SetGridSize(float twips) {
+    if (!(twips > 0 && twips <= kLargestCoordinate)) RaiseInvalidValue("Surface");
+    gridSize_ = twips;
+    NotifySurface(Change::Look);
+}
+
+void Surface::SetGridColor(support::Colour colour) {
+    gridColor_ = colour;
+    NotifySurface(Change::Look);
+}
+
+void Surface::SetGridStyle(int style) {
+    gridStyle_ = Checked(IsGridStyle, style, "Surface");
+    NotifySurface(Change::Look);
+}
+
+void Surface::BeginAction(std::int16_t code) {
+    if (log_) log_->Begin(code);
+}
+void Surface::EndAction() {
+    if (log_) log_->End();
+}
+void Surface::CancelAction() {
+    if (log_) log_->Cancel();
+}
+bool Surface::CanUndo() const { return log_ && log_->CanUndo(); }
+bool Surface::CanRedo() const { return log_ && log_->CanRedo(); }
+void Surface::Undo() {
+    if (log_) log_->Undo();
+}
+void Surface::Redo() {
+    if (log_) log_->Redo();
+}
+
+QRectF Surface::Extent() const {
+    QRectF extent;
+    const auto include = [&extent](const QRectF &rect) {
+        if (extent.isNull()) {
+            extent = rect;
+        } else {
+            extent.setCoords(std::min(extent.left(), rect.left()), std::min(extent.top(), rect.top()),
+                             std::max(extent.right(), rect.right()),
+                             std::max(extent.bottom(), rect.bottom()));
+        }
+    };
+    for (const auto &node : nodes_) {
+        if (!node->Hidden()) include(node->Bounds());
+    }
+    for (const auto &link : links_) {
+        if (link->Hidden()) continue;
+        for (const Point &point : link->Way()) include(QRectF(ToQPointF(point), QSizeF()));
+    }
+    return extent;
+}
+
+} // namespace diagram

@@ -1,0 +1,249 @@
+// The collections of a surface: adding, removing, finding, replacing, selecting.
+#include "diagram/model/Properties.h"
+#include "diagram/model/Ranges.h"
+#include "diagram/model/Surface.h"
+
+#include <algorithm>
+
+namespace diagram {
+
+namespace {
+
+[[noreturn]] void RaiseInvalidCall() {
+    throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("Surface"),
+                         QStringLiteral("Invalid procedure call or argument"));
+}
+
+template <typename T>
+auto PlaceOf(const std::vector<std::unique_ptr<T>> &items, ItemId id) {
+    return std::ranges::lower_bound(items, id, {}, [](const auto &item) { return item->Id(); });
+}
+
+template <typename T>
+T *FindById(const std::vector<std::unique_ptr<T>> &items, ItemId id) {
+    const auto at = PlaceOf(items, id);
+    return at != items.end() && (*at)->Id() == id ? at->get() : nullptr;
+}
+
+// Puts an item where its identity belongs: at the end, unless undo brings it back.
+template <typename T>
+T &InsertById(std::vector<std::unique_ptr<T>> &items, std::unique_ptr<T> item) {
+    T &result = *item;
+    if (items.empty() || items.back()->Id() < item->Id()) {
+        items.push_back(std::move(item));
+    } else {
+        items.insert(PlaceOf(items, item->Id()), std::move(item));
+    }
+    return result;
+}
+
+} // namespace
+
+Node *Surface::FindNode(ItemId id) const { return FindById(nodes_, id); }
+Link *Surface::FindLink(ItemId id) const { return FindById(links_, id); }
+
+Node &Surface::Insert(std::unique_ptr<Node> node) {
+    Node &added = InsertById(nodes_, std::move(node));
+    nextId_ = std::max(nextId_, added.Id() + 1);
+    if (!added.Key().isEmpty()) byKey_.insert(added.Key(), &added);
+    NoteStacked(added);
+    if (Recording()) log_->Added(added);
+    for (SurfaceObserver *observer : observers_) observer->ItemAdded(added);
+    return added;
+}
+
+Link &Surface::Insert(std::unique_ptr<Link> link) {
+    Link &added = InsertById(links_, std::move(link));
+    nextId_ = std::max(nextId_, added.Id() + 1);
+    added.source_->Attach(added);
+    added.destination_->Attach(added);
+    NoteStacked(added);
+    if (Recording()) log_->Added(added);
+    for (SurfaceObserver *observer : observers_) observer->ItemAdded(added);
+    return added;
+}
+
+Link &Surface::AddLink(Node &source, Node &destination) {
+    if (&source.Owner() != this || &destination.Owner() != this) RaiseInvalidCall();
+    LinkData data;
+    data.source = source.Id();
+    data.destination = destination.Id();
+    data.stack = topStack_ + kStackGap;
+    return Insert(std::unique_ptr<Link>(new Link(*this, nextId_, std::move(data), source, destination)));
+}
+
+Node &Surface::Restore(ItemId id, NodeData data) {
+    if (id == kNoItem || FindNode(id) || FindLink(id)) RaiseInvalidCall();
+    if (Nodes().Find(data.key)) data.key.clear();
+    return Insert(std::unique_ptr<Node>(new Node(*this, id, std::move(data))));
+}
+
+Link &Surface::Restore(ItemId id, LinkData data) {
+    Node *source = FindNode(data.source);
+    Node *destination = FindNode(data.destination);
+    if (id == kNoItem || !source || !destination || FindNode(id) || FindLink(id)) RaiseInvalidCall();
+    std::unique_ptr<Link> link(new Link(*this, id, std::move(data), *source, *destination));
+    link->stale_ = link->data_.points.size() < 2;
+    return Insert(std::move(link));
+}
+
+void Surface::ReplaceKey(Node &node, const QString &key) {
+    if (!node.data_.key.isEmpty()) byKey_.remove(node.data_.key);
+    node.data_.key = key;
+    if (!key.isEmpty()) byKey_.insert(key, &node);
+}
+
+void Surface::Overwrite(Node &node, NodeData data) {
+    if (Node *other = Nodes().Find(data.key); other && other != &node) data.key = node.data_.key;
+    const Change what = Difference(node.data_, data);
+    if (what == Change::None) return;
+    if (Has(what, Change::Geometry)) BeforeMove(node);
+    Record(node);
+    ReplaceKey(node, data.key);
+    node.data_ = std::move(data);
+    if (Has(what, Change::Stacking)) NoteRestacked(node);
+    Notify(node, what);
+    if (Has(what, Change::Geometry)) AfterMove(node);
+}
+
+void Surface::Overwrite(Link &link, LinkData data) {
+    Node *source = FindNode(data.source);
+    Node *destination = FindNode(data.destination);
+    if (!source || !destination) RaiseInvalidCall();
+    const Change what = Difference(link.data_, data);
+    if (what == Change::None && !link.stale_ && !link.unjudged_) return;
+    Record(link);
+    link.source_->Detach(link);
+    link.destination_->Detach(link);
+    link.data_ = std::move(data);
+    link.source_ = source;
+    link.destination_ = destination;
+    source->Attach(link);
+    destination->Attach(link);
+    link.stale_ = link.data_.points.size() < 2;
+    link.unjudged_ = false;
+    if (Has(what, Change::Stacking)) NoteRestacked(link);
+    Notify(link, what);
+}
+
+void Surface::Overwrite(SurfaceData data) {
+    const Change what = Difference(data_, data);
+    if (what == Change::None) return;
+    RecordSurface();
+    data_ = std::move(data);
+    NotifySurface(what);
+}
+
+void Surface::SetDefaults(const NodeDefaults &defaults) {
+    if (!IsValid(defaults)) RaiseInvalidValue("Surface");
+    SurfaceData data = data_;
+    data.defaults = defaults;
+    Overwrite(std::move(data));
+}
+
+void Surface::Remove(Node &node) { Remove({&node}, {}); }
+void Surface::Remove(Link &link) { Remove({}, {&link}); }
+
+void Surface::Remove(const std::vector<Node *> &nodes, const std::vector<Link *> &links) {
+    std::vector<Node *> goneNodes;
+    std::vector<Link *> goneLinks;
+    const auto doom = [this](auto *item, auto &list) {
+        if (&item->Owner() != this) RaiseInvalidCall();
+        if (!std::exchange(item->doomed_, true)) list.push_back(item);
+    };
+    for (Link *link : links) doom(link, goneLinks);
+    for (Node *node : nodes) {
+        doom(node, goneNodes);
+        for (Link *link : node->links_) doom(link, goneLinks);
+    }
+    Take(goneLinks, goneNodes);
+}
+
+// Takes the items, all of them doomed, out of every collection and ends them.
+void Surface::Take(const std::vector<Link *> &links, const std::vector<Node *> &nodes) {
+    if (links.empty() && nodes.empty()) return;
+    if (Recording()) {
+        for (Link *link : links) JudgeBends(*link), link->Way(), log_->WillRemove(*link);
+        for (const Node *node : nodes) log_->WillRemove(*node);
+    }
+    const auto isDoomed = [](const auto *item) { return item->doomed_; };
+    for (Link *link : links) {
+        if (!link->source_->doomed_) std::erase_if(link->source_->links_, isDoomed);
+        if (!link->destination_->doomed_) std::erase_if(link->destination_->links_, isDoomed);
+    }
+    for (Node *node : nodes) {
+        if (!node->Key().isEmpty()) byKey_.remove(node->Key());
+    }
+    std::erase_if(selectedNodes_, isDoomed);
+    std::erase_if(selectedLinks_, isDoomed);
+    std::erase_if(stacking_, isDoomed);
+
+    const auto takeFrom = [](auto &items) {
+        std::remove_reference_t<decltype(items)> gone;
+        const auto stays = [](const auto &item) { return !item->doomed_; };
+        const auto first = std::stable_partition(items.begin(), items.end(), stays);
+        std::move(first, items.end(), std::back_inserter(gone));
+        items.erase(first, items.end());
+        return gone;
+    };
+    const auto goneLinks = takeFrom(links_);
+    const auto goneNodes = takeFrom(nodes_);
+    const bool nothingLeft = nodes_.empty();
+    for (SurfaceObserver *observer : observers_) {
+        if (nothingLeft) {
+            observer->Cleared();
+            continue;
+        }
+        for (const auto &link : goneLinks) observer->ItemRemoved(*link);
+        for (const auto &node : goneNodes) observer->ItemRemoved(*node);
+    }
+}
+
+void Surface::DeleteSelection() {
+    if (selectedNodes_.empty() && selectedLinks_.empty()) return;
+    BeginAction(0);
+    Remove(std::vector<Node *>(selectedNodes_), std::vector<Link *>(selectedLinks_));
+    EndAction();
+}
+
+void Surface::Reset() {
+    selectedNodes_.clear();
+    selectedLinks_.clear();
+    stacking_.clear();
+    byKey_.clear();
+    // Observers must not be left with items that are gone, nor be told while items still stand.
+    const auto links = std::exchange(links_, {});
+    const auto nodes = std::exchange(nodes_, {});
+    if (log_) log_->Forget();
+    for (SurfaceObserver *observer : observers_) observer->Cleared();
+}
+
+Node *Surface::SelectedNode() const { return selectedNodes_.empty() ? nullptr : selectedNodes_.back(); }
+Link *Surface::SelectedLink() const { return selectedLinks_.empty() ? nullptr : selectedLinks_.back(); }
+
+void Surface::Select(Item &item, bool on) {
+    const auto select = [on](auto &selected, auto &list) {
+        if (selected.selected_ == on) return false;
+        selected.selected_ = on;
+        if (on) {
+            list.push_back(&selected);
+        } else {
+            list.erase(std::ranges::find(list, &selected));
+        }
+        return true;
+    };
+    const bool changed =
+        item.AsNode() ? select(*item.AsNode(), selectedNodes_) : select(*item.AsLink(), selectedLinks_);
+    if (changed) Notify(item, Change::Selection);
+}
+
+void Surface::UnselectAll() {
+    const auto nodes = std::exchange(selectedNodes_, {});
+    const auto links = std::exchange(selectedLinks_, {});
+    for (Node *node : nodes) node->selected_ = false;
+    for (Link *link : links) link->selected_ = false;
+    for (Node *node : nodes) Notify(*node, Change::Selection);
+    for (Link *link : links) Notify(*link, Change::Selection);
+}
+
+} // namespace diagram

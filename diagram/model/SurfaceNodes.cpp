@@ -1,0 +1,62 @@
+#include "diagram/model/Ranges.h"
+#include "diagram/model/Surface.h"
+
+namespace diagram {
+
+namespace {
+
+NodeData NewNode(const NodeDefaults &defaults) {
+    NodeData data;
+    data.shape = std::uint8_t(defaults.shape);
+    data.shapeOrientation = std::uint8_t(defaults.shapeOrientation);
+    data.shadow = std::uint8_t(defaults.shadow);
+    data.drawStyle = std::uint8_t(defaults.drawStyle);
+    data.borderColor = defaults.borderColor;
+    data.fillColor = defaults.fillColor;
+    data.font = defaults.font;
+    data.foreColor = defaults.foreColor;
+    data.alignment = std::uint8_t(defaults.alignment);
+    data.autoSize = std::uint8_t(defaults.autoSize);
+    data.drawWidth = defaults.drawWidth;
+    data.picturePos = std::uint8_t(defaults.picturePos);
+    return data;
+}
+
+} // namespace
+
+Node &SurfaceNodes::Add(float left, float top, float width, float height) {
+    NodeData data = NewNode(surface_->Defaults());
+    data.left = Checked(IsCoordinate, left, "Nodes");
+    data.top = Checked(IsCoordinate, top, "Nodes");
+    data.width = Checked(IsSize, width, "Nodes");
+    data.height = Checked(IsSize, height, "Nodes");
+    data.stack = surface_->topStack_ + kStackGap;
+    return surface_->Insert(std::unique_ptr<Node>(new Node(*surface_, surface_->nextId_, std::move(data))));
+}
+
+Node &SurfaceNodes::Item(const QString &key) const {
+    if (Node *node = Find(key)) return *node;
+    throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("Nodes"),
+                         QStringLiteral("Invalid procedure call or argument"));
+}
+
+Node &SurfaceNodes::Item(int position) const {
+    if (position >= 1 && position <= Count()) return *surface_->nodes_[std::size_t(position) - 1];
+    throw support::Error(support::kErrSubscriptOutOfRange, QStringLiteral("Nodes"),
+                         QStringLiteral("Subscript out of range"));
+}
+
+Node *SurfaceNodes::Find(const QString &key) const { return surface_->byKey_.value(key, nullptr); }
+int SurfaceNodes::Count() const { return int(surface_->nodes_.size()); }
+
+void SurfaceNodes::Clear() {
+    std::vector<Node *> nodes;
+    nodes.reserve(surface_->nodes_.size());
+    for (const auto &node : surface_->nodes_) nodes.push_back(node.get());
+    surface_->Remove(nodes, {});
+}
+
+SurfaceNodes::Iterator SurfaceNodes::begin() const { return Iterator(surface_->nodes_.begin()); }
+SurfaceNodes::Iterator SurfaceNodes::end() const { return Iterator(surface_->nodes_.end()); }
+
+} // namespace diagram

@@ -1,0 +1,280 @@
+#include "diagram/scene/Scene.h"
+
+#include "diagram/model/Surface.h"
+#include "diagram/scene/Bounds.h"
+#include "diagram/shapes/Measures.h"
+#include "diagram/shapes/Shapes.h"
+
+#include <algorithm>
+#include <boost/geometry.hpp>
+#include <boost/geometry/index/rtree.hpp>
+#include <boost/iterator/function_output_iterator.hpp>
+#include <cmath>
+#include <limits>
+
+namespace diagram {
+
+namespace {
+
+namespace bg = boost::geometry;
+using Corner = bg::model::point<float, 2, bg::cs::cartesian>;
+using Box = bg::model::box<Corner>;
+using Entry = std::pair<Box, Item *>;
+using Tree = bg::index::rtree<Entry, bg::index::quadratic<16>>;
+
+constexpr std::size_t kMostAreas = 256; // more damage than that is everything
+constexpr std::size_t kFewItems = 64;
+
+// Rounded outwards, as a float may lie on the wrong side of the value.
+float Below(double value) {
+    const float near = float(value);
+    return double(near) <= value ? near : std::nextafter(near, -std::numeric_limits<float>::infinity());
+}
+float Above(double value) {
+    const float near = float(value);
+    return double(near) >= value ? near : std::nextafter(near, std::numeric_limits<float>::infinity());
+}
+
+Box ToBox(const QRectF &rect) {
+    return {Corner(Below(rect.left()), Below(rect.top())), Corner(Above(rect.right()), Above(rect.bottom()))};
+}
+
+QRectF ToRect(const Box &box) {
+    return QRectF(QPointF(box.min_corner().get<0>(), box.min_corner().get<1>()),
+                  QPointF(box.max_corner().get<0>(), box.max_corner().get<1>()));
+}
+
+bool IsHidden(const Item &item) { return item.AsNode() ? item.AsNode()->Hidden() : item.AsLink()->Hidden(); }
+
+bool LiesBelow(const Item *a, const Item *b) {
+    return std::pair(a->Stack(), a->Id()) < std::pair(b->Stack(), b->Id());
+}
+
+// Where two straight pieces cross, not at an end of the first: as a share of the first, or below 0.
+double CrossingShare(const QLineF &first, const QLineF &second) {
+    const QPointF a = first.p2() - first.p1(), b = second.p2() - second.p1(),
+                  apart = second.p1() - first.p1();
+    const double turn = a.x() * b.y() - a.y() * b.x();
+    if (std::abs(turn) < 1e-9) return -1;
+    const double along = (apart.x() * b.y() - apart.y() * b.x()) / turn;
+    const double other = (apart.x() * a.y() - apart.y() * a.x()) / turn;
+    return along > 0 && along < 1 && other >= 0 && other <= 1 ? along : -1;
+}
+
+} // namespace
+
+// What is known of each item stands in a slot by its identity, which are dense enough for that.
+struct Scene::State {
+    enum Flag : std::uint8_t { kIndexed = 1, kDirty = 2 };
+
+    Tree tree;
+    std::vector<Box> boxes; // as indexed
+    std::vector<std::uint8_t> flags;
+    std::vector<ItemId> dirty;
+    bool built = false;
+    Damage damage;
+
+    bool Is(ItemId id, Flag flag) const { return id < flags.size() && (flags[id] & flag); }
+
+    void Reserve(ItemId id) {
+        if (id < flags.size()) return;
+        flags.resize(std::max<std::size_t>(id + 1, flags.size() + flags.size() / 2));
+        boxes.resize(flags.size());
+    }
+
+    void AddDamage(const QRectF &area) {
+        if (damage.everything) return;
+        if (damage.areas.size() >= kMostAreas) return DamageAll();
+        damage.areas.push_back(area.adjusted(-kJumpRadius, -kJumpRadius, kJumpRadius, kJumpRadius));
+    }
+
+    void DamageAll() {
+        damage.everything = true;
+        damage.areas.clear();
+    }
+
+    void MarkDirty(ItemId id) {
+        if (!built) return;
+        Reserve(id);
+        if (flags[id] & kDirty) return;
+        flags[id] |= kDirty;
+        dirty.push_back(id);
+        if (flags[id] & kIndexed) AddDamage(ToRect(boxes[id]));
+    }
+
+    void Unindex(Item &item) {
+        if (!Is(item.Id(), kIndexed)) return;
+        tree.remove(Entry(boxes[item.Id()], &item));
+        flags[item.Id()] &= std::uint8_t(~kIndexed);
+    }
+
+    void Forget() {
+        tree.clear();
+        flags.clear();
+        boxes.clear();
+        dirty.clear();
+        built = false;
+        DamageAll();
+    }
+
+    void Build(Surface &surface);
+    void Reindex(Surface &surface, Item &item);
+    void Update(Surface &surface);
+};
+
+void Scene::State::Build(Surface &surface) {
+    Forget();
+    std::vector<Entry> entries;
+    entries.reserve(std::size_t(surface.Nodes().Count()) + surface.Links().size());
+    flags.resize(surface.NextId());
+    boxes.resize(surface.NextId());
+    const auto add = [&](Item &item) {
+        if (IsHidden(item)) return;
+        const Box box = ToBox(PaintBounds(item, surface.Measure()));
+        boxes[item.Id()] = box;
+        flags[item.Id()] = kIndexed;
+        entries.emplace_back(box, &item);
+    };
+    for (Node &node : surface.Nodes()) add(node);
+    for (const auto &link : surface.Links()) add(*link);
+    tree = Tree(entries.begin(), entries.end());
+    built = true;
+}
+
+void Scene::State::Reindex(Surface &surface, Item &item) {
+    const ItemId id = item.Id();
+    flags[id] &= std::uint8_t(~kDirty);
+    const Box box = ToBox(PaintBounds(item, surface.Measure()));
+    const bool stays = Is(id, kIndexed) && !IsHidden(item) && ToRect(boxes[id]) == ToRect(box);
+    if (stays) return;
+    Unindex(item);
+    if (IsHidden(item)) return;
+    boxes[id] = box;
+    flags[id] |= kIndexed;
+    tree.insert(Entry(box, &item));
+    AddDamage(ToRect(box));
+}
+
+// Many changed items are cheaper to index anew with all the others.
+void Scene::State::Update(Surface &surface) {
+    if (!built || (dirty.size() > kFewItems && dirty.size() > tree.size() / 4)) return Build(surface);
+    // By position: routing, and so a new entry, may come from looking at an item.
+    for (std::size_t i = 0; i < dirty.size(); ++i) {
+        const ItemId id = dirty[i];
+        if (!Is(id, kDirty)) continue; // removed since
+        if (Node *node = surface.FindNode(id)) {
+            Reindex(surface, *node);
+        } else if (Link *link = surface.FindLink(id)) {
+            Reindex(surface, *link);
+        }
+    }
+    dirty.clear();
+}
+
+Scene::Scene(Surface &surface) : surface_(surface), state_(std::make_unique<State>()) {
+    state_->DamageAll();
+    surface_.AddObserver(*this);
+}
+
+Scene::~Scene() { surface_.RemoveObserver(*this); }
+
+void Scene::ItemAdded(Item &item) { state_->MarkDirty(item.Id()); }
+
+void Scene::ItemChanged(Item &item, Change what) {
+    constexpr Change kMoves = Change::Geometry | Change::Look | Change::Text | Change::Visibility;
+    if ((std::uint32_t(what) & std::uint32_t(kMoves)) != 0) {
+        state_->MarkDirty(item.Id());
+    } else if (Has(what, Change::Stacking) || Has(what, Change::Selection)) {
+        if (state_->Is(item.Id(), State::kIndexed)) state_->AddDamage(ToRect(state_->boxes[item.Id()]));
+    }
+}
+
+void Scene::ItemRemoved(Item &item) {
+    if (!state_->built) return;
+    if (state_->Is(item.Id(), State::kIndexed)) state_->AddDamage(ToRect(state_->boxes[item.Id()]));
+    state_->Unindex(item);
+    if (item.Id() < state_->flags.size()) state_->flags[item.Id()] = 0;
+}
+
+void Scene::SurfaceChanged(Change what) {
+    if (Has(what, Change::Text)) state_->Forget(); // labels are measured otherwise now
+    if (what != Change::Data) state_->DamageAll();
+}
+
+void Scene::Cleared() { state_->Forget(); }
+
+void Scene::ItemsIn(const QRectF &area, std::vector<Item *> &items) {
+    state_->Update(surface_);
+    const auto start = items.size();
+    const Box query = ToBox(area.normalized());
+    const auto &all = surface_.StackingOrder();
+    if (!state_->tree.empty() && ToRect(query).contains(ToRect(state_->tree.bounds()))) {
+        std::ranges::copy_if(all, std::back_inserter(items),
+                             [](const Item *item) { return !IsHidden(*item); });
+        return;
+    }
+    state_->tree.query(bg::index::intersects(query),
+                       boost::make_function_output_iterator(
+                           [&items](const Entry &entry) { items.push_back(entry.second); }));
+    const auto found = items.size() - start;
+    if (found < all.size() / 8) {
+        std::sort(items.begin() + std::ptrdiff_t(start), items.end(), LiesBelow);
+        return;
+    }
+    // A large part of all: picked from the order that is there already.
+    std::vector<bool> isFound(state_->flags.size());
+    for (std::size_t i = start; i < items.size(); ++i) isFound[items[i]->Id()] = true;
+    items.resize(start);
+    std::ranges::copy_if(all, std::back_inserter(items),
+                         [&](const Item *item) { return bool(isFound[item->Id()]); });
+}
+
+QRectF Scene::Bounds(const Item &item) {
+    state_->Update(surface_);
+    if (state_->Is(item.Id(), State::kIndexed)) return ToRect(state_->boxes[item.Id()]);
+    return ToRect(ToBox(PaintBounds(item, surface_.Measure())));
+}
+
+QRectF Scene::Extent() {
+    state_->Update(surface_);
+    return state_->tree.empty() ? QRectF() : ToRect(state_->tree.bounds());
+}
+
+QPainterPath Scene::NodeOutline(const Node &node) {
+    return Outline(node.Shape(), node.ShapeOrientation(), node.Bounds());
+}
+QPainterPath Scene::LinkPath(const Link &link) { return WayPath(link); }
+QRectF Scene::LabelBounds(const Link &link) { return LabelBox(link, surface_.Measure()); }
+
+std::vector<Crossing> Scene::Crossings(const Link &link) {
+    std::vector<Crossing> crossings;
+    if (link.JumpStyle() == 0 || link.Hidden() || IsCurved(link)) return crossings;
+    state_->Update(surface_);
+    const std::vector<QPointF> way = WayPieces(link);
+    for (std::size_t i = 1; i < way.size(); ++i) {
+        const QLineF segment(way[i - 1], way[i]);
+        const auto cross = [&](const Entry &entry) {
+            const Link *other = entry.second->AsLink();
+            if (!other || other == &link || !LiesBelow(other, &link)) return;
+            const std::vector<QPointF> pieces = WayPieces(*other);
+            for (std::size_t k = 1; k < pieces.size(); ++k) {
+                const double share = CrossingShare(segment, QLineF(pieces[k - 1], pieces[k]));
+                if (share < 0) continue;
+                crossings.push_back({int(i) - 1, share * segment.length(), segment.pointAt(share)});
+            }
+        };
+        const auto first = std::ptrdiff_t(crossings.size());
+        state_->tree.query(bg::index::intersects(ToBox(QRectF(segment.p1(), segment.p2()).normalized())),
+                           boost::make_function_output_iterator(cross));
+        std::sort(crossings.begin() + first, crossings.end(),
+                  [](const Crossing &a, const Crossing &b) { return a.along < b.along; });
+    }
+    return crossings;
+}
+
+Scene::Damage Scene::TakeDamage() {
+    state_->Update(surface_);
+    return std::exchange(state_->damage, {});
+}
+
+} // namespace diagram

@@ -1,0 +1,72 @@
+// What is derived from a surface for painting and hit testing: bounds, spatial index, crossings. It can be
+// thrown away and built again at any time with the same result.
+#pragma once
+
+#include "diagram/model/ChangeLog.h"
+
+#include <memory>
+#include <QPainterPath>
+#include <QRectF>
+#include <vector>
+
+namespace diagram {
+
+class Surface;
+class Node;
+class Link;
+
+// A place where a link with a jump style meets a link that lies lower in the stacking.
+struct Crossing {
+    int segment = 0;  // of the link that jumps
+    double along = 0; // distance from the segment's start, twips
+    QPointF point;
+};
+
+// Bounds are in twips and hold everything that painting touches: border, shadow, arrow heads, label, text
+// that sticks out. Work is put off: a change only notes the item, the next question brings the index up to
+// date.
+class Scene : private SurfaceObserver {
+public:
+    explicit Scene(Surface &surface);
+    ~Scene() override;
+    Scene(const Scene &) = delete;
+    Scene &operator=(const Scene &) = delete;
+
+    Surface &Model() const { return surface_; }
+
+    // Items that aren't hidden and whose bounds touch `area`, from the lowest to the highest. Appends to
+    // `items`, which the caller clears: the buffer is meant to be used again.
+    void ItemsIn(const QRectF &area, std::vector<Item *> &items);
+    QRectF Bounds(const Item &item);
+    // Union of the bounds of everything that isn't hidden; empty for an empty surface.
+    QRectF Extent();
+    QPainterPath NodeOutline(const Node &node);
+    // The line of the link as it is painted, without jumps and arrow heads: straight segments, or curves.
+    QPainterPath LinkPath(const Link &link);
+    // Where the label stands; empty without text.
+    QRectF LabelBounds(const Link &link);
+    // Jumps of `link` in order along its way; empty for jump style 0 and for curves.
+    std::vector<Crossing> Crossings(const Link &link);
+
+    // Bounds, old and new, of what has changed since the last call; the view paints these again, with what it
+    // draws around items by itself, handles above all. The first call gives everything. `everything` is set
+    // when the whole surface must be painted.
+    struct Damage {
+        bool everything = false;
+        std::vector<QRectF> areas;
+    };
+    Damage TakeDamage();
+
+private:
+    void ItemAdded(Item &item) override;
+    void ItemChanged(Item &item, Change what) override;
+    void ItemRemoved(Item &item) override;
+    void SurfaceChanged(Change what) override;
+    void Cleared() override;
+
+    struct State; // holds the R-tree
+    Surface &surface_;
+    std::unique_ptr<State> state_;
+};
+
+} // namespace diagram

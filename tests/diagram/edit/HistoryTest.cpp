@@ -1,0 +1,308 @@
+#include "diagram/edit/History.h"
+
+#include "support/Error.h"
+#include "tests/diagram/model/RandomSurface.h"
+
+#include <gtest/gtest.h>
+
+using namespace diagram;
+using namespace diagram::testing;
+
+namespace {
+
+struct Drawn {
+    Surface surface;
+    Drawn() { AttachHistory(surface); }
+    Node &AddNode(float left = 0, float top = 0) { return surface.Nodes().Add(left, top, 1000, 500); }
+};
+
+std::vector<Point> Bends(const Link &link) { return link.Way(); }
+
+} // namespace
+
+class HistoryAtRandom : public ::testing::TestWithParam<unsigned> {};
+
+TEST_P(HistoryAtRandom, UndoesAllAndRedoesAllExactly) {
+    Dice dice(GetParam());
+    Drawn drawn;
+    Surface &surface = drawn.surface;
+    Fill(surface, dice, 60);
+    std::vector<QString> states{Dump(surface)};
+    for (int step = 0; step < 30; ++step) {
+        ActionGroup group(surface);
+        Fill(surface, dice, dice.Roll(1, 12));
+        if (dice.Flip()) {
+            ActionGroup inner(surface);
+            Fill(surface, dice, 3);
+        }
+    }
+    const QString end = Dump(surface);
+    int steps = 0;
+    while (surface.CanUndo()) {
+        surface.Undo();
+        ++steps;
+    }
+    ASSERT_EQ(Differing(states[0], Dump(surface)), "");
+    for (int i = 0; i < steps; ++i) surface.Redo();
+    EXPECT_EQ(Differing(end, Dump(surface)), "");
+    EXPECT_FALSE(surface.CanRedo());
+}
+
+TEST_P(HistoryAtRandom, StopsAtEachStepOnTheWay) {
+    Dice dice(GetParam() + 1000);
+    Drawn drawn;
+    Surface &surface = drawn.surface;
+    Fill(surface, dice, 40);
+    std::vector<QString> states{Dump(surface)};
+    for (int step = 0; step < 12; ++step) {
+        surface.BeginAction(1);
+        Fill(surface, dice, 6);
+        surface.EndAction();
+        const QString state = Dump(surface);
+        if (state != states.back()) states.push_back(state);
+    }
+    for (int round = 0; round < 3; ++round) {
+        for (std::size_t i = states.size() - 1; i > 0; --i) {
+            surface.Undo();
+            ASSERT_EQ(Differing(states[i - 1], Dump(surface)), "") << "undo to " << i - 1;
+        }
+        EXPECT_FALSE(surface.CanUndo());
+        for (std::size_t i = 1; i < states.size(); ++i) {
+            surface.Redo();
+            ASSERT_EQ(Differing(states[i], Dump(surface)), "") << "redo to " << i;
+        }
+    }
+}
+
+TEST_P(HistoryAtRandom, WritesOutsideOfGroupsHarmNeitherUndoNorRedo) {
+    Dice dice(GetParam() + 2000);
+    Drawn drawn;
+    Surface &surface = drawn.surface;
+    for (int round = 0; round < 120; ++round) {
+        const int what = dice.Roll(0, 5);
+        if (what == 0) surface.Undo();
+        if (what == 1) surface.Redo();
+        if (what == 2) Fill(surface, dice, 3);
+        if (what > 2) {
+            ActionGroup group(surface);
+            Fill(surface, dice, 4);
+        }
+        for (const auto &link : surface.Links()) {
+            ASSERT_GE(link->Way().size(), 2U);
+            ASSERT_EQ(surface.FindNode(link->Data().source), &link->Source());
+        }
+        for (Node &node : surface.Nodes()) {
+            ASSERT_TRUE(node.Key().isEmpty() || surface.Nodes().Find(node.Key()) == &node);
+        }
+        ASSERT_EQ(surface.StackingOrder().size(),
+                  surface.Links().size() + std::size_t(surface.Nodes().Count()));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, HistoryAtRandom, ::testing::Range(1U, 26U));
+
+TEST(History, OneGroupIsOneStep) {
+    Drawn drawn;
+    Node &node = drawn.AddNode();
+    drawn.surface.BeginAction(5);
+    node.SetText(QStringLiteral("a"));
+    node.SetFillColor(7);
+    drawn.surface.EndAction();
+    drawn.surface.Undo();
+    EXPECT_EQ(node.Text(), QString());
+    EXPECT_EQ(node.FillColor(), support::kWhite);
+    EXPECT_FALSE(drawn.surface.CanUndo());
+}
+
+TEST(History, AGroupWithoutAnyDifferenceIsNoStep) {
+    Drawn drawn;
+    Node &node = drawn.AddNode();
+    {
+        ActionGroup group(drawn.surface);
+        node.SetText(QStringLiteral("a"));
+        node.SetText(QString());
+        drawn.surface.Remove(drawn.AddNode());
+    }
+    EXPECT_FALSE(drawn.surface.CanUndo());
+}
+
+TEST(History, InnerGroupsBelongToTheOutermost) {
+    Drawn drawn;
+    Node &node = drawn.AddNode();
+    {
+        ActionGroup outer(drawn.surface);
+        node.SetText(QStringLiteral("a"));
+        {
+            ActionGroup inner(drawn.surface);
+            node.SetText(QStringLiteral("b"));
+        }
+        EXPECT_FALSE(drawn.surface.CanUndo());
+    }
+    drawn.surface.Undo();
+    EXPECT_EQ(node.Text(), QString());
+}
+
+TEST(History, UndoInAnOpenGroupIsError5) {
+    Drawn drawn;
+    ActionGroup group(drawn.surface);
+    try {
+        drawn.surface.Undo();
+        FAIL() << "no error";
+    } catch (const support::Error &error) {
+        EXPECT_EQ(error.Number(), 5);
+    }
+}
+
+TEST(History, WritesOutsideOfGroupsAreNoSteps) {
+    Drawn drawn;
+    drawn.AddNode().SetText(QStringLiteral("a"));
+    EXPECT_FALSE(drawn.surface.CanUndo());
+}
+
+TEST(History, UndoLeavesPropertiesWrittenOutsideOfGroups) {
+    Drawn drawn;
+    Node &node = drawn.AddNode();
+    {
+        ActionGroup group(drawn.surface);
+        node.SetText(QStringLiteral("a"));
+    }
+    node.SetFont(Font(QStringLiteral("Courier"), 12));
+    drawn.surface.Undo();
+    EXPECT_EQ(node.Text(), QString());
+    EXPECT_EQ(node.Font().Name(), QStringLiteral("Courier"));
+}
+
+TEST(History, AnItemThatIsGoneIsPassedOver) {
+    Drawn drawn;
+    Node &node = drawn.AddNode();
+    {
+        ActionGroup group(drawn.surface);
+        node.SetText(QStringLiteral("a"));
+    }
+    drawn.surface.Remove(node);
+    drawn.surface.Undo();
+    EXPECT_EQ(drawn.surface.Nodes().Count(), 0);
+    drawn.surface.Redo();
+    EXPECT_EQ(drawn.surface.Nodes().Count(), 0);
+}
+
+TEST(History, ANewStepDropsWhatCouldBeRedone) {
+    Drawn drawn;
+    Node &node = drawn.AddNode();
+    {
+        ActionGroup group(drawn.surface);
+        node.SetText(QStringLiteral("a"));
+    }
+    drawn.surface.Undo();
+    ASSERT_TRUE(drawn.surface.CanRedo());
+    {
+        ActionGroup group(drawn.surface);
+        node.SetText(QStringLiteral("b"));
+    }
+    EXPECT_FALSE(drawn.surface.CanRedo());
+}
+
+TEST(History, MovingANodeBringsBackTheFormerPointsOfItsLinks) {
+    Drawn drawn;
+    Node &a = drawn.AddNode(), &b = drawn.AddNode(5000, 5000);
+    Link &link = a.Links().Add(b);
+    link.SetAddPointsMode(true);
+    link.Points().Assign({{1000, 250}, {2222, 333}, {5000, 5250}});
+    link.SetAddPointsMode(false);
+    const auto before = Bends(link);
+    {
+        ActionGroup group(drawn.surface);
+        b.SetBounds(9000, 100, 1000, 500);
+    }
+    EXPECT_NE(Bends(link), before);
+    drawn.surface.Undo();
+    EXPECT_EQ(Bends(link), before);
+}
+
+TEST(History, ALinkOfANodeMovedBackByUndoIsRoutedWhenItsPointsChangedSince) {
+    Drawn drawn;
+    Node &a = drawn.AddNode(), &b = drawn.AddNode(5000, 5000);
+    Link &link = a.Links().Add(b);
+    {
+        ActionGroup group(drawn.surface);
+        b.SetTop(100);
+    }
+    link.SetStyle(5); // outside of any group
+    drawn.surface.Undo();
+    EXPECT_FLOAT_EQ(link.Way().back().y, b.Top() + b.Height() / 2);
+    EXPECT_EQ(link.Way().size(), 4U);
+}
+
+TEST(History, DeletedItemsComeBackWithIdentityAndPlace) {
+    Drawn drawn;
+    Node &a = drawn.AddNode(), &b = drawn.AddNode(5000, 5000);
+    drawn.AddNode(7000, 7000);
+    a.Links().Add(b);
+    a.SetKey(QStringLiteral("{A}"));
+    const QString before = Dump(drawn.surface);
+    b.SetSelected(true);
+    drawn.surface.DeleteSelection();
+    EXPECT_EQ(drawn.surface.Links().size(), 0U);
+    drawn.surface.Undo();
+    EXPECT_EQ(Dump(drawn.surface), before);
+    EXPECT_EQ(drawn.surface.SelectedNode(), nullptr);
+}
+
+TEST(History, AKeyGivenAfterTheStepLastsThroughUndoAndRedo) {
+    Drawn drawn;
+    {
+        ActionGroup group(drawn.surface);
+        drawn.AddNode();
+    }
+    drawn.surface.Nodes().Item(1).SetKey(QStringLiteral("{A}"));
+    drawn.surface.Undo();
+    EXPECT_EQ(drawn.surface.Nodes().Find(QStringLiteral("{A}")), nullptr);
+    drawn.surface.Redo();
+    EXPECT_EQ(drawn.surface.Nodes().Item(QStringLiteral("{A}")).Id(), drawn.surface.Nodes().Item(1).Id());
+}
+
+TEST(History, KeysChangedCrosswiseComeBack) {
+    Drawn drawn;
+    Node &a = drawn.AddNode(), &b = drawn.AddNode();
+    a.SetKey(QStringLiteral("{A}"));
+    b.SetKey(QStringLiteral("{B}"));
+    {
+        ActionGroup group(drawn.surface);
+        a.SetKey(QString());
+        b.SetKey(QStringLiteral("{A}"));
+        a.SetKey(QStringLiteral("{B}"));
+    }
+    drawn.surface.Undo();
+    EXPECT_EQ(a.Key(), QStringLiteral("{A}"));
+    EXPECT_EQ(b.Key(), QStringLiteral("{B}"));
+    EXPECT_EQ(&drawn.surface.Nodes().Item(QStringLiteral("{B}")), &b);
+}
+
+TEST(History, CancelTakesBackTheGroupAndKeepsRedo) {
+    Drawn drawn;
+    Node &node = drawn.AddNode();
+    {
+        ActionGroup group(drawn.surface);
+        node.SetText(QStringLiteral("a"));
+    }
+    drawn.surface.Undo();
+    const QString before = Dump(drawn.surface);
+    drawn.surface.BeginAction(1);
+    node.SetLeft(700);
+    drawn.AddNode();
+    drawn.surface.CancelAction();
+    EXPECT_EQ(Dump(drawn.surface), before);
+    EXPECT_TRUE(drawn.surface.CanRedo());
+    EXPECT_FALSE(drawn.surface.CanUndo());
+}
+
+TEST(History, SelectingIsNeverRecorded) {
+    Drawn drawn;
+    Node &node = drawn.AddNode();
+    {
+        ActionGroup group(drawn.surface);
+        node.SetSelected(true);
+    }
+    EXPECT_FALSE(drawn.surface.CanUndo());
+    EXPECT_TRUE(node.Selected());
+}

@@ -1,0 +1,255 @@
+#include "diagram/format/SurfaceFile.h"
+
+#include "diagram/edit/History.h"
+#include "diagram/format/Content.h"
+#include "support/Error.h"
+#include "tests/diagram/model/RandomSurface.h"
+
+#include <gtest/gtest.h>
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace diagram;
+using namespace diagram::testing;
+
+namespace {
+
+template <typename Body>
+long NumberOf(Body body) {
+    try {
+        body();
+    } catch (const support::Error &error) {
+        return error.Number();
+    }
+    return 0;
+}
+
+// The same with the two values that a file doesn't keep set to those of a new surface.
+QString StoredDump(Surface &surface) {
+    SurfaceData data = surface.Data();
+    data.picture = {};
+    data.backColor = support::kWhite;
+    surface.Overwrite(data);
+    return Dump(surface, true);
+}
+
+QByteArray SmallFile() {
+    Dice dice(3);
+    Surface surface;
+    surface.Nodes().Add(0, 0, 100, 100).SetText(QStringLiteral("one"));
+    surface.Nodes().Add(900, 0, 100, 100).SetPicture(Picture::FromImage(QImage(2, 2, QImage::Format_RGB32)));
+    surface.Nodes().Item(1).Links().Add(surface.Nodes().Item(2)).SetStyle(5);
+    surface.Nodes().Item(1).SetKey(QStringLiteral("{A}"));
+    return SaveBytes(surface);
+}
+
+// The content of one sound file, changed, as a file again.
+template <typename Change>
+QByteArray Changed(Change change) {
+    Content content = Decode(SmallFile(), ContentKind::Surface);
+    change(content);
+    return Encode(content);
+}
+
+void ExpectRefused(const QByteArray &bytes) {
+    Surface surface;
+    surface.Nodes().Add(1, 2, 3, 4);
+    const QString before = Dump(surface);
+    EXPECT_EQ(NumberOf([&] { LoadBytes(surface, bytes); }), 321);
+    EXPECT_EQ(Dump(surface), before);
+}
+
+} // namespace
+
+class SurfaceFileAtRandom : public ::testing::TestWithParam<unsigned> {};
+
+TEST_P(SurfaceFileAtRandom, EverythingComesBack) {
+    Dice dice(GetParam());
+    Surface surface;
+    Fill(surface, dice, 600);
+    const QByteArray bytes = SaveBytes(surface);
+    Surface loaded;
+    LoadBytes(loaded, bytes);
+    EXPECT_EQ(Differing(StoredDump(surface), StoredDump(loaded)), "");
+    EXPECT_EQ(SaveBytes(loaded).size(), bytes.size());
+}
+
+TEST_P(SurfaceFileAtRandom, DamageBehindTheCheckSumIsRefusedOrRead) {
+    Dice dice(GetParam());
+    Surface surface;
+    Fill(surface, dice, 80);
+    const QByteArray body = SaveBytes(surface).sliced(SealSize());
+    for (int round = 0; round < 400; ++round) {
+        QByteArray damaged = body;
+        for (int flips = dice.Roll(1, 4); flips > 0; --flips) {
+            damaged[dice.Roll(0, int(damaged.size()) - 1)] = char(dice.Roll(0, 255));
+        }
+        Surface loaded;
+        const long number = NumberOf([&] { LoadBytes(loaded, Seal(damaged)); });
+        EXPECT_TRUE(number == 0 || number == 321) << number;
+        EXPECT_EQ(NumberOf([&] { Dump(loaded); }), 0);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, SurfaceFileAtRandom, ::testing::Range(1U, 16U));
+
+TEST(SurfaceFile, KeepsPictureAndBackColourOfTheSurface) {
+    Surface surface;
+    surface.SetBackColor(0x123456);
+    const Picture picture = Picture::FromImage(QImage(3, 3, QImage::Format_RGB32));
+    surface.SetPicture(picture);
+    LoadBytes(surface, SmallFile());
+    EXPECT_EQ(surface.BackColor(), 0x123456);
+    EXPECT_EQ(surface.Picture(), picture);
+    EXPECT_EQ(surface.Nodes().Count(), 2);
+}
+
+TEST(SurfaceFile, LoadingForgetsTheHistory) {
+    Surface surface;
+    AttachHistory(surface);
+    {
+        ActionGroup group(surface);
+        surface.Nodes().Add(1, 2, 3, 4);
+    }
+    LoadBytes(surface, SmallFile());
+    EXPECT_FALSE(surface.CanUndo());
+}
+
+TEST(SurfaceFile, FontsAndPicturesStandOnceAndAreShared) {
+    Surface surface;
+    const QImage image(50, 50, QImage::Format_RGB32);
+    for (int i = 0; i < 20; ++i) {
+        Node &node = surface.Nodes().Add(0, 0, 10, 10);
+        node.SetPicture(Picture::FromImage(image));
+        node.SetFont(Font(QStringLiteral("A font with a rather long name"), 9));
+    }
+    const QByteArray bytes = SaveBytes(surface);
+    EXPECT_LT(bytes.size(), 20 * 60 + 400);
+    Surface loaded;
+    LoadBytes(loaded, bytes);
+    EXPECT_EQ(loaded.Nodes().Item(1).Picture().Identity(), loaded.Nodes().Item(20).Picture().Identity());
+}
+
+TEST(SurfaceFile, AFileCutOffAtAnyLengthIsRefused) {
+    const QByteArray bytes = SmallFile();
+    for (qsizetype size = 0; size < bytes.size(); ++size) ExpectRefused(bytes.first(size));
+    const QByteArray body = bytes.sliced(SealSize());
+    for (qsizetype size = 0; size < body.size(); ++size) ExpectRefused(Seal(body.first(size)));
+}
+
+TEST(SurfaceFile, AnyChangedByteIsRefused) {
+    const QByteArray bytes = SmallFile();
+    for (qsizetype i = 0; i < bytes.size(); ++i) {
+        QByteArray changed = bytes;
+        changed[i] = char(changed[i] ^ 0x10);
+        ExpectRefused(changed);
+    }
+}
+
+TEST(SurfaceFile, BytesBehindTheEndAreRefused) {
+    ExpectRefused(SmallFile() + 'x');
+    ExpectRefused(Seal(SmallFile().sliced(SealSize()) + 'x'));
+}
+
+TEST(SurfaceFile, UnsoundContentIsRefused) {
+    ExpectRefused(Changed([](Content &c) { c.nodes[0].data.shape = 20; }));
+    ExpectRefused(Changed([](Content &c) { c.nodes[0].data.width = -1; }));
+    ExpectRefused(
+        Changed([](Content &c) { c.nodes[0].data.left = std::numeric_limits<float>::quiet_NaN(); }));
+    ExpectRefused(Changed([](Content &c) { c.nodes[0].data.stack = std::numeric_limits<StackKey>::max(); }));
+    ExpectRefused(Changed([](Content &c) { c.nodes[1].data.key = c.nodes[0].data.key; }));
+    ExpectRefused(Changed([](Content &c) { c.nodes[1].id = c.nodes[0].id; }));
+    ExpectRefused(Changed([](Content &c) { c.nodes[0].id = 0; }));
+    ExpectRefused(Changed([](Content &c) { c.links[0].id = c.nodes[0].id; }));
+    ExpectRefused(Changed([](Content &c) { c.links[0].data.destination = 99; }));
+    ExpectRefused(Changed([](Content &c) { c.links[0].data.points.resize(1); }));
+    ExpectRefused(Changed([](Content &c) { c.links[0].data.style = 15; }));
+    ExpectRefused(Changed([](Content &c) { c.surface.xZoom = -1; }));
+    ExpectRefused(Changed([](Content &c) { c.surface.defaults.shape = 49; }));
+    Surface surface;
+    LoadBytes(surface, Changed([](Content &) {}));
+    EXPECT_EQ(surface.Links().size(), 1U);
+}
+
+TEST(SurfaceFile, FarOffIdentitiesAreDrawnTogether) {
+    Surface surface;
+    LoadBytes(surface, Changed([](Content &c) {
+                  c.nodes[1].id = c.links[0].data.destination = 0xFFFFFFF0U;
+                  c.links[0].id = 0xFFFFFFFFU;
+              }));
+    EXPECT_LE(surface.NextId(), 4U);
+}
+
+TEST(SurfaceFile, LoadFileReadsWhatSaveFileWrote) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("Plän 'x' 日本.nd"));
+    Surface surface;
+    LoadBytes(surface, SmallFile());
+    SaveFile(surface, path);
+    Surface loaded;
+    LoadFile(loaded, path);
+    EXPECT_EQ(Differing(Dump(surface, true), Dump(loaded, true)), "");
+    EXPECT_EQ(NumberOf([&] { LoadFile(loaded, folder.filePath(QStringLiteral("none.nd"))); }), 53);
+    QFile other(folder.filePath(QStringLiteral("other.nd")));
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    other.write("something else");
+    other.close();
+    EXPECT_EQ(NumberOf([&] { LoadFile(loaded, other.fileName()); }), 321);
+    EXPECT_EQ(loaded.Nodes().Count(), 2);
+}
+
+TEST(Selection, TakesNodesAndTheLinksBetweenThem) {
+    Surface surface;
+    Node &a = surface.Nodes().Add(0, 0, 100, 100), &b = surface.Nodes().Add(900, 0, 100, 100);
+    Node &c = surface.Nodes().Add(900, 900, 100, 100);
+    a.Links().Add(b).SetText(QStringLiteral("in"));
+    b.Links().Add(c).SetSelected(true);
+    a.SetSelected(true);
+    b.SetSelected(true);
+    const QByteArray bytes = SaveSelection(surface);
+    Surface target;
+    PasteBytes(target, bytes, 50, 70);
+    ASSERT_EQ(target.Nodes().Count(), 2);
+    ASSERT_EQ(target.Links().size(), 1U);
+    EXPECT_EQ(target.Links()[0]->Text(), QStringLiteral("in"));
+    EXPECT_EQ(target.Nodes().Item(2).Left(), 950);
+    EXPECT_EQ(target.Nodes().Item(2).Top(), 70);
+    EXPECT_EQ(target.Links()[0]->Way()[0].y, a.Links().Item(0).Way()[0].y + 70);
+}
+
+TEST(Selection, PastedItemsComeOnTopSelectedAndAsOneStep) {
+    Surface surface;
+    AttachHistory(surface);
+    Node &a = surface.Nodes().Add(0, 0, 100, 100), &b = surface.Nodes().Add(900, 0, 100, 100);
+    a.BringToFront();
+    a.SetSelected(true);
+    b.SetSelected(true);
+    PasteBytes(surface, SaveSelection(surface), 0, 0);
+    EXPECT_EQ(surface.Nodes().Count(), 4);
+    EXPECT_FALSE(a.Selected());
+    EXPECT_EQ(surface.SelectedNodes().size(), 2U);
+    EXPECT_EQ(surface.Nodes().Item(4).ZOrder(), 2);
+    EXPECT_EQ(surface.Nodes().Item(3).ZOrder(), 3); // the copy of the one in front
+    surface.Undo();
+    EXPECT_EQ(surface.Nodes().Count(), 2);
+    EXPECT_FALSE(surface.CanUndo());
+}
+
+TEST(Selection, KeysAreKeptUnlessTheyAreTaken) {
+    Surface surface;
+    Node &a = surface.Nodes().Add(0, 0, 100, 100);
+    a.SetKey(QStringLiteral("{A}"));
+    a.SetSelected(true);
+    const QByteArray bytes = SaveSelection(surface);
+    PasteBytes(surface, bytes, 0, 0);
+    EXPECT_EQ(surface.Nodes().Item(2).Key(), QString());
+    Surface other;
+    PasteBytes(other, bytes, 0, 0);
+    EXPECT_EQ(other.Nodes().Item(1).Key(), QStringLiteral("{A}"));
+}
+
+TEST(Selection, AFileIsNoSelectionAndTheOtherWayRound) {
+    Surface surface;
+    EXPECT_EQ(NumberOf([&] { PasteBytes(surface, SmallFile(), 0, 0); }), 321);
+    EXPECT_EQ(NumberOf([&] { LoadBytes(surface, SaveSelection(surface)); }), 321);
+}

@@ -1,0 +1,50 @@
+#include "diagram/geometry/Polyline.h"
+
+#include <gtest/gtest.h>
+
+namespace diagram {
+
+static const std::vector<QPointF> kCorner{{0, 0}, {10, 0}, {10, 30}};
+
+TEST(Polyline, WayLength_AddsTheSegments) {
+    EXPECT_DOUBLE_EQ(WayLength(kCorner), 40);
+    EXPECT_DOUBLE_EQ(WayLength(std::span(kCorner).first(1)), 0);
+}
+
+TEST(Polyline, PlaceOnWay_TellsPointDirectionAndSegment) {
+    const WayPlace place = PlaceOnWay(kCorner, 20);
+    EXPECT_EQ(place.point, QPointF(10, 10));
+    EXPECT_EQ(place.direction, QPointF(0, 1));
+    EXPECT_EQ(place.segment, 1u);
+}
+
+TEST(Polyline, PlaceOnWay_HoldsTheDistanceBetweenTheEnds) {
+    EXPECT_EQ(PlaceOnWay(kCorner, -5).point, QPointF(0, 0));
+    EXPECT_EQ(PlaceOnWay(kCorner, 99).point, QPointF(10, 30));
+}
+
+TEST(Polyline, PlaceOnWay_OfAWayWithoutLengthHasADirection) {
+    const std::vector<QPointF> dot{{3, 4}, {3, 4}};
+    EXPECT_EQ(PlaceOnWay(dot, 0).point, QPointF(3, 4));
+    EXPECT_EQ(PlaceOnWay(dot, 1).direction, QPointF(1, 0));
+}
+
+TEST(Polyline, CutStart_DropsTheSegmentsThatAreEaten) {
+    std::vector<QPointF> way = kCorner;
+    CutStart(way, 15);
+    EXPECT_EQ(way, (std::vector<QPointF>{{10, 5}, {10, 30}}));
+}
+
+TEST(Polyline, CutEnd_ShortensTheLastSegment) {
+    std::vector<QPointF> way = kCorner;
+    CutEnd(way, 10);
+    EXPECT_EQ(way, (std::vector<QPointF>{{0, 0}, {10, 0}, {10, 20}}));
+}
+
+TEST(Polyline, CutStart_OfMoreThanTheWayLeavesItsEnd) {
+    std::vector<QPointF> way = kCorner;
+    CutStart(way, 100);
+    EXPECT_EQ(way, (std::vector<QPointF>{{10, 30}, {10, 30}}));
+}
+
+} // namespace diagram

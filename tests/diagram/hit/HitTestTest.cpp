@@ -1,0 +1,160 @@
+#include "diagram/hit/HitTest.h"
+
+#include "diagram/scene/Scene.h"
+#include "tests/diagram/model/RandomSurface.h"
+
+#include <gtest/gtest.h>
+
+using namespace diagram;
+using namespace diagram::testing;
+
+namespace {
+
+struct Drawn {
+    Surface surface;
+    Scene scene{surface};
+    Node &AddNode(float left, float top, float width = 2000, float height = 1000) {
+        return surface.Nodes().Add(left, top, width, height);
+    }
+    Hit At(double x, double y) { return HitTest(scene, {x, y}); }
+};
+
+} // namespace
+
+TEST(HitTest, EmptySurfaceIsHitNowhere) {
+    Drawn drawn;
+    EXPECT_EQ(drawn.At(0, 0).kind, HitKind::Nothing);
+}
+
+TEST(HitTest, ANodeIsHitInsideItsOutlineOnly) {
+    Drawn drawn;
+    Node &node = drawn.AddNode(0, 0);
+    node.SetShape(3); // a diamond
+    EXPECT_EQ(drawn.At(20, 20).kind, HitKind::Nothing);
+    EXPECT_EQ(drawn.At(600, 500).node, &node);
+}
+
+TEST(HitTest, TheTopmostNodeIsHit) {
+    Drawn drawn;
+    Node &lower = drawn.AddNode(0, 0), &upper = drawn.AddNode(500, 0);
+    EXPECT_EQ(drawn.At(700, 100).node, &upper);
+    lower.BringToFront();
+    EXPECT_EQ(drawn.At(700, 100).node, &lower);
+}
+
+TEST(HitTest, HiddenNodesAreNotHit) {
+    Drawn drawn;
+    drawn.AddNode(0, 0).SetHidden(true);
+    EXPECT_EQ(drawn.At(100, 100).kind, HitKind::Nothing);
+    EXPECT_EQ(NodeAtPoint(drawn.scene, 100, 100), nullptr);
+}
+
+TEST(HitTest, TheMiddleOfANodeStartsALink) {
+    Drawn drawn;
+    drawn.AddNode(0, 0);
+    EXPECT_EQ(drawn.At(1000, 500).kind, HitKind::LinkStart);
+    EXPECT_EQ(drawn.At(1100, 500).kind, HitKind::Node);
+}
+
+TEST(HitTest, ASmallNodeHasNoLinkStart) {
+    Drawn drawn;
+    drawn.AddNode(0, 0, 200, 200);
+    EXPECT_EQ(drawn.At(100, 100).kind, HitKind::Node);
+}
+
+TEST(HitTest, AllEightHandlesOfASelectedNode) {
+    Drawn drawn;
+    Node &node = drawn.AddNode(0, 0);
+    const QPointF places[] = {{0, 0},       {1000, 0},    {2000, 0}, {2000, 500},
+                              {2000, 1000}, {1000, 1000}, {0, 1000}, {0, 500}};
+    EXPECT_EQ(drawn.At(-30, -30).kind, HitKind::Nothing);
+    node.SetSelected(true);
+    for (int i = 0; i < 8; ++i) {
+        const Hit hit = HitTest(drawn.scene, places[i] + QPointF(20, -20));
+        EXPECT_EQ(hit.kind, HitKind::Handle) << i;
+        EXPECT_EQ(hit.index, i);
+    }
+    HitOptions bare;
+    bare.handles = false;
+    EXPECT_EQ(HitTest(drawn.scene, {-30, -30}, bare).kind, HitKind::Nothing);
+}
+
+TEST(HitTest, AHandleCountsBeforeANodeThatLiesOverIt) {
+    Drawn drawn;
+    Node &node = drawn.AddNode(0, 0);
+    drawn.AddNode(1500, 500);
+    node.SetSelected(true);
+    EXPECT_EQ(drawn.At(2000, 1000).kind, HitKind::Handle);
+}
+
+TEST(HitTest, ItemsThatAreNotSelectableHaveNoHandles) {
+    Drawn drawn;
+    Node &node = drawn.AddNode(0, 0);
+    node.SetSelected(true);
+    node.SetSelectable(false);
+    EXPECT_EQ(drawn.At(10, 10).kind, HitKind::Node);
+    EXPECT_EQ(drawn.At(1000, 500).kind, HitKind::Node);
+}
+
+TEST(HitTest, ALinkIsHitBySegmentWithinTheTolerance) {
+    Drawn drawn;
+    Link &link = drawn.AddNode(0, 0).Links().Add(drawn.AddNode(8000, 4000));
+    link.SetStyle(5);
+    const auto &way = link.Way();
+    const Hit hit = drawn.At(way[1].x + 40, 2500);
+    EXPECT_EQ(hit.kind, HitKind::Link);
+    EXPECT_EQ(hit.link, &link);
+    EXPECT_EQ(hit.index, 1);
+    EXPECT_EQ(drawn.At(way[1].x + 80, 2500).kind, HitKind::Nothing);
+    EXPECT_EQ(LinkAtPoint(drawn.scene, way[1].x, 2500), &link);
+    EXPECT_EQ(LinkAtPoint(drawn.scene, way[1].x + 300, 2500), nullptr);
+    EXPECT_EQ(LinkAtPoint(drawn.scene, way[1].x + 300, 2500, 400), &link);
+}
+
+TEST(HitTest, ACurveIsHitOnItsLineAndNotBetweenItsPoints) {
+    Drawn drawn;
+    Link &link = drawn.AddNode(0, 0).Links().Add(drawn.AddNode(9000, 6000));
+    link.SetStyle(1);
+    const QPointF on = drawn.scene.LinkPath(link).pointAtPercent(0.3);
+    EXPECT_EQ(HitTest(drawn.scene, on).kind, HitKind::Link);
+    EXPECT_EQ(HitTest(drawn.scene, ToQPointF(link.Way()[1])).kind, HitKind::Nothing);
+}
+
+TEST(HitTest, BendsAndSegmentsOfASelectedLink) {
+    Drawn drawn;
+    Link &link = drawn.AddNode(0, 0).Links().Add(drawn.AddNode(8000, 4000));
+    link.SetStyle(5);
+    const auto way = link.Way();
+    EXPECT_EQ(HitTest(drawn.scene, ToQPointF(way[1])).kind, HitKind::Link);
+    link.SetSelected(true);
+    const Hit bend = HitTest(drawn.scene, ToQPointF(way[1]));
+    EXPECT_EQ(bend.kind, HitKind::Bend);
+    EXPECT_EQ(bend.index, 1);
+    const Hit segment = HitTest(drawn.scene, (ToQPointF(way[1]) + ToQPointF(way[2])) / 2);
+    EXPECT_EQ(segment.kind, HitKind::SegmentHandle);
+    EXPECT_EQ(segment.index, 1);
+}
+
+TEST(HitTest, TheLabelOfALinkIsHitAsLabel) {
+    Drawn drawn;
+    Link &link = drawn.AddNode(0, 0).Links().Add(drawn.AddNode(8000, 0));
+    link.SetText(QStringLiteral("a label"));
+    const QRectF label = drawn.scene.LabelBounds(link);
+    EXPECT_EQ(HitTest(drawn.scene, label.topLeft() + QPointF(5, 5)).kind, HitKind::LinkLabel);
+}
+
+TEST(HitTest, FindsTheSameAsLookingAtEveryNode) {
+    Dice dice(7);
+    Drawn drawn;
+    Fill(drawn.surface, dice, 400);
+    for (int i = 0; i < 500; ++i) {
+        const QPointF point(dice.Real(-9000, 12000), dice.Real(-9000, 12000));
+        const Node *expected = nullptr;
+        for (Item *item : drawn.surface.StackingOrder()) {
+            const Node *node = item->AsNode();
+            if (!node || node->Hidden() || node->Width() < 15 || node->Height() < 15) continue;
+            if (drawn.scene.NodeOutline(*node).contains(point)) expected = node;
+        }
+        ASSERT_EQ(NodeAtPoint(drawn.scene, float(point.x()), float(point.y())), expected);
+    }
+}

@@ -1,0 +1,116 @@
+#include "diagram/model/Font.h"
+#include "diagram/model/Picture.h"
+#include "support/Error.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+#include <QBuffer>
+#include <QTemporaryDir>
+
+using namespace diagram;
+
+namespace {
+
+template <typename Body>
+long NumberOf(Body body) {
+    try {
+        body();
+    } catch (const support::Error &error) {
+        return error.Number();
+    }
+    return 0;
+}
+
+QByteArray Encoded(const QImage &image, const char *format) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return bytes;
+}
+
+QImage Red(int width, int height) {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    return image;
+}
+
+} // namespace
+
+TEST(Font, TheDefaultIsArial8) {
+    EXPECT_EQ(Font(), Font(QStringLiteral("Arial"), 8));
+    EXPECT_EQ(Font().Hash(), Font(QStringLiteral("Arial"), 8).Hash());
+}
+
+TEST(Font, IsEqualByItsSixValues) {
+    const Font font(QStringLiteral("Courier"), 9, true, false, true, false);
+    Font other = font;
+    EXPECT_EQ(other, font);
+    other.SetItalic(true);
+    EXPECT_FALSE(other == font);
+    EXPECT_FALSE(font.Italic());
+    other.SetItalic(false);
+    EXPECT_EQ(other, font);
+}
+
+TEST(Font, SizesAreKeptToFourPlacesWithinTheirRange) {
+    EXPECT_EQ(Font(QStringLiteral("A"), 8.25).Size(), 8.25);
+    EXPECT_EQ(Font(QStringLiteral("A"), 9.750049).Size(), 9.75);
+    for (double bad : {0.0, -1.0, 2161.0, std::numeric_limits<double>::quiet_NaN()}) {
+        EXPECT_EQ(NumberOf([&] { Font().SetSize(bad); }), 380) << bad;
+    }
+}
+
+TEST(Picture, KeepsTheBytesOfEveryFormat) {
+    for (const char *format : {"PNG", "JPG", "BMP"}) {
+        const QByteArray bytes = Encoded(Red(7, 5), format);
+        const Picture picture = Picture::FromBytes(bytes);
+        EXPECT_EQ(picture.Bytes(), bytes);
+        EXPECT_EQ(picture.PixelSize(), QSize(7, 5));
+        EXPECT_EQ(picture.Image().size(), QSize(7, 5));
+    }
+}
+
+TEST(Picture, IsEqualByItsBytesAndSharedByCopies) {
+    const Picture a = Picture::FromImage(Red(2, 2)), b = Picture::FromImage(Red(2, 2)), c = a;
+    EXPECT_EQ(a, b);
+    EXPECT_EQ(a.Identity(), c.Identity());
+    EXPECT_FALSE(a == Picture());
+    EXPECT_TRUE(Picture().IsNull());
+    EXPECT_TRUE(Picture().Image().isNull());
+}
+
+TEST(Picture, BytesThatAreNoPictureAreError481) {
+    EXPECT_EQ(NumberOf([] { Picture::FromBytes("no picture"); }), 481);
+    EXPECT_EQ(NumberOf([] { Picture::FromBytes({}); }), 481);
+    EXPECT_EQ(NumberOf([] { Picture::FromImage({}); }), 481);
+}
+
+TEST(Picture, AHeaderOfTooManyPixelsIsError481) {
+    QByteArray bytes = Encoded(Red(4, 4), "BMP");
+    for (int i : {20, 24}) bytes[i] = 0x7F; // third byte of width and of height
+    EXPECT_EQ(NumberOf([&] { Picture::FromBytes(bytes); }), 481);
+}
+
+TEST(Picture, BrokenDataBehindAHeaderGiveNoImage) {
+    const QByteArray bytes = Encoded(Red(64, 64), "PNG");
+    const Picture picture = Picture::FromBytes(bytes.first(bytes.size() / 2));
+    EXPECT_EQ(picture.PixelSize(), QSize(64, 64));
+    EXPECT_EQ(picture.Bytes().size(), bytes.size() / 2);
+}
+
+TEST(Picture, MeasuresByTheResolutionOfTheFile) {
+    EXPECT_EQ(Picture::FromImage(Red(10, 20)).SizeInTwips(), QSizeF(150, 300));
+    QImage fine = Red(300, 300);
+    fine.setDotsPerMeterX(11811); // 300 an inch
+    fine.setDotsPerMeterY(11811);
+    EXPECT_NEAR(Picture::FromImage(fine).SizeInTwips().width(), 1440, 1);
+}
+
+TEST(Picture, AMissingFileIsError53) {
+    QTemporaryDir folder;
+    EXPECT_EQ(NumberOf([&] { Picture::FromFile(folder.filePath(QStringLiteral("none.png"))); }), 53);
+    const QString path = folder.filePath(QStringLiteral("a.dat"));
+    ASSERT_TRUE(Red(3, 3).save(path, "PNG"));
+    EXPECT_EQ(Picture::FromFile(path).PixelSize(), QSize(3, 3));
+}

@@ -1,0 +1,216 @@
+#include "diagram/shapes/Router.h"
+
+#include "diagram/shapes/LinkStyles.h"
+#include "diagram/shapes/Shapes.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <QPainterPathStroker>
+#include <random>
+
+using namespace diagram;
+
+namespace {
+
+constexpr int kRectangle = 1, kEllipse = 0, kDiamond = 3;
+
+RouteEnd Box(double left, double top, double width = 1000, double height = 600, int shape = kRectangle) {
+    return {QRectF(left, top, width, height), shape, 0};
+}
+
+RouteRequest Between(int style, const RouteEnd &from, const RouteEnd &to) {
+    RouteRequest request;
+    request.style = style;
+    request.source = from;
+    request.destination = to;
+    return request;
+}
+
+bool LiesOnOutline(const RouteEnd &end, const Point &point) {
+    QPainterPathStroker stroker;
+    stroker.setWidth(6);
+    return stroker.createStroke(Outline(end.shape, end.orientation, end.box)).contains(ToQPointF(point));
+}
+
+bool RunsThrough(const QRectF &box, const Point &from, const Point &to) {
+    const QRectF inside = box.adjusted(1, 1, -1, -1);
+    for (int i = 0; i <= 50; ++i) {
+        if (inside.contains(ToQPointF(from) + (ToQPointF(to) - ToQPointF(from)) * (i / 50.0))) return true;
+    }
+    return false;
+}
+
+int SegmentsThroughBoxes(const RouteRequest &request, const std::vector<Point> &way) {
+    int count = 0;
+    for (std::size_t i = 1; i < way.size(); ++i) {
+        count += RunsThrough(request.source.box, way[i - 1], way[i]);
+        count += RunsThrough(request.destination.box, way[i - 1], way[i]);
+    }
+    return count;
+}
+
+std::string Text(const RouteRequest &request, const std::vector<Point> &way) {
+    const auto box = [](const QRectF &r) {
+        return QStringLiteral("[%1 %2 %3 %4]").arg(r.left()).arg(r.top()).arg(r.right()).arg(r.bottom());
+    };
+    QString text = QStringLiteral("style %1 ").arg(request.style) + box(request.source.box) +
+                   box(request.destination.box);
+    for (const Point &p : way) text += QStringLiteral(" (%1 %2)").arg(p.x).arg(p.y);
+    return text.toStdString();
+}
+
+void ExpectDirections(const RouteRequest &request, const std::vector<Point> &way) {
+    const std::string_view directions = FindLinkStyle(request.style)->directions;
+    ASSERT_EQ(way.size(), directions.size() + 1);
+    for (std::size_t i = 0; i < directions.size(); ++i) {
+        if (directions[i] == 'H') {
+            ASSERT_EQ(way[i].y, way[i + 1].y) << Text(request, way);
+        } else {
+            ASSERT_EQ(way[i].x, way[i + 1].x) << Text(request, way);
+        }
+    }
+}
+
+class RouterStyle : public ::testing::TestWithParam<int> {
+protected:
+    const LinkStyleRow &Row() const { return *FindLinkStyle(GetParam()); }
+    bool IsOrthogonal() const { return Row().form == LinkForm::Orthogonal; }
+    float Real(float lowest, float highest) {
+        return std::uniform_real_distribution<float>(lowest, highest)(engine_);
+    }
+    std::mt19937 engine_{5};
+};
+
+} // namespace
+
+TEST_P(RouterStyle, HasItsPointsAndDirectionsAndEndsOnTheOutlines) {
+    for (const ShapeRow &shape : ShapeTable()) {
+        for (int round = 0; round < 60; ++round) {
+            RouteRequest request = Between(
+                GetParam(),
+                Box(Real(-5e3F, 5e3F), Real(-5e3F, 5e3F), Real(50, 3e3F), Real(50, 3e3F), shape.value),
+                Box(Real(-5e3F, 5e3F), Real(-5e3F, 5e3F), Real(50, 3e3F), Real(50, 3e3F)));
+            request.source.orientation = round % 4;
+            const auto way = Route(request);
+            ASSERT_EQ(int(way.size()), RoutedPointCount(GetParam()));
+            if (IsOrthogonal()) ExpectDirections(request, way);
+            if (request.source.box.intersects(request.destination.box)) continue;
+            ASSERT_TRUE(LiesOnOutline(request.destination, way.back())) << shape.name << Text(request, way);
+            if (shape.form != ShapeForm::Path) {
+                ASSERT_TRUE(LiesOnOutline(request.source, way.front())) << shape.name << Text(request, way);
+            }
+        }
+    }
+}
+
+TEST_P(RouterStyle, GoesRoundBoxesThatStandApart) {
+    for (int round = 0; round < 3000; ++round) {
+        const RouteRequest request =
+            Between(GetParam(), Box(0, 0, Real(300, 3000), Real(300, 3000)),
+                    Box(Real(-9e3F, 9e3F), Real(-9e3F, 9e3F), Real(300, 3000), Real(300, 3000)));
+        const QRectF &from = request.source.box, &to = request.destination.box;
+        if (from.adjusted(-500, -500, 500, 500).intersects(to)) continue;
+        const auto way = Route(request);
+        if (Row().form == LinkForm::Bezier) continue;
+        ASSERT_EQ(SegmentsThroughBoxes(request, way), 0) << Text(request, way);
+    }
+}
+
+TEST_P(RouterStyle, ALinkToTheSameNodeIsALoopOutsideOfIt) {
+    RouteRequest request = Between(GetParam(), Box(0, 0), Box(0, 0));
+    request.sameNode = true;
+    const auto way = Route(request);
+    if (IsOrthogonal()) ExpectDirections(request, way);
+    EXPECT_TRUE(LiesOnOutline(request.source, way.front()));
+    EXPECT_TRUE(LiesOnOutline(request.source, way.back()));
+    if (Row().directions.size() == 2) return; // two segments only can't leave the box and come back
+    EXPECT_EQ(SegmentsThroughBoxes(request, way), 0) << Text(request, way);
+    EXPECT_GE(way.size(), 4U);
+}
+
+TEST_P(RouterStyle, KeptBendsStayWhenTheDestinationMoves) {
+    RouteRequest request = Between(GetParam(), Box(0, 0), Box(6000, 5000));
+    auto way = Route(request);
+    if (way.size() < 4) way = {way.front(), {2000, 3000}, {3000, 2000}, way.back()};
+    if (IsOrthogonal() && way.size() != Row().directions.size() + 1) return;
+    request.old = way;
+    request.keepBends = true;
+    request.destination = Box(6900, 5400);
+    const auto moved = Route(request);
+    ASSERT_EQ(moved.size(), way.size());
+    if (IsOrthogonal()) ExpectDirections(request, moved);
+    for (std::size_t i = 1; i + 2 < way.size(); ++i) EXPECT_EQ(moved[i], way[i]) << i;
+    EXPECT_TRUE(LiesOnOutline(request.source, moved.front()));
+    EXPECT_TRUE(LiesOnOutline(request.destination, moved.back())) << Text(request, moved);
+}
+
+TEST_P(RouterStyle, BoxesOnTopOfEachOtherAndWithoutSizeStillHaveAWay) {
+    for (const RouteEnd &end :
+         {Box(0, 0, 0, 0), Box(0, 0), Box(300, 100), Box(0, 0, 1e8, 1e8), Box(-1e8, -1e8, 0, 1e8)}) {
+        for (int shape : {kEllipse, kRectangle, kDiamond, 68}) {
+            RouteRequest request = Between(GetParam(), end, Box(0, 0, 1000, 600, shape));
+            const auto way = Route(request);
+            ASSERT_GE(way.size(), 2U);
+            for (const Point &point : way) ASSERT_TRUE(std::isfinite(point.x) && std::isfinite(point.y));
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, RouterStyle, ::testing::Range(0, 15));
+
+TEST(Router, AStraightLinkRunsBetweenTheMiddlesAndEndsOnTheOutlines) {
+    const auto way = Route(Between(0, Box(0, 0, 1000, 1000, kEllipse), Box(4000, 3000, 1000, 1000)));
+    ASSERT_EQ(way.size(), 2U);
+    EXPECT_NEAR(way[0].x, 500 + 400, 2);
+    EXPECT_NEAR(way[0].y, 500 + 300, 2);
+    EXPECT_NEAR(way[1].x, 4000, 1);
+    EXPECT_NEAR(way[1].y, 3125, 1);
+}
+
+TEST(Router, TheBendOfTwoLevelsLiesHalfwayBetweenTheBoxes) {
+    const auto way = Route(Between(4, Box(0, 0), Box(3000, 2000)));
+    const std::vector<Point> expected{{500, 600}, {500, 1300}, {3500, 1300}, {3500, 2000}};
+    EXPECT_EQ(way, expected);
+}
+
+TEST(Router, TwoSegmentsBetweenBoxesSideBySideAreAStraightLine) {
+    const auto way = Route(Between(2, Box(0, 0), Box(3000, 0)));
+    const std::vector<Point> expected{{1000, 300}, {1000, 300}, {3000, 300}};
+    EXPECT_EQ(way, expected);
+}
+
+TEST(Router, BoxesSideBySideAreJoinedRoundBelow) {
+    const auto way = Route(Between(4, Box(0, 0), Box(3000, 0)));
+    ASSERT_EQ(way.size(), 4U);
+    EXPECT_EQ(way[0].y, 600);
+    EXPECT_GT(way[1].y, 600);
+    EXPECT_EQ(way[3].y, 600);
+}
+
+TEST(Router, AnEndBesideTheMiddleLiesOnTheSlantOfADiamond) {
+    RouteRequest request = Between(4, Box(0, 0, 1000, 600, kDiamond), Box(3000, 2000));
+    const std::vector<Point> old{{750, 450}, {750, 1300}, {3500, 1300}, {3500, 2000}};
+    request.old = old;
+    request.keepBends = true;
+    const auto way = Route(request);
+    EXPECT_EQ(way[0].x, 750);
+    EXPECT_NEAR(way[0].y, 450, 1);
+}
+
+TEST(Router, ABezierLeavesAndArrivesInTheDirectionOfTheOtherBox) {
+    const auto way = Route(Between(1, Box(0, 0), Box(5000, 1000)));
+    ASSERT_EQ(way.size(), 4U);
+    EXPECT_EQ(way[0], (Point{1000, 300}));
+    EXPECT_EQ(way[1].y, way[0].y);
+    EXPECT_GT(way[1].x, way[0].x);
+    EXPECT_EQ(way[2].y, way[3].y);
+    EXPECT_LT(way[2].x, way[3].x);
+}
+
+TEST(Router, MovingABendMovesItsTwoSegments) {
+    const std::vector<Point> way{{500, 600}, {500, 1300}, {3500, 1300}, {3500, 2000}};
+    const auto moved = WithBendMoved(4, way, 1, {700, 1500});
+    const std::vector<Point> expected{{700, 600}, {700, 1500}, {3500, 1500}, {3500, 2000}};
+    EXPECT_EQ(moved, expected);
+    EXPECT_EQ(WithBendMoved(0, way, 1, {700, 1500})[2], way[2]);
+}
