@@ -1,0 +1,62 @@
+#include "diagram/interaction/BendEdit.h"
+
+#include "diagram/shapes/LinkStyles.h"
+#include "diagram/shapes/Router.h"
+
+#include <algorithm>
+
+namespace diagram {
+
+namespace {
+
+LinkForm FormOf(int style) {
+    const LinkStyleRow *row = FindLinkStyle(style);
+    return row ? row->form : LinkForm::Polyline;
+}
+
+// By the style where the way has the style's number of segments, by its looks otherwise.
+bool IsHorizontal(const std::vector<Point> &way, int segment, int style) {
+    const LinkStyleRow *row = FindLinkStyle(style);
+    if (row && row->directions.size() + 1 == way.size()) return row->directions[size_t(segment)] == 'H';
+    const Point &a = way[size_t(segment)];
+    const Point &b = way[size_t(segment) + 1];
+    return qAbs(b.x - a.x) >= qAbs(b.y - a.y);
+}
+
+std::vector<Point> SegmentShifted(const std::vector<Point> &way, int segment, const QPointF &to, int style) {
+    const int bend = segment > 0 ? segment : segment + 1;
+    Point moved = way[size_t(bend)];
+    if (IsHorizontal(way, segment, style))
+        moved.y = float(to.y());
+    else
+        moved.x = float(to.x());
+    return WithBendMoved(style, way, bend, moved);
+}
+
+} // namespace
+
+std::vector<Point> BendDragged(const std::vector<Point> &way, int index, const QPointF &to, int style) {
+    if (index <= 0 || index + 1 >= std::ssize(way)) return way;
+    return WithBendMoved(style, way, index, ToPoint(to));
+}
+
+std::vector<Point> SegmentDragged(const std::vector<Point> &way, int segment, const QPointF &to, int style) {
+    if (segment < 0 || segment + 1 >= std::ssize(way)) return way;
+    const LinkForm form = FormOf(style);
+    if (form == LinkForm::Orthogonal) return SegmentShifted(way, segment, to, style);
+    std::vector<Point> result = way;
+    if (form == LinkForm::Bezier && way.size() > 2) {
+        const auto control = std::clamp<std::ptrdiff_t>(segment, 1, std::ssize(way) - 2);
+        result[size_t(control)] = ToPoint(to);
+    } else {
+        result.insert(result.begin() + segment + 1, ToPoint(to));
+    }
+    return result;
+}
+
+bool HasFreeBends(int style) {
+    const LinkForm form = FormOf(style);
+    return form == LinkForm::Polyline || form == LinkForm::Spline;
+}
+
+} // namespace diagram

@@ -1,0 +1,34 @@
+// Draws a link by dragging from the middle of a node to another.
+#pragma once
+
+#include "diagram/interaction/Gesture.h"
+#include "diagram/model/Surface.h"
+
+namespace diagram {
+
+class Scene;
+
+// The link gets the surface's defaults and becomes the selection. Dropped on empty surface it gives nothing.
+// A pointer that left the node and came back links the node to itself.
+class DrawLink : public Gesture {
+public:
+    DrawLink(Scene &scene, Stage &stage, Node &source);
+
+    std::unique_ptr<Gesture> Move(const PointerInput &input) override;
+    void Commit(const PointerInput &input) override; // AfterAddLink, AfterSelect
+    void Cancel() override {}
+    void Show(Overlay &overlay) const override;
+    Qt::CursorShape Pointer() const override { return Qt::CrossCursor; }
+
+private:
+    Node *Target(const PointerInput &input) const;
+
+    Scene &scene_;
+    Stage &stage_;
+    ItemId source_;
+    ItemId target_ = kNoItem;
+    QPointF at_;
+    bool leftSource_ = false;
+};
+
+} // namespace diagram

@@ -1,0 +1,86 @@
+#include "diagram/interaction/EditText.h"
+
+#include "diagram/edit/History.h"
+#include "diagram/scene/Scene.h"
+#include "diagram/shapes/Shapes.h"
+
+namespace diagram {
+
+namespace {
+
+constexpr double kTwipsPerPixel = 15;
+constexpr QSizeF kEmptyLabel{900, 300}; // where a label is typed that has no text yet
+
+QString SingleLineFeeds(QString text) {
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    return text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+}
+
+TextPlace NodePlace(const Node &node) {
+    TextPlace place;
+    const double x = node.xTextMargin() * kTwipsPerPixel;
+    const double y = node.yTextMargin() * kTwipsPerPixel;
+    place.area = TextArea(node.Shape(), node.ShapeOrientation(), node.Bounds()).adjusted(x, y, -x, -y);
+    if (!place.area.isValid()) place.area = node.Bounds();
+    place.font = node.Font();
+    place.foreColor = node.ForeColor();
+    if (!node.Transparent()) place.fillColor = node.FillColor();
+    place.alignment = node.Alignment();
+    return place;
+}
+
+QPointF MiddleOf(const Link &link) {
+    const std::vector<Point> &way = link.Way();
+    const size_t half = (way.size() - 1) / 2;
+    return (ToQPointF(way[half]) + ToQPointF(way[half + 1])) / 2;
+}
+
+TextPlace LinkPlace(Scene &scene, const Link &link) {
+    TextPlace place;
+    place.area = scene.LabelBounds(link);
+    if (place.area.isEmpty()) {
+        place.area = QRectF(QPointF(), kEmptyLabel);
+        place.area.moveCenter(MiddleOf(link));
+    }
+    place.wraps = false;
+    place.font = link.Font();
+    place.foreColor = link.ForeColor();
+    return place;
+}
+
+} // namespace
+
+EditText::EditText(Surface &surface, const Item &item)
+    : surface_(surface),
+      id_(item.Id()),
+      kind_(item.Kind()),
+      text_(SingleLineFeeds(item.AsNode() ? item.AsNode()->Text() : item.AsLink()->Text())) {}
+
+std::optional<TextPlace> EditText::Place(Scene &scene) const {
+    if (kind_ == ItemKind::Node) {
+        const Node *node = surface_.FindNode(id_);
+        return node ? std::optional(NodePlace(*node)) : std::nullopt;
+    }
+    const Link *link = surface_.FindLink(id_);
+    return link ? std::optional(LinkPlace(scene, *link)) : std::nullopt;
+}
+
+void EditText::Commit(const QString &text) {
+    const QString plain = SingleLineFeeds(text);
+    if (plain == text_) return;
+    const QString stored = QString(plain).replace(QLatin1String("\n"), QLatin1String("\r\n"));
+    Node *node = kind_ == ItemKind::Node ? surface_.FindNode(id_) : nullptr;
+    Link *link = kind_ == ItemKind::Link ? surface_.FindLink(id_) : nullptr;
+    if (!node && !link) return;
+    const ActionGroup group(surface_);
+    if (node) node->SetText(stored);
+    if (link) link->SetText(stored);
+    surface_.Events().AfterEdit(surface_);
+}
+
+Item *EditableItem(const Surface &surface) {
+    if (Node *node = surface.SelectedNode()) return node;
+    return surface.SelectedLink();
+}
+
+} // namespace diagram

@@ -1,0 +1,48 @@
+// Editing the text of a node or link in place, without the widget that shows it.
+#pragma once
+
+#include "diagram/model/Surface.h"
+
+#include <optional>
+#include <QRectF>
+#include <QString>
+
+namespace diagram {
+
+class Scene;
+
+// How the text looks and where it stands, in twips at the surface.
+struct TextPlace {
+    QRectF area; // within which the text is aligned
+    Font font;
+    support::Colour foreColor = support::kBlack;
+    std::optional<support::Colour> fillColor; // none: the surface shows through
+    int alignment = 7;
+    bool wraps = true; // at the width of the area; a label grows to both sides instead
+};
+
+// Ends in exactly one of Commit and Cancel. Keeps the item by its id; when it is gone nothing is written.
+class EditText {
+public:
+    EditText(Surface &surface, const Item &item);
+
+    // The text at the start with single line feeds.
+    const QString &Text() const { return text_; }
+    // None when the item is gone.
+    std::optional<TextPlace> Place(Scene &scene) const;
+    // Writes the text with carriage return and line feed at line ends: one step and AfterEdit. The same text
+    // is no change.
+    void Commit(const QString &text);
+    void Cancel() {}
+
+private:
+    Surface &surface_;
+    ItemId id_;
+    ItemKind kind_;
+    QString text_;
+};
+
+// What in-place editing would edit: the selected node, else the selected link; null for none.
+Item *EditableItem(const Surface &surface);
+
+} // namespace diagram

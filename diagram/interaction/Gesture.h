@@ -1,0 +1,41 @@
+// One thing that the user does with the pointer, from press to release.
+#pragma once
+
+#include "diagram/interaction/Hint.h"
+#include "diagram/interaction/Overlay.h"
+#include "diagram/interaction/PointerInput.h"
+
+#include <memory>
+
+namespace diagram {
+
+// What gestures ask of the screen.
+class Stage {
+public:
+    virtual ~Stage() = default;
+    // Pixels that the viewport's left top corner lies away from the surface's origin.
+    virtual QPointF ScrollOffset() const = 0;
+    virtual void SetScrollOffset(const QPointF &pixels) = 0;
+    // Tells the user something in passing, as a status bar does.
+    virtual void Tell(Hint hint) = 0;
+};
+
+// A gesture computes from the state at the press and the whole distance, never from the last input. It ends
+// in exactly one of Commit and Cancel, or hands over to another gesture in Move. Nothing that it writes
+// before Commit is a step of undo, and Cancel leaves the model as it was at the press. It keeps items by
+// their ids: an item that is gone is passed over.
+class Gesture {
+public:
+    virtual ~Gesture() = default;
+    // Null to go on; or the gesture that takes over, which is then given the same input.
+    virtual std::unique_ptr<Gesture> Move(const PointerInput &input) = 0;
+    // One group of changes with its event; nothing at all when nothing came of it.
+    virtual void Commit(const PointerInput &input) = 0;
+    virtual void Cancel() = 0;
+    virtual void Show(Overlay &) const {}
+    virtual Qt::CursorShape Pointer() const { return Qt::ArrowCursor; }
+    // Whether the surface scrolls when the pointer comes to the edge of the viewport.
+    virtual bool ScrollsAtEdges() const { return true; }
+};
+
+} // namespace diagram

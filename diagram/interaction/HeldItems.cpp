@@ -1,0 +1,71 @@
+#include "diagram/interaction/HeldItems.h"
+
+#include <unordered_set>
+
+namespace diagram {
+
+namespace {
+
+// Complete: routed, and known whose the bends are.
+LinkData DataOf(const Link &link) {
+    link.Way();
+    link.OwnBends();
+    return link.Data();
+}
+
+} // namespace
+
+HeldItems::HeldItems(const std::vector<Node *> &nodes) {
+    std::unordered_set<const Node *> held(nodes.begin(), nodes.end());
+    std::unordered_set<const Link *> seen;
+    for (Node *node : nodes) {
+        nodes_.push_back({node->Id(), node->Data()});
+        for (Link *link : node->Links()) {
+            if (!seen.insert(link).second) continue;
+            const bool inner = held.contains(&link->Source()) && held.contains(&link->Destination());
+            links_.push_back({link->Id(), DataOf(*link), inner});
+        }
+    }
+}
+
+HeldItems::HeldItems(Link &link) { links_.push_back({link.Id(), DataOf(link), false}); }
+
+QRectF HeldItems::Extent() const {
+    QRectF all;
+    for (const HeldNode &node : nodes_)
+        all |=
+            QRectF(node.data.left, node.data.top, qMax(node.data.width, 1.0F), qMax(node.data.height, 1.0F));
+    return all;
+}
+
+void HeldItems::Restore(Surface &surface) const {
+    for (const HeldNode &held : nodes_)
+        if (Node *node = surface.FindNode(held.id)) surface.Overwrite(*node, held.data);
+    RestoreLinks(surface);
+}
+
+void HeldItems::RestoreLinks(Surface &surface) const {
+    for (const HeldLink &held : links_)
+        if (Link *link = surface.FindLink(held.id)) surface.Overwrite(*link, held.data);
+}
+
+void HeldItems::RestoreBends(Surface &surface) const {
+    for (const HeldLink &held : links_) {
+        const bool routed = !held.data.ownBends && !held.data.addPointsMode && !held.data.movePointsMode;
+        Link *link = held.inner || routed ? nullptr : surface.FindLink(held.id);
+        if (link) surface.Overwrite(*link, held.data);
+    }
+}
+
+void HeldItems::MoveInnerLinks(Surface &surface, const QPointF &distance) const {
+    for (const HeldLink &held : links_) {
+        Link *link = held.inner ? surface.FindLink(held.id) : nullptr;
+        if (!link) continue;
+        LinkData data = held.data;
+        for (Point &point : data.points)
+            point = {point.x + float(distance.x()), point.y + float(distance.y())};
+        surface.Overwrite(*link, std::move(data));
+    }
+}
+
+} // namespace diagram

@@ -1,0 +1,49 @@
+// Nodes, with the links attached to them, as they were when a gesture began.
+#pragma once
+
+#include "diagram/model/Surface.h"
+
+#include <vector>
+
+namespace diagram {
+
+struct HeldNode {
+    ItemId id;
+    NodeData data;
+};
+
+struct HeldLink {
+    ItemId id;
+    LinkData data;
+    bool inner; // both ends are held nodes
+};
+
+// Keeps values, not pointers: an item that is gone meanwhile is passed over.
+class HeldItems {
+public:
+    // The nodes and every link that is attached to one of them.
+    explicit HeldItems(const std::vector<Node *> &nodes);
+    // A single link.
+    explicit HeldItems(Link &link);
+
+    const std::vector<HeldNode> &Nodes() const { return nodes_; }
+    const std::vector<HeldLink> &Links() const { return links_; }
+    // Union of the boxes of the nodes, twips.
+    QRectF Extent() const;
+
+    // Everything as it was.
+    void Restore(Surface &surface) const;
+    void RestoreLinks(Surface &surface) const;
+    // The bends that the user made, as they were: the route that follows from them then never depends on the
+    // one before.
+    void RestoreBends(Surface &surface) const;
+    // Gives the links between held nodes their ways at the start, moved as a whole (twips). Call it after
+    // moving the nodes.
+    void MoveInnerLinks(Surface &surface, const QPointF &distance) const;
+
+private:
+    std::vector<HeldNode> nodes_;
+    std::vector<HeldLink> links_;
+};
+
+} // namespace diagram

@@ -1,0 +1,58 @@
+#include "diagram/interaction/MoveBend.h"
+
+#include "diagram/edit/History.h"
+#include "diagram/interaction/BendEdit.h"
+#include "diagram/interaction/Snap.h"
+
+namespace diagram {
+
+namespace {
+
+// The bends are the user's from then on.
+void Stretch(Link &link, std::vector<Point> way) { link.Points().Assign(std::move(way)); }
+
+} // namespace
+
+MoveBend::MoveBend(Surface &surface, Link &link, Grip grip, int index)
+    : surface_(surface), held_(link), grip_(grip), index_(index) {}
+
+std::vector<Point> MoveBend::Way(const PointerInput &input) const {
+    const LinkData &data = held_.Links().front().data;
+    const QPointF to = Snaps(surface_, input) ? SnapPoint(surface_, input.at) : input.at;
+    const QPointF kept(qMax(0.0, to.x()), qMax(0.0, to.y()));
+    return grip_ == Grip::Bend ? BendDragged(data.points, index_, kept, data.style)
+                               : SegmentDragged(data.points, index_, kept, data.style);
+}
+
+std::unique_ptr<Gesture> MoveBend::Move(const PointerInput &input) {
+    held_.RestoreLinks(surface_);
+    if (Link *link = surface_.FindLink(held_.Links().front().id)) Stretch(*link, Way(input));
+    return nullptr;
+}
+
+void MoveBend::Commit(const PointerInput &input) {
+    const HeldLink &held = held_.Links().front();
+    std::vector<Point> way = Way(input);
+    held_.RestoreLinks(surface_);
+    Link *link = surface_.FindLink(held.id);
+    if (!link || way == held.data.points) return;
+    const ActionGroup group(surface_);
+    Stretch(*link, std::move(way));
+    surface_.Events().AfterStretch(surface_);
+}
+
+void MoveBend::Cancel() { held_.RestoreLinks(surface_); }
+
+void RemoveBend(Link &link, int index) {
+    const auto count = std::ssize(link.Way());
+    if (index <= 0 || index + 1 >= count) return;
+    Surface &surface = link.Owner();
+    const ActionGroup group(surface);
+    if (HasFreeBends(link.Style()))
+        link.Points().Remove(index);
+    else
+        link.SetOwnBends(false);
+    surface.Events().AfterStretch(surface);
+}
+
+} // namespace diagram

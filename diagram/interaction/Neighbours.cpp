@@ -1,0 +1,54 @@
+#include "diagram/interaction/Neighbours.h"
+
+#include "diagram/interaction/Selecting.h"
+#include "diagram/model/Surface.h"
+
+#include <cmath>
+#include <limits>
+
+namespace diagram {
+
+namespace {
+
+// Keeps the nearest of the candidates that it is shown.
+class Nearest {
+public:
+    Nearest(const Node &from, const QPointF &direction) : from_(from), direction_(direction) {}
+
+    void Look(Node &node) {
+        if (&node == &from_ || !IsSelectable(node)) return;
+        const QPointF way = node.Bounds().center() - from_.Bounds().center();
+        const double ahead = QPointF::dotProduct(way, direction_);
+        const double aside = std::abs(way.x() * direction_.y() - way.y() * direction_.x());
+        const double distance = ahead + 2 * aside;
+        if (ahead <= 0 || aside > 2 * ahead || distance >= distance_) return;
+        distance_ = distance;
+        found_ = &node;
+    }
+    Node *Found() const { return found_; }
+
+private:
+    const Node &from_;
+    QPointF direction_;
+    double distance_ = std::numeric_limits<double>::infinity();
+    Node *found_ = nullptr;
+};
+
+} // namespace
+
+Node *NeighbourTowards(const Node &from, const QPointF &direction) {
+    Nearest nearest(from, direction);
+    for (Node &node : from.Owner().Nodes()) nearest.Look(node);
+    return nearest.Found();
+}
+
+Node *LinkedTowards(const Node &from, const QPointF &direction) {
+    Nearest nearest(from, direction);
+    for (Link *link : from.Links()) {
+        if (link->Hidden()) continue;
+        nearest.Look(&link->Source() == &from ? link->Destination() : link->Source());
+    }
+    return nearest.Found();
+}
+
+} // namespace diagram

@@ -1,0 +1,33 @@
+// What the pointer did, told in surface units.
+#pragma once
+
+#include <QPointF>
+#include <QSizeF>
+#include <Qt>
+#include <QtMath>
+
+namespace diagram {
+
+struct PointerInput {
+    QPointF at;           // twips
+    QPointF screen;       // pixels of the viewport
+    QSizeF pixel{15, 15}; // twips a shown pixel
+    Qt::KeyboardModifiers modifiers;
+
+    bool Ctrl() const { return modifiers.testFlag(Qt::ControlModifier); }
+    bool Shift() const { return modifiers.testFlag(Qt::ShiftModifier); }
+    bool Alt() const { return modifiers.testFlag(Qt::AltModifier); }
+};
+
+// Pixels that the pointer must go before a press becomes a drag; a drawn node must be at least as large each
+// way.
+constexpr double kDragDistance = 4;
+
+// Whether the way from `press` to `now` is long enough for a drag. The surface may have scrolled in between.
+inline bool IsDrag(const PointerInput &press, const PointerInput &now) {
+    const QPointF way = now.at - press.at;
+    return qAbs(way.x()) >= kDragDistance * now.pixel.width() ||
+           qAbs(way.y()) >= kDragDistance * now.pixel.height();
+}
+
+} // namespace diagram

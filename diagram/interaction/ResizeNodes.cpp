@@ -1,0 +1,139 @@
+#include "diagram/interaction/ResizeNodes.h"
+
+#include "diagram/edit/History.h"
+#include "diagram/interaction/Snap.h"
+
+#include <array>
+
+namespace diagram {
+
+namespace {
+
+// Which sides a handle moves: -1 left or top, 1 right or bottom, 0 none.
+struct HandleRow {
+    int x, y;
+    Qt::CursorShape pointer;
+};
+
+constexpr std::array<HandleRow, 8> kHandles{{
+    {-1, -1, Qt::SizeFDiagCursor},
+    {0, -1, Qt::SizeVerCursor},
+    {1, -1, Qt::SizeBDiagCursor},
+    {1, 0, Qt::SizeHorCursor},
+    {1, 1, Qt::SizeFDiagCursor},
+    {0, 1, Qt::SizeVerCursor},
+    {-1, 1, Qt::SizeBDiagCursor},
+    {-1, 0, Qt::SizeHorCursor},
+}};
+
+const HandleRow &Row(int handle) { return kHandles.at(size_t(handle)); }
+
+double Factor(double after, double before) { return before > 0 ? after / before : 1; }
+
+// A span along one axis whose length becomes `length`; `side` tells which end moves, 0 both.
+struct Span {
+    double start, length;
+};
+Span Resized(const Span &span, int side, double length) {
+    const double grown = length - span.length;
+    if (side > 0) return {span.start, length};
+    return {span.start - (side < 0 ? grown : grown / 2), length};
+}
+
+// The length after the moving end went by `distance`, within what is allowed.
+double DraggedLength(const Span &span, int side, double distance) {
+    double length = span.length + side * distance;
+    if (side < 0) length = qMin(length, span.start + span.length - qMin(0.0, span.start));
+    return side == 0 ? span.length : qMax(length, qMin(kSmallestSide, span.length));
+}
+
+} // namespace
+
+QRectF ResizedBox(const QRectF &box, int handle, const QPointF &distance, bool keepAspect) {
+    const HandleRow &row = Row(handle);
+    const Span x{box.left(), box.width()};
+    const Span y{box.top(), box.height()};
+    double width = DraggedLength(x, row.x, distance.x());
+    double height = DraggedLength(y, row.y, distance.y());
+    if (keepAspect && box.width() > 0 && box.height() > 0) {
+        const double fx = width / box.width();
+        const double fy = height / box.height();
+        const double factor = qAbs(fx - 1) >= qAbs(fy - 1) ? fx : fy;
+        width = box.width() * factor;
+        height = box.height() * factor;
+    }
+    const Span newX = row.x == 0 && width == x.length ? x : Resized(x, row.x, width);
+    const Span newY = row.y == 0 && height == y.length ? y : Resized(y, row.y, height);
+    return {newX.start, newY.start, newX.length, newY.length};
+}
+
+QRectF ResizedInProportion(const QRectF &box, int handle, const QRectF &before, const QRectF &after) {
+    const HandleRow &row = Row(handle);
+    const Span x =
+        Resized({box.left(), box.width()}, row.x, box.width() * Factor(after.width(), before.width()));
+    const Span y =
+        Resized({box.top(), box.height()}, row.y, box.height() * Factor(after.height(), before.height()));
+    return {qMax(x.start, qMin(0.0, box.left())), qMax(y.start, qMin(0.0, box.top())), x.length, y.length};
+}
+
+ResizeNodes::ResizeNodes(Surface &surface, Node &pressed, int handle, const PointerInput &press)
+    : surface_(surface),
+      press_(press),
+      held_(surface.SelectedNodes()),
+      pressed_(pressed.Id()),
+      box_(pressed.Bounds()),
+      handle_(handle) {}
+
+QRectF ResizeNodes::Box(const PointerInput &input) const {
+    QPointF distance = input.at - press_.at;
+    if (Snaps(surface_, input)) {
+        const HandleRow &row = Row(handle_);
+        const QPointF side(row.x < 0 ? box_.left() : box_.right(), row.y < 0 ? box_.top() : box_.bottom());
+        distance = SnapPoint(surface_, side + distance) - side;
+    }
+    return ResizedBox(box_, handle_, distance, input.Shift());
+}
+
+void ResizeNodes::Apply(const QRectF &box) {
+    held_.RestoreBends(surface_);
+    for (const HeldNode &held : held_.Nodes()) {
+        Node *node = surface_.FindNode(held.id);
+        if (!node) continue;
+        const NodeData &from = held.data;
+        const QRectF old(from.left, from.top, from.width, from.height);
+        const QRectF to = held.id == pressed_ ? box : ResizedInProportion(old, handle_, box_, box);
+        node->SetBounds(float(to.left()), float(to.top()), float(to.width()), float(to.height()));
+    }
+}
+
+std::unique_ptr<Gesture> ResizeNodes::Move(const PointerInput &input) {
+    shown_ = Box(input);
+    Apply(shown_);
+    return nullptr;
+}
+
+void ResizeNodes::Commit(const PointerInput &input) {
+    const QRectF box = Box(input);
+    held_.Restore(surface_);
+    if (box == box_) return;
+    const ActionGroup group(surface_);
+    Apply(box);
+    surface_.Events().AfterResize(surface_);
+}
+
+void ResizeNodes::Cancel() { held_.Restore(surface_); }
+
+void ResizeNodes::Show(Overlay &overlay) const {
+    overlay.size = SizeText(shown_.size());
+    overlay.sizeUnder = shown_;
+}
+
+Qt::CursorShape ResizeNodes::Pointer() const { return HandlePointer(handle_); }
+
+Qt::CursorShape HandlePointer(int handle) { return Row(handle).pointer; }
+
+QString SizeText(const QSizeF &twips) {
+    return QStringLiteral("%1 \u00d7 %2").arg(qRound(twips.width() / 15)).arg(qRound(twips.height() / 15));
+}
+
+} // namespace diagram

@@ -1,0 +1,50 @@
+// Resizes the selected nodes by one of the eight handles.
+#pragma once
+
+#include "diagram/interaction/Gesture.h"
+#include "diagram/interaction/HeldItems.h"
+
+#include <vector>
+
+namespace diagram {
+
+// Smallest side that a handle leaves, twips.
+constexpr double kSmallestSide = 15;
+
+// The box after handle `handle` (0 left top, then clockwise) was moved by `distance`. It doesn't turn over
+// and stays on the surface. `keepAspect` lets the side that changed more lead the other.
+QRectF ResizedBox(const QRectF &box, int handle, const QPointF &distance, bool keepAspect);
+// `box` resized by the same factors that made `after` out of `before`, the sides opposite to the handle kept
+// in place.
+QRectF ResizedInProportion(const QRectF &box, int handle, const QRectF &before, const QRectF &after);
+
+// All selected nodes change by the factors of the one whose handle is dragged. Shift keeps its aspect.
+class ResizeNodes : public Gesture {
+public:
+    ResizeNodes(Surface &surface, Node &pressed, int handle, const PointerInput &press);
+
+    std::unique_ptr<Gesture> Move(const PointerInput &input) override;
+    void Commit(const PointerInput &input) override; // AfterResize
+    void Cancel() override;
+    void Show(Overlay &overlay) const override;
+    Qt::CursorShape Pointer() const override;
+
+private:
+    QRectF Box(const PointerInput &input) const;
+    void Apply(const QRectF &box);
+
+    Surface &surface_;
+    PointerInput press_;
+    HeldItems held_;
+    ItemId pressed_;
+    QRectF box_; // of the pressed node at the press
+    QRectF shown_;
+    int handle_;
+};
+
+// The pointer shape for a handle.
+Qt::CursorShape HandlePointer(int handle);
+// The size of a node as the user reads it, in pixels at zoom 100.
+QString SizeText(const QSizeF &twips);
+
+} // namespace diagram

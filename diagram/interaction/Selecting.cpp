@@ -1,0 +1,109 @@
+#include "diagram/interaction/Selecting.h"
+
+#include "diagram/edit/History.h"
+#include "diagram/model/Surface.h"
+#include "diagram/scene/Scene.h"
+
+#include <algorithm>
+
+namespace diagram {
+
+namespace {
+
+void SetSelected(Item &item, bool on) {
+    if (Node *node = item.AsNode()) node->SetSelected(on);
+    if (Link *link = item.AsLink()) link->SetSelected(on);
+}
+
+// Leaves an item that stays selected alone, so that it isn't painted again.
+void UnselectAllBut(Surface &surface, const Item &kept) {
+    if (surface.SelectedNodes().size() + surface.SelectedLinks().size() > 1 || !IsSelected(kept))
+        surface.UnselectAll();
+}
+
+bool LiesInside(const Item &item, const QRectF &area) {
+    if (const Node *node = item.AsNode()) return area.contains(node->Bounds());
+    const std::vector<Point> &way = item.AsLink()->Way();
+    return std::all_of(way.begin(), way.end(),
+                       [&](const Point &point) { return area.contains(ToQPointF(point)); });
+}
+
+} // namespace
+
+void ChangeSelection(Surface &surface, const std::function<void()> &change) {
+    const std::vector<Node *> nodes = surface.SelectedNodes();
+    const std::vector<Link *> links = surface.SelectedLinks();
+    const ActionGroup group(surface);
+    change();
+    if (nodes != surface.SelectedNodes() || links != surface.SelectedLinks())
+        surface.Events().AfterSelect(surface);
+}
+
+bool IsSelectable(const Item &item) {
+    if (const Node *node = item.AsNode()) return node->Selectable() && !node->Hidden();
+    return item.AsLink()->Selectable() && !item.AsLink()->Hidden();
+}
+
+bool IsSelected(const Item &item) {
+    if (const Node *node = item.AsNode()) return node->Selected();
+    return item.AsLink()->Selected();
+}
+
+void SelectOnly(Item &item) {
+    if (!IsSelectable(item)) return;
+    ChangeSelection(item.Owner(), [&] {
+        UnselectAllBut(item.Owner(), item);
+        SetSelected(item, true);
+    });
+}
+
+void SelectToo(Item &item) {
+    if (!IsSelectable(item)) return;
+    ChangeSelection(item.Owner(), [&] { SetSelected(item, true); });
+}
+
+void ToggleSelected(Item &item) {
+    if (!IsSelectable(item)) return;
+    ChangeSelection(item.Owner(), [&] { SetSelected(item, !IsSelected(item)); });
+}
+
+void SelectNothing(Surface &surface) {
+    ChangeSelection(surface, [&] { surface.UnselectAll(); });
+}
+
+void SelectInside(Scene &scene, const QRectF &area, bool add) {
+    std::vector<Item *> items;
+    scene.ItemsIn(area, items);
+    std::erase_if(items, [&](Item *item) { return !IsSelectable(*item) || !LiesInside(*item, area); });
+    ChangeSelection(scene.Model(), [&] {
+        if (!add) scene.Model().UnselectAll();
+        for (Item *item : items) SetSelected(*item, true);
+    });
+}
+
+std::vector<Node *> ReadingOrder(const Surface &surface) {
+    std::vector<Node *> nodes;
+    for (Node &node : surface.Nodes())
+        if (IsSelectable(node)) nodes.push_back(&node);
+    std::stable_sort(nodes.begin(), nodes.end(), [](Node *a, Node *b) { return a->Top() < b->Top(); });
+    for (auto line = nodes.begin(); line != nodes.end();) {
+        const double bottom = (*line)->Bounds().bottom();
+        const auto below = std::find_if(line, nodes.end(), [&](Node *node) { return node->Top() > bottom; });
+        const auto next = std::stable_partition(
+            line + 1, below, [&](Node *node) { return node->Bounds().center().y() <= bottom; });
+        std::stable_sort(line, next, [](Node *a, Node *b) { return a->Left() < b->Left(); });
+        line = next;
+    }
+    return nodes;
+}
+
+Node *NextInReadingOrder(const Surface &surface, int step) {
+    const std::vector<Node *> order = ReadingOrder(surface);
+    if (order.empty()) return nullptr;
+    const auto at = std::find(order.begin(), order.end(), surface.SelectedNode());
+    if (at == order.end()) return step > 0 ? order.front() : order.back();
+    const auto next = (at - order.begin()) + step;
+    return next >= 0 && next < std::ssize(order) ? order[size_t(next)] : nullptr;
+}
+
+} // namespace diagram

@@ -1,0 +1,37 @@
+// Changing the selection the way the user does.
+#pragma once
+
+#include <functional>
+#include <QRectF>
+#include <vector>
+
+namespace diagram {
+
+class Item;
+class Link;
+class Node;
+class Scene;
+class Surface;
+
+// Runs `change`, then raises AfterSelect once when the selection differs from what it was.
+void ChangeSelection(Surface &surface, const std::function<void()> &change);
+
+bool IsSelectable(const Item &item); // and not hidden
+bool IsSelected(const Item &item);
+
+// Each raises AfterSelect, if anything changed. Items that aren't selectable stay as they are.
+void SelectOnly(Item &item);
+void SelectToo(Item &item);
+void ToggleSelected(Item &item);
+void SelectNothing(Surface &surface);
+// What lies whole inside `area` (twips); `add` keeps what is selected.
+void SelectInside(Scene &scene, const QRectF &area, bool add);
+
+// The visible, selectable nodes line by line from the top, each line from the left. A node belongs to a line
+// when its middle lies within the height of the line's first node.
+std::vector<Node *> ReadingOrder(const Surface &surface);
+// The node after (step 1) or before (step -1) the selected one in reading order, the first or last when none
+// is selected; null at the end.
+Node *NextInReadingOrder(const Surface &surface, int step);
+
+} // namespace diagram

@@ -1,0 +1,105 @@
+#include "diagram/view/BackingStore.h"
+
+#include <QPainter>
+#include <QRegion>
+
+namespace diagram {
+
+namespace {
+
+constexpr size_t kMostRects = 24;
+constexpr qint64 kPassSlack = 40 * 40; // painting so many pixels more costs less than another pass
+
+qint64 Area(const QRect &rect) { return qint64(rect.width()) * rect.height(); }
+
+bool WorthJoining(const QRect &a, const QRect &b) { return Area(a | b) <= Area(a) + Area(b) + kPassSlack; }
+
+int Wrapped(int value, int size) {
+    const int rest = value % size;
+    return rest < 0 ? rest + size : rest;
+}
+
+} // namespace
+
+void RectList::Add(const QRect &rect) {
+    if (rect.isEmpty()) return;
+    QRect joined = rect;
+    for (size_t i = 0; i < rects_.size();) {
+        const bool join = rects_.size() >= kMostRects || WorthJoining(rects_[i], joined);
+        if (!join) {
+            ++i;
+            continue;
+        }
+        joined |= rects_[i];
+        rects_[i] = rects_.back();
+        rects_.pop_back();
+        i = 0;
+    }
+    rects_.push_back(joined);
+}
+
+void BackingStore::Show(const QRect &seen) {
+    if (seen.size() != seen_.size() || !seen.intersects(seen_)) {
+        if (seen.size() != image_.size()) image_ = QImage(seen.size(), QImage::Format_RGB32);
+        seen_ = seen;
+        InvalidateAll();
+        return;
+    }
+    const QRegion strips = QRegion(seen) - seen_;
+    seen_ = seen;
+    KeepStaleInSight();
+    for (const QRect &strip : strips) stale_.Add(strip);
+}
+
+void BackingStore::KeepStaleInSight() {
+    const std::vector<QRect> rects = stale_.Rects();
+    stale_.Clear();
+    for (const QRect &rect : rects) stale_.Add(rect & seen_);
+}
+
+void BackingStore::Invalidate(const QRect &area) { stale_.Add(area & seen_); }
+
+void BackingStore::InvalidateAll() {
+    stale_.Clear();
+    stale_.Add(seen_);
+}
+
+std::vector<BackingStore::Piece> BackingStore::Pieces(const QRect &area) const {
+    std::vector<Piece> pieces;
+    const int width = image_.width();
+    const int height = image_.height();
+    for (int y = area.top(); y <= area.bottom();) {
+        const int rows = qMin(area.bottom() + 1 - y, height - Wrapped(y, height));
+        for (int x = area.left(); x <= area.right();) {
+            const int columns = qMin(area.right() + 1 - x, width - Wrapped(x, width));
+            pieces.push_back({QRect(x, y, columns, rows), QPoint(Wrapped(x, width), Wrapped(y, height))});
+            x += columns;
+        }
+        y += rows;
+    }
+    return pieces;
+}
+
+void BackingStore::Update(const PaintArea &paint) {
+    if (stale_.Rects().empty() || image_.isNull()) return;
+    QPainter painter(&image_);
+    for (const QRect &rect : stale_.Rects()) {
+        for (const Piece &piece : Pieces(rect)) {
+            painter.save();
+            painter.setClipRect(QRect(piece.inImage, piece.area.size()));
+            painter.translate(piece.inImage);
+            paint(painter, piece.area);
+            painter.restore();
+        }
+    }
+    stale_.Clear();
+}
+
+void BackingStore::CopyTo(QPainter &painter, const QRect &area) const {
+    if (image_.isNull()) return;
+    for (const Piece &piece : Pieces(area & seen_))
+        painter.drawImage(piece.area.topLeft() - seen_.topLeft(), image_,
+                          QRect(piece.inImage, piece.area.size()));
+}
+
+} // namespace diagram

@@ -1,0 +1,169 @@
+#include "diagram/view/SurfaceClipboard.h"
+
+#include "diagram/edit/History.h"
+#include "diagram/export/Export.h"
+#include "diagram/format/SurfaceFile.h"
+#include "diagram/interaction/Selecting.h"
+#include "diagram/model/Surface.h"
+#include "diagram/scene/Scene.h"
+
+#include <algorithm>
+#include <QImage>
+#include <QMimeData>
+
+namespace diagram {
+
+namespace {
+
+constexpr float kPasteStep = 150; // twips beside what stands there already
+constexpr int kMostSteps = 100;
+constexpr qsizetype kMostLines = 2000;    // of pasted text
+constexpr double kLargestPicture = 12000; // longest side of a pasted picture, twips
+constexpr QSizeF kTextNode{2400, 600};
+constexpr float kTextGap = 150;
+
+// Pictures are made when they are asked for: copying a large selection takes no longer than a small one.
+class SelectionMime : public QMimeData {
+public:
+    SelectionMime(const QByteArray &bytes, const QString &text) : bytes_(bytes) {
+        setData(QString::fromLatin1(kSelectionMimeType), bytes);
+        setText(text);
+    }
+
+    QStringList formats() const override {
+        return QMimeData::formats() << QStringLiteral("image/png") << QStringLiteral("image/svg+xml")
+                                    << QStringLiteral("application/x-qt-image");
+    }
+    bool hasFormat(const QString &type) const override { return formats().contains(type); }
+
+protected:
+    QVariant retrieveData(const QString &type, QMetaType preferred) const override {
+        if (type == QLatin1String("image/png")) return Picture(PictureFormat::Png);
+        if (type == QLatin1String("image/svg+xml")) return Picture(PictureFormat::Svg);
+        if (type == QLatin1String("application/x-qt-image"))
+            return QImage::fromData(Picture(PictureFormat::Png), "png");
+        return QMimeData::retrieveData(type, preferred);
+    }
+
+private:
+    QByteArray Picture(PictureFormat format) const {
+        Surface copy;
+        PasteBytes(copy, bytes_, 0, 0);
+        copy.UnselectAll();
+        return ExportPicture(copy, format);
+    }
+
+    QByteArray bytes_;
+};
+
+QString TextOf(const Surface &surface) {
+    QStringList lines;
+    for (const Node *node : surface.SelectedNodes()) lines << node->Text().simplified();
+    return lines.join(QLatin1Char('\n'));
+}
+
+bool StandsAt(Scene &scene, const QRectF &box) {
+    std::vector<Item *> items;
+    scene.ItemsIn(box, items);
+    return std::any_of(items.begin(), items.end(),
+                       [&](Item *item) { return item->AsNode() && item->AsNode()->Bounds() == box; });
+}
+
+// How far to move what is pasted: not at all when it is in sight and nothing stands there, a step further
+// when something does, into the middle of what is seen when it would be out of sight.
+QPointF PasteShift(Scene &scene, const Surface &pasted, const QRectF &seen) {
+    const QRectF extent = pasted.Extent();
+    QPointF shift;
+    if (!extent.adjusted(-1, -1, 1, 1).intersects(seen)) shift = seen.center() - extent.center();
+    shift = {qMax(shift.x(), -extent.left()), qMax(shift.y(), -extent.top())};
+    if (pasted.Nodes().Count() == 0) return shift;
+    const QRectF first = pasted.Nodes().Item(1).Bounds();
+    for (int step = 0; step < kMostSteps && StandsAt(scene, first.translated(shift)); ++step)
+        shift += QPointF(kPasteStep, kPasteStep);
+    return shift;
+}
+
+void PasteItems(Scene &scene, const QByteArray &bytes, const QRectF &seen) {
+    Surface pasted; // damaged data fail here, before anything is changed
+    PasteBytes(pasted, bytes, 0, 0);
+    const QPointF shift = PasteShift(scene, pasted, seen);
+    ChangeSelection(scene.Model(), [&] {
+        scene.Model().UnselectAll();
+        PasteBytes(scene.Model(), bytes, float(shift.x()), float(shift.y()));
+    });
+}
+
+Node &AddPasted(Surface &surface, const QRectF &box) {
+    Node &node = surface.Nodes().Add(float(qMax(0.0, box.left())), float(qMax(0.0, box.top())),
+                                     float(box.width()), float(box.height()));
+    node.SetSelected(true);
+    return node;
+}
+
+QSizeF PictureSize(const Picture &picture) {
+    QSizeF size = picture.SizeInTwips().expandedTo(QSizeF(15, 15));
+    if (qMax(size.width(), size.height()) > kLargestPicture)
+        size.scale(kLargestPicture, kLargestPicture, Qt::KeepAspectRatio);
+    return size;
+}
+
+void PasteImage(Surface &surface, const QImage &image, const QRectF &seen) {
+    if (image.isNull()) return;
+    const Picture picture = Picture::FromImage(image);
+    QRectF box(QPointF(), PictureSize(picture));
+    box.moveCenter(seen.center());
+    ChangeSelection(surface, [&] {
+        surface.UnselectAll();
+        Node &node = AddPasted(surface, box);
+        node.SetPicture(picture);
+        surface.Events().AfterAddNode(surface, node);
+    });
+}
+
+void PasteLines(Surface &surface, const QStringList &lines, const QRectF &seen) {
+    const double step = kTextNode.height() + kTextGap;
+    const double height = double(lines.size()) * step - kTextGap;
+    QPointF corner = seen.center() - QPointF(kTextNode.width(), qMin(height, seen.height())) / 2;
+    ChangeSelection(surface, [&] {
+        surface.UnselectAll();
+        for (const QString &line : lines) {
+            Node &node = AddPasted(surface, QRectF(corner, kTextNode));
+            node.SetText(line);
+            surface.Events().AfterAddNode(surface, node);
+            corner.setY(qMax(0.0, corner.y()) + step);
+        }
+    });
+}
+
+QStringList LinesOf(const QString &text) {
+    QStringList lines;
+    for (const QString &line : text.split(QLatin1Char('\n'))) {
+        if (!line.trimmed().isEmpty()) lines << line.trimmed();
+        if (lines.size() == kMostLines) break;
+    }
+    return lines;
+}
+
+} // namespace
+
+std::unique_ptr<QMimeData> SelectionToMime(const Surface &surface) {
+    return std::make_unique<SelectionMime>(SaveSelection(surface), TextOf(surface));
+}
+
+bool CanPasteFrom(const QMimeData *data) {
+    return data &&
+           (data->hasFormat(QString::fromLatin1(kSelectionMimeType)) || data->hasImage() || data->hasText());
+}
+
+void PasteFrom(Scene &scene, const QMimeData &data, const QRectF &seen) {
+    const QString own = QString::fromLatin1(kSelectionMimeType);
+    if (data.hasFormat(own)) {
+        PasteItems(scene, data.data(own), seen);
+    } else if (data.hasImage()) {
+        PasteImage(scene.Model(), qvariant_cast<QImage>(data.imageData()), seen);
+    } else if (const QStringList lines = LinesOf(data.text()); !lines.isEmpty()) {
+        PasteLines(scene.Model(), lines, seen);
+    }
+}
+
+} // namespace diagram

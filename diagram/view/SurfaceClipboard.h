@@ -1,0 +1,26 @@
+// A selection as the system's clipboard carries it, and what a clipboard holds as nodes and links.
+#pragma once
+
+#include <memory>
+#include <QRectF>
+
+class QMimeData;
+
+namespace diagram {
+
+class Scene;
+class Surface;
+
+// The selection in the component's own form, as PNG, as SVG and as text (the texts of the nodes, one a line).
+// The pictures are made when somebody asks for them.
+std::unique_ptr<QMimeData> SelectionToMime(const Surface &surface);
+
+bool CanPasteFrom(const QMimeData *data);
+
+// The own form gives its items, an image a node with that picture, plain text one node a line; the first of
+// these that the data hold. New items come into sight within `seen` (twips), beside items that stand at their
+// place already, and become the selection. One step; AfterAddNode for each node made of an image or of text;
+// AfterSelect. Error 321 "Invalid file format" for damaged data: nothing is changed then.
+void PasteFrom(Scene &scene, const QMimeData &data, const QRectF &seen);
+
+} // namespace diagram

@@ -1,0 +1,164 @@
+#include "diagram/view/SurfaceView.h"
+
+#include "diagram/interaction/Selecting.h"
+#include "diagram/view/SurfaceClipboard.h"
+#include "diagram/view/SurfaceViewImpl.h"
+
+#include <QClipboard>
+#include <QFocusEvent>
+#include <QGuiApplication>
+#include <QHelpEvent>
+#include <QMimeData>
+#include <QPaintEvent>
+
+namespace diagram {
+
+SurfaceView::SurfaceView(Surface &surface, QWidget *parent) : QAbstractScrollArea(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(QStringLiteral("Page"));
+    setAccessibleDescription(
+        QStringLiteral("Nodes and the links between them. Tab goes from node to node, the arrow "
+                       "keys move the selected ones, F2 edits the text."));
+    viewport()->setMouseTracking(true);
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    viewport()->setAttribute(Qt::WA_NoSystemBackground);
+    setFrameShape(QFrame::NoFrame);
+    impl_ = std::make_unique<Impl>(*this, surface);
+}
+
+SurfaceView::~SurfaceView() { impl_->EndEdit(false); }
+
+Surface &SurfaceView::Model() const { return impl_->surface; }
+Scene &SurfaceView::TheScene() const { return impl_->scene; }
+Renderer &SurfaceView::TheRenderer() const { return impl_->renderer; }
+
+double SurfaceView::ShownZoom() const { return impl_->viewport.Zoom(); }
+
+void SurfaceView::ZoomAt(double percent, const QPointF &at) {
+    impl_->viewport.ZoomAt(percent, at);
+    impl_->RepaintAll();
+    impl_->PlaceEditor();
+    Q_EMIT ViewChanged();
+}
+
+void SurfaceView::FollowStoredZoom() {
+    impl_->viewport.FollowStored();
+    impl_->Flush();
+}
+
+QPointF SurfaceView::ToSurface(const QPointF &pixels) const { return impl_->viewport.ToSurface(pixels); }
+QPointF SurfaceView::FromSurface(const QPointF &twips) const { return impl_->viewport.FromSurface(twips); }
+
+void SurfaceView::EnsureVisible(const QRectF &area) { impl_->viewport.EnsureVisible(area); }
+
+void SurfaceView::Copy() {
+    const Surface &surface = Model();
+    if (surface.SelectedNodes().empty() && surface.SelectedLinks().empty()) return;
+    impl_->Guard("Copy",
+                 [&] { QGuiApplication::clipboard()->setMimeData(SelectionToMime(surface).release()); });
+}
+
+void SurfaceView::Cut() {
+    Copy();
+    DeleteSelection();
+}
+
+void SurfaceView::Paste() {
+    CancelGesture();
+    impl_->Guard("Paste", [&] {
+        const QMimeData *held = QGuiApplication::clipboard()->mimeData();
+        if (held) PasteFrom(impl_->scene, *held, impl_->viewport.Seen());
+    });
+}
+
+bool SurfaceView::CanPaste() const { return CanPasteFrom(QGuiApplication::clipboard()->mimeData()); }
+
+void SurfaceView::DeleteSelection() {
+    CancelGesture();
+    ChangeSelection(Model(), [&] { Model().DeleteSelection(); });
+}
+
+bool SurfaceView::BeginEdit() { return impl_->BeginEdit(); }
+void SurfaceView::EndEdit(bool keep) { impl_->EndEdit(keep); }
+bool SurfaceView::IsEditing() const { return impl_->editor != nullptr; }
+bool SurfaceView::CancelGesture() { return impl_->CancelGesture(); }
+
+bool SurfaceView::viewportEvent(QEvent *event) {
+    switch (event->type()) {
+    case QEvent::ToolTip: {
+        const auto *help = static_cast<QHelpEvent *>(event);
+        return impl_->ToolTip(help->pos(), help->globalPos());
+    }
+    case QEvent::Leave:
+        impl_->Leave();
+        break;
+    default:
+        break;
+    }
+    return QAbstractScrollArea::viewportEvent(event);
+}
+
+void SurfaceView::paintEvent(QPaintEvent *event) {
+    impl_->Guard("paintEvent", [&] { impl_->Paint(event->region()); });
+}
+
+void SurfaceView::resizeEvent(QResizeEvent *) {
+    impl_->Guard("resizeEvent", [&] { impl_->Flush(); });
+    Q_EMIT ViewChanged();
+}
+
+void SurfaceView::scrollContentsBy(int, int) {
+    if (impl_) impl_->Scrolled();
+}
+
+void SurfaceView::mousePressEvent(QMouseEvent *event) {
+    impl_->Guard("mousePressEvent", [&] { impl_->Press(event); });
+}
+
+void SurfaceView::mouseMoveEvent(QMouseEvent *event) {
+    impl_->Guard("mouseMoveEvent", [&] { impl_->Move(event); });
+}
+
+void SurfaceView::mouseReleaseEvent(QMouseEvent *event) {
+    impl_->Guard("mouseReleaseEvent", [&] { impl_->Release(event); });
+}
+
+void SurfaceView::mouseDoubleClickEvent(QMouseEvent *event) {
+    impl_->Guard("mouseDoubleClickEvent", [&] { impl_->DoubleClick(event); });
+}
+
+void SurfaceView::wheelEvent(QWheelEvent *event) {
+    impl_->Guard("wheelEvent", [&] { impl_->Wheel(event); });
+}
+
+void SurfaceView::keyPressEvent(QKeyEvent *event) {
+    impl_->Guard("keyPressEvent", [&] { impl_->KeyPress(event); });
+}
+
+void SurfaceView::keyReleaseEvent(QKeyEvent *event) {
+    impl_->Guard("keyReleaseEvent", [&] { impl_->KeyRelease(event); });
+}
+
+void SurfaceView::focusInEvent(QFocusEvent *event) {
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+    impl_->Guard("focusInEvent", [&] { Model().Events().GotFocus(Model()); });
+}
+
+void SurfaceView::focusOutEvent(QFocusEvent *event) {
+    QAbstractScrollArea::focusOutEvent(event);
+    // Their release comes to somebody else.
+    impl_->spaceHeld_ = false;
+    Model().SetShiftMode(false);
+    viewport()->update();
+}
+
+void SurfaceView::timerEvent(QTimerEvent *event) {
+    if (event->timerId() != impl_->autoScroll_.timerId()) return QAbstractScrollArea::timerEvent(event);
+    impl_->Guard("timerEvent", [&] { impl_->AutoScroll(); });
+}
+
+// Tab goes from node to node; it arrives as a key, and leaves the view behind the last node.
+bool SurfaceView::focusNextPrevChild(bool) { return false; }
+
+} // namespace diagram

@@ -1,0 +1,84 @@
+// The screen's side of a surface: Qt events in, pixels out.
+#pragma once
+
+#include "diagram/interaction/Hint.h"
+#include "diagram/model/Surface.h"
+
+#include <memory>
+#include <QAbstractScrollArea>
+
+namespace diagram {
+
+class Scene;
+class Renderer;
+
+// Shows one surface and edits it. The surface must live longer than the view. Sets the surface's size, scroll
+// offsets and text measuring, and raises its events.
+class SurfaceView : public QAbstractScrollArea {
+    Q_OBJECT
+public:
+    explicit SurfaceView(Surface &surface, QWidget *parent = nullptr);
+    ~SurfaceView() override;
+
+    Surface &Model() const;
+    Scene &TheScene() const;
+    Renderer &TheRenderer() const;
+
+    // Zoom in per cent as it is shown; follows the surface's xZoom and yZoom, 0 of which fits the content
+    // into the window.
+    double ShownZoom() const;
+    // Zooms around a point of the viewport (pixels), from 10 to 800 per cent. What is shown then differs from
+    // the stored zoom until that is set to another value, or until FollowStoredZoom.
+    void ZoomAt(double percent, const QPointF &at);
+    void FollowStoredZoom();
+    // Between viewport pixels and twips.
+    QPointF ToSurface(const QPointF &pixels) const;
+    QPointF FromSurface(const QPointF &twips) const;
+    // Scrolls so that the area (twips) is seen.
+    void EnsureVisible(const QRectF &area);
+
+    // The clipboard's operations and the deletion, each one step of undo.
+    void Copy();
+    void Cut();
+    void Paste();
+    bool CanPaste() const;
+    void DeleteSelection();
+
+    // Starts editing the text of the selected node or link in place; false when nothing is selected. EndEdit
+    // keeps or gives up what was typed.
+    bool BeginEdit();
+    void EndEdit(bool keep);
+    bool IsEditing() const;
+
+    // Gives up the gesture that is going on; false when there is none.
+    bool CancelGesture();
+
+Q_SIGNALS:
+    // Something to tell the user in passing, in a status bar.
+    void HintShown(diagram::Hint hint);
+    // What was seen changed its place or size: scrolled, zoomed or resized.
+    void ViewChanged();
+
+protected:
+    bool viewportEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    class Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+} // namespace diagram

@@ -1,0 +1,245 @@
+#include "diagram/view/SurfaceViewImpl.h"
+
+#include "diagram/view/OverlayPainter.h"
+#include "support/Error.h"
+
+#include <cmath>
+#include <QPainter>
+#include <QRegion>
+#include <QTimer>
+
+namespace diagram {
+
+namespace {
+
+constexpr double kPixelBias = 1e-5;
+constexpr size_t kManyTouched = 500; // beyond it the whole viewport is copied again
+
+} // namespace
+
+SurfaceView::Impl::Impl(SurfaceView &itsView, Surface &itsSurface)
+    : view(itsView),
+      surface(itsSurface),
+      scene(itsSurface),
+      viewport(itsView, itsSurface, scene),
+      interaction(scene, *this) {
+    surface.AddObserver(*this);
+    surface.SetMeasure(&renderer.Measure());
+    AskForFlush();
+}
+
+SurfaceView::Impl::~Impl() {
+    surface.RemoveObserver(*this);
+    if (surface.Measure() == &renderer.Measure()) surface.SetMeasure(nullptr);
+}
+
+void SurfaceView::Impl::Failed(const char *routine) {
+    const support::Error error = support::CurrentError(QStringLiteral("SurfaceView"));
+    interaction.Cancel();
+    bool cancelDisplay = false;
+    surface.Events().Error(surface, error.Number(), error.Description(), cancelDisplay);
+    if (!cancelDisplay)
+        support::ShowReport(QStringLiteral("SurfaceView"), QString::fromLatin1(routine), error);
+}
+
+void SurfaceView::Impl::ItemChanged(Item &item, Change what) {
+    if (Has(what, Change::Selection) && selectionTouched_.size() <= kManyTouched)
+        selectionTouched_.emplace_back(item.Kind(), item.Id());
+    AskForFlush();
+}
+
+void SurfaceView::Impl::ItemRemoved(Item &) {
+    gestureOutdated_ = interaction.IsActive();
+    AskForFlush();
+}
+
+void SurfaceView::Impl::SurfaceChanged(Change what) {
+    if (Has(what, Change::Geometry)) viewport.FollowStored();
+    AskForFlush();
+}
+
+void SurfaceView::Impl::Cleared() {
+    gestureOutdated_ = interaction.IsActive();
+    viewport.FollowStored();
+    AskForFlush();
+}
+
+void SurfaceView::Impl::DropOutdatedGesture() {
+    if (std::exchange(gestureOutdated_, false)) CancelGesture();
+}
+
+void SurfaceView::Impl::AskForFlush() {
+    if (std::exchange(flushAsked_, true)) return;
+    QMetaObject::invokeMethod(
+        &view, [this] { Flush(); }, Qt::QueuedConnection);
+}
+
+void SurfaceView::Impl::Flush() {
+    flushAsked_ = false;
+    DropOutdatedGesture();
+    if (viewport.Update(interaction.IsActive())) {
+        RepaintAll();
+        Q_EMIT view.ViewChanged();
+    }
+    NoteDamage();
+    UpdateOverlay();
+    PlaceEditor();
+}
+
+void SurfaceView::Impl::RepaintAll() {
+    store_.InvalidateAll();
+    view.viewport()->update();
+}
+
+// The pixels of the viewport that an area covers, and what handles cover around it.
+void SurfaceView::Impl::UpdatePixels(const QRectF &pixels) {
+    const QRectF reached = pixels.adjusted(-kHandleReach, -kHandleReach, kHandleReach, kHandleReach) &
+                           QRectF(view.viewport()->rect());
+    if (!reached.isEmpty()) view.viewport()->update(reached.toAlignedRect());
+}
+
+void SurfaceView::Impl::NoteDamage() {
+    const Scene::Damage damage = scene.TakeDamage();
+    const bool manyTouched = selectionTouched_.size() > kManyTouched;
+    if (damage.everything) RepaintAll();
+    if (manyTouched) view.viewport()->update();
+    RectList areas;
+    if (!damage.everything) {
+        for (const QRectF &area : damage.areas) {
+            store_.Invalidate(ToDevice(area));
+            const QRectF seen =
+                viewport.FromSurface(area) & QRectF(view.viewport()->rect().adjusted(-9, -9, 9, 9));
+            areas.Add(seen.toAlignedRect());
+        }
+    }
+    if (!manyTouched) {
+        for (const auto &[kind, id] : selectionTouched_) {
+            const Item *item = kind == ItemKind::Node ? static_cast<Item *>(surface.FindNode(id))
+                                                      : static_cast<Item *>(surface.FindLink(id));
+            if (item) areas.Add(viewport.FromSurface(scene.Bounds(*item)).toAlignedRect());
+        }
+    }
+    selectionTouched_.clear();
+    for (const QRect &area : areas.Rects()) UpdatePixels(area);
+}
+
+QRect SurfaceView::Impl::DevicePixelsSeen() const {
+    const double ratio = view.viewport()->devicePixelRatioF();
+    const QSize size = view.viewport()->size();
+    const QPoint scroll = viewport.Scroll();
+    return {qRound(scroll.x() * ratio), qRound(scroll.y() * ratio), int(std::ceil(size.width() * ratio)),
+            int(std::ceil(size.height() * ratio))};
+}
+
+QRect SurfaceView::Impl::ToDevice(const QRectF &twips) const {
+    const double ratio = view.viewport()->devicePixelRatioF();
+    const QRectF seen = DevicePixelsSeen().adjusted(-2, -2, 2, 2);
+    const QRectF area(twips.left() * viewport.xScale() * ratio, twips.top() * viewport.yScale() * ratio,
+                      twips.width() * viewport.xScale() * ratio, twips.height() * viewport.yScale() * ratio);
+    return (area & seen).toAlignedRect().adjusted(-1, -1, 1, 1);
+}
+
+void SurfaceView::Impl::PaintArea(QPainter &painter, const QRect &devicePixels) {
+    const double ratio = view.viewport()->devicePixelRatioF();
+    RenderOptions options;
+    options.xScale = viewport.xScale() * ratio;
+    options.yScale = viewport.yScale() * ratio;
+    options.grid = true;
+    options.marks = true;
+    // Edges are painted on whole pixels: without the bias a node that lies just on one would fall to either
+    // side of it, another one for each strip.
+    const QRectF area((devicePixels.left() - kPixelBias) / options.xScale,
+                      (devicePixels.top() - kPixelBias) / options.yScale,
+                      devicePixels.width() / options.xScale, devicePixels.height() / options.yScale);
+    renderer.Paint(painter, scene, area, options);
+}
+
+void SurfaceView::Impl::Paint(const QRegion &region) {
+    const double ratio = view.viewport()->devicePixelRatioF();
+    if (std::exchange(paintedRatio_, ratio) != ratio) store_.InvalidateAll();
+    if (flushAsked_) NoteDamage(); // painted before its turn: what has changed must be seen all the same
+    const QRect seen = DevicePixelsSeen();
+    store_.Show(seen);
+    store_.Update([this](QPainter &painter, const QRect &area) { PaintArea(painter, area); });
+
+    QPainter painter(view.viewport());
+    painter.save();
+    painter.scale(1 / ratio, 1 / ratio);
+    for (const QRect &rect : region) {
+        const QRectF device(rect.x() * ratio, rect.y() * ratio, rect.width() * ratio, rect.height() * ratio);
+        store_.CopyTo(painter, device.toAlignedRect().translated(seen.topLeft()));
+    }
+    painter.restore();
+    painter.setClipRegion(region);
+    const bool focused = view.hasFocus() && !editor;
+    PaintSelection(painter, scene, viewport, region.boundingRect(), focused);
+    PaintOverlay(painter, interaction.Show(), viewport);
+}
+
+void SurfaceView::Impl::UpdateOverlay() {
+    const QRect area = OverlayArea(interaction.Show(), viewport);
+    if (area.isEmpty() && overlayArea_.isEmpty()) return;
+    view.viewport()->update(QRegion(area) | overlayArea_);
+    overlayArea_ = area;
+}
+
+void SurfaceView::Impl::Scrolled() {
+    viewport.TellSurface();
+    view.viewport()->update();
+    PlaceEditor();
+    Q_EMIT view.ViewChanged();
+}
+
+bool SurfaceView::Impl::CancelGesture() {
+    gestureOutdated_ = false;
+    const bool cancelled = interaction.Cancel();
+    if (cancelled) AfterInput();
+    return cancelled;
+}
+
+bool SurfaceView::Impl::BeginEdit(const QString *typed) {
+    Item *item = EditableItem(surface);
+    if (!item) return false;
+    EndEdit(true);
+    CancelGesture();
+    edit_.emplace(surface, *item);
+    const std::optional<TextPlace> place = edit_->Place(scene);
+    if (place) view.EnsureVisible(place->area);
+    editor = new InPlaceEditor(edit_->Text(), view.viewport(), [this](bool keep) { EndEdit(keep); });
+    PlaceEditor();
+    editor->selectAll();
+    if (typed) editor->insertPlainText(*typed);
+    editor->setFocus(Qt::OtherFocusReason);
+    return true;
+}
+
+void SurfaceView::Impl::EndEdit(bool keep) {
+    if (!edit_) return;
+    EditText edit = std::move(*edit_);
+    edit_.reset();
+    const QString text = editor->toPlainText();
+    InPlaceEditor *ended = std::exchange(editor, nullptr);
+    ended->Forget();
+    if (ended->hasFocus()) view.setFocus(Qt::OtherFocusReason);
+    ended->hide();
+    ended->deleteLater();
+    if (keep)
+        Guard("EndEdit", [&] { edit.Commit(text); });
+    else
+        edit.Cancel();
+    view.viewport()->update();
+}
+
+void SurfaceView::Impl::PlaceEditor() {
+    if (!edit_ || !editor) return;
+    if (const std::optional<TextPlace> place = edit_->Place(scene))
+        editor->Show(*place, viewport, support::ToQColor(surface.BackColor()));
+    else
+        EndEdit(false);
+}
+
+QPointF SurfaceView::Impl::ScrollOffset() const { return viewport.Scroll(); }
+void SurfaceView::Impl::SetScrollOffset(const QPointF &pixels) { viewport.ScrollTo(pixels.toPoint()); }
+void SurfaceView::Impl::Tell(Hint hint) { Q_EMIT view.HintShown(hint); }
+
+} // namespace diagram

@@ -1,0 +1,120 @@
+// The parts of a SurfaceView and how they work together.
+#pragma once
+
+#include "diagram/interaction/EditText.h"
+#include "diagram/interaction/Interaction.h"
+#include "diagram/render/Renderer.h"
+#include "diagram/scene/Scene.h"
+#include "diagram/view/BackingStore.h"
+#include "diagram/view/InPlaceEditor.h"
+#include "diagram/view/SurfaceView.h"
+#include "diagram/view/Viewport.h"
+
+#include <QBasicTimer>
+#include <QPointer>
+#include <vector>
+
+namespace diagram {
+
+class SurfaceView::Impl : public SurfaceObserver, public Stage {
+public:
+    Impl(SurfaceView &view, Surface &surface);
+    ~Impl() override;
+
+    // Painting
+    void Paint(const QRegion &region);
+    void UpdateOverlay();
+    void UpdatePointer();
+    // Brings everything that follows from the model up to date, now; changes of the model ask for it once an
+    // event loop turn.
+    void Flush();
+    void RepaintAll();
+
+    // Pointer and keys
+    PointerInput Input(const QPointF &pixels, Qt::KeyboardModifiers modifiers) const;
+    void Press(QMouseEvent *event);
+    void Move(QMouseEvent *event);
+    void Release(QMouseEvent *event);
+    void DoubleClick(QMouseEvent *event);
+    void Wheel(QWheelEvent *event);
+    void KeyPress(QKeyEvent *event);
+    void KeyRelease(QKeyEvent *event);
+    bool Tab(bool next);
+    void AutoScroll();
+    bool ToolTip(const QPoint &pixels, const QPoint &global);
+    void Leave();
+
+    // Text in place
+    bool BeginEdit(const QString *typed = nullptr);
+    void EndEdit(bool keep);
+    void PlaceEditor();
+
+    // Stage
+    QPointF ScrollOffset() const override;
+    void SetScrollOffset(const QPointF &pixels) override;
+    void Tell(Hint hint) override;
+
+    void Scrolled();
+    bool CancelGesture();
+    // Runs `body`; an error in it goes to the surface's event Error, and is shown unless the handler says
+    // otherwise.
+    template <typename Body>
+    void Guard(const char *routine, Body &&body) {
+        try {
+            body();
+        } catch (...) {
+            Failed(routine);
+        }
+    }
+
+    SurfaceView &view;
+    Surface &surface;
+    Scene scene;
+    Renderer renderer;
+    Viewport viewport;
+    Interaction interaction;
+    QPointer<InPlaceEditor> editor;
+
+private:
+    void ItemAdded(Item &) override { AskForFlush(); }
+    void ItemChanged(Item &item, Change what) override;
+    void ItemRemoved(Item &) override;
+    void SurfaceChanged(Change what) override;
+    void Cleared() override;
+
+    void AskForFlush();
+    void Failed(const char *routine);
+    // Gives up a gesture whose items went away under it.
+    void DropOutdatedGesture();
+    void FollowPointer(const QPointF &pixels, Qt::KeyboardModifiers modifiers);
+    void AfterInput();
+    QRect DevicePixelsSeen() const;
+    QRect ToDevice(const QRectF &twips) const;
+    void NoteDamage();
+    void PaintArea(QPainter &painter, const QRect &devicePixels);
+    void UpdatePixels(const QRectF &pixels);
+    bool RunKey(QKeyEvent *event);
+    bool ArrowKey(QKeyEvent *event);
+    bool GoTowards(const QPointF &direction, bool alongLinks);
+    // Selects the node alone and brings it into sight; false for none.
+    bool GoTo(Node *node);
+    bool TypeByKey(QKeyEvent *event);
+    void StartOrStopAutoScroll();
+    QPoint AutoScrollStep() const;
+    friend class SurfaceView;
+
+    BackingStore store_;
+    QRect overlayArea_; // pixels of the viewport, as last painted
+    std::vector<std::pair<ItemKind, ItemId>> selectionTouched_;
+    std::optional<EditText> edit_;
+    QBasicTimer autoScroll_;
+    QPointF pointer_; // pixels of the viewport
+    Qt::KeyboardModifiers modifiers_;
+    Qt::MouseButton button_ = Qt::NoButton; // that the gesture began with
+    double paintedRatio_ = 1;
+    bool flushAsked_ = false;
+    bool gestureOutdated_ = false;
+    bool spaceHeld_ = false;
+};
+
+} // namespace diagram

@@ -1,0 +1,245 @@
+#include "diagram/interaction/MoveNodes.h"
+#include "diagram/interaction/Neighbours.h"
+#include "diagram/interaction/Selecting.h"
+#include "diagram/view/KeyCodes.h"
+#include "diagram/view/SurfaceViewImpl.h"
+
+#include <array>
+#include <cmath>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <typeinfo>
+
+namespace diagram {
+
+namespace {
+
+constexpr int kEdge = 12;           // pixels from the edge at which a drag scrolls
+constexpr int kScrollInterval = 25; // milliseconds
+constexpr int kFastest = 40;        // pixels a step
+constexpr double kPixelStep = 15;   // twips that an arrow key moves
+constexpr double kZoomStep = 1.15;  // a notch of the wheel
+constexpr double kNotch = 120;
+
+struct Arrow {
+    int key;
+    int x, y;
+};
+constexpr std::array<Arrow, 4> kArrows{
+    {{Qt::Key_Left, -1, 0}, {Qt::Key_Up, 0, -1}, {Qt::Key_Right, 1, 0}, {Qt::Key_Down, 0, 1}}};
+
+// How far a drag scrolls when the pointer is at `at` of `length`.
+int EdgeStep(double at, int length) {
+    const double beyond = at < kEdge ? at - kEdge : (at > length - kEdge ? at - (length - kEdge) : 0);
+    return std::clamp(int(std::round(beyond)), -kFastest, kFastest);
+}
+
+// Without a listener nobody asks the user whether to delete.
+bool NobodyListens(const Surface &surface) {
+    const SurfaceEvents &events = surface.Events();
+    return typeid(events) == typeid(SurfaceEvents);
+}
+
+} // namespace
+
+PointerInput SurfaceView::Impl::Input(const QPointF &pixels, Qt::KeyboardModifiers modifiers) const {
+    return {viewport.ToSurface(pixels), pixels, QSizeF(1 / viewport.xScale(), 1 / viewport.yScale()),
+            modifiers};
+}
+
+void SurfaceView::Impl::AfterInput() {
+    StartOrStopAutoScroll();
+    UpdateOverlay();
+    UpdatePointer();
+    AskForFlush();
+}
+
+void SurfaceView::Impl::UpdatePointer() {
+    const bool idle = !interaction.IsActive();
+    view.viewport()->setCursor(idle && spaceHeld_ ? Qt::OpenHandCursor : interaction.Pointer());
+}
+
+void SurfaceView::Impl::Press(QMouseEvent *event) {
+    DropOutdatedGesture();
+    EndEdit(true);
+    view.setFocus(Qt::MouseFocusReason);
+    pointer_ = event->position();
+    const QPointF seen(pointer_.x() / viewport.xScale(), pointer_.y() / viewport.yScale());
+    surface.Events().MouseDown(surface, ButtonMask(event->button()), ShiftMask(event->modifiers()),
+                               float(seen.x()), float(seen.y()));
+    if (interaction.IsActive()) return;
+    button_ = event->button();
+    const bool left = button_ == Qt::LeftButton;
+    const PointerInput input = Input(pointer_, event->modifiers());
+    if (button_ == Qt::MiddleButton || (left && spaceHeld_))
+        interaction.PressToPan(input);
+    else if (left)
+        interaction.Press(input);
+    AfterInput();
+}
+
+void SurfaceView::Impl::FollowPointer(const QPointF &pixels, Qt::KeyboardModifiers modifiers) {
+    DropOutdatedGesture();
+    pointer_ = pixels;
+    modifiers_ = modifiers;
+    interaction.Move(Input(pixels, modifiers));
+    AfterInput();
+}
+
+void SurfaceView::Impl::Move(QMouseEvent *event) {
+    const QPointF at = event->position();
+    surface.Events().MouseMove(surface, ButtonMask(event->buttons()), ShiftMask(event->modifiers()),
+                               float(at.x() / viewport.xScale()), float(at.y() / viewport.yScale()));
+    FollowPointer(at, event->modifiers());
+}
+
+void SurfaceView::Impl::Release(QMouseEvent *event) {
+    DropOutdatedGesture();
+    if (event->button() == button_ && interaction.IsActive())
+        interaction.Release(Input(event->position(), event->modifiers()));
+    AfterInput();
+}
+
+void SurfaceView::Impl::DoubleClick(QMouseEvent *event) {
+    if (event->button() != Qt::LeftButton) return Press(event);
+    CancelGesture();
+    interaction.DoubleClick(Input(event->position(), event->modifiers()));
+    AfterInput();
+}
+
+void SurfaceView::Impl::Wheel(QWheelEvent *event) {
+    const double notches = event->angleDelta().y() / kNotch;
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        view.ZoomAt(viewport.Zoom() * std::pow(kZoomStep, notches), event->position());
+        event->accept();
+        return;
+    }
+    const QPoint delta = event->pixelDelta().isNull() ? event->angleDelta() / 2 : event->pixelDelta();
+    const bool sideways = event->modifiers().testFlag(Qt::ShiftModifier);
+    viewport.ScrollTo(viewport.Scroll() - (sideways ? delta.transposed() : delta));
+    if (interaction.IsActive()) FollowPointer(event->position(), event->modifiers());
+    event->accept();
+}
+
+QPoint SurfaceView::Impl::AutoScrollStep() const {
+    const QSize size = view.viewport()->size();
+    return {EdgeStep(pointer_.x(), size.width()), EdgeStep(pointer_.y(), size.height())};
+}
+
+void SurfaceView::Impl::StartOrStopAutoScroll() {
+    const bool wanted = interaction.ScrollsAtEdges() && !AutoScrollStep().isNull();
+    if (wanted == autoScroll_.isActive()) return;
+    if (wanted)
+        autoScroll_.start(kScrollInterval, &view);
+    else
+        autoScroll_.stop();
+}
+
+void SurfaceView::Impl::AutoScroll() {
+    viewport.ScrollTo(viewport.Scroll() + AutoScrollStep(), true);
+    FollowPointer(pointer_, modifiers_);
+}
+
+void SurfaceView::Impl::Leave() {
+    interaction.Leave();
+    UpdateOverlay();
+}
+
+bool SurfaceView::Impl::ToolTip(const QPoint &pixels, const QPoint &global) {
+    const QPointF at = viewport.ToSurface(pixels);
+    const Node *node = editor ? nullptr : NodeAtPoint(scene, float(at.x()), float(at.y()));
+    if (node && !renderer.TextFits(*node))
+        QToolTip::showText(global, Qt::convertFromPlainText(node->Text(), Qt::WhiteSpaceNormal),
+                           view.viewport());
+    else
+        QToolTip::hideText();
+    return true;
+}
+
+void SurfaceView::Impl::KeyPress(QKeyEvent *event) {
+    DropOutdatedGesture();
+    const int code = VirtualKey(event->key());
+    int used = code;
+    if (code)
+        surface.Events().KeyDown(surface, used, ShiftMask(event->modifiers() | ModifierOf(event->key())));
+    event->setAccepted((code && !used) || RunKey(event));
+    AfterInput();
+}
+
+void SurfaceView::Impl::KeyRelease(QKeyEvent *event) {
+    if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) spaceHeld_ = false;
+    if (const int code = VirtualKey(event->key()))
+        surface.Events().KeyUp(surface, code, ShiftMask(event->modifiers() & ~ModifierOf(event->key())));
+    UpdatePointer();
+}
+
+// True when the key meant something here.
+bool SurfaceView::Impl::RunKey(QKeyEvent *event) {
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        return CancelGesture();
+    case Qt::Key_F2:
+        return BeginEdit();
+    case Qt::Key_Space:
+        return spaceHeld_ = true;
+    case Qt::Key_Delete:
+        if (!NobodyListens(surface)) return false;
+        view.DeleteSelection();
+        return true;
+    case Qt::Key_Tab:
+        return Tab(true);
+    case Qt::Key_Backtab:
+        return Tab(false);
+    default:
+        return ArrowKey(event) || TypeByKey(event);
+    }
+}
+
+bool SurfaceView::Impl::ArrowKey(QKeyEvent *event) {
+    const auto arrow =
+        std::find_if(kArrows.begin(), kArrows.end(), [&](const Arrow &at) { return at.key == event->key(); });
+    if (arrow == kArrows.end() || interaction.IsActive()) return false;
+    const QPointF direction(arrow->x, arrow->y);
+    if (event->modifiers().testFlag(Qt::ControlModifier))
+        return GoTowards(direction, event->modifiers().testFlag(Qt::AltModifier));
+    if (event->modifiers().testFlag(Qt::AltModifier)) return false;
+    const double step = event->modifiers().testFlag(Qt::ShiftModifier) ? surface.GridSize() : kPixelStep;
+    if (!MoveSelection(surface, direction * step)) {
+        const int pixels = view.verticalScrollBar()->singleStep();
+        viewport.ScrollTo(viewport.Scroll() + QPoint(arrow->x, arrow->y) * pixels);
+    } else if (const Node *node = surface.SelectedNode()) {
+        view.EnsureVisible(node->Bounds());
+    }
+    return true;
+}
+
+bool SurfaceView::Impl::GoTowards(const QPointF &direction, bool alongLinks) {
+    const Node *from = surface.SelectedNode();
+    if (!from) return false;
+    return GoTo(alongLinks ? LinkedTowards(*from, direction) : NeighbourTowards(*from, direction));
+}
+
+bool SurfaceView::Impl::GoTo(Node *node) {
+    if (!node) return false;
+    SelectOnly(*node);
+    view.EnsureVisible(node->Bounds());
+    return true;
+}
+
+bool SurfaceView::Impl::TypeByKey(QKeyEvent *event) {
+    const QString text = event->text();
+    const Qt::KeyboardModifiers others = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+    const bool altGr = others == (Qt::ControlModifier | Qt::AltModifier);
+    if (text.isEmpty() || !text.at(0).isPrint() || (others && !altGr)) return false;
+    return BeginEdit(&text);
+}
+
+bool SurfaceView::Impl::Tab(bool next) {
+    return GoTo(NextInReadingOrder(surface, next ? 1 : -1)) ||
+           view.QAbstractScrollArea::focusNextPrevChild(next);
+}
+
+} // namespace diagram

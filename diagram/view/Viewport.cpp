@@ -1,0 +1,195 @@
+#include "diagram/view/Viewport.h"
+
+#include "diagram/model/Surface.h"
+#include "diagram/scene/Scene.h"
+
+#include <algorithm>
+#include <cmath>
+#include <QAbstractScrollArea>
+#include <QScrollBar>
+
+namespace diagram {
+
+namespace {
+
+constexpr double kTwipsPerPixel = 15;
+constexpr double kLowestFit = 1;
+constexpr int kFitMargin = 12; // pixels around content that fills the window
+constexpr int kScrollMargin = 24;
+constexpr int kLargestScroll = 1 << 30;
+
+double ScaleOf(double percent) { return percent / 100 / kTwipsPerPixel; }
+
+int Clamped(double pixels) {
+    return int(std::clamp(pixels, double(-kLargestScroll), double(kLargestScroll)));
+}
+
+// From `low` to `high`, a page long.
+void SetBar(QScrollBar &bar, int low, int high, int page) {
+    bar.setPageStep(page);
+    bar.setSingleStep(20);
+    bar.setRange(low, std::max(low, high - page));
+}
+
+} // namespace
+
+double FittingZoom(const QRectF &extent, const QSize &size) {
+    if (extent.isEmpty()) return 100;
+    const double width = std::max(1, size.width() - 2 * kFitMargin);
+    const double height = std::max(1, size.height() - 2 * kFitMargin);
+    const double pixels = std::min(width / extent.width(), height / extent.height());
+    return std::clamp(pixels * 100 * kTwipsPerPixel, kLowestFit, kHighestZoom);
+}
+
+QRect ScrollableArea(const QRectF &content, const QSize &viewport, const QRect &seen) {
+    const bool empty = content.isEmpty();
+    const auto low = [&](double start) { return empty || start >= 0 ? 0 : Clamped(start - kScrollMargin); };
+    const auto high = [&](double end, int page) {
+        return empty || end + kScrollMargin <= page ? page : Clamped(end + page / 2.0);
+    };
+    const QPoint corner(low(content.left()), low(content.top()));
+    const QPoint end(high(content.right(), viewport.width()), high(content.bottom(), viewport.height()));
+    const QRect area(corner, QSize(std::max(viewport.width(), end.x() - corner.x()),
+                                   std::max(viewport.height(), end.y() - corner.y())));
+    const QRect seenOn(std::max(seen.left(), area.left()), std::max(seen.top(), area.top()), seen.width(),
+                       seen.height());
+    return area | seenOn;
+}
+
+Viewport::Viewport(QAbstractScrollArea &area, Surface &surface, Scene &scene)
+    : area_(area), surface_(surface), scene_(scene), xScale_(ScaleOf(100)), yScale_(ScaleOf(100)) {}
+
+double Viewport::Zoom() const { return xScale_ * 100 * kTwipsPerPixel; }
+
+QPoint Viewport::Scroll() const {
+    return {area_.horizontalScrollBar()->value(), area_.verticalScrollBar()->value()};
+}
+
+QPointF Viewport::ToSurface(const QPointF &pixels) const {
+    const QPoint scroll = Scroll();
+    return {(pixels.x() + scroll.x()) / xScale_, (pixels.y() + scroll.y()) / yScale_};
+}
+
+QPointF Viewport::FromSurface(const QPointF &twips) const {
+    const QPoint scroll = Scroll();
+    return {twips.x() * xScale_ - scroll.x(), twips.y() * yScale_ - scroll.y()};
+}
+
+QRectF Viewport::FromSurface(const QRectF &twips) const {
+    return {FromSurface(twips.topLeft()), FromSurface(twips.bottomRight())};
+}
+
+QRect Viewport::SeenPixels() const { return {Scroll(), area_.viewport()->size()}; }
+
+QRectF Viewport::Seen() const {
+    const QSize size = area_.viewport()->size();
+    return {ToSurface(QPointF(0, 0)), ToSurface(QPointF(size.width(), size.height()))};
+}
+
+bool Viewport::Fits() const { return !shown_ && (surface_.xZoom() == 0 || surface_.yZoom() == 0); }
+
+bool Viewport::SetScale(double xPercent, double yPercent) {
+    const bool same = xScale_ == ScaleOf(xPercent) && yScale_ == ScaleOf(yPercent);
+    xScale_ = ScaleOf(xPercent);
+    yScale_ = ScaleOf(yPercent);
+    return !same;
+}
+
+bool Viewport::UpdateScale() {
+    if (shown_) return SetScale(*shown_, *shown_);
+    if (!Fits()) return SetScale(surface_.xZoom(), surface_.yZoom());
+    // The bars are not there while the content fits.
+    const double zoom = FittingZoom(scene_.Extent(), area_.maximumViewportSize());
+    return SetScale(zoom, zoom);
+}
+
+void Viewport::CentreContent() {
+    const QRectF extent = scene_.Extent();
+    const QSize size = area_.maximumViewportSize();
+    const QPointF middle = extent.isEmpty() ? QPointF() : extent.center();
+    const int x = extent.isEmpty() ? 0 : qRound(middle.x() * xScale_ - size.width() / 2.0);
+    const int y = extent.isEmpty() ? 0 : qRound(middle.y() * yScale_ - size.height() / 2.0);
+    area_.horizontalScrollBar()->setRange(x, x);
+    area_.verticalScrollBar()->setRange(y, y);
+}
+
+void Viewport::UpdateBars(bool frozen) {
+    const QRectF extent = scene_.Extent();
+    const QRectF content(extent.left() * xScale_, extent.top() * yScale_, extent.width() * xScale_,
+                         extent.height() * yScale_);
+    const QSize size = area_.viewport()->size();
+    QRect all = ScrollableArea(content, size, SeenPixels());
+    QScrollBar &x = *area_.horizontalScrollBar();
+    QScrollBar &y = *area_.verticalScrollBar();
+    if (frozen) {
+        const QRect before(QPoint(x.minimum(), y.minimum()),
+                           QSize(x.maximum() - x.minimum(), y.maximum() - y.minimum()) + size);
+        all |= before;
+    }
+    SetBar(x, all.left(), all.left() + all.width(), size.width());
+    SetBar(y, all.top(), all.top() + all.height(), size.height());
+}
+
+bool Viewport::Update(bool frozen) {
+    bool changed = false;
+    if (!frozen) {
+        const QPointF middle = Seen().center();
+        changed = UpdateScale();
+        const QSize size = area_.viewport()->size();
+        if (Fits()) {
+            CentreContent();
+            TellSurface();
+            return changed;
+        }
+        if (changed) {
+            UpdateBars(false);
+            ScrollTo({Clamped(middle.x() * xScale_ - size.width() / 2.0),
+                      Clamped(middle.y() * yScale_ - size.height() / 2.0)});
+        }
+    }
+    if (!Fits()) UpdateBars(frozen);
+    TellSurface();
+    return changed;
+}
+
+void Viewport::ZoomAt(double percent, const QPointF &at) {
+    const QPointF kept = ToSurface(at);
+    shown_ = std::clamp(percent, kLowestZoom, kHighestZoom);
+    UpdateScale();
+    UpdateBars(false);
+    ScrollTo({qRound(kept.x() * xScale_ - at.x()), qRound(kept.y() * yScale_ - at.y())}, true);
+    TellSurface();
+}
+
+void Viewport::ScrollTo(const QPoint &pixels, bool grow) {
+    QScrollBar &x = *area_.horizontalScrollBar();
+    QScrollBar &y = *area_.verticalScrollBar();
+    if (grow && pixels.x() > x.maximum()) x.setMaximum(std::min(pixels.x(), kLargestScroll));
+    if (grow && pixels.y() > y.maximum()) y.setMaximum(std::min(pixels.y(), kLargestScroll));
+    x.setValue(pixels.x());
+    y.setValue(pixels.y());
+}
+
+void Viewport::EnsureVisible(const QRectF &twips) {
+    if (Fits()) return;
+    const QRectF box = FromSurface(twips);
+    const QSize size = area_.viewport()->size();
+    const auto shift = [](double low, double high, int page) {
+        if (low < 0 || high - low > page) return int(std::floor(low)) - kScrollMargin;
+        return high > page ? int(std::ceil(high)) - page + kScrollMargin : 0;
+    };
+    const bool seen = QRectF(QPointF(0, 0), QSizeF(size)).contains(box);
+    if (!seen)
+        ScrollTo(Scroll() + QPoint(shift(box.left(), box.right(), size.width()),
+                                   shift(box.top(), box.bottom(), size.height())),
+                 true);
+}
+
+void Viewport::TellSurface() {
+    const QSizeF size(area_.viewport()->size());
+    const QPoint scroll = Scroll();
+    surface_.SetSize(float(size.width() * kTwipsPerPixel), float(size.height() * kTwipsPerPixel));
+    surface_.SetScroll(float(scroll.x() / xScale_), float(scroll.y() / yScale_));
+}
+
+} // namespace diagram

@@ -1,0 +1,89 @@
+#include "diagram/interaction/Selecting.h"
+
+#include "diagram/model/Surface.h"
+#include "diagram/scene/Scene.h"
+
+#include <gtest/gtest.h>
+
+namespace diagram::testing {
+
+namespace {
+
+QString Keys(const std::vector<Node *> &nodes) {
+    QString keys;
+    for (const Node *node : nodes) keys += node->Key();
+    return keys;
+}
+
+Node &Add(Surface &surface, const char *key, float left, float top, float width = 100, float height = 100) {
+    Node &node = surface.Nodes().Add(left, top, width, height);
+    node.SetKey(QString::fromLatin1(key));
+    return node;
+}
+
+class CountingEvents : public SurfaceEvents {
+public:
+    void AfterSelect(Surface &) override { ++selects; }
+    int selects = 0;
+};
+
+} // namespace
+
+TEST(ReadingOrder, GoesLineByLine) {
+    Surface surface;
+    Add(surface, "d", 0, 300);
+    Add(surface, "c", 400, 0);
+    Add(surface, "b", 200, 40);
+    Add(surface, "a", 0, 20);
+    Add(surface, "e", 300, 310);
+    EXPECT_EQ(Keys(ReadingOrder(surface)), QStringLiteral("abcde"));
+}
+
+TEST(ReadingOrder, PassesOverHiddenAndUnselectableNodes) {
+    Surface surface;
+    Add(surface, "a", 0, 0).SetHidden(true);
+    Add(surface, "b", 100, 0).SetSelectable(false);
+    Add(surface, "c", 200, 0);
+    EXPECT_EQ(Keys(ReadingOrder(surface)), QStringLiteral("c"));
+}
+
+TEST(NextInReadingOrder, StartsAtTheEndsAndStopsThere) {
+    Surface surface;
+    Node &a = Add(surface, "a", 0, 0);
+    Node &b = Add(surface, "b", 200, 0);
+    EXPECT_EQ(NextInReadingOrder(surface, 1), &a);
+    EXPECT_EQ(NextInReadingOrder(surface, -1), &b);
+    b.SetSelected(true);
+    EXPECT_EQ(NextInReadingOrder(surface, 1), nullptr);
+    EXPECT_EQ(NextInReadingOrder(surface, -1), &a);
+}
+
+TEST(SelectInside, TakesOnlyWhatLiesWholeInside) {
+    Surface surface;
+    Scene scene(surface);
+    Node &a = Add(surface, "a", 100, 100);
+    Node &b = Add(surface, "b", 400, 100);
+    Node &c = Add(surface, "c", 950, 100);
+    Link &inside = a.Links().Add(b);
+    Link &across = b.Links().Add(c);
+    SelectInside(scene, QRectF(0, 0, 1000, 1000), false);
+    EXPECT_TRUE(a.Selected() && b.Selected() && inside.Selected());
+    EXPECT_FALSE(c.Selected());
+    EXPECT_EQ(across.Selected(), QRectF(0, 0, 1000, 1000).contains(ToQPointF(across.Way().back())));
+}
+
+TEST(ChangeSelection, RaisesAfterSelectOnlyForADifference) {
+    Surface surface;
+    CountingEvents events;
+    surface.SetEvents(&events);
+    Node &a = Add(surface, "a", 0, 0);
+    SelectOnly(a);
+    SelectOnly(a);
+    SelectToo(a);
+    EXPECT_EQ(events.selects, 1);
+    SelectNothing(surface);
+    SelectNothing(surface);
+    EXPECT_EQ(events.selects, 2);
+}
+
+} // namespace diagram::testing

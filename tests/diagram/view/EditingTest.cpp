@@ -1,0 +1,140 @@
+#include "tests/diagram/view/ViewFixture.h"
+
+#include <QTextEdit>
+
+namespace diagram::testing {
+
+class Editing : public ViewTest {
+protected:
+    Editing() : a(AddNode("a", 100, 100, 200, 100)), b(AddNode("b", 400, 300)) {
+        a.SetText(QStringLiteral("old"));
+        a.SetSelected(true);
+        Settle();
+    }
+    QTextEdit *Editor() const { return view->findChild<QTextEdit *>(); }
+    Node &a, &b;
+};
+
+TEST_F(Editing, F2_EditsTheTextAndCtrlEnterKeepsIt) {
+    Key(Qt::Key_F2);
+    ASSERT_TRUE(view->IsEditing());
+    EXPECT_EQ(Editor()->toPlainText(), QStringLiteral("old"));
+    Type("new");
+    Key(Qt::Key_Return);
+    Type("line");
+    EXPECT_EQ(a.Text(), QStringLiteral("old"));
+    Key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_FALSE(view->IsEditing());
+    EXPECT_EQ(a.Text(), QStringLiteral("new\r\nline"));
+    EXPECT_EQ(events.Count("AfterEdit"), 1);
+    EXPECT_EQ(UndoSteps(), 1);
+    surface.Undo();
+    EXPECT_EQ(a.Text(), QStringLiteral("old"));
+}
+
+TEST_F(Editing, Typing_ReplacesTheText) {
+    view->setFocus();
+    Type("xyz");
+    ASSERT_TRUE(view->IsEditing());
+    Key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(a.Text(), QStringLiteral("xyz"));
+    EXPECT_EQ(UndoSteps(), 1);
+}
+
+TEST_F(Editing, Typing_WithNothingSelectedDoesNothing) {
+    a.SetSelected(false);
+    view->setFocus();
+    Type("xyz");
+    EXPECT_FALSE(view->IsEditing());
+    EXPECT_FALSE(view->BeginEdit());
+}
+
+TEST_F(Editing, Escape_GivesUp) {
+    Key(Qt::Key_F2);
+    Type("new");
+    Key(Qt::Key_Escape);
+    EXPECT_FALSE(view->IsEditing());
+    EXPECT_EQ(a.Text(), QStringLiteral("old"));
+    EXPECT_FALSE(surface.CanUndo());
+    EXPECT_EQ(events.Count("AfterEdit"), 0);
+    EXPECT_TRUE(view->hasFocus());
+}
+
+TEST_F(Editing, ClickOutside_KeepsTheText) {
+    Key(Qt::Key_F2);
+    Type("new");
+    Click(QPoint(600, 500));
+    EXPECT_FALSE(view->IsEditing());
+    EXPECT_EQ(a.Text(), QStringLiteral("new"));
+    EXPECT_EQ(events.Count("AfterEdit"), 1);
+}
+
+TEST_F(Editing, SameText_IsNoStep) {
+    a.SetText(QStringLiteral("one\r\ntwo"));
+    Key(Qt::Key_F2);
+    Key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(a.Text(), QStringLiteral("one\r\ntwo"));
+    EXPECT_FALSE(surface.CanUndo());
+    EXPECT_EQ(events.Count("AfterEdit"), 0);
+}
+
+TEST_F(Editing, Editor_StandsOnTheNodeInItsFont) {
+    a.SetFont(Font(QStringLiteral("DejaVu Sans"), 12, true));
+    a.SetAlignment(0);
+    surface.SetxZoom(150);
+    surface.SetyZoom(150);
+    Settle();
+    Key(Qt::Key_F2);
+    ASSERT_NE(Editor(), nullptr);
+    const QRectF node(view->FromSurface(a.Bounds().topLeft()), view->FromSurface(a.Bounds().bottomRight()));
+    EXPECT_TRUE(node.adjusted(-1, -1, 1, 1).contains(Editor()->geometry()));
+    EXPECT_TRUE(Editor()->font().bold());
+    EXPECT_NEAR(Editor()->font().pointSizeF() * Editor()->logicalDpiY() / 72, 12 * 1.5 * 96 / 72, 0.1);
+    EXPECT_EQ(Editor()->document()->defaultTextOption().alignment(), Qt::AlignLeft);
+    view->EndEdit(false);
+}
+
+TEST_F(Editing, Editor_GrowsWithTheTextAndGoesWithTheScroll) {
+    AddNode("far", 2000, 2000);
+    Settle();
+    Key(Qt::Key_F2);
+    const int height = Editor()->height();
+    for (int line = 0; line < 20; ++line) Key(Qt::Key_Return);
+    EXPECT_GT(Editor()->height(), height);
+    const int left = Editor()->x();
+    Wheel(QPoint(700, 500), -120, Qt::ShiftModifier);
+    EXPECT_LT(Editor()->x(), left);
+    view->EndEdit(false);
+}
+
+TEST_F(Editing, Label_OfALinkIsEditedTheSame) {
+    Link &link = AddLink(a, b);
+    surface.UnselectAll();
+    link.SetSelected(true);
+    Settle();
+    Key(Qt::Key_F2);
+    ASSERT_TRUE(view->IsEditing());
+    Type("label");
+    Key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(link.Text(), QStringLiteral("label"));
+    EXPECT_EQ(UndoSteps(), 1);
+    EXPECT_EQ(events.Count("AfterEdit"), 1);
+}
+
+TEST_F(Editing, RemovalOfTheNode_EndsTheEditing) {
+    Key(Qt::Key_F2);
+    surface.Remove(a);
+    Settle();
+    EXPECT_FALSE(view->IsEditing());
+    EXPECT_EQ(events.Count("AfterEdit"), 0);
+}
+
+TEST_F(Editing, ViewDestroyedWhileEditing_GivesUp) {
+    Key(Qt::Key_F2);
+    Type("new");
+    view.reset();
+    EXPECT_EQ(a.Text(), QStringLiteral("old"));
+    view = std::make_unique<SurfaceView>(surface);
+}
+
+} // namespace diagram::testing

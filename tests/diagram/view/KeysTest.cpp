@@ -1,0 +1,157 @@
+#include "diagram/view/KeyCodes.h"
+#include "tests/diagram/view/ViewFixture.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QTest>
+#include <QToolTip>
+
+namespace diagram::testing {
+
+class Keys : public ViewTest {
+protected:
+    Keys() : a(AddNode("a", 50, 50)), b(AddNode("b", 250, 60)), c(AddNode("c", 50, 250)) { Settle(); }
+    Node &a, &b, &c;
+};
+
+TEST_F(Keys, Tab_WalksTheNodesInReadingOrder) {
+    view->setFocus();
+    for (Node *expected : {&a, &b, &c}) {
+        Key(Qt::Key_Tab);
+        EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{expected});
+    }
+    Key(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNode(), &b);
+    EXPECT_EQ(events.Count("AfterSelect"), 4);
+}
+
+TEST_F(Keys, Tab_BringsTheNodeIntoSight) {
+    Node &far = AddNode("far", 3000, 3000);
+    c.SetSelected(true);
+    Settle();
+    Key(Qt::Key_Tab);
+    EXPECT_TRUE(far.Selected());
+    EXPECT_TRUE(view->viewport()->rect().contains(Middle(far)));
+}
+
+TEST_F(Keys, CtrlArrow_GoesToTheNeighbour) {
+    a.SetSelected(true);
+    Key(Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{&b});
+    Key(Qt::Key_Left, Qt::ControlModifier);
+    Key(Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{&c});
+    Key(Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{&c});
+    EXPECT_FALSE(surface.CanUndo());
+}
+
+TEST_F(Keys, CtrlAltArrow_GoesAlongLinks) {
+    Node &d = AddNode("d", 450, 60);
+    AddLink(a, d);
+    a.SetSelected(true);
+    Settle();
+    Key(Qt::Key_Right, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{&d});
+}
+
+TEST_F(Keys, Delete_OnlyTellsTheListener) {
+    a.SetSelected(true);
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(surface.Nodes().Count(), 3);
+    EXPECT_EQ(events.details.value(0), QStringLiteral("KeyDown 46 0"));
+}
+
+TEST_F(Keys, Delete_WithoutListenerRemovesTheSelectionInOneStep) {
+    surface.SetEvents(nullptr);
+    AddLink(a, b);
+    a.SetSelected(true);
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(surface.Nodes().Count(), 2);
+    EXPECT_TRUE(surface.Links().empty());
+    EXPECT_EQ(UndoSteps(), 1);
+    surface.Undo();
+    EXPECT_EQ(surface.Nodes().Count(), 3);
+    EXPECT_EQ(surface.Links().size(), 1U);
+}
+
+TEST_F(Keys, KeyUsedUpByTheListener_DoesNothingMore) {
+    events.usedUp = 113; // F2
+    a.SetSelected(true);
+    Key(Qt::Key_F2);
+    EXPECT_FALSE(view->IsEditing());
+}
+
+TEST_F(Keys, Shift_IsToldAsItsOwnKey) {
+    view->setFocus();
+    QTest::keyPress(view.get(), Qt::Key_Shift);
+    QTest::keyRelease(view.get(), Qt::Key_Shift);
+    EXPECT_EQ(events.details.filter(QStringLiteral("Key")),
+              QStringList({QStringLiteral("KeyDown 16 1"), QStringLiteral("KeyUp 16 0")}));
+}
+
+TEST_F(Keys, LosingTheFocus_EndsShiftMode) {
+    surface.SetShiftMode(true);
+    view->setFocus();
+    view->clearFocus();
+    EXPECT_FALSE(surface.ShiftMode());
+}
+
+TEST_F(Keys, GotFocus_IsRaised) {
+    view->clearFocus();
+    events.names.clear();
+    view->setFocus();
+    EXPECT_EQ(events.Count("GotFocus"), 1);
+}
+
+TEST_F(Keys, View_HasNameAndDescriptionForAssistants) {
+    EXPECT_FALSE(view->accessibleName().isEmpty());
+    EXPECT_FALSE(view->accessibleDescription().isEmpty());
+    EXPECT_TRUE(view->focusPolicy() & Qt::TabFocus);
+}
+
+TEST_F(Keys, ToolTip_ShowsATextThatIsCutOff) {
+    const auto ask = [&](const Node &node) {
+        QHelpEvent help(QEvent::ToolTip, Body(node), view->viewport()->mapToGlobal(Body(node)));
+        QApplication::sendEvent(view->viewport(), &help);
+        return QToolTip::text();
+    };
+    a.SetText(QStringLiteral("short"));
+    b.SetText(QStringLiteral("a long text ").repeated(40));
+    Settle();
+    EXPECT_EQ(ask(a), QString());
+    EXPECT_TRUE(ask(b).contains(QStringLiteral("a long text a long")));
+    QToolTip::hideText();
+}
+
+TEST_F(Keys, PointerShape_FollowsWhatLiesBelow) {
+    a.SetSelected(true);
+    Settle();
+    MoveTo(Body(a));
+    EXPECT_EQ(view->viewport()->cursor().shape(), Qt::SizeAllCursor);
+    MoveTo(Handle(a, 3));
+    EXPECT_EQ(view->viewport()->cursor().shape(), Qt::SizeHorCursor);
+    MoveTo(Middle(b));
+    EXPECT_EQ(view->viewport()->cursor().shape(), Qt::CrossCursor);
+    MoveTo(QPoint(600, 500));
+    EXPECT_EQ(view->viewport()->cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST(KeyCodes, VirtualKey_GivesTheCodesOfTheTable) {
+    EXPECT_EQ(VirtualKey(Qt::Key_Backspace), 8);
+    EXPECT_EQ(VirtualKey(Qt::Key_Enter), 13);
+    EXPECT_EQ(VirtualKey(Qt::Key_Shift), 16);
+    EXPECT_EQ(VirtualKey(Qt::Key_Escape), 27);
+    EXPECT_EQ(VirtualKey(Qt::Key_Delete), 46);
+    EXPECT_EQ(VirtualKey(Qt::Key_A), 65);
+    EXPECT_EQ(VirtualKey(Qt::Key_7), 55);
+    EXPECT_EQ(VirtualKey(Qt::Key_F2), 113);
+    EXPECT_EQ(VirtualKey(Qt::Key_Launch0), 0);
+}
+
+TEST(KeyCodes, Masks_AreSums) {
+    EXPECT_EQ(ShiftMask(Qt::ShiftModifier | Qt::AltModifier), 5);
+    EXPECT_EQ(ButtonMask(Qt::LeftButton | Qt::MiddleButton), 5);
+}
+
+} // namespace diagram::testing

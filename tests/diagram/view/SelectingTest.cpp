@@ -1,0 +1,150 @@
+#include "tests/diagram/view/ViewFixture.h"
+
+#include <QCoreApplication>
+#include <QMouseEvent>
+
+namespace diagram::testing {
+
+class Selecting : public ViewTest {
+protected:
+    Selecting() : a(AddNode("a", 50, 50)), b(AddNode("b", 250, 50)), c(AddNode("c", 50, 250)) { Settle(); }
+    Node &a, &b, &c;
+};
+
+TEST_F(Selecting, Click_SelectsTheNodeAlone) {
+    b.SetSelected(true);
+    Click(Body(a));
+    EXPECT_TRUE(a.Selected());
+    EXPECT_FALSE(b.Selected());
+    EXPECT_EQ(events.Count("Click"), 1);
+    EXPECT_EQ(events.Count("AfterSelect"), 1);
+    EXPECT_FALSE(surface.CanUndo());
+}
+
+TEST_F(Selecting, Click_OnTheSelectedNodeRaisesNoSecondAfterSelect) {
+    Click(Body(a));
+    Click(Body(a));
+    EXPECT_EQ(events.Count("AfterSelect"), 1);
+    EXPECT_EQ(events.Count("Click"), 2);
+}
+
+TEST_F(Selecting, CtrlClick_Toggles) {
+    Click(Body(a));
+    Click(Body(b), Qt::ControlModifier);
+    EXPECT_TRUE(a.Selected());
+    EXPECT_TRUE(b.Selected());
+    Click(Body(a), Qt::ControlModifier);
+    EXPECT_FALSE(a.Selected());
+    EXPECT_TRUE(b.Selected());
+}
+
+TEST_F(Selecting, Click_OnOneOfSeveralSelectedLeavesThatOne) {
+    a.SetSelected(true);
+    b.SetSelected(true);
+    Click(Body(a));
+    EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{&a});
+}
+
+TEST_F(Selecting, Click_OnEmptySurfaceSelectsNothing) {
+    a.SetSelected(true);
+    Click(QPoint(500, 400));
+    EXPECT_FALSE(a.Selected());
+    EXPECT_EQ(surface.Nodes().Count(), 3);
+    EXPECT_EQ(events.Count("AfterSelect"), 1);
+}
+
+TEST_F(Selecting, Click_OnALinkSelectsIt) {
+    Link &link = AddLink(a, b);
+    Settle();
+    Click(At((a.Bounds().center() + b.Bounds().center()) / 2));
+    EXPECT_TRUE(link.Selected());
+    EXPECT_EQ(surface.SelectedLink(), &link);
+}
+
+TEST_F(Selecting, UnselectableNode_IsNotSelectedAndTheSurfaceBelowItIsDrawnOn) {
+    a.SetSelectable(false);
+    Click(Body(a));
+    EXPECT_FALSE(a.Selected());
+    Drag(Body(a), Body(a) + QPoint(40, 30));
+    EXPECT_EQ(surface.Nodes().Count(), 4);
+}
+
+TEST_F(Selecting, HiddenNode_IsNeverHit) {
+    a.SetHidden(true);
+    Settle();
+    Click(Body(a));
+    EXPECT_FALSE(a.Selected());
+}
+
+TEST_F(Selecting, ShiftDrag_SelectsWhatTheBandEncloses) {
+    c.SetSelected(true);
+    Drag(QPoint(20, 20), QPoint(400, 160), Qt::ShiftModifier);
+    EXPECT_TRUE(a.Selected());
+    EXPECT_TRUE(b.Selected());
+    EXPECT_FALSE(c.Selected());
+    EXPECT_EQ(surface.Nodes().Count(), 3);
+    EXPECT_EQ(events.Count("AfterSelect"), 1);
+    EXPECT_FALSE(surface.CanUndo());
+}
+
+TEST_F(Selecting, ShiftMode_MakesAPlainDragARubberBand) {
+    surface.SetShiftMode(true);
+    Drag(QPoint(20, 20), QPoint(200, 160));
+    EXPECT_TRUE(a.Selected());
+    EXPECT_EQ(surface.Nodes().Count(), 3);
+}
+
+TEST_F(Selecting, BandWithCtrl_AddsToTheSelection) {
+    c.SetSelected(true);
+    Drag(QPoint(20, 20), QPoint(200, 160), Qt::ShiftModifier | Qt::ControlModifier);
+    EXPECT_TRUE(a.Selected());
+    EXPECT_TRUE(c.Selected());
+}
+
+TEST_F(Selecting, BandGivenUpWithEscape_LeavesTheSelection) {
+    c.SetSelected(true);
+    DragAndHold(QPoint(20, 20), QPoint(400, 160), Qt::ShiftModifier);
+    Key(Qt::Key_Escape);
+    Release(QPoint(400, 160));
+    EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{&c});
+    EXPECT_EQ(events.Count("AfterSelect"), 0);
+}
+
+TEST_F(Selecting, BandPassesOverUnselectableAndHiddenNodes) {
+    a.SetSelectable(false);
+    b.SetHidden(true);
+    Drag(QPoint(20, 20), QPoint(400, 400), Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{&c});
+}
+
+TEST_F(Selecting, RightButton_RaisesMouseDownOnlyAndSelectsNothing) {
+    Press(Body(a), Qt::ControlModifier, Qt::RightButton);
+    Release(Body(a), {}, Qt::RightButton);
+    EXPECT_FALSE(a.Selected());
+    const QPoint at = Body(a);
+    EXPECT_EQ(events.details.join(QLatin1Char(';')),
+              QStringLiteral("MouseDown 2 2 %1 %2").arg(at.x() * 15).arg(at.y() * 15));
+    EXPECT_EQ(events.Count("Click"), 0);
+}
+
+TEST_F(Selecting, DoubleClick_RaisesDblClickOnce) {
+    Click(Body(a));
+    QMouseEvent twice(QEvent::MouseButtonDblClick, Body(a), view->viewport()->mapToGlobal(Body(a)),
+                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(view->viewport(), &twice);
+    Release(Body(a));
+    EXPECT_EQ(events.Count("DblClick"), 1);
+    EXPECT_EQ(events.Count("Click"), 1);
+    EXPECT_FALSE(view->IsEditing());
+}
+
+TEST_F(Selecting, SelectedNode_ShowsHandlesThatGoWithTheSelection) {
+    const QImage before = Shown();
+    Click(Body(a));
+    const QImage selected = Shown();
+    EXPECT_GT(DifferingPixels(before, selected), 100);
+    Click(QPoint(500, 400));
+    EXPECT_EQ(DifferingPixels(before, Shown()), 0);
+}
+
+} // namespace diagram::testing
