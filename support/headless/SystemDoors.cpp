@@ -3,10 +3,10 @@
 #include "support/Platform.h"
 
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <QEventLoop>
 #include <QTimer>
-#include <QUuid>
 
 namespace support {
 
@@ -44,10 +44,12 @@ double SystemRandom::Next() {
 }
 
 std::array<std::uint8_t, 16> SystemRandom::NewGuid() {
-    const QByteArray bytes = QUuid::createUuid().toRfc4122();
+    std::array<quint32, 4> words{};
+    guids_.fillRange(words.data(), static_cast<qsizetype>(words.size()));
     std::array<std::uint8_t, 16> guid{};
-    for (std::size_t i = 0; i < guid.size(); ++i)
-        guid[i] = static_cast<std::uint8_t>(bytes[static_cast<qsizetype>(i)]);
+    std::memcpy(guid.data(), words.data(), guid.size());
+    guid[6] = static_cast<std::uint8_t>((guid[6] & 0x0F) | 0x40); // version 4: random
+    guid[8] = static_cast<std::uint8_t>((guid[8] & 0x3F) | 0x80); // the variant of RFC 4122
     return guid;
 }
 

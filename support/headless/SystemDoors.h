@@ -3,6 +3,7 @@
 
 #include "support/Desktop.h"
 
+#include <QRandomGenerator>
 #include <random>
 
 namespace support {
@@ -29,6 +30,8 @@ public:
 
 private:
     std::minstd_rand generator_;
+    // Asking the system for each GUID costs more than writing the row that it names.
+    QRandomGenerator guids_ = QRandomGenerator::securelySeeded();
 };
 
 class SystemIdentity : public Identity {

@@ -1,0 +1,111 @@
+#include "cli/Commands.h"
+
+#include "support/Error.h"
+
+#include <QCoreApplication>
+
+namespace cli {
+
+namespace {
+
+struct Command {
+    const char *name;
+    int (*run)(QStringList, QTextStream &);
+    bool paints;
+    const char *usage;
+};
+
+constexpr Command kCommands[] = {
+    {"info", Info, false, "info FILE [--json]\n      slices, counts, fonts and pools"},
+    {"check", Check, false,
+     "check FILE\n      opens the map and tells what is wrong with it; ends with 1 if anything is"},
+    {"convert", Convert, false,
+     "convert IN OUT\n      writes the map IN, an old Jet map too, as the map OUT"},
+    {"picture", Picture, true,
+     "picture FILE [--slice N] [--pixels N] OUT.png|OUT.svg|OUT.pdf\n"
+     "  picture FILE --all FOLDER [--format png|svg|pdf] [--pixels N]\n"
+     "      a picture of a slice, counted from 1, or of every slice; --pixels is the longest side of a PNG"},
+};
+
+const Command *Find(const QStringList &arguments) {
+    if (arguments.isEmpty()) return nullptr;
+    for (const Command &command : kCommands)
+        if (arguments.first() == QLatin1String(command.name)) return &command;
+    return nullptr;
+}
+
+bool AsksForHelp(const QStringList &arguments) {
+    const QString first = arguments.value(0);
+    return first == QLatin1String("--help") || first == QLatin1String("-h") ||
+           first == QLatin1String("help") || arguments.contains(QStringLiteral("--help"));
+}
+
+void ShowHelp(QTextStream &out) {
+    out << "velmora-cli: maps without a window\n\n";
+    for (const Command &command : kCommands) out << "  " << command.usage << "\n";
+    out << "  --help, --version\n";
+}
+
+void ShowError(QTextStream &err, const QString &text) {
+    err << "velmora-cli: " << QString(text).replace(QLatin1String("\r\n"), QLatin1String(" ")).simplified()
+        << "\n";
+}
+
+int RunCommand(const Command &command, const QStringList &arguments, QTextStream &out, QTextStream &err) {
+    try {
+        return command.run(arguments.mid(1), out);
+    } catch (const UsageError &error) {
+        ShowError(err, error.Text());
+        return kUsage;
+    } catch (...) {
+        const support::Error error = support::CurrentError(QStringLiteral("velmora-cli"));
+        ShowError(err, QStringLiteral("%1 (Error #%2)").arg(error.Description()).arg(error.Number()));
+        return kFailed;
+    }
+}
+
+} // namespace
+
+int Run(const QStringList &arguments, QTextStream &out, QTextStream &err) {
+    if (AsksForHelp(arguments)) {
+        ShowHelp(out);
+        return kGood;
+    }
+    if (arguments.value(0) == QLatin1String("--version")) {
+        out << "velmora-cli " << QCoreApplication::applicationVersion() << "\n";
+        return kGood;
+    }
+    if (const Command *command = Find(arguments)) return RunCommand(*command, arguments, out, err);
+    ShowError(err, arguments.isEmpty()
+                       ? QStringLiteral("a command is missing; see --help")
+                       : QStringLiteral("unknown command '%1'; see --help").arg(arguments.first()));
+    return kUsage;
+}
+
+bool Paints(const QStringList &arguments) {
+    const Command *command = Find(arguments);
+    return command && command->paints && !AsksForHelp(arguments);
+}
+
+QString TakeOption(QStringList &arguments, const QString &option) {
+    const qsizetype at = arguments.indexOf(option);
+    if (at < 0) return {};
+    if (at + 1 >= arguments.size()) throw UsageError(QStringLiteral("%1 needs a value").arg(option));
+    arguments.removeAt(at);
+    return arguments.takeAt(at);
+}
+
+bool TakeSwitch(QStringList &arguments, const QString &option) { return arguments.removeAll(option) > 0; }
+
+void ExpectFiles(const QStringList &arguments, int count) {
+    for (const QString &argument : arguments)
+        if (argument.startsWith(QLatin1String("--")))
+            throw UsageError(QStringLiteral("unknown option %1").arg(argument));
+    if (arguments.size() != count)
+        throw UsageError(
+            QStringLiteral("%1 expected, %2 given; see --help")
+                .arg(count == 1 ? QStringLiteral("one file") : QStringLiteral("%1 files").arg(count))
+                .arg(arguments.size()));
+}
+
+} // namespace cli

@@ -1,0 +1,46 @@
+// The commands of velmora-cli.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QTextStream>
+
+namespace cli {
+
+// What the process ends with.
+constexpr int kGood = 0;
+constexpr int kFailed = 1; // an error, or a map with something wrong
+constexpr int kUsage = 2;  // the command line was not understood
+
+// Runs the command line, given without the program's name. Results go to `out`; an error is one line on
+// `err`.
+int Run(const QStringList &arguments, QTextStream &out, QTextStream &err);
+
+// Whether the command paints and so needs a QGuiApplication.
+bool Paints(const QStringList &arguments);
+
+// The command line was not understood. The text says why.
+class UsageError {
+public:
+    explicit UsageError(QString text) : text_(std::move(text)) {}
+    const QString &Text() const { return text_; }
+
+private:
+    QString text_;
+};
+
+// Takes the option with its value out of the arguments; empty without it. UsageError when the value is
+// missing.
+QString TakeOption(QStringList &arguments, const QString &option);
+// Takes the switch out of the arguments and tells whether it was there.
+bool TakeSwitch(QStringList &arguments, const QString &option);
+// UsageError unless exactly `count` arguments are left, none of which looks like an option.
+void ExpectFiles(const QStringList &arguments, int count);
+
+// The single commands, on what stands behind their names.
+int Info(QStringList arguments, QTextStream &out);
+int Check(QStringList arguments, QTextStream &out);
+int Convert(QStringList arguments, QTextStream &out);
+int Picture(QStringList arguments, QTextStream &out);
+
+} // namespace cli

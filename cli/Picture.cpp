@@ -1,0 +1,94 @@
+// Pictures of slices.
+#include "cli/Commands.h"
+#include "cli/Session.h"
+#include "diagram/export/Export.h"
+#include "support/Error.h"
+#include "support/Files.h"
+
+#include <QDir>
+
+namespace cli {
+
+namespace {
+
+constexpr int kMostPixels = 32767;
+
+int NumberOption(QStringList &arguments, const QString &option, int lowest, int highest, int preset) {
+    const QString text = TakeOption(arguments, option);
+    if (text.isEmpty()) return preset;
+    bool good = false;
+    const int number = text.toInt(&good);
+    if (!good || number < lowest || number > highest)
+        throw UsageError(
+            QStringLiteral("%1 needs a number from %2 to %3").arg(option).arg(lowest).arg(highest));
+    return number;
+}
+
+QString FormatOption(QStringList &arguments) {
+    const QString format = TakeOption(arguments, QStringLiteral("--format"));
+    if (format.isEmpty()) return QStringLiteral("png");
+    if (format != QLatin1String("png") && format != QLatin1String("svg") && format != QLatin1String("pdf"))
+        throw UsageError(QStringLiteral("--format needs png, svg or pdf"));
+    return format;
+}
+
+// "03-Caption.png", with what a file name may not hold replaced.
+QString FileNameFor(int number, const QString &caption, const QString &format) {
+    constexpr int kLongestName = 60;
+    QString name;
+    for (const QChar character : caption.left(kLongestName))
+        name += character.isLetterOrNumber() || character.isSurrogate() ||
+                        QStringLiteral(" -_.").contains(character)
+                    ? character
+                    : QLatin1Char('_');
+    return QStringLiteral("%1-%2.%3").arg(number, 2, 10, QLatin1Char('0')).arg(name.trimmed(), format);
+}
+
+int AllSlices(const QString &map, const QString &folder, const QString &format,
+              const diagram::ExportOptions &options, QTextStream &out) {
+    Session session;
+    document::MemoryWindow &window = session.Open(map);
+    if (!QDir().mkpath(folder))
+        throw support::Error(support::kErrPathFileAccess, QStringLiteral("velmora-cli"),
+                             QStringLiteral("Path/File access error: %1").arg(folder));
+    int tab = 0;
+    for (const int index : window.AddFlow1().Indices()) {
+        const QString name = FileNameFor(tab + 1, window.TabStrip().TabCaption(tab), format);
+        ++tab;
+        const QString path = QDir(folder).filePath(name);
+        diagram::ExportPictureFile(window.AddFlow1()[index], path, options);
+        out << path << "\n";
+    }
+    return kGood;
+}
+
+int OneSlice(const QString &map, int number, const QString &path, const diagram::ExportOptions &options) {
+    Session session;
+    document::MemoryWindow &window = session.Open(map);
+    const std::vector<int> slices = window.AddFlow1().Indices();
+    if (number > static_cast<int>(slices.size()))
+        throw support::Error(
+            support::kErrSubscriptOutOfRange, QStringLiteral("velmora-cli"),
+            QStringLiteral("Slice %1 does not exist; the map has %2").arg(number).arg(slices.size()));
+    diagram::ExportPictureFile(window.AddFlow1()[slices[static_cast<std::size_t>(number - 1)]], path,
+                               options);
+    return kGood;
+}
+
+} // namespace
+
+int Picture(QStringList arguments, QTextStream &out) {
+    diagram::ExportOptions options;
+    options.pixels = NumberOption(arguments, QStringLiteral("--pixels"), 1, kMostPixels, 0);
+    const QString folder = TakeOption(arguments, QStringLiteral("--all"));
+    if (!folder.isEmpty()) {
+        const QString format = FormatOption(arguments);
+        ExpectFiles(arguments, 1);
+        return AllSlices(arguments[0], folder, format, options, out);
+    }
+    const int number = NumberOption(arguments, QStringLiteral("--slice"), 1, kMostPixels + 1, 1);
+    ExpectFiles(arguments, 2);
+    return OneSlice(arguments[0], number, arguments[1], options);
+}
+
+} // namespace cli

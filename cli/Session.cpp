@@ -1,0 +1,65 @@
+#include "cli/Session.h"
+
+#include "document/DoLoad.h"
+
+#include <QTemporaryDir>
+
+namespace cli {
+
+// Takes the place of the temporary folder of the process.
+class Session::ScratchFolder {
+public:
+    ScratchFolder() {
+        for (Variable &variable : variables_) {
+            variable.former = qgetenv(variable.name);
+            qputenv(variable.name, folder_.path().toLocal8Bit());
+        }
+    }
+    ~ScratchFolder() {
+        for (const Variable &variable : variables_) {
+            if (variable.former.isNull())
+                qunsetenv(variable.name);
+            else
+                qputenv(variable.name, variable.former);
+        }
+    }
+    ScratchFolder(const ScratchFolder &) = delete;
+    ScratchFolder &operator=(const ScratchFolder &) = delete;
+
+private:
+    struct Variable {
+        const char *name;
+        QByteArray former;
+    };
+    QTemporaryDir folder_;
+    Variable variables_[2] = {{"TMPDIR", {}}, {"TMP", {}}};
+};
+
+namespace {
+
+support::Desktop Composed(support::Desktop &headless, support::MessageBoxes &boxes,
+                          support::MemoryProbe &memory) {
+    return {
+        boxes,           headless.dialogs,  headless.launcher, headless.clock,     memory, headless.registry,
+        headless.random, headless.printers, headless.identity, headless.dialogHost};
+}
+
+} // namespace
+
+Session::Session()
+    : scratch_(std::make_unique<ScratchFolder>()),
+      headless_(std::make_unique<support::MemoryRegistryStore>()),
+      desktop_(Composed(headless_.Get(), boxes_, memory_)),
+      window_(desktop_, document::EmptyPools()) {
+    support::SetDesktop(&desktop_);
+}
+
+Session::~Session() { support::SetDesktop(&headless_.Get()); }
+
+document::MemoryWindow &Session::Open(const QString &path) {
+    window_.clsSettings().SetDatabase(path);
+    document::DoLoad(window_);
+    return window_;
+}
+
+} // namespace cli

@@ -1,0 +1,45 @@
+// What a command works in: a desktop without windows and a window of plain memory.
+#pragma once
+
+#include "document/MemoryWindow.h"
+#include "support/headless/HeadlessDesktop.h"
+
+namespace cli {
+
+// A map that lies beside a developer's companion files is shown as it is.
+class ConsoleBoxes : public support::MessageBoxes {
+public:
+    support::Answer Show(const QString &, support::Buttons buttons, support::Icon, const QString &) override {
+        return buttons == support::Buttons::YesNo ? support::Answer::Yes : support::Answer::Ok;
+    }
+    QString InputBox(const QString &, const QString &, const QString &) override { return {}; }
+};
+
+// Memory is never short: a command of its own process endangers no open map.
+class PlentyOfMemory : public support::MemoryProbe {
+public:
+    support::MemoryReading Read() override { return {100, std::nullopt}; }
+};
+
+// Leaves no trace in the user's settings and recent files. Its temporary files go with it.
+class Session {
+public:
+    Session();
+    ~Session();
+    Session(const Session &) = delete;
+    Session &operator=(const Session &) = delete;
+
+    // The window with the map read. An error of the load is raised.
+    document::MemoryWindow &Open(const QString &path);
+
+private:
+    class ScratchFolder;
+    std::unique_ptr<ScratchFolder> scratch_;
+    support::HeadlessDesktop headless_;
+    ConsoleBoxes boxes_;
+    PlentyOfMemory memory_;
+    support::Desktop desktop_;
+    document::MemoryWindow window_;
+};
+
+} // namespace cli

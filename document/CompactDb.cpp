@@ -1,0 +1,65 @@
+#include "document/CompactDb.h"
+
+#include "document/MapWindow.h"
+#include "storage/Database.h"
+#include "support/AtomicFile.h"
+#include "support/Error.h"
+#include "support/Files.h"
+
+#include <QFile>
+
+namespace document {
+
+namespace {
+
+constexpr int kVersion30 = 32;
+const QString kLocale = QStringLiteral(";LANGID=0x0409;CP=1252;COUNTRY=0");
+const QString kPrefix = QStringLiteral("ABC");
+
+QString LocaleWithPassword(const QString &password) {
+    return password.isEmpty() ? kLocale : kLocale + QStringLiteral(";pwd=") + password;
+}
+
+// Fills the file, which only its owner may read, so that the copy is as private as it should be.
+void CopyInto(const QString &source, const QString &target) {
+    constexpr qint64 kBlock = 1 << 20;
+    QFile from(source), to(target);
+    bool good = from.open(QIODevice::ReadOnly) && to.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    while (good && !from.atEnd()) {
+        const QByteArray block = from.read(kBlock);
+        good = !block.isEmpty() && to.write(block) == block.size();
+    }
+    if (good && to.flush()) return;
+    throw support::Error(support::kErrPathFileAccess, QStringLiteral("CompactDb"),
+                         QStringLiteral("Path/File access error: %1").arg(target));
+}
+
+bool HaveSameBytes(const QString &a, const QString &b) {
+    constexpr qint64 kBlock = 1 << 20;
+    QFile first(a), second(b);
+    if (!first.open(QIODevice::ReadOnly) || !second.open(QIODevice::ReadOnly) ||
+        first.size() != second.size())
+        return false;
+    while (!first.atEnd())
+        if (first.read(kBlock) != second.read(kBlock)) return false;
+    return true;
+}
+
+} // namespace
+
+void CompactDb(MapWindow &window, const QString &sFile, bool bKeep, const QString &sPassword) {
+    support::PassOn("CompactDb", [&] {
+        window.SetMousePointer(pointer::kHourglass);
+        const QString compacted = support::GetTempFile(kPrefix);
+        const QString safetyCopy = support::GetTempFile(kPrefix);
+        support::Kill(compacted);
+        CopyInto(sFile, safetyCopy);
+        storage::CompactDatabase(sFile, compacted, LocaleWithPassword(sPassword), kVersion30);
+        // A file without free space comes back as it was.
+        if (!HaveSameBytes(compacted, sFile)) support::CopyFileTo(compacted, sFile);
+        if (!bKeep) support::Kill(compacted);
+        window.SetMousePointer(pointer::kNormal);
+    });
+}
+
+} // namespace document

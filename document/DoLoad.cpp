@@ -1,0 +1,277 @@
+#include "document/DoLoad.h"
+
+#include "app/settings/clsMRU.h"
+#include "app/settings/Settings.h"
+#include "diagram/format/SurfaceFile.h"
+#include "document/BusyWindow.h"
+#include "document/clsfrmMain.h"
+#include "document/DefaultNodes.h"
+#include "document/LoadSlice.h"
+#include "document/MapRows.h"
+#include "document/MapSchema.h"
+#include "document/MemoryGuard.h"
+#include "document/OpenMap.h"
+#include "document/PicturePool.h"
+#include "document/SurfaceArray.h"
+#include "document/Tags.h"
+#include "document/TemplateFile.h"
+#include "storage/Fields.h"
+#include "support/Files.h"
+
+#include <algorithm>
+#include <QFile>
+
+namespace document {
+
+namespace {
+
+using storage::Recordset;
+
+class Loader {
+public:
+    Loader(MapWindow &window, storage::Database &database)
+        : window_(window),
+          settings_(window.clsSettings()),
+          database_(database),
+          rows_(database, settings_),
+          pictures_(database),
+          memory_(window.Desktop()) {}
+
+    // True when the map was read whole; false when memory ran short.
+    bool Run();
+
+private:
+    void UnloadSlices();
+    void LoadPools();
+    // False when memory ran short.
+    bool LoadSlices();
+    bool LoadSlice(const Recordset &row, const Columns &at);
+    diagram::Surface &PrepareSurface(const Recordset &row, const Columns &at);
+    void SetSliceValues(diagram::Surface &surface, const Recordset &row, const Columns &at);
+    void FinishSlice(diagram::Surface &surface);
+    void AskForCompanion(diagram::Surface &surface);
+    void LoadHyperlinks();
+    void LoadAttachments();
+    void ExtractAttachment(cAttachment &attachment, const Recordset &rows);
+    void EndWithoutMemory();
+
+    MapWindow &window_;
+    clsfrmMain &settings_;
+    storage::Database &database_;
+    MapRows rows_;
+    PicturePool pictures_;
+    MemoryWatch memory_;
+};
+
+void UnloadAbove(SurfaceArray &surfaces, int slot) {
+    while (surfaces.UBound() > slot) surfaces.Unload(surfaces.UBound());
+}
+
+bool Loader::Run() {
+    UnloadSlices();
+    LoadPools();
+    if (!LoadSlices()) {
+        EndWithoutMemory();
+        return false;
+    }
+    LoadHyperlinks();
+    LoadAttachments();
+    return true;
+}
+
+void Loader::UnloadSlices() {
+    UnloadAbove(window_.AddFlow1(), 0);
+    window_.TabStrip().SetTabCount(1);
+}
+
+void Loader::LoadPools() {
+    window_.DoStatus(QStringLiteral("Loading Levels..."));
+    settings_.Levels().Clear();
+    ReadLevels(database_, settings_.Levels());
+    window_.DoStatus(QStringLiteral("Loading Groups..."));
+    settings_.Groups().Clear();
+    ReadGroups(database_, settings_.Groups());
+}
+
+bool Loader::LoadSlices() {
+    Recordset rows = database_.OpenRecordset(SelectAll(schema::kSlices) + QStringLiteral(" ORDER BY ") +
+                                             Bracketed(schema::kSlices, schema::slice::kIndex));
+    if (rows.EndOfFile()) window_.AddFlow1()[0].Reset();
+    const Columns at(rows, schema::kSlices);
+    for (; !rows.EndOfFile(); rows.MoveNext())
+        if (memory_.IsShort() || !LoadSlice(rows, at)) return false;
+    return true;
+}
+
+// The surface of the slice, made with its tab unless it is the first. Where indexes have gaps the tabs have
+// none.
+diagram::Surface &Loader::PrepareSurface(const Recordset &row, const Columns &at) {
+    const int index = row.Integer(at[schema::slice::kIndex]);
+    Tabs &tabs = window_.TabStrip();
+    if (index > 0) {
+        window_.AddFlow1().Load(index);
+        tabs.SetTabCount(tabs.TabCount() + 1);
+        tabs.SetTheTab(std::min(index, tabs.TabCount() - 1));
+    }
+    tabs.SetCaption(row.Text(at[schema::slice::kText]));
+    return window_.AddFlow1()[index];
+}
+
+void Loader::SetSliceValues(diagram::Surface &surface, const Recordset &row, const Columns &at) {
+    using namespace schema::slice;
+    surface.SetBackColor(row.Long(at[kBackColor]));
+    surface.SetGridLines(row.Boolean(at[kGridLines]));
+    const int timeline = at[kTimeline];
+    SetTag(surface, tags::kTimelineAlign,
+           row.IsNull(timeline) ? QString() : QString::number(row.Integer(timeline)));
+    SetTag(surface, tags::kMissing,
+           row.Boolean(at[kIncMissing]) ? QStringLiteral("True") : QStringLiteral("False"));
+    surface.SetPicture(pictures_.Load(row.Text(at[kPicture])));
+    surface.Nodes().Clear();
+}
+
+bool Loader::LoadSlice(const Recordset &row, const Columns &at) {
+    diagram::Surface &surface = PrepareSurface(row, at);
+    LoadDefaults(surface);
+    SetSliceValues(surface, row, at);
+    SliceLoader slice(window_, surface, rows_, pictures_, memory_);
+    if (!slice.LoadNodes()) return false;
+    slice.LoadLinks();
+    slice.Stack();
+    surface.SetxZoom(row.Long(at[schema::slice::kxZoom]));
+    surface.SetyZoom(row.Long(at[schema::slice::kyZoom]));
+    FinishSlice(surface);
+    return true;
+}
+
+void Loader::FinishSlice(diagram::Surface &surface) {
+    surface.Recalculate();
+    window_.AddFlow1_AfterMove(surface.Index());
+    surface.UnselectAll();
+    window_.ClickTab();
+    AskForCompanion(surface);
+    if (surface.Log()) surface.Log()->Forget();
+}
+
+void Loader::AskForCompanion(diagram::Surface &surface) {
+    const QString path = CompanionFile(settings_.Database(), surface.Index());
+    if (!support::FileExists(path)) return;
+    const support::Answer answer =
+        window_.Desktop().messageBoxes.Show(QStringLiteral("Does this look right?"), support::Buttons::YesNo,
+                                            support::Icon::None, settings::Terms().TITLE);
+    if (answer != support::Answer::No) return;
+    surface.Nodes().Clear();
+    diagram::LoadFile(surface, path);
+}
+
+void Loader::LoadHyperlinks() {
+    window_.DoStatus(QStringLiteral("Loading Hyperlinks..."));
+    Recordset rows = database_.OpenRecordset(SelectAll(schema::kHyperlinks));
+    const Columns at(rows, schema::kHyperlinks);
+    using namespace schema::hyperlink;
+    settings_.Hyperlinks().Clear();
+    for (; !rows.EndOfFile(); rows.MoveNext()) {
+        QString key = rows.Text(at[kNodeKey]);
+        cHyperlink &hyperlink = settings_.Hyperlinks().add(key);
+        hyperlink.Node = rows.Text(at[kNodeKey]);
+        hyperlink.Map = rows.Text(at[kFilename]);
+        hyperlink.Slice = rows.Integer(at[kSlice]);
+        // Of a link to another map the slice may be none of this one's.
+        const int tab = hyperlink.Slice - 1;
+        if (tab >= 0 && tab < window_.TabStrip().TabCount())
+            hyperlink.SliceKey = window_.TabStrip().TabKey(tab);
+        hyperlink.DestNode = rows.Text(at[kNode]);
+    }
+}
+
+void Loader::LoadAttachments() {
+    window_.DoStatus(QStringLiteral("Loading Attachments..."));
+    Recordset rows = database_.OpenRecordset(SelectAll(schema::kAttachments));
+    const Columns at(rows, schema::kAttachments);
+    using namespace schema::attachment;
+    settings_.Attachments().Clear();
+    for (; !rows.EndOfFile(); rows.MoveNext()) {
+        QString key;
+        cAttachment &attachment = settings_.Attachments().add(key);
+        attachment.Filename = rows.Text(at[kFilename]);
+        attachment.Embed = rows.Boolean(at[kEmbed]);
+        attachment.Node = rows.Text(at[kNodeKey]);
+        if (attachment.Embed) ExtractAttachment(attachment, rows);
+    }
+}
+
+// Only the name of the stored path counts, so that a map cannot write anywhere else.
+void Loader::ExtractAttachment(cAttachment &attachment, const Recordset &rows) {
+    attachment.Filename =
+        support::AddBackslash(support::TempPath()) + support::FileTitle(attachment.Filename);
+    QFile::remove(attachment.Filename);
+    storage::WriteFileFromField(attachment.Filename, rows,
+                                NameOf(schema::kAttachments, schema::attachment::kData));
+}
+
+void Loader::EndWithoutMemory() {
+    ShowMemoryText(window_.Desktop());
+    window_.DoResize();
+    window_.DoStatus(QString());
+    window_.SetProgress(0);
+    window_.DrawMenuBar();
+}
+
+void EndWell(MapWindow &window) {
+    clsfrmMain &settings = window.clsSettings();
+    window.LoadCombos();
+    window.DoResize();
+    window.DoStatus(QString());
+    window.SetProgress(0);
+    window.TabStrip().SetTheTab(0);
+    window.SetWindowCaption(CaptionFor(settings.Database()));
+    settings.Dirty = false;
+    settings::clsMRU(window.Desktop().registry).AddFile(settings.Database());
+}
+
+void LoadMap(MapWindow &window, storage::Database database) {
+    clsfrmMain &settings = window.clsSettings();
+    const bool isNative = database.IsNative();
+    {
+        const BusyWindow busy(window);
+        window.DoEvents();
+        settings.SetDatabase(database.Name());
+        settings.OwnFiles().Forget(settings.Database());
+        if (!Loader(window, database).Run()) return;
+        database.Close();
+        if (isNative) settings.OwnFiles().Add(settings.Database());
+        EndWell(window);
+    }
+    window.RefreshMainControls();
+}
+
+} // namespace
+
+QString CaptionFor(const QString &path) {
+    return settings::Terms().TITLE + QStringLiteral(" - ") + support::GetFileTitle(path, true);
+}
+
+QString CompanionFile(const QString &path, int slice) {
+    return path + QString::number(slice) + QStringLiteral(".tlt");
+}
+
+void LoadDiagramFile(MapWindow &frm, const QString &path) {
+    SurfaceArray &surfaces = frm.AddFlow1();
+    UnloadAbove(surfaces, 1);
+    diagram::LoadFile(surfaces[surfaces.UBound()], path);
+    frm.clsSettings().SetDatabase(QString());
+}
+
+bool DoLoad(MapWindow &frm) {
+    return support::PassOn("DoLoad", [&] {
+        QString path = frm.clsSettings().Database();
+        std::optional<storage::Database> database = OpenMap(path, false);
+        if (database)
+            LoadMap(frm, std::move(*database));
+        else if (!frm.clsSettings().Database().isEmpty())
+            LoadDiagramFile(frm, frm.clsSettings().Database());
+        return false;
+    });
+}
+
+} // namespace document

@@ -1,0 +1,31 @@
+// Reading a map file into a window.
+#pragma once
+
+#include <QString>
+
+namespace document {
+
+class MapWindow;
+
+// Reads the map that the window's Database names: levels, groups, slices with their nodes and links,
+// hyperlinks, attachments. Asks for a path where Database is empty. Leaves the file closed and Dirty false;
+// embedded attachments stand in the temporary folder. Gives false, always.
+//
+// Without memory the load ends with the product's message: the slices read so far stay, Dirty and caption
+// stay as they were. An error ends it where it stands and has DoLoad in its source: an engine's error for
+// what cannot be opened or lacks a table or column, 6 "Overflow" and 380 "Invalid property value" for numbers
+// out of range, 457 for a node key that is there twice, 5 for a link to an unknown node, 481 for a picture
+// that is none, 340 and 360 for impossible slice indexes. The window then shows what was read and works on.
+bool DoLoad(MapWindow &frm);
+
+// For a path that is no database: the file of a surface goes into the highest of the slots 0 and 1, and
+// Database becomes empty, so that saving asks for a name.
+void LoadDiagramFile(MapWindow &frm, const QString &path);
+
+// TITLE, " - " and the file's name: the caption of a window with that map.
+QString CaptionFor(const QString &path);
+
+// The companion file of a slice: the map's full path, the slice's index and ".tlt".
+QString CompanionFile(const QString &path, int slice);
+
+} // namespace document

@@ -1,0 +1,193 @@
+#include "document/DoSave.h"
+
+#include "app/settings/clsMRU.h"
+#include "diagram/format/SurfaceFile.h"
+#include "document/BusyWindow.h"
+#include "document/clsfrmMain.h"
+#include "document/CompactDb.h"
+#include "document/DoLoad.h"
+#include "document/LastPath.h"
+#include "document/MapSchema.h"
+#include "document/OpenMap.h"
+#include "document/SaveRows.h"
+#include "document/SurfaceArray.h"
+#include "document/TemplateFile.h"
+#include "support/AtomicFile.h"
+#include "support/Files.h"
+
+#include <QFile>
+
+namespace document {
+
+namespace {
+
+bool writesCompanions = false;
+
+const QString kDisplay = QStringLiteral("DISPLAY");
+
+// Puts the second-text toggle off, and on again at the end if it was on.
+class DisplayOff {
+public:
+    explicit DisplayOff(MapWindow &window) : window_(window), wasOn_(window.DisplayPressed()) {
+        if (wasOn_) window_.ClickFormatButton(kDisplay);
+    }
+    ~DisplayOff() {
+        if (wasOn_) support::Report("frmMain", "ClickFormatButton", [&] { PutBack(); });
+    }
+    DisplayOff(const DisplayOff &) = delete;
+    DisplayOff &operator=(const DisplayOff &) = delete;
+
+    void PutBack() {
+        if (std::exchange(wasOn_, false)) window_.ClickFormatButton(kDisplay);
+    }
+
+private:
+    MapWindow &window_;
+    bool wasOn_;
+};
+
+// What a save that fails puts back: the path and the tab.
+class Rollback {
+public:
+    explicit Rollback(MapWindow &window)
+        : window_(window), database_(window.clsSettings().Database()), tab_(window.TabStrip().TheTab()) {}
+    ~Rollback() {
+        if (done_) return;
+        window_.clsSettings().SetDatabase(database_);
+        support::Report("frmMain", "TheTab", [&] { PutTabBack(); });
+    }
+    Rollback(const Rollback &) = delete;
+    Rollback &operator=(const Rollback &) = delete;
+
+    void PutTabBack() { window_.TabStrip().SetTheTab(tab_); }
+    void Dismiss() { done_ = true; }
+
+private:
+    MapWindow &window_;
+    QString database_;
+    int tab_;
+    bool done_ = false;
+};
+
+// In this order; fonts twice, as ever.
+void EmptyTables(storage::Database &database) {
+    using namespace schema;
+    for (const TableLayout *table : {&kNodes, &kLinks, &kLinkPoints, &kSlices, &kFonts, &kGroups, &kLevels,
+                                     &kPictures, &kFonts, &kAttachments, &kHyperlinks})
+        database.Execute(QStringLiteral("DELETE FROM [%1]").arg(NameOf(*table)), storage::kFailOnError);
+}
+
+void WriteSlices(MapWindow &window, RowWriter &writer) {
+    int tab = 0; // where indexes have gaps the tabs have none
+    for (const int index : window.AddFlow1().Indices()) {
+        diagram::Surface &surface = window.AddFlow1()[index];
+        window.TabStrip().SetTheTab(tab++);
+        window.DoStatus(QStringLiteral("Saving slice name..."));
+        writer.WriteSlice(surface, window.TabStrip().Caption());
+        if (writesCompanions)
+            diagram::SaveFile(surface, CompanionFile(window.clsSettings().Database(), index));
+    }
+}
+
+void WritePools(MapWindow &window, RowWriter &writer) {
+    window.DoStatus(QStringLiteral("Saving Groups..."));
+    writer.WriteGroups();
+    window.DoStatus(QStringLiteral("Saving Levels..."));
+    writer.WriteLevels();
+    window.DoStatus(QStringLiteral("Saving HyperLinks..."));
+    writer.WriteHyperlinks();
+    writer.WriteAttachments();
+}
+
+// The whole map into a file that is nobody's yet.
+void BuildMap(MapWindow &window, const QString &path, Rollback &rollback) {
+    storage::Database database = storage::OpenForBuilding(path);
+    UpgradeMap(database);
+    database.BeginTrans();
+    EmptyTables(database);
+    {
+        RowWriter writer(database, window);
+        writer.WriteSettings();
+        WriteSlices(window, writer);
+        rollback.PutTabBack();
+        WritePools(window, writer);
+    }
+    database.CommitTrans(storage::kForceFlush);
+    database.Close();
+}
+
+// The copy of a file that is not the window's own; taken away again unless it is released.
+class KeptFile {
+public:
+    KeptFile(clsfrmMain &settings, const QString &target) {
+        if (support::FileExists(target) && !settings.OwnFiles().Contains(settings.Database()))
+            path_ = KeepBeside(target);
+    }
+    ~KeptFile() {
+        if (!path_.isEmpty()) QFile::remove(path_);
+    }
+    KeptFile(const KeptFile &) = delete;
+    KeptFile &operator=(const KeptFile &) = delete;
+
+    QString Release() { return std::exchange(path_, QString()); }
+
+private:
+    QString path_;
+};
+
+// Writes the file and swaps it in; gives the path of the former file if that was kept.
+QString WriteMap(MapWindow &window, const QString &path, Rollback &rollback) {
+    clsfrmMain &settings = window.clsSettings();
+    support::AtomicFile file(path);
+    file.Write(support::ReadWholeFile(TemplatePath()));
+    settings.SetDatabase(path);
+    BuildMap(window, file.Path(), rollback);
+    KeptFile kept(settings, file.Target());
+    file.Commit();
+    settings.OwnFiles().Add(settings.Database());
+    return kept.Release();
+}
+
+void ShowSaved(MapWindow &window, Rollback &rollback) {
+    window.DoStatus(QString());
+    window.SetProgress(0);
+    window.SetWindowCaption(CaptionFor(window.clsSettings().Database()));
+    window.clsSettings().Dirty = false;
+    rollback.PutTabBack();
+    rollback.Dismiss();
+}
+
+void Save(MapWindow &window, const QString &path) {
+    clsfrmMain &settings = window.clsSettings();
+    const BusyWindow busy(window);
+    Rollback rollback(window);
+    window.DoStatus(QStringLiteral("Preparing to save..."));
+    DisplayOff display(window);
+    const QString kept = WriteMap(window, path, rollback);
+    ShowSaved(window, rollback);
+    window.DoStatus(QStringLiteral("Optimizing File..."));
+    CompactDb(window, settings.Database(), false, QString());
+    settings.OwnFiles().Add(settings.Database());
+    display.PutBack();
+    settings::clsMRU(window.Desktop().registry).AddFile(settings.Database());
+    window.DoStatus(QString());
+    if (!kept.isEmpty())
+        window.DoStatus(QStringLiteral("The former file was kept as %1").arg(support::FileTitle(kept)));
+}
+
+} // namespace
+
+bool WritesCompanions() { return writesCompanions; }
+void SetWritesCompanions(bool on) { writesCompanions = on; }
+
+bool DoSave(MapWindow &frm) {
+    return support::PassOn("DoSave", [&] {
+        QString path = frm.clsSettings().Database();
+        if (path.isEmpty()) path = GetMapFile(true);
+        if (path.isEmpty()) return false;
+        Save(frm, path);
+        return true;
+    });
+}
+
+} // namespace document

@@ -1,0 +1,288 @@
+#include "document/MapRows.h"
+
+#include "diagram/model/Ranges.h"
+#include "document/clsfrmMain.h"
+#include "document/MapSchema.h"
+#include "document/Tags.h"
+#include "support/Val.h"
+
+#include <algorithm>
+
+namespace document {
+
+using storage::Recordset;
+
+namespace {
+std::uint32_t HashOf(std::string_view key) {
+    return static_cast<std::uint32_t>(std::hash<std::string_view>()(key));
+}
+} // namespace
+
+// The slot that has the key, or the empty one where it belongs.
+std::size_t KeyIndex::SlotOf(std::string_view key, std::uint32_t hash) const {
+    std::size_t at = hash & (slots_.size() - 1);
+    while (slots_[at].number != kNone && (slots_[at].hash != hash || KeyOf(slots_[at].number) != key))
+        at = (at + 1) & (slots_.size() - 1);
+    return at;
+}
+
+void KeyIndex::Grow() {
+    std::vector<Slot> former(slots_.size() * 2);
+    former.swap(slots_);
+    for (const Slot &slot : former) {
+        if (slot.number == kNone) continue;
+        std::size_t at = slot.hash & (slots_.size() - 1);
+        while (slots_[at].number != kNone) at = (at + 1) & (slots_.size() - 1);
+        slots_[at] = slot;
+    }
+}
+
+std::uint32_t KeyIndex::Intern(std::string_view key) {
+    const std::uint32_t hash = HashOf(key);
+    if (const Slot &slot = slots_[SlotOf(key, hash)]; slot.number != kNone) return slot.number;
+    if (ends_.size() * 2 >= slots_.size()) Grow();
+    const auto number = static_cast<std::uint32_t>(ends_.size());
+    slots_[SlotOf(key, hash)] = {hash, number};
+    text_ += key;
+    ends_.push_back(text_.size());
+    return number;
+}
+
+std::uint32_t KeyIndex::Find(std::string_view key) const { return slots_[SlotOf(key, HashOf(key))].number; }
+
+std::string_view KeyIndex::KeyOf(std::uint32_t number) const {
+    const std::size_t begin = number == 0 ? 0 : ends_[number - 1];
+    return std::string_view(text_).substr(begin, ends_[number] - begin);
+}
+
+MapRows::MapRows(storage::Database &database, clsfrmMain &settings)
+    : database_(database), settings_(settings) {}
+MapRows::~MapRows() = default;
+
+FontPool &MapRows::Fonts() {
+    if (!fonts_) fonts_.emplace(database_);
+    return *fonts_;
+}
+
+// The table's rows into the bucket of their slice. A row that cannot be read spoils its slice alone.
+template <typename Row, typename Read>
+void MapRows::ReadInto(Buckets<Row> &buckets, const Recordset &rows, int sliceColumn, Read read) {
+    if (rows.IsNull(sliceColumn)) return;
+    const double slice = rows.Double(sliceColumn);
+    if (!diagram::Between(slice, -32768, 32767)) return;
+    Bucket<Row> &bucket = buckets[static_cast<int>(slice)];
+    if (bucket.failure) return;
+    try {
+        bucket.rows.push_back(read());
+    } catch (const support::Error &) {
+        bucket.failure = std::current_exception();
+    }
+}
+
+template <typename Row>
+std::vector<Row> MapRows::Take(Buckets<Row> &buckets, int slice) {
+    Bucket<Row> &bucket = buckets[slice];
+    if (bucket.failure) std::rethrow_exception(bucket.failure);
+    return std::move(bucket.rows);
+}
+
+std::vector<NodeRow> MapRows::TakeNodes(int slice) {
+    if (!nodesRead_) ReadNodes();
+    std::vector<NodeRow> rows = Take(nodes_, slice);
+    const auto isLower = [](const NodeRow &a, const NodeRow &b) { return a.zOrder < b.zOrder; };
+    if (!std::is_sorted(rows.begin(), rows.end(), isLower))
+        std::stable_sort(rows.begin(), rows.end(), isLower);
+    return rows;
+}
+
+std::vector<LinkRow> MapRows::TakeLinks(int slice) {
+    if (!linksRead_) ReadLinks();
+    return Take(links_, slice);
+}
+
+std::span<const PointRow> MapRows::PointsOf(std::uint32_t link) {
+    if (!pointsRead_) ReadPoints();
+    if (const auto failure = pointFailures_.find(link); failure != pointFailures_.end())
+        std::rethrow_exception(failure->second);
+    return std::span(points_).subspan(firstPoint_[link], firstPoint_[link + 1] - firstPoint_[link]);
+}
+
+void MapRows::ReadNodes() {
+    nodesRead_ = true;
+    Recordset rows = database_.OpenRecordset(SelectAll(schema::kNodes));
+    if (rows.EndOfFile()) return;
+    const Columns at(rows, schema::kNodes);
+    for (; !rows.EndOfFile(); rows.MoveNext())
+        ReadInto(nodes_, rows, at[schema::node::kSlice], [&] { return ReadNode(rows, at); });
+}
+
+void MapRows::ReadLinks() {
+    linksRead_ = true;
+    Recordset rows = database_.OpenRecordset(SelectAll(schema::kLinks));
+    if (rows.EndOfFile()) return;
+    const Columns at(rows, schema::kLinks);
+    for (; !rows.EndOfFile(); rows.MoveNext())
+        ReadInto(links_, rows, at[schema::link::kSlice], [&] { return ReadLink(rows, at); });
+}
+
+namespace {
+
+// A whole number of the cell, in the range; error 380.
+std::uint8_t Small(const Recordset &rows, int column, bool (*valid)(double), const char *source) {
+    return static_cast<std::uint8_t>(diagram::Checked(valid, rows.Long(column), source));
+}
+
+// Negative numbers in a file count as positive ones.
+float Magnitude(const Recordset &rows, int column) {
+    return diagram::Checked(diagram::IsSize, std::abs(rows.Single(column)), "Nodes");
+}
+
+void ReadNodeLook(diagram::NodeData &data, const Recordset &rows, const Columns &at) {
+    using namespace schema::node;
+    using namespace diagram;
+    data.shape = Small(rows, at[kShape], IsShape, "Node");
+    data.fillColor = rows.Long(at[kFillColor]);
+    data.borderColor = rows.Long(at[kBorderColor]);
+    data.foreColor = rows.Long(at[kForeColor]);
+    data.picturePos = Small(rows, at[kPicturePos], IsPicturePos, "Node");
+    data.drawStyle = Small(rows, at[kDrawStyle], IsDrawStyle, "Node");
+    data.drawWidth = Checked(IsDrawWidth, rows.Single(at[kDrawWidth]), "Node");
+    data.shadow = Small(rows, at[kShadow], IsShadow, "Node");
+    data.shapeOrientation = Small(rows, at[kShapeOrientation], IsOrientation, "Node");
+    data.xTextMargin = Checked(IsMargin, rows.Long(at[kxTextMargin]), "Node");
+    data.yTextMargin = Checked(IsMargin, rows.Long(at[kyTextMargin]), "Node");
+    data.hidden = rows.Boolean(at[kHidden]);
+    data.selectable = rows.Boolean(at[kSelectable]);
+    data.marked = rows.Boolean(at[kMarked]);
+    data.autoSize = Small(rows, at[kAutoSize], IsAutoSize, "Node");
+    data.transparent = rows.Boolean(at[kTransparent]);
+    data.alignment = Small(rows, at[kAlignment], IsAlignment, "Node");
+}
+
+void ReadLinkLook(diagram::LinkData &data, const Recordset &rows, const Columns &at) {
+    using namespace schema::link;
+    using namespace diagram;
+    data.arrowDest = Small(rows, at[kArrowDest], IsArrow, "Link");
+    data.arrowMiddle = Small(rows, at[kArrowMiddle], IsArrow, "Link");
+    data.arrowSource = Small(rows, at[kArrowSource], IsArrow, "Link");
+    data.foreColor = rows.Long(at[kForeColor]);
+    data.lineColor = rows.Long(at[kLineColor]);
+    data.drawStyle = Small(rows, at[kDrawStyle], IsDrawStyle, "Link");
+    data.drawWidth = Checked(IsDrawWidth, rows.Single(at[kDrawWidth]), "Link");
+    data.style = Small(rows, at[kStyle], IsLinkStyle, "Link");
+    data.jumpStyle = Small(rows, at[kJumpStyle], IsJumpStyle, "Link");
+    data.arrowSizeDest = Small(rows, at[kArrowSizeDest], IsArrowSize, "Link");
+    data.arrowSizeMiddle = Small(rows, at[kArrowSizeMiddle], IsArrowSize, "Link");
+    data.arrowSizeSource = Small(rows, at[kArrowSizeSource], IsArrowSize, "Link");
+    data.hidden = rows.Boolean(at[kHidden]);
+    data.oriented = rows.Boolean(at[kOriented]);
+    data.marked = rows.Boolean(at[kMarked]);
+    data.selectable = rows.Boolean(at[kSelectable]);
+}
+
+} // namespace
+
+NodeRow MapRows::ReadNode(const Recordset &rows, const Columns &at) {
+    using namespace schema::node;
+    NodeRow row;
+    row.data.left = Magnitude(rows, at[kLeft]);
+    row.data.top = Magnitude(rows, at[kTop]);
+    row.data.width = Magnitude(rows, at[kWidth]);
+    row.data.height = Magnitude(rows, at[kHeight]);
+    row.data.text = rows.Text(at[kDescription]);
+    row.data.event = rows.Text(at[kEvent]);
+    row.data.key = rows.Text(at[kKey]);
+    ReadNodeLook(row.data, rows, at);
+    row.data.tag = TagOf(rows, at);
+    row.data.font = Fonts().Load(rows.Utf8(at[kFont]));
+    row.picture = rows.Text(at[kPicture]);
+    row.key = nodeKeys_.Intern(rows.Utf8(at[kKey]));
+    row.zOrder = rows.Long(at[kzOrder]);
+    return row;
+}
+
+LinkRow MapRows::ReadLink(const Recordset &rows, const Columns &at) {
+    using namespace schema::link;
+    LinkRow row;
+    row.source = nodeKeys_.Intern(rows.Utf8(at[kKeySource]));
+    row.destination = nodeKeys_.Intern(rows.Utf8(at[kKeyDest]));
+    row.key = linkKeys_.Intern(rows.Utf8(at[kKey]));
+    ReadLinkLook(row.data, rows, at);
+    row.data.text = rows.Text(at[kText]);
+    row.data.font = Fonts().Load(rows.Utf8(at[kFont]));
+    row.zOrder = rows.Long(at[kZorder]);
+    return row;
+}
+
+// The stored tag with the keys that the row's group names and level name have in this run. Rows with the same
+// three share one text. A level is stored as a number, and the number's text is its name.
+const QString &MapRows::TagOf(const Recordset &rows, const Columns &at) {
+    using namespace schema::node;
+    constexpr char kBetween = '\0';
+    tagQuestion_.assign(rows.Utf8(at[kTag]));
+    (tagQuestion_ += kBetween) += rows.Utf8(at[kGroup]);
+    (tagQuestion_ += kBetween) += rows.Utf8(at[kLevel]);
+    if (const auto known = tags_.find(tagQuestion_); known != tags_.end()) return known->second;
+    const QString level = rows.IsNull(at[kLevel]) ? QString() : support::CStr(rows.Double(at[kLevel]));
+    QString tag = TagWithEntry(rows.Text(at[kTag]), tags::kGroup,
+                               settings_.Groups().KeyForGroupName(rows.Text(at[kGroup])));
+    tag = TagWithEntry(tag, tags::kLevel, settings_.Levels().KeyForLevelName(level));
+    return tags_.emplace(tagQuestion_, tag).first->second;
+}
+
+namespace {
+
+struct LinkedPoint {
+    std::uint32_t link = KeyIndex::kNone;
+    PointRow point;
+};
+
+// The points by link, and within a link by index; `first` gets the position of each link's first point and of
+// the end.
+std::vector<PointRow> GroupByLink(std::vector<LinkedPoint> &read, std::size_t links,
+                                  std::vector<std::uint32_t> &first) {
+    const auto stands = [](const LinkedPoint &a, const LinkedPoint &b) {
+        return a.link != b.link ? a.link < b.link : a.point.index < b.point.index;
+    };
+    if (!std::is_sorted(read.begin(), read.end(), stands)) std::stable_sort(read.begin(), read.end(), stands);
+    first.assign(links + 1, 0);
+    std::vector<PointRow> points;
+    points.reserve(read.size());
+    for (const LinkedPoint &row : read) {
+        ++first[row.link + 1];
+        points.push_back(row.point);
+    }
+    for (std::size_t i = 1; i < first.size(); ++i) first[i] += first[i - 1];
+    return points;
+}
+
+} // namespace
+
+// As a rule the points of a link stand together, and links in the order of their rows.
+std::uint32_t MapRows::LinkOfPoint(std::string_view key, std::uint32_t former) const {
+    const std::uint32_t next = former + 1; // 0 behind none
+    if (former != KeyIndex::kNone && linkKeys_.KeyOf(former) == key) return former;
+    if (next < linkKeys_.Count() && linkKeys_.KeyOf(next) == key) return next;
+    return linkKeys_.Find(key);
+}
+
+void MapRows::ReadPoints() {
+    pointsRead_ = true;
+    std::vector<LinkedPoint> read;
+    Recordset rows = database_.OpenRecordset(SelectAll(schema::kLinkPoints));
+    const Columns at(rows, schema::kLinkPoints);
+    using namespace schema::point;
+    std::uint32_t link = KeyIndex::kNone;
+    for (; !rows.EndOfFile(); rows.MoveNext()) {
+        link = LinkOfPoint(rows.Utf8(at[kLink]), link);
+        if (link == KeyIndex::kNone) continue;
+        try {
+            read.push_back({link, {rows.Long(at[kIndex]), rows.Single(at[kX]), rows.Single(at[kY])}});
+        } catch (const support::Error &) {
+            pointFailures_.emplace(link, std::current_exception());
+        }
+    }
+    points_ = GroupByLink(read, linkKeys_.Count(), firstPoint_);
+}
+
+} // namespace document

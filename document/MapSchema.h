@@ -1,0 +1,180 @@
+// The tables of a map file: every table and column name with its type stands here and nowhere else.
+#pragma once
+
+#include "storage/Database.h"
+
+#include <array>
+#include <span>
+#include <vector>
+
+namespace document {
+
+class cLevels;
+class cGroups;
+
+struct ColumnDef {
+    const char *name;
+    storage::FieldType type;
+};
+
+struct TableLayout {
+    const char *name;
+    std::span<const ColumnDef> columns;
+};
+
+namespace schema {
+
+// Positions in the layouts below.
+namespace slice {
+enum Column {
+    kIndex,
+    kText,
+    kBackColor,
+    kPicture,
+    kGridLines,
+    kTimeline,
+    kIncMissing,
+    kxZoom,
+    kyZoom,
+    kCount
+};
+}
+namespace node {
+enum Column {
+    kKey,
+    kTop,
+    kLeft,
+    kHeight,
+    kWidth,
+    kShape,
+    kShapeOrientation,
+    kDrawStyle,
+    kDrawWidth,
+    kxTextMargin,
+    kyTextMargin,
+    kTextPos,
+    kShadow,
+    kPicturePos,
+    kSlice,
+    kDescription,
+    kFont,
+    kBorderColor,
+    kFillColor,
+    kForeColor,
+    kHidden,
+    kSelectable,
+    kPicture,
+    kTag,
+    kGroup,
+    kLevel,
+    kMarked,
+    kAutoSize,
+    kEvent,
+    kTransparent,
+    kzOrder,
+    kAlignment,
+    kCount
+};
+}
+namespace link {
+enum Column {
+    kKey,
+    kKeySource,
+    kKeyDest,
+    kStyle,
+    kArrowSource,
+    kArrowDest,
+    kArrowMiddle,
+    kArrowSizeSource,
+    kArrowSizeDest,
+    kArrowSizeMiddle,
+    kDrawStyle,
+    kDrawWidth,
+    kJumpStyle,
+    kSlice,
+    kText,
+    kFont,
+    kForeColor,
+    kLineColor,
+    kHidden,
+    kSelectable,
+    kRigid,
+    kOriented,
+    kMarked,
+    kZorder,
+    kCount
+};
+}
+namespace point {
+enum Column { kIndex, kLink, kX, kY, kCount };
+}
+namespace font {
+enum Column { kKey, kName, kSize, kBold, kItalic, kUnderline, kStrike, kCount };
+}
+namespace picture {
+enum Column { kKey, kPicture, kCount };
+}
+namespace group {
+enum Column { kGroup, kSelected, kCount };
+}
+namespace level {
+enum Column { kLevel, kSelected, kColour, kCount };
+}
+namespace hyperlink {
+enum Column { kNodeKey, kFilename, kSlice, kNode, kCount };
+}
+namespace attachment {
+enum Column { kKey, kNodeKey, kFilename, kEmbed, kData, kCount };
+}
+namespace setting {
+enum Column { kAuthor, kCreateTime, kModified, kModifyTime, kCount };
+}
+
+extern const TableLayout kSlices, kNodes, kLinks, kLinkPoints, kFonts, kPictures, kGroups, kLevels,
+    kHyperlinks, kAttachments, kSettings;
+// All of them.
+std::span<const TableLayout *const> Tables();
+
+} // namespace schema
+
+QString NameOf(const TableLayout &table);
+QString NameOf(const TableLayout &table, int column);
+// "[name]" of a column, for SQL text.
+QString Bracketed(const TableLayout &table, int column);
+// "SELECT * FROM [table]"
+QString SelectAll(const TableLayout &table);
+// An INSERT with a ? for each column, in the order of the layout.
+QString InsertInto(const TableLayout &table);
+
+// Where the columns of a layout stand in a recordset, found once. A column that the recordset lacks is error
+// 3265 "Item not found in this collection." when it is asked for, so that a file may lack what nobody reads.
+class Columns {
+public:
+    Columns(const storage::Recordset &rows, const TableLayout &table);
+    int operator[](int column) const {
+        const int position = at_[static_cast<std::size_t>(column)];
+        return position >= 0 ? position : Missing();
+    }
+    bool Has(int column) const { return at_[static_cast<std::size_t>(column)] >= 0; }
+
+private:
+    [[noreturn]] static int Missing();
+    std::vector<int> at_;
+};
+
+// Makes the database with all tables, empty. Error 3204 when the file exists.
+void CreateEmptyMap(const QString &path);
+
+struct LevelRow {
+    QString name;
+    bool selected = false;
+    std::int32_t colour = 0;
+};
+struct GroupRow {
+    QString name;
+    bool selected = false;
+};
+// Makes the empty map with default levels and groups in it, in the order given. Replaces a file of that name.
+void WriteTemplate(const QString &path, std::span<const LevelRow> levels, std::span<const GroupRow> groups);
+
+} // namespace document

@@ -1,0 +1,28 @@
+#include "document/MemoryGuard.h"
+
+#include "app/settings/Settings.h"
+
+namespace document {
+
+namespace {
+constexpr int kLimit = 80; // of the memory figure
+constexpr unsigned kNodesPerLook = 512;
+} // namespace
+
+void ShowMemoryText(support::Desktop &desktop) {
+    desktop.messageBoxes.Show(settings::Terms().MEMORYTEXT, support::Buttons::Ok, support::Icon::None,
+                              QString());
+}
+
+bool MemoryGuard(support::Desktop &desktop) {
+    // A load stops at 80, the commands go on with it.
+    if (support::MemoryFigure(desktop.memory.Read()) <= kLimit) return true;
+    ShowMemoryText(desktop);
+    return false;
+}
+
+bool MemoryWatch::IsShort() { return support::MemoryFigure(desktop_.memory.Read()) >= kLimit; }
+
+bool MemoryWatch::IsShortForNode() { return nodes_++ % kNodesPerLook == 0 && IsShort(); }
+
+} // namespace document

@@ -1,0 +1,56 @@
+#include "document/OpenMap.h"
+
+#include "document/LastPath.h"
+#include "document/MapSchema.h"
+#include "document/TemplateFile.h"
+#include "storage/Fields.h"
+#include "support/AtomicFile.h"
+#include "support/Files.h"
+
+namespace document {
+
+namespace {
+
+void AddColumn(storage::Database &database, const TableLayout &table, int column) {
+    storage::AddField(database, NameOf(table), NameOf(table, column),
+                      table.columns[static_cast<std::size_t>(column)].type);
+}
+
+bool HasColumn(const storage::Database &database, const TableLayout &table, int column) {
+    return storage::FieldExists(database.Table(NameOf(table)), NameOf(table, column));
+}
+
+void Fill(storage::Database &database, const char *sql, const TableLayout &table, int column) {
+    database.Execute(QString::fromLatin1(sql).arg(NameOf(table), Bracketed(table, column)),
+                     storage::kFailOnError);
+}
+
+} // namespace
+
+void UpgradeMap(storage::Database &database) {
+    using schema::kNodes, schema::kSlices;
+    if (!HasColumn(database, kNodes, schema::node::kAlignment)) {
+        AddColumn(database, kNodes, schema::node::kAlignment);
+        Fill(database, "UPDATE [%1] SET %2=7", kNodes, schema::node::kAlignment);
+    }
+    if (!HasColumn(database, kSlices, schema::slice::kxZoom)) {
+        AddColumn(database, kSlices, schema::slice::kxZoom);
+        AddColumn(database, kSlices, schema::slice::kyZoom);
+        Fill(database, "UPDATE [%1] SET %2=0 WHERE %2 IS NULL", kSlices, schema::slice::kxZoom);
+        Fill(database, "UPDATE [%1] SET %2=0 WHERE %2 IS NULL", kSlices, schema::slice::kyZoom);
+    }
+}
+
+std::optional<storage::Database> OpenMap(QString &sFile, bool bNew) {
+    if (sFile.isEmpty()) sFile = GetMapFile(bNew);
+    if (sFile.isEmpty()) return std::nullopt;
+    if (bNew) {
+        if (support::FileExists(sFile)) support::Kill(sFile);
+        support::CopyFileTo(TemplatePath(), sFile);
+    }
+    storage::Database database = storage::OpenDatabase(sFile);
+    UpgradeMap(database);
+    return database;
+}
+
+} // namespace document

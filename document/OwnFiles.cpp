@@ -1,0 +1,33 @@
+#include "document/OwnFiles.h"
+
+#include "support/AtomicFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace document {
+
+OwnFiles::Stamp OwnFiles::StampOf(const QString &path) {
+    const QFileInfo info(path);
+    return {info.size(), info.lastModified()};
+}
+
+void OwnFiles::Add(const QString &path) { stamps_.insert(path, StampOf(path)); }
+
+void OwnFiles::Forget(const QString &path) { stamps_.remove(path); }
+
+bool OwnFiles::Contains(const QString &path) const {
+    const auto found = stamps_.constFind(path);
+    return found != stamps_.constEnd() && *found == StampOf(path);
+}
+
+QString KeepBeside(const QString &path) {
+    QString kept = path + QStringLiteral(".bak");
+    for (int i = 1; QFileInfo::exists(kept) || QFileInfo(kept).isSymLink(); ++i)
+        kept = QStringLiteral("%1.%2.bak").arg(path).arg(i);
+    support::CopyFileTo(path, kept);
+    QFile::setPermissions(kept, QFile::permissions(path));
+    return kept;
+}
+
+} // namespace document

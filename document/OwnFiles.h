@@ -1,0 +1,33 @@
+// Which files a window may save over without keeping what they hold: those that it wrote itself, and those
+// that it read whole in the program's own form, as long as nobody else has written to them since.
+#pragma once
+
+#include <QDateTime>
+#include <QHash>
+#include <QString>
+
+namespace document {
+
+class OwnFiles {
+public:
+    // Notes the file as it is now.
+    void Add(const QString &path);
+    void Forget(const QString &path);
+    bool Contains(const QString &path) const;
+
+private:
+    struct Stamp {
+        qint64 size = 0;
+        QDateTime modified;
+        friend bool operator==(const Stamp &, const Stamp &) = default;
+    };
+    static Stamp StampOf(const QString &path);
+
+    QHash<QString, Stamp> stamps_;
+};
+
+// Copies the file to a new file beside it: its name with .bak behind it, or .1.bak, .2.bak and so on where
+// that is taken. Gives the path of the copy.
+QString KeepBeside(const QString &path);
+
+} // namespace document

@@ -1,0 +1,61 @@
+// Writing the rows of a map.
+#pragma once
+
+#include "document/FontPool.h"
+#include "document/PicturePool.h"
+#include "storage/Database.h"
+
+#include <QHash>
+#include <QString>
+#include <string>
+#include <vector>
+
+namespace diagram {
+class Link;
+class Node;
+class Surface;
+} // namespace diagram
+
+namespace document {
+
+class clsfrmMain;
+class MapWindow;
+
+// Writes into an open database whose tables are empty. Values travel as bound parameters.
+class RowWriter {
+public:
+    RowWriter(storage::Database &database, MapWindow &window);
+
+    void WriteSettings();
+    // The slice with its nodes and links. `caption` is that of its tab.
+    void WriteSlice(diagram::Surface &surface, const QString &caption);
+    void WriteGroups();
+    void WriteLevels();
+    void WriteHyperlinks();
+    // Error 53 for an embedded file that is gone.
+    void WriteAttachments();
+
+private:
+    void NoteItems(diagram::Surface &surface);
+    void WriteNodes(diagram::Surface &surface);
+    void WriteNode(const diagram::Node &node, int slice);
+    void WriteLinks(diagram::Surface &surface);
+    void WriteLink(diagram::Link &link, int slice);
+    void BindLinkLook(const diagram::Link &link);
+    void WritePoints(const diagram::Link &link, std::string_view key);
+    const std::string &GroupNames(const QString &keys);
+    double LevelNumber(const QString &key);
+
+    storage::Database &database_;
+    MapWindow &window_;
+    clsfrmMain &settings_;
+    FontPool fonts_;
+    PicturePool pictures_;
+    storage::PreparedStatement slice_, node_, link_, point_;
+    std::vector<int> positions_;             // in the stacking of the slice, by identity
+    std::vector<std::string> nodeKeys_;      // of the slice, by identity
+    QHash<QString, std::string> groupNames_; // by the keys of a tag
+    QHash<QString, double> levelNumbers_;    // by the key of a tag
+};
+
+} // namespace document

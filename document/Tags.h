@@ -1,0 +1,56 @@
+// The tag strings of nodes, links and surfaces: a list of entries "|KEY=value|KEY=value" that only these
+// routines read and write. A key matches every entry that begins with it, so no key may be the beginning of
+// another. Values hold no "|".
+#pragma once
+
+#include "support/Error.h"
+
+#include <QString>
+
+namespace diagram {
+class Surface;
+}
+
+namespace document {
+
+// Every key in use.
+namespace tags {
+inline const QString kGroup = QStringLiteral("GROUP");     // node: comma-separated keys of groups
+inline const QString kLevel = QStringLiteral("LEVEL");     // node: key of a level, or empty
+inline const QString kHyper = QStringLiteral("HYPER");     // node: "Yes" or "No"
+inline const QString kTheDate = QStringLiteral("TheDate"); // month and day node: canonical date text
+inline const QString kDateFormat =
+    QStringLiteral("Date_Format"); // timeline template node: pattern of the months
+inline const QString kTimelineAlign =
+    QStringLiteral("TM_Align");                            // surface: number of the timeline's arrangement
+inline const QString kMissing = QStringLiteral("Missing"); // surface: "True" or "False"
+} // namespace tags
+
+// The tag with the value under the key, in upper case. Of several entries with the key the last is replaced;
+// without one the entry is appended.
+QString TagWithEntry(const QString &tag, const QString &key, const QString &value);
+// What stands behind the first "=" of the last entry with the key; empty without one.
+QString EntryOfTag(const QString &tag, const QString &key);
+
+// Writes the entry into the object's tag, and gives the new tag. Errors have SetTag in their source.
+template <typename Tagged>
+QString SetTag(Tagged &object, const QString &key, const QString &value) {
+    return support::PassOn("SetTag", [&] {
+        object.SetTag(TagWithEntry(object.Tag(), key, value));
+        return QString(object.Tag());
+    });
+}
+
+// The value, or an empty text. Errors have GetTag in their source.
+template <typename Tagged>
+QString GetTag(const Tagged &object, const QString &key) {
+    return support::PassOn("GetTag", [&] { return EntryOfTag(object.Tag(), key); });
+}
+
+// Gives every node and link of the surface a new key, or only the selected ones.
+void ChangeGUIDs(diagram::Surface &surface, bool selectedOnly);
+
+// Opens a group of changes under a random code from 1001 to 32000; the caller closes it with EndAction.
+void BeginAction(diagram::Surface &surface);
+
+} // namespace document

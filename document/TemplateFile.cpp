@@ -1,0 +1,29 @@
+#include "document/TemplateFile.h"
+
+#include "document/cGroups.h"
+#include "document/cLevels.h"
+#include "document/MapSchema.h"
+#include "support/Files.h"
+
+namespace document {
+
+QString TemplatePath() {
+    return support::AddBackslash(support::ProgramPath()) + QStringLiteral("template.tpl");
+}
+
+void ReadLevels(storage::Database &database, cLevels &levels) {
+    storage::Recordset rows = database.OpenRecordset(SelectAll(schema::kLevels));
+    const Columns at(rows, schema::kLevels);
+    for (; !rows.EndOfFile(); rows.MoveNext())
+        levels.Create(rows.Text(at[schema::level::kLevel]), rows.Boolean(at[schema::level::kSelected]),
+                      rows.Long(at[schema::level::kColour]));
+}
+
+void ReadGroups(storage::Database &database, cGroups &groups) {
+    storage::Recordset rows = database.OpenRecordset(SelectAll(schema::kGroups));
+    const Columns at(rows, schema::kGroups);
+    for (; !rows.EndOfFile(); rows.MoveNext())
+        groups.Create(rows.Text(at[schema::group::kGroup]), rows.Boolean(at[schema::group::kSelected]));
+}
+
+} // namespace document

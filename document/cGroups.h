@@ -1,0 +1,23 @@
+// The groups of a map.
+#pragma once
+
+#include "document/cGroup.h"
+#include "document/KeyedCollection.h"
+
+namespace document {
+
+class cGroups : public Pool<cGroup> {
+public:
+    // The first ticked group in the order of the collection, or null.
+    cGroup *FirstSelectedGroup() const;
+    // Adds the groups of template.tpl in the program's folder. Error 3024 when that file is missing.
+    void LoadDefaults();
+    // A new group, added under its own key.
+    cGroup &Create(const QString &name, bool selected);
+    // Both take and give lists separated by commas, in the order of the argument. Pieces without a match are
+    // left out.
+    QString GroupNameForKey(const QString &keys) const;
+    QString KeyForGroupName(const QString &names) const;
+};
+
+} // namespace document

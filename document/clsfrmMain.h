@@ -1,0 +1,50 @@
+// The state of one document window besides its surfaces.
+#pragma once
+
+#include "document/cAttachments.h"
+#include "document/cGroups.h"
+#include "document/cHyperlinks.h"
+#include "document/cLevels.h"
+#include "document/OwnFiles.h"
+
+#include <QString>
+
+namespace document {
+
+// Says that the pools are to start empty.
+struct EmptyPools {};
+
+class clsfrmMain {
+public:
+    // Levels and groups start with those of template.tpl. Error 3024 when that file is missing.
+    clsfrmMain();
+    explicit clsfrmMain(EmptyPools) {}
+    clsfrmMain(const clsfrmMain &) = delete;
+    clsfrmMain &operator=(const clsfrmMain &) = delete;
+
+    cHyperlinks &Hyperlinks() { return hyperlinks_; }
+    cAttachments &Attachments() { return attachments_; }
+    cGroups &Groups() { return groups_; }
+    cLevels &Levels() { return levels_; }
+
+    // Whether the map differs from its file.
+    bool Dirty = false;
+
+    // Full path of the map file; empty for a map that was not saved yet. Nothing keeps the file open.
+    const QString &Database() const { return database_; }
+    // Stores the long form of the path.
+    void SetDatabase(const QString &path);
+
+    // The files that this window need not keep when it saves over them.
+    document::OwnFiles &OwnFiles() { return ownFiles_; }
+
+private:
+    cHyperlinks hyperlinks_;
+    cAttachments attachments_;
+    cGroups groups_;
+    cLevels levels_;
+    QString database_;
+    document::OwnFiles ownFiles_;
+};
+
+} // namespace document

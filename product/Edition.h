@@ -1,0 +1,13 @@
+// One edition of the product: a folder of texts that becomes the program's folder.
+#pragma once
+
+#include <QDir>
+
+namespace product {
+
+// Leaves Settings.nml, template.tpl, Template.nd, Template.tnd, the folders Templates and Startup in
+// `target`, made from the texts of the folder `edition`. The program's folder must be `target`: maps start
+// from the template in it.
+void BuildEdition(const QDir &edition, const QDir &target);
+
+} // namespace product

@@ -1,0 +1,166 @@
+#include "cli/Commands.h"
+
+#include "document/MapSchema.h"
+#include "storage/Database.h"
+#include "support/AtomicFile.h"
+#include "support/Files.h"
+
+#include <gtest/gtest.h>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+namespace {
+
+const QString kPlan = QStringLiteral(VELMORA_TEST_DATA "/jet/plan.mdb");
+
+class CommandsTest : public ::testing::Test {
+protected:
+    CommandsTest() {
+        support::SetProgramPath(folder_.path());
+        document::WriteTemplate(Path("template.tpl"), {}, {});
+    }
+    ~CommandsTest() override { support::SetProgramPath(QString()); }
+
+    QString Path(const char *name) const { return folder_.filePath(QString::fromUtf8(name)); }
+    int Run(const QStringList &arguments) {
+        out.clear();
+        err.clear();
+        QTextStream outStream(&out), errStream(&err);
+        return cli::Run(arguments, outStream, errStream);
+    }
+    QString Map(const char *name) {
+        EXPECT_EQ(Run({"convert", kPlan, Path(name)}), cli::kGood) << err.toStdString();
+        return Path(name);
+    }
+
+    QString out, err;
+
+private:
+    QTemporaryDir folder_;
+};
+
+} // namespace
+
+TEST_F(CommandsTest, HelpTellsOfEveryCommand) {
+    EXPECT_EQ(Run({"--help"}), cli::kGood);
+    for (const char *name : {"info", "check", "convert", "picture"})
+        EXPECT_TRUE(out.contains(QLatin1String(name)));
+}
+
+TEST_F(CommandsTest, AMisunderstoodCommandLineIsOneLineAndEndsWithTwo) {
+    for (const QStringList &arguments : {QStringList{},
+                                         {"fly"},
+                                         {"info"},
+                                         {"info", "a", "b"},
+                                         {"info", "a", "--fast"},
+                                         {"picture", "a", "b.png", "--slice"},
+                                         {"picture", "a", "b.png", "--slice", "0"},
+                                         {"picture", "a", "--all", "x", "--format", "gif"},
+                                         {"convert", "a"}}) {
+        EXPECT_EQ(Run(arguments), cli::kUsage) << arguments.join(QLatin1Char(' ')).toStdString();
+        EXPECT_EQ(err.count(QLatin1Char('\n')), 1);
+        EXPECT_TRUE(out.isEmpty());
+    }
+}
+
+TEST_F(CommandsTest, AnErrorIsOneLineAndEndsWithOne) {
+    EXPECT_EQ(Run({"info", Path("missing.map")}), cli::kFailed);
+    EXPECT_TRUE(err.contains(QStringLiteral("missing.map")));
+    EXPECT_TRUE(err.contains(QStringLiteral("#3024")));
+    EXPECT_EQ(err.count(QLatin1Char('\n')), 1);
+}
+
+TEST_F(CommandsTest, InfoCountsWhatTheMapHolds) {
+    EXPECT_EQ(Run({"info", kPlan, "--json"}), cli::kGood) << err.toStdString();
+    const QJsonObject map = QJsonDocument::fromJson(out.toUtf8()).object();
+    const QJsonArray slices = map["slices"].toArray();
+    ASSERT_EQ(slices.size(), 3);
+    int nodes = 0, links = 0;
+    for (const QJsonValue &slice : slices) {
+        nodes += slice.toObject()["nodes"].toInt();
+        links += slice.toObject()["links"].toInt();
+    }
+    EXPECT_EQ(nodes, 64);
+    EXPECT_EQ(links, 70);
+    EXPECT_EQ(slices[2].toObject()["name"].toString(), "Roadmap");
+    EXPECT_EQ(map["fonts"].toArray().size(), 5);
+    EXPECT_EQ(map["levels"].toArray().size(), 4);
+    EXPECT_EQ(map["groups"].toArray().size(), 5);
+    EXPECT_EQ(map["hyperlinks"].toArray().size(), 3);
+    EXPECT_EQ(map["attachments"].toArray().size(), 2);
+    EXPECT_EQ(Run({"info", kPlan}), cli::kGood);
+    EXPECT_TRUE(out.contains(QStringLiteral("slice 3 'Roadmap'")));
+}
+
+TEST_F(CommandsTest, ConvertWritesAMapThatSaysTheSame) {
+    const QString map = Map("plan.map");
+    EXPECT_TRUE(support::ReadWholeFile(map).startsWith("SQLite format 3"));
+    Run({"info", kPlan, "--json"});
+    const QJsonObject before = QJsonDocument::fromJson(out.toUtf8()).object();
+    Run({"info", map, "--json"});
+    const QJsonObject after = QJsonDocument::fromJson(out.toUtf8()).object();
+    for (const char *part : {"slices", "fonts", "levels", "groups", "hyperlinks"})
+        EXPECT_EQ(before[QLatin1String(part)], after[QLatin1String(part)]) << part;
+    EXPECT_EQ(Run({"convert", kPlan, map}), cli::kGood);
+    EXPECT_EQ(out, "The former file was kept as plan.map.bak\n");
+}
+
+TEST_F(CommandsTest, CheckTellsWhatIsWrong) {
+    const QString map = Map("plan.map");
+    EXPECT_EQ(Run({"check", map}), cli::kGood) << out.toStdString();
+    EXPECT_EQ(out, "nothing wrong\n");
+    {
+        storage::Database database = storage::OpenDatabase(map);
+        database.Execute(QStringLiteral("INSERT INTO [Nodes] ([Key], [Slice]) VALUES ('x', 77)"));
+        database.Execute(QStringLiteral("INSERT INTO [LinkPoints] VALUES (0, 'no link', 1, 1)"));
+        database.Execute(QStringLiteral("UPDATE [Nodes] SET [Left]='far' WHERE [Key]='x'"));
+    }
+    EXPECT_EQ(Run({"check", map}), cli::kFailed);
+    EXPECT_TRUE(out.contains(QStringLiteral("1 nodes on a slice that does not exist")));
+    EXPECT_TRUE(out.contains(QStringLiteral("1 bend points of a link that does not exist")));
+    EXPECT_TRUE(out.contains(QStringLiteral("1 texts in Nodes where a number belongs")));
+    EXPECT_EQ(Run({"check", QStringLiteral(VELMORA_TEST_DATA "/jet/notjet.mdb")}), cli::kFailed);
+    EXPECT_TRUE(err.contains(QStringLiteral("#3343")));
+}
+
+TEST_F(CommandsTest, PictureWritesOneSliceInEachForm) {
+    const QString map = Map("plan.map");
+    EXPECT_EQ(Run({"picture", map, "--slice", "2", "--pixels", "500", Path("two.png")}), cli::kGood)
+        << err.toStdString();
+    const QImage image(Path("two.png"));
+    EXPECT_EQ(std::max(image.width(), image.height()), 500);
+    EXPECT_EQ(Run({"picture", map, Path("one.svg")}), cli::kGood) << err.toStdString();
+    EXPECT_TRUE(support::ReadWholeFile(Path("one.svg")).contains("<svg"));
+    EXPECT_EQ(Run({"picture", map, Path("one.pdf")}), cli::kGood) << err.toStdString();
+    EXPECT_TRUE(support::ReadWholeFile(Path("one.pdf")).startsWith("%PDF"));
+}
+
+TEST_F(CommandsTest, PictureOfAMissingSliceOrFormIsAnError) {
+    const QString map = Map("plan.map");
+    EXPECT_EQ(Run({"picture", map, "--slice", "4", Path("x.png")}), cli::kFailed);
+    EXPECT_TRUE(err.contains(QStringLiteral("the map has 3")));
+    EXPECT_EQ(Run({"picture", map, Path("x.doc")}), cli::kFailed);
+    EXPECT_FALSE(support::FileExists(Path("x.doc")));
+}
+
+TEST_F(CommandsTest, PictureOfAllSlicesNamesThemAfterTheirTabs) {
+    EXPECT_EQ(Run({"picture", kPlan, "--all", Path("pictures"), "--format", "svg"}), cli::kGood)
+        << err.toStdString();
+    const QStringList files = QDir(Path("pictures")).entryList(QDir::Files);
+    ASSERT_EQ(files.size(), 3);
+    EXPECT_EQ(files[2], "03-Roadmap.svg");
+}
+
+TEST_F(CommandsTest, ACommandLeavesNothingInTheTemporaryFolder) {
+    QTemporaryDir folder;
+    qputenv("TMPDIR", folder.path().toLocal8Bit());
+    Run({"info", kPlan});
+    EXPECT_EQ(qgetenv("TMPDIR"), folder.path().toLocal8Bit());
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+    qunsetenv("TMPDIR");
+}

@@ -1,0 +1,161 @@
+#include "document/OpenMap.h"
+
+#include "document/CompactDb.h"
+#include "document/LastPath.h"
+#include "document/TemplateFile.h"
+#include "storage/Fields.h"
+#include "support/AtomicFile.h"
+#include "support/Files.h"
+#include "tests/document/MapTest.h"
+
+#include <QFile>
+
+using namespace document;
+using namespace document::testing;
+
+class OpenMapTest : public MapTest {
+protected:
+    // A map as early versions wrote it: without the columns named.
+    QString OldMap(const QString &name, const QStringList &nodeColumns, const QStringList &sliceColumns) {
+        const QString path = EmptyMap(name);
+        for (const QString &column : nodeColumns)
+            Run(path, "ALTER TABLE [Nodes] DROP COLUMN [" + column + "]");
+        for (const QString &column : sliceColumns)
+            Run(path, "ALTER TABLE [Slices] DROP COLUMN [" + column + "]");
+        return path;
+    }
+};
+
+TEST_F(OpenMapTest, GetMapFile_AsksForAMapInTheLastFolder) {
+    SetLastPath(MapFile(QString()));
+    desktop.ExpectOpenFile(MapFile(QStringLiteral("sub/a.map")));
+    EXPECT_EQ(GetMapFile(false), MapFile(QStringLiteral("sub/a.map")));
+    EXPECT_EQ(LastPath(), MapFile(QStringLiteral("sub/")));
+    desktop.ExpectSaveFile(QString());
+    EXPECT_EQ(GetMapFile(true), QString());
+    EXPECT_EQ(LastPath(), MapFile(QStringLiteral("sub/")));
+
+    const auto &shown = desktop.dialogs.shownFiles;
+    ASSERT_EQ(shown.size(), 2U);
+    EXPECT_FALSE(shown[0].save);
+    EXPECT_EQ(shown[0].filter, "Map Files|*.map|All Files|*.*");
+    EXPECT_EQ(shown[0].flags, 4 + 4096 + 524288);
+    EXPECT_EQ(shown[0].startFolder, MapFile(QString()));
+    EXPECT_TRUE(shown[1].save);
+    EXPECT_EQ(shown[1].defaultExtension, "map");
+    EXPECT_EQ(shown[1].flags, 4 + 2 + 2048 + 524288);
+}
+
+TEST_F(OpenMapTest, GetMapFile_StartsInTheDocumentsFolder) {
+    desktop.ExpectOpenFile(QString());
+    GetMapFile(false);
+    EXPECT_FALSE(desktop.dialogs.shownFiles[0].startFolder.isEmpty());
+    EXPECT_EQ(LastPath(), desktop.dialogs.shownFiles[0].startFolder);
+}
+
+TEST_F(OpenMapTest, ACancelledDialogGivesNothing) {
+    desktop.ExpectOpenFile(QString());
+    QString path;
+    EXPECT_FALSE(OpenMap(path, false).has_value());
+    EXPECT_EQ(path, "");
+}
+
+TEST_F(OpenMapTest, AChosenPathComesBackThroughTheArgument) {
+    const QString chosen = EmptyMap(QStringLiteral("a.map"));
+    desktop.ExpectOpenFile(chosen);
+    QString path;
+    EXPECT_TRUE(OpenMap(path, false).has_value());
+    EXPECT_EQ(path, chosen);
+}
+
+TEST_F(OpenMapTest, ANewMapIsACopyOfTheTemplateAndDeletesWhatWasThere) {
+    const QString path = MapFile(QStringLiteral("new.map"));
+    support::AtomicFile(path).Write("rubbish");
+    QString name = path;
+    ASSERT_TRUE(OpenMap(name, true).has_value());
+    EXPECT_EQ(Cell(path, QStringLiteral("SELECT COUNT(*) FROM [Levels]")), 4);
+    QFile::remove(TemplatePath());
+    EXPECT_EQ(ErrorOf([&] { OpenMap(name, true); }).Number(), 53);
+    EXPECT_FALSE(support::FileExists(path)) << "the old file goes before anything else succeeds";
+}
+
+TEST_F(OpenMapTest, AnOldFileGetsItsMissingColumnsOnDisk) {
+    QString path = OldMap(QStringLiteral("old.map"), {QStringLiteral("Alignment")},
+                          {QStringLiteral("xZoom"), QStringLiteral("yZoom")});
+    Run(path, QStringLiteral("INSERT INTO [Nodes] ([Key]) VALUES ('a')"));
+    Run(path, QStringLiteral("INSERT INTO [Slices] ([Index]) VALUES (0)"));
+    OpenMap(path, false)->Close();
+    EXPECT_EQ(Cell(path, QStringLiteral("SELECT [Alignment] FROM [Nodes]")), 7);
+    EXPECT_EQ(Cell(path, QStringLiteral("SELECT [xZoom] FROM [Slices]")), 0);
+    EXPECT_EQ(Cell(path, QStringLiteral("SELECT [yZoom] FROM [Slices]")), 0);
+}
+
+TEST_F(OpenMapTest, AFileThatLacksOnlyYZoomIsNotRepaired) {
+    QString path = OldMap(QStringLiteral("old.map"), {}, {QStringLiteral("yZoom")});
+    OpenMap(path, false)->Close();
+    EXPECT_FALSE(storage::FieldExists(storage::OpenDatabase(path).Table(QStringLiteral("Slices")),
+                                      QStringLiteral("yZoom")));
+}
+
+TEST_F(OpenMapTest, ErrorsStayAsTheEngineRaisedThem) {
+    QString path = MapFile(QStringLiteral("text.map"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("This is a text, no database, and long enough to look at.");
+    file.close();
+    const support::Error error = ErrorOf([&] { OpenMap(path, false); });
+    EXPECT_EQ(error.Number(), storage::kErrUnrecognizedFormat);
+    EXPECT_EQ(error.Source(), "Storage.Database");
+    path = MapFile(QStringLiteral("missing.map"));
+    EXPECT_EQ(ErrorOf([&] { OpenMap(path, false); }).Number(), storage::kErrFileNotFound);
+    path = MapFile(QString());
+    EXPECT_EQ(ErrorOf([&] { OpenMap(path, false); }).Number(), storage::kErrCannotOpenFile);
+}
+
+TEST_F(OpenMapTest, CompactDb_KeepsTheContentAndLeavesASafetyCopy) {
+    const QString path = EmptyMap(QStringLiteral("a.map"));
+    Run(path, InsertNode(QStringLiteral("n")));
+    const auto window = NewWindow();
+    CompactDb(*window, path, false, QString());
+    EXPECT_EQ(Cell(path, QStringLiteral("SELECT [Key] FROM [Nodes]")), "n");
+    EXPECT_EQ(window->pointers, (std::vector<int>{pointer::kHourglass, pointer::kNormal}));
+    const QStringList left = QDir(TempFolder()).entryList({QStringLiteral("ABC*")}, QDir::Files);
+    ASSERT_EQ(left.size(), 1);
+    EXPECT_EQ(Cell(TempFolder() + "/" + left[0], QStringLiteral("SELECT [Key] FROM [Nodes]")), "n");
+    CompactDb(*window, path, true, QString());
+    EXPECT_EQ(QDir(TempFolder()).entryList({QStringLiteral("ABC*")}, QDir::Files).size(), 3);
+}
+
+TEST_F(OpenMapTest, CompactDb_LeavesAFileThatItCannotCompact) {
+    const QString path = MapFile(QStringLiteral("a.map"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("no database at all, and never was one");
+    file.close();
+    const auto window = NewWindow();
+    EXPECT_NE(ErrorOf([&] { CompactDb(*window, path, false, QString()); }).Number(), 0);
+    EXPECT_EQ(support::ReadWholeFile(path), "no database at all, and never was one");
+}
+
+TEST_F(OpenMapTest, ASchemaWithoutAColumnFailsOnlyWhenItIsAskedFor) {
+    const QString path = OldMap(QStringLiteral("a.map"), {QStringLiteral("TextPos")}, {});
+    storage::Database database = storage::OpenDatabase(path);
+    const storage::Recordset rows = database.OpenRecordset(SelectAll(schema::kNodes));
+    const Columns at(rows, schema::kNodes);
+    EXPECT_EQ(at[schema::node::kKey], 0);
+    EXPECT_FALSE(at.Has(schema::node::kTextPos));
+    EXPECT_EQ(ErrorOf([&] { (void)at[schema::node::kTextPos]; }).Number(), storage::kErrFieldNotFound);
+}
+
+TEST_F(OpenMapTest, WriteTemplate_HasEveryTableAndReplacesAFile) {
+    const QString path = MapFile(QStringLiteral("t.tpl"));
+    const GroupRow group{QStringLiteral("one"), true};
+    WriteTemplate(path, {}, {});
+    WriteTemplate(path, {}, {&group, 1});
+    storage::Database database = storage::OpenDatabase(path);
+    for (const TableLayout *table : schema::Tables()) {
+        EXPECT_TRUE(storage::TableExistsDB(database, NameOf(*table))) << table->name;
+        EXPECT_EQ(database.Table(NameOf(*table)).fields.size(), table->columns.size()) << table->name;
+    }
+    EXPECT_EQ(Cell(path, QStringLiteral("SELECT [Group] FROM [Groups]")), "one");
+}

@@ -1,0 +1,124 @@
+// The delivered files of both editions, built from their texts and read back by the program.
+#include "product/Edition.h"
+#include "app/settings/Settings.h"
+#include "document/DefaultNodes.h"
+#include "document/DoLoad.h"
+#include "document/MemoryWindow.h"
+#include "document/Tags.h"
+#include "support/Files.h"
+#include "support/testing/ScriptedDesktop.h"
+
+#include <gtest/gtest.h>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QProcess>
+#include <QSet>
+#include <QTemporaryDir>
+
+namespace {
+
+// An edition in a folder of its own, which is the program's folder while the test runs.
+class Edition : public testing::Test {
+protected:
+    void Build(const char *name) {
+        support::SetProgramPath(folder_.path());
+        product::BuildEdition(QDir(QStringLiteral(VELMORA_SOURCE_DIR "/product/") + QLatin1String(name)),
+                              QDir(folder_.path()));
+        settings::LoadSettings();
+    }
+    QString Startup() const {
+        const QDir folder(folder_.filePath("Startup"));
+        const QStringList maps = folder.entryList({"*." + settings::Terms().EXT}, QDir::Files);
+        return maps.isEmpty() ? QString() : folder.filePath(maps.first());
+    }
+    std::unique_ptr<document::MemoryWindow> Open(const QString &path) {
+        auto window = std::make_unique<document::MemoryWindow>(desktop_.Get());
+        window->clsSettings().SetDatabase(path);
+        document::DoLoad(*window);
+        return window;
+    }
+    ~Edition() override { settings::SetTerms({}); }
+
+    QTemporaryDir folder_;
+    support::testing::ScriptedDesktop desktop_;
+};
+
+struct Counts {
+    int nodes = 0, pictures = 0, levels = 0, groups = 0, followable = 0;
+    QSet<int> shapes, styles, arrows;
+};
+
+Counts Count(document::MapWindow &window) {
+    Counts counts;
+    for (const int index : window.AddFlow1().Indices()) {
+        const diagram::Surface &surface = window.AddFlow1()[index];
+        for (const diagram::Node &node : surface.Nodes()) {
+            ++counts.nodes;
+            counts.shapes << node.Shape();
+            counts.pictures += !node.Picture().IsNull();
+            counts.levels += !document::GetTag(node, document::tags::kLevel).isEmpty();
+            counts.groups += !document::GetTag(node, document::tags::kGroup).isEmpty();
+            counts.followable += document::GetTag(node, document::tags::kHyper) == "Yes";
+        }
+        for (const auto &link : surface.Links()) {
+            counts.styles << link->Style();
+            counts.arrows << link->ArrowDest();
+        }
+    }
+    return counts;
+}
+
+} // namespace
+
+TEST_F(Edition, Velmora_OffersASampleThatShowsWhatTheEditorDoes) {
+    Build("velmora");
+    EXPECT_EQ(settings::Terms().TITLE, "Velmora");
+    auto window = Open(Startup());
+    EXPECT_EQ(window->AddFlow1().Count(), 3);
+    const Counts counts = Count(*window);
+    EXPECT_GE(counts.nodes, 60);
+    EXPECT_GE(counts.shapes.size(), 25);
+    EXPECT_GE(counts.styles.size(), 4);
+    EXPECT_GE(counts.arrows.size(), 8);
+    EXPECT_GE(counts.pictures, 4);
+    EXPECT_GE(counts.levels, 40);
+    EXPECT_GE(counts.groups, 40);
+    EXPECT_EQ(counts.followable, 1);
+    EXPECT_EQ(window->clsSettings().Hyperlinks().count(), 1);
+    ASSERT_EQ(window->clsSettings().Attachments().count(), 1);
+    EXPECT_TRUE(support::FileExists(window->clsSettings().Attachments().Item(1).Filename));
+}
+
+TEST_F(Edition, Velmora_StartsMapsWithFiveLevelsAndGroups) {
+    Build("velmora");
+    document::MemoryWindow window(desktop_.Get());
+    QStringList levels;
+    for (const document::cLevel &level : window.clsSettings().Levels()) levels << level.LevelName;
+    EXPECT_EQ(levels.join(' '), "1 2 3 4 5");
+    EXPECT_GE(window.clsSettings().Groups().count(), 5);
+}
+
+TEST_F(Edition, Velmora_GivesNewNodesTheirLook) {
+    Build("velmora");
+    diagram::Surface surface;
+    document::LoadDefaults(surface);
+    EXPECT_EQ(surface.Defaults().shape, 2);
+    ASSERT_TRUE(document::LocateTemplateNode(surface, false));
+    EXPECT_TRUE(document::LocateTemplateNode(surface, false)->Hidden());
+}
+
+TEST_F(Edition, Storyline_HasItsOwnWordsExtensionAndLevels) {
+    Build("storyline");
+    EXPECT_EQ(settings::Terms().TITLE, "Storyline");
+    EXPECT_EQ(settings::ReplaceTerms("Open @MAP, Include @NODEs"), "Open Book, Include Scenes");
+    EXPECT_TRUE(Startup().endsWith("The Lighthouse.story"));
+    auto window = Open(Startup());
+    EXPECT_EQ(window->caption, "Storyline - The Lighthouse.story");
+    EXPECT_EQ(window->clsSettings().Levels().count(), 3);
+}
+
+int main(int argc, char **argv) {
+    testing::InitGoogleTest(&argc, argv);
+    QGuiApplication app(argc, argv);
+    return RUN_ALL_TESTS();
+}
