@@ -12,7 +12,9 @@ namespace {
 constexpr double HalfTan(int degrees) {
     return degrees == 15 ? 0.13165249758739583 : degrees == 30 ? 0.2679491924311227 : 0.41421356237309503;
 }
-constexpr double FullTan(int degrees) { return degrees == 15 ? 0.2679491924311227 : degrees == 30 ? 0.5773502691896257 : 1.0; }
+constexpr double FullTan(int degrees) {
+    return degrees == 15 ? 0.2679491924311227 : degrees == 30 ? 0.5773502691896257 : 1.0;
+}
 
 constexpr double kCircle = 0.3;    // radius of the circles
 constexpr double kNotch = 0.62;    // how far from the tip the back of a fork is notched

@@ -1,7 +1,8 @@
 // The 33 arrow heads: one row each.
 //
-// The number in a name is the angle in degrees that the head spans: between the two sides at its tip, between the line and
-// the one side of a half arrow, between the outer toes of a foot ("Many"), or as which the bar of "One" is seen from the tip.
+// The number in a name is the angle in degrees that the head spans: between the two sides at its tip, between
+// the line and the one side of a half arrow, between the outer toes of a foot ("Many"), or as which the bar
+// of "One" is seen from the tip.
 #pragma once
 
 #include <QPainterPath>
@@ -9,14 +10,19 @@
 
 namespace diagram {
 
-enum class ArrowFill : unsigned char { None, Line, Paper }; // strokes only, filled in the line's colour, filled in the back colour
+enum class ArrowFill : unsigned char {
+    None,
+    Line,
+    Paper
+}; // strokes only, filled in the line's colour, filled in the back colour
 
 struct ArrowRow {
-    int value;                // stored value, 0 to 32
-    const char *name;         // as the user reads it; a number in it is the angle of the head in degrees
-    QPainterPath (*path)();   // unit frame: the tip at the origin, the line comes from negative x, length 1; null for none
+    int value;              // stored value, 0 to 32
+    const char *name;       // as the user reads it; a number in it is the angle of the head in degrees
+    QPainterPath (*path)(); // unit frame: the tip at the origin, the line comes from negative x, length 1;
+                            // null for none
     ArrowFill fill;
-    double eats;              // length of line that the head replaces, in units of the frame
+    double eats; // length of line that the head replaces, in units of the frame
 };
 
 constexpr int kArrowCount = 33;

@@ -9,17 +9,17 @@ namespace diagram {
 enum class LinkForm : unsigned char { Polyline, Bezier, Orthogonal, Spline };
 
 struct LinkStyleRow {
-    int value;                    // stored value, 0 to 14
-    const char *name;             // as the user reads it
+    int value;        // stored value, 0 to 14
+    const char *name; // as the user reads it
     LinkForm form;
-    std::string_view directions;  // "VHV" and the like for orthogonal ones, empty for the others
+    std::string_view directions; // "VHV" and the like for orthogonal ones, empty for the others
 };
 
 std::span<const LinkStyleRow> LinkStyleTable(); // the position in it is the value
 const LinkStyleRow *FindLinkStyle(int value);
 
-// Number of points, ends included, that the router gives a link of that style: directions + 1, 4 for Bezier, 2 for the
-// others (a spline bends where the user bends it).
+// Number of points, ends included, that the router gives a link of that style: directions + 1, 4 for Bezier,
+// 2 for the others (a spline bends where the user bends it).
 int RoutedPointCount(int style);
 
 } // namespace diagram

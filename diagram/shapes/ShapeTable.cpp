@@ -10,7 +10,9 @@ namespace diagram {
 namespace {
 
 double Side(const QRectF &box) { return std::min(box.width(), box.height()); }
-QPointF At(const QRectF &box, double x, double y) { return {box.left() + x * box.width(), box.top() + y * box.height()}; }
+QPointF At(const QRectF &box, double x, double y) {
+    return {box.left() + x * box.width(), box.top() + y * box.height()};
+}
 
 // Polygons
 
@@ -23,10 +25,11 @@ constexpr ShapeCorner kHexagon[] = {{.25, 0}, {.75, 0}, {1, .5}, {.75, 1}, {.25,
 constexpr ShapeCorner kTriangle[] = {{.25, 0}, {1, 1}, {0, 1}}; // three different sides
 constexpr ShapeCorner kPentagon[] = {{.5, 0}, {1, .382}, {.809, 1}, {.191, 1}, {0, .382}};
 constexpr double kCut = .2929; // of a regular octagon
-constexpr ShapeCorner kOctogon[] = {{0, 0, kCut, 0}, {1, 0, -kCut, 0}, {1, 0, 0, kCut}, {1, 1, 0, -kCut},
-                                    {1, 1, -kCut, 0}, {0, 1, kCut, 0}, {0, 1, 0, -kCut}, {0, 0, 0, kCut}};
+constexpr ShapeCorner kOctogon[] = {{0, 0, kCut, 0},  {1, 0, -kCut, 0}, {1, 0, 0, kCut},  {1, 1, 0, -kCut},
+                                    {1, 1, -kCut, 0}, {0, 1, kCut, 0},  {0, 1, 0, -kCut}, {0, 0, 0, kCut}};
 constexpr ShapeCorner kData[] = {{.2, 0}, {1, 0}, {.8, 1}, {0, 1}};
-constexpr ShapeCorner kPreparation[] = {{0, 0, .4, 0}, {1, 0, -.4, 0}, {1, .5}, {1, 1, -.4, 0}, {0, 1, .4, 0}, {0, .5}};
+constexpr ShapeCorner kPreparation[] = {{0, 0, .4, 0},  {1, 0, -.4, 0}, {1, .5},
+                                        {1, 1, -.4, 0}, {0, 1, .4, 0},  {0, .5}};
 constexpr ShapeCorner kManualInput[] = {{0, .25}, {1, 0}, {1, 1}, {0, 1}};
 constexpr ShapeCorner kManualOperation[] = {{0, 0}, {1, 0}, {.8, 1}, {.2, 1}};
 constexpr ShapeCorner kOffPage[] = {{0, 0}, {1, 0}, {1, .75}, {.5, 1}, {0, .75}};
@@ -81,12 +84,13 @@ QPainterPath RoundRectangle(const QRectF &box) { return Rounded(box, .25); }
 QPainterPath AlternateProcess(const QRectF &box) { return Rounded(box, .15); }
 QPainterPath Termination(const QRectF &box) { return Rounded(box, .5); }
 
-// A wave of one cubic curve from the path's point to (x, y): first up, then down by `height` of the box for a way to the
-// left, the other way round for a way to the right. The factor makes its extremes lie at just that height.
+// A wave of one cubic curve from the path's point to (x, y): first up, then down by `height` of the box for a
+// way to the left, the other way round for a way to the right. The factor makes its extremes lie at just that
+// height.
 void AddWave(QPainterPath &path, const QRectF &box, double fromX, double toX, double y, double height) {
     const double pull = (toX < fromX ? height : -height) / 0.28867513459481287;
-    path.cubicTo(At(box, fromX + (toX - fromX) / 3, y - pull), At(box, fromX + (toX - fromX) * 2 / 3, y + pull),
-                 At(box, toX, y));
+    path.cubicTo(At(box, fromX + (toX - fromX) / 3, y - pull),
+                 At(box, fromX + (toX - fromX) * 2 / 3, y + pull), At(box, toX, y));
 }
 
 QPainterPath Document(const QRectF &box) {
@@ -153,7 +157,8 @@ QPainterPath Delay(const QRectF &box) {
 
 // An ellipse that runs out into a tail at the right bottom.
 QPainterPath SequentialAccess(const QRectF &box) {
-    constexpr double kTailAngle = 45, kTailTop = .8535533905932737; // the ellipse at 45 degrees below the middle
+    constexpr double kTailAngle = 45,
+                     kTailTop = .8535533905932737; // the ellipse at 45 degrees below the middle
     QPainterPath path(At(box, .5, 1));
     path.arcTo(box, 270, -(360 - (90 - kTailAngle)));
     path.lineTo(At(box, 1, kTailTop));
@@ -271,12 +276,14 @@ constexpr BoxPart kInNorthTriangle{.22, .45, .78, 1};
 constexpr BoxPart kInSouthTriangle{.22, 0, .78, .55};
 
 template <const auto &kCorners>
-constexpr ShapeRow PolygonRow(int value, const char *name, const BoxPart &text, QPainterPath (*detail)(const QRectF &) = nullptr) {
+constexpr ShapeRow PolygonRow(int value, const char *name, const BoxPart &text,
+                              QPainterPath (*detail)(const QRectF &) = nullptr) {
     return {value, name, Polygon<kCorners>, detail, text, ShapeForm::Polygon, kCorners, ShapeEdge::None};
 }
 
 constexpr ShapeRow RectangleRow(int value, const char *name, const BoxPart &text = kAll,
-                                QPainterPath (*detail)(const QRectF &) = nullptr, ShapeEdge edge = ShapeEdge::None) {
+                                QPainterPath (*detail)(const QRectF &) = nullptr,
+                                ShapeEdge edge = ShapeEdge::None) {
     return {value, name, Rectangle, detail, text, ShapeForm::Rectangle, {}, edge};
 }
 
@@ -284,8 +291,8 @@ constexpr ShapeRow EllipseRow(int value, const char *name, QPainterPath (*detail
     return {value, name, Ellipse, detail, kInEllipse, ShapeForm::Ellipse, {}, ShapeEdge::None};
 }
 
-constexpr ShapeRow PathRow(int value, const char *name, QPainterPath (*outline)(const QRectF &), const BoxPart &text,
-                           QPainterPath (*detail)(const QRectF &) = nullptr) {
+constexpr ShapeRow PathRow(int value, const char *name, QPainterPath (*outline)(const QRectF &),
+                           const BoxPart &text, QPainterPath (*detail)(const QRectF &) = nullptr) {
     return {value, name, outline, detail, text, ShapeForm::Path, {}, ShapeEdge::None};
 }
 
@@ -341,7 +348,8 @@ constexpr int kPastLast = 78;
 
 constexpr bool Fits(const ShapeRow &row) {
     if (!row.name || !*row.name || !row.outline) return false;
-    if ((row.form == ShapeForm::Polygon) != (row.corners.size() >= 3 && row.corners.size() <= kMostCorners)) return false;
+    if ((row.form == ShapeForm::Polygon) != (row.corners.size() >= 3 && row.corners.size() <= kMostCorners))
+        return false;
     const BoxPart &text = row.textArea;
     return text.left >= 0 && text.top >= 0 && text.right <= 1 && text.bottom <= 1 && text.left < text.right &&
            text.top < text.bottom;

@@ -10,17 +10,23 @@ namespace diagram {
 
 namespace {
 
-// The box in which the form is built before it is turned into `box`: at the origin, sides swapped for odd turns.
+// The box in which the form is built before it is turned into `box`: at the origin, sides swapped for odd
+// turns.
 QRectF UnturnedBox(int orientation, const QRectF &box) {
-    return orientation & 1 ? QRectF(0, 0, box.height(), box.width()) : QRectF(0, 0, box.width(), box.height());
+    return orientation & 1 ? QRectF(0, 0, box.height(), box.width())
+                           : QRectF(0, 0, box.width(), box.height());
 }
 
 QTransform Turn(int orientation, const QRectF &box) {
     switch (orientation & 3) {
-    case 1: return {0, 1, -1, 0, box.right(), box.top()};
-    case 2: return {-1, 0, 0, -1, box.right(), box.bottom()};
-    case 3: return {0, -1, 1, 0, box.left(), box.bottom()};
-    default: return QTransform::fromTranslate(box.left(), box.top());
+    case 1:
+        return {0, 1, -1, 0, box.right(), box.top()};
+    case 2:
+        return {-1, 0, 0, -1, box.right(), box.bottom()};
+    case 3:
+        return {0, -1, 1, 0, box.left(), box.bottom()};
+    default:
+        return QTransform::fromTranslate(box.left(), box.top());
     }
 }
 
@@ -30,7 +36,8 @@ QPainterPath Turned(QPainterPath (*form)(const QRectF &), int orientation, const
 }
 
 // Where from + t (to - from) meets the segment a-b, as t in 0..1.
-std::optional<double> MeetsSegment(const QPointF &from, const QPointF &to, const QPointF &a, const QPointF &b) {
+std::optional<double> MeetsSegment(const QPointF &from, const QPointF &to, const QPointF &a,
+                                   const QPointF &b) {
     const QPointF way = to - from, side = b - a, gap = a - from;
     const double cross = way.x() * side.y() - way.y() * side.x();
     if (cross == 0) return {};
@@ -84,14 +91,17 @@ std::optional<double> MeetsRectangle(const QPointF &from, const QPointF &to, con
 std::optional<double> Meets(const ShapeRow &row, int orientation, const QRectF &box, const QPointF &from) {
     const QPointF middle = box.center();
     switch (row.form) {
-    case ShapeForm::Rectangle: return MeetsRectangle(from, middle, box);
-    case ShapeForm::Ellipse: return MeetsEllipse(from, middle, box);
+    case ShapeForm::Rectangle:
+        return MeetsRectangle(from, middle, box);
+    case ShapeForm::Ellipse:
+        return MeetsEllipse(from, middle, box);
     case ShapeForm::Polygon: {
         QPointF corners[kMostCorners];
         const int count = TurnedCorners(row, orientation, box, corners);
         return MeetsPolygon(from, middle, {corners, std::size_t(count)});
     }
-    case ShapeForm::Path: break;
+    case ShapeForm::Path:
+        break;
     }
     return MeetsPath(from, middle, Turned(row.outline, orientation, box));
 }
@@ -126,10 +136,18 @@ int TurnedCorners(const ShapeRow &row, int orientation, const QRectF &box, QPoin
     for (const ShapeCorner &corner : row.corners) {
         const double x = corner.x * width + corner.dx * side, y = corner.y * height + corner.dy * side;
         switch (orientation & 3) {
-        case 1: *corners++ = {box.right() - y, box.top() + x}; break;
-        case 2: *corners++ = {box.right() - x, box.bottom() - y}; break;
-        case 3: *corners++ = {box.left() + y, box.bottom() - x}; break;
-        default: *corners++ = {box.left() + x, box.top() + y}; break;
+        case 1:
+            *corners++ = {box.right() - y, box.top() + x};
+            break;
+        case 2:
+            *corners++ = {box.right() - x, box.bottom() - y};
+            break;
+        case 3:
+            *corners++ = {box.left() + y, box.bottom() - x};
+            break;
+        default:
+            *corners++ = {box.left() + x, box.top() + y};
+            break;
         }
     }
     return int(row.corners.size());

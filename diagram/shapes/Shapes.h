@@ -1,5 +1,5 @@
-// The 44 shapes of nodes: one row each. Painting, hit testing, clipping of links, shadows, icons and pickers all come
-// from the outline of the row.
+// The 44 shapes of nodes: one row each. Painting, hit testing, clipping of links, shadows, icons and pickers
+// all come from the outline of the row.
 #pragma once
 
 #include <QPainterPath>
@@ -15,8 +15,8 @@ enum class ShapeForm : unsigned char { Path, Rectangle, Ellipse, Polygon };
 // The look of a rectangle's edge: light and dark lines along its inside.
 enum class ShapeEdge : unsigned char { None, Bump, Etched, Raised, Sunken };
 
-// A corner of a polygon: `x` and `y` are fractions of the box's width and height, `dx` and `dy` are added as fractions of
-// its shorter side (so that a cut corner stays square).
+// A corner of a polygon: `x` and `y` are fractions of the box's width and height, `dx` and `dy` are added as
+// fractions of its shorter side (so that a cut corner stays square).
 struct ShapeCorner {
     double x, y;
     double dx = 0, dy = 0;
@@ -45,17 +45,19 @@ std::span<const ShapeRow> ShapeTable();
 // Null for a value that is no shape. Constant time.
 const ShapeRow *FindShape(int value);
 
-// The outline of `shape` in `box`, turned by `orientation` quarter turns clockwise (0 to 3): the form is built in the turned
-// box and rotated, so that it always fills `box`. A box without width or height gives a degenerate, still closed path.
+// The outline of `shape` in `box`, turned by `orientation` quarter turns clockwise (0 to 3): the form is
+// built in the turned box and rotated, so that it always fills `box`. A box without width or height gives a
+// degenerate, still closed path.
 QPainterPath Outline(int shape, int orientation, const QRectF &box);
 QPainterPath Detail(int shape, int orientation, const QRectF &box);
 QRectF TextArea(int shape, int orientation, const QRectF &box);
 
-// The corners of a polygon in `box`, turned as above, written to `corners` (room for kMostCorners); their number.
+// The corners of a polygon in `box`, turned as above, written to `corners` (room for kMostCorners); their
+// number.
 int TurnedCorners(const ShapeRow &row, int orientation, const QRectF &box, QPointF *corners);
 
-// Where the straight line from `from` towards the middle of `box` meets the outline (the crossing nearest to `from`); the
-// middle of the box when it doesn't.
+// Where the straight line from `from` towards the middle of `box` meets the outline (the crossing nearest to
+// `from`); the middle of the box when it doesn't.
 QPointF OutlineCrossing(int shape, int orientation, const QRectF &box, const QPointF &from);
 
 } // namespace diagram

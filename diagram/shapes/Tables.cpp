@@ -15,22 +15,23 @@ constexpr std::array kOrientations{
 };
 
 constexpr std::array kLineStyles{
-    NamedValue{0, "Solid"},        NamedValue{1, "Dash"},        NamedValue{2, "Dot"},          NamedValue{3, "Dash-Dot"},
-    NamedValue{4, "Dash-Dot-Dot"}, NamedValue{5, "Transparent"}, NamedValue{6, "Inside Solid"},
+    NamedValue{0, "Solid"},        NamedValue{1, "Dash"},         NamedValue{2, "Dot"},
+    NamedValue{3, "Dash-Dot"},     NamedValue{4, "Dash-Dot-Dot"}, NamedValue{5, "Transparent"},
+    NamedValue{6, "Inside Solid"},
 };
 
 constexpr std::array kAlignments{
-    NamedValue{0, "Left Justify - Top"},     NamedValue{1, "Left Justify - Middle"},
-    NamedValue{2, "Left Justify - Bottom"},  NamedValue{3, "Right Justify - Top"},
-    NamedValue{4, "Right Justify - Middle"}, NamedValue{5, "Right Justify - Bottom"},
-    NamedValue{6, "Center Justify - Top"},   NamedValue{7, "Center Justify - Middle"},
+    NamedValue{0, "Left Justify - Top"},      NamedValue{1, "Left Justify - Middle"},
+    NamedValue{2, "Left Justify - Bottom"},   NamedValue{3, "Right Justify - Top"},
+    NamedValue{4, "Right Justify - Middle"},  NamedValue{5, "Right Justify - Bottom"},
+    NamedValue{6, "Center Justify - Top"},    NamedValue{7, "Center Justify - Middle"},
     NamedValue{8, "Center Justify - Bottom"},
 };
 
 constexpr std::array kPicturePositions{
-    NamedValue{0, "Left - Top"},      NamedValue{1, "Left - Middle"},     NamedValue{2, "Left - Bottom"},
-    NamedValue{3, "Right - Top"},     NamedValue{4, "Right - Middle"},    NamedValue{5, "Right - Bottom"},
-    NamedValue{6, "Center - Top"},    NamedValue{7, "Center - Middle"},   NamedValue{8, "Center - Bottom"},
+    NamedValue{0, "Left - Top"},       NamedValue{1, "Left - Middle"},   NamedValue{2, "Left - Bottom"},
+    NamedValue{3, "Right - Top"},      NamedValue{4, "Right - Middle"},  NamedValue{5, "Right - Bottom"},
+    NamedValue{6, "Center - Top"},     NamedValue{7, "Center - Middle"}, NamedValue{8, "Center - Bottom"},
     NamedValue{9, "Relative to Text"},
 };
 

@@ -1,11 +1,12 @@
-// Holds the tree to its one-way includes: every folder names what it may include, and any other arrow fails here.
+// Holds the tree to its one-way includes: every folder names what it may include, and any other arrow fails
+// here.
+#include <gtest/gtest.h>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QMap>
 #include <QRegularExpression>
 #include <QSet>
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -78,7 +79,8 @@ QStringList IncludesOf(const QString &path) {
     return includes;
 }
 
-bool Reaches(const QString &from, const QString &to, const QMap<QString, QStringList> &graph, QSet<QString> &seen) {
+bool Reaches(const QString &from, const QString &to, const QMap<QString, QStringList> &graph,
+             QSet<QString> &seen) {
     for (const QString &next : graph.value(from)) {
         if (next == to) return true;
         if (seen.contains(next)) continue;

@@ -43,7 +43,8 @@ const char *const kNames[] = {"No Arrow",
                               "Empty Half Arrow 30",
                               "Empty Half Arrow 45"};
 
-// The angle under which the points of the path are seen from `eye`, in degrees; points at `eye` and circles don't count.
+// The angle under which the points of the path are seen from `eye`, in degrees; points at `eye` and circles
+// don't count.
 double Span(const QPainterPath &path, const QPointF &eye) {
     double least = 1e9, most = -1e9;
     for (int i = 0; i < path.elementCount(); ++i) {
@@ -93,7 +94,8 @@ TEST(Arrows, NumberInTheName_IsTheAngleOfTheHead) {
         const int degrees = name.section(' ', -1).toInt(&isNumber);
         if (!isNumber) continue;
         ++checked;
-        EXPECT_NEAR(Span(row.path(), IsFoot(name) ? QPointF(-1, 0) : QPointF(0, 0)), degrees, 0.01) << row.name;
+        EXPECT_NEAR(Span(row.path(), IsFoot(name) ? QPointF(-1, 0) : QPointF(0, 0)), degrees, 0.01)
+            << row.name;
     }
     EXPECT_EQ(checked, 30);
 }
@@ -101,16 +103,24 @@ TEST(Arrows, NumberInTheName_IsTheAngleOfTheHead) {
 TEST(Arrows, FilledAndEmptyNames_TellTheFill) {
     for (const ArrowRow &row : ArrowTable()) {
         const QString name = QString::fromLatin1(row.name);
-        if (name.startsWith("Filled")) { EXPECT_EQ(row.fill, ArrowFill::Line) << row.name; }
-        if (name.startsWith("Empty")) { EXPECT_EQ(row.fill, ArrowFill::Paper) << row.name; }
-        if (name.startsWith("Opened")) { EXPECT_EQ(row.fill, ArrowFill::None) << row.name; }
+        if (name.startsWith("Filled")) {
+            EXPECT_EQ(row.fill, ArrowFill::Line) << row.name;
+        }
+        if (name.startsWith("Empty")) {
+            EXPECT_EQ(row.fill, ArrowFill::Paper) << row.name;
+        }
+        if (name.startsWith("Opened")) {
+            EXPECT_EQ(row.fill, ArrowFill::None) << row.name;
+        }
     }
 }
 
 TEST(Arrows, HeadsDiffer) {
     for (const ArrowRow &a : ArrowTable().subspan(1))
         for (const ArrowRow &b : ArrowTable().subspan(1))
-            if (a.value < b.value && a.fill == b.fill) { EXPECT_NE(a.path(), b.path()) << a.name << ", " << b.name; }
+            if (a.value < b.value && a.fill == b.fill) {
+                EXPECT_NE(a.path(), b.path()) << a.name << ", " << b.name;
+            }
 }
 
 TEST(Arrows, ArrowScale_GrowsWithSizeAndWidth) {

@@ -76,8 +76,8 @@ void ForAllShapes(Check check) {
 
 // Rectangles without an area are held too.
 bool Holds(const QRectF &outer, const QRectF &inner) {
-    return inner.left() >= outer.left() - 1 && inner.right() <= outer.right() + 1 && inner.top() >= outer.top() - 1 &&
-           inner.bottom() <= outer.bottom() + 1;
+    return inner.left() >= outer.left() - 1 && inner.right() <= outer.right() + 1 &&
+           inner.top() >= outer.top() - 1 && inner.bottom() <= outer.bottom() + 1;
 }
 
 void ExpectSameRect(const QRectF &a, const QRectF &b, double tolerance) {
@@ -93,7 +93,8 @@ double DistanceToPath(const QPainterPath &path, const QPointF &point) {
         for (int i = 0; i + 1 < polygon.size(); ++i) {
             const QPointF a = polygon[i], way = polygon[i + 1] - a;
             const double length = QPointF::dotProduct(way, way);
-            const double t = length > 0 ? std::clamp(QPointF::dotProduct(point - a, way) / length, 0.0, 1.0) : 0;
+            const double t =
+                length > 0 ? std::clamp(QPointF::dotProduct(point - a, way) / length, 0.0, 1.0) : 0;
             const QPointF off = point - (a + t * way);
             nearest = std::min(nearest, std::hypot(off.x(), off.y()));
         }
@@ -123,8 +124,7 @@ TEST(Shapes, FindShape_FindsEachRowAndNothingElse) {
         values.insert(row.value);
     }
     EXPECT_EQ(values.size(), 44u);
-    for (int value : {-1, 16, 49, 78, 1000, -2147483647})
-        EXPECT_EQ(FindShape(value), nullptr) << value;
+    for (int value : {-1, 16, 49, 78, 1000, -2147483647}) EXPECT_EQ(FindShape(value), nullptr) << value;
 }
 
 TEST(Shapes, Outline_FillsTheBoxInEachOrientation) {
@@ -158,7 +158,8 @@ TEST(Shapes, Outline_TurnsTheFormClockwise) {
     const QPointF corners[] = {{3, 3}, {97, 3}, {97, 97}, {3, 97}};
     for (int orientation = 0; orientation < 4; ++orientation)
         for (int corner = 0; corner < 4; ++corner)
-            EXPECT_EQ(Outline(kManualInput, orientation, box).contains(corners[corner]), corner != orientation)
+            EXPECT_EQ(Outline(kManualInput, orientation, box).contains(corners[corner]),
+                      corner != orientation)
                 << corner << orientation;
 }
 
@@ -217,11 +218,13 @@ TEST(Shapes, OutlineCrossing_IsTheOneNearestToTheStart) {
 
 TEST(Shapes, OutlineCrossing_FromInsideIsTheMiddle) {
     const QRectF box(0, 0, 1000, 400);
-    for (int shape : {0, 1, 3, 2}) EXPECT_EQ(OutlineCrossing(shape, 0, box, {480, 190}), box.center()) << shape;
+    for (int shape : {0, 1, 3, 2})
+        EXPECT_EQ(OutlineCrossing(shape, 0, box, {480, 190}), box.center()) << shape;
 }
 
 TEST(Shapes, BoxesWithoutSize_GiveFiniteForms) {
-    for (const QRectF &box : {QRectF(5, 6, 0, 0), QRectF(5, 6, 100, 0), QRectF(5, 6, 0, 100), QRectF(1e9, -1e9, 1e-3, 1)})
+    for (const QRectF &box :
+         {QRectF(5, 6, 0, 0), QRectF(5, 6, 100, 0), QRectF(5, 6, 0, 100), QRectF(1e9, -1e9, 1e-3, 1)})
         for (const ShapeRow &row : ShapeTable())
             for (int orientation = 0; orientation < 4; ++orientation) {
                 SCOPED_TRACE(row.name);
@@ -235,9 +238,7 @@ TEST(Shapes, BoxesWithoutSize_GiveFiniteForms) {
             }
 }
 
-TEST(Shapes, Triangle_IsNotTheNorthTriangle) {
-    EXPECT_NE(Outline(13, 0, kWide), Outline(4, 0, kWide));
-}
+TEST(Shapes, Triangle_IsNotTheNorthTriangle) { EXPECT_NE(Outline(13, 0, kWide), Outline(4, 0, kWide)); }
 
 TEST(Shapes, Edges_AreThoseOfTheFourRectangles) {
     for (const ShapeRow &row : ShapeTable())

@@ -1,5 +1,5 @@
-#include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Tables.h"
+#include "diagram/shapes/LinkStyles.h"
 
 #include <gmock/gmock.h>
 #include <QPainterPath>
@@ -28,8 +28,8 @@ TEST(Tables, Orientations) {
 }
 
 TEST(Tables, LineStyles) {
-    EXPECT_THAT(Names(LineStyleTable()),
-                ElementsAre("Solid", "Dash", "Dot", "Dash-Dot", "Dash-Dot-Dot", "Transparent", "Inside Solid"));
+    EXPECT_THAT(Names(LineStyleTable()), ElementsAre("Solid", "Dash", "Dot", "Dash-Dot", "Dash-Dot-Dot",
+                                                     "Transparent", "Inside Solid"));
 }
 
 TEST(Tables, Alignments) {
@@ -52,8 +52,9 @@ TEST(Tables, Shadows) {
 }
 
 TEST(Tables, AutoSizes_KeepTheTrailingBlankOfTheThird) {
-    EXPECT_THAT(Names(AutoSizeTable()), ElementsAre("None", "Adjust Picture Size to Node",
-                                                    "Adjust Node Size to Picture ", "Adjust Node Size to Text"));
+    EXPECT_THAT(Names(AutoSizeTable()),
+                ElementsAre("None", "Adjust Picture Size to Node", "Adjust Node Size to Picture ",
+                            "Adjust Node Size to Text"));
 }
 
 TEST(Tables, ArrowSizesAndJumps) {

@@ -1,0 +1,126 @@
+#include "diagram/export/Export.h"
+
+#include "diagram/export/PngFile.h"
+#include "diagram/export/SvgEngine.h"
+#include "diagram/render/Renderer.h"
+#include "diagram/scene/Scene.h"
+#include "diagram/shapes/Measures.h"
+#include "support/AtomicFile.h"
+#include "support/Error.h"
+
+#include <cmath>
+#include <QBuffer>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+
+namespace diagram {
+
+namespace {
+
+constexpr int kMostPixels = 16384;    // of a side
+constexpr double kMostPoints = 14400; // of a side of a page
+const QRectF kEmptyPage(0, 0, 2880, 2160);
+
+[[noreturn]] void Raise(long number, const QString &text) {
+    throw support::Error(number, QStringLiteral("Export"), text);
+}
+
+QRectF PageOf(Scene &scene, const ExportOptions &options) {
+    const QRectF extent = scene.Extent();
+    if (extent.isNull()) return kEmptyPage;
+    const double margin = std::max(options.margin, 0.0);
+    return extent.adjusted(-margin, -margin, margin, margin);
+}
+
+// One unit of the painter is a twip.
+RenderOptions VectorOptions() {
+    RenderOptions render;
+    render.vector = true;
+    render.xScale = render.yScale = 1;
+    return render;
+}
+
+QByteArray Svg(Scene &scene, const QRectF &page) {
+    SvgDevice device(page.size());
+    RenderOptions render = VectorOptions();
+    render.target = &device.Engine();
+    QPainter painter(&device);
+    Renderer().Paint(painter, scene, page, render);
+    painter.end();
+    return device.File();
+}
+
+QByteArray Pdf(Scene &scene, const QRectF &page) {
+    constexpr double kTwipsPerPoint = 20;
+    constexpr int kTwipsPerInch = 1440;
+    const double longest = std::max(page.width(), page.height()) / kTwipsPerPoint;
+    const double shrink = std::min(1.0, kMostPoints / longest);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setCreator(QStringLiteral("Velmora"));
+    writer.setPageSize(
+        QPageSize(page.size() * shrink / kTwipsPerPoint, QPageSize::Point, QString(), QPageSize::ExactMatch));
+    writer.setPageMargins({});
+    writer.setResolution(kTwipsPerInch);
+    RenderOptions render = VectorOptions();
+    render.xScale = render.yScale = shrink;
+    QPainter painter(&writer);
+    Renderer().Paint(painter, scene, page, render);
+    painter.end();
+    return bytes;
+}
+
+struct Ending {
+    const char *text;
+    PictureFormat format;
+};
+constexpr Ending kEndings[] = {
+    {".png", PictureFormat::Png}, {".svg", PictureFormat::Svg}, {".pdf", PictureFormat::Pdf}};
+
+PictureFormat FormatOf(const QString &path) {
+    for (const Ending &ending : kEndings)
+        if (path.endsWith(QLatin1String(ending.text), Qt::CaseInsensitive)) return ending.format;
+    Raise(support::kErrInvalidProcedureCall, QStringLiteral("Unknown kind of picture '%1'.").arg(path));
+}
+
+QImage PaintImage(Scene &scene, const QRectF &page, const ExportOptions &options) {
+    const double longest = std::max(page.width(), page.height());
+    const double wanted = options.pixels > 0 ? options.pixels : std::ceil(longest / kTwipsPerPixel);
+    const double scale = std::min(wanted, double(kMostPixels)) / longest;
+    const QSize size(std::max(1, int(std::round(page.width() * scale))),
+                     std::max(1, int(std::round(page.height() * scale))));
+    QImage image(size, QImage::Format_RGB32);
+    if (image.isNull()) Raise(7, QStringLiteral("Out of memory"));
+    image.fill(Qt::white);
+    RenderOptions render;
+    render.xScale = render.yScale = scale;
+    QPainter painter(&image);
+    Renderer().Paint(painter, scene, page, render);
+    return image;
+}
+
+} // namespace
+
+QImage ExportImage(Surface &surface, const ExportOptions &options) {
+    Scene scene(surface);
+    return PaintImage(scene, PageOf(scene, options), options);
+}
+
+QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOptions &options) {
+    if (format == PictureFormat::Png) return PngFile(ExportImage(surface, options));
+    Scene scene(surface);
+    const QRectF page = PageOf(scene, options);
+    return format == PictureFormat::Svg ? Svg(scene, page) : Pdf(scene, page);
+}
+
+void ExportPictureFile(Surface &surface, const QString &path, const ExportOptions &options) {
+    const PictureFormat format = FormatOf(path);
+    support::AtomicFile file(path);
+    file.Write(ExportPicture(surface, format, options));
+    file.Commit();
+}
+
+} // namespace diagram

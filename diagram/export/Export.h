@@ -1,0 +1,28 @@
+// A surface as a picture file.
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QSize>
+#include <QString>
+
+namespace diagram {
+
+class Surface;
+
+enum class PictureFormat { Png, Svg, Pdf };
+
+struct ExportOptions {
+    // Longest side in pixels for PNG; 0 takes zoom 100 at 96 dots an inch, at most 16384.
+    int pixels = 0;
+    double margin = 150; // twips around the extent
+};
+
+// The whole surface, hidden items and the grid left out. Works without a display. The bytes of the file.
+QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOptions &options = {});
+QImage ExportImage(Surface &surface, const ExportOptions &options = {});
+// By the ending of the path: .png, .svg, .pdf; error 5 for another. Written beside the target and swapped in;
+// errors name the path.
+void ExportPictureFile(Surface &surface, const QString &path, const ExportOptions &options = {});
+
+} // namespace diagram

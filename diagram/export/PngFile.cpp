@@ -1,0 +1,96 @@
+#include "diagram/export/PngFile.h"
+
+#include <array>
+#include <cstring>
+#include <QtEndian>
+#include <vector>
+
+namespace diagram {
+
+namespace {
+
+constexpr auto kCrcTable = [] {
+    std::array<quint32, 256> table{};
+    for (quint32 i = 0; i < 256; ++i) {
+        quint32 value = i;
+        for (int bit = 0; bit < 8; ++bit) value = value & 1 ? 0xEDB88320u ^ (value >> 1) : value >> 1;
+        table[i] = value;
+    }
+    return table;
+}();
+
+quint32 Crc(const char *bytes, qsizetype size) {
+    quint32 crc = 0xFFFFFFFFu;
+    for (qsizetype i = 0; i < size; ++i) crc = kCrcTable[(crc ^ uchar(bytes[i])) & 0xFF] ^ (crc >> 8);
+    return ~crc;
+}
+
+void AppendNumber(QByteArray &to, quint32 number) {
+    char bytes[4];
+    qToBigEndian(number, bytes);
+    to.append(bytes, 4);
+}
+
+void AppendChunk(QByteArray &to, const char *name, const char *data, qsizetype size) {
+    AppendNumber(to, quint32(size));
+    const qsizetype start = to.size();
+    to.append(name, 4).append(data, size);
+    AppendNumber(to, Crc(to.constData() + start, size + 4));
+}
+
+QByteArray Header(const QImage &image) {
+    QByteArray header;
+    AppendNumber(header, quint32(image.width()));
+    AppendNumber(header, quint32(image.height()));
+    return header.append("\x08\x02\x00\x00\x00",
+                         5); // 8 bits, three colours, the only methods, not interlaced
+}
+
+// Each row as the difference to the one above.
+constexpr char kUp = 2;
+
+char *WriteRow(char *to, const QRgb *row, const QRgb *above, int width) {
+    *to++ = kUp;
+    if (std::memcmp(row, above, std::size_t(width) * sizeof(QRgb)) == 0) {
+        std::memset(to, 0, std::size_t(width) * 3);
+        return to + qsizetype(width) * 3;
+    }
+    for (int x = 0; x < width; ++x) {
+        const QRgb colour = row[x], other = above[x];
+        *to++ = char(qRed(colour) - qRed(other));
+        *to++ = char(qGreen(colour) - qGreen(other));
+        *to++ = char(qBlue(colour) - qBlue(other));
+    }
+    return to;
+}
+
+QByteArray Rows(const QImage &image) {
+    const int width = image.width();
+    QByteArray rows(qsizetype(image.height()) * (qsizetype(width) * 3 + 1), Qt::Uninitialized);
+    const std::vector<QRgb> none(std::size_t(width), 0);
+    const QRgb *above = none.data();
+    char *to = rows.data();
+    for (int y = 0; y < image.height(); ++y) {
+        const QRgb *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        to = WriteRow(to, row, above, width);
+        above = row;
+    }
+    return rows;
+}
+
+} // namespace
+
+QByteArray PngFile(const QImage &picture) {
+    const QImage image = picture.convertToFormat(QImage::Format_RGB32);
+    constexpr int kQuickest = 1, kLengthBefore = 4; // qCompress puts the length before the stream
+    const QByteArray packed = qCompress(Rows(image), kQuickest);
+    QByteArray file("\x89PNG\r\n\x1A\n", 8);
+    file.reserve(packed.size() + 100);
+    const QByteArray header = Header(image);
+    AppendChunk(file, "IHDR", header.constData(), header.size());
+    AppendChunk(file, "IDAT", packed.constData() + kLengthBefore, packed.size() - kLengthBefore);
+    AppendChunk(file, "IEND", "", 0);
+    return file;
+}
+
+} // namespace diagram

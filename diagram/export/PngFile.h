@@ -1,0 +1,12 @@
+// Writing of PNG files as quickly as drawings allow: large even areas, and many rows like the one above.
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+
+namespace diagram {
+
+// The bytes of a PNG file (ISO/IEC 15948) with three colours of eight bits; alpha is left out.
+QByteArray PngFile(const QImage &image);
+
+} // namespace diagram

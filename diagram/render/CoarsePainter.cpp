@@ -1,0 +1,138 @@
+#include "diagram/render/CoarsePainter.h"
+
+#include "diagram/model/Link.h"
+#include "diagram/model/Node.h"
+#include "diagram/shapes/LinkStyles.h"
+#include "diagram/shapes/Shapes.h"
+
+#include <array>
+
+namespace diagram {
+
+namespace {
+
+constexpr int kMostSide = 24;  // device pixels of a node that is drawn coarsely
+constexpr int kLeastFrame = 4; // of a box that has room for a border
+constexpr double kFaintest = 0.35;
+
+struct Span {
+    int from = 0, to = 0; // past the last pixel
+};
+
+// The stretch of a row, at the height of its middle, that lies in the polygon.
+Span PolygonSpan(const QPointF *corners, int count, double y) {
+    double left = 1e9, right = -1e9;
+    for (int i = 0; i < count; ++i) {
+        const QPointF &a = corners[i], &b = corners[(i + 1) % count];
+        if ((a.y() <= y) == (b.y() <= y)) continue;
+        const double x = a.x() + (y - a.y()) / (b.y() - a.y()) * (b.x() - a.x());
+        left = std::min(left, x), right = std::max(right, x);
+    }
+    return left > right ? Span{} : Span{int(left), std::max(int(left) + 1, int(right + 0.5))};
+}
+
+Span EllipseSpan(const QRectF &box, double y) {
+    const double down = (y - box.center().y()) / (box.height() / 2);
+    const double half = box.width() / 2 * std::sqrt(std::max(0.0, 1 - down * down));
+    return {int(box.center().x() - half + 0.5), int(box.center().x() + half + 0.5)};
+}
+
+} // namespace
+
+bool CoarsePainter::Takes(const Node &node) const {
+    return node.Width() * paint_.frame.xScale <= kMostSide &&
+           node.Height() * paint_.frame.yScale <= kMostSide && node.Picture().IsNull();
+}
+
+// A line that is thinner than a pixel looks fainter.
+QRgb CoarsePainter::Faint(QRgb colour, QRgb ground, double drawWidth) const {
+    const double width = paint_.frame.Length(15 * std::max(drawWidth, 1.0));
+    return width >= 1 ? colour : Mix(ground, colour, std::max(width, kFaintest));
+}
+
+void CoarsePainter::PaintRectangle(const QRect &box, QRgb fill, QRgb border, bool filled) {
+    const int x = box.x(), y = box.y(), width = box.width(), height = box.height();
+    if (width < kLeastFrame || height < kLeastFrame) {
+        blocks_.Fill(x, y, width, height, Mix(fill, border, 0.3));
+        return;
+    }
+    blocks_.Fill(x, y, width, 1, border);
+    blocks_.Fill(x, y + height - 1, width, 1, border);
+    blocks_.Fill(x, y + 1, 1, height - 2, border);
+    blocks_.Fill(x + width - 1, y + 1, 1, height - 2, border);
+    if (filled) blocks_.Fill(x + 1, y + 1, width - 2, height - 2, fill);
+}
+
+// Row by row: what isn't covered by the rows above and below belongs to the border.
+template <typename SpanOf>
+void CoarsePainter::PaintRows(const QRect &box, QRgb fill, QRgb border, bool filled, SpanOf spanOf) {
+    Span rows[kMostSide + 4];
+    const int count = std::min(box.height(), kMostSide + 2);
+    for (int i = 0; i < count; ++i) rows[i + 1] = spanOf(box.y() + i + 0.5);
+    rows[0] = rows[count + 1] = {0, 0};
+    for (int i = 1; i <= count; ++i) {
+        const Span row = rows[i], above = rows[i - 1], below = rows[i + 1];
+        if (row.from >= row.to) continue;
+        const int from = std::max({row.from + 1, above.from, below.from}),
+                  to = std::min({row.to - 1, above.to, below.to});
+        const int y = box.y() + i - 1;
+        if (from >= to) {
+            blocks_.Fill(row.from, y, row.to - row.from, 1, border);
+            continue;
+        }
+        blocks_.Fill(row.from, y, from - row.from, 1, border);
+        blocks_.Fill(to, y, row.to - to, 1, border);
+        if (filled) blocks_.Fill(from, y, to - from, 1, fill);
+    }
+}
+
+void CoarsePainter::PaintForm(const Node &node) {
+    const NodeData &data = node.Data();
+    const QRectF exact = paint_.frame.Map(node.Bounds());
+    const int left = int(std::floor(exact.left() + 0.5)), top = int(std::floor(exact.top() + 0.5));
+    const int right = std::max(left + 1, int(std::floor(exact.right() + 0.5))),
+              bottom = std::max(top + 1, int(std::floor(exact.bottom() + 0.5)));
+    const QRect box(left, top, right - left, bottom - top);
+    if (!box.intersects(blocks_.Area())) return;
+    const bool lined = data.drawStyle != kTransparentLine, filled = !data.transparent;
+    if (!lined && !filled) return;
+    const QRgb fill = filled ? ToRgb(data.fillColor) : paint_.paper;
+    const QRgb border = lined ? Faint(ToRgb(data.borderColor), fill, data.drawWidth) : fill;
+    const ShapeRow *row = FindShape(data.shape);
+    const bool plain = !row || row->form == ShapeForm::Rectangle || row->form == ShapeForm::Path;
+    if (plain || box.width() < kLeastFrame || box.height() < kLeastFrame)
+        return PaintRectangle(box, fill, border, filled);
+    const QRectF whole(box);
+    if (row->form == ShapeForm::Ellipse)
+        return PaintRows(box, fill, border, filled, [&](double y) { return EllipseSpan(whole, y); });
+    QPointF corners[kMostCorners];
+    const int count = TurnedCorners(*row, data.shapeOrientation, whole, corners);
+    PaintRows(box, fill, border, filled, [&](double y) { return PolygonSpan(corners, count, y); });
+}
+
+void CoarsePainter::PaintLine(const Link &link) {
+    const LinkData &data = link.Data();
+    if (data.drawStyle == kTransparentLine) return;
+    const QRgb colour = Faint(ToRgb(data.lineColor), paint_.paper, data.drawWidth);
+    const std::vector<Point> &way = link.Way();
+    const LinkStyleRow *row = FindLinkStyle(data.style);
+    QPointF from = paint_.frame.Map(way.front());
+    const auto lineTo = [&](const QPointF &to) {
+        blocks_.Line(from.x(), from.y(), to.x(), to.y(), colour);
+        from = to;
+    };
+    if (row && row->form == LinkForm::Bezier && way.size() == 4) {
+        constexpr int kSteps = 6;
+        const std::array<QPointF, 4> at{paint_.frame.Map(way[0]), paint_.frame.Map(way[1]),
+                                        paint_.frame.Map(way[2]), paint_.frame.Map(way[3])};
+        for (int i = 1; i <= kSteps; ++i) {
+            const double t = double(i) / kSteps, s = 1 - t;
+            lineTo(at[0] * (s * s * s) + at[1] * (3 * s * s * t) + at[2] * (3 * s * t * t) +
+                   at[3] * (t * t * t));
+        }
+        return;
+    }
+    for (std::size_t i = 1; i < way.size(); ++i) lineTo(paint_.frame.Map(way[i]));
+}
+
+} // namespace diagram

@@ -1,0 +1,210 @@
+#include "diagram/render/LinkPainter.h"
+
+#include "diagram/geometry/Polyline.h"
+#include "diagram/model/Link.h"
+#include "diagram/render/ArrowPainter.h"
+#include "diagram/render/Forms.h"
+#include "diagram/render/NodeContent.h"
+#include "diagram/scene/Scene.h"
+#include "diagram/shapes/Arrows.h"
+#include "diagram/shapes/LinkStyles.h"
+#include "diagram/shapes/Measures.h"
+
+#include <QTransform>
+
+namespace diagram {
+
+namespace {
+
+bool IsCurve(const Link &link) {
+    const LinkStyleRow *row = FindLinkStyle(link.Style());
+    return row && (row->form == LinkForm::Bezier || row->form == LinkForm::Spline);
+}
+
+QTransform ToDevice(const Frame &frame) {
+    return {
+        frame.xScale, 0, 0, frame.yScale, -frame.origin.x() * frame.xScale, -frame.origin.y() * frame.yScale};
+}
+
+struct Heads {
+    ArrowHead source, middle, destination;
+};
+
+ArrowHead HeadOf(const Paint &paint, int value, int size, double drawWidth) {
+    if (value == 0) return {};
+    return {value, paint.frame.Length(ArrowScale(size, drawWidth)), {}, {}};
+}
+
+double Eaten(const ArrowHead &head) {
+    const ArrowRow *row = FindArrow(head.value);
+    return row ? row->eats * head.scale : 0;
+}
+
+// A head must not be longer than half of the way, or the last segment would point elsewhere than the head.
+Heads PlaceHeads(const Paint &paint, const LinkData &data) {
+    const std::vector<QPointF> &way = paint.way;
+    Heads heads{HeadOf(paint, data.arrowSource, data.arrowSizeSource, data.drawWidth),
+                HeadOf(paint, data.arrowMiddle, data.arrowSizeMiddle, data.drawWidth),
+                HeadOf(paint, data.arrowDest, data.arrowSizeDest, data.drawWidth)};
+    if (!heads.source.value && !heads.middle.value && !heads.destination.value) return heads;
+    const double length = WayLength(way);
+    const double look = std::min(length / 3, paint.frame.Length(60));
+    if (heads.source.value) {
+        const QPointF inner = PlaceOnWay(way, look).point;
+        const double away = Distance(way.front(), inner);
+        heads.source.tip = way.front();
+        heads.source.direction = away > 0 ? (way.front() - inner) / away : QPointF(-1, 0);
+    }
+    if (heads.destination.value) {
+        const QPointF inner = PlaceOnWay(way, length - look).point;
+        const double away = Distance(way.back(), inner);
+        heads.destination.tip = way.back();
+        heads.destination.direction = away > 0 ? (way.back() - inner) / away : QPointF(1, 0);
+    }
+    if (heads.middle.value) {
+        const WayPlace place = PlaceOnWay(way, length / 2 + heads.middle.scale / 2);
+        heads.middle.tip = place.point;
+        heads.middle.direction = place.direction;
+    }
+    return heads;
+}
+
+QPointF Toward(const QPointF &from, const QPointF &to, double length) {
+    const double away = Distance(from, to);
+    return away > length ? from + (to - from) * (length / away) : from;
+}
+
+// The way with arches over the crossings, or gaps; crossings inside of the heads are left out.
+QPainterPath WayWithJumps(Paint &paint, const Link &link, const std::vector<Crossing> &crossings,
+                          const Heads &heads) {
+    const std::vector<QPointF> &way = paint.way;
+    const double radius = paint.frame.Length(kJumpRadius);
+    const double atSource = Eaten(heads.source) + radius, atDestination = Eaten(heads.destination) + radius;
+    QPainterPath path(Toward(way[0], way[1], Eaten(heads.source)));
+    auto crossing = crossings.begin();
+    for (std::size_t i = 1; i < way.size(); ++i) {
+        const double length = Distance(way[i - 1], way[i]);
+        const QPointF direction = length > 0 ? (way[i] - way[i - 1]) / length : QPointF(1, 0);
+        double past = -1;
+        for (; crossing != crossings.end() && std::size_t(crossing->segment) < i; ++crossing) {
+            if (std::size_t(crossing->segment) + 1 != i) continue;
+            const QPointF at = paint.frame.Map(crossing->point) - way[i - 1];
+            const double along = at.x() * direction.x() + at.y() * direction.y();
+            const bool roomBefore = along - radius >= std::max(past, i == 1 ? atSource : 0);
+            const bool roomBehind = along + radius <= length - (i + 1 == way.size() ? atDestination : 0);
+            if (!roomBefore || !roomBehind) continue;
+            const QPointF from = way[i - 1] + direction * (along - radius),
+                          to = way[i - 1] + direction * (along + radius);
+            path.lineTo(from);
+            if (link.JumpStyle() == 1) {
+                // Arches stand up, or to the right on plumb lines.
+                const QPointF middle = (from + to) / 2;
+                const double angle = -std::atan2(direction.y(), direction.x()) * 180 / M_PI;
+                const bool upward =
+                    direction.x() > 0.001 || (std::abs(direction.x()) <= 0.001 && direction.y() < 0);
+                path.arcTo(QRectF(middle - QPointF(radius, radius), middle + QPointF(radius, radius)),
+                           angle + 180, upward ? -180 : 180);
+            } else {
+                path.moveTo(to);
+            }
+            past = along + radius;
+        }
+        path.lineTo(i + 1 == way.size() ? Toward(way[i], way[i - 1], Eaten(heads.destination)) : way[i]);
+    }
+    return path;
+}
+
+void DrawStraight(Paint &paint, const LinkData &data, double width, QRgb colour) {
+    QPainter &painter = paint.Painter();
+    const bool level = paint.frame.snap && IsLevel(paint.way);
+    if (level && (data.drawStyle == 0 || data.drawStyle == kInsideLine))
+        return DrawLevelWay(painter, paint.way, int(width), colour);
+    paint.pencil.Smooth(true);
+    paint.pencil.Line(colour, width, data.drawStyle);
+    painter.drawPolyline(paint.way.data(), int(paint.way.size()));
+}
+
+void PaintLabel(Paint &paint, const Link &link) {
+    const LinkData &data = link.Data();
+    const double scale = paint.frame.Scale();
+    if (data.text.isEmpty()) return;
+    if (!paint.options.vector && data.font.Size() * 20 * scale < kLegiblePixels) return;
+    const QRectF bounds = paint.scene.LabelBounds(link);
+    if (bounds.isEmpty()) return;
+    const TextBlock &block =
+        paint.caches.texts.Find(data.text, data.font, 0, paint.options.vector ? 0 : scale);
+    const QRectF place(bounds.center() - QPointF(block.width, block.height) / 2,
+                       QSizeF(block.width, block.height));
+    paint.pencil.NoLine();
+    paint.pencil.Fill(paint.paper);
+    paint.pencil.Smooth(!paint.frame.snap);
+    paint.Painter().drawRect(paint.frame.Map(place.adjusted(-kLabelPadding, 0, kLabelPadding, 0)));
+    DrawBlock(paint, block, paint.frame.Map(place.topLeft()), place.width(), 2, ToRgb(data.foreColor));
+}
+
+// A vector target keeps a curve as a curve; its ends under the heads are covered by these.
+bool DrawsWholeCurve(const Paint &paint, const Link &link, double width) {
+    return !paint.frame.snap && IsCurve(link) && width <= paint.frame.Length(2 * kTwipsPerPixel);
+}
+
+void DrawLine(Paint &paint, const Link &link, const Heads &heads, double width, QRgb colour) {
+    const LinkData &data = link.Data();
+    paint.pencil.NoFill();
+    if (DrawsWholeCurve(paint, link, width)) {
+        paint.pencil.Line(colour, width, data.drawStyle);
+        paint.Painter().drawPath(ToDevice(paint.frame).map(paint.scene.LinkPath(link)));
+        return;
+    }
+    if (data.jumpStyle != 0 && !IsCurve(link)) {
+        const std::vector<Crossing> crossings = paint.scene.Crossings(link);
+        if (!crossings.empty()) {
+            paint.pencil.Smooth(true);
+            paint.pencil.Line(colour, width, data.drawStyle, Qt::RoundJoin);
+            const QPainterPath path = WayWithJumps(paint, link, crossings, heads);
+            paint.Painter().drawPath(path);
+            return;
+        }
+    }
+    // A head eats of its own segment only.
+    const bool curve = IsCurve(link);
+    const std::size_t count = paint.way.size();
+    const double first = curve ? WayLength(paint.way) : Distance(paint.way[0], paint.way[1]);
+    const double last = curve ? first : Distance(paint.way[count - 2], paint.way[count - 1]);
+    CutStart(paint.way, std::min(Eaten(heads.source), first * 0.99));
+    CutEnd(paint.way, std::min(Eaten(heads.destination), last * 0.99));
+    DrawStraight(paint, data, width, colour);
+}
+
+} // namespace
+
+void FillWay(Paint &paint, const Link &link, double width) {
+    paint.way.clear();
+    if (IsCurve(link)) {
+        for (const QPolygonF &run : paint.scene.LinkPath(link).toSubpathPolygons(ToDevice(paint.frame)))
+            paint.way.assign(run.begin(), run.end());
+    } else {
+        for (const Point &point : link.Way()) {
+            const QPointF at = paint.frame.Map(point);
+            paint.way.push_back(paint.frame.SnapLine(at, width));
+        }
+    }
+}
+
+void PaintLink(Paint &paint, const Link &link) {
+    const LinkData &data = link.Data();
+    const double width = paint.frame.LineWidth(data.drawWidth);
+    const QRgb colour = ToRgb(data.lineColor);
+    if (data.drawStyle != kTransparentLine) {
+        FillWay(paint, link, width);
+        if (paint.way.size() >= 2) {
+            const Heads heads = PlaceHeads(paint, data);
+            DrawLine(paint, link, heads, width, colour);
+            PaintArrow(paint, heads.source, colour, width);
+            PaintArrow(paint, heads.middle, colour, width);
+            PaintArrow(paint, heads.destination, colour, width);
+        }
+    }
+    PaintLabel(paint, link);
+}
+
+} // namespace diagram

@@ -1,0 +1,228 @@
+#include "diagram/render/NodeContent.h"
+
+#include "diagram/model/Node.h"
+#include "diagram/render/ContentTarget.h"
+#include "diagram/render/PicturePainter.h"
+#include "diagram/shapes/Measures.h"
+#include "diagram/shapes/Shapes.h"
+
+#include <QTransform>
+
+namespace diagram {
+
+namespace {
+
+constexpr int kBesideText = 9;
+constexpr int kPictureToNode = 1;
+constexpr double kGap = 4 * kTwipsPerPixel; // between picture and text
+constexpr double kBorderLine = 1;           // what counts as border at least, pixels
+
+// Share of the free room that stands before the content: left or top, right or bottom, middle.
+double Before(double room, double content, int across) {
+    return across == 0 ? 0 : across == 1 ? room - content : (room - content) / 2;
+}
+double BeforeDown(double room, double content, int down) {
+    return Before(room, content, down == 0 ? 0 : down == 2 ? 1 : 2);
+}
+
+bool IsBeside(const NodeData &data) {
+    return data.picturePos == kBesideText && !data.picture.IsNull() && data.autoSize != kPictureToNode;
+}
+
+// Where the picture and the text stand in the room when the picture goes with the text: above it when the
+// text is centred, else on the side to which the text is justified.
+struct Together {
+    QRectF picture, text;
+};
+
+Together PlaceTogether(const QRectF &room, const QSizeF &picture, const QSizeF &text, const Place &place) {
+    const bool above = place.across == 2;
+    const double gap = text.isEmpty() ? 0 : kGap;
+    const QSizeF all =
+        above ? QSizeF(std::max(picture.width(), text.width()), picture.height() + gap + text.height())
+              : QSizeF(picture.width() + gap + text.width(), std::max(picture.height(), text.height()));
+    const QPointF at =
+        room.topLeft() + QPointF(Before(room.width(), all.width(), place.across),
+                                 std::max(0.0, BeforeDown(room.height(), all.height(), place.down)));
+    if (above)
+        return {QRectF(at + QPointF((all.width() - picture.width()) / 2, 0), picture),
+                QRectF(room.left(), at.y() + picture.height() + gap, room.width(), text.height())};
+    const double pictureX = place.across == 0 ? 0 : text.width() + gap,
+                 textX = place.across == 0 ? picture.width() + gap : 0;
+    return {QRectF(at + QPointF(pictureX, (all.height() - picture.height()) / 2), picture),
+            QRectF(at + QPointF(textX, (all.height() - text.height()) / 2), text)};
+}
+
+double WidthForText(const NodeData &data, const QRectF &room) {
+    const Place place = PlaceOf(data.alignment);
+    if (!IsBeside(data) || place.across == 2) return room.width();
+    return std::max(room.width() / 3, room.width() - data.picture.SizeInTwips().width() - kGap);
+}
+
+// A word that is too long for the shape's text area may reach out of it, as far as the box goes.
+WrapWidth WrapOf(const NodeData &data, double width) {
+    return {width, IsBeside(data) ? width : std::max(width, data.width - 2 * kTwipsPerPixel)};
+}
+
+double BeforeAcross(const QRectF &room, const NodeData &data, double width, int across) {
+    const double left = room.left() + Before(room.width(), width, across);
+    return std::clamp(left, double(data.left), std::max<double>(data.left, data.left + data.width - width));
+}
+
+// Text that is higher than its room starts where it can be read from the beginning.
+QRectF TextPlace(const NodeData &data, const QRectF &room, const TextBlock &block) {
+    const Place place = PlaceOf(data.alignment);
+    if (IsBeside(data)) {
+        return PlaceTogether(room, data.picture.SizeInTwips(), QSizeF(block.width, block.height), place).text;
+    }
+    double top = room.top() + BeforeDown(room.height(), block.height, place.down);
+    if (block.height > room.height()) {
+        const double slack = data.height - block.height;
+        top = slack > 0 ? std::clamp(top, double(data.top), data.top + slack) : data.top + 1;
+    }
+    return {BeforeAcross(room, data, block.width, place.across), top, block.width, block.height};
+}
+
+QRectF PicturePlace(Paint &paint, const Node &node) {
+    const NodeData &data = node.Data();
+    const double border = data.drawStyle == kTransparentLine
+                              ? 0
+                              : std::max<double>(data.drawWidth, kBorderLine) * kTwipsPerPixel / 2;
+    const QRectF box = node.Bounds().adjusted(border, border, -border, -border);
+    if (data.autoSize == kPictureToNode) {
+        const ShapeRow *row = FindShape(data.shape);
+        return row && row->form == ShapeForm::Rectangle ? box
+                                                        : TextArea(data.shape, data.shapeOrientation, box);
+    }
+    const QSizeF size = data.picture.SizeInTwips();
+    if (IsBeside(data)) {
+        const QRectF room = TextRoom(node);
+        const TextBlock &block =
+            paint.caches.texts.Find(data.text, data.font, WrapOf(data, WidthForText(data, room)), 0);
+        return PlaceTogether(room, size, data.text.isEmpty() ? QSizeF() : QSizeF(block.width, block.height),
+                             PlaceOf(data.alignment))
+            .picture;
+    }
+    if (size.width() >= box.width() && size.height() >= box.height()) return {node.Bounds().topLeft(), size};
+    const Place place = PlaceOf(data.picturePos == kBesideText ? 7 : data.picturePos);
+    return {box.topLeft() + QPointF(Before(box.width(), size.width(), place.across),
+                                    BeforeDown(box.height(), size.height(), place.down)),
+            size};
+}
+
+void DrawDecoration(Paint &paint, const TextLine &line, const TextBlock &block, const QPointF &baseLine,
+                    QRgb colour) {
+    const Font &font = block.face->key;
+    const auto bar = [&](double below) {
+        double height = paint.frame.Length(block.face->thickness),
+               top = baseLine.y() + paint.frame.Length(below);
+        if (paint.frame.snap) height = std::max(1.0, std::round(height)), top = std::round(top);
+        paint.pencil.NoLine();
+        paint.pencil.Fill(colour);
+        paint.pencil.Smooth(!paint.frame.snap);
+        paint.Painter().drawRect(QRectF(baseLine.x(), top, paint.frame.Length(line.width), height));
+    };
+    if (font.Underline()) bar(block.face->underline);
+    if (font.Strike()) bar(block.face->strike);
+}
+
+void DrawVectorLine(Paint &paint, const TextBlock &block, const TextLine &line, const QPointF &baseLine,
+                    int side, QRgb colour) {
+    const QString text = block.text.mid(line.start, line.length);
+    if (paint.options.target) {
+        paint.options.target->DrawLine({baseLine, line.width, side, line.rightToLeft, text, block.face->key,
+                                        block.face->family, QColor::fromRgb(colour)});
+        return;
+    }
+    QPainter &painter = paint.Painter();
+    paint.pencil.Ink(colour);
+    painter.setFont(block.face->font);
+    painter.setLayoutDirection(line.rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+    painter.drawText(baseLine, text);
+}
+
+bool SticksOut(const QRectF &text, const QRectF &box) {
+    constexpr double kTolerance = 8;
+    return text.left() < box.left() - kTolerance || text.right() > box.right() + kTolerance ||
+           text.top() < box.top() - kTolerance || text.bottom() > box.bottom() + kTolerance;
+}
+
+} // namespace
+
+QRectF TextRoom(const Node &node) {
+    const NodeData &data = node.Data();
+    const QRectF area = TextArea(data.shape, data.shapeOrientation, node.Bounds());
+    const double x = kTwipsPerPixel * (double(data.drawWidth) + std::max(0, data.xTextMargin));
+    const double y = kTwipsPerPixel * (double(data.drawWidth) + std::max(0, data.yTextMargin));
+    QRectF room = area.adjusted(x, y, -x, -y);
+    if (room.width() < kTwipsPerPixel)
+        room.setLeft(area.left()), room.setWidth(std::max(area.width(), kTwipsPerPixel));
+    if (room.height() < 0) room = QRectF(room.left(), area.center().y(), room.width(), 0);
+    return room;
+}
+
+void DrawBlock(Paint &paint, const TextBlock &block, const QPointF &at, double width, int side, QRgb colour) {
+    QPainter &painter = paint.Painter();
+    const bool decorated = block.face->key.Underline() || block.face->key.Strike();
+    for (const TextLine &line : block.lines) {
+        QPointF baseLine = at + QPointF(paint.frame.Length(Before(width, line.width, side)),
+                                        paint.frame.Length(line.baseLine));
+        if (line.length == 0) continue;
+        if (paint.options.vector) {
+            DrawVectorLine(paint, block, line, baseLine, side, colour);
+        } else {
+            if (paint.frame.snap) baseLine.setY(std::round(baseLine.y()));
+            paint.pencil.Ink(colour);
+            for (const QGlyphRun &run : line.runs) painter.drawGlyphRun(baseLine, run);
+        }
+        if (decorated) DrawDecoration(paint, line, block, baseLine, colour);
+    }
+}
+
+namespace {
+
+void PlaceText(Paint &paint, const Node &node, const QRectF &room, const TextBlock &block) {
+    const NodeData &data = node.Data();
+    const QRectF place = TextPlace(data, room, block);
+    const QPointF at = paint.frame.Map(place.topLeft());
+    const int side = PlaceOf(data.alignment).across;
+    if (!SticksOut(place, node.Bounds()))
+        return DrawBlock(paint, block, at, place.width(), side, ToRgb(data.foreColor));
+    paint.Painter().save();
+    paint.Painter().setClipRect(paint.frame.Map(node.Bounds()), Qt::IntersectClip);
+    DrawBlock(paint, block, at, place.width(), side, ToRgb(data.foreColor));
+    paint.Painter().restore();
+    paint.pencil.Forget();
+}
+
+} // namespace
+
+void PaintNodeText(Paint &paint, const Node &node) {
+    const NodeData &data = node.Data();
+    const double scale = paint.frame.Scale();
+    if (!paint.options.vector && data.font.Size() * 20 * scale < kLegiblePixels) return;
+    const QRectF room = TextRoom(node);
+    const WrapWidth wrap = WrapOf(data, WidthForText(data, room));
+    // A vector target is painted once: nothing is worth keeping.
+    if (paint.options.vector)
+        return PlaceText(paint, node, room, LayOut(paint.caches.faces, data.text, data.font, wrap, 0));
+    PlaceText(paint, node, room, paint.caches.texts.Find(data.text, data.font, wrap, scale));
+}
+
+void PaintNodePicture(Paint &paint, const Node &node) {
+    const QRectF place = PicturePlace(paint, node);
+    if (place.isEmpty()) return;
+    const ShapeRow *row = FindShape(node.Shape());
+    const bool fills = row && row->form == ShapeForm::Rectangle;
+    const QRectF inside =
+        fills ? node.Bounds() : TextArea(node.Shape(), node.ShapeOrientation(), node.Bounds());
+    if (!SticksOut(place, inside)) return DrawPicture(paint, node.Picture(), place);
+    paint.Painter().save();
+    paint.Painter().setClipPath(
+        Outline(node.Shape(), node.ShapeOrientation(), paint.frame.Map(node.Bounds())), Qt::IntersectClip);
+    DrawPicture(paint, node.Picture(), place);
+    paint.Painter().restore();
+    paint.pencil.Forget();
+}
+
+} // namespace diagram

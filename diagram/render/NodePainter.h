@@ -1,0 +1,12 @@
+#pragma once
+
+#include "diagram/render/Paint.h"
+
+namespace diagram {
+
+class Node;
+
+// Shadow, fill, picture, border, inner lines, text.
+void PaintNode(Paint &paint, const Node &node);
+
+} // namespace diagram

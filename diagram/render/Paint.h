@@ -1,0 +1,50 @@
+// What the parts of the renderer share while one picture is painted.
+#pragma once
+
+#include "diagram/render/Frame.h"
+#include "diagram/render/Pencil.h"
+#include "diagram/render/PictureCache.h"
+#include "diagram/render/Renderer.h"
+#include "diagram/render/TextBlock.h"
+#include "support/Colour.h"
+
+#include <QPolygonF>
+#include <vector>
+
+namespace diagram {
+
+// Below this height in device pixels text can't be read and is left out.
+constexpr double kLegiblePixels = 4;
+
+struct Caches {
+    Faces faces;
+    TextCache texts{faces};
+    PictureCache pictures;
+};
+
+struct Paint {
+    Pencil pencil;
+    Frame frame;
+    const RenderOptions &options;
+    Scene &scene;
+    Caches &caches;
+    QRgb paper;                    // the surface's back colour
+    QRectF area;                   // twips
+    std::vector<QPointF> way = {}; // scratch
+
+    QPainter &Painter() { return pencil.Painter(); }
+};
+
+inline QRgb ToRgb(support::Colour colour) {
+    const support::Colour plain = support::PlainColour(colour);
+    if (plain == support::kNoColour) return qRgb(0, 0, 0);
+    return qRgb(plain & 0xFF, plain >> 8 & 0xFF, plain >> 16 & 0xFF);
+}
+
+// `share` of `b` in `a`, 0 to 1.
+inline QRgb Mix(QRgb a, QRgb b, double share) {
+    const auto mix = [share](int x, int y) { return int(x + (y - x) * share + 0.5); };
+    return qRgb(mix(qRed(a), qRed(b)), mix(qGreen(a), qGreen(b)), mix(qBlue(a), qBlue(b)));
+}
+
+} // namespace diagram

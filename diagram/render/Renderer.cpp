@@ -1,0 +1,150 @@
+#include "diagram/render/Renderer.h"
+
+#include "diagram/render/Backdrop.h"
+#include "diagram/render/CoarsePainter.h"
+#include "diagram/render/LinkPainter.h"
+#include "diagram/render/NodeContent.h"
+#include "diagram/render/NodePainter.h"
+#include "diagram/render/Overlays.h"
+#include "diagram/scene/Scene.h"
+#include "diagram/shapes/Measures.h"
+
+#include <QPaintEngine>
+#include <QTransform>
+
+namespace diagram {
+
+namespace {
+
+class LayoutMeasure : public TextMeasure {
+public:
+    explicit LayoutMeasure(Caches &caches) : caches_(caches) {}
+    QSizeF Measure(const QString &text, const Font &font, double width) override {
+        const TextBlock &block = caches_.texts.Find(text, font, width, 0);
+        return {std::ceil(block.width), std::ceil(block.height)};
+    }
+
+private:
+    Caches &caches_;
+};
+
+bool IsUpright(const QTransform &transform) {
+    return transform.type() <= QTransform::TxScale && transform.m11() > 0 && transform.m22() > 0;
+}
+
+// On a raster device that isn't turned, the painter is set to whole device pixels. For a vector target it is
+// set to twips, so that all numbers written are plain.
+Frame SetUp(QPainter &painter, const QRectF &area, const RenderOptions &options) {
+    Frame frame;
+    frame.origin = area.topLeft();
+    if (options.vector) {
+        painter.scale(options.xScale, options.yScale);
+        return frame;
+    }
+    frame.xScale = options.xScale, frame.yScale = options.yScale;
+    const QTransform device = painter.deviceTransform();
+    const QPaintEngine *engine = painter.paintEngine();
+    if (!engine || engine->type() != QPaintEngine::Raster || !IsUpright(device)) return frame;
+    frame.snap = true;
+    frame.xScale *= device.m11(), frame.yScale *= device.m22();
+    frame.dot = std::max(1.0, std::round(std::min(device.m11(), device.m22())));
+    const QTransform rest = painter.worldTransform().inverted() * device;
+    const QTransform shift = QTransform::fromTranslate(std::round(device.dx()), std::round(device.dy()));
+    painter.setWorldTransform(shift * rest.inverted());
+    return frame;
+}
+
+void PaintMarked(Paint &paint, const Item &item, bool marked) {
+    if (paint.options.marks && marked) PaintMark(paint, item);
+}
+
+bool IsHidden(const Item &item) { return item.AsNode() ? item.AsNode()->Hidden() : item.AsLink()->Hidden(); }
+
+void PaintItem(Paint &paint, Item &item) {
+    if (const Node *node = item.AsNode()) {
+        PaintMarked(paint, item, node->Marked());
+        PaintNode(paint, *node);
+    } else {
+        PaintMarked(paint, item, item.AsLink()->Marked());
+        PaintLink(paint, *item.AsLink());
+    }
+}
+
+bool IsLegible(const Paint &paint, const Font &font) {
+    return font.Size() * 20 * paint.frame.Scale() >= kLegiblePixels;
+}
+
+void PaintItemCoarsely(Paint &paint, CoarsePainter &coarse, Item &item) {
+    if (const Node *node = item.AsNode()) {
+        if (node->Hidden()) return;
+        PaintMarked(paint, item, node->Marked());
+        if (!coarse.Takes(*node)) return PaintNode(paint, *node);
+        coarse.PaintForm(*node);
+        if (IsLegible(paint, node->Font()) && !node->Text().isEmpty()) PaintNodeText(paint, *node);
+        return;
+    }
+    const Link &link = *item.AsLink();
+    if (link.Hidden()) return;
+    PaintMarked(paint, item, link.Marked());
+    if (!link.Text().isEmpty() && IsLegible(paint, link.Font())) return PaintLink(paint, link);
+    coarse.PaintLine(link);
+}
+
+// Whether so much of the diagram is in sight that looking for what lies there costs more than it saves.
+bool SeesMost(Paint &paint) {
+    const QRectF extent = paint.scene.Extent(), seen = extent & paint.area;
+    return seen.width() * seen.height() >= 0.5 * extent.width() * extent.height();
+}
+
+} // namespace
+
+struct Renderer::State {
+    Caches caches;
+    LayoutMeasure measure{caches};
+    std::vector<Item *> items; // scratch
+};
+
+Renderer::Renderer() : state_(std::make_unique<State>()) {}
+Renderer::~Renderer() = default;
+
+void Renderer::Paint(QPainter &painter, Scene &scene, const QRectF &area, const RenderOptions &options) {
+    painter.save();
+    const Frame frame = SetUp(painter, area, options);
+    diagram::Paint paint{
+        Pencil(painter), frame, options, scene, state_->caches, ToRgb(scene.Model().BackColor()), area};
+    PaintBackdrop(paint);
+    std::vector<Item *> &items = state_->items;
+    items.clear();
+    if (frame.snap && frame.Scale() * kTwipsPerPixel < kCoarseZoom) {
+        CoarsePainter coarse(paint);
+        paint.pencil.Smooth(false);
+        if (!SeesMost(paint)) scene.ItemsIn(area, items);
+        for (Item *item : items.empty() ? scene.Model().StackingOrder() : items)
+            PaintItemCoarsely(paint, coarse, *item);
+    } else {
+        const bool all = options.vector && SeesMost(paint);
+        if (!all) scene.ItemsIn(area, items);
+        for (Item *item : all ? scene.Model().StackingOrder() : items)
+            if (!IsHidden(*item)) PaintItem(paint, *item);
+    }
+    if (options.selection) PaintHandles(paint);
+    painter.restore();
+}
+
+TextMeasure &Renderer::Measure() { return state_->measure; }
+
+bool Renderer::TextFits(const Node &node) {
+    if (node.Text().isEmpty()) return true;
+    const QRectF room = TextRoom(node);
+    const QSizeF size = state_->measure.Measure(node.Text(), node.Font(), room.width());
+    constexpr double kSlack = 2;
+    return size.width() <= room.width() + kSlack && size.height() <= room.height() + kSlack;
+}
+
+void Renderer::Clear() {
+    state_->caches.texts.Clear();
+    state_->caches.pictures.Clear();
+    state_->caches.faces.Clear();
+}
+
+} // namespace diagram

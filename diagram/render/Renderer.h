@@ -1,0 +1,55 @@
+// The one renderer: a surface onto any QPainter, for screen, print, pictures and metafiles alike.
+#pragma once
+
+#include "diagram/model/Surface.h"
+
+#include <memory>
+#include <QColor>
+#include <QRectF>
+
+class QPainter;
+
+namespace diagram {
+
+class Scene;
+class ContentTarget;
+
+// What is drawn besides the diagram itself.
+struct RenderOptions {
+    double xScale = 1.0 / 15; // device pixels a twip
+    double yScale = 1.0 / 15;
+    bool background = true; // back colour and picture
+    bool grid = false;      // only where the surface shows its grid
+    bool selection = false; // handles of what is selected
+    bool marks = false;     // the surface's marking of marked items
+    bool vector = false;    // the target keeps vectors: no simplification of small things, no cached pixels
+    double handleSize = 7;  // device pixels
+    QColor handleFill = QColor(255, 255, 255);
+    QColor handleLine = QColor(0, 95, 184); // and the fill of the handles of the item with the focus
+    QColor markColour = QColor(255, 140, 0);
+    ContentTarget *target = nullptr; // with `vector`: takes texts and pictures in place of the painter
+};
+
+// Holds caches of text layouts and scaled pictures; give one renderer to each view. Not for two threads.
+class Renderer {
+public:
+    Renderer();
+    ~Renderer();
+
+    // Paints what lies in `area` (twips). The painter must be set up so that the device point (0, 0) is the
+    // surface point area.topLeft() * scale; the painter's state is restored.
+    void Paint(QPainter &painter, Scene &scene, const QRectF &area, const RenderOptions &options);
+
+    // Measures with the same layout that Paint uses.
+    TextMeasure &Measure();
+    // Whether the whole text of the node fits its text area (a tool tip shows what is cut off).
+    bool TextFits(const Node &node);
+    // Forgets the caches.
+    void Clear();
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+} // namespace diagram

@@ -1,0 +1,176 @@
+#include "app/Start.h"
+
+#include "app/frmPrompt.h"
+#include "app/settings/GetSet.h"
+#include "app/settings/Settings.h"
+#include "document/LastPath.h"
+#include "document/MapSchema.h"
+#include "mainwindow/frmMain.h"
+#include "mainwindow/frmSplash.h"
+#include "support/Files.h"
+#include "support/testing/ScriptedDesktop.h"
+
+#include <gtest/gtest.h>
+#include <QApplication>
+#include <QCheckBox>
+#include <QDir>
+#include <QLabel>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+namespace app {
+
+using mainwindow::frmMain;
+
+namespace {
+
+class Start : public ::testing::Test {
+protected:
+    Start() {
+        support::SetProgramPath(program.path());
+        Write(QStringLiteral("Settings.nml"), "<SETTINGS><TITLE>Velmora</TITLE><MAP>Map</MAP><EXT>map</EXT>"
+                                              "<EXPORT><HEADER><BOLD>1</BOLD></HEADER></EXPORT></SETTINGS>");
+        document::WriteTemplate(program.filePath(QStringLiteral("template.tpl")), {}, {});
+        QDir(program.path()).mkdir(QStringLiteral("Startup"));
+    }
+    ~Start() override {
+        for (frmMain *form : frmMain::Forms()) delete form;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        support::SetProgramPath(QString());
+        settings::SetTerms({});
+    }
+
+    void Write(const QString &name, const QByteArray &text) {
+        QFile file(program.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+    QString Map(const QString &name) {
+        const QString path = program.filePath(name);
+        document::CreateEmptyMap(path);
+        return path;
+    }
+    frmMain *Run(const QString &commandLine = QString()) {
+        StartOptions options;
+        options.commandLine = commandLine;
+        return Main(desktop.Get(), options);
+    }
+    // Expects the prompt, presses a button of the real form, with the box ticked or not.
+    void ExpectPrompt(const QString &file, bool yes, bool notAgain = false) {
+        desktop.ExpectForm(QLatin1String(kFormPrompt), [=](void *argument) {
+            frmPrompt form(*static_cast<StartupOffer *>(argument), nullptr);
+            EXPECT_EQ(form.lbl()->text(), QStringLiteral("Would you like to open %1?").arg(file));
+            form.chkNotAgain()->setChecked(notAgain);
+            (yes ? form.cmdYes() : form.cmdNo())->click();
+            return form.result() == QDialog::Accepted;
+        });
+    }
+
+    QTemporaryDir program;
+    support::testing::ScriptedDesktop desktop;
+};
+
+const QString kUntitled = QStringLiteral("Untitled - Velmora");
+
+} // namespace
+
+TEST(PathInCommandLine, TakesOneQuoteOffEitherEnd) {
+    EXPECT_EQ(PathInCommandLine(QStringLiteral("\"C:\\my maps\\a.map\"")),
+              QStringLiteral("C:\\my maps\\a.map"));
+    EXPECT_EQ(PathInCommandLine(QStringLiteral("/my maps/a.map")), QStringLiteral("/my maps/a.map"));
+    EXPECT_EQ(PathInCommandLine(QStringLiteral("\"\"a\"")), QStringLiteral("\"a"));
+    EXPECT_EQ(PathInCommandLine(QStringLiteral("\"")), QString());
+    EXPECT_EQ(PathInCommandLine(QString()), QString());
+}
+
+TEST_F(Start, ShowsTheFirstWindowAndTakesTheSplashAway) {
+    const QDateTime before = desktop.clock.now;
+    frmMain *window = Run();
+    ASSERT_TRUE(window);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window->windowTitle(), kUntitled);
+    EXPECT_EQ(mainwindow::frmSplash::Current(), nullptr);
+    EXPECT_GE(before.msecsTo(desktop.clock.now), 1000);
+    EXPECT_GE(desktop.random.lastSeed, 0);
+    EXPECT_EQ(settings::MemoryLimit(), 1048576);
+}
+
+TEST_F(Start, WithoutTheSplashNothingIsWaitedFor) {
+    const QDateTime before = desktop.clock.now;
+    StartOptions options;
+    options.showSplash = false;
+    ASSERT_TRUE(Main(desktop.Get(), options));
+    EXPECT_EQ(before, desktop.clock.now);
+}
+
+TEST_F(Start, AMissingTemplateIsToldAndEndsTheStart) {
+    QFile::remove(program.filePath(QStringLiteral("template.tpl")));
+    desktop.ExpectMessageContaining(QStringLiteral("template.tpl"));
+    EXPECT_EQ(Run(), nullptr);
+    EXPECT_EQ(desktop.Messages().back().title, QStringLiteral("Error in Qz_Source: Sub Main"));
+    EXPECT_TRUE(frmMain::Forms().empty());
+    EXPECT_EQ(mainwindow::frmSplash::Current(), nullptr);
+}
+
+TEST_F(Start, MissingSettingsLeaveTheTermsEmptyAndAreNotReported) {
+    QFile::remove(program.filePath(QStringLiteral("Settings.nml")));
+    frmMain *window = Run();
+    ASSERT_TRUE(window);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Untitled - "));
+    EXPECT_TRUE(desktop.Messages().empty());
+}
+
+TEST_F(Start, OpensThePathOfTheCommandLineWithBlanksAndWithQuotes) {
+    const QString map = Map(QStringLiteral("my plan.map"));
+    EXPECT_EQ(Run(map)->clsSettings().Database(), map);
+    delete frmMain::Forms().front();
+    EXPECT_EQ(Run(u'"' + map + u'"')->clsSettings().Database(), map);
+}
+
+TEST_F(Start, TwoPathsAreOneThatDoesNotExistAndIsDropped) {
+    const QString both = Map(QStringLiteral("a.map")) + u' ' + Map(QStringLiteral("b.map"));
+    EXPECT_EQ(Run(both)->windowTitle(), kUntitled);
+    EXPECT_TRUE(desktop.Messages().empty());
+}
+
+TEST_F(Start, OffersTheFirstMapOfTheStartupFolder) {
+    const QString first = Map(QStringLiteral("Startup/a.map"));
+    Map(QStringLiteral("Startup/b.map"));
+    Write(QStringLiteral("Startup/0.txt"), "no map");
+    ExpectPrompt(QStringLiteral("a.map"), true);
+    EXPECT_EQ(Run()->clsSettings().Database(), first);
+    EXPECT_TRUE(settings::GetStartupEnabled());
+}
+
+TEST_F(Start, NoOpensNothing) {
+    Map(QStringLiteral("Startup/a.map"));
+    ExpectPrompt(QStringLiteral("a.map"), false);
+    EXPECT_EQ(Run()->windowTitle(), kUntitled);
+    EXPECT_TRUE(settings::GetStartupEnabled());
+}
+
+TEST_F(Start, NotAgainWithYesOpensTheMapAndTurnsThePromptOff) {
+    const QString map = Map(QStringLiteral("Startup/a.map"));
+    ExpectPrompt(QStringLiteral("a.map"), true, true);
+    frmMain *window = Run();
+    EXPECT_EQ(window->clsSettings().Database(), map);
+    EXPECT_FALSE(settings::GetStartupEnabled());
+    EXPECT_FALSE(window->MenuValue(QStringLiteral("mnuViewStartup")));
+    delete window;
+    EXPECT_EQ(Run()->windowTitle(), kUntitled); // the next start asks nothing
+}
+
+TEST_F(Start, ACommandLineSkipsThePrompt) {
+    Map(QStringLiteral("Startup/a.map"));
+    EXPECT_EQ(Run(QStringLiteral("/no/such.map"))->windowTitle(), kUntitled);
+}
+
+TEST_F(Start, AnEmptyStartupFolderOrNoneMeansNoPrompt) {
+    EXPECT_TRUE(StartupMap().isEmpty());
+    EXPECT_TRUE(Run());
+    delete frmMain::Forms().front();
+    QDir(program.path()).rmdir(QStringLiteral("Startup"));
+    EXPECT_TRUE(Run());
+}
+
+} // namespace app

@@ -1,0 +1,209 @@
+#include "diagram/export/Export.h"
+
+#include "diagram/export/PngFile.h"
+#include "diagram/model/Surface.h"
+#include "diagram/shapes/Shapes.h"
+#include "support/Error.h"
+
+#include <gtest/gtest.h>
+#include <QBuffer>
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+
+namespace diagram {
+
+namespace {
+
+// Of everything something.
+void Fill(Surface &surface) {
+    Node *before = nullptr;
+    int i = 0;
+    for (const ShapeRow &row : ShapeTable()) {
+        Node &node = surface.Nodes().Add(float(i % 8 * 1800), float(i / 8 * 1200), 1200, 750);
+        node.SetShape(row.value);
+        node.SetShapeOrientation(i % 4);
+        node.SetShadow(i % 5);
+        node.SetDrawStyle(i % 7);
+        node.SetText(QLatin1String(row.name));
+        if (before) {
+            Link &link = before->Links().Add(node);
+            link.SetStyle(i % 15);
+            link.SetArrowDest(i % 33);
+            link.SetJumpStyle(i % 3);
+            link.SetText(QStringLiteral("label"));
+        }
+        before = &node;
+        ++i;
+    }
+}
+
+QString AllText(const QByteArray &svg) {
+    QXmlStreamReader reader(svg);
+    QString text;
+    while (!reader.atEnd())
+        if (reader.readNext() == QXmlStreamReader::Characters && !reader.isWhitespace())
+            text += reader.text().toString() + QLatin1Char('|');
+    EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
+    return text;
+}
+
+int CountOf(const QByteArray &text, const char *part) { return int(text.count(part)); }
+
+QByteArray OneNode(const QString &text) {
+    Surface surface;
+    surface.Nodes().Add(0, 0, 30000, 750).SetText(text);
+    return ExportPicture(surface, PictureFormat::Svg);
+}
+
+} // namespace
+
+TEST(Export, Svg_IsWellFormedAndHoldsTheTexts) {
+    Surface surface;
+    Fill(surface);
+    const QString text = AllText(ExportPicture(surface, PictureFormat::Svg));
+    EXPECT_TRUE(text.contains(QStringLiteral("Rectangle")));
+    EXPECT_EQ(text.count(QStringLiteral("label|")), 43);
+}
+
+TEST(Export, Svg_EscapesWhatXmlForbids) {
+    EXPECT_EQ(AllText(OneNode(QStringLiteral("a<b> & \"c\""))), QStringLiteral("a<b> & \"c\"|"));
+    EXPECT_EQ(AllText(OneNode(QString::fromUtf8("x\u0001\u000By"))), QStringLiteral("xy|"));
+    EXPECT_EQ(AllText(OneNode(QStringLiteral("half ") + QChar(0xD800) + QStringLiteral(" pair"))),
+              QStringLiteral("half  pair|"));
+    EXPECT_EQ(AllText(OneNode(QString::fromUtf8("\U0001F600 \u00E9"))),
+              QString::fromUtf8("\U0001F600 \u00E9|"));
+}
+
+TEST(Export, Svg_FontNamesCannotBreakOut) {
+    Surface surface;
+    Node &node = surface.Nodes().Add(0, 0, 3000, 750);
+    node.SetText(QStringLiteral("t"));
+    node.SetFont(Font(QStringLiteral("a\"b'c<\\"), 9, true, true));
+    const QByteArray svg = ExportPicture(surface, PictureFormat::Svg);
+    EXPECT_EQ(AllText(svg), QStringLiteral("t|"));
+    EXPECT_TRUE(svg.contains("font-weight=\"bold\" font-style=\"italic\""));
+    EXPECT_TRUE(svg.contains("font-size=\"180\""));
+}
+
+TEST(Export, Svg_KeepsThePicturesBytesOnce) {
+    QImage image(9, 7, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    const Picture picture = Picture::FromImage(image);
+    Surface surface;
+    for (int i = 0; i < 3; ++i) surface.Nodes().Add(float(i * 2000), 0, 1500, 750).SetPicture(picture);
+    const QByteArray svg = ExportPicture(surface, PictureFormat::Svg);
+    EXPECT_EQ(CountOf(svg, picture.Bytes().toBase64().constData()), 1);
+    EXPECT_EQ(CountOf(svg, "<use "), 3);
+}
+
+TEST(Export, Svg_CanBeShown) {
+    Surface surface;
+    Fill(surface);
+    QByteArray svg = ExportPicture(surface, PictureFormat::Svg);
+    const QImage image = QImage::fromData(svg, "svg");
+    const QImage png = ExportImage(surface);
+    ASSERT_FALSE(image.isNull());
+    EXPECT_NEAR(image.width(), png.width(), 2);
+    EXPECT_NEAR(image.height(), png.height(), 2);
+}
+
+TEST(Export, Pdf_IsOnePageOfTheExtentAndItsMargin) {
+    Surface surface;
+    surface.Nodes().Add(1000, 1000, 1200, 600).SetDrawWidth(0);
+    ExportOptions options;
+    options.margin = 400;
+    const QByteArray pdf = ExportPicture(surface, PictureFormat::Pdf, options);
+    EXPECT_TRUE(pdf.startsWith("%PDF-1."));
+    EXPECT_EQ(CountOf(pdf, "/Type /Page\n"), 1);
+    const qsizetype box = pdf.indexOf("/MediaBox [");
+    ASSERT_GT(box, 0);
+    const QList<QByteArray> sides =
+        pdf.mid(box + 11, pdf.indexOf(']', box) - box - 11).simplified().split(' ');
+    EXPECT_NEAR(sides[2].toDouble(), (1200 + 800) / 20.0, 5);
+    EXPECT_NEAR(sides[3].toDouble(), (600 + 800) / 20.0, 5);
+}
+
+TEST(Export, Png_HasTheLongestSideAskedFor) {
+    Surface surface;
+    Fill(surface);
+    ExportOptions options;
+    options.pixels = 500;
+    const QByteArray png = ExportPicture(surface, PictureFormat::Png, options);
+    const QImage image = QImage::fromData(png, "png");
+    EXPECT_EQ(std::max(image.width(), image.height()), 500);
+    EXPECT_EQ(image.convertToFormat(QImage::Format_RGB32), ExportImage(surface, options));
+}
+
+TEST(Export, Png_OfAHugeSurfaceStaysInItsBounds) {
+    Surface surface;
+    surface.Nodes().Add(0, 0, 10, 10);
+    surface.Nodes().Add(3e7f, 0, 10, 10);
+    const QImage image = ExportImage(surface);
+    EXPECT_EQ(image.width(), 16384);
+    EXPECT_GE(image.height(), 1);
+}
+
+TEST(Export, HiddenItemsAndTheGrid_AreLeftOut) {
+    Surface surface;
+    surface.SetGridLines(true);
+    surface.Nodes().Add(0, 0, 1000, 1000).SetFillColor(support::Rgb(1, 2, 3));
+    Node &hidden = surface.Nodes().Add(90000, 0, 1000, 1000);
+    hidden.SetHidden(true);
+    hidden.SetText(QStringLiteral("secret"));
+    EXPECT_LT(ExportImage(surface).width(), 200);
+    EXPECT_FALSE(ExportPicture(surface, PictureFormat::Svg).contains("secret"));
+    EXPECT_EQ(ExportImage(surface).pixel(3, 3), 0xFFFFFFFF);
+}
+
+TEST(Export, EmptySurface_GivesAnEmptyPage) {
+    Surface surface;
+    for (PictureFormat format : {PictureFormat::Png, PictureFormat::Svg, PictureFormat::Pdf})
+        EXPECT_GT(ExportPicture(surface, format).size(), 50);
+}
+
+TEST(Export, File_IsWrittenByItsEnding) {
+    QTemporaryDir folder;
+    Surface surface;
+    Fill(surface);
+    for (const char *name : {"a.png", "b.SVG", "c.pdf"}) {
+        const QString path = folder.filePath(QLatin1String(name));
+        ExportPictureFile(surface, path);
+        EXPECT_GT(QFile(path).size(), 1000) << name;
+    }
+}
+
+TEST(Export, OtherEndings_AreAnErrorThatNamesThePath) {
+    Surface surface;
+    try {
+        ExportPictureFile(surface, QStringLiteral("/x/y.tiff"));
+        FAIL();
+    } catch (const support::Error &error) {
+        EXPECT_EQ(error.Number(), 5);
+        EXPECT_TRUE(error.Description().contains(QStringLiteral("/x/y.tiff")));
+    }
+}
+
+TEST(Export, MissingFolder_IsAnErrorThatNamesThePath) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("none/y.svg"));
+    Surface surface;
+    try {
+        ExportPictureFile(surface, path);
+        FAIL();
+    } catch (const support::Error &error) {
+        EXPECT_EQ(error.Number(), 76);
+        EXPECT_TRUE(error.Description().contains(QStringLiteral("none")));
+    }
+}
+
+TEST(PngFile, IsReadBackAsItWas) {
+    QImage image(37, 19, QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, qRgb(x * 7, y * 13, x * y));
+    EXPECT_EQ(QImage::fromData(PngFile(image), "png").convertToFormat(QImage::Format_RGB32), image);
+}
+
+} // namespace diagram

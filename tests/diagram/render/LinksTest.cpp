@@ -1,0 +1,137 @@
+#include "diagram/shapes/Arrows.h"
+#include "diagram/shapes/LinkStyles.h"
+#include "Painting.h"
+
+#include <gtest/gtest.h>
+
+namespace diagram {
+
+namespace {
+
+constexpr QRgb kRed = 0xFFFF0000;
+
+// Two boxes side by side in one row; the way between them runs from 41 to 160 at 60 down.
+Link &AddLink(Painting &painting) {
+    Node &from = painting.Add(10, 40, 30, 40);
+    Node &to = painting.Add(160, 40, 30, 40);
+    Link &link = from.Links().Add(to);
+    link.SetLineColor(support::Rgb(255, 0, 0));
+    link.SetArrowDest(0);
+    return link;
+}
+
+const QRect kBetween(42, 0, 117, 150);
+
+} // namespace
+
+TEST(Links, LevelLine_IsOnePixelOfItsColour) {
+    Painting painting;
+    AddLink(painting);
+    const QImage image = painting.Paint();
+    EXPECT_EQ(CountOf(image, kBetween, kRed), kBetween.width());
+    EXPECT_EQ(CountOf(image, QRect(42, 60, 117, 1), kRed), kBetween.width());
+}
+
+TEST(Links, HiddenAndTransparentOnes_AreNotPainted) {
+    Painting painting;
+    Link &link = AddLink(painting);
+    link.SetDrawStyle(5);
+    EXPECT_EQ(CountOf(painting.Paint(), kRed), 0);
+    link.SetDrawStyle(0);
+    link.SetHidden(true);
+    EXPECT_EQ(CountOf(painting.Paint(), kRed), 0);
+}
+
+TEST(Links, EachArrowHead_IsSeenAtItsPlace) {
+    struct Place {
+        void (Link::*set)(int);
+        QRect area;
+    };
+    const Place kPlaces[] = {{&Link::SetArrowSource, QRect(42, 45, 12, 30)},
+                             {&Link::SetArrowMiddle, QRect(88, 45, 24, 30)},
+                             {&Link::SetArrowDest, QRect(146, 45, 12, 30)}};
+    Painting bare;
+    AddLink(bare);
+    const QImage without = bare.Paint();
+    for (const ArrowRow &row : ArrowTable().subspan(1))
+        for (const Place &place : kPlaces) {
+            SCOPED_TRACE(row.name);
+            Painting painting;
+            Link &link = AddLink(painting);
+            (link.*place.set)(row.value);
+            const QImage with = painting.Paint();
+            EXPECT_NE(with.copy(place.area), without.copy(place.area));
+            for (const Place &other : kPlaces) {
+                if (other.set != place.set) {
+                    EXPECT_EQ(with.copy(other.area), without.copy(other.area));
+                }
+            }
+        }
+}
+
+TEST(Links, ArrowSizes_Grow) {
+    int before = 0;
+    for (int size = 0; size < 3; ++size) {
+        Painting painting;
+        Link &link = AddLink(painting);
+        link.SetArrowDest(7);
+        link.SetArrowSizeDest(size);
+        const int red = CountOf(painting.Paint(), kBetween, kRed);
+        EXPECT_GT(red, before);
+        before = red;
+    }
+}
+
+TEST(Links, EachStyle_LeadsFromNodeToNode) {
+    for (const LinkStyleRow &style : LinkStyleTable()) {
+        SCOPED_TRACE(style.name);
+        Painting painting;
+        Node &from = painting.Add(10, 10, 30, 30);
+        Node &to = painting.Add(150, 100, 30, 30);
+        Link &link = from.Links().Add(to);
+        link.SetLineColor(support::Rgb(255, 0, 0));
+        link.SetStyle(style.value);
+        link.SetDrawWidth(3);
+        EXPECT_GT(CountOf(painting.Paint(), kRed), 150);
+    }
+}
+
+TEST(Links, Label_StandsOnPaperInTheMiddle) {
+    Painting painting;
+    Link &link = AddLink(painting);
+    painting.surface.SetMeasure(&painting.renderer.Measure());
+    link.SetText(QStringLiteral("ll"));
+    const QImage image = painting.Paint();
+    EXPECT_LT(CountOf(image, QRect(42, 60, 117, 1), kRed), 115);
+    EXPECT_EQ(CountOf(image, QRect(42, 60, 30, 1), kRed), 30);
+}
+
+TEST(Links, Jumps_LeaveTheLineOfTheCrossing) {
+    const auto row = [](int jump) {
+        Painting painting;
+        Node &top = painting.Add(90, 5, 20, 20), &bottom = painting.Add(90, 120, 20, 20);
+        top.Links().Add(bottom).SetArrowDest(0);
+        AddLink(painting).SetJumpStyle(jump);
+        const QImage image = painting.Paint();
+        return std::pair(CountOf(image, QRect(42, 60, 117, 1), kRed),
+                         CountOf(image, QRect(95, 54, 11, 4), 0xFFFFFFFF));
+    };
+    EXPECT_EQ(row(0).first, 117);
+    EXPECT_LT(row(1).first, 110); // an arch above the line
+    EXPECT_LT(row(1).second, row(0).second);
+    EXPECT_LT(row(2).first, 110); // a gap
+    EXPECT_EQ(row(2).second, row(0).second);
+}
+
+TEST(Links, NodesThatTouch_GiveNoEndlessHead) {
+    Painting painting;
+    Node &from = painting.Add(20, 20, 60, 60), &to = painting.Add(30, 30, 60, 60);
+    for (int style = 0; style < 15; ++style) {
+        Link &link = from.Links().Add(to);
+        link.SetStyle(style);
+        link.SetArrowMiddle(15);
+    }
+    EXPECT_FALSE(painting.Paint().isNull());
+}
+
+} // namespace diagram

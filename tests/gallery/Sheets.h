@@ -1,0 +1,28 @@
+#pragma once
+
+#include <span>
+
+namespace diagram {
+class Node;
+class Surface;
+} // namespace diagram
+
+namespace gallery {
+
+struct Sheet {
+    const char *name;
+    void (*draw)(diagram::Surface &);
+    bool zooms; // in several zooms and resolutions
+};
+
+std::span<const Sheet> Sheets();
+
+// A node of the usual size in column and row of a sheet.
+diagram::Node &AddAt(diagram::Surface &surface, double column, double row, const char *text = "");
+
+void DrawArrows(diagram::Surface &surface);
+void DrawLinkStyles(diagram::Surface &surface);
+void DrawJumps(diagram::Surface &surface);
+void DrawLinkLines(diagram::Surface &surface);
+
+} // namespace gallery

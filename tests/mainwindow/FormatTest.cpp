@@ -1,0 +1,120 @@
+#include "mainwindow/FormatCommands.h"
+
+#include "diagram/shapes/Shapes.h"
+#include "mainwindow/ShapeMenu.h"
+#include "tests/mainwindow/WindowTest.h"
+
+namespace mainwindow::testing {
+
+using Format = WindowTest;
+
+TEST(AlignmentInFamily, ChangesTheFamilyAndKeepsThePlaceInIt) {
+    for (int alignment = 0; alignment <= 8; ++alignment)
+        for (const int base : {0, 3, 6}) EXPECT_EQ(AlignmentInFamily(alignment, base), base + alignment % 3);
+    EXPECT_EQ(AlignmentInFamily(9, 3), 9);
+    EXPECT_EQ(AlignmentInFamily(-1, 3), -1);
+}
+
+TEST(ShapeEntries, HoldAllShapesWithTheirCaptions) {
+    const std::vector<ShapeEntry> entries = ShapeEntries();
+    ASSERT_EQ(entries.size(), 44u);
+    EXPECT_EQ(entries.front().tag, 0);
+    EXPECT_EQ(entries.front().caption, QStringLiteral("Ellipse"));
+    EXPECT_EQ(entries.back().tag, 77);
+    for (const ShapeEntry &entry : entries)
+        if (entry.tag == 65) {
+            EXPECT_EQ(entry.caption, QStringLiteral("Punched Tape"));
+        }
+}
+
+TEST_F(Format, DisplayTwiceGivesBackTheTextExactly) {
+    frmMain &window = NewWindow();
+    diagram::Node &both = AddNode(window, 0, 0, QStringLiteral("first"));
+    both.SetEvent(QStringLiteral("second"));
+    diagram::Node &one = AddNode(window, 3000, 0, QStringLiteral("alone"));
+    window.ClickFormatButton(QStringLiteral("DISPLAY"));
+    EXPECT_TRUE(window.DisplayPressed());
+    EXPECT_EQ(both.Text(), QStringLiteral("first\r\nsecond"));
+    EXPECT_EQ(one.Text(), QStringLiteral("alone"));
+    window.ClickFormatButton(QStringLiteral("DISPLAY"));
+    EXPECT_FALSE(window.DisplayPressed());
+    EXPECT_EQ(both.Text(), QStringLiteral("first"));
+    EXPECT_TRUE(window.clsSettings().Dirty);
+}
+
+TEST_F(Format, CopyWithDisplayPressedLeavesTheButtonReleasedAndTheTextBare) {
+    frmMain &window = NewWindow();
+    diagram::Node &node = AddNode(window, 0, 0, QStringLiteral("first"));
+    node.SetEvent(QStringLiteral("second"));
+    node.SetSelected(true);
+    for (const char *command : {"mnuEditCopy", "mnuEditCut"}) {
+        window.ClickFormatButton(QStringLiteral("DISPLAY"));
+        window.SmartMenuXP1_Click(QLatin1String(command));
+        EXPECT_FALSE(window.DisplayPressed());
+    }
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditPaste"));
+    EXPECT_EQ(window.CurrentSurface().Nodes().Item(1).Text(), QStringLiteral("first"));
+}
+
+TEST_F(Format, FontButtonsFlipEachItemByItself) {
+    frmMain &window = NewWindow();
+    diagram::Node &bold = AddNode(window, 0, 0);
+    diagram::Node &plain = AddNode(window, 3000, 0);
+    diagram::Link &link = bold.Links().Add(plain);
+    bold.SetFont(diagram::Font(QStringLiteral("Arial"), 10, true));
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditSelectAll"));
+    window.tlbFormat_ButtonClick(QStringLiteral("BOLD"));
+    EXPECT_FALSE(bold.Font().Bold());
+    EXPECT_TRUE(plain.Font().Bold());
+    EXPECT_TRUE(link.Font().Bold());
+    window.tlbFormat_ButtonClick(QStringLiteral("ITALIC"));
+    window.tlbFormat_ButtonClick(QStringLiteral("ULINE"));
+    EXPECT_TRUE(plain.Font().Italic());
+    EXPECT_TRUE(plain.Font().Underline());
+}
+
+TEST_F(Format, AlignmentOfLinksChangesNothing) {
+    frmMain &window = NewWindow();
+    diagram::Node &node = AddNode(window, 0, 0);
+    node.Links().Add(AddNode(window, 3000, 0)).SetSelected(true);
+    const int before = node.Alignment();
+    window.tlbFormat_ButtonClick(QStringLiteral("LEFT"));
+    EXPECT_EQ(node.Alignment(), before);
+}
+
+TEST_F(Format, FrontAndBackRestack) {
+    frmMain &window = NewWindow();
+    diagram::Node &low = AddNode(window, 0, 0);
+    diagram::Node &high = AddNode(window, 100, 100);
+    low.SetSelected(true);
+    window.tlbFormat_ButtonClick(QStringLiteral("FRONT"));
+    EXPECT_GT(low.ZOrder(), high.ZOrder());
+    window.tlbFormat_ButtonClick(QStringLiteral("BACK"));
+    EXPECT_LT(low.ZOrder(), high.ZOrder());
+}
+
+TEST_F(Format, NewAddsASelectedElementInOneStep) {
+    frmMain &window = NewWindow();
+    AddNode(window, 5000, 5000).SetSelected(true);
+    window.tlbFormat_ButtonMenuClick(8);
+    ASSERT_EQ(window.CurrentSurface().Nodes().Count(), 2);
+    const diagram::Node &node = window.CurrentSurface().Nodes().Item(2);
+    EXPECT_EQ(node.Shape(), 8);
+    EXPECT_EQ(node.Bounds(), QRectF(0, 0, 1300, 1300));
+    EXPECT_EQ(node.FillColor(), 0x222222);
+    EXPECT_EQ(window.CurrentSurface().SelectedNodes(),
+              std::vector<diagram::Node *>{const_cast<diagram::Node *>(&node)});
+    window.CurrentSurface().Undo();
+    EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 1);
+    window.tlbFormat_ButtonClick(QStringLiteral("NEW"));
+    EXPECT_EQ(window.CurrentSurface().Nodes().Item(2).Shape(), 0);
+}
+
+TEST_F(Format, AnUnknownButtonIsTold) {
+    frmMain &window = NewWindow();
+    desktop.ExpectMessage(QStringLiteral("Unknow Key NOTHING"));
+    window.tlbFormat_ButtonClick(QStringLiteral("NOTHING"));
+    EXPECT_TRUE(window.clsSettings().Dirty);
+}
+
+} // namespace mainwindow::testing

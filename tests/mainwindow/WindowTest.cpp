@@ -1,0 +1,109 @@
+#include "tests/mainwindow/WindowTest.h"
+
+#include "app/settings/GetSet.h"
+#include "app/settings/Settings.h"
+#include "diagram/view/SurfaceView.h"
+#include "document/DoSave.h"
+#include "document/LastPath.h"
+#include "document/MapSchema.h"
+#include "document/MemoryWindow.h"
+#include "support/cRegistry.h"
+#include "support/Files.h"
+
+#include <QApplication>
+#include <QTest>
+
+namespace mainwindow::testing {
+
+namespace {
+
+settings::ProductTerms TestTerms() {
+    settings::ProductTerms terms;
+    terms.TITLE = QStringLiteral("Velmora");
+    terms.MAP = QStringLiteral("Map");
+    terms.SLICE = QStringLiteral("Slice");
+    terms.NODE = QStringLiteral("Node");
+    terms.LINK = QStringLiteral("Link");
+    terms.EXT = QStringLiteral("map");
+    terms.MEMORYTEXT = QStringLiteral("Low on memory");
+    return terms;
+}
+
+} // namespace
+
+WindowTest::WindowTest() {
+    support::SetProgramPath(program_.path());
+    settings::SetTerms(TestTerms());
+    document::SetLastPath(QString());
+    const document::LevelRow levels[] = {{QStringLiteral("1"), false, 0x111111},
+                                         {QStringLiteral("2"), true, 0x222222}};
+    const document::GroupRow groups[] = {{QStringLiteral("Sales"), false}, {QStringLiteral("Finance"), true}};
+    document::WriteTemplate(ProgramFile(QStringLiteral("template.tpl")), levels, groups);
+}
+
+WindowTest::~WindowTest() {
+    for (frmMain *form : frmMain::Forms()) delete form;
+    ProcessEvents();
+    support::SetProgramPath(QString());
+    settings::SetTerms({});
+    document::SetLastPath(QString());
+}
+
+frmMain &WindowTest::NewWindow() {
+    auto *window = new frmMain(desktop.Get());
+    window->ShowWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+    window->CurrentView().setFocus();
+    ProcessEvents();
+    return *window;
+}
+
+QString WindowTest::SavedMap(const QString &name, int nodes, int slices) {
+    document::MemoryWindow window(desktop.Get());
+    for (int slice = 1; slice < slices; ++slice) window.AddFlow1().Load(slice);
+    window.TabStrip().SetTabCount(slices);
+    for (int slice = 0; slice < slices; ++slice) {
+        window.TabStrip().SetTheTab(slice);
+        window.TabStrip().SetCaption(QStringLiteral("Slice %1").arg(slice + 1));
+    }
+    for (int node = 0; node < nodes; ++node)
+        window.AddFlow1()[0].Nodes().Add(float(node * 2000), 100, 1500, 1000).SetText(QString::number(node));
+    window.clsSettings().SetDatabase(MapFile(name));
+    EXPECT_TRUE(document::DoSave(window));
+    return window.clsSettings().Database();
+}
+
+void WindowTest::Press(frmMain &window, const QString &keys) {
+    ProcessEvents();
+    QTest::keySequence(&window.CurrentView(), QKeySequence(keys));
+    ProcessEvents();
+}
+
+void WindowTest::ProcessEvents() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    for (int i = 0; i < 3; ++i) QApplication::processEvents();
+}
+
+int WindowTest::Stored(const QString &name, int absent) {
+    support::cRegistry key(desktop.registry);
+    key.SectionKey = settings::WindowPath();
+    key.ValueKey = name;
+    key.Default = quint32(absent);
+    return int(key.Value().toUInt());
+}
+
+void WindowTest::Store(const QString &name, int value) {
+    support::cRegistry key(desktop.registry);
+    key.SectionKey = settings::WindowPath();
+    key.ValueKey = name;
+    key.ValueType = support::RegistryType::Number;
+    key.SetValue(quint32(value));
+}
+
+diagram::Node &AddNode(frmMain &window, float left, float top, const QString &text) {
+    diagram::Node &node = window.CurrentSurface().Nodes().Add(left, top, 1500, 900);
+    node.SetText(text);
+    return node;
+}
+
+} // namespace mainwindow::testing

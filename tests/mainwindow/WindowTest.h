@@ -1,0 +1,40 @@
+// What the tests of the window share: a program folder with an empty map, a folder for maps, a scripted
+// desktop, and windows that are gone at the end.
+#pragma once
+
+#include "diagram/model/Surface.h"
+#include "mainwindow/frmMain.h"
+#include "support/testing/ScriptedDesktop.h"
+
+#include <gtest/gtest.h>
+#include <QTemporaryDir>
+
+namespace mainwindow::testing {
+
+class WindowTest : public ::testing::Test {
+protected:
+    WindowTest();
+    ~WindowTest() override;
+
+    // A shown window that has the focus.
+    frmMain &NewWindow();
+    QString MapFile(const QString &name) const { return maps_.filePath(name); }
+    QString ProgramFile(const QString &name) const { return program_.filePath(name); }
+    // A map file with that many nodes on its first slice, and further slices without.
+    QString SavedMap(const QString &name, int nodes, int slices = 1);
+    // Presses keys on the window's current surface, as the user does.
+    void Press(frmMain &window, const QString &keys);
+    void ProcessEvents();
+    // A number of the window's placement; `absent` where none is stored.
+    int Stored(const QString &name, int absent = -7777);
+    void Store(const QString &name, int value);
+
+    support::testing::ScriptedDesktop desktop;
+
+private:
+    QTemporaryDir program_, maps_;
+};
+
+diagram::Node &AddNode(frmMain &window, float left, float top, const QString &text = QString());
+
+} // namespace mainwindow::testing
