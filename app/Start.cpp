@@ -1,0 +1,96 @@
+#include "app/Start.h"
+
+#include "app/frmPrompt.h"
+#include "app/settings/GetSet.h"
+#include "app/settings/Settings.h"
+#include "mainwindow/frmMain.h"
+#include "mainwindow/frmSplash.h"
+#include "mainwindow/StartupSetting.h"
+#include "support/Files.h"
+
+#include <cmath>
+#include <QCoreApplication>
+
+namespace app {
+
+using mainwindow::frmMain;
+
+namespace {
+
+constexpr std::int32_t kFirstMemoryLimit = 1048576;
+constexpr int kSplashStep = 20; // milliseconds
+
+void ShowSplash() {
+    auto *splash = new mainwindow::frmSplash(settings::ReadTitle()); // goes with frmSplash::Unload
+    splash->show();
+    QCoreApplication::processEvents();
+}
+
+// The splash stays up until the whole second after the one in which it came.
+void WaitForSplash(support::Clock &clock, double since) {
+    const double started = clock.Timer();
+    while (clock.Timer() < since + 1 && clock.Timer() >= started) clock.Wait(kSplashStep);
+}
+
+frmMain *FirstWindow(support::Desktop &desktop, const StartOptions &options) {
+    settings::SetMemoryLimit(kFirstMemoryLimit);
+    desktop.random.Seed(desktop.clock.Timer());
+    if (options.showSplash) ShowSplash();
+    const double noted = std::floor(desktop.clock.Timer());
+    settings::LoadSettings();
+    auto *first = new frmMain(desktop); // deletes itself when it is closed
+    if (options.showSplash) WaitForSplash(desktop.clock, noted);
+    first->ShowWindow();
+    mainwindow::frmSplash::Unload();
+    return first;
+}
+
+} // namespace
+
+frmMain *Main(support::Desktop &desktop, const StartOptions &options) {
+    frmMain *first = nullptr;
+    support::Report("Qz_Source", "Main", [&] { first = FirstWindow(desktop, options); });
+    if (!first) {
+        mainwindow::frmSplash::Unload();
+        return nullptr;
+    }
+    ProcessCommand(*first, options.commandLine);
+    if (options.offerStartup) ProcessStartup(*first, options.commandLine);
+    return first;
+}
+
+void ProcessCommand(frmMain &first, const QString &commandLine) {
+    support::Report("Qz_Source", "ProcessCommand", [&] {
+        const QString path = PathInCommandLine(commandLine);
+        if (!path.isEmpty() && support::FileExists(path)) first.DoOpen(path, first.clsSettings().Dirty);
+    });
+}
+
+void ProcessStartup(frmMain &first, const QString &commandLine) {
+    support::Report("Qz_Source", "ProcessStartup", [&] {
+        if (commandLine.isEmpty() && settings::GetStartupEnabled()) {
+            mainwindow::SetStartupEnabled(true);
+            const QString map = StartupMap();
+            if (!map.isEmpty() && AskToOpen(first.Desktop(), support::FileTitle(map), &first))
+                first.DoOpen(map, false);
+        }
+        for (frmMain *form : frmMain::Forms())
+            form->SetMenuValue(QStringLiteral("mnuViewRBPrompt"), form->RHSPrompt());
+    });
+}
+
+QString PathInCommandLine(QString commandLine) {
+    if (commandLine.endsWith(u'"')) commandLine.chop(1);
+    if (commandLine.startsWith(u'"')) commandLine.remove(0, 1);
+    return commandLine;
+}
+
+QString StartupMap() {
+    const QString folder =
+        support::AddBackslash(support::AddBackslash(support::ProgramPath()) + QStringLiteral("Startup"));
+    const QStringList maps = support::GetFiles(folder + QStringLiteral("*.") + settings::Terms().EXT,
+                                               support::fileattributes::kNormal);
+    return maps.isEmpty() ? QString() : folder + maps.first();
+}
+
+} // namespace app

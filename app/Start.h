@@ -1,0 +1,37 @@
+// From the start of the process to the event loop.
+#pragma once
+
+#include "support/Desktop.h"
+
+#include <QString>
+
+namespace mainwindow {
+class frmMain;
+}
+
+namespace app {
+
+struct StartOptions {
+    QString commandLine;      // all of it, without the program's name
+    bool showSplash = true;   // at least for about a second
+    bool offerStartup = true; // the map of the folder Startup
+};
+
+// Seeds the random generator, shows the splash, reads Settings.nml, opens and shows the first window, then
+// handles the command line and the start-up map. Errors are reported. The first window; null when it could
+// not be made, which the user has been told then.
+mainwindow::frmMain *Main(support::Desktop &desktop, const StartOptions &options);
+
+// Opens the file that the command line names in `first`. The whole line is one path, with or without double
+// quotes; what is no file is dropped without a word.
+void ProcessCommand(mainwindow::frmMain &first, const QString &commandLine);
+// Without a command line: offers the first map of the folder Startup, unless the user turned that off. Then
+// ticks or clears mnuViewRBPrompt in all windows.
+void ProcessStartup(mainwindow::frmMain &first, const QString &commandLine);
+
+// The path in a command line: one double quote taken off its end and one off its beginning.
+QString PathInCommandLine(QString commandLine);
+// The first map in the folder Startup beside the executable, full path; empty without one.
+QString StartupMap();
+
+} // namespace app

@@ -1,0 +1,76 @@
+// The editor.
+#include "app/Application.h"
+#include "app/DeveloperOptions.h"
+#include "app/frmPrompt.h"
+#include "app/Start.h"
+#include "mainwindow/frmAbout.h"
+#include "mainwindow/frmMain.h"
+#include "support/ExceptionFilter.h"
+#include "support/real/RealDesktop.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+constexpr int kExitFailure = 1;
+
+// Without a display the toolkit would end the process with a message of its own that helps nobody.
+bool HasDisplay([[maybe_unused]] int argc, [[maybe_unused]] char **argv) {
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (!qEnvironmentVariableIsEmpty(name)) return true;
+    for (int i = 1; i < argc; ++i)
+        if (qstrcmp(argv[i], "-platform") == 0 || qstrcmp(argv[i], "--platform") == 0) return true;
+    return false;
+#else
+    return true;
+#endif
+}
+
+void AddForms(support::RealDesktop &desktop) {
+    desktop.Forms().Add(QLatin1String(app::kFormPrompt), [](void *argument, support::Owner owner) {
+        app::frmPrompt form(*static_cast<app::StartupOffer *>(argument), static_cast<QWidget *>(owner));
+        return form.exec() == QDialog::Accepted;
+    });
+    desktop.Forms().Add(QLatin1String(mainwindow::kFormAbout), [&desktop](void *, support::Owner owner) {
+        mainwindow::frmAbout form(desktop.Get(), static_cast<QWidget *>(owner));
+        return form.exec() == QDialog::Accepted;
+    });
+}
+
+int Run(const QString &commandLine) {
+    support::RealDesktop desktop;
+    AddForms(desktop);
+    const app::DeveloperOptions developer = app::ReadDeveloperOptions();
+    app::StartOptions options;
+    options.commandLine = commandLine;
+    options.showSplash = !developer.noSplash;
+    options.offerStartup = !developer.EndsAfterPaint();
+    mainwindow::frmMain *first = app::Main(desktop.Get(), options);
+    if (!first) return kExitFailure;
+    app::WatchFirstPaint(*first, developer);
+    return QCoreApplication::exec();
+}
+
+// The box of a process that is about to end, shown by a fresh one.
+int ShowFault(const QString &text) {
+    support::RealDesktop desktop;
+    desktop.Get().messageBoxes.Show(text, support::Buttons::Ok, support::Icon::Stop, QString());
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    if (!HasDisplay(argc, argv)) {
+        std::fprintf(stderr,
+                     "velmora: there is no display. Set DISPLAY or WAYLAND_DISPLAY; for work without one use "
+                     "velmora-cli.\n");
+        return kExitFailure;
+    }
+    app::Application application(argc, argv);
+    if (const auto fault = support::FaultToShow(QCoreApplication::arguments())) return ShowFault(*fault);
+    support::InstallExceptionFilter(support::OwnFaultBox());
+    return Run(app::Application::CommandLine());
+}

@@ -1,0 +1,17 @@
+// The diagram that the figures are taken on: a grid of boxes in four shapes and six colours, 1.3 links a node
+// to near neighbours, two bends a link.
+#pragma once
+
+#include "diagram/model/Surface.h"
+
+namespace bench {
+
+constexpr double kPitchX = 104 * 15, kPitchY = 72 * 15; // twips
+constexpr double kBoxWidth = 68 * 15, kBoxHeight = 36 * 15;
+
+// Columns of the grid for so many nodes.
+int Columns(int nodes);
+// Fills an empty surface. The same for the same number of nodes.
+void FillSample(diagram::Surface &surface, int nodes);
+
+} // namespace bench

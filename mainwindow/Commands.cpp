@@ -1,0 +1,34 @@
+#include "mainwindow/Commands.h"
+
+#include <array>
+
+namespace mainwindow {
+
+namespace {
+constexpr int kRecentCaptionLength = 25;
+
+std::array<std::span<const CommandRow>, 5> Tables() {
+    return {FileCommands(), EditCommands(), ViewCommands(), HelpCommands(), KeyCommands()};
+}
+} // namespace
+
+std::vector<CommandRow> Commands() {
+    std::vector<CommandRow> rows;
+    for (const std::span<const CommandRow> table : Tables())
+        rows.insert(rows.end(), table.begin(), table.end());
+    return rows;
+}
+
+const CommandRow *FindCommand(const QString &key) {
+    for (const std::span<const CommandRow> table : Tables())
+        for (const CommandRow &row : table)
+            if (row.routine && key == QLatin1String(row.key)) return &row;
+    return nullptr;
+}
+
+QString RecentFileCaption(const QString &path) {
+    if (path.length() <= kRecentCaptionLength) return path;
+    return QStringLiteral("...") + path.right(kRecentCaptionLength);
+}
+
+} // namespace mainwindow

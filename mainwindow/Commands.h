@@ -1,0 +1,56 @@
+// The commands of the window: one row each, in the order of the menu bar. Whoever adds a command adds a row.
+#pragma once
+
+#include <QString>
+#include <span>
+#include <vector>
+
+namespace mainwindow {
+
+class frmMain;
+
+enum class EntryKind { Menu, Command, Check, Separator };
+
+// What of the window's state a command needs; its entries are disabled without it.
+enum class Needs { Nothing, Undo, Redo, Selection, SelectionOrText };
+
+using Routine = void (*)(frmMain &);
+
+struct CommandRow {
+    const char
+        *parent; // key of the menu that holds it; empty: the menu bar; null: in no menu, reached by its keys
+    const char *key;     // identity; empty for separators that nobody names
+    const char *caption; // with placeholders of the product terms
+    EntryKind kind = EntryKind::Command;
+    Routine routine = nullptr;
+    const char *image = "";
+    const char *accelerator = ""; // written beside the caption
+    const char *keys = "";        // further keys, separated by blanks, not written into the menu
+    Needs needs = Needs::Nothing;
+    bool servesTextBox = false; // works on the text box that has the focus, so that one stays open
+};
+
+constexpr CommandRow Separator(const char *parent, const char *key = "") {
+    return {parent, key, "", EntryKind::Separator};
+}
+
+std::span<const CommandRow> FileCommands();
+std::span<const CommandRow> EditCommands();
+std::span<const CommandRow> ViewCommands();
+std::span<const CommandRow> HelpCommands();
+std::span<const CommandRow> KeyCommands(); // in no menu
+
+// All of them in that order.
+std::vector<CommandRow> Commands();
+// The row of a command that has a routine; null for a key that names none.
+const CommandRow *FindCommand(const QString &key);
+
+// In front of the path in the key of a recent file.
+inline constexpr char kRecentFile[] = "mnuFileMRU|";
+// The separator above the recent files.
+inline constexpr char kRecentSeparator[] = "mnuFileSepMRU";
+
+// The caption of a recent file: the path when it has at most 25 characters, else "..." and its last 25.
+QString RecentFileCaption(const QString &path);
+
+} // namespace mainwindow

@@ -1,0 +1,104 @@
+#include "mainwindow/Commands.h"
+
+#include "diagram/edit/History.h"
+#include "diagram/export/Export.h"
+#include "diagram/view/SurfaceView.h"
+#include "document/Tags.h"
+#include "mainwindow/frmMain.h"
+#include "mainwindow/Selection.h"
+#include "mainwindow/TextBox.h"
+
+#include <QApplication>
+#include <QClipboard>
+
+namespace mainwindow {
+
+namespace {
+
+void mnuEditUndo(frmMain &window) { window.CurrentSurface().Undo(); }
+void mnuEditRedo(frmMain &window) { window.CurrentSurface().Redo(); }
+
+// True when a text box had the focus and took the command; else the surface has the focus now.
+bool TextBoxTook(frmMain &window, TextCommand command) {
+    if (QWidget *box = FocusedTextBox()) {
+        SendToTextBox(*box, command);
+        return true;
+    }
+    window.CurrentView().setFocus();
+    return false;
+}
+
+// Takes the second texts out of the captions while something reads these. The click before has released the
+// button, so that the one after finds it released: the display stays off.
+template <typename Body>
+void WithoutDisplay(frmMain &window, Body &&body) {
+    const QString display = QStringLiteral("DISPLAY");
+    if (window.DisplayPressed()) window.ClickFormatButton(display);
+    body();
+    if (window.DisplayPressed()) window.ClickFormatButton(display);
+}
+
+void mnuEditCut(frmMain &window) {
+    if (TextBoxTook(window, TextCommand::Cut)) return;
+    WithoutDisplay(window, [&] { window.CurrentView().Copy(); });
+    window.CurrentView().DeleteSelection();
+}
+
+void mnuEditCopy(frmMain &window) {
+    if (TextBoxTook(window, TextCommand::Copy)) return;
+    WithoutDisplay(window, [&] { window.CurrentView().Copy(); });
+}
+
+// The new keys belong to the same step of undo as the nodes that they are given to.
+void mnuEditPaste(frmMain &window) {
+    if (TextBoxTook(window, TextCommand::Paste)) return;
+    diagram::Surface &surface = window.CurrentSurface();
+    const diagram::ActionGroup group(surface);
+    DoSelectAll(surface, false);
+    window.CurrentView().Paste();
+    document::ChangeGUIDs(surface, true);
+}
+
+void mnuEditDelete(frmMain &window) {
+    if (TextBoxTook(window, TextCommand::Delete)) return;
+    constexpr int kDeleteKey = 46;
+    int keyCode = kDeleteKey;
+    window.AddFlow1_KeyDown(window.CurrentSurface().Index(), keyCode, 0);
+}
+
+void mnuEditCopyClipboard(frmMain &window) {
+    QApplication::clipboard()->setImage(diagram::ExportImage(window.CurrentSurface()));
+}
+
+void mnuEditSelectAll(frmMain &window) { DoSelectAll(window.CurrentSurface(), true); }
+void mnuEditUnSelectAll(frmMain &window) { DoSelectAll(window.CurrentSurface(), false); }
+
+constexpr EntryKind kMenu = EntryKind::Menu;
+constexpr EntryKind kCommand = EntryKind::Command;
+
+constexpr CommandRow kRows[] = {
+    {"", "mnuEdit", "&Edit", kMenu},
+    {"mnuEdit", "mnuEditUndo", "&Undo", kCommand, mnuEditUndo, "undo", "", "Ctrl+Z", Needs::Undo},
+    {"mnuEdit", "mnuEditRedo", "&Redo", kCommand, mnuEditRedo, "redo", "", "Ctrl+Y Ctrl+Shift+Z",
+     Needs::Redo},
+    Separator("mnuEdit", "mnuEditSep1"),
+    {"mnuEdit", "mnuEditCut", "Cu&t", kCommand, mnuEditCut, "cut", "", "Ctrl+X", Needs::SelectionOrText,
+     true},
+    {"mnuEdit", "mnuEditCopy", "&Copy", kCommand, mnuEditCopy, "copy", "", "Ctrl+C", Needs::SelectionOrText,
+     true},
+    {"mnuEdit", "mnuEditPaste", "&Paste", kCommand, mnuEditPaste, "paste", "", "Ctrl+V", Needs::Nothing,
+     true},
+    {"mnuEdit", "mnuEditDelete", "&Delete", kCommand, mnuEditDelete, "delete", "", "", Needs::SelectionOrText,
+     true},
+    Separator("mnuEdit"),
+    {"mnuEdit", "mnuEditCopyClipboard", "&Copy to clipboard", kCommand, mnuEditCopyClipboard, "picture"},
+    Separator("mnuEdit"),
+    {"mnuEdit", "mnuEditSelectAll", "&Select All", kCommand, mnuEditSelectAll, "selectall", "Ctrl+A"},
+    {"mnuEdit", "mnuEditUnSelectAll", "&UnSelect All", kCommand, mnuEditUnSelectAll, "", "", "Ctrl+Shift+A"},
+};
+
+} // namespace
+
+std::span<const CommandRow> EditCommands() { return kRows; }
+
+} // namespace mainwindow

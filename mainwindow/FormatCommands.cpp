@@ -1,0 +1,123 @@
+#include "mainwindow/FormatCommands.h"
+
+#include "app/settings/Settings.h"
+#include "diagram/edit/History.h"
+#include "diagram/model/Surface.h"
+#include "document/Tags.h"
+#include "mainwindow/frmMain.h"
+#include "mainwindow/Selection.h"
+#include "mainwindow/ShapeMenu.h"
+
+namespace mainwindow {
+
+namespace {
+
+constexpr float kNewElementSide = 1300; // twips
+constexpr int kPlacementsInFamily = 3;
+constexpr int kHighestPlacement = 8;
+const QString kLineEnd = QStringLiteral("\r\n");
+
+template <typename Change>
+void ForSelected(diagram::Surface &flow, Change change) {
+    for (diagram::Node *node : flow.SelectedNodes()) change(*node), node->Refresh();
+    for (diagram::Link *link : flow.SelectedLinks()) change(*link), link->Refresh();
+}
+
+// Each item flips by itself: a mixed selection stays mixed.
+template <typename Flip>
+void FlipFont(frmMain &window, Flip flip) {
+    ForSelected(window.CurrentSurface(), [&](auto &item) {
+        diagram::Font font = item.Font();
+        flip(font);
+        item.SetFont(font);
+    });
+}
+
+void FormatBold(frmMain &window) {
+    FlipFont(window, [](diagram::Font &font) { font.SetBold(!font.Bold()); });
+}
+void FormatItalic(frmMain &window) {
+    FlipFont(window, [](diagram::Font &font) { font.SetItalic(!font.Italic()); });
+}
+void FormatUnderline(frmMain &window) {
+    FlipFont(window, [](diagram::Font &font) { font.SetUnderline(!font.Underline()); });
+}
+
+void Align(frmMain &window, int base) {
+    for (diagram::Node *node : window.CurrentSurface().SelectedNodes()) {
+        node->SetAlignment(AlignmentInFamily(node->Alignment(), base));
+        node->Refresh();
+    }
+}
+void FormatLeft(frmMain &window) { Align(window, 0); }
+void FormatCenter(frmMain &window) { Align(window, 6); }
+void FormatRight(frmMain &window) { Align(window, 3); }
+
+void FormatFront(frmMain &window) {
+    ForSelected(window.CurrentSurface(), [](auto &item) { item.BringToFront(); });
+}
+void FormatBack(frmMain &window) {
+    ForSelected(window.CurrentSurface(), [](auto &item) { item.SendToBack(); });
+}
+
+void FormatNew(frmMain &window) { window.tlbFormat_ButtonMenuClick(ShapeEntries().front().tag); }
+
+void FormatDisplay(frmMain &window) { ShowSecondTexts(window.CurrentSurface(), window.DisplayPressed()); }
+
+constexpr FormatRow kRows[] = {
+    {"NEW", FormatNew},   {"LEFT", FormatLeft},       {"CENTER", FormatCenter},   {"RIGHT", FormatRight},
+    {"BOLD", FormatBold}, {"ITALIC", FormatItalic},   {"ULINE", FormatUnderline}, {"FRONT", FormatFront},
+    {"BACK", FormatBack}, {"DISPLAY", FormatDisplay},
+};
+
+} // namespace
+
+const FormatRow *FindFormat(const QString &key) {
+    for (const FormatRow &row : kRows)
+        if (key == QLatin1String(row.key)) return &row;
+    return nullptr;
+}
+
+int AlignmentInFamily(int alignment, int base) {
+    if (alignment < 0 || alignment > kHighestPlacement) return alignment;
+    return base + alignment % kPlacementsInFamily;
+}
+
+void ShowSecondTexts(diagram::Surface &flow, bool on) {
+    for (diagram::Node &node : flow.Nodes()) {
+        if (node.Event().isEmpty()) continue;
+        const QString second = kLineEnd + node.Event();
+        node.SetText(on ? node.Text() + second
+                        : node.Text().chopped(qMin(second.size(), node.Text().size())));
+    }
+}
+
+// Every button marks the map, also those that change nothing.
+void frmMain::tlbFormat_ButtonClick(const QString &key) {
+    support::Report("frmMain", "tlbFormat_ButtonClick", [&] {
+        clsSettings_->Dirty = true;
+        diagram::Surface &surface = CurrentSurface();
+        document::BeginAction(surface);
+        const FormatRow *row = FindFormat(key);
+        if (row)
+            row->routine(*this);
+        else
+            desktop_.messageBoxes.Show(QStringLiteral("Unknow Key ") + key, support::Buttons::Ok,
+                                       support::Icon::None, settings::Terms().TITLE);
+        surface.EndAction();
+    });
+}
+
+void frmMain::tlbFormat_ButtonMenuClick(int tag) {
+    support::Report("frmMain", "tlbFormat_ButtonMenuClick", [&] {
+        diagram::Surface &surface = CurrentSurface();
+        const diagram::ActionGroup group(surface);
+        DoSelectAll(surface, false);
+        diagram::Node &node = surface.Nodes().Add(0, 0, kNewElementSide, kNewElementSide);
+        node.SetShape(tag);
+        node.SetSelected(true);
+        AddFlow1_AfterAddNode(surface.Index(), node);
+    });
+}
+
+} // namespace mainwindow

@@ -1,0 +1,28 @@
+// The buttons of the format toolbar: one row each. They work on the selection of the current surface.
+#pragma once
+
+#include <QString>
+
+namespace diagram {
+class Surface;
+}
+
+namespace mainwindow {
+
+class frmMain;
+
+struct FormatRow {
+    const char *key;
+    void (*routine)(frmMain &);
+};
+// Null for a key that no button has.
+const FormatRow *FindFormat(const QString &key);
+
+// The placement of a text moved to another family (0 left, 3 right, 6 centre), top, middle and bottom kept. A
+// value that is no placement stays.
+int AlignmentInFamily(int alignment, int base);
+
+// Writes the second text of every node that has one behind its text, or takes it off again.
+void ShowSecondTexts(diagram::Surface &flow, bool on);
+
+} // namespace mainwindow

@@ -1,0 +1,140 @@
+#include "mainwindow/Icons.h"
+
+#include "diagram/shapes/Shapes.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QHash>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPalette>
+#include <QSvgRenderer>
+
+// The resources of a static library are linked in by this call; it has to stand outside of any namespace.
+static void InitIconResources() { Q_INIT_RESOURCE(icons); }
+
+namespace mainwindow {
+
+namespace {
+
+bool IsDark(const QPalette &palette) {
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+// The colours of the drawings and what they become on a dark theme.
+struct DarkColour {
+    const char *light;
+    const char *dark;
+};
+constexpr DarkColour kDarkColours[] = {
+    {"#303030", "#dcdcdc"}, // ink
+    {"#ffffff", "#3c3f44"}, // paper
+    {"#2f6fde", "#7db1ff"}, // accent
+    {"#cfe0ff", "#34507e"}, // soft accent
+    {"#f8d383", "#a77c2b"}, // soft amber
+    {"#d9483b", "#ff7b6e"}, // red
+};
+
+QByteArray InTheme(QByteArray svg, bool dark) {
+    if (!dark) return svg;
+    for (const DarkColour &colour : kDarkColours) svg.replace(colour.light, colour.dark);
+    return svg;
+}
+
+QString PathOf(const QString &name) {
+    static const bool initialised = (InitIconResources(), true);
+    Q_UNUSED(initialised)
+    return QStringLiteral(":/icons/%1.svg").arg(name);
+}
+
+// An icon that is drawn when it is asked for, once for each size, state and theme.
+class DrawnIconEngine : public QIconEngine {
+public:
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override {
+        const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1;
+        painter->drawPixmap(rect, Cached(rect.size() * ratio, mode));
+    }
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State) override { return Cached(size, mode); }
+    QPixmap scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State, qreal) override {
+        return Cached(size, mode);
+    }
+
+protected:
+    virtual void Draw(QPainter &painter, const QRectF &box, bool dark) = 0;
+
+private:
+    QPixmap Cached(const QSize &size, QIcon::Mode mode) {
+        const bool dark = IsDark(QGuiApplication::palette());
+        const bool faded = mode == QIcon::Disabled;
+        const qint64 key =
+            qint64(size.width()) << 32 | qint64(size.height()) << 2 | (dark ? 2 : 0) | (faded ? 1 : 0);
+        QPixmap &pixmap = cache_[key];
+        if (pixmap.isNull() && !size.isEmpty()) pixmap = Drawn(size, dark, faded);
+        return pixmap;
+    }
+    QPixmap Drawn(const QSize &size, bool dark, bool faded) {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        if (faded) painter.setOpacity(0.35);
+        const qreal side = qMin(size.width(), size.height());
+        Draw(painter, QRectF((size.width() - side) / 2, (size.height() - side) / 2, side, side), dark);
+        return pixmap;
+    }
+
+    QHash<qint64, QPixmap> cache_;
+};
+
+class SvgIconEngine : public DrawnIconEngine {
+public:
+    SvgIconEngine(QString path, bool ownColours) : path_(std::move(path)), ownColours_(ownColours) {}
+    QIconEngine *clone() const override { return new SvgIconEngine(*this); }
+    bool isNull() override { return !QFile::exists(path_); }
+
+protected:
+    void Draw(QPainter &painter, const QRectF &box, bool dark) override {
+        QFile file(path_);
+        if (!file.open(QIODevice::ReadOnly)) return;
+        QSvgRenderer renderer(InTheme(file.readAll(), dark && !ownColours_));
+        renderer.render(&painter, box);
+    }
+
+private:
+    QString path_;
+    bool ownColours_;
+};
+
+class ShapeIconEngine : public DrawnIconEngine {
+public:
+    explicit ShapeIconEngine(int shape) : shape_(shape) {}
+    QIconEngine *clone() const override { return new ShapeIconEngine(*this); }
+
+protected:
+    void Draw(QPainter &painter, const QRectF &box, bool dark) override {
+        const qreal unit = box.width() / 24;
+        const QRectF field = box.adjusted(2.5 * unit, 4.5 * unit, -2.5 * unit, -4.5 * unit);
+        painter.setPen(
+            QPen(QColor(dark ? 0xdcdcdc : 0x303030), 1.4 * unit, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.setBrush(QColor(dark ? 0x34507e : 0xcfe0ff));
+        painter.drawPath(diagram::Outline(shape_, 0, field));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawPath(diagram::Detail(shape_, 0, field));
+    }
+
+private:
+    int shape_;
+};
+
+} // namespace
+
+QIcon Icon(const QString &name) {
+    if (name.isEmpty() || !QFile::exists(PathOf(name))) return {};
+    return QIcon(new SvgIconEngine(PathOf(name), false));
+}
+
+QIcon ShapeIcon(int shape) { return QIcon(new ShapeIconEngine(shape)); }
+
+QIcon ProgramIcon() { return QIcon(new SvgIconEngine(PathOf(QStringLiteral("velmora")), true)); }
+
+} // namespace mainwindow

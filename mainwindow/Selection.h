@@ -1,0 +1,20 @@
+// Plain routines on what is selected on a surface.
+#pragma once
+
+#include <QString>
+
+namespace diagram {
+class Surface;
+}
+
+namespace mainwindow {
+
+// Selects or unselects every node that is neither hidden nor unselectable, and in the same way the links that
+// leave them.
+void DoSelectAll(diagram::Surface &flow, bool state);
+void UnselectHiddenNodes(diagram::Surface &flow);
+void UnselectHiddenLinks(diagram::Surface &flow);
+// What is selected, in words: "2 Nodes, 1 Link"; empty for nothing.
+QString SelectionText(const diagram::Surface &flow);
+
+} // namespace mainwindow

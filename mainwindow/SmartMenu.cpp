@@ -1,0 +1,111 @@
+#include "mainwindow/SmartMenu.h"
+
+#include "app/settings/Settings.h"
+#include "mainwindow/Icons.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QShortcut>
+
+namespace mainwindow {
+
+SmartMenu::SmartMenu(QMenuBar &bar, QWidget &window) : QObject(&window), bar_(bar), window_(window) {}
+
+void SmartMenu::BuildMenus(const QStringList &recentFiles) {
+    bar_.clear();
+    items_.clear();
+    menus_.clear();
+    for (const CommandRow &row : Commands()) {
+        if (row.parent && QLatin1String(row.key) == QLatin1String(kRecentSeparator)) {
+            if (!recentFiles.isEmpty()) AddRecentFiles(*Menu(QLatin1String(row.parent)), recentFiles);
+        } else {
+            AddRow(row);
+        }
+        AddKeys(row);
+    }
+}
+
+void SmartMenu::AddRow(const CommandRow &row) {
+    const QString key = QLatin1String(row.key);
+    const QString caption = settings::ReplaceTerms(QString::fromUtf8(row.caption));
+    QMenu *parent = Menu(QLatin1String(row.parent));
+    if (row.kind == EntryKind::Menu) {
+        QMenu *menu = parent ? parent->addMenu(caption) : bar_.addMenu(caption);
+        menus_.insert(key, menu);
+        items_.insert(key, menu->menuAction());
+        menu->menuAction()->setObjectName(key);
+        return;
+    }
+    if (row.kind == EntryKind::Separator) {
+        parent->addSeparator()->setObjectName(key);
+        return;
+    }
+    QAction *entry = row.parent ? AddEntry(parent, key, caption) : MakeEntry(&window_, key, caption);
+    entry->setIcon(Icon(QLatin1String(row.image)));
+    entry->setCheckable(row.kind == EntryKind::Check);
+    entry->setShortcut(QKeySequence(QLatin1String(row.accelerator)));
+    entry->setProperty("needs", int(row.needs));
+}
+
+QAction *SmartMenu::AddEntry(QMenu *menu, const QString &key, const QString &caption) {
+    QAction *entry = MakeEntry(menu, key, caption);
+    menu->addAction(entry);
+    return entry;
+}
+
+QAction *SmartMenu::MakeEntry(QWidget *owner, const QString &key, const QString &caption) {
+    auto *entry = new QAction(caption, owner);
+    entry->setObjectName(key);
+    entry->setMenuRole(QAction::NoRole);
+    items_.insert(key, entry);
+    connect(entry, &QAction::triggered, this, [this, key] { Q_EMIT Click(key); });
+    return entry;
+}
+
+// Keys that stand in no menu start the entry, so that a disabled entry stays without effect and a check is
+// flipped.
+void SmartMenu::AddKeys(const CommandRow &row) {
+    const QString key = QLatin1String(row.key);
+    const QStringList sequences = QString::fromLatin1(row.keys).split(u' ', Qt::SkipEmptyParts);
+    for (const QString &sequence : sequences) {
+        const QString name = key + u'|' + sequence;
+        if (window_.findChild<QShortcut *>(name, Qt::FindDirectChildrenOnly)) continue;
+        auto *shortcut = new QShortcut(QKeySequence(sequence), &window_);
+        shortcut->setObjectName(name);
+        connect(shortcut, &QShortcut::activated, this, [this, key] {
+            if (QAction *entry = Item(key))
+                entry->trigger();
+            else
+                Q_EMIT Click(key);
+        });
+    }
+}
+
+void SmartMenu::AddRecentFiles(QMenu &menu, const QStringList &files) {
+    menu.addSeparator()->setObjectName(QLatin1String(kRecentSeparator));
+    menu.setToolTipsVisible(true);
+    for (const QString &file : files) {
+        QString caption = RecentFileCaption(file);
+        QAction *entry =
+            AddEntry(&menu, QLatin1String(kRecentFile) + file, caption.replace(u'&', QLatin1String("&&")));
+        entry->setData(file);
+        entry->setToolTip(file);
+    }
+}
+
+bool SmartMenu::Value(const QString &key) const {
+    const QAction *entry = Item(key);
+    return entry && entry->isChecked();
+}
+
+void SmartMenu::SetValue(const QString &key, bool checked) {
+    if (QAction *entry = Item(key)) entry->setChecked(checked);
+}
+
+void SmartMenu::SetEnabled(Needs needs, bool enabled) {
+    for (QAction *entry : std::as_const(items_))
+        if (entry->property("needs").toInt() == int(needs)) entry->setEnabled(enabled);
+}
+
+} // namespace mainwindow

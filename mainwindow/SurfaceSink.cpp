@@ -1,0 +1,70 @@
+#include "mainwindow/SurfaceSink.h"
+
+#include "diagram/model/Surface.h"
+#include "mainwindow/frmMain.h"
+#include "support/Error.h"
+
+namespace mainwindow {
+
+namespace {
+template <typename Body>
+void Handle(const char *routine, Body &&body) {
+    support::Report("frmMain", routine, std::forward<Body>(body));
+}
+} // namespace
+
+void SurfaceSink::AfterAddLink(diagram::Surface &surface, diagram::Link &link) {
+    Handle("AddFlow1_AfterAddLink", [&] { form_.AddFlow1_AfterAddLink(surface.Index(), link); });
+}
+
+void SurfaceSink::AfterAddNode(diagram::Surface &surface, diagram::Node &node) {
+    Handle("AddFlow1_AfterAddNode", [&] { form_.AddFlow1_AfterAddNode(surface.Index(), node); });
+}
+
+void SurfaceSink::AfterEdit(diagram::Surface &surface) {
+    Handle("AddFlow1_AfterEdit", [&] { form_.AddFlow1_AfterEdit(surface.Index()); });
+}
+
+void SurfaceSink::AfterMove(diagram::Surface &surface) {
+    Handle("AddFlow1_AfterMove", [&] { form_.AddFlow1_AfterMove(surface.Index()); });
+}
+
+void SurfaceSink::AfterResize(diagram::Surface &surface) {
+    Handle("AddFlow1_AfterResize", [&] { form_.AddFlow1_AfterResize(surface.Index()); });
+}
+
+void SurfaceSink::AfterSelect(diagram::Surface &surface) {
+    Handle("AddFlow1_AfterSelect", [&] { form_.AddFlow1_AfterSelect(surface.Index()); });
+}
+
+void SurfaceSink::AfterStretch(diagram::Surface &surface) {
+    Handle("AddFlow1_AfterStretch", [&] { form_.AddFlow1_AfterStretch(surface.Index()); });
+}
+
+void SurfaceSink::Click(diagram::Surface &surface) {
+    Handle("AddFlow1_Click", [&] { form_.AddFlow1_Click(surface.Index()); });
+}
+
+void SurfaceSink::Error(diagram::Surface &surface, long, const QString &, bool &cancelDisplay) {
+    Handle("AddFlow1_Error", [&] { form_.AddFlow1_Error(surface.Index(), cancelDisplay); });
+}
+
+void SurfaceSink::KeyDown(diagram::Surface &surface, int &keyCode, int shift) {
+    Handle("AddFlow1_KeyDown", [&] { form_.AddFlow1_KeyDown(surface.Index(), keyCode, shift); });
+}
+
+void SurfaceSink::KeyUp(diagram::Surface &surface, int keyCode, int shift) {
+    Handle("AddFlow1_KeyUp", [&] { form_.AddFlow1_KeyUp(surface.Index(), keyCode, shift); });
+}
+
+void SurfaceSink::GotFocus(diagram::Surface &surface) {
+    Handle("AddFlow1_afGotFocus", [&] { form_.AddFlow1_afGotFocus(surface.Index()); });
+}
+
+void SurfaceSink::ItemAdded(diagram::Item &) { form_.ScheduleUpdate(); }
+void SurfaceSink::ItemChanged(diagram::Item &, diagram::Change) { form_.ScheduleUpdate(); }
+void SurfaceSink::ItemRemoved(diagram::Item &) { form_.ScheduleUpdate(); }
+void SurfaceSink::SurfaceChanged(diagram::Change) { form_.ScheduleUpdate(); }
+void SurfaceSink::Cleared() { form_.ScheduleUpdate(); }
+
+} // namespace mainwindow

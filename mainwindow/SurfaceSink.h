@@ -1,0 +1,41 @@
+// What the surfaces of a window tell: events go to the handlers AddFlow1_..., writes make the window look at
+// its entries again. Errors of the handlers are reported here.
+#pragma once
+
+#include "diagram/model/ChangeLog.h"
+#include "diagram/model/SurfaceEvents.h"
+
+namespace mainwindow {
+
+class frmMain;
+
+class SurfaceSink : public diagram::SurfaceEvents, public diagram::SurfaceObserver {
+public:
+    // The window must outlive the sink.
+    explicit SurfaceSink(frmMain &form) : form_(form) {}
+
+    void AfterAddLink(diagram::Surface &surface, diagram::Link &link) override;
+    void AfterAddNode(diagram::Surface &surface, diagram::Node &node) override;
+    void AfterEdit(diagram::Surface &surface) override;
+    void AfterMove(diagram::Surface &surface) override;
+    void AfterResize(diagram::Surface &surface) override;
+    void AfterSelect(diagram::Surface &surface) override;
+    void AfterStretch(diagram::Surface &surface) override;
+    void Click(diagram::Surface &surface) override;
+    void Error(diagram::Surface &surface, long number, const QString &description,
+               bool &cancelDisplay) override;
+    void KeyDown(diagram::Surface &surface, int &keyCode, int shift) override;
+    void KeyUp(diagram::Surface &surface, int keyCode, int shift) override;
+    void GotFocus(diagram::Surface &surface) override;
+
+    void ItemAdded(diagram::Item &item) override;
+    void ItemChanged(diagram::Item &item, diagram::Change what) override;
+    void ItemRemoved(diagram::Item &item) override;
+    void SurfaceChanged(diagram::Change what) override;
+    void Cleared() override;
+
+private:
+    frmMain &form_;
+};
+
+} // namespace mainwindow

@@ -1,0 +1,51 @@
+// A toolbar whose buttons are reached by their keys.
+#pragma once
+
+#include "mainwindow/Commands.h"
+
+#include <QHash>
+#include <QToolBar>
+#include <span>
+
+class QAction;
+
+namespace mainwindow {
+
+enum class ButtonStyle { Push, Check, DropDown, Separator };
+
+struct ButtonRow {
+    const char *key;
+    const char *tag; // its image; longer than one character, else the button keeps none
+    const char *tip; // with placeholders of the product terms
+    ButtonStyle style = ButtonStyle::Push;
+    Needs needs = Needs::Nothing;
+};
+
+std::span<const ButtonRow> MainButtons();   // tlbMain
+std::span<const ButtonRow> FormatButtons(); // tlbFormat
+// The keys of the commands that tlbView shows; an empty one is a separator.
+std::span<const char *const> ViewButtons();
+
+class Toolbar : public QToolBar {
+    Q_OBJECT
+public:
+    Toolbar(const QString &name, const QString &title, QWidget *parent);
+
+    void AddButtons(std::span<const ButtonRow> rows);
+    // The button with that key; null for a key that names none.
+    QAction *Button(const QString &key) const { return buttons_.value(key); }
+    void SetEnabled(Needs needs, bool enabled);
+
+Q_SIGNALS:
+    void ButtonClick(const QString &key);
+    // An entry of the menu of a drop-down button, with the entry's tag.
+    void ButtonMenuClick(int tag);
+
+private:
+    void AddButton(const ButtonRow &row);
+    void AddDropDown(QAction &button);
+
+    QHash<QString, QAction *> buttons_;
+};
+
+} // namespace mainwindow

@@ -1,0 +1,113 @@
+#include "mainwindow/Commands.h"
+
+#include "diagram/view/SurfaceView.h"
+#include "mainwindow/frmMain.h"
+#include "mainwindow/StartupSetting.h"
+#include "mainwindow/ZoomSteps.h"
+#include "support/clsPaths.h"
+
+namespace mainwindow {
+
+namespace {
+
+using document::pointer::kNormal;
+
+void mnuViewGrid(frmMain &window) {
+    window.CurrentSurface().SetGridLines(window.MenuValue(QStringLiteral("mnuViewGrid")));
+}
+
+void mnuViewSnapGrid(frmMain &window) {
+    window.CurrentSurface().SetSnapToGrid(window.MenuValue(QStringLiteral("mnuViewSnapGrid")));
+}
+
+void SetZoom(frmMain &window, int percent) {
+    window.CurrentSurface().SetxZoom(percent);
+    window.CurrentSurface().SetyZoom(percent);
+    window.CurrentView().FollowStoredZoom(); // also where the user zoomed away from the same value
+}
+
+void mnuViewZoom100(frmMain &window) { SetZoom(window, 100); }
+void mnuViewZoom150(frmMain &window) { SetZoom(window, 150); }
+void mnuViewZoom75(frmMain &window) { SetZoom(window, 75); }
+void mnuViewZoomFit(frmMain &window) { SetZoom(window, 0); }
+
+void ZoomAroundMiddle(frmMain &window, double percent) {
+    diagram::SurfaceView &view = window.CurrentView();
+    view.ZoomAt(percent, QRectF(view.viewport()->rect()).center());
+}
+
+void keyZoomIn(frmMain &window) { ZoomAroundMiddle(window, NextZoom(window.CurrentView().ShownZoom())); }
+void keyZoomOut(frmMain &window) { ZoomAroundMiddle(window, PreviousZoom(window.CurrentView().ShownZoom())); }
+
+void mnuViewBackgroundColor(frmMain &window) {
+    diagram::Surface &surface = window.CurrentSurface();
+    window.SetMousePointer(kNormal);
+    const support::Colour colour =
+        window.Desktop().dialogs.ShowColorDialog(&window, true, surface.BackColor());
+    if (colour != support::kNoColour) surface.SetBackColor(colour);
+}
+
+void mnuViewBackgroundPicture(frmMain &window) {
+    using namespace support::fileflags;
+    window.SetMousePointer(kNormal);
+    int row = 1;
+    const QString file = window.Desktop().dialogs.ShowOpenFileDialog(
+        QStringLiteral("All Picture Files|*.jpg;*.jpeg;*.bmp"), QStringLiteral("*.jpg"),
+        support::clsPaths().GetMyDocsPath(), kExplorer | kFileMustExist | kHideReadOnly, &window, row);
+    if (!file.isEmpty()) window.CurrentSurface().SetPicture(diagram::Picture::FromFile(file));
+}
+
+void mnuViewBackgroundClear(frmMain &window) {
+    window.CurrentSurface().SetBackColor(support::kWhite);
+    window.CurrentSurface().SetPicture({});
+}
+
+void mnuViewStartup(frmMain &window) {
+    SetStartupEnabled(window.MenuValue(QStringLiteral("mnuViewStartup")));
+}
+
+void SelectTab(frmMain &window, int step) {
+    const int tab = window.TabStrip().TheTab() + step;
+    if (tab >= 0 && tab < window.TabStrip().TabCount()) window.TabStrip().SetTheTab(tab);
+}
+void keyNextSlice(frmMain &window) { SelectTab(window, 1); }
+void keyPreviousSlice(frmMain &window) { SelectTab(window, -1); }
+
+constexpr EntryKind kMenu = EntryKind::Menu;
+constexpr EntryKind kCommand = EntryKind::Command;
+constexpr EntryKind kCheck = EntryKind::Check;
+
+// The key of the background menu is spelled so.
+constexpr CommandRow kRows[] = {
+    {"", "mnuView", "&View", kMenu},
+    {"mnuView", "mnuViewG", "&Grid", kMenu},
+    {"mnuViewG", "mnuViewGrid", "&Grid Lines", kCheck, mnuViewGrid, "grid", "", "Ctrl+G"},
+    {"mnuViewG", "mnuViewSnapGrid", "&Snap to Grid", kCheck, mnuViewSnapGrid, "snap", "", "Ctrl+Shift+G"},
+    {"mnuView", "mnuViewZoom", "&Zoom", kMenu},
+    {"mnuViewZoom", "mnuViewZoom100", "100% (Normal)", kCommand, mnuViewZoom100, "zoom100", "", "Ctrl+0"},
+    {"mnuViewZoom", "mnuViewZoom150", "150%", kCommand, mnuViewZoom150},
+    {"mnuViewZoom", "mnuViewZoom75", "75%", kCommand, mnuViewZoom75},
+    {"mnuViewZoom", "mnuViewZoomFit", "Fit in window", kCommand, mnuViewZoomFit, "zoomfit", "", "Ctrl+9"},
+    {"mnuView", "mnuViewBackgroun", "&Background", kMenu},
+    {"mnuViewBackgroun", "mnuViewBackgroundColor", "&Color...", kCommand, mnuViewBackgroundColor, "colour"},
+    {"mnuViewBackgroun", "mnuViewBackgroundPicture", "&Picture", kCommand, mnuViewBackgroundPicture,
+     "picture"},
+    Separator("mnuViewBackgroun"),
+    {"mnuViewBackgroun", "mnuViewBackgroundClear", "C&lear", kCommand, mnuViewBackgroundClear},
+    Separator("mnuView"),
+    {"mnuView", "mnuViewStartup", "Show Startup @MAP", kCheck, mnuViewStartup},
+};
+
+constexpr CommandRow kKeyRows[] = {
+    {nullptr, "keyZoomIn", "Zoom in", kCommand, keyZoomIn, "zoomin", "", "Ctrl++ Ctrl+="},
+    {nullptr, "keyZoomOut", "Zoom out", kCommand, keyZoomOut, "zoomout", "", "Ctrl+-"},
+    {nullptr, "keyNextSlice", "Next @SLICE", kCommand, keyNextSlice, "", "", "Ctrl+PgDown"},
+    {nullptr, "keyPreviousSlice", "Previous @SLICE", kCommand, keyPreviousSlice, "", "", "Ctrl+PgUp"},
+};
+
+} // namespace
+
+std::span<const CommandRow> ViewCommands() { return kRows; }
+std::span<const CommandRow> KeyCommands() { return kKeyRows; }
+
+} // namespace mainwindow

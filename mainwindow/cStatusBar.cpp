@@ -1,0 +1,72 @@
+#include "mainwindow/cStatusBar.h"
+
+#include "mainwindow/Icons.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QToolButton>
+
+namespace mainwindow {
+
+namespace {
+constexpr int kProgressWidth = 160; // pixels
+}
+
+cStatusBar::cStatusBar(QWidget *parent)
+    : QStatusBar(parent),
+      doing_(new QLabel(this)),
+      progress_(new QWidget(this)),
+      selection_(new QLabel(this)) {
+    doing_->setObjectName(QStringLiteral("DOING"));
+    doing_->setTextFormat(Qt::PlainText);
+    doing_->setMinimumWidth(1);
+    doing_->setIndent(6);
+    progress_->setObjectName(QStringLiteral("PROGRESS"));
+    progress_->setFixedWidth(kProgressWidth);
+    progress_->setMinimumHeight(fontMetrics().height() + 6);
+    selection_->setTextFormat(Qt::PlainText);
+    addWidget(doing_, 1);
+    addPermanentWidget(progress_);
+    addPermanentWidget(selection_);
+
+    QToolButton *out = AddButton(QStringLiteral("zoomout"), tr("Zoom out"));
+    zoom_ = AddButton(QString(), tr("Zoom"));
+    zoom_->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    zoom_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("10000 %")) + 16);
+    QToolButton *in = AddButton(QStringLiteral("zoomin"), tr("Zoom in"));
+    connect(out, &QToolButton::clicked, this, &cStatusBar::ZoomOut);
+    connect(zoom_, &QToolButton::clicked, this, &cStatusBar::PopUpZoomMenu);
+    connect(in, &QToolButton::clicked, this, &cStatusBar::ZoomIn);
+    SetZoom(100);
+}
+
+QToolButton *cStatusBar::AddButton(const QString &image, const QString &name) {
+    auto *button = new QToolButton(this);
+    button->setAutoRaise(true);
+    button->setIcon(Icon(image));
+    button->setIconSize(QSize(16, 16));
+    button->setToolTip(name);
+    button->setAccessibleName(name);
+    addPermanentWidget(button);
+    return button;
+}
+
+QWidget *cStatusBar::Panel(const QString &key) const {
+    if (key == doing_->objectName()) return doing_;
+    if (key == progress_->objectName()) return progress_;
+    return nullptr;
+}
+
+void cStatusBar::SetDoing(const QString &text) { doing_->setText(text); }
+QString cStatusBar::Doing() const { return doing_->text(); }
+void cStatusBar::SetSelection(const QString &text) { selection_->setText(text); }
+void cStatusBar::SetZoom(double percent) { zoom_->setText(tr("%1 %").arg(qRound(percent))); }
+void cStatusBar::SetZoomMenu(QMenu *menu) { zoomMenu_ = menu; }
+
+// Above the button: below it is the edge of the window.
+void cStatusBar::PopUpZoomMenu() {
+    if (!zoomMenu_) return;
+    zoomMenu_->popup(zoom_->mapToGlobal(QPoint(0, -zoomMenu_->sizeHint().height())));
+}
+
+} // namespace mainwindow

@@ -1,0 +1,43 @@
+// The status bar of the window: the panel of the status text, the panel of the progress bar, and at the right
+// end what is selected and how large the diagram is shown.
+#pragma once
+
+#include <QMenu>
+#include <QPointer>
+#include <QStatusBar>
+
+class QLabel;
+class QToolButton;
+
+namespace mainwindow {
+
+class cStatusBar : public QStatusBar {
+    Q_OBJECT
+public:
+    explicit cStatusBar(QWidget *parent = nullptr);
+
+    // The panel with that key, "DOING" or "PROGRESS"; null for another.
+    QWidget *Panel(const QString &key) const;
+    void SetDoing(const QString &text);
+    QString Doing() const;
+    void SetSelection(const QString &text);
+    void SetZoom(double percent);
+    // The button that shows the zoom opens this menu.
+    void SetZoomMenu(QMenu *menu);
+
+Q_SIGNALS:
+    void ZoomOut();
+    void ZoomIn();
+
+private:
+    void PopUpZoomMenu();
+    QToolButton *AddButton(const QString &image, const QString &name);
+
+    QLabel *doing_;
+    QWidget *progress_;
+    QLabel *selection_;
+    QToolButton *zoom_;
+    QPointer<QMenu> zoomMenu_;
+};
+
+} // namespace mainwindow

@@ -1,0 +1,122 @@
+#include "mainwindow/frmMain.h"
+
+#include "app/settings/clsMRU.h"
+#include "app/settings/clsRB.h"
+#include "app/settings/GetSet.h"
+#include "app/settings/Settings.h"
+#include "diagram/view/SurfaceView.h"
+#include "document/DefaultNodes.h"
+#include "mainwindow/cProgressOnStatusBar.h"
+#include "mainwindow/cStatusBar.h"
+#include "mainwindow/frmPics.h"
+#include "mainwindow/frmSplash.h"
+#include "mainwindow/Placement.h"
+#include "mainwindow/SmartMenu.h"
+#include "mainwindow/SurfaceSink.h"
+
+#include <algorithm>
+#include <QApplication>
+
+namespace mainwindow {
+
+namespace {
+
+// How far a window keeps from one that stands in the same place, in pixels.
+constexpr QPoint kAside(28, 28);
+
+// Positions before this one are looked at for recent files: four entries.
+constexpr int kRecentFilesLimit = 5;
+
+int NextNumber() {
+    int highest = 0;
+    for (const QWidget *widget : QApplication::topLevelWidgets())
+        highest = std::max(highest, widget->property("formNumber").toInt());
+    return highest + 1;
+}
+
+} // namespace
+
+frmMain::frmMain(support::Desktop &desktop) : desktop_(desktop), sink_(std::make_unique<SurfaceSink>(*this)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setProperty("formNumber", NextNumber());
+    support::PassOn("Form_Load", [this] { Form_Load(); });
+}
+
+frmMain::~frmMain() {
+    AddFlow1_.SetWatchers({}, {});
+    if (frmPics_) frmPics_->RemoveUsage(*this);
+}
+
+std::vector<frmMain *> frmMain::Forms() {
+    std::vector<frmMain *> forms;
+    for (QWidget *widget : QApplication::topLevelWidgets())
+        if (auto *form = qobject_cast<frmMain *>(widget)) forms.push_back(form);
+    std::sort(forms.begin(), forms.end(), [](const frmMain *a, const frmMain *b) {
+        return a->property("formNumber").toInt() < b->property("formNumber").toInt();
+    });
+    return forms;
+}
+
+void frmMain::Form_Load() {
+    BuildControls();
+    tabStrip_.SetTabStrip(SSTab_ctl_);
+    if (!clsSettings_) support::PassOn("Initialize", [this] { Initialize(); });
+    AddFlow1_.SetWatchers([this](diagram::Surface &surface) { SurfaceLoaded(surface); },
+                          [this](diagram::Surface &surface) { SurfaceUnloading(surface); });
+    frmSplash::ShowDoing(tr("Loading Menus"));
+    BuildMenus();
+    frmSplash::ShowDoing(tr("Loading Toolbars"));
+    FillToolbars();
+    ConnectControls();
+    AddFlow1_afGotFocus(tabStrip_.TheTab());
+    SetWindowCaption(QStringLiteral("Untitled - ") + settings::Terms().TITLE);
+    frmSplash::ShowDoing(tr("Loading Defaults"));
+    document::LoadDefaults(AddFlow1_[0]);
+    LoadCombos();
+    frmSplash::ShowDoing(QString());
+    ClickTab();
+}
+
+void frmMain::Initialize() {
+    frmPics_ = &frmPics::Shared();
+    frmPics_->AddUsage();
+    tabStrip_.SetTabCount(1);
+    setWindowIcon(frmPics_->ProgramIcon());
+    clsSettings_ = std::make_unique<document::clsfrmMain>();
+    ReadPlacement(desktop_.registry, *this);
+    StepAside();
+}
+
+// A new window that covered another one exactly would look like none.
+void frmMain::StepAside() {
+    const std::vector<frmMain *> forms = Forms();
+    const auto covered = [&](const frmMain *form) {
+        return form != this && form->isVisible() && !form->isMaximized() && form->pos() == pos();
+    };
+    while (std::any_of(forms.begin(), forms.end(), covered)) move(pos() + kAside);
+}
+
+void frmMain::BuildMenus() {
+    SmartMenuXP1a_->BuildMenus(settings::clsMRU(desktop_.registry).GetFiles(kRecentFilesLimit));
+    SetMenuValue(QStringLiteral("mnuViewStartup"), settings::GetStartupEnabled());
+}
+
+void frmMain::Form_Activate() {
+    if (!activated_) CurrentView().setFocus();
+    activated_ = true;
+}
+
+bool frmMain::MenuValue(const QString &key) const { return SmartMenuXP1a_->Value(key); }
+
+void frmMain::SetMenuValue(const QString &key, bool checked) { SmartMenuXP1a_->SetValue(key, checked); }
+
+bool frmMain::RHSPrompt() const { return settings::clsRB().GetDisplayPrompt(); }
+
+void frmMain::ShowWindow() {
+    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+} // namespace mainwindow

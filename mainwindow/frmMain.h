@@ -1,0 +1,157 @@
+// The document window: one map, one surface a slice. Several can be open in one process.
+#pragma once
+
+#include "document/clsfrmMain.h"
+#include "document/MapWindow.h"
+#include "document/SurfaceArray.h"
+#include "mainwindow/clsTabStrip.h"
+
+#include <map>
+#include <memory>
+#include <QMainWindow>
+#include <QTimer>
+#include <vector>
+
+class QSplitter;
+class QTabBar;
+
+namespace diagram {
+class SurfaceView;
+}
+
+namespace mainwindow {
+
+class cProgressBar;
+class cStatusBar;
+class frmPics;
+class SmartMenu;
+class SurfaceSink;
+class Toolbar;
+
+// Deletes itself when it was closed. A new window is loaded and not shown; what its start raises reaches the
+// creator, such as error 3024 for a template.tpl that is missing.
+class frmMain : public QMainWindow, public document::MapWindow {
+    Q_OBJECT
+public:
+    // The desktop must outlive the window.
+    explicit frmMain(support::Desktop &desktop);
+    ~frmMain() override;
+
+    // All windows of the process, shown or not, in the order of their making.
+    static std::vector<frmMain *> Forms();
+
+    // document::MapWindow
+    document::clsfrmMain &clsSettings() override { return *clsSettings_; }
+    clsTabStrip &TabStrip() override { return tabStrip_; }
+    document::SurfaceArray &AddFlow1() override { return AddFlow1_; }
+    support::Desktop &Desktop() override { return desktop_; }
+    void DoStatus(const QString &text) override;
+    void SetProgress(int percent) override;
+    void SetMousePointer(int pointer) override;
+    void SetWindowCaption(const QString &caption) override;
+    void DoEvents() override;
+    void DoResize() override;
+    void LoadCombos() override;
+    void ClickTab() override;
+    void AddFlow1_AfterMove(int index) override;
+    void RefreshMainControls() override;
+    void DrawMenuBar() override;
+    bool DisplayPressed() const override;
+    void ClickFormatButton(const QString &key) override;
+
+    int MousePointer() const { return mousePointer_; }
+    // The surface of the selected tab and its view; error 340 when the slot is empty.
+    diagram::Surface &CurrentSurface();
+    diagram::SurfaceView &CurrentView();
+
+    // Runs the command with that key; "Unknown Key " and the key for one that names none.
+    void SmartMenuXP1_Click(const QString &key);
+    void tlbMain_ButtonClick(const QString &key);
+    void tlbFormat_ButtonClick(const QString &key);
+    void tlbFormat_ButtonMenuClick(int tag);
+    // Shows `sFilename`, or the file that the user chooses, here or in a new window. Null when nothing was
+    // opened.
+    frmMain *DoOpen(QString sFilename, bool bNewWindow);
+    // Whether a file to be opened wants a new window: this map is dirty, or its first slice has 4 nodes or
+    // more.
+    bool WantsNewWindow();
+    void ShowWindow();
+
+    // The check of a menu entry; no effect for one that isn't there.
+    bool MenuValue(const QString &key) const;
+    void SetMenuValue(const QString &key, bool checked);
+    // Whether the question of the template bar would be asked.
+    bool RHSPrompt() const;
+    // Brings entries, buttons and status in step with selection, history and zoom; the other form does so
+    // once the event that is running has returned.
+    void UpdateCommands();
+    void ScheduleUpdate();
+
+    void AddFlow1_AfterAddNode(int index, diagram::Node &oNode);
+    void AddFlow1_AfterAddLink(int index, diagram::Link &oLink);
+    void AddFlow1_AfterEdit(int index);
+    void AddFlow1_AfterResize(int index);
+    void AddFlow1_AfterStretch(int index);
+    void AddFlow1_AfterSelect(int index);
+    void AddFlow1_Click(int index);
+    void AddFlow1_afGotFocus(int index);
+    void AddFlow1_Error(int index, bool &cancelDisplay);
+    void AddFlow1_KeyDown(int index, int &keyCode, int shift);
+    void AddFlow1_KeyUp(int index, int keyCode, int shift);
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void BuildControls();
+    void BuildToolbars();
+    void BuildMenus();
+    void FillToolbars();
+    void ConnectControls();
+    void Form_Load();
+    void Initialize();
+    void StepAside();
+    void Form_Activate();
+    void Form_Resize();
+    void picRHS_Resize();
+    void tmrResize_Timer();
+    void Form_QueryUnload(bool &cancel);
+    void Form_Unload();
+    void SSTab_Click();
+    void SurfaceLoaded(diagram::Surface &surface);
+    void SurfaceUnloading(diagram::Surface &surface);
+    frmMain *OpenElsewhere(const QString &sFilename);
+    bool MayReplace();
+    void UpdateStatus();
+    // Ends the editing of a text in place and keeps what was typed.
+    void KeepTypedText();
+
+    support::Desktop &desktop_;
+    QWidget *picRHS_ = nullptr;
+    QSplitter *SSSplitter1_ = nullptr;
+    QTabBar *SSTab_ctl_ = nullptr;
+    cStatusBar *staMain_ = nullptr;
+    cProgressBar *prg1_ = nullptr;
+    Toolbar *tlbMain_ = nullptr;
+    Toolbar *tlbFormat_ = nullptr;
+    Toolbar *tlbView_ = nullptr;
+    SmartMenu *SmartMenuXP1a_ = nullptr;
+    frmPics *frmPics_ = nullptr;
+    QTimer tmrResize_;
+    QTimer update_;
+    clsTabStrip tabStrip_;
+    std::unique_ptr<document::clsfrmMain> clsSettings_;
+    std::unique_ptr<SurfaceSink> sink_;
+    document::SurfaceArray AddFlow1_;
+    std::map<int, std::unique_ptr<diagram::SurfaceView>> views_; // go before the surfaces that they show
+    int mousePointer_ = document::pointer::kNormal;
+    bool activated_ = false;
+};
+
+} // namespace mainwindow

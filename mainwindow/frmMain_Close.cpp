@@ -1,0 +1,46 @@
+// Closing: the question about changes, and what is stored.
+#include "mainwindow/frmMain.h"
+
+#include "app/settings/Settings.h"
+#include "diagram/view/SurfaceView.h"
+#include "document/DoSave.h"
+#include "mainwindow/frmPics.h"
+#include "mainwindow/frmSplash.h"
+#include "mainwindow/Placement.h"
+
+#include <QCloseEvent>
+#include <utility>
+
+namespace mainwindow {
+
+using support::Answer;
+
+void frmMain::closeEvent(QCloseEvent *event) {
+    bool cancel = clsSettings_->Dirty; // a save that fails keeps the window
+    support::Report("frmMain", "Form_QueryUnload", [&] { Form_QueryUnload(cancel); });
+    if (cancel) return event->ignore();
+    support::Report("frmMain", "Form_Unload", [this] { Form_Unload(); });
+    event->accept();
+}
+
+void frmMain::Form_QueryUnload(bool &cancel) {
+    KeepTypedText();
+    cancel = false;
+    if (clsSettings_->Dirty) {
+        cancel = true;
+        const Answer answer =
+            desktop_.messageBoxes.Show(QStringLiteral("Save Changes?"), support::Buttons::YesNoCancel,
+                                       support::Icon::Question, settings::Terms().TITLE);
+        cancel = answer == Answer::Cancel || (answer == Answer::Yes && !document::DoSave(*this));
+    }
+    if (!cancel) std::exchange(frmPics_, nullptr)->RemoveUsage(*this);
+}
+
+void frmMain::Form_Unload() {
+    if (!isMinimized()) WritePlacement(desktop_.registry, *this);
+    for (int index = AddFlow1_.UBound(); AddFlow1_.Count() > 1; --index)
+        if (AddFlow1_.Exists(index)) AddFlow1_.Unload(index);
+    frmSplash::Unload();
+}
+
+} // namespace mainwindow

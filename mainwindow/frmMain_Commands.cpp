@@ -1,0 +1,101 @@
+// The one place where commands run, and what keeps their entries in step.
+#include "mainwindow/frmMain.h"
+
+#include "app/settings/Settings.h"
+#include "diagram/view/SurfaceView.h"
+#include "mainwindow/Commands.h"
+#include "mainwindow/cStatusBar.h"
+#include "mainwindow/FormatCommands.h"
+#include "mainwindow/Selection.h"
+#include "mainwindow/SmartMenu.h"
+#include "mainwindow/TextBox.h"
+#include "mainwindow/Toolbar.h"
+
+namespace mainwindow {
+
+namespace {
+
+using document::pointer::kHourglass;
+using document::pointer::kNormal;
+
+// The commands behind the buttons of the main toolbar.
+struct ButtonCommand {
+    const char *button;
+    const char *command;
+};
+constexpr ButtonCommand kMainCommands[] = {
+    {"NEW", "mnuFileNew"},   {"OPEN", "mnuFileOpen"},   {"SAVE", "mnuFileSave"},     {"CUT", "mnuEditCut"},
+    {"COPY", "mnuEditCopy"}, {"PASTE", "mnuEditPaste"}, {"DELETE", "mnuEditDelete"},
+};
+
+void ShowText(support::Desktop &desktop, const QString &text) {
+    desktop.messageBoxes.Show(text, support::Buttons::Ok, support::Icon::None, settings::Terms().TITLE);
+}
+
+} // namespace
+
+void frmMain::SmartMenuXP1_Click(const QString &key) {
+    support::Report("frmMain", "SmartMenuXP1_Click", [&] {
+        SetMousePointer(kHourglass);
+        const CommandRow *row = FindCommand(key);
+        if (!row || !row->servesTextBox) KeepTypedText();
+        if (key.startsWith(QLatin1String(kRecentFile)))
+            DoOpen(key.mid(QLatin1String(kRecentFile).size()), WantsNewWindow());
+        else if (row)
+            row->routine(*this);
+        else
+            ShowText(desktop_, QStringLiteral("Unknown Key ") + key);
+        SetMousePointer(kNormal); // not reached after a failure: the pointer then stays as it is
+        ScheduleUpdate();
+    });
+}
+
+void frmMain::tlbMain_ButtonClick(const QString &key) {
+    support::Report("frmMain", "tlbMain_ButtonClick", [&] {
+        if (key == QLatin1String("UNDO") || key == QLatin1String("REDO")) {
+            KeepTypedText();
+            return key == QLatin1String("UNDO") ? CurrentSurface().Undo() : CurrentSurface().Redo();
+        }
+        for (const ButtonCommand &command : kMainCommands)
+            if (key == QLatin1String(command.button))
+                return SmartMenuXP1_Click(QLatin1String(command.command));
+        if (FindFormat(key)) return tlbFormat_ButtonClick(key);
+        ShowText(desktop_, QStringLiteral("Unknow Key ") + key); // spelled as users know it
+    });
+}
+
+void frmMain::KeepTypedText() {
+    const auto view = views_.find(tabStrip_.TheTab());
+    if (view != views_.end() && view->second->IsEditing()) view->second->EndEdit(true);
+}
+
+void frmMain::ScheduleUpdate() {
+    if (!update_.isActive()) update_.start();
+}
+
+void frmMain::UpdateCommands() {
+    if (!views_.contains(tabStrip_.TheTab())) return; // in the middle of a load, or closed
+    const diagram::Surface &surface = CurrentSurface();
+    const bool selected = !surface.SelectedNodes().empty() || !surface.SelectedLinks().empty();
+    const std::pair<Needs, bool> states[] = {
+        {Needs::Undo, surface.CanUndo()},
+        {Needs::Redo, surface.CanRedo()},
+        {Needs::Selection, selected},
+        {Needs::SelectionOrText, selected || FocusedTextBox()},
+    };
+    for (const auto &[needs, enabled] : states) {
+        SmartMenuXP1a_->SetEnabled(needs, enabled);
+        tlbMain_->SetEnabled(needs, enabled);
+        tlbFormat_->SetEnabled(needs, enabled);
+    }
+    SetMenuValue(QStringLiteral("mnuViewGrid"), surface.GridLines());
+    SetMenuValue(QStringLiteral("mnuViewSnapGrid"), surface.SnapToGrid());
+    UpdateStatus();
+}
+
+void frmMain::UpdateStatus() {
+    staMain_->SetSelection(SelectionText(CurrentSurface()));
+    staMain_->SetZoom(CurrentView().ShownZoom());
+}
+
+} // namespace mainwindow

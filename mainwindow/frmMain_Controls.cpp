@@ -1,0 +1,93 @@
+// How the window is put together.
+#include "mainwindow/frmMain.h"
+
+#include "diagram/view/SurfaceView.h"
+#include "mainwindow/cProgressOnStatusBar.h"
+#include "mainwindow/cStatusBar.h"
+#include "mainwindow/SmartMenu.h"
+#include "mainwindow/Toolbar.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QTabBar>
+
+namespace mainwindow {
+
+namespace {
+constexpr int kResizeSettles = 250; // milliseconds
+}
+
+void frmMain::BuildControls() {
+    setObjectName(QStringLiteral("frmMain"));
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setAcceptDrops(true);
+    SmartMenuXP1a_ = new SmartMenu(*menuBar(), *this);
+
+    SSSplitter1_ = new QSplitter(Qt::Horizontal, this);
+    SSSplitter1_->setObjectName(QStringLiteral("SSSplitter1"));
+    SSSplitter1_->setChildrenCollapsible(false);
+    picRHS_ = new QWidget(SSSplitter1_);
+    picRHS_->setObjectName(QStringLiteral("picRHS"));
+    picRHS_->installEventFilter(this);
+    SSTab_ctl_ = new QTabBar(picRHS_);
+    SSTab_ctl_->setObjectName(QStringLiteral("SSTab_ctl"));
+    SSTab_ctl_->setAccessibleName(tr("Slices"));
+    SSTab_ctl_->setShape(QTabBar::RoundedSouth);
+    SSTab_ctl_->setDocumentMode(true);
+    SSTab_ctl_->setExpanding(false);
+    SSTab_ctl_->setUsesScrollButtons(true);
+    SSTab_ctl_->addTab(QStringLiteral("Map 1"));
+    setCentralWidget(SSSplitter1_);
+    BuildToolbars();
+
+    staMain_ = new cStatusBar(this);
+    staMain_->setObjectName(QStringLiteral("staMain"));
+    setStatusBar(staMain_);
+    prg1_ = new cProgressBar(staMain_);
+    prg1_->setObjectName(QStringLiteral("prg1"));
+    prg1_->hide();
+
+    tmrResize_.setSingleShot(true);
+    tmrResize_.setInterval(kResizeSettles);
+    update_.setSingleShot(true);
+    update_.setInterval(0);
+}
+
+void frmMain::BuildToolbars() {
+    tlbMain_ = new Toolbar(QStringLiteral("tlbMain"), tr("Main"), this);
+    tlbFormat_ = new Toolbar(QStringLiteral("tlbFormat"), tr("Format"), this);
+    tlbView_ = new Toolbar(QStringLiteral("tlbView"), tr("View"), this);
+    for (Toolbar *bar : {tlbMain_, tlbFormat_, tlbView_}) addToolBar(bar);
+}
+
+void frmMain::FillToolbars() {
+    tlbMain_->AddButtons(MainButtons());
+    tlbFormat_->AddButtons(FormatButtons());
+    for (const char *key : ViewButtons()) {
+        if (QAction *entry = SmartMenuXP1a_->Item(QLatin1String(key)))
+            tlbView_->addAction(entry);
+        else if (*key == '\0')
+            tlbView_->addSeparator();
+    }
+    staMain_->SetZoomMenu(SmartMenuXP1a_->Menu(QStringLiteral("mnuViewZoom")));
+}
+
+void frmMain::ConnectControls() {
+    connect(SmartMenuXP1a_, &SmartMenu::Click, this, &frmMain::SmartMenuXP1_Click);
+    connect(tlbMain_, &Toolbar::ButtonClick, this, &frmMain::tlbMain_ButtonClick);
+    connect(tlbFormat_, &Toolbar::ButtonClick, this, &frmMain::tlbFormat_ButtonClick);
+    connect(tlbFormat_, &Toolbar::ButtonMenuClick, this, &frmMain::tlbFormat_ButtonMenuClick);
+    connect(staMain_, &cStatusBar::ZoomIn, this, [this] { SmartMenuXP1_Click(QStringLiteral("keyZoomIn")); });
+    connect(staMain_, &cStatusBar::ZoomOut, this,
+            [this] { SmartMenuXP1_Click(QStringLiteral("keyZoomOut")); });
+    connect(&tabStrip_, &clsTabStrip::Click, this,
+            [this] { support::Report("frmMain", "SSTab_Click", [this] { SSTab_Click(); }); });
+    connect(&tmrResize_, &QTimer::timeout, this,
+            [this] { support::Report("frmMain", "tmrResize_Timer", [this] { tmrResize_Timer(); }); });
+    connect(&update_, &QTimer::timeout, this,
+            [this] { support::Report("frmMain", "UpdateCommands", [this] { UpdateCommands(); }); });
+}
+
+} // namespace mainwindow

@@ -1,0 +1,101 @@
+// What happens on the surfaces: the handlers that keep the document in step with what the user draws.
+#include "mainwindow/frmMain.h"
+
+#include "app/settings/Settings.h"
+#include "diagram/edit/History.h"
+#include "document/Tags.h"
+#include "mainwindow/Selection.h"
+
+namespace mainwindow {
+
+namespace {
+
+constexpr int kShiftKey = 16;
+constexpr int kDeleteKey = 46;
+
+bool Confirmed(support::Desktop &desktop, const QString &question) {
+    return desktop.messageBoxes.Show(question, support::Buttons::YesNo, support::Icon::Question,
+                                     settings::Terms().TITLE) == support::Answer::Yes;
+}
+
+QString DeleteNodesQuestion() {
+    const settings::ProductTerms &terms = settings::Terms();
+    return QStringLiteral("Are you sure that you want to delete the select %1s?\r\n\r\n"
+                          "NB This will remove %2s that are attached to the %1s")
+        .arg(terms.NODE, terms.LINK);
+}
+
+QString DeleteLinksQuestion() {
+    return QStringLiteral("Are you sure that you want to delete the select %1s?").arg(settings::Terms().LINK);
+}
+
+// The first entry ticked in the filter, else the first of all; null for an empty pool.
+document::cLevel *LevelForNewNode(const document::cLevels &levels) {
+    if (document::cLevel *ticked = levels.FirstSelectedLevel()) return ticked;
+    return levels.count() > 0 ? &levels.Item(1) : nullptr;
+}
+
+document::cGroup *GroupForNewNode(const document::cGroups &groups) {
+    if (document::cGroup *ticked = groups.FirstSelectedGroup()) return ticked;
+    return groups.count() > 0 ? &groups.Item(1) : nullptr;
+}
+
+} // namespace
+
+void frmMain::AddFlow1_AfterAddNode(int index, diagram::Node &oNode) {
+    document::BeginAction(AddFlow1_[index]);
+    if (const document::cGroup *group = GroupForNewNode(clsSettings_->Groups()))
+        document::SetTag(oNode, document::tags::kGroup, group->Key);
+    if (const document::cLevel *level = LevelForNewNode(clsSettings_->Levels())) {
+        document::SetTag(oNode, document::tags::kLevel, level->Key);
+        oNode.SetFillColor(level->Color);
+    }
+    clsSettings_->Dirty = true;
+    AddFlow1_afGotFocus(index);
+    AddFlow1_[index].EndAction();
+}
+
+void frmMain::AddFlow1_AfterAddLink(int index, diagram::Link &) {
+    clsSettings_->Dirty = true;
+    AddFlow1_afGotFocus(index);
+}
+
+void frmMain::AddFlow1_AfterEdit(int) { clsSettings_->Dirty = true; }
+void frmMain::AddFlow1_AfterResize(int) { clsSettings_->Dirty = true; }
+void frmMain::AddFlow1_AfterStretch(int) { clsSettings_->Dirty = true; }
+void frmMain::AddFlow1_AfterMove(int) { clsSettings_->Dirty = true; }
+
+// Hidden items must not stay selected: a rubber band takes them along.
+void frmMain::AddFlow1_AfterSelect(int index) {
+    diagram::Surface &surface = AddFlow1_[index];
+    if (surface.SelectedNodes().empty()) return UnselectHiddenLinks(surface);
+    UnselectHiddenNodes(surface);
+    AddFlow1_afGotFocus(index);
+}
+
+void frmMain::AddFlow1_Click(int index) {
+    AddFlow1_AfterSelect(index);
+    AddFlow1_afGotFocus(index);
+}
+
+void frmMain::AddFlow1_afGotFocus(int) { ScheduleUpdate(); }
+
+void frmMain::AddFlow1_Error(int, bool &cancelDisplay) { cancelDisplay = true; }
+
+// Deleting leaves Dirty as it is, like cut, paste and undo.
+void frmMain::AddFlow1_KeyDown(int index, int &keyCode, int shift) {
+    diagram::Surface &surface = AddFlow1_[index];
+    if (keyCode == kShiftKey && shift == diagram::keys::kShift) surface.SetShiftMode(true);
+    if (keyCode != kDeleteKey) return;
+    keyCode = 0;
+    if (!surface.SelectedNodes().empty() && Confirmed(desktop_, DeleteNodesQuestion()))
+        surface.DeleteSelection();
+    if (!surface.SelectedLinks().empty() && Confirmed(desktop_, DeleteLinksQuestion()))
+        surface.DeleteSelection();
+}
+
+void frmMain::AddFlow1_KeyUp(int index, int keyCode, int) {
+    if (keyCode == kShiftKey) AddFlow1_[index].SetShiftMode(false);
+}
+
+} // namespace mainwindow

@@ -1,0 +1,69 @@
+// What the document asks of its window.
+#include "mainwindow/frmMain.h"
+
+#include "diagram/view/SurfaceView.h"
+#include "mainwindow/cProgressOnStatusBar.h"
+#include "mainwindow/cStatusBar.h"
+#include "mainwindow/Toolbar.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QMenuBar>
+#include <QSplitter>
+
+namespace mainwindow {
+
+void frmMain::DoStatus(const QString &text) {
+    staMain_->SetDoing(text);
+    if (isVisible()) staMain_->repaint();
+}
+
+void frmMain::SetProgress(int percent) { prg1_->setValue(qBound(0, percent, 100)); }
+
+void frmMain::SetMousePointer(int pointer) {
+    mousePointer_ = pointer;
+    std::vector<QWidget *> widgets{this};
+    for (const auto &[index, view] : views_) widgets.push_back(view->viewport());
+    for (QWidget *widget : widgets) {
+        if (pointer == document::pointer::kHourglass)
+            widget->setCursor(Qt::WaitCursor);
+        else
+            widget->unsetCursor();
+    }
+}
+
+void frmMain::SetWindowCaption(const QString &caption) { setWindowTitle(caption); }
+
+// Input waits: a key pressed during a load must not reach a map that is half there.
+void frmMain::DoEvents() { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+
+void frmMain::DoResize() {
+    Form_Resize();
+    picRHS_Resize();
+}
+
+// The window has no filter lists yet.
+void frmMain::LoadCombos() {}
+
+void frmMain::ClickTab() { SSTab_Click(); }
+
+void frmMain::RefreshMainControls() {
+    for (QWidget *control :
+         std::initializer_list<QWidget *>{menuBar(), tlbMain_, tlbFormat_, tlbView_, SSSplitter1_})
+        control->update();
+    ScheduleUpdate();
+}
+
+void frmMain::DrawMenuBar() { menuBar()->update(); }
+
+bool frmMain::DisplayPressed() const {
+    const QAction *button = tlbFormat_->Button(QStringLiteral("DISPLAY"));
+    return button && button->isChecked();
+}
+
+void frmMain::ClickFormatButton(const QString &key) {
+    if (QAction *button = tlbFormat_->Button(key); button && button->isCheckable()) button->toggle();
+    tlbFormat_ButtonClick(key);
+}
+
+} // namespace mainwindow

@@ -1,0 +1,61 @@
+// The slices: surfaces, their views and tabs.
+#include "mainwindow/frmMain.h"
+
+#include "diagram/view/SurfaceView.h"
+#include "mainwindow/HintText.h"
+#include "mainwindow/SurfaceSink.h"
+
+#include <QApplication>
+#include <QTabBar>
+
+namespace mainwindow {
+
+diagram::Surface &frmMain::CurrentSurface() { return AddFlow1_[tabStrip_.TheTab()]; }
+
+diagram::SurfaceView &frmMain::CurrentView() { return *views_.at(CurrentSurface().Index()); }
+
+void frmMain::SurfaceLoaded(diagram::Surface &surface) {
+    surface.SetEvents(sink_.get());
+    surface.AddObserver(*sink_);
+    auto view = std::make_unique<diagram::SurfaceView>(surface, picRHS_);
+    view->setObjectName(QStringLiteral("AddFlow1(%1)").arg(surface.Index()));
+    view->setFrameShape(QFrame::NoFrame);
+    connect(view.get(), &diagram::SurfaceView::ViewChanged, this, &frmMain::ScheduleUpdate);
+    connect(view.get(), &diagram::SurfaceView::HintShown, this,
+            [this](diagram::Hint hint) { DoStatus(HintText(hint)); });
+    view->lower(); // what is on top stays so until its tab is selected
+    views_[surface.Index()] = std::move(view);
+    picRHS_Resize();
+}
+
+void frmMain::SurfaceUnloading(diagram::Surface &surface) {
+    views_.erase(surface.Index());
+    surface.RemoveObserver(*sink_);
+    surface.SetEvents(nullptr);
+}
+
+void frmMain::SSTab_Click() {
+    const int current = tabStrip_.TheTab();
+    if (!views_.contains(current)) return; // a tab whose surface is still to be loaded
+    const bool onSurface = qobject_cast<diagram::SurfaceView *>(QApplication::focusWidget()) != nullptr;
+    for (const auto &[index, view] : views_)
+        view->setFocusPolicy(index == current ? Qt::StrongFocus : Qt::NoFocus);
+    diagram::SurfaceView &view = *views_.at(current);
+    view.show();
+    view.raise();
+    view.setAccessibleName(tabStrip_.TabCaption(current));
+    if (onSurface) view.setFocus();
+    ScheduleUpdate();
+}
+
+void frmMain::picRHS_Resize() {
+    const QRect inner = picRHS_->rect();
+    tabStrip_.Move(0, 0, inner.width(), inner.height());
+    const int height = qMax(0, inner.height() - tabStrip_.TabHeight());
+    for (const auto &[index, view] : views_) {
+        view->setGeometry(0, 0, inner.width(), height);
+        view->show();
+    }
+}
+
+} // namespace mainwindow
