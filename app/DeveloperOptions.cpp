@@ -42,7 +42,7 @@ public:
 private:
     void Painted() {
         if (options_.quitAfterPaint) {
-            std::printf("painted %.3f\n", ProcessAge());
+            std::printf("painted %.3f\nresident %ld\n", ProcessAge(), ResidentKiB());
             std::fflush(stdout);
         }
         if (options_.screenshot.isEmpty()) return QCoreApplication::exit(0);

@@ -34,4 +34,10 @@ double ProcessAge() {
     return uptime.toDouble() - fields.at(kStartTime).toDouble() / kTicksASecond;
 }
 
+long ResidentKiB() {
+    for (const QByteArray &line : Content(QStringLiteral("/proc/self/status")).split('\n'))
+        if (line.startsWith("VmRSS:")) return line.mid(6).trimmed().split(' ').first().toLong();
+    return 0;
+}
+
 } // namespace app

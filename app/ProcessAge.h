@@ -1,4 +1,4 @@
-// How long the process has been running.
+// What the process tells of itself, for the figures.
 #pragma once
 
 namespace app {
@@ -6,5 +6,8 @@ namespace app {
 // Seconds since the process started, loading its libraries included, where the system tells it (Linux, to
 // about 10 ms); elsewhere since the first call.
 double ProcessAge();
+
+// Resident memory in KiB, where the system tells it (Linux); 0 elsewhere.
+long ResidentKiB();
 
 } // namespace app

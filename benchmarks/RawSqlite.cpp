@@ -1,5 +1,6 @@
 #include "benchmarks/RawSqlite.h"
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <QFile>
@@ -121,41 +122,41 @@ void RawRows::Write(const QString &path) const {
     sqlite3_close(db);
 }
 
-// One struct that holds the widest table: numbers and texts in the order of the columns.
+// One row, read again and again: numbers and texts in the order of the columns.
 struct PlainRow {
-    sqlite3_int64 whole[24];
-    double real[8];
-    std::string text[8];
+    std::array<sqlite3_int64, 32> whole;
+    std::array<double, 32> real;
+    std::array<std::string, 32> text;
 };
+
+void ReadRow(sqlite3_stmt *select, int columns, PlainRow &row) {
+    for (int i = 0; i < columns; ++i) {
+        const size_t at = size_t(i) % 32;
+        switch (sqlite3_column_type(select, i)) {
+        case SQLITE_INTEGER:
+            row.whole[at] = sqlite3_column_int64(select, i);
+            break;
+        case SQLITE_FLOAT:
+            row.real[at] = sqlite3_column_double(select, i);
+            break;
+        case SQLITE_NULL:
+            break;
+        default:
+            row.text[at].assign(reinterpret_cast<const char *>(sqlite3_column_text(select, i)),
+                                size_t(sqlite3_column_bytes(select, i)));
+        }
+    }
+}
 
 long RawRows::Read(const QString &path) const {
     sqlite3 *db = nullptr;
     Must(sqlite3_open_v2(path.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr), db);
     long count = 0;
+    PlainRow row;
     for (const Table &table : state_->tables) {
-        std::vector<PlainRow> rows;
-        rows.reserve(table.rows.size());
         sqlite3_stmt *select = Prepare(db, "SELECT * FROM [" + table.name + "]");
         const int columns = sqlite3_column_count(select);
-        while (sqlite3_step(select) == SQLITE_ROW) {
-            PlainRow &row = rows.emplace_back();
-            int wholes = 0, reals = 0, texts = 0;
-            for (int i = 0; i < columns; ++i) switch (sqlite3_column_type(select, i)) {
-                case SQLITE_INTEGER:
-                    row.whole[wholes++ % 24] = sqlite3_column_int64(select, i);
-                    break;
-                case SQLITE_FLOAT:
-                    row.real[reals++ % 8] = sqlite3_column_double(select, i);
-                    break;
-                case SQLITE_NULL:
-                    break;
-                default:
-                    row.text[texts++ % 8].assign(
-                        reinterpret_cast<const char *>(sqlite3_column_text(select, i)),
-                        size_t(sqlite3_column_bytes(select, i)));
-                }
-            ++count;
-        }
+        for (; sqlite3_step(select) == SQLITE_ROW; ++count) ReadRow(select, columns, row);
         sqlite3_finalize(select);
     }
     sqlite3_close(db);

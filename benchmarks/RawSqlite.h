@@ -13,7 +13,7 @@ public:
     ~RawRows();
     // A new database with the same tables and rows in one transaction, with the library's default durability.
     void Write(const QString &path) const;
-    // Every row into plain structs; gives the number of rows.
+    // Every value of every row into one plain struct; gives the number of rows.
     long Read(const QString &path) const;
 
 private:

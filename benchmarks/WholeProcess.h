@@ -6,7 +6,7 @@
 namespace bench {
 
 struct Start {
-    double seconds = 0; // from the start of the process to the first painted window
+    double seconds = 0; // from its start to the line that it prints once its window is painted
     double residentKiB = 0;
 };
 

@@ -1,7 +1,7 @@
 // A plain main window with menus, a tool bar and a label-like canvas: the floor for the start of a Qt
 // program. Prints the seconds from the start of the process to the first paint, and its resident memory in
 // KiB, then ends.
-#include "benchmarks/Process.h"
+#include "app/ProcessAge.h"
 
 #include <cstdio>
 #include <QApplication>
@@ -22,7 +22,7 @@ protected:
         painter.drawText(QPointF(20, 40), QStringLiteral("Plain window"));
         if (done_) return;
         done_ = true;
-        std::printf("painted %.4f\nresident %ld\n", bench::SecondsSinceStart(), bench::ResidentKiB());
+        std::printf("painted %.3f\nresident %ld\n", app::ProcessAge(), app::ResidentKiB());
         std::fflush(stdout);
         QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
     }
