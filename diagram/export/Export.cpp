@@ -1,7 +1,10 @@
 #include "diagram/export/Export.h"
 
+#include "diagram/export/EmfEngine.h"
 #include "diagram/export/PngFile.h"
 #include "diagram/export/SvgEngine.h"
+#include "diagram/export/WmfEngine.h"
+#include "diagram/render/Paint.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/Measures.h"
@@ -73,12 +76,43 @@ QByteArray Pdf(Scene &scene, const QRectF &page) {
     return bytes;
 }
 
+QByteArray PaintMetafile(MetafileEngine &engine, Scene &scene, const QRectF &page, double scale) {
+    MetafileDevice device(engine, page.size() * scale);
+    RenderOptions render = VectorOptions();
+    render.xScale = render.yScale = scale;
+    render.target = &engine;
+    QPainter painter(&device);
+    Renderer().Paint(painter, scene, page, render);
+    painter.end();
+    if (engine.IsTooLong()) Raise(7, QStringLiteral("Out of memory"));
+    return engine.File();
+}
+
+// A file tells whole units an inch.
+QByteArray Wmf(Scene &scene, const QRectF &page) {
+    const double longest = std::max(page.width(), page.height());
+    const double fit = std::min(1.0, kWmfLongestSide / longest);
+    const int unitsPerInch = std::max(1, int(kMetafileUnitsPerInch * fit));
+    const double scale = unitsPerInch / kMetafileUnitsPerInch;
+    WmfEngine engine(page.size() * scale, unitsPerInch, ToRgb(scene.Model().BackColor()));
+    return PaintMetafile(engine, scene, page, scale);
+}
+
+QByteArray Emf(Scene &scene, const QRectF &page) {
+    const double scale = std::min(1.0, kEmfLongestSide / std::max(page.width(), page.height()));
+    EmfEngine engine(page.size() * scale, scale, ToRgb(scene.Model().BackColor()));
+    return PaintMetafile(engine, scene, page, scale);
+}
+
 struct Ending {
     const char *text;
     PictureFormat format;
 };
-constexpr Ending kEndings[] = {
-    {".png", PictureFormat::Png}, {".svg", PictureFormat::Svg}, {".pdf", PictureFormat::Pdf}};
+constexpr Ending kEndings[] = {{".png", PictureFormat::Png},
+                               {".svg", PictureFormat::Svg},
+                               {".pdf", PictureFormat::Pdf},
+                               {".wmf", PictureFormat::Wmf},
+                               {".emf", PictureFormat::Emf}};
 
 PictureFormat FormatOf(const QString &path) {
     for (const Ending &ending : kEndings)
@@ -111,9 +145,17 @@ QImage ExportImage(Surface &surface, const ExportOptions &options) {
 
 QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOptions &options) {
     if (format == PictureFormat::Png) return PngFile(ExportImage(surface, options));
+    if (format == PictureFormat::Wmf) return ExportMetafile(surface, MetafileKind::Wmf, options);
+    if (format == PictureFormat::Emf) return ExportMetafile(surface, MetafileKind::Emf, options);
     Scene scene(surface);
     const QRectF page = PageOf(scene, options);
     return format == PictureFormat::Svg ? Svg(scene, page) : Pdf(scene, page);
+}
+
+QByteArray ExportMetafile(Surface &surface, MetafileKind kind, const ExportOptions &options) {
+    Scene scene(surface);
+    const QRectF page = PageOf(scene, options);
+    return kind == MetafileKind::Wmf ? Wmf(scene, page) : Emf(scene, page);
 }
 
 void ExportPictureFile(Surface &surface, const QString &path, const ExportOptions &options) {

@@ -10,7 +10,8 @@ namespace diagram {
 
 class Surface;
 
-enum class PictureFormat { Png, Svg, Pdf };
+enum class PictureFormat { Png, Svg, Pdf, Wmf, Emf };
+enum class MetafileKind { Wmf, Emf };
 
 struct ExportOptions {
     // Longest side in pixels for PNG; 0 takes zoom 100 at 96 dots an inch, at most 16384.
@@ -20,9 +21,13 @@ struct ExportOptions {
 
 // The whole surface, hidden items and the grid left out. Works without a display. The bytes of the file.
 QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOptions &options = {});
+// The same as a Windows metafile: a placeable one of sixteen bits, scaled down where the surface is larger
+// than those can tell, or an enhanced one. Texts stay texts, pictures are embedded, colours that are not
+// opaque are mixed with the surface's back colour. Error 7 "Out of memory" beyond 2^31 bytes.
+QByteArray ExportMetafile(Surface &surface, MetafileKind kind, const ExportOptions &options = {});
 QImage ExportImage(Surface &surface, const ExportOptions &options = {});
-// By the ending of the path: .png, .svg, .pdf; error 5 for another. Written beside the target and swapped in;
-// errors name the path.
+// By the ending of the path: .png, .svg, .pdf, .wmf, .emf; error 5 for another. Written beside the target and
+// swapped in; errors name the path.
 void ExportPictureFile(Surface &surface, const QString &path, const ExportOptions &options = {});
 
 } // namespace diagram

@@ -1,0 +1,322 @@
+#include "diagram/export/MetafileEngine.h"
+
+#include "diagram/export/MetafileDib.h"
+#include "diagram/export/MetafilePaths.h"
+#include "diagram/model/Font.h"
+#include "diagram/model/Picture.h"
+#include "diagram/shapes/Measures.h"
+
+#include <algorithm>
+#include <cmath>
+#include <QPixmap>
+
+namespace diagram {
+
+namespace {
+
+constexpr int kMostObjects = 64;   // more are made only while a state is saved
+constexpr int kNothing = -2;       // chosen in place of a slot
+constexpr int kLongestText = 8000; // of one record; players take 8192
+constexpr qsizetype kMostBytes = 0x7FFFFF00;
+constexpr int kAligns[] = {0, 2, 6}; // left, right, middle
+
+QPainterPath PathOf(const QRegion &region) {
+    QPainterPath path;
+    path.addRegion(region);
+    return path;
+}
+
+QPainterPath PathOf(const QPolygonF &points) {
+    QPainterPath path;
+    path.addPolygon(points);
+    return path;
+}
+
+int Mixed(int over, int under, double share) { return int(std::lround(over * share + under * (1 - share))); }
+
+} // namespace
+
+MetafileEngine::MetafileEngine(const QSizeF &page, double scale, QRgb paper)
+    : QPaintEngine(AllFeatures), page_(page), scale_(scale), paper_(paper) {}
+
+bool MetafileEngine::begin(QPaintDevice *) {
+    noPen_ = PenCreation(QPen(Qt::NoPen));
+    noBrush_ = BrushCreation(false, 0);
+    penCreation_ = noPen_, brushCreation_ = noBrush_;
+    Open();
+    PushState();
+    return true;
+}
+
+// The objects can go when the state from before them is back and none of them is selected any more.
+bool MetafileEngine::end() {
+    while (!saved_.empty()) PopState();
+    DeleteObjects();
+    Close();
+    return true;
+}
+
+bool MetafileEngine::HasRoom(qsizetype bytes) {
+    tooLong_ = tooLong_ || bytes > kMostBytes;
+    return !tooLong_;
+}
+
+void MetafileEngine::DeleteObjects() {
+    for (const int slot : objects_.Taken()) {
+        Delete(slot);
+        objects_.Free(slot);
+    }
+}
+
+void MetafileEngine::PushState() {
+    Save();
+    saved_.push_back(chosen_);
+}
+
+void MetafileEngine::PopState() {
+    Restore();
+    chosen_ = saved_.back();
+    saved_.pop_back();
+}
+
+void MetafileEngine::updateState(const QPaintEngineState &changed) {
+    const QPaintEngine::DirtyFlags dirty = changed.state();
+    if (dirty & DirtyTransform) transform_ = changed.transform();
+    if (dirty & (DirtyPen | DirtyTransform)) SetPen(changed.pen());
+    if (dirty & DirtyBrush) SetBrush(changed.brush());
+    if (dirty & DirtyClipPath) SetClip(transform_.map(changed.clipPath()), changed.clipOperation());
+    if (dirty & DirtyClipRegion)
+        SetClip(transform_.map(PathOf(changed.clipRegion())), changed.clipOperation());
+}
+
+QRgb MetafileEngine::OnPaper(const QColor &colour) const {
+    const double share = colour.alphaF();
+    return qRgb(Mixed(colour.red(), qRed(paper_), share), Mixed(colour.green(), qGreen(paper_), share),
+                Mixed(colour.blue(), qBlue(paper_), share));
+}
+
+void MetafileEngine::SetPen(const QPen &pen) {
+    const double pixel = kTwipsPerPixel * scale_;
+    const double width = pen.widthF() * std::sqrt(std::abs(transform_.determinant()));
+    pen_ = pen;
+    if (pen.color().alpha() == 0) pen_.setStyle(Qt::NoPen);
+    pen_.setColor(OnPaper(pen.color()));
+    pen_.setWidthF(width > 0 ? width : pixel);
+    penCreation_ = PenCreation(pen_);
+}
+
+void MetafileEngine::SetBrush(const QBrush &brush) {
+    filled_ = brush.style() != Qt::NoBrush && brush.color().alpha() > 0;
+    fill_ = OnPaper(brush.color());
+    brushCreation_ = BrushCreation(filled_, fill_);
+}
+
+void MetafileEngine::SetClip(const QPainterPath &path, Qt::ClipOperation operation) {
+    if (operation != Qt::IntersectClip)
+        for (; clips_ > 0; --clips_) PopState();
+    if (operation == Qt::NoClip) return;
+    PushState();
+    ++clips_;
+    Clip(path);
+}
+
+// What the painter would have told before it draws something itself.
+void MetafileEngine::CatchUp() {
+    if (state->state() & (DirtyTransform | DirtyClipPath | DirtyClipRegion)) syncState();
+}
+
+// A slot is given up only where no saved state can bring back the object that stood in it.
+void MetafileEngine::Choose(Kind kind, const QByteArray &creation) {
+    if (creation.isEmpty()) {
+        if (chosen_.objects[kind] != kNothing) SelectNone(kind);
+        chosen_.objects[kind] = kNothing;
+        return;
+    }
+    int slot = objects_.Find(creation);
+    if (slot < 0) {
+        if (objects_.Count() >= kMostObjects && clips_ == 0) {
+            const int spare = objects_.Oldest(
+                {chosen_.objects[PenKind], chosen_.objects[BrushKind], chosen_.objects[FontKind]});
+            Delete(spare);
+            objects_.Free(spare);
+        }
+        slot = objects_.Take(creation);
+        Create(slot, creation);
+    }
+    if (chosen_.objects[kind] == slot) return;
+    Select(slot);
+    chosen_.objects[kind] = slot;
+}
+
+void MetafileEngine::ChooseShape(bool lined, bool filled) {
+    Choose(PenKind, lined ? penCreation_ : noPen_);
+    Choose(BrushKind, filled ? brushCreation_ : noBrush_);
+}
+
+void MetafileEngine::ChooseFillMode(bool winding) {
+    if (chosen_.winding == int(winding)) return;
+    FillMode(winding);
+    chosen_.winding = int(winding);
+}
+
+void MetafileEngine::NoteFill(const QRectF &bounds) {
+    if (filled_) lastFilled_ = bounds, lastFill_ = fill_;
+}
+
+// What most likely shows through a picture: the shape drawn before it, or the paper.
+QRgb MetafileEngine::Behind(const QRectF &place) const {
+    return lastFilled_.contains(place.center()) ? lastFill_ : paper_;
+}
+
+bool MetafileEngine::TakesBoxes() const {
+    return transform_.type() <= QTransform::TxScale && !NeedsPath(pen_);
+}
+
+void MetafileEngine::drawRects(const QRectF *rects, int count) {
+    for (const QRectF *rect = rects; rect != rects + count; ++rect) {
+        if (!TakesBoxes()) {
+            drawPath(PathOf(QPolygonF(*rect)));
+            continue;
+        }
+        ChooseShape(pen_.style() != Qt::NoPen, filled_);
+        Rectangle(transform_.mapRect(*rect));
+        NoteFill(transform_.mapRect(*rect));
+    }
+}
+
+void MetafileEngine::drawEllipse(const QRectF &box) {
+    if (!TakesBoxes()) {
+        QPainterPath path;
+        path.addEllipse(box);
+        return drawPath(path);
+    }
+    ChooseShape(pen_.style() != Qt::NoPen, filled_);
+    Ellipse(transform_.mapRect(box));
+    NoteFill(transform_.mapRect(box));
+}
+
+void MetafileEngine::drawPath(const QPainterPath &path) {
+    const QPainterPath mapped = transform_.map(path);
+    ChooseFillMode(path.fillRule() == Qt::WindingFill);
+    Path(mapped);
+    NoteFill(mapped.controlPointRect());
+}
+
+void MetafileEngine::drawPolygon(const QPointF *points, int count, PolygonDrawMode mode) {
+    QPolygonF mapped(count);
+    std::transform(points, points + count, mapped.begin(),
+                   [&](const QPointF &at) { return transform_.map(at); });
+    const bool lined = pen_.style() != Qt::NoPen;
+    if (mode == PolylineMode) {
+        if (!lined) return;
+        ChooseShape(true, false);
+        return Polyline(mapped);
+    }
+    ChooseFillMode(mode == WindingMode);
+    NoteFill(mapped.boundingRect());
+    if (NeedsPath(pen_)) {
+        mapped.append(mapped.first());
+        return Path(PathOf(mapped));
+    }
+    ChooseShape(lined, filled_);
+    Polygon(mapped);
+}
+
+void MetafileEngine::drawLines(const QLineF *lines, int count) {
+    for (int i = 0; i < count; ++i) {
+        const QPointF ends[] = {lines[i].p1(), lines[i].p2()};
+        drawPolygon(ends, 2, PolylineMode);
+    }
+}
+
+void MetafileEngine::PutImage(const QRectF &place, const QImage &image) {
+    const QRectF mapped = transform_.mapRect(place);
+    if (image.isNull() || mapped.isEmpty()) return;
+    Image(mapped, DibOf(image, mapped.size(), kTwipsPerPixel * scale_, Behind(mapped)));
+}
+
+void MetafileEngine::drawImage(const QRectF &place, const QImage &image, const QRectF &part,
+                               Qt::ImageConversionFlags) {
+    PutImage(place, part == QRectF(image.rect()) ? image : image.copy(part.toAlignedRect()));
+}
+
+void MetafileEngine::drawPixmap(const QRectF &place, const QPixmap &pixmap, const QRectF &part) {
+    drawImage(place, pixmap.toImage(), part, Qt::AutoColor);
+}
+
+void MetafileEngine::DrawPicture(const QRectF &place, const diagram::Picture &picture) {
+    CatchUp();
+    PutImage(place, picture.Image());
+}
+
+void MetafileEngine::DrawLine(const TextPiece &piece) {
+    CatchUp();
+    QByteArray &font = fonts_[piece.font.Hash()];
+    if (font.isEmpty()) {
+        constexpr double kTwipsPerPoint = 20;
+        font = FontCreation(piece.font,
+                            std::max(1, int(std::lround(piece.font.Size() * kTwipsPerPoint * scale_))));
+    }
+    Choose(FontKind, font);
+    const QRgb colour = OnPaper(piece.colour);
+    if (chosen_.textColour != colour) TextColour(colour);
+    chosen_.textColour = colour;
+    PutText(piece);
+}
+
+// Another machine may lack the font: the text is held at the side to which it is justified.
+// Readers differ in what holding a text from right to left means, but for its left end.
+void MetafileEngine::PutText(const TextPiece &piece) {
+    constexpr double kHeld[] = {0, 1, 0.5};
+    const bool isLong = piece.text.size() > kLongestText;
+    const int side = isLong || piece.rightToLeft ? 0 : piece.side;
+    if (chosen_.align != kAligns[side]) TextAlign(kAligns[side]);
+    chosen_.align = kAligns[side];
+    QPointF at = transform_.map(piece.baseLine + QPointF(kHeld[side] * piece.width, 0));
+    const std::vector<int> advances = text_.Advances(piece, scale_);
+    for (qsizetype from = 0; from < piece.text.size(); from += kLongestText) {
+        const qsizetype count = std::min<qsizetype>(kLongestText, piece.text.size() - from);
+        std::vector<int> part(advances.begin() + from, advances.begin() + from + count);
+        double width = 0;
+        for (const int advance : part) width += advance;
+        Text({at, kAligns[side], piece.rightToLeft, piece.text.mid(from, count), std::move(part)});
+        at.rx() += width;
+    }
+}
+
+void MetafileEngine::drawTextItem(const QPointF &at, const QTextItem &text) {
+    const QFont font = text.font();
+    const double points = font.pixelSize() > 0 ? font.pixelSize() / 20.0 : font.pointSizeF();
+    const Font plain(font.family(), points, font.bold(), font.italic());
+    DrawLine({at, text.width(), 0, false, text.text(), plain, QString(), state->pen().color()});
+}
+
+int MetafileDevice::metric(PaintDeviceMetric metric) const {
+    switch (metric) {
+    case PdmWidth:
+        return int(size_.width());
+    case PdmHeight:
+        return int(size_.height());
+    case PdmWidthMM:
+        return int(size_.width() / kMetafileUnitsPerInch * 25.4);
+    case PdmHeightMM:
+        return int(size_.height() / kMetafileUnitsPerInch * 25.4);
+    case PdmDpiX:
+    case PdmDpiY:
+    case PdmPhysicalDpiX:
+    case PdmPhysicalDpiY:
+        return int(kMetafileUnitsPerInch);
+    case PdmNumColors:
+        return 1 << 24;
+    case PdmDepth:
+        return 32;
+    case PdmDevicePixelRatio:
+        return 1;
+    case PdmDevicePixelRatioScaled:
+        return int(devicePixelRatioFScale());
+    default:
+        return 0;
+    }
+}
+
+} // namespace diagram

@@ -1,0 +1,160 @@
+// What the paint engines of both kinds of metafile share: the painter's state in units of the file, the table
+// of drawing objects, nested clips, text and pictures. The kinds say how each thing becomes a record.
+#pragma once
+
+#include "diagram/export/MetafileObjects.h"
+#include "diagram/export/MetafileText.h"
+#include "diagram/render/ContentTarget.h"
+
+#include <array>
+#include <QBrush>
+#include <QPaintDevice>
+#include <QPaintEngine>
+#include <QPen>
+#include <QTransform>
+#include <vector>
+
+namespace diagram {
+
+struct MetafileDib;
+
+constexpr double kMetafileUnitsPerInch = 1440; // of a page that isn't scaled down
+
+class MetafileEngine : public QPaintEngine, public ContentTarget {
+public:
+    // `page` in device units of the painter; `scale` is file units to a twip; `paper` is what shows through
+    // colours that are not opaque, since metafiles know none.
+    MetafileEngine(const QSizeF &page, double scale, QRgb paper);
+
+    bool begin(QPaintDevice *device) override;
+    bool end() override;
+    void updateState(const QPaintEngineState &changed) override;
+    Type type() const override { return User; }
+    void drawRects(const QRectF *rects, int count) override;
+    void drawEllipse(const QRectF &box) override;
+    void drawPath(const QPainterPath &path) override;
+    void drawPolygon(const QPointF *points, int count, PolygonDrawMode mode) override;
+    void drawLines(const QLineF *lines, int count) override;
+    void drawImage(const QRectF &place, const QImage &image, const QRectF &part,
+                   Qt::ImageConversionFlags flags) override;
+    void drawPixmap(const QRectF &place, const QPixmap &pixmap, const QRectF &part) override;
+    void drawTextItem(const QPointF &at, const QTextItem &text) override;
+    using QPaintEngine::drawEllipse;
+    using QPaintEngine::drawLines;
+    using QPaintEngine::drawPolygon;
+    using QPaintEngine::drawRects;
+
+    void DrawLine(const TextPiece &piece) override;
+    void DrawPicture(const QRectF &place, const diagram::Picture &picture) override;
+
+    // Whether records were left out since the file would have passed 2^31 bytes.
+    bool IsTooLong() const { return tooLong_; }
+    // The whole file, once the painter has ended.
+    virtual QByteArray File() const = 0;
+
+protected:
+    enum Kind { PenKind, BrushKind, FontKind, KindCount };
+    struct TextRun {
+        QPointF baseLine; // its end on the side of `align`
+        int align;        // TA_LEFT 0, TA_RIGHT 2, TA_CENTER 6
+        bool rightToLeft;
+        QString text;
+        std::vector<int> advances; // one for each UTF-16 unit
+    };
+
+    // Records; all lengths in units of the file. Shapes take the pen and brush that are chosen.
+    virtual void Open() = 0;
+    virtual void Close() = 0;
+    virtual void Create(int slot, const QByteArray &creation) = 0;
+    virtual void Select(int slot) = 0;
+    virtual void SelectNone(Kind) {} // in place of what has no creation
+    virtual void Delete(int slot) = 0;
+    virtual void Save() = 0;
+    virtual void Restore() = 0;
+    virtual void Clip(const QPainterPath &path) = 0; // intersects
+    virtual void Rectangle(const QRectF &box) = 0;
+    virtual void Ellipse(const QRectF &box) = 0;
+    virtual void Polygon(const QPolygonF &points) = 0;
+    virtual void Polyline(const QPolygonF &points) = 0;
+    virtual void Path(const QPainterPath &path) = 0;
+    virtual void Image(const QRectF &place, const MetafileDib &dib) = 0;
+    virtual void Text(const TextRun &run) = 0;
+    virtual void TextColour(QRgb colour) = 0;
+    virtual void TextAlign(int align) = 0;
+    virtual void FillMode(bool winding) = 0;
+    // The records, the first two also for none; empty where SelectNone does that.
+    virtual QByteArray PenCreation(const QPen &pen) const = 0;
+    virtual QByteArray BrushCreation(bool filled, QRgb colour) const = 0;
+    virtual QByteArray FontCreation(const Font &font, int height) const = 0;
+    // Whether strokes with the pen go through Path, which makes them of pieces.
+    virtual bool NeedsPath(const QPen &) const { return false; }
+
+    const QSizeF &Page() const { return page_; }
+    double Scale() const { return scale_; }
+    const MetafileObjects &Objects() const { return objects_; }
+    const QPen &Pen() const { return pen_; } // its width in file units
+    bool Filled() const { return filled_; }
+    // Whether records of `bytes` in all may be; asked before each is added.
+    bool HasRoom(qsizetype bytes);
+    // Choose what is drawn with from here; ChooseShape takes the painter's pen and brush.
+    void ChooseShape(bool lined, bool filled);
+    void ChooseFillMode(bool winding);
+
+private:
+    // What a player restores with the saved state.
+    struct Chosen {
+        std::array<int, KindCount> objects{-1, -1, -1};
+        QRgb textColour = 1; // none that is opaque
+        int align = -1;
+        int winding = -1;
+    };
+
+    void SetPen(const QPen &pen);
+    void SetBrush(const QBrush &brush);
+    void SetClip(const QPainterPath &path, Qt::ClipOperation operation);
+    void PushState();
+    void PopState();
+    void CatchUp();
+    bool TakesBoxes() const;
+    void Choose(Kind kind, const QByteArray &creation);
+    void DeleteObjects();
+    QRgb OnPaper(const QColor &colour) const;
+    void NoteFill(const QRectF &bounds);
+    QRgb Behind(const QRectF &place) const;
+    void PutImage(const QRectF &place, const QImage &image);
+    void PutText(const TextPiece &piece);
+
+    QSizeF page_;
+    double scale_;
+    QRgb paper_;
+    QTransform transform_;
+    QPen pen_;
+    bool filled_ = false;
+    QRgb fill_ = 0;
+    QByteArray penCreation_, brushCreation_, noPen_, noBrush_;
+    std::unordered_map<std::size_t, QByteArray> fonts_;
+    MetafileObjects objects_;
+    MetafileText text_;
+    Chosen chosen_;
+    std::vector<Chosen> saved_;
+    QRectF lastFilled_;
+    QRgb lastFill_ = 0;
+    int clips_ = 0;
+    bool tooLong_ = false;
+};
+
+// The device for a painter on such an engine; a unit is 1/1440 inch.
+class MetafileDevice : public QPaintDevice {
+public:
+    MetafileDevice(MetafileEngine &engine, const QSizeF &size) : engine_(engine), size_(size) {}
+    QPaintEngine *paintEngine() const override { return &engine_; }
+
+protected:
+    int metric(PaintDeviceMetric metric) const override;
+
+private:
+    MetafileEngine &engine_;
+    QSizeF size_;
+};
+
+} // namespace diagram

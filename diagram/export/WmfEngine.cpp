@@ -1,0 +1,283 @@
+#include "diagram/export/WmfEngine.h"
+
+#include "diagram/export/MetafileDib.h"
+#include "diagram/export/MetafilePaths.h"
+#include "diagram/model/Font.h"
+#include "diagram/shapes/Measures.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace diagram {
+
+namespace {
+
+// Record functions ([MS-WMF] 2.1.1.1).
+enum Function {
+    kEof = 0x0000,
+    kSaveDc = 0x001E,
+    kSetBkMode = 0x0102,
+    kSetMapMode = 0x0103,
+    kSetPolyFillMode = 0x0106,
+    kSetStretchBltMode = 0x0107,
+    kRestoreDc = 0x0127,
+    kSelectObject = 0x012D,
+    kSetTextAlign = 0x012E,
+    kDeleteObject = 0x01F0,
+    kSetTextColour = 0x0209,
+    kSetWindowOrg = 0x020B,
+    kSetWindowExt = 0x020C,
+    kCreatePen = 0x02FA,
+    kCreateFont = 0x02FB,
+    kCreateBrush = 0x02FC,
+    kPolygon = 0x0324,
+    kPolyline = 0x0325,
+    kExcludeClipRect = 0x0415,
+    kIntersectClipRect = 0x0416,
+    kEllipse = 0x0418,
+    kRectangle = 0x041B,
+    kPolyPolygon = 0x0538,
+    kExtTextOut = 0x0A32,
+    kStretchDib = 0x0F43,
+};
+
+constexpr int kAnisotropic = 8, kTransparent = 1, kColourOnColour = 3, kBaseLine = 24;
+constexpr int kNullPen = 5, kNullBrush = 1, kFlatEnds = 0x200, kBevelJoin = 0x1000, kMiterJoin = 0x2000;
+constexpr int kReadFromRight = 0x80;
+constexpr std::uint32_t kCopyPixels = 0x00CC0020;
+constexpr std::uint32_t kPlaceableKey = 0x9AC6CDD7;
+constexpr int kHeaderWords = 9;
+constexpr qsizetype kMostPoints = 8000; // of one line or polygon
+constexpr int kFaceBytes = 32;          // of a font's name with its end
+
+int Limited(double value) {
+    return std::isnan(value) ? 0 : int(std::clamp(std::round(value), -32768.0, 32767.0));
+}
+
+// A record whose size is put in by Sealed.
+MetafileBytes Record(Function function) {
+    MetafileBytes record;
+    record.U32(0).U16(unsigned(function));
+    return record;
+}
+
+QByteArray Sealed(MetafileBytes record) {
+    record.PadTo(2);
+    QByteArray bytes = record.Bytes();
+    PutU32(bytes, 0, std::uint32_t(bytes.size() / 2));
+    return bytes;
+}
+
+void AddPoints(MetafileBytes &record, const QPolygonF &points) {
+    for (const QPointF &at : points) record.I16(Limited(at.x())).I16(Limited(at.y()));
+}
+
+// A polygon has to stay one: of too many points every nth is taken.
+QPolygonF Thinned(const QPolygonF &points) {
+    if (points.size() <= kMostPoints) return points;
+    const qsizetype step = (points.size() + kMostPoints - 1) / kMostPoints;
+    QPolygonF thinned;
+    for (qsizetype i = 0; i < points.size(); i += step) thinned.append(points[i]);
+    return thinned;
+}
+
+std::uint32_t ColorRef(QRgb colour) {
+    return std::uint32_t(qRed(colour) | qGreen(colour) << 8 | qBlue(colour) << 16);
+}
+
+int StyleOf(const QPen &pen) {
+    if (pen.style() == Qt::NoPen) return kNullPen;
+    const int join = pen.joinStyle() == Qt::MiterJoin   ? kMiterJoin
+                     : pen.joinStyle() == Qt::BevelJoin ? kBevelJoin
+                                                        : 0;
+    return join | (pen.capStyle() == Qt::FlatCap ? kFlatEnds : 0);
+}
+
+} // namespace
+
+WmfEngine::WmfEngine(const QSizeF &page, int unitsPerInch, QRgb paper)
+    : MetafileEngine(page, unitsPerInch / kMetafileUnitsPerInch, paper), unitsPerInch_(unitsPerInch) {}
+
+void WmfEngine::Put(const QByteArray &record) {
+    if (!HasRoom(records_.Size() + record.size())) return;
+    records_.Raw(record);
+    longest_ = std::max(longest_, std::uint32_t(record.size() / 2));
+}
+
+void WmfEngine::PutWord(int function, int value) {
+    MetafileBytes record = Record(Function(function));
+    record.I16(value);
+    Put(Sealed(record));
+}
+
+void WmfEngine::PutBox(int function, const QRectF &box) {
+    MetafileBytes record = Record(Function(function));
+    record.I16(Limited(box.bottom())).I16(Limited(box.right()));
+    record.I16(Limited(box.top())).I16(Limited(box.left()));
+    Put(Sealed(record));
+}
+
+void WmfEngine::Open() {
+    PutWord(kSetMapMode, kAnisotropic);
+    MetafileBytes origin = Record(kSetWindowOrg), extent = Record(kSetWindowExt);
+    Put(Sealed(origin.I16(0).I16(0)));
+    Put(Sealed(extent.I16(Limited(Page().height())).I16(Limited(Page().width()))));
+    PutWord(kSetBkMode, kTransparent);
+    PutWord(kSetStretchBltMode, kColourOnColour);
+}
+
+void WmfEngine::Close() { Put(Sealed(Record(kEof))); }
+
+void WmfEngine::Create(int, const QByteArray &creation) { Put(creation); }
+void WmfEngine::Select(int slot) { PutWord(kSelectObject, slot); }
+void WmfEngine::Delete(int slot) { PutWord(kDeleteObject, slot); }
+void WmfEngine::Save() { Put(Sealed(Record(kSaveDc))); }
+void WmfEngine::Restore() { PutWord(kRestoreDc, -1); }
+
+// Regions don't follow the scale at which the file is shown, so a form is cut out by boxes around it.
+void WmfEngine::Clip(const QPainterPath &path) {
+    const std::optional<QRectF> box = PlainBox(path);
+    PutBox(kIntersectClipRect, box ? *box : path.boundingRect());
+    if (box) return;
+    for (const QRectF &outside : Outside(path, kTwipsPerPixel * Scale())) PutBox(kExcludeClipRect, outside);
+}
+
+void WmfEngine::Rectangle(const QRectF &box) { PutBox(kRectangle, box); }
+void WmfEngine::Ellipse(const QRectF &box) { PutBox(kEllipse, box); }
+
+void WmfEngine::Polygon(const QPolygonF &points) {
+    const QPolygonF written = Thinned(points);
+    MetafileBytes record = Record(kPolygon);
+    record.U16(unsigned(written.size()));
+    AddPoints(record, written);
+    Put(Sealed(record));
+}
+
+void WmfEngine::Polyline(const QPolygonF &points) {
+    if (NeedsPath(Pen())) return StrokePath({points});
+    for (qsizetype from = 0; from + 1 < points.size(); from += kMostPoints - 1) {
+        const QPolygonF part = points.mid(from, kMostPoints);
+        MetafileBytes record = Record(kPolyline);
+        record.U16(unsigned(part.size()));
+        AddPoints(record, part);
+        Put(Sealed(record));
+    }
+}
+
+void WmfEngine::FillPath(const QList<QPolygonF> &parts) {
+    ChooseShape(false, true);
+    if (parts.size() == 1) return Polygon(parts[0]);
+    MetafileBytes record = Record(kPolyPolygon);
+    record.U16(unsigned(parts.size()));
+    for (const QPolygonF &part : parts) record.U16(unsigned(Thinned(part).size()));
+    for (const QPolygonF &part : parts) AddPoints(record, Thinned(part));
+    Put(Sealed(record));
+}
+
+void WmfEngine::StrokePath(const QList<QPolygonF> &parts) {
+    ChooseShape(true, false);
+    for (const QPolygonF &part : parts) {
+        if (NeedsPath(Pen())) {
+            for (const QPolygonF &dash : Dashes(part, Pen())) {
+                MetafileBytes record = Record(kPolyline);
+                record.U16(unsigned(std::min(dash.size(), kMostPoints)));
+                AddPoints(record, dash.mid(0, kMostPoints));
+                Put(Sealed(record));
+            }
+        } else if (IsClosed(part)) {
+            Polygon(part);
+        } else {
+            Polyline(part);
+        }
+    }
+}
+
+void WmfEngine::Path(const QPainterPath &path) {
+    const QList<QPolygonF> parts = Flattened(path);
+    if (parts.isEmpty()) return;
+    const bool lined = Pen().style() != Qt::NoPen;
+    if (parts.size() == 1 && IsClosed(parts[0]) && !NeedsPath(Pen())) {
+        ChooseShape(lined, Filled());
+        return Polygon(parts[0]);
+    }
+    if (Filled()) FillPath(parts);
+    if (lined) StrokePath(parts);
+}
+
+void WmfEngine::Image(const QRectF &place, const MetafileDib &dib) {
+    MetafileBytes record = Record(kStretchDib);
+    record.U32(kCopyPixels).U16(0);
+    record.I16(dib.size.height()).I16(dib.size.width()).I16(0).I16(0);
+    const int left = Limited(place.left()), top = Limited(place.top());
+    record.I16(std::max(1, Limited(place.bottom()) - top)).I16(std::max(1, Limited(place.right()) - left));
+    record.I16(top).I16(left).Raw(dib.header).Raw(dib.bits);
+    Put(Sealed(record));
+}
+
+void WmfEngine::Text(const TextRun &run) {
+    QByteArray bytes = ToWindows1252(run.text);
+    std::vector<int> advances;
+    QByteArray written;
+    for (qsizetype i = 0; i < bytes.size(); ++i) {
+        if (bytes[i] != '\0') {
+            written.append(bytes[i]);
+            advances.push_back(run.advances[std::size_t(i)]);
+        } else if (!advances.empty()) {
+            advances.back() += run.advances[std::size_t(i)];
+        }
+    }
+    MetafileBytes record = Record(kExtTextOut);
+    record.I16(Limited(run.baseLine.y())).I16(Limited(run.baseLine.x()));
+    record.I16(int(written.size())).U16(run.rightToLeft ? kReadFromRight : 0).Raw(written).PadTo(2);
+    for (const int advance : advances) record.I16(Limited(advance));
+    Put(Sealed(record));
+}
+
+void WmfEngine::TextColour(QRgb colour) {
+    MetafileBytes record = Record(kSetTextColour);
+    Put(Sealed(record.U32(ColorRef(colour))));
+}
+
+void WmfEngine::TextAlign(int align) { PutWord(kSetTextAlign, kBaseLine | align); }
+void WmfEngine::FillMode(bool winding) { PutWord(kSetPolyFillMode, winding ? 2 : 1); }
+
+bool WmfEngine::NeedsPath(const QPen &pen) const {
+    return pen.style() >= Qt::DashLine && pen.style() <= Qt::CustomDashLine;
+}
+
+QByteArray WmfEngine::PenCreation(const QPen &pen) const {
+    MetafileBytes record = Record(kCreatePen);
+    record.U16(unsigned(StyleOf(pen))).I16(std::max(1, Limited(pen.widthF()))).I16(0);
+    return Sealed(record.U32(ColorRef(pen.color().rgb())));
+}
+
+QByteArray WmfEngine::BrushCreation(bool filled, QRgb colour) const {
+    MetafileBytes record = Record(kCreateBrush);
+    return Sealed(record.U16(filled ? 0 : kNullBrush).U32(filled ? ColorRef(colour) : 0).U16(0));
+}
+
+QByteArray WmfEngine::FontCreation(const Font &font, int height) const {
+    constexpr int kPlain = 400, kBold = 700;
+    MetafileBytes record = Record(kCreateFont);
+    record.I16(-Limited(height)).I16(0).I16(0).I16(0).I16(font.Bold() ? kBold : kPlain);
+    // The bars of underlined and struck out text are drawn; a second one in the font would lie beside them.
+    record.U8(font.Italic()).U8(0).U8(0).Zeros(5);
+    QByteArray face = ToWindows1252(font.Name()).left(kFaceBytes - 1);
+    face.append(kFaceBytes - face.size(), '\0');
+    return Sealed(record.Raw(face));
+}
+
+QByteArray WmfEngine::File() const {
+    MetafileBytes file;
+    file.U32(kPlaceableKey).U16(0).I16(0).I16(0).I16(Limited(Page().width())).I16(Limited(Page().height()));
+    file.U16(unsigned(unitsPerInch_)).U32(0);
+    unsigned sum = 0;
+    for (qsizetype i = 0; i < file.Size(); i += 2)
+        sum ^= unsigned(quint8(file.Bytes()[i])) | unsigned(quint8(file.Bytes()[i + 1])) << 8;
+    file.U16(sum);
+    file.U16(1).U16(kHeaderWords).U16(0x0300).U32(std::uint32_t(records_.Size() / 2 + kHeaderWords));
+    file.U16(unsigned(Objects().Most())).U32(longest_).U16(0);
+    return file.Raw(records_.Bytes()).Bytes();
+}
+
+} // namespace diagram

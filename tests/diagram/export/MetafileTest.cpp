@@ -1,0 +1,330 @@
+#include "diagram/export/Export.h"
+#include "diagram/export/MetafileText.h"
+#include "diagram/model/Surface.h"
+#include "diagram/shapes/Shapes.h"
+#include "MetafileReader.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+#include <set>
+
+namespace diagram {
+
+namespace {
+
+QByteArray WmfText(const QByteArray &body) { return body.mid(8, At<qint16>(body, 4)); }
+
+QString EmfText(const QByteArray &body) {
+    QString text;
+    for (quint32 i = 0; i < At<quint32>(body, 36); ++i)
+        text += QChar(At<quint16>(body, 68 + qsizetype(i) * 2));
+    return text;
+}
+
+// Of everything something.
+void Fill(Surface &surface) {
+    Node *before = nullptr;
+    int i = 0;
+    for (const ShapeRow &row : ShapeTable()) {
+        Node &node = surface.Nodes().Add(float(i % 8 * 1800), float(i / 8 * 1200), 1200, 750);
+        node.SetShape(row.value);
+        node.SetShapeOrientation(i % 4);
+        node.SetShadow(i % 5);
+        node.SetDrawStyle(i % 7);
+        node.SetDrawWidth(float(1 + i % 3));
+        node.SetFillColor(support::Rgb(255 - i, 200 + i, 3 * i));
+        node.SetFont(Font(QStringLiteral("Arial"), 6 + i % 9, i % 2, i % 3 == 0));
+        node.SetText(QLatin1String(row.name));
+        if (before) {
+            Link &link = before->Links().Add(node);
+            link.SetStyle(i % 15);
+            link.SetArrowDest(i % 33);
+            link.SetText(QStringLiteral("label"));
+        }
+        before = &node;
+        ++i;
+    }
+}
+
+Node &OneNode(Surface &surface) {
+    Node &node = surface.Nodes().Add(0, 0, 1500, 750);
+    node.SetDrawWidth(1);
+    return node;
+}
+
+Played Wmf(Surface &surface) { return ReadWmf(ExportMetafile(surface, MetafileKind::Wmf)); }
+Played Emf(Surface &surface) { return ReadEmf(ExportMetafile(surface, MetafileKind::Emf)); }
+
+QImage HalfClear() {
+    QImage image(10, 6, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    for (int x = 0; x < 10; ++x) image.setPixel(x, 0, qRgb(10, 20, 30));
+    return image;
+}
+
+} // namespace
+
+TEST(Metafile, Wmf_IsWholeAndLeaksNoSlot) {
+    Surface surface;
+    Fill(surface);
+    const Played played = Wmf(surface);
+    ASSERT_TRUE(played.good);
+    ExpectSlotsKept(played, true);
+    EXPECT_EQ(played.unitsPerInch, 1440);
+}
+
+TEST(Metafile, Emf_IsWholeAndLeaksNoSlot) {
+    Surface surface;
+    Fill(surface);
+    const Played played = Emf(surface);
+    ASSERT_TRUE(played.good);
+    ExpectSlotsKept(played, false);
+    EXPECT_NEAR(played.unitsPerInch, 1440, 1);
+    EXPECT_GT(played.Count(88), 10); // curves
+}
+
+TEST(Metafile, ManyColours_ReuseSlots) {
+    Surface surface;
+    for (int i = 0; i < 500; ++i)
+        surface.Nodes().Add(100 * float(i), 0, 50, 50).SetFillColor(support::Rgb(i % 250, i / 2, 9));
+    for (const MetafileKind kind : {MetafileKind::Wmf, MetafileKind::Emf}) {
+        const bool wmf = kind == MetafileKind::Wmf;
+        const Played played = wmf ? Wmf(surface) : Emf(surface);
+        ASSERT_TRUE(played.good);
+        ExpectSlotsKept(played, wmf);
+        EXPECT_GE(played.Count(wmf ? 0x02FC : 39), 500);
+        EXPECT_LE(played.objects, 65);
+    }
+}
+
+TEST(Metafile, APlainNode_IsOneRectangleAndOneText) {
+    Surface surface;
+    OneNode(surface).SetText(QStringLiteral("Hello"));
+    const Played wmf = Wmf(surface), emf = Emf(surface);
+    EXPECT_EQ(wmf.Count(0x041B), 2); // the page and the node
+    EXPECT_EQ(emf.Count(43), 2);
+    ASSERT_EQ(wmf.Count(0x0A32), 1);
+    ASSERT_EQ(emf.Count(84), 1);
+    EXPECT_EQ(WmfText(wmf.Of(0x0A32)[0]), "Hello");
+    EXPECT_EQ(EmfText(emf.Of(84)[0]), QStringLiteral("Hello"));
+    const QByteArray box = wmf.Of(0x041B)[1]; // bottom, right, top, left
+    EXPECT_NEAR(At<qint16>(box, 2) - At<qint16>(box, 6), 1500, 1);
+    EXPECT_NEAR(At<qint16>(box, 0) - At<qint16>(box, 4), 750, 1);
+}
+
+TEST(Metafile, ThePage_IsTheExtentAndItsMargin) {
+    Surface surface;
+    surface.Nodes().Add(1000, 1000, 1200, 600).SetDrawWidth(0);
+    ExportOptions options;
+    options.margin = 400;
+    const Played wmf = ReadWmf(ExportMetafile(surface, MetafileKind::Wmf, options));
+    const Played emf = ReadEmf(ExportMetafile(surface, MetafileKind::Emf, options));
+    EXPECT_NEAR(wmf.page.width(), 2000, 80);
+    EXPECT_NEAR(wmf.page.height(), 1400, 80);
+    EXPECT_EQ(wmf.page, emf.page);
+    const QByteArray extent = wmf.Of(0x020C)[0];
+    EXPECT_EQ(QSize(At<qint16>(extent, 2), At<qint16>(extent, 0)), wmf.page);
+}
+
+TEST(Metafile, AHugeSurface_IsScaledIntoSixteenBits) {
+    Surface surface;
+    surface.Nodes().Add(0, 0, 10000, 10000);
+    surface.Nodes().Add(1e6f, 0, 10000, 10000).SetText(QStringLiteral("far"));
+    const Played wmf = Wmf(surface), emf = Emf(surface);
+    ASSERT_TRUE(wmf.good && emf.good);
+    EXPECT_LE(wmf.page.width(), 32767);
+    EXPECT_NEAR(wmf.page.width() / wmf.unitsPerInch, emf.page.width() / 1440.0, 8);
+    const QByteArray last = wmf.Of(0x041B)[2];
+    EXPECT_GT(At<qint16>(last, 6), 29000);
+    EXPECT_NEAR(emf.page.width(), 1010000 + 300, 200);
+}
+
+TEST(Metafile, Fonts_HaveSizeWeightAndSlant) {
+    Surface surface;
+    Node &node = OneNode(surface);
+    node.SetText(QStringLiteral("t"));
+    node.SetFont(Font(QStringLiteral("Courier New"), 12, true, true));
+    const QByteArray wmf = Wmf(surface).Of(0x02FB).at(0), emf = Emf(surface).Of(82).at(0);
+    EXPECT_EQ(At<qint16>(wmf, 0), -240);
+    EXPECT_EQ(At<qint16>(wmf, 8), 700);
+    EXPECT_EQ(wmf[10], 1);
+    EXPECT_STREQ(wmf.constData() + 18, "Courier New");
+    EXPECT_EQ(At<qint32>(emf, 4), -240);
+    EXPECT_EQ(At<qint32>(emf, 20), 700);
+    EXPECT_EQ(emf[24], 1);
+    EXPECT_EQ(At<quint16>(emf, 32), u'C');
+}
+
+TEST(Metafile, UnderlinedAndStruckOutText_HasItsBarsOnce) {
+    Surface surface;
+    Node &node = OneNode(surface);
+    node.SetText(QStringLiteral("t"));
+    node.SetFont(Font(QStringLiteral("Arial"), 12, false, false, true, true));
+    const Played wmf = Wmf(surface), emf = Emf(surface);
+    EXPECT_EQ(wmf.Count(0x041B), 4);
+    EXPECT_EQ(emf.Count(43), 4);
+    EXPECT_EQ(wmf.Of(0x02FB).at(0).mid(11, 2), QByteArray(2, '\0'));
+}
+
+TEST(Metafile, Dashes_AreSingleLinesOrThePens) {
+    Surface surface;
+    Node &node = OneNode(surface);
+    EXPECT_EQ(Wmf(surface).Count(0x0325), 0);
+    node.SetDrawStyle(1);
+    const Played wmf = Wmf(surface);
+    const int thin = wmf.Count(0x0325);
+    EXPECT_NEAR(thin, 2 * (1500 + 750) / (6 * 15), 2);
+    node.SetDrawWidth(3);
+    EXPECT_NEAR(Wmf(surface).Count(0x0325), thin / 3.0, 2);
+    const std::vector<QByteArray> pens = Emf(surface).Of(95);
+    EXPECT_TRUE(std::any_of(pens.begin(), pens.end(),
+                            [](const QByteArray &pen) { return At<quint32>(pen, 20) % 16 == 1; }));
+}
+
+TEST(Metafile, TextInBothDirections_HasAdvancesThatAddUpToItsWidth) {
+    Surface surface;
+    OneNode(surface).SetText(QString::fromUtf8("abc \u05E9\u05DC\u05D5\u05DD 12"));
+    const QByteArray body = Emf(surface).Of(84).at(0);
+    const quint32 count = At<quint32>(body, 36), advances = At<quint32>(body, 64) - 8;
+    ASSERT_EQ(count, 11u);
+    int sum = 0;
+    for (quint32 i = 0; i < count; ++i) {
+        const int advance = At<qint32>(body, qsizetype(advances + 4 * i));
+        EXPECT_GT(advance, 0);
+        EXPECT_LT(advance, 200);
+        sum += advance;
+    }
+    EXPECT_LT(sum, 1500);
+    EXPECT_GT(sum, 500);
+}
+
+TEST(Metafile, Text_KeepsWhatTheKindCanHold) {
+    Surface surface;
+    OneNode(surface).SetText(QString::fromUtf8("\u20AC\u00E9\u0107\u4E2D"));
+    EXPECT_EQ(WmfText(Wmf(surface).Of(0x0A32).at(0)), QByteArray("\x80\xE9"
+                                                                 "c?"));
+    EXPECT_EQ(EmfText(Emf(surface).Of(84).at(0)), QString::fromUtf8("\u20AC\u00E9\u0107\u4E2D"));
+}
+
+TEST(Metafile, PairsOfUnits_AreOneByteInTheCodePage) {
+    EXPECT_EQ(ToWindows1252(QString::fromUtf8("a\U0001F600b")), QByteArray("a?\0b", 4));
+    Surface surface;
+    OneNode(surface).SetText(QString::fromUtf8("a\U0001F600b"));
+    EXPECT_EQ(WmfText(Wmf(surface).Of(0x0A32).at(0)), "a?b");
+}
+
+TEST(Metafile, Pictures_AreEmbeddedOnTheColourBehindThem) {
+    Surface surface;
+    Node &node = OneNode(surface);
+    node.SetFillColor(support::Rgb(200, 100, 50));
+    node.SetPicture(Picture::FromImage(HalfClear()));
+    const Played emf = Emf(surface);
+    ASSERT_EQ(emf.Count(81), 1);
+    const QByteArray dib = emf.Of(81)[0].mid(72); // header and bits
+    EXPECT_EQ(At<qint32>(dib, 4), 10);
+    EXPECT_EQ(At<qint32>(dib, 8), 6);
+    EXPECT_EQ(dib.mid(40, 3), QByteArray("\x32\x64\xC8", 3));       // lowest row: blue, green, red
+    EXPECT_EQ(dib.mid(40 + 5 * 32, 3), QByteArray("\x1E\x14\x0A")); // topmost
+    const Played wmf = Wmf(surface);
+    ASSERT_EQ(wmf.Count(0x0F43), 1);
+    EXPECT_EQ(wmf.Of(0x0F43)[0].mid(22), dib);
+}
+
+TEST(Metafile, LargePictures_AreNoFinerThanShows) {
+    QImage image(3000, 3000, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    Surface surface;
+    Node &node = OneNode(surface);
+    node.SetAutoSize(1);
+    node.SetPicture(Picture::FromImage(image));
+    const Played emf = Emf(surface);
+    ASSERT_EQ(emf.Count(81), 1);
+    EXPECT_LE(At<qint32>(emf.Of(81)[0].mid(72), 4), 3 * 1500 / 15 + 3);
+}
+
+TEST(Metafile, Clips_AreSavedAndRestored) {
+    Surface surface;
+    Node &node = OneNode(surface);
+    node.SetShape(FindShape(2) ? 2 : 1);
+    node.SetText(QStringLiteral("one\ntwo\nthree\nfour\nfive\nsix\nseven\neight\nnine"));
+    const Played wmf = Wmf(surface), emf = Emf(surface);
+    EXPECT_EQ(wmf.Count(0x0416), 1);
+    EXPECT_EQ(wmf.Count(0x001E), 2);
+    EXPECT_EQ(wmf.Count(0x0127), 2);
+    EXPECT_EQ(emf.Count(30), 1);
+    EXPECT_EQ(emf.Count(33), 2);
+    EXPECT_EQ(emf.Count(34), 2);
+}
+
+TEST(Metafile, FormsAsClips_ArePathsOrBoxesAround) {
+    Surface surface;
+    for (const ShapeRow &row : ShapeTable()) {
+        Node &node = surface.Nodes().Add(0, 1000 * float(row.value), 1500, 750);
+        node.SetShape(row.value);
+        node.SetDrawStyle(6);
+    }
+    const Played wmf = Wmf(surface), emf = Emf(surface);
+    EXPECT_GT(emf.Count(67), 10);
+    EXPECT_EQ(emf.Count(59), emf.Count(60));
+    EXPECT_EQ(wmf.Count(0x0416), emf.Count(67) + emf.Count(30));
+    EXPECT_GT(wmf.Count(0x0415), wmf.Count(0x0416));
+    ExpectSlotsKept(wmf, true);
+    ExpectSlotsKept(emf, false);
+}
+
+TEST(Metafile, ShadowsAreMixedWithThePaper) {
+    Surface surface;
+    surface.SetBackColor(support::Rgb(0, 0, 255));
+    OneNode(surface).SetShadow(1);
+    std::set<quint32> colours;
+    for (const QByteArray &brush : Wmf(surface).Of(0x02FC)) colours.insert(At<quint32>(brush, 2));
+    EXPECT_TRUE(colours.count(0x00FF0000));
+    EXPECT_TRUE(std::any_of(colours.begin(), colours.end(),
+                            [](quint32 c) { return c > 0x00A00000 && c < 0x00D00000 && c % 0x10000 == 0; }));
+}
+
+TEST(Metafile, HiddenItems_AreLeftOut) {
+    Surface surface;
+    OneNode(surface).SetText(QStringLiteral("seen"));
+    Node &hidden = OneNode(surface);
+    hidden.SetText(QStringLiteral("secret"));
+    hidden.SetHidden(true);
+    EXPECT_EQ(Emf(surface).Count(84), 1);
+    EXPECT_EQ(Wmf(surface).Count(0x0A32), 1);
+}
+
+TEST(Metafile, AnEmptySurface_GivesAnEmptyPage) {
+    Surface surface;
+    EXPECT_TRUE(Wmf(surface).good);
+    EXPECT_TRUE(Emf(surface).good);
+}
+
+TEST(Metafile, LongTexts_AreCutIntoRecords) {
+    Surface surface;
+    surface.Nodes().Add(0, 0, 4000000, 750).SetText(QString(20000, u'x'));
+    const Played emf = Emf(surface), wmf = Wmf(surface);
+    ASSERT_TRUE(emf.good && wmf.good);
+    QString text;
+    for (const QByteArray &body : emf.Of(84)) text += EmfText(body);
+    EXPECT_EQ(text, QString(20000, u'x'));
+    EXPECT_EQ(wmf.Count(0x0A32), 3);
+}
+
+TEST(Metafile, Files_AreWrittenByTheirEnding) {
+    QTemporaryDir folder;
+    Surface surface;
+    Fill(surface);
+    for (const char *name : {"a.wmf", "b.EMF"}) {
+        const QString path = folder.filePath(QLatin1String(name));
+        ExportPictureFile(surface, path);
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_TRUE(path.endsWith(QLatin1String("wmf")) ? ReadWmf(file.readAll()).good
+                                                        : ReadEmf(file.readAll()).good);
+    }
+}
+
+} // namespace diagram
