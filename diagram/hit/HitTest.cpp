@@ -1,5 +1,6 @@
 #include "diagram/hit/HitTest.h"
 
+#include "diagram/geometry/Polyline.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/scene/Scene.h"
@@ -12,8 +13,6 @@
 namespace diagram {
 
 namespace {
-
-double Distance(const QPointF &a, const QPointF &b) { return std::hypot(a.x() - b.x(), a.y() - b.y()); }
 
 double DistanceToPiece(const QPointF &point, const QPointF &from, const QPointF &to) {
     const QPointF way = to - from, apart = point - from;

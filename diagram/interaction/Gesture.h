@@ -16,6 +16,7 @@ public:
     // Pixels that the viewport's left top corner lies away from the surface's origin.
     virtual QPointF ScrollOffset() const = 0;
     virtual void SetScrollOffset(const QPointF &pixels) = 0;
+    virtual QRectF Seen() const = 0; // of the surface, twips
     // Tells the user something in passing, as a status bar does.
     virtual void Tell(Hint hint) = 0;
 };

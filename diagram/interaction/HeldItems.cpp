@@ -57,6 +57,18 @@ void HeldItems::RestoreBends(Surface &surface) const {
     }
 }
 
+void HeldItems::MoveBy(Surface &surface, const QPointF &distance) const {
+    RestoreBends(surface);
+    const auto dx = float(distance.x());
+    const auto dy = float(distance.y());
+    for (const HeldNode &held : nodes_) {
+        const NodeData &from = held.data;
+        if (Node *node = surface.FindNode(held.id))
+            node->SetBounds(from.left + dx, from.top + dy, from.width, from.height);
+    }
+    MoveInnerLinks(surface, distance);
+}
+
 void HeldItems::MoveInnerLinks(Surface &surface, const QPointF &distance) const {
     for (const HeldLink &held : links_) {
         Link *link = held.inner ? surface.FindLink(held.id) : nullptr;

@@ -37,6 +37,8 @@ public:
     // The bends that the user made, as they were: the route that follows from them then never depends on the
     // one before.
     void RestoreBends(Surface &surface) const;
+    // Everything where it was, moved by the distance (twips); the links that lead away follow.
+    void MoveBy(Surface &surface, const QPointF &distance) const;
     // Gives the links between held nodes their ways at the start, moved as a whole (twips). Call it after
     // moving the nodes.
     void MoveInnerLinks(Surface &surface, const QPointF &distance) const;

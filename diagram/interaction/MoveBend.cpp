@@ -11,6 +11,14 @@ namespace {
 // The bends are the user's from then on.
 void Stretch(Link &link, std::vector<Point> way) { link.Points().Assign(std::move(way)); }
 
+// Without points the link is routed when it is looked at next.
+void GiveToRouter(Link &link) {
+    LinkData data = link.Data();
+    data.ownBends = false;
+    data.points.clear();
+    link.Owner().Overwrite(link, std::move(data));
+}
+
 } // namespace
 
 MoveBend::MoveBend(Surface &surface, Link &link, Grip grip, int index)
@@ -51,7 +59,7 @@ void RemoveBend(Link &link, int index) {
     if (HasFreeBends(link.Style()))
         link.Points().Remove(index);
     else
-        link.SetOwnBends(false);
+        GiveToRouter(link);
     surface.Events().AfterStretch(surface);
 }
 

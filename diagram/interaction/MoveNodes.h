@@ -3,26 +3,30 @@
 
 #include "diagram/interaction/Gesture.h"
 #include "diagram/interaction/HeldItems.h"
+#include "diagram/interaction/Snapping.h"
 
 namespace diagram {
 
-// With snapping on, the node that was pressed goes to the grid and the others keep their distance from it.
+// The selection as a whole is drawn to guides; with none near and the grid on, the node that was pressed goes
+// to the grid and the others keep their distance from it. Shift keeps the move on one axis.
 class MoveNodes : public Gesture {
 public:
-    MoveNodes(Surface &surface, Node &pressed, const PointerInput &press);
+    MoveNodes(Scene &scene, const Stage &stage, Node &pressed, const PointerInput &press);
 
     std::unique_ptr<Gesture> Move(const PointerInput &input) override;
     void Commit(const PointerInput &input) override; // AfterMove
     void Cancel() override;
+    void Show(Overlay &overlay) const override { snapping_.Show(overlay); }
     Qt::CursorShape Pointer() const override { return Qt::SizeAllCursor; }
 
 private:
-    QPointF Distance(const PointerInput &input) const;
-    void Apply(const QPointF &distance);
+    QPointF Distance(const PointerInput &input);
 
     Surface &surface_;
     PointerInput press_;
     HeldItems held_;
+    Snapping snapping_;
+    QRectF extent_;  // of all of them at the press
     QPointF corner_; // left top of the pressed node at the press
 };
 

@@ -2,11 +2,20 @@
 
 namespace diagram {
 
+namespace {
+
+// Never empty, so that it counts in a union.
+QRectF BoxOf(const QLineF &line) { return QRectF(line.p1(), line.p2()).normalized().adjusted(-1, -1, 1, 1); }
+
+} // namespace
+
 QRectF Overlay::Bounds() const {
     QRectF all = band | sizeUnder;
     if (!ghost.isEmpty()) all |= ghost.controlPointRect();
     if (!target.isEmpty()) all |= target.controlPointRect();
-    if (line) all |= QRectF(line->p1(), line->p2()).normalized().adjusted(-1, -1, 1, 1);
+    if (line) all |= BoxOf(*line);
+    for (const QLineF &guide : guides) all |= BoxOf(guide);
+    for (const QLineF &gap : gaps) all |= BoxOf(gap);
     if (linkStart) all |= QRectF(*linkStart - QPointF(1, 1), QSizeF(2, 2));
     return all;
 }

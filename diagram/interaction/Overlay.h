@@ -7,6 +7,7 @@
 #include <QPointF>
 #include <QRectF>
 #include <QString>
+#include <vector>
 
 namespace diagram {
 
@@ -20,6 +21,8 @@ struct Overlay {
     QPainterPath target;              // outline of the node that the link would join
     std::optional<QPointF> linkStart; // the place from where a link can be dragged
     bool onLinkStart = false;         // the pointer is on it
+    std::vector<QLineF> guides;       // along edges and middles that are in line
+    std::vector<QLineF> gaps;         // across distances that are equal
 
     // Holds everything but the size's text.
     QRectF Bounds() const;

@@ -1,5 +1,6 @@
 #include "diagram/interaction/Press.h"
 
+#include "diagram/interaction/CopyNodes.h"
 #include "diagram/interaction/DrawLink.h"
 #include "diagram/interaction/DrawNode.h"
 #include "diagram/interaction/MoveBend.h"
@@ -39,18 +40,20 @@ std::unique_ptr<Gesture> OnSurface(const DragStart &start) {
 
 std::unique_ptr<Gesture> OnNode(const DragStart &start) {
     if (!start.node) return nullptr;
+    if (start.press.Ctrl())
+        return std::make_unique<CopyNodes>(start.scene, start.stage, *start.node, start.press);
     if (!start.node->Selected()) SelectToo(*start.node);
-    return std::make_unique<MoveNodes>(start.scene.Model(), *start.node, start.press);
+    return std::make_unique<MoveNodes>(start.scene, start.stage, *start.node, start.press);
 }
 
 std::unique_ptr<Gesture> OnLinkStart(const DragStart &start) {
-    if (!start.node) return nullptr;
+    if (!start.node || start.press.Ctrl()) return OnNode(start);
     return std::make_unique<DrawLink>(start.scene, start.stage, *start.node);
 }
 
 std::unique_ptr<Gesture> OnHandle(const DragStart &start) {
     if (!start.node) return nullptr;
-    return std::make_unique<ResizeNodes>(start.scene.Model(), *start.node, start.index, start.press);
+    return std::make_unique<ResizeNodes>(start.scene, start.stage, *start.node, start.index, start.press);
 }
 
 std::unique_ptr<Gesture> OnSegment(const DragStart &start) {

@@ -2,6 +2,7 @@
 
 #include "diagram/edit/History.h"
 #include "diagram/interaction/Snap.h"
+#include "diagram/scene/Scene.h"
 
 #include <array>
 
@@ -27,6 +28,8 @@ constexpr std::array<HandleRow, 8> kHandles{{
 }};
 
 const HandleRow &Row(int handle) { return kHandles.at(size_t(handle)); }
+
+Moving SideOf(int side) { return side == 0 ? Moving::Nothing : (side < 0 ? Moving::Low : Moving::High); }
 
 double Factor(double after, double before) { return before > 0 ? after / before : 1; }
 
@@ -76,22 +79,33 @@ QRectF ResizedInProportion(const QRectF &box, int handle, const QRectF &before, 
     return {qMax(x.start, qMin(0.0, box.left())), qMax(y.start, qMin(0.0, box.top())), x.length, y.length};
 }
 
-ResizeNodes::ResizeNodes(Surface &surface, Node &pressed, int handle, const PointerInput &press)
-    : surface_(surface),
+ResizeNodes::ResizeNodes(Scene &scene, const Stage &stage, Node &pressed, int handle,
+                         const PointerInput &press)
+    : surface_(scene.Model()),
       press_(press),
-      held_(surface.SelectedNodes()),
+      held_(surface_.SelectedNodes()),
+      snapping_(scene, stage, &held_),
       pressed_(pressed.Id()),
       box_(pressed.Bounds()),
       handle_(handle) {}
 
-QRectF ResizeNodes::Box(const PointerInput &input) const {
+QPointF ResizeNodes::OnGrid(const QPointF &distance) const {
+    const HandleRow &row = Row(handle_);
+    const QPointF side(row.x < 0 ? box_.left() : box_.right(), row.y < 0 ? box_.top() : box_.bottom());
+    return SnapPoint(surface_, side + distance) - side;
+}
+
+QRectF ResizeNodes::Box(const PointerInput &input) {
+    const Moving x = SideOf(Row(handle_).x);
+    const Moving y = SideOf(Row(handle_).y);
     QPointF distance = input.at - press_.at;
-    if (Snaps(surface_, input)) {
-        const HandleRow &row = Row(handle_);
-        const QPointF side(row.x < 0 ? box_.left() : box_.right(), row.y < 0 ? box_.top() : box_.bottom());
-        distance = SnapPoint(surface_, side + distance) - side;
-    }
-    return ResizedBox(box_, handle_, distance, input.Shift());
+    if (!input.Shift())
+        distance = snapping_.Resize(box_, x, y, distance, input);
+    else if (Snaps(surface_, input))
+        distance = OnGrid(distance);
+    const QRectF box = ResizedBox(box_, handle_, distance, input.Shift());
+    snapping_.Note(box, x, y, input);
+    return box;
 }
 
 void ResizeNodes::Apply(const QRectF &box) {
@@ -126,6 +140,7 @@ void ResizeNodes::Cancel() { held_.Restore(surface_); }
 void ResizeNodes::Show(Overlay &overlay) const {
     overlay.size = SizeText(shown_.size());
     overlay.sizeUnder = shown_;
+    snapping_.Show(overlay);
 }
 
 Qt::CursorShape ResizeNodes::Pointer() const { return HandlePointer(handle_); }

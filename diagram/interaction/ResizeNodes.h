@@ -3,6 +3,7 @@
 
 #include "diagram/interaction/Gesture.h"
 #include "diagram/interaction/HeldItems.h"
+#include "diagram/interaction/Snapping.h"
 
 #include <vector>
 
@@ -18,10 +19,11 @@ QRectF ResizedBox(const QRectF &box, int handle, const QPointF &distance, bool k
 // in place.
 QRectF ResizedInProportion(const QRectF &box, int handle, const QRectF &before, const QRectF &after);
 
-// All selected nodes change by the factors of the one whose handle is dragged. Shift keeps its aspect.
+// All selected nodes change by the factors of the one whose handle is dragged, and whose sides are drawn to
+// guides and to the grid. Shift keeps its aspect; then nothing draws it but the grid.
 class ResizeNodes : public Gesture {
 public:
-    ResizeNodes(Surface &surface, Node &pressed, int handle, const PointerInput &press);
+    ResizeNodes(Scene &scene, const Stage &stage, Node &pressed, int handle, const PointerInput &press);
 
     std::unique_ptr<Gesture> Move(const PointerInput &input) override;
     void Commit(const PointerInput &input) override; // AfterResize
@@ -30,12 +32,14 @@ public:
     Qt::CursorShape Pointer() const override;
 
 private:
-    QRectF Box(const PointerInput &input) const;
+    QRectF Box(const PointerInput &input);
+    QPointF OnGrid(const QPointF &distance) const;
     void Apply(const QRectF &box);
 
     Surface &surface_;
     PointerInput press_;
     HeldItems held_;
+    Snapping snapping_;
     ItemId pressed_;
     QRectF box_; // of the pressed node at the press
     QRectF shown_;

@@ -21,6 +21,9 @@ public:
     virtual void SurfaceChanged(Change) {} // Text: texts are measured by another rule now
     // All content was replaced or removed at once; forget every item.
     virtual void Cleared() {}
+    // Before a step is taken back or repeated. The one place where an observer writes to the model: what it
+    // has written for the time being, outside of groups, must be taken back now.
+    virtual void BeforeUndo() {}
 };
 
 // Told before each write. Groups nest: the outermost is the step.

@@ -57,7 +57,8 @@ private:
     Surface *surface_;
     ItemId id_;
     ItemKind kind_;
-    bool doomed_ = false; // about to be removed with many others
+    bool doomed_ = false;    // about to be removed with many others
+    bool restacked_ = false; // came in, or got another key, since the items were sorted last
 };
 
 } // namespace diagram

@@ -25,8 +25,8 @@ struct LinkData {
     support::Colour lineColor = support::kBlack;
     StackKey stack = 0;
     std::uint8_t style = 0;
-    std::uint8_t arrowSource = 0, arrowDest = 3, arrowMiddle = 0;
-    std::uint8_t arrowSizeSource = 0, arrowSizeDest = 0, arrowSizeMiddle = 0;
+    std::uint8_t arrowSource = 0, arrowDest = 5, arrowMiddle = 0;
+    std::uint8_t arrowSizeSource = 1, arrowSizeDest = 1, arrowSizeMiddle = 1;
     std::uint8_t drawStyle = 0;
     std::uint8_t jumpStyle = 0;
     bool hidden = false;

@@ -48,7 +48,7 @@ public:
     // for a node of another surface.
     Link &Add(Node &destination);
     int Count() const;
-    Link &Item(int position) const;       // from 0; error 9 "Subscript out of range"
+    Link &Item(int position) const;       // from 1; error 9 "Subscript out of range"
     Link &Item(const QString &key) const; // error 5 "Invalid procedure call or argument"
     // Takes the link out of the surface.
     void Remove(const QString &key);

@@ -12,11 +12,11 @@ Link &NodeLinks::Add(Node &destination) {
 int NodeLinks::Count() const { return int(node_->links_.size()); }
 
 Link &NodeLinks::Item(int position) const {
-    if (position < 0 || position >= Count()) {
+    if (position < 1 || position > Count()) {
         throw support::Error(support::kErrSubscriptOutOfRange, QStringLiteral("Links"),
                              QStringLiteral("Subscript out of range"));
     }
-    return *node_->links_[std::size_t(position)];
+    return *node_->links_[std::size_t(position) - 1];
 }
 
 Link &NodeLinks::Item(const QString &key) const {

@@ -104,11 +104,21 @@ void Surface::CancelAction() {
 }
 bool Surface::CanUndo() const { return log_ && log_->CanUndo(); }
 bool Surface::CanRedo() const { return log_ && log_->CanRedo(); }
-void Surface::Undo() {
-    if (log_) log_->Undo();
+void Surface::PrepareUndo() {
+    if (log_->Depth() > 0) return; // an error then
+    for (SurfaceObserver *observer : observers_) observer->BeforeUndo();
 }
+
+void Surface::Undo() {
+    if (!log_) return;
+    PrepareUndo();
+    log_->Undo();
+}
+
 void Surface::Redo() {
-    if (log_) log_->Redo();
+    if (!log_) return;
+    PrepareUndo();
+    log_->Redo();
 }
 
 QRectF Surface::Extent() const {

@@ -58,8 +58,8 @@ public:
     // A node with the surface's defaults, on top of the stacking. Error 380 for a size below 0 or what is no
     // number.
     Node &Add(float left, float top, float width, float height);
-    Node &Item(const QString &key)
-        const; // constant time; error 5 "Invalid procedure call or argument" for an unknown key
+    // Constant time; error 5 "Invalid procedure call or argument" for an unknown key.
+    Node &Item(const QString &key) const;
     Node &Item(int position) const;       // from 1, in the order of adding; error 9 "Subscript out of range"
     Node *Find(const QString &key) const; // null instead of the error
     int Count() const;
@@ -143,9 +143,9 @@ public:
     float xScroll() const { return xScroll_; } // twips
     float yScroll() const { return yScroll_; }
     void SetScroll(float x, float y) { xScroll_ = x, yScroll_ = y; }
-    const diagram::Font &Font() const {
-        return font_;
-    } // the surface's own font, shown when nothing is selected
+    // The surface's own font: shown when nothing
+    // is selected.
+    const diagram::Font &Font() const { return font_; }
     void SetFont(const diagram::Font &font) { font_ = font; }
 
     // Groups of changes: one group is one step of undo. Groups nest; only the outermost counts.
@@ -167,7 +167,8 @@ public:
     // Removes what is selected, in a group of its own; one step.
     void DeleteSelection();
 
-    // All items from the lowest to the highest. Costs a sort after a change of stacking.
+    // All items from the lowest to the highest. The first call after changes of stacking puts the items that
+    // changed in their places.
     const std::vector<Item *> &StackingOrder() const;
     // Restacks at once: the items named stand in ascending order of `position` at just these positions as far
     // as the others leave room; the others keep their order.
@@ -215,6 +216,7 @@ private:
     void ReplaceKey(Node &node, const QString &key);
 
     bool Recording() const;
+    void PrepareUndo();
     // Each stands before a write: the log gets the values, of a link with its way up to date.
     void Record(const Node &node);
     void Record(Link &link);
@@ -232,12 +234,13 @@ private:
 
     void NoteStacked(Item &item);
     void NoteRestacked(Item &item);
+    bool MayBeAtEnd(const Item &item, StackKey outermost) const;
     void SetStackPosition(Item &item, int position);
     int StackPosition(const Item &item) const;
     void BringToFront(Item &item);
     void SendToBack(Item &item);
     void WriteStack(Item &item, StackKey key);
-    void SpreadKeys();
+    void SpreadKeys(const std::vector<Item *> &order);
     void Select(Item &item, bool on);
 
     std::vector<std::unique_ptr<Node>> nodes_; // by id, which is the order of adding
@@ -245,15 +248,15 @@ private:
     QHash<QString, Node *> byKey_;
     std::vector<Node *> selectedNodes_;
     std::vector<Link *> selectedLinks_;
-    mutable std::vector<Item *> stacking_;
-    mutable bool stackingStale_ = false;
+    mutable std::vector<Item *> stacking_;  // sorted, but for those of restacked_
+    mutable std::vector<Item *> restacked_; // to be put in their places when the order is read
     SurfaceData data_;
     std::vector<SurfaceObserver *> observers_;
     std::unique_ptr<ChangeLog> log_;
     SurfaceEvents *events_;
     TextMeasure *measure_ = nullptr;
     ItemId nextId_ = 1;
-    StackKey topStack_ = 0;
+    StackKey topStack_ = 0, bottomStack_ = 0; // no key lies beyond
     int index_ = 0;
     diagram::Font font_;
     float width_ = 0, height_ = 0;

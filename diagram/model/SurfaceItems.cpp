@@ -177,6 +177,7 @@ void Surface::Take(const std::vector<Link *> &links, const std::vector<Node *> &
     std::erase_if(selectedNodes_, isDoomed);
     std::erase_if(selectedLinks_, isDoomed);
     std::erase_if(stacking_, isDoomed);
+    std::erase_if(restacked_, isDoomed);
 
     const auto takeFrom = [](auto &items) {
         std::remove_reference_t<decltype(items)> gone;
@@ -210,6 +211,7 @@ void Surface::Reset() {
     selectedNodes_.clear();
     selectedLinks_.clear();
     stacking_.clear();
+    restacked_.clear();
     byKey_.clear();
     // Observers must not be left with items that are gone, nor be told while items still stand.
     const auto links = std::exchange(links_, {});

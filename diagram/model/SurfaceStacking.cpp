@@ -1,5 +1,6 @@
 // The stacking of a surface. Each item has a key, with gaps between the keys, so that moving one item writes
 // one item.
+#include "diagram/model/AnyItem.h"
 #include "diagram/model/Surface.h"
 
 #include <algorithm>
@@ -7,39 +8,33 @@
 
 namespace diagram {
 
-namespace {
-
-bool LiesBelow(const Item *a, const Item *b) {
-    return std::pair(a->Stack(), a->Id()) < std::pair(b->Stack(), b->Id());
-}
-
-} // namespace
-
 const std::vector<Item *> &Surface::StackingOrder() const {
-    if (!stackingStale_) return stacking_;
-    stacking_.clear();
-    stacking_.reserve(nodes_.size() + links_.size());
-    for (const auto &node : nodes_) stacking_.push_back(node.get());
-    for (const auto &link : links_) stacking_.push_back(link.get());
-    std::ranges::sort(stacking_, LiesBelow);
-    stackingStale_ = false;
+    if (restacked_.empty()) return stacking_;
+    std::erase_if(stacking_, [](const Item *item) { return item->restacked_; });
+    std::ranges::sort(restacked_, LiesBelow);
+    for (Item *item : restacked_) item->restacked_ = false;
+    const auto sorted = std::ptrdiff_t(stacking_.size());
+    stacking_.insert(stacking_.end(), restacked_.begin(), restacked_.end());
+    std::inplace_merge(stacking_.begin(), stacking_.begin() + sorted, stacking_.end(), LiesBelow);
+    restacked_.clear();
     return stacking_;
 }
 
 // An item has come into the collections.
 void Surface::NoteStacked(Item &item) {
-    if (!stackingStale_ && (stacking_.empty() || LiesBelow(stacking_.back(), &item))) {
-        stacking_.push_back(&item);
-    } else {
-        stackingStale_ = true;
+    if (!restacked_.empty() || (!stacking_.empty() && !LiesBelow(stacking_.back(), &item))) {
+        return NoteRestacked(item);
     }
+    stacking_.push_back(&item);
     topStack_ = std::max(topStack_, item.Stack());
+    bottomStack_ = std::min(bottomStack_, item.Stack());
 }
 
 // The key of an item was written.
 void Surface::NoteRestacked(Item &item) {
-    stackingStale_ = true;
+    if (!std::exchange(item.restacked_, true)) restacked_.push_back(&item);
     topStack_ = std::max(topStack_, item.Stack());
+    bottomStack_ = std::min(bottomStack_, item.Stack());
 }
 
 int Surface::StackPosition(const Item &item) const {
@@ -56,53 +51,47 @@ void Surface::WriteStack(Item &item, StackKey key) {
         Record(*item.AsLink());
         item.AsLink()->data_.stack = key;
     }
-    topStack_ = std::max(topStack_, key);
+    NoteRestacked(item);
     Notify(item, Change::Stacking);
 }
 
-// Gives every item a new key in the present order, with even gaps.
-void Surface::SpreadKeys() {
+// Gives every item a new key, with even gaps, so that they stand in this order.
+void Surface::SpreadKeys(const std::vector<Item *> &order) {
     StackKey key = 0;
-    for (Item *item : StackingOrder()) WriteStack(*item, key += kStackGap);
+    for (Item *item : order) WriteStack(*item, key += kStackGap);
     topStack_ = key;
+    stacking_ = order;
+    for (Item *item : std::exchange(restacked_, {})) item->restacked_ = false;
 }
 
 void Surface::SetStackPosition(Item &item, int position) {
-    StackingOrder();
-    const int last = int(stacking_.size()) - 1;
+    const auto &order = StackingOrder();
+    const int last = int(order.size()) - 1;
     const int from = StackPosition(item);
     const int to = std::clamp(position, 0, last);
     if (from == to) return;
     if (to == last) return BringToFront(item);
     if (to == 0) return SendToBack(item);
-    const auto below = [&] { return stacking_[std::size_t(to < from ? to - 1 : to)]->Stack(); };
-    const auto above = [&] { return stacking_[std::size_t(to < from ? to : to + 1)]->Stack(); };
-    if (above() - below() < 2) SpreadKeys();
-    const StackKey key = below() + (above() - below()) / 2;
-    const auto begin = stacking_.begin();
-    if (from < to) {
-        std::rotate(begin + from, begin + from + 1, begin + to + 1);
-    } else {
-        std::rotate(begin + to, begin + from, begin + from + 1);
-    }
-    WriteStack(item, key);
+    const Item &below = *order[std::size_t(to < from ? to - 1 : to)];
+    const Item &above = *order[std::size_t(to < from ? to : to + 1)];
+    if (above.Stack() - below.Stack() < 2) SpreadKeys(std::vector<Item *>(order));
+    WriteStack(item, below.Stack() + (above.Stack() - below.Stack()) / 2);
+}
+
+// False for an item that surely doesn't stand at the end of the order where keys go up to `outermost`, and
+// for one of which only sorting would tell: writing a key too many is cheaper than sorting for each item.
+bool Surface::MayBeAtEnd(const Item &item, StackKey outermost) const {
+    return restacked_.empty() || item.Stack() == outermost;
 }
 
 void Surface::BringToFront(Item &item) {
-    StackingOrder();
-    if (stacking_.back() == &item) return;
-    std::erase(stacking_, &item);
-    stacking_.push_back(&item);
+    if (MayBeAtEnd(item, topStack_) && StackingOrder().back() == &item) return;
     WriteStack(item, topStack_ + kStackGap);
 }
 
 void Surface::SendToBack(Item &item) {
-    StackingOrder();
-    if (stacking_.front() == &item) return;
-    const StackKey bottom = stacking_.front()->Stack();
-    std::erase(stacking_, &item);
-    stacking_.insert(stacking_.begin(), &item);
-    WriteStack(item, bottom - kStackGap);
+    if (MayBeAtEnd(item, bottomStack_) && StackingOrder().front() == &item) return;
+    WriteStack(item, bottomStack_ - kStackGap);
 }
 
 void Surface::Restack(const std::vector<std::pair<Item *, int>> &positions) {
@@ -122,9 +111,7 @@ void Surface::Restack(const std::vector<std::pair<Item *, int>> &positions) {
         order.push_back(item);
     }
     order.insert(order.end(), other, rest.end());
-    if (order == stacking_) return;
-    stacking_ = std::move(order);
-    SpreadKeys();
+    if (order != stacking_) SpreadKeys(order);
 }
 
 } // namespace diagram

@@ -3,6 +3,7 @@
 #include "diagram/shapes/Arrows.h"
 
 #include <array>
+#include <cmath>
 
 namespace diagram {
 
@@ -14,7 +15,17 @@ struct ArrowParts {
     std::vector<bool> closed;
     QPointF middle;
     double radius = 0;
+    bool bendsAtTip = false; // so that half of a line's width stands out in front of it
 };
+
+bool BendsAtTip(const ArrowParts &parts) {
+    if (parts.radius > 0 && std::abs(parts.middle.x() + parts.radius) < 1e-6) return true;
+    for (std::size_t i = 0; i < parts.runs.size(); ++i) {
+        const qsizetype at = parts.runs[i].indexOf(QPointF());
+        if (at > 0 ? at + 1 < parts.runs[i].size() : at == 0 && parts.closed[i]) return true;
+    }
+    return false;
+}
 
 void AddRun(ArrowParts &parts, const QPolygonF &run, bool isCircle) {
     if (run.isEmpty()) return;
@@ -45,6 +56,7 @@ ArrowParts TakeApart(const ArrowRow &row) {
         run.append(QPointF(element));
     }
     AddRun(parts, run, isCircle);
+    parts.bendsAtTip = BendsAtTip(parts);
     return parts;
 }
 
@@ -59,8 +71,9 @@ const ArrowParts &PartsOf(int value) {
 
 struct Placing {
     const ArrowHead &head;
+    double back; // by which the tip stands behind its place
     QPointF operator()(const QPointF &at) const {
-        return head.tip + head.direction * (at.x() * head.scale) +
+        return head.tip - head.direction * back + head.direction * (at.x() * head.scale) +
                QPointF(-head.direction.y(), head.direction.x()) * (at.y() * head.scale);
     }
 };
@@ -85,13 +98,14 @@ void PaintArrow(Paint &paint, const ArrowHead &head, QRgb colour, double width) 
     // Closed forms that are filled in the line's colour need no line of their own, but for the open part of a
     // closed fork.
     const bool solid = row->fill == ArrowFill::Line && parts.runs.size() < 2;
+    const double line = solid ? 0 : std::min(width, head.scale / 5);
     if (solid)
         paint.pencil.NoLine();
     else
-        paint.pencil.Line(colour, std::min(width, head.scale / 5), 0, Qt::RoundJoin);
+        paint.pencil.Line(colour, line, 0, Qt::RoundJoin);
     if (row->fill != ArrowFill::None) paint.pencil.Fill(row->fill == ArrowFill::Line ? colour : paint.paper);
     paint.pencil.Smooth(true);
-    const Placing place{head};
+    const Placing place{head, parts.bendsAtTip ? line / 2 : 0};
     for (std::size_t i = 0; i < parts.runs.size(); ++i) {
         if (i == 1 && row->fill == ArrowFill::Line) paint.pencil.NoFill();
         DrawRun(paint.Painter(), parts.runs[i], parts.closed[i], place);

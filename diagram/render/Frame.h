@@ -31,8 +31,9 @@ struct Frame {
     // Width on the device of a line that is `pixels` wide at zoom 100; whole where pixels are snapped, never
     // less than a hairline.
     double LineWidth(double pixels) const {
+        constexpr double kHairline = 0.5;
         const double width = Length(pixels * 15);
-        if (!snap) return std::max(width, Length(4));
+        if (!snap) return std::max(width, Length(kHairline * 15));
         return std::max(1.0, std::floor(width + 0.5));
     }
     // Where the middle of a line of that width must lie to cover whole pixels.

@@ -16,6 +16,8 @@ namespace diagram {
 
 namespace {
 
+constexpr int kArchJump = 1;
+
 bool IsCurve(const Link &link) {
     const LinkStyleRow *row = FindLinkStyle(link.Style());
     return row && (row->form == LinkForm::Bezier || row->form == LinkForm::Spline);
@@ -40,7 +42,14 @@ double Eaten(const ArrowHead &head) {
     return row ? row->eats * head.scale : 0;
 }
 
-// A head must not be longer than half of the way, or the last segment would point elsewhere than the head.
+// Puts a head at the end `tip` of the way, pointing from `inner`.
+void PlaceAtEnd(ArrowHead &head, const QPointF &tip, const QPointF &inner, const QPointF &otherwise) {
+    const double away = Distance(tip, inner);
+    head.tip = tip;
+    head.direction = away > 0 ? (tip - inner) / away : otherwise;
+}
+
+// A head points as the last stretch of the way does, of which a third of the way counts at most.
 Heads PlaceHeads(const Paint &paint, const LinkData &data) {
     const std::vector<QPointF> &way = paint.way;
     Heads heads{HeadOf(paint, data.arrowSource, data.arrowSizeSource, data.drawWidth),
@@ -49,18 +58,9 @@ Heads PlaceHeads(const Paint &paint, const LinkData &data) {
     if (!heads.source.value && !heads.middle.value && !heads.destination.value) return heads;
     const double length = WayLength(way);
     const double look = std::min(length / 3, paint.frame.Length(60));
-    if (heads.source.value) {
-        const QPointF inner = PlaceOnWay(way, look).point;
-        const double away = Distance(way.front(), inner);
-        heads.source.tip = way.front();
-        heads.source.direction = away > 0 ? (way.front() - inner) / away : QPointF(-1, 0);
-    }
-    if (heads.destination.value) {
-        const QPointF inner = PlaceOnWay(way, length - look).point;
-        const double away = Distance(way.back(), inner);
-        heads.destination.tip = way.back();
-        heads.destination.direction = away > 0 ? (way.back() - inner) / away : QPointF(1, 0);
-    }
+    if (heads.source.value) PlaceAtEnd(heads.source, way.front(), PlaceOnWay(way, look).point, {-1, 0});
+    if (heads.destination.value)
+        PlaceAtEnd(heads.destination, way.back(), PlaceOnWay(way, length - look).point, {1, 0});
     if (heads.middle.value) {
         const WayPlace place = PlaceOnWay(way, length / 2 + heads.middle.scale / 2);
         heads.middle.tip = place.point;
@@ -74,42 +74,57 @@ QPointF Toward(const QPointF &from, const QPointF &to, double length) {
     return away > length ? from + (to - from) * (length / away) : from;
 }
 
+// An arch between two points of a line; arches stand up, or to the right on plumb lines.
+void AddArch(QPainterPath &path, const QPointF &from, const QPointF &to, const QPointF &direction) {
+    const QPointF middle = (from + to) / 2;
+    const double radius = Distance(from, to) / 2;
+    const double angle = -std::atan2(direction.y(), direction.x()) * 180 / M_PI;
+    const bool upward = direction.x() > 0.001 || (std::abs(direction.x()) <= 0.001 && direction.y() < 0);
+    path.arcTo(QRectF(middle - QPointF(radius, radius), middle + QPointF(radius, radius)), angle + 180,
+               upward ? -180 : 180);
+}
+
+// A stretch of the way between two of its points, on which crossings may lie from `first` to `last`.
+struct Stretch {
+    QPointF start, direction;
+    double first, last;
+};
+
+// Draws the line up to behind the crossing, if that has room; `past` is the end of the jump before it.
+void AddJump(QPainterPath &path, const Stretch &stretch, double along, double radius, int style,
+             double &past) {
+    if (along - radius < std::max(past, stretch.first) || along + radius > stretch.last) return;
+    const QPointF from = stretch.start + stretch.direction * (along - radius),
+                  to = stretch.start + stretch.direction * (along + radius);
+    path.lineTo(from);
+    if (style == kArchJump)
+        AddArch(path, from, to, stretch.direction);
+    else
+        path.moveTo(to);
+    past = along + radius;
+}
+
 // The way with arches over the crossings, or gaps; crossings inside of the heads are left out.
 QPainterPath WayWithJumps(Paint &paint, const Link &link, const std::vector<Crossing> &crossings,
                           const Heads &heads) {
     const std::vector<QPointF> &way = paint.way;
     const double radius = paint.frame.Length(kJumpRadius);
-    const double atSource = Eaten(heads.source) + radius, atDestination = Eaten(heads.destination) + radius;
     QPainterPath path(Toward(way[0], way[1], Eaten(heads.source)));
     auto crossing = crossings.begin();
     for (std::size_t i = 1; i < way.size(); ++i) {
+        const bool isLast = i + 1 == way.size();
         const double length = Distance(way[i - 1], way[i]);
-        const QPointF direction = length > 0 ? (way[i] - way[i - 1]) / length : QPointF(1, 0);
+        const Stretch stretch{way[i - 1], length > 0 ? (way[i] - way[i - 1]) / length : QPointF(1, 0),
+                              i == 1 ? Eaten(heads.source) + radius : 0,
+                              isLast ? length - Eaten(heads.destination) - radius : length};
         double past = -1;
         for (; crossing != crossings.end() && std::size_t(crossing->segment) < i; ++crossing) {
             if (std::size_t(crossing->segment) + 1 != i) continue;
-            const QPointF at = paint.frame.Map(crossing->point) - way[i - 1];
-            const double along = at.x() * direction.x() + at.y() * direction.y();
-            const bool roomBefore = along - radius >= std::max(past, i == 1 ? atSource : 0);
-            const bool roomBehind = along + radius <= length - (i + 1 == way.size() ? atDestination : 0);
-            if (!roomBefore || !roomBehind) continue;
-            const QPointF from = way[i - 1] + direction * (along - radius),
-                          to = way[i - 1] + direction * (along + radius);
-            path.lineTo(from);
-            if (link.JumpStyle() == 1) {
-                // Arches stand up, or to the right on plumb lines.
-                const QPointF middle = (from + to) / 2;
-                const double angle = -std::atan2(direction.y(), direction.x()) * 180 / M_PI;
-                const bool upward =
-                    direction.x() > 0.001 || (std::abs(direction.x()) <= 0.001 && direction.y() < 0);
-                path.arcTo(QRectF(middle - QPointF(radius, radius), middle + QPointF(radius, radius)),
-                           angle + 180, upward ? -180 : 180);
-            } else {
-                path.moveTo(to);
-            }
-            past = along + radius;
+            const QPointF at = paint.frame.Map(crossing->point) - stretch.start;
+            const double along = QPointF::dotProduct(at, stretch.direction);
+            AddJump(path, stretch, along, radius, link.JumpStyle(), past);
         }
-        path.lineTo(i + 1 == way.size() ? Toward(way[i], way[i - 1], Eaten(heads.destination)) : way[i]);
+        path.lineTo(isLast ? Toward(way[i], way[i - 1], Eaten(heads.destination)) : way[i]);
     }
     return path;
 }

@@ -12,9 +12,6 @@ namespace {
 
 constexpr QRgb kShadowColour = qRgba(0, 0, 0, 70);
 
-// Right or left, below or above, by the value of the shadow table.
-constexpr QPointF kShadowWays[] = {{0, 0}, {1, 1}, {1, -1}, {-1, -1}, {-1, 1}};
-
 struct NodeForm {
     const NodeData &data;
     const ShapeRow &row;

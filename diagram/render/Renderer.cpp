@@ -1,5 +1,6 @@
 #include "diagram/render/Renderer.h"
 
+#include "diagram/model/AnyItem.h"
 #include "diagram/render/Backdrop.h"
 #include "diagram/render/CoarsePainter.h"
 #include "diagram/render/LinkPainter.h"
@@ -57,8 +58,6 @@ Frame SetUp(QPainter &painter, const QRectF &area, const RenderOptions &options)
 void PaintMarked(Paint &paint, const Item &item, bool marked) {
     if (paint.options.marks && marked) PaintMark(paint, item);
 }
-
-bool IsHidden(const Item &item) { return item.AsNode() ? item.AsNode()->Hidden() : item.AsLink()->Hidden(); }
 
 void PaintItem(Paint &paint, Item &item) {
     if (const Node *node = item.AsNode()) {
@@ -118,8 +117,9 @@ void Renderer::Paint(QPainter &painter, Scene &scene, const QRectF &area, const 
     if (frame.snap && frame.Scale() * kTwipsPerPixel < kCoarseZoom) {
         CoarsePainter coarse(paint);
         paint.pencil.Smooth(false);
-        if (!SeesMost(paint)) scene.ItemsIn(area, items);
-        for (Item *item : items.empty() ? scene.Model().StackingOrder() : items)
+        const bool all = SeesMost(paint);
+        if (!all) scene.ItemsIn(area, items);
+        for (Item *item : all ? scene.Model().StackingOrder() : items)
             PaintItemCoarsely(paint, coarse, *item);
     } else {
         const bool all = options.vector && SeesMost(paint);

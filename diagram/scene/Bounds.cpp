@@ -100,7 +100,6 @@ QPointF HalfWay(const std::vector<QPointF> &pieces) {
 } // namespace
 
 QRectF PaintBounds(const Node &node) {
-    static constexpr QPointF kShadowWays[] = {{0, 0}, {1, 1}, {1, -1}, {-1, -1}, {-1, 1}};
     QRectF bounds = node.Bounds();
     if (node.Shadow()) bounds |= bounds.translated(kShadowWays[node.Shadow()] * kShadowOffset);
     return Grown(bounds, LineReach(node.DrawWidth()) + (node.Marked() ? kMarkReach : 0));

@@ -1,5 +1,6 @@
 #include "diagram/scene/Scene.h"
 
+#include "diagram/model/AnyItem.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/shapes/Measures.h"
@@ -42,12 +43,6 @@ Box ToBox(const QRectF &rect) {
 QRectF ToRect(const Box &box) {
     return QRectF(QPointF(box.min_corner().get<0>(), box.min_corner().get<1>()),
                   QPointF(box.max_corner().get<0>(), box.max_corner().get<1>()));
-}
-
-bool IsHidden(const Item &item) { return item.AsNode() ? item.AsNode()->Hidden() : item.AsLink()->Hidden(); }
-
-bool LiesBelow(const Item *a, const Item *b) {
-    return std::pair(a->Stack(), a->Id()) < std::pair(b->Stack(), b->Id());
 }
 
 // Where two straight pieces cross, not at an end of the first: as a share of the first, or below 0.
@@ -207,9 +202,8 @@ void Scene::ItemsIn(const QRectF &area, std::vector<Item *> &items) {
     state_->Update(surface_);
     const auto start = items.size();
     const Box query = ToBox(area.normalized());
-    const auto &all = surface_.StackingOrder();
     if (!state_->tree.empty() && ToRect(query).contains(ToRect(state_->tree.bounds()))) {
-        std::ranges::copy_if(all, std::back_inserter(items),
+        std::ranges::copy_if(surface_.StackingOrder(), std::back_inserter(items),
                              [](const Item *item) { return !IsHidden(*item); });
         return;
     }
@@ -217,7 +211,7 @@ void Scene::ItemsIn(const QRectF &area, std::vector<Item *> &items) {
                        boost::make_function_output_iterator(
                            [&items](const Entry &entry) { items.push_back(entry.second); }));
     const auto found = items.size() - start;
-    if (found < all.size() / 8) {
+    if (found < (std::size_t(surface_.Nodes().Count()) + surface_.Links().size()) / 8) {
         std::sort(items.begin() + std::ptrdiff_t(start), items.end(), LiesBelow);
         return;
     }
@@ -225,7 +219,7 @@ void Scene::ItemsIn(const QRectF &area, std::vector<Item *> &items) {
     std::vector<bool> isFound(state_->flags.size());
     for (std::size_t i = start; i < items.size(); ++i) isFound[items[i]->Id()] = true;
     items.resize(start);
-    std::ranges::copy_if(all, std::back_inserter(items),
+    std::ranges::copy_if(surface_.StackingOrder(), std::back_inserter(items),
                          [&](const Item *item) { return bool(isFound[item->Id()]); });
 }
 

@@ -18,6 +18,8 @@ namespace {
 // The same in a light and a dark desktop: they stand on the surface's own colours.
 const QColor kAccent(0, 103, 192);
 const QColor kTarget(16, 137, 62);
+const QColor kGuide(207, 34, 126);
+constexpr double kGapEnd = 4; // pixels to either side
 constexpr double kHandle = 7;
 constexpr double kSmallHandle = 5;
 constexpr double kShortestSegment = 40; // with a handle in its middle
@@ -139,6 +141,23 @@ void PaintLinkStart(QPainter &painter, const QPointF &place, bool lit) {
     painter.drawLine(place - QPointF(0, 2.5), place + QPointF(0, 2.5));
 }
 
+void PaintGap(QPainter &painter, const QLineF &gap) {
+    painter.drawLine(gap);
+    QLineF across = gap.normalVector();
+    across.setLength(kGapEnd);
+    const QPointF end = across.p2() - across.p1();
+    painter.drawLine(gap.p1() - end, gap.p1() + end);
+    painter.drawLine(gap.p2() - end, gap.p2() + end);
+}
+
+void PaintGuides(QPainter &painter, const Overlay &overlay, const QTransform &toPixels) {
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(QPen(kGuide, 1));
+    for (const QLineF &guide : overlay.guides) painter.drawLine(toPixels.map(guide));
+    for (const QLineF &gap : overlay.gaps) PaintGap(painter, toPixels.map(gap));
+    painter.setRenderHint(QPainter::Antialiasing);
+}
+
 } // namespace
 
 void PaintSelection(QPainter &painter, Scene &scene, const Viewport &viewport, const QRectF &area,
@@ -167,6 +186,7 @@ void PaintOverlay(QPainter &painter, const Overlay &overlay, const Viewport &vie
     if (overlay.line) painter.drawLine(toPixels.map(*overlay.line));
     if (overlay.linkStart)
         PaintLinkStart(painter, viewport.FromSurface(*overlay.linkStart), overlay.onLinkStart);
+    PaintGuides(painter, overlay, toPixels);
     PaintSize(painter, overlay, viewport);
     painter.restore();
 }

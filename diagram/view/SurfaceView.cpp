@@ -14,6 +14,8 @@
 namespace diagram {
 
 SurfaceView::SurfaceView(Surface &surface, QWidget *parent) : QAbstractScrollArea(parent) {
+    InstallAccessibility();
+    impl_ = std::make_unique<Impl>(*this, surface);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(QStringLiteral("Page"));
     setAccessibleDescription(
@@ -23,7 +25,6 @@ SurfaceView::SurfaceView(Surface &surface, QWidget *parent) : QAbstractScrollAre
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setAttribute(Qt::WA_NoSystemBackground);
     setFrameShape(QFrame::NoFrame);
-    impl_ = std::make_unique<Impl>(*this, surface);
 }
 
 SurfaceView::~SurfaceView() { impl_->EndEdit(false); }
@@ -81,6 +82,10 @@ void SurfaceView::DeleteSelection() {
 bool SurfaceView::BeginEdit() { return impl_->BeginEdit(); }
 void SurfaceView::EndEdit(bool keep) { impl_->EndEdit(keep); }
 bool SurfaceView::IsEditing() const { return impl_->editor != nullptr; }
+void SurfaceView::SetDescriber(Describer describer) { impl_->describer = std::move(describer); }
+QString SurfaceView::Described(const Item &item) const {
+    return impl_->describer ? impl_->describer(item) : QString();
+}
 bool SurfaceView::CancelGesture() { return impl_->CancelGesture(); }
 
 bool SurfaceView::viewportEvent(QEvent *event) {
@@ -142,6 +147,7 @@ void SurfaceView::keyReleaseEvent(QKeyEvent *event) {
 void SurfaceView::focusInEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusInEvent(event);
     viewport()->update();
+    impl_->notices.Send();
     impl_->Guard("focusInEvent", [&] { Model().Events().GotFocus(Model()); });
 }
 

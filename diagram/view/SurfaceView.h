@@ -4,6 +4,7 @@
 #include "diagram/interaction/Hint.h"
 #include "diagram/model/Surface.h"
 
+#include <functional>
 #include <memory>
 #include <QAbstractScrollArea>
 
@@ -49,6 +50,12 @@ public:
     bool BeginEdit();
     void EndEdit(bool keep);
     bool IsEditing() const;
+
+    // What a screen reader is told of an item beside its text and its links: its level and groups, say. Is
+    // asked whenever an assistant asks.
+    using Describer = std::function<QString(const Item &item)>;
+    void SetDescriber(Describer describer);
+    QString Described(const Item &item) const; // empty without a describer
 
     // Gives up the gesture that is going on; false when there is none.
     bool CancelGesture();

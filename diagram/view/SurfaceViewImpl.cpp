@@ -22,7 +22,8 @@ SurfaceView::Impl::Impl(SurfaceView &itsView, Surface &itsSurface)
       surface(itsSurface),
       scene(itsSurface),
       viewport(itsView, itsSurface, scene),
-      interaction(scene, *this) {
+      interaction(scene, *this),
+      notices(itsView) {
     surface.AddObserver(*this);
     surface.SetMeasure(&renderer.Measure());
     AskForFlush();
@@ -43,12 +44,19 @@ void SurfaceView::Impl::Failed(const char *routine) {
 }
 
 void SurfaceView::Impl::ItemChanged(Item &item, Change what) {
+    notices.Changed(item, what);
     if (Has(what, Change::Selection) && selectionTouched_.size() <= kManyTouched)
         selectionTouched_.emplace_back(item.Kind(), item.Id());
     AskForFlush();
 }
 
-void SurfaceView::Impl::ItemRemoved(Item &) {
+void SurfaceView::Impl::ItemAdded(Item &) {
+    notices.ListChanged();
+    AskForFlush();
+}
+
+void SurfaceView::Impl::ItemRemoved(Item &item) {
+    notices.Removed(item);
     gestureOutdated_ = interaction.IsActive();
     AskForFlush();
 }
@@ -60,8 +68,14 @@ void SurfaceView::Impl::SurfaceChanged(Change what) {
 
 void SurfaceView::Impl::Cleared() {
     gestureOutdated_ = interaction.IsActive();
+    notices.ListChanged();
     viewport.FollowStored();
     AskForFlush();
+}
+
+// A gesture writes to the model for the time being, which history knows nothing of.
+void SurfaceView::Impl::BeforeUndo() {
+    Guard("BeforeUndo", [this] { CancelGesture(); });
 }
 
 void SurfaceView::Impl::DropOutdatedGesture() {
@@ -84,6 +98,7 @@ void SurfaceView::Impl::Flush() {
     NoteDamage();
     UpdateOverlay();
     PlaceEditor();
+    notices.Send();
 }
 
 void SurfaceView::Impl::RepaintAll() {

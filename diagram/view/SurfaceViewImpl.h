@@ -5,6 +5,7 @@
 #include "diagram/interaction/Interaction.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
+#include "diagram/view/Accessible.h"
 #include "diagram/view/BackingStore.h"
 #include "diagram/view/InPlaceEditor.h"
 #include "diagram/view/SurfaceView.h"
@@ -52,6 +53,7 @@ public:
     // Stage
     QPointF ScrollOffset() const override;
     void SetScrollOffset(const QPointF &pixels) override;
+    QRectF Seen() const override { return viewport.Seen(); }
     void Tell(Hint hint) override;
 
     void Scrolled();
@@ -74,13 +76,16 @@ public:
     Viewport viewport;
     Interaction interaction;
     QPointer<InPlaceEditor> editor;
+    Describer describer;
+    AccessibleNotices notices;
 
 private:
-    void ItemAdded(Item &) override { AskForFlush(); }
+    void ItemAdded(Item &) override;
     void ItemChanged(Item &item, Change what) override;
-    void ItemRemoved(Item &) override;
+    void ItemRemoved(Item &item) override;
     void SurfaceChanged(Change what) override;
     void Cleared() override;
+    void BeforeUndo() override;
 
     void AskForFlush();
     void Failed(const char *routine);
@@ -95,6 +100,9 @@ private:
     void UpdatePixels(const QRectF &pixels);
     bool RunKey(QKeyEvent *event);
     bool ArrowKey(QKeyEvent *event);
+    // A modifier went up or down: the gesture looks at it at once.
+    void FollowModifier(int key, Qt::KeyboardModifiers modifiers);
+    bool AddLinked();
     bool GoTowards(const QPointF &direction, bool alongLinks);
     // Selects the node alone and brings it into sight; false for none.
     bool GoTo(Node *node);
@@ -110,6 +118,7 @@ private:
     QBasicTimer autoScroll_;
     QPointF pointer_; // pixels of the viewport
     Qt::KeyboardModifiers modifiers_;
+    QPointF direction_{1, 0};               // in which the user went last
     Qt::MouseButton button_ = Qt::NoButton; // that the gesture began with
     double paintedRatio_ = 1;
     bool flushAsked_ = false;

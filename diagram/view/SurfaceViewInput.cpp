@@ -1,3 +1,4 @@
+#include "diagram/interaction/AddLinked.h"
 #include "diagram/interaction/MoveNodes.h"
 #include "diagram/interaction/Neighbours.h"
 #include "diagram/interaction/Selecting.h"
@@ -166,6 +167,7 @@ void SurfaceView::Impl::KeyPress(QKeyEvent *event) {
     if (code)
         surface.Events().KeyDown(surface, used, ShiftMask(event->modifiers() | ModifierOf(event->key())));
     event->setAccepted((code && !used) || RunKey(event));
+    FollowModifier(event->key(), event->modifiers() | ModifierOf(event->key()));
     AfterInput();
 }
 
@@ -173,7 +175,12 @@ void SurfaceView::Impl::KeyRelease(QKeyEvent *event) {
     if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) spaceHeld_ = false;
     if (const int code = VirtualKey(event->key()))
         surface.Events().KeyUp(surface, code, ShiftMask(event->modifiers() & ~ModifierOf(event->key())));
+    FollowModifier(event->key(), event->modifiers() & ~ModifierOf(event->key()));
     UpdatePointer();
+}
+
+void SurfaceView::Impl::FollowModifier(int key, Qt::KeyboardModifiers modifiers) {
+    if (interaction.IsActive() && ModifierOf(key)) FollowPointer(pointer_, modifiers);
 }
 
 // True when the key meant something here.
@@ -189,6 +196,8 @@ bool SurfaceView::Impl::RunKey(QKeyEvent *event) {
         if (!NobodyListens(surface)) return false;
         view.DeleteSelection();
         return true;
+    case Qt::Key_Insert:
+        return !(event->modifiers() & ~Qt::KeypadModifier) && AddLinked();
     case Qt::Key_Tab:
         return Tab(true);
     case Qt::Key_Backtab:
@@ -216,9 +225,17 @@ bool SurfaceView::Impl::ArrowKey(QKeyEvent *event) {
     return true;
 }
 
+bool SurfaceView::Impl::AddLinked() {
+    Node *from = surface.SelectedNode();
+    if (!from || interaction.IsActive()) return false;
+    if (const Node *added = AddLinkedNode(scene, *from, direction_)) view.EnsureVisible(added->Bounds());
+    return true;
+}
+
 bool SurfaceView::Impl::GoTowards(const QPointF &direction, bool alongLinks) {
     const Node *from = surface.SelectedNode();
     if (!from) return false;
+    direction_ = direction;
     return GoTo(alongLinks ? LinkedTowards(*from, direction) : NeighbourTowards(*from, direction));
 }
 

@@ -1,6 +1,6 @@
 #include "diagram/model/Font.h"
 #include "diagram/model/Picture.h"
-#include "support/Error.h"
+#include "tests/diagram/model/ErrorNumber.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -8,18 +8,9 @@
 #include <QTemporaryDir>
 
 using namespace diagram;
+using namespace diagram::testing;
 
 namespace {
-
-template <typename Body>
-long NumberOf(Body body) {
-    try {
-        body();
-    } catch (const support::Error &error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 QByteArray Encoded(const QImage &image, const char *format) {
     QByteArray bytes;

@@ -1,6 +1,6 @@
 #include "diagram/model/Link.h"
 
-#include "support/Error.h"
+#include "tests/diagram/model/ErrorNumber.h"
 #include "tests/diagram/model/RandomSurface.h"
 
 #include <gtest/gtest.h>
@@ -9,16 +9,6 @@ using namespace diagram;
 using namespace diagram::testing;
 
 namespace {
-
-template <typename Body>
-long NumberOf(Body body) {
-    try {
-        body();
-    } catch (const support::Error &error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 struct Pair {
     Surface surface;
@@ -43,13 +33,29 @@ TEST(Link, KnowsBothEndsAndBothEndsKnowIt) {
     EXPECT_EQ(&pair.link.Source(), &pair.a);
     EXPECT_EQ(&pair.link.Destination(), &pair.b);
     EXPECT_EQ(pair.a.Links().Count(), 1);
-    EXPECT_EQ(&pair.b.Links().Item(0), &pair.link);
+    EXPECT_EQ(&pair.b.Links().Item(1), &pair.link);
     pair.link.SetKey(QStringLiteral("{L}"));
     EXPECT_EQ(&pair.b.Links().Item(QStringLiteral("{L}")), &pair.link);
     EXPECT_EQ(NumberOf([&] { pair.a.Links().Item(QStringLiteral("{M}")); }), 5);
-    EXPECT_EQ(NumberOf([&] { pair.a.Links().Item(1); }), 9);
+    EXPECT_EQ(NumberOf([&] { pair.a.Links().Item(2); }), 9);
+    EXPECT_EQ(NumberOf([&] { pair.a.Links().Item(0); }), 9);
     pair.a.Links().Remove(QStringLiteral("{L}"));
     EXPECT_EQ(pair.b.Links().Count(), 0);
+}
+
+TEST(Link, ANewOneIsAStraightLineWithAFilledArrowAtItsDestination) {
+    Pair pair;
+    const Link &link = pair.link;
+    EXPECT_EQ(link.Style(), 0);
+    EXPECT_EQ(link.ArrowSource(), 0);
+    EXPECT_EQ(link.ArrowMiddle(), 0);
+    EXPECT_EQ(link.ArrowDest(), 5);
+    EXPECT_EQ(link.ArrowSizeDest(), 1);
+    EXPECT_EQ(link.Key(), QString());
+    EXPECT_FALSE(link.Rigid());
+    EXPECT_TRUE(link.Oriented());
+    EXPECT_TRUE(link.Selectable());
+    EXPECT_FALSE(link.Hidden());
 }
 
 TEST(Link, ALinkToItsOwnNodeStandsOnceAmongTheLinks) {

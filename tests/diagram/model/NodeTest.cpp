@@ -2,6 +2,7 @@
 
 #include "diagram/model/Ranges.h"
 #include "diagram/shapes/Shapes.h"
+#include "tests/diagram/model/ErrorNumber.h"
 #include "tests/diagram/model/RandomSurface.h"
 
 #include <cmath>
@@ -12,16 +13,6 @@ using namespace diagram;
 using namespace diagram::testing;
 
 namespace {
-
-template <typename Body>
-long NumberOf(Body body) {
-    try {
-        body();
-    } catch (const support::Error &error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 // Counts what observers are told.
 class Listener : public SurfaceObserver {
@@ -108,6 +99,11 @@ const RangeCase kRanges[] = {
     {"xTextMargin",
      [](Node &n, double v) { n.SetxTextMargin(int(v)); },
      [](const Node &n) { return double(n.xTextMargin()); },
+     {0, 50},
+     {-32769, 32768}},
+    {"yTextMargin",
+     [](Node &n, double v) { n.SetyTextMargin(int(v)); },
+     [](const Node &n) { return double(n.yTextMargin()); },
      {0, 50},
      {-32769, 32768}},
 };
@@ -315,6 +311,59 @@ TEST(Stacking, SettingPositionsAgreesWithAPlainList) {
         ASSERT_EQ(surface.StackingOrder(), order);
         ASSERT_EQ(item->AsNode()->ZOrder(), to);
     }
+}
+
+TEST(Stacking, ManyChangesBeforeTheOrderIsReadAgreeWithAPlainList) {
+    Dice dice(13);
+    Surface surface;
+    std::vector<Item *> order;
+    const auto add = [&] { order.push_back(&surface.Nodes().Add(0, 0, 1, 1)); };
+    for (int i = 0; i < 40; ++i) add();
+    for (int round = 0; round < 500; ++round) {
+        for (int i = dice.Roll(1, 30); i > 0; --i) {
+            const auto from = order.begin() + dice.Roll(0, int(order.size()) - 1);
+            Item *item = *from;
+            order.erase(from);
+            switch (dice.Roll(0, 3)) {
+            case 0:
+                surface.Remove(*item->AsNode());
+                add();
+                break;
+            case 1:
+                item->AsNode()->BringToFront();
+                order.push_back(item);
+                break;
+            default:
+                item->AsNode()->SendToBack();
+                order.insert(order.begin(), item);
+            }
+        }
+        ASSERT_EQ(surface.StackingOrder(), order);
+    }
+}
+
+TEST(Stacking, BringingTheHighestToTheFrontAndSendingTheLowestToTheBackWriteNothing) {
+    Surface surface;
+    Node &a = surface.Nodes().Add(0, 0, 1, 1);
+    Node &b = surface.Nodes().Add(0, 0, 1, 1);
+    const auto keys = [&] { return std::pair(a.Stack(), b.Stack()); };
+    auto before = keys();
+    b.BringToFront(), a.SendToBack();
+    EXPECT_EQ(keys(), before);
+    a.BringToFront(), b.SendToBack();
+    before = keys();
+    a.BringToFront(), b.SendToBack(); // the order hasn't been read since
+    EXPECT_EQ(keys(), before);
+}
+
+TEST(Stacking, ItemsOfTheSameKeyAreStackedInTheOrderOfAddingUntilOneIsRaised) {
+    Surface surface;
+    Node &a = surface.Restore(1, NodeData{}), &b = surface.Restore(2, NodeData{});
+    EXPECT_EQ(surface.StackingOrder(), (std::vector<Item *>{&a, &b}));
+    a.BringToFront();
+    EXPECT_EQ(surface.StackingOrder(), (std::vector<Item *>{&b, &a}));
+    b.BringToFront(), b.SendToBack();
+    EXPECT_EQ(surface.StackingOrder(), (std::vector<Item *>{&b, &a}));
 }
 
 TEST(Stacking, RestackGivesTheStoredOrderWhenAllAreNamed) {

@@ -69,6 +69,19 @@ TEST(Links, EachArrowHead_IsSeenAtItsPlace) {
         }
 }
 
+TEST(Links, ArrowHeads_EndAtTheOutlineHoweverThickTheLine) {
+    for (const ArrowRow &row : ArrowTable().subspan(1)) {
+        SCOPED_TRACE(row.name);
+        Painting painting;
+        Link &link = AddLink(painting);
+        link.SetDrawWidth(4);
+        link.SetArrowSizeDest(2);
+        link.SetArrowDest(row.value);
+        link.Destination().SetDrawStyle(5);
+        EXPECT_EQ(CountOf(painting.Paint(), QRect(161, 0, 39, 150), 0xFFFFFFFF), 39 * 150);
+    }
+}
+
 TEST(Links, ArrowSizes_Grow) {
     int before = 0;
     for (int size = 0; size < 3; ++size) {

@@ -127,11 +127,19 @@ TEST(Nodes, Edges_AreLightAndDarkAsTheirNamesSay) {
         node.SetShape(shape);
         return qGray(painting.Paint().pixel(at));
     };
-    constexpr int kRaised = 11, kSunken = 12;
+    constexpr int kBump = 9, kEtched = 10, kRaised = 11, kSunken = 12;
     EXPECT_GT(tone(kRaised, {21, 50}), 192);
     EXPECT_LT(tone(kRaised, {120, 50}), 192);
     EXPECT_LT(tone(kSunken, {21, 50}), 192);
     EXPECT_GT(tone(kSunken, {120, 50}), 192);
+    // Of two rings each: a ridge, and a groove.
+    EXPECT_GT(tone(kBump, {20, 50}), tone(kBump, {21, 50}));
+    EXPECT_GT(tone(kBump, {119, 50}), 192);
+    EXPECT_LT(tone(kBump, {120, 50}), 192);
+    EXPECT_LT(tone(kEtched, {20, 50}), 192);
+    EXPECT_GT(tone(kEtched, {21, 50}), 192);
+    EXPECT_LT(tone(kEtched, {119, 50}), 192);
+    EXPECT_GT(tone(kEtched, {120, 50}), 192);
 }
 
 TEST(Nodes, StackingOrder_IsPaintedFromTheLowestUp) {
@@ -158,6 +166,29 @@ TEST(Nodes, Picture_StandsAtItsPlace) {
         for (int probe = 0; probe < 9; ++probe)
             EXPECT_EQ((image.pixel(kInside[probe]) | 0xFF000000) == 0xFF00FF00, probe == place)
                 << place << probe;
+    }
+}
+
+TEST(Nodes, PictureRelativeToTheText_StandsAtItsSideOrAbove) {
+    QImage green(20, 10, QImage::Format_RGB32);
+    green.fill(QColor(0, 255, 0));
+    struct Probe {
+        int alignment;
+        QPoint inside;
+    };
+    constexpr Probe kProbes[] = {{1, {26, 50}}, {4, {114, 50}}, {7, {70, 40}}};
+    for (const Probe &place : kProbes) {
+        Painting painting;
+        Node &node = AddBox(painting);
+        node.SetText(QStringLiteral("HH"));
+        node.SetPicture(Picture::FromImage(green));
+        node.SetPicturePos(9);
+        node.SetAlignment(place.alignment);
+        const QImage image = painting.Paint();
+        for (const Probe &probe : kProbes)
+            EXPECT_EQ((image.pixel(probe.inside) | 0xFF000000) == 0xFF00FF00,
+                      probe.alignment == place.alignment)
+                << place.alignment << probe.alignment;
     }
 }
 

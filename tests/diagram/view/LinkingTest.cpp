@@ -15,7 +15,7 @@ protected:
 TEST_F(Linking, DragFromTheMiddleToAnotherNode_AddsALink) {
     Drag(Middle(a), Middle(b));
     ASSERT_EQ(a.Links().Count(), 1);
-    Link &link = a.Links().Item(0);
+    Link &link = a.Links().Item(1);
     EXPECT_EQ(&link.Source(), &a);
     EXPECT_EQ(&link.Destination(), &b);
     EXPECT_TRUE(link.Selected());
@@ -151,6 +151,58 @@ TEST_F(Linking, DraggedSegmentOfAnOrthogonalLink_KeepsTheDirections) {
     EXPECT_EQ(link.Way()[1].x, link.Way()[2].x);
     EXPECT_EQ(link.Way()[2].y, link.Way()[3].y);
     EXPECT_NEAR(link.Way()[1].x, way[1].x - 30 * 15, 15);
+}
+
+TEST_F(Linking, EverySegmentOfAnOrthogonalLink_KeepsTheDirections) {
+    Link &link = AddLink(a, c);
+    link.SetStyle(4); // V H V
+    link.SetSelected(true);
+    Settle();
+    ASSERT_EQ(link.Way().size(), 4U);
+    for (size_t segment = 0; segment < 3; ++segment) {
+        const QPoint half = At((ToQPointF(link.Way()[segment]) + ToQPointF(link.Way()[segment + 1])) / 2);
+        Drag(half, half + QPoint(12, -9));
+        ASSERT_EQ(link.Way().size(), 4U) << segment;
+        EXPECT_EQ(link.Way()[0].x, link.Way()[1].x) << segment;
+        EXPECT_EQ(link.Way()[1].y, link.Way()[2].y) << segment;
+        EXPECT_EQ(link.Way()[2].x, link.Way()[3].x) << segment;
+    }
+}
+
+TEST_F(Linking, DoubleClickOnABendOfAnOrthogonalLink_GivesTheBendsBackToTheRouter) {
+    Link &link = AddLink(a, c);
+    link.SetStyle(5); // H V H
+    link.SetSelected(true);
+    Settle();
+    const std::vector<Point> way = link.Way();
+    const QPoint half = At((ToQPointF(way[1]) + ToQPointF(way[2])) / 2);
+    Drag(half, half + QPoint(-30, 0));
+    ASSERT_NE(link.Way(), way);
+    const QPoint bend = At(ToQPointF(link.Way()[1]));
+    Click(bend);
+    QMouseEvent twice(QEvent::MouseButtonDblClick, bend, view->viewport()->mapToGlobal(bend), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(view->viewport(), &twice);
+    EXPECT_EQ(link.Way(), way);
+    EXPECT_FALSE(link.OwnBends());
+    EXPECT_EQ(UndoSteps(), 2);
+}
+
+TEST_F(Linking, UndoWhileABendIsDragged_GivesTheDragUpFirst) {
+    Link &link = AddLink(a, c);
+    link.SetSelected(true);
+    Settle();
+    const std::vector<Point> way = link.Way();
+    const QPoint half = At((ToQPointF(way[0]) + ToQPointF(way[1])) / 2);
+    Drag(half, half + QPoint(60, -40));
+    const std::vector<Point> bent = link.Way();
+    DragAndHold(half + QPoint(60, -40), half + QPoint(90, 40));
+    surface.Undo();
+    EXPECT_EQ(link.Way(), way);
+    Release(half);
+    EXPECT_EQ(link.Way(), way);
+    surface.Redo();
+    EXPECT_EQ(link.Way(), bent);
 }
 
 TEST_F(Linking, StretchedLink_IsPaintedAgain) {

@@ -63,6 +63,50 @@ TEST_F(Moving, Escape_LeavesNoTrace) {
     EXPECT_EQ(events.Count("Click"), 0);
 }
 
+TEST_F(Moving, UndoWhileTheButtonIsHeld_GivesTheDragUpFirst) {
+    Drag(Body(a), Body(a) + QPoint(120, 33));
+    const QRectF moved = a.Bounds();
+    const QPoint from = Body(a);
+    DragAndHold(from, from + QPoint(60, 60));
+    surface.Undo();
+    Settle();
+    EXPECT_EQ(a.Bounds().topLeft(), QPointF(50 * 15, 50 * 15));
+    MoveTo(QPoint(400, 400));
+    Release(QPoint(400, 400));
+    EXPECT_EQ(a.Bounds().topLeft(), QPointF(50 * 15, 50 * 15));
+    EXPECT_FALSE(surface.CanUndo());
+    surface.Redo();
+    EXPECT_EQ(a.Bounds(), moved);
+    EXPECT_EQ(StalePixels(), 0);
+}
+
+TEST_F(Moving, RedoWhileTheButtonIsHeld_GivesTheDragUpFirst) {
+    Drag(Body(a), Body(a) + QPoint(120, 33));
+    const QRectF moved = a.Bounds();
+    surface.Undo();
+    Settle();
+    DragAndHold(Body(a), Body(a) + QPoint(60, 60));
+    surface.Redo();
+    Release(QPoint(400, 400));
+    EXPECT_EQ(a.Bounds(), moved);
+    EXPECT_FALSE(surface.CanRedo());
+    EXPECT_EQ(UndoSteps(), 1);
+}
+
+TEST_F(Moving, UndoOfTheNodeThatIsDragged_EndsTheDrag) {
+    Key(Qt::Key_Escape);
+    Drag(QPoint(500, 400), QPoint(600, 480)); // draws one
+    ASSERT_EQ(surface.Nodes().Count(), 3);
+    const QPoint from = Body(surface.Nodes().Item(3));
+    DragAndHold(from, from + QPoint(20, 20));
+    surface.Undo();
+    MoveTo(QPoint(300, 300));
+    Release(QPoint(300, 300));
+    EXPECT_EQ(surface.Nodes().Count(), 2);
+    EXPECT_FALSE(surface.CanUndo());
+    EXPECT_EQ(events.Count("Error"), 0);
+}
+
 TEST_F(Moving, DragBackToTheStart_IsNoStep) {
     const QPoint start = Body(a);
     DragAndHold(start, start + QPoint(60, 60));

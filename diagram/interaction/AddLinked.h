@@ -1,0 +1,17 @@
+// Adds a node beside another one, with a link to it.
+#pragma once
+
+#include <QPointF>
+
+namespace diagram {
+
+class Node;
+class Scene;
+
+// The new node is as large as `from`, stands beside it in the direction (a unit vector along an axis), on the
+// nearest free place of the next column or row, and becomes the selection. Where the surface ends that way it
+// stands on the other side. One step, with AfterAddNode, AfterAddLink and AfterSelect. Null when a handler
+// took the node away.
+Node *AddLinkedNode(Scene &scene, Node &from, const QPointF &direction);
+
+} // namespace diagram

@@ -1,0 +1,67 @@
+#include "diagram/interaction/CopyNodes.h"
+
+#include "diagram/format/SurfaceFile.h"
+#include "diagram/interaction/Selecting.h"
+#include "diagram/scene/Scene.h"
+
+namespace diagram {
+
+namespace {
+
+constexpr size_t kMostOutlines = 300; // beyond it one frame stands for all
+
+std::vector<Node *> NodesToCopy(Node &pressed) {
+    return pressed.Selected() ? pressed.Owner().SelectedNodes() : std::vector<Node *>{&pressed};
+}
+
+} // namespace
+
+CopyNodes::CopyNodes(Scene &scene, const Stage &stage, Node &pressed, const PointerInput &press)
+    : scene_(scene),
+      press_(press),
+      held_(NodesToCopy(pressed)),
+      snapping_(scene, stage, nullptr),
+      extent_(held_.Extent()),
+      corner_(pressed.Bounds().topLeft()) {
+    const std::vector<Node *> nodes = NodesToCopy(pressed);
+    if (nodes.size() > kMostOutlines)
+        outlines_.addRect(extent_);
+    else
+        for (const Node *node : nodes) outlines_.addPath(scene.NodeOutline(*node));
+}
+
+QPointF CopyNodes::Distance(const PointerInput &input) {
+    return snapping_.Move(extent_, corner_, input.at - press_.at, input);
+}
+
+std::unique_ptr<Gesture> CopyNodes::Move(const PointerInput &input) {
+    distance_ = Distance(input);
+    return nullptr;
+}
+
+void CopyNodes::SelectHeld() const {
+    Surface &surface = scene_.Model();
+    surface.UnselectAll();
+    for (const HeldNode &held : held_.Nodes())
+        if (Node *node = surface.FindNode(held.id)) node->SetSelected(true);
+}
+
+void CopyNodes::Commit(const PointerInput &input) {
+    const QPointF distance = Distance(input);
+    if (distance.isNull()) return;
+    Surface &surface = scene_.Model();
+    ChangeSelection(surface, [&] {
+        SelectHeld();
+        PasteBytes(surface, SaveSelection(surface), float(distance.x()), float(distance.y()));
+        const std::vector<Link *> links = surface.SelectedLinks();
+        for (Link *link : links) link->SetSelected(false);
+        surface.Events().AfterMove(surface);
+    });
+}
+
+void CopyNodes::Show(Overlay &overlay) const {
+    overlay.ghost = outlines_.translated(distance_);
+    snapping_.Show(overlay);
+}
+
+} // namespace diagram

@@ -1,0 +1,206 @@
+#include "diagram/view/Accessible.h"
+
+#include "diagram/hit/HitTest.h"
+#include "diagram/scene/Scene.h"
+#include "diagram/view/AccessibleItem.h"
+#include "diagram/view/SurfaceView.h"
+
+#include <algorithm>
+#include <QAccessibleWidget>
+#include <unordered_map>
+
+namespace diagram {
+
+namespace {
+
+constexpr size_t kMostChanges = 100; // told one by one
+
+// Entries: the nodes, then the links, both in the order of adding; behind them the widgets of a scroll area.
+// Entries are made when they are asked for.
+class AccessibleSurface : public QAccessibleWidget {
+public:
+    explicit AccessibleSurface(SurfaceView &view) : QAccessibleWidget(&view, QAccessible::List) {}
+    ~AccessibleSurface() override {
+        for (const auto &[item, id] : entries_) QAccessible::deleteAccessibleInterface(id);
+    }
+
+    int childCount() const override { return ItemCount() + QAccessibleWidget::childCount(); }
+    QAccessibleInterface *child(int index) const override;
+    int indexOfChild(const QAccessibleInterface *child) const override;
+    QAccessibleInterface *childAt(int x, int y) const override;
+    QAccessibleInterface *focusChild() const override;
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.multiSelectable = state.extSelectable = true;
+        return state;
+    }
+
+    QAccessibleInterface *Entry(const Item &item) const;
+    void Forget(ItemId id);
+
+private:
+    // Null while the view is being destroyed.
+    SurfaceView *View() const { return qobject_cast<SurfaceView *>(object()); }
+    int NodeCount() const { return View() ? View()->Model().Nodes().Count() : 0; }
+    int ItemCount() const { return NodeCount() + (View() ? int(View()->Model().Links().size()) : 0); }
+    int IndexOf(const AccessibleItem &entry) const;
+
+    mutable std::unordered_map<ItemId, QAccessible::Id> entries_;
+};
+
+QAccessibleInterface *AccessibleSurface::Entry(const Item &item) const {
+    const auto [at, isNew] = entries_.try_emplace(item.Id());
+    if (isNew) at->second = QAccessible::registerAccessibleInterface(new AccessibleItem(*View(), item));
+    return QAccessible::accessibleInterface(at->second);
+}
+
+void AccessibleSurface::Forget(ItemId id) {
+    const auto entry = entries_.find(id);
+    if (entry == entries_.end()) return;
+    QAccessibleEvent gone(QAccessible::accessibleInterface(entry->second), QAccessible::ObjectDestroyed);
+    QAccessible::updateAccessibility(&gone);
+    QAccessible::deleteAccessibleInterface(entry->second);
+    entries_.erase(entry);
+}
+
+QAccessibleInterface *AccessibleSurface::child(int index) const {
+    if (index < 0) return nullptr;
+    if (index < NodeCount()) return Entry(View()->Model().Nodes().Item(index + 1));
+    if (index < ItemCount()) return Entry(*View()->Model().Links()[size_t(index - NodeCount())]);
+    return QAccessibleWidget::child(index - ItemCount());
+}
+
+// Both collections are sorted by identity.
+int AccessibleSurface::IndexOf(const AccessibleItem &entry) const {
+    if (!entry.isValid() || entry.parent() != this) return -1;
+    const auto links = View()->Model().Links();
+    if (entry.Kind() == ItemKind::Link) {
+        const auto at =
+            std::ranges::lower_bound(links, entry.Id(), {}, [](const auto &each) { return each->Id(); });
+        return NodeCount() + int(at - links.begin());
+    }
+    int low = 0, high = NodeCount();
+    while (low < high) {
+        const int middle = (low + high) / 2;
+        if (View()->Model().Nodes().Item(middle + 1).Id() < entry.Id())
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    return low;
+}
+
+int AccessibleSurface::indexOfChild(const QAccessibleInterface *child) const {
+    if (const auto *entry = dynamic_cast<const AccessibleItem *>(child)) return IndexOf(*entry);
+    const int widget = QAccessibleWidget::indexOfChild(child);
+    return widget < 0 ? widget : ItemCount() + widget;
+}
+
+QAccessibleInterface *AccessibleSurface::childAt(int x, int y) const {
+    if (!View()) return nullptr;
+    for (int i = 0; i < QAccessibleWidget::childCount(); ++i) {
+        QAccessibleInterface *widget = QAccessibleWidget::child(i);
+        const bool bar = widget && widget->object() != View()->viewport();
+        if (bar && !widget->state().invisible && widget->rect().contains(x, y)) return widget;
+    }
+    const QPoint pixels = View()->viewport()->mapFromGlobal(QPoint(x, y));
+    if (!View()->viewport()->rect().contains(pixels)) return nullptr;
+    const QPointF at = View()->ToSurface(pixels);
+    if (const Node *node = NodeAtPoint(View()->TheScene(), float(at.x()), float(at.y()))) return Entry(*node);
+    if (const Link *link = LinkAtPoint(View()->TheScene(), float(at.x()), float(at.y()))) return Entry(*link);
+    return nullptr;
+}
+
+QAccessibleInterface *AccessibleSurface::focusChild() const {
+    if (!View() || !View()->hasFocus()) return QAccessibleWidget::focusChild();
+    const Surface &surface = View()->Model();
+    if (const Node *node = surface.SelectedNode()) return Entry(*node);
+    if (const Link *link = surface.SelectedLink()) return Entry(*link);
+    return QAccessibleWidget::focusChild();
+}
+
+QAccessibleInterface *MakeAccessible(const QString &, QObject *object) {
+    auto *view = qobject_cast<SurfaceView *>(object);
+    return view ? new AccessibleSurface(*view) : nullptr;
+}
+
+AccessibleSurface *ListOf(SurfaceView &view) {
+    return dynamic_cast<AccessibleSurface *>(QAccessible::queryAccessibleInterface(&view));
+}
+
+const Item *Find(const Surface &surface, ItemId id) {
+    if (const Node *node = surface.FindNode(id)) return node;
+    return surface.FindLink(id);
+}
+
+} // namespace
+
+void InstallAccessibility() { QAccessible::installFactory(MakeAccessible); }
+
+AccessibleNotices::AccessibleNotices(SurfaceView &view) : view_(view), active_(QAccessible::isActive()) {
+    QAccessible::installActivationObserver(this);
+}
+
+AccessibleNotices::~AccessibleNotices() { QAccessible::removeActivationObserver(this); }
+
+void AccessibleNotices::Changed(const Item &item, Change what) {
+    if (!active_) return;
+    if (!Has(what, Change::Selection) && !Has(what, Change::Text)) return;
+    if (changed_.size() > kMostChanges) return;
+    Change &known = changed_.try_emplace(item.Id(), Change::None).first->second;
+    known = known | what;
+}
+
+void AccessibleNotices::ListChanged() { listChanged_ = active_; }
+
+void AccessibleNotices::Removed(const Item &item) {
+    ListChanged();
+    if (!active_) return;
+    if (AccessibleSurface *list = ListOf(view_)) list->Forget(item.Id());
+}
+
+void AccessibleNotices::SendChange(const Item &item, Change what) const {
+    QAccessibleInterface *entry = ListOf(view_)->Entry(item);
+    if (Has(what, Change::Text)) {
+        QAccessibleEvent name(entry, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&name);
+    }
+    if (!Has(what, Change::Selection)) return;
+    const bool selected = item.AsNode() ? item.AsNode()->Selected() : item.AsLink()->Selected();
+    QAccessibleEvent selection(entry, selected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
+    QAccessible::updateAccessibility(&selection);
+    QAccessible::State state;
+    state.selected = true;
+    QAccessibleStateChangeEvent change(entry, state);
+    QAccessible::updateAccessibility(&change);
+}
+
+void AccessibleNotices::SendFocus() {
+    const Surface &surface = view_.Model();
+    const Item *focus = surface.SelectedNode();
+    if (!focus) focus = surface.SelectedLink();
+    const ItemId id = focus && view_.hasFocus() ? focus->Id() : kNoItem;
+    if (std::exchange(focus_, id) == id || id == kNoItem) return;
+    QAccessibleEvent event(ListOf(view_)->Entry(*focus), QAccessible::Focus);
+    QAccessible::updateAccessibility(&event);
+}
+
+void AccessibleNotices::Send() {
+    const auto changed = std::exchange(changed_, {});
+    const bool listChanged = std::exchange(listChanged_, false);
+    if (!active_ || !ListOf(view_)) return;
+    if (listChanged) {
+        QAccessibleEvent reorder(&view_, QAccessible::ObjectReorder);
+        QAccessible::updateAccessibility(&reorder);
+    }
+    if (changed.size() > kMostChanges) {
+        QAccessibleEvent many(&view_, QAccessible::SelectionWithin);
+        QAccessible::updateAccessibility(&many);
+    } else {
+        for (const auto &[id, what] : changed)
+            if (const Item *item = Find(view_.Model(), id)) SendChange(*item, what);
+    }
+    SendFocus();
+}
+
+} // namespace diagram

@@ -1,0 +1,154 @@
+#include "tests/diagram/view/ViewFixture.h"
+
+#include <QAccessible>
+
+namespace diagram::testing {
+
+class Accessible : public ViewTest {
+protected:
+    Accessible() : a(AddNode("a", 50, 50)), b(AddNode("b", 250, 150)), link(AddLink(a, b)) {
+        a.SetText(QStringLiteral("Start\r\nhere"));
+        b.SetText(QStringLiteral("End"));
+        Settle();
+        QAccessible::setActive(true);
+    }
+    ~Accessible() override { QAccessible::setActive(false); }
+    QAccessibleInterface &List() { return *QAccessible::queryAccessibleInterface(view.get()); }
+    QAccessibleInterface &Child(int index) { return *List().child(index); }
+
+    Node &a, &b;
+    Link &link;
+};
+
+TEST_F(Accessible, View_ListsNodesThenLinks) {
+    EXPECT_EQ(List().role(), QAccessible::List);
+    EXPECT_FALSE(List().text(QAccessible::Name).isEmpty());
+    ASSERT_GE(List().childCount(), 3);
+    EXPECT_EQ(Child(0).text(QAccessible::Name), QStringLiteral("Start here"));
+    EXPECT_EQ(Child(1).text(QAccessible::Name), QStringLiteral("End"));
+    EXPECT_EQ(Child(2).text(QAccessible::Name), QStringLiteral("Start here to End"));
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_TRUE(Child(i).isValid());
+        EXPECT_EQ(Child(i).role(), QAccessible::ListItem);
+        EXPECT_EQ(Child(i).parent(), &List());
+    }
+    for (int i = 0; i < List().childCount(); ++i) EXPECT_EQ(List().indexOfChild(List().child(i)), i);
+    EXPECT_EQ(List().child(-1), nullptr);
+}
+
+TEST_F(Accessible, LinkWithText_IsCalledByIt) {
+    link.SetText(QStringLiteral("leads to"));
+    EXPECT_EQ(Child(2).text(QAccessible::Name), QStringLiteral("leads to"));
+    EXPECT_EQ(Child(2).text(QAccessible::Description), QStringLiteral("Start here to End"));
+}
+
+TEST_F(Accessible, Description_TellsWhatTheDescriberSaysAndTheNumberOfLinks) {
+    EXPECT_EQ(Child(0).text(QAccessible::Description), QStringLiteral("1 link"));
+    AddLink(b, a);
+    view->SetDescriber([](const Item &item) {
+        return item.AsNode() ? QStringLiteral("Level ") + item.AsNode()->Key() : QString();
+    });
+    EXPECT_EQ(Child(0).text(QAccessible::Description), QStringLiteral("Level a, 2 links"));
+    EXPECT_EQ(Child(2).text(QAccessible::Description), QStringLiteral("Start here to End"));
+}
+
+TEST_F(Accessible, Rect_IsWhereTheItemIsShown) {
+    const QPoint corner = view->viewport()->mapToGlobal(QPoint(0, 0));
+    EXPECT_EQ(Child(0).rect().translated(-corner), QRect(50, 50, 100, 60));
+    view->ZoomAt(200, QPointF());
+    EXPECT_EQ(Child(0).rect().translated(-corner), QRect(100, 100, 200, 120));
+    EXPECT_TRUE(Child(2).rect().intersects(Child(0).rect().adjusted(-2, -2, 2, 2)));
+}
+
+TEST_F(Accessible, ChildAt_FindsWhatLiesThere) {
+    const auto at = [&](const QPoint &pixels) {
+        const QPoint global = view->viewport()->mapToGlobal(pixels);
+        return List().childAt(global.x(), global.y());
+    };
+    EXPECT_EQ(at(Middle(a)), &Child(0));
+    EXPECT_EQ(at(At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2)), &Child(2));
+    EXPECT_EQ(at(QPoint(600, 500)), nullptr);
+}
+
+TEST_F(Accessible, State_TellsSelectionFocusAndSight) {
+    view->setFocus();
+    EXPECT_TRUE(Child(0).state().selectable);
+    EXPECT_FALSE(Child(0).state().selected);
+    a.SetSelected(true);
+    b.SetSelected(true);
+    EXPECT_TRUE(Child(0).state().selected);
+    EXPECT_FALSE(Child(0).state().focused);
+    EXPECT_TRUE(Child(1).state().focused);
+    EXPECT_EQ(List().focusChild(), &Child(1));
+    EXPECT_FALSE(Child(0).state().offscreen);
+    a.SetLeft(5000 * 15);
+    EXPECT_TRUE(Child(0).state().offscreen);
+    a.SetHidden(true);
+    EXPECT_TRUE(Child(0).state().invisible);
+    EXPECT_FALSE(Child(0).state().selectable);
+}
+
+TEST_F(Accessible, Actions_SelectAndFocus) {
+    QAccessibleActionInterface *first = Child(0).actionInterface();
+    QAccessibleActionInterface *second = Child(1).actionInterface();
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(first->actionNames().size(), 2);
+    first->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(a.Selected());
+    second->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{&b});
+    EXPECT_TRUE(view->hasFocus());
+    EXPECT_EQ(events.Count("AfterSelect"), 2);
+    second->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_TRUE(surface.SelectedNodes().empty());
+    Child(2).actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_TRUE(link.Selected());
+}
+
+TEST_F(Accessible, ItemThatIsNotSelectable_HasNoActions) {
+    a.SetSelectable(false);
+    EXPECT_TRUE(Child(0).actionInterface()->actionNames().isEmpty());
+}
+
+TEST_F(Accessible, SelectionByTheKeyboard_MovesTheFocus) {
+    view->setFocus();
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(List().focusChild(), &Child(0));
+    EXPECT_TRUE(Child(0).state().focused);
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(List().focusChild(), &Child(1));
+    EXPECT_FALSE(Child(0).state().selected);
+}
+
+TEST_F(Accessible, ItemThatGoes_TakesItsEntryAlong) {
+    const int count = List().childCount();
+    AddNode("c", 300, 300);
+    Settle();
+    EXPECT_EQ(List().childCount(), count + 1);
+    const QAccessible::Id id = QAccessible::uniqueId(&Child(1));
+    surface.Remove(b);
+    Settle();
+    EXPECT_EQ(QAccessible::accessibleInterface(id), nullptr);
+    EXPECT_EQ(List().childCount(), count - 1);
+    EXPECT_EQ(Child(1).text(QAccessible::Name), QString());
+}
+
+TEST_F(Accessible, ViewThatGoes_TakesItsEntriesAlong) {
+    const QAccessible::Id list = QAccessible::uniqueId(&List());
+    const QAccessible::Id entry = QAccessible::uniqueId(&Child(0));
+    view.reset();
+    EXPECT_EQ(QAccessible::accessibleInterface(list), nullptr);
+    EXPECT_EQ(QAccessible::accessibleInterface(entry), nullptr);
+}
+
+TEST_F(Accessible, ViewMadeWhileAnAssistantRuns_ListsItsItems) {
+    SurfaceView other(surface);
+    other.show();
+    Settle();
+    QAccessibleInterface *list = QAccessible::queryAccessibleInterface(&other);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    EXPECT_EQ(list->child(1)->text(QAccessible::Name), QStringLiteral("End"));
+}
+
+} // namespace diagram::testing
