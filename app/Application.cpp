@@ -10,11 +10,11 @@ Application::Application(int &argc, char **argv) : QApplication(argc, argv) {
 
 bool Application::notify(QObject *receiver, QEvent *event) {
     bool handled = true;
-    const QByteArray object = receiver->metaObject()->className();
-    support::Report(object.constData(), "Event", [&] { handled = QApplication::notify(receiver, event); });
+    const char *object = receiver->metaObject()->className(); // outlives the receiver
+    support::Report(object, "Event", [&] { handled = QApplication::notify(receiver, event); });
     return handled;
 }
 
-QString Application::CommandLine() { return arguments().mid(1).join(u' '); }
+QString CommandLine(const QStringList &arguments) { return arguments.mid(1).join(u' '); }
 
 } // namespace app

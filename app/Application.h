@@ -12,8 +12,9 @@ public:
     Application(int &argc, char **argv);
 
     bool notify(QObject *receiver, QEvent *event) override;
-    // The command line behind the program's name as one text, without the toolkit's own options.
-    static QString CommandLine();
 };
+
+// What stands behind the program's name in `arguments`, as one text: a path with blanks needs no quotes.
+QString CommandLine(const QStringList &arguments);
 
 } // namespace app

@@ -1,8 +1,7 @@
 // Switches for scripts and figures, from the environment:
 //   VELMORA_NO_SPLASH=1          no splash, and no wait for it
-//   VELMORA_QUIT_AFTER_PAINT=1   once window and map are painted, writes "painted SECONDS" (since the process
-//   started) to the
-//                                standard output and ends
+//   VELMORA_QUIT_AFTER_PAINT=1   once window and map are painted, writes "painted SECONDS" (since the
+//                                process started) and "resident KIB" to the standard output and ends
 //   VELMORA_SCREENSHOT=PATH      once they are painted, writes a picture of the window to PATH and ends
 // With one of the last two the start-up map isn't offered.
 #pragma once

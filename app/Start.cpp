@@ -6,6 +6,7 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/frmSplash.h"
 #include "mainwindow/StartupSetting.h"
+#include "support/Error.h"
 #include "support/Files.h"
 
 #include <cmath>
@@ -17,7 +18,6 @@ using mainwindow::frmMain;
 
 namespace {
 
-constexpr std::int32_t kFirstMemoryLimit = 1048576;
 constexpr int kSplashStep = 20; // milliseconds
 
 void ShowSplash() {
@@ -33,7 +33,7 @@ void WaitForSplash(support::Clock &clock, double since) {
 }
 
 frmMain *FirstWindow(support::Desktop &desktop, const StartOptions &options) {
-    settings::SetMemoryLimit(kFirstMemoryLimit);
+    settings::SetMemoryLimit(settings::kFirstMemoryLimit);
     desktop.random.Seed(desktop.clock.Timer());
     if (options.showSplash) ShowSplash();
     const double noted = std::floor(desktop.clock.Timer());

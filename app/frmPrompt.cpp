@@ -30,7 +30,12 @@ frmPrompt::frmPrompt(StartupOffer &offer, QWidget *parent)
     lbl_->setText(
         QStringLiteral("Would you like to open %FILE%?").replace(QLatin1String("%FILE%"), offer.file));
     cmdYes_->setDefault(true);
+    LayOut();
+    connect(cmdYes_, &QPushButton::clicked, this, [this] { Answer(true); });
+    connect(cmdNo_, &QPushButton::clicked, this, [this] { Answer(false); });
+}
 
+void frmPrompt::LayOut() {
     auto *icon = new QLabel(this);
     icon->setPixmap(mainwindow::ProgramIcon().pixmap(QSize(kIconSide, kIconSide), devicePixelRatioF()));
     auto *head = new QHBoxLayout;
@@ -47,8 +52,6 @@ frmPrompt::frmPrompt(StartupOffer &offer, QWidget *parent)
     layout->addSpacing(12);
     layout->addLayout(foot);
     setMinimumWidth(420);
-    connect(cmdYes_, &QPushButton::clicked, this, [this] { Answer(true); });
-    connect(cmdNo_, &QPushButton::clicked, this, [this] { Answer(false); });
 }
 
 void frmPrompt::Answer(bool yes) {

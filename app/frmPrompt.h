@@ -31,6 +31,7 @@ public:
     QCheckBox *chkNotAgain() const { return chkNotAgain_; }
 
 private:
+    void LayOut();
     void Answer(bool yes);
 
     StartupOffer &offer_;

@@ -9,7 +9,6 @@
 #include "support/real/RealDesktop.h"
 
 #include <cstdio>
-#include <cstdlib>
 
 namespace {
 
@@ -72,5 +71,5 @@ int main(int argc, char **argv) {
     app::Application application(argc, argv);
     if (const auto fault = support::FaultToShow(QCoreApplication::arguments())) return ShowFault(*fault);
     support::InstallExceptionFilter(support::OwnFaultBox());
-    return Run(app::Application::CommandLine());
+    return Run(app::CommandLine(QCoreApplication::arguments()));
 }

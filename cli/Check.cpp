@@ -3,6 +3,7 @@
 #include "cli/Session.h"
 #include "document/MapSchema.h"
 #include "storage/Database.h"
+#include "support/Error.h"
 
 namespace cli {
 
@@ -30,6 +31,11 @@ constexpr Finding kFindings[] = {
      "SELECT COUNT(*) FROM [Links] WHERE [Font] NOT IN (SELECT [Key] FROM [Fonts])"},
     {"nodes with a picture that does not exist",
      "SELECT COUNT(*) FROM [Nodes] WHERE [Picture]<>'' AND [Picture] NOT IN (SELECT [Key] FROM [Pictures])"},
+    {"slices with a picture that does not exist",
+     "SELECT COUNT(*) FROM [Slices] WHERE [Picture]<>'' AND [Picture] NOT IN (SELECT [Key] FROM [Pictures])"},
+    {"hyperlinks to a node that does not exist",
+     "SELECT COUNT(*) FROM [Hyperlinks] WHERE COALESCE([Filename], '')='' AND [Node]<>'' AND [Node] NOT IN "
+     "(SELECT [Key] FROM [Nodes])"},
     {"hyperlinks of a node that does not exist",
      "SELECT COUNT(*) FROM [Hyperlinks] WHERE [NodeKey] NOT IN (SELECT [Key] FROM [Nodes])"},
     {"attachments of a node that does not exist",
@@ -71,14 +77,33 @@ QStringList FindingsIn(const QString &path) {
     return lines;
 }
 
+void Show(const QStringList &findings, QTextStream &out) {
+    for (const QString &line : findings) out << line << "\n";
+}
+
+// Of a map that does not load the tables may tell more than the error, if they can be read at all.
+void ShowIfReadable(const QString &path, QTextStream &out) {
+    try {
+        Show(FindingsIn(path), out);
+    } catch (const support::Error &) {
+        // The error of the load is the one to tell.
+    }
+}
+
 } // namespace
 
 int Check(QStringList arguments, QTextStream &out) {
     ExpectFiles(arguments, 1);
+    const QString path = arguments.first();
     Session session;
-    session.Open(arguments.first());
-    const QStringList findings = FindingsIn(arguments.first());
-    for (const QString &line : findings) out << line << "\n";
+    try {
+        session.Open(path);
+    } catch (const support::Error &) {
+        ShowIfReadable(path, out);
+        throw;
+    }
+    const QStringList findings = FindingsIn(path);
+    Show(findings, out);
     if (findings.isEmpty()) out << "nothing wrong\n";
     return findings.isEmpty() ? kGood : kFailed;
 }

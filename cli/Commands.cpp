@@ -98,9 +98,11 @@ QString TakeOption(QStringList &arguments, const QString &option) {
 bool TakeSwitch(QStringList &arguments, const QString &option) { return arguments.removeAll(option) > 0; }
 
 void ExpectFiles(const QStringList &arguments, int count) {
-    for (const QString &argument : arguments)
+    for (const QString &argument : arguments) {
+        if (argument.isEmpty()) throw UsageError(QStringLiteral("a file name is empty"));
         if (argument.startsWith(QLatin1String("--")))
             throw UsageError(QStringLiteral("unknown option %1").arg(argument));
+    }
     if (arguments.size() != count)
         throw UsageError(
             QStringLiteral("%1 expected, %2 given; see --help")

@@ -34,7 +34,7 @@ private:
 QString TakeOption(QStringList &arguments, const QString &option);
 // Takes the switch out of the arguments and tells whether it was there.
 bool TakeSwitch(QStringList &arguments, const QString &option);
-// UsageError unless exactly `count` arguments are left, none of which looks like an option.
+// UsageError unless exactly `count` arguments are left, none of which is empty or looks like an option.
 void ExpectFiles(const QStringList &arguments, int count);
 
 // The single commands, on what stands behind their names.

@@ -20,6 +20,24 @@ QString LocaleWithPassword(const QString &password) {
     return password.isEmpty() ? kLocale : kLocale + QStringLiteral(";pwd=") + password;
 }
 
+// A file of the temporary folder that goes with the object unless it is kept.
+class ScratchFile {
+public:
+    ScratchFile() : path_(support::GetTempFile(kPrefix)) {}
+    ~ScratchFile() {
+        if (!isKept_) QFile::remove(path_);
+    }
+    ScratchFile(const ScratchFile &) = delete;
+    ScratchFile &operator=(const ScratchFile &) = delete;
+
+    const QString &Path() const { return path_; }
+    void Keep() { isKept_ = true; }
+
+private:
+    QString path_;
+    bool isKept_ = false;
+};
+
 // Fills the file, which only its owner may read, so that the copy is as private as it should be.
 void CopyInto(const QString &source, const QString &target) {
     constexpr qint64 kBlock = 1 << 20;
@@ -50,14 +68,14 @@ bool HaveSameBytes(const QString &a, const QString &b) {
 void CompactDb(MapWindow &window, const QString &sFile, bool bKeep, const QString &sPassword) {
     support::PassOn("CompactDb", [&] {
         window.SetMousePointer(pointer::kHourglass);
-        const QString compacted = support::GetTempFile(kPrefix);
-        const QString safetyCopy = support::GetTempFile(kPrefix);
-        support::Kill(compacted);
-        CopyInto(sFile, safetyCopy);
-        storage::CompactDatabase(sFile, compacted, LocaleWithPassword(sPassword), kVersion30);
+        ScratchFile compacted, safetyCopy;
+        support::Kill(compacted.Path());
+        CopyInto(sFile, safetyCopy.Path());
+        safetyCopy.Keep();
+        storage::CompactDatabase(sFile, compacted.Path(), LocaleWithPassword(sPassword), kVersion30);
         // A file without free space comes back as it was.
-        if (!HaveSameBytes(compacted, sFile)) support::CopyFileTo(compacted, sFile);
-        if (!bKeep) support::Kill(compacted);
+        if (!HaveSameBytes(compacted.Path(), sFile)) support::CopyFileTo(compacted.Path(), sFile);
+        if (bKeep) compacted.Keep();
         window.SetMousePointer(pointer::kNormal);
     });
 }

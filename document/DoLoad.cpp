@@ -86,18 +86,21 @@ void Loader::UnloadSlices() {
 
 void Loader::LoadPools() {
     window_.DoStatus(QStringLiteral("Loading Levels..."));
+    Recordset levels = database_.OpenRecordset(SelectAll(schema::kLevels));
     settings_.Levels().Clear();
-    ReadLevels(database_, settings_.Levels());
+    ReadLevels(std::move(levels), settings_.Levels());
     window_.DoStatus(QStringLiteral("Loading Groups..."));
+    Recordset groups = database_.OpenRecordset(SelectAll(schema::kGroups));
     settings_.Groups().Clear();
-    ReadGroups(database_, settings_.Groups());
+    ReadGroups(std::move(groups), settings_.Groups());
 }
 
 bool Loader::LoadSlices() {
     Recordset rows = database_.OpenRecordset(SelectAll(schema::kSlices) + QStringLiteral(" ORDER BY ") +
                                              Bracketed(schema::kSlices, schema::slice::kIndex));
-    if (rows.EndOfFile()) window_.AddFlow1()[0].Reset();
     const Columns at(rows, schema::kSlices);
+    // The first slot is there whether the map has a slice for it or not.
+    if (rows.EndOfFile() || rows.Integer(at[schema::slice::kIndex]) != 0) window_.AddFlow1()[0].Reset();
     for (; !rows.EndOfFile(); rows.MoveNext())
         if (memory_.IsShort() || !LoadSlice(rows, at)) return false;
     return true;

@@ -14,8 +14,9 @@ class MapWindow;
 // Without memory the load ends with the product's message: the slices read so far stay, Dirty and caption
 // stay as they were. An error ends it where it stands and has DoLoad in its source: an engine's error for
 // what cannot be opened or lacks a table or column, 6 "Overflow" and 380 "Invalid property value" for numbers
-// out of range, 457 for a node key that is there twice, 5 for a link to an unknown node, 481 for a picture
-// that is none, 340 and 360 for impossible slice indexes. The window then shows what was read and works on.
+// out of range, 13 "Type mismatch" for a text where a number belongs, 457 for a node key that is there twice,
+// 5 for a link to an unknown node, 481 for a picture that is none, 340 and 360 for impossible slice indexes.
+// The window then shows what was read and works on.
 bool DoLoad(MapWindow &frm);
 
 // For a path that is no database: the file of a surface goes into the highest of the slots 0 and 1, and

@@ -69,8 +69,8 @@ public:
     MapRows &operator=(const MapRows &) = delete;
 
     // The slice's nodes in ascending zOrder, its links in the order of the table; each to be taken once. A
-    // row with a value that cannot be read or is out of range raises its error here: 6 "Overflow", 380
-    // "Invalid property value".
+    // row with a value that cannot be read or is out of range raises its error here: 6 "Overflow", 13
+    // "Type mismatch", 380 "Invalid property value".
     std::vector<NodeRow> TakeNodes(int slice);
     std::vector<LinkRow> TakeLinks(int slice);
     // The points of a link in ascending index.

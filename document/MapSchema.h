@@ -155,7 +155,6 @@ public:
         const int position = at_[static_cast<std::size_t>(column)];
         return position >= 0 ? position : Missing();
     }
-    bool Has(int column) const { return at_[static_cast<std::size_t>(column)] >= 0; }
 
 private:
     [[noreturn]] static int Missing();

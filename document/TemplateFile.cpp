@@ -11,16 +11,14 @@ QString TemplatePath() {
     return support::AddBackslash(support::ProgramPath()) + QStringLiteral("template.tpl");
 }
 
-void ReadLevels(storage::Database &database, cLevels &levels) {
-    storage::Recordset rows = database.OpenRecordset(SelectAll(schema::kLevels));
+void ReadLevels(storage::Recordset rows, cLevels &levels) {
     const Columns at(rows, schema::kLevels);
     for (; !rows.EndOfFile(); rows.MoveNext())
         levels.Create(rows.Text(at[schema::level::kLevel]), rows.Boolean(at[schema::level::kSelected]),
                       rows.Long(at[schema::level::kColour]));
 }
 
-void ReadGroups(storage::Database &database, cGroups &groups) {
-    storage::Recordset rows = database.OpenRecordset(SelectAll(schema::kGroups));
+void ReadGroups(storage::Recordset rows, cGroups &groups) {
     const Columns at(rows, schema::kGroups);
     for (; !rows.EndOfFile(); rows.MoveNext())
         groups.Create(rows.Text(at[schema::group::kGroup]), rows.Boolean(at[schema::group::kSelected]));

@@ -4,7 +4,7 @@
 #include <QString>
 
 namespace storage {
-class Database;
+class Recordset;
 }
 
 namespace document {
@@ -15,8 +15,8 @@ class cGroups;
 // Full path of template.tpl in the program's folder.
 QString TemplatePath();
 
-// Adds a level or group for each row of the table.
-void ReadLevels(storage::Database &database, cLevels &levels);
-void ReadGroups(storage::Database &database, cGroups &groups);
+// Adds a level or group for each of the rows of the table.
+void ReadLevels(storage::Recordset rows, cLevels &levels);
+void ReadGroups(storage::Recordset rows, cGroups &groups);
 
 } // namespace document

@@ -34,7 +34,7 @@ cGroup *cGroups::FirstSelectedGroup() const {
 void cGroups::LoadDefaults() {
     support::PassOn("LoadDefaults", [&] {
         storage::Database database = storage::OpenDatabase(TemplatePath());
-        ReadGroups(database, *this);
+        ReadGroups(database.OpenRecordset(SelectAll(schema::kGroups)), *this);
     });
 }
 

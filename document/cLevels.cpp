@@ -15,7 +15,7 @@ cLevel *cLevels::FirstSelectedLevel() const {
 void cLevels::LoadDefaults() {
     support::PassOn("LoadDefaults", [&] {
         storage::Database database = storage::OpenDatabase(TemplatePath());
-        ReadLevels(database, *this);
+        ReadLevels(database.OpenRecordset(SelectAll(schema::kLevels)), *this);
     });
 }
 

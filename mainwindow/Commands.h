@@ -17,8 +17,8 @@ enum class Needs { Nothing, Undo, Redo, Selection, SelectionOrText };
 using Routine = void (*)(frmMain &);
 
 struct CommandRow {
-    const char
-        *parent; // key of the menu that holds it; empty: the menu bar; null: in no menu, reached by its keys
+    // Key of the menu that holds it; empty: the menu bar; null: in no menu, reached by its keys.
+    const char *parent;
     const char *key;     // identity; empty for separators that nobody names
     const char *caption; // with placeholders of the product terms
     EntryKind kind = EntryKind::Command;

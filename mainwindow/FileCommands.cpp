@@ -28,12 +28,27 @@ void mnuFileSave(frmMain &window) {
     document::DoSave(window);
 }
 
+// Takes the path away, so that saving asks for one, and puts it back unless another has taken its place.
+class WithoutPath {
+public:
+    explicit WithoutPath(document::clsfrmMain &settings) : settings_(settings), old_(settings.Database()) {
+        settings_.SetDatabase(QString());
+    }
+    ~WithoutPath() {
+        if (settings_.Database().isEmpty()) settings_.SetDatabase(old_);
+    }
+    WithoutPath(const WithoutPath &) = delete;
+    WithoutPath &operator=(const WithoutPath &) = delete;
+
+private:
+    document::clsfrmMain &settings_;
+    QString old_;
+};
+
 void mnuFileSaveAs(frmMain &window) {
-    const QString old = window.clsSettings().Database();
     window.SetMousePointer(kNormal);
-    window.clsSettings().SetDatabase(QString());
+    const WithoutPath untitled(window.clsSettings());
     document::DoSave(window);
-    if (window.clsSettings().Database().isEmpty()) window.clsSettings().SetDatabase(old);
 }
 
 void mnuFileExit(frmMain &window) { window.close(); }

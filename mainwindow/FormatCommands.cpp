@@ -1,9 +1,8 @@
 #include "mainwindow/FormatCommands.h"
 
 #include "app/settings/Settings.h"
-#include "diagram/edit/History.h"
 #include "diagram/model/Surface.h"
-#include "document/Tags.h"
+#include "mainwindow/ActionGroup.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/ShapeMenu.h"
@@ -78,6 +77,12 @@ const FormatRow *FindFormat(const QString &key) {
     return nullptr;
 }
 
+// Spelled as users know it.
+void ShowUnknownButton(support::Desktop &desktop, const QString &key) {
+    desktop.messageBoxes.Show(QStringLiteral("Unknow Key ") + key, support::Buttons::Ok, support::Icon::None,
+                              settings::Terms().TITLE);
+}
+
 int AlignmentInFamily(int alignment, int base) {
     if (alignment < 0 || alignment > kHighestPlacement) return alignment;
     return base + alignment % kPlacementsInFamily;
@@ -96,22 +101,18 @@ void ShowSecondTexts(diagram::Surface &flow, bool on) {
 void frmMain::tlbFormat_ButtonClick(const QString &key) {
     support::Report("frmMain", "tlbFormat_ButtonClick", [&] {
         clsSettings_->Dirty = true;
-        diagram::Surface &surface = CurrentSurface();
-        document::BeginAction(surface);
-        const FormatRow *row = FindFormat(key);
-        if (row)
+        const ActionGroup step(CurrentSurface());
+        if (const FormatRow *row = FindFormat(key))
             row->routine(*this);
         else
-            desktop_.messageBoxes.Show(QStringLiteral("Unknow Key ") + key, support::Buttons::Ok,
-                                       support::Icon::None, settings::Terms().TITLE);
-        surface.EndAction();
+            ShowUnknownButton(desktop_, key);
     });
 }
 
 void frmMain::tlbFormat_ButtonMenuClick(int tag) {
     support::Report("frmMain", "tlbFormat_ButtonMenuClick", [&] {
         diagram::Surface &surface = CurrentSurface();
-        const diagram::ActionGroup group(surface);
+        const ActionGroup step(surface);
         DoSelectAll(surface, false);
         diagram::Node &node = surface.Nodes().Add(0, 0, kNewElementSide, kNewElementSide);
         node.SetShape(tag);

@@ -7,6 +7,10 @@ namespace diagram {
 class Surface;
 }
 
+namespace support {
+struct Desktop;
+}
+
 namespace mainwindow {
 
 class frmMain;
@@ -17,6 +21,8 @@ struct FormatRow {
 };
 // Null for a key that no button has.
 const FormatRow *FindFormat(const QString &key);
+// Tells that no button has that key, in the words that both toolbars use.
+void ShowUnknownButton(support::Desktop &desktop, const QString &key);
 
 // The placement of a text moved to another family (0 left, 3 right, 6 centre), top, middle and bottom kept. A
 // value that is no placement stays.

@@ -3,6 +3,7 @@
 #include "app/settings/GetSet.h"
 #include "support/cRegistry.h"
 
+#include <initializer_list>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
@@ -34,9 +35,11 @@ public:
         const quint32 number = key_.Value().toUInt(&isNumber);
         return isNumber ? int(number) : absent;
     }
-    void Write(const QString &name, int value) {
-        key_.ValueKey = name;
-        key_.SetValue(quint32(value));
+    // All of them at once: a window that closes waits for the disk one time.
+    void Write(std::initializer_list<std::pair<QString, int>> numbers) {
+        std::map<QString, QVariant> values;
+        for (const auto &[name, number] : numbers) values[name] = quint32(number);
+        key_.SetValues(values);
     }
 
 private:
@@ -87,11 +90,11 @@ void WritePlacement(support::RegistryStore &registry, const QWidget &window) {
     PlacementKey key(registry);
     const QRect inner = window.isMaximized() ? window.normalGeometry() : window.geometry();
     const QPoint corner = window.isMaximized() ? inner.topLeft() : window.pos();
-    key.Write(kWindowState, window.isMaximized() ? kStateMaximised : kStateNormal);
-    key.Write(kLeft, corner.x());
-    key.Write(kTop, corner.y());
-    key.Write(kHeight, inner.height());
-    key.Write(kWidth, inner.width());
+    key.Write({{kWindowState, window.isMaximized() ? kStateMaximised : kStateNormal},
+               {kLeft, corner.x()},
+               {kTop, corner.y()},
+               {kHeight, inner.height()},
+               {kWidth, inner.width()}});
 }
 
 } // namespace mainwindow

@@ -5,7 +5,6 @@
 #include "mainwindow/ShapeMenu.h"
 
 #include <QAction>
-#include <QMenu>
 #include <QToolButton>
 
 namespace mainwindow {

@@ -110,7 +110,9 @@ protected:
 
 private:
     void BuildControls();
+    void BuildPanes();
     void BuildToolbars();
+    void BuildStatusBar();
     void BuildMenus();
     void FillToolbars();
     void ConnectControls();
@@ -121,6 +123,8 @@ private:
     void Form_Resize();
     void picRHS_Resize();
     void tmrResize_Timer();
+    // Whether a routine of some window lets events run and goes on with its windows afterwards.
+    static bool InsideRoutine();
     void Form_QueryUnload(bool &cancel);
     void Form_Unload();
     void SSTab_Click();
@@ -152,6 +156,7 @@ private:
     std::map<int, std::unique_ptr<diagram::SurfaceView>> views_; // go before the surfaces that they show
     int mousePointer_ = document::pointer::kNormal;
     bool activated_ = false;
+    bool lettingEventsRun_ = false;
 };
 
 } // namespace mainwindow

@@ -8,6 +8,7 @@
 #include "mainwindow/frmSplash.h"
 #include "mainwindow/Placement.h"
 
+#include <algorithm>
 #include <QCloseEvent>
 #include <utility>
 
@@ -15,7 +16,14 @@ namespace mainwindow {
 
 using support::Answer;
 
+bool frmMain::InsideRoutine() {
+    const std::vector<frmMain *> forms = Forms();
+    return std::any_of(forms.begin(), forms.end(),
+                       [](const frmMain *form) { return form->lettingEventsRun_; });
+}
+
 void frmMain::closeEvent(QCloseEvent *event) {
+    if (InsideRoutine()) return event->ignore();
     bool cancel = clsSettings_->Dirty; // a save that fails keeps the window
     support::Report("frmMain", "Form_QueryUnload", [&] { Form_QueryUnload(cancel); });
     if (cancel) return event->ignore();
@@ -33,7 +41,7 @@ void frmMain::Form_QueryUnload(bool &cancel) {
                                        support::Icon::Question, settings::Terms().TITLE);
         cancel = answer == Answer::Cancel || (answer == Answer::Yes && !document::DoSave(*this));
     }
-    if (!cancel) std::exchange(frmPics_, nullptr)->RemoveUsage(*this);
+    if (!cancel && frmPics_) std::exchange(frmPics_, nullptr)->RemoveUsage(*this);
 }
 
 void frmMain::Form_Unload() {

@@ -28,10 +28,6 @@ constexpr ButtonCommand kMainCommands[] = {
     {"COPY", "mnuEditCopy"}, {"PASTE", "mnuEditPaste"}, {"DELETE", "mnuEditDelete"},
 };
 
-void ShowText(support::Desktop &desktop, const QString &text) {
-    desktop.messageBoxes.Show(text, support::Buttons::Ok, support::Icon::None, settings::Terms().TITLE);
-}
-
 } // namespace
 
 void frmMain::SmartMenuXP1_Click(const QString &key) {
@@ -44,7 +40,8 @@ void frmMain::SmartMenuXP1_Click(const QString &key) {
         else if (row)
             row->routine(*this);
         else
-            ShowText(desktop_, QStringLiteral("Unknown Key ") + key);
+            desktop_.messageBoxes.Show(QStringLiteral("Unknown Key ") + key, support::Buttons::Ok,
+                                       support::Icon::None, settings::Terms().TITLE);
         SetMousePointer(kNormal); // not reached after a failure: the pointer then stays as it is
         ScheduleUpdate();
     });
@@ -60,7 +57,7 @@ void frmMain::tlbMain_ButtonClick(const QString &key) {
             if (key == QLatin1String(command.button))
                 return SmartMenuXP1_Click(QLatin1String(command.command));
         if (FindFormat(key)) return tlbFormat_ButtonClick(key);
-        ShowText(desktop_, QStringLiteral("Unknow Key ") + key); // spelled as users know it
+        ShowUnknownButton(desktop_, key);
     });
 }
 

@@ -1,6 +1,7 @@
 // How the window is put together.
 #include "mainwindow/frmMain.h"
 
+#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"
@@ -8,7 +9,6 @@
 #include "mainwindow/Toolbar.h"
 
 #include <QAction>
-#include <QMenu>
 #include <QMenuBar>
 #include <QSplitter>
 #include <QTabBar>
@@ -24,7 +24,16 @@ void frmMain::BuildControls() {
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(true);
     SmartMenuXP1a_ = new SmartMenu(*menuBar(), *this);
+    BuildPanes();
+    BuildToolbars();
+    BuildStatusBar();
+    tmrResize_.setSingleShot(true);
+    tmrResize_.setInterval(kResizeSettles);
+    update_.setSingleShot(true);
+    update_.setInterval(0);
+}
 
+void frmMain::BuildPanes() {
     SSSplitter1_ = new QSplitter(Qt::Horizontal, this);
     SSSplitter1_->setObjectName(QStringLiteral("SSSplitter1"));
     SSSplitter1_->setChildrenCollapsible(false);
@@ -33,26 +42,22 @@ void frmMain::BuildControls() {
     picRHS_->installEventFilter(this);
     SSTab_ctl_ = new QTabBar(picRHS_);
     SSTab_ctl_->setObjectName(QStringLiteral("SSTab_ctl"));
-    SSTab_ctl_->setAccessibleName(tr("Slices"));
+    SSTab_ctl_->setAccessibleName(settings::ReplaceTerms(QStringLiteral("@SLICEs")));
     SSTab_ctl_->setShape(QTabBar::RoundedSouth);
     SSTab_ctl_->setDocumentMode(true);
     SSTab_ctl_->setExpanding(false);
     SSTab_ctl_->setUsesScrollButtons(true);
     SSTab_ctl_->addTab(QStringLiteral("Map 1"));
     setCentralWidget(SSSplitter1_);
-    BuildToolbars();
+}
 
+void frmMain::BuildStatusBar() {
     staMain_ = new cStatusBar(this);
     staMain_->setObjectName(QStringLiteral("staMain"));
     setStatusBar(staMain_);
     prg1_ = new cProgressBar(staMain_);
     prg1_->setObjectName(QStringLiteral("prg1"));
     prg1_->hide();
-
-    tmrResize_.setSingleShot(true);
-    tmrResize_.setInterval(kResizeSettles);
-    update_.setSingleShot(true);
-    update_.setInterval(0);
 }
 
 void frmMain::BuildToolbars() {

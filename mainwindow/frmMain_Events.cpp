@@ -2,8 +2,8 @@
 #include "mainwindow/frmMain.h"
 
 #include "app/settings/Settings.h"
-#include "diagram/edit/History.h"
 #include "document/Tags.h"
+#include "mainwindow/ActionGroup.h"
 #include "mainwindow/Selection.h"
 
 namespace mainwindow {
@@ -43,7 +43,7 @@ document::cGroup *GroupForNewNode(const document::cGroups &groups) {
 } // namespace
 
 void frmMain::AddFlow1_AfterAddNode(int index, diagram::Node &oNode) {
-    document::BeginAction(AddFlow1_[index]);
+    const ActionGroup step(AddFlow1_[index]);
     if (const document::cGroup *group = GroupForNewNode(clsSettings_->Groups()))
         document::SetTag(oNode, document::tags::kGroup, group->Key);
     if (const document::cLevel *level = LevelForNewNode(clsSettings_->Levels())) {
@@ -52,7 +52,6 @@ void frmMain::AddFlow1_AfterAddNode(int index, diagram::Node &oNode) {
     }
     clsSettings_->Dirty = true;
     AddFlow1_afGotFocus(index);
-    AddFlow1_[index].EndAction();
 }
 
 void frmMain::AddFlow1_AfterAddLink(int index, diagram::Link &) {

@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 #include <QSplitter>
 
 namespace mainwindow {
@@ -35,14 +36,17 @@ void frmMain::SetMousePointer(int pointer) {
 void frmMain::SetWindowCaption(const QString &caption) { setWindowTitle(caption); }
 
 // Input waits: a key pressed during a load must not reach a map that is half there.
-void frmMain::DoEvents() { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+void frmMain::DoEvents() {
+    const QScopedValueRollback<bool> letting(lettingEventsRun_, true);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
 
 void frmMain::DoResize() {
     Form_Resize();
     picRHS_Resize();
 }
 
-// The window has no filter lists yet.
+// The window has no filter lists.
 void frmMain::LoadCombos() {}
 
 void frmMain::ClickTab() { SSTab_Click(); }

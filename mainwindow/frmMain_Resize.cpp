@@ -52,12 +52,12 @@ void frmMain::tmrResize_Timer() {
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent *event) {
-    if (!DraggedFile(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+    if (!InsideRoutine() && !DraggedFile(*event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
 void frmMain::dropEvent(QDropEvent *event) {
     const QString file = DraggedFile(*event->mimeData());
-    if (file.isEmpty()) return;
+    if (file.isEmpty() || InsideRoutine()) return;
     event->acceptProposedAction();
     // After the drag has ended, so that a question of ours doesn't hold up the program that the file came
     // from.

@@ -13,7 +13,8 @@ namespace {
 
 // A file without free space is compact as it is: its bytes are copied.
 bool IsCompact(const QString &path) {
-    return !HasJournal(path) && ReadNativeHeader(path).pages > 0 && ReadNativeHeader(path).freePages == 0;
+    const NativeHeader header = ReadNativeHeader(path);
+    return !HasJournal(path) && header.pages > 0 && header.freePages == 0;
 }
 
 void CopyBytes(const QString &source, const QString &target) {

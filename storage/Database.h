@@ -93,8 +93,9 @@ public:
     // The same, or -1.
     int FindColumn(const QString &name) const;
 
-    // Values of the current row (3021 without one). Null gives 0, false or an empty text; a text in a numeric
-    // read is read as VAL does, a number out of the range of the type asked for is error 6 "Overflow".
+    // Values of the current row (3021 without one). Null gives 0, false or an empty text. A text may hold a
+    // number, or True or False for Boolean; any other text where a number is asked for is error 13 "Type
+    // mismatch". A number out of the range of the type asked for is error 6 "Overflow".
     bool IsNull(int column) const;
     bool Boolean(int column) const;
     std::int16_t Integer(int column) const;

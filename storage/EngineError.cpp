@@ -24,12 +24,10 @@ struct MessageRow {
 constexpr MessageRow kMessages[] = {
     {"^no such table: (?:main\\.)?(.*)$", kErrTableNotFound,
      "The database engine cannot find the input table or query '%1'. Make sure it exists and that its name "
-     "is "
-     "spelled correctly."},
+     "is spelled correctly."},
     {"^table .* has no column named (.*)$", kErrUnknownInsertField,
      "The INSERT INTO statement contains the following unknown field name: '%1'. Make sure you have typed "
-     "the name "
-     "correctly, and try the operation again."},
+     "the name correctly, and try the operation again."},
     {"^no such function: (.*)$", kErrUndefinedFunction, "Undefined function '%1' in expression."},
     {"^wrong number of arguments to function (.*)\\(\\)$", 3079,
      "Wrong number of arguments used with function '%1'."},
@@ -54,26 +52,22 @@ constexpr CodeRow kCodes[] = {
     {SQLITE_NOTADB, kErrUnrecognizedFormat, "Unrecognized database format '%1'."},
     {SQLITE_CORRUPT, kErrDamaged,
      "Cannot open database '%1'.  It may not be a database that your application recognizes, or the file may "
-     "be "
-     "corrupt."},
+     "be corrupt."},
     {SQLITE_FULL, kErrDiskFull, "Not enough space on disk."},
     {SQLITE_READONLY, kErrReadOnly, "Cannot update. Database or object is read-only."},
     {SQLITE_BUSY, kErrFileInUse, "Could not use '%1'; file already in use."},
     {SQLITE_LOCKED, kErrFileInUse, "Could not use '%1'; file already in use."},
     {SQLITE_CANTOPEN, kErrCannotOpenFile,
      "The database engine cannot open or write to the file '%1'. It is already opened exclusively by another "
-     "user, or "
-     "you need permission to view and write its data."},
+     "user, or you need permission to view and write its data."},
     {SQLITE_PERM, kErrCannotOpenFile,
      "The database engine cannot open or write to the file '%1'. It is already opened exclusively by another "
-     "user, or "
-     "you need permission to view and write its data."},
+     "user, or you need permission to view and write its data."},
     {SQLITE_IOERR, kErrIo, "Disk or network error."},
     {SQLITE_NOMEM, 7, "Out of memory"},
     {SQLITE_TOOBIG, 3163,
      "The field is too small to accept the amount of data you attempted to add. Try inserting or pasting "
-     "less "
-     "data."},
+     "less data."},
 };
 
 support::Error CodeError(int code, const QString &path) {

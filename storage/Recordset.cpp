@@ -1,7 +1,6 @@
 #include "storage/EngineError.h"
 #include "storage/RecordsetState.h"
 #include "storage/text/FieldTypes.h"
-#include "support/Val.h"
 
 #include <cmath>
 #include <limits>
@@ -11,6 +10,10 @@ namespace storage {
 namespace {
 
 support::Error Overflow() { return EngineError(support::kErrOverflow, QStringLiteral("Overflow")); }
+
+support::Error TypeMismatch() {
+    return EngineError(support::kErrTypeMismatch, QStringLiteral("Type mismatch"));
+}
 
 std::string_view TextOf(sqlite3_stmt *row, int column) {
     const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(row, column));
@@ -22,6 +25,13 @@ QString ToText(sqlite3_stmt *row, int column) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+double NumberInText(const QString &text) {
+    bool isNumber = false;
+    const double number = text.toDouble(&isNumber);
+    if (!isNumber) throw TypeMismatch();
+    return number;
+}
+
 double NumberOf(sqlite3_stmt *row, int column) {
     switch (sqlite3_column_type(row, column)) {
     case SQLITE_INTEGER:
@@ -30,7 +40,7 @@ double NumberOf(sqlite3_stmt *row, int column) {
     case SQLITE_NULL:
         return 0;
     default:
-        return support::Val(ToText(row, column));
+        return NumberInText(ToText(row, column));
     }
 }
 
@@ -171,8 +181,12 @@ bool Recordset::IsNull(int column) const {
 bool Recordset::Boolean(int column) const {
     sqlite3_stmt *row = state_->At(column);
     if (sqlite3_column_type(row, column) == SQLITE_INTEGER) return sqlite3_column_int64(row, column) != 0;
-    const std::string_view text = TextOf(row, column);
-    return sqlite3_strnicmp(text.data() ? text.data() : "", "true", 5) == 0 || NumberOf(row, column) != 0;
+    if (sqlite3_column_type(row, column) == SQLITE_TEXT) {
+        const QString text = ToText(row, column);
+        if (text.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0) return true;
+        if (text.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0) return false;
+    }
+    return NumberOf(row, column) != 0;
 }
 
 std::int16_t Recordset::Integer(int column) const {

@@ -108,8 +108,13 @@ std::optional<RegistryValue> FileRegistryStore::Read(RegistryRoot root, const QS
 
 bool FileRegistryStore::Write(RegistryRoot root, const QString &path, const QString &name,
                               const RegistryValue &value) {
+    return WriteAll(root, path, {{name, value}});
+}
+
+bool FileRegistryStore::WriteAll(RegistryRoot root, const QString &path, const RegistryValues &values) {
     return Change(root, [&](RegistryTree &tree) {
-        tree.Create(RegistryFullPath(root, path))[name] = value;
+        RegistryTree::Key &key = tree.Create(RegistryFullPath(root, path));
+        for (const auto &[name, value] : values) key[name] = value;
         return true;
     });
 }

@@ -39,6 +39,7 @@ public:
     std::optional<RegistryValue> Read(RegistryRoot root, const QString &path, const QString &name) override;
     bool Write(RegistryRoot root, const QString &path, const QString &name,
                const RegistryValue &value) override;
+    bool WriteAll(RegistryRoot root, const QString &path, const RegistryValues &values) override;
     bool DeleteValue(RegistryRoot root, const QString &path, const QString &name) override;
     QStringList Values(RegistryRoot root, const QString &path) override;
     QStringList Sections(RegistryRoot root, const QString &path) override;

@@ -1,5 +1,7 @@
 #include "support/RegistryStore.h"
 
+#include <algorithm>
+
 namespace support {
 
 namespace {
@@ -29,6 +31,11 @@ QString RegistryFullPath(RegistryRoot root, const QString &path) {
     QStringList parts = path.split(u'\\', Qt::SkipEmptyParts);
     parts.prepend(RegistryRootName(static_cast<std::uint32_t>(root)));
     return parts.join(u'\\');
+}
+
+bool RegistryStore::WriteAll(RegistryRoot root, const QString &path, const RegistryValues &values) {
+    return std::all_of(values.begin(), values.end(),
+                       [&](const auto &value) { return Write(root, path, value.first, value.second); });
 }
 
 const RegistryTree::Key *RegistryTree::Find(const QString &fullPath) const {

@@ -39,6 +39,16 @@ struct RegistryValue {
     friend bool operator==(const RegistryValue &, const RegistryValue &) = default;
 };
 
+// Text that is equal for two spellings of one name.
+struct CaseBlindLess {
+    bool operator()(const QString &a, const QString &b) const {
+        return a.compare(b, Qt::CaseInsensitive) < 0;
+    }
+};
+
+// The values of one key, by their names.
+using RegistryValues = std::map<QString, RegistryValue, CaseBlindLess>;
+
 // No operation raises an error: false means that it could not be done.
 class RegistryStore {
 public:
@@ -55,24 +65,19 @@ public:
     // Creates the key where it is missing.
     virtual bool Write(RegistryRoot root, const QString &path, const QString &name,
                        const RegistryValue &value) = 0;
+    // Writes several values of one key, in one go where the store can; false when one could not be written.
+    virtual bool WriteAll(RegistryRoot root, const QString &path, const RegistryValues &values);
     virtual bool DeleteValue(RegistryRoot root, const QString &path, const QString &name) = 0;
     // The names of the values of a key, and of the keys directly below it.
     virtual QStringList Values(RegistryRoot root, const QString &path) = 0;
     virtual QStringList Sections(RegistryRoot root, const QString &path) = 0;
 };
 
-// Text that is equal for two spellings of one name.
-struct CaseBlindLess {
-    bool operator()(const QString &a, const QString &b) const {
-        return a.compare(b, Qt::CaseInsensitive) < 0;
-    }
-};
-
 // The keys of one store in memory: full path ("HKEY_CURRENT_USER\SOFTWARE\...") -> name -> value. Parents of
 // a key are always keys themselves.
 class RegistryTree {
 public:
-    using Key = std::map<QString, RegistryValue, CaseBlindLess>;
+    using Key = RegistryValues;
 
     const std::map<QString, Key, CaseBlindLess> &Keys() const { return keys_; }
     // The key, or null.

@@ -125,10 +125,19 @@ QVariant cRegistry::Value() const {
     return value ? PlainValue(*value) : Default;
 }
 
-void cRegistry::SetValue(const QVariant &value) {
-    if (!store_.Write(Root(), SectionKey, ValueKey, TypedValue(ValueType, value)))
+void cRegistry::SetValue(const QVariant &value) { SetValues({{ValueKey, value}}); }
+
+void cRegistry::SetValues(const std::map<QString, QVariant> &values) {
+    RegistryValues typed;
+    QStringList names, texts;
+    for (const auto &[name, value] : values) {
+        typed[name] = TypedValue(ValueType, value);
+        names.append(name);
+        texts.append(value.toString());
+    }
+    if (!store_.WriteAll(Root(), SectionKey, typed))
         Raise(QStringLiteral("Failed to set registry value Key: '%1',Section: '%2',Key: '%3' to value: '%4'")
-                  .arg(RegistryRootName(ClassKey), SectionKey, ValueKey, value.toString()));
+                  .arg(RegistryRootName(ClassKey), SectionKey, names.join(u','), texts.join(u',')));
 }
 
 bool cRegistry::KeyExists() const { return store_.KeyExists(Root(), SectionKey); }

@@ -4,6 +4,7 @@
 #include "support/RegistryStore.h"
 
 #include <cstdint>
+#include <map>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -53,6 +54,8 @@ public:
     // Writes by ValueType; a text with two % signs becomes expandable. Error 13 "Type mismatch" for a number
     // that is none.
     void SetValue(const QVariant &value);
+    // Writes several values of the section at once, each under its name, by ValueType; ValueKey has no part.
+    void SetValues(const std::map<QString, QVariant> &values);
 
     bool KeyExists() const;
     void CreateKey();

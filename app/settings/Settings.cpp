@@ -15,7 +15,6 @@ namespace {
 
 constexpr char kRoot[] = "SETTINGS/";
 constexpr char kFileName[] = "Settings.nml";
-constexpr std::int32_t kFirstMemoryLimit = 1048576;
 
 ProductTerms terms;
 std::int32_t memoryLimit = kFirstMemoryLimit;

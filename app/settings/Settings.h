@@ -40,7 +40,8 @@ struct ProductTerms {
 const ProductTerms &Terms();
 void SetTerms(const ProductTerms &terms);
 
-// 1048576 at first, and MEMORY once that was read above 0.
+inline constexpr std::int32_t kFirstMemoryLimit = 1048576;
+// kFirstMemoryLimit at first, and MEMORY once that was read above 0.
 std::int32_t MemoryLimit();
 void SetMemoryLimit(std::int32_t limit);
 

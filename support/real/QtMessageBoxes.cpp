@@ -1,6 +1,9 @@
 #include "support/real/QtMessageBoxes.h"
 
 #include <QApplication>
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -52,6 +55,24 @@ QString TitleOrApplication(const QString &title) {
     return title.isEmpty() ? QCoreApplication::applicationName() : title;
 }
 
+// Title bars belong to the desktop: their font is often bold, and beside the title stand icon and buttons.
+int WidthForTitle(const QString &title) {
+    constexpr int kLinesBesideTitle = 8; // heights of a line
+    QFont font = QFontDatabase::systemFont(QFontDatabase::TitleFont);
+    font.setBold(true);
+    const QFontMetrics metrics(font);
+    return metrics.horizontalAdvance(title) + kLinesBesideTitle * metrics.height();
+}
+
+// The box sizes itself by its layout alone, so a row of the layout keeps the width. Last of all: setting an
+// icon makes a new layout.
+void WidenForTitle(QMessageBox &box) {
+    auto *layout = qobject_cast<QGridLayout *>(box.layout());
+    if (!layout) return;
+    layout->addItem(new QSpacerItem(WidthForTitle(box.windowTitle()), 0), layout->rowCount(), 0, 1,
+                    layout->columnCount());
+}
+
 } // namespace
 
 QString WithLineFeeds(const QString &text) {
@@ -72,6 +93,7 @@ Answer QtMessageBoxes::Show(const QString &text, Buttons buttons, Icon icon, con
     box.setEscapeButton(ButtonOf(closing));
     box.setDefaultButton(box.standardButtons().testFlag(QMessageBox::Yes) ? QMessageBox::Yes
                                                                           : QMessageBox::Ok);
+    WidenForTitle(box);
     const int pressed = box.exec();
     for (const AnswerRow &row : kAnswers)
         if (row.button == pressed) return row.answer;

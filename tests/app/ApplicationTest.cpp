@@ -35,6 +35,12 @@ TEST(Application, AnErrorThatAHandlerLetThroughIsReportedAndTheProcessGoesOn) {
     EXPECT_EQ(desktop.Messages()[0].buttons, support::Buttons::Ok);
 }
 
+TEST(CommandLine, IsOneTextBehindTheProgramsName) {
+    EXPECT_EQ(CommandLine({QStringLiteral("velmora"), QStringLiteral("/my"), QStringLiteral("plan.map")}),
+              QStringLiteral("/my plan.map"));
+    EXPECT_TRUE(CommandLine({QStringLiteral("velmora")}).isEmpty());
+}
+
 TEST(DeveloperOptions, ComeFromTheEnvironment) {
     EXPECT_FALSE(ReadDeveloperOptions().EndsAfterPaint());
     EXPECT_FALSE(ReadDeveloperOptions().noSplash);

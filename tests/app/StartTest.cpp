@@ -133,13 +133,24 @@ TEST_F(Start, TwoPathsAreOneThatDoesNotExistAndIsDropped) {
     EXPECT_TRUE(desktop.Messages().empty());
 }
 
+TEST_F(Start, AFileThatIsNoMapIsReportedAndTheProcessGoesOn) {
+    Write(QStringLiteral("broken.map"), "no database");
+    desktop.ExpectMessageContaining(QStringLiteral("(Error #3343)"));
+    frmMain *window = Run(program.filePath(QStringLiteral("broken.map")));
+    ASSERT_TRUE(window);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(desktop.Messages().back().title, QStringLiteral("Error in Qz_Source: Sub ProcessCommand"));
+}
+
 TEST_F(Start, OffersTheFirstMapOfTheStartupFolder) {
     const QString first = Map(QStringLiteral("Startup/a.map"));
     Map(QStringLiteral("Startup/b.map"));
     Write(QStringLiteral("Startup/0.txt"), "no map");
     ExpectPrompt(QStringLiteral("a.map"), true);
-    EXPECT_EQ(Run()->clsSettings().Database(), first);
+    frmMain *window = Run();
+    EXPECT_EQ(window->clsSettings().Database(), first);
     EXPECT_TRUE(settings::GetStartupEnabled());
+    EXPECT_TRUE(window->MenuValue(QStringLiteral("mnuViewStartup")));
 }
 
 TEST_F(Start, NoOpensNothing) {
@@ -158,6 +169,13 @@ TEST_F(Start, NotAgainWithYesOpensTheMapAndTurnsThePromptOff) {
     EXPECT_FALSE(window->MenuValue(QStringLiteral("mnuViewStartup")));
     delete window;
     EXPECT_EQ(Run()->windowTitle(), kUntitled); // the next start asks nothing
+}
+
+TEST_F(Start, NotAgainWithNoTurnsThePromptOffToo) {
+    Map(QStringLiteral("Startup/a.map"));
+    ExpectPrompt(QStringLiteral("a.map"), false, true);
+    EXPECT_EQ(Run()->windowTitle(), kUntitled);
+    EXPECT_FALSE(settings::GetStartupEnabled());
 }
 
 TEST_F(Start, ACommandLineSkipsThePrompt) {

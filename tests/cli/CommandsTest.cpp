@@ -61,6 +61,9 @@ TEST_F(CommandsTest, AMisunderstoodCommandLineIsOneLineAndEndsWithTwo) {
                                          {"picture", "a", "b.png", "--slice"},
                                          {"picture", "a", "b.png", "--slice", "0"},
                                          {"picture", "a", "--all", "x", "--format", "gif"},
+                                         {"info", ""},
+                                         {"convert", "a", ""},
+                                         {"picture", "a", "--all", ""},
                                          {"convert", "a"}}) {
         EXPECT_EQ(Run(arguments), cli::kUsage) << arguments.join(QLatin1Char(' ')).toStdString();
         EXPECT_EQ(err.count(QLatin1Char('\n')), 1);
@@ -73,6 +76,36 @@ TEST_F(CommandsTest, AnErrorIsOneLineAndEndsWithOne) {
     EXPECT_TRUE(err.contains(QStringLiteral("missing.map")));
     EXPECT_TRUE(err.contains(QStringLiteral("#3024")));
     EXPECT_EQ(err.count(QLatin1Char('\n')), 1);
+}
+
+TEST_F(CommandsTest, EachThingThatCannotBeReadOrWrittenIsOneLine) {
+    const QString map = Map("plan.map"), cut = Path("cut.map"), text = Path("text.map");
+    const auto write = [](const QString &path, const QByteArray &bytes) {
+        support::AtomicFile file(path);
+        file.Write(bytes);
+        file.Commit();
+    };
+    write(cut, support::ReadWholeFile(map).left(20000));
+    write(text, "no database at all, and never was one");
+    const std::pair<QStringList, const char *> rows[] = {
+        {{"info", Path(".")}, "#3051"},
+        {{"info", text}, "#3343"},
+        {{"check", cut}, "#3049"},
+        {{"convert", Path("missing.map"), Path("new.map")}, "#3024"},
+        {{"convert", map, Path(".")}, "#75"},
+        {{"convert", map, Path("no/folder/new.map")}, "#76"},
+        {{"picture", map, Path("no/folder/new.png")}, "#76"},
+        {{"picture", map, Path("no/folder/new.svg")}, "#76"},
+        {{"picture", map, Path("no/folder/new.pdf")}, "#76"},
+        {{"picture", map, "--all", text}, "#75"},
+    };
+    for (const auto &[arguments, number] : rows) {
+        EXPECT_EQ(Run(arguments), cli::kFailed) << arguments.join(QLatin1Char(' ')).toStdString();
+        EXPECT_TRUE(err.contains(QLatin1String(number))) << err.toStdString();
+        EXPECT_EQ(err.count(QLatin1Char('\n')), 1);
+        EXPECT_TRUE(out.isEmpty());
+    }
+    EXPECT_FALSE(support::FileExists(Path("new.map")));
 }
 
 TEST_F(CommandsTest, InfoCountsWhatTheMapHolds) {
@@ -119,13 +152,29 @@ TEST_F(CommandsTest, CheckTellsWhatIsWrong) {
         database.Execute(QStringLiteral("INSERT INTO [Nodes] ([Key], [Slice]) VALUES ('x', 77)"));
         database.Execute(QStringLiteral("INSERT INTO [LinkPoints] VALUES (0, 'no link', 1, 1)"));
         database.Execute(QStringLiteral("UPDATE [Nodes] SET [Left]='far' WHERE [Key]='x'"));
+        database.Execute(QStringLiteral("UPDATE [Slices] SET [Picture]='gone' WHERE [Index]=0"));
+        database.Execute(QStringLiteral("INSERT INTO [Hyperlinks] VALUES ('x', '', 1, 'nobody')"));
     }
     EXPECT_EQ(Run({"check", map}), cli::kFailed);
     EXPECT_TRUE(out.contains(QStringLiteral("1 nodes on a slice that does not exist")));
     EXPECT_TRUE(out.contains(QStringLiteral("1 bend points of a link that does not exist")));
     EXPECT_TRUE(out.contains(QStringLiteral("1 texts in Nodes where a number belongs")));
+    EXPECT_TRUE(out.contains(QStringLiteral("1 slices with a picture that does not exist")));
+    EXPECT_TRUE(out.contains(QStringLiteral("1 hyperlinks to a node that does not exist")));
     EXPECT_EQ(Run({"check", QStringLiteral(VELMORA_TEST_DATA "/jet/notjet.mdb")}), cli::kFailed);
     EXPECT_TRUE(err.contains(QStringLiteral("#3343")));
+}
+
+TEST_F(CommandsTest, CheckTellsWhatIsWrongWithAMapThatDoesNotLoad) {
+    const QString map = Map("plan.map");
+    storage::OpenDatabase(map).Execute(QStringLiteral("UPDATE [Nodes] SET [Left]='far' WHERE [Slice]=0"));
+    EXPECT_EQ(Run({"check", map}), cli::kFailed);
+    EXPECT_TRUE(out.contains(QStringLiteral("texts in Nodes where a number belongs")));
+    EXPECT_EQ(err, "velmora-cli: Type mismatch (Error #13)\n");
+    storage::OpenDatabase(map).Execute(QStringLiteral("DROP TABLE [Links]"));
+    EXPECT_EQ(Run({"check", map}), cli::kFailed);
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(err.count(QLatin1Char('\n')), 1);
 }
 
 TEST_F(CommandsTest, PictureWritesOneSliceInEachForm) {

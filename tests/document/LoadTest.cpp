@@ -18,7 +18,9 @@ protected:
     QString Map(const QStringList &statements) {
         const QString path = EmptyMap(QStringLiteral("a.map"));
         storage::Database database = storage::OpenDatabase(path);
+        database.BeginTrans();
         for (const QString &sql : statements) database.Execute(sql);
+        database.CommitTrans();
         return path;
     }
     // The error of loading the map; the window is left in window_.
@@ -55,6 +57,17 @@ TEST_F(LoadTest, GapsInTheIndexesOfSlicesStay) {
     const auto again = Loaded(MapFile(QStringLiteral("b.map")));
     EXPECT_EQ(again->AddFlow1().Indices(), (std::vector<int>{0, 5}));
     EXPECT_EQ(again->TabStrip().TabCaption(1), "sixth");
+}
+
+TEST_F(LoadTest, AMapWithoutAFirstSliceLeavesNothingOfTheFormerOne) {
+    const QString path = Map({InsertSlice(2, QStringLiteral("third"))});
+    const auto window = NewWindow();
+    window->AddFlow1()[0].Nodes().Add(0, 0, 10, 10);
+    window->clsSettings().SetDatabase(path);
+    DoLoad(*window);
+    EXPECT_EQ(window->AddFlow1().Indices(), (std::vector<int>{0, 2}));
+    EXPECT_EQ(window->AddFlow1()[0].Nodes().Count(), 0);
+    EXPECT_EQ(window->TabStrip().TabCaption(1), "third");
 }
 
 TEST_F(LoadTest, NegativePlacesAndSizesCountAsPositive) {
@@ -304,6 +317,16 @@ TEST_F(LoadTest, AFileThatIsNoDatabaseLeavesTheWindowAsItWas) {
     EXPECT_EQ(window->clsSettings().Database(), path);
 }
 
+TEST_F(LoadTest, AMissingTableOfLevelsOrGroupsLeavesThoseOfTheWindow) {
+    ErrorOfLoading(Map({QStringLiteral("DROP TABLE [Levels]")}));
+    EXPECT_EQ(window_->clsSettings().Levels().count(), 4);
+    EXPECT_EQ(window_->clsSettings().Groups().count(), 2);
+    QFile::remove(MapFile(QStringLiteral("a.map")));
+    ErrorOfLoading(Map({QStringLiteral("DROP TABLE [Groups]")}));
+    EXPECT_EQ(window_->clsSettings().Levels().count(), 0);
+    EXPECT_EQ(window_->clsSettings().Groups().count(), 2);
+}
+
 TEST_F(LoadTest, ACancelledDialogEndsTheLoadAtOnce) {
     const auto window = NewWindow();
     desktop.ExpectOpenFile(QString());
@@ -382,6 +405,20 @@ std::vector<BadMap> BadMaps() {
          {Update("INSERT INTO [LinkPoints] VALUES (2000000000, 'l', 1, 1)")}},
         {"a point before the first", 9, {Update("INSERT INTO [LinkPoints] VALUES (-1, 'l', 1, 1)")}},
         {"a point out of range", 380, {Update("INSERT INTO [LinkPoints] VALUES (0, 'l', 3e38, 1)")}},
+        {"a text for a place", 13, {Update("UPDATE [Nodes] SET [Left]='far'")}},
+        {"a text for a shape", 13, {Update("UPDATE [Nodes] SET [Shape]='oval'")}},
+        {"an empty text for a colour", 13, {Update("UPDATE [Nodes] SET [FillColor]=''")}},
+        {"a text for a switch", 13, {Update("UPDATE [Nodes] SET [Hidden]='perhaps'")}},
+        {"bytes for a level", 13, {Update("UPDATE [Nodes] SET [Level]=x'41'")}},
+        {"a text for a node's slice", 13, {Update("UPDATE [Nodes] SET [Slice]='first' WHERE [Key]='b'")}},
+        {"a text for a link's style", 13, {Update("UPDATE [Links] SET [Style]='bent'")}},
+        {"a text for a point's place", 13, {Update("INSERT INTO [LinkPoints] VALUES (0, 'l', 1, 'low')")}},
+        {"a text for a font's size", 13, {Update("UPDATE [Fonts] SET [Size]='large'")}},
+        {"a text for a slice's index", 13, {Update("UPDATE [Slices] SET [Index]='next' WHERE [Index]=1")}},
+        {"a text for a hyperlink's slice",
+         13,
+         {Update("INSERT INTO [Hyperlinks] VALUES ('a', '', 'there', '')")}},
+        {"a text for a level's colour", 13, {Update("INSERT INTO [Levels] VALUES ('9', True, 'red')")}},
         {"two hyperlinks of one node",
          457,
          {Update("INSERT INTO [Hyperlinks] VALUES ('a', '', 1, '')"),

@@ -69,7 +69,7 @@ diagram::LinkData FullLink() {
     data.drawWidth = 3.5F;
     data.foreColor = 0x0000FF, data.lineColor = 0x00FF00;
     data.style = 5, data.arrowSource = 32, data.arrowDest = 17, data.arrowMiddle = 1;
-    data.arrowSizeSource = 1, data.arrowSizeDest = 2, data.arrowSizeMiddle = 1;
+    data.arrowSizeSource = 0, data.arrowSizeDest = 2, data.arrowSizeMiddle = 2;
     data.drawStyle = 6, data.jumpStyle = 2;
     data.hidden = true, data.selectable = false, data.marked = true, data.oriented = false;
     return data;
@@ -233,7 +233,7 @@ TEST_F(SaveTest, ApostrophesComeBackEverywhere) {
     const diagram::Node &back = loaded->AddFlow1()[0].Nodes().Item(1);
     EXPECT_EQ(back.Text(), text);
     EXPECT_EQ(back.Event(), text);
-    EXPECT_EQ(back.Links().Item(0).Text(), text);
+    EXPECT_EQ(back.Links().Item(1).Text(), text);
     EXPECT_EQ(loaded->TabStrip().TabCaption(0), text);
     EXPECT_EQ(loaded->clsSettings().Groups().GroupNameForKey(GetTag(back, tags::kGroup)), text);
     EXPECT_EQ(loaded->clsSettings().Levels().Item(5).LevelName, text);
@@ -426,6 +426,19 @@ TEST_F(SaveTest, AMapWhoseLoadEndedInTheMiddleIsKept) {
     EXPECT_EQ(ErrorOf([&] { DoLoad(*other); }).Number(), support::kErrKeyInUse);
     EXPECT_TRUE(DoSave(*other));
     EXPECT_EQ(Count(path + ".bak", "Nodes"), 2);
+}
+
+TEST_F(SaveTest, TheTemporaryFolderGetsOneSafetyCopyASaveAndTheEmbeddedFiles) {
+    AddNode("a").SetPicture(OneColour(0xFF00FF00));
+    QString none;
+    cAttachment &attachment = window->clsSettings().Attachments().add(none);
+    attachment.Embed = true, attachment.Filename = TemplatePath();
+    const auto loaded = RoundTrip();
+    EXPECT_TRUE(DoSave(*loaded));
+    QStringList left = QDir(TempFolder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    EXPECT_TRUE(left.removeOne(QStringLiteral("template.tpl")));
+    EXPECT_EQ(left.size(), 2);
+    EXPECT_EQ(left.filter(QStringLiteral("ABC")).size(), 2);
 }
 
 TEST_F(SaveTest, CompanionsAreWrittenOnlyUnderTheSwitch) {

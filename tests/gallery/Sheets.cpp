@@ -17,10 +17,12 @@ constexpr support::Colour kColours[] = {support::Rgb(255, 255, 255), support::Rg
                                         support::Rgb(220, 230, 241), support::Rgb(235, 241, 222),
                                         support::Rgb(228, 223, 236), support::Rgb(255, 242, 204)};
 
-Picture Landscape() {
-    QImage image(48, 32, QImage::Format_ARGB32);
+// 48 x 32 pixels, times `scale`.
+Picture Landscape(int scale = 1) {
+    QImage image(QSize(48, 32) * scale, QImage::Format_ARGB32);
     image.fill(QColor(170, 210, 250));
     QPainter painter(&image);
+    painter.scale(scale, scale);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(250, 200, 40));
@@ -176,7 +178,7 @@ void DrawGrid(Surface &surface) {
     surface.SetGridLines(true);
     surface.SetGridStyle(kStyle);
     surface.SetBackColor(support::Rgb(250, 250, 245));
-    surface.SetPicture(Landscape());
+    surface.SetPicture(Landscape(8));
     Node &a = AddAt(surface, 0, 1, "selected");
     Node &b = AddAt(surface, 2, 2, "the focus");
     Node &c = AddAt(surface, 4, 1, "marked");

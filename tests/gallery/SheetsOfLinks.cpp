@@ -21,13 +21,13 @@ Node &Dot(Surface &surface, double x, double y, const char *text = "") {
 
 void DrawArrows(Surface &surface) {
     for (const ArrowRow &arrow : ArrowTable()) {
-        const double x = 300 + arrow.value % 3 * 6600.0, y = 300 + arrow.value / 3 * 600.0;
+        const double x = 300 + arrow.value % 3 * 10500.0, y = 300 + arrow.value / 3 * 600.0;
         Node &name = surface.Nodes().Add(float(x), float(y), 1650, 300);
         name.SetText(QString::fromLatin1(arrow.name));
         name.SetDrawStyle(5);
         for (int size = 0; size < 3; ++size) {
-            Node &from = Dot(surface, x + 1700 + size * 1600, y);
-            Node &to = Dot(surface, x + 1700 + size * 1600 + 1200, y);
+            Node &from = Dot(surface, x + 1700 + size * 2850, y);
+            Node &to = Dot(surface, x + 1700 + size * 2850 + 2450, y);
             Link &link = from.Links().Add(to);
             link.SetArrowSource(arrow.value);
             link.SetArrowMiddle(arrow.value);

@@ -5,8 +5,10 @@
 #include "support/Files.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QPointer>
 #include <QTest>
+#include <QTimer>
 
 namespace mainwindow::testing {
 
@@ -80,6 +82,32 @@ TEST_F(Close, AnUpdateThatIsStillDueFindsNothingToDoOnceTheSlicesAreGone) {
     window.close();
     EXPECT_EQ(window.AddFlow1().Count(), 1);
     EXPECT_NO_THROW(window.UpdateCommands());
+}
+
+TEST_F(Close, NoWindowClosesWhileOneLoads) {
+    const QPointer<frmMain> window(&NewWindow());
+    const QPointer<frmMain> other(&NewWindow());
+    for (frmMain *form : {window.data(), other.data()}) QTimer::singleShot(0, form, &QWidget::close);
+    window->DoOpen(SavedMap(QStringLiteral("plan.map"), 2, 2), false);
+    ProcessEvents();
+    ASSERT_FALSE(window.isNull());
+    EXPECT_FALSE(other.isNull());
+    EXPECT_EQ(window->AddFlow1()[0].Nodes().Count(), 2);
+    window->close();
+    ProcessEvents();
+    EXPECT_TRUE(window.isNull());
+}
+
+TEST_F(Close, ASecondCloseBeforeTheWindowIsGoneDoesNoHarm) {
+    frmMain &window = NewWindow();
+    const frmMain &other = NewWindow();
+    for (int i = 0; i < 2; ++i) {
+        QCloseEvent event;
+        QCoreApplication::sendEvent(&window, &event);
+        EXPECT_TRUE(event.isAccepted());
+    }
+    EXPECT_EQ(frmPics::Shared().Usage(), 1);
+    EXPECT_TRUE(other.isVisible());
 }
 
 TEST_F(Close, TextThatIsBeingTypedIsKeptAndAskedAbout) {

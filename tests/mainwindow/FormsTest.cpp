@@ -1,3 +1,4 @@
+#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/clsLockWindowUpdate.h"
 #include "mainwindow/cProgressOnStatusBar.h"
@@ -13,11 +14,31 @@
 #include <QDir>
 #include <QImage>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTest>
 
 namespace mainwindow::testing {
 
 using Forms = WindowTest;
+
+namespace {
+
+// Notes what the splash says each time that it is painted.
+class SplashReader : public QObject {
+public:
+    explicit SplashReader(frmSplash &splash) : splash_(splash) { splash.installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override {
+        if (event->type() == QEvent::Paint && (texts.isEmpty() || texts.last() != splash_.Doing()))
+            texts.append(splash_.Doing());
+        return false;
+    }
+    QStringList texts;
+
+private:
+    frmSplash &splash_;
+};
+
+} // namespace
 
 TEST_F(Forms, AboutTellsTitleAndSaysWhenThereIsNoSystemInformation) {
     frmAbout form(desktop.Get(), nullptr);
@@ -113,6 +134,26 @@ TEST_F(Forms, TheSplashShowsTheDeliveredPictureInItsSize) {
     EXPECT_EQ(frmSplash::Current(), &splash);
     frmSplash::ShowDoing(QStringLiteral("Loading Menus"));
     EXPECT_EQ(splash.Doing(), QStringLiteral("Loading Menus"));
+}
+
+TEST_F(Forms, TheSplashTellsWhatAWindowIsLoading) {
+    frmSplash splash(QStringLiteral("Velmora"));
+    splash.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&splash));
+    ProcessEvents();
+    const SplashReader reader(splash);
+    const frmMain window(desktop.Get());
+    EXPECT_EQ(reader.texts, (QStringList{QStringLiteral("Loading Menus"), QStringLiteral("Loading Toolbars"),
+                                         QStringLiteral("Loading Defaults"), QString()}));
+}
+
+TEST_F(Forms, TheTabsAreNamedByTheProductsTerm) {
+    settings::ProductTerms terms = settings::Terms();
+    terms.SLICE = QStringLiteral("Scene");
+    settings::SetTerms(terms);
+    const auto *tabs = NewWindow().findChild<QTabBar *>(QStringLiteral("SSTab_ctl"));
+    ASSERT_TRUE(tabs);
+    EXPECT_EQ(tabs->accessibleName(), QStringLiteral("Scenes"));
 }
 
 TEST_F(Forms, ASplashThatIsNotVisibleGoesWithAnEmptyText) {

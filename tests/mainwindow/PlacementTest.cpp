@@ -1,9 +1,27 @@
 #include "mainwindow/Placement.h"
+#include "support/RegistryStore.h"
 #include "tests/mainwindow/WindowTest.h"
+
+#include <QWidget>
 
 namespace mainwindow::testing {
 
 using Placement = WindowTest;
+
+namespace {
+
+// Counts how often something is written.
+class CountingStore : public support::MemoryRegistryStore {
+public:
+    bool WriteAll(support::RegistryRoot root, const QString &path,
+                  const support::RegistryValues &values) override {
+        ++writes;
+        return support::MemoryRegistryStore::WriteAll(root, path, values);
+    }
+    int writes = 0;
+};
+
+} // namespace
 
 TEST_F(Placement, AWindowWithoutAStoredStateStartsMaximised) { EXPECT_TRUE(NewWindow().isMaximized()); }
 
@@ -50,6 +68,14 @@ TEST_F(Placement, AMaximisedWindowStoresItsPlaceToo) {
     EXPECT_GT(Stored(QStringLiteral("Height")), 0);
     EXPECT_NE(Stored(QStringLiteral("Left")), -7777);
     EXPECT_NE(Stored(QStringLiteral("Top")), -7777);
+}
+
+TEST_F(Placement, IsWrittenAtOnce) {
+    CountingStore store;
+    WritePlacement(store, QWidget());
+    EXPECT_EQ(store.writes, 1);
+    EXPECT_EQ(store.Values(support::RegistryRoot::CurrentUser, QStringLiteral("SOFTWARE\\Velmora")).size(),
+              5);
 }
 
 TEST_F(Placement, AMinimisedWindowLeavesWhatIsStored) {

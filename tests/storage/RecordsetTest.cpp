@@ -95,14 +95,27 @@ TEST_F(RecordsetTest, Boolean_IsTrueForAnyNumberButZero) {
     EXPECT_TRUE(Of("0.5").Boolean(0));
     EXPECT_FALSE(Of("0").Boolean(0));
     EXPECT_FALSE(Of("'False'").Boolean(0));
-    EXPECT_FALSE(Of("''").Boolean(0));
+    EXPECT_FALSE(Of("NULL").Boolean(0));
 }
 
-TEST_F(RecordsetTest, Numbers_OfATextAreReadAsValDoes) {
-    EXPECT_EQ(Of("' 1 2 Important'").Long(0), 12);
-    EXPECT_EQ(Of("'&HFF'").Integer(0), 255);
-    EXPECT_EQ(Of("'-2.5e1x'").Double(0), -25);
-    EXPECT_EQ(Of("'nothing'").Single(0), 0);
+TEST_F(RecordsetTest, Numbers_MayStandAsText) {
+    EXPECT_EQ(Of("'12'").Long(0), 12);
+    EXPECT_EQ(Of("' -3 '").Integer(0), -3);
+    EXPECT_EQ(Of("'-2.5e1'").Double(0), -25);
+    EXPECT_EQ(Of("'0.5'").Single(0), 0.5F);
+    EXPECT_TRUE(Of("'1'").Boolean(0));
+}
+
+TEST_F(RecordsetTest, Numbers_OfAnyOtherTextAreAMismatch) {
+    for (const char *value : {"'nothing'", "'12 Important'", "'&HFF'", "''", "'1,000'", "x'41'"}) {
+        const QString text = "13 Type mismatch";
+        EXPECT_EQ(Raised([&] { Of(value).Long(0); }), text) << value;
+        EXPECT_EQ(Raised([&] { Of(value).Integer(0); }), text) << value;
+        EXPECT_EQ(Raised([&] { Of(value).Single(0); }), text) << value;
+        EXPECT_EQ(Raised([&] { Of(value).Double(0); }), text) << value;
+        EXPECT_EQ(Raised([&] { Of(value).Boolean(0); }), text) << value;
+    }
+    EXPECT_EQ(Raised([&] { Of("'inf'").Single(0); }), "6 Overflow");
 }
 
 TEST_F(RecordsetTest, WholeNumbers_AreRoundedWithTiesToTheEvenNeighbour) {

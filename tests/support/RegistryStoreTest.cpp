@@ -127,6 +127,16 @@ TEST_P(RegistryStores, DeleteKey_TakesTheValuesButNotAKeyWithKeysBelow) {
     EXPECT_TRUE(store_.DeleteKey(kUser, "A"));
 }
 
+TEST_P(RegistryStores, WriteAll_AddsToWhatTheKeyHolds) {
+    store_.Write(kUser, kPath, "a", Text("old"));
+    store_.Write(kUser, kPath, "b", Text("stays"));
+    EXPECT_TRUE(store_.WriteAll(kUser, kPath, {{"A", Text("new")}, {"c", {RegistryType::Number, 7u}}}));
+    EXPECT_EQ(store_.Read(kUser, kPath, "a"), Text("new"));
+    EXPECT_EQ(store_.Read(kUser, kPath, "b"), Text("stays"));
+    EXPECT_EQ(store_.Read(kUser, kPath, "c"), (RegistryValue{RegistryType::Number, 7u}));
+    EXPECT_EQ(store_.Values(kUser, kPath), (QStringList{"a", "b", "c"}));
+}
+
 TEST_P(RegistryStores, DeleteValue_TakesOneValue) {
     store_.Write(kUser, "A", "x", Text("1"));
     store_.Write(kUser, "A", "y", Text("2"));

@@ -105,6 +105,21 @@ TEST(cRegistry, SetValue_OfANumberTypeWantsANumber) {
     EXPECT_EQ(registry.Value(), QVariant(12));
 }
 
+TEST(cRegistry, SetValues_WritesEachUnderItsNameByValueType) {
+    MemoryRegistryStore store;
+    cRegistry registry = At(store, "A", "unused");
+    registry.ValueType = RegistryType::Number;
+    registry.SetValues({{"x", 1}, {"y", "2"}});
+    EXPECT_EQ(At(store, "A", "x").Value(), QVariant(1));
+    EXPECT_EQ(At(store, "A", "y").Value(), QVariant(2));
+    EXPECT_FALSE(registry.Value().isValid());
+    SealedStore sealed;
+    ExpectFailure(
+        "Failed to set registry value Key: 'HKEY_CURRENT_USER',Section: 'A',Key: 'x,y' to value: '1,2'", [&] {
+            At(sealed, "A", "").SetValues({{"x", 1}, {"y", 2}});
+        });
+}
+
 TEST(cRegistry, Failures_AreError26001WithTheRootAndTheSection) {
     SealedStore store;
     cRegistry registry = At(store, "Soft\\X", "name");

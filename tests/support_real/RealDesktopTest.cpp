@@ -7,7 +7,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFontMetrics>
 #include <QMessageBox>
+#include <QPrintDialog>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -87,6 +89,39 @@ TEST_F(RealBoxes, Show_WithoutATitleTakesTheApplicationsName) {
     });
     desktop_.messageBoxes.Show("x", Buttons::Ok, Icon::Information, QString());
     EXPECT_EQ(title, "Edition");
+}
+
+// Title bars are drawn by the desktop, in a bold font as often as not, with buttons beside the title.
+TEST_F(RealBoxes, Show_IsWideEnoughForALongTitle) {
+    QFont bold = QApplication::font();
+    bold.setBold(true);
+    int room = 0;
+    OnceShown<QMessageBox>([&](QMessageBox &box) {
+        room = box.width() - QFontMetrics(bold).horizontalAdvance(box.windowTitle());
+        box.accept();
+    });
+    desktop_.messageBoxes.Show("x", Buttons::Ok, Icon::None, "Error in Qz_Source: Sub ProcessCommand");
+    EXPECT_GE(room, 100);
+}
+
+TEST_F(RealBoxes, ShowSaveFileDialog_RefusesAFolderThatIsNotThere) {
+    const QTemporaryDir folder;
+    QString complaint;
+    OnceShown<QFileDialog>([&](QFileDialog &dialog) {
+        dialog.selectFile(folder.filePath("none/a.map"));
+        OnceShown<QMessageBox>([&](QMessageBox &box) {
+            complaint = box.text();
+            OnceShown<QFileDialog>([](QFileDialog &again) { again.reject(); });
+            box.accept();
+        });
+        static_cast<QDialog &>(dialog).done(QDialog::Accepted);
+    });
+    int row = 1;
+    EXPECT_EQ(desktop_.dialogs.ShowSaveFileDialog("Maps|*.map", "map", folder.path(),
+                                                  fileflags::kPathMustExist, nullptr, row),
+              "");
+    EXPECT_EQ(complaint,
+              folder.filePath("none/a.map") + "\nPath does not exist.\nCheck the path and try again.");
 }
 
 TEST_F(RealBoxes, ShowOpenFileDialog_GivesThePathAndTheRowChosen) {
@@ -192,6 +227,13 @@ TEST_F(RealBoxes, Launch_OfAFileThatIsNotThereFails) {
 
 TEST_F(RealBoxes, Printers_RememberTheCurrentOne) {
     desktop_.printers.SetCurrent("Office");
+    EXPECT_EQ(desktop_.printers.Current(), "Office");
+}
+
+TEST_F(RealBoxes, ShowPrinter_CancelledKeepsThePrinter) {
+    desktop_.printers.SetCurrent("Office");
+    OnceShown<QPrintDialog>([](QPrintDialog &dialog) { dialog.reject(); });
+    EXPECT_FALSE(desktop_.dialogs.ShowPrinter(nullptr));
     EXPECT_EQ(desktop_.printers.Current(), "Office");
 }
 

@@ -1,0 +1,93 @@
+// A conversion that finds no room leaves the target as it was and no other file.
+#include "cli/Commands.h"
+
+#include "document/MapSchema.h"
+#include "storage/Database.h"
+#include "support/AtomicFile.h"
+#include "support/Files.h"
+
+#include <gtest/gtest.h>
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#ifndef Q_OS_WIN
+#include <csignal>
+#include <sys/resource.h>
+
+namespace {
+
+// A limit on the size of files stands in for a disk without room.
+class SmallDisk {
+public:
+    explicit SmallDisk(qint64 bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit small{static_cast<rlim_t>(bytes), before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~SmallDisk() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    SmallDisk(const SmallDisk &) = delete;
+    SmallDisk &operator=(const SmallDisk &) = delete;
+
+private:
+    rlimit before_{};
+    void (*handler_)(int);
+};
+
+class FullDisk : public ::testing::Test {
+protected:
+    FullDisk() {
+        support::SetProgramPath(folder_.path());
+        document::WriteTemplate(Path("template.tpl"), {}, {});
+        document::CreateEmptyMap(Path("source.map"));
+        storage::Database database = storage::OpenDatabase(Path("source.map"));
+        database.Execute(
+            QStringLiteral("INSERT INTO [Slices] ([Index], [Text], [xZoom], [yZoom]) VALUES (0, 's', 0, 0)"));
+        database.Execute(
+            QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 500) "
+                           "INSERT INTO [Nodes] ([Key], [Slice]) SELECT 'key ' || i, 0 FROM n"));
+    }
+    ~FullDisk() override { support::SetProgramPath(QString()); }
+
+    QString Path(const char *name) const { return folder_.filePath(QString::fromLatin1(name)); }
+    QStringList Names() const { return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden); }
+    int Convert() {
+        error_.clear();
+        QString out;
+        QTextStream outStream(&out), errStream(&error_);
+        return cli::Run({"convert", Path("source.map"), Path("target.map")}, outStream, errStream);
+    }
+
+    QTemporaryDir folder_;
+    QString error_;
+};
+
+} // namespace
+
+TEST_F(FullDisk, LeavesNoTargetWhereNoneWas) {
+    const QStringList before = Names();
+    ASSERT_EQ(Convert(), cli::kGood) << error_.toStdString();
+    const qint64 needed = QFileInfo(Path("target.map")).size();
+    constexpr int kSteps = 8;
+    for (int step = 0; step < kSteps; ++step) {
+        QFile::remove(Path("target.map"));
+        const SmallDisk disk(needed * step / kSteps);
+        EXPECT_EQ(Convert(), cli::kFailed) << "at step " << step;
+        EXPECT_EQ(error_.count(QLatin1Char('\n')), 1) << error_.toStdString();
+        EXPECT_EQ(Names(), before) << "at step " << step;
+    }
+}
+
+TEST_F(FullDisk, LeavesTheFormerTargetWhole) {
+    support::CopyFileTo(Path("template.tpl"), Path("target.map"));
+    const QByteArray former = support::ReadWholeFile(Path("target.map"));
+    const QStringList before = Names();
+    const SmallDisk disk(former.size() + 4096);
+    EXPECT_EQ(Convert(), cli::kFailed);
+    EXPECT_EQ(support::ReadWholeFile(Path("target.map")), former);
+    EXPECT_EQ(Names(), before);
+}
+#endif
