@@ -68,7 +68,7 @@ void frmMain::Form_Load() {
     frmSplash::ShowDoing(tr("Loading Toolbars"));
     FillToolbars();
     ConnectControls();
-    AddFlow1_afGotFocus(tabStrip_.TheTab());
+    AddFlow1_afGotFocus(CurrentIndex());
     SetWindowCaption(QStringLiteral("Untitled - ") + settings::Terms().TITLE);
     frmSplash::ShowDoing(tr("Loading Defaults"));
     document::LoadDefaults(AddFlow1_[0]);

@@ -60,7 +60,10 @@ public:
     void ClickFormatButton(const QString &key) override;
 
     int MousePointer() const { return mousePointer_; }
-    // The surface of the selected tab and its view; error 340 when the slot is empty.
+    // The slot of the selected tab's surface, or -1 while it has none. Tabs stand without gaps, in the order
+    // of the slots that are loaded: a map may leave slots empty.
+    int CurrentIndex() const;
+    // The surface of the selected tab and its view; error 340 when it has none.
     diagram::Surface &CurrentSurface();
     diagram::SurfaceView &CurrentView();
 

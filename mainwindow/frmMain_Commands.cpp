@@ -62,7 +62,7 @@ void frmMain::tlbMain_ButtonClick(const QString &key) {
 }
 
 void frmMain::KeepTypedText() {
-    const auto view = views_.find(tabStrip_.TheTab());
+    const auto view = views_.find(CurrentIndex());
     if (view != views_.end() && view->second->IsEditing()) view->second->EndEdit(true);
 }
 
@@ -71,7 +71,7 @@ void frmMain::ScheduleUpdate() {
 }
 
 void frmMain::UpdateCommands() {
-    if (!views_.contains(tabStrip_.TheTab())) return; // in the middle of a load, or closed
+    if (!views_.contains(CurrentIndex())) return; // in the middle of a load, or closed
     const diagram::Surface &surface = CurrentSurface();
     const bool selected = !surface.SelectedNodes().empty() || !surface.SelectedLinks().empty();
     const std::pair<Needs, bool> states[] = {

@@ -3,6 +3,7 @@
 
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/HintText.h"
+#include "mainwindow/ItemDescription.h"
 #include "mainwindow/SurfaceSink.h"
 
 #include <QApplication>
@@ -10,7 +11,13 @@
 
 namespace mainwindow {
 
-diagram::Surface &frmMain::CurrentSurface() { return AddFlow1_[tabStrip_.TheTab()]; }
+int frmMain::CurrentIndex() const {
+    const std::vector<int> slots = AddFlow1_.Indices();
+    const int tab = tabStrip_.TheTab();
+    return tab >= 0 && tab < int(slots.size()) ? slots[std::size_t(tab)] : -1;
+}
+
+diagram::Surface &frmMain::CurrentSurface() { return AddFlow1_[CurrentIndex()]; }
 
 diagram::SurfaceView &frmMain::CurrentView() { return *views_.at(CurrentSurface().Index()); }
 
@@ -23,6 +30,7 @@ void frmMain::SurfaceLoaded(diagram::Surface &surface) {
     connect(view.get(), &diagram::SurfaceView::ViewChanged, this, &frmMain::ScheduleUpdate);
     connect(view.get(), &diagram::SurfaceView::HintShown, this,
             [this](diagram::Hint hint) { DoStatus(HintText(hint)); });
+    view->SetDescriber([this](const diagram::Item &item) { return ItemDescription(item, clsSettings()); });
     view->lower(); // what is on top stays so until its tab is selected
     views_[surface.Index()] = std::move(view);
     picRHS_Resize();
@@ -35,7 +43,7 @@ void frmMain::SurfaceUnloading(diagram::Surface &surface) {
 }
 
 void frmMain::SSTab_Click() {
-    const int current = tabStrip_.TheTab();
+    const int current = CurrentIndex();
     if (!views_.contains(current)) return; // a tab whose surface is still to be loaded
     const bool onSurface = qobject_cast<diagram::SurfaceView *>(QApplication::focusWidget()) != nullptr;
     for (const auto &[index, view] : views_)
@@ -43,7 +51,7 @@ void frmMain::SSTab_Click() {
     diagram::SurfaceView &view = *views_.at(current);
     view.show();
     view.raise();
-    view.setAccessibleName(tabStrip_.TabCaption(current));
+    view.setAccessibleName(tabStrip_.Caption());
     if (onSurface) view.setFocus();
     ScheduleUpdate();
 }

@@ -1,0 +1,24 @@
+#include "mainwindow/ItemDescription.h"
+
+#include "diagram/model/Node.h"
+#include "document/clsfrmMain.h"
+#include "document/Tags.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+namespace mainwindow {
+
+QString ItemDescription(const diagram::Item &item, document::clsfrmMain &settings) {
+    const diagram::Node *node = item.AsNode();
+    if (!node) return {};
+    const QString level = settings.Levels().LevelNameForKey(document::GetTag(*node, document::tags::kLevel));
+    const QString groups = settings.Groups().GroupNameForKey(document::GetTag(*node, document::tags::kGroup));
+    QStringList parts;
+    if (!level.isEmpty()) parts << QCoreApplication::translate("frmMain", "Level %1").arg(level);
+    if (!groups.isEmpty())
+        parts << QCoreApplication::translate("frmMain", "groups %1").arg(QString(groups).replace(',', ", "));
+    return parts.join(QStringLiteral(", "));
+}
+
+} // namespace mainwindow

@@ -1,0 +1,18 @@
+// What a screen reader is told of a node beside its text and links.
+#pragma once
+
+#include <QString>
+
+namespace diagram {
+class Item;
+}
+namespace document {
+class clsfrmMain;
+}
+
+namespace mainwindow {
+
+// "Level 2, groups Market, Product", as far as the node has them; empty for a link.
+QString ItemDescription(const diagram::Item &item, document::clsfrmMain &settings);
+
+} // namespace mainwindow
