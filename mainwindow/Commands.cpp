@@ -1,5 +1,8 @@
 #include "mainwindow/Commands.h"
 
+#include "app/settings/Settings.h"
+#include "support/Desktop.h"
+
 #include <array>
 
 namespace mainwindow {
@@ -24,6 +27,11 @@ const CommandRow *FindCommand(const QString &key) {
         for (const CommandRow &row : table)
             if (row.routine && key == QLatin1String(row.key)) return &row;
     return nullptr;
+}
+
+void ShowUnknownKey(support::Desktop &desktop, const QString &key) {
+    desktop.messageBoxes.Show(QStringLiteral("Unknown Key ") + key, support::Buttons::Ok, support::Icon::None,
+                              settings::Terms().TITLE);
 }
 
 QString RecentFileCaption(const QString &path) {

@@ -5,6 +5,10 @@
 #include <span>
 #include <vector>
 
+namespace support {
+struct Desktop;
+}
+
 namespace mainwindow {
 
 class frmMain;
@@ -44,6 +48,9 @@ std::span<const CommandRow> KeyCommands(); // in no menu
 std::vector<CommandRow> Commands();
 // The row of a command that has a routine; null for a key that names none.
 const CommandRow *FindCommand(const QString &key);
+
+// Tells that no command has that key.
+void ShowUnknownKey(support::Desktop &desktop, const QString &key);
 
 // In front of the path in the key of a recent file.
 inline constexpr char kRecentFile[] = "mnuFileMRU|";

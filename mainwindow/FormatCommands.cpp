@@ -4,8 +4,10 @@
 #include "diagram/model/Surface.h"
 #include "mainwindow/ActionGroup.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/ShapeMenu.h"
+#include "support/Val.h"
 
 namespace mainwindow {
 
@@ -22,24 +24,24 @@ void ForSelected(diagram::Surface &flow, Change change) {
     for (diagram::Link *link : flow.SelectedLinks()) change(*link), link->Refresh();
 }
 
-// Each item flips by itself: a mixed selection stays mixed.
-template <typename Flip>
-void FlipFont(frmMain &window, Flip flip) {
+// Each item changes by itself: what was flipped in a mixed selection stays mixed.
+template <typename Change>
+void ChangeFonts(frmMain &window, Change change) {
     ForSelected(window.CurrentSurface(), [&](auto &item) {
         diagram::Font font = item.Font();
-        flip(font);
+        change(font);
         item.SetFont(font);
     });
 }
 
 void FormatBold(frmMain &window) {
-    FlipFont(window, [](diagram::Font &font) { font.SetBold(!font.Bold()); });
+    ChangeFonts(window, [](diagram::Font &font) { font.SetBold(!font.Bold()); });
 }
 void FormatItalic(frmMain &window) {
-    FlipFont(window, [](diagram::Font &font) { font.SetItalic(!font.Italic()); });
+    ChangeFonts(window, [](diagram::Font &font) { font.SetItalic(!font.Italic()); });
 }
 void FormatUnderline(frmMain &window) {
-    FlipFont(window, [](diagram::Font &font) { font.SetUnderline(!font.Underline()); });
+    ChangeFonts(window, [](diagram::Font &font) { font.SetUnderline(!font.Underline()); });
 }
 
 void Align(frmMain &window, int base) {
@@ -106,6 +108,20 @@ void frmMain::tlbFormat_ButtonClick(const QString &key) {
             row->routine(*this);
         else
             ShowUnknownButton(desktop_, key);
+    });
+}
+
+// Choosing a font or a size is no step of undo, and leaves the map as clean as it was.
+void frmMain::cboFont_Click() {
+    support::Report("frmMain", "cboFont_Click", [&] {
+        ChangeFonts(*this, [name = cboFont_->currentText()](diagram::Font &font) { font.SetName(name); });
+    });
+}
+
+void frmMain::cboFontSize_Click() {
+    support::Report("frmMain", "cboFontSize_Click", [&] {
+        const int size = support::CInt(support::Val(cboFontSize_->currentText()));
+        ChangeFonts(*this, [size](diagram::Font &font) { font.SetSize(size); });
     });
 }
 

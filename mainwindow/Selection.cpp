@@ -3,6 +3,7 @@
 #include "app/settings/Settings.h"
 #include "diagram/model/Surface.h"
 
+#include <algorithm>
 #include <QLocale>
 
 namespace mainwindow {
@@ -37,6 +38,14 @@ void DoSelectAll(diagram::Surface &flow, bool state) {
 
 void UnselectHiddenNodes(diagram::Surface &flow) { UnselectHidden(flow.SelectedNodes()); }
 void UnselectHiddenLinks(diagram::Surface &flow) { UnselectHidden(flow.SelectedLinks()); }
+
+bool NodeIsInCollection(const diagram::Node &node, const std::vector<diagram::Node *> &nodes) {
+    return std::find(nodes.begin(), nodes.end(), &node) != nodes.end();
+}
+
+bool LinkIsInCollection(const diagram::Link &link, const std::vector<diagram::Link *> &links) {
+    return std::find(links.begin(), links.end(), &link) != links.end();
+}
 
 QString SelectionText(const diagram::Surface &flow) {
     const settings::ProductTerms &terms = settings::Terms();

@@ -2,10 +2,13 @@
 #pragma once
 
 #include <QString>
+#include <vector>
 
 namespace diagram {
+class Link;
+class Node;
 class Surface;
-}
+} // namespace diagram
 
 namespace mainwindow {
 
@@ -14,6 +17,9 @@ namespace mainwindow {
 void DoSelectAll(diagram::Surface &flow, bool state);
 void UnselectHiddenNodes(diagram::Surface &flow);
 void UnselectHiddenLinks(diagram::Surface &flow);
+// Whether one of them is that very object.
+bool NodeIsInCollection(const diagram::Node &node, const std::vector<diagram::Node *> &nodes);
+bool LinkIsInCollection(const diagram::Link &link, const std::vector<diagram::Link *> &links);
 // What is selected, in words: "2 Nodes, 1 Link"; empty for nothing.
 QString SelectionText(const diagram::Surface &flow);
 

@@ -45,6 +45,15 @@ void SurfaceSink::Click(diagram::Surface &surface) {
     Handle("AddFlow1_Click", [&] { form_.AddFlow1_Click(surface.Index()); });
 }
 
+void SurfaceSink::DblClick(diagram::Surface &surface) {
+    QMetaObject::invokeMethod(
+        &form_,
+        [this, index = surface.Index()] {
+            Handle("AddFlow1_DblClick", [&] { form_.AddFlow1_DblClick(index); });
+        },
+        Qt::QueuedConnection);
+}
+
 void SurfaceSink::Error(diagram::Surface &surface, long, const QString &, bool &cancelDisplay) {
     Handle("AddFlow1_Error", [&] { form_.AddFlow1_Error(surface.Index(), cancelDisplay); });
 }
@@ -55,6 +64,14 @@ void SurfaceSink::KeyDown(diagram::Surface &surface, int &keyCode, int shift) {
 
 void SurfaceSink::KeyUp(diagram::Surface &surface, int keyCode, int shift) {
     Handle("AddFlow1_KeyUp", [&] { form_.AddFlow1_KeyUp(surface.Index(), keyCode, shift); });
+}
+
+void SurfaceSink::MouseDown(diagram::Surface &surface, int button, int shift, float x, float y) {
+    Handle("AddFlow1_MouseDown", [&] { form_.AddFlow1_MouseDown(surface.Index(), button, shift, x, y); });
+}
+
+void SurfaceSink::MouseMove(diagram::Surface &surface, int, int, float x, float y) {
+    Handle("AddFlow1_MouseMove", [&] { form_.AddFlow1_MouseMove(surface.Index(), x, y); });
 }
 
 void SurfaceSink::GotFocus(diagram::Surface &surface) {

@@ -22,10 +22,15 @@ public:
     void AfterSelect(diagram::Surface &surface) override;
     void AfterStretch(diagram::Surface &surface) override;
     void Click(diagram::Surface &surface) override;
+    // Once the event has returned: a hyperlink can lead to another map in this window, and then the surface
+    // that raises the event goes.
+    void DblClick(diagram::Surface &surface) override;
     void Error(diagram::Surface &surface, long number, const QString &description,
                bool &cancelDisplay) override;
     void KeyDown(diagram::Surface &surface, int &keyCode, int shift) override;
     void KeyUp(diagram::Surface &surface, int keyCode, int shift) override;
+    void MouseDown(diagram::Surface &surface, int button, int shift, float x, float y) override;
+    void MouseMove(diagram::Surface &surface, int button, int shift, float x, float y) override;
     void GotFocus(diagram::Surface &surface) override;
 
     void ItemAdded(diagram::Item &item) override;

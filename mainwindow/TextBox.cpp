@@ -1,6 +1,7 @@
 #include "mainwindow/TextBox.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -19,6 +20,8 @@ const char *SlotOf(TextCommand command) {
 
 QWidget *FocusedTextBox() {
     QWidget *focus = QApplication::focusWidget();
+    // Its field is where one types, but the box itself has the focus.
+    if (const auto *box = qobject_cast<QComboBox *>(focus)) focus = box->lineEdit();
     const bool isText = qobject_cast<QLineEdit *>(focus) || qobject_cast<QTextEdit *>(focus) ||
                         qobject_cast<QPlainTextEdit *>(focus);
     return isText ? focus : nullptr;

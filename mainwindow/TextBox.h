@@ -5,7 +5,8 @@ class QWidget;
 
 namespace mainwindow {
 
-// The line edit or text edit that has the keyboard focus; null when something else has it.
+// The line edit or text edit that has the keyboard focus, the field of a combo box too; null when something
+// else has it.
 QWidget *FocusedTextBox();
 
 enum class TextCommand { Cut, Copy, Paste, Delete };

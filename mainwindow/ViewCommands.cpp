@@ -2,6 +2,7 @@
 
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/PickBox.h"
 #include "mainwindow/StartupSetting.h"
 #include "mainwindow/ZoomSteps.h"
 #include "support/clsPaths.h"
@@ -70,8 +71,13 @@ void SelectTab(frmMain &window, int step) {
     const int tab = window.TabStrip().TheTab() + step;
     if (tab >= 0 && tab < window.TabStrip().TabCount()) window.TabStrip().SetTheTab(tab);
 }
+void keyFont(frmMain &window) { window.cboFont().setFocus(Qt::ShortcutFocusReason); }
+void keyFontSize(frmMain &window) { window.cboFontSize().setFocus(Qt::ShortcutFocusReason); }
+
 void keyNextSlice(frmMain &window) { SelectTab(window, 1); }
 void keyPreviousSlice(frmMain &window) { SelectTab(window, -1); }
+
+void mnuViewTimelineSetup(frmMain &window) { window.Timeline().TimelineSetup(window.CurrentSurface()); }
 
 constexpr EntryKind kMenu = EntryKind::Menu;
 constexpr EntryKind kCommand = EntryKind::Command;
@@ -101,6 +107,9 @@ constexpr CommandRow kRows[] = {
 constexpr CommandRow kKeyRows[] = {
     {nullptr, "keyZoomIn", "Zoom in", kCommand, keyZoomIn, "zoomin", "", "Ctrl++ Ctrl+="},
     {nullptr, "keyZoomOut", "Zoom out", kCommand, keyZoomOut, "zoomout", "", "Ctrl+-"},
+    {nullptr, "mnuViewTimelineSetup", "&Timeline Setup...", kCommand, mnuViewTimelineSetup, "timeline"},
+    {nullptr, "keyFont", "Font", kCommand, keyFont, "", "", "Ctrl+Shift+F"},
+    {nullptr, "keyFontSize", "Font size", kCommand, keyFontSize, "", "", "Ctrl+Shift+P"},
     {nullptr, "keyNextSlice", "Next @SLICE", kCommand, keyNextSlice, "", "", "Ctrl+PgDown"},
     {nullptr, "keyPreviousSlice", "Previous @SLICE", kCommand, keyPreviousSlice, "", "", "Ctrl+PgUp"},
 };

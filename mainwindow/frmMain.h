@@ -5,6 +5,7 @@
 #include "document/MapWindow.h"
 #include "document/SurfaceArray.h"
 #include "mainwindow/clsTabStrip.h"
+#include "mainwindow/TimelineRoutines.h"
 
 #include <map>
 #include <memory>
@@ -24,8 +25,10 @@ namespace mainwindow {
 class cProgressBar;
 class cStatusBar;
 class frmPics;
+class PickBox;
 class SmartMenu;
 class SurfaceSink;
+class TimelineMenu;
 class Toolbar;
 
 // Deletes itself when it was closed. A new window is loaded and not shown; what its start raises reaches the
@@ -72,6 +75,12 @@ public:
     void tlbMain_ButtonClick(const QString &key);
     void tlbFormat_ButtonClick(const QString &key);
     void tlbFormat_ButtonMenuClick(int tag);
+    // Give the selected nodes and links the name or the size that the box shows.
+    void cboFont_Click();
+    void cboFontSize_Click();
+    PickBox &cboFont() const { return *cboFont_; }
+    PickBox &cboFontSize() const { return *cboFontSize_; }
+    void SMXP_Click(const QString &key);
     // Shows `sFilename`, or the file that the user chooses, here or in a new window. Null when nothing was
     // opened.
     frmMain *DoOpen(QString sFilename, bool bNewWindow);
@@ -90,6 +99,17 @@ public:
     void UpdateCommands();
     void ScheduleUpdate();
 
+    // Selects the node, unless two or more are selected, and opens its properties; of a timeline node its
+    // popup, at x, y (twips from the left top corner of what is seen). A hidden timeline node gets none.
+    void ShowNodeProperties(diagram::Node &oNode, float x, float y);
+    void ShowLinkProperties(diagram::Link &oLink);
+    // What the window asks of the timeline; replaceable.
+    TimelineRoutines &Timeline() { return timeline_; }
+    // The timeline node whose popup was opened last, or null.
+    diagram::Node *oTemplateNode() const;
+    // The read-out of AddFlow1_MouseMove; no part of the program turns it on.
+    static inline bool DebugReadOut = false;
+
     void AddFlow1_AfterAddNode(int index, diagram::Node &oNode);
     void AddFlow1_AfterAddLink(int index, diagram::Link &oLink);
     void AddFlow1_AfterEdit(int index);
@@ -97,10 +117,15 @@ public:
     void AddFlow1_AfterStretch(int index);
     void AddFlow1_AfterSelect(int index);
     void AddFlow1_Click(int index);
+    // Brings the font boxes in step with the selection.
     void AddFlow1_afGotFocus(int index);
+    void AddFlow1_DblClick(int index);
     void AddFlow1_Error(int index, bool &cancelDisplay);
     void AddFlow1_KeyDown(int index, int &keyCode, int shift);
     void AddFlow1_KeyUp(int index, int keyCode, int shift);
+    // x, y in twips from the left top corner of what is seen.
+    void AddFlow1_MouseDown(int index, int button, int shift, float x, float y);
+    void AddFlow1_MouseMove(int index, float x, float y);
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -118,6 +143,7 @@ private:
     void BuildStatusBar();
     void BuildMenus();
     void FillToolbars();
+    void AddFontBoxes();
     void ConnectControls();
     void Form_Load();
     void Initialize();
@@ -136,6 +162,23 @@ private:
     frmMain *OpenElsewhere(const QString &sFilename);
     bool MayReplace();
     void UpdateStatus();
+    diagram::SurfaceView &ViewOf(int index) const { return *views_.at(index); }
+    // Opens the form; while the program has none of that name, the status bar says that `what` is missing.
+    void ShowForm(const char *form, void *argument, const QString &what);
+    void ShowNodeDialog(diagram::Node &oNode);
+    void ShowTimelineMenu(diagram::Node &oNode, float x, float y);
+    void ShowPropertiesOfSelection(int index);
+    // The routines behind the entries of SMXP.
+    void HideTimelineNode();
+    void UnHideTimelineNodes();
+    void OpenTimelineSetup();
+    // The window that shows the hyperlink's target.
+    frmMain *Follow(const document::cHyperlink &hyperlink);
+    void FollowAll(const QString &node);
+    void TellNotYet(const QString &what);
+    // A file was dropped at `at`, in pixels of the window.
+    void TakeFile(const QString &file, const QPoint &at);
+    void OfferFile(diagram::Node &node, const QString &file, const QPoint &global);
     // Ends the editing of a text in place and keeps what was typed.
     void KeepTypedText();
 
@@ -148,7 +191,13 @@ private:
     Toolbar *tlbMain_ = nullptr;
     Toolbar *tlbFormat_ = nullptr;
     Toolbar *tlbView_ = nullptr;
+    PickBox *cboFont_ = nullptr;
+    PickBox *cboFontSize_ = nullptr;
     SmartMenu *SmartMenuXP1a_ = nullptr;
+    TimelineMenu *SMXP_ = nullptr;
+    // By slot and identity: what the popup was opened for can go while it is open.
+    std::pair<int, diagram::ItemId> oTemplateNode_{-1, diagram::kNoItem};
+    TimelineRoutines timeline_;
     frmPics *frmPics_ = nullptr;
     QTimer tmrResize_;
     QTimer update_;

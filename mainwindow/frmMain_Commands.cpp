@@ -1,7 +1,6 @@
 // The one place where commands run, and what keeps their entries in step.
 #include "mainwindow/frmMain.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/cStatusBar.h"
@@ -40,8 +39,7 @@ void frmMain::SmartMenuXP1_Click(const QString &key) {
         else if (row)
             row->routine(*this);
         else
-            desktop_.messageBoxes.Show(QStringLiteral("Unknown Key ") + key, support::Buttons::Ok,
-                                       support::Icon::None, settings::Terms().TITLE);
+            ShowUnknownKey(desktop_, key);
         SetMousePointer(kNormal); // not reached after a failure: the pointer then stays as it is
         ScheduleUpdate();
     });

@@ -5,10 +5,14 @@
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"
+#include "mainwindow/frmPics.h"
+#include "mainwindow/PickBox.h"
 #include "mainwindow/SmartMenu.h"
+#include "mainwindow/TimelineMenu.h"
 #include "mainwindow/Toolbar.h"
 
 #include <QAction>
+#include <QIntValidator>
 #include <QMenuBar>
 #include <QSplitter>
 #include <QTabBar>
@@ -16,14 +20,17 @@
 namespace mainwindow {
 
 namespace {
-constexpr int kResizeSettles = 250; // milliseconds
-}
+constexpr int kResizeSettles = 250;                      // milliseconds
+constexpr int kFontCharacters = 16, kSizeCharacters = 4; // of the fields of the font boxes
+} // namespace
 
 void frmMain::BuildControls() {
     setObjectName(QStringLiteral("frmMain"));
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(true);
     SmartMenuXP1a_ = new SmartMenu(*menuBar(), *this);
+    SMXP_ = new TimelineMenu(this);
+    timeline_ = DefaultTimelineRoutines([this] { TellNotYet(tr("The timeline")); });
     BuildPanes();
     BuildToolbars();
     BuildStatusBar();
@@ -69,6 +76,7 @@ void frmMain::BuildToolbars() {
 
 void frmMain::FillToolbars() {
     tlbMain_->AddButtons(MainButtons());
+    AddFontBoxes();
     tlbFormat_->AddButtons(FormatButtons());
     for (const char *key : ViewButtons()) {
         if (QAction *entry = SmartMenuXP1a_->Item(QLatin1String(key)))
@@ -79,11 +87,32 @@ void frmMain::FillToolbars() {
     staMain_->SetZoomMenu(SmartMenuXP1a_->Menu(QStringLiteral("mnuViewZoom")));
 }
 
+void frmMain::AddFontBoxes() {
+    cboFont_ = new PickBox(QStringLiteral("cboFont"), tr("Font"), kFontCharacters, tlbFormat_);
+    cboFontSize_ = new PickBox(QStringLiteral("cboFontSize"), tr("Font size"), kSizeCharacters, tlbFormat_);
+    cboFont_->addItems(frmPics_->cboFont());
+    cboFontSize_->addItems(frmPics_->cboFontSize());
+    auto *sizes = new QIntValidator(1, diagram::kLargestFontSize, cboFontSize_);
+    QLocale plain = QLocale::c();
+    plain.setNumberOptions(QLocale::RejectGroupSeparator);
+    sizes->setLocale(plain);
+    cboFontSize_->setValidator(sizes);
+    for (PickBox *box : {cboFont_, cboFontSize_}) {
+        tlbFormat_->addWidget(box);
+        connect(
+            box, &PickBox::Done, this, [this] { CurrentView().setFocus(); }, Qt::QueuedConnection);
+    }
+    tlbFormat_->addSeparator();
+}
+
 void frmMain::ConnectControls() {
     connect(SmartMenuXP1a_, &SmartMenu::Click, this, &frmMain::SmartMenuXP1_Click);
     connect(tlbMain_, &Toolbar::ButtonClick, this, &frmMain::tlbMain_ButtonClick);
     connect(tlbFormat_, &Toolbar::ButtonClick, this, &frmMain::tlbFormat_ButtonClick);
     connect(tlbFormat_, &Toolbar::ButtonMenuClick, this, &frmMain::tlbFormat_ButtonMenuClick);
+    connect(cboFont_, &PickBox::Click, this, &frmMain::cboFont_Click);
+    connect(cboFontSize_, &PickBox::Click, this, &frmMain::cboFontSize_Click);
+    connect(SMXP_, &TimelineMenu::Click, this, &frmMain::SMXP_Click);
     connect(staMain_, &cStatusBar::ZoomIn, this, [this] { SmartMenuXP1_Click(QStringLiteral("keyZoomIn")); });
     connect(staMain_, &cStatusBar::ZoomOut, this,
             [this] { SmartMenuXP1_Click(QStringLiteral("keyZoomOut")); });

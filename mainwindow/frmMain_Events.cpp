@@ -4,7 +4,10 @@
 #include "app/settings/Settings.h"
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
+#include "mainwindow/ListIndex.h"
+#include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
+#include "support/Val.h"
 
 namespace mainwindow {
 
@@ -12,6 +15,8 @@ namespace {
 
 constexpr int kShiftKey = 16;
 constexpr int kDeleteKey = 46;
+constexpr int kMenuKey = 93;
+constexpr int kF10Key = 121;
 
 bool Confirmed(support::Desktop &desktop, const QString &question) {
     return desktop.messageBoxes.Show(question, support::Buttons::YesNo, support::Icon::Question,
@@ -40,6 +45,22 @@ document::cGroup *GroupForNewNode(const document::cGroups &groups) {
     return groups.count() > 0 ? &groups.Item(1) : nullptr;
 }
 
+// Arrangements 2, 3 and 4 run from left to right. A slice without a timeline has none.
+bool TimelineIsHorizontal(const diagram::Surface &surface) {
+    const double align = support::Val(document::GetTag(surface, document::tags::kTimelineAlign));
+    return align == 2 || align == 3 || align == 4;
+}
+
+const diagram::Font &FontOfSelection(const diagram::Surface &surface) {
+    if (const diagram::Node *node = surface.SelectedNode()) return node->Font();
+    if (const diagram::Link *link = surface.SelectedLink()) return link->Font();
+    return surface.Font();
+}
+
+bool AsksForProperties(int keyCode, int shift) {
+    return keyCode == kMenuKey || (keyCode == kF10Key && shift == diagram::keys::kShift);
+}
+
 } // namespace
 
 void frmMain::AddFlow1_AfterAddNode(int index, diagram::Node &oNode) {
@@ -62,7 +83,14 @@ void frmMain::AddFlow1_AfterAddLink(int index, diagram::Link &) {
 void frmMain::AddFlow1_AfterEdit(int) { clsSettings_->Dirty = true; }
 void frmMain::AddFlow1_AfterResize(int) { clsSettings_->Dirty = true; }
 void frmMain::AddFlow1_AfterStretch(int) { clsSettings_->Dirty = true; }
-void frmMain::AddFlow1_AfterMove(int) { clsSettings_->Dirty = true; }
+
+void frmMain::AddFlow1_AfterMove(int index) {
+    diagram::Surface &surface = AddFlow1_[index];
+    const ActionGroup step(surface);
+    const bool horizontal = TimelineIsHorizontal(surface);
+    for (diagram::Node *node : surface.SelectedNodes()) timeline_.AdjustLinks(*node, horizontal);
+    clsSettings_->Dirty = true;
+}
 
 // Hidden items must not stay selected: a rubber band takes them along.
 void frmMain::AddFlow1_AfterSelect(int index) {
@@ -77,7 +105,12 @@ void frmMain::AddFlow1_Click(int index) {
     AddFlow1_afGotFocus(index);
 }
 
-void frmMain::AddFlow1_afGotFocus(int) { ScheduleUpdate(); }
+void frmMain::AddFlow1_afGotFocus(int index) {
+    const diagram::Font &font = FontOfSelection(AddFlow1_[index]);
+    DoSetIndex2(*cboFont_, font.Name(), true);
+    DoSetIndex2(*cboFontSize_, QString::number(support::CLng(font.Size())), true);
+    ScheduleUpdate();
+}
 
 void frmMain::AddFlow1_Error(int, bool &cancelDisplay) { cancelDisplay = true; }
 
@@ -85,6 +118,10 @@ void frmMain::AddFlow1_Error(int, bool &cancelDisplay) { cancelDisplay = true; }
 void frmMain::AddFlow1_KeyDown(int index, int &keyCode, int shift) {
     diagram::Surface &surface = AddFlow1_[index];
     if (keyCode == kShiftKey && shift == diagram::keys::kShift) surface.SetShiftMode(true);
+    if (AsksForProperties(keyCode, shift)) {
+        keyCode = 0;
+        return ShowPropertiesOfSelection(index);
+    }
     if (keyCode != kDeleteKey) return;
     keyCode = 0;
     if (!surface.SelectedNodes().empty() && Confirmed(desktop_, DeleteNodesQuestion()))

@@ -1,22 +1,12 @@
-// Window events other than closing: first showing, activation, resizing, files dropped.
+// Window events other than closing: first showing, activation, resizing.
 #include "mainwindow/frmMain.h"
 
 #include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"
 
-#include <QDragEnterEvent>
-#include <QMimeData>
-#include <QUrl>
+#include <QEvent>
 
 namespace mainwindow {
-
-namespace {
-// The one file on this machine that is dragged; empty for anything else.
-QString DraggedFile(const QMimeData &data) {
-    const QList<QUrl> urls = data.urls();
-    return urls.size() == 1 && urls.first().isLocalFile() ? urls.first().toLocalFile() : QString();
-}
-} // namespace
 
 void frmMain::showEvent(QShowEvent *event) {
     QMainWindow::showEvent(event);
@@ -49,21 +39,6 @@ void frmMain::tmrResize_Timer() {
     tmrResize_.stop();
     cProgressOnStatusBar().SetProgressBar(*prg1_, *staMain_);
     prg1_->show();
-}
-
-void frmMain::dragEnterEvent(QDragEnterEvent *event) {
-    if (!InsideRoutine() && !DraggedFile(*event->mimeData()).isEmpty()) event->acceptProposedAction();
-}
-
-void frmMain::dropEvent(QDropEvent *event) {
-    const QString file = DraggedFile(*event->mimeData());
-    if (file.isEmpty() || InsideRoutine()) return;
-    event->acceptProposedAction();
-    // After the drag has ended, so that a question of ours doesn't hold up the program that the file came
-    // from.
-    QTimer::singleShot(0, this, [this, file] {
-        support::Report("frmMain", "OLEDragDrop", [&] { DoOpen(file, WantsNewWindow()); });
-    });
 }
 
 } // namespace mainwindow

@@ -139,6 +139,11 @@ class DialogHost {
 public:
     virtual ~DialogHost() = default;
     virtual bool ShowModal(const QString &form, void *argument, Owner owner) = 0;
+    // Whether there is a form of that name.
+    virtual bool Knows(const QString &form) const {
+        Q_UNUSED(form)
+        return true;
+    }
 };
 
 // One reference to each door. Built in main and handed down.

@@ -17,6 +17,7 @@ public:
     void Add(const QString &form, Show show);
     // Error 5 "Unknown form NAME" for a form that was not added.
     bool ShowModal(const QString &form, void *argument, Owner owner) override;
+    bool Knows(const QString &form) const override { return forms_.contains(form); }
 
 private:
     std::map<QString, Show> forms_;

@@ -19,7 +19,7 @@ struct Font::Data : QSharedData {
 namespace {
 
 double CheckedSize(double points) {
-    if (!(points > 0 && points <= 2160)) RaiseInvalidValue("Font");
+    if (!(points > 0 && points <= kLargestFontSize)) RaiseInvalidValue("Font");
     return std::max(std::round(points * 10000) / 10000, 0.0001);
 }
 

@@ -6,6 +6,8 @@
 
 namespace diagram {
 
+constexpr int kLargestFontSize = 2160; // points
+
 // Cheap to copy (one pointer). Two fonts are equal when their six values are.
 class Font {
 public:
@@ -26,7 +28,7 @@ public:
     bool Strike() const;
 
     void SetName(const QString &name);
-    // Error 380 "Invalid property value" unless above 0 and at most 2160.
+    // Error 380 "Invalid property value" unless above 0 and at most kLargestFontSize.
     void SetSize(double points);
     void SetBold(bool on);
     void SetItalic(bool on);

@@ -15,7 +15,7 @@ struct KeyRow {
     Qt::KeyboardModifier modifier = Qt::NoModifier;
 };
 
-constexpr std::array<KeyRow, 22> kKeys{{
+constexpr std::array<KeyRow, 23> kKeys{{
     {Qt::Key_Backspace, 8},
     {Qt::Key_Tab, 9},
     {Qt::Key_Backtab, 9},
@@ -38,6 +38,7 @@ constexpr std::array<KeyRow, 22> kKeys{{
     {Qt::Key_Down, 40},
     {Qt::Key_Insert, 45},
     {Qt::Key_Delete, 46},
+    {Qt::Key_Menu, 93},
 }};
 constexpr int kF1 = 112;
 

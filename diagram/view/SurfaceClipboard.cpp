@@ -107,19 +107,6 @@ QSizeF PictureSize(const Picture &picture) {
     return size;
 }
 
-void PasteImage(Surface &surface, const QImage &image, const QRectF &seen) {
-    if (image.isNull()) return;
-    const Picture picture = Picture::FromImage(image);
-    QRectF box(QPointF(), PictureSize(picture));
-    box.moveCenter(seen.center());
-    ChangeSelection(surface, [&] {
-        surface.UnselectAll();
-        Node &node = AddPasted(surface, box);
-        node.SetPicture(picture);
-        surface.Events().AfterAddNode(surface, node);
-    });
-}
-
 void PasteLines(Surface &surface, const QStringList &lines, const QRectF &seen) {
     const double step = kTextNode.height() + kTextGap;
     const double height = double(lines.size()) * step - kTextGap;
@@ -146,6 +133,17 @@ QStringList LinesOf(const QString &text) {
 
 } // namespace
 
+void AddPictureNode(Surface &surface, const Picture &picture, const QPointF &middle) {
+    QRectF box(QPointF(), PictureSize(picture));
+    box.moveCenter(middle);
+    ChangeSelection(surface, [&] {
+        surface.UnselectAll();
+        Node &node = AddPasted(surface, box);
+        node.SetPicture(picture);
+        surface.Events().AfterAddNode(surface, node);
+    });
+}
+
 std::unique_ptr<QMimeData> SelectionToMime(const Surface &surface) {
     return std::make_unique<SelectionMime>(SaveSelection(surface), TextOf(surface));
 }
@@ -160,7 +158,8 @@ void PasteFrom(Scene &scene, const QMimeData &data, const QRectF &seen) {
     if (data.hasFormat(own)) {
         PasteItems(scene, data.data(own), seen);
     } else if (data.hasImage()) {
-        PasteImage(scene.Model(), qvariant_cast<QImage>(data.imageData()), seen);
+        const auto image = qvariant_cast<QImage>(data.imageData());
+        if (!image.isNull()) AddPictureNode(scene.Model(), Picture::FromImage(image), seen.center());
     } else if (const QStringList lines = LinesOf(data.text()); !lines.isEmpty()) {
         PasteLines(scene.Model(), lines, seen);
     }

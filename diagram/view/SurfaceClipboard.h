@@ -8,6 +8,7 @@ class QMimeData;
 
 namespace diagram {
 
+class Picture;
 class Scene;
 class Surface;
 
@@ -22,5 +23,10 @@ bool CanPasteFrom(const QMimeData *data);
 // place already, and become the selection. One step; AfterAddNode for each node made of an image or of text;
 // AfterSelect. Error 321 "Invalid file format" for damaged data: nothing is changed then.
 void PasteFrom(Scene &scene, const QMimeData &data, const QRectF &seen);
+
+// A node that shows the picture in its own size, smaller where that is out of all proportion, with its middle
+// at `middle` (twips) as far as the surface's edges allow. It becomes the selection; one step; AfterAddNode,
+// AfterSelect.
+void AddPictureNode(Surface &surface, const Picture &picture, const QPointF &middle);
 
 } // namespace diagram

@@ -1,6 +1,9 @@
 #include "tests/mainwindow/WindowTest.h"
 
+#include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
+
+#include <QTest>
 
 namespace mainwindow::testing {
 
@@ -44,26 +47,16 @@ TEST_F(Events, ANewNodeWithoutLevelsAndGroupsKeepsItsLook) {
     EXPECT_TRUE(node.Tag().isEmpty());
 }
 
-TEST_F(Events, WhatTheUserDoesMarksTheMap) {
+TEST_F(Events, ADrawnNodeAndItsLevelAreOneStep) {
     frmMain &window = NewWindow();
-    diagram::Node &node = AddNode(window, 0, 0);
-    diagram::Link &link = node.Links().Add(AddNode(window, 4000, 0));
-    diagram::SurfaceEvents &events = window.CurrentSurface().Events();
-    diagram::Surface &surface = window.CurrentSurface();
-    const std::function<void()> marking[] = {
-        [&] { events.AfterAddNode(surface, node); }, [&] { events.AfterAddLink(surface, link); },
-        [&] { events.AfterEdit(surface); },          [&] { events.AfterMove(surface); },
-        [&] { events.AfterResize(surface); },        [&] { events.AfterStretch(surface); },
-    };
-    for (const auto &action : marking) {
-        window.clsSettings().Dirty = false;
-        action();
-        EXPECT_TRUE(window.clsSettings().Dirty);
-    }
-    window.clsSettings().Dirty = false;
-    events.AfterSelect(surface);
-    events.Click(surface);
-    EXPECT_FALSE(window.clsSettings().Dirty);
+    Drag(window, {300, 300}, {2400, 1500});
+    ASSERT_EQ(window.CurrentSurface().Nodes().Count(), 1);
+    const diagram::Node &node = window.CurrentSurface().Nodes().Item(1);
+    EXPECT_EQ(node.FillColor(), 0x222222);
+    EXPECT_EQ(document::GetTag(node, document::tags::kGroup), window.clsSettings().Groups().Item(2).Key);
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 0);
+    EXPECT_FALSE(window.CurrentSurface().CanUndo());
 }
 
 TEST_F(Events, HiddenNodesDoNotStaySelected) {
@@ -132,6 +125,39 @@ TEST_F(Events, ShiftTurnsTheShiftModeOnWhileItIsHeld) {
     EXPECT_FALSE(window.CurrentSurface().ShiftMode());
     window.AddFlow1_KeyDown(0, shift, diagram::keys::kShift | diagram::keys::kCtrl);
     EXPECT_FALSE(window.CurrentSurface().ShiftMode());
+}
+
+TEST_F(Events, ShiftIsHeldByTheRealKey) {
+    frmMain &window = NewWindow();
+    QTest::keyPress(&window.CurrentView(), Qt::Key_Shift);
+    EXPECT_TRUE(window.CurrentSurface().ShiftMode());
+    QTest::keyRelease(&window.CurrentView(), Qt::Key_Shift);
+    EXPECT_FALSE(window.CurrentSurface().ShiftMode());
+}
+
+TEST_F(Events, TheReadOutOfTheMouseIsShownWithItsSwitchAlone) {
+    frmMain &window = NewWindow();
+    AddNode(window, 300, 300).Links().Add(AddNode(window, 6000, 300));
+    ProcessEvents();
+    const auto moveTo = [&](float x, float y) {
+        QTest::mouseMove(window.CurrentView().viewport(), PixelOf(window, {x, y}));
+        return window.windowTitle();
+    };
+    EXPECT_FALSE(frmMain::DebugReadOut);
+    EXPECT_EQ(moveTo(450, 450), QStringLiteral("Untitled - Velmora"));
+    frmMain::DebugReadOut = true;
+    EXPECT_EQ(moveTo(600, 450), QStringLiteral("X=600, Y=450, OverNode=True, OverLink=False"));
+    EXPECT_EQ(moveTo(3000, 750), QStringLiteral("X=3000, Y=750, OverNode=False, OverLink=True"));
+    EXPECT_EQ(moveTo(3000, 6000), QStringLiteral("X=3000, Y=6000, OverNode=False, OverLink=False"));
+    frmMain::DebugReadOut = false;
+}
+
+TEST_F(Events, ALinkDroppedBesideTheNodesSaysWhyInTheProductsWords) {
+    frmMain &window = NewWindow();
+    const diagram::Node &node = AddNode(window, 300, 300);
+    Drag(window, node.Bounds().center(), {6000, 4500});
+    EXPECT_EQ(Status(window), QStringLiteral("A Link starts and ends at a Node."));
+    EXPECT_FALSE(window.clsSettings().Dirty);
 }
 
 TEST_F(Events, ErrorsOfTheSurfaceAreKeptOffTheScreen) {

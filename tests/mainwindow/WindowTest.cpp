@@ -7,10 +7,12 @@
 #include "document/LastPath.h"
 #include "document/MapSchema.h"
 #include "document/MemoryWindow.h"
+#include "mainwindow/cStatusBar.h"
 #include "support/cRegistry.h"
 #include "support/Files.h"
 
 #include <QApplication>
+#include <QMouseEvent>
 #include <QTest>
 
 namespace mainwindow::testing {
@@ -78,6 +80,45 @@ void WindowTest::Press(frmMain &window, const QString &keys) {
     QTest::keySequence(&window.CurrentView(), QKeySequence(keys));
     ProcessEvents();
 }
+
+QPoint WindowTest::PixelOf(frmMain &window, const QPointF &twips) {
+    return window.CurrentView().FromSurface(twips).toPoint();
+}
+
+void WindowTest::Click(frmMain &window, const QPointF &at, Qt::KeyboardModifiers modifiers) {
+    ProcessEvents();
+    QTest::mouseClick(window.CurrentView().viewport(), Qt::LeftButton, modifiers, PixelOf(window, at));
+    ProcessEvents();
+}
+
+void WindowTest::DoubleClick(frmMain &window, const QPointF &at) {
+    Click(window, at);
+    QTest::mouseDClick(window.CurrentView().viewport(), Qt::LeftButton, {}, PixelOf(window, at));
+    ProcessEvents();
+}
+
+void WindowTest::RightClick(frmMain &window, const QPointF &at) {
+    ProcessEvents();
+    QTest::mouseClick(window.CurrentView().viewport(), Qt::RightButton, {}, PixelOf(window, at));
+    ProcessEvents();
+}
+
+void WindowTest::Drag(frmMain &window, const QPointF &from, const QPointF &to,
+                      Qt::KeyboardModifiers modifiers) {
+    ProcessEvents();
+    QWidget *viewport = window.CurrentView().viewport();
+    const QPoint start = PixelOf(window, from), end = PixelOf(window, to);
+    QTest::mousePress(viewport, Qt::LeftButton, modifiers, start);
+    for (const QPoint &at : {start + (end - start) / 2, end}) {
+        QMouseEvent move(QEvent::MouseMove, at, viewport->mapToGlobal(at), Qt::NoButton, Qt::LeftButton,
+                         modifiers);
+        QApplication::sendEvent(viewport, &move);
+    }
+    QTest::mouseRelease(viewport, Qt::LeftButton, modifiers, end);
+    ProcessEvents();
+}
+
+QString WindowTest::Status(frmMain &window) { return window.findChild<cStatusBar *>()->Doing(); }
 
 void WindowTest::ProcessEvents() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

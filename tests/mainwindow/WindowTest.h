@@ -24,6 +24,15 @@ protected:
     QString SavedMap(const QString &name, int nodes, int slices = 1);
     // Presses keys on the window's current surface, as the user does.
     void Press(frmMain &window, const QString &keys);
+    // Pixels of the window's current view.
+    static QPoint PixelOf(frmMain &window, const QPointF &twips);
+    // With the mouse on the window's current surface, at places in twips.
+    void Click(frmMain &window, const QPointF &at, Qt::KeyboardModifiers modifiers = {});
+    void DoubleClick(frmMain &window, const QPointF &at);
+    void RightClick(frmMain &window, const QPointF &at);
+    void Drag(frmMain &window, const QPointF &from, const QPointF &to, Qt::KeyboardModifiers modifiers = {});
+    // What the status bar says.
+    static QString Status(frmMain &window);
     void ProcessEvents();
     // A number of the window's placement; `absent` where none is stored.
     int Stored(const QString &name, int absent = -7777);

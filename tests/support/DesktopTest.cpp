@@ -151,6 +151,8 @@ TEST(FormTable, ShowModal_CallsTheFormAndRaisesForAnUnknownOne) {
     int argument = 0;
     EXPECT_TRUE(forms.ShowModal("frmRB", &argument, nullptr));
     EXPECT_FALSE(forms.ShowModal("frmRB", nullptr, nullptr));
+    EXPECT_TRUE(forms.Knows("frmRB"));
+    EXPECT_FALSE(forms.Knows("frmNone"));
     EXPECT_THROW(forms.ShowModal("frmNone", nullptr, nullptr), Error);
 }
 

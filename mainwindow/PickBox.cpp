@@ -1,0 +1,62 @@
+#include "mainwindow/PickBox.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QWheelEvent>
+
+namespace mainwindow {
+
+PickBox::PickBox(const QString &name, const QString &tip, int characters, QWidget *parent)
+    : QComboBox(parent) {
+    setObjectName(name);
+    setToolTip(tip);
+    setAccessibleName(tip);
+    setEditable(true);
+    setInsertPolicy(QComboBox::NoInsert);
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(characters);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setMaxVisibleItems(20);
+    setFocusPolicy(Qt::StrongFocus);
+    lineEdit()->setAccessibleName(tip);
+    connect(this, &QComboBox::activated, this, &PickBox::Chosen);
+    connect(lineEdit(), &QLineEdit::returnPressed, this, &PickBox::Confirmed);
+}
+
+void PickBox::Chosen() {
+    Q_EMIT Click();
+    if (!stepping_) Q_EMIT Done();
+}
+
+void PickBox::Confirmed() {
+    if (!currentText().isEmpty()) Q_EMIT Click();
+    Q_EMIT Done();
+}
+
+void PickBox::GiveUpTyping() { setEditText(itemText(currentIndex())); }
+
+void PickBox::keyPressEvent(QKeyEvent *event) {
+    const QScopedValueRollback<bool> stepping(stepping_, true);
+    if (event->key() != Qt::Key_Escape) return QComboBox::keyPressEvent(event);
+    GiveUpTyping();
+    Q_EMIT Done();
+}
+
+// What was typed and not confirmed is no choice.
+void PickBox::focusOutEvent(QFocusEvent *event) {
+    if (event->reason() != Qt::PopupFocusReason) GiveUpTyping();
+    QComboBox::focusOutEvent(event);
+}
+
+// The wheel scrolls the page: a font must not change because the pointer happens to lie here.
+void PickBox::wheelEvent(QWheelEvent *event) {
+    const QScopedValueRollback<bool> stepping(stepping_, true);
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+} // namespace mainwindow

@@ -1,0 +1,34 @@
+// A box of the format toolbar: a list to choose from, and a field to type into.
+#pragma once
+
+#include <QComboBox>
+
+namespace mainwindow {
+
+class PickBox : public QComboBox {
+    Q_OBJECT
+public:
+    // `tip` is also what a screen reader says; `characters` is the width of the field.
+    PickBox(const QString &name, const QString &tip, int characters, QWidget *parent);
+
+Q_SIGNALS:
+    // The user has chosen an entry or confirmed what was typed: currentText(). Nothing that the program sets
+    // raises it.
+    void Click();
+    // The user is through with the box: chosen from the open list, confirmed or given up.
+    void Done();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    void Chosen();
+    void Confirmed();
+    void GiveUpTyping();
+
+    bool stepping_ = false; // from entry to entry, in the closed box: the user isn't through with it
+};
+
+} // namespace mainwindow

@@ -1,0 +1,15 @@
+#include "mainwindow/TimelineRoutines.h"
+
+#include "timeline/AdjustLinks.h"
+
+namespace mainwindow {
+
+TimelineRoutines DefaultTimelineRoutines(std::function<void()> notYet) {
+    const auto onSurface = [notYet](diagram::Surface &) { notYet(); };
+    return {.AdjustLinks = timeline::AdjustLinks,
+            .ArrangeTimeLineNodes = [notYet](diagram::Surface &, int) { notYet(); },
+            .DoUnHideTimelineNodes = onSurface,
+            .TimelineSetup = onSurface};
+}
+
+} // namespace mainwindow

@@ -1,0 +1,98 @@
+// Files that are dropped on the window.
+#include "mainwindow/frmMain.h"
+
+#include "app/settings/Settings.h"
+#include "diagram/hit/HitTest.h"
+#include "diagram/view/SurfaceClipboard.h"
+#include "diagram/view/SurfaceView.h"
+#include "mainwindow/ActionGroup.h"
+#include "mainwindow/DroppedFile.h"
+
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QUrl>
+
+namespace mainwindow {
+
+namespace {
+
+// The one file on this machine that is dragged; empty for anything else.
+QString DraggedFile(const QMimeData &data) {
+    const QList<QUrl> urls = data.urls();
+    return urls.size() == 1 && urls.first().isLocalFile() ? urls.first().toLocalFile() : QString();
+}
+
+// The node that takes what is dropped there; null for none.
+diagram::Node *NodeThatTakes(diagram::SurfaceView &view, const QPointF &twips) {
+    diagram::Node *node = diagram::NodeAtPoint(view.TheScene(), float(twips.x()), float(twips.y()));
+    return node && node->Selectable() ? node : nullptr;
+}
+
+void ShowNoPicture(support::Desktop &desktop, const QString &name) {
+    desktop.messageBoxes.Show(QStringLiteral("%1 holds no picture that can be shown.").arg(name),
+                              support::Buttons::Ok, support::Icon::Exclamation, settings::Terms().TITLE);
+}
+
+} // namespace
+
+void frmMain::dragEnterEvent(QDragEnterEvent *event) {
+    if (!InsideRoutine() && !DraggedFile(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent *event) {
+    const QString file = DraggedFile(*event->mimeData());
+    if (file.isEmpty() || InsideRoutine()) return;
+    event->acceptProposedAction();
+    // After the drag has ended, so that a question of ours doesn't hold up the program that the file came
+    // from.
+    QTimer::singleShot(0, this, [this, file, at = event->position().toPoint()] {
+        support::Report("frmMain", "OLEDragDrop", [&] { TakeFile(file, at); });
+    });
+}
+
+// On a node it is offered to that; a picture beside the nodes becomes one; anything else is opened.
+void frmMain::TakeFile(const QString &file, const QPoint &at) {
+    KeepTypedText();
+    diagram::SurfaceView &view = CurrentView();
+    const QPoint pixels = view.viewport()->mapFrom(this, at);
+    if (!view.viewport()->rect().contains(pixels)) return void(DoOpen(file, WantsNewWindow()));
+    const QPointF twips = view.ToSurface(pixels);
+    if (diagram::Node *node = NodeThatTakes(view, twips)) return OfferFile(*node, file, mapToGlobal(at));
+    const diagram::Picture picture = PictureIn(file);
+    if (!picture.IsNull())
+        diagram::AddPictureNode(CurrentSurface(), picture, twips);
+    else if (IsNamedLikeAPicture(file))
+        ShowNoPicture(desktop_, QFileInfo(file).fileName());
+    else
+        DoOpen(file, WantsNewWindow());
+}
+
+// The node is found again when the user has chosen: it can go while the menu is open.
+void frmMain::OfferFile(diagram::Node &node, const QString &file, const QPoint &global) {
+    const QString name = QFileInfo(file).fileName();
+    const diagram::Picture picture = PictureIn(file);
+    auto *menu = new DropMenu(name, !picture.IsNull(), this);
+    const auto onNode = [this, index = node.Owner().Index(), id = node.Id()](auto body) {
+        support::Report("frmMain", "DropMenu_Click", [&] {
+            if (!AddFlow1_.Exists(index)) return;
+            if (diagram::Node *target = AddFlow1_[index].FindNode(id)) body(*target);
+        });
+    };
+    connect(menu, &DropMenu::Attach, this, [this, onNode, file, name] {
+        onNode([&](diagram::Node &target) {
+            const bool added = AttachFile(*clsSettings_, target, file);
+            DoStatus((added ? tr("%1 is attached.") : tr("%1 was attached already.")).arg(name));
+        });
+    });
+    connect(menu, &DropMenu::UseAsPicture, this, [this, onNode, picture] {
+        onNode([&](diagram::Node &target) {
+            const ActionGroup step(target.Owner());
+            target.SetPicture(picture);
+            clsSettings_->Dirty = true;
+        });
+    });
+    menu->popup(global);
+}
+
+} // namespace mainwindow

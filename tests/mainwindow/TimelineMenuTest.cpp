@@ -1,0 +1,162 @@
+#include "mainwindow/TimelineMenu.h"
+#include "diagram/view/SurfaceView.h"
+#include "document/Tags.h"
+#include "tests/mainwindow/WindowTest.h"
+
+#include <QAction>
+#include <QTest>
+
+namespace mainwindow::testing {
+
+// A window whose timeline writes down what it is asked for.
+class Timeline : public WindowTest {
+protected:
+    frmMain &Open() {
+        frmMain &window = NewWindow();
+        window.Timeline().AdjustLinks = [this](diagram::Node &node, bool horizontal) {
+            calls << QStringLiteral("AdjustLinks %1 %2").arg(node.Text()).arg(horizontal);
+        };
+        window.Timeline().ArrangeTimeLineNodes = [this](diagram::Surface &, int align) {
+            calls << QStringLiteral("ArrangeTimeLineNodes %1").arg(align);
+        };
+        window.Timeline().DoUnHideTimelineNodes = [this](diagram::Surface &) {
+            calls << QStringLiteral("DoUnHideTimelineNodes");
+        };
+        window.Timeline().TimelineSetup = [this](diagram::Surface &) {
+            calls << QStringLiteral("TimelineSetup");
+        };
+        return window;
+    }
+    static diagram::Node &AddMonth(frmMain &window, float left, const QString &text) {
+        diagram::Node &month = AddNode(window, left, 300, text);
+        month.SetMarked(true);
+        month.SetSelectable(false);
+        return month;
+    }
+    static TimelineMenu &Popup(frmMain &window) { return *window.findChild<TimelineMenu *>(); }
+    static QAction &Entry(frmMain &window, const char *key) {
+        return *Popup(window).Item(QLatin1String(key));
+    }
+    QStringList calls;
+};
+
+TEST_F(Timeline, ARightClickOnAMonthOpensThePopupAtThePointer) {
+    frmMain &window = Open();
+    diagram::Node &month = AddMonth(window, 300, QStringLiteral("May 2024"));
+    AddMonth(window, 3000, QStringLiteral("June 2024"));
+    RightClick(window, {400, 400});
+    EXPECT_TRUE(Popup(window).isVisible());
+    EXPECT_EQ(Popup(window).pos(), window.CurrentView().viewport()->mapToGlobal(PixelOf(window, {400, 400})));
+    EXPECT_EQ(window.oTemplateNode(), &month);
+    EXPECT_TRUE(Entry(window, "mnuTemplateNodeHide").isEnabled());
+    EXPECT_TRUE(desktop.dialogHost.shown.isEmpty());
+}
+
+TEST_F(Timeline, ThePopupHasItsEntriesInOrder) {
+    QStringList captions;
+    for (const QAction *entry : Popup(NewWindow()).actions()) captions << entry->text();
+    EXPECT_EQ(captions, QStringList({"Timeline Settings...", "", "Hide", "UnHide"}));
+}
+
+TEST_F(Timeline, WithOneVisibleMonthHideIsDisabled) {
+    frmMain &window = Open();
+    AddMonth(window, 300, QStringLiteral("May 2024"));
+    AddMonth(window, 3000, QStringLiteral("June 2024")).SetHidden(true);
+    AddNode(window, 6000, 300, QStringLiteral("no month"));
+    RightClick(window, {400, 400});
+    EXPECT_TRUE(Popup(window).isVisible());
+    EXPECT_FALSE(Entry(window, "mnuTemplateNodeHide").isEnabled());
+    EXPECT_TRUE(Entry(window, "mnuTemplateNodeUnHide").isEnabled());
+}
+
+TEST_F(Timeline, AHiddenMonthGetsNoPopup) {
+    frmMain &window = Open();
+    diagram::Node &month = AddMonth(window, 300, QStringLiteral("May 2024"));
+    month.SetHidden(true);
+    RightClick(window, {400, 400});
+    window.ShowNodeProperties(month, 0, 0);
+    EXPECT_FALSE(Popup(window).isVisible());
+    EXPECT_TRUE(desktop.dialogHost.shown.isEmpty());
+    EXPECT_EQ(window.oTemplateNode(), nullptr);
+}
+
+TEST_F(Timeline, HideHidesTheMonthOfThePopupAndArranges) {
+    frmMain &window = Open();
+    diagram::Node &month = AddMonth(window, 300, QStringLiteral("May 2024"));
+    diagram::Node &other = AddMonth(window, 3000, QStringLiteral("June 2024"));
+    RightClick(window, {400, 400});
+    QTest::keyClick(&Popup(window), Qt::Key_Down);
+    QTest::keyClick(&Popup(window), Qt::Key_Down);
+    QTest::keyClick(&Popup(window), Qt::Key_Return);
+    EXPECT_TRUE(month.Hidden());
+    EXPECT_FALSE(month.Selected());
+    EXPECT_FALSE(other.Hidden());
+    EXPECT_EQ(window.oTemplateNode(), nullptr);
+    EXPECT_EQ(calls, QStringList(QStringLiteral("ArrangeTimeLineNodes -1")));
+    EXPECT_EQ(window.MousePointer(), document::pointer::kNormal);
+}
+
+TEST_F(Timeline, TheOtherEntriesGoToTheirRoutines) {
+    frmMain &window = Open();
+    Entry(window, "mnuTemplateNodeUnHide").trigger();
+    Entry(window, "mnuTemplateNodeOpen").trigger();
+    EXPECT_EQ(calls, QStringList({QStringLiteral("DoUnHideTimelineNodes"), QStringLiteral("TimelineSetup")}));
+}
+
+TEST_F(Timeline, AnUnknownEntryIsTold) {
+    frmMain &window = Open();
+    desktop.ExpectMessage(QStringLiteral("Unknown Key mnuNothing"));
+    window.SMXP_Click(QStringLiteral("mnuNothing"));
+    EXPECT_EQ(window.MousePointer(), document::pointer::kNormal);
+}
+
+TEST_F(Timeline, WhatIsMissingIsToldInTheStatusBar) {
+    frmMain &window = NewWindow();
+    for (const char *key : {"mnuTemplateNodeOpen", "mnuTemplateNodeUnHide", "mnuTemplateNodeHide"}) {
+        window.DoStatus(QString());
+        window.SMXP_Click(QLatin1String(key));
+        EXPECT_EQ(Status(window), QStringLiteral("The timeline is not there yet.")) << key;
+    }
+}
+
+TEST_F(Timeline, MovingAdjustsTheLinksOfEverySelectedNodeByTheArrangementOfTheSlice) {
+    frmMain &window = Open();
+    AddNode(window, 300, 300, QStringLiteral("a")).SetSelected(true);
+    AddNode(window, 3000, 300, QStringLiteral("b")).SetSelected(true);
+    AddNode(window, 6000, 300, QStringLiteral("c"));
+    const std::pair<const char *, int> arrangements[] = {{"", 0},  {"0", 0}, {"1", 0}, {"2", 1},
+                                                         {"3", 1}, {"4", 1}, {"5", 0}};
+    for (const auto &[align, horizontal] : arrangements) {
+        calls.clear();
+        window.CurrentSurface().SetTag(QString());
+        if (*align)
+            document::SetTag(window.CurrentSurface(), document::tags::kTimelineAlign, QLatin1String(align));
+        Press(window, QStringLiteral("Right"));
+        EXPECT_EQ(calls, QStringList({QStringLiteral("AdjustLinks a %1").arg(horizontal),
+                                      QStringLiteral("AdjustLinks b %1").arg(horizontal)}))
+            << align;
+    }
+}
+
+TEST_F(Timeline, ADraggedNodeTakesTheEndOfItsTimelineLinkAlongInOneStep) {
+    frmMain &window = NewWindow();
+    document::SetTag(window.CurrentSurface(), document::tags::kTimelineAlign, QStringLiteral("4"));
+    diagram::Node &day = window.CurrentSurface().Nodes().Add(9000, 7500, 150, 600);
+    day.SetMarked(true);
+    day.SetSelectable(false);
+    day.SetHidden(true);
+    diagram::Node &node = AddNode(window, 300, 300);
+    diagram::Link &link = node.Links().Add(day);
+    link.SetSelectable(false);
+    link.SetMarked(true);
+    const std::vector<diagram::Point> before = link.Way();
+    Drag(window, {400, 400}, {1900, 1900});
+    ASSERT_FLOAT_EQ(node.Left(), 1800);
+    EXPECT_EQ(link.Way().back(), (diagram::Point{9075, 7500}));
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_FLOAT_EQ(node.Left(), 300);
+    EXPECT_EQ(link.Way(), before);
+    EXPECT_FALSE(window.CurrentSurface().CanUndo());
+}
+
+} // namespace mainwindow::testing

@@ -1,0 +1,34 @@
+#include "timeline/AdjustLinks.h"
+
+#include "diagram/model/Surface.h"
+#include "timeline/TimelineNodes.h"
+
+namespace timeline {
+
+void AdjustLinks(diagram::Node &Node, bool Horizontal) {
+    for (diagram::Link *link : Node.Links()) {
+        if (NodeIsTimeline(link->Source()))
+            DoAdjustLink(*link, Horizontal, 0);
+        else if (NodeIsTimeline(link->Destination()))
+            DoAdjustLink(*link, Horizontal, link->Points().Count() - 1);
+    }
+}
+
+void DoAdjustLink(diagram::Link &Link, bool Horizontal, int Index) {
+    const diagram::Node &day = Link.Destination(), &origin = Link.Source();
+    Link.SetMovePointsMode(true);
+    diagram::Point point = Link.Points().Item(Index);
+    if (Horizontal) {
+        point.x = day.Left() + day.Width() / 2;
+        point.y = NodeIsAboveNode(day, origin) ? day.Top() : day.Top() + day.Height();
+    } else {
+        point.y = day.Top() + day.Height() / 2;
+        point.x = NodeIsLeftNode(day, origin) ? day.Left() + day.Width() : day.Left();
+    }
+    Link.Points().SetItem(Index, point);
+}
+
+bool NodeIsLeftNode(const diagram::Node &A, const diagram::Node &B) { return A.Left() < B.Left(); }
+bool NodeIsAboveNode(const diagram::Node &A, const diagram::Node &B) { return B.Top() < A.Top(); }
+
+} // namespace timeline

@@ -1,0 +1,25 @@
+// The ends of timeline links on their days.
+#pragma once
+
+namespace diagram {
+class Link;
+class Node;
+} // namespace diagram
+
+namespace timeline {
+
+// Puts the end of each of the node's links that joins a day onto the edge of that day: where the link's
+// source is a day its first point, else where its destination is one its last. Other links stay.
+// `Horizontal`: the strip of months runs from left to right.
+void AdjustLinks(diagram::Node &Node, bool Horizontal);
+
+// Moves the point of that position (from 0) to the middle of the edge of the link's destination that faces
+// its source, and keeps the link's points from being routed from then on. The edge is always the
+// destination's, also where the day is the source.
+void DoAdjustLink(diagram::Link &Link, bool Horizontal, int Index);
+
+bool NodeIsLeftNode(const diagram::Node &A, const diagram::Node &B); // A stands left of B
+bool NodeIsAboveNode(const diagram::Node &A,
+                     const diagram::Node &B); // B stands above A, whatever the name says
+
+} // namespace timeline
