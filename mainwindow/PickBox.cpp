@@ -1,9 +1,11 @@
 #include "mainwindow/PickBox.h"
 
+#include <QAbstractItemView>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QStyle>
 #include <QWheelEvent>
 
 namespace mainwindow {
@@ -23,6 +25,12 @@ PickBox::PickBox(const QString &name, const QString &tip, int characters, QWidge
     lineEdit()->setAccessibleName(tip);
     connect(this, &QComboBox::activated, this, &PickBox::Chosen);
     connect(lineEdit(), &QLineEdit::returnPressed, this, &PickBox::Confirmed);
+}
+
+void PickBox::showPopup() {
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    view()->setMinimumWidth(view()->sizeHintForColumn(0) + 2 * bar);
+    QComboBox::showPopup();
 }
 
 void PickBox::Chosen() {

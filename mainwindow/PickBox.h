@@ -11,6 +11,9 @@ public:
     // `tip` is also what a screen reader says; `characters` is the width of the field.
     PickBox(const QString &name, const QString &tip, int characters, QWidget *parent);
 
+    // As wide as the longest entry.
+    void showPopup() override;
+
 Q_SIGNALS:
     // The user has chosen an entry or confirmed what was typed: currentText(). Nothing that the program sets
     // raises it.

@@ -176,6 +176,10 @@ private:
     frmMain *Follow(const document::cHyperlink &hyperlink);
     void FollowAll(const QString &node);
     void TellNotYet(const QString &what);
+    // Says something in the status bar until the user goes on; DropHint takes it away unless something else
+    // stands there by now.
+    void TellInPassing(const QString &text);
+    void DropHint();
     // A file was dropped at `at`, in pixels of the window.
     void TakeFile(const QString &file, const QPoint &at);
     void OfferFile(diagram::Node &node, const QString &file, const QPoint &global);
@@ -198,6 +202,7 @@ private:
     // By slot and identity: what the popup was opened for can go while it is open.
     std::pair<int, diagram::ItemId> oTemplateNode_{-1, diagram::kNoItem};
     TimelineRoutines timeline_;
+    QString hint_;
     frmPics *frmPics_ = nullptr;
     QTimer tmrResize_;
     QTimer update_;

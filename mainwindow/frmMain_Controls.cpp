@@ -21,7 +21,7 @@ namespace mainwindow {
 
 namespace {
 constexpr int kResizeSettles = 250;                      // milliseconds
-constexpr int kFontCharacters = 16, kSizeCharacters = 4; // of the fields of the font boxes
+constexpr int kFontCharacters = 15, kSizeCharacters = 3; // of the fields of the font boxes
 } // namespace
 
 void frmMain::BuildControls() {

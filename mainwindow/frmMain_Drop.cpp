@@ -54,6 +54,7 @@ void frmMain::dropEvent(QDropEvent *event) {
 // On a node it is offered to that; a picture beside the nodes becomes one; anything else is opened.
 void frmMain::TakeFile(const QString &file, const QPoint &at) {
     KeepTypedText();
+    activateWindow(); // the keys go on here
     diagram::SurfaceView &view = CurrentView();
     const QPoint pixels = view.viewport()->mapFrom(this, at);
     if (!view.viewport()->rect().contains(pixels)) return void(DoOpen(file, WantsNewWindow()));
@@ -82,7 +83,7 @@ void frmMain::OfferFile(diagram::Node &node, const QString &file, const QPoint &
     connect(menu, &DropMenu::Attach, this, [this, onNode, file, name] {
         onNode([&](diagram::Node &target) {
             const bool added = AttachFile(*clsSettings_, target, file);
-            DoStatus((added ? tr("%1 is attached.") : tr("%1 was attached already.")).arg(name));
+            TellInPassing((added ? tr("%1 is attached.") : tr("%1 was attached already.")).arg(name));
         });
     });
     connect(menu, &DropMenu::UseAsPicture, this, [this, onNode, picture] {

@@ -117,6 +117,7 @@ void frmMain::AddFlow1_Error(int, bool &cancelDisplay) { cancelDisplay = true; }
 // Deleting leaves Dirty as it is, like cut, paste and undo.
 void frmMain::AddFlow1_KeyDown(int index, int &keyCode, int shift) {
     diagram::Surface &surface = AddFlow1_[index];
+    DropHint();
     if (keyCode == kShiftKey && shift == diagram::keys::kShift) surface.SetShiftMode(true);
     if (AsksForProperties(keyCode, shift)) {
         keyCode = 0;

@@ -19,6 +19,16 @@ void frmMain::DoStatus(const QString &text) {
     if (isVisible()) staMain_->repaint();
 }
 
+void frmMain::TellInPassing(const QString &text) {
+    hint_ = text;
+    DoStatus(text);
+}
+
+void frmMain::DropHint() {
+    if (!hint_.isEmpty() && staMain_->Doing() == hint_) DoStatus(QString());
+    hint_.clear();
+}
+
 void frmMain::SetProgress(int percent) { prg1_->setValue(qBound(0, percent, 100)); }
 
 void frmMain::SetMousePointer(int pointer) {

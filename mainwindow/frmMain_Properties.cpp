@@ -51,6 +51,7 @@ QPointF OnSurface(const diagram::Surface &surface, float x, float y) {
 } // namespace
 
 void frmMain::AddFlow1_MouseDown(int index, int button, int, float x, float y) {
+    DropHint();
     if (button != diagram::mouse::kRight) return;
     diagram::SurfaceView &view = ViewOf(index);
     const QPointF at = OnSurface(AddFlow1_[index], x, y);
@@ -134,7 +135,7 @@ void frmMain::ShowForm(const char *form, void *argument, const QString &what) {
 }
 
 void frmMain::TellNotYet(const QString &what) {
-    DoStatus(settings::ReplaceTerms(tr("%1 is not there yet.").arg(what)));
+    TellInPassing(settings::ReplaceTerms(tr("%1 is not there yet.").arg(what)));
 }
 
 void frmMain::ShowTimelineMenu(diagram::Node &oNode, float x, float y) {

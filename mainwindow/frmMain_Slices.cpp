@@ -29,7 +29,7 @@ void frmMain::SurfaceLoaded(diagram::Surface &surface) {
     view->setFrameShape(QFrame::NoFrame);
     connect(view.get(), &diagram::SurfaceView::ViewChanged, this, &frmMain::ScheduleUpdate);
     connect(view.get(), &diagram::SurfaceView::HintShown, this,
-            [this](diagram::Hint hint) { DoStatus(HintText(hint)); });
+            [this](diagram::Hint hint) { TellInPassing(HintText(hint)); });
     view->SetDescriber([this](const diagram::Item &item) { return ItemDescription(item, clsSettings()); });
     view->lower(); // what is on top stays so until its tab is selected
     views_[surface.Index()] = std::move(view);

@@ -157,7 +157,18 @@ TEST_F(Events, ALinkDroppedBesideTheNodesSaysWhyInTheProductsWords) {
     const diagram::Node &node = AddNode(window, 300, 300);
     Drag(window, node.Bounds().center(), {6000, 4500});
     EXPECT_EQ(Status(window), QStringLiteral("A Link starts and ends at a Node."));
+    Click(window, {4500, 6000});
+    EXPECT_EQ(Status(window), QString());
     EXPECT_FALSE(window.clsSettings().Dirty);
+}
+
+TEST_F(Events, AHintLeavesWhatARoutineSaidInTheMeantime) {
+    frmMain &window = NewWindow();
+    const diagram::Node &node = AddNode(window, 300, 300);
+    Drag(window, node.Bounds().center(), {6000, 4500});
+    window.DoStatus(QStringLiteral("Loading"));
+    Press(window, QStringLiteral("Tab"));
+    EXPECT_EQ(Status(window), QStringLiteral("Loading"));
 }
 
 TEST_F(Events, ErrorsOfTheSurfaceAreKeptOffTheScreen) {
