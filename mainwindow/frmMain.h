@@ -9,6 +9,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <QMainWindow>
 #include <QTimer>
 #include <vector>
@@ -133,6 +134,8 @@ protected:
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -180,6 +183,8 @@ private:
     // stands there by now.
     void TellInPassing(const QString &text);
     void DropHint();
+    // The twips of the current surface at `at`, in pixels of the window; nothing beside the surface.
+    std::optional<QPointF> SurfacePlace(const QPoint &at);
     // A file was dropped at `at`, in pixels of the window.
     void TakeFile(const QString &file, const QPoint &at);
     void OfferFile(diagram::Node &node, const QString &file, const QPoint &global);

@@ -40,7 +40,21 @@ void frmMain::dragEnterEvent(QDragEnterEvent *event) {
     if (!InsideRoutine() && !DraggedFile(*event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
+// Says what letting it fall would do there.
+void frmMain::dragMoveEvent(QDragMoveEvent *event) {
+    if (InsideRoutine() || DraggedFile(*event->mimeData()).isEmpty()) return;
+    event->acceptProposedAction();
+    const std::optional<QPointF> twips = SurfacePlace(event->position().toPoint());
+    const bool onNode = twips && NodeThatTakes(CurrentView(), *twips);
+    TellInPassing(
+        settings::ReplaceTerms(onNode ? tr("Drop the file to attach it to this @NODE or to show it there")
+                                      : tr("Drop a @MAP to open it, a picture to add it as a @NODE")));
+}
+
+void frmMain::dragLeaveEvent(QDragLeaveEvent *) { DropHint(); }
+
 void frmMain::dropEvent(QDropEvent *event) {
+    DropHint();
     const QString file = DraggedFile(*event->mimeData());
     if (file.isEmpty() || InsideRoutine()) return;
     event->acceptProposedAction();
@@ -51,18 +65,24 @@ void frmMain::dropEvent(QDropEvent *event) {
     });
 }
 
+std::optional<QPointF> frmMain::SurfacePlace(const QPoint &at) {
+    const diagram::SurfaceView &view = CurrentView();
+    const QPoint pixels = view.viewport()->mapFrom(this, at);
+    if (!view.viewport()->rect().contains(pixels)) return std::nullopt;
+    return view.ToSurface(pixels);
+}
+
 // On a node it is offered to that; a picture beside the nodes becomes one; anything else is opened.
 void frmMain::TakeFile(const QString &file, const QPoint &at) {
     KeepTypedText();
     activateWindow(); // the keys go on here
-    diagram::SurfaceView &view = CurrentView();
-    const QPoint pixels = view.viewport()->mapFrom(this, at);
-    if (!view.viewport()->rect().contains(pixels)) return void(DoOpen(file, WantsNewWindow()));
-    const QPointF twips = view.ToSurface(pixels);
-    if (diagram::Node *node = NodeThatTakes(view, twips)) return OfferFile(*node, file, mapToGlobal(at));
+    const std::optional<QPointF> twips = SurfacePlace(at);
+    if (!twips) return void(DoOpen(file, WantsNewWindow()));
+    if (diagram::Node *node = NodeThatTakes(CurrentView(), *twips))
+        return OfferFile(*node, file, mapToGlobal(at));
     const diagram::Picture picture = PictureIn(file);
     if (!picture.IsNull())
-        diagram::AddPictureNode(CurrentSurface(), picture, twips);
+        diagram::AddPictureNode(CurrentSurface(), picture, *twips);
     else if (IsNamedLikeAPicture(file))
         ShowNoPicture(desktop_, QFileInfo(file).fileName());
     else

@@ -38,6 +38,10 @@ protected:
         QDragEnterEvent enter(at, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&window, &enter);
         EXPECT_TRUE(enter.isAccepted());
+        QDragMoveEvent move(at, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &move);
+        EXPECT_TRUE(move.isAccepted());
+        said = Status(window);
         QDropEvent drop(at, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&window, &drop);
         EXPECT_TRUE(drop.isAccepted());
@@ -50,6 +54,7 @@ protected:
         QTest::keyClick(&menu, Qt::Key_Return);
         ProcessEvents();
     }
+    QString said; // by the status bar before the file fell
     static constexpr int kAttach = 0, kPicture = 1, kCancel = 3;
 };
 
@@ -57,6 +62,8 @@ TEST_F(Drop, AFileOnANodeIsOfferedThere) {
     frmMain &window = NewWindow();
     AddNode(window, 300, 300);
     DropAt(window, SavedPicture(QStringLiteral("R&D.png")), {900, 500});
+    EXPECT_EQ(said, QStringLiteral("Drop the file to attach it to this Node or to show it there"));
+    EXPECT_EQ(Status(window), QString());
     ASSERT_NE(Menu(window), nullptr);
     EXPECT_TRUE(Menu(window)->isVisible());
     EXPECT_EQ(Menu(window)->pos(), window.CurrentView().viewport()->mapToGlobal(PixelOf(window, {900, 500})));
@@ -145,6 +152,7 @@ TEST_F(Drop, AMapBesideTheNodesOpens) {
     AddNode(window, 300, 300);
     const QString map = SavedMap(QStringLiteral("plan.map"), 3);
     DropAt(window, map, {6000, 4500});
+    EXPECT_EQ(said, QStringLiteral("Drop a Map to open it, a picture to add it as a Node"));
     EXPECT_EQ(window.clsSettings().Database(), map);
     EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 3);
 }
@@ -177,6 +185,20 @@ TEST_F(Drop, WhatIsNoMapIsTold) {
         DropAt(window, file, {6000, 4500});
         ASSERT_EQ(window.CurrentSurface().Nodes().Count(), 1);
     }
+}
+
+TEST_F(Drop, WhatIsDraggedAwayAgainLeavesNoHint) {
+    frmMain &window = NewWindow();
+    QMimeData dragged;
+    dragged.setUrls({QUrl::fromLocalFile(SavedPicture(QStringLiteral("red.png")))});
+    QDragEnterEvent enter({200, 200}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &enter);
+    QDragMoveEvent move({200, 200}, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &move);
+    EXPECT_FALSE(Status(window).isEmpty());
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&window, &leave);
+    EXPECT_EQ(Status(window), QString());
 }
 
 TEST_F(Drop, ATextThatIsBeingTypedIsKept) {

@@ -71,6 +71,17 @@ TEST_F(Events, HiddenNodesDoNotStaySelected) {
     EXPECT_FALSE(hidden.Selected());
 }
 
+TEST_F(Events, AClickThatAddsToTheSelectionTakesHiddenNodesOut) {
+    frmMain &window = NewWindow();
+    diagram::Node &seen = AddNode(window, 300, 300);
+    diagram::Node &hidden = AddNode(window, 3000, 300);
+    hidden.SetSelected(true);
+    hidden.SetHidden(true);
+    Click(window, {400, 400}, Qt::ControlModifier);
+    EXPECT_TRUE(seen.Selected());
+    EXPECT_FALSE(hidden.Selected());
+}
+
 TEST_F(Events, HiddenLinksDoNotStaySelectedWhenNoNodeIs) {
     frmMain &window = NewWindow();
     diagram::Link &link = AddNode(window, 0, 0).Links().Add(AddNode(window, 3000, 0));
