@@ -11,6 +11,11 @@ struct HintRow {
 };
 constexpr HintRow kRows[] = {
     {diagram::Hint::LinkNeedsNode, "A @LINK starts and ends at a @NODE."},
+    {diagram::Hint::DragDrawsLink, "Drag to another @NODE to link it."},
+    {diagram::Hint::DragResizes, "Drag to resize. Shift keeps the proportions, Alt turns snapping off."},
+    {diagram::Hint::DragMovesBend, "Drag to move the bend. A double click takes it away."},
+    {diagram::Hint::DragMakesBend, "Drag to bend the @LINK."},
+    {diagram::Hint::DragMovesEnd, "Drag to another @NODE to join that."},
 };
 } // namespace
 

@@ -1,18 +1,22 @@
 #include "diagram/hit/HitTest.h"
 
 #include "diagram/geometry/Polyline.h"
+#include "diagram/hit/Grips.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/Measures.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 
 namespace diagram {
 
 namespace {
+
+constexpr double kGripReach = 3.6; // sides of a handle: from a node's box to the farthest that grasps it
 
 double DistanceToPiece(const QPointF &point, const QPointF &from, const QPointF &to) {
     const QPointF way = to - from, apart = point - from;
@@ -42,14 +46,11 @@ private:
 };
 
 int HandleAt(const Node &node, const QPointF &point, double size) {
-    const QRectF box = node.Bounds();
-    const double x[] = {box.left(), box.center().x(), box.right()},
-                 y[] = {box.top(), box.center().y(), box.bottom()};
-    static constexpr int kPlaces[8][2] = {{0, 0}, {1, 0}, {2, 0}, {2, 1}, {2, 2}, {1, 2}, {0, 2}, {0, 1}};
+    const std::array<QPointF, 8> places = HandlePlaces(node.Bounds(), size);
     Grasp grasp(point, size);
     // Corners first: on a small node they count before the sides.
     for (int start = 0; start < 2; ++start) {
-        for (int i = start; i < 8; i += 2) grasp.Offer({x[kPlaces[i][0]], y[kPlaces[i][1]]}, i);
+        for (int i = start; i < 8; i += 2) grasp.Offer(places[size_t(i)], i);
     }
     return grasp.Index();
 }
@@ -118,18 +119,27 @@ std::optional<Hit> HandleHit(Item &item, const QPointF &point, double size) {
     return std::nullopt;
 }
 
-bool IsLinkStart(const Node &node, const QPointF &point, const HitOptions &options) {
-    const QRectF box = node.Bounds();
-    const bool hasRoom = std::min(box.width(), box.height()) > 3 * options.handleSize;
-    return options.handles && node.Selectable() && hasRoom &&
-           Distance(box.center(), point) <= options.handleSize / 2;
+int LinkStartAt(const Node &node, const QPointF &point, double size) {
+    if (!node.Selectable() || !HasLinkStarts(node.Bounds(), size)) return -1;
+    Grasp grasp(point, 2 * LinkStartReach(size));
+    const std::array<QPointF, 4> places = LinkStartPlaces(node.Bounds(), size);
+    for (int i = 0; i < 4; ++i) grasp.Offer(places[size_t(i)], i);
+    return grasp.Index();
+}
+
+std::optional<Hit> LinkStartHit(const std::vector<Item *> &items, const QPointF &point, double size) {
+    for (Item *item : items) {
+        Node *node = item->AsNode();
+        if (const int index = node ? LinkStartAt(*node, point, size) : -1; index >= 0)
+            return Hit{HitKind::LinkStart, node, nullptr, index};
+    }
+    return std::nullopt;
 }
 
 std::optional<Hit> BodyHit(Scene &scene, Item &item, const QPointF &point, const HitOptions &options) {
     if (Node *node = item.AsNode()) {
         if (!HoldsPoint(scene, *node, point, options.tolerance)) return std::nullopt;
-        return Hit{IsLinkStart(*node, point, options) ? HitKind::LinkStart : HitKind::Node, node, nullptr,
-                   -1};
+        return Hit{HitKind::Node, node, nullptr, -1};
     }
     Link &link = *item.AsLink();
     if (link.Selectable() && scene.LabelBounds(link).contains(point))
@@ -139,20 +149,32 @@ std::optional<Hit> BodyHit(Scene &scene, Item &item, const QPointF &point, const
     return Hit{HitKind::Link, nullptr, &link, segment};
 }
 
+// Whether it lies above the places where links start.
+bool Covers(const Hit &body) {
+    return body.kind == HitKind::LinkLabel || (body.node && body.node->Selectable());
+}
+
+Hit TopmostBody(Scene &scene, const std::vector<Item *> &items, const QPointF &point,
+                const HitOptions &options) {
+    for (Item *item : items) {
+        if (const auto hit = BodyHit(scene, *item, point, options)) return *hit;
+    }
+    return {};
+}
+
 } // namespace
 
 Hit HitTest(Scene &scene, const QPointF &point, const HitOptions &options) {
-    const double reach = std::max(options.tolerance, options.handles ? options.handleSize : 0);
+    const double reach = std::max(options.tolerance, options.handles ? kGripReach * options.handleSize : 0);
     const std::vector<Item *> items = ItemsAround(scene, point, reach);
     if (options.handles) {
         for (Item *item : items) {
             if (const auto hit = HandleHit(*item, point, options.handleSize)) return *hit;
         }
     }
-    for (Item *item : items) {
-        if (const auto hit = BodyHit(scene, *item, point, options)) return *hit;
-    }
-    return {};
+    const Hit body = TopmostBody(scene, items, point, options);
+    if (!options.handles || !options.linkStarts || Covers(body)) return body;
+    return LinkStartHit(items, point, options.handleSize).value_or(body);
 }
 
 Node *NodeAtPoint(Scene &scene, float x, float y) {

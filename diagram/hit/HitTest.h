@@ -12,7 +12,8 @@ class Link;
 enum class HitKind : unsigned char {
     Nothing,
     Node,      // inside the outline
-    LinkStart, // the middle of a selectable node that has room for it, from where a link is dragged
+    LinkStart, // beside a selectable node, from where a link is dragged; `index` is the side, 0 above,
+               // clockwise
     Handle,    // one of the eight resize handles of a selected node; `index` 0 left top, clockwise
     Link,      // a segment of a link; `index` is the segment
     LinkLabel,
@@ -31,10 +32,12 @@ struct Hit {
 struct HitOptions {
     double tolerance = 60;   // twips around lines
     double handleSize = 105; // side of a handle in twips; divide by the zoom
-    bool handles = true;     // look at handles, bends and link starts at all
+    bool handles = true;     // look at handles and bends at all
+    bool linkStarts = true;  // and at the places where links start; not without handles
 };
 
-// The topmost thing under `point` (twips). Hidden items are never hit; items that aren't selectable are hit
+// The topmost thing under `point` (twips); the place where a link starts lies above links and below nodes.
+// Hidden items are never hit; items that aren't selectable are hit
 // as Node and Link only, never by their handles.
 Hit HitTest(Scene &scene, const QPointF &point, const HitOptions &options = {});
 

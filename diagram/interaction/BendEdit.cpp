@@ -4,6 +4,7 @@
 #include "diagram/shapes/Router.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace diagram {
 
@@ -52,6 +53,18 @@ std::vector<Point> SegmentDragged(const std::vector<Point> &way, int segment, co
         result.insert(result.begin() + segment + 1, ToPoint(to));
     }
     return result;
+}
+
+bool IsInLine(const std::vector<Point> &way, int index, double reach) {
+    if (index <= 0 || index + 1 >= std::ssize(way)) return false;
+    const QPointF from = ToQPointF(way[size_t(index) - 1]);
+    const QPointF along = ToQPointF(way[size_t(index) + 1]) - from;
+    const QPointF apart = ToQPointF(way[size_t(index)]) - from;
+    const double length = std::hypot(along.x(), along.y());
+    if (length <= 0) return false;
+    const double share = QPointF::dotProduct(apart, along) / (length * length);
+    const double off = std::abs(apart.x() * along.y() - apart.y() * along.x()) / length;
+    return share > 0 && share < 1 && off <= reach;
 }
 
 bool HasFreeBends(int style) {

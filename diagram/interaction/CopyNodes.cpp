@@ -1,6 +1,7 @@
 #include "diagram/interaction/CopyNodes.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/interaction/MoveNodes.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/scene/Scene.h"
 
@@ -18,7 +19,9 @@ std::vector<Node *> NodesToCopy(Node &pressed) {
 
 CopyNodes::CopyNodes(Scene &scene, const Stage &stage, Node &pressed, const PointerInput &press)
     : scene_(scene),
+      stage_(stage),
       press_(press),
+      pressed_(pressed.Id()),
       held_(NodesToCopy(pressed)),
       snapping_(scene, stage, nullptr),
       extent_(held_.Extent()),
@@ -35,6 +38,11 @@ QPointF CopyNodes::Distance(const PointerInput &input) {
 }
 
 std::unique_ptr<Gesture> CopyNodes::Move(const PointerInput &input) {
+    Node *pressed = input.Ctrl() ? nullptr : scene_.Model().FindNode(pressed_);
+    if (pressed) {
+        if (!pressed->Selected()) SelectOnly(*pressed);
+        return std::make_unique<MoveNodes>(scene_, stage_, *pressed, press_);
+    }
     distance_ = Distance(input);
     return nullptr;
 }

@@ -10,7 +10,7 @@ namespace diagram {
 // Until the release only outlines go with the pointer. The copies have no keys, come with the links between
 // the copied nodes, and become the selection. They keep level, groups and look of what they are copies of:
 // AfterAddNode, which gives a new node those of the filter, isn't raised. A node that isn't selected is
-// copied alone.
+// copied alone. Without Ctrl it becomes a move.
 class CopyNodes : public Gesture {
 public:
     CopyNodes(Scene &scene, const Stage &stage, Node &pressed, const PointerInput &press);
@@ -26,7 +26,9 @@ private:
     void SelectHeld() const;
 
     Scene &scene_;
+    const Stage &stage_;
     PointerInput press_;
+    ItemId pressed_;
     HeldItems held_;
     Snapping snapping_;
     QPainterPath outlines_; // where the nodes stand, twips

@@ -4,19 +4,31 @@
 #include "diagram/interaction/Selecting.h"
 #include "diagram/scene/Scene.h"
 
+#include <cmath>
+
 namespace diagram {
 
-DrawLink::DrawLink(Scene &scene, Stage &stage, Node &source)
-    : scene_(scene), stage_(stage), source_(source.Id()), at_(source.Bounds().center()) {}
+namespace {
+
+constexpr double kSomeWay = 24; // pixels
+
+bool IsSomeWayOff(const PointerInput &press, const PointerInput &now) {
+    const QPointF way = now.at - press.at;
+    return std::hypot(way.x() / now.pixel.width(), way.y() / now.pixel.height()) >= kSomeWay;
+}
+
+} // namespace
+
+DrawLink::DrawLink(Scene &scene, Stage &stage, Node &source, const PointerInput &press)
+    : scene_(scene), stage_(stage), source_(source.Id()), press_(press), at_(press.at) {}
 
 Node *DrawLink::Target(const PointerInput &input) const {
     Node *target = LinkTargetAt(scene_, input.at);
-    return target && target->Id() == source_ && !leftSource_ ? nullptr : target;
+    return target && target->Id() == source_ && !wentOff_ ? nullptr : target;
 }
 
 std::unique_ptr<Gesture> DrawLink::Move(const PointerInput &input) {
-    const Node *source = scene_.Model().FindNode(source_);
-    leftSource_ = leftSource_ || !source || !source->Bounds().contains(input.at);
+    wentOff_ = wentOff_ || IsSomeWayOff(press_, input);
     const Node *target = Target(input);
     target_ = target ? target->Id() : kNoItem;
     at_ = input.at;
@@ -30,7 +42,7 @@ void DrawLink::Commit(const PointerInput &input) {
     Node *target = surface.FindNode(target_);
     if (!source) return;
     if (!target) {
-        if (leftSource_) stage_.Tell(Hint::LinkNeedsNode);
+        if (wentOff_) stage_.Tell(Hint::LinkNeedsNode);
         return;
     }
     ChangeSelection(surface, [&] {
@@ -43,6 +55,7 @@ void DrawLink::Commit(const PointerInput &input) {
 
 void DrawLink::Show(Overlay &overlay) const {
     const Node *source = scene_.Model().FindNode(source_);
+    overlay.arrow = true;
     if (source) ShowLooseLink(scene_, *source, scene_.Model().FindNode(target_), at_, overlay);
 }
 

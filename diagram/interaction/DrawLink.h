@@ -1,4 +1,4 @@
-// Draws a link by dragging from the middle of a node to another.
+// Draws a link by dragging from beside a node to another.
 #pragma once
 
 #include "diagram/interaction/Gesture.h"
@@ -9,10 +9,10 @@ namespace diagram {
 class Scene;
 
 // The link gets the surface's defaults and becomes the selection. Dropped on empty surface it gives nothing.
-// A pointer that left the node and came back links the node to itself.
+// A pointer that went some way off and comes back links the node to itself.
 class DrawLink : public Gesture {
 public:
-    DrawLink(Scene &scene, Stage &stage, Node &source);
+    DrawLink(Scene &scene, Stage &stage, Node &source, const PointerInput &press);
 
     std::unique_ptr<Gesture> Move(const PointerInput &input) override;
     void Commit(const PointerInput &input) override; // AfterAddLink, AfterSelect
@@ -27,8 +27,9 @@ private:
     Stage &stage_;
     ItemId source_;
     ItemId target_ = kNoItem;
+    PointerInput press_;
     QPointF at_;
-    bool leftSource_ = false;
+    bool wentOff_ = false;
 };
 
 } // namespace diagram

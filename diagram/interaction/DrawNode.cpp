@@ -3,24 +3,41 @@
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/interaction/Snap.h"
+#include "diagram/scene/Scene.h"
 #include "diagram/shapes/Shapes.h"
 
 namespace diagram {
 
-DrawNode::DrawNode(Surface &surface, const PointerInput &press) : surface_(surface), press_(press) {}
+namespace {
 
-QRectF DrawNode::Box(const PointerInput &input) const {
-    QPointF from = press_.at;
-    QPointF to = input.at;
+Moving SideTowards(double distance) { return distance < 0 ? Moving::Low : Moving::High; }
+
+QPointF SquareCorner(const QPointF &from, const QPointF &to) {
+    const double side = qMax(qAbs(to.x() - from.x()), qAbs(to.y() - from.y()));
+    return from + QPointF(to.x() < from.x() ? -side : side, to.y() < from.y() ? -side : side);
+}
+
+} // namespace
+
+DrawNode::DrawNode(Scene &scene, const Stage &stage, const PointerInput &press)
+    : surface_(scene.Model()), press_(press), snapping_(scene, stage, nullptr) {}
+
+QPointF DrawNode::FarCorner(const QPointF &from, const PointerInput &input) {
     if (input.Shift()) {
-        const double side = qMax(qAbs(to.x() - from.x()), qAbs(to.y() - from.y()));
-        to = from + QPointF(to.x() < from.x() ? -side : side, to.y() < from.y() ? -side : side);
+        const QPointF to = SquareCorner(from, input.at);
+        return Snaps(surface_, input) ? SnapPoint(surface_, to) : to;
     }
-    if (Snaps(surface_, input)) {
-        from = SnapPoint(surface_, from);
-        to = SnapPoint(surface_, to);
-    }
-    return QRectF(from, to).normalized() & QRectF(QPointF(0, 0), QSizeF(1e9, 1e9));
+    const QPointF way = input.at - from;
+    const QRectF start(from, QSizeF(0, 0));
+    return from + snapping_.Resize(start, SideTowards(way.x()), SideTowards(way.y()), way, input);
+}
+
+QRectF DrawNode::Box(const PointerInput &input) {
+    const QPointF from = snapping_.Corner(press_.at, input);
+    const QPointF to = FarCorner(from, input);
+    const QRectF box = QRectF(from, to).normalized() & QRectF(QPointF(0, 0), QSizeF(1e9, 1e9));
+    snapping_.Note(box, SideTowards(to.x() - from.x()), SideTowards(to.y() - from.y()), input);
+    return box;
 }
 
 std::unique_ptr<Gesture> DrawNode::Move(const PointerInput &input) {
@@ -46,6 +63,7 @@ void DrawNode::Show(Overlay &overlay) const {
     overlay.ghost = Outline(look.shape, look.shapeOrientation, box_);
     overlay.size = SizeText(box_.size());
     overlay.sizeUnder = box_;
+    snapping_.Show(overlay);
 }
 
 } // namespace diagram

@@ -2,15 +2,17 @@
 #pragma once
 
 #include "diagram/interaction/Gesture.h"
+#include "diagram/interaction/Snapping.h"
 #include "diagram/model/Surface.h"
 
 namespace diagram {
 
 // The node gets the surface's defaults and becomes the selection. A drag too small to be a node selects
-// nothing. Shift keeps it as wide as high.
+// nothing. Its corners are drawn to guides and to the grid; Shift keeps it as wide as high, and then nothing
+// draws the corner that moves but the grid.
 class DrawNode : public Gesture {
 public:
-    DrawNode(Surface &surface, const PointerInput &press);
+    DrawNode(Scene &scene, const Stage &stage, const PointerInput &press);
 
     std::unique_ptr<Gesture> Move(const PointerInput &input) override;
     void Commit(const PointerInput &input) override; // AfterAddNode, AfterSelect
@@ -19,10 +21,12 @@ public:
     Qt::CursorShape Pointer() const override { return Qt::CrossCursor; }
 
 private:
-    QRectF Box(const PointerInput &input) const;
+    QPointF FarCorner(const QPointF &from, const PointerInput &input);
+    QRectF Box(const PointerInput &input);
 
     Surface &surface_;
     PointerInput press_;
+    Snapping snapping_;
     QRectF box_;
 };
 

@@ -35,6 +35,8 @@ public:
     virtual void Cancel() = 0;
     virtual void Show(Overlay &) const {}
     virtual Qt::CursorShape Pointer() const { return Qt::ArrowCursor; }
+    // Whether it is the view that goes with the pointer.
+    virtual bool MovesTheView() const { return false; }
     // Whether the surface scrolls when the pointer comes to the edge of the viewport.
     virtual bool ScrollsAtEdges() const { return true; }
 };

@@ -13,6 +13,7 @@ constexpr double kSame = 1; // twips within which two values are one
 struct Extent {
     double low, high, from, to;
     double Middle() const { return (low + high) / 2; }
+    double Length() const { return high - low; }
 };
 
 Extent Along(const QRectF &box, Qt::Orientation axis) {
@@ -97,6 +98,18 @@ void LookAtGaps(Smallest &smallest, const Row &row, const Extent &own, Moving mo
         smallest.Look(Gap(own, *row.after) - Gap(*row.after, *row.afterThat));
 }
 
+void LookAtLength(Smallest &smallest, const Extent &own, const Extent &other, Moving moving) {
+    if (moving == Moving::Whole || other.Length() <= kSame) return;
+    const double longer = other.Length() - own.Length();
+    smallest.Look(moving == Moving::High ? longer : -longer);
+}
+
+// The side along the axis by which a box is measured.
+QLineF MeasuredSide(const QRectF &box, Qt::Orientation axis) {
+    return axis == Qt::Horizontal ? QLineF(box.topLeft(), box.topRight())
+                                  : QLineF(box.topLeft(), box.bottomLeft());
+}
+
 } // namespace
 
 std::optional<double> Guides::Shift(const QRectF &box, Qt::Orientation axis, Moving moving,
@@ -108,6 +121,16 @@ std::optional<double> Guides::Shift(const QRectF &box, Qt::Orientation axis, Mov
         ForEachPair(own, Along(other, axis), moving,
                     [&](double value, double to) { smallest.Look(to - value); });
     LookAtGaps(smallest, RowOf(around_, own, axis, reach), own, moving);
+    for (const QRectF &other : around_) LookAtLength(smallest, own, Along(other, axis), moving);
+    return smallest.Best();
+}
+
+std::optional<double> Guides::ShiftOfPlace(double place, Qt::Orientation axis, double reach) const {
+    Smallest smallest(reach);
+    for (const QRectF &other : around_) {
+        const Extent each = Along(other, axis);
+        for (const double to : {each.low, each.Middle(), each.high}) smallest.Look(to - place);
+    }
     return smallest.Best();
 }
 
@@ -128,6 +151,7 @@ std::vector<QLineF> Guides::Lines(const QRectF &box, Qt::Orientation axis, Movin
             if (!best || line.to - line.from < best->to - best->from) best = line;
         });
     }
+    if (lines[0] && lines[2]) lines[1].reset(); // follows from the two, and would run through texts
     std::vector<QLineF> result;
     for (size_t i = 0; i < lines.size(); ++i)
         if (lines[i])
@@ -149,6 +173,22 @@ std::vector<QLineF> Guides::Gaps(const QRectF &box, Qt::Orientation axis, Moving
     if (moving != Moving::High && row.beforeThat) show(*row.beforeThat, *row.before, *row.before, own);
     if (moving != Moving::Low && row.afterThat) show(own, *row.after, *row.after, *row.afterThat);
     return result;
+}
+
+std::vector<QLineF> Guides::Sizes(const QRectF &box, Qt::Orientation axis, Moving moving) const {
+    if (moving == Moving::Nothing || moving == Moving::Whole) return {};
+    const double length = Along(box, axis).Length();
+    const QRectF *nearest = nullptr;
+    const auto away = [&](const QRectF &other) {
+        const QPointF way = other.center() - box.center();
+        return std::hypot(way.x(), way.y());
+    };
+    for (const QRectF &other : around_) {
+        if (length <= kSame || std::abs(Along(other, axis).Length() - length) > kSame) continue;
+        if (!nearest || away(other) < away(*nearest)) nearest = &other;
+    }
+    if (!nearest) return {};
+    return {MeasuredSide(box, axis), MeasuredSide(*nearest, axis)};
 }
 
 } // namespace diagram

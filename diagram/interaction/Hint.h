@@ -1,10 +1,17 @@
-// What a gesture tells the user in passing; the window finds the words.
+// What the user is told in passing; the window finds the words.
 #pragma once
 
 namespace diagram {
 
 enum class Hint : unsigned char {
-    LinkNeedsNode // a link was dropped where there is no node
+    Nothing,       // what was told is over
+    LinkNeedsNode, // a link was dropped where there is no node
+    // What a drag from where the pointer is would do.
+    DragDrawsLink,
+    DragResizes,
+    DragMovesBend,
+    DragMakesBend,
+    DragMovesEnd // of a link, to another node
 };
 
 } // namespace diagram

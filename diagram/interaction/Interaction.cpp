@@ -1,29 +1,36 @@
 #include "diagram/interaction/Interaction.h"
 
+#include "diagram/hit/Grips.h"
 #include "diagram/interaction/MoveBend.h"
 #include "diagram/interaction/Pan.h"
-#include "diagram/interaction/ResizeNodes.h"
+#include "diagram/interaction/Selecting.h"
 #include "diagram/scene/Scene.h"
 
-#include <array>
+#include <utility>
 
 namespace diagram {
 
-namespace {
+void Interaction::Hover(const HeldHit &hit, const PointerInput &input) {
+    hover_ = hit;
+    hoverInput_ = input;
+    // On the way from the node to such a place it stays in sight.
+    if (hit.node != kNoItem)
+        shown_ = hit.node;
+    else if (!IsNear(shown_, input))
+        shown_ = kNoItem;
+    const Hint hint = HintOver(hit, scene_.Model());
+    if (std::exchange(told_, hint) != hint) stage_.Tell(hint);
+}
 
-// By HitKind, while nothing is pressed.
-constexpr std::array<Qt::CursorShape, 8> kPointers{
-    Qt::ArrowCursor,        // empty surface
-    Qt::SizeAllCursor,      // node
-    Qt::CrossCursor,        // the place where a link starts
-    Qt::ArrowCursor,        // handle: by its direction
-    Qt::PointingHandCursor, // link
-    Qt::PointingHandCursor, // label
-    Qt::SizeAllCursor,      // bend
-    Qt::SizeAllCursor,      // middle of a segment
-};
-
-} // namespace
+bool Interaction::IsNear(ItemId id, const PointerInput &input) const {
+    const Node *node = scene_.Model().FindNode(id);
+    if (!node) return false;
+    const double side = OptionsFor(input).handleSize;
+    const auto places = LinkStartPlaces(node->Bounds(), side);
+    const double reach = LinkStartReach(side);
+    const QRectF around(QPointF(places[3].x(), places[0].y()), QPointF(places[1].x(), places[2].y()));
+    return around.adjusted(-reach, -reach, reach, reach).contains(input.at);
+}
 
 void Interaction::Press(const PointerInput &input) {
     if (!gesture_) gesture_ = std::make_unique<diagram::Press>(scene_, stage_, input);
@@ -35,8 +42,7 @@ void Interaction::PressToPan(const PointerInput &input) {
 
 void Interaction::Move(const PointerInput &input) {
     if (!gesture_) {
-        hover_ = HitFor(scene_, input);
-        hoverInput_ = input;
+        Hover(HitFor(scene_, input), input);
         return;
     }
     if (std::unique_ptr<Gesture> next = gesture_->Move(input)) {
@@ -49,7 +55,10 @@ void Interaction::Release(const PointerInput &input) {
     Move(input);
     // Idle already when the handlers of events run: they may start something of their own.
     const std::unique_ptr<Gesture> ended = std::move(gesture_);
-    if (ended) ended->Commit(input);
+    if (!ended) return;
+    ended->Commit(input);
+    told_ = Hint::Nothing; // what the gesture told stands
+    Hover(HitFor(scene_, input), input);
 }
 
 void Interaction::DoubleClick(const PointerInput &input) {
@@ -72,16 +81,15 @@ Overlay Interaction::Show() const {
         gesture_->Show(overlay);
         return overlay;
     }
-    const bool onNode = hover_.kind == HitKind::Node || hover_.kind == HitKind::LinkStart;
-    const Node *node = onNode ? scene_.Model().FindNode(hover_.node) : nullptr;
-    if (node && ShowsLinkStart(*node, hoverInput_)) overlay.linkStart = node->Bounds().center();
-    overlay.onLinkStart = hover_.kind == HitKind::LinkStart;
+    const Node *node = scene_.Model().FindNode(shown_);
+    const double side = OptionsFor(hoverInput_).handleSize;
+    if (node && IsSelectable(*node) && HasLinkStarts(node->Bounds(), side))
+        for (const QPointF &place : LinkStartPlaces(node->Bounds(), side))
+            overlay.linkStarts.push_back(place);
+    overlay.litLinkStart = hover_.kind == HitKind::LinkStart ? hover_.index : -1;
     return overlay;
 }
 
-Qt::CursorShape Interaction::Pointer() const {
-    if (gesture_) return gesture_->Pointer();
-    return hover_.kind == HitKind::Handle ? HandlePointer(hover_.index) : kPointers[size_t(hover_.kind)];
-}
+Qt::CursorShape Interaction::Pointer() const { return gesture_ ? gesture_->Pointer() : PointerOver(hover_); }
 
 } // namespace diagram

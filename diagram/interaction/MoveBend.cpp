@@ -3,6 +3,9 @@
 #include "diagram/edit/History.h"
 #include "diagram/interaction/BendEdit.h"
 #include "diagram/interaction/Snap.h"
+#include "diagram/interaction/Snapping.h"
+
+#include <algorithm>
 
 namespace diagram {
 
@@ -28,8 +31,12 @@ std::vector<Point> MoveBend::Way(const PointerInput &input) const {
     const LinkData &data = held_.Links().front().data;
     const QPointF to = Snaps(surface_, input) ? SnapPoint(surface_, input.at) : input.at;
     const QPointF kept(qMax(0.0, to.x()), qMax(0.0, to.y()));
-    return grip_ == Grip::Bend ? BendDragged(data.points, index_, kept, data.style)
-                               : SegmentDragged(data.points, index_, kept, data.style);
+    std::vector<Point> way = grip_ == Grip::Bend ? BendDragged(data.points, index_, kept, data.style)
+                                                 : SegmentDragged(data.points, index_, kept, data.style);
+    const int bend = grip_ == Grip::Bend ? index_ : index_ + 1;
+    const double reach = kSnapPixels * std::max(input.pixel.width(), input.pixel.height());
+    if (HasFreeBends(data.style) && !input.Alt() && IsInLine(way, bend, reach)) way.erase(way.begin() + bend);
+    return way;
 }
 
 std::unique_ptr<Gesture> MoveBend::Move(const PointerInput &input) {

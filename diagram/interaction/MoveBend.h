@@ -1,4 +1,5 @@
-// Moves a bend of a link, or makes one out of a segment.
+// Moves a bend of a link, or makes one out of a segment. A free bend that comes to lie in line with its
+// neighbours goes away; Alt keeps it.
 #pragma once
 
 #include "diagram/interaction/Gesture.h"

@@ -39,6 +39,8 @@ void MoveLinkEnd::Commit(const PointerInput &input) {
 void MoveLinkEnd::Show(Overlay &overlay) const {
     const Link *link = scene_.Model().FindLink(link_);
     if (!link) return;
+    overlay.loose = link_;
+    overlay.faded = scene_.LinkPath(*link);
     const Node &fixed = atSource_ ? link->Destination() : link->Source();
     ShowLooseLink(scene_, fixed, scene_.Model().FindNode(target_), at_, overlay);
 }

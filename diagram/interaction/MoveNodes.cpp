@@ -1,6 +1,7 @@
 #include "diagram/interaction/MoveNodes.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/interaction/CopyNodes.h"
 #include "diagram/interaction/Snap.h"
 #include "diagram/scene/Scene.h"
 
@@ -18,8 +19,11 @@ void MoveInOneStep(Surface &surface, const HeldItems &held, const QPointF &dista
 } // namespace
 
 MoveNodes::MoveNodes(Scene &scene, const Stage &stage, Node &pressed, const PointerInput &press)
-    : surface_(scene.Model()),
+    : scene_(scene),
+      stage_(stage),
+      surface_(scene.Model()),
       press_(press),
+      pressed_(pressed.Id()),
       held_(surface_.SelectedNodes()),
       snapping_(scene, stage, &held_),
       extent_(held_.Extent()),
@@ -30,6 +34,11 @@ QPointF MoveNodes::Distance(const PointerInput &input) {
 }
 
 std::unique_ptr<Gesture> MoveNodes::Move(const PointerInput &input) {
+    Node *pressed = input.Ctrl() ? surface_.FindNode(pressed_) : nullptr;
+    if (pressed) {
+        held_.Restore(surface_);
+        return std::make_unique<CopyNodes>(scene_, stage_, *pressed, press_);
+    }
     held_.MoveBy(surface_, Distance(input));
     return nullptr;
 }

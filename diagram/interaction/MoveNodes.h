@@ -8,7 +8,8 @@
 namespace diagram {
 
 // The selection as a whole is drawn to guides; with none near and the grid on, the node that was pressed goes
-// to the grid and the others keep their distance from it. Shift keeps the move on one axis.
+// to the grid and the others keep their distance from it. Shift keeps the move on one axis; with Ctrl it
+// becomes a copy.
 class MoveNodes : public Gesture {
 public:
     MoveNodes(Scene &scene, const Stage &stage, Node &pressed, const PointerInput &press);
@@ -22,8 +23,11 @@ public:
 private:
     QPointF Distance(const PointerInput &input);
 
+    Scene &scene_;
+    const Stage &stage_;
     Surface &surface_;
     PointerInput press_;
+    ItemId pressed_;
     HeldItems held_;
     Snapping snapping_;
     QRectF extent_;  // of all of them at the press

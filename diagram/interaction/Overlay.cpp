@@ -16,7 +16,9 @@ QRectF Overlay::Bounds() const {
     if (line) all |= BoxOf(*line);
     for (const QLineF &guide : guides) all |= BoxOf(guide);
     for (const QLineF &gap : gaps) all |= BoxOf(gap);
-    if (linkStart) all |= QRectF(*linkStart - QPointF(1, 1), QSizeF(2, 2));
+    if (!faded.isEmpty()) all |= faded.controlPointRect();
+    for (const QLineF &side : sizes) all |= BoxOf(side);
+    for (const QPointF &place : linkStarts) all |= BoxOf({place, place});
     return all;
 }
 

@@ -1,6 +1,8 @@
 // What a gesture shows on top of the diagram while it lasts.
 #pragma once
 
+#include "diagram/model/Item.h"
+
 #include <optional>
 #include <QLineF>
 #include <QPainterPath>
@@ -17,16 +19,20 @@ struct Overlay {
     QPainterPath ghost; // outline of a node that is being drawn
     QString size;       // its size, shown below `sizeUnder`
     QRectF sizeUnder;
-    std::optional<QLineF> line;       // a link that is being dragged
-    QPainterPath target;              // outline of the node that the link would join
-    std::optional<QPointF> linkStart; // the place from where a link can be dragged
-    bool onLinkStart = false;         // the pointer is on it
-    std::vector<QLineF> guides;       // along edges and middles that are in line
-    std::vector<QLineF> gaps;         // across distances that are equal
+    std::optional<QLineF> line;      // a link that is being dragged
+    bool arrow = false;              // it leads from the first point to the second
+    ItemId loose = kNoItem;          // a link one of whose ends is being dragged
+    QPainterPath target;             // outline of the node that the link would join
+    std::vector<QPointF> linkStarts; // the places from where a link can be dragged
+    int litLinkStart = -1;           // the one that the pointer is on
+    std::vector<QLineF> guides;      // along edges and middles that are in line
+    std::vector<QLineF> gaps;        // across distances that are equal
+    std::vector<QLineF> sizes;       // along sides of the same length, shown beside them
+    QPainterPath faded;              // a link whose place is being changed
 
     // Holds everything but the size's text.
     QRectF Bounds() const;
-    bool IsEmpty() const { return size.isEmpty() && !line && !linkStart && Bounds().isNull(); }
+    bool IsEmpty() const { return size.isEmpty() && !line && linkStarts.empty() && Bounds().isNull(); }
 };
 
 } // namespace diagram

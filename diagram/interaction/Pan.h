@@ -18,6 +18,7 @@ public:
     void Cancel() override { stage_.SetScrollOffset(start_); }
     Qt::CursorShape Pointer() const override { return Qt::ClosedHandCursor; }
     bool ScrollsAtEdges() const override { return false; }
+    bool MovesTheView() const override { return true; }
 
 private:
     Stage &stage_;

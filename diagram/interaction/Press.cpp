@@ -35,7 +35,7 @@ std::unique_ptr<Gesture> OnSurface(const DragStart &start) {
     Surface &surface = start.scene.Model();
     if (start.press.Shift() || surface.ShiftMode())
         return std::make_unique<RubberBand>(start.scene, start.press);
-    return std::make_unique<DrawNode>(surface, start.press);
+    return std::make_unique<DrawNode>(start.scene, start.stage, start.press);
 }
 
 std::unique_ptr<Gesture> OnNode(const DragStart &start) {
@@ -47,8 +47,8 @@ std::unique_ptr<Gesture> OnNode(const DragStart &start) {
 }
 
 std::unique_ptr<Gesture> OnLinkStart(const DragStart &start) {
-    if (!start.node || start.press.Ctrl()) return OnNode(start);
-    return std::make_unique<DrawLink>(start.scene, start.stage, *start.node);
+    if (!start.node) return nullptr;
+    return std::make_unique<DrawLink>(start.scene, start.stage, *start.node, start.press);
 }
 
 std::unique_ptr<Gesture> OnHandle(const DragStart &start) {
@@ -61,10 +61,11 @@ std::unique_ptr<Gesture> OnSegment(const DragStart &start) {
     return std::make_unique<MoveBend>(start.scene.Model(), *start.link, MoveBend::Grip::Segment, start.index);
 }
 
+bool IsEnd(const Link &link, int point) { return point == 0 || point + 1 == std::ssize(link.Way()); }
+
 std::unique_ptr<Gesture> OnBend(const DragStart &start) {
     if (!start.link) return nullptr;
-    const auto last = std::ssize(start.link->Way()) - 1;
-    if (start.index == 0 || start.index == last)
+    if (IsEnd(*start.link, start.index))
         return std::make_unique<MoveLinkEnd>(start.scene, start.stage, *start.link, start.index == 0);
     return std::make_unique<MoveBend>(start.scene.Model(), *start.link, MoveBend::Grip::Bend, start.index);
 }
@@ -75,17 +76,19 @@ struct HitRow {
     HitKind kind;
     Start drag;
     bool selects; // a click on it changes the selection
+    Qt::CursorShape pointer;
+    Hint hint;
 };
 
 constexpr std::array<HitRow, 8> kRows{{
-    {HitKind::Nothing, OnSurface, true},
-    {HitKind::Node, OnNode, true},
-    {HitKind::LinkStart, OnLinkStart, true},
-    {HitKind::Handle, OnHandle, false},
-    {HitKind::Link, OnSegment, true},
-    {HitKind::LinkLabel, OnLabel, true},
-    {HitKind::Bend, OnBend, false},
-    {HitKind::SegmentHandle, OnSegment, false},
+    {HitKind::Nothing, OnSurface, true, Qt::ArrowCursor, Hint::Nothing},
+    {HitKind::Node, OnNode, true, Qt::SizeAllCursor, Hint::Nothing},
+    {HitKind::LinkStart, OnLinkStart, true, Qt::CrossCursor, Hint::DragDrawsLink},
+    {HitKind::Handle, OnHandle, false, Qt::ArrowCursor, Hint::DragResizes}, // the pointer by its direction
+    {HitKind::Link, OnSegment, true, Qt::PointingHandCursor, Hint::Nothing},
+    {HitKind::LinkLabel, OnLabel, true, Qt::PointingHandCursor, Hint::Nothing},
+    {HitKind::Bend, OnBend, false, Qt::SizeAllCursor, Hint::DragMovesBend},
+    {HitKind::SegmentHandle, OnSegment, false, Qt::SizeAllCursor, Hint::DragMakesBend},
 }};
 
 constexpr bool InOrder() {
@@ -100,6 +103,20 @@ const HitRow &RowOf(HitKind kind) { return kRows[size_t(kind)]; }
 Item *ItemOf(const Surface &surface, const HeldHit &hit) {
     if (hit.node != kNoItem) return surface.FindNode(hit.node);
     return hit.link != kNoItem ? surface.FindLink(hit.link) : nullptr;
+}
+
+HeldHit Held(const Hit &hit) {
+    const Item *item = hit.node ? static_cast<const Item *>(hit.node) : hit.link;
+    if (!item || !IsSelectable(*item)) return {};
+    return {hit.kind, hit.node ? hit.node->Id() : kNoItem, hit.link ? hit.link->Id() : kNoItem, hit.index};
+}
+
+HeldHit Clicked(Scene &scene, const PointerInput &press, const HeldHit &hit) {
+    if (hit.kind != HitKind::LinkStart) return hit;
+    HitOptions options = OptionsFor(press);
+    options.linkStarts = false;
+    const HeldHit below = Held(HitTest(scene, press.at, options));
+    return below.kind == HitKind::Nothing ? hit : below;
 }
 
 void SelectByClick(Surface &surface, Item *item, const PointerInput &press) {
@@ -121,15 +138,17 @@ HitOptions OptionsFor(const PointerInput &input) {
     return {.tolerance = kTolerancePixels * pixel, .handleSize = kHandlePixels * pixel, .handles = true};
 }
 
-bool ShowsLinkStart(const Node &node, const PointerInput &input) {
-    return node.Selectable() && qMin(node.Width(), node.Height()) > 3 * OptionsFor(input).handleSize;
+HeldHit HitFor(Scene &scene, const PointerInput &input) {
+    return Held(HitTest(scene, input.at, OptionsFor(input)));
 }
 
-HeldHit HitFor(Scene &scene, const PointerInput &input) {
-    const Hit hit = HitTest(scene, input.at, OptionsFor(input));
-    const Item *item = hit.node ? static_cast<const Item *>(hit.node) : hit.link;
-    if (!item || !IsSelectable(*item)) return {};
-    return {hit.kind, hit.node ? hit.node->Id() : kNoItem, hit.link ? hit.link->Id() : kNoItem, hit.index};
+Qt::CursorShape PointerOver(const HeldHit &hit) {
+    return hit.kind == HitKind::Handle ? HandlePointer(hit.index) : RowOf(hit.kind).pointer;
+}
+
+Hint HintOver(const HeldHit &hit, const Surface &surface) {
+    const Link *link = hit.kind == HitKind::Bend ? surface.FindLink(hit.link) : nullptr;
+    return link && IsEnd(*link, hit.index) ? Hint::DragMovesEnd : RowOf(hit.kind).hint;
 }
 
 Press::Press(Scene &scene, Stage &stage, const PointerInput &press)
@@ -148,7 +167,8 @@ std::unique_ptr<Gesture> Press::Move(const PointerInput &input) {
 
 void Press::Commit(const PointerInput &) {
     Surface &surface = scene_.Model();
-    if (RowOf(hit_.kind).selects) SelectByClick(surface, ItemOf(surface, hit_), press_);
+    if (RowOf(hit_.kind).selects)
+        SelectByClick(surface, ItemOf(surface, Clicked(scene_, press_, hit_)), press_);
     surface.Events().Click(surface);
 }
 

@@ -19,13 +19,16 @@ struct HeldHit {
 
 // How large things are to the pointer, independent of the zoom.
 HitOptions OptionsFor(const PointerInput &input);
-// Whether the node is large enough to start a link at its middle.
-bool ShowsLinkStart(const Node &node, const PointerInput &input);
 // What the left button acts on: an item that isn't selectable counts as empty surface.
 HeldHit HitFor(Scene &scene, const PointerInput &input);
+// The pointer shape over it, pressed or not.
+Qt::CursorShape PointerOver(const HeldHit &hit);
+// What a drag from there would do, in words for the user.
+Hint HintOver(const HeldHit &hit, const Surface &surface);
 
 // Selects an unselected item at once, so that a drag takes it along. A click selects only that item, Ctrl
-// toggles it, Shift adds it, and on empty surface it selects nothing; then Click is raised.
+// toggles it, Shift adds it, and on empty surface it selects nothing; then Click is raised. A click on the
+// place where a link starts is one on the link that runs through it, if any, else on the node.
 class Press : public Gesture {
 public:
     Press(Scene &scene, Stage &stage, const PointerInput &press);
@@ -33,6 +36,7 @@ public:
     std::unique_ptr<Gesture> Move(const PointerInput &input) override;
     void Commit(const PointerInput &input) override;
     void Cancel() override {}
+    Qt::CursorShape Pointer() const override { return PointerOver(hit_); }
     bool ScrollsAtEdges() const override { return false; }
 
 private:

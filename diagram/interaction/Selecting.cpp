@@ -10,22 +10,10 @@ namespace diagram {
 
 namespace {
 
-void SetSelected(Item &item, bool on) {
-    if (Node *node = item.AsNode()) node->SetSelected(on);
-    if (Link *link = item.AsLink()) link->SetSelected(on);
-}
-
 // Leaves an item that stays selected alone, so that it isn't painted again.
 void UnselectAllBut(Surface &surface, const Item &kept) {
     if (surface.SelectedNodes().size() + surface.SelectedLinks().size() > 1 || !IsSelected(kept))
         surface.UnselectAll();
-}
-
-bool LiesInside(const Item &item, const QRectF &area) {
-    if (const Node *node = item.AsNode()) return area.contains(node->Bounds());
-    const std::vector<Point> &way = item.AsLink()->Way();
-    return std::all_of(way.begin(), way.end(),
-                       [&](const Point &point) { return area.contains(ToQPointF(point)); });
 }
 
 } // namespace
@@ -39,6 +27,11 @@ void ChangeSelection(Surface &surface, const std::function<void()> &change) {
         surface.Events().AfterSelect(surface);
 }
 
+Item *FindItem(const Surface &surface, ItemId id) {
+    if (Node *node = surface.FindNode(id)) return node;
+    return surface.FindLink(id);
+}
+
 bool IsSelectable(const Item &item) {
     if (const Node *node = item.AsNode()) return node->Selectable() && !node->Hidden();
     return item.AsLink()->Selectable() && !item.AsLink()->Hidden();
@@ -47,6 +40,18 @@ bool IsSelectable(const Item &item) {
 bool IsSelected(const Item &item) {
     if (const Node *node = item.AsNode()) return node->Selected();
     return item.AsLink()->Selected();
+}
+
+void SetSelected(Item &item, bool on) {
+    if (Node *node = item.AsNode()) node->SetSelected(on);
+    if (Link *link = item.AsLink()) link->SetSelected(on);
+}
+
+bool LiesInside(const Item &item, const QRectF &area) {
+    if (const Node *node = item.AsNode()) return area.contains(node->Bounds());
+    const std::vector<Point> &way = item.AsLink()->Way();
+    return std::all_of(way.begin(), way.end(),
+                       [&](const Point &point) { return area.contains(ToQPointF(point)); });
 }
 
 void SelectOnly(Item &item) {
@@ -69,16 +74,6 @@ void ToggleSelected(Item &item) {
 
 void SelectNothing(Surface &surface) {
     ChangeSelection(surface, [&] { surface.UnselectAll(); });
-}
-
-void SelectInside(Scene &scene, const QRectF &area, bool add) {
-    std::vector<Item *> items;
-    scene.ItemsIn(area, items);
-    std::erase_if(items, [&](Item *item) { return !IsSelectable(*item) || !LiesInside(*item, area); });
-    ChangeSelection(scene.Model(), [&] {
-        if (!add) scene.Model().UnselectAll();
-        for (Item *item : items) SetSelected(*item, true);
-    });
 }
 
 std::vector<Node *> ReadingOrder(const Surface &surface) {

@@ -81,19 +81,34 @@ QPointF Snapping::Resize(const QRectF &box, Moving x, Moving y, const QPointF &d
             Snapped(at, Qt::Vertical, y, level, distance.y(), input)};
 }
 
+QPointF Snapping::Corner(const QPointF &at, const PointerInput &input) {
+    if (input.Alt()) return at;
+    LookAround();
+    const Surface &surface = scene_.Model();
+    const auto snapped = [&](double place, Qt::Orientation axis, double pixel) {
+        if (const auto shift = guides_.ShiftOfPlace(place, axis, kSnapPixels * pixel)) return place + *shift;
+        return Snaps(surface, input) ? SnapValue(surface, place) : place;
+    };
+    return {snapped(at.x(), Qt::Horizontal, input.pixel.width()),
+            snapped(at.y(), Qt::Vertical, input.pixel.height())};
+}
+
 void Snapping::Note(const QRectF &box, Moving x, Moving y, const PointerInput &input) {
     lines_.clear();
     gaps_.clear();
+    sizes_.clear();
     if (input.Alt()) return;
     for (const auto &[axis, moving] : {std::pair(Qt::Horizontal, x), std::pair(Qt::Vertical, y)}) {
         for (const QLineF &line : guides_.Lines(box, axis, moving)) lines_.push_back(line);
         for (const QLineF &line : guides_.Gaps(box, axis, moving)) gaps_.push_back(line);
+        for (const QLineF &line : guides_.Sizes(box, axis, moving)) sizes_.push_back(line);
     }
 }
 
 void Snapping::Show(Overlay &overlay) const {
     overlay.guides = lines_;
     overlay.gaps = gaps_;
+    overlay.sizes = sizes_;
 }
 
 } // namespace diagram

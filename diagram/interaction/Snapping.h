@@ -1,4 +1,4 @@
-// Draws what is moved or resized to its neighbours and to the grid.
+// Draws what is moved, resized or drawn to its neighbours and to the grid.
 #pragma once
 
 #include "diagram/interaction/Gesture.h"
@@ -28,6 +28,8 @@ public:
                  const PointerInput &input);
     // How far the sides of `box` go that `x` and `y` name (Low, High or Nothing).
     QPointF Resize(const QRectF &box, Moving x, Moving y, const QPointF &distance, const PointerInput &input);
+    // Where a new node's first corner goes.
+    QPointF Corner(const QPointF &at, const PointerInput &input);
     // What the box lines up with after one of the above; `box` is where it came to stand.
     void Note(const QRectF &box, Moving x, Moving y, const PointerInput &input);
     void Show(Overlay &overlay) const;
@@ -42,7 +44,7 @@ private:
     std::vector<ItemId> moving_; // sorted
     Guides guides_;
     QRectF seen_; // when the neighbours were looked for, twips
-    std::vector<QLineF> lines_, gaps_;
+    std::vector<QLineF> lines_, gaps_, sizes_;
 };
 
 } // namespace diagram

@@ -1,6 +1,7 @@
 #include "diagram/view/Accessible.h"
 
 #include "diagram/hit/HitTest.h"
+#include "diagram/interaction/Selecting.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/view/AccessibleItem.h"
 #include "diagram/view/SurfaceView.h"
@@ -128,11 +129,6 @@ AccessibleSurface *ListOf(SurfaceView &view) {
     return dynamic_cast<AccessibleSurface *>(QAccessible::queryAccessibleInterface(&view));
 }
 
-const Item *Find(const Surface &surface, ItemId id) {
-    if (const Node *node = surface.FindNode(id)) return node;
-    return surface.FindLink(id);
-}
-
 } // namespace
 
 void InstallAccessibility() { QAccessible::installFactory(MakeAccessible); }
@@ -198,7 +194,7 @@ void AccessibleNotices::Send() {
         QAccessible::updateAccessibility(&many);
     } else {
         for (const auto &[id, what] : changed)
-            if (const Item *item = Find(view_.Model(), id)) SendChange(*item, what);
+            if (const Item *item = FindItem(view_.Model(), id)) SendChange(*item, what);
     }
     SendFocus();
 }

@@ -2,12 +2,10 @@
 
 #include "diagram/interaction/Overlay.h"
 #include "diagram/model/Surface.h"
-#include "diagram/scene/Scene.h"
-#include "diagram/shapes/LinkStyles.h"
+#include "diagram/view/OverlayLook.h"
+#include "diagram/view/SelectionPainter.h"
 #include "diagram/view/Viewport.h"
 
-#include <array>
-#include <cmath>
 #include <QFontMetrics>
 #include <QPainter>
 
@@ -15,179 +13,143 @@ namespace diagram {
 
 namespace {
 
-// The same in a light and a dark desktop: they stand on the surface's own colours.
-const QColor kAccent(0, 103, 192);
-const QColor kTarget(16, 137, 62);
-const QColor kGuide(207, 34, 126);
-constexpr double kGapEnd = 4; // pixels to either side
-constexpr double kHandle = 7;
-constexpr double kSmallHandle = 5;
-constexpr double kShortestSegment = 40; // with a handle in its middle
-constexpr size_t kManySelected = 500;   // beyond it frames stand for handles
+constexpr double kTick = 4;        // pixels to either side of a measured line
+constexpr double kSizeBeside = 12; // pixels from a side to the line that measures it
 constexpr int kSizePadding = 4;
-
-QRectF Square(const QPointF &middle, double side) {
-    return {std::round(middle.x()) - side / 2, std::round(middle.y()) - side / 2, side, side};
-}
-
-void PaintHandles(QPainter &painter, const QRectF &box) {
-    const QPointF middle = box.center();
-    const std::array<QPointF, 8> places{
-        box.topLeft(),     {middle.x(), box.top()},    box.topRight(),   {box.right(), middle.y()},
-        box.bottomRight(), {middle.x(), box.bottom()}, box.bottomLeft(), {box.left(), middle.y()}};
-    for (const QPointF &place : places) painter.drawRect(Square(place, kHandle));
-}
-
-void PaintFrame(QPainter &painter, const QRectF &box) {
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(box);
-    painter.setBrush(Qt::white);
-}
-
-void PaintFocusRing(QPainter &painter, const QRectF &box) {
-    painter.save();
-    painter.setPen(QPen(kAccent, 1, Qt::DotLine));
-    PaintFrame(painter, box.adjusted(-6, -6, 6, 6));
-    painter.restore();
-}
-
-void PaintNodes(QPainter &painter, const Surface &surface, const Viewport &viewport, const QRectF &area,
-                bool focused) {
-    const std::vector<Node *> &nodes = surface.SelectedNodes();
-    const QRectF reach = area.adjusted(-kHandleReach, -kHandleReach, kHandleReach, kHandleReach);
-    const Node *focus = focused ? surface.SelectedNode() : nullptr;
-    for (const Node *node : nodes) {
-        const QRectF box = viewport.FromSurface(node->Bounds());
-        if (node->Hidden() || !reach.intersects(box.adjusted(-1, -1, 1, 1))) continue;
-        if (nodes.size() > kManySelected) {
-            PaintFrame(painter, box);
-            continue;
-        }
-        if (node == focus) PaintFocusRing(painter, box);
-        PaintHandles(painter, box);
-    }
-}
-
-bool HasSegmentHandles(const Link &link) {
-    const LinkStyleRow *row = FindLinkStyle(link.Style());
-    return !row || row->form != LinkForm::Bezier;
-}
-
-void PaintBends(QPainter &painter, const Link &link, const Viewport &viewport) {
-    const std::vector<Point> &way = link.Way();
-    const bool segments = HasSegmentHandles(link);
-    for (size_t i = 0; i < way.size(); ++i) {
-        const QPointF place = viewport.FromSurface(ToQPointF(way[i]));
-        const QPointF before = i > 0 ? viewport.FromSurface(ToQPointF(way[i - 1])) : place;
-        if (segments && QLineF(before, place).length() > kShortestSegment)
-            painter.drawEllipse(Square((before + place) / 2, kSmallHandle));
-        painter.drawRect(Square(place, kHandle));
-    }
-}
-
-void PaintLinks(QPainter &painter, Scene &scene, const Viewport &viewport, const QRectF &area) {
-    const QRectF reach = area.adjusted(-kHandleReach, -kHandleReach, kHandleReach, kHandleReach);
-    for (const Link *link : scene.Model().SelectedLinks()) {
-        if (link->Hidden() || !reach.intersects(viewport.FromSurface(scene.Bounds(*link)))) continue;
-        PaintBends(painter, *link, viewport);
-    }
-}
-
-QTransform ToPixels(const Viewport &viewport) {
-    const QPoint scroll = viewport.Scroll();
-    return {viewport.xScale(), 0, 0, viewport.yScale(), double(-scroll.x()), double(-scroll.y())};
-}
+constexpr double kArrowLength = 10, kArrowHalfWidth = 4;
+constexpr double kLinkStart = 4, kLitLinkStart = 7; // radius
+constexpr int kGlow = 32, kStrongGlow = 48;         // alpha
+constexpr int kCover = 215;
 
 QRect SizeBox(const Overlay &overlay, const Viewport &viewport) {
     if (overlay.size.isEmpty()) return {};
     const QFontMetrics metrics{QFont()};
     const QRectF box = viewport.FromSurface(overlay.sizeUnder);
-    QRect text(0, 0, metrics.horizontalAdvance(overlay.size) + 2 * kSizePadding,
+    QRect text(0, 0, metrics.horizontalAdvance(overlay.size) + 3 * kSizePadding,
                metrics.height() + kSizePadding);
     text.moveCenter(QPoint(qRound(box.center().x()), 0));
-    text.moveTop(qRound(box.bottom()) + kHandleReach);
+    text.moveTop(qRound(box.bottom()) + 2 * kSizePadding);
     return text;
 }
 
-void PaintSize(QPainter &painter, const Overlay &overlay, const Viewport &viewport) {
+void PaintSize(QPainter &painter, const Overlay &overlay, const Viewport &viewport, const OverlayLook &look) {
     const QRect box = SizeBox(overlay, viewport);
     if (box.isEmpty()) return;
     painter.setFont(QFont());
     painter.setPen(Qt::NoPen);
-    painter.setBrush(kAccent);
+    painter.setBrush(look.accent);
     painter.drawRoundedRect(box, 3, 3);
-    painter.setPen(Qt::white);
+    painter.setPen(look.onAccent);
     painter.drawText(box, Qt::AlignCenter, overlay.size);
 }
 
-void PaintTarget(QPainter &painter, const Overlay &overlay, const QTransform &toPixels) {
+// The surface's own colour over a link lets it stand back.
+void PaintFaded(QPainter &painter, const Overlay &overlay, const Surface &surface, const Viewport &viewport) {
+    if (overlay.faded.isEmpty()) return;
+    painter.setPen(QPen(Faded(support::ToQColor(surface.BackColor()), kCover), kTick));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(viewport.ToPixels().map(overlay.faded));
+}
+
+void PaintTarget(QPainter &painter, const Overlay &overlay, const QTransform &toPixels,
+                 const OverlayLook &look) {
     if (overlay.target.isEmpty()) return;
-    QColor glow = kTarget;
-    glow.setAlpha(48);
-    painter.setPen(QPen(kTarget, 3));
-    painter.setBrush(glow);
+    painter.setPen(QPen(look.target, 3));
+    painter.setBrush(Faded(look.target, kStrongGlow));
     painter.drawPath(toPixels.map(overlay.target));
 }
 
-// Faint until the pointer is on it, as the text of the node may stand there.
-void PaintLinkStart(QPainter &painter, const QPointF &place, bool lit) {
-    QColor ring = kAccent;
-    ring.setAlpha(lit ? 255 : 110);
-    painter.setPen(QPen(ring, 1.5));
-    painter.setBrush(lit ? QBrush(Qt::white) : QBrush(Qt::NoBrush));
-    painter.drawEllipse(place, 5, 5);
-    if (!lit) return;
-    painter.drawLine(place - QPointF(2.5, 0), place + QPointF(2.5, 0));
-    painter.drawLine(place - QPointF(0, 2.5), place + QPointF(0, 2.5));
+void PaintBandAndGhost(QPainter &painter, const Overlay &overlay, const Viewport &viewport,
+                       const OverlayLook &look) {
+    painter.setBrush(Faded(look.accent, kGlow));
+    painter.setPen(look.Line(look.accent, 1));
+    if (!overlay.band.isNull()) painter.drawRect(look.Crisp(viewport.FromSurface(overlay.band)));
+    painter.setPen(look.Line(look.accent, 1.5));
+    if (!overlay.ghost.isEmpty()) painter.drawPath(viewport.ToPixels().map(overlay.ghost));
 }
 
-void PaintGap(QPainter &painter, const QLineF &gap) {
-    painter.drawLine(gap);
-    QLineF across = gap.normalVector();
-    across.setLength(kGapEnd);
+// A head at `line`'s end.
+QPolygonF ArrowHead(const QLineF &line) {
+    const QLineF unit = line.unitVector();
+    const QPointF along = unit.p2() - unit.p1();
+    const QPointF across(-along.y(), along.x());
+    const QPointF back = line.p2() - along * kArrowLength;
+    return {{line.p2(), back + across * kArrowHalfWidth, back - across * kArrowHalfWidth}};
+}
+
+void PaintLine(QPainter &painter, const Overlay &overlay, const QTransform &toPixels,
+               const OverlayLook &look) {
+    if (!overlay.line) return;
+    const QLineF line = toPixels.map(*overlay.line);
+    painter.setPen(QPen(look.accent, 2));
+    painter.setBrush(look.accent);
+    painter.drawLine(line);
+    if (line.length() > 2 * kArrowLength && overlay.arrow) painter.drawPolygon(ArrowHead(line));
+}
+
+// A lit one shows the way that a link would take from there.
+void PaintLinkStarts(QPainter &painter, const Overlay &overlay, const Viewport &viewport,
+                     const OverlayLook &look) {
+    static constexpr QPointF kWays[] = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}};
+    for (int i = 0; i < int(overlay.linkStarts.size()); ++i) {
+        const QPointF place = viewport.FromSurface(overlay.linkStarts[size_t(i)]);
+        const bool lit = i == overlay.litLinkStart;
+        painter.setPen(QPen(lit ? look.onAccent : look.accent, 1.5));
+        painter.setBrush(lit ? look.accent : look.onAccent);
+        const double radius = lit ? kLitLinkStart : kLinkStart;
+        painter.drawEllipse(place, radius, radius);
+        if (!lit) continue;
+        const QPointF way = kWays[i % 4], across(-way.y(), way.x());
+        const QPointF tip = place + way * 4;
+        painter.drawLine(place - way * 4, tip);
+        painter.drawPolyline(QPolygonF{{tip + (across - way) * 3, tip, tip - (across + way) * 3}});
+    }
+}
+
+void PaintMeasured(QPainter &painter, const QLineF &line) {
+    painter.drawLine(line);
+    QLineF across = line.normalVector();
+    across.setLength(kTick);
     const QPointF end = across.p2() - across.p1();
-    painter.drawLine(gap.p1() - end, gap.p1() + end);
-    painter.drawLine(gap.p2() - end, gap.p2() + end);
+    painter.drawLine(line.p1() - end, line.p1() + end);
+    painter.drawLine(line.p2() - end, line.p2() + end);
 }
 
-void PaintGuides(QPainter &painter, const Overlay &overlay, const QTransform &toPixels) {
+QLineF Beside(const QLineF &side) {
+    return qAbs(side.dx()) > qAbs(side.dy()) ? side.translated(0, -kSizeBeside)
+                                             : side.translated(-kSizeBeside, 0);
+}
+
+void PaintGuides(QPainter &painter, const Overlay &overlay, const QTransform &toPixels,
+                 const OverlayLook &look) {
+    const auto crisp = [&](const QLineF &line) {
+        const QLineF pixels = toPixels.map(line);
+        return QLineF(look.Crisp(pixels.p1()), look.Crisp(pixels.p2()));
+    };
     painter.setRenderHint(QPainter::Antialiasing, false);
-    painter.setPen(QPen(kGuide, 1));
-    for (const QLineF &guide : overlay.guides) painter.drawLine(toPixels.map(guide));
-    for (const QLineF &gap : overlay.gaps) PaintGap(painter, toPixels.map(gap));
+    painter.setPen(look.Line(look.guide, 1));
+    for (const QLineF &guide : overlay.guides) painter.drawLine(crisp(guide));
+    for (const QLineF &gap : overlay.gaps) PaintMeasured(painter, crisp(gap));
+    for (const QLineF &size : overlay.sizes) PaintMeasured(painter, Beside(crisp(size)));
     painter.setRenderHint(QPainter::Antialiasing);
 }
 
 } // namespace
 
-void PaintSelection(QPainter &painter, Scene &scene, const Viewport &viewport, const QRectF &area,
-                    bool focused) {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(kAccent, 1));
-    painter.setBrush(Qt::white);
-    PaintLinks(painter, scene, viewport, area);
-    PaintNodes(painter, scene.Model(), viewport, area, focused);
-    painter.restore();
-}
-
-void PaintOverlay(QPainter &painter, const Overlay &overlay, const Viewport &viewport) {
+void PaintOverlay(QPainter &painter, const Overlay &overlay, const Surface &surface,
+                  const Viewport &viewport) {
     if (overlay.IsEmpty()) return;
+    const OverlayLook look = LookFor(surface, painter);
+    const QTransform toPixels = viewport.ToPixels();
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    const QTransform toPixels = ToPixels(viewport);
-    PaintTarget(painter, overlay, toPixels);
-    QColor glow = kAccent;
-    glow.setAlpha(32);
-    painter.setPen(QPen(kAccent, 1.5));
-    painter.setBrush(glow);
-    if (!overlay.band.isNull()) painter.drawRect(viewport.FromSurface(overlay.band));
-    if (!overlay.ghost.isEmpty()) painter.drawPath(toPixels.map(overlay.ghost));
-    if (overlay.line) painter.drawLine(toPixels.map(*overlay.line));
-    if (overlay.linkStart)
-        PaintLinkStart(painter, viewport.FromSurface(*overlay.linkStart), overlay.onLinkStart);
-    PaintGuides(painter, overlay, toPixels);
-    PaintSize(painter, overlay, viewport);
+    PaintFaded(painter, overlay, surface, viewport);
+    PaintTarget(painter, overlay, toPixels, look);
+    PaintBandAndGhost(painter, overlay, viewport, look);
+    PaintLine(painter, overlay, toPixels, look);
+    PaintLinkStarts(painter, overlay, viewport, look);
+    PaintGuides(painter, overlay, toPixels, look);
+    PaintSize(painter, overlay, viewport, look);
     painter.restore();
 }
 

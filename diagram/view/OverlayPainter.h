@@ -1,24 +1,19 @@
-// What the screen shows on top of the diagram: handles, the focus ring and the marks of a gesture. Never
-// printed or exported.
+// The marks of a gesture on top of the diagram. Never printed or exported.
 #pragma once
 
-#include <QRectF>
+#include <QRect>
 
 class QPainter;
 
 namespace diagram {
 
-class Scene;
+class Surface;
 class Viewport;
 struct Overlay;
 
-// Pixels that handles and the focus ring reach beyond the bounds of an item.
-constexpr int kHandleReach = 8;
-
-// Paints into viewport pixels. `area` is what must be painted; `focused` shows the focus ring.
-void PaintSelection(QPainter &painter, Scene &scene, const Viewport &viewport, const QRectF &area,
-                    bool focused);
-void PaintOverlay(QPainter &painter, const Overlay &overlay, const Viewport &viewport);
+// Paints into viewport pixels.
+void PaintOverlay(QPainter &painter, const Overlay &overlay, const Surface &surface,
+                  const Viewport &viewport);
 // What PaintOverlay touches, viewport pixels.
 QRect OverlayArea(const Overlay &overlay, const Viewport &viewport);
 

@@ -146,6 +146,8 @@ void SurfaceView::keyReleaseEvent(QKeyEvent *event) {
 
 void SurfaceView::focusInEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusInEvent(event);
+    const bool byTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (byTab) impl_->NoteHand(true);
     viewport()->update();
     impl_->notices.Send();
     impl_->Guard("focusInEvent", [&] { Model().Events().GotFocus(Model()); });
@@ -153,10 +155,20 @@ void SurfaceView::focusInEvent(QFocusEvent *event) {
 
 void SurfaceView::focusOutEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusOutEvent(event);
-    // Their release comes to somebody else.
+    // What ends them comes to somebody else.
+    impl_->Guard("focusOutEvent", [&] { CancelGesture(); });
     impl_->spaceHeld_ = false;
     Model().SetShiftMode(false);
     viewport()->update();
+}
+
+void SurfaceView::hideEvent(QHideEvent *event) {
+    impl_->Guard("hideEvent", [&] {
+        CancelGesture();
+        EndEdit(true);
+    });
+    impl_->Leave();
+    QAbstractScrollArea::hideEvent(event);
 }
 
 void SurfaceView::timerEvent(QTimerEvent *event) {

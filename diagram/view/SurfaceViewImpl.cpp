@@ -186,9 +186,14 @@ void SurfaceView::Impl::Paint(const QRegion &region) {
     }
     painter.restore();
     painter.setClipRegion(region);
-    const bool focused = view.hasFocus() && !editor;
-    PaintSelection(painter, scene, viewport, region.boundingRect(), focused);
-    PaintOverlay(painter, interaction.Show(), viewport);
+    const Overlay overlay = interaction.Show();
+    PaintSelection(painter, scene, viewport, region.boundingRect(), Ring(), overlay.loose);
+    PaintOverlay(painter, overlay, surface, viewport);
+}
+
+FocusRing SurfaceView::Impl::Ring() const {
+    if (!view.hasFocus() || editor) return FocusRing::None;
+    return byKeyboard_ ? FocusRing::Strong : FocusRing::Faint;
 }
 
 void SurfaceView::Impl::UpdateOverlay() {

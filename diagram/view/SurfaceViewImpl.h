@@ -8,6 +8,7 @@
 #include "diagram/view/Accessible.h"
 #include "diagram/view/BackingStore.h"
 #include "diagram/view/InPlaceEditor.h"
+#include "diagram/view/SelectionPainter.h"
 #include "diagram/view/SurfaceView.h"
 #include "diagram/view/Viewport.h"
 
@@ -98,6 +99,9 @@ private:
     void NoteDamage();
     void PaintArea(QPainter &painter, const QRect &devicePixels);
     void UpdatePixels(const QRectF &pixels);
+    FocusRing Ring() const;
+    // Which of keyboard and mouse the user works with.
+    void NoteHand(bool keyboard);
     bool RunKey(QKeyEvent *event);
     bool ArrowKey(QKeyEvent *event);
     // A modifier went up or down: the gesture looks at it at once.
@@ -124,6 +128,7 @@ private:
     bool flushAsked_ = false;
     bool gestureOutdated_ = false;
     bool spaceHeld_ = false;
+    bool byKeyboard_ = false;
 };
 
 } // namespace diagram

@@ -47,8 +47,7 @@ bool NobodyListens(const Surface &surface) {
 } // namespace
 
 PointerInput SurfaceView::Impl::Input(const QPointF &pixels, Qt::KeyboardModifiers modifiers) const {
-    return {viewport.ToSurface(pixels), pixels, QSizeF(1 / viewport.xScale(), 1 / viewport.yScale()),
-            modifiers};
+    return {viewport.ToSurface(pixels), pixels, viewport.Pixel(), modifiers};
 }
 
 void SurfaceView::Impl::AfterInput() {
@@ -63,15 +62,21 @@ void SurfaceView::Impl::UpdatePointer() {
     view.viewport()->setCursor(idle && spaceHeld_ ? Qt::OpenHandCursor : interaction.Pointer());
 }
 
+void SurfaceView::Impl::NoteHand(bool keyboard) {
+    if (std::exchange(byKeyboard_, keyboard) != keyboard) view.viewport()->update();
+}
+
+// While a gesture lasts other buttons mean nothing: what they open would end it half way.
 void SurfaceView::Impl::Press(QMouseEvent *event) {
     DropOutdatedGesture();
+    if (interaction.IsActive()) return;
+    NoteHand(false);
     EndEdit(true);
     view.setFocus(Qt::MouseFocusReason);
     pointer_ = event->position();
     const QPointF seen(pointer_.x() / viewport.xScale(), pointer_.y() / viewport.yScale());
     surface.Events().MouseDown(surface, ButtonMask(event->button()), ShiftMask(event->modifiers()),
                                float(seen.x()), float(seen.y()));
-    if (interaction.IsActive()) return;
     button_ = event->button();
     const bool left = button_ == Qt::LeftButton;
     const PointerInput input = Input(pointer_, event->modifiers());
@@ -91,6 +96,8 @@ void SurfaceView::Impl::FollowPointer(const QPointF &pixels, Qt::KeyboardModifie
 }
 
 void SurfaceView::Impl::Move(QMouseEvent *event) {
+    // The release went to somebody else: a window that opened under the pointer, say.
+    if (interaction.IsActive() && !event->buttons().testFlag(button_)) CancelGesture();
     const QPointF at = event->position();
     surface.Events().MouseMove(surface, ButtonMask(event->buttons()), ShiftMask(event->modifiers()),
                                float(at.x() / viewport.xScale()), float(at.y() / viewport.yScale()));
@@ -113,16 +120,16 @@ void SurfaceView::Impl::DoubleClick(QMouseEvent *event) {
 
 void SurfaceView::Impl::Wheel(QWheelEvent *event) {
     const double notches = event->angleDelta().y() / kNotch;
+    event->accept();
     if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        if (interaction.IsPanning()) return;
         view.ZoomAt(viewport.Zoom() * std::pow(kZoomStep, notches), event->position());
-        event->accept();
-        return;
+        return FollowPointer(event->position(), event->modifiers());
     }
     const QPoint delta = event->pixelDelta().isNull() ? event->angleDelta() / 2 : event->pixelDelta();
     const bool sideways = event->modifiers().testFlag(Qt::ShiftModifier);
     viewport.ScrollTo(viewport.Scroll() - (sideways ? delta.transposed() : delta));
-    if (interaction.IsActive()) FollowPointer(event->position(), event->modifiers());
-    event->accept();
+    FollowPointer(event->position(), event->modifiers());
 }
 
 QPoint SurfaceView::Impl::AutoScrollStep() const {
@@ -166,7 +173,9 @@ void SurfaceView::Impl::KeyPress(QKeyEvent *event) {
     int used = code;
     if (code)
         surface.Events().KeyDown(surface, used, ShiftMask(event->modifiers() | ModifierOf(event->key())));
-    event->setAccepted((code && !used) || RunKey(event));
+    const bool ran = (!code || used) && RunKey(event);
+    if (ran && !ModifierOf(event->key()) && event->key() != Qt::Key_Space) NoteHand(true);
+    event->setAccepted((code && !used) || ran);
     FollowModifier(event->key(), event->modifiers() | ModifierOf(event->key()));
     AfterInput();
 }

@@ -79,6 +79,11 @@ QRectF Viewport::FromSurface(const QRectF &twips) const {
     return {FromSurface(twips.topLeft()), FromSurface(twips.bottomRight())};
 }
 
+QTransform Viewport::ToPixels() const {
+    const QPoint scroll = Scroll();
+    return {xScale_, 0, 0, yScale_, double(-scroll.x()), double(-scroll.y())};
+}
+
 QRect Viewport::SeenPixels() const { return {Scroll(), area_.viewport()->size()}; }
 
 QRectF Viewport::Seen() const {

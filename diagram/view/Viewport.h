@@ -6,6 +6,7 @@
 #include <QPointF>
 #include <QRectF>
 #include <QSize>
+#include <QTransform>
 
 class QAbstractScrollArea;
 
@@ -36,7 +37,9 @@ public:
     QPointF ToSurface(const QPointF &pixels) const;
     QPointF FromSurface(const QPointF &twips) const;
     QRectF FromSurface(const QRectF &twips) const;
-    QRectF Seen() const; // twips
+    QRectF Seen() const;                                        // twips
+    QSizeF Pixel() const { return {1 / xScale_, 1 / yScale_}; } // twips
+    QTransform ToPixels() const;                                // what FromSurface does, for paths
 
     void ZoomAt(double percent, const QPointF &at);
     // Shows the stored zoom again.

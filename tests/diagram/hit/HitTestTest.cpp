@@ -1,5 +1,6 @@
 #include "diagram/hit/HitTest.h"
 
+#include "diagram/hit/Grips.h"
 #include "diagram/scene/Scene.h"
 #include "tests/diagram/model/RandomSurface.h"
 
@@ -49,17 +50,54 @@ TEST(HitTest, HiddenNodesAreNotHit) {
     EXPECT_EQ(NodeAtPoint(drawn.scene, 100, 100), nullptr);
 }
 
-TEST(HitTest, TheMiddleOfANodeStartsALink) {
+TEST(HitTest, BesideEachSideOfANodeALinkStarts) {
     Drawn drawn;
-    drawn.AddNode(0, 0);
-    EXPECT_EQ(drawn.At(1000, 500).kind, HitKind::LinkStart);
-    EXPECT_EQ(drawn.At(1100, 500).kind, HitKind::Node);
+    Node &node = drawn.AddNode(1000, 1000);
+    const auto places = LinkStartPlaces(node.Bounds(), HitOptions().handleSize);
+    for (int i = 0; i < 4; ++i) {
+        const Hit hit = HitTest(drawn.scene, places[size_t(i)]);
+        EXPECT_EQ(hit.kind, HitKind::LinkStart) << i;
+        EXPECT_EQ(hit.node, &node);
+        EXPECT_EQ(hit.index, i);
+    }
+    EXPECT_EQ(drawn.At(2000, 1500).kind, HitKind::Node) << "the middle moves the node";
+    node.SetSelectable(false);
+    EXPECT_EQ(HitTest(drawn.scene, places[0]).kind, HitKind::Nothing);
+}
+
+TEST(HitTest, LinkStart_LiesAboveLinksAndBelowNodes) {
+    Drawn drawn;
+    Node &node = drawn.AddNode(1000, 1000), &other = drawn.AddNode(5000, 1000);
+    node.Links().Add(other);
+    const QPointF right = LinkStartPlaces(node.Bounds(), HitOptions().handleSize)[1];
+    EXPECT_EQ(HitTest(drawn.scene, right).kind, HitKind::LinkStart);
+    HitOptions without;
+    without.linkStarts = false;
+    EXPECT_EQ(HitTest(drawn.scene, right, without).kind, HitKind::Link);
+    Node &above = drawn.AddNode(3050, 1000);
+    EXPECT_EQ(HitTest(drawn.scene, right).node, &above);
+    above.SetSelectable(false);
+    EXPECT_EQ(HitTest(drawn.scene, right).node, &node) << "what can't be selected covers nothing";
+}
+
+TEST(HitTest, SmallSelectedNode_CanBeGraspedByItsBody) {
+    Drawn drawn;
+    for (const float side : {0.0F, 15.0F, 60.0F, 150.0F, 400.0F}) {
+        Node &node = drawn.AddNode(3000, 3000, side, side);
+        node.SetSelected(true);
+        EXPECT_EQ(drawn.At(3000 + side / 2, 3000 + side / 2).kind, HitKind::Node) << side;
+        const auto places = HandlePlaces(node.Bounds(), HitOptions().handleSize);
+        for (int i = 0; i < 8; ++i) EXPECT_EQ(HitTest(drawn.scene, places[size_t(i)]).index, i) << side;
+        node.SetHidden(true);
+    }
 }
 
 TEST(HitTest, ASmallNodeHasNoLinkStart) {
     Drawn drawn;
-    drawn.AddNode(0, 0, 200, 200);
-    EXPECT_EQ(drawn.At(100, 100).kind, HitKind::Node);
+    const Node &node = drawn.AddNode(1000, 1000, 100, 100);
+    const HitOptions options;
+    for (const QPointF &place : LinkStartPlaces(node.Bounds(), options.handleSize))
+        EXPECT_NE(HitTest(drawn.scene, place, options).kind, HitKind::LinkStart);
 }
 
 TEST(HitTest, AllEightHandlesOfASelectedNode) {

@@ -58,18 +58,17 @@ TEST(NextInReadingOrder, StartsAtTheEndsAndStopsThere) {
     EXPECT_EQ(NextInReadingOrder(surface, -1), &a);
 }
 
-TEST(SelectInside, TakesOnlyWhatLiesWholeInside) {
+TEST(LiesInside, CountsOnlyWhatLiesWholeInside) {
     Surface surface;
-    Scene scene(surface);
     Node &a = Add(surface, "a", 100, 100);
     Node &b = Add(surface, "b", 400, 100);
     Node &c = Add(surface, "c", 950, 100);
     Link &inside = a.Links().Add(b);
     Link &across = b.Links().Add(c);
-    SelectInside(scene, QRectF(0, 0, 1000, 1000), false);
-    EXPECT_TRUE(a.Selected() && b.Selected() && inside.Selected());
-    EXPECT_FALSE(c.Selected());
-    EXPECT_EQ(across.Selected(), QRectF(0, 0, 1000, 1000).contains(ToQPointF(across.Way().back())));
+    const QRectF area(0, 0, 1000, 1000);
+    EXPECT_TRUE(LiesInside(a, area) && LiesInside(b, area) && LiesInside(inside, area));
+    EXPECT_FALSE(LiesInside(c, area));
+    EXPECT_EQ(LiesInside(across, area), area.contains(ToQPointF(across.Way().back())));
 }
 
 TEST(ChangeSelection, RaisesAfterSelectOnlyForADifference) {

@@ -67,10 +67,31 @@ TEST_F(Copying, NodeThatIsNotSelected_IsCopiedAlone) {
     EXPECT_EQ(surface.Nodes().Count(), 3);
 }
 
-TEST_F(Copying, MiddleOfANode_CopiesToo) {
-    Drag(Middle(a), Middle(a) + QPoint(120, 333), Qt::ControlModifier);
+TEST_F(Copying, CtrlPressedDuringAMove_MakesItACopyAndBack) {
+    const QPointF start(a.Left(), a.Top());
+    DragAndHold(Body(a), Body(a) + QPoint(120, 333));
+    EXPECT_NE(QPointF(a.Left(), a.Top()), start);
+    hand->KeyPress(Qt::Key_Control);
+    EXPECT_EQ(QPointF(a.Left(), a.Top()), start) << "the node stays, its copy goes";
+    EXPECT_EQ(view->viewport()->cursor().shape(), Qt::DragCopyCursor);
+    hand->KeyRelease(Qt::Key_Control);
+    EXPECT_NE(QPointF(a.Left(), a.Top()), start);
+    EXPECT_EQ(view->viewport()->cursor().shape(), Qt::SizeAllCursor);
+    Release(hand->At());
+    EXPECT_EQ(surface.Nodes().Count(), 2);
+    EXPECT_EQ(UndoSteps(), 1);
+}
+
+TEST_F(Copying, CtrlHeldAtTheRelease_Decides) {
+    const QPointF start(a.Left(), a.Top());
+    DragAndHold(Body(a), Body(a) + QPoint(120, 333));
+    hand->KeyPress(Qt::Key_Control);
+    Release(hand->At(), Qt::ControlModifier);
     EXPECT_EQ(surface.Nodes().Count(), 3);
-    EXPECT_EQ(surface.Links().size(), 1U);
+    EXPECT_EQ(QPointF(a.Left(), a.Top()), start);
+    EXPECT_EQ(UndoSteps(), 1);
+    surface.Undo();
+    EXPECT_EQ(surface.Nodes().Count(), 2);
 }
 
 TEST_F(Copying, Drag_ShowsWhereTheCopyWillStand) {

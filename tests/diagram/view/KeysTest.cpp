@@ -131,7 +131,7 @@ TEST_F(Keys, PointerShape_FollowsWhatLiesBelow) {
     EXPECT_EQ(view->viewport()->cursor().shape(), Qt::SizeAllCursor);
     MoveTo(Handle(a, 3));
     EXPECT_EQ(view->viewport()->cursor().shape(), Qt::SizeHorCursor);
-    MoveTo(Middle(b));
+    MoveTo(LinkStart(b));
     EXPECT_EQ(view->viewport()->cursor().shape(), Qt::CrossCursor);
     MoveTo(QPoint(600, 500));
     EXPECT_EQ(view->viewport()->cursor().shape(), Qt::ArrowCursor);

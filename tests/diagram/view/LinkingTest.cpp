@@ -12,8 +12,8 @@ protected:
     Node &a, &b, &c;
 };
 
-TEST_F(Linking, DragFromTheMiddleToAnotherNode_AddsALink) {
-    Drag(Middle(a), Middle(b));
+TEST_F(Linking, DragFromBesideANodeToAnother_AddsALink) {
+    Drag(LinkStart(a), Middle(b));
     ASSERT_EQ(a.Links().Count(), 1);
     Link &link = a.Links().Item(1);
     EXPECT_EQ(&link.Source(), &a);
@@ -28,18 +28,18 @@ TEST_F(Linking, DragFromTheMiddleToAnotherNode_AddsALink) {
 
 TEST_F(Linking, DropOnEmptySurface_GivesNothingAndSaysWhy) {
     QSignalSpy hints(view.get(), &SurfaceView::HintShown);
-    Drag(Middle(a), QPoint(600, 500));
+    Drag(LinkStart(a), QPoint(600, 500));
     EXPECT_TRUE(surface.Links().empty());
     EXPECT_FALSE(surface.CanUndo());
-    ASSERT_EQ(hints.count(), 1);
-    EXPECT_EQ(hints[0][0].value<Hint>(), Hint::LinkNeedsNode);
+    ASSERT_FALSE(hints.isEmpty());
+    EXPECT_EQ(hints.last()[0].value<Hint>(), Hint::LinkNeedsNode);
     EXPECT_EQ(surface.Nodes().Count(), 3);
 }
 
 TEST_F(Linking, Escape_LeavesNoTrace) {
     const QImage before = Shown();
-    DragAndHold(Middle(a), Middle(b));
-    EXPECT_GT(DifferingPixels(before, view->viewport()->grab().toImage()), 100) << "target not highlighted";
+    DragAndHold(LinkStart(a), Middle(b));
+    EXPECT_GT(DifferingPixels(before, Seen()), 100) << "target not highlighted";
     Key(Qt::Key_Escape);
     Release(Middle(b));
     EXPECT_TRUE(surface.Links().empty());
@@ -47,14 +47,86 @@ TEST_F(Linking, Escape_LeavesNoTrace) {
     EXPECT_EQ(DifferingPixels(before, Shown()), 0);
 }
 
-TEST_F(Linking, Click_InTheMiddleSelectsTheNode) {
-    Click(Middle(a));
+TEST_F(Linking, Click_WhereALinkStartsSelectsTheNode) {
+    Click(LinkStart(a));
     EXPECT_TRUE(a.Selected());
     EXPECT_TRUE(surface.Links().empty());
 }
 
+TEST_F(Linking, Click_WhereALinkRunsThroughSuchAPlaceSelectsTheLink) {
+    Link &link = AddLink(a, b);
+    Settle();
+    Click(LinkStart(a));
+    EXPECT_TRUE(link.Selected());
+    EXPECT_FALSE(a.Selected());
+}
+
+TEST_F(Linking, MiddleOfANode_MovesIt) {
+    const float left = a.Left();
+    Drag(Middle(a), Middle(a) + QPoint(0, 200));
+    EXPECT_EQ(a.Left(), left);
+    EXPECT_EQ(a.Top(), 4500);
+    EXPECT_TRUE(surface.Links().empty());
+}
+
+TEST_F(Linking, Hover_ShowsWhereLinksStartAndTheyStayOnTheWayThere) {
+    const QImage before = Shown();
+    MoveTo(Middle(a));
+    const QImage shown = Seen();
+    for (int side = 0; side < 4; ++side) {
+        const QPoint place = LinkStart(a, side);
+        EXPECT_NE(shown.copy(QRect(place - QPoint(5, 5), QSize(10, 10))),
+                  before.copy(QRect(place - QPoint(5, 5), QSize(10, 10))))
+            << side;
+    }
+    const QPoint place = LinkStart(a, 1), onTheWay = place - QPoint(10, 0);
+    MoveTo(onTheWay);
+    EXPECT_EQ(Seen().copy(QRect(place, QSize(5, 5))), shown.copy(QRect(place, QSize(5, 5))));
+    MoveTo(place);
+    EXPECT_EQ(view->viewport()->cursor().shape(), Qt::CrossCursor);
+    EXPECT_NE(Seen().copy(QRect(place, QSize(5, 5))), shown.copy(QRect(place, QSize(5, 5)))) << "not lit";
+    MoveTo(QPoint(600, 500));
+    EXPECT_EQ(DifferingPixels(before, Shown()), 0);
+}
+
+TEST_F(Linking, Hover_SaysWhatADragWouldDo) {
+    QSignalSpy hints(view.get(), &SurfaceView::HintShown);
+    const auto last = [&] { return hints.isEmpty() ? Hint::Nothing : hints.last()[0].value<Hint>(); };
+    Link &link = AddLink(a, b);
+    link.SetSelected(true);
+    c.SetSelected(true);
+    Settle();
+    MoveTo(LinkStart(a, 0));
+    EXPECT_EQ(last(), Hint::DragDrawsLink);
+    MoveTo(At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2));
+    EXPECT_EQ(last(), Hint::DragMakesBend);
+    MoveTo(At(ToQPointF(link.Way().back())));
+    EXPECT_EQ(last(), Hint::DragMovesEnd);
+    MoveTo(Handle(c, 4));
+    EXPECT_EQ(last(), Hint::DragResizes);
+    MoveTo(QPoint(600, 500));
+    EXPECT_EQ(last(), Hint::Nothing);
+    EXPECT_EQ(hints.count(), 5) << "told once each";
+}
+
+TEST_F(Linking, DraggedLink_EndsOnTheOutlineOfTheNodeItWouldJoin) {
+    b.SetShape(0);
+    Settle();
+    DragAndHold(LinkStart(a), Middle(b));
+    const QImage shown = Seen();
+    const auto isLine = [&](const QPoint &at) {
+        const QColor colour = shown.pixelColor(at);
+        return colour.blue() > colour.green() + 40 && colour.blue() > colour.red() + 60;
+    };
+    const int y = Middle(a).y();
+    EXPECT_TRUE(isLine(QPoint(280, y)) || isLine(QPoint(280, y - 1)));
+    EXPECT_FALSE(isLine(QPoint(310, y)) || isLine(QPoint(310, y - 1))) << "runs on inside";
+    const QColor inside = shown.pixelColor(Middle(b) + QPoint(0, 15));
+    EXPECT_GT(inside.green(), inside.red() + 20) << "not highlighted";
+}
+
 TEST_F(Linking, DragOutAndBack_LinksTheNodeToItself) {
-    DragAndHold(Middle(a), QPoint(100, 300));
+    DragAndHold(LinkStart(a), QPoint(100, 300));
     MoveTo(Middle(a));
     Release(Middle(a));
     ASSERT_EQ(surface.Links().size(), 1U);
@@ -64,7 +136,7 @@ TEST_F(Linking, DragOutAndBack_LinksTheNodeToItself) {
 
 TEST_F(Linking, UnselectableNode_IsNoTarget) {
     b.SetSelectable(false);
-    Drag(Middle(a), Middle(b));
+    Drag(LinkStart(a), Middle(b));
     EXPECT_TRUE(surface.Links().empty());
 }
 

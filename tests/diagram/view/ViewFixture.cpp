@@ -2,12 +2,12 @@
 
 #include "diagram/edit/History.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/hit/Grips.h"
+#include "diagram/interaction/Press.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QScrollBar>
-#include <QTest>
-#include <QWheelEvent>
 
 namespace diagram::testing {
 
@@ -49,6 +49,7 @@ void RecordingEvents::GotFocus(Surface &) { Note(*this, "GotFocus"); }
 ViewTest::ViewTest() {
     AttachHistory(surface);
     view = std::make_unique<SurfaceView>(surface);
+    hand = std::make_unique<Hand>(*view);
     view->resize(800, 600);
     view->show();
     QApplication::setActiveWindow(view.get());
@@ -79,6 +80,13 @@ QPoint ViewTest::Body(const Node &node) const {
 
 QPoint ViewTest::Middle(const Node &node) const { return At(node.Bounds().center()); }
 
+QPoint ViewTest::LinkStart(const Node &node, int side) const {
+    const double handle = OptionsFor({{}, {}, QSizeF(1500, 1500) / view->ShownZoom(), {}}).handleSize;
+    return At(LinkStartPlaces(node.Bounds(), handle)[size_t(side)]);
+}
+
+QImage ViewTest::Seen() { return view->viewport()->grab().toImage(); }
+
 QPoint ViewTest::Handle(const Node &node, int handle) const {
     const QRectF box = node.Bounds();
     const QPointF middle = box.center();
@@ -89,22 +97,13 @@ QPoint ViewTest::Handle(const Node &node, int handle) const {
 }
 
 void ViewTest::Press(const QPoint &at, Qt::KeyboardModifiers modifiers, Qt::MouseButton button) {
-    held_ |= button;
-    QTest::mousePress(view->viewport(), button, modifiers, at);
-    Settle();
+    hand->Press(at, modifiers, button);
 }
 
-void ViewTest::MoveTo(const QPoint &at, Qt::KeyboardModifiers modifiers) {
-    QMouseEvent move(QEvent::MouseMove, at, view->viewport()->mapToGlobal(at), Qt::NoButton, held_,
-                     modifiers);
-    QApplication::sendEvent(view->viewport(), &move);
-    Settle();
-}
+void ViewTest::MoveTo(const QPoint &at, Qt::KeyboardModifiers modifiers) { hand->MoveTo(at, modifiers); }
 
 void ViewTest::Release(const QPoint &at, Qt::KeyboardModifiers modifiers, Qt::MouseButton button) {
-    held_ &= ~Qt::MouseButtons(button);
-    QTest::mouseRelease(view->viewport(), button, modifiers, at);
-    Settle();
+    hand->Release(at, modifiers, button);
 }
 
 void ViewTest::Click(const QPoint &at, Qt::KeyboardModifiers modifiers) {
@@ -113,9 +112,7 @@ void ViewTest::Click(const QPoint &at, Qt::KeyboardModifiers modifiers) {
 }
 
 void ViewTest::DragAndHold(const QPoint &from, const QPoint &to, Qt::KeyboardModifiers modifiers) {
-    MoveTo(from, modifiers);
-    Press(from, modifiers);
-    for (int third = 1; third <= 3; ++third) MoveTo(from + (to - from) * third / 3, modifiers);
+    hand->DragAndHold(from, to, modifiers);
 }
 
 void ViewTest::Drag(const QPoint &from, const QPoint &to, Qt::KeyboardModifiers modifiers) {
@@ -124,26 +121,12 @@ void ViewTest::Drag(const QPoint &from, const QPoint &to, Qt::KeyboardModifiers 
 }
 
 void ViewTest::Wheel(const QPoint &at, int angle, Qt::KeyboardModifiers modifiers) {
-    QWheelEvent event(at, view->viewport()->mapToGlobal(at), QPoint(), QPoint(0, angle), held_, modifiers,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(view->viewport(), &event);
-    Settle();
+    hand->Wheel(at, angle, modifiers);
 }
 
-void ViewTest::Key(int key, Qt::KeyboardModifiers modifiers) {
-    QWidget *target = QApplication::focusWidget();
-    QTest::keyClick(target ? target : view.get(), Qt::Key(key), modifiers);
-    Settle();
-}
+void ViewTest::Key(int key, Qt::KeyboardModifiers modifiers) { hand->Key(key, modifiers); }
 
-void ViewTest::Type(const char *text) {
-    for (const char *at = text; *at; ++at) {
-        QWidget *target = QApplication::focusWidget();
-        ASSERT_NE(target, nullptr);
-        QTest::keyClick(target, *at);
-        Settle();
-    }
-}
+void ViewTest::Type(const char *text) { hand->Type(text); }
 
 QImage ViewTest::Shown() {
     view->clearFocus();

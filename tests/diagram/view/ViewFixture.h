@@ -3,6 +3,7 @@
 
 #include "diagram/model/Surface.h"
 #include "diagram/view/SurfaceView.h"
+#include "tests/diagram/view/Hand.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -53,6 +54,7 @@ protected:
     QPoint At(const QPointF &twips) const; // pixels of the viewport
     QPoint Body(const Node &node) const;   // inside the node, away from the place where a link starts
     QPoint Middle(const Node &node) const;
+    QPoint LinkStart(const Node &node, int side = 1) const; // 0 above, clockwise
     QPoint Handle(const Node &node, int handle) const;
 
     void Press(const QPoint &at, Qt::KeyboardModifiers modifiers = {},
@@ -69,6 +71,8 @@ protected:
     void Key(int key, Qt::KeyboardModifiers modifiers = {});
     void Type(const char *text);
 
+    // What the view shows now, as it is painted.
+    QImage Seen();
     // What the view shows now, and what a new view of a copy shows of the same part; without focus ring and
     // hover marks.
     QImage Shown();
@@ -79,7 +83,7 @@ protected:
     Surface surface;
     RecordingEvents events;
     std::unique_ptr<SurfaceView> view;
-    Qt::MouseButtons held_;
+    std::unique_ptr<Hand> hand;
 };
 
 // Number of pixels that differ by more than a shade.

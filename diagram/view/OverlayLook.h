@@ -1,0 +1,32 @@
+// The colours and the pixel grid of what is painted on top of a diagram.
+#pragma once
+
+#include <QColor>
+#include <QPainter>
+
+namespace diagram {
+
+class Surface;
+
+// Follows the surface's own colour, not the desktop's theme: that is what the marks stand on.
+struct OverlayLook {
+    QColor accent; // selection, bands, what is being drawn
+    QColor target; // the node that a link would join
+    QColor guide;
+    QColor onAccent; // text and signs on the accent
+    double ratio;    // device pixels a pixel
+
+    // Pixels whose edges lie on device pixels: a square of about `side` around `middle`.
+    QRectF Square(const QPointF &middle, double side) const;
+    // A line of `pixels` that is a whole number of device pixels wide.
+    QPen Line(const QColor &colour, double pixels) const;
+    // Put through the middle of a device pixel, so that a thin line on it is crisp.
+    QPointF Crisp(const QPointF &place) const;
+    QRectF Crisp(const QRectF &box) const;
+};
+
+OverlayLook LookFor(const Surface &surface, const QPainter &painter);
+
+QColor Faded(QColor colour, int alpha);
+
+} // namespace diagram

@@ -1,0 +1,25 @@
+// What the screen shows of the selection: frames, handles and the focus ring. Never printed or exported.
+#pragma once
+
+#include "diagram/model/Item.h"
+
+#include <QRectF>
+
+class QPainter;
+
+namespace diagram {
+
+class Scene;
+class Viewport;
+
+// Pixels that handles, rings and the marks of gestures reach beyond the bounds of an item.
+constexpr int kHandleReach = 22;
+
+// How the item that the keyboard acts on is told from the others.
+enum class FocusRing : unsigned char { None, Faint, Strong };
+
+// Paints into viewport pixels what lies in `area`. `loose` is a link that shows no handles.
+void PaintSelection(QPainter &painter, Scene &scene, const Viewport &viewport, const QRectF &area,
+                    FocusRing ring, ItemId loose);
+
+} // namespace diagram

@@ -1,0 +1,109 @@
+#include "gallery/gestures/Film.h"
+#include "gallery/gestures/Scenes.h"
+
+namespace gallery {
+
+using namespace diagram;
+
+namespace {
+
+constexpr int kHvh = 5;
+
+void Finish(Film &film, const char *caption) {
+    film.Hand().Release(film.Hand().At());
+    film.Shoot(caption);
+}
+
+void Draw(Film &film) {
+    Node &a = film.Add(60, 60, 120, 70, "Market");
+    Node &b = film.Add(340, 200, 130, 80, "Product");
+    b.SetShape(0);
+    film.ShootDrag(film.LinkStart(a, 1), film.At(280, 180));
+    film.Hand().MoveTo(film.Body(b));
+    film.Shoot("over the node that it would join");
+    Finish(film, "linked");
+}
+
+void DrawNowhere(Film &film) {
+    Node &a = film.Add(60, 60, 120, 70, "Market");
+    film.Hand().DragAndHold(film.LinkStart(a, 1), film.At(330, 220));
+    film.Shoot("over empty surface");
+    Finish(film, "nothing came of it");
+}
+
+void Loop(Film &film) {
+    Node &a = film.Add(160, 120, 150, 90, "Market");
+    film.Hand().DragAndHold(film.LinkStart(a, 1), film.At(400, 100));
+    film.Hand().MoveTo(film.Body(a));
+    film.Shoot("back on the node");
+    Finish(film, "a loop");
+}
+
+void MoveEnd(Film &film) {
+    Node &a = film.Add(60, 60, 120, 70, "Market");
+    Node &b = film.Add(340, 60, 130, 80, "Product");
+    Node &c = film.Add(340, 220, 130, 80, "Price");
+    Link &link = film.Join(a, b);
+    link.SetSelected(true);
+    film.Shoot("selected");
+    const QPoint end = film.View().FromSurface(ToQPointF(link.Way().back())).toPoint();
+    film.ShootDrag(end, film.At(280, 220));
+    film.Hand().MoveTo(film.Body(c));
+    film.Shoot("over another node");
+    Finish(film, "it ends there now");
+}
+
+void Bend(Film &film) {
+    Node &a = film.Add(40, 60, 120, 70, "Market");
+    Node &b = film.Add(400, 220, 120, 70, "Product");
+    Link &link = film.Join(a, b);
+    link.SetSelected(true);
+    film.Hand().MoveTo(film.OnWay(link, 0));
+    film.Shoot("over the middle of a segment");
+    film.ShootDrag(film.OnWay(link, 0), film.At(320, 80));
+    Finish(film, "a bend");
+    const QPoint bend = film.View().FromSurface(ToQPointF(link.Way()[1])).toPoint();
+    film.ShootDrag(bend, film.At(281, 174));
+    Finish(film, "dropped in line: it is gone");
+}
+
+void Orthogonal(Film &film) {
+    Node &a = film.Add(40, 60, 120, 70, "Market");
+    Node &b = film.Add(400, 220, 120, 70, "Product");
+    Link &link = film.Join(a, b);
+    link.SetStyle(kHvh);
+    link.SetSelected(true);
+    film.Shoot("selected");
+    const QPoint middle = film.OnWay(link, 1);
+    film.ShootDrag(middle, middle + QPoint(70, 10));
+    Finish(film, "the directions are kept");
+}
+
+void Label(Film &film) {
+    Node &a = film.Add(40, 60, 120, 70, "Market");
+    Node &b = film.Add(400, 220, 120, 70, "Product");
+    Link &link = film.Join(a, b);
+    link.SetText(QStringLiteral("leads to"));
+    film.Hand().Press(film.OnWay(link, 0) + QPoint(0, 0));
+    Finish(film, "clicked");
+    film.Hand().Key(Qt::Key_F2);
+    film.Shoot("F2");
+    film.Hand().Key(Qt::Key_End);
+    film.Hand().Type(" a wider market");
+    film.Shoot("typed");
+    film.Hand().Key(Qt::Key_Return, Qt::ControlModifier);
+    film.Shoot("Ctrl+Enter");
+}
+
+constexpr Scene kScenes[] = {
+    {"20-link", Draw, true},       {"21-link-nowhere", DrawNowhere, false},
+    {"22-link-loop", Loop, false}, {"23-link-end", MoveEnd, false},
+    {"24-bend", Bend, true},       {"25-orthogonal", Orthogonal, false},
+    {"26-label", Label, true},
+};
+
+} // namespace
+
+std::span<const Scene> LinkScenes() { return kScenes; }
+
+} // namespace gallery
