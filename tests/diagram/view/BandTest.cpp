@@ -1,0 +1,89 @@
+#include "tests/diagram/view/ViewFixture.h"
+
+namespace diagram::testing {
+
+class Band : public ViewTest {
+protected:
+    Band()
+        : a(AddNode("a", 50, 50)), b(AddNode("b", 250, 50)), c(AddNode("c", 450, 50)), link(AddLink(a, b)) {
+        Settle();
+    }
+    using Nodes = std::vector<Node *>;
+    Node &a, &b, &c;
+    Link &link;
+};
+
+TEST_F(Band, Selection_FollowsTheBandWhileItGrowsAndShrinks) {
+    MoveTo(QPoint(20, 20));
+    Press(QPoint(20, 20), Qt::ShiftModifier);
+    MoveTo(QPoint(180, 150), Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNodes(), Nodes{&a});
+    MoveTo(QPoint(380, 150), Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNodes(), (Nodes{&a, &b}));
+    EXPECT_TRUE(link.Selected());
+    MoveTo(QPoint(600, 150), Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNodes().size(), 3U);
+    MoveTo(QPoint(180, 150), Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNodes(), Nodes{&a});
+    EXPECT_FALSE(link.Selected());
+    EXPECT_EQ(events.Count("AfterSelect"), 0) << "told at the end";
+    Release(QPoint(180, 150), Qt::ShiftModifier);
+    EXPECT_EQ(events.Count("AfterSelect"), 1);
+    EXPECT_FALSE(surface.CanUndo());
+}
+
+TEST_F(Band, HandlesOfWhatItHolds_AreSeenBeforeTheRelease) {
+    Press(QPoint(20, 20), Qt::ShiftModifier);
+    MoveTo(QPoint(180, 150), Qt::ShiftModifier);
+    EXPECT_EQ(Seen().pixelColor(Handle(a, 4)), QColor(Qt::white)) << "the inside of a handle";
+    Release(QPoint(180, 150), Qt::ShiftModifier);
+}
+
+TEST_F(Band, DrawnBackOverTheStart_SelectsOnTheOtherSide) {
+    Press(QPoint(400, 150), Qt::ShiftModifier);
+    MoveTo(QPoint(600, 20), Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNodes(), Nodes{&c});
+    MoveTo(QPoint(200, 20), Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNodes(), Nodes{&b});
+    Release(QPoint(200, 20), Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNodes(), Nodes{&b});
+}
+
+TEST_F(Band, CtrlPressedOnTheWay_BringsBackWhatWasSelected) {
+    c.SetSelected(true);
+    Press(QPoint(20, 20), Qt::ShiftModifier);
+    MoveTo(QPoint(180, 150), Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNodes(), Nodes{&a});
+    MoveTo(QPoint(180, 150), Qt::ShiftModifier | Qt::ControlModifier);
+    EXPECT_TRUE(a.Selected() && c.Selected());
+    MoveTo(QPoint(30, 150), Qt::ShiftModifier | Qt::ControlModifier);
+    EXPECT_EQ(surface.SelectedNodes(), Nodes{&c});
+    MoveTo(QPoint(180, 150), Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNodes(), Nodes{&a});
+    Release(QPoint(180, 150), Qt::ShiftModifier);
+    EXPECT_EQ(events.Count("AfterSelect"), 1);
+}
+
+TEST_F(Band, ThatChangesNothing_RaisesNothing) {
+    a.SetSelected(true);
+    Drag(QPoint(20, 20), QPoint(180, 150), Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNodes(), Nodes{&a});
+    EXPECT_EQ(events.Count("AfterSelect"), 0);
+}
+
+TEST_F(Band, MatchesTheWholeRectangleWhateverTheWayThere) {
+    for (int i = 0; i < 60; ++i) AddNode("", 30 + (i * 37) % 700, 150 + (i * 53) % 400, 20 + i % 30, 20);
+    Settle();
+    Press(QPoint(340, 330), Qt::ShiftModifier);
+    const QPoint corners[] = {{500, 400}, {100, 500}, {700, 200}, {200, 160}, {345, 335}, {650, 560}};
+    for (const QPoint &corner : corners) {
+        MoveTo(corner, Qt::ShiftModifier);
+        const QRectF band =
+            QRectF(view->ToSurface(QPoint(340, 330)), view->ToSurface(corner)).normalized();
+        for (const Node &node : surface.Nodes())
+            EXPECT_EQ(node.Selected(), band.contains(node.Bounds())) << node.Left() << ' ' << node.Top();
+    }
+    Release(QPoint(650, 560), Qt::ShiftModifier);
+}
+
+} // namespace diagram::testing

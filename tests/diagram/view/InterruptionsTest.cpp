@@ -1,0 +1,200 @@
+// Whatever comes in between a press and its release: nothing sticks and nothing is left behind.
+#include "tests/diagram/view/ViewFixture.h"
+
+#include "diagram/format/SurfaceFile.h"
+
+#include <QDialog>
+#include <QScrollBar>
+#include <QTimer>
+
+namespace diagram::testing {
+
+namespace {
+
+struct Drag {
+    const char *name;
+    QPoint from, to; // from the places below
+    Qt::KeyboardModifiers modifiers;
+};
+
+} // namespace
+
+class Interruptions : public ViewTest {
+protected:
+    Interruptions() : a(AddNode("a", 50, 100)), b(AddNode("b", 300, 100)), c(AddNode("c", 300, 300)) {
+        Link &link = AddLink(a, b);
+        link.Points().Assign({{2250, 1950}, {3300, 3000}, {4500, 1950}});
+        link.SetSelected(true);
+        b.SetSelected(true);
+        Settle();
+        bend = At(ToQPointF(link.Way()[1]));
+        end = At(ToQPointF(link.Way().back()));
+        segment = At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2);
+        saved = SaveBytes(surface);
+        selectedBefore = surface.SelectedNodes();
+    }
+
+    std::vector<testing::Drag> Drags() const {
+        return {{"draw", QPoint(500, 300), QPoint(640, 420), {}},
+                {"band", QPoint(30, 80), QPoint(170, 180), Qt::ShiftModifier},
+                {"move", Body(b), Body(b) + QPoint(60, 150), {}},
+                {"copy", Body(b), Body(b) + QPoint(60, 150), Qt::ControlModifier},
+                {"resize", Handle(b, 4), Handle(b, 4) + QPoint(37, 21), {}},
+                {"link", LinkStart(c), QPoint(600, 450), {}},
+                {"link end", end, QPoint(600, 450), {}},
+                {"bend", bend, bend + QPoint(20, 60), {}},
+                {"segment", segment, segment + QPoint(-20, 60), {}}};
+    }
+
+    // Interrupts each kind of drag half way; afterwards everything is as before and the hand works on.
+    void ForEachDrag(const std::function<void(const testing::Drag &)> &interrupt) {
+        for (const testing::Drag &drag : Drags()) {
+            SCOPED_TRACE(drag.name);
+            DragAndHold(drag.from, drag.to, drag.modifiers);
+            interrupt(drag);
+            ASSERT_FALSE(view->CancelGesture());
+            MoveTo(drag.to + QPoint(9, 9), drag.modifiers);
+            Release(drag.to, drag.modifiers);
+            EXPECT_EQ(SaveBytes(surface), saved);
+            EXPECT_EQ(surface.SelectedNodes(), selectedBefore);
+            EXPECT_FALSE(surface.CanUndo());
+            EXPECT_FALSE(surface.CanRedo());
+            for (const char *event : {"AfterAddNode", "AfterAddLink", "AfterMove", "AfterResize", "AfterStretch"})
+                EXPECT_EQ(events.Count(event), 0) << event;
+        }
+        Drag(Body(c), Body(c) + QPoint(80, 77));
+        EXPECT_EQ(UndoSteps(), 1) << "the next drag works";
+    }
+
+    Node &a, &b, &c;
+    QPoint bend, end, segment;
+    QByteArray saved;
+    std::vector<Node *> selectedBefore;
+};
+
+TEST_F(Interruptions, Escape) {
+    ForEachDrag([this](const testing::Drag &) { Key(Qt::Key_Escape); });
+}
+
+TEST_F(Interruptions, LosingTheFocus) {
+    ForEachDrag([this](const testing::Drag &) {
+        view->clearFocus();
+        view->setFocus();
+    });
+}
+
+TEST_F(Interruptions, AnotherWindowIsActivated) {
+    QWidget other;
+    other.show();
+    ForEachDrag([&](const testing::Drag &) {
+        QApplication::setActiveWindow(&other);
+        Settle();
+        QApplication::setActiveWindow(view.get());
+        Settle();
+    });
+}
+
+TEST_F(Interruptions, ModalDialogOpens) {
+    ForEachDrag([this](const testing::Drag &) {
+        QDialog dialog(view.get());
+        QTimer::singleShot(0, &dialog, &QDialog::accept);
+        dialog.exec();
+        QApplication::setActiveWindow(view.get());
+        view->setFocus();
+        Settle();
+    });
+}
+
+TEST_F(Interruptions, ViewIsHidden) {
+    ForEachDrag([this](const testing::Drag &) {
+        view->hide();
+        Settle();
+        view->show();
+        QApplication::setActiveWindow(view.get());
+        view->setFocus();
+        Settle();
+    });
+}
+
+TEST_F(Interruptions, ReleaseThatNeverComes) {
+    ForEachDrag([this](const testing::Drag &drag) {
+        QMouseEvent move(QEvent::MouseMove, drag.to, view->viewport()->mapToGlobal(drag.to), Qt::NoButton,
+                         Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(view->viewport(), &move);
+        Settle();
+    });
+}
+
+TEST_F(Interruptions, UndoAndRedo) {
+    ForEachDrag([this](const testing::Drag &) {
+        surface.Undo();
+        surface.Redo();
+        view->CancelGesture(); // a link that is drawn has written nothing that undo could meet
+    });
+}
+
+// The other buttons are passed over, and the drag goes on to its end.
+TEST_F(Interruptions, SecondButton) {
+    for (const Qt::MouseButton other : {Qt::RightButton, Qt::MiddleButton}) {
+        SCOPED_TRACE(other);
+        const int downs = events.Count("MouseDown");
+        const float top = b.Top();
+        DragAndHold(Body(b), Body(b) + QPoint(0, 150), Qt::AltModifier);
+        Press(hand->At(), Qt::AltModifier, other);
+        Release(hand->At(), Qt::AltModifier, other);
+        EXPECT_EQ(events.Count("MouseDown"), downs + 1) << "a right click would open a dialog";
+        MoveTo(hand->At() + QPoint(0, 10), Qt::AltModifier);
+        Release(hand->At(), Qt::AltModifier);
+        EXPECT_EQ(b.Top(), top + 160 * 15);
+        surface.Undo();
+    }
+    EXPECT_EQ(view->horizontalScrollBar()->value(), 0);
+}
+
+TEST_F(Interruptions, WheelWhileDragging_ScrollsUnderTheNode) {
+    const QPointF grip = view->ToSurface(Body(b)) - b.Bounds().topLeft();
+    AddNode("far", 100, 2000);
+    Settle();
+    DragAndHold(Body(b), Body(b) + QPoint(30, 100), Qt::AltModifier);
+    Wheel(hand->At(), -240, Qt::AltModifier);
+    EXPECT_GT(view->verticalScrollBar()->value(), 0);
+    EXPECT_EQ(b.Bounds().topLeft() + grip, view->ToSurface(hand->At()));
+    Wheel(hand->At(), 120, Qt::ControlModifier);
+    EXPECT_GT(view->ShownZoom(), 100);
+    Key(Qt::Key_Escape);
+    Release(hand->At());
+    EXPECT_FALSE(surface.CanUndo());
+}
+
+TEST_F(Interruptions, ZoomWhilePanning_IsPassedOver) {
+    AddNode("far", 2000, 2000);
+    Settle();
+    Press(QPoint(500, 400), {}, Qt::MiddleButton);
+    MoveTo(QPoint(400, 300));
+    Wheel(QPoint(400, 300), 120, Qt::ControlModifier);
+    EXPECT_EQ(view->ShownZoom(), 100);
+    Release(QPoint(400, 300), {}, Qt::MiddleButton);
+    EXPECT_EQ(view->verticalScrollBar()->value(), 100);
+}
+
+TEST_F(Interruptions, PressIsGivenUpToo) {
+    MoveTo(Body(c));
+    Press(Body(c));
+    view->clearFocus();
+    view->setFocus();
+    MoveTo(Body(c) + QPoint(100, 100));
+    Release(Body(c) + QPoint(100, 100));
+    EXPECT_EQ(SaveBytes(surface), saved);
+    EXPECT_EQ(events.Count("Click"), 0);
+}
+
+TEST_F(Interruptions, HiddenWhileEditing_KeepsTheText) {
+    ASSERT_TRUE(view->BeginEdit());
+    Type("typed");
+    view->hide();
+    Settle();
+    EXPECT_FALSE(view->IsEditing());
+    EXPECT_EQ(b.Text(), QStringLiteral("typed"));
+}
+
+} // namespace diagram::testing
