@@ -15,8 +15,14 @@ constexpr int kDark = 110; // grey value below which a surface counts as dark
 OverlayLook LookFor(const Surface &surface, const QPainter &painter) {
     const double ratio = painter.device()->devicePixelRatioF();
     if (qGray(support::ToQColor(surface.BackColor()).rgb()) < kDark)
-        return {QColor(92, 176, 255), QColor(74, 222, 128), QColor(255, 121, 198), QColor(16, 24, 40), ratio};
-    return {QColor(0, 103, 192), QColor(16, 137, 62), QColor(207, 34, 126), QColor(Qt::white), ratio};
+        return {QColor(92, 176, 255),
+                QColor(74, 222, 128),
+                QColor(255, 121, 198),
+                QColor(16, 24, 40),
+                Qt::white,
+                ratio};
+    return {QColor(0, 103, 192), QColor(16, 137, 62), QColor(207, 34, 126),
+            QColor(Qt::white),   Qt::black,           ratio};
 }
 
 QColor Faded(QColor colour, int alpha) {

@@ -14,6 +14,7 @@ struct OverlayLook {
     QColor target; // the node that a link would join
     QColor guide;
     QColor onAccent; // text and signs on the accent
+    QColor shade;    // over what doesn't belong to the surface
     double ratio;    // device pixels a pixel
 
     // Pixels whose edges lie on device pixels: a square of about `side` around `middle`.

@@ -20,6 +20,7 @@ constexpr double kArrowLength = 10, kArrowHalfWidth = 4;
 constexpr double kLinkStart = 4, kLitLinkStart = 7; // radius
 constexpr int kGlow = 32, kStrongGlow = 48;         // alpha
 constexpr int kCover = 215;
+constexpr int kShade = 20;
 
 QRect SizeBox(const Overlay &overlay, const Viewport &viewport) {
     if (overlay.size.isEmpty()) return {};
@@ -151,6 +152,18 @@ void PaintOverlay(QPainter &painter, const Overlay &overlay, const Surface &surf
     PaintGuides(painter, overlay, toPixels, look);
     PaintSize(painter, overlay, viewport, look);
     painter.restore();
+}
+
+void PaintBeyondTheOrigin(QPainter &painter, const Surface &surface, const Viewport &viewport,
+                          const QRectF &area) {
+    const QPointF origin = viewport.FromSurface(QPointF(0, 0));
+    if (origin.x() <= area.left() && origin.y() <= area.top()) return;
+    const OverlayLook look = LookFor(surface, painter);
+    QPainterPath beyond;
+    beyond.addRect(area);
+    const QRectF surfaceItself(origin, QPointF(area.right(), area.bottom()));
+    if (surfaceItself.isValid()) beyond.addRect(surfaceItself);
+    painter.fillPath(beyond, Faded(look.shade, kShade));
 }
 
 QRect OverlayArea(const Overlay &overlay, const Viewport &viewport) {

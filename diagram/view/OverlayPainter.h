@@ -14,6 +14,9 @@ struct Overlay;
 // Paints into viewport pixels.
 void PaintOverlay(QPainter &painter, const Overlay &overlay, const Surface &surface,
                   const Viewport &viewport);
+// Shades what lies left of the surface's origin or above it, where nothing can be put.
+void PaintBeyondTheOrigin(QPainter &painter, const Surface &surface, const Viewport &viewport,
+                          const QRectF &area);
 // What PaintOverlay touches, viewport pixels.
 QRect OverlayArea(const Overlay &overlay, const Viewport &viewport);
 

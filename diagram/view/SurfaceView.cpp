@@ -162,6 +162,12 @@ void SurfaceView::focusOutEvent(QFocusEvent *event) {
     viewport()->update();
 }
 
+void SurfaceView::changeEvent(QEvent *event) {
+    QAbstractScrollArea::changeEvent(event);
+    const bool left = event->type() == QEvent::ActivationChange && !isActiveWindow();
+    if (left && impl_) impl_->Guard("changeEvent", [&] { CancelGesture(); });
+}
+
 void SurfaceView::hideEvent(QHideEvent *event) {
     impl_->Guard("hideEvent", [&] {
         CancelGesture();

@@ -186,6 +186,7 @@ void SurfaceView::Impl::Paint(const QRegion &region) {
     }
     painter.restore();
     painter.setClipRegion(region);
+    PaintBeyondTheOrigin(painter, surface, viewport, region.boundingRect());
     const Overlay overlay = interaction.Show();
     PaintSelection(painter, scene, viewport, region.boundingRect(), Ring(), overlay.loose);
     PaintOverlay(painter, overlay, surface, viewport);

@@ -147,7 +147,7 @@ void SurfaceView::Impl::StartOrStopAutoScroll() {
 }
 
 void SurfaceView::Impl::AutoScroll() {
-    viewport.ScrollTo(viewport.Scroll() + AutoScrollStep(), true);
+    viewport.ScrollTo(viewport.Scroll() + AutoScrollStep(), Viewport::Grow::RightAndBelow);
     FollowPointer(pointer_, modifiers_);
 }
 

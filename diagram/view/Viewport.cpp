@@ -31,6 +31,12 @@ void SetBar(QScrollBar &bar, int low, int high, int page) {
     bar.setRange(low, std::max(low, high - page));
 }
 
+// So that it reaches `value`.
+void Widen(QScrollBar &bar, int value) {
+    const int kept = std::clamp(value, -kLargestScroll, kLargestScroll);
+    bar.setRange(std::min(bar.minimum(), kept), std::max(bar.maximum(), kept));
+}
+
 } // namespace
 
 double FittingZoom(const QRectF &extent, const QSize &size) {
@@ -51,9 +57,7 @@ QRect ScrollableArea(const QRectF &content, const QSize &viewport, const QRect &
     const QPoint end(high(content.right(), viewport.width()), high(content.bottom(), viewport.height()));
     const QRect area(corner, QSize(std::max(viewport.width(), end.x() - corner.x()),
                                    std::max(viewport.height(), end.y() - corner.y())));
-    const QRect seenOn(std::max(seen.left(), area.left()), std::max(seen.top(), area.top()), seen.width(),
-                       seen.height());
-    return area | seenOn;
+    return area | seen;
 }
 
 Viewport::Viewport(QAbstractScrollArea &area, Surface &surface, Scene &scene)
@@ -162,15 +166,18 @@ void Viewport::ZoomAt(double percent, const QPointF &at) {
     shown_ = std::clamp(percent, kLowestZoom, kHighestZoom);
     UpdateScale();
     UpdateBars(false);
-    ScrollTo({qRound(kept.x() * xScale_ - at.x()), qRound(kept.y() * yScale_ - at.y())}, true);
+    ScrollTo({qRound(kept.x() * xScale_ - at.x()), qRound(kept.y() * yScale_ - at.y())}, Grow::Anywhere);
     TellSurface();
 }
 
-void Viewport::ScrollTo(const QPoint &pixels, bool grow) {
+void Viewport::ScrollTo(const QPoint &pixels, Grow grow) {
     QScrollBar &x = *area_.horizontalScrollBar();
     QScrollBar &y = *area_.verticalScrollBar();
-    if (grow && pixels.x() > x.maximum()) x.setMaximum(std::min(pixels.x(), kLargestScroll));
-    if (grow && pixels.y() > y.maximum()) y.setMaximum(std::min(pixels.y(), kLargestScroll));
+    const bool anywhere = grow == Grow::Anywhere;
+    if (grow != Grow::No) {
+        Widen(x, anywhere ? pixels.x() : std::max(pixels.x(), x.minimum()));
+        Widen(y, anywhere ? pixels.y() : std::max(pixels.y(), y.minimum()));
+    }
     x.setValue(pixels.x());
     y.setValue(pixels.y());
 }
@@ -187,7 +194,7 @@ void Viewport::EnsureVisible(const QRectF &twips) {
     if (!seen)
         ScrollTo(Scroll() + QPoint(shift(box.left(), box.right(), size.width()),
                                    shift(box.top(), box.bottom(), size.height())),
-                 true);
+                 Grow::RightAndBelow);
 }
 
 void Viewport::TellSurface() {

@@ -22,7 +22,7 @@ constexpr double kHighestZoom = 800;
 double FittingZoom(const QRectF &extent, const QSize &size);
 // The area in pixels that can be scrolled to: from the surface's origin, or from what lies further left or
 // above, to half a viewport beyond content that doesn't fit; `seen` is always part of it, so that nothing
-// jumps.
+// jumps: a zoom at the pointer may show what lies beyond the origin.
 QRect ScrollableArea(const QRectF &content, const QSize &viewport, const QRect &seen);
 
 // Works on the scroll bars of a scroll area and keeps the surface's size and scroll offsets.
@@ -47,8 +47,9 @@ public:
     // Brings scale and scroll bars up to date with content, stored zoom and window. `frozen`: while a gesture
     // lasts the scale stays and the scrollable area doesn't shrink. True when the scale changed.
     bool Update(bool frozen);
-    // `grow` widens the scrollable area to the right and below.
-    void ScrollTo(const QPoint &pixels, bool grow = false);
+    // `grow` widens the scrollable area as far as is needed.
+    enum class Grow : unsigned char { No, RightAndBelow, Anywhere };
+    void ScrollTo(const QPoint &pixels, Grow grow = Grow::No);
     void EnsureVisible(const QRectF &twips);
     // Tells the surface where it is.
     void TellSurface();

@@ -35,7 +35,7 @@ TEST_F(Band, Selection_FollowsTheBandWhileItGrowsAndShrinks) {
 TEST_F(Band, HandlesOfWhatItHolds_AreSeenBeforeTheRelease) {
     Press(QPoint(20, 20), Qt::ShiftModifier);
     MoveTo(QPoint(180, 150), Qt::ShiftModifier);
-    EXPECT_EQ(Seen().pixelColor(Handle(a, 4)), QColor(Qt::white)) << "the inside of a handle";
+    EXPECT_GT(qGray(Seen().pixel(Handle(a, 4))), 200) << "the border and not the inside of a handle";
     Release(QPoint(180, 150), Qt::ShiftModifier);
 }
 
@@ -78,8 +78,7 @@ TEST_F(Band, MatchesTheWholeRectangleWhateverTheWayThere) {
     const QPoint corners[] = {{500, 400}, {100, 500}, {700, 200}, {200, 160}, {345, 335}, {650, 560}};
     for (const QPoint &corner : corners) {
         MoveTo(corner, Qt::ShiftModifier);
-        const QRectF band =
-            QRectF(view->ToSurface(QPoint(340, 330)), view->ToSurface(corner)).normalized();
+        const QRectF band = QRectF(view->ToSurface(QPoint(340, 330)), view->ToSurface(corner)).normalized();
         for (const Node &node : surface.Nodes())
             EXPECT_EQ(node.Selected(), band.contains(node.Bounds())) << node.Left() << ' ' << node.Top();
     }

@@ -84,4 +84,32 @@ TEST_F(Drawing, DrawnNode_IsPainted) {
     EXPECT_EQ(StalePixels(), 0);
 }
 
+TEST_F(Drawing, Shift_KeepsItAsWideAsHigh) {
+    DragAndHold(QPoint(100, 80), QPoint(220, 150));
+    hand->KeyPress(Qt::Key_Shift);
+    Release(QPoint(220, 150), Qt::ShiftModifier);
+    ASSERT_EQ(surface.Nodes().Count(), 1);
+    EXPECT_EQ(surface.Nodes().Item(1).Bounds(), QRectF(1500, 1200, 1800, 1800));
+    hand->KeyRelease(Qt::Key_Shift);
+}
+
+TEST_F(Drawing, Size_StandsBelowTheOutline) {
+    DragAndHold(QPoint(100, 80), QPoint(220, 150));
+    const QImage before = Seen();
+    const QRect below(120, 156, 80, 16);
+    int marked = 0;
+    for (int x = below.left(); x <= below.right(); ++x)
+        for (int y = below.top(); y <= below.bottom(); ++y)
+            marked += before.pixelColor(x, y) != QColor(Qt::white);
+    EXPECT_GT(marked, 300);
+    MoveTo(QPoint(240, 190));
+    EXPECT_NE(Seen().copy(below), before.copy(below)) << "the size goes along";
+}
+
+TEST_F(Drawing, Pointer_IsACrossWhileDrawing) {
+    DragAndHold(QPoint(100, 80), QPoint(220, 150));
+    EXPECT_EQ(view->viewport()->cursor().shape(), Qt::CrossCursor);
+    Release(QPoint(220, 150));
+    EXPECT_NE(view->viewport()->cursor().shape(), Qt::CrossCursor);
+}
 } // namespace diagram::testing

@@ -135,4 +135,42 @@ TEST_F(SnappingToGuides, GuidesThatGoAway_LeaveNothingBehind) {
     EXPECT_EQ(StalePixels(), 0);
 }
 
+TEST_F(SnappingToGuides, NewNode_IsDrawnToItsNeighbours) {
+    DragAndHold(QPoint(252, 423), QPoint(349, 485));
+    EXPECT_GT(ShownGuides(), 50);
+    Release(QPoint(349, 485));
+    const Node &drawn = surface.Nodes().Item(surface.Nodes().Count());
+    EXPECT_EQ(drawn.Left(), b.Left());
+    EXPECT_EQ(drawn.Bounds().right(), b.Bounds().right());
+}
+
+TEST_F(SnappingToGuides, NewNode_BecomesAsLargeAsANeighbour) {
+    // Out of line with all: only the size is left.
+    Drag(QPoint(457, 423), QPoint(554, 485));
+    const Node &drawn = surface.Nodes().Item(surface.Nodes().Count());
+    EXPECT_EQ(drawn.Bounds(), QRectF(457 * 15, 423 * 15, a.Width(), a.Height()));
+}
+
+TEST_F(SnappingToGuides, NewNode_WithAltStandsWhereItWasDrawn) {
+    Drag(QPoint(252, 423), QPoint(349, 485), Qt::AltModifier);
+    EXPECT_EQ(surface.Nodes().Item(surface.Nodes().Count()).Bounds(),
+              QRectF(252 * 15, 423 * 15, 97 * 15, 62 * 15));
+}
+
+TEST_F(SnappingToGuides, NewNode_DrawnUpwardsAndToTheLeftSnapsTheSame) {
+    Drag(QPoint(554, 485), QPoint(457, 423));
+    const Node &drawn = surface.Nodes().Item(surface.Nodes().Count());
+    EXPECT_EQ(drawn.Bounds(), QRectF(454 * 15, 425 * 15, a.Width(), a.Height()));
+}
+
+TEST_F(SnappingToGuides, Resize_StopsAtTheSizeOfANeighbour) {
+    Node &odd = AddNode("odd", 430, 333, 63, 37);
+    odd.SetSelected(true);
+    Settle();
+    DragAndHold(Handle(odd, 4), Handle(odd, 4) + QPoint(35, 25));
+    EXPECT_EQ(odd.Bounds().size(), a.Bounds().size());
+    EXPECT_GT(ShownGuides(), 150) << "no measures beside the two";
+    Release(hand->At());
+    EXPECT_EQ(odd.Bounds().size(), a.Bounds().size());
+}
 } // namespace diagram::testing

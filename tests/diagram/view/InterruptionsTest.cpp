@@ -3,7 +3,9 @@
 
 #include "diagram/format/SurfaceFile.h"
 
+#include <QApplication>
 #include <QDialog>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTimer>
 
@@ -59,7 +61,8 @@ protected:
             EXPECT_EQ(surface.SelectedNodes(), selectedBefore);
             EXPECT_FALSE(surface.CanUndo());
             EXPECT_FALSE(surface.CanRedo());
-            for (const char *event : {"AfterAddNode", "AfterAddLink", "AfterMove", "AfterResize", "AfterStretch"})
+            for (const char *event :
+                 {"AfterAddNode", "AfterAddLink", "AfterMove", "AfterResize", "AfterStretch"})
                 EXPECT_EQ(events.Count(event), 0) << event;
         }
         Drag(Body(c), Body(c) + QPoint(80, 77));
@@ -86,10 +89,14 @@ TEST_F(Interruptions, LosingTheFocus) {
 TEST_F(Interruptions, AnotherWindowIsActivated) {
     QWidget other;
     other.show();
+    QApplication::setActiveWindow(view.get());
+    view->setFocus();
+    Settle();
     ForEachDrag([&](const testing::Drag &) {
         QApplication::setActiveWindow(&other);
         Settle();
         QApplication::setActiveWindow(view.get());
+        view->setFocus();
         Settle();
     });
 }

@@ -287,4 +287,48 @@ TEST_F(Linking, StretchedLink_IsPaintedAgain) {
     EXPECT_EQ(StalePixels(), 0);
 }
 
+TEST_F(Linking, BendDroppedInLineWithItsNeighbours_GoesAway) {
+    Link &link = AddLink(a, c);
+    link.SetSelected(true);
+    Settle();
+    const QPointF from = ToQPointF(link.Way().front()), to = ToQPointF(link.Way().back());
+    Drag(At((from + to) / 2), At((from + to) / 2) + QPoint(60, -40));
+    ASSERT_EQ(link.Way().size(), 3U);
+    const QPoint bend = At(ToQPointF(link.Way()[1]));
+    const QPointF straight = (ToQPointF(link.Way().front()) + ToQPointF(link.Way().back())) / 2;
+    Drag(bend, At(straight), Qt::AltModifier);
+    ASSERT_EQ(link.Way().size(), 3U) << "Alt keeps it";
+    surface.Undo();
+    Settle();
+    Drag(bend, At(straight) + QPoint(1, 1));
+    EXPECT_EQ(link.Way().size(), 2U);
+    EXPECT_EQ(UndoSteps(), 2);
+    surface.Undo();
+    EXPECT_EQ(link.Way().size(), 3U);
+}
+
+TEST_F(Linking, DraggedEnd_LetsTheOldLinkStandBack) {
+    Link &link = AddLink(a, b);
+    link.SetSelected(true);
+    Settle();
+    const QPoint onLine = At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2) + QPoint(12, 0);
+    const QPoint end = At(ToQPointF(link.Way().back()));
+    const auto darkness = [&] {
+        return 255 - qGray(Seen().pixel(onLine)) + 255 - qGray(Seen().pixel(onLine - QPoint(0, 1)));
+    };
+    const int before = darkness();
+    DragAndHold(end, QPoint(500, 450));
+    EXPECT_LT(darkness(), before / 2);
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(darkness(), before);
+}
+
+TEST_F(Linking, LoopAndEscape_LeaveNoTrace) {
+    DragAndHold(LinkStart(a), QPoint(100, 300));
+    MoveTo(Middle(a));
+    Key(Qt::Key_Escape);
+    Release(Middle(a));
+    EXPECT_TRUE(surface.Links().empty());
+    EXPECT_FALSE(surface.CanUndo());
+}
 } // namespace diagram::testing

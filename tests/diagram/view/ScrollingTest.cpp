@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QTest>
 
 namespace diagram::testing {
 
@@ -155,6 +156,43 @@ TEST_F(Scrolling, CtrlWheel_ZoomsAtThePointerAndLeavesTheStoredZoom) {
     EXPECT_NEAR(view->ShownZoom(), 100, 1e-9);
 }
 
+TEST_F(Scrolling, CtrlWheel_KeepsWhatIsUnderThePointerToThePixel) {
+    for (const QPoint at : {QPoint(3, 4), QPoint(400, 300), QPoint(700, 20), QPoint(60, 560)}) {
+        view->FollowStoredZoom();
+        view->horizontalScrollBar()->setValue(0);
+        view->verticalScrollBar()->setValue(0);
+        Settle();
+        const QPointF under = view->ToSurface(at);
+        for (const int angle : {-120, -120, -120, -360, 120, 480, 960, -120, -600, -2400}) {
+            Wheel(at, angle, Qt::ControlModifier);
+            const QPointF shown = view->FromSurface(under);
+            EXPECT_NEAR(shown.x(), at.x(), 0.51 + view->ShownZoom() / 100) << view->ShownZoom();
+            EXPECT_NEAR(shown.y(), at.y(), 0.51 + view->ShownZoom() / 100) << view->ShownZoom();
+        }
+    }
+}
+
+TEST_F(Scrolling, CtrlWheel_OutAndInAgainComesBack) {
+    const QPoint at(400, 300);
+    const QPointF under = view->ToSurface(at);
+    for (int i = 0; i < 10; ++i) Wheel(at, -120, Qt::ControlModifier);
+    for (int i = 0; i < 10; ++i) Wheel(at, 120, Qt::ControlModifier);
+    EXPECT_NEAR(view->ShownZoom(), 100, 1e-6);
+    EXPECT_LE((view->ToSurface(at) - under).manhattanLength(), 10 * 15);
+}
+
+TEST_F(Scrolling, BeyondTheOrigin_IsShadedAndTakesNoNode) {
+    for (int i = 0; i < 8; ++i) Wheel(QPoint(400, 300), -120, Qt::ControlModifier);
+    const QPoint origin = At(QPointF(0, 0));
+    ASSERT_GT(origin.x(), 50);
+    const QImage shown = Seen();
+    EXPECT_LT(qGray(shown.pixel(origin - QPoint(20, 20))), 250);
+    EXPECT_LT(qGray(shown.pixel(origin + QPoint(20, -20))), 250);
+    const int nodes = surface.Nodes().Count();
+    Drag(origin - QPoint(60, 60), origin - QPoint(10, 10), Qt::AltModifier);
+    EXPECT_EQ(surface.Nodes().Count(), nodes);
+}
+
 TEST_F(Scrolling, StoredZoom_IsShown) {
     for (int percent : {75, 150, 100}) {
         surface.SetxZoom(percent);
@@ -208,6 +246,34 @@ TEST_F(Scrolling, BackColour_FillsTheWholeViewport) {
     const QImage image = Shown();
     EXPECT_EQ(image.pixelColor(image.width() - 2, 2), QColor(10, 20, 30));
     EXPECT_EQ(image.pixelColor(image.width() - 2, image.height() - 2), QColor(10, 20, 30));
+}
+
+// The edge pulls the surface along in every gesture that goes somewhere.
+TEST_F(Scrolling, DragAtTheEdge_ScrollsWhateverIsDragged) {
+    Node &node = AddNode("dragged", 60, 400);
+    Settle();
+    struct Row {
+        const char *what;
+        QPoint from;
+        Qt::KeyboardModifiers modifiers;
+    };
+    const Row rows[] = {{"new node", QPoint(600, 520), {}},
+                        {"band", QPoint(600, 520), Qt::ShiftModifier},
+                        {"link", LinkStart(node), {}},
+                        {"copy", Body(node), Qt::ControlModifier}};
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.what);
+        view->verticalScrollBar()->setValue(0);
+        view->horizontalScrollBar()->setValue(0);
+        Settle();
+        DragAndHold(row.from, QPoint(500, view->viewport()->height() - 2), row.modifiers);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return view->verticalScrollBar()->value() > 30; }));
+        Key(Qt::Key_Escape);
+        const int stopped = view->verticalScrollBar()->value();
+        Release(hand->At(), row.modifiers);
+        EXPECT_EQ(view->verticalScrollBar()->value(), stopped);
+    }
+    EXPECT_FALSE(surface.CanUndo());
 }
 
 } // namespace diagram::testing

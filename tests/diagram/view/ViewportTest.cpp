@@ -36,6 +36,8 @@ TEST(Viewport, ScrollableArea_ReachesContentLeftOfTheOrigin) {
 TEST(Viewport, ScrollableArea_HoldsWhatIsSeen) {
     EXPECT_EQ(ScrollableArea(QRectF(0, 0, 100, 100), QSize(800, 600), QRect(900, 700, 800, 600)),
               QRect(0, 0, 1700, 1300));
+    EXPECT_EQ(ScrollableArea(QRectF(0, 0, 100, 100), QSize(800, 600), QRect(-50, -20, 800, 600)),
+              QRect(-50, -20, 850, 620));
 }
 
 TEST(Viewport, ScrollableArea_OfEndlessContentStaysAnInteger) {
