@@ -1,6 +1,7 @@
 // The slices: surfaces, their views and tabs.
 #include "mainwindow/frmMain.h"
 
+#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/HintText.h"
 #include "mainwindow/ItemDescription.h"
@@ -30,6 +31,7 @@ void frmMain::SurfaceLoaded(diagram::Surface &surface) {
     connect(view.get(), &diagram::SurfaceView::ViewChanged, this, &frmMain::ScheduleUpdate);
     connect(view.get(), &diagram::SurfaceView::HintShown, this,
             [this](diagram::Hint hint) { TellInPassing(HintText(hint)); });
+    view->SetWords({settings::Terms().NODE, settings::Terms().LINK});
     view->SetDescriber([this](const diagram::Item &item) { return ItemDescription(item, clsSettings()); });
     view->lower(); // what is on top stays so until its tab is selected
     views_[surface.Index()] = std::move(view);

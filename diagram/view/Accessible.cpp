@@ -37,6 +37,8 @@ public:
     }
 
     QAccessibleInterface *Entry(const Item &item) const;
+    // The entry of an item that goes, if it was ever asked for.
+    QAccessibleInterface *Known(ItemId id) const;
     void Forget(ItemId id);
 
 private:
@@ -55,11 +57,14 @@ QAccessibleInterface *AccessibleSurface::Entry(const Item &item) const {
     return QAccessible::accessibleInterface(at->second);
 }
 
+QAccessibleInterface *AccessibleSurface::Known(ItemId id) const {
+    const auto entry = entries_.find(id);
+    return entry == entries_.end() ? nullptr : QAccessible::accessibleInterface(entry->second);
+}
+
 void AccessibleSurface::Forget(ItemId id) {
     const auto entry = entries_.find(id);
     if (entry == entries_.end()) return;
-    QAccessibleEvent gone(QAccessible::accessibleInterface(entry->second), QAccessible::ObjectDestroyed);
-    QAccessible::updateAccessibility(&gone);
     QAccessible::deleteAccessibleInterface(entry->second);
     entries_.erase(entry);
 }
@@ -139,36 +144,57 @@ AccessibleNotices::AccessibleNotices(SurfaceView &view) : view_(view), active_(Q
 
 AccessibleNotices::~AccessibleNotices() { QAccessible::removeActivationObserver(this); }
 
+void AccessibleNotices::SetAssistant(std::function<void(QAccessibleEvent &)> assistant) {
+    assistant_ = std::move(assistant);
+}
+
+void AccessibleNotices::Tell(QAccessibleEvent &event) const {
+    if (assistant_)
+        assistant_(event);
+    else
+        QAccessible::updateAccessibility(&event);
+}
+
+void AccessibleNotices::Added(const Item &item) {
+    ListChanged();
+    if (Listens() && added_.size() <= kMostChanges) added_.push_back(item.Id());
+}
+
 void AccessibleNotices::Changed(const Item &item, Change what) {
-    if (!active_) return;
+    if (!Listens()) return;
     if (!Has(what, Change::Selection) && !Has(what, Change::Text)) return;
     if (changed_.size() > kMostChanges) return;
     Change &known = changed_.try_emplace(item.Id(), Change::None).first->second;
     known = known | what;
 }
 
-void AccessibleNotices::ListChanged() { listChanged_ = active_; }
+void AccessibleNotices::ListChanged() { listChanged_ = Listens(); }
 
 void AccessibleNotices::Removed(const Item &item) {
     ListChanged();
-    if (!active_) return;
-    if (AccessibleSurface *list = ListOf(view_)) list->Forget(item.Id());
+    if (!Listens()) return;
+    AccessibleSurface *list = ListOf(view_);
+    QAccessibleInterface *entry = list ? list->Known(item.Id()) : nullptr;
+    if (!entry) return;
+    QAccessibleEvent gone(entry, QAccessible::ObjectDestroyed);
+    Tell(gone);
+    list->Forget(item.Id());
 }
 
 void AccessibleNotices::SendChange(const Item &item, Change what) const {
     QAccessibleInterface *entry = ListOf(view_)->Entry(item);
     if (Has(what, Change::Text)) {
         QAccessibleEvent name(entry, QAccessible::NameChanged);
-        QAccessible::updateAccessibility(&name);
+        Tell(name);
     }
     if (!Has(what, Change::Selection)) return;
     const bool selected = item.AsNode() ? item.AsNode()->Selected() : item.AsLink()->Selected();
     QAccessibleEvent selection(entry, selected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
-    QAccessible::updateAccessibility(&selection);
+    Tell(selection);
     QAccessible::State state;
     state.selected = true;
     QAccessibleStateChangeEvent change(entry, state);
-    QAccessible::updateAccessibility(&change);
+    Tell(change);
 }
 
 void AccessibleNotices::SendFocus() {
@@ -178,20 +204,32 @@ void AccessibleNotices::SendFocus() {
     const ItemId id = focus && view_.hasFocus() ? focus->Id() : kNoItem;
     if (std::exchange(focus_, id) == id || id == kNoItem) return;
     QAccessibleEvent event(ListOf(view_)->Entry(*focus), QAccessible::Focus);
-    QAccessible::updateAccessibility(&event);
+    Tell(event);
+}
+
+void AccessibleNotices::SendAdded() {
+    const auto added = std::exchange(added_, {});
+    if (added.size() > kMostChanges) return;
+    for (const ItemId id : added) {
+        const Item *item = FindItem(view_.Model(), id);
+        if (!item) continue;
+        QAccessibleEvent event(ListOf(view_)->Entry(*item), QAccessible::ObjectCreated);
+        Tell(event);
+    }
 }
 
 void AccessibleNotices::Send() {
     const auto changed = std::exchange(changed_, {});
     const bool listChanged = std::exchange(listChanged_, false);
-    if (!active_ || !ListOf(view_)) return;
+    if (!Listens() || !ListOf(view_)) return;
+    SendAdded();
     if (listChanged) {
         QAccessibleEvent reorder(&view_, QAccessible::ObjectReorder);
-        QAccessible::updateAccessibility(&reorder);
+        Tell(reorder);
     }
     if (changed.size() > kMostChanges) {
         QAccessibleEvent many(&view_, QAccessible::SelectionWithin);
-        QAccessible::updateAccessibility(&many);
+        Tell(many);
     } else {
         for (const auto &[id, what] : changed)
             if (const Item *item = FindItem(view_.Model(), id)) SendChange(*item, what);

@@ -3,8 +3,10 @@
 
 #include "diagram/model/Item.h"
 
+#include <functional>
 #include <map>
 #include <QAccessible>
+#include <vector>
 
 namespace diagram {
 
@@ -21,6 +23,9 @@ public:
     AccessibleNotices(const AccessibleNotices &) = delete;
     AccessibleNotices &operator=(const AccessibleNotices &) = delete;
 
+    // Takes the place of Qt's assistants.
+    void SetAssistant(std::function<void(QAccessibleEvent &)> assistant);
+    void Added(const Item &item);
     void Changed(const Item &item, Change what);
     void ListChanged(); // items came or went
     void Removed(const Item &item);
@@ -28,10 +33,15 @@ public:
 
 private:
     void accessibilityActiveChanged(bool active) override { active_ = active; }
+    bool Listens() const { return active_ || assistant_; }
+    void Tell(QAccessibleEvent &event) const;
+    void SendAdded();
     void SendChange(const Item &item, Change what) const;
     void SendFocus();
 
     SurfaceView &view_;
+    std::function<void(QAccessibleEvent &)> assistant_;
+    std::vector<ItemId> added_;
     std::map<ItemId, Change> changed_;
     ItemId focus_ = kNoItem;
     bool listChanged_ = false;

@@ -8,21 +8,27 @@ namespace diagram {
 
 namespace {
 
-QString EndsOf(const Link &link) {
-    return QStringLiteral("%1 to %2")
-        .arg(link.Source().Text().simplified(), link.Destination().Text().simplified());
+QString Named(const Node &node, const ItemWords &words) {
+    const QString text = node.Text().simplified();
+    return text.isEmpty() ? words.node : text;
 }
 
-QString NameOf(const Item &item) {
-    if (const Node *node = item.AsNode()) return node->Text().simplified();
+QString EndsOf(const Link &link, const ItemWords &words) {
+    return QStringLiteral("%1 to %2").arg(Named(link.Source(), words), Named(link.Destination(), words));
+}
+
+QString NameOf(const Item &item, const ItemWords &words) {
+    if (const Node *node = item.AsNode()) return Named(*node, words);
     const QString text = item.AsLink()->Text().simplified();
-    return text.isEmpty() ? EndsOf(*item.AsLink()) : text;
+    return text.isEmpty() ? EndsOf(*item.AsLink(), words) : text;
 }
 
-QString FactsOf(const Item &item) {
-    if (const Link *link = item.AsLink()) return EndsOf(*link);
+QString FactsOf(const Item &item, const ItemWords &words) {
+    if (const Link *link = item.AsLink())
+        return QStringLiteral("%1, %2").arg(words.link, EndsOf(*link, words));
     const int count = item.AsNode()->Links().Count();
-    return count == 1 ? QStringLiteral("1 link") : QStringLiteral("%1 links").arg(count);
+    const QString links = words.link.toLower() + QLatin1String(count == 1 ? "" : "s");
+    return QStringLiteral("%1, %2 %3").arg(words.node).arg(count).arg(links);
 }
 
 QRectF BoxOf(Scene &scene, const Item &item) {
@@ -59,10 +65,13 @@ QAccessibleInterface *AccessibleItem::parent() const { return QAccessible::query
 QString AccessibleItem::text(QAccessible::Text which) const {
     const Item *item = Find();
     if (!item) return {};
-    if (which == QAccessible::Name) return NameOf(*item);
+    const ItemWords &words = View()->Words();
+    if (which == QAccessible::Name) return NameOf(*item, words);
+    if (which == QAccessible::Value) return item->AsNode() ? item->AsNode()->Text() : item->AsLink()->Text();
     if (which != QAccessible::Description) return {};
     const QString described = View()->Described(*item);
-    return described.isEmpty() ? FactsOf(*item) : described + QStringLiteral(", ") + FactsOf(*item);
+    return described.isEmpty() ? FactsOf(*item, words)
+                               : described + QStringLiteral(", ") + FactsOf(*item, words);
 }
 
 QRect AccessibleItem::rect() const {

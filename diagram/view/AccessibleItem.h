@@ -13,8 +13,9 @@ namespace diagram {
 class SurfaceView;
 
 // Keeps the item by its identity: not valid while the item isn't there. Name: the text; of a link without
-// text its two ends. Description: what the view's describer says, then the number of links of a node, or the
-// ends of a link. Two actions: focus, which selects it alone, and toggle, which selects it or not.
+// text its two ends. Description: what the view's describer says, then whether it is a node or a link in the
+// view's words, and the number of links or the ends. Value: the whole text. Two actions: focus, which selects
+// it alone, and toggle, which selects it or not.
 class AccessibleItem : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
     AccessibleItem(SurfaceView &view, const Item &item);

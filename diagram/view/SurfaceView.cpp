@@ -18,9 +18,8 @@ SurfaceView::SurfaceView(Surface &surface, QWidget *parent) : QAbstractScrollAre
     impl_ = std::make_unique<Impl>(*this, surface);
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(QStringLiteral("Page"));
-    setAccessibleDescription(
-        QStringLiteral("Nodes and the links between them. Tab goes from node to node, the arrow "
-                       "keys move the selected ones, F2 edits the text."));
+    SetWords({});
+    setAttribute(Qt::WA_InputMethodEnabled);
     viewport()->setMouseTracking(true);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setAttribute(Qt::WA_NoSystemBackground);
@@ -86,6 +85,15 @@ void SurfaceView::SetDescriber(Describer describer) { impl_->describer = std::mo
 QString SurfaceView::Described(const Item &item) const {
     return impl_->describer ? impl_->describer(item) : QString();
 }
+void SurfaceView::SetWords(const ItemWords &words) {
+    impl_->words = words;
+    setAccessibleDescription(
+        QStringLiteral("%1s and the %2s between them. Tab goes from %3 to %3, the arrow keys move the "
+                       "selected ones, F2 edits the text.")
+            .arg(words.node, words.link.toLower(), words.node.toLower()));
+}
+const ItemWords &SurfaceView::Words() const { return impl_->words; }
+void SurfaceView::SetAssistant(Assistant assistant) { impl_->notices.SetAssistant(std::move(assistant)); }
 bool SurfaceView::CancelGesture() { return impl_->CancelGesture(); }
 
 bool SurfaceView::viewportEvent(QEvent *event) {

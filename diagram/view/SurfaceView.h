@@ -8,10 +8,18 @@
 #include <memory>
 #include <QAbstractScrollArea>
 
+class QAccessibleEvent;
+
 namespace diagram {
 
 class Scene;
 class Renderer;
+
+// Singular, as at the start of a sentence.
+struct ItemWords {
+    QString node = QStringLiteral("Node");
+    QString link = QStringLiteral("Link");
+};
 
 // Shows one surface and edits it. The surface must live longer than the view. Sets the surface's size, scroll
 // offsets and text measuring, and raises its events.
@@ -56,6 +64,14 @@ public:
     using Describer = std::function<QString(const Item &item)>;
     void SetDescriber(Describer describer);
     QString Described(const Item &item) const; // empty without a describer
+
+    // What nodes and links are called when a screen reader tells of them.
+    void SetWords(const ItemWords &words);
+    const ItemWords &Words() const;
+    // Is handed what an assistant would be told, in its place and also while none runs; an empty one gives
+    // the place back.
+    using Assistant = std::function<void(QAccessibleEvent &event)>;
+    void SetAssistant(Assistant assistant);
 
     // Gives up the gesture that is going on; false when there is none.
     bool CancelGesture();

@@ -50,8 +50,8 @@ void SurfaceView::Impl::ItemChanged(Item &item, Change what) {
     AskForFlush();
 }
 
-void SurfaceView::Impl::ItemAdded(Item &) {
-    notices.ListChanged();
+void SurfaceView::Impl::ItemAdded(Item &item) {
+    notices.Added(item);
     AskForFlush();
 }
 

@@ -78,10 +78,11 @@ public:
     Interaction interaction;
     QPointer<InPlaceEditor> editor;
     Describer describer;
+    ItemWords words;
     AccessibleNotices notices;
 
 private:
-    void ItemAdded(Item &) override;
+    void ItemAdded(Item &item) override;
     void ItemChanged(Item &item, Change what) override;
     void ItemRemoved(Item &item) override;
     void SurfaceChanged(Change what) override;

@@ -39,17 +39,17 @@ TEST_F(Accessible, View_ListsNodesThenLinks) {
 TEST_F(Accessible, LinkWithText_IsCalledByIt) {
     link.SetText(QStringLiteral("leads to"));
     EXPECT_EQ(Child(2).text(QAccessible::Name), QStringLiteral("leads to"));
-    EXPECT_EQ(Child(2).text(QAccessible::Description), QStringLiteral("Start here to End"));
+    EXPECT_EQ(Child(2).text(QAccessible::Description), QStringLiteral("Link, Start here to End"));
 }
 
 TEST_F(Accessible, Description_TellsWhatTheDescriberSaysAndTheNumberOfLinks) {
-    EXPECT_EQ(Child(0).text(QAccessible::Description), QStringLiteral("1 link"));
+    EXPECT_EQ(Child(0).text(QAccessible::Description), QStringLiteral("Node, 1 link"));
     AddLink(b, a);
     view->SetDescriber([](const Item &item) {
         return item.AsNode() ? QStringLiteral("Level ") + item.AsNode()->Key() : QString();
     });
-    EXPECT_EQ(Child(0).text(QAccessible::Description), QStringLiteral("Level a, 2 links"));
-    EXPECT_EQ(Child(2).text(QAccessible::Description), QStringLiteral("Start here to End"));
+    EXPECT_EQ(Child(0).text(QAccessible::Description), QStringLiteral("Level a, Node, 2 links"));
+    EXPECT_EQ(Child(2).text(QAccessible::Description), QStringLiteral("Link, Start here to End"));
 }
 
 TEST_F(Accessible, Rect_IsWhereTheItemIsShown) {
@@ -130,7 +130,7 @@ TEST_F(Accessible, ItemThatGoes_TakesItsEntryAlong) {
     Settle();
     EXPECT_EQ(QAccessible::accessibleInterface(id), nullptr);
     EXPECT_EQ(List().childCount(), count - 1);
-    EXPECT_EQ(Child(1).text(QAccessible::Name), QString());
+    EXPECT_EQ(Child(1).text(QAccessible::Name), QStringLiteral("Node")) << "without text";
 }
 
 TEST_F(Accessible, ViewThatGoes_TakesItsEntriesAlong) {
@@ -151,4 +151,90 @@ TEST_F(Accessible, ViewMadeWhileAnAssistantRuns_ListsItsItems) {
     EXPECT_EQ(list->child(1)->text(QAccessible::Name), QStringLiteral("End"));
 }
 
+TEST_F(Accessible, Words_AreTheProducts) {
+    view->SetWords({QStringLiteral("Idea"), QStringLiteral("Thread")});
+    b.SetText(QString());
+    EXPECT_EQ(Child(0).text(QAccessible::Description), QStringLiteral("Idea, 1 thread"));
+    EXPECT_EQ(Child(1).text(QAccessible::Name), QStringLiteral("Idea"));
+    EXPECT_EQ(Child(2).text(QAccessible::Description), QStringLiteral("Thread, Start here to Idea"));
+    EXPECT_TRUE(view->accessibleDescription().startsWith(QStringLiteral("Ideas and the threads")));
+    EXPECT_EQ(Child(0).text(QAccessible::Value), QStringLiteral("Start\r\nhere"));
+}
+
+// What an assistant is told, as "event name" of the item.
+class Notices : public Accessible {
+protected:
+    Notices() {
+        view->SetAssistant([this](QAccessibleEvent &event) {
+            const QAccessibleInterface *entry = event.accessibleInterface();
+            const char *name = NameOf(event.type());
+            if (!name) return;
+            told << QLatin1String(name) + QLatin1Char(' ') +
+                        (entry && !event.object() ? entry->text(QAccessible::Name) : QStringLiteral("list"));
+        });
+        Settle();
+        told.clear();
+    }
+    static const char *NameOf(QAccessible::Event type) {
+        struct Row {
+            QAccessible::Event type;
+            const char *name;
+        };
+        static constexpr Row kRows[] = {{QAccessible::Focus, "focus"},
+                                        {QAccessible::SelectionAdd, "selected"},
+                                        {QAccessible::SelectionRemove, "unselected"},
+                                        {QAccessible::NameChanged, "renamed"},
+                                        {QAccessible::ObjectCreated, "created"},
+                                        {QAccessible::ObjectDestroyed, "destroyed"},
+                                        {QAccessible::ObjectReorder, "changed"},
+                                        {QAccessible::SelectionWithin, "many"}};
+        for (const Row &row : kRows)
+            if (row.type == type) return row.name;
+        return nullptr;
+    }
+    QString Told() {
+        Settle();
+        return std::exchange(told, {}).join(QLatin1Char(';'));
+    }
+    QStringList told;
+};
+
+TEST_F(Notices, Tab_TellsSelectionAndFocus) {
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Told(), QStringLiteral("selected Start here;focus Start here"));
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Told(), QStringLiteral("unselected Start here;selected End;focus End"));
+}
+
+TEST_F(Notices, EditedText_IsTold) {
+    b.SetSelected(true);
+    Told();
+    Key(Qt::Key_F2);
+    Type("Goal");
+    Key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_TRUE(Told().contains(QStringLiteral("renamed Goal")));
+}
+
+TEST_F(Notices, NewAndRemovedItems_AreTold) {
+    Node &c = AddNode("c", 300, 300);
+    c.SetText(QStringLiteral("New"));
+    EXPECT_EQ(Told(), QStringLiteral("created New;changed list;renamed New"));
+    Child(1);
+    surface.Remove(b);
+    EXPECT_EQ(Told(), QStringLiteral("destroyed ;changed list")) << "it has no name any more";
+}
+
+TEST_F(Notices, ManyChanges_AreToldOnce) {
+    for (int i = 0; i < 300; ++i) AddNode("", 10 * i, 400, 5, 5).SetSelected(true);
+    const QString many = Told();
+    EXPECT_TRUE(many.contains(QStringLiteral("many list")));
+    EXPECT_LT(many.count(QLatin1Char(';')), 5);
+}
+
+TEST_F(Notices, WithoutAListener_NothingIsCollected) {
+    view->SetAssistant({});
+    QAccessible::setActive(false);
+    a.SetSelected(true);
+    EXPECT_EQ(Told(), QString());
+}
 } // namespace diagram::testing
