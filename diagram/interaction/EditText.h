@@ -11,6 +11,9 @@ namespace diagram {
 
 class Scene;
 
+// Characters; longer texts are not edited in place, as laying them out at every key would take too long.
+constexpr int kLongestInPlace = 32000;
+
 // How the text looks and where it stands, in twips at the surface.
 struct TextPlace {
     QRectF area; // within which the text is aligned

@@ -6,6 +6,7 @@ namespace diagram {
 enum class Hint : unsigned char {
     Nothing,       // what was told is over
     LinkNeedsNode, // a link was dropped where there is no node
+    TextTooLong,   // for editing in place
     // What a drag from where the pointer is would do.
     DragDrawsLink,
     DragResizes,

@@ -2,10 +2,12 @@
 
 #include "diagram/view/Viewport.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QTextDocument>
 
 namespace diagram {
@@ -107,6 +109,13 @@ void InPlaceEditor::keyPressEvent(QKeyEvent *event) {
     if (event->key() == Qt::Key_Tab || (enter && event->modifiers().testFlag(Qt::ControlModifier)))
         return Finish(true);
     QTextEdit::keyPressEvent(event);
+}
+
+void InPlaceEditor::insertFromMimeData(const QMimeData *source) {
+    const int kept = document()->characterCount() - int(textCursor().selectedText().size());
+    const QString text = source ? source->text().left(std::max(0, kLongestInPlace - kept)) : QString();
+    if (!text.isEmpty()) textCursor().insertText(text);
+    ensureCursorVisible();
 }
 
 void InPlaceEditor::focusOutEvent(QFocusEvent *event) {

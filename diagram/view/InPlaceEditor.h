@@ -24,6 +24,8 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    // Pastes as plain text, as much as there is room for.
+    void insertFromMimeData(const QMimeData *source) override;
     void focusOutEvent(QFocusEvent *event) override;
 
 private:

@@ -148,6 +148,15 @@ void SurfaceView::keyPressEvent(QKeyEvent *event) {
     impl_->Guard("keyPressEvent", [&] { impl_->KeyPress(event); });
 }
 
+void SurfaceView::inputMethodEvent(QInputMethodEvent *event) {
+    impl_->Guard("inputMethodEvent", [&] { impl_->TypeByInputMethod(event); });
+}
+
+QVariant SurfaceView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    if (query == Qt::ImEnabled) return EditableItem(Model()) != nullptr;
+    return QAbstractScrollArea::inputMethodQuery(query);
+}
+
 void SurfaceView::keyReleaseEvent(QKeyEvent *event) {
     impl_->Guard("keyReleaseEvent", [&] { impl_->KeyRelease(event); });
 }
@@ -170,10 +179,9 @@ void SurfaceView::focusOutEvent(QFocusEvent *event) {
     viewport()->update();
 }
 
-void SurfaceView::changeEvent(QEvent *event) {
-    QAbstractScrollArea::changeEvent(event);
-    const bool left = event->type() == QEvent::ActivationChange && !isActiveWindow();
-    if (left && impl_) impl_->Guard("changeEvent", [&] { CancelGesture(); });
+bool SurfaceView::event(QEvent *event) {
+    if (event->type() == QEvent::WindowDeactivate && impl_) impl_->Guard("event", [&] { CancelGesture(); });
+    return QAbstractScrollArea::event(event);
 }
 
 void SurfaceView::hideEvent(QHideEvent *event) {

@@ -53,8 +53,8 @@ public:
     bool CanPaste() const;
     void DeleteSelection();
 
-    // Starts editing the text of the selected node or link in place; false when nothing is selected. EndEdit
-    // keeps or gives up what was typed.
+    // Starts editing the text of the selected node or link in place; false when nothing is selected or the
+    // text is too long. EndEdit keeps or gives up what was typed.
     bool BeginEdit();
     void EndEdit(bool keep);
     bool IsEditing() const;
@@ -96,7 +96,9 @@ protected:
     void keyReleaseEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
-    void changeEvent(QEvent *event) override;
+    bool event(QEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     void hideEvent(QHideEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
     bool focusNextPrevChild(bool next) override;

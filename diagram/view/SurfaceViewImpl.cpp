@@ -224,12 +224,17 @@ bool SurfaceView::Impl::BeginEdit(const QString *typed) {
     EndEdit(true);
     CancelGesture();
     edit_.emplace(surface, *item);
+    if (edit_->Text().size() > kLongestInPlace) {
+        edit_.reset();
+        Tell(Hint::TextTooLong);
+        return false;
+    }
     const std::optional<TextPlace> place = edit_->Place(scene);
     if (place) view.EnsureVisible(place->area);
     editor = new InPlaceEditor(edit_->Text(), view.viewport(), [this](bool keep) { EndEdit(keep); });
     PlaceEditor();
     editor->selectAll();
-    if (typed) editor->insertPlainText(*typed);
+    if (typed) editor->textCursor().insertText(*typed);
     editor->setFocus(Qt::OtherFocusReason);
     return true;
 }

@@ -41,6 +41,7 @@ public:
     void Wheel(QWheelEvent *event);
     void KeyPress(QKeyEvent *event);
     void KeyRelease(QKeyEvent *event);
+    void TypeByInputMethod(QInputMethodEvent *event);
     bool Tab(bool next);
     void AutoScroll();
     bool ToolTip(const QPoint &pixels, const QPoint &global);

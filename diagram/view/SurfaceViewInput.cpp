@@ -263,6 +263,13 @@ bool SurfaceView::Impl::TypeByKey(QKeyEvent *event) {
     return BeginEdit(&text);
 }
 
+// What is composed goes into the editor from the first key on.
+void SurfaceView::Impl::TypeByInputMethod(QInputMethodEvent *event) {
+    const QString nothing;
+    const bool types = !event->preeditString().isEmpty() || !event->commitString().isEmpty();
+    if (types && !editor && BeginEdit(&nothing)) QCoreApplication::sendEvent(editor, event);
+}
+
 bool SurfaceView::Impl::Tab(bool next) {
     return GoTo(NextInReadingOrder(surface, next ? 1 : -1)) ||
            view.QAbstractScrollArea::focusNextPrevChild(next);

@@ -1,5 +1,11 @@
+#include "diagram/interaction/EditText.h"
 #include "tests/diagram/view/ViewFixture.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QInputMethodEvent>
+#include <QMimeData>
+#include <QSignalSpy>
 #include <QTextEdit>
 
 namespace diagram::testing {
@@ -135,6 +141,90 @@ TEST_F(Editing, ViewDestroyedWhileEditing_GivesUp) {
     view.reset();
     EXPECT_EQ(a.Text(), QStringLiteral("old"));
     view = std::make_unique<SurfaceView>(surface);
+}
+
+TEST_F(Editing, PastedText_IsPlainAndOneStep) {
+    auto *held = new QMimeData;
+    held->setHtml(QStringLiteral("<b>bold</b><img src='x.png'><h1>large</h1>"));
+    held->setText(QStringLiteral("bold\nlarge"));
+    QApplication::clipboard()->setMimeData(held);
+    Key(Qt::Key_F2);
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Editor()->toPlainText(), QStringLiteral("bold\nlarge"));
+    EXPECT_FALSE(Editor()->textCursor().charFormat().font().bold());
+    Key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(a.Text(), QStringLiteral("bold\r\nlarge"));
+    EXPECT_EQ(UndoSteps(), 1);
+}
+
+TEST_F(Editing, ComposedText_StartsTheEditorAndReplacesTheText) {
+    QInputMethodEvent composing(QStringLiteral("ni"), {});
+    QApplication::sendEvent(view.get(), &composing);
+    ASSERT_TRUE(view->IsEditing());
+    QInputMethodEvent done;
+    done.setCommitString(QStringLiteral("\u4f60"));
+    QApplication::sendEvent(Editor(), &done);
+    Key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(a.Text(), QStringLiteral("\u4f60"));
+    EXPECT_EQ(UndoSteps(), 1);
+}
+
+TEST_F(Editing, ComposedText_WithNothingSelectedDoesNothing) {
+    surface.UnselectAll();
+    QInputMethodEvent done;
+    done.setCommitString(QStringLiteral("x"));
+    QApplication::sendEvent(view.get(), &done);
+    EXPECT_FALSE(view->IsEditing());
+    QInputMethodQueryEvent asked(Qt::ImEnabled);
+    QApplication::sendEvent(view.get(), &asked);
+    EXPECT_FALSE(asked.value(Qt::ImEnabled).toBool());
+}
+
+TEST_F(Editing, Editor_TakesFontAlignmentMarginsAndColoursOfTheNode) {
+    a.SetFont(Font(QStringLiteral("Arial"), 15, true, true));
+    a.SetAlignment(0);
+    a.SetxTextMargin(12);
+    a.SetyTextMargin(9);
+    a.SetForeColor(support::Rgb(200, 0, 0));
+    a.SetFillColor(support::Rgb(200, 255, 200));
+    Settle();
+    Key(Qt::Key_F2);
+    EXPECT_TRUE(Editor()->font().bold() && Editor()->font().italic());
+    EXPECT_TRUE(Editor()->document()->defaultTextOption().alignment().testFlag(Qt::AlignLeft));
+    EXPECT_GE(Editor()->geometry().left(), 100 + 12);
+    EXPECT_GE(Editor()->geometry().top(), 100 + 9);
+    EXPECT_LE(Editor()->geometry().right(), 300 - 12);
+    EXPECT_EQ(Editor()->palette().color(QPalette::Text), QColor(200, 0, 0));
+    EXPECT_EQ(Editor()->palette().color(QPalette::Base), QColor(200, 255, 200));
+    const double size = Editor()->font().pointSizeF();
+    view->ZoomAt(200, QPointF());
+    EXPECT_NEAR(Editor()->font().pointSizeF(), 2 * size, 0.1);
+    EXPECT_GE(Editor()->geometry().left(), 2 * (100 + 12));
+}
+
+TEST_F(Editing, MegabyteOfText_IsNotEditedInPlaceAndSaysSo) {
+    const QString text = QStringLiteral("some words ").repeated(100000);
+    a.SetText(text);
+    Settle();
+    QSignalSpy hints(view.get(), &SurfaceView::HintShown);
+    Key(Qt::Key_F2);
+    EXPECT_FALSE(view->IsEditing());
+    ASSERT_FALSE(hints.isEmpty());
+    EXPECT_EQ(hints.last()[0].value<Hint>(), Hint::TextTooLong);
+    EXPECT_EQ(a.Text(), text);
+    a.SetText(text.left(kLongestInPlace));
+    Key(Qt::Key_F2);
+    EXPECT_TRUE(view->IsEditing());
+}
+
+TEST_F(Editing, MegabytePasted_IsCutWhereEditingInPlaceEnds) {
+    QApplication::clipboard()->setText(QStringLiteral("some words ").repeated(100000));
+    Key(Qt::Key_F2);
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_LE(Editor()->toPlainText().size(), kLongestInPlace);
+    EXPECT_GT(Editor()->toPlainText().size(), kLongestInPlace - 10);
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(a.Text(), QStringLiteral("old"));
 }
 
 } // namespace diagram::testing

@@ -89,6 +89,7 @@ TEST_F(Interruptions, LosingTheFocus) {
 TEST_F(Interruptions, AnotherWindowIsActivated) {
     QWidget other;
     other.show();
+    Settle();
     QApplication::setActiveWindow(view.get());
     view->setFocus();
     Settle();
