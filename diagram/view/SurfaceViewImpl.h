@@ -113,6 +113,7 @@ private:
     // Selects the node alone and brings it into sight; false for none.
     bool GoTo(Node *node);
     bool TypeByKey(QKeyEvent *event);
+    QString HiddenText(const QPointF &at);
     void StartOrStopAutoScroll();
     QPoint AutoScrollStep() const;
     friend class SurfaceView;

@@ -24,6 +24,8 @@ constexpr int kFastest = 40;        // pixels a step
 constexpr double kPixelStep = 15;   // twips that an arrow key moves
 constexpr double kZoomStep = 1.15;  // a notch of the wheel
 constexpr double kNotch = 120;
+constexpr int kLongestTip = 2000; // characters
+constexpr double kReadable = 5;   // pixels of a font's height
 
 struct Arrow {
     int key;
@@ -36,6 +38,11 @@ constexpr std::array<Arrow, 4> kArrows{
 int EdgeStep(double at, int length) {
     const double beyond = at < kEdge ? at - kEdge : (at > length - kEdge ? at - (length - kEdge) : 0);
     return std::clamp(int(std::round(beyond)), -kFastest, kFastest);
+}
+
+bool IsLegible(const Font &font, double scale) {
+    constexpr double kTwipsPerPoint = 20;
+    return font.Size() * kTwipsPerPoint * scale >= kReadable;
 }
 
 // Without a listener nobody asks the user whether to delete.
@@ -156,14 +163,25 @@ void SurfaceView::Impl::Leave() {
     UpdateOverlay();
 }
 
+// The text below the pointer that can't be read there, cut off or too small; empty for none.
+QString SurfaceView::Impl::HiddenText(const QPointF &at) {
+    const double scale = std::min(viewport.xScale(), viewport.yScale());
+    if (const Node *node = NodeAtPoint(scene, float(at.x()), float(at.y())))
+        return renderer.TextFits(*node) && IsLegible(node->Font(), scale) ? QString() : node->Text();
+    const Hit hit = HitTest(scene, at, OptionsFor(Input(viewport.FromSurface(at), {})));
+    if (!hit.link || hit.link->Text().isEmpty()) return {};
+    const bool whole = viewport.Seen().contains(scene.LabelBounds(*hit.link));
+    return whole && IsLegible(hit.link->Font(), scale) ? QString() : hit.link->Text();
+}
+
 bool SurfaceView::Impl::ToolTip(const QPoint &pixels, const QPoint &global) {
-    const QPointF at = viewport.ToSurface(pixels);
-    const Node *node = editor ? nullptr : NodeAtPoint(scene, float(at.x()), float(at.y()));
-    if (node && !renderer.TextFits(*node))
-        QToolTip::showText(global, Qt::convertFromPlainText(node->Text(), Qt::WhiteSpaceNormal),
-                           view.viewport());
-    else
+    const bool idle = !editor && !interaction.IsActive();
+    const QString text = idle ? HiddenText(viewport.ToSurface(pixels)) : QString();
+    if (text.isEmpty())
         QToolTip::hideText();
+    else
+        QToolTip::showText(global, Qt::convertFromPlainText(text.left(kLongestTip), Qt::WhiteSpaceNormal),
+                           view.viewport());
     return true;
 }
 

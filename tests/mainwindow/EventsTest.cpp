@@ -1,5 +1,6 @@
 #include "tests/mainwindow/WindowTest.h"
 
+#include "diagram/hit/Grips.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 
@@ -166,7 +167,8 @@ TEST_F(Events, TheReadOutOfTheMouseIsShownWithItsSwitchAlone) {
 TEST_F(Events, ALinkDroppedBesideTheNodesSaysWhyInTheProductsWords) {
     frmMain &window = NewWindow();
     const diagram::Node &node = AddNode(window, 300, 300);
-    Drag(window, node.Bounds().center(), {6000, 4500});
+    constexpr double kHandle = 150; // twips at zoom 100
+    Drag(window, diagram::LinkStartPlaces(node.Bounds(), kHandle)[1], {6000, 4500});
     EXPECT_EQ(Status(window), QStringLiteral("A Link starts and ends at a Node."));
     Click(window, {4500, 6000});
     EXPECT_EQ(Status(window), QString());

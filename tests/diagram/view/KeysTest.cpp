@@ -124,6 +124,41 @@ TEST_F(Keys, ToolTip_ShowsATextThatIsCutOff) {
     QToolTip::hideText();
 }
 
+TEST_F(Keys, ToolTip_ShowsATextThatIsTooSmallToRead) {
+    const auto ask = [&](const QPoint &at) {
+        QHelpEvent help(QEvent::ToolTip, at, view->viewport()->mapToGlobal(at));
+        QApplication::sendEvent(view->viewport(), &help);
+        return QToolTip::text();
+    };
+    a.SetText(QStringLiteral("of the node"));
+    Link &link = AddLink(a, b);
+    link.SetText(QStringLiteral("of the link"));
+    Settle();
+    const QPointF middle = (ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2;
+    EXPECT_EQ(ask(At(middle)), QString());
+    EXPECT_EQ(ask(QPoint(700, 550)), QString());
+    view->ZoomAt(30, QPointF());
+    EXPECT_TRUE(ask(At(middle)).contains(QStringLiteral("of the link")));
+    EXPECT_TRUE(ask(Middle(a)).contains(QStringLiteral("of the node")));
+    a.SetText(QString(1000000, QLatin1Char('x')));
+    Settle();
+    EXPECT_LT(ask(Middle(a)).size(), 5000) << "a tip that fills the screen";
+    QToolTip::hideText();
+}
+
+TEST_F(Keys, FocusRing_IsStrongForTheKeyboard) {
+    Click(Body(a));
+    MoveTo(QPoint(700, 550));
+    const QImage byMouse = Seen();
+    Key(Qt::Key_Right, Qt::ShiftModifier);
+    Key(Qt::Key_Left, Qt::ShiftModifier);
+    const QImage byKeyboard = Seen();
+    EXPECT_GT(DifferingPixels(byMouse, byKeyboard), 100);
+    Click(Body(a));
+    MoveTo(QPoint(700, 550));
+    EXPECT_EQ(DifferingPixels(byMouse, Seen()), 0);
+}
+
 TEST_F(Keys, PointerShape_FollowsWhatLiesBelow) {
     a.SetSelected(true);
     Settle();
