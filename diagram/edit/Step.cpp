@@ -36,6 +36,21 @@ void ChangeLink(Surface &target, Link &link, const std::vector<PropertyChange> &
     target.Overwrite(link, std::move(data));
 }
 
+// While it stands, what the step writes brings its ways along.
+class Replay {
+public:
+    explicit Replay(Surface &surface) : surface_(surface) { surface_.SetReplaying(true); }
+    ~Replay() {
+        surface_.KeepWays();
+        surface_.SetReplaying(false);
+    }
+    Replay(const Replay &) = delete;
+    Replay &operator=(const Replay &) = delete;
+
+private:
+    Surface &surface_;
+};
+
 } // namespace
 
 bool Step::IsEmpty() const {
@@ -46,6 +61,7 @@ bool Step::IsEmpty() const {
 // ways of links are set when the nodes are in place. Keys come last, when those of nodes that go are free.
 void Step::Apply(Surface &target, bool forward) {
     target.Recalculate();
+    const Replay replay(target);
     KeepValues(target, forward);
     std::vector<KeyToSet> keys;
     ApplyToNodes(target, forward, keys);

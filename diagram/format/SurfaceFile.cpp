@@ -86,6 +86,7 @@ void LoadBytes(Surface &surface, const QByteArray &bytes) {
     surface.Reset();
     surface.Overwrite(std::move(content.surface));
     Place(surface, content);
+    surface.KeepWays();
     if (surface.Log()) surface.Log()->Forget();
 }
 

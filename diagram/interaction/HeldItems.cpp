@@ -16,6 +16,7 @@ LinkData DataOf(const Link &link) {
 } // namespace
 
 HeldItems::HeldItems(const std::vector<Node *> &nodes) {
+    if (!nodes.empty()) displaced_ = nodes.front()->Owner().HoldWays();
     std::unordered_set<const Node *> held(nodes.begin(), nodes.end());
     std::unordered_set<const Link *> seen;
     for (Node *node : nodes) {
@@ -42,6 +43,22 @@ void HeldItems::Restore(Surface &surface) const {
     for (const HeldNode &held : nodes_)
         if (Node *node = surface.FindNode(held.id)) surface.Overwrite(*node, held.data);
     RestoreLinks(surface);
+    PutBackDisplaced(surface);
+}
+
+// What the nodes lie on doesn't give way by that.
+void HeldItems::PutBackDisplaced(Surface &surface) const {
+    surface.KeepWays();
+    if (!displaced_) return;
+    for (const auto &[id, data] : std::exchange(displaced_->links, {}))
+        if (Link *link = surface.FindLink(id)) surface.Overwrite(*link, data);
+}
+
+void HeldItems::MakeWay(Surface &surface) const {
+    for (const HeldNode &held : nodes_)
+        if (Node *node = surface.FindNode(held.id)) surface.MakeWayFor(*node);
+    for (const HeldLink &held : links_)
+        if (Link *link = held.inner ? surface.FindLink(held.id) : nullptr) surface.CheckWay(*link);
 }
 
 void HeldItems::RestoreLinks(Surface &surface) const {
@@ -50,6 +67,7 @@ void HeldItems::RestoreLinks(Surface &surface) const {
 }
 
 void HeldItems::RestoreBends(Surface &surface) const {
+    PutBackDisplaced(surface);
     for (const HeldLink &held : links_) {
         const bool routed = !held.data.ownBends && !held.data.addPointsMode && !held.data.movePointsMode;
         Link *link = held.inner || routed ? nullptr : surface.FindLink(held.id);
@@ -67,6 +85,7 @@ void HeldItems::MoveBy(Surface &surface, const QPointF &distance) const {
             node->SetBounds(from.left + dx, from.top + dy, from.width, from.height);
     }
     MoveInnerLinks(surface, distance);
+    if (!distance.isNull()) MakeWay(surface);
 }
 
 void HeldItems::MoveInnerLinks(Surface &surface, const QPointF &distance) const {

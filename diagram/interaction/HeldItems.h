@@ -1,4 +1,4 @@
-// Nodes, with the links attached to them, as they were when a gesture began.
+// Nodes, with the links attached to them and those that give way to them, as they were when a gesture began.
 #pragma once
 
 #include "diagram/model/Surface.h"
@@ -34,9 +34,11 @@ public:
     // Everything as it was.
     void Restore(Surface &surface) const;
     void RestoreLinks(Surface &surface) const;
-    // The bends that the user made, as they were: the route that follows from them then never depends on the
-    // one before.
+    // The bends that the user made, and the ways of the links that gave way, as they were: the route that
+    // follows then never depends on the one before. Call it before moving the nodes.
     void RestoreBends(Surface &surface) const;
+    // Makes the links on which the nodes lie now give way. Call it after moving the nodes.
+    void MakeWay(Surface &surface) const;
     // Everything where it was, moved by the distance (twips); the links that lead away follow.
     void MoveBy(Surface &surface, const QPointF &distance) const;
     // Gives the links between held nodes their ways at the start, moved as a whole (twips). Call it after
@@ -44,8 +46,11 @@ public:
     void MoveInnerLinks(Surface &surface, const QPointF &distance) const;
 
 private:
+    void PutBackDisplaced(Surface &surface) const;
+
     std::vector<HeldNode> nodes_;
     std::vector<HeldLink> links_;
+    std::shared_ptr<HeldWays> displaced_; // by the nodes held, since they were put back last
 };
 
 } // namespace diagram

@@ -118,6 +118,7 @@ void ResizeNodes::Apply(const QRectF &box) {
         const QRectF to = held.id == pressed_ ? box : ResizedInProportion(old, handle_, box_, box);
         node->SetBounds(float(to.left()), float(to.top()), float(to.width()), float(to.height()));
     }
+    if (box != box_) held_.MakeWay(surface_);
 }
 
 std::unique_ptr<Gesture> ResizeNodes::Move(const PointerInput &input) {

@@ -54,6 +54,7 @@ protected:
 
 private:
     friend class Surface;
+    friend class Routing;
     Surface *surface_;
     ItemId id_;
     ItemKind kind_;

@@ -15,14 +15,16 @@ void Link::Write(T LinkData::*member, T value, Change what) {
 
 bool Link::OwnBends() const {
     // Finding out changes nothing that can be seen otherwise.
-    Owner().JudgeBends(const_cast<Link &>(*this));
+    Owner().SettleWays();
+    Owner().routing_.Judge(const_cast<Link &>(*this));
     return data_.ownBends;
 }
 
 int Link::Zorder() const { return Owner().StackPosition(*this); }
 
 const std::vector<Point> &Link::Way() const {
-    if (stale_) Owner().Route(const_cast<Link &>(*this));
+    Owner().SettleWays();
+    if (stale_) Owner().routing_.Route(const_cast<Link &>(*this));
     return data_.points;
 }
 
@@ -37,14 +39,16 @@ void Link::SetEnd(ItemId LinkData::*member, Node *Link::*end, Node &node) {
         throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("Link"),
                              QStringLiteral("Invalid procedure call or argument"));
     }
-    surface.JudgeBends(*this);
+    surface.routing_.Judge(*this);
     surface.Record(*this);
+    surface.routing_.RespaceBeside(*this);
     (this->*end)->Detach(*this);
     this->*end = &node;
     data_.*member = node.Id();
     source_->Attach(*this);
     destination_->Attach(*this);
     stale_ = stale_ || !KeepsPoints();
+    surface.routing_.RespaceBeside(*this);
     surface.Notify(*this, Change::Geometry);
 }
 
@@ -52,7 +56,7 @@ void Link::SetStyle(int value) {
     const auto style = std::uint8_t(Checked(IsLinkStyle, value, "Link"));
     if (style == data_.style) return;
     Surface &surface = Owner();
-    surface.JudgeBends(*this);
+    surface.routing_.Judge(*this);
     surface.Record(*this);
     // Bends of the user's last from one free form to another only.
     const auto free = [](int of) { return of == 0 || of == 14; };
@@ -102,7 +106,7 @@ void Link::SetOriented(bool on) { Write(&LinkData::oriented, on, Change::Data); 
 void Link::SetAddPointsMode(bool on) { Write(&LinkData::addPointsMode, on, Change::Data); }
 void Link::SetMovePointsMode(bool on) { Write(&LinkData::movePointsMode, on, Change::Data); }
 void Link::SetOwnBends(bool on) {
-    Owner().JudgeBends(*this);
+    Owner().routing_.Judge(*this);
     Write(&LinkData::ownBends, on, Change::Data);
 }
 void Link::SetZorder(int position) { Owner().SetStackPosition(*this, position); }

@@ -132,6 +132,7 @@ public:
 private:
     friend class Surface;
     friend class LinkPoints;
+    friend class Routing;
     Link(Surface &surface, ItemId id, LinkData data, Node &source, Node &destination)
         : Item(surface, id, ItemKind::Link),
           data_(std::move(data)),
@@ -152,6 +153,7 @@ private:
     // Points came while a point-edit switch was on: whether their bends are the router's own is found out
     // when it matters.
     bool unjudged_ = false;
+    bool indexed_ = false; // its way stands in the routing's index
 };
 
 } // namespace diagram

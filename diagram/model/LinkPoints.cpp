@@ -30,6 +30,7 @@ void Link::WritePoints(std::vector<Point> points) {
     if (!stale_ && points == data_.points) return;
     Surface &surface = Owner();
     surface.Record(*this);
+    surface.routing_.WayChanges(*this);
     data_.points = std::move(points);
     stale_ = !KeepsPoints();
     unjudged_ = !stale_;

@@ -11,12 +11,11 @@ template <typename T>
 void Node::Write(T NodeData::*member, T value, Change what) {
     if (data_.*member == value) return;
     Surface &surface = Owner();
-    const bool moves = Has(what, Change::Geometry);
-    if (moves) surface.BeforeMove(*this);
+    surface.BeforeWrite(*this, what);
     surface.Record(*this);
     data_.*member = std::move(value);
     surface.Notify(*this, what);
-    if (moves) surface.AfterMove(*this);
+    surface.AfterWrite(*this, what);
 }
 
 int Node::ZOrder() const { return Owner().StackPosition(*this); }
@@ -44,14 +43,14 @@ void Node::SetBounds(float left, float top, float width, float height) {
     Checked(IsSize, width, "Node"), Checked(IsSize, height, "Node");
     if (left == data_.left && top == data_.top && width == data_.width && height == data_.height) return;
     Surface &surface = Owner();
-    surface.BeforeMove(*this);
+    surface.BeforeWrite(*this, Change::Geometry);
     surface.Record(*this);
     data_.left = left;
     data_.top = top;
     data_.width = width;
     data_.height = height;
     surface.Notify(*this, Change::Geometry);
-    surface.AfterMove(*this);
+    surface.AfterWrite(*this, Change::Geometry);
 }
 
 void Node::SetShape(int value) {

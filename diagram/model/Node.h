@@ -145,6 +145,7 @@ private:
     friend class NodeLinks;
     friend class SurfaceNodes;
     friend class Link;
+    friend class Routing;
     Node(Surface &surface, ItemId id, NodeData data)
         : Item(surface, id, ItemKind::Node), data_(std::move(data)) {}
 
@@ -157,6 +158,8 @@ private:
     NodeData data_;
     std::vector<Link *> links_;
     bool selected_ = false;
+    bool changed_ = false; // its box in the routing's index is out of date
+    bool blocks_ = false;  // links may have to make way for it
 };
 
 } // namespace diagram

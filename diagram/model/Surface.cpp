@@ -39,8 +39,7 @@ void Surface::Record(const Node &node) {
 
 void Surface::Record(Link &link) {
     if (!Recording()) return;
-    JudgeBends(link);
-    link.Way();
+    BringUpToDate(link);
     log_->WillChange(link);
 }
 
@@ -93,14 +92,21 @@ void Surface::SetGridStyle(int style) {
     NotifySurface(Change::Look);
 }
 
+// What gives way belongs to the group in which it was made to.
 void Surface::BeginAction(std::int16_t code) {
-    if (log_) log_->Begin(code);
+    if (!log_) return;
+    if (!Recording()) SettleWays();
+    log_->Begin(code);
 }
 void Surface::EndAction() {
-    if (log_) log_->End();
+    if (!log_) return;
+    if (Recording()) SettleWays();
+    log_->End();
 }
 void Surface::CancelAction() {
-    if (log_) log_->Cancel();
+    if (!log_) return;
+    if (Recording()) SettleWays();
+    log_->Cancel();
 }
 bool Surface::CanUndo() const { return log_ && log_->CanUndo(); }
 bool Surface::CanRedo() const { return log_ && log_->CanRedo(); }

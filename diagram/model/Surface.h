@@ -5,6 +5,7 @@
 #include "diagram/model/Item.h"
 #include "diagram/model/Link.h"
 #include "diagram/model/Node.h"
+#include "diagram/model/Routing.h"
 #include "diagram/model/SurfaceEvents.h"
 
 #include <memory>
@@ -176,6 +177,19 @@ public:
 
     // Brings every route up to date.
     void Recalculate();
+    // Makes links give way to the nodes that have come, moved, grown or been shown since the last time.
+    // Reading a way and opening or closing a group do so by themselves.
+    void SettleWays() { routing_.Settle(); }
+    // Takes all ways as they are for right though nodes have changed: they came back to an earlier state.
+    void KeepWays() { routing_.Keep(); }
+    // The node counts as moved, the link as one whose way something may have come into.
+    void MakeWayFor(Node &node) { routing_.NodeChanged(node); }
+    void CheckWay(Link &link) { routing_.Check(link); }
+    // Collects the values that links have had before they gave way, from now until the holder lets it go or
+    // another one asks.
+    std::shared_ptr<HeldWays> HoldWays();
+    // While on, everything is written as it is told: no link gives way or is laid out anew beside another.
+    void SetReplaying(bool on) { routing_.SetReplaying(on); }
     // Union of the boxes of nodes and the ways of links, hidden ones left out; empty for none. Twips.
     QRectF Extent() const;
 
@@ -208,6 +222,7 @@ private:
     friend class NodeLinks;
     friend class LinkPoints;
     friend class SurfaceNodes;
+    friend class Routing;
 
     Link &AddLink(Node &source, Node &destination);
     Node &Insert(std::unique_ptr<Node> node);
@@ -226,11 +241,10 @@ private:
     void Write(T SurfaceData::*member, T value, Change what);
     void NotifySurface(Change what);
 
-    // Around a write that moves or reshapes the node.
-    void BeforeMove(Node &node);
-    void AfterMove(Node &node);
-    void Route(Link &link);
-    void JudgeBends(Link &link);
+    // Around a write to the node.
+    void BeforeWrite(Node &node, Change what);
+    void AfterWrite(Node &node, Change what);
+    void BringUpToDate(Link &link);
 
     void NoteStacked(Item &item);
     void NoteRestacked(Item &item);
@@ -267,6 +281,7 @@ private:
     bool snapToGrid_ = false;
     bool shiftMode_ = false;
     bool loading_ = false;
+    Routing routing_{*this};
 };
 
 } // namespace diagram

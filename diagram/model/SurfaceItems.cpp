@@ -48,6 +48,7 @@ Node &Surface::Insert(std::unique_ptr<Node> node) {
     if (!added.Key().isEmpty()) byKey_.insert(added.Key(), &added);
     NoteStacked(added);
     if (Recording()) log_->Added(added);
+    routing_.NodeAdded(added);
     for (SurfaceObserver *observer : observers_) observer->ItemAdded(added);
     return added;
 }
@@ -59,6 +60,8 @@ Link &Surface::Insert(std::unique_ptr<Link> link) {
     added.destination_->Attach(added);
     NoteStacked(added);
     if (Recording()) log_->Added(added);
+    routing_.LinkAdded(added);
+    routing_.RespaceBeside(added);
     for (SurfaceObserver *observer : observers_) observer->ItemAdded(added);
     return added;
 }
@@ -97,13 +100,13 @@ void Surface::Overwrite(Node &node, NodeData data) {
     if (Node *other = Nodes().Find(data.key); other && other != &node) data.key = node.data_.key;
     const Change what = Difference(node.data_, data);
     if (what == Change::None) return;
-    if (Has(what, Change::Geometry)) BeforeMove(node);
+    BeforeWrite(node, what);
     Record(node);
     ReplaceKey(node, data.key);
     node.data_ = std::move(data);
     if (Has(what, Change::Stacking)) NoteRestacked(node);
     Notify(node, what);
-    if (Has(what, Change::Geometry)) AfterMove(node);
+    AfterWrite(node, what);
 }
 
 void Surface::Overwrite(Link &link, LinkData data) {
@@ -115,6 +118,7 @@ void Surface::Overwrite(Link &link, LinkData data) {
     Record(link);
     link.source_->Detach(link);
     link.destination_->Detach(link);
+    routing_.WayChanges(link);
     link.data_ = std::move(data);
     link.source_ = source;
     link.destination_ = destination;
@@ -163,9 +167,14 @@ void Surface::Remove(const std::vector<Node *> &nodes, const std::vector<Link *>
 void Surface::Take(const std::vector<Link *> &links, const std::vector<Node *> &nodes) {
     if (links.empty() && nodes.empty()) return;
     if (Recording()) {
-        for (Link *link : links) JudgeBends(*link), link->Way(), log_->WillRemove(*link);
+        for (Link *link : links) BringUpToDate(*link), log_->WillRemove(*link);
         for (const Node *node : nodes) log_->WillRemove(*node);
     }
+    for (Link *link : links) {
+        routing_.WayChanges(*link);
+        if (!link->source_->doomed_ && !link->destination_->doomed_) routing_.RespaceBeside(*link);
+    }
+    for (Node *node : nodes) routing_.NodeChanges(*node);
     const auto isDoomed = [](const auto *item) { return item->doomed_; };
     for (Link *link : links) {
         if (!link->source_->doomed_) std::erase_if(link->source_->links_, isDoomed);
@@ -190,6 +199,7 @@ void Surface::Take(const std::vector<Link *> &links, const std::vector<Node *> &
     const auto goneLinks = takeFrom(links_);
     const auto goneNodes = takeFrom(nodes_);
     const bool nothingLeft = nodes_.empty();
+    if (nothingLeft) routing_.Clear();
     for (SurfaceObserver *observer : observers_) {
         if (nothingLeft) {
             observer->Cleared();
@@ -216,6 +226,7 @@ void Surface::Reset() {
     // Observers must not be left with items that are gone, nor be told while items still stand.
     const auto links = std::exchange(links_, {});
     const auto nodes = std::exchange(nodes_, {});
+    routing_.Clear();
     if (log_) log_->Forget();
     for (SurfaceObserver *observer : observers_) observer->Cleared();
 }

@@ -152,6 +152,7 @@ void Scene::State::Reindex(Surface &surface, Item &item) {
 
 // Many changed items are cheaper to index anew with all the others.
 void Scene::State::Update(Surface &surface) {
+    surface.SettleWays();
     if (!built || (dirty.size() > kFewItems && dirty.size() > tree.size() / 4)) return Build(surface);
     // By position: routing, and so a new entry, may come from looking at an item.
     for (std::size_t i = 0; i < dirty.size(); ++i) {

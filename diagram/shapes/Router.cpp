@@ -2,6 +2,7 @@
 
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/RouterClip.h"
+#include "diagram/shapes/RouterLoops.h"
 #include "diagram/shapes/RouterOrthogonal.h"
 
 #include <algorithm>
@@ -11,7 +12,6 @@ namespace diagram {
 
 namespace {
 
-constexpr double kLoopReach = 300;       // twips that a loop stands out of its box
 constexpr double kShortestTangent = 300; // twips
 
 bool HasKeptBends(const RouteRequest &request) { return request.keepBends && request.old.size() > 2; }
@@ -24,20 +24,24 @@ std::vector<Point> KeepBends(const RouteRequest &request) {
     return way;
 }
 
-// Out of the right side, over the corner, and into the top.
-std::vector<Point> LoopBends(const RouteEnd &end) {
-    const QPointF middle = end.box.center();
-    const double right = end.box.right() + kLoopReach, top = end.box.top() - kLoopReach;
-    return {ToPoint(ClipAlong(end, Axis::Horizontal, {right, middle.y()})), ToPoint({right, middle.y()}),
-            ToPoint({right, top}), ToPoint({middle.x(), top}),
-            ToPoint(ClipAlong(end, Axis::Vertical, {middle.x(), top}))};
+// The distance aside that fits into both boxes.
+double FittingAside(const RouteRequest &request) {
+    const QRectF &a = request.source.box, &b = request.destination.box;
+    const double room = 0.35 * std::min({a.width(), a.height(), b.width(), b.height()});
+    return request.aside * std::min(1.0, room / std::max(request.mostAside, 1.0));
 }
 
 std::vector<Point> RouteStraight(const RouteRequest &request) {
     if (HasKeptBends(request)) return KeepBends(request);
-    if (request.sameNode) return LoopBends(request.source);
-    return {ToPoint(ClipTowards(request.source, request.destination.box.center())),
-            ToPoint(ClipTowards(request.destination, request.source.box.center()))};
+    if (request.sameNode) return CornerLoop(request);
+    const QPointF from = request.source.box.center(), to = request.destination.box.center();
+    const double length = std::hypot(to.x() - from.x(), to.y() - from.y());
+    if (request.aside == 0 || !(length > 0))
+        return {ToPoint(ClipTowards(request.source, to)), ToPoint(ClipTowards(request.destination, from))};
+    const QPointF left(to.y() - from.y(), from.x() - to.x());
+    const QPointF beside = left * (FittingAside(request) / length);
+    return {ToPoint(ClipBeside(request.source, from + beside, to + beside)),
+            ToPoint(ClipBeside(request.destination, to + beside, from + beside))};
 }
 
 // Leaves and arrives level when the boxes lie more beside than above each other, upright otherwise.
@@ -45,8 +49,8 @@ std::vector<Point> RouteBezier(const RouteRequest &request) {
     if (HasKeptBends(request) && request.old.size() == 4) return KeepBends(request);
     const QRectF &from = request.source.box, &to = request.destination.box;
     if (request.sameNode) {
-        const std::vector<Point> loop = LoopBends(request.source);
-        const float reach = float(kLoopReach);
+        const std::vector<Point> loop = CornerLoop(request);
+        const float reach = std::max(loop[1].x - loop[0].x, 0.0F) + float(2 * request.aside);
         return {loop[0], {loop[1].x + reach, loop[1].y}, {loop[3].x, loop[3].y - reach}, loop[4]};
     }
     const QPointF way = to.center() - from.center();
@@ -59,8 +63,9 @@ std::vector<Point> RouteBezier(const RouteRequest &request) {
     const double sign = distance < 0 ? -1 : 1;
     const QPointF out = (level ? QPointF(1, 0) : QPointF(0, 1)) * sign;
     const Axis axis = level ? Axis::Horizontal : Axis::Vertical;
-    const QPointF start = ClipAlong(request.source, axis, from.center() + out * reach);
-    const QPointF end = ClipAlong(request.destination, axis, to.center() - out * reach);
+    const QPointF beside = QPointF(out.y(), -out.x()) * FittingAside(request);
+    const QPointF start = ClipAlong(request.source, axis, from.center() + beside + out * reach);
+    const QPointF end = ClipAlong(request.destination, axis, to.center() + beside - out * reach);
     const double gap = std::abs(level ? end.x() - start.x() : end.y() - start.y());
     const QPointF tangent = out * std::max(gap / 2, kShortestTangent);
     return {ToPoint(start), ToPoint(start + tangent), ToPoint(end - tangent), ToPoint(end)};

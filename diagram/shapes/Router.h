@@ -2,6 +2,7 @@
 #pragma once
 
 #include "diagram/geometry/Point.h"
+#include "diagram/shapes/Obstacles.h"
 
 #include <QRectF>
 #include <span>
@@ -13,6 +14,7 @@ struct RouteEnd {
     QRectF box; // twips
     int shape = 1;
     int orientation = 0;
+    double head = 0; // twips of the way that its arrow head covers; 0 without one
 };
 
 struct RouteRequest {
@@ -22,11 +24,19 @@ struct RouteRequest {
     bool sameNode = false;      // a link from a node to itself: drawn as a loop
     std::span<const Point> old; // the way so far; empty for a new link
     bool keepBends = false;     // the bends of `old` are the user's: move only what the ends make move
+    const Obstacles *obstacles = nullptr; // what the way must go round; null for nothing
+    // How far beside the way that it would have alone the link is to lie, so that links between the same two
+    // nodes stay apart: twips to the left as seen from the source. A loop lies that much further out.
+    double aside = 0;
+    // The same of the outermost of them; where room is short, all come nearer evenly.
+    double mostAside = 0;
+    // It runs against the first of them.
+    bool backwards = false;
 };
 
 // A way of at least two points; the first lies on the outline of the source, the last on that of the
 // destination. Orthogonal styles give exactly the directions of their row, each segment horizontal or
-// vertical to the bit.
+// vertical to the bit, and keep clear of obstacles as far as their directions let them.
 std::vector<Point> Route(const RouteRequest &request);
 
 // The way `points` with the point at `position` moved. Of an orthogonal style the two segments there move

@@ -22,6 +22,17 @@ struct LineView {
     }
 };
 
+// The same for a line of any direction; along it counts from `origin`.
+struct SlantedView {
+    QPointF origin, direction; // of length 1
+    double Across(const QPointF &p) const {
+        const QPointF away = p - origin;
+        return direction.x() * away.y() - direction.y() * away.x();
+    }
+    double Along(const QPointF &p) const { return QPointF::dotProduct(p - origin, direction); }
+    QPointF At(double along) const { return origin + direction * along; }
+};
+
 // Keeps the crossing nearest to a place.
 struct Nearest {
     double to;
@@ -37,7 +48,8 @@ QPointF CubicAt(const QPointF (&c)[4], double t) {
     return c[0] * (s * s * s) + c[1] * (3 * s * s * t) + c[2] * (3 * s * t * t) + c[3] * (t * t * t);
 }
 
-void OfferLine(const LineView &view, const QPointF &a, const QPointF &b, Nearest &nearest) {
+template <typename View>
+void OfferLine(const View &view, const QPointF &a, const QPointF &b, Nearest &nearest) {
     const double from = view.Across(a), to = view.Across(b);
     if ((from > 0 && to > 0) || (from < 0 && to < 0)) return;
     if (from == to) {
@@ -48,7 +60,8 @@ void OfferLine(const LineView &view, const QPointF &a, const QPointF &b, Nearest
     nearest.Offer(view.Along(a) + (view.Along(b) - view.Along(a)) * (from / (from - to)));
 }
 
-void OfferCubic(const LineView &view, const QPointF (&curve)[4], Nearest &nearest) {
+template <typename View>
+void OfferCubic(const View &view, const QPointF (&curve)[4], Nearest &nearest) {
     constexpr int kPieces = 8;
     double low = 0;
     for (int piece = 1; piece <= kPieces; ++piece) {
@@ -66,7 +79,8 @@ void OfferCubic(const LineView &view, const QPointF (&curve)[4], Nearest &neares
     }
 }
 
-void OfferPath(const LineView &view, const QPainterPath &path, Nearest &nearest) {
+template <typename View>
+void OfferPath(const View &view, const QPainterPath &path, Nearest &nearest) {
     QPointF at, start;
     for (int i = 0; i < path.elementCount(); ++i) {
         const QPainterPath::Element element = path.elementAt(i);
@@ -130,6 +144,15 @@ QPointF ClipAlong(const RouteEnd &end, Axis axis, const QPointF &point) {
     if (nearest.Found()) return view.At(nearest.best);
     const double low = view.Along(end.box.topLeft()), high = view.Along(end.box.bottomRight());
     return view.At(std::clamp(nearest.to, low, high));
+}
+
+QPointF ClipBeside(const RouteEnd &end, const QPointF &from, const QPointF &towards) {
+    const double length = std::hypot(towards.x() - from.x(), towards.y() - from.y());
+    if (!(length > 0)) return ClipTowards(end, towards);
+    const SlantedView view{from, (towards - from) / length};
+    Nearest nearest{length};
+    OfferPath(view, Outline(end.shape, end.orientation, end.box), nearest);
+    return nearest.Found() ? view.At(nearest.best) : ClipTowards(end, towards);
 }
 
 } // namespace diagram

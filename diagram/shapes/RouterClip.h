@@ -17,4 +17,8 @@ QPointF ClipTowards(const RouteEnd &end, const QPointF &point);
 // line misses the outline, the nearest point of the box on it or beside it.
 QPointF ClipAlong(const RouteEnd &end, Axis axis, const QPointF &point);
 
+// The outermost point of the outline on the line through `from` and `towards`, as seen from `towards`; where
+// the line misses the outline, that of ClipTowards.
+QPointF ClipBeside(const RouteEnd &end, const QPointF &from, const QPointF &towards);
+
 } // namespace diagram

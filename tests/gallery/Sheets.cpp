@@ -224,14 +224,23 @@ Node &AddAt(Surface &surface, double column, double row, const char *text) {
 }
 
 std::span<const Sheet> Sheets() {
-    static constexpr Sheet kSheets[] = {
-        {"shapes", DrawShapes, false},        {"shapes-tall", DrawTall, false},
-        {"lines", DrawLineStyles, false},     {"shadows-edges", DrawShadowsAndEdges, false},
-        {"texts", DrawTexts, false},          {"pictures", DrawPictures, false},
-        {"arrows", DrawArrows, false},        {"link-styles", DrawLinkStyles, false},
-        {"link-lines", DrawLinkLines, false}, {"jumps", DrawJumps, false},
-        {"grid-dots", DrawGrid<0>, false},    {"grid-crosses", DrawGrid<1>, false},
-        {"grid-lines", DrawGrid<2>, false},   {"sample", DrawSample, true}};
+    static constexpr Sheet kSheets[] = {{"shapes", DrawShapes, false},
+                                        {"shapes-tall", DrawTall, false},
+                                        {"lines", DrawLineStyles, false},
+                                        {"shadows-edges", DrawShadowsAndEdges, false},
+                                        {"texts", DrawTexts, false},
+                                        {"pictures", DrawPictures, false},
+                                        {"arrows", DrawArrows, false},
+                                        {"link-styles", DrawLinkStyles, false},
+                                        {"link-lines", DrawLinkLines, false},
+                                        {"jumps", DrawJumps, false},
+                                        {"routes", DrawRoutes, false},
+                                        {"routes-beside", DrawRoutesBeside, false},
+                                        {"routes-map", DrawRoutesOfMap, false},
+                                        {"grid-dots", DrawGrid<0>, false},
+                                        {"grid-crosses", DrawGrid<1>, false},
+                                        {"grid-lines", DrawGrid<2>, false},
+                                        {"sample", DrawSample, true}};
     return kSheets;
 }
 

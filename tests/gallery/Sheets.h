@@ -24,5 +24,8 @@ void DrawArrows(diagram::Surface &surface);
 void DrawLinkStyles(diagram::Surface &surface);
 void DrawJumps(diagram::Surface &surface);
 void DrawLinkLines(diagram::Surface &surface);
+void DrawRoutes(diagram::Surface &surface);
+void DrawRoutesBeside(diagram::Surface &surface);
+void DrawRoutesOfMap(diagram::Surface &surface);
 
 } // namespace gallery

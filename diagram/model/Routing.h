@@ -1,0 +1,89 @@
+// When the ways of links are routed, round which nodes, and which links give way to a node.
+//
+// Routing is put off until a way is read. A node that comes, moves, grows or is shown again is noted; before
+// the next way is read, and before a group of changes opens or closes, the links whose ways it now blocks are
+// made to be routed anew (Settle). Nothing else makes a way change that isn't the node's own.
+#pragma once
+
+#include "diagram/model/BoxIndex.h"
+#include "diagram/model/Link.h"
+#include "diagram/model/Node.h"
+
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace diagram {
+
+class Obstacles;
+class Surface;
+
+// The values of links as they were before they gave way, by identity.
+struct HeldWays {
+    std::map<ItemId, LinkData> links;
+};
+
+// The two indices, of nodes and of ways, are built when they are first needed.
+class Routing {
+public:
+    explicit Routing(Surface &surface) : surface_(surface) {}
+
+    void NodeAdded(Node &node);
+    void NodeChanges(Node &node); // before its box changes, or it is hidden or shown, or goes
+    void NodeChanged(Node &node); // after it
+    void LinkAdded(Link &link);   // or has got a way
+    void WayChanges(Link &link);  // before its points are replaced, or it goes
+    void Clear();
+
+    // The other links between the same two nodes must be laid out anew: one came, or is about to go.
+    void RespaceBeside(const Link &link);
+
+    // Makes links give way; what is read then is up to date.
+    void Settle() {
+        if (!blocking_.empty() || !moved_.empty()) SettleAll();
+    }
+    // Takes the ways as they are for right, whatever has changed.
+    void Keep();
+    // Looks whether anything is in the way of that link.
+    void Check(Link &link);
+
+    void Route(Link &link);
+    // Finds out whether bends that came from outside are the router's own, or the user's.
+    void Judge(Link &link);
+
+    // From now on the values of links that give way are kept in `held`, as long as it stands.
+    void Hold(const std::shared_ptr<HeldWays> &held) { held_ = held; }
+    // While on, writes bring their ways along: nothing gives way.
+    void SetReplaying(bool on) { replaying_ = on; }
+
+private:
+    struct ChangedNode {
+        FloatBox before;
+        ItemId id;
+        bool stood; // it was an obstacle
+    };
+
+    void SettleAll();
+    void NeedNodes();
+    void UpdateNodes();
+    void BuildNodes();
+    void UpdateWays();
+    void BuildWays();
+    void MakeWayFor(const Node &node);
+    void GiveWay(Link &link);
+    bool IsBlockedBy(const Link &link, const Node &node) const;
+    bool IsQuiet() const;
+    std::vector<Point> WayOf(const Link &link, bool keepBends);
+
+    Surface &surface_;
+    BoxIndex nodes_, ways_;
+    bool nodesBuilt_ = false, waysBuilt_ = false;
+    std::vector<ChangedNode> changed_; // not yet in the index as they are now
+    std::vector<ItemId> fresh_;        // links not yet in the index
+    std::vector<ItemId> blocking_;     // nodes for which links must make way yet
+    std::vector<ItemId> moved_;        // links that must be looked at
+    std::weak_ptr<HeldWays> held_;
+    bool replaying_ = false;
+};
+
+} // namespace diagram

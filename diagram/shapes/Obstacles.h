@@ -1,0 +1,40 @@
+// What stands in the way of a link.
+#pragma once
+
+#include <algorithm>
+#include <QRectF>
+#include <vector>
+
+namespace diagram {
+
+class Obstacles {
+public:
+    virtual ~Obstacles() = default;
+    // Appends the boxes that touch `area`, in any order, some perhaps twice. Twips.
+    virtual void In(const QRectF &area, std::vector<QRectF> &boxes) const = 0;
+};
+
+// Whether the insides of two boxes touch; one without size lies inside of another like a point.
+inline bool Overlap(const QRectF &a, const QRectF &b) {
+    return a.left() < b.right() && b.left() < a.right() && a.top() < b.bottom() && b.top() < a.bottom();
+}
+
+// A way that comes this near to a box is taken for one that runs through it; twips.
+constexpr double kNearness = 60;
+
+// Whether the level or upright piece between two points comes within `nearness` twips of the inside of the
+// box. A box without an inside is never met.
+inline bool Meets(const QRectF &box, const QPointF &from, const QPointF &to, double nearness = 0) {
+    if (!(box.width() > 0 && box.height() > 0)) return false;
+    return std::max(from.x(), to.x()) > box.left() - nearness &&
+           std::min(from.x(), to.x()) < box.right() + nearness &&
+           std::max(from.y(), to.y()) > box.top() - nearness &&
+           std::min(from.y(), to.y()) < box.bottom() + nearness;
+}
+
+// Everything within `nearness` twips of the piece.
+inline QRectF Neighbourhood(const QPointF &from, const QPointF &to, double nearness) {
+    return QRectF(from, to).normalized().adjusted(-nearness, -nearness, nearness, nearness);
+}
+
+} // namespace diagram

@@ -1,0 +1,21 @@
+// Orthogonal ways that keep clear of obstacles.
+#pragma once
+
+#include "diagram/shapes/RouterLanes.h"
+
+namespace diagram {
+
+// The boxes, each once, to which the track comes within `nearness` twips. In an order of their own, whatever
+// that of the obstacles is.
+std::vector<QRectF> BoxesMet(const RouteRequest &request, const Track &track, double nearness);
+std::size_t CountMet(const RouteRequest &request, const Track &track, double nearness);
+
+// `preferred` where nothing is in its way, else the best lanes round what is. Looks at no more obstacles than
+// those that the ways considered meet.
+Coordinates LanesAround(const RouteRequest &request, std::string_view directions,
+                        const Coordinates &preferred);
+
+// The lanes moved aside as the request asks; less those where that would run into something.
+Coordinates LanesAside(const RouteRequest &request, std::string_view directions, const Coordinates &lanes);
+
+} // namespace diagram

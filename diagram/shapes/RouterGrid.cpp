@@ -1,0 +1,134 @@
+#include "diagram/shapes/RouterGrid.h"
+
+#include <algorithm>
+
+namespace diagram {
+
+namespace {
+
+// What coming nearer to a box than so many twips costs; of several distances all that are passed.
+struct Nearness {
+    double distance, cost;
+};
+constexpr Nearness kNear[] = {{0, kThrough}, {40, 2500}, {90, 1200}, {kCareful, 400}};
+
+constexpr double kSliver = 30;  // twips; no lane between edges that lie closer
+constexpr double kSameLane = 8; // twips; no second lane that near to one of the preferred
+
+std::vector<double> Edges(std::span<const QRectF> boxes, bool level) {
+    std::vector<double> edges;
+    for (const QRectF &box : boxes) {
+        const Span span = SpanOf(box, !level);
+        edges.push_back(span.low), edges.push_back(span.high);
+    }
+    std::ranges::sort(edges);
+    edges.erase(std::unique(edges.begin(), edges.end()), edges.end());
+    return edges;
+}
+
+void AddBetween(double low, double high, std::vector<double> &lanes) {
+    const double room = high - low;
+    if (room < kSliver) return;
+    if (room < 2 * kClearance) {
+        lanes.push_back((low + high) / 2);
+        return;
+    }
+    lanes.push_back(low + kClearance);
+    if (room > 3 * kClearance) lanes.push_back((low + high) / 2);
+    lanes.push_back(high - kClearance);
+}
+
+// So far away that the bend comes out from under the arrow head.
+void AddPastHead(const RouteEnd &end, bool level, std::vector<double> &lanes) {
+    const Span span = SpanOf(end.box, !level);
+    if (end.head <= 0) return;
+    lanes.push_back(span.low - end.head - kHeadRoom);
+    lanes.push_back(span.high + end.head + kHeadRoom);
+}
+
+std::vector<double> LanesOf(const RouteRequest &request, std::string_view directions,
+                            const Coordinates &preferred, std::span<const QRectF> boxes, bool level) {
+    const std::vector<double> edges = Edges(boxes, level);
+    std::vector<double> lanes{edges.front() - kClearance, edges.back() + kClearance};
+    for (std::size_t i = 1; i < edges.size(); ++i) AddBetween(edges[i - 1], edges[i], lanes);
+    AddPastHead(request.source, level, lanes);
+    AddPastHead(request.destination, level, lanes);
+    std::vector<double> wanted;
+    for (std::size_t i = 0; i < directions.size(); ++i)
+        if (IsHorizontal(directions[i]) == level) wanted.push_back(preferred[i]);
+    std::erase_if(lanes, [&](double lane) {
+        return std::ranges::any_of(wanted, [lane](double w) { return std::abs(w - lane) < kSameLane; });
+    });
+    lanes.insert(lanes.end(), wanted.begin(), wanted.end());
+    return lanes;
+}
+
+std::vector<double> EndEdges(const RouteRequest &request, bool level) {
+    const Span source = SpanOf(request.source.box, !level), other = SpanOf(request.destination.box, !level);
+    std::vector<double> edges{source.low, source.high, other.low, other.high};
+    std::ranges::sort(edges);
+    return edges;
+}
+
+// Sorted, with the edges of the ends marked.
+void Merge(std::vector<double> lanes, const std::vector<double> &edges, std::vector<double> &all,
+           std::vector<bool> &isEdge) {
+    lanes.insert(lanes.end(), edges.begin(), edges.end());
+    std::ranges::sort(lanes);
+    lanes.erase(std::unique(lanes.begin(), lanes.end()), lanes.end());
+    all = std::move(lanes);
+    isEdge.resize(all.size());
+    for (std::size_t i = 0; i < all.size(); ++i) isEdge[i] = std::ranges::binary_search(edges, all[i]);
+}
+
+} // namespace
+
+LaneTable::LaneTable(const std::vector<double> &lanes, const std::vector<double> &stops, bool level,
+                     std::span<const QRectF> boxes)
+    : stops_(stops.size()), rising_(lanes.size() * stops.size()), falling_(rising_.size()) {
+    for (const QRectF &box : boxes) {
+        for (const auto &[by, cost] : kNear)
+            AddBox(lanes, stops, level, box.adjusted(-by, -by, by, by), cost);
+    }
+    for (std::size_t lane = 0; lane < lanes.size(); ++lane) {
+        double *rising = &rising_[lane * stops_], *falling = &falling_[lane * stops_];
+        double up = 0, down = 0;
+        for (std::size_t i = 0; i < stops_; ++i) {
+            rising[i] = stops[i] + (up += rising[i]);
+            falling[i] = stops[i] + (down += falling[i]);
+        }
+    }
+}
+
+// A box is entered between the last stop that isn't inside it and the first that is or lies behind it.
+void LaneTable::AddBox(const std::vector<double> &lanes, const std::vector<double> &stops, bool level,
+                       const QRectF &box, double cost) {
+    const Span across = SpanOf(box, !level), along = SpanOf(box, level);
+    const auto first = std::ranges::upper_bound(stops, along.low) - stops.begin();
+    const auto last = std::ranges::lower_bound(stops, along.high) - stops.begin();
+    const auto from = std::ranges::upper_bound(lanes, across.low) - lanes.begin();
+    const auto to = std::ranges::lower_bound(lanes, across.high) - lanes.begin();
+    for (auto lane = std::size_t(from); lane < std::size_t(to); ++lane) {
+        if (std::size_t(first) < stops_) rising_[lane * stops_ + std::size_t(first)] += cost;
+        if (std::size_t(last) < stops_) falling_[lane * stops_ + std::size_t(last)] += cost;
+    }
+}
+
+RouteGrid::RouteGrid(const RouteRequest &request, std::string_view directions, const Coordinates &preferred,
+                     std::span<const QRectF> obstacles) {
+    std::vector<QRectF> boxes(obstacles.begin(), obstacles.end());
+    boxes.push_back(request.source.box);
+    boxes.push_back(request.destination.box);
+    Merge(LanesOf(request, directions, preferred, boxes, false), EndEdges(request, false), xs_, xEdges_);
+    Merge(LanesOf(request, directions, preferred, boxes, true), EndEdges(request, true), ys_, yEdges_);
+    tables_.reserve(2);
+    tables_.emplace_back(xs_, ys_, false, boxes);
+    tables_.emplace_back(ys_, xs_, true, boxes);
+}
+
+std::size_t RouteGrid::Find(bool level, double value) const {
+    const std::vector<double> &lanes = Lanes(level);
+    return std::size_t(std::ranges::lower_bound(lanes, value) - lanes.begin());
+}
+
+} // namespace diagram

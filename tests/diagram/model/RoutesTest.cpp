@@ -1,0 +1,355 @@
+// How the ways of links behave among other nodes.
+#include "diagram/edit/History.h"
+#include "diagram/shapes/LinkStyles.h"
+#include "diagram/shapes/Obstacles.h"
+#include "tests/diagram/model/RandomSurface.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+using namespace diagram;
+using namespace diagram::testing;
+
+namespace {
+
+constexpr int kVHV = 4, kHVH = 5, kHVHVH = 9;
+
+int NodesOnWay(const Link &link) {
+    int count = 0;
+    const std::vector<Point> &way = link.Way();
+    for (const Node &node : link.Owner().Nodes()) {
+        if (node.Hidden() || &node == &link.Source() || &node == &link.Destination()) continue;
+        bool meets = false;
+        for (std::size_t i = 1; i < way.size(); ++i)
+            meets = meets || Meets(node.Bounds(), ToQPointF(way[i - 1]), ToQPointF(way[i]));
+        count += meets;
+    }
+    return count;
+}
+
+std::string Text(const Link &link) {
+    QString text = QStringLiteral("style %1:").arg(link.Style());
+    for (const Point &p : link.Way()) text += QStringLiteral(" (%1 %2)").arg(p.x).arg(p.y);
+    return text.toStdString();
+}
+
+bool KeepsDirections(const Link &link) {
+    const std::string_view directions = FindLinkStyle(link.Style())->directions;
+    const std::vector<Point> &way = link.Way();
+    if (way.size() != directions.size() + 1) return false;
+    for (std::size_t i = 0; i < directions.size(); ++i)
+        if (directions[i] == 'H' ? way[i].y != way[i + 1].y : way[i].x != way[i + 1].x) return false;
+    return true;
+}
+
+using Ways = std::map<ItemId, std::vector<Point>>;
+Ways AllWays(const Surface &surface) {
+    Ways ways;
+    for (const auto &link : surface.Links()) ways[link->Id()] = link->Way();
+    return ways;
+}
+
+// A and B side by side with room for a node between them.
+struct Pair {
+    Surface surface;
+    Node &a = surface.Nodes().Add(1000, 3000, 1000, 600);
+    Node &b = surface.Nodes().Add(8000, 3000, 1000, 600);
+    Link &link = a.Links().Add(b);
+    explicit Pair(int style = kHVHVH) {
+        AttachHistory(surface);
+        link.SetStyle(style);
+    }
+    Node &AddBlock(float top = 2500) { return surface.Nodes().Add(4500, top, 1000, 1500); }
+};
+
+} // namespace
+
+// Rows and columns of nodes with gaps in which a way with four segments or more always exists.
+class GeneratedMap : public ::testing::TestWithParam<unsigned> {};
+
+TEST_P(GeneratedMap, NoLinkRunsThroughANode) {
+    Dice dice(GetParam());
+    Surface surface;
+    const int columns = dice.Roll(3, 9), rows = dice.Roll(3, 9);
+    const float gap = dice.Real(150, 1200), side = dice.Real(400, 2000);
+    for (int i = 0; i < columns * rows; ++i) {
+        if (dice.Roll(0, 5) == 0) continue;
+        const float width = side * dice.Real(0.4F, 1), height = side * dice.Real(0.4F, 1);
+        surface.Nodes().Add(float(i % columns) * (side + gap) + dice.Real(0, side - width),
+                            float(i / columns) * (side + gap) + dice.Real(0, side - height), width, height);
+    }
+    for (int i = 0; i < 40; ++i) {
+        Node &from = AnyNode(surface, dice), &to = AnyNode(surface, dice);
+        if (&from == &to) continue;
+        Link &link = from.Links().Add(to);
+        link.SetStyle(dice.Roll(6, 13));
+        ASSERT_EQ(NodesOnWay(link), 0) << Text(link);
+        ASSERT_TRUE(KeepsDirections(link)) << Text(link);
+    }
+    for (const auto &link : surface.Links()) ASSERT_EQ(NodesOnWay(*link), 0) << Text(*link);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, GeneratedMap, ::testing::Range(1U, 201U));
+
+TEST(Routes, GoRoundANodeInTheWay) {
+    Pair pair;
+    pair.AddBlock();
+    EXPECT_EQ(NodesOnWay(pair.link), 0) << Text(pair.link);
+    EXPECT_TRUE(KeepsDirections(pair.link));
+}
+
+TEST(Routes, HiddenNodesAndThoseThatHoldAnEndAreNoObstacles) {
+    Pair pair;
+    const auto way = pair.link.Way();
+    pair.AddBlock().SetHidden(true);
+    EXPECT_EQ(pair.link.Way(), way);
+    pair.surface.Nodes().Add(500, 2500, 5000, 2000);
+    EXPECT_EQ(pair.link.Way(), way);
+}
+
+TEST(Routes, ANodeThatIsShownAgainIsGoneRound) {
+    Pair pair;
+    Node &block = pair.AddBlock();
+    block.SetHidden(true);
+    ASSERT_EQ(pair.link.Way()[2].y, 3300);
+    block.SetHidden(false);
+    EXPECT_EQ(NodesOnWay(pair.link), 0) << Text(pair.link);
+}
+
+TEST(Routes, TakingAnObstacleAwayChangesNoWay) {
+    Pair pair;
+    Node &block = pair.AddBlock();
+    const auto way = pair.link.Way();
+    block.SetTop(9000);
+    EXPECT_EQ(pair.link.Way(), way);
+    pair.surface.Remove(block);
+    EXPECT_EQ(pair.link.Way(), way);
+}
+
+TEST(Routes, MovingANodeReroutesItsLinksAndThoseThatItBlocksOnly) {
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        Dice dice(seed);
+        Surface surface;
+        for (int i = 0; i < 40; ++i)
+            surface.Nodes().Add(dice.Real(0, 20000), dice.Real(0, 20000), dice.Real(300, 1500),
+                                dice.Real(300, 1500));
+        for (int i = 0; i < 60; ++i)
+            AnyNode(surface, dice).Links().Add(AnyNode(surface, dice)).SetStyle(dice.Roll(0, 14));
+        const Ways before = AllWays(surface);
+        Node &node = AnyNode(surface, dice);
+        node.SetBounds(dice.Real(0, 20000), dice.Real(0, 20000), node.Width(), node.Height());
+        for (const auto &link : surface.Links()) {
+            if (&link->Source() == &node || &link->Destination() == &node) continue;
+            const auto &old = before.at(link->Id());
+            bool blocked = false;
+            for (std::size_t i = 1; i < old.size(); ++i)
+                blocked =
+                    blocked || Meets(node.Bounds(), ToQPointF(old[i - 1]), ToQPointF(old[i]), kNearness);
+            if (!blocked) {
+                ASSERT_EQ(link->Way(), old) << seed;
+            }
+        }
+    }
+}
+
+TEST(Routes, ALinkThatGivesWayBelongsToTheStepThatMadeIt) {
+    Pair pair;
+    Node &block = pair.AddBlock(9000);
+    const auto before = pair.link.Way();
+    {
+        const ActionGroup group(pair.surface);
+        block.SetTop(2500);
+    }
+    const auto after = pair.link.Way();
+    ASSERT_NE(after, before);
+    ASSERT_EQ(NodesOnWay(pair.link), 0);
+    for (int i = 0; i < 3; ++i) {
+        pair.surface.Undo();
+        EXPECT_EQ(pair.link.Way(), before);
+        pair.surface.Redo();
+        EXPECT_EQ(pair.link.Way(), after);
+    }
+}
+
+TEST(Routes, AddingANodeOnAWayAndUndoingItBringsTheWayBack) {
+    Pair pair;
+    const auto before = pair.link.Way();
+    {
+        const ActionGroup group(pair.surface);
+        pair.AddBlock();
+    }
+    EXPECT_EQ(NodesOnWay(pair.link), 0);
+    pair.surface.Undo();
+    EXPECT_EQ(pair.link.Way(), before);
+}
+
+TEST(Routes, AGroupThatIsGivenUpLeavesTheWays) {
+    Pair pair;
+    Node &block = pair.AddBlock(9000);
+    const auto before = pair.link.Way();
+    pair.surface.BeginAction(1);
+    block.SetTop(2500);
+    EXPECT_NE(pair.link.Way(), before);
+    pair.surface.CancelAction();
+    EXPECT_EQ(pair.link.Way(), before);
+}
+
+TEST(Routes, BendsOfTheUserDontGiveWay) {
+    Pair pair;
+    pair.link.Points().SetItem(2, {4800, 3400});
+    const auto way = pair.link.Way();
+    pair.AddBlock();
+    EXPECT_EQ(pair.link.Way(), way);
+}
+
+TEST(Routes, PointsWithASwitchOnAreNeverTouched) {
+    Pair pair;
+    pair.link.SetAddPointsMode(true);
+    const auto way = pair.link.Way();
+    Node &block = pair.AddBlock();
+    block.SetTop(2600);
+    EXPECT_EQ(pair.link.Way(), way);
+    pair.b.SetTop(6000);
+    EXPECT_EQ(pair.link.Way(), way);
+}
+
+TEST(Routes, AfterALoadNothingGivesWayUntilANodeMoves) {
+    Pair pair;
+    const auto way = pair.link.Way();
+    Surface loaded;
+    loaded.SetLoading(true);
+    for (const Node &node : pair.surface.Nodes()) loaded.Restore(node.Id(), node.Data());
+    Node &block = loaded.Nodes().Add(4500, 2500, 1000, 1500);
+    Link &link = loaded.Restore(77, pair.link.Data());
+    loaded.SetLoading(false);
+    EXPECT_EQ(link.Way(), way);
+    block.SetTop(2600);
+    EXPECT_EQ(NodesOnWay(link), 0) << Text(link);
+}
+
+// The router's choice round the obstacle comes back from a file as the router's, the straight way through it
+// as the user's.
+TEST(Routes, BendsAreJudgedByWhatTheRouterChoosesAmongTheNodes) {
+    Pair pair;
+    const auto through = pair.link.Way();
+    pair.AddBlock();
+    const auto round = pair.link.Way();
+    const auto give = [&pair](const std::vector<Point> &points) {
+        Link &link = pair.a.Links().Add(pair.b);
+        pair.surface.Remove(*pair.surface.Links()[0]);
+        link.SetStyle(kHVHVH);
+        link.SetAddPointsMode(true);
+        link.Points().Assign(points);
+        link.SetAddPointsMode(false);
+        return link.OwnBends();
+    };
+    EXPECT_FALSE(give(round));
+    EXPECT_TRUE(give(through));
+}
+
+TEST(Routes, ABlockThatMovesOntoAJudgedWayIsGoneRound) {
+    Pair pair;
+    Node &block = pair.AddBlock(9000);
+    pair.link.SetAddPointsMode(true);
+    const auto way = pair.link.Way();
+    pair.link.Points().Assign({{1, 1}, {2, 2}});
+    pair.link.Points().Assign(way); // as from a file
+    pair.link.SetAddPointsMode(false);
+    block.SetTop(2500);
+    EXPECT_EQ(NodesOnWay(pair.link), 0) << Text(pair.link);
+    EXPECT_FALSE(pair.link.OwnBends());
+}
+
+TEST(Routes, BendsComeOutFromUnderArrowHeads) {
+    for (int style : {kVHV, kHVH}) {
+        Surface surface;
+        Node &a = surface.Nodes().Add(1000, 1000, 800, 800), &b = surface.Nodes().Add(2150, 2150, 800, 800);
+        Link &link = a.Links().Add(b);
+        link.SetStyle(style);
+        const Point tip = link.Way()[3], bend = link.Way()[2];
+        EXPECT_GT(std::abs(tip.x - bend.x) + std::abs(tip.y - bend.y), 210) << Text(link);
+    }
+}
+
+class RoutesBeside : public ::testing::TestWithParam<int> {};
+
+TEST_P(RoutesBeside, LinksBetweenTheSameNodesLieApart) {
+    Surface surface;
+    Node &a = surface.Nodes().Add(1000, 1000, 1200, 1200), &b = surface.Nodes().Add(6000, 4000, 1200, 1200);
+    for (int i = 0; i < 4; ++i) {
+        Link &link = i % 2 ? b.Links().Add(a) : a.Links().Add(b);
+        link.SetStyle(GetParam());
+    }
+    const auto distance = [](const Point &p, const Point &q) { return std::hypot(p.x - q.x, p.y - q.y); };
+    for (const auto &one : surface.Links())
+        for (const auto &other : surface.Links()) {
+            if (one == other) continue;
+            const bool same = &one->Source() == &other->Source();
+            const Point start = same ? other->Way().front() : other->Way().back();
+            const Point end = same ? other->Way().back() : other->Way().front();
+            EXPECT_GT(distance(one->Way().front(), start), 80) << Text(*one) << Text(*other);
+            EXPECT_GT(distance(one->Way().back(), end), 80) << Text(*one) << Text(*other);
+        }
+}
+
+TEST_P(RoutesBeside, AddingAndUndoingAnotherBringsTheWayBack) {
+    Pair pair(GetParam());
+    const auto before = pair.link.Way();
+    {
+        const ActionGroup group(pair.surface);
+        pair.b.Links().Add(pair.a).SetStyle(GetParam());
+    }
+    const auto after = AllWays(pair.surface);
+    EXPECT_NE(pair.link.Way(), before);
+    pair.surface.Undo();
+    EXPECT_EQ(pair.link.Way(), before);
+    pair.surface.Redo();
+    EXPECT_EQ(AllWays(pair.surface), after);
+}
+
+TEST_P(RoutesBeside, LoopsOnOneNodeNest) {
+    Surface surface;
+    Node &a = surface.Nodes().Add(3000, 3000, 1600, 1600);
+    if (FindLinkStyle(GetParam())->directions.size() == 2) return; // can't leave the box
+    for (int i = 0; i < 3; ++i) a.Links().Add(a).SetStyle(GetParam());
+    std::vector<double> reach;
+    for (const auto &link : surface.Links()) {
+        QRectF box;
+        for (const Point &p : link->Way()) box |= QRectF(p.x, p.y, 1, 1);
+        reach.push_back(box.width() + box.height());
+    }
+    EXPECT_LT(reach[0] + 50, reach[1]);
+    EXPECT_LT(reach[1] + 50, reach[2]);
+}
+
+INSTANTIATE_TEST_SUITE_P(Styles, RoutesBeside, ::testing::Range(0, 15));
+
+TEST(Routes, TenThousandLinksOnOneNodeAndBetweenTwoAreRouted) {
+    Surface surface;
+    Node &hub = surface.Nodes().Add(50000, 50000, 1000, 1000);
+    Node &other = surface.Nodes().Add(0, 0, 1000, 1000);
+    for (int i = 0; i < 10000; ++i) {
+        Node &node = surface.Nodes().Add(float(i % 100) * 2000, float(i / 100) * 2000, 500, 500);
+        hub.Links().Add(node).SetStyle(i % 15);
+        hub.Links().Add(other).SetStyle(i % 15);
+    }
+    surface.Recalculate();
+    hub.SetLeft(40000);
+    surface.Recalculate();
+    for (const auto &link : surface.Links()) ASSERT_GE(link->Way().size(), 2U);
+}
+
+TEST(Routes, NodesAtTheEndsOfTheRangeHaveWays) {
+    for (int style = 0; style < 15; ++style) {
+        Surface surface;
+        AttachHistory(surface);
+        Node &a = surface.Nodes().Add(-1e8F, -1e8F, 1e8F, 10), &b = surface.Nodes().Add(1e8F, 1e8F, 0, 0);
+        Node &c = surface.Nodes().Add(-5e7F, 0, 1e8F, 1e7F);
+        for (Node *from : {&a, &b, &c})
+            for (Node *to : {&a, &b, &c}) from->Links().Add(*to).SetStyle(style);
+        const ActionGroup group(surface);
+        c.SetLeft(1e8F);
+        for (const auto &link : surface.Links())
+            for (const Point &p : link->Way()) ASSERT_TRUE(std::isfinite(p.x) && std::isfinite(p.y));
+    }
+}
