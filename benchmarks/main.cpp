@@ -143,6 +143,7 @@ int main(int argc, char **argv) {
     table.Ratio("pan, 200 of 100,000 nodes : of 10,000", "PanOurs/100000", "PanOurs/10000", 1.1);
     table.Milliseconds("drag one node with its links, a step, 10,000 nodes", "DragStep/10000", 1.5);
     table.Milliseconds("drag one node with its links, a step, 100,000 nodes", "DragStep/100000", 1.5);
+    table.Milliseconds("rerouting a drag of a node with 20 links, a step, 500 nodes", "RouteDrag/", 4);
     table.Milliseconds("whole diagram in view, 10,000 nodes", "WholeOurs/10000", 16);
     table.Milliseconds("whole diagram in view, 100,000 nodes", "WholeOurs/100000", 80);
     table.Value("memory a node with its links", bench::BytesPerNode(10000) / 1000, "KB", 1.2);
