@@ -3,6 +3,7 @@
 #include "diagram/hit/HitTest.h"
 #include "diagram/interaction/Overlay.h"
 #include "diagram/scene/Scene.h"
+#include "diagram/shapes/Router.h"
 #include "diagram/shapes/Shapes.h"
 
 namespace diagram {
@@ -11,6 +12,17 @@ namespace {
 
 QPointF EndOn(const Node &node, const QPointF &from) {
     return OutlineCrossing(node.Shape(), node.ShapeOrientation(), node.Bounds(), from);
+}
+
+QPolygonF LoopAt(const Node &node) {
+    const RouteEnd end{node.Bounds(), node.Shape(), node.ShapeOrientation()};
+    RouteRequest request;
+    request.source = end;
+    request.destination = end;
+    request.sameNode = true;
+    QPolygonF loop;
+    for (const Point &point : Route(request)) loop << ToQPointF(point);
+    return loop;
 }
 
 } // namespace
@@ -22,9 +34,12 @@ Node *LinkTargetAt(Scene &scene, const QPointF &at) {
 
 void ShowLooseLink(Scene &scene, const Node &fixed, const Node *target, const QPointF &at, Overlay &overlay) {
     if (target) overlay.target = scene.NodeOutline(*target);
-    if (target == &fixed) return;
+    if (target == &fixed) {
+        overlay.line = LoopAt(fixed);
+        return;
+    }
     const QPointF loose = target ? EndOn(*target, fixed.Bounds().center()) : at;
-    overlay.line = QLineF(EndOn(fixed, target ? target->Bounds().center() : at), loose);
+    overlay.line = {EndOn(fixed, target ? target->Bounds().center() : at), loose};
 }
 
 } // namespace diagram

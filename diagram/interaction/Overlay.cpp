@@ -5,7 +5,8 @@ namespace diagram {
 namespace {
 
 // Never empty, so that it counts in a union.
-QRectF BoxOf(const QLineF &line) { return QRectF(line.p1(), line.p2()).normalized().adjusted(-1, -1, 1, 1); }
+QRectF BoxOf(const QPolygonF &points) { return points.boundingRect().adjusted(-1, -1, 1, 1); }
+QRectF BoxOf(const QLineF &line) { return BoxOf(QPolygonF{line.p1(), line.p2()}); }
 
 } // namespace
 
@@ -13,12 +14,12 @@ QRectF Overlay::Bounds() const {
     QRectF all = band | sizeUnder;
     if (!ghost.isEmpty()) all |= ghost.controlPointRect();
     if (!target.isEmpty()) all |= target.controlPointRect();
-    if (line) all |= BoxOf(*line);
+    if (!line.isEmpty()) all |= BoxOf(line);
     for (const QLineF &guide : guides) all |= BoxOf(guide);
     for (const QLineF &gap : gaps) all |= BoxOf(gap);
     if (!faded.isEmpty()) all |= faded.controlPointRect();
     for (const QLineF &side : sizes) all |= BoxOf(side);
-    for (const QPointF &place : linkStarts) all |= BoxOf({place, place});
+    for (const QPointF &place : linkStarts) all |= BoxOf(QLineF(place, place));
     return all;
 }
 

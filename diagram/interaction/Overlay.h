@@ -3,10 +3,10 @@
 
 #include "diagram/model/Item.h"
 
-#include <optional>
 #include <QLineF>
 #include <QPainterPath>
 #include <QPointF>
+#include <QPolygonF>
 #include <QRectF>
 #include <QString>
 #include <vector>
@@ -19,8 +19,8 @@ struct Overlay {
     QPainterPath ghost; // outline of a node that is being drawn
     QString size;       // its size, shown below `sizeUnder`
     QRectF sizeUnder;
-    std::optional<QLineF> line;      // a link that is being dragged
-    bool arrow = false;              // it leads from the first point to the second
+    QPolygonF line;                  // a link that is being dragged
+    bool arrow = false;              // it has a head at its last point
     ItemId loose = kNoItem;          // a link one of whose ends is being dragged
     QPainterPath target;             // outline of the node that the link would join
     std::vector<QPointF> linkStarts; // the places from where a link can be dragged
@@ -28,11 +28,14 @@ struct Overlay {
     std::vector<QLineF> guides;      // along edges and middles that are in line
     std::vector<QLineF> gaps;        // across distances that are equal
     std::vector<QLineF> sizes;       // along sides of the same length, shown beside them
-    QPainterPath faded;              // a link whose place is being changed
+    QPainterPath faded;              // covers a link whose place is being changed
+    QPainterPath unfaded;            // outlines that stay as they are where it covers them
 
     // Holds everything but the size's text.
     QRectF Bounds() const;
-    bool IsEmpty() const { return size.isEmpty() && !line && linkStarts.empty() && Bounds().isNull(); }
+    bool IsEmpty() const {
+        return size.isEmpty() && line.isEmpty() && linkStarts.empty() && Bounds().isNull();
+    }
 };
 
 } // namespace diagram

@@ -82,8 +82,12 @@ std::vector<Node *> ReadingOrder(const Surface &surface) {
         if (IsSelectable(node)) nodes.push_back(&node);
     std::stable_sort(nodes.begin(), nodes.end(), [](Node *a, Node *b) { return a->Top() < b->Top(); });
     for (auto line = nodes.begin(); line != nodes.end();) {
-        const double bottom = (*line)->Bounds().bottom();
-        const auto below = std::find_if(line, nodes.end(), [&](Node *node) { return node->Top() > bottom; });
+        // The first that ends closes the line: a node around others isn't one line with all of them.
+        double bottom = (*line)->Bounds().bottom();
+        auto below = line + 1;
+        for (; below != nodes.end() && (*below)->Top() <= bottom; ++below)
+            if ((*below)->Bounds().center().y() <= bottom)
+                bottom = std::min(bottom, (*below)->Bounds().bottom());
         const auto next = std::stable_partition(
             line + 1, below, [&](Node *node) { return node->Bounds().center().y() <= bottom; });
         std::stable_sort(line, next, [](Node *a, Node *b) { return a->Left() < b->Left(); });

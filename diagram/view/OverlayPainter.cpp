@@ -47,9 +47,14 @@ void PaintSize(QPainter &painter, const Overlay &overlay, const Viewport &viewpo
 // The surface's own colour over a link lets it stand back.
 void PaintFaded(QPainter &painter, const Overlay &overlay, const Surface &surface, const Viewport &viewport) {
     if (overlay.faded.isEmpty()) return;
-    painter.setPen(QPen(Faded(support::ToQColor(surface.BackColor()), kCover), kTick));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPath(viewport.ToPixels().map(overlay.faded));
+    const QTransform toPixels = viewport.ToPixels();
+    const QPainterPath cover = toPixels.map(overlay.faded);
+    QPainterPath around = toPixels.map(overlay.unfaded);
+    around.addRect(cover.controlPointRect().united(around.controlPointRect()).adjusted(-1, -1, 1, 1));
+    painter.save();
+    painter.setClipPath(around, Qt::IntersectClip);
+    painter.fillPath(cover, Faded(support::ToQColor(surface.BackColor()), kCover));
+    painter.restore();
 }
 
 void PaintTarget(QPainter &painter, const Overlay &overlay, const QTransform &toPixels,
@@ -80,12 +85,13 @@ QPolygonF ArrowHead(const QLineF &line) {
 
 void PaintLine(QPainter &painter, const Overlay &overlay, const QTransform &toPixels,
                const OverlayLook &look) {
-    if (!overlay.line) return;
-    const QLineF line = toPixels.map(*overlay.line);
+    if (overlay.line.size() < 2) return;
+    const QPolygonF line = toPixels.map(overlay.line);
+    const QLineF last(line[line.size() - 2], line.last());
     painter.setPen(QPen(look.accent, 2));
     painter.setBrush(look.accent);
-    painter.drawLine(line);
-    if (line.length() > 2 * kArrowLength && overlay.arrow) painter.drawPolygon(ArrowHead(line));
+    painter.drawPolyline(line);
+    if (last.length() > 1.5 * kArrowLength && overlay.arrow) painter.drawPolygon(ArrowHead(last));
 }
 
 // A lit one shows the way that a link would take from there.

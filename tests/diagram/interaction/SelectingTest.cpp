@@ -39,6 +39,16 @@ TEST(ReadingOrder, GoesLineByLine) {
     EXPECT_EQ(Keys(ReadingOrder(surface)), QStringLiteral("abcde"));
 }
 
+TEST(ReadingOrder, NodeAroundOthers_ComesFirstAndTheOthersLineByLine) {
+    Surface surface;
+    Add(surface, "e", 100, 600);
+    Add(surface, "d", 500, 350);
+    Add(surface, "c", 600, 110);
+    Add(surface, "b", 100, 100);
+    Add(surface, "a", 0, 0, 1000, 1000);
+    EXPECT_EQ(Keys(ReadingOrder(surface)), QStringLiteral("abcde"));
+}
+
 TEST(ReadingOrder, PassesOverHiddenAndUnselectableNodes) {
     Surface surface;
     Add(surface, "a", 0, 0).SetHidden(true);

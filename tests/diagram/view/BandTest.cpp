@@ -35,7 +35,8 @@ TEST_F(Band, Selection_FollowsTheBandWhileItGrowsAndShrinks) {
 TEST_F(Band, HandlesOfWhatItHolds_AreSeenBeforeTheRelease) {
     Press(QPoint(20, 20), Qt::ShiftModifier);
     MoveTo(QPoint(180, 150), Qt::ShiftModifier);
-    EXPECT_GT(qGray(Seen().pixel(Handle(a, 4))), 200) << "the border and not the inside of a handle";
+    EXPECT_GT(qGray(ColourAt(Seen(), Handle(a, 4)).rgb()), 200)
+        << "the border and not the inside of a handle";
     Release(QPoint(180, 150), Qt::ShiftModifier);
 }
 

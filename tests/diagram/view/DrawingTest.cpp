@@ -100,10 +100,10 @@ TEST_F(Drawing, Size_StandsBelowTheOutline) {
     int marked = 0;
     for (int x = below.left(); x <= below.right(); ++x)
         for (int y = below.top(); y <= below.bottom(); ++y)
-            marked += before.pixelColor(x, y) != QColor(Qt::white);
+            marked += ColourAt(before, {x, y}) != QColor(Qt::white);
     EXPECT_GT(marked, 300);
     MoveTo(QPoint(240, 190));
-    EXPECT_NE(Seen().copy(below), before.copy(below)) << "the size goes along";
+    EXPECT_NE(Part(Seen(), below), Part(before, below)) << "the size goes along";
 }
 
 TEST_F(Drawing, Pointer_IsACrossWhileDrawing) {

@@ -68,7 +68,7 @@ TEST_F(Scrolling, ChangePaintedBeforeItsTurn_IsSeen) {
     Shown();
     surface.Nodes().Item(1).SetFillColor(support::Rgb(255, 0, 0));
     const QImage image = view->viewport()->grab().toImage();
-    EXPECT_EQ(image.pixelColor(Body(surface.Nodes().Item(1)) + QPoint(0, 10)), QColor(255, 0, 0));
+    EXPECT_EQ(ColourAt(image, Body(surface.Nodes().Item(1)) + QPoint(0, 10)), QColor(255, 0, 0));
 }
 
 TEST_F(Scrolling, Surface_KnowsItsSizeAndScroll) {
@@ -186,8 +186,8 @@ TEST_F(Scrolling, BeyondTheOrigin_IsShadedAndTakesNoNode) {
     const QPoint origin = At(QPointF(0, 0));
     ASSERT_GT(origin.x(), 50);
     const QImage shown = Seen();
-    EXPECT_LT(qGray(shown.pixel(origin - QPoint(20, 20))), 250);
-    EXPECT_LT(qGray(shown.pixel(origin + QPoint(20, -20))), 250);
+    EXPECT_LT(qGray(ColourAt(shown, origin - QPoint(20, 20)).rgb()), 250);
+    EXPECT_LT(qGray(ColourAt(shown, origin + QPoint(20, -20)).rgb()), 250);
     const int nodes = surface.Nodes().Count();
     Drag(origin - QPoint(60, 60), origin - QPoint(10, 10), Qt::AltModifier);
     EXPECT_EQ(surface.Nodes().Count(), nodes);

@@ -181,6 +181,15 @@ int ViewTest::UndoSteps() {
     return steps;
 }
 
+QColor ColourAt(const QImage &image, const QPoint &place) {
+    return image.pixelColor((QPointF(place) * image.devicePixelRatio()).toPoint());
+}
+
+QImage Part(const QImage &image, const QRect &area) {
+    const double ratio = image.devicePixelRatio();
+    return image.copy(QRect((QPointF(area.topLeft()) * ratio).toPoint(), area.size() * ratio));
+}
+
 int DifferingPixels(const QImage &a, const QImage &b) {
     if (a.size() != b.size()) return a.width() * a.height() + 1;
     int count = 0;

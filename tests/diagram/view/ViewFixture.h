@@ -8,6 +8,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <QColor>
 #include <QImage>
 #include <QPoint>
 #include <QStringList>
@@ -85,6 +86,10 @@ protected:
     std::unique_ptr<SurfaceView> view;
     std::unique_ptr<Hand> hand;
 };
+
+// Of a picture of the view, at a place in pixels of the viewport, whatever the screen's resolution.
+QColor ColourAt(const QImage &image, const QPoint &place);
+QImage Part(const QImage &image, const QRect &area);
 
 // Number of pixels that differ by more than a shade.
 int DifferingPixels(const QImage &a, const QImage &b);

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPixmap>
+#include <QTest>
 
 namespace gallery {
 
@@ -89,6 +90,8 @@ void Film::Shoot(const char *caption) {
     const QString file = QStringLiteral("%1-%2.png").arg(name_).arg(++count_);
     if (!picture.save(folder_.filePath(file))) qFatal("%s can't be written", qPrintable(file));
 }
+
+void Film::Wait() { QTest::qWait(30); }
 
 void Film::ShootDrag(const QPoint &from, const QPoint &to, Qt::KeyboardModifiers modifiers) {
     hand_->MoveTo(from, modifiers);

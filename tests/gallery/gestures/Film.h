@@ -32,6 +32,7 @@ public:
 
     // What the user sees now, with the pointer and a line that says what goes on.
     void Shoot(const char *caption);
+    void Wait(); // while what runs by itself goes on
     // Draws to `to` step by step: a picture at the press, half way and before the release.
     void ShootDrag(const QPoint &from, const QPoint &to, Qt::KeyboardModifiers modifiers = {});
 

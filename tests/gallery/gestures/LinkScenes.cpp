@@ -79,13 +79,45 @@ void Orthogonal(Film &film) {
     Finish(film, "the directions are kept");
 }
 
+void OrthogonalBack(Film &film) {
+    Node &a = film.Add(40, 60, 120, 70, "Market");
+    Node &b = film.Add(400, 220, 120, 70, "Product");
+    Link &link = film.Join(a, b);
+    link.SetStyle(kHvh);
+    link.SetSelected(true);
+    const QPoint middle = film.OnWay(link, 1);
+    film.Hand().DragAndHold(middle, middle + QPoint(-70, 10));
+    Finish(film, "dragged");
+    film.Hand().DoubleClick(film.View().FromSurface(ToQPointF(link.Way()[1])).toPoint());
+    film.Hand().MoveTo(film.At(420, 60));
+    film.Shoot("a double click gives it back");
+}
+
+void MoveStart(Film &film) {
+    Node &a = film.Add(60, 60, 120, 70, "Market");
+    Node &b = film.Add(340, 60, 130, 80, "Product");
+    Node &c = film.Add(60, 220, 120, 70, "Price");
+    Link &link = film.Join(a, b);
+    link.SetSelected(true);
+    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Way().front())).toPoint(),
+                            film.At(230, 230));
+    film.Shoot("on the way");
+    film.Hand().MoveTo(film.Body(b));
+    film.Shoot("over the node at the other end");
+    film.Hand().MoveTo(film.Body(c));
+    film.Shoot("over another node");
+    Finish(film, "it starts there now");
+}
+
 void Label(Film &film) {
     Node &a = film.Add(40, 60, 120, 70, "Market");
     Node &b = film.Add(400, 220, 120, 70, "Product");
     Link &link = film.Join(a, b);
     link.SetText(QStringLiteral("leads to"));
-    film.Hand().Press(film.OnWay(link, 0) + QPoint(0, 0));
-    Finish(film, "clicked");
+    film.Hand().Press(film.OnWay(link, 0));
+    film.Hand().Release(film.Hand().At());
+    film.Hand().MoveTo(film.At(420, 60));
+    film.Shoot("clicked");
     film.Hand().Key(Qt::Key_F2);
     film.Shoot("F2");
     film.Hand().Key(Qt::Key_End);
@@ -96,10 +128,15 @@ void Label(Film &film) {
 }
 
 constexpr Scene kScenes[] = {
-    {"20-link", Draw, true},       {"21-link-nowhere", DrawNowhere, false},
-    {"22-link-loop", Loop, false}, {"23-link-end", MoveEnd, false},
-    {"24-bend", Bend, true},       {"25-orthogonal", Orthogonal, false},
+    {"20-link", Draw, true},
+    {"21-link-nowhere", DrawNowhere, false},
+    {"22-link-loop", Loop, false},
+    {"23-link-end", MoveEnd, false},
+    {"24-bend", Bend, true},
+    {"25-orthogonal", Orthogonal, false},
     {"26-label", Label, true},
+    {"27-link-start", MoveStart, true},
+    {"28-orthogonal-back", OrthogonalBack, false},
 };
 
 } // namespace

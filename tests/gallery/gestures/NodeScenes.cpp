@@ -76,6 +76,38 @@ void ResizeSeveral(Film &film) {
     Finish(film, "both by the same factors");
 }
 
+void ResizeAspect(Film &film) {
+    Node &a = film.Add(60, 60, 120, 60, "Twice as wide as high");
+    a.SetSelected(true);
+    film.Hand().DragAndHold(film.Handle(a, 4), film.Handle(a, 4) + QPoint(120, 90));
+    film.Shoot("any proportion");
+    film.Hand().KeyPress(Qt::Key_Shift);
+    film.Shoot("Shift: the proportion is kept");
+    film.Hand().Release(film.Hand().At(), Qt::ShiftModifier);
+    film.Hand().KeyRelease(Qt::Key_Shift);
+    film.Shoot("released");
+}
+
+void AltOff(Film &film) {
+    film.Add(60, 60, 120, 70, "Market");
+    Node &b = film.Add(300, 200, 120, 70, "Product");
+    film.Hand().DragAndHold(film.Body(b), film.Body(b) + QPoint(-3, -138));
+    film.Shoot("drawn into line");
+    film.Hand().KeyPress(Qt::Key_Alt);
+    film.Shoot("Alt: where the hand is");
+    film.Hand().Release(film.Hand().At(), Qt::AltModifier);
+    film.Hand().KeyRelease(Qt::Key_Alt);
+    film.Shoot("released");
+}
+
+void ToTheGrid(Film &film) {
+    film.surface.SetGridLines(true);
+    film.surface.SetSnapToGrid(true);
+    Node &a = film.Add(60, 60, 120, 70, "Market");
+    film.ShootDrag(film.Body(a), film.Body(a) + QPoint(173, 118));
+    Finish(film, "on the grid");
+}
+
 void Copy(Film &film) {
     Node &a = film.Add(60, 60, 120, 70, "One");
     Node &b = film.Add(60, 180, 120, 70, "Two");
@@ -133,6 +165,9 @@ constexpr Scene kScenes[] = {
     {"07-resize", Resize, true},
     {"08-resize-several", ResizeSeveral, false},
     {"09-copy", Copy, false},
+    {"13-resize-aspect", ResizeAspect, false},
+    {"14-alt", AltOff, false},
+    {"15-grid", ToTheGrid, false},
     {"10-band", Band, true},
     {"11-selected-shapes", SelectedShapes, true},
     {"12-small-nodes", SmallNodes, true},

@@ -68,6 +68,30 @@ void Keyboard(Film &film) {
     film.Shoot("Insert");
 }
 
+void KeyboardMoves(Film &film) {
+    const std::vector<Node *> nodes = Grid(film, 3, 2);
+    film.Hand().Key(Qt::Key_Tab);
+    for (int i = 0; i < 3; ++i) film.Hand().Key(Qt::Key_Right, Qt::ControlModifier | Qt::AltModifier);
+    film.Shoot("along the links with Ctrl+Alt+Right");
+    for (int i = 0; i < 5; ++i) film.Hand().Key(Qt::Key_Down, Qt::ShiftModifier);
+    film.Shoot("moved with Shift+Down");
+    nodes[4]->SetSelected(true);
+    for (int i = 0; i < 10; ++i) film.Hand().Key(Qt::Key_Left);
+    film.Shoot("two nodes moved with Left");
+}
+
+void Edge(Film &film) {
+    std::vector<Node *> nodes = Grid(film, 6, 5);
+    film.Hand().DragAndHold(film.Body(*nodes[0]), QPoint(film.View().viewport()->width() - 2, 150));
+
+    film.Shoot("at the edge");
+    for (int i = 0; i < 40; ++i) film.Wait();
+    film.Shoot("the page moves on");
+    film.Hand().Key(Qt::Key_Escape);
+    film.Hand().Release(film.Hand().At());
+    film.Shoot("given up with Escape");
+}
+
 void Zoom(Film &film) {
     std::vector<Node *> nodes = Grid(film, 6, 5);
     nodes[7]->SetSelected(true);
@@ -120,9 +144,14 @@ void DarkSurface(Film &film) {
 }
 
 constexpr Scene kScenes[] = {
-    {"40-typing", Typing, true},     {"41-typing-aligned", TypingAligned, true},
-    {"42-keyboard", Keyboard, true}, {"43-zoom", Zoom, false},
-    {"44-pan", Pan, false},          {"45-dark-surface", DarkSurface, false},
+    {"40-typing", Typing, true},
+    {"41-typing-aligned", TypingAligned, true},
+    {"42-keyboard", Keyboard, true},
+    {"43-zoom", Zoom, false},
+    {"44-pan", Pan, false},
+    {"45-dark-surface", DarkSurface, false},
+    {"46-keyboard-moves", KeyboardMoves, false},
+    {"47-edge", Edge, false},
 };
 
 } // namespace
