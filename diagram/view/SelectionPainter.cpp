@@ -90,22 +90,31 @@ bool HasSegmentHandles(const Link &link) {
     return !row || row->form != LinkForm::Bezier;
 }
 
-void PaintGlow(const Selection &to, const Link &link) {
+// The label is left free, as it is of the line itself.
+void PaintGlow(const Selection &to, const Link &link, const QRectF &label) {
+    to.painter.save();
+    if (!label.isEmpty()) {
+        QPainterPath around;
+        around.addRect(to.reach.united(label));
+        around.addRect(label);
+        to.painter.setClipPath(around, Qt::IntersectClip);
+    }
     to.painter.setRenderHint(QPainter::Antialiasing);
     to.painter.setBrush(Qt::NoBrush);
     to.painter.setPen(QPen(Faded(to.look.accent, 70), kGlow));
     to.painter.drawPath(to.viewport.ToPixels().map(to.scene.LinkPath(link)));
-    to.painter.setRenderHint(QPainter::Antialiasing, false);
+    to.painter.restore();
 }
 
-void PaintBends(const Selection &to, const Link &link) {
+void PaintBends(const Selection &to, const Link &link, const QRectF &label) {
     const std::vector<Point> &way = link.Way();
     const bool segments = HasSegmentHandles(link);
     for (size_t i = 0; i < way.size(); ++i) {
         const QPointF place = to.viewport.FromSurface(ToQPointF(way[i]));
         const QPointF before = i > 0 ? to.viewport.FromSurface(ToQPointF(way[i - 1])) : place;
-        if (segments && QLineF(before, place).length() > kShortestSegment)
-            PaintRound(to, (before + place) / 2, kSmallHandle);
+        const QPointF half = (before + place) / 2;
+        if (segments && QLineF(before, place).length() > kShortestSegment && !label.contains(half))
+            PaintRound(to, half, kSmallHandle);
         PaintHandle(to, place, kHandle);
     }
 }
@@ -115,8 +124,9 @@ void PaintLinks(const Selection &to, ItemId loose) {
     for (const Link *link : links) {
         if (link->Hidden() || link->Id() == loose) continue;
         if (!to.reach.intersects(to.viewport.FromSurface(to.scene.Bounds(*link)))) continue;
-        PaintGlow(to, *link);
-        if (links.size() <= kManySelected) PaintBends(to, *link);
+        const QRectF label = to.viewport.FromSurface(to.scene.LabelBounds(*link));
+        PaintGlow(to, *link, label);
+        if (links.size() <= kManySelected) PaintBends(to, *link, label);
     }
 }
 

@@ -1,4 +1,5 @@
 // The ends of a link that is there already, and links from a node to itself.
+#include "diagram/scene/Scene.h"
 #include "tests/diagram/view/ViewFixture.h"
 
 #include <QSignalSpy>
@@ -72,6 +73,18 @@ TEST_F(LinkEnds, DroppedOnEmptySurface_SaysWhy) {
     ASSERT_FALSE(hints.isEmpty());
     EXPECT_EQ(hints.last()[0].value<Hint>(), Hint::LinkNeedsNode);
     EXPECT_EQ(&link.Destination(), &b);
+}
+
+TEST_F(LinkEnds, SelectedLink_LeavesItsLabelReadable) {
+    link.SetText(QStringLiteral("a label of some words"));
+    link.SetSelected(false);
+    MoveTo(QPoint(600, 480));
+    const QRectF label = view->TheScene().LabelBounds(link);
+    const QRect inside = QRect(At(label.topLeft()), At(label.bottomRight())).adjusted(2, 2, -2, -2);
+    const QImage before = Part(Seen(), inside);
+    link.SetSelected(true);
+    Settle();
+    EXPECT_EQ(DifferingPixels(Part(Seen(), inside), before), 0);
 }
 
 TEST_F(LinkEnds, WhileDragged_TheOldLineAndItsHeadStandBackAndTheNodesDoNot) {
