@@ -45,10 +45,11 @@ bool IsMet(const diagram::Link &link) {
     const auto &way = link.Way();
     for (const diagram::Node &node : link.Owner().Nodes()) {
         if (&node == &link.Source() || &node == &link.Destination()) continue;
-        if (Overlap(node.Bounds(), link.Source().Bounds())) continue;
-        if (Overlap(node.Bounds(), link.Destination().Bounds())) continue;
+        if (diagram::Overlap(node.Bounds(), link.Source().Bounds())) continue;
+        if (diagram::Overlap(node.Bounds(), link.Destination().Bounds())) continue;
         for (size_t i = 1; i < way.size(); ++i)
-            if (diagram::Meets(node.Bounds(), ToQPointF(way[i - 1]), ToQPointF(way[i]))) return true;
+            if (diagram::Meets(node.Bounds(), diagram::ToQPointF(way[i - 1]), diagram::ToQPointF(way[i])))
+                return true;
     }
     return false;
 }
