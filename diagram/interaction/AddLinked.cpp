@@ -13,6 +13,7 @@ namespace {
 
 constexpr double kGap = 750;     // twips between the two nodes
 constexpr int kMostPlaces = 200; // that are looked at
+constexpr QSizeF kNewSize{1500, 900};
 
 bool IsOnSurface(const QRectF &box) { return box.left() >= 0 && box.top() >= 0; }
 
@@ -38,14 +39,8 @@ QRectF PlaceBeside(Scene &scene, const QRectF &box, QPointF direction) {
     return away(direction);
 }
 
-} // namespace
-
-Node *AddLinkedNode(Scene &scene, Node &from, const QPointF &direction) {
-    Surface &surface = scene.Model();
-    QRectF box = from.Bounds();
-    box.setSize(box.size().expandedTo(QSizeF(kSmallestSide, kSmallestSide)));
-    const QRectF place = PlaceBeside(scene, box, direction);
-    const ItemId source = from.Id();
+// `source` is kNoItem for a node without a link.
+Node *Add(Surface &surface, const QRectF &place, ItemId source) {
     ItemId added = kNoItem;
     ChangeSelection(surface, [&] {
         Node &node = surface.Nodes().Add(float(place.left()), float(place.top()), float(place.width()),
@@ -59,6 +54,22 @@ Node *AddLinkedNode(Scene &scene, Node &from, const QPointF &direction) {
         if (start && end) surface.Events().AfterAddLink(surface, start->Links().Add(*end));
     });
     return surface.FindNode(added);
+}
+
+} // namespace
+
+Node *AddLinkedNode(Scene &scene, Node &from, const QPointF &direction) {
+    QRectF box = from.Bounds();
+    box.setSize(box.size().expandedTo(QSizeF(kSmallestSide, kSmallestSide)));
+    return Add(scene.Model(), PlaceBeside(scene, box, direction), from.Id());
+}
+
+Node *AddNodeInMiddle(Scene &scene, const QRectF &seen) {
+    QRectF box(QPointF(), kNewSize);
+    box.moveCenter(seen.center());
+    box.moveTopLeft({qMax(0.0, box.left()), qMax(0.0, box.top())});
+    const QRectF place = IsFree(scene, box) ? box : PlaceBeside(scene, box, {1, 0});
+    return Add(scene.Model(), place, kNoItem);
 }
 
 } // namespace diagram

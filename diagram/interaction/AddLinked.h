@@ -1,7 +1,8 @@
-// Adds a node beside another one, with a link to it.
+// Adds nodes without a drag.
 #pragma once
 
 #include <QPointF>
+#include <QRectF>
 
 namespace diagram {
 
@@ -13,5 +14,9 @@ class Scene;
 // stands on the other side. One step, with AfterAddNode, AfterAddLink and AfterSelect. Null when a handler
 // took the node away.
 Node *AddLinkedNode(Scene &scene, Node &from, const QPointF &direction);
+
+// A node without a link, of a common size, in the middle of what is seen (twips) or on the nearest free place
+// of the next column. One step, with AfterAddNode and AfterSelect. Null as above.
+Node *AddNodeInMiddle(Scene &scene, const QRectF &seen);
 
 } // namespace diagram

@@ -253,9 +253,11 @@ bool SurfaceView::Impl::ArrowKey(QKeyEvent *event) {
 }
 
 bool SurfaceView::Impl::AddLinked() {
+    if (interaction.IsActive()) return false;
     Node *from = surface.SelectedNode();
-    if (!from || interaction.IsActive()) return false;
-    if (const Node *added = AddLinkedNode(scene, *from, direction_)) view.EnsureVisible(added->Bounds());
+    const Node *added =
+        from ? AddLinkedNode(scene, *from, direction_) : AddNodeInMiddle(scene, viewport.Seen());
+    if (added) view.EnsureVisible(added->Bounds());
     return true;
 }
 

@@ -79,11 +79,25 @@ TEST_F(AddLinked, HandlerThatRemovesTheNode_DoesNoHarm) {
     EXPECT_EQ(events.Count("Error"), 0);
 }
 
-TEST_F(AddLinked, WithoutASelectedNode_NothingHappens) {
+TEST_F(AddLinked, WithoutASelectedNode_InsertAddsOneInTheMiddleOfWhatIsSeen) {
     surface.UnselectAll();
     Key(Qt::Key_Insert);
-    EXPECT_EQ(surface.Nodes().Count(), 1);
-    a.SetSelected(true);
+    ASSERT_EQ(surface.Nodes().Count(), 2);
+    const QPointF middle = view->ToSurface(QRectF(view->viewport()->rect()).center());
+    EXPECT_LT((Last().Bounds().center() - middle).manhattanLength(), 30);
+    EXPECT_TRUE(Last().Selected());
+    EXPECT_TRUE(surface.Links().empty());
+    EXPECT_EQ(UndoSteps(), 1);
+    surface.UnselectAll();
+    Key(Qt::Key_Insert);
+    ASSERT_EQ(surface.Nodes().Count(), 3);
+    EXPECT_FALSE(Last().Bounds().intersects(surface.Nodes().Item(2).Bounds()));
+    EXPECT_EQ(events.Count("AfterAddNode"), 2);
+    EXPECT_EQ(events.Count("AfterAddLink"), 0);
+    EXPECT_EQ(events.Count("AfterSelect"), 2);
+}
+
+TEST_F(AddLinked, InsertWithShift_IsNotMeant) {
     Key(Qt::Key_Insert, Qt::ShiftModifier);
     EXPECT_EQ(surface.Nodes().Count(), 1);
 }

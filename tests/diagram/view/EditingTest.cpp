@@ -1,4 +1,5 @@
 #include "diagram/interaction/EditText.h"
+#include "diagram/scene/Scene.h"
 #include "tests/diagram/view/ViewFixture.h"
 
 #include <QApplication>
@@ -125,6 +126,29 @@ TEST_F(Editing, Label_OfALinkIsEditedTheSame) {
     EXPECT_EQ(link.Text(), QStringLiteral("label"));
     EXPECT_EQ(UndoSteps(), 1);
     EXPECT_EQ(events.Count("AfterEdit"), 1);
+}
+
+TEST_F(Editing, Label_IsEditedInTheLinksFontAndEscapeGivesUp) {
+    Link &link = AddLink(a, b);
+    link.SetText(QStringLiteral("old label"));
+    link.SetFont(Font(QStringLiteral("Arial"), 13, true, true));
+    link.SetForeColor(support::Rgb(0, 0, 200));
+    surface.UnselectAll();
+    link.SetSelected(true);
+    Settle();
+    const QPoint middle = At(view->TheScene().LabelBounds(link).center());
+    Type("new");
+    ASSERT_TRUE(view->IsEditing());
+    EXPECT_TRUE(Editor()->font().bold() && Editor()->font().italic());
+    EXPECT_EQ(Editor()->palette().color(QPalette::Text), QColor(0, 0, 200));
+    EXPECT_TRUE(Editor()->geometry().contains(middle));
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(link.Text(), QStringLiteral("old label"));
+    EXPECT_FALSE(surface.CanUndo());
+    Type("new");
+    Click(QPoint(650, 500));
+    EXPECT_EQ(link.Text(), QStringLiteral("new"));
+    EXPECT_EQ(UndoSteps(), 1);
 }
 
 TEST_F(Editing, RemovalOfTheNode_EndsTheEditing) {

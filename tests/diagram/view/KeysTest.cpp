@@ -146,6 +146,41 @@ TEST_F(Keys, ToolTip_ShowsATextThatIsTooSmallToRead) {
     QToolTip::hideText();
 }
 
+TEST_F(Keys, ToolTip_ShowsALabelThatTheWindowCutsOffAndNoneDuringADrag) {
+    const auto ask = [&](const QPoint &at) {
+        QHelpEvent help(QEvent::ToolTip, at, view->viewport()->mapToGlobal(at));
+        QApplication::sendEvent(view->viewport(), &help);
+        return QToolTip::text();
+    };
+    Node &far = AddNode("far", 1500, 60);
+    Link &link = AddLink(b, far);
+    link.SetText(QStringLiteral("a label beyond the window's edge ").repeated(4).trimmed());
+    a.SetText(QStringLiteral("a long text ").repeated(40));
+    Settle();
+    const QPoint onLink(At(ToQPointF(link.Way().front())) + QPoint(60, 0));
+    EXPECT_TRUE(ask(onLink).contains(QStringLiteral("beyond the window"))) << onLink.x();
+    EXPECT_FALSE(ask(Body(a)).isEmpty());
+    QToolTip::hideText();
+    ASSERT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+    DragAndHold(Body(b), Body(b) + QPoint(0, 200));
+    EXPECT_EQ(ask(Body(a)), QString());
+    Key(Qt::Key_Escape);
+    Release(hand->At());
+    QToolTip::hideText();
+}
+
+TEST_F(Keys, CtrlAltArrow_GoesAgainstTheDirectionOfLinksToo) {
+    AddNode("d", 400, 60);
+    Node &e = AddNode("e", 600, 60);
+    AddLink(e, a);
+    a.SetSelected(true);
+    Settle();
+    Key(Qt::Key_Right, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{&e});
+    Key(Qt::Key_Down, Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{&e}) << "no link leads there";
+}
+
 TEST_F(Keys, FocusRing_IsStrongForTheKeyboard) {
     Click(Body(a));
     MoveTo(QPoint(700, 550));
