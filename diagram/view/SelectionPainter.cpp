@@ -93,12 +93,9 @@ bool HasSegmentHandles(const Link &link) {
 // The label is left free, as it is of the line itself.
 void PaintGlow(const Selection &to, const Link &link, const QRectF &label) {
     to.painter.save();
-    if (!label.isEmpty()) {
-        QPainterPath around;
-        around.addRect(to.reach.united(label));
-        around.addRect(label);
-        to.painter.setClipPath(around, Qt::IntersectClip);
-    }
+    if (!label.isEmpty())
+        to.painter.setClipRegion(QRegion(to.reach.toAlignedRect()) - (label & to.reach).toAlignedRect(),
+                                 Qt::IntersectClip);
     to.painter.setRenderHint(QPainter::Antialiasing);
     to.painter.setBrush(Qt::NoBrush);
     to.painter.setPen(QPen(Faded(to.look.accent, 70), kGlow));

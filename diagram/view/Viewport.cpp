@@ -187,6 +187,7 @@ void Viewport::EnsureVisible(const QRectF &twips) {
     const QRectF box = FromSurface(twips);
     const QSize size = area_.viewport()->size();
     const auto shift = [](double low, double high, int page) {
+        if (low <= 0 && high >= page) return 0; // larger than the window: what is seen of it stays
         if (low < 0 || high - low > page) return int(std::floor(low)) - kScrollMargin;
         return high > page ? int(std::ceil(high)) - page + kScrollMargin : 0;
     };

@@ -239,6 +239,21 @@ TEST_F(Scrolling, EnsureVisible_ScrollsOnlyAsFarAsNeeded) {
     EXPECT_EQ(Y(), 0);
 }
 
+TEST_F(Scrolling, ArrowKeys_DoNotScrollAwayFromANodeThatFillsTheWindow) {
+    Node &large = AddNode("large", 100, 100, 3000, 2000);
+    large.SetSelected(true);
+    Settle();
+    view->horizontalScrollBar()->setValue(900);
+    view->verticalScrollBar()->setValue(700);
+    Key(Qt::Key_Right);
+    Key(Qt::Key_Down);
+    EXPECT_EQ(large.Left(), 101 * 15);
+    EXPECT_EQ(QPoint(X(), Y()), QPoint(900, 700));
+    view->horizontalScrollBar()->setValue(0);
+    Key(Qt::Key_Right);
+    EXPECT_EQ(QPoint(X(), Y()), QPoint(102 - 24, 700)) << "its left side is in sight already";
+}
+
 TEST_F(Scrolling, BackColour_FillsTheWholeViewport) {
     surface.SetBackColor(support::Rgb(10, 20, 30));
     Settle();
