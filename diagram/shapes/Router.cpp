@@ -50,8 +50,15 @@ std::vector<Point> RouteBezier(const RouteRequest &request) {
     const QRectF &from = request.source.box, &to = request.destination.box;
     if (request.sameNode) {
         const std::vector<Point> loop = CornerLoop(request);
-        const float reach = std::max(loop[1].x - loop[0].x, 0.0F) + float(2 * request.aside);
-        return {loop[0], {loop[1].x + reach, loop[1].y}, {loop[3].x, loop[3].y - reach}, loop[4]};
+        // So far out that the curve passes the corner of the box.
+        const auto reach = [&](float out, double size) {
+            const double past = size * 2 / 3 + kNearness - out;
+            return float(std::max({double(out), past, 0.0}) + 2 * request.aside);
+        };
+        return {loop[0],
+                {loop[1].x + reach(loop[1].x - loop[0].x, request.source.box.width()), loop[1].y},
+                {loop[3].x, loop[3].y - reach(loop[4].y - loop[3].y, request.source.box.height())},
+                loop[4]};
     }
     const QPointF way = to.center() - from.center();
     const double besides = std::abs(way.x()) - (from.width() + to.width()) / 2;
@@ -71,13 +78,19 @@ std::vector<Point> RouteBezier(const RouteRequest &request) {
     return {ToPoint(start), ToPoint(start + tangent), ToPoint(end - tangent), ToPoint(end)};
 }
 
+// One bend doesn't bring a way back to where it came from: such a loop takes three.
+std::string_view DirectionsOf(const RouteRequest &request, const LinkStyleRow &row) {
+    if (!request.sameNode || row.directions.size() != 2) return row.directions;
+    return row.directions == "HV" ? "HVHV" : "VHVH";
+}
+
 } // namespace
 
 std::vector<Point> Route(const RouteRequest &request) {
     const LinkStyleRow *row = FindLinkStyle(request.style);
     if (!row) return RouteStraight(request);
     if (row->form == LinkForm::Bezier) return RouteBezier(request);
-    if (row->form == LinkForm::Orthogonal) return RouteOrthogonal(request, row->directions);
+    if (row->form == LinkForm::Orthogonal) return RouteOrthogonal(request, DirectionsOf(request, *row));
     return RouteStraight(request);
 }
 

@@ -76,8 +76,10 @@ private:
     // The lanes of a link of that rank, -1 to 1, with a share of the room.
     Coordinates At(const Rooms &rooms, double rank, double share) const {
         Coordinates moved = lanes_;
+        for (std::size_t i = 0; i < directions_.size(); ++i) moved[i] += share * rooms[i].Middle();
+        const Track middle = TrackOf(request_, directions_, moved);
         for (std::size_t i = 0; i < directions_.size(); ++i)
-            moved[i] += share * (rooms[i].Middle() + Left(i) * rank * (rooms[i].high - rooms[i].low) / 2);
+            moved[i] += share * rank * Left(middle, i) * (rooms[i].high - rooms[i].low) / 2;
         return moved;
     }
 
@@ -87,9 +89,9 @@ private:
         return isFree(own) && std::ranges::all_of(kRanksLookedAt, isFree);
     }
 
-    // 1 when the left of the segment lies at higher coordinates, -1 at lower; 0 without length.
-    double Left(std::size_t segment) const {
-        const QPointF way = track_.points[segment + 1] - track_.points[segment];
+    // 1 when the left of the segment of a track lies at higher coordinates, -1 at lower; 0 without length.
+    double Left(const Track &track, std::size_t segment) const {
+        const QPointF way = track.points[segment + 1] - track.points[segment];
         const double along = IsHorizontal(directions_[segment]) ? -way.x() : way.y();
         return along > 0 ? 1 : along < 0 ? -1 : 0;
     }
@@ -171,14 +173,15 @@ Coordinates LanesAround(const RouteRequest &request, std::string_view directions
     if (Overlap(request.source.box, request.destination.box)) return preferred;
     Track track = TrackOf(request, directions, preferred);
     std::vector<QRectF> known = BoxesMet(request, track, kNearness);
-    if (known.empty() && (directions.size() == 2 || !HidesBend(request, track))) return preferred;
+    const bool hides = directions.size() > 2 && HidesBend(request, track);
+    if (known.empty() && !hides) return preferred;
     Coordinates best = preferred;
     std::size_t fewest = CountMet(request, track, 0);
     for (int round = 0; round < kMostRounds && known.size() <= kMostBoxes; ++round) {
         const Coordinates lanes = SearchLanes(request, directions, preferred, known);
         track = TrackOf(request, directions, lanes);
         const std::size_t met = CountMet(request, track, 0);
-        if (round == 0 || met <= fewest) best = lanes, fewest = met;
+        if (met < fewest || met == 0 || (hides && met == fewest)) best = lanes, fewest = met;
         if (!Learn(BoxesMet(request, track, kCareful), known)) break;
     }
     return best;

@@ -12,8 +12,9 @@ struct Nearness {
 };
 constexpr Nearness kNear[] = {{0, kThrough}, {40, 2500}, {90, 1200}, {kCareful, 400}};
 
-constexpr double kSliver = 30;  // twips; no lane between edges that lie closer
-constexpr double kSameLane = 8; // twips; no second lane that near to one of the preferred
+constexpr std::size_t kFewBoxes = 8; // among more, no lanes in the middle of wide gaps
+constexpr double kSliver = 30;       // twips; no lane between edges that lie closer
+constexpr double kSameLane = 8;      // twips; no second lane that near to one of the preferred
 
 std::vector<double> Edges(std::span<const QRectF> boxes, bool level) {
     std::vector<double> edges;
@@ -26,7 +27,7 @@ std::vector<double> Edges(std::span<const QRectF> boxes, bool level) {
     return edges;
 }
 
-void AddBetween(double low, double high, std::vector<double> &lanes) {
+void AddBetween(double low, double high, bool few, std::vector<double> &lanes) {
     const double room = high - low;
     if (room < kSliver) return;
     if (room < 2 * kClearance) {
@@ -34,7 +35,7 @@ void AddBetween(double low, double high, std::vector<double> &lanes) {
         return;
     }
     lanes.push_back(low + kClearance);
-    if (room > 3 * kClearance) lanes.push_back((low + high) / 2);
+    if (few && room > 3 * kClearance) lanes.push_back((low + high) / 2);
     lanes.push_back(high - kClearance);
 }
 
@@ -50,7 +51,8 @@ std::vector<double> LanesOf(const RouteRequest &request, std::string_view direct
                             const Coordinates &preferred, std::span<const QRectF> boxes, bool level) {
     const std::vector<double> edges = Edges(boxes, level);
     std::vector<double> lanes{edges.front() - kClearance, edges.back() + kClearance};
-    for (std::size_t i = 1; i < edges.size(); ++i) AddBetween(edges[i - 1], edges[i], lanes);
+    for (std::size_t i = 1; i < edges.size(); ++i)
+        AddBetween(edges[i - 1], edges[i], boxes.size() <= kFewBoxes, lanes);
     AddPastHead(request.source, level, lanes);
     AddPastHead(request.destination, level, lanes);
     std::vector<double> wanted;

@@ -10,7 +10,7 @@ namespace {
 Coordinates NewCoordinates(const RouteRequest &request, std::string_view directions) {
     if (request.sameNode) return LoopLanes(request, directions);
     const Coordinates lanes = LanesAround(request, directions, ChooseCoordinates(request, directions));
-    return request.aside == 0 ? lanes : LanesAside(request, directions, lanes);
+    return request.mostAside == 0 ? lanes : LanesAside(request, directions, lanes);
 }
 
 std::vector<Point> JoinLanes(const RouteRequest &request, std::string_view directions,
