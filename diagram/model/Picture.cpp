@@ -1,5 +1,6 @@
 #include "diagram/model/Picture.h"
 
+#include "diagram/metafile/Metafile.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 
@@ -13,6 +14,8 @@ namespace diagram {
 struct Picture::Data {
     QByteArray bytes;
     QSize size;
+    std::optional<MetafileHead> metafile;
+    bool svg = false;
     mutable std::once_flag decoded;
     mutable QImage image;
 };
@@ -20,6 +23,7 @@ struct Picture::Data {
 namespace {
 
 constexpr qint64 kMostPixels = qint64(1) << 28;
+constexpr double kMostSide = 4096; // pixels of a drawing made for a place
 constexpr double kTwipsPerMetre = 1440 / 0.0254;
 constexpr double kTwipsPerPixel = 15;
 constexpr int kPlainResolution = 3780; // dots a metre, 96 an inch
@@ -31,41 +35,65 @@ constexpr int kPlainResolution = 3780; // dots a metre, 96 an inch
 // What an image has that was given none: the screen's, or a fixed one without a screen.
 int UntoldResolution() { return QImage(1, 1, QImage::Format_Mono).dotsPerMeterX(); }
 
-QImage Decode(const QByteArray &bytes) {
+// A null size for the picture's own.
+QImage Decode(const QByteArray &bytes, const QSize &size = {}) {
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
+    if (size.isValid()) reader.setScaledSize(size);
     return reader.read();
 }
 
 // What the header tells, or, for a format whose header doesn't, what decoding gives.
-QSize SizeOf(const QByteArray &bytes) {
+QSize SizeOf(const QByteArray &bytes, bool &svg) {
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
     if (!reader.canRead()) return {};
+    svg = reader.format().startsWith("svg");
     const QSize size = reader.size();
     if (!size.isValid()) return reader.read().size();
     return reader.transformation() & QImageIOHandler::TransformationRotate90 ? size.transposed() : size;
 }
 
+// Of 96 an inch. A page too large for whole numbers has none.
+QSize PixelsOf(const MetafileHead &head) {
+    const QSizeF pixels = head.twips / kTwipsPerPixel;
+    if (pixels.width() > kMostPixels || pixels.height() > kMostPixels) return {};
+    return pixels.toSize().expandedTo({1, 1});
+}
+
+// No side longer than `most`, the proportions kept.
+QSize Within(const QSizeF &size, double most) {
+    const double fit = std::min(1.0, most / std::max(size.width(), size.height()));
+    return (size * fit).toSize().expandedTo({1, 1});
+}
+
 } // namespace
 
-Picture Picture::FromBytes(const QByteArray &bytes) {
-    const QSize size = SizeOf(bytes);
-    if (size.isEmpty() || qint64(size.width()) * size.height() > kMostPixels) RaiseInvalidPicture();
+Picture Picture::Recognised(const QByteArray &bytes) {
     auto data = std::make_shared<Data>();
     data->bytes = bytes;
-    data->size = size;
+    data->metafile = ReadMetafileHead(bytes);
+    data->size = data->metafile ? PixelsOf(*data->metafile) : SizeOf(bytes, data->svg);
     Picture picture;
-    picture.data_ = std::move(data);
+    if (!data->size.isEmpty() && qint64(data->size.width()) * data->size.height() <= kMostPixels)
+        picture.data_ = std::move(data);
     return picture;
 }
+
+Picture Picture::FromBytes(const QByteArray &bytes) {
+    Picture picture = Recognised(bytes);
+    if (picture.IsNull()) RaiseInvalidPicture();
+    return picture;
+}
+
+bool Picture::IsPicture(const QByteArray &bytes) { return !Recognised(bytes).IsNull(); }
 
 Picture Picture::FromImage(const QImage &image) {
     QByteArray bytes;
@@ -91,6 +119,7 @@ QSize Picture::PixelSize() const { return data_ ? data_->size : QSize(); }
 
 QSizeF Picture::SizeInTwips() const {
     if (!data_) return {};
+    if (data_->metafile) return data_->metafile->twips;
     const QImage &image = Image();
     const auto scale = [untold = UntoldResolution()](int dotsPerMetre) {
         const bool told =
@@ -104,8 +133,17 @@ QSizeF Picture::SizeInTwips() const {
 const QImage &Picture::Image() const {
     static const QImage none;
     if (!data_) return none;
-    std::call_once(data_->decoded, [this] { data_->image = Decode(data_->bytes); });
+    std::call_once(data_->decoded,
+                   [this] { data_->image = data_->metafile ? ImageFor(data_->size) : Decode(data_->bytes); });
     return data_->image;
+}
+
+bool Picture::IsDrawing() const { return data_ && (data_->metafile || data_->svg); }
+
+QImage Picture::ImageFor(const QSizeF &pixels) const {
+    if (!IsDrawing()) return Image();
+    const QSize size = Within(pixels, kMostSide);
+    return data_->metafile ? PlayMetafile(data_->bytes, *data_->metafile, size) : Decode(data_->bytes, size);
 }
 
 bool operator==(const Picture &a, const Picture &b) {

@@ -13,10 +13,12 @@ namespace diagram {
 class Picture {
 public:
     Picture() = default;
-    // Recognises the format by content (png, jpg, bmp, gif, svg and what the platform's readers know). Error
-    // 481 "Invalid picture" for bytes that are no picture or that announce more than 2^28 pixels. Keeps the
-    // bytes as they are.
+    // Recognises the format by content (png, jpg, bmp, gif, wmf, emf, svg and what the platform's readers
+    // know). Error 481 "Invalid picture" for bytes that are no picture or that announce more than 2^28
+    // pixels, before memory is taken for them. Keeps the bytes as they are.
     static Picture FromBytes(const QByteArray &bytes);
+    // Whether FromBytes takes them.
+    static bool IsPicture(const QByteArray &bytes);
     // Encodes as PNG.
     static Picture FromImage(const QImage &image);
     // Reads a file; error 53 "File not found" (with the path), 481 as above.
@@ -29,6 +31,11 @@ public:
     QSizeF SizeInTwips() const;
     // Decoded at the first call; a null image when the data behind the header are broken.
     const QImage &Image() const;
+    // Whether it can be drawn at any size: wmf, emf, svg.
+    bool IsDrawing() const;
+    // For a place of so many pixels: drawings are made as large as the place, up to 4096
+    // pixels a side, other pictures come as they are.
+    QImage ImageFor(const QSizeF &pixels) const;
     // A number that is the same as long as it is the same shared data; a key for caches.
     quintptr Identity() const { return reinterpret_cast<quintptr>(data_.get()); }
 
@@ -36,6 +43,7 @@ public:
 
 private:
     struct Data;
+    static Picture Recognised(const QByteArray &bytes); // null for none
     std::shared_ptr<const Data> data_;
 };
 

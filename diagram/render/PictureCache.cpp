@@ -15,7 +15,7 @@ const QImage &PictureCache::Find(const Picture &picture, const QSize &pixels) {
             entries_.splice(entries_.begin(), entries_, at);
             return at->image;
         }
-    QImage image = picture.Image();
+    QImage image = picture.ImageFor(pixels);
     if (!image.isNull() && image.size() != pixels)
         image = image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     image.setDevicePixelRatio(1);

@@ -8,10 +8,24 @@ namespace {
 
 constexpr double kMostCached = 400000; // pixels of a picture that is kept scaled
 
+// A drawing is made finer than the place on paper, where a unit of the painter is far below a pixel.
 void DrawStretched(Paint &paint, const Picture &picture, const QRectF &target) {
-    if (picture.Image().isNull()) return;
+    constexpr double kPixelsPerTwip = 0.2;
+    const QImage image =
+        picture.ImageFor(paint.options.vector ? target.size() * kPixelsPerTwip : target.size());
+    if (image.isNull()) return;
     paint.Painter().setRenderHint(QPainter::SmoothPixmapTransform);
-    paint.Painter().drawImage(target, picture.Image());
+    paint.Painter().drawImage(target, image);
+}
+
+// A large drawing: made once, and no finer than a screen shows.
+void DrawLarge(Paint &paint, const Picture &picture, const QRectF &target) {
+    constexpr double kMostSide = 2048;
+    const double fit = std::min(1.0, kMostSide / std::max(target.width(), target.height()));
+    const QSize pixels = (target.size() * fit).toSize().expandedTo({1, 1});
+    const QImage &image = paint.caches.pictures.Find(picture, pixels);
+    paint.Painter().setRenderHint(QPainter::SmoothPixmapTransform);
+    if (!image.isNull()) paint.Painter().drawImage(target, image);
 }
 
 } // namespace
@@ -21,8 +35,9 @@ void DrawPicture(Paint &paint, const Picture &picture, const QRectF &place) {
     if (target.isEmpty()) return;
     if (paint.options.vector && paint.options.target)
         return paint.options.target->DrawPicture(target, picture);
-    if (!paint.frame.snap || target.width() * target.height() > kMostCached)
-        return DrawStretched(paint, picture, target);
+    const bool large = target.width() * target.height() > kMostCached;
+    if (paint.frame.snap && large && picture.IsDrawing()) return DrawLarge(paint, picture, target);
+    if (!paint.frame.snap || large) return DrawStretched(paint, picture, target);
     const QSize pixels = target.size().toSize().expandedTo({1, 1});
     const QImage &image = paint.caches.pictures.Find(picture, pixels);
     if (!image.isNull())

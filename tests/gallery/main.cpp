@@ -53,8 +53,8 @@ void Write(const QDir &folder, const gallery::Sheet &sheet) {
     RenderOptions options;
     options.grid = options.marks = options.selection = true;
     Shown(surface, 1, 1, options).save(folder.filePath(name + QStringLiteral(".png")));
-    ExportPictureFile(surface, folder.filePath(name + QStringLiteral(".svg")));
-    ExportPictureFile(surface, folder.filePath(name + QStringLiteral(".pdf")));
+    for (const char *ending : {".svg", ".pdf", ".wmf", ".emf"})
+        ExportPictureFile(surface, folder.filePath(name + QLatin1String(ending)));
     if (sheet.zooms) WriteZooms(folder, sheet, surface);
     std::printf("%s\n", qPrintable(folder.filePath(name + QStringLiteral(".png"))));
 }

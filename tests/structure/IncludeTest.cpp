@@ -23,7 +23,7 @@ QMap<QString, QStringList> Allowed() {
         {"storage", {"support"}},
     };
     // Inside the diagram component each folder may include those in front of it.
-    const QStringList diagram = {"geometry", "shapes", "model",  "edit",   "scene",       "hit",
+    const QStringList diagram = {"geometry", "metafile", "shapes", "model",  "edit",   "scene",       "hit",
                                  "format",   "layout", "render", "export", "interaction", "view"};
     QStringList below = {"support"};
     for (const QString &part : diagram) {

@@ -6,6 +6,7 @@
 #include <limits>
 #include <QBuffer>
 #include <QTemporaryDir>
+#include <QtEndian>
 
 using namespace diagram;
 using namespace diagram::testing;
@@ -104,4 +105,34 @@ TEST(Picture, AMissingFileIsError53) {
     const QString path = folder.filePath(QStringLiteral("a.dat"));
     ASSERT_TRUE(Red(3, 3).save(path, "PNG"));
     EXPECT_EQ(Picture::FromFile(path).PixelSize(), QSize(3, 3));
+}
+
+TEST(Picture, MetafilesAreKnownAndMeasuredByTheirHead) {
+    const QByteArray wmf = QByteArray::fromHex("d7cdc69a0000"
+                                               "00000000d002d002"
+                                               "a00500000000"
+                                               "0000"
+                                               "0100090000030c000000000003000000000003000000 0000");
+    const Picture picture = Picture::FromBytes(wmf); // half an inch
+    EXPECT_TRUE(picture.IsDrawing());
+    EXPECT_EQ(picture.Bytes(), wmf);
+    EXPECT_EQ(picture.SizeInTwips(), QSizeF(720, 720));
+    EXPECT_EQ(picture.PixelSize(), QSize(48, 48));
+    EXPECT_EQ(picture.ImageFor({300, 300}).size(), QSize(300, 300));
+}
+
+TEST(Picture, AMetafileOfAnAbsurdSizeIsError481) {
+    QByteArray emf(108, '\0');
+    const auto put = [&](int at, quint32 value) { qToLittleEndian(value, emf.data() + at); };
+    put(0, 1), put(4, 108), put(32, 0x7FFFFFFF), put(36, 0x7FFFFFFF), put(40, 0x464D4520);
+    put(72, 1000), put(76, 1000), put(80, 100), put(84, 100);
+    EXPECT_EQ(NumberOf([&] { Picture::FromBytes(emf); }), 481);
+}
+
+TEST(Picture, AnSvgOfAnAbsurdSizeIsError481) {
+    EXPECT_EQ(NumberOf([] {
+                  Picture::FromBytes(
+                      "<svg xmlns='http://www.w3.org/2000/svg' width='2147483647' height='2147483647'/>");
+              }),
+              481);
 }
