@@ -103,7 +103,8 @@ void AddWholeProcess(Table &table, const QString &bin) {
                 (loaded.residentKiB - hello.residentKiB) / 1024.0, "MiB", 60);
     const QString out = bench::ScratchFolder() + "/picture";
     for (const auto &[format, bound] :
-         {std::pair("png", 0.5), std::pair("svg", 0.15), std::pair("pdf", 0.6)}) {
+         {std::pair("png", 0.5), std::pair("svg", 0.15), std::pair("pdf", 0.6), std::pair("wmf", 0.6),
+          std::pair("emf", 0.6)}) {
         const QByteArray name = QByteArray("velmora-cli picture, 10,000 nodes, ") + format;
         table.Value(name.constData(),
                     bench::BestRun({bin + "/velmora-cli", "picture", map, "--slice", "1", out + "." + format,
@@ -146,6 +147,11 @@ int main(int argc, char **argv) {
     table.Milliseconds("rerouting a drag of a node with 20 links, a step, 500 nodes", "RouteDrag/", 4);
     table.Milliseconds("whole diagram in view, 10,000 nodes", "WholeOurs/10000", 16);
     table.Milliseconds("whole diagram in view, 100,000 nodes", "WholeOurs/100000", 80);
+    table.Milliseconds("export of 10,000 nodes, PNG", "ExportPng/10000", 600);
+    table.Milliseconds("export of 10,000 nodes, SVG", "ExportSvg/10000", 600);
+    table.Milliseconds("export of 10,000 nodes, PDF", "ExportPdf/10000", 600);
+    table.Milliseconds("export of 10,000 nodes, WMF", "ExportWmf/10000", 600);
+    table.Milliseconds("export of 10,000 nodes, EMF", "ExportEmf/10000", 600);
     table.Value("memory a node with its links", bench::BytesPerNode(10000) / 1000, "KB", 1.2);
     AddWholeProcess(table, bin);
     table.Print();

@@ -22,8 +22,8 @@ constexpr Command kCommands[] = {
     {"convert", Convert, false,
      "convert IN OUT\n      writes the map IN, an old Jet map too, as the map OUT"},
     {"picture", Picture, true,
-     "picture FILE [--slice N] [--pixels N] OUT.png|OUT.svg|OUT.pdf\n"
-     "  picture FILE --all FOLDER [--format png|svg|pdf] [--pixels N]\n"
+     "picture FILE [--slice N] [--pixels N] OUT.png|OUT.svg|OUT.pdf|OUT.wmf|OUT.emf\n"
+     "  picture FILE --all FOLDER [--format png|svg|pdf|wmf|emf] [--pixels N]\n"
      "      a picture of a slice, counted from 1, or of every slice; --pixels is the longest side of a PNG"},
 };
 

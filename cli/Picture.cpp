@@ -12,6 +12,8 @@ namespace cli {
 namespace {
 
 constexpr int kMostPixels = 32767;
+const QStringList kFormats = {QStringLiteral("png"), QStringLiteral("svg"), QStringLiteral("pdf"),
+                              QStringLiteral("wmf"), QStringLiteral("emf")};
 
 int NumberOption(QStringList &arguments, const QString &option, int lowest, int highest, int preset) {
     const QString text = TakeOption(arguments, option);
@@ -27,8 +29,8 @@ int NumberOption(QStringList &arguments, const QString &option, int lowest, int 
 QString FormatOption(QStringList &arguments) {
     const QString format = TakeOption(arguments, QStringLiteral("--format"));
     if (format.isEmpty()) return QStringLiteral("png");
-    if (format != QLatin1String("png") && format != QLatin1String("svg") && format != QLatin1String("pdf"))
-        throw UsageError(QStringLiteral("--format needs png, svg or pdf"));
+    if (!kFormats.contains(format))
+        throw UsageError(QStringLiteral("--format needs one of %1").arg(kFormats.join(QStringLiteral(", "))));
     return format;
 }
 

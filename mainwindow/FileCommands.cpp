@@ -1,8 +1,10 @@
 #include "mainwindow/Commands.h"
 
+#include "diagram/export/Export.h"
 #include "document/DoSave.h"
 #include "document/MemoryGuard.h"
 #include "mainwindow/frmMain.h"
+#include "support/clsPaths.h"
 
 namespace mainwindow {
 
@@ -51,6 +53,15 @@ void mnuFileSaveAs(frmMain &window) {
     document::DoSave(window);
 }
 
+void mnuFileExportPicture(frmMain &window) {
+    using namespace support::fileflags;
+    int row = 1;
+    const QString file = window.Desktop().dialogs.ShowSaveFileDialog(
+        QStringLiteral("Windows Meta File|*.wmf"), QStringLiteral("wmf"), support::clsPaths().GetMyDocsPath(),
+        kOverwritePrompt | kPathMustExist, &window, row);
+    if (!file.isEmpty()) diagram::WriteMetafile(window.CurrentSurface(), file);
+}
+
 void mnuFileExit(frmMain &window) { window.close(); }
 
 constexpr EntryKind kMenu = EntryKind::Menu;
@@ -62,6 +73,8 @@ constexpr CommandRow kRows[] = {
     {"mnuFile", "mnuFileOpen", "&Open...", kCommand, mnuFileOpen, "open", "", "Ctrl+O"},
     {"mnuFile", "mnuFileSave", "&Save", kCommand, mnuFileSave, "save", "", "Ctrl+S"},
     {"mnuFile", "mnuFileSaveAs", "&Save As...", kCommand, mnuFileSaveAs, "saveas", "", "Ctrl+Shift+S"},
+    Separator("mnuFile", "mnuFileSep1"),
+    {"mnuFile", "mnuFileExportPicture", "&Export as picture...", kCommand, mnuFileExportPicture, "picture"},
     Separator("mnuFile", kRecentSeparator),
     Separator("mnuFile", "mnuFileSep3"),
     {"mnuFile", "mnuFileExit", "E&xit", kCommand, mnuFileExit, "exit", "", "Ctrl+Q Ctrl+W"},

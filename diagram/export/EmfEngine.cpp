@@ -2,6 +2,9 @@
 
 #include "diagram/export/MetafileDib.h"
 #include "diagram/export/MetafilePaths.h"
+#include "diagram/metafile/EmfRecords.h"
+#include "diagram/metafile/MetafileValues.h"
+#include "diagram/metafile/RecordFields.h"
 #include "diagram/model/Font.h"
 
 #include <algorithm>
@@ -11,53 +14,13 @@ namespace diagram {
 
 namespace {
 
-// Record types ([MS-EMF] 2.1.1).
-enum RecordType {
-    kHeader = 1,
-    kPolygon = 3,
-    kPolyline = 4,
-    kPolyBezierTo = 5,
-    kPolylineTo = 6,
-    kSetWindowExt = 9,
-    kSetWindowOrg = 10,
-    kSetViewportExt = 11,
-    kSetViewportOrg = 12,
-    kEof = 14,
-    kSetMapMode = 17,
-    kSetBkMode = 18,
-    kSetPolyFillMode = 19,
-    kSetStretchBltMode = 21,
-    kSetTextAlign = 22,
-    kSetTextColour = 24,
-    kMoveTo = 27,
-    kIntersectClipRect = 30,
-    kSaveDc = 33,
-    kRestoreDc = 34,
-    kSelectObject = 37,
-    kCreateBrush = 39,
-    kDeleteObject = 40,
-    kEllipse = 42,
-    kRectangle = 43,
-    kBeginPath = 59,
-    kEndPath = 60,
-    kCloseFigure = 61,
-    kFillPath = 62,
-    kStrokePath = 64,
-    kSelectClipPath = 67,
-    kStretchDiBits = 81,
-    kExtCreateFont = 82,
-    kExtTextOut = 84,
-    kExtCreatePen = 95,
-};
-constexpr int kShort = 83; // added to the types with points: coordinates of sixteen bits
+using namespace emf;
+using namespace metafile;
 
-constexpr int kHeaderBytes = 108;
-constexpr int kAnisotropic = 8, kTransparent = 1, kColourOnColour = 3, kBaseLine = 24, kAnd = 1;
-constexpr int kGeometric = 0x10000, kFlatEnds = 0x200, kSquareEnds = 0x100, kBevelJoin = 0x1000,
-              kMiterJoin = 0x2000;
-constexpr int kReadFromRight = 0x80;
-constexpr std::uint32_t kCopyPixels = 0x00CC0020;
-constexpr double kHundredthsPerUnit = 2540 / kMetafileUnitsPerInch; // of a millimetre
+constexpr int kHeaderBytes = 108; // without the description
+constexpr QLatin1String kDescription("Velmora");
+constexpr int kAnd = 1;                                           // of clips
+constexpr double kHundredthsPerUnit = 2540 / kVectorUnitsPerInch; // of a millimetre
 constexpr double kLimit = 1 << 28;
 constexpr qsizetype kMostPoints = 16000; // of one record
 
@@ -68,6 +31,14 @@ int Limited(double value) {
 QRect BoxOf(const QRectF &box) {
     const int left = Limited(box.left()), top = Limited(box.top());
     return {left, top, Limited(box.right()) - left, Limited(box.bottom()) - top};
+}
+
+// The program's name, an end, no title, two ends.
+constexpr std::uint32_t kDescriptionUnits = 10;
+QByteArray Description() {
+    MetafileBytes bytes;
+    for (const QChar c : kDescription) bytes.U16(c.unicode());
+    return bytes.Zeros(kDescriptionUnits * 2 - bytes.Size()).Bytes();
 }
 
 // A record whose size is put in by Sealed.
@@ -84,24 +55,18 @@ QByteArray Sealed(MetafileBytes record) {
     return bytes;
 }
 
-std::uint32_t ColorRef(QRgb colour) {
-    return std::uint32_t(qRed(colour) | qGreen(colour) << 8 | qBlue(colour) << 16);
-}
-
 bool IsShort(const QRectF &box) {
     return box.left() > -32768 && box.top() > -32768 && box.right() < 32767 && box.bottom() < 32767;
 }
 
-// Qt's pen styles from the solid line on stand in the order of the file's.
-int StyleOf(const QPen &pen) {
-    const int dashes = std::min<int>(pen.style() - Qt::SolidLine, Qt::DashDotDotLine - Qt::SolidLine);
-    const int join = pen.joinStyle() == Qt::MiterJoin   ? kMiterJoin
-                     : pen.joinStyle() == Qt::BevelJoin ? kBevelJoin
-                                                        : 0;
-    const int ends = pen.capStyle() == Qt::FlatCap     ? kFlatEnds
-                     : pen.capStyle() == Qt::SquareCap ? kSquareEnds
-                                                       : 0;
-    return kGeometric | dashes | join | ends;
+std::uint32_t StyleOf(const QPen &pen) {
+    const std::uint32_t join = pen.joinStyle() == Qt::MiterJoin   ? kMiterJoin
+                               : pen.joinStyle() == Qt::BevelJoin ? kBevelJoin
+                                                                  : 0;
+    const std::uint32_t ends = pen.capStyle() == Qt::FlatCap     ? kFlatEnds
+                               : pen.capStyle() == Qt::SquareCap ? kSquareEnds
+                                                                 : 0;
+    return kGeometric | join | ends;
 }
 
 } // namespace
@@ -164,8 +129,7 @@ void EmfEngine::Select(int slot) { PutWord(kSelectObject, std::uint32_t(slot + 1
 
 // The player's own: some readers take a brush without filling for a white one.
 void EmfEngine::SelectNone(Kind kind) {
-    constexpr std::uint32_t kNullBrush = 0x80000005, kNullPen = 0x80000008;
-    PutWord(kSelectObject, kind == PenKind ? kNullPen : kNullBrush);
+    PutWord(kSelectObject, kind == PenKind ? emf::kNullPen : emf::kNullBrush);
 }
 
 void EmfEngine::Delete(int slot) { PutWord(kDeleteObject, std::uint32_t(slot + 1)); }
@@ -195,6 +159,7 @@ void EmfEngine::Ellipse(const QRectF &box) {
 void EmfEngine::Polygon(const QPolygonF &points) { PutPoints(kPolygon, points); }
 
 void EmfEngine::Polyline(const QPolygonF &points) {
+    if (NeedsPath(Pen())) return PutDashes({points});
     for (qsizetype from = 0; from + 1 < points.size(); from += kMostPoints - 1)
         PutPoints(kPolyline, points.mid(from, kMostPoints));
 }
@@ -239,7 +204,34 @@ void EmfEngine::Path(const QPainterPath &path) {
     if (path.isEmpty() || (!lined && !Filled())) return;
     ChooseShape(lined, Filled());
     if (Filled()) PutPath(kFillPath, path);
+    if (lined && NeedsPath(Pen())) return PutDashes(Flattened(path));
     if (lined) PutPath(kStrokePath, path);
+}
+
+// Several in one record, as many as points of one may be.
+void EmfEngine::PutDashes(const QList<QPolygonF> &lines) {
+    std::vector<QPolygonF> dashes;
+    for (const QPolygonF &line : lines)
+        for (QPolygonF &dash : Dashes(line, Pen())) dashes.push_back(std::move(dash));
+    for (std::size_t from = 0; from < dashes.size();) {
+        QRectF bounds;
+        qsizetype points = 0;
+        std::size_t end = from;
+        for (; end < dashes.size() && points <= kMostPoints; ++end) {
+            points += dashes[end].size();
+            bounds |= dashes[end].boundingRect().adjusted(0, 0, 1, 1);
+        }
+        MetafileBytes record = Record(kPolyPolyline);
+        record.Box32(BoxOf(bounds)).U32(std::uint32_t(end - from)).U32(std::uint32_t(points));
+        for (std::size_t i = from; i < end; ++i) record.U32(std::uint32_t(dashes[i].size()));
+        for (; from < end; ++from)
+            for (const QPointF &at : dashes[from]) record.I32(Limited(at.x())).I32(Limited(at.y()));
+        Put(Sealed(record));
+    }
+}
+
+bool EmfEngine::NeedsPath(const QPen &pen) const {
+    return pen.style() >= Qt::DashLine && pen.style() <= Qt::CustomDashLine;
 }
 
 void EmfEngine::Image(const QRectF &place, const MetafileDib &dib) {
@@ -270,16 +262,13 @@ void EmfEngine::Text(const TextRun &run) {
 }
 
 void EmfEngine::TextColour(QRgb colour) { PutWord(kSetTextColour, ColorRef(colour)); }
-void EmfEngine::TextAlign(int align) { PutWord(kSetTextAlign, std::uint32_t(kBaseLine | align)); }
-void EmfEngine::FillMode(bool winding) { PutWord(kSetPolyFillMode, winding ? 2 : 1); }
+void EmfEngine::TextAlign(int align) { PutWord(kSetTextAlign, kAlignBaseLine | std::uint32_t(align)); }
+void EmfEngine::FillMode(bool winding) { PutWord(kSetPolyFillMode, winding ? kWinding : kAlternate); }
 
 QByteArray EmfEngine::PenCreation(const QPen &pen) const {
     if (pen.style() == Qt::NoPen) return {};
     MetafileBytes record = Record(kExtCreatePen);
-    record.U32(0)
-        .Zeros(16)
-        .U32(std::uint32_t(StyleOf(pen)))
-        .U32(std::uint32_t(std::max(1, Limited(pen.widthF()))));
+    record.U32(0).Zeros(16).U32(StyleOf(pen)).U32(std::uint32_t(std::max(1, Limited(pen.widthF()))));
     record.U32(0).U32(ColorRef(pen.color().rgb())).U32(0).U32(0);
     return Sealed(record);
 }
@@ -292,12 +281,11 @@ QByteArray EmfEngine::BrushCreation(bool filled, QRgb colour) const {
 }
 
 QByteArray EmfEngine::FontCreation(const Font &font, int height) const {
-    constexpr int kPlain = 400, kBold = 700, kAnyCharacters = 1;
     constexpr qsizetype kFaceLength = 32, kRecordBytes = 332;
     MetafileBytes record = Record(kExtCreateFont);
-    record.U32(0).I32(-height).I32(0).I32(0).I32(0).I32(font.Bold() ? kBold : kPlain);
+    record.U32(0).I32(-height).I32(0).I32(0).I32(0).I32(font.Bold() ? kBoldWeight : kPlainWeight);
     // The bars of underlined and struck out text are drawn; a second one in the font would lie beside them.
-    record.U8(font.Italic()).U8(0).U8(0).U8(kAnyCharacters).Zeros(4);
+    record.U8(font.Italic()).U8(0).U8(0).U8(kDefaultCharacters).Zeros(4);
     const QString face = font.Name().left(kFaceLength - 1);
     for (const QChar c : face) record.U16(c.unicode());
     record.Zeros(kRecordBytes - record.Size());
@@ -307,19 +295,31 @@ QByteArray EmfEngine::FontCreation(const Font &font, int height) const {
 // The reference device has 1440 dots an inch on ten inches.
 QByteArray EmfEngine::File() const {
     constexpr int kInches = 10, kMillimetres = 254, kMicrometres = 254000;
-    constexpr int kSignature = 0x464D4520, kVersion = 0x10000;
+    constexpr int kVersion = 0x10000;
     const QRect bounds(0, 0, std::max(1, Limited(Page().width())), std::max(1, Limited(Page().height())));
     const QRect frame(0, 0, Limited(Page().width() * kHundredthsPerUnit),
                       Limited(Page().height() * kHundredthsPerUnit));
-    const int dots = int(kInches * kMetafileUnitsPerInch);
+    const int dots = int(kInches * kVectorUnitsPerInch);
+    const QByteArray description = Description();
+    const auto header = std::uint32_t(kHeaderBytes + description.size());
     MetafileBytes file;
-    file.U32(kHeader).U32(kHeaderBytes).Box32(bounds).Box32(frame).U32(kSignature).U32(kVersion);
-    file.U32(std::uint32_t(kHeaderBytes + records_.Size()))
-        .U32(count_ + 1)
-        .U16(unsigned(Objects().Most() + 1));
-    file.U16(0).U32(0).U32(0).U32(0).I32(dots).I32(dots).I32(kMillimetres).I32(kMillimetres);
+    file.U32(kHeader).U32(header).Box32(bounds).Box32(frame).U32(kSignature).U32(kVersion);
+    file.U32(header + std::uint32_t(records_.Size())).U32(count_ + 1).U16(unsigned(Objects().Most() + 1));
+    file.U16(0)
+        .U32(kDescriptionUnits)
+        .U32(kHeaderBytes)
+        .U32(0)
+        .I32(dots)
+        .I32(dots)
+        .I32(kMillimetres)
+        .I32(kMillimetres);
     file.Zeros(12).I32(kMicrometres).I32(kMicrometres);
-    return file.Raw(records_.Bytes()).Bytes();
+    return file.Raw(description).Raw(records_.Bytes()).Bytes();
+}
+
+bool IsOwnEmf(const QByteArray &start) {
+    RecordFields fields(start);
+    return fields.U32() == kHeader && fields.Part(kHeaderBytes, kDescriptionUnits * 2) == Description();
 }
 
 } // namespace diagram

@@ -37,6 +37,8 @@ protected:
     QByteArray PenCreation(const QPen &pen) const override;
     QByteArray BrushCreation(bool filled, QRgb colour) const override;
     QByteArray FontCreation(const Font &font, int height) const override;
+    // Each reader has dashes of its own lengths: they are drawn one by one.
+    bool NeedsPath(const QPen &pen) const override;
 
 private:
     void Put(const QByteArray &record);
@@ -44,10 +46,14 @@ private:
     void PutPair(int type, int first, int second);
     void PutPoints(int type, const QPolygonF &points);
     void PutOutline(const QPainterPath &path);
+    void PutDashes(const QList<QPolygonF> &lines);
     void PutPath(int type, const QPainterPath &path);
 
     MetafileBytes records_; // all but the header
     std::uint32_t count_ = 0;
 };
+
+// Whether a file that begins so was written by that engine.
+bool IsOwnEmf(const QByteArray &start);
 
 } // namespace diagram

@@ -13,6 +13,9 @@
 
 #include <cmath>
 #include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
@@ -44,14 +47,20 @@ RenderOptions VectorOptions() {
     return render;
 }
 
-QByteArray Svg(Scene &scene, const QRectF &page) {
-    SvgDevice device(page.size());
+QByteArray PaintVectors(VectorEngine &engine, Scene &scene, const QRectF &page) {
+    VectorDevice device(engine);
     RenderOptions render = VectorOptions();
-    render.target = &device.Engine();
+    render.xScale = render.yScale = engine.Scale();
+    render.target = &engine;
     QPainter painter(&device);
     Renderer().Paint(painter, scene, page, render);
     painter.end();
-    return device.File();
+    return engine.File();
+}
+
+QByteArray Svg(Scene &scene, const QRectF &page) {
+    SvgEngine engine(page.size());
+    return PaintVectors(engine, scene, page);
 }
 
 QByteArray Pdf(Scene &scene, const QRectF &page) {
@@ -76,32 +85,26 @@ QByteArray Pdf(Scene &scene, const QRectF &page) {
     return bytes;
 }
 
-QByteArray PaintMetafile(MetafileEngine &engine, Scene &scene, const QRectF &page, double scale) {
-    MetafileDevice device(engine, page.size() * scale);
-    RenderOptions render = VectorOptions();
-    render.xScale = render.yScale = scale;
-    render.target = &engine;
-    QPainter painter(&device);
-    Renderer().Paint(painter, scene, page, render);
-    painter.end();
+QByteArray PaintMetafile(MetafileEngine &engine, Scene &scene, const QRectF &page) {
+    const QByteArray file = PaintVectors(engine, scene, page);
     if (engine.IsTooLong()) Raise(7, QStringLiteral("Out of memory"));
-    return engine.File();
+    return file;
 }
 
 // A file tells whole units an inch.
 QByteArray Wmf(Scene &scene, const QRectF &page) {
     const double longest = std::max(page.width(), page.height());
     const double fit = std::min(1.0, kWmfLongestSide / longest);
-    const int unitsPerInch = std::max(1, int(kMetafileUnitsPerInch * fit));
-    const double scale = unitsPerInch / kMetafileUnitsPerInch;
+    const int unitsPerInch = std::max(1, int(kVectorUnitsPerInch * fit));
+    const double scale = unitsPerInch / kVectorUnitsPerInch;
     WmfEngine engine(page.size() * scale, unitsPerInch, ToRgb(scene.Model().BackColor()));
-    return PaintMetafile(engine, scene, page, scale);
+    return PaintMetafile(engine, scene, page);
 }
 
 QByteArray Emf(Scene &scene, const QRectF &page) {
     const double scale = std::min(1.0, kEmfLongestSide / std::max(page.width(), page.height()));
     EmfEngine engine(page.size() * scale, scale, ToRgb(scene.Model().BackColor()));
-    return PaintMetafile(engine, scene, page, scale);
+    return PaintMetafile(engine, scene, page);
 }
 
 struct Ending {
@@ -158,11 +161,35 @@ QByteArray ExportMetafile(Surface &surface, MetafileKind kind, const ExportOptio
     return kind == MetafileKind::Wmf ? Wmf(scene, page) : Emf(scene, page);
 }
 
+namespace {
+
+void WriteFile(const QString &path, const QByteArray &bytes) {
+    support::AtomicFile file(path);
+    file.Write(bytes);
+    file.Commit();
+}
+
+// Nothing, or an enhanced metafile of this program.
+bool MayBeReplaced(const QString &path) {
+    constexpr qint64 kHead = 1000; // bytes in which the writer's name stands
+    QFile file(path);
+    if (!file.exists()) return true;
+    return file.open(QIODevice::ReadOnly) && IsOwnEmf(file.read(kHead));
+}
+
+} // namespace
+
+void WriteMetafile(Surface &surface, const QString &path) {
+    WriteFile(path, ExportMetafile(surface, MetafileKind::Wmf));
+    const QFileInfo info(path);
+    const QString beside = info.dir().filePath(info.completeBaseName() + QStringLiteral(".emf"));
+    if (beside != path && MayBeReplaced(beside))
+        WriteFile(beside, ExportMetafile(surface, MetafileKind::Emf));
+}
+
 void ExportPictureFile(Surface &surface, const QString &path, const ExportOptions &options) {
     const PictureFormat format = FormatOf(path);
-    support::AtomicFile file(path);
-    file.Write(ExportPicture(surface, format, options));
-    file.Commit();
+    WriteFile(path, ExportPicture(surface, format, options));
 }
 
 } // namespace diagram

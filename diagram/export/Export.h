@@ -1,6 +1,8 @@
 // A surface as a picture file.
 #pragma once
 
+#include "diagram/metafile/Metafile.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QSize>
@@ -11,7 +13,6 @@ namespace diagram {
 class Surface;
 
 enum class PictureFormat { Png, Svg, Pdf, Wmf, Emf };
-enum class MetafileKind { Wmf, Emf };
 
 struct ExportOptions {
     // Longest side in pixels for PNG; 0 takes zoom 100 at 96 dots an inch, at most 16384.
@@ -26,6 +27,10 @@ QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOpt
 // opaque are mixed with the surface's back colour. Error 7 "Out of memory" beyond 2^31 bytes.
 QByteArray ExportMetafile(Surface &surface, MetafileKind kind, const ExportOptions &options = {});
 QImage ExportImage(Surface &surface, const ExportOptions &options = {});
+// The placeable metafile under `path` and the enhanced one beside it, under the same name with the ending
+// .emf: a file there that was written by another program stays as it is, then. Written like
+// ExportPictureFile's.
+void WriteMetafile(Surface &surface, const QString &path);
 // By the ending of the path: .png, .svg, .pdf, .wmf, .emf; error 5 for another. Written beside the target and
 // swapped in; errors name the path.
 void ExportPictureFile(Surface &surface, const QString &path, const ExportOptions &options = {});

@@ -2,13 +2,14 @@
 
 #include "diagram/export/MetafileDib.h"
 #include "diagram/export/MetafilePaths.h"
+#include "diagram/metafile/MetafileValues.h"
 #include "diagram/model/Font.h"
 #include "diagram/model/Picture.h"
 #include "diagram/shapes/Measures.h"
 
 #include <algorithm>
 #include <cmath>
-#include <QPixmap>
+#include <numeric>
 
 namespace diagram {
 
@@ -18,13 +19,7 @@ constexpr int kMostObjects = 64;   // more are made only while a state is saved
 constexpr int kNothing = -2;       // chosen in place of a slot
 constexpr int kLongestText = 8000; // of one record; players take 8192
 constexpr qsizetype kMostBytes = 0x7FFFFF00;
-constexpr int kAligns[] = {0, 2, 6}; // left, right, middle
-
-QPainterPath PathOf(const QRegion &region) {
-    QPainterPath path;
-    path.addRegion(region);
-    return path;
-}
+constexpr int kAligns[] = {metafile::kAlignLeft, metafile::kAlignRight, metafile::kAlignMiddle};
 
 QPainterPath PathOf(const QPolygonF &points) {
     QPainterPath path;
@@ -37,7 +32,7 @@ int Mixed(int over, int under, double share) { return int(std::lround(over * sha
 } // namespace
 
 MetafileEngine::MetafileEngine(const QSizeF &page, double scale, QRgb paper)
-    : QPaintEngine(AllFeatures), page_(page), scale_(scale), paper_(paper) {}
+    : VectorEngine(page, scale), paper_(paper) {}
 
 bool MetafileEngine::begin(QPaintDevice *) {
     noPen_ = PenCreation(QPen(Qt::NoPen));
@@ -79,16 +74,6 @@ void MetafileEngine::PopState() {
     saved_.pop_back();
 }
 
-void MetafileEngine::updateState(const QPaintEngineState &changed) {
-    const QPaintEngine::DirtyFlags dirty = changed.state();
-    if (dirty & DirtyTransform) transform_ = changed.transform();
-    if (dirty & (DirtyPen | DirtyTransform)) SetPen(changed.pen());
-    if (dirty & DirtyBrush) SetBrush(changed.brush());
-    if (dirty & DirtyClipPath) SetClip(transform_.map(changed.clipPath()), changed.clipOperation());
-    if (dirty & DirtyClipRegion)
-        SetClip(transform_.map(PathOf(changed.clipRegion())), changed.clipOperation());
-}
-
 QRgb MetafileEngine::OnPaper(const QColor &colour) const {
     const double share = colour.alphaF();
     return qRgb(Mixed(colour.red(), qRed(paper_), share), Mixed(colour.green(), qGreen(paper_), share),
@@ -96,8 +81,8 @@ QRgb MetafileEngine::OnPaper(const QColor &colour) const {
 }
 
 void MetafileEngine::SetPen(const QPen &pen) {
-    const double pixel = kTwipsPerPixel * scale_;
-    const double width = pen.widthF() * std::sqrt(std::abs(transform_.determinant()));
+    const double pixel = kTwipsPerPixel * Scale();
+    const double width = pen.widthF() * std::sqrt(std::abs(Transform().determinant()));
     pen_ = pen;
     if (pen.color().alpha() == 0) pen_.setStyle(Qt::NoPen);
     pen_.setColor(OnPaper(pen.color()));
@@ -111,18 +96,9 @@ void MetafileEngine::SetBrush(const QBrush &brush) {
     brushCreation_ = BrushCreation(filled_, fill_);
 }
 
-void MetafileEngine::SetClip(const QPainterPath &path, Qt::ClipOperation operation) {
-    if (operation != Qt::IntersectClip)
-        for (; clips_ > 0; --clips_) PopState();
-    if (operation == Qt::NoClip) return;
+void MetafileEngine::BeginClip(const QPainterPath &path) {
     PushState();
-    ++clips_;
     Clip(path);
-}
-
-// What the painter would have told before it draws something itself.
-void MetafileEngine::CatchUp() {
-    if (state->state() & (DirtyTransform | DirtyClipPath | DirtyClipRegion)) syncState();
 }
 
 // A slot is given up only where no saved state can bring back the object that stood in it.
@@ -134,7 +110,7 @@ void MetafileEngine::Choose(Kind kind, const QByteArray &creation) {
     }
     int slot = objects_.Find(creation);
     if (slot < 0) {
-        if (objects_.Count() >= kMostObjects && clips_ == 0) {
+        if (objects_.Count() >= kMostObjects && Clips() == 0) {
             const int spare = objects_.Oldest(
                 {chosen_.objects[PenKind], chosen_.objects[BrushKind], chosen_.objects[FontKind]});
             Delete(spare);
@@ -153,6 +129,11 @@ void MetafileEngine::ChooseShape(bool lined, bool filled) {
     Choose(BrushKind, filled ? brushCreation_ : noBrush_);
 }
 
+void MetafileEngine::ChooseFill(QRgb colour) {
+    Choose(PenKind, noPen_);
+    Choose(BrushKind, BrushCreation(true, colour));
+}
+
 void MetafileEngine::ChooseFillMode(bool winding) {
     if (chosen_.winding == int(winding)) return;
     FillMode(winding);
@@ -169,7 +150,7 @@ QRgb MetafileEngine::Behind(const QRectF &place) const {
 }
 
 bool MetafileEngine::TakesBoxes() const {
-    return transform_.type() <= QTransform::TxScale && !NeedsPath(pen_);
+    return Transform().type() <= QTransform::TxScale && !NeedsPath(pen_);
 }
 
 void MetafileEngine::drawRects(const QRectF *rects, int count) {
@@ -179,8 +160,8 @@ void MetafileEngine::drawRects(const QRectF *rects, int count) {
             continue;
         }
         ChooseShape(pen_.style() != Qt::NoPen, filled_);
-        Rectangle(transform_.mapRect(*rect));
-        NoteFill(transform_.mapRect(*rect));
+        Rectangle(Transform().mapRect(*rect));
+        NoteFill(Transform().mapRect(*rect));
     }
 }
 
@@ -191,12 +172,12 @@ void MetafileEngine::drawEllipse(const QRectF &box) {
         return drawPath(path);
     }
     ChooseShape(pen_.style() != Qt::NoPen, filled_);
-    Ellipse(transform_.mapRect(box));
-    NoteFill(transform_.mapRect(box));
+    Ellipse(Transform().mapRect(box));
+    NoteFill(Transform().mapRect(box));
 }
 
 void MetafileEngine::drawPath(const QPainterPath &path) {
-    const QPainterPath mapped = transform_.map(path);
+    const QPainterPath mapped = Transform().map(path);
     ChooseFillMode(path.fillRule() == Qt::WindingFill);
     Path(mapped);
     NoteFill(mapped.controlPointRect());
@@ -205,7 +186,7 @@ void MetafileEngine::drawPath(const QPainterPath &path) {
 void MetafileEngine::drawPolygon(const QPointF *points, int count, PolygonDrawMode mode) {
     QPolygonF mapped(count);
     std::transform(points, points + count, mapped.begin(),
-                   [&](const QPointF &at) { return transform_.map(at); });
+                   [&](const QPointF &at) { return Transform().map(at); });
     const bool lined = pen_.style() != Qt::NoPen;
     if (mode == PolylineMode) {
         if (!lined) return;
@@ -222,31 +203,15 @@ void MetafileEngine::drawPolygon(const QPointF *points, int count, PolygonDrawMo
     Polygon(mapped);
 }
 
-void MetafileEngine::drawLines(const QLineF *lines, int count) {
-    for (int i = 0; i < count; ++i) {
-        const QPointF ends[] = {lines[i].p1(), lines[i].p2()};
-        drawPolygon(ends, 2, PolylineMode);
-    }
-}
-
 void MetafileEngine::PutImage(const QRectF &place, const QImage &image) {
-    const QRectF mapped = transform_.mapRect(place);
+    const QRectF mapped = Transform().mapRect(place);
     if (image.isNull() || mapped.isEmpty()) return;
-    Image(mapped, DibOf(image, mapped.size(), kTwipsPerPixel * scale_, Behind(mapped)));
-}
-
-void MetafileEngine::drawImage(const QRectF &place, const QImage &image, const QRectF &part,
-                               Qt::ImageConversionFlags) {
-    PutImage(place, part == QRectF(image.rect()) ? image : image.copy(part.toAlignedRect()));
-}
-
-void MetafileEngine::drawPixmap(const QRectF &place, const QPixmap &pixmap, const QRectF &part) {
-    drawImage(place, pixmap.toImage(), part, Qt::AutoColor);
+    Image(mapped, DibOf(image, mapped.size(), kTwipsPerPixel * Scale(), Behind(mapped)));
 }
 
 void MetafileEngine::DrawPicture(const QRectF &place, const diagram::Picture &picture) {
     CatchUp();
-    PutImage(place, picture.Image());
+    PutImage(place, picture.ImageFor(PixelsFor(place)));
 }
 
 void MetafileEngine::DrawLine(const TextPiece &piece) {
@@ -255,7 +220,7 @@ void MetafileEngine::DrawLine(const TextPiece &piece) {
     if (font.isEmpty()) {
         constexpr double kTwipsPerPoint = 20;
         font = FontCreation(piece.font,
-                            std::max(1, int(std::lround(piece.font.Size() * kTwipsPerPoint * scale_))));
+                            std::max(1, int(std::lround(piece.font.Size() * kTwipsPerPoint * Scale()))));
     }
     Choose(FontKind, font);
     const QRgb colour = OnPaper(piece.colour);
@@ -264,58 +229,27 @@ void MetafileEngine::DrawLine(const TextPiece &piece) {
     PutText(piece);
 }
 
-// Another machine may lack the font: the text is held at the side to which it is justified.
-// Readers differ in what holding a text from right to left means, but for its left end.
+// Another machine may lack the font: plain text is held at the side to which it is justified. Readers differ
+// in what holding other texts means, but for its left end.
 void MetafileEngine::PutText(const TextPiece &piece) {
     constexpr double kHeld[] = {0, 1, 0.5};
     const bool isLong = piece.text.size() > kLongestText;
-    const int side = isLong || piece.rightToLeft ? 0 : piece.side;
+    const int side = isLong || IsIntricate(piece.text) ? 0 : piece.side;
+    const double held = kHeld[side] * piece.width;
     if (chosen_.align != kAligns[side]) TextAlign(kAligns[side]);
     chosen_.align = kAligns[side];
-    QPointF at = transform_.map(piece.baseLine + QPointF(kHeld[side] * piece.width, 0));
-    const std::vector<int> advances = text_.Advances(piece, scale_);
-    for (qsizetype from = 0; from < piece.text.size(); from += kLongestText) {
-        const qsizetype count = std::min<qsizetype>(kLongestText, piece.text.size() - from);
-        std::vector<int> part(advances.begin() + from, advances.begin() + from + count);
-        double width = 0;
-        for (const int advance : part) width += advance;
-        Text({at, kAligns[side], piece.rightToLeft, piece.text.mid(from, count), std::move(part)});
+    for (const MetafileRun &run : text_.Runs(piece, Scale()))
+        PutRun(run, Transform().map(piece.baseLine + QPointF(run.left + held, 0)));
+}
+
+// In several records where it is too long for one.
+void MetafileEngine::PutRun(const MetafileRun &run, QPointF at) {
+    for (qsizetype from = 0; from < run.text.size(); from += kLongestText) {
+        const qsizetype count = std::min<qsizetype>(kLongestText, run.text.size() - from);
+        std::vector<int> part(run.advances.begin() + from, run.advances.begin() + from + count);
+        const double width = std::accumulate(part.begin(), part.end(), 0.0);
+        Text({at, chosen_.align, run.rightToLeft, run.text.mid(from, count), std::move(part)});
         at.rx() += width;
-    }
-}
-
-void MetafileEngine::drawTextItem(const QPointF &at, const QTextItem &text) {
-    const QFont font = text.font();
-    const double points = font.pixelSize() > 0 ? font.pixelSize() / 20.0 : font.pointSizeF();
-    const Font plain(font.family(), points, font.bold(), font.italic());
-    DrawLine({at, text.width(), 0, false, text.text(), plain, QString(), state->pen().color()});
-}
-
-int MetafileDevice::metric(PaintDeviceMetric metric) const {
-    switch (metric) {
-    case PdmWidth:
-        return int(size_.width());
-    case PdmHeight:
-        return int(size_.height());
-    case PdmWidthMM:
-        return int(size_.width() / kMetafileUnitsPerInch * 25.4);
-    case PdmHeightMM:
-        return int(size_.height() / kMetafileUnitsPerInch * 25.4);
-    case PdmDpiX:
-    case PdmDpiY:
-    case PdmPhysicalDpiX:
-    case PdmPhysicalDpiY:
-        return int(kMetafileUnitsPerInch);
-    case PdmNumColors:
-        return 1 << 24;
-    case PdmDepth:
-        return 32;
-    case PdmDevicePixelRatio:
-        return 1;
-    case PdmDevicePixelRatioScaled:
-        return int(devicePixelRatioFScale());
-    default:
-        return 0;
     }
 }
 

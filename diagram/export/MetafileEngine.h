@@ -4,23 +4,17 @@
 
 #include "diagram/export/MetafileObjects.h"
 #include "diagram/export/MetafileText.h"
-#include "diagram/render/ContentTarget.h"
+#include "diagram/export/VectorEngine.h"
 
 #include <array>
 #include <QBrush>
-#include <QPaintDevice>
-#include <QPaintEngine>
-#include <QPen>
-#include <QTransform>
 #include <vector>
 
 namespace diagram {
 
 struct MetafileDib;
 
-constexpr double kMetafileUnitsPerInch = 1440; // of a page that isn't scaled down
-
-class MetafileEngine : public QPaintEngine, public ContentTarget {
+class MetafileEngine : public VectorEngine {
 public:
     // `page` in device units of the painter; `scale` is file units to a twip; `paper` is what shows through
     // colours that are not opaque, since metafiles know none.
@@ -28,19 +22,11 @@ public:
 
     bool begin(QPaintDevice *device) override;
     bool end() override;
-    void updateState(const QPaintEngineState &changed) override;
-    Type type() const override { return User; }
     void drawRects(const QRectF *rects, int count) override;
     void drawEllipse(const QRectF &box) override;
     void drawPath(const QPainterPath &path) override;
     void drawPolygon(const QPointF *points, int count, PolygonDrawMode mode) override;
-    void drawLines(const QLineF *lines, int count) override;
-    void drawImage(const QRectF &place, const QImage &image, const QRectF &part,
-                   Qt::ImageConversionFlags flags) override;
-    void drawPixmap(const QRectF &place, const QPixmap &pixmap, const QRectF &part) override;
-    void drawTextItem(const QPointF &at, const QTextItem &text) override;
     using QPaintEngine::drawEllipse;
-    using QPaintEngine::drawLines;
     using QPaintEngine::drawPolygon;
     using QPaintEngine::drawRects;
 
@@ -49,10 +35,14 @@ public:
 
     // Whether records were left out since the file would have passed 2^31 bytes.
     bool IsTooLong() const { return tooLong_; }
-    // The whole file, once the painter has ended.
-    virtual QByteArray File() const = 0;
 
 protected:
+    void SetPen(const QPen &pen) override;
+    void SetBrush(const QBrush &brush) override;
+    void BeginClip(const QPainterPath &path) override;
+    void EndClip() override { PopState(); }
+    void PutImage(const QRectF &place, const QImage &image) override;
+
     enum Kind { PenKind, BrushKind, FontKind, KindCount };
     struct TextRun {
         QPointF baseLine; // its end on the side of `align`
@@ -89,8 +79,6 @@ protected:
     // Whether strokes with the pen go through Path, which makes them of pieces.
     virtual bool NeedsPath(const QPen &) const { return false; }
 
-    const QSizeF &Page() const { return page_; }
-    double Scale() const { return scale_; }
     const MetafileObjects &Objects() const { return objects_; }
     const QPen &Pen() const { return pen_; } // its width in file units
     bool Filled() const { return filled_; }
@@ -99,6 +87,7 @@ protected:
     // Choose what is drawn with from here; ChooseShape takes the painter's pen and brush.
     void ChooseShape(bool lined, bool filled);
     void ChooseFillMode(bool winding);
+    void ChooseFill(QRgb colour); // an area of this colour without a line
 
 private:
     // What a player restores with the saved state.
@@ -109,25 +98,18 @@ private:
         int winding = -1;
     };
 
-    void SetPen(const QPen &pen);
-    void SetBrush(const QBrush &brush);
-    void SetClip(const QPainterPath &path, Qt::ClipOperation operation);
     void PushState();
     void PopState();
-    void CatchUp();
     bool TakesBoxes() const;
     void Choose(Kind kind, const QByteArray &creation);
     void DeleteObjects();
     QRgb OnPaper(const QColor &colour) const;
     void NoteFill(const QRectF &bounds);
     QRgb Behind(const QRectF &place) const;
-    void PutImage(const QRectF &place, const QImage &image);
     void PutText(const TextPiece &piece);
+    void PutRun(const MetafileRun &run, QPointF at);
 
-    QSizeF page_;
-    double scale_;
     QRgb paper_;
-    QTransform transform_;
     QPen pen_;
     bool filled_ = false;
     QRgb fill_ = 0;
@@ -139,22 +121,7 @@ private:
     std::vector<Chosen> saved_;
     QRectF lastFilled_;
     QRgb lastFill_ = 0;
-    int clips_ = 0;
     bool tooLong_ = false;
-};
-
-// The device for a painter on such an engine; a unit is 1/1440 inch.
-class MetafileDevice : public QPaintDevice {
-public:
-    MetafileDevice(MetafileEngine &engine, const QSizeF &size) : engine_(engine), size_(size) {}
-    QPaintEngine *paintEngine() const override { return &engine_; }
-
-protected:
-    int metric(PaintDeviceMetric metric) const override;
-
-private:
-    MetafileEngine &engine_;
-    QSizeF size_;
 };
 
 } // namespace diagram

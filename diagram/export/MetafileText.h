@@ -1,7 +1,6 @@
-// Text as metafiles keep it: how far each character goes, and the bytes of the Western code page.
+// Text as metafiles keep it: how far each character goes.
 #pragma once
 
-#include <QByteArray>
 #include <QFontMetricsF>
 #include <QHash>
 #include <QString>
@@ -13,8 +12,19 @@ namespace diagram {
 class Font;
 struct TextPiece;
 
+// A stretch of a line that reads in one direction.
+struct MetafileRun {
+    double left; // in units of the piece, from its left end
+    bool rightToLeft;
+    QString text;
+    std::vector<int> advances; // as Advances gives them
+};
+
 class MetafileText {
 public:
+    // The line in pieces from left to right of which no reader has to find out the order: one of plain
+    // letters, or one for each change of direction. Blanks between them are left out.
+    std::vector<MetafileRun> Runs(const TextPiece &piece, double scale);
     // For each UTF-16 unit of the piece the way to the next, in order of reading; their sum is the width
     // times the scale, rounded.
     std::vector<int> Advances(const TextPiece &piece, double scale);
@@ -28,8 +38,7 @@ private:
     std::unordered_map<std::size_t, QHash<QString, double>> widths_;
 };
 
-// One byte for each UTF-16 unit; what the code page lacks becomes its plain letter or '?', and the second
-// half of a pair 0.
-QByteArray ToWindows1252(const QString &text);
+// Whether letters of the text change their form or order beside others, or come from fonts of other scripts.
+bool IsIntricate(const QString &text);
 
 } // namespace diagram

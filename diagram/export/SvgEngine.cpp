@@ -6,8 +6,7 @@
 
 #include <QBuffer>
 #include <QImage>
-#include <QPen>
-#include <QPixmap>
+#include <utility>
 
 namespace diagram {
 
@@ -36,43 +35,22 @@ QByteArray AsPng(const QImage &image) {
     return bytes;
 }
 
-QPainterPath PathOf(const QRegion &region) {
-    QPainterPath path;
-    path.addRegion(region);
-    return path;
-}
-
 } // namespace
 
-SvgEngine::SvgEngine() : QPaintEngine(AllFeatures) {}
-
-bool SvgEngine::begin(QPaintDevice *) { return true; }
-
 bool SvgEngine::end() {
-    CloseGroups();
+    EndClips();
     return true;
 }
 
-void SvgEngine::updateState(const QPaintEngineState &changed) {
-    const QPaintEngine::DirtyFlags dirty = changed.state();
-    if (!dirty) return;
-    if (dirty & DirtyTransform) {
-        transform_ = changed.transform();
-        transformAttribute_.clear();
-        if (!transform_.isIdentity()) {
-            SvgText text;
-            text << " transform=\"matrix(" << QByteArray::number(transform_.m11()) << " "
-                 << QByteArray::number(transform_.m12()) << " " << QByteArray::number(transform_.m21()) << " "
-                 << QByteArray::number(transform_.m22()) << " ";
-            text.Point({transform_.dx(), transform_.dy()}) << ")\"";
-            transformAttribute_ = text.Bytes();
-        }
-    }
-    if (dirty & DirtyPen) SetPen(changed.pen());
-    if (dirty & DirtyBrush) SetBrush(changed.brush());
-    if (dirty & DirtyClipPath) SetClip(transform_.map(changed.clipPath()), changed.clipOperation());
-    if (dirty & DirtyClipRegion)
-        SetClip(transform_.map(PathOf(changed.clipRegion())), changed.clipOperation());
+void SvgEngine::TransformChanged() {
+    const QTransform &t = Transform();
+    transformAttribute_.clear();
+    if (t.isIdentity()) return;
+    SvgText text;
+    text << " transform=\"matrix(" << QByteArray::number(t.m11()) << " " << QByteArray::number(t.m12()) << " "
+         << QByteArray::number(t.m21()) << " " << QByteArray::number(t.m22()) << " ";
+    text.Point({t.dx(), t.dy()}) << ")\"";
+    transformAttribute_ = text.Bytes();
 }
 
 void SvgEngine::SetPen(const QPen &pen) {
@@ -84,8 +62,8 @@ void SvgEngine::SetPen(const QPen &pen) {
     if (width != 1) text.Attribute("stroke-width", width);
     if (pen.color().alpha() < 255) text.Attribute("stroke-opacity", pen.color().alphaF());
     if (pen.style() != Qt::SolidLine) {
-        text << " stroke-dasharray=\"";
-        for (const qreal dash : pen.dashPattern()) text.Number(dash * width) << " ";
+        const char *before = " stroke-dasharray=\""; // some readers count a blank at the end as one more
+        for (const qreal dash : pen.dashPattern()) (text << std::exchange(before, " ")).Number(dash * width);
         text << "\"";
     }
     stroke_ = text.Bytes();
@@ -102,22 +80,10 @@ void SvgEngine::SetBrush(const QBrush &brush) {
     fill_ = text.Bytes();
 }
 
-void SvgEngine::SetClip(const QPainterPath &path, Qt::ClipOperation operation) {
-    if (operation != Qt::IntersectClip) CloseGroups();
-    if (operation == Qt::NoClip) return;
-    const QByteArray id = "c" + QByteArray::number(++clips_);
+void SvgEngine::BeginClip(const QPainterPath &path) {
+    const QByteArray id = "c" + QByteArray::number(++clipNumber_);
     (out_ << "<clipPath id=\"" << id << "\"><path d=\"").Path(path)
         << "\"/></clipPath>\n<g clip-path=\"url(#" << id << ")\">\n";
-    ++groups_;
-}
-
-void SvgEngine::CloseGroups() {
-    for (; groups_ > 0; --groups_) out_ << "</g>\n";
-}
-
-// What the painter would have told before it draws something itself; pens and brushes don't matter.
-void SvgEngine::CatchUp() {
-    if (state->state() & (DirtyTransform | DirtyClipPath | DirtyClipRegion)) syncState();
 }
 
 void SvgEngine::EndShape() { out_ << fill_ << stroke_ << transformAttribute_ << "/>\n"; }
@@ -157,13 +123,6 @@ void SvgEngine::drawPolygon(const QPointF *points, int count, PolygonDrawMode mo
         EndShape();
 }
 
-void SvgEngine::drawLines(const QLineF *lines, int count) {
-    for (int i = 0; i < count; ++i) {
-        const QPointF ends[] = {lines[i].p1(), lines[i].p2()};
-        drawPolygon(ends, 2, PolylineMode);
-    }
-}
-
 void SvgEngine::DrawImageFile(const QRectF &place, quintptr identity, const QByteArray &mime,
                               const QByteArray &bytes) {
     int &number = pictures_[identity];
@@ -175,19 +134,12 @@ void SvgEngine::DrawImageFile(const QRectF &place, quintptr identity, const QByt
     }
     out_ << "<use xlink:href=\"#p" << QByteArray::number(number) << "\" transform=\"";
     out_ << "translate(";
-    out_.Point(transform_.map(place.topLeft())) << ") scale(";
-    out_.Point({place.width() * transform_.m11(), place.height() * transform_.m22()}) << ")\"/>\n";
+    out_.Point(Transform().map(place.topLeft())) << ") scale(";
+    out_.Point({place.width() * Transform().m11(), place.height() * Transform().m22()}) << ")\"/>\n";
 }
 
-void SvgEngine::drawImage(const QRectF &place, const QImage &image, const QRectF &part,
-                          Qt::ImageConversionFlags) {
-    const bool whole = part == QRectF(image.rect());
-    const QImage shown = whole ? image : image.copy(part.toAlignedRect());
-    DrawImageFile(place, quintptr(shown.cacheKey()), "image/png", AsPng(shown));
-}
-
-void SvgEngine::drawPixmap(const QRectF &place, const QPixmap &pixmap, const QRectF &part) {
-    drawImage(place, pixmap.toImage(), part, Qt::AutoColor);
+void SvgEngine::PutImage(const QRectF &place, const QImage &image) {
+    DrawImageFile(place, quintptr(image.cacheKey()), "image/png", AsPng(image));
 }
 
 void SvgEngine::DrawPicture(const QRectF &place, const diagram::Picture &picture) {
@@ -195,8 +147,8 @@ void SvgEngine::DrawPicture(const QRectF &place, const diagram::Picture &picture
     const QByteArray mime = MimeOf(picture.Bytes());
     const bool written = pictures_.contains(picture.Identity());
     if (!mime.isEmpty() || written) return DrawImageFile(place, picture.Identity(), mime, picture.Bytes());
-    if (!picture.Image().isNull())
-        DrawImageFile(place, picture.Identity(), "image/png", AsPng(picture.Image()));
+    const QImage image = picture.ImageFor(PixelsFor(place));
+    if (!image.isNull()) DrawImageFile(place, picture.Identity(), "image/png", AsPng(image));
 }
 
 // The font that was asked for, the one found for it here, and any without serifs.
@@ -231,51 +183,15 @@ void SvgEngine::DrawLine(const TextPiece &piece) {
     out_.Escaped(piece.text) << "</text>\n";
 }
 
-void SvgEngine::drawTextItem(const QPointF &at, const QTextItem &text) {
-    const QFont font = text.font();
-    const double points = font.pixelSize() > 0 ? font.pixelSize() / 20.0 : font.pointSizeF();
-    const Font plain(font.family(), points, font.bold(), font.italic());
-    DrawLine({at, text.width(), 0, false, text.text(), plain, QString(), state->pen().color()});
-}
-
-int SvgDevice::metric(PaintDeviceMetric metric) const {
-    constexpr int kTwipsPerInch = 1440;
-    switch (metric) {
-    case PdmWidth:
-        return int(size_.width());
-    case PdmHeight:
-        return int(size_.height());
-    case PdmWidthMM:
-        return int(size_.width() / kTwipsPerInch * 25.4);
-    case PdmHeightMM:
-        return int(size_.height() / kTwipsPerInch * 25.4);
-    case PdmDpiX:
-    case PdmDpiY:
-    case PdmPhysicalDpiX:
-    case PdmPhysicalDpiY:
-        return kTwipsPerInch;
-    case PdmNumColors:
-        return 1 << 24;
-    case PdmDepth:
-        return 32;
-    case PdmDevicePixelRatio:
-        return 1;
-    case PdmDevicePixelRatioScaled:
-        return int(devicePixelRatioFScale());
-    default:
-        return 0;
-    }
-}
-
-QByteArray SvgDevice::File() const {
+QByteArray SvgEngine::File() const {
     SvgText file;
-    file.Reserve(engine_.Body().size() + 500);
+    file.Reserve(out_.Text().size() + 500);
     file << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" "
             "xmlns:xlink=\"http://www.w3.org/1999/xlink\" version=\"1.1\" xml:space=\"preserve\"";
-    file.Attribute("width", size_.width() / kTwipsPerPixel)
-        .Attribute("height", size_.height() / kTwipsPerPixel);
+    file.Attribute("width", Page().width() / kTwipsPerPixel)
+        .Attribute("height", Page().height() / kTwipsPerPixel);
     file << " viewBox=\"0 0 ";
-    file.Point({size_.width(), size_.height()}) << "\">\n" << engine_.Body() << "</svg>\n";
+    file.Point({Page().width(), Page().height()}) << "\">\n" << out_.Text() << "</svg>\n";
     return file.Bytes();
 }
 

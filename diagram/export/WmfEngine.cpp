@@ -2,51 +2,24 @@
 
 #include "diagram/export/MetafileDib.h"
 #include "diagram/export/MetafilePaths.h"
+#include "diagram/metafile/CodePage.h"
+#include "diagram/metafile/MetafileValues.h"
+#include "diagram/metafile/WmfRecords.h"
 #include "diagram/model/Font.h"
 #include "diagram/shapes/Measures.h"
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace diagram {
 
 namespace {
 
-// Record functions ([MS-WMF] 2.1.1.1).
-enum Function {
-    kEof = 0x0000,
-    kSaveDc = 0x001E,
-    kSetBkMode = 0x0102,
-    kSetMapMode = 0x0103,
-    kSetPolyFillMode = 0x0106,
-    kSetStretchBltMode = 0x0107,
-    kRestoreDc = 0x0127,
-    kSelectObject = 0x012D,
-    kSetTextAlign = 0x012E,
-    kDeleteObject = 0x01F0,
-    kSetTextColour = 0x0209,
-    kSetWindowOrg = 0x020B,
-    kSetWindowExt = 0x020C,
-    kCreatePen = 0x02FA,
-    kCreateFont = 0x02FB,
-    kCreateBrush = 0x02FC,
-    kPolygon = 0x0324,
-    kPolyline = 0x0325,
-    kExcludeClipRect = 0x0415,
-    kIntersectClipRect = 0x0416,
-    kEllipse = 0x0418,
-    kRectangle = 0x041B,
-    kPolyPolygon = 0x0538,
-    kExtTextOut = 0x0A32,
-    kStretchDib = 0x0F43,
-};
+using namespace wmf;
+using namespace metafile;
 
-constexpr int kAnisotropic = 8, kTransparent = 1, kColourOnColour = 3, kBaseLine = 24;
-constexpr int kNullPen = 5, kNullBrush = 1, kFlatEnds = 0x200, kBevelJoin = 0x1000, kMiterJoin = 0x2000;
-constexpr int kReadFromRight = 0x80;
-constexpr std::uint32_t kCopyPixels = 0x00CC0020;
-constexpr std::uint32_t kPlaceableKey = 0x9AC6CDD7;
-constexpr int kHeaderWords = 9;
+constexpr int kHeaderWords = wmf::kHeaderBytes / 2;
 constexpr qsizetype kMostPoints = 8000; // of one line or polygon
 constexpr int kFaceBytes = 32;          // of a font's name with its end
 
@@ -81,22 +54,24 @@ QPolygonF Thinned(const QPolygonF &points) {
     return thinned;
 }
 
-std::uint32_t ColorRef(QRgb colour) {
-    return std::uint32_t(qRed(colour) | qGreen(colour) << 8 | qBlue(colour) << 16);
+QPainterPath LineOf(const QPolygonF &points) {
+    QPainterPath line;
+    line.addPolygon(points);
+    return line;
 }
 
-int StyleOf(const QPen &pen) {
+std::uint32_t StyleOf(const QPen &pen) {
     if (pen.style() == Qt::NoPen) return kNullPen;
-    const int join = pen.joinStyle() == Qt::MiterJoin   ? kMiterJoin
-                     : pen.joinStyle() == Qt::BevelJoin ? kBevelJoin
-                                                        : 0;
+    const std::uint32_t join = pen.joinStyle() == Qt::MiterJoin   ? kMiterJoin
+                               : pen.joinStyle() == Qt::BevelJoin ? kBevelJoin
+                                                                  : 0;
     return join | (pen.capStyle() == Qt::FlatCap ? kFlatEnds : 0);
 }
 
 } // namespace
 
 WmfEngine::WmfEngine(const QSizeF &page, int unitsPerInch, QRgb paper)
-    : MetafileEngine(page, unitsPerInch / kMetafileUnitsPerInch, paper), unitsPerInch_(unitsPerInch) {}
+    : MetafileEngine(page, unitsPerInch / kVectorUnitsPerInch, paper), unitsPerInch_(unitsPerInch) {}
 
 void WmfEngine::Put(const QByteArray &record) {
     if (!HasRoom(records_.Size() + record.size())) return;
@@ -131,15 +106,42 @@ void WmfEngine::Close() { Put(Sealed(Record(kEof))); }
 void WmfEngine::Create(int, const QByteArray &creation) { Put(creation); }
 void WmfEngine::Select(int slot) { PutWord(kSelectObject, slot); }
 void WmfEngine::Delete(int slot) { PutWord(kDeleteObject, slot); }
-void WmfEngine::Save() { Put(Sealed(Record(kSaveDc))); }
-void WmfEngine::Restore() { PutWord(kRestoreDc, -1); }
 
-// Regions don't follow the scale at which the file is shown, so a form is cut out by boxes around it.
+void WmfEngine::Save() {
+    Put(Sealed(Record(kSaveDc)));
+    clips_.push_back(clips_.empty() ? FormClip() : clips_.back());
+}
+
+void WmfEngine::Restore() {
+    PutWord(kRestoreDc, -1);
+    clips_.pop_back();
+}
+
+// Of clips that aren't boxes few readers know anything: what is drawn is cut to the form as far as it is
+// outlines, and boxes around the form are cut out for the rest.
 void WmfEngine::Clip(const QPainterPath &path) {
     const std::optional<QRectF> box = PlainBox(path);
     PutBox(kIntersectClipRect, box ? *box : path.boundingRect());
-    if (box) return;
-    for (const QRectF &outside : Outside(path, kTwipsPerPixel * Scale())) PutBox(kExcludeClipRect, outside);
+    if (!box) clips_.back() = {InForm() ? clips_.back().form.intersected(path) : path, false};
+}
+
+// Regions don't follow the scale at which the file is shown.
+void WmfEngine::CutForm() {
+    if (!InForm() || std::exchange(clips_.back().cut, true)) return;
+    for (const QRectF &outside : Outside(clips_.back().form, kTwipsPerPixel * Scale()))
+        PutBox(kExcludeClipRect, outside);
+}
+
+void WmfEngine::FillWithinForm(const QPainterPath &path) {
+    const QList<QPolygonF> parts = Flattened(path.intersected(clips_.back().form));
+    if (!parts.isEmpty()) FillParts(parts);
+}
+
+void WmfEngine::StrokeWithinForm(const QPainterPath &path) {
+    QPainterPathStroker stroker(Pen());
+    ChooseFill(Pen().color().rgb());
+    ChooseFillMode(true);
+    FillWithinForm(stroker.createStroke(path));
 }
 
 void WmfEngine::Rectangle(const QRectF &box) { PutBox(kRectangle, box); }
@@ -154,6 +156,7 @@ void WmfEngine::Polygon(const QPolygonF &points) {
 }
 
 void WmfEngine::Polyline(const QPolygonF &points) {
+    if (InForm()) return StrokeWithinForm(LineOf(points));
     if (NeedsPath(Pen())) return StrokePath({points});
     for (qsizetype from = 0; from + 1 < points.size(); from += kMostPoints - 1) {
         const QPolygonF part = points.mid(from, kMostPoints);
@@ -166,6 +169,10 @@ void WmfEngine::Polyline(const QPolygonF &points) {
 
 void WmfEngine::FillPath(const QList<QPolygonF> &parts) {
     ChooseShape(false, true);
+    FillParts(parts);
+}
+
+void WmfEngine::FillParts(const QList<QPolygonF> &parts) {
     if (parts.size() == 1) return Polygon(parts[0]);
     MetafileBytes record = Record(kPolyPolygon);
     record.U16(unsigned(parts.size()));
@@ -193,9 +200,14 @@ void WmfEngine::StrokePath(const QList<QPolygonF> &parts) {
 }
 
 void WmfEngine::Path(const QPainterPath &path) {
+    const bool lined = Pen().style() != Qt::NoPen;
+    if (InForm()) {
+        if (Filled()) ChooseShape(false, true), FillWithinForm(path);
+        if (lined) StrokeWithinForm(path);
+        return;
+    }
     const QList<QPolygonF> parts = Flattened(path);
     if (parts.isEmpty()) return;
-    const bool lined = Pen().style() != Qt::NoPen;
     if (parts.size() == 1 && IsClosed(parts[0]) && !NeedsPath(Pen())) {
         ChooseShape(lined, Filled());
         return Polygon(parts[0]);
@@ -205,6 +217,7 @@ void WmfEngine::Path(const QPainterPath &path) {
 }
 
 void WmfEngine::Image(const QRectF &place, const MetafileDib &dib) {
+    CutForm();
     MetafileBytes record = Record(kStretchDib);
     record.U32(kCopyPixels).U16(0);
     record.I16(dib.size.height()).I16(dib.size.width()).I16(0).I16(0);
@@ -215,6 +228,7 @@ void WmfEngine::Image(const QRectF &place, const MetafileDib &dib) {
 }
 
 void WmfEngine::Text(const TextRun &run) {
+    CutForm();
     QByteArray bytes = ToWindows1252(run.text);
     std::vector<int> advances;
     QByteArray written;
@@ -238,28 +252,27 @@ void WmfEngine::TextColour(QRgb colour) {
     Put(Sealed(record.U32(ColorRef(colour))));
 }
 
-void WmfEngine::TextAlign(int align) { PutWord(kSetTextAlign, kBaseLine | align); }
-void WmfEngine::FillMode(bool winding) { PutWord(kSetPolyFillMode, winding ? 2 : 1); }
+void WmfEngine::TextAlign(int align) { PutWord(kSetTextAlign, int(kAlignBaseLine) | align); }
+void WmfEngine::FillMode(bool winding) { PutWord(kSetPolyFillMode, winding ? kWinding : kAlternate); }
 
 bool WmfEngine::NeedsPath(const QPen &pen) const {
-    return pen.style() >= Qt::DashLine && pen.style() <= Qt::CustomDashLine;
+    return InForm() || (pen.style() >= Qt::DashLine && pen.style() <= Qt::CustomDashLine);
 }
 
 QByteArray WmfEngine::PenCreation(const QPen &pen) const {
     MetafileBytes record = Record(kCreatePen);
-    record.U16(unsigned(StyleOf(pen))).I16(std::max(1, Limited(pen.widthF()))).I16(0);
+    record.U16(StyleOf(pen)).I16(std::max(1, Limited(pen.widthF()))).I16(0);
     return Sealed(record.U32(ColorRef(pen.color().rgb())));
 }
 
 QByteArray WmfEngine::BrushCreation(bool filled, QRgb colour) const {
     MetafileBytes record = Record(kCreateBrush);
-    return Sealed(record.U16(filled ? 0 : kNullBrush).U32(filled ? ColorRef(colour) : 0).U16(0));
+    return Sealed(record.U16(filled ? kSolidBrush : kNullBrush).U32(filled ? ColorRef(colour) : 0).U16(0));
 }
 
 QByteArray WmfEngine::FontCreation(const Font &font, int height) const {
-    constexpr int kPlain = 400, kBold = 700;
     MetafileBytes record = Record(kCreateFont);
-    record.I16(-Limited(height)).I16(0).I16(0).I16(0).I16(font.Bold() ? kBold : kPlain);
+    record.I16(-Limited(height)).I16(0).I16(0).I16(0).I16(font.Bold() ? kBoldWeight : kPlainWeight);
     // The bars of underlined and struck out text are drawn; a second one in the font would lie beside them.
     record.U8(font.Italic()).U8(0).U8(0).Zeros(5);
     QByteArray face = ToWindows1252(font.Name()).left(kFaceBytes - 1);

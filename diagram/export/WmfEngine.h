@@ -38,16 +38,28 @@ protected:
     QByteArray BrushCreation(bool filled, QRgb colour) const override;
     QByteArray FontCreation(const Font &font, int height) const override;
     // Players draw a pen's dashes only where it is a pixel wide, and each in its own way: they are drawn one
-    // by one.
+    // by one. Within a form, strokes become areas.
     bool NeedsPath(const QPen &pen) const override;
 
 private:
     void Put(const QByteArray &record);
     void PutWord(int function, int value);
     void PutBox(int function, const QRectF &box);
+    void FillParts(const QList<QPolygonF> &parts);
     void FillPath(const QList<QPolygonF> &parts);
     void StrokePath(const QList<QPolygonF> &parts);
+    void FillWithinForm(const QPainterPath &path);
+    void StrokeWithinForm(const QPainterPath &path);
+    void CutForm();
+    bool InForm() const { return !clips_.empty() && !clips_.back().form.isEmpty(); }
 
+    // A clip that isn't a box, of a saved state.
+    struct FormClip {
+        QPainterPath form; // empty for none
+        bool cut = false;  // its records are written
+    };
+
+    std::vector<FormClip> clips_;
     MetafileBytes records_;
     int unitsPerInch_;
     std::uint32_t longest_ = 0; // record, in words

@@ -185,6 +185,10 @@ TEST_F(CommandsTest, PictureWritesOneSliceInEachForm) {
     EXPECT_EQ(std::max(image.width(), image.height()), 500);
     EXPECT_EQ(Run({"picture", map, Path("one.svg")}), cli::kGood) << err.toStdString();
     EXPECT_TRUE(support::ReadWholeFile(Path("one.svg")).contains("<svg"));
+    EXPECT_EQ(Run({"picture", map, Path("one.wmf")}), cli::kGood) << err.toStdString();
+    EXPECT_TRUE(support::ReadWholeFile(Path("one.wmf")).startsWith("\xD7\xCD\xC6\x9A"));
+    EXPECT_EQ(Run({"picture", map, Path("one.emf")}), cli::kGood) << err.toStdString();
+    EXPECT_EQ(support::ReadWholeFile(Path("one.emf")).mid(40, 4), " EMF");
     EXPECT_EQ(Run({"picture", map, Path("one.pdf")}), cli::kGood) << err.toStdString();
     EXPECT_TRUE(support::ReadWholeFile(Path("one.pdf")).startsWith("%PDF"));
 }

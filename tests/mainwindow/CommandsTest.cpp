@@ -7,6 +7,7 @@
 #include "mainwindow/Commands.h"
 #include "mainwindow/frmAbout.h"
 #include "mainwindow/ZoomSteps.h"
+#include "support/AtomicFile.h"
 
 #include <QAction>
 #include <QApplication>
@@ -15,6 +16,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QSet>
 #include <QTest>
 
@@ -40,8 +42,9 @@ protected:
     }
 };
 
-const QStringList kFileKeys{QStringLiteral("mnuFileNew"), QStringLiteral("mnuFileOpen"),
-                            QStringLiteral("mnuFileSave"), QStringLiteral("mnuFileSaveAs")};
+const QStringList kFileKeys{QStringLiteral("mnuFileNew"),  QStringLiteral("mnuFileOpen"),
+                            QStringLiteral("mnuFileSave"), QStringLiteral("mnuFileSaveAs"),
+                            QStringLiteral("mnuFileSep1"), QStringLiteral("mnuFileExportPicture")};
 
 } // namespace
 
@@ -83,7 +86,7 @@ TEST_F(Commands, RecentFilesStandAboveTheLastSeparatorAtMostFour) {
     for (const QString &file : files) expected << QLatin1String(kRecentFile) + file;
     expected << QStringLiteral("mnuFileSep3") << QStringLiteral("mnuFileExit");
     EXPECT_EQ(Keys(FileMenu(window)), expected);
-    const QAction *first = FileMenu(window).actions().at(5);
+    const QAction *first = FileMenu(window).actions().at(kFileKeys.size() + 1);
     EXPECT_EQ(first->data().toString(), files.first());
     EXPECT_EQ(first->text(), RecentFileCaption(files.first()));
 }
@@ -229,6 +232,22 @@ TEST_F(Commands, CopyToClipboardPutsAPictureThere) {
     QApplication::clipboard()->clear();
     window.SmartMenuXP1_Click(QStringLiteral("mnuEditCopyClipboard"));
     EXPECT_FALSE(QApplication::clipboard()->image().isNull());
+    EXPECT_FALSE(QApplication::clipboard()->mimeData()->data(QStringLiteral("image/x-emf")).isEmpty());
+}
+
+TEST_F(Commands, ExportAsPictureWritesAMetafileWhereTheUserSays) {
+    frmMain &window = NewWindow();
+    AddNode(window, 0, 0);
+    const QString path = MapFile(QStringLiteral("map.wmf"));
+    desktop.ExpectSaveFile(path);
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileExportPicture"));
+    EXPECT_TRUE(support::ReadWholeFile(path).startsWith("\xD7\xCD\xC6\x9A"));
+    ASSERT_EQ(desktop.dialogs.shownFiles.size(), 1u);
+    EXPECT_EQ(desktop.dialogs.shownFiles[0].filter, QStringLiteral("Windows Meta File|*.wmf"));
+    EXPECT_EQ(desktop.dialogs.shownFiles[0].defaultExtension, QStringLiteral("wmf"));
+    EXPECT_EQ(desktop.dialogs.shownFiles[0].flags & 2050, 2050);
+    desktop.ExpectSaveFile(QString());
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileExportPicture"));
 }
 
 TEST_F(Commands, GridAndSnapFollowTheirEntriesOnTheCurrentSurfaceAlone) {

@@ -1,13 +1,16 @@
 #include "diagram/export/Export.h"
-#include "diagram/export/MetafileText.h"
+#include "diagram/export/WmfEngine.h"
+#include "diagram/metafile/CodePage.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/Shapes.h"
 #include "MetafileReader.h"
+#include "support/AtomicFile.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <QFile>
 #include <QImage>
+#include <QPainter>
 #include <QTemporaryDir>
 #include <set>
 
@@ -169,7 +172,7 @@ TEST(Metafile, UnderlinedAndStruckOutText_HasItsBarsOnce) {
     EXPECT_EQ(wmf.Of(0x02FB).at(0).mid(11, 2), QByteArray(2, '\0'));
 }
 
-TEST(Metafile, Dashes_AreSingleLinesOrThePens) {
+TEST(Metafile, Dashes_AreSingleLines) {
     Surface surface;
     Node &node = OneNode(surface);
     EXPECT_EQ(Wmf(surface).Count(0x0325), 0);
@@ -179,26 +182,33 @@ TEST(Metafile, Dashes_AreSingleLinesOrThePens) {
     EXPECT_NEAR(thin, 2 * (1500 + 750) / (6 * 15), 2);
     node.SetDrawWidth(3);
     EXPECT_NEAR(Wmf(surface).Count(0x0325), thin / 3.0, 2);
-    const std::vector<QByteArray> pens = Emf(surface).Of(95);
-    EXPECT_TRUE(std::any_of(pens.begin(), pens.end(),
-                            [](const QByteArray &pen) { return At<quint32>(pen, 20) % 16 == 1; }));
+    const std::vector<QByteArray> dashes = Emf(surface).Of(7);
+    ASSERT_EQ(dashes.size(), 1u);
+    EXPECT_NEAR(At<quint32>(dashes[0], 16), thin / 3.0, 2);
 }
 
-TEST(Metafile, TextInBothDirections_HasAdvancesThatAddUpToItsWidth) {
+TEST(Metafile, TextInBothDirections_IsWrittenInPiecesFromLeftToRight) {
     Surface surface;
-    OneNode(surface).SetText(QString::fromUtf8("abc \u05E9\u05DC\u05D5\u05DD 12"));
-    const QByteArray body = Emf(surface).Of(84).at(0);
-    const quint32 count = At<quint32>(body, 36), advances = At<quint32>(body, 64) - 8;
-    ASSERT_EQ(count, 11u);
-    int sum = 0;
-    for (quint32 i = 0; i < count; ++i) {
-        const int advance = At<qint32>(body, qsizetype(advances + 4 * i));
-        EXPECT_GT(advance, 0);
-        EXPECT_LT(advance, 200);
-        sum += advance;
+    OneNode(surface).SetText(QString::fromUtf8("abc \u05E9\u05DC\u05D5\u05DD 12 d"));
+    const std::vector<QByteArray> pieces = Emf(surface).Of(84);
+    ASSERT_EQ(pieces.size(), 4u);
+    const char *const kTexts[] = {"abc", "12", "\u05E9\u05DC\u05D5\u05DD", "d"};
+    int end = 0;
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        const QByteArray &body = pieces[i];
+        EXPECT_EQ(EmfText(body), QString::fromUtf8(kTexts[i]));
+        EXPECT_EQ(At<quint32>(body, 44), i == 2 ? 0x80u : 0u) << "reads from the right";
+        EXPECT_GE(At<qint32>(body, 28), end - 2);
+        end = At<qint32>(body, 28);
+        const quint32 advances = At<quint32>(body, 64) - 8;
+        for (quint32 k = 0; k < At<quint32>(body, 36); ++k) {
+            const int advance = At<qint32>(body, qsizetype(advances + 4 * k));
+            EXPECT_GT(advance, 0);
+            EXPECT_LT(advance, 200);
+            end += advance;
+        }
     }
-    EXPECT_LT(sum, 1500);
-    EXPECT_GT(sum, 500);
+    EXPECT_LT(end, 1500 + 150);
 }
 
 TEST(Metafile, Text_KeepsWhatTheKindCanHold) {
@@ -259,7 +269,7 @@ TEST(Metafile, Clips_AreSavedAndRestored) {
     EXPECT_EQ(emf.Count(34), 2);
 }
 
-TEST(Metafile, FormsAsClips_ArePathsOrBoxesAround) {
+TEST(Metafile, LinesWithinAForm_AreClippedOrCutToIt) {
     Surface surface;
     for (const ShapeRow &row : ShapeTable()) {
         Node &node = surface.Nodes().Add(0, 1000 * float(row.value), 1500, 750);
@@ -270,9 +280,27 @@ TEST(Metafile, FormsAsClips_ArePathsOrBoxesAround) {
     EXPECT_GT(emf.Count(67), 10);
     EXPECT_EQ(emf.Count(59), emf.Count(60));
     EXPECT_EQ(wmf.Count(0x0416), emf.Count(67) + emf.Count(30));
-    EXPECT_GT(wmf.Count(0x0415), wmf.Count(0x0416));
+    EXPECT_EQ(wmf.Count(0x0415), 0) << "few readers know clips that aren't boxes";
+    EXPECT_GT(wmf.Count(0x0538), 10);
     ExpectSlotsKept(wmf, true);
     ExpectSlotsKept(emf, false);
+}
+
+TEST(Metafile, PicturesWithinAForm_AreCutOutByBoxes) {
+    WmfEngine engine(QSizeF(1000, 1000), 1440, qRgb(255, 255, 255));
+    VectorDevice device(engine);
+    QPainter painter(&device);
+    QPainterPath form;
+    form.addEllipse(100, 100, 800, 800);
+    painter.setClipPath(form);
+    painter.drawImage(QRectF(0, 0, 1000, 1000), HalfClear());
+    painter.drawImage(QRectF(0, 0, 1000, 1000), HalfClear());
+    painter.end();
+    const Played wmf = ReadWmf(engine.File());
+    EXPECT_EQ(wmf.Count(0x0F43), 2);
+    EXPECT_GT(wmf.Count(0x0415), 10);
+    EXPECT_LE(wmf.Count(0x0415), 2 * 60) << "once for both";
+    ExpectSlotsKept(wmf, true);
 }
 
 TEST(Metafile, ShadowsAreMixedWithThePaper) {
@@ -325,6 +353,41 @@ TEST(Metafile, Files_AreWrittenByTheirEnding) {
         EXPECT_TRUE(path.endsWith(QLatin1String("wmf")) ? ReadWmf(file.readAll()).good
                                                         : ReadEmf(file.readAll()).good);
     }
+}
+
+TEST(Metafile, WriteMetafile_PutsTheEnhancedOneBeside) {
+    QTemporaryDir folder;
+    Surface surface;
+    Fill(surface);
+    const QString wmf = folder.filePath(QStringLiteral("map.wmf")),
+                  emf = folder.filePath(QStringLiteral("map.emf"));
+    WriteMetafile(surface, wmf);
+    EXPECT_TRUE(ReadWmf(support::ReadWholeFile(wmf)).good);
+    EXPECT_TRUE(ReadEmf(support::ReadWholeFile(emf)).good);
+    surface.Nodes().Item(1).SetText(QStringLiteral("changed"));
+    const QByteArray before = support::ReadWholeFile(emf);
+    WriteMetafile(surface, wmf);
+    EXPECT_NE(support::ReadWholeFile(emf), before) << "a file of our own is written again";
+}
+
+TEST(Metafile, WriteMetafile_LeavesAnotherProgramsFileAlone) {
+    QTemporaryDir folder;
+    Surface surface;
+    OneNode(surface);
+    QFile other(folder.filePath(QStringLiteral("map.emf")));
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    other.write("somebody's");
+    other.close();
+    WriteMetafile(surface, folder.filePath(QStringLiteral("map.wmf")));
+    EXPECT_EQ(support::ReadWholeFile(other.fileName()), "somebody's");
+}
+
+TEST(Metafile, TextsOfAMegabyte_AreExported) {
+    Surface surface;
+    OneNode(surface).SetText(QStringLiteral("word ").repeated(200000));
+    for (const PictureFormat format :
+         {PictureFormat::Png, PictureFormat::Svg, PictureFormat::Pdf, PictureFormat::Wmf, PictureFormat::Emf})
+        EXPECT_GT(ExportPicture(surface, format).size(), 100);
 }
 
 } // namespace diagram
