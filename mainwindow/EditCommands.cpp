@@ -1,15 +1,12 @@
 #include "mainwindow/Commands.h"
 
 #include "diagram/edit/History.h"
-#include "diagram/export/Export.h"
+#include "diagram/view/PictureMime.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/TextBox.h"
-
-#include <QApplication>
-#include <QClipboard>
 
 namespace mainwindow {
 
@@ -66,9 +63,7 @@ void mnuEditDelete(frmMain &window) {
     window.AddFlow1_KeyDown(window.CurrentSurface().Index(), keyCode, 0);
 }
 
-void mnuEditCopyClipboard(frmMain &window) {
-    QApplication::clipboard()->setImage(diagram::ExportImage(window.CurrentSurface()));
-}
+void mnuEditCopyClipboard(frmMain &window) { diagram::PictureToClipboard(window.CurrentSurface()); }
 
 void mnuEditSelectAll(frmMain &window) { DoSelectAll(window.CurrentSurface(), true); }
 void mnuEditUnSelectAll(frmMain &window) { DoSelectAll(window.CurrentSurface(), false); }

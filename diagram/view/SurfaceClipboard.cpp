@@ -6,10 +6,14 @@
 #include "diagram/interaction/Selecting.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Scene.h"
+#include "diagram/view/PictureMime.h"
+#include "support/Error.h"
 
 #include <algorithm>
 #include <QImage>
+#include <QLocale>
 #include <QMimeData>
+#include <QStringTokenizer>
 
 namespace diagram {
 
@@ -22,37 +26,24 @@ constexpr double kLargestPicture = 12000; // longest side of a pasted picture, t
 constexpr QSizeF kTextNode{2400, 600};
 constexpr float kTextGap = 150;
 
-// Pictures are made when they are asked for: copying a large selection takes no longer than a small one.
-class SelectionMime : public QMimeData {
+constexpr MimeForm kSelectionForms[] = {{"image/png", PictureFormat::Png},
+                                        {"image/svg+xml", PictureFormat::Svg}};
+
+class SelectionMime : public PictureMime {
 public:
-    SelectionMime(const QByteArray &bytes, const QString &text) : bytes_(bytes) {
+    SelectionMime(const QByteArray &bytes, const QString &text)
+        : PictureMime(kSelectionForms), bytes_(bytes) {
         setData(QString::fromLatin1(kSelectionMimeType), bytes);
         setText(text);
     }
 
-    QStringList formats() const override {
-        return QMimeData::formats() << QStringLiteral("image/png") << QStringLiteral("image/svg+xml")
-                                    << QStringLiteral("application/x-qt-image");
-    }
-    bool hasFormat(const QString &type) const override { return formats().contains(type); }
-
 protected:
-    QVariant retrieveData(const QString &type, QMetaType preferred) const override {
-        if (type == QLatin1String("image/png")) return Picture(PictureFormat::Png);
-        if (type == QLatin1String("image/svg+xml")) return Picture(PictureFormat::Svg);
-        if (type == QLatin1String("application/x-qt-image"))
-            return QImage::fromData(Picture(PictureFormat::Png), "png");
-        return QMimeData::retrieveData(type, preferred);
+    void Fill(Surface &copy) const override {
+        PasteBytes(copy, bytes_, 0, 0);
+        copy.UnselectAll();
     }
 
 private:
-    QByteArray Picture(PictureFormat format) const {
-        Surface copy;
-        PasteBytes(copy, bytes_, 0, 0);
-        copy.UnselectAll();
-        return ExportPicture(copy, format);
-    }
-
     QByteArray bytes_;
 };
 
@@ -107,6 +98,25 @@ QSizeF PictureSize(const Picture &picture) {
     return size;
 }
 
+// Files of pictures, those that look the same everywhere first.
+constexpr const char *kPictureTypes[] = {"image/png", "image/jpeg",  "image/gif",
+                                         "image/bmp", "image/x-emf", "image/emf",
+                                         "image/wmf", "image/x-wmf", "image/svg+xml"};
+
+bool HasPicture(const QMimeData &data) {
+    return data.hasImage() || std::any_of(std::begin(kPictureTypes), std::end(kPictureTypes),
+                                          [&](auto type) { return data.hasFormat(QLatin1String(type)); });
+}
+
+// The first of the files that can be read, as it is, or the image. Error 481 when there is none.
+Picture PictureOf(const QMimeData &data) {
+    for (const char *type : kPictureTypes) {
+        const QByteArray bytes = data.data(QLatin1String(type));
+        if (Picture::IsPicture(bytes)) return Picture::FromBytes(bytes);
+    }
+    return Picture::FromImage(qvariant_cast<QImage>(data.imageData()));
+}
+
 void PasteLines(Surface &surface, const QStringList &lines, const QRectF &seen) {
     const double step = kTextNode.height() + kTextGap;
     const double height = double(lines.size()) * step - kTextGap;
@@ -122,12 +132,21 @@ void PasteLines(Surface &surface, const QStringList &lines, const QRectF &seen) 
     });
 }
 
+[[noreturn]] void RaiseTooManyLines(qsizetype count) {
+    throw support::Error(6, QStringLiteral("Paste"),
+                         QStringLiteral("The text has %1 lines. At most %2 can be pasted, a node each.")
+                             .arg(QLocale::c().toString(count), QLocale::c().toString(kMostLines)));
+}
+
+// Those with something on them.
 QStringList LinesOf(const QString &text) {
     QStringList lines;
-    for (const QString &line : text.split(QLatin1Char('\n'))) {
-        if (!line.trimmed().isEmpty()) lines << line.trimmed();
-        if (lines.size() == kMostLines) break;
+    qsizetype count = 0;
+    for (const QStringView line : QStringTokenizer(text, QLatin1Char('\n'))) {
+        if (line.trimmed().isEmpty()) continue;
+        if (++count <= kMostLines) lines << line.trimmed().toString();
     }
+    if (count > kMostLines) RaiseTooManyLines(count);
     return lines;
 }
 
@@ -150,16 +169,15 @@ std::unique_ptr<QMimeData> SelectionToMime(const Surface &surface) {
 
 bool CanPasteFrom(const QMimeData *data) {
     return data &&
-           (data->hasFormat(QString::fromLatin1(kSelectionMimeType)) || data->hasImage() || data->hasText());
+           (data->hasFormat(QString::fromLatin1(kSelectionMimeType)) || HasPicture(*data) || data->hasText());
 }
 
 void PasteFrom(Scene &scene, const QMimeData &data, const QRectF &seen) {
     const QString own = QString::fromLatin1(kSelectionMimeType);
     if (data.hasFormat(own)) {
         PasteItems(scene, data.data(own), seen);
-    } else if (data.hasImage()) {
-        const auto image = qvariant_cast<QImage>(data.imageData());
-        if (!image.isNull()) AddPictureNode(scene.Model(), Picture::FromImage(image), seen.center());
+    } else if (HasPicture(data)) {
+        AddPictureNode(scene.Model(), PictureOf(data), seen.center());
     } else if (const QStringList lines = LinesOf(data.text()); !lines.isEmpty()) {
         PasteLines(scene.Model(), lines, seen);
     }

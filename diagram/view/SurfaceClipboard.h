@@ -18,10 +18,11 @@ std::unique_ptr<QMimeData> SelectionToMime(const Surface &surface);
 
 bool CanPasteFrom(const QMimeData *data);
 
-// The own form gives its items, an image a node with that picture, plain text one node a line; the first of
-// these that the data hold. New items come into sight within `seen` (twips), beside items that stand at their
-// place already, and become the selection. One step; AfterAddNode for each node made of an image or of text;
-// AfterSelect. Error 321 "Invalid file format" for damaged data: nothing is changed then.
+// The own form gives its items, an image or a file of one (png, jpeg, gif, bmp, emf, wmf, svg) a node with
+// that picture, plain text one node a line; the first of these that the data hold. New items come into sight
+// within `seen` (twips), beside items that stand at their place already, and become the selection. One step;
+// AfterAddNode for each node made of an image or of text; AfterSelect. Error 321 "Invalid file format" for a
+// damaged own form, 481 "Invalid picture", 6 for more than 2,000 lines of text: nothing is changed then.
 void PasteFrom(Scene &scene, const QMimeData &data, const QRectF &seen);
 
 // A node that shows the picture in its own size, smaller where that is out of all proportion, with its middle

@@ -1,4 +1,6 @@
+#include "diagram/export/Export.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/view/PictureMime.h"
 #include "tests/diagram/view/ViewFixture.h"
 
 #include <QApplication>
@@ -13,6 +15,11 @@ protected:
         a.SetText(QStringLiteral("first\r\nline"));
         b.SetText(QStringLiteral("second"));
         Settle();
+    }
+    void Hold(const char *type, const QByteArray &bytes) {
+        auto *data = new QMimeData; // the clipboard takes it over
+        data->setData(QLatin1String(type), bytes);
+        QApplication::clipboard()->setMimeData(data);
     }
     const QMimeData &Held() const { return *QApplication::clipboard()->mimeData(); }
     Node &a, &b;
@@ -104,9 +111,7 @@ TEST_F(Clipboard, DamagedData_ChangeNothingAndRaiseError) {
     a.SetSelected(true);
     QByteArray bytes = SaveSelection(surface);
     bytes.truncate(bytes.size() / 2);
-    auto *data = new QMimeData; // the clipboard takes it over
-    data->setData(QString::fromLatin1(kSelectionMimeType), bytes);
-    QApplication::clipboard()->setMimeData(data);
+    Hold(kSelectionMimeType, bytes);
     view->Paste();
     EXPECT_EQ(surface.Nodes().Count(), 2);
     EXPECT_TRUE(a.Selected());
@@ -124,6 +129,77 @@ TEST_F(Clipboard, PasteOutOfSight_ComesIntoSight) {
     view->Paste();
     const QRectF seen(view->ToSurface(QPointF(0, 0)), view->ToSurface(QPointF(800, 600)));
     EXPECT_TRUE(seen.intersects(surface.SelectedNode()->Bounds()));
+}
+
+TEST_F(Clipboard, Metafile_GivesANodeThatKeepsItsBytes) {
+    for (const auto &[type, kind] :
+         {std::pair("image/x-emf", MetafileKind::Emf), {"image/x-wmf", MetafileKind::Wmf}}) {
+        const QByteArray bytes = ExportMetafile(surface, kind);
+        Hold(type, bytes);
+        view->Paste();
+        Node *node = surface.SelectedNode();
+        ASSERT_NE(node, nullptr);
+        EXPECT_EQ(node->Picture().Bytes(), bytes);
+        EXPECT_NEAR(node->Width(), node->Picture().SizeInTwips().width(), 1);
+    }
+}
+
+TEST_F(Clipboard, HostilePictures_ChangeNothingAndRaiseError) {
+    for (const QByteArray &bytes : {QByteArray(), QByteArray("\x89PNG\r\n\x1A\n", 8), QByteArray("<svg")}) {
+        Hold("image/png", bytes);
+        view->Paste();
+    }
+    EXPECT_EQ(surface.Nodes().Count(), 2);
+    EXPECT_FALSE(surface.CanUndo());
+    EXPECT_EQ(events.details.filter(QStringLiteral("Error 481")).size(), 3);
+}
+
+TEST_F(Clipboard, TooManyLines_AreRefusedWithTheirNumber) {
+    QApplication::clipboard()->setText(QStringLiteral("line\n").repeated(2001));
+    view->Paste();
+    EXPECT_EQ(surface.Nodes().Count(), 2);
+    EXPECT_EQ(events.details.filter(QStringLiteral("Error 6")).size(), 1);
+    QApplication::clipboard()->setText(QStringLiteral("line\n\n").repeated(2000));
+    view->Paste();
+    EXPECT_EQ(surface.Nodes().Count(), 2002);
+}
+
+TEST_F(Clipboard, ALineOfAMegabyte_IsOneNode) {
+    QApplication::clipboard()->setText(QString(1 << 20, u'x'));
+    view->Paste();
+    ASSERT_EQ(surface.SelectedNodes().size(), 1U);
+    EXPECT_EQ(surface.SelectedNode()->Text().size(), 1 << 20);
+}
+
+TEST_F(Clipboard, AnotherWindowPastesWhatThisOneCopied) {
+    a.SetSelected(true);
+    b.SetSelected(true);
+    a.SetKey(QStringLiteral("key"));
+    view->Copy();
+    Surface other;
+    SurfaceView otherView(other);
+    otherView.resize(800, 600);
+    otherView.Paste();
+    EXPECT_EQ(other.Nodes().Count(), 2);
+    EXPECT_EQ(other.Links().size(), 1U);
+}
+
+TEST_F(Clipboard, PictureOfTheSurface_IsOfferedInEveryForm) {
+    surface.SetBackColor(support::Rgb(250, 240, 230));
+    PictureToClipboard(surface);
+    EXPECT_EQ(ReadMetafileHead(Held().data(QStringLiteral("image/x-emf")))->kind, MetafileKind::Emf);
+    EXPECT_EQ(Held().data(QStringLiteral("image/emf")), Held().data(QStringLiteral("image/x-emf")));
+    EXPECT_EQ(ReadMetafileHead(Held().data(QStringLiteral("image/wmf")))->kind, MetafileKind::Wmf);
+    EXPECT_TRUE(Held().data(QStringLiteral("image/svg+xml")).contains("first"));
+    const QImage image = qvariant_cast<QImage>(Held().imageData());
+    EXPECT_EQ(image.size(), ExportImage(surface).size());
+    EXPECT_EQ(image.pixel(0, 0), qRgb(250, 240, 230));
+}
+
+TEST_F(Clipboard, PictureOfTheSurface_ShowsWhatWasThereThen) {
+    PictureToClipboard(surface);
+    a.SetText(QStringLiteral("changed"));
+    EXPECT_TRUE(Held().data(QStringLiteral("image/svg+xml")).contains("first"));
 }
 
 } // namespace diagram::testing
