@@ -61,7 +61,9 @@ double WidthForText(const NodeData &data, const QRectF &room) {
 
 // A word that is too long for the shape's text area may reach out of it, as far as the box goes.
 WrapWidth WrapOf(const NodeData &data, double width) {
-    return {width, IsBeside(data) ? width : std::max(width, data.width - 2 * kTwipsPerPixel)};
+    WrapWidth wrap(width, IsBeside(data) ? width : std::max(width, data.width - 2 * kTwipsPerPixel));
+    wrap.room = std::max<double>(data.height, kTwipsPerPixel);
+    return wrap;
 }
 
 double BeforeAcross(const QRectF &room, const NodeData &data, double width, int across) {

@@ -8,7 +8,9 @@ namespace diagram {
 namespace {
 
 constexpr double kNoWidth = 1e7;
-constexpr double kSlack = 2; // twips; a text measured without wrapping fits the width measured
+constexpr int kAlwaysWhole = 500;  // characters; short texts are laid out once for all heights
+constexpr double kNarrowest = 0.1; // of a character that takes room, as a share of the font's height
+constexpr double kSlack = 2;       // twips; a text measured without wrapping fits the width measured
 
 bool IsPlain(QStringView text) {
     return std::all_of(text.begin(), text.end(), [](QChar c) {
@@ -36,6 +38,7 @@ struct Builder {
     TextBlock &block;
     double limit;
     double scale;
+    double room; // 0 for no end
 
     TextLine &AddLine(int start, int length, double width, double ascent, double height) {
         TextLine line;
@@ -72,6 +75,8 @@ struct Builder {
         return layout.minimumWidth();
     }
 
+    bool IsFull() const { return room > 0 && block.height > room; }
+
     void AddPlainLine(int start, int length, double width) {
         while (length > 0 && block.text[start + length - 1] == u' ') width -= WidthAt(start + --length);
         TextLine &line = AddLine(start, length, width, block.face->ascent, block.face->height);
@@ -96,7 +101,7 @@ struct Builder {
         const int end = start + length;
         int from = start, breakAt = -1;
         double width = 0, breakWidth = 0;
-        for (int i = start; i < end; ++i) {
+        for (int i = start; i < end && !IsFull(); ++i) {
             const double glyph = WidthAt(i);
             if (block.text[i] != u' ' && width + glyph > limit && i > from) {
                 const bool atWord = breakAt > from;
@@ -108,7 +113,7 @@ struct Builder {
             width += glyph;
             if (block.text[i] == u' ' || block.text[i] == u'-') breakAt = i + 1, breakWidth = width;
         }
-        AddPlainLine(from, end - from, width);
+        if (!IsFull()) AddPlainLine(from, end - from, width);
     }
 
     void AddRuns(TextLine &line, const QTextLine &from) {
@@ -133,8 +138,11 @@ struct Builder {
         layout.setTextOption(option);
         layout.setCacheEnabled(false);
         layout.beginLayout();
-        for (QTextLine from = layout.createLine(); from.isValid(); from = layout.createLine())
+        double below = block.height; // lines that lie outside of the room aren't needed
+        for (QTextLine from; (room <= 0 || below <= room) && (from = layout.createLine()).isValid();) {
             from.setLineWidth(limit);
+            below += std::max(block.face->height, from.height());
+        }
         layout.endLayout();
         for (int i = 0; i < layout.lineCount(); ++i) {
             const QTextLine from = layout.lineAt(i);
@@ -166,19 +174,37 @@ struct Builder {
     }
 };
 
+// The room counts for long texts alone.
+double RoomFor(const QString &text, const WrapWidth &wrap) {
+    return text.size() > kAlwaysWhole ? std::max(0.0, wrap.room) : 0;
+}
+
+// The part of the text that can be seen, and a little more.
+QString SeenPart(const QString &text, const WrapWidth &wrap, const Face &face) {
+    double most = kMostCharacters;
+    const double room = RoomFor(text, wrap);
+    if (room > 0 && wrap.width > 0 && face.height > 0) {
+        const double line = std::max(wrap.width, wrap.widest) / (face.height * kNarrowest) + 1;
+        most = std::min(most, kAlwaysWhole + line * (room / face.height + 2));
+    }
+    return text.left(qsizetype(most));
+}
+
 } // namespace
 
 TextBlock LayOut(Faces &faces, const QString &text, const Font &font, const WrapWidth &wrap, double scale) {
     TextBlock block;
     block.face = faces.Find(font);
-    block.text = text;
-    Builder builder{faces, block, wrap.width > 0 ? wrap.width + kSlack : kNoWidth, scale};
-    const bool plain = block.face->plain && IsPlain(text);
+    block.text = SeenPart(text, wrap, *block.face);
+    const double limit = wrap.width > 0 ? wrap.width + kSlack : kNoWidth;
+    Builder builder{faces, block, limit, scale, RoomFor(text, wrap)};
+    const bool plain = block.face->plain && IsPlain(block.text);
     if (wrap.width > 0 && wrap.widest > wrap.width) {
         const double longest = plain ? builder.LongestPlainWord() : builder.LongestShapedWord();
         builder.limit = std::clamp(longest, wrap.width, wrap.widest) + kSlack;
     }
-    ForParagraphs(text, [&](int start, int length) {
+    ForParagraphs(block.text, [&](int start, int length) {
+        if (builder.IsFull()) return;
         if (plain)
             builder.AddPlainParagraph(start, length);
         else
@@ -200,11 +226,11 @@ std::size_t BytesOf(const TextBlock &block) {
 } // namespace
 
 std::size_t TextCache::KeyHash::operator()(const Key &key) const {
-    return qHashMulti(key.font.Hash(), key.text, key.width, key.widest, key.scale);
+    return qHashMulti(key.font.Hash(), key.text, key.width, key.widest, key.room, key.scale);
 }
 
 const TextBlock &TextCache::Find(const QString &text, const Font &font, const WrapWidth &wrap, double scale) {
-    Key key{text, font, int(wrap.width), int(wrap.widest), float(scale)};
+    Key key{text, font, int(wrap.width), int(wrap.widest), int(RoomFor(text, wrap)), float(scale)};
     const auto found = index_.find(key);
     if (found != index_.end()) {
         if (found->second != entries_.begin()) entries_.splice(entries_.begin(), entries_, found->second);

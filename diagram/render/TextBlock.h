@@ -29,12 +29,16 @@ struct TextBlock {
     double width = 0, height = 0; // twips
 };
 
+// Longer texts are laid out as far as this only: what follows is neither seen nor measured.
+constexpr int kMostCharacters = 20000;
+
 // In twips. Lines are wrapped at `width`, or, when the longest word is wider, at what that needs, but
 // `widest` at most; then words are broken. A width of 0 or less breaks at line ends only.
 struct WrapWidth {
     WrapWidth(double at, double most) : width(at), widest(most) {}
     WrapWidth(double at) : WrapWidth(at, at) {}
     double width, widest;
+    double room = 0; // height beyond which lines aren't seen and may be left out; 0 for none
 };
 
 // CR, LF and both together end a line. `scale` is device pixels a twip for the runs; 0 makes none.
@@ -52,7 +56,7 @@ private:
     struct Key {
         QString text;
         Font font;
-        int width, widest;
+        int width, widest, room;
         float scale;
         friend bool operator==(const Key &, const Key &) = default;
     };
