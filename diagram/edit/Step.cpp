@@ -9,12 +9,12 @@ namespace {
 // `current` with the changes made, as far as it still has the values that they start from.
 template <typename Data>
 Data Changed(const Data &current, const std::vector<PropertyChange> &changes, bool forward) {
-    Data expected = current, result = current;
+    Data result = current;
     const auto rows = PropertiesOf(current);
     for (const PropertyChange &change : changes) {
         const auto &row = rows[change.row];
-        row.set(expected, forward ? change.before : change.after);
-        if (row.same(expected, current)) row.set(result, forward ? change.after : change.before);
+        if (row.holds(current, forward ? change.before : change.after))
+            row.set(result, forward ? change.after : change.before);
     }
     return result;
 }

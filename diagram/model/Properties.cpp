@@ -37,6 +37,15 @@ V FromValue(const PropertyValue &value) {
     }
 }
 
+template <typename V>
+bool Holds(const V &held, const PropertyValue &value) {
+    if constexpr (std::is_same_v<V, NodeDefaults>) {
+        return held == *std::get<std::shared_ptr<const NodeDefaults>>(value);
+    } else {
+        return held == std::get<V>(value);
+    }
+}
+
 template <typename V, bool (*Range)(double)>
 bool IsInRange(const V &value) {
     if constexpr (std::is_same_v<V, NodeDefaults>) {
@@ -62,6 +71,7 @@ constexpr auto Row(std::uint8_t id, const char *name, Change what) {
         [](const Data &data) { return ToValue(data.*Member); },
         [](Data &data, const PropertyValue &value) { data.*Member = FromValue<Value>(value); },
         [](const Data &a, const Data &b) { return a.*Member == b.*Member; },
+        [](const Data &data, const PropertyValue &value) { return Holds(data.*Member, value); },
         [](const Data &data) { return IsInRange<Value, Range>(data.*Member); }};
 }
 

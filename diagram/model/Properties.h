@@ -24,7 +24,8 @@ struct PropertyRow {
     // The alternative of the value must be that of `get`.
     void (*set)(Data &, const PropertyValue &);
     bool (*same)(const Data &, const Data &);
-    bool (*valid)(const Data &); // whether the value is one that the setters accept
+    bool (*holds)(const Data &, const PropertyValue &); // whether it has that value
+    bool (*valid)(const Data &);                        // whether the value is one that the setters accept
 };
 
 std::span<const PropertyRow<NodeData>> NodeProperties();

@@ -101,7 +101,7 @@ public:
     SurfaceNodes Nodes() const { return SurfaceNodes(const_cast<Surface &>(*this)); }
     // All links, in the order of adding.
     std::span<const std::unique_ptr<Link>> Links() const { return links_; }
-    Node *FindNode(ItemId id) const; // null when it isn't there; logarithmic
+    Node *FindNode(ItemId id) const; // null when it isn't there; constant time
     Link *FindLink(ItemId id) const;
 
     // The focus: the item selected last of those that are still selected, or null.
@@ -229,6 +229,9 @@ private:
     Link &Insert(std::unique_ptr<Link> link);
     void Take(const std::vector<Link *> &links, const std::vector<Node *> &nodes);
     void ReplaceKey(Node &node, const QString &key);
+    void EndAt(Link &link, Node &source, Node &destination);
+    Item *FindItem(ItemId id) const;
+    void NoteId(Item &item);
 
     bool Recording() const;
     void PrepareUndo();
@@ -259,6 +262,7 @@ private:
 
     std::vector<std::unique_ptr<Node>> nodes_; // by id, which is the order of adding
     std::vector<std::unique_ptr<Link>> links_;
+    std::vector<Item *> byId_; // null for those that are gone: identities are dense
     QHash<QString, Node *> byKey_;
     std::vector<Node *> selectedNodes_;
     std::vector<Link *> selectedLinks_;

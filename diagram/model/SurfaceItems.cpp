@@ -19,12 +19,6 @@ auto PlaceOf(const std::vector<std::unique_ptr<T>> &items, ItemId id) {
     return std::ranges::lower_bound(items, id, {}, [](const auto &item) { return item->Id(); });
 }
 
-template <typename T>
-T *FindById(const std::vector<std::unique_ptr<T>> &items, ItemId id) {
-    const auto at = PlaceOf(items, id);
-    return at != items.end() && (*at)->Id() == id ? at->get() : nullptr;
-}
-
 // Puts an item where its identity belongs: at the end, unless undo brings it back.
 template <typename T>
 T &InsertById(std::vector<std::unique_ptr<T>> &items, std::unique_ptr<T> item) {
@@ -39,12 +33,27 @@ T &InsertById(std::vector<std::unique_ptr<T>> &items, std::unique_ptr<T> item) {
 
 } // namespace
 
-Node *Surface::FindNode(ItemId id) const { return FindById(nodes_, id); }
-Link *Surface::FindLink(ItemId id) const { return FindById(links_, id); }
+Item *Surface::FindItem(ItemId id) const { return id < byId_.size() ? byId_[id] : nullptr; }
+
+Node *Surface::FindNode(ItemId id) const {
+    Item *item = FindItem(id);
+    return item ? item->AsNode() : nullptr;
+}
+
+Link *Surface::FindLink(ItemId id) const {
+    Item *item = FindItem(id);
+    return item ? item->AsLink() : nullptr;
+}
+
+void Surface::NoteId(Item &item) {
+    nextId_ = std::max(nextId_, item.Id() + 1);
+    if (byId_.size() <= item.Id()) byId_.resize(item.Id() + 1);
+    byId_[item.Id()] = &item;
+}
 
 Node &Surface::Insert(std::unique_ptr<Node> node) {
     Node &added = InsertById(nodes_, std::move(node));
-    nextId_ = std::max(nextId_, added.Id() + 1);
+    NoteId(added);
     if (!added.Key().isEmpty()) byKey_.insert(added.Key(), &added);
     NoteStacked(added);
     if (Recording()) log_->Added(added);
@@ -55,7 +64,7 @@ Node &Surface::Insert(std::unique_ptr<Node> node) {
 
 Link &Surface::Insert(std::unique_ptr<Link> link) {
     Link &added = InsertById(links_, std::move(link));
-    nextId_ = std::max(nextId_, added.Id() + 1);
+    NoteId(added);
     added.source_->Attach(added);
     added.destination_->Attach(added);
     NoteStacked(added);
@@ -76,7 +85,7 @@ Link &Surface::AddLink(Node &source, Node &destination) {
 }
 
 Node &Surface::Restore(ItemId id, NodeData data) {
-    if (id == kNoItem || FindNode(id) || FindLink(id)) RaiseInvalidCall();
+    if (id == kNoItem || FindItem(id)) RaiseInvalidCall();
     if (Nodes().Find(data.key)) data.key.clear();
     return Insert(std::unique_ptr<Node>(new Node(*this, id, std::move(data))));
 }
@@ -84,7 +93,7 @@ Node &Surface::Restore(ItemId id, NodeData data) {
 Link &Surface::Restore(ItemId id, LinkData data) {
     Node *source = FindNode(data.source);
     Node *destination = FindNode(data.destination);
-    if (id == kNoItem || !source || !destination || FindNode(id) || FindLink(id)) RaiseInvalidCall();
+    if (id == kNoItem || !source || !destination || FindItem(id)) RaiseInvalidCall();
     std::unique_ptr<Link> link(new Link(*this, id, std::move(data), *source, *destination));
     link->stale_ = link->data_.points.size() < 2;
     return Insert(std::move(link));
@@ -97,12 +106,13 @@ void Surface::ReplaceKey(Node &node, const QString &key) {
 }
 
 void Surface::Overwrite(Node &node, NodeData data) {
-    if (Node *other = Nodes().Find(data.key); other && other != &node) data.key = node.data_.key;
+    const bool renamed = data.key != node.data_.key;
+    if (renamed && Nodes().Find(data.key)) data.key = node.data_.key;
     const Change what = Difference(node.data_, data);
     if (what == Change::None) return;
     BeforeWrite(node, what);
     Record(node);
-    ReplaceKey(node, data.key);
+    if (data.key != node.data_.key) ReplaceKey(node, data.key);
     node.data_ = std::move(data);
     if (Has(what, Change::Stacking)) NoteRestacked(node);
     Notify(node, what);
@@ -116,18 +126,23 @@ void Surface::Overwrite(Link &link, LinkData data) {
     const Change what = Difference(link.data_, data);
     if (what == Change::None && !link.stale_ && !link.unjudged_) return;
     Record(link);
-    link.source_->Detach(link);
-    link.destination_->Detach(link);
     routing_.WayChanges(link);
     link.data_ = std::move(data);
-    link.source_ = source;
-    link.destination_ = destination;
-    source->Attach(link);
-    destination->Attach(link);
+    EndAt(link, *source, *destination);
     link.stale_ = link.data_.points.size() < 2;
     link.unjudged_ = false;
     if (Has(what, Change::Stacking)) NoteRestacked(link);
     Notify(link, what);
+}
+
+void Surface::EndAt(Link &link, Node &source, Node &destination) {
+    if (link.source_ == &source && link.destination_ == &destination) return;
+    link.source_->Detach(link);
+    link.destination_->Detach(link);
+    link.source_ = &source;
+    link.destination_ = &destination;
+    source.Attach(link);
+    destination.Attach(link);
 }
 
 void Surface::Overwrite(SurfaceData data) {
@@ -187,6 +202,8 @@ void Surface::Take(const std::vector<Link *> &links, const std::vector<Node *> &
     std::erase_if(selectedLinks_, isDoomed);
     std::erase_if(stacking_, isDoomed);
     std::erase_if(restacked_, isDoomed);
+    for (const Link *link : links) byId_[link->Id()] = nullptr;
+    for (const Node *node : nodes) byId_[node->Id()] = nullptr;
 
     const auto takeFrom = [](auto &items) {
         std::remove_reference_t<decltype(items)> gone;
@@ -223,6 +240,7 @@ void Surface::Reset() {
     stacking_.clear();
     restacked_.clear();
     byKey_.clear();
+    byId_.clear();
     // Observers must not be left with items that are gone, nor be told while items still stand.
     const auto links = std::exchange(links_, {});
     const auto nodes = std::exchange(nodes_, {});

@@ -439,6 +439,8 @@ TEST(Properties, EachRowReadsAndWritesItsOwnValueAlone) {
             auto mixed = a;
             row.set(mixed, row.get(b));
             EXPECT_TRUE(row.same(mixed, b)) << row.name;
+            EXPECT_TRUE(row.holds(mixed, row.get(b))) << row.name;
+            EXPECT_EQ(row.holds(a, row.get(b)), row.same(a, b)) << row.name;
             for (const auto &other : PropertiesOf(a)) {
                 EXPECT_TRUE(other.id == row.id || other.same(mixed, a))
                     << row.name << " wrote " << other.name;
