@@ -25,6 +25,7 @@ using Tree = bg::index::rtree<Entry, bg::index::quadratic<16>>;
 
 constexpr std::size_t kMostAreas = 256; // more damage than that is everything
 constexpr std::size_t kFewItems = 64;
+constexpr std::size_t kMostLoose = 1024; // so many are looked through in no time
 
 // Rounded outwards, as a float may lie on the wrong side of the value.
 float Below(double value) {
@@ -58,11 +59,13 @@ double CrossingShare(const QLineF &first, const QLineF &second) {
 
 } // namespace
 
-// What is known of each item stands in a slot by its identity, which are dense enough for that.
+// What is known of each item stands in a slot by its identity, which are dense enough for that. An item that
+// moves leaves the tree for the list of loose ones: what moves once moves with every step of a drag.
 struct Scene::State {
-    enum Flag : std::uint8_t { kIndexed = 1, kDirty = 2 };
+    enum Flag : std::uint8_t { kIndexed = 1, kDirty = 2, kLoose = 4 };
 
     Tree tree;
+    std::vector<Item *> loose;
     std::vector<Box> boxes; // as indexed
     std::vector<std::uint8_t> flags;
     std::vector<ItemId> dirty;
@@ -99,12 +102,48 @@ struct Scene::State {
 
     void Unindex(Item &item) {
         if (!Is(item.Id(), kIndexed)) return;
+        if (Is(item.Id(), kLoose)) {
+            std::erase(loose, &item);
+        } else {
+            tree.remove(Entry(boxes[item.Id()], &item));
+        }
+        flags[item.Id()] &= std::uint8_t(~(kIndexed | kLoose));
+    }
+
+    void MakeLoose(Item &item) {
+        if (Is(item.Id(), kLoose)) return;
         tree.remove(Entry(boxes[item.Id()], &item));
-        flags[item.Id()] &= std::uint8_t(~kIndexed);
+        flags[item.Id()] |= kLoose;
+        loose.push_back(&item);
+    }
+
+    void BindLoose() {
+        for (Item *item : loose) {
+            flags[item->Id()] &= std::uint8_t(~kLoose);
+            tree.insert(Entry(boxes[item->Id()], item));
+        }
+        loose.clear();
+    }
+
+    // Calls `visit` with each indexed item whose bounds touch the box.
+    template <typename Visit>
+    void Query(const Box &box, Visit visit) const {
+        tree.query(bg::index::intersects(box),
+                   boost::make_function_output_iterator([&](const Entry &entry) { visit(*entry.second); }));
+        for (Item *item : loose)
+            if (bg::intersects(boxes[item->Id()], box)) visit(*item);
+    }
+
+    QRectF Extent() const {
+        if (tree.empty() && loose.empty()) return {};
+        Box all = tree.empty() ? boxes[loose.front()->Id()] : tree.bounds();
+        for (const Item *item : loose) bg::expand(all, boxes[item->Id()]);
+        return ToRect(all);
     }
 
     void Forget() {
         tree.clear();
+        loose.clear();
         flags.clear();
         boxes.clear();
         dirty.clear();
@@ -142,18 +181,22 @@ void Scene::State::Reindex(Surface &surface, Item &item) {
     const Box box = ToBox(PaintBounds(item, surface.Measure()));
     const bool stays = Is(id, kIndexed) && !IsHidden(item) && ToRect(boxes[id]) == ToRect(box);
     if (stays) return;
-    Unindex(item);
-    if (IsHidden(item)) return;
+    if (IsHidden(item)) return Unindex(item);
+    if (Is(id, kIndexed)) {
+        MakeLoose(item);
+    } else {
+        tree.insert(Entry(box, &item));
+    }
     boxes[id] = box;
     flags[id] |= kIndexed;
-    tree.insert(Entry(box, &item));
     AddDamage(ToRect(box));
 }
 
 // Many changed items are cheaper to index anew with all the others.
 void Scene::State::Update(Surface &surface) {
     surface.SettleWays();
-    if (!built || (dirty.size() > kFewItems && dirty.size() > tree.size() / 4)) return Build(surface);
+    if (!built || (dirty.size() > kFewItems && dirty.size() > (tree.size() + loose.size()) / 4))
+        return Build(surface);
     // By position: routing, and so a new entry, may come from looking at an item.
     for (std::size_t i = 0; i < dirty.size(); ++i) {
         const ItemId id = dirty[i];
@@ -165,6 +208,7 @@ void Scene::State::Update(Surface &surface) {
         }
     }
     dirty.clear();
+    if (loose.size() > kMostLoose) BindLoose();
 }
 
 Scene::Scene(Surface &surface) : surface_(surface), state_(std::make_unique<State>()) {
@@ -180,7 +224,7 @@ void Scene::ItemChanged(Item &item, Change what) {
     constexpr Change kMoves = Change::Geometry | Change::Look | Change::Text | Change::Visibility;
     if ((std::uint32_t(what) & std::uint32_t(kMoves)) != 0) {
         state_->MarkDirty(item.Id());
-    } else if (Has(what, Change::Stacking) || Has(what, Change::Selection)) {
+    } else if (Has(what, Change::Stacking)) {
         if (state_->Is(item.Id(), State::kIndexed)) state_->AddDamage(ToRect(state_->boxes[item.Id()]));
     }
 }
@@ -203,14 +247,13 @@ void Scene::ItemsIn(const QRectF &area, std::vector<Item *> &items) {
     state_->Update(surface_);
     const auto start = items.size();
     const Box query = ToBox(area.normalized());
-    if (!state_->tree.empty() && ToRect(query).contains(ToRect(state_->tree.bounds()))) {
+    const QRectF extent = state_->Extent();
+    if (!extent.isNull() && ToRect(query).contains(extent)) {
         std::ranges::copy_if(surface_.StackingOrder(), std::back_inserter(items),
                              [](const Item *item) { return !IsHidden(*item); });
         return;
     }
-    state_->tree.query(bg::index::intersects(query),
-                       boost::make_function_output_iterator(
-                           [&items](const Entry &entry) { items.push_back(entry.second); }));
+    state_->Query(query, [&items](Item &item) { items.push_back(&item); });
     const auto found = items.size() - start;
     if (found < (std::size_t(surface_.Nodes().Count()) + surface_.Links().size()) / 8) {
         std::sort(items.begin() + std::ptrdiff_t(start), items.end(), LiesBelow);
@@ -232,7 +275,7 @@ QRectF Scene::Bounds(const Item &item) {
 
 QRectF Scene::Extent() {
     state_->Update(surface_);
-    return state_->tree.empty() ? QRectF() : ToRect(state_->tree.bounds());
+    return state_->Extent();
 }
 
 QPainterPath Scene::NodeOutline(const Node &node) {
@@ -248,8 +291,8 @@ std::vector<Crossing> Scene::Crossings(const Link &link) {
     const std::vector<QPointF> way = WayPieces(link);
     for (std::size_t i = 1; i < way.size(); ++i) {
         const QLineF segment(way[i - 1], way[i]);
-        const auto cross = [&](const Entry &entry) {
-            const Link *other = entry.second->AsLink();
+        const auto cross = [&](const Item &item) {
+            const Link *other = item.AsLink();
             if (!other || other == &link || !LiesBelow(other, &link)) return;
             const std::vector<QPointF> pieces = WayPieces(*other);
             for (std::size_t k = 1; k < pieces.size(); ++k) {
@@ -259,8 +302,7 @@ std::vector<Crossing> Scene::Crossings(const Link &link) {
             }
         };
         const auto first = std::ptrdiff_t(crossings.size());
-        state_->tree.query(bg::index::intersects(ToBox(QRectF(segment.p1(), segment.p2()).normalized())),
-                           boost::make_function_output_iterator(cross));
+        state_->Query(ToBox(QRectF(segment.p1(), segment.p2()).normalized()), cross);
         std::sort(crossings.begin() + first, crossings.end(),
                   [](const Crossing &a, const Crossing &b) { return a.along < b.along; });
     }

@@ -48,8 +48,8 @@ public:
     // Jumps of `link` in order along its way; empty for jump style 0 and for curves.
     std::vector<Crossing> Crossings(const Link &link);
 
-    // Bounds, old and new, of what has changed since the last call; the view paints these again, with what it
-    // draws around items by itself, handles above all. The first call gives everything. `everything` is set
+    // Bounds, old and new, of what has changed since the last call and is painted otherwise now; selecting
+    // changes nothing here, as handles are the view's. The first call gives everything. `everything` is set
     // when the whole surface must be painted.
     struct Damage {
         bool everything = false;

@@ -166,14 +166,14 @@ TEST(Scene, DamageHoldsWhatWasRemoved) {
     EXPECT_TRUE(Covers(drawn.scene.TakeDamage(), QRectF(0, 0, 1000, 1000)));
 }
 
-TEST(Scene, SelectingDamagesTheItemOnly) {
+TEST(Scene, SelectingDamagesNothing_AsHandlesAreTheViews) {
     Drawn drawn;
     Node &node = drawn.AddNode(0, 0);
     drawn.scene.TakeDamage();
     node.SetSelected(true);
     const auto damage = drawn.scene.TakeDamage();
     EXPECT_FALSE(damage.everything);
-    EXPECT_TRUE(Covers(damage, node.Bounds()));
+    EXPECT_TRUE(damage.areas.empty());
 }
 
 TEST(Scene, ChangesOfKeyAndTagDamageNothing) {
