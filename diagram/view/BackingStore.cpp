@@ -42,26 +42,34 @@ void BackingStore::Show(const QRect &seen) {
     if (seen.size() != seen_.size() || !seen.intersects(seen_)) {
         if (seen.size() != image_.size()) image_ = QImage(seen.size(), QImage::Format_RGB32);
         seen_ = seen;
-        InvalidateAll();
+        stale_.Clear();
+        missing_.assign(1, seen);
         return;
     }
     const QRegion strips = QRegion(seen) - seen_;
     seen_ = seen;
-    KeepStaleInSight();
-    for (const QRect &strip : strips) stale_.Add(strip);
+    KeepInSight();
+    missing_.insert(missing_.end(), strips.begin(), strips.end());
 }
 
-void BackingStore::KeepStaleInSight() {
+void BackingStore::KeepInSight() {
     const std::vector<QRect> rects = stale_.Rects();
     stale_.Clear();
     for (const QRect &rect : rects) stale_.Add(rect & seen_);
+    for (QRect &rect : missing_) rect &= seen_;
+    std::erase_if(missing_, [](const QRect &rect) { return rect.isEmpty(); });
 }
 
-void BackingStore::Invalidate(const QRect &area) { stale_.Add(area & seen_); }
+void BackingStore::Invalidate(const QRect &area) {
+    if (missing_.empty()) return stale_.Add(area & seen_);
+    QRegion painted(area & seen_);
+    for (const QRect &rect : missing_) painted -= rect;
+    for (const QRect &rect : painted) stale_.Add(rect);
+}
 
 void BackingStore::InvalidateAll() {
     stale_.Clear();
-    stale_.Add(seen_);
+    Invalidate(seen_);
 }
 
 std::vector<BackingStore::Piece> BackingStore::Pieces(const QRect &area) const {
@@ -80,19 +88,38 @@ std::vector<BackingStore::Piece> BackingStore::Pieces(const QRect &area) const {
     return pieces;
 }
 
-void BackingStore::Update(const PaintArea &paint) {
-    if (stale_.Rects().empty() || image_.isNull()) return;
-    QPainter painter(&image_);
-    for (const QRect &rect : stale_.Rects()) {
-        for (const Piece &piece : Pieces(rect)) {
-            painter.save();
-            painter.setClipRect(QRect(piece.inImage, piece.area.size()));
-            painter.translate(piece.inImage);
-            paint(painter, piece.area);
-            painter.restore();
-        }
+void BackingStore::PaintRect(QPainter &painter, const PaintArea &paint, const QRect &rect) const {
+    for (const Piece &piece : Pieces(rect)) {
+        painter.save();
+        painter.setClipRect(QRect(piece.inImage, piece.area.size()));
+        painter.translate(piece.inImage);
+        paint(painter, piece.area);
+        painter.restore();
     }
+}
+
+// The upper rows of the first rectangle that is missing.
+QRect BackingStore::TakeBand(int rows) {
+    QRect &rect = missing_.front();
+    QRect band = rect;
+    band.setHeight(int(qMin<qint64>(rect.height(), qint64(rows) * seen_.width() / rect.width())));
+    rect.setTop(band.bottom() + 1);
+    if (rect.isEmpty()) missing_.erase(missing_.begin());
+    return band;
+}
+
+void BackingStore::Update(const PaintArea &paint) {
+    Update(paint, {seen_.height(), [] { return true; }});
+}
+
+void BackingStore::Update(const PaintArea &paint, const Slicing &slicing) {
+    if ((stale_.Rects().empty() && missing_.empty()) || image_.isNull()) return;
+    QPainter painter(&image_);
+    for (const QRect &rect : stale_.Rects()) PaintRect(painter, paint, rect);
     stale_.Clear();
+    bool goesOn = true;
+    for (; goesOn && !missing_.empty(); goesOn = slicing.mayGoOn())
+        PaintRect(painter, paint, TakeBand(qMax(1, slicing.rows)));
 }
 
 void BackingStore::CopyTo(QPainter &painter, const QRect &area) const {

@@ -30,12 +30,25 @@ public:
     // Paints `area`; the painter's origin is the area's left top corner, and it clips to the area.
     using PaintArea = std::function<void(QPainter &painter, const QRect &area)>;
 
-    // What is seen: everything is stale when the size differs, else the strips that come into sight.
+    // How much of what has come into sight is painted at once: bands of so many rows of the whole width, or
+    // of more rows where it is narrower, for as long as it may go on. The first band is painted in any case.
+    struct Slicing {
+        int rows;
+        std::function<bool()> mayGoOn;
+    };
+
+    // What is seen. Everything comes into sight when the size differs, else the strips at the edges.
     void Show(const QRect &seen);
+    const QRect &Seen() const { return seen_; }
+    // What has been painted and must be painted again.
     void Invalidate(const QRect &area);
     void InvalidateAll();
-    // Paints what is stale.
+    // Paints what is stale, and what has come into sight.
     void Update(const PaintArea &paint);
+    // Paints what is stale, and a part of what has come into sight.
+    void Update(const PaintArea &paint, const Slicing &slicing);
+    // What has come into sight and isn't painted yet; no rectangle overlaps another.
+    const std::vector<QRect> &Missing() const { return missing_; }
     // Copies `area`, as far as it is seen, to where the painter has the left top corner of what is seen at
     // (0, 0).
     void CopyTo(QPainter &painter, const QRect &area) const;
@@ -47,11 +60,14 @@ private:
         QPoint inImage;
     };
     std::vector<Piece> Pieces(const QRect &area) const;
-    void KeepStaleInSight();
+    void KeepInSight();
+    void PaintRect(QPainter &painter, const PaintArea &paint, const QRect &rect) const;
+    QRect TakeBand(int rows);
 
     QImage image_;
     QRect seen_;
-    RectList stale_;
+    RectList stale_; // seen before
+    std::vector<QRect> missing_;
 };
 
 } // namespace diagram

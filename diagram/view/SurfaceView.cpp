@@ -36,10 +36,13 @@ double SurfaceView::ShownZoom() const { return impl_->viewport.Zoom(); }
 
 void SurfaceView::ZoomAt(double percent, const QPointF &at) {
     impl_->viewport.ZoomAt(percent, at);
-    impl_->RepaintAll();
+    viewport()->update();
     impl_->PlaceEditor();
     Q_EMIT ViewChanged();
 }
+
+bool SurfaceView::IsExact() const { return impl_->screen_.IsExact(); }
+void SurfaceView::SetFrameBudget(std::optional<int> milliseconds) { impl_->frameBudget_ = milliseconds; }
 
 void SurfaceView::FollowStoredZoom() {
     impl_->viewport.FollowStored();
@@ -194,6 +197,7 @@ void SurfaceView::hideEvent(QHideEvent *event) {
 }
 
 void SurfaceView::timerEvent(QTimerEvent *event) {
+    if (event->timerId() == impl_->slices_.timerId()) return impl_->PaintOn();
     if (event->timerId() != impl_->autoScroll_.timerId()) return QAbstractScrollArea::timerEvent(event);
     impl_->Guard("timerEvent", [&] { impl_->AutoScroll(); });
 }

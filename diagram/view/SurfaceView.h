@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <QAbstractScrollArea>
 
 class QAccessibleEvent;
@@ -40,6 +41,12 @@ public:
     // the stored zoom until that is set to another value, or until FollowStoredZoom.
     void ZoomAt(double percent, const QPointF &at);
     void FollowStoredZoom();
+    // Whether the last frame was exact. While a large diagram is zoomed or scrolled a frame may show what was
+    // painted before, scaled; the rest is painted as soon as the event loop has nothing else to do.
+    bool IsExact() const;
+    // How long a frame may take for painting what has come into sight; 0 paints one band of it. Empty for as
+    // long as a smooth motion allows.
+    void SetFrameBudget(std::optional<int> milliseconds);
     // Between viewport pixels and twips.
     QPointF ToSurface(const QPointF &pixels) const;
     QPointF FromSurface(const QPointF &twips) const;

@@ -4,6 +4,7 @@
 #include "support/Error.h"
 
 #include <cmath>
+#include <QElapsedTimer>
 #include <QPainter>
 #include <QRegion>
 #include <QTimer>
@@ -13,6 +14,10 @@ namespace diagram {
 namespace {
 
 constexpr double kPixelBias = 1e-5;
+constexpr int kMovingBudget = 5;   // milliseconds of a frame for painting what has come into sight
+constexpr int kRestingBudget = 12; // the same when nothing moves
+constexpr int kBandItems = 150;    // about as many are painted between two looks at the clock
+constexpr int kLeastBandRows = 12;
 constexpr size_t kManyTouched = 500; // beyond it the whole viewport is copied again
 
 } // namespace
@@ -92,7 +97,7 @@ void SurfaceView::Impl::Flush() {
     flushAsked_ = false;
     DropOutdatedGesture();
     if (viewport.Update(interaction.IsActive())) {
-        RepaintAll();
+        view.viewport()->update();
         Q_EMIT view.ViewChanged();
     }
     NoteDamage();
@@ -102,7 +107,13 @@ void SurfaceView::Impl::Flush() {
 }
 
 void SurfaceView::Impl::RepaintAll() {
-    store_.InvalidateAll();
+    screen_.InvalidateAll();
+    view.viewport()->update();
+}
+
+void SurfaceView::Impl::PaintOn() {
+    slices_.stop();
+    resting_ = true;
     view.viewport()->update();
 }
 
@@ -121,7 +132,7 @@ void SurfaceView::Impl::NoteDamage() {
     RectList areas;
     if (!damage.everything) {
         for (const QRectF &area : damage.areas) {
-            store_.Invalidate(ToDevice(area));
+            screen_.Invalidate(ToDevice(area));
             const QRectF seen =
                 viewport.FromSurface(area) & QRectF(view.viewport()->rect().adjusted(-9, -9, 9, 9));
             areas.Add(seen.toAlignedRect());
@@ -169,20 +180,44 @@ void SurfaceView::Impl::PaintArea(QPainter &painter, const QRect &devicePixels) 
     renderer.Paint(painter, scene, area, options);
 }
 
+// Few items are painted at one go; many, so that there is a look at the clock now and then.
+int SurfaceView::Impl::BandRows(const QRect &seen) {
+    std::vector<Item *> items;
+    scene.ItemsIn(viewport.Seen(), items);
+    const auto bands = std::ssize(items) / kBandItems + 1;
+    return std::max(kLeastBandRows, int(seen.height() / bands));
+}
+
+void SurfaceView::Impl::PaintPicture() {
+    const double ratio = view.viewport()->devicePixelRatioF();
+    const QRect seen = DevicePixelsSeen();
+    const int budget = frameBudget_.value_or(resting_ ? kRestingBudget : kMovingBudget);
+    QElapsedTimer timer;
+    timer.start();
+    if (screen_.Show({seen, viewport.xScale() * ratio, viewport.yScale() * ratio}))
+        bandRows_ = BandRows(seen);
+    screen_.Update([this](QPainter &painter, const QRect &area) { PaintArea(painter, area); },
+                   {bandRows_, [&] { return timer.elapsed() < budget; }});
+    resting_ = false;
+    if (screen_.IsExact())
+        slices_.stop();
+    else
+        slices_.start(0, &view);
+}
+
 void SurfaceView::Impl::Paint(const QRegion &region) {
     const double ratio = view.viewport()->devicePixelRatioF();
-    if (std::exchange(paintedRatio_, ratio) != ratio) store_.InvalidateAll();
     if (flushAsked_) NoteDamage(); // painted before its turn: what has changed must be seen all the same
-    const QRect seen = DevicePixelsSeen();
-    store_.Show(seen);
-    store_.Update([this](QPainter &painter, const QRect &area) { PaintArea(painter, area); });
+    PaintPicture();
+    const QPoint corner = DevicePixelsSeen().topLeft();
 
     QPainter painter(view.viewport());
     painter.save();
     painter.scale(1 / ratio, 1 / ratio);
+    const QColor paper = support::ToQColor(surface.BackColor());
     for (const QRect &rect : region) {
         const QRectF device(rect.x() * ratio, rect.y() * ratio, rect.width() * ratio, rect.height() * ratio);
-        store_.CopyTo(painter, device.toAlignedRect().translated(seen.topLeft()));
+        screen_.CopyTo(painter, device.toAlignedRect().translated(corner), paper);
     }
     painter.restore();
     painter.setClipRegion(region);

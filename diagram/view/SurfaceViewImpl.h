@@ -6,8 +6,8 @@
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/view/Accessible.h"
-#include "diagram/view/BackingStore.h"
 #include "diagram/view/InPlaceEditor.h"
+#include "diagram/view/Screen.h"
 #include "diagram/view/SelectionPainter.h"
 #include "diagram/view/SurfaceView.h"
 #include "diagram/view/Viewport.h"
@@ -31,6 +31,8 @@ public:
     // event loop turn.
     void Flush();
     void RepaintAll();
+    // Paints more of what has come into sight.
+    void PaintOn();
 
     // Pointer and keys
     PointerInput Input(const QPointF &pixels, Qt::KeyboardModifiers modifiers) const;
@@ -100,6 +102,8 @@ private:
     QRect ToDevice(const QRectF &twips) const;
     void NoteDamage();
     void PaintArea(QPainter &painter, const QRect &devicePixels);
+    void PaintPicture();
+    int BandRows(const QRect &seen);
     void UpdatePixels(const QRectF &pixels);
     FocusRing Ring() const;
     // Which of keyboard and mouse the user works with.
@@ -118,8 +122,12 @@ private:
     QPoint AutoScrollStep() const;
     friend class SurfaceView;
 
-    BackingStore store_;
-    QRect overlayArea_; // pixels of the viewport, as last painted
+    Screen screen_;
+    int bandRows_ = 0;               // of the bands in which the picture is painted
+    QBasicTimer slices_;             // goes on painting when the event loop has nothing else to do
+    bool resting_ = false;           // nothing has moved since the last slice
+    std::optional<int> frameBudget_; // milliseconds; empty for the usual ones
+    QRect overlayArea_;              // pixels of the viewport, as last painted
     std::vector<std::pair<ItemKind, ItemId>> selectionTouched_;
     std::optional<EditText> edit_;
     QBasicTimer autoScroll_;
@@ -127,7 +135,6 @@ private:
     Qt::KeyboardModifiers modifiers_;
     QPointF direction_{1, 0};               // in which the user went last
     Qt::MouseButton button_ = Qt::NoButton; // that the gesture began with
-    double paintedRatio_ = 1;
     bool flushAsked_ = false;
     bool gestureOutdated_ = false;
     bool spaceHeld_ = false;

@@ -69,7 +69,10 @@ Node &ViewTest::AddNode(const char *key, int left, int top, int width, int heigh
 
 Link &ViewTest::AddLink(Node &from, Node &to) { return from.Links().Add(to); }
 
-void ViewTest::Settle() { QApplication::processEvents(); }
+void ViewTest::Settle() {
+    do QApplication::processEvents();
+    while (!view->IsExact());
+}
 
 QPoint ViewTest::At(const QPointF &twips) const { return view->FromSurface(twips).toPoint(); }
 
@@ -162,7 +165,8 @@ QImage ViewTest::Fresh() {
         like->setRange(from->minimum(), from->maximum());
         like->setValue(from->value());
     }
-    Settle();
+    do Settle();
+    while (!other.IsExact());
     other.clearFocus();
     const QImage image = other.viewport()->grab().toImage();
     QApplication::setActiveWindow(view.get());
