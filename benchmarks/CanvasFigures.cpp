@@ -1,0 +1,146 @@
+#include "benchmarks/CanvasFigures.h"
+
+#include "benchmarks/Canvas.h"
+#include "benchmarks/Sample.h"
+#include "benchmarks/Stage.h"
+#include "document/MapSchema.h"
+#include "document/TemplateFile.h"
+#include "mainwindow/frmMain.h"
+#include "support/Files.h"
+
+#include <array>
+#include <QApplication>
+#include <QLineF>
+#include <QLocale>
+
+namespace bench {
+
+namespace {
+
+using diagram::SurfaceView;
+
+constexpr double kFrame = 8; // milliseconds
+
+QPoint Along(const QPoint &from, const QPoint &to, int step, int steps) {
+    return from + (to - from) * step / steps;
+}
+
+void Sweep(Hand &hand, const QPoint &from, const QPoint &to, int steps,
+           Qt::KeyboardModifiers modifiers = {}) {
+    for (int i = 1; i <= steps; ++i) hand.Move(Along(from, to, i, steps), modifiers);
+}
+
+QPoint Body(SurfaceView &view, const diagram::Node &node) { return view.FromSurface(BodyOf(node)).toPoint(); }
+
+void RubberBand(Hand &hand, SurfaceView &view) {
+    const QPoint from(3, 3), to = view.viewport()->rect().bottomRight() - QPoint(3, 3);
+    hand.Press(from, Qt::ShiftModifier);
+    Sweep(hand, from, to, 120, Qt::ShiftModifier);
+    hand.Release(to, Qt::ShiftModifier);
+}
+
+void Hover(Hand &hand, SurfaceView &view) {
+    Sweep(hand, {1, 20}, view.viewport()->rect().bottomRight() - QPoint(1, 30), 240);
+}
+
+// Without snapping, so that each event moves something.
+void Drag(Hand &hand, SurfaceView &view, const QPoint &from) {
+    const QPoint far = from + QPoint(210, 130), behind = from - QPoint(90, 200);
+    hand.Press(from);
+    Sweep(hand, from, far, 120, Qt::AltModifier);
+    Sweep(hand, far, behind, 80, Qt::AltModifier);
+    hand.Key(Qt::Key_Escape);
+    hand.Release(from);
+    view.Model().UnselectAll();
+}
+
+void DragOne(Hand &hand, SurfaceView &view) { Drag(hand, view, Body(view, MiddleNode(view))); }
+
+void DragAll(Hand &hand, SurfaceView &view) {
+    const diagram::Node &middle = MiddleNode(view);
+    const QRectF seen(view.ToSurface(QPointF()), view.ToSurface(view.viewport()->rect().bottomRight()));
+    for (diagram::Node &node : view.Model().Nodes())
+        if (seen.contains(node.Bounds())) node.SetSelected(true);
+    Settle(view);
+    Drag(hand, view, Body(view, middle));
+}
+
+void Resize(Hand &hand, SurfaceView &view) {
+    diagram::Node &node = MiddleNode(view);
+    node.SetSelected(true);
+    Settle(view);
+    const QPoint from = view.FromSurface(node.Bounds().bottomRight()).toPoint();
+    Drag(hand, view, from);
+}
+
+void Type(Hand &hand, SurfaceView &view) {
+    MiddleNode(view).SetSelected(true);
+    Settle(view);
+    const QString text = QStringLiteral("A text that somebody types, long enough to be wrapped and to grow");
+    for (const QChar c : text) hand.Key(0, c);
+    hand.Key(Qt::Key_Return, QStringLiteral("\r"));
+    hand.Key(Qt::Key_Escape);
+}
+
+void Zoom(Hand &hand, SurfaceView &view) {
+    const QPoint at = view.viewport()->rect().center() + QPoint(100, 60);
+    for (const int notches : {1, 1, 1, -1, -1, -1, -1, -1, 1, 1})
+        hand.Wheel(at, notches, Qt::ControlModifier);
+}
+
+struct Gesture {
+    const char *name;
+    void (*run)(Hand &, SurfaceView &);
+};
+constexpr std::array<Gesture, 7> kGestures{{{"rubber band", RubberBand},
+                                            {"hover", Hover},
+                                            {"drag of one node", DragOne},
+                                            {"drag of all in sight", DragAll},
+                                            {"resize", Resize},
+                                            {"typing", Type},
+                                            {"Ctrl-wheel zoom", Zoom}}};
+
+void Measure(Figures &figures, SurfaceView &view, const QString &where) {
+    Hand hand(*view.viewport());
+    for (const Gesture &gesture : kGestures) {
+        const Timing timing = BestOf(
+            hand, [&](Hand &) { ShowTwoHundred(view); }, [&](Hand &same) { gesture.run(same, view); });
+        figures.push_back({QStringLiteral("%1, event to frame, %2").arg(gesture.name, where), timing.Worst(),
+                           "ms", kFrame, timing.Remark()});
+    }
+}
+
+QString Count(int nodes) { return QLocale(QLocale::English).toString(nodes) + QStringLiteral(" nodes"); }
+
+} // namespace
+
+Figures CanvasFigures() {
+    Figures figures;
+    for (const int nodes : {10000, 100000}) {
+        Canvas canvas(nodes);
+        Measure(figures, canvas.View(), Count(nodes));
+    }
+    return figures;
+}
+
+Figures WindowFigures() {
+    Figures figures;
+    const QString program = support::ProgramPath();
+    support::SetProgramPath(ScratchFolder());
+    document::WriteTemplate(document::TemplatePath(), {}, {});
+    auto *window = new mainwindow::frmMain(support::CurrentDesktop());
+    window->ShowWindow();
+    FillSample(window->CurrentSurface(), 10000);
+    SurfaceView &view = window->CurrentView();
+    window->resize(window->size() + QSize(1280, 800) - view.viewport()->size());
+    view.setFocus();
+    Settle(view);
+    Measure(figures, view, QStringLiteral("in a window"));
+    window->clsSettings().Dirty = false;
+    window->close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    support::SetProgramPath(program);
+    return figures;
+}
+
+} // namespace bench
