@@ -23,8 +23,10 @@ struct ExportOptions {
 // The whole surface, hidden items and the grid left out. Works without a display. The bytes of the file.
 QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOptions &options = {});
 // The same as a Windows metafile: a placeable one of sixteen bits, scaled down where the surface is larger
-// than those can tell, or an enhanced one. Texts stay texts, pictures are embedded, colours that are not
-// opaque are mixed with the surface's back colour. Error 7 "Out of memory" beyond 2^31 bytes.
+// than those can tell, or an enhanced one. Texts stay texts, but for lines that hold
+// letters outside the Western code page in the one of sixteen bits, which become outlines; pictures are
+// embedded, colours that are not opaque are mixed with the surface's back colour. Error 7 "Out of memory"
+// beyond 2^31 bytes.
 QByteArray ExportMetafile(Surface &surface, MetafileKind kind, const ExportOptions &options = {});
 QImage ExportImage(Surface &surface, const ExportOptions &options = {});
 // The placeable metafile under `path` and the enhanced one beside it, under the same name with the ending

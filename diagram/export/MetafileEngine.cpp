@@ -10,14 +10,16 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 namespace diagram {
 
 namespace {
 
-constexpr int kMostObjects = 64;   // more are made only while a state is saved
-constexpr int kNothing = -2;       // chosen in place of a slot
-constexpr int kLongestText = 8000; // of one record; players take 8192
+constexpr int kMostObjects = 64;       // more are made only while a state is saved
+constexpr int kNothing = -2;           // chosen in place of a slot
+constexpr int kLongestOutlined = 2000; // longer lines keep the letters that the kind knows
+constexpr int kLongestText = 8000;     // of one record; players take 8192
 constexpr qsizetype kMostBytes = 0x7FFFFF00;
 constexpr int kAligns[] = {metafile::kAlignLeft, metafile::kAlignRight, metafile::kAlignMiddle};
 
@@ -216,6 +218,7 @@ void MetafileEngine::DrawPicture(const QRectF &place, const diagram::Picture &pi
 
 void MetafileEngine::DrawLine(const TextPiece &piece) {
     CatchUp();
+    if (piece.text.size() <= kLongestOutlined && !Tells(piece.text)) return PutOutlines(piece);
     QByteArray &font = fonts_[piece.font.Hash()];
     if (font.isEmpty()) {
         constexpr double kTwipsPerPoint = 20;
@@ -227,6 +230,16 @@ void MetafileEngine::DrawLine(const TextPiece &piece) {
     if (chosen_.textColour != colour) TextColour(colour);
     chosen_.textColour = colour;
     PutText(piece);
+}
+
+// As an area of the text's colour, whatever pen and brush the painter has.
+void MetafileEngine::PutOutlines(const TextPiece &piece) {
+    const QPen pen = std::exchange(pen_, QPen(Qt::NoPen));
+    const bool filled = std::exchange(filled_, true);
+    const QByteArray brush = std::exchange(brushCreation_, BrushCreation(true, OnPaper(piece.colour)));
+    ChooseFillMode(true);
+    Path(Transform().map(OutlinesOf(piece)));
+    pen_ = pen, filled_ = filled, brushCreation_ = brush;
 }
 
 // Another machine may lack the font: plain text is held at the side to which it is justified. Readers differ

@@ -69,6 +69,8 @@ protected:
     virtual void Path(const QPainterPath &path) = 0;
     virtual void Image(const QRectF &place, const MetafileDib &dib) = 0;
     virtual void Text(const TextRun &run) = 0;
+    // Whether the kind has a way to write these letters; lines of others become outlines.
+    virtual bool Tells(const QString &) const { return true; }
     virtual void TextColour(QRgb colour) = 0;
     virtual void TextAlign(int align) = 0;
     virtual void FillMode(bool winding) = 0;
@@ -106,6 +108,7 @@ private:
     QRgb OnPaper(const QColor &colour) const;
     void NoteFill(const QRectF &bounds);
     QRgb Behind(const QRectF &place) const;
+    void PutOutlines(const TextPiece &piece);
     void PutText(const TextPiece &piece);
     void PutRun(const MetafileRun &run, QPointF at);
 

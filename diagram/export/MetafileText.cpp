@@ -140,6 +140,17 @@ std::vector<double> MetafileText::Widths(const TextPiece &piece) {
     return widths;
 }
 
+QPainterPath OutlinesOf(const TextPiece &piece) {
+    const QFont font = FontFor(piece.font);
+    const double natural = QFontMetricsF(font).horizontalAdvance(piece.text);
+    QPainterPath letters;
+    letters.setFillRule(Qt::WindingFill);
+    letters.addText({0, 0}, font, piece.text);
+    QTransform place = QTransform::fromTranslate(piece.baseLine.x(), piece.baseLine.y());
+    if (natural > 0) place.scale(piece.width / natural, 1);
+    return place.map(letters);
+}
+
 bool IsIntricate(const QString &text) {
     const auto isIntricate = [](QChar c) {
         constexpr ushort kFirst = 0x590, kPunctuation = 0x2000, kSymbolsEnd = 0x2E80;

@@ -3,6 +3,7 @@
 
 #include <QFontMetricsF>
 #include <QHash>
+#include <QPainterPath>
 #include <QString>
 #include <unordered_map>
 #include <vector>
@@ -37,6 +38,9 @@ private:
     std::unordered_map<std::size_t, QFontMetricsF> metrics_; // by the font's hash
     std::unordered_map<std::size_t, QHash<QString, double>> widths_;
 };
+
+// The letters as an area in the painter's coordinates, as wide as the piece.
+QPainterPath OutlinesOf(const TextPiece &piece);
 
 // Whether letters of the text change their form or order beside others, or come from fonts of other scripts.
 bool IsIntricate(const QString &text);

@@ -247,6 +247,8 @@ void WmfEngine::Text(const TextRun &run) {
     Put(Sealed(record));
 }
 
+bool WmfEngine::Tells(const QString &text) const { return IsInWindows1252(text); }
+
 void WmfEngine::TextColour(QRgb colour) {
     MetafileBytes record = Record(kSetTextColour);
     Put(Sealed(record.U32(ColorRef(colour))));

@@ -45,6 +45,10 @@ QByteArray ToWindows1252(const QString &text) {
     return bytes;
 }
 
+bool IsInWindows1252(const QString &text) {
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return InCodePage(c) >= 0; });
+}
+
 QString FromWindows1252(QByteArrayView bytes) {
     QString text;
     text.reserve(bytes.size());

@@ -10,6 +10,8 @@ namespace diagram {
 // One byte for each UTF-16 unit; what the code page lacks becomes its plain letter or '?', and the second
 // half of a pair 0.
 QByteArray ToWindows1252(const QString &text);
+// Whether it has every letter of the text as it is.
+bool IsInWindows1252(const QString &text);
 // Bytes that stand for nothing become U+FFFD.
 QString FromWindows1252(QByteArrayView bytes);
 

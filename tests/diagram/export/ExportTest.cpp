@@ -99,6 +99,17 @@ TEST(Export, Svg_KeepsThePicturesBytesOnce) {
     EXPECT_EQ(CountOf(svg, "<use "), 3);
 }
 
+TEST(Export, Svg_DashesHaveNoBlankBehindThem) {
+    Surface surface;
+    surface.Nodes().Add(0, 0, 1500, 750).SetDrawStyle(1);
+    const QByteArray svg = ExportPicture(surface, PictureFormat::Svg);
+    const qsizetype at = svg.indexOf("stroke-dasharray=\"") + 18;
+    ASSERT_GT(at, 18);
+    const QByteArray dashes = svg.mid(at, svg.indexOf('"', at) - at);
+    EXPECT_EQ(dashes.split(' ').size(), 2) << dashes.constData();
+    EXPECT_EQ(dashes.trimmed(), dashes);
+}
+
 TEST(Export, Svg_CanBeShown) {
     Surface surface;
     Fill(surface);

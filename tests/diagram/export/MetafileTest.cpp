@@ -211,19 +211,32 @@ TEST(Metafile, TextInBothDirections_IsWrittenInPiecesFromLeftToRight) {
     EXPECT_LT(end, 1500 + 150);
 }
 
-TEST(Metafile, Text_KeepsWhatTheKindCanHold) {
+TEST(Metafile, Text_StaysTextWhereTheKindHasItsLetters) {
     Surface surface;
+    OneNode(surface).SetText(QString::fromUtf8("\u20AC\u00E9"));
+    EXPECT_EQ(WmfText(Wmf(surface).Of(0x0A32).at(0)), QByteArray("\x80\xE9"));
     OneNode(surface).SetText(QString::fromUtf8("\u20AC\u00E9\u0107\u4E2D"));
-    EXPECT_EQ(WmfText(Wmf(surface).Of(0x0A32).at(0)), QByteArray("\x80\xE9"
-                                                                 "c?"));
-    EXPECT_EQ(EmfText(Emf(surface).Of(84).at(0)), QString::fromUtf8("\u20AC\u00E9\u0107\u4E2D"));
+    EXPECT_EQ(EmfText(Emf(surface).Of(84).at(1)), QString::fromUtf8("\u20AC\u00E9\u0107\u4E2D"));
 }
 
-TEST(Metafile, PairsOfUnits_AreOneByteInTheCodePage) {
+TEST(Metafile, Text_BecomesOutlinesWhereTheKindLacksItsLetters) {
+    Surface surface;
+    Node &node = OneNode(surface);
+    const Played before = Wmf(surface);
+    node.SetText(QString::fromUtf8("\u0434\u043E\u043C")); // three letters, two of them with a hole
+    const Played wmf = Wmf(surface);
+    EXPECT_EQ(wmf.Count(0x0A32), 0);
+    ASSERT_EQ(wmf.Count(0x0538), before.Count(0x0538) + 1);
+    EXPECT_GE(At<quint16>(wmf.Of(0x0538).back(), 0), 3);
+    ExpectSlotsKept(wmf, true);
+}
+
+TEST(Metafile, LettersThatTheCodePageLacks_AreTheNearestInLongLines) {
     EXPECT_EQ(ToWindows1252(QString::fromUtf8("a\U0001F600b")), QByteArray("a?\0b", 4));
     Surface surface;
-    OneNode(surface).SetText(QString::fromUtf8("a\U0001F600b"));
-    EXPECT_EQ(WmfText(Wmf(surface).Of(0x0A32).at(0)), "a?b");
+    Node &node = surface.Nodes().Add(0, 0, 3e6f, 750);
+    node.SetText(QString::fromUtf8("\u0107\U0001F600").repeated(1000));
+    EXPECT_EQ(WmfText(Wmf(surface).Of(0x0A32).at(0)).left(4), "c?c?");
 }
 
 TEST(Metafile, Pictures_AreEmbeddedOnTheColourBehindThem) {
