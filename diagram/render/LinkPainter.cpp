@@ -90,10 +90,12 @@ struct Stretch {
     double first, last;
 };
 
-// Draws the line up to behind the crossing, if that has room; `past` is the end of the jump before it.
-void AddJump(QPainterPath &path, const Stretch &stretch, double along, double radius, int style,
+// Draws the line up to behind the crossing; smaller where there is less room, and not at all where there is
+// next to none. `past` is the end of the jump before it.
+void AddJump(QPainterPath &path, const Stretch &stretch, double along, double largest, int style,
              double &past) {
-    if (along - radius < std::max(past, stretch.first) || along + radius > stretch.last) return;
+    const double radius = std::min({largest, along - std::max(past, stretch.first), stretch.last - along});
+    if (radius < largest / 4) return;
     const QPointF from = stretch.start + stretch.direction * (along - radius),
                   to = stretch.start + stretch.direction * (along + radius);
     path.lineTo(from);

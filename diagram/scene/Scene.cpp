@@ -46,15 +46,23 @@ QRectF ToRect(const Box &box) {
                   QPointF(box.max_corner().get<0>(), box.max_corner().get<1>()));
 }
 
-// Where two straight pieces cross, not at an end of the first: as a share of the first, or below 0.
-double CrossingShare(const QLineF &first, const QLineF &second) {
+// Where two straight pieces cross, not at an end of the first: as a share of the first, or below 0. The start
+// of the second counts if the way that it belongs to comes from further back; its end is the next one's
+// start.
+double CrossingShare(const QLineF &first, const QLineF &second, bool countsStart) {
     const QPointF a = first.p2() - first.p1(), b = second.p2() - second.p1(),
                   apart = second.p1() - first.p1();
     const double turn = a.x() * b.y() - a.y() * b.x();
     if (std::abs(turn) < 1e-9) return -1;
     const double along = (apart.x() * b.y() - apart.y() * b.x()) / turn;
     const double other = (apart.x() * a.y() - apart.y() * a.x()) / turn;
-    return along > 0 && along < 1 && other >= 0 && other <= 1 ? along : -1;
+    const bool meets = (other > 0 || (countsStart && other == 0)) && other < 1;
+    return along > 0 && along < 1 && meets ? along : -1;
+}
+
+// Of two links that could both jump the upper one does.
+bool JumpsOver(const Link &link, const Link &other) {
+    return &link != &other && (other.JumpStyle() == 0 || LiesBelow(&other, &link));
 }
 
 } // namespace
@@ -293,10 +301,10 @@ std::vector<Crossing> Scene::Crossings(const Link &link) {
         const QLineF segment(way[i - 1], way[i]);
         const auto cross = [&](const Item &item) {
             const Link *other = item.AsLink();
-            if (!other || other == &link || !LiesBelow(other, &link)) return;
+            if (!other || !JumpsOver(link, *other)) return;
             const std::vector<QPointF> pieces = WayPieces(*other);
             for (std::size_t k = 1; k < pieces.size(); ++k) {
-                const double share = CrossingShare(segment, QLineF(pieces[k - 1], pieces[k]));
+                const double share = CrossingShare(segment, QLineF(pieces[k - 1], pieces[k]), k > 1);
                 if (share < 0) continue;
                 crossings.push_back({int(i) - 1, share * segment.length(), segment.pointAt(share)});
             }

@@ -15,7 +15,7 @@ class Surface;
 class Node;
 class Link;
 
-// A place where a link with a jump style meets a link that lies lower in the stacking.
+// A place where a link with a jump style crosses one without, or one that lies lower in the stacking.
 struct Crossing {
     int segment = 0;  // of the link that jumps
     double along = 0; // distance from the segment's start, twips

@@ -136,6 +136,31 @@ TEST(Links, Jumps_LeaveTheLineOfTheCrossing) {
     EXPECT_EQ(row(2).second, row(0).second);
 }
 
+TEST(Links, Jumps_AreAsWideAsTheZoomMakesThem) {
+    for (const double zoom : {0.35, 0.5, 1.0, 2.0, 4.0, 8.0}) {
+        Painting painting;
+        const auto add = [&](double x, double y) {
+            return &painting.Add(float(x / zoom), float(y / zoom), 0, 0);
+        };
+        add(100, 5)->Links().Add(*add(100, 120)).SetArrowDest(0);
+        Link &link = add(20, 60)->Links().Add(*add(180, 60));
+        link.SetArrowDest(0);
+        link.SetLineColor(support::Rgb(255, 0, 0));
+        link.SetJumpStyle(2);
+        const QImage image = painting.Paint(zoom);
+        const QColor line(image.pixel(45, 60)); // thinner than a pixel, and so paler, when it is small
+        int first = 200, last = 0;              // that look otherwise
+        for (int x = 40; x < 160; ++x) {
+            const QColor colour(image.pixel(x, 60));
+            const bool same =
+                std::abs(colour.green() - line.green()) + std::abs(colour.red() - line.red()) < 20;
+            if (!same) first = std::min(first, x), last = std::max(last, x);
+        }
+        EXPECT_NEAR(last - first + 1, 10 * zoom, 2) << zoom;
+        EXPECT_NEAR((first + last) / 2.0, 100, 1.5) << zoom;
+    }
+}
+
 TEST(Links, NodesThatTouch_GiveNoEndlessHead) {
     Painting painting;
     Node &from = painting.Add(20, 20, 60, 60), &to = painting.Add(30, 30, 60, 60);

@@ -204,6 +204,45 @@ TEST(Scene, ALinkJumpsOverTheLowerOneOnly) {
     EXPECT_TRUE(drawn.scene.Crossings(upper).empty());
 }
 
+TEST(Scene, ALinkJumpsOverOnesThatDontWhereverTheyLie) {
+    Drawn drawn;
+    Link &lower = drawn.AddLine(0, 1000, 4000, 1000);
+    Link &upper = drawn.AddLine(1000, 0, 1000, 3000);
+    lower.SetJumpStyle(2);
+    EXPECT_EQ(drawn.scene.Crossings(lower).size(), 1U);
+    EXPECT_TRUE(drawn.scene.Crossings(upper).empty());
+    upper.SetHidden(true);
+    EXPECT_TRUE(drawn.scene.Crossings(lower).empty());
+}
+
+TEST(Scene, OnlyTrueCrossingsAreJumpedOver) {
+    Drawn drawn;
+    Link &other = drawn.AddLine(1000, 0, 1000, 1000); // ends on the line
+    Link &link = drawn.AddLine(0, 1000, 4000, 1000);
+    link.SetJumpStyle(1);
+    EXPECT_TRUE(drawn.scene.Crossings(link).empty());
+    other.SetAddPointsMode(true);
+    other.Points().Assign({{1000, 0}, {1000, 1000}, {1500, 2000}}); // bends on the line, and goes on
+    const auto crossings = drawn.scene.Crossings(link);
+    ASSERT_EQ(crossings.size(), 1U);
+    EXPECT_EQ(crossings[0].point, QPointF(1000, 1000));
+}
+
+TEST(Scene, CrossingsMoveWithTheLinksAndDamageWhereTheyWere) {
+    Drawn drawn;
+    Link &other = drawn.AddLine(1000, 0, 1000, 3000);
+    Link &link = drawn.AddLine(0, 1000, 4000, 1000);
+    link.SetJumpStyle(1);
+    ASSERT_EQ(drawn.scene.Crossings(link)[0].point, QPointF(1000, 1000));
+    drawn.scene.TakeDamage();
+    other.Points().Assign({{2000, 0}, {2000, 3000}});
+    ASSERT_EQ(drawn.scene.Crossings(link)[0].point, QPointF(2000, 1000));
+    const Scene::Damage damage = drawn.scene.TakeDamage();
+    for (const double x : {1000, 2000}) {
+        EXPECT_TRUE(Covers(damage, QRectF(x - 60, 940, 120, 120))) << x;
+    }
+}
+
 TEST(Scene, CrossingsStandInOrderAlongTheWay) {
     Drawn drawn;
     for (float x : {3000.F, 1000.F, 2000.F}) drawn.AddLine(x, 0, x, 2000);
