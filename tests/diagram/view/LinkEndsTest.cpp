@@ -109,6 +109,11 @@ TEST_F(LinkEnds, WhileDragged_TheHeadIsWhereTheLinkWillHaveIt) {
     DragAndHold(Start(), QPoint(400, 450));
     EXPECT_LT(Accented(QRect(395, 438, 10, 12)), 40) << "not at the loose end";
     EXPECT_GT(Accented(QRect(394, 160, 12, 14)), 40) << "at the other";
+    Key(Qt::Key_Escape);
+    Release(hand->At());
+    link.SetArrowDest(0);
+    DragAndHold(End(), QPoint(150, 450));
+    EXPECT_LT(Accented(QRect(145, 438, 10, 12)), 40) << "it has none";
 }
 
 TEST_F(LinkEnds, LinkDrawnBackToItsNode_ShowsTheLoopThatComes) {
