@@ -1,9 +1,15 @@
 #include "diagram/render/Forms.h"
 
+#include "diagram/render/FarForms.h"
+
 namespace diagram {
 
 void DrawForm(Paint &paint, const ShapeRow &row, int orientation, const QRectF &box) {
     QPainter &painter = paint.Painter();
+    if (IsFar(paint, box)) {
+        paint.pencil.Smooth(!paint.frame.snap || row.form != ShapeForm::Rectangle);
+        return DrawFar(paint, Outline(row.value, orientation, box));
+    }
     switch (row.form) {
     case ShapeForm::Rectangle:
         paint.pencil.Smooth(!paint.frame.snap);

@@ -2,6 +2,7 @@
 
 #include "diagram/model/Node.h"
 #include "diagram/render/EdgePainter.h"
+#include "diagram/render/FarForms.h"
 #include "diagram/render/Forms.h"
 #include "diagram/render/NodeContent.h"
 #include "diagram/shapes/Measures.h"
@@ -70,7 +71,8 @@ void PaintInsideBorder(Paint &paint, const NodeForm &form) {
         return;
     }
     painter.save();
-    painter.setClipPath(Outline(form.row.value, form.data.shapeOrientation, form.box), Qt::IntersectClip);
+    const QPainterPath outline = Outline(form.row.value, form.data.shapeOrientation, form.box);
+    painter.setClipPath(IsFar(paint, form.box) ? PaintedPart(paint, outline) : outline, Qt::IntersectClip);
     paint.pencil.Line(ToRgb(form.data.borderColor), 2 * form.width);
     DrawForm(paint, form.row, form.data.shapeOrientation, form.box);
     painter.restore();
@@ -89,7 +91,10 @@ void PaintDetail(Paint &paint, const NodeForm &form) {
         if (!lines.elementAt(i).isCurveTo() && lines.elementAt(i).type != QPainterPath::CurveToDataElement)
             lines.setElementPositionAt(i, at.x(), at.y());
     }
-    paint.Painter().drawPath(lines);
+    if (IsFar(paint, form.box))
+        DrawFar(paint, lines);
+    else
+        paint.Painter().drawPath(lines);
 }
 
 void PaintBorder(Paint &paint, const NodeForm &form) {

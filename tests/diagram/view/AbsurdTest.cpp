@@ -53,6 +53,20 @@ TEST_F(Absurd, NodesAtTheEndsOfTheRange_ArePaintedAndFound) {
     EXPECT_TRUE(view->viewport()->rect().contains(at)) << at.x() << "," << at.y();
 }
 
+TEST_F(Absurd, EnormousNodes_ArePaintedInEveryStyle) {
+    for (const int style : {0, 1, 2, 3, 4}) {
+        Node &node = surface.Nodes().Add(-kFarthest, -kFarthest, kFarthest, kFarthest);
+        node.SetBounds(float(style) * 300, float(style) * 300, kFarthest, kFarthest);
+        node.SetDrawStyle(style);
+        node.SetShape(style);
+        node.SetShadow(1);
+        node.SetTransparent(style % 2 == 1);
+        node.SetText(QStringLiteral("a text"));
+    }
+    Settle();
+    LookAround();
+}
+
 TEST_F(Absurd, NodesWithoutSize_ArePaintedWithTheirLinks) {
     Node &node = AddNode("{A}", 200, 200, 0, 0);
     Node &thin = AddNode("{B}", 300, 200, 0, 100);

@@ -1,0 +1,122 @@
+#include "diagram/render/FarForms.h"
+
+#include "diagram/geometry/Polyline.h"
+
+#include <array>
+#include <cmath>
+#include <numeric>
+
+namespace diagram {
+
+namespace {
+
+constexpr double kFarSide = 8000; // device pixels
+constexpr double kMargin = 16;    // device pixels around what is painted
+
+QRectF PaintedArea(const Paint &paint, double lineWidth) {
+    const double margin = kMargin + 2 * lineWidth;
+    return paint.frame.Map(paint.area).adjusted(-margin, -margin, margin, margin);
+}
+
+// A half plane: points with a distance of 0 or more are in it.
+struct Side {
+    bool across; // of a left or right side
+    double sign, at;
+    double Inside(const QPointF &point) const { return sign * ((across ? point.x() : point.y()) - at); }
+};
+
+std::array<Side, 4> SidesOf(const QRectF &area) {
+    return {{{true, 1, area.left()},
+             {true, -1, area.right()},
+             {false, 1, area.top()},
+             {false, -1, area.bottom()}}};
+}
+
+QPolygonF CutBy(const Side &side, const QPolygonF &polygon) {
+    QPolygonF cut;
+    for (qsizetype i = 0; i < polygon.size(); ++i) {
+        const QPointF &from = polygon[i], &to = polygon[(i + 1) % polygon.size()];
+        const double a = side.Inside(from), b = side.Inside(to);
+        if (a >= 0) cut << from;
+        if ((a >= 0) != (b >= 0)) cut << from + (to - from) * (a / (a - b));
+    }
+    return cut;
+}
+
+// The stretch of a segment inside the area, as shares of its length; empty when `from` isn't below `to`.
+struct Stretch {
+    double from = 0, to = 1;
+};
+
+Stretch InsideOf(const QRectF &area, const QPointF &start, const QPointF &end) {
+    Stretch stretch;
+    for (const Side &side : SidesOf(area)) {
+        const double a = side.Inside(start), b = side.Inside(end);
+        if (a < 0 && b < 0) return {1, 0};
+        if (a < 0) stretch.from = std::max(stretch.from, a / (a - b));
+        if (b < 0) stretch.to = std::min(stretch.to, a / (a - b));
+    }
+    return stretch;
+}
+
+// The dashes of a run lie where those of the whole line would.
+void DrawRun(QPainter &painter, const QPolygonF &run, double along) {
+    if (run.size() < 2) return;
+    const QPen whole = painter.pen();
+    const QList<double> dashes = whole.dashPattern();
+    if (!dashes.isEmpty()) {
+        QPen pen = whole;
+        const double length = std::accumulate(dashes.begin(), dashes.end(), 0.0);
+        pen.setDashOffset(std::fmod(along / std::max(pen.widthF(), 1.0), length));
+        painter.setPen(pen);
+    }
+    painter.drawPolyline(run);
+    painter.setPen(whole);
+}
+
+void StrokeInside(QPainter &painter, const QRectF &area, const QPolygonF &line) {
+    QPolygonF run;
+    double length = 0, started = 0;
+    for (qsizetype i = 1; i < line.size(); ++i) {
+        const QPointF &start = line[i - 1], way = line[i] - start;
+        const double size = Distance(start, line[i]);
+        const Stretch seen = InsideOf(area, start, line[i]);
+        const bool any = seen.from < seen.to;
+        if (any && run.isEmpty()) started = length + seen.from * size, run << start + way * seen.from;
+        if (any) run << start + way * seen.to;
+        if (!any || seen.to < 1) DrawRun(painter, std::exchange(run, {}), started);
+        length += size;
+    }
+    DrawRun(painter, run, started);
+}
+
+} // namespace
+
+bool IsFar(const Paint &paint, const QRectF &box) {
+    return !paint.options.vector && std::max(box.width(), box.height()) > kFarSide;
+}
+
+QPainterPath PaintedPart(const Paint &paint, const QPainterPath &outline) {
+    QPainterPath part;
+    part.setFillRule(outline.fillRule());
+    for (QPolygonF polygon : outline.toSubpathPolygons()) {
+        for (const Side &side : SidesOf(PaintedArea(paint, 0))) polygon = CutBy(side, polygon);
+        if (polygon.size() > 2) part.addPolygon(polygon), part.closeSubpath();
+    }
+    return part;
+}
+
+void DrawFar(Paint &paint, const QPainterPath &outline) {
+    QPainter &painter = paint.Painter();
+    const QPen pen = painter.pen();
+    if (painter.brush().style() != Qt::NoBrush) {
+        painter.setPen(Qt::NoPen);
+        painter.drawPath(PaintedPart(paint, outline));
+        painter.setPen(pen);
+    }
+    if (pen.style() == Qt::NoPen) return;
+    const QRectF area = PaintedArea(paint, pen.widthF());
+    for (const QPolygonF &line : outline.toSubpathPolygons()) StrokeInside(painter, area, line);
+}
+
+} // namespace diagram

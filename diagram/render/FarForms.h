@@ -1,0 +1,19 @@
+// Forms that reach so far beyond what is painted that drawing them whole would take as long as they are
+// large.
+#pragma once
+
+#include "diagram/render/Paint.h"
+
+#include <QPainterPath>
+
+namespace diagram {
+
+// Whether a form in `box` (device) is one of these; never for a vector target, which draws nothing itself.
+bool IsFar(const Paint &paint, const QRectF &box);
+// Fills and strokes, with the pen and brush as they are, the part of the outline (device) that is painted.
+void DrawFar(Paint &paint, const QPainterPath &outline);
+// What the outline holds of the part that is painted, for filling and clipping: beyond that part its edge
+// isn't the outline's.
+QPainterPath PaintedPart(const Paint &paint, const QPainterPath &outline);
+
+} // namespace diagram
