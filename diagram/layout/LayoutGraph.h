@@ -1,0 +1,31 @@
+// A diagram as the layouts see it: boxes and who points to whom.
+#pragma once
+
+#include <QPointF>
+#include <QSizeF>
+#include <vector>
+
+namespace diagram {
+
+struct LayoutEdge {
+    int from = 0, to = 0; // indexes into the boxes
+    friend bool operator==(const LayoutEdge &, const LayoutEdge &) = default;
+};
+
+struct LayoutGraph {
+    std::vector<QSizeF> sizes;    // twips
+    std::vector<QPointF> centres; // where the boxes stand now
+    std::vector<LayoutEdge> edges;
+};
+
+// Where the levels go as they get deeper.
+enum class LayoutOrientation { Down, Up, Right, Left };
+
+struct LayoutOptions {
+    LayoutOrientation orientation = LayoutOrientation::Down;
+    double levelDistance = 750;     // twips between the boxes of neighbouring levels
+    double neighbourDistance = 450; // twips between neighbours of one level
+    friend bool operator==(const LayoutOptions &, const LayoutOptions &) = default;
+};
+
+} // namespace diagram

@@ -1,0 +1,13 @@
+// Layouts are worked out downwards; these turn the plane for the other orientations.
+#pragma once
+
+#include "diagram/layout/LayoutGraph.h"
+
+namespace diagram {
+
+// `graph` seen so that its levels go downwards.
+LayoutGraph TurnedDown(const LayoutGraph &graph, LayoutOrientation orientation);
+// Centres worked out downwards, turned to the orientation.
+std::vector<QPointF> TurnedBack(std::vector<QPointF> centres, LayoutOrientation orientation);
+
+} // namespace diagram

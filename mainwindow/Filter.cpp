@@ -1,0 +1,77 @@
+#include "mainwindow/Filter.h"
+
+#include "diagram/model/Surface.h"
+#include "document/cGroups.h"
+#include "document/cLevels.h"
+#include "document/Tags.h"
+
+#include <QHash>
+
+namespace mainwindow {
+
+namespace {
+
+constexpr QLatin1Char kComma(',');
+constexpr int kShortestList = 3; // two commas and something between them
+
+// Elements that equal the name of a member become its key.
+template <typename Pool, typename Name>
+QString KeysOf(const QString &names, const Pool &pool, Name name) {
+    QStringList elements = (QStringLiteral(",,") + names + kComma).split(kComma);
+    for (QString &element : elements) {
+        if (element.isEmpty()) continue;
+        for (const auto &member : pool) {
+            if (name(member) != element) continue;
+            element = member.Key;
+            break;
+        }
+    }
+    return elements.join(kComma);
+}
+
+bool IsIn(const QString &element, const QString &list) {
+    return list.indexOf(element, 1, Qt::CaseInsensitive) >= 0;
+}
+
+// What a node's tag says of it; the same for all nodes with that tag.
+enum class Sight { AsItIs, Shown, Hidden };
+
+Sight SightOf(const QString &tag, const FilterKeys &keys) {
+    const QString group = kComma + document::EntryOfTag(tag, document::tags::kGroup) + kComma;
+    const QString level = kComma + document::EntryOfTag(tag, document::tags::kLevel) + kComma;
+    if (group.size() < kShortestList || level.size() < kShortestList) return Sight::AsItIs;
+    return NodeInGroup(group, keys.groups) && IsIn(level, keys.levels) ? Sight::Shown : Sight::Hidden;
+}
+
+} // namespace
+
+bool NodeInGroup(const QString &sNodeGroup, const QString &sGroupText) {
+    for (const QString &key : sNodeGroup.split(kComma, Qt::SkipEmptyParts))
+        if (IsIn(key, sGroupText)) return true;
+    return false;
+}
+
+FilterKeys KeysForFilter(const QString &groupNames, const QString &levelNames,
+                         const document::cGroups &groups, const document::cLevels &levels) {
+    return {KeysOf(groupNames, groups, [](const document::cGroup &group) { return group.GroupName; }),
+            KeysOf(levelNames, levels, [](const document::cLevel &level) { return level.LevelName; })};
+}
+
+// All nodes first: a link looks at both of its ends.
+void ApplyFilter(diagram::Surface &surface, const FilterKeys &keys) {
+    QHash<QString, Sight> sights;
+    const auto sightOf = [&](const diagram::Node &node) {
+        auto known = sights.constFind(node.Tag());
+        if (known == sights.constEnd()) known = sights.insert(node.Tag(), SightOf(node.Tag(), keys));
+        return *known;
+    };
+    for (diagram::Node &node : surface.Nodes())
+        if (const Sight sight = sightOf(node); sight != Sight::AsItIs) node.SetHidden(sight == Sight::Hidden);
+    for (const auto &link : surface.Links()) {
+        const diagram::Node &origin = link->Source(), &destination = link->Destination();
+        if (sightOf(origin) == Sight::AsItIs) continue;
+        link->SetHidden(origin.Hidden() || (!destination.Marked() && destination.Hidden()));
+    }
+}
+
+} // namespace mainwindow

@@ -1,0 +1,165 @@
+#include "diagram/layout/Layout.h"
+
+#include "diagram/edit/History.h"
+#include "diagram/layout/engine/Layered.h"
+#include "diagram/layout/LayoutStream.h"
+#include "diagram/layout/TidyTree.h"
+#include "diagram/model/Surface.h"
+#include "support/Error.h"
+
+#include <gmock/gmock.h>
+
+namespace diagram {
+namespace {
+
+constexpr auto kAll = LayoutScope::All;
+const LayoutOptions kOptions;
+bool Always() { return true; }
+
+// Six nodes: a, b and c in a row of links, c back to a, and two that hang on b.
+struct LayoutTest : ::testing::Test {
+    Surface surface;
+    std::vector<Node *> nodes;
+
+    LayoutTest() {
+        AttachHistory(surface);
+        for (int i = 0; i < 5; ++i)
+            nodes.push_back(&surface.Nodes().Add(3000 + 10 * float(i), 2000, 1500, 900));
+    }
+    Link &Join(int from, int to) { return nodes[std::size_t(from)]->Links().Add(*nodes[std::size_t(to)]); }
+    std::vector<QRectF> Boxes() const {
+        std::vector<QRectF> boxes;
+        for (const Node *node : nodes) boxes.push_back(node->Bounds());
+        return boxes;
+    }
+    QRectF All() const {
+        QRectF all;
+        for (const QRectF &box : Boxes()) all |= box;
+        return all;
+    }
+};
+
+TEST_F(LayoutTest, LayersGoDownAlongTheLinksAndNothingOverlaps) {
+    Join(0, 1), Join(1, 2), Join(1, 3), Join(3, 4), Join(4, 0);
+    ASSERT_TRUE(LayOutInLayers(surface, kAll, kOptions, Always));
+    EXPECT_LT(nodes[0]->Top(), nodes[1]->Top());
+    EXPECT_LT(nodes[1]->Top(), nodes[2]->Top());
+    EXPECT_EQ(nodes[2]->Top(), nodes[3]->Top());
+    EXPECT_LT(nodes[3]->Top(), nodes[4]->Top());
+    EXPECT_NEAR(nodes[1]->Top() - nodes[0]->Top(), 900 + kOptions.levelDistance, 20);
+    const auto boxes = Boxes();
+    for (std::size_t a = 0; a < boxes.size(); ++a)
+        for (std::size_t b = a + 1; b < boxes.size(); ++b) EXPECT_FALSE(boxes[a].intersects(boxes[b]));
+}
+
+TEST_F(LayoutTest, TheDiagramKeepsItsLeftTopCorner) {
+    Join(0, 1), Join(0, 2), Join(0, 3), Join(3, 4);
+    ASSERT_TRUE(LayOutInLayers(surface, kAll, kOptions, Always));
+    EXPECT_NEAR(All().left(), 3000, 1);
+    EXPECT_NEAR(All().top(), 2000, 1);
+    LayOutAsTree(surface, kAll, kOptions);
+    EXPECT_NEAR(All().left(), 3000, 1);
+    EXPECT_NEAR(All().top(), 2000, 1);
+}
+
+TEST_F(LayoutTest, TheSameDiagramGivesTheSamePlaces) {
+    Join(0, 1), Join(0, 2), Join(2, 3), Join(1, 3), Join(3, 4);
+    ASSERT_TRUE(LayOutInLayers(surface, kAll, kOptions, Always));
+    const auto once = Boxes();
+    ASSERT_TRUE(LayOutInLayers(surface, kAll, kOptions, Always));
+    EXPECT_EQ(Boxes(), once);
+}
+
+TEST_F(LayoutTest, TheProcessGivesWhatTheEngineGives) {
+    Join(0, 1), Join(0, 2), Join(2, 3), Join(1, 3), Join(3, 4);
+    for (const auto orientation : {LayoutOrientation::Down, LayoutOrientation::Up, LayoutOrientation::Right,
+                                   LayoutOrientation::Left}) {
+        LayoutOptions options;
+        options.orientation = orientation;
+        const LayoutGraph graph = SubjectOf(surface, kAll).graph;
+        EXPECT_EQ(LayeredElsewhere(graph, options, Always), Layered(graph, options));
+    }
+}
+
+TEST_F(LayoutTest, HiddenNodesAndThoseOfATimelineStayWhereTheyAre) {
+    Join(0, 1), Join(1, 2), Join(2, 3), Join(3, 4);
+    nodes[2]->SetHidden(true);
+    nodes[4]->SetSelectable(false);
+    const auto before = Boxes();
+    ASSERT_TRUE(LayOutInLayers(surface, kAll, kOptions, Always));
+    LayOutAsTree(surface, kAll, kOptions);
+    EXPECT_EQ(nodes[2]->Bounds(), before[2]);
+    EXPECT_EQ(nodes[4]->Bounds(), before[4]);
+    EXPECT_NE(nodes[1]->Bounds(), before[1]);
+}
+
+TEST_F(LayoutTest, OfASelectionOnlyThoseNodesMove) {
+    Join(0, 1), Join(1, 2), Join(2, 3);
+    nodes[0]->SetSelected(true);
+    nodes[1]->SetSelected(true);
+    const auto before = Boxes();
+    LayOutAsTree(surface, LayoutScope::Selection, kOptions);
+    EXPECT_NE(nodes[1]->Bounds(), before[1]);
+    for (const std::size_t still : {2U, 3U, 4U}) EXPECT_EQ(nodes[still]->Bounds(), before[still]);
+}
+
+TEST_F(LayoutTest, ALinkLosesTheBendsOfItsOldPlace) {
+    Link &link = Join(0, 1);
+    link.Points().Assign({{3000, 2000}, {9000, 9000}, {3010, 2000}});
+    LayOutAsTree(surface, kAll, kOptions);
+    EXPECT_EQ(link.Points().Count(), 2);
+}
+
+TEST_F(LayoutTest, OneUndoTakesALayoutBack) {
+    Join(0, 1).Points().Assign({{3000, 2000}, {9000, 9000}, {3010, 2000}});
+    const auto before = Boxes();
+    const auto way = surface.Links()[0]->Way();
+    surface.BeginAction(1);
+    LayOutAsTree(surface, kAll, kOptions);
+    surface.EndAction();
+    EXPECT_NE(Boxes(), before);
+    surface.Undo();
+    EXPECT_EQ(Boxes(), before);
+    EXPECT_EQ(surface.Links()[0]->Way(), way);
+}
+
+TEST_F(LayoutTest, ALayoutThatIsGivenUpChangesNothing) {
+    for (int i = 5; i < 4000; ++i) {
+        nodes.push_back(&surface.Nodes().Add(float(i), 0, 1500, 900));
+        Join(i, i * 7 % i), Join(i, i * 31 % 997 % i), Join(i / 2, i);
+    }
+    const auto before = Boxes();
+    EXPECT_FALSE(LayOutInLayers(surface, kAll, kOptions, [] { return false; }));
+    EXPECT_EQ(Boxes(), before);
+}
+
+TEST_F(LayoutTest, ATreeThatIsNoneIsAnErrorAndChangesNothing) {
+    Join(0, 1), Join(1, 0);
+    const auto before = Boxes();
+    EXPECT_THROW(LayOutAsTree(surface, kAll, kOptions), support::Error);
+    EXPECT_EQ(Boxes(), before);
+}
+
+TEST_F(LayoutTest, AnEmptySurfaceIsLaidOutAtOnce) {
+    Surface empty;
+    EXPECT_TRUE(LayOutInLayers(empty, kAll, kOptions, Always));
+    LayOutAsTree(empty, kAll, kOptions);
+    EXPECT_EQ(empty.Nodes().Count(), 0);
+}
+
+TEST(LayoutStream, CutOffOrImpossibleTasksAreRefused) {
+    LayoutTask task;
+    task.graph.sizes = {{10, 20}, {30, 40}};
+    task.graph.centres = {{1, 2}, {3, 4}};
+    task.graph.edges = {{0, 1}};
+    const QByteArray whole = ToBytes(task);
+    ASSERT_TRUE(TaskFrom(whole));
+    EXPECT_EQ(TaskFrom(whole)->graph.edges, task.graph.edges);
+    for (int length = 0; length < whole.size(); ++length)
+        EXPECT_FALSE(TaskFrom(whole.left(length))) << length;
+    task.graph.edges = {{0, 2}};
+    EXPECT_FALSE(TaskFrom(ToBytes(task)));
+}
+
+} // namespace
+} // namespace diagram
