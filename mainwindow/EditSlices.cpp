@@ -1,0 +1,96 @@
+#include "mainwindow/EditSlices.h"
+
+#include "diagram/edit/History.h"
+#include "diagram/format/SurfaceFile.h"
+#include "document/clsfrmMain.h"
+#include "document/MapWindow.h"
+#include "document/SurfaceArray.h"
+
+#include <algorithm>
+#include <QHash>
+
+namespace mainwindow {
+
+namespace {
+
+// Marks a hyperlink that was moved already, so that a later slice with that key doesn't move it again.
+constexpr QLatin1Char kMoved('A');
+
+// What makes up a slice, apart from its place. The surface's bytes leave out picture and colour.
+struct KeptSlice {
+    QByteArray bytes;
+    diagram::Picture picture;
+    support::Colour backColor = support::kWhite;
+    bool snapToGrid = false;
+};
+
+KeptSlice Keep(const diagram::Surface &surface) {
+    return {diagram::SaveBytes(surface), surface.Picture(), surface.BackColor(), surface.SnapToGrid()};
+}
+
+void PutInto(diagram::Surface &surface, const KeptSlice &kept) {
+    diagram::LoadBytes(surface, kept.bytes);
+    surface.SetPicture(kept.picture);
+    surface.SetBackColor(kept.backColor);
+    surface.SetSnapToGrid(kept.snapToGrid);
+}
+
+// By the keys of their tabs.
+QHash<QString, KeptSlice> KeepAll(document::MapWindow &frm) {
+    QHash<QString, KeptSlice> kept;
+    const std::vector<int> slots = frm.AddFlow1().Indices();
+    for (std::size_t i = 0; i < slots.size(); ++i)
+        kept.insert(frm.TabStrip().TabKey(int(i)), Keep(frm.AddFlow1()[slots[i]]));
+    return kept;
+}
+
+void UnloadAllButTheFirst(document::SurfaceArray &surfaces) {
+    std::vector<int> slots = surfaces.Indices();
+    for (; slots.size() > 1; slots.pop_back()) surfaces.Unload(slots.back());
+}
+
+void MoveHyperlinks(document::MapWindow &frm, const document::cSlice &slice) {
+    if (slice.Key.isEmpty()) return; // a new slice: those without a key go by number
+    for (document::cHyperlink &hyperlink : frm.clsSettings().Hyperlinks())
+        if (hyperlink.SliceKey == slice.Key)
+            hyperlink.SliceKey = frm.TabStrip().TabKey(slice.iIndex) + kMoved;
+}
+
+void UnmarkHyperlinks(document::MapWindow &frm) {
+    for (document::cHyperlink &hyperlink : frm.clsSettings().Hyperlinks())
+        if (hyperlink.SliceKey.endsWith(kMoved)) hyperlink.SliceKey.chop(1);
+}
+
+} // namespace
+
+std::vector<document::cSlice> SlicesOf(document::MapWindow &frm) {
+    std::vector<document::cSlice> slices;
+    document::Tabs &tabs = frm.TabStrip();
+    for (int i = 0; i < tabs.TabCount(); ++i)
+        slices.push_back({tabs.TabKey(i), std::int16_t(i), false, false, tabs.TabCaption(i)});
+    return slices;
+}
+
+void RebuildSlices(document::MapWindow &frm, std::vector<document::cSlice> cLayers) {
+    document::Tabs &tabs = frm.TabStrip();
+    const int current = tabs.TheTab();
+    const QHash<QString, KeptSlice> kept = KeepAll(frm);
+    const KeptSlice empty = Keep(diagram::Surface());
+    UnloadAllButTheFirst(frm.AddFlow1());
+    std::erase_if(cLayers, [](const document::cSlice &slice) { return slice.bDeleted; });
+    std::ranges::stable_sort(cLayers, {}, &document::cSlice::iIndex);
+    tabs.SetTabCount(int(cLayers.size()));
+    for (const document::cSlice &slice : cLayers) {
+        diagram::Surface &surface = slice.iIndex == 0 ? frm.AddFlow1()[0] : frm.AddFlow1().Load(slice.iIndex);
+        PutInto(surface, kept.value(slice.Key, empty));
+        tabs.SetTheTab(slice.iIndex);
+        tabs.SetCaption(slice.SliceName);
+        MoveHyperlinks(frm, slice);
+    }
+    UnmarkHyperlinks(frm);
+    if (current < tabs.TabCount()) tabs.SetTheTab(current);
+    frm.clsSettings().Dirty = true;
+    frm.DoResize();
+}
+
+} // namespace mainwindow
