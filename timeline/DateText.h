@@ -1,0 +1,44 @@
+// Dates as texts. The timeline keeps its dates as texts and compares them as texts, so what this writes it
+// reads back, in every language.
+#pragma once
+
+#include <optional>
+#include <QDate>
+#include <QLocale>
+#include <QString>
+
+namespace timeline {
+
+inline const QString kMonthPattern = QStringLiteral("MMMM YYYY");  // canonical month
+inline const QString kDayPattern = QStringLiteral("dd mmmm yyyy"); // canonical day
+// The patterns in which months are shown, in the order of the list that offers them.
+inline constexpr const char *kDisplayPatterns[] = {"MM YYYY",   "MMM YYYY", "MMMM YYYY", "MM YY",
+                                                   "MMM YY",    "MMMM YY",  "MM-YYYY",   "MMM-YYYY",
+                                                   "MMMM-YYYY", "MM-YY",    "MMM-YY",    "MMMM-YY"};
+
+// Years outside of these are no dates.
+constexpr int kFirstYear = 100, kLastYear = 3099;
+
+// The date in the pattern: "MMMM" the month's name, "MMM" its short name, "MM" two digits, "dd" the day in
+// two digits, "YYYY" and "YY" the year; upper and lower case are the same, anything else stands as it is.
+// Digits are plain ones. A name never holds a blank or a hyphen (no-break ones stand in their place), so a
+// month in a display pattern holds exactly one.
+QString FormatDate(const QDate &date, const QString &pattern, const QLocale &locale = QLocale());
+
+// The date in a text as a person types it: March 2004, Mar-04, 03 2004, 14 March 2004, 14/03/2004,
+// 2004-03-14. Without a day it is the first of the month. Month names are looked up in `locale`, then in
+// English, then in the other languages whose names were found in texts before. Two digits of a year are 1930
+// to 2029; a date of digits alone has the order of `locale` where it is written with slashes or dots, and the
+// day first otherwise. Nothing for what is no date.
+std::optional<QDate> ParseDate(const QString &text, const QLocale &locale = QLocale());
+
+// Another language whose month names may be met, such as that of a map's file.
+void NoteDateLanguage(const QLocale &locale);
+
+// The date in `text` in the pattern, or an empty text for what is no date.
+QString Reformatted(const QString &text, const QString &pattern, const QLocale &locale = QLocale());
+
+// Months from the first of one month to that of the other.
+int MonthBoundaries(const QDate &from, const QDate &to);
+
+} // namespace timeline

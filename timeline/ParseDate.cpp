@@ -1,0 +1,129 @@
+#include "timeline/DateText.h"
+
+#include "timeline/MonthNames.h"
+
+#include <algorithm>
+#include <QStringList>
+#include <vector>
+
+namespace timeline {
+
+namespace {
+
+constexpr int kMonths = 12;
+constexpr int kTurnOfCentury = 30; // two digits below it are of the 2000s
+
+struct Number {
+    int value;
+    qsizetype digits;
+};
+
+bool IsYear(const Number &number) { return number.digits >= 3; }
+
+// Two digits are 1930 to 2029.
+int YearOf(const Number &number) {
+    if (IsYear(number)) return number.value;
+    return number.value + (number.value < kTurnOfCentury ? 2000 : 1900);
+}
+
+std::optional<QDate> DateOf(int year, int month, int day) {
+    const QDate date(year, month, day);
+    if (!date.isValid() || year < kFirstYear || year > kLastYear) return std::nullopt;
+    return date;
+}
+
+// The groups of digits of a text; nothing when it holds anything but digits and what may stand between them.
+std::optional<std::vector<Number>> NumbersIn(const QString &text) {
+    std::vector<Number> numbers;
+    qsizetype digits = 0;
+    for (const QChar sign : text) {
+        if (!sign.isDigit()) {
+            if (!QStringLiteral(" -/.,").contains(sign)) return std::nullopt;
+            digits = 0;
+            continue;
+        }
+        if (digits == 4) return std::nullopt;
+        if (digits++ == 0) numbers.push_back({0, 0});
+        Number &number = numbers.back();
+        number = {number.value * 10 + sign.digitValue(), digits};
+    }
+    return numbers;
+}
+
+// Beside a month's name: a year, or day and year with the longer one as the year, else the day first.
+std::optional<QDate> WithMonth(int month, const std::vector<Number> &numbers) {
+    if (numbers.size() == 1) return DateOf(YearOf(numbers[0]), month, 1);
+    if (numbers.size() != 2) return std::nullopt;
+    const bool yearFirst = IsYear(numbers[0]);
+    return DateOf(YearOf(numbers[yearFirst ? 0 : 1]), month, numbers[yearFirst ? 1 : 0].value);
+}
+
+bool MonthComesFirst(const QString &text, const QLocale &locale) {
+    const bool written = text.contains(QLatin1Char('/')) || text.contains(QLatin1Char('.'));
+    const QString format = locale.dateFormat(QLocale::ShortFormat);
+    return written && format.indexOf(QLatin1Char('M')) < format.indexOf(QLatin1Char('d'));
+}
+
+std::optional<QDate> OfNumbers(const QString &text, const std::vector<Number> &numbers,
+                               const QLocale &locale) {
+    if (numbers.size() == 2) {
+        const bool yearFirst = IsYear(numbers[0]);
+        return DateOf(YearOf(numbers[yearFirst ? 0 : 1]), numbers[yearFirst ? 1 : 0].value, 1);
+    }
+    if (numbers.size() != 3) return std::nullopt;
+    if (IsYear(numbers[0])) return DateOf(numbers[0].value, numbers[1].value, numbers[2].value);
+    const int year = YearOf(numbers[2]), first = numbers[0].value, second = numbers[1].value;
+    const bool monthFirst = second > kMonths || (first <= kMonths && MonthComesFirst(text, locale));
+    return monthFirst ? DateOf(year, first, second) : DateOf(year, second, first);
+}
+
+std::optional<QDate> InLanguage(const QString &plain, const QLocale &language) {
+    const auto match = MonthNamesOf(language).Find(plain);
+    if (!match) return std::nullopt;
+    const QString rest =
+        plain.left(match->start) + QLatin1Char(' ') + plain.mid(match->start + match->length);
+    const auto numbers = NumbersIn(rest);
+    return numbers ? WithMonth(match->month, *numbers) : std::nullopt;
+}
+
+// Languages in which dates were met, the latest first.
+std::vector<QLocale> &Met() {
+    static std::vector<QLocale> met;
+    return met;
+}
+
+const QList<QLocale> &AllLanguages() {
+    static const QList<QLocale> all =
+        QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory);
+    return all;
+}
+
+std::optional<QDate> InAnyLanguage(const QString &plain) {
+    for (const QLocale &language : std::vector(Met()))
+        if (const auto date = InLanguage(plain, language)) return date;
+    for (const QLocale &language : AllLanguages()) {
+        if (const auto date = InLanguage(plain, language)) {
+            NoteDateLanguage(language);
+            return date;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+void NoteDateLanguage(const QLocale &locale) {
+    std::erase(Met(), locale);
+    Met().insert(Met().begin(), locale);
+}
+
+std::optional<QDate> ParseDate(const QString &text, const QLocale &locale) {
+    const QString plain = Plain(text).trimmed();
+    if (std::ranges::none_of(plain, [](QChar sign) { return sign.isDigit(); })) return std::nullopt;
+    if (const auto numbers = NumbersIn(plain)) return OfNumbers(plain, *numbers, locale);
+    if (const auto date = InLanguage(plain, locale)) return date;
+    if (const auto date = InLanguage(plain, QLocale::c())) return date;
+    return InAnyLanguage(plain);
+}
+
+} // namespace timeline
