@@ -4,6 +4,7 @@
 #include "app/frmPrompt.h"
 #include "app/Start.h"
 #include "mainwindow/frmAbout.h"
+#include "mainwindow/frmLayers.h"
 #include "mainwindow/frmMain.h"
 #include "support/ExceptionFilter.h"
 #include "support/real/RealDesktop.h"
@@ -35,6 +36,9 @@ void AddForms(support::RealDesktop &desktop) {
     desktop.Forms().Add(QLatin1String(mainwindow::kFormAbout), [&desktop](void *, support::Owner owner) {
         mainwindow::frmAbout form(desktop.Get(), static_cast<QWidget *>(owner));
         return form.exec() == QDialog::Accepted;
+    });
+    desktop.Forms().Add(QLatin1String(mainwindow::kFormLayers), [](void *argument, support::Owner) {
+        return static_cast<mainwindow::frmLayers *>(argument)->exec() == QDialog::Accepted;
     });
 }
 

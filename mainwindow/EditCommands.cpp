@@ -1,5 +1,6 @@
 #include "mainwindow/Commands.h"
 
+#include "app/settings/Settings.h"
 #include "diagram/edit/History.h"
 #include "diagram/view/PictureMime.h"
 #include "diagram/view/SurfaceView.h"
@@ -68,6 +69,24 @@ void mnuEditCopyClipboard(frmMain &window) { diagram::PictureToClipboard(window.
 void mnuEditSelectAll(frmMain &window) { DoSelectAll(window.CurrentSurface(), true); }
 void mnuEditUnSelectAll(frmMain &window) { DoSelectAll(window.CurrentSurface(), false); }
 
+void mnuEditSlicesInsert(frmMain &window) { window.DoInsertSlice(); }
+void mnuEditSlicesDelete(frmMain &window) { window.DoDeleteSlice(); }
+void mnuEditSlicesRename(frmMain &window) { window.DoRenameSlice(); }
+void mnuEditSlicesSlices(frmMain &window) { window.DoEditSlices(); }
+
+void mnuEditProperties(frmMain &window) {
+    constexpr float kPlace = 10; // twips, where the popup of a timeline node opens
+    const diagram::Surface &surface = window.CurrentSurface();
+    if (diagram::Node *node = surface.SelectedNode())
+        window.ShowNodeProperties(*node, kPlace, kPlace);
+    else if (diagram::Link *link = surface.SelectedLink())
+        window.ShowLinkProperties(*link);
+    else
+        window.Desktop().messageBoxes.Show(QStringLiteral("Please select a node or a link."),
+                                           support::Buttons::Ok, support::Icon::Information,
+                                           settings::Terms().TITLE);
+}
+
 constexpr EntryKind kMenu = EntryKind::Menu;
 constexpr EntryKind kCommand = EntryKind::Command;
 
@@ -88,8 +107,17 @@ constexpr CommandRow kRows[] = {
     Separator("mnuEdit"),
     {"mnuEdit", "mnuEditCopyClipboard", "&Copy to clipboard", kCommand, mnuEditCopyClipboard, "picture"},
     Separator("mnuEdit"),
+    {"mnuEdit", "mnuEditSlices", "@SLICE", kMenu},
+    {"mnuEditSlices", "mnuEditSlicesInsert", "&Insert", kCommand, mnuEditSlicesInsert},
+    {"mnuEditSlices", "mnuEditSlicesDelete", "&Delete", kCommand, mnuEditSlicesDelete},
+    {"mnuEditSlices", "mnuEditSlicesRename", "&Rename", kCommand, mnuEditSlicesRename},
+    Separator("mnuEditSlices", "mnuEditSlicesSep1"),
+    {"mnuEditSlices", "mnuEditSlicesSlices", "&Edit...", kCommand, mnuEditSlicesSlices},
+    Separator("mnuEdit"),
     {"mnuEdit", "mnuEditSelectAll", "&Select All", kCommand, mnuEditSelectAll, "selectall", "Ctrl+A"},
     {"mnuEdit", "mnuEditUnSelectAll", "&UnSelect All", kCommand, mnuEditUnSelectAll, "", "", "Ctrl+Shift+A"},
+    Separator("mnuEdit"),
+    {"mnuEdit", "mnuEditProperties", "Properties...", kCommand, mnuEditProperties, "", "", "F4"},
 };
 
 } // namespace

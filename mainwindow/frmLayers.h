@@ -13,6 +13,9 @@ class QPushButton;
 
 namespace mainwindow {
 
+// Its name for DialogHost; the argument is the form itself.
+inline constexpr char kFormLayers[] = "frmLayers";
+
 class frmLayers : public QDialog {
     Q_OBJECT
 public:

@@ -11,6 +11,7 @@
 #include "mainwindow/frmPics.h"
 #include "mainwindow/frmSplash.h"
 #include "mainwindow/Placement.h"
+#include "mainwindow/SliceTabs.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/SurfaceSink.h"
 

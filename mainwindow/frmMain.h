@@ -15,7 +15,6 @@
 #include <vector>
 
 class QSplitter;
-class QTabBar;
 
 namespace diagram {
 class SurfaceView;
@@ -25,8 +24,10 @@ namespace mainwindow {
 
 class cProgressBar;
 class cStatusBar;
+class frmLayers;
 class frmPics;
 class PickBox;
+class SliceTabs;
 class SmartMenu;
 class SurfaceSink;
 class TimelineMenu;
@@ -82,6 +83,12 @@ public:
     PickBox &cboFont() const { return *cboFont_; }
     PickBox &cboFontSize() const { return *cboFontSize_; }
     void SMXP_Click(const QString &key);
+    // Each runs through frmLayers, unseen but for the last, and rebuilds the slices: undo histories are lost
+    // and the map is dirty even when nothing differs.
+    void DoInsertSlice();
+    void DoRenameSlice();
+    void DoDeleteSlice();
+    void DoEditSlices();
     // Shows `sFilename`, or the file that the user chooses, here or in a new window. Null when nothing was
     // opened.
     frmMain *DoOpen(QString sFilename, bool bNewWindow);
@@ -160,6 +167,11 @@ private:
     void Form_QueryUnload(bool &cancel);
     void Form_Unload();
     void SSTab_Click();
+    // Rebuilds the slices as `edit` leaves the form.
+    void EditSlices(const std::function<void(frmLayers &)> &edit);
+    // The tab `from` to the position `to`.
+    void MoveSlice(int from, int to);
+    void ShowSliceMenu(int tab, const QPoint &at);
     void SurfaceLoaded(diagram::Surface &surface);
     void SurfaceUnloading(diagram::Surface &surface);
     frmMain *OpenElsewhere(const QString &sFilename);
@@ -194,7 +206,7 @@ private:
     support::Desktop &desktop_;
     QWidget *picRHS_ = nullptr;
     QSplitter *SSSplitter1_ = nullptr;
-    QTabBar *SSTab_ctl_ = nullptr;
+    SliceTabs *SSTab_ctl_ = nullptr;
     cStatusBar *staMain_ = nullptr;
     cProgressBar *prg1_ = nullptr;
     Toolbar *tlbMain_ = nullptr;

@@ -7,6 +7,7 @@
 #include "mainwindow/cStatusBar.h"
 #include "mainwindow/frmPics.h"
 #include "mainwindow/PickBox.h"
+#include "mainwindow/SliceTabs.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/TimelineMenu.h"
 #include "mainwindow/Toolbar.h"
@@ -15,7 +16,6 @@
 #include <QIntValidator>
 #include <QMenuBar>
 #include <QSplitter>
-#include <QTabBar>
 
 namespace mainwindow {
 
@@ -47,7 +47,7 @@ void frmMain::BuildPanes() {
     picRHS_ = new QWidget(SSSplitter1_);
     picRHS_->setObjectName(QStringLiteral("picRHS"));
     picRHS_->installEventFilter(this);
-    SSTab_ctl_ = new QTabBar(picRHS_);
+    SSTab_ctl_ = new SliceTabs(picRHS_);
     SSTab_ctl_->setObjectName(QStringLiteral("SSTab_ctl"));
     SSTab_ctl_->setAccessibleName(settings::ReplaceTerms(QStringLiteral("@SLICEs")));
     SSTab_ctl_->setShape(QTabBar::RoundedSouth);
@@ -118,6 +118,14 @@ void frmMain::ConnectControls() {
             [this] { SmartMenuXP1_Click(QStringLiteral("keyZoomOut")); });
     connect(&tabStrip_, &clsTabStrip::Click, this,
             [this] { support::Report("frmMain", "SSTab_Click", [this] { SSTab_Click(); }); });
+    connect(SSTab_ctl_, &SliceTabs::RenameAsked, this, [this](int tab) {
+        tabStrip_.SetTheTab(tab);
+        SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesRename"));
+    });
+    connect(SSTab_ctl_, &SliceTabs::MoveAsked, this, [this](int from, int to) {
+        support::Report("frmMain", "DoEditSlices", [&] { MoveSlice(from, to); });
+    });
+    connect(SSTab_ctl_, &SliceTabs::MenuAsked, this, &frmMain::ShowSliceMenu);
     connect(&tmrResize_, &QTimer::timeout, this,
             [this] { support::Report("frmMain", "tmrResize_Timer", [this] { tmrResize_Timer(); }); });
     connect(&update_, &QTimer::timeout, this,

@@ -3,12 +3,17 @@
 
 #include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
+#include "mainwindow/clsLockWindowUpdate.h"
+#include "mainwindow/EditSlices.h"
+#include "mainwindow/frmLayers.h"
 #include "mainwindow/HintText.h"
 #include "mainwindow/ItemDescription.h"
+#include "mainwindow/SliceTabs.h"
+#include "mainwindow/SmartMenu.h"
 #include "mainwindow/SurfaceSink.h"
 
 #include <QApplication>
-#include <QTabBar>
+#include <QMenu>
 
 namespace mainwindow {
 
@@ -66,6 +71,47 @@ void frmMain::picRHS_Resize() {
         view->setGeometry(0, 0, inner.width(), height);
         view->show();
     }
+}
+
+void frmMain::EditSlices(const std::function<void(frmLayers &)> &edit) {
+    frmLayers form(desktop_, SlicesOf(*this), tabStrip_.TheTab(), this);
+    SetMousePointer(document::pointer::kNormal); // the form and what it asks are the user's turn
+    edit(form);
+    const clsLockWindowUpdate lock(*this);
+    RebuildSlices(*this, form.cLayers());
+}
+
+void frmMain::DoInsertSlice() {
+    EditSlices([](frmLayers &form) { form.cmdNew_Click(), form.cmdOK_Click(); });
+}
+
+void frmMain::DoRenameSlice() {
+    EditSlices([](frmLayers &form) { form.cmdEdit_Click(), form.cmdOK_Click(); });
+}
+
+void frmMain::DoDeleteSlice() {
+    EditSlices([](frmLayers &form) { form.cmdDelete_Click(), form.cmdOK_Click(); });
+}
+
+void frmMain::DoEditSlices() {
+    EditSlices([this](frmLayers &form) {
+        desktop_.dialogHost.ShowModal(QLatin1String(kFormLayers), &form, this);
+    });
+}
+
+void frmMain::MoveSlice(int from, int to) {
+    tabStrip_.SetTheTab(from);
+    EditSlices([&](frmLayers &form) {
+        for (int at = from; at < to; ++at) form.cmdDown_Click();
+        for (int at = from; at > to; --at) form.cmdUp_Click();
+        form.cmdOK_Click();
+    });
+    tabStrip_.SetTheTab(to);
+}
+
+void frmMain::ShowSliceMenu(int tab, const QPoint &at) {
+    tabStrip_.SetTheTab(tab);
+    if (QMenu *menu = SmartMenuXP1a_->Menu(QStringLiteral("mnuEditSlices"))) menu->popup(at);
 }
 
 } // namespace mainwindow

@@ -1,0 +1,41 @@
+// The tabs of the slices: a drag asks to move one, a double click to rename it, the right button for its
+// menu. Nothing is moved or renamed here.
+#pragma once
+
+#include <QTabBar>
+
+namespace mainwindow {
+
+class SliceTabs : public QTabBar {
+    Q_OBJECT
+public:
+    explicit SliceTabs(QWidget *parent);
+
+Q_SIGNALS:
+    // The tab `from` was dropped so that it shall stand at `to`, positions before it is taken out.
+    void MoveAsked(int from, int to);
+    void RenameAsked(int tab);
+    // With `at` in global pixels.
+    void MenuAsked(int tab, const QPoint &at);
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    // The gap between tabs next to the pixel, 0 before the first.
+    int GapAt(const QPoint &at) const;
+    void ShowGap(int gap);
+    void EndDrag();
+
+    int pressed_ = -1; // tab under the press
+    QPoint pressedAt_;
+    int gap_ = -1; // where a drag would drop; -1 without one
+};
+
+} // namespace mainwindow

@@ -1,0 +1,141 @@
+#include "diagram/view/SurfaceView.h"
+#include "mainwindow/frmLayers.h"
+#include "mainwindow/SliceTabs.h"
+#include "tests/mainwindow/WindowTest.h"
+
+#include <QMenu>
+#include <QTest>
+
+namespace mainwindow::testing {
+
+// A window whose slices hold a node each, of the name of its slice.
+struct SliceCommands : WindowTest {
+    frmMain &window = NewWindow();
+    SliceTabs &tabs = *window.findChild<SliceTabs *>(QStringLiteral("SSTab_ctl"));
+
+    SliceCommands() {
+        AddNode(window, 0, 0, QStringLiteral("Map 1"));
+        for (const char *name : {"Two", "Three"}) {
+            Insert(name);
+            window.TabStrip().SetTheTab(window.TabStrip().TabCount() - 1);
+            AddNode(window, 0, 0, QString::fromUtf8(name));
+        }
+        window.TabStrip().SetTheTab(0);
+        window.clsSettings().Dirty = false;
+        ProcessEvents();
+    }
+    void Insert(const char *name) {
+        desktop.ExpectInput(QStringLiteral("Name for Slice."), QString::fromUtf8(name));
+        window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesInsert"));
+    }
+    QStringList Captions() {
+        QStringList captions;
+        for (int i = 0; i < window.TabStrip().TabCount(); ++i) captions << window.TabStrip().TabCaption(i);
+        return captions;
+    }
+    // The texts of the first nodes, tab by tab.
+    QStringList Contents() {
+        QStringList texts;
+        for (const int slot : window.AddFlow1().Indices())
+            texts << window.AddFlow1()[slot].Nodes().Item(1).Text();
+        return texts;
+    }
+    void Drag(int from, const QPoint &to) {
+        const QPoint start = tabs.tabRect(from).center();
+        QTest::mousePress(&tabs, Qt::LeftButton, {}, start);
+        QTest::mouseMove(&tabs, (start + to) / 2);
+        QTest::mouseMove(&tabs, to);
+        QTest::mouseRelease(&tabs, Qt::LeftButton, {}, to);
+    }
+};
+
+TEST_F(SliceCommands, InsertAddsAnEmptySliceBehindTheLast) {
+    Insert("Four");
+    EXPECT_EQ(Captions(), QStringList({"Map 1", "Two", "Three", "Four"}));
+    EXPECT_EQ(window.TabStrip().TheTab(), 0);
+    EXPECT_EQ(window.AddFlow1()[3].Nodes().Count(), 0);
+    EXPECT_TRUE(window.clsSettings().Dirty);
+}
+
+TEST_F(SliceCommands, AnEmptyNameInsertsNothingAndMarksTheMapAllTheSame) {
+    Insert("");
+    EXPECT_EQ(window.TabStrip().TabCount(), 3);
+    EXPECT_EQ(Contents(), QStringList({"Map 1", "Two", "Three"}));
+    EXPECT_TRUE(window.clsSettings().Dirty);
+}
+
+TEST_F(SliceCommands, DeleteTakesTheCurrentSliceAway) {
+    window.TabStrip().SetTheTab(1);
+    desktop.ExpectMessage(QStringLiteral("Are you sure you want to delete 'Two'?"), support::Answer::Yes);
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesDelete"));
+    EXPECT_EQ(Contents(), QStringList({"Map 1", "Three"}));
+    EXPECT_EQ(window.TabStrip().TheTab(), 1);
+    EXPECT_EQ(&window.CurrentView().Model(), &window.AddFlow1()[1]);
+}
+
+TEST_F(SliceCommands, TheDialogIsShownWithTheSlicesAndItsResultTaken) {
+    desktop.ExpectForm(QLatin1String(kFormLayers), [](void *argument) {
+        auto &form = *static_cast<frmLayers *>(argument);
+        form.cmdDown_Click();
+        form.cmdOK_Click();
+        return true;
+    });
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesSlices"));
+    EXPECT_EQ(Contents(), QStringList({"Two", "Map 1", "Three"}));
+}
+
+TEST_F(SliceCommands, CancelLeavesTheSlicesAndMarksTheMap) {
+    desktop.ExpectForm(QLatin1String(kFormLayers));
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesSlices"));
+    EXPECT_EQ(Contents(), QStringList({"Map 1", "Two", "Three"}));
+    EXPECT_TRUE(window.clsSettings().Dirty);
+}
+
+TEST_F(SliceCommands, ADoubleClickOnATabRenamesIt) {
+    desktop.ExpectInput(QStringLiteral("Name for Slice."), QStringLiteral("Tres & more"));
+    QTest::mouseDClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(2).center());
+    EXPECT_EQ(Captions(), QStringList({"Map 1", "Two", "Tres & more"}));
+}
+
+TEST_F(SliceCommands, ADraggedTabTakesItsSliceAlong) {
+    Drag(0, tabs.tabRect(2).center() + QPoint(tabs.tabRect(2).width() / 4, 0));
+    EXPECT_EQ(Captions(), QStringList({"Two", "Three", "Map 1"}));
+    EXPECT_EQ(Contents(), QStringList({"Two", "Three", "Map 1"}));
+    EXPECT_EQ(window.TabStrip().TheTab(), 2);
+    Drag(2, tabs.tabRect(1).center() - QPoint(tabs.tabRect(1).width() / 4, 0));
+    EXPECT_EQ(Contents(), QStringList({"Two", "Map 1", "Three"}));
+}
+
+TEST_F(SliceCommands, ADragThatEndsWhereItBeganMovesNothing) {
+    Drag(1, tabs.tabRect(1).center() + QPoint(tabs.tabRect(1).width() / 3, 0));
+    EXPECT_EQ(Captions(), QStringList({"Map 1", "Two", "Three"}));
+    EXPECT_FALSE(window.clsSettings().Dirty);
+}
+
+TEST_F(SliceCommands, EscapeGivesADragUp) {
+    const QPoint start = tabs.tabRect(0).center(), end = tabs.tabRect(2).center() + QPoint(10, 0);
+    QTest::mousePress(&tabs, Qt::LeftButton, {}, start);
+    QTest::mouseMove(&tabs, end);
+    QTest::keyClick(&tabs, Qt::Key_Escape);
+    QTest::mouseRelease(&tabs, Qt::LeftButton, {}, end);
+    EXPECT_EQ(Captions(), QStringList({"Map 1", "Two", "Three"}));
+}
+
+TEST_F(SliceCommands, TheRightButtonOpensTheMenuOfItsTab) {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, tabs.tabRect(1).center(),
+                            tabs.mapToGlobal(tabs.tabRect(1).center()));
+    QApplication::sendEvent(&tabs, &event);
+    EXPECT_EQ(window.TabStrip().TheTab(), 1);
+    QWidget *popup = QApplication::activePopupWidget();
+    ASSERT_TRUE(popup);
+    EXPECT_EQ(popup->actions().first()->objectName(), QStringLiteral("mnuEditSlicesInsert"));
+    popup->close();
+}
+
+TEST_F(SliceCommands, PropertiesAskForASelectionFirst) {
+    desktop.ExpectMessage(QStringLiteral("Please select a node or a link."));
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditProperties"));
+    EXPECT_EQ(desktop.messageBoxes.shown.back().icon, support::Icon::Information);
+}
+
+} // namespace mainwindow::testing
