@@ -240,6 +240,7 @@ void LoadMap(MapWindow &window, storage::Database database) {
         window.DoEvents();
         settings.SetDatabase(database.Name());
         settings.OwnFiles().Forget(settings.Database());
+        settings.OwnFiles().Saw(settings.Database());
         if (!Loader(window, database).Run()) return;
         database.Close();
         if (isNative) settings.OwnFiles().Add(settings.Database());

@@ -1,6 +1,7 @@
 #include "document/DoSave.h"
 
 #include "app/settings/clsMRU.h"
+#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "document/BusyWindow.h"
 #include "document/clsfrmMain.h"
@@ -175,6 +176,18 @@ void Save(MapWindow &window, const QString &path) {
         window.DoStatus(QStringLiteral("The former file was kept as %1").arg(support::FileTitle(kept)));
 }
 
+// Whether a file that another program has written to since it was opened may be written over.
+bool MayOverwrite(MapWindow &window, const QString &path) {
+    if (!window.clsSettings().OwnFiles().ChangedSinceSeen(path)) return true;
+    window.SetMousePointer(pointer::kNormal);
+    return window.Desktop().messageBoxes.Show(
+               QStringLiteral("%1 was changed by another program since it was opened.\r\n\r\n"
+                              "Do you want to save over those changes?")
+                   .arg(support::FileTitle(path)),
+               support::Buttons::YesNo, support::Icon::Question,
+               settings::Terms().TITLE) == support::Answer::Yes;
+}
+
 } // namespace
 
 bool WritesCompanions() { return writesCompanions; }
@@ -183,8 +196,9 @@ void SetWritesCompanions(bool on) { writesCompanions = on; }
 bool DoSave(MapWindow &frm) {
     return support::PassOn("DoSave", [&] {
         QString path = frm.clsSettings().Database();
-        if (path.isEmpty()) path = GetMapFile(true);
-        if (path.isEmpty()) return false;
+        const bool asked = path.isEmpty(); // the dialog asks about a file that is there
+        if (asked) path = GetMapFile(true);
+        if (path.isEmpty() || (!asked && !MayOverwrite(frm, path))) return false;
         Save(frm, path);
         return true;
     });

@@ -12,7 +12,17 @@ OwnFiles::Stamp OwnFiles::StampOf(const QString &path) {
     return {info.size(), info.lastModified()};
 }
 
-void OwnFiles::Add(const QString &path) { stamps_.insert(path, StampOf(path)); }
+void OwnFiles::Add(const QString &path) {
+    stamps_.insert(path, StampOf(path));
+    Saw(path);
+}
+
+void OwnFiles::Saw(const QString &path) { seen_.insert(path, StampOf(path)); }
+
+bool OwnFiles::ChangedSinceSeen(const QString &path) const {
+    const auto found = seen_.constFind(path);
+    return found != seen_.constEnd() && QFileInfo::exists(path) && *found != StampOf(path);
+}
 
 void OwnFiles::Forget(const QString &path) { stamps_.remove(path); }
 

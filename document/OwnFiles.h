@@ -14,6 +14,10 @@ public:
     void Add(const QString &path);
     void Forget(const QString &path);
     bool Contains(const QString &path) const;
+    // Notes the state in which the window last read or wrote the file, whatever its form.
+    void Saw(const QString &path);
+    // Whether somebody else has written to the file since then; false for one that is gone or was never seen.
+    bool ChangedSinceSeen(const QString &path) const;
 
 private:
     struct Stamp {
@@ -23,7 +27,7 @@ private:
     };
     static Stamp StampOf(const QString &path);
 
-    QHash<QString, Stamp> stamps_;
+    QHash<QString, Stamp> stamps_, seen_;
 };
 
 // Copies the file to a new file beside it: its name with .bak behind it, or .1.bak, .2.bak and so on where

@@ -410,12 +410,37 @@ TEST_F(SaveTest, AForeignFileIsKeptBesideAndNoOlderCopyIsOverwritten) {
     EXPECT_EQ(window->statuses.back(), "");
 }
 
-TEST_F(SaveTest, AFileThatSomebodyElseWroteSinceIsKept) {
+namespace {
+const QString kChangedQuestion = QStringLiteral("a.map was changed by another program since it was opened."
+                                                "\r\n\r\nDo you want to save over those changes?");
+QString TheirNode() {
+    return InsertNode(QStringLiteral("theirs"), 0, QStringLiteral("[Description]"),
+                      QStringLiteral("'%1'").arg(QString(20000, QLatin1Char('x'))));
+}
+} // namespace
+
+TEST_F(SaveTest, AFileThatSomebodyElseWroteSinceIsSavedOverOnlyWhenTheUserSaysSoAndKept) {
     const QString path = SavedAs("a.map");
-    Run(path, InsertNode(QStringLiteral("theirs"), 0, QStringLiteral("[Description]"),
-                         QStringLiteral("'%1'").arg(QString(20000, QLatin1Char('x')))));
+    Run(path, TheirNode());
+    window->clsSettings().Dirty = true;
+    desktop.ExpectMessage(kChangedQuestion, support::Answer::No);
+    EXPECT_FALSE(DoSave(*window));
+    EXPECT_TRUE(window->clsSettings().Dirty);
+    EXPECT_EQ(Cell(path, QStringLiteral("SELECT [Key] FROM [Nodes]")), "theirs");
+    desktop.ExpectMessage(kChangedQuestion, support::Answer::Yes);
     EXPECT_TRUE(DoSave(*window));
     EXPECT_EQ(Cell(path + ".bak", QStringLiteral("SELECT [Key] FROM [Nodes]")), "theirs");
+    EXPECT_TRUE(DoSave(*window)) << "asked once";
+}
+
+TEST_F(SaveTest, AMapChangedSinceItWasOpenedIsAskedAboutAndOneThatIsGoneIsNot) {
+    const QString path = SavedAs("a.map");
+    const auto other = Loaded(path);
+    Run(path, TheirNode());
+    desktop.ExpectMessage(kChangedQuestion, support::Answer::No);
+    EXPECT_FALSE(DoSave(*other));
+    QFile::remove(path);
+    EXPECT_TRUE(DoSave(*other));
 }
 
 TEST_F(SaveTest, AMapWhoseLoadEndedInTheMiddleIsKept) {
