@@ -1,5 +1,7 @@
 #include "timeline/DateText.h"
 
+#include "support/Error.h"
+
 #include "timeline/MonthNames.h"
 
 #include <array>
@@ -52,6 +54,11 @@ QString FormatDate(const QDate &date, const QString &pattern, const QLocale &loc
 QString Reformatted(const QString &text, const QString &pattern, const QLocale &locale) {
     const std::optional<QDate> date = ParseDate(text, locale);
     return date ? FormatDate(*date, pattern, locale) : QString();
+}
+
+QDate CDate(const QString &text, const QLocale &locale) {
+    if (const std::optional<QDate> date = ParseDate(text, locale)) return *date;
+    throw support::Error(support::kErrTypeMismatch, QStringLiteral("CDate"), QStringLiteral("Type mismatch"));
 }
 
 int MonthBoundaries(const QDate &from, const QDate &to) {

@@ -38,6 +38,9 @@ void NoteDateLanguage(const QLocale &locale);
 // The date in `text` in the pattern, or an empty text for what is no date.
 QString Reformatted(const QString &text, const QString &pattern, const QLocale &locale = QLocale());
 
+// The date in `text`; error 13 "Type mismatch" for what is no date.
+QDate CDate(const QString &text, const QLocale &locale = QLocale());
+
 // Months from the first of one month to that of the other.
 int MonthBoundaries(const QDate &from, const QDate &to);
 

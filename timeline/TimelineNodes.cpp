@@ -1,30 +1,146 @@
 #include "timeline/TimelineNodes.h"
 
 #include "diagram/model/Surface.h"
+#include "document/Tags.h"
+#include "support/Error.h"
+#include "timeline/DateIndex.h"
+#include "timeline/DateText.h"
 
 namespace timeline {
+
+namespace {
+
+using document::tags::kTheDate;
+
+diagram::Node &AddTimelineNode(diagram::Surface &flow, const QString &date) {
+    diagram::Node &node = flow.Nodes().Add(0, 0, 0, 0);
+    node.SetMarked(true);
+    node.SetText(date);
+    document::SetTag(node, kTheDate, date);
+    node.SetSelectable(false);
+    return node;
+}
+
+diagram::Node *NodeOfDate(const diagram::Surface &flow, const QString &date) {
+    for (diagram::Node &node : flow.Nodes())
+        if (IsTimelineMaterial(node) && document::GetTag(node, kTheDate) == date) return &node;
+    return nullptr;
+}
+
+// The date in the pattern; what is no date stays as it is.
+QString InPattern(const QString &date, const QString &pattern) {
+    const QString text = Reformatted(date, pattern);
+    return text.isEmpty() ? date : text;
+}
+
+diagram::Node &AddDay(diagram::Surface &flow, const QString &date) {
+    LocateTimelineNode(flow, InPattern(date, kMonthPattern), true);
+    diagram::Node &day = AddTimelineNode(flow, InPattern(date, kDayPattern));
+    day.SetHidden(true);
+    return day;
+}
+
+void CopyLook(const diagram::Node &from, diagram::Node &month) {
+    month.SetAutoSize(from.AutoSize());
+    month.SetDrawStyle(from.DrawStyle());
+    month.SetDrawWidth(from.DrawWidth());
+    month.SetPicturePos(from.PicturePos());
+    month.SetShadow(from.Shadow());
+    month.SetShape(from.Shape());
+    month.SetShapeOrientation(from.ShapeOrientation());
+    month.SetAlignment(from.Alignment());
+    month.SetxTextMargin(from.xTextMargin());
+    month.SetyTextMargin(from.yTextMargin());
+    month.SetPicture(from.Picture());
+    month.SetForeColor(from.ForeColor());
+    month.SetFillColor(from.FillColor());
+    month.SetBorderColor(from.BorderColor());
+    month.SetFont(from.Font());
+    month.SetHeight(from.Height());
+    month.SetWidth(from.Width());
+}
+
+} // namespace
+
+diagram::Node *LocateTimeLineTemplateNode(diagram::Surface &Flow, bool Create) {
+    if (diagram::Node *found = document::FindHiddenNode(Flow, kTemplateNodeText)) return found;
+    if (!Create) return nullptr;
+    CreateTimelineTemplateNode(Flow);
+    return LocateTimeLineTemplateNode(Flow, false);
+}
+
+void CreateTimelineTemplateNode(diagram::Surface &Flow) {
+    if (!document::FindHiddenNode(Flow, kTemplateNodeText)) document::AddHiddenNode(Flow, kTemplateNodeText);
+}
 
 int CountOccurencies(const QString &Text, const QString &Find) {
     return Find.isEmpty() ? 0 : int(Text.count(Find));
 }
 
-namespace {
-bool IsMonth(const diagram::Node &node) {
-    if (node.Selectable() || !node.Marked()) return false;
-    return CountOccurencies(node.Text(), QStringLiteral("-")) == 1 ||
-           CountOccurencies(node.Text(), QStringLiteral(" ")) == 1;
+bool IsTimelineMaterial(const diagram::Node &node) { return !node.Selectable() && node.Marked(); }
+
+bool HasMonthForm(const QString &text) {
+    return CountOccurencies(text, QStringLiteral("-")) == 1 ||
+           CountOccurencies(text, QStringLiteral(" ")) == 1;
 }
-} // namespace
 
 std::vector<diagram::Node *> LocateTimelineNodes(const diagram::Surface &Flow) {
     std::vector<diagram::Node *> months;
     for (diagram::Node &node : Flow.Nodes())
-        if (IsMonth(node)) months.push_back(&node);
+        if (IsTimelineMaterial(node) && HasMonthForm(node.Text())) months.push_back(&node);
     return months;
 }
 
-bool NodeIsTimeline(const diagram::Node &Node) {
-    return !Node.Selectable() && Node.Marked() && Node.Hidden();
+diagram::Node *LocateTimelineNode(diagram::Surface &Flow, const QString &TheDate, bool Create,
+                                  diagram::Node *LinkFrom) {
+    return support::PassOn("LocateTimelineNode", [&]() -> diagram::Node * {
+        diagram::Node *found = NodeOfDate(Flow, TheDate);
+        if (!found && Create)
+            found = LinkFrom ? &AddDay(Flow, TheDate) : &AddTimelineNode(Flow, TheDate);
+        else if (!found)
+            return nullptr;
+        if (LinkFrom) {
+            diagram::Link &link = LinkFrom->Links().Add(*found);
+            link.SetSelectable(false);
+            link.SetMarked(true);
+        }
+        return found;
+    });
+}
+
+void CopyTemplateLook(diagram::Surface &Flow) {
+    const diagram::Node &look = *LocateTimeLineTemplateNode(Flow, true);
+    for (diagram::Node *month : LocateTimelineNodes(Flow))
+        if (!month->Hidden()) CopyLook(look, *month);
+}
+
+bool NodeIsTimeline(const diagram::Node &Node) { return IsTimelineMaterial(Node) && Node.Hidden(); }
+
+int DaysPerMonth(const QString &Month) { return CDate(Month).daysInMonth(); }
+
+void ShowHideTimelineNodes(diagram::Surface &Flow, bool Shown) {
+    support::PassOn("ShowHideTimelineNodes", [&] {
+        const diagram::Node *look = LocateTimeLineTemplateNode(Flow, false);
+        const DateIndex index(Flow);
+        for (diagram::Node *month : LocateTimelineNodes(Flow)) {
+            month->SetHidden(!Shown);
+            if (look) month->SetWidth(look->Width());
+            const std::optional<QDate> first = ParseDate(month->Text());
+            for (int day = 1; first && day <= first->daysInMonth(); ++day) {
+                const QDate date(first->year(), first->month(), day);
+                const diagram::Node *node = index.Find(FormatDate(date, kDayPattern));
+                if (!node) continue;
+                for (diagram::Link *link : node->Links())
+                    if (!link->Source().Hidden()) link->SetHidden(!Shown);
+            }
+        }
+    });
+}
+
+void ShowHiddenMonths(diagram::Surface &Flow) {
+    for (diagram::Node &node : Flow.Nodes())
+        if (node.Hidden() && HasMonthForm(node.Text()) && node.Text() != document::kTemplateNodeText)
+            node.SetHidden(false);
 }
 
 } // namespace timeline

@@ -1,5 +1,8 @@
-// Which nodes of a surface belong to its timeline.
+// The nodes of a surface that make its timeline: months, hidden days, and the hidden node that gives the
+// months their look. Dates are compared as texts, letter for letter.
 #pragma once
+
+#include "document/DefaultNodes.h"
 
 #include <QString>
 #include <vector>
@@ -11,14 +14,47 @@ class Surface;
 
 namespace timeline {
 
+// The text of the hidden node that gives the months their look.
+inline const QString kTemplateNodeText = QStringLiteral("TIMELINE TEMPLATE NODE");
+
+// The first hidden node with that text, made first where it is missing and Create is true; else null. A new
+// one has no size: that says that nobody has set the timeline up yet.
+diagram::Node *LocateTimeLineTemplateNode(diagram::Surface &Flow, bool Create);
+// Makes it unless there is one.
+void CreateTimelineTemplateNode(diagram::Surface &Flow);
+
 // How often `Find` stands in `Text`, without overlap; letters count as they are written. 0 for an empty Find.
 int CountOccurencies(const QString &Text, const QString &Find);
 
-// The month nodes, hidden ones too, in the order of adding: nodes that cannot be selected, are marked, and
-// whose text holds just one "-" or just one blank.
+// Whether the node belongs to a timeline at all: marked, and not to be selected.
+bool IsTimelineMaterial(const diagram::Node &node);
+// Whether a text has the form of a month: just one "-" or just one blank.
+bool HasMonthForm(const QString &text);
+
+// The month nodes, hidden ones too, in the order of adding: timeline material whose text has the form of a
+// month.
 std::vector<diagram::Node *> LocateTimelineNodes(const diagram::Surface &Flow);
+
+// The first timeline node whose date is `TheDate`. Where there is none and Create is true it is made: without
+// LinkFrom as a month; with it as a hidden day, whose month is made too where it is missing. LinkFrom is then
+// linked to it by a marked link that cannot be selected. Null when there is none.
+diagram::Node *LocateTimelineNode(diagram::Surface &Flow, const QString &TheDate, bool Create,
+                                  diagram::Node *LinkFrom = nullptr);
+
+// Gives every month in sight the look and the size of the template node, which is made where it is missing.
+void CopyTemplateLook(diagram::Surface &Flow);
 
 // Whether the node stands for a day: hidden, marked, not to be selected.
 bool NodeIsTimeline(const diagram::Node &Node);
+
+// The days of a month given as text; error 13 "Type mismatch" for what is no date.
+int DaysPerMonth(const QString &Month);
+
+// Shows or hides the months of the surface, with the links that end on their days; links of a hidden node
+// stay as they are. Months take the width of the template node. Nothing is laid out.
+void ShowHideTimelineNodes(diagram::Surface &Flow, bool Shown);
+
+// Shows each hidden node whose text has the form of a month, the default node excepted, whatever it is.
+void ShowHiddenMonths(diagram::Surface &Flow);
 
 } // namespace timeline

@@ -1,0 +1,70 @@
+#include "timeline/AddTimelineLink.h"
+
+#include "app/settings/Settings.h"
+#include "diagram/model/Surface.h"
+#include "document/MapWindow.h"
+#include "document/Tags.h"
+#include "support/Error.h"
+#include "timeline/Arrange.h"
+#include "timeline/TimelineNodes.h"
+
+namespace timeline {
+
+namespace {
+
+bool WantsToSetUp(document::MapWindow &window) {
+    return window.Desktop().messageBoxes.Show(
+               settings::ReplaceTerms(QStringLiteral("You have not configured your timeline @NODEs yet. \r\r"
+                                                     "Would you like to do this now?")),
+               support::Buttons::YesNo, support::Icon::Question,
+               settings::Terms().TITLE) == support::Answer::Yes;
+}
+
+// A timeline always gets a template node with a size: when the user gives up, with the settings shown.
+void SetUp(document::MapWindow &window, diagram::Surface &flow) {
+    const bool shown = WantsToSetUp(window);
+    diagram::Node &look = *LocateTimeLineTemplateNode(flow, true);
+    TimelineSetupArgument argument{window, flow, look};
+    support::DialogHost &forms = window.Desktop().dialogHost;
+    if (shown) forms.ShowModal(QLatin1String(kFormTimelineSetup), &argument, nullptr);
+    if (shown && look.Width() != 0) return;
+    argument.pressOk = true;
+    forms.ShowModal(QLatin1String(kFormTimelineSetup), &argument, nullptr);
+}
+
+bool IsTimelineLink(const diagram::Link &link) { return !link.Selectable() && link.Marked(); }
+
+// Removes the node's links for which that holds.
+template <typename Condition>
+void RemoveLinks(diagram::Node &node, Condition condition) {
+    std::vector<diagram::Link *> links;
+    for (diagram::Link *link : node.Links())
+        if (condition(*link)) links.push_back(link);
+    for (diagram::Link *link : links) node.Owner().Remove(*link);
+}
+
+} // namespace
+
+void AddTimelineLink(document::MapWindow &window, diagram::Surface &Flow, diagram::Node &Node,
+                     const QString &TheDate) {
+    support::PassOn("AddTimelineLink", [&] {
+        if (!LocateTimeLineTemplateNode(Flow, false)) SetUp(window, Flow);
+        RemoveLinks(Node, IsTimelineLink);
+        LocateTimelineNode(Flow, TheDate, true, &Node);
+        UpdateTimeLineNodes(window, Flow, true);
+    });
+}
+
+void RemoveTimelineLinks(diagram::Node &Node) {
+    RemoveLinks(Node, [](const diagram::Link &link) {
+        return !link.Source().Selectable() || !link.Destination().Selectable();
+    });
+}
+
+QString DateOfNode(const diagram::Node &Node) {
+    for (const diagram::Link *link : Node.Links())
+        if (IsTimelineLink(*link)) return document::GetTag(link->Destination(), document::tags::kTheDate);
+    return {};
+}
+
+} // namespace timeline

@@ -1,0 +1,37 @@
+// Dates of the user's nodes: a link to a hidden day of the timeline.
+#pragma once
+
+#include <QString>
+
+namespace diagram {
+class Node;
+class Surface;
+} // namespace diagram
+namespace document {
+class MapWindow;
+}
+
+namespace timeline {
+
+// The name of the setup form for DialogHost, and its argument.
+inline constexpr char kFormTimelineSetup[] = "frmTimelineSetup";
+struct TimelineSetupArgument {
+    document::MapWindow &window;
+    diagram::Surface &Flow;
+    diagram::Node &TemplateNode; // receives the look: that of the months, or the default node
+    bool asTemplate = false;     // the default node's settings instead of the timeline's
+    bool pressOk = false;        // OK is pressed at once, without showing the form
+};
+
+// Gives the node the date, in the form "dd mmmm yyyy", in the place of the one that it had, and lays the
+// timeline out. Where the surface has no timeline yet it asks whether the user wants to set it up; else the
+// settings that the form shows at first are taken. Opens no group of changes.
+void AddTimelineLink(document::MapWindow &window, diagram::Surface &Flow, diagram::Node &Node,
+                     const QString &TheDate);
+// Takes the date of the node away: its links to nodes that cannot be selected.
+void RemoveTimelineLinks(diagram::Node &Node);
+
+// The date of the node as its timeline link tells it; empty for a node without one.
+QString DateOfNode(const diagram::Node &Node);
+
+} // namespace timeline

@@ -1,0 +1,272 @@
+#include "timeline/Arrange.h"
+
+#include "diagram/model/Surface.h"
+#include "document/clsfrmMain.h"
+#include "document/MapWindow.h"
+#include "document/Tags.h"
+#include "support/clsGUID.h"
+#include "support/Error.h"
+#include "support/Val.h"
+#include "timeline/DateIndex.h"
+#include "timeline/DateText.h"
+#include "timeline/Strip.h"
+#include "timeline/TimelineNodes.h"
+
+#include <algorithm>
+#include <QHash>
+
+namespace timeline {
+
+namespace {
+
+using document::tags::kDateFormat;
+using document::tags::kMissing;
+using document::tags::kTheDate;
+using document::tags::kTimelineAlign;
+
+const QString kTrue = QStringLiteral("True");
+const QString kDefaultArrangement = QStringLiteral("4");
+constexpr int kKey = 0, kMonth = 1; // columns
+
+[[noreturn]] void RaiseSubscript(const char *routine) {
+    throw support::Error(support::kErrSubscriptOutOfRange, QString::fromLatin1(routine),
+                         QStringLiteral("Subscript out of range"));
+}
+
+void GiveKey(diagram::Node &node) {
+    if (node.Key().isEmpty()) node.SetKey(support::GetGUID());
+}
+
+// What the surface doesn't store yet comes from the template node.
+struct Settings {
+    Settings(diagram::Surface &flow, diagram::Node &look, int align) {
+        if (align == kStoredArrangement && document::GetTag(flow, kTimelineAlign).isEmpty()) {
+            const QString stored = document::GetTag(look, kTimelineAlign);
+            document::SetTag(flow, kTimelineAlign, stored.isEmpty() ? kDefaultArrangement : stored);
+        }
+        arrangement =
+            align == kStoredArrangement ? int(support::Val(document::GetTag(flow, kTimelineAlign))) : align;
+        if (document::GetTag(look, kDateFormat).isEmpty()) document::SetTag(look, kDateFormat, kMonthPattern);
+        if (document::GetTag(flow, kMissing).isEmpty())
+            document::SetTag(flow, kMissing, document::GetTag(look, kMissing));
+        pattern = document::GetTag(look, kDateFormat);
+        addMissing = document::GetTag(flow, kMissing).compare(kTrue, Qt::CaseInsensitive) == 0;
+    }
+    int arrangement;
+    QString pattern;
+    bool addMissing;
+};
+
+// One run of ArrangeTimeLineNodes.
+class Run {
+public:
+    Run(document::MapWindow &window, diagram::Surface &flow, const Settings &settings)
+        : window_(window), flow_(flow), settings_(settings), index_(flow) {}
+
+    // Counts months and collects days; false without a month.
+    bool FindNodes() {
+        for (diagram::Node &node : flow_.Nodes()) {
+            if (!IsTimelineMaterial(node) || !ParseDate(node.Text())) continue;
+            if (HasMonthForm(node.Text())) {
+                ++months_;
+                GiveKey(node);
+            } else {
+                days_.push_back(&node);
+            }
+        }
+        return months_ > 0;
+    }
+
+    void FillTable() {
+        for (diagram::Node *node : LocateTimelineNodes(flow_)) {
+            if (int(table_.size()) == months_) RaiseSubscript("ArrangeTimeLineNodes");
+            const QString date = document::GetTag(*node, kTheDate);
+            const QString month = Reformatted(date, kMonthPattern);
+            table_.push_back({node->Key(), month.isEmpty() ? date : month});
+        }
+    }
+
+    // True when a month went.
+    bool DropUnusedMonths() {
+        bool removed = false;
+        for (const AxisRow &row : table_) {
+            if (HasDays(row[kMonth])) continue;
+            diagram::Node *month = index_.Find(row[kMonth]);
+            if (!month) continue;
+            index_.Remove(*month);
+            flow_.Remove(*month);
+            removed = true;
+        }
+        return removed;
+    }
+
+    void AddMissingMonths() {
+        const auto [first, last] = Ends();
+        FillMissingDates(table_, first, last, window_);
+        for (AxisRow &row : table_) {
+            if (!row[kKey].isEmpty() || row[kMonth].isEmpty()) continue;
+            diagram::Node &month = FindOrCreate(row[kMonth], QStringLiteral("Creating for "));
+            GiveKey(month);
+            row[kKey] = month.Key();
+            if (created_ == kMostCreated) break;
+        }
+        window_.DoStatus(QStringLiteral("Updating nodes..."));
+        CopyTemplateLook(flow_);
+        window_.DoStatus(QString());
+    }
+
+    void Sort() { Sort2DArray(table_, kMonth); }
+
+    // A hidden month keeps its place in the order and takes no room.
+    void FoldHiddenMonths() {
+        for (const AxisRow &row : table_) {
+            if (row[kKey].isEmpty()) continue;
+            window_.DoStatus(QStringLiteral("Searching for ") + row[kMonth]);
+            diagram::Node *month = index_.Find(row[kMonth]);
+            if (!month && created_ < kMostCreated) month = &Create(row[kMonth], QStringLiteral("Creating "));
+            if (month && month->Hidden()) Fold(*month, settings_.arrangement);
+        }
+    }
+
+    void WriteTexts() {
+        for (diagram::Node *month : Months()) {
+            const QString text = Reformatted(document::GetTag(*month, kTheDate), settings_.pattern);
+            if (!text.isEmpty()) month->SetText(text);
+        }
+    }
+
+    void Place() {
+        DaysByMonth days(days_);
+        std::int32_t offset = 0;
+        for (diagram::Node *month : Months()) {
+            if (!PlaceMonth(flow_, *month, settings_.arrangement, offset)) return;
+            PositionDateNodes(days, *month, RunsRightwards(settings_.arrangement));
+        }
+    }
+
+private:
+    bool HasDays(const QString &month) const {
+        const std::optional<QDate> first = ParseDate(month);
+        for (int day = 1; first && day <= first->daysInMonth(); ++day)
+            if (index_.Find(FormatDate(QDate(first->year(), first->month(), day), kDayPattern))) return true;
+        return false;
+    }
+
+    std::pair<QString, QString> Ends() const {
+        const auto [first, last] =
+            std::minmax_element(table_.begin(), table_.end(), [](const AxisRow &a, const AxisRow &b) {
+                return CDate(a[kMonth]) < CDate(b[kMonth]);
+            });
+        return {(*first)[kMonth], (*last)[kMonth]};
+    }
+
+    diagram::Node &FindOrCreate(const QString &month, const QString &creating) {
+        window_.DoStatus(QStringLiteral("Searching for ") + month);
+        if (diagram::Node *found = index_.Find(month)) return *found;
+        return Create(month, creating);
+    }
+
+    diagram::Node &Create(const QString &month, const QString &creating) {
+        window_.DoStatus(creating + month);
+        diagram::Node &node = *LocateTimelineNode(flow_, month, true);
+        document::SetTag(node, kTheDate, month);
+        index_.Add(node);
+        ++created_;
+        return node;
+    }
+
+    // The nodes of the rows that have one, by their keys.
+    std::vector<diagram::Node *> Months() {
+        QHash<QString, diagram::Node *> byKey;
+        for (diagram::Node &node : flow_.Nodes())
+            if (IsTimelineMaterial(node) && !byKey.contains(node.Key())) byKey.insert(node.Key(), &node);
+        std::vector<diagram::Node *> months;
+        for (const AxisRow &row : table_)
+            if (diagram::Node *month = byKey.value(row[kKey]); month && !row[kKey].isEmpty())
+                months.push_back(month);
+        return months;
+    }
+
+    document::MapWindow &window_;
+    diagram::Surface &flow_;
+    const Settings &settings_;
+    DateIndex index_;
+    int months_ = 0;
+    int created_ = 0;
+    std::vector<diagram::Node *> days_;
+    AxisTable table_;
+};
+
+} // namespace
+
+void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, int Align) {
+    support::PassOn("ArrangeTimeLineNodes", [&] {
+        const Settings settings(Flow, *LocateTimeLineTemplateNode(Flow, true), Align);
+        Run run(window, Flow, settings);
+        if (!run.FindNodes()) return window.DoStatus(QString());
+        run.FillTable();
+        if (settings.addMissing)
+            run.AddMissingMonths();
+        else if (run.DropUnusedMonths())
+            return ArrangeTimeLineNodes(window, Flow, kStoredArrangement);
+        run.Sort();
+        run.FoldHiddenMonths();
+        run.WriteTexts();
+        run.Place();
+        window.clsSettings().Dirty = true;
+        window.DoStatus(QString());
+    });
+}
+
+void FillMissingDates(AxisTable &Dates, const QString &StartDate, const QString &EndDate,
+                      document::MapWindow &Main) {
+    support::PassOn("FillMissingDates", [&] {
+        if (StartDate == EndDate) return;
+        QDate month = CDate(StartDate);
+        const auto rows = std::size_t(MonthBoundaries(month, CDate(EndDate)) + 1);
+        if (Dates.size() > rows) RaiseSubscript("FillMissingDates");
+        Dates.resize(rows);
+        for (int stored = 0; stored < kMostCreated;) {
+            month = month.addMonths(1);
+            const QString text = FormatDate(month, kMonthPattern);
+            Main.DoStatus(QStringLiteral("Searching / Creating Date ") + text);
+            if (!DateExists(Dates, text)) {
+                const auto free = std::find_if(Dates.begin(), Dates.end(),
+                                               [](const AxisRow &row) { return row[kMonth].isEmpty(); });
+                if (free != Dates.end()) (*free)[kMonth] = text, ++stored;
+            }
+            if (text == EndDate) return;
+        }
+    });
+}
+
+bool DateExists(const AxisTable &Dates, const QString &Month) {
+    return std::any_of(Dates.begin(), Dates.end(), [&](const AxisRow &row) { return row[kMonth] == Month; });
+}
+
+void Sort2DArray(AxisTable &Table, int Column) {
+    support::PassOn("Sort2DArray", [&] {
+        std::vector<std::pair<QDate, AxisRow>> rows;
+        for (const AxisRow &row : Table)
+            if (!row[0].isEmpty()) rows.emplace_back(CDate(row[std::size_t(Column)]), row);
+        std::stable_sort(rows.begin(), rows.end(),
+                         [](const auto &a, const auto &b) { return a.first < b.first; });
+        std::transform(rows.begin(), rows.end(), Table.begin(), [](const auto &row) { return row.second; });
+    });
+}
+
+void UpdateTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, bool Arrange) {
+    support::PassOn("UpdateTimeLineNodes", [&] {
+        CopyTemplateLook(Flow);
+        if (Arrange) ArrangeTimeLineNodes(window, Flow, kStoredArrangement);
+    });
+}
+
+void DoUnHideTimelineNodes(document::MapWindow &window, diagram::Surface &Flow) {
+    support::PassOn("DoUnHideTimelineNodes", [&] {
+        ShowHiddenMonths(Flow);
+        UpdateTimeLineNodes(window, Flow, true);
+    });
+}
+
+} // namespace timeline
