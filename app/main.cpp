@@ -5,6 +5,7 @@
 #include "app/Start.h"
 #include "mainwindow/frmAbout.h"
 #include "mainwindow/frmLayers.h"
+#include "mainwindow/frmLayout.h"
 #include "mainwindow/frmMain.h"
 #include "support/ExceptionFilter.h"
 #include "support/real/RealDesktop.h"
@@ -39,6 +40,10 @@ void AddForms(support::RealDesktop &desktop) {
     });
     desktop.Forms().Add(QLatin1String(mainwindow::kFormLayers), [](void *argument, support::Owner) {
         return static_cast<mainwindow::frmLayers *>(argument)->exec() == QDialog::Accepted;
+    });
+    desktop.Forms().Add(QLatin1String(mainwindow::kFormLayout), [](void *argument, support::Owner owner) {
+        const auto &layout = *static_cast<mainwindow::LayoutFormArgument *>(argument);
+        return mainwindow::frmLayout(layout, static_cast<QWidget *>(owner)).exec() == QDialog::Accepted;
     });
 }
 

@@ -10,8 +10,9 @@ namespace mainwindow {
 namespace {
 constexpr int kRecentCaptionLength = 25;
 
-std::array<std::span<const CommandRow>, 5> Tables() {
-    return {FileCommands(), EditCommands(), ViewCommands(), HelpCommands(), KeyCommands()};
+std::array<std::span<const CommandRow>, 9> Tables() {
+    return {FileCommands(), EditCommands(),    ViewCommands(),    LayoutCommands(), HelpCommands(),
+            KeyCommands(),  EditKeyCommands(), ArrangeCommands(), FindCommands()};
 }
 } // namespace
 

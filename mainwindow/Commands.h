@@ -16,7 +16,7 @@ class frmMain;
 enum class EntryKind { Menu, Command, Check, Separator };
 
 // What of the window's state a command needs; its entries are disabled without it.
-enum class Needs { Nothing, Undo, Redo, Selection, SelectionOrText };
+enum class Needs { Nothing, Undo, Redo, Selection, SelectionOrText, Printers };
 
 using Routine = void (*)(frmMain &);
 
@@ -31,7 +31,10 @@ struct CommandRow {
     const char *accelerator = ""; // written beside the caption
     const char *keys = "";        // further keys, separated by blanks, not written into the menu
     Needs needs = Needs::Nothing;
-    bool servesTextBox = false; // works on the text box that has the focus, so that one stays open
+    bool servesTextBox = false;  // works on the text box that has the focus, so that one stays open
+    const char *tip = "";        // more words by which the search finds it
+    const char *surfaceKey = ""; // a key that the surface itself acts on; the search shows it
+    bool (*offered)() = nullptr; // whether this edition of the product has its entry; null: always
 };
 
 constexpr CommandRow Separator(const char *parent, const char *key = "") {
@@ -41,8 +44,13 @@ constexpr CommandRow Separator(const char *parent, const char *key = "") {
 std::span<const CommandRow> FileCommands();
 std::span<const CommandRow> EditCommands();
 std::span<const CommandRow> ViewCommands();
+std::span<const CommandRow> LayoutCommands();
 std::span<const CommandRow> HelpCommands();
-std::span<const CommandRow> KeyCommands(); // in no menu
+// In no menu.
+std::span<const CommandRow> KeyCommands();
+std::span<const CommandRow> EditKeyCommands();
+std::span<const CommandRow> ArrangeCommands();
+std::span<const CommandRow> FindCommands();
 
 // All of them in that order.
 std::vector<CommandRow> Commands();

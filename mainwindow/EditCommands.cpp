@@ -2,6 +2,7 @@
 
 #include "app/settings/Settings.h"
 #include "diagram/edit/History.h"
+#include "diagram/format/SurfaceFile.h"
 #include "diagram/view/PictureMime.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
@@ -87,6 +88,22 @@ void mnuEditProperties(frmMain &window) {
                                            settings::Terms().TITLE);
 }
 
+void keyDuplicate(frmMain &window) {
+    diagram::Surface &surface = window.CurrentSurface();
+    const QByteArray selection = diagram::SaveSelection(surface);
+    constexpr float kAside = 300; // twips
+    const diagram::ActionGroup group(surface);
+    surface.UnselectAll();
+    diagram::PasteBytes(surface, selection, kAside, kAside);
+    document::ChangeGUIDs(surface, true);
+    window.clsSettings().Dirty = true;
+}
+
+void keyEditText(frmMain &window) {
+    window.CurrentView().setFocus();
+    window.CurrentView().BeginEdit();
+}
+
 constexpr EntryKind kMenu = EntryKind::Menu;
 constexpr EntryKind kCommand = EntryKind::Command;
 
@@ -101,8 +118,6 @@ constexpr CommandRow kRows[] = {
     {"mnuEdit", "mnuEditCopy", "&Copy", kCommand, mnuEditCopy, "copy", "", "Ctrl+C", Needs::SelectionOrText,
      true},
     {"mnuEdit", "mnuEditPaste", "&Paste", kCommand, mnuEditPaste, "paste", "", "Ctrl+V", Needs::Nothing,
-     true},
-    {"mnuEdit", "mnuEditDelete", "&Delete", kCommand, mnuEditDelete, "delete", "", "", Needs::SelectionOrText,
      true},
     Separator("mnuEdit"),
     {"mnuEdit", "mnuEditCopyClipboard", "&Copy to clipboard", kCommand, mnuEditCopyClipboard, "picture"},
@@ -120,8 +135,19 @@ constexpr CommandRow kRows[] = {
     {"mnuEdit", "mnuEditProperties", "Properties...", kCommand, mnuEditProperties, "", "", "F4"},
 };
 
+// Where a text box has the focus, these keys are its own.
+constexpr CommandRow kKeyRows[] = {
+    {nullptr, "mnuEditDelete", "&Delete", kCommand, mnuEditDelete, "delete", "", "", Needs::SelectionOrText,
+     true, "Removes the selection", "Del"},
+    {nullptr, "keyDuplicate", "Duplicate", kCommand, keyDuplicate, "copy", "", "Ctrl+D", Needs::Selection,
+     false, "Copies the selection beside itself"},
+    {nullptr, "keyEditText", "Edit text", kCommand, keyEditText, "", "", "", Needs::Selection, false,
+     "Types into the selected @NODE or @LINK", "F2"},
+};
+
 } // namespace
 
 std::span<const CommandRow> EditCommands() { return kRows; }
+std::span<const CommandRow> EditKeyCommands() { return kKeyRows; }
 
 } // namespace mainwindow

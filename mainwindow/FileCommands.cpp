@@ -1,10 +1,10 @@
 #include "mainwindow/Commands.h"
 
-#include "diagram/export/Export.h"
+#include "app/settings/Settings.h"
 #include "document/DoSave.h"
 #include "document/MemoryGuard.h"
+#include "mainwindow/Exchange.h"
 #include "mainwindow/frmMain.h"
-#include "support/clsPaths.h"
 
 namespace mainwindow {
 
@@ -53,13 +53,26 @@ void mnuFileSaveAs(frmMain &window) {
     document::DoSave(window);
 }
 
-void mnuFileExportPicture(frmMain &window) {
-    using namespace support::fileflags;
-    int row = 1;
-    const QString file = window.Desktop().dialogs.ShowSaveFileDialog(
-        QStringLiteral("Windows Meta File|*.wmf"), QStringLiteral("wmf"), support::clsPaths().GetMyDocsPath(),
-        kOverwritePrompt | kPathMustExist, &window, row);
-    if (!file.isEmpty()) diagram::WriteMetafile(window.CurrentSurface(), file);
+void mnuFileSaveAsTemplate(frmMain &window) {
+    window.SetMousePointer(kNormal);
+    window.ShowForm("frmSaveAsTemplate", &window.CurrentSurface(), QStringLiteral("Saving as a template"));
+}
+
+bool IsAuthor() { return settings::Terms().AUTHOR; }
+
+void mnuFilePageSetup(frmMain &window) {
+    window.SetMousePointer(kNormal);
+    window.ShowForm("frmPageSetup", nullptr, QStringLiteral("Page setup"));
+}
+
+void mnuFilePrint(frmMain &window) {
+    window.SetMousePointer(kNormal);
+    window.ShowForm("frmPrint", &window.CurrentSurface(), QStringLiteral("Printing"));
+}
+
+void mnuFilePrintPreview(frmMain &window) {
+    window.SetMousePointer(kNormal);
+    window.ShowForm("frmPrintPreview", &window.CurrentSurface(), QStringLiteral("The print preview"));
 }
 
 void mnuFileExit(frmMain &window) { window.close(); }
@@ -73,8 +86,22 @@ constexpr CommandRow kRows[] = {
     {"mnuFile", "mnuFileOpen", "&Open...", kCommand, mnuFileOpen, "open", "", "Ctrl+O"},
     {"mnuFile", "mnuFileSave", "&Save", kCommand, mnuFileSave, "save", "", "Ctrl+S"},
     {"mnuFile", "mnuFileSaveAs", "&Save As...", kCommand, mnuFileSaveAs, "saveas", "", "Ctrl+Shift+S"},
+    {.parent = "mnuFile",
+     .key = "mnuFileSaveAsTemplate",
+     .caption = "&Save As Template...",
+     .routine = mnuFileSaveAsTemplate,
+     .image = "template",
+     .offered = IsAuthor},
     Separator("mnuFile", "mnuFileSep1"),
+    {"mnuFile", "mnuFileImport", "&Import...", kCommand, mnuFileImport, "import"},
+    {"mnuFile", "mnuFileExport", "&Export...", kCommand, mnuFileExport, "export"},
     {"mnuFile", "mnuFileExportPicture", "&Export as picture...", kCommand, mnuFileExportPicture, "picture"},
+    Separator("mnuFile", "mnuFileSep2"),
+    {"mnuFile", "mnuFilePageSetup", "Page Setup...", kCommand, mnuFilePageSetup, "pagesetup", "", "",
+     Needs::Printers},
+    {"mnuFile", "mnuFilePrint", "&Print...", kCommand, mnuFilePrint, "print", "", "Ctrl+P", Needs::Printers},
+    {"mnuFile", "mnuFilePrintPreview", "Print Preview...", kCommand, mnuFilePrintPreview, "preview", "", "",
+     Needs::Printers},
     Separator("mnuFile", kRecentSeparator),
     Separator("mnuFile", "mnuFileSep3"),
     {"mnuFile", "mnuFileExit", "E&xit", kCommand, mnuFileExit, "exit", "", "Ctrl+Q Ctrl+W"},

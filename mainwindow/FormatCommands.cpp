@@ -2,12 +2,15 @@
 
 #include "app/settings/Settings.h"
 #include "diagram/model/Surface.h"
+#include "document/DefaultNodes.h"
+#include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/ShapeMenu.h"
 #include "support/Val.h"
+#include "timeline/TimelineNodes.h"
 
 namespace mainwindow {
 
@@ -65,10 +68,29 @@ void FormatNew(frmMain &window) { window.tlbFormat_ButtonMenuClick(ShapeEntries(
 
 void FormatDisplay(frmMain &window) { ShowSecondTexts(window.CurrentSurface(), window.DisplayPressed()); }
 
+// A strip that runs from left to right changes its months' width, another their height.
+void StretchAxis(frmMain &window, float factor) {
+    diagram::Surface &surface = window.CurrentSurface();
+    diagram::Node *months = document::FindHiddenNode(surface, timeline::kTemplateNodeText);
+    if (!months) return;
+    using document::tags::kTimelineAlign;
+    if (document::GetTag(surface, kTimelineAlign).isEmpty())
+        document::SetTag(surface, kTimelineAlign, QStringLiteral("4"));
+    const double align = support::Val(document::GetTag(surface, kTimelineAlign));
+    if (align == 2 || align == 3 || align == 4)
+        months->SetWidth(months->Width() * factor);
+    else
+        months->SetHeight(months->Height() * factor);
+    window.Timeline().UpdateTimeLineNodes(surface, true);
+}
+void FormatExpand(frmMain &window) { StretchAxis(window, 1.1F); }
+void FormatCompress(frmMain &window) { StretchAxis(window, 0.9F); }
+
 constexpr FormatRow kRows[] = {
-    {"NEW", FormatNew},   {"LEFT", FormatLeft},       {"CENTER", FormatCenter},   {"RIGHT", FormatRight},
-    {"BOLD", FormatBold}, {"ITALIC", FormatItalic},   {"ULINE", FormatUnderline}, {"FRONT", FormatFront},
-    {"BACK", FormatBack}, {"DISPLAY", FormatDisplay},
+    {"NEW", FormatNew},         {"LEFT", FormatLeft},     {"CENTER", FormatCenter},
+    {"RIGHT", FormatRight},     {"BOLD", FormatBold},     {"ITALIC", FormatItalic},
+    {"ULINE", FormatUnderline}, {"FRONT", FormatFront},   {"BACK", FormatBack},
+    {"DISPLAY", FormatDisplay}, {"EXPAND", FormatExpand}, {"COMPRESS", FormatCompress},
 };
 
 } // namespace

@@ -21,12 +21,6 @@ bool MaySelect(const Item &item) {
     return !item.Hidden() && item.Selectable();
 }
 
-QString Counted(std::size_t count, const QString &term) {
-    if (count == 0) return {};
-    return QLocale().toString(qulonglong(count)) + u' ' + term +
-           (count == 1 ? QString() : QStringLiteral("s"));
-}
-
 } // namespace
 
 void DoSelectAll(diagram::Surface &flow, bool state) {
@@ -47,10 +41,16 @@ bool LinkIsInCollection(const diagram::Link &link, const std::vector<diagram::Li
     return std::find(links.begin(), links.end(), &link) != links.end();
 }
 
+QString CountedText(std::size_t count, const QString &term) {
+    if (count == 0) return {};
+    return QLocale().toString(qulonglong(count)) + u' ' + term +
+           (count == 1 ? QString() : QStringLiteral("s"));
+}
+
 QString SelectionText(const diagram::Surface &flow) {
     const settings::ProductTerms &terms = settings::Terms();
-    QStringList parts{Counted(flow.SelectedNodes().size(), terms.NODE),
-                      Counted(flow.SelectedLinks().size(), terms.LINK)};
+    QStringList parts{CountedText(flow.SelectedNodes().size(), terms.NODE),
+                      CountedText(flow.SelectedLinks().size(), terms.LINK)};
     parts.removeAll(QString());
     return parts.join(QStringLiteral(", "));
 }

@@ -17,6 +17,7 @@ void SmartMenu::BuildMenus(const QStringList &recentFiles) {
     items_.clear();
     menus_.clear();
     for (const CommandRow &row : Commands()) {
+        if (row.offered && !row.offered()) continue;
         if (row.parent && QLatin1String(row.key) == QLatin1String(kRecentSeparator)) {
             if (!recentFiles.isEmpty()) AddRecentFiles(*Menu(QLatin1String(row.parent)), recentFiles);
         } else {

@@ -9,6 +9,9 @@ TimelineRoutines DefaultTimelineRoutines(std::function<void()> notYet) {
     return {.AdjustLinks = timeline::AdjustLinks,
             .ArrangeTimeLineNodes = [notYet](diagram::Surface &, int) { notYet(); },
             .DoUnHideTimelineNodes = onSurface,
+            .ShowHideTimelineNodes = [notYet](diagram::Surface &, bool) { notYet(); },
+            .UpdateTimeLineNodes = [notYet](diagram::Surface &, bool) { notYet(); },
+            .DefaultNodeSetup = onSurface,
             .TimelineSetup = onSurface};
 }
 

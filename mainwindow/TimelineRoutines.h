@@ -17,6 +17,12 @@ struct TimelineRoutines {
     std::function<void(diagram::Surface &Flow, int Align)> ArrangeTimeLineNodes;
     // Shows all hidden months.
     std::function<void(diagram::Surface &Flow)> DoUnHideTimelineNodes;
+    // Shows or hides the strip.
+    std::function<void(diagram::Surface &Flow, bool Shown)> ShowHideTimelineNodes;
+    // Gives the months the look of the strip's template, and lays the strip out anew when Arrange says so.
+    std::function<void(diagram::Surface &Flow, bool Arrange)> UpdateTimeLineNodes;
+    // Shows the settings of the default node and gives them to new nodes.
+    std::function<void(diagram::Surface &Flow)> DefaultNodeSetup;
     // Shows the settings of the strip and lays it out anew.
     std::function<void(diagram::Surface &Flow)> TimelineSetup;
 };

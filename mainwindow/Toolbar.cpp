@@ -11,33 +11,39 @@ namespace mainwindow {
 
 namespace {
 
+constexpr ButtonStyle kPush = ButtonStyle::Push;
+
 constexpr ButtonRow kMain[] = {
-    {"NEW", "new", "New @MAP"},
-    {"OPEN", "open", "Open @MAP"},
-    {"SAVE", "save", "Save @MAP"},
+    {"NEW", "new", "New @MAP", kPush, Needs::Nothing, "mnuFileNew"},
+    {"OPEN", "open", "Open @MAP", kPush, Needs::Nothing, "mnuFileOpen"},
+    {"SAVE", "save", "Save @MAP", kPush, Needs::Nothing, "mnuFileSave"},
     {"", "", "", ButtonStyle::Separator},
-    {"CUT", "cut", "Cuts selection to clipboard", ButtonStyle::Push, Needs::SelectionOrText},
-    {"COPY", "copy", "Copies selection to clipboard", ButtonStyle::Push, Needs::SelectionOrText},
-    {"PASTE", "paste", "Pastes selection to clipboard"},
-    {"DELETE", "delete", "Deletes selection", ButtonStyle::Push, Needs::Selection},
+    {"CUT", "cut", "Cuts selection to clipboard", kPush, Needs::SelectionOrText, "mnuEditCut"},
+    {"COPY", "copy", "Copies selection to clipboard", kPush, Needs::SelectionOrText, "mnuEditCopy"},
+    {"PASTE", "paste", "Pastes selection to clipboard", kPush, Needs::Nothing, "mnuEditPaste"},
     {"", "", "", ButtonStyle::Separator},
-    {"UNDO", "undo", "Undo", ButtonStyle::Push, Needs::Undo},
-    {"REDO", "redo", "Redo", ButtonStyle::Push, Needs::Redo},
+    {"UNDO", "undo", "Undo", kPush, Needs::Undo},
+    {"REDO", "redo", "Redo", kPush, Needs::Redo},
+    {"", "", "", ButtonStyle::Separator},
+    {"PRINT", "print", "Print", kPush, Needs::Printers, "mnuFilePrint"},
 };
 
 // The tip of "DISPLAY" is spelled the way users know it.
 constexpr ButtonRow kFormat[] = {
     {"NEW", "newe", "New Element", ButtonStyle::DropDown},
     {"", "", "", ButtonStyle::Separator},
-    {"BOLD", "bold", "Bold", ButtonStyle::Push, Needs::Selection},
-    {"ITALIC", "italic", "Italic", ButtonStyle::Push, Needs::Selection},
-    {"ULINE", "uline", "Underline", ButtonStyle::Push, Needs::Selection},
-    {"LEFT", "left", "Left", ButtonStyle::Push, Needs::Selection},
-    {"CENTER", "center", "Center", ButtonStyle::Push, Needs::Selection},
-    {"RIGHT", "right", "Right", ButtonStyle::Push, Needs::Selection},
-    {"FRONT", "front", "Bring to front", ButtonStyle::Push, Needs::Selection},
-    {"BACK", "back", "Send to back", ButtonStyle::Push, Needs::Selection},
+    {"BOLD", "bold", "Bold", kPush, Needs::Selection},
+    {"ITALIC", "italic", "Italic", kPush, Needs::Selection},
+    {"ULINE", "uline", "Underline", kPush, Needs::Selection},
+    {"LEFT", "left", "Left", kPush, Needs::Selection},
+    {"CENTER", "center", "Center", kPush, Needs::Selection},
+    {"RIGHT", "right", "Right", kPush, Needs::Selection},
+    {"FRONT", "front", "Bring to front", kPush, Needs::Selection},
+    {"BACK", "back", "Send to back", kPush, Needs::Selection},
     {"DISPLAY", "display", "Toogles the display of both texts on and off", ButtonStyle::Check},
+    {"", "", "", ButtonStyle::Separator},
+    {"EXPAND", "expand", "Expand Timeline Nodes"},
+    {"COMPRESS", "compress", "Compress Timeline Nodes"},
 };
 
 constexpr const char *kView[] = {"mnuViewGrid", "mnuViewSnapGrid", "", "keyZoomOut", "mnuViewZoom100",
@@ -48,6 +54,12 @@ constexpr const char *kView[] = {"mnuViewGrid", "mnuViewSnapGrid", "", "keyZoomO
 std::span<const ButtonRow> MainButtons() { return kMain; }
 std::span<const ButtonRow> FormatButtons() { return kFormat; }
 std::span<const char *const> ViewButtons() { return kView; }
+
+QString TipOfMainButton(const QString &command) {
+    for (const ButtonRow &row : kMain)
+        if (command == QLatin1String(row.command)) return settings::ReplaceTerms(QString::fromUtf8(row.tip));
+    return {};
+}
 
 Toolbar::Toolbar(const QString &name, const QString &title, QWidget *parent) : QToolBar(title, parent) {
     setObjectName(name);

@@ -19,10 +19,13 @@ struct ButtonRow {
     const char *tip; // with placeholders of the product terms
     ButtonStyle style = ButtonStyle::Push;
     Needs needs = Needs::Nothing;
+    const char *command = ""; // that the button of tlbMain runs
 };
 
 std::span<const ButtonRow> MainButtons();   // tlbMain
 std::span<const ButtonRow> FormatButtons(); // tlbFormat
+// The tip of the button of tlbMain that runs the command; empty when none does.
+QString TipOfMainButton(const QString &command);
 // The keys of the commands that tlbView shows; an empty one is a separator.
 std::span<const char *const> ViewButtons();
 

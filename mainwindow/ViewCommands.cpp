@@ -1,6 +1,8 @@
 #include "mainwindow/Commands.h"
 
+#include "app/settings/clsRB.h"
 #include "diagram/view/SurfaceView.h"
+#include "mainwindow/CommandSearch.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/StartupSetting.h"
@@ -63,6 +65,51 @@ void mnuViewBackgroundClear(frmMain &window) {
     window.CurrentSurface().SetPicture({});
 }
 
+// A command whose routine is not there leaves the check as it was.
+void mnuViewTimeline(frmMain &window) {
+    window.Timeline().ShowHideTimelineNodes(window.CurrentSurface(),
+                                            window.MenuValue(QStringLiteral("mnuViewTimeline")));
+    window.ClickTab();
+}
+
+void mnuViewDefaultNode(frmMain &window) {
+    window.SetMousePointer(kNormal);
+    window.Timeline().DefaultNodeSetup(window.CurrentSurface());
+}
+
+void mnuViewTimelineSetup(frmMain &window) {
+    window.SetMousePointer(kNormal);
+    window.Timeline().TimelineSetup(window.CurrentSurface());
+}
+
+void mnuViewLevels(frmMain &window) {
+    window.SetMousePointer(kNormal);
+    window.ShowForm("frmLevels", &window.clsSettings().Levels(), QStringLiteral("The dialog for levels"));
+    window.LoadLevelCombo();
+    window.ssDBLevels_CloseUp();
+    window.DoFixColors();
+}
+
+void mnuViewGroups(frmMain &window) {
+    window.SetMousePointer(kNormal);
+    window.ShowForm("frmGroups", &window.clsSettings().Groups(), QStringLiteral("The dialog for groups"));
+    window.LoadGroupCombo();
+    window.ssDBLevels_CloseUp();
+}
+
+// The check follows what the question's answer has become, not the click.
+void mnuViewRBPrompt(frmMain &window) {
+    const QString key = QStringLiteral("mnuViewRBPrompt");
+    settings::clsRB prompt;
+    if (!window.MenuValue(key)) return prompt.ResetPrompt();
+    window.SetMousePointer(kNormal);
+    if (window.Desktop().dialogHost.Knows(QLatin1String(settings::kFormRB)))
+        prompt.DisplayPrompt(true);
+    else
+        window.TellNotYet(QStringLiteral("The question of the template bar"));
+    window.SetMenuValue(key, prompt.GetDisplayPrompt());
+}
+
 void mnuViewStartup(frmMain &window) {
     SetStartupEnabled(window.MenuValue(QStringLiteral("mnuViewStartup")));
 }
@@ -71,13 +118,14 @@ void SelectTab(frmMain &window, int step) {
     const int tab = window.TabStrip().TheTab() + step;
     if (tab >= 0 && tab < window.TabStrip().TabCount()) window.TabStrip().SetTheTab(tab);
 }
+
 void keyFont(frmMain &window) { window.cboFont().setFocus(Qt::ShortcutFocusReason); }
 void keyFontSize(frmMain &window) { window.cboFontSize().setFocus(Qt::ShortcutFocusReason); }
 
+void keySearch(frmMain &window) { window.Search().setFocus(Qt::ShortcutFocusReason); }
+
 void keyNextSlice(frmMain &window) { SelectTab(window, 1); }
 void keyPreviousSlice(frmMain &window) { SelectTab(window, -1); }
-
-void mnuViewTimelineSetup(frmMain &window) { window.Timeline().TimelineSetup(window.CurrentSurface()); }
 
 constexpr EntryKind kMenu = EntryKind::Menu;
 constexpr EntryKind kCommand = EntryKind::Command;
@@ -94,6 +142,7 @@ constexpr CommandRow kRows[] = {
     {"mnuViewZoom", "mnuViewZoom150", "150%", kCommand, mnuViewZoom150},
     {"mnuViewZoom", "mnuViewZoom75", "75%", kCommand, mnuViewZoom75},
     {"mnuViewZoom", "mnuViewZoomFit", "Fit in window", kCommand, mnuViewZoomFit, "zoomfit", "", "Ctrl+9"},
+    {"mnuView", "mnuViewTimeline", "&Timeline", kCheck, mnuViewTimeline, "timeline"},
     {"mnuView", "mnuViewBackgroun", "&Background", kMenu},
     {"mnuViewBackgroun", "mnuViewBackgroundColor", "&Color...", kCommand, mnuViewBackgroundColor, "colour"},
     {"mnuViewBackgroun", "mnuViewBackgroundPicture", "&Picture", kCommand, mnuViewBackgroundPicture,
@@ -101,15 +150,23 @@ constexpr CommandRow kRows[] = {
     Separator("mnuViewBackgroun"),
     {"mnuViewBackgroun", "mnuViewBackgroundClear", "C&lear", kCommand, mnuViewBackgroundClear},
     Separator("mnuView"),
+    {"mnuView", "mnuViewDefaultNode", "&Default @NODE...", kCommand, mnuViewDefaultNode, "defaultnode"},
+    {"mnuView", "mnuViewTimelineSetup", "&Timeline Setup...", kCommand, mnuViewTimelineSetup,
+     "timelinesetup"},
+    Separator("mnuView"),
+    {"mnuView", "mnuViewLevels", "Level Setup...", kCommand, mnuViewLevels, "levels"},
+    {"mnuView", "mnuViewGroups", "Group Setup...", kCommand, mnuViewGroups, "groups"},
+    Separator("mnuView"),
     {"mnuView", "mnuViewStartup", "Show Startup @MAP", kCheck, mnuViewStartup},
+    {"mnuView", "mnuViewRBPrompt", "Show RHS Prompt", kCheck, mnuViewRBPrompt},
 };
 
 constexpr CommandRow kKeyRows[] = {
     {nullptr, "keyZoomIn", "Zoom in", kCommand, keyZoomIn, "zoomin", "", "Ctrl++ Ctrl+="},
     {nullptr, "keyZoomOut", "Zoom out", kCommand, keyZoomOut, "zoomout", "", "Ctrl+-"},
-    {nullptr, "mnuViewTimelineSetup", "&Timeline Setup...", kCommand, mnuViewTimelineSetup, "timeline"},
     {nullptr, "keyFont", "Font", kCommand, keyFont, "", "", "Ctrl+Shift+F"},
-    {nullptr, "keyFontSize", "Font size", kCommand, keyFontSize, "", "", "Ctrl+Shift+P"},
+    {nullptr, "keyFontSize", "Font size", kCommand, keyFontSize, "", "", "Ctrl+Alt+F"},
+    {nullptr, "keySearch", "Search commands", kCommand, keySearch, "", "", "Ctrl+Shift+P"},
     {nullptr, "keyNextSlice", "Next @SLICE", kCommand, keyNextSlice, "", "", "Ctrl+PgDown"},
     {nullptr, "keyPreviousSlice", "Previous @SLICE", kCommand, keyPreviousSlice, "", "", "Ctrl+PgUp"},
 };

@@ -29,6 +29,12 @@ cStatusBar::cStatusBar(QWidget *parent)
     addPermanentWidget(progress_);
     addPermanentWidget(selection_);
 
+    hidden_ = AddButton(QStringLiteral("filter"), tr("Hidden by the filter"));
+    hidden_->setObjectName(QStringLiteral("HIDDEN"));
+    hidden_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    hidden_->setAutoRaise(false);
+    hidden_->hide();
+    connect(hidden_, &QToolButton::clicked, this, &cStatusBar::HiddenClicked);
     QToolButton *out = AddButton(QStringLiteral("zoomout"), tr("Zoom out"));
     zoom_ = AddButton(QString(), tr("Zoom"));
     zoom_->setToolButtonStyle(Qt::ToolButtonTextOnly);
@@ -60,6 +66,11 @@ QWidget *cStatusBar::Panel(const QString &key) const {
 void cStatusBar::SetDoing(const QString &text) { doing_->setText(text); }
 QString cStatusBar::Doing() const { return doing_->text(); }
 void cStatusBar::SetSelection(const QString &text) { selection_->setText(text); }
+void cStatusBar::SetHidden(const QString &text) {
+    hidden_->setText(text);
+    hidden_->setAccessibleName(text);
+    hidden_->setVisible(!text.isEmpty());
+}
 void cStatusBar::SetZoom(double percent) { zoom_->setText(tr("%1 %").arg(qRound(percent))); }
 void cStatusBar::SetZoomMenu(QMenu *menu) { zoomMenu_ = menu; }
 

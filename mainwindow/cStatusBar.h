@@ -21,6 +21,8 @@ public:
     void SetDoing(const QString &text);
     QString Doing() const;
     void SetSelection(const QString &text);
+    // What is hidden, in words, on a button that is there only while the text isn't empty.
+    void SetHidden(const QString &text);
     void SetZoom(double percent);
     // The button that shows the zoom opens this menu.
     void SetZoomMenu(QMenu *menu);
@@ -28,6 +30,7 @@ public:
 Q_SIGNALS:
     void ZoomOut();
     void ZoomIn();
+    void HiddenClicked();
 
 private:
     void PopUpZoomMenu();
@@ -36,6 +39,7 @@ private:
     QLabel *doing_;
     QWidget *progress_;
     QLabel *selection_;
+    QToolButton *hidden_;
     QToolButton *zoom_;
     QPointer<QMenu> zoomMenu_;
 };

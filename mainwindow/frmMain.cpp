@@ -14,9 +14,11 @@
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/SurfaceSink.h"
+#include "mainwindow/TickBox.h"
 
 #include <algorithm>
 #include <QApplication>
+#include <utility>
 
 namespace mainwindow {
 
@@ -44,6 +46,8 @@ frmMain::frmMain(support::Desktop &desktop) : desktop_(desktop), sink_(std::make
 }
 
 frmMain::~frmMain() {
+    for (TickBox *open : {ssDBGroups_, ssDBLevels_}) // its list closes with the window
+        if (open) open->disconnect(this);
     AddFlow1_.SetWatchers({}, {});
     if (frmPics_) frmPics_->RemoveUsage(*this);
 }
@@ -99,12 +103,17 @@ void frmMain::StepAside() {
 
 void frmMain::BuildMenus() {
     SmartMenuXP1a_->BuildMenus(settings::clsMRU(desktop_.registry).GetFiles(kRecentFilesLimit));
+    SetEnabled(Needs::Printers, false);
     SetMenuValue(QStringLiteral("mnuViewStartup"), settings::GetStartupEnabled());
+    SetMenuValue(QStringLiteral("mnuViewRBPrompt"), RHSPrompt());
 }
 
 void frmMain::Form_Activate() {
-    if (!activated_) CurrentView().setFocus();
-    activated_ = true;
+    if (std::exchange(activated_, true)) return;
+    CurrentView().setFocus();
+    // Listing the printers takes the machine a moment: the window is there first.
+    QTimer::singleShot(0, this,
+                       [this] { SetEnabled(Needs::Printers, !desktop_.printers.Names().isEmpty()); });
 }
 
 bool frmMain::MenuValue(const QString &key) const { return SmartMenuXP1a_->Value(key); }

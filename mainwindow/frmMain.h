@@ -2,14 +2,18 @@
 #pragma once
 
 #include "document/clsfrmMain.h"
+#include "document/FindText.h"
 #include "document/MapWindow.h"
 #include "document/SurfaceArray.h"
 #include "mainwindow/clsTabStrip.h"
+#include "mainwindow/Commands.h"
+#include "mainwindow/Exchange.h"
 #include "mainwindow/TimelineRoutines.h"
 
 #include <map>
 #include <memory>
 #include <optional>
+#include <QEventLoop>
 #include <QMainWindow>
 #include <QTimer>
 #include <vector>
@@ -22,16 +26,20 @@ class SurfaceView;
 
 namespace mainwindow {
 
+class CommandSearch;
 class cProgressBar;
 class cStatusBar;
+class FindBar;
 class frmLayers;
 class frmPics;
 class PickBox;
 class SliceTabs;
 class SmartMenu;
 class SurfaceSink;
+class TickBox;
 class TimelineMenu;
 class Toolbar;
+struct SearchEntry;
 
 // Deletes itself when it was closed. A new window is loaded and not shown; what its start raises reaches the
 // creator, such as error 3024 for a template.tpl that is missing.
@@ -83,6 +91,23 @@ public:
     PickBox &cboFont() const { return *cboFont_; }
     PickBox &cboFontSize() const { return *cboFontSize_; }
     void SMXP_Click(const QString &key);
+    // The lists of what is shown: filled from the groups and levels, ticked by a click, and applied to all
+    // slices when one of them closes. The map is as clean afterwards as before.
+    void LoadGroupCombo();
+    void LoadLevelCombo();
+    void ssDBGroups_Click(int row);
+    void ssDBLevels_Click(int row);
+    void ssDBGroups_CloseUp();
+    void ssDBLevels_CloseUp();
+    TickBox &ssDBGroups() const { return *ssDBGroups_; }
+    TickBox &ssDBLevels() const { return *ssDBLevels_; }
+    // Gives the nodes of the current slice the colours of their levels.
+    void DoFixColors();
+    // The bar that finds and replaces. Next and previous begin again at the end.
+    void OpenFindBar(bool replacing);
+    void CloseFindBar();
+    void FindNext(int step);
+    CommandSearch &Search() const { return *search_; }
     // Each runs through frmLayers, unseen but for the last, and rebuilds the slices: undo histories are lost
     // and the map is dirty even when nothing differs.
     void DoInsertSlice();
@@ -113,6 +138,10 @@ public:
     void ShowLinkProperties(diagram::Link &oLink);
     // What the window asks of the timeline; replaceable.
     TimelineRoutines &Timeline() { return timeline_; }
+    ExchangeRoutines &Exchange() { return exchange_; }
+    // Opens the form; while the program has none of that name, the status bar says that `what` is missing.
+    void ShowForm(const char *form, void *argument, const QString &what);
+    void TellNotYet(const QString &what);
     // The timeline node whose popup was opened last, or null.
     diagram::Node *oTemplateNode() const;
     // The read-out of AddFlow1_MouseMove; no part of the program turns it on.
@@ -154,6 +183,9 @@ private:
     void BuildMenus();
     void FillToolbars();
     void AddFontBoxes();
+    void AddFilterBoxes();
+    void AddFindBar();
+    void ConnectTabs();
     void ConnectControls();
     void Form_Load();
     void Initialize();
@@ -164,6 +196,8 @@ private:
     void tmrResize_Timer();
     // Whether a routine of some window lets events run and goes on with its windows afterwards.
     static bool InsideRoutine();
+    friend class LongTask;
+    void LetEventsRun(QEventLoop::ProcessEventsFlags flags);
     void Form_QueryUnload(bool &cancel);
     void Form_Unload();
     void SSTab_Click();
@@ -176,10 +210,18 @@ private:
     void SurfaceUnloading(diagram::Surface &surface);
     frmMain *OpenElsewhere(const QString &sFilename);
     bool MayReplace();
+    void SetEnabled(Needs needs, bool enabled);
     void UpdateStatus();
+    void ShowHiddenCount();
+    void ShowHideTimelineNodes();
+    std::vector<SearchEntry> SearchEntries();
+    void AddCommands(std::vector<SearchEntry> &entries);
+    void AddFormats(std::vector<SearchEntry> &entries);
+    std::vector<document::FindHit> Hits() const;
+    void ShowHits();
+    void ShowHit(const std::vector<document::FindHit> &hits, std::ptrdiff_t at);
+    void ReplaceHits(bool all);
     diagram::SurfaceView &ViewOf(int index) const { return *views_.at(index); }
-    // Opens the form; while the program has none of that name, the status bar says that `what` is missing.
-    void ShowForm(const char *form, void *argument, const QString &what);
     void ShowNodeDialog(diagram::Node &oNode);
     void ShowTimelineMenu(diagram::Node &oNode, float x, float y);
     void ShowPropertiesOfSelection(int index);
@@ -190,7 +232,6 @@ private:
     // The window that shows the hyperlink's target.
     frmMain *Follow(const document::cHyperlink &hyperlink);
     void FollowAll(const QString &node);
-    void TellNotYet(const QString &what);
     // Says something in the status bar until the user goes on; DropHint takes it away unless something else
     // stands there by now.
     void TellInPassing(const QString &text);
@@ -212,6 +253,12 @@ private:
     Toolbar *tlbMain_ = nullptr;
     Toolbar *tlbFormat_ = nullptr;
     Toolbar *tlbView_ = nullptr;
+    Toolbar *tlbFilter_ = nullptr;
+    TickBox *ssDBGroups_ = nullptr;
+    TickBox *ssDBLevels_ = nullptr;
+    CommandSearch *search_ = nullptr;
+    FindBar *findBar_ = nullptr;
+    document::FindHit hit_; // shown last
     PickBox *cboFont_ = nullptr;
     PickBox *cboFontSize_ = nullptr;
     SmartMenu *SmartMenuXP1a_ = nullptr;
@@ -219,6 +266,7 @@ private:
     // By slot and identity: what the popup was opened for can go while it is open.
     std::pair<int, diagram::ItemId> oTemplateNode_{-1, diagram::kNoItem};
     TimelineRoutines timeline_;
+    ExchangeRoutines exchange_;
     QString hint_;
     frmPics *frmPics_ = nullptr;
     QTimer tmrResize_;

@@ -17,16 +17,6 @@ namespace {
 using document::pointer::kHourglass;
 using document::pointer::kNormal;
 
-// The commands behind the buttons of the main toolbar.
-struct ButtonCommand {
-    const char *button;
-    const char *command;
-};
-constexpr ButtonCommand kMainCommands[] = {
-    {"NEW", "mnuFileNew"},   {"OPEN", "mnuFileOpen"},   {"SAVE", "mnuFileSave"},     {"CUT", "mnuEditCut"},
-    {"COPY", "mnuEditCopy"}, {"PASTE", "mnuEditPaste"}, {"DELETE", "mnuEditDelete"},
-};
-
 } // namespace
 
 void frmMain::SmartMenuXP1_Click(const QString &key) {
@@ -51,9 +41,9 @@ void frmMain::tlbMain_ButtonClick(const QString &key) {
             KeepTypedText();
             return key == QLatin1String("UNDO") ? CurrentSurface().Undo() : CurrentSurface().Redo();
         }
-        for (const ButtonCommand &command : kMainCommands)
-            if (key == QLatin1String(command.button))
-                return SmartMenuXP1_Click(QLatin1String(command.command));
+        for (const ButtonRow &row : MainButtons())
+            if (*row.command && key == QLatin1String(row.key))
+                return SmartMenuXP1_Click(QLatin1String(row.command));
         if (FindFormat(key)) return tlbFormat_ButtonClick(key);
         ShowUnknownButton(desktop_, key);
     });
@@ -78,19 +68,22 @@ void frmMain::UpdateCommands() {
         {Needs::Selection, selected},
         {Needs::SelectionOrText, selected || FocusedTextBox()},
     };
-    for (const auto &[needs, enabled] : states) {
-        SmartMenuXP1a_->SetEnabled(needs, enabled);
-        tlbMain_->SetEnabled(needs, enabled);
-        tlbFormat_->SetEnabled(needs, enabled);
-    }
+    for (const auto &[needs, enabled] : states) SetEnabled(needs, enabled);
     SetMenuValue(QStringLiteral("mnuViewGrid"), surface.GridLines());
     SetMenuValue(QStringLiteral("mnuViewSnapGrid"), surface.SnapToGrid());
     UpdateStatus();
 }
 
+void frmMain::SetEnabled(Needs needs, bool enabled) {
+    SmartMenuXP1a_->SetEnabled(needs, enabled);
+    tlbMain_->SetEnabled(needs, enabled);
+    tlbFormat_->SetEnabled(needs, enabled);
+}
+
 void frmMain::UpdateStatus() {
     staMain_->SetSelection(SelectionText(CurrentSurface()));
     staMain_->SetZoom(CurrentView().ShownZoom());
+    ShowHiddenCount();
 }
 
 } // namespace mainwindow

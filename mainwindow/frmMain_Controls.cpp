@@ -3,17 +3,21 @@
 
 #include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
+#include "mainwindow/CommandSearch.h"
 #include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"
+#include "mainwindow/FindBar.h"
 #include "mainwindow/frmPics.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SmartMenu.h"
+#include "mainwindow/TickBox.h"
 #include "mainwindow/TimelineMenu.h"
 #include "mainwindow/Toolbar.h"
 
 #include <QAction>
 #include <QIntValidator>
+#include <QLabel>
 #include <QMenuBar>
 #include <QSplitter>
 
@@ -29,6 +33,8 @@ void frmMain::BuildControls() {
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(true);
     SmartMenuXP1a_ = new SmartMenu(*menuBar(), *this);
+    search_ = new CommandSearch([this] { return SearchEntries(); }, menuBar());
+    menuBar()->setCornerWidget(search_);
     SMXP_ = new TimelineMenu(this);
     timeline_ = DefaultTimelineRoutines([this] { TellNotYet(tr("The timeline")); });
     BuildPanes();
@@ -55,7 +61,18 @@ void frmMain::BuildPanes() {
     SSTab_ctl_->setExpanding(false);
     SSTab_ctl_->setUsesScrollButtons(true);
     SSTab_ctl_->addTab(QStringLiteral("Map 1"));
+    AddFindBar();
     setCentralWidget(SSSplitter1_);
+}
+
+void frmMain::AddFindBar() {
+    findBar_ = new FindBar(picRHS_);
+    connect(findBar_, &FindBar::Changed, this, &frmMain::ShowHits);
+    connect(findBar_, &FindBar::Next, this, [this] { FindNext(1); });
+    connect(findBar_, &FindBar::Previous, this, [this] { FindNext(-1); });
+    connect(findBar_, &FindBar::Replace, this, [this] { ReplaceHits(false); });
+    connect(findBar_, &FindBar::ReplaceAll, this, [this] { ReplaceHits(true); });
+    connect(findBar_, &FindBar::Closed, this, &frmMain::CloseFindBar);
 }
 
 void frmMain::BuildStatusBar() {
@@ -71,12 +88,16 @@ void frmMain::BuildToolbars() {
     tlbMain_ = new Toolbar(QStringLiteral("tlbMain"), tr("Main"), this);
     tlbFormat_ = new Toolbar(QStringLiteral("tlbFormat"), tr("Format"), this);
     tlbView_ = new Toolbar(QStringLiteral("tlbView"), tr("View"), this);
-    for (Toolbar *bar : {tlbMain_, tlbFormat_, tlbView_}) addToolBar(bar);
+    tlbFilter_ = new Toolbar(QStringLiteral("tlbFilter"), tr("Filter"), this);
+    for (Toolbar *bar : {tlbMain_, tlbView_, tlbFilter_}) addToolBar(bar);
+    addToolBarBreak();
+    addToolBar(tlbFormat_);
 }
 
 void frmMain::FillToolbars() {
     tlbMain_->AddButtons(MainButtons());
     AddFontBoxes();
+    AddFilterBoxes();
     tlbFormat_->AddButtons(FormatButtons());
     for (const char *key : ViewButtons()) {
         if (QAction *entry = SmartMenuXP1a_->Item(QLatin1String(key)))
@@ -105,6 +126,23 @@ void frmMain::AddFontBoxes() {
     tlbFormat_->addSeparator();
 }
 
+void frmMain::AddFilterBoxes() {
+    ssDBGroups_ = new TickBox(QStringLiteral("ssDBGroups"), tr("Groups that are shown"), tlbFilter_);
+    ssDBLevels_ = new TickBox(QStringLiteral("ssDBLevels"), tr("Levels that are shown"), tlbFilter_);
+    const std::pair<TickBox *, QString> boxes[] = {{ssDBGroups_, tr("Groups")}, {ssDBLevels_, tr("Levels")}};
+    for (const auto &[box, label] : boxes) {
+        auto *text = new QLabel(label, tlbFilter_);
+        text->setIndent(6);
+        text->setBuddy(box);
+        tlbFilter_->addWidget(text);
+        tlbFilter_->addWidget(box);
+    }
+    connect(ssDBGroups_, &TickBox::Click, this, &frmMain::ssDBGroups_Click);
+    connect(ssDBGroups_, &TickBox::CloseUp, this, &frmMain::ssDBGroups_CloseUp);
+    connect(ssDBLevels_, &TickBox::Click, this, &frmMain::ssDBLevels_Click);
+    connect(ssDBLevels_, &TickBox::CloseUp, this, &frmMain::ssDBLevels_CloseUp);
+}
+
 void frmMain::ConnectControls() {
     connect(SmartMenuXP1a_, &SmartMenu::Click, this, &frmMain::SmartMenuXP1_Click);
     connect(tlbMain_, &Toolbar::ButtonClick, this, &frmMain::tlbMain_ButtonClick);
@@ -113,9 +151,19 @@ void frmMain::ConnectControls() {
     connect(cboFont_, &PickBox::Click, this, &frmMain::cboFont_Click);
     connect(cboFontSize_, &PickBox::Click, this, &frmMain::cboFontSize_Click);
     connect(SMXP_, &TimelineMenu::Click, this, &frmMain::SMXP_Click);
+    connect(search_, &CommandSearch::Done, this, [this] { CurrentView().setFocus(); });
+    connect(staMain_, &cStatusBar::HiddenClicked, this, [this] { ssDBGroups_->showPopup(); });
     connect(staMain_, &cStatusBar::ZoomIn, this, [this] { SmartMenuXP1_Click(QStringLiteral("keyZoomIn")); });
     connect(staMain_, &cStatusBar::ZoomOut, this,
             [this] { SmartMenuXP1_Click(QStringLiteral("keyZoomOut")); });
+    ConnectTabs();
+    connect(&tmrResize_, &QTimer::timeout, this,
+            [this] { support::Report("frmMain", "tmrResize_Timer", [this] { tmrResize_Timer(); }); });
+    connect(&update_, &QTimer::timeout, this,
+            [this] { support::Report("frmMain", "UpdateCommands", [this] { UpdateCommands(); }); });
+}
+
+void frmMain::ConnectTabs() {
     connect(&tabStrip_, &clsTabStrip::Click, this,
             [this] { support::Report("frmMain", "SSTab_Click", [this] { SSTab_Click(); }); });
     connect(SSTab_ctl_, &SliceTabs::RenameAsked, this, [this](int tab) {
@@ -126,10 +174,6 @@ void frmMain::ConnectControls() {
         support::Report("frmMain", "DoEditSlices", [&] { MoveSlice(from, to); });
     });
     connect(SSTab_ctl_, &SliceTabs::MenuAsked, this, &frmMain::ShowSliceMenu);
-    connect(&tmrResize_, &QTimer::timeout, this,
-            [this] { support::Report("frmMain", "tmrResize_Timer", [this] { tmrResize_Timer(); }); });
-    connect(&update_, &QTimer::timeout, this,
-            [this] { support::Report("frmMain", "UpdateCommands", [this] { UpdateCommands(); }); });
 }
 
 } // namespace mainwindow

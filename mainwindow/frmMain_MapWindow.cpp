@@ -46,18 +46,17 @@ void frmMain::SetMousePointer(int pointer) {
 void frmMain::SetWindowCaption(const QString &caption) { setWindowTitle(caption); }
 
 // Input waits: a key pressed during a load must not reach a map that is half there.
-void frmMain::DoEvents() {
+void frmMain::DoEvents() { LetEventsRun(QEventLoop::ExcludeUserInputEvents); }
+
+void frmMain::LetEventsRun(QEventLoop::ProcessEventsFlags flags) {
     const QScopedValueRollback<bool> letting(lettingEventsRun_, true);
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    QCoreApplication::processEvents(flags);
 }
 
 void frmMain::DoResize() {
     Form_Resize();
     picRHS_Resize();
 }
-
-// The window has no filter lists.
-void frmMain::LoadCombos() {}
 
 void frmMain::ClickTab() { SSTab_Click(); }
 

@@ -5,13 +5,16 @@
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/clsLockWindowUpdate.h"
 #include "mainwindow/EditSlices.h"
+#include "mainwindow/FindBar.h"
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/HintText.h"
 #include "mainwindow/ItemDescription.h"
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/SurfaceSink.h"
+#include "timeline/TimelineNodes.h"
 
+#include <algorithm>
 #include <QApplication>
 #include <QMenu>
 
@@ -59,6 +62,10 @@ void frmMain::SSTab_Click() {
     view.show();
     view.raise();
     view.setAccessibleName(tabStrip_.Caption());
+    const std::vector<diagram::Node *> months = timeline::LocateTimelineNodes(CurrentSurface());
+    SetMenuValue(QStringLiteral("mnuViewTimeline"),
+                 std::any_of(months.begin(), months.end(),
+                             [](const diagram::Node *month) { return !month->Hidden(); }));
     if (onSurface) view.setFocus();
     ScheduleUpdate();
 }
@@ -66,7 +73,10 @@ void frmMain::SSTab_Click() {
 void frmMain::picRHS_Resize() {
     const QRect inner = picRHS_->rect();
     tabStrip_.Move(0, 0, inner.width(), inner.height());
-    const int height = qMax(0, inner.height() - tabStrip_.TabHeight());
+    const int tabs = tabStrip_.TabHeight();
+    const int bar = findBar_->isHidden() ? 0 : findBar_->sizeHint().height();
+    findBar_->setGeometry(0, inner.height() - tabs - bar, inner.width(), bar);
+    const int height = qMax(0, inner.height() - tabs - bar);
     for (const auto &[index, view] : views_) {
         view->setGeometry(0, 0, inner.width(), height);
         view->show();
@@ -94,9 +104,8 @@ void frmMain::DoDeleteSlice() {
 }
 
 void frmMain::DoEditSlices() {
-    EditSlices([this](frmLayers &form) {
-        desktop_.dialogHost.ShowModal(QLatin1String(kFormLayers), &form, this);
-    });
+    EditSlices(
+        [this](frmLayers &form) { desktop_.dialogHost.ShowModal(QLatin1String(kFormLayers), &form, this); });
 }
 
 void frmMain::MoveSlice(int from, int to) {

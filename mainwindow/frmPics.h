@@ -1,5 +1,7 @@
-// What all windows of the process share: the program's icon and the lists of fonts.
+// What all windows of the process share: the program's icon, the lists of fonts, the automatic layouts.
 #pragma once
+
+#include "mainwindow/LayoutTool.h"
 
 #include <QIcon>
 #include <QObject>
@@ -29,6 +31,9 @@ public:
     // at the first question: the machine takes its time to list them.
     const QStringList &cboFont();
     const QStringList &cboFontSize();
+    // The settings of the two automatic layouts.
+    LayoutTool &HFlow() { return hFlow_; }
+    LayoutTool &TFlow() { return tFlow_; }
 
 private:
     explicit frmPics(QObject *parent);
@@ -39,6 +44,7 @@ private:
     QTimer tmrEnd_;
     QStringList fonts_;
     QStringList sizes_;
+    LayoutTool hFlow_, tFlow_;
 };
 
 } // namespace mainwindow

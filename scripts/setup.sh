@@ -6,7 +6,7 @@ fail() {
     exit 1
 }
 
-packages_build="g++ cmake ninja-build pkg-config ccache mold qt6-base-dev libqt6svg6-dev libgl1-mesa-dev
+packages_build="g++ cmake ninja-build pkg-config ccache mold qt6-base-dev libqt6svg6-dev libgraphviz-dev libgl1-mesa-dev
 libsqlitecpp-dev libsqlite3-dev mdbtools-dev libboost-dev libpugixml-dev fonts-dejavu-core"
 packages_test="libgtest-dev libgmock-dev"
 packages_bench="libbenchmark-dev"

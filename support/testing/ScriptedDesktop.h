@@ -143,8 +143,14 @@ public:
         QString form;
         std::function<bool(void *argument)> action; // none: the form is cancelled
     };
+    // From now on no form of that name is known.
+    void Miss(const QString &form) { missing_ << form; }
+    bool Knows(const QString &form) const override { return !missing_.contains(form); }
     std::deque<Expected> expected;
     QStringList shown;
+
+private:
+    QStringList missing_;
 };
 
 class ScriptedDesktop {

@@ -241,7 +241,7 @@ TEST_F(FontBoxes, TheirKeysReachThemFromTheSurface) {
     Press(window, QStringLiteral("Ctrl+Shift+F"));
     EXPECT_TRUE(Font(window).hasFocus());
     window.CurrentView().setFocus();
-    Press(window, QStringLiteral("Ctrl+Shift+P"));
+    Press(window, QStringLiteral("Ctrl+Alt+F"));
     EXPECT_TRUE(Size(window).hasFocus());
 }
 

@@ -1,0 +1,57 @@
+// The box at the right end of the menu bar that finds a command by its words.
+#pragma once
+
+#include <functional>
+#include <QIcon>
+#include <QLineEdit>
+#include <vector>
+
+class QCompleter;
+class QStandardItemModel;
+
+namespace mainwindow {
+
+struct SearchEntry {
+    QString caption;
+    QString place; // the menu that holds it; empty for a command in no menu
+    QString words; // by which it is found besides
+    QString keys;  // as the user reads them
+    QIcon icon;
+    bool enabled = true;
+    std::function<void()> run;
+};
+
+class CommandSearch : public QLineEdit {
+    Q_OBJECT
+public:
+    using Source = std::function<std::vector<SearchEntry>()>;
+    // `source` is asked each time the user comes to the box.
+    CommandSearch(Source source, QWidget *parent);
+
+    QSize sizeHint() const override; // all that the menu bar goes by
+    // The captions that the list offers for what is typed.
+    QStringList Offered() const;
+
+Q_SIGNALS:
+    // The user is through with the box: a command was chosen, or Escape pressed.
+    void Done();
+
+protected:
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void Offer();
+    void Choose(const QModelIndex &index);
+    // The command of that row of the list; one that is disabled stays.
+    void Run(int row);
+    void Leave();
+
+    Source source_;
+    std::vector<SearchEntry> entries_;
+    QStandardItemModel *offered_;
+    QCompleter *list_;
+};
+
+} // namespace mainwindow

@@ -1,0 +1,141 @@
+#include "mainwindow/Exchange.h"
+
+#include "app/settings/Settings.h"
+#include "diagram/export/Export.h"
+#include "diagram/format/SurfaceFile.h"
+#include "document/LastPath.h"
+#include "mainwindow/frmMain.h"
+#include "support/clsPaths.h"
+
+#include <QCoreApplication>
+
+namespace mainwindow {
+
+namespace {
+
+using document::pointer::kNormal;
+using support::Answer;
+
+constexpr long kImportFlags = support::fileflags::kFileMustExist | support::fileflags::kHideReadOnly;
+constexpr long kExportFlags = support::fileflags::kPathMustExist | support::fileflags::kOverwritePrompt;
+
+QString Tr(const char *text) { return QCoreApplication::translate("Exchange", text); }
+
+// The rows of the file dialogs, counted from 1 in their order.
+enum ImportRow { kMapRow = 1, kFlatRow, kCsvRow };
+enum ExportRow { kFlatOut = 1, kCsvOut, kRichTextOut, kHtmlOut, kPresentationOut };
+
+QString FlatFileRow() {
+    const settings::ProductTerms &terms = settings::Terms();
+    return QStringLiteral("%1|*.%2").arg(terms.FLAT, terms.FLATEXT);
+}
+
+QString ImportFilter() {
+    const settings::ProductTerms &terms = settings::Terms();
+    return QStringLiteral("%1 Files|*.%2|%3|Text File (CSV)|*.csv").arg(terms.MAP, terms.EXT, FlatFileRow());
+}
+
+QString ExportFilter() {
+    return FlatFileRow() + QStringLiteral("|Text File (CSV)|*.csv|Rich Text Format|*.rtf"
+                                          "|HTML Files|*.htm;*.html|Microsoft PowerPoint Presentation|*.ppt");
+}
+
+Answer AskReplaceOrNew(frmMain &window) {
+    const QString &map = settings::Terms().MAP;
+    return window.Desktop().messageBoxes.Show(
+        QStringLiteral("Would you like to REPLACE the existing map or create a NEW %1 to import into?\r\r"
+                       "YES to REPLACE\rNO to import into a NEW %1\rCANCEL to Cancel")
+            .arg(map),
+        support::Buttons::YesNoCancel, support::Icon::Question, QStringLiteral("Import ") + map);
+}
+
+// Makes room for what comes in: an emptied slice or a new one. False when the user gave up.
+bool MakeRoom(frmMain &window) {
+    const Answer answer = AskReplaceOrNew(window);
+    if (answer == Answer::Yes) {
+        window.CurrentSurface().Nodes().Clear();
+        return true;
+    }
+    if (answer == Answer::Cancel) return false;
+    const int before = window.TabStrip().TabCount();
+    window.DoInsertSlice();
+    if (window.TabStrip().TabCount() <= before) return false;
+    window.TabStrip().SetTheTab(window.TabStrip().TabCount() - 1);
+    return true;
+}
+
+void ImportCsv(frmMain &window, const QString &file) {
+    if (!window.Exchange().ImportMap) return window.TellNotYet(Tr("Importing text files"));
+    if (MakeRoom(window)) window.Exchange().ImportMap(window.CurrentSurface(), file);
+}
+
+void ImportFlatFile(frmMain &window, const QString &file) {
+    if (!window.Exchange().PrepFileForImport) return window.TellNotYet(Tr("Importing flat files"));
+    if (!MakeRoom(window)) return;
+    window.Exchange().PrepFileForImport(window.CurrentSurface(), file);
+    diagram::LoadFile(window.CurrentSurface(), file);
+    window.clsSettings().Dirty = true;
+}
+
+void ImportWholeMap(frmMain &window, const QString &file) {
+    if (!window.Exchange().DoImportMap) return window.TellNotYet(Tr("Importing maps"));
+    window.Exchange().DoImportMap(window, file);
+}
+
+void ExportCsv(frmMain &window, const QString &file) {
+    if (!window.Exchange().ExportMap) return window.TellNotYet(Tr("Exporting text files"));
+    window.Exchange().ExportMap(window.CurrentSurface(), file);
+}
+
+void ExportReport(frmMain &window, const QString &file) {
+    if (!window.Exchange().clsExport) return window.TellNotYet(Tr("Exporting reports"));
+    window.Exchange().clsExport(window.CurrentSurface(), file);
+}
+
+void ExportFlatFile(frmMain &window, const QString &file) {
+    diagram::SaveFile(window.CurrentSurface(), file);
+}
+
+void ExportPresentation(frmMain &window, const QString &file) {
+    QString target = file;
+    window.ShowForm("frmPowerPoint", &target, Tr("Exporting presentations"));
+}
+
+using FileRoutine = void (*)(frmMain &, const QString &);
+constexpr FileRoutine kImports[] = {ImportWholeMap, ImportFlatFile, ImportCsv};
+constexpr FileRoutine kExports[] = {ExportFlatFile, ExportCsv, ExportReport, ExportReport,
+                                    ExportPresentation};
+
+template <std::size_t Size>
+void RunRow(const FileRoutine (&rows)[Size], int row, frmMain &window, const QString &file) {
+    if (!file.isEmpty() && row >= 1 && row <= int(Size)) rows[row - 1](window, file);
+}
+
+} // namespace
+
+void mnuFileImport(frmMain &window) {
+    window.SetMousePointer(kNormal);
+    int row = kMapRow;
+    const QString file = window.Desktop().dialogs.ShowOpenFileDialog(
+        ImportFilter(), settings::Terms().FLATEXT, document::LastPath(), kImportFlags, &window, row);
+    RunRow(kImports, row, window, file);
+}
+
+void mnuFileExport(frmMain &window) {
+    window.SetMousePointer(kNormal);
+    int row = kPresentationOut;
+    const QString file = window.Desktop().dialogs.ShowSaveFileDialog(
+        ExportFilter(), settings::Terms().FLATEXT, document::LastPath(), kExportFlags, &window, row);
+    RunRow(kExports, row, window, file);
+}
+
+void mnuFileExportPicture(frmMain &window) {
+    window.SetMousePointer(kNormal);
+    int row = 1;
+    const QString file = window.Desktop().dialogs.ShowSaveFileDialog(
+        QStringLiteral("Windows Meta File|*.wmf"), QStringLiteral("wmf"), support::clsPaths().GetMyDocsPath(),
+        kExportFlags, &window, row);
+    if (!file.isEmpty()) diagram::WriteMetafile(window.CurrentSurface(), file);
+}
+
+} // namespace mainwindow

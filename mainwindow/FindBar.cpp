@@ -1,0 +1,124 @@
+#include "mainwindow/FindBar.h"
+
+#include "mainwindow/Icons.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QToolButton>
+
+namespace mainwindow {
+
+namespace {
+constexpr int kFieldCharacters = 24;
+constexpr int kCountCharacters = 16;
+} // namespace
+
+FindBar::FindBar(QWidget *parent) : QWidget(parent) {
+    setObjectName(QStringLiteral("FindBar"));
+    setAutoFillBackground(true);
+    auto *rows = new QVBoxLayout(this);
+    rows->setContentsMargins(6, 4, 6, 4);
+    auto *finding = new QHBoxLayout;
+    rows->addLayout(finding);
+    txtFind_ = AddField("txtFind", tr("F&ind"), finding);
+    lblCount_ = new QLabel(this);
+    lblCount_->setObjectName(QStringLiteral("lblCount"));
+    lblCount_->setMinimumWidth(fontMetrics().averageCharWidth() * kCountCharacters);
+    finding->addWidget(lblCount_);
+    connect(AddButton("cmdPrevious", {}, QStringLiteral("up"), tr("Previous (Shift+F3)"), finding),
+            &QToolButton::clicked, this, &FindBar::Previous);
+    connect(AddButton("cmdNext", {}, QStringLiteral("down"), tr("Next (F3)"), finding), &QToolButton::clicked,
+            this, &FindBar::Next);
+    chkCase_ = AddOption("chkCase", tr("&Match case"), finding);
+    chkWords_ = AddOption("chkWords", tr("&Whole words"), finding);
+    finding->addStretch(1);
+    connect(AddButton("cmdClose", {}, QStringLiteral("close"), tr("Close (Escape)"), finding),
+            &QToolButton::clicked, this, &FindBar::Closed);
+
+    replacing_ = new QWidget(this);
+    auto *replacing = new QHBoxLayout(replacing_);
+    replacing->setContentsMargins(0, 0, 0, 0);
+    rows->addWidget(replacing_);
+    txtReplace_ = AddField("txtReplace", tr("Re&place with"), replacing);
+    connect(AddButton("cmdReplace", tr("&Replace"), {}, {}, replacing), &QToolButton::clicked, this,
+            &FindBar::Replace);
+    connect(AddButton("cmdReplaceAll", tr("Replace &all"), {}, {}, replacing), &QToolButton::clicked, this,
+            &FindBar::ReplaceAll);
+    replacing->addStretch(1);
+
+    connect(txtFind_, &QLineEdit::textChanged, this, &FindBar::Changed);
+    connect(chkCase_, &QCheckBox::toggled, this, &FindBar::Changed);
+    connect(chkWords_, &QCheckBox::toggled, this, &FindBar::Changed);
+    hide();
+}
+
+QLineEdit *FindBar::AddField(const char *name, const QString &label, QLayout *row) {
+    auto *field = new QLineEdit(this);
+    field->setObjectName(QLatin1String(name));
+    field->setMinimumWidth(fontMetrics().averageCharWidth() * kFieldCharacters);
+    field->setClearButtonEnabled(true);
+    auto *text = new QLabel(label, this);
+    text->setBuddy(field);
+    row->addWidget(text);
+    row->addWidget(field);
+    return field;
+}
+
+QToolButton *FindBar::AddButton(const char *name, const QString &text, const QString &image,
+                                const QString &tip, QLayout *row) {
+    auto *button = new QToolButton(this);
+    button->setObjectName(QLatin1String(name));
+    button->setText(text);
+    button->setIcon(Icon(image));
+    button->setToolTip(tip);
+    if (text.isEmpty()) button->setAccessibleName(tip);
+    button->setAutoRaise(text.isEmpty());
+    button->setFocusPolicy(Qt::StrongFocus);
+    row->addWidget(button);
+    return button;
+}
+
+QCheckBox *FindBar::AddOption(const char *name, const QString &text, QLayout *row) {
+    auto *option = new QCheckBox(text, this);
+    option->setObjectName(QLatin1String(name));
+    row->addWidget(option);
+    return option;
+}
+
+void FindBar::Open(bool replacing) {
+    replacing_->setVisible(replacing);
+    show();
+    txtFind_->setFocus(Qt::ShortcutFocusReason);
+    txtFind_->selectAll();
+}
+
+QString FindBar::Sought() const { return txtFind_->text(); }
+QString FindBar::Replacement() const { return txtReplace_->text(); }
+document::FindOptions FindBar::Options() const { return {chkCase_->isChecked(), chkWords_->isChecked()}; }
+
+void FindBar::SetCount(int at, int count) {
+    if (Sought().isEmpty())
+        lblCount_->clear();
+    else if (count == 0)
+        lblCount_->setText(tr("Nothing found"));
+    else
+        lblCount_->setText(tr("%1 of %2").arg(QLocale().toString(at), QLocale().toString(count)));
+}
+
+void FindBar::keyPressEvent(QKeyEvent *event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->key() == Qt::Key_Escape)
+        Q_EMIT Closed();
+    else if (enter && txtReplace_->hasFocus())
+        Q_EMIT Replace();
+    else if (enter && txtFind_->hasFocus())
+        event->modifiers() & Qt::ShiftModifier ? Q_EMIT Previous() : Q_EMIT Next();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+} // namespace mainwindow

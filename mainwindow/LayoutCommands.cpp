@@ -1,0 +1,72 @@
+#include "diagram/layout/Layout.h"
+#include "document/Tags.h"
+#include "mainwindow/ActionGroup.h"
+#include "mainwindow/Commands.h"
+#include "mainwindow/frmLayout.h"
+#include "mainwindow/frmMain.h"
+#include "mainwindow/frmPics.h"
+#include "mainwindow/LongTask.h"
+#include "support/Error.h"
+#include "support/Val.h"
+#include "timeline/TimelineNodes.h"
+
+#include <QCoreApplication>
+
+namespace mainwindow {
+
+namespace {
+
+// The months come back to their places whatever was laid out.
+void ArrangeTimeline(frmMain &window) {
+    diagram::Surface &surface = window.CurrentSurface();
+    if (timeline::LocateTimelineNodes(surface).empty()) return;
+    const double align = support::Val(document::GetTag(surface, document::tags::kTimelineAlign));
+    window.Timeline().ArrangeTimeLineNodes(surface, int(align));
+}
+
+void mnuLayoutHExecute(frmMain &window) {
+    const ActionGroup step(window.CurrentSurface());
+    const LayoutTool &tool = frmPics::Shared().HFlow();
+    LongTask task(window, QCoreApplication::translate("Layout", "Laying out"));
+    diagram::LayOutInLayers(window.CurrentSurface(), tool.scope, tool.options, [&] { return task.GoOn(); });
+    ArrangeTimeline(window);
+}
+
+// What is no tree stays as it is, without a word.
+void mnuLayoutTreeExecute(frmMain &window) {
+    try {
+        const ActionGroup step(window.CurrentSurface());
+        const LayoutTool &tool = frmPics::Shared().TFlow();
+        diagram::LayOutAsTree(window.CurrentSurface(), tool.scope, tool.options);
+        ArrangeTimeline(window);
+    } catch (const support::Error &) {
+    }
+}
+
+void ShowOptions(frmMain &window, LayoutTool &tool, const QString &title) {
+    window.SetMousePointer(document::pointer::kNormal);
+    LayoutFormArgument argument{tool, title};
+    window.Desktop().dialogHost.ShowModal(QLatin1String(kFormLayout), &argument, &window);
+}
+
+void mnuLayoutHOptions(frmMain &window) {
+    ShowOptions(window, frmPics::Shared().HFlow(),
+                QCoreApplication::translate("Layout", "Hierarchical Layout"));
+}
+void mnuLayoutTreeOptions(frmMain &window) {
+    ShowOptions(window, frmPics::Shared().TFlow(), QCoreApplication::translate("Layout", "Tree Layout"));
+}
+
+constexpr CommandRow kRows[] = {
+    {"", "mnuLayout", "&Layout", EntryKind::Menu},
+    {"mnuLayout", "mnuLayoutHExecute", "Hierarchical", EntryKind::Command, mnuLayoutHExecute, "layers"},
+    {"mnuLayout", "mnuLayoutTreeExecute", "Tree", EntryKind::Command, mnuLayoutTreeExecute, "tree"},
+    {nullptr, "mnuLayoutHOptions", "Hierarchical layout options...", EntryKind::Command, mnuLayoutHOptions},
+    {nullptr, "mnuLayoutTreeOptions", "Tree layout options...", EntryKind::Command, mnuLayoutTreeOptions},
+};
+
+} // namespace
+
+std::span<const CommandRow> LayoutCommands() { return kRows; }
+
+} // namespace mainwindow

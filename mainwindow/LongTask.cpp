@@ -1,0 +1,77 @@
+#include "mainwindow/LongTask.h"
+
+#include "mainwindow/frmMain.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+namespace mainwindow {
+
+namespace {
+
+constexpr qint64 kPatience = 500; // milliseconds
+constexpr int kSteps = 99;        // of the progress bar; then it begins again
+
+bool IsInput(QEvent::Type type) {
+    switch (type) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+    case QEvent::Shortcut:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+    case QEvent::DragEnter:
+    case QEvent::Drop:
+    case QEvent::InputMethod:
+    case QEvent::Close:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+LongTask::LongTask(frmMain &window, const QString &doing) : window_(&window), doing_(doing) {
+    running_.start();
+}
+
+LongTask::~LongTask() {
+    if (!shown_) return;
+    qApp->removeEventFilter(this);
+    if (!window_) return;
+    window_->SetProgress(0);
+    window_->DoStatus(givenUp_ ? tr("%1 was given up.").arg(doing_) : QString());
+}
+
+void LongTask::Begin() {
+    shown_ = true;
+    qApp->installEventFilter(this);
+    window_->DoStatus(tr("%1... Escape gives up.").arg(doing_));
+}
+
+bool LongTask::GoOn() {
+    if (givenUp_ || !window_) return false;
+    const qint64 elapsed = running_.elapsed();
+    if (elapsed < kPatience) return true;
+    if (!shown_) Begin();
+    constexpr qint64 kMillisecondsOfStep = 50;
+    window_->SetProgress(1 + int(elapsed / kMillisecondsOfStep % kSteps));
+    window_->LetEventsRun(QEventLoop::AllEvents);
+    return !givenUp_ && window_;
+}
+
+// Closing, too, waits until the work is done.
+bool LongTask::eventFilter(QObject *, QEvent *event) {
+    if (!IsInput(event->type())) return false;
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape)
+        givenUp_ = true;
+    if (event->type() == QEvent::Close) event->ignore();
+    return true;
+}
+
+} // namespace mainwindow

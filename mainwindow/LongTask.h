@@ -1,0 +1,38 @@
+// Work of the one thread that may take long: after half a second the status bar says what goes on, and Escape
+// gives it up.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+namespace mainwindow {
+
+class frmMain;
+
+// Asked often by the work. Until the half second is over it does nothing. From then on it lets events run:
+// windows are painted, but no other input reaches them while the work lasts.
+class LongTask : public QObject {
+public:
+    // `doing` is what the status bar says, such as "Laying out".
+    LongTask(frmMain &window, const QString &doing);
+    ~LongTask() override;
+
+    // False once the user has pressed Escape, or the window is gone.
+    bool GoOn();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void Begin();
+
+    QPointer<frmMain> window_;
+    QString doing_;
+    QElapsedTimer running_;
+    bool shown_ = false;
+    bool givenUp_ = false;
+};
+
+} // namespace mainwindow

@@ -1,0 +1,135 @@
+#include "mainwindow/TickBox.h"
+
+#include <QKeyEvent>
+#include <QListView>
+#include <QMouseEvent>
+#include <QStandardItemModel>
+#include <QStyledItemDelegate>
+#include <QStylePainter>
+#include <QWheelEvent>
+#include <utility>
+
+namespace mainwindow {
+
+namespace {
+constexpr int kCharacters = 12; // of the closed box
+constexpr int kMostRows = 20;   // without scrolling
+constexpr int kKeyRole = Qt::UserRole;
+} // namespace
+
+TickBox::TickBox(const QString &name, const QString &tip, QWidget *parent)
+    : QComboBox(parent), rows_(new QStandardItemModel(this)) {
+    setObjectName(name);
+    setToolTip(tip);
+    setAccessibleName(tip);
+    setModel(rows_);
+    auto *list = new QListView(this);
+    setView(list);
+    setItemDelegate(new QStyledItemDelegate(this)); // the combo's own draws no boxes to tick
+    list->setAccessibleName(tip);
+    list->installEventFilter(this);
+    list->viewport()->installEventFilter(this);
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(kCharacters);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setMaxVisibleItems(kMostRows);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void TickBox::SetRows(const std::vector<TickRow> &rows) {
+    const int current = view()->currentIndex().row();
+    rows_->setRowCount(int(rows.size()));
+    for (int at = 0; at < int(rows.size()); ++at) {
+        auto *item = new QStandardItem(rows[std::size_t(at)].name);
+        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+        item->setData(rows[std::size_t(at)].key, kKeyRole);
+        rows_->setItem(at, item);
+        SetTicked(at, rows[std::size_t(at)].ticked);
+    }
+    if (open_) view()->setCurrentIndex(rows_->index(qMin(current, rows_->rowCount() - 1), 0));
+}
+
+TickRow TickBox::Row(int row) const {
+    const QStandardItem *item = rows_->item(row);
+    return item ? TickRow{item->checkState() == Qt::Checked, item->text(), item->data(kKeyRole).toString()}
+                : TickRow{};
+}
+
+void TickBox::SetTicked(int row, bool ticked) {
+    rows_->item(row)->setCheckState(ticked ? Qt::Checked : Qt::Unchecked);
+}
+
+void TickBox::SetText(const QString &text) {
+    text_ = text;
+    setAccessibleDescription(text);
+    update();
+}
+
+void TickBox::showPopup() {
+    open_ = true;
+    view()->setMinimumWidth(view()->sizeHintForColumn(0) +
+                            2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    QComboBox::showPopup();
+    if (!view()->currentIndex().isValid()) view()->setCurrentIndex(rows_->index(0, 0));
+}
+
+void TickBox::hidePopup() {
+    QComboBox::hidePopup();
+    if (std::exchange(open_, false)) Q_EMIT CloseUp();
+}
+
+bool TickBox::TakesClick(QEvent *event) {
+    if (event->type() != QEvent::MouseButtonRelease && event->type() != QEvent::MouseButtonDblClick)
+        return false;
+    const QModelIndex index = view()->indexAt(static_cast<QMouseEvent *>(event)->position().toPoint());
+    if (index.isValid() && event->type() == QEvent::MouseButtonRelease) Q_EMIT Click(index.row());
+    return true;
+}
+
+bool TickBox::TakesKey(QEvent *event) {
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    if (key == Qt::Key_Tab || key == Qt::Key_Return || key == Qt::Key_Enter) {
+        hidePopup();
+        return true;
+    }
+    if (key != Qt::Key_Space && key != Qt::Key_Select) return false;
+    if (view()->currentIndex().isValid()) Q_EMIT Click(view()->currentIndex().row());
+    return true;
+}
+
+bool TickBox::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == view()->viewport() && TakesClick(event)) return true;
+    if (watched == view() && TakesKey(event)) return true;
+    return QComboBox::eventFilter(watched, event);
+}
+
+void TickBox::paintEvent(QPaintEvent *) {
+    QStylePainter painter(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    option.currentText = fontMetrics().elidedText(text_, Qt::ElideRight, field.width() - 4);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+// The closed box has nothing to step through: the keys that would do so open it.
+void TickBox::keyPressEvent(QKeyEvent *event) {
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F4:
+        return showPopup();
+    default:
+        event->ignore();
+    }
+}
+
+void TickBox::wheelEvent(QWheelEvent *event) { event->ignore(); }
+
+} // namespace mainwindow

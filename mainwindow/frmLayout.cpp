@@ -1,0 +1,59 @@
+#include "mainwindow/frmLayout.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDoubleSpinBox>
+#include <QFormLayout>
+
+namespace mainwindow {
+
+namespace {
+constexpr double kTwipsOfPixel = 15;
+constexpr int kFurthest = 1000; // pixels
+} // namespace
+
+frmLayout::frmLayout(const LayoutFormArgument &argument, QWidget *parent)
+    : QDialog(parent), tool_(argument.tool) {
+    setObjectName(QLatin1String(kFormLayout));
+    setWindowTitle(argument.title);
+    cboOrientation_ = new QComboBox(this);
+    cboOrientation_->setObjectName(QStringLiteral("cboOrientation"));
+    // In the order of LayoutOrientation.
+    cboOrientation_->addItems({tr("Downwards"), tr("Upwards"), tr("To the right"), tr("To the left")});
+    cboOrientation_->setCurrentIndex(int(tool_.options.orientation));
+    txtLevels_ = AddDistance("txtLevels", tool_.options.levelDistance);
+    txtNeighbours_ = AddDistance("txtNeighbours", tool_.options.neighbourDistance);
+    chkSelection_ = new QCheckBox(tr("Lay out only what is &selected"), this);
+    chkSelection_->setObjectName(QStringLiteral("chkSelection"));
+    chkSelection_->setChecked(tool_.scope == diagram::LayoutScope::Selection);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto *form = new QFormLayout(this);
+    form->addRow(tr("&Orientation"), cboOrientation_);
+    form->addRow(tr("Distance of &levels"), txtLevels_);
+    form->addRow(tr("Distance of &neighbours"), txtNeighbours_);
+    form->addRow(chkSelection_);
+    form->addRow(buttons);
+}
+
+QDoubleSpinBox *frmLayout::AddDistance(const char *name, double twips) {
+    auto *box = new QDoubleSpinBox(this);
+    box->setObjectName(QLatin1String(name));
+    box->setDecimals(0);
+    box->setRange(0, kFurthest);
+    box->setSuffix(tr(" px"));
+    box->setValue(twips / kTwipsOfPixel);
+    return box;
+}
+
+void frmLayout::accept() {
+    tool_.options = {diagram::LayoutOrientation(cboOrientation_->currentIndex()),
+                     txtLevels_->value() * kTwipsOfPixel, txtNeighbours_->value() * kTwipsOfPixel};
+    tool_.scope = chkSelection_->isChecked() ? diagram::LayoutScope::Selection : diagram::LayoutScope::All;
+    QDialog::accept();
+}
+
+} // namespace mainwindow

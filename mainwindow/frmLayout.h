@@ -1,0 +1,38 @@
+// The options of an automatic layout.
+#pragma once
+
+#include "mainwindow/LayoutTool.h"
+
+#include <QDialog>
+
+class QCheckBox;
+class QComboBox;
+class QDoubleSpinBox;
+
+namespace mainwindow {
+
+// Its name for DialogHost, and the argument that it takes.
+inline constexpr char kFormLayout[] = "frmLayout";
+struct LayoutFormArgument {
+    LayoutTool &tool; // changed by OK alone
+    QString title;
+};
+
+class frmLayout : public QDialog {
+    Q_OBJECT
+public:
+    frmLayout(const LayoutFormArgument &argument, QWidget *parent);
+
+    void accept() override;
+
+private:
+    QDoubleSpinBox *AddDistance(const char *name, double twips);
+
+    LayoutTool &tool_;
+    QComboBox *cboOrientation_;
+    QDoubleSpinBox *txtLevels_;
+    QDoubleSpinBox *txtNeighbours_;
+    QCheckBox *chkSelection_;
+};
+
+} // namespace mainwindow

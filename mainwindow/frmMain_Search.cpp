@@ -1,0 +1,92 @@
+// What the search for commands finds.
+#include "mainwindow/frmMain.h"
+
+#include "app/settings/Settings.h"
+#include "mainwindow/CommandMatch.h"
+#include "mainwindow/Commands.h"
+#include "mainwindow/CommandSearch.h"
+#include "mainwindow/Icons.h"
+#include "mainwindow/ShapeMenu.h"
+#include "mainwindow/SmartMenu.h"
+#include "mainwindow/Toolbar.h"
+
+#include <QAction>
+#include <QMenu>
+
+namespace mainwindow {
+
+namespace {
+
+QString WithTerms(const char *text) { return settings::ReplaceTerms(QString::fromUtf8(text)); }
+
+// The first of the row's keys, as the platform writes it.
+QString KeysOf(const CommandRow &row) {
+    for (const char *keys : {row.accelerator, row.keys, row.surfaceKey}) {
+        const QString first = QString::fromLatin1(keys).section(u' ', 0, 0);
+        if (!first.isEmpty()) return QKeySequence(first).toString(QKeySequence::NativeText);
+    }
+    return {};
+}
+
+// The menu that holds the row, with those around it.
+QString PlaceOf(const CommandRow &row) {
+    if (!row.parent || !*row.parent) return {};
+    for (const CommandRow &menu : Commands()) {
+        if (menu.kind != EntryKind::Menu || QLatin1String(menu.key) != QLatin1String(row.parent)) continue;
+        const QString outer = PlaceOf(menu), caption = PlainCaption(WithTerms(menu.caption));
+        return outer.isEmpty() ? caption : outer + QStringLiteral(" \u203a ") + caption;
+    }
+    return {};
+}
+
+} // namespace
+
+std::vector<SearchEntry> frmMain::SearchEntries() {
+    std::vector<SearchEntry> entries;
+    AddCommands(entries);
+    AddFormats(entries);
+    for (const ShapeEntry &shape : ShapeEntries())
+        entries.push_back({.caption = tr("New %1").arg(shape.caption),
+                           .place = {},
+                           .words = tr("shape element"),
+                           .keys = {},
+                           .icon = ShapeIcon(shape.tag),
+                           .run = [this, tag = shape.tag] { tlbFormat_ButtonMenuClick(tag); }});
+    return entries;
+}
+
+void frmMain::AddCommands(std::vector<SearchEntry> &entries) {
+    for (const CommandRow &row : Commands()) {
+        if (!row.routine || (row.offered && !row.offered())) continue;
+        const QString key = QLatin1String(row.key);
+        QAction *item = SmartMenuXP1a_->Item(key);
+        entries.push_back({.caption = PlainCaption(WithTerms(row.caption)),
+                           .place = PlaceOf(row),
+                           .words = WithTerms(row.tip) + u' ' + TipOfMainButton(key),
+                           .keys = KeysOf(row),
+                           .icon = Icon(QLatin1String(row.image)),
+                           .enabled = !item || item->isEnabled(),
+                           .run = [this, key] {
+                               if (QAction *entry = SmartMenuXP1a_->Item(key))
+                                   entry->trigger();
+                               else
+                                   SmartMenuXP1_Click(key);
+                           }});
+    }
+}
+
+void frmMain::AddFormats(std::vector<SearchEntry> &entries) {
+    for (const ButtonRow &row : FormatButtons()) {
+        QAction *button = tlbFormat_->Button(QLatin1String(row.key));
+        if (!button) continue;
+        entries.push_back({.caption = WithTerms(row.tip),
+                           .place = {},
+                           .words = tr("Format"),
+                           .keys = {},
+                           .icon = button->icon(),
+                           .enabled = button->isEnabled(),
+                           .run = [button] { button->trigger(); }});
+    }
+}
+
+} // namespace mainwindow

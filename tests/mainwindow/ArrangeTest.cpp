@@ -1,0 +1,160 @@
+#include "app/settings/clsRB.h"
+#include "diagram/view/SurfaceView.h"
+#include "document/DefaultNodes.h"
+#include "document/Tags.h"
+#include "support/Files.h"
+#include "tests/mainwindow/WindowTest.h"
+#include "timeline/TimelineNodes.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTest>
+
+namespace mainwindow::testing {
+
+namespace {
+
+// Three nodes of 1500 by 900, selected.
+struct Arranging : WindowTest {
+    frmMain &window = NewWindow();
+    diagram::Node &a = AddNode(window, 0, 0), &b = AddNode(window, 2000, 1500),
+                  &c = AddNode(window, 6000, 6000);
+
+    Arranging() {
+        for (diagram::Node *node : {&a, &b, &c}) node->SetSelected(true);
+    }
+    void Run(const char *key) { window.SmartMenuXP1_Click(QLatin1String(key)); }
+};
+
+} // namespace
+
+TEST_F(Arranging, LinesUpAsOneStepAndMarksTheMap) {
+    Run("keyAlignLeft");
+    EXPECT_EQ(b.Left(), 0);
+    EXPECT_EQ(c.Left(), 0);
+    EXPECT_TRUE(window.clsSettings().Dirty);
+    Run("mnuEditUndo");
+    EXPECT_EQ(b.Left(), 2000);
+    EXPECT_EQ(c.Left(), 6000);
+}
+
+TEST_F(Arranging, EachCommandDoesItsOwn) {
+    const struct {
+        const char *key;
+        float left, top; // of b
+    } rows[] = {{"keyAlignRight", 6000, 1500},    {"keyAlignCentre", 3000, 1500},
+                {"keyAlignTop", 2000, 0},         {"keyAlignMiddle", 2000, 3000},
+                {"keyAlignBottom", 2000, 6000},   {"keyDistributeAcross", 3000, 1500},
+                {"keyDistributeDown", 2000, 3000}};
+    for (const auto &row : rows) {
+        Run(row.key);
+        EXPECT_EQ(b.Left(), row.left) << row.key;
+        EXPECT_EQ(b.Top(), row.top) << row.key;
+        Run("mnuEditUndo");
+    }
+}
+
+TEST_F(Arranging, EqualSizesFollowTheNodeThatIsSelectedFirst) {
+    window.CurrentSurface().SelectedNode()->SetWidth(3000);
+    const float width = window.CurrentSurface().SelectedNode()->Width();
+    Run("keySameWidth");
+    for (const diagram::Node *node : {&a, &b, &c}) EXPECT_EQ(node->Width(), width);
+}
+
+TEST_F(Arranging, ZoomToSelectionShowsItWholeAndLarge) {
+    window.CurrentSurface().UnselectAll();
+    c.SetSelected(true);
+    Run("keyZoomSelection");
+    const diagram::SurfaceView &view = window.CurrentView();
+    const QRectF box(view.FromSurface(c.Bounds().topLeft()), view.FromSurface(c.Bounds().bottomRight()));
+    EXPECT_TRUE(QRectF(view.viewport()->rect()).contains(box));
+    EXPECT_GT(view.ShownZoom(), 300);
+    EXPECT_EQ(window.CurrentSurface().xZoom(), 100);
+}
+
+TEST_F(Arranging, DuplicatePutsACopyBesideWithKeysOfItsOwnInOneStep) {
+    a.SetKey(QStringLiteral("{a}"));
+    window.CurrentSurface().UnselectAll();
+    a.SetSelected(true);
+    ProcessEvents();
+    Press(window, QStringLiteral("Ctrl+D"));
+    ASSERT_EQ(window.CurrentSurface().Nodes().Count(), 4);
+    const diagram::Node &copy = window.CurrentSurface().Nodes().Item(4);
+    EXPECT_EQ(copy.Left(), 300);
+    EXPECT_TRUE(copy.Selected());
+    EXPECT_FALSE(a.Selected());
+    EXPECT_NE(copy.Key(), a.Key());
+    EXPECT_TRUE(window.clsSettings().Dirty);
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 3);
+}
+
+TEST_F(Arranging, StretchingTheStripWithoutATimelineChangesNothingButMarksTheMap) {
+    for (const char *key : {"EXPAND", "COMPRESS"}) {
+        window.clsSettings().Dirty = false;
+        window.tlbFormat_ButtonClick(QLatin1String(key));
+        EXPECT_TRUE(window.clsSettings().Dirty);
+        EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 3);
+        EXPECT_TRUE(document::GetTag(window.CurrentSurface(), document::tags::kTimelineAlign).isEmpty());
+    }
+}
+
+TEST_F(Arranging, StretchingTheStripWorksAlongItsAxis) {
+    diagram::Node &months = document::AddHiddenNode(window.CurrentSurface(), timeline::kTemplateNodeText);
+    months.SetWidth(1000);
+    months.SetHeight(500);
+    int updates = 0;
+    window.Timeline().UpdateTimeLineNodes = [&](diagram::Surface &, bool arrange) { updates += arrange; };
+    window.tlbFormat_ButtonClick(QStringLiteral("EXPAND"));
+    EXPECT_EQ(document::GetTag(window.CurrentSurface(), document::tags::kTimelineAlign), QStringLiteral("4"));
+    EXPECT_FLOAT_EQ(months.Width(), 1100);
+    document::SetTag(window.CurrentSurface(), document::tags::kTimelineAlign, QStringLiteral("1"));
+    window.tlbFormat_ButtonClick(QStringLiteral("COMPRESS"));
+    EXPECT_FLOAT_EQ(months.Width(), 1100);
+    EXPECT_FLOAT_EQ(months.Height(), 450);
+    EXPECT_EQ(updates, 2);
+}
+
+TEST_F(Arranging, HelpAndWebsiteAreOpenedByTheirPrograms) {
+    desktop.ExpectLaunch(QDir(support::ProgramPath()).filePath(QStringLiteral("help.pdf")));
+    Press(window, QStringLiteral("F1"));
+    desktop.ExpectLaunch(QStringLiteral("https://www.velmora.example/"));
+    Run("mnuHelpWeb");
+}
+
+TEST_F(Arranging, AProgramThatIsMissingIsTold) {
+    const QString help = QDir(support::ProgramPath()).filePath(QStringLiteral("help.pdf"));
+    desktop.ExpectLaunch(help, false);
+    desktop.ExpectMessage(
+        QStringLiteral("Cannot Launch Program! \r\nCan not find the following file\r\n'%1'").arg(help));
+    Run("mnuHelpHelp");
+}
+
+TEST_F(Arranging, ThePromptOfTheTemplateBarIsTickedWhileItWouldBeAsked) {
+    const QString key = QStringLiteral("mnuViewRBPrompt");
+    EXPECT_TRUE(window.MenuValue(key));
+    auto *entry = window.findChild<QAction *>(key);
+    entry->trigger(); // off: the answer is forgotten, so the question will be asked again
+    EXPECT_TRUE(settings::clsRB().GetDisplayPrompt());
+    desktop.ExpectForm(QLatin1String(settings::kFormRB), [](void *argument) {
+        auto &answer = *static_cast<settings::clsRB *>(argument);
+        EXPECT_TRUE(answer.Force);
+        answer.Choice = settings::clsRB::kNew;
+        answer.SaveValue = true;
+        return true;
+    });
+    entry->trigger();
+    EXPECT_FALSE(window.MenuValue(key));
+    EXPECT_FALSE(settings::clsRB().GetDisplayPrompt());
+}
+
+TEST_F(Arranging, SlicesTurnByTheirKeys) {
+    window.AddFlow1().Load(1);
+    window.TabStrip().SetTabCount(2);
+    Press(window, QStringLiteral("Ctrl+PgDown"));
+    EXPECT_EQ(window.TabStrip().TheTab(), 1);
+    Press(window, QStringLiteral("Ctrl+PgUp"));
+    EXPECT_EQ(window.TabStrip().TheTab(), 0);
+}
+
+} // namespace mainwindow::testing

@@ -1,0 +1,158 @@
+#include "document/Tags.h"
+#include "mainwindow/cStatusBar.h"
+#include "mainwindow/Filter.h"
+#include "mainwindow/TickBox.h"
+#include "tests/mainwindow/WindowTest.h"
+
+#include <QAbstractItemView>
+#include <QTest>
+#include <QToolButton>
+
+namespace mainwindow::testing {
+
+namespace {
+
+// The map's groups are "Sales" and, ticked, "Finance"; its levels "1" and, ticked, "2".
+struct FilterBoxes : WindowTest {
+    frmMain &window = NewWindow();
+    TickBox &groups = window.ssDBGroups(), &levels = window.ssDBLevels();
+
+    diagram::Node &Tagged(int group, int level) {
+        diagram::Node &node = AddNode(window, 300, 300);
+        document::SetTag(node, document::tags::kGroup, window.clsSettings().Groups().Item(group).Key);
+        document::SetTag(node, document::tags::kLevel, window.clsSettings().Levels().Item(level).Key);
+        return node;
+    }
+    void ClickRow(TickBox &box, int row) {
+        QAbstractItemView *list = box.view();
+        const QRect at = list->visualRect(list->model()->index(row, 0));
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at.center());
+        ProcessEvents();
+    }
+    void Open(TickBox &box) {
+        QTest::mouseClick(&box, Qt::LeftButton);
+        ProcessEvents();
+    }
+    void Close(TickBox &box) {
+        QTest::keyClick(box.view(), Qt::Key_Escape);
+        ProcessEvents();
+    }
+    QToolButton &Chip() { return *window.findChild<QToolButton *>(QStringLiteral("HIDDEN")); }
+};
+
+} // namespace
+
+TEST_F(FilterBoxes, ListTheGroupsAndLevelsOfTheMap) {
+    EXPECT_EQ(groups.count(), 2);
+    EXPECT_EQ(groups.Row(0),
+              (TickRow{false, QStringLiteral("Sales"), window.clsSettings().Groups().Item(1).Key}));
+    EXPECT_EQ(groups.Row(1),
+              (TickRow{true, QStringLiteral("Finance"), window.clsSettings().Groups().Item(2).Key}));
+    EXPECT_EQ(groups.Text(), QStringLiteral("Finance"));
+    EXPECT_EQ(levels.Text(), QStringLiteral("2"));
+}
+
+TEST_F(FilterBoxes, SeveralRowsAreTickedWithoutOpeningTheListAgain) {
+    window.clsSettings().Groups().Create(QStringLiteral("Staff"), false);
+    window.LoadCombos();
+    Open(groups);
+    ASSERT_TRUE(groups.view()->isVisible());
+    ClickRow(groups, 0);
+    ClickRow(groups, 2);
+    ClickRow(groups, 1);
+    EXPECT_TRUE(groups.view()->isVisible());
+    EXPECT_EQ(groups.Text(), QStringLiteral("Sales,Staff"));
+    EXPECT_TRUE(window.clsSettings().Groups().Item(3).Selected);
+    EXPECT_FALSE(window.clsSettings().Groups().Item(2).Selected);
+}
+
+TEST_F(FilterBoxes, WorkByKeyboard) {
+    groups.setFocus();
+    QTest::keyClick(&groups, Qt::Key_Down);
+    ProcessEvents();
+    ASSERT_TRUE(groups.view()->isVisible());
+    groups.view()->setCurrentIndex(groups.model()->index(0, 0));
+    QTest::keyClick(groups.view(), Qt::Key_Space);
+    EXPECT_EQ(groups.Text(), QStringLiteral("Sales,Finance"));
+    QTest::keyClick(groups.view(), Qt::Key_Down);
+    QTest::keyClick(groups.view(), Qt::Key_Space);
+    EXPECT_EQ(groups.Text(), QStringLiteral("Sales"));
+}
+
+TEST_F(FilterBoxes, TheFilterIsAppliedToAllSlicesWhenTheListCloses) {
+    diagram::Node &sales = Tagged(1, 2), &finance = Tagged(2, 2);
+    window.AddFlow1().Load(1);
+    window.TabStrip().SetTabCount(2);
+    diagram::Node &other = window.AddFlow1()[1].Nodes().Add(0, 0, 1500, 900);
+    other.SetTag(sales.Tag());
+    window.clsSettings().Dirty = false;
+    Open(groups);
+    EXPECT_FALSE(sales.Hidden());
+    Close(groups);
+    EXPECT_TRUE(sales.Hidden());
+    EXPECT_TRUE(other.Hidden());
+    EXPECT_FALSE(finance.Hidden());
+    EXPECT_FALSE(window.clsSettings().Dirty);
+    EXPECT_FALSE(window.CurrentSurface().CanUndo());
+    Open(groups);
+    ClickRow(groups, 0);
+    Close(groups);
+    EXPECT_FALSE(sales.Hidden());
+}
+
+TEST_F(FilterBoxes, ClosingTheLevelsAppliesTheFilterToo) {
+    diagram::Node &first = Tagged(2, 1);
+    Open(levels);
+    Close(levels);
+    EXPECT_TRUE(first.Hidden());
+}
+
+TEST_F(FilterBoxes, AGroupRenamedStillFilters) {
+    diagram::Node &node = Tagged(2, 2);
+    window.clsSettings().Groups().Item(2).GroupName = QStringLiteral("Money, mostly 'hers'");
+    window.LoadGroupCombo();
+    window.ssDBGroups_CloseUp();
+    EXPECT_TRUE(node.Hidden()) << "a name with a comma matches no group";
+    window.clsSettings().Groups().Item(2).GroupName = QStringLiteral("Money 'hers'");
+    window.LoadGroupCombo();
+    window.ssDBGroups_CloseUp();
+    EXPECT_FALSE(node.Hidden());
+}
+
+TEST_F(FilterBoxes, GroupsOfOneNameTurnTheTickRoundOneAfterTheOther) {
+    window.clsSettings().Groups().Create(QStringLiteral("Sales"), false);
+    window.LoadCombos();
+    window.ssDBGroups_Click(0);
+    EXPECT_TRUE(window.clsSettings().Groups().Item(1).Selected);
+    EXPECT_FALSE(window.clsSettings().Groups().Item(3).Selected);
+}
+
+TEST_F(FilterBoxes, TheStatusBarSaysHowManyNodesAreHidden) {
+    EXPECT_TRUE(Chip().isHidden());
+    Tagged(1, 2);
+    window.ssDBGroups_CloseUp();
+    ProcessEvents();
+    EXPECT_EQ(Chip().text(), QStringLiteral("1 Node hidden"));
+    EXPECT_TRUE(Chip().isVisible());
+    Chip().click();
+    ProcessEvents();
+    EXPECT_TRUE(groups.view()->isVisible());
+    ClickRow(groups, 0);
+    Close(groups);
+    ProcessEvents();
+    EXPECT_TRUE(Chip().isHidden());
+}
+
+TEST_F(FilterBoxes, LevelSetupRepaintsTheCurrentSliceInTheColoursOfItsLevels) {
+    desktop.ExpectForm(QStringLiteral("frmLevels"), [this](void *argument) {
+        static_cast<document::cLevels *>(argument)->Item(2).Color = 0x123456;
+        return true;
+    });
+    diagram::Node &node = Tagged(2, 2), &plain = AddNode(window, 0, 0);
+    const auto before = plain.FillColor();
+    window.SmartMenuXP1_Click(QStringLiteral("mnuViewLevels"));
+    EXPECT_EQ(node.FillColor(), 0x123456);
+    EXPECT_EQ(plain.FillColor(), before);
+}
+
+} // namespace mainwindow::testing

@@ -1,0 +1,116 @@
+#include "diagram/view/SurfaceView.h"
+#include "mainwindow/cStatusBar.h"
+#include "mainwindow/frmLayout.h"
+#include "mainwindow/frmPics.h"
+#include "mainwindow/LongTask.h"
+#include "tests/mainwindow/WindowTest.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDoubleSpinBox>
+#include <QPushButton>
+#include <QTest>
+
+namespace mainwindow::testing {
+
+// Three nodes on one place, the first linked to the others.
+struct Layout : WindowTest {
+    frmMain &window = NewWindow();
+    diagram::Surface &surface = window.CurrentSurface();
+    diagram::Node &top = AddNode(window, 1500, 1500), &left = AddNode(window, 1500, 1500),
+                  &right = AddNode(window, 1600, 1500);
+
+    Layout() {
+        top.Links().Add(left);
+        top.Links().Add(right);
+    }
+    ~Layout() override {
+        frmPics::Shared().HFlow() = {};
+        frmPics::Shared().TFlow() = {};
+    }
+    void Run(const char *key) { window.SmartMenuXP1_Click(QLatin1String(key)); }
+    bool IsLaidOut() const {
+        return top.Top() + top.Height() < left.Top() && left.Top() == right.Top() &&
+               left.Left() + left.Width() < right.Left();
+    }
+};
+
+TEST_F(Layout, HierarchicalLaysOutInLayersAsOneStep) {
+    Run("mnuLayoutHExecute");
+    EXPECT_TRUE(IsLaidOut());
+    Run("mnuEditUndo");
+    EXPECT_EQ(top.Top(), left.Top());
+    Run("mnuEditRedo");
+    EXPECT_TRUE(IsLaidOut());
+}
+
+TEST_F(Layout, TreeLaysOutAsOneStep) {
+    Run("mnuLayoutTreeExecute");
+    EXPECT_TRUE(IsLaidOut());
+    EXPECT_EQ(top.Left() + top.Width() / 2, (left.Left() + right.Left() + right.Width()) / 2);
+    Run("mnuEditUndo");
+    EXPECT_EQ(top.Top(), left.Top());
+}
+
+TEST_F(Layout, TreeSaysNothingOfADiagramThatIsNone) {
+    left.Links().Add(top);
+    Run("mnuLayoutTreeExecute");
+    EXPECT_EQ(top.Top(), left.Top());
+    EXPECT_TRUE(desktop.Messages().empty());
+}
+
+TEST_F(Layout, LayoutsLeaveTheMapUnmarked) {
+    window.clsSettings().Dirty = false;
+    Run("mnuLayoutHExecute");
+    Run("mnuLayoutTreeExecute");
+    EXPECT_FALSE(window.clsSettings().Dirty);
+}
+
+TEST_F(Layout, OptionsAreTakenOnOkAndUsed) {
+    desktop.ExpectForm(QLatin1String(kFormLayout), [](void *argument) {
+        frmLayout form(*static_cast<LayoutFormArgument *>(argument), nullptr);
+        form.findChild<QComboBox *>(QStringLiteral("cboOrientation"))->setCurrentIndex(2);
+        form.findChild<QDoubleSpinBox *>(QStringLiteral("txtLevels"))->setValue(100);
+        form.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click();
+        return true;
+    });
+    Run("mnuLayoutTreeOptions");
+    Run("mnuLayoutTreeExecute");
+    EXPECT_EQ(left.Left(), top.Left() + top.Width() + 1500);
+    EXPECT_EQ(frmPics::Shared().HFlow().options, diagram::LayoutOptions());
+}
+
+TEST_F(Layout, CancelledOptionsAreLeftAsTheyWere) {
+    desktop.ExpectForm(QLatin1String(kFormLayout), [](void *argument) {
+        frmLayout form(*static_cast<LayoutFormArgument *>(argument), nullptr);
+        form.findChild<QCheckBox *>(QStringLiteral("chkSelection"))->setChecked(true);
+        form.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Cancel)->click();
+        return false;
+    });
+    Run("mnuLayoutHOptions");
+    EXPECT_EQ(frmPics::Shared().HFlow().scope, diagram::LayoutScope::All);
+}
+
+// A task that runs for longer than it may without a word.
+TEST_F(Layout, EscapeGivesALongTaskUpAndNoOtherInputArrives) {
+    auto *bar = window.findChild<cStatusBar *>(QStringLiteral("staMain"));
+    {
+        LongTask task(window, QStringLiteral("Laying out"));
+        EXPECT_TRUE(task.GoOn());
+        EXPECT_EQ(bar->Doing(), QString());
+        while (bar->Doing().isEmpty()) ASSERT_TRUE(task.GoOn());
+        EXPECT_EQ(bar->Doing(), QStringLiteral("Laying out... Escape gives up."));
+        QTest::keyClick(&window.CurrentView(), Qt::Key_X);
+        QTest::mouseClick(window.CurrentView().viewport(), Qt::LeftButton);
+        window.close();
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_TRUE(task.GoOn());
+        QTest::keyClick(&window.CurrentView(), Qt::Key_Escape);
+        EXPECT_FALSE(task.GoOn());
+    }
+    EXPECT_FALSE(window.CurrentView().IsEditing());
+    EXPECT_EQ(bar->Doing(), QStringLiteral("Laying out was given up."));
+}
+
+} // namespace mainwindow::testing
