@@ -9,6 +9,8 @@
 #include "mainwindow/frmMain.h"
 #include "support/ExceptionFilter.h"
 #include "support/real/RealDesktop.h"
+#include "timeline/setup/frmDate.h"
+#include "timeline/setup/frmTimelineSetup.h"
 
 #include <cstdio>
 
@@ -40,6 +42,17 @@ void AddForms(support::RealDesktop &desktop) {
     });
     desktop.Forms().Add(QLatin1String(mainwindow::kFormLayers), [](void *argument, support::Owner) {
         return static_cast<mainwindow::frmLayers *>(argument)->exec() == QDialog::Accepted;
+    });
+    desktop.Forms().Add(QLatin1String(timeline::kFormTimelineSetup),
+                        [](void *argument, support::Owner owner) {
+                            const auto &setup = *static_cast<timeline::TimelineSetupArgument *>(argument);
+                            timeline::frmTimelineSetup form(setup, static_cast<QWidget *>(owner));
+                            if (setup.pressOk) return form.OKButton_Click(), true;
+                            return form.exec() == QDialog::Accepted;
+                        });
+    desktop.Forms().Add(QLatin1String(timeline::kFormDate), [](void *argument, support::Owner owner) {
+        auto &date = *static_cast<timeline::DateFormArgument *>(argument);
+        return timeline::frmDate(date, static_cast<QWidget *>(owner)).exec() == QDialog::Accepted;
     });
     desktop.Forms().Add(QLatin1String(mainwindow::kFormLayout), [](void *argument, support::Owner owner) {
         const auto &layout = *static_cast<mainwindow::LayoutFormArgument *>(argument);

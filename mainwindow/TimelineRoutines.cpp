@@ -1,18 +1,23 @@
 #include "mainwindow/TimelineRoutines.h"
 
 #include "timeline/AdjustLinks.h"
+#include "timeline/Arrange.h"
+#include "timeline/TimelineNodes.h"
 
 namespace mainwindow {
 
-TimelineRoutines DefaultTimelineRoutines(std::function<void()> notYet) {
-    const auto onSurface = [notYet](diagram::Surface &) { notYet(); };
-    return {.AdjustLinks = timeline::AdjustLinks,
-            .ArrangeTimeLineNodes = [notYet](diagram::Surface &, int) { notYet(); },
-            .DoUnHideTimelineNodes = onSurface,
-            .ShowHideTimelineNodes = [notYet](diagram::Surface &, bool) { notYet(); },
-            .UpdateTimeLineNodes = [notYet](diagram::Surface &, bool) { notYet(); },
-            .DefaultNodeSetup = onSurface,
-            .TimelineSetup = onSurface};
+TimelineRoutines DefaultTimelineRoutines(document::MapWindow &window) {
+    return {
+        .AdjustLinks = timeline::AdjustLinks,
+        .ArrangeTimeLineNodes = [&window](diagram::Surface &flow,
+                                          int align) { timeline::ArrangeTimeLineNodes(window, flow, align); },
+        .DoUnHideTimelineNodes =
+            [&window](diagram::Surface &flow) { timeline::DoUnHideTimelineNodes(window, flow); },
+        .ShowHideTimelineNodes = timeline::ShowHideTimelineNodes,
+        .UpdateTimeLineNodes =
+            [&window](diagram::Surface &flow, bool arrange) {
+                timeline::UpdateTimeLineNodes(window, flow, arrange);
+            }};
 }
 
 } // namespace mainwindow

@@ -7,6 +7,9 @@ namespace diagram {
 class Node;
 class Surface;
 } // namespace diagram
+namespace document {
+class MapWindow;
+}
 
 namespace mainwindow {
 
@@ -21,13 +24,9 @@ struct TimelineRoutines {
     std::function<void(diagram::Surface &Flow, bool Shown)> ShowHideTimelineNodes;
     // Gives the months the look of the strip's template, and lays the strip out anew when Arrange says so.
     std::function<void(diagram::Surface &Flow, bool Arrange)> UpdateTimeLineNodes;
-    // Shows the settings of the default node and gives them to new nodes.
-    std::function<void(diagram::Surface &Flow)> DefaultNodeSetup;
-    // Shows the settings of the strip and lays it out anew.
-    std::function<void(diagram::Surface &Flow)> TimelineSetup;
 };
 
-// AdjustLinks as it is; each of the others calls `notYet`.
-TimelineRoutines DefaultTimelineRoutines(std::function<void()> notYet);
+// The routines of the timeline on the slices of that window, which must outlive them.
+TimelineRoutines DefaultTimelineRoutines(document::MapWindow &window);
 
 } // namespace mainwindow

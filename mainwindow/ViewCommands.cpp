@@ -6,6 +6,7 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/StartupSetting.h"
+#include "mainwindow/TimelineCommands.h"
 #include "mainwindow/ZoomSteps.h"
 #include "support/clsPaths.h"
 
@@ -63,23 +64,6 @@ void mnuViewBackgroundPicture(frmMain &window) {
 void mnuViewBackgroundClear(frmMain &window) {
     window.CurrentSurface().SetBackColor(support::kWhite);
     window.CurrentSurface().SetPicture({});
-}
-
-// A command whose routine is not there leaves the check as it was.
-void mnuViewTimeline(frmMain &window) {
-    window.Timeline().ShowHideTimelineNodes(window.CurrentSurface(),
-                                            window.MenuValue(QStringLiteral("mnuViewTimeline")));
-    window.ClickTab();
-}
-
-void mnuViewDefaultNode(frmMain &window) {
-    window.SetMousePointer(kNormal);
-    window.Timeline().DefaultNodeSetup(window.CurrentSurface());
-}
-
-void mnuViewTimelineSetup(frmMain &window) {
-    window.SetMousePointer(kNormal);
-    window.Timeline().TimelineSetup(window.CurrentSurface());
 }
 
 void mnuViewLevels(frmMain &window) {
@@ -166,6 +150,8 @@ constexpr CommandRow kKeyRows[] = {
     {nullptr, "keyZoomOut", "Zoom out", kCommand, keyZoomOut, "zoomout", "", "Ctrl+-"},
     {nullptr, "keyFont", "Font", kCommand, keyFont, "", "", "Ctrl+Shift+F"},
     {nullptr, "keyFontSize", "Font size", kCommand, keyFontSize, "", "", "Ctrl+Alt+F"},
+    {nullptr, "keyDate", "Date...", kCommand, keyDate, "timeline", "", "Ctrl+T", Needs::Selection, false,
+     "Puts the selected @NODEs on a day of the timeline"},
     {nullptr, "keySearch", "Search commands", kCommand, keySearch, "", "", "Ctrl+Shift+P"},
     {nullptr, "keyNextSlice", "Next @SLICE", kCommand, keyNextSlice, "", "", "Ctrl+PgDown"},
     {nullptr, "keyPreviousSlice", "Previous @SLICE", kCommand, keyPreviousSlice, "", "", "Ctrl+PgUp"},

@@ -36,7 +36,7 @@ void frmMain::BuildControls() {
     search_ = new CommandSearch([this] { return SearchEntries(); }, menuBar());
     menuBar()->setCornerWidget(search_);
     SMXP_ = new TimelineMenu(this);
-    timeline_ = DefaultTimelineRoutines([this] { TellNotYet(tr("The timeline")); });
+    timeline_ = DefaultTimelineRoutines(*this);
     BuildPanes();
     BuildToolbars();
     BuildStatusBar();

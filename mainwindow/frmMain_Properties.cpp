@@ -5,6 +5,7 @@
 #include "diagram/hit/HitTest.h"
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/PropertyForms.h"
+#include "mainwindow/ActionGroup.h"
 #include "mainwindow/BusyRetry.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/Selection.h"
@@ -155,6 +156,7 @@ diagram::Node *frmMain::oTemplateNode() const {
 }
 
 void frmMain::HideTimelineNode() {
+    const ActionGroup step(CurrentSurface());
     if (diagram::Node *month = oTemplateNode()) {
         month->SetHidden(true);
         month->SetSelected(false);
@@ -164,7 +166,11 @@ void frmMain::HideTimelineNode() {
     timeline_.ArrangeTimeLineNodes(CurrentSurface(), -1);
 }
 
-void frmMain::UnHideTimelineNodes() { timeline_.DoUnHideTimelineNodes(CurrentSurface()); }
+void frmMain::UnHideTimelineNodes() {
+    const ActionGroup step(CurrentSurface());
+    timeline_.DoUnHideTimelineNodes(CurrentSurface());
+    SSTab_Click();
+}
 
 void frmMain::OpenTimelineSetup() { SmartMenuXP1_Click(QStringLiteral("mnuViewTimelineSetup")); }
 

@@ -1,6 +1,7 @@
 // Dates of the user's nodes: a link to a hidden day of the timeline.
 #pragma once
 
+#include <functional>
 #include <QString>
 
 namespace diagram {
@@ -18,9 +19,10 @@ inline constexpr char kFormTimelineSetup[] = "frmTimelineSetup";
 struct TimelineSetupArgument {
     document::MapWindow &window;
     diagram::Surface &Flow;
-    diagram::Node &TemplateNode; // receives the look: that of the months, or the default node
-    bool asTemplate = false;     // the default node's settings instead of the timeline's
-    bool pressOk = false;        // OK is pressed at once, without showing the form
+    diagram::Node &TemplateNode;         // receives the look: that of the months, or the default node
+    bool asTemplate = false;             // the default node's settings instead of the timeline's
+    bool pressOk = false;                // OK is pressed at once, without showing the form
+    std::function<void()> DoFixColors{}; // gives nodes the colours of their levels, for the default node
 };
 
 // Gives the node the date, in the form "dd mmmm yyyy", in the place of the one that it had, and lays the

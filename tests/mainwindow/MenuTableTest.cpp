@@ -220,9 +220,6 @@ TEST_F(MenuTable, TheseCommandsAreStillToCome) {
         {"mnuFilePageSetup", "Page setup is not there yet."},
         {"mnuFilePrint", "Printing is not there yet."},
         {"mnuFilePrintPreview", "The print preview is not there yet."},
-        {"mnuViewTimeline", "The timeline is not there yet."},
-        {"mnuViewDefaultNode", "The timeline is not there yet."},
-        {"mnuViewTimelineSetup", "The timeline is not there yet."},
         {"mnuViewLevels", "The dialog for levels is not there yet."},
         {"mnuViewGroups", "The dialog for groups is not there yet."},
     };

@@ -22,9 +22,6 @@ protected:
         window.Timeline().DoUnHideTimelineNodes = [this](diagram::Surface &) {
             calls << QStringLiteral("DoUnHideTimelineNodes");
         };
-        window.Timeline().TimelineSetup = [this](diagram::Surface &) {
-            calls << QStringLiteral("TimelineSetup");
-        };
         return window;
     }
     static diagram::Node &AddMonth(frmMain &window, float left, const QString &text) {
@@ -99,8 +96,10 @@ TEST_F(Timeline, HideHidesTheMonthOfThePopupAndArranges) {
 TEST_F(Timeline, TheOtherEntriesGoToTheirRoutines) {
     frmMain &window = Open();
     Entry(window, "mnuTemplateNodeUnHide").trigger();
+    desktop.ExpectForm(QStringLiteral("frmTimelineSetup"));
     Entry(window, "mnuTemplateNodeOpen").trigger();
-    EXPECT_EQ(calls, QStringList({QStringLiteral("DoUnHideTimelineNodes"), QStringLiteral("TimelineSetup")}));
+    EXPECT_EQ(calls, QStringList({QStringLiteral("DoUnHideTimelineNodes"),
+                                  QStringLiteral("ArrangeTimeLineNodes 0")}));
 }
 
 TEST_F(Timeline, AnUnknownEntryIsTold) {
@@ -108,15 +107,6 @@ TEST_F(Timeline, AnUnknownEntryIsTold) {
     desktop.ExpectMessage(QStringLiteral("Unknown Key mnuNothing"));
     window.SMXP_Click(QStringLiteral("mnuNothing"));
     EXPECT_EQ(window.MousePointer(), document::pointer::kNormal);
-}
-
-TEST_F(Timeline, WhatIsMissingIsToldInTheStatusBar) {
-    frmMain &window = NewWindow();
-    for (const char *key : {"mnuTemplateNodeOpen", "mnuTemplateNodeUnHide", "mnuTemplateNodeHide"}) {
-        window.DoStatus(QString());
-        window.SMXP_Click(QLatin1String(key));
-        EXPECT_EQ(Status(window), QStringLiteral("The timeline is not there yet.")) << key;
-    }
 }
 
 TEST_F(Timeline, MovingAdjustsTheLinksOfEverySelectedNodeByTheArrangementOfTheSlice) {

@@ -1,0 +1,81 @@
+#include "mainwindow/TimelineCommands.h"
+
+#include "app/settings/Settings.h"
+#include "document/DefaultNodes.h"
+#include "document/Tags.h"
+#include "mainwindow/ActionGroup.h"
+#include "mainwindow/frmMain.h"
+#include "support/Val.h"
+#include "timeline/AddTimelineLink.h"
+#include "timeline/DateText.h"
+#include "timeline/setup/frmDate.h"
+#include "timeline/TimelineNodes.h"
+
+namespace mainwindow {
+
+namespace {
+
+using document::pointer::kNormal;
+
+void ShowSetup(frmMain &window, diagram::Node &look, bool asTemplate) {
+    window.SetMousePointer(kNormal);
+    timeline::TimelineSetupArgument argument{
+        window, window.CurrentSurface(), look, asTemplate, false, [&window] { window.DoFixColors(); }};
+    window.Desktop().dialogHost.ShowModal(QLatin1String(timeline::kFormTimelineSetup), &argument, &window);
+}
+
+// The nodes that the user selected; links of the timeline end on others.
+std::vector<diagram::Node *> NodesToDate(const diagram::Surface &surface) {
+    std::vector<diagram::Node *> nodes = surface.SelectedNodes();
+    std::erase_if(nodes, [](const diagram::Node *node) { return !node->Selectable(); });
+    return nodes;
+}
+
+} // namespace
+
+// The check shows what has become of the months.
+void mnuViewTimeline(frmMain &window) {
+    diagram::Surface &surface = window.CurrentSurface();
+    {
+        const ActionGroup step(surface);
+        window.Timeline().ShowHideTimelineNodes(surface, window.MenuValue(QStringLiteral("mnuViewTimeline")));
+    }
+    window.ClickTab();
+}
+
+void mnuViewDefaultNode(frmMain &window) {
+    diagram::Surface &surface = window.CurrentSurface();
+    const ActionGroup step(surface);
+    ShowSetup(window, *document::LocateTemplateNode(surface, true), true);
+    document::ApplyDefaults(surface);
+}
+
+void mnuViewTimelineSetup(frmMain &window) {
+    diagram::Surface &surface = window.CurrentSurface();
+    const ActionGroup step(surface);
+    ShowSetup(window, *timeline::LocateTimeLineTemplateNode(surface, true), false);
+    const double align = support::Val(document::GetTag(surface, document::tags::kTimelineAlign));
+    window.Timeline().ArrangeTimeLineNodes(surface, int(align));
+}
+
+void keyDate(frmMain &window) {
+    diagram::Surface &surface = window.CurrentSurface();
+    const std::vector<diagram::Node *> nodes = NodesToDate(surface);
+    if (nodes.empty()) return;
+    window.SetMousePointer(kNormal);
+    timeline::DateFormArgument form{timeline::ParseDate(timeline::DateOfNode(*nodes.front())),
+                                    window.Desktop().clock.Now().date()};
+    if (!window.Desktop().dialogHost.ShowModal(QLatin1String(timeline::kFormDate), &form, &window)) return;
+    const ActionGroup step(surface);
+    for (diagram::Node *node : nodes) {
+        if (form.date)
+            timeline::AddTimelineLink(window, surface, *node,
+                                      timeline::FormatDate(*form.date, timeline::kDayPattern));
+        else
+            timeline::RemoveTimelineLinks(*node);
+    }
+    window.clsSettings().Dirty = true;
+    window.ClickTab();
+}
+
+} // namespace mainwindow

@@ -1,0 +1,82 @@
+#include "timeline/AddTimelineLink.h"
+
+#include "tests/timeline/TimelineTest.h"
+
+namespace timeline::testing {
+
+namespace {
+
+const QString kQuestion =
+    QStringLiteral("You have not configured your timeline Nodes yet. \r\rWould you like to do "
+                   "this now?");
+
+class Dating : public TimelineTest {
+protected:
+    // What OK of the form does for the template node.
+    static bool PressOk(void *argument) {
+        auto &setup = *static_cast<TimelineSetupArgument *>(argument);
+        setup.TemplateNode.SetWidth(1200);
+        setup.TemplateNode.SetHeight(1200);
+        return true;
+    }
+    void Date(diagram::Node &node, const char *date) {
+        AddTimelineLink(window, flow, node, QString::fromLatin1(date));
+    }
+    const QString form = QLatin1String(kFormTimelineSetup);
+};
+
+} // namespace
+
+TEST_F(Dating, NoTakesTheSettingsOfTheFormWithoutShowingIt) {
+    diagram::Node &user = UserNode();
+    desktop.ExpectMessage(kQuestion, support::Answer::No);
+    desktop.ExpectForm(form, [](void *argument) {
+        EXPECT_TRUE(static_cast<TimelineSetupArgument *>(argument)->pressOk);
+        return PressOk(argument);
+    });
+    Date(user, "14 March 2004");
+    EXPECT_EQ(LocateTimeLineTemplateNode(flow, false)->Width(), 1200);
+    EXPECT_EQ(DateOfNode(user), QStringLiteral("14 March 2004"));
+    EXPECT_EQ(LocateTimelineNode(flow, QStringLiteral("March 2004"), false)->Width(), 1200);
+}
+
+TEST_F(Dating, YesShowsTheForm) {
+    desktop.ExpectMessage(kQuestion, support::Answer::Yes);
+    desktop.ExpectForm(form, [](void *argument) {
+        EXPECT_FALSE(static_cast<TimelineSetupArgument *>(argument)->pressOk);
+        return PressOk(argument);
+    });
+    Date(UserNode(), "14 March 2004");
+}
+
+TEST_F(Dating, AFormThatWasCancelledIsConfirmedUnseen) {
+    desktop.ExpectMessage(kQuestion, support::Answer::Yes);
+    desktop.ExpectForm(form);
+    desktop.ExpectForm(form, PressOk);
+    Date(UserNode(), "14 March 2004");
+    EXPECT_EQ(LocateTimeLineTemplateNode(flow, false)->Width(), 1200);
+}
+
+TEST_F(Dating, ANewDateTakesThePlaceOfTheFormerOne) {
+    Template(3100, 500);
+    diagram::Node &user = UserNode(), &other = UserNode();
+    user.Links().Add(other);
+    Date(user, "14 March 2004");
+    Date(user, "02 May 2004");
+    EXPECT_EQ(DateOfNode(user), QStringLiteral("02 May 2004"));
+    EXPECT_EQ(user.Links().Count(), 2);
+    EXPECT_NE(LocateTimelineNode(flow, QStringLiteral("14 March 2004"), false), nullptr);
+}
+
+TEST_F(Dating, TakingTheDateAwayLeavesOtherLinks) {
+    Template(3100, 500);
+    diagram::Node &user = UserNode(), &other = UserNode();
+    user.Links().Add(other);
+    Date(user, "14 March 2004");
+    RemoveTimelineLinks(user);
+    EXPECT_TRUE(DateOfNode(user).isEmpty());
+    ASSERT_EQ(user.Links().Count(), 1);
+    EXPECT_EQ(&user.Links().Item(1).Destination(), &other);
+}
+
+} // namespace timeline::testing

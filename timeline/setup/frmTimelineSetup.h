@@ -1,0 +1,68 @@
+// The settings of a slice's timeline, or of its default node, on a live sample.
+#pragma once
+
+#include "timeline/AddTimelineLink.h"
+
+#include <QDialog>
+
+class QCheckBox;
+class QComboBox;
+class QGridLayout;
+class QGroupBox;
+class QLabel;
+class QPushButton;
+
+namespace timeline {
+
+class SampleView;
+class Swatch;
+
+class frmTimelineSetup : public QDialog {
+    Q_OBJECT
+public:
+    // In the role that the argument names. What the argument refers to must outlive the form.
+    frmTimelineSetup(const TimelineSetupArgument &argument, QWidget *parent);
+
+    diagram::Surface &TimelineSample();
+
+    void RunAsTemplate();
+    void RunAsTimeline();
+    // The buttons; OK can be pressed on a form that was never shown.
+    void OKButton_Click();
+    void cmdDefault_Click();
+    void cmdFont_Click();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void BuildSample();
+    void BuildControls();
+    void BuildTimelineControls(QGridLayout &grid);
+    void BuildButtons(QGridLayout &grid);
+    QComboBox *AddList(QGridLayout &grid, const char *name, const QString &label, const QStringList &entries);
+    QComboBox *AddShapes(QGridLayout &grid);
+    Swatch *AddSwatch(QGridLayout &grid, const char *name, const QString &label);
+    void ShowTemplate();
+    void ShowFlow();
+    void ApplyToSample();
+    void ApplyLook(diagram::Node &node) const;
+    void ShowSampleDate();
+    void StoreFlow();
+    void StoreLevelColour();
+    void SaveDefaults();
+
+    TimelineSetupArgument argument_;
+    diagram::Node *sample_ = nullptr;
+    QGroupBox *frame_ = nullptr;
+    SampleView *TimelineSample_ = nullptr;
+    QComboBox *cboAutoSize_ = nullptr, *cboDrawStyle_ = nullptr, *cboDrawWidth_ = nullptr,
+              *cboShadow_ = nullptr, *cboShape_ = nullptr, *cboShapeOrient_ = nullptr,
+              *cboTextAlign_ = nullptr, *cboXMargin_ = nullptr, *cboYMargin_ = nullptr,
+              *cboDateFormat_ = nullptr, *cboArrangement_ = nullptr;
+    Swatch *picForeColor_ = nullptr, *picFillColor_ = nullptr, *picBorderColor_ = nullptr;
+    QLabel *lblTimelineArrangement_ = nullptr, *lblDateFormat_ = nullptr;
+    QCheckBox *chkMissingDates_ = nullptr;
+};
+
+} // namespace timeline

@@ -1,0 +1,135 @@
+// How the form is put together.
+#include "diagram/shapes/Shapes.h"
+#include "document/MapWindow.h"
+#include "timeline/DateText.h"
+#include "timeline/setup/frmTimelineSetup.h"
+#include "timeline/setup/Lists.h"
+#include "timeline/setup/SampleView.h"
+#include "timeline/setup/Swatch.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+
+namespace timeline {
+
+namespace {
+constexpr int kLargestMargin = 50;
+constexpr int kLargestDrawWidth = 8;
+} // namespace
+
+void frmTimelineSetup::BuildControls() {
+    auto *columns = new QGridLayout(this);
+    frame_ = new QGroupBox(this);
+    columns->addWidget(frame_, 0, 0, 2, 1);
+    auto *grid = new QGridLayout(frame_);
+    grid->setColumnStretch(1, 1);
+    BuildTimelineControls(*grid);
+    cboTextAlign_ = AddList(*grid, "cboTextAlign", QStringLiteral("A&lignment"), Placements());
+    cboXMargin_ = AddList(*grid, "cboXMargin", QStringLiteral("&x Margin"), Numbers(kLargestMargin));
+    cboYMargin_ = AddList(*grid, "cboYMargin", QStringLiteral("&y Margin"), Numbers(kLargestMargin));
+    cboShape_ = AddShapes(*grid);
+    cboShapeOrient_ = AddList(*grid, "cboShapeOrient", QStringLiteral("Shape Orie&ntation"), Orientations());
+    cboDrawStyle_ = AddList(*grid, "cboDrawStyle", QStringLiteral("D&raw Style"), DrawStyles());
+    cboShadow_ = AddList(*grid, "cboShadow", QStringLiteral("S&hadow"), Shadows());
+    cboDrawWidth_ = AddList(*grid, "cboDrawWidth", QStringLiteral("&Draw Width"), Numbers(kLargestDrawWidth));
+    cboAutoSize_ = AddList(*grid, "cboAutoSize", QStringLiteral("Auto &Size"), AutoSizes());
+    picFillColor_ = AddSwatch(*grid, "cmdChangeFill", QStringLiteral("&Fill Color"));
+    picBorderColor_ = AddSwatch(*grid, "cmdChangeBorder", QStringLiteral("Border Color"));
+    picForeColor_ = AddSwatch(*grid, "cmdChangeFore", QStringLiteral("Fore Color"));
+
+    TimelineSample_ = new SampleView(this);
+    columns->addWidget(TimelineSample_, 0, 1);
+    columns->setColumnStretch(1, 1);
+    columns->setRowStretch(0, 1);
+    BuildButtons(*columns);
+}
+
+void frmTimelineSetup::BuildTimelineControls(QGridLayout &grid) {
+    cboDateFormat_ = AddList(grid, "cboDateFormat", tr("Date format"), {});
+    lblDateFormat_ = findChild<QLabel *>(QStringLiteral("lbl_cboDateFormat"));
+    for (const char *pattern : kDisplayPatterns) cboDateFormat_->addItem(QString::fromLatin1(pattern));
+    disconnect(cboDateFormat_, nullptr, this, nullptr);
+    connect(cboDateFormat_, &QComboBox::activated, this, &frmTimelineSetup::ShowSampleDate);
+    cboArrangement_ = AddList(grid, "cboArrangement", QStringLiteral("Timeline Arrangement"), Arrangements());
+    lblTimelineArrangement_ = findChild<QLabel *>(QStringLiteral("lbl_cboArrangement"));
+    chkMissingDates_ = new QCheckBox(QStringLiteral("Add Missing Dates"), this);
+    chkMissingDates_->setObjectName(QStringLiteral("chkMissingDates"));
+    grid.addWidget(chkMissingDates_, grid.rowCount(), 1);
+}
+
+void frmTimelineSetup::BuildButtons(QGridLayout &grid) {
+    auto *font = new QPushButton(QStringLiteral("Font"), this);
+    font->setObjectName(QStringLiteral("cmdFont"));
+    font->setAutoDefault(false);
+    connect(font, &QPushButton::clicked, this, &frmTimelineSetup::cmdFont_Click);
+    grid.addWidget(font, 1, 1, Qt::AlignLeft);
+
+    auto *buttons = new QDialogButtonBox(this);
+    QPushButton *ok = buttons->addButton(QDialogButtonBox::Ok);
+    ok->setObjectName(QStringLiteral("OKButton"));
+    QPushButton *cancel = buttons->addButton(QStringLiteral("&Cancel"), QDialogButtonBox::RejectRole);
+    cancel->setObjectName(QStringLiteral("cmdCancel"));
+    QPushButton *store = buttons->addButton(QStringLiteral("&Default"), QDialogButtonBox::ActionRole);
+    store->setObjectName(QStringLiteral("cmdDefault"));
+    store->setAutoDefault(false);
+    connect(buttons, &QDialogButtonBox::accepted, this, &frmTimelineSetup::OKButton_Click);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(store, &QPushButton::clicked, this, &frmTimelineSetup::cmdDefault_Click);
+    grid.addWidget(buttons, 2, 0, 1, 2);
+}
+
+QComboBox *frmTimelineSetup::AddList(QGridLayout &grid, const char *name, const QString &label,
+                                     const QStringList &entries) {
+    auto *list = new QComboBox(this);
+    list->setObjectName(QLatin1String(name));
+    list->addItems(entries);
+    auto *text = new QLabel(label, this);
+    text->setObjectName(QStringLiteral("lbl_") + QLatin1String(name));
+    text->setBuddy(list);
+    const int row = grid.rowCount();
+    grid.addWidget(text, row, 0);
+    grid.addWidget(list, row, 1);
+    connect(list, &QComboBox::activated, this, &frmTimelineSetup::ApplyToSample);
+    return list;
+}
+
+QComboBox *frmTimelineSetup::AddShapes(QGridLayout &grid) {
+    QComboBox *list = AddList(grid, "cboShape", QStringLiteral("Shap&e"), {});
+    for (const diagram::ShapeRow &row : diagram::ShapeTable())
+        list->addItem(QString::fromLatin1(row.name), row.value);
+    return list;
+}
+
+Swatch *frmTimelineSetup::AddSwatch(QGridLayout &grid, const char *name, const QString &label) {
+    QString spoken = label;
+    auto *swatch = new Swatch(argument_.window.Desktop(), QLatin1String(name), spoken.remove(u'&'), this);
+    auto *text = new QLabel(label, this);
+    text->setBuddy(swatch);
+    const int row = grid.rowCount();
+    grid.addWidget(text, row, 0);
+    grid.addWidget(swatch, row, 1, Qt::AlignLeft);
+    connect(swatch, &Swatch::Changed, this, &frmTimelineSetup::ApplyToSample);
+    return swatch;
+}
+
+void frmTimelineSetup::RunAsTemplate() {
+    argument_.asTemplate = true;
+    setWindowTitle(QStringLiteral("Default Node Setup"));
+    frame_->setTitle(QStringLiteral("Default Node Settings"));
+    for (QWidget *dated : std::initializer_list<QWidget *>{chkMissingDates_, cboDateFormat_, lblDateFormat_,
+                                                           cboArrangement_, lblTimelineArrangement_})
+        dated->hide();
+}
+
+void frmTimelineSetup::RunAsTimeline() {
+    argument_.asTemplate = false;
+    setWindowTitle(QStringLiteral("Timeline Setup"));
+    frame_->setTitle(QStringLiteral("Timeline Node Settings:"));
+}
+
+} // namespace timeline
