@@ -6,12 +6,6 @@ namespace diagram {
 
 namespace {
 
-// What coming nearer to a box than so many twips costs; of several distances all that are passed.
-struct Nearness {
-    double distance, cost;
-};
-constexpr Nearness kNear[] = {{0, kThrough}, {40, 2500}, {90, 1200}, {kCareful, 400}};
-
 constexpr std::size_t kFewBoxes = 8; // among more, no lanes in the middle of wide gaps
 constexpr double kSliver = 30;       // twips; no lane between edges that lie closer
 constexpr double kSameLane = 8;      // twips; no second lane that near to one of the preferred

@@ -15,6 +15,25 @@ namespace diagram {
 constexpr double kThrough = 1e10;              // costs in twips: running into a box
 constexpr double kCareful = 0.75 * kClearance; // a careful hand comes no nearer to one, where there is room
 
+// What coming nearer to a box than so many twips costs; of several distances all that are passed.
+struct Nearness {
+    double distance, cost;
+};
+constexpr std::array<Nearness, 4> kNear{{{0, kThrough}, {40, 2500}, {90, 1200}, {kCareful, 400}}};
+
+// Rings are drawn round a box at all of these distances but the first. What crossing so many of them from
+// inside of that many costs.
+constexpr std::array<double, kNear.size()> kTolls{0, 2500, 2500 + 1200, 2500 + 1200 + 400};
+
+// How many rings of the box lie on this side of `at`, a coordinate of the axis of the span.
+inline std::size_t RingsBeyond(const Span &box, double at) {
+    std::size_t rings = 0;
+    while (rings + 1 < kNear.size() &&
+           (at <= box.low - kNear[rings + 1].distance || at >= box.high + kNear[rings + 1].distance))
+        ++rings;
+    return rings;
+}
+
 // The lanes of one direction, with the other direction's lanes as the stops along each.
 class LaneTable {
 public:

@@ -11,8 +11,9 @@ namespace diagram {
 // head; then short, clear of boxes and near to the lanes preferred.
 //
 // A dynamic programme over the segments, as the directions fix their number: the state behind a segment is
-// its bend, given by two lanes. Each layer is two sweeps along every lane, so that the whole takes time
-// proportional to the number of segments times the number of crossings of lanes. (Fixed sequences make a
+// its bend, given by two lanes. Each layer is two sweeps along every lane, so that the whole takes at most
+// time proportional to the number of segments times the number of crossings of lanes; bends behind which no
+// way as cheap as the one sought is left are given up. (Fixed sequences make a
 // layered graph of the visibility grid of Wybrow, Marriott and Stuckey, Orthogonal Connector Routing, 2009.)
 Coordinates SearchLanes(const RouteRequest &request, std::string_view directions,
                         const Coordinates &preferred, std::span<const QRectF> obstacles);
