@@ -1,6 +1,7 @@
 // Runs the figures beside their yardsticks, prints a table and writes it as JSON: velmora-bench BIN_FOLDER
 // OUT.json
 #include "benchmarks/CanvasFigures.h"
+#include "benchmarks/CommandFigures.h"
 #include "benchmarks/EditFigures.h"
 #include "benchmarks/MemoryFigures.h"
 #include "benchmarks/Stage.h"
@@ -112,9 +113,8 @@ void AddWholeProcess(Table &table, const QString &bin) {
     table.Value("resident memory with 10,000 nodes above a plain window",
                 (loaded.residentKiB - hello.residentKiB) / 1024.0, "MiB", 60);
     const QString out = bench::ScratchFolder() + "/picture";
-    for (const auto &[format, bound] :
-         {std::pair("png", 0.5), std::pair("svg", 0.15), std::pair("pdf", 0.6), std::pair("wmf", 0.6),
-          std::pair("emf", 0.6)}) {
+    for (const auto &[format, bound] : {std::pair("png", 0.5), std::pair("svg", 0.15), std::pair("pdf", 0.6),
+                                        std::pair("wmf", 0.6), std::pair("emf", 0.6)}) {
         const QByteArray name = QByteArray("velmora-cli picture, 10,000 nodes, ") + format;
         table.Value(name.constData(),
                     bench::BestRun({bin + "/velmora-cli", "picture", map, "--slice", "1", out + "." + format,
@@ -160,7 +160,7 @@ struct Part {
     bool timed; // takes its values from the micro-benchmarks
     void (*add)(Table &table, const QString &bin);
 };
-constexpr std::array<Part, 9> kParts{{
+constexpr std::array<Part, 12> kParts{{
     {"store", true, AddStore},
     {"painting", true, AddPainting},
     {"export", true, AddExport},
@@ -168,6 +168,9 @@ constexpr std::array<Part, 9> kParts{{
     {"window", false, [](Table &table, const QString &) { table.Add(bench::WindowFigures()); }},
     {"overview", false, [](Table &table, const QString &) { table.Add(bench::OverviewFigures()); }},
     {"edit", false, [](Table &table, const QString &) { table.Add(bench::EditFigures()); }},
+    {"layout", false, [](Table &table, const QString &) { table.Add(bench::LayoutFigures()); }},
+    {"wholemap", false, [](Table &table, const QString &) { table.Add(bench::WholeMapFigures()); }},
+    {"commands", false, [](Table &table, const QString &) { table.Add(bench::CommandFigures()); }},
     {"memory", false, AddMemory},
     {"process", false, AddWholeProcess},
 }};

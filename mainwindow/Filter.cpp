@@ -6,6 +6,7 @@
 #include "document/Tags.h"
 
 #include <QHash>
+#include <vector>
 
 namespace mainwindow {
 
@@ -60,18 +61,20 @@ FilterKeys KeysForFilter(const QString &groupNames, const QString &levelNames,
 // All nodes first: a link looks at both of its ends.
 void ApplyFilter(diagram::Surface &surface, const FilterKeys &keys) {
     QHash<QString, Sight> sights;
-    const auto sightOf = [&](const diagram::Node &node) {
+    std::vector<diagram::Node *> filtered;
+    for (diagram::Node &node : surface.Nodes()) {
         auto known = sights.constFind(node.Tag());
         if (known == sights.constEnd()) known = sights.insert(node.Tag(), SightOf(node.Tag(), keys));
-        return *known;
-    };
-    for (diagram::Node &node : surface.Nodes())
-        if (const Sight sight = sightOf(node); sight != Sight::AsItIs) node.SetHidden(sight == Sight::Hidden);
-    for (const auto &link : surface.Links()) {
-        const diagram::Node &origin = link->Source(), &destination = link->Destination();
-        if (sightOf(origin) == Sight::AsItIs) continue;
-        link->SetHidden(origin.Hidden() || (!destination.Marked() && destination.Hidden()));
+        if (*known == Sight::AsItIs) continue;
+        node.SetHidden(*known == Sight::Hidden);
+        filtered.push_back(&node);
     }
+    for (const diagram::Node *origin : filtered)
+        for (diagram::Link *link : origin->Links()) {
+            const diagram::Node &destination = link->Destination();
+            if (&link->Source() == origin)
+                link->SetHidden(origin->Hidden() || (!destination.Marked() && destination.Hidden()));
+        }
 }
 
 } // namespace mainwindow

@@ -1,0 +1,75 @@
+#include "benchmarks/BenchWindow.h"
+
+#include "benchmarks/Canvas.h"
+#include "benchmarks/Stage.h"
+#include "document/MapSchema.h"
+#include "document/TemplateFile.h"
+#include "support/Desktop.h"
+#include "support/Files.h"
+
+#include <QApplication>
+#include <QFile>
+
+namespace bench {
+
+namespace {
+
+class Yes : public support::MessageBoxes {
+public:
+    support::Answer Show(const QString &, support::Buttons buttons, support::Icon, const QString &) override {
+        const bool asks = buttons == support::Buttons::YesNo || buttons == support::Buttons::YesNoCancel;
+        return asks ? support::Answer::Yes : support::Answer::Ok;
+    }
+    QString InputBox(const QString &, const QString &, const QString &) override {
+        return QStringLiteral("Another");
+    }
+};
+
+class NoForms : public support::DialogHost {
+public:
+    bool ShowModal(const QString &, void *, support::Owner) override { return false; }
+};
+
+} // namespace
+
+class BenchDesktop {
+public:
+    BenchDesktop() { support::SetDesktop(&desktop_); }
+    ~BenchDesktop() { support::SetDesktop(&outer_); }
+    BenchDesktop(const BenchDesktop &) = delete;
+    BenchDesktop &operator=(const BenchDesktop &) = delete;
+
+    support::Desktop &Get() { return desktop_; }
+
+private:
+    support::Desktop &outer_ = support::CurrentDesktop();
+    Yes yes_;
+    NoForms forms_;
+    support::Desktop desktop_{
+        yes_,          outer_.dialogs,  outer_.launcher, outer_.clock, outer_.memory, outer_.registry,
+        outer_.random, outer_.printers, outer_.identity, forms_};
+};
+
+BenchWindow::BenchWindow()
+    : desktop_(std::make_unique<BenchDesktop>()), programPath_(support::ProgramPath()) {
+    // There the map lies that a new window begins with.
+    support::SetProgramPath(ScratchFolder());
+    if (!QFile::exists(document::TemplatePath())) document::WriteTemplate(document::TemplatePath(), {}, {});
+    form_ = new mainwindow::frmMain(desktop_->Get());
+    form_->ShowWindow();
+    form_->resize(form_->size() + QSize(1280, 800) - form_->CurrentView().viewport()->size());
+    QApplication::setActiveWindow(form_);
+    form_->CurrentView().setFocus();
+    Settle(form_->CurrentView());
+}
+
+BenchWindow::~BenchWindow() {
+    for (mainwindow::frmMain *form : mainwindow::frmMain::Forms()) {
+        form->clsSettings().Dirty = false;
+        form->close();
+    }
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    support::SetProgramPath(programPath_);
+}
+
+} // namespace bench

@@ -1,0 +1,30 @@
+// A window with an empty map, for figures that are taken in one. Boxes are answered yes and dialogs cancelled
+// at once.
+#pragma once
+
+#include "mainwindow/frmMain.h"
+
+#include <memory>
+#include <QString>
+
+namespace bench {
+
+class BenchDesktop;
+
+class BenchWindow {
+public:
+    // 1280 x 800 pixels for the surface, shown and at rest.
+    BenchWindow();
+    ~BenchWindow();
+    BenchWindow(const BenchWindow &) = delete;
+    BenchWindow &operator=(const BenchWindow &) = delete;
+
+    mainwindow::frmMain &Form() { return *form_; }
+
+private:
+    std::unique_ptr<BenchDesktop> desktop_;
+    QString programPath_;
+    mainwindow::frmMain *form_;
+};
+
+} // namespace bench

@@ -1,0 +1,111 @@
+#include "benchmarks/CommandFigures.h"
+#include "benchmarks/RawDot.h"
+#include "diagram/layout/Layout.h"
+#include "diagram/layout/TidyTree.h"
+#include "diagram/model/Surface.h"
+
+#include <algorithm>
+#include <functional>
+#include <QElapsedTimer>
+#include <QLocale>
+#include <random>
+
+namespace bench {
+
+namespace {
+
+constexpr int kRuns = 5;
+constexpr int kChildren = 4; // at most, of a box of the tree
+
+double TimeOf(const std::function<void()> &what) {
+    QElapsedTimer timer;
+    timer.start();
+    what();
+    return double(timer.nsecsElapsed()) / 1e6;
+}
+
+double BestOf(const std::function<double()> &run) {
+    double best = run();
+    for (int i = 1; i < kRuns; ++i) best = std::min(best, run());
+    return best;
+}
+
+diagram::Node &AddBox(diagram::Surface &surface) { return surface.Nodes().Add(0, 0, 1020, 540); }
+
+// Each node hangs below one of the 40 before it, and three in ten more links go downwards, as plans do.
+void FillPlan(diagram::Surface &surface, int nodes) {
+    constexpr int kReach = 40;
+    std::mt19937 random(1);
+    std::vector<diagram::Node *> all;
+    for (int i = 0; i < nodes; ++i) {
+        all.push_back(&AddBox(surface));
+        if (i > 0)
+            all[std::size_t(i - 1 - int(random() % unsigned(std::min(i, kReach))))]->Links().Add(*all.back());
+    }
+    for (int i = 0; i <= nodes * 3 / 10; ++i) {
+        const int from = int(random() % unsigned(nodes - kReach - 1));
+        all[std::size_t(from)]->Links().Add(*all[std::size_t(from + 1 + int(random() % kReach))]);
+    }
+}
+
+void AddLayered(Figures &figures) {
+    diagram::Surface surface;
+    FillPlan(surface, 1000);
+    const diagram::LayoutOptions options;
+    const diagram::LayoutGraph graph = SubjectOf(surface, diagram::LayoutScope::All).graph;
+    const double raw = BestOf([&] { return RawDot(graph, options); });
+    const double ours = BestOf([&] {
+        return TimeOf(
+            [&] { LayOutInLayers(surface, diagram::LayoutScope::All, options, [] { return true; }); });
+    });
+    figures.push_back({QStringLiteral("layered layout, 1,000 nodes, 1,300 links : the engine alone"),
+                       ours / raw, QStringLiteral("x"), 1.3,
+                       QStringLiteral("%1 ms : %2 ms").arg(ours, 0, 'f', 1).arg(raw, 0, 'f', 1)});
+}
+
+diagram::LayoutGraph Tree(int boxes) {
+    std::mt19937 random(1);
+    diagram::LayoutGraph tree;
+    for (int i = 0; i < boxes; ++i) {
+        tree.sizes.emplace_back(600 + double(random() % 900), 300 + double(random() % 600));
+        tree.centres.emplace_back(i, 0);
+        if (i > 0) tree.edges.push_back({(i - 1) / (1 + int(random() % kChildren)), i});
+    }
+    return tree;
+}
+
+void AddTree(Figures &figures, int boxes, double bound) {
+    const diagram::LayoutGraph tree = Tree(boxes);
+    const double time = BestOf([&] { return TimeOf([&] { TidyTree(tree, {}); }); });
+    figures.push_back({QStringLiteral("tree of %1 nodes").arg(QLocale(QLocale::English).toString(boxes)),
+                       time, QStringLiteral("ms"), bound, QString()});
+}
+
+// The whole command on a surface: reading it, placing, moving the nodes.
+void AddTreeOnSurface(Figures &figures, int nodes, double bound) {
+    diagram::Surface surface;
+    std::vector<diagram::Node *> all;
+    for (const QSizeF &size : Tree(nodes).sizes)
+        all.push_back(&surface.Nodes().Add(0, 0, float(size.width()), float(size.height())));
+    for (const diagram::LayoutEdge &edge : Tree(nodes).edges)
+        all[std::size_t(edge.from)]->Links().Add(*all[std::size_t(edge.to)]);
+    const double time =
+        BestOf([&] { return TimeOf([&] { LayOutAsTree(surface, diagram::LayoutScope::All, {}); }); });
+    figures.push_back({QStringLiteral("tree of %1 nodes on a surface, nodes moved")
+                           .arg(QLocale(QLocale::English).toString(nodes)),
+                       time, QStringLiteral("ms"), bound, QString()});
+}
+
+} // namespace
+
+Figures LayoutFigures() {
+    Figures figures;
+    AddLayered(figures);
+    AddTree(figures, 1000, 2);
+    AddTree(figures, 100000, 300);
+    AddTreeOnSurface(figures, 1000, 2);
+    AddTreeOnSurface(figures, 100000, 300);
+    return figures;
+}
+
+} // namespace bench

@@ -1,0 +1,12 @@
+// The yardstick of the layered layout: the engine by itself, in this process.
+#pragma once
+
+#include "diagram/layout/LayoutGraph.h"
+
+namespace bench {
+
+// Milliseconds that the engine takes to place the boxes; neither building its graph nor reading it back
+// counts.
+double RawDot(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &options);
+
+} // namespace bench
