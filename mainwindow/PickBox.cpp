@@ -1,6 +1,7 @@
 #include "mainwindow/PickBox.h"
 
 #include <QAbstractItemView>
+#include <QCompleter>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -33,13 +34,25 @@ void PickBox::showPopup() {
     QComboBox::showPopup();
 }
 
+bool PickBox::HideMatches() {
+    const bool lists = completer() && completer()->completionMode() == QCompleter::PopupCompletion;
+    QAbstractItemView *matches = lists ? completer()->popup() : nullptr;
+    if (!matches || !matches->isVisible()) return false;
+    matches->hide();
+    return true;
+}
+
 void PickBox::Chosen() {
     Q_EMIT Click();
     if (!stepping_) Q_EMIT Done();
 }
 
 void PickBox::Confirmed() {
-    if (!currentText().isEmpty()) Q_EMIT Click();
+    HideMatches();
+    if (!currentText().isEmpty()) {
+        setEditText(Meant(currentText()));
+        Q_EMIT Click();
+    }
     Q_EMIT Done();
 }
 
@@ -48,6 +61,7 @@ void PickBox::GiveUpTyping() { setEditText(itemText(currentIndex())); }
 void PickBox::keyPressEvent(QKeyEvent *event) {
     const QScopedValueRollback<bool> stepping(stepping_, true);
     if (event->key() != Qt::Key_Escape) return QComboBox::keyPressEvent(event);
+    if (HideMatches()) return;
     GiveUpTyping();
     Q_EMIT Done();
 }

@@ -22,6 +22,8 @@ Q_SIGNALS:
     void Done();
 
 protected:
+    // What a text that the user typed and confirmed stands for.
+    virtual QString Meant(const QString &typed) const { return typed; }
     void keyPressEvent(QKeyEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
@@ -30,6 +32,8 @@ private:
     void Chosen();
     void Confirmed();
     void GiveUpTyping();
+    // The list of what fits the text typed; false when it wasn't open.
+    bool HideMatches();
 
     bool stepping_ = false; // from entry to entry, in the closed box: the user isn't through with it
 };

@@ -7,6 +7,7 @@
 #include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"
 #include "mainwindow/FindBar.h"
+#include "mainwindow/FontBox.h"
 #include "mainwindow/frmPics.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/SliceTabs.h"
@@ -109,7 +110,7 @@ void frmMain::FillToolbars() {
 }
 
 void frmMain::AddFontBoxes() {
-    cboFont_ = new PickBox(QStringLiteral("cboFont"), tr("Font"), kFontCharacters, tlbFormat_);
+    cboFont_ = new FontBox(QStringLiteral("cboFont"), tr("Font"), kFontCharacters, tlbFormat_);
     cboFontSize_ = new PickBox(QStringLiteral("cboFontSize"), tr("Font size"), kSizeCharacters, tlbFormat_);
     cboFont_->addItems(frmPics_->cboFont());
     cboFontSize_->addItems(frmPics_->cboFontSize());

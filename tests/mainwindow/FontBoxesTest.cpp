@@ -1,4 +1,6 @@
 #include "diagram/view/SurfaceView.h"
+#include "mainwindow/FontBox.h"
+#include "mainwindow/FontSamples.h"
 #include "mainwindow/frmPics.h"
 #include "mainwindow/ListIndex.h"
 #include "tests/mainwindow/WindowTest.h"
@@ -8,6 +10,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QCompleter>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
@@ -255,6 +258,47 @@ TEST_F(FontBoxes, TheWheelOverABoxWithoutFocusChangesNothing) {
                       Qt::NoButton, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&Size(window), &wheel);
     EXPECT_EQ(node.Font(), before);
+}
+
+TEST(FontMeant, PrefersTheWholeNameThenItsBeginningThenAnyPart) {
+    const QStringList names{QStringLiteral("Noto Sans Mono"), QStringLiteral("Mono"),
+                            QStringLiteral("Monotype"), QStringLiteral("Sans")};
+    EXPECT_EQ(FontMeant(names, QStringLiteral("mono")), QStringLiteral("Mono"));
+    EXPECT_EQ(FontMeant(names, QStringLiteral(" MONOT")), QStringLiteral("Monotype"));
+    EXPECT_EQ(FontMeant(names, QStringLiteral("sans m")), QStringLiteral("Noto Sans Mono"));
+    EXPECT_EQ(FontMeant(names, QStringLiteral("Courier")), QStringLiteral("Courier"));
+    EXPECT_EQ(FontMeant(names, QString()), QString());
+}
+
+TEST_F(FontBoxes, APartOfANameFindsTheFont) {
+    frmMain &window = NewWindow();
+    diagram::Node &node = AddNode(window, 300, 300);
+    node.SetSelected(true);
+    Font(window).addItem(QStringLiteral("Zebra Stripes"));
+    Type(Font(window), QStringLiteral("stripes"));
+    EXPECT_EQ(node.Font().Name(), QStringLiteral("Zebra Stripes"));
+    EXPECT_TRUE(window.CurrentView().hasFocus());
+}
+
+TEST_F(FontBoxes, TheListOfWhatIsTypedOffersEveryFontThatHoldsIt) {
+    frmMain &window = NewWindow();
+    Font(window).addItems({QStringLiteral("Zebra Stripes"), QStringLiteral("Old Zebra")});
+    Font(window).setFocus();
+    Font(window).lineEdit()->selectAll();
+    QTest::keyClicks(&Font(window), QStringLiteral("zebra"));
+    const QCompleter *matches = Font(window).completer();
+    EXPECT_TRUE(matches->popup()->isVisible());
+    EXPECT_EQ(matches->completionCount(), 2);
+    QTest::keyClick(matches->popup(), Qt::Key_Escape);
+    EXPECT_FALSE(matches->popup()->isVisible());
+}
+
+TEST_F(FontBoxes, SamplesAreMadeWhenTheUserComesToTheBox) {
+    frmMain &window = NewWindow();
+    EXPECT_FALSE(Font(window).findChild<FontSamples *>());
+    Font(window).setFocus();
+    EXPECT_TRUE(qobject_cast<FontSamples *>(Font(window).view()->itemDelegate()));
+    EXPECT_FALSE(Size(window).findChild<FontSamples *>());
 }
 
 } // namespace mainwindow::testing
