@@ -112,12 +112,15 @@ int AlignmentInFamily(int alignment, int base) {
     return base + alignment % kPlacementsInFamily;
 }
 
+// Taken off only where it stands: a text that was written anew, or on another slice, in the meantime stays.
 void ShowSecondTexts(diagram::Surface &flow, bool on) {
     for (diagram::Node &node : flow.Nodes()) {
         if (node.Event().isEmpty()) continue;
         const QString second = kLineEnd + node.Event();
-        node.SetText(on ? node.Text() + second
-                        : node.Text().chopped(qMin(second.size(), node.Text().size())));
+        if (on)
+            node.SetText(node.Text() + second);
+        else if (node.Text().endsWith(second))
+            node.SetText(node.Text().chopped(second.size()));
     }
 }
 

@@ -43,6 +43,17 @@ TEST_F(Format, DisplayTwiceGivesBackTheTextExactly) {
     EXPECT_TRUE(window.clsSettings().Dirty);
 }
 
+// The texts that a node has on another slice, or was given while both were shown, aren't cut.
+TEST_F(Format, DisplayTakesOffOnlyWhatItPutThere) {
+    frmMain &window = NewWindow();
+    diagram::Node &node = AddNode(window, 0, 0, QStringLiteral("first"));
+    node.SetEvent(QStringLiteral("second"));
+    window.ClickFormatButton(QStringLiteral("DISPLAY"));
+    node.SetText(QStringLiteral("written anew"));
+    window.ClickFormatButton(QStringLiteral("DISPLAY"));
+    EXPECT_EQ(node.Text(), QStringLiteral("written anew"));
+}
+
 TEST_F(Format, CopyWithDisplayPressedLeavesTheButtonReleasedAndTheTextBare) {
     frmMain &window = NewWindow();
     diagram::Node &node = AddNode(window, 0, 0, QStringLiteral("first"));
