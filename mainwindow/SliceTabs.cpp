@@ -2,16 +2,48 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace mainwindow {
 
 namespace {
-constexpr int kMarkWidth = 3; // pixels of the line that shows where a tab would drop
+constexpr int kMarkWidth = 3;       // pixels of the line that shows where a tab would drop
+constexpr int kCharacters = 32;     // of a tab at most
+constexpr int kTipCharacters = 500; // of a name in a tip
+
+int WidestTab(const QFontMetrics &metrics) { return metrics.averageCharWidth() * kCharacters; }
+} // namespace
+
+SliceTabs::SliceTabs(QWidget *parent) : QTabBar(parent) {
+    setContextMenuPolicy(Qt::DefaultContextMenu);
+    setElideMode(Qt::ElideRight);
 }
 
-SliceTabs::SliceTabs(QWidget *parent) : QTabBar(parent) { setContextMenuPolicy(Qt::DefaultContextMenu); }
+QSize SliceTabs::tabSizeHint(int index) const {
+    const QSize size = QTabBar::tabSizeHint(index);
+    return {qMin(size.width(), WidestTab(fontMetrics())), size.height()};
+}
+
+// Tabs that find no room are scrolled, not squeezed.
+QSize SliceTabs::minimumTabSizeHint(int index) const { return tabSizeHint(index); }
+
+bool SliceTabs::event(QEvent *event) {
+    if (event->type() != QEvent::ToolTip) return QTabBar::event(event);
+    const auto *help = static_cast<QHelpEvent *>(event);
+    ShowName(help->pos(), help->globalPos());
+    return true;
+}
+
+void SliceTabs::ShowName(const QPoint &at, const QPoint &global) {
+    const int tab = tabAt(at);
+    if (tab < 0 || QTabBar::tabSizeHint(tab).width() <= tabRect(tab).width()) return QToolTip::hideText();
+    QString name = tabText(tab).replace(QLatin1String("&&"), QLatin1String("&"));
+    if (name.size() > kTipCharacters) name = name.left(kTipCharacters) + QStringLiteral("...");
+    QToolTip::showText(global, name.toHtmlEscaped(), this, tabRect(tab));
+}
 
 int SliceTabs::GapAt(const QPoint &at) const {
     const bool mirrored = isRightToLeft();

@@ -19,6 +19,10 @@ Q_SIGNALS:
     void MenuAsked(int tab, const QPoint &at);
 
 protected:
+    // Wide enough for a usual name; a longer one is cut off and shown whole when the pointer rests on it.
+    QSize tabSizeHint(int index) const override;
+    QSize minimumTabSizeHint(int index) const override;
+    bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -28,6 +32,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void ShowName(const QPoint &at, const QPoint &global);
     // The gap between tabs next to the pixel, 0 before the first.
     int GapAt(const QPoint &at) const;
     void ShowGap(int gap);

@@ -80,10 +80,28 @@ QString WithLineFeeds(const QString &text) {
     return lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
 }
 
+QString FitForBox(const QString &text) {
+    constexpr int kMost = 1200, kRun = 60; // characters
+    constexpr QChar kMayBreak(0x200b);     // is not seen
+    const QString shown =
+        text.size() <= kMost ? text : text.left(kMost / 2) + QStringLiteral(" ... ") + text.right(kMost / 2);
+    QString fit;
+    int run = 0;
+    for (const QChar c : shown) {
+        run = c.isSpace() ? 0 : run + 1;
+        if (run > kRun && !c.isLowSurrogate()) {
+            fit += kMayBreak;
+            run = 1;
+        }
+        fit += c;
+    }
+    return fit;
+}
+
 Answer QtMessageBoxes::Show(const QString &text, Buttons buttons, Icon icon, const QString &title) {
     QMessageBox box(QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
-    box.setText(WithLineFeeds(text));
+    box.setText(FitForBox(WithLineFeeds(text)));
     box.setWindowTitle(TitleOrApplication(title));
     for (const ButtonRow &row : kButtons)
         if (row.buttons == buttons) box.setStandardButtons(row.shown);

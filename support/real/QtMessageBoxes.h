@@ -14,4 +14,8 @@ public:
 // `text` with every carriage return, line feed and pair of both as one line feed.
 QString WithLineFeeds(const QString &text);
 
+// `text` so that a box of it fits on a screen: an overlong one loses its middle, and runs without a blank may
+// be broken.
+QString FitForBox(const QString &text);
+
 } // namespace support

@@ -1,4 +1,5 @@
 #include "diagram/view/SurfaceView.h"
+#include "document/Tags.h"
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/SliceTabs.h"
 #include "tests/mainwindow/WindowTest.h"
@@ -130,6 +131,33 @@ TEST_F(SliceCommands, TheRightButtonOpensTheMenuOfItsTab) {
     ASSERT_TRUE(popup);
     EXPECT_EQ(popup->actions().first()->objectName(), QStringLiteral("mnuEditSlicesInsert"));
     popup->close();
+}
+
+TEST_F(SliceCommands, AnOverlongNameIsCutOffInItsTabAndStaysInReach) {
+    const QString name(10000, QLatin1Char('x'));
+    desktop.ExpectInput(QStringLiteral("Name for Slice."), name);
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesRename"));
+    ProcessEvents();
+    EXPECT_EQ(window.TabStrip().TabCaption(0), name);
+    EXPECT_LT(tabs.tabRect(0).width(), tabs.width() / 2);
+    EXPECT_TRUE(tabs.rect().contains(tabs.tabRect(2).center()));
+    EXPECT_LT(window.minimumSizeHint().width(), 1024);
+}
+
+TEST_F(SliceCommands, AHyperlinkStillReachesTheSliceThatWasMoved) {
+    QString key;
+    document::cHyperlink &hyperlink = window.clsSettings().Hyperlinks().add(key);
+    diagram::Node &node = window.AddFlow1()[1].Nodes().Item(1);
+    node.SetKey(QStringLiteral("{two}"));
+    hyperlink.Node = node.Key();
+    hyperlink.SliceKey = window.TabStrip().TabKey(0);
+    document::SetTag(node, document::tags::kHyper, QStringLiteral("Yes"));
+    Drag(0, tabs.tabRect(2).center() + QPoint(tabs.tabRect(2).width() / 4, 0));
+    ASSERT_EQ(Contents(), QStringList({"Two", "Three", "Map 1"}));
+    window.TabStrip().SetTheTab(0);
+    ProcessEvents();
+    DoubleClick(window, {750, 150});
+    EXPECT_EQ(window.TabStrip().TheTab(), 2);
 }
 
 TEST_F(SliceCommands, PropertiesAskForASelectionFirst) {

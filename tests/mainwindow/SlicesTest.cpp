@@ -70,6 +70,30 @@ TEST_F(SlicesTest, AMovedSliceKeepsItsNodesAndColour) {
     EXPECT_TRUE(window.clsSettings().Dirty);
 }
 
+TEST_F(SlicesTest, AMovedSliceKeepsItsPictureAndTheOneInItsPlaceDoesNotTakeIt) {
+    QImage red(4, 4, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    red.save(MapFile(QStringLiteral("red.png")));
+    const auto picture = diagram::Picture::FromFile(MapFile(QStringLiteral("red.png")));
+    window.AddFlow1()[0].SetPicture(picture);
+    std::vector<cSlice> slices = Slices();
+    slices[0].iIndex = 2, slices[1].iIndex = 0, slices[2].iIndex = 1;
+    RebuildSlices(window, slices);
+    EXPECT_EQ(window.AddFlow1()[2].Picture(), picture);
+    EXPECT_EQ(window.AddFlow1()[0].Picture(), diagram::Picture());
+}
+
+TEST_F(SlicesTest, ViewSettingsStayWithTheirSlice) {
+    window.AddFlow1()[1].SetGridLines(true);
+    window.AddFlow1()[1].SetSnapToGrid(true);
+    window.AddFlow1()[1].SetxZoom(150);
+    RebuildSlices(window, Slices());
+    EXPECT_TRUE(window.AddFlow1()[1].GridLines());
+    EXPECT_TRUE(window.AddFlow1()[1].SnapToGrid());
+    EXPECT_EQ(window.AddFlow1()[1].xZoom(), 150);
+    EXPECT_FALSE(window.AddFlow1()[2].GridLines());
+}
+
 TEST_F(SlicesTest, ADeletedSliceGoesAndANewOneIsEmpty) {
     std::vector<cSlice> slices = Slices();
     slices[1].bDeleted = true;

@@ -1,4 +1,5 @@
 #include "support/real/RealDesktop.h"
+#include "support/real/QtMessageBoxes.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -78,6 +79,15 @@ TEST_F(RealBoxes, Show_BreaksLinesAtCarriageReturnsAndShowsPlainText) {
     EXPECT_EQ(text, "<b>a</b>\n\nb\nc\nd");
     EXPECT_EQ(format, Qt::PlainText);
     EXPECT_EQ(title, "Error in frmMain: Sub X");
+}
+
+TEST(FitForBox, KeepsBothEndsOfAnOverlongTextAndLetsLongRunsBreak) {
+    EXPECT_EQ(FitForBox(QStringLiteral("Save Changes?")), QStringLiteral("Save Changes?"));
+    QString fit = FitForBox(u'a' + QString(10000, u'x') + u'z');
+    EXPECT_LT(fit.size(), 1300);
+    EXPECT_TRUE(fit.startsWith(u'a'));
+    EXPECT_TRUE(fit.endsWith(u'z'));
+    for (const QString &run : fit.replace(QChar(0x200b), u' ').split(u' ')) EXPECT_LE(run.size(), 60);
 }
 
 TEST_F(RealBoxes, Show_WithoutATitleTakesTheApplicationsName) {
