@@ -105,6 +105,28 @@ private:
     bool ownColours_;
 };
 
+// Which of the lines along an edge are light: the outer ones at left and top, the inner ones there. Those at
+// right and bottom are the opposite. Without inner lines both are alike.
+struct EdgeLook {
+    diagram::ShapeEdge edge;
+    bool outerLight, innerLight;
+};
+constexpr EdgeLook kEdgeLooks[] = {
+    {diagram::ShapeEdge::Bump, true, false},
+    {diagram::ShapeEdge::Etched, false, true},
+    {diagram::ShapeEdge::Raised, true, true},
+    {diagram::ShapeEdge::Sunken, false, false},
+};
+
+void DrawFrame(QPainter &painter, const QRectF &box, bool lightAtTop) {
+    const QColor light(Qt::white), dark(0x70, 0x78, 0x88);
+    painter.setPen(QPen(lightAtTop ? light : dark, painter.pen().widthF(), Qt::SolidLine, Qt::SquareCap));
+    painter.drawLines(QVector<QLineF>{{box.bottomLeft(), box.topLeft()}, {box.topLeft(), box.topRight()}});
+    painter.setPen(QPen(lightAtTop ? dark : light, painter.pen().widthF(), Qt::SolidLine, Qt::SquareCap));
+    painter.drawLines(
+        QVector<QLineF>{{box.bottomLeft(), box.bottomRight()}, {box.bottomRight(), box.topRight()}});
+}
+
 class ShapeIconEngine : public DrawnIconEngine {
 public:
     explicit ShapeIconEngine(int shape) : shape_(shape) {}
@@ -119,10 +141,22 @@ protected:
         painter.setBrush(QColor(dark ? 0x34507e : 0xcfe0ff));
         painter.drawPath(diagram::Outline(shape_, 0, field));
         painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(painter.pen().color(), unit)); // lines that lie close stay apart
         painter.drawPath(diagram::Detail(shape_, 0, field));
+        DrawEdge(painter, field, 1.5 * unit);
     }
 
 private:
+    void DrawEdge(QPainter &painter, const QRectF &field, qreal width) {
+        const diagram::ShapeRow *row = diagram::FindShape(shape_);
+        for (const EdgeLook &look : kEdgeLooks) {
+            if (!row || row->edge != look.edge) continue;
+            painter.setPen(QPen(Qt::white, width));
+            DrawFrame(painter, field.adjusted(width, width, -width, -width), look.outerLight);
+            DrawFrame(painter, field.adjusted(2 * width, 2 * width, -2 * width, -2 * width), look.innerLight);
+        }
+    }
+
     int shape_;
 };
 
