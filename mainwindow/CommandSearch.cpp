@@ -16,11 +16,19 @@ namespace {
 
 constexpr int kSpareCharacters = 8; // in the box, beside its own text
 constexpr int kMostOffered = 12;    // without scrolling
+constexpr int kIconSide = 16;       // pixels
 constexpr int kGap = 24;            // pixels between a caption and its keys
 constexpr int kEntryRole = Qt::UserRole, kKeysRole = Qt::UserRole + 1;
 
 QString Shown(const SearchEntry &entry) {
     return entry.place.isEmpty() ? entry.caption : entry.place + QStringLiteral(" \u203a ") + entry.caption;
+}
+
+// In the place of an icon, so that captions stand below each other.
+QIcon NoIcon() {
+    QPixmap blank(kIconSide, kIconSide);
+    blank.fill(Qt::transparent);
+    return blank;
 }
 
 // A row with its keys at the right end.
@@ -63,6 +71,7 @@ CommandSearch::CommandSearch(Source source, QWidget *parent)
     list_->setWidget(this);
     list_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
     list_->setMaxVisibleItems(kMostOffered);
+    list_->popup()->setIconSize(QSize(kIconSide, kIconSide));
     list_->popup()->setItemDelegate(new KeysDelegate(list_));
     list_->popup()->setAccessibleName(tr("Commands found"));
     connect(this, &QLineEdit::textEdited, this, &CommandSearch::Offer);
@@ -107,7 +116,7 @@ void CommandSearch::Offer() {
     offered_->clear();
     for (const int at : MatchingCommands(texts, text())) {
         const SearchEntry &entry = entries_[std::size_t(at)];
-        auto *item = new QStandardItem(entry.icon, Shown(entry));
+        auto *item = new QStandardItem(entry.icon.isNull() ? NoIcon() : entry.icon, Shown(entry));
         item->setEditable(false);
         item->setEnabled(entry.enabled);
         item->setToolTip(entry.words);

@@ -20,6 +20,7 @@ constexpr int kCountCharacters = 16;
 FindBar::FindBar(QWidget *parent) : QWidget(parent) {
     setObjectName(QStringLiteral("FindBar"));
     setAutoFillBackground(true);
+    labelWidth_ = fontMetrics().horizontalAdvance(tr("Replace with")) + fontMetrics().averageCharWidth();
     auto *rows = new QVBoxLayout(this);
     rows->setContentsMargins(6, 4, 6, 4);
     auto *finding = new QHBoxLayout;
@@ -63,6 +64,7 @@ QLineEdit *FindBar::AddField(const char *name, const QString &label, QLayout *ro
     field->setClearButtonEnabled(true);
     auto *text = new QLabel(label, this);
     text->setBuddy(field);
+    text->setMinimumWidth(labelWidth_);
     row->addWidget(text);
     row->addWidget(field);
     return field;

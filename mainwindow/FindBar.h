@@ -43,6 +43,7 @@ private:
                            QLayout *row);
     QCheckBox *AddOption(const char *name, const QString &text, QLayout *row);
 
+    int labelWidth_ = 0; // of both fields, so that they stand below each other
     QLineEdit *txtFind_;
     QLineEdit *txtReplace_;
     QLabel *lblCount_;

@@ -4,6 +4,7 @@
 
 #include <QCompleter>
 #include <QListView>
+#include <QStyle>
 #include <utility>
 
 namespace mainwindow {
@@ -51,6 +52,8 @@ void FontBox::Prepare() {
     matches->setCaseSensitivity(Qt::CaseInsensitive);
     matches->setMaxVisibleItems(maxVisibleItems());
     ShowSamples(*matches->popup());
+    matches->popup()->setMinimumWidth(view()->sizeHintForColumn(0) +
+                                      style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this));
     setCompleter(matches);
 }
 

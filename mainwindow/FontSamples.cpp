@@ -23,7 +23,9 @@ QFont SampleFont(const QString &family, const QFont &own) {
 // What the font can write when it can't write its own name; empty when it can.
 QString SignsOf(const QString &family) {
     const QList<QFontDatabase::WritingSystem> systems = QFontDatabase::writingSystems(family);
-    if (systems.isEmpty() || systems.contains(QFontDatabase::Latin)) return {};
+    const bool signsOnly =
+        systems.contains(QFontDatabase::Symbol) || family.contains(QLatin1String("Symbol"));
+    if (systems.isEmpty() || (systems.contains(QFontDatabase::Latin) && !signsOnly)) return {};
     return QFontDatabase::writingSystemSample(systems.last());
 }
 

@@ -1,8 +1,10 @@
 #include "mainwindow/TickBox.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QListView>
 #include <QMouseEvent>
+#include <QProxyStyle>
 #include <QStandardItemModel>
 #include <QStyledItemDelegate>
 #include <QStylePainter>
@@ -15,10 +17,23 @@ namespace {
 constexpr int kCharacters = 12; // of the closed box
 constexpr int kMostRows = 20;   // without scrolling
 constexpr int kKeyRole = Qt::UserRole;
+
+// The list drops below the box, so that what is ticked can be read while one ticks.
+class DropsBelow : public QProxyStyle {
+public:
+    DropsBelow() : QProxyStyle(QApplication::style()->name()) {}
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *result) const override {
+        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
+    }
+};
 } // namespace
 
 TickBox::TickBox(const QString &name, const QString &tip, QWidget *parent)
     : QComboBox(parent), rows_(new QStandardItemModel(this)) {
+    auto *style = new DropsBelow;
+    style->setParent(this);
+    setStyle(style);
     setObjectName(name);
     setToolTip(tip);
     setAccessibleName(tip);
@@ -75,15 +90,19 @@ void TickBox::showPopup() {
 
 void TickBox::hidePopup() {
     QComboBox::hidePopup();
+    pressed_ = -1;
     if (std::exchange(open_, false)) Q_EMIT CloseUp();
 }
 
+// The button that opened the list may be let go over a row: that is no click on it.
 bool TickBox::TakesClick(QEvent *event) {
-    if (event->type() != QEvent::MouseButtonRelease && event->type() != QEvent::MouseButtonDblClick)
-        return false;
-    const QModelIndex index = view()->indexAt(static_cast<QMouseEvent *>(event)->position().toPoint());
-    if (index.isValid() && event->type() == QEvent::MouseButtonRelease) Q_EMIT Click(index.row());
-    return true;
+    const QEvent::Type type = event->type();
+    const bool presses = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
+    if (!presses && type != QEvent::MouseButtonRelease) return false;
+    const int row = view()->indexAt(static_cast<QMouseEvent *>(event)->position().toPoint()).row();
+    const int pressed = std::exchange(pressed_, presses ? row : -1);
+    if (!presses && row >= 0 && row == pressed) Q_EMIT Click(row);
+    return type != QEvent::MouseButtonPress;
 }
 
 bool TickBox::TakesKey(QEvent *event) {

@@ -50,6 +50,7 @@ private:
     QStandardItemModel *rows_;
     QString text_;
     bool open_ = false;
+    int pressed_ = -1; // row under the press
 };
 
 } // namespace mainwindow

@@ -83,6 +83,7 @@ void frmMain::BuildStatusBar() {
     prg1_ = new cProgressBar(staMain_);
     prg1_->setObjectName(QStringLiteral("prg1"));
     prg1_->hide();
+    staMain_->Panel(QStringLiteral("PROGRESS"))->installEventFilter(this);
 }
 
 void frmMain::BuildToolbars() {

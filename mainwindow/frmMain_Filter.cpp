@@ -75,7 +75,11 @@ void frmMain::ssDBGroups_CloseUp() {
         SetMousePointer(document::pointer::kHourglass);
         const FilterKeys keys = KeysForFilter(ssDBGroups_->Text(), ssDBLevels_->Text(),
                                               clsSettings_->Groups(), clsSettings_->Levels());
-        for (const int index : AddFlow1_.Indices()) ApplyFilter(AddFlow1_[index], keys);
+        for (const int index : AddFlow1_.Indices()) {
+            ApplyFilter(AddFlow1_[index], keys);
+            UnselectHiddenNodes(AddFlow1_[index]); // what nobody sees must not be deleted by a key
+            UnselectHiddenLinks(AddFlow1_[index]);
+        }
         ShowHideTimelineNodes();
         SetMousePointer(document::pointer::kNormal);
         ScheduleUpdate();

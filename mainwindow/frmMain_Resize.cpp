@@ -26,6 +26,9 @@ void frmMain::resizeEvent(QResizeEvent *event) {
 
 bool frmMain::eventFilter(QObject *watched, QEvent *event) {
     if (watched == picRHS_ && event->type() == QEvent::Resize) picRHS_Resize();
+    // What stands beside the panel comes and goes.
+    if (watched != picRHS_ && event->type() == QEvent::Move)
+        cProgressOnStatusBar().SetProgressBar(*prg1_, *staMain_);
     return QMainWindow::eventFilter(watched, event);
 }
 
