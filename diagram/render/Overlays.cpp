@@ -68,7 +68,7 @@ void PaintLinkHandles(Paint &paint, const Link &link, bool focus) {
 void PaintMark(Paint &paint, const Item &item) {
     const double width = paint.frame.LineWidth(kMarkWidth);
     const QColor &colour = paint.options.markColour;
-    const QRgb ink = qRgba(colour.red(), colour.green(), colour.blue(), 150);
+    const QRgb ink = qRgba(colour.red(), colour.green(), colour.blue(), 90);
     paint.pencil.NoFill();
     paint.pencil.Smooth(true);
     paint.pencil.Line(ink, width);

@@ -26,7 +26,7 @@ struct RenderOptions {
     double handleSize = 7;  // device pixels
     QColor handleFill = QColor(255, 255, 255);
     QColor handleLine = QColor(0, 95, 184); // and the fill of the handles of the item with the focus
-    QColor markColour = QColor(255, 140, 0);
+    QColor markColour = QColor(90, 140, 210);
     ContentTarget *target = nullptr; // with `vector`: takes texts and pictures in place of the painter
 };
 

@@ -78,6 +78,31 @@ TEST_F(Absurd, NodesWithoutSize_ArePaintedWithTheirLinks) {
     for (const Point &point : link.Way()) EXPECT_TRUE(std::isfinite(point.x) && std::isfinite(point.y));
 }
 
+TEST_F(Absurd, PicturesOfAbsurdSizes_ArePainted) {
+    for (const QSize size : {QSize(1, 20000), QSize(20000, 1), QSize(2000, 2000)}) {
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        Node &node = AddNode("", 100 + 40 * surface.Nodes().Count(), 100);
+        node.SetPicture(Picture::FromImage(image));
+        node.SetAutoSize(int(surface.Nodes().Count()) % 3);
+    }
+    Node &enormous = surface.Nodes().Add(0, 6000, kFarthest, kFarthest);
+    enormous.SetPicture(surface.Nodes().Item(1).Picture());
+    Settle();
+    LookAround();
+}
+
+TEST_F(Absurd, FontsThatAreNotInstalled_AreReplacedAndStayInTheModel) {
+    Node &node = AddNode("{A}", 100, 100);
+    node.SetText(QStringLiteral("words"));
+    for (const QString &name : {QStringLiteral("No Such Font"), QString(), QString(5000, QChar('x'))}) {
+        node.SetFont(Font(name, 12));
+        Settle();
+        LookAround();
+        EXPECT_EQ(node.Font().Name(), name);
+    }
+}
+
 TEST_F(Absurd, ThousandsOfLinksOnOneNode_FollowItAndUndo) {
     Node &hub = AddNode("{HUB}", 300, 250);
     for (int i = 0; i < 3000; ++i) AddLink(hub, AddNode("", 120 * (i % 60), 400 + 80 * (i / 60)));
