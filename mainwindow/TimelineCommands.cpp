@@ -19,8 +19,8 @@ using document::pointer::kNormal;
 
 void ShowSetup(frmMain &window, diagram::Node &look, bool asTemplate) {
     window.SetMousePointer(kNormal);
-    timeline::TimelineSetupArgument argument{
-        window, window.CurrentSurface(), look, asTemplate, false, [&window] { window.DoFixColors(); }};
+    timeline::TimelineSetupArgument argument{window, &window.CurrentSurface(),           &look, asTemplate,
+                                             false,  [&window] { window.DoFixColors(); }};
     window.Desktop().dialogHost.ShowModal(QLatin1String(timeline::kFormTimelineSetup), &argument, &window);
 }
 
@@ -67,13 +67,14 @@ void keyDate(frmMain &window) {
                                     window.Desktop().clock.Now().date()};
     if (!window.Desktop().dialogHost.ShowModal(QLatin1String(timeline::kFormDate), &form, &window)) return;
     const ActionGroup step(surface);
+    std::vector<timeline::NodeDate> dates;
     for (diagram::Node *node : nodes) {
         if (form.date)
-            timeline::AddTimelineLink(window, surface, *node,
-                                      timeline::FormatDate(*form.date, timeline::kDayPattern));
+            dates.push_back({node, timeline::FormatDate(*form.date, timeline::kDayPattern)});
         else
             timeline::RemoveTimelineLinks(*node);
     }
+    if (form.date) timeline::AddTimelineLinks(window, surface, dates);
     window.clsSettings().Dirty = true;
     window.ClickTab();
 }

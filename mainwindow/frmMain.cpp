@@ -15,6 +15,7 @@
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/SurfaceSink.h"
 #include "mainwindow/TickBox.h"
+#include "timeline/DaysOfStrip.h"
 
 #include <algorithm>
 #include <QApplication>
@@ -39,7 +40,10 @@ int NextNumber() {
 
 } // namespace
 
-frmMain::frmMain(support::Desktop &desktop) : desktop_(desktop), sink_(std::make_unique<SurfaceSink>(*this)) {
+frmMain::frmMain(support::Desktop &desktop)
+    : desktop_(desktop),
+      days_(std::make_unique<timeline::DaysOfStrip>(*this)),
+      sink_(std::make_unique<SurfaceSink>(*this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setProperty("formNumber", NextNumber());
     support::PassOn("Form_Load", [this] { Form_Load(); });

@@ -24,6 +24,10 @@ namespace diagram {
 class SurfaceView;
 }
 
+namespace timeline {
+class DaysOfStrip;
+}
+
 namespace mainwindow {
 
 class CommandSearch;
@@ -266,6 +270,7 @@ private:
     // By slot and identity: what the popup was opened for can go while it is open.
     std::pair<int, diagram::ItemId> oTemplateNode_{-1, diagram::kNoItem};
     TimelineRoutines timeline_;
+    std::unique_ptr<timeline::DaysOfStrip> days_; // the views look at it
     ExchangeRoutines exchange_;
     QString hint_;
     frmPics *frmPics_ = nullptr;

@@ -157,10 +157,8 @@ diagram::Node *frmMain::oTemplateNode() const {
 
 void frmMain::HideTimelineNode() {
     const ActionGroup step(CurrentSurface());
-    if (diagram::Node *month = oTemplateNode()) {
-        month->SetHidden(true);
-        month->SetSelected(false);
-    }
+    if (diagram::Node *month = oTemplateNode()) month->SetHidden(true);
+    CurrentSurface().UnselectAll();
     oTemplateNode_ = {-1, diagram::kNoItem};
     SSTab_Click();
     timeline_.ArrangeTimeLineNodes(CurrentSurface(), -1);

@@ -12,6 +12,7 @@
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/SurfaceSink.h"
+#include "timeline/DaysOfStrip.h"
 #include "timeline/TimelineNodes.h"
 
 #include <algorithm>
@@ -41,6 +42,7 @@ void frmMain::SurfaceLoaded(diagram::Surface &surface) {
             [this](diagram::Hint hint) { TellInPassing(HintText(hint)); });
     view->SetWords({settings::Terms().NODE, settings::Terms().LINK});
     view->SetDescriber([this](const diagram::Item &item) { return ItemDescription(item, clsSettings()); });
+    view->SetDays(*days_);
     view->lower(); // what is on top stays so until its tab is selected
     views_[surface.Index()] = std::move(view);
     picRHS_Resize();

@@ -6,6 +6,7 @@
 #include "document/Tags.h"
 #include "support/Error.h"
 #include "timeline/Arrange.h"
+#include "timeline/DateLanguage.h"
 #include "timeline/TimelineNodes.h"
 
 namespace timeline {
@@ -24,7 +25,7 @@ bool WantsToSetUp(document::MapWindow &window) {
 void SetUp(document::MapWindow &window, diagram::Surface &flow) {
     const bool shown = WantsToSetUp(window);
     diagram::Node &look = *LocateTimeLineTemplateNode(flow, true);
-    TimelineSetupArgument argument{window, flow, look};
+    TimelineSetupArgument argument{window, &flow, &look};
     support::DialogHost &forms = window.Desktop().dialogHost;
     if (shown) forms.ShowModal(QLatin1String(kFormTimelineSetup), &argument, nullptr);
     if (shown && look.Width() != 0) return;
@@ -47,10 +48,18 @@ void RemoveLinks(diagram::Node &node, Condition condition) {
 
 void AddTimelineLink(document::MapWindow &window, diagram::Surface &Flow, diagram::Node &Node,
                      const QString &TheDate) {
+    AddTimelineLinks(window, Flow, {{&Node, TheDate}});
+}
+
+void AddTimelineLinks(document::MapWindow &window, diagram::Surface &Flow,
+                      const std::vector<NodeDate> &dates) {
     support::PassOn("AddTimelineLink", [&] {
         if (!LocateTimeLineTemplateNode(Flow, false)) SetUp(window, Flow);
-        RemoveLinks(Node, IsTimelineLink);
-        LocateTimelineNode(Flow, TheDate, true, &Node);
+        TranslateDates(Flow);
+        for (const NodeDate &dated : dates) {
+            RemoveLinks(*dated.node, IsTimelineLink);
+            LocateTimelineNode(Flow, dated.date, true, dated.node);
+        }
         UpdateTimeLineNodes(window, Flow, true);
     });
 }

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <QString>
+#include <vector>
 
 namespace diagram {
 class Node;
@@ -18,11 +19,11 @@ namespace timeline {
 inline constexpr char kFormTimelineSetup[] = "frmTimelineSetup";
 struct TimelineSetupArgument {
     document::MapWindow &window;
-    diagram::Surface &Flow;
-    diagram::Node &TemplateNode;         // receives the look: that of the months, or the default node
-    bool asTemplate = false;             // the default node's settings instead of the timeline's
-    bool pressOk = false;                // OK is pressed at once, without showing the form
-    std::function<void()> DoFixColors{}; // gives nodes the colours of their levels, for the default node
+    diagram::Surface *Flow = nullptr;      // whose settings are edited; null for none
+    diagram::Node *TemplateNode = nullptr; // receives the look: that of the months, or the default node
+    bool asTemplate = false;               // the default node's settings instead of the timeline's
+    bool pressOk = false;                  // OK is pressed at once, without showing the form
+    std::function<void()> DoFixColors{};   // gives nodes the colours of their levels, for the default node
 };
 
 // Gives the node the date, in the form "dd mmmm yyyy", in the place of the one that it had, and lays the
@@ -30,6 +31,13 @@ struct TimelineSetupArgument {
 // settings that the form shows at first are taken. Opens no group of changes.
 void AddTimelineLink(document::MapWindow &window, diagram::Surface &Flow, diagram::Node &Node,
                      const QString &TheDate);
+// The same for several nodes, laid out once.
+struct NodeDate {
+    diagram::Node *node;
+    QString date;
+};
+void AddTimelineLinks(document::MapWindow &window, diagram::Surface &Flow,
+                      const std::vector<NodeDate> &dates);
 // Takes the date of the node away: its links to nodes that cannot be selected.
 void RemoveTimelineLinks(diagram::Node &Node);
 

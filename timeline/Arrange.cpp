@@ -8,6 +8,7 @@
 #include "support/Error.h"
 #include "support/Val.h"
 #include "timeline/DateIndex.h"
+#include "timeline/DateLanguage.h"
 #include "timeline/DateText.h"
 #include "timeline/Strip.h"
 #include "timeline/TimelineNodes.h"
@@ -201,6 +202,7 @@ private:
 
 void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, int Align) {
     support::PassOn("ArrangeTimeLineNodes", [&] {
+        TranslateDates(Flow);
         const Settings settings(Flow, *LocateTimeLineTemplateNode(Flow, true), Align);
         Run run(window, Flow, settings);
         if (!run.FindNodes()) return window.DoStatus(QString());

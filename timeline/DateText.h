@@ -6,6 +6,7 @@
 #include <QDate>
 #include <QLocale>
 #include <QString>
+#include <QStringList>
 
 namespace timeline {
 
@@ -34,6 +35,10 @@ std::optional<QDate> ParseDate(const QString &text, const QLocale &locale = QLoc
 
 // Another language whose month names may be met, such as that of a map's file.
 void NoteDateLanguage(const QLocale &locale);
+// The same for the language in which most of the texts are dates.
+void NoteDateLanguageOf(const QStringList &texts);
+// Whether a text is a date by the language's own month names, or by digits alone.
+bool IsWrittenIn(const QString &text, const QLocale &locale);
 
 // The date in `text` in the pattern, or an empty text for what is no date.
 QString Reformatted(const QString &text, const QString &pattern, const QLocale &locale = QLocale());

@@ -100,7 +100,10 @@ const QList<QLocale> &AllLanguages() {
 
 std::optional<QDate> InAnyLanguage(const QString &plain) {
     for (const QLocale &language : std::vector(Met()))
-        if (const auto date = InLanguage(plain, language)) return date;
+        if (const auto date = InLanguage(plain, language)) {
+            if (language != Met().front()) NoteDateLanguage(language);
+            return date;
+        }
     for (const QLocale &language : AllLanguages()) {
         if (const auto date = InLanguage(plain, language)) {
             NoteDateLanguage(language);
@@ -115,6 +118,22 @@ std::optional<QDate> InAnyLanguage(const QString &plain) {
 void NoteDateLanguage(const QLocale &locale) {
     std::erase(Met(), locale);
     Met().insert(Met().begin(), locale);
+}
+
+void NoteDateLanguageOf(const QStringList &texts) {
+    const auto understood = [&](const QLocale &language) {
+        return std::ranges::count_if(texts, [&](const QString &text) {
+            return InLanguage(Plain(text).trimmed(), language).has_value();
+        });
+    };
+    const auto best = std::ranges::max_element(AllLanguages(), {}, understood);
+    if (best != AllLanguages().end() && understood(*best) > 0) NoteDateLanguage(*best);
+}
+
+bool IsWrittenIn(const QString &text, const QLocale &locale) {
+    const QString plain = Plain(text).trimmed();
+    if (const auto numbers = NumbersIn(plain)) return OfNumbers(plain, *numbers, locale).has_value();
+    return InLanguage(plain, locale).has_value();
 }
 
 std::optional<QDate> ParseDate(const QString &text, const QLocale &locale) {

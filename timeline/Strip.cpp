@@ -34,10 +34,9 @@ float Across(const diagram::Surface &flow, const diagram::Node &month, Arrangeme
     return 0;
 }
 
-// Of a month's extent along the strip.
-float SlotOf(float extent, int days) { return float(support::CLng(double(extent)) / days); }
-
 } // namespace
+
+float SlotOf(float extent, int days) { return float(support::CLng(double(extent)) / days); }
 
 bool RunsRightwards(int arrangement) { return arrangement >= int(Arrangement::Top); }
 

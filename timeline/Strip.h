@@ -16,6 +16,9 @@ namespace timeline {
 // Whether the strip of that arrangement runs from left to right; else it runs downwards.
 bool RunsRightwards(int arrangement);
 
+// How long the slot of a day is in a month of that extent along the strip: without rest.
+float SlotOf(float extent, int days);
+
 // Takes the extent along the strip away: the height of a strip that runs downwards, the width of another.
 // Nothing for a number that is no arrangement.
 void Fold(diagram::Node &month, int arrangement);

@@ -4,6 +4,7 @@
 #include "document/Tags.h"
 #include "support/Error.h"
 #include "timeline/DateIndex.h"
+#include "timeline/DateLanguage.h"
 #include "timeline/DateText.h"
 
 namespace timeline {
@@ -120,6 +121,7 @@ int DaysPerMonth(const QString &Month) { return CDate(Month).daysInMonth(); }
 
 void ShowHideTimelineNodes(diagram::Surface &Flow, bool Shown) {
     support::PassOn("ShowHideTimelineNodes", [&] {
+        TranslateDates(Flow);
         const diagram::Node *look = LocateTimeLineTemplateNode(Flow, false);
         const DateIndex index(Flow);
         for (diagram::Node *month : LocateTimelineNodes(Flow)) {

@@ -4,6 +4,7 @@
 #include "diagram/interaction/Hint.h"
 #include "diagram/interaction/Overlay.h"
 #include "diagram/interaction/PointerInput.h"
+#include "diagram/model/DayStrip.h"
 
 #include <memory>
 
@@ -19,6 +20,8 @@ public:
     virtual QRectF Seen() const = 0; // of the surface, twips
     // Tells the user something in passing, as a status bar does.
     virtual void Tell(Hint hint) = 0;
+    // To which nodes of the surface belong by their dates.
+    virtual DayStrip &Days() const { return DayStrip::None(); }
 };
 
 // A gesture computes from the state at the press and the whole distance, never from the last input. It ends

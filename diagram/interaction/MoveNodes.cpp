@@ -2,6 +2,7 @@
 
 #include "diagram/edit/History.h"
 #include "diagram/interaction/CopyNodes.h"
+#include "diagram/interaction/DateNodes.h"
 #include "diagram/interaction/Snap.h"
 #include "diagram/scene/Scene.h"
 
@@ -34,10 +35,14 @@ QPointF MoveNodes::Distance(const PointerInput &input) {
 }
 
 std::unique_ptr<Gesture> MoveNodes::Move(const PointerInput &input) {
-    Node *pressed = input.Ctrl() ? surface_.FindNode(pressed_) : nullptr;
-    if (pressed) {
+    Node *pressed = input.Ctrl() || input.Alt() ? surface_.FindNode(pressed_) : nullptr;
+    if (pressed && input.Ctrl()) {
         held_.Restore(surface_);
         return std::make_unique<CopyNodes>(scene_, stage_, *pressed, press_);
+    }
+    if (pressed && DateNodes::Begins(stage_, *pressed, input)) {
+        held_.Restore(surface_);
+        return std::make_unique<DateNodes>(scene_, stage_, *pressed, press_);
     }
     held_.MoveBy(surface_, Distance(input));
     return nullptr;

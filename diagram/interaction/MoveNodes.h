@@ -9,7 +9,7 @@ namespace diagram {
 
 // The selection as a whole is drawn to guides; with none near and the grid on, the node that was pressed goes
 // to the grid and the others keep their distance from it. Shift keeps the move on one axis; with Ctrl it
-// becomes a copy.
+// becomes a copy, and with Alt a node with a date goes along its strip of days.
 class MoveNodes : public Gesture {
 public:
     MoveNodes(Scene &scene, const Stage &stage, Node &pressed, const PointerInput &press);

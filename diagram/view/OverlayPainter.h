@@ -3,6 +3,7 @@
 
 #include <QRect>
 
+class QLineF;
 class QPainter;
 
 namespace diagram {
@@ -14,6 +15,8 @@ struct Overlay;
 // Paints into viewport pixels.
 void PaintOverlay(QPainter &painter, const Overlay &overlay, const Surface &surface,
                   const Viewport &viewport);
+// A thin line that marks today's place (twips) on a strip of days.
+void PaintToday(QPainter &painter, const QLineF &place, const Surface &surface, const Viewport &viewport);
 // Shades what lies left of the surface's origin or above it, where nothing can be put.
 void PaintBeyondTheOrigin(QPainter &painter, const Surface &surface, const Viewport &viewport,
                           const QRectF &area);

@@ -88,6 +88,11 @@ void SurfaceView::SetDescriber(Describer describer) { impl_->describer = std::mo
 QString SurfaceView::Described(const Item &item) const {
     return impl_->describer ? impl_->describer(item) : QString();
 }
+void SurfaceView::SetDays(DayStrip &days) {
+    impl_->days = &days;
+    impl_->todayOutdated_ = true;
+    impl_->AskForFlush();
+}
 void SurfaceView::SetWords(const ItemWords &words) {
     impl_->words = words;
     setAccessibleDescription(
@@ -168,6 +173,8 @@ void SurfaceView::focusInEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusInEvent(event);
     const bool byTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     if (byTab) impl_->NoteHand(true);
+    impl_->todayOutdated_ = true; // whoever comes back may come on another day
+    impl_->AskForFlush();
     viewport()->update();
     impl_->notices.Send();
     impl_->Guard("focusInEvent", [&] { Model().Events().GotFocus(Model()); });

@@ -13,6 +13,7 @@ class QAccessibleEvent;
 
 namespace diagram {
 
+class DayStrip;
 class Scene;
 class Renderer;
 
@@ -71,6 +72,9 @@ public:
     using Describer = std::function<QString(const Item &item)>;
     void SetDescriber(Describer describer);
     QString Described(const Item &item) const; // empty without a describer
+
+    // The strip of days to which nodes of the surface belong by their dates; must live longer than the view.
+    void SetDays(DayStrip &days);
 
     // What nodes and links are called when a screen reader tells of them.
     void SetWords(const ItemWords &words);

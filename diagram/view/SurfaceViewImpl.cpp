@@ -50,6 +50,7 @@ void SurfaceView::Impl::Failed(const char *routine) {
 
 void SurfaceView::Impl::ItemChanged(Item &item, Change what) {
     notices.Changed(item, what);
+    todayOutdated_ = true;
     if (Has(what, Change::Selection) && selectionTouched_.size() <= kManyTouched)
         selectionTouched_.emplace_back(item.Kind(), item.Id());
     AskForFlush();
@@ -57,16 +58,19 @@ void SurfaceView::Impl::ItemChanged(Item &item, Change what) {
 
 void SurfaceView::Impl::ItemAdded(Item &item) {
     notices.Added(item);
+    todayOutdated_ = true;
     AskForFlush();
 }
 
 void SurfaceView::Impl::ItemRemoved(Item &item) {
     notices.Removed(item);
+    todayOutdated_ = true;
     gestureOutdated_ = interaction.IsActive();
     AskForFlush();
 }
 
 void SurfaceView::Impl::SurfaceChanged(Change what) {
+    todayOutdated_ = true;
     if (Has(what, Change::Geometry)) viewport.FollowStored();
     AskForFlush();
 }
@@ -74,6 +78,7 @@ void SurfaceView::Impl::SurfaceChanged(Change what) {
 void SurfaceView::Impl::Cleared() {
     gestureOutdated_ = interaction.IsActive();
     notices.ListChanged();
+    todayOutdated_ = true;
     viewport.FollowStored();
     AskForFlush();
 }
@@ -101,6 +106,7 @@ void SurfaceView::Impl::Flush() {
         Q_EMIT view.ViewChanged();
     }
     NoteDamage();
+    NoteToday();
     UpdateOverlay();
     PlaceEditor();
     notices.Send();
@@ -147,6 +153,14 @@ void SurfaceView::Impl::NoteDamage() {
     }
     selectionTouched_.clear();
     for (const QRect &area : areas.Rects()) UpdatePixels(area);
+}
+
+void SurfaceView::Impl::NoteToday() {
+    if (!std::exchange(todayOutdated_, false)) return;
+    const std::optional<QLineF> former = std::exchange(today_, days->Today(surface));
+    if (former == today_) return;
+    for (const std::optional<QLineF> &line : {former, today_})
+        if (line) UpdatePixels(viewport.FromSurface(QRectF(line->p1(), line->p2())));
 }
 
 QRect SurfaceView::Impl::DevicePixelsSeen() const {
@@ -222,6 +236,7 @@ void SurfaceView::Impl::Paint(const QRegion &region) {
     painter.restore();
     painter.setClipRegion(region);
     PaintBeyondTheOrigin(painter, surface, viewport, region.boundingRect());
+    if (today_) PaintToday(painter, *today_, surface, viewport);
     const Overlay overlay = interaction.Show();
     PaintSelection(painter, scene, viewport, region.boundingRect(), Ring(), overlay.loose);
     PaintOverlay(painter, overlay, surface, viewport);

@@ -59,6 +59,7 @@ public:
     void SetScrollOffset(const QPointF &pixels) override;
     QRectF Seen() const override { return viewport.Seen(); }
     void Tell(Hint hint) override;
+    DayStrip &Days() const override { return *days; }
 
     void Scrolled();
     bool CancelGesture();
@@ -82,6 +83,7 @@ public:
     QPointer<InPlaceEditor> editor;
     Describer describer;
     ItemWords words;
+    DayStrip *days = &DayStrip::None();
     AccessibleNotices notices;
 
 private:
@@ -101,6 +103,7 @@ private:
     QRect DevicePixelsSeen() const;
     QRect ToDevice(const QRectF &twips) const;
     void NoteDamage();
+    void NoteToday();
     void PaintArea(QPainter &painter, const QRect &devicePixels);
     void PaintPicture();
     int BandRows(const QRect &seen);
@@ -117,7 +120,7 @@ private:
     // Selects the node alone and brings it into sight; false for none.
     bool GoTo(Node *node);
     bool TypeByKey(QKeyEvent *event);
-    QString HiddenText(const QPointF &at);
+    QString TipAt(const QPointF &at);
     void StartOrStopAutoScroll();
     QPoint AutoScrollStep() const;
     friend class SurfaceView;
@@ -127,7 +130,9 @@ private:
     QBasicTimer slices_;             // goes on painting when the event loop has nothing else to do
     bool resting_ = false;           // nothing has moved since the last slice
     std::optional<int> frameBudget_; // milliseconds; empty for the usual ones
-    QRect overlayArea_;              // pixels of the viewport, as last painted
+    std::optional<QLineF> today_;    // twips
+    bool todayOutdated_ = true;
+    QRect overlayArea_; // pixels of the viewport, as last painted
     std::vector<std::pair<ItemKind, ItemId>> selectionTouched_;
     std::optional<EditText> edit_;
     QBasicTimer autoScroll_;

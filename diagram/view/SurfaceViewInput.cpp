@@ -163,25 +163,31 @@ void SurfaceView::Impl::Leave() {
     UpdateOverlay();
 }
 
-// The text below the pointer that can't be read there, cut off or too small; empty for none.
-QString SurfaceView::Impl::HiddenText(const QPointF &at) {
+// The text below the pointer that can't be read there, cut off or too small, and the node's date; empty for
+// none.
+QString SurfaceView::Impl::TipAt(const QPointF &at) {
     const double scale = std::min(viewport.xScale(), viewport.yScale());
-    if (const Node *node = NodeAtPoint(scene, float(at.x()), float(at.y())))
-        return renderer.TextFits(*node) && IsLegible(node->Font(), scale) ? QString() : node->Text();
+    if (const Node *node = NodeAtPoint(scene, float(at.x()), float(at.y()))) {
+        const bool read = renderer.TextFits(*node) && IsLegible(node->Font(), scale);
+        const std::optional<QDate> date = days->DateOf(*node);
+        QStringList lines;
+        if (!read && !node->Text().isEmpty()) lines << node->Text().left(kLongestTip);
+        if (date) lines << days->Written(*date);
+        return lines.join(QLatin1Char('\n'));
+    }
     const Hit hit = HitTest(scene, at, OptionsFor(Input(viewport.FromSurface(at), {})));
     if (!hit.link || hit.link->Text().isEmpty()) return {};
     const bool whole = viewport.Seen().contains(scene.LabelBounds(*hit.link));
-    return whole && IsLegible(hit.link->Font(), scale) ? QString() : hit.link->Text();
+    return whole && IsLegible(hit.link->Font(), scale) ? QString() : hit.link->Text().left(kLongestTip);
 }
 
 bool SurfaceView::Impl::ToolTip(const QPoint &pixels, const QPoint &global) {
     const bool idle = !editor && !interaction.IsActive();
-    const QString text = idle ? HiddenText(viewport.ToSurface(pixels)) : QString();
+    const QString text = idle ? TipAt(viewport.ToSurface(pixels)) : QString();
     if (text.isEmpty())
         QToolTip::hideText();
     else
-        QToolTip::showText(global, Qt::convertFromPlainText(text.left(kLongestTip), Qt::WhiteSpaceNormal),
-                           view.viewport());
+        QToolTip::showText(global, Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal), view.viewport());
     return true;
 }
 

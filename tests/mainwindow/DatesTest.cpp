@@ -1,4 +1,6 @@
 // Dates of nodes, from the command to the strip.
+#include "diagram/export/Export.h"
+#include "diagram/format/SurfaceFile.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DoLoad.h"
 #include "document/Tags.h"
@@ -9,9 +11,14 @@
 #include "timeline/setup/frmTimelineSetup.h"
 #include "timeline/TimelineNodes.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QHelpEvent>
+#include <QMouseEvent>
 #include <QPushButton>
+#include <QTest>
+#include <QToolTip>
 
 namespace mainwindow::testing {
 
@@ -173,6 +180,174 @@ TEST_F(Dates, AMapWithATimelineComesBackFromItsFile) {
     EXPECT_EQ(timeline::LocateTimelineNodes(surface).size(), 1u);
     EXPECT_EQ(document::GetTag(surface, document::tags::kTimelineAlign), QStringLiteral("4"));
     EXPECT_TRUE(window.MenuValue(QStringLiteral("mnuViewTimeline")));
+}
+
+struct Strips : Dates {
+    // The node on 14 March 2004, the strip at the top, months 3100 wide.
+    Strips() {
+        EnterDate(2004, 3, 14);
+        ConfirmSetupUnseen();
+        Press(window, QStringLiteral("Ctrl+T"));
+        diagram::Surface &surface = window.CurrentSurface();
+        diagram::Node &look = *timeline::LocateTimeLineTemplateNode(surface, false);
+        look.SetWidth(3100);
+        look.SetHeight(450);
+        document::SetTag(surface, document::tags::kTimelineAlign, QStringLiteral("2"));
+        window.Timeline().UpdateTimeLineNodes(surface, true);
+        ProcessEvents();
+    }
+    QColor PixelAt(const QPointF &twips) {
+        const QPixmap seen = window.CurrentView().viewport()->grab();
+        const QPointF at = window.CurrentView().FromSurface(twips) * seen.devicePixelRatio();
+        return QColor(seen.toImage().pixel(int(at.x()), int(at.y())));
+    }
+    // As a user who left the window and comes back to it.
+    void ComeBackOn(const QDate &day) {
+        desktop.clock.now = QDateTime(day, QTime(9, 0));
+        window.CurrentView().clearFocus();
+        window.CurrentView().setFocus();
+        ProcessEvents();
+    }
+    QString TipAt(const QPointF &twips) {
+        QToolTip::hideText();
+        QWidget *viewport = window.CurrentView().viewport();
+        const QPoint at = PixelOf(window, twips);
+        QHelpEvent help(QEvent::ToolTip, at, viewport->mapToGlobal(at));
+        QApplication::sendEvent(viewport, &help);
+        return QToolTip::text();
+    }
+};
+
+TEST_F(Strips, TodayIsMarkedOnTheScreenAlone) {
+    diagram::Surface &surface = window.CurrentSurface();
+    const QPointF today(17.5 * 100, 400); // the line of 17 March
+    const QColor plain = PixelAt(today);
+    const QByteArray file = diagram::SaveBytes(surface);
+    ComeBackOn(QDate(2004, 3, 17));
+    EXPECT_NE(PixelAt(today), plain);
+    EXPECT_EQ(PixelAt(today + QPointF(60, 0)), plain) << "thin";
+    EXPECT_EQ(diagram::SaveBytes(surface), file);
+    const QString picture = MapFile(QStringLiteral("strip.png"));
+    diagram::ExportPictureFile(surface, picture);
+    const QImage exported(picture);
+    const QColor line = PixelAt(today);
+    for (int x = 0; x < exported.width(); ++x)
+        for (int y = 0; y < exported.height(); ++y) ASSERT_NE(exported.pixelColor(x, y), line);
+}
+
+TEST_F(Strips, TheLineOfTodayGoesWithTheStrip) {
+    diagram::Surface &surface = window.CurrentSurface();
+    ComeBackOn(QDate(2004, 3, 17));
+    const QPointF today(17.5 * 100, 400);
+    const QColor line = PixelAt(today);
+    window.Timeline().ShowHideTimelineNodes(surface, false);
+    ProcessEvents();
+    EXPECT_NE(PixelAt(today), line);
+    window.Timeline().ShowHideTimelineNodes(surface, true);
+    ProcessEvents();
+    EXPECT_EQ(PixelAt(today), line);
+}
+
+TEST_F(Strips, ADatedNodeTellsItsDateUnderThePointer) {
+    const diagram::Node &plain = AddNode(window, 6000, 3000, QStringLiteral("Plain"));
+    EXPECT_FALSE(TipAt(plain.Bounds().center()).contains(QStringLiteral("2004")));
+    EXPECT_TRUE(TipAt(node.Bounds().center()).contains(QStringLiteral("14 March 2004")));
+    QToolTip::hideText();
+}
+
+TEST_F(Strips, DraggedWithAltADatedNodeGoesToTheDayUnderThePointerAsOneStep) {
+    const QRectF box = node.Bounds();
+    const QPointF body = box.center() + QPointF(150, 150);
+    Drag(window, body, QPointF(2450, body.y() + 900), Qt::AltModifier);
+    EXPECT_EQ(timeline::DateOfNode(node), QStringLiteral("24 March 2004"));
+    EXPECT_NEAR(double(node.Left()), box.left() + 2450 - body.x(), 15);
+    EXPECT_EQ(node.Top(), float(box.top())) << "along the strip alone";
+    diagram::Link &link = node.Links().Item(1);
+    EXPECT_EQ(link.Points().Item(link.Points().Count() - 1).x, 2450);
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_EQ(timeline::DateOfNode(node), QStringLiteral("14 March 2004"));
+    EXPECT_EQ(node.Bounds(), box);
+    Press(window, QStringLiteral("Ctrl+Y"));
+    EXPECT_EQ(timeline::DateOfNode(node), QStringLiteral("24 March 2004"));
+}
+
+TEST_F(Strips, MonthsThatAreNeededAppear) {
+    document::SetTag(window.CurrentSurface(), document::tags::kMissing, QStringLiteral("True"));
+    Drag(window, node.Bounds().center() + QPointF(150, 150), QPointF(3100 * 2 + 1050, 3000), Qt::AltModifier);
+    EXPECT_EQ(timeline::DateOfNode(node), QStringLiteral("10 May 2004"));
+    EXPECT_EQ(Months().size(), 3);
+}
+
+TEST_F(Strips, EscapeGivesTheDragUp) {
+    const QRectF box = node.Bounds();
+    QWidget *viewport = window.CurrentView().viewport();
+    const QPoint start = PixelOf(window, box.center() + QPointF(150, 150)), end = start + QPoint(60, 0);
+    QTest::mousePress(viewport, Qt::LeftButton, Qt::AltModifier, start);
+    for (const QPoint &at : {start + QPoint(30, 0), end}) {
+        QMouseEvent move(QEvent::MouseMove, at, viewport->mapToGlobal(at), Qt::NoButton, Qt::LeftButton,
+                         Qt::AltModifier);
+        QApplication::sendEvent(viewport, &move);
+    }
+    EXPECT_NE(node.Bounds(), box);
+    Press(window, QStringLiteral("Esc"));
+    QTest::mouseRelease(viewport, Qt::LeftButton, {}, end);
+    EXPECT_EQ(node.Bounds(), box);
+    EXPECT_EQ(timeline::DateOfNode(node), QStringLiteral("14 March 2004"));
+}
+
+TEST_F(Strips, WithoutAltTheDateStays) {
+    Drag(window, node.Bounds().center() + QPointF(150, 150), QPointF(2450, 3000));
+    EXPECT_EQ(timeline::DateOfNode(node), QStringLiteral("14 March 2004"));
+}
+
+TEST_F(Strips, OtherSelectedNodesWithADateGoOnByAsManyDays) {
+    diagram::Surface &surface = window.CurrentSurface();
+    diagram::Node &second = AddNode(window, 6000, 3000, QStringLiteral("Second"));
+    diagram::Node &plain = AddNode(window, 6000, 4500, QStringLiteral("Plain"));
+    timeline::AddTimelineLink(window, surface, second, QStringLiteral("20 March 2004"));
+    second.SetSelected(true);
+    plain.SetSelected(true);
+    Drag(window, node.Bounds().center() + QPointF(150, 150), QPointF(1750, 3000), Qt::AltModifier);
+    EXPECT_EQ(timeline::DateOfNode(node), QStringLiteral("17 March 2004"));
+    EXPECT_EQ(timeline::DateOfNode(second), QStringLiteral("23 March 2004"));
+    EXPECT_TRUE(timeline::DateOfNode(plain).isEmpty());
+}
+
+TEST_F(Strips, MonthsCannotBeSelectedByClickBandOrKeys) {
+    const diagram::Node &month = *timeline::LocateTimelineNodes(window.CurrentSurface()).front();
+    Click(window, month.Bounds().center());
+    EXPECT_FALSE(month.Selected());
+    Drag(window, QPointF(7500, 7500), QPointF(15, 15), Qt::ShiftModifier);
+    EXPECT_FALSE(month.Selected());
+    EXPECT_TRUE(node.Selected());
+    for (int i = 0; i < 3; ++i) {
+        Press(window, QStringLiteral("Tab"));
+        EXPECT_FALSE(month.Selected());
+    }
+}
+
+TEST_F(Strips, HidingAMonthClearsTheSelection) {
+    diagram::Surface &surface = window.CurrentSurface();
+    diagram::Node &second = AddNode(window, 6000, 3000, QStringLiteral("Second"));
+    timeline::AddTimelineLink(window, surface, second, QStringLiteral("20 April 2004"));
+    second.SetSelected(true);
+    diagram::Node &month = *timeline::LocateTimelineNodes(surface).front();
+    window.ShowNodeProperties(month, 0, 0);
+    window.SMXP_Click(QStringLiteral("mnuTemplateNodeHide"));
+    EXPECT_TRUE(month.Hidden());
+    EXPECT_TRUE(surface.SelectedNodes().empty());
+}
+
+TEST_F(Strips, LinksEndOnTheirDaysSlotAtEveryZoom) {
+    diagram::Surface &surface = window.CurrentSurface();
+    const diagram::Link &link = node.Links().Item(1);
+    const QRectF day = link.Destination().Bounds();
+    for (const int zoom : {10, 33, 75, 100, 150, 400, 800}) {
+        surface.SetxZoom(zoom);
+        surface.SetyZoom(zoom);
+        ProcessEvents();
+        EXPECT_EQ(diagram::ToQPointF(link.Way().back()), QPointF(day.center().x(), day.bottom())) << zoom;
+    }
 }
 
 } // namespace mainwindow::testing

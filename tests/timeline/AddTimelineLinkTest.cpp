@@ -15,8 +15,8 @@ protected:
     // What OK of the form does for the template node.
     static bool PressOk(void *argument) {
         auto &setup = *static_cast<TimelineSetupArgument *>(argument);
-        setup.TemplateNode.SetWidth(1200);
-        setup.TemplateNode.SetHeight(1200);
+        setup.TemplateNode->SetWidth(1200);
+        setup.TemplateNode->SetHeight(1200);
         return true;
     }
     void Date(diagram::Node &node, const char *date) {

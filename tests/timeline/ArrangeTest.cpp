@@ -247,7 +247,7 @@ TEST(Sort2DArray, SortsByDateLeavesRowsWithoutAKeyOutAndTheTailAsItWas) {
 
 TEST(FillMissingDates, FillsFreeRowsOnlyAndAddsRowsForAll) {
     support::testing::ScriptedDesktop desktop;
-    document::MemoryWindow window(desktop.Get());
+    document::MemoryWindow window(desktop.Get(), document::EmptyPools{});
     AxisTable table{{QStringLiteral("a"), QStringLiteral("January 2004")},
                     {QStringLiteral("b"), QStringLiteral("April 2004")}};
     FillMissingDates(table, QStringLiteral("January 2004"), QStringLiteral("April 2004"), window);

@@ -30,7 +30,7 @@ protected:
     void Arrange(int align = -1);
 
     support::testing::ScriptedDesktop desktop;
-    document::MemoryWindow window{desktop.Get()};
+    document::MemoryWindow window{desktop.Get(), document::EmptyPools{}};
     diagram::Surface &flow = window.AddFlow1()[0];
 };
 

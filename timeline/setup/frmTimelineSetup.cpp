@@ -13,6 +13,7 @@
 #include "timeline/setup/Swatch.h"
 #include "timeline/TimelineNodes.h"
 
+#include <optional>
 #include <QCheckBox>
 #include <QComboBox>
 
@@ -28,6 +29,9 @@ const QString kFalse = QStringLiteral("False");
 const QString kSamplePattern = QStringLiteral("MMM YYYY");
 constexpr int kDefaultArrangement = 4;
 
+// A value that the list doesn't have selects nothing; what it stands for then stays as it is.
+void Select(QComboBox &list, int value) { list.setCurrentIndex(list.findData(value)); }
+
 QString Truth(bool value) { return value ? kTrue : kFalse; }
 
 } // namespace
@@ -41,9 +45,10 @@ frmTimelineSetup::frmTimelineSetup(const TimelineSetupArgument &argument, QWidge
     else
         RunAsTimeline();
     BuildSample();
-    ShowTemplate();
+    if (argument_.TemplateNode) ShowTemplate(*argument_.TemplateNode);
     ShowFlow();
     ApplyToSample();
+    ShowSampleDate();
 }
 
 diagram::Surface &frmTimelineSetup::TimelineSample() { return TimelineSample_->Model(); }
@@ -57,36 +62,54 @@ void frmTimelineSetup::BuildSample() {
 }
 
 // A pattern that the list doesn't have selects nothing.
-void frmTimelineSetup::ShowTemplate() {
-    const diagram::Node &node = argument_.TemplateNode;
-    if (document::GetTag(argument_.Flow, kMissing).isEmpty() && !document::GetTag(node, kMissing).isEmpty())
-        document::SetTag(argument_.Flow, kMissing, document::GetTag(node, kMissing));
+void frmTimelineSetup::ShowTemplate(const diagram::Node &node) {
+    const QString missing = document::GetTag(node, kMissing);
+    if (argument_.Flow && document::GetTag(*argument_.Flow, kMissing).isEmpty() && !missing.isEmpty())
+        document::SetTag(*argument_.Flow, kMissing, missing);
     const QString pattern = document::GetTag(node, kDateFormat);
     cboDateFormat_->setCurrentIndex(pattern.isEmpty() ? 1 : cboDateFormat_->findText(pattern));
-    cboAutoSize_->setCurrentIndex(int(node.AutoSize()));
-    cboDrawStyle_->setCurrentIndex(int(node.DrawStyle()));
-    cboDrawWidth_->setCurrentIndex(support::CInt(double(node.DrawWidth())));
-    cboShadow_->setCurrentIndex(int(node.Shadow()));
-    cboShape_->setCurrentIndex(cboShape_->findData(int(node.Shape())));
-    cboShapeOrient_->setCurrentIndex(int(node.ShapeOrientation()));
-    cboTextAlign_->setCurrentIndex(int(node.Alignment()));
-    cboXMargin_->setCurrentIndex(int(node.xTextMargin()));
-    cboYMargin_->setCurrentIndex(int(node.yTextMargin()));
+    for (const LookRow &row : LookRows()) Select(*row.list, row.stored(node));
     picForeColor_->SetValue(node.ForeColor());
     picFillColor_->SetValue(node.FillColor());
     picBorderColor_->SetValue(node.BorderColor());
-    sample_->SetFont(node.Font());
     if (node.Width() > 0) sample_->SetWidth(node.Width());
     if (node.Height() > 0) sample_->SetHeight(node.Height());
 }
 
 void frmTimelineSetup::ShowFlow() {
-    const QString align = document::GetTag(argument_.Flow, kTimelineAlign);
-    cboArrangement_->setCurrentIndex(align.isEmpty() ? kDefaultArrangement : int(support::Val(align)));
+    cboArrangement_->setCurrentIndex(kDefaultArrangement);
+    if (!argument_.Flow) return;
+    const QString align = document::GetTag(*argument_.Flow, kTimelineAlign);
+    if (!align.isEmpty()) Select(*cboArrangement_, int(support::Val(align)));
     chkMissingDates_->setChecked(
-        document::GetTag(argument_.Flow, kMissing).compare(kTrue, Qt::CaseInsensitive) == 0);
+        document::GetTag(*argument_.Flow, kMissing).compare(kTrue, Qt::CaseInsensitive) == 0);
     const document::cLevels &levels = argument_.window.clsSettings().Levels();
     if (argument_.asTemplate && levels.count() > 0) picFillColor_->SetValue(levels.Item(1).Color);
+}
+
+// In the order in which the sample takes them over.
+std::array<frmTimelineSetup::LookRow, 9> frmTimelineSetup::LookRows() const {
+    using diagram::Node;
+    return {{
+        {cboAutoSize_, [](const Node &node) { return int(node.AutoSize()); },
+         [](Node &node, int value) { node.SetAutoSize(value); }},
+        {cboDrawStyle_, [](const Node &node) { return int(node.DrawStyle()); },
+         [](Node &node, int value) { node.SetDrawStyle(value); }},
+        {cboDrawWidth_, [](const Node &node) { return int(support::CLng(double(node.DrawWidth()))); },
+         [](Node &node, int value) { node.SetDrawWidth(float(value)); }},
+        {cboShadow_, [](const Node &node) { return int(node.Shadow()); },
+         [](Node &node, int value) { node.SetShadow(value); }},
+        {cboShape_, [](const Node &node) { return int(node.Shape()); },
+         [](Node &node, int value) { node.SetShape(value); }},
+        {cboShapeOrient_, [](const Node &node) { return int(node.ShapeOrientation()); },
+         [](Node &node, int value) { node.SetShapeOrientation(value); }},
+        {cboTextAlign_, [](const Node &node) { return int(node.Alignment()); },
+         [](Node &node, int value) { node.SetAlignment(value); }},
+        {cboXMargin_, [](const Node &node) { return int(node.xTextMargin()); },
+         [](Node &node, int value) { node.SetxTextMargin(value); }},
+        {cboYMargin_, [](const Node &node) { return int(node.yTextMargin()); },
+         [](Node &node, int value) { node.SetyTextMargin(value); }},
+    }};
 }
 
 void frmTimelineSetup::showEvent(QShowEvent *event) {
@@ -95,15 +118,8 @@ void frmTimelineSetup::showEvent(QShowEvent *event) {
 }
 
 void frmTimelineSetup::ApplyLook(diagram::Node &node) const {
-    node.SetAutoSize(cboAutoSize_->currentIndex());
-    node.SetDrawStyle(cboDrawStyle_->currentIndex());
-    node.SetDrawWidth(float(cboDrawWidth_->currentIndex()));
-    node.SetShadow(cboShadow_->currentIndex());
-    if (cboShape_->currentIndex() >= 0) node.SetShape(cboShape_->currentData().toInt());
-    node.SetShapeOrientation(cboShapeOrient_->currentIndex());
-    node.SetAlignment(cboTextAlign_->currentIndex());
-    node.SetxTextMargin(cboXMargin_->currentIndex());
-    node.SetyTextMargin(cboYMargin_->currentIndex());
+    for (const LookRow &row : LookRows())
+        if (row.list->currentIndex() >= 0) row.store(node, row.list->currentData().toInt());
     node.SetForeColor(picForeColor_->Value());
     node.SetFillColor(picFillColor_->Value());
     node.SetBorderColor(picBorderColor_->Value());
@@ -123,22 +139,27 @@ void frmTimelineSetup::ShowSampleDate() {
 // The font reaches new maps alone, through the defaults: the text of the months stays as it was.
 void frmTimelineSetup::OKButton_Click() {
     support::Report("frmTimelineSetup", "OKButton_Click", [this] {
-        const diagram::ActionGroup step(argument_.Flow);
-        diagram::Node &node = argument_.TemplateNode;
-        ApplyLook(node);
-        node.SetWidth(sample_->Width());
-        node.SetHeight(sample_->Height());
-        document::SetTag(node, kDateFormat, cboDateFormat_->currentText());
-        StoreFlow();
+        std::optional<diagram::ActionGroup> step;
+        if (argument_.Flow) step.emplace(*argument_.Flow);
+        if (argument_.TemplateNode) StoreTemplate(*argument_.TemplateNode);
+        if (argument_.Flow) StoreFlow(*argument_.Flow);
         if (argument_.asTemplate) StoreLevelColour();
+        accept();
     });
-    accept();
 }
 
-void frmTimelineSetup::StoreFlow() {
-    document::SetTag(argument_.Flow, kTimelineAlign, QString::number(cboArrangement_->currentIndex()));
-    document::SetTag(argument_.Flow, kMissing, Truth(chkMissingDates_->isChecked()));
-    UpdateTimeLineNodes(argument_.window, argument_.Flow, true);
+void frmTimelineSetup::StoreTemplate(diagram::Node &node) const {
+    ApplyLook(node);
+    node.SetWidth(sample_->Width());
+    node.SetHeight(sample_->Height());
+    document::SetTag(node, kDateFormat, cboDateFormat_->currentText());
+}
+
+void frmTimelineSetup::StoreFlow(diagram::Surface &flow) {
+    const int arrangement = cboArrangement_->currentIndex();
+    if (arrangement >= 0) document::SetTag(flow, kTimelineAlign, QString::number(arrangement));
+    document::SetTag(flow, kMissing, Truth(chkMissingDates_->isChecked()));
+    UpdateTimeLineNodes(argument_.window, flow, true);
 }
 
 void frmTimelineSetup::StoreLevelColour() {
@@ -161,7 +182,8 @@ void frmTimelineSetup::cmdDefault_Click() {
 void frmTimelineSetup::SaveDefaults() {
     document::SetTag(*sample_, kDateFormat, cboDateFormat_->currentText());
     document::SetTag(*sample_, kMissing, Truth(chkMissingDates_->isChecked()));
-    document::SetTag(*sample_, kTimelineAlign, QString::number(cboArrangement_->currentIndex()));
+    if (cboArrangement_->currentIndex() >= 0)
+        document::SetTag(*sample_, kTimelineAlign, QString::number(cboArrangement_->currentIndex()));
     StoreDefaultNode(TimelineSample(), *sample_, argument_.asTemplate);
     StoreDefaultLevels(argument_.window.clsSettings().Levels(), sample_->FillColor());
 }

@@ -3,6 +3,7 @@
 
 #include "timeline/AddTimelineLink.h"
 
+#include <array>
 #include <QDialog>
 
 class QCheckBox;
@@ -38,17 +39,26 @@ protected:
 private:
     void BuildSample();
     void BuildControls();
+    void BuildLook(QGridLayout &grid);
     void BuildTimelineControls(QGridLayout &grid);
     void BuildButtons(QGridLayout &grid);
     QComboBox *AddList(QGridLayout &grid, const char *name, const QString &label, const QStringList &entries);
     QComboBox *AddShapes(QGridLayout &grid);
     Swatch *AddSwatch(QGridLayout &grid, const char *name, const QString &label);
-    void ShowTemplate();
+    // A list, and the property of a node whose stored values it offers.
+    struct LookRow {
+        QComboBox *list;
+        int (*stored)(const diagram::Node &node);
+        void (*store)(diagram::Node &node, int value);
+    };
+    std::array<LookRow, 9> LookRows() const;
+    void ShowTemplate(const diagram::Node &node);
     void ShowFlow();
     void ApplyToSample();
     void ApplyLook(diagram::Node &node) const;
     void ShowSampleDate();
-    void StoreFlow();
+    void StoreTemplate(diagram::Node &node) const;
+    void StoreFlow(diagram::Surface &flow);
     void StoreLevelColour();
     void SaveDefaults();
 

@@ -25,28 +25,38 @@ constexpr int kLargestDrawWidth = 8;
 void frmTimelineSetup::BuildControls() {
     auto *columns = new QGridLayout(this);
     frame_ = new QGroupBox(this);
-    columns->addWidget(frame_, 0, 0, 2, 1);
+    columns->addWidget(frame_, 0, 0);
     auto *grid = new QGridLayout(frame_);
     grid->setColumnStretch(1, 1);
+    BuildLook(*grid);
     BuildTimelineControls(*grid);
-    cboTextAlign_ = AddList(*grid, "cboTextAlign", QStringLiteral("A&lignment"), Placements());
-    cboXMargin_ = AddList(*grid, "cboXMargin", QStringLiteral("&x Margin"), Numbers(kLargestMargin));
-    cboYMargin_ = AddList(*grid, "cboYMargin", QStringLiteral("&y Margin"), Numbers(kLargestMargin));
-    cboShape_ = AddShapes(*grid);
-    cboShapeOrient_ = AddList(*grid, "cboShapeOrient", QStringLiteral("Shape Orie&ntation"), Orientations());
-    cboDrawStyle_ = AddList(*grid, "cboDrawStyle", QStringLiteral("D&raw Style"), DrawStyles());
-    cboShadow_ = AddList(*grid, "cboShadow", QStringLiteral("S&hadow"), Shadows());
-    cboDrawWidth_ = AddList(*grid, "cboDrawWidth", QStringLiteral("&Draw Width"), Numbers(kLargestDrawWidth));
-    cboAutoSize_ = AddList(*grid, "cboAutoSize", QStringLiteral("Auto &Size"), AutoSizes());
-    picFillColor_ = AddSwatch(*grid, "cmdChangeFill", QStringLiteral("&Fill Color"));
-    picBorderColor_ = AddSwatch(*grid, "cmdChangeBorder", QStringLiteral("Border Color"));
-    picForeColor_ = AddSwatch(*grid, "cmdChangeFore", QStringLiteral("Fore Color"));
 
     TimelineSample_ = new SampleView(this);
     columns->addWidget(TimelineSample_, 0, 1);
     columns->setColumnStretch(1, 1);
     columns->setRowStretch(0, 1);
     BuildButtons(*columns);
+}
+
+// From top to bottom as Tab goes.
+void frmTimelineSetup::BuildLook(QGridLayout &grid) {
+    cboAutoSize_ = AddList(grid, "cboAutoSize", QStringLiteral("Auto &Size"), AutoSizes());
+    cboDrawStyle_ = AddList(grid, "cboDrawStyle", QStringLiteral("D&raw Style"), DrawStyles());
+    cboDrawWidth_ = AddList(grid, "cboDrawWidth", QStringLiteral("&Draw Width"), Numbers(kLargestDrawWidth));
+    cboShadow_ = AddList(grid, "cboShadow", QStringLiteral("S&hadow"), Shadows());
+    cboShape_ = AddShapes(grid);
+    cboShapeOrient_ = AddList(grid, "cboShapeOrient", QStringLiteral("Shape Orie&ntation"), Orientations());
+    cboTextAlign_ = AddList(grid, "cboTextAlign", QStringLiteral("A&lignment"), Placements());
+    cboXMargin_ = AddList(grid, "cboXMargin", QStringLiteral("&x Margin"), Numbers(kLargestMargin));
+    cboYMargin_ = AddList(grid, "cboYMargin", QStringLiteral("&y Margin"), Numbers(kLargestMargin));
+    picForeColor_ = AddSwatch(grid, "cmdChangeFore", QStringLiteral("Fore Color"));
+    picFillColor_ = AddSwatch(grid, "cmdChangeFill", QStringLiteral("&Fill Color"));
+    picBorderColor_ = AddSwatch(grid, "cmdChangeBorder", QStringLiteral("Border Color"));
+    auto *font = new QPushButton(QStringLiteral("Font"), this);
+    font->setObjectName(QStringLiteral("cmdFont"));
+    font->setAutoDefault(false);
+    connect(font, &QPushButton::clicked, this, &frmTimelineSetup::cmdFont_Click);
+    grid.addWidget(font, grid.rowCount(), 1, Qt::AlignLeft);
 }
 
 void frmTimelineSetup::BuildTimelineControls(QGridLayout &grid) {
@@ -63,12 +73,6 @@ void frmTimelineSetup::BuildTimelineControls(QGridLayout &grid) {
 }
 
 void frmTimelineSetup::BuildButtons(QGridLayout &grid) {
-    auto *font = new QPushButton(QStringLiteral("Font"), this);
-    font->setObjectName(QStringLiteral("cmdFont"));
-    font->setAutoDefault(false);
-    connect(font, &QPushButton::clicked, this, &frmTimelineSetup::cmdFont_Click);
-    grid.addWidget(font, 1, 1, Qt::AlignLeft);
-
     auto *buttons = new QDialogButtonBox(this);
     QPushButton *ok = buttons->addButton(QDialogButtonBox::Ok);
     ok->setObjectName(QStringLiteral("OKButton"));
@@ -80,14 +84,14 @@ void frmTimelineSetup::BuildButtons(QGridLayout &grid) {
     connect(buttons, &QDialogButtonBox::accepted, this, &frmTimelineSetup::OKButton_Click);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(store, &QPushButton::clicked, this, &frmTimelineSetup::cmdDefault_Click);
-    grid.addWidget(buttons, 2, 0, 1, 2);
+    grid.addWidget(buttons, 1, 0, 1, 2);
 }
 
 QComboBox *frmTimelineSetup::AddList(QGridLayout &grid, const char *name, const QString &label,
                                      const QStringList &entries) {
     auto *list = new QComboBox(this);
     list->setObjectName(QLatin1String(name));
-    list->addItems(entries);
+    for (const QString &entry : entries) list->addItem(entry, list->count());
     auto *text = new QLabel(label, this);
     text->setObjectName(QStringLiteral("lbl_") + QLatin1String(name));
     text->setBuddy(list);

@@ -1,0 +1,52 @@
+// Laying out a timeline of 240 months with 5,000 dated nodes.
+#include "diagram/edit/History.h"
+#include "diagram/model/Surface.h"
+#include "document/MemoryWindow.h"
+#include "document/Tags.h"
+#include "support/Desktop.h"
+#include "timeline/AddTimelineLink.h"
+#include "timeline/Arrange.h"
+#include "timeline/DateText.h"
+#include "timeline/TimelineNodes.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+constexpr int kMonths = 240, kDated = 5000;
+
+// All nodes on days of their own as far as there are days, below the strip.
+void AddDatedNodes(document::MapWindow &window, diagram::Surface &flow) {
+    diagram::Node &look = *timeline::LocateTimeLineTemplateNode(flow, true);
+    look.SetWidth(3100);
+    look.SetHeight(500);
+    const QDate first(2004, 1, 1);
+    const qint64 days = first.daysTo(first.addMonths(kMonths));
+    std::vector<timeline::NodeDate> dates;
+    for (int i = 0; i < kDated; ++i) {
+        const QDate date = first.addDays(i * days / kDated);
+        dates.push_back({&flow.Nodes().Add(float(i * 150), float(2000 + i % 20 * 900), 1200, 600),
+                         timeline::FormatDate(date, timeline::kDayPattern)});
+    }
+    timeline::AddTimelineLinks(window, flow, dates);
+}
+
+void Arrange(benchmark::State &state) {
+    document::MemoryWindow window(support::CurrentDesktop(), document::EmptyPools{});
+    diagram::Surface &flow = window.AddFlow1()[0];
+    diagram::AttachHistory(flow);
+    flow.SetSize(30000, 20000);
+    AddDatedNodes(window, flow);
+    int arrangement = 0;
+    for (auto _ : state) {
+        arrangement = 2 + (arrangement + 1) % 3;
+        flow.BeginAction(1001);
+        timeline::ArrangeTimeLineNodes(window, flow, arrangement);
+        flow.EndAction();
+        window.statuses.clear();
+    }
+    state.counters["months"] = double(timeline::LocateTimelineNodes(flow).size());
+}
+BENCHMARK(Arrange)->Unit(benchmark::kMillisecond);
+
+} // namespace

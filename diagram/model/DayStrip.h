@@ -1,0 +1,45 @@
+// A strip of days on the surface, to which nodes with a date belong: what the screen asks of it. The diagram
+// itself knows of no dates.
+#pragma once
+
+#include <optional>
+#include <QDate>
+#include <QLineF>
+#include <QPointF>
+#include <QString>
+#include <vector>
+
+namespace diagram {
+
+class Node;
+class Surface;
+
+// The plain one stands for a surface without a strip. Places are in twips.
+class DayStrip {
+public:
+    virtual ~DayStrip() = default;
+
+    // Across the strip at today's place; nothing while no strip is seen or it doesn't reach that day.
+    virtual std::optional<QLineF> Today(const Surface &) const { return std::nullopt; }
+    // The node's date, nothing for a node without one, and how the user writes it.
+    virtual std::optional<QDate> DateOf(const Node &) const { return std::nullopt; }
+    virtual QString Written(const QDate &) const { return {}; }
+    // The day at that place along the strip, beyond its ends too; nothing while no strip is seen.
+    virtual std::optional<QDate> DayAt(const Surface &, const QPointF &) const { return std::nullopt; }
+    // Across the strip where that day stands; nothing for a day that the strip doesn't reach.
+    virtual std::optional<QLineF> PlaceOf(const Surface &, const QDate &) const { return std::nullopt; }
+    // Whether it runs from left to right.
+    virtual bool RunsRightwards(const Surface &) const { return true; }
+
+    struct Dated {
+        Node *node;
+        QDate date;
+    };
+    // Gives the nodes these dates, inside the group of changes that the caller has opened.
+    virtual void SetDates(Surface &, const std::vector<Dated> &) {}
+
+    // The plain one.
+    static DayStrip &None();
+};
+
+} // namespace diagram

@@ -1,0 +1,117 @@
+#include "timeline/DaysOfStrip.h"
+
+#include "diagram/model/Surface.h"
+#include "document/MapWindow.h"
+#include "document/Tags.h"
+#include "support/Val.h"
+#include "timeline/AddTimelineLink.h"
+#include "timeline/DateText.h"
+#include "timeline/Strip.h"
+#include "timeline/TimelineNodes.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace timeline {
+
+namespace {
+
+struct ShownMonth {
+    double start, length; // along the strip
+    QDate first;          // day of the month
+    double End() const { return start + length; }
+};
+
+QString MonthOf(const diagram::Node &node) { return document::GetTag(node, document::tags::kTheDate); }
+
+double LengthOf(const diagram::Node &month, bool rightwards) {
+    return double(rightwards ? month.Width() : month.Height());
+}
+
+// From the strip's beginning to its end.
+std::vector<ShownMonth> ShownMonths(const diagram::Surface &flow, bool rightwards) {
+    std::vector<ShownMonth> months;
+    for (const diagram::Node *month : LocateTimelineNodes(flow)) {
+        const std::optional<QDate> first = ParseDate(MonthOf(*month));
+        const double length = LengthOf(*month, rightwards);
+        if (month->Hidden() || !first || SlotOf(float(length), first->daysInMonth()) < 1) continue;
+        months.push_back({double(rightwards ? month->Left() : month->Top()), length, *first});
+    }
+    std::ranges::sort(months, {}, &ShownMonth::start);
+    return months;
+}
+
+// As many whole months on or back as it takes for the place to lie within.
+ShownMonth Beyond(const ShownMonth &end, double place) {
+    const double months = std::floor((place - end.start) / end.length);
+    return {end.start + months * end.length, end.length, end.first.addMonths(int(months))};
+}
+
+// The first slot of a month belongs to the last day of the month before, where that one stands in front.
+QDate DayIn(const ShownMonth &month, double place, bool monthBeforeInFront) {
+    const int days = month.first.daysInMonth();
+    const int day = int((place - month.start) / double(SlotOf(float(month.length), days)));
+    return month.first.addDays(std::clamp(day, monthBeforeInFront ? 0 : 1, days) - 1);
+}
+
+bool IsOneOfOurs(const QDate &date) {
+    return date.isValid() && date.year() >= kFirstYear && date.year() <= kLastYear;
+}
+
+} // namespace
+
+std::optional<QLineF> DaysOfStrip::Today(const diagram::Surface &flow) const {
+    return PlaceOf(flow, window_.Desktop().clock.Now().date());
+}
+
+std::optional<QDate> DaysOfStrip::DateOf(const diagram::Node &node) const {
+    return ParseDate(DateOfNode(node));
+}
+
+QString DaysOfStrip::Written(const QDate &date) const { return FormatDate(date, kDayPattern); }
+
+bool DaysOfStrip::RunsRightwards(const diagram::Surface &flow) const {
+    return timeline::RunsRightwards(
+        int(support::Val(document::GetTag(flow, document::tags::kTimelineAlign))));
+}
+
+std::optional<QDate> DaysOfStrip::DayAt(const diagram::Surface &flow, const QPointF &at) const {
+    const bool rightwards = RunsRightwards(flow);
+    const double place = rightwards ? at.x() : at.y();
+    const std::vector<ShownMonth> months = ShownMonths(flow, rightwards);
+    if (months.empty()) return std::nullopt;
+    const auto behind = std::ranges::upper_bound(months, place, std::less(),
+                                                 [](const ShownMonth &month) { return month.End(); });
+    QDate day;
+    if (behind == months.end())
+        day = DayIn(Beyond(months.back(), place), place, true);
+    else if (place < behind->start)
+        day = DayIn(Beyond(*behind, place), place, true);
+    else
+        day = DayIn(*behind, place,
+                    behind != months.begin() && std::prev(behind)->first.addMonths(1) == behind->first);
+    return IsOneOfOurs(day) ? std::optional(day) : std::nullopt;
+}
+
+std::optional<QLineF> DaysOfStrip::PlaceOf(const diagram::Surface &flow, const QDate &date) const {
+    const QString text = FormatDate(date, kMonthPattern);
+    for (const diagram::Node *month : LocateTimelineNodes(flow)) {
+        if (month->Hidden() || month->Bounds().isEmpty() || MonthOf(*month) != text) continue;
+        const bool rightwards = RunsRightwards(flow);
+        const double slot = double(SlotOf(float(LengthOf(*month, rightwards)), date.daysInMonth()));
+        const double along = (date.day() + 0.5) * slot;
+        const QRectF box = month->Bounds();
+        if (rightwards) return QLineF(box.left() + along, box.top(), box.left() + along, box.bottom());
+        return QLineF(box.left(), box.top() + along, box.right(), box.top() + along);
+    }
+    return std::nullopt;
+}
+
+void DaysOfStrip::SetDates(diagram::Surface &flow, const std::vector<Dated> &dates) {
+    std::vector<NodeDate> texts;
+    for (const Dated &dated : dates)
+        if (IsOneOfOurs(dated.date)) texts.push_back({dated.node, FormatDate(dated.date, kDayPattern)});
+    AddTimelineLinks(window_, flow, texts);
+}
+
+} // namespace timeline

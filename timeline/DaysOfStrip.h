@@ -1,0 +1,31 @@
+// Which places on the strip of months stand for which days, as the screen asks for it.
+#pragma once
+
+#include "diagram/model/DayStrip.h"
+
+namespace document {
+class MapWindow;
+}
+
+namespace timeline {
+
+// Counts months in sight alone, as they are laid out.
+class DaysOfStrip : public diagram::DayStrip {
+public:
+    // The window must live longer.
+    explicit DaysOfStrip(document::MapWindow &window) : window_(window) {}
+
+    std::optional<QLineF> Today(const diagram::Surface &flow) const override;
+    std::optional<QDate> DateOf(const diagram::Node &node) const override;
+    QString Written(const QDate &date) const override;
+    // In front of the strip and behind it a month is as long as that at the end.
+    std::optional<QDate> DayAt(const diagram::Surface &flow, const QPointF &at) const override;
+    std::optional<QLineF> PlaceOf(const diagram::Surface &flow, const QDate &date) const override;
+    bool RunsRightwards(const diagram::Surface &flow) const override;
+    void SetDates(diagram::Surface &flow, const std::vector<Dated> &dates) override;
+
+private:
+    document::MapWindow &window_;
+};
+
+} // namespace timeline
