@@ -51,6 +51,15 @@ FindBar::FindBar(QWidget *parent) : QWidget(parent) {
             &FindBar::ReplaceAll);
     replacing->addStretch(1);
 
+    // From what is sought to what takes its place.
+    QWidget *last = txtFind_;
+    for (const char *name : {"txtReplace", "cmdReplace", "cmdReplaceAll", "cmdPrevious", "cmdNext", "chkCase",
+                             "chkWords", "cmdClose"}) {
+        auto *next = findChild<QWidget *>(QLatin1String(name));
+        setTabOrder(last, next);
+        last = next;
+    }
+
     connect(txtFind_, &QLineEdit::textChanged, this, &FindBar::Changed);
     connect(chkCase_, &QCheckBox::toggled, this, &FindBar::Changed);
     connect(chkWords_, &QCheckBox::toggled, this, &FindBar::Changed);

@@ -17,6 +17,7 @@
 #include "mainwindow/Toolbar.h"
 
 #include <QAction>
+#include <QHBoxLayout>
 #include <QIntValidator>
 #include <QLabel>
 #include <QMenuBar>
@@ -27,6 +28,18 @@ namespace mainwindow {
 namespace {
 constexpr int kResizeSettles = 250;                      // milliseconds
 constexpr int kFontCharacters = 15, kSizeCharacters = 3; // of the fields of the font boxes
+
+// Both in one, so that they stay together where a narrow window moves them out of the toolbar.
+QWidget *Labelled(QWidget &box, const QString &label) {
+    auto *both = new QWidget(box.parentWidget());
+    auto *row = new QHBoxLayout(both);
+    row->setContentsMargins(6, 0, 0, 0);
+    auto *text = new QLabel(label, both);
+    text->setBuddy(&box);
+    row->addWidget(text);
+    row->addWidget(&box);
+    return both;
+}
 } // namespace
 
 void frmMain::BuildControls() {
@@ -132,13 +145,7 @@ void frmMain::AddFilterBoxes() {
     ssDBGroups_ = new TickBox(QStringLiteral("ssDBGroups"), tr("Groups that are shown"), tlbFilter_);
     ssDBLevels_ = new TickBox(QStringLiteral("ssDBLevels"), tr("Levels that are shown"), tlbFilter_);
     const std::pair<TickBox *, QString> boxes[] = {{ssDBGroups_, tr("Groups")}, {ssDBLevels_, tr("Levels")}};
-    for (const auto &[box, label] : boxes) {
-        auto *text = new QLabel(label, tlbFilter_);
-        text->setIndent(6);
-        text->setBuddy(box);
-        tlbFilter_->addWidget(text);
-        tlbFilter_->addWidget(box);
-    }
+    for (const auto &[box, label] : boxes) tlbFilter_->addWidget(Labelled(*box, label));
     connect(ssDBGroups_, &TickBox::Click, this, &frmMain::ssDBGroups_Click);
     connect(ssDBGroups_, &TickBox::CloseUp, this, &frmMain::ssDBGroups_CloseUp);
     connect(ssDBLevels_, &TickBox::Click, this, &frmMain::ssDBLevels_Click);

@@ -104,6 +104,16 @@ TEST_F(Finding, AHitOutOfSightIsScrolledTo) {
     EXPECT_TRUE(seen.contains(window.CurrentView().FromSurface(far.Bounds().center())));
 }
 
+TEST_F(Finding, TheTabulatorGoesFromTheSoughtToItsReplacement) {
+    Press(window, QStringLiteral("Ctrl+H"));
+    Key(Qt::Key_Tab);
+    EXPECT_TRUE(Child<QLineEdit>("txtReplace").hasFocus());
+    Key(Qt::Key_Escape);
+    Press(window, QStringLiteral("Ctrl+F"));
+    Key(Qt::Key_Tab);
+    EXPECT_TRUE(Child<QToolButton>("cmdPrevious").hasFocus());
+}
+
 TEST_F(Finding, ReplacesTheHitShownAndGoesOn) {
     Seek(QStringLiteral("plan"), "Ctrl+H");
     QTest::keyClicks(&Child<QLineEdit>("txtReplace"), QStringLiteral("Goal"));

@@ -11,6 +11,7 @@
 #include <QDoubleSpinBox>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 namespace mainwindow::testing {
 
@@ -111,6 +112,28 @@ TEST_F(Layout, EscapeGivesALongTaskUpAndNoOtherInputArrives) {
     }
     EXPECT_FALSE(window.CurrentView().IsEditing());
     EXPECT_EQ(bar->Doing(), QStringLiteral("Laying out was given up."));
+}
+
+// So many nodes take the engine far longer than anybody waits.
+TEST_F(Layout, TenThousandNodesAreGivenUpByEscapeWithNothingChanged) {
+    std::vector<diagram::Node *> nodes;
+    for (int i = 0; i < 10000; ++i)
+        nodes.push_back(&AddNode(window, float(i % 100) * 2000, float(i / 100) * 2000));
+    for (int i = 0; i < 13000; ++i)
+        nodes[std::size_t(i * 7919 % 10000)]->Links().Add(*nodes[std::size_t((i * 104729 + 1) % 10000)]);
+    const QPointF before = nodes[500]->Bounds().topLeft();
+    auto *bar = window.findChild<cStatusBar *>(QStringLiteral("staMain"));
+    QTimer escape;
+    QObject::connect(&escape, &QTimer::timeout, [&] {
+        if (bar->Doing().contains(QStringLiteral("Escape")))
+            QTest::keyClick(&window.CurrentView(), Qt::Key_Escape);
+    });
+    escape.start(1);
+    Run("mnuLayoutHExecute");
+    EXPECT_EQ(bar->Doing(), QStringLiteral("Laying out was given up."));
+    EXPECT_EQ(nodes[500]->Bounds().topLeft(), before);
+    EXPECT_FALSE(surface.CanUndo());
+    EXPECT_EQ(window.MousePointer(), document::pointer::kNormal);
 }
 
 } // namespace mainwindow::testing
