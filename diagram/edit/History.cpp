@@ -74,6 +74,7 @@ public:
 
     void WillChange(const Node &node) override { Touch(nodes_, node.Id(), node.Data()); }
     void WillChange(const Link &link) override { Touch(links_, link.Id(), link.Data()); }
+    bool Knows(const Link &link) const override { return links_.contains(link.Id()); }
     void WillChangeSurface(const SurfaceData &data) override {
         if (depth_ > 0 && !data_) data_ = data;
     }

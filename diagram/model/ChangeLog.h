@@ -44,6 +44,8 @@ public:
 
     virtual void WillChange(const Node &) = 0;
     virtual void WillChange(const Link &) = 0;
+    // Whether the open group knows already how the link was before it.
+    virtual bool Knows(const Link &) const = 0;
     virtual void WillChangeSurface(const SurfaceData &) = 0;
     virtual void Added(const Item &) = 0;
     virtual void WillRemove(const Item &) = 0;

@@ -38,7 +38,8 @@ void Surface::Record(const Node &node) {
 }
 
 void Surface::Record(Link &link) {
-    if (!Recording()) return;
+    // A way that has become out of date within the group needn't be known between two writes.
+    if (!Recording() || log_->Knows(link)) return;
     BringUpToDate(link);
     log_->WillChange(link);
 }

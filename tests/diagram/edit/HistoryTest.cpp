@@ -219,6 +219,24 @@ TEST(History, MovingANodeBringsBackTheFormerPointsOfItsLinks) {
     EXPECT_EQ(Bends(link), before);
 }
 
+TEST(History, PlacesThatNodesHaveOnlyWithinAGroupMoveNoBends) {
+    Drawn drawn;
+    Node &a = drawn.AddNode(), &b = drawn.AddNode(5000, 5000);
+    Link &link = a.Links().Add(b);
+    link.SetStyle(9);
+    link.SetOwnBends(true);
+    const auto before = Bends(link);
+    {
+        ActionGroup group(drawn.surface);
+        a.SetBounds(9000, 9000, 1000, 500);
+        b.SetTop(100);
+        a.SetBounds(0, 0, 1000, 500);
+        b.SetTop(5000);
+    }
+    EXPECT_EQ(Bends(link), before);
+    EXPECT_FALSE(drawn.surface.CanUndo());
+}
+
 TEST(History, ALinkOfANodeMovedBackByUndoIsRoutedWhenItsPointsChangedSince) {
     Drawn drawn;
     Node &a = drawn.AddNode(), &b = drawn.AddNode(5000, 5000);
