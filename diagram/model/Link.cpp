@@ -103,8 +103,17 @@ void Link::SetSelected(bool on) { Owner().Select(*this, on); }
 void Link::SetMarked(bool on) { Write(&LinkData::marked, on, Change::Look); }
 void Link::SetRigid(bool on) { Write(&LinkData::rigid, on, Change::Data); }
 void Link::SetOriented(bool on) { Write(&LinkData::oriented, on, Change::Data); }
-void Link::SetAddPointsMode(bool on) { Write(&LinkData::addPointsMode, on, Change::Data); }
-void Link::SetMovePointsMode(bool on) { Write(&LinkData::movePointsMode, on, Change::Data); }
+void Link::SetAddPointsMode(bool on) { Switch(&LinkData::addPointsMode, on); }
+void Link::SetMovePointsMode(bool on) { Switch(&LinkData::movePointsMode, on); }
+
+// Whose the points are that came meanwhile is found out among the nodes as they stand now; during a load,
+// when all of them stand.
+void Link::Switch(bool LinkData::*mode, bool on) {
+    Write(mode, on, Change::Data);
+    if (Owner().Loading() || !unjudged_) return;
+    Owner().SettleWays();
+    Owner().routing_.Judge(*this);
+}
 void Link::SetOwnBends(bool on) {
     Owner().routing_.Judge(*this);
     Write(&LinkData::ownBends, on, Change::Data);

@@ -142,6 +142,7 @@ private:
     template <typename T>
     void Write(T LinkData::*member, T value, Change what);
     void SetEnd(ItemId LinkData::*member, Node *Link::*end, Node &node);
+    void Switch(bool LinkData::*mode, bool on);
     bool KeepsPoints() const { return data_.addPointsMode || data_.movePointsMode; }
     void WritePoints(std::vector<Point> points);
 

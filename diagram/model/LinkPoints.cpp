@@ -34,6 +34,7 @@ void Link::WritePoints(std::vector<Point> points) {
     data_.points = std::move(points);
     stale_ = !KeepsPoints();
     unjudged_ = !stale_;
+    if (unjudged_) surface.routing_.NoteUnjudged();
     data_.ownBends = data_.ownBends || stale_;
     surface.Notify(*this, Change::Geometry);
 }

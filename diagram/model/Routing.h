@@ -50,6 +50,8 @@ public:
     void Route(Link &link);
     // Finds out whether bends that came from outside are the router's own, or the user's.
     void Judge(Link &link);
+    // From now on there may be links to judge.
+    void NoteUnjudged() { unjudged_ = true; }
 
     // From now on the values of links that give way are kept in `held`, as long as it stands.
     void Hold(const std::shared_ptr<HeldWays> &held) { held_ = held; }
@@ -69,6 +71,7 @@ private:
     void BuildNodes();
     void UpdateWays();
     void BuildWays();
+    void JudgeAround(const Node &node);
     void MakeWayFor(const Node &node);
     void GiveWay(Link &link);
     bool IsBlockedBy(const Link &link, const Node &node) const;
@@ -84,6 +87,7 @@ private:
     std::vector<ItemId> moved_;        // links that must be looked at
     std::weak_ptr<HeldWays> held_;
     bool replaying_ = false;
+    bool unjudged_ = false; // perhaps
 };
 
 } // namespace diagram

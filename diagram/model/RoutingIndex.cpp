@@ -1,6 +1,7 @@
 // The indices of nodes and ways, and what of them is out of date.
 #include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
+#include "diagram/shapes/RouterLanes.h"
 
 #include <algorithm>
 
@@ -41,8 +42,20 @@ void Routing::NodeAdded(Node &node) {
 
 void Routing::NodeChanges(Node &node) {
     if (blocking_.empty() && nodesBuilt_) UpdateNodes();
+    if (!node.changed_ && IsObstacle(node)) JudgeAround(node);
     if (std::exchange(node.changed_, true)) return;
     changed_.push_back({BoxOf(node), node.Id(), IsObstacle(node)});
+}
+
+// Those that may have gone round the node are judged while it stands there.
+void Routing::JudgeAround(const Node &node) {
+    if (!unjudged_ || IsQuiet() || changed_.size() >= kFew) return;
+    UpdateWays();
+    constexpr double kReach = 2 * kClearance;
+    std::vector<BoxIndex::Entry> found;
+    ways_.Find(node.Bounds().adjusted(-kReach, -kReach, kReach, kReach), found);
+    for (const BoxIndex::Entry &entry : found)
+        if (Link *link = surface_.FindLink(entry.second)) Judge(*link);
 }
 
 void Routing::NodeChanged(Node &node) {
@@ -69,6 +82,7 @@ void Routing::Clear() {
     nodes_.Clear(), ways_.Clear();
     nodesBuilt_ = waysBuilt_ = false;
     changed_ = {}, fresh_ = {}, blocking_ = {}, moved_ = {};
+    unjudged_ = false;
 }
 
 void Routing::NeedNodes() {

@@ -270,6 +270,29 @@ TEST(Routes, BendsAreJudgedByWhatTheRouterChoosesAmongTheNodes) {
     EXPECT_TRUE(give(through));
 }
 
+// As a map is loaded: the nodes, the links, their points, and all the while the surface is told so.
+TEST(Routes, LoadedBendsAreJudgedByTheNodesAsTheyStoodAfterTheLoad) {
+    for (const bool own : {false, true}) {
+        Pair pair;
+        Node &block = pair.AddBlock();
+        std::vector<Point> stored = pair.link.Way();
+        if (own) stored[2].y = stored[3].y = stored[2].y + 300;
+        Surface loaded;
+        loaded.SetLoading(true);
+        for (const Node &node : pair.surface.Nodes()) loaded.Restore(node.Id(), node.Data());
+        Link &link = loaded.FindNode(pair.a.Id())->Links().Add(*loaded.FindNode(pair.b.Id()));
+        link.SetStyle(kHVHVH);
+        link.SetAddPointsMode(true);
+        link.Points().Assign(stored);
+        link.SetAddPointsMode(false);
+        loaded.SetLoading(false);
+        EXPECT_EQ(link.Way(), stored);
+        loaded.FindNode(block.Id())->SetTop(9000);
+        EXPECT_EQ(link.Way(), stored);
+        EXPECT_EQ(link.OwnBends(), own);
+    }
+}
+
 TEST(Routes, ABlockThatMovesOntoAJudgedWayIsGoneRound) {
     Pair pair;
     Node &block = pair.AddBlock(9000);
