@@ -71,8 +71,10 @@ QPointF BodyOf(const diagram::Node &node) {
 
 diagram::Node &MiddleNode(diagram::SurfaceView &view) {
     const QPointF middle = view.ToSurface(QPointF(view.viewport()->rect().center()));
-    const auto isFree = [&view](const diagram::Node &node) {
-        return HitTest(view.TheScene(), BodyOf(node), {}).node == &node;
+    using namespace diagram;
+    const auto isFree = [&view](const Node &node) {
+        const Hit hit = HitTest(view.TheScene(), BodyOf(node), kGenerousHit);
+        return hit.kind == HitKind::Node && hit.node == &node;
     };
     diagram::Node *nearest = nullptr;
     double best = 0;

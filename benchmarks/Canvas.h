@@ -2,6 +2,7 @@
 #pragma once
 
 #include "benchmarks/Hand.h"
+#include "diagram/hit/HitTest.h"
 #include "diagram/view/SurfaceView.h"
 
 #include <memory>
@@ -32,5 +33,8 @@ QPointF BodyOf(const diagram::Node &node); // twips
 diagram::Node &MiddleNode(diagram::SurfaceView &view);
 // Lets the view come to rest, with an exact picture.
 void Settle(diagram::SurfaceView &view);
+
+// Whatever the view takes a press for, this takes a place for that too; twips.
+inline constexpr diagram::HitOptions kGenerousHit{.tolerance = 150, .handleSize = 300};
 
 } // namespace bench
