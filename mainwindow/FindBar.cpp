@@ -20,38 +20,62 @@ constexpr int kCountCharacters = 16;
 FindBar::FindBar(QWidget *parent) : QWidget(parent) {
     setObjectName(QStringLiteral("FindBar"));
     setAutoFillBackground(true);
-    labelWidth_ = fontMetrics().horizontalAdvance(tr("Replace with")) + fontMetrics().averageCharWidth();
     auto *rows = new QVBoxLayout(this);
     rows->setContentsMargins(6, 4, 6, 4);
     auto *finding = new QHBoxLayout;
     rows->addLayout(finding);
-    txtFind_ = AddField("txtFind", tr("F&ind"), finding);
-    lblCount_ = new QLabel(this);
-    lblCount_->setObjectName(QStringLiteral("lblCount"));
-    lblCount_->setMinimumWidth(fontMetrics().averageCharWidth() * kCountCharacters);
-    finding->addWidget(lblCount_);
-    connect(AddButton("cmdPrevious", {}, QStringLiteral("up"), tr("Previous (Shift+F3)"), finding),
-            &QToolButton::clicked, this, &FindBar::Previous);
-    connect(AddButton("cmdNext", {}, QStringLiteral("down"), tr("Next (F3)"), finding), &QToolButton::clicked,
-            this, &FindBar::Next);
-    chkCase_ = AddOption("chkCase", tr("&Match case"), finding);
-    chkWords_ = AddOption("chkWords", tr("&Whole words"), finding);
-    finding->addStretch(1);
-    connect(AddButton("cmdClose", {}, QStringLiteral("close"), tr("Close (Escape)"), finding),
-            &QToolButton::clicked, this, &FindBar::Closed);
-
+    AddFinding(*finding);
     replacing_ = new QWidget(this);
     auto *replacing = new QHBoxLayout(replacing_);
     replacing->setContentsMargins(0, 0, 0, 0);
     rows->addWidget(replacing_);
-    txtReplace_ = AddField("txtReplace", tr("Re&place with"), replacing);
-    connect(AddButton("cmdReplace", tr("&Replace"), {}, {}, replacing), &QToolButton::clicked, this,
-            &FindBar::Replace);
-    connect(AddButton("cmdReplaceAll", tr("Replace &all"), {}, {}, replacing), &QToolButton::clicked, this,
-            &FindBar::ReplaceAll);
-    replacing->addStretch(1);
+    AddReplacing(*replacing);
+    AlignLabels();
+    OrderTabs();
+    connect(txtFind_, &QLineEdit::textChanged, this, &FindBar::Changed);
+    connect(chkCase_, &QCheckBox::toggled, this, &FindBar::Changed);
+    connect(chkWords_, &QCheckBox::toggled, this, &FindBar::Changed);
+    hide();
+}
 
-    // From what is sought to what takes its place.
+void FindBar::AddFinding(QBoxLayout &row) {
+    txtFind_ = AddField("txtFind", tr("F&ind"), &row);
+    lblCount_ = new QLabel(this);
+    lblCount_->setObjectName(QStringLiteral("lblCount"));
+    lblCount_->setMinimumWidth(fontMetrics().averageCharWidth() * kCountCharacters);
+    row.addWidget(lblCount_);
+    connect(AddButton("cmdPrevious", {}, QStringLiteral("up"), tr("Previous (Shift+F3)"), &row),
+            &QToolButton::clicked, this, &FindBar::Previous);
+    connect(AddButton("cmdNext", {}, QStringLiteral("down"), tr("Next (F3)"), &row), &QToolButton::clicked,
+            this, &FindBar::Next);
+    chkCase_ = AddOption("chkCase", tr("&Match case"), &row);
+    chkWords_ = AddOption("chkWords", tr("&Whole words"), &row);
+    row.addStretch(1);
+    connect(AddButton("cmdClose", {}, QStringLiteral("close"), tr("Close (Escape)"), &row),
+            &QToolButton::clicked, this, &FindBar::Closed);
+}
+
+void FindBar::AddReplacing(QBoxLayout &row) {
+    txtReplace_ = AddField("txtReplace", tr("Re&place with"), &row);
+    connect(AddButton("cmdReplace", tr("&Replace"), {}, {}, &row), &QToolButton::clicked, this,
+            &FindBar::Replace);
+    connect(AddButton("cmdReplaceAll", tr("Replace &all"), {}, {}, &row), &QToolButton::clicked, this,
+            &FindBar::ReplaceAll);
+    row.addStretch(1);
+}
+
+// So that the two fields stand below each other.
+void FindBar::AlignLabels() {
+    const QList<QLabel *> labels = findChildren<QLabel *>();
+    int widest = 0;
+    for (const QLabel *label : labels)
+        if (label->buddy()) widest = qMax(widest, label->sizeHint().width());
+    for (QLabel *label : labels)
+        if (label->buddy()) label->setMinimumWidth(widest);
+}
+
+// From what is sought to what takes its place.
+void FindBar::OrderTabs() {
     QWidget *last = txtFind_;
     for (const char *name : {"txtReplace", "cmdReplace", "cmdReplaceAll", "cmdPrevious", "cmdNext", "chkCase",
                              "chkWords", "cmdClose"}) {
@@ -59,11 +83,6 @@ FindBar::FindBar(QWidget *parent) : QWidget(parent) {
         setTabOrder(last, next);
         last = next;
     }
-
-    connect(txtFind_, &QLineEdit::textChanged, this, &FindBar::Changed);
-    connect(chkCase_, &QCheckBox::toggled, this, &FindBar::Changed);
-    connect(chkWords_, &QCheckBox::toggled, this, &FindBar::Changed);
-    hide();
 }
 
 QLineEdit *FindBar::AddField(const char *name, const QString &label, QLayout *row) {
@@ -73,7 +92,6 @@ QLineEdit *FindBar::AddField(const char *name, const QString &label, QLayout *ro
     field->setClearButtonEnabled(true);
     auto *text = new QLabel(label, this);
     text->setBuddy(field);
-    text->setMinimumWidth(labelWidth_);
     row->addWidget(text);
     row->addWidget(field);
     return field;

@@ -5,6 +5,7 @@
 
 #include <QWidget>
 
+class QBoxLayout;
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -38,12 +39,15 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void AddFinding(QBoxLayout &row);
+    void AddReplacing(QBoxLayout &row);
+    void AlignLabels();
+    void OrderTabs();
     QLineEdit *AddField(const char *name, const QString &label, QLayout *row);
     QToolButton *AddButton(const char *name, const QString &text, const QString &image, const QString &tip,
                            QLayout *row);
     QCheckBox *AddOption(const char *name, const QString &text, QLayout *row);
 
-    int labelWidth_ = 0; // of both fields, so that they stand below each other
     QLineEdit *txtFind_;
     QLineEdit *txtReplace_;
     QLabel *lblCount_;

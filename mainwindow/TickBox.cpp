@@ -31,9 +31,9 @@ public:
 
 TickBox::TickBox(const QString &name, const QString &tip, QWidget *parent)
     : QComboBox(parent), rows_(new QStandardItemModel(this)) {
-    auto *style = new DropsBelow;
-    style->setParent(this);
-    setStyle(style);
+    auto *dropsBelow = new DropsBelow;
+    dropsBelow->setParent(this);
+    setStyle(dropsBelow);
     setObjectName(name);
     setToolTip(tip);
     setAccessibleName(tip);
