@@ -1,16 +1,32 @@
 #include "timeline/AdjustLinks.h"
 
 #include "diagram/model/Surface.h"
+#include "diagram/shapes/Shapes.h"
 #include "timeline/TimelineNodes.h"
 
 namespace timeline {
 
+namespace {
+
+// Its points are never routed anew: the end that doesn't stand on the day goes with its node.
+void JoinSource(diagram::Link &link) {
+    const diagram::Node &source = link.Source();
+    const diagram::Point towards = link.Points().Item(1);
+    const QPointF end = diagram::OutlineCrossing(source.Shape(), source.ShapeOrientation(), source.Bounds(),
+                                                 diagram::ToQPointF(towards));
+    link.Points().SetItem(0, {float(end.x()), float(end.y())});
+}
+
+} // namespace
+
 void AdjustLinks(diagram::Node &Node, bool Horizontal) {
     for (diagram::Link *link : Node.Links()) {
-        if (NodeIsTimeline(link->Source()))
+        if (NodeIsTimeline(link->Source())) {
             DoAdjustLink(*link, Horizontal, 0);
-        else if (NodeIsTimeline(link->Destination()))
+        } else if (NodeIsTimeline(link->Destination())) {
             DoAdjustLink(*link, Horizontal, link->Points().Count() - 1);
+            JoinSource(*link);
+        }
     }
 }
 

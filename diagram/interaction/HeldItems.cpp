@@ -1,5 +1,6 @@
 #include "diagram/interaction/HeldItems.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 namespace diagram {
@@ -85,7 +86,21 @@ void HeldItems::MoveBy(Surface &surface, const QPointF &distance) const {
             node->SetBounds(from.left + dx, from.top + dy, from.width, from.height);
     }
     MoveInnerLinks(surface, distance);
+    MoveKeptEnds(surface, distance);
     if (!distance.isNull()) MakeWay(surface);
+}
+
+void HeldItems::MoveKeptEnds(Surface &surface, const QPointF &distance) const {
+    for (const HeldLink &held : links_) {
+        Link *link = held.inner || !held.data.movePointsMode ? nullptr : surface.FindLink(held.id);
+        if (!link || held.data.points.empty()) continue;
+        LinkData data = held.data;
+        const bool leaves =
+            std::ranges::any_of(nodes_, [&](const HeldNode &node) { return node.id == held.data.source; });
+        Point &end = leaves ? data.points.front() : data.points.back();
+        end = {end.x + float(distance.x()), end.y + float(distance.y())};
+        surface.Overwrite(*link, std::move(data));
+    }
 }
 
 void HeldItems::MoveInnerLinks(Surface &surface, const QPointF &distance) const {

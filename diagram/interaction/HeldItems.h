@@ -46,6 +46,8 @@ public:
     void MoveInnerLinks(Surface &surface, const QPointF &distance) const;
 
 private:
+    // Ends of links whose points aren't routed go with their nodes.
+    void MoveKeptEnds(Surface &surface, const QPointF &distance) const;
     void PutBackDisplaced(Surface &surface) const;
 
     std::vector<HeldNode> nodes_;

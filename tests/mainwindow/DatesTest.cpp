@@ -13,8 +13,8 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QHelpEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTest>
@@ -39,7 +39,8 @@ struct Dates : WindowTest {
     void EnterDate(int year, int month, int day) {
         desktop.ExpectForm(QLatin1String(timeline::kFormDate), [=](void *argument) {
             timeline::frmDate form(*static_cast<timeline::DateFormArgument *>(argument), nullptr);
-            form.findChild<QDateEdit *>()->setDate(QDate(year, month, day));
+            form.findChild<QLineEdit *>(QStringLiteral("txtDate"))
+                ->setText(QDate(year, month, day).toString(Qt::ISODate));
             form.accept();
             return true;
         });
@@ -293,6 +294,32 @@ TEST_F(Strips, EscapeGivesTheDragUp) {
     QTest::mouseRelease(viewport, Qt::LeftButton, {}, end);
     EXPECT_EQ(node.Bounds(), box);
     EXPECT_EQ(timeline::DateOfNode(node), QStringLiteral("14 March 2004"));
+}
+
+TEST_F(Strips, TheLinkGoesWithItsNode) {
+    diagram::Link &link = node.Links().Item(1);
+    const auto touches = [&] {
+        const diagram::Point start = link.Way().front();
+        return node.Bounds().adjusted(-1, -1, 1, 1).contains(diagram::ToQPointF(start));
+    };
+    Drag(window, node.Bounds().center() + QPointF(150, 150), QPointF(6000, 6000));
+    EXPECT_TRUE(touches());
+    Press(window, QStringLiteral("Left"));
+    EXPECT_TRUE(touches());
+    const QRectF box = node.Bounds();
+    QWidget *viewport = window.CurrentView().viewport();
+    const QPoint start = PixelOf(window, box.center() + QPointF(150, 150));
+    QTest::mousePress(viewport, Qt::LeftButton, {}, start);
+    for (const QPoint &at : {start + QPoint(60, 0), start + QPoint(90, -60)}) {
+        QMouseEvent move(QEvent::MouseMove, at, viewport->mapToGlobal(at), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(viewport, &move);
+    }
+    EXPECT_NE(node.Bounds(), box);
+    EXPECT_TRUE(touches()) << "while it is dragged";
+    QTest::mouseRelease(viewport, Qt::LeftButton, {}, start + QPoint(90, -60));
+    EXPECT_TRUE(touches());
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_TRUE(touches());
 }
 
 TEST_F(Strips, WithoutAltTheDateStays) {

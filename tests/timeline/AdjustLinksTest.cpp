@@ -50,6 +50,15 @@ TEST_F(Adjusting, AVerticalStripIsMetAtTheSideFromWhichTheLinkComes) {
     EXPECT_EQ(Last(link), (diagram::Point{1000, 2150}));
 }
 
+TEST_F(Adjusting, TheOtherEndStandsOnItsNode) {
+    diagram::Link &link = node.Links().Add(day);
+    AdjustLinks(node, true);
+    node.SetBounds(900, 6000, 400, 400);
+    AdjustLinks(node, true);
+    EXPECT_EQ(Last(link), (diagram::Point{1100, 2300}));
+    EXPECT_EQ(link.Points().Item(0), (diagram::Point{1100, 6000}));
+}
+
 TEST_F(Adjusting, FromTheDayItsLinksAreAdjustedToo) {
     diagram::Link &link = node.Links().Add(day);
     AdjustLinks(day, true);

@@ -5,8 +5,10 @@
 #include <QDate>
 #include <QDialog>
 
+class QCalendarWidget;
 class QCheckBox;
-class QDateEdit;
+class QLineEdit;
+class QPushButton;
 
 namespace timeline {
 
@@ -18,6 +20,7 @@ struct DateFormArgument {
     QDate today;
 };
 
+// The date is typed in whatever form ParseDate reads, or chosen in the calendar; OK waits for one.
 class frmDate : public QDialog {
     Q_OBJECT
 public:
@@ -26,9 +29,17 @@ public:
     void accept() override;
 
 private:
+    void Connect();
+    void Typed();
+    void Chosen(const QDate &date);
+    void UpdateButtons();
+
     DateFormArgument &argument_;
+    std::optional<QDate> date_; // that of the text
     QCheckBox *chkDate_;
-    QDateEdit *txtDate_;
+    QLineEdit *txtDate_;
+    QCalendarWidget *calDate_;
+    QPushButton *ok_;
 };
 
 } // namespace timeline

@@ -1,0 +1,103 @@
+// The form for the date of a node.
+#include "timeline/setup/frmDate.h"
+
+#include <gtest/gtest.h>
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QTest>
+
+namespace timeline {
+
+namespace {
+
+struct DateForm : ::testing::Test {
+    DateForm() {
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+        argument.today = QDate(2024, 5, 17);
+    }
+    ~DateForm() override { QLocale::setDefault(QLocale::c()); }
+    void Open() {
+        form = std::make_unique<frmDate>(argument, nullptr);
+        form->show();
+    }
+    QLineEdit &Text() { return *form->findChild<QLineEdit *>(QStringLiteral("txtDate")); }
+    QCalendarWidget &Calendar() { return *form->findChild<QCalendarWidget *>(); }
+    QPushButton &Ok() { return *form->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok); }
+    void Type(const char *text) {
+        Text().selectAll();
+        QTest::keyClicks(&Text(), QString::fromLatin1(text));
+    }
+
+    DateFormArgument argument;
+    std::unique_ptr<frmDate> form;
+};
+
+} // namespace
+
+TEST_F(DateForm, ShowsTheNodesDateElseToday) {
+    Open();
+    EXPECT_EQ(Text().text(), QStringLiteral("17 May 2024"));
+    argument.date = QDate(2004, 3, 14);
+    Open();
+    EXPECT_EQ(Text().text(), QStringLiteral("14 March 2004"));
+    EXPECT_EQ(Calendar().selectedDate(), QDate(2004, 3, 14));
+}
+
+TEST_F(DateForm, ADateIsTypedAsPeopleWriteIt) {
+    const std::pair<const char *, QDate> rows[] = {{"2 dec 2026", QDate(2026, 12, 2)},
+                                                   {"Mar-04", QDate(2004, 3, 1)},
+                                                   {"03 2004", QDate(2004, 3, 1)},
+                                                   {"14/3/2004", QDate(2004, 3, 14)}};
+    for (const auto &[text, date] : rows) {
+        Open();
+        Type(text);
+        EXPECT_EQ(Calendar().selectedDate(), date) << text;
+        QTest::keyClick(&Text(), Qt::Key_Return);
+        EXPECT_EQ(form->result(), QDialog::Accepted);
+        EXPECT_EQ(argument.date, date) << text;
+    }
+}
+
+TEST_F(DateForm, WaitsForADate) {
+    Open();
+    Type("31 February 2004");
+    EXPECT_FALSE(Ok().isEnabled());
+    QTest::keyClick(&Text(), Qt::Key_Return);
+    EXPECT_TRUE(form->isVisible());
+    Type("March 3100");
+    EXPECT_FALSE(Ok().isEnabled());
+    Type("March 3099");
+    EXPECT_TRUE(Ok().isEnabled());
+}
+
+TEST_F(DateForm, TheCalendarWritesTheText) {
+    Open();
+    Q_EMIT Calendar().clicked(QDate(2024, 6, 2));
+    EXPECT_EQ(Text().text(), QStringLiteral("02 June 2024"));
+    Q_EMIT Calendar().activated(QDate(2024, 6, 3));
+    EXPECT_EQ(argument.date, QDate(2024, 6, 3));
+}
+
+TEST_F(DateForm, WithoutTheTickThereIsNoDate) {
+    argument.date = QDate(2004, 3, 14);
+    Open();
+    Type("nonsense");
+    form->findChild<QCheckBox *>()->click();
+    EXPECT_FALSE(Text().isEnabled());
+    Ok().click();
+    EXPECT_FALSE(argument.date.has_value());
+}
+
+TEST_F(DateForm, CancelKeepsTheDate) {
+    argument.date = QDate(2004, 3, 14);
+    Open();
+    Type("1 May 2004");
+    QTest::keyClick(&Text(), Qt::Key_Escape);
+    EXPECT_EQ(argument.date, QDate(2004, 3, 14));
+}
+
+} // namespace timeline
