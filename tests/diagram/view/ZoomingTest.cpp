@@ -2,6 +2,7 @@
 #include "diagram/render/Renderer.h"
 #include "tests/diagram/view/ViewFixture.h"
 
+#include <cmath>
 #include <QApplication>
 #include <QPainter>
 #include <QScrollBar>
@@ -41,23 +42,31 @@ protected:
 
     // What is seen, painted in one go.
     QImage Exact() {
-        QImage image(view->viewport()->size(), QImage::Format_RGB32);
+        QImage image((QSizeF(view->viewport()->size()) * Ratio()).toSize(), QImage::Format_RGB32);
         QPainter painter(&image);
         RenderOptions options;
         options.grid = options.marks = true;
-        options.xScale = options.yScale = view->ShownZoom() / 100 / 15;
-        const QPointF corner(view->horizontalScrollBar()->value() - 1e-5,
-                             view->verticalScrollBar()->value() - 1e-5);
+        options.xScale = options.yScale = view->ShownZoom() / 100 / 15 * Ratio();
+        const QPointF corner(std::round(view->horizontalScrollBar()->value() * Ratio()) - 1e-5,
+                             std::round(view->verticalScrollBar()->value() * Ratio()) - 1e-5);
         view->TheRenderer().Paint(painter, view->TheScene(),
                                   QRectF(corner / options.xScale, QSizeF(image.size()) / options.xScale),
                                   options);
         return image;
     }
 
+    double Ratio() const { return view->viewport()->devicePixelRatioF(); }
+
+    // Pixels of the screen.
+    QRect OfScreen(const QRect &points) const {
+        return QRect((QPointF(points.topLeft()) * Ratio()).toPoint(),
+                     (QSizeF(points.size()) * Ratio()).toSize());
+    }
+
     // What lies beyond the surface's origin has a shade of its own.
     QRect OnSurface() {
         const QPoint origin = view->FromSurface(QPointF()).toPoint() + QPoint(2, 2);
-        return QRect(origin, QSize(10000, 10000)) & view->viewport()->rect();
+        return OfScreen(QRect(origin, QSize(10000, 10000)) & view->viewport()->rect());
     }
 
     // Slanted lines are smoothed anew in each band, which may differ by a shade.
@@ -84,7 +93,7 @@ TEST_F(Zooming, AFrameInMotion_ShowsTheFormerPictureScaled) {
     const QImage exact = Exact();
     EXPECT_GT(DifferingPixels(moving, exact), 500);
     // But the items are there already, at their places.
-    const QRect below = OnSurface() & QRect(0, 200, 400, 200);
+    const QRect below = OnSurface() & OfScreen(QRect(0, 200, 400, 200));
     EXPECT_NEAR(ColouredPixels(moving.copy(below)), ColouredPixels(exact.copy(below)),
                 0.2 * ColouredPixels(exact.copy(below)));
 }

@@ -4,6 +4,7 @@
 #include "diagram/layout/LayoutStream.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <QFile>
 
@@ -23,11 +24,13 @@ int Run() {
 
 } // namespace
 
+// Ends without giving back what the engine holds: the answer is written, and somebody waits for the end.
 int main() {
+    int result = kExitFailed;
     try {
-        return Run();
+        result = Run();
     } catch (const std::exception &error) {
         std::fprintf(stderr, "velmora-layout: %s\n", error.what());
-        return kExitFailed;
     }
+    std::_Exit(result);
 }
