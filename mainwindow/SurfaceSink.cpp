@@ -78,10 +78,15 @@ void SurfaceSink::GotFocus(diagram::Surface &surface) {
     Handle("AddFlow1_afGotFocus", [&] { form_.AddFlow1_afGotFocus(surface.Index()); });
 }
 
-void SurfaceSink::ItemAdded(diagram::Item &) { form_.ScheduleUpdate(); }
-void SurfaceSink::ItemChanged(diagram::Item &, diagram::Change) { form_.ScheduleUpdate(); }
-void SurfaceSink::ItemRemoved(diagram::Item &) { form_.ScheduleUpdate(); }
+void SurfaceSink::ItemAdded(diagram::Item &) { form_.HiddenMayDiffer(); }
+void SurfaceSink::ItemChanged(diagram::Item &, diagram::Change what) {
+    if (diagram::Has(what, diagram::Change::Visibility | diagram::Change::Data))
+        form_.HiddenMayDiffer();
+    else
+        form_.ScheduleUpdate();
+}
+void SurfaceSink::ItemRemoved(diagram::Item &) { form_.HiddenMayDiffer(); }
 void SurfaceSink::SurfaceChanged(diagram::Change) { form_.ScheduleUpdate(); }
-void SurfaceSink::Cleared() { form_.ScheduleUpdate(); }
+void SurfaceSink::Cleared() { form_.HiddenMayDiffer(); }
 
 } // namespace mainwindow

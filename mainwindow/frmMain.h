@@ -135,6 +135,8 @@ public:
     // once the event that is running has returned.
     void UpdateCommands();
     void ScheduleUpdate();
+    // The same, when what is hidden must be counted anew.
+    void HiddenMayDiffer();
 
     // Selects the node, unless two or more are selected, and opens its properties; of a timeline node its
     // popup, at x, y (twips from the left top corner of what is seen). A hidden timeline node gets none.
@@ -263,6 +265,7 @@ private:
     CommandSearch *search_ = nullptr;
     FindBar *findBar_ = nullptr;
     document::FindHit hit_; // shown last
+    bool hiddenMayDiffer_ = true;
     PickBox *cboFont_ = nullptr;
     PickBox *cboFontSize_ = nullptr;
     SmartMenu *SmartMenuXP1a_ = nullptr;

@@ -10,6 +10,8 @@
 #include "support/clsGUID.h"
 #include "timeline/TimelineNodes.h"
 
+#include <utility>
+
 namespace mainwindow {
 
 namespace {
@@ -95,7 +97,14 @@ void frmMain::ShowHideTimelineNodes() {
     timeline_.ShowHideTimelineNodes(surface, MenuValue(QStringLiteral("mnuViewTimeline")));
 }
 
+void frmMain::HiddenMayDiffer() {
+    hiddenMayDiffer_ = true;
+    ScheduleUpdate();
+}
+
+// Every node is looked at, so only when there is reason to.
 void frmMain::ShowHiddenCount() {
+    if (!std::exchange(hiddenMayDiffer_, false)) return;
     int hidden = 0;
     for (const int index : AddFlow1_.Indices()) hidden += HiddenNodes(AddFlow1_[index]);
     const QString nodes = CountedText(std::size_t(hidden), settings::Terms().NODE);

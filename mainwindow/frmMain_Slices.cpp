@@ -49,6 +49,7 @@ void frmMain::SurfaceLoaded(diagram::Surface &surface) {
 }
 
 void frmMain::SurfaceUnloading(diagram::Surface &surface) {
+    hiddenMayDiffer_ = true;
     views_.erase(surface.Index());
     surface.RemoveObserver(*sink_);
     surface.SetEvents(nullptr);
