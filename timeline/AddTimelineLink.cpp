@@ -6,6 +6,7 @@
 #include "document/Tags.h"
 #include "support/Error.h"
 #include "timeline/Arrange.h"
+#include "timeline/DateIndex.h"
 #include "timeline/DateLanguage.h"
 #include "timeline/TimelineNodes.h"
 
@@ -56,9 +57,10 @@ void AddTimelineLinks(document::MapWindow &window, diagram::Surface &Flow,
     support::PassOn("AddTimelineLink", [&] {
         if (!LocateTimeLineTemplateNode(Flow, false)) SetUp(window, Flow);
         TranslateDates(Flow);
+        DateIndex index(Flow);
         for (const NodeDate &dated : dates) {
             RemoveLinks(*dated.node, IsTimelineLink);
-            LocateTimelineNode(Flow, dated.date, true, dated.node);
+            LocateTimelineNode(Flow, dated.date, true, dated.node, &index);
         }
         UpdateTimeLineNodes(window, Flow, true);
     });

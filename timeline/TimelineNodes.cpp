@@ -22,7 +22,8 @@ diagram::Node &AddTimelineNode(diagram::Surface &flow, const QString &date) {
     return node;
 }
 
-diagram::Node *NodeOfDate(const diagram::Surface &flow, const QString &date) {
+diagram::Node *NodeOfDate(const diagram::Surface &flow, const QString &date, const DateIndex *index) {
+    if (index) return index->Find(date);
     for (diagram::Node &node : flow.Nodes())
         if (IsTimelineMaterial(node) && document::GetTag(node, kTheDate) == date) return &node;
     return nullptr;
@@ -34,8 +35,8 @@ QString InPattern(const QString &date, const QString &pattern) {
     return text.isEmpty() ? date : text;
 }
 
-diagram::Node &AddDay(diagram::Surface &flow, const QString &date) {
-    LocateTimelineNode(flow, InPattern(date, kMonthPattern), true);
+diagram::Node &AddDay(diagram::Surface &flow, const QString &date, DateIndex *index) {
+    LocateTimelineNode(flow, InPattern(date, kMonthPattern), true, nullptr, index);
     diagram::Node &day = AddTimelineNode(flow, InPattern(date, kDayPattern));
     day.SetHidden(true);
     return day;
@@ -93,13 +94,14 @@ std::vector<diagram::Node *> LocateTimelineNodes(const diagram::Surface &Flow) {
 }
 
 diagram::Node *LocateTimelineNode(diagram::Surface &Flow, const QString &TheDate, bool Create,
-                                  diagram::Node *LinkFrom) {
+                                  diagram::Node *LinkFrom, DateIndex *index) {
     return support::PassOn("LocateTimelineNode", [&]() -> diagram::Node * {
-        diagram::Node *found = NodeOfDate(Flow, TheDate);
-        if (!found && Create)
-            found = LinkFrom ? &AddDay(Flow, TheDate) : &AddTimelineNode(Flow, TheDate);
-        else if (!found)
-            return nullptr;
+        diagram::Node *found = NodeOfDate(Flow, TheDate, index);
+        if (!found && !Create) return nullptr;
+        if (!found) {
+            found = LinkFrom ? &AddDay(Flow, TheDate, index) : &AddTimelineNode(Flow, TheDate);
+            if (index) index->Add(*found);
+        }
         if (LinkFrom) {
             diagram::Link &link = LinkFrom->Links().Add(*found);
             link.SetSelectable(false);

@@ -14,6 +14,8 @@ class Surface;
 
 namespace timeline {
 
+class DateIndex;
+
 // The text of the hidden node that gives the months their look.
 inline const QString kTemplateNodeText = QStringLiteral("TIMELINE TEMPLATE NODE");
 
@@ -37,9 +39,10 @@ std::vector<diagram::Node *> LocateTimelineNodes(const diagram::Surface &Flow);
 
 // The first timeline node whose date is `TheDate`. Where there is none and Create is true it is made: without
 // LinkFrom as a month; with it as a hidden day, whose month is made too where it is missing. LinkFrom is then
-// linked to it by a marked link that cannot be selected. Null when there is none.
+// linked to it by a marked link that cannot be selected. Null when there is none. With an index of the
+// surface nothing is walked over; it is told of new nodes.
 diagram::Node *LocateTimelineNode(diagram::Surface &Flow, const QString &TheDate, bool Create,
-                                  diagram::Node *LinkFrom = nullptr);
+                                  diagram::Node *LinkFrom = nullptr, DateIndex *index = nullptr);
 
 // Gives every month in sight the look and the size of the template node, which is made where it is missing.
 void CopyTemplateLook(diagram::Surface &Flow);
