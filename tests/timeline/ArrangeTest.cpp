@@ -4,6 +4,7 @@
 #include "document/Tags.h"
 #include "support/Error.h"
 #include "tests/timeline/TimelineTest.h"
+#include "timeline/AddTimelineLink.h"
 #include "timeline/DateText.h"
 
 namespace timeline::testing {
@@ -232,6 +233,19 @@ TEST_F(Arranging, AllIsUndoneAsOneStepWithinAGroup) {
     flow.Redo();
     EXPECT_EQ(Strip().size(), 3);
     EXPECT_EQ(At("March 2004").Left(), 2000);
+}
+
+TEST_F(Arranging, AHundredYearsOfMonthsStandInOrderEdgeToEdge) {
+    constexpr int kHundredYears = 1200;
+    Template(1000, 500);
+    std::vector<NodeDate> dates;
+    for (int month = kHundredYears - 1; month >= 0; --month)
+        dates.push_back({&UserNode(), FormatDate(QDate(1950, 1, 15).addMonths(month), kDayPattern)});
+    AddTimelineLinks(window, flow, dates);
+    Arrange(2);
+    ASSERT_EQ(LocateTimelineNodes(flow).size(), std::size_t(kHundredYears));
+    EXPECT_EQ(At("January 1950").Left(), 0);
+    EXPECT_EQ(At("December 2049").Left(), 1000.0F * (kHundredYears - 1));
 }
 
 TEST(Sort2DArray, SortsByDateLeavesRowsWithoutAKeyOutAndTheTailAsItWas) {
