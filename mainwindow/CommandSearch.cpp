@@ -58,30 +58,41 @@ public:
 } // namespace
 
 CommandSearch::CommandSearch(Source source, QWidget *parent)
-    : QLineEdit(parent),
-      source_(std::move(source)),
-      offered_(new QStandardItemModel(this)),
-      list_(new QCompleter(offered_, this)) {
+    : QLineEdit(parent), source_(std::move(source)), offered_(new QStandardItemModel(this)) {
     setObjectName(QStringLiteral("CommandSearch"));
     setPlaceholderText(tr("Search commands (Ctrl+Shift+P)"));
     setAccessibleName(tr("Search commands"));
     setToolTip(tr("Finds a command by its words; Enter runs it"));
     setClearButtonEnabled(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(this, &QLineEdit::textEdited, this, &CommandSearch::Offer);
+    connect(this, &QLineEdit::returnPressed, this, [this] { Run(0); });
+}
+
+QCompleter &CommandSearch::List() {
+    if (list_) return *list_;
+    list_ = new QCompleter(offered_, this);
     list_->setWidget(this);
     list_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
     list_->setMaxVisibleItems(kMostOffered);
     list_->popup()->setIconSize(QSize(kIconSide, kIconSide));
     list_->popup()->setItemDelegate(new KeysDelegate(list_));
     list_->popup()->setAccessibleName(tr("Commands found"));
-    connect(this, &QLineEdit::textEdited, this, &CommandSearch::Offer);
-    connect(this, &QLineEdit::returnPressed, this, [this] { Run(0); });
     connect(list_, qOverload<const QModelIndex &>(&QCompleter::activated), this, &CommandSearch::Choose);
+    return *list_;
 }
 
+// The menu bar asks at every turn, and measuring the text takes its time.
 QSize CommandSearch::sizeHint() const {
+    if (hint_.isValid()) return hint_;
     const int text = fontMetrics().horizontalAdvance(placeholderText());
-    return {text + fontMetrics().averageCharWidth() * kSpareCharacters, QLineEdit::sizeHint().height()};
+    hint_ = {text + fontMetrics().averageCharWidth() * kSpareCharacters, QLineEdit::sizeHint().height()};
+    return hint_;
+}
+
+void CommandSearch::changeEvent(QEvent *event) {
+    hint_ = QSize(); // font or style may differ
+    QLineEdit::changeEvent(event);
 }
 
 QStringList CommandSearch::Offered() const {
@@ -126,9 +137,9 @@ void CommandSearch::Offer() {
                       Qt::AccessibleTextRole);
         offered_->appendRow(item);
     }
-    if (offered_->rowCount() == 0) return list_->popup()->hide();
-    const int width = qMax(this->width(), list_->popup()->sizeHintForColumn(0) + kGap);
-    list_->complete(QRect(this->width() - width, 0, width, height()));
+    if (offered_->rowCount() == 0) return List().popup()->hide();
+    const int width = qMax(this->width(), List().popup()->sizeHintForColumn(0) + kGap);
+    List().complete(QRect(this->width() - width, 0, width, height()));
 }
 
 void CommandSearch::Choose(const QModelIndex &index) { Run(index.row()); }
@@ -142,7 +153,7 @@ void CommandSearch::Run(int row) {
 }
 
 void CommandSearch::Leave() {
-    list_->popup()->hide();
+    if (list_) list_->popup()->hide();
     offered_->clear();
     clear();
     Q_EMIT Done();

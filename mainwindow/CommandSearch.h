@@ -40,8 +40,11 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
+    // Made when it is first needed: a window starts without it.
+    QCompleter &List();
     void Offer();
     void Choose(const QModelIndex &index);
     // The command of that row of the list; one that is disabled stays.
@@ -51,7 +54,8 @@ private:
     Source source_;
     std::vector<SearchEntry> entries_;
     QStandardItemModel *offered_;
-    QCompleter *list_;
+    QCompleter *list_ = nullptr;
+    mutable QSize hint_; // not valid while it is to be measured
 };
 
 } // namespace mainwindow

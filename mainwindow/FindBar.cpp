@@ -20,6 +20,11 @@ constexpr int kCountCharacters = 16;
 FindBar::FindBar(QWidget *parent) : QWidget(parent) {
     setObjectName(QStringLiteral("FindBar"));
     setAutoFillBackground(true);
+    hide();
+}
+
+void FindBar::Prepare() {
+    if (txtFind_) return;
     auto *rows = new QVBoxLayout(this);
     rows->setContentsMargins(6, 4, 6, 4);
     auto *finding = new QHBoxLayout;
@@ -35,7 +40,6 @@ FindBar::FindBar(QWidget *parent) : QWidget(parent) {
     connect(txtFind_, &QLineEdit::textChanged, this, &FindBar::Changed);
     connect(chkCase_, &QCheckBox::toggled, this, &FindBar::Changed);
     connect(chkWords_, &QCheckBox::toggled, this, &FindBar::Changed);
-    hide();
 }
 
 void FindBar::AddFinding(QBoxLayout &row) {
@@ -76,9 +80,9 @@ void FindBar::AlignLabels() {
 
 // From what is sought to what takes its place.
 void FindBar::OrderTabs() {
-    QWidget *last = txtFind_;
-    for (const char *name : {"txtReplace", "cmdReplace", "cmdReplaceAll", "cmdPrevious", "cmdNext", "chkCase",
-                             "chkWords", "cmdClose"}) {
+    QWidget *last = this;
+    for (const char *name : {"txtFind", "txtReplace", "cmdReplace", "cmdReplaceAll", "cmdPrevious", "cmdNext",
+                             "chkCase", "chkWords", "cmdClose"}) {
         auto *next = findChild<QWidget *>(QLatin1String(name));
         setTabOrder(last, next);
         last = next;
@@ -119,6 +123,7 @@ QCheckBox *FindBar::AddOption(const char *name, const QString &text, QLayout *ro
 }
 
 void FindBar::Open(bool replacing) {
+    Prepare();
     replacing_->setVisible(replacing);
     show();
     txtFind_->setFocus(Qt::ShortcutFocusReason);

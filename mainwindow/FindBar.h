@@ -20,6 +20,7 @@ public:
 
     // Shows the bar, with or without the row of the replacement, and puts the focus on what is sought.
     void Open(bool replacing);
+    // The rest needs a bar that has been opened.
     QString Sought() const;
     QString Replacement() const;
     document::FindOptions Options() const;
@@ -39,6 +40,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    // What stands in the bar is made when it is first opened: a window starts without it.
+    void Prepare();
     void AddFinding(QBoxLayout &row);
     void AddReplacing(QBoxLayout &row);
     void AlignLabels();
@@ -48,12 +51,12 @@ private:
                            QLayout *row);
     QCheckBox *AddOption(const char *name, const QString &text, QLayout *row);
 
-    QLineEdit *txtFind_;
-    QLineEdit *txtReplace_;
-    QLabel *lblCount_;
-    QCheckBox *chkCase_;
-    QCheckBox *chkWords_;
-    QWidget *replacing_;
+    QLineEdit *txtFind_ = nullptr;
+    QLineEdit *txtReplace_ = nullptr;
+    QLabel *lblCount_ = nullptr;
+    QCheckBox *chkCase_ = nullptr;
+    QCheckBox *chkWords_ = nullptr;
+    QWidget *replacing_ = nullptr;
 };
 
 } // namespace mainwindow

@@ -16,9 +16,8 @@ PickBox::PickBox(const QString &name, const QString &tip, int characters, QWidge
     setObjectName(name);
     setToolTip(tip);
     setAccessibleName(tip);
-    setEditable(true);
+    setLineEdit(new QLineEdit(this)); // setEditable() would make the list too, which waits until it is opened
     setInsertPolicy(QComboBox::NoInsert);
-    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(characters);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setMaxVisibleItems(20);
@@ -27,6 +26,8 @@ PickBox::PickBox(const QString &name, const QString &tip, int characters, QWidge
     connect(this, &QComboBox::activated, this, &PickBox::Chosen);
     connect(lineEdit(), &QLineEdit::returnPressed, this, &PickBox::Confirmed);
 }
+
+QSize PickBox::sizeHint() const { return minimumSizeHint(); }
 
 void PickBox::showPopup() {
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);

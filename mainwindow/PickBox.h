@@ -11,6 +11,7 @@ public:
     // `tip` is also what a screen reader says; `characters` is the width of the field.
     PickBox(const QString &name, const QString &tip, int characters, QWidget *parent);
 
+    QSize sizeHint() const override; // the same for every entry
     // As wide as the longest entry.
     void showPopup() override;
 

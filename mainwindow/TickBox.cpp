@@ -14,7 +14,7 @@
 namespace mainwindow {
 
 namespace {
-constexpr int kCharacters = 12; // of the closed box
+constexpr int kCharacters = 14; // of the closed box
 constexpr int kMostRows = 20;   // without scrolling
 constexpr int kKeyRole = Qt::UserRole;
 
@@ -31,28 +31,33 @@ public:
 
 TickBox::TickBox(const QString &name, const QString &tip, QWidget *parent)
     : QComboBox(parent), rows_(new QStandardItemModel(this)) {
-    auto *dropsBelow = new DropsBelow;
-    dropsBelow->setParent(this);
-    setStyle(dropsBelow);
     setObjectName(name);
     setToolTip(tip);
     setAccessibleName(tip);
     setModel(rows_);
-    auto *list = new QListView(this);
-    setView(list);
-    setItemDelegate(new QStyledItemDelegate(this)); // the combo's own draws no boxes to tick
-    list->setAccessibleName(tip);
-    list->installEventFilter(this);
-    list->viewport()->installEventFilter(this);
-    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(kCharacters);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setMaxVisibleItems(kMostRows);
     setFocusPolicy(Qt::StrongFocus);
 }
 
+QSize TickBox::sizeHint() const { return minimumSizeHint(); }
+
+void TickBox::Prepare() {
+    if (std::exchange(prepared_, true)) return;
+    auto *dropsBelow = new DropsBelow;
+    dropsBelow->setParent(this);
+    setStyle(dropsBelow);
+    auto *list = new QListView(this);
+    setView(list);
+    setItemDelegate(new QStyledItemDelegate(this)); // the combo's own draws no boxes to tick
+    list->setAccessibleName(accessibleName());
+    list->installEventFilter(this);
+    list->viewport()->installEventFilter(this);
+}
+
 void TickBox::SetRows(const std::vector<TickRow> &rows) {
-    const int current = view()->currentIndex().row();
+    const int current = open_ ? view()->currentIndex().row() : -1;
     rows_->setRowCount(int(rows.size()));
     for (int at = 0; at < int(rows.size()); ++at) {
         auto *item = new QStandardItem(rows[std::size_t(at)].name);
@@ -81,6 +86,7 @@ void TickBox::SetText(const QString &text) {
 }
 
 void TickBox::showPopup() {
+    Prepare();
     open_ = true;
     view()->setMinimumWidth(view()->sizeHintForColumn(0) +
                             2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent));
@@ -118,8 +124,8 @@ bool TickBox::TakesKey(QEvent *event) {
 }
 
 bool TickBox::eventFilter(QObject *watched, QEvent *event) {
-    if (watched == view()->viewport() && TakesClick(event)) return true;
-    if (watched == view() && TakesKey(event)) return true;
+    if (prepared_ && watched == view()->viewport() && TakesClick(event)) return true;
+    if (prepared_ && watched == view() && TakesKey(event)) return true;
     return QComboBox::eventFilter(watched, event);
 }
 

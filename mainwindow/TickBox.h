@@ -29,6 +29,7 @@ public:
     void SetText(const QString &text);
     const QString &Text() const { return text_; }
 
+    QSize sizeHint() const override; // the same for every row
     void showPopup() override;
     void hidePopup() override;
 
@@ -44,11 +45,14 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
+    // The list is made when the user first opens it: a window starts without it.
+    void Prepare();
     bool TakesClick(QEvent *event);
     bool TakesKey(QEvent *event);
 
     QStandardItemModel *rows_;
     QString text_;
+    bool prepared_ = false;
     bool open_ = false;
     int pressed_ = -1; // row under the press
 };

@@ -115,10 +115,9 @@ void frmMain::BuildMenus() {
 void frmMain::Form_Activate() {
     if (std::exchange(activated_, true)) return;
     CurrentView().setFocus();
-    // Listing the printers takes the machine a moment: the window is there first.
-    QTimer::singleShot(0, this,
-                       [this] { SetEnabled(Needs::Printers, !desktop_.printers.Names().isEmpty()); });
 }
+
+void frmMain::LookForPrinters() { SetEnabled(Needs::Printers, !desktop_.printers.Names().isEmpty()); }
 
 bool frmMain::MenuValue(const QString &key) const { return SmartMenuXP1a_->Value(key); }
 

@@ -172,6 +172,7 @@ public:
 
 protected:
     void showEvent(QShowEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
@@ -197,6 +198,7 @@ private:
     void Initialize();
     void StepAside();
     void Form_Activate();
+    void LookForPrinters();
     void Form_Resize();
     void picRHS_Resize();
     void tmrResize_Timer();
@@ -279,6 +281,7 @@ private:
     frmPics *frmPics_ = nullptr;
     QTimer tmrResize_;
     QTimer update_;
+    QTimer firstPaint_; // goes off once the window has been painted for the first time
     clsTabStrip tabStrip_;
     std::unique_ptr<document::clsfrmMain> clsSettings_;
     std::unique_ptr<SurfaceSink> sink_;
@@ -286,6 +289,7 @@ private:
     std::map<int, std::unique_ptr<diagram::SurfaceView>> views_; // go before the surfaces that they show
     int mousePointer_ = document::pointer::kNormal;
     bool activated_ = false;
+    bool painted_ = false;
     bool lettingEventsRun_ = false;
 };
 

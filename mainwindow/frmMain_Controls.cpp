@@ -27,7 +27,7 @@ namespace mainwindow {
 
 namespace {
 constexpr int kResizeSettles = 250;                      // milliseconds
-constexpr int kFontCharacters = 15, kSizeCharacters = 3; // of the fields of the font boxes
+constexpr int kFontCharacters = 17, kSizeCharacters = 5; // of the fields of the font boxes
 
 // Both in one, so that they stay together where a narrow window moves them out of the toolbar.
 QWidget *Labelled(QWidget &box, const QString &label) {
@@ -58,6 +58,8 @@ void frmMain::BuildControls() {
     tmrResize_.setInterval(kResizeSettles);
     update_.setSingleShot(true);
     update_.setInterval(0);
+    firstPaint_.setSingleShot(true);
+    firstPaint_.setInterval(0);
 }
 
 void frmMain::BuildPanes() {
@@ -170,6 +172,8 @@ void frmMain::ConnectControls() {
             [this] { support::Report("frmMain", "tmrResize_Timer", [this] { tmrResize_Timer(); }); });
     connect(&update_, &QTimer::timeout, this,
             [this] { support::Report("frmMain", "UpdateCommands", [this] { UpdateCommands(); }); });
+    connect(&firstPaint_, &QTimer::timeout, this,
+            [this] { support::Report("frmMain", "LookForPrinters", [this] { LookForPrinters(); }); });
 }
 
 void frmMain::ConnectTabs() {

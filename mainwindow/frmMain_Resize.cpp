@@ -5,12 +5,19 @@
 #include "mainwindow/cStatusBar.h"
 
 #include <QEvent>
+#include <utility>
 
 namespace mainwindow {
 
 void frmMain::showEvent(QShowEvent *event) {
     QMainWindow::showEvent(event);
     Form_Resize();
+}
+
+// Listing the printers takes the machine a moment: the window is there first.
+void frmMain::paintEvent(QPaintEvent *event) {
+    QMainWindow::paintEvent(event);
+    if (!std::exchange(painted_, true)) firstPaint_.start();
 }
 
 void frmMain::changeEvent(QEvent *event) {
