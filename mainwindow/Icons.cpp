@@ -90,9 +90,7 @@ class SvgIconEngine : public DrawnIconEngine {
 public:
     SvgIconEngine(QString path, bool ownColours) : path_(std::move(path)), ownColours_(ownColours) {}
     QIconEngine *clone() const override { return new SvgIconEngine(*this); }
-    bool isNull() override {
-        return false;
-    } // asked for at every turn; only drawings that exist get an engine
+    bool isNull() override { return false; } // only drawings that exist get an engine
 
 protected:
     void Draw(QPainter &painter, const QRectF &box, bool dark) override {

@@ -37,27 +37,38 @@ QByteArray AsPng(const QImage &image) {
 
 } // namespace
 
+bool SvgEngine::begin(QPaintDevice *) {
+    out_ << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" "
+            "xmlns:xlink=\"http://www.w3.org/1999/xlink\" version=\"1.1\" xml:space=\"preserve\"";
+    out_.Attribute("width", Page().width() / kTwipsPerPixel)
+        .Attribute("height", Page().height() / kTwipsPerPixel);
+    out_ << " viewBox=\"0 0 ";
+    out_.Point({Page().width(), Page().height()}) << "\">\n";
+    return true;
+}
+
 bool SvgEngine::end() {
     EndClips();
+    out_ << "</svg>\n";
+    out_.Finish();
     return true;
 }
 
 void SvgEngine::TransformChanged() {
     const QTransform &t = Transform();
-    transformAttribute_.clear();
+    transformAttribute_.Clear();
     if (t.isIdentity()) return;
-    SvgText text;
+    SvgText &text = transformAttribute_;
     text << " transform=\"matrix(" << QByteArray::number(t.m11()) << " " << QByteArray::number(t.m12()) << " "
          << QByteArray::number(t.m21()) << " " << QByteArray::number(t.m22()) << " ";
     text.Point({t.dx(), t.dy()}) << ")\"";
-    transformAttribute_ = text.Bytes();
 }
 
 void SvgEngine::SetPen(const QPen &pen) {
-    stroke_.clear();
+    stroke_.Clear();
     if (pen.style() == Qt::NoPen) return;
-    SvgText text;
-    text << " stroke=\"" << SvgColour(pen.color().rgb()) << "\"";
+    SvgText &text = stroke_;
+    (text << " stroke=\"").Colour(pen.color().rgb()) << "\"";
     const double width = pen.widthF() > 0 ? pen.widthF() : 1;
     if (width != 1) text.Attribute("stroke-width", width);
     if (pen.color().alpha() < 255) text.Attribute("stroke-opacity", pen.color().alphaF());
@@ -66,18 +77,16 @@ void SvgEngine::SetPen(const QPen &pen) {
         for (const qreal dash : pen.dashPattern()) (text << std::exchange(before, " ")).Number(dash * width);
         text << "\"";
     }
-    stroke_ = text.Bytes();
 }
 
 void SvgEngine::SetBrush(const QBrush &brush) {
-    SvgText text;
+    fill_.Clear();
     if (brush.style() == Qt::NoBrush) {
-        text << " fill=\"none\"";
+        fill_ << " fill=\"none\"";
     } else {
-        text << " fill=\"" << SvgColour(brush.color().rgb()) << "\"";
-        if (brush.color().alpha() < 255) text.Attribute("fill-opacity", brush.color().alphaF());
+        (fill_ << " fill=\"").Colour(brush.color().rgb()) << "\"";
+        if (brush.color().alpha() < 255) fill_.Attribute("fill-opacity", brush.color().alphaF());
     }
-    fill_ = text.Bytes();
 }
 
 void SvgEngine::BeginClip(const QPainterPath &path) {
@@ -152,7 +161,7 @@ void SvgEngine::DrawPicture(const QRectF &place, const diagram::Picture &picture
 }
 
 // The font that was asked for, the one found for it here, and any without serifs.
-QByteArray SvgEngine::FontAttributes(const Font &font, const QString &family) {
+const QByteArray &SvgEngine::FontAttributes(const Font &font, const QString &family) {
     QByteArray &known = fonts_[font.Hash()];
     if (!known.isEmpty()) return known;
     SvgText text;
@@ -178,21 +187,9 @@ void SvgEngine::DrawLine(const TextPiece &piece) {
     out_.Attribute("x", piece.baseLine.x() + kHeld[side] * piece.width).Attribute("y", piece.baseLine.y());
     out_ << kAnchors[side] << (piece.rightToLeft ? " direction=\"rtl\"" : "")
          << FontAttributes(piece.font, piece.family);
-    if (piece.colour.rgb() != qRgb(0, 0, 0)) out_ << " fill=\"" << SvgColour(piece.colour.rgb()) << "\"";
+    if (piece.colour.rgb() != qRgb(0, 0, 0)) (out_ << " fill=\"").Colour(piece.colour.rgb()) << "\"";
     out_ << transformAttribute_ << ">";
     out_.Escaped(piece.text) << "</text>\n";
-}
-
-QByteArray SvgEngine::File() const {
-    SvgText file;
-    file.Reserve(out_.Text().size() + 500);
-    file << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" "
-            "xmlns:xlink=\"http://www.w3.org/1999/xlink\" version=\"1.1\" xml:space=\"preserve\"";
-    file.Attribute("width", Page().width() / kTwipsPerPixel)
-        .Attribute("height", Page().height() / kTwipsPerPixel);
-    file << " viewBox=\"0 0 ";
-    file.Point({Page().width(), Page().height()}) << "\">\n" << out_.Text() << "</svg>\n";
-    return file.Bytes();
 }
 
 } // namespace diagram

@@ -13,7 +13,7 @@ class SvgEngine : public VectorEngine {
 public:
     explicit SvgEngine(const QSizeF &page) : VectorEngine(page, 1) {}
 
-    bool begin(QPaintDevice *) override { return true; }
+    bool begin(QPaintDevice *) override;
     bool end() override;
     void drawRects(const QRectF *rects, int count) override;
     void drawEllipse(const QRectF &box) override;
@@ -26,7 +26,7 @@ public:
     void DrawLine(const TextPiece &piece) override;
     void DrawPicture(const QRectF &place, const diagram::Picture &picture) override;
 
-    QByteArray File() const override;
+    QByteArray File() const override { return out_.Bytes(); }
 
 protected:
     void TransformChanged() override;
@@ -40,11 +40,11 @@ private:
     void EndShape();
     void DrawImageFile(const QRectF &place, quintptr identity, const QByteArray &mime,
                        const QByteArray &bytes);
-    QByteArray FontAttributes(const Font &font, const QString &family);
+    const QByteArray &FontAttributes(const Font &font, const QString &family);
 
     SvgText out_;
-    QByteArray transformAttribute_; // of what is drawn under another transform than none
-    QByteArray stroke_, fill_;      // attributes
+    SvgText transformAttribute_;    // of what is drawn under another transform than none
+    SvgText stroke_, fill_;         // attributes
     QHash<quintptr, int> pictures_; // numbers of those already written
     QHash<std::size_t, QByteArray> fonts_;
     int clipNumber_ = 0;

@@ -6,21 +6,49 @@
 
 namespace diagram {
 
+// Grows by itself in place: a large block isn't copied.
+void SvgText::Grow(qsizetype size) {
+    constexpr qsizetype kLeast = 128;
+    bytes_.resize(std::max({kLeast, 2 * bytes_.size(), used_ + size}));
+    start_ = bytes_.data();
+}
+
+void SvgText::Finish() {
+    bytes_.truncate(used_);
+    bytes_.squeeze();
+    start_ = bytes_.data();
+}
+
+namespace {
+
+// The digits of a number that is not negative, from `at` on; gives the place behind them.
+char *PutDigits(char *at, char *end, long long number) {
+    if (number >= 1'000'000) return std::to_chars(at, end, number).ptr;
+    char digits[6];
+    int count = 0;
+    for (auto rest = unsigned(number); count == 0 || rest > 0; rest /= 10)
+        digits[count++] = char('0' + rest % 10);
+    while (count > 0) *at++ = digits[--count];
+    return at;
+}
+
+} // namespace
+
 SvgText &SvgText::Number(double value) {
     constexpr double kMost = 1e12;
+    constexpr qsizetype kLongest = 24;
     const auto hundredths = std::llround(std::clamp(value, -kMost, kMost) * 100);
-    char buffer[32];
-    char *end = buffer;
-    if (hundredths < 0) *end++ = '-';
+    char *at = Room(kLongest);
+    char *const end = at + kLongest;
+    if (hundredths < 0) *at++ = '-';
     const auto size = hundredths < 0 ? -hundredths : hundredths;
-    end = std::to_chars(end, buffer + sizeof buffer, size / 100).ptr;
-    const int rest = int(size % 100);
-    if (rest) {
-        *end++ = '.';
-        *end++ = char('0' + rest / 10);
-        if (rest % 10) *end++ = char('0' + rest % 10);
+    at = PutDigits(at, end, size / 100);
+    if (const int rest = int(size % 100)) {
+        *at++ = '.';
+        *at++ = char('0' + rest / 10);
+        if (rest % 10) *at++ = char('0' + rest % 10);
     }
-    bytes_.append(buffer, std::size_t(end - buffer));
+    used_ = at - start_;
     return *this;
 }
 
@@ -47,20 +75,20 @@ SvgText &SvgText::Escaped(const QString &text) {
         if (IsForbidden(code)) continue;
         switch (code) {
         case '&':
-            bytes_ += "&amp;";
+            *this << "&amp;";
             break;
         case '<':
-            bytes_ += "&lt;";
+            *this << "&lt;";
             break;
         case '>':
-            bytes_ += "&gt;";
+            *this << "&gt;";
             break;
         case '"':
-            bytes_ += "&quot;";
+            *this << "&quot;";
             break;
         default:
             if (code < 0x80)
-                bytes_ += char(code);
+                *Room(1) = char(code), ++used_;
             else
                 *this << QString::fromUcs4(&code, 1).toUtf8();
         }
@@ -79,11 +107,14 @@ SvgText &SvgText::Path(const QPainterPath &path) {
     return *this;
 }
 
-QByteArray SvgColour(QRgb colour) {
+SvgText &SvgText::Colour(QRgb colour) {
     constexpr char kDigits[] = "0123456789abcdef";
-    QByteArray text("#000000");
-    for (int i = 6; i > 0; --i, colour >>= 4) text[i] = kDigits[colour & 15];
-    return text;
+    constexpr int kLength = 7;
+    char *at = Room(kLength);
+    *at = '#';
+    for (int i = kLength - 1; i > 0; --i, colour >>= 4) at[i] = kDigits[colour & 15];
+    used_ += kLength;
+    return *this;
 }
 
 } // namespace diagram
