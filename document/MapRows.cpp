@@ -219,11 +219,13 @@ LinkRow MapRows::ReadLink(const Recordset &rows, const Columns &at) {
 const QString &MapRows::TagOf(const Recordset &rows, const Columns &at) {
     using namespace schema::node;
     constexpr char kBetween = '\0';
+    const bool hasLevel = !rows.IsNull(at[kLevel]);
+    const double number = hasLevel ? rows.Double(at[kLevel]) : 0;
     tagQuestion_.assign(rows.Utf8(at[kTag]));
     (tagQuestion_ += kBetween) += rows.Utf8(at[kGroup]);
-    (tagQuestion_ += kBetween) += rows.Utf8(at[kLevel]);
+    if (hasLevel) (tagQuestion_ += kBetween).append(reinterpret_cast<const char *>(&number), sizeof number);
     if (const auto known = tags_.find(tagQuestion_); known != tags_.end()) return known->second;
-    const QString level = rows.IsNull(at[kLevel]) ? QString() : support::CStr(rows.Double(at[kLevel]));
+    const QString level = hasLevel ? support::CStr(number) : QString();
     QString tag = TagWithEntry(rows.Text(at[kTag]), tags::kGroup,
                                settings_.Groups().KeyForGroupName(rows.Text(at[kGroup])));
     tag = TagWithEntry(tag, tags::kLevel, settings_.Levels().KeyForLevelName(level));

@@ -15,13 +15,15 @@ support::Error TypeMismatch() {
     return EngineError(support::kErrTypeMismatch, QStringLiteral("Type mismatch"));
 }
 
-std::string_view TextOf(sqlite3_stmt *row, int column) {
-    const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(row, column));
-    return text ? std::string_view(text, sqlite3_column_bytes(row, column)) : std::string_view();
+// Reading a cell once and then asking its value costs half of what asking the row twice does. A connection is
+// opened for one thread at a time, so that the values need no lock.
+std::string_view TextOf(sqlite3_value *cell) {
+    const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(cell));
+    return text ? std::string_view(text, sqlite3_value_bytes(cell)) : std::string_view();
 }
 
-QString ToText(sqlite3_stmt *row, int column) {
-    const std::string_view text = TextOf(row, column);
+QString ToText(sqlite3_value *cell) {
+    const std::string_view text = TextOf(cell);
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
@@ -32,28 +34,28 @@ double NumberInText(const QString &text) {
     return number;
 }
 
-double NumberOf(sqlite3_stmt *row, int column) {
-    switch (sqlite3_column_type(row, column)) {
+double NumberOf(sqlite3_value *cell) {
+    switch (sqlite3_value_type(cell)) {
     case SQLITE_INTEGER:
     case SQLITE_FLOAT:
-        return sqlite3_column_double(row, column);
+        return sqlite3_value_double(cell);
     case SQLITE_NULL:
         return 0;
     default:
-        return NumberInText(ToText(row, column));
+        return NumberInText(ToText(cell));
     }
 }
 
 // A whole number of the type asked for, ties rounded to the even neighbour.
 template <typename Whole>
-Whole WholeOf(sqlite3_stmt *row, int column) {
+Whole WholeOf(sqlite3_value *cell) {
     using Limits = std::numeric_limits<Whole>;
-    if (sqlite3_column_type(row, column) == SQLITE_INTEGER) {
-        const sqlite3_int64 value = sqlite3_column_int64(row, column);
+    if (sqlite3_value_type(cell) == SQLITE_INTEGER) {
+        const sqlite3_int64 value = sqlite3_value_int64(cell);
         if (value < Limits::min() || value > Limits::max()) throw Overflow();
         return static_cast<Whole>(value);
     }
-    const double value = std::nearbyint(NumberOf(row, column));
+    const double value = std::nearbyint(NumberOf(cell));
     if (!(value >= Limits::min() && value <= Limits::max())) throw Overflow();
     return static_cast<Whole>(value);
 }
@@ -174,42 +176,38 @@ int Recordset::Column(const QString &name) const {
 
 int Recordset::FindColumn(const QString &name) const { return state_->Find(name); }
 
-bool Recordset::IsNull(int column) const {
-    return sqlite3_column_type(state_->At(column), column) == SQLITE_NULL;
-}
+bool Recordset::IsNull(int column) const { return sqlite3_value_type(state_->Cell(column)) == SQLITE_NULL; }
 
 bool Recordset::Boolean(int column) const {
-    sqlite3_stmt *row = state_->At(column);
-    if (sqlite3_column_type(row, column) == SQLITE_INTEGER) return sqlite3_column_int64(row, column) != 0;
-    if (sqlite3_column_type(row, column) == SQLITE_TEXT) {
-        const QString text = ToText(row, column);
+    sqlite3_value *cell = state_->Cell(column);
+    if (sqlite3_value_type(cell) == SQLITE_INTEGER) return sqlite3_value_int64(cell) != 0;
+    if (sqlite3_value_type(cell) == SQLITE_TEXT) {
+        const QString text = ToText(cell);
         if (text.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0) return true;
         if (text.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0) return false;
     }
-    return NumberOf(row, column) != 0;
+    return NumberOf(cell) != 0;
 }
 
-std::int16_t Recordset::Integer(int column) const {
-    return WholeOf<std::int16_t>(state_->At(column), column);
-}
+std::int16_t Recordset::Integer(int column) const { return WholeOf<std::int16_t>(state_->Cell(column)); }
 
-std::int32_t Recordset::Long(int column) const { return WholeOf<std::int32_t>(state_->At(column), column); }
+std::int32_t Recordset::Long(int column) const { return WholeOf<std::int32_t>(state_->Cell(column)); }
 
 float Recordset::Single(int column) const {
-    const double value = NumberOf(state_->At(column), column);
+    const double value = NumberOf(state_->Cell(column));
     if (!(std::abs(value) <= std::numeric_limits<float>::max())) throw Overflow();
     return static_cast<float>(value);
 }
 
 double Recordset::Double(int column) const {
-    const double value = NumberOf(state_->At(column), column);
+    const double value = NumberOf(state_->Cell(column));
     if (!std::isfinite(value)) throw Overflow();
     return value;
 }
 
-QString Recordset::Text(int column) const { return ToText(state_->At(column), column); }
+QString Recordset::Text(int column) const { return ToText(state_->Cell(column)); }
 
-std::string_view Recordset::Utf8(int column) const { return TextOf(state_->At(column), column); }
+std::string_view Recordset::Utf8(int column) const { return TextOf(state_->Cell(column)); }
 
 QByteArray Recordset::Bytes(int column) const {
     sqlite3_stmt *row = state_->At(column);

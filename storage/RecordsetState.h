@@ -22,6 +22,8 @@ struct Recordset::State {
         if (row && column >= 0 && column < fieldCount) return row;
         FailAt();
     }
+    // The value of the current row, valid until the next step.
+    sqlite3_value *Cell(int column) const { return sqlite3_column_value(At(column), column); }
     [[noreturn]] void FailAt() const;
     int Find(const QString &name) const;
     std::int64_t CountRows() const;
