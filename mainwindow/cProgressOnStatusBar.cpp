@@ -3,19 +3,26 @@
 #include "mainwindow/cStatusBar.h"
 
 #include <QPainter>
-#include <QPainterPath>
 
 namespace mainwindow {
 
 namespace {
 constexpr int Pixels(int twips) { return (twips + 7) / 15; }
 constexpr int kBarHeight = 6; // of the painted bar, pixels
+constexpr int kFrame = 16;    // milliseconds between two pictures of a screen
 } // namespace
 
 cProgressBar::cProgressBar(QWidget *parent) : QProgressBar(parent) {
     setRange(0, 100);
     setValue(0);
     setTextVisible(false);
+}
+
+void cProgressBar::Show(int percent) {
+    const bool between = percent > minimum() && percent < maximum();
+    if (between && shown_.isValid() && shown_.elapsed() < kFrame) return;
+    shown_.start();
+    setValue(percent);
 }
 
 void cProgressBar::paintEvent(QPaintEvent *) {
@@ -26,12 +33,10 @@ void cProgressBar::paintEvent(QPaintEvent *) {
     const QRectF groove(0, (height() - kBarHeight) / 2.0, width(), kBarHeight);
     painter.setBrush(palette().color(QPalette::Mid));
     painter.drawRoundedRect(groove, kBarHeight / 2.0, kBarHeight / 2.0);
-    QPainterPath whole;
-    whole.addRoundedRect(groove, kBarHeight / 2.0, kBarHeight / 2.0);
-    painter.setClipPath(whole);
     const double part = double(value() - minimum()) / qMax(1, maximum() - minimum());
-    painter.fillRect(QRectF(groove.left(), groove.top(), groove.width() * part, groove.height()),
-                     palette().color(QPalette::Highlight));
+    painter.setClipRect(QRectF(groove.left(), groove.top(), groove.width() * part, groove.height()));
+    painter.setBrush(palette().color(QPalette::Highlight));
+    painter.drawRoundedRect(groove, kBarHeight / 2.0, kBarHeight / 2.0);
 }
 
 void cProgressOnStatusBar::SetProgressBar(cProgressBar &bar, cStatusBar &statusBar) const {

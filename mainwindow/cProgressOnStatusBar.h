@@ -1,6 +1,7 @@
 // A progress bar inside the panel "PROGRESS" of a status bar.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QProgressBar>
 
 namespace mainwindow {
@@ -13,8 +14,14 @@ class cProgressBar : public QProgressBar {
 public:
     explicit cProgressBar(QWidget *parent = nullptr);
 
+    // Both ends are shown at once; a step between them may be left out when another has just been shown.
+    void Show(int percent);
+
 protected:
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    QElapsedTimer shown_;
 };
 
 class cProgressOnStatusBar {

@@ -28,6 +28,8 @@ namespace {
 // How far a window keeps from one that stands in the same place, in pixels.
 constexpr QPoint kAside(28, 28);
 
+constexpr int kPrintersWait = 100; // milliseconds until they are looked for again
+
 // Positions before this one are looked at for recent files: four entries.
 constexpr int kRecentFilesLimit = 5;
 
@@ -117,7 +119,11 @@ void frmMain::Form_Activate() {
     CurrentView().setFocus();
 }
 
-void frmMain::LookForPrinters() { SetEnabled(Needs::Printers, !desktop_.printers.Names().isEmpty()); }
+// A map that is just being loaded goes first.
+void frmMain::LookForPrinters() {
+    if (InsideRoutine()) return firstPaint_.start(kPrintersWait);
+    SetEnabled(Needs::Printers, !desktop_.printers.Names().isEmpty());
+}
 
 bool frmMain::MenuValue(const QString &key) const { return SmartMenuXP1a_->Value(key); }
 

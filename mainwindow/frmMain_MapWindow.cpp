@@ -29,7 +29,7 @@ void frmMain::DropHint() {
     hint_.clear();
 }
 
-void frmMain::SetProgress(int percent) { prg1_->setValue(qBound(0, percent, 100)); }
+void frmMain::SetProgress(int percent) { prg1_->Show(qBound(0, percent, 100)); }
 
 void frmMain::SetMousePointer(int pointer) {
     mousePointer_ = pointer;
