@@ -9,6 +9,9 @@
 #include <QByteArray>
 #include <QFile>
 #include <sys/resource.h>
+#ifdef __linux__
+#include <sys/auxv.h>
+#endif
 #include <unistd.h>
 #include <vector>
 
@@ -111,8 +114,20 @@ QByteArray TextOfCurrentException() {
     std::abort();
 }
 
+#ifdef __linux__
+// The program's name stands at the very top of the first thread's stack, which may grow to its limit. The
+// system would tell as well, by way of a list of all that is mapped, which takes a start too long.
+std::uintptr_t LowestOfFirstStack() {
+    const std::uintptr_t top = getauxval(AT_EXECFN);
+    rlimit limit{};
+    const bool known = gettid() == getpid() && top != 0 && getrlimit(RLIMIT_STACK, &limit) == 0;
+    return known && limit.rlim_cur < top ? top - limit.rlim_cur : 0;
+}
+#endif
+
 std::uintptr_t LowestStackAddress() {
 #ifdef __linux__
+    if (const std::uintptr_t lowest = LowestOfFirstStack()) return lowest;
     pthread_attr_t attributes;
     if (pthread_getattr_np(pthread_self(), &attributes) != 0) return 0;
     void *lowest = nullptr;
