@@ -27,10 +27,15 @@ CopyNodes::CopyNodes(Scene &scene, const Stage &stage, Node &pressed, const Poin
       extent_(held_.Extent()),
       corner_(pressed.Bounds().topLeft()) {
     const std::vector<Node *> nodes = NodesToCopy(pressed);
-    if (nodes.size() > kMostOutlines)
+    if (nodes.size() > kMostOutlines) {
         outlines_.addRect(extent_);
-    else
-        for (const Node *node : nodes) outlines_.addPath(scene.NodeOutline(*node));
+        return;
+    }
+    for (const Node *node : nodes) outlines_.addPath(scene.NodeOutline(*node));
+    for (const HeldLink &held : held_.Links()) {
+        const Link *link = held.inner ? scene.Model().FindLink(held.id) : nullptr;
+        if (link && !link->Hidden()) links_.addPath(scene.LinkPath(*link));
+    }
 }
 
 QPointF CopyNodes::Distance(const PointerInput &input) {
@@ -69,6 +74,7 @@ void CopyNodes::Commit(const PointerInput &input) {
 
 void CopyNodes::Show(Overlay &overlay) const {
     overlay.ghost = outlines_.translated(distance_);
+    overlay.ghostLinks = links_.translated(distance_);
     snapping_.Show(overlay);
 }
 

@@ -7,10 +7,10 @@
 
 namespace diagram {
 
-// Until the release only outlines go with the pointer. The copies have no keys, come with the links between
-// the copied nodes, and become the selection. They keep level, groups and look of what they are copies of:
-// AfterAddNode, which gives a new node those of the filter, isn't raised. A node that isn't selected is
-// copied alone. Without Ctrl it becomes a move.
+// Until the release only outlines, and the lines between them, go with the pointer. The copies have no keys,
+// come with the links between the copied nodes, and become the selection. They keep level, groups and look of
+// what they are copies of: AfterAddNode, which gives a new node those of the filter, isn't raised. A node
+// that isn't selected is copied alone. Without Ctrl it becomes a move.
 class CopyNodes : public Gesture {
 public:
     CopyNodes(Scene &scene, const Stage &stage, Node &pressed, const PointerInput &press);
@@ -32,6 +32,7 @@ private:
     HeldItems held_;
     Snapping snapping_;
     QPainterPath outlines_; // where the nodes stand, twips
+    QPainterPath links_;    // and the links between them
     QRectF extent_;
     QPointF corner_; // left top of the pressed node
     QPointF distance_;

@@ -1,7 +1,5 @@
 #include "diagram/interaction/DrawLink.h"
 
-#include "diagram/interaction/LinkTarget.h"
-#include "diagram/interaction/Selecting.h"
 #include "diagram/scene/Scene.h"
 
 #include <cmath>
@@ -20,7 +18,11 @@ bool IsSomeWayOff(const PointerInput &press, const PointerInput &now) {
 } // namespace
 
 DrawLink::DrawLink(Scene &scene, Stage &stage, Node &source, const PointerInput &press)
-    : scene_(scene), stage_(stage), source_(source.Id()), press_(press), at_(press.at) {}
+    : scene_(scene),
+      stage_(stage),
+      source_(source.Id()),
+      end_(source, LinkSide::Destination),
+      press_(press) {}
 
 Node *DrawLink::Target(const PointerInput &input) const {
     Node *target = LinkTargetAt(scene_, input.at);
@@ -31,32 +33,21 @@ std::unique_ptr<Gesture> DrawLink::Move(const PointerInput &input) {
     wentOff_ = wentOff_ || IsSomeWayOff(press_, input);
     const Node *target = Target(input);
     target_ = target ? target->Id() : kNoItem;
-    at_ = input.at;
+    line_ = end_.LineTo(scene_, target, input.at);
     return nullptr;
 }
 
 void DrawLink::Commit(const PointerInput &input) {
     Move(input);
     Surface &surface = scene_.Model();
-    Node *source = surface.FindNode(source_);
-    Node *target = surface.FindNode(target_);
-    if (!source) return;
-    if (!target) {
-        if (wentOff_) stage_.Tell(Hint::LinkNeedsNode);
-        return;
-    }
-    ChangeSelection(surface, [&] {
-        Link &link = source->Links().Add(*target);
-        surface.UnselectAll();
-        link.SetSelected(true);
-        surface.Events().AfterAddLink(surface, link);
-    });
+    if (Node *target = surface.FindNode(target_))
+        end_.Join(surface, *target);
+    else if (wentOff_)
+        stage_.Tell(Hint::LinkNeedsNode);
 }
 
 void DrawLink::Show(Overlay &overlay) const {
-    const Node *source = scene_.Model().FindNode(source_);
-    overlay.arrow = true;
-    if (source) ShowLooseLink(scene_, *source, scene_.Model().FindNode(target_), at_, overlay);
+    end_.Show(scene_, line_, scene_.Model().FindNode(target_), overlay);
 }
 
 } // namespace diagram

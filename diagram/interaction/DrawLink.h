@@ -2,11 +2,9 @@
 #pragma once
 
 #include "diagram/interaction/Gesture.h"
-#include "diagram/model/Surface.h"
+#include "diagram/interaction/LooseEnd.h"
 
 namespace diagram {
-
-class Scene;
 
 // The link gets the surface's defaults and becomes the selection. Dropped on empty surface it gives nothing.
 // A pointer that went some way off and comes back links the node to itself.
@@ -26,9 +24,10 @@ private:
     Scene &scene_;
     Stage &stage_;
     ItemId source_;
+    LooseEnd end_;
     ItemId target_ = kNoItem;
+    QPainterPath line_; // that the link would have, twips
     PointerInput press_;
-    QPointF at_;
     bool wentOff_ = false;
 };
 

@@ -2,16 +2,13 @@
 #pragma once
 
 #include "diagram/interaction/Gesture.h"
-#include "diagram/model/Surface.h"
+#include "diagram/interaction/LooseEnd.h"
 
 namespace diagram {
 
-class Scene;
-
 class MoveLinkEnd : public Gesture {
 public:
-    // `atSource` tells which end is loose.
-    MoveLinkEnd(Scene &scene, Stage &stage, Link &link, bool atSource);
+    MoveLinkEnd(Scene &scene, Stage &stage, Link &link, LinkSide side);
 
     std::unique_ptr<Gesture> Move(const PointerInput &input) override;
     void Commit(const PointerInput &input) override; // AfterStretch
@@ -22,10 +19,9 @@ public:
 private:
     Scene &scene_;
     Stage &stage_;
-    ItemId link_;
+    LooseEnd end_;
     ItemId target_ = kNoItem;
-    QPointF at_;
-    bool atSource_;
+    QPainterPath line_; // that the link would have, twips
 };
 
 } // namespace diagram

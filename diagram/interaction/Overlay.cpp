@@ -5,14 +5,15 @@ namespace diagram {
 namespace {
 
 // Never empty, so that it counts in a union.
-QRectF BoxOf(const QPolygonF &points) { return points.boundingRect().adjusted(-1, -1, 1, 1); }
-QRectF BoxOf(const QLineF &line) { return BoxOf(QPolygonF{line.p1(), line.p2()}); }
+QRectF BoxOf(const QPainterPath &path) { return path.controlPointRect().adjusted(-1, -1, 1, 1); }
+QRectF BoxOf(const QLineF &line) { return QRectF(line.p1(), line.p2()).normalized().adjusted(-1, -1, 1, 1); }
 
 } // namespace
 
 QRectF Overlay::Bounds() const {
     QRectF all = band | sizeUnder;
     if (!ghost.isEmpty()) all |= ghost.controlPointRect();
+    if (!ghostLinks.isEmpty()) all |= BoxOf(ghostLinks);
     if (!target.isEmpty()) all |= target.controlPointRect();
     if (!line.isEmpty()) all |= BoxOf(line);
     for (const QLineF &guide : guides) all |= BoxOf(guide);

@@ -6,7 +6,6 @@
 #include <QLineF>
 #include <QPainterPath>
 #include <QPointF>
-#include <QPolygonF>
 #include <QRectF>
 #include <QString>
 #include <vector>
@@ -15,11 +14,12 @@ namespace diagram {
 
 // All in twips. Whatever is empty isn't shown.
 struct Overlay {
-    QRectF band;        // rubber band
-    QPainterPath ghost; // outline of a node that is being drawn
-    QString size;       // its size, shown below `sizeUnder`
+    QRectF band;             // rubber band
+    QPainterPath ghost;      // outline of a node that is being drawn
+    QPainterPath ghostLinks; // lines of links that come with it
+    QString size;            // its size, shown below `sizeUnder`
     QRectF sizeUnder;
-    QPolygonF line;                  // a link that is being dragged
+    QPainterPath line;               // a link that is being dragged
     bool arrow = false;              // it has a head at its last point
     ItemId loose = kNoItem;          // a link one of whose ends is being dragged
     QPainterPath target;             // outline of the node that the link would join

@@ -66,7 +66,8 @@ bool IsEnd(const Link &link, int point) { return point == 0 || point + 1 == std:
 std::unique_ptr<Gesture> OnBend(const DragStart &start) {
     if (!start.link) return nullptr;
     if (IsEnd(*start.link, start.index))
-        return std::make_unique<MoveLinkEnd>(start.scene, start.stage, *start.link, start.index == 0);
+        return std::make_unique<MoveLinkEnd>(start.scene, start.stage, *start.link,
+                                             start.index == 0 ? LinkSide::Source : LinkSide::Destination);
     return std::make_unique<MoveBend>(start.scene.Model(), *start.link, MoveBend::Grip::Bend, start.index);
 }
 

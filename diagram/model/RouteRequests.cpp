@@ -1,6 +1,5 @@
 #include "diagram/model/RouteRequests.h"
 
-#include "diagram/model/Link.h"
 #include "diagram/model/Node.h"
 #include "diagram/shapes/Arrows.h"
 
@@ -20,67 +19,85 @@ double HeadLength(int arrow, int size, double drawWidth) {
     return row ? std::min(ArrowScale(size, drawWidth) * std::max(1.0, row->eats), kLongestHead) : 0;
 }
 
-double HeadAt(const Node &node, const Link &link) {
-    const LinkData &data = link.Data();
+double HeadAt(const Node *node, const LinkDraft &link) {
+    const LinkData &data = *link.data;
     double head = 0;
-    if (&link.Source() == &node) head = HeadLength(data.arrowSource, data.arrowSizeSource, data.drawWidth);
-    if (&link.Destination() == &node)
+    if (link.source == node) head = HeadLength(data.arrowSource, data.arrowSizeSource, data.drawWidth);
+    if (link.destination == node)
         head = std::max(head, HeadLength(data.arrowDest, data.arrowSizeDest, data.drawWidth));
     return head;
 }
 
-// All links side by side leave the same room for their heads.
-void SetAside(const Link &link, RouteRequest &request) {
-    const std::vector<Link *> beside = LinksBeside(link);
-    if (beside.size() < 2) return;
-    const auto others = double(beside.size() - 1);
+RouteEnd EndAt(const Node *node, const LinkDraft &link) {
+    if (!node) return {QRectF(link.loose, QSizeF())};
+    return {node->Bounds(), node->Shape(), node->ShapeOrientation(), HeadAt(node, link)};
+}
+
+// The other links between two nodes, in the order of their identities; empty when both nodes are crowded.
+std::vector<Link *> LinksBetween(const Node *a, const Node *b, ItemId but) {
+    if (a->Links().Count() > b->Links().Count()) std::swap(a, b);
+    if (a->Links().Count() > kCrowd) return {};
+    std::vector<Link *> between;
+    for (Link *other : a->Links()) {
+        const bool same = &other->Source() == a && &other->Destination() == b;
+        const bool back = &other->Source() == b && &other->Destination() == a;
+        if ((same || back) && other->Id() != but) between.push_back(other);
+    }
+    return between;
+}
+
+// All links side by side leave the same room for their heads. One more comes behind the others.
+void SetAside(const LinkDraft &link, RouteRequest &request) {
+    if (!link.source || !link.destination) return;
+    const std::vector<Link *> beside = LinksBetween(link.source, link.destination, link.id);
+    if (beside.empty()) return;
+    const auto others = double(beside.size());
     const double spacing = std::min(kSpacing, kWidestBundle / others);
-    const auto rank = double(std::ranges::find(beside, &link) - beside.begin());
+    const auto rank = double(std::ranges::count_if(
+        beside, [&](const Link *other) { return link.id == kNoItem || other->Id() < link.id; }));
     if (request.sameNode) {
         request.aside = rank * spacing;
         request.mostAside = others * spacing;
         return;
     }
     for (const Link *other : beside) {
-        request.source.head = std::max(request.source.head, HeadAt(link.Source(), *other));
-        request.destination.head = std::max(request.destination.head, HeadAt(link.Destination(), *other));
+        const LinkDraft at(*other);
+        request.source.head = std::max(request.source.head, HeadAt(link.source, at));
+        request.destination.head = std::max(request.destination.head, HeadAt(link.destination, at));
     }
     // The left of a link that runs against the others is their right.
-    request.backwards = link.Source().Id() > link.Destination().Id();
+    request.backwards = link.source->Id() > link.destination->Id();
     request.aside = (request.backwards ? -1 : 1) * (rank - others / 2) * spacing;
     request.mostAside = others / 2 * spacing;
 }
 
+ItemId IdOf(const Node *node) { return node ? node->Id() : kNoItem; }
+bool IsCrowded(const Node *node) { return node && node->Links().Count() > kCrowd; }
+
+const LinkData kNewLink;
+
 } // namespace
 
-RouteRequest RequestFor(const Link &link) {
-    const Node &from = link.Source(), &to = link.Destination();
+LinkDraft::LinkDraft() : data(&kNewLink) {}
+LinkDraft::LinkDraft(const Link &link)
+    : data(&link.Data()), source(&link.Source()), destination(&link.Destination()), id(link.Id()) {}
+
+RouteRequest RequestFor(const LinkDraft &link) {
     RouteRequest request;
-    request.style = link.Style();
-    request.source = {from.Bounds(), from.Shape(), from.ShapeOrientation(), HeadAt(from, link)};
-    request.destination = {to.Bounds(), to.Shape(), to.ShapeOrientation(), HeadAt(to, link)};
-    request.sameNode = &from == &to;
-    request.old = link.Data().points;
+    request.style = link.data->style;
+    request.source = EndAt(link.source, link);
+    request.destination = EndAt(link.destination, link);
+    request.sameNode = link.source == link.destination;
+    request.old = link.data->points;
     SetAside(link, request);
     return request;
 }
 
 std::vector<Link *> LinksBeside(const Link &link) {
-    const Node *a = &link.Source(), *b = &link.Destination();
-    if (a->Links().Count() > b->Links().Count()) std::swap(a, b);
-    if (a->Links().Count() > kCrowd) return {};
-    std::vector<Link *> beside;
-    for (Link *other : a->Links()) {
-        const bool same = &other->Source() == a && &other->Destination() == b;
-        const bool back = &other->Source() == b && &other->Destination() == a;
-        if (same || back) beside.push_back(other);
-    }
-    return beside;
+    return LinksBetween(&link.Source(), &link.Destination(), link.Id());
 }
 
-bool IsCrowded(const Link &link) {
-    return link.Source().Links().Count() > kCrowd || link.Destination().Links().Count() > kCrowd;
-}
+bool IsCrowded(const LinkDraft &link) { return IsCrowded(link.source) || IsCrowded(link.destination); }
 
 bool IsObstacleFor(const RouteRequest &request, const QRectF &box) {
     return !Overlap(box, request.source.box) && !Overlap(box, request.destination.box);
@@ -98,11 +115,14 @@ bool IsMet(const Obstacles &obstacles, const std::vector<Point> &way) {
     return false;
 }
 
+NodesAround::NodesAround(const BoxIndex &index, const LinkDraft &link, const RouteRequest &request)
+    : index_(index), source_(IdOf(link.source)), destination_(IdOf(link.destination)), request_(request) {}
+
 void NodesAround::In(const QRectF &area, std::vector<QRectF> &boxes) const {
     found_.clear();
     index_.Find(area, found_);
     for (const auto &[box, id] : found_) {
-        if (id == link_.Source().Id() || id == link_.Destination().Id()) continue;
+        if (id == source_ || id == destination_) continue;
         if (const QRectF rect = box.Rect(); IsObstacleFor(request_, rect)) boxes.push_back(rect);
     }
 }

@@ -22,28 +22,33 @@ bool HasSameBends(const std::vector<Point> &a, const std::vector<Point> &b) {
 }
 
 // Whether the router chooses bends for links of that style, so that they can give way.
-bool HasRoutedBends(const Link &link) {
-    const LinkStyleRow *row = FindLinkStyle(link.Style());
+bool HasRoutedBends(const LinkData &link) {
+    const LinkStyleRow *row = FindLinkStyle(link.style);
     return row && row->form == LinkForm::Orthogonal;
 }
 
 } // namespace
 
-std::vector<Point> Routing::WayOf(const Link &link, bool keepBends) {
+std::vector<Point> Routing::WayOf(const LinkDraft &link, bool keepBends) {
     RouteRequest request = RequestFor(link);
     request.keepBends = keepBends;
     const NodesAround obstacles(nodes_, link, request);
-    if (!keepBends && HasRoutedBends(link) && !IsCrowded(link)) {
+    if (!keepBends && HasRoutedBends(*link.data) && !IsCrowded(link)) {
         NeedNodes();
         request.obstacles = &obstacles;
     }
     return diagram::Route(request);
 }
 
+std::vector<Point> Routing::WayOf(const LinkDraft &link) {
+    UpdateNodes();
+    return WayOf(link, link.data->ownBends);
+}
+
 void Routing::Route(Link &link) {
     UpdateNodes();
     WayChanges(link);
-    link.data_.points = WayOf(link, link.data_.ownBends);
+    link.data_.points = WayOf(LinkDraft(link), link.data_.ownBends);
     link.stale_ = false;
     LinkAdded(link);
 }
@@ -54,7 +59,7 @@ void Routing::Judge(Link &link) {
     if (!link.unjudged_ || link.KeepsPoints()) return;
     link.unjudged_ = false;
     const auto &points = link.data_.points;
-    link.data_.ownBends = points.size() > 2 && !HasSameBends(points, WayOf(link, false));
+    link.data_.ownBends = points.size() > 2 && !HasSameBends(points, WayOf(LinkDraft(link), false));
 }
 
 bool Routing::IsQuiet() const { return replaying_ || surface_.Loading(); }
@@ -70,10 +75,11 @@ void Routing::SettleAll() {
     UpdateNodes();
     for (const ItemId id : std::exchange(moved_, {})) {
         Link *link = surface_.FindLink(id);
-        if (!link || link->stale_ || link->KeepsPoints() || !HasRoutedBends(*link)) continue;
-        const RouteRequest request = RequestFor(*link);
+        if (!link || link->stale_ || link->KeepsPoints() || !HasRoutedBends(link->data_)) continue;
+        const LinkDraft draft(*link);
+        const RouteRequest request = RequestFor(draft);
         NeedNodes();
-        if (IsMet(NodesAround(nodes_, *link, request), link->data_.points)) GiveWay(*link);
+        if (IsMet(NodesAround(nodes_, draft, request), link->data_.points)) GiveWay(*link);
     }
 }
 
@@ -97,8 +103,8 @@ void Routing::MakeWayFor(const Node &node) {
 }
 
 bool Routing::IsBlockedBy(const Link &link, const Node &node) const {
-    if (link.stale_ || link.KeepsPoints() || link.data_.ownBends || !HasRoutedBends(link)) return false;
-    if (&link.Source() == &node || &link.Destination() == &node || IsCrowded(link)) return false;
+    if (link.stale_ || link.KeepsPoints() || link.data_.ownBends || !HasRoutedBends(link.data_)) return false;
+    if (&link.Source() == &node || &link.Destination() == &node || IsCrowded(LinkDraft(link))) return false;
     const std::vector<Point> &way = link.data_.points;
     bool meets = false;
     for (std::size_t i = 1; i < way.size() && !meets; ++i)
@@ -119,7 +125,7 @@ void Routing::GiveWay(Link &link) {
 void Routing::RespaceBeside(const Link &link) {
     if (IsQuiet()) return;
     for (Link *other : LinksBeside(link)) {
-        if (other == &link || other->doomed_ || other->stale_ || other->KeepsPoints()) continue;
+        if (other->doomed_ || other->stale_ || other->KeepsPoints()) continue;
         GiveWay(*other);
     }
 }

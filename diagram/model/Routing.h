@@ -17,6 +17,7 @@ namespace diagram {
 
 class Obstacles;
 class Surface;
+struct LinkDraft;
 
 // The values of links as they were before they gave way, by identity.
 struct HeldWays {
@@ -48,6 +49,8 @@ public:
     void Check(Link &link);
 
     void Route(Link &link);
+    // The way that the link would get now; nothing is changed.
+    std::vector<Point> WayOf(const LinkDraft &link);
     // Finds out whether bends that came from outside are the router's own, or the user's.
     void Judge(Link &link);
     // From now on there may be links to judge.
@@ -76,7 +79,7 @@ private:
     void GiveWay(Link &link);
     bool IsBlockedBy(const Link &link, const Node &node) const;
     bool IsQuiet() const;
-    std::vector<Point> WayOf(const Link &link, bool keepBends);
+    std::vector<Point> WayOf(const LinkDraft &link, bool keepBends);
 
     Surface &surface_;
     BoxIndex nodes_, ways_;

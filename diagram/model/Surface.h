@@ -177,6 +177,9 @@ public:
 
     // Brings every route up to date.
     void Recalculate();
+    // The way that a link would get among the nodes as they stand, without its being there. It stays as it is
+    // while the points of the draft are kept.
+    std::vector<Point> WayOf(const LinkDraft &link);
     // Makes links give way to the nodes that have come, moved, grown or been shown since the last time.
     // Reading a way and opening or closing a group do so by themselves.
     void SettleWays() { routing_.Settle(); }

@@ -1,4 +1,5 @@
 // Where the writes of a surface meet its routing.
+#include "diagram/model/LinkDraft.h"
 #include "diagram/model/Surface.h"
 
 namespace diagram {
@@ -30,6 +31,12 @@ void Surface::AfterWrite(Node &node, Change what) {
 void Surface::BringUpToDate(Link &link) {
     routing_.Judge(link);
     if (link.stale_) routing_.Route(link);
+}
+
+std::vector<Point> Surface::WayOf(const LinkDraft &link) {
+    SettleWays();
+    const bool kept = link.data->addPointsMode || link.data->movePointsMode;
+    return kept && link.data->points.size() > 1 ? link.data->points : routing_.WayOf(link);
 }
 
 std::shared_ptr<HeldWays> Surface::HoldWays() {

@@ -17,9 +17,14 @@ constexpr double kLabelReach = 4 * kTwipsPerPixel; // of a label's paper out of 
 constexpr double kSmoothing = kTwipsPerPixel;      // what smooth edges touch beyond the form
 constexpr int kCurvePieces = 16;
 
-LinkForm FormOf(const Link &link) {
-    const LinkStyleRow *row = FindLinkStyle(link.Style());
+LinkForm FormOf(int style) {
+    const LinkStyleRow *row = FindLinkStyle(style);
     return row ? row->form : LinkForm::Polyline;
+}
+
+bool IsCurved(int style, const std::vector<Point> &way) {
+    const LinkForm form = FormOf(style);
+    return (form == LinkForm::Bezier || form == LinkForm::Spline) && way.size() > 2;
 }
 
 // A pointed corner stands out up to twice the width of its line.
@@ -110,7 +115,8 @@ QRectF PaintBounds(const Link &link, TextMeasure *measure) {
     double reach =
         std::max(LineReach(data.drawWidth) + (data.marked ? kMarkReach : 0), HeadReach(data) + kSmoothing);
     if (data.jumpStyle) reach = std::max(reach, kJumpRadius + LineReach(data.drawWidth));
-    const bool smooth = IsCurved(link) && (FormOf(link) == LinkForm::Spline || link.Way().size() % 3 != 1);
+    const bool smooth =
+        IsCurved(link) && (FormOf(link.Style()) == LinkForm::Spline || link.Way().size() % 3 != 1);
     const QRectF way = smooth ? WayPath(link).controlPointRect() : Box(link.Way());
     const QRectF bounds = Grown(way, reach);
     if (data.text.isEmpty()) return bounds;
@@ -121,16 +127,14 @@ QRectF PaintBounds(const Item &item, TextMeasure *measure) {
     return item.AsNode() ? PaintBounds(*item.AsNode()) : PaintBounds(*item.AsLink(), measure);
 }
 
-bool IsCurved(const Link &link) {
-    const LinkForm form = FormOf(link);
-    return (form == LinkForm::Bezier || form == LinkForm::Spline) && link.Way().size() > 2;
+bool IsCurved(const Link &link) { return IsCurved(link.Style(), link.Way()); }
+
+QPainterPath WayPath(int style, const std::vector<Point> &way) {
+    if (!IsCurved(style, way)) return StraightPath(way);
+    return FormOf(style) == LinkForm::Bezier ? BezierPath(way) : SmoothPath(way);
 }
 
-QPainterPath WayPath(const Link &link) {
-    const std::vector<Point> &way = link.Way();
-    if (!IsCurved(link)) return StraightPath(way);
-    return FormOf(link) == LinkForm::Bezier ? BezierPath(way) : SmoothPath(way);
-}
+QPainterPath WayPath(const Link &link) { return WayPath(link.Style(), link.Way()); }
 
 std::vector<QPointF> WayPieces(const Link &link) {
     std::vector<QPointF> pieces;

@@ -1,6 +1,8 @@
 // The parts of a scene that follow from one item alone.
 #pragma once
 
+#include "diagram/geometry/Point.h"
+
 #include <QPainterPath>
 #include <QRectF>
 #include <vector>
@@ -18,8 +20,9 @@ QRectF PaintBounds(const Node &node);
 QRectF PaintBounds(const Link &link, TextMeasure *measure);
 QRectF PaintBounds(const Item &item, TextMeasure *measure);
 
-// The line without heads and jumps.
+// The line without heads and jumps, of a link or of a way of at least two points.
 QPainterPath WayPath(const Link &link);
+QPainterPath WayPath(int style, const std::vector<Point> &way);
 bool IsCurved(const Link &link);
 // The same line as straight pieces.
 std::vector<QPointF> WayPieces(const Link &link);

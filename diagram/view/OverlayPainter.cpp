@@ -72,6 +72,8 @@ void PaintBandAndGhost(QPainter &painter, const Overlay &overlay, const Viewport
     if (!overlay.band.isNull()) painter.drawRect(look.Crisp(viewport.FromSurface(overlay.band)));
     painter.setPen(look.Line(look.accent, 1.5));
     if (!overlay.ghost.isEmpty()) painter.drawPath(viewport.ToPixels().map(overlay.ghost));
+    painter.setBrush(Qt::NoBrush);
+    if (!overlay.ghostLinks.isEmpty()) painter.drawPath(viewport.ToPixels().map(overlay.ghostLinks));
 }
 
 // A head at `line`'s end.
@@ -85,12 +87,15 @@ QPolygonF ArrowHead(const QLineF &line) {
 
 void PaintLine(QPainter &painter, const Overlay &overlay, const QTransform &toPixels,
                const OverlayLook &look) {
-    if (overlay.line.size() < 2) return;
-    const QPolygonF line = toPixels.map(overlay.line);
-    const QLineF last(line[line.size() - 2], line.last());
+    if (overlay.line.elementCount() < 2) return;
+    const QPainterPath line = toPixels.map(overlay.line);
     painter.setPen(QPen(look.accent, 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPath(line);
+    // The last element but one of a curve is the point from which it comes in.
+    const QPointF before = line.elementAt(line.elementCount() - 2);
+    const QLineF last(before, line.currentPosition());
     painter.setBrush(look.accent);
-    painter.drawPolyline(line);
     if (last.length() > 1.5 * kArrowLength && overlay.arrow) painter.drawPolygon(ArrowHead(last));
 }
 

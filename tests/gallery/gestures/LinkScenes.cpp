@@ -109,6 +109,49 @@ void MoveStart(Film &film) {
     Finish(film, "it starts there now");
 }
 
+// The line goes the way that the link will take.
+void OrthogonalEnd(Film &film) {
+    Node &a = film.Add(40, 60, 120, 70, "Market");
+    Node &b = film.Add(420, 60, 120, 70, "Product");
+    film.Add(210, 130, 120, 90, "Place");
+    Node &c = film.Add(420, 240, 120, 70, "Price");
+    Link &link = film.Join(a, b);
+    link.SetStyle(kHvh);
+    link.SetSelected(true);
+    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Way().back())).toPoint(),
+                            film.At(380, 190));
+    film.Shoot("on the way");
+    film.Hand().MoveTo(film.Body(c));
+    film.Shoot("over another node");
+    Finish(film, "it ends there now");
+    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Way().back())).toPoint(), film.Body(b));
+    film.Hand().Key(Qt::Key_Escape);
+    Finish(film, "given up");
+}
+
+void CurvedEnd(Film &film) {
+    Node &a = film.Add(40, 60, 120, 70, "Market");
+    Node &b = film.Add(420, 60, 120, 70, "Product");
+    Node &c = film.Add(420, 240, 120, 70, "Price");
+    Link &link = film.Join(a, b);
+    link.SetStyle(1);
+    link.SetSelected(true);
+    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Way().back())).toPoint(),
+                            film.At(320, 250));
+    film.Shoot("on the way");
+    film.Hand().MoveTo(film.Body(c));
+    film.Shoot("over another node");
+}
+
+void SecondLink(Film &film) {
+    Node &a = film.Add(60, 60, 120, 90, "Market");
+    Node &b = film.Add(340, 200, 130, 90, "Product");
+    film.Join(a, b);
+    film.Hand().DragAndHold(film.LinkStart(a, 2), film.Body(b));
+    film.Shoot("beside the one that is there");
+    Finish(film, "linked twice");
+}
+
 void Label(Film &film) {
     Node &a = film.Add(40, 60, 120, 70, "Market");
     Node &b = film.Add(400, 220, 120, 70, "Product");
@@ -137,6 +180,9 @@ constexpr Scene kScenes[] = {
     {"26-label", Label, true},
     {"27-link-start", MoveStart, true},
     {"28-orthogonal-back", OrthogonalBack, false},
+    {"29-orthogonal-end", OrthogonalEnd, false},
+    {"30-curved-end", CurvedEnd, false},
+    {"31-second-link", SecondLink, false},
 };
 
 } // namespace
