@@ -104,6 +104,13 @@ void keyEditText(frmMain &window) {
     window.CurrentView().BeginEdit();
 }
 
+void BeginLink(frmMain &window, bool backwards) {
+    window.CurrentView().setFocus();
+    window.CurrentView().BeginLink(backwards);
+}
+void keyLinkTo(frmMain &window) { BeginLink(window, false); }
+void keyLinkFrom(frmMain &window) { BeginLink(window, true); }
+
 constexpr EntryKind kMenu = EntryKind::Menu;
 constexpr EntryKind kCommand = EntryKind::Command;
 
@@ -143,6 +150,10 @@ constexpr CommandRow kKeyRows[] = {
      false, "Copies the selection beside itself"},
     {nullptr, "keyEditText", "Edit text", kCommand, keyEditText, "", "", "", Needs::Selection, false,
      "Types into the selected @NODE or @LINK", "F2"},
+    {nullptr, "keyLinkTo", "Link to another @NODE", kCommand, keyLinkTo, "", "", "", Needs::Selection, false,
+     "Links the selected @NODE, or joins the end of the selected @LINK elsewhere, by keyboard", "Ctrl+L"},
+    {nullptr, "keyLinkFrom", "Link from another @NODE", kCommand, keyLinkFrom, "", "", "", Needs::Selection,
+     false, "The same for the start of a @LINK", "Ctrl+Shift+L"},
 };
 
 } // namespace

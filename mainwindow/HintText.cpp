@@ -17,6 +17,10 @@ constexpr HintRow kRows[] = {
     {diagram::Hint::DragMovesBend, "Drag to move the bend. A double click takes it away."},
     {diagram::Hint::DragMakesBend, "Drag to bend the @LINK."},
     {diagram::Hint::DragMovesEnd, "Drag to another @NODE to join that."},
+    {diagram::Hint::KeysChooseNode,
+     "Choose a @NODE with Tab or the arrow keys. Enter links it, Escape gives up."},
+    {diagram::Hint::KeysChooseEnd,
+     "Choose a @NODE with Tab or the arrow keys. Enter joins the @LINK to it, Escape gives up."},
 };
 } // namespace
 

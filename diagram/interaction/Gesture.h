@@ -1,7 +1,9 @@
 // One thing that the user does with the pointer, from press to release.
 #pragma once
 
+#include "diagram/interaction/Attention.h"
 #include "diagram/interaction/Hint.h"
+#include "diagram/interaction/KeyInput.h"
 #include "diagram/interaction/Overlay.h"
 #include "diagram/interaction/PointerInput.h"
 #include "diagram/model/DayStrip.h"
@@ -18,6 +20,8 @@ public:
     virtual QPointF ScrollOffset() const = 0;
     virtual void SetScrollOffset(const QPointF &pixels) = 0;
     virtual QRectF Seen() const = 0; // of the surface, twips
+    // Scrolls so that the area (twips) is seen.
+    virtual void EnsureVisible(const QRectF &area) = 0;
     // Tells the user something in passing, as a status bar does.
     virtual void Tell(Hint hint) = 0;
     // To which nodes of the surface belong by their dates.
@@ -42,6 +46,13 @@ public:
     virtual bool MovesTheView() const { return false; }
     // Whether the surface scrolls when the pointer comes to the edge of the viewport.
     virtual bool ScrollsAtEdges() const { return true; }
+
+    // Led by keys: it starts without the pointer, which means something to it only while a button is held.
+    // Enter commits it, Escape gives it up; every other key comes to it.
+    virtual bool TakesKeys() const { return false; }
+    virtual void Key(const KeyInput &) {}
+    virtual Hint WhatNow() const { return Hint::Nothing; } // the keys that lead on
+    virtual Attention LooksAt() const { return {}; }
 };
 
 } // namespace diagram

@@ -12,7 +12,10 @@ enum class Hint : unsigned char {
     DragResizes,
     DragMovesBend,
     DragMakesBend,
-    DragMovesEnd // of a link, to another node
+    DragMovesEnd, // of a link, to another node
+    // What the keys do while they lead a gesture.
+    KeysChooseNode, // for a new link
+    KeysChooseEnd   // for the end of a link
 };
 
 } // namespace diagram

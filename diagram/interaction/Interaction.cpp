@@ -3,6 +3,7 @@
 #include "diagram/hit/Grips.h"
 #include "diagram/interaction/MoveBend.h"
 #include "diagram/interaction/Pan.h"
+#include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/scene/Scene.h"
 
@@ -33,7 +34,24 @@ bool Interaction::IsNear(ItemId id, const PointerInput &input) const {
 }
 
 void Interaction::Press(const PointerInput &input) {
+    held_ = TakesKeys();
+    if (held_) gesture_->Move(input);
     if (!gesture_) gesture_ = std::make_unique<diagram::Press>(scene_, stage_, input);
+}
+
+bool Interaction::Begin(std::unique_ptr<Gesture> gesture) {
+    if (gesture_ || !gesture) return false;
+    gesture_ = std::move(gesture);
+    held_ = false;
+    return true;
+}
+
+void Interaction::Key(const KeyInput &input) {
+    if (!TakesKeys()) return;
+    if (input.IsEnter())
+        Finish(hoverInput_);
+    else
+        gesture_->Key(input);
 }
 
 void Interaction::PressToPan(const PointerInput &input) {
@@ -45,6 +63,7 @@ void Interaction::Move(const PointerInput &input) {
         Hover(HitFor(scene_, input), input);
         return;
     }
+    if (TakesKeys() && !held_) return;
     if (std::unique_ptr<Gesture> next = gesture_->Move(input)) {
         gesture_ = std::move(next);
         gesture_->Move(input);
@@ -52,13 +71,19 @@ void Interaction::Move(const PointerInput &input) {
 }
 
 void Interaction::Release(const PointerInput &input) {
+    if (TakesKeys() && !held_) return;
     Move(input);
-    // Idle already when the handlers of events run: they may start something of their own.
-    const std::unique_ptr<Gesture> ended = std::move(gesture_);
-    if (!ended) return;
-    ended->Commit(input);
+    if (!gesture_) return;
+    Finish(input);
     told_ = Hint::Nothing; // what the gesture told stands
     Hover(HitFor(scene_, input), input);
+}
+
+void Interaction::Finish(const PointerInput &input) {
+    if (TakesKeys()) stage_.Tell(Hint::Nothing);
+    // Idle already when the handlers of events run: they may start something of their own.
+    const std::unique_ptr<Gesture> ended = std::move(gesture_);
+    ended->Commit(input);
 }
 
 void Interaction::DoubleClick(const PointerInput &input) {
@@ -70,6 +95,7 @@ void Interaction::DoubleClick(const PointerInput &input) {
 }
 
 bool Interaction::Cancel() {
+    if (TakesKeys()) stage_.Tell(Hint::Nothing);
     const std::unique_ptr<Gesture> ended = std::move(gesture_);
     if (ended) ended->Cancel();
     return ended != nullptr;
@@ -80,6 +106,10 @@ Overlay Interaction::Show() const {
     if (gesture_) {
         gesture_->Show(overlay);
         return overlay;
+    }
+    if (const Node *sized = scene_.Model().FindNode(sized_)) {
+        overlay.size = SizeText(sized->Bounds().size());
+        overlay.sizeUnder = sized->Bounds();
     }
     const Node *node = scene_.Model().FindNode(shown_);
     const double side = OptionsFor(hoverInput_).handleSize;

@@ -13,7 +13,8 @@ public:
     // Both must live longer.
     Interaction(Scene &scene, Stage &stage) : scene_(scene), stage_(stage) {}
 
-    // A second press while a gesture lasts is passed over.
+    // A second press while a gesture lasts is passed over. While keys lead one, a press is the pointer's word
+    // in it, and the release its end.
     void Press(const PointerInput &input);
     void PressToPan(const PointerInput &input);
     // Follows the pointer; when idle, notes what is below it and tells what a drag from there would do.
@@ -21,12 +22,22 @@ public:
     void Release(const PointerInput &input);
     // Takes a bend away, and raises DblClick.
     void DoubleClick(const PointerInput &input);
+    // Starts a gesture that is led by keys, unless another one goes on; null starts none.
+    bool Begin(std::unique_ptr<Gesture> gesture);
+    // A key for it; Enter ends it with what it has come to.
+    void Key(const KeyInput &input);
     // Gives the gesture up; false when there is none.
     bool Cancel();
     // The pointer has left the surface.
     void Leave() { Hover({}, {}); }
+    // Shows how large the node is, when no gesture shows anything else; kNoItem ends it.
+    void ShowSizeOf(ItemId node) { sized_ = node; }
 
     bool IsActive() const { return gesture_ != nullptr; }
+    bool TakesKeys() const { return gesture_ && gesture_->TakesKeys(); }
+    // What the user is at while keys lead, and the keys that lead on.
+    Attention LooksAt() const { return gesture_ ? gesture_->LooksAt() : Attention(); }
+    Hint WhatNow() const { return gesture_ ? gesture_->WhatNow() : Hint::Nothing; }
     bool IsPanning() const { return gesture_ && gesture_->MovesTheView(); }
     bool ScrollsAtEdges() const { return gesture_ && gesture_->ScrollsAtEdges(); }
     Overlay Show() const;
@@ -34,6 +45,7 @@ public:
 
 private:
     void Hover(const HeldHit &hit, const PointerInput &input);
+    void Finish(const PointerInput &input);
     bool IsNear(ItemId node, const PointerInput &input) const;
 
     Scene &scene_;
@@ -41,8 +53,10 @@ private:
     std::unique_ptr<Gesture> gesture_;
     HeldHit hover_;
     ItemId shown_ = kNoItem; // the node that shows where links start
+    ItemId sized_ = kNoItem; // and the one that shows its size
     PointerInput hoverInput_;
     Hint told_ = Hint::Nothing;
+    bool held_ = false; // a button, over a gesture that is led by keys
 };
 
 } // namespace diagram

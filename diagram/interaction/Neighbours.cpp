@@ -1,5 +1,6 @@
 #include "diagram/interaction/Neighbours.h"
 
+#include "diagram/interaction/KeyInput.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/model/Surface.h"
 
@@ -49,6 +50,26 @@ Node *LinkedTowards(const Node &from, const QPointF &direction) {
         nearest.Look(&link->Source() == &from ? link->Destination() : link->Source());
     }
     return nearest.Found();
+}
+
+Node *NearestNode(const Node &from) {
+    Node *nearest = nullptr;
+    double least = std::numeric_limits<double>::infinity();
+    for (Node &node : from.Owner().Nodes()) {
+        if (&node == &from || !IsSelectable(node)) continue;
+        const QPointF way = node.Bounds().center() - from.Bounds().center();
+        const double distance = QPointF::dotProduct(way, way);
+        if (distance < least) least = distance, nearest = &node;
+    }
+    return nearest;
+}
+
+Node *NodeByKey(const Surface &surface, const Node *from, const KeyInput &input) {
+    if (const int step = input.Tab()) return NextInReadingOrder(surface, from, step);
+    const QPointF direction = input.Arrow();
+    if (direction.isNull() || !from) return nullptr;
+    const bool alongLinks = input.Ctrl() && input.Alt();
+    return alongLinks ? LinkedTowards(*from, direction) : NeighbourTowards(*from, direction);
 }
 
 } // namespace diagram

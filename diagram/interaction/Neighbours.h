@@ -6,11 +6,20 @@
 namespace diagram {
 
 class Node;
+class Surface;
+struct KeyInput;
 
 // The visible, selectable node that lies nearest to `from` in the direction (a unit vector along an axis),
 // what lies off to the side counting as farther; null when nothing lies that way.
 Node *NeighbourTowards(const Node &from, const QPointF &direction);
 // The same among the nodes at the other ends of its links.
 Node *LinkedTowards(const Node &from, const QPointF &direction);
+// The visible, selectable node whose middle lies nearest to that of `from`; null when there is no other.
+Node *NearestNode(const Node &from);
+
+// The node to which a key leads: Tab and Shift+Tab in reading order, an arrow to the neighbour, with Ctrl+Alt
+// along a link. Without a node to start from Tab begins at the ends. Null when nothing lies that way, and for
+// other keys.
+Node *NodeByKey(const Surface &surface, const Node *from, const KeyInput &input);
 
 } // namespace diagram

@@ -31,6 +31,8 @@ const HandleRow &Row(int handle) { return kHandles.at(size_t(handle)); }
 
 Moving SideOf(int side) { return side == 0 ? Moving::Nothing : (side < 0 ? Moving::Low : Moving::High); }
 
+constexpr int kRightHandle = 3, kBottomHandle = 5;
+
 double Factor(double after, double before) { return before > 0 ? after / before : 1; }
 
 // A span along one axis whose length becomes `length`; `side` tells which end moves, 0 both.
@@ -48,6 +50,28 @@ double DraggedLength(const Span &span, int side, double distance) {
     double length = span.length + side * distance;
     if (side < 0) length = qMin(length, span.start + span.length - qMin(0.0, span.start));
     return side == 0 ? span.length : qMax(length, qMin(kSmallestSide, span.length));
+}
+
+// The node that leads, and how its box changes by which handle.
+struct Lead {
+    ItemId node;
+    int handle;
+    QRectF before, after;
+};
+
+// Call it with the nodes as they are held.
+void ResizeTo(Surface &surface, const HeldItems &items, const Lead &lead) {
+    for (const HeldNode &held : items.Nodes()) {
+        Node *node = surface.FindNode(held.id);
+        if (!node) continue;
+        const NodeData &from = held.data;
+        const QRectF old(from.left, from.top, from.width, from.height);
+        const QRectF to = held.id == lead.node
+                              ? lead.after
+                              : ResizedInProportion(old, lead.handle, lead.before, lead.after);
+        node->SetBounds(float(to.left()), float(to.top()), float(to.width()), float(to.height()));
+    }
+    if (lead.after != lead.before) items.MakeWay(surface);
 }
 
 } // namespace
@@ -110,15 +134,7 @@ QRectF ResizeNodes::Box(const PointerInput &input) {
 
 void ResizeNodes::Apply(const QRectF &box) {
     held_.RestoreBends(surface_);
-    for (const HeldNode &held : held_.Nodes()) {
-        Node *node = surface_.FindNode(held.id);
-        if (!node) continue;
-        const NodeData &from = held.data;
-        const QRectF old(from.left, from.top, from.width, from.height);
-        const QRectF to = held.id == pressed_ ? box : ResizedInProportion(old, handle_, box_, box);
-        node->SetBounds(float(to.left()), float(to.top()), float(to.width()), float(to.height()));
-    }
-    if (box != box_) held_.MakeWay(surface_);
+    ResizeTo(surface_, held_, {pressed_, handle_, box_, box});
 }
 
 std::unique_ptr<Gesture> ResizeNodes::Move(const PointerInput &input) {
@@ -147,6 +163,20 @@ void ResizeNodes::Show(Overlay &overlay) const {
 Qt::CursorShape ResizeNodes::Pointer() const { return HandlePointer(handle_); }
 
 Qt::CursorShape HandlePointer(int handle) { return Row(handle).pointer; }
+
+bool ResizeSelection(Surface &surface, const QPointF &growth) {
+    const Node *lead = surface.SelectedNode();
+    if (!lead) return false;
+    const int handle = growth.x() != 0 ? kRightHandle : kBottomHandle;
+    const QRectF box = lead->Bounds();
+    const QRectF to = ResizedBox(box, handle, growth, false);
+    if (to == box) return true;
+    const HeldItems held(surface.SelectedNodes());
+    const ActionGroup group(surface);
+    ResizeTo(surface, held, {lead->Id(), handle, box, to});
+    surface.Events().AfterResize(surface);
+    return true;
+}
 
 QString SizeText(const QSizeF &twips) {
     return QStringLiteral("%1 \u00d7 %2").arg(qRound(twips.width() / 15)).arg(qRound(twips.height() / 15));

@@ -46,6 +46,11 @@ private:
     int handle_;
 };
 
+// Moves the right or the bottom side of the selected nodes as one step, with AfterResize: the one with the
+// focus grows by `growth` (twips; one of x and y is 0), the others in proportion, as with the mouse. False
+// when no node is selected.
+bool ResizeSelection(Surface &surface, const QPointF &growth);
+
 // The pointer shape for a handle.
 Qt::CursorShape HandlePointer(int handle);
 // The size of a node as the user reads it, in pixels at zoom 100.

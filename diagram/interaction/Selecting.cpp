@@ -96,10 +96,10 @@ std::vector<Node *> ReadingOrder(const Surface &surface) {
     return nodes;
 }
 
-Node *NextInReadingOrder(const Surface &surface, int step) {
+Node *NextInReadingOrder(const Surface &surface, const Node *from, int step) {
     const std::vector<Node *> order = ReadingOrder(surface);
     if (order.empty()) return nullptr;
-    const auto at = std::find(order.begin(), order.end(), surface.SelectedNode());
+    const auto at = std::find(order.begin(), order.end(), from);
     if (at == order.end()) return step > 0 ? order.front() : order.back();
     const auto next = (at - order.begin()) + step;
     return next >= 0 && next < std::ssize(order) ? order[size_t(next)] : nullptr;

@@ -33,8 +33,8 @@ void SelectNothing(Surface &surface);
 // The visible, selectable nodes line by line from the top, each line from the left. A node belongs to a line
 // when its middle lies within the height of the line's first node.
 std::vector<Node *> ReadingOrder(const Surface &surface);
-// The node after (step 1) or before (step -1) the selected one in reading order, the first or last when none
-// is selected; null at the end.
-Node *NextInReadingOrder(const Surface &surface, int step);
+// The node after (step 1) or before (step -1) that one in reading order, the first or last when it is null;
+// null at the end.
+Node *NextInReadingOrder(const Surface &surface, const Node *from, int step);
 
 } // namespace diagram

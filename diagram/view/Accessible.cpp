@@ -119,10 +119,8 @@ QAccessibleInterface *AccessibleSurface::childAt(int x, int y) const {
 
 QAccessibleInterface *AccessibleSurface::focusChild() const {
     if (!View() || !View()->hasFocus()) return QAccessibleWidget::focusChild();
-    const Surface &surface = View()->Model();
-    if (const Node *node = surface.SelectedNode()) return Entry(*node);
-    if (const Link *link = surface.SelectedLink()) return Entry(*link);
-    return QAccessibleWidget::focusChild();
+    const Item *focus = View()->FocusedItem();
+    return focus ? Entry(*focus) : QAccessibleWidget::focusChild();
 }
 
 QAccessibleInterface *MakeAccessible(const QString &, QObject *object) {
@@ -198,9 +196,7 @@ void AccessibleNotices::SendChange(const Item &item, Change what) const {
 }
 
 void AccessibleNotices::SendFocus() {
-    const Surface &surface = view_.Model();
-    const Item *focus = surface.SelectedNode();
-    if (!focus) focus = surface.SelectedLink();
+    const Item *focus = view_.FocusedItem();
     const ItemId id = focus && view_.hasFocus() ? focus->Id() : kNoItem;
     if (std::exchange(focus_, id) == id || id == kNoItem) return;
     QAccessibleEvent event(ListOf(view_)->Entry(*focus), QAccessible::Focus);

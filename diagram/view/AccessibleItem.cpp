@@ -35,10 +35,13 @@ QRectF BoxOf(Scene &scene, const Item &item) {
     return item.AsNode() ? item.AsNode()->Bounds() : scene.LinkPath(*item.AsLink()).boundingRect();
 }
 
-bool IsFocus(const Item &item) {
-    const Surface &surface = item.Owner();
-    const Node *node = surface.SelectedNode();
-    return item.AsNode() ? item.AsNode() == node : !node && item.AsLink() == surface.SelectedLink();
+// Of the node at which a link that is being made or moved would end.
+QString LinkInSight(const Item &item, const SurfaceView &view) {
+    const Attention attention = view.LooksAt();
+    const Node *other = attention.item == item.Id() ? view.Model().FindNode(attention.linkedTo) : nullptr;
+    if (!other) return {};
+    const QString words = attention.asSource ? QStringLiteral("%1 to %2") : QStringLiteral("%1 from %2");
+    return words.arg(view.Words().link, Named(*other, view.Words()));
 }
 
 } // namespace
@@ -69,9 +72,9 @@ QString AccessibleItem::text(QAccessible::Text which) const {
     if (which == QAccessible::Name) return NameOf(*item, words);
     if (which == QAccessible::Value) return item->AsNode() ? item->AsNode()->Text() : item->AsLink()->Text();
     if (which != QAccessible::Description) return {};
-    const QString described = View()->Described(*item);
-    return described.isEmpty() ? FactsOf(*item, words)
-                               : described + QStringLiteral(", ") + FactsOf(*item, words);
+    QStringList all{LinkInSight(*item, *View()), View()->Described(*item), FactsOf(*item, words)};
+    all.removeAll(QString());
+    return all.join(QStringLiteral(", "));
 }
 
 QRect AccessibleItem::rect() const {
@@ -92,7 +95,7 @@ QAccessible::State AccessibleItem::state() const {
     const QRect seen(viewport.mapToGlobal(QPoint(0, 0)), viewport.size());
     state.selectable = state.focusable = state.multiSelectable = state.extSelectable = selectable;
     state.selected = IsSelected(*item);
-    state.focused = View()->hasFocus() && IsFocus(*item);
+    state.focused = View()->hasFocus() && View()->FocusedItem() == item;
     state.invisible = item->AsNode() ? item->AsNode()->Hidden() : item->AsLink()->Hidden();
     state.offscreen = !rect().adjusted(-1, -1, 1, 1).intersects(seen);
     return state;

@@ -97,11 +97,24 @@ void SurfaceView::SetWords(const ItemWords &words) {
     impl_->words = words;
     setAccessibleDescription(
         QStringLiteral("%1s and the %2s between them. Tab goes from %3 to %3, the arrow keys move the "
-                       "selected ones, F2 edits the text.")
+                       "selected ones, F2 edits the text, Ctrl+L links.")
             .arg(words.node, words.link.toLower(), words.node.toLower()));
 }
 const ItemWords &SurfaceView::Words() const { return impl_->words; }
 void SurfaceView::SetAssistant(Assistant assistant) { impl_->notices.SetAssistant(std::move(assistant)); }
+bool SurfaceView::BeginLink(bool backwards) {
+    return impl_->BeginLink(backwards ? LinkSide::Source : LinkSide::Destination);
+}
+
+Attention SurfaceView::LooksAt() const { return impl_->interaction.LooksAt(); }
+
+Item *SurfaceView::FocusedItem() const {
+    const Surface &surface = Model();
+    if (Item *item = FindItem(surface, LooksAt().item)) return item;
+    if (Node *node = surface.SelectedNode()) return node;
+    return surface.SelectedLink();
+}
+
 bool SurfaceView::CancelGesture() { return impl_->CancelGesture(); }
 
 bool SurfaceView::viewportEvent(QEvent *event) {
@@ -184,6 +197,7 @@ void SurfaceView::focusOutEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusOutEvent(event);
     // What ends them comes to somebody else.
     impl_->Guard("focusOutEvent", [&] { CancelGesture(); });
+    impl_->HideSize();
     impl_->spaceHeld_ = false;
     Model().SetShiftMode(false);
     viewport()->update();

@@ -1,6 +1,7 @@
 // The screen's side of a surface: Qt events in, pixels out.
 #pragma once
 
+#include "diagram/interaction/Attention.h"
 #include "diagram/interaction/Hint.h"
 #include "diagram/model/Surface.h"
 
@@ -84,6 +85,13 @@ public:
     using Assistant = std::function<void(QAccessibleEvent &event)>;
     void SetAssistant(Assistant assistant);
 
+    // Lets the keys find the node to which the selected node is linked, or the selected link leads; with
+    // `backwards` the one from which. False when nothing is selected or a gesture goes on.
+    bool BeginLink(bool backwards = false);
+    // The item that a user who works with the keys is at; null for none.
+    Item *FocusedItem() const;
+    // What keys that lead a gesture are at.
+    Attention LooksAt() const;
     // Gives up the gesture that is going on; false when there is none.
     bool CancelGesture();
 

@@ -3,6 +3,7 @@
 
 #include "diagram/interaction/EditText.h"
 #include "diagram/interaction/Interaction.h"
+#include "diagram/interaction/LooseEnd.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/view/Accessible.h"
@@ -44,7 +45,9 @@ public:
     void KeyPress(QKeyEvent *event);
     void KeyRelease(QKeyEvent *event);
     void TypeByInputMethod(QInputMethodEvent *event);
-    bool Tab(bool next);
+    bool BeginLink(LinkSide loose);
+    // Of a node that was resized by keys.
+    void HideSize();
     void AutoScroll();
     bool ToolTip(const QPoint &pixels, const QPoint &global);
     void Leave();
@@ -58,6 +61,7 @@ public:
     QPointF ScrollOffset() const override;
     void SetScrollOffset(const QPointF &pixels) override;
     QRectF Seen() const override { return viewport.Seen(); }
+    void EnsureVisible(const QRectF &area) override { viewport.EnsureVisible(area); }
     void Tell(Hint hint) override;
     DayStrip &Days() const override { return *days; }
 
@@ -112,11 +116,16 @@ private:
     // Which of keyboard and mouse the user works with.
     void NoteHand(bool keyboard);
     bool RunKey(QKeyEvent *event);
-    bool ArrowKey(QKeyEvent *event);
+    // The same while keys lead a gesture.
+    bool LeadByKey(QKeyEvent *event);
+    bool LinkKey(QKeyEvent *event);
+    bool ArrowKey(const KeyInput &input);
+    bool Resize(const QPointF &growth);
+    bool Tab(const KeyInput &input);
     // A modifier went up or down: the gesture looks at it at once.
     void FollowModifier(int key, Qt::KeyboardModifiers modifiers);
     bool AddLinked();
-    bool GoTowards(const QPointF &direction, bool alongLinks);
+    bool GoTowards(const QPointF &direction, const KeyInput &input);
     // Selects the node alone and brings it into sight; false for none.
     bool GoTo(Node *node);
     bool TypeByKey(QKeyEvent *event);

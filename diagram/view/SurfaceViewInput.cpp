@@ -1,18 +1,10 @@
-#include "diagram/interaction/AddLinked.h"
-#include "diagram/interaction/MoveNodes.h"
-#include "diagram/interaction/Neighbours.h"
-#include "diagram/interaction/Selecting.h"
 #include "diagram/view/KeyCodes.h"
 #include "diagram/view/SurfaceViewImpl.h"
 
-#include <array>
 #include <cmath>
-#include <QKeyEvent>
 #include <QMouseEvent>
-#include <QScrollBar>
 #include <QToolTip>
 #include <QWheelEvent>
-#include <typeinfo>
 
 namespace diagram {
 
@@ -21,18 +13,10 @@ namespace {
 constexpr int kEdge = 12;           // pixels from the edge at which a drag scrolls
 constexpr int kScrollInterval = 25; // milliseconds
 constexpr int kFastest = 40;        // pixels a step
-constexpr double kPixelStep = 15;   // twips that an arrow key moves
 constexpr double kZoomStep = 1.15;  // a notch of the wheel
 constexpr double kNotch = 120;
 constexpr int kLongestTip = 2000; // characters
 constexpr double kReadable = 5;   // pixels of a font's height
-
-struct Arrow {
-    int key;
-    int x, y;
-};
-constexpr std::array<Arrow, 4> kArrows{
-    {{Qt::Key_Left, -1, 0}, {Qt::Key_Up, 0, -1}, {Qt::Key_Right, 1, 0}, {Qt::Key_Down, 0, 1}}};
 
 // How far a drag scrolls when the pointer is at `at` of `length`.
 int EdgeStep(double at, int length) {
@@ -43,12 +27,6 @@ int EdgeStep(double at, int length) {
 bool IsLegible(const Font &font, double scale) {
     constexpr double kTwipsPerPoint = 20;
     return font.Size() * kTwipsPerPoint * scale >= kReadable;
-}
-
-// Without a listener nobody asks the user whether to delete.
-bool NobodyListens(const Surface &surface) {
-    const SurfaceEvents &events = surface.Events();
-    return typeid(events) == typeid(SurfaceEvents);
 }
 
 } // namespace
@@ -76,7 +54,9 @@ void SurfaceView::Impl::NoteHand(bool keyboard) {
 // While a gesture lasts other buttons mean nothing: what they open would end it half way.
 void SurfaceView::Impl::Press(QMouseEvent *event) {
     DropOutdatedGesture();
-    if (interaction.IsActive()) return;
+    const bool left = event->button() == Qt::LeftButton;
+    if (interaction.TakesKeys() && (!left || spaceHeld_)) CancelGesture();
+    if (interaction.IsActive() && !interaction.TakesKeys()) return;
     NoteHand(false);
     EndEdit(true);
     view.setFocus(Qt::MouseFocusReason);
@@ -85,7 +65,6 @@ void SurfaceView::Impl::Press(QMouseEvent *event) {
     surface.Events().MouseDown(surface, ButtonMask(event->button()), ShiftMask(event->modifiers()),
                                float(seen.x()), float(seen.y()));
     button_ = event->button();
-    const bool left = button_ == Qt::LeftButton;
     const PointerInput input = Input(pointer_, event->modifiers());
     if (button_ == Qt::MiddleButton || (left && spaceHeld_))
         interaction.PressToPan(input);
@@ -104,7 +83,8 @@ void SurfaceView::Impl::FollowPointer(const QPointF &pixels, Qt::KeyboardModifie
 
 void SurfaceView::Impl::Move(QMouseEvent *event) {
     // The release went to somebody else: a window that opened under the pointer, say.
-    if (interaction.IsActive() && !event->buttons().testFlag(button_)) CancelGesture();
+    if (interaction.IsActive() && !interaction.TakesKeys() && !event->buttons().testFlag(button_))
+        CancelGesture();
     const QPointF at = event->position();
     surface.Events().MouseMove(surface, ButtonMask(event->buttons()), ShiftMask(event->modifiers()),
                                float(at.x() / viewport.xScale()), float(at.y() / viewport.yScale()));
@@ -189,116 +169,6 @@ bool SurfaceView::Impl::ToolTip(const QPoint &pixels, const QPoint &global) {
     else
         QToolTip::showText(global, Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal), view.viewport());
     return true;
-}
-
-void SurfaceView::Impl::KeyPress(QKeyEvent *event) {
-    DropOutdatedGesture();
-    const int code = VirtualKey(event->key());
-    int used = code;
-    if (code)
-        surface.Events().KeyDown(surface, used, ShiftMask(event->modifiers() | ModifierOf(event->key())));
-    const bool ran = (!code || used) && RunKey(event);
-    if (ran && !ModifierOf(event->key()) && event->key() != Qt::Key_Space) NoteHand(true);
-    event->setAccepted((code && !used) || ran);
-    FollowModifier(event->key(), event->modifiers() | ModifierOf(event->key()));
-    AfterInput();
-}
-
-void SurfaceView::Impl::KeyRelease(QKeyEvent *event) {
-    if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) spaceHeld_ = false;
-    if (const int code = VirtualKey(event->key()))
-        surface.Events().KeyUp(surface, code, ShiftMask(event->modifiers() & ~ModifierOf(event->key())));
-    FollowModifier(event->key(), event->modifiers() & ~ModifierOf(event->key()));
-    UpdatePointer();
-}
-
-void SurfaceView::Impl::FollowModifier(int key, Qt::KeyboardModifiers modifiers) {
-    if (interaction.IsActive() && ModifierOf(key)) FollowPointer(pointer_, modifiers);
-}
-
-// True when the key meant something here.
-bool SurfaceView::Impl::RunKey(QKeyEvent *event) {
-    switch (event->key()) {
-    case Qt::Key_Escape:
-        return CancelGesture();
-    case Qt::Key_F2:
-        return BeginEdit();
-    case Qt::Key_Space:
-        return spaceHeld_ = true;
-    case Qt::Key_Delete:
-        if (!NobodyListens(surface)) return false;
-        view.DeleteSelection();
-        return true;
-    case Qt::Key_Insert:
-        return !(event->modifiers() & ~Qt::KeypadModifier) && AddLinked();
-    case Qt::Key_Tab:
-        return Tab(true);
-    case Qt::Key_Backtab:
-        return Tab(false);
-    default:
-        return ArrowKey(event) || TypeByKey(event);
-    }
-}
-
-bool SurfaceView::Impl::ArrowKey(QKeyEvent *event) {
-    const auto arrow =
-        std::find_if(kArrows.begin(), kArrows.end(), [&](const Arrow &at) { return at.key == event->key(); });
-    if (arrow == kArrows.end() || interaction.IsActive()) return false;
-    const QPointF direction(arrow->x, arrow->y);
-    if (event->modifiers().testFlag(Qt::ControlModifier))
-        return GoTowards(direction, event->modifiers().testFlag(Qt::AltModifier));
-    if (event->modifiers().testFlag(Qt::AltModifier)) return false;
-    const double step = event->modifiers().testFlag(Qt::ShiftModifier) ? surface.GridSize() : kPixelStep;
-    if (!MoveSelection(surface, direction * step)) {
-        const int pixels = view.verticalScrollBar()->singleStep();
-        viewport.ScrollTo(viewport.Scroll() + QPoint(arrow->x, arrow->y) * pixels);
-    } else if (const Node *node = surface.SelectedNode()) {
-        view.EnsureVisible(node->Bounds());
-    }
-    return true;
-}
-
-bool SurfaceView::Impl::AddLinked() {
-    if (interaction.IsActive()) return false;
-    Node *from = surface.SelectedNode();
-    const Node *added =
-        from ? AddLinkedNode(scene, *from, direction_) : AddNodeInMiddle(scene, viewport.Seen());
-    if (added) view.EnsureVisible(added->Bounds());
-    return true;
-}
-
-bool SurfaceView::Impl::GoTowards(const QPointF &direction, bool alongLinks) {
-    const Node *from = surface.SelectedNode();
-    if (!from) return false;
-    direction_ = direction;
-    return GoTo(alongLinks ? LinkedTowards(*from, direction) : NeighbourTowards(*from, direction));
-}
-
-bool SurfaceView::Impl::GoTo(Node *node) {
-    if (!node) return false;
-    SelectOnly(*node);
-    view.EnsureVisible(node->Bounds());
-    return true;
-}
-
-bool SurfaceView::Impl::TypeByKey(QKeyEvent *event) {
-    const QString text = event->text();
-    const Qt::KeyboardModifiers others = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
-    const bool altGr = others == (Qt::ControlModifier | Qt::AltModifier);
-    if (text.isEmpty() || !text.at(0).isPrint() || (others && !altGr)) return false;
-    return BeginEdit(&text);
-}
-
-// What is composed goes into the editor from the first key on.
-void SurfaceView::Impl::TypeByInputMethod(QInputMethodEvent *event) {
-    const QString nothing;
-    const bool types = !event->preeditString().isEmpty() || !event->commitString().isEmpty();
-    if (types && !editor && BeginEdit(&nothing)) QCoreApplication::sendEvent(editor, event);
-}
-
-bool SurfaceView::Impl::Tab(bool next) {
-    return GoTo(NextInReadingOrder(surface, next ? 1 : -1)) ||
-           view.QAbstractScrollArea::focusNextPrevChild(next);
 }
 
 } // namespace diagram

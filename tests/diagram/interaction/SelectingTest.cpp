@@ -61,11 +61,11 @@ TEST(NextInReadingOrder, StartsAtTheEndsAndStopsThere) {
     Surface surface;
     Node &a = Add(surface, "a", 0, 0);
     Node &b = Add(surface, "b", 200, 0);
-    EXPECT_EQ(NextInReadingOrder(surface, 1), &a);
-    EXPECT_EQ(NextInReadingOrder(surface, -1), &b);
+    EXPECT_EQ(NextInReadingOrder(surface, surface.SelectedNode(), 1), &a);
+    EXPECT_EQ(NextInReadingOrder(surface, surface.SelectedNode(), -1), &b);
     b.SetSelected(true);
-    EXPECT_EQ(NextInReadingOrder(surface, 1), nullptr);
-    EXPECT_EQ(NextInReadingOrder(surface, -1), &a);
+    EXPECT_EQ(NextInReadingOrder(surface, surface.SelectedNode(), 1), nullptr);
+    EXPECT_EQ(NextInReadingOrder(surface, surface.SelectedNode(), -1), &a);
 }
 
 TEST(LiesInside, CountsOnlyWhatLiesWholeInside) {

@@ -206,6 +206,26 @@ TEST_F(Notices, Tab_TellsSelectionAndFocus) {
     EXPECT_EQ(Told(), QStringLiteral("unselected Start here;selected End;focus End"));
 }
 
+TEST_F(Notices, CandidateOfALinkByKeys_IsTold) {
+    Key(Qt::Key_Tab);
+    Told();
+    Key(Qt::Key_L, Qt::ControlModifier);
+    EXPECT_EQ(Told(), QStringLiteral("focus End"));
+    EXPECT_EQ(List().focusChild(), &Child(1));
+    EXPECT_TRUE(Child(1).state().focused);
+    EXPECT_FALSE(Child(0).state().focused);
+    EXPECT_EQ(Child(1).text(QAccessible::Description), QStringLiteral("Link from Start here, Node, 1 link"));
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Told(), QStringLiteral("focus Start here"));
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Told(), QString()) << "the focus is where it was";
+    EXPECT_EQ(Child(1).text(QAccessible::Description), QStringLiteral("Node, 1 link"));
+    Key(Qt::Key_L, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Child(1).text(QAccessible::Description), QStringLiteral("Link to Start here, Node, 1 link"));
+    Key(Qt::Key_Return);
+    EXPECT_TRUE(Told().endsWith(QStringLiteral("focus End to Start here")));
+}
+
 TEST_F(Notices, EditedText_IsTold) {
     b.SetSelected(true);
     Told();

@@ -74,4 +74,77 @@ TEST_F(Resizing, OldPlace_IsPaintedAgain) {
     EXPECT_EQ(StalePixels(), 0);
 }
 
+TEST_F(Resizing, AltArrow_MovesTheRightAndTheBottomSideByAPixel) {
+    Key(Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(Pixels(a), QRectF(100, 100, 101, 60));
+    Key(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(Pixels(a), QRectF(100, 100, 101, 61));
+    Key(Qt::Key_Left, Qt::AltModifier);
+    Key(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(Pixels(a), QRectF(100, 100, 100, 60));
+    EXPECT_EQ(events.Count("AfterResize"), 4);
+    EXPECT_EQ(events.Count("AfterMove"), 0);
+    EXPECT_EQ(UndoSteps(), 4);
+}
+
+TEST_F(Resizing, AltShiftArrow_GoesByAStepOfTheGrid) {
+    surface.SetGridSize(300);
+    Key(Qt::Key_Right, Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Pixels(a), QRectF(100, 100, 120, 60));
+    surface.Undo();
+    EXPECT_EQ(Pixels(a), QRectF(100, 100, 100, 60));
+}
+
+TEST_F(Resizing, AltArrow_ResizesSeveralInProportionToTheOneWithTheFocus) {
+    b.SetSelected(true); // 50 wide
+    surface.SetGridSize(750);
+    Key(Qt::Key_Right, Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Pixels(b), QRectF(300, 300, 100, 40));
+    EXPECT_EQ(Pixels(a), QRectF(100, 100, 200, 60));
+    EXPECT_EQ(UndoSteps(), 1);
+    EXPECT_EQ(events.Count("AfterResize"), 1);
+}
+
+TEST_F(Resizing, AltArrow_StopsAtTheSmallestSideWithoutAStep) {
+    a.SetBounds(a.Left(), a.Top(), 30, 30);
+    for (int i = 0; i < 5; ++i) Key(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(a.Width(), 15);
+    EXPECT_EQ(UndoSteps(), 1);
+}
+
+TEST_F(Resizing, AltArrow_WithoutASelectedNodeDoesNothing) {
+    Link &link = AddLink(a, b);
+    surface.UnselectAll();
+    link.SetSelected(true);
+    Key(Qt::Key_Right, Qt::AltModifier);
+    EXPECT_FALSE(surface.CanUndo());
+    EXPECT_EQ(events.Count("AfterResize"), 0);
+}
+
+TEST_F(Resizing, AltArrow_ShowsTheSizeWhileAltIsHeld) {
+    MoveTo(QPoint(700, 550));
+    const QRect below(QPoint(130, 170), QSize(40, 12));
+    const auto blank = [&] {
+        const QImage seen = Part(Seen(), below);
+        QImage white = seen;
+        white.fill(Qt::white);
+        return DifferingPixels(seen, white) == 0;
+    };
+    EXPECT_TRUE(blank());
+    hand->KeyPress(Qt::Key_Right, Qt::AltModifier);
+    EXPECT_FALSE(blank());
+    hand->KeyRelease(Qt::Key_Alt);
+    EXPECT_TRUE(blank());
+}
+
+TEST_F(Resizing, AltArrow_TakesLinksAlong) {
+    Link &link = AddLink(a, b);
+    Settle();
+    const std::vector<Point> before = link.Way();
+    Key(Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_NE(link.Way(), before);
+    surface.Undo();
+    EXPECT_EQ(link.Way(), before);
+}
+
 } // namespace diagram::testing

@@ -16,5 +16,6 @@ struct Scene {
 std::span<const Scene> NodeScenes();
 std::span<const Scene> LinkScenes();
 std::span<const Scene> ViewScenes();
+std::span<const Scene> KeyScenes();
 
 } // namespace gallery

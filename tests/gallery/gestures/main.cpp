@@ -38,7 +38,8 @@ int main(int argc, char **argv) {
     const QDir folder(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("build/gallery/gestures"));
     if (!QDir().mkpath(folder.path())) return 1;
     const bool scaled = qEnvironmentVariableIsSet(kFactor);
-    for (const auto &scenes : {gallery::NodeScenes(), gallery::LinkScenes(), gallery::ViewScenes()})
+    for (const auto &scenes :
+         {gallery::NodeScenes(), gallery::LinkScenes(), gallery::ViewScenes(), gallery::KeyScenes()})
         FilmAll(folder, scenes, scaled);
     if (scaled) return 0;
     return FilmAt("1.5", folder) && FilmAt("2", folder) ? 0 : 1;
