@@ -8,6 +8,7 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
+#include <QResource>
 #include <QSvgRenderer>
 
 // The resources of a static library are linked in by this call; it has to stand outside of any namespace.
@@ -163,8 +164,9 @@ private:
 } // namespace
 
 QIcon Icon(const QString &name) {
-    if (name.isEmpty() || !QFile::exists(PathOf(name))) return {};
-    return QIcon(new SvgIconEngine(PathOf(name), false));
+    const QString path = PathOf(name);
+    if (name.isEmpty() || !QResource(path).isValid()) return {};
+    return QIcon(new SvgIconEngine(path, false));
 }
 
 QIcon ShapeIcon(int shape) { return QIcon(new ShapeIconEngine(shape)); }

@@ -3,6 +3,7 @@
 #include "app/settings/Settings.h"
 #include "mainwindow/Icons.h"
 
+#include <algorithm>
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
@@ -15,6 +16,7 @@ SmartMenu::SmartMenu(QMenuBar &bar, QWidget &window) : QObject(&window), bar_(ba
 void SmartMenu::BuildMenus(const QStringList &recentFiles) {
     bar_.clear();
     items_.clear();
+    needing_.clear();
     menus_.clear();
     for (const CommandRow &row : Commands()) {
         if (row.offered && !row.offered()) continue;
@@ -46,7 +48,7 @@ void SmartMenu::AddRow(const CommandRow &row) {
     entry->setIcon(Icon(QLatin1String(row.image)));
     entry->setCheckable(row.kind == EntryKind::Check);
     entry->setShortcut(QKeySequence(QLatin1String(row.accelerator)));
-    entry->setProperty("needs", int(row.needs));
+    needing_.insert(int(row.needs), entry);
 }
 
 QAction *SmartMenu::AddEntry(QMenu *menu, const QString &key, const QString &caption) {
@@ -105,8 +107,8 @@ void SmartMenu::SetValue(const QString &key, bool checked) {
 }
 
 void SmartMenu::SetEnabled(Needs needs, bool enabled) {
-    for (QAction *entry : std::as_const(items_))
-        if (entry->property("needs").toInt() == int(needs)) entry->setEnabled(enabled);
+    const auto [first, last] = std::as_const(needing_).equal_range(int(needs));
+    std::for_each(first, last, [enabled](QAction *entry) { entry->setEnabled(enabled); });
 }
 
 } // namespace mainwindow

@@ -46,6 +46,7 @@ private:
     QMenuBar &bar_;
     QWidget &window_;
     QHash<QString, QAction *> items_;
+    QMultiHash<int, QAction *> needing_; // by what they need
     QHash<QString, QMenu *> menus_;
 };
 

@@ -4,6 +4,7 @@
 #include "mainwindow/Icons.h"
 #include "mainwindow/ShapeMenu.h"
 
+#include <algorithm>
 #include <QAction>
 #include <QToolButton>
 
@@ -85,7 +86,7 @@ void Toolbar::AddButton(const ButtonRow &row) {
     button->setObjectName(key);
     button->setToolTip(tip);
     button->setCheckable(row.style == ButtonStyle::Check);
-    button->setProperty("needs", int(row.needs));
+    needing_.insert(int(row.needs), button);
     const QString tag = QLatin1String(row.tag);
     if (tag.length() > 1) button->setIcon(Icon(tag));
     addAction(button);
@@ -103,8 +104,8 @@ void Toolbar::AddDropDown(QAction &button) {
 }
 
 void Toolbar::SetEnabled(Needs needs, bool enabled) {
-    for (QAction *button : std::as_const(buttons_))
-        if (button->property("needs").toInt() == int(needs)) button->setEnabled(enabled);
+    const auto [first, last] = std::as_const(needing_).equal_range(int(needs));
+    std::for_each(first, last, [enabled](QAction *button) { button->setEnabled(enabled); });
 }
 
 } // namespace mainwindow

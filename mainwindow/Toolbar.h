@@ -49,6 +49,7 @@ private:
     void AddDropDown(QAction &button);
 
     QHash<QString, QAction *> buttons_;
+    QMultiHash<int, QAction *> needing_; // by what they need
 };
 
 } // namespace mainwindow
