@@ -3,6 +3,7 @@
 #include <array>
 #include <cstring>
 #include <QtEndian>
+#include <utility>
 #include <vector>
 
 namespace diagram {
@@ -64,26 +65,28 @@ char *WriteRow(char *to, const QRgb *row, const QRgb *above, int width) {
     return to;
 }
 
-QByteArray Rows(const QImage &image) {
-    const int width = image.width();
-    QByteArray rows(qsizetype(image.height()) * (qsizetype(width) * 3 + 1), Qt::Uninitialized);
-    const std::vector<QRgb> none(std::size_t(width), 0);
-    const QRgb *above = none.data();
-    char *to = rows.data();
+// The file's rows in the place of the picture's own, which are longer by a byte a pixel: a large picture
+// needs no second block. Gives their size.
+qsizetype RowsInPlace(QImage &image) {
+    const auto width = std::size_t(image.width());
+    std::vector<QRgb> row(width), above(width, 0);
+    char *const start = reinterpret_cast<char *>(image.bits());
+    char *to = start;
     for (int y = 0; y < image.height(); ++y) {
-        const QRgb *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-        to = WriteRow(to, row, above, width);
-        above = row;
+        std::memcpy(row.data(), image.constScanLine(y), width * sizeof(QRgb));
+        to = WriteRow(to, row.data(), above.data(), image.width());
+        row.swap(above);
     }
-    return rows;
+    return to - start;
 }
 
 } // namespace
 
-QByteArray PngFile(const QImage &picture) {
-    const QImage image = picture.convertToFormat(QImage::Format_RGB32);
+QByteArray PngFile(QImage picture) {
+    QImage image = std::move(picture).convertToFormat(QImage::Format_RGB32);
     constexpr int kQuickest = 1, kLengthBefore = 4; // qCompress puts the length before the stream
-    const QByteArray packed = qCompress(Rows(image), kQuickest);
+    const qsizetype size = RowsInPlace(image);
+    const QByteArray packed = qCompress(image.constBits(), size, kQuickest);
     QByteArray file("\x89PNG\r\n\x1A\n", 8);
     file.reserve(packed.size() + 100);
     const QByteArray header = Header(image);

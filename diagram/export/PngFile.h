@@ -6,7 +6,8 @@
 
 namespace diagram {
 
-// The bytes of a PNG file (ISO/IEC 15948) with three colours of eight bits; alpha is left out.
-QByteArray PngFile(const QImage &image);
+// The bytes of a PNG file (ISO/IEC 15948) with three colours of eight bits; alpha is left out. A picture that
+// is moved here is written without a copy of it.
+QByteArray PngFile(QImage picture);
 
 } // namespace diagram

@@ -12,6 +12,7 @@
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
+#include <utility>
 
 namespace diagram {
 
@@ -211,10 +212,16 @@ TEST(Export, MissingFolder_IsAnErrorThatNamesThePath) {
 }
 
 TEST(PngFile, IsReadBackAsItWas) {
-    QImage image(37, 19, QImage::Format_RGB32);
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, qRgb(x * 7, y * 13, x * y));
-    EXPECT_EQ(QImage::fromData(PngFile(image), "png").convertToFormat(QImage::Format_RGB32), image);
+    for (const QSize size : {QSize(37, 19), QSize(1, 5), QSize(5, 1), QSize(2, 2)}) {
+        QImage image(size, QImage::Format_RGB32);
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, qRgb(x * 7 + 1, y * 13, x * y));
+        const QImage before = image.copy();
+        const QByteArray kept = PngFile(image);
+        EXPECT_EQ(image, before);
+        EXPECT_EQ(QImage::fromData(kept, "png").convertToFormat(QImage::Format_RGB32), before);
+        EXPECT_EQ(PngFile(std::move(image)), kept);
+    }
 }
 
 } // namespace diagram
