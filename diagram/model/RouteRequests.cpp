@@ -13,6 +13,13 @@ constexpr double kSpacing = 180;       // twips between links side by side
 constexpr double kWidestBundle = 6000; // twips; more links than fit come nearer
 constexpr double kLongestHead = 1500;  // twips; a way isn't bent for more
 constexpr int kCrowd = 1000;
+constexpr int kOften = 5;       // questions from which on it pays to look for more than is asked
+constexpr double kBeyond = 600; // twips around that are likely to be asked for next
+
+// Areas without width or height included.
+bool Touch(const QRectF &a, const QRectF &b) {
+    return a.left() <= b.right() && b.left() <= a.right() && a.top() <= b.bottom() && b.top() <= a.bottom();
+}
 
 double HeadLength(int arrow, int size, double drawWidth) {
     const ArrowRow *row = arrow ? FindArrow(arrow) : nullptr;
@@ -76,6 +83,11 @@ bool IsCrowded(const Node *node) { return node && node->Links().Count() > kCrowd
 
 const LinkData kNewLink;
 
+bool Holds(const QRectF &area, const QRectF &part) {
+    return area.left() <= part.left() && part.right() <= area.right() && area.top() <= part.top() &&
+           part.bottom() <= area.bottom();
+}
+
 } // namespace
 
 LinkDraft::LinkDraft() : data(&kNewLink) {}
@@ -118,13 +130,27 @@ bool IsMet(const Obstacles &obstacles, const std::vector<Point> &way) {
 NodesAround::NodesAround(const BoxIndex &index, const LinkDraft &link, const RouteRequest &request)
     : index_(index), source_(IdOf(link.source)), destination_(IdOf(link.destination)), request_(request) {}
 
-void NodesAround::In(const QRectF &area, std::vector<QRectF> &boxes) const {
+void NodesAround::Find(const QRectF &area, std::vector<QRectF> &boxes) const {
     found_.clear();
     index_.Find(area, found_);
     for (const auto &[box, id] : found_) {
         if (id == source_ || id == destination_) continue;
         if (const QRectF rect = box.Rect(); IsObstacleFor(request_, rect)) boxes.push_back(rect);
     }
+}
+
+const NodesAround::Known &NodesAround::KnownAround(const QRectF &area) const {
+    for (const Known &known : known_)
+        if (Holds(known.area, area)) return known;
+    Known &known = known_.emplace_back(Known{area.adjusted(-kBeyond, -kBeyond, kBeyond, kBeyond), {}});
+    Find(known.area, known.boxes);
+    return known;
+}
+
+void NodesAround::In(const QRectF &area, std::vector<QRectF> &boxes) const {
+    if (++asked_ < kOften) return Find(area, boxes);
+    for (const QRectF &box : KnownAround(area).boxes)
+        if (Touch(box, area)) boxes.push_back(box);
 }
 
 } // namespace diagram

@@ -25,17 +25,29 @@ bool IsObstacleFor(const RouteRequest &request, const QRectF &box);
 // Whether the level and upright pieces of the way come near to one of the obstacles.
 bool IsMet(const Obstacles &obstacles, const std::vector<Point> &way);
 
-// The other nodes of the surface, as far as they are obstacles.
+// The other nodes of the surface, as far as they are obstacles. Asked again and again for the same places,
+// as the router does in a search, it looks into the index once for each.
 class NodesAround : public Obstacles {
 public:
-    // `request` and `index` must outlive it.
+    // `request` and `index` must outlive it and stay as they are.
     NodesAround(const BoxIndex &index, const LinkDraft &link, const RouteRequest &request);
     void In(const QRectF &area, std::vector<QRectF> &boxes) const override;
 
 private:
+    // An area with all of its obstacles.
+    struct Known {
+        QRectF area;
+        std::vector<QRectF> boxes;
+    };
+
+    void Find(const QRectF &area, std::vector<QRectF> &boxes) const;
+    const Known &KnownAround(const QRectF &area) const;
+
     const BoxIndex &index_;
     ItemId source_, destination_;
     const RouteRequest &request_;
+    mutable int asked_ = 0;
+    mutable std::vector<Known> known_;
     mutable std::vector<BoxIndex::Entry> found_;
 };
 

@@ -19,6 +19,7 @@ bool IsBefore(const QRectF &a, const QRectF &b) {
 }
 
 void SortOut(std::vector<QRectF> &boxes) {
+    if (boxes.size() < 2) return;
     std::ranges::sort(boxes, IsBefore);
     boxes.erase(std::unique(boxes.begin(), boxes.end()), boxes.end());
 }
