@@ -11,6 +11,7 @@ namespace diagram {
 namespace {
 
 constexpr double kFarSide = 8000; // device pixels
+constexpr double kSpared = 100;   // device pixels of a line around what is painted that aren't cut off
 constexpr double kMargin = 16;    // device pixels around what is painted
 
 QRectF PaintedArea(const Paint &paint, double lineWidth) {
@@ -90,6 +91,11 @@ void StrokeInside(QPainter &painter, const QRectF &area, const QPolygonF &line) 
     DrawRun(painter, run, started);
 }
 
+// Cutting what nearly is inside as a whole saves nothing.
+bool IsNearlyInside(const QRectF &area, const QRectF &box) {
+    return area.adjusted(-kSpared, -kSpared, kSpared, kSpared).contains(box);
+}
+
 } // namespace
 
 bool IsFar(const Paint &paint, const QRectF &box) {
@@ -117,6 +123,23 @@ void DrawFar(Paint &paint, const QPainterPath &outline) {
     if (pen.style() == Qt::NoPen) return;
     const QRectF area = PaintedArea(paint, pen.widthF());
     for (const QPolygonF &line : outline.toSubpathPolygons()) StrokeInside(painter, area, line);
+}
+
+void DrawFarLine(Paint &paint, const std::vector<QPointF> &line) {
+    QPainter &painter = paint.Painter();
+    const QRectF area = PaintedArea(paint, painter.pen().widthF());
+    const QPolygonF polygon(QList<QPointF>(line.begin(), line.end()));
+    if (IsNearlyInside(area, polygon.boundingRect()))
+        painter.drawPolyline(polygon);
+    else
+        StrokeInside(painter, area, polygon);
+}
+
+void DrawFarPath(Paint &paint, const QPainterPath &path) {
+    QPainter &painter = paint.Painter();
+    const QRectF area = PaintedArea(paint, painter.pen().widthF());
+    if (paint.options.vector || IsNearlyInside(area, path.controlPointRect())) return painter.drawPath(path);
+    for (const QPolygonF &line : path.toSubpathPolygons()) StrokeInside(painter, area, line);
 }
 
 } // namespace diagram

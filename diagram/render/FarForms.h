@@ -1,5 +1,5 @@
-// Forms that reach so far beyond what is painted that drawing them whole would take as long as they are
-// large.
+// Forms and lines that reach so far beyond what is painted that drawing them whole would take as long as they
+// are large.
 #pragma once
 
 #include "diagram/render/Paint.h"
@@ -12,6 +12,9 @@ namespace diagram {
 bool IsFar(const Paint &paint, const QRectF &box);
 // Fills and strokes, with the pen and brush as they are, the part of the outline (device) that is painted.
 void DrawFar(Paint &paint, const QPainterPath &outline);
+// Strokes what is painted of a line (device) with the pen as it is.
+void DrawFarLine(Paint &paint, const std::vector<QPointF> &line);
+void DrawFarPath(Paint &paint, const QPainterPath &path);
 // What the outline holds of the part that is painted, for filling and clipping: beyond that part its edge
 // isn't the outline's.
 QPainterPath PaintedPart(const Paint &paint, const QPainterPath &outline);

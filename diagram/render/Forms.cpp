@@ -47,28 +47,4 @@ void FrameBox(QPainter &painter, const QRectF &box, int width, QRgb colour) {
     if (right > left) painter.fillRect(QRect(right, top + width, width, inside), ink);
 }
 
-bool IsLevel(const std::vector<QPointF> &way) {
-    for (std::size_t i = 1; i < way.size(); ++i)
-        if (way[i].x() != way[i - 1].x() && way[i].y() != way[i - 1].y()) return false;
-    return true;
-}
-
-void DrawLevelWay(QPainter &painter, const std::vector<QPointF> &way, int width, QRgb colour) {
-    const QColor ink = QColor::fromRgb(colour);
-    const auto pixel = [width](double at) { return int(std::floor(at + 0.25)) - width / 2; };
-    const int reach = width / 2; // by which a bend is filled out, but not an end
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const QPointF &a = way[i - 1], &b = way[i];
-        QRect bar(
-            QPoint(pixel(std::min(a.x(), b.x())), pixel(std::min(a.y(), b.y()))),
-            QPoint(pixel(std::max(a.x(), b.x())) + width - 1, pixel(std::max(a.y(), b.y())) + width - 1));
-        const int atStart = i == 1 ? reach : 0, atEnd = i + 1 == way.size() ? reach : 0;
-        if (a.y() == b.y())
-            b.x() >= a.x() ? bar.adjust(atStart, 0, -atEnd, 0) : bar.adjust(atEnd, 0, -atStart, 0);
-        else
-            b.y() >= a.y() ? bar.adjust(0, atStart, 0, -atEnd) : bar.adjust(0, atEnd, 0, -atStart);
-        if (bar.isValid()) painter.fillRect(bar, ink);
-    }
-}
-
 } // namespace diagram

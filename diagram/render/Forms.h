@@ -1,4 +1,4 @@
-// Drawing of a shape's form by the quickest call for it, and of lines that lie along the pixels.
+// Drawing of a shape's form by the quickest call for it.
 #pragma once
 
 #include "diagram/render/Paint.h"
@@ -11,10 +11,5 @@ void DrawForm(Paint &paint, const ShapeRow &row, int orientation, const QRectF &
 
 // A solid frame along the sides of `box`, whole pixels, `width` wide, its middle on the sides.
 void FrameBox(QPainter &painter, const QRectF &box, int width, QRgb colour);
-
-// A solid run of level and plumb segments. Where pixels are snapped and only there.
-void DrawLevelWay(QPainter &painter, const std::vector<QPointF> &way, int width, QRgb colour);
-// Whether each segment is level or plumb.
-bool IsLevel(const std::vector<QPointF> &way);
 
 } // namespace diagram

@@ -3,7 +3,8 @@
 #include "diagram/geometry/Polyline.h"
 #include "diagram/model/Link.h"
 #include "diagram/render/ArrowPainter.h"
-#include "diagram/render/Forms.h"
+#include "diagram/render/FarForms.h"
+#include "diagram/render/Lines.h"
 #include "diagram/render/NodeContent.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/Arrows.h"
@@ -132,13 +133,14 @@ QPainterPath WayWithJumps(Paint &paint, const Link &link, const std::vector<Cros
 }
 
 void DrawStraight(Paint &paint, const LinkData &data, double width, QRgb colour) {
-    QPainter &painter = paint.Painter();
     const bool level = paint.frame.snap && IsLevel(paint.way);
-    if (level && (data.drawStyle == 0 || data.drawStyle == kInsideLine))
-        return DrawLevelWay(painter, paint.way, int(width), colour);
+    if (level && (data.drawStyle == 0 || data.drawStyle == kInsideLine)) {
+        paint.pencil.Smooth(false); // else the painter doesn't see that these are whole pixels
+        return DrawLevelWay(paint.Painter(), paint.way, int(width), colour);
+    }
     paint.pencil.Smooth(true);
     paint.pencil.Line(colour, width, data.drawStyle);
-    painter.drawPolyline(paint.way.data(), int(paint.way.size()));
+    DrawWay(paint, paint.way);
 }
 
 void PaintLabel(Paint &paint, const Link &link) {
@@ -177,9 +179,7 @@ void DrawLine(Paint &paint, const Link &link, const Heads &heads, double width, 
         if (!crossings.empty()) {
             paint.pencil.Smooth(true);
             paint.pencil.Line(colour, width, data.drawStyle, Qt::RoundJoin);
-            const QPainterPath path = WayWithJumps(paint, link, crossings, heads);
-            paint.Painter().drawPath(path);
-            return;
+            return DrawFarPath(paint, WayWithJumps(paint, link, crossings, heads));
         }
     }
     // A head eats of its own segment only.
@@ -189,7 +189,10 @@ void DrawLine(Paint &paint, const Link &link, const Heads &heads, double width, 
     const double last = curve ? first : Distance(paint.way[count - 2], paint.way[count - 1]);
     CutStart(paint.way, std::min(Eaten(heads.source), first * 0.99));
     CutEnd(paint.way, std::min(Eaten(heads.destination), last * 0.99));
-    DrawStraight(paint, data, width, colour);
+    if (!curve) return DrawStraight(paint, data, width, colour);
+    paint.pencil.Smooth(true);
+    paint.pencil.Line(colour, width, data.drawStyle);
+    DrawCurve(paint, paint.way);
 }
 
 } // namespace

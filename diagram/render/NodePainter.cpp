@@ -12,6 +12,9 @@ namespace diagram {
 namespace {
 
 constexpr QRgb kShadowColour = qRgba(0, 0, 0, 70);
+constexpr double kLargestKept = 300; // device pixels of a side
+constexpr double kWidestKept = 20;   // of a line
+constexpr double kFarthest = 1e6;    // device pixels, far beyond any screen
 
 struct NodeForm {
     const NodeData &data;
@@ -44,6 +47,7 @@ bool PaintPlainRectangle(Paint &paint, const NodeForm &form) {
                        form.row.edge == ShapeEdge::None && form.data.drawStyle == 0 &&
                        form.data.picture.IsNull();
     if (!plain) return false;
+    paint.pencil.Smooth(false); // else the painter doesn't see that these are whole pixels
     if (!form.data.transparent) {
         const QRectF box(QPointF(std::floor(form.box.left()), std::floor(form.box.top())),
                          QPointF(std::floor(form.box.right()), std::floor(form.box.bottom())));
@@ -106,13 +110,61 @@ void PaintBorder(Paint &paint, const NodeForm &form) {
 }
 
 // Fill and border in one call where nothing comes between them.
-void PaintFormAtOnce(Paint &paint, const NodeForm &form) {
+void DrawFormAtOnce(Paint &paint, const NodeForm &form, const QRectF &box) {
     SetFill(paint, form);
     if (form.lined)
         paint.pencil.Line(ToRgb(form.data.borderColor), form.width, form.data.drawStyle);
     else
         paint.pencil.NoLine();
-    DrawForm(paint, form.row, form.data.shapeOrientation, form.box);
+    DrawForm(paint, form.row, form.data.shapeOrientation, box);
+}
+
+FormLook LookOf(const NodeForm &form) {
+    FormLook look;
+    look.shape = form.row.value;
+    look.orientation = form.data.shapeOrientation;
+    look.width = int(form.box.width());
+    look.height = int(form.box.height());
+    look.line = int(form.width);
+    look.style = form.data.drawStyle;
+    look.lineColour = ToRgb(form.data.borderColor);
+    look.filled = !form.data.transparent;
+    look.fill = look.filled ? ToRgb(form.data.fillColor) : 0;
+    return look;
+}
+
+// What a line of that width may cover around the box, its corners included.
+int Margin(const NodeForm &form) { return 3 * int(form.width) + 1; }
+
+const QImage &PictureOf(Paint &paint, const NodeForm &form, const FormLook &look) {
+    if (const QImage *kept = paint.caches.forms.Find(look)) return *kept;
+    const int margin = Margin(form);
+    QImage picture(look.width + 2 * margin, look.height + 2 * margin, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    Paint onPicture{Pencil(painter), paint.frame, paint.options, paint.scene,
+                    paint.caches,    paint.paper, paint.area};
+    const QPointF corner = form.box.topLeft();
+    const QPointF within = corner - QPointF(std::floor(corner.x()), std::floor(corner.y()));
+    DrawFormAtOnce(onPicture, form, QRectF(within + QPointF(margin, margin), form.box.size()));
+    painter.end();
+    return paint.caches.forms.Keep(look, std::move(picture));
+}
+
+// Whether it may be kept as a picture: boxes on whole pixels look alike wherever they lie.
+bool IsKept(const Paint &paint, const NodeForm &form) {
+    const QPointF corner = form.box.topLeft();
+    return paint.frame.snap && form.row.form != ShapeForm::Rectangle && form.box.width() <= kLargestKept &&
+           form.box.height() <= kLargestKept && form.width <= kWidestKept &&
+           std::max(std::abs(corner.x()), std::abs(corner.y())) < kFarthest;
+}
+
+void PaintFormAtOnce(Paint &paint, const NodeForm &form) {
+    if (!IsKept(paint, form)) return DrawFormAtOnce(paint, form, form.box);
+    const QImage &picture = PictureOf(paint, form, LookOf(form));
+    const int margin = Margin(form);
+    const QPoint corner(int(std::floor(form.box.left())) - margin, int(std::floor(form.box.top())) - margin);
+    paint.Painter().drawImage(corner, picture);
 }
 
 void PaintFormInSteps(Paint &paint, const Node &node, const NodeForm &form) {

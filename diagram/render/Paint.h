@@ -1,6 +1,7 @@
 // What the parts of the renderer share while one picture is painted.
 #pragma once
 
+#include "diagram/render/FormCache.h"
 #include "diagram/render/Frame.h"
 #include "diagram/render/Pencil.h"
 #include "diagram/render/PictureCache.h"
@@ -20,6 +21,7 @@ struct Caches {
     Faces faces;
     TextCache texts{faces};
     PictureCache pictures;
+    FormCache forms;
 };
 
 struct Paint {

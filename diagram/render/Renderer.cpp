@@ -144,6 +144,7 @@ bool Renderer::TextFits(const Node &node) {
 void Renderer::Clear() {
     state_->caches.texts.Clear();
     state_->caches.pictures.Clear();
+    state_->caches.forms.Clear();
     state_->caches.faces.Clear();
 }
 

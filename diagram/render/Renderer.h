@@ -30,7 +30,8 @@ struct RenderOptions {
     ContentTarget *target = nullptr; // with `vector`: takes texts and pictures in place of the painter
 };
 
-// Holds caches of text layouts and scaled pictures; give one renderer to each view. Not for two threads.
+// Holds caches of text layouts, forms and scaled pictures; give one renderer to each view. Not for two
+// threads.
 class Renderer {
 public:
     Renderer();

@@ -109,6 +109,43 @@ TEST(Links, EachStyle_LeadsFromNodeToNode) {
     }
 }
 
+// Long segments and what lies around bends are drawn apart.
+TEST(Links, WideSlantedWays_LookLikeOneRun) {
+    const QPolygonF way{{10, 75}, {60, 20}, {70, 24}, {150, 140}, {190, 60}};
+    for (const int width : {2, 5, 9}) {
+        SCOPED_TRACE(width);
+        Painting painting;
+        Link &link = painting.Add(0, 70, 10, 10).Links().Add(painting.Add(185, 50, 10, 10));
+        std::vector<Point> points;
+        for (const QPointF &at : way) points.push_back({float(at.x()) * 15, float(at.y()) * 15});
+        link.Points().Assign(points);
+        link.SetLineColor(support::Rgb(255, 0, 0));
+        link.SetArrowDest(0);
+        link.SetDrawWidth(float(width));
+        for (Node &node : painting.surface.Nodes()) node.SetHidden(true);
+        const QImage image = painting.Paint();
+
+        QPolygonF run;
+        for (const Point &point : link.Way()) {
+            const QPointF at = ToQPointF(point) / 15;
+            const double half = width % 2 ? 0.5 : 0;
+            run << QPointF(std::floor(at.x() + 0.5 - half) + half, std::floor(at.y() + 0.5 - half) + half);
+        }
+        QImage expected = image;
+        expected.fill(Qt::white);
+        QPainter painter(&expected);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(Qt::red, width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+        painter.drawPolyline(run);
+        painter.end();
+        int far = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                far += std::abs(qGreen(image.pixel(x, y)) - qGreen(expected.pixel(x, y))) > 60;
+        EXPECT_EQ(far, 0);
+    }
+}
+
 TEST(Links, Label_StandsOnPaperInTheMiddle) {
     Painting painting;
     Link &link = AddLink(painting);

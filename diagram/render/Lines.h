@@ -1,0 +1,21 @@
+// Drawing of runs of straight segments by the quickest call for them.
+#pragma once
+
+#include "diagram/render/Paint.h"
+
+#include <vector>
+
+namespace diagram {
+
+// A solid run of level and plumb segments. Where pixels are snapped and only there.
+void DrawLevelWay(QPainter &painter, const std::vector<QPointF> &way, int width, QRgb colour);
+// Whether each segment is level or plumb.
+bool IsLevel(const std::vector<QPointF> &way);
+
+// A run of segments (device) with the pen as it is; no more than what is painted. Solid segments are drawn
+// one by one: the painter takes many times as long for a run.
+void DrawWay(Paint &paint, const std::vector<QPointF> &way);
+// The same for a curve that is taken apart into many short segments.
+void DrawCurve(Paint &paint, const std::vector<QPointF> &way);
+
+} // namespace diagram
