@@ -8,7 +8,8 @@ namespace diagram {
 
 namespace {
 
-constexpr int kDark = 110; // grey value below which a surface counts as dark
+constexpr int kDark = 110;        // grey value below which a surface counts as dark
+constexpr double kFarthest = 1e6; // device pixels, far beyond any screen
 
 } // namespace
 
@@ -40,6 +41,15 @@ QRectF OverlayLook::Square(const QPointF &middle, double side) const {
 QPen OverlayLook::Line(const QColor &colour, double pixels) const {
     return {colour, std::max(1.0, std::round(pixels * ratio)) / ratio};
 }
+
+QPoint OverlayLook::DevicePixel(const QPointF &place) const {
+    const auto pixel = [&](double at) {
+        return int(std::floor(std::clamp(at * ratio, -kFarthest, kFarthest)));
+    };
+    return {pixel(place.x()), pixel(place.y())};
+}
+
+int OverlayLook::Thin() const { return std::max(1, int(std::lround(ratio))); }
 
 QPointF OverlayLook::Crisp(const QPointF &place) const {
     return {(std::floor(place.x() * ratio) + 0.5) / ratio, (std::floor(place.y() * ratio) + 0.5) / ratio};

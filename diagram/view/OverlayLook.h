@@ -24,6 +24,10 @@ struct OverlayLook {
     // Put through the middle of a device pixel, so that a thin line on it is crisp.
     QPointF Crisp(const QPointF &place) const;
     QRectF Crisp(const QRectF &box) const;
+    // The device pixel on which the place lies; for one far off the screen, one that is off it as well.
+    QPoint DevicePixel(const QPointF &place) const;
+    // The device pixels of a line that is a pixel wide.
+    int Thin() const;
 };
 
 OverlayLook LookFor(const Surface &surface, const QPainter &painter);

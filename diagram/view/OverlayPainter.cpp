@@ -2,7 +2,7 @@
 
 #include "diagram/interaction/Overlay.h"
 #include "diagram/model/Surface.h"
-#include "diagram/view/OverlayLook.h"
+#include "diagram/view/Marks.h"
 #include "diagram/view/SelectionPainter.h"
 #include "diagram/view/Viewport.h"
 
@@ -20,6 +20,7 @@ constexpr double kArrowLength = 10, kArrowHalfWidth = 4;
 constexpr double kLinkStart = 4, kLitLinkStart = 7; // radius
 constexpr int kGlow = 32, kStrongGlow = 48;         // alpha
 constexpr int kCover = 215;
+constexpr QMargins kBandFrame(2, 2, 2, 2); // what it may cover beside the band's own pixels
 constexpr int kShade = 20;
 
 QRect SizeBox(const Overlay &overlay, const Viewport &viewport) {
@@ -65,15 +66,24 @@ void PaintTarget(QPainter &painter, const Overlay &overlay, const QTransform &to
     painter.drawPath(toPixels.map(overlay.target));
 }
 
-void PaintBandAndGhost(QPainter &painter, const Overlay &overlay, const Viewport &viewport,
-                       const OverlayLook &look) {
+void PaintBand(QPainter &painter, const Overlay &overlay, const Viewport &viewport, const OverlayLook &look) {
+    if (overlay.band.isNull()) return;
+    const QRectF band = look.Crisp(viewport.FromSurface(overlay.band));
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.fillRect(band, Faded(look.accent, kGlow));
+    painter.setRenderHint(QPainter::Antialiasing);
+    Marks frame(look, look.accent);
+    frame.AddFrame(band);
+    frame.Paint(painter, {});
+}
+
+void PaintGhost(QPainter &painter, const Overlay &overlay, const QTransform &toPixels,
+                const OverlayLook &look) {
     painter.setBrush(Faded(look.accent, kGlow));
-    painter.setPen(look.Line(look.accent, 1));
-    if (!overlay.band.isNull()) painter.drawRect(look.Crisp(viewport.FromSurface(overlay.band)));
     painter.setPen(look.Line(look.accent, 1.5));
-    if (!overlay.ghost.isEmpty()) painter.drawPath(viewport.ToPixels().map(overlay.ghost));
+    if (!overlay.ghost.isEmpty()) painter.drawPath(toPixels.map(overlay.ghost));
     painter.setBrush(Qt::NoBrush);
-    if (!overlay.ghostLinks.isEmpty()) painter.drawPath(viewport.ToPixels().map(overlay.ghostLinks));
+    if (!overlay.ghostLinks.isEmpty()) painter.drawPath(toPixels.map(overlay.ghostLinks));
 }
 
 // A head at `line`'s end.
@@ -157,7 +167,8 @@ void PaintOverlay(QPainter &painter, const Overlay &overlay, const Surface &surf
     painter.setRenderHint(QPainter::Antialiasing);
     PaintFaded(painter, overlay, surface, viewport);
     PaintTarget(painter, overlay, toPixels, look);
-    PaintBandAndGhost(painter, overlay, viewport, look);
+    PaintBand(painter, overlay, viewport, look);
+    PaintGhost(painter, overlay, toPixels, look);
     PaintLine(painter, overlay, toPixels, look);
     PaintLinkStarts(painter, overlay, viewport, look);
     PaintGuides(painter, overlay, toPixels, look);
@@ -187,11 +198,26 @@ void PaintBeyondTheOrigin(QPainter &painter, const Surface &surface, const Viewp
     painter.fillPath(beyond, Faded(look.shade, kShade));
 }
 
-QRect OverlayArea(const Overlay &overlay, const Viewport &viewport) {
-    if (overlay.IsEmpty()) return {};
-    const QRectF area = viewport.FromSurface(overlay.Bounds());
-    return area.toAlignedRect().adjusted(-kHandleReach, -kHandleReach, kHandleReach, kHandleReach) |
-           SizeBox(overlay, viewport);
+OverlayPlace PlaceOf(const Overlay &overlay, const Viewport &viewport) {
+    OverlayPlace place;
+    if (!overlay.band.isNull())
+        place.band = viewport.FromSurface(overlay.band).toAlignedRect().marginsAdded(kBandFrame);
+    Overlay others = overlay;
+    others.band = QRectF();
+    if (others.IsEmpty()) return place;
+    const QRectF area = viewport.FromSurface(others.Bounds());
+    place.rest = area.toAlignedRect().adjusted(-kHandleReach, -kHandleReach, kHandleReach, kHandleReach) |
+                 SizeBox(others, viewport);
+    return place;
+}
+
+QRegion ChangedArea(const OverlayPlace &before, const OverlayPlace &now) {
+    QRegion changed = QRegion(before.rest) | now.rest;
+    if (before.band == now.band) return changed;
+    changed |= QRegion(before.band) ^ now.band;
+    for (const QRect &band : {before.band, now.band})
+        changed |= QRegion(band) - band.marginsRemoved(2 * kBandFrame);
+    return changed;
 }
 
 } // namespace diagram

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QRect>
+#include <QRegion>
 
 class QLineF;
 class QPainter;
@@ -21,6 +22,13 @@ void PaintToday(QPainter &painter, const QLineF &place, const Surface &surface, 
 void PaintBeyondTheOrigin(QPainter &painter, const Surface &surface, const Viewport &viewport,
                           const QRectF &area);
 // What PaintOverlay touches, viewport pixels.
-QRect OverlayArea(const Overlay &overlay, const Viewport &viewport);
+struct OverlayPlace {
+    QRect band; // the rubber band, frame included
+    QRect rest;
+};
+OverlayPlace PlaceOf(const Overlay &overlay, const Viewport &viewport);
+// What has to be painted again when the marks go from one place to another: of a band only what the one
+// covers and the other doesn't, and the frames.
+QRegion ChangedArea(const OverlayPlace &before, const OverlayPlace &now);
 
 } // namespace diagram

@@ -5,7 +5,7 @@
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/LinkStyles.h"
-#include "diagram/view/OverlayLook.h"
+#include "diagram/view/Marks.h"
 #include "diagram/view/Viewport.h"
 
 namespace diagram {
@@ -24,30 +24,20 @@ struct Selection {
     QPainter &painter;
     Scene &scene;
     const Viewport &viewport;
-    QRectF reach;
-    OverlayLook look;
+    QRegion reach;
+    const OverlayLook &look;
     double side; // of a handle as it is met, twips
+    Marks marks;
 };
 
-void PaintHandle(const Selection &to, const QPointF &place, double size) {
-    const QRectF box = to.look.Square(place, size);
-    const double line = to.look.Line(to.look.accent, 1).widthF();
-    to.painter.fillRect(box, to.look.accent);
-    to.painter.fillRect(box.adjusted(line, line, -line, -line), Qt::white);
-}
+QColor GlowColour(const OverlayLook &look) { return Faded(look.accent, 70); }
 
-void PaintRound(const Selection &to, const QPointF &place, double size) {
-    to.painter.setRenderHint(QPainter::Antialiasing);
-    to.painter.setPen(to.look.Line(to.look.accent, 1));
-    to.painter.setBrush(Qt::white);
-    to.painter.drawEllipse(to.look.Square(place, size));
-    to.painter.setRenderHint(QPainter::Antialiasing, false);
-}
-
-void PaintFrame(const Selection &to, const QRectF &box, int alpha) {
-    to.painter.setPen(to.look.Line(Faded(to.look.accent, alpha), 1));
-    to.painter.setBrush(Qt::NoBrush);
-    to.painter.drawRect(to.look.Crisp(box));
+// Handles and rings of what lies as far beyond the area are seen in it.
+QRegion Reach(const QRegion &area) {
+    QRegion reach;
+    for (const QRect &rect : area)
+        reach += rect.adjusted(-kHandleReach, -kHandleReach, kHandleReach, kHandleReach);
+    return reach;
 }
 
 void PaintRing(const Selection &to, const QRectF &box, FocusRing ring) {
@@ -64,24 +54,29 @@ void PaintRing(const Selection &to, const QRectF &box, FocusRing ring) {
     to.painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
-void PaintNode(const Selection &to, const Node &node, FocusRing ring) {
+void AddNode(Selection &to, const Node &node, FocusRing ring) {
     const QRectF frame = to.viewport.FromSurface(HandleFrame(node.Bounds(), to.side));
     if (ring != FocusRing::None) PaintRing(to, frame, ring);
-    PaintFrame(to, frame, 110);
+    to.marks.AddFrame(frame);
     for (const QPointF &place : HandlePlaces(node.Bounds(), to.side))
-        PaintHandle(to, to.viewport.FromSurface(place), kHandle);
+        to.marks.AddHandle(to.viewport.FromSurface(place), kHandle);
 }
 
-void PaintNodes(const Selection &to, FocusRing ring) {
+bool IsReached(const Selection &to, const QRectF &pixels) {
+    const QRectF near = pixels.adjusted(-1, -1, 1, 1) & QRectF(to.reach.boundingRect());
+    return !near.isEmpty() && to.reach.intersects(near.toAlignedRect());
+}
+
+void AddNodes(Selection &to, FocusRing ring) {
     const std::vector<Node *> &nodes = to.scene.Model().SelectedNodes();
     const Node *focus = to.scene.Model().SelectedNode();
     for (const Node *node : nodes) {
         const QRectF box = to.viewport.FromSurface(node->Bounds());
-        if (node->Hidden() || !to.reach.intersects(box.adjusted(-1, -1, 1, 1))) continue;
+        if (node->Hidden() || !IsReached(to, box)) continue;
         if (nodes.size() > kManySelected)
-            PaintFrame(to, box, 255);
+            to.marks.AddFrame(box);
         else
-            PaintNode(to, *node, node == focus ? ring : FocusRing::None);
+            AddNode(to, *node, node == focus ? ring : FocusRing::None);
     }
 }
 
@@ -91,19 +86,23 @@ bool HasSegmentHandles(const Link &link) {
 }
 
 // The label is left free, as it is of the line itself.
-void PaintGlow(const Selection &to, const Link &link, const QRectF &label) {
+void AddGlow(Selection &to, const Link &link, const QRectF &label) {
+    const QPainterPath path = to.viewport.ToPixels().map(to.scene.LinkPath(link));
+    if (to.marks.AddGlow(path, kGlow, label)) return;
     to.painter.save();
-    if (!label.isEmpty())
-        to.painter.setClipRegion(QRegion(to.reach.toAlignedRect()) - (label & to.reach).toAlignedRect(),
-                                 Qt::IntersectClip);
+    const QRectF spared = label & QRectF(to.reach.boundingRect());
+    if (!spared.isEmpty()) to.painter.setClipRegion(to.reach - spared.toAlignedRect(), Qt::IntersectClip);
     to.painter.setRenderHint(QPainter::Antialiasing);
     to.painter.setBrush(Qt::NoBrush);
-    to.painter.setPen(QPen(Faded(to.look.accent, 70), kGlow));
-    to.painter.drawPath(to.viewport.ToPixels().map(to.scene.LinkPath(link)));
+    to.painter.setPen(QPen(GlowColour(to.look), kGlow));
+    if (path.elementCount() == 2) // a fraction of the time that a path takes
+        to.painter.drawLine(path.elementAt(0), path.elementAt(1));
+    else
+        to.painter.drawPath(path);
     to.painter.restore();
 }
 
-void PaintBends(const Selection &to, const Link &link, const QRectF &label) {
+void AddBends(Selection &to, const Link &link, const QRectF &label) {
     const std::vector<Point> &way = link.Way();
     const bool segments = HasSegmentHandles(link);
     for (size_t i = 0; i < way.size(); ++i) {
@@ -111,37 +110,41 @@ void PaintBends(const Selection &to, const Link &link, const QRectF &label) {
         const QPointF before = i > 0 ? to.viewport.FromSurface(ToQPointF(way[i - 1])) : place;
         const QPointF half = (before + place) / 2;
         if (segments && QLineF(before, place).length() > kShortestSegment && !label.contains(half))
-            PaintRound(to, half, kSmallHandle);
-        PaintHandle(to, place, kHandle);
+            to.marks.AddKnob(half, kSmallHandle);
+        to.marks.AddHandle(place, kHandle);
     }
 }
 
-void PaintLinks(const Selection &to, ItemId loose) {
+void AddLinks(Selection &to, ItemId loose) {
     const std::vector<Link *> &links = to.scene.Model().SelectedLinks();
     for (const Link *link : links) {
         if (link->Hidden() || link->Id() == loose) continue;
-        if (!to.reach.intersects(to.viewport.FromSurface(to.scene.Bounds(*link)))) continue;
+        if (!IsReached(to, to.viewport.FromSurface(to.scene.Bounds(*link)))) continue;
         const QRectF label = to.viewport.FromSurface(to.scene.LabelBounds(*link));
-        PaintGlow(to, *link, label);
-        if (links.size() <= kManySelected) PaintBends(to, *link, label);
+        AddGlow(to, *link, label);
+        if (links.size() <= kManySelected) AddBends(to, *link, label);
     }
 }
 
 } // namespace
 
-void PaintSelection(QPainter &painter, Scene &scene, const Viewport &viewport, const QRectF &area,
+void PaintSelection(QPainter &painter, Scene &scene, const Viewport &viewport, const QRegion &area,
                     FocusRing ring, ItemId loose) {
     const PointerInput pointer{{}, {}, viewport.Pixel(), {}};
-    const Selection to{painter,
-                       scene,
-                       viewport,
-                       area.adjusted(-kHandleReach, -kHandleReach, kHandleReach, kHandleReach),
-                       LookFor(scene.Model(), painter),
-                       OptionsFor(pointer).handleSize};
+    const OverlayLook look = LookFor(scene.Model(), painter);
+    const bool many = scene.Model().SelectedNodes().size() > kManySelected;
+    Selection to{painter,
+                 scene,
+                 viewport,
+                 Reach(area),
+                 look,
+                 OptionsFor(pointer).handleSize,
+                 Marks(look, many ? look.accent : Faded(look.accent, 110))};
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, false);
-    PaintLinks(to, loose);
-    PaintNodes(to, ring);
+    AddLinks(to, loose);
+    AddNodes(to, ring);
+    to.marks.Paint(painter, GlowColour(look));
     painter.restore();
 }
 

@@ -3,7 +3,7 @@
 
 #include "diagram/model/Item.h"
 
-#include <QRectF>
+#include <QRegion>
 
 class QPainter;
 
@@ -19,7 +19,7 @@ constexpr int kHandleReach = 22;
 enum class FocusRing : unsigned char { None, Faint, Strong };
 
 // Paints into viewport pixels what lies in `area`. `loose` is a link that shows no handles.
-void PaintSelection(QPainter &painter, Scene &scene, const Viewport &viewport, const QRectF &area,
+void PaintSelection(QPainter &painter, Scene &scene, const Viewport &viewport, const QRegion &area,
                     FocusRing ring, ItemId loose);
 
 } // namespace diagram

@@ -1,6 +1,5 @@
 #include "diagram/view/SurfaceViewImpl.h"
 
-#include "diagram/view/OverlayPainter.h"
 #include "support/Error.h"
 
 #include <cmath>
@@ -238,7 +237,7 @@ void SurfaceView::Impl::Paint(const QRegion &region) {
     PaintBeyondTheOrigin(painter, surface, viewport, region.boundingRect());
     if (today_) PaintToday(painter, *today_, surface, viewport);
     const Overlay overlay = interaction.Show();
-    PaintSelection(painter, scene, viewport, region.boundingRect(), Ring(), overlay.loose);
+    PaintSelection(painter, scene, viewport, region, Ring(), overlay.loose);
     PaintOverlay(painter, overlay, surface, viewport);
 }
 
@@ -248,10 +247,9 @@ FocusRing SurfaceView::Impl::Ring() const {
 }
 
 void SurfaceView::Impl::UpdateOverlay() {
-    const QRect area = OverlayArea(interaction.Show(), viewport);
-    if (area.isEmpty() && overlayArea_.isEmpty()) return;
-    view.viewport()->update(QRegion(area) | overlayArea_);
-    overlayArea_ = area;
+    const OverlayPlace now = PlaceOf(interaction.Show(), viewport);
+    const QRegion changed = ChangedArea(std::exchange(overlayPlace_, now), now);
+    if (!changed.isEmpty()) view.viewport()->update(changed);
 }
 
 void SurfaceView::Impl::Scrolled() {

@@ -8,6 +8,7 @@
 #include "diagram/scene/Scene.h"
 #include "diagram/view/Accessible.h"
 #include "diagram/view/InPlaceEditor.h"
+#include "diagram/view/OverlayPainter.h"
 #include "diagram/view/Screen.h"
 #include "diagram/view/SelectionPainter.h"
 #include "diagram/view/SurfaceView.h"
@@ -141,7 +142,7 @@ private:
     std::optional<int> frameBudget_; // milliseconds; empty for the usual ones
     std::optional<QLineF> today_;    // twips
     bool todayOutdated_ = true;
-    QRect overlayArea_; // pixels of the viewport, as last painted
+    OverlayPlace overlayPlace_; // as last painted
     std::vector<std::pair<ItemKind, ItemId>> selectionTouched_;
     std::optional<EditText> edit_;
     QBasicTimer autoScroll_;

@@ -40,6 +40,20 @@ TEST_F(Band, HandlesOfWhatItHolds_AreSeenBeforeTheRelease) {
     Release(QPoint(180, 150), Qt::ShiftModifier);
 }
 
+TEST_F(Band, EachMove_PaintsAllThatItChanges) {
+    AddLink(b, AddNode("d", 500, 300)).SetStyle(1);
+    AddLink(c, AddNode("e", 80, 330)).SetStyle(6);
+    Press(QPoint(150, 150), Qt::ShiftModifier);
+    for (const QPoint &to : {QPoint(200, 180), QPoint(700, 420), QPoint(640, 390), QPoint(100, 500),
+                             QPoint(20, 20), QPoint(152, 400), QPoint(740, 30), QPoint(150, 150)}) {
+        MoveTo(to, Qt::ShiftModifier);
+        EXPECT_EQ(DifferingPixels(OnScreen(), Seen()), 0) << to.x() << "," << to.y();
+    }
+    MoveTo(QPoint(700, 420), Qt::ShiftModifier);
+    Release(QPoint(700, 420), Qt::ShiftModifier);
+    EXPECT_EQ(DifferingPixels(OnScreen(), Seen()), 0) << "after the release";
+}
+
 TEST_F(Band, DrawnBackOverTheStart_SelectsOnTheOtherSide) {
     Press(QPoint(400, 150), Qt::ShiftModifier);
     MoveTo(QPoint(600, 20), Qt::ShiftModifier);

@@ -6,6 +6,7 @@
 #include "diagram/interaction/Press.h"
 
 #include <QApplication>
+#include <QBackingStore>
 #include <QClipboard>
 #include <QScrollBar>
 
@@ -89,6 +90,14 @@ QPoint ViewTest::LinkStart(const Node &node, int side) const {
 }
 
 QImage ViewTest::Seen() { return view->viewport()->grab().toImage(); }
+
+QImage ViewTest::OnScreen() {
+    Settle();
+    const auto *window = dynamic_cast<const QImage *>(view->backingStore()->paintDevice());
+    if (!window) return {};
+    const double ratio = view->devicePixelRatioF();
+    return window->copy(QRect(view->viewport()->pos() * ratio, view->viewport()->size() * ratio));
+}
 
 QPoint ViewTest::Handle(const Node &node, int handle) const {
     const QRectF box = node.Bounds();

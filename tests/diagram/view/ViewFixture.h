@@ -72,8 +72,10 @@ protected:
     void Key(int key, Qt::KeyboardModifiers modifiers = {});
     void Type(const char *text);
 
-    // What the view shows now, as it is painted.
+    // What the view shows now, painted anew.
     QImage Seen();
+    // What has been painted piece by piece, as each change asked for it.
+    QImage OnScreen();
     // What the view shows now, and what a new view of a copy shows of the same part; without focus ring and
     // hover marks.
     QImage Shown();
