@@ -1,8 +1,12 @@
 #include "diagram/render/CoarsePainter.h"
 
+#include "diagram/geometry/Polyline.h"
 #include "diagram/model/Link.h"
 #include "diagram/model/Node.h"
+#include "diagram/render/LinkPainter.h"
+#include "diagram/scene/Scene.h"
 #include "diagram/shapes/LinkStyles.h"
+#include "diagram/shapes/Measures.h"
 #include "diagram/shapes/Shapes.h"
 
 #include <array>
@@ -11,8 +15,9 @@ namespace diagram {
 
 namespace {
 
-constexpr int kMostSide = 24;  // device pixels of a node that is drawn coarsely
-constexpr int kLeastFrame = 4; // of a box that has room for a border
+constexpr int kMostSide = 24;    // device pixels of a node that is drawn coarsely
+constexpr int kLeastFrame = 4;   // of a box that has room for a border
+constexpr double kLeastJump = 2; // half of one; less couldn't be told from the line that is crossed
 constexpr double kFaintest = 0.35;
 
 struct Span {
@@ -132,7 +137,30 @@ void CoarsePainter::PaintLine(const Link &link) {
         }
         return;
     }
-    for (std::size_t i = 1; i < way.size(); ++i) lineTo(paint_.frame.Map(way[i]));
+    const std::vector<Crossing> crossings = paint_.scene.Crossings(link); // none where it doesn't jump
+    auto crossing = crossings.begin();
+    for (std::size_t i = 1; i < way.size(); ++i) {
+        const QPointF to = paint_.frame.Map(way[i]);
+        for (; crossing != crossings.end() && std::size_t(crossing->segment) < i; ++crossing)
+            PaintJump(from, paint_.frame.Map(crossing->point), to, data.jumpStyle, colour);
+        lineTo(to);
+    }
+}
+
+// The line from `from` over the crossing `at` on the way to `to`; `from` is put behind it. Where there is too
+// little room for a jump nothing is painted yet.
+void CoarsePainter::PaintJump(QPointF &from, const QPointF &at, const QPointF &to, int style, QRgb colour) {
+    const double half = std::max(kLeastJump, paint_.frame.Length(kJumpRadius));
+    const double length = Distance(from, to), along = Distance(from, at);
+    if (along <= half || length - along <= half) return;
+    const QPointF direction = (to - from) / length;
+    const QPointF before = at - direction * half, behind = at + direction * half;
+    blocks_.Line(from.x(), from.y(), before.x(), before.y(), colour);
+    from = behind;
+    if (style != kArchJump) return;
+    const QPointF top = at + ArchSide(direction) * half;
+    blocks_.Line(before.x(), before.y(), top.x(), top.y(), colour);
+    blocks_.Line(top.x(), top.y(), behind.x(), behind.y(), colour);
 }
 
 } // namespace diagram

@@ -23,6 +23,7 @@ public:
     void PaintLine(const Link &link);
 
 private:
+    void PaintJump(QPointF &from, const QPointF &at, const QPointF &to, int style, QRgb colour);
     QRgb Faint(QRgb colour, QRgb ground, double drawWidth) const;
     void PaintRectangle(const QRect &box, QRgb fill, QRgb border, bool filled);
     template <typename Span>

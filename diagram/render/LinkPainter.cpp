@@ -17,7 +17,10 @@ namespace diagram {
 
 namespace {
 
-constexpr int kArchJump = 1;
+// Lines that run upwards count as well.
+bool IsLeftToRight(const QPointF &direction) {
+    return direction.x() > 0.001 || (std::abs(direction.x()) <= 0.001 && direction.y() < 0);
+}
 
 bool IsCurve(const Link &link) {
     const LinkStyleRow *row = FindLinkStyle(link.Style());
@@ -75,12 +78,12 @@ QPointF Toward(const QPointF &from, const QPointF &to, double length) {
     return away > length ? from + (to - from) * (length / away) : from;
 }
 
-// An arch between two points of a line; arches stand up, or to the right on plumb lines.
+// An arch between two points of a line.
 void AddArch(QPainterPath &path, const QPointF &from, const QPointF &to, const QPointF &direction) {
     const QPointF middle = (from + to) / 2;
     const double radius = Distance(from, to) / 2;
     const double angle = -std::atan2(direction.y(), direction.x()) * 180 / M_PI;
-    const bool upward = direction.x() > 0.001 || (std::abs(direction.x()) <= 0.001 && direction.y() < 0);
+    const bool upward = IsLeftToRight(direction);
     path.arcTo(QRectF(middle - QPointF(radius, radius), middle + QPointF(radius, radius)), angle + 180,
                upward ? -180 : 180);
 }
@@ -196,6 +199,11 @@ void DrawLine(Paint &paint, const Link &link, const Heads &heads, double width, 
 }
 
 } // namespace
+
+QPointF ArchSide(const QPointF &direction) {
+    const QPointF left(direction.y(), -direction.x());
+    return IsLeftToRight(direction) ? left : -left;
+}
 
 void FillWay(Paint &paint, const Link &link, double width) {
     paint.way.clear();

@@ -6,6 +6,12 @@ namespace diagram {
 
 class Link;
 
+constexpr int kArchJump = 1; // a jump style; the others leave a gap
+
+// The side to which an arch stands on a line that runs in that direction, both of length 1: up, and to the
+// left on plumb lines.
+QPointF ArchSide(const QPointF &direction);
+
 // Line with jumps, arrow heads, label.
 void PaintLink(Paint &paint, const Link &link);
 

@@ -173,6 +173,36 @@ TEST(Links, Jumps_LeaveTheLineOfTheCrossing) {
     EXPECT_EQ(row(2).second, row(0).second);
 }
 
+TEST(Links, Jumps_AreSeenFromAfar) {
+    for (const double zoom : {0.1, 0.15, 0.2, 0.29}) {
+        SCOPED_TRACE(zoom);
+        const auto paint = [zoom](int jump) {
+            Painting painting;
+            const auto add = [&](double x, double y) {
+                return &painting.Add(float((x + 0.5) / zoom), float((y + 0.5) / zoom), 0, 0);
+            };
+            add(100, 5)->Links().Add(*add(100, 120)).SetLineColor(support::Rgb(0, 0, 255));
+            Link &link = add(20, 60)->Links().Add(*add(180, 60));
+            link.SetArrowDest(0);
+            link.SetLineColor(support::Rgb(255, 0, 0));
+            link.SetJumpStyle(jump);
+            return painting.Paint(zoom);
+        };
+        const QImage none = paint(0), arch = paint(1), gap = paint(2);
+        const QRgb line = none.pixel(40, 60), white = qRgb(255, 255, 255);
+        ASSERT_NE(line, white);
+        const QRect row(80, 60, 41, 1), above(80, 55, 41, 5);
+        EXPECT_GE(CountOf(none, row, line), 40);
+        EXPECT_LE(CountOf(gap, row, line), 38); // one pixel on either side at least
+        EXPECT_GT(CountOf(gap, row, line), 33);
+        EXPECT_EQ(CountOf(gap, above, line), 0);
+        EXPECT_LT(CountOf(arch, row, line), CountOf(none, row, line));
+        EXPECT_GT(CountOf(arch, above, line), 0);
+        EXPECT_EQ(gap.pixel(40, 60), line);
+        EXPECT_EQ(gap.pixel(160, 60), line);
+    }
+}
+
 TEST(Links, Jumps_AreAsWideAsTheZoomMakesThem) {
     for (const double zoom : {0.35, 0.5, 1.0, 2.0, 4.0, 8.0}) {
         Painting painting;
