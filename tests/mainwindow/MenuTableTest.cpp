@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTest>
 #include <QToolButton>
 
 namespace mainwindow::testing {
@@ -173,6 +174,15 @@ TEST_F(MenuTable, PrintingNeedsAPrinter) {
                      ->isEnabled());
     EXPECT_TRUE(
         with.findChild<Toolbar *>(QStringLiteral("tlbMain"))->Button(QStringLiteral("PRINT"))->isEnabled());
+}
+
+TEST_F(MenuTable, PrintersWaitUntilNoRoutineLetsEventsRun) {
+    desktop.printers.names = {QStringLiteral("Office")};
+    auto *window = new frmMain(desktop.Get()); // deletes itself when it is closed
+    window->ShowWindow();
+    for (int i = 0; i < 3; ++i) window->DoEvents();
+    EXPECT_FALSE(Entry(*window, "mnuFilePrint")->isEnabled());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Entry(*window, "mnuFilePrint")->isEnabled(); }));
 }
 
 TEST_F(MenuTable, ToolbarsHoldEveryButtonInItsPlace) {
