@@ -3,19 +3,20 @@
 #include "diagram/shapes/RouterGrid.h"
 #include "diagram/shapes/RouterSearch.h"
 
-#include <tuple>
-
 namespace diagram {
 
 namespace {
 
 constexpr int kMostRounds = 16;
-constexpr std::size_t kMostBoxes = 64;                     // more aren't gone round at once
+constexpr std::size_t kFew = 12;       // boxes that are told apart by comparing each with each
+constexpr std::size_t kMostBoxes = 64; // more aren't gone round at once
 constexpr double kRanksLookedAt[] = {-1, -0.5, 0, 0.5, 1}; // of links side by side, for all of them
 
 bool IsBefore(const QRectF &a, const QRectF &b) {
-    const auto key = [](const QRectF &r) { return std::tuple(r.left(), r.top(), r.width(), r.height()); };
-    return key(a) < key(b);
+    if (a.left() != b.left()) return a.left() < b.left();
+    if (a.top() != b.top()) return a.top() < b.top();
+    if (a.width() != b.width()) return a.width() < b.width();
+    return a.height() < b.height();
 }
 
 void SortOut(std::vector<QRectF> &boxes) {
@@ -138,7 +139,7 @@ private:
                     return false;
             }
         }
-        return CountMet(request_, track, 0) <= met_;
+        return CountMet(request_, track, 0, met_) <= met_;
     }
 
     const RouteRequest &request_;
@@ -165,8 +166,23 @@ std::vector<QRectF> BoxesMet(const RouteRequest &request, const Track &track, do
     return met;
 }
 
-std::size_t CountMet(const RouteRequest &request, const Track &track, double nearness) {
-    return BoxesMet(request, track, nearness).size();
+std::size_t CountMet(const RouteRequest &request, const Track &track, double nearness, std::size_t most) {
+    if (most > kFew) return std::min(BoxesMet(request, track, nearness).size(), most + 1);
+    std::vector<QRectF> near;
+    std::array<QRectF, kFew + 1> met;
+    std::size_t count = 0;
+    for (std::size_t i = 1; i < track.count && request.obstacles; ++i) {
+        const QPointF &from = track.points[i - 1], &to = track.points[i];
+        near.clear();
+        request.obstacles->In(Neighbourhood(from, to, nearness), near);
+        for (const QRectF &box : near) {
+            const auto known = met.begin() + std::ptrdiff_t(count);
+            if (!Meets(box, from, to, nearness) || std::find(met.begin(), known, box) != known) continue;
+            met[count++] = box;
+            if (count > most) return count;
+        }
+    }
+    return count;
 }
 
 Coordinates LanesAround(const RouteRequest &request, std::string_view directions,
@@ -181,7 +197,7 @@ Coordinates LanesAround(const RouteRequest &request, std::string_view directions
     for (int round = 0; round < kMostRounds && known.size() <= kMostBoxes; ++round) {
         const Coordinates lanes = SearchLanes(request, directions, preferred, known);
         track = TrackOf(request, directions, lanes);
-        const std::size_t met = CountMet(request, track, 0);
+        const std::size_t met = CountMet(request, track, 0, fewest);
         if (met < fewest || met == 0 || (hides && met == fewest)) best = lanes, fewest = met;
         if (!Learn(BoxesMet(request, track, kCareful), known)) break;
     }

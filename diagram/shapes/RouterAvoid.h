@@ -3,12 +3,18 @@
 
 #include "diagram/shapes/RouterLanes.h"
 
+#include <limits>
+
 namespace diagram {
+
+constexpr std::size_t kUncounted = std::numeric_limits<std::size_t>::max() - 1;
 
 // The boxes, each once, to which the track comes within `nearness` twips. In an order of their own, whatever
 // that of the obstacles is.
 std::vector<QRectF> BoxesMet(const RouteRequest &request, const Track &track, double nearness);
-std::size_t CountMet(const RouteRequest &request, const Track &track, double nearness);
+// Their number; one more than `most` stands for whatever is above that.
+std::size_t CountMet(const RouteRequest &request, const Track &track, double nearness,
+                     std::size_t most = kUncounted);
 
 // `preferred` where nothing is in its way, else the best lanes round what is. Looks at no more obstacles than
 // those that the ways considered meet.
