@@ -176,12 +176,13 @@ void Save(MapWindow &window, const QString &path) {
         window.DoStatus(QStringLiteral("The former file was kept as %1").arg(support::FileTitle(kept)));
 }
 
-// Whether a file that another program has written to since it was opened may be written over.
+// Whether a file that somebody else has written to since it was opened, another program or window, may be
+// written over.
 bool MayOverwrite(MapWindow &window, const QString &path) {
     if (!window.clsSettings().OwnFiles().ChangedSinceSeen(path)) return true;
     window.SetMousePointer(pointer::kNormal);
     return window.Desktop().messageBoxes.Show(
-               QStringLiteral("%1 was changed by another program since it was opened.\r\n\r\n"
+               QStringLiteral("%1 was changed outside of this window since it was opened.\r\n\r\n"
                               "Do you want to save over those changes?")
                    .arg(support::FileTitle(path)),
                support::Buttons::YesNo, support::Icon::Question,

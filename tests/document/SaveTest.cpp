@@ -411,8 +411,9 @@ TEST_F(SaveTest, AForeignFileIsKeptBesideAndNoOlderCopyIsOverwritten) {
 }
 
 namespace {
-const QString kChangedQuestion = QStringLiteral("a.map was changed by another program since it was opened."
-                                                "\r\n\r\nDo you want to save over those changes?");
+const QString kChangedQuestion =
+    QStringLiteral("a.map was changed outside of this window since it was opened."
+                   "\r\n\r\nDo you want to save over those changes?");
 QString TheirNode() {
     return InsertNode(QStringLiteral("theirs"), 0, QStringLiteral("[Description]"),
                       QStringLiteral("'%1'").arg(QString(20000, QLatin1Char('x'))));
