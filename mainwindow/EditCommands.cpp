@@ -110,6 +110,10 @@ void BeginLink(frmMain &window, bool backwards) {
 }
 void keyLinkTo(frmMain &window) { BeginLink(window, false); }
 void keyLinkFrom(frmMain &window) { BeginLink(window, true); }
+void keyBend(frmMain &window) {
+    window.CurrentView().setFocus();
+    window.CurrentView().BeginBend();
+}
 
 constexpr EntryKind kMenu = EntryKind::Menu;
 constexpr EntryKind kCommand = EntryKind::Command;
@@ -154,6 +158,8 @@ constexpr CommandRow kKeyRows[] = {
      "Links the selected @NODE, or joins the end of the selected @LINK elsewhere, by keyboard", "Ctrl+L"},
     {nullptr, "keyLinkFrom", "Link from another @NODE", kCommand, keyLinkFrom, "", "", "", Needs::Selection,
      false, "The same for the start of a @LINK", "Ctrl+Shift+L"},
+    {nullptr, "keyBend", "Bend the @LINK", kCommand, keyBend, "", "", "", Needs::Selection, false,
+     "Moves the bends of the selected @LINK by keyboard", "Ctrl+Shift+B"},
 };
 
 } // namespace

@@ -21,6 +21,8 @@ constexpr HintRow kRows[] = {
      "Choose a @NODE with Tab or the arrow keys. Enter links it, Escape gives up."},
     {diagram::Hint::KeysChooseEnd,
      "Choose a @NODE with Tab or the arrow keys. Enter joins the @LINK to it, Escape gives up."},
+    {diagram::Hint::KeysBend, "Tab goes along the @LINK, the arrow keys bend it there, Del takes a bend "
+                              "away. Enter ends, Escape gives up."},
 };
 } // namespace
 

@@ -15,7 +15,8 @@ enum class Hint : unsigned char {
     DragMovesEnd, // of a link, to another node
     // What the keys do while they lead a gesture.
     KeysChooseNode, // for a new link
-    KeysChooseEnd   // for the end of a link
+    KeysChooseEnd,  // for the end of a link
+    KeysBend        // a link
 };
 
 } // namespace diagram

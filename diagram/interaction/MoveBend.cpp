@@ -14,14 +14,6 @@ namespace {
 // The bends are the user's from then on.
 void Stretch(Link &link, std::vector<Point> way) { link.Points().Assign(std::move(way)); }
 
-// Without points the link is routed when it is looked at next.
-void GiveToRouter(Link &link) {
-    LinkData data = link.Data();
-    data.ownBends = false;
-    data.points.clear();
-    link.Owner().Overwrite(link, std::move(data));
-}
-
 } // namespace
 
 MoveBend::MoveBend(Surface &surface, Link &link, Grip grip, int index)
@@ -58,6 +50,14 @@ void MoveBend::Commit(const PointerInput &input) {
 
 void MoveBend::Cancel() { held_.RestoreLinks(surface_); }
 
+// Without points the link is routed when it is looked at next.
+void GiveBendsToRouter(Link &link) {
+    LinkData data = link.Data();
+    data.ownBends = false;
+    data.points.clear();
+    link.Owner().Overwrite(link, std::move(data));
+}
+
 void RemoveBend(Link &link, int index) {
     const auto count = std::ssize(link.Way());
     if (index <= 0 || index + 1 >= count) return;
@@ -66,7 +66,7 @@ void RemoveBend(Link &link, int index) {
     if (HasFreeBends(link.Style()))
         link.Points().Remove(index);
     else
-        GiveToRouter(link);
+        GiveBendsToRouter(link);
     surface.Events().AfterStretch(surface);
 }
 

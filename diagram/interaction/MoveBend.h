@@ -31,4 +31,7 @@ private:
 // go back to the router. An end is no bend: nothing happens.
 void RemoveBend(Link &link, int index);
 
+// All bends are the router's again; a write like any other, with no event.
+void GiveBendsToRouter(Link &link);
+
 } // namespace diagram

@@ -4,6 +4,7 @@
 #include "diagram/interaction/Selecting.h"
 #include "diagram/model/Surface.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -70,6 +71,22 @@ Node *NodeByKey(const Surface &surface, const Node *from, const KeyInput &input)
     if (direction.isNull() || !from) return nullptr;
     const bool alongLinks = input.Ctrl() && input.Alt();
     return alongLinks ? LinkedTowards(*from, direction) : NeighbourTowards(*from, direction);
+}
+
+Link *NextLinkOf(const Node &node, const Link *from, int step) {
+    std::vector<Link *> links;
+    for (Link *link : node.Links())
+        if (IsSelectable(*link) && (links.empty() || links.back() != link)) links.push_back(link);
+    if (links.empty()) return nullptr;
+    const auto at = std::ranges::find(links, from);
+    if (at == links.end()) return step > 0 ? links.front() : links.back();
+    const auto count = std::ssize(links);
+    return links[size_t((at - links.begin() + step + count) % count)];
+}
+
+Node &EndTowards(const Link &link, const QPointF &direction) {
+    const QPointF along = ToQPointF(link.Way().back()) - ToQPointF(link.Way().front());
+    return QPointF::dotProduct(along, direction) < 0 ? link.Source() : link.Destination();
 }
 
 } // namespace diagram

@@ -5,6 +5,7 @@
 
 namespace diagram {
 
+class Link;
 class Node;
 class Surface;
 struct KeyInput;
@@ -21,5 +22,11 @@ Node *NearestNode(const Node &from);
 // along a link. Without a node to start from Tab begins at the ends. Null when nothing lies that way, and for
 // other keys.
 Node *NodeByKey(const Surface &surface, const Node *from, const KeyInput &input);
+
+// The visible, selectable link of the node that follows `from` (step 1) or goes before it (step -1), round
+// again behind the last; the first or last when `from` is null or no link of it. Null when it has none.
+Link *NextLinkOf(const Node &node, const Link *from, int step);
+// The node at that end of the link which lies further in the direction.
+Node &EndTowards(const Link &link, const QPointF &direction);
 
 } // namespace diagram

@@ -14,6 +14,7 @@ QRectF Overlay::Bounds() const {
     QRectF all = band | sizeUnder;
     if (!ghost.isEmpty()) all |= ghost.controlPointRect();
     if (!ghostLinks.isEmpty()) all |= BoxOf(ghostLinks);
+    if (grip) all |= BoxOf(QLineF(*grip, *grip));
     if (!target.isEmpty()) all |= target.controlPointRect();
     if (!line.isEmpty()) all |= BoxOf(line);
     for (const QLineF &guide : guides) all |= BoxOf(guide);

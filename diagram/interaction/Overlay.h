@@ -3,6 +3,7 @@
 
 #include "diagram/model/Item.h"
 
+#include <optional>
 #include <QLineF>
 #include <QPainterPath>
 #include <QPointF>
@@ -22,6 +23,7 @@ struct Overlay {
     QPainterPath line;               // a link that is being dragged
     bool arrow = false;              // it has a head at its last point
     ItemId loose = kNoItem;          // a link one of whose ends is being dragged
+    std::optional<QPointF> grip;     // a bend that the keys move
     QPainterPath target;             // outline of the node that the link would join
     std::vector<QPointF> linkStarts; // the places from where a link can be dragged
     int litLinkStart = -1;           // the one that the pointer is on
@@ -34,7 +36,7 @@ struct Overlay {
     // Holds everything but the size's text.
     QRectF Bounds() const;
     bool IsEmpty() const {
-        return size.isEmpty() && line.isEmpty() && linkStarts.empty() && Bounds().isNull();
+        return size.isEmpty() && !grip && line.isEmpty() && linkStarts.empty() && Bounds().isNull();
     }
 };
 

@@ -9,6 +9,9 @@ namespace diagram {
 
 class Surface;
 
+// How far an arrow key moves things: a pixel at zoom 100, in twips.
+constexpr double kPixelTwips = 15;
+
 // Whether positions snap now: the surface snaps and Alt isn't held.
 bool Snaps(const Surface &surface, const PointerInput &input);
 // The nearest line of the grid.

@@ -18,7 +18,8 @@ constexpr double kSizeBeside = 12; // pixels from a side to the line that measur
 constexpr int kSizePadding = 4;
 constexpr double kArrowLength = 10, kArrowHalfWidth = 4;
 constexpr double kLinkStart = 4, kLitLinkStart = 7; // radius
-constexpr int kGlow = 32, kStrongGlow = 48;         // alpha
+constexpr double kGripRing = 9;
+constexpr int kGlow = 32, kStrongGlow = 48; // alpha
 constexpr int kCover = 215;
 constexpr QMargins kBandFrame(2, 2, 2, 2); // what it may cover beside the band's own pixels
 constexpr int kShade = 20;
@@ -128,6 +129,15 @@ void PaintLinkStarts(QPainter &painter, const Overlay &overlay, const Viewport &
     }
 }
 
+void PaintGrip(QPainter &painter, const QPointF &place, const OverlayLook &look) {
+    painter.setPen(QPen(look.accent, 1.5));
+    painter.setBrush(Faded(look.accent, kStrongGlow));
+    painter.drawEllipse(place, kGripRing, kGripRing);
+    painter.setPen(QPen(look.onAccent, 1));
+    painter.setBrush(look.accent);
+    painter.drawEllipse(place, kLinkStart, kLinkStart);
+}
+
 void PaintMeasured(QPainter &painter, const QLineF &line) {
     painter.drawLine(line);
     QLineF across = line.normalVector();
@@ -170,6 +180,7 @@ void PaintOverlay(QPainter &painter, const Overlay &overlay, const Surface &surf
     PaintBand(painter, overlay, viewport, look);
     PaintGhost(painter, overlay, toPixels, look);
     PaintLine(painter, overlay, toPixels, look);
+    if (overlay.grip) PaintGrip(painter, toPixels.map(*overlay.grip), look);
     PaintLinkStarts(painter, overlay, viewport, look);
     PaintGuides(painter, overlay, toPixels, look);
     PaintSize(painter, overlay, viewport, look);

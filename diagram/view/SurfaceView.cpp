@@ -106,6 +106,8 @@ bool SurfaceView::BeginLink(bool backwards) {
     return impl_->BeginLink(backwards ? LinkSide::Source : LinkSide::Destination);
 }
 
+bool SurfaceView::BeginBend() { return impl_->BeginBend(); }
+
 Attention SurfaceView::LooksAt() const { return impl_->interaction.LooksAt(); }
 
 Item *SurfaceView::FocusedItem() const {

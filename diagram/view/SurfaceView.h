@@ -88,6 +88,8 @@ public:
     // Lets the keys find the node to which the selected node is linked, or the selected link leads; with
     // `backwards` the one from which. False when nothing is selected or a gesture goes on.
     bool BeginLink(bool backwards = false);
+    // Lets the keys bend the selected link; false when none is selected or a gesture goes on.
+    bool BeginBend();
     // The item that a user who works with the keys is at; null for none.
     Item *FocusedItem() const;
     // What keys that lead a gesture are at.

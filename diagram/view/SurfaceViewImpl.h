@@ -47,6 +47,7 @@ public:
     void KeyRelease(QKeyEvent *event);
     void TypeByInputMethod(QInputMethodEvent *event);
     bool BeginLink(LinkSide loose);
+    bool BeginBend();
     // Of a node that was resized by keys.
     void HideSize();
     void AutoScroll();
@@ -119,7 +120,8 @@ private:
     bool RunKey(QKeyEvent *event);
     // The same while keys lead a gesture.
     bool LeadByKey(QKeyEvent *event);
-    bool LinkKey(QKeyEvent *event);
+    bool Begin(std::unique_ptr<Gesture> gesture);
+    bool LinkKey(const KeyInput &input);
     bool ArrowKey(const KeyInput &input);
     bool Resize(const QPointF &growth);
     bool Tab(const KeyInput &input);
@@ -127,8 +129,13 @@ private:
     void FollowModifier(int key, Qt::KeyboardModifiers modifiers);
     bool AddLinked();
     bool GoTowards(const QPointF &direction, const KeyInput &input);
-    // Selects the node alone and brings it into sight; false for none.
-    bool GoTo(Node *node);
+    // Selects the item alone and brings it into sight; false for none.
+    bool GoTo(Item *item);
+    // Takes the node into the selection, or goes back to it along what is selected; false for none.
+    bool ReachTo(Node *node);
+    bool GoAlongLinks(int step);
+    // The selected node, or that around which the keys go from link to link; null for none.
+    Node *Anchor() const;
     bool TypeByKey(QKeyEvent *event);
     QString TipAt(const QPointF &at);
     void StartOrStopAutoScroll();
@@ -149,6 +156,7 @@ private:
     QPointF pointer_; // pixels of the viewport
     Qt::KeyboardModifiers modifiers_;
     QPointF direction_{1, 0};               // in which the user went last
+    ItemId around_ = kNoItem;               // the node whose links the keys go through
     Qt::MouseButton button_ = Qt::NoButton; // that the gesture began with
     bool flushAsked_ = false;
     bool gestureOutdated_ = false;

@@ -1,10 +1,12 @@
 // What the keys do on a surface.
 #include "diagram/interaction/AddLinked.h"
+#include "diagram/interaction/BendByKeys.h"
 #include "diagram/interaction/LinkByKeys.h"
 #include "diagram/interaction/MoveNodes.h"
 #include "diagram/interaction/Neighbours.h"
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/Selecting.h"
+#include "diagram/interaction/Snap.h"
 #include "diagram/view/KeyCodes.h"
 #include "diagram/view/SurfaceViewImpl.h"
 
@@ -15,8 +17,6 @@
 namespace diagram {
 
 namespace {
-
-constexpr double kPixelStep = 15; // twips that an arrow key moves
 
 // Without a listener nobody asks the user whether to delete.
 bool NobodyListens(const Surface &surface) {
@@ -48,13 +48,24 @@ bool SurfaceView::Impl::LeadByKey(QKeyEvent *event) {
     return true;
 }
 
-bool SurfaceView::Impl::BeginLink(LinkSide loose) {
-    DropOutdatedGesture();
-    if (interaction.IsActive() || editor) return false;
-    if (!interaction.Begin(BeginLinkByKeys(scene, *this, loose, direction_))) return false;
+bool SurfaceView::Impl::Begin(std::unique_ptr<Gesture> gesture) {
+    if (editor || !interaction.Begin(std::move(gesture))) return false;
     Tell(interaction.WhatNow());
     AfterInput();
     return true;
+}
+
+bool SurfaceView::Impl::BeginLink(LinkSide loose) {
+    DropOutdatedGesture();
+    if (interaction.IsActive()) return false;
+    return Begin(BeginLinkByKeys(scene, *this, loose, direction_));
+}
+
+bool SurfaceView::Impl::BeginBend() {
+    DropOutdatedGesture();
+    Link *link = surface.SelectedLink();
+    if (interaction.IsActive() || !link || link->Hidden()) return false;
+    return Begin(std::make_unique<BendByKeys>(surface, *this, *link));
 }
 
 void SurfaceView::Impl::KeyRelease(QKeyEvent *event) {
@@ -85,25 +96,29 @@ bool SurfaceView::Impl::RunKey(QKeyEvent *event) {
         return true;
     case Qt::Key_Insert:
         return !(event->modifiers() & ~Qt::KeypadModifier) && AddLinked();
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return GoAlongLinks(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
         return Tab({event->key(), event->modifiers()});
     default:
-        return LinkKey(event) || ArrowKey({event->key(), event->modifiers()}) || TypeByKey(event);
+        return LinkKey({event->key(), event->modifiers()}) || ArrowKey({event->key(), event->modifiers()}) ||
+               TypeByKey(event);
     }
 }
 
-bool SurfaceView::Impl::LinkKey(QKeyEvent *event) {
-    const KeyInput input{event->key(), event->modifiers()};
-    if (input.key != Qt::Key_L || !input.Ctrl() || input.Alt()) return false;
-    return BeginLink(input.Shift() ? LinkSide::Source : LinkSide::Destination);
+bool SurfaceView::Impl::LinkKey(const KeyInput &input) {
+    if (!input.Ctrl() || input.Alt()) return false;
+    if (input.key == Qt::Key_L) return BeginLink(input.Shift() ? LinkSide::Source : LinkSide::Destination);
+    return input.key == Qt::Key_B && input.Shift() && BeginBend();
 }
 
 bool SurfaceView::Impl::ArrowKey(const KeyInput &input) {
     const QPointF direction = input.Arrow();
     if (direction.isNull() || interaction.IsActive()) return false;
     if (input.Ctrl()) return GoTowards(direction, input);
-    const double step = input.Shift() ? surface.GridSize() : kPixelStep;
+    const double step = input.Shift() ? surface.GridSize() : kPixelTwips;
     if (input.Alt()) return Resize(direction * step);
     if (!MoveSelection(surface, direction * step)) {
         const int pixels = view.verticalScrollBar()->singleStep();
@@ -137,16 +152,43 @@ bool SurfaceView::Impl::AddLinked() {
     return true;
 }
 
-bool SurfaceView::Impl::GoTowards(const QPointF &direction, const KeyInput &input) {
-    const Node *from = surface.SelectedNode();
-    if (!from) return false;
-    direction_ = direction;
-    return GoTo(NodeByKey(surface, from, input));
+Node *SurfaceView::Impl::Anchor() const {
+    const Link *link = surface.SelectedLink();
+    if (Node *node = surface.SelectedNode(); node || !link) return node;
+    return link->Destination().Id() == around_ ? &link->Destination() : &link->Source();
 }
 
-bool SurfaceView::Impl::GoTo(Node *node) {
-    if (!node) return false;
-    SelectOnly(*node);
+bool SurfaceView::Impl::GoTowards(const QPointF &direction, const KeyInput &input) {
+    const Node *from = surface.SelectedNode();
+    const Link *link = surface.SelectedLink();
+    if (!from && !link) return false;
+    direction_ = direction;
+    if (!from) return GoTo(&EndTowards(*link, direction));
+    Node *to = NodeByKey(surface, from, input);
+    return input.Shift() ? ReachTo(to) : GoTo(to);
+}
+
+bool SurfaceView::Impl::GoAlongLinks(int step) {
+    const Node *node = Anchor();
+    if (!node || interaction.IsActive()) return false;
+    around_ = node->Id();
+    return GoTo(NextLinkOf(*node, surface.SelectedLink(), step));
+}
+
+bool SurfaceView::Impl::GoTo(Item *item) {
+    if (!item) return false;
+    SelectOnly(*item);
+    view.EnsureVisible(scene.Bounds(*item));
+    return true;
+}
+
+bool SurfaceView::Impl::ReachTo(Node *node) {
+    Node *from = surface.SelectedNode();
+    if (!node || !from) return false;
+    if (node->Selected())
+        ToggleSelected(*from);
+    else
+        SelectToo(*node);
     view.EnsureVisible(node->Bounds());
     return true;
 }
@@ -167,7 +209,7 @@ void SurfaceView::Impl::TypeByInputMethod(QInputMethodEvent *event) {
 }
 
 bool SurfaceView::Impl::Tab(const KeyInput &input) {
-    return GoTo(NodeByKey(surface, surface.SelectedNode(), input)) ||
+    return GoTo(NodeByKey(surface, Anchor(), input)) ||
            view.QAbstractScrollArea::focusNextPrevChild(input.Tab() > 0);
 }
 

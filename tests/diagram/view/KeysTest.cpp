@@ -55,6 +55,69 @@ TEST_F(Keys, CtrlAltArrow_GoesAlongLinks) {
     EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{&d});
 }
 
+TEST_F(Keys, Enter_GoesThroughTheLinksOfTheNode) {
+    Link &out = AddLink(a, b);
+    Link &in = AddLink(c, a);
+    Link &hidden = AddLink(a, c);
+    AddLink(b, c);
+    Link &loop = AddLink(a, a);
+    hidden.SetHidden(true);
+    a.SetSelected(true);
+    Settle();
+    for (Link *expected : {&out, &in, &loop, &out}) {
+        Key(Qt::Key_Return);
+        EXPECT_EQ(surface.SelectedLinks(), std::vector<Link *>{expected});
+        EXPECT_TRUE(surface.SelectedNodes().empty());
+    }
+    Key(Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedLink(), &loop);
+    Key(Qt::Key_Enter, Qt::KeypadModifier | Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedLink(), &in);
+    EXPECT_EQ(events.Count("AfterSelect"), 6);
+    EXPECT_FALSE(surface.CanUndo());
+}
+
+TEST_F(Keys, Enter_OnALinkGoesOnAroundItsSource) {
+    AddLink(a, b).SetSelected(true);
+    Link &next = AddLink(c, a);
+    Settle();
+    Key(Qt::Key_Return);
+    EXPECT_EQ(surface.SelectedLink(), &next);
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(surface.SelectedNode(), &b) << "the one after a, round which the keys went";
+    surface.UnselectAll();
+    EXPECT_NO_THROW(Key(Qt::Key_Return));
+    EXPECT_TRUE(surface.SelectedLinks().empty());
+}
+
+TEST_F(Keys, CtrlArrow_OnALinkGoesToItsEnd) {
+    Link &link = AddLink(a, b);
+    for (const auto &[key, end] : {std::pair(Qt::Key_Right, &b), std::pair(Qt::Key_Left, &a)}) {
+        surface.UnselectAll();
+        link.SetSelected(true);
+        Settle();
+        Key(key, Qt::ControlModifier);
+        EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{end});
+        EXPECT_TRUE(surface.SelectedLinks().empty());
+    }
+}
+
+TEST_F(Keys, CtrlShiftArrow_ReachesOutAndGoesBack) {
+    Node &d = AddNode("d", 450, 60);
+    a.SetSelected(true);
+    Settle();
+    Key(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    Key(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNodes(), (std::vector<Node *>{&a, &b, &d}));
+    Key(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNodes().size(), 3U) << "nothing lies there";
+    Key(Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(surface.SelectedNodes(), (std::vector<Node *>{&a, &b}));
+    EXPECT_EQ(surface.SelectedNode(), &b);
+    EXPECT_EQ(events.Count("AfterSelect"), 3);
+    EXPECT_FALSE(surface.CanUndo());
+}
+
 TEST_F(Keys, Delete_OnlyTellsTheListener) {
     a.SetSelected(true);
     Key(Qt::Key_Delete);

@@ -70,11 +70,27 @@ void Resize(Film &film) {
     film.Shoot("Alt let go");
 }
 
+void Bend(Film &film) {
+    Node &a = film.Add(40, 60, 120, 70, "Market");
+    Node &b = film.Add(400, 220, 120, 70, "Product");
+    film.Join(a, b);
+    a.SetSelected(true);
+    Press(film, Qt::Key_Return, {}, "Enter goes to the link");
+    Press(film, Qt::Key_B, kCtrlShift, "Ctrl+Shift+B");
+    for (int i = 0; i < 6; ++i) film.Hand().Key(Qt::Key_Up, Qt::ShiftModifier);
+    film.Shoot("Shift+up six times");
+    Press(film, Qt::Key_Tab, {}, "Tab");
+    for (int i = 0; i < 4; ++i) film.Hand().Key(Qt::Key_Right, Qt::ShiftModifier);
+    film.Shoot("Shift+right four times");
+    Press(film, Qt::Key_Return, {}, "Enter");
+}
+
 constexpr Scene kScenes[] = {
     {"60-keys-link", LinkNodes, true},
     {"61-keys-link-two", LinkTwo, false},
     {"62-keys-link-end", MoveEnd, false},
     {"63-keys-resize", Resize, false},
+    {"64-keys-bend", Bend, true},
 };
 
 } // namespace
