@@ -100,6 +100,34 @@ void Resize(Hand &hand, SurfaceView &view) {
     Drag(hand, view, from, 1);
 }
 
+diagram::Link &LinkInSight(SurfaceView &view) {
+    const QRectF seen(view.ToSurface(QPointF()), view.ToSurface(view.viewport()->rect().bottomRight()));
+    for (const auto &link : view.Model().Links())
+        if (seen.contains(link->Source().Bounds()) && seen.contains(link->Destination().Bounds()))
+            return *link;
+    throw std::runtime_error("a link is in sight");
+}
+
+// The line goes round the nodes at each step.
+void DragLinkEnd(Hand &hand, SurfaceView &view) {
+    constexpr int kHvhvh = 9;
+    diagram::Link &link = LinkInSight(view);
+    const int style = link.Style();
+    link.SetStyle(kHvhvh);
+    link.SetSelected(true);
+    Settle(view);
+    const QPoint from = view.FromSurface(diagram::ToQPointF(link.Way().back())).toPoint();
+    const QRect all = view.viewport()->rect().adjusted(20, 20, -20, -20);
+    hand.Press(from);
+    Sweep(hand, from, all.topLeft(), 60);
+    Sweep(hand, all.topLeft(), all.bottomRight(), 120);
+    Require(view.viewport()->cursor().shape() == Qt::CrossCursor, "the end of the link is dragged");
+    hand.Key(Qt::Key_Escape);
+    hand.Release(from);
+    view.Model().UnselectAll();
+    link.SetStyle(style);
+}
+
 void Type(Hand &hand, SurfaceView &view) {
     MiddleNode(view).SetSelected(true);
     Settle(view);
@@ -119,11 +147,12 @@ struct Gesture {
     const char *name;
     void (*run)(Hand &, SurfaceView &);
 };
-constexpr std::array<Gesture, 7> kGestures{{{"rubber band", RubberBand},
+constexpr std::array<Gesture, 8> kGestures{{{"rubber band", RubberBand},
                                             {"hover", Hover},
                                             {"drag of one node", DragOne},
                                             {"drag of all in sight", DragAll},
                                             {"resize", Resize},
+                                            {"drag of a link's end", DragLinkEnd},
                                             {"typing", Type},
                                             {"Ctrl-wheel zoom", Zoom}}};
 

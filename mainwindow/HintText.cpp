@@ -12,6 +12,8 @@ struct HintRow {
 constexpr HintRow kRows[] = {
     {diagram::Hint::LinkNeedsNode, "A @LINK starts and ends at a @NODE."},
     {diagram::Hint::TextTooLong, "The text is too long to be edited in place."},
+    {diagram::Hint::SelectFirst, "Select a @NODE or a @LINK first."},
+    {diagram::Hint::SelectLink, "Select a @LINK first."},
     {diagram::Hint::DragDrawsLink, "Drag to another @NODE to link it."},
     {diagram::Hint::DragResizes, "Drag to resize. Shift keeps the proportions, Alt turns snapping off."},
     {diagram::Hint::DragMovesBend, "Drag to move the bend. A double click takes it away."},

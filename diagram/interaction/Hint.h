@@ -7,6 +7,8 @@ enum class Hint : unsigned char {
     Nothing,       // what was told is over
     LinkNeedsNode, // a link was dropped where there is no node
     TextTooLong,   // for editing in place
+    SelectFirst,   // a node or a link, before it is linked
+    SelectLink,    // before it is bent
     // What a drag from where the pointer is would do.
     DragDrawsLink,
     DragResizes,

@@ -58,14 +58,17 @@ bool SurfaceView::Impl::Begin(std::unique_ptr<Gesture> gesture) {
 bool SurfaceView::Impl::BeginLink(LinkSide loose) {
     DropOutdatedGesture();
     if (interaction.IsActive()) return false;
-    return Begin(BeginLinkByKeys(scene, *this, loose, direction_));
+    if (Begin(BeginLinkByKeys(scene, *this, loose, direction_))) return true;
+    Tell(Hint::SelectFirst);
+    return false;
 }
 
 bool SurfaceView::Impl::BeginBend() {
     DropOutdatedGesture();
+    if (interaction.IsActive()) return false;
     Link *link = surface.SelectedLink();
-    if (interaction.IsActive() || !link || link->Hidden()) return false;
-    return Begin(std::make_unique<BendByKeys>(surface, *this, *link));
+    if (!link) Tell(Hint::SelectLink);
+    return link && Begin(std::make_unique<BendByKeys>(surface, *this, *link));
 }
 
 void SurfaceView::Impl::KeyRelease(QKeyEvent *event) {

@@ -135,12 +135,14 @@ TEST_F(BendByKeys, NothingDone_IsNoStep) {
     EXPECT_EQ(events.Count("AfterStretch"), 0);
 }
 
-TEST_F(BendByKeys, WithoutASelectedLink_DoesNothing) {
+TEST_F(BendByKeys, WithoutASelectedLink_SaysWhatIsMissing) {
     surface.UnselectAll();
     a.SetSelected(true);
+    QSignalSpy hints(view.get(), &SurfaceView::HintShown);
     Begin();
-    EXPECT_FALSE(view->BeginBend());
     EXPECT_FALSE(view->CancelGesture());
+    EXPECT_FALSE(view->BeginBend());
+    EXPECT_EQ(hints.last()[0].value<Hint>(), Hint::SelectLink);
 }
 
 TEST_F(BendByKeys, LinkRemovedMeanwhile_EndsIt) {

@@ -168,12 +168,12 @@ TEST_F(LinkByKeys, OnlyNode_GivesALoop) {
     EXPECT_EQ(&Made()->Destination(), &a);
 }
 
-TEST_F(LinkByKeys, WithoutASelection_DoesNothing) {
+TEST_F(LinkByKeys, WithoutASelection_SaysWhatIsMissing) {
     surface.UnselectAll();
     Begin();
     EXPECT_FALSE(view->CancelGesture());
-    EXPECT_EQ(hints.count(), 0);
     EXPECT_FALSE(view->BeginLink());
+    EXPECT_EQ(LastHint(), Hint::SelectFirst);
 }
 
 TEST_F(LinkByKeys, HiddenAndUnselectableNodes_AreNoCandidates) {
