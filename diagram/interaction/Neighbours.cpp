@@ -12,6 +12,9 @@ namespace diagram {
 
 namespace {
 
+// How much farther than straight on a way to the side is, to nodes that lie level with the first and others.
+constexpr double kAside = 2, kBesideIt = 4;
+
 // Keeps the nearest of the candidates that it is shown.
 class Nearest {
 public:
@@ -22,14 +25,22 @@ public:
         const QPointF way = node.Bounds().center() - from_.Bounds().center();
         const double ahead = QPointF::dotProduct(way, direction_);
         const double aside = std::abs(way.x() * direction_.y() - way.y() * direction_.x());
-        const double distance = ahead + 2 * aside;
-        if (ahead <= 0 || aside > 2 * ahead || distance >= distance_) return;
+        const bool level = IsLevel(node.Bounds());
+        const double distance = ahead + (level ? kAside : kBesideIt) * aside;
+        if (ahead <= 0 || (!level && aside > 2 * ahead) || distance >= distance_) return;
         distance_ = distance;
         found_ = &node;
     }
     Node *Found() const { return found_; }
 
 private:
+    // Whether a straight line in the direction leads from the one to the other.
+    bool IsLevel(const QRectF &box) const {
+        const QRectF from = from_.Bounds();
+        return direction_.x() != 0 ? box.top() < from.bottom() && from.top() < box.bottom()
+                                   : box.left() < from.right() && from.left() < box.right();
+    }
+
     const Node &from_;
     QPointF direction_;
     double distance_ = std::numeric_limits<double>::infinity();
