@@ -19,10 +19,12 @@ bool IsBefore(const QRectF &a, const QRectF &b) {
     return a.height() < b.height();
 }
 
-void SortOut(std::vector<QRectF> &boxes) {
-    if (boxes.size() < 2) return;
-    std::ranges::sort(boxes, IsBefore);
-    boxes.erase(std::unique(boxes.begin(), boxes.end()), boxes.end());
+// Puts the box in its place; false when it is there.
+bool AddTo(std::vector<QRectF> &sorted, const QRectF &box) {
+    const auto place = std::ranges::lower_bound(sorted, box, IsBefore);
+    if (place != sorted.end() && !IsBefore(box, *place)) return false;
+    sorted.insert(place, box);
+    return true;
 }
 
 bool IsUnderHead(const RouteEnd &end, const QPointF &tip, const QPointF &bend) {
@@ -36,10 +38,9 @@ bool HidesBend(const RouteRequest &request, const Track &track) {
 
 // Adds what isn't known yet; false when there is nothing of that.
 bool Learn(const std::vector<QRectF> &boxes, std::vector<QRectF> &known) {
-    const std::size_t before = known.size();
-    known.insert(known.end(), boxes.begin(), boxes.end());
-    SortOut(known);
-    return known.size() > before;
+    bool any = false;
+    for (const QRectF &box : boxes) any |= AddTo(known, box);
+    return any;
 }
 
 // The ways of all links between the two nodes, as lanes beside those that one alone would take.
@@ -139,7 +140,8 @@ private:
                     return false;
             }
         }
-        return CountMet(request_, track, 0, met_) <= met_;
+        // One box more or less is nothing to a way that runs through so many.
+        return met_ > kFew || CountMet(request_, track, 0, met_) <= met_;
     }
 
     const RouteRequest &request_;
@@ -160,9 +162,8 @@ std::vector<QRectF> BoxesMet(const RouteRequest &request, const Track &track, do
         near.clear();
         request.obstacles->In(Neighbourhood(from, to, nearness), near);
         for (const QRectF &box : near)
-            if (Meets(box, from, to, nearness)) met.push_back(box);
+            if (Meets(box, from, to, nearness)) AddTo(met, box);
     }
-    SortOut(met);
     return met;
 }
 
@@ -194,8 +195,9 @@ Coordinates LanesAround(const RouteRequest &request, std::string_view directions
     if (known.empty() && !hides) return preferred;
     Coordinates best = preferred;
     std::size_t fewest = CountMet(request, track, 0);
+    SearchBound bound;
     for (int round = 0; round < kMostRounds && known.size() <= kMostBoxes; ++round) {
-        const Coordinates lanes = SearchLanes(request, directions, preferred, known);
+        const Coordinates lanes = SearchLanes(request, directions, preferred, known, bound);
         track = TrackOf(request, directions, lanes);
         const std::size_t met = CountMet(request, track, 0, fewest);
         if (met < fewest || met == 0 || (hides && met == fewest)) best = lanes, fewest = met;

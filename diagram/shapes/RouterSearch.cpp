@@ -42,11 +42,17 @@ public:
     }
 
     // While there is a short way, or one that runs into little, costlier ones needn't be followed.
-    Coordinates Run() {
+    Coordinates Run(SearchBound &bound) {
         const double least = Least();
-        for (const double most : {least + kDetours[0], least + kDetours[1], least + kDetours[2], kThrough,
-                                  2 * kThrough, 4 * kThrough, kNever}) {
-            most_ = most;
+        const std::array<double, 7> bounds{least + kDetours[0],
+                                           least + kDetours[1],
+                                           least + kDetours[2],
+                                           kThrough,
+                                           2 * kThrough,
+                                           4 * kThrough,
+                                           kNever};
+        for (; bound.tried < bounds.size(); ++bound.tried) {
+            most_ = bounds[bound.tried];
             layers_.clear();
             Start();
             for (std::size_t i = 1; i + 1 < directions_.size(); ++i) Continue(i);
@@ -265,8 +271,8 @@ private:
 } // namespace
 
 Coordinates SearchLanes(const RouteRequest &request, std::string_view directions,
-                        const Coordinates &preferred, std::span<const QRectF> obstacles) {
-    return Search(request, directions, preferred, obstacles).Run();
+                        const Coordinates &preferred, std::span<const QRectF> obstacles, SearchBound &bound) {
+    return Search(request, directions, preferred, obstacles).Run(bound);
 }
 
 } // namespace diagram

@@ -7,6 +7,12 @@
 
 namespace diagram {
 
+// How much the ways of former searches cost: what found nothing isn't tried again. Searches among ever more
+// obstacles for the same ends share one; the lanes found don't depend on it.
+struct SearchBound {
+    std::size_t tried = 0; // bounds, from below, that gave no way
+};
+
 // The lanes of least cost among those of a RouteGrid: fewest boxes run through; then no bend under an arrow
 // head; then short, clear of boxes and near to the lanes preferred.
 //
@@ -16,6 +22,6 @@ namespace diagram {
 // way as cheap as the one sought is left are given up. (Fixed sequences make a
 // layered graph of the visibility grid of Wybrow, Marriott and Stuckey, Orthogonal Connector Routing, 2009.)
 Coordinates SearchLanes(const RouteRequest &request, std::string_view directions,
-                        const Coordinates &preferred, std::span<const QRectF> obstacles);
+                        const Coordinates &preferred, std::span<const QRectF> obstacles, SearchBound &bound);
 
 } // namespace diagram

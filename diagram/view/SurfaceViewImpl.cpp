@@ -13,7 +13,7 @@ namespace diagram {
 namespace {
 
 constexpr double kPixelBias = 1e-5;
-constexpr int kMovingBudget = 5;   // milliseconds of a frame for painting what has come into sight
+constexpr int kMovingBudget = 4;   // milliseconds of a frame for painting what has come into sight
 constexpr int kRestingBudget = 12; // the same when nothing moves
 constexpr int kBandItems = 150;    // about as many are painted between two looks at the clock
 constexpr int kLeastBandRows = 12;
