@@ -77,37 +77,53 @@ void Merge(std::vector<double> lanes, const std::vector<double> &edges, std::vec
     for (std::size_t i = 0; i < all.size(); ++i) isEdge[i] = std::ranges::binary_search(edges, all[i]);
 }
 
+RingLanes::Range RangeIn(const Span &span, const std::vector<double> &lanes) {
+    return {std::size_t(std::ranges::upper_bound(lanes, span.low) - lanes.begin()),
+            std::size_t(std::ranges::lower_bound(lanes, span.high) - lanes.begin())};
+}
+
+BoxLanes LanesIn(const QRectF &box, const std::vector<double> &xs, const std::vector<double> &ys) {
+    BoxLanes lanes;
+    for (std::size_t i = 0; i < kNear.size(); ++i) {
+        const double by = kNear[i].distance;
+        const QRectF ring = box.adjusted(-by, -by, by, by);
+        lanes[i] = {RangeIn(SpanOf(ring, true), xs), RangeIn(SpanOf(ring, false), ys)};
+    }
+    return lanes;
+}
+
 } // namespace
 
-LaneTable::LaneTable(const std::vector<double> &lanes, const std::vector<double> &stops, bool level,
-                     std::span<const QRectF> boxes)
-    : stops_(stops.size()), rising_(lanes.size() * stops.size()), falling_(rising_.size()) {
-    for (const QRectF &box : boxes) {
-        for (const auto &[by, cost] : kNear)
-            AddBox(lanes, stops, level, box.adjusted(-by, -by, by, by), cost);
-    }
-    for (std::size_t lane = 0; lane < lanes.size(); ++lane) {
-        double *rising = &rising_[lane * stops_], *falling = &falling_[lane * stops_];
-        double up = 0, down = 0;
-        for (std::size_t i = 0; i < stops_; ++i) {
-            rising[i] = stops[i] + (up += rising[i]);
-            falling[i] = stops[i] + (down += falling[i]);
-        }
+LaneTable::LaneTable(std::size_t lanes, const std::vector<double> &stops, bool level,
+                     const std::vector<BoxLanes> &boxes)
+    : stops_(stops),
+      level_(level),
+      boxes_(boxes),
+      known_(lanes),
+      costs_(std::make_unique_for_overwrite<double[]>(2 * lanes * stops.size())) {}
+
+// A box is entered between the last stop that isn't inside it and the first that is or lies behind it.
+void LaneTable::Enter(const BoxLanes &box, std::size_t lane, double *rising, double *falling) const {
+    for (std::size_t i = kNear.size(); i-- > 0;) {
+        const RingLanes::Range &across = level_ ? box[i].level : box[i].upright;
+        const RingLanes::Range &along = level_ ? box[i].upright : box[i].level;
+        if (!across.Holds(lane)) return;
+        if (along.first < stops_.size()) rising[along.first] += kNear[i].cost;
+        if (along.past < stops_.size()) falling[along.past] += kNear[i].cost;
     }
 }
 
-// A box is entered between the last stop that isn't inside it and the first that is or lies behind it.
-void LaneTable::AddBox(const std::vector<double> &lanes, const std::vector<double> &stops, bool level,
-                       const QRectF &box, double cost) {
-    const Span across = SpanOf(box, !level), along = SpanOf(box, level);
-    const auto first = std::ranges::upper_bound(stops, along.low) - stops.begin();
-    const auto last = std::ranges::lower_bound(stops, along.high) - stops.begin();
-    const auto from = std::ranges::upper_bound(lanes, across.low) - lanes.begin();
-    const auto to = std::ranges::lower_bound(lanes, across.high) - lanes.begin();
-    for (auto lane = std::size_t(from); lane < std::size_t(to); ++lane) {
-        if (std::size_t(first) < stops_) rising_[lane * stops_ + std::size_t(first)] += cost;
-        if (std::size_t(last) < stops_) falling_[lane * stops_ + std::size_t(last)] += cost;
+void LaneTable::Fill(std::size_t lane) const {
+    const std::size_t count = stops_.size();
+    double *rising = &costs_[2 * lane * count], *falling = rising + count;
+    std::fill(rising, falling + count, 0);
+    for (const BoxLanes &box : boxes_) Enter(box, lane, rising, falling);
+    double up = 0, down = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        rising[i] = stops_[i] + (up += rising[i]);
+        falling[i] = stops_[i] + (down += falling[i]);
     }
+    known_[lane] = true;
 }
 
 RouteGrid::RouteGrid(const RouteRequest &request, std::string_view directions, const Coordinates &preferred,
@@ -117,9 +133,9 @@ RouteGrid::RouteGrid(const RouteRequest &request, std::string_view directions, c
     boxes.push_back(request.destination.box);
     Merge(LanesOf(request, directions, preferred, boxes, false), EndEdges(request, false), xs_, xEdges_);
     Merge(LanesOf(request, directions, preferred, boxes, true), EndEdges(request, true), ys_, yEdges_);
-    tables_.reserve(2);
-    tables_.emplace_back(xs_, ys_, false, boxes);
-    tables_.emplace_back(ys_, xs_, true, boxes);
+    for (const QRectF &box : boxes) boxes_.push_back(LanesIn(box, xs_, ys_));
+    upright_.emplace(xs_.size(), ys_, false, boxes_);
+    level_.emplace(ys_.size(), xs_, true, boxes_);
 }
 
 std::size_t RouteGrid::Find(bool level, double value) const {

@@ -7,6 +7,8 @@
 
 #include "diagram/shapes/RouterLanes.h"
 
+#include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -34,28 +36,48 @@ inline std::size_t RingsBeyond(const Span &box, double at) {
     return rings;
 }
 
-// The lanes of one direction, with the other direction's lanes as the stops along each.
+// A box, or a ring round it, by the lanes of a grid that run through it: those from `first` on, but not from
+// `past` on, are inside of it. `past` is then the first that lies behind it.
+struct RingLanes {
+    struct Range {
+        std::size_t first, past;
+        bool Holds(std::size_t lane) const { return first <= lane && lane < past; }
+    };
+    Range upright, level;
+};
+// In the order of kNear, so that each lies in the one behind it.
+using BoxLanes = std::array<RingLanes, kNear.size()>;
+
+// The lanes of one direction, with the other direction's lanes as the stops along each. A lane costs work
+// when it is first asked for.
 class LaneTable {
 public:
-    // Lanes and stops ascend. `level`: the lanes are horizontal.
-    LaneTable(const std::vector<double> &lanes, const std::vector<double> &stops, bool level,
-              std::span<const QRectF> boxes);
+    // Stops ascend; they and the boxes must outlive the table. `level`: the lanes are horizontal.
+    LaneTable(std::size_t lanes, const std::vector<double> &stops, bool level,
+              const std::vector<BoxLanes> &boxes);
 
     // Numbers along a lane from which the cost between two of its stops follows: rising from a lower stop to
     // a higher one costs Rising[higher] - Rising[lower], falling Falling[higher] - Falling[lower]. Distance
     // is part of it.
-    const double *Rising(std::size_t lane) const { return &rising_[lane * stops_]; }
-    const double *Falling(std::size_t lane) const { return &falling_[lane * stops_]; }
+    const double *Rising(std::size_t lane) const { return Known(lane); }
+    const double *Falling(std::size_t lane) const { return Known(lane) + stops_.size(); }
     double Between(std::size_t lane, std::size_t from, std::size_t to) const {
         return from <= to ? Rising(lane)[to] - Rising(lane)[from] : Falling(lane)[from] - Falling(lane)[to];
     }
 
 private:
-    void AddBox(const std::vector<double> &lanes, const std::vector<double> &stops, bool level,
-                const QRectF &box, double cost);
+    const double *Known(std::size_t lane) const {
+        if (!known_[lane]) Fill(lane);
+        return &costs_[2 * lane * stops_.size()];
+    }
+    void Fill(std::size_t lane) const;
+    void Enter(const BoxLanes &box, std::size_t lane, double *rising, double *falling) const;
 
-    std::size_t stops_;
-    std::vector<double> rising_, falling_;
+    const std::vector<double> &stops_;
+    bool level_;
+    const std::vector<BoxLanes> &boxes_;
+    mutable std::vector<char> known_;         // the lanes that are filled
+    mutable std::unique_ptr<double[]> costs_; // a lane's numbers rising, then falling
 };
 
 class RouteGrid {
@@ -63,9 +85,11 @@ public:
     // The boxes of both ends count as obstacles too.
     RouteGrid(const RouteRequest &request, std::string_view directions, const Coordinates &preferred,
               std::span<const QRectF> obstacles);
+    RouteGrid(const RouteGrid &) = delete;
+    RouteGrid &operator=(const RouteGrid &) = delete;
 
     const std::vector<double> &Lanes(bool level) const { return level ? ys_ : xs_; }
-    const LaneTable &Table(bool level) const { return level ? tables_[1] : tables_[0]; }
+    const LaneTable &Table(bool level) const { return level ? *level_ : *upright_; }
     // False for the edges of the end boxes, which are stops only.
     bool IsLane(bool level, std::size_t lane) const { return !(level ? yEdges_ : xEdges_)[lane]; }
     std::size_t Find(bool level, double value) const; // of a lane or stop that is there
@@ -73,7 +97,8 @@ public:
 private:
     std::vector<double> xs_, ys_;
     std::vector<bool> xEdges_, yEdges_;
-    std::vector<LaneTable> tables_; // upright, level
+    std::vector<BoxLanes> boxes_;
+    std::optional<LaneTable> upright_, level_;
 };
 
 } // namespace diagram

@@ -210,11 +210,12 @@ private:
                 continue;
             }
             if (step - 1 <= last) least = std::min(least, come(step - 1));
+            if (!MayLie(segment + 1, here)) continue;
             // What is left never shrinks by more than the way behind grows.
             const double most =
                 most_ - deviation - along(step) - Left(segment, left_[Level(segment)][lane], left[here]);
             if (least >= most && step > last) return;
-            if (least >= most || !MayLie(segment + 1, here)) continue;
+            if (least >= most) continue;
             for (; passed < step && std::abs(stops[here] - stops[at(passed)]) >= kShort; ++passed)
                 if (passed <= last) far.Offer(come(passed), at(passed));
             BestStop best = far;
