@@ -8,6 +8,7 @@ namespace diagram {
 namespace {
 
 constexpr int kMostRounds = 16;
+constexpr int kBlockedRounds = 2;      // that are worth it for running into fewer boxes
 constexpr std::size_t kFew = 12;       // boxes that are told apart by comparing each with each
 constexpr std::size_t kMostBoxes = 64; // more aren't gone round at once
 constexpr double kRanksLookedAt[] = {-1, -0.5, 0, 0.5, 1}; // of links side by side, for all of them
@@ -196,11 +197,13 @@ Coordinates LanesAround(const RouteRequest &request, std::string_view directions
     Coordinates best = preferred;
     std::size_t fewest = CountMet(request, track, 0);
     SearchBound bound;
+    int blocked = 0; // rounds since there has been no free way
     for (int round = 0; round < kMostRounds && known.size() <= kMostBoxes; ++round) {
         const Coordinates lanes = SearchLanes(request, directions, preferred, known, bound);
         track = TrackOf(request, directions, lanes);
         const std::size_t met = CountMet(request, track, 0, fewest);
         if (met < fewest || met == 0 || (hides && met == fewest)) best = lanes, fewest = met;
+        if (bound.runsThrough && ++blocked > kBlockedRounds) break;
         if (!Learn(BoxesMet(request, track, kCareful), known)) break;
     }
     return best;

@@ -53,6 +53,7 @@ public:
                                            kNever};
         for (; bound.tried < bounds.size(); ++bound.tried) {
             most_ = bounds[bound.tried];
+            bound.runsThrough = most_ > kThrough;
             layers_.clear();
             Start();
             for (std::size_t i = 1; i + 1 < directions_.size(); ++i) Continue(i);

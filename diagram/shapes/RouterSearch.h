@@ -10,7 +10,8 @@ namespace diagram {
 // How much the ways of former searches cost: what found nothing isn't tried again. Searches among ever more
 // obstacles for the same ends share one; the lanes found don't depend on it.
 struct SearchBound {
-    std::size_t tried = 0; // bounds, from below, that gave no way
+    std::size_t tried = 0;    // bounds, from below, that gave no way
+    bool runsThrough = false; // no way is free of all boxes, nor will one be among more of them
 };
 
 // The lanes of least cost among those of a RouteGrid: fewest boxes run through; then no bend under an arrow
