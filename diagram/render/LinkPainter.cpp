@@ -135,7 +135,8 @@ QPainterPath WayWithJumps(Paint &paint, const Link &link, const std::vector<Cros
     return path;
 }
 
-void DrawStraight(Paint &paint, const LinkData &data, double width, QRgb colour) {
+// A curve may be level too, between two nodes in a row.
+void DrawRun(Paint &paint, const LinkData &data, bool curve, double width, QRgb colour) {
     const bool level = paint.frame.snap && IsLevel(paint.way);
     if (level && (data.drawStyle == 0 || data.drawStyle == kInsideLine)) {
         paint.pencil.Smooth(false); // else the painter doesn't see that these are whole pixels
@@ -143,7 +144,7 @@ void DrawStraight(Paint &paint, const LinkData &data, double width, QRgb colour)
     }
     paint.pencil.Smooth(true);
     paint.pencil.Line(colour, width, data.drawStyle);
-    DrawWay(paint, paint.way);
+    curve ? DrawCurve(paint, paint.way) : DrawWay(paint, paint.way);
 }
 
 void PaintLabel(Paint &paint, const Link &link) {
@@ -192,10 +193,7 @@ void DrawLine(Paint &paint, const Link &link, const Heads &heads, double width, 
     const double last = curve ? first : Distance(paint.way[count - 2], paint.way[count - 1]);
     CutStart(paint.way, std::min(Eaten(heads.source), first * 0.99));
     CutEnd(paint.way, std::min(Eaten(heads.destination), last * 0.99));
-    if (!curve) return DrawStraight(paint, data, width, colour);
-    paint.pencil.Smooth(true);
-    paint.pencil.Line(colour, width, data.drawStyle);
-    DrawCurve(paint, paint.way);
+    DrawRun(paint, data, curve, width, colour);
 }
 
 } // namespace

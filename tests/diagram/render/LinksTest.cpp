@@ -32,6 +32,17 @@ TEST(Links, LevelLine_IsOnePixelOfItsColour) {
     EXPECT_EQ(CountOf(image, QRect(42, 60, 117, 1), kRed), kBetween.width());
 }
 
+TEST(Links, LevelCurve_IsAsCrispAsALine) {
+    for (const int style : {0, 1, 14}) {
+        SCOPED_TRACE(style);
+        Painting painting;
+        Link &link = AddLink(painting);
+        link.SetStyle(style);
+        link.SetDrawWidth(3);
+        EXPECT_EQ(CountOf(painting.Paint(), QRect(50, 50, 1, 20), kRed), 3);
+    }
+}
+
 TEST(Links, HiddenAndTransparentOnes_AreNotPainted) {
     Painting painting;
     Link &link = AddLink(painting);
