@@ -53,6 +53,12 @@ QRect Marks::GlowAlong(const QPointF &from, const QPointF &to, int width) const 
 }
 
 bool Marks::AddGlow(const QPainterPath &path, double width, const QRectF &spared) {
+    const auto end = [&](int i) { return QPointF(path.elementAt(i)); };
+    if (path.elementCount() == 2 && spared.isEmpty() && !IsLevelOrUpright(end(0), end(1))) {
+        slanted_ << QLineF(end(0) * look_.ratio, end(1) * look_.ratio);
+        slantedWidth_ = width * look_.ratio;
+        return true;
+    }
     const int across = int(std::lround(width * look_.ratio));
     QRegion glow;
     std::optional<QPointF> from;
@@ -66,6 +72,15 @@ bool Marks::AddGlow(const QPainterPath &path, double width, const QRectF &spared
         glow -= QRect(look_.DevicePixel(spared.topLeft()), look_.DevicePixel(spared.bottomRight()));
     glows_.insert(glows_.end(), glow.begin(), glow.end());
     return true;
+}
+
+void Marks::PaintSlanted(QPainter &painter, const QColor &glow) const {
+    if (slanted_.isEmpty()) return;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(glow, slantedWidth_));
+    painter.drawLines(slanted_);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(Qt::NoPen);
 }
 
 void Marks::PaintKnobs(QPainter &painter) const {
@@ -87,6 +102,7 @@ void Marks::Paint(QPainter &painter, const QColor &glow) const {
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.scale(1 / look_.ratio, 1 / look_.ratio);
     painter.setPen(Qt::NoPen);
+    PaintSlanted(painter, glow);
     FillAll(painter, glows_, glow);
     FillAll(painter, frames_, frame_);
     PaintKnobs(painter);

@@ -3,6 +3,8 @@
 
 #include "diagram/view/OverlayLook.h"
 
+#include <QLineF>
+#include <QList>
 #include <QPainterPath>
 #include <QRect>
 #include <QRegion>
@@ -23,8 +25,8 @@ public:
     void AddHandle(const QPointF &middle, double side);
     // The same, round.
     void AddKnob(const QPointF &middle, double side) { knobs_.push_back(DevicePlace(middle, side)); }
-    // Along a path of level and upright lines only, leaving `spared` free. False for any other path, which
-    // is not added.
+    // Along one line, or a path of level and upright lines only, leaving `spared` free. False for any other
+    // path, and for a slanted line with something to spare: these are not added.
     bool AddGlow(const QPainterPath &path, double width, const QRectF &spared);
 
     // `glow` is the colour of the glows.
@@ -33,12 +35,15 @@ public:
 private:
     QRect DevicePlace(const QPointF &middle, double side) const;
     QRect GlowAlong(const QPointF &from, const QPointF &to, int width) const;
+    void PaintSlanted(QPainter &painter, const QColor &glow) const;
     void PaintKnobs(QPainter &painter) const;
 
     const OverlayLook &look_;
     QColor frame_;
     // All in device pixels.
     std::vector<QRect> glows_, frames_, handles_, handleInsides_, knobs_;
+    QList<QLineF> slanted_;
+    double slantedWidth_ = 0;
 };
 
 } // namespace diagram
