@@ -3,6 +3,9 @@
 #include "diagram/shapes/RouterGrid.h"
 #include "diagram/shapes/RouterSearch.h"
 
+#include <algorithm>
+#include <array>
+
 namespace diagram {
 
 namespace {

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <optional>
+#include <QImage>
 
 namespace diagram {
 
@@ -24,7 +25,7 @@ void FillAll(QPainter &painter, const std::vector<QRect> &rects, const QColor &c
 QRect Marks::DevicePlace(const QPointF &middle, double side) const {
     const int pixels = std::max(3, int(std::lround(side * look_.ratio)));
     QRect place(0, 0, pixels, pixels);
-    place.moveTopLeft(look_.DevicePixel(middle - QPointF(side, side) / 2 + QPointF(0.5, 0.5) / look_.ratio));
+    place.moveTopLeft(look_.DevicePixel(middle - QPointF(pixels - 1, pixels - 1) / (2 * look_.ratio)));
     return place;
 }
 

@@ -31,13 +31,6 @@ QColor Faded(QColor colour, int alpha) {
     return colour;
 }
 
-QRectF OverlayLook::Square(const QPointF &middle, double side) const {
-    const double device = std::max(3.0, std::round(side * ratio));
-    const double left = std::round(middle.x() * ratio - device / 2);
-    const double top = std::round(middle.y() * ratio - device / 2);
-    return {left / ratio, top / ratio, device / ratio, device / ratio};
-}
-
 QPen OverlayLook::Line(const QColor &colour, double pixels) const {
     return {colour, std::max(1.0, std::round(pixels * ratio)) / ratio};
 }

@@ -17,8 +17,6 @@ struct OverlayLook {
     QColor shade;    // over what doesn't belong to the surface
     double ratio;    // device pixels a pixel
 
-    // Pixels whose edges lie on device pixels: a square of about `side` around `middle`.
-    QRectF Square(const QPointF &middle, double side) const;
     // A line of `pixels` that is a whole number of device pixels wide.
     QPen Line(const QColor &colour, double pixels) const;
     // Put through the middle of a device pixel, so that a thin line on it is crisp.
