@@ -4,6 +4,7 @@
 #include "storage/Database.h"
 #include "support/AtomicFile.h"
 #include "support/Files.h"
+#include "tests/Paths.h"
 
 #include <gtest/gtest.h>
 #include <QDir>
@@ -16,7 +17,7 @@
 
 namespace {
 
-const QString kPlan = QStringLiteral(VELMORA_TEST_DATA "/jet/plan.mdb");
+const QString kPlan = tests::Data(QStringLiteral("jet/plan.mdb"));
 
 class CommandsTest : public ::testing::Test {
 protected:
@@ -161,7 +162,7 @@ TEST_F(CommandsTest, CheckTellsWhatIsWrong) {
     EXPECT_TRUE(out.contains(QStringLiteral("1 texts in Nodes where a number belongs")));
     EXPECT_TRUE(out.contains(QStringLiteral("1 slices with a picture that does not exist")));
     EXPECT_TRUE(out.contains(QStringLiteral("1 hyperlinks to a node that does not exist")));
-    EXPECT_EQ(Run({"check", QStringLiteral(VELMORA_TEST_DATA "/jet/notjet.mdb")}), cli::kFailed);
+    EXPECT_EQ(Run({"check", tests::Data(QStringLiteral("jet/notjet.mdb"))}), cli::kFailed);
     EXPECT_TRUE(err.contains(QStringLiteral("#3343")));
 }
 

@@ -1,6 +1,7 @@
 // A save that is ended from outside, at whatever moment, leaves a whole map behind.
 #include "document/MapSchema.h"
 #include "storage/Database.h"
+#include "tests/Paths.h"
 
 #include <gtest/gtest.h>
 #include <QDir>
@@ -32,7 +33,7 @@ int CountNodes(const QString &path) {
 // The program with an empty map beside it, in a folder of its own.
 QString CopyProgram(const QString &folder) {
     const QString program = folder + QStringLiteral("/velmora-cli");
-    EXPECT_TRUE(QFile::copy(QStringLiteral(VELMORA_BIN_DIR "/velmora-cli"), program));
+    EXPECT_TRUE(QFile::copy(tests::Program(QStringLiteral("velmora-cli")), program));
     document::WriteTemplate(folder + QStringLiteral("/template.tpl"), {}, {});
     return program;
 }

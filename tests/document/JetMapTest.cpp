@@ -4,6 +4,7 @@
 #include "support/AtomicFile.h"
 #include "support/Files.h"
 #include "tests/document/MapTest.h"
+#include "tests/Paths.h"
 
 #include <functional>
 #include <map>
@@ -134,8 +135,7 @@ void ExpectPicture(const std::vector<QJsonObject> &pictures, const QString &key,
 class JetMapTest : public MapTest, public ::testing::WithParamInterface<const char *> {
 protected:
     QString Source(const char *ending) const {
-        return QStringLiteral(VELMORA_TEST_DATA "/jet/%1%2")
-            .arg(QLatin1String(GetParam()), QLatin1String(ending));
+        return tests::Data(QStringLiteral("jet/%1%2")).arg(QLatin1String(GetParam()), QLatin1String(ending));
     }
     // A copy of the map in a folder of the test.
     QString Copy() {
@@ -251,7 +251,7 @@ class NotJetTest : public MapTest {};
 
 TEST_F(NotJetTest, BytesThatAreNoMapDontOpen) {
     const QString path = MapFile(QStringLiteral("notjet.mdb"));
-    support::CopyFileTo(QStringLiteral(VELMORA_TEST_DATA "/jet/notjet.mdb"), path);
+    support::CopyFileTo(tests::Data(QStringLiteral("jet/notjet.mdb")), path);
     const auto window = NewWindow();
     window->clsSettings().SetDatabase(path);
     EXPECT_EQ(ErrorOf([&] { DoLoad(*window); }).Number(), storage::kErrUnrecognizedFormat);

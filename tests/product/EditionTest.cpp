@@ -7,6 +7,7 @@
 #include "document/Tags.h"
 #include "support/Files.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/Paths.h"
 
 #include <gtest/gtest.h>
 #include <QFileInfo>
@@ -22,7 +23,7 @@ class Edition : public testing::Test {
 protected:
     void Build(const char *name) {
         support::SetProgramPath(folder_.path());
-        product::BuildEdition(QDir(QStringLiteral(VELMORA_SOURCE_DIR "/product/") + QLatin1String(name)),
+        product::BuildEdition(QDir(tests::Source(QStringLiteral("product/") + QLatin1String(name))),
                               QDir(folder_.path()));
         settings::LoadSettings();
     }

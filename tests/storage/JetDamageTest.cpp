@@ -1,6 +1,7 @@
 #include "storage/jet/JetFile.h"
 #include "storage/JetImport.h"
 #include "StorageFixture.h"
+#include "tests/Paths.h"
 
 #include <map>
 #include <QFileInfo>
@@ -17,7 +18,7 @@ constexpr int kDataRowsAt = 12;
 constexpr int kChainPiece = 4000;                    // bytes of a chained value on each page
 constexpr int kChainRowAt = kPage - 4 - kChainPiece; // where they start, behind the pointer to the next piece
 
-QString Data(const QString &name) { return QStringLiteral(VELMORA_TEST_DATA "/jet/") + name; }
+QString Data(const QString &name) { return tests::Data(QStringLiteral("jet/") + name); }
 
 quint32 Number32(const QByteArray &bytes, qsizetype at) {
     return qFromLittleEndian<quint32>(bytes.constData() + at);

@@ -2,6 +2,7 @@
 
 #include "storage/Fields.h"
 #include "StorageFixture.h"
+#include "tests/Paths.h"
 
 #include <map>
 #include <QCryptographicHash>
@@ -14,7 +15,7 @@ namespace storage::test {
 
 namespace {
 
-QString Data(const QString &name) { return QStringLiteral(VELMORA_TEST_DATA "/jet/") + name; }
+QString Data(const QString &name) { return tests::Data(QStringLiteral("jet/") + name); }
 
 // The value of a cell in the form that the expectation has.
 using CellReader = QJsonValue (*)(const Recordset &rows, int column);

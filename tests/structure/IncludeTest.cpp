@@ -1,5 +1,7 @@
 // Holds the tree to its one-way includes: every folder names what it may include, and any other arrow fails
 // here.
+#include "tests/Paths.h"
+
 #include <gtest/gtest.h>
 #include <QDir>
 #include <QDirIterator>
@@ -10,7 +12,7 @@
 
 namespace {
 
-const QDir kRoot(QStringLiteral(VELMORA_SOURCE_DIR));
+const QDir kRoot(tests::Source(QString()));
 
 // Folder -> folders that it may include besides itself. The longest folder that a path begins with counts.
 QMap<QString, QStringList> Allowed() {
@@ -23,8 +25,8 @@ QMap<QString, QStringList> Allowed() {
         {"storage", {"support"}},
     };
     // Inside the diagram component each folder may include those in front of it.
-    const QStringList diagram = {"geometry", "metafile", "shapes", "model",  "edit",   "scene",       "hit",
-                                 "format",   "layout", "render", "export", "interaction", "view"};
+    const QStringList diagram = {"geometry", "metafile", "shapes", "model",  "edit",        "scene", "hit",
+                                 "format",   "layout",   "render", "export", "interaction", "view"};
     QStringList below = {"support"};
     for (const QString &part : diagram) {
         const QString folder = "diagram/" + part;

@@ -4,6 +4,7 @@
 #include "document/MapSchema.h"
 #include "document/Tags.h"
 #include "support/Files.h"
+#include "tests/Paths.h"
 #include "tests/timeline/TimelineTest.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
@@ -25,7 +26,7 @@ protected:
         support::SetProgramPath(folder.path());
         document::WriteTemplate(folder.filePath(QStringLiteral("template.tpl")), {}, {});
         const QString copy = folder.filePath(QStringLiteral("plan.mdb"));
-        QFile::copy(QStringLiteral(VELMORA_TEST_DATA "/jet/plan.mdb"), copy);
+        QFile::copy(tests::Data(QStringLiteral("jet/plan.mdb")), copy);
         Load(copy);
         window.AddFlow1()[kSlice].SetSize(15000, 9000);
     }
