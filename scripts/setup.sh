@@ -6,11 +6,17 @@ fail() {
     exit 1
 }
 
-packages_build="g++ cmake ninja-build pkg-config ccache mold qt6-base-dev libqt6svg6-dev libgraphviz-dev libgl1-mesa-dev
-libsqlitecpp-dev libsqlite3-dev mdbtools-dev libboost-dev libpugixml-dev fonts-dejavu-core"
+# Fonts of the same metrics as Arial, Times and Courier (Liberation), Calibri (Carlito) and Cambria (Caladea): maps of other
+# office machines name those, and their texts would not fit in wider ones.
+packages_fonts="fonts-dejavu-core fonts-liberation fonts-crosextra-carlito fonts-crosextra-caladea"
+packages_build="g++ cmake ninja-build pkg-config ccache mold qt6-base-dev qt6-svg-dev libgraphviz-dev libgl1-mesa-dev
+libsqlitecpp-dev libsqlite3-dev mdbtools-dev libboost-dev libpugixml-dev $packages_fonts"
 packages_test="libgtest-dev libgmock-dev"
 packages_bench="libbenchmark-dev"
-packages_virtual_display="xvfb"
+packages_virtual_display="xvfb xauth"
+
+# Qt wants a locale of UTF-8; a bare machine has none set.
+[ -n "${LC_ALL:-}${LC_CTYPE:-}${LANG:-}" ] || export LANG=C.UTF-8
 
 missing_packages() {
     local package
@@ -33,8 +39,9 @@ Install by hand what these Debian packages hold: $*"
         as_root="sudo"
     fi
     export DEBIAN_FRONTEND=noninteractive
-    $as_root apt-get update -qq || fail "apt-get update failed; is there a network?"
-    $as_root apt-get install -y -qq --no-install-recommends $missing >/dev/null ||
+    watched apt build/packages.log $as_root apt-get update -q ||
+        fail "apt-get update failed; is there a network? The whole log is in build/packages.log"
+    watched apt build/packages.log $as_root apt-get install -y -q --no-install-recommends $missing ||
         fail "apt-get could not install:" $missing
 }
 
@@ -43,17 +50,59 @@ build() {
     local preset=$1 folder=build/$1
     shift
     step "Configuring $preset"
-    cmake --preset "$preset" "$@" >"$folder.log" 2>&1 || {
-        tail -n 30 "$folder.log" >&2
-        fail "cmake failed; the whole log is in $folder.log"
-    }
+    watched cmake "$folder-configure.log" cmake --preset "$preset" "$@" ||
+        fail "cmake failed; the whole log is in $folder-configure.log"
     step "Building $preset (only what changed)"
-    NINJA_STATUS="[%f/%t %es] " cmake --build --preset "$preset" 2>&1 | progress ||
+    NINJA_STATUS="[%f/%t %es] " watched ninja "$folder.log" cmake --build --preset "$preset" ||
         fail "the build failed; see above"
 }
 
-# Lets through one line in five seconds of a build, and all that isn't progress.
-progress() {
-    awk '/^\[[0-9]+\/[0-9]+ / { now = systime(); if (now - last >= 5) { print; fflush(); last = now } next }
-         { print; fflush() }'
+# watched KIND LOG COMMAND...: runs the command and shows its progress; all that it says goes to LOG. When it fails, what
+# was not shown is: the last lines of the log.
+watched() {
+    local kind=$1 log=$2
+    shift 2
+    "$@" </dev/null 2>&1 | tee "$log" | narrate "$kind" && return 0
+    case $kind in
+        apt | cmake) tail -n 30 "$log" >&2 ;;
+    esac
+    return 1
+}
+
+# narrate KIND: shows one line in four seconds of what is merely progress, says that the command still runs when nothing comes
+# for as long, and shows all the rest at once. It reads with the shell alone, as some awks hold back what they read.
+narrate() {
+    local kind=$1 line part="" held="" status begin last
+    local -A running=()
+    begin=${EPOCHREALTIME/[.,]/}
+    last=$begin
+    while true; do
+        status=0
+        IFS= read -r -t 0.5 line || status=$?
+        part+=$line
+        [ "$status" -ne 0 ] || { take_line; part=""; }
+        if [ "$status" -ne 0 ] && [ "$status" -le 128 ]; then
+            [ -z "$part" ] || printf '%s\n' "$part"
+            return 0
+        fi
+        if [ $((${EPOCHREALTIME/[.,]/} - last)) -ge 4000000 ]; then
+            last=${EPOCHREALTIME/[.,]/}
+            printf '%s\n' "${held:-  ... $(((last - begin) / 1000000)) s ${!running[*]}}"
+            held=""
+        fi
+    done
+}
+
+# One line for narrate: held back, shown or, where it begins or ends an entry of the tests, remembered.
+take_line() {
+    case "$kind:$part" in
+        ninja:\[[0-9]*/[0-9]*) held=$part ;;
+        cmake:* | apt:*) held=$part ;;
+        ctest:*" Start "*": "*) running[${part##*: }]=1 ;;
+        *)
+            [[ $kind = ctest && $part =~ Test\ +#[0-9]+:\ ([^ ]+) ]] && unset "running[${BASH_REMATCH[1]}]"
+            printf '%s\n' "$part"
+            last=${EPOCHREALTIME/[.,]/}
+            ;;
+    esac
 }
