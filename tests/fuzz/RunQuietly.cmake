@@ -1,0 +1,37 @@
+# cmake -P RunQuietly.cmake -- LOG PROGRAM [arguments]: runs a program whose libraries complain of every damaged file. What is said
+# goes to LOG; the screen gets the last line when the program ends well, else what a sanitizer reports, or the end of the log.
+set(shown 6000) # bytes
+math(EXPR last "${CMAKE_ARGC} - 1")
+set(log "${CMAKE_ARGV4}")
+set(command)
+foreach(index RANGE 5 ${last})
+  list(APPEND command "${CMAKE_ARGV${index}}")
+endforeach()
+execute_process(COMMAND ${command} OUTPUT_FILE "${log}" ERROR_FILE "${log}" RESULT_VARIABLE result)
+
+# A report from its beginning, or the end.
+function(show_log)
+  file(READ "${log}" text)
+  string(LENGTH "${text}" length)
+  math(EXPR start "${length} - ${shown}")
+  foreach(mark "ERROR: " "runtime error: ")
+    string(FIND "${text}" "${mark}" found)
+    if(NOT found EQUAL -1)
+      set(start ${found})
+      break()
+    endif()
+  endforeach()
+  if(start LESS 0)
+    set(start 0)
+  endif()
+  string(SUBSTRING "${text}" ${start} ${shown} text)
+  message("${text}")
+endfunction()
+
+if(result STREQUAL "0")
+  file(STRINGS "${log}" lines REGEX "^[0-9]+ runs$")
+  message("${lines}")
+else()
+  show_log()
+  message(FATAL_ERROR "${result}; the whole log: ${log}")
+endif()
