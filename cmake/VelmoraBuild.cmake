@@ -105,6 +105,13 @@ function(velmora_library name)
   endif()
 endfunction()
 
+# velmora_program(TARGET): an executable that belongs to the program. Every edition gets a copy, the installed folder too: programs
+# look for each other beside themselves.
+function(velmora_program target)
+  set_property(GLOBAL APPEND PROPERTY VELMORA_PROGRAMS ${target})
+  install(TARGETS ${target} RUNTIME DESTINATION .)
+endfunction()
+
 # What every test runs with. The leak checker leaves thread-local storage alone: reading that of a thread that is just ending
 # makes it crash now and then. What libraries keep there alone is named in tests/lsan.supp.
 set(VELMORA_TEST_ENVIRONMENT QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 ASAN_OPTIONS=detect_leaks=1:intercept_tls_get_addr=0

@@ -11,6 +11,7 @@
 #include "support/clsGUID.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -29,6 +30,21 @@ QJsonObject ReadText(const QString &path) {
     if (!document.isObject()) Complain(QStringLiteral("%1: %2").arg(path, error.errorString()));
     return document.object();
 }
+
+// The current folder while it lives: paths of files that are saved with the map are given and kept relative
+// to it, since the delivered map must not name a folder of the machine that it was made on.
+class InFolder {
+public:
+    explicit InFolder(const QDir &folder) : former_(QDir::currentPath()) {
+        QDir::setCurrent(folder.absolutePath());
+    }
+    ~InFolder() { QDir::setCurrent(former_); }
+    InFolder(const InFolder &) = delete;
+    InFolder &operator=(const InFolder &) = delete;
+
+private:
+    QString former_;
+};
 
 float Twips(const QJsonValue &pixels) { return float(pixels.toDouble()) * kTwips; }
 
@@ -71,7 +87,7 @@ private:
             document::cAttachment &item = window_.clsSettings().Attachments().add(key);
             item.Node = node.Key();
             item.Embed = attachment["embed"].toBool();
-            item.Filename = resources_.absoluteFilePath(attachment["file"].toString());
+            item.Filename = attachment["file"].toString(); // as the map will name it, below the resources
         }
     }
 
@@ -146,7 +162,8 @@ void BuildMap(const QString &text, const QDir &resources, const QString &target)
     document::MemoryWindow window(support::CurrentDesktop());
     MapBuilder(window, resources).Build(ReadText(text)["slices"].toArray());
     QFile::remove(target);
-    window.clsSettings().SetDatabase(target);
+    window.clsSettings().SetDatabase(QFileInfo(target).absoluteFilePath());
+    const InFolder folder(resources);
     if (!document::DoSave(window)) Complain(QStringLiteral("%1 was not saved").arg(target));
 }
 

@@ -20,8 +20,10 @@ int main(int argc, char **argv) {
     }
     try {
         support::HeadlessDesktop desktop(std::make_unique<support::MemoryRegistryStore>());
-        support::SetProgramPath(QString::fromLocal8Bit(argv[2]));
-        product::BuildEdition(QDir(QString::fromLocal8Bit(argv[1])), QDir(QString::fromLocal8Bit(argv[2])));
+        const QDir edition(QDir(QString::fromLocal8Bit(argv[1])).absolutePath());
+        const QDir folder(QDir(QString::fromLocal8Bit(argv[2])).absolutePath());
+        support::SetProgramPath(folder.path());
+        product::BuildEdition(edition, folder);
     } catch (const support::Error &error) {
         std::fprintf(stderr, "velmora-product: %s\n", error.what());
         return 1;

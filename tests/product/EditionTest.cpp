@@ -10,6 +10,7 @@
 #include "tests/Paths.h"
 
 #include <gtest/gtest.h>
+#include <QDirIterator>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QProcess>
@@ -43,6 +44,11 @@ protected:
     QTemporaryDir folder_;
     support::testing::ScriptedDesktop desktop_;
 };
+
+// A text as the surface files hold it.
+QByteArray InTwoBytes(const QString &text) {
+    return QByteArray(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
+}
 
 struct Counts {
     int nodes = 0, pictures = 0, levels = 0, groups = 0, followable = 0;
@@ -106,6 +112,34 @@ TEST_F(Edition, Velmora_GivesNewNodesTheirLook) {
     EXPECT_EQ(surface.Defaults().shape, 2);
     ASSERT_TRUE(document::LocateTemplateNode(surface, false));
     EXPECT_TRUE(document::LocateTemplateNode(surface, false)->Hidden());
+}
+
+TEST_F(Edition, DeliveredFilesNameNoFolderOfTheMachineTheyWereMadeOn) {
+    for (const char *name : {"velmora", "storyline"}) {
+        Build(name);
+        QDirIterator files(folder_.path(), QDir::Files, QDirIterator::Subdirectories);
+        int count = 0;
+        for (; files.hasNext(); ++count) {
+            QFile file(files.next());
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+            const QByteArray bytes = file.readAll();
+            for (const QString &folder : {tests::Source(QString()), folder_.path()}) {
+                EXPECT_FALSE(bytes.contains(QFile::encodeName(folder))) << qPrintable(files.filePath());
+                EXPECT_FALSE(bytes.contains(InTwoBytes(folder))) << qPrintable(files.filePath());
+            }
+        }
+        EXPECT_GE(count, 5);
+    }
+}
+
+TEST_F(Edition, Velmora_AttachmentKeepsItsTitleAndBytes) {
+    Build("velmora");
+    auto window = Open(Startup());
+    QFile attached(window->clsSettings().Attachments().Item(1).Filename);
+    QFile source(tests::Source("product/velmora/attachments/Market notes.txt"));
+    ASSERT_TRUE(attached.open(QIODevice::ReadOnly) && source.open(QIODevice::ReadOnly));
+    EXPECT_EQ(QFileInfo(attached).fileName(), "Market notes.txt");
+    EXPECT_EQ(attached.readAll(), source.readAll());
 }
 
 TEST_F(Edition, Storyline_HasItsOwnWordsExtensionAndLevels) {
