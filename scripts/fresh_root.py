@@ -34,7 +34,7 @@ def lines(log, limit):
     if longest > float(limit):
         print(f"WRONG silent for {longest:.1f} s behind: {behind}")
     for _, text in rows:
-        if re.search(r"\b(note|warning):|libpng|libjpeg|Corrupt JPEG|qt\.", text):
+        if re.search(r"\b(note|warning):|libpng|libjpeg|Corrupt JPEG|QStandardPaths|qt\.", text):
             print(f"WRONG says: {text}")
 
 

@@ -15,8 +15,12 @@ packages_test="libgtest-dev libgmock-dev"
 packages_bench="libbenchmark-dev"
 packages_virtual_display="xvfb xauth"
 
-# Qt wants a locale of UTF-8; a bare machine has none set.
+# Qt wants a locale of UTF-8 and a folder for what lives as long as a login; a bare machine has neither set.
 [ -n "${LC_ALL:-}${LC_CTYPE:-}${LANG:-}" ] || export LANG=C.UTF-8
+if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
+    export XDG_RUNTIME_DIR=$PWD/build/runtime
+    mkdir -p -m 700 "$XDG_RUNTIME_DIR"
+fi
 
 missing_packages() {
     local package
