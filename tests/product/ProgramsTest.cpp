@@ -16,7 +16,7 @@ namespace {
 constexpr int kMilliseconds = 120000;
 const QStringList kPrograms = QStringLiteral(VELMORA_PROGRAMS).split(',');
 
-QString FirstFolder() { return QFileInfo(tests::Program("velmora")).absolutePath(); }
+std::string FirstFolder() { return QFileInfo(tests::Program("velmora")).absolutePath().toStdString(); }
 
 struct Outcome {
     int exitCode = -1;
@@ -32,17 +32,18 @@ bool ShowsSomething(const QString &path) {
     return false;
 }
 
-class Programs : public testing::TestWithParam<QString> {
+class Programs : public testing::TestWithParam<std::string> {
 protected:
-    QString Program(const QString &name) const {
+    static QDir Folder() { return QDir(QString::fromStdString(GetParam())); }
+    static QString Program(const QString &name) {
 #ifdef Q_OS_WIN
-        return QDir(GetParam()).filePath(name + ".exe");
+        return Folder().filePath(name + ".exe");
 #else
-        return QDir(GetParam()).filePath(name);
+        return Folder().filePath(name);
 #endif
     }
-    QString Startup() const {
-        const QDir folder(QDir(GetParam()).filePath("Startup"));
+    static QString Startup() {
+        const QDir folder(Folder().filePath("Startup"));
         const QStringList maps = folder.entryList(QDir::Files);
         return maps.isEmpty() ? QString() : folder.filePath(maps.first());
     }
@@ -111,4 +112,4 @@ TEST_P(Programs, LayoutLaysOut) {
 }
 
 INSTANTIATE_TEST_SUITE_P(FirstEdition, Programs, testing::Values(FirstFolder()));
-INSTANTIATE_TEST_SUITE_P(SecondEdition, Programs, testing::Values(QStringLiteral(VELMORA_SECOND_EDITION)));
+INSTANTIATE_TEST_SUITE_P(SecondEdition, Programs, testing::Values(VELMORA_SECOND_EDITION));
