@@ -16,7 +16,8 @@ namespace {
 
 class Yes : public support::MessageBoxes {
 public:
-    support::Answer Show(const QString &, support::Buttons buttons, support::Icon, const QString &) override {
+    support::Answer Show(const QString &, support::Buttons buttons, support::Icon, const QString &,
+                         support::EnterPresses) override {
         const bool asks = buttons == support::Buttons::YesNo || buttons == support::Buttons::YesNoCancel;
         return asks ? support::Answer::Yes : support::Answer::Ok;
     }

@@ -9,7 +9,8 @@ namespace cli {
 // A map that lies beside a developer's companion files is shown as it is.
 class ConsoleBoxes : public support::MessageBoxes {
 public:
-    support::Answer Show(const QString &, support::Buttons buttons, support::Icon, const QString &) override {
+    support::Answer Show(const QString &, support::Buttons buttons, support::Icon, const QString &,
+                         support::EnterPresses) override {
         return buttons == support::Buttons::YesNo ? support::Answer::Yes : support::Answer::Ok;
     }
     QString InputBox(const QString &, const QString &, const QString &) override { return {}; }

@@ -18,6 +18,10 @@ enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class Icon { None, Stop, Question, Exclamation, Information };
 enum class Answer { Ok, Cancel, Yes, No };
 
+// The button that Enter presses: Yes or Ok, whichever of them the box has; or No, where Yes destroys
+// something.
+enum class EnterPresses { Consent, No };
+
 // What closing a box without a button counts as: Cancel, No or Ok, whichever of them it has, in that order.
 Answer ClosingAnswer(Buttons buttons);
 
@@ -26,7 +30,8 @@ public:
     virtual ~MessageBoxes() = default;
     // Shows `text` modally and gives the button pressed; closing the box counts as Cancel, No or Ok,
     // whichever of them the box has, in that order.
-    virtual Answer Show(const QString &text, Buttons buttons, Icon icon, const QString &title) = 0;
+    virtual Answer Show(const QString &text, Buttons buttons, Icon icon, const QString &title,
+                        EnterPresses enter = EnterPresses::Consent) = 0;
     // Asks for one line of text; empty when cancelled.
     virtual QString InputBox(const QString &prompt, const QString &title, const QString &preset) = 0;
 };

@@ -7,7 +7,8 @@
 
 namespace support {
 
-Answer HeadlessMessageBoxes::Show(const QString &text, Buttons buttons, Icon, const QString &title) {
+Answer HeadlessMessageBoxes::Show(const QString &text, Buttons buttons, Icon, const QString &title,
+                                  EnterPresses) {
     const QString line = title.isEmpty() ? text : title + QStringLiteral(": ") + text;
     std::fprintf(stderr, "%s\n", line.simplified().toLocal8Bit().constData());
     return ClosingAnswer(buttons);

@@ -13,7 +13,8 @@ namespace support {
 
 class HeadlessMessageBoxes : public MessageBoxes {
 public:
-    Answer Show(const QString &text, Buttons buttons, Icon icon, const QString &title) override;
+    Answer Show(const QString &text, Buttons buttons, Icon icon, const QString &title,
+                EnterPresses enter) override;
     QString InputBox(const QString &prompt, const QString &title, const QString &preset) override;
 };
 

@@ -73,6 +73,11 @@ void WidenForTitle(QMessageBox &box) {
                     layout->columnCount());
 }
 
+QMessageBox::StandardButton ButtonForEnter(QMessageBox::StandardButtons buttons, EnterPresses enter) {
+    if (enter == EnterPresses::No && buttons.testFlag(QMessageBox::No)) return QMessageBox::No;
+    return buttons.testFlag(QMessageBox::Yes) ? QMessageBox::Yes : QMessageBox::Ok;
+}
+
 } // namespace
 
 QString WithLineFeeds(const QString &text) {
@@ -98,7 +103,8 @@ QString FitForBox(const QString &text) {
     return fit;
 }
 
-Answer QtMessageBoxes::Show(const QString &text, Buttons buttons, Icon icon, const QString &title) {
+Answer QtMessageBoxes::Show(const QString &text, Buttons buttons, Icon icon, const QString &title,
+                            EnterPresses enter) {
     QMessageBox box(QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     box.setText(FitForBox(WithLineFeeds(text)));
@@ -109,8 +115,7 @@ Answer QtMessageBoxes::Show(const QString &text, Buttons buttons, Icon icon, con
         if (row.icon == icon) box.setIcon(row.shown);
     const Answer closing = ClosingAnswer(buttons);
     box.setEscapeButton(ButtonOf(closing));
-    box.setDefaultButton(box.standardButtons().testFlag(QMessageBox::Yes) ? QMessageBox::Yes
-                                                                          : QMessageBox::Ok);
+    box.setDefaultButton(ButtonForEnter(box.standardButtons(), enter));
     WidenForTitle(box);
     const int pressed = box.exec();
     for (const AnswerRow &row : kAnswers)

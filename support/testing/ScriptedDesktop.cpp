@@ -24,8 +24,9 @@ std::optional<Value> TakeFirst(std::deque<Value> &values) {
 
 } // namespace
 
-Answer ScriptedMessageBoxes::Show(const QString &text, Buttons buttons, Icon icon, const QString &title) {
-    shown.push_back({text, title, buttons, icon});
+Answer ScriptedMessageBoxes::Show(const QString &text, Buttons buttons, Icon icon, const QString &title,
+                                  EnterPresses enter) {
+    shown.push_back({text, title, buttons, icon, enter});
     const std::optional<Expected> next = TakeFirst(expected);
     if (!next) {
         Fail(QStringLiteral("Unexpected message \"%1\" with the title \"%2\"").arg(text, title));

@@ -17,11 +17,13 @@ struct ShownMessage {
     QString title;
     Buttons buttons = Buttons::Ok;
     Icon icon = Icon::None;
+    EnterPresses enter = EnterPresses::Consent;
 };
 
 class ScriptedMessageBoxes : public MessageBoxes {
 public:
-    Answer Show(const QString &text, Buttons buttons, Icon icon, const QString &title) override;
+    Answer Show(const QString &text, Buttons buttons, Icon icon, const QString &title,
+                EnterPresses enter) override;
     QString InputBox(const QString &prompt, const QString &title, const QString &preset) override;
 
     struct Expected {
