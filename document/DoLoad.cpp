@@ -229,6 +229,7 @@ void EndWell(MapWindow &window) {
     window.TabStrip().SetTheTab(0);
     window.SetWindowCaption(CaptionFor(settings.Database()));
     settings.Dirty = false;
+    MarkSaved(window);
     settings::clsMRU(window.Desktop().registry).AddFile(settings.Database());
 }
 

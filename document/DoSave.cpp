@@ -154,6 +154,7 @@ void ShowSaved(MapWindow &window, Rollback &rollback) {
     window.SetProgress(0);
     window.SetWindowCaption(CaptionFor(window.clsSettings().Database()));
     window.clsSettings().Dirty = false;
+    MarkSaved(window);
     rollback.PutTabBack();
     rollback.Dismiss();
 }

@@ -73,6 +73,7 @@ void RowWriter::WriteSlice(diagram::Surface &surface, const QString &caption) {
     slice_.BindLong(kyZoom, zoom);
     slice_.Run();
     NoteItems(surface);
+    const diagram::Uncounted keys(surface);
     WriteNodes(surface);
     WriteLinks(surface);
 }

@@ -6,7 +6,9 @@
 #include "document/cHyperlinks.h"
 #include "document/cLevels.h"
 #include "document/OwnFiles.h"
+#include "document/UnsavedWork.h"
 
+#include <optional>
 #include <QString>
 
 namespace document {
@@ -29,6 +31,8 @@ public:
 
     // Whether the map differs from its file.
     bool Dirty = false;
+    // What the map file holds; none before the window was marked the first time (document/UnsavedWork.h).
+    std::optional<MapState> SavedState;
 
     // Full path of the map file; empty for a map that was not saved yet. Nothing keeps the file open.
     const QString &Database() const { return database_; }

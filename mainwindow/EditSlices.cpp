@@ -7,6 +7,7 @@
 #include "document/SurfaceArray.h"
 
 #include <algorithm>
+#include <optional>
 #include <QHash>
 
 namespace mainwindow {
@@ -22,10 +23,12 @@ struct KeptSlice {
     diagram::Picture picture;
     support::Colour backColor = support::kWhite;
     bool snapToGrid = false;
+    std::optional<diagram::Revision> revision; // none for a new slice
 };
 
 KeptSlice Keep(const diagram::Surface &surface) {
-    return {diagram::SaveBytes(surface), surface.Picture(), surface.BackColor(), surface.SnapToGrid()};
+    return {diagram::SaveBytes(surface), surface.Picture(), surface.BackColor(), surface.SnapToGrid(),
+            surface.Revision()};
 }
 
 void PutInto(diagram::Surface &surface, const KeptSlice &kept) {
@@ -33,6 +36,7 @@ void PutInto(diagram::Surface &surface, const KeptSlice &kept) {
     surface.SetPicture(kept.picture);
     surface.SetBackColor(kept.backColor);
     surface.SetSnapToGrid(kept.snapToGrid);
+    if (kept.revision) surface.SetRevision(*kept.revision);
 }
 
 // By the keys of their tabs.
@@ -75,7 +79,8 @@ void RebuildSlices(document::MapWindow &frm, std::vector<document::cSlice> cLaye
     document::Tabs &tabs = frm.TabStrip();
     const int current = tabs.TheTab();
     const QHash<QString, KeptSlice> kept = KeepAll(frm);
-    const KeptSlice empty = Keep(diagram::Surface());
+    KeptSlice empty = Keep(diagram::Surface());
+    empty.revision.reset();
     UnloadAllButTheFirst(frm.AddFlow1());
     std::erase_if(cLayers, [](const document::cSlice &slice) { return slice.bDeleted; });
     std::ranges::stable_sort(cLayers, {}, &document::cSlice::iIndex);

@@ -10,13 +10,18 @@ namespace mainwindow {
 
 namespace {
 constexpr int kProgressWidth = 160; // pixels
+
+QString SavedText(bool unsaved) {
+    return unsaved ? cStatusBar::tr("Unsaved changes") : cStatusBar::tr("All saved");
 }
+} // namespace
 
 cStatusBar::cStatusBar(QWidget *parent)
     : QStatusBar(parent),
       doing_(new QLabel(this)),
       progress_(new QWidget(this)),
-      selection_(new QLabel(this)) {
+      selection_(new QLabel(this)),
+      saved_(new QLabel(this)) {
     doing_->setObjectName(QStringLiteral("DOING"));
     doing_->setTextFormat(Qt::PlainText);
     doing_->setMinimumWidth(1);
@@ -28,6 +33,11 @@ cStatusBar::cStatusBar(QWidget *parent)
     addWidget(doing_, 1);
     addPermanentWidget(progress_);
     addPermanentWidget(selection_);
+    saved_->setObjectName(QStringLiteral("SAVED"));
+    saved_->setMinimumWidth(fontMetrics().horizontalAdvance(SavedText(true)) + 8);
+    saved_->setAlignment(Qt::AlignCenter);
+    addPermanentWidget(saved_);
+    SetUnsaved(false);
 
     hidden_ = AddButton(QStringLiteral("filter"), tr("Hidden by the filter"));
     hidden_->setObjectName(QStringLiteral("HIDDEN"));
@@ -70,6 +80,10 @@ void cStatusBar::SetHidden(const QString &text) {
     hidden_->setText(text);
     hidden_->setAccessibleName(text);
     hidden_->setVisible(!text.isEmpty());
+}
+void cStatusBar::SetUnsaved(bool unsaved) {
+    saved_->setText(SavedText(unsaved));
+    saved_->setAccessibleName(SavedText(unsaved));
 }
 void cStatusBar::SetZoom(double percent) { zoom_->setText(tr("%1 %").arg(qRound(percent))); }
 void cStatusBar::SetZoomMenu(QMenu *menu) { zoomMenu_ = menu; }

@@ -24,6 +24,8 @@ public:
     // What is hidden, in words, on a button that is there only while the text isn't empty.
     void SetHidden(const QString &text);
     void SetZoom(double percent);
+    // Whether all is saved, in words.
+    void SetUnsaved(bool unsaved);
     // The button that shows the zoom opens this menu.
     void SetZoomMenu(QMenu *menu);
 
@@ -39,6 +41,7 @@ private:
     QLabel *doing_;
     QWidget *progress_;
     QLabel *selection_;
+    QLabel *saved_;
     QToolButton *hidden_;
     QToolButton *zoom_;
     QPointer<QMenu> zoomMenu_;

@@ -86,6 +86,7 @@ void frmMain::Form_Load() {
     LoadCombos();
     frmSplash::ShowDoing(QString());
     ClickTab();
+    document::MarkSaved(*this);
 }
 
 void frmMain::Initialize() {

@@ -170,6 +170,11 @@ public:
     void AddFlow1_MouseDown(int index, int button, int shift, float x, float y);
     void AddFlow1_MouseMove(int index, float x, float y);
 
+Q_SIGNALS:
+    // Something of the window is unsaved from now on, or all is saved again. Told once the event that made it
+    // so has returned; document::MustAskBeforeLosing tells at any time.
+    void UnsavedWorkChanged(bool unsaved);
+
 protected:
     void showEvent(QShowEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -221,6 +226,7 @@ private:
     void SetEnabled(Needs needs, bool enabled);
     void UpdateStatus();
     void ShowHiddenCount();
+    void ShowWhetherSaved();
     void ShowHideTimelineNodes();
     std::vector<SearchEntry> SearchEntries();
     void AddCommands(std::vector<SearchEntry> &entries);
@@ -268,6 +274,7 @@ private:
     FindBar *findBar_ = nullptr;
     document::FindHit hit_; // shown last
     bool hiddenMayDiffer_ = true;
+    bool unsaved_ = false; // as last shown
     PickBox *cboFont_ = nullptr;
     PickBox *cboFontSize_ = nullptr;
     SmartMenu *SmartMenuXP1a_ = nullptr;

@@ -24,7 +24,7 @@ bool frmMain::InsideRoutine() {
 
 void frmMain::closeEvent(QCloseEvent *event) {
     if (InsideRoutine()) return event->ignore();
-    bool cancel = clsSettings_->Dirty; // a save that fails keeps the window
+    bool cancel = document::MustAskBeforeLosing(*this); // a save that fails keeps the window
     support::Report("frmMain", "Form_QueryUnload", [&] { Form_QueryUnload(cancel); });
     if (cancel) return event->ignore();
     support::Report("frmMain", "Form_Unload", [this] { Form_Unload(); });
@@ -34,7 +34,7 @@ void frmMain::closeEvent(QCloseEvent *event) {
 void frmMain::Form_QueryUnload(bool &cancel) {
     KeepTypedText();
     cancel = false;
-    if (clsSettings_->Dirty) {
+    if (document::MustAskBeforeLosing(*this)) {
         cancel = true;
         const Answer answer =
             desktop_.messageBoxes.Show(QStringLiteral("Save Changes?"), support::Buttons::YesNoCancel,

@@ -10,6 +10,8 @@
 #include "mainwindow/TextBox.h"
 #include "mainwindow/Toolbar.h"
 
+#include <utility>
+
 namespace mainwindow {
 
 namespace {
@@ -84,6 +86,14 @@ void frmMain::UpdateStatus() {
     staMain_->SetSelection(SelectionText(CurrentSurface()));
     staMain_->SetZoom(CurrentView().ShownZoom());
     ShowHiddenCount();
+    ShowWhetherSaved();
+}
+
+void frmMain::ShowWhetherSaved() {
+    const bool unsaved = document::MustAskBeforeLosing(*this);
+    if (std::exchange(unsaved_, unsaved) == unsaved) return;
+    staMain_->SetUnsaved(unsaved);
+    Q_EMIT UnsavedWorkChanged(unsaved);
 }
 
 } // namespace mainwindow

@@ -103,6 +103,7 @@ void frmMain::OfferFile(diagram::Node &node, const QString &file, const QPoint &
     connect(menu, &DropMenu::Attach, this, [this, onNode, file, name] {
         onNode([&](diagram::Node &target) {
             const bool added = AttachFile(*clsSettings_, target, file);
+            ScheduleUpdate();
             TellInPassing((added ? tr("%1 is attached.") : tr("%1 was attached already.")).arg(name));
         });
     });

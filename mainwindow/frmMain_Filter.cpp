@@ -78,6 +78,7 @@ void frmMain::ssDBGroups_CloseUp() {
         const FilterKeys keys = KeysForFilter(ssDBGroups_->Text(), ssDBLevels_->Text(),
                                               clsSettings_->Groups(), clsSettings_->Levels());
         for (const int index : AddFlow1_.Indices()) {
+            const diagram::Uncounted ticks(AddFlow1_[index]);
             ApplyFilter(AddFlow1_[index], keys);
             UnselectHiddenNodes(AddFlow1_[index]); // what nobody sees must not be deleted by a key
             UnselectHiddenLinks(AddFlow1_[index]);

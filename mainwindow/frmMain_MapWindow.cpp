@@ -43,7 +43,10 @@ void frmMain::SetMousePointer(int pointer) {
     }
 }
 
-void frmMain::SetWindowCaption(const QString &caption) { setWindowTitle(caption); }
+void frmMain::SetWindowCaption(const QString &caption) {
+    setWindowTitle(caption);
+    ScheduleUpdate();
+}
 
 // Input waits: a key pressed during a load must not reach a map that is half there.
 void frmMain::DoEvents() { LetEventsRun(QEventLoop::ExcludeUserInputEvents); }

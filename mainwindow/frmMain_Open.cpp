@@ -51,7 +51,7 @@ frmMain *frmMain::OpenElsewhere(const QString &sFilename) {
             database.compare(path, Qt::CaseInsensitive) != 0)
             continue;
         form->ShowWindow();
-        if (form->clsSettings().Dirty &&
+        if (document::MustAskBeforeLosing(*form) &&
             desktop_.messageBoxes.Show(QStringLiteral("Revert to saved?"), support::Buttons::YesNo,
                                        support::Icon::Question, settings::Terms().TITLE) == Answer::Yes)
             document::DoLoad(*form);
@@ -62,7 +62,7 @@ frmMain *frmMain::OpenElsewhere(const QString &sFilename) {
 
 // Asks about unsaved changes before another map takes their place. The words have no question mark here.
 bool frmMain::MayReplace() {
-    if (!clsSettings_->Dirty) return true;
+    if (!document::MustAskBeforeLosing(*this)) return true;
     const Answer answer =
         desktop_.messageBoxes.Show(QStringLiteral("Save Changes"), support::Buttons::YesNoCancel,
                                    support::Icon::Question, settings::Terms().TITLE);

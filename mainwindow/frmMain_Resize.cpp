@@ -22,8 +22,9 @@ void frmMain::paintEvent(QPaintEvent *event) {
 
 void frmMain::changeEvent(QEvent *event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        support::Report("frmMain", "Form_Activate", [this] { Form_Activate(); });
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+    support::Report("frmMain", "Form_Activate", [this] { Form_Activate(); });
+    ScheduleUpdate(); // another program may have written to an embedded file
 }
 
 void frmMain::resizeEvent(QResizeEvent *event) {

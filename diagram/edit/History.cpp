@@ -40,6 +40,8 @@ public:
         Step step = TakeStep();
         if (step.IsEmpty()) return;
         steps_.resize(done_);
+        states_.resize(done_ + 1);
+        states_.push_back(step.IsWork() ? NextRevisionNumber() : states_.back());
         steps_.push_back(std::move(step));
         done_ = steps_.size();
     }
@@ -66,11 +68,15 @@ public:
 
     void Forget() override {
         steps_.clear();
+        states_.assign(1, State());
         done_ = 0;
         nodes_.clear();
         links_.clear();
         data_.reset();
     }
+
+    std::uint64_t State() const override { return states_[done_]; }
+    void SetState(std::uint64_t state) override { states_[done_] = state; }
 
     void WillChange(const Node &node) override { Touch(nodes_, node.Id(), node.Data()); }
     void WillChange(const Link &link) override { Touch(links_, link.Id(), link.Data()); }
@@ -142,6 +148,7 @@ private:
 
     Surface &surface_;
     std::vector<Step> steps_;
+    std::vector<std::uint64_t> states_{NextRevisionNumber()}; // before the first step and after each
     std::size_t done_ = 0; // steps that are done; those behind can be repeated
     int depth_ = 0;
     Touched<NodeData> nodes_;

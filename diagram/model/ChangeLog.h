@@ -41,6 +41,10 @@ public:
     virtual void Undo() = 0; // error 5 "Invalid procedure call or argument" while a group is open
     virtual void Redo() = 0;
     virtual void Forget() = 0; // empties the history
+    // A number for the content as far as the steps made it: that after a step, until the step is taken back.
+    // Two states have the same only when no step that made work lies between them. Unique in the process.
+    virtual std::uint64_t State() const = 0;
+    virtual void SetState(std::uint64_t state) = 0; // of an empty history
 
     virtual void WillChange(const Node &) = 0;
     virtual void WillChange(const Link &) = 0;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
 
 namespace diagram {
 
@@ -183,5 +184,15 @@ std::span<const PropertyRow<NodeData>> NodeProperties() { return kNodeRows; }
 std::span<const PropertyRow<LinkData>> LinkProperties() { return kLinkRows; }
 std::span<const PropertyRow<SurfaceData>> SurfaceProperties() { return kSurfaceRows; }
 std::span<const PropertyRow<NodeDefaults>> DefaultsProperties() { return kDefaultsRows; }
+
+bool IsWork(const PropertyRow<SurfaceData> &row) {
+    constexpr std::string_view kOfWork[] = {"Tag", "Picture", "BackColor"};
+    return std::ranges::find(kOfWork, std::string_view(row.name)) != std::end(kOfWork);
+}
+
+bool IsOtherWork(const SurfaceData &a, const SurfaceData &b) {
+    return std::ranges::any_of(kSurfaceRows,
+                               [&](const PropertyRow<S> &row) { return IsWork(row) && !row.same(a, b); });
+}
 
 } // namespace diagram

@@ -38,6 +38,11 @@ inline auto PropertiesOf(const LinkData &) { return LinkProperties(); }
 inline auto PropertiesOf(const SurfaceData &) { return SurfaceProperties(); }
 inline auto PropertiesOf(const NodeDefaults &) { return DefaultsProperties(); }
 
+// Whether the change of that property, or a difference in any, is one of a map's content: not of its zoom,
+// grid or defaults.
+bool IsWork(const PropertyRow<SurfaceData> &row);
+bool IsOtherWork(const SurfaceData &a, const SurfaceData &b);
+
 // What of the item differs between the two.
 template <typename Data>
 Change Difference(const Data &a, const Data &b) {

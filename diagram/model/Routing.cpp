@@ -116,6 +116,7 @@ bool Routing::IsBlockedBy(const Link &link, const Node &node) const {
 void Routing::GiveWay(Link &link) {
     Judge(link);
     if (link.data_.ownBends) return;
+    const Uncounted derived(surface_);
     surface_.Record(link);
     if (const auto held = held_.lock()) held->links.try_emplace(link.Id(), link.data_);
     link.stale_ = true;

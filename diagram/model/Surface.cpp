@@ -3,6 +3,7 @@
 #include "diagram/model/Ranges.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace diagram {
 
@@ -15,7 +16,12 @@ SurfaceEvents &NobodyListens() {
 
 } // namespace
 
-Surface::Surface() : events_(&NobodyListens()) {}
+std::uint64_t NextRevisionNumber() {
+    static std::atomic<std::uint64_t> last = 0;
+    return ++last;
+}
+
+Surface::Surface() : events_(&NobodyListens()), outside_(NextRevisionNumber()) {}
 
 Surface::~Surface() = default;
 
@@ -33,19 +39,33 @@ void Surface::SetMeasure(TextMeasure *measure) {
 
 bool Surface::Recording() const { return log_ && log_->Depth() > 0; }
 
+void Surface::CountWrite() {
+    if (uncounted_ == 0) outside_ = NextRevisionNumber();
+}
+
+Revision Surface::Revision() const { return {log_ ? log_->State() : 0, outside_}; }
+
+void Surface::SetRevision(const diagram::Revision &revision) {
+    if (log_) log_->Forget(), log_->SetState(revision.step);
+    outside_ = revision.outside;
+}
+
 void Surface::Record(const Node &node) {
-    if (Recording()) log_->WillChange(node);
+    if (!Recording()) return CountWrite();
+    log_->WillChange(node);
 }
 
 void Surface::Record(Link &link) {
+    if (!Recording()) return CountWrite();
     // A way that has become out of date within the group needn't be known between two writes.
-    if (!Recording() || log_->Knows(link)) return;
+    if (log_->Knows(link)) return;
     BringUpToDate(link);
     log_->WillChange(link);
 }
 
 void Surface::RecordSurface() {
-    if (Recording()) log_->WillChangeSurface(data_);
+    if (!Recording()) return CountWrite();
+    log_->WillChangeSurface(data_);
 }
 
 void Surface::Notify(Item &item, Change what) {
@@ -70,12 +90,17 @@ void Surface::SetPicture(const diagram::Picture &picture) {
 }
 void Surface::SetBackColor(support::Colour colour) { Write(&SurfaceData::backColor, colour, Change::Look); }
 void Surface::SetxZoom(int percent) {
+    const Uncounted sight(*this);
     Write(&SurfaceData::xZoom, Checked(IsZoom, percent, "Surface"), Change::Geometry);
 }
 void Surface::SetyZoom(int percent) {
+    const Uncounted sight(*this);
     Write(&SurfaceData::yZoom, Checked(IsZoom, percent, "Surface"), Change::Geometry);
 }
-void Surface::SetGridLines(bool on) { Write(&SurfaceData::gridLines, on, Change::Look); }
+void Surface::SetGridLines(bool on) {
+    const Uncounted sight(*this);
+    Write(&SurfaceData::gridLines, on, Change::Look);
+}
 
 void Surface::SetGridSize(float twips) {
     if (!(twips > 0 && twips <= kLargestCoordinate)) RaiseInvalidValue("Surface");

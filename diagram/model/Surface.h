@@ -46,6 +46,13 @@ struct SurfaceData {
     NodeDefaults defaults;
 };
 
+// Which content a surface has, as far as a map file keeps it: what the steps of undo made of it, and what was
+// written outside of them. Undoing a step gives the former one back. Unique in the process.
+struct Revision {
+    std::uint64_t step = 0, outside = 0;
+    friend bool operator==(const Revision &, const Revision &) = default;
+};
+
 // Where the text measuring for the autosizes comes from; a fixed-width one serves tests.
 class TextMeasure {
 public:
@@ -158,6 +165,11 @@ public:
     bool CanRedo() const;
     void Undo(); // nothing to undo: no effect; error 5 while a group is open
     void Redo();
+    // Zoom, grid, defaults and the selection are no content. What an open group has changed counts once it is
+    // closed.
+    diagram::Revision Revision() const;
+    // The content is the same as that of another surface had with that revision. Forgets the history.
+    void SetRevision(const diagram::Revision &revision);
     void SetLog(std::unique_ptr<ChangeLog> log);
     ChangeLog *Log() const { return log_.get(); }
 
@@ -226,6 +238,7 @@ private:
     friend class LinkPoints;
     friend class SurfaceNodes;
     friend class Routing;
+    friend class Uncounted;
 
     Link &AddLink(Node &source, Node &destination);
     Node &Insert(std::unique_ptr<Node> node);
@@ -235,6 +248,7 @@ private:
     void EndAt(Link &link, Node &source, Node &destination);
     Item *FindItem(ItemId id) const;
     void NoteId(Item &item);
+    void NoteAdded(const Item &item);
 
     bool Recording() const;
     void PrepareUndo();
@@ -242,6 +256,7 @@ private:
     void Record(const Node &node);
     void Record(Link &link);
     void RecordSurface();
+    void CountWrite();
     void Notify(Item &item, Change what);
     template <typename T>
     void Write(T SurfaceData::*member, T value, Change what);
@@ -277,6 +292,8 @@ private:
     SurfaceEvents *events_;
     TextMeasure *measure_ = nullptr;
     ItemId nextId_ = 1;
+    std::uint64_t outside_;
+    int uncounted_ = 0;
     StackKey topStack_ = 0, bottomStack_ = 0; // no key lies beyond
     int index_ = 0;
     diagram::Font font_;
@@ -290,5 +307,21 @@ private:
     bool loading_ = false;
     Routing routing_{*this};
 };
+
+// While it stands, what is written outside of groups makes no other revision: it follows from what was
+// written before, or no map file keeps it.
+class Uncounted {
+public:
+    explicit Uncounted(Surface &surface) : surface_(surface) { ++surface_.uncounted_; }
+    ~Uncounted() { --surface_.uncounted_; }
+    Uncounted(const Uncounted &) = delete;
+    Uncounted &operator=(const Uncounted &) = delete;
+
+private:
+    Surface &surface_;
+};
+
+// A number that was never given before.
+std::uint64_t NextRevisionNumber();
 
 } // namespace diagram

@@ -4,6 +4,7 @@
 #include "diagram/model/Surface.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace diagram {
 
@@ -51,12 +52,17 @@ void Surface::NoteId(Item &item) {
     byId_[item.Id()] = &item;
 }
 
+void Surface::NoteAdded(const Item &item) {
+    if (!Recording()) return CountWrite();
+    log_->Added(item);
+}
+
 Node &Surface::Insert(std::unique_ptr<Node> node) {
     Node &added = InsertById(nodes_, std::move(node));
     NoteId(added);
     if (!added.Key().isEmpty()) byKey_.insert(added.Key(), &added);
     NoteStacked(added);
-    if (Recording()) log_->Added(added);
+    NoteAdded(added);
     routing_.NodeAdded(added);
     for (SurfaceObserver *observer : observers_) observer->ItemAdded(added);
     return added;
@@ -68,7 +74,7 @@ Link &Surface::Insert(std::unique_ptr<Link> link) {
     added.source_->Attach(added);
     added.destination_->Attach(added);
     NoteStacked(added);
-    if (Recording()) log_->Added(added);
+    NoteAdded(added);
     routing_.LinkAdded(added);
     routing_.RespaceBeside(added);
     for (SurfaceObserver *observer : observers_) observer->ItemAdded(added);
@@ -148,6 +154,8 @@ void Surface::EndAt(Link &link, Node &source, Node &destination) {
 void Surface::Overwrite(SurfaceData data) {
     const Change what = Difference(data_, data);
     if (what == Change::None) return;
+    std::optional<Uncounted> sight;
+    if (!IsOtherWork(data_, data)) sight.emplace(*this);
     RecordSurface();
     data_ = std::move(data);
     NotifySurface(what);
@@ -184,6 +192,8 @@ void Surface::Take(const std::vector<Link *> &links, const std::vector<Node *> &
     if (Recording()) {
         for (Link *link : links) BringUpToDate(*link), log_->WillRemove(*link);
         for (const Node *node : nodes) log_->WillRemove(*node);
+    } else {
+        CountWrite();
     }
     for (Link *link : links) {
         routing_.WayChanges(*link);
@@ -246,6 +256,7 @@ void Surface::Reset() {
     const auto nodes = std::exchange(nodes_, {});
     routing_.Clear();
     if (log_) log_->Forget();
+    CountWrite();
     for (SurfaceObserver *observer : observers_) observer->Cleared();
 }
 

@@ -150,6 +150,7 @@ TEST_F(Drop, APictureBesideTheNodesBecomesANodeOfItsOwn) {
 TEST_F(Drop, AMapBesideTheNodesOpens) {
     frmMain &window = NewWindow();
     AddNode(window, 300, 300);
+    document::MarkSaved(window);
     const QString map = SavedMap(QStringLiteral("plan.map"), 3);
     DropAt(window, map, {6000, 4500});
     EXPECT_EQ(said, QStringLiteral("Drop a Map to open it, a picture to add it as a Node"));
@@ -178,6 +179,7 @@ TEST_F(Drop, ADamagedPictureIsTold) {
 TEST_F(Drop, WhatIsNoMapIsTold) {
     frmMain &window = NewWindow();
     AddNode(window, 300, 300);
+    document::MarkSaved(window);
     const QString files[] = {SavedFile(QStringLiteral("notes.txt"), "no map"),
                              SavedFile(QStringLiteral("empty.map"), ""), QFileInfo(MapFile("x")).path()};
     for (const QString &file : files) {

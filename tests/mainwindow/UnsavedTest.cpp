@@ -1,0 +1,259 @@
+// Whether the window knows that something is unsaved: what it shows, when it asks, and what it takes for
+// none.
+#include "diagram/edit/History.h"
+#include "diagram/view/SurfaceView.h"
+#include "document/DoLoad.h"
+#include "document/DoSave.h"
+#include "document/Tags.h"
+#include "document/UnsavedWork.h"
+#include "mainwindow/frmLayers.h"
+#include "mainwindow/TickBox.h"
+#include "tests/mainwindow/WindowTest.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QListWidget>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace mainwindow::testing {
+
+using support::Answer;
+
+namespace {
+
+// A map of two slices with three nodes on the first, open in a window.
+class Unsaved : public WindowTest {
+public:
+    using WindowTest::desktop;
+
+protected:
+    Unsaved() : path(SavedMap(QStringLiteral("plan.map"), 3, 2)), window(Open()) {}
+
+    frmMain &Open() {
+        frmMain &made = NewWindow();
+        made.DoOpen(path, false);
+        ProcessEvents();
+        return made;
+    }
+    bool IsUnsaved() const { return document::HasUnsavedWork(window); }
+    void Run(const char *key) {
+        window.SmartMenuXP1_Click(QLatin1String(key));
+        ProcessEvents();
+    }
+    diagram::Node &Node(int number = 1) { return window.AddFlow1()[0].Nodes().Item(number); }
+    static QPointF Body(const diagram::Node &node) { return node.Bounds().topLeft() + QPointF(300, 150); }
+    const QLabel &Field() const { return *window.findChild<QLabel *>(QStringLiteral("SAVED")); }
+    bool Closes() {
+        const QPointer<frmMain> alive(&window);
+        window.close();
+        ProcessEvents();
+        return alive.isNull();
+    }
+    // All steps of the current slice.
+    void UndoAll() {
+        while (window.CurrentSurface().CanUndo()) Run("mnuEditUndo");
+    }
+
+    QString path;
+    frmMain &window;
+};
+
+} // namespace
+
+TEST_F(Unsaved, AMapThatWasJustOpenedOrSavedHasNone) {
+    EXPECT_FALSE(IsUnsaved());
+    Node().SetText(QStringLiteral("new"));
+    EXPECT_TRUE(IsUnsaved());
+    Run("mnuFileSave");
+    EXPECT_FALSE(IsUnsaved());
+    EXPECT_TRUE(Closes());
+}
+
+TEST_F(Unsaved, ANewWindowHasNone) {
+    EXPECT_FALSE(document::HasUnsavedWork(NewWindow()));
+    EXPECT_FALSE(document::MustAskBeforeLosing(NewWindow()));
+}
+
+TEST_F(Unsaved, WhatTheUserLooksAtIsNone) {
+    for (const char *key :
+         {"mnuViewZoom150", "mnuViewZoomFit", "mnuViewZoom75", "keyZoomIn", "mnuViewGrid", "mnuViewSnapGrid",
+          "mnuEditSelectAll", "mnuEditUnSelectAll", "keyNextSlice", "keyPreviousSlice", "mnuEditCopy"})
+        Run(key);
+    Click(window, Body(Node(2)));
+    Press(window, QStringLiteral("Tab"));
+    Drag(window, {100, 3000}, {9000, 50}, Qt::ShiftModifier);
+    EXPECT_FALSE(IsUnsaved());
+    EXPECT_TRUE(Closes());
+}
+
+TEST_F(Unsaved, TheTicksOfTheFilterAndWhatTheyHideAreNone) {
+    for (diagram::Node &node : window.CurrentSurface().Nodes()) {
+        document::SetTag(node, document::tags::kGroup, window.clsSettings().Groups().Item(1).Key);
+        document::SetTag(node, document::tags::kLevel, window.clsSettings().Levels().Item(1).Key);
+    }
+    Node(1).Links().Add(Node(3));
+    document::MarkSaved(window);
+    window.ssDBGroups_CloseUp();
+    ASSERT_TRUE(Node().Hidden());
+    EXPECT_FALSE(IsUnsaved());
+    window.ssDBGroups_Click(0);
+    window.ssDBLevels_Click(0);
+    window.ssDBGroups_CloseUp();
+    ASSERT_FALSE(Node().Hidden());
+    ProcessEvents();
+    EXPECT_FALSE(IsUnsaved());
+}
+
+namespace {
+
+struct Deed {
+    const char *name;
+    bool undone; // by the steps of undo
+    void (*deed)(Unsaved &, frmMain &);
+};
+
+void RunIn(frmMain &window, const char *key) { window.SmartMenuXP1_Click(QLatin1String(key)); }
+
+// What leaves Dirty as it is.
+const Deed kDeeds[] = {
+    {"cut", true, [](Unsaved &, frmMain &w) { RunIn(w, "mnuEditCut"); }},
+    {"paste", true, [](Unsaved &, frmMain &w) { RunIn(w, "mnuEditCopy"), RunIn(w, "mnuEditPaste"); }},
+    {"layout", true, [](Unsaved &, frmMain &w) { RunIn(w, "mnuLayoutTreeExecute"); }},
+    {"background", false,
+     [](Unsaved &t, frmMain &w) {
+         t.desktop.ExpectColour(0x123456);
+         RunIn(w, "mnuViewBackgroundColor");
+     }},
+    {"default node", true,
+     [](Unsaved &t, frmMain &w) {
+         t.desktop.ExpectForm(QStringLiteral("frmTimelineSetup"));
+         RunIn(w, "mnuViewDefaultNode");
+     }},
+};
+
+} // namespace
+
+TEST_F(Unsaved, WhatLeavesDirtyAsItIsIsAskedAboutToo) {
+    for (const Deed &deed : kDeeds) {
+        SCOPED_TRACE(deed.name);
+        Node(1).SetSelected(true);
+        document::MarkSaved(window);
+        deed.deed(*this, window);
+        ProcessEvents();
+        EXPECT_FALSE(window.clsSettings().Dirty);
+        EXPECT_TRUE(IsUnsaved());
+        desktop.ExpectMessage(QStringLiteral("Save Changes?"), Answer::Cancel);
+        EXPECT_FALSE(Closes());
+        UndoAll();
+        EXPECT_EQ(IsUnsaved(), !deed.undone);
+    }
+}
+
+TEST_F(Unsaved, DeletingIsAskedAboutAndUndoingItIsNoDifference) {
+    Node(2).SetSelected(true);
+    desktop.ExpectMessageContaining(QStringLiteral("delete the select Nodes"), Answer::Yes);
+    Press(window, QStringLiteral("Del"));
+    ASSERT_EQ(window.CurrentSurface().Nodes().Count(), 2);
+    EXPECT_FALSE(window.clsSettings().Dirty);
+    EXPECT_TRUE(IsUnsaved());
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_FALSE(IsUnsaved());
+    Press(window, QStringLiteral("Ctrl+Y"));
+    EXPECT_TRUE(IsUnsaved());
+    desktop.ExpectMessage(QStringLiteral("Save Changes?"), Answer::No);
+    EXPECT_TRUE(Closes());
+}
+
+TEST_F(Unsaved, OpeningOverAsksAndCancelKeepsTheMap) {
+    const QString other = SavedMap(QStringLiteral("other.map"), 1);
+    Node(2).SetText(QStringLiteral("new"));
+    ASSERT_FALSE(window.WantsNewWindow());
+    desktop.ExpectMessage(QStringLiteral("Save Changes"), Answer::Cancel);
+    EXPECT_EQ(window.DoOpen(other, window.WantsNewWindow()), nullptr);
+    EXPECT_EQ(window.clsSettings().Database(), path);
+    EXPECT_EQ(Node(2).Text(), QStringLiteral("new"));
+    desktop.ExpectMessage(QStringLiteral("Save Changes"), Answer::Yes);
+    EXPECT_EQ(window.DoOpen(other, window.WantsNewWindow()), &window);
+    EXPECT_FALSE(IsUnsaved());
+    window.DoOpen(path, false);
+    EXPECT_EQ(Node(2).Text(), QStringLiteral("new"));
+}
+
+TEST_F(Unsaved, RevertIsAskedAboutAndLeavesNoneBehind) {
+    Node(2).SetText(QStringLiteral("new"));
+    desktop.ExpectMessage(QStringLiteral("Revert to saved?"), Answer::No);
+    window.DoOpen(path, false);
+    EXPECT_TRUE(IsUnsaved());
+    desktop.ExpectMessage(QStringLiteral("Revert to saved?"), Answer::Yes);
+    window.DoOpen(path, false);
+    EXPECT_FALSE(IsUnsaved());
+    EXPECT_EQ(Node(2).Text(), QStringLiteral("1"));
+}
+
+TEST_F(Unsaved, AMapWithoutChangesIsNotAskedAboutWhenItIsOpenedAgain) {
+    EXPECT_EQ(window.DoOpen(path, false), &window);
+    EXPECT_TRUE(desktop.Messages().empty());
+}
+
+TEST_F(Unsaved, TheFieldFollowsAtOnceAndTellsItToScreenReaders) {
+    QSignalSpy told(&window, &frmMain::UnsavedWorkChanged);
+    EXPECT_EQ(Field().text(), QStringLiteral("All saved"));
+    Node(1).SetSelected(true);
+    Press(window, QStringLiteral("Right"));
+    ProcessEvents();
+    EXPECT_EQ(Field().text(), QStringLiteral("Unsaved changes"));
+    EXPECT_EQ(Field().accessibleName(), QStringLiteral("Unsaved changes"));
+    Press(window, QStringLiteral("Ctrl+S"));
+    ProcessEvents();
+    EXPECT_EQ(Field().text(), QStringLiteral("All saved"));
+    EXPECT_EQ(Field().accessibleName(), QStringLiteral("All saved"));
+    ASSERT_EQ(told.count(), 2);
+    EXPECT_TRUE(told[0][0].toBool());
+    EXPECT_FALSE(told[1][0].toBool());
+}
+
+TEST_F(Unsaved, AFileThatWasAttachedShowsInTheField) {
+    QString key;
+    window.clsSettings().Attachments().add(key);
+    window.UpdateCommands();
+    EXPECT_EQ(Field().text(), QStringLiteral("Unsaved changes"));
+}
+
+// The slices are written anew by it; what they hold is the same.
+TEST_F(Unsaved, SlicesThatWereMovedAndMovedBackAreNoDifference) {
+    const auto moveFirst = [&](const char *button) {
+        desktop.ExpectForm(QStringLiteral("frmLayers"), [button](void *argument) {
+            auto *form = static_cast<frmLayers *>(argument);
+            form->lvwLayers()->setCurrentRow(QLatin1String(button) == QLatin1String("down") ? 0 : 1);
+            QLatin1String(button) == QLatin1String("down") ? form->cmdDown_Click() : form->cmdUp_Click();
+            form->cmdOK_Click();
+            return true;
+        });
+        Run("mnuEditSlicesSlices");
+    };
+    moveFirst("down");
+    EXPECT_TRUE(IsUnsaved());
+    moveFirst("up");
+    EXPECT_FALSE(IsUnsaved());
+    Node(1).SetText(QStringLiteral("new"));
+    moveFirst("down"), moveFirst("up");
+    EXPECT_TRUE(IsUnsaved());
+}
+
+TEST_F(Unsaved, ASliceThatIsDeletedAndInsertedAnewIsADifference) {
+    desktop.ExpectInput(QStringLiteral("Name for Slice."), QStringLiteral("Third"));
+    Run("mnuEditSlicesInsert");
+    EXPECT_TRUE(IsUnsaved());
+    Run("mnuFileSave");
+    EXPECT_FALSE(IsUnsaved());
+    window.TabStrip().SetTheTab(2);
+    desktop.ExpectMessageContaining(QStringLiteral("delete 'Third'"), Answer::Yes);
+    Run("mnuEditSlicesDelete");
+    desktop.ExpectInput(QStringLiteral("Name for Slice."), QStringLiteral("Third"));
+    Run("mnuEditSlicesInsert");
+    EXPECT_TRUE(IsUnsaved());
+}
+
+} // namespace mainwindow::testing
