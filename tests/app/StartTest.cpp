@@ -95,6 +95,59 @@ TEST_F(Start, ShowsTheFirstWindowAndTakesTheSplashAway) {
     EXPECT_EQ(settings::MemoryLimit(), 1048576);
 }
 
+namespace {
+
+// A clock that looks, each time somebody waits, at what is on the screen.
+class LookingClock : public support::testing::FakeClock {
+public:
+    void Wait(int milliseconds) override {
+        FakeClock::Wait(milliseconds);
+        ++waits;
+        const mainwindow::frmSplash *splash = mainwindow::frmSplash::Current();
+        splashAlone = splashAlone && splash && splash->isVisible() && frmMain::Forms().size() == 1 &&
+                      !frmMain::Forms().front()->isVisible();
+    }
+    int waits = 0;
+    bool splashAlone = true;
+};
+
+} // namespace
+
+TEST_F(Start, TheSplashStaysUntilTheSecondBehindTheOneInWhichItCame) {
+    struct Case {
+        QTime came;
+        int waited; // milliseconds, in whole steps of the wait
+    };
+    for (const auto &[came, waited] :
+         {Case{QTime(10, 30, 7, 0), 1000}, {QTime(10, 30, 7, 700), 300}, {QTime(10, 30, 7, 990), 20}}) {
+        LookingClock clock;
+        clock.now.setTime(came);
+        support::Desktop doors{desktop.messageBoxes, desktop.dialogs,   desktop.launcher, clock,
+                               desktop.memory,       desktop.registry,  desktop.random,   desktop.printers,
+                               desktop.identity,     desktop.dialogHost};
+        frmMain *window = Main(doors, {});
+        ASSERT_TRUE(window);
+        EXPECT_EQ(came.msecsTo(clock.now.time()), waited) << came.msec();
+        EXPECT_GT(clock.waits, 0);
+        EXPECT_TRUE(clock.splashAlone);
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_EQ(mainwindow::frmSplash::Current(), nullptr);
+        delete window;
+    }
+}
+
+TEST_F(Start, TheSplashDoesNotWaitForADayWhenItCameBeforeMidnight) {
+    LookingClock clock;
+    clock.now.setTime(QTime(23, 59, 59, 500));
+    support::Desktop doors{desktop.messageBoxes, desktop.dialogs,   desktop.launcher, clock,
+                           desktop.memory,       desktop.registry,  desktop.random,   desktop.printers,
+                           desktop.identity,     desktop.dialogHost};
+    frmMain *window = Main(doors, {});
+    ASSERT_TRUE(window);
+    EXPECT_EQ(clock.now, QDateTime(QDate(2024, 5, 18), QTime(0, 0)));
+    delete window;
+}
+
 TEST_F(Start, WithoutTheSplashNothingIsWaitedFor) {
     const QDateTime before = desktop.clock.now;
     StartOptions options;

@@ -121,6 +121,12 @@ TEST_F(Events, DeleteAsksForLinksThatAreStillSelected) {
     desktop.ExpectMessage(kNodesQuestion, Answer::No);
     desktop.ExpectMessage(kLinksQuestion, Answer::No);
     Press(window, QStringLiteral("Del"));
+    ASSERT_EQ(desktop.Messages().size(), 2u);
+    for (const support::testing::ShownMessage &question : desktop.Messages()) {
+        EXPECT_EQ(question.buttons, support::Buttons::YesNo);
+        EXPECT_EQ(question.icon, support::Icon::Question);
+        EXPECT_EQ(question.title, QStringLiteral("Velmora"));
+    }
     node.SetSelected(false);
     desktop.ExpectMessage(kLinksQuestion, Answer::Yes);
     Press(window, QStringLiteral("Del"));

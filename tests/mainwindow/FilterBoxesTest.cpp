@@ -118,6 +118,45 @@ TEST_F(FilterBoxes, TheFilterIsAppliedToAllSlicesWhenTheListCloses) {
     EXPECT_FALSE(sales.Hidden());
 }
 
+TEST_F(FilterBoxes, TheMonthsOfTheCurrentSliceAreThenShownAsTheMenuSays) {
+    std::vector<diagram::Node *> months;
+    window.AddFlow1().Load(1);
+    window.TabStrip().SetTabCount(2);
+    for (const int slice : {0, 1}) {
+        months.push_back(&window.AddFlow1()[slice].Nodes().Add(300, 9000, 1500, 900));
+        months.back()->SetText(QStringLiteral("May 2024"));
+        months.back()->SetMarked(true);
+        months.back()->SetSelectable(false);
+    }
+    for (const bool shown : {false, true, false}) {
+        for (diagram::Node *month : months) month->SetHidden(shown);
+        window.SetMenuValue(QStringLiteral("mnuViewTimeline"), shown);
+        window.ssDBGroups_CloseUp();
+        EXPECT_EQ(months[0]->Hidden(), !shown);
+        EXPECT_EQ(months[1]->Hidden(), shown) << "the other slice has a switch of its own";
+    }
+    EXPECT_FALSE(window.clsSettings().Dirty);
+}
+
+TEST_F(FilterBoxes, TheLinksOfADayAreThenShownAsTheMenuSays) {
+    for (const char *text : {"May 2024", "17 May 2024"}) {
+        diagram::Node &node = AddNode(window, 300, 9000, QLatin1String(text));
+        node.SetMarked(true);
+        node.SetSelectable(false);
+    }
+    diagram::Node &day = window.CurrentSurface().Nodes().Item(2);
+    day.SetHidden(true);
+    document::SetTag(day, document::tags::kTheDate, QStringLiteral("17 May 2024"));
+    diagram::Node &dated = Tagged(2, 2), &hidden = Tagged(1, 2);
+    diagram::Link &link = dated.Links().Add(day), &other = hidden.Links().Add(day);
+    for (const bool shown : {false, true}) {
+        window.SetMenuValue(QStringLiteral("mnuViewTimeline"), shown);
+        window.ssDBGroups_CloseUp();
+        EXPECT_EQ(link.Hidden(), !shown);
+        EXPECT_TRUE(other.Hidden()) << "its node is hidden";
+    }
+}
+
 TEST_F(FilterBoxes, WhatIsHiddenIsNotSelectedAnyMore) {
     diagram::Node &sales = Tagged(1, 2), &finance = Tagged(2, 2);
     sales.SetSelected(true);

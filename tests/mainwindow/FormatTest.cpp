@@ -85,6 +85,29 @@ TEST_F(Format, FontButtonsFlipEachItemByItself) {
     EXPECT_TRUE(plain.Font().Underline());
 }
 
+// Of three places in a family, top, middle and bottom, the buttons keep the place: left has the values from 0
+// on, right those from 3, center those from 6.
+TEST_F(Format, LeftCenterAndRightChangeTheFamilyOfEverySelectedNode) {
+    frmMain &window = NewWindow();
+    std::vector<diagram::Node *> nodes;
+    for (int alignment = 0; alignment <= 8; ++alignment) {
+        nodes.push_back(&AddNode(window, float(alignment) * 2000, 0));
+        nodes.back()->SetSelected(true);
+    }
+    diagram::Node &other = AddNode(window, 0, 3000);
+    other.SetAlignment(4);
+    for (const auto &[key, base] : {std::pair{"LEFT", 0}, {"CENTER", 6}, {"RIGHT", 3}}) {
+        for (int alignment = 0; alignment <= 8; ++alignment)
+            nodes[std::size_t(alignment)]->SetAlignment(alignment);
+        window.tlbFormat_ButtonClick(QLatin1String(key));
+        for (int alignment = 0; alignment <= 8; ++alignment)
+            EXPECT_EQ(nodes[std::size_t(alignment)]->Alignment(), base + alignment % 3) << key << alignment;
+        EXPECT_EQ(other.Alignment(), 4);
+    }
+    window.CurrentSurface().Undo();
+    EXPECT_EQ(nodes[7]->Alignment(), 7);
+}
+
 TEST_F(Format, AlignmentOfLinksChangesNothing) {
     frmMain &window = NewWindow();
     diagram::Node &node = AddNode(window, 0, 0);

@@ -74,6 +74,57 @@ TEST_F(SliceCommands, DeleteTakesTheCurrentSliceAway) {
     EXPECT_EQ(&window.CurrentView().Model(), &window.AddFlow1()[1]);
 }
 
+TEST_F(SliceCommands, TheQuestionBeforeASliceIsDeletedHasYesAndNo) {
+    window.TabStrip().SetTheTab(1);
+    desktop.ExpectMessage(QStringLiteral("Are you sure you want to delete 'Two'?"), support::Answer::No);
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesDelete"));
+    EXPECT_EQ(desktop.Messages().back().buttons, support::Buttons::YesNo);
+    EXPECT_EQ(Contents(), QStringList({"Map 1", "Two", "Three"}));
+}
+
+TEST_F(SliceCommands, TheOnlySliceIsNotDeletedAndAStopSignSaysWhy) {
+    for (const char *name : {"Three", "Two"}) {
+        window.TabStrip().SetTheTab(window.TabStrip().TabCount() - 1);
+        desktop.ExpectMessageContaining(QLatin1String(name), support::Answer::Yes);
+        window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesDelete"));
+    }
+    desktop.ExpectMessage(
+        QStringLiteral("Cannot remove Slice\r\n\r\nThere must be at least one Slice per Map"));
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesDelete"));
+    EXPECT_EQ(desktop.Messages().back().buttons, support::Buttons::Ok);
+    EXPECT_EQ(desktop.Messages().back().icon, support::Icon::Stop);
+    EXPECT_EQ(Contents(), QStringList({"Map 1"}));
+}
+
+// Each slice has a grid, a snap, a zoom and a timeline of its own; the menu shows those of the one on top.
+TEST_F(SliceCommands, ATabTicksTheMenuAsItsSliceStands) {
+    window.AddFlow1()[0].SetGridLines(true);
+    window.AddFlow1()[1].SetSnapToGrid(true);
+    window.AddFlow1()[1].SetxZoom(150);
+    window.AddFlow1()[1].SetyZoom(150);
+    for (const int slice : {1, 2}) {
+        diagram::Node &month = window.AddFlow1()[slice].Nodes().Add(300, 9000, 1500, 900);
+        month.SetText(QStringLiteral("May 2024"));
+        month.SetMarked(true);
+        month.SetSelectable(false);
+        month.SetHidden(slice == 2);
+    }
+    const auto ticks = [this] {
+        ProcessEvents();
+        QStringList ticked;
+        for (const char *key : {"mnuViewGrid", "mnuViewSnapGrid", "mnuViewTimeline"})
+            if (window.MenuValue(QLatin1String(key))) ticked << QLatin1String(key);
+        return ticked << QString::number(window.CurrentView().ShownZoom());
+    };
+    const QStringList expected[] = {
+        {"mnuViewGrid", "100"}, {"mnuViewSnapGrid", "mnuViewTimeline", "150"}, {"100"}};
+    for (const int tab : {1, 0, 2, 1, 2, 0}) {
+        QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab).center());
+        EXPECT_EQ(ticks(), expected[tab]) << tab;
+    }
+    EXPECT_FALSE(window.clsSettings().Dirty);
+}
+
 TEST_F(SliceCommands, TheDialogIsShownWithTheSlicesAndItsResultTaken) {
     desktop.ExpectForm(QLatin1String(kFormLayers), [](void *argument) {
         auto &form = *static_cast<frmLayers *>(argument);
