@@ -281,6 +281,16 @@ TEST(ZoomSteps, GoToTheNeighbouringStepAndStopAtTheEnds) {
     EXPECT_EQ(PreviousZoom(10), 10);
 }
 
+TEST(ZoomSteps, AreTheseUpAndDown) {
+    const std::vector<double> steps{10,  25,  33,  50,  67,  75,  90,  100, 110,
+                                    125, 150, 175, 200, 250, 300, 400, 500, 800};
+    std::vector<double> up{10}, down{800};
+    while (NextZoom(up.back()) != up.back()) up.push_back(NextZoom(up.back()));
+    while (PreviousZoom(down.back()) != down.back()) down.push_back(PreviousZoom(down.back()));
+    EXPECT_EQ(up, steps);
+    EXPECT_EQ(std::vector<double>(down.rbegin(), down.rend()), steps);
+}
+
 TEST_F(Commands, BackgroundColourIsKeptWhenTheDialogIsCancelled) {
     frmMain &window = NewWindow();
     desktop.ExpectColour(0x332211);

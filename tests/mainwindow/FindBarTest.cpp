@@ -127,9 +127,11 @@ TEST_F(Finding, ReplacesTheHitShownAndGoesOn) {
 TEST_F(Finding, ReplacingAllIsOneStepOfUndoOnEachSlice) {
     Seek(QStringLiteral("plan"), "Ctrl+H");
     QTest::keyClicks(&Child<QLineEdit>("txtReplace"), QStringLiteral("Goal"));
+    const QString before = Count();
     Child<QToolButton>("cmdReplaceAll").click();
     EXPECT_EQ(a.Text() + b.Text() + c->Text(), QStringLiteral("Goal AGoal BGoal c"));
     EXPECT_EQ(Status(window), QStringLiteral("Replaced: 3"));
+    EXPECT_NE(Count(), before) << "the hits are gone";
     window.AddFlow1()[0].Undo();
     EXPECT_EQ(a.Text() + b.Text() + c->Text(), QStringLiteral("Plan APlan BGoal c"));
     window.AddFlow1()[1].Undo();

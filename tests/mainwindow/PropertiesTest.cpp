@@ -101,6 +101,18 @@ TEST_F(Properties, ARightClickOnALinkSelectsItAndHandsTheSelectedLinksOver) {
     EXPECT_TRUE(first->Selected());
 }
 
+TEST_F(Properties, TheMenuShowsThoseOfTheSelectedNodeElseOfTheSelectedLink) {
+    frmMain &window = Open();
+    link->SetSelected(true);
+    ExpectForm<LinkDialogArgument>(kLinkForm,
+                                   [&](LinkDialogArgument &argument) { EXPECT_EQ(&argument.oLink, link); });
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditProperties"));
+    second->SetSelected(true);
+    ExpectForm<NodeDialogArgument>(kNodeForm,
+                                   [&](NodeDialogArgument &argument) { EXPECT_EQ(&argument.oNode, second); });
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditProperties"));
+}
+
 TEST_F(Properties, OfALinkOutsideALargerSelectionThatIsNotHandedOver) {
     frmMain &window = Open();
     diagram::Node &third = AddNode(window, 6000, 6000);

@@ -78,7 +78,7 @@ void SampleView::paintEvent(QPaintEvent *) {
     const QRectF area(0, 0, surface_.Width(), surface_.Height());
     renderer_.Paint(painter, scene_, area, {});
     painter.setPen(QPen(QColor(0, 95, 184), 1, Qt::DashLine));
-    if (node_ && (hasFocus() || dragged_)) painter.drawRect(NodeBox().adjusted(-3.5, -3.5, 2.5, 2.5));
+    if (node_ && (hasFocus() || dragged_)) painter.drawRect(NodeBox().adjusted(-3, -3, 2, 2));
 }
 
 void SampleView::resizeEvent(QResizeEvent *event) {

@@ -47,6 +47,12 @@ TEST_F(DateForm, ShowsTheNodesDateElseToday) {
     EXPECT_EQ(Calendar().selectedDate(), QDate(2004, 3, 14));
 }
 
+TEST_F(DateForm, TheDateIsSelectedSoThatTypingReplacesIt) {
+    Open();
+    EXPECT_EQ(form->focusWidget(), &Text());
+    EXPECT_EQ(Text().selectedText(), QStringLiteral("17 May 2024"));
+}
+
 TEST_F(DateForm, ADateIsTypedAsPeopleWriteIt) {
     const std::pair<const char *, QDate> rows[] = {{"2 dec 2026", QDate(2026, 12, 2)},
                                                    {"Mar-04", QDate(2004, 3, 1)},

@@ -142,6 +142,49 @@ TEST_F(Editing, TheArrowKeysResizeToo) {
     EXPECT_EQ(Sample().Height(), 1200);
 }
 
+TEST_F(Editing, ThePointerSaysWhichEdgesCanBeDragged) {
+    Form().show();
+    auto *view = form->findChild<SampleView *>();
+    const QRectF box = Sample().Bounds();
+    const auto over = [&](double x, double y) {
+        QTest::mouseMove(view, Pixel(x, y));
+        return view->cursor().shape();
+    };
+    EXPECT_EQ(over(box.right(), box.center().y()), Qt::SizeHorCursor);
+    EXPECT_EQ(over(box.center().x(), box.top()), Qt::SizeVerCursor);
+    EXPECT_EQ(over(box.left(), box.bottom()), Qt::SizeAllCursor);
+    EXPECT_EQ(over(box.center().x(), box.center().y()), Qt::ArrowCursor);
+}
+
+TEST_F(Editing, TheFrameOfTheFocusStandsThreePixelsAroundTheSample) {
+    Form().show();
+    auto *view = form->findChild<SampleView *>();
+    const auto picture = [view](bool focus) {
+        focus ? view->setFocus() : view->clearFocus();
+        return view->grab().toImage();
+    };
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    Sample().SetWidth(view->width() % 2 ? 1215 : 1200); // its edges lie between pixels
+    Sample().SetHeight(view->height() % 2 ? 1215 : 1200);
+    view->Refresh();
+    const QImage with = picture(true), without = picture(false);
+    QRect frame;
+    for (int y = 0; y < with.height(); ++y)
+        for (int x = 0; x < with.width(); ++x)
+            if (with.pixel(x, y) != without.pixel(x, y)) frame |= QRect(x, y, 1, 1);
+    const QRectF box = Sample().Bounds();
+    const QRect sample(Pixel(box.left(), box.top()), Pixel(box.right(), box.bottom()) - QPoint(1, 1));
+    EXPECT_EQ(frame, sample.adjusted(-3, -3, 3, 3));
+}
+
+TEST_F(Editing, OkStoresTheFirstArrangementToo) {
+    document::SetTag(flow, kTimelineAlign, QStringLiteral("3"));
+    Form();
+    Choose("cboArrangement", 0);
+    Press("OKButton");
+    EXPECT_EQ(Get(kTimelineAlign), QStringLiteral("0"));
+}
+
 TEST_F(Editing, OkStoresLookSizeAndSettings) {
     diagram::Node &user = UserNode();
     Template(1000, 500);
