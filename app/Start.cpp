@@ -3,6 +3,8 @@
 #include "app/frmPrompt.h"
 #include "app/settings/GetSet.h"
 #include "app/settings/Settings.h"
+#include "document/AttachmentFolder.h"
+#include "document/CompactDb.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/frmSplash.h"
 #include "mainwindow/StartupSetting.h"
@@ -32,12 +34,19 @@ void WaitForSplash(support::Clock &clock, double since) {
     while (clock.Timer() < since + 1 && clock.Timer() >= started) clock.Wait(kSplashStep);
 }
 
+// What former runs left in the temporary folder.
+void SweepTemporaryFiles(support::Clock &clock) {
+    document::SweepAttachmentFolders();
+    document::SweepSafetyCopies(clock.Now());
+}
+
 frmMain *FirstWindow(support::Desktop &desktop, const StartOptions &options) {
     settings::SetMemoryLimit(settings::kFirstMemoryLimit);
     desktop.random.Seed(desktop.clock.Timer());
     if (options.showSplash) ShowSplash();
     const double noted = std::floor(desktop.clock.Timer());
     settings::LoadSettings();
+    SweepTemporaryFiles(desktop.clock);
     auto *first = new frmMain(desktop); // deletes itself when it is closed
     if (options.showSplash) WaitForSplash(desktop.clock, noted);
     first->ShowWindow();

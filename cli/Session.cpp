@@ -1,18 +1,24 @@
 #include "cli/Session.h"
 
 #include "document/DoLoad.h"
+#include "support/PrivateFolder.h"
 
-#include <QTemporaryDir>
+#include <QDir>
 
 namespace cli {
+
+namespace {
+const QString kPurpose = QStringLiteral("cli");
+}
 
 // Takes the place of the temporary folder of the process.
 class Session::ScratchFolder {
 public:
     ScratchFolder() {
+        support::SweepPrivateFolders(kPurpose); // of commands that were killed
         for (Variable &variable : variables_) {
             variable.former = qgetenv(variable.name);
-            qputenv(variable.name, folder_.path().toLocal8Bit());
+            qputenv(variable.name, QFile::encodeName(QDir::fromNativeSeparators(folder_.Path())));
         }
     }
     ~ScratchFolder() {
@@ -31,7 +37,7 @@ private:
         const char *name;
         QByteArray former;
     };
-    QTemporaryDir folder_;
+    support::PrivateFolder folder_{kPurpose};
     Variable variables_[2] = {{"TMPDIR", {}}, {"TMP", {}}};
 };
 

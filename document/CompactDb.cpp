@@ -4,9 +4,15 @@
 #include "storage/Database.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
+#include "support/FileNames.h"
 #include "support/Files.h"
+#include "support/PrivateFolder.h"
 
+#include <QCryptographicHash>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QTemporaryFile>
 
 namespace document {
 
@@ -15,6 +21,8 @@ namespace {
 constexpr int kVersion30 = 32;
 const QString kLocale = QStringLiteral(";LANGID=0x0409;CP=1252;COUNTRY=0");
 const QString kPrefix = QStringLiteral("ABC");
+const QString kCopies = QStringLiteral("copies");
+constexpr int kDaysOfCopies = 7;
 
 QString LocaleWithPassword(const QString &password) {
     return password.isEmpty() ? kLocale : kLocale + QStringLiteral(";pwd=") + password;
@@ -38,18 +46,56 @@ private:
     bool isKept_ = false;
 };
 
-// Fills the file, which only its owner may read, so that the copy is as private as it should be.
-void CopyInto(const QString &source, const QString &target) {
+// The same name for one map at all times, and another for each map.
+QString CopyName(const QString &map) {
+    const QByteArray path = QFileInfo(map).canonicalFilePath().toUtf8();
+    const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().left(16);
+    return QStringLiteral("%1-%2").arg(QString::fromLatin1(hash),
+                                       support::SafeFileName(support::FileTitle(map)));
+}
+
+bool CopyInto(QFile &from, QFile &to) {
     constexpr qint64 kBlock = 1 << 20;
-    QFile from(source), to(target);
-    bool good = from.open(QIODevice::ReadOnly) && to.open(QIODevice::WriteOnly | QIODevice::Truncate);
-    while (good && !from.atEnd()) {
+    while (!from.atEnd()) {
         const QByteArray block = from.read(kBlock);
-        good = !block.isEmpty() && to.write(block) == block.size();
+        if (block.isEmpty() || to.write(block) != block.size()) return false;
     }
-    if (good && to.flush()) return;
-    throw support::Error(support::kErrPathFileAccess, QStringLiteral("CompactDb"),
-                         QStringLiteral("Path/File access error: %1").arg(target));
+    return to.flush();
+}
+
+// Takes the place of the map's former copy only when it is whole.
+void MakeSafetyCopy(const QString &map) {
+    const QDir folder(SafetyCopyFolder());
+    const QString target = folder.filePath(CopyName(map));
+    QFile from(map);
+    QTemporaryFile copy(folder.filePath(kPrefix + QStringLiteral("XXXXXX.tmp")));
+    bool good = from.open(QIODevice::ReadOnly) && copy.open() && CopyInto(from, copy);
+    if (good) {
+        copy.close();
+        QFile::remove(target);
+        copy.setAutoRemove(false);
+        good = QFile::rename(copy.fileName(), target);
+    }
+    if (!good)
+        throw support::Error(support::kErrPathFileAccess, QStringLiteral("CompactDb"),
+                             QStringLiteral("Path/File access error: %1").arg(target));
+}
+
+// What a safety copy of one name is in one of the folders.
+struct Copy {
+    QString path;
+    QDateTime modified;
+};
+
+std::vector<Copy> SafetyCopies(QHash<QString, QDateTime> &newest) {
+    std::vector<Copy> copies;
+    for (const QString &folder : support::LastingPrivateFolders(kCopies))
+        for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files | QDir::Hidden)) {
+            copies.push_back({file.filePath(), file.lastModified()});
+            QDateTime &latest = newest[file.fileName()];
+            if (!latest.isValid() || latest < file.lastModified()) latest = file.lastModified();
+        }
+    return copies;
 }
 
 bool HaveSameBytes(const QString &a, const QString &b) {
@@ -65,13 +111,22 @@ bool HaveSameBytes(const QString &a, const QString &b) {
 
 } // namespace
 
+QString SafetyCopyFolder() { return support::LastingPrivateFolder(kCopies); }
+
+void SweepSafetyCopies(const QDateTime &now) {
+    QHash<QString, QDateTime> newest;
+    for (const Copy &copy : SafetyCopies(newest))
+        if (copy.modified < now.addDays(-kDaysOfCopies) ||
+            copy.modified < newest.value(QFileInfo(copy.path).fileName()))
+            QFile::remove(copy.path);
+}
+
 void CompactDb(MapWindow &window, const QString &sFile, bool bKeep, const QString &sPassword) {
     support::PassOn("CompactDb", [&] {
         window.SetMousePointer(pointer::kHourglass);
-        ScratchFile compacted, safetyCopy;
+        ScratchFile compacted;
         support::Kill(compacted.Path());
-        CopyInto(sFile, safetyCopy.Path());
-        safetyCopy.Keep();
+        MakeSafetyCopy(sFile);
         storage::CompactDatabase(sFile, compacted.Path(), LocaleWithPassword(sPassword), kVersion30);
         // A file without free space comes back as it was.
         if (!HaveSameBytes(compacted.Path(), sFile)) support::CopyFileTo(compacted.Path(), sFile);

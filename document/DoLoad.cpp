@@ -19,7 +19,7 @@
 #include "support/Files.h"
 
 #include <algorithm>
-#include <QFile>
+#include <QHash>
 
 namespace document {
 
@@ -193,21 +193,24 @@ void Loader::LoadAttachments() {
     const Columns at(rows, schema::kAttachments);
     using namespace schema::attachment;
     settings_.Attachments().Clear();
+    settings_.AttachmentFolder().Clear();
+    QHash<QStringList, int> seen;
     for (; !rows.EndOfFile(); rows.MoveNext()) {
         QString key;
         cAttachment &attachment = settings_.Attachments().add(key);
         attachment.Filename = rows.Text(at[kFilename]);
         attachment.Embed = rows.Boolean(at[kEmbed]);
         attachment.Node = rows.Text(at[kNodeKey]);
+        attachment.Stored = {settings_.Database(), rows.Text(at[kKey]), attachment.Node, attachment.Filename};
+        const StoredAttachment &stored = attachment.Stored;
+        attachment.Stored.Position = seen[{stored.Key, stored.NodeKey, stored.Filename}]++;
         if (attachment.Embed) ExtractAttachment(attachment, rows);
     }
 }
 
 // Only the name of the stored path counts, so that a map cannot write anywhere else.
 void Loader::ExtractAttachment(cAttachment &attachment, const Recordset &rows) {
-    attachment.Filename =
-        support::AddBackslash(support::TempPath()) + support::FileTitle(attachment.Filename);
-    QFile::remove(attachment.Filename);
+    attachment.Filename = settings_.AttachmentFolder().NewPath(attachment.Filename);
     storage::WriteFileFromField(attachment.Filename, rows,
                                 NameOf(schema::kAttachments, schema::attachment::kData));
 }

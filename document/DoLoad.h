@@ -9,7 +9,7 @@ class MapWindow;
 
 // Reads the map that the window's Database names: levels, groups, slices with their nodes and links,
 // hyperlinks, attachments. Asks for a path where Database is empty. Leaves the file closed and Dirty false;
-// embedded attachments stand in the temporary folder. Gives false, always.
+// embedded attachments stand in the window's own folder. Gives false, always.
 //
 // Without memory the load ends with the product's message: the slices read so far stay, Dirty and caption
 // stay as they were. An error ends it where it stands and has DoLoad in its source: an engine's error for

@@ -136,16 +136,24 @@ private:
     QString path_;
 };
 
+// From now on the file has the bytes of the embedded attachments.
+void NoteStored(clsfrmMain &settings) {
+    for (cAttachment &attachment : settings.Attachments())
+        attachment.Stored = {settings.Database(), attachment.Key, attachment.Node, attachment.Filename, 0};
+}
+
 // Writes the file and swaps it in; gives the path of the former file if that was kept.
 QString WriteMap(MapWindow &window, const QString &path, Rollback &rollback) {
     clsfrmMain &settings = window.clsSettings();
     support::AtomicFile file(path);
+    support::SweepNewFiles(path);
     file.Write(support::ReadWholeFile(TemplatePath()));
     settings.SetDatabase(path);
     BuildMap(window, file.Path(), rollback);
     KeptFile kept(settings, file.Target());
     file.Commit();
     settings.OwnFiles().Add(settings.Database());
+    NoteStored(settings);
     return kept.Release();
 }
 

@@ -4,9 +4,11 @@
 #include "document/BusyWindow.h"
 #include "document/clsfrmMain.h"
 #include "document/MapSchema.h"
+#include "document/SurfaceArray.h"
 #include "document/Tags.h"
 #include "storage/Fields.h"
 #include "support/clsGUID.h"
+#include "support/Error.h"
 #include "support/Val.h"
 
 #include <QLocale>
@@ -249,9 +251,32 @@ void RowWriter::WriteAttachments() {
         rows.Set(name(kNodeKey), attachment.Node);
         rows.Set(name(kFilename), attachment.Filename);
         rows.Set(name(kEmbed), attachment.Embed);
-        if (attachment.Embed) storage::ReadFileIntoField(attachment.Filename, rows, name(kData));
+        if (attachment.Embed) WriteEmbedded(attachment, rows, name(kData));
         rows.Update();
     }
+}
+
+void RowWriter::WriteEmbedded(const cAttachment &attachment, storage::Recordset &rows, const QString &field) {
+    try {
+        storage::ReadFileIntoField(attachment.Filename, rows, field);
+    } catch (const support::Error &error) {
+        const std::optional<QByteArray> bytes = formerAttachments_.BytesOf(attachment);
+        if (!bytes)
+            throw support::Error(error.Number(), error.Source(),
+                                 QStringLiteral("%1\r\n\r\nIt is attached to the node '%2'.")
+                                     .arg(error.Description(), TextOfNode(attachment.Node)));
+        rows.Set(field, *bytes);
+    }
+}
+
+// The beginning of its text in one line; the key of a node without a text, or of one that is no more.
+QString RowWriter::TextOfNode(const QString &key) const {
+    constexpr int kLongest = 60;
+    QString text;
+    for (const int index : window_.AddFlow1().Indices())
+        if (const diagram::Node *node = window_.AddFlow1()[index].Nodes().Find(key))
+            text = node->Text().simplified().left(kLongest);
+    return text.isEmpty() ? key : text;
 }
 
 } // namespace document

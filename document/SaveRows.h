@@ -1,7 +1,9 @@
 // Writing the rows of a map.
 #pragma once
 
+#include "document/cAttachment.h"
 #include "document/FontPool.h"
+#include "document/FormerAttachments.h"
 #include "document/PicturePool.h"
 #include "storage/Database.h"
 
@@ -32,7 +34,8 @@ public:
     void WriteGroups();
     void WriteLevels();
     void WriteHyperlinks();
-    // Error 53 for an embedded file that is gone.
+    // The bytes of an embedded file that is gone are taken from the map that the attachment was read from or
+    // last written to. Error 53, with the node's text, when that has them no more.
     void WriteAttachments();
 
 private:
@@ -43,6 +46,8 @@ private:
     void WriteLink(diagram::Link &link, int slice);
     void BindLinkLook(const diagram::Link &link);
     void WritePoints(const diagram::Link &link, std::string_view key);
+    void WriteEmbedded(const cAttachment &attachment, storage::Recordset &rows, const QString &field);
+    QString TextOfNode(const QString &key) const;
     const std::string &GroupNames(const QString &keys);
     double LevelNumber(const QString &key);
 
@@ -51,6 +56,7 @@ private:
     clsfrmMain &settings_;
     FontPool fonts_;
     PicturePool pictures_;
+    FormerAttachments formerAttachments_;
     storage::PreparedStatement slice_, node_, link_, point_;
     std::vector<int> positions_;             // in the stacking of the slice, by identity
     std::vector<std::string> nodeKeys_;      // of the slice, by identity

@@ -1,6 +1,7 @@
 // The state of one document window besides its surfaces.
 #pragma once
 
+#include "document/AttachmentFolder.h"
 #include "document/cAttachments.h"
 #include "document/cGroups.h"
 #include "document/cHyperlinks.h"
@@ -39,6 +40,8 @@ public:
     // Stores the long form of the path.
     void SetDatabase(const QString &path);
 
+    // The folder of this window for the files of embedded attachments.
+    document::AttachmentFolder &AttachmentFolder() { return attachmentFolder_; }
     // The files that this window need not keep when it saves over them.
     document::OwnFiles &OwnFiles() { return ownFiles_; }
 
@@ -48,6 +51,7 @@ private:
     cGroups groups_;
     cLevels levels_;
     QString database_;
+    document::AttachmentFolder attachmentFolder_;
     document::OwnFiles ownFiles_;
 };
 

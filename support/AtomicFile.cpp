@@ -2,11 +2,12 @@
 
 #include "support/Error.h"
 #include "support/Files.h"
-#include "support/Platform.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 
 namespace support {
 
@@ -48,11 +49,32 @@ QString ResolvedTarget(const QString &path) {
     return canonical.isEmpty() ? info.symLinkTarget() : canonical;
 }
 
+// What the names of the new files of a target begin with.
+QString NewNameStart(const QFileInfo &target) {
+    constexpr int kLongest = 60;
+    return QStringLiteral(".%1.").arg(target.fileName().left(kLongest));
+}
+
+constexpr QLatin1String kNewNameEnd(".new");
+
 QString NewNameBeside(const QString &target) {
     const QFileInfo info(target);
-    return QStringLiteral("%1/.%2.%3.new")
-        .arg(info.absolutePath(), info.fileName().left(60),
-             QString::number(QRandomGenerator::global()->generate64(), 36));
+    return info.absolutePath() + QLatin1Char('/') + NewNameStart(info) +
+           QString::number(QRandomGenerator::global()->generate64(), 36) + kNewNameEnd;
+}
+
+bool IsNewName(const QString &name, const QString &start) {
+    static const QRegularExpression number(QStringLiteral("\\A[0-9a-z]{1,13}\\z"));
+    return name.startsWith(start) && name.endsWith(kNewNameEnd) &&
+           number.match(name.mid(start.size(), name.size() - start.size() - kNewNameEnd.size())).hasMatch();
+}
+
+// Takes the lock of a file just made. False when a sweep came in between and took the file away; a file
+// system without locks gives none, and the file stays.
+bool LockNewFile(const QString &path, std::unique_ptr<platform::FileLock> &lock) {
+    constexpr int kSweepMilliseconds = 50;
+    lock = platform::LockExisting(path, kSweepMilliseconds);
+    return QFileInfo::exists(path);
 }
 
 void RaiseUnlessReplaceable(const QString &target) {
@@ -74,8 +96,11 @@ void OpenToRead(QFile &file, const char *routine, const QString &path) {
 
 AtomicFile::AtomicFile(const QString &target) : target_(ResolvedTarget(target)) {
     RaiseUnlessReplaceable(target_);
-    const QString path = NewNameBeside(target_);
-    RaiseIfFailed(platform::CreateNew(path), "AtomicFile", target_);
+    QString path;
+    do {
+        path = NewNameBeside(target_);
+        RaiseIfFailed(platform::CreateNew(path), "AtomicFile", target_);
+    } while (!LockNewFile(path, lock_));
     path_ = path;
 }
 
@@ -92,6 +117,18 @@ void AtomicFile::Commit() {
     RaiseIfFailed(platform::FlushFile(path_), "AtomicFile", target_);
     RaiseIfFailed(platform::RenameOver(path_, target_), "AtomicFile", target_);
     committed_ = true;
+    lock_.reset();
+}
+
+void SweepNewFiles(const QString &target) {
+    const QFileInfo info(ResolvedTarget(target));
+    const QDir folder(info.absolutePath());
+    const QString start = NewNameStart(info);
+    for (const QString &name : folder.entryList(QDir::Files | QDir::Hidden | QDir::NoSymLinks)) {
+        if (!IsNewName(name, start)) continue;
+        const QString path = folder.filePath(name);
+        if (const auto lock = platform::LockExisting(path, 0)) QFile::remove(path);
+    }
 }
 
 void FlushToDisk(const QString &path) { RaiseIfFailed(platform::FlushFile(path), "FlushToDisk", path); }

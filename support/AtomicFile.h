@@ -5,13 +5,16 @@
 // 70 "Permission denied", 75 "Path/File access error", 76 "Path not found".
 #pragma once
 
+#include "support/Platform.h"
+
 #include <QByteArray>
 #include <QString>
 
 namespace support {
 
 // A new file in the folder of its target. Write to Path() by any means, close it, then Commit. A new file
-// that was not committed is deleted with the object.
+// that was not committed is deleted with the object. The object holds a lock on it, so that others can tell
+// it from one whose process was killed.
 class AtomicFile {
 public:
     // Creates the empty new file. A target that is a link stands for the file that it leads to. Error 75 when
@@ -33,8 +36,13 @@ public:
 private:
     QString target_;
     QString path_;
+    std::unique_ptr<platform::FileLock> lock_;
     bool committed_ = false;
 };
+
+// Deletes the new files beside `target` that processes left when they were killed: those that nobody holds a
+// lock on. Where the file system knows no locks none is deleted.
+void SweepNewFiles(const QString &target);
 
 // Waits until the file's content is on the disk.
 void FlushToDisk(const QString &path);

@@ -70,13 +70,25 @@ Failure Flush(const Descriptor &descriptor) {
 
 class FlockLock : public FileLock {
 public:
-    explicit FlockLock(const QString &path) : descriptor_(path, O_RDWR | O_CREAT, 0600) {}
+    FlockLock(const QString &path, int flags) : descriptor_(path, O_RDWR | flags, 0600) {}
     bool Opened() const { return static_cast<bool>(descriptor_); }
     bool Try() { return flock(descriptor_.Number(), LOCK_EX | LOCK_NB) == 0; }
 
 private:
     Descriptor descriptor_; // closing it gives the lock back
 };
+
+// Waits for as long as somebody else has the lock; a file system without locks ends it at once.
+std::unique_ptr<FileLock> WaitFor(std::unique_ptr<FlockLock> lock, int milliseconds) {
+    constexpr int kStep = 2;
+    if (!lock->Opened()) return nullptr;
+    for (int waited = 0; !lock->Try(); waited += kStep) {
+        if (errno != EWOULDBLOCK && errno != EINTR) return nullptr;
+        if (waited >= milliseconds) return nullptr;
+        QThread::msleep(kStep);
+    }
+    return lock;
+}
 
 } // namespace
 
@@ -94,6 +106,12 @@ Failure CreateNew(const QString &path) {
     const Descriptor descriptor(path, O_WRONLY | O_CREAT | O_EXCL, 0666);
     if (descriptor) return Failure::None;
     return errno == ENOENT ? Failure::NoFolder : FailureOf(errno);
+}
+
+bool IsPrivateFolder(const QString &path) {
+    struct stat status {};
+    return lstat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode) &&
+           status.st_uid == geteuid() && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
 }
 
 Failure WriteFile(const QString &path, const QByteArray &bytes, WriteMode mode) {
@@ -142,14 +160,11 @@ QString UserName() {
 }
 
 std::unique_ptr<FileLock> Lock(const QString &path, int milliseconds) {
-    constexpr int kStep = 2;
-    auto lock = std::make_unique<FlockLock>(path);
-    if (!lock->Opened()) return nullptr;
-    for (int waited = 0; !lock->Try(); waited += kStep) {
-        if (waited >= milliseconds) return nullptr;
-        QThread::msleep(kStep);
-    }
-    return lock;
+    return WaitFor(std::make_unique<FlockLock>(path, O_CREAT), milliseconds);
+}
+
+std::unique_ptr<FileLock> LockExisting(const QString &path, int milliseconds) {
+    return WaitFor(std::make_unique<FlockLock>(path, O_NOFOLLOW), milliseconds);
 }
 
 #ifdef Q_OS_MACOS

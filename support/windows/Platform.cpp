@@ -60,15 +60,18 @@ QString Filled(Function function) {
     return QString();
 }
 
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+// Locks a place far behind the end of the file, so that its content can be read and written meanwhile.
 class RangeLock : public FileLock {
 public:
-    explicit RangeLock(const QString &path)
-        : file_(CreateFileW(Native(path).c_str(), GENERIC_READ | GENERIC_WRITE,
-                            FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL,
-                            nullptr)) {}
+    RangeLock(const QString &path, DWORD creation)
+        : file_(CreateFileW(Native(path).c_str(), GENERIC_READ | GENERIC_WRITE, kShareAll, nullptr, creation,
+                            FILE_ATTRIBUTE_NORMAL, nullptr)) {}
     bool Opened() const { return static_cast<bool>(file_); }
     bool Try() {
         OVERLAPPED place{};
+        place.OffsetHigh = 0x7FFFFFFF;
         return LockFileEx(file_.Get(), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0,
                           &place) != 0;
     }
@@ -77,11 +80,22 @@ private:
     Handle file_; // closing it gives the lock back
 };
 
+std::unique_ptr<FileLock> WaitFor(std::unique_ptr<RangeLock> lock, int milliseconds) {
+    constexpr int kStep = 2;
+    if (!lock->Opened()) return nullptr;
+    for (int waited = 0; !lock->Try(); waited += kStep) {
+        if (GetLastError() != ERROR_LOCK_VIOLATION && GetLastError() != ERROR_IO_PENDING) return nullptr;
+        if (waited >= milliseconds) return nullptr;
+        Sleep(kStep);
+    }
+    return lock;
+}
+
 } // namespace
 
 Failure FlushFile(const QString &path) {
-    const Handle file(CreateFileW(Native(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                  nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const Handle file(CreateFileW(Native(path).c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file || !FlushFileBuffers(file.Get())) return FailureOf(GetLastError());
     return Failure::None;
 }
@@ -94,15 +108,22 @@ Failure RenameOver(const QString &newFile, const QString &target) {
 }
 
 Failure CreateNew(const QString &path) {
-    const Handle file(CreateFileW(Native(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+    const Handle file(CreateFileW(Native(path).c_str(), GENERIC_WRITE, kShareAll, nullptr, CREATE_NEW,
                                   FILE_ATTRIBUTE_NORMAL, nullptr));
     return file ? Failure::None : FailureOf(GetLastError());
 }
 
+// A temporary folder is the user's own there, and what is made in it inherits that.
+bool IsPrivateFolder(const QString &path) {
+    const DWORD attributes = GetFileAttributesW(Native(path).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
+           (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
+}
+
 Failure WriteFile(const QString &path, const QByteArray &bytes, WriteMode mode) {
     const bool append = mode == WriteMode::Append;
-    const Handle file(CreateFileW(Native(path).c_str(), append ? FILE_APPEND_DATA : GENERIC_WRITE, 0, nullptr,
-                                  append ? OPEN_EXISTING : TRUNCATE_EXISTING, FILE_ATTRIBUTE_NORMAL,
+    const Handle file(CreateFileW(Native(path).c_str(), append ? FILE_APPEND_DATA : GENERIC_WRITE, kShareAll,
+                                  nullptr, append ? OPEN_EXISTING : TRUNCATE_EXISTING, FILE_ATTRIBUTE_NORMAL,
                                   nullptr));
     if (!file) return FailureOf(GetLastError());
     constexpr qsizetype kBlock = 1 << 26;
@@ -153,14 +174,11 @@ QString UserName() {
 }
 
 std::unique_ptr<FileLock> Lock(const QString &path, int milliseconds) {
-    constexpr int kStep = 2;
-    auto lock = std::make_unique<RangeLock>(path);
-    if (!lock->Opened()) return nullptr;
-    for (int waited = 0; !lock->Try(); waited += kStep) {
-        if (waited >= milliseconds) return nullptr;
-        Sleep(kStep);
-    }
-    return lock;
+    return WaitFor(std::make_unique<RangeLock>(path, OPEN_ALWAYS), milliseconds);
+}
+
+std::unique_ptr<FileLock> LockExisting(const QString &path, int milliseconds) {
+    return WaitFor(std::make_unique<RangeLock>(path, OPEN_EXISTING), milliseconds);
 }
 
 int AvailableMemoryPercent() { return -1; }

@@ -156,6 +156,29 @@ TEST_F(Start, WithoutTheSplashNothingIsWaitedFor) {
     EXPECT_EQ(before, desktop.clock.now);
 }
 
+TEST_F(Start, SweepsWhatFormerRunsLeftInTheTemporaryFolder) {
+    const QTemporaryDir temp;
+    const QByteArray former = qgetenv("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(temp.path()));
+    const auto write = [&](const QString &name) {
+        QFile file(temp.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.setFileTime(desktop.clock.now.addDays(-8), QFileDevice::FileModificationTime);
+    };
+    for (const char *folder : {"velmora-attachments-killed", "velmora-copies-abcdef"}) {
+        ASSERT_TRUE(QDir(temp.path()).mkdir(QLatin1String(folder)));
+        QFile::setPermissions(temp.filePath(QLatin1String(folder)),
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    write(QStringLiteral("velmora-attachments-killed/.lock"));
+    write(QStringLiteral("velmora-attachments-killed/notes.txt"));
+    write(QStringLiteral("velmora-copies-abcdef/0123-old.map"));
+    Run();
+    EXPECT_FALSE(QFile::exists(temp.filePath(QStringLiteral("velmora-attachments-killed"))));
+    EXPECT_TRUE(QDir(temp.filePath(QStringLiteral("velmora-copies-abcdef"))).isEmpty());
+    former.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", former);
+}
+
 TEST_F(Start, AMissingTemplateIsToldAndEndsTheStart) {
     QFile::remove(program.filePath(QStringLiteral("template.tpl")));
     desktop.ExpectMessageContaining(QStringLiteral("template.tpl"));

@@ -69,4 +69,8 @@ TEST(KilledSave, LeavesTheOldMapOrTheNewOneWhole) {
         const int nodes = CountNodes(target);
         EXPECT_TRUE(nodes == 10 || nodes == 8000) << nodes << " nodes after step " << step;
     }
+    // The next save takes what the killed ones left away, here and in the temporary folder.
+    ConvertAndKill(program, source, target, kLongEnough);
+    EXPECT_EQ(QDir(folder.path()).entryList({QStringLiteral(".*.new")}, QDir::Files | QDir::Hidden),
+              QStringList());
 }

@@ -24,6 +24,7 @@ protected:
             Run(path, "ALTER TABLE [Slices] DROP COLUMN [" + column + "]");
         return path;
     }
+    static QStringList Copies() { return QDir(SafetyCopyFolder()).entryList(QDir::Files | QDir::Hidden); }
 };
 
 TEST_F(OpenMapTest, GetMapFile_AsksForAMapInTheLastFolder) {
@@ -119,11 +120,55 @@ TEST_F(OpenMapTest, CompactDb_KeepsTheContentAndLeavesASafetyCopy) {
     CompactDb(*window, path, false, QString());
     EXPECT_EQ(Cell(path, QStringLiteral("SELECT [Key] FROM [Nodes]")), "n");
     EXPECT_EQ(window->pointers, (std::vector<int>{pointer::kHourglass, pointer::kNormal}));
-    const QStringList left = QDir(TempFolder()).entryList({QStringLiteral("ABC*")}, QDir::Files);
+    const QStringList left = Copies();
     ASSERT_EQ(left.size(), 1);
-    EXPECT_EQ(Cell(TempFolder() + "/" + left[0], QStringLiteral("SELECT [Key] FROM [Nodes]")), "n");
+    EXPECT_EQ(Cell(SafetyCopyFolder() + "/" + left[0], QStringLiteral("SELECT [Key] FROM [Nodes]")), "n");
     CompactDb(*window, path, true, QString());
-    EXPECT_EQ(QDir(TempFolder()).entryList({QStringLiteral("ABC*")}, QDir::Files).size(), 3);
+    EXPECT_EQ(QDir(TempFolder()).entryList({QStringLiteral("ABC*")}, QDir::Files).size(), 1);
+}
+
+TEST_F(OpenMapTest, CompactDb_KeepsTheNewestSafetyCopyOfEachMapForTheUserAlone) {
+    const auto window = NewWindow();
+    const QString a = EmptyMap(QStringLiteral("a.map"));
+    ASSERT_TRUE(QDir().mkpath(MapFile(QStringLiteral("other"))));
+    const QString b = EmptyMap(QStringLiteral("other/a.map"));
+    for (const char *key : {"first", "second"}) {
+        Run(a, InsertNode(QString::fromLatin1(key)));
+        CompactDb(*window, a, false, QString());
+    }
+    CompactDb(*window, b, false, QString());
+    const QStringList left = Copies();
+    ASSERT_EQ(left.size(), 2);
+    for (const QString &copy : left) EXPECT_TRUE(copy.endsWith(QStringLiteral("-a.map")));
+    int nodes = 0;
+    for (const QString &copy : left)
+        nodes +=
+            Cell(SafetyCopyFolder() + "/" + copy, QStringLiteral("SELECT COUNT(*) FROM [Nodes]")).toInt();
+    EXPECT_EQ(nodes, 2);
+    EXPECT_EQ(QDir(TempFolder()).entryList(QDir::Files), QStringList());
+    EXPECT_FALSE(QFileInfo(SafetyCopyFolder()).permissions() &
+                 (QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther));
+}
+
+TEST_F(OpenMapTest, SafetyCopiesOlderThanAWeekAreSweptAndSoAreDoubles) {
+    const QDateTime now = QDateTime::currentDateTime();
+    const auto write = [&](const QString &folder, const char *name, int daysOld) {
+        QFile file(folder + "/" + name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(file.setFileTime(now.addDays(-daysOld), QFileDevice::FileModificationTime));
+    };
+    const QString folder = SafetyCopyFolder();
+    const QString second = TempFolder() + "/velmora-copies-zzzzzz";
+    ASSERT_TRUE(QDir().mkdir(second));
+    QFile::setPermissions(second, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    write(folder, "old.map", 8);
+    write(folder, "ABC123.tmp", 9);
+    write(folder, "young.map", 6);
+    write(folder, "double.map", 3);
+    write(second, "double.map", 2);
+    SweepSafetyCopies(now);
+    EXPECT_EQ(Copies(), QStringList(QStringLiteral("young.map")));
+    EXPECT_EQ(QDir(second).entryList(QDir::Files), QStringList(QStringLiteral("double.map")));
 }
 
 TEST_F(OpenMapTest, CompactDb_LeavesAFileThatItCannotCompact) {
@@ -139,7 +184,7 @@ TEST_F(OpenMapTest, CompactDb_LeavesAFileThatItCannotCompact) {
 
 TEST_F(OpenMapTest, CompactDb_ThatFailsLeavesTheSafetyCopyAlone) {
     const auto window = NewWindow();
-    const auto left = [&] { return QDir(TempFolder()).entryList(QDir::Files).size(); };
+    const auto left = [&] { return QDir(TempFolder()).entryList(QDir::Files).size() + Copies().size(); };
     EXPECT_NE(ErrorOf([&] { CompactDb(*window, MapFile("missing.map"), false, QString()); }).Number(), 0);
     EXPECT_EQ(left(), 0);
     const QString path = EmptyMap(QStringLiteral("a.map"));

@@ -1,0 +1,30 @@
+// Where the files of embedded attachments stand while their map is open.
+#pragma once
+
+#include "support/PrivateFolder.h"
+
+#include <memory>
+#include <QString>
+
+namespace document {
+
+// A folder of one window's own inside the temporary folder, readable by the user alone. It is made when it is
+// first needed and goes with the object.
+class AttachmentFolder {
+public:
+    // A path for a file that a map stores under that name, in which only the file title counts: under its
+    // title, or in a folder of its own where that title is taken. Always inside the folder, and no file
+    // stands there. Error 75 when there is no room for a folder.
+    QString NewPath(const QString &storedName);
+    // Lets go of the folder with all files in it; the next path gets a new one.
+    void Clear() { folder_.reset(); }
+
+private:
+    std::unique_ptr<support::PrivateFolder> folder_;
+    int doubles_ = 0; // folders that were made for titles that were taken
+};
+
+// Removes the folders of windows whose process has ended without removing them.
+void SweepAttachmentFolders();
+
+} // namespace document
