@@ -69,6 +69,7 @@ void Node::SetDrawStyle(int value) {
 }
 void Node::SetDrawWidth(float pixels) {
     Write(&NodeData::drawWidth, Checked(IsDrawWidth, pixels, "Node"), Change::Look);
+    FitToContent();
 }
 void Node::SetxTextMargin(int pixels) {
     Write(&NodeData::xTextMargin, Checked(IsMargin, pixels, "Node"), Change::Text);

@@ -254,6 +254,10 @@ TEST(Node, AutoSize3TakesTheSizeOfTheText) {
     node.SetxTextMargin(0);
     node.SetFont(Font(QStringLiteral("Arial"), 16));
     EXPECT_NEAR(node.Width(), 2 * width, 2);
+    const float height = node.Height();
+    node.SetDrawWidth(4);
+    EXPECT_NEAR(node.Width(), 2 * width + 2 * 4 * 15, 2);
+    EXPECT_NEAR(node.Height(), height + 2 * 4 * 15, 2);
 }
 
 TEST(Node, AutoSize2TakesTheSizeOfThePicture) {
