@@ -25,8 +25,7 @@ QString DraggedFile(const QMimeData &data) {
 
 // The node that takes what is dropped there; null for none.
 diagram::Node *NodeThatTakes(diagram::SurfaceView &view, const QPointF &twips) {
-    diagram::Node *node = diagram::NodeAtPoint(view.TheScene(), float(twips.x()), float(twips.y()));
-    return node && node->Selectable() ? node : nullptr;
+    return diagram::SelectableNodeAt(view.TheScene(), twips);
 }
 
 void ShowNoPicture(support::Desktop &desktop, const QString &name) {

@@ -105,11 +105,11 @@ std::vector<Item *> ItemsAround(Scene &scene, const QPointF &point, double reach
 }
 
 std::optional<Hit> HandleHit(Item &item, const QPointF &point, double size) {
-    if (Node *node = item.AsNode(); node && node->Selected() && node->Selectable()) {
+    if (Node *node = item.AsNode(); node && node->Selected()) {
         if (const int index = HandleAt(*node, point, size); index >= 0)
             return Hit{HitKind::Handle, node, nullptr, index};
     }
-    if (Link *link = item.AsLink(); link && link->Selected() && link->Selectable()) {
+    if (Link *link = item.AsLink(); link && link->Selected()) {
         if (const int index = BendAt(*link, point, size); index >= 0)
             return Hit{HitKind::Bend, nullptr, link, index};
         if (const int index = SegmentHandleAt(*link, point, size); index >= 0) {
@@ -138,21 +138,19 @@ std::optional<Hit> LinkStartHit(const std::vector<Item *> &items, const QPointF 
 
 std::optional<Hit> BodyHit(Scene &scene, Item &item, const QPointF &point, const HitOptions &options) {
     if (Node *node = item.AsNode()) {
-        if (!HoldsPoint(scene, *node, point, options.tolerance)) return std::nullopt;
+        if (!node->Selectable() || !HoldsPoint(scene, *node, point, options.tolerance)) return std::nullopt;
         return Hit{HitKind::Node, node, nullptr, -1};
     }
     Link &link = *item.AsLink();
-    if (link.Selectable() && scene.LabelBounds(link).contains(point))
-        return Hit{HitKind::LinkLabel, nullptr, &link, -1};
+    if (!link.Selectable()) return std::nullopt;
+    if (scene.LabelBounds(link).contains(point)) return Hit{HitKind::LinkLabel, nullptr, &link, -1};
     const int segment = SegmentAt(link, point, options.tolerance);
     if (segment < 0) return std::nullopt;
     return Hit{HitKind::Link, nullptr, &link, segment};
 }
 
 // Whether it lies above the places where links start.
-bool Covers(const Hit &body) {
-    return body.kind == HitKind::LinkLabel || (body.node && body.node->Selectable());
-}
+bool Covers(const Hit &body) { return body.kind == HitKind::LinkLabel || body.node; }
 
 Hit TopmostBody(Scene &scene, const std::vector<Item *> &items, const QPointF &point,
                 const HitOptions &options) {
@@ -160,6 +158,15 @@ Hit TopmostBody(Scene &scene, const std::vector<Item *> &items, const QPointF &p
         if (const auto hit = BodyHit(scene, *item, point, options)) return *hit;
     }
     return {};
+}
+
+Node *TopmostNode(Scene &scene, const QPointF &point, bool selectable) {
+    for (Item *item : ItemsAround(scene, point, kTwipsPerPixel)) {
+        Node *node = item->AsNode();
+        if (!node || (selectable && !node->Selectable())) continue;
+        if (HoldsPoint(scene, *node, point, kTwipsPerPixel)) return node;
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -177,14 +184,9 @@ Hit HitTest(Scene &scene, const QPointF &point, const HitOptions &options) {
     return LinkStartHit(items, point, options.handleSize).value_or(body);
 }
 
-Node *NodeAtPoint(Scene &scene, float x, float y) {
-    const QPointF point(x, y);
-    for (Item *item : ItemsAround(scene, point, kTwipsPerPixel)) {
-        Node *node = item->AsNode();
-        if (node && HoldsPoint(scene, *node, point, kTwipsPerPixel)) return node;
-    }
-    return nullptr;
-}
+Node *NodeAtPoint(Scene &scene, float x, float y) { return TopmostNode(scene, {x, y}, false); }
+
+Node *SelectableNodeAt(Scene &scene, const QPointF &point) { return TopmostNode(scene, point, true); }
 
 Link *LinkAtPoint(Scene &scene, float x, float y, double tolerance) {
     const QPointF point(x, y);

@@ -37,12 +37,13 @@ struct HitOptions {
 };
 
 // The topmost thing under `point` (twips); the place where a link starts lies above links and below nodes.
-// Hidden items are never hit; items that aren't selectable are hit
-// as Node and Link only, never by their handles.
+// What is hidden or can't be selected is passed over: what lies below it is hit.
 Hit HitTest(Scene &scene, const QPointF &point, const HitOptions &options = {});
 
 // The topmost visible node whose outline holds the point; null for none.
 Node *NodeAtPoint(Scene &scene, float x, float y);
+// The topmost of those that can be selected.
+Node *SelectableNodeAt(Scene &scene, const QPointF &point);
 // The topmost visible link within the tolerance of the point; null for none.
 Link *LinkAtPoint(Scene &scene, float x, float y, double tolerance = 60);
 

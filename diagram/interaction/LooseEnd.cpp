@@ -46,10 +46,7 @@ QPainterPath Whole(Scene &scene, const Node &node) {
 
 } // namespace
 
-Node *LinkTargetAt(Scene &scene, const QPointF &at) {
-    Node *node = NodeAtPoint(scene, float(at.x()), float(at.y()));
-    return node && node->Selectable() ? node : nullptr;
-}
+Node *LinkTargetAt(Scene &scene, const QPointF &at) { return SelectableNodeAt(scene, at); }
 
 LooseEnd::LooseEnd(Link &link, LinkSide side)
     : link_(link.Id()),

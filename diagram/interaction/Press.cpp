@@ -107,8 +107,6 @@ Item *ItemOf(const Surface &surface, const HeldHit &hit) {
 }
 
 HeldHit Held(const Hit &hit) {
-    const Item *item = hit.node ? static_cast<const Item *>(hit.node) : hit.link;
-    if (!item || !IsSelectable(*item)) return {};
     return {hit.kind, hit.node ? hit.node->Id() : kNoItem, hit.link ? hit.link->Id() : kNoItem, hit.index};
 }
 

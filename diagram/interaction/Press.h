@@ -19,7 +19,7 @@ struct HeldHit {
 
 // How large things are to the pointer, independent of the zoom.
 HitOptions OptionsFor(const PointerInput &input);
-// What the left button acts on: an item that isn't selectable counts as empty surface.
+// What the left button acts on.
 HeldHit HitFor(Scene &scene, const PointerInput &input);
 // The pointer shape over it, pressed or not.
 Qt::CursorShape PointerOver(const HeldHit &hit);

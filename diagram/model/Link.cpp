@@ -98,7 +98,10 @@ void Link::SetFont(const diagram::Font &font) { Write(&LinkData::font, font, Cha
 void Link::SetForeColor(support::Colour colour) { Write(&LinkData::foreColor, colour, Change::Look); }
 void Link::SetLineColor(support::Colour colour) { Write(&LinkData::lineColor, colour, Change::Look); }
 void Link::SetHidden(bool on) { Write(&LinkData::hidden, on, Change::Visibility); }
-void Link::SetSelectable(bool on) { Write(&LinkData::selectable, on, Change::Data); }
+void Link::SetSelectable(bool on) {
+    Write(&LinkData::selectable, on, Change::Data);
+    if (!on) SetSelected(false);
+}
 void Link::SetSelected(bool on) { Owner().Select(*this, on); }
 void Link::SetMarked(bool on) { Write(&LinkData::marked, on, Change::Look); }
 void Link::SetRigid(bool on) { Write(&LinkData::rigid, on, Change::Data); }

@@ -101,7 +101,10 @@ void Node::SetBorderColor(support::Colour colour) { Write(&NodeData::borderColor
 void Node::SetFillColor(support::Colour colour) { Write(&NodeData::fillColor, colour, Change::Look); }
 void Node::SetForeColor(support::Colour colour) { Write(&NodeData::foreColor, colour, Change::Look); }
 void Node::SetHidden(bool on) { Write(&NodeData::hidden, on, Change::Visibility); }
-void Node::SetSelectable(bool on) { Write(&NodeData::selectable, on, Change::Data); }
+void Node::SetSelectable(bool on) {
+    Write(&NodeData::selectable, on, Change::Data);
+    if (!on) SetSelected(false);
+}
 void Node::SetSelected(bool on) { Owner().Select(*this, on); }
 void Node::SetPicture(const diagram::Picture &picture) {
     Write(&NodeData::picture, picture, Change::Look);

@@ -123,6 +123,7 @@ void Surface::Overwrite(Node &node, NodeData data) {
     if (Has(what, Change::Stacking)) NoteRestacked(node);
     Notify(node, what);
     AfterWrite(node, what);
+    if (!node.Selectable()) Select(node, false);
 }
 
 void Surface::Overwrite(Link &link, LinkData data) {
@@ -139,6 +140,7 @@ void Surface::Overwrite(Link &link, LinkData data) {
     link.unjudged_ = false;
     if (Has(what, Change::Stacking)) NoteRestacked(link);
     Notify(link, what);
+    if (!link.Selectable()) Select(link, false);
 }
 
 void Surface::EndAt(Link &link, Node &source, Node &destination) {
@@ -265,7 +267,7 @@ Link *Surface::SelectedLink() const { return selectedLinks_.empty() ? nullptr : 
 
 void Surface::Select(Item &item, bool on) {
     const auto select = [on](auto &selected, auto &list) {
-        if (selected.selected_ == on) return false;
+        if (selected.selected_ == on || (on && !selected.Selectable())) return false;
         selected.selected_ = on;
         if (on) {
             list.push_back(&selected);

@@ -125,13 +125,38 @@ TEST(HitTest, AHandleCountsBeforeANodeThatLiesOverIt) {
     EXPECT_EQ(drawn.At(2000, 1000).kind, HitKind::Handle);
 }
 
-TEST(HitTest, ItemsThatAreNotSelectableHaveNoHandles) {
+TEST(HitTest, ItemsThatAreNotSelectableAreNotThere) {
     Drawn drawn;
-    Node &node = drawn.AddNode(0, 0);
+    Node &node = drawn.AddNode(0, 0), &far = drawn.AddNode(8000, 0);
     node.SetSelected(true);
     node.SetSelectable(false);
-    EXPECT_EQ(drawn.At(10, 10).kind, HitKind::Node);
-    EXPECT_EQ(drawn.At(1000, 500).kind, HitKind::Node);
+    EXPECT_EQ(drawn.At(10, 10).kind, HitKind::Nothing);
+    EXPECT_EQ(drawn.At(1000, 500).kind, HitKind::Nothing);
+    Link &link = node.Links().Add(far);
+    link.SetText(QStringLiteral("label"));
+    EXPECT_EQ(drawn.At(5000, 500).kind, HitKind::LinkLabel);
+    EXPECT_EQ(drawn.At(3000, 500).kind, HitKind::Link);
+    link.SetSelectable(false);
+    EXPECT_EQ(drawn.At(5000, 500).kind, HitKind::Nothing);
+    EXPECT_EQ(drawn.At(3000, 500).kind, HitKind::Nothing);
+}
+
+TEST(HitTest, WhatLiesBelowItemsThatAreNotSelectableIsHit) {
+    Drawn drawn;
+    Node &node = drawn.AddNode(3000, 3000), &left = drawn.AddNode(0, 3000),
+         &right = drawn.AddNode(8000, 3000);
+    Link &link = left.Links().Add(right);
+    link.SetAddPointsMode(true);
+    link.Points().Assign({{2000, 3500}, {8000, 3500}}); // across the node
+    ASSERT_EQ(drawn.At(4000, 3500).link, &link);
+    link.SetSelectable(false);
+    EXPECT_EQ(drawn.At(4000, 3500).node, &node);
+    Node &month = drawn.AddNode(3000, 3000);
+    ASSERT_EQ(drawn.At(4000, 3700).node, &month);
+    month.SetSelectable(false);
+    EXPECT_EQ(drawn.At(4000, 3700).node, &node);
+    EXPECT_EQ(NodeAtPoint(drawn.scene, 4000, 3700), &month);
+    EXPECT_EQ(SelectableNodeAt(drawn.scene, {4000, 3700}), &node);
 }
 
 TEST(HitTest, ALinkIsHitBySegmentWithinTheTolerance) {

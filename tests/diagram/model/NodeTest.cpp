@@ -235,6 +235,27 @@ TEST(Node, TheFocusIsTheLastSelectedOfThoseStillSelected) {
     EXPECT_FALSE(b.Selected());
 }
 
+TEST(Node, OneThatCantBeSelectedNeverIs) {
+    Surface surface;
+    Node &a = surface.Nodes().Add(0, 0, 1, 1), &b = surface.Nodes().Add(9, 9, 1, 1);
+    Link &link = a.Links().Add(b);
+    a.SetSelectable(false), link.SetSelectable(false);
+    a.SetSelected(true), link.SetSelected(true);
+    EXPECT_FALSE(a.Selected());
+    EXPECT_TRUE(surface.SelectedNodes().empty());
+    EXPECT_TRUE(surface.SelectedLinks().empty());
+    a.SetSelectable(true), link.SetSelectable(true);
+    a.SetSelected(true), link.SetSelected(true);
+    ASSERT_EQ(surface.SelectedNode(), &a);
+    ASSERT_EQ(surface.SelectedLink(), &link);
+    NodeData data = a.Data();
+    data.selectable = false;
+    surface.Overwrite(a, data);
+    link.SetSelectable(false);
+    EXPECT_TRUE(surface.SelectedNodes().empty());
+    EXPECT_TRUE(surface.SelectedLinks().empty());
+}
+
 TEST(Node, AutoSize3TakesTheSizeOfTheText) {
     Surface surface;
     FixedWidth measure;
