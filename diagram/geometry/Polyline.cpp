@@ -27,6 +27,27 @@ WayPlace PlaceOnWay(std::span<const QPointF> way, double distance) {
     return place;
 }
 
+double NearestOnWay(std::span<const QPointF> way, const QPointF &point) {
+    double nearest = Distance(way.front(), point), found = 0, passed = 0;
+    for (std::size_t i = 1; i < way.size(); ++i) {
+        const double length = Distance(way[i - 1], way[i]);
+        if (length <= 0) continue;
+        const QPointF direction = (way[i] - way[i - 1]) / length;
+        const double along = std::clamp(QPointF::dotProduct(point - way[i - 1], direction), 0.0, length);
+        const double away = Distance(way[i - 1] + direction * along, point);
+        if (away < nearest) nearest = away, found = passed + along;
+        passed += length;
+    }
+    return found;
+}
+
+std::vector<QPointF> StretchOfWay(std::span<const QPointF> way, double from, double to) {
+    std::vector<QPointF> stretch(way.begin(), way.end());
+    CutEnd(stretch, WayLength(way) - to);
+    CutStart(stretch, from);
+    return stretch;
+}
+
 void CutStart(std::vector<QPointF> &way, double length) {
     if (way.size() < 2 || length <= 0) return;
     const std::size_t last = way.size() - 2;

@@ -4,6 +4,7 @@
 #include "diagram/model/Link.h"
 #include "diagram/model/Node.h"
 #include "diagram/render/LinkPainter.h"
+#include "diagram/scene/Bounds.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Measures.h"
@@ -115,36 +116,66 @@ void CoarsePainter::PaintForm(const Node &node) {
     PaintRows(box, fill, border, filled, [&](double y) { return PolygonSpan(corners, count, y); });
 }
 
+// In device pixels; a curve in few pieces.
+void CoarsePainter::FillWay(const Link &link) {
+    constexpr int kSteps = 6;
+    std::vector<QPointF> &way = paint_.way;
+    way.clear();
+    for (const Point &point : link.Way()) way.push_back(paint_.frame.Map(point));
+    const LinkStyleRow *row = FindLinkStyle(link.Data().style);
+    if (!row || row->form != LinkForm::Bezier || way.size() != 4) return;
+    const std::array<QPointF, 4> at{way[0], way[1], way[2], way[3]};
+    way.resize(1);
+    for (int i = 1; i <= kSteps; ++i) {
+        const double t = double(i) / kSteps, s = 1 - t;
+        way.push_back(at[0] * (s * s * s) + at[1] * (3 * s * s * t) + at[2] * (3 * s * t * t) +
+                      at[3] * (t * t * t));
+    }
+}
+
 void CoarsePainter::PaintLine(const Link &link) {
     const LinkData &data = link.Data();
     if (data.drawStyle == kTransparentLine) return;
     const QRgb colour = Faint(ToRgb(data.lineColor), paint_.paper, data.drawWidth);
-    const std::vector<Point> &way = link.Way();
-    const LinkStyleRow *row = FindLinkStyle(data.style);
-    QPointF from = paint_.frame.Map(way.front());
-    const auto lineTo = [&](const QPointF &to) {
-        blocks_.Line(from.x(), from.y(), to.x(), to.y(), colour);
-        from = to;
-    };
-    if (row && row->form == LinkForm::Bezier && way.size() == 4) {
-        constexpr int kSteps = 6;
-        const std::array<QPointF, 4> at{paint_.frame.Map(way[0]), paint_.frame.Map(way[1]),
-                                        paint_.frame.Map(way[2]), paint_.frame.Map(way[3])};
-        for (int i = 1; i <= kSteps; ++i) {
-            const double t = double(i) / kSteps, s = 1 - t;
-            lineTo(at[0] * (s * s * s) + at[1] * (3 * s * s * t) + at[2] * (3 * s * t * t) +
-                   at[3] * (t * t * t));
-        }
-        return;
-    }
+    FillWay(link);
+    const std::vector<QPointF> &way = paint_.way;
     const std::vector<Crossing> crossings = paint_.scene.Crossings(link); // none where it doesn't jump
+    if (!crossings.empty() && IsCurved(link)) return PaintCurve(crossings, data.jumpStyle, colour);
     auto crossing = crossings.begin();
+    QPointF from = way.front();
     for (std::size_t i = 1; i < way.size(); ++i) {
-        const QPointF to = paint_.frame.Map(way[i]);
         for (; crossing != crossings.end() && std::size_t(crossing->segment) < i; ++crossing)
-            PaintJump(from, paint_.frame.Map(crossing->point), to, data.jumpStyle, colour);
-        lineTo(to);
+            PaintJump(from, paint_.frame.Map(crossing->point), way[i], data.jumpStyle, colour);
+        blocks_.Line(from.x(), from.y(), way[i].x(), way[i].y(), colour);
+        from = way[i];
     }
+}
+
+// From each crossing to the next; a jump that has too little room isn't painted.
+void CoarsePainter::PaintCurve(const std::vector<Crossing> &crossings, int style, QRgb colour) {
+    const std::vector<QPointF> &way = paint_.way;
+    const double half = std::max(kLeastJump, paint_.frame.Length(kJumpRadius)), length = WayLength(way);
+    double at = 0;
+    for (const Crossing &crossing : crossings) {
+        const double along = NearestOnWay(way, paint_.frame.Map(crossing.point));
+        if (along - at <= half || length - along <= half) continue;
+        PaintRun(StretchOfWay(way, at, along - half), colour);
+        at = along + half;
+        if (style == kArchJump)
+            PaintArch(PlaceOnWay(way, along - half).point, PlaceOnWay(way, at).point, colour);
+    }
+    PaintRun(StretchOfWay(way, at, length), colour);
+}
+
+void CoarsePainter::PaintRun(const std::vector<QPointF> &run, QRgb colour) {
+    for (std::size_t i = 1; i < run.size(); ++i)
+        blocks_.Line(run[i - 1].x(), run[i - 1].y(), run[i].x(), run[i].y(), colour);
+}
+
+void CoarsePainter::PaintArch(const QPointF &from, const QPointF &to, QRgb colour) {
+    const double half = Distance(from, to) / 2;
+    const QPointF top = (from + to) / 2 + ArchSide((to - from) / std::max(2 * half, 1e-9)) * half;
+    PaintRun({from, top, to}, colour);
 }
 
 // The line from `from` over the crossing `at` on the way to `to`; `from` is put behind it. Where there is too
@@ -157,10 +188,7 @@ void CoarsePainter::PaintJump(QPointF &from, const QPointF &at, const QPointF &t
     const QPointF before = at - direction * half, behind = at + direction * half;
     blocks_.Line(from.x(), from.y(), before.x(), before.y(), colour);
     from = behind;
-    if (style != kArchJump) return;
-    const QPointF top = at + ArchSide(direction) * half;
-    blocks_.Line(before.x(), before.y(), top.x(), top.y(), colour);
-    blocks_.Line(top.x(), top.y(), behind.x(), behind.y(), colour);
+    if (style == kArchJump) PaintArch(before, behind, colour);
 }
 
 } // namespace diagram

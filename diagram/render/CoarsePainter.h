@@ -9,6 +9,7 @@ namespace diagram {
 
 class Node;
 class Link;
+struct Crossing;
 
 // Below this zoom (1 is 100 per cent) items are drawn coarsely.
 constexpr double kCoarseZoom = 0.3;
@@ -23,6 +24,10 @@ public:
     void PaintLine(const Link &link);
 
 private:
+    void FillWay(const Link &link);
+    void PaintCurve(const std::vector<Crossing> &crossings, int style, QRgb colour);
+    void PaintRun(const std::vector<QPointF> &run, QRgb colour);
+    void PaintArch(const QPointF &from, const QPointF &to, QRgb colour);
     void PaintJump(QPointF &from, const QPointF &at, const QPointF &to, int style, QRgb colour);
     QRgb Faint(QRgb colour, QRgb ground, double drawWidth) const;
     void PaintRectangle(const QRect &box, QRgb fill, QRgb border, bool filled);

@@ -6,6 +6,7 @@
 #include "diagram/render/FarForms.h"
 #include "diagram/render/Lines.h"
 #include "diagram/render/NodeContent.h"
+#include "diagram/scene/Bounds.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/Arrows.h"
 #include "diagram/shapes/LinkStyles.h"
@@ -135,6 +136,36 @@ QPainterPath WayWithJumps(Paint &paint, const Link &link, const std::vector<Cros
     return path;
 }
 
+void AddStretch(QPainterPath &path, const std::vector<QPointF> &way, double from, double to) {
+    const std::vector<QPointF> stretch = StretchOfWay(way, from, to);
+    for (std::size_t i = 1; i < stretch.size(); ++i) path.lineTo(stretch[i]);
+}
+
+// The same for a curve, whose jumps are longer than the pieces that it is made of.
+QPainterPath CurveWithJumps(Paint &paint, const Link &link, const std::vector<Crossing> &crossings,
+                            const Heads &heads) {
+    const std::vector<QPointF> &way = paint.way;
+    const double largest = paint.frame.Length(kJumpRadius), length = WayLength(way);
+    const double first = Eaten(heads.source), last = length - Eaten(heads.destination);
+    double at = first;
+    QPainterPath path(PlaceOnWay(way, at).point);
+    for (const Crossing &crossing : crossings) {
+        const double along = NearestOnWay(way, paint.frame.Map(crossing.point));
+        const double room = along - (at > first ? at : first + largest);
+        const double radius = std::min({largest, room, last - largest - along});
+        if (radius < largest / 4) continue;
+        AddStretch(path, way, at, along - radius);
+        at = along + radius;
+        const QPointF from = path.currentPosition(), to = PlaceOnWay(way, at).point;
+        if (link.JumpStyle() == kArchJump)
+            AddArch(path, from, to, (to - from) / std::max(Distance(from, to), 1e-9));
+        else
+            path.moveTo(to);
+    }
+    AddStretch(path, way, at, last);
+    return path;
+}
+
 // A curve may be level too, between two nodes in a row.
 void DrawRun(Paint &paint, const LinkData &data, bool curve, double width, QRgb colour) {
     const bool level = paint.frame.snap && IsLevel(paint.way);
@@ -173,18 +204,17 @@ bool DrawsWholeCurve(const Paint &paint, const Link &link, double width) {
 void DrawLine(Paint &paint, const Link &link, const Heads &heads, double width, QRgb colour) {
     const LinkData &data = link.Data();
     paint.pencil.NoFill();
+    const std::vector<Crossing> crossings = paint.scene.Crossings(link); // none where it doesn't jump
+    if (!crossings.empty()) {
+        const auto withJumps = IsCurved(link) ? CurveWithJumps : WayWithJumps;
+        paint.pencil.Smooth(true);
+        paint.pencil.Line(colour, width, data.drawStyle, Qt::RoundJoin);
+        return DrawFarPath(paint, withJumps(paint, link, crossings, heads));
+    }
     if (DrawsWholeCurve(paint, link, width)) {
         paint.pencil.Line(colour, width, data.drawStyle);
         paint.Painter().drawPath(ToDevice(paint.frame).map(paint.scene.LinkPath(link)));
         return;
-    }
-    if (data.jumpStyle != 0 && !IsCurve(link)) {
-        const std::vector<Crossing> crossings = paint.scene.Crossings(link);
-        if (!crossings.empty()) {
-            paint.pencil.Smooth(true);
-            paint.pencil.Line(colour, width, data.drawStyle, Qt::RoundJoin);
-            return DrawFarPath(paint, WayWithJumps(paint, link, crossings, heads));
-        }
     }
     // A head eats of its own segment only.
     const bool curve = IsCurve(link);

@@ -12,6 +12,7 @@
 #include <boost/iterator/function_output_iterator.hpp>
 #include <cmath>
 #include <limits>
+#include <QPolygonF>
 
 namespace diagram {
 
@@ -46,18 +47,35 @@ QRectF ToRect(const Box &box) {
                   QPointF(box.max_corner().get<0>(), box.max_corner().get<1>()));
 }
 
-// Where two straight pieces cross, not at an end of the first: as a share of the first, or below 0. The start
-// of the second counts if the way that it belongs to comes from further back; its end is the next one's
+// A straight piece of a way, whose start counts if the way comes from further back: its end is the next one's
 // start.
-double CrossingShare(const QLineF &first, const QLineF &second, bool countsStart) {
+struct Piece {
+    QLineF line;
+    bool countsStart;
+};
+
+// Where two pieces cross: as a share of the first, or below 0.
+double CrossingShare(const Piece &one, const Piece &two) {
+    const QLineF &first = one.line, &second = two.line;
     const QPointF a = first.p2() - first.p1(), b = second.p2() - second.p1(),
                   apart = second.p1() - first.p1();
     const double turn = a.x() * b.y() - a.y() * b.x();
     if (std::abs(turn) < 1e-9) return -1;
     const double along = (apart.x() * b.y() - apart.y() * b.x()) / turn;
     const double other = (apart.x() * a.y() - apart.y() * a.x()) / turn;
-    const bool meets = (other > 0 || (countsStart && other == 0)) && other < 1;
-    return along > 0 && along < 1 && meets ? along : -1;
+    const auto lies = [](double share, bool countsStart) {
+        return (share > 0 || (countsStart && share == 0)) && share < 1;
+    };
+    return lies(along, one.countsStart) && lies(other, two.countsStart) ? along : -1;
+}
+
+// Calls `found` with the share of each crossing of the piece with the way.
+template <typename Found>
+void Cross(const Piece &piece, const std::vector<QPointF> &way, Found found) {
+    for (std::size_t i = 1; i < way.size(); ++i) {
+        const double share = CrossingShare(piece, {QLineF(way[i - 1], way[i]), i > 1});
+        if (share >= 0) found(share);
+    }
 }
 
 // Of two links that could both jump the upper one does.
@@ -158,6 +176,10 @@ struct Scene::State {
         built = false;
         DamageAll();
     }
+
+    std::vector<std::vector<QPointF>> JumpedOver(const Link &link, const QRectF &box) const;
+    void CrossStraight(const Link &link, std::vector<Crossing> &crossings) const;
+    void CrossCurve(const Link &link, std::vector<Crossing> &crossings) const;
 
     void Build(Surface &surface);
     void Reindex(Surface &surface, Item &item);
@@ -292,28 +314,53 @@ QPainterPath Scene::NodeOutline(const Node &node) {
 QPainterPath Scene::LinkPath(const Link &link) { return WayPath(link); }
 QRectF Scene::LabelBounds(const Link &link) { return LabelBox(link, surface_.Measure()); }
 
-std::vector<Crossing> Scene::Crossings(const Link &link) {
-    std::vector<Crossing> crossings;
-    if (link.JumpStyle() == 0 || link.Hidden() || IsCurved(link)) return crossings;
-    state_->Update(surface_);
+// The ways of the links that the link jumps over, as far as they touch the box.
+std::vector<std::vector<QPointF>> Scene::State::JumpedOver(const Link &link, const QRectF &box) const {
+    std::vector<std::vector<QPointF>> ways;
+    Query(ToBox(box.normalized()), [&](const Item &item) {
+        const Link *other = item.AsLink();
+        if (other && JumpsOver(link, *other)) ways.push_back(WayPieces(*other));
+    });
+    return ways;
+}
+
+void Scene::State::CrossStraight(const Link &link, std::vector<Crossing> &crossings) const {
     const std::vector<QPointF> way = WayPieces(link);
     for (std::size_t i = 1; i < way.size(); ++i) {
         const QLineF segment(way[i - 1], way[i]);
-        const auto cross = [&](const Item &item) {
-            const Link *other = item.AsLink();
-            if (!other || !JumpsOver(link, *other)) return;
-            const std::vector<QPointF> pieces = WayPieces(*other);
-            for (std::size_t k = 1; k < pieces.size(); ++k) {
-                const double share = CrossingShare(segment, QLineF(pieces[k - 1], pieces[k]), k > 1);
-                if (share < 0) continue;
+        // A bend has no room for a jump.
+        for (const auto &other : JumpedOver(link, QRectF(segment.p1(), segment.p2())))
+            Cross({segment, false}, other, [&](double share) {
                 crossings.push_back({int(i) - 1, share * segment.length(), segment.pointAt(share)});
-            }
-        };
-        const auto first = std::ptrdiff_t(crossings.size());
-        state_->Query(ToBox(QRectF(segment.p1(), segment.p2()).normalized()), cross);
-        std::sort(crossings.begin() + first, crossings.end(),
-                  [](const Crossing &a, const Crossing &b) { return a.along < b.along; });
+            });
     }
+}
+
+void Scene::State::CrossCurve(const Link &link, std::vector<Crossing> &crossings) const {
+    const std::vector<QPointF> way = WayPieces(link);
+    for (const auto &other : JumpedOver(link, QPolygonF(QList(way.begin(), way.end())).boundingRect())) {
+        double passed = 0;
+        for (std::size_t i = 1; i < way.size(); ++i) {
+            const QLineF piece(way[i - 1], way[i]);
+            Cross({piece, i > 1}, other, [&](double share) {
+                crossings.push_back({0, passed + share * piece.length(), piece.pointAt(share)});
+            });
+            passed += piece.length();
+        }
+    }
+}
+
+std::vector<Crossing> Scene::Crossings(const Link &link) {
+    std::vector<Crossing> crossings;
+    if (link.JumpStyle() == 0 || link.Hidden()) return crossings;
+    state_->Update(surface_);
+    if (IsCurved(link))
+        state_->CrossCurve(link, crossings);
+    else
+        state_->CrossStraight(link, crossings);
+    std::ranges::sort(crossings, [](const Crossing &a, const Crossing &b) {
+        return std::pair(a.segment, a.along) < std::pair(b.segment, b.along);
+    });
     return crossings;
 }
 

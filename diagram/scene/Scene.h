@@ -17,8 +17,8 @@ class Link;
 
 // A place where a link with a jump style crosses one without, or one that lies lower in the stacking.
 struct Crossing {
-    int segment = 0;  // of the link that jumps
-    double along = 0; // distance from the segment's start, twips
+    int segment = 0;  // of the link that jumps; a curve is a single one
+    double along = 0; // distance from the segment's start along the line, twips
     QPointF point;
 };
 
@@ -45,7 +45,7 @@ public:
     QPainterPath LinkPath(const Link &link);
     // Where the label stands; empty without text.
     QRectF LabelBounds(const Link &link);
-    // Jumps of `link` in order along its way; empty for jump style 0 and for curves.
+    // Jumps of `link` in order along its way; empty for jump style 0.
     std::vector<Crossing> Crossings(const Link &link);
 
     // Bounds, old and new, of what has changed since the last call and is painted otherwise now; selecting

@@ -29,6 +29,18 @@ TEST(Polyline, PlaceOnWay_OfAWayWithoutLengthHasADirection) {
     EXPECT_EQ(PlaceOnWay(dot, 1).direction, QPointF(1, 0));
 }
 
+TEST(Polyline, NearestOnWay_MeasuresAlongTheWay) {
+    EXPECT_DOUBLE_EQ(NearestOnWay(kCorner, {4, -3}), 4);
+    EXPECT_DOUBLE_EQ(NearestOnWay(kCorner, {15, 12}), 22);
+    EXPECT_DOUBLE_EQ(NearestOnWay(kCorner, {-5, -5}), 0);
+    EXPECT_DOUBLE_EQ(NearestOnWay(kCorner, {12, 99}), 40);
+}
+
+TEST(Polyline, StretchOfWay_LiesBetweenTheDistances) {
+    EXPECT_EQ(StretchOfWay(kCorner, 5, 20), (std::vector<QPointF>{{5, 0}, {10, 0}, {10, 10}}));
+    EXPECT_EQ(StretchOfWay(kCorner, 15, 20), (std::vector<QPointF>{{10, 5}, {10, 10}}));
+}
+
 TEST(Polyline, CutStart_DropsTheSegmentsThatAreEaten) {
     std::vector<QPointF> way = kCorner;
     CutStart(way, 15);

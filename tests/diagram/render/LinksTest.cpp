@@ -184,6 +184,47 @@ TEST(Links, Jumps_LeaveTheLineOfTheCrossing) {
     EXPECT_EQ(row(2).second, row(0).second);
 }
 
+TEST(Links, Jumps_LeaveTheLineOfACurve) {
+    for (const int style : {1, 14})
+        for (const double zoom : {1.0, 0.2}) {
+            SCOPED_TRACE(testing::Message() << style << " at " << zoom);
+            const auto seen = [&](int jump) {
+                Painting painting;
+                const auto at = [&](double x, double y) {
+                    return Point{float(x * 15 / zoom), float(y * 15 / zoom)};
+                };
+                const auto add = [&](double x, double y) {
+                    return &painting.Add(float(x / zoom), float(y / zoom), 0, 0);
+                };
+                add(100, 5)->Links().Add(*add(100, 120)).SetLineColor(support::Rgb(0, 0, 255));
+                Link &curve = add(20, 60)->Links().Add(*add(180, 60));
+                curve.SetArrowDest(0);
+                curve.SetStyle(style);
+                curve.SetAddPointsMode(true);
+                curve.Points().Assign({at(20, 60), at(60, 100), at(140, 20), at(180, 60)});
+                curve.SetLineColor(support::Rgb(255, 0, 0));
+                curve.SetDrawWidth(zoom < 1 ? 5 : 1);
+                curve.SetJumpStyle(jump);
+                return painting.Paint(zoom);
+            };
+            const QImage none = seen(0), arch = seen(1), gap = seen(2);
+            const auto reds = [](const QImage &image, const QRect &area) {
+                int count = 0;
+                for (int x = area.left(); x <= area.right(); ++x)
+                    for (int y = area.top(); y <= area.bottom(); ++y) {
+                        const QColor colour(image.pixel(x, y));
+                        count += colour.red() > colour.blue() + 60;
+                    }
+                return count;
+            };
+            const QRect heart(99, 59, 3, 3), above(94, 53, 6, 7), beside(30, 20, 50, 80);
+            EXPECT_LE(reds(gap, heart), reds(none, heart) - 2);
+            EXPECT_EQ(reds(gap, above), 0);
+            EXPECT_GE(reds(arch, above), 2);
+            EXPECT_NEAR(reds(none, beside), reds(gap, beside), 2);
+        }
+}
+
 TEST(Links, Jumps_AreSeenFromAfar) {
     for (const double zoom : {0.1, 0.15, 0.2, 0.29}) {
         SCOPED_TRACE(zoom);

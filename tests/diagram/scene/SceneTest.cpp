@@ -1,5 +1,6 @@
 #include "diagram/scene/Scene.h"
 
+#include "diagram/geometry/Polyline.h"
 #include "tests/diagram/model/RandomSurface.h"
 
 #include <gtest/gtest.h>
@@ -252,6 +253,41 @@ TEST(Scene, CrossingsStandInOrderAlongTheWay) {
     ASSERT_EQ(crossings.size(), 3U);
     EXPECT_DOUBLE_EQ(crossings[0].along, 1000);
     EXPECT_DOUBLE_EQ(crossings[2].along, 3000);
+}
+
+TEST(Scene, CurvesJumpToo) {
+    for (const int style : {1, 14}) {
+        SCOPED_TRACE(style);
+        Drawn drawn;
+        drawn.AddLine(1000, 0, 1000, 3000), drawn.AddLine(3000, 0, 3000, 3000);
+        Link &curve = drawn.AddLine(0, 1000, 4000, 1000);
+        curve.SetStyle(style);
+        curve.Points().Assign({{0, 1000}, {1000, 2000}, {3000, 200}, {4000, 1000}});
+        EXPECT_TRUE(drawn.scene.Crossings(curve).empty());
+        curve.SetJumpStyle(1);
+        const auto crossings = drawn.scene.Crossings(curve);
+        ASSERT_EQ(crossings.size(), 2U);
+        const QPolygonF line = drawn.scene.LinkPath(curve).toSubpathPolygons().front();
+        const std::vector<QPointF> way(line.begin(), line.end());
+        for (const Crossing &crossing : crossings) {
+            EXPECT_EQ(crossing.segment, 0);
+            EXPECT_NEAR(NearestOnWay(way, crossing.point), crossing.along, 15);
+        }
+        EXPECT_NEAR(crossings[0].point.x(), 1000, 1);
+        EXPECT_GT(crossings[0].point.y(), 1050);
+        EXPECT_NEAR(crossings[1].point.x(), 3000, 1);
+        EXPECT_LT(crossings[1].point.y(), 950);
+    }
+}
+
+TEST(Scene, ACurveIsCrossedOnceWhereItsPiecesMeet) {
+    Drawn drawn;
+    Link &curve = drawn.AddLine(0, 1000, 4000, 1000);
+    curve.SetStyle(14);
+    curve.SetJumpStyle(2);
+    curve.Points().Assign({{0, 1000}, {2000, 1000}, {4000, 1000}});
+    drawn.AddLine(2000, 0, 2000, 3000);
+    EXPECT_EQ(drawn.scene.Crossings(curve).size(), 1U);
 }
 
 TEST(Scene, SplinesGoThroughTheirPoints) {
