@@ -28,6 +28,7 @@ struct Selection {
     const OverlayLook &look;
     double side; // of a handle as it is met, twips
     Marks marks;
+    SelectionForm form;
 };
 
 QColor GlowColour(const OverlayLook &look) { return Faded(look.accent, 70); }
@@ -68,15 +69,13 @@ bool IsReached(const Selection &to, const QRectF &pixels) {
 }
 
 void AddNodes(Selection &to, FocusRing ring) {
-    const std::vector<Node *> &nodes = to.scene.Model().SelectedNodes();
-    const Node *focus = to.scene.Model().SelectedNode();
-    for (const Node *node : nodes) {
+    for (const Node *node : to.scene.Model().SelectedNodes()) {
         const QRectF box = to.viewport.FromSurface(node->Bounds());
         if (node->Hidden() || !IsReached(to, box)) continue;
-        if (nodes.size() > kManySelected)
-            to.marks.AddFrame(box);
+        if (to.form.nodeHandles)
+            AddNode(to, *node, node->Id() == to.form.focus ? ring : FocusRing::None);
         else
-            AddNode(to, *node, node == focus ? ring : FocusRing::None);
+            to.marks.AddFrame(box);
     }
 }
 
@@ -116,30 +115,36 @@ void AddBends(Selection &to, const Link &link, const QRectF &label) {
 }
 
 void AddLinks(Selection &to, ItemId loose) {
-    const std::vector<Link *> &links = to.scene.Model().SelectedLinks();
-    for (const Link *link : links) {
+    for (const Link *link : to.scene.Model().SelectedLinks()) {
         if (link->Hidden() || link->Id() == loose) continue;
         if (!IsReached(to, to.viewport.FromSurface(to.scene.Bounds(*link)))) continue;
         const QRectF label = to.viewport.FromSurface(to.scene.LabelBounds(*link));
         AddGlow(to, *link, label);
-        if (links.size() <= kManySelected) AddBends(to, *link, label);
+        if (to.form.linkHandles) AddBends(to, *link, label);
     }
 }
 
 } // namespace
 
+SelectionForm FormOf(const Surface &surface) {
+    const Node *focus = surface.SelectedNode();
+    return {surface.SelectedNodes().size() <= kManySelected, surface.SelectedLinks().size() <= kManySelected,
+            focus ? focus->Id() : kNoItem};
+}
+
 void PaintSelection(QPainter &painter, Scene &scene, const Viewport &viewport, const QRegion &area,
                     FocusRing ring, ItemId loose) {
     const PointerInput pointer{{}, {}, viewport.Pixel(), {}};
     const OverlayLook look = LookFor(scene.Model(), painter);
-    const bool many = scene.Model().SelectedNodes().size() > kManySelected;
+    const SelectionForm form = FormOf(scene.Model());
     Selection to{painter,
                  scene,
                  viewport,
                  Reach(area),
                  look,
                  OptionsFor(pointer).handleSize,
-                 Marks(look, many ? look.accent : Faded(look.accent, 110))};
+                 Marks(look, form.nodeHandles ? Faded(look.accent, 110) : look.accent),
+                 form};
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, false);
     AddLinks(to, loose);

@@ -129,8 +129,19 @@ void SurfaceView::Impl::UpdatePixels(const QRectF &pixels) {
     if (!reached.isEmpty()) view.viewport()->update(reached.toAlignedRect());
 }
 
+// Items whose own selection is as it was may look otherwise all the same.
+void SurfaceView::Impl::NoteSelectionForm() {
+    const SelectionForm now = FormOf(surface), former = std::exchange(selectionForm_, now);
+    if (now.nodeHandles != former.nodeHandles || now.linkHandles != former.linkHandles)
+        view.viewport()->update();
+    if (now.focus == former.focus) return;
+    selectionTouched_.emplace_back(ItemKind::Node, former.focus);
+    selectionTouched_.emplace_back(ItemKind::Node, now.focus);
+}
+
 void SurfaceView::Impl::NoteDamage() {
     const Scene::Damage damage = scene.TakeDamage();
+    NoteSelectionForm();
     const bool manyTouched = selectionTouched_.size() > kManyTouched;
     if (damage.everything) RepaintAll();
     if (manyTouched) view.viewport()->update();

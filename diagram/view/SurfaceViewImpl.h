@@ -109,6 +109,7 @@ private:
     QRect DevicePixelsSeen() const;
     QRect ToDevice(const QRectF &twips) const;
     void NoteDamage();
+    void NoteSelectionForm();
     void NoteToday();
     void PaintArea(QPainter &painter, const QRect &devicePixels);
     void PaintPicture();
@@ -151,6 +152,7 @@ private:
     bool todayOutdated_ = true;
     OverlayPlace overlayPlace_; // as last painted
     std::vector<std::pair<ItemKind, ItemId>> selectionTouched_;
+    SelectionForm selectionForm_; // as last painted
     std::optional<EditText> edit_;
     QBasicTimer autoScroll_;
     QPointF pointer_; // pixels of the viewport

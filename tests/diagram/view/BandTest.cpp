@@ -54,6 +54,32 @@ TEST_F(Band, EachMove_PaintsAllThatItChanges) {
     EXPECT_EQ(DifferingPixels(OnScreen(), Seen()), 0) << "after the release";
 }
 
+TEST_F(Band, TheRingOfTheFocus_IsPaintedAnewWhenAnotherNodeGetsIt) {
+    Press(QPoint(20, 20), Qt::ShiftModifier);
+    for (const int x : {180, 380, 600, 380, 180}) {
+        MoveTo(QPoint(x, 150), Qt::ShiftModifier);
+        EXPECT_EQ(DifferingPixels(OnScreen(), Seen()), 0) << x;
+    }
+}
+
+// Of many selected nodes each is shown in another way than of few.
+TEST_F(Band, ThatBeganInTheMarginAroundAManifoldMap_LeavesNothingBehind) {
+    surface.Nodes().Clear();
+    for (int i = 0; i < 10000; ++i)
+        surface.Nodes().Add(float(i % 100) * 3000, float(i / 100) * 3000, 2400, 1500);
+    surface.SetxZoom(0), surface.SetyZoom(0);
+    Settle();
+    const QPoint first = At(QPointF(0, 0));
+    ASSERT_GT(first.x(), 30);
+    Press(QPoint(first.x() - 25, 14), Qt::ShiftModifier);
+    for (const int rows : {30, 40, 48, 55, 60, 48, 40, 10, 0}) {
+        const QPoint to = At(QPointF(10 * 3000, rows * 3000));
+        MoveTo(to, Qt::ShiftModifier);
+        EXPECT_EQ(surface.SelectedNodes().size() > 500, rows > 52);
+        EXPECT_EQ(DifferingPixels(OnScreen(), Seen()), 0) << rows;
+    }
+}
+
 TEST_F(Band, DrawnBackOverTheStart_SelectsOnTheOtherSide) {
     Press(QPoint(400, 150), Qt::ShiftModifier);
     MoveTo(QPoint(600, 20), Qt::ShiftModifier);
