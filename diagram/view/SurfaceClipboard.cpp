@@ -25,6 +25,7 @@ constexpr qsizetype kMostLines = 2000;    // of pasted text
 constexpr double kLargestPicture = 12000; // longest side of a pasted picture, twips
 constexpr QSizeF kTextNode{2400, 600};
 constexpr float kTextGap = 150;
+constexpr int kRectangle = 1;
 
 constexpr MimeForm kSelectionForms[] = {{"image/png", PictureFormat::Png},
                                         {"image/svg+xml", PictureFormat::Svg}};
@@ -158,6 +159,7 @@ void AddPictureNode(Surface &surface, const Picture &picture, const QPointF &mid
     ChangeSelection(surface, [&] {
         surface.UnselectAll();
         Node &node = AddPasted(surface, box);
+        node.SetShape(kRectangle); // the corners of the picture show
         node.SetPicture(picture);
         surface.Events().AfterAddNode(surface, node);
     });

@@ -102,6 +102,7 @@ TEST_F(Clipboard, Image_GivesANodeWithThatPicture) {
     Node *node = surface.SelectedNode();
     ASSERT_NE(node, nullptr);
     EXPECT_EQ(node->Picture().PixelSize(), QSize(64, 32));
+    EXPECT_EQ(node->Shape(), 1) << "a rectangle cuts no corner off";
     EXPECT_NEAR(node->Width() / node->Height(), 2, 0.01);
     EXPECT_EQ(UndoSteps(), 1);
     EXPECT_EQ(events.Count("AfterAddNode"), 1);
