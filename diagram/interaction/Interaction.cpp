@@ -11,6 +11,15 @@
 
 namespace diagram {
 
+namespace {
+
+// What stands on an item to be dragged by.
+bool IsGrip(HitKind kind) {
+    return kind == HitKind::Handle || kind == HitKind::Bend || kind == HitKind::SegmentHandle;
+}
+
+} // namespace
+
 void Interaction::Hover(const HeldHit &hit, const PointerInput &input) {
     hover_ = hit;
     hoverInput_ = input;
@@ -91,7 +100,7 @@ void Interaction::DoubleClick(const PointerInput &input) {
     const HeldHit hit = HitFor(scene_, input);
     Link *link = surface.FindLink(hit.link);
     if (link && hit.kind == HitKind::Bend) RemoveBend(*link, hit.index);
-    surface.Events().DblClick(surface);
+    if (!IsGrip(hit.kind) && !input.Ctrl() && !input.Shift()) surface.Events().DblClick(surface);
 }
 
 bool Interaction::Cancel() {

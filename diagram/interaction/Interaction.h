@@ -20,7 +20,8 @@ public:
     // Follows the pointer; when idle, notes what is below it and tells what a drag from there would do.
     void Move(const PointerInput &input);
     void Release(const PointerInput &input);
-    // Takes a bend away, and raises DblClick.
+    // Takes a bend away. Raises DblClick, but not on a handle or a bend, nor with Ctrl or Shift: the two
+    // clicks meant these.
     void DoubleClick(const PointerInput &input);
     // Starts a gesture that is led by keys, unless another one goes on; null starts none.
     bool Begin(std::unique_ptr<Gesture> gesture);

@@ -41,13 +41,13 @@ void Hand::Release(const QPoint &at, Qt::KeyboardModifiers modifiers, Qt::MouseB
     Settle();
 }
 
-void Hand::DoubleClick(const QPoint &at) {
-    Press(at);
-    Release(at);
+void Hand::DoubleClick(const QPoint &at, Qt::KeyboardModifiers modifiers) {
+    Press(at, modifiers);
+    Release(at, modifiers);
     QMouseEvent twice(QEvent::MouseButtonDblClick, at, view_.viewport()->mapToGlobal(at), Qt::LeftButton,
-                      Qt::LeftButton, Qt::NoModifier);
+                      Qt::LeftButton, modifiers);
     QApplication::sendEvent(view_.viewport(), &twice);
-    Release(at);
+    Release(at, modifiers);
 }
 
 void Hand::DragAndHold(const QPoint &from, const QPoint &to, Qt::KeyboardModifiers modifiers) {

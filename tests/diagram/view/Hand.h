@@ -20,7 +20,7 @@ public:
     void MoveTo(const QPoint &at, Qt::KeyboardModifiers modifiers = {});
     void Release(const QPoint &at, Qt::KeyboardModifiers modifiers = {},
                  Qt::MouseButton button = Qt::LeftButton);
-    void DoubleClick(const QPoint &at);
+    void DoubleClick(const QPoint &at, Qt::KeyboardModifiers modifiers = {});
     // Press and three moves, without the release.
     void DragAndHold(const QPoint &from, const QPoint &to, Qt::KeyboardModifiers modifiers = {});
     void Wheel(const QPoint &at, int angle, Qt::KeyboardModifiers modifiers = {});

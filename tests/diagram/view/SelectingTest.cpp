@@ -127,6 +127,45 @@ TEST_F(Selecting, RightButton_RaisesMouseDownOnlyAndSelectsNothing) {
     EXPECT_EQ(events.Count("Click"), 0);
 }
 
+TEST_F(Selecting, DoubleClickThatMeansSomethingElse_RaisesNoDblClick) {
+    Link &link = AddLink(a, b);
+    a.SetSelected(true), link.SetSelected(true);
+    Settle();
+    const auto raised = [&](const QPoint &at, Qt::KeyboardModifiers modifiers = {}) {
+        a.SetSelected(true), link.SetSelected(true);
+        Settle();
+        events.names.clear();
+        hand->DoubleClick(at, modifiers);
+        return events.Count("DblClick");
+    };
+    EXPECT_EQ(raised(Body(a)), 1);
+    for (int handle = 0; handle < 8; ++handle) EXPECT_EQ(raised(Handle(a, handle)), 0) << handle;
+    EXPECT_EQ(raised(Body(a), Qt::ShiftModifier), 0);
+    EXPECT_EQ(raised(Body(a), Qt::ControlModifier), 0);
+    EXPECT_EQ(raised(At(ToQPointF(link.Way().back()))), 0);
+    EXPECT_EQ(raised(At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2)), 0) << "makes a bend";
+}
+
+TEST_F(Selecting, UnselectableItems_LetClicksAndDragsThrough) {
+    a.SetSelectable(false);
+    Node &below = AddNode("below", 60, 60);
+    below.SendToBack();
+    Link &link = AddLink(b, c);
+    link.SetSelectable(false);
+    Node &crossed = AddNode("crossed", 330, 40, 60, 100);
+    crossed.SendToBack();
+    Settle();
+    Click(Body(below));
+    EXPECT_EQ(surface.SelectedNode(), &below);
+    Drag(Body(below), Body(below) + QPoint(0, 200));
+    EXPECT_FLOAT_EQ(below.Top(), (60 + 200) * 15);
+    const QPointF from = ToQPointF(link.Way()[0]), to = ToQPointF(link.Way()[1]);
+    const double share = (crossed.Bounds().center().x() - from.x()) / (to.x() - from.x());
+    Click(At(from + (to - from) * share));
+    EXPECT_EQ(surface.SelectedNode(), &crossed);
+    EXPECT_EQ(surface.Nodes().Count(), 5);
+}
+
 TEST_F(Selecting, DoubleClick_RaisesDblClickOnce) {
     Click(Body(a));
     QMouseEvent twice(QEvent::MouseButtonDblClick, Body(a), view->viewport()->mapToGlobal(Body(a)),
