@@ -35,6 +35,7 @@ void ChangeFonts(frmMain &window, Change change) {
         change(font);
         item.SetFont(font);
     });
+    AdjustLinksOf(window.CurrentSurface().SelectedNodes(), window.Timeline()); // sizes may follow the texts
 }
 
 void FormatBold(frmMain &window) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 namespace diagram {
 class Node;
@@ -28,5 +29,9 @@ struct TimelineRoutines {
 
 // The routines of the timeline on the slices of that window, which must outlive them.
 TimelineRoutines DefaultTimelineRoutines(document::MapWindow &window);
+
+// Calls AdjustLinks for the nodes, with the arrangement of their slice: they were moved, or have another
+// size.
+void AdjustLinksOf(const std::vector<diagram::Node *> &nodes, const TimelineRoutines &routines);
 
 } // namespace mainwindow

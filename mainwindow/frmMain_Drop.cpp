@@ -110,6 +110,7 @@ void frmMain::OfferFile(diagram::Node &node, const QString &file, const QPoint &
         onNode([&](diagram::Node &target) {
             const ActionGroup step(target.Owner());
             target.SetPicture(picture);
+            AdjustLinksOf({&target}, timeline_); // its size may follow the picture
             clsSettings_->Dirty = true;
         });
     });

@@ -45,12 +45,6 @@ document::cGroup *GroupForNewNode(const document::cGroups &groups) {
     return groups.count() > 0 ? &groups.Item(1) : nullptr;
 }
 
-// Arrangements 2, 3 and 4 run from left to right. A slice without a timeline has none.
-bool TimelineIsHorizontal(const diagram::Surface &surface) {
-    const double align = support::Val(document::GetTag(surface, document::tags::kTimelineAlign));
-    return align == 2 || align == 3 || align == 4;
-}
-
 const diagram::Font &FontOfSelection(const diagram::Surface &surface) {
     if (const diagram::Node *node = surface.SelectedNode()) return node->Font();
     if (const diagram::Link *link = surface.SelectedLink()) return link->Font();
@@ -80,17 +74,19 @@ void frmMain::AddFlow1_AfterAddLink(int index, diagram::Link &) {
     AddFlow1_afGotFocus(index);
 }
 
-void frmMain::AddFlow1_AfterEdit(int) { clsSettings_->Dirty = true; }
-void frmMain::AddFlow1_AfterResize(int) { clsSettings_->Dirty = true; }
 void frmMain::AddFlow1_AfterStretch(int) { clsSettings_->Dirty = true; }
 
 void frmMain::AddFlow1_AfterMove(int index) {
     diagram::Surface &surface = AddFlow1_[index];
     const ActionGroup step(surface);
-    const bool horizontal = TimelineIsHorizontal(surface);
-    for (diagram::Node *node : surface.SelectedNodes()) timeline_.AdjustLinks(*node, horizontal);
+    AdjustLinksOf(surface.SelectedNodes(), timeline_);
     clsSettings_->Dirty = true;
 }
+
+// A dated node keeps its link to its day whatever changes its size.
+void frmMain::AddFlow1_AfterResize(int index) { AddFlow1_AfterMove(index); }
+// So does its text, where the node takes the size of that.
+void frmMain::AddFlow1_AfterEdit(int index) { AddFlow1_AfterMove(index); }
 
 // Hidden items must not stay selected: a rubber band takes them along.
 void frmMain::AddFlow1_AfterSelect(int index) {

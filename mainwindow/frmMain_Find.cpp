@@ -3,12 +3,15 @@
 
 #include "diagram/scene/Scene.h"
 #include "diagram/view/SurfaceView.h"
+#include "mainwindow/ActionGroup.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/FindBar.h"
 
 #include <algorithm>
+#include <list>
 #include <QCoreApplication>
 #include <QLocale>
+#include <set>
 
 namespace mainwindow {
 
@@ -43,6 +46,29 @@ public:
 private:
     frmMain &window_;
     bool shown_;
+};
+
+// One step on each slice; at the end the nodes whose texts were replaced take the ends of their timeline
+// links along.
+class Replacing {
+public:
+    Replacing(frmMain &window, const std::vector<document::FindHit> &hits) : window_(window), hits_(hits) {
+        std::set<int> slices;
+        for (const document::FindHit &hit : hits)
+            if (slices.insert(hit.slice).second) steps_.emplace_back(window.AddFlow1()[hit.slice]);
+    }
+    ~Replacing() {
+        for (const document::FindHit &hit : hits_)
+            if (diagram::Node *node = window_.AddFlow1()[hit.slice].FindNode(hit.item))
+                AdjustLinksOf({node}, window_.Timeline());
+    }
+    Replacing(const Replacing &) = delete;
+    Replacing &operator=(const Replacing &) = delete;
+
+private:
+    frmMain &window_;
+    const std::vector<document::FindHit> &hits_;
+    std::list<ActionGroup> steps_;
 };
 
 } // namespace
@@ -117,6 +143,7 @@ void frmMain::ReplaceHits(bool all) {
         if (!all) hits = {hit_};
         int changed = 0;
         {
+            const Replacing steps(*this, hits);
             const BareTexts bare(*this);
             changed = document::ReplaceText(AddFlow1_, hits, findBar_->Sought(), findBar_->Replacement(),
                                             findBar_->Options());

@@ -14,6 +14,17 @@ LinkData DataOf(const Link &link) {
     return link.Data();
 }
 
+// Where a coordinate that lay on `from` to `from + length` lies on the same stretch elsewhere.
+float InPlace(float at, float from, float length, float newFrom, float newLength) {
+    const double factor = length > 0 ? double(newLength) / length : 1;
+    return float(newFrom + (double(at) - from) * factor);
+}
+
+Point InPlace(const Point &at, const NodeData &before, const NodeData &now) {
+    return {InPlace(at.x, before.left, before.width, now.left, now.width),
+            InPlace(at.y, before.top, before.height, now.top, now.height)};
+}
+
 } // namespace
 
 HeldItems::HeldItems(const std::vector<Node *> &nodes) {
@@ -86,19 +97,26 @@ void HeldItems::MoveBy(Surface &surface, const QPointF &distance) const {
             node->SetBounds(from.left + dx, from.top + dy, from.width, from.height);
     }
     MoveInnerLinks(surface, distance);
-    MoveKeptEnds(surface, distance);
+    TakeKeptEndsAlong(surface);
     if (!distance.isNull()) MakeWay(surface);
 }
 
-void HeldItems::MoveKeptEnds(Surface &surface, const QPointF &distance) const {
+const HeldNode *HeldItems::FindHeld(ItemId id) const {
+    const auto found = std::ranges::find(nodes_, id, &HeldNode::id);
+    return found == nodes_.end() ? nullptr : &*found;
+}
+
+void HeldItems::TakeKeptEndsAlong(Surface &surface) const {
     for (const HeldLink &held : links_) {
         Link *link = held.inner || !held.data.movePointsMode ? nullptr : surface.FindLink(held.id);
         if (!link || held.data.points.empty()) continue;
         LinkData data = held.data;
-        const bool leaves =
-            std::ranges::any_of(nodes_, [&](const HeldNode &node) { return node.id == held.data.source; });
-        Point &end = leaves ? data.points.front() : data.points.back();
-        end = {end.x + float(distance.x()), end.y + float(distance.y())};
+        const HeldNode *source = FindHeld(data.source);
+        const HeldNode *end = source ? source : FindHeld(data.destination);
+        const Node *node = end ? surface.FindNode(end->id) : nullptr;
+        if (!node) continue;
+        Point &point = source ? data.points.front() : data.points.back();
+        point = InPlace(point, end->data, node->Data());
         surface.Overwrite(*link, std::move(data));
     }
 }

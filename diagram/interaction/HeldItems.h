@@ -41,13 +41,15 @@ public:
     void MakeWay(Surface &surface) const;
     // Everything where it was, moved by the distance (twips); the links that lead away follow.
     void MoveBy(Surface &surface, const QPointF &distance) const;
+    // Ends of links whose points aren't routed go with their nodes. Call it after moving or resizing the
+    // nodes.
+    void TakeKeptEndsAlong(Surface &surface) const;
     // Gives the links between held nodes their ways at the start, moved as a whole (twips). Call it after
     // moving the nodes.
     void MoveInnerLinks(Surface &surface, const QPointF &distance) const;
 
 private:
-    // Ends of links whose points aren't routed go with their nodes.
-    void MoveKeptEnds(Surface &surface, const QPointF &distance) const;
+    const HeldNode *FindHeld(ItemId id) const;
     void PutBackDisplaced(Surface &surface) const;
 
     std::vector<HeldNode> nodes_;

@@ -71,6 +71,7 @@ void ResizeTo(Surface &surface, const HeldItems &items, const Lead &lead) {
                               : ResizedInProportion(old, lead.handle, lead.before, lead.after);
         node->SetBounds(float(to.left()), float(to.top()), float(to.width()), float(to.height()));
     }
+    items.TakeKeptEndsAlong(surface);
     if (lead.after != lead.before) items.MakeWay(surface);
 }
 

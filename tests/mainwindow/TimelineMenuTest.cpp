@@ -1,9 +1,14 @@
 #include "mainwindow/TimelineMenu.h"
+#include "diagram/shapes/Shapes.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 #include "tests/mainwindow/WindowTest.h"
 
+#include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMouseEvent>
 #include <QTest>
 
 namespace mainwindow::testing {
@@ -126,6 +131,111 @@ TEST_F(Timeline, MovingAdjustsTheLinksOfEverySelectedNodeByTheArrangementOfTheSl
                                       QStringLiteral("AdjustLinks b %1").arg(horizontal)}))
             << align;
     }
+}
+
+TEST_F(Timeline, AMonthIsNeverSelectedAndSoLeftAloneByEveryCommand) {
+    frmMain &window = Open();
+    diagram::Node &month = AddMonth(window, 300, QStringLiteral("May 2024"));
+    AddMonth(window, 3000, QStringLiteral("June 2024"));
+    diagram::Node &node = AddNode(window, 6000, 3000, QStringLiteral("a"));
+    node.SetSelected(true);
+    const QRectF before = month.Bounds();
+    RightClick(window, {400, 400});
+    ASSERT_TRUE(Popup(window).isVisible());
+    EXPECT_FALSE(node.Selected());
+    EXPECT_FALSE(month.Selected());
+    QTest::keyClick(&Popup(window), Qt::Key_Escape);
+    for (const char *keys : {"F2", "Right", "Alt+Right", "Ctrl+C", "Ctrl+D", "Ctrl+X", "Del", "x", "Ins"}) {
+        month.SetSelected(true);
+        Press(window, QLatin1String(keys));
+        EXPECT_FALSE(window.CurrentView().IsEditing()) << keys;
+    }
+    EXPECT_EQ(month.Bounds(), before);
+    QStringList texts;
+    for (const diagram::Node &each : window.CurrentSurface().Nodes()) texts << each.Text();
+    EXPECT_EQ(texts, QStringList({"May 2024", "June 2024", "a", ""})) << "the last one by Ins";
+}
+
+// A node with a date, on a slice whose strip runs from left to right.
+class Dated : public Timeline {
+protected:
+    Dated() {
+        document::SetTag(window.CurrentSurface(), document::tags::kTimelineAlign, QStringLiteral("4"));
+        day.SetMarked(true);
+        day.SetSelectable(false);
+        day.SetHidden(true);
+        link.SetSelectable(false);
+        link.SetMarked(true);
+        node.SetFillColor(support::kWhite);
+    }
+    // By what a user does; the ends of the link must then stand where they belong, and one step takes it
+    // back.
+    void Resize(const std::function<void()> &how) {
+        window.Timeline().AdjustLinks(node, true);
+        const QRectF box = node.Bounds();
+        const std::vector<diagram::Point> way = link.Way();
+        how();
+        ASSERT_NE(node.Bounds(), box);
+        EXPECT_EQ(link.Way().back(), (diagram::Point{9075, 7500}));
+        const QPointF end =
+            diagram::OutlineCrossing(node.Shape(), 0, node.Bounds(), diagram::ToQPointF(link.Way()[1]));
+        EXPECT_NEAR(link.Way().front().x, end.x(), 1);
+        EXPECT_NEAR(link.Way().front().y, end.y(), 1);
+        EXPECT_NE(link.Way().front(), way.front());
+        Press(window, QStringLiteral("Ctrl+Z"));
+        EXPECT_EQ(node.Bounds(), box);
+        EXPECT_EQ(link.Way(), way);
+    }
+    frmMain &window = NewWindow();
+    diagram::Node &day = window.CurrentSurface().Nodes().Add(9000, 7500, 150, 600);
+    diagram::Node &node = AddNode(window, 300, 300, QStringLiteral("short"));
+    diagram::Link &link = node.Links().Add(day);
+};
+
+TEST_F(Dated, ResizedByHandOrKeysItTakesTheEndOfItsLinkAlong) {
+    node.SetSelected(true);
+    Resize(
+        [&] { Drag(window, node.Bounds().bottomRight(), node.Bounds().bottomRight() + QPointF(900, 600)); });
+    Resize([&] { Press(window, QStringLiteral("Alt+Shift+Down")); });
+}
+
+TEST_F(Dated, WhileItIsResizedTheEndOfItsLinkStaysWithIt) {
+    node.SetSelected(true);
+    window.Timeline().AdjustLinks(node, true);
+    ProcessEvents();
+    const double gap = node.Bounds().bottom() - link.Way().front().y;
+    QWidget *viewport = window.CurrentView().viewport();
+    const QPoint corner = PixelOf(window, node.Bounds().bottomRight());
+    QTest::mousePress(viewport, Qt::LeftButton, {}, corner);
+    const QPoint to = corner + QPoint(80, 120);
+    QMouseEvent move(QEvent::MouseMove, to, viewport->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(viewport, &move);
+    ASSERT_GT(node.Height(), 2000);
+    EXPECT_NEAR(node.Bounds().bottom() - link.Way().front().y, gap * node.Height() / 900, 20);
+    Press(window, QStringLiteral("Esc"));
+    QTest::mouseRelease(viewport, Qt::LeftButton, {}, to);
+    EXPECT_NEAR(node.Bounds().bottom() - link.Way().front().y, gap, 1);
+}
+
+TEST_F(Dated, WhatEverChangesTheSizeOfItsTextTakesTheEndOfItsLinkAlong) {
+    node.SetAutoSize(3);
+    node.SetSelected(true);
+    Resize([&] {
+        Press(window, QStringLiteral("F2"));
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("a very much longer text than before"));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+    });
+    Resize([&] {
+        window.OpenFindBar(true);
+        window.findChild<QLineEdit *>(QStringLiteral("txtFind"))->setText(QStringLiteral("short"));
+        window.findChild<QLineEdit *>(QStringLiteral("txtReplace"))
+            ->setText(QStringLiteral("another text that is longer"));
+        window.findChild<QAbstractButton *>(QStringLiteral("cmdReplaceAll"))->click();
+        window.CloseFindBar();
+    });
+    node.SetSelected(true);
+    Resize([&] { window.tlbFormat_ButtonClick(QStringLiteral("BOLD")); });
 }
 
 TEST_F(Timeline, ADraggedNodeTakesTheEndOfItsTimelineLinkAlongInOneStep) {
