@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QTest>
 #include <QToolBar>
 #include <QUrl>
@@ -67,30 +68,47 @@ const std::vector<Deeds::Row> &Deeds::Rows() {
         {"draw a node", true,
          [](Deeds &t, frmMain &w) {
              t.Drag(w, {300, 4500}, {2400, 6000});
+             ASSERT_EQ(w.CurrentSurface().Nodes().Count(), 3);
          }},
-        {"insert a linked node", true, [](Deeds &t, frmMain &w) { t.Press(w, QStringLiteral("Ins")); }},
+        {"insert a linked node", true,
+         [](Deeds &t, frmMain &w) {
+             t.Press(w, QStringLiteral("Ins"));
+             ASSERT_EQ(w.CurrentSurface().Links().size(), 2U);
+         }},
         {"draw a link", true,
          [](Deeds &t, frmMain &w) {
-             t.Drag(w, t.second->Bounds().center(), t.first->Bounds().topLeft() + QPointF(1400, 150));
+             t.DragFromBeside(w, *t.second, t.first->Bounds().topLeft() + QPointF(1400, 150));
+             ASSERT_EQ(w.CurrentSurface().Links().size(), 2U);
+             ASSERT_EQ(&w.CurrentSurface().Links()[1]->Source(), t.second);
          }},
         {"type a text", true,
          [](Deeds &t, frmMain &w) {
              t.Press(w, QStringLiteral("F2"));
              QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("new"));
              QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+             ASSERT_EQ(t.first->Text(), QStringLiteral("new"));
          }},
         {"drag a node", true,
-         [](Deeds &t, frmMain &w) { t.Drag(w, t.Body(), t.Body() + QPointF(900, 900)); }},
-        {"move by key", true, [](Deeds &t, frmMain &w) { t.Press(w, QStringLiteral("Right")); }},
+         [](Deeds &t, frmMain &w) {
+             t.Drag(w, t.Body(), t.Body() + QPointF(900, 900));
+             ASSERT_NE(t.first->Left(), 300);
+         }},
+        {"move by key", true,
+         [](Deeds &t, frmMain &w) {
+             t.Press(w, QStringLiteral("Right"));
+             ASSERT_EQ(t.first->Left(), 315);
+         }},
         {"resize a node", true,
          [](Deeds &t, frmMain &w) {
              const QPointF corner = t.first->Bounds().bottomRight();
              t.Drag(w, corner, corner + QPointF(600, 600));
+             ASSERT_GT(t.first->Width(), 1800);
          }},
         {"bend a link", true,
          [](Deeds &t, frmMain &w) {
              t.Click(w, {4500, 750});
              t.Drag(w, {4500, 750}, {4500, 2400});
+             ASSERT_EQ(t.link->Way().size(), 3U);
          }},
         {"format buttons", true,
          [](Deeds &t, frmMain &w) {
@@ -105,24 +123,42 @@ const std::vector<Deeds::Row> &Deeds::Rows() {
         {"new element of a shape", true, [](Deeds &, frmMain &w) { w.tlbFormat_ButtonMenuClick(8); }},
 
         {"click", false,
-         [](Deeds &t, frmMain &w) { t.Click(w, t.second->Bounds().topLeft() + QPointF(300, 150)); }},
+         [](Deeds &t, frmMain &w) {
+             t.Click(w, t.second->Bounds().topLeft() + QPointF(300, 150));
+             ASSERT_EQ(w.CurrentSurface().SelectedNode(), t.second);
+         }},
         {"click beside", false,
          [](Deeds &t, frmMain &w) {
              t.Click(w, {4500, 6000});
+             ASSERT_FALSE(t.first->Selected());
          }},
         {"double click", false, [](Deeds &t, frmMain &w) { t.DoubleClick(w, t.Body()); }},
         {"rubber band", false,
          [](Deeds &t, frmMain &w) {
              t.Drag(w, {100, 3000}, {9000, 100}, Qt::ShiftModifier);
+             ASSERT_EQ(w.CurrentSurface().SelectedNodes().size(), 2U);
          }},
-        {"select all", false, [](Deeds &t, frmMain &w) { t.Press(w, QStringLiteral("Ctrl+A")); }},
-        {"go to the next node", false, [](Deeds &t, frmMain &w) { t.Press(w, QStringLiteral("Tab")); }},
+        {"select all", false,
+         [](Deeds &t, frmMain &w) {
+             t.Press(w, QStringLiteral("Ctrl+A"));
+             ASSERT_EQ(w.CurrentSurface().SelectedNodes().size(), 2U);
+         }},
+        {"go to the next node", false,
+         [](Deeds &t, frmMain &w) {
+             t.Press(w, QStringLiteral("Tab"));
+             ASSERT_EQ(w.CurrentSurface().SelectedNode(), t.second);
+         }},
         {"a drag given up", false,
          [](Deeds &t, frmMain &w) {
              QWidget *viewport = w.CurrentView().viewport();
              QTest::mousePress(viewport, Qt::LeftButton, {}, PixelOf(w, t.Body()));
-             QTest::mouseMove(viewport, PixelOf(w, t.Body()) + QPoint(80, 80));
+             QMouseEvent move(QEvent::MouseMove, PixelOf(w, t.Body()) + QPoint(80, 80),
+                              viewport->mapToGlobal(PixelOf(w, t.Body()) + QPoint(80, 80)), Qt::NoButton,
+                              Qt::LeftButton, Qt::NoModifier);
+             QApplication::sendEvent(viewport, &move);
+             ASSERT_NE(t.first->Left(), 300);
              t.Press(w, QStringLiteral("Esc"));
+             ASSERT_EQ(t.first->Left(), 300);
              QTest::mouseRelease(viewport, Qt::LeftButton, {}, PixelOf(w, t.Body()) + QPoint(80, 80));
          }},
         {"zoom", false,
@@ -130,11 +166,13 @@ const std::vector<Deeds::Row> &Deeds::Rows() {
              for (const char *key : {"mnuViewZoom150", "mnuViewZoomFit", "mnuViewZoom75", "mnuViewZoom100"})
                  w.SmartMenuXP1_Click(QLatin1String(key));
              t.Press(w, QStringLiteral("Ctrl++"));
+             ASSERT_GT(w.CurrentView().ShownZoom(), 101);
          }},
         {"grid and snap", false,
          [](Deeds &t, frmMain &w) {
              t.Press(w, QStringLiteral("Ctrl+G"));
              t.Press(w, QStringLiteral("Ctrl+Shift+G"));
+             ASSERT_TRUE(w.CurrentSurface().GridLines());
          }},
         {"background colour", false,
          [](Deeds &t, frmMain &w) {
@@ -181,6 +219,7 @@ const std::vector<Deeds::Row> &Deeds::Rows() {
          [](Deeds &t, frmMain &w) {
              t.desktop.ExpectForm(QStringLiteral("frmNodeDialog"));
              t.RightClick(w, t.Body());
+             ASSERT_EQ(t.desktop.dialogHost.shown.size(), 1);
          }},
     };
     return rows;

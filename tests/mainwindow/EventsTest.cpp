@@ -1,6 +1,5 @@
 #include "tests/mainwindow/WindowTest.h"
 
-#include "diagram/hit/Grips.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 
@@ -173,8 +172,7 @@ TEST_F(Events, TheReadOutOfTheMouseIsShownWithItsSwitchAlone) {
 TEST_F(Events, ALinkDroppedBesideTheNodesSaysWhyInTheProductsWords) {
     frmMain &window = NewWindow();
     const diagram::Node &node = AddNode(window, 300, 300);
-    constexpr double kHandle = 150; // twips at zoom 100
-    Drag(window, diagram::LinkStartPlaces(node.Bounds(), kHandle)[1], {6000, 4500});
+    DragFromBeside(window, node, {6000, 4500});
     EXPECT_EQ(Status(window), QStringLiteral("A Link starts and ends at a Node."));
     Click(window, {4500, 6000});
     EXPECT_EQ(Status(window), QString());
@@ -184,7 +182,8 @@ TEST_F(Events, ALinkDroppedBesideTheNodesSaysWhyInTheProductsWords) {
 TEST_F(Events, AHintLeavesWhatARoutineSaidInTheMeantime) {
     frmMain &window = NewWindow();
     const diagram::Node &node = AddNode(window, 300, 300);
-    Drag(window, node.Bounds().center(), {6000, 4500});
+    DragFromBeside(window, node, {6000, 4500});
+    ASSERT_EQ(Status(window), QStringLiteral("A Link starts and ends at a Node."));
     window.DoStatus(QStringLiteral("Loading"));
     Press(window, QStringLiteral("Tab"));
     EXPECT_EQ(Status(window), QStringLiteral("Loading"));

@@ -2,6 +2,8 @@
 
 #include "app/settings/GetSet.h"
 #include "app/settings/Settings.h"
+#include "diagram/hit/Grips.h"
+#include "diagram/interaction/Press.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DoSave.h"
 #include "document/LastPath.h"
@@ -116,6 +118,11 @@ void WindowTest::Drag(frmMain &window, const QPointF &from, const QPointF &to,
     }
     QTest::mouseRelease(viewport, Qt::LeftButton, modifiers, end);
     ProcessEvents();
+}
+
+void WindowTest::DragFromBeside(frmMain &window, const diagram::Node &node, const QPointF &to) {
+    const double handle = diagram::OptionsFor({{}, {}, QSizeF(15, 15), {}}).handleSize;
+    Drag(window, diagram::LinkStartPlaces(node.Bounds(), handle)[1], to);
 }
 
 QString WindowTest::Status(frmMain &window) { return window.findChild<cStatusBar *>()->Doing(); }

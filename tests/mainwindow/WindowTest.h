@@ -31,6 +31,8 @@ protected:
     void DoubleClick(frmMain &window, const QPointF &at);
     void RightClick(frmMain &window, const QPointF &at);
     void Drag(frmMain &window, const QPointF &from, const QPointF &to, Qt::KeyboardModifiers modifiers = {});
+    // From the circle at the node's right side, where a link starts.
+    void DragFromBeside(frmMain &window, const diagram::Node &node, const QPointF &to);
     // What the status bar says.
     static QString Status(frmMain &window);
     void ProcessEvents();
