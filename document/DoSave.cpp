@@ -24,29 +24,6 @@ namespace {
 
 bool writesCompanions = false;
 
-const QString kDisplay = QStringLiteral("DISPLAY");
-
-// Puts the second-text toggle off, and on again at the end if it was on.
-class DisplayOff {
-public:
-    explicit DisplayOff(MapWindow &window) : window_(window), wasOn_(window.DisplayPressed()) {
-        if (wasOn_) window_.ClickFormatButton(kDisplay);
-    }
-    ~DisplayOff() {
-        if (wasOn_) support::Report("frmMain", "ClickFormatButton", [&] { PutBack(); });
-    }
-    DisplayOff(const DisplayOff &) = delete;
-    DisplayOff &operator=(const DisplayOff &) = delete;
-
-    void PutBack() {
-        if (std::exchange(wasOn_, false)) window_.ClickFormatButton(kDisplay);
-    }
-
-private:
-    MapWindow &window_;
-    bool wasOn_;
-};
-
 // What a save that fails puts back: the path and the tab.
 class Rollback {
 public:
@@ -172,13 +149,11 @@ void Save(MapWindow &window, const QString &path) {
     const BusyWindow busy(window);
     Rollback rollback(window);
     window.DoStatus(QStringLiteral("Preparing to save..."));
-    DisplayOff display(window);
     const QString kept = WriteMap(window, path, rollback);
     ShowSaved(window, rollback);
     window.DoStatus(QStringLiteral("Optimizing File..."));
     CompactDb(window, settings.Database(), false, QString());
     settings.OwnFiles().Add(settings.Database());
-    display.PutBack();
     settings::clsMRU(window.Desktop().registry).AddFile(settings.Database());
     window.DoStatus(QString());
     if (!kept.isEmpty())

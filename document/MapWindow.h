@@ -51,9 +51,6 @@ public:
     // After a load: paints the main controls again, tells the window its size, draws the menu bar.
     virtual void RefreshMainControls() = 0;
     virtual void DrawMenuBar() = 0;
-    // The second-text toggle of the format toolbar.
-    virtual bool DisplayPressed() const = 0;
-    virtual void ClickFormatButton(const QString &key) = 0;
 };
 
 } // namespace document

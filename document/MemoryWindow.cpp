@@ -32,10 +32,4 @@ void MemoryWindow::AddFlow1_AfterMove(int index) {
     calls.append(QStringLiteral("AddFlow1_AfterMove %1").arg(index));
 }
 
-void MemoryWindow::ClickFormatButton(const QString &key) {
-    calls.append(QStringLiteral("ClickFormatButton %1").arg(key));
-    displayPressed = !displayPressed;
-    if (onDisplay) onDisplay(displayPressed);
-}
-
 } // namespace document

@@ -55,16 +55,11 @@ public:
     void AddFlow1_AfterMove(int index) override;
     void RefreshMainControls() override { calls.append(QStringLiteral("RefreshMainControls")); }
     void DrawMenuBar() override { calls.append(QStringLiteral("DrawMenuBar")); }
-    bool DisplayPressed() const override { return displayPressed; }
-    void ClickFormatButton(const QString &key) override;
 
-    // What the window was told, in order. An AfterMove is "AddFlow1_AfterMove N", a button "ClickFormatButton
-    // KEY".
+    // What the window was told, in order. An AfterMove is "AddFlow1_AfterMove N".
     QStringList statuses, calls;
     std::vector<int> progress, pointers;
     QString caption;
-    bool displayPressed = false;
-    std::function<void(bool pressed)> onDisplay; // called when the toggle was clicked
 
 private:
     support::Desktop &desktop_;

@@ -19,7 +19,6 @@ namespace {
 constexpr float kNewElementSide = 1300; // twips
 constexpr int kPlacementsInFamily = 3;
 constexpr int kHighestPlacement = 8;
-const QString kLineEnd = QStringLiteral("\r\n");
 
 template <typename Change>
 void ForSelected(diagram::Surface &flow, Change change) {
@@ -67,7 +66,11 @@ void FormatBack(frmMain &window) {
 
 void FormatNew(frmMain &window) { window.tlbFormat_ButtonMenuClick(ShapeEntries().front().tag); }
 
-void FormatDisplay(frmMain &window) { ShowSecondTexts(window.CurrentSurface(), window.DisplayPressed()); }
+// The texts themselves stay as they are, so that the display is nothing to undo or to save.
+void FormatDisplay(frmMain &window) {
+    for (const int slot : window.AddFlow1().Indices())
+        window.AddFlow1()[slot].SetShowsBothTexts(window.DisplayPressed());
+}
 
 // A strip that runs from left to right changes its months' width, another their height.
 void StretchAxis(frmMain &window, float factor) {
@@ -111,18 +114,6 @@ void ShowUnknownButton(support::Desktop &desktop, const QString &key) {
 int AlignmentInFamily(int alignment, int base) {
     if (alignment < 0 || alignment > kHighestPlacement) return alignment;
     return base + alignment % kPlacementsInFamily;
-}
-
-// Taken off only where it stands: a text that was written anew, or on another slice, in the meantime stays.
-void ShowSecondTexts(diagram::Surface &flow, bool on) {
-    for (diagram::Node &node : flow.Nodes()) {
-        if (node.Event().isEmpty()) continue;
-        const QString second = kLineEnd + node.Event();
-        if (on)
-            node.SetText(node.Text() + second);
-        else if (node.Text().endsWith(second))
-            node.SetText(node.Text().chopped(second.size()));
-    }
 }
 
 // Every button marks the map, also those that change nothing.

@@ -3,10 +3,6 @@
 
 #include <QString>
 
-namespace diagram {
-class Surface;
-}
-
 namespace support {
 struct Desktop;
 }
@@ -27,8 +23,5 @@ void ShowUnknownButton(support::Desktop &desktop, const QString &key);
 // The placement of a text moved to another family (0 left, 3 right, 6 centre), top, middle and bottom kept. A
 // value that is no placement stays.
 int AlignmentInFamily(int alignment, int base);
-
-// Writes the second text of every node that has one behind its text, or takes it off again.
-void ShowSecondTexts(diagram::Surface &flow, bool on);
 
 } // namespace mainwindow

@@ -73,9 +73,11 @@ public:
     void AddFlow1_AfterMove(int index) override;
     void RefreshMainControls() override;
     void DrawMenuBar() override;
-    bool DisplayPressed() const override;
-    void ClickFormatButton(const QString &key) override;
 
+    // Whether both texts of the nodes are shown: the state of the button, for all slices and maps that this
+    // window shows. Presses and releases a button of check style, and runs it.
+    bool DisplayPressed() const;
+    void ClickFormatButton(const QString &key);
     int MousePointer() const { return mousePointer_; }
     // The slot of the selected tab's surface, or -1 while it has none. Tabs stand without gaps, in the order
     // of the slots that are loaded: a map may leave slots empty.

@@ -31,23 +31,6 @@ constexpr CommandRow kRows[] = {
     {nullptr, "keyFindPrevious", "Find previous", EntryKind::Command, keyFindPrevious, "up", "", "Shift+F3"},
 };
 
-// Takes the second texts out of the captions, and puts them back at the end.
-class BareTexts {
-public:
-    explicit BareTexts(frmMain &window) : window_(window), shown_(window.DisplayPressed()) {
-        if (shown_) window_.ClickFormatButton(QStringLiteral("DISPLAY"));
-    }
-    ~BareTexts() {
-        if (shown_) window_.ClickFormatButton(QStringLiteral("DISPLAY"));
-    }
-    BareTexts(const BareTexts &) = delete;
-    BareTexts &operator=(const BareTexts &) = delete;
-
-private:
-    frmMain &window_;
-    bool shown_;
-};
-
 // One step on each slice; at the end the nodes whose texts were replaced take the ends of their timeline
 // links along.
 class Replacing {
@@ -144,7 +127,6 @@ void frmMain::ReplaceHits(bool all) {
         int changed = 0;
         {
             const Replacing steps(*this, hits);
-            const BareTexts bare(*this);
             changed = document::ReplaceText(AddFlow1_, hits, findBar_->Sought(), findBar_->Replacement(),
                                             findBar_->Options());
         }

@@ -34,6 +34,7 @@ diagram::SurfaceView &frmMain::CurrentView() { return *views_.at(CurrentSurface(
 void frmMain::SurfaceLoaded(diagram::Surface &surface) {
     surface.SetEvents(sink_.get());
     surface.AddObserver(*sink_);
+    surface.SetShowsBothTexts(DisplayPressed());
     auto view = std::make_unique<diagram::SurfaceView>(surface, picRHS_);
     view->setObjectName(QStringLiteral("AddFlow1(%1)").arg(surface.Index()));
     view->setFrameShape(QFrame::NoFrame);

@@ -22,6 +22,7 @@ TextPlace NodePlace(const Node &node) {
     const double y = node.yTextMargin() * kTwipsPerPixel;
     place.area = TextArea(node.Shape(), node.ShapeOrientation(), node.Bounds()).adjusted(x, y, -x, -y);
     if (!place.area.isValid()) place.area = node.Bounds();
+    place.painted = SingleLineFeeds(node.ShownText());
     place.font = node.Font();
     place.foreColor = node.ForeColor();
     if (!node.Transparent()) place.fillColor = node.FillColor();
@@ -42,6 +43,7 @@ TextPlace LinkPlace(Scene &scene, const Link &link) {
         place.area = QRectF(QPointF(), kEmptyLabel);
         place.area.moveCenter(MiddleOf(link));
     }
+    place.painted = SingleLineFeeds(link.Text());
     place.wraps = false;
     place.font = link.Font();
     place.foreColor = link.ForeColor();

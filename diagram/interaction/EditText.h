@@ -16,7 +16,8 @@ constexpr int kLongestInPlace = 32000;
 
 // How the text looks and where it stands, in twips at the surface.
 struct TextPlace {
-    QRectF area; // within which the text is aligned
+    QRectF area;     // within which the text is aligned
+    QString painted; // there, which the text box must hide
     Font font;
     support::Colour foreColor = support::kBlack;
     std::optional<support::Colour> fillColor; // none: the surface shows through
@@ -34,7 +35,7 @@ public:
     // None when the item is gone.
     std::optional<TextPlace> Place(Scene &scene) const;
     // Writes the text with carriage return and line feed at line ends: one step and AfterEdit. The same text
-    // is no change.
+    // is no change. Of a node only the first text is edited, whatever is shown.
     void Commit(const QString &text);
     void Cancel() {}
 

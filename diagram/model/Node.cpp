@@ -18,6 +18,11 @@ void Node::Write(T NodeData::*member, T value, Change what) {
     surface.AfterWrite(*this, what);
 }
 
+QString Node::ShownText() const {
+    if (data_.event.isEmpty() || !Owner().ShowsBothTexts()) return data_.text;
+    return data_.text + QLatin1String("\r\n") + data_.event;
+}
+
 int Node::ZOrder() const { return Owner().StackPosition(*this); }
 
 void Node::SetKey(const QString &key) {

@@ -84,6 +84,8 @@ public:
     int PicturePos() const { return data_.picturePos; }
     const QString &Text() const { return data_.text; }
     const QString &Event() const { return data_.event; }
+    // What is seen of them: the text, and below it the second one while the surface shows both.
+    QString ShownText() const;
     const diagram::Font &Font() const { return data_.font; }
     support::Colour BorderColor() const { return data_.borderColor; }
     support::Colour FillColor() const { return data_.fillColor; }

@@ -118,6 +118,12 @@ void Surface::SetGridStyle(int style) {
     NotifySurface(Change::Look);
 }
 
+void Surface::SetShowsBothTexts(bool on) {
+    if (on == showsBothTexts_) return;
+    showsBothTexts_ = on;
+    NotifySurface(Change::Look);
+}
+
 // What gives way belongs to the group in which it was made to.
 void Surface::BeginAction(std::int16_t code) {
     if (!log_) return;

@@ -151,6 +151,9 @@ public:
     float xScroll() const { return xScroll_; } // twips
     float yScroll() const { return yScroll_; }
     void SetScroll(float x, float y) { xScroll_ = x, yScroll_ = y; }
+    // While on, what is seen of a node is both its texts; its Text is as ever.
+    bool ShowsBothTexts() const { return showsBothTexts_; }
+    void SetShowsBothTexts(bool on);
     // The surface's own font: shown when nothing
     // is selected.
     const diagram::Font &Font() const { return font_; }
@@ -304,6 +307,7 @@ private:
     int gridStyle_ = 2;
     bool snapToGrid_ = false;
     bool shiftMode_ = false;
+    bool showsBothTexts_ = false;
     bool loading_ = false;
     Routing routing_{*this};
 };

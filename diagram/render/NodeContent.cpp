@@ -99,9 +99,10 @@ QRectF PicturePlace(Paint &paint, const Node &node) {
     const QSizeF size = data.picture.SizeInTwips();
     if (IsBeside(data)) {
         const QRectF room = TextRoom(node);
+        const QString text = node.ShownText();
         const TextBlock &block =
-            paint.caches.texts.Find(data.text, data.font, WrapOf(data, WidthForText(data, room)), 0);
-        return PlaceTogether(room, size, data.text.isEmpty() ? QSizeF() : QSizeF(block.width, block.height),
+            paint.caches.texts.Find(text, data.font, WrapOf(data, WidthForText(data, room)), 0);
+        return PlaceTogether(room, size, text.isEmpty() ? QSizeF() : QSizeF(block.width, block.height),
                              PlaceOf(data.alignment))
             .picture;
     }
@@ -201,14 +202,16 @@ void PlaceText(Paint &paint, const Node &node, const QRectF &room, const TextBlo
 
 void PaintNodeText(Paint &paint, const Node &node) {
     const NodeData &data = node.Data();
+    const QString text = node.ShownText();
+    if (text.isEmpty()) return;
     const double scale = paint.frame.Scale();
     if (!paint.options.vector && data.font.Size() * 20 * scale < kLegiblePixels) return;
     const QRectF room = TextRoom(node);
     const WrapWidth wrap = WrapOf(data, WidthForText(data, room));
     // A vector target is painted once: nothing is worth keeping.
     if (paint.options.vector)
-        return PlaceText(paint, node, room, LayOut(paint.caches.faces, data.text, data.font, wrap, 0));
-    PlaceText(paint, node, room, paint.caches.texts.Find(data.text, data.font, wrap, scale));
+        return PlaceText(paint, node, room, LayOut(paint.caches.faces, text, data.font, wrap, 0));
+    PlaceText(paint, node, room, paint.caches.texts.Find(text, data.font, wrap, scale));
 }
 
 void PaintNodePicture(Paint &paint, const Node &node) {

@@ -10,7 +10,8 @@ class Node;
 // Where text may stand: the shape's text area less border and margins, in twips.
 QRectF TextRoom(const Node &node);
 
-// Left out when it can't be read. What sticks out of the node's box is cut off.
+// Both texts while the surface shows both. Left out when it can't be read. What sticks out of the node's box
+// is cut off.
 void PaintNodeText(Paint &paint, const Node &node);
 void PaintNodePicture(Paint &paint, const Node &node);
 

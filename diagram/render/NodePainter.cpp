@@ -192,7 +192,7 @@ void PaintNode(Paint &paint, const Node &node) {
             PaintFormInSteps(paint, node, form);
     }
     PaintDetail(paint, form);
-    if (!form.data.text.isEmpty()) PaintNodeText(paint, node);
+    PaintNodeText(paint, node);
 }
 
 } // namespace diagram

@@ -79,7 +79,7 @@ void PaintItemCoarsely(Paint &paint, CoarsePainter &coarse, Item &item) {
         PaintMarked(paint, item, node->Marked());
         if (!coarse.Takes(*node)) return PaintNode(paint, *node);
         coarse.PaintForm(*node);
-        if (IsLegible(paint, node->Font()) && !node->Text().isEmpty()) PaintNodeText(paint, *node);
+        if (IsLegible(paint, node->Font())) PaintNodeText(paint, *node);
         return;
     }
     const Link &link = *item.AsLink();
@@ -134,9 +134,10 @@ void Renderer::Paint(QPainter &painter, Scene &scene, const QRectF &area, const 
 TextMeasure &Renderer::Measure() { return state_->measure; }
 
 bool Renderer::TextFits(const Node &node) {
-    if (node.Text().isEmpty()) return true;
+    const QString text = node.ShownText();
+    if (text.isEmpty()) return true;
     const QRectF room = TextRoom(node);
-    const QSizeF size = state_->measure.Measure(node.Text(), node.Font(), room.width());
+    const QSizeF size = state_->measure.Measure(text, node.Font(), room.width());
     constexpr double kSlack = 2;
     return size.width() <= room.width() + kSlack && size.height() <= room.height() + kSlack;
 }

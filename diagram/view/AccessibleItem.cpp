@@ -9,7 +9,7 @@ namespace diagram {
 namespace {
 
 QString Named(const Node &node, const ItemWords &words) {
-    const QString text = node.Text().simplified();
+    const QString text = node.ShownText().simplified();
     return text.isEmpty() ? words.node : text;
 }
 
@@ -70,7 +70,8 @@ QString AccessibleItem::text(QAccessible::Text which) const {
     if (!item) return {};
     const ItemWords &words = View()->Words();
     if (which == QAccessible::Name) return NameOf(*item, words);
-    if (which == QAccessible::Value) return item->AsNode() ? item->AsNode()->Text() : item->AsLink()->Text();
+    if (which == QAccessible::Value)
+        return item->AsNode() ? item->AsNode()->ShownText() : item->AsLink()->Text();
     if (which != QAccessible::Description) return {};
     QStringList all{LinkInSight(*item, *View()), View()->Described(*item), FactsOf(*item, words)};
     all.removeAll(QString());

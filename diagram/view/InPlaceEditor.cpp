@@ -29,7 +29,7 @@ double ShareAbove(int alignment) { return (alignment % 3) / 2.0; }
 } // namespace
 
 InPlaceEditor::InPlaceEditor(const QString &text, QWidget *parent, std::function<void(bool)> finished)
-    : QTextEdit(parent), finished_(std::move(finished)), start_(text) {
+    : QTextEdit(parent), finished_(std::move(finished)) {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -46,12 +46,12 @@ void InPlaceEditor::Show(const TextPlace &place, const Viewport &viewport, const
     alignment_ = place.alignment;
     wraps_ = place.wraps;
     SetLook(place, viewport.yScale() * kTwipsPerPixel, behind);
-    QTextDocument first(start_);
-    first.setDocumentMargin(0);
-    first.setDefaultFont(font());
-    first.setDefaultTextOption(document()->defaultTextOption());
-    first.setTextWidth(wraps_ ? area_.width() : -1);
-    first_ = QSizeF(first.idealWidth(), first.size().height());
+    QTextDocument painted(place.painted);
+    painted.setDocumentMargin(0);
+    painted.setDefaultFont(font());
+    painted.setDefaultTextOption(document()->defaultTextOption());
+    painted.setTextWidth(wraps_ ? area_.width() : -1);
+    painted_ = QSizeF(painted.idealWidth(), painted.size().height());
     Fit();
     show();
 }
@@ -82,13 +82,13 @@ void InPlaceEditor::Fit() {
     if (!wraps_) width = qMax(width, document()->idealWidth() + 4);
     document()->setTextWidth(wraps_ ? width : -1);
     const double text = std::ceil(document()->size().height());
-    const double height = qMax(area_.height(), text);
+    const double height = std::max({area_.height(), text, painted_.height()});
     const double above = ShareAbove(alignment_);
     const QRectF box(area_.center().x() - width / 2, area_.top() - (height - area_.height()) * above, width,
                      height);
     setViewportMargins(0, int((height - text) * above), 0, 0);
     setGeometry(box.toAlignedRect());
-    Uncover(QSizeF(document()->idealWidth(), text).expandedTo(first_));
+    Uncover(QSizeF(document()->idealWidth(), text).expandedTo(painted_));
 }
 
 // Shows the box only where it must hide the text below it or show its own, so that the node's outline stays

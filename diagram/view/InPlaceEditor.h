@@ -35,9 +35,8 @@ private:
     void Uncover(const QSizeF &text);
 
     std::function<void(bool)> finished_;
-    QString start_;
-    QSizeF first_; // extent of the text at the start, pixels
-    QRectF area_;  // pixels of the viewport
+    QSizeF painted_; // extent of the text below the box, pixels
+    QRectF area_;    // pixels of the viewport
     int alignment_ = 7;
     bool wraps_ = true;
 };

@@ -28,19 +28,22 @@ public:
         : PictureMime(kSurfaceForms),
           bytes_(SaveBytes(surface)),
           picture_(surface.Picture()),
-          colour_(surface.BackColor()) {}
+          colour_(surface.BackColor()),
+          bothTexts_(surface.ShowsBothTexts()) {}
 
 protected:
     void Fill(Surface &copy) const override {
         LoadBytes(copy, bytes_);
         copy.SetPicture(picture_);
         copy.SetBackColor(colour_);
+        copy.SetShowsBothTexts(bothTexts_);
     }
 
 private:
     QByteArray bytes_;
     Picture picture_;
     support::Colour colour_;
+    bool bothTexts_;
 };
 
 } // namespace

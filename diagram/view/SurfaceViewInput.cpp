@@ -151,7 +151,7 @@ QString SurfaceView::Impl::TipAt(const QPointF &at) {
         const bool read = renderer.TextFits(*node) && IsLegible(node->Font(), scale);
         const std::optional<QDate> date = days->DateOf(*node);
         QStringList lines;
-        if (!read && !node->Text().isEmpty()) lines << node->Text().left(kLongestTip);
+        if (!read && !node->ShownText().isEmpty()) lines << node->ShownText().left(kLongestTip);
         if (date) lines << days->Written(*date);
         return lines.join(QLatin1Char('\n'));
     }

@@ -316,17 +316,13 @@ TEST_F(SaveTest, StatusesComeInTheirOrderAndTheWindowIsReadyAtTheEnd) {
     EXPECT_EQ(settings::clsMRU(desktop.registry).File(1), path);
 }
 
-TEST_F(SaveTest, TheSecondTextToggleIsOffWhileSavingAndOnAgain) {
-    diagram::Node &node = AddNode("a", "second");
-    window->displayPressed = true;
-    window->onDisplay = [&](bool pressed) {
-        node.SetText(pressed ? QStringLiteral("second") : QStringLiteral("first"));
-    };
+TEST_F(SaveTest, BothTextsAreWrittenApartWhileBothAreShown) {
+    AddNode("a", "first").SetEvent(QStringLiteral("second"));
+    Slice().SetShowsBothTexts(true);
     const QString path = SavedAs("a.map");
-    EXPECT_TRUE(window->displayPressed);
-    EXPECT_EQ(window->calls.join(QLatin1Char('|')), "ClickFormatButton DISPLAY|ClickFormatButton DISPLAY");
-    EXPECT_EQ(node.Text(), "second");
     EXPECT_EQ(Cell(path, QStringLiteral("SELECT [Description] FROM [Nodes]")), "first");
+    EXPECT_EQ(Cell(path, QStringLiteral("SELECT [Event] FROM [Nodes]")), "second");
+    EXPECT_TRUE(Slice().ShowsBothTexts());
 }
 
 TEST_F(SaveTest, SavingIsNoStepOfUndo) {
@@ -343,14 +339,12 @@ TEST_F(SaveTest, ASaveThatFailsLeavesFileAndWindowAsTheyWere) {
     cAttachment &gone = window->clsSettings().Attachments().add(none);
     gone.Embed = true, gone.Filename = MapFile(QStringLiteral("vanished.txt"));
     window->clsSettings().Dirty = true;
-    window->displayPressed = true;
     const support::Error error = ErrorOf([&] { DoSave(*window); });
     EXPECT_EQ(error.Number(), support::kErrFileNotFound);
     EXPECT_TRUE(error.Source().endsWith(QStringLiteral("DoSave")));
     EXPECT_EQ(support::ReadWholeFile(path), before);
     EXPECT_EQ(MapFiles(), files);
     EXPECT_TRUE(window->clsSettings().Dirty);
-    EXPECT_TRUE(window->displayPressed);
     EXPECT_EQ(window->statuses.back(), "");
     EXPECT_EQ(window->pointers.back(), pointer::kNormal);
 }

@@ -28,46 +28,6 @@ TEST(ShapeEntries, HoldAllShapesWithTheirCaptions) {
         }
 }
 
-TEST_F(Format, DisplayTwiceGivesBackTheTextExactly) {
-    frmMain &window = NewWindow();
-    diagram::Node &both = AddNode(window, 0, 0, QStringLiteral("first"));
-    both.SetEvent(QStringLiteral("second"));
-    diagram::Node &one = AddNode(window, 3000, 0, QStringLiteral("alone"));
-    window.ClickFormatButton(QStringLiteral("DISPLAY"));
-    EXPECT_TRUE(window.DisplayPressed());
-    EXPECT_EQ(both.Text(), QStringLiteral("first\r\nsecond"));
-    EXPECT_EQ(one.Text(), QStringLiteral("alone"));
-    window.ClickFormatButton(QStringLiteral("DISPLAY"));
-    EXPECT_FALSE(window.DisplayPressed());
-    EXPECT_EQ(both.Text(), QStringLiteral("first"));
-    EXPECT_TRUE(window.clsSettings().Dirty);
-}
-
-// The texts that a node has on another slice, or was given while both were shown, aren't cut.
-TEST_F(Format, DisplayTakesOffOnlyWhatItPutThere) {
-    frmMain &window = NewWindow();
-    diagram::Node &node = AddNode(window, 0, 0, QStringLiteral("first"));
-    node.SetEvent(QStringLiteral("second"));
-    window.ClickFormatButton(QStringLiteral("DISPLAY"));
-    node.SetText(QStringLiteral("written anew"));
-    window.ClickFormatButton(QStringLiteral("DISPLAY"));
-    EXPECT_EQ(node.Text(), QStringLiteral("written anew"));
-}
-
-TEST_F(Format, CopyWithDisplayPressedLeavesTheButtonReleasedAndTheTextBare) {
-    frmMain &window = NewWindow();
-    diagram::Node &node = AddNode(window, 0, 0, QStringLiteral("first"));
-    node.SetEvent(QStringLiteral("second"));
-    node.SetSelected(true);
-    for (const char *command : {"mnuEditCopy", "mnuEditCut"}) {
-        window.ClickFormatButton(QStringLiteral("DISPLAY"));
-        window.SmartMenuXP1_Click(QLatin1String(command));
-        EXPECT_FALSE(window.DisplayPressed());
-    }
-    window.SmartMenuXP1_Click(QStringLiteral("mnuEditPaste"));
-    EXPECT_EQ(window.CurrentSurface().Nodes().Item(1).Text(), QStringLiteral("first"));
-}
-
 TEST_F(Format, FontButtonsFlipEachItemByItself) {
     frmMain &window = NewWindow();
     diagram::Node &bold = AddNode(window, 0, 0);

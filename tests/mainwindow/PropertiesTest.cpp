@@ -163,7 +163,7 @@ TEST_F(Properties, TheFormOfANodeSeesTheBareTextAndTheDisplayComesBack) {
     });
     RightClick(window, kOnFirst);
     EXPECT_TRUE(window.DisplayPressed());
-    EXPECT_EQ(first->Text(), QStringLiteral("first\r\nevent"));
+    EXPECT_EQ(first->ShownText(), QStringLiteral("first\r\nevent"));
 }
 
 TEST_F(Properties, TheMenuKeyAndShiftF10DoForTheSelectionWhatTheRightClickDoes) {
