@@ -31,7 +31,7 @@ struct CommandRow {
     const char *accelerator = ""; // written beside the caption
     const char *keys = "";        // further keys, separated by blanks, not written into the menu
     Needs needs = Needs::Nothing;
-    bool servesTextBox = false;  // works on the text box that has the focus, so that one stays open
+    bool leavesTextBox = false;  // a text that is being typed stays open
     const char *tip = "";        // more words by which the search finds it
     const char *surfaceKey = ""; // a key that the surface itself acts on; the search shows it
     bool (*offered)() = nullptr; // whether this edition of the product has its entry; null: always

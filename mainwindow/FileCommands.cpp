@@ -25,6 +25,7 @@ void mnuFileOpen(frmMain &window) {
 }
 
 void mnuFileSave(frmMain &window) {
+    window.StoreTypedText();
     if (window.clsSettings().Database().isEmpty())
         window.SetMousePointer(kNormal); // a name will be asked for
     document::DoSave(window);
@@ -48,6 +49,7 @@ private:
 };
 
 void mnuFileSaveAs(frmMain &window) {
+    window.StoreTypedText();
     window.SetMousePointer(kNormal);
     const WithoutPath untitled(window.clsSettings());
     document::DoSave(window);
@@ -84,8 +86,9 @@ constexpr CommandRow kRows[] = {
     {"", "mnuFile", "&File", kMenu},
     {"mnuFile", "mnuFileNew", "&New", kCommand, mnuFileNew, "new", "", "Ctrl+N"},
     {"mnuFile", "mnuFileOpen", "&Open...", kCommand, mnuFileOpen, "open", "", "Ctrl+O"},
-    {"mnuFile", "mnuFileSave", "&Save", kCommand, mnuFileSave, "save", "", "Ctrl+S"},
-    {"mnuFile", "mnuFileSaveAs", "&Save As...", kCommand, mnuFileSaveAs, "saveas", "", "Ctrl+Shift+S"},
+    {"mnuFile", "mnuFileSave", "&Save", kCommand, mnuFileSave, "save", "", "Ctrl+S", Needs::Nothing, true},
+    {"mnuFile", "mnuFileSaveAs", "&Save As...", kCommand, mnuFileSaveAs, "saveas", "", "Ctrl+Shift+S",
+     Needs::Nothing, true},
     {.parent = "mnuFile",
      .key = "mnuFileSaveAsTemplate",
      .caption = "&Save As Template...",

@@ -14,6 +14,11 @@ constexpr int kMarkWidth = 3;       // pixels of the line that shows where a tab
 constexpr int kCharacters = 32;     // of a tab at most
 constexpr int kTipCharacters = 500; // of a name in a tip
 
+bool IsTouch(QEvent::Type type) {
+    return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick || type == QEvent::Wheel ||
+           type == QEvent::KeyPress || type == QEvent::ContextMenu;
+}
+
 int WidestTab(const QFontMetrics &metrics) { return metrics.averageCharWidth() * kCharacters; }
 } // namespace
 
@@ -31,6 +36,7 @@ QSize SliceTabs::tabSizeHint(int index) const {
 QSize SliceTabs::minimumTabSizeHint(int index) const { return tabSizeHint(index); }
 
 bool SliceTabs::event(QEvent *event) {
+    if (IsTouch(event->type())) Q_EMIT Touched();
     if (event->type() != QEvent::ToolTip) return QTabBar::event(event);
     const auto *help = static_cast<QHelpEvent *>(event);
     ShowName(help->pos(), help->globalPos());

@@ -12,6 +12,8 @@ public:
     explicit SliceTabs(QWidget *parent);
 
 Q_SIGNALS:
+    // The user's hand is on the tabs: before anything else is asked or another tab is selected.
+    void Touched();
     // The tab `from` was dropped so that it shall stand at `to`, positions before it is taken out.
     void MoveAsked(int from, int to);
     void RenameAsked(int tab);

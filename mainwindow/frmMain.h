@@ -79,6 +79,8 @@ public:
     bool DisplayPressed() const;
     void ClickFormatButton(const QString &key);
     int MousePointer() const { return mousePointer_; }
+    // Keeps what was typed so far into a text in place, and lets the typing go on.
+    void StoreTypedText();
     // The slot of the selected tab's surface, or -1 while it has none. Tabs stand without gaps, in the order
     // of the slots that are loaded: a map may leave slots empty.
     int CurrentIndex() const;
@@ -257,7 +259,7 @@ private:
     // A file was dropped at `at`, in pixels of the window.
     void TakeFile(const QString &file, const QPoint &at);
     void OfferFile(diagram::Node &node, const QString &file, const QPoint &global);
-    // Ends the editing of a text in place and keeps what was typed.
+    // Ends the editing of a text in place, on whatever slice, and keeps what was typed.
     void KeepTypedText();
 
     support::Desktop &desktop_;

@@ -25,7 +25,7 @@ void frmMain::SmartMenuXP1_Click(const QString &key) {
     support::Report("frmMain", "SmartMenuXP1_Click", [&] {
         SetMousePointer(kHourglass);
         const CommandRow *row = FindCommand(key);
-        if (!row || !row->servesTextBox) KeepTypedText();
+        if (!row || !row->leavesTextBox) KeepTypedText();
         if (key.startsWith(QLatin1String(kRecentFile)))
             DoOpen(key.mid(QLatin1String(kRecentFile).size()), WantsNewWindow());
         else if (row)
@@ -52,8 +52,11 @@ void frmMain::tlbMain_ButtonClick(const QString &key) {
 }
 
 void frmMain::KeepTypedText() {
-    const auto view = views_.find(CurrentIndex());
-    if (view != views_.end() && view->second->IsEditing()) view->second->EndEdit(true);
+    for (const auto &[index, view] : views_) view->EndEdit(true);
+}
+
+void frmMain::StoreTypedText() {
+    for (const auto &[index, view] : views_) view->KeepText();
 }
 
 void frmMain::ScheduleUpdate() {

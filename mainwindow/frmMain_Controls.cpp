@@ -181,6 +181,7 @@ void frmMain::ConnectTabs() {
             [this] { support::Report("frmMain", "SSTab_Click", [this] { SSTab_Click(); }); });
     connect(SSTab_ctl_, &SliceTabs::RenameAsked, this, [this](int tab) {
         tabStrip_.SetTheTab(tab);
+    connect(SSTab_ctl_, &SliceTabs::Touched, this, &frmMain::KeepTypedText);
         SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesRename"));
     });
     connect(SSTab_ctl_, &SliceTabs::MoveAsked, this, [this](int from, int to) {

@@ -77,6 +77,7 @@ void EditText::Commit(const QString &text) {
     const ActionGroup group(surface_);
     if (node) node->SetText(stored);
     if (link) link->SetText(stored);
+    text_ = plain;
     surface_.Events().AfterEdit(surface_);
 }
 

@@ -25,7 +25,8 @@ struct TextPlace {
     bool wraps = true; // at the width of the area; a label grows to both sides instead
 };
 
-// Ends in exactly one of Commit and Cancel. Keeps the item by its id; when it is gone nothing is written.
+// Ends in Commit or Cancel; a Commit in between keeps what was typed so far. Keeps the item by its id;
+// when it is gone nothing is written.
 class EditText {
 public:
     EditText(Surface &surface, const Item &item);

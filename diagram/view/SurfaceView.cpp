@@ -88,6 +88,7 @@ void SurfaceView::SetDescriber(Describer describer) { impl_->describer = std::mo
 QString SurfaceView::Described(const Item &item) const {
     return impl_->describer ? impl_->describer(item) : QString();
 }
+void SurfaceView::KeepText() { impl_->KeepText(); }
 void SurfaceView::SetDays(DayStrip &days) {
     impl_->days = &days;
     impl_->todayOutdated_ = true;

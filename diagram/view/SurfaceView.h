@@ -63,10 +63,12 @@ public:
     void DeleteSelection();
 
     // Starts editing the text of the selected node or link in place; false when nothing is selected or the
-    // text is too long. EndEdit keeps or gives up what was typed.
+    // text is too long. KeepText keeps what was typed and lets the typing go on; EndEdit keeps it or gives it
+    // up.
     bool BeginEdit();
     void EndEdit(bool keep);
     bool IsEditing() const;
+    void KeepText();
 
     // What a screen reader is told of an item beside its text and its links: its level and groups, say. Is
     // asked whenever an assistant asks.

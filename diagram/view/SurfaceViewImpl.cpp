@@ -302,6 +302,14 @@ void SurfaceView::Impl::EndEdit(bool keep) {
     if (!edit_) return;
     EditText edit = std::move(*edit_);
     edit_.reset();
+// On a copy, as whoever is told of the change may end the editing.
+void SurfaceView::Impl::KeepText() {
+    if (!edit_) return;
+    EditText edit = *edit_;
+    Guard("KeepText", [&] { edit.Commit(editor->toPlainText()); });
+    if (edit_) edit_.emplace(edit);
+}
+
     const QString text = editor->toPlainText();
     InPlaceEditor *ended = std::exchange(editor, nullptr);
     ended->Forget();

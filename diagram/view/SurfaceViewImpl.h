@@ -56,6 +56,7 @@ public:
 
     // Text in place
     bool BeginEdit(const QString *typed = nullptr);
+    void KeepText();
     void EndEdit(bool keep);
     void PlaceEditor();
 

@@ -114,6 +114,42 @@ TEST_F(Editing, Editor_GrowsWithTheTextAndGoesWithTheScroll) {
     view->EndEdit(false);
 }
 
+TEST_F(Editing, KeepText_KeepsWhatWasTypedSoFarAndLetsTheTypingGoOn) {
+    Key(Qt::Key_F2);
+    Type("new");
+    view->KeepText();
+    view->KeepText();
+    EXPECT_EQ(a.Text(), QStringLiteral("new"));
+    EXPECT_EQ(events.Count("AfterEdit"), 1);
+    EXPECT_TRUE(Editor()->hasFocus());
+    Type("er");
+    Key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(a.Text(), QStringLiteral("newer"));
+    EXPECT_EQ(UndoSteps(), 2);
+}
+
+TEST_F(Editing, KeepText_OutlivesAListenerThatEndsTheEditing) {
+    events.also = [&](const char *name) {
+        if (QLatin1String(name) == QLatin1String("AfterEdit")) view->EndEdit(true);
+    };
+    Key(Qt::Key_F2);
+    Type("new");
+    view->KeepText();
+    EXPECT_FALSE(view->IsEditing());
+    EXPECT_EQ(a.Text(), QStringLiteral("new"));
+}
+
+TEST_F(Editing, Editor_HoldsTheFirstTextAndHidesBothWhereBothAreShown) {
+    a.SetBounds(1500, 1500, 3000, 3000);
+    a.SetEvent(QStringLiteral("one\r\ntwo\r\nthree"));
+    surface.SetShowsBothTexts(true);
+    Settle();
+    Key(Qt::Key_F2);
+    EXPECT_EQ(Editor()->toPlainText(), QStringLiteral("old"));
+    EXPECT_GT(Editor()->mask().boundingRect().height(), 3 * Editor()->fontMetrics().height());
+    view->EndEdit(false);
+}
+
 TEST_F(Editing, Label_OfALinkIsEditedTheSame) {
     Link &link = AddLink(a, b);
     surface.UnselectAll();
