@@ -27,25 +27,20 @@ bool TextBoxTook(frmMain &window, TextCommand command) {
     return false;
 }
 
-// Takes the second texts out of the captions while something reads these. The click before has released the
-// button, so that the one after finds it released: the display stays off.
-template <typename Body>
-void WithoutDisplay(frmMain &window, Body &&body) {
-    const QString display = QStringLiteral("DISPLAY");
-    if (window.DisplayPressed()) window.ClickFormatButton(display);
-    body();
-    if (window.DisplayPressed()) window.ClickFormatButton(display);
+// The display of both texts goes off with a copy, and stays off.
+bool CopySelection(frmMain &window) {
+    if (window.DisplayPressed()) window.ClickFormatButton(QStringLiteral("DISPLAY"));
+    return window.CurrentView().Copy();
 }
 
 void mnuEditCut(frmMain &window) {
     if (TextBoxTook(window, TextCommand::Cut)) return;
-    WithoutDisplay(window, [&] { window.CurrentView().Copy(); });
-    window.CurrentView().DeleteSelection();
+    if (CopySelection(window)) window.CurrentView().DeleteSelection();
 }
 
 void mnuEditCopy(frmMain &window) {
     if (TextBoxTook(window, TextCommand::Copy)) return;
-    WithoutDisplay(window, [&] { window.CurrentView().Copy(); });
+    CopySelection(window);
 }
 
 // The new keys belong to the same step of undo as the nodes that they are given to.
@@ -54,8 +49,7 @@ void mnuEditPaste(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
     const diagram::ActionGroup group(surface);
     DoSelectAll(surface, false);
-    window.CurrentView().Paste();
-    document::ChangeGUIDs(surface, true);
+    if (window.CurrentView().Paste()) document::ChangeGUIDs(surface, true);
 }
 
 void mnuEditDelete(frmMain &window) {

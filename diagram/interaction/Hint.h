@@ -9,6 +9,11 @@ enum class Hint : unsigned char {
     TextTooLong,   // for editing in place
     SelectFirst,   // a node or a link, before it is linked
     SelectLink,    // before it is bent
+    // Why the clipboard stayed as it was, or nothing of it was pasted.
+    CopyNeedsNode,  // links were to be copied alone
+    NothingToPaste, // no nodes, picture or text
+    TooManyLines,   // of a text
+    CantPaste,      // what it holds is damaged
     // What a drag from where the pointer is would do.
     DragDrawsLink,
     DragResizes,

@@ -68,21 +68,22 @@ QPointF PasteShift(Scene &scene, const Surface &pasted, const QRectF &seen) {
     QPointF shift;
     if (!extent.adjusted(-1, -1, 1, 1).intersects(seen)) shift = seen.center() - extent.center();
     shift = {qMax(shift.x(), -extent.left()), qMax(shift.y(), -extent.top())};
-    if (pasted.Nodes().Count() == 0) return shift;
     const QRectF first = pasted.Nodes().Item(1).Bounds();
     for (int step = 0; step < kMostSteps && StandsAt(scene, first.translated(shift)); ++step)
         shift += QPointF(kPasteStep, kPasteStep);
     return shift;
 }
 
-void PasteItems(Scene &scene, const QByteArray &bytes, const QRectF &seen) {
+bool PasteItems(Scene &scene, const QByteArray &bytes, const QRectF &seen) {
     Surface pasted; // damaged data fail here, before anything is changed
     PasteBytes(pasted, bytes, 0, 0);
+    if (pasted.Nodes().Count() == 0) return false;
     const QPointF shift = PasteShift(scene, pasted, seen);
     ChangeSelection(scene.Model(), [&] {
         scene.Model().UnselectAll();
         PasteBytes(scene.Model(), bytes, float(shift.x()), float(shift.y()));
     });
+    return true;
 }
 
 Node &AddPasted(Surface &surface, const QRectF &box) {
@@ -134,7 +135,7 @@ void PasteLines(Surface &surface, const QStringList &lines, const QRectF &seen) 
 }
 
 [[noreturn]] void RaiseTooManyLines(qsizetype count) {
-    throw support::Error(6, QStringLiteral("Paste"),
+    throw support::Error(kErrTooManyLines, QStringLiteral("Paste"),
                          QStringLiteral("The text has %1 lines. At most %2 can be pasted, a node each.")
                              .arg(QLocale::c().toString(count), QLocale::c().toString(kMostLines)));
 }
@@ -174,15 +175,16 @@ bool CanPasteFrom(const QMimeData *data) {
            (data->hasFormat(QString::fromLatin1(kSelectionMimeType)) || HasPicture(*data) || data->hasText());
 }
 
-void PasteFrom(Scene &scene, const QMimeData &data, const QRectF &seen) {
+bool PasteFrom(Scene &scene, const QMimeData &data, const QRectF &seen) {
     const QString own = QString::fromLatin1(kSelectionMimeType);
-    if (data.hasFormat(own)) {
-        PasteItems(scene, data.data(own), seen);
-    } else if (HasPicture(data)) {
+    if (data.hasFormat(own)) return PasteItems(scene, data.data(own), seen);
+    if (HasPicture(data)) {
         AddPictureNode(scene.Model(), PictureOf(data), seen.center());
-    } else if (const QStringList lines = LinesOf(data.text()); !lines.isEmpty()) {
-        PasteLines(scene.Model(), lines, seen);
+        return true;
     }
+    const QStringList lines = LinesOf(data.text());
+    if (!lines.isEmpty()) PasteLines(scene.Model(), lines, seen);
+    return !lines.isEmpty();
 }
 
 } // namespace diagram

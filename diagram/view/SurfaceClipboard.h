@@ -16,6 +16,8 @@ class Surface;
 // The pictures are made when somebody asks for them.
 std::unique_ptr<QMimeData> SelectionToMime(const Surface &surface);
 
+constexpr long kErrTooManyLines = 6;
+
 bool CanPasteFrom(const QMimeData *data);
 
 // The own form gives its items, an image or a file of one (png, jpeg, gif, bmp, emf, wmf, svg) a node with
@@ -23,7 +25,8 @@ bool CanPasteFrom(const QMimeData *data);
 // within `seen` (twips), beside items that stand at their place already, and become the selection. One step;
 // AfterAddNode for each node made of an image or of text; AfterSelect. Error 321 "Invalid file format" for a
 // damaged own form, 481 "Invalid picture", 6 for more than 2,000 lines of text: nothing is changed then.
-void PasteFrom(Scene &scene, const QMimeData &data, const QRectF &seen);
+// False for data without items, picture or words.
+bool PasteFrom(Scene &scene, const QMimeData &data, const QRectF &seen);
 
 // A node that shows the picture in its own size, smaller where that is out of all proportion, with its middle
 // at `middle` (twips) as far as the surface's edges allow. It becomes the selection; one step; AfterAddNode,

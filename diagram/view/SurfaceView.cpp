@@ -54,24 +54,30 @@ QPointF SurfaceView::FromSurface(const QPointF &twips) const { return impl_->vie
 
 void SurfaceView::EnsureVisible(const QRectF &area) { impl_->viewport.EnsureVisible(area); }
 
-void SurfaceView::Copy() {
+bool SurfaceView::Copy() {
     const Surface &surface = Model();
-    if (surface.SelectedNodes().empty() && surface.SelectedLinks().empty()) return;
-    impl_->Guard("Copy",
-                 [&] { QGuiApplication::clipboard()->setMimeData(SelectionToMime(surface).release()); });
+    const bool links = !surface.SelectedLinks().empty();
+    if (surface.SelectedNodes().empty()) {
+        if (links) impl_->Tell(Hint::CopyNeedsNode);
+        return false;
+    }
+    return impl_->Guard(
+        "Copy", [&] { QGuiApplication::clipboard()->setMimeData(SelectionToMime(surface).release()); });
 }
 
-void SurfaceView::Cut() {
-    Copy();
+bool SurfaceView::Cut() {
+    if (!Copy()) return false;
     DeleteSelection();
+    return true;
 }
 
-void SurfaceView::Paste() {
+bool SurfaceView::Paste() {
     CancelGesture();
-    impl_->Guard("Paste", [&] {
-        const QMimeData *held = QGuiApplication::clipboard()->mimeData();
-        if (held) PasteFrom(impl_->scene, *held, impl_->viewport.Seen());
-    });
+    Hint why = Hint::CantPaste;
+    bool pasted = false;
+    impl_->Guard("Paste", [&] { pasted = impl_->Paste(why); });
+    if (!pasted) impl_->Tell(why);
+    return pasted;
 }
 
 bool SurfaceView::CanPaste() const { return CanPasteFrom(QGuiApplication::clipboard()->mimeData()); }
@@ -82,13 +88,13 @@ void SurfaceView::DeleteSelection() {
 }
 
 bool SurfaceView::BeginEdit() { return impl_->BeginEdit(); }
+void SurfaceView::KeepText() { impl_->KeepText(); }
 void SurfaceView::EndEdit(bool keep) { impl_->EndEdit(keep); }
 bool SurfaceView::IsEditing() const { return impl_->editor != nullptr; }
 void SurfaceView::SetDescriber(Describer describer) { impl_->describer = std::move(describer); }
 QString SurfaceView::Described(const Item &item) const {
     return impl_->describer ? impl_->describer(item) : QString();
 }
-void SurfaceView::KeepText() { impl_->KeepText(); }
 void SurfaceView::SetDays(DayStrip &days) {
     impl_->days = &days;
     impl_->todayOutdated_ = true;

@@ -55,10 +55,12 @@ public:
     // Scrolls so that the area (twips) is seen.
     void EnsureVisible(const QRectF &area);
 
-    // The clipboard's operations and the deletion, each one step of undo.
-    void Copy();
-    void Cut();
-    void Paste();
+    // The clipboard's operations and the deletion, each one step of undo. What can't be done is false:
+    // nothing has changed then, neither here nor on the clipboard, and HintShown says why. Links go along
+    // with the nodes at both their ends; alone they can't be copied or cut.
+    bool Copy();
+    bool Cut();
+    bool Paste();
     bool CanPaste() const;
     void DeleteSelection();
 
@@ -66,9 +68,9 @@ public:
     // text is too long. KeepText keeps what was typed and lets the typing go on; EndEdit keeps it or gives it
     // up.
     bool BeginEdit();
+    void KeepText();
     void EndEdit(bool keep);
     bool IsEditing() const;
-    void KeepText();
 
     // What a screen reader is told of an item beside its text and its links: its level and groups, say. Is
     // asked whenever an assistant asks.

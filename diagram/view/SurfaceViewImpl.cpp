@@ -1,9 +1,13 @@
 #include "diagram/view/SurfaceViewImpl.h"
 
+#include "diagram/view/SurfaceClipboard.h"
 #include "support/Error.h"
 
 #include <cmath>
+#include <QClipboard>
 #include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QMimeData>
 #include <QPainter>
 #include <QRegion>
 #include <QTimer>
@@ -298,10 +302,6 @@ bool SurfaceView::Impl::BeginEdit(const QString *typed) {
     return true;
 }
 
-void SurfaceView::Impl::EndEdit(bool keep) {
-    if (!edit_) return;
-    EditText edit = std::move(*edit_);
-    edit_.reset();
 // On a copy, as whoever is told of the change may end the editing.
 void SurfaceView::Impl::KeepText() {
     if (!edit_) return;
@@ -310,6 +310,10 @@ void SurfaceView::Impl::KeepText() {
     if (edit_) edit_.emplace(edit);
 }
 
+void SurfaceView::Impl::EndEdit(bool keep) {
+    if (!edit_) return;
+    EditText edit = std::move(*edit_);
+    edit_.reset();
     const QString text = editor->toPlainText();
     InPlaceEditor *ended = std::exchange(editor, nullptr);
     ended->Forget();
@@ -329,6 +333,18 @@ void SurfaceView::Impl::PlaceEditor() {
         editor->Show(*place, viewport, support::ToQColor(surface.BackColor()));
     else
         EndEdit(false);
+}
+
+bool SurfaceView::Impl::Paste(Hint &why) {
+    const QMimeData *held = QGuiApplication::clipboard()->mimeData();
+    try {
+        if (CanPasteFrom(held) && PasteFrom(scene, *held, viewport.Seen())) return true;
+        why = Hint::NothingToPaste;
+        return false;
+    } catch (const support::Error &error) {
+        if (error.Number() == kErrTooManyLines) why = Hint::TooManyLines;
+        throw;
+    }
 }
 
 QPointF SurfaceView::Impl::ScrollOffset() const { return viewport.Scroll(); }

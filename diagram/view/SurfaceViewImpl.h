@@ -71,15 +71,19 @@ public:
     void Scrolled();
     bool CancelGesture();
     // Runs `body`; an error in it goes to the surface's event Error, and is shown unless the handler says
-    // otherwise.
+    // otherwise. False after an error.
     template <typename Body>
-    void Guard(const char *routine, Body &&body) {
+    bool Guard(const char *routine, Body &&body) {
         try {
             body();
+            return true;
         } catch (...) {
             Failed(routine);
+            return false;
         }
     }
+    // Pastes what the clipboard holds. When it doesn't, after an error too, `why` is told.
+    bool Paste(Hint &why);
 
     SurfaceView &view;
     Surface &surface;

@@ -21,6 +21,15 @@ protected:
         data->setData(QLatin1String(type), bytes);
         QApplication::clipboard()->setMimeData(data);
     }
+    // What the view tells in passing meanwhile.
+    std::vector<Hint> HintsOf(const std::function<void()> &action) {
+        std::vector<Hint> hints;
+        const auto told =
+            QObject::connect(view.get(), &SurfaceView::HintShown, [&](Hint hint) { hints.push_back(hint); });
+        action();
+        QObject::disconnect(told);
+        return hints;
+    }
     const QMimeData &Held() const { return *QApplication::clipboard()->mimeData(); }
     Node &a, &b;
     Link &link;
@@ -70,6 +79,33 @@ TEST_F(Clipboard, CopyOfNothing_LeavesTheClipboard) {
     QApplication::clipboard()->setText(QStringLiteral("kept"));
     view->Copy();
     EXPECT_EQ(Held().text(), QStringLiteral("kept"));
+}
+
+TEST_F(Clipboard, LinksAlone_LeaveTheClipboardAndThemselvesAndSayWhy) {
+    QApplication::clipboard()->setText(QStringLiteral("kept"));
+    AddLink(a, b).SetSelected(true);
+    const std::size_t links = surface.Links().size();
+    const std::vector<Hint> hints = HintsOf([&] {
+        EXPECT_FALSE(view->Copy());
+        EXPECT_FALSE(view->Cut());
+    });
+    EXPECT_EQ(Held().text(), QStringLiteral("kept"));
+    EXPECT_EQ(surface.Links().size(), links);
+    EXPECT_EQ(hints, std::vector<Hint>(2, Hint::CopyNeedsNode));
+}
+
+TEST_F(Clipboard, PasteThatCantBeDone_SaysWhy) {
+    const auto paste = [&] { EXPECT_FALSE(view->Paste()); };
+    QApplication::clipboard()->clear();
+    EXPECT_EQ(HintsOf(paste), std::vector<Hint>{Hint::NothingToPaste});
+    QApplication::clipboard()->setText(QStringLiteral(" \n "));
+    EXPECT_EQ(HintsOf(paste), std::vector<Hint>{Hint::NothingToPaste});
+    QApplication::clipboard()->setText(QStringLiteral("line\n").repeated(2001));
+    EXPECT_EQ(HintsOf(paste), std::vector<Hint>{Hint::TooManyLines});
+    Hold(kSelectionMimeType, "no nodes");
+    EXPECT_EQ(HintsOf(paste), std::vector<Hint>{Hint::CantPaste});
+    QApplication::clipboard()->setText(QStringLiteral("line"));
+    EXPECT_EQ(HintsOf([&] { EXPECT_TRUE(view->Paste()); }), std::vector<Hint>());
 }
 
 TEST_F(Clipboard, Cut_IsOneStep) {
