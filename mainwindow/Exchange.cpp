@@ -4,8 +4,10 @@
 #include "diagram/export/Export.h"
 #include "diagram/format/SurfaceFile.h"
 #include "document/LastPath.h"
+#include "document/Tags.h"
 #include "mainwindow/frmMain.h"
 #include "support/clsPaths.h"
+#include "support/Error.h"
 
 #include <QCoreApplication>
 
@@ -49,32 +51,81 @@ Answer AskReplaceOrNew(frmMain &window) {
         support::Buttons::YesNoCancel, support::Icon::Question, QStringLiteral("Import ") + map);
 }
 
-// Makes room for what comes in: an emptied slice or a new one. False when the user gave up.
-bool MakeRoom(frmMain &window) {
-    const Answer answer = AskReplaceOrNew(window);
-    if (answer == Answer::Yes) {
-        window.CurrentSurface().Nodes().Clear();
-        return true;
+// The current slice while something takes the place of all that it holds. Until Done is called, its end puts
+// everything back.
+class Replacement {
+public:
+    explicit Replacement(frmMain &window)
+        : settings_(window.clsSettings()),
+          surface_(window.CurrentSurface()),
+          before_(diagram::SaveBytes(surface_)),
+          wasDirty_(settings_.Dirty) {
+        document::BeginAction(surface_);
+        surface_.Nodes().Clear();
     }
-    if (answer == Answer::Cancel) return false;
+    ~Replacement() {
+        if (done_)
+            surface_.EndAction();
+        else
+            support::Report("frmMain", "mnuFileImport", [this] { TakeBack(); });
+    }
+    Replacement(const Replacement &) = delete;
+    Replacement &operator=(const Replacement &) = delete;
+
+    diagram::Surface &Surface() const { return surface_; }
+    void Done() { done_ = true; }
+
+private:
+    // What was read as a whole file is in no step.
+    void TakeBack() {
+        surface_.CancelAction();
+        if (diagram::SaveBytes(surface_) != before_) diagram::LoadBytes(surface_, before_);
+        settings_.Dirty = wasDirty_;
+    }
+
+    document::clsfrmMain &settings_;
+    diagram::Surface &surface_;
+    QByteArray before_;
+    bool wasDirty_;
+    bool done_ = false;
+};
+
+using Reading = std::function<void(diagram::Surface &flow)>;
+
+void ReadInPlace(frmMain &window, const Reading &read) {
+    Replacement replacement(window);
+    read(replacement.Surface());
+    replacement.Done();
+}
+
+void ReadIntoNewSlice(frmMain &window, const Reading &read) {
     const int before = window.TabStrip().TabCount();
     window.DoInsertSlice();
-    if (window.TabStrip().TabCount() <= before) return false;
+    if (window.TabStrip().TabCount() <= before) return;
     window.TabStrip().SetTheTab(window.TabStrip().TabCount() - 1);
-    return true;
+    read(window.CurrentSurface());
+}
+
+void ReadWhereAsked(frmMain &window, const Reading &read) {
+    const Answer answer = AskReplaceOrNew(window);
+    if (answer == Answer::Yes) ReadInPlace(window, read);
+    if (answer == Answer::No) ReadIntoNewSlice(window, read);
 }
 
 void ImportCsv(frmMain &window, const QString &file) {
-    if (!window.Exchange().ImportMap) return window.TellNotYet(Tr("Importing text files"));
-    if (MakeRoom(window)) window.Exchange().ImportMap(window.CurrentSurface(), file);
+    const auto &import = window.Exchange().ImportMap;
+    if (!import) return window.TellNotYet(Tr("Importing text files"));
+    ReadWhereAsked(window, [&](diagram::Surface &flow) { import(flow, file); });
 }
 
 void ImportFlatFile(frmMain &window, const QString &file) {
-    if (!window.Exchange().PrepFileForImport) return window.TellNotYet(Tr("Importing flat files"));
-    if (!MakeRoom(window)) return;
-    window.Exchange().PrepFileForImport(window.CurrentSurface(), file);
-    diagram::LoadFile(window.CurrentSurface(), file);
-    window.clsSettings().Dirty = true;
+    const auto &prepare = window.Exchange().PrepFileForImport;
+    if (!prepare) return window.TellNotYet(Tr("Importing flat files"));
+    ReadWhereAsked(window, [&](diagram::Surface &flow) {
+        prepare(flow, file);
+        diagram::LoadFile(flow, file);
+        window.clsSettings().Dirty = true;
+    });
 }
 
 void ImportWholeMap(frmMain &window, const QString &file) {

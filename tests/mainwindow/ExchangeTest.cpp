@@ -3,6 +3,7 @@
 #include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "document/LastPath.h"
+#include "support/Error.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QFile>
@@ -14,6 +15,13 @@ namespace {
 const QString kQuestion =
     QStringLiteral("Would you like to REPLACE the existing map or create a NEW Map to import into?\r\rYES to "
                    "REPLACE\rNO to import into a NEW Map\rCANCEL to Cancel");
+
+// Of items with other identities the same.
+QByteArray ContentOf(const diagram::Surface &surface) {
+    diagram::Surface copy;
+    diagram::LoadBytes(copy, diagram::SaveBytes(surface));
+    return diagram::SaveBytes(copy);
+}
 
 class Exchange : public WindowTest {
 protected:
@@ -135,6 +143,56 @@ TEST_F(Exchange, CancelImportsNothing) {
     Import(3);
     EXPECT_EQ(into, -1);
     EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 1);
+}
+
+// Three ways to fail: before anything is read, in the middle of the rows, and after the file was loaded.
+TEST_F(Exchange, AReplacingImportThatFailsLeavesTheSliceAsItWas) {
+    AddNode(window, 0, 0, QStringLiteral("Idea")).Links().Add(AddNode(window, 3000, 0));
+    window.tlbFormat_ButtonClick(QStringLiteral("NEW"));
+    window.clsSettings().Dirty = false;
+    diagram::Surface &surface = window.CurrentSurface();
+    const QByteArray before = ContentOf(surface);
+    const auto fail = [](diagram::Surface &, const QString &) {
+        throw support::Error(321, QStringLiteral("Import"), QStringLiteral("Invalid file format"));
+    };
+    const auto failLate = [&](diagram::Surface &flow, const QString &file) {
+        flow.Nodes().Add(0, 0, 10, 10);
+        window.clsSettings().Dirty = true;
+        fail(flow, file);
+    };
+    const auto failAfterLoad = [&](diagram::Surface &flow, const QString &file) {
+        diagram::LoadBytes(flow, diagram::SaveBytes(diagram::Surface()));
+        fail(flow, file);
+    };
+    const auto import = [&](const decltype(window.Exchange().ImportMap) &routine, int row) {
+        window.Exchange().ImportMap = window.Exchange().PrepFileForImport = routine;
+        desktop.ExpectMessage(kQuestion, support::Answer::Yes);
+        desktop.ExpectMessageContaining(QStringLiteral("Invalid file format"));
+        Import(row);
+        EXPECT_TRUE(ContentOf(surface) == before);
+        EXPECT_FALSE(window.clsSettings().Dirty);
+    };
+    import(fail, 2);
+    import(fail, 3);
+    import(failLate, 3);
+    EXPECT_TRUE(surface.CanUndo()) << "the history goes on";
+    import(failAfterLoad, 2);
+    EXPECT_EQ(surface.Nodes().Count(), 3);
+    EXPECT_EQ(surface.Links().size(), 1u);
+}
+
+TEST_F(Exchange, AReplacingImportOfTextIsOneStepOfUndo) {
+    window.Exchange().ImportMap = [](diagram::Surface &flow, const QString &) {
+        flow.Nodes().Add(0, 0, 10, 10).SetText(QStringLiteral("New"));
+    };
+    AddNode(window, 0, 0, QStringLiteral("Idea"));
+    desktop.ExpectMessage(kQuestion, support::Answer::Yes);
+    Import(3);
+    ASSERT_EQ(window.CurrentSurface().Nodes().Count(), 1);
+    EXPECT_EQ(window.CurrentSurface().Nodes().Item(1).Text(), QStringLiteral("New"));
+    window.CurrentSurface().Undo();
+    ASSERT_EQ(window.CurrentSurface().Nodes().Count(), 1);
+    EXPECT_EQ(window.CurrentSurface().Nodes().Item(1).Text(), QStringLiteral("Idea"));
 }
 
 TEST_F(Exchange, AFlatFileIsMadeToFitLoadedAndMarksTheMap) {
