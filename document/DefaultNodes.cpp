@@ -1,9 +1,16 @@
 #include "document/DefaultNodes.h"
 
+#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Surface.h"
+#include "support/Desktop.h"
 #include "support/Error.h"
 #include "support/Files.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QHash>
+#include <vector>
 
 namespace document {
 
@@ -12,12 +19,44 @@ namespace {
 constexpr int kGridOfLines = 2;
 constexpr support::Colour kGridColour = 0xE0E0E0;
 
-// Loads the file if it exists, and tells whether it does.
+// Tells that the file is passed over: once for each state of it, as every slice of a map looks for it.
+void TellBroken(const QString &path, const support::Error &error) {
+    static QHash<QString, QDateTime> told;
+    const QDateTime written = QFileInfo(path).lastModified();
+    if (told.value(path) == written) return;
+    told[path] = written;
+    support::CurrentDesktop().messageBoxes.Show(
+        QStringLiteral("%1 can't be read and is passed over.\r\n\r\n%2").arg(path, error.Description()),
+        support::Buttons::Ok, support::Icon::Exclamation, settings::Terms().TITLE);
+}
+
+// Loads the file if it is there and can be read, and tells whether it was.
 bool LoadIfThere(diagram::Surface &Flow, const QString &name) {
     const QString path = support::AddBackslash(support::ProgramPath()) + name;
     if (!support::FileExists(path)) return false;
-    diagram::LoadFile(Flow, path);
-    return true;
+    try {
+        diagram::LoadFile(Flow, path);
+        return true;
+    } catch (const support::Error &error) {
+        TellBroken(path, error);
+        return false;
+    }
+}
+
+std::vector<diagram::NodeData> HiddenNodes(const diagram::Surface &Flow) {
+    std::vector<diagram::NodeData> nodes;
+    for (const diagram::Node &node : Flow.Nodes())
+        if (node.Hidden()) nodes.push_back(node.Data());
+    return nodes;
+}
+
+// Adds those whose texts no hidden node of the surface has.
+void AddMissing(diagram::Surface &Flow, const std::vector<diagram::NodeData> &nodes) {
+    for (diagram::NodeData node : nodes) {
+        if (FindHiddenNode(Flow, node.text)) continue;
+        if (Flow.Nodes().Find(node.key)) node.key.clear();
+        Flow.Restore(Flow.NextId(), std::move(node));
+    }
 }
 
 } // namespace
@@ -74,8 +113,12 @@ void ApplyDefaults(diagram::Surface &Flow) {
 
 void LoadDefaults(diagram::Surface &Flow) {
     support::PassOn("LoadDefaults", [&] {
-        LoadIfThere(Flow, kTimelineTemplateNodeFile);
-        if (LoadIfThere(Flow, kTemplateNodeFile)) ApplyDefaults(Flow);
+        std::vector<diagram::NodeData> timeline;
+        if (LoadIfThere(Flow, kTimelineTemplateNodeFile)) timeline = HiddenNodes(Flow);
+        if (LoadIfThere(Flow, kTemplateNodeFile)) { // takes the place of what was there
+            AddMissing(Flow, timeline);
+            ApplyDefaults(Flow);
+        }
         Flow.SetGridStyle(kGridOfLines);
         Flow.SetGridColor(kGridColour);
     });

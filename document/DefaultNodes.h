@@ -26,7 +26,8 @@ void CreateTemplateNode(diagram::Surface &Flow);
 // Copies the default node's look to the surface's defaults for new nodes. Without a default node it does
 // nothing.
 void ApplyDefaults(diagram::Surface &Flow);
-// For a new surface: loads the default node files of the program's folder as far as they exist.
+// For a new surface: loads the default node files of the program's folder as far as they exist. A file that
+// can't be read is told with its name and passed over.
 void LoadDefaults(diagram::Surface &Flow);
 
 } // namespace document

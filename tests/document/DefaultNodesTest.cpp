@@ -4,8 +4,14 @@
 #include "diagram/model/Surface.h"
 #include "tests/document/MapTest.h"
 
+#include <QFile>
+
 using namespace document;
 using namespace document::testing;
+
+namespace {
+const QString kTimelineText = QStringLiteral("TIMELINE TEMPLATE NODE");
+}
 
 class DefaultNodesTest : public MapTest {
 protected:
@@ -89,16 +95,54 @@ TEST_F(DefaultNodesTest, LoadDefaults_WithoutFilesOnlySetsTheGrid) {
 }
 
 TEST_F(DefaultNodesTest, LoadDefaults_LoadsTheTimelineFileAloneWithoutApplyingIt) {
-    WriteDefault(QStringLiteral("Template.tnd"), QStringLiteral("TIMELINE TEMPLATE NODE"), 60);
+    WriteDefault(QStringLiteral("Template.tnd"), kTimelineText, 60);
     LoadDefaults(surface);
-    EXPECT_NE(FindHiddenNode(surface, QStringLiteral("TIMELINE TEMPLATE NODE")), nullptr);
+    EXPECT_NE(FindHiddenNode(surface, kTimelineText), nullptr);
     EXPECT_NE(surface.Defaults().shape, 60);
 }
 
-TEST_F(DefaultNodesTest, LoadDefaults_LoadsTheDefaultNodeLastAndAppliesIt) {
-    WriteDefault(QStringLiteral("Template.tnd"), QStringLiteral("TIMELINE TEMPLATE NODE"), 60);
+TEST_F(DefaultNodesTest, LoadDefaults_LoadsBothFilesAndAppliesTheDefaultNode) {
+    WriteDefault(QStringLiteral("Template.tnd"), kTimelineText, 60);
     WriteDefault(QStringLiteral("Template.nd"), kTemplateNodeText, 61);
     LoadDefaults(surface);
-    EXPECT_EQ(surface.Nodes().Count(), 1);
+    EXPECT_EQ(surface.Nodes().Count(), 2);
+    const diagram::Node *timeline = FindHiddenNode(surface, kTimelineText);
+    ASSERT_NE(timeline, nullptr);
+    EXPECT_EQ(timeline->Shape(), 60);
+    EXPECT_FALSE(timeline->Selectable());
     EXPECT_EQ(surface.Defaults().shape, 61);
+}
+
+TEST_F(DefaultNodesTest, LoadDefaults_TwiceGivesEachNodeOnce) {
+    WriteDefault(QStringLiteral("Template.tnd"), kTimelineText, 60);
+    WriteDefault(QStringLiteral("Template.nd"), kTemplateNodeText, 61);
+    LoadDefaults(surface);
+    LoadDefaults(surface);
+    EXPECT_EQ(surface.Nodes().Count(), 2);
+}
+
+TEST_F(DefaultNodesTest, LoadDefaults_KeepsATimelineNodeThatTheSecondFileHasItself) {
+    WriteDefault(QStringLiteral("Template.tnd"), kTimelineText, 60);
+    WriteDefault(QStringLiteral("Template.nd"), kTimelineText, 61);
+    LoadDefaults(surface);
+    ASSERT_EQ(surface.Nodes().Count(), 1);
+    EXPECT_EQ(surface.Nodes().Item(1).Shape(), 61);
+}
+
+TEST_F(DefaultNodesTest, LoadDefaults_TellsABrokenFileOnceAndGoesOnWithTheOther) {
+    const QString broken[] = {QStringLiteral("Template.nd"), QStringLiteral("Template.tnd")};
+    for (const QString &name : broken) {
+        WriteDefault(QStringLiteral("Template.tnd"), kTimelineText, 60);
+        WriteDefault(QStringLiteral("Template.nd"), kTemplateNodeText, 61);
+        ASSERT_TRUE(QFile::resize(ProgramFile(name), 20));
+        desktop.ExpectMessageContaining(name);
+        diagram::Surface fresh, another;
+        LoadDefaults(fresh);
+        LoadDefaults(another);
+        for (diagram::Surface *each : {&fresh, &another}) {
+            ASSERT_EQ(each->Nodes().Count(), 1);
+            EXPECT_EQ(each->Nodes().Item(1).Shape(), name == broken[0] ? 60 : 61);
+        }
+        EXPECT_EQ(fresh.Defaults().shape == 61, name == broken[1]);
+    }
 }
