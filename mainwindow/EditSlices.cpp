@@ -3,6 +3,7 @@
 #include "diagram/edit/History.h"
 #include "diagram/format/SurfaceFile.h"
 #include "document/clsfrmMain.h"
+#include "document/DefaultNodes.h"
 #include "document/MapWindow.h"
 #include "document/SurfaceArray.h"
 
@@ -39,6 +40,13 @@ void PutInto(diagram::Surface &surface, const KeptSlice &kept) {
     if (kept.revision) surface.SetRevision(*kept.revision);
 }
 
+void MakeNew(diagram::Surface &surface) {
+    KeptSlice empty = Keep(diagram::Surface());
+    empty.revision.reset();
+    PutInto(surface, empty);
+    document::LoadDefaults(surface);
+}
+
 // By the keys of their tabs.
 QHash<QString, KeptSlice> KeepAll(document::MapWindow &frm) {
     QHash<QString, KeptSlice> kept;
@@ -53,11 +61,36 @@ void UnloadAllButTheFirst(document::SurfaceArray &surfaces) {
     for (; slots.size() > 1; slots.pop_back()) surfaces.Unload(slots.back());
 }
 
+bool LeadsTo(const document::cHyperlink &hyperlink, const QString &key) {
+    return !key.isEmpty() && hyperlink.Map.isEmpty() && hyperlink.SliceKey == key;
+}
+
+// Those of this map that go by number, as they were made since it was loaded, go by key from now on.
+void KeyHyperlinks(document::MapWindow &frm) {
+    document::Tabs &tabs = frm.TabStrip();
+    for (document::cHyperlink &hyperlink : frm.clsSettings().Hyperlinks()) {
+        const int tab = hyperlink.Slice - 1;
+        const bool byNumber = hyperlink.Map.isEmpty() && hyperlink.SliceKey.isEmpty();
+        if (byNumber && tab >= 0 && tab < tabs.TabCount()) hyperlink.SliceKey = tabs.TabKey(tab);
+    }
+}
+
+// The number is what the map file keeps.
 void MoveHyperlinks(document::MapWindow &frm, const document::cSlice &slice) {
-    if (slice.Key.isEmpty()) return; // a new slice: those without a key go by number
-    for (document::cHyperlink &hyperlink : frm.clsSettings().Hyperlinks())
-        if (hyperlink.SliceKey == slice.Key)
-            hyperlink.SliceKey = frm.TabStrip().TabKey(slice.iIndex) + kMoved;
+    for (document::cHyperlink &hyperlink : frm.clsSettings().Hyperlinks()) {
+        if (!LeadsTo(hyperlink, slice.Key)) continue;
+        hyperlink.SliceKey = frm.TabStrip().TabKey(slice.iIndex) + kMoved;
+        hyperlink.Slice = std::int16_t(slice.iIndex + 1);
+    }
+}
+
+// Those to a slice that goes lead nowhere: the tab in its place has its key now.
+void LoseHyperlinks(document::MapWindow &frm, const document::cSlice &slice) {
+    for (document::cHyperlink &hyperlink : frm.clsSettings().Hyperlinks()) {
+        if (!LeadsTo(hyperlink, slice.Key)) continue;
+        hyperlink.SliceKey.clear();
+        hyperlink.Slice = 0;
+    }
 }
 
 void UnmarkHyperlinks(document::MapWindow &frm) {
@@ -79,15 +112,19 @@ void RebuildSlices(document::MapWindow &frm, std::vector<document::cSlice> cLaye
     document::Tabs &tabs = frm.TabStrip();
     const int current = tabs.TheTab();
     const QHash<QString, KeptSlice> kept = KeepAll(frm);
-    KeptSlice empty = Keep(diagram::Surface());
-    empty.revision.reset();
+    KeyHyperlinks(frm);
+    for (const document::cSlice &slice : cLayers)
+        if (slice.bDeleted) LoseHyperlinks(frm, slice);
     UnloadAllButTheFirst(frm.AddFlow1());
     std::erase_if(cLayers, [](const document::cSlice &slice) { return slice.bDeleted; });
     std::ranges::stable_sort(cLayers, {}, &document::cSlice::iIndex);
     tabs.SetTabCount(int(cLayers.size()));
     for (const document::cSlice &slice : cLayers) {
         diagram::Surface &surface = slice.iIndex == 0 ? frm.AddFlow1()[0] : frm.AddFlow1().Load(slice.iIndex);
-        PutInto(surface, kept.value(slice.Key, empty));
+        if (const auto found = kept.constFind(slice.Key); found != kept.constEnd())
+            PutInto(surface, *found);
+        else
+            MakeNew(surface);
         tabs.SetTheTab(slice.iIndex);
         tabs.SetCaption(slice.SliceName);
         MoveHyperlinks(frm, slice);

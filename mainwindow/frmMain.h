@@ -251,6 +251,8 @@ private:
     frmMain *Follow(const document::cHyperlink &hyperlink);
     void FollowAll(const QString &node);
     // Says something in the status bar until the user goes on; DropHint takes it away unless something else
+    // Selects the tab to which a hyperlink leads, or says that there is none.
+    void GoToTab(int tab);
     // stands there by now.
     void TellInPassing(const QString &text);
     void DropHint();

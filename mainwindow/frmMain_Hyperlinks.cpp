@@ -1,9 +1,11 @@
 // A double click on a node with hyperlinks.
 #include "mainwindow/frmMain.h"
 
+#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 
+#include <algorithm>
 #include <QPointer>
 
 namespace mainwindow {
@@ -35,11 +37,40 @@ std::vector<document::cHyperlink> HyperlinksOf(document::clsfrmMain &settings, c
     return hyperlinks;
 }
 
-// A key that no tab has selects nothing.
-void SelectTabWithKey(clsTabStrip &tabs, const QString &key) {
+// The tab of this map to which it leads; -1 for none.
+int TabOf(clsTabStrip &tabs, const document::cHyperlink &hyperlink) {
+    if (hyperlink.SliceKey.isEmpty()) return hyperlink.Slice - 1;
     for (int tab = 0; tab < tabs.TabCount(); ++tab)
-        if (tabs.TabKey(tab) == key) return tabs.SetTheTab(tab);
+        if (tabs.TabKey(tab) == hyperlink.SliceKey) return tab;
+    return -1;
 }
+
+// Whether the window holds nothing that a user would miss.
+bool IsEmpty(frmMain &window) {
+    for (const int slot : window.AddFlow1().Indices())
+        for (const diagram::Node &node : window.AddFlow1()[slot].Nodes())
+            if (node.Selectable()) return false;
+    return true;
+}
+
+// While another map is opened: takes the window that was made for it away again unless it shows something.
+class NewWindows {
+public:
+    NewWindows() : before_(frmMain::Forms()) {}
+    ~NewWindows() {
+        if (opened_) return;
+        for (frmMain *form : frmMain::Forms())
+            if (std::ranges::find(before_, form) == before_.end() && IsEmpty(*form)) delete form;
+    }
+    NewWindows(const NewWindows &) = delete;
+    NewWindows &operator=(const NewWindows &) = delete;
+
+    void Opened() { opened_ = true; }
+
+private:
+    std::vector<frmMain *> before_;
+    bool opened_ = false;
+};
 
 } // namespace
 
@@ -63,15 +94,19 @@ void frmMain::FollowAll(const QString &node) {
 // In this map Slice counts from 1, in another one it is the position itself, from 0.
 frmMain *frmMain::Follow(const document::cHyperlink &hyperlink) {
     if (!hyperlink.Map.isEmpty()) {
+        NewWindows windows;
         frmMain *window = DoOpen(hyperlink.Map, true);
-        if (window) window->TabStrip().SetTheTab(hyperlink.Slice);
+        windows.Opened();
+        if (window) window->GoToTab(hyperlink.Slice);
         return window;
     }
-    if (hyperlink.SliceKey.isEmpty())
-        tabStrip_.SetTheTab(hyperlink.Slice - 1);
-    else
-        SelectTabWithKey(tabStrip_, hyperlink.SliceKey);
+    GoToTab(TabOf(tabStrip_, hyperlink));
     return this;
+}
+
+void frmMain::GoToTab(int tab) {
+    if (tab >= 0 && tab < tabStrip_.TabCount()) return tabStrip_.SetTheTab(tab);
+    TellInPassing(settings::ReplaceTerms(tr("The @SLICE that this hyperlink leads to is not there.")));
 }
 
 } // namespace mainwindow

@@ -51,6 +51,8 @@ void frmMain::SurfaceLoaded(diagram::Surface &surface) {
 
 void frmMain::SurfaceUnloading(diagram::Surface &surface) {
     hiddenMayDiffer_ = true;
+    // The focus of a widget that goes would land just anywhere.
+    if (ViewOf(surface.Index()).hasFocus() && surface.Index() > 0) ViewOf(0).setFocus();
     views_.erase(surface.Index());
     surface.RemoveObserver(*sink_);
     surface.SetEvents(nullptr);

@@ -2,6 +2,8 @@
 #include "document/Tags.h"
 #include "tests/mainwindow/WindowTest.h"
 
+#include <QFile>
+
 namespace mainwindow::testing {
 
 using document::pointer::kNormal;
@@ -120,6 +122,30 @@ TEST_F(Hyperlinks, AMapThatIsGoneIsToldAndThePointerIsFreed) {
     desktop.ExpectMessageContaining(QStringLiteral("gone.map"));
     DoubleClickNode(window);
     EXPECT_EQ(window.MousePointer(), kNormal);
+}
+
+TEST_F(Hyperlinks, AMapThatCantBeOpenedLeavesNoWindowBehind) {
+    frmMain &window = Open();
+    const QString text = MapFile(QStringLiteral("text.map"));
+    QFile file(text);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("no map");
+    file.close();
+    AddTo(window, NodeKey(window), text, 0);
+    AddTo(window, NodeKey(window), MapFile(QStringLiteral("gone.map")), 0);
+    desktop.ExpectMessageContaining(QStringLiteral("text.map"));
+    DoubleClickNode(window);
+    EXPECT_EQ(frmMain::Forms(), std::vector<frmMain *>{&window});
+    EXPECT_EQ(window.clsSettings().Hyperlinks().count(), 2);
+}
+
+TEST_F(Hyperlinks, ASliceThatAnotherMapHasNotIsTold) {
+    frmMain &window = Open();
+    AddTo(window, NodeKey(window), SavedMap(QStringLiteral("other.map"), 2, 2), 5);
+    DoubleClickNode(window);
+    const std::vector<frmMain *> forms = frmMain::Forms();
+    ASSERT_EQ(forms.size(), 2u);
+    EXPECT_TRUE(Status(*forms[1]).contains(QStringLiteral("not there")));
 }
 
 TEST_F(Hyperlinks, OneThatLeadsToThisVeryMapCanLoadItAnew) {

@@ -1,9 +1,12 @@
+#include "diagram/format/SurfaceFile.h"
 #include "diagram/view/SurfaceView.h"
+#include "document/DefaultNodes.h"
 #include "document/Tags.h"
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/SliceTabs.h"
 #include "tests/mainwindow/WindowTest.h"
 
+#include <QFile>
 #include <QMenu>
 #include <QTest>
 
@@ -28,6 +31,20 @@ struct SliceCommands : WindowTest {
     void Insert(const char *name) {
         desktop.ExpectInput(QStringLiteral("Name for Slice."), QString::fromUtf8(name));
         window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesInsert"));
+    }
+    document::cHyperlink &AddHyperlink(const QString &node, int slice) {
+        QString key;
+        document::cHyperlink &hyperlink = window.clsSettings().Hyperlinks().add(key);
+        hyperlink.Node = node;
+        hyperlink.Slice = std::int16_t(slice);
+        return hyperlink;
+    }
+    void DeleteSlice(int tab, const char *name) {
+        window.TabStrip().SetTheTab(tab);
+        desktop.ExpectMessage(
+            QStringLiteral("Are you sure you want to delete '%1'?").arg(QLatin1String(name)),
+            support::Answer::Yes);
+        window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesDelete"));
     }
     QStringList Captions() {
         QStringList captions;
@@ -209,6 +226,109 @@ TEST_F(SliceCommands, AHyperlinkStillReachesTheSliceThatWasMoved) {
     ProcessEvents();
     DoubleClick(window, {750, 150});
     EXPECT_EQ(window.TabStrip().TheTab(), 2);
+}
+
+TEST_F(SliceCommands, HyperlinksLeadToMovedSlicesAfterSavingAndOpeningToo) {
+    // As loading makes them, by key, and as the dialog makes them, by number alone.
+    document::cHyperlink *byKey = &AddHyperlink(QStringLiteral("{a}"), 1);
+    byKey->SliceKey = window.TabStrip().TabKey(0);
+    AddHyperlink(QStringLiteral("{b}"), 3);
+    document::cHyperlink &elsewhere = AddHyperlink(QStringLiteral("{c}"), 1);
+    elsewhere.Map = QStringLiteral("other.map");
+    Drag(0, tabs.tabRect(2).center() + QPoint(tabs.tabRect(2).width() / 4, 0));
+    ASSERT_EQ(Contents(), QStringList({"Two", "Three", "Map 1"}));
+    Drag(0, tabs.tabRect(1).center() + QPoint(tabs.tabRect(1).width() / 4, 0));
+    ASSERT_EQ(Contents(), QStringList({"Three", "Two", "Map 1"}));
+    const QString path = MapFile(QStringLiteral("moved.map"));
+    window.clsSettings().SetDatabase(path);
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileSave"));
+    window.clsSettings().SetDatabase(QString());
+    frmMain &read = NewWindow();
+    read.DoOpen(path, false);
+    const auto sliceOf = [](frmMain &form, const char *node) {
+        for (const document::cHyperlink &hyperlink : form.clsSettings().Hyperlinks())
+            if (hyperlink.Node == QLatin1String(node)) return int(hyperlink.Slice);
+        return -1;
+    };
+    for (frmMain *form : {&window, &read}) {
+        EXPECT_EQ(sliceOf(*form, "{a}"), 3);
+        EXPECT_EQ(sliceOf(*form, "{b}"), 1);
+        EXPECT_EQ(sliceOf(*form, "{c}"), 1) << "of another map";
+    }
+}
+
+TEST_F(SliceCommands, AHyperlinkToADeletedSliceLeadsNowhereAndSaysSo) {
+    diagram::Node &node = window.AddFlow1()[0].Nodes().Item(1);
+    node.SetKey(QStringLiteral("{from}"));
+    document::SetTag(node, document::tags::kHyper, QStringLiteral("Yes"));
+    AddHyperlink(node.Key(), 2).SliceKey = window.TabStrip().TabKey(1);
+    DeleteSlice(1, "Two");
+    window.TabStrip().SetTheTab(0);
+    ProcessEvents();
+    const auto follow = [&](frmMain &form) {
+        DoubleClick(form, {750, 150});
+        EXPECT_EQ(form.TabStrip().TheTab(), 0);
+        EXPECT_TRUE(Status(form).contains(QStringLiteral("not there"))) << Status(form).toStdString();
+    };
+    follow(window);
+    const QString path = MapFile(QStringLiteral("deleted.map"));
+    window.clsSettings().SetDatabase(path);
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileSave"));
+    window.clsSettings().SetDatabase(QString());
+    frmMain &read = NewWindow();
+    read.DoOpen(path, false);
+    ProcessEvents();
+    follow(read);
+}
+
+TEST_F(SliceCommands, TheKeyboardStaysOnTheSurfaceWhenASliceIsDeleted) {
+    for (const auto &[tab, name] : {std::pair(2, "Three"), {0, "Map 1"}}) {
+        window.TabStrip().SetTheTab(tab);
+        window.CurrentView().setFocus();
+        DeleteSlice(tab, name);
+        ProcessEvents();
+        EXPECT_EQ(QApplication::focusWidget(), &window.CurrentView()) << name;
+    }
+}
+
+TEST_F(SliceCommands, TheKeyboardStaysOnTheSurfaceWhenAMapTakesThePlaceOfManySlices) {
+    window.TabStrip().SetTheTab(2);
+    window.CurrentView().setFocus();
+    window.DoOpen(SavedMap(QStringLiteral("one.map"), 1), false);
+    ProcessEvents();
+    EXPECT_EQ(QApplication::focusWidget(), &window.CurrentView());
+}
+
+TEST_F(SliceCommands, ANewSliceHasTheDefaultLookAtOnceAndAfterOpening) {
+    diagram::Surface defaults;
+    document::AddHiddenNode(defaults, document::kTemplateNodeText).SetShape(52);
+    diagram::SaveFile(defaults, ProgramFile(document::kTemplateNodeFile));
+    Insert("Four");
+    EXPECT_EQ(window.AddFlow1()[3].Defaults().shape, 52);
+    EXPECT_EQ(window.AddFlow1()[2].Defaults().shape, 1) << "the others keep theirs";
+    window.TabStrip().SetTheTab(3);
+    window.tlbFormat_ButtonMenuClick(8);
+    EXPECT_FALSE(window.AddFlow1()[3].Nodes().Item(2).Hidden());
+    const QString path = MapFile(QStringLiteral("new.map"));
+    window.clsSettings().SetDatabase(path);
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileSave"));
+    window.clsSettings().SetDatabase(QString());
+    frmMain &read = NewWindow();
+    read.DoOpen(path, false);
+    EXPECT_EQ(read.AddFlow1()[3].Defaults(), window.AddFlow1()[3].Defaults());
+}
+
+TEST_F(SliceCommands, ABrokenDefaultNodeFileIsToldAndTheWindowOpens) {
+    const QString broken = ProgramFile(document::kTimelineTemplateNodeFile);
+    QFile file(broken);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("no surface");
+    file.close();
+    desktop.ExpectMessageContaining(broken);
+    frmMain &second = NewWindow();
+    EXPECT_TRUE(second.isVisible());
+    second.DoOpen(SavedMap(QStringLiteral("many.map"), 1, 3), false);
+    EXPECT_EQ(second.TabStrip().TabCount(), 3);
 }
 
 TEST_F(SliceCommands, PropertiesAskForASelectionFirst) {
