@@ -28,19 +28,25 @@ void mnuLayoutHExecute(frmMain &window) {
     const ActionGroup step(window.CurrentSurface());
     const LayoutTool &tool = frmPics::Shared().HFlow();
     LongTask task(window, QCoreApplication::translate("Layout", "Laying out"));
-    diagram::LayOutInLayers(window.CurrentSurface(), tool.scope, tool.options, [&] { return task.GoOn(); });
-    ArrangeTimeline(window);
+    const bool laidOut = diagram::LayOutInLayers(window.CurrentSurface(), tool.scope, tool.options,
+                                                 [&] { return task.GoOn(); });
+    if (laidOut) ArrangeTimeline(window); // else it was given up
 }
 
-// What is no tree stays as it is, without a word.
-void mnuLayoutTreeExecute(frmMain &window) {
+template <typename Body>
+void WithoutAWord(Body &&body) {
     try {
-        const ActionGroup step(window.CurrentSurface());
-        const LayoutTool &tool = frmPics::Shared().TFlow();
-        diagram::LayOutAsTree(window.CurrentSurface(), tool.scope, tool.options);
-        ArrangeTimeline(window);
+        body();
     } catch (const support::Error &) {
     }
+}
+
+// What is no tree stays as it is, without a word; the months are arranged all the same.
+void mnuLayoutTreeExecute(frmMain &window) {
+    const ActionGroup step(window.CurrentSurface());
+    const LayoutTool &tool = frmPics::Shared().TFlow();
+    WithoutAWord([&] { diagram::LayOutAsTree(window.CurrentSurface(), tool.scope, tool.options); });
+    WithoutAWord([&] { ArrangeTimeline(window); });
 }
 
 void ShowOptions(frmMain &window, LayoutTool &tool, const QString &title) {

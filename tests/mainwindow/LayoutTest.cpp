@@ -3,6 +3,7 @@
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/frmPics.h"
 #include "mainwindow/LongTask.h"
+#include "support/Error.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QCheckBox>
@@ -22,6 +23,8 @@ struct Layout : WindowTest {
     diagram::Node &top = AddNode(window, 1500, 1500), &left = AddNode(window, 1500, 1500),
                   &right = AddNode(window, 1600, 1500);
 
+    int arrangements = 0;
+
     Layout() {
         top.Links().Add(left);
         top.Links().Add(right);
@@ -31,6 +34,13 @@ struct Layout : WindowTest {
         frmPics::Shared().TFlow() = {};
     }
     void Run(const char *key) { window.SmartMenuXP1_Click(QLatin1String(key)); }
+    // Of a strip of one month.
+    void CountArrangements() {
+        diagram::Node &month = AddNode(window, 0, 0, QStringLiteral("March 2026"));
+        month.SetSelectable(false);
+        month.SetMarked(true);
+        window.Timeline().ArrangeTimeLineNodes = [this](diagram::Surface &, int) { ++arrangements; };
+    }
     bool IsLaidOut() const {
         return top.Top() + top.Height() < left.Top() && left.Top() == right.Top() &&
                left.Left() + left.Width() < right.Left();
@@ -59,6 +69,19 @@ TEST_F(Layout, TreeSaysNothingOfADiagramThatIsNone) {
     Run("mnuLayoutTreeExecute");
     EXPECT_EQ(top.Top(), left.Top());
     EXPECT_TRUE(desktop.Messages().empty());
+}
+
+TEST_F(Layout, TreeArrangesTheTimelineOfADiagramThatIsNoneToo) {
+    CountArrangements();
+    left.Links().Add(top);
+    Run("mnuLayoutTreeExecute");
+    EXPECT_EQ(arrangements, 1);
+    window.Timeline().ArrangeTimeLineNodes = [](diagram::Surface &, int) {
+        throw support::Error(9, QStringLiteral("Arrange"), QStringLiteral("Subscript out of range"));
+    };
+    Run("mnuLayoutTreeExecute");
+    EXPECT_TRUE(desktop.Messages().empty());
+    EXPECT_EQ(window.MousePointer(), document::pointer::kNormal);
 }
 
 TEST_F(Layout, LayoutsLeaveTheMapUnmarked) {
@@ -122,6 +145,7 @@ TEST_F(Layout, TenThousandNodesAreGivenUpByEscapeWithNothingChanged) {
     for (int i = 0; i < 13000; ++i)
         nodes[std::size_t(i * 7919 % 10000)]->Links().Add(*nodes[std::size_t((i * 104729 + 1) % 10000)]);
     const QPointF before = nodes[500]->Bounds().topLeft();
+    CountArrangements();
     auto *bar = window.findChild<cStatusBar *>(QStringLiteral("staMain"));
     QTimer escape;
     QObject::connect(&escape, &QTimer::timeout, [&] {
@@ -132,6 +156,7 @@ TEST_F(Layout, TenThousandNodesAreGivenUpByEscapeWithNothingChanged) {
     Run("mnuLayoutHExecute");
     EXPECT_EQ(bar->Doing(), QStringLiteral("Laying out was given up."));
     EXPECT_EQ(nodes[500]->Bounds().topLeft(), before);
+    EXPECT_EQ(arrangements, 0);
     EXPECT_FALSE(surface.CanUndo());
     EXPECT_EQ(window.MousePointer(), document::pointer::kNormal);
 }
