@@ -59,6 +59,7 @@ public:
         : settings_(window.clsSettings()),
           surface_(window.CurrentSurface()),
           before_(diagram::SaveBytes(surface_)),
+          revision_(surface_.Revision()),
           wasDirty_(settings_.Dirty) {
         document::BeginAction(surface_);
         surface_.Nodes().Clear();
@@ -79,13 +80,17 @@ private:
     // What was read as a whole file is in no step.
     void TakeBack() {
         surface_.CancelAction();
-        if (diagram::SaveBytes(surface_) != before_) diagram::LoadBytes(surface_, before_);
+        if (diagram::SaveBytes(surface_) != before_) {
+            diagram::LoadBytes(surface_, before_);
+            surface_.SetRevision(revision_);
+        }
         settings_.Dirty = wasDirty_;
     }
 
     document::clsfrmMain &settings_;
     diagram::Surface &surface_;
     QByteArray before_;
+    diagram::Revision revision_;
     bool wasDirty_;
     bool done_ = false;
 };

@@ -52,6 +52,8 @@ frmMain::frmMain(support::Desktop &desktop)
 }
 
 frmMain::~frmMain() {
+    // The focus goes on while the controls go.
+    qApp->disconnect(this);
     for (TickBox *open : {ssDBGroups_, ssDBLevels_}) // its list closes with the window
         if (open) open->disconnect(this);
     AddFlow1_.SetWatchers({}, {});

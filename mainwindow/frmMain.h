@@ -231,6 +231,7 @@ private:
     void UpdateStatus();
     void ShowHiddenCount();
     void ShowWhetherSaved();
+    void FocusChanged(const QWidget *former, const QWidget *now);
     void ShowHideTimelineNodes();
     std::vector<SearchEntry> SearchEntries();
     void AddCommands(std::vector<SearchEntry> &entries);
@@ -250,9 +251,9 @@ private:
     // The window that shows the hyperlink's target.
     frmMain *Follow(const document::cHyperlink &hyperlink);
     void FollowAll(const QString &node);
-    // Says something in the status bar until the user goes on; DropHint takes it away unless something else
     // Selects the tab to which a hyperlink leads, or says that there is none.
     void GoToTab(int tab);
+    // Says something in the status bar until the user goes on; DropHint takes it away unless something else
     // stands there by now.
     void TellInPassing(const QString &text);
     void DropHint();

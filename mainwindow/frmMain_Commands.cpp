@@ -10,6 +10,7 @@
 #include "mainwindow/TextBox.h"
 #include "mainwindow/Toolbar.h"
 
+#include <QMenuBar>
 #include <utility>
 
 namespace mainwindow {
@@ -61,6 +62,11 @@ void frmMain::StoreTypedText() {
 
 void frmMain::ScheduleUpdate() {
     if (!update_.isActive()) update_.start();
+}
+
+// The menu bar takes the focus for the time of a menu: its entries work where the focus was before.
+void frmMain::FocusChanged(const QWidget *, const QWidget *now) {
+    if (now != menuBar()) ScheduleUpdate();
 }
 
 void frmMain::UpdateCommands() {

@@ -17,6 +17,7 @@
 #include "mainwindow/Toolbar.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QIntValidator>
 #include <QLabel>
@@ -168,6 +169,7 @@ void frmMain::ConnectControls() {
     connect(staMain_, &cStatusBar::ZoomOut, this,
             [this] { SmartMenuXP1_Click(QStringLiteral("keyZoomOut")); });
     ConnectTabs();
+    connect(qApp, &QApplication::focusChanged, this, &frmMain::FocusChanged);
     connect(&tmrResize_, &QTimer::timeout, this,
             [this] { support::Report("frmMain", "tmrResize_Timer", [this] { tmrResize_Timer(); }); });
     connect(&update_, &QTimer::timeout, this,
@@ -179,9 +181,9 @@ void frmMain::ConnectControls() {
 void frmMain::ConnectTabs() {
     connect(&tabStrip_, &clsTabStrip::Click, this,
             [this] { support::Report("frmMain", "SSTab_Click", [this] { SSTab_Click(); }); });
+    connect(SSTab_ctl_, &SliceTabs::Touched, this, &frmMain::KeepTypedText);
     connect(SSTab_ctl_, &SliceTabs::RenameAsked, this, [this](int tab) {
         tabStrip_.SetTheTab(tab);
-    connect(SSTab_ctl_, &SliceTabs::Touched, this, &frmMain::KeepTypedText);
         SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesRename"));
     });
     connect(SSTab_ctl_, &SliceTabs::MoveAsked, this, [this](int from, int to) {

@@ -120,9 +120,9 @@ void InPlaceEditor::insertFromMimeData(const QMimeData *source) {
 
 void InPlaceEditor::focusOutEvent(QFocusEvent *event) {
     QTextEdit::focusOutEvent(event);
-    const bool comesBack =
-        event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
-    if (!comesBack) Finish(true);
+    constexpr Qt::FocusReason kComesBack[] = {Qt::PopupFocusReason, Qt::MenuBarFocusReason,
+                                              Qt::ActiveWindowFocusReason};
+    if (std::ranges::find(kComesBack, event->reason()) == std::end(kComesBack)) Finish(true);
 }
 
 void InPlaceEditor::Finish(bool keep) {

@@ -343,4 +343,45 @@ TEST_F(Commands, ExitClosesThisWindowAlone) {
     EXPECT_EQ(frmMain::Forms(), std::vector<frmMain *>{&first});
 }
 
+TEST_F(Commands, CutCopyAndDeleteFollowTheFocusIntoTextBoxes) {
+    frmMain &window = NewWindow();
+    const auto expect = [&](bool enabled) {
+        ProcessEvents();
+        for (const char *key : {"mnuEditCut", "mnuEditCopy"})
+            EXPECT_EQ(Entry(window, QLatin1String(key))->isEnabled(), enabled) << key;
+    };
+    expect(false);
+    for (const char *box : {"cboFont", "cboFontSize"}) {
+        window.findChild<QWidget *>(QLatin1String(box))->setFocus();
+        expect(true);
+        window.CurrentView().setFocus();
+        expect(false);
+    }
+    AddNode(window, 0, 0).SetSelected(true);
+    expect(true);
+    window.CurrentSurface().UnselectAll();
+    window.OpenFindBar(false);
+    expect(true);
+    window.menuBar()->setFocus(Qt::MenuBarFocusReason); // for the time of a menu
+    expect(true);
+    window.CloseFindBar();
+    expect(false);
+}
+
+TEST_F(Commands, AFailedCopyAndAPasteThatCantBeDoneSayWhy) {
+    frmMain &window = NewWindow();
+    diagram::Node &node = AddNode(window, 0, 0);
+    node.Links().Add(AddNode(window, 3000, 0)).SetSelected(true);
+    QApplication::clipboard()->setText(QStringLiteral("kept"));
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditCut"));
+    EXPECT_EQ(Status(window),
+              QStringLiteral("A Link is copied with the Nodes at both its ends: select these too."));
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("kept"));
+    EXPECT_EQ(window.CurrentSurface().Links().size(), 1u);
+    QApplication::clipboard()->clear();
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditPaste"));
+    EXPECT_EQ(Status(window), QStringLiteral("The clipboard holds nothing that can be pasted here."));
+    EXPECT_FALSE(window.CurrentSurface().CanUndo());
+}
+
 } // namespace mainwindow::testing

@@ -3,6 +3,7 @@
 #include "diagram/view/PictureMime.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DoSave.h"
+#include "document/UnsavedWork.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QApplication>
@@ -88,12 +89,14 @@ TEST_F(Display, IsPaintedAtOnceAndTakenAwayAtOnce) {
 
 TEST_F(Display, IsNoStepOfUndoAndLeavesRedoAlone) {
     node->SetSelected(true);
+    document::MarkSaved(window);
     window.tlbFormat_ButtonClick(QStringLiteral("BOLD"));
     Run("mnuEditUndo");
     ClickDisplay();
     ClickDisplay();
     EXPECT_FALSE(window.CurrentSurface().CanUndo());
     EXPECT_TRUE(window.CurrentSurface().CanRedo());
+    EXPECT_FALSE(document::HasUnsavedWork(window));
 }
 
 TEST_F(Display, UndoAndRedoAcrossTheButtonDoubleNoText) {
@@ -129,7 +132,7 @@ TEST_F(Display, ASaveWithItPressedLeavesTheMapCleanAndTheFileWithoutIt) {
     ClickDisplay();
     Run("mnuFileSave");
     EXPECT_TRUE(window.DisplayPressed());
-    EXPECT_FALSE(window.clsSettings().Dirty);
+    EXPECT_FALSE(document::MustAskBeforeLosing(window));
     EXPECT_EQ(node->ShownText(), kBoth);
     frmMain &second = NewWindow();
     window.clsSettings().SetDatabase(QString()); // else the file would be shown where it is open

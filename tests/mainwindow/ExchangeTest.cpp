@@ -3,6 +3,7 @@
 #include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "document/LastPath.h"
+#include "document/UnsavedWork.h"
 #include "support/Error.h"
 #include "tests/mainwindow/WindowTest.h"
 
@@ -150,6 +151,7 @@ TEST_F(Exchange, AReplacingImportThatFailsLeavesTheSliceAsItWas) {
     AddNode(window, 0, 0, QStringLiteral("Idea")).Links().Add(AddNode(window, 3000, 0));
     window.tlbFormat_ButtonClick(QStringLiteral("NEW"));
     window.clsSettings().Dirty = false;
+    document::MarkSaved(window);
     diagram::Surface &surface = window.CurrentSurface();
     const QByteArray before = ContentOf(surface);
     const auto fail = [](diagram::Surface &, const QString &) {
@@ -170,7 +172,7 @@ TEST_F(Exchange, AReplacingImportThatFailsLeavesTheSliceAsItWas) {
         desktop.ExpectMessageContaining(QStringLiteral("Invalid file format"));
         Import(row);
         EXPECT_TRUE(ContentOf(surface) == before);
-        EXPECT_FALSE(window.clsSettings().Dirty);
+        EXPECT_FALSE(document::MustAskBeforeLosing(window));
     };
     import(fail, 2);
     import(fail, 3);
