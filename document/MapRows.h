@@ -73,7 +73,7 @@ public:
     // "Type mismatch", 380 "Invalid property value".
     std::vector<NodeRow> TakeNodes(int slice);
     std::vector<LinkRow> TakeLinks(int slice);
-    // The points of a link in ascending index.
+    // The points of a link in ascending index, valid as long as this object. Their table is read once.
     std::span<const PointRow> PointsOf(std::uint32_t link);
     const KeyIndex &NodeKeys() const { return nodeKeys_; }
 
