@@ -92,6 +92,12 @@ TEST_F(FindTextTest, SignsOfPatternsAreJustSigns) {
     EXPECT_EQ(node.Text(), QStringLiteral("cost \\0"));
 }
 
+TEST_F(FindTextTest, AnEmptyTextIsFoundAndReplacedNowhere) {
+    EXPECT_TRUE(Find("").empty());
+    EXPECT_EQ(Replace("", "new"), 0);
+    EXPECT_EQ(ReplaceText(surfaces, Find("old"), QString(), QStringLiteral("new"), {}), 0);
+}
+
 TEST_F(FindTextTest, WhatIsPutInIsNotSearchedAgain) {
     diagram::Node &node = AddNode(0, 0, "aa");
     EXPECT_EQ(Replace("a", "aa"), 2);

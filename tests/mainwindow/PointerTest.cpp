@@ -55,7 +55,8 @@ private:
 
 class ThrowingBoxes : public support::MessageBoxes {
 public:
-    support::Answer Show(const QString &, support::Buttons, support::Icon, const QString &) override {
+    support::Answer Show(const QString &, support::Buttons, support::Icon, const QString &,
+                         support::EnterPresses) override {
         throw support::Error(5, QString(), QStringLiteral("No box"));
     }
     QString InputBox(const QString &, const QString &, const QString &) override { return {}; }
