@@ -102,6 +102,27 @@ TEST_F(Painted, AFontIsShownByItsNameInItself) {
     EXPECT_NEAR(double(width(larger)) / width(own), 2, 0.3);
 }
 
+TEST_F(Painted, AFontOfSignsShowsThemInItselfBehindItsNameInTheListsOwnFont) {
+    const QStringList families = QFontDatabase::families().filter(QStringLiteral("Symbol"));
+    if (families.isEmpty()) GTEST_SKIP() << "no font of signs is installed";
+    const QString &family = families.first();
+    const QFont own(QFontDatabase::systemFont(QFontDatabase::GeneralFont).family(), 10);
+    QFont font(own);
+    font.setFamilies({family, own.family()});
+    font.setPointSizeF(11.5);
+    const QString signs = QFontDatabase::writingSystemSample(QFontDatabase::writingSystems(family).last());
+    QImage expected = Row(FontSamples(), QString(), own);
+    QPainter painter(&expected);
+    painter.setFont(own);
+    painter.drawText(expected.rect().adjusted(6, 0, -6, 0), Qt::AlignVCenter | Qt::TextSingleLine, family);
+    const int behind = 6 + QFontMetrics(own).horizontalAdvance(family) + 12;
+    painter.setFont(font);
+    painter.drawText(expected.rect().adjusted(behind, 0, -6, 0), Qt::AlignVCenter | Qt::TextSingleLine,
+                     signs);
+    painter.end();
+    EXPECT_TRUE(Difference(expected, Row(FontSamples(), family, own)).isEmpty());
+}
+
 TEST_F(Painted, IconsFollowADarkThemeButTheProgramsOwnDoesNot) {
     const auto pictures = [] {
         return std::pair{Icon(QStringLiteral("save")).pixmap(32, 32).toImage(),

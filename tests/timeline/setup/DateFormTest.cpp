@@ -47,6 +47,12 @@ TEST_F(DateForm, ShowsTheNodesDateElseToday) {
     EXPECT_EQ(Calendar().selectedDate(), QDate(2004, 3, 14));
 }
 
+TEST_F(DateForm, TheCalendarGoesAsFarAsDatesDo) {
+    Open();
+    EXPECT_EQ(Calendar().minimumDate(), QDate(100, 1, 1));
+    EXPECT_EQ(Calendar().maximumDate(), QDate(3099, 12, 31));
+}
+
 TEST_F(DateForm, TheDateIsSelectedSoThatTypingReplacesIt) {
     Open();
     EXPECT_EQ(form->focusWidget(), &Text());
