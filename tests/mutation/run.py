@@ -7,10 +7,11 @@ taken depends on the seed and on the text of the changed line, not on its place,
 changes. A change that doesn't build is passed over, and so is one that equivalent.txt names as making no difference;
 the next one takes its place. Those that make no difference are named first, with their reason.
 
-  tests/mutation/run.py [--folder DIR] [--count 60] [--seed N] [--only TEXT] [--survivors] [--list]
+  tests/mutation/run.py [--folder DIR] [--count 60] [--seed N] [--only TEXT] [--resume] [--list]
 
-With --survivors only those run again that survived the last time. The results are kept in DIR/results.json. Not part
-of ./test, since a run takes about half an hour. Exit code 1 when more than --allowed changes survived.
+The results are kept in DIR/results.json. With --resume, changes that a former run has seen killed count as killed and
+don't run again: to go on after a break, and after tests were added for what survived. Not part of ./test, since a run
+takes about half an hour. Exit code 1 when more than --allowed changes survived.
 """
 import argparse
 import hashlib
@@ -265,21 +266,17 @@ def main():
     parser.add_argument("--seed", type=int, default=11)
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
     parser.add_argument("--only", default="", help="changes whose place or text holds this")
-    parser.add_argument("--survivors", action="store_true", help="those that survived the last time")
+    parser.add_argument("--resume", action="store_true", help="pass over what was killed before")
     parser.add_argument("--list", action="store_true", help="show the changes and end")
     options = parser.parse_args()
     results_file = options.folder / "results.json"
-    former = json.loads(results_file.read_text()) if options.survivors else {}
+    former = json.loads(results_file.read_text()) if options.resume and results_file.exists() else {}
 
     workshop = Workshop(options.folder.resolve(), options.jobs)
     if not options.list:
         workshop.take_sources()
     # Edits of the work tree don't disturb a run.
     queues = list(chosen(ROOT if options.list else workshop.source, options))
-    if options.survivors:
-        queues = [(folder, tests, len(found), found) for folder, tests, found in
-                  ((folder, tests, [change for change in different if former.get(change.rank) == "survived"])
-                   for folder, tests, _, different in queues)]
     if options.list:
         for _, _, wanted, different in queues:
             for change in different[:wanted]:
@@ -298,7 +295,8 @@ def main():
             at += len(batch)
             for change in batch:
                 start = time.monotonic()
-                outcome, by = verdict(workshop, change, tests)
+                known = former.get(change.rank) == "killed"
+                outcome, by = ("killed", "before") if known else verdict(workshop, change, tests)
                 counts[outcome] += 1
                 taken += outcome != "not built"
                 survivors += [change] if outcome == "survived" else []
