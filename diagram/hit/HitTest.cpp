@@ -89,7 +89,7 @@ int SegmentAt(const Link &link, const QPointF &point, double tolerance) {
 }
 
 bool HoldsPoint(Scene &scene, const Node &node, const QPointF &point, double tolerance) {
-    const QRectF box = node.Bounds();
+    const QRectF box = node.ShownBounds();
     // What is too thin to be met is met beside it.
     const double x = std::max(0.0, tolerance - box.width()) / 2,
                  y = std::max(0.0, tolerance - box.height()) / 2;

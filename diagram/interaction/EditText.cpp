@@ -20,8 +20,8 @@ TextPlace NodePlace(const Node &node) {
     TextPlace place;
     const double x = node.xTextMargin() * kTwipsPerPixel;
     const double y = node.yTextMargin() * kTwipsPerPixel;
-    place.area = TextArea(node.Shape(), node.ShapeOrientation(), node.Bounds()).adjusted(x, y, -x, -y);
-    if (!place.area.isValid()) place.area = node.Bounds();
+    place.area = TextArea(node.Shape(), node.ShapeOrientation(), node.ShownBounds()).adjusted(x, y, -x, -y);
+    if (!place.area.isValid()) place.area = node.ShownBounds();
     place.painted = SingleLineFeeds(node.ShownText());
     place.font = node.Font();
     place.foreColor = node.ForeColor();

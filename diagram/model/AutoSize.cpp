@@ -26,8 +26,8 @@ QSizeF BoxAround(const NodeData &data, const QSizeF &content) {
     return box;
 }
 
-QSizeF SizeForText(const NodeData &data, TextMeasure &measure) {
-    const QSizeF text = measure.Measure(data.text, data.font, 0);
+QSizeF SizeForText(const NodeData &data, const QString &shown, TextMeasure &measure) {
+    const QSizeF text = measure.Measure(shown, data.font, 0);
     const double border = 2 * data.drawWidth * kTwipsPerPixel;
     const QSizeF margins(2 * kTwipsPerPixel * std::max(0, data.xTextMargin) + border,
                          2 * kTwipsPerPixel * std::max(0, data.yTextMargin) + border);
@@ -36,13 +36,20 @@ QSizeF SizeForText(const NodeData &data, TextMeasure &measure) {
 
 } // namespace
 
+QRectF Node::ShownBounds() const {
+    TextMeasure *measure = Owner().Measure();
+    const bool grows = Owner().ShowsBothTexts() && !data_.event.isEmpty() && data_.autoSize == kToText;
+    if (!grows || !measure) return Bounds();
+    return {Bounds().topLeft(), SizeForText(data_, ShownText(), *measure).expandedTo(Bounds().size())};
+}
+
 void Node::FitToContent() {
     Surface &surface = Owner();
     if (surface.Loading()) return;
     QSizeF size;
     if (data_.autoSize == kToPicture) size = data_.picture.SizeInTwips();
     if (data_.autoSize == kToText && surface.Measure() && !data_.text.isEmpty()) {
-        size = SizeForText(data_, *surface.Measure());
+        size = SizeForText(data_, data_.text, *surface.Measure());
     }
     if (size.isEmpty() || !IsSize(size.width()) || !IsSize(size.height())) return;
     SetBounds(data_.left, data_.top, float(size.width()), float(size.height()));

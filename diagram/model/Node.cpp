@@ -97,7 +97,9 @@ void Node::SetText(const QString &text) {
     Write(&NodeData::text, text, Change::Text);
     FitToContent();
 }
-void Node::SetEvent(const QString &text) { Write(&NodeData::event, text, Change::Data); }
+void Node::SetEvent(const QString &text) {
+    Write(&NodeData::event, text, Owner().ShowsBothTexts() ? Change::Data | Change::Text : Change::Data);
+}
 void Node::SetFont(const diagram::Font &font) {
     Write(&NodeData::font, font, Change::Text);
     FitToContent();

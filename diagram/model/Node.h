@@ -86,6 +86,9 @@ public:
     const QString &Event() const { return data_.event; }
     // What is seen of them: the text, and below it the second one while the surface shows both.
     QString ShownText() const;
+    // The box as it is painted: that of a node that takes the size of its text has room for both while both
+    // are shown. Links and resizing go by the box itself.
+    QRectF ShownBounds() const;
     const diagram::Font &Font() const { return data_.font; }
     support::Colour BorderColor() const { return data_.borderColor; }
     support::Colour FillColor() const { return data_.fillColor; }

@@ -121,7 +121,7 @@ void Surface::SetGridStyle(int style) {
 void Surface::SetShowsBothTexts(bool on) {
     if (on == showsBothTexts_) return;
     showsBothTexts_ = on;
-    NotifySurface(Change::Look);
+    NotifySurface(Change::Text | Change::Look);
 }
 
 // What gives way belongs to the group in which it was made to.

@@ -94,7 +94,7 @@ void CoarsePainter::PaintRows(const QRect &box, QRgb fill, QRgb border, bool fil
 
 void CoarsePainter::PaintForm(const Node &node) {
     const NodeData &data = node.Data();
-    const QRectF exact = paint_.frame.Map(node.Bounds());
+    const QRectF exact = paint_.frame.Map(node.ShownBounds());
     const int left = int(std::floor(exact.left() + 0.5)), top = int(std::floor(exact.top() + 0.5));
     const int right = std::max(left + 1, int(std::floor(exact.right() + 0.5))),
               bottom = std::max(top + 1, int(std::floor(exact.bottom() + 0.5)));

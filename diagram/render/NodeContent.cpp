@@ -60,29 +60,29 @@ double WidthForText(const NodeData &data, const QRectF &room) {
 }
 
 // A word that is too long for the shape's text area may reach out of it, as far as the box goes.
-WrapWidth WrapOf(const NodeData &data, double width) {
-    WrapWidth wrap(width, IsBeside(data) ? width : std::max(width, data.width - 2 * kTwipsPerPixel));
-    wrap.room = std::max<double>(data.height, kTwipsPerPixel);
+WrapWidth WrapOf(const NodeData &data, const QRectF &box, double width) {
+    WrapWidth wrap(width, IsBeside(data) ? width : std::max(width, box.width() - 2 * kTwipsPerPixel));
+    wrap.room = std::max(box.height(), kTwipsPerPixel);
     return wrap;
 }
 
-double BeforeAcross(const QRectF &room, const NodeData &data, double width, int across) {
+double BeforeAcross(const QRectF &room, const QRectF &box, double width, int across) {
     const double left = room.left() + Before(room.width(), width, across);
-    return std::clamp(left, double(data.left), std::max<double>(data.left, data.left + data.width - width));
+    return std::clamp(left, box.left(), std::max(box.left(), box.right() - width));
 }
 
 // Text that is higher than its room starts where it can be read from the beginning.
-QRectF TextPlace(const NodeData &data, const QRectF &room, const TextBlock &block) {
+QRectF TextPlace(const NodeData &data, const QRectF &box, const QRectF &room, const TextBlock &block) {
     const Place place = PlaceOf(data.alignment);
     if (IsBeside(data)) {
         return PlaceTogether(room, data.picture.SizeInTwips(), QSizeF(block.width, block.height), place).text;
     }
     double top = room.top() + BeforeDown(room.height(), block.height, place.down);
     if (block.height > room.height()) {
-        const double slack = data.height - block.height;
-        top = slack > 0 ? std::clamp(top, double(data.top), data.top + slack) : data.top + 1;
+        const double slack = box.height() - block.height;
+        top = slack > 0 ? std::clamp(top, box.top(), box.top() + slack) : box.top() + 1;
     }
-    return {BeforeAcross(room, data, block.width, place.across), top, block.width, block.height};
+    return {BeforeAcross(room, box, block.width, place.across), top, block.width, block.height};
 }
 
 QRectF PicturePlace(Paint &paint, const Node &node) {
@@ -90,7 +90,7 @@ QRectF PicturePlace(Paint &paint, const Node &node) {
     const double border = data.drawStyle == kTransparentLine
                               ? 0
                               : std::max<double>(data.drawWidth, kBorderLine) * kTwipsPerPixel / 2;
-    const QRectF box = node.Bounds().adjusted(border, border, -border, -border);
+    const QRectF box = node.ShownBounds().adjusted(border, border, -border, -border);
     if (data.autoSize == kPictureToNode) {
         const ShapeRow *row = FindShape(data.shape);
         return row && row->form == ShapeForm::Rectangle ? box
@@ -100,13 +100,14 @@ QRectF PicturePlace(Paint &paint, const Node &node) {
     if (IsBeside(data)) {
         const QRectF room = TextRoom(node);
         const QString text = node.ShownText();
-        const TextBlock &block =
-            paint.caches.texts.Find(text, data.font, WrapOf(data, WidthForText(data, room)), 0);
+        const TextBlock &block = paint.caches.texts.Find(
+            text, data.font, WrapOf(data, node.ShownBounds(), WidthForText(data, room)), 0);
         return PlaceTogether(room, size, text.isEmpty() ? QSizeF() : QSizeF(block.width, block.height),
                              PlaceOf(data.alignment))
             .picture;
     }
-    if (size.width() >= box.width() && size.height() >= box.height()) return {node.Bounds().topLeft(), size};
+    if (size.width() >= box.width() && size.height() >= box.height())
+        return {node.ShownBounds().topLeft(), size};
     const Place place = PlaceOf(data.picturePos == kBesideText ? 7 : data.picturePos);
     return {box.topLeft() + QPointF(Before(box.width(), size.width(), place.across),
                                     BeforeDown(box.height(), size.height(), place.down)),
@@ -154,7 +155,7 @@ bool SticksOut(const QRectF &text, const QRectF &box) {
 
 QRectF TextRoom(const Node &node) {
     const NodeData &data = node.Data();
-    const QRectF area = TextArea(data.shape, data.shapeOrientation, node.Bounds());
+    const QRectF area = TextArea(data.shape, data.shapeOrientation, node.ShownBounds());
     const double x = kTwipsPerPixel * (double(data.drawWidth) + std::max(0, data.xTextMargin));
     const double y = kTwipsPerPixel * (double(data.drawWidth) + std::max(0, data.yTextMargin));
     QRectF room = area.adjusted(x, y, -x, -y);
@@ -186,13 +187,13 @@ namespace {
 
 void PlaceText(Paint &paint, const Node &node, const QRectF &room, const TextBlock &block) {
     const NodeData &data = node.Data();
-    const QRectF place = TextPlace(data, room, block);
+    const QRectF place = TextPlace(data, node.ShownBounds(), room, block);
     const QPointF at = paint.frame.Map(place.topLeft());
     const int side = PlaceOf(data.alignment).across;
-    if (!SticksOut(place, node.Bounds()))
+    if (!SticksOut(place, node.ShownBounds()))
         return DrawBlock(paint, block, at, place.width(), side, ToRgb(data.foreColor));
     paint.Painter().save();
-    paint.Painter().setClipRect(paint.frame.Map(node.Bounds()), Qt::IntersectClip);
+    paint.Painter().setClipRect(paint.frame.Map(node.ShownBounds()), Qt::IntersectClip);
     DrawBlock(paint, block, at, place.width(), side, ToRgb(data.foreColor));
     paint.Painter().restore();
     paint.pencil.Forget();
@@ -207,7 +208,7 @@ void PaintNodeText(Paint &paint, const Node &node) {
     const double scale = paint.frame.Scale();
     if (!paint.options.vector && data.font.Size() * 20 * scale < kLegiblePixels) return;
     const QRectF room = TextRoom(node);
-    const WrapWidth wrap = WrapOf(data, WidthForText(data, room));
+    const WrapWidth wrap = WrapOf(data, node.ShownBounds(), WidthForText(data, room));
     // A vector target is painted once: nothing is worth keeping.
     if (paint.options.vector)
         return PlaceText(paint, node, room, LayOut(paint.caches.faces, text, data.font, wrap, 0));
@@ -220,11 +221,12 @@ void PaintNodePicture(Paint &paint, const Node &node) {
     const ShapeRow *row = FindShape(node.Shape());
     const bool fills = row && row->form == ShapeForm::Rectangle;
     const QRectF inside =
-        fills ? node.Bounds() : TextArea(node.Shape(), node.ShapeOrientation(), node.Bounds());
+        fills ? node.ShownBounds() : TextArea(node.Shape(), node.ShapeOrientation(), node.ShownBounds());
     if (!SticksOut(place, inside)) return DrawPicture(paint, node.Picture(), place);
     paint.Painter().save();
     paint.Painter().setClipPath(
-        Outline(node.Shape(), node.ShapeOrientation(), paint.frame.Map(node.Bounds())), Qt::IntersectClip);
+        Outline(node.Shape(), node.ShapeOrientation(), paint.frame.Map(node.ShownBounds())),
+        Qt::IntersectClip);
     DrawPicture(paint, node.Picture(), place);
     paint.Painter().restore();
     paint.pencil.Forget();

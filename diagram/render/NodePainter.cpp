@@ -28,7 +28,7 @@ NodeForm FormOf(const Paint &paint, const Node &node) {
     const NodeData &data = node.Data();
     const ShapeRow *row = FindShape(data.shape);
     const double width = paint.frame.LineWidth(data.drawWidth);
-    const QRectF box = paint.frame.SnapBox(paint.frame.Map(node.Bounds()), width);
+    const QRectF box = paint.frame.SnapBox(paint.frame.Map(node.ShownBounds()), width);
     return {data, row ? *row : *FindShape(1), box, width, data.drawStyle != kTransparentLine};
 }
 

@@ -74,7 +74,7 @@ void PaintMark(Paint &paint, const Item &item) {
     paint.pencil.Line(ink, width);
     if (const Node *node = item.AsNode()) {
         const ShapeRow *row = FindShape(node->Shape());
-        if (row) DrawForm(paint, *row, node->ShapeOrientation(), paint.frame.Map(node->Bounds()));
+        if (row) DrawForm(paint, *row, node->ShapeOrientation(), paint.frame.Map(node->ShownBounds()));
         return;
     }
     FillWay(paint, *item.AsLink(), width);

@@ -105,7 +105,7 @@ QPointF HalfWay(const std::vector<QPointF> &pieces) {
 } // namespace
 
 QRectF PaintBounds(const Node &node) {
-    QRectF bounds = node.Bounds();
+    QRectF bounds = node.ShownBounds();
     if (node.Shadow()) bounds |= bounds.translated(kShadowWays[node.Shadow()] * kShadowOffset);
     return Grown(bounds, LineReach(node.DrawWidth()) + (node.Marked() ? kMarkReach : 0));
 }

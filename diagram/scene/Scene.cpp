@@ -309,7 +309,7 @@ QRectF Scene::Extent() {
 }
 
 QPainterPath Scene::NodeOutline(const Node &node) {
-    return Outline(node.Shape(), node.ShapeOrientation(), node.Bounds());
+    return Outline(node.Shape(), node.ShapeOrientation(), node.ShownBounds());
 }
 QPainterPath Scene::LinkPath(const Link &link) { return WayPath(link); }
 QRectF Scene::LabelBounds(const Link &link) { return LabelBox(link, surface_.Measure()); }

@@ -2,6 +2,7 @@
 
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Surface.h"
+#include "diagram/render/Renderer.h"
 #include "support/PlatformClipboard.h"
 
 #include <algorithm>
@@ -64,8 +65,10 @@ QVariant PictureMime::retrieveData(const QString &type, QMetaType preferred) con
 const QByteArray &PictureMime::Made(PictureFormat format) const {
     QByteArray &made = made_[int(format)];
     if (made.isEmpty()) {
+        Renderer renderer; // outlives the copy, whose nodes it measures
         Surface copy;
         Fill(copy);
+        copy.SetMeasure(&renderer.Measure());
         made = ExportPicture(copy, format);
     }
     return made;

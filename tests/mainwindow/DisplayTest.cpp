@@ -87,6 +87,31 @@ TEST_F(Display, IsPaintedAtOnceAndTakenAwayAtOnce) {
     EXPECT_EQ(picture(), before);
 }
 
+TEST_F(Display, ANodeThatTakesTheSizeOfItsTextIsPaintedWithRoomForBoth) {
+    node->SetAutoSize(3);
+    const QRectF box = node->Bounds();
+    ClickDisplay();
+    ProcessEvents();
+    EXPECT_EQ(node->Bounds(), box);
+    EXPECT_EQ(node->ShownBounds().topLeft(), box.topLeft());
+    EXPECT_GT(node->ShownBounds().height(), 1.8 * box.height());
+    EXPECT_TRUE(window.CurrentView().TheRenderer().TextFits(*node));
+    Click(window, node->ShownBounds().center() + QPointF(0, node->ShownBounds().height() / 3));
+    EXPECT_TRUE(node->Selected());
+    EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 1);
+    ClickDisplay();
+    EXPECT_EQ(node->ShownBounds(), box);
+}
+
+TEST_F(Display, ASecondTextThatChangesMeanwhileIsPaintedAtOnce) {
+    ClickDisplay();
+    ProcessEvents();
+    const QImage before = window.CurrentView().grab().toImage();
+    node->SetEvent(QStringLiteral("third"));
+    ProcessEvents();
+    EXPECT_NE(window.CurrentView().grab().toImage(), before);
+}
+
 TEST_F(Display, IsNoStepOfUndoAndLeavesRedoAlone) {
     node->SetSelected(true);
     document::MarkSaved(window);
