@@ -5,6 +5,7 @@
 #include "app/settings/Settings.h"
 #include "document/AttachmentFolder.h"
 #include "document/CompactDb.h"
+#include "document/RepairMap.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/frmSplash.h"
 #include "mainwindow/StartupSetting.h"
@@ -37,6 +38,7 @@ void WaitForSplash(support::Clock &clock, double since) {
 // What former runs left in the temporary folder.
 void SweepTemporaryFiles(support::Clock &clock) {
     document::SweepAttachmentFolders();
+    document::SweepRepairFolders();
     document::SweepSafetyCopies(clock.Now());
 }
 

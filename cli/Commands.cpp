@@ -18,7 +18,11 @@ struct Command {
 constexpr Command kCommands[] = {
     {"info", Info, false, "info FILE [--json]\n      slices, counts, fonts and pools"},
     {"check", Check, false,
-     "check FILE\n      opens the map and tells what is wrong with it; ends with 1 if anything is"},
+     "check FILE\n      tells of each thing that is wrong with the map where it stands and what it is; ends "
+     "with "
+     "1 if\n      anything is"},
+    {"repair", Repair, false,
+     "repair IN OUT\n      writes what can be read of the map IN as the map OUT and tells of each change"},
     {"convert", Convert, false,
      "convert IN OUT\n      writes the map IN, an old Jet map too, as the map OUT"},
     {"picture", Picture, true,

@@ -40,6 +40,7 @@ void ExpectFiles(const QStringList &arguments, int count);
 // The single commands, on what stands behind their names.
 int Info(QStringList arguments, QTextStream &out);
 int Check(QStringList arguments, QTextStream &out);
+int Repair(QStringList arguments, QTextStream &out);
 int Convert(QStringList arguments, QTextStream &out);
 int Picture(QStringList arguments, QTextStream &out);
 

@@ -90,6 +90,7 @@ int Picture(QStringList arguments, QTextStream &out) {
     }
     const int number = NumberOption(arguments, QStringLiteral("--slice"), 1, kMostPixels + 1, 1);
     ExpectFiles(arguments, 2);
+    diagram::CheckPictureEnding(arguments[1]);
     return OneSlice(arguments[0], number, arguments[1], options);
 }
 

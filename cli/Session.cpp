@@ -1,6 +1,8 @@
 #include "cli/Session.h"
 
 #include "document/DoLoad.h"
+#include "document/OpenMap.h"
+#include "support/AtomicFile.h"
 #include "support/PrivateFolder.h"
 
 #include <QDir>
@@ -62,9 +64,23 @@ Session::Session()
 
 Session::~Session() { support::SetDesktop(&headless_.Get()); }
 
+QString Session::ScratchFile() { return QDir::tempPath() + QStringLiteral("/map%1.map").arg(++files_); }
+
+QString Session::CopyOf(const QString &path) {
+    const QString copy = ScratchFile();
+    support::CopyFileTo(path, copy);
+    return copy;
+}
+
 document::MemoryWindow &Session::Open(const QString &path) {
-    window_.clsSettings().SetDatabase(path);
+    document::clsfrmMain &settings = window_.clsSettings();
+    const bool isOld = document::IsOldMap(path);
+    settings.SetDatabase(isOld ? CopyOf(path) : path);
     document::DoLoad(window_);
+    if (isOld) {
+        settings.SetDatabase(path);
+        settings.OwnFiles().Add(settings.Database());
+    }
     return window_;
 }
 

@@ -30,17 +30,22 @@ public:
     Session(const Session &) = delete;
     Session &operator=(const Session &) = delete;
 
-    // The window with the map read. An error of the load is raised.
+    // The window with the map read. An error of the load is raised. The file stays as it is: a map of an
+    // early version, which opening brings up to date, is opened as a copy.
     document::MemoryWindow &Open(const QString &path);
+    // A path that no file stands at and that goes with the session.
+    QString ScratchFile();
 
 private:
     class ScratchFolder;
+    QString CopyOf(const QString &path);
     std::unique_ptr<ScratchFolder> scratch_;
     support::HeadlessDesktop headless_;
     ConsoleBoxes boxes_;
     PlentyOfMemory memory_;
     support::Desktop desktop_;
     document::MemoryWindow window_;
+    int files_ = 0;
 };
 
 } // namespace cli

@@ -4,7 +4,9 @@
 #include "document/MapSchema.h"
 #include "document/TemplateFile.h"
 #include "storage/Fields.h"
+#include "storage/FileForm.h"
 #include "support/AtomicFile.h"
+#include "support/Error.h"
 #include "support/Files.h"
 
 namespace document {
@@ -38,6 +40,18 @@ void UpgradeMap(storage::Database &database) {
         AddColumn(database, kSlices, schema::slice::kyZoom);
         Fill(database, "UPDATE [%1] SET %2=0 WHERE %2 IS NULL", kSlices, schema::slice::kxZoom);
         Fill(database, "UPDATE [%1] SET %2=0 WHERE %2 IS NULL", kSlices, schema::slice::kyZoom);
+    }
+}
+
+// A probe: what is wrong with the file is told by whoever opens it.
+bool IsOldMap(const QString &path) {
+    try {
+        if (storage::RecogniseFile(path) != storage::FileForm::Native) return false;
+        const storage::Database database = storage::OpenDatabase(path);
+        return !HasColumn(database, schema::kNodes, schema::node::kAlignment) ||
+               !HasColumn(database, schema::kSlices, schema::slice::kxZoom);
+    } catch (const support::Error &) {
+        return false;
     }
 }
 

@@ -14,6 +14,10 @@ namespace document {
 // raised them.
 std::optional<storage::Database> OpenMap(QString &sFile, bool bNew);
 
+// True for a map of the program's own form that UpgradeMap would change; false as well when it cannot be
+// told.
+bool IsOldMap(const QString &path);
+
 // Adds Nodes.Alignment, filled with 7, and Slices.xZoom and yZoom, filled with 0, unless they are there.
 // Looks only at xZoom for the two.
 void UpgradeMap(storage::Database &database);

@@ -69,6 +69,7 @@ struct TableDef {
 using Parameter = QVariant;
 
 class Database;
+struct Salvaged;
 
 // The rows of a query. Rows are read one after the other as the caller moves; Edit, AddNew and Update work on
 // a recordset of one table. A recordset must end before its database does.
@@ -194,6 +195,7 @@ private:
     friend Database OpenDatabase(const QString &path);
     friend Database OpenForBuilding(const QString &path);
     friend Database CreateDatabase(const QString &path);
+    friend Salvaged SalvageDatabase(const QString &path, const QStringList &tables, const QString &model);
     explicit Database(std::unique_ptr<State> state);
     std::unique_ptr<State> state_;
 };

@@ -2,9 +2,12 @@
 
 #include "storage/EngineError.h"
 #include "storage/jet/ExitCodes.h"
+#include "storage/text/FieldTypes.h"
 #include "support/Files.h"
 #include "support/Platform.h"
 
+#include <algorithm>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -45,12 +48,12 @@ QString ReaderPath() {
 }
 
 // The exit code of the reader; that of damage when it crashed or took too long.
-int RunReader(const QString &path, const QString &copy, int milliseconds) {
+int RunReader(const QStringList &arguments, int milliseconds) {
     QProcess reader;
     reader.setStandardInputFile(QProcess::nullDevice());
     reader.setStandardOutputFile(QProcess::nullDevice());
     reader.setStandardErrorFile(QProcess::nullDevice());
-    reader.start(ReaderPath(), {path, copy});
+    reader.start(ReaderPath(), arguments);
     if (!reader.waitForStarted(kStartMilliseconds)) return jet::kExitDamaged;
     if (!reader.waitForFinished(milliseconds)) {
         reader.kill();
@@ -58,6 +61,19 @@ int RunReader(const QString &path, const QString &copy, int milliseconds) {
         return jet::kExitDamaged;
     }
     return reader.exitStatus() == QProcess::NormalExit ? reader.exitCode() : jet::kExitDamaged;
+}
+
+void RaiseUnlessDone(int code, const QString &path) {
+    switch (code) {
+    case jet::kExitDone:
+        return;
+    case jet::kExitNotRecognised:
+        throw UnrecognizedFormat(path);
+    case jet::kExitNoSpace:
+        throw EngineError(kErrDiskFull, QStringLiteral("Not enough space on disk."));
+    default:
+        throw DamagedDatabase(path);
+    }
 }
 
 std::shared_ptr<Connection> LoadCopy(const QString &copy, const QString &name) {
@@ -73,20 +89,61 @@ std::shared_ptr<Connection> LoadCopy(const QString &copy, const QString &name) {
     return memory;
 }
 
+int CountTables(Connection &connection) {
+    const Statement count =
+        connection.Prepare(QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE type='table'"));
+    connection.Check(sqlite3_step(count.get()));
+    return sqlite3_column_int(count.get(), 0);
+}
+
+// Runs the reader again where it crashed or hung, as long as it gets on: each run leaves the tables behind
+// that the former one has begun.
+void RunSalvage(const QString &path, const QString &copy, int milliseconds) {
+    constexpr int kMostRuns = 100;
+    const QDeadlineTimer deadline(milliseconds);
+    int before = -1;
+    for (int run = 0; run < kMostRuns && !deadline.hasExpired(); ++run) {
+        const int code = RunReader({QStringLiteral("--salvage"), path, copy},
+                                   static_cast<int>(std::max<qint64>(deadline.remainingTime(), 1)));
+        if (code != jet::kExitDamaged) {
+            RaiseUnlessDone(code, path);
+            return;
+        }
+        Connection file(copy, SQLite::OPEN_READONLY, path);
+        const int tables = CountTables(file);
+        if (tables <= before) return;
+        before = tables;
+    }
+}
+
+// The lines that the reader left, and one for the table at which it ended last.
+QStringList TakeLines(Connection &copy) {
+    const QString table = QuotedName(QString::fromLatin1(jet::kLostTable));
+    QStringList lines;
+    {
+        const Statement rows = copy.Prepare(QStringLiteral("SELECT line FROM %1").arg(table));
+        while (sqlite3_step(rows.get()) == SQLITE_ROW)
+            lines += QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(rows.get(), 0)));
+    }
+    copy.Run(QStringLiteral("DROP TABLE %1").arg(table));
+    return lines;
+}
+
 } // namespace
+
+std::shared_ptr<Connection> SalvageJet(const QString &path, QStringList &lost, int milliseconds) {
+    const CopyFile copy;
+    RunSalvage(path, copy.Path(), milliseconds);
+    auto memory = LoadCopy(copy.Path(), path);
+    if (CountTables(*memory) < 2) throw DamagedDatabase(path); // the lines alone
+    lost += TakeLines(*memory);
+    return memory;
+}
 
 std::shared_ptr<Connection> ImportJet(const QString &path, int milliseconds) {
     const CopyFile copy;
-    switch (RunReader(path, copy.Path(), milliseconds)) {
-    case jet::kExitDone:
-        return LoadCopy(copy.Path(), path);
-    case jet::kExitNotRecognised:
-        throw UnrecognizedFormat(path);
-    case jet::kExitNoSpace:
-        throw EngineError(kErrDiskFull, QStringLiteral("Not enough space on disk."));
-    default:
-        throw DamagedDatabase(path);
-    }
+    RaiseUnlessDone(RunReader({path, copy.Path()}, milliseconds), path);
+    return LoadCopy(copy.Path(), path);
 }
 
 } // namespace storage

@@ -14,4 +14,9 @@ constexpr int kJetMilliseconds = 30000;
 // could not be read whole, 53 "File not found: 'velmora-jetread'" when the reader is missing.
 std::shared_ptr<Connection> ImportJet(const QString &path, int milliseconds = kJetMilliseconds);
 
+// Reads what can be read of the file; a table at which the reader crashes or hangs ends there, and the next
+// one follows. `lost` gets a line for each thing that could not be read. 3049 when there is no table at all.
+std::shared_ptr<Connection> SalvageJet(const QString &path, QStringList &lost,
+                                       int milliseconds = kJetMilliseconds);
+
 } // namespace storage

@@ -187,6 +187,8 @@ void WriteMetafile(Surface &surface, const QString &path) {
         WriteFile(beside, ExportMetafile(surface, MetafileKind::Emf));
 }
 
+void CheckPictureEnding(const QString &path) { FormatOf(path); }
+
 void ExportPictureFile(Surface &surface, const QString &path, const ExportOptions &options) {
     const PictureFormat format = FormatOf(path);
     WriteFile(path, ExportPicture(surface, format, options));

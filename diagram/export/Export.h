@@ -33,6 +33,8 @@ QImage ExportImage(Surface &surface, const ExportOptions &options = {});
 // .emf: a file there that was written by another program stays as it is, then. Written like
 // ExportPictureFile's.
 void WriteMetafile(Surface &surface, const QString &path);
+// Error 5 for a path with another ending than those that ExportPictureFile knows.
+void CheckPictureEnding(const QString &path);
 // By the ending of the path: .png, .svg, .pdf, .wmf, .emf; error 5 for another. Written beside the target and
 // swapped in; errors name the path.
 void ExportPictureFile(Surface &surface, const QString &path, const ExportOptions &options = {});

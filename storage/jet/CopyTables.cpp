@@ -1,5 +1,6 @@
 #include "storage/jet/CopyTables.h"
 
+#include "storage/jet/ExitCodes.h"
 #include "storage/jet/Failure.h"
 #include "storage/jet/Values.h"
 #include "storage/text/FieldTypes.h"
@@ -120,16 +121,125 @@ void CopyRow(JetFile &file, const JetTable &table, const RawRow &row, SQLite::St
     insert.exec();
 }
 
+SQLite::Statement InsertInto(SQLite::Database &database, const JetTable &table) {
+    const QString marks = QStringList(table.Columns().size(), QStringLiteral("?")).join(QStringLiteral(", "));
+    return {database,
+            QStringLiteral("INSERT INTO %1 VALUES (%2)").arg(QuotedName(table.Name()), marks).toStdString()};
+}
+
 void CopyTable(JetFile &file, JetTable &table, SQLite::Database &database) {
     database.exec(CreateText(file, table).toStdString());
-    const QString marks = QStringList(table.Columns().size(), QStringLiteral("?")).join(QStringLiteral(", "));
-    SQLite::Statement insert(
-        database,
-        QStringLiteral("INSERT INTO %1 VALUES (%2)").arg(QuotedName(table.Name()), marks).toStdString());
+    SQLite::Statement insert = InsertInto(database, table);
     table.ForEachRow([&](const RawRow &row) { CopyRow(file, table, row, insert); });
 }
 
+// Copies a table with all values that can be read, a few rows in each transaction.
+class ReadableCopy {
+public:
+    ReadableCopy(JetFile &file, JetTable &table, SQLite::Database &database)
+        : file_(file),
+          table_(table),
+          database_(database),
+          note_(database, QStringLiteral("INSERT INTO %1 VALUES (?)")
+                              .arg(QuotedName(QString::fromLatin1(kLostTable)))
+                              .toStdString()) {}
+
+    // Says that the table ends early for as long as it does.
+    void Run() {
+        database_.exec(CreateText(file_, table_).toStdString());
+        Note(QStringLiteral("the reading ended in the middle"));
+        const std::int64_t early = database_.getLastInsertRowid();
+        database_.exec("COMMIT; BEGIN");
+        {
+            SQLite::Statement insert = InsertInto(database_, table_);
+            const int lost = table_.ForEachReadableRow([&](const RawRow &row) { CopyRow(row, insert); });
+            if (lost > 0) Note(QStringLiteral("%1 rows cannot be read").arg(lost));
+        }
+        database_.exec(QStringLiteral("DELETE FROM %1 WHERE rowid=%2")
+                           .arg(QuotedName(QString::fromLatin1(kLostTable)))
+                           .arg(early)
+                           .toStdString());
+        database_.exec("COMMIT; BEGIN");
+    }
+
+private:
+    void CopyRow(const RawRow &row, SQLite::Statement &insert) {
+        constexpr int kRowsATime = 64;
+        insert.reset();
+        insert.clearBindings();
+        ++rows_;
+        for (std::size_t i = 0; i < row.size(); ++i) CopyValue(row, i, insert);
+        insert.exec();
+        insert.reset();
+        if (rows_ % kRowsATime == 0) database_.exec("COMMIT; BEGIN");
+    }
+    void CopyValue(const RawRow &row, std::size_t i, SQLite::Statement &insert) {
+        const MdbColumn &column = *table_.Columns()[i];
+        const Target target{insert, static_cast<int>(i) + 1};
+        try {
+            if (column.col_type == MDB_BOOL)
+                target.Whole(row[i] ? 1 : 0);
+            else if (row[i])
+                TypeOf(column).write(file_, column, *row[i], target);
+        } catch (const Damaged &) {
+            Note(QStringLiteral("row %1, %2: the value cannot be read")
+                     .arg(rows_)
+                     .arg(QString::fromUtf8(column.name)));
+        }
+    }
+    void Note(const QString &what) {
+        constexpr int kMostNotes = 1000;
+        if (++notes_ > kMostNotes) return;
+        note_.reset();
+        note_.bind(1, QStringLiteral("%1, %2").arg(table_.Name(), what).toStdString());
+        note_.exec();
+        note_.reset();
+    }
+
+    JetFile &file_;
+    JetTable &table_;
+    SQLite::Database &database_;
+    SQLite::Statement note_;
+    int rows_ = 0, notes_ = 0;
+};
+
+bool HasTable(SQLite::Database &database, const QString &name) {
+    return database.tableExists(name.toStdString());
+}
+
+void NoteLostTable(SQLite::Database &database, const QString &name) {
+    SQLite::Statement note(database, QStringLiteral("INSERT INTO %1 VALUES (?)")
+                                         .arg(QuotedName(QString::fromLatin1(kLostTable)))
+                                         .toStdString());
+    note.bind(1, QStringLiteral("%1, the table cannot be read").arg(name).toStdString());
+    note.exec();
+}
+
 } // namespace
+
+void CopyWhatCanBeRead(JetFile &file, const QString &target) {
+    SQLite::Database database(target.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    database.exec("PRAGMA journal_mode=MEMORY; PRAGMA synchronous=OFF");
+    const bool isFirst = !HasTable(database, QString::fromLatin1(kLostTable));
+    if (isFirst)
+        database.exec(QStringLiteral("CREATE TABLE %1 (line TEXT)")
+                          .arg(QuotedName(QString::fromLatin1(kLostTable)))
+                          .toStdString());
+    QStringList lost;
+    std::vector<JetTable> tables = file.ReadableTables(lost);
+    database.exec("BEGIN");
+    for (const QString &name : lost)
+        if (isFirst) NoteLostTable(database, name);
+    for (JetTable &table : tables) {
+        if (HasTable(database, table.Name())) continue;
+        try {
+            ReadableCopy(file, table, database).Run();
+        } catch (const Damaged &) {
+            NoteLostTable(database, table.Name());
+        }
+    }
+    database.exec("COMMIT");
+}
 
 void CopyTables(JetFile &file, const QString &target) {
     SQLite::Database database(target.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);

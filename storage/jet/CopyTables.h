@@ -9,4 +9,8 @@ namespace storage::jet {
 // are those of JetFile, and SQLite::Exception.
 void CopyTables(JetFile &file, const QString &target);
 
+// Copies what can be read, table by table; those that `target` has from a former run are left as they are.
+// Each few rows are safe once they are copied: the process may end at any moment.
+void CopyWhatCanBeRead(JetFile &file, const QString &target);
+
 } // namespace storage::jet

@@ -8,4 +8,7 @@ constexpr int kExitNotRecognised = 2; // no file that the reader knows
 constexpr int kExitDamaged = 3;       // something is missing or cannot be
 constexpr int kExitNoSpace = 4;       // the copy could not be written
 
+// The table of a salvaged copy that tells what was lost: a line a row.
+inline constexpr const char *kLostTable = "velmora lost";
+
 } // namespace storage::jet

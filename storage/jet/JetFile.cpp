@@ -13,6 +13,7 @@ namespace storage::jet {
 namespace {
 
 constexpr std::uint32_t kCatalogPage = 2;
+const QString kCatalog = QStringLiteral("MSysObjects");
 
 MdbHandle *OpenHandle(const QString &path) {
     MdbHandle *handle = mdb_open(QFile::encodeName(path).constData(), MDB_NOFLAGS);
@@ -41,33 +42,55 @@ bool IsUserTable(std::int64_t type, std::int64_t flags, const QString &name) {
 
 } // namespace
 
-JetFile::JetFile(const QString &path) : handle_(OpenHandle(path)) {
+JetFile::JetFile(const QString &path, Reading reading) : handle_(OpenHandle(path)) {
     const int version = static_cast<int>(handle_->f->jet_version);
     if (version != MDB_VER_JET3 && version != MDB_VER_JET4)
         throw NotRecognised("a Jet file of another version");
     const qint64 size = QFile(path).size();
-    if (size == 0 || size % handle_->fmt->pg_size != 0)
+    if (reading == Reading::Whole && (size == 0 || size % handle_->fmt->pg_size != 0))
         throw Damaged("the file ends in the middle of a page");
     longBytesLeft_ = size;
+    pages_ = static_cast<std::uint32_t>(size / handle_->fmt->pg_size);
 }
 
 bool JetFile::IsJet3() const { return handle_->f->jet_version == MDB_VER_JET3; }
 
-std::vector<JetTable> JetFile::UserTables() {
-    JetTable catalog(*this, QStringLiteral("MSysObjects"), kCatalogPage);
+std::optional<JetFile::NamedPage> JetFile::UserTableOf(const JetTable &catalog, const RawRow &row) const {
+    constexpr std::int64_t kPageMask = 0x00FFFFFF;
     const int id = ColumnOf(catalog, "Id", MDB_LONGINT);
-    const int name = ColumnOf(catalog, "Name", MDB_TEXT);
     const int type = ColumnOf(catalog, "Type", MDB_INT);
     const int flags = ColumnOf(catalog, "Flags", MDB_LONGINT);
-    std::vector<std::pair<QString, std::uint32_t>> found;
+    const QString name = Text(Cell(row, ColumnOf(catalog, "Name", MDB_TEXT)));
+    if (!IsUserTable(DecodeWhole(Cell(row, type)), row[flags] ? DecodeWhole(*row[flags]) : 0, name))
+        return std::nullopt;
+    return NamedPage(name, static_cast<std::uint32_t>(DecodeWhole(Cell(row, id)) & kPageMask));
+}
+
+std::vector<JetTable> JetFile::UserTables() {
+    JetTable catalog(*this, kCatalog, kCatalogPage);
+    std::vector<NamedPage> found;
     catalog.ForEachRow([&](const RawRow &row) {
-        constexpr std::int64_t kPageMask = 0x00FFFFFF;
-        const QString text = Text(Cell(row, name));
-        if (IsUserTable(DecodeWhole(Cell(row, type)), row[flags] ? DecodeWhole(*row[flags]) : 0, text))
-            found.emplace_back(text, static_cast<std::uint32_t>(DecodeWhole(Cell(row, id)) & kPageMask));
+        if (const auto table = UserTableOf(catalog, row)) found.push_back(*table);
     });
     std::vector<JetTable> tables;
     for (const auto &[text, page] : found) tables.emplace_back(*this, text, page);
+    return tables;
+}
+
+std::vector<JetTable> JetFile::ReadableTables(QStringList &lost) {
+    JetTable catalog(*this, kCatalog, kCatalogPage);
+    std::vector<NamedPage> found;
+    catalog.ForEachReadableRow([&](const RawRow &row) {
+        if (const auto table = UserTableOf(catalog, row)) found.push_back(*table);
+    });
+    std::vector<JetTable> tables;
+    for (const auto &[text, page] : found) {
+        try {
+            tables.emplace_back(*this, text, page);
+        } catch (const Damaged &) {
+            lost.append(text);
+        }
+    }
     return tables;
 }
 
@@ -118,12 +141,12 @@ QByteArray JetFile::LongValue(const QByteArray &inRow) {
     const quint32 form = qFromLittleEndian<quint32>(inRow.constData());
     const quint32 pointer = qFromLittleEndian<quint32>(inRow.constData() + kPointerAt);
     const qint64 length = form & ~(kInRow | kOnePiece);
-    longBytesLeft_ -= length;
-    if (longBytesLeft_ < 0) throw Damaged("the long values are longer than the file");
+    if (length > longBytesLeft_) throw Damaged("the long values are longer than the file");
     const QByteArray value = form & kInRow      ? inRow.mid(kHead, length)
                              : form & kOnePiece ? LongPiece(pointer).left(length)
                                                 : LongChain(pointer, length);
     if (value.size() != length) throw Damaged("a long value is cut off");
+    longBytesLeft_ -= length;
     return value;
 }
 

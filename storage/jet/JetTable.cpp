@@ -2,6 +2,7 @@
 #include "storage/jet/JetFile.h"
 #include "storage/jet/Page.h"
 
+#include <algorithm>
 #include <cstring>
 #include <QtEndian>
 
@@ -72,15 +73,51 @@ RawRow JetTable::Follow(std::uint32_t pointer) {
     throw Damaged("a row has moved in a circle");
 }
 
+void JetTable::TakeRow(int row, const std::function<void(const RawRow &)> &take) {
+    const Place place = FindPlace(file_.Handle(), row);
+    if (place.flags & kMovedOrDeleted) return;
+    ++taken_;
+    take(place.flags & kIsPointer ? Follow(PointerAt(file_.Handle(), place))
+                                  : Crack(place.start, place.size));
+}
+
 void JetTable::TakePage(const std::function<void(const RawRow &)> &take) {
-    MdbHandle *handle = file_.Handle();
-    const int rows = RowsOnPage(handle);
+    const int rows = RowsOnPage(file_.Handle());
     for (int i = 0; i < rows; ++i) {
-        const Place place = FindPlace(handle, i);
-        if (place.flags & kMovedOrDeleted) continue;
-        if (++taken_ > table_->num_rows) throw Damaged("a table has more rows than its definition says");
-        take(place.flags & kIsPointer ? Follow(PointerAt(handle, place)) : Crack(place.start, place.size));
+        TakeRow(i, take);
+        if (taken_ > table_->num_rows) throw Damaged("a table has more rows than its definition says");
     }
+}
+
+// The rows of the page in the library's first buffer; the number of those that cannot be read.
+int JetTable::TakeReadable(const std::function<void(const RawRow &)> &take) {
+    int lost = 0;
+    try {
+        const int rows = RowsOnPage(file_.Handle());
+        for (int i = 0; i < rows; ++i) {
+            try {
+                TakeRow(i, take);
+            } catch (const Damaged &) {
+                ++lost;
+            }
+        }
+    } catch (const Damaged &) {
+        ++lost;
+    }
+    return lost;
+}
+
+// The library's way over the pages may be damaged, so that every page is looked at.
+int JetTable::ForEachReadableRow(const std::function<void(const RawRow &)> &take) {
+    MdbHandle *handle = file_.Handle();
+    int lost = 0;
+    taken_ = 0;
+    for (std::uint32_t page = 1; page < file_.Pages(); ++page)
+        if (mdb_read_pg(handle, page) == static_cast<ssize_t>(handle->fmt->pg_size) &&
+            BelongsTo(handle, *entry_))
+            lost += TakeReadable(take);
+    const auto missing = static_cast<std::int64_t>(table_->num_rows) - taken_;
+    return static_cast<int>(std::clamp<std::int64_t>(missing, lost, 1 << 30));
 }
 
 void JetTable::ForEachRow(const std::function<void(const RawRow &)> &take) {

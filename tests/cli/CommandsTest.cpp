@@ -39,6 +39,11 @@ protected:
         return Path(name);
     }
 
+    void Execute(const QString &map, const QStringList &statements) {
+        storage::Database database = storage::OpenDatabase(map);
+        for (const QString &sql : statements) database.Execute(sql);
+    }
+
     QString out, err;
 
 private:
@@ -49,7 +54,7 @@ private:
 
 TEST_F(CommandsTest, HelpTellsOfEveryCommand) {
     EXPECT_EQ(Run({"--help"}), cli::kGood);
-    for (const char *name : {"info", "check", "convert", "picture"})
+    for (const char *name : {"info", "check", "repair", "convert", "picture"})
         EXPECT_TRUE(out.contains(QLatin1String(name)));
 }
 
@@ -65,7 +70,8 @@ TEST_F(CommandsTest, AMisunderstoodCommandLineIsOneLineAndEndsWithTwo) {
                                          {"info", ""},
                                          {"convert", "a", ""},
                                          {"picture", "a", "--all", ""},
-                                         {"convert", "a"}}) {
+                                         {"convert", "a"},
+                                         {"repair", "a"}}) {
         EXPECT_EQ(Run(arguments), cli::kUsage) << arguments.join(QLatin1Char(' ')).toStdString();
         EXPECT_EQ(err.count(QLatin1Char('\n')), 1);
         EXPECT_TRUE(out.isEmpty());
@@ -91,7 +97,11 @@ TEST_F(CommandsTest, EachThingThatCannotBeReadOrWrittenIsOneLine) {
     const std::pair<QStringList, const char *> rows[] = {
         {{"info", Path(".")}, "#3051"},
         {{"info", text}, "#3343"},
-        {{"check", cut}, "#3049"},
+        {{"info", cut}, "#3049"},
+        {{"check", text}, "#3343"},
+        {{"check", Path("missing.map")}, "#3024"},
+        {{"repair", text, Path("new.map")}, "#3343"},
+        {{"repair", map, Path("no/folder/new.map")}, "#76"},
         {{"convert", Path("missing.map"), Path("new.map")}, "#3024"},
         {{"convert", map, Path(".")}, "#75"},
         {{"convert", map, Path("no/folder/new.map")}, "#76"},
@@ -144,38 +154,90 @@ TEST_F(CommandsTest, ConvertWritesAMapThatSaysTheSame) {
     EXPECT_EQ(out, "The former file was kept as plan.map.bak\n");
 }
 
-TEST_F(CommandsTest, CheckTellsWhatIsWrong) {
+TEST_F(CommandsTest, CheckTellsWhatIsWrongWithEachCell) {
     const QString map = Map("plan.map");
     EXPECT_EQ(Run({"check", map}), cli::kGood) << out.toStdString();
     EXPECT_EQ(out, "nothing wrong\n");
-    {
-        storage::Database database = storage::OpenDatabase(map);
-        database.Execute(QStringLiteral("INSERT INTO [Nodes] ([Key], [Slice]) VALUES ('x', 77)"));
-        database.Execute(QStringLiteral("INSERT INTO [LinkPoints] VALUES (0, 'no link', 1, 1)"));
-        database.Execute(QStringLiteral("UPDATE [Nodes] SET [Left]='far' WHERE [Key]='x'"));
-        database.Execute(QStringLiteral("UPDATE [Slices] SET [Picture]='gone' WHERE [Index]=0"));
-        database.Execute(QStringLiteral("INSERT INTO [Hyperlinks] VALUES ('x', '', 1, 'nobody')"));
-    }
+    Execute(map, {"INSERT INTO [Nodes] ([Key], [Slice]) VALUES ('x', 77)",
+                  "INSERT INTO [LinkPoints] VALUES (0, 'no link', 1, 1)",
+                  "UPDATE [Nodes] SET [Left]='far', [Width]=1e30, [Shape]=99, [Font]='none' WHERE [Key]='x'",
+                  "UPDATE [Slices] SET [Picture]='gone' WHERE [Index]=0",
+                  "INSERT INTO [Pictures] VALUES ('p', x'00112233')",
+                  "INSERT INTO [Hyperlinks] VALUES ('x', '', 1, 'nobody')"});
+    const QByteArray before = support::ReadWholeFile(map);
     EXPECT_EQ(Run({"check", map}), cli::kFailed);
-    EXPECT_TRUE(out.contains(QStringLiteral("1 nodes on a slice that does not exist")));
-    EXPECT_TRUE(out.contains(QStringLiteral("1 bend points of a link that does not exist")));
-    EXPECT_TRUE(out.contains(QStringLiteral("1 texts in Nodes where a number belongs")));
-    EXPECT_TRUE(out.contains(QStringLiteral("1 slices with a picture that does not exist")));
-    EXPECT_TRUE(out.contains(QStringLiteral("1 hyperlinks to a node that does not exist")));
-    EXPECT_EQ(Run({"check", tests::Data(QStringLiteral("jet/notjet.mdb"))}), cli::kFailed);
-    EXPECT_TRUE(err.contains(QStringLiteral("#3343")));
+    EXPECT_EQ(out.toStdString(), "Nodes x, Left: 'far' is no number\n"
+                                 "Nodes x, Width: 1e+30 is out of range\n"
+                                 "Nodes x, Shape: 99 is out of range\n"
+                                 "Pictures p, Picture: 4 bytes that are no picture\n"
+                                 "Nodes x, Slice: there is no slice 77\n"
+                                 "Nodes x, Font: there is no 'none'\n"
+                                 "Slices 0, Picture: there is no 'gone'\n"
+                                 "LinkPoints no link: 1 points of a link that does not exist\n"
+                                 "Hyperlinks x, Node: there is no node 'nobody'\n");
+    EXPECT_EQ(support::ReadWholeFile(map), before);
 }
 
 TEST_F(CommandsTest, CheckTellsWhatIsWrongWithAMapThatDoesNotLoad) {
     const QString map = Map("plan.map");
-    storage::OpenDatabase(map).Execute(QStringLiteral("UPDATE [Nodes] SET [Left]='far' WHERE [Slice]=0"));
+    Execute(map, {"UPDATE [Nodes] SET [Left]='far' WHERE [Slice]=0"});
     EXPECT_EQ(Run({"check", map}), cli::kFailed);
-    EXPECT_TRUE(out.contains(QStringLiteral("texts in Nodes where a number belongs")));
+    EXPECT_TRUE(out.contains(QStringLiteral(", Left: 'far' is no number")));
     EXPECT_EQ(err, "velmora-cli: Type mismatch (Error #13)\n");
-    storage::OpenDatabase(map).Execute(QStringLiteral("DROP TABLE [Links]"));
+    Execute(map, {"DROP TABLE [Links]"});
     EXPECT_EQ(Run({"check", map}), cli::kFailed);
-    EXPECT_EQ(out, "");
+    EXPECT_TRUE(out.contains(QStringLiteral("Links: the table cannot be read")));
     EXPECT_EQ(err.count(QLatin1Char('\n')), 1);
+}
+
+TEST_F(CommandsTest, CheckFindsNothingWrongWithAMapWithoutPicturesOrWithoutAnything) {
+    for (const char *name : {"empty.map", "one.map"}) {
+        document::CreateEmptyMap(Path(name));
+        if (QByteArray(name) == "one.map")
+            Execute(Path(name), {"INSERT INTO [Slices] ([Index], [Text]) VALUES (0, 's')",
+                                 "INSERT INTO [Nodes] ([Key], [Slice]) VALUES ('n', 0)"});
+        EXPECT_EQ(Run({"check", Path(name)}), cli::kGood) << err.toStdString();
+        EXPECT_EQ(out, "nothing wrong\n");
+    }
+}
+
+TEST_F(CommandsTest, AnOldMapIsReadAndStaysAsItIs) {
+    const QString map = Map("plan.map");
+    Execute(map, {"ALTER TABLE [Nodes] DROP COLUMN [Alignment]", "ALTER TABLE [Slices] DROP COLUMN [xZoom]",
+                  "ALTER TABLE [Slices] DROP COLUMN [yZoom]"});
+    const QByteArray before = support::ReadWholeFile(map);
+    EXPECT_EQ(Run({"check", map}), cli::kGood) << err.toStdString() << out.toStdString();
+    EXPECT_EQ(out, "nothing wrong\n");
+    EXPECT_EQ(Run({"info", map, "--json"}), cli::kGood) << err.toStdString();
+    const QJsonObject info = QJsonDocument::fromJson(out.toUtf8()).object();
+    EXPECT_EQ(info["file"].toString(), map);
+    EXPECT_EQ(info["slices"].toArray().size(), 3);
+    EXPECT_EQ(Run({"picture", map, Path("one.svg")}), cli::kGood) << err.toStdString();
+    EXPECT_EQ(support::ReadWholeFile(map), before);
+}
+
+TEST_F(CommandsTest, RepairWritesAMapThatLoadsAndTellsOfEachChange) {
+    const QString map = Map("plan.map");
+    Execute(map,
+            {"UPDATE [Nodes] SET [Width]=1e30 WHERE rowid=1", "UPDATE [Nodes] SET [Slice]=9 WHERE rowid=2"});
+    EXPECT_EQ(Run({"info", map}), cli::kFailed);
+    EXPECT_EQ(Run({"repair", map, Path("good.map")}), cli::kGood) << err.toStdString();
+    EXPECT_TRUE(out.contains(QStringLiteral(", Width: 1e+30 is out of range; set to 100000000\n")));
+    EXPECT_TRUE(out.contains(QStringLiteral("there is no slice 9; kept on the slice of loose items\n")));
+    EXPECT_EQ(Run({"check", Path("good.map")}), cli::kGood) << out.toStdString();
+    Run({"info", Path("good.map"), "--json"});
+    const QJsonArray slices = QJsonDocument::fromJson(out.toUtf8()).object()["slices"].toArray();
+    ASSERT_EQ(slices.size(), 4);
+    EXPECT_EQ(slices[3].toObject()["name"].toString(), "Loose items");
+    // A sound one comes out as it is; the former file is kept.
+    EXPECT_EQ(Run({"repair", kPlan, Path("good.map")}), cli::kGood);
+    EXPECT_EQ(out, "nothing wrong\nThe former file was kept as good.map.bak\n");
+    EXPECT_EQ(Run({"repair", Path("good.map"), Path("good.map")}), cli::kGood) << "onto itself";
+}
+
+TEST_F(CommandsTest, PictureRefusesAnUnknownEndingBeforeItLoads) {
+    EXPECT_EQ(Run({"picture", Path("missing.map"), Path("x.doc")}), cli::kFailed);
+    EXPECT_TRUE(err.contains(QStringLiteral("Unknown kind of picture"))) << err.toStdString();
 }
 
 TEST_F(CommandsTest, PictureWritesOneSliceInEachForm) {

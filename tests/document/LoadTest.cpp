@@ -2,6 +2,7 @@
 #include "diagram/model/Surface.h"
 #include "document/DefaultNodes.h"
 #include "document/MemoryGuard.h"
+#include "document/RepairMap.h"
 #include "document/Tags.h"
 #include "support/AtomicFile.h"
 #include "support/clsGUID.h"
@@ -361,7 +362,17 @@ struct BadMap {
 
 QString Update(const char *sql) { return QString::fromLatin1(sql); }
 
-// Each on top of two slices, two nodes, a link between them, and a font.
+// Two slices, two nodes, a link between them, and a font.
+QStringList SoundMap() {
+    return {InsertSlice(0, QStringLiteral("s")),
+            InsertSlice(1, QStringLiteral("t")),
+            InsertNode(QStringLiteral("a")),
+            InsertNode(QStringLiteral("b")),
+            InsertLink(QStringLiteral("l"), QStringLiteral("a"), QStringLiteral("b")),
+            QStringLiteral("INSERT INTO [Fonts] VALUES ('f', 'Arial', 8, 0, 0, 0, 0)")};
+}
+
+// Each on top of that.
 std::vector<BadMap> BadMaps() {
     const QString a = QStringLiteral("a"), l = QStringLiteral("l");
     return {
@@ -435,16 +446,10 @@ std::vector<BadMap> BadMaps() {
 } // namespace
 
 TEST_F(LoadTest, EachBadMapGivesItsErrorAndLeavesAWindowThatWorks) {
-    const QStringList sound{InsertSlice(0, QStringLiteral("s")),
-                            InsertSlice(1, QStringLiteral("t")),
-                            InsertNode(QStringLiteral("a")),
-                            InsertNode(QStringLiteral("b")),
-                            InsertLink(QStringLiteral("l"), QStringLiteral("a"), QStringLiteral("b")),
-                            QStringLiteral("INSERT INTO [Fonts] VALUES ('f', 'Arial', 8, 0, 0, 0, 0)")};
     for (const BadMap &bad : BadMaps()) {
         SCOPED_TRACE(bad.what);
         QFile::remove(MapFile(QStringLiteral("a.map")));
-        const QString path = Map(sound + bad.statements);
+        const QString path = Map(SoundMap() + bad.statements);
         const support::Error error = ErrorOfLoading(path);
         EXPECT_EQ(error.Number(), bad.number) << error.what();
         EXPECT_TRUE(error.Source().endsWith(QStringLiteral("DoLoad")));
@@ -457,6 +462,27 @@ TEST_F(LoadTest, EachBadMapGivesItsErrorAndLeavesAWindowThatWorks) {
         SaveAs(*window_, MapFile(QStringLiteral("elsewhere.map")));
         DoLoad(*window_);
         EXPECT_EQ(window_->caption, "Velmora - elsewhere.map");
+    }
+}
+
+TEST_F(LoadTest, EachBadMapIsRepairedIntoOneThatLoadsWithAllItsNodesAndHasNothingWrong) {
+    for (const BadMap &bad : BadMaps()) {
+        SCOPED_TRACE(bad.what);
+        for (const char *name : {"a.map", "repaired.map", "again.map"})
+            QFile::remove(MapFile(QLatin1String(name)));
+        const QString path = Map(SoundMap() + bad.statements);
+        const QByteArray before = support::ReadWholeFile(path);
+        const QString repaired = MapFile(QStringLiteral("repaired.map"));
+        EXPECT_FALSE(RepairMap(path, repaired).IsClean());
+        EXPECT_EQ(support::ReadWholeFile(path), before);
+        EXPECT_EQ(ErrorOfLoading(repaired).Number(), 0);
+        int nodes = 0;
+        for (const int index : window_->AddFlow1().Indices())
+            nodes += window_->AddFlow1()[index].Nodes().Count();
+        EXPECT_GE(nodes, QByteArray(bad.what) == "no table of nodes" ? 0 : 2);
+        const RepairReport again = RepairMap(repaired, MapFile(QStringLiteral("again.map")));
+        for (const Repair &repair : again.repairs) ADD_FAILURE() << RepairText(repair).toStdString();
+        EXPECT_TRUE(again.lost.isEmpty());
     }
 }
 

@@ -1,6 +1,7 @@
 // velmora-jetread SOURCE TARGET: reads the Jet file SOURCE and writes its tables into the new database
-// TARGET. The exit code tells the result; a program of its own, because the library may crash or hang on a
-// damaged file.
+// TARGET. With --salvage in front: what can be read of them, going on behind the last table that TARGET has.
+// The exit code tells the result; a program of its own, because the library may crash or hang on a damaged
+// file.
 #include "storage/jet/CopyTables.h"
 #include "storage/jet/ExitCodes.h"
 #include "storage/jet/Failure.h"
@@ -8,6 +9,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <QFile>
 #include <sqlite3.h>
 #include <SQLiteCpp/Exception.h>
@@ -21,10 +23,10 @@ int Fail(int code, const char *what) {
     return code;
 }
 
-int Read(const QString &source, const QString &target) {
+int Read(const QString &source, const QString &target, bool salvage) {
     try {
-        JetFile file(source);
-        CopyTables(file, target);
+        JetFile file(source, salvage ? Reading::WhatCanBeRead : Reading::Whole);
+        salvage ? CopyWhatCanBeRead(file, target) : CopyTables(file, target);
         return kExitDone;
     } catch (const NotRecognised &error) {
         return Fail(kExitNotRecognised, error.what());
@@ -41,8 +43,10 @@ int Read(const QString &source, const QString &target) {
 int main(int count, char **arguments) {
     constexpr qint64 kMemory = qint64(1) << 30;
     constexpr int kSeconds = 30;
-    if (count != 3) return Fail(1, "two paths are needed");
+    const bool salvage = count > 1 && std::strcmp(arguments[1], "--salvage") == 0;
+    if (count != 3 + salvage) return Fail(1, "two paths are needed");
     support::LimitProcess(kMemory, kSeconds);
     for (const char *name : {"MDBICONV", "MDBOPTS", "MDBPATH", "MDB_JET3_CHARSET"}) qunsetenv(name);
-    return Read(QFile::decodeName(arguments[1]), QFile::decodeName(arguments[2]));
+    return Read(QFile::decodeName(arguments[1 + salvage]), QFile::decodeName(arguments[2 + salvage]),
+                salvage);
 }

@@ -1,0 +1,198 @@
+#include "storage/Salvage.h"
+
+#include "storage/DatabaseState.h"
+#include "storage/EngineError.h"
+#include "storage/FileForm.h"
+#include "storage/JetImport.h"
+#include "storage/SalvageCopy.h"
+#include "storage/TableScan.h"
+#include "storage/text/FieldTypes.h"
+#include "support/PrivateFolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace storage {
+
+namespace {
+
+const QString kPurpose = QStringLiteral("salvage");
+constexpr int kMostLines = 1000; // of one table
+
+std::shared_ptr<Connection> InMemory(const QString &name) {
+    return std::make_shared<Connection>(QStringLiteral(":memory:"),
+                                        SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, name);
+}
+
+// The table's columns as the file names them; none when there is no such table or nobody can read of it.
+QStringList ColumnsOf(Connection &from, const QString &table) {
+    try {
+        const Statement any =
+            from.Prepare(QStringLiteral("SELECT _rowid_, * FROM %1").arg(QuotedName(table)));
+        QStringList columns;
+        for (int i = 1; i < sqlite3_column_count(any.get()); ++i)
+            columns += QString::fromUtf8(sqlite3_column_name(any.get(), i));
+        return columns;
+    } catch (const support::Error &) {
+        return {};
+    }
+}
+
+// Fills one table of the copy.
+class TableCopy {
+public:
+    // The columns have no type, so that cells stay as they are.
+    TableCopy(Connection &to, const QString &table, const QStringList &columns)
+        : to_(to), width_(static_cast<int>(columns.size())) {
+        QStringList names, marks{QStringLiteral("?")};
+        for (const QString &column : columns) {
+            names += QuotedName(column);
+            marks += QStringLiteral("?");
+        }
+        to.Run(QStringLiteral("CREATE TABLE %1 (%2)").arg(QuotedName(table), names.join(QLatin1Char(','))));
+        insert_ = to.Prepare(
+            QStringLiteral("INSERT OR IGNORE INTO %1 (_rowid_, %2) VALUES (%3)")
+                .arg(QuotedName(table), names.join(QLatin1Char(',')), marks.join(QLatin1Char(','))));
+    }
+
+    void TakeRow(sqlite3_int64 number, sqlite3_stmt *row) {
+        for (int i = 1; i <= width_; ++i)
+            sqlite3_bind_value(insert_.get(), i + 1, sqlite3_column_value(row, i));
+        Insert(number);
+    }
+    void TakeCell(sqlite3_int64 number, int column, sqlite3_stmt *cell) {
+        if (column < 0) return Insert(number);
+        sqlite3_bind_value(insert_.get(), column + 2, sqlite3_column_value(cell, 1));
+    }
+
+private:
+    void Insert(sqlite3_int64 number) {
+        sqlite3_bind_int64(insert_.get(), 1, number);
+        to_.RunToEnd(insert_.get(), QString());
+        sqlite3_reset(insert_.get());
+        sqlite3_clear_bindings(insert_.get());
+    }
+
+    Connection &to_;
+    int width_;
+    Statement insert_;
+};
+
+// The lines of what one table lost.
+class Losses {
+public:
+    Losses(const QString &table, QStringList &lines) : table_(table), lines_(lines) {}
+
+    void Rows(const TableScan::Range &range) {
+        if (range.low == range.high)
+            Add(QStringLiteral("row %1 cannot be read").arg(range.low));
+        else
+            Add(QStringLiteral("rows %1 to %2 cannot be read").arg(range.low).arg(range.high));
+    }
+    void Cell(sqlite3_int64 row, const QString &column) {
+        Add(QStringLiteral("row %1, %2: the value cannot be read").arg(row).arg(column));
+    }
+
+private:
+    void Add(const QString &what) {
+        if (++count_ > kMostLines) return;
+        lines_ += count_ < kMostLines ? table_ + QStringLiteral(", ") + what
+                                      : table_ + QStringLiteral(", and more that cannot be read");
+    }
+
+    QString table_;
+    QStringList &lines_;
+    int count_ = 0;
+};
+
+// The rows that can be read; those that lack cells come with the cells that they have.
+void CopyTable(Connection &from, Connection &to, const QString &table, const QStringList &columns,
+               sqlite3_int64 most, QStringList &lost) {
+    TableCopy copy(to, table, columns);
+    Losses losses(table, lost);
+    TableScan scan(from, table, columns, most);
+    int next = 0; // the column that comes after those that were read
+    const auto skipTo = [&](sqlite3_int64 number, int column) {
+        for (; next < column; ++next) losses.Cell(number, columns[next]);
+    };
+    scan.Run([&](sqlite3_int64 number, sqlite3_stmt *row) { copy.TakeRow(number, row); },
+             [&](sqlite3_int64 number, int column, sqlite3_stmt *cell) {
+                 skipTo(number, column < 0 ? static_cast<int>(columns.size()) : column);
+                 next = column + 1;
+                 copy.TakeCell(number, column, cell);
+             });
+    for (const TableScan::Range &range : scan.Lost()) losses.Rows(range);
+}
+
+// The tables that the connection has among those named.
+int CopyTables(Connection &from, Connection &to, const QStringList &tables, sqlite3_int64 most,
+               QStringList &lost) {
+    int found = 0;
+    for (const QString &table : tables) {
+        const QStringList columns = ColumnsOf(from, table);
+        if (columns.isEmpty()) continue;
+        ++found;
+        CopyTable(from, to, table, columns, most, lost);
+    }
+    return found;
+}
+
+std::unique_ptr<Database::State> StateOf(std::shared_ptr<Connection> connection, const QString &name) {
+    auto state = std::make_unique<Database::State>();
+    state->connection = std::move(connection);
+    state->name = name;
+    state->isNative = false;
+    return state;
+}
+
+std::shared_ptr<Connection> ReadNative(const QString &path, const QStringList &tables, const QString &model,
+                                       QStringList &lost) {
+    constexpr int kSmallestRow = 4; // bytes
+    const support::PrivateFolder folder(kPurpose);
+    for (const bool isMended : {false, true}) {
+        if (isMended && model.isEmpty()) break;
+        const SalvageCopy copy(path, folder.Path(), isMended ? model : QString());
+        auto memory = InMemory(path);
+        memory->Run(QStringLiteral("BEGIN"));
+        QStringList lines;
+        if (isMended)
+            lines += QStringLiteral("the file's first page cannot be read; an empty map's stands for it");
+        if (CopyTables(copy.Open(), *memory, tables, QFileInfo(path).size() / kSmallestRow, lines) == 0)
+            continue;
+        memory->Run(QStringLiteral("COMMIT"));
+        lost += lines;
+        return memory;
+    }
+    throw DamagedDatabase(path);
+}
+
+// Whether a file whose first page is of no use has pages of tables behind it.
+bool MayBeNative(const QString &path) {
+    constexpr int kPage = 4096;
+    constexpr int kLooked = 4;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() < kPage * (kLooked + 1)) return false;
+    for (int page = 1; page <= kLooked; ++page) {
+        char kind = 0;
+        if (!file.seek(qint64(page) * kPage) || !file.getChar(&kind) || (kind != 0x05 && kind != 0x0D))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+void SweepSalvageFolders() { support::SweepPrivateFolders(kPurpose); }
+
+Salvaged SalvageDatabase(const QString &path, const QStringList &tables, const QString &model) {
+    const QString name =
+        QDir::toNativeSeparators(QFileInfo(QDir::fromNativeSeparators(path)).absoluteFilePath());
+    QStringList lost;
+    const FileForm form = RecogniseFile(name);
+    if (form == FileForm::Unknown && !MayBeNative(name)) throw UnrecognizedFormat(name);
+    auto memory = form == FileForm::Jet ? SalvageJet(name, lost) : ReadNative(name, tables, model, lost);
+    return {Database(StateOf(std::move(memory), name)), lost};
+}
+
+} // namespace storage
