@@ -4,6 +4,8 @@
 
 #include "diagram/model/Item.h"
 
+#include <algorithm>
+#include <functional>
 #include <memory>
 #include <QRectF>
 #include <utility>
@@ -15,6 +17,14 @@ struct FloatBox {
     float left = 0, top = 0, right = 0, bottom = 0;
     bool HasInside() const { return left < right && top < bottom; }
     QRectF Rect() const { return QRectF(QPointF(left, top), QPointF(right, bottom)); }
+    bool Touches(const FloatBox &other) const {
+        return !(right < other.left || left > other.right || bottom < other.top || top > other.bottom);
+    }
+    friend bool operator==(const FloatBox &, const FloatBox &) = default;
+    void Unite(const FloatBox &other) {
+        left = std::min(left, other.left), top = std::min(top, other.top);
+        right = std::max(right, other.right), bottom = std::max(bottom, other.bottom);
+    }
 };
 
 class BoxIndex {
@@ -29,6 +39,9 @@ public:
     void Insert(const FloatBox &box, ItemId id);
     void Remove(const FloatBox &box, ItemId id); // the box must be that with which it came in
     std::size_t Size() const;
+    FloatBox Bounds() const; // of all, if there is any
+    // Calls `visit` with what touches `area`, in any order. The index must not be changed meanwhile.
+    void Visit(const FloatBox &area, const std::function<void(const Entry &)> &visit) const;
     // Appends what touches `area`, in any order.
     void Find(const QRectF &area, std::vector<Entry> &found) const;
 

@@ -1,15 +1,13 @@
 #include "diagram/scene/Scene.h"
 
 #include "diagram/model/AnyItem.h"
+#include "diagram/model/BoxIndex.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/shapes/Measures.h"
 #include "diagram/shapes/Shapes.h"
 
 #include <algorithm>
-#include <boost/geometry.hpp>
-#include <boost/geometry/index/rtree.hpp>
-#include <boost/iterator/function_output_iterator.hpp>
 #include <cmath>
 #include <limits>
 #include <QPolygonF>
@@ -17,12 +15,6 @@
 namespace diagram {
 
 namespace {
-
-namespace bg = boost::geometry;
-using Corner = bg::model::point<float, 2, bg::cs::cartesian>;
-using Box = bg::model::box<Corner>;
-using Entry = std::pair<Box, Item *>;
-using Tree = bg::index::rtree<Entry, bg::index::quadratic<16>>;
 
 constexpr std::size_t kMostAreas = 256; // more damage than that is everything
 constexpr std::size_t kFewItems = 64;
@@ -38,13 +30,8 @@ float Above(double value) {
     return double(near) >= value ? near : std::nextafter(near, std::numeric_limits<float>::infinity());
 }
 
-Box ToBox(const QRectF &rect) {
-    return {Corner(Below(rect.left()), Below(rect.top())), Corner(Above(rect.right()), Above(rect.bottom()))};
-}
-
-QRectF ToRect(const Box &box) {
-    return QRectF(QPointF(box.min_corner().get<0>(), box.min_corner().get<1>()),
-                  QPointF(box.max_corner().get<0>(), box.max_corner().get<1>()));
+FloatBox ToBox(const QRectF &rect) {
+    return {Below(rect.left()), Below(rect.top()), Above(rect.right()), Above(rect.bottom())};
 }
 
 // A straight piece of a way, whose start counts if the way comes from further back: its end is the next one's
@@ -90,9 +77,10 @@ bool JumpsOver(const Link &link, const Link &other) {
 struct Scene::State {
     enum Flag : std::uint8_t { kIndexed = 1, kDirty = 2, kLoose = 4 };
 
-    Tree tree;
+    BoxIndex tree;
     std::vector<Item *> loose;
-    std::vector<Box> boxes; // as indexed
+    std::vector<Item *> items;   // in the tree, or loose
+    std::vector<FloatBox> boxes; // as indexed
     std::vector<std::uint8_t> flags;
     std::vector<ItemId> dirty;
     bool built = false;
@@ -104,6 +92,7 @@ struct Scene::State {
         if (id < flags.size()) return;
         flags.resize(std::max<std::size_t>(id + 1, flags.size() + flags.size() / 2));
         boxes.resize(flags.size());
+        items.resize(flags.size());
     }
 
     void AddDamage(const QRectF &area) {
@@ -123,7 +112,7 @@ struct Scene::State {
         if (flags[id] & kDirty) return;
         flags[id] |= kDirty;
         dirty.push_back(id);
-        if (flags[id] & kIndexed) AddDamage(ToRect(boxes[id]));
+        if (flags[id] & kIndexed) AddDamage(boxes[id].Rect());
     }
 
     void Unindex(Item &item) {
@@ -131,14 +120,14 @@ struct Scene::State {
         if (Is(item.Id(), kLoose)) {
             std::erase(loose, &item);
         } else {
-            tree.remove(Entry(boxes[item.Id()], &item));
+            tree.Remove(boxes[item.Id()], item.Id());
         }
         flags[item.Id()] &= std::uint8_t(~(kIndexed | kLoose));
     }
 
     void MakeLoose(Item &item) {
         if (Is(item.Id(), kLoose)) return;
-        tree.remove(Entry(boxes[item.Id()], &item));
+        tree.Remove(boxes[item.Id()], item.Id());
         flags[item.Id()] |= kLoose;
         loose.push_back(&item);
     }
@@ -146,32 +135,32 @@ struct Scene::State {
     void BindLoose() {
         for (Item *item : loose) {
             flags[item->Id()] &= std::uint8_t(~kLoose);
-            tree.insert(Entry(boxes[item->Id()], item));
+            tree.Insert(boxes[item->Id()], item->Id());
         }
         loose.clear();
     }
 
     // Calls `visit` with each indexed item whose bounds touch the box.
     template <typename Visit>
-    void Query(const Box &box, Visit visit) const {
-        tree.query(bg::index::intersects(box),
-                   boost::make_function_output_iterator([&](const Entry &entry) { visit(*entry.second); }));
+    void Query(const FloatBox &box, Visit visit) const {
+        tree.Visit(box, [&](const BoxIndex::Entry &entry) { visit(*items[entry.second]); });
         for (Item *item : loose)
-            if (bg::intersects(boxes[item->Id()], box)) visit(*item);
+            if (boxes[item->Id()].Touches(box)) visit(*item);
     }
 
     QRectF Extent() const {
-        if (tree.empty() && loose.empty()) return {};
-        Box all = tree.empty() ? boxes[loose.front()->Id()] : tree.bounds();
-        for (const Item *item : loose) bg::expand(all, boxes[item->Id()]);
-        return ToRect(all);
+        if (tree.Size() == 0 && loose.empty()) return {};
+        FloatBox all = tree.Size() == 0 ? boxes[loose.front()->Id()] : tree.Bounds();
+        for (const Item *item : loose) all.Unite(boxes[item->Id()]);
+        return all.Rect();
     }
 
     void Forget() {
-        tree.clear();
+        tree.Clear();
         loose.clear();
         flags.clear();
         boxes.clear();
+        items.clear();
         dirty.clear();
         built = false;
         DamageAll();
@@ -188,44 +177,47 @@ struct Scene::State {
 
 void Scene::State::Build(Surface &surface) {
     Forget();
-    std::vector<Entry> entries;
+    std::vector<BoxIndex::Entry> entries;
     entries.reserve(std::size_t(surface.Nodes().Count()) + surface.Links().size());
     flags.resize(surface.NextId());
     boxes.resize(surface.NextId());
+    items.resize(surface.NextId());
     const auto add = [&](Item &item) {
         if (IsHidden(item)) return;
-        const Box box = ToBox(PaintBounds(item, surface.Measure()));
+        const FloatBox box = ToBox(PaintBounds(item, surface.Measure()));
         boxes[item.Id()] = box;
+        items[item.Id()] = &item;
         flags[item.Id()] = kIndexed;
-        entries.emplace_back(box, &item);
+        entries.emplace_back(box, item.Id());
     };
     for (Node &node : surface.Nodes()) add(node);
     for (const auto &link : surface.Links()) add(*link);
-    tree = Tree(entries.begin(), entries.end());
+    tree.Build(entries);
     built = true;
 }
 
 void Scene::State::Reindex(Surface &surface, Item &item) {
     const ItemId id = item.Id();
     flags[id] &= std::uint8_t(~kDirty);
-    const Box box = ToBox(PaintBounds(item, surface.Measure()));
-    const bool stays = Is(id, kIndexed) && !IsHidden(item) && ToRect(boxes[id]) == ToRect(box);
+    const FloatBox box = ToBox(PaintBounds(item, surface.Measure()));
+    const bool stays = Is(id, kIndexed) && !IsHidden(item) && boxes[id].Rect() == box.Rect();
     if (stays) return;
     if (IsHidden(item)) return Unindex(item);
     if (Is(id, kIndexed)) {
         MakeLoose(item);
     } else {
-        tree.insert(Entry(box, &item));
+        tree.Insert(box, id);
     }
     boxes[id] = box;
+    items[id] = &item;
     flags[id] |= kIndexed;
-    AddDamage(ToRect(box));
+    AddDamage(box.Rect());
 }
 
 // Many changed items are cheaper to index anew with all the others.
 void Scene::State::Update(Surface &surface) {
     surface.SettleWays();
-    if (!built || (dirty.size() > kFewItems && dirty.size() > (tree.size() + loose.size()) / 4))
+    if (!built || (dirty.size() > kFewItems && dirty.size() > (tree.Size() + loose.size()) / 4))
         return Build(surface);
     // By position: routing, and so a new entry, may come from looking at an item.
     for (std::size_t i = 0; i < dirty.size(); ++i) {
@@ -255,13 +247,13 @@ void Scene::ItemChanged(Item &item, Change what) {
     if ((std::uint32_t(what) & std::uint32_t(kMoves)) != 0) {
         state_->MarkDirty(item.Id());
     } else if (Has(what, Change::Stacking)) {
-        if (state_->Is(item.Id(), State::kIndexed)) state_->AddDamage(ToRect(state_->boxes[item.Id()]));
+        if (state_->Is(item.Id(), State::kIndexed)) state_->AddDamage(state_->boxes[item.Id()].Rect());
     }
 }
 
 void Scene::ItemRemoved(Item &item) {
     if (!state_->built) return;
-    if (state_->Is(item.Id(), State::kIndexed)) state_->AddDamage(ToRect(state_->boxes[item.Id()]));
+    if (state_->Is(item.Id(), State::kIndexed)) state_->AddDamage(state_->boxes[item.Id()].Rect());
     state_->Unindex(item);
     if (item.Id() < state_->flags.size()) state_->flags[item.Id()] = 0;
 }
@@ -276,9 +268,9 @@ void Scene::Cleared() { state_->Forget(); }
 void Scene::ItemsIn(const QRectF &area, std::vector<Item *> &items) {
     state_->Update(surface_);
     const auto start = items.size();
-    const Box query = ToBox(area.normalized());
+    const FloatBox query = ToBox(area.normalized());
     const QRectF extent = state_->Extent();
-    if (!extent.isNull() && ToRect(query).contains(extent)) {
+    if (!extent.isNull() && query.Rect().contains(extent)) {
         std::ranges::copy_if(surface_.StackingOrder(), std::back_inserter(items),
                              [](const Item *item) { return !IsHidden(*item); });
         return;
@@ -299,8 +291,8 @@ void Scene::ItemsIn(const QRectF &area, std::vector<Item *> &items) {
 
 QRectF Scene::Bounds(const Item &item) {
     state_->Update(surface_);
-    if (state_->Is(item.Id(), State::kIndexed)) return ToRect(state_->boxes[item.Id()]);
-    return ToRect(ToBox(PaintBounds(item, surface_.Measure())));
+    if (state_->Is(item.Id(), State::kIndexed)) return state_->boxes[item.Id()].Rect();
+    return ToBox(PaintBounds(item, surface_.Measure())).Rect();
 }
 
 QRectF Scene::Extent() {
