@@ -9,6 +9,7 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/frmSplash.h"
 #include "mainwindow/StartupSetting.h"
+#include "recovery/LostMaps.h"
 #include "support/Error.h"
 #include "support/Files.h"
 
@@ -49,6 +50,7 @@ frmMain *FirstWindow(support::Desktop &desktop, const StartOptions &options) {
     const double noted = std::floor(desktop.clock.Timer());
     settings::LoadSettings();
     SweepTemporaryFiles(desktop.clock);
+    frmMain::SetJournalsFolder(options.keepJournals ? recovery::JournalsFolder() : QString());
     auto *first = new frmMain(desktop); // deletes itself when it is closed
     if (options.showSplash) WaitForSplash(desktop.clock, noted);
     first->ShowWindow();
@@ -65,9 +67,15 @@ frmMain *Main(support::Desktop &desktop, const StartOptions &options) {
         mainwindow::frmSplash::Unload();
         return nullptr;
     }
+    if (options.keepJournals) OfferLostMaps(*first);
     ProcessCommand(*first, options.commandLine);
     if (options.offerStartup) ProcessStartup(*first, options.commandLine);
     return first;
+}
+
+void OfferLostMaps(frmMain &first) {
+    support::Report("Qz_Source", "OfferLostMaps",
+                    [&] { first.OfferLostMaps(recovery::FindLostMaps(recovery::JournalsFolder())); });
 }
 
 void ProcessCommand(frmMain &first, const QString &commandLine) {

@@ -12,9 +12,10 @@ class frmMain;
 namespace app {
 
 struct StartOptions {
-    QString commandLine;      // all of it, without the program's name
-    bool showSplash = true;   // at least for about a second
-    bool offerStartup = true; // the map of the folder Startup
+    QString commandLine;       // all of it, without the program's name
+    bool showSplash = true;    // at least for about a second
+    bool offerStartup = true;  // the map of the folder Startup
+    bool keepJournals = false; // of what isn't saved, and offer what former runs have left
 };
 
 // Seeds the random generator, shows the splash, reads Settings.nml, opens and shows the first window, then
@@ -22,6 +23,8 @@ struct StartOptions {
 // not be made, which the user has been told then.
 mainwindow::frmMain *Main(support::Desktop &desktop, const StartOptions &options);
 
+// Offers the maps that former runs left unsaved.
+void OfferLostMaps(mainwindow::frmMain &first);
 // Opens the file that the command line names in `first`. The whole line is one path, with or without double
 // quotes; what is no file is dropped without a word.
 void ProcessCommand(mainwindow::frmMain &first, const QString &commandLine);

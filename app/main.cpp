@@ -68,6 +68,7 @@ int Run(const QString &commandLine) {
     options.commandLine = commandLine;
     options.showSplash = !developer.noSplash;
     options.offerStartup = !developer.EndsAfterPaint();
+    options.keepJournals = !developer.EndsAfterPaint();
     mainwindow::frmMain *first = app::Main(desktop.Get(), options);
     if (!first) return kExitFailure;
     app::WatchFirstPaint(*first, developer);

@@ -7,7 +7,7 @@
 
 namespace document {
 
-OwnFiles::Stamp OwnFiles::StampOf(const QString &path) {
+FileStamp OwnFiles::StampOf(const QString &path) {
     const QFileInfo info(path);
     return {info.size(), info.lastModified()};
 }
@@ -22,6 +22,21 @@ void OwnFiles::Saw(const QString &path) { seen_.insert(path, StampOf(path)); }
 bool OwnFiles::ChangedSinceSeen(const QString &path) const {
     const auto found = seen_.constFind(path);
     return found != seen_.constEnd() && QFileInfo::exists(path) && *found != StampOf(path);
+}
+
+std::optional<FileStamp> OwnFiles::Seen(const QString &path) const {
+    const auto found = seen_.constFind(path);
+    return found == seen_.constEnd() ? std::nullopt : std::optional(*found);
+}
+
+bool OwnFiles::IsOwn(const QString &path) const {
+    const auto own = stamps_.constFind(path);
+    return own != stamps_.constEnd() && Seen(path) == *own;
+}
+
+void OwnFiles::TakeUp(const QString &path, const FileStamp &seen, bool own) {
+    seen_.insert(path, seen);
+    if (own) stamps_.insert(path, seen);
 }
 
 void OwnFiles::Forget(const QString &path) { stamps_.remove(path); }

@@ -2,11 +2,19 @@
 // that it read whole in the program's own form, as long as nobody else has written to them since.
 #pragma once
 
+#include <optional>
 #include <QDateTime>
 #include <QHash>
 #include <QString>
 
 namespace document {
+
+// How a file stood at some time.
+struct FileStamp {
+    qint64 size = 0;
+    QDateTime modified;
+    friend bool operator==(const FileStamp &, const FileStamp &) = default;
+};
 
 class OwnFiles {
 public:
@@ -19,15 +27,15 @@ public:
     // Whether somebody else has written to the file since then; false for one that is gone or was never seen.
     bool ChangedSinceSeen(const QString &path) const;
 
-private:
-    struct Stamp {
-        qint64 size = 0;
-        QDateTime modified;
-        friend bool operator==(const Stamp &, const Stamp &) = default;
-    };
-    static Stamp StampOf(const QString &path);
+    // What was noted, to be taken up by another window that goes on with this one's work.
+    std::optional<FileStamp> Seen(const QString &path) const; // none for a file that was never seen
+    bool IsOwn(const QString &path) const;                    // as it was when it was last seen
+    void TakeUp(const QString &path, const FileStamp &seen, bool own);
 
-    QHash<QString, Stamp> stamps_, seen_;
+private:
+    static FileStamp StampOf(const QString &path);
+
+    QHash<QString, FileStamp> stamps_, seen_;
 };
 
 // Copies the file to a new file beside it: its name with .bak behind it, or .1.bak, .2.bak and so on where

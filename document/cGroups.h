@@ -12,6 +12,8 @@ public:
     cGroup *FirstSelectedGroup() const;
     // Adds the groups of template.tpl in the program's folder. Error 3024 when that file is missing.
     void LoadDefaults();
+    // One that was kept together with its key.
+    cGroup &Take(const cGroup &group);
     // A new group, added under its own key.
     cGroup &Create(const QString &name, bool selected);
     // Both take and give lists separated by commas, in the order of the argument. Pieces without a match are

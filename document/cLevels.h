@@ -12,6 +12,8 @@ public:
     cLevel *FirstSelectedLevel() const;
     // Adds the levels of template.tpl in the program's folder. Error 3024 when that file is missing.
     void LoadDefaults();
+    // One that was kept together with its key.
+    cLevel &Take(const cLevel &level);
     // A new level, added under its own key.
     cLevel &Create(const QString &name, bool selected, support::Colour colour);
     // Exact comparisons; empty when nothing matches.

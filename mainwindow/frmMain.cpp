@@ -15,6 +15,7 @@
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/SurfaceSink.h"
 #include "mainwindow/TickBox.h"
+#include "mainwindow/WindowJournal.h"
 #include "timeline/DaysOfStrip.h"
 
 #include <algorithm>
@@ -74,6 +75,7 @@ void frmMain::Form_Load() {
     BuildControls();
     tabStrip_.SetTabStrip(SSTab_ctl_);
     if (!clsSettings_) support::PassOn("Initialize", [this] { Initialize(); });
+    journal_ = WindowJournal::For(*this);
     AddFlow1_.SetWatchers([this](diagram::Surface &surface) { SurfaceLoaded(surface); },
                           [this](diagram::Surface &surface) { SurfaceUnloading(surface); });
     frmSplash::ShowDoing(tr("Loading Menus"));

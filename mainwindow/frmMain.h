@@ -24,6 +24,10 @@ namespace diagram {
 class SurfaceView;
 }
 
+namespace recovery {
+struct LostMap;
+}
+
 namespace timeline {
 class DaysOfStrip;
 }
@@ -37,12 +41,15 @@ class FindBar;
 class frmLayers;
 class frmPics;
 class PickBox;
+class RecoveryBar;
 class SliceTabs;
 class SmartMenu;
 class SurfaceSink;
 class TickBox;
 class TimelineMenu;
 class Toolbar;
+class WindowJournal;
+enum class OfferAnswer;
 struct SearchEntry;
 
 // Deletes itself when it was closed. A new window is loaded and not shown; what its start raises reaches the
@@ -125,6 +132,17 @@ public:
     // Shows `sFilename`, or the file that the user chooses, here or in a new window. Null when nothing was
     // opened.
     frmMain *DoOpen(QString sFilename, bool bNewWindow);
+    // From now on windows that are made keep a journal of their work in a folder below that one; an empty text ends
+    // it.
+    static void SetJournalsFolder(const QString &folder);
+    bool LetsEventsRun() const { return lettingEventsRun_; }
+    // Null for a window that keeps none.
+    WindowJournal *Journal() const { return journal_.get(); }
+    // Offers maps that a former run left, in a bar above the surface.
+    void OfferLostMaps(std::vector<recovery::LostMap> lost);
+    RecoveryBar *OfferedMaps() const { return recoveryBar_; }
+    // Shows a map that was lost as unsaved work, here or, where that would cover another map, in a new window.
+    frmMain *RestoreLostMap(recovery::LostMap lost);
     // Whether a file to be opened wants a new window: this map is dirty, or its first slice has 4 nodes or
     // more.
     bool WantsNewWindow();
@@ -262,6 +280,10 @@ private:
     // A file was dropped at `at`, in pixels of the window.
     void TakeFile(const QString &file, const QPoint &at);
     void OfferFile(diagram::Node &node, const QString &file, const QPoint &global);
+    void AnswerOffer(int row, OfferAnswer answer);
+    bool HoldsWork();
+    // How high it is, in pixels; 0 while nothing is offered.
+    int PlaceRecoveryBar(int width);
     // Ends the editing of a text in place, on whatever slice, and keeps what was typed.
     void KeepTypedText();
 
@@ -305,6 +327,8 @@ private:
     bool activated_ = false;
     bool painted_ = false;
     bool lettingEventsRun_ = false;
+    std::unique_ptr<WindowJournal> journal_;
+    RecoveryBar *recoveryBar_ = nullptr; // once there is something to offer
 };
 
 } // namespace mainwindow

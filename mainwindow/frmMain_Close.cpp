@@ -7,6 +7,7 @@
 #include "mainwindow/frmPics.h"
 #include "mainwindow/frmSplash.h"
 #include "mainwindow/Placement.h"
+#include "mainwindow/WindowJournal.h"
 
 #include <algorithm>
 #include <QCloseEvent>
@@ -28,6 +29,7 @@ void frmMain::closeEvent(QCloseEvent *event) {
     support::Report("frmMain", "Form_QueryUnload", [&] { Form_QueryUnload(cancel); });
     if (cancel) return event->ignore();
     support::Report("frmMain", "Form_Unload", [this] { Form_Unload(); });
+    if (journal_) journal_->Close();
     event->accept();
 }
 

@@ -9,9 +9,11 @@
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/HintText.h"
 #include "mainwindow/ItemDescription.h"
+#include "mainwindow/RecoveryBar.h"
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/SurfaceSink.h"
+#include "mainwindow/WindowJournal.h"
 #include "timeline/DaysOfStrip.h"
 #include "timeline/TimelineNodes.h"
 
@@ -46,6 +48,7 @@ void frmMain::SurfaceLoaded(diagram::Surface &surface) {
     view->SetDays(*days_);
     view->lower(); // what is on top stays so until its tab is selected
     views_[surface.Index()] = std::move(view);
+    if (journal_) journal_->Watch(surface);
     picRHS_Resize();
 }
 
@@ -53,6 +56,7 @@ void frmMain::SurfaceUnloading(diagram::Surface &surface) {
     hiddenMayDiffer_ = true;
     // The focus of a widget that goes would land just anywhere.
     if (ViewOf(surface.Index()).hasFocus() && surface.Index() > 0) ViewOf(0).setFocus();
+    if (journal_) journal_->Unwatch(surface);
     views_.erase(surface.Index());
     surface.RemoveObserver(*sink_);
     surface.SetEvents(nullptr);
@@ -82,9 +86,10 @@ void frmMain::picRHS_Resize() {
     const int tabs = tabStrip_.TabHeight();
     const int bar = findBar_->isHidden() ? 0 : findBar_->sizeHint().height();
     findBar_->setGeometry(0, inner.height() - tabs - bar, inner.width(), bar);
-    const int height = qMax(0, inner.height() - tabs - bar);
+    const int offer = PlaceRecoveryBar(inner.width());
+    const int height = qMax(0, inner.height() - tabs - bar - offer);
     for (const auto &[index, view] : views_) {
-        view->setGeometry(0, 0, inner.width(), height);
+        view->setGeometry(0, offer, inner.width(), height);
         view->show();
     }
 }

@@ -52,7 +52,7 @@ TextPlace LinkPlace(Scene &scene, const Link &link) {
 
 } // namespace
 
-EditText::EditText(Surface &surface, const Item &item)
+EditText::EditText(Surface &surface, const diagram::Item &item)
     : surface_(surface),
       id_(item.Id()),
       kind_(item.Kind()),
@@ -67,17 +67,22 @@ std::optional<TextPlace> EditText::Place(Scene &scene) const {
     return link ? std::optional(LinkPlace(scene, *link)) : std::nullopt;
 }
 
-void EditText::Commit(const QString &text) {
+std::optional<QString> EditText::Changed(const QString &text) const {
     const QString plain = SingleLineFeeds(text);
-    if (plain == text_) return;
-    const QString stored = QString(plain).replace(QLatin1String("\n"), QLatin1String("\r\n"));
+    if (plain == text_) return std::nullopt;
+    return QString(plain).replace(QLatin1String("\n"), QLatin1String("\r\n"));
+}
+
+void EditText::Commit(const QString &text) {
+    const std::optional<QString> stored = Changed(text);
+    if (!stored) return;
     Node *node = kind_ == ItemKind::Node ? surface_.FindNode(id_) : nullptr;
     Link *link = kind_ == ItemKind::Link ? surface_.FindLink(id_) : nullptr;
     if (!node && !link) return;
     const ActionGroup group(surface_);
-    if (node) node->SetText(stored);
-    if (link) link->SetText(stored);
-    text_ = plain;
+    if (node) node->SetText(*stored);
+    if (link) link->SetText(*stored);
+    text_ = SingleLineFeeds(text);
     surface_.Events().AfterEdit(surface_);
 }
 

@@ -29,12 +29,15 @@ struct TextPlace {
 // when it is gone nothing is written.
 class EditText {
 public:
-    EditText(Surface &surface, const Item &item);
+    EditText(Surface &surface, const diagram::Item &item);
 
     // The text at the start with single line feeds.
     const QString &Text() const { return text_; }
     // None when the item is gone.
     std::optional<TextPlace> Place(Scene &scene) const;
+    // What Commit would write, and to which item; none for the same text.
+    std::optional<QString> Changed(const QString &text) const;
+    ItemId Item() const { return id_; }
     // Writes the text with carriage return and line feed at line ends: one step and AfterEdit. The same text
     // is no change. Of a node only the first text is edited, whatever is shown.
     void Commit(const QString &text);

@@ -91,6 +91,7 @@ bool SurfaceView::BeginEdit() { return impl_->BeginEdit(); }
 void SurfaceView::KeepText() { impl_->KeepText(); }
 void SurfaceView::EndEdit(bool keep) { impl_->EndEdit(keep); }
 bool SurfaceView::IsEditing() const { return impl_->editor != nullptr; }
+std::optional<std::pair<ItemId, QString>> SurfaceView::Typed() const { return impl_->Typed(); }
 void SurfaceView::SetDescriber(Describer describer) { impl_->describer = std::move(describer); }
 QString SurfaceView::Described(const Item &item) const {
     return impl_->describer ? impl_->describer(item) : QString();

@@ -327,6 +327,12 @@ void SurfaceView::Impl::EndEdit(bool keep) {
     view.viewport()->update();
 }
 
+std::optional<std::pair<ItemId, QString>> SurfaceView::Impl::Typed() const {
+    if (!edit_ || !editor) return std::nullopt;
+    const std::optional<QString> text = edit_->Changed(editor->toPlainText());
+    return text ? std::optional(std::pair(edit_->Item(), *text)) : std::nullopt;
+}
+
 void SurfaceView::Impl::PlaceEditor() {
     if (!edit_ || !editor) return;
     if (const std::optional<TextPlace> place = edit_->Place(scene))

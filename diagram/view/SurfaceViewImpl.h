@@ -59,6 +59,7 @@ public:
     void KeepText();
     void EndEdit(bool keep);
     void PlaceEditor();
+    std::optional<std::pair<ItemId, QString>> Typed() const;
 
     // Stage
     QPointF ScrollOffset() const override;

@@ -150,6 +150,24 @@ QString WindowsFolder() { return QStringLiteral("/usr"); }
 
 QString SystemFolder() { return QStringLiteral("/usr/lib"); }
 
+QString StateFolder() {
+#ifdef Q_OS_MACOS
+    return QDir::homePath() + QStringLiteral("/Library/Application Support");
+#else
+    // A relative path is none, as the convention has it.
+    const QString named = qEnvironmentVariable("XDG_STATE_HOME");
+    return QDir::isAbsolutePath(named) ? QDir::cleanPath(named)
+                                       : QDir::homePath() + QStringLiteral("/.local/state");
+#endif
+}
+
+bool MakePrivateFolder(const QString &path) {
+    const QFileInfo folder(path);
+    if (!QDir().mkpath(folder.absolutePath())) return false;
+    const bool made = mkdir(QFile::encodeName(path).constData(), 0700) == 0;
+    return made || (errno == EEXIST && QFileInfo(path).isDir());
+}
+
 QString UserName() {
     std::vector<char> buffer(16384);
     passwd entry{};

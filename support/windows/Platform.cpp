@@ -167,6 +167,11 @@ QString SystemFolder() {
     return Filled([](wchar_t *buffer, DWORD size) { return GetSystemDirectoryW(buffer, size); });
 }
 
+QString StateFolder() { return QDir::cleanPath(qEnvironmentVariable("LOCALAPPDATA", QDir::homePath())); }
+
+// The folder stands in the user's own profile, which others may not read.
+bool MakePrivateFolder(const QString &path) { return QDir().mkpath(path); }
+
 QString UserName() {
     std::array<wchar_t, 257> buffer{};
     auto size = static_cast<DWORD>(buffer.size());

@@ -39,9 +39,10 @@ QMap<QString, QStringList> Allowed() {
     allowed["document"] = base + QStringList{"storage", "app/settings"};
     QStringList above = allowed["document"] + QStringList{"document"};
     allowed["timeline"] = above;
+    allowed["recovery"] = above;
     above << "timeline";
     for (const char *folder : {"templates", "output", "dialogs"}) allowed[folder] = above;
-    const QStringList plain = above + QStringList{"templates", "output"};
+    const QStringList plain = above + QStringList{"templates", "output", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
     const QStringList windows =

@@ -1,0 +1,37 @@
+// The window as its journal sees it.
+#pragma once
+
+#include "recovery/Journal.h"
+
+namespace mainwindow {
+
+class frmMain;
+
+class WindowJournal : public recovery::JournalSource {
+public:
+    // Null while no folder is set (frmMain::SetJournalsFolder).
+    static std::unique_ptr<WindowJournal> For(frmMain &window);
+    static void SetFolder(const QString &folder);
+
+    WindowJournal(frmMain &window, const QString &folder);
+
+    void Watch(diagram::Surface &surface) { journal_.Watch(surface); }
+    void Unwatch(diagram::Surface &surface);
+    // The window closes: what it has is saved, or not wanted.
+    void Close();
+    recovery::Journal &Writer() { return journal_; }
+
+    document::MapWindow &Window() override;
+    QString Caption() override;
+    bool HasUnsavedWork() override;
+    std::optional<recovery::TypedText> Typed() override;
+    bool IsBusy() override;
+    void JournalFailed(const QString &why) override;
+
+private:
+    frmMain &window_;
+    bool closed_ = false;
+    recovery::Journal journal_;
+};
+
+} // namespace mainwindow

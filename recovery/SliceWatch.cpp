@@ -1,0 +1,89 @@
+#include "recovery/SliceWatch.h"
+
+namespace recovery {
+
+using diagram::Change;
+using diagram::ItemId;
+
+SliceWatch::SliceWatch(diagram::Surface &surface, SliceId id, std::function<void()> written)
+    : surface_(surface), id_(id), written_(std::move(written)) {
+    surface_.AddObserver(*this);
+}
+
+SliceWatch::~SliceWatch() { surface_.RemoveObserver(*this); }
+
+void SliceWatch::NoteAll() {
+    whole_ = true;
+    surfaceNoted_ = true;
+    isNoted_.clear();
+    noted_.clear();
+}
+
+void SliceWatch::Note(ItemId id) {
+    if (id >= isNoted_.size()) isNoted_.resize(std::size_t(id) * 2 + 1);
+    if (isNoted_[id]) return;
+    isNoted_[id] = true;
+    noted_.push_back(id);
+}
+
+void SliceWatch::Write(ItemId id) {
+    Note(id);
+    written_();
+}
+
+void SliceWatch::ItemChanged(diagram::Item &item, Change what) {
+    if (what != Change::Selection) Write(item.Id());
+}
+
+// Zooms and grid are stored with the map, but are no work.
+void SliceWatch::SurfaceChanged(Change what) {
+    surfaceNoted_ = true;
+    if (what != Change::Geometry) written_();
+}
+
+void SliceWatch::Cleared() {
+    NoteAll();
+    written_();
+}
+
+void SliceWatch::SetOut() {
+    surfaceOut_ = surfaceOut_ || std::exchange(surfaceNoted_, false);
+    for (const ItemId id : noted_) isNoted_[id] = false;
+    if (std::exchange(whole_, false)) {
+        wholeOut_ = true;
+        out_.clear();
+        out_.reserve(std::size_t(surface_.Nodes().Count()) + surface_.Links().size());
+        // From the end: gathered from the back, items come in the order of adding.
+        for (const auto &link : surface_.Links()) out_.push_back(link->Id());
+        for (const diagram::Node &node : surface_.Nodes()) out_.push_back(node.Id());
+        noted_.clear();
+    } else {
+        out_.insert(out_.end(), noted_.begin(), noted_.end());
+        noted_.clear();
+    }
+}
+
+void SliceWatch::GatherSurface(SlicePart &part) {
+    part.whole = std::exchange(wholeOut_, false);
+    if (std::exchange(surfaceOut_, false)) part.surface = surface_.Data();
+}
+
+bool SliceWatch::GatherOne(SlicePart &part, const std::optional<TypedText> &typed) {
+    if (out_.empty()) return false;
+    const ItemId id = out_.back();
+    out_.pop_back();
+    const bool isTyped = typed && typed->index == surface_.Index() && typed->item == id;
+    if (const diagram::Node *node = surface_.FindNode(id)) {
+        part.nodes.push_back({id, node->Data()});
+        if (isTyped) part.nodes.back().data.text = typed->text;
+    } else if (const diagram::Link *link = surface_.FindLink(id)) {
+        link->Way(); // brings its values up to date
+        part.links.push_back({id, link->Data()});
+        if (isTyped) part.links.back().data.text = typed->text;
+    } else {
+        part.gone.push_back(id);
+    }
+    return true;
+}
+
+} // namespace recovery
