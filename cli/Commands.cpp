@@ -29,6 +29,10 @@ constexpr Command kCommands[] = {
      "picture FILE [--slice N] [--pixels N] OUT.png|OUT.svg|OUT.pdf|OUT.wmf|OUT.emf\n"
      "  picture FILE --all FOLDER [--format png|svg|pdf|wmf|emf] [--pixels N]\n"
      "      a picture of a slice, counted from 1, or of every slice; --pixels is the longest side of a PNG"},
+    {"recovered", Recovered, false,
+     "recovered [--folder FOLDER]\n"
+     "  recovered NUMBER OUT [--folder FOLDER]\n"
+     "      the maps of editors that ended before they were saved, or one of them as the new map OUT"},
 };
 
 const Command *Find(const QStringList &arguments) {

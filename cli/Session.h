@@ -35,6 +35,8 @@ public:
     document::MemoryWindow &Open(const QString &path);
     // A path that no file stands at and that goes with the session.
     QString ScratchFile();
+    // The window as it is: empty at first.
+    document::MemoryWindow &Window() { return window_; }
 
 private:
     class ScratchFolder;

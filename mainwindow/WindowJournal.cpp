@@ -32,7 +32,7 @@ void WindowJournal::Close() {
 
 document::MapWindow &WindowJournal::Window() { return window_; }
 QString WindowJournal::Caption() { return window_.windowTitle(); }
-bool WindowJournal::HasUnsavedWork() { return !closed_ && window_.clsSettings().Dirty; }
+bool WindowJournal::HasUnsavedWork() { return !closed_ && window_.HasUnsavedWork(); }
 bool WindowJournal::IsBusy() { return closed_ || window_.LetsEventsRun(); }
 
 std::optional<recovery::TypedText> WindowJournal::Typed() {

@@ -135,6 +135,7 @@ public:
     // From now on windows that are made keep a journal of their work in a folder below that one; an empty text ends
     // it.
     static void SetJournalsFolder(const QString &folder);
+    bool HasUnsavedWork();
     bool LetsEventsRun() const { return lettingEventsRun_; }
     // Null for a window that keeps none.
     WindowJournal *Journal() const { return journal_.get(); }
@@ -281,7 +282,7 @@ private:
     void TakeFile(const QString &file, const QPoint &at);
     void OfferFile(diagram::Node &node, const QString &file, const QPoint &global);
     void AnswerOffer(int row, OfferAnswer answer);
-    bool HoldsWork();
+    frmMain *PlaceFor(const QString &path);
     // How high it is, in pixels; 0 while nothing is offered.
     int PlaceRecoveryBar(int width);
     // Ends the editing of a text in place, on whatever slice, and keeps what was typed.

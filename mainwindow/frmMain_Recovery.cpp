@@ -65,9 +65,10 @@ void frmMain::AnswerOffer(int row, OfferAnswer answer) {
 frmMain *frmMain::RestoreLostMap(recovery::LostMap lost) {
     return support::PassOn("RestoreLostMap", [&]() -> frmMain * {
         recovery::KeptMap map = recovery::ReadLostMap(lost);
+        frmMain *shown = PlaceFor(map.frame.path);
         std::unique_ptr<frmMain> made;
-        if (HoldsWork()) made = std::make_unique<frmMain>(desktop_);
-        frmMain &target = made ? *made : *this;
+        if (!shown) made = std::make_unique<frmMain>(desktop_);
+        frmMain &target = shown ? *shown : *made;
         const bool damaged = map.damaged;
         recovery::Restore(target, std::move(map), lost.folder.path,
                           support::AddBackslash(support::TempPath()) + support::GetGUID().mid(1, 8));
@@ -81,10 +82,16 @@ frmMain *frmMain::RestoreLostMap(recovery::LostMap lost) {
     });
 }
 
-// Whether another map may take the place of what the window holds without anything going.
-bool frmMain::HoldsWork() {
-    return clsSettings_->Dirty || !clsSettings_->Database().isEmpty() || AddFlow1_.Count() > 1 ||
-           AddFlow1_[0].Nodes().Count() > 0;
+// The window in which the map may be shown without covering any work: one that shows the map's file as it is,
+// or this one while it is empty. Null for none.
+frmMain *frmMain::PlaceFor(const QString &path) {
+    for (frmMain *form : Forms())
+        if (!path.isEmpty() && form->clsSettings().Database() == path && !form->HasUnsavedWork()) return form;
+    const bool isEmpty = clsSettings_->Database().isEmpty() && !HasUnsavedWork() && AddFlow1_.Count() == 1 &&
+                         AddFlow1_[0].Nodes().Count() == 0;
+    return isEmpty ? this : nullptr;
 }
+
+bool frmMain::HasUnsavedWork() { return clsSettings_->Dirty; }
 
 } // namespace mainwindow

@@ -1,12 +1,12 @@
 #include "recovery/Folders.h"
 
 #include "app/settings/Settings.h"
-#include "support/clsGUID.h"
 #include "support/Error.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QUuid>
 
 namespace recovery {
 
@@ -17,7 +17,8 @@ constexpr int kLockWait = 100; // milliseconds
 
 QString LockPath(const QString &folder) { return folder + QStringLiteral("/lock"); }
 
-QString NewName() { return support::GetGUID().remove(u'{').remove(u'}').toLower(); }
+// The writer's thread may not ask the program's own source of chance.
+QString NewName() { return QUuid::createUuid().toString(QUuid::WithoutBraces); }
 
 HeldFolder Hold(const QString &path, int milliseconds) {
     HeldFolder held{path, support::platform::Lock(LockPath(path), milliseconds)};

@@ -1,6 +1,5 @@
 #include "support/ExceptionFilter.h"
 
-#include "support/Desktop.h"
 #include "support/Files.h"
 #include "support/Platform.h"
 
@@ -40,12 +39,6 @@ constexpr ExceptionName kExceptionNames[] = {
 
 } // namespace
 
-std::uint32_t InnermostCode(const ExceptionRecord &record) {
-    const ExceptionRecord *innermost = &record;
-    while (innermost->next) innermost = innermost->next;
-    return innermost->code;
-}
-
 const char *KnownExceptionName(std::uint32_t code) noexcept {
     for (const ExceptionName &row : kExceptionNames)
         if (row.code == code) return row.name;
@@ -62,14 +55,7 @@ FilterResult FilterDecision(bool firstFormVisible) {
     return firstFormVisible ? FilterResult::ExecuteHandler : FilterResult::EndProcess;
 }
 
-FilterResult MyExceptionFilter(const ExceptionRecord &record, MessageBoxes &boxes, bool firstFormVisible) {
-    const QString name = GetExceptionName(InnermostCode(record));
-    boxes.Show(QStringLiteral("Error ") + name, Buttons::Ok, Icon::None, QString());
-    const FilterResult result = FilterDecision(firstFormVisible);
-    if (result == FilterResult::ExecuteHandler)
-        throw Error(kErrHardwareException, QStringLiteral("MyExceptionFilter"), name);
-    return result;
-}
+QString FaultText(std::uint32_t code) { return QStringLiteral("Error ") + GetExceptionName(code); }
 
 FaultBox OwnFaultBox() { return {platform::ExecutablePath(), {QString::fromLatin1(kShowFaultArgument)}}; }
 

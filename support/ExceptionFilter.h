@@ -2,9 +2,11 @@
 // silently.
 //
 // On Windows the filter is the process's unhandled exception filter. On POSIX systems it handles the
-// synchronous signals on a stack of its own. There no error can be raised in the code that was running, for
-// it was interrupted between any two instructions and may hold any lock; so the handler writes "Error NAME"
-// to stderr, starts a fresh process that shows the same in a message box, and lets the signal end this one.
+// synchronous signals, and that of an abort, on a stack of its own. There no error can be raised in the code
+// that was running, for it was interrupted between any two instructions and may hold any lock; so the handler
+// writes "Error NAME" to stderr, starts a fresh process that shows the same in a message box, and lets the
+// signal end this one. Nowhere does the program go on: what isn't saved stands in the journals of the windows
+// (recovery/), which the next start offers.
 #pragma once
 
 #include "support/Error.h"
@@ -16,18 +18,16 @@
 
 namespace support {
 
-class MessageBoxes;
+// The code of the last record of a chain, in which `next` leads to the exception that a record followed from.
+template <typename Record, typename Next, typename Code>
+std::uint32_t InnermostCode(const Record *record, Next Record::*next, Code Record::*code) {
+    while (record->*next) record = record->*next;
+    return std::uint32_t(record->*code);
+}
 
-constexpr long kErrHardwareException = 10000;
+// The code under which a process that aborts itself is told.
+constexpr std::uint32_t kAbortCode = 0xC0000025;
 
-// A hardware exception, with the one that it followed from.
-struct ExceptionRecord {
-    std::uint32_t code = 0;
-    const ExceptionRecord *next = nullptr;
-};
-
-// The code of the last record of the chain.
-std::uint32_t InnermostCode(const ExceptionRecord &record);
 // The name of a code: "Access Violation" and the like, "Unknown (&HXXXXXXXX)" for a code that the table
 // lacks.
 QString GetExceptionName(std::uint32_t code);
@@ -37,13 +37,11 @@ const char *KnownExceptionName(std::uint32_t code) noexcept;
 // What the filter gives back to the system.
 enum class FilterResult { EndProcess = 0, ExecuteHandler = 1 };
 
-// An error goes on in the code that was running only when at least one form is open and the first one is
-// visible.
-FilterResult FilterDecision(bool firstFormVisible);
+// What the box says of a hardware exception: "Error " and its name.
+QString FaultText(std::uint32_t code);
 
-// Shows "Error " and the name of the innermost code. With the first form visible it then raises error 10000,
-// source "MyExceptionFilter", with the name as its description; otherwise gives EndProcess.
-FilterResult MyExceptionFilter(const ExceptionRecord &record, MessageBoxes &boxes, bool firstFormVisible);
+// With the first form visible the process ends without the system's own report, which the box stood for.
+FilterResult FilterDecision(bool firstFormVisible);
 
 // The code for a POSIX signal and the reason in its si_code; 0 for a signal that the filter leaves alone.
 std::uint32_t CodeForSignal(int signal, int reason) noexcept;

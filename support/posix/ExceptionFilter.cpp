@@ -33,9 +33,9 @@ constexpr SignalCode kSignalCodes[] = {
     {SIGFPE, FPE_FLTSUB, 0xC000008C},  {SIGFPE, kAnyReason, 0xC0000090},  {SIGSEGV, kAnyReason, 0xC0000005},
     {SIGBUS, BUS_ADRALN, 0x80000002},  {SIGBUS, kAnyReason, 0xC0000006},  {SIGILL, ILL_PRVOPC, 0xC0000096},
     {SIGILL, ILL_PRVREG, 0xC0000096},  {SIGILL, ILL_BADSTK, 0xC00000FD},  {SIGILL, kAnyReason, 0xC000001D},
-    {SIGTRAP, TRAP_TRACE, 0x80000004}, {SIGTRAP, kAnyReason, 0x80000003},
+    {SIGTRAP, TRAP_TRACE, 0x80000004}, {SIGTRAP, kAnyReason, 0x80000003}, {SIGABRT, kAnyReason, kAbortCode},
 };
-constexpr std::array kHandledSignals = {SIGFPE, SIGSEGV, SIGBUS, SIGILL, SIGTRAP};
+constexpr std::array kHandledSignals = {SIGFPE, SIGSEGV, SIGBUS, SIGILL, SIGTRAP, SIGABRT};
 constexpr std::uint32_t kAccessViolation = 0xC0000005;
 constexpr std::uint32_t kStackOverflow = 0xC00000FD;
 
@@ -111,6 +111,7 @@ QByteArray TextOfCurrentException() {
     Write(QByteArray(text).replace('\r', ' ').constData());
     Write("\n");
     StartFaultBox(text.data());
+    std::signal(SIGABRT, SIG_DFL); // it is told already
     std::abort();
 }
 

@@ -1,5 +1,6 @@
 #include "support/ExceptionFilter.h"
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -18,11 +19,6 @@ void ShowText(const QString &text) {
     MessageBoxW(nullptr, text.toStdWString().c_str(), L"", MB_OK | MB_TASKMODAL);
 }
 
-std::uint32_t InnermostCodeOf(const EXCEPTION_RECORD *record) {
-    while (record->ExceptionRecord) record = record->ExceptionRecord;
-    return record->ExceptionCode;
-}
-
 BOOL CALLBACK TakeFirstVisible(HWND window, LPARAM found) {
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
@@ -39,13 +35,18 @@ bool FirstFormVisible() {
 }
 
 LONG WINAPI Filter(EXCEPTION_POINTERS *pointers) {
-    ShowText(QStringLiteral("Error ") + GetExceptionName(InnermostCodeOf(pointers->ExceptionRecord)));
+    ShowText(FaultText(InnermostCode(pointers->ExceptionRecord, &EXCEPTION_RECORD::ExceptionRecord,
+                                     &EXCEPTION_RECORD::ExceptionCode)));
     // An error cannot be raised through frames that were interrupted at any instruction: executing the
     // handler ends the process without the system's own report, continuing the search ends it with that.
     return static_cast<LONG>(FilterDecision(FirstFormVisible()));
 }
 
+// What the program itself or a library gives up with.
+void HandleAbort(int) { ShowText(FaultText(kAbortCode)); }
+
 [[noreturn]] void Terminate() {
+    std::signal(SIGABRT, SIG_DFL);
     ShowText(std::current_exception() ? ReportText(CurrentError(QStringLiteral("Main")))
                                       : QStringLiteral("Error Unknown exception"));
     std::abort();
@@ -58,6 +59,7 @@ std::uint32_t CodeForSignal(int, int) noexcept { return 0; }
 void InstallExceptionFilter(const FaultBox &) {
     SetUnhandledExceptionFilter(Filter);
     std::set_terminate(Terminate);
+    std::signal(SIGABRT, HandleAbort);
 }
 
 } // namespace support

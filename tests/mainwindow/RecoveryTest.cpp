@@ -1,0 +1,288 @@
+#include "diagram/view/SurfaceView.h"
+#include "document/DoSave.h"
+#include "mainwindow/RecoveryBar.h"
+#include "mainwindow/WindowJournal.h"
+#include "recovery/LostMaps.h"
+#include "tests/mainwindow/WindowTest.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QDir>
+#include <QPushButton>
+#include <QTest>
+
+namespace mainwindow {
+
+using namespace testing;
+using support::Answer;
+
+namespace {
+
+class Recovery : public WindowTest {
+protected:
+    Recovery() { frmMain::SetJournalsFolder(Root()); }
+    ~Recovery() override { frmMain::SetJournalsFolder(QString()); }
+
+    QString Root() const { return MapFile(QStringLiteral("state")); }
+    int Folders() const { return int(QDir(Root()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size()); }
+    static void Write(frmMain &window) { window.Journal()->Writer().Finish(); }
+    // Into the place of the text of what is selected.
+    static void Type(frmMain &window, const QString &text) {
+        QTest::keyClicks(&window.CurrentView(), text.left(1));
+        QTest::keyClicks(QApplication::focusWidget(), text.mid(1));
+    }
+    // A drawn node with a typed text.
+    void Draw(frmMain &window, const QString &text, float top = 1500) {
+        Drag(window, {1500, top}, {4500, top + 1200});
+        Type(window, text);
+        ASSERT_TRUE(window.CurrentView().IsEditing());
+        window.CurrentView().EndEdit(true);
+    }
+    // The window ends without being closed, as with its process.
+    void Crash(frmMain &window) { delete &window; }
+    // A window that draws nodes with those texts and is gone.
+    void Lose(const QStringList &texts, const QString &map = QString()) {
+        frmMain &window = NewWindow();
+        if (!map.isEmpty()) window.DoOpen(map, false);
+        float top = 1500;
+        for (const QString &text : texts) {
+            Draw(window, text, top);
+            Write(window);
+            top += 1800;
+        }
+        Crash(window);
+    }
+    frmMain &NextStart() {
+        frmMain &window = NewWindow();
+        window.OfferLostMaps(recovery::FindLostMaps(Root()));
+        ProcessEvents();
+        return window;
+    }
+    static void Choose(frmMain &window, OfferAnswer answer, int row = 0) {
+        QTest::mouseClick(window.OfferedMaps()->Button(row, answer), Qt::LeftButton);
+    }
+    static QStringList Texts(frmMain &window) {
+        QStringList texts;
+        for (const int index : window.AddFlow1().Indices())
+            for (const diagram::Node &node : window.AddFlow1()[index].Nodes()) texts.append(node.Text());
+        return texts;
+    }
+};
+
+} // namespace
+
+TEST_F(Recovery, AStartAfterNothingWasLostShowsNoBar) {
+    frmMain &window = NewWindow();
+    Draw(window, QStringLiteral("a"));
+    Write(window);
+    EXPECT_EQ(Folders(), 1);
+    desktop.ExpectMessage("Save Changes?", Answer::No);
+    window.close();
+    ProcessEvents();
+    EXPECT_EQ(Folders(), 0);
+    EXPECT_EQ(NextStart().OfferedMaps(), nullptr);
+}
+
+TEST_F(Recovery, ALostMapIsOfferedAboveTheSurfaceWithNameTimeAndChanges) {
+    Lose({QStringLiteral("one"), QStringLiteral("two")}, SavedMap(QStringLiteral("Plan.map"), 1));
+    frmMain &window = NextStart();
+    RecoveryBar *bar = window.OfferedMaps();
+    ASSERT_TRUE(bar && bar->isVisible());
+    EXPECT_TRUE(bar->Text(0).startsWith(QStringLiteral("Plan.map: 2 changes, ")));
+    EXPECT_TRUE(bar->Text(0).contains(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat)));
+    EXPECT_LE(bar->geometry().bottom(), window.CurrentView().geometry().top());
+    EXPECT_GT(window.CurrentView().height(), bar->height());
+    EXPECT_TRUE(window.CurrentView().hasFocus()); // it stands in nobody's way
+    EXPECT_EQ(Texts(window), QStringList());
+}
+
+TEST_F(Recovery, RestoreOpensTheMapAsUnsavedWork) {
+    const QString map = SavedMap(QStringLiteral("Plan.map"), 0);
+    Lose({QStringLiteral("one")}, map);
+    frmMain &window = NextStart();
+    Choose(window, OfferAnswer::Restore);
+    EXPECT_EQ(Texts(window), QStringList{QStringLiteral("one")});
+    EXPECT_EQ(window.clsSettings().Database(), map);
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Velmora - Plan.map"));
+    EXPECT_FALSE(window.OfferedMaps()->isVisible());
+    EXPECT_TRUE(window.CurrentView().hasFocus());
+    EXPECT_TRUE(Status(window).contains(QStringLiteral("Plan.map was restored")));
+    Write(window);
+    EXPECT_EQ(Folders(), 1); // its own in the place of the former
+    desktop.ExpectMessage("Save Changes?", Answer::Yes);
+    window.close();
+    ProcessEvents();
+    EXPECT_EQ(Folders(), 0);
+    frmMain &again = NewWindow();
+    again.DoOpen(map, false);
+    EXPECT_EQ(Texts(again), QStringList{QStringLiteral("one")});
+}
+
+TEST_F(Recovery, AMapThatWasNeverSavedComesBackUntitled) {
+    Lose({QStringLiteral("new")});
+    frmMain &window = NextStart();
+    EXPECT_TRUE(window.OfferedMaps()->Text(0).startsWith(QStringLiteral("Untitled: 1 change, ")));
+    Choose(window, OfferAnswer::Restore);
+    EXPECT_EQ(window.clsSettings().Database(), QString());
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Untitled - Velmora"));
+    EXPECT_TRUE(window.clsSettings().Dirty);
+}
+
+TEST_F(Recovery, AMapThatIsLostAgainAfterItWasRestoredIsOfferedAgain) {
+    Lose({QStringLiteral("one")});
+    frmMain &window = NextStart();
+    Choose(window, OfferAnswer::Restore);
+    Draw(window, QStringLiteral("two"), 4500);
+    Write(window);
+    Crash(window);
+    frmMain &next = NextStart();
+    ASSERT_EQ(next.OfferedMaps()->Count(), 1);
+    Choose(next, OfferAnswer::Restore);
+    EXPECT_EQ(Texts(next), (QStringList{QStringLiteral("one"), QStringLiteral("two")}));
+}
+
+TEST_F(Recovery, AMapThatTheUserHasOpenedAlreadyTakesUpItsWorkInTheSameWindow) {
+    const QString map = SavedMap(QStringLiteral("Plan.map"), 0);
+    Lose({QStringLiteral("one")}, map);
+    frmMain &window = NextStart();
+    window.DoOpen(map, false);
+    Choose(window, OfferAnswer::Restore);
+    EXPECT_EQ(Texts(window), QStringList{QStringLiteral("one")});
+    EXPECT_EQ(frmMain::Forms().size(), 1u);
+}
+
+TEST_F(Recovery, AMapIsRestoredInANewWindowWhereItWouldCoverAnother) {
+    Lose({QStringLiteral("lost")});
+    frmMain &window = NextStart();
+    Draw(window, QStringLiteral("newer"), 6000);
+    Choose(window, OfferAnswer::Restore);
+    EXPECT_EQ(Texts(window), QStringList{QStringLiteral("newer")});
+    ASSERT_EQ(frmMain::Forms().size(), 2u);
+    EXPECT_EQ(Texts(*frmMain::Forms().back()), QStringList{QStringLiteral("lost")});
+}
+
+TEST_F(Recovery, SeveralMapsAreAnsweredOneByOne) {
+    Lose({QStringLiteral("first")});
+    Lose({QStringLiteral("second")});
+    frmMain &window = NextStart();
+    RecoveryBar *bar = window.OfferedMaps();
+    ASSERT_EQ(bar->Count(), 2);
+    const int height = bar->height();
+    Choose(window, OfferAnswer::Restore, 1); // the older
+    EXPECT_EQ(Texts(window), QStringList{QStringLiteral("first")});
+    EXPECT_EQ(bar->Count(), 1);
+    EXPECT_LT(bar->height(), height);
+    EXPECT_TRUE(bar->isVisible());
+    Choose(window, OfferAnswer::Restore, 0);
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_EQ(Texts(*frmMain::Forms().back()), QStringList{QStringLiteral("second")});
+}
+
+TEST_F(Recovery, ShowLaterOffersItAgainAtTheNextStartAlone) {
+    Lose({QStringLiteral("a")});
+    frmMain &window = NextStart();
+    Choose(window, OfferAnswer::Later);
+    EXPECT_FALSE(window.OfferedMaps()->isVisible());
+    EXPECT_EQ(Texts(window), QStringList());
+    Crash(window);
+    frmMain &next = NextStart();
+    Choose(next, OfferAnswer::Restore);
+    EXPECT_EQ(Texts(next), QStringList{QStringLiteral("a")});
+}
+
+TEST_F(Recovery, AnOfferThatWasNotAnsweredStays) {
+    Lose({QStringLiteral("a")});
+    frmMain &window = NextStart();
+    window.close();
+    ProcessEvents();
+    EXPECT_EQ(NextStart().OfferedMaps()->Count(), 1);
+}
+
+TEST_F(Recovery, DiscardAsksAndThrowsAway) {
+    Lose({QStringLiteral("a")});
+    frmMain &window = NextStart();
+    desktop.ExpectMessageContaining(QStringLiteral("Discard the changes of Untitled"), Answer::No);
+    Choose(window, OfferAnswer::Discard);
+    EXPECT_EQ(window.OfferedMaps()->Count(), 1);
+    desktop.ExpectMessageContaining(QStringLiteral("Discard the changes of Untitled"), Answer::Yes);
+    Choose(window, OfferAnswer::Discard);
+    EXPECT_FALSE(window.OfferedMaps()->isVisible());
+    EXPECT_EQ(Folders(), 0);
+}
+
+TEST_F(Recovery, TheBarIsReachedByKeysAndNamedForAScreenReader) {
+    Lose({QStringLiteral("a")});
+    frmMain &window = NextStart();
+    RecoveryBar *bar = window.OfferedMaps();
+    QTest::keyClick(&window, Qt::Key_P, Qt::AltModifier);
+    QPushButton *restore = bar->Button(0, OfferAnswer::Restore);
+    EXPECT_TRUE(restore->hasFocus());
+    EXPECT_EQ(bar->accessibleName(), QStringLiteral("Changes that were not saved"));
+    EXPECT_EQ(restore->accessibleName(), QStringLiteral("Restore: Untitled"));
+    EXPECT_EQ(bar->Button(0, OfferAnswer::Later)->accessibleName(), QStringLiteral("Show later: Untitled"));
+    EXPECT_EQ(bar->Button(0, OfferAnswer::Discard)->accessibleName(), QStringLiteral("Discard: Untitled"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(bar->Button(0, OfferAnswer::Later)->hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_TRUE(window.CurrentView().hasFocus());
+    EXPECT_TRUE(bar->isVisible());
+    QTest::keyClick(&window, Qt::Key_P, Qt::AltModifier);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(Texts(window), QStringList{QStringLiteral("a")});
+}
+
+TEST_F(Recovery, ATextThatIsBeingTypedIsKept) {
+    frmMain &window = NewWindow();
+    Drag(window, {1500, 1500}, {4500, 2700});
+    Type(window, QStringLiteral("half a sen"));
+    ASSERT_TRUE(window.CurrentView().IsEditing());
+    Write(window);
+    EXPECT_TRUE(window.CurrentView().IsEditing()); // and goes on
+    Crash(window);
+    frmMain &next = NextStart();
+    Choose(next, OfferAnswer::Restore);
+    EXPECT_EQ(Texts(next), QStringList{QStringLiteral("half a sen")});
+}
+
+TEST_F(Recovery, SlicesThatAreInsertedAndDeletedAreKept) {
+    frmMain &window = NewWindow();
+    Draw(window, QStringLiteral("stays"));
+    Write(window);
+    desktop.ExpectInput(QStringLiteral("Name for Slice."), QStringLiteral("Second"));
+    window.DoInsertSlice();
+    Write(window);
+    Crash(window);
+    frmMain &next = NextStart();
+    Choose(next, OfferAnswer::Restore);
+    EXPECT_EQ(next.TabStrip().TabCount(), 2);
+    EXPECT_EQ(Texts(next), QStringList{QStringLiteral("stays")});
+}
+
+TEST_F(Recovery, ASavedMapLeavesNothingAndNoMapThatIsOnlyOpened) {
+    frmMain &window = NewWindow();
+    window.DoOpen(SavedMap(QStringLiteral("Plan.map"), 2), false);
+    Write(window);
+    EXPECT_EQ(Folders(), 0);
+    Draw(window, QStringLiteral("a"), 6000);
+    Write(window);
+    EXPECT_EQ(Folders(), 1);
+    ASSERT_TRUE(document::DoSave(window));
+    Write(window);
+    EXPECT_EQ(Folders(), 0);
+    Crash(window);
+    EXPECT_EQ(NextStart().OfferedMaps(), nullptr);
+}
+
+TEST_F(Recovery, AFolderThatCannotBeWrittenIsToldInTheStatusBar) {
+    QFile inTheWay(Root());
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    inTheWay.close();
+    frmMain &window = NewWindow();
+    Draw(window, QStringLiteral("a"));
+    Write(window);
+    ProcessEvents();
+    EXPECT_TRUE(Status(window).startsWith(QStringLiteral("What isn't saved would be lost")));
+    EXPECT_EQ(Texts(window), QStringList{QStringLiteral("a")});
+}
+
+} // namespace mainwindow
