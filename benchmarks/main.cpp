@@ -3,6 +3,7 @@
 #include "benchmarks/CanvasFigures.h"
 #include "benchmarks/CommandFigures.h"
 #include "benchmarks/EditFigures.h"
+#include "benchmarks/JournalFigures.h"
 #include "benchmarks/MemoryFigures.h"
 #include "benchmarks/Stage.h"
 #include "benchmarks/WholeProcess.h"
@@ -161,7 +162,7 @@ struct Part {
     bool timed; // takes its values from the micro-benchmarks
     void (*add)(Table &table, const QString &bin);
 };
-constexpr std::array<Part, 12> kParts{{
+constexpr std::array<Part, 13> kParts{{
     {"store", true, AddStore},
     {"painting", true, AddPainting},
     {"export", true, AddExport},
@@ -169,6 +170,7 @@ constexpr std::array<Part, 12> kParts{{
     {"window", false, [](Table &table, const QString &) { table.Add(bench::WindowFigures()); }},
     {"overview", false, [](Table &table, const QString &) { table.Add(bench::OverviewFigures()); }},
     {"edit", false, [](Table &table, const QString &) { table.Add(bench::EditFigures()); }},
+    {"journal", false, [](Table &table, const QString &) { table.Add(bench::JournalFigures()); }},
     {"layout", false, [](Table &table, const QString &) { table.Add(bench::LayoutFigures()); }},
     {"wholemap", false, [](Table &table, const QString &) { table.Add(bench::WholeMapFigures()); }},
     {"commands", false, [](Table &table, const QString &) { table.Add(bench::CommandFigures()); }},

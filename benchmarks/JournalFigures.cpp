@@ -1,0 +1,132 @@
+#include "benchmarks/JournalFigures.h"
+
+#include "benchmarks/BenchWindow.h"
+#include "benchmarks/Canvas.h"
+#include "benchmarks/Sample.h"
+#include "benchmarks/Stage.h"
+#include "mainwindow/WindowJournal.h"
+#include "recovery/LostMaps.h"
+
+#include <algorithm>
+#include <memory>
+#include <numeric>
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+
+namespace bench {
+
+namespace {
+
+using mainwindow::frmMain;
+
+constexpr int kRuns = 5, kDragSteps = 240;
+constexpr double kMillion = 1e6;
+
+QString State() { return ScratchFolder() + QStringLiteral("/state"); }
+
+// A window with a filled slice and unsaved work, with a journal or without one.
+class KeptWindow {
+public:
+    KeptWindow(int nodes, bool keeps) {
+        frmMain::SetJournalsFolder(keeps ? State() : QString());
+        window_ = std::make_unique<BenchWindow>();
+        FillSample(Form().CurrentSurface(), nodes);
+        Form().clsSettings().Dirty = true;
+        ShowTwoHundred(Form().CurrentView());
+        Settle(Form().CurrentView());
+    }
+    ~KeptWindow() {
+        window_.reset();
+        frmMain::SetJournalsFolder(QString());
+    }
+    KeptWindow(const KeptWindow &) = delete;
+    KeptWindow &operator=(const KeptWindow &) = delete;
+
+    frmMain &Form() { return window_->Form(); }
+
+private:
+    std::unique_ptr<BenchWindow> window_;
+};
+
+bool IsKept() {
+    for (const QString &name : QDir(State()).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        if (QFile::exists(recovery::JournalPath(State() + u'/' + name))) return true;
+    return false;
+}
+
+struct Keeping {
+    double seconds = 0, longestGap = 0; // milliseconds, of the event loop
+};
+
+// From an edit until the whole map is on the disk. The gap is that between two turns of the loop.
+Keeping TimeOfKeeping(int nodes) {
+    KeptWindow window(nodes, true);
+    QElapsedTimer whole, turn;
+    whole.start();
+    Keeping keeping;
+    while (!IsKept()) {
+        turn.start();
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
+        keeping.longestGap = std::max(keeping.longestGap, double(turn.nsecsElapsed()) / kMillion);
+    }
+    keeping.seconds = double(whole.nsecsElapsed()) / kMillion / 1000;
+    return keeping;
+}
+
+Keeping BestOfKeeping(int nodes) {
+    Keeping best{1e9, 1e9};
+    for (int run = 0; run < kRuns; ++run) {
+        const Keeping each = TimeOfKeeping(nodes);
+        best = {std::min(best.seconds, each.seconds), std::min(best.longestGap, each.longestGap)};
+    }
+    return best;
+}
+
+// Milliseconds of a drag of all nodes in sight and back, long enough for the journal to come in between.
+double TimeOfDrag(bool keeps, double &longestSlice) {
+    KeptWindow window(10000, keeps);
+    frmMain &form = window.Form();
+    if (keeps) form.Journal()->Writer().Finish();
+    diagram::SurfaceView &view = form.CurrentView();
+    const QRectF seen(view.ToSurface(QPointF()), view.ToSurface(view.viewport()->rect().bottomRight()));
+    const QPoint from = view.FromSurface(BodyOf(MiddleNode(view))).toPoint();
+    for (diagram::Node &node : view.Model().Nodes())
+        if (seen.contains(node.Bounds())) node.SetSelected(true);
+    Settle(view);
+    Hand hand(*view.viewport());
+    hand.Press(from);
+    hand.TakeSteps();
+    for (int step = 1; step <= kDragSteps; ++step)
+        hand.Move(from + QPoint(step % 90, step % 70), Qt::AltModifier);
+    hand.Release(from + QPoint(30, 30));
+    const Steps steps = hand.TakeSteps();
+    if (keeps) longestSlice = std::max(longestSlice, form.Journal()->Writer().LongestSlice());
+    return std::accumulate(steps.begin(), steps.end(), 0.0);
+}
+
+} // namespace
+
+Figures JournalFigures() {
+    Figures figures;
+    const Keeping small = BestOfKeeping(10000), large = BestOfKeeping(100000);
+    figures.push_back({QStringLiteral("longest gap of the event loop while a journal begins, 10,000 nodes"),
+                       small.longestGap, QStringLiteral("ms"), 8,
+                       QStringLiteral("whole after %1 s").arg(small.seconds, 0, 'f', 2)});
+    figures.push_back({QStringLiteral("from an edit to a whole journal on the disk, 100,000 nodes"),
+                       large.seconds, QStringLiteral("s"), 10,
+                       QStringLiteral("gap %1 ms").arg(large.longestGap, 0, 'f', 1)});
+    double with = 1e9, without = 1e9, slice = 0;
+    for (int run = 0; run < kRuns; ++run) {
+        without = std::min(without, TimeOfDrag(false, slice));
+        with = std::min(with, TimeOfDrag(true, slice));
+    }
+    figures.push_back({QStringLiteral("drag of what is in sight, 10,000 nodes, with a journal : without"),
+                       with / without, QStringLiteral("x"), 1.05,
+                       QStringLiteral("%1 ms : %2 ms").arg(with, 0, 'f', 1).arg(without, 0, 'f', 1)});
+    figures.push_back({QStringLiteral("longest slice of gathering during that drag"), slice,
+                       QStringLiteral("ms"), 4, QString()});
+    return figures;
+}
+
+} // namespace bench
