@@ -1,5 +1,6 @@
 #include "diagram/export/Export.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/render/Renderer.h"
 #include "diagram/view/PictureMime.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DoSave.h"
