@@ -2,6 +2,8 @@
 #include "document/Tags.h"
 #include "tests/mainwindow/WindowTest.h"
 
+#include <QTest>
+
 #include <QFile>
 
 namespace mainwindow::testing {
@@ -44,6 +46,23 @@ TEST_F(Hyperlinks, InThisMapTheSliceCountsFromOne) {
     EXPECT_TRUE(window.CurrentView().hasFocus());
     EXPECT_EQ(window.MousePointer(), kNormal);
     EXPECT_FALSE(window.clsSettings().Dirty);
+}
+
+TEST_F(Hyperlinks, ADoubleClickThatMeansSomethingElseFollowsNone) {
+    frmMain &window = Open();
+    AddTo(window, NodeKey(window), {}, 3);
+    const QRectF box = window.CurrentSurface().Nodes().Item(1).Bounds();
+    DoubleClick(window, box.topLeft() + QPointF(15, 15)); // the first click brings the handle there
+    EXPECT_EQ(window.TabStrip().TheTab(), 0);
+    for (const Qt::KeyboardModifier modifier : {Qt::ControlModifier, Qt::ShiftModifier}) {
+        const QPoint at = PixelOf(window, box.center());
+        window.CurrentSurface().Nodes().Item(1).SetSelected(true);
+        QTest::mouseDClick(window.CurrentView().viewport(), Qt::LeftButton, modifier, at);
+        ProcessEvents();
+        EXPECT_EQ(window.TabStrip().TheTab(), 0) << modifier;
+    }
+    DoubleClickNode(window);
+    EXPECT_EQ(window.TabStrip().TheTab(), 2);
 }
 
 TEST_F(Hyperlinks, AKeyOfASliceGoesBeforeItsPosition) {
