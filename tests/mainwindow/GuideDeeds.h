@@ -1,0 +1,16 @@
+// What both the README and the guide tell.
+#pragma once
+
+#include "tests/mainwindow/GuideReader.h"
+
+namespace mainwindow::testing {
+
+void DrawOne(Reader &reader);
+void LinkFromBeside(Reader &reader);
+void TypeATextOfTwoLines(Reader &reader);
+void WriteIntoANode(Reader &reader);
+void SelectByABand(Reader &reader);
+void ResizeByAHandle(Reader &reader);
+diagram::Link &BendByTheMiddle(Reader &reader);
+
+} // namespace mainwindow::testing

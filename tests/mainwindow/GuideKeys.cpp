@@ -1,0 +1,352 @@
+// The guide's tables of keys.
+#include "tests/mainwindow/GuideReader.h"
+
+#include "diagram/view/SurfaceView.h"
+#include "mainwindow/CommandSearch.h"
+#include "mainwindow/FindBar.h"
+#include "mainwindow/PickBox.h"
+#include "timeline/setup/frmDate.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QPointer>
+#include <QScrollBar>
+#include <QTest>
+
+namespace mainwindow::testing {
+
+namespace {
+
+using Nodes = std::vector<diagram::Node *>;
+
+constexpr Qt::KeyboardModifier kCtrl = Qt::ControlModifier;
+
+void GoByTab(Reader &r) {
+    r.Press("Tab");
+    EXPECT_EQ(r.Surface().SelectedNode(), r.a);
+    r.Press("Tab");
+    EXPECT_EQ(r.Surface().SelectedNode(), r.b);
+    r.Press("Shift+Tab");
+    EXPECT_EQ(r.Surface().SelectedNode(), r.a);
+    r.Select(*r.c);
+    EXPECT_TRUE(r.window->CurrentView().hasFocus());
+    r.Press("Tab");
+    EXPECT_FALSE(r.window->CurrentView().hasFocus());
+}
+
+void GoByArrows(Reader &r) {
+    r.Select(*r.a);
+    r.Press("Ctrl+Right");
+    EXPECT_EQ(r.Surface().SelectedNode(), r.b);
+    r.Press("Ctrl+Down");
+    EXPECT_EQ(r.Surface().SelectedNode(), r.c);
+}
+
+void GoAlongLinks(Reader &r) {
+    r.Join(*r.b, *r.a);
+    r.Select(*r.a);
+    r.Press("Ctrl+Alt+Right");
+    EXPECT_EQ(r.Surface().SelectedNode(), r.b);
+    r.Press("Ctrl+Alt+Down");
+    EXPECT_EQ(r.Surface().SelectedNode(), r.b) << "no link leads there";
+}
+
+void ReachByArrows(Reader &r) {
+    r.Select(*r.a);
+    r.Press("Ctrl+Shift+Right");
+    EXPECT_EQ(r.Surface().SelectedNodes(), (Nodes{r.a, r.b}));
+    r.Press("Ctrl+Shift+Left");
+    EXPECT_EQ(r.Surface().SelectedNodes(), Nodes{r.a});
+}
+
+void GoThroughLinks(Reader &r) {
+    diagram::Link &first = r.Join(*r.a, *r.b), &second = r.Join(*r.a, *r.c);
+    r.Select(*r.a);
+    r.Press("Return");
+    EXPECT_EQ(r.Surface().SelectedLink(), &first);
+    r.Press("Return");
+    EXPECT_EQ(r.Surface().SelectedLink(), &second);
+    r.Press("Shift+Return");
+    EXPECT_EQ(r.Surface().SelectedLink(), &first);
+    r.Press("Ctrl+Right");
+    EXPECT_EQ(r.Surface().SelectedNode(), r.b);
+    r.Select(*r.a);
+    r.Press("Return");
+    r.Press("Tab");
+    EXPECT_EQ(r.Surface().SelectedNode(), r.b) << "the next node";
+}
+
+void Insert(Reader &r) {
+    r.Select(*r.c);
+    r.Press("Ctrl+Up"); // up is gone last
+    r.Select(*r.c);
+    r.Press("Ins");
+    ASSERT_EQ(r.Nodes(), 4);
+    ASSERT_EQ(r.Links(), 1U);
+    EXPECT_LT(r.LastNode().Top(), r.c->Top());
+    r.Surface().UnselectAll();
+    r.Press("Ins");
+    EXPECT_EQ(r.Nodes(), 5);
+    EXPECT_EQ(r.Links(), 1U);
+}
+
+void MoveByArrows(Reader &r) {
+    AddNode(*r.window, 30000, 30000);
+    r.Select(*r.a);
+    r.Press("Right");
+    EXPECT_EQ(r.a->Left(), 915);
+    r.Press("Shift+Down");
+    EXPECT_EQ(r.a->Top(), 900 + r.Surface().GridSize());
+    r.Surface().UnselectAll();
+    const QScrollBar &bar = *r.window->CurrentView().verticalScrollBar();
+    const int before = bar.value();
+    r.Press("Down");
+    EXPECT_GT(bar.value(), before);
+    EXPECT_EQ(r.a->Left(), 915);
+}
+
+void ResizeByArrows(Reader &r) {
+    r.b->SetBounds(5400, 900, 3000, 900);
+    r.b->SetSelected(true);
+    r.a->SetSelected(true);
+    r.Press("Alt+Right");
+    EXPECT_EQ(r.a->Width(), 1515);
+    EXPECT_EQ(r.b->Width(), 3030) << "in proportion";
+    r.Press("Alt+Shift+Down");
+    EXPECT_EQ(r.a->Height(), 900 + r.Surface().GridSize());
+    r.Press("Alt+Left");
+    EXPECT_EQ(r.a->Width(), 1500);
+}
+
+void LinkByKeys(Reader &r) {
+    r.Select(*r.a);
+    r.Press("Ctrl+L");
+    r.Press("Return");
+    ASSERT_EQ(r.Links(), 1U);
+    diagram::Link &link = *r.Surface().Links()[0];
+    EXPECT_EQ(&link.Source(), r.a);
+    r.Select(*r.a);
+    r.Press("Ctrl+Shift+L");
+    r.Press("Return");
+    ASSERT_EQ(r.Links(), 2U);
+    EXPECT_EQ(&r.Surface().Links()[1]->Destination(), r.a);
+    const auto join = [&](const char *keys) {
+        r.Surface().UnselectAll();
+        link.SetSelected(true);
+        r.Press(keys);
+        r.Click(r.c->Bounds().center());
+    };
+    join("Ctrl+L");
+    EXPECT_EQ(&link.Destination(), r.c);
+    link.SetDestination(*r.b);
+    join("Ctrl+Shift+L");
+    EXPECT_EQ(&link.Source(), r.c);
+}
+
+void BendByKeys(Reader &r) {
+    diagram::Link &link = r.Join(*r.a, *r.b);
+    link.SetSelected(true);
+    r.Press("Ctrl+Shift+B");
+    r.Press("Shift+Down");
+    r.Press("Shift+Down");
+    r.Press("Return");
+    EXPECT_EQ(link.Way().size(), 3U);
+}
+
+constexpr ToldStep kKeyboard[] = {
+    {"Tab, Shift+Tab | go from node to node in reading order, and on to the next part of the window behind "
+     "the last one",
+     GoByTab},
+    {"Ctrl and an arrow | go to the neighbour in that direction", GoByArrows},
+    {"Ctrl+Alt and an arrow | go along a link in that direction", GoAlongLinks},
+    {"Ctrl+Shift and an arrow | take the neighbour into the selection too, or go back from it",
+     ReachByArrows},
+    {"Enter, Shift+Enter | go through the links of the selected node; Ctrl and an arrow goes on to the end "
+     "of the link, Tab to the next node",
+     GoThroughLinks},
+    {"Ins | add a node linked to the selected one, in the direction last gone; with none selected, one in "
+     "the middle of what is seen",
+     Insert},
+    {"arrows | move what is selected by a pixel, with Shift by a step of the grid; with nothing selected, "
+     "scroll",
+     MoveByArrows},
+    {"Alt and an arrow | move the right or the bottom side of what is selected by a pixel, with Shift by a "
+     "step of the grid: the nodes grow and shrink, several in proportion",
+     ResizeByArrows},
+    {"Ctrl+L, Ctrl+Shift+L | link the selected node to another one, or from another one; with a link "
+     "selected, join its end or its start elsewhere",
+     LinkByKeys},
+    {"Ctrl+Shift+B | bend the selected link", BendByKeys},
+};
+
+void Files(Reader &r) {
+    const QString mine = r.File("mine.map"), other = r.File("other.map");
+    r.desktop.ExpectSaveFile(mine);
+    r.Press("Ctrl+S");
+    EXPECT_TRUE(QFileInfo::exists(mine));
+    r.desktop.ExpectSaveFile(other);
+    r.Press("Ctrl+Shift+S");
+    EXPECT_TRUE(QFileInfo::exists(other));
+    EXPECT_EQ(r.window->clsSettings().Database(), other);
+    r.desktop.ExpectOpenFile(mine);
+    r.Press("Ctrl+O");
+    EXPECT_EQ(r.window->clsSettings().Database(), mine);
+    r.Press("Ctrl+N");
+    EXPECT_EQ(frmMain::Forms().size(), 2U);
+}
+
+void PrintAndClose(Reader &r) {
+    r.desktop.printers.names = {QStringLiteral("Office")};
+    for (const char *keys : {"Ctrl+Q", "Ctrl+W"}) {
+        const QPointer<frmMain> other = &r.Another();
+        r.desktop.ExpectForm(QStringLiteral("frmPrint"));
+        QTest::keySequence(&other->CurrentView(), QKeySequence(QStringLiteral("Ctrl+P")));
+        QTest::keySequence(&other->CurrentView(), QKeySequence(QLatin1String(keys)));
+        r.ProcessEvents();
+        EXPECT_TRUE(other.isNull()) << keys;
+    }
+    EXPECT_EQ(r.desktop.dialogHost.shown.size(), 2);
+}
+
+void UndoAndRedo(Reader &r) {
+    r.Select(*r.a);
+    r.Press("Right");
+    for (const char *redo : {"Ctrl+Y", "Ctrl+Shift+Z"}) {
+        r.Press("Ctrl+Z");
+        EXPECT_EQ(r.a->Left(), 900);
+        r.Press(redo);
+        EXPECT_EQ(r.a->Left(), 915) << redo;
+    }
+}
+
+void CutAndPaste(Reader &r) {
+    r.Select(*r.a);
+    r.Press("Ctrl+C");
+    r.Press("Ctrl+V");
+    EXPECT_EQ(r.Nodes(), 4);
+    r.Press("Ctrl+D");
+    EXPECT_EQ(r.Nodes(), 5);
+    r.Press("Ctrl+X");
+    EXPECT_EQ(r.Nodes(), 4);
+    r.Press("Ctrl+V");
+    EXPECT_EQ(r.Nodes(), 5);
+    r.desktop.ExpectMessageContaining(QStringLiteral("delete the select Nodes"), support::Answer::Yes);
+    r.Press("Del");
+    EXPECT_EQ(r.Nodes(), 4);
+}
+
+void SelectAllOrNothing(Reader &r) {
+    r.Press("Ctrl+A");
+    EXPECT_EQ(r.Surface().SelectedNodes().size(), 3U);
+    r.Press("Ctrl+Shift+A");
+    EXPECT_TRUE(r.Surface().SelectedNodes().empty());
+}
+
+void EditAndProperties(Reader &r) {
+    r.Select(*r.a);
+    r.Press("F2");
+    EXPECT_TRUE(r.window->CurrentView().IsEditing());
+    r.Key(Qt::Key_Escape);
+    r.desktop.ExpectForm(QStringLiteral("frmNodeDialog"));
+    r.Press("F4");
+    EXPECT_EQ(r.desktop.dialogHost.shown.size(), 1);
+}
+
+void Find(Reader &r) {
+    r.b->SetText(QStringLiteral("one of two"));
+    r.c->SetText(QStringLiteral("two of two"));
+    r.Press("Ctrl+F");
+    const auto *bar = r.window->findChild<FindBar *>();
+    ASSERT_TRUE(bar->isVisible());
+    r.Type(QStringLiteral("of two"));
+    EXPECT_EQ(r.Surface().SelectedNode(), r.b);
+    r.Press("F3");
+    EXPECT_EQ(r.Surface().SelectedNode(), r.c);
+    r.Press("Shift+F3");
+    EXPECT_EQ(r.Surface().SelectedNode(), r.b);
+    const auto *with = r.window->findChild<QLineEdit *>(QStringLiteral("txtReplace"));
+    EXPECT_FALSE(with->isVisible());
+    r.Press("Ctrl+H");
+    EXPECT_TRUE(with->isVisible());
+}
+
+void SearchCommands(Reader &r) {
+    r.Press("Ctrl+Shift+P");
+    EXPECT_TRUE(r.window->Search().hasFocus());
+}
+
+void Grid(Reader &r) {
+    const bool lines = r.Surface().GridLines(), snaps = r.Surface().SnapToGrid();
+    r.Press("Ctrl+G");
+    EXPECT_NE(r.Surface().GridLines(), lines);
+    r.Press("Ctrl+Shift+G");
+    EXPECT_NE(r.Surface().SnapToGrid(), snaps);
+}
+
+void Zoom(Reader &r) {
+    const diagram::SurfaceView &view = r.window->CurrentView();
+    r.Press("Ctrl++");
+    EXPECT_GT(view.ShownZoom(), 101);
+    r.Press("Ctrl+0");
+    EXPECT_NEAR(view.ShownZoom(), 100, 0.01);
+    r.Press("Ctrl+-");
+    EXPECT_LT(view.ShownZoom(), 99);
+    AddNode(*r.window, 60000, 30000);
+    r.Press("Ctrl+9");
+    EXPECT_LT(view.ShownZoom(), 40);
+}
+
+void Date(Reader &r) {
+    r.Select(*r.a);
+    r.desktop.ExpectForm(QLatin1String(timeline::kFormDate));
+    r.Press("Ctrl+T");
+    EXPECT_EQ(r.desktop.dialogHost.shown.size(), 1);
+}
+
+void GoBySlice(Reader &r) {
+    r.window = &r.Another();
+    r.window->DoOpen(r.SavedPlan("slices.map", 1, 2), false);
+    r.ProcessEvents();
+    r.Press("Ctrl+PgDown");
+    EXPECT_EQ(r.window->TabStrip().TheTab(), 1);
+    r.Press("Ctrl+PgUp");
+    EXPECT_EQ(r.window->TabStrip().TheTab(), 0);
+}
+
+void GoToFontBoxes(Reader &r) {
+    r.Press("Ctrl+Shift+F");
+    EXPECT_TRUE(r.window->cboFont().hasFocus());
+    r.Press("Ctrl+Alt+F");
+    EXPECT_TRUE(r.window->cboFontSize().hasFocus());
+}
+
+void Help(Reader &r) {
+    r.desktop.ExpectLaunch(r.HelpFile());
+    r.Press("F1");
+    EXPECT_EQ(r.desktop.launcher.launched, QStringList(r.HelpFile()));
+}
+
+constexpr ToldStep kCommands[] = {
+    {"Ctrl+N, Ctrl+O, Ctrl+S, Ctrl+Shift+S | new map, open, save, save as", Files},
+    {"Ctrl+P, Ctrl+Q or Ctrl+W | print, close the window", PrintAndClose},
+    {"Ctrl+Z, Ctrl+Y or Ctrl+Shift+Z | undo, redo", UndoAndRedo},
+    {"Ctrl+X, Ctrl+C, Ctrl+V, Ctrl+D, Del | cut, copy, paste, duplicate, delete", CutAndPaste},
+    {"Ctrl+A, Ctrl+Shift+A | select all, select nothing", SelectAllOrNothing},
+    {"F2, F4 | edit the text, properties", EditAndProperties},
+    {"Ctrl+F, Ctrl+H, F3, Shift+F3 | find, replace, next, previous", Find},
+    {"Ctrl+Shift+P | search the commands", SearchCommands},
+    {"Ctrl+G, Ctrl+Shift+G | grid lines, snap to grid", Grid},
+    {"Ctrl++, Ctrl+-, Ctrl+0, Ctrl+9 | zoom in, zoom out, 100 per cent, fit in window", Zoom},
+    {"Ctrl+T | the date of the selected nodes", Date},
+    {"Ctrl+PgDn, Ctrl+PgUp | next and previous slice", GoBySlice},
+    {"Ctrl+Shift+F, Ctrl+Alt+F | the font boxes", GoToFontBoxes},
+    {"F1 | help", Help},
+};
+
+} // namespace
+
+std::span<const ToldStep> KeyboardSteps() { return kKeyboard; }
+std::span<const ToldStep> CommandSteps() { return kCommands; }
+
+} // namespace mainwindow::testing

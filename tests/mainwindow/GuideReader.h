@@ -1,0 +1,71 @@
+// Somebody who does with mouse and keys what the README and the guide tell.
+#pragma once
+
+#include "tests/mainwindow/WindowTest.h"
+
+#include <span>
+#include <vector>
+
+namespace mainwindow::testing {
+
+// A window with two nodes side by side and one below, which the steps may use.
+class Reader : public WindowTest {
+public:
+    Reader();
+
+    // With the mouse, at places in twips. A stroke is a drag over several places; `later` are the modifiers
+    // that are held after the press.
+    void Stroke(const std::vector<QPointF> &places, Qt::KeyboardModifiers first = {},
+                Qt::KeyboardModifiers later = {});
+    void Click(const QPointF &at, Qt::KeyboardModifiers modifiers = {});
+    void DoubleClick(const QPointF &at);
+    void Wheel(const QPointF &at, int angle, Qt::KeyboardModifiers modifiers = {});
+    QString TipAt(const QPointF &at);
+    void DropAt(const QString &file, const QPointF &at);
+    // On the surface, and to whatever has the focus.
+    void Press(const char *keys);
+    void Type(const QString &text);
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    // Runs the first command that the search offers for the words.
+    void RunFound(const char *words);
+    void PushFormatButton(const char *key);
+
+    diagram::Surface &Surface() { return window->CurrentSurface(); }
+    int Nodes() { return Surface().Nodes().Count(); }
+    std::size_t Links() { return Surface().Links().size(); }
+    diagram::Node &LastNode() { return Surface().Nodes().Item(Nodes()); }
+    diagram::Link &Join(diagram::Node &from, diagram::Node &to);
+    void Select(diagram::Node &node);
+    // Inside of the node, away from its handles; where a link starts at its right side; the middle of a
+    // segment of a link.
+    static QPointF Body(const diagram::Node &node);
+    static QPointF Start(const diagram::Node &node);
+    static QPointF Half(const diagram::Link &link, std::size_t segment = 0);
+    QImage Seen();
+    QString File(const char *name) const { return MapFile(QLatin1String(name)); }
+    QString SavedPlan(const char *name, int nodes, int slices) {
+        return SavedMap(QLatin1String(name), nodes, slices);
+    }
+    QString HelpFile() const { return ProgramFile(QStringLiteral("help.pdf")); }
+    frmMain &Another() { return NewWindow(); }
+    using WindowTest::desktop;
+    using WindowTest::ProcessEvents;
+
+    frmMain *window;
+    diagram::Node *a, *b, *c;
+    static constexpr QPointF kEmpty{600, 5400};
+};
+
+// What one numbered step or one row of a table tells, word for word, and how it is done. A text that was
+// changed has to be done anew.
+struct ToldStep {
+    const char *text; // of a row: its cells, with a bar between them
+    void (*doIt)(Reader &reader);
+};
+
+std::span<const ToldStep> ReadmeSteps();
+std::span<const ToldStep> DrawingSteps();
+std::span<const ToldStep> KeyboardSteps();
+std::span<const ToldStep> CommandSteps();
+
+} // namespace mainwindow::testing
