@@ -73,7 +73,7 @@ watched() {
     return 1
 }
 
-# narrate KIND: shows one line in four seconds of what is merely progress, says that the command still runs when nothing comes
+# narrate KIND: shows one line in three seconds of what is merely progress, says that the command still runs when nothing comes
 # for as long, and shows all the rest at once. It reads with the shell alone, as some awks hold back what they read.
 narrate() {
     local kind=$1 line part="" held="" status begin last
@@ -89,7 +89,7 @@ narrate() {
             [ -z "$part" ] || printf '%s\n' "$part"
             return 0
         fi
-        if [ $((${EPOCHREALTIME/[.,]/} - last)) -ge 4000000 ]; then
+        if [ $((${EPOCHREALTIME/[.,]/} - last)) -ge 3000000 ]; then
             last=${EPOCHREALTIME/[.,]/}
             printf '%s\n' "${held:-  ... $(((last - begin) / 1000000)) s ${!running[*]}}"
             held=""
