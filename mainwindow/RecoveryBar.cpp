@@ -81,6 +81,8 @@ void RecoveryBar::AddRow(recovery::LostMap lost) {
     text->setTextFormat(Qt::PlainText);
     text->setForegroundRole(QPalette::ToolTipText);
     text->setToolTip(lost.path);
+    text->setMinimumWidth(1); // a narrow window cuts the text off, not the buttons
+    text->setMaximumWidth(text->sizeHint().width());
     line->addWidget(text);
     Row row{std::move(lost), widget, text, {}};
     for (const ButtonText &each : kButtons) {

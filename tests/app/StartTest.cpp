@@ -7,6 +7,8 @@
 #include "document/MapSchema.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/frmSplash.h"
+#include "mainwindow/RecoveryBar.h"
+#include "recovery/JournalFile.h"
 #include "support/Files.h"
 #include "support/testing/ScriptedDesktop.h"
 
@@ -257,6 +259,28 @@ TEST_F(Start, NotAgainWithNoTurnsThePromptOffToo) {
 TEST_F(Start, ACommandLineSkipsThePrompt) {
     Map(QStringLiteral("Startup/a.map"));
     EXPECT_EQ(Run(QStringLiteral("/no/such.map"))->windowTitle(), kUntitled);
+}
+
+TEST_F(Start, OffersWhatAFormerRunHasLeftUnsaved) {
+    const QByteArray former = qgetenv("XDG_STATE_HOME");
+    qputenv("XDG_STATE_HOME", program.path().toLocal8Bit());
+    {
+        recovery::JournalFile journal(program.filePath(QStringLiteral("Velmora/recovery")));
+        recovery::Step step{true, {}, {QDateTime::currentDateTime(), 1, recovery::MapFrame()}};
+        journal.Write(step);
+    }
+    EXPECT_EQ(Run()->OfferedMaps(), nullptr); // keeps no journals, so it offers none
+    delete frmMain::Forms().front();
+    StartOptions options;
+    options.keepJournals = true;
+    frmMain *window = Main(desktop.Get(), options);
+    ASSERT_TRUE(window && window->OfferedMaps());
+    EXPECT_TRUE(window->OfferedMaps()->isVisible());
+    EXPECT_EQ(window->OfferedMaps()->Count(), 1);
+    EXPECT_TRUE(window->Journal());
+    delete window;
+    frmMain::SetJournalsFolder(QString());
+    former.isNull() ? qunsetenv("XDG_STATE_HOME") : qputenv("XDG_STATE_HOME", former);
 }
 
 TEST_F(Start, AnEmptyStartupFolderOrNoneMeansNoPrompt) {
