@@ -27,7 +27,7 @@ void Write(const recovery::LostMap &lost, const QString &path) {
     if (support::FileExists(path)) throw UsageError(QStringLiteral("%1 is there already").arg(path));
     Session session;
     document::MemoryWindow &window = session.Window();
-    recovery::Restore(window, recovery::ReadLostMap(lost), lost.folder.path, support::TempPath());
+    recovery::Restore(window, recovery::ReadLostMap(lost), lost.folder.path);
     window.clsSettings().SetDatabase(path);
     document::DoSave(window);
 }

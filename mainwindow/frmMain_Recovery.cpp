@@ -3,12 +3,11 @@
 
 #include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
+#include "document/UnsavedWork.h"
 #include "mainwindow/RecoveryBar.h"
 #include "mainwindow/WindowJournal.h"
 #include "recovery/Restore.h"
-#include "support/clsGUID.h"
 #include "support/Error.h"
-#include "support/Files.h"
 
 #include <algorithm>
 
@@ -21,8 +20,8 @@ bool AsksBeforeDiscarding(support::Desktop &desktop, const recovery::LostMap &lo
                frmMain::tr(
                    "Discard the changes of %1 that were not saved?\r\n\r\nThey can't be brought back.")
                    .arg(lost.title),
-               support::Buttons::YesNo, support::Icon::Question,
-               settings::Terms().TITLE) == support::Answer::Yes;
+               support::Buttons::YesNo, support::Icon::Question, settings::Terms().TITLE,
+               support::EnterPresses::No) == support::Answer::Yes;
 }
 
 } // namespace
@@ -70,8 +69,7 @@ frmMain *frmMain::RestoreLostMap(recovery::LostMap lost) {
         if (!shown) made = std::make_unique<frmMain>(desktop_);
         frmMain &target = shown ? *shown : *made;
         const bool damaged = map.damaged;
-        recovery::Restore(target, std::move(map), lost.folder.path,
-                          support::AddBackslash(support::TempPath()) + support::GetGUID().mid(1, 8));
+        recovery::Restore(target, std::move(map), lost.folder.path);
         made.release(); // shown, it belongs to itself
         target.ShowWindow();
         if (target.journal_) target.journal_->Writer().Supersede(std::move(lost.folder));
@@ -92,6 +90,6 @@ frmMain *frmMain::PlaceFor(const QString &path) {
     return isEmpty ? this : nullptr;
 }
 
-bool frmMain::HasUnsavedWork() { return clsSettings_->Dirty; }
+bool frmMain::HasUnsavedWork() { return document::MustAskBeforeLosing(*this); }
 
 } // namespace mainwindow

@@ -51,13 +51,13 @@ void Journal::Unwatch(diagram::Surface &surface) {
 }
 
 void Journal::NoteWrite() {
-    sawWrites_ = pendingWrite_ = true;
+    pendingWrite_ = true;
     if (!soon_.isActive()) soon_.start();
 }
 
 void Journal::Drop() {
     Abandon();
-    running_ = sawWrites_ = pendingWrite_ = false;
+    running_ = pendingWrite_ = false;
     changes_ = 0;
     frame_ = {};
     typed_.reset();

@@ -45,9 +45,6 @@ public:
 
     void Watch(diagram::Surface &surface);
     void Unwatch(diagram::Surface &surface);
-    // Whether anything was written to the surfaces since the journal was made or dropped last.
-    bool SawWrites() const { return sawWrites_; }
-
     // Nothing differs from the file any more, or what does isn't wanted: the journal goes. Gathering begins
     // anew at the next write.
     void Drop();
@@ -95,7 +92,7 @@ private:
     double longestSlice_ = 0;
     MapFrame frame_; // as written last
     std::optional<TypedText> typed_;
-    bool running_ = false, sawWrites_ = false, pendingWrite_ = false, told_ = false;
+    bool running_ = false, pendingWrite_ = false, told_ = false;
     int changes_ = 0;
     qint64 retryAt_ = 0; // milliseconds since the epoch; 0 when writing works
     QThreadPool writer_; // of one thread; goes first

@@ -30,12 +30,11 @@ QString HashOf(const QString &path) {
 
 class Restorer {
 public:
-    Restorer(document::MapWindow &window, KeptMap map, QString folder, QString unpackInto)
+    Restorer(document::MapWindow &window, KeptMap map, QString folder)
         : window_(window),
           settings_(window.clsSettings()),
           map_(std::move(map)),
-          folder_(std::move(folder)),
-          unpackInto_(std::move(unpackInto)) {}
+          folder_(std::move(folder)) {}
 
     void Run() {
         const document::BusyWindow busy(window_);
@@ -127,6 +126,7 @@ private:
 
     void FillAttachments() {
         settings_.Attachments().Clear();
+        settings_.AttachmentFolder().Clear();
         for (document::cAttachment &kept : map_.frame.attachments) {
             document::cAttachment &attachment = settings_.Attachments().add(kept.Key);
             attachment = kept;
@@ -134,17 +134,13 @@ private:
         }
     }
 
-    // Where the file is: at its old place if it is still the same, else a copy in a folder of its own.
+    // Where the file is: at its old place if it is still the same, else a copy in the window's own folder.
     QString Unpacked(const document::cAttachment &attachment) {
         const QString name = map_.files.value(attachment.Key);
         const QString copy = CopyPath(folder_, name);
         if (name.isEmpty() || !QFile::exists(copy) || HashOf(attachment.Filename) == name)
             return attachment.Filename;
-        const QString place = unpackInto_ + u'/' + QString::number(++unpacked_);
-        if (!support::platform::MakePrivateFolder(unpackInto_) ||
-            !support::platform::MakePrivateFolder(place))
-            return attachment.Filename;
-        const QString target = place + u'/' + support::FileTitle(attachment.Filename);
+        const QString target = settings_.AttachmentFolder().NewPath(attachment.Filename);
         support::CopyFileTo(copy, target);
         return target;
     }
@@ -178,20 +174,20 @@ private:
         window_.TabStrip().SetTheTab(0);
         window_.ClickTab();
         settings_.Dirty = true;
+        settings_.SavedState.reset();
         window_.RefreshMainControls();
     }
 
     document::MapWindow &window_;
     document::clsfrmMain &settings_;
     KeptMap map_;
-    QString folder_, unpackInto_;
-    int unpacked_ = 0;
+    QString folder_;
 };
 
 } // namespace
 
-void Restore(document::MapWindow &window, KeptMap map, const QString &folder, const QString &unpackInto) {
-    support::PassOn("Restore", [&] { Restorer(window, std::move(map), folder, unpackInto).Run(); });
+void Restore(document::MapWindow &window, KeptMap map, const QString &folder) {
+    support::PassOn("Restore", [&] { Restorer(window, std::move(map), folder).Run(); });
 }
 
 } // namespace recovery

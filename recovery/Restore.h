@@ -11,7 +11,7 @@ namespace recovery {
 
 // Replaces what the window holds by the map, as work that was not saved: it is dirty, and belongs to the file
 // of the map, which may be gone or changed; saving then asks as ever. Embedded files that are no longer where
-// they were are copied from `folder`, that of the journal, into the folder `unpackInto`.
-void Restore(document::MapWindow &window, KeptMap map, const QString &folder, const QString &unpackInto);
+// they were are copied from `folder`, that of the journal, into that of the window.
+void Restore(document::MapWindow &window, KeptMap map, const QString &folder);
 
 } // namespace recovery

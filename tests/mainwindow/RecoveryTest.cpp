@@ -203,6 +203,7 @@ TEST_F(Recovery, DiscardAsksAndThrowsAway) {
     frmMain &window = NextStart();
     desktop.ExpectMessageContaining(QStringLiteral("Discard the changes of Untitled"), Answer::No);
     Choose(window, OfferAnswer::Discard);
+    EXPECT_EQ(desktop.Messages().back().enter, support::EnterPresses::No);
     EXPECT_EQ(window.OfferedMaps()->Count(), 1);
     desktop.ExpectMessageContaining(QStringLiteral("Discard the changes of Untitled"), Answer::Yes);
     Choose(window, OfferAnswer::Discard);
@@ -271,6 +272,28 @@ TEST_F(Recovery, ASavedMapLeavesNothingAndNoMapThatIsOnlyOpened) {
     EXPECT_EQ(Folders(), 0);
     Crash(window);
     EXPECT_EQ(NextStart().OfferedMaps(), nullptr);
+}
+
+TEST_F(Recovery, UndoingAllLeavesNothingAndWhatMakesNoMapDirtyIsKept) {
+    frmMain &window = NewWindow();
+    window.DoOpen(SavedMap(QStringLiteral("Plan.map"), 2), false);
+    AddNode(window, 6000, 6000, QStringLiteral("not told to the commands"));
+    ASSERT_FALSE(window.clsSettings().Dirty);
+    Write(window);
+    EXPECT_EQ(Folders(), 1);
+    {
+        diagram::Surface &surface = window.CurrentSurface();
+        surface.Remove(surface.Nodes().Item(3));
+        ASSERT_TRUE(document::DoSave(window));
+        surface.BeginAction(0);
+        surface.Nodes().Item(1).SetText(QStringLiteral("other"));
+        surface.EndAction();
+        Write(window);
+        EXPECT_EQ(Folders(), 1);
+        surface.Undo();
+    }
+    Write(window);
+    EXPECT_EQ(Folders(), 0);
 }
 
 TEST_F(Recovery, AFolderThatCannotBeWrittenIsToldInTheStatusBar) {

@@ -95,7 +95,7 @@ TEST_F(Damage, OfAPlaceLosesNoSlice) {
     ASSERT_EQ(lost.size(), 1u);
     EXPECT_TRUE(lost.front().damaged);
     auto window = NewWindow();
-    Restore(*window, ReadLostMap(lost.front()), folder, TempFolder());
+    Restore(*window, ReadLostMap(lost.front()), folder);
     EXPECT_EQ(Texts(*window).size(), 3);
     EXPECT_EQ(window->TabStrip().TabCaption(0), QStringLiteral("Map 1"));
 }

@@ -119,7 +119,7 @@ TEST_F(Gathering, TheJournalWhoseWorkItGoesOnWithGoesOnceItIsWritten) {
     std::vector<LostMap> lost = Lost();
     ASSERT_EQ(lost.size(), 1u);
     auto second = NewKept();
-    Restore(second->Memory(), ReadLostMap(lost[0]), lost[0].folder.path, TempFolder());
+    Restore(second->Memory(), ReadLostMap(lost[0]), lost[0].folder.path);
     second->journal.Supersede(std::move(lost[0].folder));
     EXPECT_EQ(Folders(), 1);
     second->journal.Finish();

@@ -28,9 +28,7 @@ std::unique_ptr<document::MemoryWindow> JournalTest::Restored() {
     const std::vector<LostMap> lost = Lost();
     EXPECT_EQ(lost.size(), 1u);
     auto window = NewWindow();
-    if (!lost.empty())
-        Restore(*window, ReadLostMap(lost.front()), lost.front().folder.path,
-                MapFile(QStringLiteral("unpacked")));
+    if (!lost.empty()) Restore(*window, ReadLostMap(lost.front()), lost.front().folder.path);
     return window;
 }
 
