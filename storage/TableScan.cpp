@@ -26,6 +26,7 @@ TableScan::TableScan(Connection &connection, const QString &table, const QString
     : connection_(connection),
       forward_(connection.Prepare(SelectText(table, QStringLiteral("*"), "ASC"))),
       backward_(connection.Prepare(SelectText(table, QStringLiteral("*"), "DESC"))),
+      number_(connection.Prepare(SelectText(table, QStringLiteral("NULL"), "ASC"))),
       most_(most) {
     for (const QString &column : columns)
         cells_.push_back(connection.Prepare(SelectText(table, QuotedName(column), "ASC")));
@@ -67,6 +68,8 @@ void TableScan::Lose(const Range &range) {
 
 // The cells in front of the damage can often be read where the row cannot.
 void TableScan::TakeCells(sqlite3_int64 number, const TakeCell &take) {
+    const Walk row = Up(number_.get(), {number, number}, [](sqlite3_int64, sqlite3_stmt *) {});
+    if (!row.any) return Lose({number, number});
     int read = 0;
     for (std::size_t i = 0; i < cells_.size(); ++i) {
         bool found = false;

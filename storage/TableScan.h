@@ -44,7 +44,7 @@ private:
 
     Connection &connection_;
     std::vector<Statement> cells_; // of one row, one for each column
-    Statement forward_, backward_;
+    Statement forward_, backward_, number_;
     sqlite3_int64 most_;
     int attempts_ = 0;
     std::deque<Range> open_;
