@@ -223,20 +223,34 @@ void Loader::EndWithoutMemory() {
     window_.DrawMenuBar();
 }
 
-void EndWell(MapWindow &window) {
-    clsfrmMain &settings = window.clsSettings();
+void ShowLoaded(MapWindow &window) {
     window.LoadCombos();
     window.DoResize();
     window.DoStatus(QString());
     window.SetProgress(0);
     window.TabStrip().SetTheTab(0);
+}
+
+void EndWell(MapWindow &window) {
+    clsfrmMain &settings = window.clsSettings();
+    ShowLoaded(window);
     window.SetWindowCaption(CaptionFor(settings.Database()));
     settings.Dirty = false;
     MarkSaved(window);
     settings::clsMRU(window.Desktop().registry).AddFile(settings.Database());
 }
 
-void LoadMap(MapWindow &window, storage::Database database) {
+// The map has no file: nothing of it is saved yet.
+void EndAsNew(MapWindow &window) {
+    clsfrmMain &settings = window.clsSettings();
+    ShowLoaded(window);
+    for (cAttachment &attachment : settings.Attachments()) attachment.Stored = {};
+    settings.OwnFiles().Forget(settings.Database());
+    settings.SetDatabase(QString());
+    settings.Dirty = true;
+}
+
+void LoadMap(MapWindow &window, storage::Database database, void (*end)(MapWindow &) = EndWell) {
     clsfrmMain &settings = window.clsSettings();
     const bool isNative = database.IsNative();
     {
@@ -248,7 +262,7 @@ void LoadMap(MapWindow &window, storage::Database database) {
         if (!Loader(window, database).Run()) return;
         database.Close();
         if (isNative) settings.OwnFiles().Add(settings.Database());
-        EndWell(window);
+        end(window);
     }
     window.RefreshMainControls();
 }
@@ -268,6 +282,17 @@ void LoadDiagramFile(MapWindow &frm, const QString &path) {
     UnloadAbove(surfaces, 1);
     diagram::LoadFile(surfaces[surfaces.UBound()], path);
     frm.clsSettings().SetDatabase(QString());
+}
+
+void LoadAsNew(MapWindow &frm, const QString &path, const QString &caption) {
+    support::PassOn("DoLoad", [&] {
+        QString file = path;
+        std::optional<storage::Database> database = OpenMap(file, false);
+        if (!database) return;
+        LoadMap(frm, std::move(*database), EndAsNew);
+        frm.clsSettings().SetDatabase(QString());
+        frm.SetWindowCaption(caption);
+    });
 }
 
 bool DoLoad(MapWindow &frm) {

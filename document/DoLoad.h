@@ -19,6 +19,10 @@ class MapWindow;
 // The window then shows what was read and works on.
 bool DoLoad(MapWindow &frm);
 
+// Reads the map of the file `path`, which may go afterwards, as one that was never saved: Database is empty,
+// Dirty true, and the recent files don't have it. Errors are those of DoLoad.
+void LoadAsNew(MapWindow &frm, const QString &path, const QString &caption);
+
 // For a path that is no database: the file of a surface goes into the highest of the slots 0 and 1, and
 // Database becomes empty, so that saving asks for a name.
 void LoadDiagramFile(MapWindow &frm, const QString &path);

@@ -276,7 +276,7 @@ void RepairJoins::CountPoints() {
     const auto links = ReadAll<QString>(
         map_,
         "SELECT [Link] FROM [LinkPoints] GROUP BY [Link] HAVING COUNT([Index])<COUNT(*) OR MIN([Index])<0 OR "
-        "MAX([Index])>COUNT(*)+1000 OR COUNT(DISTINCT [Index])<COUNT(*)",
+        "(MAX([Index])>=COUNT(*) AND MAX([Index])>1000) OR COUNT(DISTINCT [Index])<COUNT(*)",
         [](const Recordset &r) { return r.Text(0); });
     if (links.empty()) return;
     const QSet<QString> bad(links.begin(), links.end());

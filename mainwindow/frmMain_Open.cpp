@@ -6,6 +6,7 @@
 #include "document/DoSave.h"
 #include "document/LastPath.h"
 #include "document/MemoryGuard.h"
+#include "mainwindow/OfferSalvage.h"
 #include "support/clsPaths.h"
 
 namespace mainwindow {
@@ -37,7 +38,7 @@ frmMain *frmMain::DoOpen(QString sFilename, bool bNewWindow) {
         made.release(); // shown, it belongs to itself
         target.ShowWindow();
         target.DoEvents();
-        document::DoLoad(target);
+        LoadOrOffer(target, sFilename, [&] { document::DoLoad(target); });
         return &target;
     });
 }
@@ -54,7 +55,7 @@ frmMain *frmMain::OpenElsewhere(const QString &sFilename) {
         if (document::MustAskBeforeLosing(*form) &&
             desktop_.messageBoxes.Show(QStringLiteral("Revert to saved?"), support::Buttons::YesNo,
                                        support::Icon::Question, settings::Terms().TITLE) == Answer::Yes)
-            document::DoLoad(*form);
+            LoadOrOffer(*form, path, [&] { document::DoLoad(*form); });
         return form;
     }
     return nullptr;

@@ -167,8 +167,10 @@ std::shared_ptr<Connection> ReadNative(const QString &path, const QStringList &t
     throw DamagedDatabase(path);
 }
 
-// Whether a file whose first page is of no use has pages of tables behind it.
-bool MayBeNative(const QString &path) {
+} // namespace
+
+// It has pages of tables behind the first.
+bool LostItsFirstPage(const QString &path) {
     constexpr int kPage = 4096;
     constexpr int kLooked = 4;
     QFile file(path);
@@ -181,8 +183,6 @@ bool MayBeNative(const QString &path) {
     return true;
 }
 
-} // namespace
-
 void SweepSalvageFolders() { support::SweepPrivateFolders(kPurpose); }
 
 Salvaged SalvageDatabase(const QString &path, const QStringList &tables, const QString &model) {
@@ -190,7 +190,7 @@ Salvaged SalvageDatabase(const QString &path, const QStringList &tables, const Q
         QDir::toNativeSeparators(QFileInfo(QDir::fromNativeSeparators(path)).absoluteFilePath());
     QStringList lost;
     const FileForm form = RecogniseFile(name);
-    if (form == FileForm::Unknown && !MayBeNative(name)) throw UnrecognizedFormat(name);
+    if (form == FileForm::Unknown && !LostItsFirstPage(name)) throw UnrecognizedFormat(name);
     auto memory = form == FileForm::Jet ? SalvageJet(name, lost) : ReadNative(name, tables, model, lost);
     return {Database(StateOf(std::move(memory), name)), lost};
 }

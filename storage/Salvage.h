@@ -20,6 +20,10 @@ struct Salvaged {
 // be read, 3343 for anything else than a database, 3049 when there is none of the tables.
 Salvaged SalvageDatabase(const QString &path, const QStringList &tables, const QString &model = QString());
 
+// True for a file of the program's own form whose first page is of no use, so that nothing else recognises
+// it.
+bool LostItsFirstPage(const QString &path);
+
 // Removes the copies that processes left in the temporary folder when they were killed at it.
 void SweepSalvageFolders();
 

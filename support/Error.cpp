@@ -1,5 +1,7 @@
 #include "support/Error.h"
 
+#include "support/FollowUp.h"
+
 #include <cstdio>
 #include <new>
 
@@ -10,6 +12,13 @@ void WriteToStderr(const QString &title, const QString &text) {
     std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(text));
 }
 Reporter currentReporter = WriteToStderr;
+
+struct FollowUp {
+    long number = 0;
+    QString description;
+    std::function<void()> action;
+};
+FollowUp followUp;
 } // namespace
 
 Error::Error(long number, QString source, QString description)
@@ -32,8 +41,15 @@ QString ReportTitle(const QString &object, const QString &routine) {
 
 void SetReporter(Reporter reporter) { currentReporter = reporter ? reporter : WriteToStderr; }
 
+void FollowReport(const Error &error, std::function<void()> action) {
+    followUp = {error.Number(), error.Description(), std::move(action)};
+}
+
 void ShowReport(const QString &object, const QString &routine, const Error &error) {
+    const FollowUp next = std::exchange(followUp, {});
     currentReporter(ReportTitle(object, routine), ReportText(error));
+    if (next.action && next.number == error.Number() && next.description == error.Description())
+        Report("Error", "FollowReport", next.action);
 }
 
 Error CurrentError(const QString &source) {

@@ -1,5 +1,6 @@
 #include "storage/jet/JetFile.h"
 #include "storage/JetImport.h"
+#include "storage/Salvage.h"
 #include "StorageFixture.h"
 #include "tests/Paths.h"
 
@@ -264,6 +265,48 @@ TEST_F(JetDamageTest, RandomDamage_EndsInAnErrorOrInReadableTables) {
         const long number = RaisedNumber([&] { ImportJet(Path("changed.map"), kMilliseconds); });
         EXPECT_TRUE(number == 0 || number == kErrDamaged || number == kErrUnrecognizedFormat)
             << seed << ' ' << number;
+    }
+}
+
+TEST_F(JetDamageTest, SalvageOfRandomDamageEndsInAnErrorOrInReadableTables) {
+    constexpr int kSeeds = 40;
+    constexpr int kMilliseconds = 5000;
+    const char *const files[] = {"plan.mdb", "plan97.mdb", "old.mdb"};
+    int salvaged = 0;
+    for (int seed = 0; seed < kSeeds; ++seed) {
+        std::mt19937 random(seed + 1000);
+        bytes_ = Content(Data(files[seed % 3]));
+        for (int i = 0; i < 1 + seed * 2; ++i)
+            bytes_[random() % (bytes_.size() - 64) + 64] = static_cast<char>(random());
+        WriteContent(Path("changed.map"), bytes_);
+        QStringList lost;
+        const long number = RaisedNumber([&] { SalvageJet(Path("changed.map"), lost, kMilliseconds); });
+        EXPECT_TRUE(number == 0 || number == kErrDamaged || number == kErrUnrecognizedFormat)
+            << seed << ' ' << number;
+        salvaged += number == 0;
+    }
+    EXPECT_GT(salvaged, kSeeds / 2);
+}
+
+TEST_F(JetDamageTest, SalvageTakesWhatAnImportRefuses) {
+    SetRowCount("Groups", RowCount("Groups") + 1);
+    EXPECT_EQ(OpenNumber(), kErrDamaged);
+    Salvaged salvaged = SalvageDatabase(Path("changed.map"), {"Groups"});
+    EXPECT_EQ(salvaged.database.OpenRecordset("SELECT COUNT(*) FROM Groups").Long(0), 2);
+    EXPECT_EQ(salvaged.lost, QStringList("Groups, 1 rows cannot be read"));
+}
+
+TEST_F(JetDamageTest, SalvageOfASoundFileIsTheFile) {
+    for (const char *name : {"plan.mdb", "plan97.mdb", "old.mdb"}) {
+        Database whole = OpenDatabase(Data(name));
+        QStringList names;
+        for (const TableDef &table : whole.TableDefs()) names += table.name;
+        Salvaged salvaged = SalvageDatabase(Data(name), names);
+        EXPECT_EQ(salvaged.lost, QStringList());
+        for (const QString &table : names) {
+            const QString count = "SELECT COUNT(*) FROM [" + table + "]";
+            EXPECT_EQ(salvaged.database.OpenRecordset(count).Long(0), whole.OpenRecordset(count).Long(0));
+        }
     }
 }
 

@@ -1,0 +1,94 @@
+#include "mainwindow/OfferSalvage.h"
+
+#include "app/settings/Settings.h"
+#include "document/BusyWindow.h"
+#include "document/DoLoad.h"
+#include "document/RepairMap.h"
+#include "mainwindow/frmMain.h"
+#include "storage/Salvage.h"
+#include "support/Files.h"
+#include "support/FollowUp.h"
+#include "support/PrivateFolder.h"
+
+#include <algorithm>
+#include <QPointer>
+
+namespace mainwindow {
+
+namespace {
+
+const QString kPurpose = QStringLiteral("salvage"); // swept at start with those of other repairs
+constexpr qsizetype kMostLines = 20;                // of a box
+
+// Errors of what a file holds, as opposed to those of reaching it.
+constexpr long kErrorsOfContent[] = {
+    support::kErrInvalidProcedureCall,
+    support::kErrOverflow,
+    support::kErrSubscriptOutOfRange,
+    support::kErrTypeMismatch,
+    340, // no such slot
+    360, // a slice twice
+    380, // out of range
+    support::kErrKeyInUse,
+    481, // no picture
+    storage::kErrFieldNotFound,
+    storage::kErrTableNotFound,
+    storage::kErrDamaged,
+};
+
+bool IsOfContent(const support::Error &error, const QString &path) {
+    if (error.Number() == storage::kErrUnrecognizedFormat) return storage::LostItsFirstPage(path);
+    return std::find(std::begin(kErrorsOfContent), std::end(kErrorsOfContent), error.Number()) !=
+           std::end(kErrorsOfContent);
+}
+
+bool WantsToOpen(support::Desktop &desktop) {
+    return desktop.messageBoxes.Show(QStringLiteral("Open what can be read as a new map?"),
+                                     support::Buttons::YesNo, support::Icon::Question,
+                                     settings::Terms().TITLE,
+                                     support::EnterPresses::No) == support::Answer::Yes;
+}
+
+// What was changed, as far as a box has room for it.
+void TellOfRepairs(support::Desktop &desktop, const document::RepairReport &report) {
+    QStringList lines = report.lost;
+    for (const document::Repair &repair : report.repairs) lines.append(document::RepairText(repair));
+    if (lines.isEmpty()) return;
+    const qsizetype more = lines.size() - kMostLines;
+    lines = lines.mid(0, kMostLines);
+    if (more > 0) lines.append(QStringLiteral("... and %1 more").arg(more));
+    desktop.messageBoxes.Show(lines.join(QStringLiteral("\r\n")), support::Buttons::Ok,
+                              support::Icon::Information, settings::Terms().TITLE);
+}
+
+void OpenWhatCanBeRead(frmMain &window, const QString &path) {
+    const support::PrivateFolder folder(kPurpose);
+    const QString repaired = support::AddBackslash(folder.Path()) + QStringLiteral("repaired.map");
+    document::RepairReport report;
+    {
+        const document::BusyWindow busy(window);
+        window.DoStatus(QStringLiteral("Reading what can be read..."));
+        report = document::RepairMap(path, repaired);
+        window.DoStatus(QString());
+    }
+    frmMain &target = window.WantsNewWindow() ? *new frmMain(window.Desktop()) : window;
+    target.ShowWindow();
+    document::LoadAsNew(target, repaired, QStringLiteral("Untitled - ") + settings::Terms().TITLE);
+    TellOfRepairs(window.Desktop(), report);
+}
+
+} // namespace
+
+void LoadOrOffer(frmMain &window, const QString &path, const std::function<void()> &load) {
+    try {
+        load();
+    } catch (const support::Error &error) {
+        if (IsOfContent(error, path))
+            support::FollowReport(error, [shown = QPointer<frmMain>(&window), path] {
+                if (shown && WantsToOpen(shown->Desktop())) OpenWhatCanBeRead(*shown, path);
+            });
+        throw;
+    }
+}
+
+} // namespace mainwindow
