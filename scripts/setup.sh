@@ -1,6 +1,11 @@
 # Sourced by ./run, ./test and ./bench: finds out what is missing and installs it with apt.
 
-step() { printf '\n== %s\n' "$*"; }
+shopt -s lastpipe # narrate runs in this shell, so that it knows when the command before it said something
+said=${EPOCHREALTIME/[.,]/} # the last line on the screen, in microseconds
+step() {
+    printf '\n== %s\n' "$*"
+    said=${EPOCHREALTIME/[.,]/}
+}
 fail() {
     printf '\nCannot go on: %s\n' "$*" >&2
     exit 1
@@ -76,10 +81,8 @@ watched() {
 # narrate KIND: shows one line in three seconds of what is merely progress, says that the command still runs when nothing comes
 # for as long, and shows all the rest at once. It reads with the shell alone, as some awks hold back what they read.
 narrate() {
-    local kind=$1 line part="" held="" status begin last
+    local kind=$1 line part="" held="" status begin=${EPOCHREALTIME/[.,]/}
     local -A running=()
-    begin=${EPOCHREALTIME/[.,]/}
-    last=$begin
     while true; do
         status=0
         IFS= read -r -t 0.5 line || status=$?
@@ -89,9 +92,9 @@ narrate() {
             [ -z "$part" ] || printf '%s\n' "$part"
             return 0
         fi
-        if [ $((${EPOCHREALTIME/[.,]/} - last)) -ge 3000000 ]; then
-            last=${EPOCHREALTIME/[.,]/}
-            printf '%s\n' "${held:-  ... $(((last - begin) / 1000000)) s ${!running[*]}}"
+        if [ $((${EPOCHREALTIME/[.,]/} - said)) -ge 3000000 ]; then
+            said=${EPOCHREALTIME/[.,]/}
+            printf '%s\n' "${held:-  ... $(((said - begin) / 1000000)) s ${!running[*]}}"
             held=""
         fi
     done
@@ -106,7 +109,7 @@ take_line() {
         *)
             [[ $kind = ctest && $part =~ Test\ +#[0-9]+:\ ([^ ]+) ]] && unset "running[${BASH_REMATCH[1]}]"
             printf '%s\n' "$part"
-            last=${EPOCHREALTIME/[.,]/}
+            said=${EPOCHREALTIME/[.,]/}
             ;;
     esac
 }
