@@ -147,6 +147,7 @@ TEST_F(UnsavedWorkTest, ASaveThatFailsLeavesWhatItWas) {
     Slice().Nodes().Add(0, 3000, 100, 100); // without a key
     MarkSaved(*window);
     QFile::remove(window->clsSettings().Attachments().Item(1).Filename);
+    QFile::remove(path); // which has the same bytes
     MarkSaved(*window);
     EXPECT_NE(ErrorOf([&] { DoSave(*window); }).Number(), 0);
     EXPECT_FALSE(Unsaved()) << "keys given by a save are no work";

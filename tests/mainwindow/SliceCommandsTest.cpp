@@ -294,6 +294,7 @@ TEST_F(SliceCommands, TheKeyboardStaysOnTheSurfaceWhenASliceIsDeleted) {
 TEST_F(SliceCommands, TheKeyboardStaysOnTheSurfaceWhenAMapTakesThePlaceOfManySlices) {
     window.TabStrip().SetTheTab(2);
     window.CurrentView().setFocus();
+    desktop.ExpectMessage(QStringLiteral("Save Changes"), support::Answer::No); // of the slices made here
     window.DoOpen(SavedMap(QStringLiteral("one.map"), 1), false);
     ProcessEvents();
     EXPECT_EQ(QApplication::focusWidget(), &window.CurrentView());
