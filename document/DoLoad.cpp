@@ -82,6 +82,8 @@ bool Loader::Run() {
 void Loader::UnloadSlices() {
     UnloadAbove(window_.AddFlow1(), 0);
     window_.TabStrip().SetTabCount(1);
+    settings_.Hyperlinks().Clear();
+    settings_.Attachments().Clear();
 }
 
 void Loader::LoadPools() {
@@ -223,6 +225,31 @@ void Loader::EndWithoutMemory() {
     window_.DrawMenuBar();
 }
 
+// A load that ends in the middle leaves what it has read, which is no file's content.
+class UnlessWhole {
+public:
+    explicit UnlessWhole(MapWindow &window) : window_(window), wasDirty_(window.clsSettings().Dirty) {}
+    ~UnlessWhole() {
+        if (!whole_) support::Report("frmMain", "DoLoad", [this] { PartWithFile(); });
+    }
+    UnlessWhole(const UnlessWhole &) = delete;
+    UnlessWhole &operator=(const UnlessWhole &) = delete;
+
+    void Dismiss() { whole_ = true; }
+
+private:
+    void PartWithFile() {
+        window_.clsSettings().SetDatabase(QString());
+        window_.SetWindowCaption(UntitledCaption());
+        window_.LoadCombos();
+        window_.clsSettings().Dirty = wasDirty_; // the slices that were read have set it
+        MarkSaved(window_);
+    }
+
+    MapWindow &window_;
+    bool wasDirty_, whole_ = false;
+};
+
 void ShowLoaded(MapWindow &window) {
     window.LoadCombos();
     window.DoResize();
@@ -259,8 +286,10 @@ void LoadMap(MapWindow &window, storage::Database database, void (*end)(MapWindo
         settings.SetDatabase(database.Name());
         settings.OwnFiles().Forget(settings.Database());
         settings.OwnFiles().Saw(settings.Database());
+        UnlessWhole untitled(window);
         if (!Loader(window, database).Run()) return;
         database.Close();
+        untitled.Dismiss();
         if (isNative) settings.OwnFiles().Add(settings.Database());
         end(window);
     }
@@ -272,6 +301,8 @@ void LoadMap(MapWindow &window, storage::Database database, void (*end)(MapWindo
 QString CaptionFor(const QString &path) {
     return settings::Terms().TITLE + QStringLiteral(" - ") + support::GetFileTitle(path, true);
 }
+
+QString UntitledCaption() { return QStringLiteral("Untitled - ") + settings::Terms().TITLE; }
 
 QString CompanionFile(const QString &path, int slice) {
     return path + QString::number(slice) + QStringLiteral(".tlt");
@@ -291,6 +322,7 @@ void LoadAsNew(MapWindow &frm, const QString &path, const QString &caption) {
         if (!database) return;
         LoadMap(frm, std::move(*database), EndAsNew);
         frm.clsSettings().SetDatabase(QString());
+        frm.clsSettings().ForgetLastDatabase();
         frm.SetWindowCaption(caption);
     });
 }

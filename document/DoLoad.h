@@ -11,12 +11,13 @@ class MapWindow;
 // hyperlinks, attachments. Asks for a path where Database is empty. Leaves the file closed and Dirty false;
 // embedded attachments stand in the window's own folder. Gives false, always.
 //
-// Without memory the load ends with the product's message: the slices read so far stay, Dirty and caption
-// stay as they were. An error ends it where it stands and has DoLoad in its source: an engine's error for
+// Without memory the load ends with the product's message: the slices read so far stay, and Dirty is not
+// touched. An error ends it where it stands and has DoLoad in its source: an engine's error for
 // what cannot be opened or lacks a table or column, 6 "Overflow" and 380 "Invalid property value" for numbers
 // out of range, 13 "Type mismatch" for a text where a number belongs, 457 for a node key that is there twice,
 // 5 for a link to an unknown node, 481 for a picture that is none, 340 and 360 for impossible slice indexes.
-// The window then shows what was read and works on.
+// The window then shows what was read and works on. Where memory or an error ended it in the middle, Database
+// is empty, so that a save asks for a name, and the caption says so.
 bool DoLoad(MapWindow &frm);
 
 // Reads the map of the file `path`, which may go afterwards, as one that was never saved: Database is empty,
@@ -29,6 +30,9 @@ void LoadDiagramFile(MapWindow &frm, const QString &path);
 
 // TITLE, " - " and the file's name: the caption of a window with that map.
 QString CaptionFor(const QString &path);
+
+// The caption of a window whose map has no file.
+QString UntitledCaption();
 
 // The companion file of a slice: the map's full path, the slice's index and ".tlt".
 QString CompanionFile(const QString &path, int slice);

@@ -28,10 +28,16 @@ bool writesCompanions = false;
 class Rollback {
 public:
     explicit Rollback(MapWindow &window)
-        : window_(window), database_(window.clsSettings().Database()), tab_(window.TabStrip().TheTab()) {}
+        : window_(window),
+          database_(window.clsSettings().Database()),
+          shown_(window.clsSettings().ShownFile()),
+          tab_(window.TabStrip().TheTab()) {}
     ~Rollback() {
         if (done_) return;
-        window_.clsSettings().SetDatabase(database_);
+        if (database_.isEmpty())
+            window_.clsSettings().KeepFormer(shown_);
+        else
+            window_.clsSettings().SetDatabase(database_);
         support::Report("frmMain", "TheTab", [&] { PutTabBack(); });
     }
     Rollback(const Rollback &) = delete;
@@ -42,7 +48,7 @@ public:
 
 private:
     MapWindow &window_;
-    QString database_;
+    QString database_, shown_;
     int tab_;
     bool done_ = false;
 };
@@ -169,8 +175,8 @@ bool MayOverwrite(MapWindow &window, const QString &path) {
                QStringLiteral("%1 was changed outside of this window since it was opened.\r\n\r\n"
                               "Do you want to save over those changes?")
                    .arg(support::FileTitle(path)),
-               support::Buttons::YesNo, support::Icon::Question,
-               settings::Terms().TITLE) == support::Answer::Yes;
+               support::Buttons::YesNo, support::Icon::Question, settings::Terms().TITLE,
+               support::EnterPresses::No) == support::Answer::Yes;
 }
 
 } // namespace
@@ -182,7 +188,7 @@ bool DoSave(MapWindow &frm) {
     return support::PassOn("DoSave", [&] {
         QString path = frm.clsSettings().Database();
         const bool asked = path.isEmpty(); // the dialog asks about a file that is there
-        if (asked) path = GetMapFile(true);
+        if (asked) path = GetMapFile(true, frm.clsSettings().LastDatabase());
         if (path.isEmpty() || (!asked && !MayOverwrite(frm, path))) return false;
         Save(frm, path);
         return true;

@@ -17,12 +17,26 @@ QString MapFilter() {
     return QStringLiteral("%1 Files|*.%2|All Files|*.*").arg(terms.MAP, terms.EXT);
 }
 
+bool MayStartIn(const QString &folder) {
+    if (folder.isEmpty() || !support::DirExists(folder)) return false;
+    const QString program = support::clsPaths().LongName(support::ProgramPath());
+    return !support::IsSameFile(support::clsPaths().LongName(folder), program);
+}
+
+QString FolderToSaveIn(const QString &map) {
+    for (const QString &folder : {support::clsPaths().DoGetFilePath(map), lastPath})
+        if (MayStartIn(folder)) return support::AddBackslash(folder);
+    return support::clsPaths().GetMyDocsOrHomePath();
+}
+
 } // namespace
 
 const QString &LastPath() { return lastPath; }
 void SetLastPath(const QString &folder) { lastPath = folder; }
 
-QString GetMapFile(bool bNew) {
+QString PlaceToSave(const QString &map) { return FolderToSaveIn(map) + support::FileTitle(map); }
+
+QString GetMapFile(bool bNew, const QString &map) {
     using namespace support::fileflags;
     return support::PassOn("GetMapFile", [&] {
         if (lastPath.isEmpty()) lastPath = support::clsPaths().GetMyDocsPath();
@@ -30,7 +44,7 @@ QString GetMapFile(bool bNew) {
         int filterRow = 1;
         const QString &extension = settings::Terms().EXT;
         const QString path =
-            bNew ? dialogs.ShowSaveFileDialog(MapFilter(), extension, lastPath,
+            bNew ? dialogs.ShowSaveFileDialog(MapFilter(), extension, PlaceToSave(map),
                                               kHideReadOnly | kOverwritePrompt | kPathMustExist | kExplorer,
                                               nullptr, filterRow)
                  : dialogs.ShowOpenFileDialog(MapFilter(), extension, lastPath,

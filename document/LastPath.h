@@ -9,8 +9,14 @@ namespace document {
 const QString &LastPath();
 void SetLastPath(const QString &folder);
 
-// The path chosen in the save dialog (bNew) or the open dialog for maps, or an empty text. Starts in the last
-// path, at first the user's documents folder, and remembers the folder of the file chosen.
-QString GetMapFile(bool bNew);
+// The path chosen in the save dialog (bNew) or the open dialog for maps, or an empty text. The open dialog
+// starts in the last path, at first the user's documents folder, the save dialog at PlaceToSave. Remembers
+// the folder of the file chosen.
+QString GetMapFile(bool bNew, const QString &map = QString());
+
+// Where a save dialog starts: in the folder of the map with that path (empty for none), else in the last
+// path, else in the user's documents or home folder, but never in the program's; behind it the map's name, if
+// it has one.
+QString PlaceToSave(const QString &map);
 
 } // namespace document

@@ -12,6 +12,7 @@ struct cSlice {
     bool bDeleted = false;
     bool bNew = false;
     QString SliceName; // caption of the tab
+    friend bool operator==(const cSlice &, const cSlice &) = default;
 };
 
 } // namespace document

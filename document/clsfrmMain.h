@@ -39,6 +39,14 @@ public:
     const QString &Database() const { return database_; }
     // Stores the long form of the path.
     void SetDatabase(const QString &path);
+    // The last path that Database had: a save that asks for a name begins with it.
+    const QString &LastDatabase() const { return lastDatabase_; }
+    void ForgetLastDatabase() { lastDatabase_.clear(), showsLast_ = false; }
+    // The file whose map the window shows: Database, or the last one where opening another map in its place
+    // has failed before anything was read. Empty for none.
+    QString ShownFile() const { return showsLast_ ? lastDatabase_ : database_; }
+    // Database becomes empty, and the window still shows the map of `former`, if that isn't empty.
+    void KeepFormer(const QString &former);
 
     // The folder of this window for the files of embedded attachments.
     document::AttachmentFolder &AttachmentFolder() { return attachmentFolder_; }
@@ -50,7 +58,8 @@ private:
     cAttachments attachments_;
     cGroups groups_;
     cLevels levels_;
-    QString database_;
+    QString database_, lastDatabase_;
+    bool showsLast_ = false;
     document::AttachmentFolder attachmentFolder_;
     document::OwnFiles ownFiles_;
 };

@@ -4,20 +4,35 @@
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
 
+#include <exception>
+
 namespace mainwindow {
 
 // An undo group with a code of its own, closed whatever happens: one that an error left open would swallow
-// all that the user does afterwards.
+// all that the user does afterwards. What an error ends is taken back, unless it is a part of a larger step.
 class ActionGroup {
 public:
     // The surface must outlive the object.
-    explicit ActionGroup(diagram::Surface &surface) : surface_(surface) { document::BeginAction(surface); }
-    ~ActionGroup() { surface_.EndAction(); }
+    explicit ActionGroup(diagram::Surface &surface)
+        : surface_(surface), isPart_(surface.Log() && surface.Log()->Depth() > 0) {
+        document::BeginAction(surface);
+    }
+    ~ActionGroup() {
+        if (std::uncaught_exceptions() > exceptions_ && !isPart_)
+            surface_.CancelAction();
+        else
+            surface_.EndAction();
+    }
     ActionGroup(const ActionGroup &) = delete;
     ActionGroup &operator=(const ActionGroup &) = delete;
 
+    // The user gave up: the surface is as it was before. Not for a part of a larger step.
+    void TakeBack() { surface_.CancelAction(); }
+
 private:
     diagram::Surface &surface_;
+    bool isPart_;
+    int exceptions_ = std::uncaught_exceptions();
 };
 
 } // namespace mainwindow

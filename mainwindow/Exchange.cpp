@@ -6,8 +6,8 @@
 #include "document/LastPath.h"
 #include "document/Tags.h"
 #include "mainwindow/frmMain.h"
-#include "support/clsPaths.h"
 #include "support/Error.h"
+#include "support/Files.h"
 
 #include <QCoreApplication>
 
@@ -157,6 +157,16 @@ void ExportPresentation(frmMain &window, const QString &file) {
     window.ShowForm("frmPowerPoint", &target, Tr("Exporting presentations"));
 }
 
+// Where the map is saved, under its name with that ending.
+QString PlaceBeside(frmMain &window, const QString &ending) {
+    const QString map = window.clsSettings().ShownFile();
+    const QString name = support::FileTitle(map);
+    QString place = document::PlaceToSave(map);
+    if (name.isEmpty()) return place;
+    if (const qsizetype dot = name.lastIndexOf(u'.'); dot > 0) place.chop(name.size() - dot);
+    return place + ending;
+}
+
 using FileRoutine = void (*)(frmMain &, const QString &);
 constexpr FileRoutine kImports[] = {ImportWholeMap, ImportFlatFile, ImportCsv};
 constexpr FileRoutine kExports[] = {ExportFlatFile, ExportCsv, ExportReport, ExportReport,
@@ -181,7 +191,8 @@ void mnuFileExport(frmMain &window) {
     window.SetMousePointer(kNormal);
     int row = kPresentationOut;
     const QString file = window.Desktop().dialogs.ShowSaveFileDialog(
-        ExportFilter(), settings::Terms().FLATEXT, document::LastPath(), kExportFlags, &window, row);
+        ExportFilter(), settings::Terms().FLATEXT, PlaceBeside(window, QString()), kExportFlags, &window,
+        row);
     RunRow(kExports, row, window, file);
 }
 
@@ -189,8 +200,8 @@ void mnuFileExportPicture(frmMain &window) {
     window.SetMousePointer(kNormal);
     int row = 1;
     const QString file = window.Desktop().dialogs.ShowSaveFileDialog(
-        QStringLiteral("Windows Meta File|*.wmf"), QStringLiteral("wmf"), support::clsPaths().GetMyDocsPath(),
-        kExportFlags, &window, row);
+        QStringLiteral("Windows Meta File|*.wmf"), QStringLiteral("wmf"),
+        PlaceBeside(window, QStringLiteral(".wmf")), kExportFlags, &window, row);
     if (!file.isEmpty()) diagram::WriteMetafile(window.CurrentSurface(), file);
 }
 

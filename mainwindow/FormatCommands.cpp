@@ -128,9 +128,10 @@ void frmMain::tlbFormat_ButtonClick(const QString &key) {
     });
 }
 
-// Choosing a font or a size is no step of undo, and leaves the map as clean as it was.
+// Choosing a font or a size is a step of undo like any other, and leaves Dirty as it is.
 void frmMain::cboFont_Click() {
     support::Report("frmMain", "cboFont_Click", [&] {
+        const ActionGroup step(CurrentSurface());
         ChangeFonts(*this, [name = cboFont_->currentText()](diagram::Font &font) { font.SetName(name); });
     });
 }
@@ -138,6 +139,7 @@ void frmMain::cboFont_Click() {
 void frmMain::cboFontSize_Click() {
     support::Report("frmMain", "cboFontSize_Click", [&] {
         const int size = support::CInt(support::Val(cboFontSize_->currentText()));
+        const ActionGroup step(CurrentSurface());
         ChangeFonts(*this, [size](diagram::Font &font) { font.SetSize(size); });
     });
 }

@@ -71,9 +71,10 @@ void OpenWhatCanBeRead(frmMain &window, const QString &path) {
         report = document::RepairMap(path, repaired);
         window.DoStatus(QString());
     }
-    frmMain &target = window.WantsNewWindow() ? *new frmMain(window.Desktop()) : window;
+    const bool isTaken = window.WantsNewWindow() || document::MustAskBeforeLosing(window);
+    frmMain &target = isTaken ? *new frmMain(window.Desktop()) : window;
     target.ShowWindow();
-    document::LoadAsNew(target, repaired, QStringLiteral("Untitled - ") + settings::Terms().TITLE);
+    document::LoadAsNew(target, repaired, document::UntitledCaption());
     TellOfRepairs(window.Desktop(), report);
 }
 

@@ -17,11 +17,12 @@ namespace {
 
 using document::pointer::kNormal;
 
-void ShowSetup(frmMain &window, diagram::Node &look, bool asTemplate) {
+bool ShowSetup(frmMain &window, diagram::Node &look, bool asTemplate) {
     window.SetMousePointer(kNormal);
     timeline::TimelineSetupArgument argument{window, &window.CurrentSurface(),           &look, asTemplate,
                                              false,  [&window] { window.DoFixColors(); }};
-    window.Desktop().dialogHost.ShowModal(QLatin1String(timeline::kFormTimelineSetup), &argument, &window);
+    return window.Desktop().dialogHost.ShowModal(QLatin1String(timeline::kFormTimelineSetup), &argument,
+                                                 &window);
 }
 
 // The nodes that the user selected; links of the timeline end on others.
@@ -45,15 +46,16 @@ void mnuViewTimeline(frmMain &window) {
 
 void mnuViewDefaultNode(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
-    const ActionGroup step(surface);
-    ShowSetup(window, *document::LocateTemplateNode(surface, true), true);
+    ActionGroup step(surface);
+    if (!ShowSetup(window, *document::LocateTemplateNode(surface, true), true)) return step.TakeBack();
     document::ApplyDefaults(surface);
 }
 
 void mnuViewTimelineSetup(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
-    const ActionGroup step(surface);
-    ShowSetup(window, *timeline::LocateTimeLineTemplateNode(surface, true), false);
+    ActionGroup step(surface);
+    if (!ShowSetup(window, *timeline::LocateTimeLineTemplateNode(surface, true), false))
+        return step.TakeBack();
     const double align = support::Val(document::GetTag(surface, document::tags::kTimelineAlign));
     window.Timeline().ArrangeTimeLineNodes(surface, int(align));
 }

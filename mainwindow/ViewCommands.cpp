@@ -68,7 +68,9 @@ void mnuViewBackgroundClear(frmMain &window) {
 
 void mnuViewLevels(frmMain &window) {
     window.SetMousePointer(kNormal);
-    window.ShowForm("frmLevels", &window.clsSettings().Levels(), QStringLiteral("The dialog for levels"));
+    if (!window.ShowForm("frmLevels", &window.clsSettings().Levels(),
+                         QStringLiteral("The dialog for levels")))
+        return;
     window.LoadLevelCombo();
     window.ssDBLevels_CloseUp();
     window.DoFixColors();
@@ -76,7 +78,9 @@ void mnuViewLevels(frmMain &window) {
 
 void mnuViewGroups(frmMain &window) {
     window.SetMousePointer(kNormal);
-    window.ShowForm("frmGroups", &window.clsSettings().Groups(), QStringLiteral("The dialog for groups"));
+    if (!window.ShowForm("frmGroups", &window.clsSettings().Groups(),
+                         QStringLiteral("The dialog for groups")))
+        return;
     window.LoadGroupCombo();
     window.ssDBLevels_CloseUp();
 }

@@ -114,8 +114,8 @@ void frmLayers::cmdDelete_Click() {
         return;
     }
     const QString question = QStringLiteral("Are you sure you want to delete '%1'?").arg(list_.Name(row));
-    if (desktop_.messageBoxes.Show(question, support::Buttons::YesNo, support::Icon::None, terms.TITLE) !=
-        support::Answer::Yes)
+    if (desktop_.messageBoxes.Show(question, support::Buttons::YesNo, support::Icon::None, terms.TITLE,
+                                   support::EnterPresses::No) != support::Answer::Yes)
         return;
     list_.Remove(row);
     ShowRows(qMin(row, list_.Count() - 1));
@@ -124,6 +124,10 @@ void frmLayers::cmdDelete_Click() {
 void frmLayers::MoveRow(int by) {
     const int row = lvwLayers_->currentRow();
     if (row >= 0) ShowRows(list_.Move(row, by));
+}
+
+void frmLayers::OkIfEdited() {
+    if (list_.Slices() != SliceList(cLayers_).Slices()) cmdOK_Click();
 }
 
 void frmLayers::cmdOK_Click() {

@@ -33,6 +33,8 @@ public:
     void cmdUp_Click() { MoveRow(-1); }
     void cmdDown_Click() { MoveRow(1); }
     void cmdOK_Click();
+    // What the single commands end with: OK, unless the list is as it was given.
+    void OkIfEdited();
 
 private:
     void BuildControls();

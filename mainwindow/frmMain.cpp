@@ -6,6 +6,7 @@
 #include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
+#include "document/DoLoad.h"
 #include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"
 #include "mainwindow/frmPics.h"
@@ -84,7 +85,7 @@ void frmMain::Form_Load() {
     FillToolbars();
     ConnectControls();
     AddFlow1_afGotFocus(CurrentIndex());
-    SetWindowCaption(QStringLiteral("Untitled - ") + settings::Terms().TITLE);
+    SetWindowCaption(document::UntitledCaption());
     frmSplash::ShowDoing(tr("Loading Defaults"));
     document::LoadDefaults(AddFlow1_[0]);
     LoadCombos();

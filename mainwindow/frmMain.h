@@ -123,8 +123,8 @@ public:
     void CloseFindBar();
     void FindNext(int step);
     CommandSearch &Search() const { return *search_; }
-    // Each runs through frmLayers, unseen but for the last, and rebuilds the slices: undo histories are lost
-    // and the map is dirty even when nothing differs.
+    // Each runs through frmLayers, unseen but for the last, and rebuilds the slices once the user went
+    // through with it: undo histories are lost and the map is dirty, after an OK even when nothing differs.
     void DoInsertSlice();
     void DoRenameSlice();
     void DoDeleteSlice();
@@ -169,7 +169,8 @@ public:
     TimelineRoutines &Timeline() { return timeline_; }
     ExchangeRoutines &Exchange() { return exchange_; }
     // Opens the form; while the program has none of that name, the status bar says that `what` is missing.
-    void ShowForm(const char *form, void *argument, const QString &what);
+    // False when it was cancelled too.
+    bool ShowForm(const char *form, void *argument, const QString &what);
     void TellNotYet(const QString &what);
     // The timeline node whose popup was opened last, or null.
     diagram::Node *oTemplateNode() const;
@@ -246,11 +247,15 @@ private:
     void SurfaceUnloading(diagram::Surface &surface);
     frmMain *OpenElsewhere(const QString &sFilename);
     bool MayReplace();
+    bool MayRevert();
+    // Reads the map into this window; where that fails before anything was read, the former map stays.
+    void Load(const QString &path);
     void SetEnabled(Needs needs, bool enabled);
     void UpdateStatus();
     void ShowHiddenCount();
     void ShowWhetherSaved();
     void FocusChanged(const QWidget *former, const QWidget *now);
+    void ShowTimelineTick();
     void ShowHideTimelineNodes();
     std::vector<SearchEntry> SearchEntries();
     void AddCommands(std::vector<SearchEntry> &entries);

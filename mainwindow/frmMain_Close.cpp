@@ -1,7 +1,6 @@
 // Closing: the question about changes, and what is stored.
 #include "mainwindow/frmMain.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DoSave.h"
 #include "mainwindow/frmPics.h"
@@ -40,7 +39,7 @@ void frmMain::Form_QueryUnload(bool &cancel) {
         cancel = true;
         const Answer answer =
             desktop_.messageBoxes.Show(QStringLiteral("Save Changes?"), support::Buttons::YesNoCancel,
-                                       support::Icon::Question, settings::Terms().TITLE);
+                                       support::Icon::Question, windowTitle());
         cancel = answer == Answer::Cancel || (answer == Answer::Yes && !document::DoSave(*this));
     }
     if (!cancel && frmPics_) std::exchange(frmPics_, nullptr)->RemoveUsage(*this);

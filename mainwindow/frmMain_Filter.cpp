@@ -106,6 +106,7 @@ void frmMain::HiddenMayDiffer() {
 // Every node is looked at, so only when there is reason to.
 void frmMain::ShowHiddenCount() {
     if (!std::exchange(hiddenMayDiffer_, false)) return;
+    ShowTimelineTick();
     int hidden = 0;
     for (const int index : AddFlow1_.Indices()) hidden += HiddenNodes(AddFlow1_[index]);
     const QString nodes = CountedText(std::size_t(hidden), settings::Terms().NODE);

@@ -1,13 +1,15 @@
 // Which window shows a file.
 #include "mainwindow/frmMain.h"
 
-#include "app/settings/Settings.h"
 #include "document/DoLoad.h"
 #include "document/DoSave.h"
 #include "document/LastPath.h"
 #include "document/MemoryGuard.h"
 #include "mainwindow/OfferSalvage.h"
 #include "support/clsPaths.h"
+#include "support/Files.h"
+
+#include <exception>
 
 namespace mainwindow {
 
@@ -18,6 +20,24 @@ using support::Answer;
 namespace {
 // From this many nodes on the first slice a map counts as used.
 constexpr int kNodesOfUsedMap = 4;
+
+// A window whose map still stands after opening another one in its place has failed must not be saved over
+// that other one.
+class FormerMap {
+public:
+    explicit FormerMap(document::clsfrmMain &settings) : settings_(settings), path_(settings.ShownFile()) {}
+    ~FormerMap() {
+        const bool failed = std::uncaught_exceptions() > exceptions_;
+        if (failed && !settings_.Database().isEmpty()) settings_.KeepFormer(path_);
+    }
+    FormerMap(const FormerMap &) = delete;
+    FormerMap &operator=(const FormerMap &) = delete;
+
+private:
+    document::clsfrmMain &settings_;
+    QString path_;
+    int exceptions_ = std::uncaught_exceptions();
+};
 } // namespace
 
 bool frmMain::WantsNewWindow() {
@@ -34,11 +54,8 @@ frmMain *frmMain::DoOpen(QString sFilename, bool bNewWindow) {
         if (bNewWindow) made = std::make_unique<frmMain>(desktop_);
         frmMain &target = made ? *made : *this;
         if (!target.MayReplace()) return nullptr;
-        target.clsSettings().SetDatabase(sFilename);
         made.release(); // shown, it belongs to itself
-        target.ShowWindow();
-        target.DoEvents();
-        LoadOrOffer(target, sFilename, [&] { document::DoLoad(target); });
+        target.Load(sFilename);
         return &target;
     });
 }
@@ -47,18 +64,27 @@ frmMain *frmMain::DoOpen(QString sFilename, bool bNewWindow) {
 frmMain *frmMain::OpenElsewhere(const QString &sFilename) {
     const QString path = support::clsPaths().LongName(sFilename);
     for (frmMain *form : Forms()) {
-        const QString database = form->clsSettings().Database();
-        if (database.compare(sFilename, Qt::CaseInsensitive) != 0 &&
-            database.compare(path, Qt::CaseInsensitive) != 0)
-            continue;
+        const QString shown = form->clsSettings().ShownFile();
+        if (shown.isEmpty() || !support::IsSameFile(shown, path)) continue;
         form->ShowWindow();
-        if (document::MustAskBeforeLosing(*form) &&
-            desktop_.messageBoxes.Show(QStringLiteral("Revert to saved?"), support::Buttons::YesNo,
-                                       support::Icon::Question, settings::Terms().TITLE) == Answer::Yes)
-            LoadOrOffer(*form, path, [&] { document::DoLoad(*form); });
+        if (document::MustAskBeforeLosing(*form) && form->MayRevert()) form->Load(shown);
         return form;
     }
     return nullptr;
+}
+
+bool frmMain::MayRevert() {
+    return desktop_.messageBoxes.Show(QStringLiteral("Revert to saved?"), support::Buttons::YesNo,
+                                      support::Icon::Question, windowTitle(),
+                                      support::EnterPresses::No) == Answer::Yes;
+}
+
+void frmMain::Load(const QString &path) {
+    const FormerMap former(*clsSettings_);
+    clsSettings_->SetDatabase(path);
+    ShowWindow();
+    DoEvents();
+    LoadOrOffer(*this, path, [this] { document::DoLoad(*this); });
 }
 
 // Asks about unsaved changes before another map takes their place. The words have no question mark here.
@@ -66,7 +92,7 @@ bool frmMain::MayReplace() {
     if (!document::MustAskBeforeLosing(*this)) return true;
     const Answer answer =
         desktop_.messageBoxes.Show(QStringLiteral("Save Changes"), support::Buttons::YesNoCancel,
-                                   support::Icon::Question, settings::Terms().TITLE);
+                                   support::Icon::Question, windowTitle());
     if (answer == Answer::Yes) return document::DoSave(*this);
     return answer == Answer::No;
 }

@@ -127,12 +127,11 @@ void frmMain::ShowPropertiesOfSelection(int index) {
         ShowLinkProperties(*link);
 }
 
-void frmMain::ShowForm(const char *form, void *argument, const QString &what) {
+bool frmMain::ShowForm(const char *form, void *argument, const QString &what) {
     const QString name = QLatin1String(form);
-    if (desktop_.dialogHost.Knows(name))
-        desktop_.dialogHost.ShowModal(name, argument, this);
-    else
-        TellNotYet(what);
+    if (desktop_.dialogHost.Knows(name)) return desktop_.dialogHost.ShowModal(name, argument, this);
+    TellNotYet(what);
+    return false;
 }
 
 void frmMain::TellNotYet(const QString &what) {

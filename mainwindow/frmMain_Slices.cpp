@@ -72,12 +72,16 @@ void frmMain::SSTab_Click() {
     view.show();
     view.raise();
     view.setAccessibleName(tabStrip_.Caption());
+    ShowTimelineTick();
+    if (onSurface) view.setFocus();
+    ScheduleUpdate();
+}
+
+void frmMain::ShowTimelineTick() {
     const std::vector<diagram::Node *> months = timeline::LocateTimelineNodes(CurrentSurface());
     SetMenuValue(QStringLiteral("mnuViewTimeline"),
                  std::any_of(months.begin(), months.end(),
                              [](const diagram::Node *month) { return !month->Hidden(); }));
-    if (onSurface) view.setFocus();
-    ScheduleUpdate();
 }
 
 void frmMain::picRHS_Resize() {
@@ -98,20 +102,21 @@ void frmMain::EditSlices(const std::function<void(frmLayers &)> &edit) {
     frmLayers form(desktop_, SlicesOf(*this), tabStrip_.TheTab(), this);
     SetMousePointer(document::pointer::kNormal); // the form and what it asks are the user's turn
     edit(form);
+    if (form.result() != QDialog::Accepted) return;
     const clsLockWindowUpdate lock(*this);
     RebuildSlices(*this, form.cLayers());
 }
 
 void frmMain::DoInsertSlice() {
-    EditSlices([](frmLayers &form) { form.cmdNew_Click(), form.cmdOK_Click(); });
+    EditSlices([](frmLayers &form) { form.cmdNew_Click(), form.OkIfEdited(); });
 }
 
 void frmMain::DoRenameSlice() {
-    EditSlices([](frmLayers &form) { form.cmdEdit_Click(), form.cmdOK_Click(); });
+    EditSlices([](frmLayers &form) { form.cmdEdit_Click(), form.OkIfEdited(); });
 }
 
 void frmMain::DoDeleteSlice() {
-    EditSlices([](frmLayers &form) { form.cmdDelete_Click(), form.cmdOK_Click(); });
+    EditSlices([](frmLayers &form) { form.cmdDelete_Click(), form.OkIfEdited(); });
 }
 
 void frmMain::DoEditSlices() {
@@ -124,7 +129,7 @@ void frmMain::MoveSlice(int from, int to) {
     EditSlices([&](frmLayers &form) {
         for (int at = from; at < to; ++at) form.cmdDown_Click();
         for (int at = from; at > to; --at) form.cmdUp_Click();
-        form.cmdOK_Click();
+        form.OkIfEdited();
     });
     tabStrip_.SetTheTab(to);
 }

@@ -247,8 +247,9 @@ TEST_F(LoadTest, TheLoadStopsWithTheProductsMessageWhenMemoryIsShort) {
         window->clsSettings().SetDatabase(path);
         EXPECT_FALSE(DoLoad(*window));
         EXPECT_TRUE(window->clsSettings().Dirty);
-        EXPECT_EQ(window->caption, "");
-        EXPECT_EQ(window->calls.join(QLatin1Char('|')), "DoEvents|DoResize|DrawMenuBar");
+        EXPECT_EQ(window->caption, "Untitled - Velmora");
+        EXPECT_EQ(window->clsSettings().Database(), "");
+        EXPECT_EQ(window->calls.join(QLatin1Char('|')), "DoEvents|DoResize|DrawMenuBar|LoadCombos");
         EXPECT_EQ(window->statuses.back(), "");
         EXPECT_EQ(desktop.Messages().back().title, "");
         desktop.CheckAllAsked();

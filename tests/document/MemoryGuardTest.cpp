@@ -41,11 +41,11 @@ protected:
     // What a load that ended for want of memory leaves.
     void ExpectEnded() {
         EXPECT_TRUE(window.clsSettings().Dirty);
-        EXPECT_EQ(window.caption, "");
+        EXPECT_EQ(window.caption, "Untitled - Velmora");
         EXPECT_EQ(window.statuses.back(), "");
         EXPECT_EQ(window.progress.back(), 0);
         EXPECT_EQ(window.pointers.back(), pointer::kNormal);
-        EXPECT_EQ(window.calls.back(), "DrawMenuBar");
+        EXPECT_EQ(window.calls.back(), "LoadCombos");
         for (const int index : window.AddFlow1().Indices()) EXPECT_FALSE(window.AddFlow1()[index].Loading());
     }
 

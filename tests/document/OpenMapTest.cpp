@@ -47,6 +47,26 @@ TEST_F(OpenMapTest, GetMapFile_AsksForAMapInTheLastFolder) {
     EXPECT_EQ(shown[1].flags, 4 + 2 + 2048 + 524288);
 }
 
+TEST_F(OpenMapTest, ASaveDialogStartsInTheMapsFolderWithItsName) {
+    SetLastPath(MapFile(QString()));
+    QDir().mkpath(MapFile(QStringLiteral("sub")));
+    desktop.ExpectSaveFile(QString());
+    GetMapFile(true, MapFile(QStringLiteral("sub/plan.map")));
+    EXPECT_EQ(desktop.dialogs.shownFiles.back().startFolder, MapFile(QStringLiteral("sub/plan.map")));
+    EXPECT_EQ(PlaceToSave(QString()), MapFile(QString()));
+    EXPECT_EQ(PlaceToSave(MapFile(QStringLiteral("gone/plan.map"))), MapFile(QStringLiteral("plan.map")));
+}
+
+TEST_F(OpenMapTest, ASaveDialogNeverStartsInTheProgramsFolder) {
+    const QString documents = PlaceToSave(QString());
+    EXPECT_FALSE(documents.startsWith(ProgramFile(QString())));
+    EXPECT_TRUE(support::DirExists(documents));
+    SetLastPath(ProgramFile(QString()));
+    EXPECT_EQ(PlaceToSave(QString()), documents);
+    EXPECT_EQ(PlaceToSave(ProgramFile(QStringLiteral("sample.map"))),
+              documents + QStringLiteral("sample.map"));
+}
+
 TEST_F(OpenMapTest, GetMapFile_StartsInTheDocumentsFolder) {
     desktop.ExpectOpenFile(QString());
     GetMapFile(false);

@@ -146,8 +146,10 @@ TEST_F(UnsavedWorkTest, AnEmbeddedFileThatAnotherProgramHasWrittenIsWork) {
 TEST_F(UnsavedWorkTest, ASaveThatFailsLeavesWhatItWas) {
     Slice().Nodes().Add(0, 3000, 100, 100); // without a key
     MarkSaved(*window);
-    QFile::remove(window->clsSettings().Attachments().Item(1).Filename);
-    QFile::remove(path); // which has the same bytes
+    QString key;
+    cAttachment &attachment = window->clsSettings().Attachments().add(key);
+    attachment.Embed = true;
+    attachment.Filename = MapFile(QStringLiteral("gone.txt"));
     MarkSaved(*window);
     EXPECT_NE(ErrorOf([&] { DoSave(*window); }).Number(), 0);
     EXPECT_FALSE(Unsaved()) << "keys given by a save are no work";

@@ -148,10 +148,19 @@ TEST_F(Dates, SetupChangesThePatternAndTheArrangementAsOneStep) {
     EXPECT_EQ(Months(), QStringList(QStringLiteral("Mar 2004")));
 }
 
-TEST_F(Dates, ACancelledSetupLeavesANewTemplateWithoutSize) {
-    desktop.ExpectForm(QLatin1String(timeline::kFormTimelineSetup));
-    window.SmartMenuXP1_Click(QStringLiteral("mnuViewTimelineSetup"));
-    EXPECT_EQ(timeline::LocateTimeLineTemplateNode(window.CurrentSurface(), false)->Width(), 0);
+TEST_F(Dates, ACancelledSetupLeavesTheSliceAsItWas) {
+    const int before = window.CurrentSurface().Nodes().Count();
+    for (const char *command : {"mnuViewTimelineSetup", "mnuViewDefaultNode"}) {
+        desktop.ExpectForm(QLatin1String(timeline::kFormTimelineSetup), [](void *argument) {
+            static_cast<timeline::TimelineSetupArgument *>(argument)->Flow->SetTag(
+                QStringLiteral("|TM_Align=3"));
+            return false;
+        });
+        window.SmartMenuXP1_Click(QLatin1String(command));
+        EXPECT_EQ(window.CurrentSurface().Nodes().Count(), before);
+        EXPECT_EQ(window.CurrentSurface().Tag(), QString());
+        EXPECT_FALSE(window.CurrentSurface().CanUndo());
+    }
 }
 
 TEST_F(Dates, TheDefaultNodeAndTheFirstLevelShareOneColour) {

@@ -163,7 +163,7 @@ TEST_F(FontBoxes, AnEntryChosenFromTheListGoesToTheSelectionAlone) {
     EXPECT_EQ(other.Font(), plain);
     EXPECT_TRUE(window.CurrentView().hasFocus());
     EXPECT_FALSE(window.clsSettings().Dirty);
-    EXPECT_FALSE(window.CurrentSurface().CanUndo());
+    EXPECT_TRUE(window.CurrentSurface().CanUndo());
 }
 
 TEST_F(FontBoxes, WhatIsTypedAndConfirmedGoesToTheSelection) {
@@ -177,7 +177,9 @@ TEST_F(FontBoxes, WhatIsTypedAndConfirmedGoesToTheSelection) {
     EXPECT_DOUBLE_EQ(node.Font().Size(), 13);
     EXPECT_EQ(Shown(window), QStringLiteral("No Such Font 13"));
     EXPECT_FALSE(window.clsSettings().Dirty);
-    EXPECT_FALSE(window.CurrentSurface().CanUndo());
+    window.CurrentSurface().Undo();
+    EXPECT_EQ(node.Font().Name(), QStringLiteral("No Such Font"));
+    EXPECT_NE(node.Font().Size(), 13);
 }
 
 TEST_F(FontBoxes, WhatIsNoSizeIsNotTaken) {

@@ -1,3 +1,4 @@
+#include "diagram/edit/History.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
@@ -75,11 +76,12 @@ TEST_F(SliceCommands, InsertAddsAnEmptySliceBehindTheLast) {
     EXPECT_TRUE(window.clsSettings().Dirty);
 }
 
-TEST_F(SliceCommands, AnEmptyNameInsertsNothingAndMarksTheMapAllTheSame) {
+TEST_F(SliceCommands, AnEmptyNameInsertsNothingAndLeavesTheMapAlone) {
+    window.clsSettings().Dirty = false;
     Insert("");
     EXPECT_EQ(window.TabStrip().TabCount(), 3);
     EXPECT_EQ(Contents(), QStringList({"Map 1", "Two", "Three"}));
-    EXPECT_TRUE(window.clsSettings().Dirty);
+    EXPECT_FALSE(window.clsSettings().Dirty);
 }
 
 TEST_F(SliceCommands, DeleteTakesTheCurrentSliceAway) {
@@ -153,8 +155,35 @@ TEST_F(SliceCommands, TheDialogIsShownWithTheSlicesAndItsResultTaken) {
     EXPECT_EQ(Contents(), QStringList({"Two", "Map 1", "Three"}));
 }
 
-TEST_F(SliceCommands, CancelLeavesTheSlicesAndMarksTheMap) {
+// Nothing was rebuilt: the surface is the same, with its steps of undo.
+TEST_F(SliceCommands, WhatIsCancelledLeavesTheMapItsHistoryAndDirty) {
+    {
+        const diagram::ActionGroup step(window.CurrentSurface());
+        window.CurrentSurface().Nodes().Add(9000, 9000, 100, 100);
+    }
+    const diagram::Surface *second = &window.AddFlow1()[1];
+    const QStringList before = Contents();
+    window.clsSettings().Dirty = false;
     desktop.ExpectForm(QLatin1String(kFormLayers));
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesSlices"));
+    for (const char *key : {"mnuEditSlicesInsert", "mnuEditSlicesRename"}) {
+        desktop.ExpectInput(QStringLiteral("Name for Slice."), QString());
+        window.SmartMenuXP1_Click(QLatin1String(key));
+    }
+    desktop.ExpectMessageContaining(QStringLiteral("delete 'Map 1'"), support::Answer::No);
+    window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesDelete"));
+    EXPECT_EQ(desktop.Messages().back().enter, support::EnterPresses::No);
+    EXPECT_EQ(Contents(), before);
+    EXPECT_EQ(&window.AddFlow1()[1], second);
+    EXPECT_TRUE(window.CurrentSurface().CanUndo());
+    EXPECT_FALSE(window.clsSettings().Dirty);
+}
+
+TEST_F(SliceCommands, AnOkWithoutAnyChangeMarksTheMap) {
+    desktop.ExpectForm(QLatin1String(kFormLayers), [](void *argument) {
+        static_cast<frmLayers *>(argument)->cmdOK_Click();
+        return true;
+    });
     window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesSlices"));
     EXPECT_EQ(Contents(), QStringList({"Map 1", "Two", "Three"}));
     EXPECT_TRUE(window.clsSettings().Dirty);
@@ -294,7 +323,7 @@ TEST_F(SliceCommands, TheKeyboardStaysOnTheSurfaceWhenASliceIsDeleted) {
 TEST_F(SliceCommands, TheKeyboardStaysOnTheSurfaceWhenAMapTakesThePlaceOfManySlices) {
     window.TabStrip().SetTheTab(2);
     window.CurrentView().setFocus();
-    desktop.ExpectMessage(QStringLiteral("Save Changes"), support::Answer::No); // of the slices made here
+    document::MarkSaved(window);
     window.DoOpen(SavedMap(QStringLiteral("one.map"), 1), false);
     ProcessEvents();
     EXPECT_EQ(QApplication::focusWidget(), &window.CurrentView());

@@ -101,7 +101,7 @@ TEST_F(Timeline, HideHidesTheMonthOfThePopupAndArranges) {
 TEST_F(Timeline, TheOtherEntriesGoToTheirRoutines) {
     frmMain &window = Open();
     Entry(window, "mnuTemplateNodeUnHide").trigger();
-    desktop.ExpectForm(QStringLiteral("frmTimelineSetup"));
+    desktop.ExpectForm(QStringLiteral("frmTimelineSetup"), [](void *) { return true; });
     Entry(window, "mnuTemplateNodeOpen").trigger();
     EXPECT_EQ(calls, QStringList({QStringLiteral("DoUnHideTimelineNodes"),
                                   QStringLiteral("ArrangeTimeLineNodes 0")}));

@@ -7,6 +7,7 @@
 #include "document/Tags.h"
 #include "document/UnsavedWork.h"
 #include "mainwindow/frmLayers.h"
+#include "mainwindow/PickBox.h"
 #include "mainwindow/TickBox.h"
 #include "tests/mainwindow/WindowTest.h"
 
@@ -121,6 +122,11 @@ const Deed kDeeds[] = {
     {"cut", true, [](Unsaved &, frmMain &w) { RunIn(w, "mnuEditCut"); }},
     {"paste", true, [](Unsaved &, frmMain &w) { RunIn(w, "mnuEditCopy"), RunIn(w, "mnuEditPaste"); }},
     {"layout", true, [](Unsaved &, frmMain &w) { RunIn(w, "mnuLayoutTreeExecute"); }},
+    {"font", true,
+     [](Unsaved &, frmMain &w) {
+         w.cboFont().setCurrentText(QStringLiteral("Some Font"));
+         w.cboFont_Click();
+     }},
     {"background", false,
      [](Unsaved &t, frmMain &w) {
          t.desktop.ExpectColour(0x123456);
@@ -128,7 +134,7 @@ const Deed kDeeds[] = {
      }},
     {"default node", true,
      [](Unsaved &t, frmMain &w) {
-         t.desktop.ExpectForm(QStringLiteral("frmTimelineSetup"));
+         t.desktop.ExpectForm(QStringLiteral("frmTimelineSetup"), [](void *) { return true; });
          RunIn(w, "mnuViewDefaultNode");
      }},
 };
@@ -164,6 +170,15 @@ TEST_F(Unsaved, DeletingIsAskedAboutAndUndoingItIsNoDifference) {
     EXPECT_TRUE(IsUnsaved());
     desktop.ExpectMessage(QStringLiteral("Save Changes?"), Answer::No);
     EXPECT_TRUE(Closes());
+}
+
+TEST_F(Unsaved, WhatTheMouseDidAndUndoTookBackIsNoDifference) {
+    Drag(window, Body(Node(2)), Body(Node(2)) + QPointF(900, 900));
+    EXPECT_TRUE(IsUnsaved());
+    Drag(window, {300, 4500}, {2400, 6000});
+    ASSERT_EQ(window.CurrentSurface().Nodes().Count(), 4);
+    UndoAll();
+    EXPECT_FALSE(IsUnsaved());
 }
 
 TEST_F(Unsaved, OpeningOverAsksAndCancelKeepsTheMap) {
@@ -254,6 +269,70 @@ TEST_F(Unsaved, ASliceThatIsDeletedAndInsertedAnewIsADifference) {
     desktop.ExpectInput(QStringLiteral("Name for Slice."), QStringLiteral("Third"));
     Run("mnuEditSlicesInsert");
     EXPECT_TRUE(IsUnsaved());
+}
+
+// A step before it must not become one without effect either.
+TEST_F(Unsaved, UndoAfterTheFontBoxesTakesTheFontBack) {
+    Node(1).SetSelected(true);
+    const diagram::Font before = Node(1).Font();
+    window.tlbFormat_ButtonClick(QStringLiteral("BOLD"));
+    const diagram::Font bold = Node(1).Font();
+    window.cboFont().setCurrentText(QStringLiteral("Some Font"));
+    window.cboFont_Click();
+    window.cboFontSize().setCurrentText(QStringLiteral("33"));
+    window.cboFontSize_Click();
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_NE(Node(1).Font().Size(), 33);
+    EXPECT_EQ(Node(1).Font().Name(), QStringLiteral("Some Font"));
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_EQ(Node(1).Font(), bold);
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_EQ(Node(1).Font(), before);
+}
+
+TEST_F(Unsaved, TheTickOfTheTimelineFollowsUndoAndRedo) {
+    diagram::Node &month = window.CurrentSurface().Nodes().Add(300, 9000, 1500, 900);
+    month.SetText(QStringLiteral("May 2024"));
+    month.SetMarked(true);
+    month.SetSelectable(false);
+    window.ClickTab();
+    ASSERT_TRUE(window.MenuValue(QStringLiteral("mnuViewTimeline")));
+    window.SetMenuValue(QStringLiteral("mnuViewTimeline"), false);
+    Run("mnuViewTimeline");
+    ASSERT_TRUE(month.Hidden());
+    for (const bool shown : {true, false}) {
+        Press(window, shown ? QStringLiteral("Ctrl+Z") : QStringLiteral("Ctrl+Y"));
+        ProcessEvents();
+        EXPECT_EQ(!month.Hidden(), shown);
+        EXPECT_EQ(window.MenuValue(QStringLiteral("mnuViewTimeline")), shown);
+    }
+}
+
+// Hidden nodes would be filtered anew and colours given anew by what follows a dialog.
+TEST_F(Unsaved, SetupsThatAreMissingOrCancelledChangeNothing) {
+    document::SetTag(Node(1), document::tags::kLevel, window.clsSettings().Levels().Item(1).Key);
+    document::SetTag(Node(1), document::tags::kGroup, window.clsSettings().Groups().Item(1).Key);
+    Node(1).SetFillColor(0x010203);
+    document::MarkSaved(window);
+    for (const char *form : {"frmLevels", "frmGroups"}) desktop.ExpectForm(QLatin1String(form));
+    Run("mnuViewLevels"), Run("mnuViewGroups");
+    for (const char *form : {"frmLevels", "frmGroups"}) desktop.dialogHost.Miss(QLatin1String(form));
+    Run("mnuViewLevels"), Run("mnuViewGroups");
+    EXPECT_EQ(Node(1).FillColor(), 0x010203);
+    EXPECT_FALSE(Node(1).Hidden());
+    EXPECT_FALSE(IsUnsaved());
+}
+
+// The form's errors leave no half of a command behind.
+TEST_F(Unsaved, ACommandThatFailsLeavesTheMapAsItWas) {
+    const int before = window.CurrentSurface().Nodes().Count();
+    desktop.ExpectForm(QStringLiteral("frmTimelineSetup"),
+                       [](void *) -> bool { throw support::Error(5, QStringLiteral("form"), QString()); });
+    desktop.ExpectMessageContaining(QStringLiteral("(Error #5)"));
+    Run("mnuViewDefaultNode");
+    EXPECT_EQ(window.CurrentSurface().Nodes().Count(), before);
+    EXPECT_FALSE(window.CurrentSurface().CanUndo());
+    EXPECT_FALSE(IsUnsaved());
 }
 
 } // namespace mainwindow::testing
