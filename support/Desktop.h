@@ -64,7 +64,7 @@ public:
     virtual ~CommonDialogs() = default;
     // The path chosen, or an empty text. `filter` is rows of title|pattern joined by |; `filterRow` (from 1)
     // is the row selected at first and comes back as the row chosen, unchanged after a cancel. Adds kExplorer
-    // to flags.
+    // to flags. `startFolder` of the save dialog may have a name to begin with behind the folder.
     virtual QString ShowOpenFileDialog(const QString &filter, const QString &defaultExtension,
                                        const QString &startFolder, long flags, Owner owner,
                                        int &filterRow) = 0;

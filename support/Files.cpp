@@ -17,6 +17,12 @@ namespace {
 
 QString programFolder;
 
+// Without links, where there is something; else as it is.
+QString ResolvedPath(const QString &path) {
+    const QString resolved = QFileInfo(path).canonicalFilePath();
+    return resolved.isEmpty() ? path : resolved;
+}
+
 bool StartsLikeWindows(const QString &path) {
     return (path.size() >= 2 && path[0].isLetter() && path[1] == QLatin1Char(':')) ||
            path.startsWith(QLatin1String("\\\\"));
@@ -105,6 +111,21 @@ QString AddBackslash(const QString &text, const QString &ending) {
 QString AddBackslash(const QString &folder) {
     if (!folder.isEmpty() && LastSeparator(folder) == folder.size() - 1) return folder;
     return folder + SeparatorOf(folder);
+}
+
+// A path of Windows is compared as Windows does, wherever the program runs.
+bool IsSameFile(const QString &a, const QString &b) {
+    const bool ofWindows = StartsLikeWindows(a) && StartsLikeWindows(b);
+    return IsSameFile(a, b, ofWindows ? Qt::CaseInsensitive : platform::PathCase());
+}
+
+bool IsSameFile(const QString &a, const QString &b, Qt::CaseSensitivity sensitivity) {
+    const QString first = ResolvedPath(a), second = ResolvedPath(b);
+    if (first == second) return true;
+    if (first.compare(second, Qt::CaseInsensitive) != 0) return false;
+    const QByteArray identity = platform::FileIdentity(first), other = platform::FileIdentity(second);
+    if (identity.isEmpty() || other.isEmpty()) return sensitivity == Qt::CaseInsensitive;
+    return identity == other;
 }
 
 bool FileExists(const QString &path) {

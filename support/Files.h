@@ -33,6 +33,11 @@ QString AddBackslash(const QString &folder);
 
 // True for an existing file that isn't a folder; false on any error.
 bool FileExists(const QString &path);
+// Whether both paths lead to one file or folder, as the file system has it: links are followed, and names
+// that differ in upper and lower case alone are the same where it takes them for that. Where one isn't there,
+// as `sensitivity` says; without it, as is usual on the platform.
+bool IsSameFile(const QString &a, const QString &b);
+bool IsSameFile(const QString &a, const QString &b, Qt::CaseSensitivity sensitivity);
 // True for an existing folder; false on any error.
 bool DirExists(const QString &path);
 

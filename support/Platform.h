@@ -5,10 +5,17 @@
 #include <memory>
 #include <QByteArray>
 #include <QString>
+#include <Qt>
 
 namespace support::platform {
 
 enum class Failure { None, NotFound, NoPermission, DiskFull, NoFolder, Access };
+
+// Whether file names that differ in nothing but upper and lower case are the same, as a rule.
+Qt::CaseSensitivity PathCase();
+// What tells a file from every other one, however its path is written; empty where it isn't there or the
+// platform doesn't tell.
+QByteArray FileIdentity(const QString &path);
 
 // Waits until the content of a file is on the disk.
 Failure FlushFile(const QString &path);

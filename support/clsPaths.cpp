@@ -37,6 +37,14 @@ QString PlatformDocumentsFolder() {
     return DirExists(folder) ? folder : QString();
 }
 
+QString RegisteredDocumentsFolder() {
+    cRegistry registry;
+    registry.SectionKey =
+        QStringLiteral("Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders");
+    registry.ValueKey = QStringLiteral("Personal");
+    return registry.Value().toString();
+}
+
 } // namespace
 
 QString clsPaths::DoGetFileTitle(const QString &path) const { return FileTitle(path); }
@@ -72,13 +80,16 @@ QString clsPaths::LongName2(const QString &path) const {
 }
 
 QString clsPaths::GetMyDocsPath() const {
-    cRegistry registry;
-    registry.SectionKey =
-        QStringLiteral("Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders");
-    registry.ValueKey = QStringLiteral("Personal");
-    QString folder = registry.Value().toString();
+    QString folder = RegisteredDocumentsFolder();
     if (folder.isEmpty()) folder = PlatformDocumentsFolder();
     if (folder.isEmpty()) folder = ProgramPath();
+    return AddBackslash(LongName(folder));
+}
+
+QString clsPaths::GetMyDocsOrHomePath() const {
+    QString folder = RegisteredDocumentsFolder();
+    if (!DirExists(folder)) folder = PlatformDocumentsFolder();
+    if (folder.isEmpty()) folder = QDir::homePath();
     return AddBackslash(LongName(folder));
 }
 

@@ -36,10 +36,10 @@ QString SlotOfFullList(support::RegistryStore &store) {
     return order.size() == kSlots ? order.right(1) : Slot(0);
 }
 
-QString SlotFor(support::RegistryStore &store, const QString &lowerPath) {
+QString SlotFor(support::RegistryStore &store, const QString &path) {
     for (int index = 0; index < kSlots; ++index) {
         const QString stored = ValueAt(store, Slot(index)).Value().toString();
-        if (stored.isEmpty() || stored.toLower() == lowerPath) return Slot(index);
+        if (stored.isEmpty() || support::IsSameFile(stored, path)) return Slot(index);
     }
     return SlotOfFullList(store);
 }
@@ -47,7 +47,7 @@ QString SlotFor(support::RegistryStore &store, const QString &lowerPath) {
 // Lower case where the file system takes that for the same file.
 QString ListedForm(const QString &path) {
     const QString lower = path.toLower();
-    return support::FileExists(lower) ? lower : path;
+    return support::FileExists(lower) && support::IsSameFile(lower, path) ? lower : path;
 }
 
 } // namespace
@@ -56,7 +56,7 @@ clsMRU::clsMRU() : clsMRU(support::CurrentDesktop().registry) {}
 
 void clsMRU::AddFile(const QString &path) {
     const QString longName = support::clsPaths().LongName(path);
-    const QString slot = SlotFor(store_, longName.toLower());
+    const QString slot = SlotFor(store_, longName);
     ValueAt(store_, slot).SetValue(longName);
     support::cRegistry order = ValueAt(store_, QLatin1String(kOrder));
     order.SetValue(slot + order.Value().toString().remove(slot));

@@ -92,6 +92,21 @@ std::unique_ptr<FileLock> WaitFor(std::unique_ptr<FlockLock> lock, int milliseco
 
 } // namespace
 
+Qt::CaseSensitivity PathCase() {
+#ifdef Q_OS_MACOS
+    return Qt::CaseInsensitive;
+#else
+    return Qt::CaseSensitive;
+#endif
+}
+
+QByteArray FileIdentity(const QString &path) {
+    struct stat status = {};
+    if (stat(QFile::encodeName(path).constData(), &status) != 0) return {};
+    return QByteArray::number(qulonglong(status.st_dev)) + ':' +
+           QByteArray::number(qulonglong(status.st_ino));
+}
+
 Failure FlushFile(const QString &path) { return Flush(Descriptor(path, O_RDONLY)); }
 
 Failure RenameOver(const QString &newFile, const QString &target) {

@@ -11,6 +11,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -38,8 +39,30 @@ bool IsAcceptable(QFileDialog &dialog, const QString &path, long flags) {
     return false;
 }
 
+// Qt takes a name with quotation marks for a list of names and would save under a part of it.
+class FileDialog : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+
+    void accept() override {
+        const auto *name = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        if (acceptMode() != AcceptSave || !name || !name->text().contains(u'"')) return QFileDialog::accept();
+        QMessageBox::warning(this, windowTitle(),
+                             name->text() + QStringLiteral("\nA file name cannot hold quotation marks."));
+    }
+};
+
+// `place` is a folder, or a folder and the name to begin with.
+void StartAt(QFileDialog &dialog, const QString &place) {
+    if (DirExists(place)) return dialog.setDirectory(place);
+    const QFileInfo file(place);
+    if (place.isEmpty() || !DirExists(file.absolutePath())) return;
+    dialog.setDirectory(file.absolutePath());
+    dialog.selectFile(file.fileName());
+}
+
 QString RunFileDialog(const FileDialogRequest &request, Owner owner, int &filterRow) {
-    QFileDialog dialog(ParentOf(owner));
+    FileDialog dialog(ParentOf(owner));
     SetUpFileDialog(dialog, request);
     while (dialog.exec() == QDialog::Accepted) {
         const QString path = dialog.selectedFiles().value(0);
@@ -83,7 +106,7 @@ void SetUpFileDialog(QFileDialog &dialog, const FileDialogRequest &request) {
     if (!filters.isEmpty()) dialog.setNameFilters(filters);
     if (request.filterRow >= 1 && request.filterRow <= filters.size())
         dialog.selectNameFilter(filters[request.filterRow - 1]);
-    if (DirExists(request.startFolder)) dialog.setDirectory(request.startFolder);
+    StartAt(dialog, request.startFolder);
 }
 
 int SelectedFilterRow(const QFileDialog &dialog) {

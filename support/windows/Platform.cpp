@@ -93,6 +93,10 @@ std::unique_ptr<FileLock> WaitFor(std::unique_ptr<RangeLock> lock, int milliseco
 
 } // namespace
 
+Qt::CaseSensitivity PathCase() { return Qt::CaseInsensitive; }
+
+QByteArray FileIdentity(const QString &) { return {}; }
+
 Failure FlushFile(const QString &path) {
     const Handle file(CreateFileW(Native(path).c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
                                   FILE_ATTRIBUTE_NORMAL, nullptr));

@@ -108,6 +108,24 @@ TEST_F(RecentFiles, AddFile_OfAPathInOtherCaseReusesTheSlotAndMovesItToTheFront)
 }
 
 #ifndef Q_OS_WIN
+TEST_F(RecentFiles, FilesThatDifferInCaseAloneAreTwoWhereTheFileSystemHasTwo) {
+    QDir folder(QDir::tempPath() + QStringLiteral("/velmora recent two").toLower());
+    ASSERT_TRUE(folder.mkpath("."));
+    const QStringList paths{folder.filePath("plan.map"), folder.filePath("Plan.map")};
+    for (const QString &path : paths) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    const bool areTwo = folder.entryList(QDir::Files).size() == 2;
+    clsMRU mru;
+    for (const QString &path : paths) mru.AddFile(path);
+    EXPECT_EQ(Order(), areTwo ? "ba" : "a");
+    if (areTwo) {
+        EXPECT_EQ(mru.GetFiles(5), QStringList({paths[1], paths[0]}));
+    }
+    folder.removeRecursively();
+}
+
 TEST_F(RecentFiles, AddFile_StoresTheLongForm) {
     clsMRU mru;
     mru.AddFile("/plans/../plans/one.map");

@@ -91,14 +91,14 @@ TEST(ScriptedDesktop, AnUnexpectedQuestionFailsTheTestAndNamesTheText) {
     EXPECT_NONFATAL_FAILURE(
         {
             ScriptedDesktop script;
-            script.messageBoxes.Show("Surprise", Buttons::YesNo, Icon::None, "");
+            script.Get().messageBoxes.Show("Surprise", Buttons::YesNo, Icon::None, "");
         },
         "Surprise");
     EXPECT_NONFATAL_FAILURE(
         {
             ScriptedDesktop script;
             script.ExpectMessage("Expected");
-            script.messageBoxes.Show("Other", Buttons::Ok, Icon::None, "");
+            script.Get().messageBoxes.Show("Other", Buttons::Ok, Icon::None, "");
         },
         "Message \"Other\" where \"Expected\" was expected");
     EXPECT_NONFATAL_FAILURE(

@@ -159,3 +159,28 @@ TEST(Files, ProgramPath_IsTheExecutablesFolderUntilSet) {
     SetProgramPath(QString());
     EXPECT_NE(ProgramPath(), "/somewhere/else");
 }
+
+TEST_F(FilesInFolder, IsSameFile_IsAsTheFileSystemHasIt) {
+    Make("plan.map"), Make("other.map");
+    EXPECT_TRUE(IsSameFile(PathOf("plan.map"), PathOf("plan.map")));
+    EXPECT_TRUE(IsSameFile(PathOf("plan.map"), PathOf("./plan.map")));
+    EXPECT_FALSE(IsSameFile(PathOf("plan.map"), PathOf("other.map")));
+    const bool takesAnyCase = QFile::exists(PathOf("PLAN.MAP"));
+    Make("PLAN.MAP");
+    EXPECT_EQ(IsSameFile(PathOf("plan.map"), PathOf("PLAN.MAP")), takesAnyCase);
+}
+
+TEST_F(FilesInFolder, IsSameFile_OfWhatIsNotThereGoesByTheCaseOfThePlatform) {
+    EXPECT_TRUE(IsSameFile(PathOf("a.map"), PathOf("A.MAP"), Qt::CaseInsensitive));
+    EXPECT_FALSE(IsSameFile(PathOf("a.map"), PathOf("A.MAP"), Qt::CaseSensitive));
+    EXPECT_FALSE(IsSameFile(PathOf("a.map"), PathOf("b.map"), Qt::CaseInsensitive));
+    EXPECT_TRUE(IsSameFile("C:\\Maps\\Plan.map", "c:\\maps\\plan.map"));
+}
+
+#ifndef Q_OS_WIN
+TEST_F(FilesInFolder, IsSameFile_FollowsLinks) {
+    Make("plan.map");
+    ASSERT_TRUE(QFile::link(PathOf("plan.map"), PathOf("shown.map")));
+    EXPECT_TRUE(IsSameFile(PathOf("plan.map"), PathOf("shown.map")));
+}
+#endif

@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFontMetrics>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -133,6 +134,47 @@ TEST_F(RealBoxes, ShowSaveFileDialog_RefusesAFolderThatIsNotThere) {
               "");
     EXPECT_EQ(complaint,
               folder.filePath("none/a.map") + "\nPath does not exist.\nCheck the path and try again.");
+}
+
+TEST_F(RealBoxes, ShowSaveFileDialog_RefusesANameOfWhichItWouldTakeAPart) {
+    const QTemporaryDir folder;
+    QString complaint;
+    OnceShown<QFileDialog>([&](QFileDialog &dialog) {
+        dialog.findChild<QLineEdit *>("fileNameEdit")->setText("Plan \"draft\" 3");
+        OnceShown<QMessageBox>([&](QMessageBox &box) {
+            complaint = box.text();
+            box.accept();
+        });
+        QMetaObject::invokeMethod(&dialog, "accept");
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.findChild<QLineEdit *>("fileNameEdit")->setText("Plan draft 3");
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    int row = 1;
+    EXPECT_EQ(desktop_.dialogs.ShowSaveFileDialog("Maps|*.map", "map", folder.path(), 0, nullptr, row),
+              folder.filePath("Plan draft 3.map"));
+    EXPECT_EQ(complaint, "Plan \"draft\" 3\nA file name cannot hold quotation marks.");
+}
+
+TEST_F(RealBoxes, ShowSaveFileDialog_StartsWithTheNameBehindTheFolder) {
+    const QTemporaryDir folder;
+    OnceShown<QFileDialog>([](QFileDialog &dialog) { QMetaObject::invokeMethod(&dialog, "accept"); });
+    int row = 1;
+    EXPECT_EQ(desktop_.dialogs.ShowSaveFileDialog("Maps|*.map", "map", folder.filePath("plan.map"), 0,
+                                                  nullptr, row),
+              folder.filePath("plan.map"));
+}
+
+TEST_F(RealBoxes, ABoxWhoseYesDestroysHasNoAsTheButtonForEnter) {
+    for (const EnterPresses enter : {EnterPresses::Consent, EnterPresses::No}) {
+        OnceShown<QMessageBox>([&](QMessageBox &box) {
+            const QMessageBox::StandardButton expected =
+                enter == EnterPresses::No ? QMessageBox::No : QMessageBox::Yes;
+            EXPECT_EQ(box.defaultButton(), box.button(expected));
+            box.reject();
+        });
+        desktop_.messageBoxes.Show("x", Buttons::YesNo, Icon::Question, "Velmora", enter);
+    }
 }
 
 TEST_F(RealBoxes, ShowOpenFileDialog_GivesThePathAndTheRowChosen) {
