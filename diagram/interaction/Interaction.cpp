@@ -43,6 +43,7 @@ bool Interaction::IsNear(ItemId id, const PointerInput &input) const {
 }
 
 void Interaction::Press(const PointerInput &input) {
+    const Uncounted preview(scene_.Model()); // what stays is written in groups
     held_ = TakesKeys();
     if (held_) gesture_->Move(input);
     if (!gesture_) gesture_ = std::make_unique<diagram::Press>(scene_, stage_, input);
@@ -57,6 +58,7 @@ bool Interaction::Begin(std::unique_ptr<Gesture> gesture) {
 
 void Interaction::Key(const KeyInput &input) {
     if (!TakesKeys()) return;
+    const Uncounted preview(scene_.Model());
     if (input.IsEnter())
         Finish(hoverInput_);
     else
@@ -73,6 +75,7 @@ void Interaction::Move(const PointerInput &input) {
         return;
     }
     if (TakesKeys() && !held_) return;
+    const Uncounted preview(scene_.Model());
     if (std::unique_ptr<Gesture> next = gesture_->Move(input)) {
         gesture_ = std::move(next);
         gesture_->Move(input);
@@ -91,6 +94,7 @@ void Interaction::Release(const PointerInput &input) {
 void Interaction::Finish(const PointerInput &input) {
     if (TakesKeys()) stage_.Tell(Hint::Nothing);
     // Idle already when the handlers of events run: they may start something of their own.
+    const Uncounted preview(scene_.Model());
     const std::unique_ptr<Gesture> ended = std::move(gesture_);
     ended->Commit(input);
 }
@@ -105,6 +109,7 @@ void Interaction::DoubleClick(const PointerInput &input) {
 
 bool Interaction::Cancel() {
     if (TakesKeys()) stage_.Tell(Hint::Nothing);
+    const Uncounted preview(scene_.Model());
     const std::unique_ptr<Gesture> ended = std::move(gesture_);
     if (ended) ended->Cancel();
     return ended != nullptr;

@@ -51,12 +51,17 @@ void SurfaceView::Impl::NoteHand(bool keyboard) {
     if (std::exchange(byKeyboard_, keyboard) != keyboard) view.viewport()->update();
 }
 
-// While a gesture lasts other buttons mean nothing: what they open would end it half way.
+// While a gesture lasts other buttons mean nothing: what they open would end it half way. Its own button is
+// pressed again only where the release went to somebody else; what is dragged then must not go on from the
+// old place.
 void SurfaceView::Impl::Press(QMouseEvent *event) {
     DropOutdatedGesture();
     const bool left = event->button() == Qt::LeftButton;
     if (interaction.TakesKeys() && (!left || spaceHeld_)) CancelGesture();
-    if (interaction.IsActive() && !interaction.TakesKeys()) return;
+    if (interaction.IsActive() && !interaction.TakesKeys()) {
+        if (event->button() != button_) return;
+        CancelGesture();
+    }
     NoteHand(false);
     EndEdit(true);
     view.setFocus(Qt::MouseFocusReason);

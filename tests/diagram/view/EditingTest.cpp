@@ -7,7 +7,9 @@
 #include <QInputMethodEvent>
 #include <QMimeData>
 #include <QSignalSpy>
+#include <QTest>
 #include <QTextEdit>
+#include <QWindow>
 
 namespace diagram::testing {
 
@@ -74,6 +76,32 @@ TEST_F(Editing, ClickOutside_KeepsTheText) {
     EXPECT_FALSE(view->IsEditing());
     EXPECT_EQ(a.Text(), QStringLiteral("new"));
     EXPECT_EQ(events.Count("AfterEdit"), 1);
+}
+
+// As the platform delivers them: the press moves the focus, and with it ends the editing, before it comes to
+// the view.
+TEST_F(Editing, AClickThatEndsTheTypingIsWholeAndTheNextDragBeginsWhereItIs) {
+    QWindow *window = view->window()->windowHandle();
+    const auto inWindow = [this](const QPoint &at) { return view->viewport()->mapTo(view->window(), at); };
+    for (const QPoint &click : {QPoint(600, 500), Body(a), Body(b), QPoint(200, 150)}) {
+        a.SetSelected(true);
+        Key(Qt::Key_F2);
+        Type("new");
+        ASSERT_TRUE(view->IsEditing());
+        QTest::mousePress(window, Qt::LeftButton, {}, inWindow(click));
+        QTest::mouseRelease(window, Qt::LeftButton, {}, inWindow(click));
+        const QPointF before = b.Bounds().topLeft(), other = a.Bounds().topLeft();
+        const QPoint from = Body(b);
+        QTest::mousePress(window, Qt::LeftButton, {}, inWindow(from));
+        EXPECT_FALSE(view->IsEditing());
+        for (const QPoint &on : {QPoint(20, 10), QPoint(60, 30)})
+            QTest::mouseMove(window, inWindow(from + on));
+        QTest::mouseRelease(window, Qt::LeftButton, {}, inWindow(from + QPoint(60, 30)));
+        EXPECT_EQ(b.Bounds().topLeft() - before, QPointF(900, 450));
+        EXPECT_EQ(a.Bounds().topLeft(), other);
+        surface.Undo();
+        surface.UnselectAll();
+    }
 }
 
 TEST_F(Editing, SameText_IsNoStep) {

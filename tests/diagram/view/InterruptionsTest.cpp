@@ -33,6 +33,7 @@ protected:
         end = At(ToQPointF(link.Way().back()));
         segment = At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2);
         saved = SaveBytes(surface);
+        revision = surface.Revision();
         selectedBefore = surface.SelectedNodes();
     }
 
@@ -58,6 +59,7 @@ protected:
             MoveTo(drag.to + QPoint(9, 9), drag.modifiers);
             Release(drag.to, drag.modifiers);
             EXPECT_EQ(SaveBytes(surface), saved);
+            EXPECT_EQ(surface.Revision(), revision);
             EXPECT_EQ(surface.SelectedNodes(), selectedBefore);
             EXPECT_FALSE(surface.CanUndo());
             EXPECT_FALSE(surface.CanRedo());
@@ -72,8 +74,33 @@ protected:
     Node &a, &b, &c;
     QPoint bend, end, segment;
     QByteArray saved;
+    Revision revision;
     std::vector<Node *> selectedBefore;
 };
+
+TEST_F(Interruptions, AStepThatADragMadeAndUndoTookBackIsNoDifference) {
+    for (const testing::Drag &drag : Drags()) {
+        SCOPED_TRACE(drag.name);
+        DragAndHold(drag.from, drag.to, drag.modifiers);
+        Release(drag.to, drag.modifiers);
+        const bool made = surface.CanUndo();
+        EXPECT_EQ(surface.Revision() != revision, made);
+        while (surface.CanUndo()) surface.Undo();
+        EXPECT_EQ(surface.Revision(), revision);
+        surface.UnselectAll();
+        b.SetSelected(true);
+        surface.Links()[0]->SetSelected(true);
+    }
+}
+
+TEST_F(Interruptions, APressWhoseReleaseIsLostIsForgottenByTheNextOne) {
+    Press(Body(b));
+    const QPointF before = b.Bounds().topLeft(), other = c.Bounds().topLeft();
+    Drag(Body(c), Body(c) + QPoint(80, 77));
+    EXPECT_EQ(b.Bounds().topLeft(), before);
+    EXPECT_NE(c.Bounds().topLeft(), other);
+    EXPECT_EQ(UndoSteps(), 1);
+}
 
 TEST_F(Interruptions, Escape) {
     ForEachDrag([this](const testing::Drag &) { Key(Qt::Key_Escape); });
