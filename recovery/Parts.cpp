@@ -39,32 +39,40 @@ void Put(ByteWriter &out, const document::cAttachment &attachment) {
     Put(out, attachment.Embed);
 }
 
-void Get(ByteReader &in, SlicePlace &slice) {
-    slice.id = in.Get<SliceId>();
-    slice.index = in.Get<std::int32_t>();
-    slice.caption = in.GetText();
-    slice.tabKey = in.GetText();
+// Value by value, as a group or level that is made without a key would draw one by chance, which only the
+// window's thread may do.
+template <typename T>
+T Get(ByteReader &in);
+
+template <>
+SlicePlace Get(ByteReader &in) {
+    return {in.Get<SliceId>(), in.Get<std::int32_t>(), in.GetText(), in.GetText()};
 }
-void Get(ByteReader &in, document::cGroup &group) {
-    group.Key = in.GetText();
-    group.Selected = in.GetBool();
-    group.GroupName = in.GetText();
+template <>
+document::cGroup Get(ByteReader &in) {
+    return {in.GetText(), in.GetBool(), in.GetText()};
 }
-void Get(ByteReader &in, document::cLevel &level) {
-    level.Key = in.GetText();
-    level.Color = in.Get<std::uint32_t>();
-    level.Selected = in.GetBool();
-    level.LevelName = in.GetText();
+template <>
+document::cLevel Get(ByteReader &in) {
+    const QString key = in.GetText();
+    const auto colour = support::Colour(in.Get<std::uint32_t>());
+    return {key, colour, in.GetBool(), in.GetText()};
 }
-void Get(ByteReader &in, document::cHyperlink &hyperlink) {
+template <>
+document::cHyperlink Get(ByteReader &in) {
+    document::cHyperlink hyperlink;
     for (QString *text :
          {&hyperlink.Key, &hyperlink.DestNode, &hyperlink.SliceKey, &hyperlink.Map, &hyperlink.Node})
         *text = in.GetText();
     hyperlink.Slice = in.Get<std::int16_t>();
+    return hyperlink;
 }
-void Get(ByteReader &in, document::cAttachment &attachment) {
+template <>
+document::cAttachment Get(ByteReader &in) {
+    document::cAttachment attachment;
     for (QString *text : {&attachment.Key, &attachment.Node, &attachment.Filename}) *text = in.GetText();
     attachment.Embed = in.GetBool();
+    return attachment;
 }
 
 template <typename T>
@@ -74,7 +82,7 @@ void PutAll(ByteWriter &out, const std::vector<T> &items) {
 }
 template <typename T>
 void GetAll(ByteReader &in, std::vector<T> &items) {
-    for (qsizetype left = in.GetCount(1); left > 0; --left) Get(in, items.emplace_back());
+    for (qsizetype left = in.GetCount(1); left > 0; --left) items.push_back(Get<T>(in));
 }
 
 void PutFrame(ByteWriter &out, const MapFrame &frame) {

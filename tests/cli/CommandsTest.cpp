@@ -283,6 +283,8 @@ TEST_F(CommandsTest, RecoveredListsLostMapsAndWritesOneAsANewMap) {
         recovery::Step step{true, {}, {QDateTime::currentDateTime(), 3, recovery::MapFrame()}};
         step.commit.frame->path = QStringLiteral("/maps/Plan.map");
         step.commit.frame->slices = {{1, 0, QStringLiteral("Only"), {}}};
+        step.commit.frame->groups = {{QStringLiteral("{G}"), true, QStringLiteral("Group")}};
+        step.commit.frame->levels = {{QStringLiteral("{L}"), 1, true, QStringLiteral("Level")}};
         recovery::SlicePart &part = step.parts.emplace_back();
         part.slice = 1;
         part.whole = true;
