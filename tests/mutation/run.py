@@ -114,7 +114,7 @@ def removed(line, mask, former):
     assignment = re.fullmatch(r"(\s+)[\w:.>\-\[\]*()]+ [+\-|]?= .*;", mask)
     found = call or assignment
     if found and not NO_STATEMENT.match(mask) and mask.count("(") == mask.count(")"):
-        yield f"{found[1]}if (false) {line.strip()}"  # what it alone uses stays in use
+        yield f"{found[1]}{{ if (false) {line.strip()} }}"  # what it alone uses stays in use
 
 
 def changes_of(root, path, seed):
@@ -129,7 +129,7 @@ def changes_of(root, path, seed):
                  ("changed constant", renumbered(code, mask)), ("removed statement", removed(code, mask, former))]
         for rule, results in rules:
             for result in results:
-                name = f"{seed}|{path}|{rule}|{code.strip()}|{result.strip().replace('if (false) ' + code.strip(), '{}')}"
+                name = f"{seed}|{path}|{rule}|{code.strip()}|{'{}' if rule == 'removed statement' else result.strip()}"
                 seen[name] = seen.get(name, 0) + 1
                 rank = hashlib.sha256(f"{name}|{seen[name]}".encode()).hexdigest()
                 yield Change(path, index + 1, rule, code, result, rank)
