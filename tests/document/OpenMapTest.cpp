@@ -53,7 +53,7 @@ TEST_F(OpenMapTest, ASaveDialogStartsInTheMapsFolderWithItsName) {
     desktop.ExpectSaveFile(QString());
     GetMapFile(true, MapFile(QStringLiteral("sub/plan.map")));
     EXPECT_EQ(desktop.dialogs.shownFiles.back().startFolder, MapFile(QStringLiteral("sub/plan.map")));
-    EXPECT_EQ(PlaceToSave(QString()), MapFile(QString()));
+    EXPECT_EQ(PlaceToSave(QString()), support::AddBackslash(MapFile(QString())));
     EXPECT_EQ(PlaceToSave(MapFile(QStringLiteral("gone/plan.map"))), MapFile(QStringLiteral("plan.map")));
 }
 

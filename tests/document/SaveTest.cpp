@@ -445,7 +445,9 @@ TEST_F(SaveTest, AMapWhoseLoadEndedInTheMiddleIsKept) {
     const auto other = Loaded(path);
     Run(path, InsertNode(QStringLiteral("a")));
     EXPECT_EQ(ErrorOf([&] { DoLoad(*other); }).Number(), support::kErrKeyInUse);
+    desktop.ExpectSaveFile(path);
     EXPECT_TRUE(DoSave(*other));
+    EXPECT_EQ(desktop.dialogs.shownFiles.back().startFolder, path);
     EXPECT_EQ(Count(path + ".bak", "Nodes"), 2);
 }
 
