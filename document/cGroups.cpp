@@ -46,9 +46,7 @@ cGroup &cGroups::Create(const QString &name, bool selected) {
     return items_.Add(key, std::move(group));
 }
 
-cGroup &cGroups::Take(const cGroup &group) {
-    return items_.Add(group.Key, std::make_unique<cGroup>(group));
-}
+cGroup &cGroups::Take(const cGroup &group) { return items_.Add(group.Key, std::make_unique<cGroup>(group)); }
 
 QString cGroups::GroupNameForKey(const QString &keys) const {
     return Translate(*this, keys, &cGroup::Key, &cGroup::GroupName);

@@ -28,9 +28,7 @@ cLevel &cLevels::Create(const QString &name, bool selected, support::Colour colo
     return items_.Add(key, std::move(level));
 }
 
-cLevel &cLevels::Take(const cLevel &level) {
-    return items_.Add(level.Key, std::make_unique<cLevel>(level));
-}
+cLevel &cLevels::Take(const cLevel &level) { return items_.Add(level.Key, std::make_unique<cLevel>(level)); }
 
 QString cLevels::LevelNameForKey(const QString &key) const {
     if (key.isEmpty()) return {};

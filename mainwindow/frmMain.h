@@ -132,8 +132,8 @@ public:
     // Shows `sFilename`, or the file that the user chooses, here or in a new window. Null when nothing was
     // opened.
     frmMain *DoOpen(QString sFilename, bool bNewWindow);
-    // From now on windows that are made keep a journal of their work in a folder below that one; an empty text ends
-    // it.
+    // From now on windows that are made keep a journal of their work in a folder below that one; an empty
+    // text ends it.
     static void SetJournalsFolder(const QString &folder);
     bool HasUnsavedWork();
     bool LetsEventsRun() const { return lettingEventsRun_; }
@@ -142,7 +142,8 @@ public:
     // Offers maps that a former run left, in a bar above the surface.
     void OfferLostMaps(std::vector<recovery::LostMap> lost);
     RecoveryBar *OfferedMaps() const { return recoveryBar_; }
-    // Shows a map that was lost as unsaved work, here or, where that would cover another map, in a new window.
+    // Shows a map that was lost as unsaved work, here or, where that would cover another map, in a new
+    // window.
     frmMain *RestoreLostMap(recovery::LostMap lost);
     // Whether a file to be opened wants a new window: this map is dirty, or its first slice has 4 nodes or
     // more.

@@ -39,8 +39,8 @@ QString LongForm(const QString &path);
 // The system's folders, without a separator at their ends.
 QString WindowsFolder();
 QString SystemFolder();
-// Where programs keep what must outlive them, but isn't the user's own work as yet, without a separator at its
-// end; the folder need not exist.
+// Where programs keep what must outlive them, but isn't the user's own work as yet, without a separator at
+// its end; the folder need not exist.
 QString StateFolder();
 // The login name.
 QString UserName();
@@ -50,7 +50,8 @@ class FileLock {
 public:
     virtual ~FileLock() = default;
 };
-// Makes a folder into which only the user may look, and the folders above it; true when it is there afterwards.
+// Makes a folder into which only the user may look, and the folders above it; true when it is there
+// afterwards.
 bool MakePrivateFolder(const QString &path);
 // Waits up to `milliseconds` for the lock that `path` names (the file is made and stays); null when not got.
 std::unique_ptr<FileLock> Lock(const QString &path, int milliseconds);

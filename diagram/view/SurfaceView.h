@@ -71,8 +71,8 @@ public:
     void KeepText();
     void EndEdit(bool keep);
     bool IsEditing() const;
-    // The item that is edited in place, and the text that EndEdit would write if it kept what was typed so far;
-    // none while nothing is edited, or nothing but what the item has.
+    // The item that is edited in place, and the text that EndEdit would write if it kept what was typed so
+    // far; none while nothing is edited, or nothing but what the item has.
     std::optional<std::pair<ItemId, QString>> Typed() const;
 
     // What a screen reader is told of an item beside its text and its links: its level and groups, say. Is

@@ -86,10 +86,8 @@ void Bend(Film &film) {
 }
 
 constexpr Scene kScenes[] = {
-    {"60-keys-link", LinkNodes, true},
-    {"61-keys-link-two", LinkTwo, false},
-    {"62-keys-link-end", MoveEnd, false},
-    {"63-keys-resize", Resize, false},
+    {"60-keys-link", LinkNodes, true},    {"61-keys-link-two", LinkTwo, false},
+    {"62-keys-link-end", MoveEnd, false}, {"63-keys-resize", Resize, false},
     {"64-keys-bend", Bend, true},
 };
 
