@@ -4,6 +4,7 @@
 #include "benchmarks/Stage.h"
 #include "document/MapSchema.h"
 #include "document/TemplateFile.h"
+#include "document/UnsavedWork.h"
 #include "support/Desktop.h"
 #include "support/Files.h"
 
@@ -64,10 +65,15 @@ BenchWindow::BenchWindow()
     Settle(form_->CurrentView());
 }
 
+void CloseUnsaved(mainwindow::frmMain &form) {
+    form.clsSettings().Dirty = false;
+    document::MarkSaved(form);
+    if (!form.close()) qFatal("A window of the figures doesn't close");
+}
+
 BenchWindow::~BenchWindow() {
     for (mainwindow::frmMain *form : mainwindow::frmMain::Forms()) {
-        form->clsSettings().Dirty = false;
-        form->close();
+        CloseUnsaved(*form);
     }
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     support::SetProgramPath(programPath_);

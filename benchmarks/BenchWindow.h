@@ -27,4 +27,7 @@ private:
     mainwindow::frmMain *form_;
 };
 
+// Closes the window as if nothing in it were worth a question.
+void CloseUnsaved(mainwindow::frmMain &form);
+
 } // namespace bench

@@ -1,5 +1,6 @@
 #include "benchmarks/CanvasFigures.h"
 
+#include "benchmarks/BenchWindow.h"
 #include "benchmarks/Canvas.h"
 #include "benchmarks/Sample.h"
 #include "benchmarks/Stage.h"
@@ -199,8 +200,7 @@ Figures WindowFigures() {
     view.setFocus();
     Settle(view);
     Measure(figures, view, QStringLiteral("in a window"));
-    window->clsSettings().Dirty = false;
-    window->close();
+    CloseUnsaved(*window);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     support::SetProgramPath(program);
     return figures;

@@ -282,6 +282,8 @@ private:
     // stands there by now.
     void TellInPassing(const QString &text);
     void DropHint();
+    // What a view says of a gesture; an empty text takes away what a view said before, and nothing else.
+    void TellHintOfView(const QString &text);
     // The twips of the current surface at `at`, in pixels of the window; nothing beside the surface.
     std::optional<QPointF> SurfacePlace(const QPoint &at);
     // A file was dropped at `at`, in pixels of the window.
@@ -321,6 +323,7 @@ private:
     std::unique_ptr<timeline::DaysOfStrip> days_; // the views look at it
     ExchangeRoutines exchange_;
     QString hint_;
+    QString hintOfView_;
     frmPics *frmPics_ = nullptr;
     QTimer tmrResize_;
     QTimer update_;

@@ -29,6 +29,14 @@ void frmMain::DropHint() {
     hint_.clear();
 }
 
+void frmMain::TellHintOfView(const QString &text) {
+    if (!text.isEmpty())
+        TellInPassing(text);
+    else if (!hintOfView_.isEmpty() && staMain_->Doing() == hintOfView_)
+        DoStatus(QString());
+    hintOfView_ = text;
+}
+
 void frmMain::SetProgress(int percent) { prg1_->Show(qBound(0, percent, 100)); }
 
 void frmMain::SetMousePointer(int pointer) {

@@ -42,7 +42,7 @@ void frmMain::SurfaceLoaded(diagram::Surface &surface) {
     view->setFrameShape(QFrame::NoFrame);
     connect(view.get(), &diagram::SurfaceView::ViewChanged, this, &frmMain::ScheduleUpdate);
     connect(view.get(), &diagram::SurfaceView::HintShown, this,
-            [this](diagram::Hint hint) { TellInPassing(HintText(hint)); });
+            [this](diagram::Hint hint) { TellHintOfView(HintText(hint)); });
     view->SetWords({settings::Terms().NODE, settings::Terms().LINK});
     view->SetDescriber([this](const diagram::Item &item) { return ItemDescription(item, clsSettings()); });
     view->SetDays(*days_);

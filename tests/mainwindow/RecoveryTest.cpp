@@ -106,6 +106,7 @@ TEST_F(Recovery, RestoreOpensTheMapAsUnsavedWork) {
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Velmora - Plan.map"));
     EXPECT_FALSE(window.OfferedMaps()->isVisible());
     EXPECT_TRUE(window.CurrentView().hasFocus());
+    Q_EMIT window.CurrentView().HintShown(diagram::Hint::Nothing); // the pointer enters the surface
     EXPECT_TRUE(Status(window).contains(QStringLiteral("Plan.map was restored")));
     Write(window);
     EXPECT_EQ(Folders(), 1); // its own in the place of the former
