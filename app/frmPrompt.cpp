@@ -23,7 +23,7 @@ frmPrompt::frmPrompt(StartupOffer &offer, QWidget *parent)
       cmdYes_(new QPushButton(tr("&Yes"), this)),
       cmdNo_(new QPushButton(tr("&No"), this)),
       chkNotAgain_(new QCheckBox(tr("&Do not ask again"), this)) {
-    setObjectName(QLatin1String(kFormPrompt));
+    setObjectName(QLatin1String(StartupOffer::kForm));
     setWindowTitle(settings::Terms().TITLE);
     lbl_->setTextFormat(Qt::PlainText);
     lbl_->setWordWrap(true);
@@ -64,7 +64,7 @@ void frmPrompt::Answer(bool yes) {
 
 bool AskToOpen(support::Desktop &desktop, const QString &file, support::Owner owner) {
     StartupOffer offer{file};
-    desktop.dialogHost.ShowModal(QLatin1String(kFormPrompt), &offer, owner);
+    support::Show(desktop, offer, owner);
     return offer.ClickYes;
 }
 

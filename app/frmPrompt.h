@@ -1,7 +1,7 @@
 // Offers the start-up map.
 #pragma once
 
-#include "support/Desktop.h"
+#include "support/Forms.h"
 
 #include <QDialog>
 #include <QString>
@@ -12,10 +12,8 @@ class QPushButton;
 
 namespace app {
 
-// Its name for DialogHost; the argument is a StartupOffer.
-inline constexpr char kFormPrompt[] = "frmPrompt";
-
 struct StartupOffer {
+    static constexpr char kForm[] = "frmPrompt";
     QString file;          // the name in the question
     bool ClickYes = false; // the answer
 };

@@ -31,33 +31,30 @@ bool HasDisplay([[maybe_unused]] int argc, [[maybe_unused]] char **argv) {
 #endif
 }
 
+// A row for a form that is made of its argument and its owner, and shown.
+template <typename Form, typename Argument>
+void AddForm(support::FormTable &forms) {
+    forms.Add<Argument>([](Argument &argument, support::Owner owner) {
+        return Form(argument, owner).exec() == QDialog::Accepted;
+    });
+}
+
 void AddForms(support::RealDesktop &desktop) {
-    desktop.Forms().Add(QLatin1String(app::kFormPrompt), [](void *argument, support::Owner owner) {
-        app::frmPrompt form(*static_cast<app::StartupOffer *>(argument), static_cast<QWidget *>(owner));
-        return form.exec() == QDialog::Accepted;
+    support::FormTable &forms = desktop.Forms();
+    AddForm<app::frmPrompt, app::StartupOffer>(forms);
+    AddForm<timeline::frmDate, timeline::DateFormArgument>(forms);
+    AddForm<mainwindow::frmLayout, mainwindow::LayoutFormArgument>(forms);
+    forms.Add<mainwindow::AboutForm>([&desktop](mainwindow::AboutForm &, support::Owner owner) {
+        return mainwindow::frmAbout(desktop.Get(), owner).exec() == QDialog::Accepted;
     });
-    desktop.Forms().Add(QLatin1String(mainwindow::kFormAbout), [&desktop](void *, support::Owner owner) {
-        mainwindow::frmAbout form(desktop.Get(), static_cast<QWidget *>(owner));
-        return form.exec() == QDialog::Accepted;
-    });
-    desktop.Forms().Add(QLatin1String(mainwindow::kFormLayers), [](void *argument, support::Owner) {
-        return static_cast<mainwindow::frmLayers *>(argument)->exec() == QDialog::Accepted;
-    });
-    desktop.Forms().Add(QLatin1String(timeline::kFormTimelineSetup),
-                        [](void *argument, support::Owner owner) {
-                            const auto &setup = *static_cast<timeline::TimelineSetupArgument *>(argument);
-                            timeline::frmTimelineSetup form(setup, static_cast<QWidget *>(owner));
-                            if (setup.pressOk) return form.OKButton_Click(), true;
-                            return form.exec() == QDialog::Accepted;
-                        });
-    desktop.Forms().Add(QLatin1String(timeline::kFormDate), [](void *argument, support::Owner owner) {
-        auto &date = *static_cast<timeline::DateFormArgument *>(argument);
-        return timeline::frmDate(date, static_cast<QWidget *>(owner)).exec() == QDialog::Accepted;
-    });
-    desktop.Forms().Add(QLatin1String(mainwindow::kFormLayout), [](void *argument, support::Owner owner) {
-        const auto &layout = *static_cast<mainwindow::LayoutFormArgument *>(argument);
-        return mainwindow::frmLayout(layout, static_cast<QWidget *>(owner)).exec() == QDialog::Accepted;
-    });
+    forms.Add<mainwindow::frmLayers>(
+        [](mainwindow::frmLayers &form, support::Owner) { return form.exec() == QDialog::Accepted; });
+    forms.Add<timeline::TimelineSetupArgument>(
+        [](timeline::TimelineSetupArgument &setup, support::Owner owner) {
+            timeline::frmTimelineSetup form(setup, owner);
+            if (setup.pressOk) return form.OKButton_Click(), true;
+            return form.exec() == QDialog::Accepted;
+        });
 }
 
 int Run(const QString &commandLine) {

@@ -29,7 +29,7 @@ public:
 
 class NoForms : public support::DialogHost {
 public:
-    bool ShowModal(const QString &, void *, support::Owner) override { return false; }
+    bool ShowModal(const support::FormRequest &, support::Owner) override { return false; }
 };
 
 } // namespace

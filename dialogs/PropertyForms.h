@@ -1,5 +1,4 @@
-// The forms for the properties of nodes and links: their names for DialogHost::ShowModal, and the arguments
-// that it takes along.
+// What the forms for the properties of nodes and links, and for the lists of levels and groups, are handed.
 #pragma once
 
 #include <vector>
@@ -10,28 +9,40 @@ class Node;
 class Surface;
 } // namespace diagram
 namespace document {
+class cGroups;
+class cLevels;
 class MapWindow;
-}
+} // namespace document
 
 namespace dialogs {
 
-inline constexpr char kFormNodeDialog[] = "frmNodeDialog";
-inline constexpr char kFormLinkDialog[] = "frmLinkDialog";
-
-// Argument of kFormNodeDialog. Everything outlives the form.
+// Everything outlives the form.
 struct NodeDialogArgument {
+    static constexpr char kForm[] = "frmNodeDialog";
     document::MapWindow &window;
     diagram::Surface &oFlow;
     diagram::Node &oNode; // the one whose values are shown
     bool editsSelection;  // oNode is one of the selected nodes, and these are edited with it
 };
 
-// Argument of kFormLinkDialog.
 struct LinkDialogArgument {
+    static constexpr char kForm[] = "frmLinkDialog";
     document::MapWindow &window;
     diagram::Surface &oFlow;
     diagram::Link &oLink;
     std::vector<diagram::Link *> oLinks; // the selected links, when oLink is one of them; else empty
+};
+
+struct LevelsFormArgument {
+    static constexpr char kForm[] = "frmLevels";
+    document::MapWindow &window;
+    document::cLevels &oLevels;
+};
+
+struct GroupsFormArgument {
+    static constexpr char kForm[] = "frmGroups";
+    document::MapWindow &window;
+    document::cGroups &oGroups;
 };
 
 } // namespace dialogs

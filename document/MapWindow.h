@@ -2,7 +2,7 @@
 // the companion for the command line.
 #pragma once
 
-#include "support/Desktop.h"
+#include "support/Forms.h"
 
 #include <QString>
 
@@ -38,6 +38,8 @@ public:
     virtual Tabs &TabStrip() = 0;
     virtual SurfaceArray &AddFlow1() = 0;
     virtual support::Desktop &Desktop() = 0;
+    // What dialogs open above; null for a window that is not on the screen.
+    virtual support::Owner Handle() = 0;
 
     virtual void DoStatus(const QString &text) = 0;
     virtual void SetProgress(int percent) = 0; // of the progress bar; 0 empties it
@@ -52,5 +54,13 @@ public:
     virtual void RefreshMainControls() = 0;
     virtual void DrawMenuBar() = 0;
 };
+
+// Shows the form above the window and gives true when its user chose OK: the user's turn, so with the normal
+// pointer.
+template <support::FormArgument Argument>
+bool Show(MapWindow &window, Argument &argument) {
+    window.SetMousePointer(pointer::kNormal);
+    return support::Show(window.Desktop(), argument, window.Handle());
+}
 
 } // namespace document

@@ -44,6 +44,7 @@ public:
     Tabs &TabStrip() override { return tabs_; }
     SurfaceArray &AddFlow1() override { return surfaces_; }
     support::Desktop &Desktop() override { return desktop_; }
+    support::Owner Handle() override { return nullptr; }
     void DoStatus(const QString &text) override { statuses.append(text); }
     void SetProgress(int percent) override { progress.push_back(percent); }
     void SetMousePointer(int value) override { pointers.push_back(value); }

@@ -5,6 +5,7 @@
 #include "diagram/format/SurfaceFile.h"
 #include "document/LastPath.h"
 #include "document/Tags.h"
+#include "mainwindow/FormsToCome.h"
 #include "mainwindow/frmMain.h"
 #include "support/Error.h"
 #include "support/Files.h"
@@ -153,8 +154,8 @@ void ExportFlatFile(frmMain &window, const QString &file) {
 }
 
 void ExportPresentation(frmMain &window, const QString &file) {
-    QString target = file;
-    window.ShowForm("frmPowerPoint", &target, Tr("Exporting presentations"));
+    PowerPointArgument argument{window.CurrentSurface(), file};
+    window.ShowForm(argument, Tr("Exporting presentations"));
 }
 
 // Where the map is saved, under its name with that ending.

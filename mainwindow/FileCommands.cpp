@@ -4,6 +4,7 @@
 #include "document/DoSave.h"
 #include "document/MemoryGuard.h"
 #include "mainwindow/Exchange.h"
+#include "mainwindow/FormsToCome.h"
 #include "mainwindow/frmMain.h"
 
 namespace mainwindow {
@@ -56,25 +57,25 @@ void mnuFileSaveAs(frmMain &window) {
 }
 
 void mnuFileSaveAsTemplate(frmMain &window) {
-    window.SetMousePointer(kNormal);
-    window.ShowForm("frmSaveAsTemplate", &window.CurrentSurface(), QStringLiteral("Saving as a template"));
+    SaveAsTemplateArgument argument{window.CurrentSurface()};
+    window.ShowForm(argument, QStringLiteral("Saving as a template"));
 }
 
 bool IsAuthor() { return settings::Terms().AUTHOR; }
 
 void mnuFilePageSetup(frmMain &window) {
-    window.SetMousePointer(kNormal);
-    window.ShowForm("frmPageSetup", nullptr, QStringLiteral("Page setup"));
+    PageSetupArgument argument;
+    window.ShowForm(argument, QStringLiteral("Page setup"));
 }
 
 void mnuFilePrint(frmMain &window) {
-    window.SetMousePointer(kNormal);
-    window.ShowForm("frmPrint", &window.CurrentSurface(), QStringLiteral("Printing"));
+    PrintArgument argument{window.CurrentSurface()};
+    window.ShowForm(argument, QStringLiteral("Printing"));
 }
 
 void mnuFilePrintPreview(frmMain &window) {
-    window.SetMousePointer(kNormal);
-    window.ShowForm("frmPrintPreview", &window.CurrentSurface(), QStringLiteral("The print preview"));
+    PrintPreviewArgument argument{window.CurrentSurface()};
+    window.ShowForm(argument, QStringLiteral("The print preview"));
 }
 
 void mnuFileExit(frmMain &window) { window.close(); }

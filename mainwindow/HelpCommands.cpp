@@ -14,8 +14,8 @@ namespace {
 const QString kWebsite = QStringLiteral("https://www.velmora.example/");
 
 void mnuHelpAbout(frmMain &window) {
-    window.SetMousePointer(document::pointer::kNormal);
-    window.Desktop().dialogHost.ShowModal(QLatin1String(kFormAbout), nullptr, &window);
+    AboutForm form;
+    document::Show(window, form);
 }
 
 void mnuHelpHelp(frmMain &window) {

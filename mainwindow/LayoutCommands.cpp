@@ -50,9 +50,8 @@ void mnuLayoutTreeExecute(frmMain &window) {
 }
 
 void ShowOptions(frmMain &window, LayoutTool &tool, const QString &title) {
-    window.SetMousePointer(document::pointer::kNormal);
     LayoutFormArgument argument{tool, title};
-    window.Desktop().dialogHost.ShowModal(QLatin1String(kFormLayout), &argument, &window);
+    document::Show(window, argument);
 }
 
 void mnuLayoutHOptions(frmMain &window) {

@@ -15,14 +15,10 @@ namespace mainwindow {
 
 namespace {
 
-using document::pointer::kNormal;
-
 bool ShowSetup(frmMain &window, diagram::Node &look, bool asTemplate) {
-    window.SetMousePointer(kNormal);
     timeline::TimelineSetupArgument argument{window, &window.CurrentSurface(),           &look, asTemplate,
                                              false,  [&window] { window.DoFixColors(); }};
-    return window.Desktop().dialogHost.ShowModal(QLatin1String(timeline::kFormTimelineSetup), &argument,
-                                                 &window);
+    return document::Show(window, argument);
 }
 
 // The nodes that the user selected; links of the timeline end on others.
@@ -64,10 +60,9 @@ void keyDate(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
     const std::vector<diagram::Node *> nodes = NodesToDate(surface);
     if (nodes.empty()) return;
-    window.SetMousePointer(kNormal);
     timeline::DateFormArgument form{timeline::ParseDate(timeline::DateOfNode(*nodes.front())),
                                     window.Desktop().clock.Now().date()};
-    if (!window.Desktop().dialogHost.ShowModal(QLatin1String(timeline::kFormDate), &form, &window)) return;
+    if (!document::Show(window, form)) return;
     const ActionGroup step(surface);
     std::vector<timeline::NodeDate> dates;
     for (diagram::Node *node : nodes) {

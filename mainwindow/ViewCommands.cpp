@@ -2,6 +2,7 @@
 
 #include "app/settings/clsRB.h"
 #include "diagram/view/SurfaceView.h"
+#include "dialogs/PropertyForms.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/PickBox.h"
@@ -67,20 +68,16 @@ void mnuViewBackgroundClear(frmMain &window) {
 }
 
 void mnuViewLevels(frmMain &window) {
-    window.SetMousePointer(kNormal);
-    if (!window.ShowForm("frmLevels", &window.clsSettings().Levels(),
-                         QStringLiteral("The dialog for levels")))
-        return;
+    dialogs::LevelsFormArgument argument{window, window.clsSettings().Levels()};
+    if (!window.ShowForm(argument, QStringLiteral("The dialog for levels"))) return;
     window.LoadLevelCombo();
     window.ssDBLevels_CloseUp();
     window.DoFixColors();
 }
 
 void mnuViewGroups(frmMain &window) {
-    window.SetMousePointer(kNormal);
-    if (!window.ShowForm("frmGroups", &window.clsSettings().Groups(),
-                         QStringLiteral("The dialog for groups")))
-        return;
+    dialogs::GroupsFormArgument argument{window, window.clsSettings().Groups()};
+    if (!window.ShowForm(argument, QStringLiteral("The dialog for groups"))) return;
     window.LoadGroupCombo();
     window.ssDBLevels_CloseUp();
 }
@@ -91,7 +88,7 @@ void mnuViewRBPrompt(frmMain &window) {
     settings::clsRB prompt;
     if (!window.MenuValue(key)) return prompt.ResetPrompt();
     window.SetMousePointer(kNormal);
-    if (window.Desktop().dialogHost.Knows(QLatin1String(settings::kFormRB)))
+    if (support::HasForm<settings::clsRB>(window.Desktop()))
         prompt.DisplayPrompt(true);
     else
         window.TellNotYet(QStringLiteral("The question of the template bar"));

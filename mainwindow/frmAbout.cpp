@@ -63,7 +63,7 @@ QString RegistryText(support::RegistryStore &registry, const char *section, cons
 } // namespace
 
 frmAbout::frmAbout(support::Desktop &desktop, QWidget *parent) : QDialog(parent) {
-    setObjectName(QLatin1String(kFormAbout));
+    setObjectName(QLatin1String(AboutForm::kForm));
     setWindowTitle(tr("About %1").arg(settings::Terms().TITLE));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(20, 20, 20, 16);

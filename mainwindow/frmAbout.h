@@ -9,8 +9,10 @@ class QPushButton;
 
 namespace mainwindow {
 
-// Its name for DialogHost; it takes no argument.
-inline constexpr char kFormAbout[] = "frmAbout";
+// It is handed nothing.
+struct AboutForm {
+    static constexpr char kForm[] = "frmAbout";
+};
 
 class frmAbout : public QDialog {
     Q_OBJECT

@@ -16,7 +16,7 @@ namespace mainwindow {
 frmLayers::frmLayers(support::Desktop &desktop, const std::vector<document::cSlice> &slices,
                      int iSelectedItem, QWidget *parent)
     : QDialog(parent), desktop_(desktop), cLayers_(slices), list_(slices) {
-    setObjectName(QLatin1String(kFormLayers));
+    setObjectName(QLatin1String(kForm));
     setWindowTitle(QStringLiteral("Layers"));
     BuildControls();
     ShowRows(iSelectedItem);

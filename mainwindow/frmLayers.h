@@ -13,12 +13,11 @@ class QPushButton;
 
 namespace mainwindow {
 
-// Its name for DialogHost; the argument is the form itself.
-inline constexpr char kFormLayers[] = "frmLayers";
-
+// Its own argument: whoever wants it edited makes it.
 class frmLayers : public QDialog {
     Q_OBJECT
 public:
+    static constexpr char kForm[] = "frmLayers";
     // `iSelectedItem` is the row selected at first. The desktop must live longer.
     frmLayers(support::Desktop &desktop, const std::vector<document::cSlice> &slices, int iSelectedItem,
               QWidget *parent);

@@ -15,7 +15,7 @@ constexpr int kFurthest = 1000; // pixels
 
 frmLayout::frmLayout(const LayoutFormArgument &argument, QWidget *parent)
     : QDialog(parent), tool_(argument.tool) {
-    setObjectName(QLatin1String(kFormLayout));
+    setObjectName(QLatin1String(LayoutFormArgument::kForm));
     setWindowTitle(argument.title);
     cboOrientation_ = new QComboBox(this);
     cboOrientation_->setObjectName(QStringLiteral("cboOrientation"));

@@ -11,9 +11,8 @@ class QDoubleSpinBox;
 
 namespace mainwindow {
 
-// Its name for DialogHost, and the argument that it takes.
-inline constexpr char kFormLayout[] = "frmLayout";
 struct LayoutFormArgument {
+    static constexpr char kForm[] = "frmLayout";
     LayoutTool &tool; // changed by OK alone
     QString title;
 };

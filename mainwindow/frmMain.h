@@ -69,6 +69,7 @@ public:
     clsTabStrip &TabStrip() override { return tabStrip_; }
     document::SurfaceArray &AddFlow1() override { return AddFlow1_; }
     support::Desktop &Desktop() override { return desktop_; }
+    support::Owner Handle() override { return this; }
     void DoStatus(const QString &text) override;
     void SetProgress(int percent) override;
     void SetMousePointer(int pointer) override;
@@ -171,7 +172,13 @@ public:
     ExchangeRoutines &Exchange() { return exchange_; }
     // Opens the form; while the program has none of that name, the status bar says that `what` is missing.
     // False when it was cancelled too.
-    bool ShowForm(const char *form, void *argument, const QString &what);
+    template <support::FormArgument Argument>
+    bool ShowForm(Argument &argument, const QString &what) {
+        if (support::HasForm<Argument>(desktop_)) return document::Show(*this, argument);
+        SetMousePointer(document::pointer::kNormal);
+        TellNotYet(what);
+        return false;
+    }
     void TellNotYet(const QString &what);
     // The timeline node whose popup was opened last, or null.
     diagram::Node *oTemplateNode() const;

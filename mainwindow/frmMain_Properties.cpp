@@ -100,8 +100,7 @@ void frmMain::ShowNodeDialog(diagram::Node &oNode) {
     dialogs::NodeDialogArgument argument{*this, oNode.Owner(), oNode,
                                          NodeIsInCollection(oNode, oNode.Owner().SelectedNodes())};
     if (bDisplay) ClickFormatButton(kDisplay);
-    SetMousePointer(kNormal);
-    ShowForm(dialogs::kFormNodeDialog, &argument, tr("The dialog for @NODE properties"));
+    ShowForm(argument, tr("The dialog for @NODE properties"));
     if (bDisplay) ClickFormatButton(kDisplay);
     SSTab_Click();
 }
@@ -114,8 +113,7 @@ void frmMain::ShowLinkProperties(diagram::Link &oLink) {
         SelectForProperties(oLink, std::vector(surface.SelectedLinks()));
         dialogs::LinkDialogArgument argument{*this, surface, oLink, {}};
         if (LinkIsInCollection(oLink, surface.SelectedLinks())) argument.oLinks = surface.SelectedLinks();
-        SetMousePointer(kNormal);
-        ShowForm(dialogs::kFormLinkDialog, &argument, tr("The dialog for @LINK properties"));
+        ShowForm(argument, tr("The dialog for @LINK properties"));
     });
 }
 
@@ -125,13 +123,6 @@ void frmMain::ShowPropertiesOfSelection(int index) {
         ShowNodeProperties(*node, node->Left() - surface.xScroll(), node->Top() - surface.yScroll());
     else if (diagram::Link *link = surface.SelectedLink())
         ShowLinkProperties(*link);
-}
-
-bool frmMain::ShowForm(const char *form, void *argument, const QString &what) {
-    const QString name = QLatin1String(form);
-    if (desktop_.dialogHost.Knows(name)) return desktop_.dialogHost.ShowModal(name, argument, this);
-    TellNotYet(what);
-    return false;
 }
 
 void frmMain::TellNotYet(const QString &what) {

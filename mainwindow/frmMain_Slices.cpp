@@ -120,8 +120,7 @@ void frmMain::DoDeleteSlice() {
 }
 
 void frmMain::DoEditSlices() {
-    EditSlices(
-        [this](frmLayers &form) { desktop_.dialogHost.ShowModal(QLatin1String(kFormLayers), &form, this); });
+    EditSlices([this](frmLayers &form) { document::Show(*this, form); });
 }
 
 void frmMain::MoveSlice(int from, int to) {

@@ -12,6 +12,8 @@
 #include <QString>
 #include <QStringList>
 
+class QWidget;
+
 namespace support {
 
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
@@ -36,9 +38,8 @@ public:
     virtual QString InputBox(const QString &prompt, const QString &title, const QString &preset) = 0;
 };
 
-// The handle of an owner window: a QWidget in the real implementations, opaque here. Null means the active
-// window.
-using Owner = void *;
+// The window above which a dialog opens. Null means the active window.
+using Owner = QWidget *;
 
 // Flags of the file dialogs, with the values that callers add up.
 namespace fileflags {
@@ -139,11 +140,14 @@ public:
     virtual QString UserName() = 0;
 };
 
-// Opens a modal form that a lower folder cannot name; `form` says which.
+class FormRequest; // support/Forms.h
+
+// Opens the modal forms; callers go through support/Forms.h.
 class DialogHost {
 public:
     virtual ~DialogHost() = default;
-    virtual bool ShowModal(const QString &form, void *argument, Owner owner) = 0;
+    // True when the user chose OK.
+    virtual bool ShowModal(const FormRequest &request, Owner owner) = 0;
     // Whether there is a form of that name.
     virtual bool Knows(const QString &form) const {
         Q_UNUSED(form)

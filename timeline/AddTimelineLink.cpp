@@ -27,11 +27,10 @@ void SetUp(document::MapWindow &window, diagram::Surface &flow) {
     const bool shown = WantsToSetUp(window);
     diagram::Node &look = *LocateTimeLineTemplateNode(flow, true);
     TimelineSetupArgument argument{window, &flow, &look};
-    support::DialogHost &forms = window.Desktop().dialogHost;
-    if (shown) forms.ShowModal(QLatin1String(kFormTimelineSetup), &argument, nullptr);
+    if (shown) document::Show(window, argument);
     if (shown && look.Width() != 0) return;
     argument.pressOk = true;
-    forms.ShowModal(QLatin1String(kFormTimelineSetup), &argument, nullptr);
+    support::Show(window.Desktop(), argument, window.Handle());
 }
 
 bool IsTimelineLink(const diagram::Link &link) { return !link.Selectable() && link.Marked(); }

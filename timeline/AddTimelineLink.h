@@ -15,9 +15,8 @@ class MapWindow;
 
 namespace timeline {
 
-// The name of the setup form for DialogHost, and its argument.
-inline constexpr char kFormTimelineSetup[] = "frmTimelineSetup";
 struct TimelineSetupArgument {
+    static constexpr char kForm[] = "frmTimelineSetup";
     document::MapWindow &window;
     diagram::Surface *Flow = nullptr;      // whose settings are edited; null for none
     diagram::Node *TemplateNode = nullptr; // receives the look: that of the months, or the default node

@@ -2,7 +2,7 @@
 
 #include "app/settings/GetSet.h"
 #include "support/cRegistry.h"
-#include "support/Desktop.h"
+#include "support/Forms.h"
 
 namespace settings {
 
@@ -25,7 +25,7 @@ std::int32_t clsRB::DisplayPrompt(bool bFlag) {
     Choice = kCancel;
     SaveValue = false;
     Force = bFlag;
-    support::CurrentDesktop().dialogHost.ShowModal(QLatin1String(kFormRB), this, nullptr);
+    support::Show(support::CurrentDesktop(), *this, nullptr);
     if (Choice != kCancel && SaveValue) StoredAnswer().SetValue(Choice);
     return Choice;
 }

@@ -5,12 +5,12 @@
 
 namespace settings {
 
-// The name of the form that asks, for DialogHost; its argument is the clsRB.
-inline constexpr char kFormRB[] = "frmRB";
 inline constexpr char kRB_Bar[] = "RB_Bar";
 
+// What its form, which asks, is handed as well.
 class clsRB {
 public:
+    static constexpr char kForm[] = "frmRB";
     static constexpr std::int32_t kCancel = 0;
     static constexpr std::int32_t kUpdate = 1;
     static constexpr std::int32_t kNew = 2;

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "support/Desktop.h"
-#include "support/FormTable.h"
+#include "support/Forms.h"
 #include "support/headless/SystemDoors.h"
 #include "support/RegistryStore.h"
 

@@ -21,9 +21,7 @@ namespace support {
 
 namespace {
 
-QWidget *ParentOf(Owner owner) {
-    return owner ? static_cast<QWidget *>(owner) : QApplication::activeWindow();
-}
+QWidget *ParentOf(Owner owner) { return owner ? owner : QApplication::activeWindow(); }
 
 // What the flags forbid, told to the user; true when the path may go back to the caller.
 bool IsAcceptable(QFileDialog &dialog, const QString &path, long flags) {

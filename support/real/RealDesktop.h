@@ -2,7 +2,7 @@
 #pragma once
 
 #include "support/Desktop.h"
-#include "support/FormTable.h"
+#include "support/Forms.h"
 #include "support/headless/SystemDoors.h"
 #include "support/real/QtCommonDialogs.h"
 #include "support/real/QtLauncher.h"

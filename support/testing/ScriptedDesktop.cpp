@@ -110,14 +110,14 @@ std::array<std::uint8_t, 16> FakeRandom::NewGuid() {
     return bytes;
 }
 
-bool ScriptedDialogHost::ShowModal(const QString &form, void *argument, Owner) {
-    shown.append(form);
+bool ScriptedDialogHost::ShowModal(const FormRequest &request, Owner) {
+    shown.append(request.Form());
     const std::optional<Expected> next = TakeFirst(expected);
-    if (!next || next->form != form) {
-        Fail(QStringLiteral("Unexpected form \"%1\"").arg(form));
+    if (!next || next->form != request.Form()) {
+        Fail(QStringLiteral("Unexpected form \"%1\"").arg(request.Form()));
         return false;
     }
-    return next->action && next->action(argument);
+    return next->action(request);
 }
 
 ScriptedDesktop::ScriptedDesktop()
@@ -165,10 +165,6 @@ void ScriptedDesktop::ExpectPrinter(bool ok) { dialogs.printers.push_back(ok); }
 
 void ScriptedDesktop::ExpectLaunch(const QString &target, bool answer) {
     launcher.expected.push_back({target, answer});
-}
-
-void ScriptedDesktop::ExpectForm(const QString &form, std::function<bool(void *)> action) {
-    dialogHost.expected.push_back({form, std::move(action)});
 }
 
 void ScriptedDesktop::CheckAllAsked() {

@@ -3,7 +3,7 @@
 // current desktop, and reported errors arrive as messages.
 #pragma once
 
-#include "support/Desktop.h"
+#include "support/Forms.h"
 #include "support/RegistryStore.h"
 
 #include <deque>
@@ -140,13 +140,16 @@ public:
 
 class ScriptedDialogHost : public DialogHost {
 public:
-    bool ShowModal(const QString &form, void *argument, Owner owner) override;
+    bool ShowModal(const FormRequest &request, Owner owner) override;
     struct Expected {
         QString form;
-        std::function<bool(void *argument)> action; // none: the form is cancelled
+        std::function<bool(const FormRequest &request)> action;
     };
-    // From now on no form of that name is known.
-    void Miss(const QString &form) { missing_ << form; }
+    // From now on there is no form for such an argument.
+    template <FormArgument Argument>
+    void Miss() {
+        missing_ << QLatin1String(Argument::kForm);
+    }
     bool Knows(const QString &form) const override { return !missing_.contains(form); }
     std::deque<Expected> expected;
     QStringList shown;
@@ -175,7 +178,14 @@ public:
     void ExpectFontCancelled();
     void ExpectPrinter(bool ok);
     void ExpectLaunch(const QString &target, bool answer = true);
-    void ExpectForm(const QString &form, std::function<bool(void *argument)> action = {});
+    // The form that takes such an argument; without an action it is cancelled.
+    template <FormArgument Argument>
+    void ExpectForm(std::function<bool(Argument &argument)> action = {}) {
+        dialogHost.expected.push_back(
+            {QLatin1String(Argument::kForm), [action = std::move(action)](const FormRequest &request) {
+                 return action && action(request.As<Argument>());
+             }});
+    }
 
     const std::vector<ShownMessage> &Messages() const { return messageBoxes.shown; }
     Desktop &Get() { return desktop; }

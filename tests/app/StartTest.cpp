@@ -59,8 +59,8 @@ protected:
     }
     // Expects the prompt, presses a button of the real form, with the box ticked or not.
     void ExpectPrompt(const QString &file, bool yes, bool notAgain = false) {
-        desktop.ExpectForm(QLatin1String(kFormPrompt), [=](void *argument) {
-            frmPrompt form(*static_cast<StartupOffer *>(argument), nullptr);
+        desktop.ExpectForm<StartupOffer>([=](StartupOffer &argument) {
+            frmPrompt form(argument, nullptr);
             EXPECT_EQ(form.lbl()->text(), QStringLiteral("Would you like to open %1?").arg(file));
             form.chkNotAgain()->setChecked(notAgain);
             (yes ? form.cmdYes() : form.cmdNo())->click();

@@ -205,8 +205,8 @@ TEST_F(RememberedAnswer, DisplayPrompt_AsksEachTimeWhileNothingIsSaved) {
     for (const std::int32_t answer : {clsRB::kNew, clsRB::kUpdate}) {
         clsRB prompt;
         EXPECT_TRUE(prompt.GetDisplayPrompt());
-        desktop_.ExpectForm("frmRB", [&](void *argument) {
-            auto &asked = *static_cast<clsRB *>(argument);
+        desktop_.ExpectForm<clsRB>([&](clsRB &argument) {
+            auto &asked = argument;
             EXPECT_TRUE(asked.Force);
             asked.Choice = answer;
             asked.SaveValue = false;
@@ -218,8 +218,8 @@ TEST_F(RememberedAnswer, DisplayPrompt_AsksEachTimeWhileNothingIsSaved) {
 
 TEST_F(RememberedAnswer, DisplayPrompt_KeepsASavedAnswerUntilResetPrompt) {
     clsRB prompt;
-    desktop_.ExpectForm("frmRB", [](void *argument) {
-        auto &asked = *static_cast<clsRB *>(argument);
+    desktop_.ExpectForm<clsRB>([](clsRB &argument) {
+        auto &asked = argument;
         EXPECT_FALSE(asked.Force);
         asked.Choice = clsRB::kUpdate;
         asked.SaveValue = true;
@@ -236,8 +236,8 @@ TEST_F(RememberedAnswer, DisplayPrompt_KeepsASavedAnswerUntilResetPrompt) {
 }
 
 TEST_F(RememberedAnswer, DisplayPrompt_NeverSavesACancel) {
-    desktop_.ExpectForm("frmRB", [](void *argument) {
-        static_cast<clsRB *>(argument)->SaveValue = true;
+    desktop_.ExpectForm<clsRB>([](clsRB &argument) {
+        argument.SaveValue = true;
         return false;
     });
     EXPECT_EQ(clsRB().DisplayPrompt(false), clsRB::kCancel);

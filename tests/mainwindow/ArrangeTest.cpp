@@ -136,8 +136,8 @@ TEST_F(Arranging, ThePromptOfTheTemplateBarIsTickedWhileItWouldBeAsked) {
     auto *entry = window.findChild<QAction *>(key);
     entry->trigger(); // off: the answer is forgotten, so the question will be asked again
     EXPECT_TRUE(settings::clsRB().GetDisplayPrompt());
-    desktop.ExpectForm(QLatin1String(settings::kFormRB), [](void *argument) {
-        auto &answer = *static_cast<settings::clsRB *>(argument);
+    desktop.ExpectForm<settings::clsRB>([](settings::clsRB &argument) {
+        auto &answer = argument;
         EXPECT_TRUE(answer.Force);
         answer.Choice = settings::clsRB::kNew;
         answer.SaveValue = true;

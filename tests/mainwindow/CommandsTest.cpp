@@ -331,7 +331,7 @@ TEST_F(Commands, TheStartupEntryIsStoredAndTickedInEveryWindow) {
 
 TEST_F(Commands, AboutIsShownAsAForm) {
     frmMain &window = NewWindow();
-    desktop.ExpectForm(QLatin1String(kFormAbout));
+    desktop.ExpectForm<AboutForm>();
     window.SmartMenuXP1_Click(QStringLiteral("mnuHelpAbout"));
 }
 

@@ -37,8 +37,8 @@ struct Dates : WindowTest {
 
     // What the user does in the form of the date.
     void EnterDate(int year, int month, int day) {
-        desktop.ExpectForm(QLatin1String(timeline::kFormDate), [=](void *argument) {
-            timeline::frmDate form(*static_cast<timeline::DateFormArgument *>(argument), nullptr);
+        desktop.ExpectForm<timeline::DateFormArgument>([=](timeline::DateFormArgument &argument) {
+            timeline::frmDate form(argument, nullptr);
             form.findChild<QLineEdit *>(QStringLiteral("txtDate"))
                 ->setText(QDate(year, month, day).toString(Qt::ISODate));
             form.accept();
@@ -48,9 +48,8 @@ struct Dates : WindowTest {
     void ConfirmSetupUnseen() {
         desktop.ExpectMessageContaining(QStringLiteral("You have not configured your timeline Nodes yet."),
                                         support::Answer::No);
-        desktop.ExpectForm(QLatin1String(timeline::kFormTimelineSetup), [](void *argument) {
-            timeline::frmTimelineSetup form(*static_cast<timeline::TimelineSetupArgument *>(argument),
-                                            nullptr);
+        desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
+            timeline::frmTimelineSetup form(argument, nullptr);
             form.OKButton_Click();
             return true;
         });
@@ -87,8 +86,8 @@ TEST_F(Dates, TheFormShowsTheDateThatTheNodeHas) {
     EnterDate(2004, 3, 14);
     ConfirmSetupUnseen();
     Press(window, QStringLiteral("Ctrl+T"));
-    desktop.ExpectForm(QLatin1String(timeline::kFormDate), [](void *argument) {
-        auto &form = *static_cast<timeline::DateFormArgument *>(argument);
+    desktop.ExpectForm<timeline::DateFormArgument>([](timeline::DateFormArgument &argument) {
+        auto &form = argument;
         EXPECT_EQ(form.date, QDate(2004, 3, 14));
         form.date.reset();
         return true;
@@ -134,8 +133,8 @@ TEST_F(Dates, SetupChangesThePatternAndTheArrangementAsOneStep) {
     EnterDate(2004, 3, 14);
     ConfirmSetupUnseen();
     Press(window, QStringLiteral("Ctrl+T"));
-    desktop.ExpectForm(QLatin1String(timeline::kFormTimelineSetup), [](void *argument) {
-        timeline::frmTimelineSetup form(*static_cast<timeline::TimelineSetupArgument *>(argument), nullptr);
+    desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
+        timeline::frmTimelineSetup form(argument, nullptr);
         form.findChild<QComboBox *>(QStringLiteral("cboDateFormat"))->setCurrentText(QStringLiteral("MM-YY"));
         form.findChild<QComboBox *>(QStringLiteral("cboArrangement"))->setCurrentIndex(2);
         form.findChild<QPushButton *>(QStringLiteral("OKButton"))->click();
@@ -151,9 +150,8 @@ TEST_F(Dates, SetupChangesThePatternAndTheArrangementAsOneStep) {
 TEST_F(Dates, ACancelledSetupLeavesTheSliceAsItWas) {
     const int before = window.CurrentSurface().Nodes().Count();
     for (const char *command : {"mnuViewTimelineSetup", "mnuViewDefaultNode"}) {
-        desktop.ExpectForm(QLatin1String(timeline::kFormTimelineSetup), [](void *argument) {
-            static_cast<timeline::TimelineSetupArgument *>(argument)->Flow->SetTag(
-                QStringLiteral("|TM_Align=3"));
+        desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
+            argument.Flow->SetTag(QStringLiteral("|TM_Align=3"));
             return false;
         });
         window.SmartMenuXP1_Click(QLatin1String(command));
@@ -164,8 +162,8 @@ TEST_F(Dates, ACancelledSetupLeavesTheSliceAsItWas) {
 }
 
 TEST_F(Dates, TheDefaultNodeAndTheFirstLevelShareOneColour) {
-    desktop.ExpectForm(QLatin1String(timeline::kFormTimelineSetup), [](void *argument) {
-        auto &setup = *static_cast<timeline::TimelineSetupArgument *>(argument);
+    desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
+        auto &setup = argument;
         EXPECT_TRUE(setup.asTemplate);
         timeline::frmTimelineSetup form(setup, nullptr);
         EXPECT_EQ(form.windowTitle(), QStringLiteral("Default Node Setup"));

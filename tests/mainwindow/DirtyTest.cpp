@@ -1,6 +1,7 @@
 // What marks the map as changed, and what leaves it as it was: one row a way of doing it.
 #include "diagram/edit/History.h"
 #include "diagram/view/SurfaceView.h"
+#include "dialogs/PropertyForms.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QAction>
@@ -217,7 +218,7 @@ const std::vector<Deeds::Row> &Deeds::Rows() {
          }},
         {"properties", false,
          [](Deeds &t, frmMain &w) {
-             t.desktop.ExpectForm(QStringLiteral("frmNodeDialog"));
+             t.desktop.ExpectForm<dialogs::NodeDialogArgument>();
              t.RightClick(w, t.Body());
              ASSERT_EQ(t.desktop.dialogHost.shown.size(), 1);
          }},

@@ -4,6 +4,7 @@
 #include "diagram/format/SurfaceFile.h"
 #include "document/LastPath.h"
 #include "document/UnsavedWork.h"
+#include "mainwindow/FormsToCome.h"
 #include "support/Error.h"
 #include "tests/mainwindow/WindowTest.h"
 
@@ -80,7 +81,7 @@ TEST_F(Exchange, ExportOffersFiveFormsTheLastOneFirst) {
 
 TEST_F(Exchange, WhatIsNotThereYetIsToldAndNothingIsAskedOrEmptied) {
     AddNode(window, 0, 0);
-    desktop.dialogHost.Miss(QStringLiteral("frmPowerPoint"));
+    desktop.dialogHost.Miss<PowerPointArgument>();
     const std::pair<int, const char *> imports[] = {
         {1, "Importing maps"}, {2, "Importing flat files"}, {3, "Importing text files"}};
     for (const auto &[row, what] : imports) {

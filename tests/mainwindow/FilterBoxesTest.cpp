@@ -1,3 +1,4 @@
+#include "dialogs/PropertyForms.h"
 #include "document/Tags.h"
 #include "mainwindow/cStatusBar.h"
 #include "mainwindow/Filter.h"
@@ -214,8 +215,8 @@ TEST_F(FilterBoxes, TheStatusBarSaysHowManyNodesAreHidden) {
 }
 
 TEST_F(FilterBoxes, LevelSetupRepaintsTheCurrentSliceInTheColoursOfItsLevels) {
-    desktop.ExpectForm(QStringLiteral("frmLevels"), [this](void *argument) {
-        static_cast<document::cLevels *>(argument)->Item(2).Color = 0x123456;
+    desktop.ExpectForm<dialogs::LevelsFormArgument>([this](dialogs::LevelsFormArgument &argument) {
+        argument.oLevels.Item(2).Color = 0x123456;
         return true;
     });
     diagram::Node &node = Tagged(2, 2), &plain = AddNode(window, 0, 0);

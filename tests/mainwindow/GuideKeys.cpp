@@ -2,8 +2,10 @@
 #include "tests/mainwindow/GuideReader.h"
 
 #include "diagram/view/SurfaceView.h"
+#include "dialogs/PropertyForms.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/FindBar.h"
+#include "mainwindow/FormsToCome.h"
 #include "mainwindow/PickBox.h"
 #include "timeline/setup/frmDate.h"
 
@@ -200,7 +202,7 @@ void PrintAndClose(Reader &r) {
     r.desktop.printers.names = {QStringLiteral("Office")};
     for (const char *keys : {"Ctrl+Q", "Ctrl+W"}) {
         const QPointer<frmMain> other = &r.Another();
-        r.desktop.ExpectForm(QStringLiteral("frmPrint"));
+        r.desktop.ExpectForm<PrintArgument>();
         QTest::keySequence(&other->CurrentView(), QKeySequence(QStringLiteral("Ctrl+P")));
         QTest::keySequence(&other->CurrentView(), QKeySequence(QLatin1String(keys)));
         r.ProcessEvents();
@@ -248,7 +250,7 @@ void EditAndProperties(Reader &r) {
     r.Press("F2");
     EXPECT_TRUE(r.window->CurrentView().IsEditing());
     r.Key(Qt::Key_Escape);
-    r.desktop.ExpectForm(QStringLiteral("frmNodeDialog"));
+    r.desktop.ExpectForm<dialogs::NodeDialogArgument>();
     r.Press("F4");
     EXPECT_EQ(r.desktop.dialogHost.shown.size(), 1);
 }
@@ -299,7 +301,7 @@ void Zoom(Reader &r) {
 
 void Date(Reader &r) {
     r.Select(*r.a);
-    r.desktop.ExpectForm(QLatin1String(timeline::kFormDate));
+    r.desktop.ExpectForm<timeline::DateFormArgument>();
     r.Press("Ctrl+T");
     EXPECT_EQ(r.desktop.dialogHost.shown.size(), 1);
 }

@@ -92,8 +92,8 @@ TEST_F(Layout, LayoutsLeaveTheMapUnmarked) {
 }
 
 TEST_F(Layout, OptionsAreTakenOnOkAndUsed) {
-    desktop.ExpectForm(QLatin1String(kFormLayout), [](void *argument) {
-        frmLayout form(*static_cast<LayoutFormArgument *>(argument), nullptr);
+    desktop.ExpectForm<LayoutFormArgument>([](LayoutFormArgument &argument) {
+        frmLayout form(argument, nullptr);
         form.findChild<QComboBox *>(QStringLiteral("cboOrientation"))->setCurrentIndex(2);
         form.findChild<QDoubleSpinBox *>(QStringLiteral("txtLevels"))->setValue(100);
         form.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click();
@@ -106,8 +106,8 @@ TEST_F(Layout, OptionsAreTakenOnOkAndUsed) {
 }
 
 TEST_F(Layout, CancelledOptionsAreLeftAsTheyWere) {
-    desktop.ExpectForm(QLatin1String(kFormLayout), [](void *argument) {
-        frmLayout form(*static_cast<LayoutFormArgument *>(argument), nullptr);
+    desktop.ExpectForm<LayoutFormArgument>([](LayoutFormArgument &argument) {
+        frmLayout form(argument, nullptr);
         form.findChild<QCheckBox *>(QStringLiteral("chkSelection"))->setChecked(true);
         form.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Cancel)->click();
         return false;

@@ -1,10 +1,17 @@
 // The whole menu, both toolbars and the popup, entry by entry.
 #include "app/settings/clsMRU.h"
+#include "app/settings/clsRB.h"
 #include "app/settings/Settings.h"
+#include "dialogs/PropertyForms.h"
+#include "mainwindow/FormsToCome.h"
+#include "mainwindow/frmAbout.h"
+#include "mainwindow/frmLayers.h"
+#include "mainwindow/frmLayout.h"
 #include "mainwindow/TimelineMenu.h"
 #include "mainwindow/Toolbar.h"
 #include "support/Files.h"
 #include "tests/mainwindow/WindowTest.h"
+#include "timeline/AddTimelineLink.h"
 
 #include <QDir>
 #include <QMenu>
@@ -231,12 +238,10 @@ using Script = support::testing::ScriptedDesktop;
 void AskOpen(Script &desktop) { desktop.ExpectOpenFile(QString()); }
 void AskSave(Script &desktop) { desktop.ExpectSaveFile(QString()); }
 void AskName(Script &desktop) { desktop.ExpectInput(QStringLiteral("Name for Slice."), QString()); }
-template <const char *kForm>
+template <typename Argument>
 void AskForm(Script &desktop) {
-    desktop.ExpectForm(QLatin1String(kForm));
+    desktop.ExpectForm<Argument>();
 }
-constexpr char kAbout[] = "frmAbout", kLayers[] = "frmLayers", kLayout[] = "frmLayout",
-               kSetup[] = "frmTimelineSetup";
 const Asks kAsks[] = {
     {"mnuFileOpen", AskOpen},
     {"mnuFileSave", AskSave},
@@ -248,21 +253,21 @@ const Asks kAsks[] = {
     {"mnuEditSlicesRename", AskName},
     {"mnuEditSlicesDelete",
      [](Script &desktop) { desktop.ExpectMessageContaining(QStringLiteral("Cannot")); }},
-    {"mnuEditSlicesSlices", AskForm<kLayers>},
+    {"mnuEditSlicesSlices", AskForm<frmLayers>},
     {"mnuEditProperties", [](Script &desktop) { desktop.ExpectMessageContaining(QStringLiteral("Please")); }},
     {"mnuViewBackgroundColor", [](Script &desktop) { desktop.ExpectColour(support::kNoColour); }},
     {"mnuViewBackgroundPicture", AskOpen},
-    {"mnuViewDefaultNode", AskForm<kSetup>},
-    {"mnuViewTimelineSetup", AskForm<kSetup>},
-    {"mnuLayoutHOptions", AskForm<kLayout>},
-    {"mnuLayoutTreeOptions", AskForm<kLayout>},
+    {"mnuViewDefaultNode", AskForm<timeline::TimelineSetupArgument>},
+    {"mnuViewTimelineSetup", AskForm<timeline::TimelineSetupArgument>},
+    {"mnuLayoutHOptions", AskForm<LayoutFormArgument>},
+    {"mnuLayoutTreeOptions", AskForm<LayoutFormArgument>},
     {"mnuHelpHelp",
      [](Script &desktop) {
          desktop.ExpectLaunch(QDir(support::ProgramPath()).filePath(QStringLiteral("help.pdf")));
      }},
     {"mnuHelpWeb",
      [](Script &desktop) { desktop.ExpectLaunch(QStringLiteral("https://www.velmora.example/")); }},
-    {"mnuHelpAbout", AskForm<kAbout>},
+    {"mnuHelpAbout", AskForm<AboutForm>},
 };
 
 } // namespace
@@ -270,9 +275,10 @@ const Asks kAsks[] = {
 // Each command whose work is still to come says so in the status bar, and no other does.
 TEST_F(MenuTable, TheseCommandsAreStillToCome) {
     desktop.printers.names = {QStringLiteral("Office")};
-    for (const char *form : {"frmSaveAsTemplate", "frmPageSetup", "frmPrint", "frmPrintPreview", "frmLevels",
-                             "frmGroups", "frmRB"})
-        desktop.dialogHost.Miss(QLatin1String(form));
+    support::testing::ScriptedDialogHost &forms = desktop.dialogHost;
+    forms.Miss<SaveAsTemplateArgument>(), forms.Miss<PageSetupArgument>(), forms.Miss<PrintArgument>();
+    forms.Miss<PrintPreviewArgument>(), forms.Miss<settings::clsRB>();
+    forms.Miss<dialogs::LevelsFormArgument>(), forms.Miss<dialogs::GroupsFormArgument>();
     frmMain &window = NewWindow();
     QStringList told;
     for (const CommandRow &row : mainwindow::Commands()) {

@@ -40,8 +40,8 @@ public:
         Note("printer");
         return false;
     }
-    bool ShowModal(const QString &form, void *, support::Owner) override {
-        Note(form.toUtf8().constData());
+    bool ShowModal(const support::FormRequest &request, support::Owner) override {
+        Note(request.Form().toUtf8().constData());
         return false;
     }
     const frmMain *window = nullptr;

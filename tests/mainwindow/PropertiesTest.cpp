@@ -2,7 +2,7 @@
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/BusyRetry.h"
 #include "mainwindow/Selection.h"
-#include "support/FormTable.h"
+#include "support/Forms.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QApplication>
@@ -15,8 +15,8 @@ using dialogs::NodeDialogArgument;
 using document::pointer::kNormal;
 
 namespace {
-const QString kNodeForm = QLatin1String(dialogs::kFormNodeDialog);
-const QString kLinkForm = QLatin1String(dialogs::kFormLinkDialog);
+const QString kNodeForm = QLatin1String(NodeDialogArgument::kForm);
+const QString kLinkForm = QLatin1String(LinkDialogArgument::kForm);
 constexpr QPointF kOnFirst(400, 400), kOnSecond(6400, 400), kOnLink(4000, 750), kEmpty(4000, 6000);
 } // namespace
 
@@ -32,9 +32,9 @@ protected:
     }
     // Expects the form and gives what it was handed.
     template <typename Argument>
-    void ExpectForm(const QString &form, std::function<void(Argument &)> look = {}) {
-        desktop.ExpectForm(form, [look](void *argument) {
-            if (look) look(*static_cast<Argument *>(argument));
+    void ExpectForm(std::function<void(Argument &)> look) {
+        desktop.ExpectForm<Argument>([look](Argument &argument) {
+            look(argument);
             return false;
         });
     }
@@ -57,7 +57,7 @@ TEST(Collections, HoldAnObjectByIdentity) {
 TEST_F(Properties, ARightClickOnANodeSelectsItAndShowsItsForm) {
     frmMain &window = Open();
     second->SetSelected(true);
-    ExpectForm<NodeDialogArgument>(kNodeForm, [&](NodeDialogArgument &argument) {
+    ExpectForm<NodeDialogArgument>([&](NodeDialogArgument &argument) {
         EXPECT_EQ(&argument.oNode, first);
         EXPECT_EQ(&argument.oFlow, &window.CurrentSurface());
         EXPECT_EQ(&argument.window, &window);
@@ -75,9 +75,9 @@ TEST_F(Properties, ALargerSelectionStaysAndIsEditedWhenTheNodeBelongsToIt) {
     first->SetSelected(true);
     second->SetSelected(true);
     ExpectForm<NodeDialogArgument>(
-        kNodeForm, [](NodeDialogArgument &argument) { EXPECT_TRUE(argument.editsSelection); });
+        [](NodeDialogArgument &argument) { EXPECT_TRUE(argument.editsSelection); });
     RightClick(window, kOnSecond);
-    ExpectForm<NodeDialogArgument>(kNodeForm, [&](NodeDialogArgument &argument) {
+    ExpectForm<NodeDialogArgument>([&](NodeDialogArgument &argument) {
         EXPECT_EQ(&argument.oNode, &third);
         EXPECT_FALSE(argument.editsSelection);
     });
@@ -90,7 +90,7 @@ TEST_F(Properties, ARightClickOnALinkSelectsItAndHandsTheSelectedLinksOver) {
     first->SetSelected(true);
     diagram::Link &other = second->Links().Add(AddNode(window, 6000, 6000));
     other.SetSelected(true);
-    ExpectForm<LinkDialogArgument>(kLinkForm, [&](LinkDialogArgument &argument) {
+    ExpectForm<LinkDialogArgument>([&](LinkDialogArgument &argument) {
         EXPECT_EQ(&argument.oLink, link);
         EXPECT_EQ(&argument.oFlow, &window.CurrentSurface());
         EXPECT_EQ(argument.oLinks, std::vector{link});
@@ -104,12 +104,10 @@ TEST_F(Properties, ARightClickOnALinkSelectsItAndHandsTheSelectedLinksOver) {
 TEST_F(Properties, TheMenuShowsThoseOfTheSelectedNodeElseOfTheSelectedLink) {
     frmMain &window = Open();
     link->SetSelected(true);
-    ExpectForm<LinkDialogArgument>(kLinkForm,
-                                   [&](LinkDialogArgument &argument) { EXPECT_EQ(&argument.oLink, link); });
+    ExpectForm<LinkDialogArgument>([&](LinkDialogArgument &argument) { EXPECT_EQ(&argument.oLink, link); });
     window.SmartMenuXP1_Click(QStringLiteral("mnuEditProperties"));
     second->SetSelected(true);
-    ExpectForm<NodeDialogArgument>(kNodeForm,
-                                   [&](NodeDialogArgument &argument) { EXPECT_EQ(&argument.oNode, second); });
+    ExpectForm<NodeDialogArgument>([&](NodeDialogArgument &argument) { EXPECT_EQ(&argument.oNode, second); });
     window.SmartMenuXP1_Click(QStringLiteral("mnuEditProperties"));
 }
 
@@ -120,7 +118,7 @@ TEST_F(Properties, OfALinkOutsideALargerSelectionThatIsNotHandedOver) {
     down.SetSelected(true);
     up.SetSelected(true);
     ExpectForm<LinkDialogArgument>(
-        kLinkForm, [](LinkDialogArgument &argument) { EXPECT_TRUE(argument.oLinks.empty()); });
+        [](LinkDialogArgument &argument) { EXPECT_TRUE(argument.oLinks.empty()); });
     RightClick(window, kOnLink);
     EXPECT_EQ(window.CurrentSurface().SelectedLinks(), (std::vector{&down, &up}));
 }
@@ -140,8 +138,7 @@ TEST_F(Properties, ARightClickFindsWhatIsScrolledAndZoomed) {
     window.CurrentSurface().SetyZoom(150);
     ProcessEvents();
     window.CurrentView().EnsureVisible(far.Bounds());
-    ExpectForm<NodeDialogArgument>(kNodeForm,
-                                   [&](NodeDialogArgument &argument) { EXPECT_EQ(&argument.oNode, &far); });
+    ExpectForm<NodeDialogArgument>([&](NodeDialogArgument &argument) { EXPECT_EQ(&argument.oNode, &far); });
     RightClick(window, {60100, 45100});
 }
 
@@ -157,7 +154,7 @@ TEST_F(Properties, TheFormOfANodeSeesTheBareTextAndTheDisplayComesBack) {
     frmMain &window = Open();
     first->SetEvent(QStringLiteral("event"));
     window.ClickFormatButton(QStringLiteral("DISPLAY"));
-    ExpectForm<NodeDialogArgument>(kNodeForm, [&](NodeDialogArgument &argument) {
+    ExpectForm<NodeDialogArgument>([&](NodeDialogArgument &argument) {
         EXPECT_EQ(argument.oNode.Text(), QStringLiteral("first"));
         EXPECT_FALSE(window.DisplayPressed());
     });
@@ -169,12 +166,10 @@ TEST_F(Properties, TheFormOfANodeSeesTheBareTextAndTheDisplayComesBack) {
 TEST_F(Properties, TheMenuKeyAndShiftF10DoForTheSelectionWhatTheRightClickDoes) {
     frmMain &window = Open();
     link->SetSelected(true);
-    ExpectForm<LinkDialogArgument>(kLinkForm,
-                                   [&](LinkDialogArgument &argument) { EXPECT_EQ(&argument.oLink, link); });
+    ExpectForm<LinkDialogArgument>([&](LinkDialogArgument &argument) { EXPECT_EQ(&argument.oLink, link); });
     Press(window, QStringLiteral("Menu"));
     second->SetSelected(true);
-    ExpectForm<NodeDialogArgument>(kNodeForm,
-                                   [&](NodeDialogArgument &argument) { EXPECT_EQ(&argument.oNode, second); });
+    ExpectForm<NodeDialogArgument>([&](NodeDialogArgument &argument) { EXPECT_EQ(&argument.oNode, second); });
     Press(window, QStringLiteral("Shift+F10"));
     window.CurrentSurface().UnselectAll();
     Press(window, QStringLiteral("Menu"));
@@ -184,10 +179,10 @@ TEST_F(Properties, TheMenuKeyAndShiftF10DoForTheSelectionWhatTheRightClickDoes) 
 TEST_F(Properties, ABusySurfaceIsTriedAgain) {
     frmMain &window = Open();
     for (int i = 0; i < kBusyTries - 1; ++i)
-        desktop.ExpectForm(kNodeForm, [](void *) -> bool {
+        desktop.ExpectForm<NodeDialogArgument>([](NodeDialogArgument &) -> bool {
             throw support::Error(kErrBusy, QStringLiteral("Surface"), QStringLiteral("Busy"));
         });
-    desktop.ExpectForm(kNodeForm);
+    desktop.ExpectForm<NodeDialogArgument>();
     RightClick(window, kOnFirst);
     EXPECT_EQ(desktop.dialogHost.shown.size(), kBusyTries);
     EXPECT_TRUE(desktop.Messages().empty());
@@ -196,7 +191,7 @@ TEST_F(Properties, ABusySurfaceIsTriedAgain) {
 TEST_F(Properties, ASurfaceThatStaysBusyIsToldAtTheTenthTry) {
     frmMain &window = Open();
     for (int i = 0; i < kBusyTries; ++i)
-        desktop.ExpectForm(kNodeForm, [](void *) -> bool {
+        desktop.ExpectForm<NodeDialogArgument>([](NodeDialogArgument &) -> bool {
             throw support::Error(kErrBusy, QStringLiteral("Surface"), QStringLiteral("Busy"));
         });
     desktop.ExpectMessage(QStringLiteral("Having Problems..."));
@@ -206,7 +201,7 @@ TEST_F(Properties, ASurfaceThatStaysBusyIsToldAtTheTenthTry) {
 
 TEST_F(Properties, AnyOtherErrorIsReported) {
     frmMain &window = Open();
-    desktop.ExpectForm(kNodeForm, [](void *) -> bool {
+    desktop.ExpectForm<NodeDialogArgument>([](NodeDialogArgument &) -> bool {
         throw support::Error(9, QStringLiteral("Form"), QStringLiteral("Subscript out of range"));
     });
     desktop.ExpectMessage(QStringLiteral("Subscript out of range\r\r(Error #9)"));

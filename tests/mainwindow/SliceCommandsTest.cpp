@@ -145,8 +145,8 @@ TEST_F(SliceCommands, ATabTicksTheMenuAsItsSliceStands) {
 }
 
 TEST_F(SliceCommands, TheDialogIsShownWithTheSlicesAndItsResultTaken) {
-    desktop.ExpectForm(QLatin1String(kFormLayers), [](void *argument) {
-        auto &form = *static_cast<frmLayers *>(argument);
+    desktop.ExpectForm<frmLayers>([](frmLayers &argument) {
+        auto &form = argument;
         form.cmdDown_Click();
         form.cmdOK_Click();
         return true;
@@ -164,7 +164,7 @@ TEST_F(SliceCommands, WhatIsCancelledLeavesTheMapItsHistoryAndDirty) {
     const diagram::Surface *second = &window.AddFlow1()[1];
     const QStringList before = Contents();
     window.clsSettings().Dirty = false;
-    desktop.ExpectForm(QLatin1String(kFormLayers));
+    desktop.ExpectForm<frmLayers>();
     window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesSlices"));
     for (const char *key : {"mnuEditSlicesInsert", "mnuEditSlicesRename"}) {
         desktop.ExpectInput(QStringLiteral("Name for Slice."), QString());
@@ -180,8 +180,8 @@ TEST_F(SliceCommands, WhatIsCancelledLeavesTheMapItsHistoryAndDirty) {
 }
 
 TEST_F(SliceCommands, AnOkWithoutAnyChangeMarksTheMap) {
-    desktop.ExpectForm(QLatin1String(kFormLayers), [](void *argument) {
-        static_cast<frmLayers *>(argument)->cmdOK_Click();
+    desktop.ExpectForm<frmLayers>([](frmLayers &argument) {
+        argument.cmdOK_Click();
         return true;
     });
     window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesSlices"));

@@ -3,6 +3,7 @@
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 #include "tests/mainwindow/WindowTest.h"
+#include "timeline/AddTimelineLink.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -101,7 +102,8 @@ TEST_F(Timeline, HideHidesTheMonthOfThePopupAndArranges) {
 TEST_F(Timeline, TheOtherEntriesGoToTheirRoutines) {
     frmMain &window = Open();
     Entry(window, "mnuTemplateNodeUnHide").trigger();
-    desktop.ExpectForm(QStringLiteral("frmTimelineSetup"), [](void *) { return true; });
+    desktop.ExpectForm<timeline::TimelineSetupArgument>(
+        [](timeline::TimelineSetupArgument &) { return true; });
     Entry(window, "mnuTemplateNodeOpen").trigger();
     EXPECT_EQ(calls, QStringList({QStringLiteral("DoUnHideTimelineNodes"),
                                   QStringLiteral("ArrangeTimeLineNodes 0")}));

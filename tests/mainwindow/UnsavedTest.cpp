@@ -2,6 +2,7 @@
 // none.
 #include "diagram/edit/History.h"
 #include "diagram/view/SurfaceView.h"
+#include "dialogs/PropertyForms.h"
 #include "document/DoLoad.h"
 #include "document/DoSave.h"
 #include "document/Tags.h"
@@ -10,6 +11,7 @@
 #include "mainwindow/PickBox.h"
 #include "mainwindow/TickBox.h"
 #include "tests/mainwindow/WindowTest.h"
+#include "timeline/AddTimelineLink.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -134,7 +136,8 @@ const Deed kDeeds[] = {
      }},
     {"default node", true,
      [](Unsaved &t, frmMain &w) {
-         t.desktop.ExpectForm(QStringLiteral("frmTimelineSetup"), [](void *) { return true; });
+         t.desktop.ExpectForm<timeline::TimelineSetupArgument>(
+             [](timeline::TimelineSetupArgument &) { return true; });
          RunIn(w, "mnuViewDefaultNode");
      }},
 };
@@ -239,8 +242,8 @@ TEST_F(Unsaved, AFileThatWasAttachedShowsInTheField) {
 // The slices are written anew by it; what they hold is the same.
 TEST_F(Unsaved, SlicesThatWereMovedAndMovedBackAreNoDifference) {
     const auto moveFirst = [&](const char *button) {
-        desktop.ExpectForm(QStringLiteral("frmLayers"), [button](void *argument) {
-            auto *form = static_cast<frmLayers *>(argument);
+        desktop.ExpectForm<frmLayers>([button](frmLayers &argument) {
+            auto *form = &argument;
             form->lvwLayers()->setCurrentRow(QLatin1String(button) == QLatin1String("down") ? 0 : 1);
             QLatin1String(button) == QLatin1String("down") ? form->cmdDown_Click() : form->cmdUp_Click();
             form->cmdOK_Click();
@@ -314,9 +317,11 @@ TEST_F(Unsaved, SetupsThatAreMissingOrCancelledChangeNothing) {
     document::SetTag(Node(1), document::tags::kGroup, window.clsSettings().Groups().Item(1).Key);
     Node(1).SetFillColor(0x010203);
     document::MarkSaved(window);
-    for (const char *form : {"frmLevels", "frmGroups"}) desktop.ExpectForm(QLatin1String(form));
+    desktop.ExpectForm<dialogs::LevelsFormArgument>();
+    desktop.ExpectForm<dialogs::GroupsFormArgument>();
     Run("mnuViewLevels"), Run("mnuViewGroups");
-    for (const char *form : {"frmLevels", "frmGroups"}) desktop.dialogHost.Miss(QLatin1String(form));
+    desktop.dialogHost.Miss<dialogs::LevelsFormArgument>();
+    desktop.dialogHost.Miss<dialogs::GroupsFormArgument>();
     Run("mnuViewLevels"), Run("mnuViewGroups");
     EXPECT_EQ(Node(1).FillColor(), 0x010203);
     EXPECT_FALSE(Node(1).Hidden());
@@ -326,8 +331,9 @@ TEST_F(Unsaved, SetupsThatAreMissingOrCancelledChangeNothing) {
 // The form's errors leave no half of a command behind.
 TEST_F(Unsaved, ACommandThatFailsLeavesTheMapAsItWas) {
     const int before = window.CurrentSurface().Nodes().Count();
-    desktop.ExpectForm(QStringLiteral("frmTimelineSetup"),
-                       [](void *) -> bool { throw support::Error(5, QStringLiteral("form"), QString()); });
+    desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &) -> bool {
+        throw support::Error(5, QStringLiteral("form"), QString());
+    });
     desktop.ExpectMessageContaining(QStringLiteral("(Error #5)"));
     Run("mnuViewDefaultNode");
     EXPECT_EQ(window.CurrentSurface().Nodes().Count(), before);

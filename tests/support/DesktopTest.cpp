@@ -2,7 +2,7 @@
 
 #include "support/Error.h"
 #include "support/FileFilter.h"
-#include "support/FormTable.h"
+#include "support/Forms.h"
 #include "support/headless/HeadlessDesktop.h"
 #include "support/testing/ScriptedDesktop.h"
 
@@ -11,6 +11,19 @@
 
 using namespace support;
 using support::testing::ScriptedDesktop;
+
+namespace {
+
+// What two forms are handed.
+struct Question {
+    static constexpr char kForm[] = "frmQuestion";
+    int answer = 0;
+};
+struct Other {
+    static constexpr char kForm[] = "frmOther";
+};
+
+} // namespace
 
 TEST(Desktop, MemoryFigure_IsInUseWithFreeResourcesAndFreeWithALoad) {
     EXPECT_EQ(MemoryFigure({10, std::nullopt}), 90);
@@ -81,10 +94,13 @@ TEST(ScriptedDesktop, ColoursFontsPrintersLaunchesAndForms) {
     EXPECT_TRUE(desktop.dialogs.ShowPrinter(nullptr));
     script.ExpectLaunch("help.pdf", false);
     EXPECT_FALSE(desktop.launcher.Launch("help.pdf"));
-    int argument = 0;
-    script.ExpectForm("frmRB", [](void *given) { return *static_cast<int *>(given) = 1, true; });
-    EXPECT_TRUE(desktop.dialogHost.ShowModal("frmRB", &argument, nullptr));
-    EXPECT_EQ(argument, 1);
+    Question question;
+    script.ExpectForm<Question>([](Question &given) { return given.answer = 1, true; });
+    EXPECT_TRUE(Show(desktop, question, nullptr));
+    EXPECT_EQ(question.answer, 1);
+    EXPECT_TRUE(HasForm<Question>(desktop));
+    script.dialogHost.Miss<Question>();
+    EXPECT_FALSE(HasForm<Question>(desktop));
 }
 
 TEST(ScriptedDesktop, AnUnexpectedQuestionFailsTheTestAndNamesTheText) {
@@ -147,13 +163,20 @@ TEST(FileFilter, DefaultSuffix_TakesEverySpelling) {
 
 TEST(FormTable, ShowModal_CallsTheFormAndRaisesForAnUnknownOne) {
     FormTable forms;
-    forms.Add("frmRB", [](void *argument, Owner) { return argument != nullptr; });
-    int argument = 0;
-    EXPECT_TRUE(forms.ShowModal("frmRB", &argument, nullptr));
-    EXPECT_FALSE(forms.ShowModal("frmRB", nullptr, nullptr));
-    EXPECT_TRUE(forms.Knows("frmRB"));
-    EXPECT_FALSE(forms.Knows("frmNone"));
-    EXPECT_THROW(forms.ShowModal("frmNone", nullptr, nullptr), Error);
+    forms.Add<Question>([](Question &question, Owner) { return question.answer == 1; });
+    Question one{1}, two{2};
+    Other other;
+    EXPECT_TRUE(forms.ShowModal(FormRequest(one), nullptr));
+    EXPECT_FALSE(forms.ShowModal(FormRequest(two), nullptr));
+    EXPECT_TRUE(forms.Knows("frmQuestion"));
+    EXPECT_FALSE(forms.Knows("frmOther"));
+    EXPECT_THROW(forms.ShowModal(FormRequest(other), nullptr), Error);
+}
+
+TEST(FormRequest, As_RaisesForAnotherType) {
+    Question question;
+    EXPECT_EQ(&FormRequest(question).As<Question>(), &question);
+    EXPECT_THROW(FormRequest(question).As<Other>(), Error);
 }
 
 TEST(HeadlessDesktop, AnswersAsIfEveryBoxWasClosed) {

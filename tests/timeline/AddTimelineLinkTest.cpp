@@ -13,8 +13,7 @@ const QString kQuestion =
 class Dating : public TimelineTest {
 protected:
     // What OK of the form does for the template node.
-    static bool PressOk(void *argument) {
-        auto &setup = *static_cast<TimelineSetupArgument *>(argument);
+    static bool PressOk(TimelineSetupArgument &setup) {
         setup.TemplateNode->SetWidth(1200);
         setup.TemplateNode->SetHeight(1200);
         return true;
@@ -22,7 +21,6 @@ protected:
     void Date(diagram::Node &node, const char *date) {
         AddTimelineLink(window, flow, node, QString::fromLatin1(date));
     }
-    const QString form = QLatin1String(kFormTimelineSetup);
 };
 
 } // namespace
@@ -30,8 +28,8 @@ protected:
 TEST_F(Dating, NoTakesTheSettingsOfTheFormWithoutShowingIt) {
     diagram::Node &user = UserNode();
     desktop.ExpectMessage(kQuestion, support::Answer::No);
-    desktop.ExpectForm(form, [](void *argument) {
-        EXPECT_TRUE(static_cast<TimelineSetupArgument *>(argument)->pressOk);
+    desktop.ExpectForm<TimelineSetupArgument>([](TimelineSetupArgument &argument) {
+        EXPECT_TRUE(argument.pressOk);
         return PressOk(argument);
     });
     Date(user, "14 March 2004");
@@ -42,8 +40,8 @@ TEST_F(Dating, NoTakesTheSettingsOfTheFormWithoutShowingIt) {
 
 TEST_F(Dating, YesShowsTheForm) {
     desktop.ExpectMessage(kQuestion, support::Answer::Yes);
-    desktop.ExpectForm(form, [](void *argument) {
-        EXPECT_FALSE(static_cast<TimelineSetupArgument *>(argument)->pressOk);
+    desktop.ExpectForm<TimelineSetupArgument>([](TimelineSetupArgument &argument) {
+        EXPECT_FALSE(argument.pressOk);
         return PressOk(argument);
     });
     Date(UserNode(), "14 March 2004");
@@ -51,8 +49,8 @@ TEST_F(Dating, YesShowsTheForm) {
 
 TEST_F(Dating, AFormThatWasCancelledIsConfirmedUnseen) {
     desktop.ExpectMessage(kQuestion, support::Answer::Yes);
-    desktop.ExpectForm(form);
-    desktop.ExpectForm(form, PressOk);
+    desktop.ExpectForm<TimelineSetupArgument>();
+    desktop.ExpectForm<TimelineSetupArgument>(PressOk);
     Date(UserNode(), "14 March 2004");
     EXPECT_EQ(LocateTimeLineTemplateNode(flow, false)->Width(), 1200);
 }

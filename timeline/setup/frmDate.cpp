@@ -13,7 +13,7 @@ namespace timeline {
 
 frmDate::frmDate(DateFormArgument &argument, QWidget *parent)
     : QDialog(parent), argument_(argument), date_(argument.date.value_or(argument.today)) {
-    setObjectName(QLatin1String(kFormDate));
+    setObjectName(QLatin1String(DateFormArgument::kForm));
     setWindowTitle(tr("Date"));
     chkDate_ = new QCheckBox(tr("&On the timeline"), this);
     chkDate_->setObjectName(QStringLiteral("chkDate"));

@@ -12,9 +12,8 @@ class QPushButton;
 
 namespace timeline {
 
-// The name of the form for DialogHost, and its argument.
-inline constexpr char kFormDate[] = "frmDate";
 struct DateFormArgument {
+    static constexpr char kForm[] = "frmDate";
     // In: what the node has. Out, after OK: what it shall have.
     std::optional<QDate> date;
     QDate today;

@@ -38,7 +38,7 @@ QString Truth(bool value) { return value ? kTrue : kFalse; }
 
 frmTimelineSetup::frmTimelineSetup(const TimelineSetupArgument &argument, QWidget *parent)
     : QDialog(parent), argument_(argument) {
-    setObjectName(QLatin1String(kFormTimelineSetup));
+    setObjectName(QLatin1String(TimelineSetupArgument::kForm));
     BuildControls();
     if (argument_.asTemplate)
         RunAsTemplate();
