@@ -10,6 +10,8 @@
 #include "mainwindow/Selection.h"
 #include "mainwindow/ShapeMenu.h"
 #include "support/Val.h"
+#include "timeline/AdjustLinks.h"
+#include "timeline/Arrange.h"
 #include "timeline/TimelineNodes.h"
 
 namespace mainwindow {
@@ -34,7 +36,7 @@ void ChangeFonts(frmMain &window, Change change) {
         change(font);
         item.SetFont(font);
     });
-    AdjustLinksOf(window.CurrentSurface().SelectedNodes(), window.Timeline()); // sizes may follow the texts
+    timeline::AdjustLinksOf(window.CurrentSurface().SelectedNodes()); // sizes may follow the texts
 }
 
 void FormatBold(frmMain &window) {
@@ -85,7 +87,7 @@ void StretchAxis(frmMain &window, float factor) {
         months->SetWidth(months->Width() * factor);
     else
         months->SetHeight(months->Height() * factor);
-    window.Timeline().UpdateTimeLineNodes(surface, true);
+    timeline::UpdateTimeLineNodes(window, surface, true);
 }
 void FormatExpand(frmMain &window) { StretchAxis(window, 1.1F); }
 void FormatCompress(frmMain &window) { StretchAxis(window, 0.9F); }

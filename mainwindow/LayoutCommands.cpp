@@ -8,6 +8,7 @@
 #include "mainwindow/LongTask.h"
 #include "support/Error.h"
 #include "support/Val.h"
+#include "timeline/Arrange.h"
 #include "timeline/TimelineNodes.h"
 
 #include <QCoreApplication>
@@ -21,7 +22,7 @@ void ArrangeTimeline(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
     if (timeline::LocateTimelineNodes(surface).empty()) return;
     const double align = support::Val(document::GetTag(surface, document::tags::kTimelineAlign));
-    window.Timeline().ArrangeTimeLineNodes(surface, int(align));
+    timeline::ArrangeTimeLineNodes(window, surface, int(align));
 }
 
 void mnuLayoutHExecute(frmMain &window) {

@@ -7,6 +7,7 @@
 #include "mainwindow/frmMain.h"
 #include "support/Val.h"
 #include "timeline/AddTimelineLink.h"
+#include "timeline/Arrange.h"
 #include "timeline/DateText.h"
 #include "timeline/setup/frmDate.h"
 #include "timeline/TimelineNodes.h"
@@ -35,7 +36,7 @@ void mnuViewTimeline(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
     {
         const ActionGroup step(surface);
-        window.Timeline().ShowHideTimelineNodes(surface, window.MenuValue(QStringLiteral("mnuViewTimeline")));
+        timeline::ShowHideTimelineNodes(surface, window.MenuValue(QStringLiteral("mnuViewTimeline")));
     }
     window.ClickTab();
 }
@@ -53,7 +54,7 @@ void mnuViewTimelineSetup(frmMain &window) {
     if (!ShowSetup(window, *timeline::LocateTimeLineTemplateNode(surface, true), false))
         return step.TakeBack();
     const double align = support::Val(document::GetTag(surface, document::tags::kTimelineAlign));
-    window.Timeline().ArrangeTimeLineNodes(surface, int(align));
+    timeline::ArrangeTimeLineNodes(window, surface, int(align));
 }
 
 void keyDate(frmMain &window) {

@@ -9,15 +9,18 @@
 #include "document/DoLoad.h"
 #include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"
+#include "mainwindow/DroppedFiles.h"
+#include "mainwindow/FilterBoxes.h"
+#include "mainwindow/Finder.h"
 #include "mainwindow/frmPics.h"
 #include "mainwindow/frmSplash.h"
+#include "mainwindow/LostMapOffers.h"
 #include "mainwindow/Placement.h"
 #include "mainwindow/SliceTabs.h"
+#include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
-#include "mainwindow/SurfaceSink.h"
-#include "mainwindow/TickBox.h"
+#include "mainwindow/TimelinePopup.h"
 #include "mainwindow/WindowJournal.h"
-#include "timeline/DaysOfStrip.h"
 
 #include <algorithm>
 #include <QApplication>
@@ -44,10 +47,7 @@ int NextNumber() {
 
 } // namespace
 
-frmMain::frmMain(support::Desktop &desktop)
-    : desktop_(desktop),
-      days_(std::make_unique<timeline::DaysOfStrip>(*this)),
-      sink_(std::make_unique<SurfaceSink>(*this)) {
+frmMain::frmMain(support::Desktop &desktop) : desktop_(desktop) {
     setAttribute(Qt::WA_DeleteOnClose);
     setProperty("formNumber", NextNumber());
     support::PassOn("Form_Load", [this] { Form_Load(); });
@@ -56,8 +56,7 @@ frmMain::frmMain(support::Desktop &desktop)
 frmMain::~frmMain() {
     // The focus goes on while the controls go.
     qApp->disconnect(this);
-    for (TickBox *open : {ssDBGroups_, ssDBLevels_}) // its list closes with the window
-        if (open) open->disconnect(this);
+    filter_.reset();
     AddFlow1_.SetWatchers({}, {});
     if (frmPics_) frmPics_->RemoveUsage(*this);
 }
@@ -136,6 +135,24 @@ bool frmMain::MenuValue(const QString &key) const { return SmartMenuXP1a_->Value
 void frmMain::SetMenuValue(const QString &key, bool checked) { SmartMenuXP1a_->SetValue(key, checked); }
 
 bool frmMain::RHSPrompt() const { return settings::clsRB().GetDisplayPrompt(); }
+
+void frmMain::SetJournalsFolder(const QString &folder) { WindowJournal::SetFolder(folder); }
+
+void frmMain::OfferLostMaps(std::vector<recovery::LostMap> lost) { lostMaps_->Add(std::move(lost)); }
+
+RecoveryBar *frmMain::OfferedMaps() const { return lostMaps_->Bar(); }
+
+bool frmMain::HasUnsavedWork() { return document::MustAskBeforeLosing(*this); }
+
+diagram::Node *frmMain::oTemplateNode() const { return popup_->Month(); }
+
+void frmMain::SMXP_Click(const QString &key) {
+    support::Report("frmMain", "SMXP_Click", [&] {
+        SetMousePointer(document::pointer::kHourglass);
+        popup_->Click(key);
+        SetMousePointer(document::pointer::kNormal);
+    });
+}
 
 void frmMain::ShowWindow() {
     if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);

@@ -2,17 +2,13 @@
 #pragma once
 
 #include "document/clsfrmMain.h"
-#include "document/FindText.h"
 #include "document/MapWindow.h"
 #include "document/SurfaceArray.h"
 #include "mainwindow/clsTabStrip.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/Exchange.h"
-#include "mainwindow/TimelineRoutines.h"
 
-#include <map>
 #include <memory>
-#include <optional>
 #include <QEventLoop>
 #include <QMainWindow>
 #include <QTimer>
@@ -28,29 +24,26 @@ namespace recovery {
 struct LostMap;
 }
 
-namespace timeline {
-class DaysOfStrip;
-}
-
 namespace mainwindow {
 
 class CommandSearch;
 class cProgressBar;
 class cStatusBar;
-class FindBar;
+class DroppedFiles;
+class FilterBoxes;
+class Finder;
 class frmLayers;
 class frmPics;
+class LostMapOffers;
 class PickBox;
 class RecoveryBar;
 class SliceTabs;
+class SliceViews;
 class SmartMenu;
-class SurfaceSink;
 class TickBox;
-class TimelineMenu;
+class TimelinePopup;
 class Toolbar;
 class WindowJournal;
-enum class OfferAnswer;
-struct SearchEntry;
 
 // Deletes itself when it was closed. A new window is loaded and not shown; what its start raises reaches the
 // creator, such as error 3024 for a template.tpl that is missing.
@@ -95,6 +88,20 @@ public:
     // The surface of the selected tab and its view; error 340 when it has none.
     diagram::Surface &CurrentSurface();
     diagram::SurfaceView &CurrentView();
+    // By slot.
+    diagram::SurfaceView &ViewOf(int index) const;
+    // Makes room for what stands around the surface.
+    void picRHS_Resize();
+    // Whether a routine of some window lets events run and goes on with its windows afterwards.
+    static bool InsideRoutine();
+    // Ends the editing of a text in place, on whatever slice, and keeps what was typed.
+    void KeepTypedText();
+    // Says something in the status bar until the user goes on; DropHint takes it away unless something else
+    // stands there by now.
+    void TellInPassing(const QString &text);
+    void DropHint();
+    // What a view says of a gesture; an empty text takes away what a view said before, and nothing else.
+    void TellHintOfView(const QString &text);
 
     // Runs the command with that key; "Unknown Key " and the key for one that names none.
     void SmartMenuXP1_Click(const QString &key);
@@ -115,14 +122,11 @@ public:
     void ssDBLevels_Click(int row);
     void ssDBGroups_CloseUp();
     void ssDBLevels_CloseUp();
-    TickBox &ssDBGroups() const { return *ssDBGroups_; }
-    TickBox &ssDBLevels() const { return *ssDBLevels_; }
+    TickBox &ssDBGroups() const;
+    TickBox &ssDBLevels() const;
     // Gives the nodes of the current slice the colours of their levels.
     void DoFixColors();
-    // The bar that finds and replaces. Next and previous begin again at the end.
-    void OpenFindBar(bool replacing);
-    void CloseFindBar();
-    void FindNext(int step);
+    Finder &Find() const { return *finder_; }
     CommandSearch &Search() const { return *search_; }
     // Each runs through frmLayers, unseen but for the last, and rebuilds the slices once the user went
     // through with it: undo histories are lost and the map is dirty, after an OK even when nothing differs.
@@ -140,12 +144,9 @@ public:
     bool LetsEventsRun() const { return lettingEventsRun_; }
     // Null for a window that keeps none.
     WindowJournal *Journal() const { return journal_.get(); }
-    // Offers maps that a former run left, in a bar above the surface.
+    // Offers maps that a former run left, in a bar above the surface; the bar is null before.
     void OfferLostMaps(std::vector<recovery::LostMap> lost);
-    RecoveryBar *OfferedMaps() const { return recoveryBar_; }
-    // Shows a map that was lost as unsaved work, here or, where that would cover another map, in a new
-    // window.
-    frmMain *RestoreLostMap(recovery::LostMap lost);
+    RecoveryBar *OfferedMaps() const;
     // Whether a file to be opened wants a new window: this map is dirty, or its first slice has 4 nodes or
     // more.
     bool WantsNewWindow();
@@ -167,8 +168,6 @@ public:
     // popup, at x, y (twips from the left top corner of what is seen). A hidden timeline node gets none.
     void ShowNodeProperties(diagram::Node &oNode, float x, float y);
     void ShowLinkProperties(diagram::Link &oLink);
-    // What the window asks of the timeline; replaceable.
-    TimelineRoutines &Timeline() { return timeline_; }
     ExchangeRoutines &Exchange() { return exchange_; }
     // Opens the form; while the program has none of that name, the status bar says that `what` is missing.
     // False when it was cancelled too.
@@ -227,8 +226,6 @@ private:
     void BuildMenus();
     void FillToolbars();
     void AddFontBoxes();
-    void AddFilterBoxes();
-    void AddFindBar();
     void ConnectTabs();
     void ConnectControls();
     void Form_Load();
@@ -237,10 +234,7 @@ private:
     void Form_Activate();
     void LookForPrinters();
     void Form_Resize();
-    void picRHS_Resize();
     void tmrResize_Timer();
-    // Whether a routine of some window lets events run and goes on with its windows afterwards.
-    static bool InsideRoutine();
     friend class LongTask;
     void LetEventsRun(QEventLoop::ProcessEventsFlags flags);
     void Form_QueryUnload(bool &cancel);
@@ -264,44 +258,13 @@ private:
     void ShowWhetherSaved();
     void FocusChanged(const QWidget *former, const QWidget *now);
     void ShowTimelineTick();
-    void ShowHideTimelineNodes();
-    std::vector<SearchEntry> SearchEntries();
-    void AddCommands(std::vector<SearchEntry> &entries);
-    void AddFormats(std::vector<SearchEntry> &entries);
-    std::vector<document::FindHit> Hits() const;
-    void ShowHits();
-    void ShowHit(const std::vector<document::FindHit> &hits, std::ptrdiff_t at);
-    void ReplaceHits(bool all);
-    diagram::SurfaceView &ViewOf(int index) const { return *views_.at(index); }
     void ShowNodeDialog(diagram::Node &oNode);
-    void ShowTimelineMenu(diagram::Node &oNode, float x, float y);
     void ShowPropertiesOfSelection(int index);
-    // The routines behind the entries of SMXP.
-    void HideTimelineNode();
-    void UnHideTimelineNodes();
-    void OpenTimelineSetup();
     // The window that shows the hyperlink's target.
     frmMain *Follow(const document::cHyperlink &hyperlink);
     void FollowAll(const QString &node);
     // Selects the tab to which a hyperlink leads, or says that there is none.
     void GoToTab(int tab);
-    // Says something in the status bar until the user goes on; DropHint takes it away unless something else
-    // stands there by now.
-    void TellInPassing(const QString &text);
-    void DropHint();
-    // What a view says of a gesture; an empty text takes away what a view said before, and nothing else.
-    void TellHintOfView(const QString &text);
-    // The twips of the current surface at `at`, in pixels of the window; nothing beside the surface.
-    std::optional<QPointF> SurfacePlace(const QPoint &at);
-    // A file was dropped at `at`, in pixels of the window.
-    void TakeFile(const QString &file, const QPoint &at);
-    void OfferFile(diagram::Node &node, const QString &file, const QPoint &global);
-    void AnswerOffer(int row, OfferAnswer answer);
-    frmMain *PlaceFor(const QString &path);
-    // How high it is, in pixels; 0 while nothing is offered.
-    int PlaceRecoveryBar(int width);
-    // Ends the editing of a text in place, on whatever slice, and keeps what was typed.
-    void KeepTypedText();
 
     support::Desktop &desktop_;
     QWidget *picRHS_ = nullptr;
@@ -313,21 +276,17 @@ private:
     Toolbar *tlbFormat_ = nullptr;
     Toolbar *tlbView_ = nullptr;
     Toolbar *tlbFilter_ = nullptr;
-    TickBox *ssDBGroups_ = nullptr;
-    TickBox *ssDBLevels_ = nullptr;
     CommandSearch *search_ = nullptr;
-    FindBar *findBar_ = nullptr;
-    document::FindHit hit_; // shown last
     bool hiddenMayDiffer_ = true;
     bool unsaved_ = false; // as last shown
     PickBox *cboFont_ = nullptr;
     PickBox *cboFontSize_ = nullptr;
     SmartMenu *SmartMenuXP1a_ = nullptr;
-    TimelineMenu *SMXP_ = nullptr;
-    // By slot and identity: what the popup was opened for can go while it is open.
-    std::pair<int, diagram::ItemId> oTemplateNode_{-1, diagram::kNoItem};
-    TimelineRoutines timeline_;
-    std::unique_ptr<timeline::DaysOfStrip> days_; // the views look at it
+    std::unique_ptr<FilterBoxes> filter_;
+    std::unique_ptr<Finder> finder_;
+    std::unique_ptr<LostMapOffers> lostMaps_;
+    std::unique_ptr<TimelinePopup> popup_;
+    std::unique_ptr<DroppedFiles> drop_;
     ExchangeRoutines exchange_;
     QString hint_;
     QString hintOfView_;
@@ -337,15 +296,13 @@ private:
     QTimer firstPaint_; // goes off once the window has been painted for the first time
     clsTabStrip tabStrip_;
     std::unique_ptr<document::clsfrmMain> clsSettings_;
-    std::unique_ptr<SurfaceSink> sink_;
     document::SurfaceArray AddFlow1_;
-    std::map<int, std::unique_ptr<diagram::SurfaceView>> views_; // go before the surfaces that they show
+    std::unique_ptr<SliceViews> views_; // go before the surfaces that they show
     int mousePointer_ = document::pointer::kNormal;
     bool activated_ = false;
     bool painted_ = false;
     bool lettingEventsRun_ = false;
     std::unique_ptr<WindowJournal> journal_;
-    RecoveryBar *recoveryBar_ = nullptr; // once there is something to offer
 };
 
 } // namespace mainwindow

@@ -6,6 +6,7 @@
 #include "mainwindow/cStatusBar.h"
 #include "mainwindow/FormatCommands.h"
 #include "mainwindow/Selection.h"
+#include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/TextBox.h"
 #include "mainwindow/Toolbar.h"
@@ -52,13 +53,8 @@ void frmMain::tlbMain_ButtonClick(const QString &key) {
     });
 }
 
-void frmMain::KeepTypedText() {
-    for (const auto &[index, view] : views_) view->EndEdit(true);
-}
-
-void frmMain::StoreTypedText() {
-    for (const auto &[index, view] : views_) view->KeepText();
-}
+void frmMain::KeepTypedText() { views_->EndEdits(); }
+void frmMain::StoreTypedText() { views_->StoreTexts(); }
 
 void frmMain::ScheduleUpdate() {
     if (!update_.isActive()) update_.start();
@@ -70,7 +66,7 @@ void frmMain::FocusChanged(const QWidget *, const QWidget *now) {
 }
 
 void frmMain::UpdateCommands() {
-    if (!views_.contains(CurrentIndex())) return; // in the middle of a load, or closed
+    if (!views_->Has(CurrentIndex())) return; // in the middle of a load, or closed
     const diagram::Surface &surface = CurrentSurface();
     const bool selected = !surface.SelectedNodes().empty() || !surface.SelectedLinks().empty();
     const std::pair<Needs, bool> states[] = {

@@ -6,21 +6,24 @@
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"
-#include "mainwindow/FindBar.h"
+#include "mainwindow/DroppedFiles.h"
+#include "mainwindow/FilterBoxes.h"
+#include "mainwindow/Finder.h"
 #include "mainwindow/FontBox.h"
 #include "mainwindow/frmPics.h"
+#include "mainwindow/LostMapOffers.h"
 #include "mainwindow/PickBox.h"
+#include "mainwindow/SearchEntries.h"
 #include "mainwindow/SliceTabs.h"
+#include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/TickBox.h"
-#include "mainwindow/TimelineMenu.h"
+#include "mainwindow/TimelinePopup.h"
 #include "mainwindow/Toolbar.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QHBoxLayout>
 #include <QIntValidator>
-#include <QLabel>
 #include <QMenuBar>
 #include <QSplitter>
 
@@ -30,17 +33,6 @@ namespace {
 constexpr int kResizeSettles = 250;                      // milliseconds
 constexpr int kFontCharacters = 17, kSizeCharacters = 5; // of the fields of the font boxes
 
-// Both in one, so that they stay together where a narrow window moves them out of the toolbar.
-QWidget *Labelled(QWidget &box, const QString &label) {
-    auto *both = new QWidget(box.parentWidget());
-    auto *row = new QHBoxLayout(both);
-    row->setContentsMargins(6, 0, 0, 0);
-    auto *text = new QLabel(label, both);
-    text->setBuddy(&box);
-    row->addWidget(text);
-    row->addWidget(&box);
-    return both;
-}
 } // namespace
 
 void frmMain::BuildControls() {
@@ -48,10 +40,11 @@ void frmMain::BuildControls() {
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(true);
     SmartMenuXP1a_ = new SmartMenu(*menuBar(), *this);
-    search_ = new CommandSearch([this] { return SearchEntries(); }, menuBar());
+    search_ =
+        new CommandSearch([this] { return SearchEntries(*this, *SmartMenuXP1a_, *tlbFormat_); }, menuBar());
     menuBar()->setCornerWidget(search_);
-    SMXP_ = new TimelineMenu(this);
-    timeline_ = DefaultTimelineRoutines(*this);
+    popup_ = std::make_unique<TimelinePopup>(*this);
+    drop_ = std::make_unique<DroppedFiles>(*this);
     BuildPanes();
     BuildToolbars();
     BuildStatusBar();
@@ -78,18 +71,10 @@ void frmMain::BuildPanes() {
     SSTab_ctl_->setExpanding(false);
     SSTab_ctl_->setUsesScrollButtons(true);
     SSTab_ctl_->addTab(QStringLiteral("Map 1"));
-    AddFindBar();
+    finder_ = std::make_unique<Finder>(*this, picRHS_);
+    lostMaps_ = std::make_unique<LostMapOffers>(*this, picRHS_);
+    views_ = std::make_unique<SliceViews>(*this, picRHS_);
     setCentralWidget(SSSplitter1_);
-}
-
-void frmMain::AddFindBar() {
-    findBar_ = new FindBar(picRHS_);
-    connect(findBar_, &FindBar::Changed, this, &frmMain::ShowHits);
-    connect(findBar_, &FindBar::Next, this, [this] { FindNext(1); });
-    connect(findBar_, &FindBar::Previous, this, [this] { FindNext(-1); });
-    connect(findBar_, &FindBar::Replace, this, [this] { ReplaceHits(false); });
-    connect(findBar_, &FindBar::ReplaceAll, this, [this] { ReplaceHits(true); });
-    connect(findBar_, &FindBar::Closed, this, &frmMain::CloseFindBar);
 }
 
 void frmMain::BuildStatusBar() {
@@ -115,7 +100,7 @@ void frmMain::BuildToolbars() {
 void frmMain::FillToolbars() {
     tlbMain_->AddButtons(MainButtons());
     AddFontBoxes();
-    AddFilterBoxes();
+    filter_ = std::make_unique<FilterBoxes>(*this, *tlbFilter_);
     tlbFormat_->AddButtons(FormatButtons());
     for (const char *key : ViewButtons()) {
         if (QAction *entry = SmartMenuXP1a_->Item(QLatin1String(key)))
@@ -144,17 +129,6 @@ void frmMain::AddFontBoxes() {
     tlbFormat_->addSeparator();
 }
 
-void frmMain::AddFilterBoxes() {
-    ssDBGroups_ = new TickBox(QStringLiteral("ssDBGroups"), tr("Groups that are shown"), tlbFilter_);
-    ssDBLevels_ = new TickBox(QStringLiteral("ssDBLevels"), tr("Levels that are shown"), tlbFilter_);
-    const std::pair<TickBox *, QString> boxes[] = {{ssDBGroups_, tr("Groups")}, {ssDBLevels_, tr("Levels")}};
-    for (const auto &[box, label] : boxes) tlbFilter_->addWidget(Labelled(*box, label));
-    connect(ssDBGroups_, &TickBox::Click, this, &frmMain::ssDBGroups_Click);
-    connect(ssDBGroups_, &TickBox::CloseUp, this, &frmMain::ssDBGroups_CloseUp);
-    connect(ssDBLevels_, &TickBox::Click, this, &frmMain::ssDBLevels_Click);
-    connect(ssDBLevels_, &TickBox::CloseUp, this, &frmMain::ssDBLevels_CloseUp);
-}
-
 void frmMain::ConnectControls() {
     connect(SmartMenuXP1a_, &SmartMenu::Click, this, &frmMain::SmartMenuXP1_Click);
     connect(tlbMain_, &Toolbar::ButtonClick, this, &frmMain::tlbMain_ButtonClick);
@@ -162,9 +136,8 @@ void frmMain::ConnectControls() {
     connect(tlbFormat_, &Toolbar::ButtonMenuClick, this, &frmMain::tlbFormat_ButtonMenuClick);
     connect(cboFont_, &PickBox::Click, this, &frmMain::cboFont_Click);
     connect(cboFontSize_, &PickBox::Click, this, &frmMain::cboFontSize_Click);
-    connect(SMXP_, &TimelineMenu::Click, this, &frmMain::SMXP_Click);
     connect(search_, &CommandSearch::Done, this, [this] { CurrentView().setFocus(); });
-    connect(staMain_, &cStatusBar::HiddenClicked, this, [this] { ssDBGroups_->showPopup(); });
+    connect(staMain_, &cStatusBar::HiddenClicked, this, [this] { ssDBGroups().showPopup(); });
     connect(staMain_, &cStatusBar::ZoomIn, this, [this] { SmartMenuXP1_Click(QStringLiteral("keyZoomIn")); });
     connect(staMain_, &cStatusBar::ZoomOut, this,
             [this] { SmartMenuXP1_Click(QStringLiteral("keyZoomOut")); });

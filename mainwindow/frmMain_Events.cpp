@@ -8,6 +8,7 @@
 #include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
 #include "support/Val.h"
+#include "timeline/AdjustLinks.h"
 
 namespace mainwindow {
 
@@ -79,7 +80,7 @@ void frmMain::AddFlow1_AfterStretch(int) { clsSettings_->Dirty = true; }
 void frmMain::AddFlow1_AfterMove(int index) {
     diagram::Surface &surface = AddFlow1_[index];
     const ActionGroup step(surface);
-    AdjustLinksOf(surface.SelectedNodes(), timeline_);
+    timeline::AdjustLinksOf(surface.SelectedNodes());
     clsSettings_->Dirty = true;
 }
 

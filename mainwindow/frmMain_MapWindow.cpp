@@ -4,6 +4,7 @@
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"
+#include "mainwindow/SliceViews.h"
 #include "mainwindow/Toolbar.h"
 
 #include <QAction>
@@ -42,7 +43,7 @@ void frmMain::SetProgress(int percent) { prg1_->Show(qBound(0, percent, 100)); }
 void frmMain::SetMousePointer(int pointer) {
     mousePointer_ = pointer;
     std::vector<QWidget *> widgets{this};
-    for (const auto &[index, view] : views_) widgets.push_back(view->viewport());
+    for (diagram::SurfaceView *view : views_->All()) widgets.push_back(view->viewport());
     for (QWidget *widget : widgets) {
         if (pointer == document::pointer::kHourglass)
             widget->setCursor(Qt::WaitCursor);

@@ -1,24 +1,18 @@
-// The way to the properties of nodes and links, by the right button or by key, and the popup of the timeline.
+// The way to the properties of nodes and links, by the right button or by key.
 #include "mainwindow/frmMain.h"
 
 #include "app/settings/Settings.h"
 #include "diagram/hit/HitTest.h"
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/PropertyForms.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/BusyRetry.h"
-#include "mainwindow/Commands.h"
 #include "mainwindow/Selection.h"
-#include "mainwindow/TimelineMenu.h"
+#include "mainwindow/TimelinePopup.h"
 #include "support/Val.h"
-#include "timeline/TimelineNodes.h"
-
-#include <algorithm>
 
 namespace mainwindow {
 
 using document::pointer::kHourglass;
-using document::pointer::kNormal;
 
 namespace {
 
@@ -88,7 +82,7 @@ void frmMain::ShowNodeProperties(diagram::Node &oNode, float x, float y) {
         if (oNode.Selectable())
             ShowNodeDialog(oNode);
         else if (!oNode.Hidden())
-            ShowTimelineMenu(oNode, x, y);
+            popup_->Show(oNode, ViewOf(oNode.Owner().Index()), OnSurface(oNode.Owner(), x, y));
     });
 }
 
@@ -127,61 +121,6 @@ void frmMain::ShowPropertiesOfSelection(int index) {
 
 void frmMain::TellNotYet(const QString &what) {
     TellInPassing(settings::ReplaceTerms(tr("%1 is not there yet.").arg(what)));
-}
-
-void frmMain::ShowTimelineMenu(diagram::Node &oNode, float x, float y) {
-    const std::vector<diagram::Node *> months = timeline::LocateTimelineNodes(oNode.Owner());
-    const auto visible = std::count_if(months.begin(), months.end(),
-                                       [](const diagram::Node *month) { return !month->Hidden(); });
-    SMXP_->Item(QStringLiteral("mnuTemplateNodeHide"))->setEnabled(visible > 1);
-    oTemplateNode_ = {oNode.Owner().Index(), oNode.Id()};
-    const diagram::SurfaceView &view = ViewOf(oNode.Owner().Index());
-    const QPointF pixels = view.FromSurface(OnSurface(oNode.Owner(), x, y));
-    SMXP_->popup(view.viewport()->mapToGlobal(pixels.toPoint()));
-}
-
-diagram::Node *frmMain::oTemplateNode() const {
-    const auto &[index, id] = oTemplateNode_;
-    return AddFlow1_.Exists(index) ? AddFlow1_[index].FindNode(id) : nullptr;
-}
-
-void frmMain::HideTimelineNode() {
-    const ActionGroup step(CurrentSurface());
-    if (diagram::Node *month = oTemplateNode()) month->SetHidden(true);
-    CurrentSurface().UnselectAll();
-    oTemplateNode_ = {-1, diagram::kNoItem};
-    SSTab_Click();
-    timeline_.ArrangeTimeLineNodes(CurrentSurface(), -1);
-}
-
-void frmMain::UnHideTimelineNodes() {
-    const ActionGroup step(CurrentSurface());
-    timeline_.DoUnHideTimelineNodes(CurrentSurface());
-    SSTab_Click();
-}
-
-void frmMain::OpenTimelineSetup() { SmartMenuXP1_Click(QStringLiteral("mnuViewTimelineSetup")); }
-
-void frmMain::SMXP_Click(const QString &key) {
-    struct EntryRow {
-        const char *key;
-        void (frmMain::*routine)();
-    };
-    static constexpr EntryRow kEntries[] = {
-        {"mnuTemplateNodeHide", &frmMain::HideTimelineNode},
-        {"mnuTemplateNodeUnHide", &frmMain::UnHideTimelineNodes},
-        {"mnuTemplateNodeOpen", &frmMain::OpenTimelineSetup},
-    };
-    support::Report("frmMain", "SMXP_Click", [&] {
-        SetMousePointer(kHourglass);
-        const auto entry = std::find_if(std::begin(kEntries), std::end(kEntries),
-                                        [&](const EntryRow &row) { return key == QLatin1String(row.key); });
-        if (entry != std::end(kEntries))
-            (this->*entry->routine)();
-        else
-            ShowUnknownKey(desktop_, key);
-        SetMousePointer(kNormal);
-    });
 }
 
 } // namespace mainwindow

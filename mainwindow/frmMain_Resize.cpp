@@ -1,10 +1,11 @@
-// Window events other than closing: first showing, activation, resizing.
+// Window events other than closing: first showing, activation, resizing, what is dropped.
 #include "mainwindow/frmMain.h"
 
 #include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"
+#include "mainwindow/DroppedFiles.h"
 
-#include <QEvent>
+#include <QDragMoveEvent>
 #include <utility>
 
 namespace mainwindow {
@@ -50,6 +51,19 @@ void frmMain::tmrResize_Timer() {
     tmrResize_.stop();
     cProgressOnStatusBar().SetProgressBar(*prg1_, *staMain_);
     prg1_->show();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent *event) { drop_->Accept(*event); }
+
+void frmMain::dragMoveEvent(QDragMoveEvent *event) {
+    if (drop_->Accept(*event)) drop_->TellAt(event->position().toPoint());
+}
+
+void frmMain::dragLeaveEvent(QDragLeaveEvent *) { DropHint(); }
+
+void frmMain::dropEvent(QDropEvent *event) {
+    DropHint();
+    drop_->Drop(*event);
 }
 
 } // namespace mainwindow

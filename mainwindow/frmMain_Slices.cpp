@@ -1,24 +1,19 @@
 // The slices: surfaces, their views and tabs.
 #include "mainwindow/frmMain.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/clsLockWindowUpdate.h"
 #include "mainwindow/EditSlices.h"
-#include "mainwindow/FindBar.h"
+#include "mainwindow/Finder.h"
 #include "mainwindow/frmLayers.h"
-#include "mainwindow/HintText.h"
-#include "mainwindow/ItemDescription.h"
-#include "mainwindow/RecoveryBar.h"
+#include "mainwindow/LostMapOffers.h"
 #include "mainwindow/SliceTabs.h"
+#include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
-#include "mainwindow/SurfaceSink.h"
 #include "mainwindow/WindowJournal.h"
-#include "timeline/DaysOfStrip.h"
 #include "timeline/TimelineNodes.h"
 
 #include <algorithm>
-#include <QApplication>
 #include <QMenu>
 
 namespace mainwindow {
@@ -31,49 +26,27 @@ int frmMain::CurrentIndex() const {
 
 diagram::Surface &frmMain::CurrentSurface() { return AddFlow1_[CurrentIndex()]; }
 
-diagram::SurfaceView &frmMain::CurrentView() { return *views_.at(CurrentSurface().Index()); }
+diagram::SurfaceView &frmMain::ViewOf(int index) const { return views_->At(index); }
+diagram::SurfaceView &frmMain::CurrentView() { return ViewOf(CurrentSurface().Index()); }
 
 void frmMain::SurfaceLoaded(diagram::Surface &surface) {
-    surface.SetEvents(sink_.get());
-    surface.AddObserver(*sink_);
     surface.SetShowsBothTexts(DisplayPressed());
-    auto view = std::make_unique<diagram::SurfaceView>(surface, picRHS_);
-    view->setObjectName(QStringLiteral("AddFlow1(%1)").arg(surface.Index()));
-    view->setFrameShape(QFrame::NoFrame);
-    connect(view.get(), &diagram::SurfaceView::ViewChanged, this, &frmMain::ScheduleUpdate);
-    connect(view.get(), &diagram::SurfaceView::HintShown, this,
-            [this](diagram::Hint hint) { TellHintOfView(HintText(hint)); });
-    view->SetWords({settings::Terms().NODE, settings::Terms().LINK});
-    view->SetDescriber([this](const diagram::Item &item) { return ItemDescription(item, clsSettings()); });
-    view->SetDays(*days_);
-    view->lower(); // what is on top stays so until its tab is selected
-    views_[surface.Index()] = std::move(view);
+    views_->Add(surface);
     if (journal_) journal_->Watch(surface);
     picRHS_Resize();
 }
 
 void frmMain::SurfaceUnloading(diagram::Surface &surface) {
     hiddenMayDiffer_ = true;
-    // The focus of a widget that goes would land just anywhere.
-    if (ViewOf(surface.Index()).hasFocus() && surface.Index() > 0) ViewOf(0).setFocus();
     if (journal_) journal_->Unwatch(surface);
-    views_.erase(surface.Index());
-    surface.RemoveObserver(*sink_);
-    surface.SetEvents(nullptr);
+    views_->Remove(surface);
 }
 
 void frmMain::SSTab_Click() {
     const int current = CurrentIndex();
-    if (!views_.contains(current)) return; // a tab whose surface is still to be loaded
-    const bool onSurface = qobject_cast<diagram::SurfaceView *>(QApplication::focusWidget()) != nullptr;
-    for (const auto &[index, view] : views_)
-        view->setFocusPolicy(index == current ? Qt::StrongFocus : Qt::NoFocus);
-    diagram::SurfaceView &view = *views_.at(current);
-    view.show();
-    view.raise();
-    view.setAccessibleName(tabStrip_.Caption());
+    if (!views_->Has(current)) return; // a tab whose surface is still to be loaded
+    views_->Select(current, tabStrip_.Caption());
     ShowTimelineTick();
-    if (onSurface) view.setFocus();
     ScheduleUpdate();
 }
 
@@ -84,18 +57,14 @@ void frmMain::ShowTimelineTick() {
                              [](const diagram::Node *month) { return !month->Hidden(); }));
 }
 
+// From top to bottom: maps on offer, the surface, the bar that finds, the tabs.
 void frmMain::picRHS_Resize() {
-    const QRect inner = picRHS_->rect();
+    QRect inner = picRHS_->rect();
     tabStrip_.Move(0, 0, inner.width(), inner.height());
-    const int tabs = tabStrip_.TabHeight();
-    const int bar = findBar_->isHidden() ? 0 : findBar_->sizeHint().height();
-    findBar_->setGeometry(0, inner.height() - tabs - bar, inner.width(), bar);
-    const int offer = PlaceRecoveryBar(inner.width());
-    const int height = qMax(0, inner.height() - tabs - bar - offer);
-    for (const auto &[index, view] : views_) {
-        view->setGeometry(0, offer, inner.width(), height);
-        view->show();
-    }
+    inner.setHeight(inner.height() - tabStrip_.TabHeight());
+    inner.setHeight(inner.height() - finder_->TakeBottom(inner));
+    inner.setTop(inner.top() + lostMaps_->TakeTop(inner));
+    views_->Place(inner.height() > 0 ? inner : QRect(inner.topLeft(), QSize(inner.width(), 0)));
 }
 
 void frmMain::EditSlices(const std::function<void(frmLayers &)> &edit) {

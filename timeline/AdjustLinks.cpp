@@ -2,6 +2,8 @@
 
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/Shapes.h"
+#include "document/Tags.h"
+#include "support/Val.h"
 #include "timeline/TimelineNodes.h"
 
 namespace timeline {
@@ -17,6 +19,12 @@ void JoinSource(diagram::Link &link) {
     link.Points().SetItem(0, {float(end.x()), float(end.y())});
 }
 
+// Arrangements 2, 3 and 4 run from left to right. A slice without a timeline has none.
+bool TimelineIsHorizontal(const diagram::Surface &surface) {
+    const double align = support::Val(document::GetTag(surface, document::tags::kTimelineAlign));
+    return align == 2 || align == 3 || align == 4;
+}
+
 } // namespace
 
 void AdjustLinks(diagram::Node &Node, bool Horizontal) {
@@ -28,6 +36,10 @@ void AdjustLinks(diagram::Node &Node, bool Horizontal) {
             JoinSource(*link);
         }
     }
+}
+
+void AdjustLinksOf(const std::vector<diagram::Node *> &nodes) {
+    for (diagram::Node *node : nodes) AdjustLinks(*node, TimelineIsHorizontal(node->Owner()));
 }
 
 void DoAdjustLink(diagram::Link &Link, bool Horizontal, int Index) {

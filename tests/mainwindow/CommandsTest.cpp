@@ -5,6 +5,7 @@
 #include "diagram/edit/History.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/Commands.h"
+#include "mainwindow/Finder.h"
 #include "mainwindow/frmAbout.h"
 #include "mainwindow/ZoomSteps.h"
 #include "support/AtomicFile.h"
@@ -360,11 +361,11 @@ TEST_F(Commands, CutCopyAndDeleteFollowTheFocusIntoTextBoxes) {
     AddNode(window, 0, 0).SetSelected(true);
     expect(true);
     window.CurrentSurface().UnselectAll();
-    window.OpenFindBar(false);
+    window.Find().Open(false);
     expect(true);
     window.menuBar()->setFocus(Qt::MenuBarFocusReason); // for the time of a menu
     expect(true);
-    window.CloseFindBar();
+    window.Find().Close();
     expect(false);
 }
 

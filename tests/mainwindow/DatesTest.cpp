@@ -7,6 +7,7 @@
 #include "mainwindow/TimelineCommands.h"
 #include "tests/mainwindow/WindowTest.h"
 #include "timeline/AddTimelineLink.h"
+#include "timeline/Arrange.h"
 #include "timeline/setup/frmDate.h"
 #include "timeline/setup/frmTimelineSetup.h"
 #include "timeline/TimelineNodes.h"
@@ -201,7 +202,7 @@ struct Strips : Dates {
         look.SetWidth(3100);
         look.SetHeight(450);
         document::SetTag(surface, document::tags::kTimelineAlign, QStringLiteral("2"));
-        window.Timeline().UpdateTimeLineNodes(surface, true);
+        timeline::UpdateTimeLineNodes(window, surface, true);
         ProcessEvents();
     }
     QColor PixelAt(const QPointF &twips) {
@@ -248,10 +249,10 @@ TEST_F(Strips, TheLineOfTodayGoesWithTheStrip) {
     ComeBackOn(QDate(2004, 3, 17));
     const QPointF today(17.5 * 100, 400);
     const QColor line = PixelAt(today);
-    window.Timeline().ShowHideTimelineNodes(surface, false);
+    timeline::ShowHideTimelineNodes(surface, false);
     ProcessEvents();
     EXPECT_NE(PixelAt(today), line);
-    window.Timeline().ShowHideTimelineNodes(surface, true);
+    timeline::ShowHideTimelineNodes(surface, true);
     ProcessEvents();
     EXPECT_EQ(PixelAt(today), line);
 }

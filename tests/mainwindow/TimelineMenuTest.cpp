@@ -2,8 +2,10 @@
 #include "diagram/shapes/Shapes.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
+#include "mainwindow/Finder.h"
 #include "tests/mainwindow/WindowTest.h"
 #include "timeline/AddTimelineLink.h"
+#include "timeline/AdjustLinks.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -14,37 +16,27 @@
 
 namespace mainwindow::testing {
 
-// A window whose timeline writes down what it is asked for.
 class Timeline : public WindowTest {
 protected:
-    frmMain &Open() {
-        frmMain &window = NewWindow();
-        window.Timeline().AdjustLinks = [this](diagram::Node &node, bool horizontal) {
-            calls << QStringLiteral("AdjustLinks %1 %2").arg(node.Text()).arg(horizontal);
-        };
-        window.Timeline().ArrangeTimeLineNodes = [this](diagram::Surface &, int align) {
-            calls << QStringLiteral("ArrangeTimeLineNodes %1").arg(align);
-        };
-        window.Timeline().DoUnHideTimelineNodes = [this](diagram::Surface &) {
-            calls << QStringLiteral("DoUnHideTimelineNodes");
-        };
-        return window;
-    }
-    static diagram::Node &AddMonth(frmMain &window, float left, const QString &text) {
-        diagram::Node &month = AddNode(window, left, 300, text);
-        month.SetMarked(true);
-        month.SetSelectable(false);
-        return month;
-    }
     static TimelineMenu &Popup(frmMain &window) { return *window.findChild<TimelineMenu *>(); }
     static QAction &Entry(frmMain &window, const char *key) {
         return *Popup(window).Item(QLatin1String(key));
     }
-    QStringList calls;
+    // A link to a hidden day at that place, as a date gives it.
+    static diagram::Link &Date(frmMain &window, diagram::Node &node, float left, float top) {
+        diagram::Node &day = window.CurrentSurface().Nodes().Add(left, top, 150, 600);
+        day.SetMarked(true);
+        day.SetSelectable(false);
+        day.SetHidden(true);
+        diagram::Link &link = node.Links().Add(day);
+        link.SetSelectable(false);
+        link.SetMarked(true);
+        return link;
+    }
 };
 
 TEST_F(Timeline, ARightClickOnAMonthOpensThePopupAtThePointer) {
-    frmMain &window = Open();
+    frmMain &window = NewWindow();
     diagram::Node &month = AddMonth(window, 300, QStringLiteral("May 2024"));
     AddMonth(window, 3000, QStringLiteral("June 2024"));
     RightClick(window, {400, 400});
@@ -62,7 +54,7 @@ TEST_F(Timeline, ThePopupHasItsEntriesInOrder) {
 }
 
 TEST_F(Timeline, WithOneVisibleMonthHideIsDisabled) {
-    frmMain &window = Open();
+    frmMain &window = NewWindow();
     AddMonth(window, 300, QStringLiteral("May 2024"));
     AddMonth(window, 3000, QStringLiteral("June 2024")).SetHidden(true);
     AddNode(window, 6000, 300, QStringLiteral("no month"));
@@ -73,7 +65,7 @@ TEST_F(Timeline, WithOneVisibleMonthHideIsDisabled) {
 }
 
 TEST_F(Timeline, AHiddenMonthGetsNoPopup) {
-    frmMain &window = Open();
+    frmMain &window = NewWindow();
     diagram::Node &month = AddMonth(window, 300, QStringLiteral("May 2024"));
     month.SetHidden(true);
     RightClick(window, {400, 400});
@@ -83,10 +75,12 @@ TEST_F(Timeline, AHiddenMonthGetsNoPopup) {
     EXPECT_EQ(window.oTemplateNode(), nullptr);
 }
 
-TEST_F(Timeline, HideHidesTheMonthOfThePopupAndArranges) {
-    frmMain &window = Open();
+TEST_F(Timeline, HideHidesTheMonthOfThePopupAndArrangesAsTheSliceSays) {
+    frmMain &window = NewWindow();
+    document::SetTag(window.CurrentSurface(), document::tags::kTimelineAlign, QStringLiteral("2"));
     diagram::Node &month = AddMonth(window, 300, QStringLiteral("May 2024"));
     diagram::Node &other = AddMonth(window, 3000, QStringLiteral("June 2024"));
+    diagram::Node &last = AddMonth(window, 9000, QStringLiteral("July 2024"));
     RightClick(window, {400, 400});
     QTest::keyClick(&Popup(window), Qt::Key_Down);
     QTest::keyClick(&Popup(window), Qt::Key_Down);
@@ -95,48 +89,60 @@ TEST_F(Timeline, HideHidesTheMonthOfThePopupAndArranges) {
     EXPECT_FALSE(month.Selected());
     EXPECT_FALSE(other.Hidden());
     EXPECT_EQ(window.oTemplateNode(), nullptr);
-    EXPECT_EQ(calls, QStringList(QStringLiteral("ArrangeTimeLineNodes -1")));
+    EXPECT_FLOAT_EQ(last.Left(), other.Left() + other.Width());
+    EXPECT_EQ(last.Top(), other.Top());
     EXPECT_EQ(window.MousePointer(), document::pointer::kNormal);
 }
 
-TEST_F(Timeline, TheOtherEntriesGoToTheirRoutines) {
-    frmMain &window = Open();
+TEST_F(Timeline, UnHideShowsTheMonthsAndTheSetupArrangesThem) {
+    frmMain &window = NewWindow();
+    diagram::Node &month = AddMonth(window, 9000, QStringLiteral("May 2024"));
+    month.SetHidden(true);
     Entry(window, "mnuTemplateNodeUnHide").trigger();
+    EXPECT_FALSE(month.Hidden());
+    month.SetLeft(9000);
     desktop.ExpectForm<timeline::TimelineSetupArgument>(
         [](timeline::TimelineSetupArgument &) { return true; });
     Entry(window, "mnuTemplateNodeOpen").trigger();
-    EXPECT_EQ(calls, QStringList({QStringLiteral("DoUnHideTimelineNodes"),
-                                  QStringLiteral("ArrangeTimeLineNodes 0")}));
+    EXPECT_NE(month.Left(), 9000);
 }
 
 TEST_F(Timeline, AnUnknownEntryIsTold) {
-    frmMain &window = Open();
+    frmMain &window = NewWindow();
     desktop.ExpectMessage(QStringLiteral("Unknown Key mnuNothing"));
     window.SMXP_Click(QStringLiteral("mnuNothing"));
     EXPECT_EQ(window.MousePointer(), document::pointer::kNormal);
 }
 
 TEST_F(Timeline, MovingAdjustsTheLinksOfEverySelectedNodeByTheArrangementOfTheSlice) {
-    frmMain &window = Open();
-    AddNode(window, 300, 300, QStringLiteral("a")).SetSelected(true);
-    AddNode(window, 3000, 300, QStringLiteral("b")).SetSelected(true);
-    AddNode(window, 6000, 300, QStringLiteral("c"));
-    const std::pair<const char *, int> arrangements[] = {{"", 0},  {"0", 0}, {"1", 0}, {"2", 1},
-                                                         {"3", 1}, {"4", 1}, {"5", 0}};
+    frmMain &window = NewWindow();
+    diagram::Node &a = AddNode(window, 300, 300, QStringLiteral("a"));
+    diagram::Node &b = AddNode(window, 3000, 300, QStringLiteral("b"));
+    diagram::Node &c = AddNode(window, 6000, 300, QStringLiteral("c"));
+    diagram::Link *links[] = {&Date(window, a, 9000, 7500), &Date(window, b, 9000, 9000)};
+    const std::vector<diagram::Point> unmoved = Date(window, c, 9000, 12000).Way();
+    a.SetSelected(true);
+    b.SetSelected(true);
+    const std::pair<const char *, bool> arrangements[] = {
+        {"", false}, {"0", false}, {"1", false}, {"2", true}, {"3", true}, {"4", true}, {"5", false}};
     for (const auto &[align, horizontal] : arrangements) {
-        calls.clear();
         window.CurrentSurface().SetTag(QString());
         if (*align)
             document::SetTag(window.CurrentSurface(), document::tags::kTimelineAlign, QLatin1String(align));
         Press(window, QStringLiteral("Right"));
-        EXPECT_EQ(calls, QStringList({QStringLiteral("AdjustLinks a %1").arg(horizontal),
-                                      QStringLiteral("AdjustLinks b %1").arg(horizontal)}))
-            << align;
+        for (const diagram::Link *link : links) {
+            const QRectF day = link->Destination().Bounds();
+            const diagram::Point end = link->Way().back();
+            const QPointF edge =
+                horizontal ? QPointF(day.center().x(), day.top()) : QPointF(day.left(), day.center().y());
+            EXPECT_EQ(diagram::ToQPointF(end), edge) << align;
+        }
     }
+    EXPECT_EQ(c.Links().Item(1).Way(), unmoved);
 }
 
 TEST_F(Timeline, AMonthIsNeverSelectedAndSoLeftAloneByEveryCommand) {
-    frmMain &window = Open();
+    frmMain &window = NewWindow();
     diagram::Node &month = AddMonth(window, 300, QStringLiteral("May 2024"));
     AddMonth(window, 3000, QStringLiteral("June 2024"));
     diagram::Node &node = AddNode(window, 6000, 3000, QStringLiteral("a"));
@@ -154,7 +160,8 @@ TEST_F(Timeline, AMonthIsNeverSelectedAndSoLeftAloneByEveryCommand) {
     }
     EXPECT_EQ(month.Bounds(), before);
     QStringList texts;
-    for (const diagram::Node &each : window.CurrentSurface().Nodes()) texts << each.Text();
+    for (const diagram::Node &each : window.CurrentSurface().Nodes())
+        if (!each.Hidden()) texts << each.Text();
     EXPECT_EQ(texts, QStringList({"May 2024", "June 2024", "a", ""})) << "the last one by Ins";
 }
 
@@ -163,17 +170,12 @@ class Dated : public Timeline {
 protected:
     Dated() {
         document::SetTag(window.CurrentSurface(), document::tags::kTimelineAlign, QStringLiteral("4"));
-        day.SetMarked(true);
-        day.SetSelectable(false);
-        day.SetHidden(true);
-        link.SetSelectable(false);
-        link.SetMarked(true);
         node.SetFillColor(support::kWhite);
     }
     // By what a user does; the ends of the link must then stand where they belong, and one step takes it
     // back.
     void Resize(const std::function<void()> &how) {
-        window.Timeline().AdjustLinks(node, true);
+        timeline::AdjustLinks(node, true);
         const QRectF box = node.Bounds();
         const std::vector<diagram::Point> way = link.Way();
         how();
@@ -189,9 +191,8 @@ protected:
         EXPECT_EQ(link.Way(), way);
     }
     frmMain &window = NewWindow();
-    diagram::Node &day = window.CurrentSurface().Nodes().Add(9000, 7500, 150, 600);
     diagram::Node &node = AddNode(window, 300, 300, QStringLiteral("short"));
-    diagram::Link &link = node.Links().Add(day);
+    diagram::Link &link = Date(window, node, 9000, 7500);
 };
 
 TEST_F(Dated, ResizedByHandOrKeysItTakesTheEndOfItsLinkAlong) {
@@ -203,7 +204,7 @@ TEST_F(Dated, ResizedByHandOrKeysItTakesTheEndOfItsLinkAlong) {
 
 TEST_F(Dated, WhileItIsResizedTheEndOfItsLinkStaysWithIt) {
     node.SetSelected(true);
-    window.Timeline().AdjustLinks(node, true);
+    timeline::AdjustLinks(node, true);
     ProcessEvents();
     const double gap = node.Bounds().bottom() - link.Way().front().y;
     QWidget *viewport = window.CurrentView().viewport();
@@ -229,12 +230,12 @@ TEST_F(Dated, WhatEverChangesTheSizeOfItsTextTakesTheEndOfItsLinkAlong) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
     });
     Resize([&] {
-        window.OpenFindBar(true);
+        window.Find().Open(true);
         window.findChild<QLineEdit *>(QStringLiteral("txtFind"))->setText(QStringLiteral("short"));
         window.findChild<QLineEdit *>(QStringLiteral("txtReplace"))
             ->setText(QStringLiteral("another text that is longer"));
         window.findChild<QAbstractButton *>(QStringLiteral("cmdReplaceAll"))->click();
-        window.CloseFindBar();
+        window.Find().Close();
     });
     node.SetSelected(true);
     Resize([&] { window.tlbFormat_ButtonClick(QStringLiteral("BOLD")); });
@@ -243,14 +244,8 @@ TEST_F(Dated, WhatEverChangesTheSizeOfItsTextTakesTheEndOfItsLinkAlong) {
 TEST_F(Timeline, ADraggedNodeTakesTheEndOfItsTimelineLinkAlongInOneStep) {
     frmMain &window = NewWindow();
     document::SetTag(window.CurrentSurface(), document::tags::kTimelineAlign, QStringLiteral("4"));
-    diagram::Node &day = window.CurrentSurface().Nodes().Add(9000, 7500, 150, 600);
-    day.SetMarked(true);
-    day.SetSelectable(false);
-    day.SetHidden(true);
     diagram::Node &node = AddNode(window, 300, 300);
-    diagram::Link &link = node.Links().Add(day);
-    link.SetSelectable(false);
-    link.SetMarked(true);
+    diagram::Link &link = Date(window, node, 9000, 7500);
     const std::vector<diagram::Point> before = link.Way();
     Drag(window, {400, 400}, {1900, 1900});
     ASSERT_FLOAT_EQ(node.Left(), 1800);

@@ -9,9 +9,11 @@
 #include "document/LastPath.h"
 #include "document/MapSchema.h"
 #include "document/MemoryWindow.h"
+#include "document/Tags.h"
 #include "mainwindow/cStatusBar.h"
 #include "support/cRegistry.h"
 #include "support/Files.h"
+#include "timeline/TimelineNodes.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -152,6 +154,18 @@ diagram::Node &AddNode(frmMain &window, float left, float top, const QString &te
     diagram::Node &node = window.CurrentSurface().Nodes().Add(left, top, 1500, 900);
     node.SetText(text);
     return node;
+}
+
+diagram::Node &AddMonth(frmMain &window, float left, const QString &text) {
+    diagram::Surface &surface = window.CurrentSurface();
+    document::SetTag(surface, document::tags::kMissing, QStringLiteral("True"));
+    diagram::Node &look = *timeline::LocateTimeLineTemplateNode(surface, true);
+    if (look.Width() == 0) look.SetBounds(0, 0, 1200, 600);
+    diagram::Node &month = AddNode(window, left, 300, text);
+    document::SetTag(month, document::tags::kTheDate, text);
+    month.SetMarked(true);
+    month.SetSelectable(false);
+    return month;
 }
 
 } // namespace mainwindow::testing

@@ -47,5 +47,7 @@ private:
 };
 
 diagram::Node &AddNode(frmMain &window, float left, float top, const QString &text = QString());
+// A month of a strip on which months stay although no date needs them.
+diagram::Node &AddMonth(frmMain &window, float left, const QString &text);
 
 } // namespace mainwindow::testing

@@ -1,10 +1,9 @@
-// What the search for commands finds.
-#include "mainwindow/frmMain.h"
+#include "mainwindow/SearchEntries.h"
 
 #include "app/settings/Settings.h"
 #include "mainwindow/CommandMatch.h"
 #include "mainwindow/Commands.h"
-#include "mainwindow/CommandSearch.h"
+#include "mainwindow/frmMain.h"
 #include "mainwindow/Icons.h"
 #include "mainwindow/ShapeMenu.h"
 #include "mainwindow/SmartMenu.h"
@@ -39,54 +38,54 @@ QString PlaceOf(const CommandRow &row) {
     return {};
 }
 
-} // namespace
-
-std::vector<SearchEntry> frmMain::SearchEntries() {
-    std::vector<SearchEntry> entries;
-    AddCommands(entries);
-    AddFormats(entries);
-    for (const ShapeEntry &shape : ShapeEntries())
-        entries.push_back({.caption = tr("New %1").arg(shape.caption),
-                           .place = {},
-                           .words = tr("shape element"),
-                           .keys = {},
-                           .icon = ShapeIcon(shape.tag),
-                           .run = [this, tag = shape.tag] { tlbFormat_ButtonMenuClick(tag); }});
-    return entries;
-}
-
-void frmMain::AddCommands(std::vector<SearchEntry> &entries) {
+void AddCommands(frmMain &window, SmartMenu &menu, std::vector<SearchEntry> &entries) {
     for (const CommandRow &row : Commands()) {
         if (!row.routine || (row.offered && !row.offered())) continue;
         const QString key = QLatin1String(row.key);
-        QAction *item = SmartMenuXP1a_->Item(key);
+        QAction *item = menu.Item(key);
         entries.push_back({.caption = PlainCaption(WithTerms(row.caption)),
                            .place = PlaceOf(row),
                            .words = WithTerms(row.tip) + u' ' + TipOfMainButton(key),
                            .keys = KeysOf(row),
                            .icon = Icon(QLatin1String(row.image)),
                            .enabled = !item || item->isEnabled(),
-                           .run = [this, key] {
-                               if (QAction *entry = SmartMenuXP1a_->Item(key))
+                           .run = [&window, &menu, key] {
+                               if (QAction *entry = menu.Item(key))
                                    entry->trigger();
                                else
-                                   SmartMenuXP1_Click(key);
+                                   window.SmartMenuXP1_Click(key);
                            }});
     }
 }
 
-void frmMain::AddFormats(std::vector<SearchEntry> &entries) {
+void AddFormats(Toolbar &format, std::vector<SearchEntry> &entries) {
     for (const ButtonRow &row : FormatButtons()) {
-        QAction *button = tlbFormat_->Button(QLatin1String(row.key));
+        QAction *button = format.Button(QLatin1String(row.key));
         if (!button) continue;
         entries.push_back({.caption = WithTerms(row.tip),
                            .place = {},
-                           .words = tr("Format"),
+                           .words = frmMain::tr("Format"),
                            .keys = {},
                            .icon = button->icon(),
                            .enabled = button->isEnabled(),
                            .run = [button] { button->trigger(); }});
     }
+}
+
+} // namespace
+
+std::vector<SearchEntry> SearchEntries(frmMain &window, SmartMenu &menu, Toolbar &format) {
+    std::vector<SearchEntry> entries;
+    AddCommands(window, menu, entries);
+    AddFormats(format, entries);
+    for (const ShapeEntry &shape : ShapeEntries())
+        entries.push_back({.caption = frmMain::tr("New %1").arg(shape.caption),
+                           .place = {},
+                           .words = frmMain::tr("shape element"),
+                           .keys = {},
+                           .icon = ShapeIcon(shape.tag),
+                           .run = [&window, tag = shape.tag] { window.tlbFormat_ButtonMenuClick(tag); }});
+    return entries;
 }
 
 } // namespace mainwindow

@@ -1,11 +1,12 @@
-// Finding and replacing texts over all slices.
-#include "mainwindow/frmMain.h"
+#include "mainwindow/Finder.h"
 
 #include "diagram/scene/Scene.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/ActionGroup.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/FindBar.h"
+#include "mainwindow/frmMain.h"
+#include "timeline/AdjustLinks.h"
 
 #include <algorithm>
 #include <list>
@@ -17,10 +18,10 @@ namespace mainwindow {
 
 namespace {
 
-void keyFind(frmMain &window) { window.OpenFindBar(false); }
-void keyReplace(frmMain &window) { window.OpenFindBar(true); }
-void keyFindNext(frmMain &window) { window.FindNext(1); }
-void keyFindPrevious(frmMain &window) { window.FindNext(-1); }
+void keyFind(frmMain &window) { window.Find().Open(false); }
+void keyReplace(frmMain &window) { window.Find().Open(true); }
+void keyFindNext(frmMain &window) { window.Find().Next(1); }
+void keyFindPrevious(frmMain &window) { window.Find().Next(-1); }
 
 constexpr CommandRow kRows[] = {
     {nullptr, "keyFind", "Find...", EntryKind::Command, keyFind, "find", "", "Ctrl+F", Needs::Nothing, false,
@@ -43,7 +44,7 @@ public:
     ~Replacing() {
         for (const document::FindHit &hit : hits_)
             if (diagram::Node *node = window_.AddFlow1()[hit.slice].FindNode(hit.item))
-                AdjustLinksOf({node}, window_.Timeline());
+                timeline::AdjustLinksOf({node});
     }
     Replacing(const Replacing &) = delete;
     Replacing &operator=(const Replacing &) = delete;
@@ -58,37 +59,53 @@ private:
 
 std::span<const CommandRow> FindCommands() { return kRows; }
 
-void frmMain::OpenFindBar(bool replacing) {
-    findBar_->Open(replacing);
-    picRHS_Resize();
+Finder::Finder(frmMain &window, QWidget *place) : window_(window), bar_(new FindBar(place)) {
+    QObject::connect(bar_, &FindBar::Changed, bar_, [this] { ShowHits(); });
+    QObject::connect(bar_, &FindBar::Next, bar_, [this] { Next(1); });
+    QObject::connect(bar_, &FindBar::Previous, bar_, [this] { Next(-1); });
+    QObject::connect(bar_, &FindBar::Replace, bar_, [this] { Replace(false); });
+    QObject::connect(bar_, &FindBar::ReplaceAll, bar_, [this] { Replace(true); });
+    QObject::connect(bar_, &FindBar::Closed, bar_, [this] { Close(); });
+}
+
+void Finder::Open(bool replacing) {
+    bar_->Open(replacing);
+    window_.picRHS_Resize();
     ShowHits();
 }
 
-void frmMain::CloseFindBar() {
-    findBar_->hide();
-    picRHS_Resize();
-    CurrentView().setFocus();
+void Finder::Close() {
+    bar_->hide();
+    window_.picRHS_Resize();
+    window_.CurrentView().setFocus();
 }
 
-std::vector<document::FindHit> frmMain::Hits() const {
-    return document::FindText(AddFlow1_, clsSettings_->Groups(), clsSettings_->Levels(), findBar_->Sought(),
-                              findBar_->Options());
+int Finder::TakeBottom(const QRect &rectangle) {
+    const int height = bar_->isHidden() ? 0 : bar_->sizeHint().height();
+    bar_->setGeometry(rectangle.left(), rectangle.bottom() + 1 - height, rectangle.width(), height);
+    return height;
+}
+
+std::vector<document::FindHit> Finder::Hits() const {
+    return document::FindText(window_.AddFlow1(), window_.clsSettings().Groups(),
+                              window_.clsSettings().Levels(), bar_->Sought(), bar_->Options());
 }
 
 // From the place where one is: the hit that was shown last if it is still one, else the first of this slice
 // or of those behind it.
-void frmMain::ShowHits() {
+void Finder::ShowHits() {
     const std::vector<document::FindHit> hits = Hits();
     auto at = std::find(hits.begin(), hits.end(), hit_);
     if (at == hits.end())
-        at = std::find_if(hits.begin(), hits.end(),
-                          [this](const document::FindHit &hit) { return hit.slice >= CurrentIndex(); });
+        at = std::find_if(hits.begin(), hits.end(), [this](const document::FindHit &hit) {
+            return hit.slice >= window_.CurrentIndex();
+        });
     if (at == hits.end()) at = hits.begin();
     ShowHit(hits, at - hits.begin());
 }
 
-void frmMain::FindNext(int step) {
-    if (!findBar_->isVisible() || findBar_->Sought().isEmpty()) return OpenFindBar(false);
+void Finder::Next(int step) {
+    if (!bar_->isVisible() || bar_->Sought().isEmpty()) return Open(false);
     const std::vector<document::FindHit> hits = Hits();
     const auto count = std::ptrdiff_t(hits.size());
     if (count == 0) return ShowHit(hits, 0);
@@ -97,14 +114,14 @@ void frmMain::FindNext(int step) {
     ShowHit(hits, (from + step + count) % count);
 }
 
-void frmMain::ShowHit(const std::vector<document::FindHit> &hits, std::ptrdiff_t at) {
-    findBar_->SetCount(int(at) + 1, int(hits.size()));
+void Finder::ShowHit(const std::vector<document::FindHit> &hits, std::ptrdiff_t at) {
+    bar_->SetCount(int(at) + 1, int(hits.size()));
     if (hits.empty()) return;
     hit_ = hits[std::size_t(at)];
-    const std::vector<int> slots = AddFlow1_.Indices();
+    const std::vector<int> slots = window_.AddFlow1().Indices();
     const auto slot = std::find(slots.begin(), slots.end(), hit_.slice);
-    if (hit_.slice != CurrentIndex()) TabStrip().SetTheTab(int(slot - slots.begin()));
-    diagram::Surface &surface = AddFlow1_[hit_.slice];
+    if (hit_.slice != window_.CurrentIndex()) window_.TabStrip().SetTheTab(int(slot - slots.begin()));
+    diagram::Surface &surface = window_.AddFlow1()[hit_.slice];
     surface.UnselectAll();
     QRectF place;
     if (diagram::Node *node = surface.FindNode(hit_.item)) {
@@ -112,30 +129,30 @@ void frmMain::ShowHit(const std::vector<document::FindHit> &hits, std::ptrdiff_t
         place = node->Bounds();
     } else if (diagram::Link *link = surface.FindLink(hit_.item)) {
         link->SetSelected(true);
-        place = ViewOf(hit_.slice).TheScene().Bounds(*link);
+        place = window_.ViewOf(hit_.slice).TheScene().Bounds(*link);
     }
-    ViewOf(hit_.slice).EnsureVisible(place);
-    ScheduleUpdate();
+    window_.ViewOf(hit_.slice).EnsureVisible(place);
+    window_.ScheduleUpdate();
 }
 
-void frmMain::ReplaceHits(bool all) {
+void Finder::Replace(bool all) {
     support::Report("frmMain", "ReplaceHits", [&] {
         std::vector<document::FindHit> hits = Hits();
         const bool onHit = std::find(hits.begin(), hits.end(), hit_) != hits.end();
-        if (hits.empty() || (!all && !onHit)) return FindNext(1);
+        if (hits.empty() || (!all && !onHit)) return Next(1);
         if (!all) hits = {hit_};
         int changed = 0;
         {
-            const Replacing steps(*this, hits);
-            changed = document::ReplaceText(AddFlow1_, hits, findBar_->Sought(), findBar_->Replacement(),
-                                            findBar_->Options());
+            const Replacing steps(window_, hits);
+            changed = document::ReplaceText(window_.AddFlow1(), hits, bar_->Sought(), bar_->Replacement(),
+                                            bar_->Options());
         }
-        if (changed > 0) clsSettings_->Dirty = true;
+        if (changed > 0) window_.clsSettings().Dirty = true;
         if (all) {
             ShowHits();
-            TellInPassing(tr("Replaced: %1").arg(QLocale().toString(changed)));
+            window_.TellInPassing(frmMain::tr("Replaced: %1").arg(QLocale().toString(changed)));
         } else {
-            FindNext(1);
+            Next(1);
         }
     });
 }

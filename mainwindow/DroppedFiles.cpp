@@ -1,0 +1,116 @@
+#include "mainwindow/DroppedFiles.h"
+
+#include "app/settings/Settings.h"
+#include "diagram/hit/HitTest.h"
+#include "diagram/view/SurfaceClipboard.h"
+#include "diagram/view/SurfaceView.h"
+#include "mainwindow/ActionGroup.h"
+#include "mainwindow/DroppedFile.h"
+#include "mainwindow/frmMain.h"
+#include "timeline/AdjustLinks.h"
+
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QUrl>
+
+namespace mainwindow {
+
+namespace {
+
+// The one file on this machine that is dragged; empty for anything else.
+QString DraggedFile(const QMimeData &data) {
+    const QList<QUrl> urls = data.urls();
+    return urls.size() == 1 && urls.first().isLocalFile() ? urls.first().toLocalFile() : QString();
+}
+
+// The node that takes what is dropped there; null for none.
+diagram::Node *NodeThatTakes(diagram::SurfaceView &view, const QPointF &twips) {
+    return diagram::SelectableNodeAt(view.TheScene(), twips);
+}
+
+void ShowNoPicture(support::Desktop &desktop, const QString &name) {
+    desktop.messageBoxes.Show(QStringLiteral("%1 holds no picture that can be shown.").arg(name),
+                              support::Buttons::Ok, support::Icon::Exclamation, settings::Terms().TITLE);
+}
+
+} // namespace
+
+bool DroppedFiles::Accept(QDropEvent &event) const {
+    if (frmMain::InsideRoutine() || DraggedFile(*event.mimeData()).isEmpty()) return false;
+    event.acceptProposedAction();
+    return true;
+}
+
+void DroppedFiles::TellAt(const QPoint &at) {
+    const std::optional<QPointF> twips = SurfacePlace(at);
+    const bool onNode = twips && NodeThatTakes(window_.CurrentView(), *twips);
+    window_.TellInPassing(settings::ReplaceTerms(
+        onNode ? frmMain::tr("Drop the file to attach it to this @NODE or to show it there")
+               : frmMain::tr("Drop a @MAP to open it, a picture to add it as a @NODE")));
+}
+
+// After the drag has ended, so that a question of ours doesn't hold up the program that the file came from.
+void DroppedFiles::Drop(QDropEvent &event) {
+    if (!Accept(event)) return;
+    QTimer::singleShot(0, &window_,
+                       [this, file = DraggedFile(*event.mimeData()), at = event.position().toPoint()] {
+                           support::Report("frmMain", "OLEDragDrop", [&] { Take(file, at); });
+                       });
+}
+
+std::optional<QPointF> DroppedFiles::SurfacePlace(const QPoint &at) const {
+    const diagram::SurfaceView &view = window_.CurrentView();
+    const QPoint pixels = view.viewport()->mapFrom(&window_, at);
+    if (!view.viewport()->rect().contains(pixels)) return std::nullopt;
+    return view.ToSurface(pixels);
+}
+
+// On a node it is offered to that; a picture beside the nodes becomes one; anything else is opened.
+void DroppedFiles::Take(const QString &file, const QPoint &at) {
+    window_.KeepTypedText();
+    window_.activateWindow(); // the keys go on here
+    const std::optional<QPointF> twips = SurfacePlace(at);
+    if (!twips) return void(window_.DoOpen(file, window_.WantsNewWindow()));
+    if (diagram::Node *node = NodeThatTakes(window_.CurrentView(), *twips))
+        return Offer(*node, file, window_.mapToGlobal(at));
+    const diagram::Picture picture = PictureIn(file);
+    if (!picture.IsNull())
+        diagram::AddPictureNode(window_.CurrentSurface(), picture, *twips);
+    else if (IsNamedLikeAPicture(file))
+        ShowNoPicture(window_.Desktop(), QFileInfo(file).fileName());
+    else
+        window_.DoOpen(file, window_.WantsNewWindow());
+}
+
+// The node is found again when the user has chosen: it can go while the menu is open.
+void DroppedFiles::Offer(diagram::Node &node, const QString &file, const QPoint &global) {
+    const QString name = QFileInfo(file).fileName();
+    const diagram::Picture picture = PictureIn(file);
+    auto *menu = new DropMenu(name, !picture.IsNull(), &window_);
+    const auto onNode = [this, index = node.Owner().Index(), id = node.Id()](auto body) {
+        support::Report("frmMain", "DropMenu_Click", [&] {
+            if (!window_.AddFlow1().Exists(index)) return;
+            if (diagram::Node *target = window_.AddFlow1()[index].FindNode(id)) body(*target);
+        });
+    };
+    QObject::connect(menu, &DropMenu::Attach, &window_, [this, onNode, file, name] {
+        onNode([&](diagram::Node &target) {
+            const bool added = AttachFile(window_.clsSettings(), target, file);
+            window_.ScheduleUpdate();
+            window_.TellInPassing(
+                (added ? frmMain::tr("%1 is attached.") : frmMain::tr("%1 was attached already.")).arg(name));
+        });
+    });
+    QObject::connect(menu, &DropMenu::UseAsPicture, &window_, [this, onNode, picture] {
+        onNode([&](diagram::Node &target) {
+            const ActionGroup step(target.Owner());
+            target.SetPicture(picture);
+            timeline::AdjustLinksOf({&target}); // its size may follow the picture
+            window_.clsSettings().Dirty = true;
+        });
+    });
+    menu->popup(global);
+}
+
+} // namespace mainwindow

@@ -1,0 +1,80 @@
+#include "mainwindow/SliceViews.h"
+
+#include "app/settings/Settings.h"
+#include "diagram/view/SurfaceView.h"
+#include "mainwindow/frmMain.h"
+#include "mainwindow/HintText.h"
+#include "mainwindow/ItemDescription.h"
+#include "mainwindow/SurfaceSink.h"
+#include "timeline/DaysOfStrip.h"
+
+#include <QApplication>
+
+namespace mainwindow {
+
+SliceViews::SliceViews(frmMain &window, QWidget *place)
+    : window_(window),
+      place_(place),
+      days_(std::make_unique<timeline::DaysOfStrip>(window)),
+      sink_(std::make_unique<SurfaceSink>(window)) {}
+
+SliceViews::~SliceViews() = default;
+
+void SliceViews::Add(diagram::Surface &surface) {
+    surface.SetEvents(sink_.get());
+    surface.AddObserver(*sink_);
+    auto view = std::make_unique<diagram::SurfaceView>(surface, place_);
+    view->setObjectName(QStringLiteral("AddFlow1(%1)").arg(surface.Index()));
+    view->setFrameShape(QFrame::NoFrame);
+    QObject::connect(view.get(), &diagram::SurfaceView::ViewChanged, &window_, &frmMain::ScheduleUpdate);
+    QObject::connect(view.get(), &diagram::SurfaceView::HintShown, &window_,
+                     [this](diagram::Hint hint) { window_.TellHintOfView(HintText(hint)); });
+    view->SetWords({settings::Terms().NODE, settings::Terms().LINK});
+    view->SetDescriber(
+        [this](const diagram::Item &item) { return ItemDescription(item, window_.clsSettings()); });
+    view->SetDays(*days_);
+    view->lower(); // what is on top stays so until its tab is selected
+    views_[surface.Index()] = std::move(view);
+}
+
+void SliceViews::Remove(diagram::Surface &surface) {
+    // The focus of a widget that goes would land just anywhere.
+    if (At(surface.Index()).hasFocus() && surface.Index() > 0) At(0).setFocus();
+    views_.erase(surface.Index());
+    surface.RemoveObserver(*sink_);
+    surface.SetEvents(nullptr);
+}
+
+std::vector<diagram::SurfaceView *> SliceViews::All() const {
+    std::vector<diagram::SurfaceView *> all;
+    for (const auto &[index, view] : views_) all.push_back(view.get());
+    return all;
+}
+
+void SliceViews::Select(int index, const QString &name) {
+    const bool onSurface = qobject_cast<diagram::SurfaceView *>(QApplication::focusWidget()) != nullptr;
+    for (const auto &[each, view] : views_)
+        view->setFocusPolicy(each == index ? Qt::StrongFocus : Qt::NoFocus);
+    diagram::SurfaceView &view = At(index);
+    view.show();
+    view.raise();
+    view.setAccessibleName(name);
+    if (onSurface) view.setFocus();
+}
+
+void SliceViews::Place(const QRect &rectangle) {
+    for (const auto &[index, view] : views_) {
+        view->setGeometry(rectangle);
+        view->show();
+    }
+}
+
+void SliceViews::EndEdits() {
+    for (const auto &[index, view] : views_) view->EndEdit(true);
+}
+
+void SliceViews::StoreTexts() {
+    for (const auto &[index, view] : views_) view->KeepText();
+}
+
+} // namespace mainwindow

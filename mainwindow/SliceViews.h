@@ -1,0 +1,56 @@
+// The views of a window's slices, stacked in one place: the selected one on top.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <vector>
+
+class QRect;
+class QWidget;
+
+namespace diagram {
+class Surface;
+class SurfaceView;
+} // namespace diagram
+namespace timeline {
+class DaysOfStrip;
+}
+
+namespace mainwindow {
+
+class frmMain;
+class SurfaceSink;
+
+class SliceViews {
+public:
+    // The views are children of `place`. What happens on their surfaces reaches the handlers of the window.
+    SliceViews(frmMain &window, QWidget *place);
+    ~SliceViews();
+    SliceViews(const SliceViews &) = delete;
+    SliceViews &operator=(const SliceViews &) = delete;
+
+    // By the slot of the surface. Once a surface's slot goes, its view must.
+    void Add(diagram::Surface &surface);
+    void Remove(diagram::Surface &surface);
+    bool Has(int index) const { return views_.contains(index); }
+    diagram::SurfaceView &At(int index) const { return *views_.at(index); }
+    std::vector<diagram::SurfaceView *> All() const;
+
+    // Brings the view to the top, under that name; only it takes the focus from now on, and has it where
+    // another view had it.
+    void Select(int index, const QString &name);
+    void Place(const QRect &rectangle);
+    // Ends the editing of a text in place, on whatever slice, and keeps what was typed.
+    void EndEdits();
+    // Keeps what was typed so far, and lets the typing go on.
+    void StoreTexts();
+
+private:
+    frmMain &window_;
+    QWidget *place_;
+    std::unique_ptr<timeline::DaysOfStrip> days_; // the views look at it
+    std::unique_ptr<SurfaceSink> sink_;
+    std::map<int, std::unique_ptr<diagram::SurfaceView>> views_;
+};
+
+} // namespace mainwindow

@@ -1,0 +1,42 @@
+// The popup of a month, SMXP, and what its entries do.
+#pragma once
+
+#include "diagram/model/Item.h"
+
+#include <QPointF>
+#include <QString>
+#include <utility>
+
+namespace diagram {
+class Node;
+class SurfaceView;
+} // namespace diagram
+
+namespace mainwindow {
+
+class frmMain;
+class TimelineMenu;
+
+class TimelinePopup {
+public:
+    explicit TimelinePopup(frmMain &window);
+
+    // Opens it for the month, at a place of its surface in twips.
+    void Show(diagram::Node &month, const diagram::SurfaceView &view, const QPointF &twips);
+    // Runs the entry of that key; "Unknown Key " and the key for one that names none.
+    void Click(const QString &key);
+    // The month for which it was opened last; null when there is none, or it is gone.
+    diagram::Node *Month() const;
+
+private:
+    void Hide();
+    void UnHide();
+    void OpenSetup();
+
+    frmMain &window_;
+    TimelineMenu *menu_;
+    // By slot and identity: what the popup was opened for can go while it is open.
+    std::pair<int, diagram::ItemId> month_{-1, diagram::kNoItem};
+};
+
+} // namespace mainwindow
