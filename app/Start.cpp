@@ -8,7 +8,9 @@
 #include "document/RepairMap.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/frmSplash.h"
+#include "mainwindow/LostMapOffers.h"
 #include "mainwindow/StartupSetting.h"
+#include "mainwindow/WindowJournal.h"
 #include "recovery/LostMaps.h"
 #include "support/Error.h"
 #include "support/Files.h"
@@ -50,7 +52,7 @@ frmMain *FirstWindow(support::Desktop &desktop, const StartOptions &options) {
     const double noted = std::floor(desktop.clock.Timer());
     settings::LoadSettings();
     SweepTemporaryFiles(desktop.clock);
-    frmMain::SetJournalsFolder(options.keepJournals ? recovery::JournalsFolder() : QString());
+    mainwindow::WindowJournal::SetFolder(options.keepJournals ? recovery::JournalsFolder() : QString());
     auto *first = new frmMain(desktop); // deletes itself when it is closed
     if (options.showSplash) WaitForSplash(desktop.clock, noted);
     first->ShowWindow();
@@ -75,7 +77,7 @@ frmMain *Main(support::Desktop &desktop, const StartOptions &options) {
 
 void OfferLostMaps(frmMain &first) {
     support::Report("Qz_Source", "OfferLostMaps",
-                    [&] { first.OfferLostMaps(recovery::FindLostMaps(recovery::JournalsFolder())); });
+                    [&] { first.LostMaps().Add(recovery::FindLostMaps(recovery::JournalsFolder())); });
 }
 
 void ProcessCommand(frmMain &first, const QString &commandLine) {

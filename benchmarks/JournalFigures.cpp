@@ -29,7 +29,7 @@ QString State() { return ScratchFolder() + QStringLiteral("/state"); }
 class KeptWindow {
 public:
     KeptWindow(int nodes, bool keeps) {
-        frmMain::SetJournalsFolder(keeps ? State() : QString());
+        mainwindow::WindowJournal::SetFolder(keeps ? State() : QString());
         window_ = std::make_unique<BenchWindow>();
         FillSample(Form().CurrentSurface(), nodes);
         Form().clsSettings().Dirty = true;
@@ -38,7 +38,7 @@ public:
     }
     ~KeptWindow() {
         window_.reset();
-        frmMain::SetJournalsFolder(QString());
+        mainwindow::WindowJournal::SetFolder(QString());
     }
     KeptWindow(const KeptWindow &) = delete;
     KeptWindow &operator=(const KeptWindow &) = delete;

@@ -7,6 +7,8 @@
 #include "mainwindow/ActionGroup.h"
 #include "mainwindow/DroppedFile.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/SliceViews.h"
+#include "mainwindow/WindowStatus.h"
 #include "timeline/AdjustLinks.h"
 
 #include <QDropEvent>
@@ -36,6 +38,28 @@ void ShowNoPicture(support::Desktop &desktop, const QString &name) {
 
 } // namespace
 
+DroppedFiles::DroppedFiles(frmMain &window) : window_(window) { window.installEventFilter(this); }
+
+bool DroppedFiles::eventFilter(QObject *, QEvent *event) {
+    switch (event->type()) {
+    case QEvent::DragEnter:
+        Accept(static_cast<QDropEvent &>(*event));
+        return true;
+    case QEvent::DragMove:
+        if (auto &move = static_cast<QDropEvent &>(*event); Accept(move)) TellAt(move.position().toPoint());
+        return true;
+    case QEvent::DragLeave:
+        window_.Status().DropHint();
+        return true;
+    case QEvent::Drop:
+        window_.Status().DropHint();
+        Drop(static_cast<QDropEvent &>(*event));
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool DroppedFiles::Accept(QDropEvent &event) const {
     if (frmMain::InsideRoutine() || DraggedFile(*event.mimeData()).isEmpty()) return false;
     event.acceptProposedAction();
@@ -45,7 +69,7 @@ bool DroppedFiles::Accept(QDropEvent &event) const {
 void DroppedFiles::TellAt(const QPoint &at) {
     const std::optional<QPointF> twips = SurfacePlace(at);
     const bool onNode = twips && NodeThatTakes(window_.CurrentView(), *twips);
-    window_.TellInPassing(settings::ReplaceTerms(
+    window_.Status().TellInPassing(settings::ReplaceTerms(
         onNode ? frmMain::tr("Drop the file to attach it to this @NODE or to show it there")
                : frmMain::tr("Drop a @MAP to open it, a picture to add it as a @NODE")));
 }
@@ -68,7 +92,7 @@ std::optional<QPointF> DroppedFiles::SurfacePlace(const QPoint &at) const {
 
 // On a node it is offered to that; a picture beside the nodes becomes one; anything else is opened.
 void DroppedFiles::Take(const QString &file, const QPoint &at) {
-    window_.KeepTypedText();
+    window_.Views().EndEdits();
     window_.activateWindow(); // the keys go on here
     const std::optional<QPointF> twips = SurfacePlace(at);
     if (!twips) return void(window_.DoOpen(file, window_.WantsNewWindow()));
@@ -98,7 +122,7 @@ void DroppedFiles::Offer(diagram::Node &node, const QString &file, const QPoint 
         onNode([&](diagram::Node &target) {
             const bool added = AttachFile(window_.clsSettings(), target, file);
             window_.ScheduleUpdate();
-            window_.TellInPassing(
+            window_.Status().TellInPassing(
                 (added ? frmMain::tr("%1 is attached.") : frmMain::tr("%1 was attached already.")).arg(name));
         });
     });

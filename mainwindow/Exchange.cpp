@@ -7,6 +7,8 @@
 #include "document/Tags.h"
 #include "mainwindow/FormsToCome.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/ShowForm.h"
+#include "mainwindow/WindowStatus.h"
 #include "support/Error.h"
 #include "support/Files.h"
 
@@ -120,13 +122,13 @@ void ReadWhereAsked(frmMain &window, const Reading &read) {
 
 void ImportCsv(frmMain &window, const QString &file) {
     const auto &import = window.Exchange().ImportMap;
-    if (!import) return window.TellNotYet(Tr("Importing text files"));
+    if (!import) return window.Status().TellNotYet(Tr("Importing text files"));
     ReadWhereAsked(window, [&](diagram::Surface &flow) { import(flow, file); });
 }
 
 void ImportFlatFile(frmMain &window, const QString &file) {
     const auto &prepare = window.Exchange().PrepFileForImport;
-    if (!prepare) return window.TellNotYet(Tr("Importing flat files"));
+    if (!prepare) return window.Status().TellNotYet(Tr("Importing flat files"));
     ReadWhereAsked(window, [&](diagram::Surface &flow) {
         prepare(flow, file);
         diagram::LoadFile(flow, file);
@@ -135,17 +137,17 @@ void ImportFlatFile(frmMain &window, const QString &file) {
 }
 
 void ImportWholeMap(frmMain &window, const QString &file) {
-    if (!window.Exchange().DoImportMap) return window.TellNotYet(Tr("Importing maps"));
+    if (!window.Exchange().DoImportMap) return window.Status().TellNotYet(Tr("Importing maps"));
     window.Exchange().DoImportMap(window, file);
 }
 
 void ExportCsv(frmMain &window, const QString &file) {
-    if (!window.Exchange().ExportMap) return window.TellNotYet(Tr("Exporting text files"));
+    if (!window.Exchange().ExportMap) return window.Status().TellNotYet(Tr("Exporting text files"));
     window.Exchange().ExportMap(window.CurrentSurface(), file);
 }
 
 void ExportReport(frmMain &window, const QString &file) {
-    if (!window.Exchange().clsExport) return window.TellNotYet(Tr("Exporting reports"));
+    if (!window.Exchange().clsExport) return window.Status().TellNotYet(Tr("Exporting reports"));
     window.Exchange().clsExport(window.CurrentSurface(), file);
 }
 
@@ -155,7 +157,7 @@ void ExportFlatFile(frmMain &window, const QString &file) {
 
 void ExportPresentation(frmMain &window, const QString &file) {
     PowerPointArgument argument{window.CurrentSurface(), file};
-    window.ShowForm(argument, Tr("Exporting presentations"));
+    ShowForm(window, argument, Tr("Exporting presentations"));
 }
 
 // Where the map is saved, under its name with that ending.

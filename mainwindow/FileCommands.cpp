@@ -6,6 +6,8 @@
 #include "mainwindow/Exchange.h"
 #include "mainwindow/FormsToCome.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/ShowForm.h"
+#include "mainwindow/SliceViews.h"
 
 namespace mainwindow {
 
@@ -26,7 +28,7 @@ void mnuFileOpen(frmMain &window) {
 }
 
 void mnuFileSave(frmMain &window) {
-    window.StoreTypedText();
+    window.Views().StoreTexts();
     if (window.clsSettings().Database().isEmpty())
         window.SetMousePointer(kNormal); // a name will be asked for
     document::DoSave(window);
@@ -50,7 +52,7 @@ private:
 };
 
 void mnuFileSaveAs(frmMain &window) {
-    window.StoreTypedText();
+    window.Views().StoreTexts();
     window.SetMousePointer(kNormal);
     const WithoutPath untitled(window.clsSettings());
     document::DoSave(window);
@@ -58,24 +60,24 @@ void mnuFileSaveAs(frmMain &window) {
 
 void mnuFileSaveAsTemplate(frmMain &window) {
     SaveAsTemplateArgument argument{window.CurrentSurface()};
-    window.ShowForm(argument, QStringLiteral("Saving as a template"));
+    ShowForm(window, argument, QStringLiteral("Saving as a template"));
 }
 
 bool IsAuthor() { return settings::Terms().AUTHOR; }
 
 void mnuFilePageSetup(frmMain &window) {
     PageSetupArgument argument;
-    window.ShowForm(argument, QStringLiteral("Page setup"));
+    ShowForm(window, argument, QStringLiteral("Page setup"));
 }
 
 void mnuFilePrint(frmMain &window) {
     PrintArgument argument{window.CurrentSurface()};
-    window.ShowForm(argument, QStringLiteral("Printing"));
+    ShowForm(window, argument, QStringLiteral("Printing"));
 }
 
 void mnuFilePrintPreview(frmMain &window) {
     PrintPreviewArgument argument{window.CurrentSurface()};
-    window.ShowForm(argument, QStringLiteral("The print preview"));
+    ShowForm(window, argument, QStringLiteral("The print preview"));
 }
 
 void mnuFileExit(frmMain &window) { window.close(); }

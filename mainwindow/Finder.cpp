@@ -6,6 +6,8 @@
 #include "mainwindow/Commands.h"
 #include "mainwindow/FindBar.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/SliceViews.h"
+#include "mainwindow/WindowStatus.h"
 #include "timeline/AdjustLinks.h"
 
 #include <algorithm>
@@ -129,9 +131,9 @@ void Finder::ShowHit(const std::vector<document::FindHit> &hits, std::ptrdiff_t 
         place = node->Bounds();
     } else if (diagram::Link *link = surface.FindLink(hit_.item)) {
         link->SetSelected(true);
-        place = window_.ViewOf(hit_.slice).TheScene().Bounds(*link);
+        place = window_.Views().At(hit_.slice).TheScene().Bounds(*link);
     }
-    window_.ViewOf(hit_.slice).EnsureVisible(place);
+    window_.Views().At(hit_.slice).EnsureVisible(place);
     window_.ScheduleUpdate();
 }
 
@@ -150,7 +152,7 @@ void Finder::Replace(bool all) {
         if (changed > 0) window_.clsSettings().Dirty = true;
         if (all) {
             ShowHits();
-            window_.TellInPassing(frmMain::tr("Replaced: %1").arg(QLocale().toString(changed)));
+            window_.Status().TellInPassing(frmMain::tr("Replaced: %1").arg(QLocale().toString(changed)));
         } else {
             Next(1);
         }

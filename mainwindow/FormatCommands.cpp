@@ -134,13 +134,13 @@ void frmMain::tlbFormat_ButtonClick(const QString &key) {
 void frmMain::cboFont_Click() {
     support::Report("frmMain", "cboFont_Click", [&] {
         const ActionGroup step(CurrentSurface());
-        ChangeFonts(*this, [name = cboFont_->currentText()](diagram::Font &font) { font.SetName(name); });
+        ChangeFonts(*this, [name = cboFont().currentText()](diagram::Font &font) { font.SetName(name); });
     });
 }
 
 void frmMain::cboFontSize_Click() {
     support::Report("frmMain", "cboFontSize_Click", [&] {
-        const int size = support::CInt(support::Val(cboFontSize_->currentText()));
+        const int size = support::CInt(support::Val(cboFontSize().currentText()));
         const ActionGroup step(CurrentSurface());
         ChangeFonts(*this, [size](diagram::Font &font) { font.SetSize(size); });
     });

@@ -5,6 +5,7 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/RecoveryBar.h"
 #include "mainwindow/WindowJournal.h"
+#include "mainwindow/WindowStatus.h"
 #include "recovery/Restore.h"
 #include "support/Error.h"
 
@@ -72,7 +73,7 @@ frmMain *LostMapOffers::Restore(recovery::LostMap lost) {
         made.release(); // shown, it belongs to itself
         target.ShowWindow();
         if (target.Journal()) target.Journal()->Writer().Supersede(std::move(lost.folder));
-        target.TellInPassing(
+        target.Status().TellInPassing(
             damaged ? frmMain::tr("%1 was restored as far as it could be read. It is not saved yet.")
                           .arg(lost.title)
                     : frmMain::tr("%1 was restored. It is not saved yet.").arg(lost.title));

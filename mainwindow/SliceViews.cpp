@@ -6,6 +6,8 @@
 #include "mainwindow/HintText.h"
 #include "mainwindow/ItemDescription.h"
 #include "mainwindow/SurfaceSink.h"
+#include "mainwindow/WindowJournal.h"
+#include "mainwindow/WindowStatus.h"
 #include "timeline/DaysOfStrip.h"
 
 #include <QApplication>
@@ -23,23 +25,28 @@ SliceViews::~SliceViews() = default;
 void SliceViews::Add(diagram::Surface &surface) {
     surface.SetEvents(sink_.get());
     surface.AddObserver(*sink_);
+    surface.SetShowsBothTexts(window_.DisplayPressed());
     auto view = std::make_unique<diagram::SurfaceView>(surface, place_);
     view->setObjectName(QStringLiteral("AddFlow1(%1)").arg(surface.Index()));
     view->setFrameShape(QFrame::NoFrame);
     QObject::connect(view.get(), &diagram::SurfaceView::ViewChanged, &window_, &frmMain::ScheduleUpdate);
     QObject::connect(view.get(), &diagram::SurfaceView::HintShown, &window_,
-                     [this](diagram::Hint hint) { window_.TellHintOfView(HintText(hint)); });
+                     [this](diagram::Hint hint) { window_.Status().TellHintOfView(HintText(hint)); });
     view->SetWords({settings::Terms().NODE, settings::Terms().LINK});
     view->SetDescriber(
         [this](const diagram::Item &item) { return ItemDescription(item, window_.clsSettings()); });
     view->SetDays(*days_);
     view->lower(); // what is on top stays so until its tab is selected
     views_[surface.Index()] = std::move(view);
+    if (WindowJournal *journal = window_.Journal()) journal->Watch(surface);
+    window_.picRHS_Resize();
 }
 
 void SliceViews::Remove(diagram::Surface &surface) {
+    window_.Status().HiddenMayDiffer();
     // The focus of a widget that goes would land just anywhere.
     if (At(surface.Index()).hasFocus() && surface.Index() > 0) At(0).setFocus();
+    if (WindowJournal *journal = window_.Journal()) journal->Unwatch(surface);
     views_.erase(surface.Index());
     surface.RemoveObserver(*sink_);
     surface.SetEvents(nullptr);

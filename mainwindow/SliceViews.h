@@ -29,7 +29,8 @@ public:
     SliceViews(const SliceViews &) = delete;
     SliceViews &operator=(const SliceViews &) = delete;
 
-    // By the slot of the surface. Once a surface's slot goes, its view must.
+    // By the slot of the surface. Once a surface's slot goes, its view must. The journal of the window
+    // follows.
     void Add(diagram::Surface &surface);
     void Remove(diagram::Surface &surface);
     bool Has(int index) const { return views_.contains(index); }

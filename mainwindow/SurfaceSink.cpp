@@ -2,6 +2,7 @@
 
 #include "diagram/model/Surface.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/WindowStatus.h"
 #include "support/Error.h"
 
 namespace mainwindow {
@@ -78,15 +79,15 @@ void SurfaceSink::GotFocus(diagram::Surface &surface) {
     Handle("AddFlow1_afGotFocus", [&] { form_.AddFlow1_afGotFocus(surface.Index()); });
 }
 
-void SurfaceSink::ItemAdded(diagram::Item &) { form_.HiddenMayDiffer(); }
+void SurfaceSink::ItemAdded(diagram::Item &) { form_.Status().HiddenMayDiffer(); }
 void SurfaceSink::ItemChanged(diagram::Item &, diagram::Change what) {
     if (diagram::Has(what, diagram::Change::Visibility | diagram::Change::Data))
-        form_.HiddenMayDiffer();
+        form_.Status().HiddenMayDiffer();
     else
         form_.ScheduleUpdate();
 }
-void SurfaceSink::ItemRemoved(diagram::Item &) { form_.HiddenMayDiffer(); }
+void SurfaceSink::ItemRemoved(diagram::Item &) { form_.Status().HiddenMayDiffer(); }
 void SurfaceSink::SurfaceChanged(diagram::Change) { form_.ScheduleUpdate(); }
-void SurfaceSink::Cleared() { form_.HiddenMayDiffer(); }
+void SurfaceSink::Cleared() { form_.Status().HiddenMayDiffer(); }
 
 } // namespace mainwindow

@@ -12,6 +12,8 @@
 #include "timeline/setup/frmDate.h"
 #include "timeline/TimelineNodes.h"
 
+#include <algorithm>
+
 namespace mainwindow {
 
 namespace {
@@ -75,6 +77,13 @@ void keyDate(frmMain &window) {
     if (form.date) timeline::AddTimelineLinks(window, surface, dates);
     window.clsSettings().Dirty = true;
     window.ClickTab();
+}
+
+void ShowTimelineTick(frmMain &window) {
+    const std::vector<diagram::Node *> months = timeline::LocateTimelineNodes(window.CurrentSurface());
+    window.SetMenuValue(
+        QStringLiteral("mnuViewTimeline"),
+        std::ranges::any_of(months, [](const diagram::Node *month) { return !month->Hidden(); }));
 }
 
 } // namespace mainwindow

@@ -11,4 +11,7 @@ void mnuViewTimelineSetup(frmMain &window);
 // Asks for the date of the selected node, and gives it to all that are selected.
 void keyDate(frmMain &window);
 
+// Brings the check of the timeline's menu entry in step with the months of the current slice.
+void ShowTimelineTick(frmMain &window);
+
 } // namespace mainwindow

@@ -6,8 +6,10 @@
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/PickBox.h"
+#include "mainwindow/ShowForm.h"
 #include "mainwindow/StartupSetting.h"
 #include "mainwindow/TimelineCommands.h"
+#include "mainwindow/WindowStatus.h"
 #include "mainwindow/ZoomSteps.h"
 #include "support/clsPaths.h"
 
@@ -69,7 +71,7 @@ void mnuViewBackgroundClear(frmMain &window) {
 
 void mnuViewLevels(frmMain &window) {
     dialogs::LevelsFormArgument argument{window, window.clsSettings().Levels()};
-    if (!window.ShowForm(argument, QStringLiteral("The dialog for levels"))) return;
+    if (!ShowForm(window, argument, QStringLiteral("The dialog for levels"))) return;
     window.LoadLevelCombo();
     window.ssDBLevels_CloseUp();
     window.DoFixColors();
@@ -77,7 +79,7 @@ void mnuViewLevels(frmMain &window) {
 
 void mnuViewGroups(frmMain &window) {
     dialogs::GroupsFormArgument argument{window, window.clsSettings().Groups()};
-    if (!window.ShowForm(argument, QStringLiteral("The dialog for groups"))) return;
+    if (!ShowForm(window, argument, QStringLiteral("The dialog for groups"))) return;
     window.LoadGroupCombo();
     window.ssDBLevels_CloseUp();
 }
@@ -91,7 +93,7 @@ void mnuViewRBPrompt(frmMain &window) {
     if (support::HasForm<settings::clsRB>(window.Desktop()))
         prompt.DisplayPrompt(true);
     else
-        window.TellNotYet(QStringLiteral("The question of the template bar"));
+        window.Status().TellNotYet(QStringLiteral("The question of the template bar"));
     window.SetMenuValue(key, prompt.GetDisplayPrompt());
 }
 

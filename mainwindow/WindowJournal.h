@@ -9,9 +9,11 @@ class frmMain;
 
 class WindowJournal : public recovery::JournalSource {
 public:
-    // Null while no folder is set (frmMain::SetJournalsFolder).
-    static std::unique_ptr<WindowJournal> For(frmMain &window);
+    // From now on windows that are made keep a journal of their work in a folder below that one; an empty
+    // text ends it.
     static void SetFolder(const QString &folder);
+    // Null while no folder is set.
+    static std::unique_ptr<WindowJournal> For(frmMain &window);
 
     WindowJournal(frmMain &window, const QString &folder);
 

@@ -16,11 +16,14 @@
 #include "mainwindow/frmSplash.h"
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/Placement.h"
+#include "mainwindow/SliceEditor.h"
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/TimelinePopup.h"
 #include "mainwindow/WindowJournal.h"
+#include "mainwindow/WindowParts.h"
+#include "mainwindow/WindowStatus.h"
 
 #include <algorithm>
 #include <QApplication>
@@ -43,6 +46,15 @@ int NextNumber() {
     for (const QWidget *widget : QApplication::topLevelWidgets())
         highest = std::max(highest, widget->property("formNumber").toInt());
     return highest + 1;
+}
+
+// A new window that covered another one exactly would look like none.
+void StepAside(frmMain &window) {
+    const std::vector<frmMain *> forms = frmMain::Forms();
+    const auto covered = [&](const frmMain *form) {
+        return form != &window && form->isVisible() && !form->isMaximized() && form->pos() == window.pos();
+    };
+    while (std::any_of(forms.begin(), forms.end(), covered)) window.move(window.pos() + kAside);
 }
 
 } // namespace
@@ -73,15 +85,15 @@ std::vector<frmMain *> frmMain::Forms() {
 
 void frmMain::Form_Load() {
     BuildControls();
-    tabStrip_.SetTabStrip(SSTab_ctl_);
+    tabStrip_.SetTabStrip(parts_->SSTab_ctl);
     if (!clsSettings_) support::PassOn("Initialize", [this] { Initialize(); });
     journal_ = WindowJournal::For(*this);
-    AddFlow1_.SetWatchers([this](diagram::Surface &surface) { SurfaceLoaded(surface); },
-                          [this](diagram::Surface &surface) { SurfaceUnloading(surface); });
+    AddFlow1_.SetWatchers([this](diagram::Surface &surface) { views_->Add(surface); },
+                          [this](diagram::Surface &surface) { views_->Remove(surface); });
     frmSplash::ShowDoing(tr("Loading Menus"));
     BuildMenus();
     frmSplash::ShowDoing(tr("Loading Toolbars"));
-    FillToolbars();
+    parts_->FillToolbars(*frmPics_);
     ConnectControls();
     AddFlow1_afGotFocus(CurrentIndex());
     SetWindowCaption(document::UntitledCaption());
@@ -100,21 +112,12 @@ void frmMain::Initialize() {
     setWindowIcon(frmPics_->ProgramIcon());
     clsSettings_ = std::make_unique<document::clsfrmMain>();
     ReadPlacement(desktop_.registry, *this);
-    StepAside();
-}
-
-// A new window that covered another one exactly would look like none.
-void frmMain::StepAside() {
-    const std::vector<frmMain *> forms = Forms();
-    const auto covered = [&](const frmMain *form) {
-        return form != this && form->isVisible() && !form->isMaximized() && form->pos() == pos();
-    };
-    while (std::any_of(forms.begin(), forms.end(), covered)) move(pos() + kAside);
+    StepAside(*this);
 }
 
 void frmMain::BuildMenus() {
-    SmartMenuXP1a_->BuildMenus(settings::clsMRU(desktop_.registry).GetFiles(kRecentFilesLimit));
-    SetEnabled(Needs::Printers, false);
+    parts_->SmartMenuXP1a->BuildMenus(settings::clsMRU(desktop_.registry).GetFiles(kRecentFilesLimit));
+    parts_->SetEnabled(Needs::Printers, false);
     SetMenuValue(QStringLiteral("mnuViewStartup"), settings::GetStartupEnabled());
     SetMenuValue(QStringLiteral("mnuViewRBPrompt"), RHSPrompt());
 }
@@ -127,20 +130,16 @@ void frmMain::Form_Activate() {
 // A map that is just being loaded goes first.
 void frmMain::LookForPrinters() {
     if (InsideRoutine()) return firstPaint_.start(kPrintersWait);
-    SetEnabled(Needs::Printers, !desktop_.printers.Names().isEmpty());
+    parts_->SetEnabled(Needs::Printers, !desktop_.printers.Names().isEmpty());
 }
 
-bool frmMain::MenuValue(const QString &key) const { return SmartMenuXP1a_->Value(key); }
+bool frmMain::MenuValue(const QString &key) const { return parts_->SmartMenuXP1a->Value(key); }
 
-void frmMain::SetMenuValue(const QString &key, bool checked) { SmartMenuXP1a_->SetValue(key, checked); }
+void frmMain::SetMenuValue(const QString &key, bool checked) {
+    parts_->SmartMenuXP1a->SetValue(key, checked);
+}
 
 bool frmMain::RHSPrompt() const { return settings::clsRB().GetDisplayPrompt(); }
-
-void frmMain::SetJournalsFolder(const QString &folder) { WindowJournal::SetFolder(folder); }
-
-void frmMain::OfferLostMaps(std::vector<recovery::LostMap> lost) { lostMaps_->Add(std::move(lost)); }
-
-RecoveryBar *frmMain::OfferedMaps() const { return lostMaps_->Bar(); }
 
 bool frmMain::HasUnsavedWork() { return document::MustAskBeforeLosing(*this); }
 
@@ -153,6 +152,10 @@ void frmMain::SMXP_Click(const QString &key) {
         SetMousePointer(document::pointer::kNormal);
     });
 }
+
+PickBox &frmMain::cboFont() const { return *parts_->cboFont; }
+PickBox &frmMain::cboFontSize() const { return *parts_->cboFontSize; }
+CommandSearch &frmMain::Search() const { return *parts_->search; }
 
 void frmMain::ShowWindow() {
     if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);

@@ -14,21 +14,13 @@
 #include <QTimer>
 #include <vector>
 
-class QSplitter;
-
 namespace diagram {
 class SurfaceView;
-}
-
-namespace recovery {
-struct LostMap;
 }
 
 namespace mainwindow {
 
 class CommandSearch;
-class cProgressBar;
-class cStatusBar;
 class DroppedFiles;
 class FilterBoxes;
 class Finder;
@@ -36,14 +28,13 @@ class frmLayers;
 class frmPics;
 class LostMapOffers;
 class PickBox;
-class RecoveryBar;
-class SliceTabs;
+class SliceEditor;
 class SliceViews;
-class SmartMenu;
 class TickBox;
 class TimelinePopup;
-class Toolbar;
 class WindowJournal;
+class WindowParts;
+class WindowStatus;
 
 // Deletes itself when it was closed. A new window is loaded and not shown; what its start raises reaches the
 // creator, such as error 3024 for a template.tpl that is missing.
@@ -80,28 +71,18 @@ public:
     bool DisplayPressed() const;
     void ClickFormatButton(const QString &key);
     int MousePointer() const { return mousePointer_; }
-    // Keeps what was typed so far into a text in place, and lets the typing go on.
-    void StoreTypedText();
     // The slot of the selected tab's surface, or -1 while it has none. Tabs stand without gaps, in the order
     // of the slots that are loaded: a map may leave slots empty.
     int CurrentIndex() const;
     // The surface of the selected tab and its view; error 340 when it has none.
     diagram::Surface &CurrentSurface();
     diagram::SurfaceView &CurrentView();
-    // By slot.
-    diagram::SurfaceView &ViewOf(int index) const;
     // Makes room for what stands around the surface.
     void picRHS_Resize();
     // Whether a routine of some window lets events run and goes on with its windows afterwards.
     static bool InsideRoutine();
-    // Ends the editing of a text in place, on whatever slice, and keeps what was typed.
-    void KeepTypedText();
-    // Says something in the status bar until the user goes on; DropHint takes it away unless something else
-    // stands there by now.
-    void TellInPassing(const QString &text);
-    void DropHint();
-    // What a view says of a gesture; an empty text takes away what a view said before, and nothing else.
-    void TellHintOfView(const QString &text);
+    SliceViews &Views() const { return *views_; }
+    WindowStatus &Status() const { return *status_; }
 
     // Runs the command with that key; "Unknown Key " and the key for one that names none.
     void SmartMenuXP1_Click(const QString &key);
@@ -111,8 +92,8 @@ public:
     // Give the selected nodes and links the name or the size that the box shows.
     void cboFont_Click();
     void cboFontSize_Click();
-    PickBox &cboFont() const { return *cboFont_; }
-    PickBox &cboFontSize() const { return *cboFontSize_; }
+    PickBox &cboFont() const;
+    PickBox &cboFontSize() const;
     void SMXP_Click(const QString &key);
     // The lists of what is shown: filled from the groups and levels, ticked by a click, and applied to all
     // slices when one of them closes. The map is as clean afterwards as before.
@@ -127,7 +108,8 @@ public:
     // Gives the nodes of the current slice the colours of their levels.
     void DoFixColors();
     Finder &Find() const { return *finder_; }
-    CommandSearch &Search() const { return *search_; }
+    FilterBoxes &Filter() const { return *filter_; }
+    CommandSearch &Search() const;
     // Each runs through frmLayers, unseen but for the last, and rebuilds the slices once the user went
     // through with it: undo histories are lost and the map is dirty, after an OK even when nothing differs.
     void DoInsertSlice();
@@ -137,16 +119,13 @@ public:
     // Shows `sFilename`, or the file that the user chooses, here or in a new window. Null when nothing was
     // opened.
     frmMain *DoOpen(QString sFilename, bool bNewWindow);
-    // From now on windows that are made keep a journal of their work in a folder below that one; an empty
-    // text ends it.
-    static void SetJournalsFolder(const QString &folder);
+    // Reads the map into this window; where that fails before anything was read, the former map stays.
+    void Load(const QString &path);
     bool HasUnsavedWork();
     bool LetsEventsRun() const { return lettingEventsRun_; }
     // Null for a window that keeps none.
     WindowJournal *Journal() const { return journal_.get(); }
-    // Offers maps that a former run left, in a bar above the surface; the bar is null before.
-    void OfferLostMaps(std::vector<recovery::LostMap> lost);
-    RecoveryBar *OfferedMaps() const;
+    LostMapOffers &LostMaps() const { return *lostMaps_; }
     // Whether a file to be opened wants a new window: this map is dirty, or its first slice has 4 nodes or
     // more.
     bool WantsNewWindow();
@@ -161,24 +140,12 @@ public:
     // once the event that is running has returned.
     void UpdateCommands();
     void ScheduleUpdate();
-    // The same, when what is hidden must be counted anew.
-    void HiddenMayDiffer();
 
     // Selects the node, unless two or more are selected, and opens its properties; of a timeline node its
     // popup, at x, y (twips from the left top corner of what is seen). A hidden timeline node gets none.
     void ShowNodeProperties(diagram::Node &oNode, float x, float y);
     void ShowLinkProperties(diagram::Link &oLink);
     ExchangeRoutines &Exchange() { return exchange_; }
-    // Opens the form; while the program has none of that name, the status bar says that `what` is missing.
-    // False when it was cancelled too.
-    template <support::FormArgument Argument>
-    bool ShowForm(Argument &argument, const QString &what) {
-        if (support::HasForm<Argument>(desktop_)) return document::Show(*this, argument);
-        SetMousePointer(document::pointer::kNormal);
-        TellNotYet(what);
-        return false;
-    }
-    void TellNotYet(const QString &what);
     // The timeline node whose popup was opened last, or null.
     diagram::Node *oTemplateNode() const;
     // The read-out of AddFlow1_MouseMove; no part of the program turns it on.
@@ -201,36 +168,21 @@ public:
     void AddFlow1_MouseDown(int index, int button, int shift, float x, float y);
     void AddFlow1_MouseMove(int index, float x, float y);
 
-Q_SIGNALS:
-    // Something of the window is unsaved from now on, or all is saved again. Told once the event that made it
-    // so has returned; document::MustAskBeforeLosing tells at any time.
-    void UnsavedWorkChanged(bool unsaved);
-
 protected:
     void showEvent(QShowEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
-    void dragEnterEvent(QDragEnterEvent *event) override;
-    void dragMoveEvent(QDragMoveEvent *event) override;
-    void dragLeaveEvent(QDragLeaveEvent *event) override;
-    void dropEvent(QDropEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void BuildControls();
-    void BuildPanes();
-    void BuildToolbars();
-    void BuildStatusBar();
     void BuildMenus();
-    void FillToolbars();
-    void AddFontBoxes();
     void ConnectTabs();
     void ConnectControls();
     void Form_Load();
     void Initialize();
-    void StepAside();
     void Form_Activate();
     void LookForPrinters();
     void Form_Resize();
@@ -240,25 +192,6 @@ private:
     void Form_QueryUnload(bool &cancel);
     void Form_Unload();
     void SSTab_Click();
-    // Rebuilds the slices as `edit` leaves the form.
-    void EditSlices(const std::function<void(frmLayers &)> &edit);
-    // The tab `from` to the position `to`.
-    void MoveSlice(int from, int to);
-    void ShowSliceMenu(int tab, const QPoint &at);
-    void SurfaceLoaded(diagram::Surface &surface);
-    void SurfaceUnloading(diagram::Surface &surface);
-    frmMain *OpenElsewhere(const QString &sFilename);
-    bool MayReplace();
-    bool MayRevert();
-    // Reads the map into this window; where that fails before anything was read, the former map stays.
-    void Load(const QString &path);
-    void SetEnabled(Needs needs, bool enabled);
-    void UpdateStatus();
-    void ShowHiddenCount();
-    void ShowWhetherSaved();
-    void FocusChanged(const QWidget *former, const QWidget *now);
-    void ShowTimelineTick();
-    void ShowNodeDialog(diagram::Node &oNode);
     void ShowPropertiesOfSelection(int index);
     // The window that shows the hyperlink's target.
     frmMain *Follow(const document::cHyperlink &hyperlink);
@@ -267,29 +200,15 @@ private:
     void GoToTab(int tab);
 
     support::Desktop &desktop_;
-    QWidget *picRHS_ = nullptr;
-    QSplitter *SSSplitter1_ = nullptr;
-    SliceTabs *SSTab_ctl_ = nullptr;
-    cStatusBar *staMain_ = nullptr;
-    cProgressBar *prg1_ = nullptr;
-    Toolbar *tlbMain_ = nullptr;
-    Toolbar *tlbFormat_ = nullptr;
-    Toolbar *tlbView_ = nullptr;
-    Toolbar *tlbFilter_ = nullptr;
-    CommandSearch *search_ = nullptr;
-    bool hiddenMayDiffer_ = true;
-    bool unsaved_ = false; // as last shown
-    PickBox *cboFont_ = nullptr;
-    PickBox *cboFontSize_ = nullptr;
-    SmartMenu *SmartMenuXP1a_ = nullptr;
+    std::unique_ptr<WindowParts> parts_;
+    std::unique_ptr<WindowStatus> status_;
     std::unique_ptr<FilterBoxes> filter_;
     std::unique_ptr<Finder> finder_;
     std::unique_ptr<LostMapOffers> lostMaps_;
+    std::unique_ptr<SliceEditor> slices_;
     std::unique_ptr<TimelinePopup> popup_;
     std::unique_ptr<DroppedFiles> drop_;
     ExchangeRoutines exchange_;
-    QString hint_;
-    QString hintOfView_;
     frmPics *frmPics_ = nullptr;
     QTimer tmrResize_;
     QTimer update_;

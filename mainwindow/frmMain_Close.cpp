@@ -6,6 +6,7 @@
 #include "mainwindow/frmPics.h"
 #include "mainwindow/frmSplash.h"
 #include "mainwindow/Placement.h"
+#include "mainwindow/SliceViews.h"
 #include "mainwindow/WindowJournal.h"
 
 #include <algorithm>
@@ -33,7 +34,7 @@ void frmMain::closeEvent(QCloseEvent *event) {
 }
 
 void frmMain::Form_QueryUnload(bool &cancel) {
-    KeepTypedText();
+    views_->EndEdits();
     cancel = false;
     if (document::MustAskBeforeLosing(*this)) {
         cancel = true;

@@ -3,15 +3,15 @@
 
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/Commands.h"
-#include "mainwindow/cStatusBar.h"
 #include "mainwindow/FormatCommands.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/TextBox.h"
 #include "mainwindow/Toolbar.h"
+#include "mainwindow/WindowParts.h"
+#include "mainwindow/WindowStatus.h"
 
-#include <QMenuBar>
 #include <utility>
 
 namespace mainwindow {
@@ -27,7 +27,7 @@ void frmMain::SmartMenuXP1_Click(const QString &key) {
     support::Report("frmMain", "SmartMenuXP1_Click", [&] {
         SetMousePointer(kHourglass);
         const CommandRow *row = FindCommand(key);
-        if (!row || !row->leavesTextBox) KeepTypedText();
+        if (!row || !row->leavesTextBox) views_->EndEdits();
         if (key.startsWith(QLatin1String(kRecentFile)))
             DoOpen(key.mid(QLatin1String(kRecentFile).size()), WantsNewWindow());
         else if (row)
@@ -42,7 +42,7 @@ void frmMain::SmartMenuXP1_Click(const QString &key) {
 void frmMain::tlbMain_ButtonClick(const QString &key) {
     support::Report("frmMain", "tlbMain_ButtonClick", [&] {
         if (key == QLatin1String("UNDO") || key == QLatin1String("REDO")) {
-            KeepTypedText();
+            views_->EndEdits();
             return key == QLatin1String("UNDO") ? CurrentSurface().Undo() : CurrentSurface().Redo();
         }
         for (const ButtonRow &row : MainButtons())
@@ -53,16 +53,8 @@ void frmMain::tlbMain_ButtonClick(const QString &key) {
     });
 }
 
-void frmMain::KeepTypedText() { views_->EndEdits(); }
-void frmMain::StoreTypedText() { views_->StoreTexts(); }
-
 void frmMain::ScheduleUpdate() {
     if (!update_.isActive()) update_.start();
-}
-
-// The menu bar takes the focus for the time of a menu: its entries work where the focus was before.
-void frmMain::FocusChanged(const QWidget *, const QWidget *now) {
-    if (now != menuBar()) ScheduleUpdate();
 }
 
 void frmMain::UpdateCommands() {
@@ -75,30 +67,10 @@ void frmMain::UpdateCommands() {
         {Needs::Selection, selected},
         {Needs::SelectionOrText, selected || FocusedTextBox()},
     };
-    for (const auto &[needs, enabled] : states) SetEnabled(needs, enabled);
+    for (const auto &[needs, enabled] : states) parts_->SetEnabled(needs, enabled);
     SetMenuValue(QStringLiteral("mnuViewGrid"), surface.GridLines());
     SetMenuValue(QStringLiteral("mnuViewSnapGrid"), surface.SnapToGrid());
-    UpdateStatus();
-}
-
-void frmMain::SetEnabled(Needs needs, bool enabled) {
-    SmartMenuXP1a_->SetEnabled(needs, enabled);
-    tlbMain_->SetEnabled(needs, enabled);
-    tlbFormat_->SetEnabled(needs, enabled);
-}
-
-void frmMain::UpdateStatus() {
-    staMain_->SetSelection(SelectionText(CurrentSurface()));
-    staMain_->SetZoom(CurrentView().ShownZoom());
-    ShowHiddenCount();
-    ShowWhetherSaved();
-}
-
-void frmMain::ShowWhetherSaved() {
-    const bool unsaved = document::MustAskBeforeLosing(*this);
-    if (std::exchange(unsaved_, unsaved) == unsaved) return;
-    staMain_->SetUnsaved(unsaved);
-    Q_EMIT UnsavedWorkChanged(unsaved);
+    status_->Update();
 }
 
 } // namespace mainwindow

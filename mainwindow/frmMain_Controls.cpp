@@ -1,53 +1,47 @@
 // How the window is put together.
 #include "mainwindow/frmMain.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/CommandSearch.h"
-#include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"
 #include "mainwindow/DroppedFiles.h"
 #include "mainwindow/FilterBoxes.h"
 #include "mainwindow/Finder.h"
-#include "mainwindow/FontBox.h"
-#include "mainwindow/frmPics.h"
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/PickBox.h"
-#include "mainwindow/SearchEntries.h"
+#include "mainwindow/SliceEditor.h"
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/TickBox.h"
 #include "mainwindow/TimelinePopup.h"
 #include "mainwindow/Toolbar.h"
+#include "mainwindow/WindowParts.h"
+#include "mainwindow/WindowStatus.h"
 
-#include <QAction>
 #include <QApplication>
-#include <QIntValidator>
+#include <QMenu>
 #include <QMenuBar>
-#include <QSplitter>
 
 namespace mainwindow {
 
 namespace {
-constexpr int kResizeSettles = 250;                      // milliseconds
-constexpr int kFontCharacters = 17, kSizeCharacters = 5; // of the fields of the font boxes
-
+constexpr int kResizeSettles = 250; // milliseconds
 } // namespace
 
 void frmMain::BuildControls() {
     setObjectName(QStringLiteral("frmMain"));
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(true);
-    SmartMenuXP1a_ = new SmartMenu(*menuBar(), *this);
-    search_ =
-        new CommandSearch([this] { return SearchEntries(*this, *SmartMenuXP1a_, *tlbFormat_); }, menuBar());
-    menuBar()->setCornerWidget(search_);
+    parts_ = std::make_unique<WindowParts>(*this);
+    status_ = std::make_unique<WindowStatus>(*this, *parts_->staMain);
+    views_ = std::make_unique<SliceViews>(*this, parts_->picRHS);
+    finder_ = std::make_unique<Finder>(*this, parts_->picRHS);
+    lostMaps_ = std::make_unique<LostMapOffers>(*this, parts_->picRHS);
+    filter_ = std::make_unique<FilterBoxes>(*this, *parts_->tlbFilter);
+    slices_ = std::make_unique<SliceEditor>(*this);
     popup_ = std::make_unique<TimelinePopup>(*this);
     drop_ = std::make_unique<DroppedFiles>(*this);
-    BuildPanes();
-    BuildToolbars();
-    BuildStatusBar();
     tmrResize_.setSingleShot(true);
     tmrResize_.setInterval(kResizeSettles);
     update_.setSingleShot(true);
@@ -56,93 +50,24 @@ void frmMain::BuildControls() {
     firstPaint_.setInterval(0);
 }
 
-void frmMain::BuildPanes() {
-    SSSplitter1_ = new QSplitter(Qt::Horizontal, this);
-    SSSplitter1_->setObjectName(QStringLiteral("SSSplitter1"));
-    SSSplitter1_->setChildrenCollapsible(false);
-    picRHS_ = new QWidget(SSSplitter1_);
-    picRHS_->setObjectName(QStringLiteral("picRHS"));
-    picRHS_->installEventFilter(this);
-    SSTab_ctl_ = new SliceTabs(picRHS_);
-    SSTab_ctl_->setObjectName(QStringLiteral("SSTab_ctl"));
-    SSTab_ctl_->setAccessibleName(settings::ReplaceTerms(QStringLiteral("@SLICEs")));
-    SSTab_ctl_->setShape(QTabBar::RoundedSouth);
-    SSTab_ctl_->setDocumentMode(true);
-    SSTab_ctl_->setExpanding(false);
-    SSTab_ctl_->setUsesScrollButtons(true);
-    SSTab_ctl_->addTab(QStringLiteral("Map 1"));
-    finder_ = std::make_unique<Finder>(*this, picRHS_);
-    lostMaps_ = std::make_unique<LostMapOffers>(*this, picRHS_);
-    views_ = std::make_unique<SliceViews>(*this, picRHS_);
-    setCentralWidget(SSSplitter1_);
-}
-
-void frmMain::BuildStatusBar() {
-    staMain_ = new cStatusBar(this);
-    staMain_->setObjectName(QStringLiteral("staMain"));
-    setStatusBar(staMain_);
-    prg1_ = new cProgressBar(staMain_);
-    prg1_->setObjectName(QStringLiteral("prg1"));
-    prg1_->hide();
-    staMain_->Panel(QStringLiteral("PROGRESS"))->installEventFilter(this);
-}
-
-void frmMain::BuildToolbars() {
-    tlbMain_ = new Toolbar(QStringLiteral("tlbMain"), tr("Main"), this);
-    tlbFormat_ = new Toolbar(QStringLiteral("tlbFormat"), tr("Format"), this);
-    tlbView_ = new Toolbar(QStringLiteral("tlbView"), tr("View"), this);
-    tlbFilter_ = new Toolbar(QStringLiteral("tlbFilter"), tr("Filter"), this);
-    for (Toolbar *bar : {tlbMain_, tlbView_, tlbFilter_}) addToolBar(bar);
-    addToolBarBreak();
-    addToolBar(tlbFormat_);
-}
-
-void frmMain::FillToolbars() {
-    tlbMain_->AddButtons(MainButtons());
-    AddFontBoxes();
-    filter_ = std::make_unique<FilterBoxes>(*this, *tlbFilter_);
-    tlbFormat_->AddButtons(FormatButtons());
-    for (const char *key : ViewButtons()) {
-        if (QAction *entry = SmartMenuXP1a_->Item(QLatin1String(key)))
-            tlbView_->addAction(entry);
-        else if (*key == '\0')
-            tlbView_->addSeparator();
-    }
-    staMain_->SetZoomMenu(SmartMenuXP1a_->Menu(QStringLiteral("mnuViewZoom")));
-}
-
-void frmMain::AddFontBoxes() {
-    cboFont_ = new FontBox(QStringLiteral("cboFont"), tr("Font"), kFontCharacters, tlbFormat_);
-    cboFontSize_ = new PickBox(QStringLiteral("cboFontSize"), tr("Font size"), kSizeCharacters, tlbFormat_);
-    cboFont_->addItems(frmPics_->cboFont());
-    cboFontSize_->addItems(frmPics_->cboFontSize());
-    auto *sizes = new QIntValidator(1, diagram::kLargestFontSize, cboFontSize_);
-    QLocale plain = QLocale::c();
-    plain.setNumberOptions(QLocale::RejectGroupSeparator);
-    sizes->setLocale(plain);
-    cboFontSize_->setValidator(sizes);
-    for (PickBox *box : {cboFont_, cboFontSize_}) {
-        tlbFormat_->addWidget(box);
-        connect(
-            box, &PickBox::Done, this, [this] { CurrentView().setFocus(); }, Qt::QueuedConnection);
-    }
-    tlbFormat_->addSeparator();
-}
-
 void frmMain::ConnectControls() {
-    connect(SmartMenuXP1a_, &SmartMenu::Click, this, &frmMain::SmartMenuXP1_Click);
-    connect(tlbMain_, &Toolbar::ButtonClick, this, &frmMain::tlbMain_ButtonClick);
-    connect(tlbFormat_, &Toolbar::ButtonClick, this, &frmMain::tlbFormat_ButtonClick);
-    connect(tlbFormat_, &Toolbar::ButtonMenuClick, this, &frmMain::tlbFormat_ButtonMenuClick);
-    connect(cboFont_, &PickBox::Click, this, &frmMain::cboFont_Click);
-    connect(cboFontSize_, &PickBox::Click, this, &frmMain::cboFontSize_Click);
-    connect(search_, &CommandSearch::Done, this, [this] { CurrentView().setFocus(); });
-    connect(staMain_, &cStatusBar::HiddenClicked, this, [this] { ssDBGroups().showPopup(); });
-    connect(staMain_, &cStatusBar::ZoomIn, this, [this] { SmartMenuXP1_Click(QStringLiteral("keyZoomIn")); });
-    connect(staMain_, &cStatusBar::ZoomOut, this,
+    connect(parts_->SmartMenuXP1a, &SmartMenu::Click, this, &frmMain::SmartMenuXP1_Click);
+    connect(parts_->tlbMain, &Toolbar::ButtonClick, this, &frmMain::tlbMain_ButtonClick);
+    connect(parts_->tlbFormat, &Toolbar::ButtonClick, this, &frmMain::tlbFormat_ButtonClick);
+    connect(parts_->tlbFormat, &Toolbar::ButtonMenuClick, this, &frmMain::tlbFormat_ButtonMenuClick);
+    connect(parts_->cboFont, &PickBox::Click, this, &frmMain::cboFont_Click);
+    connect(parts_->cboFontSize, &PickBox::Click, this, &frmMain::cboFontSize_Click);
+    connect(parts_->search, &CommandSearch::Done, this, [this] { CurrentView().setFocus(); });
+    connect(parts_->staMain, &cStatusBar::HiddenClicked, this, [this] { ssDBGroups().showPopup(); });
+    connect(parts_->staMain, &cStatusBar::ZoomIn, this,
+            [this] { SmartMenuXP1_Click(QStringLiteral("keyZoomIn")); });
+    connect(parts_->staMain, &cStatusBar::ZoomOut, this,
             [this] { SmartMenuXP1_Click(QStringLiteral("keyZoomOut")); });
     ConnectTabs();
-    connect(qApp, &QApplication::focusChanged, this, &frmMain::FocusChanged);
+    // The menu bar takes the focus for the time of a menu: its entries work where the focus was before.
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget *, const QWidget *now) {
+        if (now != menuBar()) ScheduleUpdate();
+    });
     connect(&tmrResize_, &QTimer::timeout, this,
             [this] { support::Report("frmMain", "tmrResize_Timer", [this] { tmrResize_Timer(); }); });
     connect(&update_, &QTimer::timeout, this,
@@ -154,15 +79,18 @@ void frmMain::ConnectControls() {
 void frmMain::ConnectTabs() {
     connect(&tabStrip_, &clsTabStrip::Click, this,
             [this] { support::Report("frmMain", "SSTab_Click", [this] { SSTab_Click(); }); });
-    connect(SSTab_ctl_, &SliceTabs::Touched, this, &frmMain::KeepTypedText);
-    connect(SSTab_ctl_, &SliceTabs::RenameAsked, this, [this](int tab) {
+    connect(parts_->SSTab_ctl, &SliceTabs::Touched, this, [this] { views_->EndEdits(); });
+    connect(parts_->SSTab_ctl, &SliceTabs::RenameAsked, this, [this](int tab) {
         tabStrip_.SetTheTab(tab);
         SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesRename"));
     });
-    connect(SSTab_ctl_, &SliceTabs::MoveAsked, this, [this](int from, int to) {
-        support::Report("frmMain", "DoEditSlices", [&] { MoveSlice(from, to); });
+    connect(parts_->SSTab_ctl, &SliceTabs::MoveAsked, this, [this](int from, int to) {
+        support::Report("frmMain", "DoEditSlices", [&] { slices_->Move(from, to); });
     });
-    connect(SSTab_ctl_, &SliceTabs::MenuAsked, this, &frmMain::ShowSliceMenu);
+    connect(parts_->SSTab_ctl, &SliceTabs::MenuAsked, this, [this](int tab, const QPoint &at) {
+        tabStrip_.SetTheTab(tab);
+        if (QMenu *menu = parts_->SmartMenuXP1a->Menu(QStringLiteral("mnuEditSlices"))) menu->popup(at);
+    });
 }
 
 } // namespace mainwindow

@@ -7,6 +7,8 @@
 #include "mainwindow/ListIndex.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
+#include "mainwindow/WindowParts.h"
+#include "mainwindow/WindowStatus.h"
 #include "support/Val.h"
 #include "timeline/AdjustLinks.h"
 
@@ -104,8 +106,8 @@ void frmMain::AddFlow1_Click(int index) {
 
 void frmMain::AddFlow1_afGotFocus(int index) {
     const diagram::Font &font = FontOfSelection(AddFlow1_[index]);
-    DoSetIndex2(*cboFont_, font.Name(), true);
-    DoSetIndex2(*cboFontSize_, QString::number(support::CLng(font.Size())), true);
+    DoSetIndex2(*parts_->cboFont, font.Name(), true);
+    DoSetIndex2(*parts_->cboFontSize, QString::number(support::CLng(font.Size())), true);
     ScheduleUpdate();
 }
 
@@ -114,7 +116,7 @@ void frmMain::AddFlow1_Error(int, bool &cancelDisplay) { cancelDisplay = true; }
 // Deleting leaves Dirty as it is, like cut, paste and undo.
 void frmMain::AddFlow1_KeyDown(int index, int &keyCode, int shift) {
     diagram::Surface &surface = AddFlow1_[index];
-    DropHint();
+    status_->DropHint();
     if (keyCode == kShiftKey && shift == diagram::keys::kShift) surface.SetShiftMode(true);
     if (AsksForProperties(keyCode, shift)) {
         keyCode = 0;

@@ -1,13 +1,8 @@
 // The handlers of the two lists of what is shown, by group and by level.
 #include "mainwindow/frmMain.h"
 
-#include "app/settings/Settings.h"
 #include "document/Tags.h"
-#include "mainwindow/cStatusBar.h"
 #include "mainwindow/FilterBoxes.h"
-#include "mainwindow/Selection.h"
-
-#include <utility>
 
 namespace mainwindow {
 
@@ -39,18 +34,6 @@ void frmMain::ssDBGroups_CloseUp() {
 }
 
 void frmMain::ssDBLevels_CloseUp() { ssDBGroups_CloseUp(); }
-
-void frmMain::HiddenMayDiffer() {
-    hiddenMayDiffer_ = true;
-    ScheduleUpdate();
-}
-
-void frmMain::ShowHiddenCount() {
-    if (!std::exchange(hiddenMayDiffer_, false)) return;
-    ShowTimelineTick();
-    const QString nodes = CountedText(std::size_t(filter_->HiddenNodes()), settings::Terms().NODE);
-    staMain_->SetHidden(nodes.isEmpty() ? nodes : tr("%1 hidden").arg(nodes));
-}
 
 void frmMain::DoFixColors() {
     for (diagram::Node &node : CurrentSurface().Nodes()) {

@@ -4,6 +4,7 @@
 #include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
+#include "mainwindow/WindowStatus.h"
 
 #include <algorithm>
 #include <QPointer>
@@ -106,7 +107,8 @@ frmMain *frmMain::Follow(const document::cHyperlink &hyperlink) {
 
 void frmMain::GoToTab(int tab) {
     if (tab >= 0 && tab < tabStrip_.TabCount()) return tabStrip_.SetTheTab(tab);
-    TellInPassing(settings::ReplaceTerms(tr("The @SLICE that this hyperlink leads to is not there.")));
+    status_->TellInPassing(
+        settings::ReplaceTerms(tr("The @SLICE that this hyperlink leads to is not there.")));
 }
 
 } // namespace mainwindow

@@ -6,6 +6,7 @@
 #include "mainwindow/cStatusBar.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/Toolbar.h"
+#include "mainwindow/WindowParts.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -16,29 +17,11 @@
 namespace mainwindow {
 
 void frmMain::DoStatus(const QString &text) {
-    staMain_->SetDoing(text);
-    if (isVisible()) staMain_->repaint();
+    parts_->staMain->SetDoing(text);
+    if (isVisible()) parts_->staMain->repaint();
 }
 
-void frmMain::TellInPassing(const QString &text) {
-    hint_ = text;
-    DoStatus(text);
-}
-
-void frmMain::DropHint() {
-    if (!hint_.isEmpty() && staMain_->Doing() == hint_) DoStatus(QString());
-    hint_.clear();
-}
-
-void frmMain::TellHintOfView(const QString &text) {
-    if (!text.isEmpty())
-        TellInPassing(text);
-    else if (!hintOfView_.isEmpty() && staMain_->Doing() == hintOfView_)
-        DoStatus(QString());
-    hintOfView_ = text;
-}
-
-void frmMain::SetProgress(int percent) { prg1_->Show(qBound(0, percent, 100)); }
+void frmMain::SetProgress(int percent) { parts_->prg1->Show(qBound(0, percent, 100)); }
 
 void frmMain::SetMousePointer(int pointer) {
     mousePointer_ = pointer;
@@ -73,8 +56,8 @@ void frmMain::DoResize() {
 void frmMain::ClickTab() { SSTab_Click(); }
 
 void frmMain::RefreshMainControls() {
-    for (QWidget *control :
-         std::initializer_list<QWidget *>{menuBar(), tlbMain_, tlbFormat_, tlbView_, SSSplitter1_})
+    for (QWidget *control : std::initializer_list<QWidget *>{menuBar(), parts_->tlbMain, parts_->tlbFormat,
+                                                             parts_->tlbView, parts_->SSSplitter1})
         control->update();
     ScheduleUpdate();
 }
@@ -82,12 +65,12 @@ void frmMain::RefreshMainControls() {
 void frmMain::DrawMenuBar() { menuBar()->update(); }
 
 bool frmMain::DisplayPressed() const {
-    const QAction *button = tlbFormat_->Button(QStringLiteral("DISPLAY"));
+    const QAction *button = parts_->tlbFormat->Button(QStringLiteral("DISPLAY"));
     return button && button->isChecked();
 }
 
 void frmMain::ClickFormatButton(const QString &key) {
-    if (QAction *button = tlbFormat_->Button(key); button && button->isCheckable()) button->toggle();
+    if (QAction *button = parts_->tlbFormat->Button(key); button && button->isCheckable()) button->toggle();
     tlbFormat_ButtonClick(key);
 }
 

@@ -38,6 +38,36 @@ private:
     QString path_;
     int exceptions_ = std::uncaught_exceptions();
 };
+
+bool MayRevert(frmMain &window) {
+    return window.Desktop().messageBoxes.Show(QStringLiteral("Revert to saved?"), support::Buttons::YesNo,
+                                              support::Icon::Question, window.windowTitle(),
+                                              support::EnterPresses::No) == Answer::Yes;
+}
+
+// Asks about unsaved changes before another map takes their place. The words have no question mark here.
+bool MayReplace(frmMain &window) {
+    if (!document::MustAskBeforeLosing(window)) return true;
+    const Answer answer =
+        window.Desktop().messageBoxes.Show(QStringLiteral("Save Changes"), support::Buttons::YesNoCancel,
+                                           support::Icon::Question, window.windowTitle());
+    if (answer == Answer::Yes) return document::DoSave(window);
+    return answer == Answer::No;
+}
+
+// The window that shows the file already, reloaded when the user wants that; null when there is none.
+frmMain *OpenElsewhere(const QString &sFilename) {
+    const QString path = support::clsPaths().LongName(sFilename);
+    for (frmMain *form : frmMain::Forms()) {
+        const QString shown = form->clsSettings().ShownFile();
+        if (shown.isEmpty() || !support::IsSameFile(shown, path)) continue;
+        form->ShowWindow();
+        if (document::MustAskBeforeLosing(*form) && MayRevert(*form)) form->Load(shown);
+        return form;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 bool frmMain::WantsNewWindow() {
@@ -53,30 +83,11 @@ frmMain *frmMain::DoOpen(QString sFilename, bool bNewWindow) {
         std::unique_ptr<frmMain> made;
         if (bNewWindow) made = std::make_unique<frmMain>(desktop_);
         frmMain &target = made ? *made : *this;
-        if (!target.MayReplace()) return nullptr;
+        if (!MayReplace(target)) return nullptr;
         made.release(); // shown, it belongs to itself
         target.Load(sFilename);
         return &target;
     });
-}
-
-// The window that shows the file already, reloaded when the user wants that; null when there is none.
-frmMain *frmMain::OpenElsewhere(const QString &sFilename) {
-    const QString path = support::clsPaths().LongName(sFilename);
-    for (frmMain *form : Forms()) {
-        const QString shown = form->clsSettings().ShownFile();
-        if (shown.isEmpty() || !support::IsSameFile(shown, path)) continue;
-        form->ShowWindow();
-        if (document::MustAskBeforeLosing(*form) && form->MayRevert()) form->Load(shown);
-        return form;
-    }
-    return nullptr;
-}
-
-bool frmMain::MayRevert() {
-    return desktop_.messageBoxes.Show(QStringLiteral("Revert to saved?"), support::Buttons::YesNo,
-                                      support::Icon::Question, windowTitle(),
-                                      support::EnterPresses::No) == Answer::Yes;
 }
 
 void frmMain::Load(const QString &path) {
@@ -85,16 +96,6 @@ void frmMain::Load(const QString &path) {
     ShowWindow();
     DoEvents();
     LoadOrOffer(*this, path, [this] { document::DoLoad(*this); });
-}
-
-// Asks about unsaved changes before another map takes their place. The words have no question mark here.
-bool frmMain::MayReplace() {
-    if (!document::MustAskBeforeLosing(*this)) return true;
-    const Answer answer =
-        desktop_.messageBoxes.Show(QStringLiteral("Save Changes"), support::Buttons::YesNoCancel,
-                                   support::Icon::Question, windowTitle());
-    if (answer == Answer::Yes) return document::DoSave(*this);
-    return answer == Answer::No;
 }
 
 } // namespace mainwindow

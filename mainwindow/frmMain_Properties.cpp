@@ -7,7 +7,10 @@
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/BusyRetry.h"
 #include "mainwindow/Selection.h"
+#include "mainwindow/ShowForm.h"
+#include "mainwindow/SliceViews.h"
 #include "mainwindow/TimelinePopup.h"
+#include "mainwindow/WindowStatus.h"
 #include "support/Val.h"
 
 namespace mainwindow {
@@ -43,12 +46,25 @@ QPointF OnSurface(const diagram::Surface &surface, float x, float y) {
     return {x + surface.xScroll(), y + surface.yScroll()};
 }
 
+// The form sees the bare texts.
+void ShowNodeDialog(frmMain &window, diagram::Node &oNode) {
+    const bool bDisplay = window.DisplayPressed();
+    window.SetMousePointer(kHourglass);
+    window.DoEvents();
+    dialogs::NodeDialogArgument argument{window, oNode.Owner(), oNode,
+                                         NodeIsInCollection(oNode, oNode.Owner().SelectedNodes())};
+    if (bDisplay) window.ClickFormatButton(kDisplay);
+    ShowForm(window, argument, frmMain::tr("The dialog for @NODE properties"));
+    if (bDisplay) window.ClickFormatButton(kDisplay);
+    window.ClickTab();
+}
+
 } // namespace
 
 void frmMain::AddFlow1_MouseDown(int index, int button, int, float x, float y) {
-    DropHint();
+    status_->DropHint();
     if (button != diagram::mouse::kRight) return;
-    diagram::SurfaceView &view = ViewOf(index);
+    diagram::SurfaceView &view = views_->At(index);
     const QPointF at = OnSurface(AddFlow1_[index], x, y);
     diagram::Node *node = nullptr;
     diagram::Link *link = nullptr;
@@ -69,7 +85,7 @@ void frmMain::AddFlow1_MouseDown(int index, int button, int, float x, float y) {
 
 void frmMain::AddFlow1_MouseMove(int index, float x, float y) {
     if (!DebugReadOut) return;
-    diagram::SurfaceView &view = ViewOf(index);
+    diagram::SurfaceView &view = views_->At(index);
     const QPointF at = OnSurface(AddFlow1_[index], x, y);
     SetWindowCaption(QStringLiteral("X=%1, Y=%2, OverNode=%3, OverLink=%4")
                          .arg(support::CStr(x), support::CStr(y), BooleanText(NodeUnder(view, at)),
@@ -80,23 +96,10 @@ void frmMain::ShowNodeProperties(diagram::Node &oNode, float x, float y) {
     support::PassOn("ShowNodeProperties", [&] {
         SelectForProperties(oNode, std::vector(oNode.Owner().SelectedNodes()));
         if (oNode.Selectable())
-            ShowNodeDialog(oNode);
+            ShowNodeDialog(*this, oNode);
         else if (!oNode.Hidden())
-            popup_->Show(oNode, ViewOf(oNode.Owner().Index()), OnSurface(oNode.Owner(), x, y));
+            popup_->Show(oNode, views_->At(oNode.Owner().Index()), OnSurface(oNode.Owner(), x, y));
     });
-}
-
-// The form sees the bare texts.
-void frmMain::ShowNodeDialog(diagram::Node &oNode) {
-    const bool bDisplay = DisplayPressed();
-    SetMousePointer(kHourglass);
-    DoEvents();
-    dialogs::NodeDialogArgument argument{*this, oNode.Owner(), oNode,
-                                         NodeIsInCollection(oNode, oNode.Owner().SelectedNodes())};
-    if (bDisplay) ClickFormatButton(kDisplay);
-    ShowForm(argument, tr("The dialog for @NODE properties"));
-    if (bDisplay) ClickFormatButton(kDisplay);
-    SSTab_Click();
 }
 
 void frmMain::ShowLinkProperties(diagram::Link &oLink) {
@@ -107,7 +110,7 @@ void frmMain::ShowLinkProperties(diagram::Link &oLink) {
         SelectForProperties(oLink, std::vector(surface.SelectedLinks()));
         dialogs::LinkDialogArgument argument{*this, surface, oLink, {}};
         if (LinkIsInCollection(oLink, surface.SelectedLinks())) argument.oLinks = surface.SelectedLinks();
-        ShowForm(argument, tr("The dialog for @LINK properties"));
+        ShowForm(*this, argument, tr("The dialog for @LINK properties"));
     });
 }
 
@@ -117,10 +120,6 @@ void frmMain::ShowPropertiesOfSelection(int index) {
         ShowNodeProperties(*node, node->Left() - surface.xScroll(), node->Top() - surface.yScroll());
     else if (diagram::Link *link = surface.SelectedLink())
         ShowLinkProperties(*link);
-}
-
-void frmMain::TellNotYet(const QString &what) {
-    TellInPassing(settings::ReplaceTerms(tr("%1 is not there yet.").arg(what)));
 }
 
 } // namespace mainwindow

@@ -1,11 +1,11 @@
-// Window events other than closing: first showing, activation, resizing, what is dropped.
+// Window events other than closing: first showing, activation, resizing.
 #include "mainwindow/frmMain.h"
 
 #include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"
-#include "mainwindow/DroppedFiles.h"
+#include "mainwindow/WindowParts.h"
 
-#include <QDragMoveEvent>
+#include <QEvent>
 #include <utility>
 
 namespace mainwindow {
@@ -34,36 +34,24 @@ void frmMain::resizeEvent(QResizeEvent *event) {
 }
 
 bool frmMain::eventFilter(QObject *watched, QEvent *event) {
-    if (watched == picRHS_ && event->type() == QEvent::Resize) picRHS_Resize();
+    if (!parts_) return false; // they are being made
+    if (watched == parts_->picRHS && event->type() == QEvent::Resize) picRHS_Resize();
     // What stands beside the panel comes and goes.
-    if (watched != picRHS_ && event->type() == QEvent::Move)
-        cProgressOnStatusBar().SetProgressBar(*prg1_, *staMain_);
+    if (watched != parts_->picRHS && event->type() == QEvent::Move)
+        cProgressOnStatusBar().SetProgressBar(*parts_->prg1, *parts_->staMain);
     return QMainWindow::eventFilter(watched, event);
 }
 
 // The splitter fills the window by itself; the progress bar waits until the size has settled.
 void frmMain::Form_Resize() {
-    prg1_->hide();
+    parts_->prg1->hide();
     tmrResize_.start();
 }
 
 void frmMain::tmrResize_Timer() {
     tmrResize_.stop();
-    cProgressOnStatusBar().SetProgressBar(*prg1_, *staMain_);
-    prg1_->show();
-}
-
-void frmMain::dragEnterEvent(QDragEnterEvent *event) { drop_->Accept(*event); }
-
-void frmMain::dragMoveEvent(QDragMoveEvent *event) {
-    if (drop_->Accept(*event)) drop_->TellAt(event->position().toPoint());
-}
-
-void frmMain::dragLeaveEvent(QDragLeaveEvent *) { DropHint(); }
-
-void frmMain::dropEvent(QDropEvent *event) {
-    DropHint();
-    drop_->Drop(*event);
+    cProgressOnStatusBar().SetProgressBar(*parts_->prg1, *parts_->staMain);
+    parts_->prg1->show();
 }
 
 } // namespace mainwindow

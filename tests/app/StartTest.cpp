@@ -7,7 +7,9 @@
 #include "document/MapSchema.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/frmSplash.h"
+#include "mainwindow/LostMapOffers.h"
 #include "mainwindow/RecoveryBar.h"
+#include "mainwindow/WindowJournal.h"
 #include "recovery/JournalFile.h"
 #include "support/Files.h"
 #include "support/testing/ScriptedDesktop.h"
@@ -269,17 +271,17 @@ TEST_F(Start, OffersWhatAFormerRunHasLeftUnsaved) {
         recovery::Step step{true, {}, {QDateTime::currentDateTime(), 1, recovery::MapFrame()}};
         journal.Write(step);
     }
-    EXPECT_EQ(Run()->OfferedMaps(), nullptr); // keeps no journals, so it offers none
+    EXPECT_EQ(Run()->LostMaps().Bar(), nullptr); // keeps no journals, so it offers none
     delete frmMain::Forms().front();
     StartOptions options;
     options.keepJournals = true;
     frmMain *window = Main(desktop.Get(), options);
-    ASSERT_TRUE(window && window->OfferedMaps());
-    EXPECT_TRUE(window->OfferedMaps()->isVisible());
-    EXPECT_EQ(window->OfferedMaps()->Count(), 1);
+    ASSERT_TRUE(window && window->LostMaps().Bar());
+    EXPECT_TRUE(window->LostMaps().Bar()->isVisible());
+    EXPECT_EQ(window->LostMaps().Bar()->Count(), 1);
     EXPECT_TRUE(window->Journal());
     delete window;
-    frmMain::SetJournalsFolder(QString());
+    mainwindow::WindowJournal::SetFolder(QString());
     former.isNull() ? qunsetenv("XDG_STATE_HOME") : qputenv("XDG_STATE_HOME", former);
 }
 

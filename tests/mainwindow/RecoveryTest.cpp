@@ -1,5 +1,6 @@
 #include "diagram/view/SurfaceView.h"
 #include "document/DoSave.h"
+#include "mainwindow/LostMapOffers.h"
 #include "mainwindow/RecoveryBar.h"
 #include "mainwindow/WindowJournal.h"
 #include "recovery/LostMaps.h"
@@ -20,8 +21,8 @@ namespace {
 
 class Recovery : public WindowTest {
 protected:
-    Recovery() { frmMain::SetJournalsFolder(Root()); }
-    ~Recovery() override { frmMain::SetJournalsFolder(QString()); }
+    Recovery() { WindowJournal::SetFolder(Root()); }
+    ~Recovery() override { WindowJournal::SetFolder(QString()); }
 
     QString Root() const { return MapFile(QStringLiteral("state")); }
     int Folders() const { return int(QDir(Root()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size()); }
@@ -54,12 +55,12 @@ protected:
     }
     frmMain &NextStart() {
         frmMain &window = NewWindow();
-        window.OfferLostMaps(recovery::FindLostMaps(Root()));
+        window.LostMaps().Add(recovery::FindLostMaps(Root()));
         ProcessEvents();
         return window;
     }
     static void Choose(frmMain &window, OfferAnswer answer, int row = 0) {
-        QTest::mouseClick(window.OfferedMaps()->Button(row, answer), Qt::LeftButton);
+        QTest::mouseClick(window.LostMaps().Bar()->Button(row, answer), Qt::LeftButton);
     }
     static QStringList Texts(frmMain &window) {
         QStringList texts;
@@ -80,13 +81,13 @@ TEST_F(Recovery, AStartAfterNothingWasLostShowsNoBar) {
     window.close();
     ProcessEvents();
     EXPECT_EQ(Folders(), 0);
-    EXPECT_EQ(NextStart().OfferedMaps(), nullptr);
+    EXPECT_EQ(NextStart().LostMaps().Bar(), nullptr);
 }
 
 TEST_F(Recovery, ALostMapIsOfferedAboveTheSurfaceWithNameTimeAndChanges) {
     Lose({QStringLiteral("one"), QStringLiteral("two")}, SavedMap(QStringLiteral("Plan.map"), 1));
     frmMain &window = NextStart();
-    RecoveryBar *bar = window.OfferedMaps();
+    RecoveryBar *bar = window.LostMaps().Bar();
     ASSERT_TRUE(bar && bar->isVisible());
     EXPECT_TRUE(bar->Text(0).startsWith(QStringLiteral("Plan.map: 2 changes, ")));
     EXPECT_TRUE(bar->Text(0).contains(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat)));
@@ -104,7 +105,7 @@ TEST_F(Recovery, RestoreOpensTheMapAsUnsavedWork) {
     EXPECT_EQ(Texts(window), QStringList{QStringLiteral("one")});
     EXPECT_EQ(window.clsSettings().Database(), map);
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Velmora - Plan.map"));
-    EXPECT_FALSE(window.OfferedMaps()->isVisible());
+    EXPECT_FALSE(window.LostMaps().Bar()->isVisible());
     EXPECT_TRUE(window.CurrentView().hasFocus());
     Q_EMIT window.CurrentView().HintShown(diagram::Hint::Nothing); // the pointer enters the surface
     EXPECT_TRUE(Status(window).contains(QStringLiteral("Plan.map was restored")));
@@ -122,7 +123,7 @@ TEST_F(Recovery, RestoreOpensTheMapAsUnsavedWork) {
 TEST_F(Recovery, AMapThatWasNeverSavedComesBackUntitled) {
     Lose({QStringLiteral("new")});
     frmMain &window = NextStart();
-    EXPECT_TRUE(window.OfferedMaps()->Text(0).startsWith(QStringLiteral("Untitled: 1 change, ")));
+    EXPECT_TRUE(window.LostMaps().Bar()->Text(0).startsWith(QStringLiteral("Untitled: 1 change, ")));
     Choose(window, OfferAnswer::Restore);
     EXPECT_EQ(window.clsSettings().Database(), QString());
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Untitled - Velmora"));
@@ -137,7 +138,7 @@ TEST_F(Recovery, AMapThatIsLostAgainAfterItWasRestoredIsOfferedAgain) {
     Write(window);
     Crash(window);
     frmMain &next = NextStart();
-    ASSERT_EQ(next.OfferedMaps()->Count(), 1);
+    ASSERT_EQ(next.LostMaps().Bar()->Count(), 1);
     Choose(next, OfferAnswer::Restore);
     EXPECT_EQ(Texts(next), (QStringList{QStringLiteral("one"), QStringLiteral("two")}));
 }
@@ -166,7 +167,7 @@ TEST_F(Recovery, SeveralMapsAreAnsweredOneByOne) {
     Lose({QStringLiteral("first")});
     Lose({QStringLiteral("second")});
     frmMain &window = NextStart();
-    RecoveryBar *bar = window.OfferedMaps();
+    RecoveryBar *bar = window.LostMaps().Bar();
     ASSERT_EQ(bar->Count(), 2);
     const int height = bar->height();
     Choose(window, OfferAnswer::Restore, 1); // the older
@@ -183,7 +184,7 @@ TEST_F(Recovery, ShowLaterOffersItAgainAtTheNextStartAlone) {
     Lose({QStringLiteral("a")});
     frmMain &window = NextStart();
     Choose(window, OfferAnswer::Later);
-    EXPECT_FALSE(window.OfferedMaps()->isVisible());
+    EXPECT_FALSE(window.LostMaps().Bar()->isVisible());
     EXPECT_EQ(Texts(window), QStringList());
     Crash(window);
     frmMain &next = NextStart();
@@ -196,7 +197,7 @@ TEST_F(Recovery, AnOfferThatWasNotAnsweredStays) {
     frmMain &window = NextStart();
     window.close();
     ProcessEvents();
-    EXPECT_EQ(NextStart().OfferedMaps()->Count(), 1);
+    EXPECT_EQ(NextStart().LostMaps().Bar()->Count(), 1);
 }
 
 TEST_F(Recovery, DiscardAsksAndThrowsAway) {
@@ -205,17 +206,17 @@ TEST_F(Recovery, DiscardAsksAndThrowsAway) {
     desktop.ExpectMessageContaining(QStringLiteral("Discard the changes of Untitled"), Answer::No);
     Choose(window, OfferAnswer::Discard);
     EXPECT_EQ(desktop.Messages().back().enter, support::EnterPresses::No);
-    EXPECT_EQ(window.OfferedMaps()->Count(), 1);
+    EXPECT_EQ(window.LostMaps().Bar()->Count(), 1);
     desktop.ExpectMessageContaining(QStringLiteral("Discard the changes of Untitled"), Answer::Yes);
     Choose(window, OfferAnswer::Discard);
-    EXPECT_FALSE(window.OfferedMaps()->isVisible());
+    EXPECT_FALSE(window.LostMaps().Bar()->isVisible());
     EXPECT_EQ(Folders(), 0);
 }
 
 TEST_F(Recovery, TheBarIsReachedByKeysAndNamedForAScreenReader) {
     Lose({QStringLiteral("a")});
     frmMain &window = NextStart();
-    RecoveryBar *bar = window.OfferedMaps();
+    RecoveryBar *bar = window.LostMaps().Bar();
     QTest::keyClick(&window, Qt::Key_P, Qt::AltModifier);
     QPushButton *restore = bar->Button(0, OfferAnswer::Restore);
     EXPECT_TRUE(restore->hasFocus());
@@ -272,7 +273,7 @@ TEST_F(Recovery, ASavedMapLeavesNothingAndNoMapThatIsOnlyOpened) {
     Write(window);
     EXPECT_EQ(Folders(), 0);
     Crash(window);
-    EXPECT_EQ(NextStart().OfferedMaps(), nullptr);
+    EXPECT_EQ(NextStart().LostMaps().Bar(), nullptr);
 }
 
 TEST_F(Recovery, UndoingAllLeavesNothingAndWhatMakesNoMapDirtyIsKept) {

@@ -10,6 +10,7 @@
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/TickBox.h"
+#include "mainwindow/WindowStatus.h"
 #include "tests/mainwindow/WindowTest.h"
 #include "timeline/AddTimelineLink.h"
 
@@ -216,7 +217,7 @@ TEST_F(Unsaved, AMapWithoutChangesIsNotAskedAboutWhenItIsOpenedAgain) {
 }
 
 TEST_F(Unsaved, TheFieldFollowsAtOnceAndTellsItToScreenReaders) {
-    QSignalSpy told(&window, &frmMain::UnsavedWorkChanged);
+    QSignalSpy told(&window.Status(), &WindowStatus::UnsavedWorkChanged);
     EXPECT_EQ(Field().text(), QStringLiteral("All saved"));
     Node(1).SetSelected(true);
     Press(window, QStringLiteral("Right"));

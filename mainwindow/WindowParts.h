@@ -1,0 +1,52 @@
+// The controls of the window, as they are put together.
+#pragma once
+
+class QSplitter;
+class QWidget;
+
+namespace mainwindow {
+
+class CommandSearch;
+class cProgressBar;
+class cStatusBar;
+class frmMain;
+class frmPics;
+enum class Needs;
+class PickBox;
+class SliceTabs;
+class SmartMenu;
+class Toolbar;
+
+// All of them belong to the window.
+class WindowParts {
+public:
+    explicit WindowParts(frmMain &window);
+    // The buttons; the menus must stand already.
+    void FillToolbars(frmPics &pics);
+    // The entries and buttons that need this of the window's state.
+    void SetEnabled(Needs needs, bool enabled);
+
+    SmartMenu *SmartMenuXP1a;
+    CommandSearch *search;
+    QSplitter *SSSplitter1;
+    QWidget *picRHS; // where the surfaces are
+    SliceTabs *SSTab_ctl;
+    cStatusBar *staMain;
+    cProgressBar *prg1;
+    Toolbar *tlbMain;
+    Toolbar *tlbFormat;
+    Toolbar *tlbView;
+    Toolbar *tlbFilter;
+    PickBox *cboFont = nullptr;
+    PickBox *cboFontSize = nullptr;
+
+private:
+    void BuildPanes();
+    void BuildToolbars();
+    void BuildStatusBar();
+    void AddFontBoxes(frmPics &pics);
+
+    frmMain &window_;
+};
+
+} // namespace mainwindow

@@ -1,0 +1,63 @@
+#include "mainwindow/WindowStatus.h"
+
+#include "app/settings/Settings.h"
+#include "diagram/view/SurfaceView.h"
+#include "document/UnsavedWork.h"
+#include "mainwindow/cStatusBar.h"
+#include "mainwindow/FilterBoxes.h"
+#include "mainwindow/frmMain.h"
+#include "mainwindow/Selection.h"
+#include "mainwindow/TimelineCommands.h"
+
+#include <utility>
+
+namespace mainwindow {
+
+void WindowStatus::TellInPassing(const QString &text) {
+    hint_ = text;
+    window_.DoStatus(text);
+}
+
+void WindowStatus::DropHint() {
+    if (!hint_.isEmpty() && bar_.Doing() == hint_) window_.DoStatus(QString());
+    hint_.clear();
+}
+
+void WindowStatus::TellHintOfView(const QString &text) {
+    if (!text.isEmpty())
+        TellInPassing(text);
+    else if (!hintOfView_.isEmpty() && bar_.Doing() == hintOfView_)
+        window_.DoStatus(QString());
+    hintOfView_ = text;
+}
+
+void WindowStatus::TellNotYet(const QString &what) {
+    TellInPassing(settings::ReplaceTerms(frmMain::tr("%1 is not there yet.").arg(what)));
+}
+
+void WindowStatus::HiddenMayDiffer() {
+    hiddenMayDiffer_ = true;
+    window_.ScheduleUpdate();
+}
+
+void WindowStatus::Update() {
+    bar_.SetSelection(SelectionText(window_.CurrentSurface()));
+    bar_.SetZoom(window_.CurrentView().ShownZoom());
+    if (std::exchange(hiddenMayDiffer_, false)) ShowHiddenCount();
+    ShowWhetherSaved();
+}
+
+void WindowStatus::ShowHiddenCount() {
+    ShowTimelineTick(window_);
+    const QString nodes = CountedText(std::size_t(window_.Filter().HiddenNodes()), settings::Terms().NODE);
+    bar_.SetHidden(nodes.isEmpty() ? nodes : frmMain::tr("%1 hidden").arg(nodes));
+}
+
+void WindowStatus::ShowWhetherSaved() {
+    const bool unsaved = document::MustAskBeforeLosing(window_);
+    if (std::exchange(unsaved_, unsaved) == unsaved) return;
+    bar_.SetUnsaved(unsaved);
+    Q_EMIT UnsavedWorkChanged(unsaved);
+}
+
+} // namespace mainwindow
