@@ -24,6 +24,13 @@ bool AsksBeforeDiscarding(support::Desktop &desktop, const recovery::LostMap &lo
                support::EnterPresses::No) == support::Answer::Yes;
 }
 
+// Whether a user sees nothing on it; its default nodes are hidden.
+bool IsEmpty(const diagram::Surface &surface) {
+    for (const diagram::Node &node : surface.Nodes())
+        if (node.Selectable()) return false;
+    return true;
+}
+
 } // namespace
 
 void LostMapOffers::Add(std::vector<recovery::LostMap> lost) {
@@ -87,7 +94,7 @@ frmMain *LostMapOffers::PlaceFor(const QString &path) {
     for (frmMain *form : frmMain::Forms())
         if (!path.isEmpty() && form->clsSettings().Database() == path && !form->HasUnsavedWork()) return form;
     const bool isEmpty = window_.clsSettings().Database().isEmpty() && !window_.HasUnsavedWork() &&
-                         window_.AddFlow1().Count() == 1 && window_.AddFlow1()[0].Nodes().Count() == 0;
+                         window_.AddFlow1().Count() == 1 && IsEmpty(window_.AddFlow1()[0]);
     return isEmpty ? &window_ : nullptr;
 }
 

@@ -1,5 +1,7 @@
 #include "diagram/view/SurfaceView.h"
+#include "document/DefaultNodes.h"
 #include "document/DoSave.h"
+#include "document/UnsavedWork.h"
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/RecoveryBar.h"
 #include "mainwindow/WindowJournal.h"
@@ -128,6 +130,17 @@ TEST_F(Recovery, AMapThatWasNeverSavedComesBackUntitled) {
     EXPECT_EQ(window.clsSettings().Database(), QString());
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Untitled - Velmora"));
     EXPECT_TRUE(window.clsSettings().Dirty);
+}
+
+TEST_F(Recovery, AWindowWithNothingButItsDefaultNodesTakesTheMap) {
+    Lose({QStringLiteral("one")});
+    frmMain &window = NextStart();
+    document::LocateTemplateNode(window.CurrentSurface(), true);
+    document::MarkSaved(window);
+    const std::size_t windows = frmMain::Forms().size();
+    Choose(window, OfferAnswer::Restore);
+    EXPECT_EQ(frmMain::Forms().size(), windows);
+    EXPECT_TRUE(window.HasUnsavedWork());
 }
 
 TEST_F(Recovery, AMapThatIsLostAgainAfterItWasRestoredIsOfferedAgain) {
