@@ -1,6 +1,7 @@
 #include "diagram/model/Link.h"
 
 #include "diagram/model/Ranges.h"
+#include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
 
 namespace diagram {
@@ -15,16 +16,16 @@ void Link::Write(T LinkData::*member, T value, Change what) {
 
 bool Link::OwnBends() const {
     // Finding out changes nothing that can be seen otherwise.
-    Owner().SettleWays();
-    Owner().routing_.Judge(const_cast<Link &>(*this));
+    Owner().routing_->Settle();
+    Owner().routing_->Judge(const_cast<Link &>(*this));
     return data_.ownBends;
 }
 
 int Link::Zorder() const { return Owner().StackPosition(*this); }
 
 const std::vector<Point> &Link::Way() const {
-    Owner().SettleWays();
-    if (stale_) Owner().routing_.Route(const_cast<Link &>(*this));
+    Owner().routing_->Settle();
+    if (stale_) Owner().routing_->Route(const_cast<Link &>(*this));
     return data_.points;
 }
 
@@ -39,16 +40,16 @@ void Link::SetEnd(ItemId LinkData::*member, Node *Link::*end, Node &node) {
         throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("Link"),
                              QStringLiteral("Invalid procedure call or argument"));
     }
-    surface.routing_.Judge(*this);
+    surface.routing_->Judge(*this);
     surface.Record(*this);
-    surface.routing_.RespaceBeside(*this);
+    surface.routing_->RespaceBeside(*this);
     (this->*end)->Detach(*this);
     this->*end = &node;
     data_.*member = node.Id();
     source_->Attach(*this);
     destination_->Attach(*this);
     stale_ = stale_ || !KeepsPoints();
-    surface.routing_.RespaceBeside(*this);
+    surface.routing_->RespaceBeside(*this);
     surface.Notify(*this, Change::Geometry);
 }
 
@@ -56,7 +57,7 @@ void Link::SetStyle(int value) {
     const auto style = std::uint8_t(Checked(IsLinkStyle, value, "Link"));
     if (style == data_.style) return;
     Surface &surface = Owner();
-    surface.routing_.Judge(*this);
+    surface.routing_->Judge(*this);
     surface.Record(*this);
     // Bends of the user's last from one free form to another only.
     const auto free = [](int of) { return of == 0 || of == 14; };
@@ -114,11 +115,11 @@ void Link::SetMovePointsMode(bool on) { Switch(&LinkData::movePointsMode, on); }
 void Link::Switch(bool LinkData::*mode, bool on) {
     Write(mode, on, Change::Data);
     if (Owner().Loading() || !unjudged_) return;
-    Owner().SettleWays();
-    Owner().routing_.Judge(*this);
+    Owner().routing_->Settle();
+    Owner().routing_->Judge(*this);
 }
 void Link::SetOwnBends(bool on) {
-    Owner().routing_.Judge(*this);
+    Owner().routing_->Judge(*this);
     Write(&LinkData::ownBends, on, Change::Data);
 }
 void Link::SetZorder(int position) { Owner().SetStackPosition(*this, position); }

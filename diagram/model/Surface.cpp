@@ -1,6 +1,7 @@
 #include "diagram/model/Surface.h"
 
 #include "diagram/model/Ranges.h"
+#include "diagram/model/Routing.h"
 
 #include <algorithm>
 #include <atomic>
@@ -21,7 +22,8 @@ std::uint64_t NextRevisionNumber() {
     return ++last;
 }
 
-Surface::Surface() : events_(&NobodyListens()), outside_(NextRevisionNumber()) {}
+Surface::Surface()
+    : events_(&NobodyListens()), outside_(NextRevisionNumber()), routing_(std::make_unique<Routing>(*this)) {}
 
 Surface::~Surface() = default;
 

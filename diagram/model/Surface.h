@@ -5,7 +5,6 @@
 #include "diagram/model/Item.h"
 #include "diagram/model/Link.h"
 #include "diagram/model/Node.h"
-#include "diagram/model/Routing.h"
 #include "diagram/model/SurfaceEvents.h"
 
 #include <memory>
@@ -15,6 +14,10 @@
 #include <vector>
 
 namespace diagram {
+
+class Routing;
+struct HeldWays;
+struct LinkDraft;
 
 // Distance of the stacking keys of two items added one after the other.
 constexpr StackKey kStackGap = 1 << 20;
@@ -197,17 +200,17 @@ public:
     std::vector<Point> WayOf(const LinkDraft &link);
     // Makes links give way to the nodes that have come, moved, grown or been shown since the last time.
     // Reading a way and opening or closing a group do so by themselves.
-    void SettleWays() { routing_.Settle(); }
+    void SettleWays();
     // Takes all ways as they are for right though nodes have changed: they came back to an earlier state.
-    void KeepWays() { routing_.Keep(); }
+    void KeepWays();
     // The node counts as moved, the link as one whose way something may have come into.
-    void MakeWayFor(Node &node) { routing_.NodeChanged(node); }
-    void CheckWay(Link &link) { routing_.Check(link); }
+    void MakeWayFor(Node &node);
+    void CheckWay(Link &link);
     // Collects the values that links have had before they gave way, from now until the holder lets it go or
     // another one asks.
     std::shared_ptr<HeldWays> HoldWays();
     // While on, everything is written as it is told: no link gives way or is laid out anew beside another.
-    void SetReplaying(bool on) { routing_.SetReplaying(on); }
+    void SetReplaying(bool on);
     // Union of the boxes of nodes and the ways of links, hidden ones left out; empty for none. Twips.
     QRectF Extent() const;
 
@@ -309,7 +312,7 @@ private:
     bool shiftMode_ = false;
     bool showsBothTexts_ = false;
     bool loading_ = false;
-    Routing routing_{*this};
+    std::unique_ptr<Routing> routing_;
 };
 
 // While it stands, what is written outside of groups makes no other revision: it follows from what was
