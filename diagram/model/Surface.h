@@ -22,23 +22,6 @@ struct LinkDraft;
 // Distance of the stacking keys of two items added one after the other.
 constexpr StackKey kStackGap = 1 << 20;
 
-// What a new node takes over. Copied from the default node of the slice.
-struct NodeDefaults {
-    int shape = 1;
-    int shapeOrientation = 0;
-    int shadow = 0;
-    int drawStyle = 0;
-    support::Colour borderColor = support::kBlack;
-    support::Colour fillColor = support::kWhite;
-    Font font;
-    support::Colour foreColor = support::kBlack;
-    int alignment = 7;
-    int autoSize = 0;
-    float drawWidth = 1;
-    int picturePos = 7;
-    friend bool operator==(const NodeDefaults &, const NodeDefaults &) = default;
-};
-
 // The surface's own values that undo keeps when they are written inside a group.
 struct SurfaceData {
     QString tag;
@@ -46,7 +29,7 @@ struct SurfaceData {
     support::Colour backColor = support::kWhite;
     std::int32_t xZoom = 100, yZoom = 100; // per cent; 0 fits the content into the window
     bool gridLines = false;
-    NodeDefaults defaults;
+    NodeLook defaults; // of new nodes: copied from the default node of the slice
 };
 
 // Which content a surface has, as far as a map file keeps it: what the steps of undo made of it, and what was
@@ -128,14 +111,14 @@ public:
     int xZoom() const { return data_.xZoom; }
     int yZoom() const { return data_.yZoom; }
     bool GridLines() const { return data_.gridLines; }
-    const NodeDefaults &Defaults() const { return data_.defaults; }
+    const NodeLook &Defaults() const { return data_.defaults; }
     void SetTag(const QString &tag);
     void SetPicture(const diagram::Picture &picture);
     void SetBackColor(support::Colour colour);
     void SetxZoom(int percent); // 0 to 10000, error 380
     void SetyZoom(int percent);
     void SetGridLines(bool on);
-    void SetDefaults(const NodeDefaults &defaults);
+    void SetDefaults(const NodeLook &defaults);
 
     // Values of the screen, never recorded or stored.
     bool SnapToGrid() const { return snapToGrid_; }
@@ -264,8 +247,8 @@ private:
     void RecordSurface();
     void CountWrite();
     void Notify(Item &item, Change what);
-    template <typename T>
-    void Write(T SurfaceData::*member, T value, Change what);
+    template <auto Member, typename T>
+    void Write(const T &value);
     void NotifySurface(Change what);
 
     // Around a write to the node.

@@ -164,7 +164,7 @@ void Surface::Overwrite(SurfaceData data) {
     NotifySurface(what);
 }
 
-void Surface::SetDefaults(const NodeDefaults &defaults) {
+void Surface::SetDefaults(const NodeLook &defaults) {
     if (!IsValid(defaults)) RaiseInvalidValue("Surface");
     SurfaceData data = data_;
     data.defaults = defaults;
