@@ -1,8 +1,6 @@
 #include "document/CellRules.h"
 
-#include "diagram/model/Link.h"
-#include "diagram/model/Node.h"
-#include "diagram/model/Ranges.h"
+#include "document/ItemColumns.h"
 #include "support/Error.h"
 #include "support/Val.h"
 
@@ -18,65 +16,44 @@ using namespace diagram;
 using namespace schema;
 using storage::FieldType;
 
-bool IsFontSize(double points) { return points > 0 && points <= kLargestFontSize; }
-bool IsSliceIndex(double index) { return Between(index, 0, 32767); }
-
-const NodeData kNode;
-const LinkData kLink;
-constexpr double kSmallestFont = 0.0001; // points
+constexpr Range IsFontSize{0.0001, kLargestFontSize}; // points
+constexpr Range IsSliceIndex{0, 32767};
 constexpr double kUsualFont = 8;
-constexpr double kUsualSide = 900; // twips, of a node whose size cannot be read
 
 // An index or a position that is refused says nothing: it becomes Null.
 constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
-const CellRule kRules[] = {
-    {&kSlices, slice::kIndex, IsSliceIndex, 0, 32767, kNone},
-    {&kNodes, node::kSlice, IsSliceIndex, 0, 32767, kNone},
-    {&kLinks, link::kSlice, IsSliceIndex, 0, 32767, kNone},
-    {&kLinkPoints, point::kIndex, IsAnything, INT32_MIN, INT32_MAX, kNone},
-    {&kHyperlinks, hyperlink::kSlice, IsAnything, INT16_MIN, INT16_MAX, 1},
-    {&kSlices, slice::kBackColor, IsAnything, INT32_MIN, INT32_MAX, support::kWhite},
-    {&kSlices, slice::kxZoom, IsZoom, 0, 10000, 0},
-    {&kSlices, slice::kyZoom, IsZoom, 0, 10000, 0},
-    {&kNodes, node::kTop, IsSize, 0, kLargestCoordinate, 0, true},
-    {&kNodes, node::kLeft, IsSize, 0, kLargestCoordinate, 0, true},
-    {&kNodes, node::kHeight, IsSize, 0, kLargestCoordinate, kUsualSide, true},
-    {&kNodes, node::kWidth, IsSize, 0, kLargestCoordinate, kUsualSide, true},
-    {&kNodes, node::kShape, IsShape, 0, 77, double(kNode.shape)},
-    {&kNodes, node::kShapeOrientation, IsOrientation, 0, 3, double(kNode.shapeOrientation)},
-    {&kNodes, node::kDrawStyle, IsDrawStyle, 0, 6, double(kNode.drawStyle)},
-    {&kNodes, node::kDrawWidth, IsDrawWidth, 0, 32767, kNode.drawWidth},
-    {&kNodes, node::kxTextMargin, IsMargin, -32768, 32767, double(kNode.xTextMargin)},
-    {&kNodes, node::kyTextMargin, IsMargin, -32768, 32767, double(kNode.yTextMargin)},
-    {&kNodes, node::kShadow, IsShadow, 0, 4, double(kNode.shadow)},
-    {&kNodes, node::kPicturePos, IsPicturePos, 0, 9, double(kNode.picturePos)},
-    {&kNodes, node::kBorderColor, IsAnything, INT32_MIN, INT32_MAX, double(kNode.borderColor)},
-    {&kNodes, node::kFillColor, IsAnything, INT32_MIN, INT32_MAX, double(kNode.fillColor)},
-    {&kNodes, node::kForeColor, IsAnything, INT32_MIN, INT32_MAX, double(kNode.foreColor)},
-    {&kNodes, node::kSelectable, IsAnything, 0, 1, double(kNode.selectable)},
-    {&kNodes, node::kAutoSize, IsAutoSize, 0, 3, double(kNode.autoSize)},
-    {&kNodes, node::kAlignment, IsAlignment, 0, 8, double(kNode.alignment)},
-    {&kLinks, link::kStyle, IsLinkStyle, 0, 14, double(kLink.style)},
-    {&kLinks, link::kArrowSource, IsArrow, 0, 32, double(kLink.arrowSource)},
-    {&kLinks, link::kArrowDest, IsArrow, 0, 32, double(kLink.arrowDest)},
-    {&kLinks, link::kArrowMiddle, IsArrow, 0, 32, double(kLink.arrowMiddle)},
-    {&kLinks, link::kArrowSizeSource, IsArrowSize, 0, 2, double(kLink.arrowSizeSource)},
-    {&kLinks, link::kArrowSizeDest, IsArrowSize, 0, 2, double(kLink.arrowSizeDest)},
-    {&kLinks, link::kArrowSizeMiddle, IsArrowSize, 0, 2, double(kLink.arrowSizeMiddle)},
-    {&kLinks, link::kDrawStyle, IsDrawStyle, 0, 6, double(kLink.drawStyle)},
-    {&kLinks, link::kDrawWidth, IsDrawWidth, 0, 32767, kLink.drawWidth},
-    {&kLinks, link::kJumpStyle, IsJumpStyle, 0, 2, double(kLink.jumpStyle)},
-    {&kLinks, link::kForeColor, IsAnything, INT32_MIN, INT32_MAX, double(kLink.foreColor)},
-    {&kLinks, link::kLineColor, IsAnything, INT32_MIN, INT32_MAX, double(kLink.lineColor)},
-    {&kLinks, link::kSelectable, IsAnything, 0, 1, double(kLink.selectable)},
-    {&kLinks, link::kOriented, IsAnything, 0, 1, double(kLink.oriented)},
-    {&kLinkPoints, point::kX, IsCoordinate, -kLargestCoordinate, kLargestCoordinate, 0},
-    {&kLinkPoints, point::kY, IsCoordinate, -kLargestCoordinate, kLargestCoordinate, 0},
-    {&kFonts, font::kSize, IsFontSize, kSmallestFont, kLargestFontSize, kUsualFont},
-    {&kLevels, level::kSelected, IsAnything, 0, 1, 1},
-    {&kGroups, group::kSelected, IsAnything, 0, 1, 1},
+const CellRule kOtherRules[] = {
+    {&kSlices, slice::kIndex, IsSliceIndex, kNone},
+    {&kNodes, node::kSlice, IsSliceIndex, kNone},
+    {&kLinks, link::kSlice, IsSliceIndex, kNone},
+    {&kLinkPoints, point::kIndex, IsAnything, kNone},
+    {&kHyperlinks, hyperlink::kSlice, IsAnything, 1},
+    {&kSlices, slice::kBackColor, IsAnything, support::kWhite},
+    {&kSlices, slice::kxZoom, IsZoom, 0},
+    {&kSlices, slice::kyZoom, IsZoom, 0},
+    {&kLinkPoints, point::kX, IsCoordinate, 0},
+    {&kLinkPoints, point::kY, IsCoordinate, 0},
+    {&kFonts, font::kSize, IsFontSize, kUsualFont},
+    {&kLevels, level::kSelected, IsAnything, 1},
+    {&kGroups, group::kSelected, IsAnything, 1},
 };
+
+// Numbers, and what is usually True: False needs no rule.
+template <typename Columns>
+void AddRules(std::vector<CellRule> &rules, const TableLayout &table, const Columns &columns) {
+    for (const auto &column : columns) {
+        if (!column.usual || (column.def.type == FieldType::Boolean && column.usual() == 0)) continue;
+        rules.push_back({&table, column.position, *column.range, column.usual(), column.isMagnitude});
+    }
+}
+
+std::vector<CellRule> AllRules() {
+    std::vector<CellRule> rules(std::begin(kOtherRules), std::end(kOtherRules));
+    AddRules(rules, kNodes, kNodeColumns);
+    AddRules(rules, kLinks, kLinkColumns);
+    return rules;
+}
 
 struct NumberRange {
     FieldType type;
@@ -130,8 +107,8 @@ void Replace(MendedCell &cell, FieldType type, const QString &wrong, double numb
 double Nearest(const CellRule &rule, double number) {
     const double sought = rule.isMagnitude ? std::abs(number) : number;
     if (std::isnan(rule.fallback)) return rule.fallback;
-    if (sought < rule.lowest) return rule.lowest;
-    if (sought > rule.highest) return rule.highest;
+    if (sought < rule.range.lowest) return rule.range.lowest;
+    if (sought > rule.range.highest) return rule.range.highest;
     return rule.fallback;
 }
 
@@ -139,7 +116,7 @@ void MendNumber(MendedCell &cell, double number, const NumberRange &range, Field
                 const CellRule *rule) {
     const double whole = IsWhole(type) ? std::nearbyint(number) : number;
     const QString text = QStringLiteral("%1 is out of range").arg(NumberText(number));
-    if (rule && !rule->valid(rule->isMagnitude ? std::abs(whole) : whole))
+    if (rule && !rule->range(rule->isMagnitude ? std::abs(whole) : whole))
         return Replace(cell, type, text, Nearest(*rule, whole));
     if (!Between(whole, range.lowest, range.highest))
         return Replace(cell, type, text, std::clamp(whole, range.lowest, range.highest));
@@ -176,12 +153,21 @@ void ReadText(MendedCell &cell, const storage::Recordset &rows, int at) {
     cell.written = QStringLiteral("what can be read of it");
 }
 
+template <typename ItemColumns>
+bool IsLater(const ItemColumns &columns, int position) {
+    return std::ranges::any_of(
+        columns, [position](const auto &column) { return column.position == position && column.isLater; });
+}
+
 } // namespace
 
-std::span<const CellRule> CellRules() { return kRules; }
+std::span<const CellRule> CellRules() {
+    static const std::vector<CellRule> rules = AllRules();
+    return rules;
+}
 
 const CellRule *RuleFor(const TableLayout &table, int column) {
-    for (const CellRule &rule : kRules)
+    for (const CellRule &rule : CellRules())
         if (rule.table == &table && rule.column == column) return &rule;
     return nullptr;
 }
@@ -202,7 +188,8 @@ MendedCell MendCell(const storage::Recordset &rows, int at, FieldType type, cons
 
 // The two zooms came together, and opening looks at the first alone.
 bool MayBeMissing(const storage::Recordset &rows, const TableLayout &table, int column) {
-    if (&table == &kNodes) return column == node::kAlignment;
+    if (&table == &kNodes) return IsLater(kNodeColumns, column);
+    if (&table == &kLinks) return IsLater(kLinkColumns, column);
     if (&table != &kSlices) return false;
     return column == slice::kxZoom ||
            (column == slice::kyZoom && rows.FindColumn(NameOf(kSlices, slice::kxZoom)) < 0);

@@ -1,6 +1,7 @@
 // What the cells of a map file may hold, and what stands in for those that hold something else.
 #pragma once
 
+#include "diagram/model/Ranges.h"
 #include "document/MapSchema.h"
 
 namespace document {
@@ -8,10 +9,9 @@ namespace document {
 struct CellRule {
     const TableLayout *table;
     int column;
-    bool (*valid)(double);
-    // A number outside takes the nearer of the two; one between them that is refused all the same, like what
-    // is no number at all, takes the fallback.
-    double lowest, highest;
+    // A number outside takes the nearer end; one in the gap, like what is no number at all, takes the
+    // fallback.
+    diagram::Range range;
     double fallback;          // not a number for Null
     bool isMagnitude = false; // a load takes the number without its sign
 };

@@ -92,22 +92,7 @@ void CreateTemplateNode(diagram::Surface &Flow) {
 
 void ApplyDefaults(diagram::Surface &Flow) {
     support::PassOn("ApplyDefaults", [&] {
-        const diagram::Node *node = LocateTemplateNode(Flow, false);
-        if (!node) return;
-        diagram::NodeDefaults defaults = Flow.Defaults();
-        defaults.shape = node->Shape();
-        defaults.shapeOrientation = node->ShapeOrientation();
-        defaults.shadow = node->Shadow();
-        defaults.drawStyle = node->DrawStyle();
-        defaults.borderColor = node->BorderColor();
-        defaults.fillColor = node->FillColor();
-        defaults.font = node->Font();
-        defaults.foreColor = node->ForeColor();
-        defaults.alignment = node->Alignment();
-        defaults.autoSize = node->AutoSize();
-        defaults.drawWidth = node->DrawWidth();
-        defaults.picturePos = node->PicturePos();
-        Flow.SetDefaults(defaults);
+        if (const diagram::Node *node = LocateTemplateNode(Flow, false)) Flow.SetDefaults(node->Look());
     });
 }
 

@@ -4,7 +4,7 @@
 #include "diagram/model/Node.h"
 #include "diagram/model/Ranges.h"
 #include "document/CellRules.h"
-#include "document/MapSchema.h"
+#include "document/ItemColumns.h"
 #include "support/clsGUID.h"
 
 #include <set>

@@ -1,8 +1,7 @@
 #include "document/MapRows.h"
 
-#include "diagram/model/Ranges.h"
 #include "document/clsfrmMain.h"
-#include "document/MapSchema.h"
+#include "document/ItemColumns.h"
 #include "document/Tags.h"
 #include "support/Val.h"
 
@@ -127,57 +126,11 @@ void MapRows::ReadLinks() {
 
 namespace {
 
-// A whole number of the cell, in the range; error 380.
-std::uint8_t Small(const Recordset &rows, int column, bool (*valid)(double), const char *source) {
-    return static_cast<std::uint8_t>(diagram::Checked(valid, rows.Long(column), source));
-}
-
-// Negative numbers in a file count as positive ones.
-float Magnitude(const Recordset &rows, int column) {
-    return diagram::Checked(diagram::IsSize, std::abs(rows.Single(column)), "Nodes");
-}
-
-void ReadNodeLook(diagram::NodeData &data, const Recordset &rows, const Columns &at) {
-    using namespace schema::node;
-    using namespace diagram;
-    data.shape = Small(rows, at[kShape], IsShape, "Node");
-    data.fillColor = rows.Long(at[kFillColor]);
-    data.borderColor = rows.Long(at[kBorderColor]);
-    data.foreColor = rows.Long(at[kForeColor]);
-    data.picturePos = Small(rows, at[kPicturePos], IsPicturePos, "Node");
-    data.drawStyle = Small(rows, at[kDrawStyle], IsDrawStyle, "Node");
-    data.drawWidth = Checked(IsDrawWidth, rows.Single(at[kDrawWidth]), "Node");
-    data.shadow = Small(rows, at[kShadow], IsShadow, "Node");
-    data.shapeOrientation = Small(rows, at[kShapeOrientation], IsOrientation, "Node");
-    data.xTextMargin = Checked(IsMargin, rows.Long(at[kxTextMargin]), "Node");
-    data.yTextMargin = Checked(IsMargin, rows.Long(at[kyTextMargin]), "Node");
-    data.hidden = rows.Boolean(at[kHidden]);
-    data.selectable = rows.Boolean(at[kSelectable]);
-    data.marked = rows.Boolean(at[kMarked]);
-    data.autoSize = Small(rows, at[kAutoSize], IsAutoSize, "Node");
-    data.transparent = rows.Boolean(at[kTransparent]);
-    data.alignment = Small(rows, at[kAlignment], IsAlignment, "Node");
-}
-
-void ReadLinkLook(diagram::LinkData &data, const Recordset &rows, const Columns &at) {
-    using namespace schema::link;
-    using namespace diagram;
-    data.arrowDest = Small(rows, at[kArrowDest], IsArrow, "Link");
-    data.arrowMiddle = Small(rows, at[kArrowMiddle], IsArrow, "Link");
-    data.arrowSource = Small(rows, at[kArrowSource], IsArrow, "Link");
-    data.foreColor = rows.Long(at[kForeColor]);
-    data.lineColor = rows.Long(at[kLineColor]);
-    data.drawStyle = Small(rows, at[kDrawStyle], IsDrawStyle, "Link");
-    data.drawWidth = Checked(IsDrawWidth, rows.Single(at[kDrawWidth]), "Link");
-    data.style = Small(rows, at[kStyle], IsLinkStyle, "Link");
-    data.jumpStyle = Small(rows, at[kJumpStyle], IsJumpStyle, "Link");
-    data.arrowSizeDest = Small(rows, at[kArrowSizeDest], IsArrowSize, "Link");
-    data.arrowSizeMiddle = Small(rows, at[kArrowSizeMiddle], IsArrowSize, "Link");
-    data.arrowSizeSource = Small(rows, at[kArrowSizeSource], IsArrowSize, "Link");
-    data.hidden = rows.Boolean(at[kHidden]);
-    data.oriented = rows.Boolean(at[kOriented]);
-    data.marked = rows.Boolean(at[kMarked]);
-    data.selectable = rows.Boolean(at[kSelectable]);
+template <typename Data, std::size_t kCount>
+void ReadCells(Data &data, const std::array<ItemColumn<Data>, kCount> &columns, const Recordset &rows,
+               const Columns &at) {
+    for (const ItemColumn<Data> &column : columns)
+        if (column.read) column.read(data, rows, at[column.position]);
 }
 
 } // namespace
@@ -185,14 +138,8 @@ void ReadLinkLook(diagram::LinkData &data, const Recordset &rows, const Columns 
 NodeRow MapRows::ReadNode(const Recordset &rows, const Columns &at) {
     using namespace schema::node;
     NodeRow row;
-    row.data.left = Magnitude(rows, at[kLeft]);
-    row.data.top = Magnitude(rows, at[kTop]);
-    row.data.width = Magnitude(rows, at[kWidth]);
-    row.data.height = Magnitude(rows, at[kHeight]);
-    row.data.text = rows.Text(at[kDescription]);
-    row.data.event = rows.Text(at[kEvent]);
+    ReadCells(row.data, kNodeColumns, rows, at);
     row.data.key = rows.Text(at[kKey]);
-    ReadNodeLook(row.data, rows, at);
     row.data.tag = TagOf(rows, at);
     row.data.font = Fonts().Load(rows.Utf8(at[kFont]));
     row.picture = rows.Text(at[kPicture]);
@@ -207,8 +154,7 @@ LinkRow MapRows::ReadLink(const Recordset &rows, const Columns &at) {
     row.source = nodeKeys_.Intern(rows.Utf8(at[kKeySource]));
     row.destination = nodeKeys_.Intern(rows.Utf8(at[kKeyDest]));
     row.key = linkKeys_.Intern(rows.Utf8(at[kKey]));
-    ReadLinkLook(row.data, rows, at);
-    row.data.text = rows.Text(at[kText]);
+    ReadCells(row.data, kLinkColumns, rows, at);
     row.data.font = Fonts().Load(rows.Utf8(at[kFont]));
     row.zOrder = rows.Long(at[kZorder]);
     return row;

@@ -1,5 +1,6 @@
 #include "document/MapSchema.h"
 
+#include "document/ItemColumns.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Files.h"
@@ -18,55 +19,6 @@ constexpr ColumnDef kSliceColumns[] = {
     {"Index", FieldType::Integer},      {"Text", FieldType::Text},         {"BackColor", FieldType::Long},
     {"Picture", FieldType::Text},       {"GridLines", FieldType::Boolean}, {"Timeline", FieldType::Integer},
     {"IncMissing", FieldType::Boolean}, {"xZoom", FieldType::Long},        {"yZoom", FieldType::Long},
-};
-// Level is a double so that a name such as 1.5 comes back as well as 1 does.
-constexpr ColumnDef kNodeColumns[] = {
-    {"Key", FieldType::Text},
-    {"Top", FieldType::Single},
-    {"Left", FieldType::Single},
-    {"Height", FieldType::Single},
-    {"Width", FieldType::Single},
-    {"Shape", FieldType::Long},
-    {"ShapeOrientation", FieldType::Integer},
-    {"DrawStyle", FieldType::Long},
-    {"DrawWidth", FieldType::Single},
-    {"xTextMargin", FieldType::Long},
-    {"yTextMargin", FieldType::Long},
-    {"TextPos", FieldType::Long},
-    {"Shadow", FieldType::Long},
-    {"PicturePos", FieldType::Long},
-    {"Slice", FieldType::Integer},
-    {"Description", FieldType::Memo},
-    {"Font", FieldType::Text},
-    {"BorderColor", FieldType::Long},
-    {"FillColor", FieldType::Long},
-    {"ForeColor", FieldType::Long},
-    {"Hidden", FieldType::Boolean},
-    {"Selectable", FieldType::Boolean},
-    {"Picture", FieldType::Text},
-    {"Tag", FieldType::Memo},
-    {"Group", FieldType::Memo},
-    {"Level", FieldType::Double},
-    {"Marked", FieldType::Boolean},
-    {"AutoSize", FieldType::Long},
-    {"Event", FieldType::Memo},
-    {"Transparent", FieldType::Boolean},
-    {"zOrder", FieldType::Long},
-    {"Alignment", FieldType::Long},
-};
-constexpr ColumnDef kLinkColumns[] = {
-    {"Key", FieldType::Text},           {"KeySource", FieldType::Text},
-    {"KeyDest", FieldType::Text},       {"Style", FieldType::Long},
-    {"ArrowSource", FieldType::Long},   {"ArrowDest", FieldType::Long},
-    {"ArrowMiddle", FieldType::Long},   {"ArrowSizeSource", FieldType::Long},
-    {"ArrowSizeDest", FieldType::Long}, {"ArrowSizeMiddle", FieldType::Long},
-    {"DrawStyle", FieldType::Long},     {"DrawWidth", FieldType::Single},
-    {"JumpStyle", FieldType::Long},     {"Slice", FieldType::Integer},
-    {"Text", FieldType::Memo},          {"Font", FieldType::Text},
-    {"ForeColor", FieldType::Long},     {"LineColor", FieldType::Long},
-    {"Hidden", FieldType::Boolean},     {"Selectable", FieldType::Boolean},
-    {"Rigid", FieldType::Boolean},      {"Oriented", FieldType::Boolean},
-    {"Marked", FieldType::Boolean},     {"Zorder", FieldType::Long},
 };
 constexpr ColumnDef kPointColumns[] = {{"Index", FieldType::Long},
                                        {"Link", FieldType::Text},
@@ -96,8 +48,6 @@ constexpr ColumnDef kSettingColumns[] = {{"Author", FieldType::Text},
                                          {"ModifyTime", FieldType::Text}};
 
 static_assert(std::size(kSliceColumns) == slice::kCount);
-static_assert(std::size(kNodeColumns) == node::kCount);
-static_assert(std::size(kLinkColumns) == link::kCount);
 static_assert(std::size(kPointColumns) == point::kCount);
 static_assert(std::size(kFontColumns) == font::kCount);
 static_assert(std::size(kPictureColumns) == picture::kCount);
@@ -107,11 +57,28 @@ static_assert(std::size(kHyperlinkColumns) == hyperlink::kCount);
 static_assert(std::size(kAttachmentColumns) == attachment::kCount);
 static_assert(std::size(kSettingColumns) == setting::kCount);
 
+// Each in its position; no constant when two of them have the same.
+template <typename Column, std::size_t kCount>
+consteval auto LayoutOf(const std::array<Column, kCount> &columns) {
+    std::array<ColumnDef, kCount> layout{};
+    std::array<bool, kCount> taken{};
+    for (const Column &column : columns) {
+        const auto position = static_cast<std::size_t>(column.position);
+        if (taken[position]) throw "two columns in one position";
+        taken[position] = true;
+        layout[position] = column.def;
+    }
+    return layout;
+}
+
+constexpr auto kNodeLayout = LayoutOf(kNodeColumns);
+constexpr auto kLinkLayout = LayoutOf(kLinkColumns);
+
 } // namespace
 
 const TableLayout kSlices{"Slices", kSliceColumns};
-const TableLayout kNodes{"Nodes", kNodeColumns};
-const TableLayout kLinks{"Links", kLinkColumns};
+const TableLayout kNodes{"Nodes", kNodeLayout};
+const TableLayout kLinks{"Links", kLinkLayout};
 const TableLayout kLinkPoints{"LinkPoints", kPointColumns};
 const TableLayout kFonts{"Fonts", kFontColumns};
 const TableLayout kPictures{"Pictures", kPictureColumns};

@@ -1,4 +1,5 @@
-// The tables of a map file: every table and column name with its type stands here and nowhere else.
+// The tables of a map file: every table and column name with its type stands here, or for nodes and links in
+// ItemColumns.h, and nowhere else.
 #pragma once
 
 #include "storage/Database.h"
@@ -24,7 +25,7 @@ struct TableLayout {
 
 namespace schema {
 
-// Positions in the layouts below.
+// Positions in the layouts below; those of nodes and links stand in ItemColumns.h.
 namespace slice {
 enum Column {
     kIndex,
@@ -36,72 +37,6 @@ enum Column {
     kIncMissing,
     kxZoom,
     kyZoom,
-    kCount
-};
-}
-namespace node {
-enum Column {
-    kKey,
-    kTop,
-    kLeft,
-    kHeight,
-    kWidth,
-    kShape,
-    kShapeOrientation,
-    kDrawStyle,
-    kDrawWidth,
-    kxTextMargin,
-    kyTextMargin,
-    kTextPos,
-    kShadow,
-    kPicturePos,
-    kSlice,
-    kDescription,
-    kFont,
-    kBorderColor,
-    kFillColor,
-    kForeColor,
-    kHidden,
-    kSelectable,
-    kPicture,
-    kTag,
-    kGroup,
-    kLevel,
-    kMarked,
-    kAutoSize,
-    kEvent,
-    kTransparent,
-    kzOrder,
-    kAlignment,
-    kCount
-};
-}
-namespace link {
-enum Column {
-    kKey,
-    kKeySource,
-    kKeyDest,
-    kStyle,
-    kArrowSource,
-    kArrowDest,
-    kArrowMiddle,
-    kArrowSizeSource,
-    kArrowSizeDest,
-    kArrowSizeMiddle,
-    kDrawStyle,
-    kDrawWidth,
-    kJumpStyle,
-    kSlice,
-    kText,
-    kFont,
-    kForeColor,
-    kLineColor,
-    kHidden,
-    kSelectable,
-    kRigid,
-    kOriented,
-    kMarked,
-    kZorder,
     kCount
 };
 }

@@ -1,13 +1,15 @@
 #include "document/OpenMap.h"
 
+#include "document/ItemColumns.h"
 #include "document/LastPath.h"
-#include "document/MapSchema.h"
 #include "document/TemplateFile.h"
 #include "storage/Fields.h"
 #include "storage/FileForm.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Files.h"
+
+#include <algorithm>
 
 namespace document {
 
@@ -27,14 +29,32 @@ void Fill(storage::Database &database, const char *sql, const TableLayout &table
                      storage::kFailOnError);
 }
 
+template <typename ItemColumns>
+bool LacksLater(const storage::Database &database, const TableLayout &table, const ItemColumns &columns) {
+    return std::ranges::any_of(columns, [&](const auto &column) {
+        return column.isLater && !HasColumn(database, table, column.position);
+    });
+}
+
+template <typename ItemColumns>
+void AddLater(storage::Database &database, const TableLayout &table, const ItemColumns &columns) {
+    for (const auto &column : columns) {
+        if (!column.isLater || HasColumn(database, table, column.position)) continue;
+        AddColumn(database, table, column.position);
+        if (!column.usual) continue;
+        database.Execute(QStringLiteral("UPDATE [%1] SET %2=%3")
+                             .arg(NameOf(table), Bracketed(table, column.position))
+                             .arg(column.usual()),
+                         storage::kFailOnError);
+    }
+}
+
 } // namespace
 
 void UpgradeMap(storage::Database &database) {
-    using schema::kNodes, schema::kSlices;
-    if (!HasColumn(database, kNodes, schema::node::kAlignment)) {
-        AddColumn(database, kNodes, schema::node::kAlignment);
-        Fill(database, "UPDATE [%1] SET %2=7", kNodes, schema::node::kAlignment);
-    }
+    using schema::kSlices;
+    AddLater(database, schema::kNodes, kNodeColumns);
+    AddLater(database, schema::kLinks, kLinkColumns);
     if (!HasColumn(database, kSlices, schema::slice::kxZoom)) {
         AddColumn(database, kSlices, schema::slice::kxZoom);
         AddColumn(database, kSlices, schema::slice::kyZoom);
@@ -48,7 +68,8 @@ bool IsOldMap(const QString &path) {
     try {
         if (storage::RecogniseFile(path) != storage::FileForm::Native) return false;
         const storage::Database database = storage::OpenDatabase(path);
-        return !HasColumn(database, schema::kNodes, schema::node::kAlignment) ||
+        return LacksLater(database, schema::kNodes, kNodeColumns) ||
+               LacksLater(database, schema::kLinks, kLinkColumns) ||
                !HasColumn(database, schema::kSlices, schema::slice::kxZoom);
     } catch (const support::Error &) {
         return false;

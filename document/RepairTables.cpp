@@ -2,6 +2,7 @@
 
 #include "diagram/model/Picture.h"
 #include "document/CellRules.h"
+#include "document/ItemColumns.h"
 #include "support/Error.h"
 
 namespace document {

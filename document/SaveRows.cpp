@@ -3,7 +3,7 @@
 #include "diagram/model/Surface.h"
 #include "document/BusyWindow.h"
 #include "document/clsfrmMain.h"
-#include "document/MapSchema.h"
+#include "document/ItemColumns.h"
 #include "document/SurfaceArray.h"
 #include "document/Tags.h"
 #include "storage/Fields.h"
@@ -102,42 +102,21 @@ void RowWriter::WriteNodes(diagram::Surface &surface) {
 
 namespace {
 
-void BindPlaceAndLook(storage::PreparedStatement &row, const diagram::Node &node) {
-    using namespace schema::node;
-    row.BindDouble(kTop, node.Top());
-    row.BindDouble(kLeft, node.Left());
-    row.BindDouble(kHeight, node.Height());
-    row.BindDouble(kWidth, node.Width());
-    row.BindLong(kShape, node.Shape());
-    row.BindLong(kShapeOrientation, node.ShapeOrientation());
-    row.BindLong(kDrawStyle, node.DrawStyle());
-    row.BindDouble(kDrawWidth, node.DrawWidth());
-    row.BindLong(kxTextMargin, node.xTextMargin());
-    row.BindLong(kyTextMargin, node.yTextMargin());
-    row.BindLong(kTextPos, node.Alignment());
-    row.BindLong(kAlignment, node.Alignment());
-    row.BindLong(kShadow, node.Shadow());
-    row.BindLong(kPicturePos, node.PicturePos());
-    row.BindLong(kBorderColor, node.BorderColor());
-    row.BindLong(kFillColor, node.FillColor());
-    row.BindLong(kForeColor, node.ForeColor());
-    row.BindBoolean(kHidden, node.Hidden());
-    row.BindBoolean(kSelectable, node.Selectable());
-    row.BindBoolean(kMarked, node.Marked());
-    row.BindLong(kAutoSize, node.AutoSize());
-    row.BindBoolean(kTransparent, node.Transparent());
+template <typename Data, std::size_t kCount>
+void BindCells(storage::PreparedStatement &row, const std::array<ItemColumn<Data>, kCount> &columns,
+               const Data &data) {
+    for (const ItemColumn<Data> &column : columns)
+        if (column.write) column.write(row, column.position, data);
 }
 
 } // namespace
 
 void RowWriter::WriteNode(const diagram::Node &node, int slice) {
     using namespace schema::node;
-    BindPlaceAndLook(node_, node);
+    BindCells(node_, kNodeColumns, node.Data());
     nodeKeys_[node.Id()] = node.Key().toStdString();
     node_.BindUtf8(kKey, nodeKeys_[node.Id()]);
     node_.BindLong(kSlice, slice);
-    node_.BindText(kDescription, node.Text());
-    node_.BindText(kEvent, node.Event());
     node_.BindUtf8(kFont, fonts_.Save(node.Font()));
     node_.BindText(kPicture, pictures_.Save(node.Picture()));
     node_.BindText(kTag, node.Tag());
@@ -173,37 +152,15 @@ void RowWriter::WriteLinks(diagram::Surface &surface) {
     }
 }
 
-void RowWriter::BindLinkLook(const diagram::Link &link) {
-    using namespace schema::link;
-    link_.BindLong(kStyle, link.Style());
-    link_.BindLong(kArrowSource, link.ArrowSource());
-    link_.BindLong(kArrowDest, link.ArrowDest());
-    link_.BindLong(kArrowMiddle, link.ArrowMiddle());
-    link_.BindLong(kArrowSizeSource, link.ArrowSizeSource());
-    link_.BindLong(kArrowSizeDest, link.ArrowSizeDest());
-    link_.BindLong(kArrowSizeMiddle, link.ArrowSizeMiddle());
-    link_.BindLong(kDrawStyle, link.DrawStyle());
-    link_.BindDouble(kDrawWidth, link.DrawWidth());
-    link_.BindLong(kJumpStyle, link.JumpStyle());
-    link_.BindLong(kForeColor, link.ForeColor());
-    link_.BindLong(kLineColor, link.LineColor());
-    link_.BindBoolean(kHidden, link.Hidden());
-    link_.BindBoolean(kSelectable, link.Selectable());
-    link_.BindBoolean(kRigid, link.Rigid());
-    link_.BindBoolean(kOriented, link.Oriented());
-    link_.BindBoolean(kMarked, link.Marked());
-}
-
 void RowWriter::WriteLink(diagram::Link &link, int slice) {
     using namespace schema::link;
     link.SetKey(support::GetGUID());
     const std::string key = link.Key().toStdString();
-    BindLinkLook(link);
+    BindCells(link_, kLinkColumns, link.Data());
     link_.BindUtf8(kKey, key);
     link_.BindUtf8(kKeySource, nodeKeys_[link.Source().Id()]);
     link_.BindUtf8(kKeyDest, nodeKeys_[link.Destination().Id()]);
     link_.BindLong(kSlice, slice);
-    link_.BindText(kText, link.Text());
     link_.BindUtf8(kFont, fonts_.Save(link.Font()));
     link_.BindLong(kZorder, positions_[link.Id()]);
     link_.Run();

@@ -44,7 +44,6 @@ private:
     void WriteNode(const diagram::Node &node, int slice);
     void WriteLinks(diagram::Surface &surface);
     void WriteLink(diagram::Link &link, int slice);
-    void BindLinkLook(const diagram::Link &link);
     void WritePoints(const diagram::Link &link, std::string_view key);
     void WriteEmbedded(const cAttachment &attachment, storage::Recordset &rows, const QString &field);
     QString TextOfNode(const QString &key) const;

@@ -43,21 +43,10 @@ diagram::Node &AddDay(diagram::Surface &flow, const QString &date, DateIndex *in
 }
 
 void CopyLook(const diagram::Node &from, diagram::Node &month) {
-    month.SetAutoSize(from.AutoSize());
-    month.SetDrawStyle(from.DrawStyle());
-    month.SetDrawWidth(from.DrawWidth());
-    month.SetPicturePos(from.PicturePos());
-    month.SetShadow(from.Shadow());
-    month.SetShape(from.Shape());
-    month.SetShapeOrientation(from.ShapeOrientation());
-    month.SetAlignment(from.Alignment());
+    month.SetLook(from.Look());
     month.SetxTextMargin(from.xTextMargin());
     month.SetyTextMargin(from.yTextMargin());
     month.SetPicture(from.Picture());
-    month.SetForeColor(from.ForeColor());
-    month.SetFillColor(from.FillColor());
-    month.SetBorderColor(from.BorderColor());
-    month.SetFont(from.Font());
     month.SetHeight(from.Height());
     month.SetWidth(from.Width());
 }

@@ -77,8 +77,8 @@ private:
         value.resize(std::size_t(body_.GetCount(8)));
         for (Point &point : value) point.x = body_.Get<float>(), point.y = body_.Get<float>();
     }
-    void GetValue(std::shared_ptr<const NodeDefaults> &value) {
-        auto defaults = std::make_shared<NodeDefaults>();
+    void GetValue(std::shared_ptr<const NodeLook> &value) {
+        auto defaults = std::make_shared<NodeLook>();
         GetValues(*defaults);
         value = std::move(defaults);
     }

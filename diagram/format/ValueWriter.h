@@ -92,7 +92,7 @@ private:
         body_.PutCount(qsizetype(value.size()));
         for (const Point &point : value) body_.Put(point.x), body_.Put(point.y);
     }
-    void PutValue(const std::shared_ptr<const NodeDefaults> &value) { PutValues(*value); }
+    void PutValue(const std::shared_ptr<const NodeLook> &value) { PutValues(*value); }
 
     ByteWriter body_;
     std::vector<Font> fonts_;

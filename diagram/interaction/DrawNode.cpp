@@ -59,7 +59,7 @@ void DrawNode::Commit(const PointerInput &input) {
 }
 
 void DrawNode::Show(Overlay &overlay) const {
-    const NodeDefaults &look = surface_.Defaults();
+    const NodeLook &look = surface_.Defaults();
     overlay.ghost = Outline(look.shape, look.shapeOrientation, box_);
     overlay.size = SizeText(box_.size());
     overlay.sizeUnder = box_;

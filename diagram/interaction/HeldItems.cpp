@@ -1,5 +1,7 @@
 #include "diagram/interaction/HeldItems.h"
 
+#include "diagram/model/HeldWays.h"
+
 #include <algorithm>
 #include <unordered_set>
 

@@ -11,8 +11,8 @@
 
 namespace diagram {
 
-// The values of a link, as undo and the surface file keep them. `points` holds the whole way, its two ends
-// included.
+// The values of a link, as undo and the surface file keep them; their ranges stand in PropertyTable.h.
+// `points` holds the whole way, its two ends included.
 struct LinkData {
     QString key;
     QString text;
@@ -139,10 +139,10 @@ private:
           source_(&source),
           destination_(&destination) {}
 
-    template <typename T>
-    void Write(T LinkData::*member, T value, Change what);
+    template <auto Member, typename T>
+    void Write(const T &value);
     void SetEnd(ItemId LinkData::*member, Node *Link::*end, Node &node);
-    void Switch(bool LinkData::*mode, bool on);
+    void JudgeAfterSwitch();
     bool KeepsPoints() const { return data_.addPointsMode || data_.movePointsMode; }
     void WritePoints(std::vector<Point> points);
 

@@ -1,5 +1,6 @@
 #include "diagram/model/Link.h"
 #include "diagram/model/Ranges.h"
+#include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/Router.h"
 
@@ -30,11 +31,11 @@ void Link::WritePoints(std::vector<Point> points) {
     if (!stale_ && points == data_.points) return;
     Surface &surface = Owner();
     surface.Record(*this);
-    surface.routing_.WayChanges(*this);
+    surface.routing_->WayChanges(*this);
     data_.points = std::move(points);
     stale_ = !KeepsPoints();
     unjudged_ = !stale_;
-    if (unjudged_) surface.routing_.NoteUnjudged();
+    if (unjudged_) surface.routing_->NoteUnjudged();
     data_.ownBends = data_.ownBends || stale_;
     surface.Notify(*this, Change::Geometry);
 }

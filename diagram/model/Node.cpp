@@ -1,19 +1,22 @@
 #include "diagram/model/Node.h"
 
-#include "diagram/model/Ranges.h"
-#include "diagram/model/Surface.h"
+#include "diagram/model/Properties.h"
+#include "diagram/model/PropertyTable.h"
 
 #include <algorithm>
 
 namespace diagram {
 
-template <typename T>
-void Node::Write(T NodeData::*member, T value, Change what) {
-    if (data_.*member == value) return;
+// What a change touches is the property's own word, and `also` what it touches beyond that as things stand.
+template <auto Member, typename T>
+void Node::Write(const T &value, Change also) {
+    const auto &fitting = Fitting<Member>(value, "Node");
+    if (data_.*Member == fitting) return;
+    const Change what = PropertyOf<Member>().what | also;
     Surface &surface = Owner();
     surface.BeforeWrite(*this, what);
     surface.Record(*this);
-    data_.*member = std::move(value);
+    data_.*Member = fitting;
     surface.Notify(*this, what);
     surface.AfterWrite(*this, what);
 }
@@ -58,72 +61,41 @@ void Node::SetBounds(float left, float top, float width, float height) {
     surface.AfterWrite(*this, Change::Geometry);
 }
 
-void Node::SetShape(int value) {
-    Write(&NodeData::shape, std::uint8_t(Checked(IsShape, value, "Node")), Change::Geometry | Change::Look);
-    FitToContent();
-}
-
-void Node::SetShapeOrientation(int value) {
-    Write(&NodeData::shapeOrientation, std::uint8_t(Checked(IsOrientation, value, "Node")),
-          Change::Geometry | Change::Look);
-    FitToContent();
-}
-
-void Node::SetDrawStyle(int value) {
-    Write(&NodeData::drawStyle, std::uint8_t(Checked(IsDrawStyle, value, "Node")), Change::Look);
-}
-void Node::SetDrawWidth(float pixels) {
-    Write(&NodeData::drawWidth, Checked(IsDrawWidth, pixels, "Node"), Change::Look);
-    FitToContent();
-}
-void Node::SetxTextMargin(int pixels) {
-    Write(&NodeData::xTextMargin, Checked(IsMargin, pixels, "Node"), Change::Text);
-    FitToContent();
-}
-void Node::SetyTextMargin(int pixels) {
-    Write(&NodeData::yTextMargin, Checked(IsMargin, pixels, "Node"), Change::Text);
-    FitToContent();
-}
-void Node::SetAlignment(int value) {
-    Write(&NodeData::alignment, std::uint8_t(Checked(IsAlignment, value, "Node")), Change::Text);
-}
-void Node::SetShadow(int value) {
-    Write(&NodeData::shadow, std::uint8_t(Checked(IsShadow, value, "Node")), Change::Look);
-}
-void Node::SetPicturePos(int value) {
-    Write(&NodeData::picturePos, std::uint8_t(Checked(IsPicturePos, value, "Node")), Change::Look);
-}
-void Node::SetText(const QString &text) {
-    Write(&NodeData::text, text, Change::Text);
-    FitToContent();
-}
+void Node::SetShape(int value) { Write<&NodeData::shape>(value), FitToContent(); }
+void Node::SetShapeOrientation(int value) { Write<&NodeData::shapeOrientation>(value), FitToContent(); }
+void Node::SetDrawStyle(int value) { Write<&NodeData::drawStyle>(value); }
+void Node::SetDrawWidth(float pixels) { Write<&NodeData::drawWidth>(pixels), FitToContent(); }
+void Node::SetxTextMargin(int pixels) { Write<&NodeData::xTextMargin>(pixels), FitToContent(); }
+void Node::SetyTextMargin(int pixels) { Write<&NodeData::yTextMargin>(pixels), FitToContent(); }
+void Node::SetAlignment(int value) { Write<&NodeData::alignment>(value); }
+void Node::SetShadow(int value) { Write<&NodeData::shadow>(value); }
+void Node::SetPicturePos(int value) { Write<&NodeData::picturePos>(value); }
+void Node::SetText(const QString &text) { Write<&NodeData::text>(text), FitToContent(); }
 void Node::SetEvent(const QString &text) {
-    Write(&NodeData::event, text, Owner().ShowsBothTexts() ? Change::Data | Change::Text : Change::Data);
+    Write<&NodeData::event>(text, Owner().ShowsBothTexts() ? Change::Text : Change::None);
 }
-void Node::SetFont(const diagram::Font &font) {
-    Write(&NodeData::font, font, Change::Text);
-    FitToContent();
-}
-void Node::SetBorderColor(support::Colour colour) { Write(&NodeData::borderColor, colour, Change::Look); }
-void Node::SetFillColor(support::Colour colour) { Write(&NodeData::fillColor, colour, Change::Look); }
-void Node::SetForeColor(support::Colour colour) { Write(&NodeData::foreColor, colour, Change::Look); }
-void Node::SetHidden(bool on) { Write(&NodeData::hidden, on, Change::Visibility); }
+void Node::SetFont(const diagram::Font &font) { Write<&NodeData::font>(font), FitToContent(); }
+void Node::SetBorderColor(support::Colour colour) { Write<&NodeData::borderColor>(colour); }
+void Node::SetFillColor(support::Colour colour) { Write<&NodeData::fillColor>(colour); }
+void Node::SetForeColor(support::Colour colour) { Write<&NodeData::foreColor>(colour); }
+void Node::SetHidden(bool on) { Write<&NodeData::hidden>(on); }
 void Node::SetSelectable(bool on) {
-    Write(&NodeData::selectable, on, Change::Data);
+    Write<&NodeData::selectable>(on);
     if (!on) SetSelected(false);
 }
 void Node::SetSelected(bool on) { Owner().Select(*this, on); }
-void Node::SetPicture(const diagram::Picture &picture) {
-    Write(&NodeData::picture, picture, Change::Look);
+void Node::SetPicture(const diagram::Picture &picture) { Write<&NodeData::picture>(picture), FitToContent(); }
+void Node::SetTag(const QString &tag) { Write<&NodeData::tag>(tag); }
+void Node::SetMarked(bool on) { Write<&NodeData::marked>(on); }
+void Node::SetAutoSize(int value) { Write<&NodeData::autoSize>(value), FitToContent(); }
+void Node::SetTransparent(bool on) { Write<&NodeData::transparent>(on); }
+void Node::SetLook(const NodeLook &look) {
+    if (!IsValid(look)) RaiseInvalidValue("Node");
+    NodeData data = data_;
+    static_cast<NodeLook &>(data) = look;
+    Owner().Overwrite(*this, std::move(data));
     FitToContent();
 }
-void Node::SetTag(const QString &tag) { Write(&NodeData::tag, tag, Change::Data); }
-void Node::SetMarked(bool on) { Write(&NodeData::marked, on, Change::Look); }
-void Node::SetAutoSize(int value) {
-    Write(&NodeData::autoSize, std::uint8_t(Checked(IsAutoSize, value, "Node")), Change::Look);
-    FitToContent();
-}
-void Node::SetTransparent(bool on) { Write(&NodeData::transparent, on, Change::Look); }
 void Node::SetZOrder(int position) { Owner().SetStackPosition(*this, position); }
 void Node::BringToFront() { Owner().BringToFront(*this); }
 void Node::SendToBack() { Owner().SendToBack(*this); }

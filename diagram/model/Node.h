@@ -12,21 +12,14 @@
 
 namespace diagram {
 
-// The values of a node, as undo and the surface file keep them. Ranges are those of the setters of Node.
-struct NodeData {
-    QString key;
-    QString text;
-    QString event;
-    QString tag;
+// What a node looks like whatever its text, its size and its place are: what new nodes take over from the
+// default node.
+struct NodeLook {
     Font font;
-    Picture picture;
-    float left = 0, top = 0, width = 0, height = 0; // twips
-    float drawWidth = 1;                            // pixels at zoom 100
+    float drawWidth = 1; // pixels at zoom 100
     support::Colour borderColor = support::kBlack;
     support::Colour fillColor = support::kWhite;
     support::Colour foreColor = support::kBlack;
-    std::int32_t xTextMargin = 0, yTextMargin = 0; // pixels at zoom 100
-    StackKey stack = 0;
     std::uint8_t shape = 1;
     std::uint8_t shapeOrientation = 0;
     std::uint8_t drawStyle = 0;
@@ -34,10 +27,24 @@ struct NodeData {
     std::uint8_t shadow = 0;
     std::uint8_t picturePos = 7;
     std::uint8_t autoSize = 0;
+    friend bool operator==(const NodeLook &, const NodeLook &) = default;
+};
+
+// The values of a node, as undo and the surface file keep them. Their ranges stand in PropertyTable.h.
+struct NodeData : NodeLook {
+    QString key;
+    QString text;
+    QString event;
+    QString tag;
+    Picture picture;
+    float left = 0, top = 0, width = 0, height = 0; // twips
+    std::int32_t xTextMargin = 0, yTextMargin = 0;  // pixels at zoom 100
+    StackKey stack = 0;
     bool hidden = false;
     bool selectable = true;
     bool marked = false;
     bool transparent = false;
+    friend bool operator==(const NodeData &, const NodeData &) = delete; // would compare the looks alone
 };
 
 // The links attached to a node, leaving and arriving, in the order in which the links were added to the
@@ -66,6 +73,7 @@ private:
 class Node : public Item {
 public:
     const NodeData &Data() const { return data_; }
+    const NodeLook &Look() const { return data_; }
 
     const QString &Key() const { return data_.key; }
     float Left() const { return data_.left; }
@@ -138,6 +146,7 @@ public:
     void SetMarked(bool on);
     void SetAutoSize(int value);
     void SetTransparent(bool on);
+    void SetLook(const NodeLook &look); // all of it at once: one change
     // Moves the item to the position, counted without itself; beyond the last it comes to the top.
     void SetZOrder(int position);
     void BringToFront();
@@ -154,8 +163,8 @@ private:
     Node(Surface &surface, ItemId id, NodeData data)
         : Item(surface, id, ItemKind::Node), data_(std::move(data)) {}
 
-    template <typename T>
-    void Write(T NodeData::*member, T value, Change what);
+    template <auto Member, typename T>
+    void Write(const T &value, Change also = Change::None);
     void FitToContent();
     void Attach(Link &link);
     void Detach(const Link &link);

@@ -1,5 +1,5 @@
 // Every property of nodes, links and the surface as one row each: undo, files and tests walk over these
-// tables, so that a new property is a new row and nothing else.
+// tables. The rows are made from PropertyTable.h.
 #pragma once
 
 #include "diagram/model/Surface.h"
@@ -13,7 +13,7 @@ namespace diagram {
 
 using PropertyValue =
     std::variant<bool, std::uint8_t, std::int32_t, std::uint32_t, std::int64_t, float, QString, Font, Picture,
-                 std::vector<Point>, std::shared_ptr<const NodeDefaults>>;
+                 std::vector<Point>, std::shared_ptr<const NodeLook>>;
 
 template <typename Data>
 struct PropertyRow {
@@ -31,12 +31,12 @@ struct PropertyRow {
 std::span<const PropertyRow<NodeData>> NodeProperties();
 std::span<const PropertyRow<LinkData>> LinkProperties();
 std::span<const PropertyRow<SurfaceData>> SurfaceProperties();
-std::span<const PropertyRow<NodeDefaults>> DefaultsProperties();
+std::span<const PropertyRow<NodeLook>> LookProperties();
 
 inline auto PropertiesOf(const NodeData &) { return NodeProperties(); }
 inline auto PropertiesOf(const LinkData &) { return LinkProperties(); }
 inline auto PropertiesOf(const SurfaceData &) { return SurfaceProperties(); }
-inline auto PropertiesOf(const NodeDefaults &) { return DefaultsProperties(); }
+inline auto PropertiesOf(const NodeLook &) { return LookProperties(); }
 
 // Whether the change of that property, or a difference in any, is one of a map's content: not of its zoom,
 // grid or defaults.

@@ -3,34 +3,45 @@
 
 #include "support/Error.h"
 
+#include <limits>
 #include <QString>
 
 namespace diagram {
 
 constexpr float kLargestCoordinate = 1e8F; // twips
 
-// True for a value of the range. All of them refuse what is no number.
-constexpr bool Between(double value, double lowest, double highest) {
-    return value >= lowest && value <= highest;
-}
-constexpr bool IsAnything(double) { return true; }
-constexpr bool IsCoordinate(double value) { return Between(value, -kLargestCoordinate, kLargestCoordinate); }
-constexpr bool IsSize(double value) { return Between(value, 0, kLargestCoordinate); }
-constexpr bool IsDrawWidth(double value) { return Between(value, 0, 32767); }
-constexpr bool IsMargin(double value) { return Between(value, -32768, 32767); }
-constexpr bool IsShape(double value) { return Between(value, 0, 15) || Between(value, 50, 77); }
-constexpr bool IsOrientation(double value) { return Between(value, 0, 3); }
-constexpr bool IsDrawStyle(double value) { return Between(value, 0, 6); }
-constexpr bool IsAlignment(double value) { return Between(value, 0, 8); }
-constexpr bool IsPicturePos(double value) { return Between(value, 0, 9); }
-constexpr bool IsShadow(double value) { return Between(value, 0, 4); }
-constexpr bool IsAutoSize(double value) { return Between(value, 0, 3); }
-constexpr bool IsLinkStyle(double value) { return Between(value, 0, 14); }
-constexpr bool IsArrow(double value) { return Between(value, 0, 32); }
-constexpr bool IsArrowSize(double value) { return Between(value, 0, 2); }
-constexpr bool IsJumpStyle(double value) { return Between(value, 0, 2); }
-constexpr bool IsZoom(double value) { return Between(value, 0, 10000); }
-constexpr bool IsGridStyle(double value) { return Between(value, 0, 2); }
+// The numbers from the lowest to the highest, but for a gap between two of them. All ranges refuse what is no
+// number.
+struct Range {
+    double lowest, highest;
+    double belowGap = 0, aboveGap = 0; // the last number before it and the first behind it
+    constexpr bool operator()(double value) const {
+        return value >= lowest && value <= highest && !(value > belowGap && value < aboveGap);
+    }
+};
+
+constexpr bool Between(double value, double lowest, double highest) { return Range{lowest, highest}(value); }
+
+// Whatever its type can hold.
+inline constexpr Range IsAnything{-std::numeric_limits<double>::infinity(),
+                                  std::numeric_limits<double>::infinity()};
+inline constexpr Range IsCoordinate{-kLargestCoordinate, kLargestCoordinate};
+inline constexpr Range IsSize{0, kLargestCoordinate};
+inline constexpr Range IsDrawWidth{0, 32767};
+inline constexpr Range IsMargin{-32768, 32767};
+inline constexpr Range IsShape{0, 77, 15, 50};
+inline constexpr Range IsOrientation{0, 3};
+inline constexpr Range IsDrawStyle{0, 6};
+inline constexpr Range IsAlignment{0, 8};
+inline constexpr Range IsPicturePos{0, 9};
+inline constexpr Range IsShadow{0, 4};
+inline constexpr Range IsAutoSize{0, 3};
+inline constexpr Range IsLinkStyle{0, 14};
+inline constexpr Range IsArrow{0, 32};
+inline constexpr Range IsArrowSize{0, 2};
+inline constexpr Range IsJumpStyle{0, 2};
+inline constexpr Range IsZoom{0, 10000};
+inline constexpr Range IsGridStyle{0, 2};
 
 constexpr long kErrInvalidPropertyValue = 380;
 [[noreturn]] inline void RaiseInvalidValue(const char *source) {
@@ -40,7 +51,7 @@ constexpr long kErrInvalidPropertyValue = 380;
 
 // The value itself, or error 380 "Invalid property value".
 template <typename T>
-T Checked(bool (*valid)(double), T value, const char *source) {
+T Checked(const Range &valid, T value, const char *source) {
     if (!valid(double(value))) RaiseInvalidValue(source);
     return value;
 }

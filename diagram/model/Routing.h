@@ -6,10 +6,10 @@
 #pragma once
 
 #include "diagram/model/BoxIndex.h"
+#include "diagram/model/HeldWays.h"
 #include "diagram/model/Link.h"
 #include "diagram/model/Node.h"
 
-#include <map>
 #include <memory>
 #include <vector>
 
@@ -18,11 +18,6 @@ namespace diagram {
 class Obstacles;
 class Surface;
 struct LinkDraft;
-
-// The values of links as they were before they gave way, by identity.
-struct HeldWays {
-    std::map<ItemId, LinkData> links;
-};
 
 // The two indices, of nodes and of ways, are built when they are first needed.
 class Routing {

@@ -1,6 +1,7 @@
 #include "diagram/model/Surface.h"
 
-#include "diagram/model/Ranges.h"
+#include "diagram/model/PropertyTable.h"
+#include "diagram/model/Routing.h"
 
 #include <algorithm>
 #include <atomic>
@@ -21,7 +22,8 @@ std::uint64_t NextRevisionNumber() {
     return ++last;
 }
 
-Surface::Surface() : events_(&NobodyListens()), outside_(NextRevisionNumber()) {}
+Surface::Surface()
+    : events_(&NobodyListens()), outside_(NextRevisionNumber()), routing_(std::make_unique<Routing>(*this)) {}
 
 Surface::~Surface() = default;
 
@@ -76,30 +78,29 @@ void Surface::NotifySurface(Change what) {
     for (SurfaceObserver *observer : observers_) observer->SurfaceChanged(what);
 }
 
-template <typename T>
-void Surface::Write(T SurfaceData::*member, T value, Change what) {
-    if (data_.*member == value) return;
+template <auto Member, typename T>
+void Surface::Write(const T &value) {
+    const auto &fitting = Fitting<Member>(value, "Surface");
+    if (data_.*Member == fitting) return;
     RecordSurface();
-    data_.*member = std::move(value);
-    NotifySurface(what);
+    data_.*Member = fitting;
+    NotifySurface(PropertyOf<Member>().what);
 }
 
-void Surface::SetTag(const QString &tag) { Write(&SurfaceData::tag, tag, Change::Data); }
-void Surface::SetPicture(const diagram::Picture &picture) {
-    Write(&SurfaceData::picture, picture, Change::Look);
-}
-void Surface::SetBackColor(support::Colour colour) { Write(&SurfaceData::backColor, colour, Change::Look); }
+void Surface::SetTag(const QString &tag) { Write<&SurfaceData::tag>(tag); }
+void Surface::SetPicture(const diagram::Picture &picture) { Write<&SurfaceData::picture>(picture); }
+void Surface::SetBackColor(support::Colour colour) { Write<&SurfaceData::backColor>(colour); }
 void Surface::SetxZoom(int percent) {
     const Uncounted sight(*this);
-    Write(&SurfaceData::xZoom, Checked(IsZoom, percent, "Surface"), Change::Geometry);
+    Write<&SurfaceData::xZoom>(percent);
 }
 void Surface::SetyZoom(int percent) {
     const Uncounted sight(*this);
-    Write(&SurfaceData::yZoom, Checked(IsZoom, percent, "Surface"), Change::Geometry);
+    Write<&SurfaceData::yZoom>(percent);
 }
 void Surface::SetGridLines(bool on) {
     const Uncounted sight(*this);
-    Write(&SurfaceData::gridLines, on, Change::Look);
+    Write<&SurfaceData::gridLines>(on);
 }
 
 void Surface::SetGridSize(float twips) {

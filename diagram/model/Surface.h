@@ -5,7 +5,6 @@
 #include "diagram/model/Item.h"
 #include "diagram/model/Link.h"
 #include "diagram/model/Node.h"
-#include "diagram/model/Routing.h"
 #include "diagram/model/SurfaceEvents.h"
 
 #include <memory>
@@ -16,25 +15,12 @@
 
 namespace diagram {
 
+class Routing;
+struct HeldWays;
+struct LinkDraft;
+
 // Distance of the stacking keys of two items added one after the other.
 constexpr StackKey kStackGap = 1 << 20;
-
-// What a new node takes over. Copied from the default node of the slice.
-struct NodeDefaults {
-    int shape = 1;
-    int shapeOrientation = 0;
-    int shadow = 0;
-    int drawStyle = 0;
-    support::Colour borderColor = support::kBlack;
-    support::Colour fillColor = support::kWhite;
-    Font font;
-    support::Colour foreColor = support::kBlack;
-    int alignment = 7;
-    int autoSize = 0;
-    float drawWidth = 1;
-    int picturePos = 7;
-    friend bool operator==(const NodeDefaults &, const NodeDefaults &) = default;
-};
 
 // The surface's own values that undo keeps when they are written inside a group.
 struct SurfaceData {
@@ -43,7 +29,7 @@ struct SurfaceData {
     support::Colour backColor = support::kWhite;
     std::int32_t xZoom = 100, yZoom = 100; // per cent; 0 fits the content into the window
     bool gridLines = false;
-    NodeDefaults defaults;
+    NodeLook defaults; // of new nodes: copied from the default node of the slice
 };
 
 // Which content a surface has, as far as a map file keeps it: what the steps of undo made of it, and what was
@@ -125,14 +111,14 @@ public:
     int xZoom() const { return data_.xZoom; }
     int yZoom() const { return data_.yZoom; }
     bool GridLines() const { return data_.gridLines; }
-    const NodeDefaults &Defaults() const { return data_.defaults; }
+    const NodeLook &Defaults() const { return data_.defaults; }
     void SetTag(const QString &tag);
     void SetPicture(const diagram::Picture &picture);
     void SetBackColor(support::Colour colour);
     void SetxZoom(int percent); // 0 to 10000, error 380
     void SetyZoom(int percent);
     void SetGridLines(bool on);
-    void SetDefaults(const NodeDefaults &defaults);
+    void SetDefaults(const NodeLook &defaults);
 
     // Values of the screen, never recorded or stored.
     bool SnapToGrid() const { return snapToGrid_; }
@@ -197,17 +183,17 @@ public:
     std::vector<Point> WayOf(const LinkDraft &link);
     // Makes links give way to the nodes that have come, moved, grown or been shown since the last time.
     // Reading a way and opening or closing a group do so by themselves.
-    void SettleWays() { routing_.Settle(); }
+    void SettleWays();
     // Takes all ways as they are for right though nodes have changed: they came back to an earlier state.
-    void KeepWays() { routing_.Keep(); }
+    void KeepWays();
     // The node counts as moved, the link as one whose way something may have come into.
-    void MakeWayFor(Node &node) { routing_.NodeChanged(node); }
-    void CheckWay(Link &link) { routing_.Check(link); }
+    void MakeWayFor(Node &node);
+    void CheckWay(Link &link);
     // Collects the values that links have had before they gave way, from now until the holder lets it go or
     // another one asks.
     std::shared_ptr<HeldWays> HoldWays();
     // While on, everything is written as it is told: no link gives way or is laid out anew beside another.
-    void SetReplaying(bool on) { routing_.SetReplaying(on); }
+    void SetReplaying(bool on);
     // Union of the boxes of nodes and the ways of links, hidden ones left out; empty for none. Twips.
     QRectF Extent() const;
 
@@ -261,8 +247,8 @@ private:
     void RecordSurface();
     void CountWrite();
     void Notify(Item &item, Change what);
-    template <typename T>
-    void Write(T SurfaceData::*member, T value, Change what);
+    template <auto Member, typename T>
+    void Write(const T &value);
     void NotifySurface(Change what);
 
     // Around a write to the node.
@@ -309,7 +295,7 @@ private:
     bool shiftMode_ = false;
     bool showsBothTexts_ = false;
     bool loading_ = false;
-    Routing routing_{*this};
+    std::unique_ptr<Routing> routing_;
 };
 
 // While it stands, what is written outside of groups makes no other revision: it follows from what was

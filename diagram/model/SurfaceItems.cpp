@@ -1,6 +1,7 @@
 // The collections of a surface: adding, removing, finding, replacing, selecting.
 #include "diagram/model/Properties.h"
 #include "diagram/model/Ranges.h"
+#include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
 
 #include <algorithm>
@@ -63,7 +64,7 @@ Node &Surface::Insert(std::unique_ptr<Node> node) {
     if (!added.Key().isEmpty()) byKey_.insert(added.Key(), &added);
     NoteStacked(added);
     NoteAdded(added);
-    routing_.NodeAdded(added);
+    routing_->NodeAdded(added);
     for (SurfaceObserver *observer : observers_) observer->ItemAdded(added);
     return added;
 }
@@ -75,8 +76,8 @@ Link &Surface::Insert(std::unique_ptr<Link> link) {
     added.destination_->Attach(added);
     NoteStacked(added);
     NoteAdded(added);
-    routing_.LinkAdded(added);
-    routing_.RespaceBeside(added);
+    routing_->LinkAdded(added);
+    routing_->RespaceBeside(added);
     for (SurfaceObserver *observer : observers_) observer->ItemAdded(added);
     return added;
 }
@@ -133,7 +134,7 @@ void Surface::Overwrite(Link &link, LinkData data) {
     const Change what = Difference(link.data_, data);
     if (what == Change::None && !link.stale_ && !link.unjudged_) return;
     Record(link);
-    routing_.WayChanges(link);
+    routing_->WayChanges(link);
     link.data_ = std::move(data);
     EndAt(link, *source, *destination);
     link.stale_ = link.data_.points.size() < 2;
@@ -163,7 +164,7 @@ void Surface::Overwrite(SurfaceData data) {
     NotifySurface(what);
 }
 
-void Surface::SetDefaults(const NodeDefaults &defaults) {
+void Surface::SetDefaults(const NodeLook &defaults) {
     if (!IsValid(defaults)) RaiseInvalidValue("Surface");
     SurfaceData data = data_;
     data.defaults = defaults;
@@ -198,10 +199,10 @@ void Surface::Take(const std::vector<Link *> &links, const std::vector<Node *> &
         CountWrite();
     }
     for (Link *link : links) {
-        routing_.WayChanges(*link);
-        if (!link->source_->doomed_ && !link->destination_->doomed_) routing_.RespaceBeside(*link);
+        routing_->WayChanges(*link);
+        if (!link->source_->doomed_ && !link->destination_->doomed_) routing_->RespaceBeside(*link);
     }
-    for (Node *node : nodes) routing_.NodeChanges(*node);
+    for (Node *node : nodes) routing_->NodeChanges(*node);
     const auto isDoomed = [](const auto *item) { return item->doomed_; };
     for (Link *link : links) {
         if (!link->source_->doomed_) std::erase_if(link->source_->links_, isDoomed);
@@ -228,7 +229,7 @@ void Surface::Take(const std::vector<Link *> &links, const std::vector<Node *> &
     const auto goneLinks = takeFrom(links_);
     const auto goneNodes = takeFrom(nodes_);
     const bool nothingLeft = nodes_.empty();
-    if (nothingLeft) routing_.Clear();
+    if (nothingLeft) routing_->Clear();
     for (SurfaceObserver *observer : observers_) {
         if (nothingLeft) {
             observer->Cleared();
@@ -256,7 +257,7 @@ void Surface::Reset() {
     // Observers must not be left with items that are gone, nor be told while items still stand.
     const auto links = std::exchange(links_, {});
     const auto nodes = std::exchange(nodes_, {});
-    routing_.Clear();
+    routing_->Clear();
     if (log_) log_->Forget();
     CountWrite();
     for (SurfaceObserver *observer : observers_) observer->Cleared();

@@ -3,29 +3,9 @@
 
 namespace diagram {
 
-namespace {
-
-NodeData NewNode(const NodeDefaults &defaults) {
-    NodeData data;
-    data.shape = std::uint8_t(defaults.shape);
-    data.shapeOrientation = std::uint8_t(defaults.shapeOrientation);
-    data.shadow = std::uint8_t(defaults.shadow);
-    data.drawStyle = std::uint8_t(defaults.drawStyle);
-    data.borderColor = defaults.borderColor;
-    data.fillColor = defaults.fillColor;
-    data.font = defaults.font;
-    data.foreColor = defaults.foreColor;
-    data.alignment = std::uint8_t(defaults.alignment);
-    data.autoSize = std::uint8_t(defaults.autoSize);
-    data.drawWidth = defaults.drawWidth;
-    data.picturePos = std::uint8_t(defaults.picturePos);
-    return data;
-}
-
-} // namespace
-
 Node &SurfaceNodes::Add(float left, float top, float width, float height) {
-    NodeData data = NewNode(surface_->Defaults());
+    NodeData data;
+    static_cast<NodeLook &>(data) = surface_->Defaults();
     data.left = Checked(IsCoordinate, left, "Nodes");
     data.top = Checked(IsCoordinate, top, "Nodes");
     data.width = Checked(IsSize, width, "Nodes");

@@ -2,7 +2,7 @@
 
 #include "diagram/interaction/Selecting.h"
 #include "diagram/view/SurfaceClipboard.h"
-#include "diagram/view/SurfaceViewImpl.h"
+#include "diagram/view/SurfaceViewKeys.h"
 
 #include <QClipboard>
 #include <QFocusEvent>
@@ -26,7 +26,7 @@ SurfaceView::SurfaceView(Surface &surface, QWidget *parent) : QAbstractScrollAre
     setFrameShape(QFrame::NoFrame);
 }
 
-SurfaceView::~SurfaceView() { impl_->EndEdit(false); }
+SurfaceView::~SurfaceView() { impl_->text.End(false); }
 
 Surface &SurfaceView::Model() const { return impl_->surface; }
 Scene &SurfaceView::TheScene() const { return impl_->scene; }
@@ -37,12 +37,14 @@ double SurfaceView::ShownZoom() const { return impl_->viewport.Zoom(); }
 void SurfaceView::ZoomAt(double percent, const QPointF &at) {
     impl_->viewport.ZoomAt(percent, at);
     viewport()->update();
-    impl_->PlaceEditor();
+    impl_->text.Place();
     Q_EMIT ViewChanged();
 }
 
-bool SurfaceView::IsExact() const { return impl_->screen_.IsExact(); }
-void SurfaceView::SetFrameBudget(std::optional<int> milliseconds) { impl_->frameBudget_ = milliseconds; }
+bool SurfaceView::IsExact() const { return impl_->repainting.IsExact(); }
+void SurfaceView::SetFrameBudget(std::optional<int> milliseconds) {
+    impl_->repainting.SetBudget(milliseconds);
+}
 
 void SurfaceView::FollowStoredZoom() {
     impl_->viewport.FollowStored();
@@ -88,17 +90,17 @@ void SurfaceView::DeleteSelection() {
 }
 
 bool SurfaceView::BeginEdit() { return impl_->BeginEdit(); }
-void SurfaceView::KeepText() { impl_->KeepText(); }
-void SurfaceView::EndEdit(bool keep) { impl_->EndEdit(keep); }
-bool SurfaceView::IsEditing() const { return impl_->editor != nullptr; }
-std::optional<std::pair<ItemId, QString>> SurfaceView::Typed() const { return impl_->Typed(); }
+void SurfaceView::KeepText() { impl_->text.Keep(); }
+void SurfaceView::EndEdit(bool keep) { impl_->text.End(keep); }
+bool SurfaceView::IsEditing() const { return impl_->text.Editor() != nullptr; }
+std::optional<std::pair<ItemId, QString>> SurfaceView::Typed() const { return impl_->text.Typed(); }
 void SurfaceView::SetDescriber(Describer describer) { impl_->describer = std::move(describer); }
 QString SurfaceView::Described(const Item &item) const {
     return impl_->describer ? impl_->describer(item) : QString();
 }
 void SurfaceView::SetDays(DayStrip &days) {
     impl_->days = &days;
-    impl_->todayOutdated_ = true;
+    impl_->repainting.OutdateToday();
     impl_->AskForFlush();
 }
 void SurfaceView::SetWords(const ItemWords &words) {
@@ -111,10 +113,10 @@ void SurfaceView::SetWords(const ItemWords &words) {
 const ItemWords &SurfaceView::Words() const { return impl_->words; }
 void SurfaceView::SetAssistant(Assistant assistant) { impl_->notices.SetAssistant(std::move(assistant)); }
 bool SurfaceView::BeginLink(bool backwards) {
-    return impl_->BeginLink(backwards ? LinkSide::Source : LinkSide::Destination);
+    return impl_->keys->BeginLink(backwards ? LinkSide::Source : LinkSide::Destination);
 }
 
-bool SurfaceView::BeginBend() { return impl_->BeginBend(); }
+bool SurfaceView::BeginBend() { return impl_->keys->BeginBend(); }
 
 Attention SurfaceView::LooksAt() const { return impl_->interaction.LooksAt(); }
 
@@ -176,11 +178,11 @@ void SurfaceView::wheelEvent(QWheelEvent *event) {
 }
 
 void SurfaceView::keyPressEvent(QKeyEvent *event) {
-    impl_->Guard("keyPressEvent", [&] { impl_->KeyPress(event); });
+    impl_->Guard("keyPressEvent", [&] { impl_->keys->Press(event); });
 }
 
 void SurfaceView::inputMethodEvent(QInputMethodEvent *event) {
-    impl_->Guard("inputMethodEvent", [&] { impl_->TypeByInputMethod(event); });
+    impl_->Guard("inputMethodEvent", [&] { impl_->keys->TypeByInputMethod(event); });
 }
 
 QVariant SurfaceView::inputMethodQuery(Qt::InputMethodQuery query) const {
@@ -189,14 +191,14 @@ QVariant SurfaceView::inputMethodQuery(Qt::InputMethodQuery query) const {
 }
 
 void SurfaceView::keyReleaseEvent(QKeyEvent *event) {
-    impl_->Guard("keyReleaseEvent", [&] { impl_->KeyRelease(event); });
+    impl_->Guard("keyReleaseEvent", [&] { impl_->keys->Release(event); });
 }
 
 void SurfaceView::focusInEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusInEvent(event);
     const bool byTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     if (byTab) impl_->NoteHand(true);
-    impl_->todayOutdated_ = true; // whoever comes back may come on another day
+    impl_->repainting.OutdateToday(); // whoever comes back may come on another day
     impl_->AskForFlush();
     viewport()->update();
     impl_->notices.Send();
@@ -207,8 +209,8 @@ void SurfaceView::focusOutEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusOutEvent(event);
     // What ends them comes to somebody else.
     impl_->Guard("focusOutEvent", [&] { CancelGesture(); });
-    impl_->HideSize();
-    impl_->spaceHeld_ = false;
+    impl_->keys->HideSize();
+    impl_->keys->LetGo();
     Model().SetShiftMode(false);
     viewport()->update();
 }
@@ -228,8 +230,8 @@ void SurfaceView::hideEvent(QHideEvent *event) {
 }
 
 void SurfaceView::timerEvent(QTimerEvent *event) {
-    if (event->timerId() == impl_->slices_.timerId()) return impl_->PaintOn();
-    if (event->timerId() != impl_->autoScroll_.timerId()) return QAbstractScrollArea::timerEvent(event);
+    if (impl_->repainting.IsPaintingOn(event->timerId())) return impl_->repainting.PaintOn();
+    if (!impl_->edges.IsScrolling(event->timerId())) return QAbstractScrollArea::timerEvent(event);
     impl_->Guard("timerEvent", [&] { impl_->AutoScroll(); });
 }
 

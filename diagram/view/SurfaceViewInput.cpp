@@ -1,5 +1,6 @@
 #include "diagram/view/KeyCodes.h"
-#include "diagram/view/SurfaceViewImpl.h"
+#include "diagram/view/SurfaceViewKeys.h"
+#include "diagram/view/Tips.h"
 
 #include <cmath>
 #include <QMouseEvent>
@@ -10,24 +11,8 @@ namespace diagram {
 
 namespace {
 
-constexpr int kEdge = 12;           // pixels from the edge at which a drag scrolls
-constexpr int kScrollInterval = 25; // milliseconds
-constexpr int kFastest = 40;        // pixels a step
-constexpr double kZoomStep = 1.15;  // a notch of the wheel
+constexpr double kZoomStep = 1.15; // a notch of the wheel
 constexpr double kNotch = 120;
-constexpr int kLongestTip = 2000; // characters
-constexpr double kReadable = 5;   // pixels of a font's height
-
-// How far a drag scrolls when the pointer is at `at` of `length`.
-int EdgeStep(double at, int length) {
-    const double beyond = at < kEdge ? at - kEdge : (at > length - kEdge ? at - (length - kEdge) : 0);
-    return std::clamp(int(std::round(beyond)), -kFastest, kFastest);
-}
-
-bool IsLegible(const Font &font, double scale) {
-    constexpr double kTwipsPerPoint = 20;
-    return font.Size() * kTwipsPerPoint * scale >= kReadable;
-}
 
 } // namespace
 
@@ -36,7 +21,7 @@ PointerInput SurfaceView::Impl::Input(const QPointF &pixels, Qt::KeyboardModifie
 }
 
 void SurfaceView::Impl::AfterInput() {
-    StartOrStopAutoScroll();
+    edges.Follow(interaction.ScrollsAtEdges(), pointer, view.viewport()->size());
     UpdateOverlay();
     UpdatePointer();
     AskForFlush();
@@ -44,7 +29,7 @@ void SurfaceView::Impl::AfterInput() {
 
 void SurfaceView::Impl::UpdatePointer() {
     const bool idle = !interaction.IsActive();
-    view.viewport()->setCursor(idle && spaceHeld_ ? Qt::OpenHandCursor : interaction.Pointer());
+    view.viewport()->setCursor(idle && keys->MovesTheView() ? Qt::OpenHandCursor : interaction.Pointer());
 }
 
 void SurfaceView::Impl::NoteHand(bool keyboard) {
@@ -57,21 +42,21 @@ void SurfaceView::Impl::NoteHand(bool keyboard) {
 void SurfaceView::Impl::Press(QMouseEvent *event) {
     DropOutdatedGesture();
     const bool left = event->button() == Qt::LeftButton;
-    if (interaction.TakesKeys() && (!left || spaceHeld_)) CancelGesture();
+    if (interaction.TakesKeys() && (!left || keys->MovesTheView())) CancelGesture();
     if (interaction.IsActive() && !interaction.TakesKeys()) {
         if (event->button() != button_) return;
         CancelGesture();
     }
     NoteHand(false);
-    EndEdit(true);
+    text.End(true);
     view.setFocus(Qt::MouseFocusReason);
-    pointer_ = event->position();
-    const QPointF seen(pointer_.x() / viewport.xScale(), pointer_.y() / viewport.yScale());
+    pointer = event->position();
+    const QPointF seen(pointer.x() / viewport.xScale(), pointer.y() / viewport.yScale());
     surface.Events().MouseDown(surface, ButtonMask(event->button()), ShiftMask(event->modifiers()),
                                float(seen.x()), float(seen.y()));
     button_ = event->button();
-    const PointerInput input = Input(pointer_, event->modifiers());
-    if (button_ == Qt::MiddleButton || (left && spaceHeld_))
+    const PointerInput input = Input(pointer, event->modifiers());
+    if (button_ == Qt::MiddleButton || (left && keys->MovesTheView()))
         interaction.PressToPan(input);
     else if (left)
         interaction.Press(input);
@@ -80,7 +65,7 @@ void SurfaceView::Impl::Press(QMouseEvent *event) {
 
 void SurfaceView::Impl::FollowPointer(const QPointF &pixels, Qt::KeyboardModifiers modifiers) {
     DropOutdatedGesture();
-    pointer_ = pixels;
+    pointer = pixels;
     modifiers_ = modifiers;
     interaction.Move(Input(pixels, modifiers));
     AfterInput();
@@ -124,23 +109,10 @@ void SurfaceView::Impl::Wheel(QWheelEvent *event) {
     FollowPointer(event->position(), event->modifiers());
 }
 
-QPoint SurfaceView::Impl::AutoScrollStep() const {
-    const QSize size = view.viewport()->size();
-    return {EdgeStep(pointer_.x(), size.width()), EdgeStep(pointer_.y(), size.height())};
-}
-
-void SurfaceView::Impl::StartOrStopAutoScroll() {
-    const bool wanted = interaction.ScrollsAtEdges() && !AutoScrollStep().isNull();
-    if (wanted == autoScroll_.isActive()) return;
-    if (wanted)
-        autoScroll_.start(kScrollInterval, &view);
-    else
-        autoScroll_.stop();
-}
-
 void SurfaceView::Impl::AutoScroll() {
-    viewport.ScrollTo(viewport.Scroll() + AutoScrollStep(), Viewport::Grow::RightAndBelow);
-    FollowPointer(pointer_, modifiers_);
+    const QPoint step = EdgeScroll::Step(pointer, view.viewport()->size());
+    viewport.ScrollTo(viewport.Scroll() + step, Viewport::Grow::RightAndBelow);
+    FollowPointer(pointer, modifiers_);
 }
 
 void SurfaceView::Impl::Leave() {
@@ -148,31 +120,14 @@ void SurfaceView::Impl::Leave() {
     UpdateOverlay();
 }
 
-// The text below the pointer that can't be read there, cut off or too small, and the node's date; empty for
-// none.
-QString SurfaceView::Impl::TipAt(const QPointF &at) {
-    const double scale = std::min(viewport.xScale(), viewport.yScale());
-    if (const Node *node = NodeAtPoint(scene, float(at.x()), float(at.y()))) {
-        const bool read = renderer.TextFits(*node) && IsLegible(node->Font(), scale);
-        const std::optional<QDate> date = days->DateOf(*node);
-        QStringList lines;
-        if (!read && !node->ShownText().isEmpty()) lines << node->ShownText().left(kLongestTip);
-        if (date) lines << days->Written(*date);
-        return lines.join(QLatin1Char('\n'));
-    }
-    const Hit hit = HitTest(scene, at, OptionsFor(Input(viewport.FromSurface(at), {})));
-    if (!hit.link || hit.link->Text().isEmpty()) return {};
-    const bool whole = viewport.Seen().contains(scene.LabelBounds(*hit.link));
-    return whole && IsLegible(hit.link->Font(), scale) ? QString() : hit.link->Text().left(kLongestTip);
-}
-
 bool SurfaceView::Impl::ToolTip(const QPoint &pixels, const QPoint &global) {
-    const bool idle = !editor && !interaction.IsActive();
-    const QString text = idle ? TipAt(viewport.ToSurface(pixels)) : QString();
-    if (text.isEmpty())
+    const bool idle = !text.Editor() && !interaction.IsActive();
+    const QString tip =
+        idle ? TipAt(scene, renderer, viewport, *days, viewport.ToSurface(pixels)) : QString();
+    if (tip.isEmpty())
         QToolTip::hideText();
     else
-        QToolTip::showText(global, Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal), view.viewport());
+        QToolTip::showText(global, Qt::convertFromPlainText(tip, Qt::WhiteSpaceNormal), view.viewport());
     return true;
 }
 

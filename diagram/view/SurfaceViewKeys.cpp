@@ -1,14 +1,13 @@
-// What the keys do on a surface.
+#include "diagram/view/SurfaceViewKeys.h"
+
 #include "diagram/interaction/AddLinked.h"
 #include "diagram/interaction/BendByKeys.h"
 #include "diagram/interaction/LinkByKeys.h"
 #include "diagram/interaction/MoveNodes.h"
-#include "diagram/interaction/Neighbours.h"
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/interaction/Snap.h"
 #include "diagram/view/KeyCodes.h"
-#include "diagram/view/SurfaceViewImpl.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -26,194 +25,161 @@ bool NobodyListens(const Surface &surface) {
 
 } // namespace
 
+SurfaceView::Impl::Keys::Keys(Impl &impl)
+    : impl_(impl),
+      view_(impl.view),
+      surface_(impl.surface),
+      interaction_(impl.interaction),
+      walk_(impl.scene, [&impl](const QRectF &area) { impl.EnsureVisible(area); }) {}
+
 // While keys lead a gesture, those that are no modifiers are nobody else's.
-void SurfaceView::Impl::KeyPress(QKeyEvent *event) {
-    DropOutdatedGesture();
-    const bool led = interaction.TakesKeys() && !ModifierOf(event->key());
+void SurfaceView::Impl::Keys::Press(QKeyEvent *event) {
+    impl_.DropOutdatedGesture();
+    const bool led = interaction_.TakesKeys() && !ModifierOf(event->key());
     const int code = led ? 0 : VirtualKey(event->key());
     int used = code;
     if (code)
-        surface.Events().KeyDown(surface, used, ShiftMask(event->modifiers() | ModifierOf(event->key())));
-    const bool ran = (!code || used) && (led ? LeadByKey(event) : RunKey(event));
-    if (ran && !ModifierOf(event->key()) && event->key() != Qt::Key_Space) NoteHand(true);
+        surface_.Events().KeyDown(surface_, used, ShiftMask(event->modifiers() | ModifierOf(event->key())));
+    const bool ran = (!code || used) && (led ? Lead(event) : Run(event));
+    if (ran && !ModifierOf(event->key()) && event->key() != Qt::Key_Space) impl_.NoteHand(true);
     event->setAccepted((code && !used) || ran);
     FollowModifier(event->key(), event->modifiers() | ModifierOf(event->key()));
-    if (interaction.TakesKeys()) Tell(interaction.WhatNow());
-    AfterInput();
+    if (interaction_.TakesKeys()) impl_.Tell(interaction_.WhatNow());
+    impl_.AfterInput();
 }
 
-bool SurfaceView::Impl::LeadByKey(QKeyEvent *event) {
-    if (event->key() == Qt::Key_Escape) return CancelGesture();
-    interaction.Key({event->key(), event->modifiers()});
+bool SurfaceView::Impl::Keys::Lead(QKeyEvent *event) {
+    if (event->key() == Qt::Key_Escape) return impl_.CancelGesture();
+    interaction_.Key({event->key(), event->modifiers()});
     return true;
 }
 
-bool SurfaceView::Impl::Begin(std::unique_ptr<Gesture> gesture) {
-    if (editor || !interaction.Begin(std::move(gesture))) return false;
-    Tell(interaction.WhatNow());
-    AfterInput();
+bool SurfaceView::Impl::Keys::Begin(std::unique_ptr<Gesture> gesture) {
+    if (impl_.text.Editor() || !interaction_.Begin(std::move(gesture))) return false;
+    impl_.Tell(interaction_.WhatNow());
+    impl_.AfterInput();
     return true;
 }
 
-bool SurfaceView::Impl::BeginLink(LinkSide loose) {
-    DropOutdatedGesture();
-    if (interaction.IsActive()) return false;
-    if (Begin(BeginLinkByKeys(scene, *this, loose, direction_))) return true;
-    Tell(Hint::SelectFirst);
+bool SurfaceView::Impl::Keys::BeginLink(LinkSide loose) {
+    impl_.DropOutdatedGesture();
+    if (interaction_.IsActive()) return false;
+    if (Begin(BeginLinkByKeys(impl_.scene, impl_, loose, walk_.Direction()))) return true;
+    impl_.Tell(Hint::SelectFirst);
     return false;
 }
 
-bool SurfaceView::Impl::BeginBend() {
-    DropOutdatedGesture();
-    if (interaction.IsActive()) return false;
-    Link *link = surface.SelectedLink();
-    if (!link) Tell(Hint::SelectLink);
-    return link && Begin(std::make_unique<BendByKeys>(surface, *this, *link));
+bool SurfaceView::Impl::Keys::BeginBend() {
+    impl_.DropOutdatedGesture();
+    if (interaction_.IsActive()) return false;
+    Link *link = surface_.SelectedLink();
+    if (!link) impl_.Tell(Hint::SelectLink);
+    return link && Begin(std::make_unique<BendByKeys>(surface_, impl_, *link));
 }
 
-void SurfaceView::Impl::KeyRelease(QKeyEvent *event) {
+void SurfaceView::Impl::Keys::Release(QKeyEvent *event) {
     if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) spaceHeld_ = false;
     if (event->key() == Qt::Key_Alt) HideSize();
     if (const int code = VirtualKey(event->key()))
-        surface.Events().KeyUp(surface, code, ShiftMask(event->modifiers() & ~ModifierOf(event->key())));
+        surface_.Events().KeyUp(surface_, code, ShiftMask(event->modifiers() & ~ModifierOf(event->key())));
     FollowModifier(event->key(), event->modifiers() & ~ModifierOf(event->key()));
-    UpdatePointer();
+    impl_.UpdatePointer();
 }
 
-void SurfaceView::Impl::FollowModifier(int key, Qt::KeyboardModifiers modifiers) {
-    if (interaction.IsActive() && ModifierOf(key)) FollowPointer(pointer_, modifiers);
+void SurfaceView::Impl::Keys::FollowModifier(int key, Qt::KeyboardModifiers modifiers) {
+    if (interaction_.IsActive() && ModifierOf(key)) impl_.FollowPointer(impl_.pointer, modifiers);
 }
 
 // True when the key meant something here.
-bool SurfaceView::Impl::RunKey(QKeyEvent *event) {
+bool SurfaceView::Impl::Keys::Run(QKeyEvent *event) {
     switch (event->key()) {
     case Qt::Key_Escape:
-        return CancelGesture();
+        return impl_.CancelGesture();
     case Qt::Key_F2:
-        return BeginEdit();
+        return impl_.BeginEdit();
     case Qt::Key_Space:
         return spaceHeld_ = true;
     case Qt::Key_Delete:
-        if (!NobodyListens(surface)) return false;
-        view.DeleteSelection();
+        if (!NobodyListens(surface_)) return false;
+        view_.DeleteSelection();
         return true;
     case Qt::Key_Insert:
         return !(event->modifiers() & ~Qt::KeypadModifier) && AddLinked();
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return GoAlongLinks(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
+        return !interaction_.IsActive() &&
+               walk_.AlongLinks(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
         return Tab({event->key(), event->modifiers()});
     default:
         return LinkKey({event->key(), event->modifiers()}) || ArrowKey({event->key(), event->modifiers()}) ||
-               TypeByKey(event);
+               Type(event);
     }
 }
 
-bool SurfaceView::Impl::LinkKey(const KeyInput &input) {
+bool SurfaceView::Impl::Keys::LinkKey(const KeyInput &input) {
     if (!input.Ctrl() || input.Alt()) return false;
     if (input.key == Qt::Key_L) return BeginLink(input.Shift() ? LinkSide::Source : LinkSide::Destination);
     return input.key == Qt::Key_B && input.Shift() && BeginBend();
 }
 
-bool SurfaceView::Impl::ArrowKey(const KeyInput &input) {
+bool SurfaceView::Impl::Keys::ArrowKey(const KeyInput &input) {
     const QPointF direction = input.Arrow();
-    if (direction.isNull() || interaction.IsActive()) return false;
-    if (input.Ctrl()) return GoTowards(direction, input);
-    const double step = input.Shift() ? surface.GridSize() : kPixelTwips;
+    if (direction.isNull() || interaction_.IsActive()) return false;
+    if (input.Ctrl()) return walk_.Towards(direction, input);
+    const double step = input.Shift() ? surface_.GridSize() : kPixelTwips;
     if (input.Alt()) return Resize(direction * step);
-    if (!MoveSelection(surface, direction * step)) {
-        const int pixels = view.verticalScrollBar()->singleStep();
-        viewport.ScrollTo(viewport.Scroll() + direction.toPoint() * pixels);
-    } else if (const Node *node = surface.SelectedNode()) {
-        view.EnsureVisible(node->Bounds());
+    if (!MoveSelection(surface_, direction * step)) {
+        const int pixels = view_.verticalScrollBar()->singleStep();
+        impl_.viewport.ScrollTo(impl_.viewport.Scroll() + direction.toPoint() * pixels);
+    } else if (const Node *node = surface_.SelectedNode()) {
+        view_.EnsureVisible(node->Bounds());
     }
     return true;
 }
 
-bool SurfaceView::Impl::Resize(const QPointF &growth) {
-    if (!ResizeSelection(surface, growth)) return false;
-    const Node *node = surface.SelectedNode();
+bool SurfaceView::Impl::Keys::Resize(const QPointF &growth) {
+    if (!ResizeSelection(surface_, growth)) return false;
+    const Node *node = surface_.SelectedNode();
     if (!node) return true;
-    view.EnsureVisible(node->Bounds());
-    interaction.ShowSizeOf(node->Id());
+    view_.EnsureVisible(node->Bounds());
+    interaction_.ShowSizeOf(node->Id());
     return true;
 }
 
-void SurfaceView::Impl::HideSize() {
-    interaction.ShowSizeOf(kNoItem);
-    UpdateOverlay();
+void SurfaceView::Impl::Keys::HideSize() {
+    interaction_.ShowSizeOf(kNoItem);
+    impl_.UpdateOverlay();
 }
 
-bool SurfaceView::Impl::AddLinked() {
-    if (interaction.IsActive()) return false;
-    Node *from = surface.SelectedNode();
-    const Node *added =
-        from ? AddLinkedNode(scene, *from, direction_) : AddNodeInMiddle(scene, viewport.Seen());
-    if (added) view.EnsureVisible(added->Bounds());
+bool SurfaceView::Impl::Keys::AddLinked() {
+    if (interaction_.IsActive()) return false;
+    Node *from = surface_.SelectedNode();
+    const Node *added = from ? AddLinkedNode(impl_.scene, *from, walk_.Direction())
+                             : AddNodeInMiddle(impl_.scene, impl_.viewport.Seen());
+    if (added) view_.EnsureVisible(added->Bounds());
     return true;
 }
 
-Node *SurfaceView::Impl::Anchor() const {
-    const Link *link = surface.SelectedLink();
-    if (Node *node = surface.SelectedNode(); node || !link) return node;
-    return link->Destination().Id() == around_ ? &link->Destination() : &link->Source();
-}
-
-bool SurfaceView::Impl::GoTowards(const QPointF &direction, const KeyInput &input) {
-    const Node *from = surface.SelectedNode();
-    const Link *link = surface.SelectedLink();
-    if (!from && !link) return false;
-    direction_ = direction;
-    if (!from) return GoTo(&EndTowards(*link, direction));
-    Node *to = NodeByKey(surface, from, input);
-    return input.Shift() ? ReachTo(to) : GoTo(to);
-}
-
-bool SurfaceView::Impl::GoAlongLinks(int step) {
-    const Node *node = Anchor();
-    if (!node || interaction.IsActive()) return false;
-    around_ = node->Id();
-    return GoTo(NextLinkOf(*node, surface.SelectedLink(), step));
-}
-
-bool SurfaceView::Impl::GoTo(Item *item) {
-    if (!item) return false;
-    SelectOnly(*item);
-    view.EnsureVisible(scene.Bounds(*item));
-    return true;
-}
-
-bool SurfaceView::Impl::ReachTo(Node *node) {
-    Node *from = surface.SelectedNode();
-    if (!node || !from) return false;
-    if (node->Selected())
-        ToggleSelected(*from);
-    else
-        SelectToo(*node);
-    view.EnsureVisible(node->Bounds());
-    return true;
-}
-
-bool SurfaceView::Impl::TypeByKey(QKeyEvent *event) {
+bool SurfaceView::Impl::Keys::Type(QKeyEvent *event) {
     const QString text = event->text();
     const Qt::KeyboardModifiers others = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
     const bool altGr = others == (Qt::ControlModifier | Qt::AltModifier);
     if (text.isEmpty() || !text.at(0).isPrint() || (others && !altGr)) return false;
-    return BeginEdit(&text);
+    return impl_.BeginEdit(&text);
 }
 
 // What is composed goes into the editor from the first key on.
-void SurfaceView::Impl::TypeByInputMethod(QInputMethodEvent *event) {
+void SurfaceView::Impl::Keys::TypeByInputMethod(QInputMethodEvent *event) {
     const QString nothing;
     const bool types = !event->preeditString().isEmpty() || !event->commitString().isEmpty();
-    if (types && !editor && BeginEdit(&nothing)) QCoreApplication::sendEvent(editor, event);
+    if (types && !impl_.text.Editor() && impl_.BeginEdit(&nothing))
+        QCoreApplication::sendEvent(impl_.text.Editor(), event);
 }
 
-bool SurfaceView::Impl::Tab(const KeyInput &input) {
-    return GoTo(NodeByKey(surface, Anchor(), input)) ||
-           view.QAbstractScrollArea::focusNextPrevChild(input.Tab() > 0);
+bool SurfaceView::Impl::Keys::Tab(const KeyInput &input) {
+    return walk_.ByTab(input) || view_.QAbstractScrollArea::focusNextPrevChild(input.Tab() > 0);
 }
 
 } // namespace diagram

@@ -1,6 +1,7 @@
 #include "document/OpenMap.h"
 
 #include "document/CompactDb.h"
+#include "document/ItemColumns.h"
 #include "document/LastPath.h"
 #include "document/TemplateFile.h"
 #include "storage/Fields.h"

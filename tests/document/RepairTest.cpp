@@ -78,12 +78,12 @@ TEST(CellRules, TheirBordersAreThoseOfALoadAndTheirFallbacksAreAllowed) {
         const QString name = NameOf(*rule.table, rule.column);
         SCOPED_TRACE(name.toStdString());
         EXPECT_EQ(RuleFor(*rule.table, rule.column), &rule);
-        EXPECT_TRUE(rule.valid(rule.lowest));
-        EXPECT_TRUE(rule.valid(rule.highest));
-        EXPECT_TRUE(std::isnan(rule.fallback) || rule.valid(rule.fallback));
-        if (rule.valid == diagram::IsAnything) continue;
-        EXPECT_FALSE(rule.valid(rule.lowest - 1));
-        EXPECT_FALSE(rule.valid(rule.highest * 1.001 + 1));
+        EXPECT_TRUE(rule.range(rule.range.lowest));
+        EXPECT_TRUE(rule.range(rule.range.highest));
+        EXPECT_TRUE(std::isnan(rule.fallback) || rule.range(rule.fallback));
+        if (std::isinf(rule.range.highest)) continue;
+        EXPECT_FALSE(rule.range(rule.range.lowest - 1));
+        EXPECT_FALSE(rule.range(rule.range.highest * 1.001 + 1));
     }
 }
 

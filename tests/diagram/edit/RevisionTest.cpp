@@ -91,7 +91,7 @@ TEST_F(RevisionTest, LookingAndSelectingIsNoDifference) {
     surface.SetxZoom(150), surface.SetyZoom(75);
     surface.SetGridLines(!surface.GridLines());
     surface.SetSnapToGrid(true);
-    NodeDefaults defaults;
+    NodeLook defaults;
     defaults.shape = 4;
     surface.SetDefaults(defaults);
     node->SetSelected(true);

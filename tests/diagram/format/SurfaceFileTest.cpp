@@ -2,6 +2,8 @@
 
 #include "diagram/edit/History.h"
 #include "diagram/format/Content.h"
+#include "diagram/format/ValueReader.h"
+#include "diagram/format/ValueWriter.h"
 #include "tests/diagram/model/ErrorNumber.h"
 #include "tests/diagram/model/RandomSurface.h"
 
@@ -118,6 +120,39 @@ TEST(SurfaceFile, AFileOfTheFirstVersionReadsAsItWasWritten) {
     Surface surface;
     LoadBytes(surface, QByteArray::fromHex(kFirstVersion));
     EXPECT_EQ(Differing(Dump(surface, true), QString::fromUtf8(kFirstVersionDump)), "");
+}
+
+// Whole numbers of the defaults have four bytes, unlike those of nodes.
+TEST(SurfaceFile, DefaultsOfTheFirstVersionReadAsTheyWereWritten) {
+    Surface surface;
+    NodeLook defaults;
+    defaults.shape = 50;
+    defaults.alignment = 2;
+    surface.SetDefaults(defaults);
+    const QByteArray stored = QByteArray::fromHex("07020132000000"
+                                                  "0902000000"); // Shape and Alignment
+    EXPECT_TRUE(SaveBytes(surface).contains(stored));
+    Surface loaded;
+    LoadBytes(loaded, SaveBytes(surface));
+    EXPECT_EQ(loaded.Defaults(), defaults);
+}
+
+TEST(SurfaceFile, ADefaultThatWrapsRoundIntoItsRangeIsRefused) {
+    NodeLook defaults;
+    defaults.shape = 50;
+    ValueWriter writer;
+    writer.PutValues(defaults);
+    QByteArray body = writer.TakeBody();
+    const auto read = [&body] {
+        ValueReader reader;
+        reader.SetBody(body);
+        NodeLook look;
+        reader.GetValues(look);
+        return int(look.shape);
+    };
+    EXPECT_EQ(read(), 50);
+    body[3] = 1; // 306
+    EXPECT_EQ(NumberOf([&] { (void)read(); }), 321);
 }
 
 TEST(SurfaceFile, KeepsPictureAndBackColourOfTheSurface) {

@@ -135,7 +135,7 @@ TEST(Node, EachRangeIsKept) {
 
 TEST(Node, AddTakesTheDefaultsOfTheSurface) {
     Surface surface;
-    NodeDefaults defaults;
+    NodeLook defaults;
     defaults.shape = 50;
     defaults.fillColor = 0x123456;
     defaults.font = Font(QStringLiteral("Courier"), 12);
@@ -428,7 +428,7 @@ TEST(Surface, ValuesAreCheckedAndTold) {
     EXPECT_EQ(NumberOf([&] { surface.SetGridStyle(3); }), 380);
     surface.SetTag(QStringLiteral("|A=b"));
     EXPECT_EQ(listener.surfaceChanges, 3);
-    NodeDefaults defaults;
+    NodeLook defaults;
     defaults.shape = 20;
     EXPECT_EQ(NumberOf([&] { surface.SetDefaults(defaults); }), 380);
     EXPECT_EQ(surface.Defaults().shape, 1);

@@ -150,19 +150,19 @@ inline const SurfaceWrite kSurfaceWrites[] = {
     [](Surface &s, Dice &d) { s.SetyZoom(d.Roll(0, 400)); },
     [](Surface &s, Dice &d) { s.SetGridLines(d.Flip()); },
     [](Surface &s, Dice &d) {
-        NodeDefaults defaults;
-        defaults.shape = AnyShape(d);
-        defaults.shapeOrientation = d.Roll(0, 3);
-        defaults.shadow = d.Roll(0, 4);
-        defaults.drawStyle = d.Roll(0, 6);
+        NodeLook defaults;
+        defaults.shape = std::uint8_t(AnyShape(d));
+        defaults.shapeOrientation = std::uint8_t(d.Roll(0, 3));
+        defaults.shadow = std::uint8_t(d.Roll(0, 4));
+        defaults.drawStyle = std::uint8_t(d.Roll(0, 6));
         defaults.borderColor = d.Colour();
         defaults.fillColor = d.Colour();
         defaults.foreColor = d.Colour();
         defaults.font = d.Font();
-        defaults.alignment = d.Roll(0, 8);
-        defaults.autoSize = d.Roll(0, 3);
+        defaults.alignment = std::uint8_t(d.Roll(0, 8));
+        defaults.autoSize = std::uint8_t(d.Roll(0, 3));
         defaults.drawWidth = d.Real(0, 8);
-        defaults.picturePos = d.Roll(0, 9);
+        defaults.picturePos = std::uint8_t(d.Roll(0, 9));
         s.SetDefaults(defaults);
     },
     [](Surface &s, Dice &d) {
@@ -225,9 +225,9 @@ struct ToText {
         for (const Point &p : v) text += QStringLiteral("(%1 %2)").arg(p.x, 0, 'g', 9).arg(p.y, 0, 'g', 9);
         return text;
     }
-    QString operator()(const std::shared_ptr<const NodeDefaults> &v) const {
+    QString operator()(const std::shared_ptr<const NodeLook> &v) const {
         QStringList parts;
-        for (const auto &row : DefaultsProperties()) parts << std::visit(*this, row.get(*v));
+        for (const auto &row : LookProperties()) parts << std::visit(*this, row.get(*v));
         return parts.join(QLatin1Char(','));
     }
     QString operator()(float v) const { return QString::number(v, 'g', 9); }

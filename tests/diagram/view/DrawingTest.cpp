@@ -5,7 +5,7 @@ namespace diagram::testing {
 class Drawing : public ViewTest {};
 
 TEST_F(Drawing, DragOnEmptySurface_AddsANodeWithTheDefaults) {
-    NodeDefaults look;
+    NodeLook look;
     look.shape = 8;
     look.fillColor = support::Rgb(200, 220, 255);
     surface.SetDefaults(look);

@@ -1,0 +1,80 @@
+// Keeps what the viewport shows the same as the model: what has changed is painted again, a little at a time
+// where it is much.
+#pragma once
+
+#include "diagram/scene/Scene.h"
+#include "diagram/view/OverlayPainter.h"
+#include "diagram/view/Screen.h"
+#include "diagram/view/SelectionPainter.h"
+
+#include <optional>
+#include <QBasicTimer>
+#include <QLineF>
+#include <utility>
+#include <vector>
+
+class QWidget;
+
+namespace diagram {
+
+class DayStrip;
+class Renderer;
+class Viewport;
+
+// Pixels are those of the viewport. All that it is handed must live longer.
+class Repainting {
+public:
+    // `canvas` is what is painted on; the timer's events go to `host`.
+    Repainting(QObject &host, QWidget &canvas, Scene &scene, Renderer &renderer, const Viewport &viewport);
+
+    // Paints what has come into sight as far as the budget allows, and shows it with the marks over it.
+    void Paint(const QRegion &region, const Overlay &overlay, FocusRing ring);
+    // Paints more of what has come into sight.
+    void PaintOn();
+    bool IsPaintingOn(int timer) const { return timer == slices_.timerId(); }
+    bool IsExact() const { return screen_.IsExact(); }
+    // Milliseconds of a frame; empty for as long as a smooth motion allows.
+    void SetBudget(std::optional<int> milliseconds) { budget_ = milliseconds; }
+
+    // The item was selected or isn't any more.
+    void NoteSelected(const Item &item);
+    // What has changed in the scene and the selection since it was asked last is asked to be painted.
+    void NoteDamage();
+    // Today's line may lie elsewhere now.
+    void OutdateToday() { todayOutdated_ = true; }
+    void NoteToday(const DayStrip &days);
+    // The same for the marks of a gesture.
+    void NoteOverlay(const Overlay &overlay);
+
+private:
+    void RepaintAll();
+    void Update(const QRectF &pixels);
+    void NoteSelectionForm();
+    void AddDamage(const Scene::Damage &damage, RectList &areas);
+    void AddTouched(RectList &areas);
+    QRect DevicePixelsSeen() const;
+    QRect ToDevice(const QRectF &twips) const;
+    void PaintArea(QPainter &painter, const QRect &devicePixels);
+    void PaintPicture();
+    int BandRows(const QRect &seen);
+    void CopyPicture(QPainter &painter, const QRegion &region);
+
+    QObject &host_;
+    QWidget &canvas_;
+    Scene &scene_;
+    Surface &surface_;
+    Renderer &renderer_;
+    const Viewport &viewport_;
+    Screen screen_;
+    int bandRows_ = 0;            // of the bands in which the picture is painted
+    QBasicTimer slices_;          // goes on painting when the event loop has nothing else to do
+    bool resting_ = false;        // nothing has moved since the last slice
+    std::optional<int> budget_;   // milliseconds
+    std::optional<QLineF> today_; // twips
+    bool todayOutdated_ = true;
+    OverlayPlace overlayPlace_; // as last painted
+    std::vector<std::pair<ItemKind, ItemId>> selectionTouched_;
+    SelectionForm selectionForm_; // as last painted
+};
+
+} // namespace diagram
