@@ -1,6 +1,7 @@
 // What the forms for the properties of nodes and links, and for the lists of levels and groups, are handed.
 #pragma once
 
+#include <QString>
 #include <vector>
 
 namespace diagram {
@@ -37,12 +38,14 @@ struct LevelsFormArgument {
     static constexpr char kForm[] = "frmLevels";
     document::MapWindow &window;
     document::cLevels &oLevels;
+    QString status = {}; // what to say in the status bar after OK, or empty
 };
 
 struct GroupsFormArgument {
     static constexpr char kForm[] = "frmGroups";
     document::MapWindow &window;
     document::cGroups &oGroups;
+    QString status = {}; // as with the levels
 };
 
 } // namespace dialogs

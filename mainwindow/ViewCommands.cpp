@@ -69,17 +69,19 @@ void mnuViewBackgroundClear(frmMain &window) {
 
 void mnuViewLevels(frmMain &window) {
     dialogs::LevelsFormArgument argument{window, window.clsSettings().Levels()};
-    if (!window.ShowForm(argument, QStringLiteral("The dialog for levels"))) return;
+    document::Show(window, argument);
     window.LoadLevelCombo();
     window.ssDBLevels_CloseUp();
     window.DoFixColors();
+    if (!argument.status.isEmpty()) window.TellInPassing(argument.status);
 }
 
 void mnuViewGroups(frmMain &window) {
     dialogs::GroupsFormArgument argument{window, window.clsSettings().Groups()};
-    if (!window.ShowForm(argument, QStringLiteral("The dialog for groups"))) return;
+    document::Show(window, argument);
     window.LoadGroupCombo();
     window.ssDBLevels_CloseUp();
+    if (!argument.status.isEmpty()) window.TellInPassing(argument.status);
 }
 
 // The check follows what the question's answer has become, not the click.

@@ -180,6 +180,8 @@ public:
         return false;
     }
     void TellNotYet(const QString &what);
+    // Says something in the status bar until the user goes on.
+    void TellInPassing(const QString &text);
     // The timeline node whose popup was opened last, or null.
     diagram::Node *oTemplateNode() const;
     // The read-out of AddFlow1_MouseMove; no part of the program turns it on.
@@ -285,9 +287,7 @@ private:
     void FollowAll(const QString &node);
     // Selects the tab to which a hyperlink leads, or says that there is none.
     void GoToTab(int tab);
-    // Says something in the status bar until the user goes on; DropHint takes it away unless something else
-    // stands there by now.
-    void TellInPassing(const QString &text);
+    // Takes away what TellInPassing said, unless something else stands there by now.
     void DropHint();
     // What a view says of a gesture; an empty text takes away what a view said before, and nothing else.
     void TellHintOfView(const QString &text);
