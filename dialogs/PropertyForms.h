@@ -1,6 +1,8 @@
 // What the forms for the properties of nodes and links, and for the lists of levels and groups, are handed.
 #pragma once
 
+#include "dialogs/LinkEdit.h"
+
 #include <QString>
 #include <vector>
 
@@ -32,6 +34,7 @@ struct LinkDialogArgument {
     diagram::Surface &oFlow;
     diagram::Link &oLink;
     std::vector<diagram::Link *> oLinks; // the selected links, when oLink is one of them; else empty
+    FormerLinks former = {};             // what they were before anything was applied; empty when nothing was
 };
 
 struct LevelsFormArgument {

@@ -41,6 +41,7 @@ class FindBar;
 class frmLayers;
 class frmPics;
 class PickBox;
+class PutBack;
 class RecoveryBar;
 class SliceTabs;
 class SmartMenu;
@@ -182,6 +183,8 @@ public:
     void TellNotYet(const QString &what);
     // Says something in the status bar until the user goes on.
     void TellInPassing(const QString &text);
+    // What is offered after links were changed.
+    PutBack &FormerLinks() const { return *putBack_; }
     // The timeline node whose popup was opened last, or null.
     diagram::Node *oTemplateNode() const;
     // The read-out of AddFlow1_MouseMove; no part of the program turns it on.
@@ -309,6 +312,7 @@ private:
     SliceTabs *SSTab_ctl_ = nullptr;
     cStatusBar *staMain_ = nullptr;
     cProgressBar *prg1_ = nullptr;
+    PutBack *putBack_ = nullptr;
     Toolbar *tlbMain_ = nullptr;
     Toolbar *tlbFormat_ = nullptr;
     Toolbar *tlbView_ = nullptr;

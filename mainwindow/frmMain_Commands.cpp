@@ -5,6 +5,7 @@
 #include "mainwindow/Commands.h"
 #include "mainwindow/cStatusBar.h"
 #include "mainwindow/FormatCommands.h"
+#include "mainwindow/PutBack.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/TextBox.h"
@@ -71,10 +72,11 @@ void frmMain::FocusChanged(const QWidget *, const QWidget *now) {
 
 void frmMain::UpdateCommands() {
     if (!views_.contains(CurrentIndex())) return; // in the middle of a load, or closed
+    putBack_->DropIfPast();
     const diagram::Surface &surface = CurrentSurface();
     const bool selected = !surface.SelectedNodes().empty() || !surface.SelectedLinks().empty();
     const std::pair<Needs, bool> states[] = {
-        {Needs::Undo, surface.CanUndo()},
+        {Needs::Undo, surface.CanUndo() || putBack_->IsOffered()},
         {Needs::Redo, surface.CanRedo()},
         {Needs::Selection, selected},
         {Needs::SelectionOrText, selected || FocusedTextBox()},

@@ -10,6 +10,7 @@
 #include "mainwindow/FontBox.h"
 #include "mainwindow/frmPics.h"
 #include "mainwindow/PickBox.h"
+#include "mainwindow/PutBack.h"
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/TickBox.h"
@@ -96,6 +97,7 @@ void frmMain::BuildStatusBar() {
     staMain_ = new cStatusBar(this);
     staMain_->setObjectName(QStringLiteral("staMain"));
     setStatusBar(staMain_);
+    putBack_ = new PutBack(*this, *staMain_);
     prg1_ = new cProgressBar(staMain_);
     prg1_->setObjectName(QStringLiteral("prg1"));
     prg1_->hide();

@@ -8,6 +8,7 @@
 #include "mainwindow/ActionGroup.h"
 #include "mainwindow/BusyRetry.h"
 #include "mainwindow/Commands.h"
+#include "mainwindow/PutBack.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/TimelineMenu.h"
 #include "support/Val.h"
@@ -114,6 +115,7 @@ void frmMain::ShowLinkProperties(diagram::Link &oLink) {
         dialogs::LinkDialogArgument argument{*this, surface, oLink, {}};
         if (LinkIsInCollection(oLink, surface.SelectedLinks())) argument.oLinks = surface.SelectedLinks();
         ShowForm(argument, tr("The dialog for @LINK properties"));
+        putBack_->Offer(std::move(argument.former));
     });
 }
 
