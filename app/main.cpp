@@ -3,6 +3,9 @@
 #include "app/DeveloperOptions.h"
 #include "app/frmPrompt.h"
 #include "app/Start.h"
+#include "dialogs/frmGroups.h"
+#include "dialogs/frmLevels.h"
+#include "dialogs/frmLinkDialog.h"
 #include "mainwindow/frmAbout.h"
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/frmLayout.h"
@@ -43,6 +46,9 @@ void AddForms(support::RealDesktop &desktop) {
     support::FormTable &forms = desktop.Forms();
     AddForm<app::frmPrompt, app::StartupOffer>(forms);
     AddForm<timeline::frmDate, timeline::DateFormArgument>(forms);
+    AddForm<dialogs::frmLevels, dialogs::LevelsFormArgument>(forms);
+    AddForm<dialogs::frmGroups, dialogs::GroupsFormArgument>(forms);
+    AddForm<dialogs::frmLinkDialog, dialogs::LinkDialogArgument>(forms);
     AddForm<mainwindow::frmLayout, mainwindow::LayoutFormArgument>(forms);
     forms.Add<mainwindow::AboutForm>([&desktop](mainwindow::AboutForm &, support::Owner owner) {
         return mainwindow::frmAbout(desktop.Get(), owner).exec() == QDialog::Accepted;

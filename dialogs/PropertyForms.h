@@ -1,6 +1,9 @@
 // What the forms for the properties of nodes and links, and for the lists of levels and groups, are handed.
 #pragma once
 
+#include "dialogs/LinkEdit.h"
+
+#include <QString>
 #include <vector>
 
 namespace diagram {
@@ -31,18 +34,21 @@ struct LinkDialogArgument {
     diagram::Surface &oFlow;
     diagram::Link &oLink;
     std::vector<diagram::Link *> oLinks; // the selected links, when oLink is one of them; else empty
+    FormerLinks former = {};             // what they were before anything was applied; empty when nothing was
 };
 
 struct LevelsFormArgument {
     static constexpr char kForm[] = "frmLevels";
     document::MapWindow &window;
     document::cLevels &oLevels;
+    QString status = {}; // what to say in the status bar after OK, or empty
 };
 
 struct GroupsFormArgument {
     static constexpr char kForm[] = "frmGroups";
     document::MapWindow &window;
     document::cGroups &oGroups;
+    QString status = {}; // as with the levels
 };
 
 } // namespace dialogs

@@ -1,5 +1,6 @@
 #include "document/DefaultNodes.h"
 
+#include "app/settings/DeliveredFiles.h"
 #include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Surface.h"
@@ -32,7 +33,7 @@ void TellBroken(const QString &path, const support::Error &error) {
 
 // Loads the file if it is there and can be read, and tells whether it was.
 bool LoadIfThere(diagram::Surface &Flow, const QString &name) {
-    const QString path = support::AddBackslash(support::ProgramPath()) + name;
+    const QString path = settings::PathToRead(name);
     if (!support::FileExists(path)) return false;
     try {
         diagram::LoadFile(Flow, path);

@@ -26,8 +26,8 @@ void CreateTemplateNode(diagram::Surface &Flow);
 // Copies the default node's look to the surface's defaults for new nodes. Without a default node it does
 // nothing.
 void ApplyDefaults(diagram::Surface &Flow);
-// For a new surface: loads the default node files of the program's folder as far as they exist. A file that
-// can't be read is told with its name and passed over.
+// For a new surface: loads the default node files as far as they exist, the user's own ones first. A file
+// that can't be read is told with its name and passed over.
 void LoadDefaults(diagram::Surface &Flow);
 
 } // namespace document

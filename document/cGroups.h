@@ -10,7 +10,7 @@ class cGroups : public Pool<cGroup> {
 public:
     // The first ticked group in the order of the collection, or null.
     cGroup *FirstSelectedGroup() const;
-    // Adds the groups of template.tpl in the program's folder. Error 3024 when that file is missing.
+    // Adds the groups of template.tpl. Error 3024 when that file is missing.
     void LoadDefaults();
     // One that was kept together with its key.
     cGroup &Take(const cGroup &group);

@@ -10,7 +10,7 @@ class cLevels : public Pool<cLevel> {
 public:
     // The first ticked level in the order of the collection, or null.
     cLevel *FirstSelectedLevel() const;
-    // Adds the levels of template.tpl in the program's folder. Error 3024 when that file is missing.
+    // Adds the levels of template.tpl. Error 3024 when that file is missing.
     void LoadDefaults();
     // One that was kept together with its key.
     cLevel &Take(const cLevel &level);

@@ -7,6 +7,7 @@
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/PutBack.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/TextBox.h"
 
@@ -14,7 +15,9 @@ namespace mainwindow {
 
 namespace {
 
-void mnuEditUndo(frmMain &window) { window.CurrentSurface().Undo(); }
+void mnuEditUndo(frmMain &window) {
+    if (!window.FormerLinks().StopsUndo()) window.CurrentSurface().Undo();
+}
 void mnuEditRedo(frmMain &window) { window.CurrentSurface().Redo(); }
 
 // True when a text box had the focus and took the command; else the surface has the focus now.

@@ -6,7 +6,6 @@
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/PickBox.h"
-#include "mainwindow/ShowForm.h"
 #include "mainwindow/StartupSetting.h"
 #include "mainwindow/TimelineCommands.h"
 #include "mainwindow/WindowStatus.h"
@@ -71,17 +70,19 @@ void mnuViewBackgroundClear(frmMain &window) {
 
 void mnuViewLevels(frmMain &window) {
     dialogs::LevelsFormArgument argument{window, window.clsSettings().Levels()};
-    if (!ShowForm(window, argument, QStringLiteral("The dialog for levels"))) return;
+    document::Show(window, argument);
     window.LoadLevelCombo();
     window.ssDBLevels_CloseUp();
     window.DoFixColors();
+    if (!argument.status.isEmpty()) window.Status().TellInPassing(argument.status);
 }
 
 void mnuViewGroups(frmMain &window) {
     dialogs::GroupsFormArgument argument{window, window.clsSettings().Groups()};
-    if (!ShowForm(window, argument, QStringLiteral("The dialog for groups"))) return;
+    document::Show(window, argument);
     window.LoadGroupCombo();
     window.ssDBLevels_CloseUp();
+    if (!argument.status.isEmpty()) window.Status().TellInPassing(argument.status);
 }
 
 // The check follows what the question's answer has become, not the click.

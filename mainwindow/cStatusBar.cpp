@@ -31,6 +31,14 @@ cStatusBar::cStatusBar(QWidget *parent)
     progress_->setMinimumHeight(fontMetrics().height() + 6);
     selection_->setTextFormat(Qt::PlainText);
     addWidget(doing_, 1);
+    putBack_ = AddButton(QStringLiteral("undo"), tr("Gives it look and text as before"));
+    putBack_->setObjectName(QStringLiteral("PUTBACK"));
+    putBack_->setText(tr("Put &back"));
+    putBack_->setAccessibleName(tr("Put back"));
+    putBack_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    putBack_->setAutoRaise(false);
+    putBack_->hide();
+    connect(putBack_, &QToolButton::clicked, this, &cStatusBar::PutBackClicked);
     addPermanentWidget(progress_);
     addPermanentWidget(selection_);
     saved_->setObjectName(QStringLiteral("SAVED"));
@@ -81,6 +89,7 @@ void cStatusBar::SetHidden(const QString &text) {
     hidden_->setAccessibleName(text);
     hidden_->setVisible(!text.isEmpty());
 }
+void cStatusBar::OfferPutBack(bool on) { putBack_->setVisible(on); }
 void cStatusBar::SetUnsaved(bool unsaved) {
     saved_->setText(SavedText(unsaved));
     saved_->setAccessibleName(SavedText(unsaved));

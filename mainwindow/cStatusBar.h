@@ -23,6 +23,8 @@ public:
     void SetSelection(const QString &text);
     // What is hidden, in words, on a button that is there only while the text isn't empty.
     void SetHidden(const QString &text);
+    // A button beside the status text.
+    void OfferPutBack(bool on);
     void SetZoom(double percent);
     // Whether all is saved, in words.
     void SetUnsaved(bool unsaved);
@@ -33,6 +35,7 @@ Q_SIGNALS:
     void ZoomOut();
     void ZoomIn();
     void HiddenClicked();
+    void PutBackClicked();
 
 private:
     void PopUpZoomMenu();
@@ -43,6 +46,7 @@ private:
     QLabel *selection_;
     QLabel *saved_;
     QToolButton *hidden_;
+    QToolButton *putBack_;
     QToolButton *zoom_;
     QPointer<QMenu> zoomMenu_;
 };

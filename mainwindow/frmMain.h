@@ -28,6 +28,7 @@ class frmLayers;
 class frmPics;
 class LostMapOffers;
 class PickBox;
+class PutBack;
 class SliceEditor;
 class SliceViews;
 class TickBox;
@@ -146,6 +147,8 @@ public:
     void ShowNodeProperties(diagram::Node &oNode, float x, float y);
     void ShowLinkProperties(diagram::Link &oLink);
     ExchangeRoutines &Exchange() { return exchange_; }
+    // What is offered after links were changed.
+    PutBack &FormerLinks() const { return *putBack_; }
     // The timeline node whose popup was opened last, or null.
     diagram::Node *oTemplateNode() const;
     // The read-out of AddFlow1_MouseMove; no part of the program turns it on.
@@ -202,6 +205,7 @@ private:
     support::Desktop &desktop_;
     std::unique_ptr<WindowParts> parts_;
     std::unique_ptr<WindowStatus> status_;
+    PutBack *putBack_ = nullptr;
     std::unique_ptr<FilterBoxes> filter_;
     std::unique_ptr<Finder> finder_;
     std::unique_ptr<LostMapOffers> lostMaps_;

@@ -4,6 +4,7 @@
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/FormatCommands.h"
+#include "mainwindow/PutBack.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
@@ -43,7 +44,9 @@ void frmMain::tlbMain_ButtonClick(const QString &key) {
     support::Report("frmMain", "tlbMain_ButtonClick", [&] {
         if (key == QLatin1String("UNDO") || key == QLatin1String("REDO")) {
             views_->EndEdits();
-            return key == QLatin1String("UNDO") ? CurrentSurface().Undo() : CurrentSurface().Redo();
+            if (key == QLatin1String("REDO")) return CurrentSurface().Redo();
+            if (!putBack_->StopsUndo()) CurrentSurface().Undo();
+            return;
         }
         for (const ButtonRow &row : MainButtons())
             if (*row.command && key == QLatin1String(row.key))
@@ -59,10 +62,11 @@ void frmMain::ScheduleUpdate() {
 
 void frmMain::UpdateCommands() {
     if (!views_->Has(CurrentIndex())) return; // in the middle of a load, or closed
+    putBack_->DropIfPast();
     const diagram::Surface &surface = CurrentSurface();
     const bool selected = !surface.SelectedNodes().empty() || !surface.SelectedLinks().empty();
     const std::pair<Needs, bool> states[] = {
-        {Needs::Undo, surface.CanUndo()},
+        {Needs::Undo, surface.CanUndo() || putBack_->IsOffered()},
         {Needs::Redo, surface.CanRedo()},
         {Needs::Selection, selected},
         {Needs::SelectionOrText, selected || FocusedTextBox()},

@@ -9,6 +9,7 @@
 #include "mainwindow/Finder.h"
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/PickBox.h"
+#include "mainwindow/PutBack.h"
 #include "mainwindow/SliceEditor.h"
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SliceViews.h"
@@ -35,6 +36,7 @@ void frmMain::BuildControls() {
     setAcceptDrops(true);
     parts_ = std::make_unique<WindowParts>(*this);
     status_ = std::make_unique<WindowStatus>(*this, *parts_->staMain);
+    putBack_ = new PutBack(*this, *parts_->staMain);
     views_ = std::make_unique<SliceViews>(*this, parts_->picRHS);
     finder_ = std::make_unique<Finder>(*this, parts_->picRHS);
     lostMaps_ = std::make_unique<LostMapOffers>(*this, parts_->picRHS);

@@ -2,9 +2,9 @@
 #include "mainwindow/frmMain.h"
 
 #include "app/settings/Settings.h"
+#include "dialogs/ListIndex.h"
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
-#include "mainwindow/ListIndex.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/WindowParts.h"
@@ -106,8 +106,8 @@ void frmMain::AddFlow1_Click(int index) {
 
 void frmMain::AddFlow1_afGotFocus(int index) {
     const diagram::Font &font = FontOfSelection(AddFlow1_[index]);
-    DoSetIndex2(*parts_->cboFont, font.Name(), true);
-    DoSetIndex2(*parts_->cboFontSize, QString::number(support::CLng(font.Size())), true);
+    dialogs::DoSetIndex2(*parts_->cboFont, font.Name(), true);
+    dialogs::DoSetIndex2(*parts_->cboFontSize, QString::number(support::CLng(font.Size())), true);
     ScheduleUpdate();
 }
 

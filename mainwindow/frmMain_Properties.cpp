@@ -6,6 +6,7 @@
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/BusyRetry.h"
+#include "mainwindow/PutBack.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/ShowForm.h"
 #include "mainwindow/SliceViews.h"
@@ -111,6 +112,7 @@ void frmMain::ShowLinkProperties(diagram::Link &oLink) {
         dialogs::LinkDialogArgument argument{*this, surface, oLink, {}};
         if (LinkIsInCollection(oLink, surface.SelectedLinks())) argument.oLinks = surface.SelectedLinks();
         ShowForm(*this, argument, tr("The dialog for @LINK properties"));
+        putBack_->Offer(std::move(argument.former));
     });
 }
 

@@ -42,6 +42,11 @@ QString SystemFolder();
 // Where programs keep what must outlive them, but isn't the user's own work as yet, without a separator at
 // its end; the folder need not exist.
 QString StateFolder();
+// Where programs keep what their user has chosen, in the same way.
+QString ConfigFolder();
+// Whether this user may make files in the folder and replace those that are there. A folder that has every
+// right to write taken away is left alone by an administrator's program too. False where there is none.
+bool MayWriteInto(const QString &folder);
 // The login name.
 QString UserName();
 

@@ -176,6 +176,24 @@ QString StateFolder() {
 #endif
 }
 
+QString ConfigFolder() {
+#ifdef Q_OS_MACOS
+    return QDir::homePath() + QStringLiteral("/Library/Application Support");
+#else
+    const QString named = qEnvironmentVariable("XDG_CONFIG_HOME");
+    return QDir::isAbsolutePath(named) ? QDir::cleanPath(named)
+                                       : QDir::homePath() + QStringLiteral("/.config");
+#endif
+}
+
+bool MayWriteInto(const QString &folder) {
+    const QByteArray path = QFile::encodeName(folder);
+    struct stat status {};
+    if (stat(path.constData(), &status) != 0 || !S_ISDIR(status.st_mode)) return false;
+    const bool anyMay = (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0;
+    return anyMay && access(path.constData(), W_OK | X_OK) == 0;
+}
+
 bool MakePrivateFolder(const QString &path) {
     const QFileInfo folder(path);
     if (!QDir().mkpath(folder.absolutePath())) return false;

@@ -173,6 +173,17 @@ QString SystemFolder() {
 
 QString StateFolder() { return QDir::cleanPath(qEnvironmentVariable("LOCALAPPDATA", QDir::homePath())); }
 
+QString ConfigFolder() { return QDir::cleanPath(qEnvironmentVariable("APPDATA", QDir::homePath())); }
+
+// The rights of a folder come from several lists, so a file that goes at once is the only sure answer.
+bool MayWriteInto(const QString &folder) {
+    const QString probe = QStringLiteral("%1/.%2.probe").arg(folder).arg(GetCurrentProcessId());
+    const Handle file(CreateFileW(Native(probe).c_str(), GENERIC_WRITE | DELETE, kShareAll, nullptr,
+                                  CREATE_ALWAYS, FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE,
+                                  nullptr));
+    return static_cast<bool>(file);
+}
+
 // The folder stands in the user's own profile, which others may not read.
 bool MakePrivateFolder(const QString &path) { return QDir().mkpath(path); }
 

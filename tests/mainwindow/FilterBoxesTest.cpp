@@ -226,4 +226,42 @@ TEST_F(FilterBoxes, LevelSetupRepaintsTheCurrentSliceInTheColoursOfItsLevels) {
     EXPECT_EQ(plain.FillColor(), before);
 }
 
+// The form has changed nothing then, but what it shows is looked at anew.
+TEST_F(FilterBoxes, LevelSetupThatWasCancelledFillsTheListAndAppliesTheFilterToo) {
+    diagram::Node &node = Tagged(2, 2);
+    desktop.ExpectForm<dialogs::LevelsFormArgument>([](dialogs::LevelsFormArgument &argument) {
+        argument.oLevels.Item(2).Selected = false;
+        return false;
+    });
+    window.SmartMenuXP1_Click(QStringLiteral("mnuViewLevels"));
+    EXPECT_FALSE(levels.Row(1).ticked);
+    EXPECT_TRUE(node.Hidden());
+}
+
+TEST_F(FilterBoxes, GroupSetupFillsTheListAndAppliesTheFilterOnOkAndCancelAlike) {
+    diagram::Node &node = Tagged(2, 2);
+    for (const bool ok : {true, false}) {
+        desktop.ExpectForm<dialogs::GroupsFormArgument>([ok](dialogs::GroupsFormArgument &argument) {
+            argument.oGroups.Item(2).GroupName = ok ? QStringLiteral("Money") : QStringLiteral("Cash");
+            argument.oGroups.Item(2).Selected = !ok;
+            return ok;
+        });
+        window.SmartMenuXP1_Click(QStringLiteral("mnuViewGroups"));
+        EXPECT_EQ(groups.Row(1).name, ok ? QStringLiteral("Money") : QStringLiteral("Cash"));
+        EXPECT_EQ(node.Hidden(), ok);
+    }
+}
+
+TEST_F(FilterBoxes, WhatTheFormForLevelsHasToSayStandsInTheStatusBar) {
+    desktop.ExpectForm<dialogs::LevelsFormArgument>([](dialogs::LevelsFormArgument &argument) {
+        argument.status = QStringLiteral("It stays.");
+        return true;
+    });
+    window.SmartMenuXP1_Click(QStringLiteral("mnuViewLevels"));
+    EXPECT_EQ(Status(window), QStringLiteral("It stays."));
+    desktop.ExpectForm<dialogs::LevelsFormArgument>();
+    window.SmartMenuXP1_Click(QStringLiteral("mnuViewLevels"));
+    EXPECT_EQ(Status(window), QStringLiteral("It stays.")) << "without news nothing is taken away";
+}
+
 } // namespace mainwindow::testing

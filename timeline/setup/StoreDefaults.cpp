@@ -1,12 +1,12 @@
 #include "timeline/setup/StoreDefaults.h"
 
+#include "app/settings/DeliveredFiles.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Surface.h"
 #include "document/cLevels.h"
 #include "document/DefaultNodes.h"
 #include "document/MapSchema.h"
 #include "document/TemplateFile.h"
-#include "support/Files.h"
 #include "timeline/TimelineNodes.h"
 
 namespace timeline {
@@ -38,17 +38,19 @@ private:
 
 } // namespace
 
-void StoreDefaultNode(diagram::Surface &surface, diagram::Node &node, bool asTemplate) {
+QString StoreDefaultNode(diagram::Surface &surface, diagram::Node &node, bool asTemplate) {
     const InDisguise disguise(node, asTemplate ? document::kTemplateNodeText : kTemplateNodeText);
     const QString name = asTemplate ? document::kTemplateNodeFile : document::kTimelineTemplateNodeFile;
-    diagram::SaveFile(surface, support::AddBackslash(support::ProgramPath()) + name);
+    const QString path = settings::PathToWrite(name);
+    diagram::SaveFile(surface, path);
+    return path;
 }
 
-void StoreDefaultLevels(const document::cLevels &levels, support::Colour first) {
+QString StoreDefaultLevels(const document::cLevels &levels, support::Colour first) {
     std::vector<document::LevelRow> rows;
     for (const document::cLevel &level : levels)
         rows.push_back({level.LevelName, level.Selected, rows.empty() ? first : level.Color});
-    document::WriteDefaultLevels(rows);
+    return document::WriteDefaultLevels(rows);
 }
 
 } // namespace timeline

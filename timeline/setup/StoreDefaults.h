@@ -1,4 +1,4 @@
-// What all new maps start with, in files beside the program.
+// What all new maps start with, in the delivered files or in copies of the user's own.
 #pragma once
 
 #include "support/Colour.h"
@@ -13,11 +13,13 @@ class cLevels;
 
 namespace timeline {
 
+// Both give the path of the file that was written.
+//
 // Writes the surface with its one node as the default node, or as the template of the months. The node is as
 // it was afterwards.
-void StoreDefaultNode(diagram::Surface &surface, diagram::Node &node, bool asTemplate);
+QString StoreDefaultNode(diagram::Surface &surface, diagram::Node &node, bool asTemplate);
 
 // Puts the levels into the empty map, the first of them with that colour.
-void StoreDefaultLevels(const document::cLevels &levels, support::Colour first);
+QString StoreDefaultLevels(const document::cLevels &levels, support::Colour first);
 
 } // namespace timeline

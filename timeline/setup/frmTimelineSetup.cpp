@@ -1,5 +1,6 @@
 #include "timeline/setup/frmTimelineSetup.h"
 
+#include "app/settings/DeliveredFiles.h"
 #include "app/settings/Settings.h"
 #include "diagram/edit/History.h"
 #include "document/clsfrmMain.h"
@@ -184,8 +185,9 @@ void frmTimelineSetup::SaveDefaults() {
     document::SetTag(*sample_, kMissing, Truth(chkMissingDates_->isChecked()));
     if (cboArrangement_->currentIndex() >= 0)
         document::SetTag(*sample_, kTimelineAlign, QString::number(cboArrangement_->currentIndex()));
-    StoreDefaultNode(TimelineSample(), *sample_, argument_.asTemplate);
-    StoreDefaultLevels(argument_.window.clsSettings().Levels(), sample_->FillColor());
+    const QString node = StoreDefaultNode(TimelineSample(), *sample_, argument_.asTemplate);
+    const QString levels = StoreDefaultLevels(argument_.window.clsSettings().Levels(), sample_->FillColor());
+    settings::TellOfOwnCopies({node, levels});
 }
 
 void frmTimelineSetup::cmdFont_Click() {

@@ -1,4 +1,5 @@
 // What the user does in the setup form, and what OK and the other buttons make of it.
+#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "document/MapSchema.h"
 #include "document/Tags.h"
@@ -9,6 +10,7 @@
 #include "timeline/setup/Swatch.h"
 
 #include <QCheckBox>
+#include <QDir>
 #include <QFile>
 #include <QTest>
 
@@ -322,6 +324,25 @@ TEST_F(Storing, DefaultGivesTheLevelsToNewMapsWithTheFillColourFirst) {
     EXPECT_EQ(levels.Item(1).Color, 0x00FF00);
     EXPECT_EQ(levels.Item(2).Color, 0x445566);
     EXPECT_EQ(window.clsSettings().Levels().Item(1).Color, 0x112233) << "the map's own stay";
+}
+
+TEST_F(Storing, WhatMayNotStandBesideTheProgramIsTheUsersOwnAndToldOnce) {
+    const QTemporaryDir config;
+    const QByteArray former = qgetenv("XDG_CONFIG_HOME");
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.path()));
+    QFile::setPermissions(program.path(), QFile::ReadOwner | QFile::ExeOwner);
+    const QString folder = config.filePath(QStringLiteral("velmora/") + settings::Terms().TITLE);
+    Form();
+    desktop.ExpectMessage(kDefaultQuestion, support::Answer::Yes);
+    desktop.ExpectMessageContaining(QDir(folder).filePath(QStringLiteral("Template.tnd")));
+    Press("cmdDefault");
+    EXPECT_TRUE(QFile::exists(QDir(folder).filePath(QStringLiteral("template.tpl"))));
+    EXPECT_FALSE(QFile::exists(program.filePath(QStringLiteral("Template.tnd"))));
+    diagram::Surface fresh;
+    document::LoadDefaults(fresh);
+    EXPECT_NE(LocateTimeLineTemplateNode(fresh, false), nullptr);
+    QFile::setPermissions(program.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    former.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", former);
 }
 
 TEST_F(Storing, NoWritesNothing) {

@@ -1,0 +1,57 @@
+#include "app/settings/DeliveredFiles.h"
+
+#include "app/settings/Settings.h"
+#include "support/Desktop.h"
+#include "support/Error.h"
+#include "support/Files.h"
+#include "support/Platform.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+namespace settings {
+
+namespace {
+
+// One for each edition, beside the settings.
+QString UsersFolder() {
+    return QStringLiteral("%1/velmora/%2").arg(support::platform::ConfigFolder(), Terms().TITLE);
+}
+
+QString InProgramFolder(const QString &name) { return support::AddBackslash(support::ProgramPath()) + name; }
+QString InUsersFolder(const QString &name) { return UsersFolder() + QLatin1Char('/') + name; }
+
+bool MayReplace(const QString &path) {
+    return support::platform::MayWriteInto(support::ProgramPath()) && !support::IsReadOnly(path);
+}
+
+} // namespace
+
+QString PathToRead(const QString &name) {
+    const QString delivered = InProgramFolder(name), own = InUsersFolder(name);
+    return support::FileExists(own) && !MayReplace(delivered) ? own : delivered;
+}
+
+QString PathToWrite(const QString &name) {
+    const QString delivered = InProgramFolder(name);
+    if (MayReplace(delivered)) return delivered;
+    if (!QDir().mkpath(UsersFolder()))
+        throw support::Error(support::kErrPathNotFound, QStringLiteral("PathToWrite"),
+                             QStringLiteral("Path not found: %1").arg(UsersFolder()));
+    return InUsersFolder(name);
+}
+
+void TellOfOwnCopies(const QStringList &paths) {
+    QStringList own;
+    for (const QString &path : paths)
+        if (path.startsWith(UsersFolder() + QLatin1Char('/'))) own << QDir::toNativeSeparators(path);
+    if (own.isEmpty()) return;
+    const QString text =
+        QCoreApplication::translate("settings", "The folder of the program may not be written:\r\n%1\r\n\r\n"
+                                                "What you chose is kept for you alone, in\r\n%2");
+    support::CurrentDesktop().messageBoxes.Show(
+        text.arg(QDir::toNativeSeparators(support::ProgramPath()), own.join(QStringLiteral("\r\n"))),
+        support::Buttons::Ok, support::Icon::Information, Terms().TITLE);
+}
+
+} // namespace settings

@@ -1,0 +1,22 @@
+// Which nodes of a map have a level, and giving them another one.
+#pragma once
+
+#include <QHash>
+#include <QSet>
+#include <QString>
+
+namespace document {
+class MapWindow;
+struct cLevel;
+} // namespace document
+
+namespace dialogs {
+
+// How many nodes have each level, on all slices; by the level's key.
+QHash<QString, int> NodesByLevel(document::MapWindow &window);
+
+// Gives the nodes that have one of the levels `from` (keys) the level `to`, and its colour: one step of undo
+// on each slice on which there is such a node, and the map is dirty then.
+void GiveLevel(document::MapWindow &window, const QSet<QString> &from, const document::cLevel &to);
+
+} // namespace dialogs

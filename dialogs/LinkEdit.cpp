@@ -1,0 +1,105 @@
+#include "dialogs/LinkEdit.h"
+
+#include "diagram/model/Surface.h"
+#include "document/clsfrmMain.h"
+#include "document/MapWindow.h"
+#include "document/SurfaceArray.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace dialogs {
+
+namespace {
+
+using diagram::Link;
+using diagram::LinkData;
+
+// What WriteLink writes, and the way, which a style can change.
+auto Compared(const LinkData &d) {
+    return std::tie(d.arrowDest, d.arrowMiddle, d.arrowSizeMiddle, d.arrowSource, d.arrowSizeSource,
+                    d.arrowSizeDest, d.drawStyle, d.drawWidth, d.jumpStyle, d.style, d.lineColor, d.foreColor,
+                    d.text, d.font, d.oriented, d.points, d.ownBends);
+}
+
+// With a way that isn't out of date.
+const LinkData &Settled(const Link &link) {
+    link.Way();
+    link.OwnBends();
+    return link.Data();
+}
+
+// Points that are given while a point-edit switch is on stay as they are.
+void GiveWay(Link &link, const LinkData &former) {
+    link.SetMovePointsMode(true);
+    link.Points().Assign(former.points);
+    link.SetMovePointsMode(former.movePointsMode);
+    link.SetOwnBends(former.ownBends);
+}
+
+// What is there of the links, with what they were.
+std::vector<std::pair<Link *, const LinkData *>> Found(document::MapWindow &window,
+                                                       const FormerLinks &former) {
+    std::vector<std::pair<Link *, const LinkData *>> found;
+    if (former.IsEmpty() || !window.AddFlow1().Exists(former.slice)) return found;
+    for (const auto &[id, data] : former.links)
+        if (Link *link = window.AddFlow1()[former.slice].FindLink(id)) found.emplace_back(link, &data);
+    return found;
+}
+
+} // namespace
+
+// In the order in which the form has always written them.
+void WriteLink(Link &link, const LinkData &values) {
+    link.SetArrowDest(values.arrowDest);
+    link.SetArrowMiddle(values.arrowMiddle);
+    link.SetArrowSizeMiddle(values.arrowSizeMiddle);
+    link.SetArrowSource(values.arrowSource);
+    link.SetArrowSizeSource(values.arrowSizeSource);
+    link.SetArrowSizeDest(values.arrowSizeDest);
+    link.SetDrawStyle(values.drawStyle);
+    link.SetDrawWidth(values.drawWidth);
+    link.SetJumpStyle(values.jumpStyle);
+    link.SetStyle(values.style);
+    link.SetLineColor(values.lineColor);
+    link.SetForeColor(values.foreColor);
+    link.SetText(values.text);
+    link.SetFont(values.font);
+    link.SetOriented(values.oriented);
+}
+
+FormerLinks RememberLinks(const std::vector<Link *> &links) {
+    FormerLinks former;
+    for (const Link *link : links) {
+        const bool known = std::any_of(former.links.begin(), former.links.end(),
+                                       [link](const auto &entry) { return entry.first == link->Id(); });
+        if (known) continue;
+        former.slice = link->Owner().Index();
+        former.links.emplace_back(link->Id(), Settled(*link));
+    }
+    return former;
+}
+
+void ApplyToLinks(document::MapWindow &window, Link &oLink, const std::vector<Link *> &oLinks,
+                  const LinkData &values) {
+    window.clsSettings().Dirty = true;
+    for (Link *link : oLinks) WriteLink(*link, values);
+    WriteLink(oLink, values);
+}
+
+bool HaveChanged(document::MapWindow &window, const FormerLinks &former) {
+    const auto found = Found(window, former);
+    return std::any_of(found.begin(), found.end(), [](const auto &entry) {
+        return Compared(Settled(*entry.first)) != Compared(*entry.second);
+    });
+}
+
+void PutBackLinks(document::MapWindow &window, const FormerLinks &former) {
+    for (const auto &[link, data] : Found(window, former)) {
+        WriteLink(*link, *data);
+        if (Settled(*link).points != data->points || link->OwnBends() != data->ownBends)
+            GiveWay(*link, *data);
+    }
+}
+
+} // namespace dialogs

@@ -1,0 +1,43 @@
+// The offer to give links the look and text that they had: a change of theirs is no step of undo.
+#pragma once
+
+#include "dialogs/LinkEdit.h"
+#include "document/UnsavedWork.h"
+
+#include <QObject>
+
+namespace mainwindow {
+
+class cStatusBar;
+class frmMain;
+
+// Stands as a button in the status bar until the map changes, or another slice or window is looked at.
+class PutBack : public QObject {
+    Q_OBJECT
+public:
+    // Belongs to the bar.
+    PutBack(frmMain &window, cStatusBar &bar);
+
+    // Says that the links were changed, and offers to put them back. Nothing when they are as they were.
+    void Offer(dialogs::FormerLinks former);
+    bool IsOffered() const { return !former_.IsEmpty(); }
+    // An undo that comes right after the offer would take back something older, if anything: that is told,
+    // the first time or as long as there is nothing, and true means that nothing is to be undone.
+    bool StopsUndo();
+    // Takes the offer away if it holds no longer.
+    void DropIfPast();
+
+private:
+    bool IsPast() const;
+    void Apply();
+    void Drop();
+    void Tell(const QString &text);
+
+    frmMain &window_;
+    cStatusBar &bar_;
+    dialogs::FormerLinks former_;
+    document::MapState state_; // of the map at the time of the offer
+    bool toldOfUndo_ = false;
+};
+
+} // namespace mainwindow
