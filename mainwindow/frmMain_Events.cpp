@@ -2,9 +2,9 @@
 #include "mainwindow/frmMain.h"
 
 #include "app/settings/Settings.h"
+#include "dialogs/ListIndex.h"
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
-#include "mainwindow/ListIndex.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
 #include "support/Val.h"
@@ -103,8 +103,8 @@ void frmMain::AddFlow1_Click(int index) {
 
 void frmMain::AddFlow1_afGotFocus(int index) {
     const diagram::Font &font = FontOfSelection(AddFlow1_[index]);
-    DoSetIndex2(*cboFont_, font.Name(), true);
-    DoSetIndex2(*cboFontSize_, QString::number(support::CLng(font.Size())), true);
+    dialogs::DoSetIndex2(*cboFont_, font.Name(), true);
+    dialogs::DoSetIndex2(*cboFontSize_, QString::number(support::CLng(font.Size())), true);
     ScheduleUpdate();
 }
 

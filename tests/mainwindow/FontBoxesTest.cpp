@@ -1,8 +1,8 @@
 #include "diagram/view/SurfaceView.h"
+#include "dialogs/ListIndex.h"
 #include "mainwindow/FontBox.h"
 #include "mainwindow/FontSamples.h"
 #include "mainwindow/frmPics.h"
-#include "mainwindow/ListIndex.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QAbstractItemView>
@@ -47,33 +47,6 @@ protected:
     }
 };
 
-TEST(ListIndex, FindsTheFirstExactMatch) {
-    QComboBox list;
-    list.addItems({"arial", "Arial", "Arial Black", "Arial"});
-    EXPECT_EQ(DoFindIndex2(list, QStringLiteral("Arial")), 1);
-    EXPECT_EQ(DoFindIndex2(list, QStringLiteral("ARIAL")), -1);
-    DoSetIndex2(list, QStringLiteral("Arial Black"), false);
-    EXPECT_EQ(list.currentIndex(), 2);
-    DoSetIndex2(list, QStringLiteral("Courier"), false);
-    EXPECT_EQ(list.currentIndex(), -1);
-    EXPECT_EQ(list.count(), 4);
-    DoSetIndex2(list, QStringLiteral("Courier"), true);
-    EXPECT_EQ(list.currentIndex(), 4);
-    EXPECT_EQ(list.itemText(4), QStringLiteral("Courier"));
-}
-
-TEST(ListIndex, FindsEntriesByTheirData) {
-    QComboBox list;
-    list.addItem(QStringLiteral("one"), 1);
-    list.addItem(QStringLiteral("seven"), 7);
-    EXPECT_EQ(DoFindIndex(list, 7), 1);
-    DoSetIndex(list, 7);
-    EXPECT_EQ(list.currentIndex(), 1);
-    DoSetIndex(list, 3);
-    EXPECT_EQ(list.currentIndex(), -1);
-    EXPECT_EQ(list.count(), 2);
-}
-
 TEST_F(FontBoxes, StandInTheFormatToolbarWithTheMachinesFontsAndTheUsualSizes) {
     frmMain &window = NewWindow();
     auto *bar = window.findChild<QToolBar *>(QStringLiteral("tlbFormat"));
@@ -81,7 +54,7 @@ TEST_F(FontBoxes, StandInTheFormatToolbarWithTheMachinesFontsAndTheUsualSizes) {
     EXPECT_TRUE(bar->isAncestorOf(&Size(window)));
     const QStringList fonts = frmPics::Shared().cboFont();
     for (int i = 0; i < fonts.size(); ++i) EXPECT_EQ(Font(window).itemText(i), fonts.at(i));
-    EXPECT_GE(DoFindIndex2(Size(window), QStringLiteral("72")), 0);
+    EXPECT_GE(dialogs::DoFindIndex2(Size(window), QStringLiteral("72")), 0);
     EXPECT_EQ(Font(window).accessibleName(), QStringLiteral("Font"));
     EXPECT_EQ(Size(window).accessibleName(), QStringLiteral("Font size"));
     EXPECT_FALSE(Font(window).toolTip().isEmpty());
@@ -156,7 +129,7 @@ TEST_F(FontBoxes, AnEntryChosenFromTheListGoesToTheSelectionAlone) {
     node.SetSelected(true);
     link.SetSelected(true);
     window.AddFlow1_afGotFocus(0);
-    const int twenty = DoFindIndex2(Size(window), QStringLiteral("20"));
+    const int twenty = dialogs::DoFindIndex2(Size(window), QStringLiteral("20"));
     Choose(Size(window), twenty);
     EXPECT_EQ(node.Font(), diagram::Font(QStringLiteral("Courier"), 20, true));
     EXPECT_DOUBLE_EQ(link.Font().Size(), 20);
