@@ -98,6 +98,10 @@ void NodeLevelPage::lstLevels_ItemCheck(QListWidgetItem *item) {
     Q_EMIT LevelMarked(item->data(Qt::UserRole).toInt());
 }
 
+void NodeLevelPage::SelectLevel() {
+    lstLevels_->setCurrentRow(DoFindIndex2(*lstLevels_, MarkedTexts(*lstLevels_).value(0)));
+}
+
 void NodeLevelPage::Store(NodeEdit &edit) const {
     if (!IsFilled()) return;
     edit.membership = Membership{MarkedTexts(*lstLevels_).value(0), MarkedTexts(*lstGroups_)};

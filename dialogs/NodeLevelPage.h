@@ -24,6 +24,8 @@ public:
     bool IsFilled() const;
     // The map's levels and groups, those of the node marked: instead of one that is gone the first.
     void Fill(document::clsfrmMain &settings, const diagram::Node &oNode);
+    // Goes to the level that is marked.
+    void SelectLevel();
     // Nothing while the lists are empty.
     void Store(NodeEdit &edit) const;
 

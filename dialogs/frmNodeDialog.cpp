@@ -185,6 +185,7 @@ bool frmNodeDialog::cmdApply_Click() {
     bool applied = false;
     support::Report("frmNodeDialog", "cmdApply_Click", [&] {
         if (!MayApply()) return;
+        level_->SelectLevel();
         ApplyNodeEdit(argument_, Edit());
         text_->Keep();
         applied = true;

@@ -11,8 +11,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTest>
@@ -36,25 +34,11 @@ constexpr LabelRow kLabels[] = {
     {"Fore Color", "cmdChangeFore"},
 };
 
-QStringList Marked(const QListWidget &list) {
-    QStringList texts;
-    for (int row = 0; row < list.count(); ++row)
-        if (list.item(row)->checkState() == Qt::Checked) texts << list.item(row)->text();
-    return texts;
-}
-
 } // namespace
 
 class NodeForm : public NodeDialogTest {
 protected:
-    QListWidget &Levels() { return Control<QListWidget>("lstLevels"); }
-    QListWidget &Groups() { return Control<QListWidget>("lstGroups"); }
     SwatchButton &Fill() { return Control<SwatchButton>("cmdChangeFill"); }
-    QLineEdit &DateText() { return *Control<QWidget>("SSDateCombo1").findChild<QLineEdit *>(); }
-    void Type(const QString &date) {
-        DateText().selectAll();
-        QTest::keyClicks(&DateText(), date);
-    }
 };
 
 TEST_F(NodeForm, HasTheSevenPagesUnderTheTermOfTheProduct) {
@@ -205,197 +189,6 @@ TEST_F(NodeForm, AnErrorIsToldAndTheDialogStays) {
     EXPECT_EQ(desktop.Messages().back().title, QStringLiteral("Error in frmNodeDialog: Sub cmdApply_Click"));
     EXPECT_TRUE(form->isVisible());
     EXPECT_TRUE(window.clsSettings().Dirty);
-}
-
-// Level and groups
-
-TEST_F(NodeForm, TheListsOfLevelsAndGroupsAreEmptyUntilTheirPageIsOpened) {
-    Open(*node);
-    EXPECT_EQ(Levels().count() + Groups().count(), 0);
-    GoTo(kLevel);
-    EXPECT_EQ(Levels().count(), 3);
-    EXPECT_EQ(Groups().count(), 3);
-    EXPECT_EQ(Levels().item(1)->data(Qt::UserRole).toInt(), 0x405060);
-    GoTo(0);
-    GoTo(kLevel);
-    EXPECT_EQ(Levels().count(), 3);
-}
-
-TEST_F(NodeForm, WithoutOpeningItsPageLevelAndGroupsStay) {
-    document::SetTag(*node, document::tags::kLevel, QStringLiteral("x"));
-    document::SetTag(*node, document::tags::kGroup, QStringLiteral("y"));
-    node->SetFillColor(0xABCDEF);
-    Open(*node);
-    Click("OKButton");
-    EXPECT_EQ(LevelOf(*node), QStringLiteral("x"));
-    EXPECT_EQ(GroupsOf(*node), QStringLiteral("y"));
-    EXPECT_EQ(node->FillColor(), 0xABCDEF);
-}
-
-TEST_F(NodeForm, OpeningThePageGivesTheNodeTheColourOfItsLevel) {
-    document::SetTag(*node, document::tags::kLevel, LevelKey(2));
-    document::SetTag(*node, document::tags::kGroup, GroupKey(3) + u',' + GroupKey(2));
-    node->SetFillColor(0xABCDEF);
-    Open(*node);
-    GoTo(kLevel);
-    EXPECT_EQ(Marked(Levels()), QStringList(QStringLiteral("Second")));
-    EXPECT_EQ(Marked(Groups()), QStringList({QStringLiteral("Green"), QStringLiteral("Blue")}));
-    EXPECT_EQ(Fill().Value(), 0x405060);
-    Click("OKButton");
-    EXPECT_EQ(node->FillColor(), 0x405060);
-    EXPECT_EQ(LevelOf(*node), LevelKey(2));
-    EXPECT_EQ(GroupsOf(*node), GroupKey(2) + u',' + GroupKey(3));
-}
-
-TEST_F(NodeForm, ALevelThatIsGoneIsShownAsTheFirstAndWritten) {
-    document::SetTag(*node, document::tags::kLevel, QStringLiteral("gone"));
-    Open(*node);
-    GoTo(kLevel);
-    EXPECT_EQ(Marked(Levels()), QStringList(QStringLiteral("First")));
-    EXPECT_EQ(Marked(Groups()), QStringList(QStringLiteral("Red")));
-    Click("OKButton");
-    EXPECT_EQ(LevelOf(*node), LevelKey(1));
-    EXPECT_EQ(GroupsOf(*node), GroupKey(1));
-}
-
-TEST_F(NodeForm, AKeyWithoutAGroupMarksTheFirstBesideTheOthers) {
-    document::SetTag(*node, document::tags::kGroup, GroupKey(3) + QStringLiteral(",gone"));
-    Open(*node);
-    GoTo(kLevel);
-    EXPECT_EQ(Marked(Groups()), QStringList({QStringLiteral("Red"), QStringLiteral("Blue")}));
-}
-
-TEST_F(NodeForm, MarkingALevelClearsTheOtherAndSuggestsItsColour) {
-    Open(*node);
-    GoTo(kLevel);
-    Levels().item(2)->setCheckState(Qt::Checked);
-    EXPECT_EQ(Marked(Levels()), QStringList(QStringLiteral("Third")));
-    EXPECT_EQ(Fill().Value(), 0x708090);
-    Levels().item(2)->setCheckState(Qt::Unchecked);
-    EXPECT_EQ(Marked(Levels()), QStringList(QStringLiteral("Third")));
-    desktop.ExpectColour(0x123456);
-    Fill().click();
-    Click("OKButton");
-    EXPECT_EQ(LevelOf(*node), LevelKey(3));
-    EXPECT_EQ(node->FillColor(), 0x123456);
-}
-
-TEST_F(NodeForm, AnyNumberOfGroupsCanBeMarkedNoneToo) {
-    Open(*node);
-    GoTo(kLevel);
-    Groups().item(0)->setCheckState(Qt::Unchecked);
-    Click("cmdApply");
-    EXPECT_TRUE(GroupsOf(*node).isEmpty());
-    for (int row = 0; row < 3; ++row) Groups().item(row)->setCheckState(Qt::Checked);
-    Click("cmdApply");
-    EXPECT_EQ(GroupsOf(*node), (QStringList{GroupKey(1), GroupKey(2), GroupKey(3)}).join(u','));
-}
-
-TEST_F(NodeForm, AMarkIsSetWithTheSpaceKey) {
-    Open(*node);
-    GoTo(kLevel);
-    Levels().setFocus();
-    Levels().setCurrentRow(1);
-    QTest::keyClick(&Levels(), Qt::Key_Space);
-    EXPECT_EQ(Marked(Levels()), QStringList(QStringLiteral("Second")));
-}
-
-TEST_F(NodeForm, AMapWithoutLevelsAndGroupsLeavesTheTags) {
-    window.clsSettings().Levels().Clear();
-    window.clsSettings().Groups().Clear();
-    document::SetTag(*node, document::tags::kLevel, QStringLiteral("x"));
-    Open(*node);
-    GoTo(kLevel);
-    Click("OKButton");
-    EXPECT_EQ(LevelOf(*node), QStringLiteral("x"));
-}
-
-TEST_F(NodeForm, TwoThousandGroupsAreListed) {
-    for (int i = 0; i < 2000; ++i) window.clsSettings().Groups().Create(QStringLiteral("g%1").arg(i), true);
-    document::SetTag(*node, document::tags::kGroup, GroupKey(2003));
-    Open(*node);
-    GoTo(kLevel);
-    EXPECT_EQ(Marked(Groups()), QStringList(QStringLiteral("g1999")));
-}
-
-// Date
-
-TEST_F(NodeForm, ShowsTheDateOfTheNode) {
-    Date(*node, QStringLiteral("14 March 2004"));
-    Open(*node);
-    EXPECT_TRUE(Control<QCheckBox>("chkDate").isChecked());
-    EXPECT_EQ(DateText().text(), QStringLiteral("14 Mar 2004 00:00:00"));
-    EXPECT_TRUE(Control<QWidget>("SSDateCombo1").isEnabled());
-}
-
-TEST_F(NodeForm, WithoutADateTodayIsOffered) {
-    Open(*node);
-    GoTo(kDate);
-    EXPECT_FALSE(Control<QCheckBox>("chkDate").isChecked());
-    EXPECT_FALSE(Control<QWidget>("SSDateCombo1").isEnabled());
-    EXPECT_EQ(DateText().text(), QStringLiteral("17 May 2024 00:00:00"));
-    Control<QCheckBox>("chkDate").click();
-    EXPECT_TRUE(Control<QWidget>("SSDateCombo1").isEnabled());
-    Click("OKButton");
-    EXPECT_EQ(timeline::DateOfNode(*node), QStringLiteral("17 May 2024"));
-}
-
-TEST_F(NodeForm, ADateIsTypedInAnyForm) {
-    for (const char *typed : {"2 January 2005", "2/1/2005", "2005-01-02", "2 Jan 2005 13:45:00"}) {
-        timeline::RemoveTimelineLinks(*node);
-        Open(*node);
-        GoTo(kDate);
-        Control<QCheckBox>("chkDate").setChecked(true);
-        Type(QLatin1String(typed));
-        Click("OKButton");
-        EXPECT_EQ(timeline::DateOfNode(*node), QStringLiteral("02 January 2005")) << typed;
-    }
-}
-
-TEST_F(NodeForm, WhatIsNoDateIsRefused) {
-    for (const char *typed : {"soon", "31 February 2004", "1/1/99999", "1 January 3100"}) {
-        Open(*node);
-        GoTo(kDate);
-        Control<QCheckBox>("chkDate").setChecked(true);
-        Type(QLatin1String(typed));
-        GoTo(0);
-        desktop.ExpectMessage(QStringLiteral("\"%1\" is no date.").arg(QLatin1String(typed)));
-        Click("OKButton");
-        EXPECT_TRUE(form->isVisible());
-        EXPECT_EQ(form->SSIndexTab1()->currentIndex(), kDate);
-        EXPECT_FALSE(window.clsSettings().Dirty);
-    }
-}
-
-TEST_F(NodeForm, ADateThatCannotBeReadIsShownAndStays) {
-    Date(*node, QStringLiteral("14 March 2004"));
-    node->Links().Item(1).Destination().SetText(QStringLiteral("some day"));
-    Open(*node);
-    EXPECT_EQ(DateText().text(), QStringLiteral("some day"));
-    Click("OKButton");
-    EXPECT_EQ(DayTextOf(*node), QStringLiteral("some day"));
-}
-
-TEST_F(NodeForm, ClearingTheDateTakesItAway) {
-    Date(*node, QStringLiteral("14 March 2004"));
-    Open(*node);
-    GoTo(kDate);
-    Control<QCheckBox>("chkDate").click();
-    Click("OKButton");
-    EXPECT_TRUE(timeline::DateOfNode(*node).isEmpty());
-}
-
-TEST_F(NodeForm, OfSeveralNodesTheDatePageIsOffAndTheDateGoes) {
-    Date(*node, QStringLiteral("14 March 2004"));
-    diagram::Node &other = AddNode();
-    Date(other, QStringLiteral("15 March 2004"));
-    other.SetSelected(true);
-    Open(*node);
-    EXPECT_FALSE(form->SSIndexTab1()->isTabEnabled(kDate));
-    EXPECT_FALSE(Control<QCheckBox>("chkDate").isChecked());
-    Click("OKButton");
-    EXPECT_TRUE(timeline::DateOfNode(*node).isEmpty());
-    EXPECT_EQ(timeline::DateOfNode(other), QStringLiteral("15 March 2004"));
 }
 
 // Several nodes
