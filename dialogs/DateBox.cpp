@@ -32,7 +32,6 @@ DateBox::DateBox(const QString &name, QWidget *parent)
     : QWidget(parent), text_(new QLineEdit(this)), open_(new QToolButton(this)) {
     setObjectName(name);
     text_->setAccessibleName(tr("Date"));
-    text_->setToolTip(tr("Such as 14 March 2004, Mar-04 or 14/3/2004"));
     text_->setMinimumWidth(
         text_->fontMetrics().horizontalAdvance(QStringLiteral("00 September 0000 00:00:00")));
     open_->setArrowType(Qt::DownArrow);

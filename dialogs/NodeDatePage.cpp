@@ -4,6 +4,7 @@
 
 #include <QCheckBox>
 #include <QFrame>
+#include <QLabel>
 #include <QVBoxLayout>
 
 namespace dialogs {
@@ -19,6 +20,10 @@ NodeDatePage::NodeDatePage(const QDate &today, QWidget *parent) : QWidget(parent
     rows->setContentsMargins({});
     rows->addWidget(chkDate_);
     rows->addWidget(SSDateCombo1_, 0, Qt::AlignLeft);
+    auto *hint = new QLabel(
+        tr("Type it as you write it, such as 14 March 2004, Mar-04 or 14/3/2004, or choose it."), fraDate);
+    hint->setWordWrap(true);
+    rows->addWidget(hint);
     auto *page = new QVBoxLayout(this);
     page->addWidget(fraDate);
     page->addStretch();
