@@ -6,6 +6,7 @@
 #include "dialogs/frmGroups.h"
 #include "dialogs/frmLevels.h"
 #include "dialogs/frmLinkDialog.h"
+#include "dialogs/frmNodeDialog.h"
 #include "mainwindow/frmAbout.h"
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/frmLayout.h"
@@ -49,6 +50,7 @@ void AddForms(support::RealDesktop &desktop) {
     AddForm<dialogs::frmLevels, dialogs::LevelsFormArgument>(forms);
     AddForm<dialogs::frmGroups, dialogs::GroupsFormArgument>(forms);
     AddForm<dialogs::frmLinkDialog, dialogs::LinkDialogArgument>(forms);
+    AddForm<dialogs::frmNodeDialog, dialogs::NodeDialogArgument>(forms);
     AddForm<mainwindow::frmLayout, mainwindow::LayoutFormArgument>(forms);
     forms.Add<mainwindow::AboutForm>([&desktop](mainwindow::AboutForm &, support::Owner owner) {
         return mainwindow::frmAbout(desktop.Get(), owner).exec() == QDialog::Accepted;

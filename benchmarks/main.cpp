@@ -3,6 +3,7 @@
 #include "benchmarks/CanvasFigures.h"
 #include "benchmarks/CommandFigures.h"
 #include "benchmarks/EditFigures.h"
+#include "benchmarks/FormFigures.h"
 #include "benchmarks/JournalFigures.h"
 #include "benchmarks/MemoryFigures.h"
 #include "benchmarks/Stage.h"
@@ -162,7 +163,7 @@ struct Part {
     bool timed; // takes its values from the micro-benchmarks
     void (*add)(Table &table, const QString &bin);
 };
-constexpr std::array<Part, 13> kParts{{
+constexpr std::array<Part, 14> kParts{{
     {"store", true, AddStore},
     {"painting", true, AddPainting},
     {"export", true, AddExport},
@@ -174,6 +175,7 @@ constexpr std::array<Part, 13> kParts{{
     {"layout", false, [](Table &table, const QString &) { table.Add(bench::LayoutFigures()); }},
     {"wholemap", false, [](Table &table, const QString &) { table.Add(bench::WholeMapFigures()); }},
     {"commands", false, [](Table &table, const QString &) { table.Add(bench::CommandFigures()); }},
+    {"forms", false, [](Table &table, const QString &) { table.Add(bench::FormFigures()); }},
     {"memory", false, AddMemory},
     {"process", false, AddWholeProcess},
 }};

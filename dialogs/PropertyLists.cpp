@@ -64,7 +64,7 @@ void FillList(QComboBox &list, ListOf what) {
 void ShowValue(QComboBox &list, double value) {
     int index = list.findData(value);
     if (index < 0) {
-        list.addItem(support::CStr(value), value);
+        list.addItem(support::CStr(float(value)), value);
         index = list.count() - 1;
     }
     list.setCurrentIndex(index);

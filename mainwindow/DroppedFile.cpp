@@ -6,14 +6,9 @@
 #include "mainwindow/Icons.h"
 #include "support/clsGUID.h"
 
-#include <QFileInfo>
-#include <QImageReader>
-
 namespace mainwindow {
 
 namespace {
-
-constexpr qint64 kLargestPictureFile = qint64(256) << 20; // bytes
 
 QString Caption(const QString &text, QString name) {
     return settings::ReplaceTerms(text).arg(name.replace(u'&', QLatin1String("&&")));
@@ -26,21 +21,6 @@ bool IsAttached(const document::cAttachments &attachments, const diagram::Node &
 }
 
 } // namespace
-
-diagram::Picture PictureIn(const QString &file) {
-    const QFileInfo info(file);
-    if (!info.isFile() || info.size() > kLargestPictureFile) return {};
-    try {
-        return diagram::Picture::FromFile(file);
-    } catch (const support::Error &) {
-        return {};
-    }
-}
-
-bool IsNamedLikeAPicture(const QString &file) {
-    const QByteArray ending = QFileInfo(file).suffix().toLower().toLatin1();
-    return QImageReader::supportedImageFormats().contains(ending) || ending == "wmf" || ending == "emf";
-}
 
 bool AttachFile(document::clsfrmMain &settings, diagram::Node &node, const QString &file) {
     if (node.Key().isEmpty()) node.SetKey(support::GetGUID());

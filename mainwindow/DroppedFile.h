@@ -1,7 +1,7 @@
 // What can be done with a file that the user drops on the page.
 #pragma once
 
-#include "diagram/model/Picture.h"
+#include "dialogs/PictureFile.h"
 
 #include <QMenu>
 #include <QString>
@@ -15,10 +15,8 @@ class clsfrmMain;
 
 namespace mainwindow {
 
-// The picture in the file; none for a file that holds no picture, is damaged, missing or too large to be one.
-diagram::Picture PictureIn(const QString &file);
-// Whether the ending of the name is that of a picture.
-bool IsNamedLikeAPicture(const QString &file);
+using dialogs::IsNamedLikeAPicture;
+using dialogs::PictureIn;
 
 // Adds the file to the attachments of the node, by its path, and marks the map; false when it is there
 // already. A node without a key gets one, which is no step of undo: attachments are found by it.

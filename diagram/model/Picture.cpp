@@ -1,6 +1,7 @@
 #include "diagram/model/Picture.h"
 
 #include "diagram/metafile/Metafile.h"
+#include "diagram/model/SvgSource.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 
@@ -16,7 +17,9 @@ struct Picture::Data {
     QSize size;
     std::optional<MetafileHead> metafile;
     bool svg = false;
+    QByteArray source; // of an SVG: what is read of it
     mutable std::once_flag decoded;
+    const QByteArray &Source() const { return svg ? source : bytes; }
     mutable QImage image;
 };
 
@@ -26,6 +29,7 @@ constexpr qint64 kMostPixels = qint64(1) << 28;
 constexpr double kMostSide = 4096; // pixels of a drawing made for a place
 constexpr double kTwipsPerMetre = 1440 / 0.0254;
 constexpr double kTwipsPerPixel = 15;
+constexpr QSize kPacked(100, 100);     // of a compressed drawing, which is kept, but not read
 constexpr int kPlainResolution = 3780; // dots a metre, 96 an inch
 
 [[noreturn]] void RaiseInvalidPicture() {
@@ -48,17 +52,26 @@ QImage Decode(const QByteArray &bytes, const QSize &size = {}) {
 }
 
 // What the header tells, or, for a format whose header doesn't, what decoding gives.
-QSize SizeOf(const QByteArray &bytes, bool &svg) {
+QSize SizeOf(const QByteArray &bytes) {
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
     if (!reader.canRead()) return {};
-    svg = reader.format().startsWith("svg");
     const QSize size = reader.size();
     if (!size.isValid()) return reader.read().size();
     return reader.transformation() & QImageIOHandler::TransformationRotate90 ? size.transposed() : size;
+}
+
+// "svg", "png" and the like, by what the bytes begin with; nothing else is read.
+QByteArray FormatOf(const QByteArray &bytes) {
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    return reader.canRead() ? reader.format() : QByteArray();
 }
 
 // Of 96 an inch. A page too large for whole numbers has none.
@@ -80,7 +93,13 @@ Picture Picture::Recognised(const QByteArray &bytes) {
     auto data = std::make_shared<Data>();
     data->bytes = bytes;
     data->metafile = ReadMetafileHead(bytes);
-    data->size = data->metafile ? PixelsOf(*data->metafile) : SizeOf(bytes, data->svg);
+    const QByteArray format = data->metafile ? QByteArray() : FormatOf(bytes);
+    data->svg = format.startsWith("svg");
+    if (format == "svg") data->source = WithoutReferences(bytes);
+    if (data->metafile)
+        data->size = PixelsOf(*data->metafile);
+    else
+        data->size = format == "svgz" ? kPacked : SizeOf(data->Source());
     Picture picture;
     if (!data->size.isEmpty() && qint64(data->size.width()) * data->size.height() <= kMostPixels)
         picture.data_ = std::move(data);
@@ -133,8 +152,9 @@ QSizeF Picture::SizeInTwips() const {
 const QImage &Picture::Image() const {
     static const QImage none;
     if (!data_) return none;
-    std::call_once(data_->decoded,
-                   [this] { data_->image = data_->metafile ? ImageFor(data_->size) : Decode(data_->bytes); });
+    std::call_once(data_->decoded, [this] {
+        data_->image = data_->metafile ? ImageFor(data_->size) : Decode(data_->Source());
+    });
     return data_->image;
 }
 
@@ -143,7 +163,8 @@ bool Picture::IsDrawing() const { return data_ && (data_->metafile || data_->svg
 QImage Picture::ImageFor(const QSizeF &pixels) const {
     if (!IsDrawing()) return Image();
     const QSize size = Within(pixels, kMostSide);
-    return data_->metafile ? PlayMetafile(data_->bytes, *data_->metafile, size) : Decode(data_->bytes, size);
+    return data_->metafile ? PlayMetafile(data_->bytes, *data_->metafile, size)
+                           : Decode(data_->Source(), size);
 }
 
 bool operator==(const Picture &a, const Picture &b) {

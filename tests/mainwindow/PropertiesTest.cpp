@@ -1,6 +1,8 @@
 #include "diagram/view/SurfaceView.h"
+#include "dialogs/frmNodeDialog.h"
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/BusyRetry.h"
+#include "mainwindow/CommandSearch.h"
 #include "mainwindow/Selection.h"
 #include "support/Forms.h"
 #include "tests/mainwindow/WindowTest.h"
@@ -174,6 +176,42 @@ TEST_F(Properties, TheMenuKeyAndShiftF10DoForTheSelectionWhatTheRightClickDoes) 
     window.CurrentSurface().UnselectAll();
     Press(window, QStringLiteral("Menu"));
     EXPECT_EQ(desktop.dialogHost.shown, QStringList({kLinkForm, kNodeForm}));
+}
+
+TEST_F(Properties, ItsKeyAndTheSearchShowThoseOfTheSelection) {
+    frmMain &window = Open();
+    second->SetSelected(true);
+    ExpectForm<NodeDialogArgument>([&](NodeDialogArgument &argument) { EXPECT_EQ(&argument.oNode, second); });
+    Press(window, QStringLiteral("F4"));
+    ExpectForm<NodeDialogArgument>([&](NodeDialogArgument &argument) { EXPECT_EQ(&argument.oNode, second); });
+    Press(window, QStringLiteral("Ctrl+Shift+P"));
+    QTest::keyClicks(&window.Search(), QStringLiteral("properties"));
+    QWidget *popup = QApplication::activePopupWidget();
+    QTest::keyClick(popup ? popup : &window.Search(), Qt::Key_Return);
+    ProcessEvents();
+    EXPECT_EQ(desktop.dialogHost.shown, QStringList({kNodeForm, kNodeForm}));
+}
+
+// With the display of both texts on, which has to come off for the form and on again behind it.
+TEST_F(Properties, WhatTheDialogAppliesIsOneStepOfTheWindow) {
+    frmMain &window = Open();
+    first->SetKey(QStringLiteral("key"));
+    window.ClickFormatButton(QStringLiteral("DISPLAY"));
+    window.clsSettings().Dirty = false;
+    desktop.ExpectForm<NodeDialogArgument>([&](NodeDialogArgument &argument) {
+        dialogs::frmNodeDialog form(argument, &window);
+        auto *shape = form.findChild<QComboBox *>(QStringLiteral("cboShape"));
+        shape->setCurrentIndex(shape->findData(50));
+        form.OKButton_Click();
+        return form.result() == QDialog::Accepted;
+    });
+    RightClick(window, kOnFirst);
+    EXPECT_EQ(first->Shape(), 50);
+    EXPECT_EQ(first->Text(), QStringLiteral("first"));
+    EXPECT_TRUE(window.DisplayPressed());
+    EXPECT_TRUE(window.clsSettings().Dirty);
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_EQ(first->Shape(), 1);
 }
 
 TEST_F(Properties, ABusySurfaceIsTriedAgain) {

@@ -1,0 +1,53 @@
+#include "dialogs/NodeDatePage.h"
+
+#include "dialogs/DateBox.h"
+
+#include <QCheckBox>
+#include <QFrame>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace dialogs {
+
+NodeDatePage::NodeDatePage(const QDate &today, QWidget *parent) : QWidget(parent) {
+    auto *fraDate = new QFrame(this);
+    fraDate->setObjectName(QStringLiteral("fraDate"));
+    chkDate_ = new QCheckBox(tr("&On the timeline"), fraDate);
+    chkDate_->setObjectName(QStringLiteral("chkDate"));
+    SSDateCombo1_ = new DateBox(QStringLiteral("SSDateCombo1"), fraDate);
+    SSDateCombo1_->SetDate(today);
+    auto *rows = new QVBoxLayout(fraDate);
+    rows->setContentsMargins({});
+    rows->addWidget(chkDate_);
+    rows->addWidget(SSDateCombo1_, 0, Qt::AlignLeft);
+    auto *hint = new QLabel(
+        tr("Type it as you write it, such as 14 March 2004, Mar-04 or 14/3/2004, or choose it."), fraDate);
+    hint->setWordWrap(true);
+    rows->addWidget(hint);
+    auto *page = new QVBoxLayout(this);
+    page->addWidget(fraDate);
+    page->addStretch();
+    connect(chkDate_, &QCheckBox::toggled, this, &NodeDatePage::chkDate_Click);
+}
+
+void NodeDatePage::Load(const QString &day) {
+    chkDate_->setChecked(true);
+    SSDateCombo1_->SetText(day);
+}
+
+void NodeDatePage::Store(NodeEdit &edit) const {
+    edit.date.dated = chkDate_->isChecked();
+    edit.date.value = SSDateCombo1_->Date();
+}
+
+bool NodeDatePage::IsUnreadable() const {
+    return chkDate_->isChecked() && SSDateCombo1_->IsEdited() && !SSDateCombo1_->Date();
+}
+
+QString NodeDatePage::Text() const { return SSDateCombo1_->Text(); }
+
+void NodeDatePage::FocusDate() { SSDateCombo1_->setFocus(); }
+
+void NodeDatePage::chkDate_Click() { SSDateCombo1_->setEnabled(chkDate_->isChecked()); }
+
+} // namespace dialogs

@@ -1,0 +1,34 @@
+// The node dialog's page of the date.
+#pragma once
+
+#include "dialogs/NodeEdit.h"
+
+#include <QWidget>
+
+class QCheckBox;
+
+namespace dialogs {
+
+class DateBox;
+
+class NodeDatePage : public QWidget {
+    Q_OBJECT
+public:
+    NodeDatePage(const QDate &today, QWidget *parent);
+
+    // The text of the day that the node is linked to.
+    void Load(const QString &day);
+    void Store(NodeEdit &edit) const;
+    // Whether something was typed that is no date, and is asked for.
+    bool IsUnreadable() const;
+    QString Text() const;
+    void FocusDate();
+
+    void chkDate_Click();
+
+private:
+    QCheckBox *chkDate_;
+    DateBox *SSDateCombo1_;
+};
+
+} // namespace dialogs

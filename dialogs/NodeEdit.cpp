@@ -1,0 +1,172 @@
+#include "dialogs/NodeEdit.h"
+
+#include "diagram/model/Surface.h"
+#include "document/clsfrmMain.h"
+#include "document/MapWindow.h"
+#include "document/Tags.h"
+#include "support/clsGUID.h"
+#include "support/Val.h"
+#include "timeline/AddTimelineLink.h"
+#include "timeline/AdjustLinks.h"
+#include "timeline/DateText.h"
+
+#include <algorithm>
+
+namespace dialogs {
+
+namespace {
+
+using diagram::Node;
+
+// A step of undo that closes itself and marks the map.
+class Applying {
+public:
+    explicit Applying(const NodeDialogArgument &argument) : argument_(argument) {
+        document::BeginAction(argument.oFlow);
+    }
+    ~Applying() {
+        argument_.oFlow.EndAction();
+        argument_.window.clsSettings().Dirty = true;
+    }
+    Applying(const Applying &) = delete;
+    Applying &operator=(const Applying &) = delete;
+
+private:
+    const NodeDialogArgument &argument_;
+};
+
+// What the tags hold of a membership.
+struct MembershipKeys {
+    QString level, groups;
+};
+
+MembershipKeys KeysOf(document::clsfrmMain &settings, const Membership &membership) {
+    MembershipKeys keys{settings.Levels().KeyForLevelName(membership.level), {}};
+    QStringList groups;
+    for (const QString &name : membership.groups)
+        for (const document::cGroup &group : settings.Groups()) {
+            if (group.GroupName != name) continue;
+            groups << group.Key;
+            break;
+        }
+    keys.groups = groups.join(u',');
+    return keys;
+}
+
+void WriteMembership(Node &node, const MembershipKeys &keys) {
+    document::SetTag(node, document::tags::kLevel, keys.level);
+    document::SetTag(node, document::tags::kGroup, keys.groups);
+}
+
+// The selection first, and the node that is shown in any case.
+std::vector<Node *> EditedNodes(const NodeDialogArgument &argument) {
+    std::vector<Node *> nodes;
+    if (argument.editsSelection) nodes = argument.oFlow.SelectedNodes();
+    if (std::find(nodes.begin(), nodes.end(), &argument.oNode) == nodes.end())
+        nodes.push_back(&argument.oNode);
+    return nodes;
+}
+
+void WriteDate(const NodeDialogArgument &argument, const DateEdit &date) {
+    if (!date.dated)
+        timeline::RemoveTimelineLinks(argument.oNode);
+    else if (date.value)
+        timeline::AddTimelineLink(argument.window, argument.oFlow, argument.oNode,
+                                  timeline::FormatDate(*date.value, timeline::kDayPattern));
+}
+
+// Arrangements 2, 3 and 4 run from left to right.
+bool StripIsHorizontal(const diagram::Surface &surface) {
+    const double align = support::Val(document::GetTag(surface, document::tags::kTimelineAlign));
+    return align == 2 || align == 3 || align == 4;
+}
+
+// The links to their days of nodes that took another size.
+void AdjustResized(const std::vector<Node *> &nodes, const std::vector<QRectF> &former) {
+    for (std::size_t i = 0; i < nodes.size(); ++i)
+        if (nodes[i]->Bounds() != former[i])
+            timeline::AdjustLinks(*nodes[i], StripIsHorizontal(nodes[i]->Owner()));
+}
+
+std::vector<QRectF> BoundsOf(const std::vector<Node *> &nodes) {
+    std::vector<QRectF> bounds;
+    for (const Node *node : nodes) bounds.push_back(node->Bounds());
+    return bounds;
+}
+
+void WriteTexts(Node &node, const NodeEdit &edit) {
+    if (edit.Text) node.SetText(*edit.Text);
+    if (edit.Event) node.SetEvent(*edit.Event);
+}
+
+} // namespace
+
+NodeEdit EditOf(const Node &node) {
+    NodeEdit edit;
+    edit.AutoSize = node.AutoSize();
+    edit.DrawStyle = node.DrawStyle();
+    edit.DrawWidth = node.DrawWidth();
+    edit.PicturePos = node.PicturePos();
+    edit.Shadow = node.Shadow();
+    edit.Shape = node.Shape();
+    edit.ShapeOrientation = node.ShapeOrientation();
+    edit.Alignment = node.Alignment();
+    edit.xTextMargin = node.xTextMargin();
+    edit.yTextMargin = node.yTextMargin();
+    edit.Picture = node.Picture();
+    edit.ForeColor = node.ForeColor();
+    edit.FillColor = node.FillColor();
+    edit.BorderColor = node.BorderColor();
+    edit.Font = node.Font();
+    edit.date.dated = DayTextOf(node).has_value();
+    return edit;
+}
+
+std::optional<QString> DayTextOf(const Node &node) {
+    std::optional<QString> text;
+    for (const diagram::Link *link : node.Links())
+        if (!link->Selectable() && link->Marked()) text = link->Destination().Text();
+    return text;
+}
+
+void WriteLook(Node &node, const NodeEdit &edit) {
+    node.SetAutoSize(edit.AutoSize);
+    node.SetDrawStyle(edit.DrawStyle);
+    node.SetDrawWidth(edit.DrawWidth);
+    node.SetPicturePos(edit.PicturePos);
+    node.SetShadow(edit.Shadow);
+    node.SetShape(edit.Shape);
+    node.SetShapeOrientation(edit.ShapeOrientation);
+    node.SetAlignment(edit.Alignment);
+    node.SetxTextMargin(edit.xTextMargin);
+    node.SetyTextMargin(edit.yTextMargin);
+    node.SetPicture(edit.Picture);
+    node.SetForeColor(edit.ForeColor);
+    node.SetFillColor(edit.FillColor);
+    node.SetBorderColor(edit.BorderColor);
+    node.SetFont(edit.Font);
+}
+
+void ApplyNodeEdit(const NodeDialogArgument &argument, const NodeEdit &edit,
+                   const std::function<void()> &linked) {
+    support::PassOn("cmdApply", [&] {
+        Node &oNode = argument.oNode;
+        std::optional<MembershipKeys> keys;
+        if (edit.membership) keys = KeysOf(argument.window.clsSettings(), *edit.membership);
+        const Applying step(argument);
+        const std::vector<Node *> nodes = EditedNodes(argument);
+        const std::vector<QRectF> former = BoundsOf(nodes);
+        for (Node *node : nodes) {
+            WriteLook(*node, edit);
+            if (keys) WriteMembership(*node, *keys);
+        }
+        WriteTexts(oNode, edit);
+        if (oNode.Key().isEmpty()) oNode.SetKey(support::GetGUID());
+        if (linked) linked();
+        WriteDate(argument, edit.date);
+        AdjustResized(nodes, former);
+        oNode.Refresh();
+    });
+}
+
+} // namespace dialogs

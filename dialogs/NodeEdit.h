@@ -1,0 +1,67 @@
+// What the node dialog holds when OK is pressed, and what that does to nodes.
+#pragma once
+
+#include "diagram/model/Font.h"
+#include "diagram/model/Picture.h"
+#include "dialogs/PropertyForms.h"
+#include "support/Colour.h"
+
+#include <functional>
+#include <optional>
+#include <QDate>
+#include <QString>
+#include <QStringList>
+
+namespace dialogs {
+
+// Levels and groups by their names: of several with one name the first counts.
+struct Membership {
+    QString level; // empty for none
+    QStringList groups;
+};
+
+struct DateEdit {
+    bool dated = false;
+    std::optional<QDate> value; // dated without a value: the date stays as it is
+};
+
+struct NodeEdit {
+    // For every node that is edited.
+    int AutoSize = 0;
+    int DrawStyle = 0;
+    float DrawWidth = 1;
+    int PicturePos = 7;
+    int Shadow = 0;
+    int Shape = 1;
+    int ShapeOrientation = 0;
+    int Alignment = 7;
+    int xTextMargin = 0;
+    int yTextMargin = 0;
+    diagram::Picture Picture;
+    support::Colour ForeColor = support::kBlack;
+    support::Colour FillColor = support::kWhite;
+    support::Colour BorderColor = support::kBlack;
+    diagram::Font Font;
+    std::optional<Membership> membership; // none leaves levels and groups as they are
+    // For the node that is shown alone.
+    std::optional<QString> Text, Event; // none leaves the text as it is, to the letter
+    DateEdit date;
+};
+
+// The edit that changes nothing of the node.
+NodeEdit EditOf(const diagram::Node &node);
+
+// What the day says that the node is linked to, as it stands there: of several days the last. Nothing for a
+// node without a date.
+std::optional<QString> DayTextOf(const diagram::Node &node);
+
+// The values of every node, but for level and groups.
+void WriteLook(diagram::Node &node, const NodeEdit &edit);
+
+// Writes the edit as one step of undo, which ends and marks the map whatever happens. A node without a key
+// gets one. `linked` writes what hangs on the node by its key, before the date. Where the slice has no
+// timeline yet, a date asks whether to set it up.
+void ApplyNodeEdit(const NodeDialogArgument &argument, const NodeEdit &edit,
+                   const std::function<void()> &linked = {});
+
+} // namespace dialogs
