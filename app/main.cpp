@@ -3,6 +3,7 @@
 #include "app/DeveloperOptions.h"
 #include "app/frmPrompt.h"
 #include "app/Start.h"
+#include "dialogs/frmAttachment.h"
 #include "mainwindow/frmAbout.h"
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/frmLayout.h"
@@ -43,6 +44,7 @@ void AddForms(support::RealDesktop &desktop) {
     support::FormTable &forms = desktop.Forms();
     AddForm<app::frmPrompt, app::StartupOffer>(forms);
     AddForm<timeline::frmDate, timeline::DateFormArgument>(forms);
+    AddForm<dialogs::frmAttachment, dialogs::cfrmAttachment>(forms);
     AddForm<mainwindow::frmLayout, mainwindow::LayoutFormArgument>(forms);
     forms.Add<mainwindow::AboutForm>([&desktop](mainwindow::AboutForm &, support::Owner owner) {
         return mainwindow::frmAbout(desktop.Get(), owner).exec() == QDialog::Accepted;
