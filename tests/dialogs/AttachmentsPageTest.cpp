@@ -116,6 +116,7 @@ TEST_F(AttachmentsPageTest, DeleteTakesTheRowWithoutAsking) {
     Select(0);
     page->show();
     page->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(page.get()));
     page->lvwAttachments().setFocus();
     QTest::keyClick(&page->lvwAttachments(), Qt::Key_Delete);
     EXPECT_TRUE(page->Rows().empty());

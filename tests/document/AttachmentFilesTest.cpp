@@ -134,7 +134,7 @@ TEST_F(AttachmentFilesTest, WhatTheFormerMapHasNoMoreIsAnErrorThatNamesTheNode) 
 
 TEST_F(AttachmentFilesTest, OneWithoutANameIsAFileOnlyIfItHasBytes) {
     const QString path = Map("a.map", {QString(), QString()});
-    Run(path, "UPDATE [Attachments] SET [Data]=NULL WHERE [Data]='2'");
+    Run(path, "UPDATE [Attachments] SET [Data]=NULL WHERE [Data]=X'32'");
     const auto window = Loaded(path);
     EXPECT_EQ(Bytes(*window, 1), "1");
     EXPECT_EQ(File(*window, 2), QString());
