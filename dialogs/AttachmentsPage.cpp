@@ -1,6 +1,5 @@
 #include "dialogs/AttachmentsPage.h"
 
-#include "app/settings/Settings.h"
 #include "dialogs/clsCompactPath.h"
 #include "dialogs/frmAttachment.h"
 #include "dialogs/OpenAttachment.h"
@@ -43,12 +42,9 @@ protected:
 // In the order of FileState.
 QString TextOf(FileState state) {
     static const std::array<QString, 6> texts{
-        AttachmentsPage::tr("None chosen"),
-        AttachmentsPage::tr("Found"),
-        settings::ReplaceTerms(AttachmentsPage::tr("Found beside the @MAP")),
-        AttachmentsPage::tr("Folder"),
-        AttachmentsPage::tr("Not found"),
-        AttachmentsPage::tr("On the network")};
+        AttachmentsPage::tr("None chosen"), AttachmentsPage::tr("Found"),
+        AttachmentsPage::tr("Moved"),       AttachmentsPage::tr("Folder"),
+        AttachmentsPage::tr("Not found"),   AttachmentsPage::tr("On the network")};
     return texts[std::size_t(state)];
 }
 
@@ -88,6 +84,7 @@ void AttachmentsPage::BuildList() {
     lvwAttachments_->setAccessibleName(tr("Attachments"));
     lvwAttachments_->setColumnCount(kColumns);
     lvwAttachments_->setHeaderLabels({tr("Filename"), tr("Embed"), tr("Size"), tr("File")});
+    lvwAttachments_->headerItem()->setTextAlignment(kSize, Qt::AlignRight | Qt::AlignVCenter);
     lvwAttachments_->setRootIsDecorated(false);
     lvwAttachments_->setUniformRowHeights(true);
     lvwAttachments_->setAllColumnsShowFocus(true);

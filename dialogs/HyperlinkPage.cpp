@@ -14,6 +14,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 
 namespace dialogs {
 
@@ -74,6 +75,7 @@ QGroupBox *HyperlinkPage::BuildSlices() {
     lblNotFound_->setObjectName(QStringLiteral("lblNotFound"));
     lblNotFound_->setTextFormat(Qt::PlainText);
     lblNotFound_->setWordWrap(true);
+    lblNotFound_->setMinimumWidth(1); // a long path must not widen the form
     lblNotFound_->hide();
     auto *column = new QVBoxLayout(fraSlice_);
     column->addWidget(lstSlice_, 1);
@@ -182,7 +184,9 @@ void HyperlinkPage::SelectSlice(int slice) {
 }
 
 void HyperlinkPage::TellNotFound(const QString &why) {
-    lblNotFound_->setText(tr("%1 The hyperlink stays as it is unless you choose another.").arg(why));
+    static const QRegularExpression separator(QStringLiteral("([/\\\\])"));
+    const QString breakable = QString(why).replace(separator, QStringLiteral("\\1\u200b"));
+    lblNotFound_->setText(tr("%1 The hyperlink stays as it is unless you choose another.").arg(breakable));
     lblNotFound_->show();
 }
 

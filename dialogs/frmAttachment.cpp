@@ -29,6 +29,8 @@ void frmAttachment::Build() {
     lblFilename_ = new PathLabel(this);
     lblFilename_->setObjectName(QStringLiteral("lblFilename"));
     lblFilename_->setAccessibleName(tr("Filename"));
+    constexpr int kLeast = 36; // characters of the path that are seen on any screen
+    lblFilename_->setMinimumWidth(kLeast * fontMetrics().averageCharWidth());
     cmdBrowseLink_ = new QPushButton(tr("&Browse..."), this);
     cmdBrowseLink_->setObjectName(QStringLiteral("cmdBrowseLink"));
     cmdBrowseLink_->setAutoDefault(false);

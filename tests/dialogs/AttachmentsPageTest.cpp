@@ -59,6 +59,15 @@ TEST_F(AttachmentsPageTest, ShowsTheNodesAttachmentsWithSizeAndWhetherTheFileIsT
     EXPECT_EQ(header.text(1), "Embed");
 }
 
+TEST_F(AttachmentsPageTest, AFileThatMovedWithTheMapIsShownWithItsPlace) {
+    const QString file = Saved("files/notes.txt", "12345");
+    Settings().SetDatabase(MapFile("plan.map"));
+    Attach("/former/files/notes.txt", false);
+    Page();
+    EXPECT_EQ(Texts(), QStringList({"/former/files/notes.txt", "No", "5 bytes", "Moved"}));
+    EXPECT_TRUE(Row().toolTip(3).contains(file));
+}
+
 TEST_F(AttachmentsPageTest, NewAddsARowUnlessItIsCancelled) {
     Page();
     desktop.ExpectForm<cfrmAttachment>([](cfrmAttachment &form) {

@@ -203,6 +203,14 @@ TEST_F(HyperlinkPageTest, AMapThatCantBeReadNowStaysListedAndSurvivesOk) {
     EXPECT_TRUE(desktop.Messages().empty()) << "the page opens without a box";
 }
 
+TEST_F(HyperlinkPageTest, ALongPathDoesntWidenThePage) {
+    Page();
+    const int width = page->minimumSizeHint().width();
+    Link("/gone/" + QString(200, 'x') + "/" + QString(200, 'y') + ".map", 3);
+    Page();
+    EXPECT_LE(page->minimumSizeHint().width(), width + 20);
+}
+
 TEST_F(HyperlinkPageTest, GoingToThisMapAndBackKeepsWhatCantBeRead) {
     Link(MapFile("gone.map"), 3);
     Page();
