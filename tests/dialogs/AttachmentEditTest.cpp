@@ -169,6 +169,21 @@ TEST_F(Attachments, AnOriginalThatVanishesBeforeTheSaveIsNotMissed) {
     EXPECT_EQ(Cell(MapFile("plan.map"), "SELECT [Data] FROM [Attachments]").toByteArray(), "notes");
 }
 
+TEST_F(Attachments, AnUnpackedCopyThatWasChangedOutsideIsUnsavedWorkUntilItIsSaved) {
+    Apply({{"k", Saved("notes.txt", "notes"), true}});
+    EXPECT_TRUE(document::HasUnsavedWork(*window));
+    SaveAndOpen();
+    EXPECT_FALSE(document::HasUnsavedWork(*window));
+    support::AtomicFile file(Item().Filename); // as editors write
+    file.Write("notes and more");
+    file.Commit();
+    EXPECT_TRUE(document::HasUnsavedWork(*window));
+    ASSERT_TRUE(DoSave(*window));
+    EXPECT_FALSE(document::HasUnsavedWork(*window));
+    window = Loaded(MapFile("plan.map"));
+    EXPECT_EQ(Bytes(), "notes and more");
+}
+
 TEST_F(Attachments, AFolderCanBeLinkedAndNotEmbedded) {
     QDir().mkdir(MapFile("folder"));
     EXPECT_EQ(Why({{"k", MapFile("folder"), true}}), "'folder' is a folder. Only files can be embedded.");

@@ -1,6 +1,7 @@
 #include "dialogs/HyperlinkEdit.h"
 
 #include "tests/dialogs/AttachTest.h"
+#include "tests/Paths.h"
 
 namespace dialogs::testing {
 
@@ -120,6 +121,16 @@ TEST_F(HyperlinkEdits, ReadingAnotherMapLeavesItAsItIs) {
     EXPECT_EQ(SlicesOfMap(*window, path).size(), 3u);
     EXPECT_EQ(support::ReadWholeFile(path), before);
     EXPECT_EQ(MapFiles(), files);
+}
+
+TEST_F(HyperlinkEdits, MapsOfTheOlderDatabaseFormAreReadToo) {
+    for (const char *name : {"jet/plan.mdb", "jet/plan97.mdb"}) {
+        const QString path = MapFile("old.map");
+        support::CopyFileTo(tests::Data(QLatin1String(name)), path);
+        const QByteArray before = support::ReadWholeFile(path);
+        EXPECT_FALSE(SlicesOfMap(*window, path).empty()) << name;
+        EXPECT_EQ(support::ReadWholeFile(path), before) << name;
+    }
 }
 
 TEST_F(HyperlinkEdits, AMapThatMovedWithThisOneIsFound) {

@@ -100,6 +100,16 @@ TEST_F(HyperlinkPageTest, OneInThisMapShowsItsSlice) {
     EXPECT_TRUE(page->lblNotFound().isHidden());
 }
 
+TEST_F(HyperlinkPageTest, OneToASliceThatWasMovedShowsItWhereItStandsNow) {
+    Link(QString(), 2);
+    Settings().Hyperlinks().Item(1).SliceKey = window->TabStrip().TabKey(0);
+    Page();
+    EXPECT_EQ(Current(), "Page 0");
+    Ok();
+    EXPECT_EQ(Settings().Hyperlinks().Item(1).Slice, 1);
+    EXPECT_EQ(Settings().Hyperlinks().Item(1).SliceKey, window->TabStrip().TabKey(0));
+}
+
 TEST_F(HyperlinkPageTest, OneToAnotherMapShowsItsPathAndSlice) {
     const QString other = OtherMap();
     Link(other, 2);
