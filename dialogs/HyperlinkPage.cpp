@@ -185,7 +185,8 @@ void HyperlinkPage::SelectSlice(int slice) {
 
 void HyperlinkPage::TellNotFound(const QString &why) {
     static const QRegularExpression separator(QStringLiteral("([/\\\\])"));
-    const QString breakable = QString(why).replace(separator, QStringLiteral("\\1\u200b"));
+    constexpr qsizetype kLongest = 600;
+    const QString breakable = WithoutMiddle(why, kLongest).replace(separator, QStringLiteral("\\1\u200b"));
     lblNotFound_->setText(tr("%1 The hyperlink stays as it is unless you choose another.").arg(breakable));
     lblNotFound_->show();
 }

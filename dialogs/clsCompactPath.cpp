@@ -10,6 +10,7 @@ namespace dialogs {
 namespace {
 
 constexpr int kUsual = 40, kLeast = 12; // characters
+constexpr qsizetype kLongest = 1000;
 
 QString InOneLine(QString path) {
     for (QChar &character : path)
@@ -33,7 +34,7 @@ QList<qsizetype> FolderEnds(const QString &path) {
 } // namespace
 
 QString CompactPath(const QString &path, const QFontMetrics &metrics, int width) {
-    const QString whole = InOneLine(path);
+    const QString whole = InOneLine(WithoutMiddle(path, kLongest));
     const auto fits = [&](const QString &text) { return metrics.horizontalAdvance(text) <= width; };
     if (fits(whole)) return whole;
     const qsizetype name = support::LastSeparator(whole);
@@ -44,8 +45,13 @@ QString CompactPath(const QString &path, const QFontMetrics &metrics, int width)
     return fits(rest) ? rest : metrics.elidedText(whole.mid(name + 1), Qt::ElideMiddle, width);
 }
 
+QString WithoutMiddle(const QString &text, qsizetype most) {
+    return text.size() <= most ? text : text.left(most / 2) + QStringLiteral("...") + text.right(most / 2);
+}
+
 QString TipOf(const QString &path) {
-    return path.isEmpty() ? QString() : QStringLiteral("<qt>%1</qt>").arg(path.toHtmlEscaped());
+    if (path.isEmpty()) return QString();
+    return QStringLiteral("<qt>%1</qt>").arg(WithoutMiddle(path, kLongest).toHtmlEscaped());
 }
 
 PathLabel::PathLabel(QWidget *parent) : QLabel(parent) {

@@ -3,6 +3,7 @@
 #include "support/clsPaths.h"
 #include "support/Files.h"
 
+#include <algorithm>
 #include <QDir>
 #include <QFileInfo>
 
@@ -20,8 +21,9 @@ QStringList PartsOf(QString path) {
 
 // The longest end of the path that stands below the folder; empty for none.
 QString FoundBelow(const QString &folder, const QStringList &parts) {
+    constexpr qsizetype kDeepest = 64; // a path in a map may be of any length
     if (parts.contains(QStringLiteral(".."))) return QString();
-    for (qsizetype first = 0; first < parts.size(); ++first) {
+    for (qsizetype first = std::max(qsizetype(0), parts.size() - kDeepest); first < parts.size(); ++first) {
         const QString path = QDir(folder).filePath(parts.mid(first).join(u'/'));
         if (QFileInfo::exists(path)) return QDir::toNativeSeparators(path);
     }

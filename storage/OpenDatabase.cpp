@@ -28,6 +28,7 @@ void ReadDefinition(Connection &connection) {
 std::shared_ptr<Connection> OpenNative(const QString &path, int flags = SQLite::OPEN_READWRITE) {
     CheckNativeSize(path);
     auto connection = std::make_shared<Connection>(path, flags, path);
+    if (flags == SQLite::OPEN_READONLY) connection->Run(QStringLiteral("PRAGMA busy_timeout=200"));
     ReadDefinition(*connection);
     return connection;
 }

@@ -33,6 +33,16 @@ TEST_F(Compacted, ANameThatIsTooLongIsCutInItsMiddle) {
     EXPECT_EQ(CompactPath("/a\nb/c.map", metrics, 1000), "/a b/c.map");
 }
 
+TEST_F(Compacted, AnOverlongPathIsShortened) {
+    QString path;
+    for (int i = 0; i < 200'000; ++i) path += "/ab";
+    path += "/notes.txt";
+    EXPECT_EQ(CompactPath(path, metrics, Width("/ab/.../notes.txt")), "/ab/.../notes.txt");
+    EXPECT_LT(TipOf(path).size(), 2000);
+    EXPECT_EQ(WithoutMiddle("abcdef", 6), "abcdef");
+    EXPECT_EQ(WithoutMiddle("abcdefg", 4), "ab...fg");
+}
+
 TEST_F(Compacted, ALabelKeepsTheWholePathAndFollowsItsWidth) {
     PathLabel label(nullptr);
     const QString path = "/home/anna/R&D/" + QString(60, 'x') + "/<b>map<b>.map";

@@ -55,6 +55,14 @@ TEST_F(WhereItIsTest, WhatIsNowhereStaysAsItIsNamed) {
     EXPECT_EQ(WhereItIs("/former/notes.txt", QString()), "/former/notes.txt") << "a map without a file";
 }
 
+TEST_F(WhereItIsTest, APathOfAnyLengthIsLookedForByItsEnd) {
+    const QString file = Saved("plans/notes.txt");
+    QString stored;
+    for (int i = 0; i < 200'000; ++i) stored += "/a";
+    EXPECT_EQ(WhereItIs(stored + "/notes.txt", Map()), file);
+    EXPECT_EQ(WhereItIs(stored, Map()), stored);
+}
+
 TEST_F(WhereItIsTest, APathWithoutARootIsOneBelowTheMap) {
     const QString file = Saved("plans/files/notes.txt");
     EXPECT_EQ(WhereItIs("files/notes.txt", Map()), file);
