@@ -3,6 +3,7 @@
 #include "app/DeveloperOptions.h"
 #include "app/frmPrompt.h"
 #include "app/Start.h"
+#include "dialogs/frmAttachment.h"
 #include "dialogs/frmGroups.h"
 #include "dialogs/frmLevels.h"
 #include "dialogs/frmLinkDialog.h"
@@ -47,6 +48,7 @@ void AddForms(support::RealDesktop &desktop) {
     support::FormTable &forms = desktop.Forms();
     AddForm<app::frmPrompt, app::StartupOffer>(forms);
     AddForm<timeline::frmDate, timeline::DateFormArgument>(forms);
+    AddForm<dialogs::frmAttachment, dialogs::cfrmAttachment>(forms);
     AddForm<dialogs::frmLevels, dialogs::LevelsFormArgument>(forms);
     AddForm<dialogs::frmGroups, dialogs::GroupsFormArgument>(forms);
     AddForm<dialogs::frmLinkDialog, dialogs::LinkDialogArgument>(forms);

@@ -31,6 +31,10 @@ QString AttachmentFolder::NewPath(const QString &storedName) {
     return support::AddBackslash(own) + title;
 }
 
+bool AttachmentFolder::Holds(const QString &path) const {
+    return folder_ && path.startsWith(support::AddBackslash(folder_->Path()));
+}
+
 void SweepAttachmentFolders() { support::SweepPrivateFolders(kPurpose); }
 
 } // namespace document

@@ -16,6 +16,8 @@ public:
     // title, or in a folder of its own where that title is taken. Always inside the folder, and no file
     // stands there. Error 75 when there is no room for a folder.
     QString NewPath(const QString &storedName);
+    // Whether the file of that path stands in the folder.
+    bool Holds(const QString &path) const;
     // Lets go of the folder with all files in it; the next path gets a new one.
     void Clear() { folder_.reset(); }
 

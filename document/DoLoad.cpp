@@ -210,8 +210,11 @@ void Loader::LoadAttachments() {
     }
 }
 
-// Only the name of the stored path counts, so that a map cannot write anywhere else.
+// Only the name of the stored path counts, so that a map cannot write anywhere else. No file was chosen where
+// there is neither a name nor bytes.
 void Loader::ExtractAttachment(cAttachment &attachment, const Recordset &rows) {
+    const int data = rows.Column(NameOf(schema::kAttachments, schema::attachment::kData));
+    if (attachment.Filename.isEmpty() && rows.Bytes(data).isEmpty()) return;
     attachment.Filename = settings_.AttachmentFolder().NewPath(attachment.Filename);
     storage::WriteFileFromField(attachment.Filename, rows,
                                 NameOf(schema::kAttachments, schema::attachment::kData));

@@ -88,4 +88,10 @@ std::optional<storage::Database> OpenMap(QString &sFile, bool bNew) {
     return database;
 }
 
+std::optional<storage::Database> OpenMapToRead(QString &sFile) {
+    if (sFile.isEmpty()) sFile = GetMapFile(false);
+    if (sFile.isEmpty()) return std::nullopt;
+    return storage::OpenToRead(sFile);
+}
+
 } // namespace document

@@ -14,6 +14,9 @@ namespace document {
 // raised them.
 std::optional<storage::Database> OpenMap(QString &sFile, bool bNew);
 
+// The same without bNew, for reading alone: the file stays as it is, whatever it lacks.
+std::optional<storage::Database> OpenMapToRead(QString &sFile);
+
 // True for a map of the program's own form that UpgradeMap would change; false as well when it cannot be
 // told.
 bool IsOldMap(const QString &path);

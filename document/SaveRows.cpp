@@ -208,7 +208,8 @@ void RowWriter::WriteAttachments() {
         rows.Set(name(kNodeKey), attachment.Node);
         rows.Set(name(kFilename), attachment.Filename);
         rows.Set(name(kEmbed), attachment.Embed);
-        if (attachment.Embed) WriteEmbedded(attachment, rows, name(kData));
+        if (attachment.Embed && !attachment.Filename.isEmpty()) // no file was chosen
+            WriteEmbedded(attachment, rows, name(kData));
         rows.Update();
     }
 }

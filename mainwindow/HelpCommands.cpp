@@ -23,7 +23,7 @@ void mnuHelpHelp(frmMain &window) {
     support::cOpenFile(window.Desktop()).LaunchFile(help);
 }
 
-void mnuHelpWeb(frmMain &window) { support::cOpenFile(window.Desktop()).LaunchFile(kWebsite); }
+void mnuHelpWeb(frmMain &window) { support::cOpenFile(window.Desktop()).LaunchAddress(kWebsite); }
 
 constexpr CommandRow kRows[] = {
     {"", "mnuHelp", "&Help", EntryKind::Menu},

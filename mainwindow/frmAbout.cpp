@@ -95,7 +95,7 @@ QString SysInfoProgram(support::RegistryStore &registry) {
 
 void StartSysInfo(support::Desktop &desktop) {
     const QString program = SysInfoProgram(desktop.registry);
-    if (!program.isEmpty() && desktop.launcher.Launch(program)) return;
+    if (!program.isEmpty() && desktop.launcher.OpenFile(program)) return;
     desktop.messageBoxes.Show(QStringLiteral("System Information Is Unavailable At This Time"),
                               support::Buttons::Ok, support::Icon::None, settings::Terms().TITLE);
 }

@@ -4,6 +4,7 @@
 #include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
+#include "document/WhereItIs.h"
 #include "mainwindow/WindowStatus.h"
 
 #include <algorithm>
@@ -96,7 +97,7 @@ void frmMain::FollowAll(const QString &node) {
 frmMain *frmMain::Follow(const document::cHyperlink &hyperlink) {
     if (!hyperlink.Map.isEmpty()) {
         NewWindows windows;
-        frmMain *window = DoOpen(hyperlink.Map, true);
+        frmMain *window = DoOpen(document::WhereItIs(hyperlink.Map, clsSettings_->ShownFile()), true);
         windows.Opened();
         if (window) window->GoToTab(hyperlink.Slice);
         return window;

@@ -193,6 +193,7 @@ public:
 
 private:
     friend Database OpenDatabase(const QString &path);
+    friend Database OpenToRead(const QString &path);
     friend Database OpenForBuilding(const QString &path);
     friend Database CreateDatabase(const QString &path);
     friend Salvaged SalvageDatabase(const QString &path, const QStringList &tables, const QString &model);
@@ -205,6 +206,9 @@ private:
 // damaged, 3051 for a folder or a file that may not be read. A file that may only be read opens; writing to
 // it is error 3027.
 Database OpenDatabase(const QString &path);
+// The same without ever writing to the file, and without waiting for longer than a moment where somebody else
+// holds it (3045); writing is error 3027.
+Database OpenToRead(const QString &path);
 // Makes a new, empty database; 3204 when the file exists.
 Database CreateDatabase(const QString &path);
 // Opens a database of the program's own form for building a file that is not yet anyone's: no journal, no

@@ -25,9 +25,10 @@ void ReadDefinition(Connection &connection) {
     }
 }
 
-std::shared_ptr<Connection> OpenNative(const QString &path) {
+std::shared_ptr<Connection> OpenNative(const QString &path, int flags = SQLite::OPEN_READWRITE) {
     CheckNativeSize(path);
-    auto connection = std::make_shared<Connection>(path, SQLite::OPEN_READWRITE, path);
+    auto connection = std::make_shared<Connection>(path, flags, path);
+    if (flags == SQLite::OPEN_READONLY) connection->Run(QStringLiteral("PRAGMA busy_timeout=200"));
     ReadDefinition(*connection);
     return connection;
 }
@@ -41,20 +42,24 @@ std::unique_ptr<Database::State> MakeState(std::shared_ptr<Connection> connectio
     return state;
 }
 
-} // namespace
-
-Database OpenDatabase(const QString &path) {
+std::unique_ptr<Database::State> OpenState(const QString &path, int flags) {
     const QString name = FullPath(path);
     if (path.isEmpty()) throw FileNotFound(path);
     switch (RecogniseFile(name)) {
     case FileForm::Native:
-        return Database(MakeState(OpenNative(name), name, true));
+        return MakeState(OpenNative(name, flags), name, true);
     case FileForm::Jet:
-        return Database(MakeState(ImportJet(name), name, false));
+        return MakeState(ImportJet(name), name, false);
     default:
         throw UnrecognizedFormat(name);
     }
 }
+
+} // namespace
+
+Database OpenDatabase(const QString &path) { return Database(OpenState(path, SQLite::OPEN_READWRITE)); }
+
+Database OpenToRead(const QString &path) { return Database(OpenState(path, SQLite::OPEN_READONLY)); }
 
 Database CreateDatabase(const QString &path) {
     constexpr int kFileMark = 0x566C6D72; // "Vlmr", what tools for files show as the kind of the database

@@ -1,4 +1,5 @@
-// Opens files and addresses with the programs that the platform has for them.
+// Opens files, addresses and mails with the programs that the platform has for them. Each gives false, after
+// telling the user, when nothing opens it.
 #pragma once
 
 #include "support/Desktop.h"
@@ -8,10 +9,16 @@ namespace support {
 class cOpenFile {
 public:
     explicit cOpenFile(Desktop &desktop) : desktop_(desktop) {}
-    // False, after telling the user, when nothing opens it.
+    // A program is run unasked.
     bool LaunchFile(const QString &file);
+    // An address of the web.
+    bool LaunchAddress(const QString &url);
+    // A new mail in the user's mail program; `copy` may be empty.
+    bool OpenEmail(const QString &address, const QString &subject, const QString &copy = QString());
 
 private:
+    bool Told(bool opened, const QString &text);
+
     Desktop &desktop_;
 };
 

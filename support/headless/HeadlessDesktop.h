@@ -31,7 +31,8 @@ public:
 
 class HeadlessLauncher : public Launcher {
 public:
-    bool Launch(const QString &) override { return false; }
+    bool OpenFile(const QString &) override { return false; }
+    bool OpenAddress(const QString &) override { return false; }
 };
 
 class HeadlessPrinters : public Printers {

@@ -6,12 +6,21 @@
 
 namespace support {
 
-bool QtLauncher::Launch(const QString &fileOrAddress) {
-    if (fileOrAddress.isEmpty()) return false;
-    const QFileInfo file(fileOrAddress);
-    if (file.exists()) return QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath()));
-    const QUrl address = QUrl::fromUserInput(fileOrAddress);
-    return address.isValid() && !address.isLocalFile() && QDesktopServices::openUrl(address);
+bool QtLauncher::OpenFile(const QString &path) {
+    const QFileInfo file(path);
+    return !path.isEmpty() && file.exists() &&
+           QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath()));
+}
+
+bool QtLauncher::OpenAddress(const QString &url) {
+    return IsAddress(url) && QDesktopServices::openUrl(QUrl(url));
+}
+
+bool IsAddress(const QString &url) {
+    static const QStringList schemes{QStringLiteral("http"), QStringLiteral("https"),
+                                     QStringLiteral("mailto")};
+    const QUrl address(url);
+    return address.isValid() && schemes.contains(address.scheme());
 }
 
 } // namespace support

@@ -7,8 +7,11 @@ namespace support {
 
 class QtLauncher : public Launcher {
 public:
-    // False for a file that does not exist, too.
-    bool Launch(const QString &fileOrAddress) override;
+    bool OpenFile(const QString &path) override;
+    bool OpenAddress(const QString &url) override;
 };
+
+// Whether the address door lets the text through.
+bool IsAddress(const QString &url);
 
 } // namespace support

@@ -87,11 +87,12 @@ bool ScriptedDialogs::ShowPrinter(Owner) {
     return next.value_or(false);
 }
 
-bool ScriptedLauncher::Launch(const QString &fileOrAddress) {
-    launched.append(fileOrAddress);
+bool ScriptedLauncher::Open(Door door, const QString &target) {
+    launched.append(target);
     const std::optional<Expected> next = TakeFirst(expected);
-    if (!next || next->target != fileOrAddress)
-        Fail(QStringLiteral("Unexpected launch of \"%1\"").arg(fileOrAddress));
+    if (!next || next->door != door || next->target != target)
+        Fail(QStringLiteral("Unexpected launch of the %1 \"%2\"")
+                 .arg(door == Door::File ? QStringLiteral("file") : QStringLiteral("address"), target));
     return next && next->answer;
 }
 
@@ -163,8 +164,12 @@ void ScriptedDesktop::ExpectFontCancelled() { dialogs.fonts.push_back({false, {}
 
 void ScriptedDesktop::ExpectPrinter(bool ok) { dialogs.printers.push_back(ok); }
 
-void ScriptedDesktop::ExpectLaunch(const QString &target, bool answer) {
-    launcher.expected.push_back({target, answer});
+void ScriptedDesktop::ExpectLaunch(const QString &file, bool answer) {
+    launcher.expected.push_back({ScriptedLauncher::Door::File, file, answer});
+}
+
+void ScriptedDesktop::ExpectAddress(const QString &url, bool answer) {
+    launcher.expected.push_back({ScriptedLauncher::Door::Address, url, answer});
 }
 
 void ScriptedDesktop::CheckAllAsked() {

@@ -83,13 +83,20 @@ private:
 
 class ScriptedLauncher : public Launcher {
 public:
-    bool Launch(const QString &fileOrAddress) override;
+    bool OpenFile(const QString &path) override { return Open(Door::File, path); }
+    bool OpenAddress(const QString &url) override { return Open(Door::Address, url); }
+
+    enum class Door { File, Address };
     struct Expected {
+        Door door = Door::File;
         QString target;
         bool answer = true;
     };
     std::deque<Expected> expected;
-    QStringList launched;
+    QStringList launched; // through either door
+
+private:
+    bool Open(Door door, const QString &target);
 };
 
 // Stands at 2024-05-17 10:30 until it is set; waiting moves it on.
@@ -177,7 +184,8 @@ public:
     void ExpectFont(const FontChoice &font, Colour colour);
     void ExpectFontCancelled();
     void ExpectPrinter(bool ok);
-    void ExpectLaunch(const QString &target, bool answer = true);
+    void ExpectLaunch(const QString &file, bool answer = true);
+    void ExpectAddress(const QString &url, bool answer = true);
     // The form that takes such an argument; without an action it is cancelled.
     template <FormArgument Argument>
     void ExpectForm(std::function<bool(Argument &argument)> action = {}) {

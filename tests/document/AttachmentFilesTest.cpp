@@ -132,6 +132,28 @@ TEST_F(AttachmentFilesTest, WhatTheFormerMapHasNoMoreIsAnErrorThatNamesTheNode) 
     EXPECT_FALSE(support::FileExists(MapFile(QStringLiteral("b.map"))));
 }
 
+TEST_F(AttachmentFilesTest, OneWithoutANameIsAFileOnlyIfItHasBytes) {
+    const QString path = Map("a.map", {QString(), QString()});
+    Run(path, "UPDATE [Attachments] SET [Data]=NULL WHERE [Data]=X'32'");
+    const auto window = Loaded(path);
+    EXPECT_EQ(Bytes(*window, 1), "1");
+    EXPECT_EQ(File(*window, 2), QString());
+    ASSERT_TRUE(DoSave(*window));
+    ASSERT_TRUE(DoSave(*window)) << "and every later save";
+    const auto again = Loaded(path);
+    EXPECT_EQ(Bytes(*again, 1), "1");
+    EXPECT_EQ(File(*again, 2), QString());
+    EXPECT_TRUE(again->clsSettings().Attachments().Item(2).Embed);
+}
+
+TEST_F(AttachmentFilesTest, TheStatusNamesEachFileThatIsSaved) {
+    const auto window = Loaded(Map("a.map", {"notes.txt", "other.txt"}));
+    window->statuses.clear();
+    ASSERT_TRUE(DoSave(*window));
+    for (const int i : {1, 2})
+        EXPECT_TRUE(window->statuses.contains("Saving Attachments (" + File(*window, i) + ")..."));
+}
+
 TEST_F(AttachmentFilesTest, TheFoldersOfKilledProcessesAreSweptAndThoseOfOpenWindowsStay) {
     const auto window = Loaded(Map("a.map", {"notes.txt"}));
     const QString left = TempFolder() + "/velmora-attachments-killed";

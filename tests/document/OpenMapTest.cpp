@@ -112,6 +112,26 @@ TEST_F(OpenMapTest, AnOldFileGetsItsMissingColumnsOnDisk) {
     EXPECT_EQ(Cell(path, QStringLiteral("SELECT [yZoom] FROM [Slices]")), 0);
 }
 
+TEST_F(OpenMapTest, AMapThatIsOnlyReadStaysAsItIs) {
+    QString path = OldMap(QStringLiteral("old.map"), {QStringLiteral("Alignment")}, {});
+    const QByteArray before = support::ReadWholeFile(path);
+    const QStringList files = MapFiles();
+    {
+        std::optional<storage::Database> database = OpenMapToRead(path);
+        ASSERT_TRUE(database);
+        EXPECT_EQ(database->Name(), path);
+        EXPECT_EQ(ErrorOf([&] { UpgradeMap(*database); }).Number(), storage::kErrReadOnly);
+    }
+    EXPECT_EQ(support::ReadWholeFile(path), before);
+    EXPECT_EQ(MapFiles(), files);
+    QString none;
+    desktop.ExpectOpenFile(QString());
+    EXPECT_FALSE(OpenMapToRead(none));
+    desktop.ExpectOpenFile(path);
+    EXPECT_TRUE(OpenMapToRead(none));
+    EXPECT_EQ(none, path);
+}
+
 TEST_F(OpenMapTest, AFileThatLacksOnlyYZoomIsNotRepaired) {
     QString path = OldMap(QStringLiteral("old.map"), {}, {QStringLiteral("yZoom")});
     OpenMap(path, false)->Close();

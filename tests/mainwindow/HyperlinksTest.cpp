@@ -94,6 +94,18 @@ TEST_F(Hyperlinks, InAnotherMapTheSliceIsThePositionItself) {
     EXPECT_EQ(forms[1]->MousePointer(), kNormal);
 }
 
+TEST_F(Hyperlinks, AMapThatMovedWithThisOneIsFoundBelowItsFolder) {
+    frmMain &window = Open();
+    const QString other = SavedMap(QStringLiteral("other.map"), 2, 3);
+    AddTo(window, NodeKey(window), QStringLiteral("C:\\former\\plans\\other.map"), 1);
+    DoubleClickNode(window);
+    const std::vector<frmMain *> forms = frmMain::Forms();
+    ASSERT_EQ(forms.size(), 2u);
+    EXPECT_EQ(forms[1]->clsSettings().Database(), other);
+    EXPECT_EQ(forms[1]->TabStrip().TheTab(), 1);
+    EXPECT_EQ(window.clsSettings().Hyperlinks().Item(1).Map, QStringLiteral("C:\\former\\plans\\other.map"));
+}
+
 TEST_F(Hyperlinks, AMapThatIsOpenComesForward) {
     frmMain &window = Open();
     const QString other = SavedMap(QStringLiteral("other.map"), 2, 2);

@@ -268,7 +268,7 @@ const Asks kAsks[] = {
          desktop.ExpectLaunch(QDir(support::ProgramPath()).filePath(QStringLiteral("help.pdf")));
      }},
     {"mnuHelpWeb",
-     [](Script &desktop) { desktop.ExpectLaunch(QStringLiteral("https://www.velmora.example/")); }},
+     [](Script &desktop) { desktop.ExpectAddress(QStringLiteral("https://www.velmora.example/")); }},
     {"mnuHelpAbout", AskForm<AboutForm>},
 };
 

@@ -44,6 +44,21 @@ TEST_F(OpenDatabaseTest, OtherContent_IsNotRecognized) {
         EXPECT_EQ(Opened(name), Unrecognized(name));
 }
 
+TEST_F(OpenDatabaseTest, OpenToRead_ReadsAndNeverWrites) {
+    Sample("whole.map", 10).Close();
+    const QByteArray whole = Content(Path("whole.map"));
+    {
+        Database database = OpenToRead(Path("whole.map"));
+        EXPECT_FALSE(database.TableDefs().empty());
+        EXPECT_EQ(RaisedNumber([&] { database.CreateTable({"New", {{"a"}}}); }), kErrReadOnly);
+    }
+    EXPECT_EQ(Content(Path("whole.map")), whole);
+    EXPECT_EQ(RaisedNumber([] { OpenToRead(QString()); }), kErrFileNotFound);
+    WriteContent(Path("text.map"), "just a text");
+    EXPECT_EQ(RaisedNumber([&] { OpenToRead(Path("text.map")); }), kErrUnrecognizedFormat);
+    EXPECT_EQ(Files(), (QStringList{"text.map", "whole.map"}));
+}
+
 TEST_F(OpenDatabaseTest, CutOffFile_DoesNotOpen) {
     Sample("whole.map", 2000).Close();
     const QByteArray whole = Content(Path("whole.map"));

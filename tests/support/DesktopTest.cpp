@@ -93,7 +93,9 @@ TEST(ScriptedDesktop, ColoursFontsPrintersLaunchesAndForms) {
     script.ExpectPrinter(true);
     EXPECT_TRUE(desktop.dialogs.ShowPrinter(nullptr));
     script.ExpectLaunch("help.pdf", false);
-    EXPECT_FALSE(desktop.launcher.Launch("help.pdf"));
+    EXPECT_FALSE(desktop.launcher.OpenFile("help.pdf"));
+    script.ExpectAddress("https://example.org/");
+    EXPECT_TRUE(desktop.launcher.OpenAddress("https://example.org/"));
     Question question;
     script.ExpectForm<Question>([](Question &given) { return given.answer = 1, true; });
     EXPECT_TRUE(Show(desktop, question, nullptr));
@@ -126,9 +128,16 @@ TEST(ScriptedDesktop, AnUnexpectedQuestionFailsTheTestAndNamesTheText) {
     EXPECT_NONFATAL_FAILURE(
         {
             ScriptedDesktop script;
-            script.launcher.Launch("x.exe");
+            script.launcher.OpenFile("x.exe");
         },
         "x.exe");
+    EXPECT_NONFATAL_FAILURE(
+        {
+            ScriptedDesktop script;
+            script.ExpectLaunch("https://example.org/");
+            script.launcher.OpenAddress("https://example.org/");
+        },
+        "the address \"https://example.org/\"");
     EXPECT_NONFATAL_FAILURE(
         {
             ScriptedDesktop script;
@@ -188,7 +197,8 @@ TEST(HeadlessDesktop, AnswersAsIfEveryBoxWasClosed) {
     EXPECT_EQ(desktop.messageBoxes.Show("d", Buttons::Ok, Icon::None, ""), Answer::Ok);
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "T: a b\nc\nd\n");
     EXPECT_EQ(desktop.dialogs.ShowColorDialog(nullptr, true, 4), kNoColour);
-    EXPECT_FALSE(desktop.launcher.Launch("x"));
+    EXPECT_FALSE(desktop.launcher.OpenFile("x"));
+    EXPECT_FALSE(desktop.launcher.OpenAddress("https://example.org/"));
     EXPECT_FALSE(desktop.identity.UserName().isEmpty());
 }
 

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QColorDialog>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -17,10 +18,29 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
 
 using namespace support;
 
 namespace {
+
+// Takes what the platform's programs would be handed.
+class Handed : public QObject {
+    Q_OBJECT
+public:
+    Handed() {
+        for (const char *scheme : kSchemes)
+            QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "Take");
+    }
+    ~Handed() override {
+        for (const char *scheme : kSchemes) QDesktopServices::unsetUrlHandler(QLatin1String(scheme));
+    }
+    Q_INVOKABLE void Take(const QUrl &url) { taken << url.toString(); }
+    QStringList taken;
+
+private:
+    static constexpr const char *kSchemes[] = {"file", "http", "https", "mailto", "ftp"};
+};
 
 // Runs `action` on the modal dialog of a class as soon as it is up.
 template <typename Dialog>
@@ -273,9 +293,33 @@ TEST_F(RealBoxes, ShowFontDialog_HasAButtonForTheColour) {
     EXPECT_EQ(colour, Rgb(0, 0, 255));
 }
 
-TEST_F(RealBoxes, Launch_OfAFileThatIsNotThereFails) {
-    EXPECT_FALSE(desktop_.launcher.Launch(""));
-    EXPECT_FALSE(desktop_.launcher.Launch("/none/of/this.pdf"));
+TEST_F(RealBoxes, OpenFile_TakesWhatIsThereAndNothingElse) {
+    const Handed handed;
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("a b#c.txt"));
+    ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));
+    EXPECT_TRUE(desktop_.launcher.OpenFile(file));
+    EXPECT_TRUE(desktop_.launcher.OpenFile(folder.path()));
+    EXPECT_EQ(handed.taken, QStringList({QUrl::fromLocalFile(file).toString(),
+                                         QUrl::fromLocalFile(folder.path()).toString()}));
+    for (const char *gone :
+         {"", "/none/of/this.pdf", "www.example.org", "https://example.org/", "C:\\gone.txt"})
+        EXPECT_FALSE(desktop_.launcher.OpenFile(QString::fromLatin1(gone))) << gone;
+    EXPECT_EQ(handed.taken.size(), 2);
+}
+
+TEST_F(RealBoxes, OpenAddress_TakesNoPath) {
+    const Handed handed;
+    const QStringList addresses{"https://example.org/a?b=c", "http://example.org/",
+                                "mailto:a@example.org?Subject=two words"};
+    for (const QString &address : addresses) EXPECT_TRUE(desktop_.launcher.OpenAddress(address));
+    EXPECT_EQ(handed.taken, addresses);
+    const QTemporaryDir folder;
+    for (const QString &other : {QString(), folder.path(), QUrl::fromLocalFile(folder.path()).toString(),
+                                 QStringLiteral("gone.txt"), QStringLiteral("C:\\gone.txt"),
+                                 QStringLiteral("www.example.org"), QStringLiteral("ftp://example.org/")})
+        EXPECT_FALSE(desktop_.launcher.OpenAddress(other)) << other.toStdString();
+    EXPECT_EQ(handed.taken, addresses);
 }
 
 TEST_F(RealBoxes, Printers_RememberTheCurrentOne) {
@@ -325,3 +369,5 @@ int main(int argc, char **argv) {
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
+
+#include "RealDesktopTest.moc"
