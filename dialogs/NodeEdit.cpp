@@ -5,7 +5,6 @@
 #include "document/MapWindow.h"
 #include "document/Tags.h"
 #include "support/clsGUID.h"
-#include "support/Val.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/AdjustLinks.h"
 #include "timeline/DateText.h"
@@ -75,17 +74,10 @@ void WriteDate(const NodeDialogArgument &argument, const DateEdit &date) {
                                   timeline::FormatDate(*date.value, timeline::kDayPattern));
 }
 
-// Arrangements 2, 3 and 4 run from left to right.
-bool StripIsHorizontal(const diagram::Surface &surface) {
-    const double align = support::Val(document::GetTag(surface, document::tags::kTimelineAlign));
-    return align == 2 || align == 3 || align == 4;
-}
-
 // The links to their days of nodes that took another size.
 void AdjustResized(const std::vector<Node *> &nodes, const std::vector<QRectF> &former) {
     for (std::size_t i = 0; i < nodes.size(); ++i)
-        if (nodes[i]->Bounds() != former[i])
-            timeline::AdjustLinks(*nodes[i], StripIsHorizontal(nodes[i]->Owner()));
+        if (nodes[i]->Bounds() != former[i]) timeline::AdjustLinksOf({nodes[i]});
 }
 
 std::vector<QRectF> BoundsOf(const std::vector<Node *> &nodes) {

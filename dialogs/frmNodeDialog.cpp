@@ -2,6 +2,8 @@
 
 #include "app/settings/Settings.h"
 #include "diagram/model/Surface.h"
+#include "dialogs/AttachmentsPage.h"
+#include "dialogs/HyperlinkPage.h"
 #include "dialogs/NodeDatePage.h"
 #include "dialogs/NodeLevelPage.h"
 #include "dialogs/NodePicturePage.h"
@@ -28,6 +30,7 @@ namespace {
 // Positions of pages.
 constexpr int kDatePage = 2;
 constexpr int kLevelPage = 3;
+constexpr int kAttachmentsPage = 6;
 
 } // namespace
 
@@ -60,8 +63,10 @@ void frmNodeDialog::BuildPages() {
 
 // What hangs on the node by its key.
 void frmNodeDialog::AddLinkedPages() {
-    SSIndexTab1_->addTab(new QWidget(this), QStringLiteral("Hyperlink"));
-    SSIndexTab1_->addTab(new QWidget(this), QStringLiteral("Attachments"));
+    hyperlink_ = new HyperlinkPage(argument_.window, argument_.oNode, this);
+    attachments_ = new AttachmentsPage(argument_.window, argument_.oNode, this);
+    SSIndexTab1_->addTab(hyperlink_, QStringLiteral("Hyperlink"));
+    SSIndexTab1_->addTab(attachments_, QStringLiteral("Attachments"));
 }
 
 void frmNodeDialog::BuildRest() {
@@ -107,6 +112,8 @@ void frmNodeDialog::Form_Load() {
     settings_->Load(edit);
     text_->Load(edit, oNode.Text(), oNode.Event());
     picture_->Load(edit);
+    hyperlink_->Load();
+    attachments_->Load();
     SSIndexTab1_->setTabEnabled(kDatePage, !EditsSeveral());
     ShowDate();
     SSIndexTab1_->setCurrentIndex(0);
@@ -170,15 +177,22 @@ NodeEdit frmNodeDialog::Edit() const {
 
 void frmNodeDialog::ShowSample() { sample_->Show(Edit(), text_->Text()); }
 
-// What was typed for a date must be one.
-bool frmNodeDialog::MayApply() {
-    if (!date_->IsUnreadable()) return true;
-    argument_.window.Desktop().messageBoxes.Show(tr("\"%1\" is no date.").arg(date_->Text()),
-                                                 support::Buttons::Ok, support::Icon::Exclamation,
+void frmNodeDialog::Refuse(const QString &why, int page) {
+    argument_.window.Desktop().messageBoxes.Show(why, support::Buttons::Ok, support::Icon::Exclamation,
                                                  settings::Terms().TITLE);
-    SSIndexTab1_->setCurrentIndex(kDatePage);
-    date_->FocusDate();
-    return false;
+    SSIndexTab1_->setCurrentIndex(page);
+}
+
+// What was typed for a date must be one, and files must be there and fit in.
+bool frmNodeDialog::MayApply() {
+    if (date_->IsUnreadable()) {
+        Refuse(tr("\"%1\" is no date.").arg(date_->Text()), kDatePage);
+        date_->FocusDate();
+        return false;
+    }
+    const QString why = WhyAttachmentsAreRefused(argument_.window, argument_.oNode, attachments_->Rows());
+    if (!why.isEmpty()) Refuse(why, kAttachmentsPage);
+    return why.isEmpty();
 }
 
 bool frmNodeDialog::cmdApply_Click() {
@@ -186,8 +200,12 @@ bool frmNodeDialog::cmdApply_Click() {
     support::Report("frmNodeDialog", "cmdApply_Click", [&] {
         if (!MayApply()) return;
         level_->SelectLevel();
-        ApplyNodeEdit(argument_, Edit());
+        ApplyNodeEdit(argument_, Edit(), [this] {
+            ApplyHyperlink(argument_.window, argument_.oNode, hyperlink_->Edit());
+            ApplyAttachments(argument_.window, argument_.oNode, attachments_->Rows());
+        });
         text_->Keep();
+        attachments_->Load();
         applied = true;
     });
     return applied;

@@ -14,6 +14,8 @@ class QTimer;
 
 namespace dialogs {
 
+class AttachmentsPage;
+class HyperlinkPage;
 class NodeDatePage;
 class NodeLevelPage;
 class NodePicturePage;
@@ -48,6 +50,8 @@ private:
     void SSIndexTab1_Click(int page);
     void ShowWhatGoesWhere();
     void ShowSample();
+    // Says why nothing was applied, and shows the page.
+    void Refuse(const QString &why, int page);
     bool MayApply();
 
     NodeDialogArgument argument_;
@@ -57,6 +61,8 @@ private:
     NodeDatePage *date_ = nullptr;
     NodeLevelPage *level_ = nullptr;
     NodePicturePage *picture_ = nullptr;
+    HyperlinkPage *hyperlink_ = nullptr;
+    AttachmentsPage *attachments_ = nullptr;
     NodeSample *sample_ = nullptr;
     QLabel *lblSelection_ = nullptr;
     QDialogButtonBox *buttons_ = nullptr;

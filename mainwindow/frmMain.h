@@ -196,11 +196,6 @@ private:
     void Form_Unload();
     void SSTab_Click();
     void ShowPropertiesOfSelection(int index);
-    // The window that shows the hyperlink's target.
-    frmMain *Follow(const document::cHyperlink &hyperlink);
-    void FollowAll(const QString &node);
-    // Selects the tab to which a hyperlink leads, or says that there is none.
-    void GoToTab(int tab);
 
     support::Desktop &desktop_;
     std::unique_ptr<WindowParts> parts_;

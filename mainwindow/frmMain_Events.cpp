@@ -5,6 +5,7 @@
 #include "dialogs/ListIndex.h"
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
+#include "mainwindow/HyperlinkFollower.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/WindowParts.h"
@@ -109,6 +110,12 @@ void frmMain::AddFlow1_afGotFocus(int index) {
     dialogs::DoSetIndex2(*parts_->cboFont, font.Name(), true);
     dialogs::DoSetIndex2(*parts_->cboFontSize, QString::number(support::CLng(font.Size())), true);
     ScheduleUpdate();
+}
+
+void frmMain::AddFlow1_DblClick(int index) {
+    if (!AddFlow1_.Exists(index)) return;
+    if (const diagram::Node *node = AddFlow1_[index].SelectedNode())
+        HyperlinkFollower(*this).DoubleClick(*node);
 }
 
 void frmMain::AddFlow1_Error(int, bool &cancelDisplay) { cancelDisplay = true; }

@@ -1,10 +1,10 @@
-// A double click on a node with hyperlinks.
-#include "mainwindow/frmMain.h"
+#include "mainwindow/HyperlinkFollower.h"
 
 #include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 #include "document/WhereItIs.h"
+#include "mainwindow/frmMain.h"
 #include "mainwindow/WindowStatus.h"
 
 #include <algorithm>
@@ -74,18 +74,23 @@ private:
     bool opened_ = false;
 };
 
+// Selects the tab to which a hyperlink leads, or says that there is none.
+void GoToTab(frmMain &window, int tab) {
+    if (tab >= 0 && tab < window.TabStrip().TabCount()) return window.TabStrip().SetTheTab(tab);
+    window.Status().TellInPassing(
+        settings::ReplaceTerms(frmMain::tr("The @SLICE that this hyperlink leads to is not there.")));
+}
+
 } // namespace
 
-void frmMain::AddFlow1_DblClick(int index) {
-    if (!AddFlow1_.Exists(index)) return;
-    const diagram::Node *node = AddFlow1_[index].SelectedNode();
-    if (node && document::GetTag(*node, document::tags::kHyper) == kYes) FollowAll(node->Key());
+void HyperlinkFollower::DoubleClick(const diagram::Node &node) {
+    if (document::GetTag(node, document::tags::kHyper) == kYes) FollowAll(node.Key());
 }
 
 // On a copy: a hyperlink to this very map can load it anew.
-void frmMain::FollowAll(const QString &node) {
-    for (const document::cHyperlink &hyperlink : HyperlinksOf(*clsSettings_, QString(node))) {
-        const Hourglass hourglass(*this);
+void HyperlinkFollower::FollowAll(const QString &node) {
+    for (const document::cHyperlink &hyperlink : HyperlinksOf(window_.clsSettings(), QString(node))) {
+        const Hourglass hourglass(window_);
         if (frmMain *window = Follow(hyperlink)) {
             window->ShowWindow();
             window->CurrentView().setFocus();
@@ -94,22 +99,17 @@ void frmMain::FollowAll(const QString &node) {
 }
 
 // In this map Slice counts from 1, in another one it is the position itself, from 0.
-frmMain *frmMain::Follow(const document::cHyperlink &hyperlink) {
+frmMain *HyperlinkFollower::Follow(const document::cHyperlink &hyperlink) {
     if (!hyperlink.Map.isEmpty()) {
         NewWindows windows;
-        frmMain *window = DoOpen(document::WhereItIs(hyperlink.Map, clsSettings_->ShownFile()), true);
+        frmMain *window =
+            window_.DoOpen(document::WhereItIs(hyperlink.Map, window_.clsSettings().ShownFile()), true);
         windows.Opened();
-        if (window) window->GoToTab(hyperlink.Slice);
+        if (window) GoToTab(*window, hyperlink.Slice);
         return window;
     }
-    GoToTab(TabOf(tabStrip_, hyperlink));
-    return this;
-}
-
-void frmMain::GoToTab(int tab) {
-    if (tab >= 0 && tab < tabStrip_.TabCount()) return tabStrip_.SetTheTab(tab);
-    status_->TellInPassing(
-        settings::ReplaceTerms(tr("The @SLICE that this hyperlink leads to is not there.")));
+    GoToTab(window_, TabOf(window_.TabStrip(), hyperlink));
+    return &window_;
 }
 
 } // namespace mainwindow

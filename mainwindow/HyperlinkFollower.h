@@ -1,0 +1,32 @@
+// Goes where the hyperlinks of a node lead.
+#pragma once
+
+#include <QString>
+
+namespace diagram {
+class Node;
+}
+namespace document {
+struct cHyperlink;
+}
+
+namespace mainwindow {
+
+class frmMain;
+
+class HyperlinkFollower {
+public:
+    explicit HyperlinkFollower(frmMain &window) : window_(window) {}
+
+    // Follows all of the node's, if its tag says that it has any.
+    void DoubleClick(const diagram::Node &node);
+
+private:
+    void FollowAll(const QString &node);
+    // The window that shows the hyperlink's target.
+    frmMain *Follow(const document::cHyperlink &hyperlink);
+
+    frmMain &window_;
+};
+
+} // namespace mainwindow
