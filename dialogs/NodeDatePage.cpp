@@ -12,7 +12,7 @@ namespace dialogs {
 NodeDatePage::NodeDatePage(const QDate &today, QWidget *parent) : QWidget(parent) {
     auto *fraDate = new QFrame(this);
     fraDate->setObjectName(QStringLiteral("fraDate"));
-    chkDate_ = new QCheckBox(tr("&On the timeline"), fraDate);
+    chkDate_ = new QCheckBox(tr("On the &timeline"), fraDate);
     chkDate_->setObjectName(QStringLiteral("chkDate"));
     SSDateCombo1_ = new DateBox(QStringLiteral("SSDateCombo1"), fraDate);
     SSDateCombo1_->SetDate(today);

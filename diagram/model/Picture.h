@@ -29,7 +29,8 @@ public:
     QSize PixelSize() const;         // as the header says; empty for none
     // Size in twips at the resolution of the file, 96 dots an inch where it tells none.
     QSizeF SizeInTwips() const;
-    // Decoded at the first call; a null image when the data behind the header are broken.
+    // Decoded at the first call; a null image when the data behind the header are broken, and for a
+    // compressed drawing. An SVG is read on its own: nothing outside of it that it names is opened.
     const QImage &Image() const;
     // Whether it can be drawn at any size: wmf, emf, svg.
     bool IsDrawing() const;

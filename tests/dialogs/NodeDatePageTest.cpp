@@ -101,6 +101,20 @@ TEST_F(NodeDates, OfSeveralNodesTheDatePageIsOffAndTheDateGoes) {
     EXPECT_EQ(timeline::DateOfNode(other), QStringLiteral("15 March 2004"));
 }
 
+TEST_F(NodeDates, ADateThatIsAppliedTwiceIsTakenBackByTwoSteps) {
+    node->SetKey(QStringLiteral("key"));
+    Open(*node);
+    GoTo(kDate);
+    Control<QCheckBox>("chkDate").click();
+    Click("cmdApply");
+    Click("OKButton");
+    flow.Undo();
+    EXPECT_EQ(timeline::DateOfNode(*node), QStringLiteral("17 May 2024"));
+    flow.Undo();
+    EXPECT_TRUE(timeline::DateOfNode(*node).isEmpty());
+    EXPECT_FALSE(flow.CanUndo());
+}
+
 TEST_F(NodeDates, ADateIsChosenInTheCalendar) {
     Open(*node);
     GoTo(kDate);

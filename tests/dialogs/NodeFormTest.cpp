@@ -76,6 +76,59 @@ TEST_F(NodeForm, EveryControlHasAName) {
     }
 }
 
+TEST_F(NodeForm, NoTwoControlsOfAPageShareAKey) {
+    Open(*node);
+    for (int page = 0; page < form->SSIndexTab1()->count(); ++page) {
+        GoTo(page);
+        Settle();
+        QStringList texts, keys;
+        for (const QLabel *label : form->findChildren<QLabel *>())
+            if (label->isVisible() && label->buddy()) texts << label->text();
+        for (const QAbstractButton *button : form->findChildren<QAbstractButton *>())
+            if (button->isVisible()) texts << button->text();
+        for (const QString &text : texts)
+            if (text.contains(u'&')) keys << text.at(text.indexOf(u'&') + 1).toLower();
+        EXPECT_GE(keys.size(), 2) << page; // of the buttons below
+        EXPECT_EQ(keys.removeDuplicates(), 0) << page;
+    }
+}
+
+TEST_F(NodeForm, TabGoesThroughThePagesFromTopToBottomAndOnToTheButtons) {
+    constexpr const char *kOrder[] = {"cboShape",
+                                      "cboShapeOrient",
+                                      "cboDrawStyle",
+                                      "cboShadow",
+                                      "cboDrawWidth",
+                                      "cboAutoSize",
+                                      "cmdChangeFill",
+                                      "cmdChangeBorder",
+                                      "cmdChangeFore",
+                                      "tabText",
+                                      "txtText",
+                                      "txtOther",
+                                      "cmdFont",
+                                      "cboTextAlign",
+                                      "cboXMargin",
+                                      "cboYMargin",
+                                      "chkDate",
+                                      "lstLevels",
+                                      "lstGroups",
+                                      "cmdBrowse",
+                                      "cmdPaste",
+                                      "cmdClear",
+                                      "cboPicturePosition",
+                                      "OKButton"};
+    Open(*node);
+    QStringList expected, order;
+    for (const char *name : kOrder) expected << QLatin1String(name);
+    QWidget *first = &Control<QWidget>("cboShape"), *at = first;
+    do {
+        if (expected.contains(at->objectName())) order << at->objectName();
+        at = at->nextInFocusChain();
+    } while (at != first);
+    EXPECT_EQ(order.join(u' ').toStdString(), expected.join(u' ').toStdString());
+}
+
 TEST_F(NodeForm, ShowsTheValuesOfItsNode) {
     node->SetShape(77);
     node->SetShapeOrientation(2);
