@@ -124,21 +124,10 @@ void MapRows::ReadLinks() {
         ReadInto(links_, rows, at[schema::link::kSlice], [&] { return ReadLink(rows, at); });
 }
 
-namespace {
-
-template <typename Data, std::size_t kCount>
-void ReadCells(Data &data, const std::array<ItemColumn<Data>, kCount> &columns, const Recordset &rows,
-               const Columns &at) {
-    for (const ItemColumn<Data> &column : columns)
-        if (column.read) column.read(data, rows, at[column.position]);
-}
-
-} // namespace
-
 NodeRow MapRows::ReadNode(const Recordset &rows, const Columns &at) {
     using namespace schema::node;
     NodeRow row;
-    ReadCells(row.data, kNodeColumns, rows, at);
+    ReadCells<kNodeColumns>(row.data, rows, at);
     row.data.key = rows.Text(at[kKey]);
     row.data.tag = TagOf(rows, at);
     row.data.font = Fonts().Load(rows.Utf8(at[kFont]));
@@ -154,7 +143,7 @@ LinkRow MapRows::ReadLink(const Recordset &rows, const Columns &at) {
     row.source = nodeKeys_.Intern(rows.Utf8(at[kKeySource]));
     row.destination = nodeKeys_.Intern(rows.Utf8(at[kKeyDest]));
     row.key = linkKeys_.Intern(rows.Utf8(at[kKey]));
-    ReadCells(row.data, kLinkColumns, rows, at);
+    ReadCells<kLinkColumns>(row.data, rows, at);
     row.data.font = Fonts().Load(rows.Utf8(at[kFont]));
     row.zOrder = rows.Long(at[kZorder]);
     return row;

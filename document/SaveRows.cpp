@@ -100,20 +100,9 @@ void RowWriter::WriteNodes(diagram::Surface &surface) {
     for (const auto &link : surface.Links()) link->SetKey(QString());
 }
 
-namespace {
-
-template <typename Data, std::size_t kCount>
-void BindCells(storage::PreparedStatement &row, const std::array<ItemColumn<Data>, kCount> &columns,
-               const Data &data) {
-    for (const ItemColumn<Data> &column : columns)
-        if (column.write) column.write(row, column.position, data);
-}
-
-} // namespace
-
 void RowWriter::WriteNode(const diagram::Node &node, int slice) {
     using namespace schema::node;
-    BindCells(node_, kNodeColumns, node.Data());
+    WriteCells<kNodeColumns>(node_, node.Data());
     nodeKeys_[node.Id()] = node.Key().toStdString();
     node_.BindUtf8(kKey, nodeKeys_[node.Id()]);
     node_.BindLong(kSlice, slice);
@@ -156,7 +145,7 @@ void RowWriter::WriteLink(diagram::Link &link, int slice) {
     using namespace schema::link;
     link.SetKey(support::GetGUID());
     const std::string key = link.Key().toStdString();
-    BindCells(link_, kLinkColumns, link.Data());
+    WriteCells<kLinkColumns>(link_, link.Data());
     link_.BindUtf8(kKey, key);
     link_.BindUtf8(kKeySource, nodeKeys_[link.Source().Id()]);
     link_.BindUtf8(kKeyDest, nodeKeys_[link.Destination().Id()]);
