@@ -89,8 +89,9 @@ struct ItemColumn {
     const diagram::Range *range = &diagram::IsAnything; // of what is read
     bool isMagnitude = false;                           // negative numbers in a file count as positive ones
     bool isLater = false; // early maps lack it: it is added when they are opened, and the usual value with it
-    // Null where the cell is read or written apart from the others. Reading raises 6 "Overflow", 13 "Type
-    // mismatch" and 380 "Invalid property value".
+    // Whether the cell is read and written with the others, by `read` and `write`.
+    bool isRead = false, isWritten = false;
+    // Raises 6 "Overflow", 13 "Type mismatch" and 380 "Invalid property value".
     void (*read)(Data &, const storage::Recordset &, int at) = nullptr;
     void (*write)(storage::PreparedStatement &, int position, const Data &) = nullptr;
     // What stands in for a number that cannot be read; null for what is no number.
@@ -154,6 +155,7 @@ constexpr ItemColumn<DataOf<Member>> ByHand(int position, ColumnDef def) {
 template <auto Member>
 constexpr ItemColumn<DataOf<Member>> WriteOnly(int position, ColumnDef def) {
     ItemColumn<DataOf<Member>> column = ByHand<Member>(position, def);
+    column.isWritten = true;
     column.write = Write<Member>;
     return column;
 }
@@ -162,6 +164,7 @@ template <auto Member>
 constexpr ItemColumn<DataOf<Member>> Stored(int position, ColumnDef def) {
     ItemColumn<DataOf<Member>> column = WriteOnly<Member>(position, def);
     column.range = &diagram::PropertyOf<Member>().kValid;
+    column.isRead = true;
     column.read = Read<Member>;
     if constexpr (std::is_arithmetic_v<typename diagram::MemberOf<Member>::Value>)
         column.usual = Usual<Member>;
@@ -267,7 +270,7 @@ template <const auto &kColumns, typename Data, typename Positions>
 void ReadCells(Data &data, const storage::Recordset &rows, const Positions &at) {
     const auto read = [&]<std::size_t kEach>() {
         constexpr const ItemColumn<Data> &kColumn = kColumns[kEach];
-        if constexpr (kColumn.read != nullptr) kColumn.read(data, rows, at[kColumn.position]);
+        if constexpr (kColumn.isRead) kColumn.read(data, rows, at[kColumn.position]);
     };
     [&read]<std::size_t... kEach>(std::index_sequence<kEach...>) { (read.template operator()<kEach>(), ...); }
     (std::make_index_sequence<kColumns.size()>());
@@ -277,7 +280,7 @@ template <const auto &kColumns, typename Data>
 void WriteCells(storage::PreparedStatement &row, const Data &data) {
     const auto write = [&]<std::size_t kEach>() {
         constexpr const ItemColumn<Data> &kColumn = kColumns[kEach];
-        if constexpr (kColumn.write != nullptr) kColumn.write(row, kColumn.position, data);
+        if constexpr (kColumn.isWritten) kColumn.write(row, kColumn.position, data);
     };
     [&write]<std::size_t... kEach>(std::index_sequence<kEach...>) {
         (write.template operator()<kEach>(), ...);

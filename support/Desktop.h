@@ -86,8 +86,8 @@ public:
     // Opens a file or folder with the program that the platform has for its kind; a program or script is run.
     // False when it isn't there, whatever else the text could mean, and when nothing opens it.
     virtual bool OpenFile(const QString &path) = 0;
-    // Opens an address of the web or of mail (http, https, mailto). False for anything else, a path above all,
-    // and when nothing opens it.
+    // Opens an address of the web or of mail (http, https, mailto). False for anything else, a path above
+    // all, and when nothing opens it.
     virtual bool OpenAddress(const QString &url) = 0;
 };
 

@@ -3,6 +3,7 @@
 #include "dialogs/NodeSample.h"
 #include "dialogs/PropertyLists.h"
 #include "dialogs/SwatchButton.h"
+#include "document/Tags.h"
 #include "tests/dialogs/NodeDialogTest.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/TimelineNodes.h"
@@ -176,6 +177,7 @@ TEST_F(NodeForm, OkWithoutAnEditChangesNothing) {
     node->SetText(QStringLiteral("hard\u00a0blank\r\nline\n"));
     node->SetPicture(document::testing::OneColour(qRgb(9, 9, 9)));
     Date(*node, QStringLiteral("14 March 2004"));
+    document::SetTag(*node, document::tags::kHyper, QStringLiteral("No")); // which every OK writes
     const diagram::NodeData before = node->Data();
     Open(*node);
     GoTo(1);

@@ -105,7 +105,8 @@ TEST_F(PutBackTest, AKeyPutsBackToo) {
     GiveText(QStringLiteral("after"));
     ProcessEvents();
     Press(window, QStringLiteral("Alt+B"));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return link.Text().isEmpty(); })); // the button shows that it goes down
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return link.Text().isEmpty(); })); // the button shows that it goes down
 }
 
 TEST_F(PutBackTest, AfterPuttingBackUndoIsAsEver) {
