@@ -95,21 +95,10 @@ void WriteTexts(Node &node, const NodeEdit &edit) {
 
 NodeEdit EditOf(const Node &node) {
     NodeEdit edit;
-    edit.AutoSize = node.AutoSize();
-    edit.DrawStyle = node.DrawStyle();
-    edit.DrawWidth = node.DrawWidth();
-    edit.PicturePos = node.PicturePos();
-    edit.Shadow = node.Shadow();
-    edit.Shape = node.Shape();
-    edit.ShapeOrientation = node.ShapeOrientation();
-    edit.Alignment = node.Alignment();
+    edit.look = node.Look();
     edit.xTextMargin = node.xTextMargin();
     edit.yTextMargin = node.yTextMargin();
     edit.Picture = node.Picture();
-    edit.ForeColor = node.ForeColor();
-    edit.FillColor = node.FillColor();
-    edit.BorderColor = node.BorderColor();
-    edit.Font = node.Font();
     edit.date.dated = DayTextOf(node).has_value();
     return edit;
 }
@@ -122,21 +111,10 @@ std::optional<QString> DayTextOf(const Node &node) {
 }
 
 void WriteLook(Node &node, const NodeEdit &edit) {
-    node.SetAutoSize(edit.AutoSize);
-    node.SetDrawStyle(edit.DrawStyle);
-    node.SetDrawWidth(edit.DrawWidth);
-    node.SetPicturePos(edit.PicturePos);
-    node.SetShadow(edit.Shadow);
-    node.SetShape(edit.Shape);
-    node.SetShapeOrientation(edit.ShapeOrientation);
-    node.SetAlignment(edit.Alignment);
+    node.SetLook(edit.look);
     node.SetxTextMargin(edit.xTextMargin);
     node.SetyTextMargin(edit.yTextMargin);
     node.SetPicture(edit.Picture);
-    node.SetForeColor(edit.ForeColor);
-    node.SetFillColor(edit.FillColor);
-    node.SetBorderColor(edit.BorderColor);
-    node.SetFont(edit.Font);
 }
 
 void ApplyNodeEdit(const NodeDialogArgument &argument, const NodeEdit &edit,

@@ -1,10 +1,8 @@
 // What the node dialog holds when OK is pressed, and what that does to nodes.
 #pragma once
 
-#include "diagram/model/Font.h"
-#include "diagram/model/Picture.h"
+#include "diagram/model/Node.h"
 #include "dialogs/PropertyForms.h"
-#include "support/Colour.h"
 
 #include <functional>
 #include <optional>
@@ -27,21 +25,10 @@ struct DateEdit {
 
 struct NodeEdit {
     // For every node that is edited.
-    int AutoSize = 0;
-    int DrawStyle = 0;
-    float DrawWidth = 1;
-    int PicturePos = 7;
-    int Shadow = 0;
-    int Shape = 1;
-    int ShapeOrientation = 0;
-    int Alignment = 7;
+    diagram::NodeLook look;
     int xTextMargin = 0;
     int yTextMargin = 0;
     diagram::Picture Picture;
-    support::Colour ForeColor = support::kBlack;
-    support::Colour FillColor = support::kWhite;
-    support::Colour BorderColor = support::kBlack;
-    diagram::Font Font;
     std::optional<Membership> membership; // none leaves levels and groups as they are
     // For the node that is shown alone.
     std::optional<QString> Text, Event; // none leaves the text as it is, to the letter

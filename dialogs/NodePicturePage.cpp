@@ -66,12 +66,12 @@ QPushButton *NodePicturePage::AddButton(const char *name, const QString &text,
 }
 
 void NodePicturePage::Load(const NodeEdit &edit) {
-    ShowValue(*cboPicturePosition_, edit.PicturePos);
+    ShowValue(*cboPicturePosition_, edit.look.picturePos);
     ShowPicture(edit.Picture);
 }
 
 void NodePicturePage::Store(NodeEdit &edit) const {
-    edit.PicturePos = int(ValueOf(*cboPicturePosition_));
+    edit.look.picturePos = std::uint8_t(ValueOf(*cboPicturePosition_));
     edit.Picture = picPicture_->Picture();
 }
 

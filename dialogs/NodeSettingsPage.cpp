@@ -30,27 +30,27 @@ NodeSettingsPage::NodeSettingsPage(support::Desktop &desktop, QWidget *parent) :
 }
 
 void NodeSettingsPage::Load(const NodeEdit &edit) {
-    ShowValue(*cboShape_, edit.Shape);
-    ShowValue(*cboShapeOrient_, edit.ShapeOrientation);
-    ShowValue(*cboDrawStyle_, edit.DrawStyle);
-    ShowValue(*cboShadow_, edit.Shadow);
-    ShowValue(*cboDrawWidth_, double(edit.DrawWidth));
-    ShowValue(*cboAutoSize_, edit.AutoSize);
-    picFillColor_->SetValue(edit.FillColor);
-    picBorderColor_->SetValue(edit.BorderColor);
-    picForeColor_->SetValue(edit.ForeColor);
+    ShowValue(*cboShape_, edit.look.shape);
+    ShowValue(*cboShapeOrient_, edit.look.shapeOrientation);
+    ShowValue(*cboDrawStyle_, edit.look.drawStyle);
+    ShowValue(*cboShadow_, edit.look.shadow);
+    ShowValue(*cboDrawWidth_, double(edit.look.drawWidth));
+    ShowValue(*cboAutoSize_, edit.look.autoSize);
+    picFillColor_->SetValue(edit.look.fillColor);
+    picBorderColor_->SetValue(edit.look.borderColor);
+    picForeColor_->SetValue(edit.look.foreColor);
 }
 
 void NodeSettingsPage::Store(NodeEdit &edit) const {
-    edit.Shape = int(ValueOf(*cboShape_));
-    edit.ShapeOrientation = int(ValueOf(*cboShapeOrient_));
-    edit.DrawStyle = int(ValueOf(*cboDrawStyle_));
-    edit.Shadow = int(ValueOf(*cboShadow_));
-    edit.DrawWidth = float(ValueOf(*cboDrawWidth_));
-    edit.AutoSize = int(ValueOf(*cboAutoSize_));
-    edit.FillColor = picFillColor_->Value();
-    edit.BorderColor = picBorderColor_->Value();
-    edit.ForeColor = picForeColor_->Value();
+    edit.look.shape = std::uint8_t(ValueOf(*cboShape_));
+    edit.look.shapeOrientation = std::uint8_t(ValueOf(*cboShapeOrient_));
+    edit.look.drawStyle = std::uint8_t(ValueOf(*cboDrawStyle_));
+    edit.look.shadow = std::uint8_t(ValueOf(*cboShadow_));
+    edit.look.drawWidth = float(ValueOf(*cboDrawWidth_));
+    edit.look.autoSize = std::uint8_t(ValueOf(*cboAutoSize_));
+    edit.look.fillColor = picFillColor_->Value();
+    edit.look.borderColor = picBorderColor_->Value();
+    edit.look.foreColor = picForeColor_->Value();
 }
 
 } // namespace dialogs

@@ -116,22 +116,22 @@ void NodeTextPage::BuildToolbar(QGridLayout &grid) {
 }
 
 void NodeTextPage::Load(const NodeEdit &edit, const QString &text, const QString &event) {
-    ShowValue(*cboTextAlign_, edit.Alignment);
+    ShowValue(*cboTextAlign_, edit.look.alignment);
     ShowValue(*cboXMargin_, edit.xTextMargin);
     ShowValue(*cboYMargin_, edit.yTextMargin);
     txtText_->SetText(text);
     txtOther_->SetText(event);
-    font_ = edit.Font;
+    font_ = edit.look.font;
     ShowFont();
 }
 
 void NodeTextPage::Store(NodeEdit &edit) const {
-    edit.Alignment = int(ValueOf(*cboTextAlign_));
+    edit.look.alignment = std::uint8_t(ValueOf(*cboTextAlign_));
     edit.xTextMargin = int(ValueOf(*cboXMargin_));
     edit.yTextMargin = int(ValueOf(*cboYMargin_));
     edit.Text = txtText_->Edited();
     edit.Event = txtOther_->Edited();
-    edit.Font = font_;
+    edit.look.font = font_;
 }
 
 QString NodeTextPage::Text() const { return txtText_->Text(); }

@@ -12,40 +12,40 @@ const QString kDay = QStringLiteral("14 March 2004");
 
 NodeEdit OtherLook() {
     NodeEdit edit;
-    edit.DrawStyle = 2;
-    edit.DrawWidth = 9;
-    edit.PicturePos = 3;
-    edit.Shadow = 4;
-    edit.Shape = 77;
-    edit.ShapeOrientation = 1;
-    edit.Alignment = 5;
+    edit.look.drawStyle = 2;
+    edit.look.drawWidth = 9;
+    edit.look.picturePos = 3;
+    edit.look.shadow = 4;
+    edit.look.shape = 77;
+    edit.look.shapeOrientation = 1;
+    edit.look.alignment = 5;
     edit.xTextMargin = 60;
     edit.yTextMargin = 7;
     edit.Picture = document::testing::OneColour(qRgb(1, 2, 3));
-    edit.ForeColor = 0x111111;
-    edit.FillColor = 0x222222;
-    edit.BorderColor = 0x333333;
-    edit.Font = diagram::Font(QStringLiteral("Courier"), 14, true, false, true, true);
-    edit.AutoSize = 1;
+    edit.look.foreColor = 0x111111;
+    edit.look.fillColor = 0x222222;
+    edit.look.borderColor = 0x333333;
+    edit.look.font = diagram::Font(QStringLiteral("Courier"), 14, true, false, true, true);
+    edit.look.autoSize = 1;
     return edit;
 }
 
 void ExpectLook(const diagram::Node &node, const NodeEdit &edit) {
-    EXPECT_EQ(node.DrawStyle(), edit.DrawStyle);
-    EXPECT_EQ(node.DrawWidth(), edit.DrawWidth);
-    EXPECT_EQ(node.PicturePos(), edit.PicturePos);
-    EXPECT_EQ(node.Shadow(), edit.Shadow);
-    EXPECT_EQ(node.Shape(), edit.Shape);
-    EXPECT_EQ(node.ShapeOrientation(), edit.ShapeOrientation);
-    EXPECT_EQ(node.Alignment(), edit.Alignment);
+    EXPECT_EQ(node.DrawStyle(), edit.look.drawStyle);
+    EXPECT_EQ(node.DrawWidth(), edit.look.drawWidth);
+    EXPECT_EQ(node.PicturePos(), edit.look.picturePos);
+    EXPECT_EQ(node.Shadow(), edit.look.shadow);
+    EXPECT_EQ(node.Shape(), edit.look.shape);
+    EXPECT_EQ(node.ShapeOrientation(), edit.look.shapeOrientation);
+    EXPECT_EQ(node.Alignment(), edit.look.alignment);
     EXPECT_EQ(node.xTextMargin(), edit.xTextMargin);
     EXPECT_EQ(node.yTextMargin(), edit.yTextMargin);
     EXPECT_EQ(node.Picture(), edit.Picture);
-    EXPECT_EQ(node.ForeColor(), edit.ForeColor);
-    EXPECT_EQ(node.FillColor(), edit.FillColor);
-    EXPECT_EQ(node.BorderColor(), edit.BorderColor);
-    EXPECT_EQ(node.Font(), edit.Font);
-    EXPECT_EQ(node.AutoSize(), edit.AutoSize);
+    EXPECT_EQ(node.ForeColor(), edit.look.foreColor);
+    EXPECT_EQ(node.FillColor(), edit.look.fillColor);
+    EXPECT_EQ(node.BorderColor(), edit.look.borderColor);
+    EXPECT_EQ(node.Font(), edit.look.font);
+    EXPECT_EQ(node.AutoSize(), edit.look.autoSize);
 }
 
 } // namespace
@@ -122,7 +122,7 @@ TEST_F(NodeEdits, AMembershipGoesToEverySelectedNodeByItsKeys) {
 TEST_F(NodeEdits, OfTwoLevelsOfOneNameTheFirstIsWritten) {
     window.clsSettings().Levels().Create(QStringLiteral("First"), true, 0);
     NodeEdit edit;
-    edit.membership = Membership{QStringLiteral("First"), {}};
+    edit.membership.emplace().level = QStringLiteral("First");
     Apply(*node, edit);
     EXPECT_EQ(LevelOf(*node), LevelKey(1));
     EXPECT_TRUE(GroupsOf(*node).isEmpty());
@@ -157,7 +157,7 @@ TEST_F(NodeEdits, AnApplyIsOneStepOfUndo) {
     const diagram::NodeData before = node->Data(), otherBefore = other.Data();
     NodeEdit edit = OtherLook();
     edit.Text = QStringLiteral("new");
-    edit.membership = Membership{QStringLiteral("Second"), {}};
+    edit.membership.emplace().level = QStringLiteral("Second");
     edit.date = {true, QDate(2004, 3, 14)};
     Apply(*node, edit);
     flow.Undo();
@@ -237,7 +237,7 @@ TEST_F(NodeEdits, TheLinkToItsDayFollowsANodeThatTakesAnotherSize) {
     Date(other, kDay);
     NodeEdit edit = EditOf(*node);
     edit.Picture = document::testing::OneColour(qRgb(1, 2, 3), 200);
-    edit.AutoSize = 2;
+    edit.look.autoSize = 2;
     Apply(*node, edit);
     ASSERT_EQ(other.Width(), 3000);
     const std::vector<diagram::Point> way = other.Links().Item(1).Way();

@@ -77,22 +77,23 @@ protected:
 
 NodeEdit NodeProperties::AnyEdit() {
     NodeEdit edit;
-    edit.Shape = Any(ListOf::Shapes);
-    edit.ShapeOrientation = Any(ListOf::Orientations);
-    edit.DrawStyle = Any(ListOf::DrawStyles);
-    edit.Shadow = Any(ListOf::Shadows);
-    edit.DrawWidth = float(Any(ListOf::DrawWidths));
-    edit.AutoSize = Any(ListOf::AutoSizes);
-    edit.Alignment = Any(ListOf::Alignments);
+    edit.look.shape = std::uint8_t(Any(ListOf::Shapes));
+    edit.look.shapeOrientation = std::uint8_t(Any(ListOf::Orientations));
+    edit.look.drawStyle = std::uint8_t(Any(ListOf::DrawStyles));
+    edit.look.shadow = std::uint8_t(Any(ListOf::Shadows));
+    edit.look.drawWidth = float(Any(ListOf::DrawWidths));
+    edit.look.autoSize = std::uint8_t(Any(ListOf::AutoSizes));
+    edit.look.alignment = std::uint8_t(Any(ListOf::Alignments));
     edit.xTextMargin = Any(ListOf::Margins);
     edit.yTextMargin = Any(ListOf::Margins);
-    edit.PicturePos = Any(ListOf::PicturePositions);
+    edit.look.picturePos = std::uint8_t(Any(ListOf::PicturePositions));
     if (Sometimes()) edit.Picture = document::testing::OneColour(QRgb(random() | 0xFF000000u), 8);
-    edit.ForeColor = AnyColour();
-    edit.FillColor = AnyColour();
-    edit.BorderColor = AnyColour();
-    edit.Font = diagram::Font(Sometimes() ? QStringLiteral("Arial") : QStringLiteral("Times"),
-                              double(6 + random() % 30), Sometimes(), Sometimes(), Sometimes(), Sometimes());
+    edit.look.foreColor = AnyColour();
+    edit.look.fillColor = AnyColour();
+    edit.look.borderColor = AnyColour();
+    edit.look.font =
+        diagram::Font(Sometimes() ? QStringLiteral("Arial") : QStringLiteral("Times"),
+                      double(6 + random() % 30), Sometimes(), Sometimes(), Sometimes(), Sometimes());
     if (Sometimes()) edit.Text = Any(std::span<const QString>(kTexts));
     if (Sometimes()) edit.Event = Any(std::span<const QString>(kTexts));
     if (Sometimes()) edit.membership = Membership{QString::number(1 + random() % 3), AnyGroups()};

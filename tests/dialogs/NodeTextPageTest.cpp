@@ -197,9 +197,9 @@ TEST_F(NodeTexts, TheButtonsDontKnowTheFontAtFirst) {
     OpenTexts();
     EXPECT_FALSE(Button("BOLD").isChecked());
     Press("BOLD");
-    EXPECT_EQ(form->Edit().Font, bold);
+    EXPECT_EQ(form->Edit().look.font, bold);
     Press("BOLD");
-    EXPECT_FALSE(form->Edit().Font.Bold());
+    EXPECT_FALSE(form->Edit().look.font.Bold());
 }
 
 TEST_F(NodeTexts, TheFontDialogSetsFontColourAndButtons) {
@@ -207,7 +207,7 @@ TEST_F(NodeTexts, TheFontDialogSetsFontColourAndButtons) {
     Press("ITALIC");
     desktop.ExpectFont(kCourier, 0x123456);
     Click("cmdFont");
-    EXPECT_EQ(form->Edit().Font, diagram::Font(QStringLiteral("Courier"), 14, true, false, true, true));
+    EXPECT_EQ(form->Edit().look.font, diagram::Font(QStringLiteral("Courier"), 14, true, false, true, true));
     EXPECT_EQ(Control<SwatchButton>("cmdChangeFore").Value(), 0x123456);
     EXPECT_TRUE(Button("BOLD").isChecked());
     EXPECT_FALSE(Button("ITALIC").isChecked());
@@ -221,7 +221,7 @@ TEST_F(NodeTexts, ACancelledFontDialogLeavesTheFontAndSetsTheButtons) {
     OpenTexts();
     desktop.ExpectFontCancelled();
     Click("cmdFont");
-    EXPECT_EQ(form->Edit().Font, bold);
+    EXPECT_EQ(form->Edit().look.font, bold);
     EXPECT_TRUE(Button("BOLD").isChecked());
 }
 
