@@ -8,6 +8,7 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/ShowForm.h"
 #include "mainwindow/SliceViews.h"
+#include "mainwindow/WindowJournal.h"
 
 namespace mainwindow {
 
@@ -27,11 +28,17 @@ void mnuFileOpen(frmMain &window) {
     if (document::MemoryGuard(window.Desktop())) window.DoOpen(QString(), newWindow);
 }
 
+// The journal ends with the save, before the next edit goes into it: it must not be offered for a file that
+// is newer.
+void Save(frmMain &window) {
+    if (document::DoSave(window) && window.Journal()) window.Journal()->Saved();
+}
+
 void mnuFileSave(frmMain &window) {
     window.Views().StoreTexts();
     if (window.clsSettings().Database().isEmpty())
         window.SetMousePointer(kNormal); // a name will be asked for
-    document::DoSave(window);
+    Save(window);
 }
 
 // Takes the path away, so that saving asks for one, and puts it back unless another has taken its place.
@@ -55,7 +62,7 @@ void mnuFileSaveAs(frmMain &window) {
     window.Views().StoreTexts();
     window.SetMousePointer(kNormal);
     const WithoutPath untitled(window.clsSettings());
-    document::DoSave(window);
+    Save(window);
 }
 
 void mnuFileSaveAsTemplate(frmMain &window) {

@@ -19,6 +19,8 @@ public:
 
     void Watch(diagram::Surface &surface) { journal_.Watch(surface); }
     void Unwatch(diagram::Surface &surface);
+    // The file holds all now; a journal of later edits begins anew.
+    void Saved() { journal_.Drop(); }
     // The window closes: what it has is saved, or not wanted.
     void Close();
     recovery::Journal &Writer() { return journal_; }

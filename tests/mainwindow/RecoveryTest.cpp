@@ -2,6 +2,7 @@
 #include "document/DefaultNodes.h"
 #include "document/DoSave.h"
 #include "document/UnsavedWork.h"
+#include "mainwindow/ActionGroup.h"
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/RecoveryBar.h"
 #include "mainwindow/WindowJournal.h"
@@ -120,6 +121,27 @@ TEST_F(Recovery, RestoreOpensTheMapAsUnsavedWork) {
     frmMain &again = NewWindow();
     again.DoOpen(map, false);
     EXPECT_EQ(Texts(again), QStringList{QStringLiteral("one")});
+}
+
+// An edit right behind it begins a journal of its own, which knows the file as it is then.
+TEST_F(Recovery, ASaveEndsTheJournalBeforeTheNextEdit) {
+    const QString map = SavedMap(QStringLiteral("Plan.map"), 1);
+    frmMain &window = NewWindow();
+    window.DoOpen(map, false);
+    const auto edit = [&] {
+        const ActionGroup step(window.CurrentSurface());
+        AddNode(window, 3000, 3000, QStringLiteral("later"));
+    };
+    edit();
+    Write(window);
+    ASSERT_EQ(window.Journal()->Writer().Changes(), 1);
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(window.Journal()->Writer().Changes(), 0);
+    edit();
+    Write(window);
+    EXPECT_EQ(window.Journal()->Writer().Changes(), 1);
+    document::MarkSaved(window);
+    window.clsSettings().Dirty = false;
 }
 
 TEST_F(Recovery, AMapThatWasNeverSavedComesBackUntitled) {
