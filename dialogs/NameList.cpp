@@ -1,6 +1,6 @@
 #include "dialogs/NameList.h"
 
-#include "dialogs/SwatchButton.h"
+#include "widgets/SwatchButton.h"
 
 #include <cmath>
 #include <QAccessible>
@@ -199,7 +199,7 @@ void NameList::PaintColour(QTreeWidgetItem &item) {
     item.setForeground(0, colour);
     item.setBackground(0, PlateFor(colour, palette().color(QPalette::Base)));
     item.setIcon(0, Swatch(colour, palette().color(QPalette::Mid), devicePixelRatioF()));
-    item.setData(0, Qt::AccessibleDescriptionRole, ColourName(ColourOf(item)));
+    item.setData(0, Qt::AccessibleDescriptionRole, widgets::ColourName(ColourOf(item)));
 }
 
 void NameList::EditRow(QTreeWidgetItem &row) {

@@ -1,7 +1,7 @@
 #include "dialogs/NodeSettingsPage.h"
 
 #include "dialogs/PropertyRows.h"
-#include "dialogs/SwatchButton.h"
+#include "widgets/SwatchButton.h"
 
 #include <QComboBox>
 #include <QGridLayout>

@@ -11,9 +11,11 @@ namespace support {
 struct Desktop;
 }
 
-namespace dialogs {
-
+namespace widgets {
 class SwatchButton;
+}
+
+namespace dialogs {
 
 class NodeSettingsPage : public QWidget {
     Q_OBJECT
@@ -23,15 +25,15 @@ public:
     void Load(const NodeEdit &edit);
     void Store(NodeEdit &edit) const;
 
-    SwatchButton &picFillColor() { return *picFillColor_; }
-    SwatchButton &picForeColor() { return *picForeColor_; }
+    widgets::SwatchButton &picFillColor() { return *picFillColor_; }
+    widgets::SwatchButton &picForeColor() { return *picForeColor_; }
 
 Q_SIGNALS:
     void Changed();
 
 private:
     QComboBox *cboShape_, *cboShapeOrient_, *cboDrawStyle_, *cboShadow_, *cboDrawWidth_, *cboAutoSize_;
-    SwatchButton *picFillColor_, *picBorderColor_, *picForeColor_;
+    widgets::SwatchButton *picFillColor_, *picBorderColor_, *picForeColor_;
 };
 
 } // namespace dialogs

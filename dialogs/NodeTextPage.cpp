@@ -2,9 +2,9 @@
 
 #include "dialogs/PlainTextBox.h"
 #include "dialogs/PropertyRows.h"
-#include "dialogs/SwatchButton.h"
 #include "support/Desktop.h"
 #include "support/Error.h"
+#include "widgets/SwatchButton.h"
 
 #include <QAction>
 #include <QComboBox>

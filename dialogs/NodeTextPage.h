@@ -16,16 +16,19 @@ namespace support {
 struct Desktop;
 }
 
+namespace widgets {
+class SwatchButton;
+}
+
 namespace dialogs {
 
 class PlainTextBox;
-class SwatchButton;
 
 class NodeTextPage : public QWidget {
     Q_OBJECT
 public:
     // The font dialog shows and sets the colour of `picForeColor` too.
-    NodeTextPage(support::Desktop &desktop, SwatchButton &picForeColor, QWidget *parent);
+    NodeTextPage(support::Desktop &desktop, widgets::SwatchButton &picForeColor, QWidget *parent);
 
     void Load(const NodeEdit &edit, const QString &text, const QString &event);
     void Store(NodeEdit &edit) const;
@@ -48,7 +51,7 @@ private:
     void ShowFont();
 
     support::Desktop &desktop_;
-    SwatchButton &picForeColor_;
+    widgets::SwatchButton &picForeColor_;
     diagram::Font font_; // that of txtText
     QTabBar *tabText_;
     QStackedWidget *front_;

@@ -1,6 +1,6 @@
 #include "dialogs/PropertyRows.h"
 
-#include "dialogs/SwatchButton.h"
+#include "widgets/SwatchButton.h"
 
 #include <QComboBox>
 #include <QGridLayout>

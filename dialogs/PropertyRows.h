@@ -1,8 +1,8 @@
 // Rows of a page of properties: a label at the left, the control that it leads to at the right.
 #pragma once
 
-#include "dialogs/PropertyLists.h"
 #include "support/Colour.h"
+#include "widgets/PropertyLists.h"
 
 #include <QString>
 
@@ -14,9 +14,16 @@ namespace support {
 struct Desktop;
 }
 
+namespace widgets {
+class SwatchButton;
+}
+
 namespace dialogs {
 
-class SwatchButton;
+using widgets::ListOf;
+using widgets::ShowValue;
+using widgets::SwatchButton;
+using widgets::ValueOf;
 
 // Puts the control into the next row under the label, which carries the accelerator.
 void AddRow(QGridLayout &grid, const QString &label, QWidget *control, Qt::Alignment alignment = {});

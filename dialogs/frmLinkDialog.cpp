@@ -5,9 +5,9 @@
 #include "dialogs/LinkSample.h"
 #include "dialogs/PlainTextBox.h"
 #include "dialogs/PropertyRows.h"
-#include "dialogs/SwatchButton.h"
 #include "document/MapWindow.h"
 #include "support/Error.h"
+#include "widgets/SwatchButton.h"
 
 #include <QCheckBox>
 #include <QComboBox>

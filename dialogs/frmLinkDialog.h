@@ -11,11 +11,14 @@ class QComboBox;
 class QGridLayout;
 class QVBoxLayout;
 
+namespace widgets {
+class SwatchButton;
+}
+
 namespace dialogs {
 
 class LinkSample;
 class PlainTextBox;
-class SwatchButton;
 
 // Shows one link, and writes all its values to every link that is edited with it.
 class frmLinkDialog : public QDialog {
@@ -48,8 +51,8 @@ private:
     LinkDialogArgument &argument_;
     diagram::Font font_;
     std::array<QComboBox *, 10> lists_{};
-    SwatchButton *picFillColor_ = nullptr;
-    SwatchButton *picForeColor_ = nullptr;
+    widgets::SwatchButton *picFillColor_ = nullptr;
+    widgets::SwatchButton *picForeColor_ = nullptr;
     PlainTextBox *txtText_ = nullptr;
     QCheckBox *chkOriented_ = nullptr;
     LinkSample *sample_ = nullptr;

@@ -11,10 +11,10 @@
 #include "dialogs/NodeSettingsPage.h"
 #include "dialogs/NodeTextPage.h"
 #include "dialogs/PlainTextBox.h"
-#include "dialogs/SwatchButton.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
 #include "support/Error.h"
+#include "widgets/SwatchButton.h"
 
 #include <QDialogButtonBox>
 #include <QGridLayout>

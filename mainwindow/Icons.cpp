@@ -1,11 +1,10 @@
 #include "mainwindow/Icons.h"
 
 #include "diagram/shapes/Shapes.h"
+#include "widgets/PaintedIconEngine.h"
 
 #include <QFile>
 #include <QGuiApplication>
-#include <QHash>
-#include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
 #include <QResource>
@@ -17,6 +16,8 @@ static void InitIconResources() { Q_INIT_RESOURCE(icons); }
 namespace mainwindow {
 
 namespace {
+
+constexpr qreal kFaded = 0.35; // how much of an icon that is disabled is seen
 
 bool IsDark(const QPalette &palette) {
     return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
@@ -48,50 +49,25 @@ QString PathOf(const QString &name) {
     return QStringLiteral(":/icons/%1.svg").arg(name);
 }
 
-// An icon that is drawn when it is asked for, once for each size, state and theme.
-class DrawnIconEngine : public QIconEngine {
-public:
-    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override {
-        const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1;
-        painter->drawPixmap(rect, Cached(rect.size() * ratio, mode));
-    }
-    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State) override { return Cached(size, mode); }
-    QPixmap scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State, qreal) override {
-        return Cached(size, mode);
-    }
-
+// An icon in a square, in the colours for a light or a dark theme.
+class DrawnIconEngine : public widgets::PaintedIconEngine {
 protected:
     virtual void Draw(QPainter &painter, const QRectF &box, bool dark) = 0;
 
-private:
-    QPixmap Cached(const QSize &size, QIcon::Mode mode) {
-        const bool dark = IsDark(QGuiApplication::palette());
-        const bool faded = mode == QIcon::Disabled;
-        const qint64 key =
-            qint64(size.width()) << 32 | qint64(size.height()) << 2 | (dark ? 2 : 0) | (faded ? 1 : 0);
-        QPixmap &pixmap = cache_[key];
-        if (pixmap.isNull() && !size.isEmpty()) pixmap = Drawn(size, dark, faded);
-        return pixmap;
-    }
-    QPixmap Drawn(const QSize &size, bool dark, bool faded) {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
+    void Paint(QPainter &painter, const QSize &size, QIcon::Mode mode) override {
         painter.setRenderHint(QPainter::Antialiasing);
-        if (faded) painter.setOpacity(0.35);
+        if (mode == QIcon::Disabled) painter.setOpacity(kFaded);
         const qreal side = qMin(size.width(), size.height());
-        Draw(painter, QRectF((size.width() - side) / 2, (size.height() - side) / 2, side, side), dark);
-        return pixmap;
+        Draw(painter, QRectF((size.width() - side) / 2, (size.height() - side) / 2, side, side),
+             IsDark(QGuiApplication::palette()));
     }
-
-    QHash<qint64, QPixmap> cache_;
 };
 
+// Only drawings that exist get one.
 class SvgIconEngine : public DrawnIconEngine {
 public:
     SvgIconEngine(QString path, bool ownColours) : path_(std::move(path)), ownColours_(ownColours) {}
     QIconEngine *clone() const override { return new SvgIconEngine(*this); }
-    bool isNull() override { return false; } // only drawings that exist get an engine
 
 protected:
     void Draw(QPainter &painter, const QRectF &box, bool dark) override {

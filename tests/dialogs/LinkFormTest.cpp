@@ -3,9 +3,9 @@
 #include "dialogs/frmLinkDialog.h"
 #include "dialogs/LinkSample.h"
 #include "dialogs/PlainTextBox.h"
-#include "dialogs/SwatchButton.h"
 #include "document/Tags.h"
 #include "tests/document/MapTest.h"
+#include "widgets/SwatchButton.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -100,8 +100,8 @@ TEST_F(LinkForm, ShowsEveryValueOfTheLink) {
         {"cboDrawWidth", 8},       {"cboJumpStyle", 2},
     };
     for (const auto &[list, value] : shown) EXPECT_EQ(Find(list).currentData().toInt(), value) << list;
-    EXPECT_EQ(Find<SwatchButton>("cmdChangeFill").Value(), 0x112233);
-    EXPECT_EQ(Find<SwatchButton>("cmdChangeFore").Value(), 0x445566);
+    EXPECT_EQ(Find<widgets::SwatchButton>("cmdChangeFill").Value(), 0x112233);
+    EXPECT_EQ(Find<widgets::SwatchButton>("cmdChangeFore").Value(), 0x445566);
     EXPECT_EQ(Find<PlainTextBox>("txtText").Text(), QStringLiteral("label"));
     EXPECT_FALSE(Find<QCheckBox>("chkOriented").isChecked());
 }
@@ -181,7 +181,7 @@ TEST_F(LinkForm, ACancelledColourDialogLeavesTheSwatch) {
     const support::Colour before = links[0]->LineColor();
     desktop.ExpectColour(support::kNoColour);
     Press("cmdChangeFill");
-    EXPECT_EQ(Find<SwatchButton>("cmdChangeFill").Value(), before);
+    EXPECT_EQ(Find<widgets::SwatchButton>("cmdChangeFill").Value(), before);
     desktop.ExpectColour(0x00FF00);
     Press("cmdChangeFill");
     desktop.ExpectColour(0xFF0000);

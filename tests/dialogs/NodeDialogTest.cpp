@@ -1,9 +1,9 @@
 #include "tests/dialogs/NodeDialogTest.h"
 
 #include "app/settings/Settings.h"
-#include "dialogs/PropertyLists.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/TimelineNodes.h"
+#include "widgets/PropertyLists.h"
 
 #include <QComboBox>
 #include <QPushButton>

@@ -1,12 +1,12 @@
 // What the node dialog shows, and what it applies.
 #include "app/settings/Settings.h"
 #include "dialogs/NodeSample.h"
-#include "dialogs/PropertyLists.h"
-#include "dialogs/SwatchButton.h"
 #include "document/Tags.h"
 #include "tests/dialogs/NodeDialogTest.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/TimelineNodes.h"
+#include "widgets/PropertyLists.h"
+#include "widgets/SwatchButton.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -39,7 +39,7 @@ constexpr LabelRow kLabels[] = {
 
 class NodeForm : public NodeDialogTest {
 protected:
-    SwatchButton &Fill() { return Control<SwatchButton>("cmdChangeFill"); }
+    widgets::SwatchButton &Fill() { return Control<widgets::SwatchButton>("cmdChangeFill"); }
 };
 
 TEST_F(NodeForm, HasTheSevenPagesUnderTheTermOfTheProduct) {
@@ -149,10 +149,11 @@ TEST_F(NodeForm, ShowsTheValuesOfItsNode) {
         {"cboShape", 77},          {"cboShapeOrient", 2}, {"cboDrawStyle", 3}, {"cboShadow", 4},
         {"cboDrawWidth", 5},       {"cboTextAlign", 6},   {"cboXMargin", 7},   {"cboYMargin", 8},
         {"cboPicturePosition", 9}, {"cboAutoSize", 1}};
-    for (const auto &[name, value] : rows) EXPECT_EQ(ValueOf(Control<QComboBox>(name)), value) << name;
+    for (const auto &[name, value] : rows)
+        EXPECT_EQ(widgets::ValueOf(Control<QComboBox>(name)), value) << name;
     EXPECT_EQ(Fill().Value(), 0x102030);
-    EXPECT_EQ(Control<SwatchButton>("cmdChangeBorder").Value(), 0x405060);
-    EXPECT_EQ(Control<SwatchButton>("cmdChangeFore").Value(), 0x708090);
+    EXPECT_EQ(Control<widgets::SwatchButton>("cmdChangeBorder").Value(), 0x405060);
+    EXPECT_EQ(Control<widgets::SwatchButton>("cmdChangeFore").Value(), 0x708090);
     EXPECT_EQ(Control<QComboBox>("cboAutoSize").itemText(2), QStringLiteral("Adjust Node Size to Picture "));
 }
 

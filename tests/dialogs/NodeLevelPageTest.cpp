@@ -1,6 +1,6 @@
 // Level and groups of a node, by marks in lists that are filled when they are first seen.
-#include "dialogs/SwatchButton.h"
 #include "tests/dialogs/NodeDialogTest.h"
+#include "widgets/SwatchButton.h"
 
 #include <QListWidget>
 #include <QTest>
@@ -24,7 +24,7 @@ class NodeLevels : public NodeDialogTest {
 protected:
     QListWidget &Levels() { return Control<QListWidget>("lstLevels"); }
     QListWidget &Groups() { return Control<QListWidget>("lstGroups"); }
-    SwatchButton &Fill() { return Control<SwatchButton>("cmdChangeFill"); }
+    widgets::SwatchButton &Fill() { return Control<widgets::SwatchButton>("cmdChangeFill"); }
 };
 
 TEST_F(NodeLevels, TheListsOfLevelsAndGroupsAreEmptyUntilTheirPageIsOpened) {

@@ -1,6 +1,6 @@
 // Every field of the node dialog, on one node and on several: applied, undone, saved and opened again.
-#include "dialogs/PropertyLists.h"
 #include "tests/dialogs/NodeDialogTest.h"
+#include "widgets/PropertyLists.h"
 
 #include <QComboBox>
 #include <random>
@@ -12,12 +12,12 @@ namespace {
 constexpr int kRounds = 25;
 
 // The values of a list, and one that it doesn't have where the model takes others.
-std::vector<double> ValuesOf(ListOf what) {
+std::vector<double> ValuesOf(widgets::ListOf what) {
     QComboBox list;
-    FillList(list, what);
+    widgets::FillList(list, what);
     std::vector<double> values;
     for (int i = 0; i < list.count(); ++i) values.push_back(list.itemData(i).toDouble());
-    if (what == ListOf::DrawWidths || what == ListOf::Margins) values.push_back(99);
+    if (what == widgets::ListOf::DrawWidths || what == widgets::ListOf::Margins) values.push_back(99);
     return values;
 }
 
@@ -47,7 +47,7 @@ protected:
     const T &Any(std::span<const T> values) {
         return values[random() % values.size()];
     }
-    int Any(ListOf what) {
+    int Any(widgets::ListOf what) {
         const std::vector<double> values = ValuesOf(what);
         return int(Any(std::span(values)));
     }
@@ -77,16 +77,16 @@ protected:
 
 NodeEdit NodeProperties::AnyEdit() {
     NodeEdit edit;
-    edit.look.shape = std::uint8_t(Any(ListOf::Shapes));
-    edit.look.shapeOrientation = std::uint8_t(Any(ListOf::Orientations));
-    edit.look.drawStyle = std::uint8_t(Any(ListOf::DrawStyles));
-    edit.look.shadow = std::uint8_t(Any(ListOf::Shadows));
-    edit.look.drawWidth = float(Any(ListOf::DrawWidths));
-    edit.look.autoSize = std::uint8_t(Any(ListOf::AutoSizes));
-    edit.look.alignment = std::uint8_t(Any(ListOf::Alignments));
-    edit.xTextMargin = Any(ListOf::Margins);
-    edit.yTextMargin = Any(ListOf::Margins);
-    edit.look.picturePos = std::uint8_t(Any(ListOf::PicturePositions));
+    edit.look.shape = std::uint8_t(Any(widgets::ListOf::Shapes));
+    edit.look.shapeOrientation = std::uint8_t(Any(widgets::ListOf::Orientations));
+    edit.look.drawStyle = std::uint8_t(Any(widgets::ListOf::DrawStyles));
+    edit.look.shadow = std::uint8_t(Any(widgets::ListOf::Shadows));
+    edit.look.drawWidth = float(Any(widgets::ListOf::DrawWidths));
+    edit.look.autoSize = std::uint8_t(Any(widgets::ListOf::AutoSizes));
+    edit.look.alignment = std::uint8_t(Any(widgets::ListOf::Alignments));
+    edit.xTextMargin = Any(widgets::ListOf::Margins);
+    edit.yTextMargin = Any(widgets::ListOf::Margins);
+    edit.look.picturePos = std::uint8_t(Any(widgets::ListOf::PicturePositions));
     if (Sometimes()) edit.Picture = document::testing::OneColour(QRgb(random() | 0xFF000000u), 8);
     edit.look.foreColor = AnyColour();
     edit.look.fillColor = AnyColour();

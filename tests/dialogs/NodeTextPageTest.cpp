@@ -1,7 +1,7 @@
 // The two texts of a node and the font of the first.
 #include "dialogs/PlainTextBox.h"
-#include "dialogs/SwatchButton.h"
 #include "tests/dialogs/NodeDialogTest.h"
+#include "widgets/SwatchButton.h"
 
 #include <QClipboard>
 #include <QMimeData>
@@ -208,7 +208,7 @@ TEST_F(NodeTexts, TheFontDialogSetsFontColourAndButtons) {
     desktop.ExpectFont(kCourier, 0x123456);
     Click("cmdFont");
     EXPECT_EQ(form->Edit().look.font, diagram::Font(QStringLiteral("Courier"), 14, true, false, true, true));
-    EXPECT_EQ(Control<SwatchButton>("cmdChangeFore").Value(), 0x123456);
+    EXPECT_EQ(Control<widgets::SwatchButton>("cmdChangeFore").Value(), 0x123456);
     EXPECT_TRUE(Button("BOLD").isChecked());
     EXPECT_FALSE(Button("ITALIC").isChecked());
     EXPECT_TRUE(Button("ULINE").isChecked());

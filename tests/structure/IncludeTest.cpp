@@ -36,17 +36,21 @@ QMap<QString, QStringList> Allowed() {
     QStringList base = below;
     base.removeAll("diagram/interaction");
     base.removeAll("diagram/view");
+    allowed["widgets"] = base;
     allowed["document"] = base + QStringList{"storage", "app/settings"};
     QStringList above = allowed["document"] + QStringList{"document"};
     allowed["timeline"] = above;
+    allowed["timeline/setup"] = above + QStringList{"timeline", "widgets"};
     allowed["recovery"] = above;
     above << "timeline";
     for (const char *folder : {"templates", "output", "dialogs"}) allowed[folder] = above;
+    allowed["dialogs"] << "widgets";
     const QStringList plain = above + QStringList{"templates", "output", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
     const QStringList windows =
-        plain + QStringList{"dialogs", "diagram/interaction", "diagram/view", "support/real"};
+        plain + QStringList{"widgets",      "dialogs",     "timeline/setup", "diagram/interaction",
+                            "diagram/view", "support/real"};
     allowed["mainwindow"] = windows;
     allowed["app"] = windows + QStringList{"mainwindow"};
     return allowed;

@@ -11,8 +11,8 @@
 #include "timeline/DateText.h"
 #include "timeline/setup/SampleView.h"
 #include "timeline/setup/StoreDefaults.h"
-#include "timeline/setup/Swatch.h"
 #include "timeline/TimelineNodes.h"
+#include "widgets/SwatchButton.h"
 
 #include <optional>
 #include <QCheckBox>

@@ -4,6 +4,7 @@
 #include "timeline/AddTimelineLink.h"
 
 #include <array>
+#include <optional>
 #include <QDialog>
 
 class QCheckBox;
@@ -13,10 +14,14 @@ class QGroupBox;
 class QLabel;
 class QPushButton;
 
+namespace widgets {
+enum class ListOf;
+class SwatchButton;
+} // namespace widgets
+
 namespace timeline {
 
 class SampleView;
-class Swatch;
 
 class frmTimelineSetup : public QDialog {
     Q_OBJECT
@@ -42,9 +47,10 @@ private:
     void BuildLook(QGridLayout &grid);
     void BuildTimelineControls(QGridLayout &grid);
     void BuildButtons(QGridLayout &grid);
-    QComboBox *AddList(QGridLayout &grid, const char *name, const QString &label, const QStringList &entries);
-    QComboBox *AddShapes(QGridLayout &grid);
-    Swatch *AddSwatch(QGridLayout &grid, const char *name, const QString &label);
+    QComboBox *AddList(QGridLayout &grid, const char *name, const QString &label,
+                       std::optional<widgets::ListOf> what = std::nullopt);
+    widgets::SwatchButton *AddSwatch(QGridLayout &grid, const char *name, const char *swatch,
+                                     const QString &label);
     // A list, and the property of a node whose stored values it offers.
     struct LookRow {
         QComboBox *list;
@@ -70,7 +76,7 @@ private:
               *cboShadow_ = nullptr, *cboShape_ = nullptr, *cboShapeOrient_ = nullptr,
               *cboTextAlign_ = nullptr, *cboXMargin_ = nullptr, *cboYMargin_ = nullptr,
               *cboDateFormat_ = nullptr, *cboArrangement_ = nullptr;
-    Swatch *picForeColor_ = nullptr, *picFillColor_ = nullptr, *picBorderColor_ = nullptr;
+    widgets::SwatchButton *picForeColor_ = nullptr, *picFillColor_ = nullptr, *picBorderColor_ = nullptr;
     QLabel *lblTimelineArrangement_ = nullptr, *lblDateFormat_ = nullptr;
     QCheckBox *chkMissingDates_ = nullptr;
 };

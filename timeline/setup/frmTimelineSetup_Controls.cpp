@@ -1,11 +1,10 @@
 // How the form is put together.
-#include "diagram/shapes/Shapes.h"
 #include "document/MapWindow.h"
 #include "timeline/DateText.h"
 #include "timeline/setup/frmTimelineSetup.h"
-#include "timeline/setup/Lists.h"
 #include "timeline/setup/SampleView.h"
-#include "timeline/setup/Swatch.h"
+#include "widgets/PropertyLists.h"
+#include "widgets/SwatchButton.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -17,9 +16,10 @@
 
 namespace timeline {
 
+using widgets::ListOf;
+
 namespace {
-constexpr int kLargestMargin = 50;
-constexpr int kLargestDrawWidth = 8;
+constexpr const char *kArrangements[] = {"Left", "Right", "Top", "Bottom", "Center"}; // stored 0 to 4
 } // namespace
 
 void frmTimelineSetup::BuildControls() {
@@ -40,18 +40,19 @@ void frmTimelineSetup::BuildControls() {
 
 // From top to bottom as Tab goes.
 void frmTimelineSetup::BuildLook(QGridLayout &grid) {
-    cboAutoSize_ = AddList(grid, "cboAutoSize", QStringLiteral("Auto &Size"), AutoSizes());
-    cboDrawStyle_ = AddList(grid, "cboDrawStyle", QStringLiteral("D&raw Style"), DrawStyles());
-    cboDrawWidth_ = AddList(grid, "cboDrawWidth", QStringLiteral("&Draw Width"), Numbers(kLargestDrawWidth));
-    cboShadow_ = AddList(grid, "cboShadow", QStringLiteral("S&hadow"), Shadows());
-    cboShape_ = AddShapes(grid);
-    cboShapeOrient_ = AddList(grid, "cboShapeOrient", QStringLiteral("Shape Orie&ntation"), Orientations());
-    cboTextAlign_ = AddList(grid, "cboTextAlign", QStringLiteral("A&lignment"), Placements());
-    cboXMargin_ = AddList(grid, "cboXMargin", QStringLiteral("&x Margin"), Numbers(kLargestMargin));
-    cboYMargin_ = AddList(grid, "cboYMargin", QStringLiteral("&y Margin"), Numbers(kLargestMargin));
-    picForeColor_ = AddSwatch(grid, "cmdChangeFore", QStringLiteral("Fore Color"));
-    picFillColor_ = AddSwatch(grid, "cmdChangeFill", QStringLiteral("&Fill Color"));
-    picBorderColor_ = AddSwatch(grid, "cmdChangeBorder", QStringLiteral("Border Color"));
+    cboAutoSize_ = AddList(grid, "cboAutoSize", QStringLiteral("Auto &Size"), ListOf::AutoSizes);
+    cboDrawStyle_ = AddList(grid, "cboDrawStyle", QStringLiteral("D&raw Style"), ListOf::DrawStyles);
+    cboDrawWidth_ = AddList(grid, "cboDrawWidth", QStringLiteral("&Draw Width"), ListOf::DrawWidths);
+    cboShadow_ = AddList(grid, "cboShadow", QStringLiteral("S&hadow"), ListOf::Shadows);
+    cboShape_ = AddList(grid, "cboShape", QStringLiteral("Shap&e"), ListOf::Shapes);
+    cboShapeOrient_ =
+        AddList(grid, "cboShapeOrient", QStringLiteral("Shape Orie&ntation"), ListOf::Orientations);
+    cboTextAlign_ = AddList(grid, "cboTextAlign", QStringLiteral("A&lignment"), ListOf::Alignments);
+    cboXMargin_ = AddList(grid, "cboXMargin", QStringLiteral("&x Margin"), ListOf::Margins);
+    cboYMargin_ = AddList(grid, "cboYMargin", QStringLiteral("&y Margin"), ListOf::Margins);
+    picForeColor_ = AddSwatch(grid, "cmdChangeFore", "picForeColor", QStringLiteral("Fore Color"));
+    picFillColor_ = AddSwatch(grid, "cmdChangeFill", "picFillColor", QStringLiteral("&Fill Color"));
+    picBorderColor_ = AddSwatch(grid, "cmdChangeBorder", "picBorderColor", QStringLiteral("Border Color"));
     auto *font = new QPushButton(QStringLiteral("Font"), this);
     font->setObjectName(QStringLiteral("cmdFont"));
     font->setAutoDefault(false);
@@ -60,12 +61,14 @@ void frmTimelineSetup::BuildLook(QGridLayout &grid) {
 }
 
 void frmTimelineSetup::BuildTimelineControls(QGridLayout &grid) {
-    cboDateFormat_ = AddList(grid, "cboDateFormat", tr("Date format"), {});
+    cboDateFormat_ = AddList(grid, "cboDateFormat", tr("Date format"));
     lblDateFormat_ = findChild<QLabel *>(QStringLiteral("lbl_cboDateFormat"));
     for (const char *pattern : kDisplayPatterns) cboDateFormat_->addItem(QString::fromLatin1(pattern));
     disconnect(cboDateFormat_, nullptr, this, nullptr);
     connect(cboDateFormat_, &QComboBox::activated, this, &frmTimelineSetup::ShowSampleDate);
-    cboArrangement_ = AddList(grid, "cboArrangement", QStringLiteral("Timeline Arrangement"), Arrangements());
+    cboArrangement_ = AddList(grid, "cboArrangement", QStringLiteral("Timeline Arrangement"));
+    for (const char *arrangement : kArrangements)
+        cboArrangement_->addItem(QString::fromLatin1(arrangement), cboArrangement_->count());
     lblTimelineArrangement_ = findChild<QLabel *>(QStringLiteral("lbl_cboArrangement"));
     chkMissingDates_ = new QCheckBox(QStringLiteral("Add Missing Dates"), this);
     chkMissingDates_->setObjectName(QStringLiteral("chkMissingDates"));
@@ -88,10 +91,10 @@ void frmTimelineSetup::BuildButtons(QGridLayout &grid) {
 }
 
 QComboBox *frmTimelineSetup::AddList(QGridLayout &grid, const char *name, const QString &label,
-                                     const QStringList &entries) {
+                                     std::optional<ListOf> what) {
     auto *list = new QComboBox(this);
     list->setObjectName(QLatin1String(name));
-    for (const QString &entry : entries) list->addItem(entry, list->count());
+    if (what) widgets::FillList(*list, *what);
     auto *text = new QLabel(label, this);
     text->setObjectName(QStringLiteral("lbl_") + QLatin1String(name));
     text->setBuddy(list);
@@ -102,22 +105,17 @@ QComboBox *frmTimelineSetup::AddList(QGridLayout &grid, const char *name, const 
     return list;
 }
 
-QComboBox *frmTimelineSetup::AddShapes(QGridLayout &grid) {
-    QComboBox *list = AddList(grid, "cboShape", QStringLiteral("Shap&e"), {});
-    for (const diagram::ShapeRow &row : diagram::ShapeTable())
-        list->addItem(QString::fromLatin1(row.name), row.value);
-    return list;
-}
-
-Swatch *frmTimelineSetup::AddSwatch(QGridLayout &grid, const char *name, const QString &label) {
+widgets::SwatchButton *frmTimelineSetup::AddSwatch(QGridLayout &grid, const char *name, const char *field,
+                                                   const QString &label) {
     QString spoken = label;
-    auto *swatch = new Swatch(argument_.window.Desktop(), QLatin1String(name), spoken.remove(u'&'), this);
+    auto *swatch = new widgets::SwatchButton(argument_.window.Desktop(), QLatin1String(name),
+                                             QLatin1String(field), spoken.remove(u'&'), this);
     auto *text = new QLabel(label, this);
     text->setBuddy(swatch);
     const int row = grid.rowCount();
     grid.addWidget(text, row, 0);
     grid.addWidget(swatch, row, 1, Qt::AlignLeft);
-    connect(swatch, &Swatch::Changed, this, &frmTimelineSetup::ApplyToSample);
+    connect(swatch, &widgets::SwatchButton::Changed, this, &frmTimelineSetup::ApplyToSample);
     return swatch;
 }
 

@@ -7,7 +7,7 @@
 #include "tests/timeline/setup/SetupTest.h"
 #include "timeline/Arrange.h"
 #include "timeline/setup/SampleView.h"
-#include "timeline/setup/Swatch.h"
+#include "widgets/SwatchButton.h"
 
 #include <QCheckBox>
 #include <QDir>
@@ -87,7 +87,7 @@ TEST_F(Editing, ColoursComeFromTheDialog) {
     desktop.ExpectColour(support::kNoColour);
     Press("cmdChangeFill");
     EXPECT_EQ(Sample().FillColor(), 0x0000FF);
-    EXPECT_EQ(Control<Swatch>("cmdChangeFill").Value(), 0x0000FF);
+    EXPECT_EQ(Control<widgets::SwatchButton>("cmdChangeFill").Value(), 0x0000FF);
     EXPECT_EQ(desktop.dialogs.startColours.back(), 0x0000FF) << "begins with the colour that is shown";
 }
 

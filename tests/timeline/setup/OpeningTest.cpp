@@ -3,7 +3,7 @@
 #include "document/Tags.h"
 #include "tests/timeline/setup/SetupTest.h"
 #include "timeline/setup/SampleView.h"
-#include "timeline/setup/Swatch.h"
+#include "widgets/SwatchButton.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -174,9 +174,9 @@ TEST_F(Opening, TheTemplateNodesLookIsSelected) {
         {"cboAutoSize", 1},    {"cboDrawStyle", 2}, {"cboDrawWidth", 3}, {"cboShadow", 4}, {"cboShape", 43},
         {"cboShapeOrient", 2}, {"cboTextAlign", 5}, {"cboXMargin", 6},   {"cboYMargin", 7}};
     for (const auto &[name, entry] : rows) EXPECT_EQ(Control(name).currentIndex(), entry) << name;
-    EXPECT_EQ(Control<Swatch>("cmdChangeFill").Value(), 0x102030);
-    EXPECT_EQ(Control<Swatch>("cmdChangeBorder").Value(), 0x405060);
-    EXPECT_EQ(Control<Swatch>("cmdChangeFore").Value(), 0x708090);
+    EXPECT_EQ(Control<widgets::SwatchButton>("cmdChangeFill").Value(), 0x102030);
+    EXPECT_EQ(Control<widgets::SwatchButton>("cmdChangeBorder").Value(), 0x405060);
+    EXPECT_EQ(Control<widgets::SwatchButton>("cmdChangeFore").Value(), 0x708090);
     EXPECT_EQ(Sample().Bounds().size(), QSizeF(2400, 600));
     EXPECT_EQ(Sample().Left(), form->TimelineSample().Width() / 2 - 1200);
     EXPECT_EQ(Sample().Shape(), 77);
@@ -230,7 +230,7 @@ TEST_F(Opening, WithoutANodeOrASurfaceTheFirstEntriesAreShown) {
 
 TEST_F(Opening, TheDefaultNodeHasTheColourOfTheFirstLevel) {
     Form(true);
-    EXPECT_EQ(Control<Swatch>("cmdChangeFill").Value(), 0x112233);
+    EXPECT_EQ(Control<widgets::SwatchButton>("cmdChangeFill").Value(), 0x112233);
     EXPECT_EQ(Sample().FillColor(), 0x112233);
 }
 

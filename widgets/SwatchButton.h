@@ -5,7 +5,7 @@
 
 #include <QPushButton>
 
-namespace dialogs {
+namespace widgets {
 
 // How a colour is spoken of: by its name where it has a plain one, else by its three parts.
 QString ColourName(support::Colour colour);
@@ -39,4 +39,4 @@ private:
     support::Colour colour_ = support::kWhite;
 };
 
-} // namespace dialogs
+} // namespace widgets

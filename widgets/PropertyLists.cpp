@@ -1,4 +1,4 @@
-#include "dialogs/PropertyLists.h"
+#include "widgets/PropertyLists.h"
 
 #include "diagram/shapes/Arrows.h"
 #include "diagram/shapes/LinkStyles.h"
@@ -8,7 +8,7 @@
 
 #include <QComboBox>
 
-namespace dialogs {
+namespace widgets {
 
 namespace {
 
@@ -72,4 +72,4 @@ void ShowValue(QComboBox &list, double value) {
 
 double ValueOf(const QComboBox &list) { return list.currentData().toDouble(); }
 
-} // namespace dialogs
+} // namespace widgets

@@ -4,15 +4,13 @@
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Measures.h"
-#include "dialogs/PropertyLists.h"
+#include "widgets/PaintedIconEngine.h"
+#include "widgets/PropertyLists.h"
 
 #include <QGuiApplication>
-#include <QHash>
-#include <QIconEngine>
-#include <QPainter>
 #include <QPalette>
 
-namespace dialogs {
+namespace widgets {
 
 namespace {
 
@@ -149,54 +147,28 @@ constexpr SketchRow kSketches[] = {
     {ListOf::JumpStyles, SketchJump},
 };
 
-// Paints when it is asked to, once for each size, mode and palette.
-class PictureEngine : public QIconEngine {
+class PictureEngine : public PaintedIconEngine {
 public:
     PictureEngine(const SketchRow &row, int value) : row_(row), value_(value) {}
     QIconEngine *clone() const override { return new PictureEngine(*this); }
-    bool isNull() override { return false; }
 
-    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override {
-        const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1;
-        painter->drawPixmap(rect, Cached(rect.size() * ratio, mode));
-    }
-    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State) override { return Cached(size, mode); }
-    QPixmap scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State, qreal) override {
-        return Cached(size, mode);
+protected:
+    void Paint(QPainter &painter, const QSize &size, QIcon::Mode mode) override {
+        const Inks inks = InksOf(mode);
+        Surface surface;
+        surface.SetBackColor(support::FromQColor(inks.paper));
+        row_.sketch(surface, inks, value_);
+        diagram::Scene scene(surface);
+        diagram::RenderOptions options;
+        options.xScale = options.yScale = qMin(size.width() / double(kWide), size.height() / double(kHigh));
+        options.background = false;
+        diagram::Renderer().Paint(painter, scene, QRectF(0, 0, kWide, kHigh), options);
     }
 
 private:
-    QPixmap Cached(const QSize &size, QIcon::Mode mode) {
-        const qint64 palette = QGuiApplication::palette().cacheKey();
-        if (palette != palette_) cache_.clear();
-        palette_ = palette;
-        QPixmap &pixmap = cache_[qint64(size.width()) << 32 | qint64(size.height()) << 2 | mode];
-        if (pixmap.isNull() && !size.isEmpty()) pixmap = Painted(size, mode);
-        return pixmap;
-    }
-    QPixmap Painted(const QSize &size, QIcon::Mode mode) const;
-
     const SketchRow &row_;
     int value_;
-    qint64 palette_ = 0;
-    QHash<qint64, QPixmap> cache_;
 };
-
-QPixmap PictureEngine::Painted(const QSize &size, QIcon::Mode mode) const {
-    QPixmap pixmap(size);
-    pixmap.fill(Qt::transparent);
-    const Inks inks = InksOf(mode);
-    Surface surface;
-    surface.SetBackColor(support::FromQColor(inks.paper));
-    row_.sketch(surface, inks, value_);
-    diagram::Scene scene(surface);
-    diagram::RenderOptions options;
-    options.xScale = options.yScale = qMin(size.width() / double(kWide), size.height() / double(kHigh));
-    options.background = false;
-    QPainter painter(&pixmap);
-    diagram::Renderer().Paint(painter, scene, QRectF(0, 0, kWide, kHigh), options);
-    return pixmap;
-}
 
 } // namespace
 
@@ -206,4 +178,4 @@ QIcon PictureOf(ListOf what, int value) {
     return {};
 }
 
-} // namespace dialogs
+} // namespace widgets

@@ -1,8 +1,8 @@
-#include "dialogs/SwatchButton.h"
+#include "widgets/SwatchButton.h"
 
 #include <QPainter>
 
-namespace dialogs {
+namespace widgets {
 
 namespace {
 
@@ -14,22 +14,22 @@ struct NamedColour {
     const char *name;
 };
 constexpr NamedColour kNames[] = {
-    {support::Rgb(0, 0, 0), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "black")},
-    {support::Rgb(255, 255, 255), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "white")},
-    {support::Rgb(255, 0, 0), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "red")},
-    {support::Rgb(0, 255, 0), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "light green")},
-    {support::Rgb(0, 0, 255), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "blue")},
-    {support::Rgb(255, 255, 0), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "yellow")},
-    {support::Rgb(0, 255, 255), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "cyan")},
-    {support::Rgb(255, 0, 255), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "magenta")},
-    {support::Rgb(128, 0, 0), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "dark red")},
-    {support::Rgb(0, 128, 0), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "green")},
-    {support::Rgb(0, 0, 128), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "dark blue")},
-    {support::Rgb(128, 128, 0), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "olive")},
-    {support::Rgb(0, 128, 128), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "teal")},
-    {support::Rgb(128, 0, 128), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "purple")},
-    {support::Rgb(128, 128, 128), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "grey")},
-    {support::Rgb(192, 192, 192), QT_TRANSLATE_NOOP("dialogs::SwatchButton", "light grey")},
+    {support::Rgb(0, 0, 0), QT_TRANSLATE_NOOP("widgets::SwatchButton", "black")},
+    {support::Rgb(255, 255, 255), QT_TRANSLATE_NOOP("widgets::SwatchButton", "white")},
+    {support::Rgb(255, 0, 0), QT_TRANSLATE_NOOP("widgets::SwatchButton", "red")},
+    {support::Rgb(0, 255, 0), QT_TRANSLATE_NOOP("widgets::SwatchButton", "light green")},
+    {support::Rgb(0, 0, 255), QT_TRANSLATE_NOOP("widgets::SwatchButton", "blue")},
+    {support::Rgb(255, 255, 0), QT_TRANSLATE_NOOP("widgets::SwatchButton", "yellow")},
+    {support::Rgb(0, 255, 255), QT_TRANSLATE_NOOP("widgets::SwatchButton", "cyan")},
+    {support::Rgb(255, 0, 255), QT_TRANSLATE_NOOP("widgets::SwatchButton", "magenta")},
+    {support::Rgb(128, 0, 0), QT_TRANSLATE_NOOP("widgets::SwatchButton", "dark red")},
+    {support::Rgb(0, 128, 0), QT_TRANSLATE_NOOP("widgets::SwatchButton", "green")},
+    {support::Rgb(0, 0, 128), QT_TRANSLATE_NOOP("widgets::SwatchButton", "dark blue")},
+    {support::Rgb(128, 128, 0), QT_TRANSLATE_NOOP("widgets::SwatchButton", "olive")},
+    {support::Rgb(0, 128, 128), QT_TRANSLATE_NOOP("widgets::SwatchButton", "teal")},
+    {support::Rgb(128, 0, 128), QT_TRANSLATE_NOOP("widgets::SwatchButton", "purple")},
+    {support::Rgb(128, 128, 128), QT_TRANSLATE_NOOP("widgets::SwatchButton", "grey")},
+    {support::Rgb(192, 192, 192), QT_TRANSLATE_NOOP("widgets::SwatchButton", "light grey")},
 };
 
 // Lies over the button, which takes its clicks.
@@ -96,4 +96,4 @@ void SwatchButton::Choose() {
     Q_EMIT Changed();
 }
 
-} // namespace dialogs
+} // namespace widgets

@@ -6,7 +6,7 @@
 
 class QComboBox;
 
-namespace dialogs {
+namespace widgets {
 
 enum class ListOf {
     Shapes,
@@ -39,4 +39,4 @@ double ValueOf(const QComboBox &list);
 QIcon PictureOf(ListOf what, int value);
 constexpr QSize kPictureSize(36, 20); // pixels
 
-} // namespace dialogs
+} // namespace widgets

@@ -1,11 +1,11 @@
-#include "dialogs/SwatchButton.h"
+#include "widgets/SwatchButton.h"
 #include "support/testing/ScriptedDesktop.h"
 
 #include <gtest/gtest.h>
 #include <QImage>
 #include <QSignalSpy>
 
-namespace dialogs::testing {
+namespace widgets::testing {
 
 class Swatches : public ::testing::Test {
 protected:
@@ -47,4 +47,4 @@ TEST_F(Swatches, ACancelledChoiceLeavesTheColour) {
     EXPECT_EQ(changed.count(), 0);
 }
 
-} // namespace dialogs::testing
+} // namespace widgets::testing

@@ -1,4 +1,4 @@
-#include "dialogs/PropertyLists.h"
+#include "widgets/PropertyLists.h"
 
 #include <gtest/gtest.h>
 #include <QApplication>
@@ -6,7 +6,7 @@
 #include <QPalette>
 #include <set>
 
-namespace dialogs::testing {
+namespace widgets::testing {
 
 namespace {
 
@@ -147,4 +147,4 @@ TEST(PropertyPictures, FollowThePalette) {
     EXPECT_GT(onDark, 180);
 }
 
-} // namespace dialogs::testing
+} // namespace widgets::testing
