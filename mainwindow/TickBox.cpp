@@ -1,10 +1,10 @@
 #include "mainwindow/TickBox.h"
 
-#include <QApplication>
+#include "widgets/TickStyle.h"
+
 #include <QKeyEvent>
 #include <QListView>
 #include <QMouseEvent>
-#include <QProxyStyle>
 #include <QStandardItemModel>
 #include <QStyledItemDelegate>
 #include <QStylePainter>
@@ -19,12 +19,11 @@ constexpr int kMostRows = 20;   // without scrolling
 constexpr int kKeyRole = Qt::UserRole;
 
 // The list drops below the box, so that what is ticked can be read while one ticks.
-class DropsBelow : public QProxyStyle {
+class DropsBelow : public widgets::TickStyle {
 public:
-    DropsBelow() : QProxyStyle(QApplication::style()->name()) {}
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                   QStyleHintReturn *result) const override {
-        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
+        return hint == SH_ComboBox_Popup ? 0 : TickStyle::styleHint(hint, option, widget, result);
     }
 };
 } // namespace

@@ -4,6 +4,7 @@
 #include "app/ProcessAge.h"
 #include "support/Error.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "widgets/TickStyle.h"
 
 #include <gtest/gtest.h>
 #include <QEvent>
@@ -33,6 +34,10 @@ TEST(Application, AnErrorThatAHandlerLetThroughIsReportedAndTheProcessGoesOn) {
     ASSERT_EQ(desktop.Messages().size(), 1u);
     EXPECT_EQ(desktop.Messages()[0].title, QStringLiteral("Error in QObject: Sub Event"));
     EXPECT_EQ(desktop.Messages()[0].buttons, support::Buttons::Ok);
+}
+
+TEST(Application, ShowsTheFramesOfBoxesToTickOnAnyPalette) {
+    EXPECT_NE(qobject_cast<widgets::TickStyle *>(QApplication::style()), nullptr);
 }
 
 TEST(CommandLine, IsOneTextBehindTheProgramsName) {

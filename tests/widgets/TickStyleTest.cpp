@@ -1,0 +1,130 @@
+#include "widgets/TickStyle.h"
+
+#include <gtest/gtest.h>
+#include <QApplication>
+#include <QCheckBox>
+#include <QListWidget>
+#include <QPainter>
+#include <QStyleOption>
+
+namespace widgets::testing {
+
+namespace {
+
+constexpr double kSeen = 3; // the contrast from which a frame can be told from what is around it
+
+QPalette Palette(bool dark) {
+    const QColor window = dark ? QColor(45, 45, 48) : QColor(239, 239, 239);
+    QPalette palette(window);
+    palette.setColor(QPalette::Base, dark ? QColor(30, 30, 30) : QColor(Qt::white));
+    palette.setColor(QPalette::Text, dark ? QColor(220, 220, 220) : QColor(Qt::black));
+    return palette;
+}
+
+double Luminance(const QColor &colour) {
+    const auto part = [](double value) {
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
+}
+
+double Contrast(const QColor &a, const QColor &b) {
+    const double one = Luminance(a) + 0.05, other = Luminance(b) + 0.05;
+    return std::max(one, other) / std::min(one, other);
+}
+
+// The best contrast with `ground` that the pixels of `row` have, between the columns.
+double BestContrast(const QImage &image, int row, int from, int to, const QColor &ground) {
+    double best = 1;
+    for (int x = from; x < to; ++x) best = std::max(best, Contrast(image.pixelColor(x, row), ground));
+    return best;
+}
+
+// The worst contrast of the frame's four sides, each in its middle.
+double FrameContrast(const QImage &image, const QRect &box, const QColor &ground) {
+    const QPoint middle = box.center();
+    double worst = 100;
+    for (const QPoint &at : {QPoint(box.left(), middle.y()), QPoint(box.right(), middle.y()),
+                             QPoint(middle.x(), box.top()), QPoint(middle.x(), box.bottom())})
+        worst = std::min(worst, Contrast(image.pixelColor(at), ground));
+    return worst;
+}
+
+// An empty box, painted alone.
+QImage PaintedBox(const QStyle &style, QStyle::PrimitiveElement element, const QPalette &palette) {
+    QImage image(20, 20, QImage::Format_ARGB32_Premultiplied);
+    image.fill(palette.color(QPalette::Base));
+    QStyleOptionButton option;
+    option.rect = QRect(3, 3, 14, 14);
+    option.palette = palette;
+    option.state = QStyle::State_Enabled | QStyle::State_Active | QStyle::State_Off;
+    QPainter painter(&image);
+    style.drawPrimitive(element, &option, &painter);
+    return image;
+}
+
+} // namespace
+
+class Ticks : public ::testing::TestWithParam<bool> {
+protected:
+    void TearDown() override { QApplication::setPalette(QPalette()); }
+    const QPalette palette = Palette(GetParam());
+    TickStyle style;
+};
+
+TEST_P(Ticks, TheFrameIsSeenOnTheBoxAndOnTheWindow) {
+    for (const auto element : {QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorItemViewItemCheck}) {
+        const QImage image = PaintedBox(style, element, palette);
+        for (const auto ground : {QPalette::Base, QPalette::Window})
+            EXPECT_GE(FrameContrast(image, QRect(3, 3, 14, 14), palette.color(ground)), kSeen);
+    }
+}
+
+TEST_P(Ticks, ATickIsStillTold) {
+    QStyleOptionButton option;
+    option.rect = QRect(3, 3, 14, 14);
+    option.palette = palette;
+    option.state = QStyle::State_Enabled | QStyle::State_On;
+    QImage image = PaintedBox(style, QStyle::PE_IndicatorCheckBox, palette);
+    const QImage unticked = image;
+    QPainter painter(&image);
+    style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &painter);
+    painter.end();
+    EXPECT_NE(image, unticked);
+}
+
+TEST_P(Ticks, UntickedRowsOfAListShowTheirBoxes) {
+    QListWidget list;
+    list.setStyle(&style);
+    list.setPalette(palette);
+    auto *item = new QListWidgetItem(QStringLiteral("Level"), &list);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
+    item->setCheckState(Qt::Unchecked);
+    list.resize(120, 60);
+    list.show();
+    const QImage image = list.viewport()->grab().toImage();
+    const QRect row = list.visualItemRect(item);
+    EXPECT_GE(
+        BestContrast(image, row.center().y(), row.left(), row.left() + 10, palette.color(QPalette::Base)),
+        kSeen);
+}
+
+INSTANTIATE_TEST_SUITE_P(LightAndDark, Ticks, ::testing::Bool());
+
+TEST(TickStyles, KeepTheFrameOfABoxThatHasTheFocus) {
+    const TickStyle style;
+    const QPalette palette = Palette(false);
+    QStyleOptionButton option;
+    option.rect = QRect(3, 3, 14, 14);
+    option.palette = palette;
+    option.state = QStyle::State_Enabled | QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+    QImage here(20, 20, QImage::Format_ARGB32_Premultiplied), there(here);
+    here.fill(Qt::white);
+    there.fill(Qt::white);
+    QPainter first(&here), second(&there);
+    style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &first);
+    style.baseStyle()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &second);
+    EXPECT_EQ(here, there);
+}
+
+} // namespace widgets::testing
