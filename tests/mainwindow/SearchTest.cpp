@@ -60,6 +60,19 @@ TEST_F(Search, FindsCommandsByWordsOfTheirTipsAndTheirMenus) {
     EXPECT_EQ(box.Offered(), QStringList(QStringLiteral("New Octogon")));
 }
 
+TEST_F(Search, FindsTheSetupFormsByWhatTheyHold) {
+    for (const auto *word : {"level", "levels"}) {
+        Type(QLatin1String(word));
+        EXPECT_TRUE(box.Offered().contains(QStringLiteral("View \u203a Level Setup"))) << word;
+        box.clear();
+    }
+    for (const auto *word : {"group", "groups"}) {
+        Type(QLatin1String(word));
+        EXPECT_TRUE(box.Offered().contains(QStringLiteral("View \u203a Group Setup"))) << word;
+        box.clear();
+    }
+}
+
 TEST_F(Search, EnterRunsTheFirstAndGoesBackToTheSurface) {
     Type(QStringLiteral("grid lines"));
     Enter();
