@@ -44,4 +44,10 @@ void TickStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
     painter->restore();
 }
 
+int TickStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                         QStyleHintReturn *result) const {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, result);
+}
+
 } // namespace widgets

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QListWidget>
 #include <QPainter>
+#include <QProxyStyle>
 #include <QStyleOption>
 
 namespace widgets::testing {
@@ -125,6 +126,18 @@ TEST(TickStyles, KeepTheFrameOfABoxThatHasTheFocus) {
     style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &first);
     style.baseStyle()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &second);
     EXPECT_EQ(here, there);
+}
+
+TEST(TickStyles, ButtonsOfDialogsShowNoPictures) {
+    class WantsPictures : public QProxyStyle {
+        int styleHint(StyleHint, const QStyleOption *, const QWidget *, QStyleHintReturn *) const override {
+            return 1;
+        }
+    };
+    TickStyle style;
+    style.setBaseStyle(new WantsPictures);
+    EXPECT_EQ(style.styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons), 0);
+    EXPECT_EQ(style.styleHint(QStyle::SH_UnderlineShortcut), 1);
 }
 
 } // namespace widgets::testing
