@@ -17,8 +17,10 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The first three have the metrics of the fonts that maps of other machines name; the others keep the caches of the desktop.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "fonts-liberation, fonts-crosextra-carlito, fonts-crosextra-caladea, shared-mime-info, desktop-file-utils, hicolor-icon-theme")
+# The fonts have the metrics of those that maps of other machines name; xdg-utils opens the help, attachments and addresses; the
+# others keep the caches of the desktop.
+set(recommended fonts-liberation fonts-crosextra-carlito fonts-crosextra-caladea xdg-utils shared-mime-info desktop-file-utils
+    hicolor-icon-theme)
+list(JOIN recommended ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "pdf-viewer, qt6-wayland")
 include(CPack)

@@ -98,6 +98,10 @@ TEST_F(Installed, SystemHasTheProgramsInAFolderOfTheirOwn) {
     ExpectDesktopIn(place_->filePath("usr/share"));
     const QStringList top = QDir(place_->filePath("usr")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     EXPECT_EQ(top.join(' '), "bin lib share");
+    const QStringList files = FilesBelow(place_->filePath("usr/share"));
+    for (const char *name : {"doc/velmora/copyright", "doc/velmora/changelog.gz", "man/man1/velmora.1.gz",
+                             "man/man1/velmora-cli.1.gz"})
+        EXPECT_TRUE(files.contains(QLatin1String(name))) << name;
 }
 
 TEST_F(Installed, CommandsOfTheSystemFindTheirFiles) {
