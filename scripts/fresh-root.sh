@@ -11,6 +11,7 @@ longest_silence=5.0 # seconds
 keep=""
 [ "${1:-}" != --keep ] || { keep=yes; shift; }
 root=${1:-$(mktemp -u /var/tmp/velmora-fresh-XXXXXX)}
+
 # attempt NAME COMMAND: runs it in the root and shows what it says, each line with its second. Looks at its exit code, the longest
 # silence, and whether anything passed that helps nobody.
 attempt() {

@@ -93,6 +93,9 @@ Flow Picture(const QTextImageFormat &format, const QString &folder, double width
     return flow;
 }
 
+// A line of a block of code.
+bool IsCode(const QTextBlock &block) { return block.blockFormat().hasProperty(QTextFormat::BlockCodeFence); }
+
 Flow OfBlock(const QTextBlock &block, const QString &pictures, double width) {
     if (block.blockFormat().headingLevel() > 0) return Heading(block, width);
     const auto first = block.begin();
@@ -100,7 +103,8 @@ Flow OfBlock(const QTextBlock &block, const QString &pictures, double width) {
         return Picture(first.fragment().charFormat().toImageFormat(), pictures, width);
     if (block.textList()) return Item(block, width);
     if (block.text().trimmed().isEmpty()) return {};
-    return Lines(LayOut(TextOf(block, kText), kText, width), kParagraphGap, false);
+    const bool goesOn = IsCode(block) && IsCode(block.previous());
+    return Lines(LayOut(TextOf(block, kText), kText, width), goesOn ? 0 : kParagraphGap, false);
 }
 
 // Both of them, with the numbers of pieces that the second one names.

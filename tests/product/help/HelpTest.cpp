@@ -210,6 +210,12 @@ TEST_F(Help, ListsHaveTheirSigns) {
         EXPECT_TRUE(page.contains(line)) << line;
 }
 
+TEST_F(Help, LinesOfCodeStandCloseTogether) {
+    UseGuide("# T\n\n```\none\ntwo\nthree\n```\n\nAfter.\n");
+    const QString text = QStringList(Pages()[1]).join('\n');
+    EXPECT_TRUE(text.contains("one\ntwo\nthree\n\nAfter.")) << text.toStdString();
+}
+
 TEST_F(Help, TextsAreFoundAsTheyAreWritten) {
     UseGuide("# T\n\nattach, fit, shift, button, office, waffle\n");
     EXPECT_TRUE(Pages()[1].contains("attach, fit, shift, button, office, waffle"));
