@@ -5,8 +5,7 @@
 namespace app {
 
 Application::Application(int &argc, char **argv) : QApplication(argc, argv) {
-    setApplicationDisplayName(QString());          // captions are whole as they are
-    setDesktopFileName(QStringLiteral("velmora")); // by which desktops find the icon of its windows
+    setApplicationDisplayName(QString()); // captions are whole as they are
 }
 
 bool Application::notify(QObject *receiver, QEvent *event) {

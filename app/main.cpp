@@ -102,6 +102,8 @@ int main(int argc, char **argv) {
                      "velmora-cli.\n");
         return kExitFailure;
     }
+    // By this desktops find the icon of its windows.
+    QGuiApplication::setDesktopFileName(QStringLiteral("velmora"));
     app::Application application(argc, argv);
     if (const auto fault = support::FaultToShow(QCoreApplication::arguments())) return ShowFault(*fault);
     support::InstallExceptionFilter(support::OwnFaultBox());
