@@ -92,12 +92,18 @@ int ShowFault(const QString &text) {
 } // namespace
 
 int main(int argc, char **argv) {
+    if (argc == 2 && qstrcmp(argv[1], "--version") == 0) {
+        std::printf("velmora " VELMORA_VERSION "\n");
+        return 0;
+    }
     if (!HasDisplay(argc, argv)) {
         std::fprintf(stderr,
                      "velmora: there is no display. Set DISPLAY or WAYLAND_DISPLAY; for work without one use "
                      "velmora-cli.\n");
         return kExitFailure;
     }
+    // By this desktops find the icon of its windows.
+    QGuiApplication::setDesktopFileName(QStringLiteral("velmora"));
     app::Application application(argc, argv);
     if (const auto fault = support::FaultToShow(QCoreApplication::arguments())) return ShowFault(*fault);
     support::InstallExceptionFilter(support::OwnFaultBox());

@@ -1,4 +1,4 @@
-# Flags, and the two functions that every folder uses.
+# Flags, and the functions that every folder uses.
 
 # The sloppiness lets the cache work with precompiled headers; no source depends on the time of its compilation.
 find_program(CCACHE_PROGRAM ccache)
@@ -105,11 +105,39 @@ function(velmora_library name)
   endif()
 endfunction()
 
+# velmora_release_date(FORMAT VARIABLE): the day of release.
+function(velmora_release_date format variable)
+  set(ENV{SOURCE_DATE_EPOCH} ${VELMORA_RELEASED})
+  string(TIMESTAMP date ${format} UTC)
+  set(${variable} ${date} PARENT_SCOPE)
+endfunction()
+
+# Two components are installed. The usual one is a folder that runs from anywhere, with the programs and all they need in its
+# root; the component "system", for a prefix like /usr, has that folder as lib/velmora.
+set(VELMORA_SYSTEM_FOLDER lib/velmora)
+
+# velmora_deliver(FILES|DIRECTORY|TARGETS name...): into the folder of the programs.
+function(velmora_deliver)
+  install(${ARGN} DESTINATION . COMPONENT folder)
+  install(${ARGN} DESTINATION ${VELMORA_SYSTEM_FOLDER} COMPONENT system EXCLUDE_FROM_ALL)
+endfunction()
+
+# velmora_share(FILES name... [RENAME name] TO folder): into a folder of share/, where desktops look.
+function(velmora_share)
+  cmake_parse_arguments(ARG "" "RENAME;TO" "FILES" ${ARGN})
+  set(name)
+  if(ARG_RENAME)
+    set(name RENAME ${ARG_RENAME})
+  endif()
+  install(FILES ${ARG_FILES} DESTINATION share/${ARG_TO} ${name} COMPONENT folder)
+  install(FILES ${ARG_FILES} DESTINATION share/${ARG_TO} ${name} COMPONENT system EXCLUDE_FROM_ALL)
+endfunction()
+
 # velmora_program(TARGET): an executable that belongs to the program. Every edition gets a copy, the installed folder too: programs
 # look for each other beside themselves.
 function(velmora_program target)
   set_property(GLOBAL APPEND PROPERTY VELMORA_PROGRAMS ${target})
-  install(TARGETS ${target} RUNTIME DESTINATION .)
+  velmora_deliver(TARGETS ${target})
 endfunction()
 
 # What every test runs with. The leak checker leaves thread-local storage alone: reading that of a thread that is just ending

@@ -5,61 +5,12 @@
 # --keep is given. Needs root, mmdebstrap and python3.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+. scripts/root.sh
 
 longest_silence=5.0 # seconds
-problems=()
-summary=()
-
-say() { printf '\n#### %s\n' "$*"; }
-note() { summary+=("$*"); }
-wrong() {
-    problems+=("$*")
-    printf '#### WRONG: %s\n' "$*"
-}
-stop() {
-    printf 'fresh-root.sh: %s\n' "$*" >&2
-    exit 2
-}
-
 keep=""
 [ "${1:-}" != --keep ] || { keep=yes; shift; }
 root=${1:-$(mktemp -u /var/tmp/velmora-fresh-XXXXXX)}
-[ "$(id -u)" -eq 0 ] || stop "only root may make another root"
-for tool in mmdebstrap python3 git unshare; do
-    command -v "$tool" >/dev/null || stop "$tool isn't installed"
-done
-[ ! -e "$root" ] || stop "$root is there already"
-logs=$(mktemp -d)
-# Everything is mounted in a namespace that goes with its process, so that only files are left to take away.
-clean_up() {
-    rm -rf "$logs"
-    if [ -n "$keep" ]; then printf 'Kept: %s\n' "$root"; else rm -rf --one-file-system "$root"; fi
-}
-trap clean_up EXIT
-trap 'exit 130' INT TERM
-
-# The sources of Debian 12 that this machine's own apt is set up with, and what it is told about reaching them.
-package_sources() {
-    apt-get indextargets --format 'deb $(REPO_URI) $(CODENAME) $(COMPONENT)' 'Created-By: Packages' 'Origin: Debian' |
-        grep -E ' bookworm(-updates|-security)? main$' | sort -u
-}
-
-make_root() {
-    package_sources >"$logs/sources.list" || stop "apt of this machine has no sources of Debian 12; try apt-get update first"
-    mmdebstrap --quiet --variant=minbase bookworm "$root" "$logs/sources.list" || stop "the root could not be made"
-    cp -L /etc/resolv.conf /etc/hosts "$root/etc/"
-    apt-config dump | grep -iE '^Acquire::([a-z]+::Proxy|Check-)' >"$root/etc/apt/apt.conf.d/99host" || true
-    mkdir "$root/velmora"
-    git archive HEAD | tar -x -C "$root/velmora"
-}
-
-# inside COMMAND: runs a line of shell in the root, in /velmora, with an environment as bare as the machine.
-inside() {
-    unshare --mount --pid --fork --kill-child sh -c '
-        mount -t proc proc "$0/proc" && mount --rbind /dev "$0/dev" &&
-        exec chroot "$0" env -i HOME=/root TERM=dumb PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin \
-            sh -c "cd /velmora && $1"' "$root" "$1"
-}
 
 # attempt NAME COMMAND: runs it in the root and shows what it says, each line with its second. Looks at its exit code, the longest
 # silence, and whether anything passed that helps nobody.
@@ -95,10 +46,9 @@ look_at_font() {
     grep -aq "/FontName.*+${substitute// /}" "$root/tmp/font.pdf" || wrong "$family is not painted in $substitute"
 }
 
-say "Making a minimal Debian 12 in $root"
-begin=$SECONDS
-make_root
-note "the root: $((SECONDS - begin)) s, $(du -sm "$root" | cut -f1) MB"
+make_root python3 git
+mkdir "$root/velmora"
+git archive HEAD | tar -x -C "$root/velmora"
 attempt run ./run
 look_at_pictures
 while IFS=: read -r family substitute; do
@@ -116,7 +66,4 @@ attempt test ./test
 grep -q '100% tests passed' "$logs/test.log" || wrong "not every test passed"
 note "all: $(du -sm "$root" | cut -f1) MB"
 
-say "Summary"
-printf '%s\n' "${summary[@]}"
-[ "${#problems[@]}" -eq 0 ] || { printf 'WRONG: %s\n' "${problems[@]}"; exit 1; }
-echo "Nothing is wrong."
+sum_up

@@ -13,6 +13,7 @@
 
 #include <QDir>
 #include <QImage>
+#include <QLabel>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTest>
@@ -43,6 +44,9 @@ private:
 TEST_F(Forms, AboutTellsTitleAndSaysWhenThereIsNoSystemInformation) {
     frmAbout form(desktop.Get(), nullptr);
     EXPECT_EQ(form.windowTitle(), QStringLiteral("About Velmora"));
+    QStringList texts;
+    for (const QLabel *label : form.findChildren<QLabel *>()) texts << label->text();
+    EXPECT_TRUE(texts.contains(QStringLiteral("Version " VELMORA_VERSION)));
     form.show();
     desktop.ExpectMessage(QStringLiteral("System Information Is Unavailable At This Time"));
     form.cmdSysInfo()->click();

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QProcess>
@@ -69,6 +70,12 @@ protected:
 TEST_P(Programs, AreAllThere) {
     for (const QString &name : kPrograms)
         EXPECT_TRUE(QFileInfo(Program(name)).isExecutable()) << qPrintable(Program(name));
+}
+
+TEST_P(Programs, HelpIsBesideThem) {
+    QFile help(Folder().filePath("help.pdf"));
+    ASSERT_TRUE(help.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(help.readAll().startsWith("%PDF-"));
 }
 
 TEST_P(Programs, EditorPaintsTheDeliveredMap) {

@@ -48,6 +48,7 @@ QMap<QString, QStringList> Allowed() {
     const QStringList plain = above + QStringList{"templates", "output", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
+    allowed["product/help"] = {"support", "support/headless", "app/settings"};
     const QStringList windows =
         plain + QStringList{"widgets",      "dialogs",     "timeline/setup", "diagram/interaction",
                             "diagram/view", "support/real"};
