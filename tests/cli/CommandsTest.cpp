@@ -323,10 +323,7 @@ TEST_F(CommandsTest, ACommandLeavesNothingInTheTemporaryFolder) {
 
 TEST_F(CommandsTest, ASliceMadeATemplateCanBeAppliedAndListed) {
     const QString map = Map("plan.map"), target = Map("target.map");
-    QFile settings(Path("Settings.nml"));
-    ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
-    settings.write("<SETTINGS><TEMPLATE>TEM</TEMPLATE></SETTINGS>");
-    settings.close();
+    support::CopyFileTo(tests::Source(QStringLiteral("product/velmora/Settings.nml")), Path("Settings.nml"));
     QDir(Path("")).mkdir(QStringLiteral("Templates"));
     const QString file = Path("Templates/Plan.TEM");
     ASSERT_EQ(Run({"template", "make", map, "--slice", "2", file}), cli::kGood) << err.toStdString();
