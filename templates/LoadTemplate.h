@@ -22,7 +22,7 @@ void LoadTemplate(document::MapWindow &window, diagram::Surface &flow, const QSt
 
 // Adds the nodes and links of the template on top of what is there, selected, their middle at the point,
 // which is in twips; one step of undo. Background, months, dates and default nodes of the template stay
-// behind. A template with nothing else changes nothing.
+// behind; what a filter hid there is shown. A template with nothing else changes nothing.
 void InsertTemplate(document::MapWindow &window, diagram::Surface &flow, const QString &file, QPointF at);
 
 } // namespace templates
