@@ -45,6 +45,13 @@ void Place(Surface &surface, Content &content) {
     }
 }
 
+Content DecodeFor(const Surface &surface, const QByteArray &bytes) {
+    Content content = Decode(bytes, ContentKind::Surface);
+    content.surface.picture = surface.Picture();
+    content.surface.backColor = surface.BackColor();
+    return content;
+}
+
 void Shift(Content &content, float dx, float dy) {
     for (StoredNode &node : content.nodes) {
         node.data.left = Checked(IsCoordinate, node.data.left + dx, "Surface");
@@ -69,6 +76,25 @@ void PutOnTop(const Surface &surface, Content &content) {
     for (const auto &entry : keys) *entry.second = top += kStackGap;
 }
 
+// One step of undo in which ways are taken as they are told.
+class Replacing {
+public:
+    explicit Replacing(Surface &surface) : surface_(surface) {
+        surface_.BeginAction(0);
+        surface_.SetReplaying(true);
+    }
+    ~Replacing() {
+        surface_.KeepWays();
+        surface_.SetReplaying(false);
+        surface_.EndAction();
+    }
+    Replacing(const Replacing &) = delete;
+    Replacing &operator=(const Replacing &) = delete;
+
+private:
+    Surface &surface_;
+};
+
 } // namespace
 
 QByteArray SaveBytes(const Surface &surface) {
@@ -80,14 +106,20 @@ QByteArray SaveBytes(const Surface &surface) {
 }
 
 void LoadBytes(Surface &surface, const QByteArray &bytes) {
-    Content content = Decode(bytes, ContentKind::Surface);
-    content.surface.picture = surface.Picture();
-    content.surface.backColor = surface.BackColor();
+    Content content = DecodeFor(surface, bytes);
     surface.Reset();
     surface.Overwrite(std::move(content.surface));
     Place(surface, content);
     surface.KeepWays();
     if (surface.Log()) surface.Log()->Forget();
+}
+
+void ReplaceBytes(Surface &surface, const QByteArray &bytes) {
+    Content content = DecodeFor(surface, bytes);
+    const Replacing step(surface);
+    surface.Nodes().Clear();
+    surface.Overwrite(std::move(content.surface));
+    Place(surface, content);
 }
 
 void SaveFile(const Surface &surface, const QString &path) {
