@@ -3,7 +3,9 @@
 #include "app/settings/Settings.h"
 #include "product/MapText.h"
 #include "product/NodeText.h"
+#include "product/TemplateText.h"
 
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 
@@ -16,28 +18,41 @@ void CopyFile(const QString &from, const QString &to) {
     if (!QFile::copy(from, to)) Complain(QStringLiteral("%1 can't be copied to %2").arg(from, to));
 }
 
-QString Extension(const QString &settings) {
+// The value of that key of Settings.nml.
+QString Setting(const QString &key, const QString &settings) {
     settings::SettingsDocument document;
     if (!document.load(settings)) Complain(QStringLiteral("%1 isn't well-formed").arg(settings));
-    return settings::GetXMLNodeText(QStringLiteral("EXT"), document);
+    return settings::GetXMLNodeText(key, document);
+}
+
+// Each text below Templates becomes a template in the folder of the same name.
+void BuildTemplates(const QDir &edition, const QDir &target, const QString &extension) {
+    const QDir texts(edition.filePath("Templates"));
+    QDirIterator files(texts.path(), {"*.json"}, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QFileInfo text(files.next());
+        const QString folder = "Templates/" + texts.relativeFilePath(text.path());
+        target.mkpath(folder);
+        BuildTemplateFile(text.filePath(), edition,
+                          target.filePath(folder + "/" + text.completeBaseName() + "." + extension));
+    }
 }
 
 } // namespace
 
 void BuildEdition(const QDir &edition, const QDir &target) {
     target.mkpath(QStringLiteral("Startup"));
-    target.mkpath(QStringLiteral("Templates"));
     CopyFile(edition.filePath("Settings.nml"), target.filePath("Settings.nml"));
-    for (const QString &name : QDir(edition.filePath("Templates")).entryList(QDir::Files))
-        CopyFile(edition.filePath("Templates/" + name), target.filePath("Templates/" + name));
     BuildTemplate(edition.filePath("template.json"), target.filePath("template.tpl"));
     for (const char *name : {"Template.nd", "Template.tnd"})
         BuildDefaultNode(edition.filePath(QLatin1String(name) + ".json"),
                          target.filePath(QLatin1String(name)));
-    const QString extension = Extension(edition.filePath("Settings.nml"));
+    const QString settings = edition.filePath("Settings.nml");
+    const QString extension = Setting(QStringLiteral("EXT"), settings);
     for (const QFileInfo &text : QDir(edition.filePath("Startup")).entryInfoList({"*.json"}, QDir::Files))
         BuildMap(text.filePath(), edition,
                  target.filePath("Startup/" + text.completeBaseName() + "." + extension));
+    BuildTemplates(edition, target, Setting(QStringLiteral("TEMPLATE"), settings));
 }
 
 } // namespace product

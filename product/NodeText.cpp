@@ -160,9 +160,9 @@ diagram::Font FontOf(const QJsonObject &text) {
 }
 
 void ApplyNode(diagram::Node &node, const QJsonObject &text, const QDir &folder) {
-    static const QStringList others = {"id",          "x",      "y",     "w",      "h",
-                                       "width",       "height", "level", "groups", "hyperlink",
-                                       "attachments", "tags",   "back",  "picture"};
+    static const QStringList others = {"id",          "x",      "y",     "w",       "h",
+                                       "width",       "height", "level", "groups",  "hyperlink",
+                                       "attachments", "tags",   "back",  "picture", "date"};
     Apply(node, text, NodeSetters(), others);
     if (text.contains("picture")) node.SetPicture(PictureOf(folder.filePath(text["picture"].toString())));
 }

@@ -10,6 +10,7 @@
 #include <memory>
 #include <QDir>
 #include <QGuiApplication>
+#include <QLocale>
 
 int main(int argc, char **argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -18,6 +19,7 @@ int main(int argc, char **argv) {
         std::fprintf(stderr, "usage: velmora-product EDITION FOLDER\n");
         return 2;
     }
+    QLocale::setDefault(QLocale::c()); // dates of templates are English, wherever they are built
     try {
         support::HeadlessDesktop desktop(std::make_unique<support::MemoryRegistryStore>());
         const QDir edition(QDir(QString::fromLocal8Bit(argv[1])).absolutePath());

@@ -1,8 +1,9 @@
 // A slice saved as a template.
 #pragma once
 
+#include "templates/DrawnIcon.h"
+
 #include <functional>
-#include <QByteArray>
 #include <QString>
 
 namespace diagram {
@@ -28,8 +29,6 @@ struct SaveAsTemplateArgument {
 QString ProposedPath(const QString &tabText);
 // The first icon file in the folder of templates beside the program, else in the user's own; empty for none.
 QString FirstIcon();
-// The slice drawn small, as an icon file.
-QByteArray IconFromDrawing(diagram::Surface &surface);
 
 // Saves the slice with its background and the names of its levels and groups. The hidden node "DIAGRAM" that
 // carries them stays on the slice.

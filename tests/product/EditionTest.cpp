@@ -1,49 +1,20 @@
 // The delivered files of both editions, built from their texts and read back by the program.
-#include "product/Edition.h"
 #include "app/settings/Settings.h"
 #include "document/DefaultNodes.h"
-#include "document/DoLoad.h"
-#include "document/MemoryWindow.h"
 #include "document/Tags.h"
 #include "support/Files.h"
-#include "support/testing/ScriptedDesktop.h"
 #include "tests/Paths.h"
+#include "tests/product/BuiltEdition.h"
 
 #include <gtest/gtest.h>
 #include <QDirIterator>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QProcess>
 #include <QSet>
-#include <QTemporaryDir>
 
 namespace {
 
-// An edition in a folder of its own, which is the program's folder while the test runs.
-class Edition : public testing::Test {
-protected:
-    void Build(const char *name) {
-        support::SetProgramPath(folder_.path());
-        product::BuildEdition(QDir(tests::Source(QStringLiteral("product/") + QLatin1String(name))),
-                              QDir(folder_.path()));
-        settings::LoadSettings();
-    }
-    QString Startup() const {
-        const QDir folder(folder_.filePath("Startup"));
-        const QStringList maps = folder.entryList({"*." + settings::Terms().EXT}, QDir::Files);
-        return maps.isEmpty() ? QString() : folder.filePath(maps.first());
-    }
-    std::unique_ptr<document::MemoryWindow> Open(const QString &path) {
-        auto window = std::make_unique<document::MemoryWindow>(desktop_.Get());
-        window->clsSettings().SetDatabase(path);
-        document::DoLoad(*window);
-        return window;
-    }
-    ~Edition() override { settings::SetTerms({}); }
-
-    QTemporaryDir folder_;
-    support::testing::ScriptedDesktop desktop_;
-};
+using Edition = tests::BuiltEdition;
 
 // A text as the surface files hold it.
 QByteArray InTwoBytes(const QString &text) {
@@ -117,13 +88,13 @@ TEST_F(Edition, Velmora_GivesNewNodesTheirLook) {
 TEST_F(Edition, DeliveredFilesNameNoFolderOfTheMachineTheyWereMadeOn) {
     for (const char *name : {"velmora", "storyline"}) {
         Build(name);
-        QDirIterator files(folder_.path(), QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator files(Folder().path(), QDir::Files, QDirIterator::Subdirectories);
         int count = 0;
         for (; files.hasNext(); ++count) {
             QFile file(files.next());
             ASSERT_TRUE(file.open(QIODevice::ReadOnly));
             const QByteArray bytes = file.readAll();
-            for (const QString &folder : {tests::Source(QString()), folder_.path()}) {
+            for (const QString &folder : {tests::Source(QString()), Folder().path()}) {
                 EXPECT_FALSE(bytes.contains(QFile::encodeName(folder))) << qPrintable(files.filePath());
                 EXPECT_FALSE(bytes.contains(InTwoBytes(folder))) << qPrintable(files.filePath());
             }

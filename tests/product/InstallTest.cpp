@@ -64,7 +64,7 @@ protected:
         const QStringList files = FilesBelow(folder);
         for (const char *name : {"velmora", "velmora-cli", "velmora-jetread", "velmora-layout",
                                  "Settings.nml", "template.tpl", "Template.nd", "Template.tnd", "help.pdf",
-                                 "Startup/Harbour Coffee.map", "Templates/README.txt"})
+                                 "Startup/Harbour Coffee.map", "Templates/Strategy/SWOT Analysis.TEM"})
             EXPECT_TRUE(files.contains(QLatin1String(name))) << name;
         // Nothing of the templates' folder stays behind, whatever folders are in it.
         const QString built = QFileInfo(tests::Program("velmora")).path() + "/Templates";

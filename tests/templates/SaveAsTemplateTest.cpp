@@ -118,7 +118,7 @@ TEST_F(SavingTemplate, ADrawnIconShowsTheSlice) {
         const QColor middle = image.pixelColor(image.width() / 4, image.height() / 2);
         showsBlue = showsBlue || (middle.blue() > 150 && middle.red() < 120);
     } while (reader.jumpToNextImage());
-    EXPECT_EQ(widths, QList<int>({16, 32, 48, 256}));
+    EXPECT_EQ(widths, QList<int>({16, 24, 32, 48, 64, 256}));
     EXPECT_TRUE(showsBlue);
 }
 
