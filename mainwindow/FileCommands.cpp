@@ -8,7 +8,9 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/ShowForm.h"
 #include "mainwindow/SliceViews.h"
+#include "mainwindow/TemplateBar.h"
 #include "mainwindow/WindowJournal.h"
+#include "templates/SaveAsTemplate.h"
 
 namespace mainwindow {
 
@@ -66,8 +68,9 @@ void mnuFileSaveAs(frmMain &window) {
 }
 
 void mnuFileSaveAsTemplate(frmMain &window) {
-    SaveAsTemplateArgument argument{window.CurrentSurface()};
-    ShowForm(window, argument, QStringLiteral("Saving as a template"));
+    window.Views().StoreTexts();
+    templates::SaveAsTemplateArgument argument{window, window.CurrentSurface(), TemplateBar::Refresh};
+    document::Show(window, argument);
 }
 
 bool IsAuthor() { return settings::Terms().AUTHOR; }

@@ -6,13 +6,12 @@
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
 #include "document/Tags.h"
-#include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "templates/DiagramNode.h"
-#include "templates/ScratchFile.h"
 #include "templates/TemplateFiles.h"
 #include "timeline/PrepFileForImport.h"
-#include "timeline/TimelineNodes.h"
+
+#include <QSet>
 
 namespace templates {
 
@@ -34,10 +33,7 @@ private:
 };
 
 QByteArray FitFor(document::MapWindow &window, const QString &file) {
-    const ScratchFile scratch(SurfaceFileOf(file));
-    diagram::Surface work;
-    timeline::PrepFileForImport(work, scratch.Path(), window);
-    return support::ReadWholeFile(scratch.Path());
+    return timeline::PrepBytesForImport(SurfaceFileOf(file), window);
 }
 
 // Default nodes, days and the node "DIAGRAM" are hidden ones that can't be selected.

@@ -86,6 +86,15 @@ KeyNames NamesFor(diagram::Surface &surface, const KeyNames &given) {
     return names;
 }
 
+void MakeFit(diagram::Surface &surface, document::MapWindow &target, const KeyNames &given) {
+    const KeyNames names = NamesFor(surface, given);
+    const Fitting fitting(target.clsSettings(), names);
+    for (diagram::Node &node : surface.Nodes()) fitting.Fit(node);
+    document::ChangeGUIDs(surface, false);
+    TranslateDates(surface);
+    if (const std::optional<bool> shown = target.ShowsTimeline()) ShowHideTimelineNodes(surface, *shown);
+}
+
 } // namespace
 
 KeyNames NamesOf(document::clsfrmMain &settings) {
@@ -110,13 +119,17 @@ void PrepFileForImport(diagram::Surface &Surface, const QString &File, document:
     support::PassOn("PrepFileForImport", [&] {
         Surface.Nodes().Clear();
         diagram::LoadFile(Surface, File);
-        const KeyNames known = NamesFor(Surface, names);
-        const Fitting fitting(Target.clsSettings(), known);
-        for (diagram::Node &node : Surface.Nodes()) fitting.Fit(node);
-        document::ChangeGUIDs(Surface, false);
-        TranslateDates(Surface);
-        if (const std::optional<bool> shown = Target.ShowsTimeline()) ShowHideTimelineNodes(Surface, *shown);
+        MakeFit(Surface, Target, names);
         diagram::SaveFile(Surface, File);
+    });
+}
+
+QByteArray PrepBytesForImport(const QByteArray &bytes, document::MapWindow &Target, const KeyNames &names) {
+    return support::PassOn("PrepFileForImport", [&] {
+        diagram::Surface surface;
+        diagram::LoadBytes(surface, bytes);
+        MakeFit(surface, Target, names);
+        return diagram::SaveBytes(surface);
     });
 }
 

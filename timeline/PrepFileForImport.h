@@ -2,6 +2,7 @@
 // it.
 #pragma once
 
+#include <QByteArray>
 #include <QHash>
 #include <QString>
 
@@ -39,5 +40,9 @@ KeyNames CarriedNames(const diagram::Node &diagram);
 // format" for what is no surface file.
 void PrepFileForImport(diagram::Surface &Surface, const QString &File, document::MapWindow &Target,
                        const KeyNames &names = {});
+
+// The same with the bytes of such a file.
+QByteArray PrepBytesForImport(const QByteArray &bytes, document::MapWindow &Target,
+                              const KeyNames &names = {});
 
 } // namespace timeline
