@@ -7,6 +7,13 @@
 
 namespace mainwindow::testing {
 
+void MakeFile(const QString &path, const QByteArray &content);
+// A template database with a node of each of those texts, an icon of that colour, and a slice's background.
+void MakeTemplate(const QString &path, const QStringList &texts, const QColor &icon = Qt::blue,
+                  const QColor &background = Qt::white);
+// A surface file by the name of a template.
+void MakeFlat(const QString &path, const QStringList &texts);
+
 class TemplateBarTest : public WindowTest {
 protected:
     TemplateBarTest();
@@ -16,13 +23,6 @@ protected:
     QString Beside(const QString &name) const { return ProgramFile(QStringLiteral("Templates/") + name); }
     // In the user's own, which is made.
     QString Own(const QString &name) const;
-    // A template database with a node of each of those texts, an icon of that colour, and a slice's
-    // background.
-    static void MakeTemplate(const QString &path, const QStringList &texts, const QColor &icon = Qt::blue,
-                             const QColor &background = Qt::white);
-    static void MakeFlat(const QString &path, const QStringList &texts);
-    static void MakeFile(const QString &path, const QByteArray &content);
-
     static ListBar &RB(const frmMain &window) { return window.Templates().RB(); }
     static QStringList Bars(const frmMain &window);
     static QStringList Items(const frmMain &window, int bar);

@@ -49,15 +49,15 @@ QString TemplateBarTest::Own(const QString &name) const {
     return settings::OwnTemplatesFolder() + name;
 }
 
-void TemplateBarTest::MakeFile(const QString &path, const QByteArray &content) {
+void MakeFile(const QString &path, const QByteArray &content) {
     QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(content);
 }
 
-void TemplateBarTest::MakeTemplate(const QString &path, const QStringList &texts, const QColor &icon,
-                                   const QColor &background) {
+void MakeTemplate(const QString &path, const QStringList &texts, const QColor &icon,
+                  const QColor &background) {
     QDir().mkpath(QFileInfo(path).path());
     const QTemporaryDir scratch;
     diagram::Surface surface;
@@ -72,7 +72,7 @@ void TemplateBarTest::MakeTemplate(const QString &path, const QStringList &texts
                               scratch.filePath(QStringLiteral("a.ico")), path);
 }
 
-void TemplateBarTest::MakeFlat(const QString &path, const QStringList &texts) {
+void MakeFlat(const QString &path, const QStringList &texts) {
     diagram::Surface surface;
     FillSurface(surface, texts);
     diagram::SaveFile(surface, path);
