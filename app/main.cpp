@@ -38,11 +38,11 @@ bool HasDisplay([[maybe_unused]] int argc, [[maybe_unused]] char **argv) {
 #endif
 }
 
-// A row for a form that is made of its argument and its owner, and shown.
+// A row for a form that is made of its argument and its owner, the active window without one, and shown.
 template <typename Form, typename Argument>
 void AddForm(support::FormTable &forms) {
     forms.Add<Argument>([](Argument &argument, support::Owner owner) {
-        return Form(argument, owner).exec() == QDialog::Accepted;
+        return Form(argument, owner ? owner : QApplication::activeWindow()).exec() == QDialog::Accepted;
     });
 }
 

@@ -14,6 +14,7 @@ namespace templates {
 namespace {
 
 const QString kEveryName = QStringLiteral("*.*");
+constexpr int kMostTold = 8; // bad files that are named
 const QString kIconEnding = QStringLiteral("ico");
 
 QString Tr(const char *text) { return QCoreApplication::translate("templates", text); }
@@ -115,6 +116,10 @@ void TellOfBadFiles(const std::vector<BadFile> &badFiles, const QStringList &bad
     if (badFiles.empty()) return;
     QStringList texts;
     for (const BadFile &bad : badFiles) texts << bad.description;
+    if (const qsizetype more = texts.size() - kMostTold; more > 0) {
+        texts.erase(texts.begin() + kMostTold, texts.end());
+        texts << Tr("and %1 more").arg(more);
+    }
     support::ShowReport(QStringLiteral("frmMain"), source,
                         support::Error(badFiles.front().number, QStringLiteral("frmMain"),
                                        texts.join(QStringLiteral("\r\n"))));

@@ -6,7 +6,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QStyle>
 
 namespace templates {
 
@@ -53,8 +52,9 @@ frmRB::frmRB(settings::clsRB &prompt, QWidget *parent)
 
 void frmRB::LayOut() {
     auto *icon = new QLabel(this);
-    icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxQuestion).pixmap(kIconSide, kIconSide));
+    icon->setPixmap(windowIcon().pixmap(QSize(kIconSide, kIconSide), devicePixelRatioF()));
     lblText_->setMinimumWidth(kTextWidth * fontMetrics().averageCharWidth());
+    icon->setVisible(!icon->pixmap().isNull());
     auto *head = new QHBoxLayout;
     head->addWidget(icon, 0, Qt::AlignTop);
     head->addSpacing(12);

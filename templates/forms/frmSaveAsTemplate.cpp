@@ -22,6 +22,7 @@ namespace pointer = document::pointer;
 using namespace support::fileflags;
 
 constexpr int kIconSide = 32;
+constexpr int kLeastOfPath = 48; // characters that are seen on any screen
 constexpr long kIconFlags = kFileMustExist | kHideReadOnly;
 constexpr long kPathFlags = kPathMustExist | kHideReadOnly | kOverwritePrompt;
 
@@ -49,13 +50,10 @@ void frmSaveAsTemplate::Build() {
     picIcon_->setObjectName(QStringLiteral("picIcon"));
     picIcon_->setFixedSize(kIconSide, kIconSide);
     picIcon_->setAccessibleName(tr("The icon"));
-    auto *icons = new QHBoxLayout;
-    icons->addWidget(picIcon_);
-    icons->addStretch();
-    icons->addWidget(cmdDrawnIcon_);
     grid->addWidget(cmdPath_, 0, 2);
     grid->addWidget(cmdIcon_, 1, 2);
-    grid->addLayout(icons, 2, 1, 1, 2);
+    grid->addWidget(picIcon_, 2, 1);
+    grid->addWidget(cmdDrawnIcon_, 2, 2);
     AddButtons(*grid);
     connect(cmdPath_, &QPushButton::clicked, this, &frmSaveAsTemplate::cmdPath_Click);
     connect(cmdIcon_, &QPushButton::clicked, this, &frmSaveAsTemplate::cmdIcon_Click);
@@ -75,6 +73,7 @@ dialogs::PathLabel *frmSaveAsTemplate::AddPath(QGridLayout &grid, int row, const
     label->setObjectName(QLatin1String(caption));
     auto *shown = new dialogs::PathLabel(this);
     shown->setObjectName(QLatin1String(path));
+    shown->setMinimumWidth(kLeastOfPath * fontMetrics().averageCharWidth());
     shown->setAccessibleName(QString(text).remove(QLatin1Char(':')));
     grid.addWidget(label, row, 0);
     grid.addWidget(shown, row, 1);

@@ -116,6 +116,40 @@ INSTANTIATE_TEST_SUITE_P(Seeds, SurfaceFileAtRandom, ::testing::Range(1U, 16U));
 
 // A file leaves out what is at its default: another default, like another number of a property, would change
 // what the files out there say.
+// What a file of the surface holds, read back, so that identities don't count.
+QString FiledDump(const Surface &surface) {
+    Surface copy;
+    LoadBytes(copy, SaveBytes(surface));
+    return StoredDump(copy);
+}
+
+TEST_P(SurfaceFileAtRandom, ReplacingIsLoadingAsOneStep) {
+    Dice dice(GetParam());
+    Surface other, surface;
+    Fill(other, dice, 300);
+    Fill(surface, dice, 300);
+    AttachHistory(surface);
+    const QString before = Dump(surface, true);
+    const Revision revision = surface.Revision();
+    ReplaceBytes(surface, SaveBytes(other));
+    EXPECT_EQ(Differing(FiledDump(surface), FiledDump(other)), "");
+    surface.Undo();
+    EXPECT_EQ(Differing(Dump(surface, true), before), "");
+    EXPECT_EQ(surface.Revision(), revision);
+    EXPECT_FALSE(surface.CanUndo());
+    surface.Redo();
+    EXPECT_EQ(Differing(FiledDump(surface), FiledDump(other)), "");
+}
+
+TEST(SurfaceFile, ReplacingByADamagedOneChangesNothing) {
+    Surface surface;
+    AttachHistory(surface);
+    surface.Nodes().Add(0, 0, 100, 100);
+    EXPECT_EQ(NumberOf([&] { ReplaceBytes(surface, SmallFile().chopped(1)); }), 321);
+    EXPECT_EQ(surface.Nodes().Count(), 1);
+    EXPECT_FALSE(surface.CanUndo());
+}
+
 TEST(SurfaceFile, AFileOfTheFirstVersionReadsAsItWasWritten) {
     Surface surface;
     LoadBytes(surface, QByteArray::fromHex(kFirstVersion));
