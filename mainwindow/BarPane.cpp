@@ -12,7 +12,7 @@ namespace {
 
 const QString kWidth = QStringLiteral("BarWidth");
 const QString kHidden = QStringLiteral("BarHidden");
-constexpr int kUsualCharacters = 27;
+constexpr int kUsualCharacters = 32;
 constexpr int kLeastCharacters = 12;
 constexpr int kMostWidth = 4000; // pixels
 constexpr int kSettles = 400;    // milliseconds

@@ -12,7 +12,7 @@ namespace mainwindow {
 namespace {
 
 constexpr std::array kIconSides = {24, 32, 48, 64, 96};
-constexpr int kUsualIconSide = 32;
+constexpr int kUsualIconSide = 48;
 
 // A bar can be opened before it has items.
 class BarModel : public QStandardItemModel {

@@ -104,10 +104,13 @@ private:
     static std::optional<Place> PlaceOf(const QModelIndex &index);
     void Activate(const QModelIndex &index);
     void Opened(const QModelIndex &index);
+    void Hover(const QModelIndex &index);
+    void AskForTip(const QModelIndex &index);
     void ShowTip(const QPoint &at, const QPoint &global);
     void EndTip();
 
     QStandardItemModel *model_;
+    QPersistentModelIndex hovered_; // the row under the pointer
     bool tipShown_ = false;
 };
 

@@ -78,20 +78,31 @@ bool ListBar::viewportEvent(QEvent *event) {
         return true;
     }
     if (EndsTips(event->type())) EndTip();
-    if (event->type() == QEvent::MouseMove && tipShown_ &&
-        !ItemAt(static_cast<QMouseEvent *>(event)->position().toPoint()))
-        EndTip();
+    if (event->type() == QEvent::Leave) Hover({});
+    if (event->type() == QEvent::MouseMove)
+        Hover(indexAt(static_cast<QMouseEvent *>(event)->position().toPoint()));
     return QTreeView::viewportEvent(event);
+}
+
+void ListBar::Hover(const QModelIndex &index) {
+    if (hovered_ == index) return;
+    for (const QModelIndex &row : {QModelIndex(hovered_), index})
+        if (row.isValid()) viewport()->update(visualRect(row));
+    hovered_ = index;
+    if (tipShown_ && PlaceOf(index)) return AskForTip(index); // without waiting again
+    EndTip();
+}
+
+void ListBar::AskForTip(const QModelIndex &index) {
+    tipShown_ = true;
+    const QRect row = visualRect(index);
+    Q_EMIT TipAsked(index.parent().row(), index.row(),
+                    QRect(viewport()->mapToGlobal(row.topLeft()), row.size()));
 }
 
 void ListBar::ShowTip(const QPoint &at, const QPoint &global) {
     const QModelIndex index = indexAt(at);
-    if (const auto place = PlaceOf(index)) {
-        tipShown_ = true;
-        const QRect row = visualRect(index);
-        Q_EMIT TipAsked(place->bar, place->item, QRect(viewport()->mapToGlobal(row.topLeft()), row.size()));
-        return;
-    }
+    if (PlaceOf(index)) return AskForTip(index);
     EndTip();
     QStyleOptionViewItem option;
     initViewItemOption(&option);
@@ -113,8 +124,7 @@ void ListBar::drawRow(QPainter *painter, const QStyleOptionViewItem &option, con
     row.state.setFlag(QStyle::State_Open, isExpanded(index));
     row.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(index));
     row.state.setFlag(QStyle::State_HasFocus, hasFocus() && index == currentIndex());
-    row.state.setFlag(QStyle::State_MouseOver, viewport()->underMouse() && indexAt(viewport()->mapFromGlobal(
-                                                                               QCursor::pos())) == index);
+    row.state.setFlag(QStyle::State_MouseOver, index == hovered_);
     itemDelegate()->paint(painter, row, index);
 }
 

@@ -38,9 +38,9 @@ TemplateTip::TemplateTip(QWidget *parent)
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFrameShape(QFrame::StyledPanel);
-    setBackgroundRole(QPalette::ToolTipBase);
+    setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
-    caption_->setForegroundRole(QPalette::ToolTipText);
+    caption_->setForegroundRole(QPalette::Text);
     caption_->setTextFormat(Qt::PlainText);
     caption_->setWordWrap(true);
     caption_->setAlignment(Qt::AlignHCenter);

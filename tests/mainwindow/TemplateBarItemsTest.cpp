@@ -51,7 +51,7 @@ protected:
             if (entry->text() == text) menu->setActiveAction(entry);
         ASSERT_NE(menu->activeAction(), nullptr);
         QTest::keyClick(menu, Qt::Key_Return);
-        ProcessEvents();
+        Settle();
     }
     void PressOn(frmMain &window, const QString &caption, Qt::Key key) {
         RB(window).SetCurrentItem(PlaceOf(window, caption));
@@ -106,9 +106,9 @@ TEST_F(TemplateItems, RefreshReadsAgainAndLeavesOpenWhatIsOpen) {
 TEST_F(TemplateItems, TheMenuMakesIconsLarger) {
     frmMain &window = FilledWindow();
     Choose(window, {}, QStringLiteral("La&rger icons"));
-    EXPECT_EQ(RB(window).IconSide(), 48);
+    EXPECT_EQ(RB(window).IconSide(), 64);
     Choose(window, {}, QStringLiteral("&Smaller icons"));
-    EXPECT_EQ(RB(window).IconSide(), 32);
+    EXPECT_EQ(RB(window).IconSide(), 48);
 }
 
 TEST_F(TemplateItems, RenamingChangesTheFileAndBothWindows) {

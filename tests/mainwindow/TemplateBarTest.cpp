@@ -249,7 +249,7 @@ TEST_F(TemplateBarTest, ItsWidthIsRememberedAndTheWindowsSizeLeavesItAlone) {
 
 TEST_F(TemplateBarTest, TheSizeOfIconsIsRemembered) {
     RB(NewWindow()).StepIcons(1);
-    EXPECT_EQ(RB(NewWindow()).IconSide(), 48);
+    EXPECT_EQ(RB(NewWindow()).IconSide(), 64);
 }
 
 } // namespace mainwindow::testing

@@ -34,6 +34,7 @@ protected:
     static ListBar::Place PlaceOf(const frmMain &window, const QString &caption);
     void ClickOn(frmMain &window, const QString &caption);
     void DoubleClickOn(frmMain &window, const QString &caption);
+    void Settle();
     // The answer to the question that the next click asks.
     void Answer(std::int32_t choice, bool remember = false);
     // The texts of what a user sees on the current slice.

@@ -126,7 +126,7 @@ ListBar::Place TemplateBarTest::PlaceOf(const frmMain &window, const QString &ca
 void TemplateBarTest::ClickOn(frmMain &window, const QString &caption) {
     ListBar &list = RB(window);
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.ItemRect(PlaceOf(window, caption)).center());
-    ProcessEvents();
+    Settle();
 }
 
 void TemplateBarTest::DoubleClickOn(frmMain &window, const QString &caption) {
@@ -134,6 +134,14 @@ void TemplateBarTest::DoubleClickOn(frmMain &window, const QString &caption) {
     const QPoint at = list.ItemRect(PlaceOf(window, caption)).center();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, at);
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, at);
+    Settle();
+}
+
+// What a click or a drop asks for is done once its event is over.
+void TemplateBarTest::Settle() {
+    bool reached = false;
+    QTimer::singleShot(0, [&] { reached = true; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return reached; }));
     ProcessEvents();
 }
 

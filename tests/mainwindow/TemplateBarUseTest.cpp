@@ -43,7 +43,7 @@ protected:
         said = Status(window);
         QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&window, &drop);
-        ProcessEvents();
+        Settle();
         return move.isAccepted() && drop.isAccepted();
     }
     QPoint InWindow(frmMain &window, const QPointF &twips) {
@@ -148,7 +148,7 @@ TEST_F(TemplateUse, ByKeysAlone) {
     QTest::keyClicks(&RB(window), QStringLiteral("pl"));
     Answer(clsRB::kUpdate);
     QTest::keyClick(&RB(window), Qt::Key_Return);
-    ProcessEvents();
+    Settle();
     EXPECT_EQ(Texts(window), (QStringList{"Goal", "Step"}));
     Press(window, QStringLiteral("F6"));
     QTest::keyClick(&RB(window), Qt::Key_Escape);
@@ -277,6 +277,16 @@ TEST_F(TemplateUse, ADragAddsTheContentWhereItFalls) {
     EXPECT_EQ(Texts(window), QStringList{"mine"});
 }
 
+TEST_F(TemplateUse, NothingOfADragLeavesThePageAtItsTopOrLeft) {
+    frmMain &window = FilledWindow();
+    EXPECT_TRUE(DropAt(window, *DragData(Beside(QStringLiteral("Plan.TEM"))), InWindow(window, {150, 150})));
+    float left = 1, top = 1;
+    for (const diagram::Node *node : window.CurrentSurface().SelectedNodes())
+        left = std::min(left, node->Left()), top = std::min(top, node->Top());
+    EXPECT_EQ(left, 0);
+    EXPECT_EQ(top, 0);
+}
+
 TEST_F(TemplateUse, ADragBesideThePageDoesNothing) {
     frmMain &window = FilledWindow();
     const auto data = DragData(Beside(QStringLiteral("Plan.TEM")));
@@ -307,7 +317,7 @@ TEST_F(TemplateUse, ADragThatFallsNowhereIsNoClick) {
         QApplication::sendEvent(list.viewport(), &move);
     }
     QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, from);
-    ProcessEvents();
+    Settle();
     EXPECT_EQ(dragged.count(), 1);
     EXPECT_EQ(Texts(window), QStringList());
     EXPECT_EQ(desktop.dialogHost.shown, QStringList());
