@@ -115,7 +115,9 @@ void TellOfBadFiles(const std::vector<BadFile> &badFiles, const QStringList &bad
             support::Icon::None, settings::Terms().TITLE);
     if (badFiles.empty()) return;
     QStringList texts;
-    for (const BadFile &bad : badFiles) texts << bad.description;
+    for (const BadFile &bad : badFiles)
+        texts << (bad.description.contains(bad.file) ? bad.description
+                                                     : bad.file + QStringLiteral(": ") + bad.description);
     if (const qsizetype more = texts.size() - kMostTold; more > 0) {
         texts.erase(texts.begin() + kMostTold, texts.end());
         texts << Tr("and %1 more").arg(more);

@@ -46,12 +46,15 @@ diagram::Content UsersContent(const QByteArray &bytes) {
     content.kind = diagram::ContentKind::Selection;
     content.surface = {};
     QSet<diagram::ItemId> gone;
-    for (const diagram::StoredNode &node : content.nodes)
+    for (diagram::StoredNode &node : content.nodes) {
         if (!IsUsers(node.data)) gone.insert(node.id);
+        node.data.hidden = false; // what a filter hid
+    }
     std::erase_if(content.nodes, [&](const auto &node) { return gone.contains(node.id); });
     std::erase_if(content.links, [&](const auto &link) {
         return gone.contains(link.data.source) || gone.contains(link.data.destination);
     });
+    for (diagram::StoredLink &link : content.links) link.data.hidden = false;
     return content;
 }
 

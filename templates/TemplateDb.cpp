@@ -24,7 +24,6 @@ std::optional<QByteArray> ReadField(const QString &file, const QString &field) {
     storage::Database database = storage::OpenToRead(file);
     if (!storage::TableExistsDB(database, kTable)) return std::nullopt;
     const storage::Recordset records = database.OpenRecordset(kAllRecords);
-    if (records.EndOfFile()) return std::nullopt;
     return records.Bytes(records.Column(field));
 }
 

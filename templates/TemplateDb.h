@@ -19,8 +19,8 @@ void CreateTemplateDB(QString &File);
 // in; what it replaces is kept under its name with .bak behind it.
 void CreateTemplate(const QString &MapFile, const QString &IconFile, const QString &OutputFile);
 
-// The bytes in MAP and in IMAGE; none for a database without the table or without a record. 3265 for a table
-// that lacks the field.
+// The bytes in MAP and in IMAGE; none for a database without the table. 3021 for a table without a
+// record, 3265 for one that lacks the field.
 std::optional<QByteArray> ReadMap(const QString &file);
 std::optional<QByteArray> ReadImage(const QString &file);
 

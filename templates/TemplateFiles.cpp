@@ -1,6 +1,7 @@
 #include "templates/TemplateFiles.h"
 
 #include "app/settings/Settings.h"
+#include "diagram/format/Content.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Surface.h"
 #include "storage/Database.h"
@@ -34,9 +35,8 @@ bool HasTemplateEnding(const QString &file) {
 void TestTemplateFile(const QString &File, bool &Result) {
     Result = false;
     try {
-        if (IsDatabase(File)) return; // needn't be read whole
-        diagram::Surface sample;
-        diagram::LoadFile(sample, File);
+        if (IsDatabase(File)) return;                                                 // needn't be read whole
+        diagram::Decode(support::ReadWholeFile(File), diagram::ContentKind::Surface); // what a load takes
         Result = true;
     } catch (const std::exception &) {
         // What the loader refuses is none.

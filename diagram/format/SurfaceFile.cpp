@@ -76,6 +76,25 @@ void PutOnTop(const Surface &surface, Content &content) {
     for (const auto &entry : keys) *entry.second = top += kStackGap;
 }
 
+// One step of undo in which ways are taken as they are told.
+class Replacing {
+public:
+    explicit Replacing(Surface &surface) : surface_(surface) {
+        surface_.BeginAction(0);
+        surface_.SetReplaying(true);
+    }
+    ~Replacing() {
+        surface_.KeepWays();
+        surface_.SetReplaying(false);
+        surface_.EndAction();
+    }
+    Replacing(const Replacing &) = delete;
+    Replacing &operator=(const Replacing &) = delete;
+
+private:
+    Surface &surface_;
+};
+
 } // namespace
 
 QByteArray SaveBytes(const Surface &surface) {
@@ -97,14 +116,10 @@ void LoadBytes(Surface &surface, const QByteArray &bytes) {
 
 void ReplaceBytes(Surface &surface, const QByteArray &bytes) {
     Content content = DecodeFor(surface, bytes);
-    surface.BeginAction(0);
-    surface.SetReplaying(true);
+    const Replacing step(surface);
     surface.Nodes().Clear();
     surface.Overwrite(std::move(content.surface));
     Place(surface, content);
-    surface.KeepWays();
-    surface.SetReplaying(false);
-    surface.EndAction();
 }
 
 void SaveFile(const Surface &surface, const QString &path) {

@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFontMetrics>
+#include <QIcon>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
@@ -362,6 +363,11 @@ TEST_F(RealBoxes, Clock_WaitsWhileEventsRun) {
     EXPECT_TRUE(ran);
     EXPECT_GE(desktop_.clock.Timer(), 0);
     EXPECT_LT(desktop_.clock.Timer(), 86400);
+}
+
+TEST_F(RealBoxes, FileIcons_AreThereForWhateverFile) {
+    for (const char *name : {"/etc/passwd", "/nowhere/paper.pdf", "/nowhere/none", ""})
+        EXPECT_FALSE(desktop_.fileIcons.AssociatedIcon(QLatin1String(name)).pixmap(32, 32).isNull()) << name;
 }
 
 int main(int argc, char **argv) {

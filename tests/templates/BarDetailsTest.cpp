@@ -147,6 +147,13 @@ TEST_F(Bars, AFileThatIsNeitherIsToldAndTheRestGoesOn) {
     EXPECT_TRUE(desktop.Messages().back().text.contains(details.badFiles[1].file));
 }
 
+TEST_F(Bars, AnErrorThatNamesNoFileIsToldWithIt) {
+    QString file = InTemplates(QStringLiteral("empty.TEM"));
+    CreateTemplateDB(file);
+    desktop.ExpectMessageContaining(file + QStringLiteral(": No current record."));
+    TellOfBadFiles(Load().badFiles, {}, QStringLiteral("tmrBar_Timer"));
+}
+
 TEST_F(Bars, ManyBadFilesAreOneBoxThatFitsTheScreen) {
     for (int i = 0; i < 40; ++i) Write(InTemplates(QStringLiteral("bad%1.TEM").arg(i)), "bad");
     const BarDetails details = Load();

@@ -201,6 +201,14 @@ TEST_F(LoadingTemplate, InsertingLeavesMonthsAndDefaultNodesBehind) {
     EXPECT_TRUE(Target().Links().empty());
 }
 
+TEST_F(LoadingTemplate, InsertingShowsWhatAFilterHadHidden) {
+    AddNode(QStringLiteral("A")).Links().Add(AddNode(QStringLiteral("B"))).SetHidden(true);
+    Flow().Nodes().Item(2).SetHidden(true);
+    InsertTemplate(*target, Target(), Saved(), QPointF(0, 0));
+    EXPECT_EQ(Texts(Target()), QStringList({"A", "B"}));
+    EXPECT_FALSE(Target().Links().front()->Hidden());
+}
+
 TEST_F(LoadingTemplate, InsertingAnEmptyOneChangesNothing) {
     InsertTemplate(*target, Target(), Saved(), QPointF(0, 0));
     EXPECT_FALSE(Target().CanUndo());

@@ -38,7 +38,8 @@ TEST_F(TemplateDb, AnEmptyOneHasTheTableOfTwoBinaryFieldsAndNoRecord) {
     EXPECT_EQ(table.fields[1].name, QStringLiteral("IMAGE"));
     EXPECT_EQ(table.fields[1].type, storage::FieldType::LongBinary);
     EXPECT_TRUE(database.OpenRecordset(QStringLiteral("SELECT * FROM [Template]")).EndOfFile());
-    EXPECT_FALSE(ReadMap(file));
+    database.Close();
+    EXPECT_EQ(ErrorOf([&] { ReadMap(file); }).Number(), storage::kErrNoCurrentRecord);
 }
 
 TEST_F(TemplateDb, AnEmptyNameIsFilledInWithThatOfAFileBesideTheProgram) {
