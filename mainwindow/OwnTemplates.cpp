@@ -22,9 +22,18 @@ constexpr long kErrFileExists = 58;
 
 bool MayChangeIn(const QString &folder) { return support::platform::MayWriteInto(folder); }
 
+QString TitleOf(const QString &file) {
+    const QString name = support::FileTitle(file);
+    const qsizetype point = name.lastIndexOf(u'.');
+    return point > 0 ? name.left(point) : name;
+}
+
 QString RenameTemplate(const QString &file, const QString &title) {
     const QFileInfo info(file);
-    const QString name = support::SafeFileName(title.trimmed() + u'.' + info.suffix());
+    const QString ending = info.fileName().mid(TitleOf(file).size());
+    QString wanted = title.trimmed();
+    if (wanted.endsWith(ending, Qt::CaseInsensitive)) wanted.chop(ending.size()); // typed along
+    const QString name = support::SafeFileName(wanted + ending);
     const QString target = QString(file).replace(file.size() - info.fileName().size(), file.size(), name);
     if (name == info.fileName()) return file;
     if (QFileInfo::exists(target) && !support::IsSameFile(file, target))

@@ -8,6 +8,7 @@
 #include "mainwindow/clsLockWindowUpdate.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/frmSplash.h"
+#include "mainwindow/OwnTemplates.h"
 #include "mainwindow/TemplateDrag.h"
 #include "mainwindow/TemplatePreviews.h"
 #include "mainwindow/TemplateTip.h"
@@ -177,8 +178,7 @@ void TemplateBar::FollowFile(const QString &former, const QString &now) {
         if (!place) continue;
         ListBarItem item = list.Item(place->bar, place->item);
         item.key = now;
-        item.caption = support::FileTitle(now);
-        item.caption.truncate(item.caption.lastIndexOf(u'.'));
+        item.caption = TitleOf(now);
         if (now.isEmpty())
             list.RemoveItem(place->bar, place->item);
         else

@@ -13,7 +13,6 @@
 #include "support/Files.h"
 
 #include <QDrag>
-#include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
 
@@ -48,9 +47,7 @@ void TemplateBar::Drag(int bar, int item) {
         picture = picture.scaled(kDragRoom * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
         picture.setDevicePixelRatio(ratio);
         drag->setPixmap(QPixmap::fromImage(picture));
-        drag->setHotSpot(drag->pixmap().deviceIndependentSize().toSize().isEmpty()
-                             ? QPoint()
-                             : QRectF(QPointF(), drag->pixmap().deviceIndependentSize()).center().toPoint());
+        drag->setHotSpot(QRect(QPoint(), picture.size() / ratio).center());
     }
     drag->exec(Qt::CopyAction);
 }

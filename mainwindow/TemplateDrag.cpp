@@ -3,11 +3,11 @@
 #include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/OwnTemplates.h"
 #include "mainwindow/UseTemplate.h"
 #include "mainwindow/WindowStatus.h"
 
 #include <QDropEvent>
-#include <QFileInfo>
 #include <QMimeData>
 #include <QUuid>
 
@@ -58,7 +58,7 @@ void TemplateDrops::Accept(QDropEvent &event) {
         event.acceptProposedAction();
     else
         event.ignore();
-    const QString name = QFileInfo(DraggedTemplate(*event.mimeData())).completeBaseName();
+    const QString name = TitleOf(DraggedTemplate(*event.mimeData()));
     if (onSurface)
         window_.Status().TellInPassing(frmMain::tr("Drop to add %1 here").arg(name));
     else

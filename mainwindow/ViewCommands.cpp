@@ -98,7 +98,9 @@ void mnuViewRBPrompt(frmMain &window) {
 }
 
 void mnuViewTemplates(frmMain &window) {
-    window.Templates().Pane().SetShown(window.MenuValue(QStringLiteral("mnuViewTemplates")));
+    const bool shown = window.MenuValue(QStringLiteral("mnuViewTemplates"));
+    if (!shown && window.Templates().RB().hasFocus()) window.CurrentView().setFocus();
+    window.Templates().Pane().SetShown(shown);
 }
 
 void mnuViewStartup(frmMain &window) {

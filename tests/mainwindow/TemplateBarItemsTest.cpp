@@ -127,6 +127,18 @@ TEST_F(TemplateItems, RenamingChangesTheFileAndBothWindows) {
     }
 }
 
+TEST_F(TemplateItems, TheEndingStaysWhetherThereIsOneOrNot) {
+    MakeFile(Beside(QStringLiteral("plain")), "text");
+    frmMain &window = FilledWindow();
+    desktop.ExpectInput(QStringLiteral("Name of the template."), QStringLiteral("simple"));
+    PressOn(window, QStringLiteral("plain"), Qt::Key_F2);
+    EXPECT_TRUE(QFile::exists(Beside(QStringLiteral("simple"))));
+    desktop.ExpectInput(QStringLiteral("Name of the template."), QStringLiteral("Road.tem"));
+    PressOn(window, QStringLiteral("Plan"), Qt::Key_F2);
+    EXPECT_TRUE(QFile::exists(Beside(QStringLiteral("Road.TEM"))));
+    EXPECT_EQ(Items(window, 0), (QStringList{"Road", "letter", "simple"}));
+}
+
 TEST_F(TemplateItems, ANameThatIsTakenOrGivenUpChangesNothing) {
     MakeTemplate(Beside(QStringLiteral("Other.TEM")), {"b"});
     frmMain &window = FilledWindow();
