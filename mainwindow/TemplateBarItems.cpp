@@ -106,7 +106,7 @@ void TemplateBar::AddListEntries(QMenu &menu, int bar) {
     if (bar >= 0)
         AddEntry(menu, QStringLiteral("open"), tr("Open &folder"), {},
                  [this, folder = rb_->BarKey(bar)] { window_.Desktop().launcher.OpenFile(folder); });
-    AddEntry(menu, {}, tr("Re&fresh"), {}, [] { Refresh(); });
+    AddEntry(menu, {}, tr("Refres&h"), {}, [] { Refresh(); });
     menu.addSeparator();
     AddEntry(menu, QStringLiteral("zoomin"), tr("La&rger icons"), {}, [this] {
         rb_->StepIcons(1);

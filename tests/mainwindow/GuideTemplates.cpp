@@ -9,6 +9,7 @@
 #include "tests/mainwindow/TemplateBarTest.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
@@ -89,12 +90,15 @@ void AddATemplate(Reader &r) {
     const auto dragged = DragData(shelf.folder + QStringLiteral("Plan.TEM"));
     const QWidget *viewport = r.window->CurrentView().viewport();
     const QPoint at = viewport->mapTo(r.window, viewport->rect().center());
+    QDragEnterEvent enter(at, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(r.window, &enter);
     QDropEvent drop(at, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(r.window, &drop);
     EXPECT_TRUE(QTest::qWaitFor([&] { return r.Nodes() == 5; }));
-    Q_EMIT shelf.list.MenuAsked(0, 0, {});
-    auto *menu = shelf.list.findChild<QMenu *>();
-    QTest::keyClick(menu, Qt::Key_A);
+    shelf.list.SetCurrentItem({0, 0});
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(shelf.list.viewport(), &byKey);
+    QTest::keyClick(shelf.list.findChild<QMenu *>(), Qt::Key_A);
     EXPECT_TRUE(QTest::qWaitFor([&] { return r.Nodes() > 5; }));
 }
 

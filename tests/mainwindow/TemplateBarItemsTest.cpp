@@ -63,7 +63,7 @@ protected:
 
 TEST_F(TemplateItems, TheMenuOffersWhatCanBeDone) {
     frmMain &window = FilledWindow();
-    const QStringList list = {"Open &folder", "Re&fresh", "", "La&rger icons", "&Smaller icons"};
+    const QStringList list = {"Open &folder", "Refres&h", "", "La&rger icons", "&Smaller icons"};
     EXPECT_EQ(Entries(window, {}), list);
     const QStringList change = {"", "&Rename...", "&Delete...", ""};
     EXPECT_EQ(Entries(window, QStringLiteral("Plan")),
@@ -97,7 +97,7 @@ TEST_F(TemplateItems, RefreshReadsAgainAndLeavesOpenWhatIsOpen) {
     frmMain &window = FilledWindow();
     OpenBar(window, 1);
     MakeTemplate(Beside(QStringLiteral("People/Tasks.TEM")), {"b"});
-    Choose(window, {}, QStringLiteral("Re&fresh"));
+    Choose(window, {}, QStringLiteral("Refres&h"));
     WaitForFill(window);
     EXPECT_EQ(RB(window).CurrentBar(), 1);
     EXPECT_EQ(Items(window, 1), (QStringList{"Roles", "Tasks"}));

@@ -126,6 +126,20 @@ TEST_F(TemplateBarTest, ASecondWindowFillsWhatTheFirstHasNot) {
     EXPECT_EQ(Items(second, 1), QStringList{"Roles"});
 }
 
+TEST_F(TemplateBarTest, ABarThatIsBeingFilledIsNotCopiedByHalves) {
+    for (int i = 0; i < 300; ++i) MakeFlat(Beside(QStringLiteral("%1.TEM").arg(i)), {"a"});
+    frmMain &first = NewWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return RB(first).ItemCount(0) > 0; }));
+    auto *second = new frmMain(desktop.Get());
+    ASSERT_TRUE(first.Templates().Filling().IsBusy());
+    EXPECT_EQ(RB(*second).ItemCount(0), 0);
+    second->ShowWindow();
+    WaitForFill(first);
+    WaitForFill(*second);
+    EXPECT_EQ(RB(first).ItemCount(0), 300);
+    EXPECT_EQ(RB(*second).ItemCount(0), 300);
+}
+
 TEST_F(TemplateBarTest, ATemplateSavedAgainIsShownAnewInAllWindows) {
     MakeTemplate(Beside(QStringLiteral("Plan.TEM")), {"a"}, Qt::green);
     frmMain &first = FilledWindow();
