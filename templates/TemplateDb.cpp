@@ -62,6 +62,7 @@ void CreateTemplate(const QString &MapFile, const QString &IconFile, const QStri
         QString made = scratch.Path();
         CreateTemplateDB(made);
         AddRecord(made, support::ReadWholeFile(MapFile), support::ReadWholeFile(IconFile));
+        support::SweepNewFiles(OutputFile);
         support::AtomicFile file(OutputFile);
         file.Write(support::ReadWholeFile(made));
         KeepFormer(OutputFile);
