@@ -28,6 +28,15 @@ private:
     frmMain &window_;
 };
 
+// The entries of all windows show whether the next click asks.
+std::int32_t Ask() {
+    settings::clsRB prompt;
+    const std::int32_t choice = prompt.DisplayPrompt(false);
+    for (frmMain *form : frmMain::Forms())
+        form->SetMenuValue(QStringLiteral("mnuViewRBPrompt"), prompt.GetDisplayPrompt());
+    return choice;
+}
+
 bool MakesNewSlice(frmMain &window) {
     const int before = window.TabStrip().TabCount();
     window.DoInsertSlice();
@@ -49,7 +58,7 @@ void ShowChanged(frmMain &window) {
 void UseTemplate(frmMain &window, const QString &file) {
     window.Views().EndEdits();
     window.SetMousePointer(kNormal);
-    const std::int32_t choice = settings::clsRB().DisplayPrompt(false);
+    const std::int32_t choice = Ask();
     if (choice == settings::clsRB::kCancel) return;
     templates::SurfaceFileOf(file); // one that can't be read makes no slice
     if (choice == settings::clsRB::kNew && !MakesNewSlice(window)) return;

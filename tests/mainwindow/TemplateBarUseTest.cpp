@@ -85,6 +85,22 @@ TEST_F(TemplateUse, ARememberedUpdateAsksNothingAndCanBeUndone) {
     EXPECT_EQ(Texts(window), (QStringList{"Goal", "Step", "mine"}));
 }
 
+TEST_F(TemplateUse, TheViewEntryShowsThatNothingIsAskedAnyMoreAndBringsTheQuestionBack) {
+    const QString key = QStringLiteral("mnuViewRBPrompt");
+    frmMain &first = FilledWindow();
+    frmMain &second = FilledWindow();
+    EXPECT_TRUE(first.MenuValue(key));
+    Answer(clsRB::kUpdate, true);
+    ClickOn(second, QStringLiteral("Plan"));
+    EXPECT_FALSE(first.MenuValue(key));
+    EXPECT_FALSE(second.MenuValue(key));
+    clsRB().ResetPrompt();
+    Answer(clsRB::kCancel);
+    ClickOn(first, QStringLiteral("Plan"));
+    EXPECT_TRUE(first.MenuValue(key));
+    EXPECT_TRUE(second.MenuValue(key));
+}
+
 TEST_F(TemplateUse, NewPutsItOnASliceOfItsOwn) {
     frmMain &window = FilledWindow();
     AddNode(window, 300, 300, QStringLiteral("mine"));
