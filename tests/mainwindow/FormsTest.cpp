@@ -143,10 +143,9 @@ TEST_F(Forms, TheSplashTellsWhatAWindowIsLoading) {
     ProcessEvents();
     const SplashReader reader(splash);
     const frmMain window(desktop.Get());
-    EXPECT_EQ(reader.texts,
-              QStringList({"Loading Bar Items", "Loading Bar Items (Getting Dirs)...",
-                           "Loading Bar Items (Getting Files)...", "Loading Menus", "Loading Toolbars",
-                           "Loading Defaults", ""}));
+    EXPECT_EQ(reader.texts, QStringList({"Loading Bar Items", "Loading Bar Items (Getting Dirs)...",
+                                         "Loading Bar Items (Getting Files)...", "Loading Menus",
+                                         "Loading Toolbars", "Loading Defaults", ""}));
 }
 
 TEST_F(Forms, TheTabsAreNamedByTheProductsTerm) {
