@@ -8,6 +8,7 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/ShowForm.h"
 #include "mainwindow/SliceViews.h"
+#include "mainwindow/TemplateBar.h"
 #include "mainwindow/WindowJournal.h"
 #include "templates/SaveAsTemplate.h"
 
@@ -68,7 +69,7 @@ void mnuFileSaveAs(frmMain &window) {
 
 void mnuFileSaveAsTemplate(frmMain &window) {
     window.Views().StoreTexts();
-    templates::SaveAsTemplateArgument argument{window, window.CurrentSurface()};
+    templates::SaveAsTemplateArgument argument{window, window.CurrentSurface(), TemplateBar::Refresh};
     document::Show(window, argument);
 }
 

@@ -3,10 +3,12 @@
 #include "app/settings/clsRB.h"
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/PropertyForms.h"
+#include "mainwindow/BarPane.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/StartupSetting.h"
+#include "mainwindow/TemplateBar.h"
 #include "mainwindow/TimelineCommands.h"
 #include "mainwindow/WindowStatus.h"
 #include "mainwindow/ZoomSteps.h"
@@ -95,6 +97,12 @@ void mnuViewRBPrompt(frmMain &window) {
     window.SetMenuValue(key, prompt.GetDisplayPrompt());
 }
 
+void mnuViewTemplates(frmMain &window) {
+    const bool shown = window.MenuValue(QStringLiteral("mnuViewTemplates"));
+    if (!shown && window.Templates().RB().hasFocus()) window.CurrentView().setFocus();
+    window.Templates().Pane().SetShown(shown);
+}
+
 void mnuViewStartup(frmMain &window) {
     SetStartupEnabled(window.MenuValue(QStringLiteral("mnuViewStartup")));
 }
@@ -106,6 +114,12 @@ void SelectTab(frmMain &window, int step) {
 
 void keyFont(frmMain &window) { window.cboFont().setFocus(Qt::ShortcutFocusReason); }
 void keyFontSize(frmMain &window) { window.cboFontSize().setFocus(Qt::ShortcutFocusReason); }
+
+void keyTemplates(frmMain &window) {
+    window.Templates().Pane().SetShown(true);
+    window.SetMenuValue(QStringLiteral("mnuViewTemplates"), true);
+    window.Templates().RB().setFocus(Qt::ShortcutFocusReason);
+}
 
 void keySearch(frmMain &window) { window.Search().setFocus(Qt::ShortcutFocusReason); }
 
@@ -146,6 +160,9 @@ constexpr CommandRow kRows[] = {
     Separator("mnuView"),
     {"mnuView", "mnuViewStartup", "Show Startup @MAP", kCheck, mnuViewStartup},
     {"mnuView", "mnuViewRBPrompt", "Show RHS Prompt", kCheck, mnuViewRBPrompt},
+    Separator("mnuView"),
+    {"mnuView", "mnuViewTemplates", "Te&mplates", kCheck, mnuViewTemplates, "template", "", "",
+     Needs::Nothing, false, "bar pane side hide show"},
 };
 
 constexpr CommandRow kKeyRows[] = {
@@ -155,6 +172,7 @@ constexpr CommandRow kKeyRows[] = {
     {nullptr, "keyFontSize", "Font size", kCommand, keyFontSize, "", "", "Ctrl+Alt+F"},
     {nullptr, "keyDate", "Date...", kCommand, keyDate, "timeline", "", "Ctrl+T", Needs::Selection, false,
      "Puts the selected @NODEs on a day of the timeline"},
+    {nullptr, "keyTemplates", "Choose a template", kCommand, keyTemplates, "template", "", "F6"},
     {nullptr, "keySearch", "Search commands", kCommand, keySearch, "", "", "Ctrl+Shift+P"},
     {nullptr, "keyNextSlice", "Next @SLICE", kCommand, keyNextSlice, "", "", "Ctrl+PgDown"},
     {nullptr, "keyPreviousSlice", "Previous @SLICE", kCommand, keyPreviousSlice, "", "", "Ctrl+PgUp"},

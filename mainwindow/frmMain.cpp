@@ -7,6 +7,7 @@
 #include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
 #include "document/DoLoad.h"
+#include "mainwindow/BarPane.h"
 #include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"
 #include "mainwindow/DroppedFiles.h"
@@ -20,6 +21,7 @@
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
+#include "mainwindow/TemplateBar.h"
 #include "mainwindow/TimelinePopup.h"
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowParts.h"
@@ -90,6 +92,8 @@ void frmMain::Form_Load() {
     journal_ = WindowJournal::For(*this);
     AddFlow1_.SetWatchers([this](diagram::Surface &surface) { views_->Add(surface); },
                           [this](diagram::Surface &surface) { views_->Remove(surface); });
+    frmSplash::ShowDoing(tr("Loading Bar Items"));
+    LoadRadBar();
     frmSplash::ShowDoing(tr("Loading Menus"));
     BuildMenus();
     frmSplash::ShowDoing(tr("Loading Toolbars"));
@@ -120,6 +124,7 @@ void frmMain::BuildMenus() {
     parts_->SetEnabled(Needs::Printers, false);
     SetMenuValue(QStringLiteral("mnuViewStartup"), settings::GetStartupEnabled());
     SetMenuValue(QStringLiteral("mnuViewRBPrompt"), RHSPrompt());
+    SetMenuValue(QStringLiteral("mnuViewTemplates"), templates_->Pane().IsShown());
 }
 
 void frmMain::Form_Activate() {

@@ -31,6 +31,7 @@ class PickBox;
 class PutBack;
 class SliceEditor;
 class SliceViews;
+class TemplateBar;
 class TickBox;
 class TimelinePopup;
 class WindowJournal;
@@ -97,6 +98,13 @@ public:
     PickBox &cboFont() const;
     PickBox &cboFontSize() const;
     void SMXP_Click(const QString &key);
+    // The bar of templates and what is told of it, in the window's own names.
+    TemplateBar &Templates() const { return *templates_; }
+    void LoadRadBar();
+    void LoadBarDetails(int Bar, const QString &Folder, const QStringList &Files);
+    void RB_BarClick(int Bar);
+    void tmrBar_Timer();
+    void RB_ItemClick(int Item, int Bar);
     // The lists of what is shown: filled from the groups and levels, ticked by a click, and applied to all
     // slices when one of them closes. The map is as clean afterwards as before.
     void LoadGroupCombo();
@@ -208,6 +216,7 @@ private:
     std::unique_ptr<SliceEditor> slices_;
     std::unique_ptr<TimelinePopup> popup_;
     std::unique_ptr<DroppedFiles> drop_;
+    std::unique_ptr<TemplateBar> templates_;
     ExchangeRoutines exchange_;
     frmPics *frmPics_ = nullptr;
     QTimer tmrResize_;

@@ -14,6 +14,7 @@
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
+#include "mainwindow/TemplateBar.h"
 #include "mainwindow/TickBox.h"
 #include "mainwindow/TimelinePopup.h"
 #include "mainwindow/Toolbar.h"
@@ -23,6 +24,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QSplitter>
 
 namespace mainwindow {
 
@@ -44,6 +46,7 @@ void frmMain::BuildControls() {
     slices_ = std::make_unique<SliceEditor>(*this);
     popup_ = std::make_unique<TimelinePopup>(*this);
     drop_ = std::make_unique<DroppedFiles>(*this);
+    templates_ = std::make_unique<TemplateBar>(*this, *parts_->SSSplitter1); // asked of drags before drop_
     tmrResize_.setSingleShot(true);
     tmrResize_.setInterval(kResizeSettles);
     update_.setSingleShot(true);

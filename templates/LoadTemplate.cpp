@@ -11,6 +11,7 @@
 #include "templates/TemplateFiles.h"
 #include "timeline/PrepFileForImport.h"
 
+#include <algorithm>
 #include <QSet>
 
 namespace templates {
@@ -57,11 +58,14 @@ diagram::Content UsersContent(const QByteArray &bytes) {
     return content;
 }
 
-QPointF MiddleOf(const diagram::Content &content) {
+// The way that brings the middle of the content to the point, as far as nothing of it leaves the page at its
+// top or left.
+QPointF WayTo(const QPointF &at, const diagram::Content &content) {
     QRectF extent;
     for (const diagram::StoredNode &node : content.nodes)
         extent |= QRectF(node.data.left, node.data.top, node.data.width, node.data.height);
-    return extent.center();
+    const QPointF corner = extent.topLeft() + at - extent.center();
+    return QPointF(std::max(0.0, corner.x()), std::max(0.0, corner.y())) - extent.topLeft();
 }
 
 } // namespace
@@ -81,7 +85,7 @@ void InsertTemplate(document::MapWindow &window, diagram::Surface &flow, const Q
     support::PassOn("InsertTemplate", [&] {
         const diagram::Content content = UsersContent(FitFor(window, file));
         if (content.nodes.empty()) return;
-        const QPointF move = at - MiddleOf(content);
+        const QPointF move = WayTo(at, content);
         Step step(flow);
         diagram::PasteBytes(flow, diagram::Encode(content), float(move.x()), float(move.y()));
         step.Done();

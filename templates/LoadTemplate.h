@@ -21,8 +21,9 @@ namespace templates {
 void LoadTemplate(document::MapWindow &window, diagram::Surface &flow, const QString &file);
 
 // Adds the nodes and links of the template on top of what is there, selected, their middle at the point,
-// which is in twips; one step of undo. Background, months, dates and default nodes of the template stay
-// behind; what a filter hid there is shown. A template with nothing else changes nothing.
+// which is in twips, or so near to it that nothing leaves the page at its top or left; one step of undo.
+// Background, months, dates and default nodes of the template stay behind; what a filter hid there is shown.
+// A template with nothing else changes nothing.
 void InsertTemplate(document::MapWindow &window, diagram::Surface &flow, const QString &file, QPointF at);
 
 } // namespace templates

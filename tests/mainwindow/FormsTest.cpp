@@ -147,8 +147,9 @@ TEST_F(Forms, TheSplashTellsWhatAWindowIsLoading) {
     ProcessEvents();
     const SplashReader reader(splash);
     const frmMain window(desktop.Get());
-    EXPECT_EQ(reader.texts, (QStringList{QStringLiteral("Loading Menus"), QStringLiteral("Loading Toolbars"),
-                                         QStringLiteral("Loading Defaults"), QString()}));
+    EXPECT_EQ(reader.texts, QStringList({"Loading Bar Items", "Loading Bar Items (Getting Dirs)...",
+                                         "Loading Bar Items (Getting Files)...", "Loading Menus",
+                                         "Loading Toolbars", "Loading Defaults", ""}));
 }
 
 TEST_F(Forms, TheTabsAreNamedByTheProductsTerm) {

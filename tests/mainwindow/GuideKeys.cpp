@@ -7,6 +7,7 @@
 #include "mainwindow/FindBar.h"
 #include "mainwindow/FormsToCome.h"
 #include "mainwindow/PickBox.h"
+#include "mainwindow/TemplateBar.h"
 #include "timeline/setup/frmDate.h"
 
 #include <QApplication>
@@ -278,6 +279,11 @@ void SearchCommands(Reader &r) {
     EXPECT_TRUE(r.window->Search().hasFocus());
 }
 
+void GoToTemplates(Reader &r) {
+    r.Press("F6");
+    EXPECT_TRUE(r.window->Templates().RB().hasFocus());
+}
+
 void Grid(Reader &r) {
     const bool lines = r.Surface().GridLines(), snaps = r.Surface().SnapToGrid();
     r.Press("Ctrl+G");
@@ -338,6 +344,7 @@ constexpr ToldStep kCommands[] = {
     {"F2, F4 | edit the text, properties", EditAndProperties},
     {"Ctrl+F, Ctrl+H, F3, Shift+F3 | find, replace, next, previous", Find},
     {"Ctrl+Shift+P | search the commands", SearchCommands},
+    {"F6 | the templates", GoToTemplates},
     {"Ctrl+G, Ctrl+Shift+G | grid lines, snap to grid", Grid},
     {"Ctrl++, Ctrl+-, Ctrl+0, Ctrl+9 | zoom in, zoom out, 100 per cent, fit in window", Zoom},
     {"Ctrl+T | the date of the selected nodes", Date},

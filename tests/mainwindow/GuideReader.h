@@ -67,5 +67,6 @@ std::span<const ToldStep> ReadmeSteps();
 std::span<const ToldStep> DrawingSteps();
 std::span<const ToldStep> KeyboardSteps();
 std::span<const ToldStep> CommandSteps();
+std::span<const ToldStep> TemplateSteps();
 
 } // namespace mainwindow::testing

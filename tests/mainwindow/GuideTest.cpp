@@ -62,7 +62,7 @@ QStringList Told() {
 
 std::vector<ToldStep> Done() {
     std::vector<ToldStep> all;
-    for (const auto steps : {ReadmeSteps(), DrawingSteps(), KeyboardSteps(), CommandSteps()})
+    for (const auto steps : {ReadmeSteps(), DrawingSteps(), KeyboardSteps(), CommandSteps(), TemplateSteps()})
         all.insert(all.end(), steps.begin(), steps.end());
     return all;
 }

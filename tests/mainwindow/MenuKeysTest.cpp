@@ -40,6 +40,7 @@ constexpr KeyAndCommand kKeys[] = {
     {"Ctrl+Shift+F", "keyFont"},
     {"Ctrl+Alt+F", "keyFontSize"},
     {"Ctrl+T", "keyDate"},
+    {"F6", "keyTemplates"},
     {"Ctrl+Shift+P", "keySearch"},
     {"Ctrl+PgDown", "keyNextSlice"},
     {"Ctrl+PgUp", "keyPreviousSlice"},

@@ -109,6 +109,8 @@ constexpr const char *kMenu[] = {
     "mnuView||sep|",
     "mnuView|mnuViewStartup|check|Show Startup Map",
     "mnuView|mnuViewRBPrompt|check|Show RHS Prompt",
+    "mnuView||sep|",
+    "mnuView|mnuViewTemplates|check|Te&mplates",
     "|mnuLayout|menu|&Layout",
     "mnuLayout|mnuLayoutHExecute|command|Hierarchical",
     "mnuLayout|mnuLayoutTreeExecute|command|Tree",

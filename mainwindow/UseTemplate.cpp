@@ -1,0 +1,83 @@
+#include "mainwindow/UseTemplate.h"
+
+#include "app/settings/clsRB.h"
+#include "diagram/view/SurfaceView.h"
+#include "dialogs/OpenAttachment.h"
+#include "mainwindow/frmMain.h"
+#include "mainwindow/SliceViews.h"
+#include "mainwindow/WindowStatus.h"
+#include "templates/LoadTemplate.h"
+#include "templates/TemplateFiles.h"
+
+namespace mainwindow {
+
+using document::pointer::kHourglass;
+using document::pointer::kNormal;
+
+namespace {
+
+// The wait pointer for a piece of work, however it ends.
+class Waiting {
+public:
+    explicit Waiting(frmMain &window) : window_(window) { window.SetMousePointer(kHourglass); }
+    ~Waiting() { window_.SetMousePointer(kNormal); }
+    Waiting(const Waiting &) = delete;
+    Waiting &operator=(const Waiting &) = delete;
+
+private:
+    frmMain &window_;
+};
+
+// The entries of all windows show whether the next click asks.
+std::int32_t Ask() {
+    settings::clsRB prompt;
+    const std::int32_t choice = prompt.DisplayPrompt(false);
+    for (frmMain *form : frmMain::Forms())
+        form->SetMenuValue(QStringLiteral("mnuViewRBPrompt"), prompt.GetDisplayPrompt());
+    return choice;
+}
+
+bool MakesNewSlice(frmMain &window) {
+    const int before = window.TabStrip().TabCount();
+    window.DoInsertSlice();
+    const int now = window.TabStrip().TabCount();
+    if (now == before) return false;
+    window.TabStrip().SetTheTab(now - 1);
+    return true;
+}
+
+void ShowChanged(frmMain &window) {
+    window.ClickTab();
+    window.Status().HiddenMayDiffer();
+    window.ScheduleUpdate();
+    window.CurrentView().setFocus();
+}
+
+} // namespace
+
+void UseTemplate(frmMain &window, const QString &file) {
+    window.Views().EndEdits();
+    window.SetMousePointer(kNormal);
+    const std::int32_t choice = Ask();
+    if (choice == settings::clsRB::kCancel) return;
+    templates::SurfaceFileOf(file); // one that can't be read makes no slice
+    if (choice == settings::clsRB::kNew && !MakesNewSlice(window)) return;
+    const Waiting waiting(window);
+    window.DoEvents();
+    templates::LoadTemplate(window, window.CurrentSurface(), file);
+    ShowChanged(window);
+}
+
+void AddTemplateAt(frmMain &window, const QString &file, const QPointF &twips) {
+    window.Views().EndEdits();
+    const Waiting waiting(window);
+    templates::InsertTemplate(window, window.CurrentSurface(), file, twips);
+    ShowChanged(window);
+}
+
+void OpenExternal(frmMain &window, const QString &file) {
+    const Waiting waiting(window);
+    dialogs::OpenAttachment(window, file);
+}
+
+} // namespace mainwindow

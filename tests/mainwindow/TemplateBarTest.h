@@ -1,0 +1,48 @@
+// What the tests of the template bar share: folders with templates, and a user who clicks on them.
+#pragma once
+
+#include "app/settings/clsRB.h"
+#include "mainwindow/TemplateBar.h"
+#include "tests/mainwindow/WindowTest.h"
+
+namespace mainwindow::testing {
+
+void MakeFile(const QString &path, const QByteArray &content);
+// A template database with a node of each of those texts, an icon of that colour, and a slice's background.
+void MakeTemplate(const QString &path, const QStringList &texts, const QColor &icon = Qt::blue,
+                  const QColor &background = Qt::white);
+// A surface file by the name of a template.
+void MakeFlat(const QString &path, const QStringList &texts);
+
+class TemplateBarTest : public WindowTest {
+protected:
+    TemplateBarTest();
+    ~TemplateBarTest() override;
+
+    // In the folder of templates beside the program.
+    QString Beside(const QString &name) const { return ProgramFile(QStringLiteral("Templates/") + name); }
+    // In the user's own, which is made.
+    QString Own(const QString &name) const;
+    static ListBar &RB(const frmMain &window) { return window.Templates().RB(); }
+    static QStringList Bars(const frmMain &window);
+    static QStringList Items(const frmMain &window, int bar);
+    // A window whose first bar is filled.
+    frmMain &FilledWindow();
+    void WaitForFill(frmMain &window);
+    void OpenBar(frmMain &window, int bar);
+    // On the item with that caption.
+    static ListBar::Place PlaceOf(const frmMain &window, const QString &caption);
+    void ClickOn(frmMain &window, const QString &caption);
+    void DoubleClickOn(frmMain &window, const QString &caption);
+    void Settle();
+    // The answer to the question that the next click asks.
+    void Answer(std::int32_t choice, bool remember = false);
+    // The texts of what a user sees on the current slice.
+    static QStringList Texts(frmMain &window);
+
+private:
+    QTemporaryDir data_;
+    QByteArray formerData_;
+};
+
+} // namespace mainwindow::testing
