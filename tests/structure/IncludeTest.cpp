@@ -45,6 +45,7 @@ QMap<QString, QStringList> Allowed() {
     above << "timeline";
     for (const char *folder : {"templates", "output", "dialogs"}) allowed[folder] = above;
     allowed["dialogs"] << "widgets";
+    allowed["templates/forms"] = above + QStringList{"templates", "widgets", "dialogs"};
     const QStringList plain = above + QStringList{"templates", "output", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
@@ -52,7 +53,7 @@ QMap<QString, QStringList> Allowed() {
         plain + QStringList{"widgets",      "dialogs",     "timeline/setup", "diagram/interaction",
                             "diagram/view", "support/real"};
     allowed["mainwindow"] = windows;
-    allowed["app"] = windows + QStringList{"mainwindow"};
+    allowed["app"] = windows + QStringList{"mainwindow", "templates/forms"};
     return allowed;
 }
 
