@@ -6,6 +6,7 @@
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/PickBox.h"
+#include "mainwindow/StartOffer.h"
 #include "mainwindow/StartupSetting.h"
 #include "mainwindow/TimelineCommands.h"
 #include "mainwindow/WindowStatus.h"
@@ -102,6 +103,13 @@ void mnuViewStartup(frmMain &window) {
     SetStartupEnabled(window.MenuValue(QStringLiteral("mnuViewStartup")));
 }
 
+// An empty window shows the page at once.
+void mnuViewStartPage(frmMain &window) {
+    const bool shows = window.MenuValue(QStringLiteral("mnuViewStartPage"));
+    SetStartPageEnabled(shows);
+    if (shows) window.Start().Offer();
+}
+
 void SelectTab(frmMain &window, int step) {
     const int tab = window.TabStrip().TheTab() + step;
     if (tab >= 0 && tab < window.TabStrip().TabCount()) window.TabStrip().SetTheTab(tab);
@@ -149,6 +157,8 @@ constexpr CommandRow kRows[] = {
     Separator("mnuView"),
     {"mnuView", "mnuViewStartup", "Show Startup @MAP", kCheck, mnuViewStartup},
     {"mnuView", "mnuViewRBPrompt", "Show RHS Prompt", kCheck, mnuViewRBPrompt},
+    Separator("mnuView"),
+    {"mnuView", "mnuViewStartPage", "Show Start Page", kCheck, mnuViewStartPage},
 };
 
 constexpr CommandRow kKeyRows[] = {

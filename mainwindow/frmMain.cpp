@@ -20,6 +20,7 @@
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
+#include "mainwindow/StartOffer.h"
 #include "mainwindow/TimelinePopup.h"
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowParts.h"
@@ -120,6 +121,7 @@ void frmMain::BuildMenus() {
     parts_->SetEnabled(Needs::Printers, false);
     SetMenuValue(QStringLiteral("mnuViewStartup"), settings::GetStartupEnabled());
     SetMenuValue(QStringLiteral("mnuViewRBPrompt"), RHSPrompt());
+    SetMenuValue(QStringLiteral("mnuViewStartPage"), settings::GetStartPageEnabled());
 }
 
 void frmMain::Form_Activate() {

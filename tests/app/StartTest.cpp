@@ -9,6 +9,7 @@
 #include "mainwindow/frmSplash.h"
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/RecoveryBar.h"
+#include "mainwindow/StartOffer.h"
 #include "mainwindow/WindowJournal.h"
 #include "recovery/JournalFile.h"
 #include "support/Files.h"
@@ -21,6 +22,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTest>
 
 namespace app {
 
@@ -87,6 +89,33 @@ TEST(PathInCommandLine, TakesOneQuoteOffEitherEnd) {
     EXPECT_EQ(PathInCommandLine(QString()), QString());
 }
 
+TEST_F(Start, AnEmptyWindowHasTheStartPageAndAMapOfTheCommandLineNot) {
+    frmMain *empty = Run();
+    ASSERT_TRUE(empty);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return empty->Start().Page() != nullptr; }));
+    delete empty;
+    frmMain *opened = Run(Map(QStringLiteral("plan.map")));
+    ASSERT_TRUE(opened);
+    opened->Start().Offer();
+    for (int turn = 0; turn < 5; ++turn) QCoreApplication::processEvents();
+    EXPECT_EQ(opened->Start().Page(), nullptr);
+}
+
+TEST_F(Start, AStartupMapTakesThePlaceOfTheStartPage) {
+    Map(QStringLiteral("Startup/first.map"));
+    ExpectPrompt(QStringLiteral("first.map"), true);
+    frmMain *opened = Run();
+    ASSERT_TRUE(opened);
+    opened->Start().Offer();
+    for (int turn = 0; turn < 5; ++turn) QCoreApplication::processEvents();
+    EXPECT_EQ(opened->Start().Page(), nullptr);
+    delete opened;
+    ExpectPrompt(QStringLiteral("first.map"), false);
+    frmMain *refused = Run();
+    ASSERT_TRUE(refused);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return refused->Start().Page() != nullptr; }));
+}
+
 TEST_F(Start, ShowsTheFirstWindowAndTakesTheSplashAway) {
     const QDateTime before = desktop.clock.now;
     frmMain *window = Run();
@@ -126,9 +155,9 @@ TEST_F(Start, TheSplashStaysUntilTheSecondBehindTheOneInWhichItCame) {
          {Case{QTime(10, 30, 7, 0), 1000}, {QTime(10, 30, 7, 700), 300}, {QTime(10, 30, 7, 990), 20}}) {
         LookingClock clock;
         clock.now.setTime(came);
-        support::Desktop doors{desktop.messageBoxes, desktop.dialogs,   desktop.launcher, clock,
-                               desktop.memory,       desktop.registry,  desktop.random,   desktop.printers,
-                               desktop.identity,     desktop.dialogHost};
+        support::Desktop doors{desktop.messageBoxes, desktop.dialogs,   desktop.launcher,  clock,
+                               desktop.memory,       desktop.registry,  desktop.random,    desktop.printers,
+                               desktop.identity,     desktop.fileIcons, desktop.dialogHost};
         frmMain *window = Main(doors, {});
         ASSERT_TRUE(window);
         EXPECT_EQ(came.msecsTo(clock.now.time()), waited) << came.msec();
@@ -143,9 +172,9 @@ TEST_F(Start, TheSplashStaysUntilTheSecondBehindTheOneInWhichItCame) {
 TEST_F(Start, TheSplashDoesNotWaitForADayWhenItCameBeforeMidnight) {
     LookingClock clock;
     clock.now.setTime(QTime(23, 59, 59, 500));
-    support::Desktop doors{desktop.messageBoxes, desktop.dialogs,   desktop.launcher, clock,
-                           desktop.memory,       desktop.registry,  desktop.random,   desktop.printers,
-                           desktop.identity,     desktop.dialogHost};
+    support::Desktop doors{desktop.messageBoxes, desktop.dialogs,   desktop.launcher,  clock,
+                           desktop.memory,       desktop.registry,  desktop.random,    desktop.printers,
+                           desktop.identity,     desktop.fileIcons, desktop.dialogHost};
     frmMain *window = Main(doors, {});
     ASSERT_TRUE(window);
     EXPECT_EQ(clock.now, QDateTime(QDate(2024, 5, 18), QTime(0, 0)));

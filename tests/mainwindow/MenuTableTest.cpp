@@ -108,6 +108,8 @@ constexpr const char *kMenu[] = {
     "mnuView||sep|",
     "mnuView|mnuViewStartup|check|Show Startup Map",
     "mnuView|mnuViewRBPrompt|check|Show RHS Prompt",
+    "mnuView||sep|",
+    "mnuView|mnuViewStartPage|check|Show Start Page",
     "|mnuLayout|menu|&Layout",
     "mnuLayout|mnuLayoutHExecute|command|Hierarchical",
     "mnuLayout|mnuLayoutTreeExecute|command|Tree",
