@@ -35,11 +35,16 @@ RecentMap Described(const QString &path, const QDateTime &now, const QLocale &lo
     return map;
 }
 
+// Without seconds, which the plainest locale has even here.
+QString TimeText(const QTime &time, const QLocale &locale) {
+    return locale.toString(time, locale.timeFormat(QLocale::ShortFormat).remove(QStringLiteral(":ss")));
+}
+
 } // namespace
 
 QString WhenText(const QDateTime &then, const QDateTime &now, const QLocale &locale) {
     const qint64 days = then.date().daysTo(now.date());
-    if (days == 0) return Tr("today %1").arg(locale.toString(then.time(), QLocale::ShortFormat));
+    if (days == 0) return Tr("today %1").arg(TimeText(then.time(), locale));
     if (days == 1) return Tr("yesterday");
     return locale.toString(then.date(), kDatePattern);
 }

@@ -108,7 +108,7 @@ void StartOffer::Connect() {
 }
 
 void StartOffer::Place(const QRect &rectangle) {
-    if (page_) page_->setGeometry(rectangle);
+    if (page_ && !page_->HandsOver()) page_->setGeometry(rectangle);
 }
 
 void StartOffer::Raise() {

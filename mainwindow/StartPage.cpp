@@ -253,17 +253,17 @@ void StartPage::FocusBeside(const StartCard &card, int key) {
 }
 
 // The page can't be hidden at once: the widget that was pressed gets the rest of the drag, and has to be
-// there for that.
+// shown for that, though out of sight.
 void StartPage::HandOver(QWidget &grabber, const QPoint &at, Qt::MouseButton button) {
     handsOver_ = &grabber;
     grabber.installEventFilter(this);
-    setMask(QRegion(0, 0, 1, 1));
+    const QMouseEvent press(QEvent::MouseButtonPress, at, grabber.mapToGlobal(at), button, button, {});
+    move(x(), -height());
     below_()->setFocus(Qt::MouseFocusReason);
-    QMouseEvent press(QEvent::MouseButtonPress, at, grabber.mapToGlobal(at), button, button, {});
     PassOn(press);
 }
 
-void StartPage::PassOn(QMouseEvent &event) {
+void StartPage::PassOn(const QMouseEvent &event) {
     QWidget *below = below_();
     const QPointF global = event.globalPosition();
     QMouseEvent passed(event.type(), below->mapFromGlobal(global), global, event.button(), event.buttons(),

@@ -42,7 +42,7 @@ public:
     QCheckBox &ShowsAtStart() const { return *showsAtStart_; }
 
     // Pixels of the pictures of maps and of templates.
-    static constexpr QSize kMapPicture{200, 125}, kTemplatePicture{144, 90};
+    static constexpr QSize kMapPicture{192, 120}, kTemplatePicture{144, 90};
 
 Q_SIGNALS:
     void NewAsked();
@@ -69,7 +69,7 @@ private:
     void FitWidth();
     void FocusBeside(const StartCard &card, int key);
     void HandOver(QWidget &grabber, const QPoint &at, Qt::MouseButton button);
-    void PassOn(QMouseEvent &event);
+    void PassOn(const QMouseEvent &event);
     void ShowWhetherAnyMap();
     void OrderTabs();
 

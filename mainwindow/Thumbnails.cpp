@@ -27,7 +27,7 @@ namespace mainwindow {
 namespace {
 
 constexpr qint64 kLargestFile = 5 * 1024 * 1024; // bytes
-constexpr long kMostNodes = 5000;
+constexpr long kMostNodes = 2000;
 constexpr int kKept = 100;              // pictures
 constexpr double kMargin = 8;           // pixels of the screen
 constexpr double kFullScale = 1.0 / 15; // pixels a twip at zoom 100

@@ -35,7 +35,7 @@ public:
 };
 
 // Null for what can't be read, and for what would take long: a file of more than 5 MB or a map of more than
-// 5000 nodes, one on another machine, one of the old form, one whose last change still waits in a journal.
+// 2000 nodes, one on another machine, one of the old form, one whose last change still waits in a journal.
 // The file is copied and the copy read: it is neither locked nor changed.
 std::unique_ptr<ThumbnailSlice> ReadForThumbnail(support::Desktop &desktop, const ThumbnailOrder &order);
 

@@ -36,6 +36,8 @@ struct StartPageRecent : WindowTest {
 TEST(StartPageWhen, IsToldAsOneSaysIt) {
     EXPECT_EQ(When({2024, 5, 17}), QStringLiteral("today 14:03"));
     EXPECT_EQ(When({2024, 5, 17}, QTime(0, 0)), QStringLiteral("today 00:00"));
+    EXPECT_EQ(WhenText(QDateTime(kNow.date(), QTime(9, 5, 7)), kNow, QLocale::c()),
+              QStringLiteral("today 09:05"));
     EXPECT_EQ(When({2024, 5, 16}, QTime(23, 59)), QStringLiteral("yesterday"));
     EXPECT_EQ(When({2024, 5, 15}), QStringLiteral("15 May 2024"));
     EXPECT_EQ(When({2023, 12, 1}), QStringLiteral("1 Dec 2023"));

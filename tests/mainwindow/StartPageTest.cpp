@@ -56,15 +56,23 @@ struct StartPages : WindowTest {
         QTest::mouseClick(&card, Qt::LeftButton);
         ProcessEvents();
     }
-    // Press, moves and release, all to the widget that is pressed, as the window system sends them.
-    void DragOn(QWidget &widget, const QPoint &from, const QPoint &to) {
-        QTest::mousePress(&widget, Qt::LeftButton, {}, from);
-        for (const QPoint &at : {from + (to - from) / 2, to}) {
-            QMouseEvent move(QEvent::MouseMove, at, widget.mapToGlobal(at), Qt::NoButton, Qt::LeftButton, {});
-            QApplication::sendEvent(&widget, &move);
-        }
-        QTest::mouseRelease(&widget, Qt::LeftButton, {}, to);
-        ProcessEvents();
+    // Press, moves and release, all to the widget that is pressed, as the window system sends them. What is
+    // under the pointer in the middle of it.
+    QWidget *DragOn(QWidget &widget, const QPoint &from, const QPoint &to) {
+        const QPoint origin = widget.mapToGlobal(QPoint());
+        QWidget *window = widget.window();
+        const auto send = [&](QEvent::Type type, const QPoint &at, Qt::MouseButton button) {
+            QMouseEvent event(type, at, origin + at, button,
+                              type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {});
+            QApplication::sendEvent(&widget, &event);
+            ProcessEvents();
+        };
+        send(QEvent::MouseButtonPress, from, Qt::LeftButton);
+        send(QEvent::MouseMove, from + (to - from) / 2, Qt::NoButton);
+        QWidget *under = window->childAt(window->mapFromGlobal(origin + from));
+        send(QEvent::MouseMove, to, Qt::NoButton);
+        send(QEvent::MouseButtonRelease, to, Qt::LeftButton);
+        return under;
     }
     static QPoint Beside(const QWidget &content) {
         const QPoint at(content.width() / 2, content.height() - 12);
@@ -179,7 +187,7 @@ TEST_F(StartPages, ADragThatBeginsBesideTheCardsDraws) {
     QWidget &content = *PageOf(window).widget();
     const QPoint from = Beside(content), to = from - QPoint(150, 100);
     const QPoint drawn = window.CurrentView().viewport()->mapFromGlobal(content.mapToGlobal(to));
-    DragOn(content, from, to);
+    EXPECT_EQ(DragOn(content, from, to), window.CurrentView().viewport()) << "nothing covers the drawing";
     EXPECT_EQ(window.Start().Page(), nullptr);
     ASSERT_EQ(window.CurrentSurface().Nodes().Count(), before + 1);
     const diagram::Node &node = *window.CurrentSurface().SelectedNode();
@@ -193,7 +201,7 @@ TEST_F(StartPages, ADragThatBeginsOnACardDrawsAndOpensNothing) {
     frmMain &window = Started();
     const int before = window.CurrentSurface().Nodes().Count();
     StartCard &card = Card(window, "startMap");
-    DragOn(card, QPoint(20, 20), QPoint(170, 120));
+    EXPECT_EQ(DragOn(card, QPoint(20, 20), QPoint(170, 120)), window.CurrentView().viewport());
     EXPECT_EQ(window.Start().Page(), nullptr);
     EXPECT_EQ(window.CurrentSurface().Nodes().Count(), before + 1);
     EXPECT_TRUE(window.clsSettings().Database().isEmpty());

@@ -149,7 +149,7 @@ TEST_F(Thumbnails, WhatWouldTakeLongHasNone) {
     Run(large, QStringLiteral("CREATE TABLE [Filler] ([Data] BLOB)"));
     Run(large, QStringLiteral("INSERT INTO [Filler] VALUES (zeroblob(6000000))"));
     EXPECT_FALSE(Read(large));
-    const QString many = SavedMap(QStringLiteral("many.map"), 5001);
+    const QString many = SavedMap(QStringLiteral("many.map"), 2001);
     EXPECT_FALSE(Read(many));
     Run(many, QStringLiteral("DELETE FROM [Nodes] WHERE rowid = (SELECT MIN(rowid) FROM [Nodes])"));
     EXPECT_TRUE(Read(many));
