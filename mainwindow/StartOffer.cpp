@@ -3,6 +3,7 @@
 #include "app/settings/clsMRU.h"
 #include "app/settings/GetSet.h"
 #include "diagram/view/SurfaceView.h"
+#include "document/BusyWindow.h"
 #include "document/WhereItIs.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/frmMain.h"
@@ -24,9 +25,6 @@ namespace {
 
 constexpr int kMostMaps = 8, kMostTemplates = 10;
 constexpr int kWait = 100; // milliseconds until a look whether something still goes on
-
-using document::pointer::kHourglass;
-using document::pointer::kNormal;
 
 // The default nodes are hidden.
 bool IsEmpty(const diagram::Surface &surface) {
@@ -164,9 +162,10 @@ void StartOffer::Remove(const QString &path) {
 }
 
 void StartOffer::Load(const QString &file) {
-    window_.SetMousePointer(kHourglass);
-    templates::LoadTemplate(window_, window_.CurrentSurface(), file);
-    window_.SetMousePointer(kNormal);
+    {
+        const document::BusyWindow busy(window_);
+        templates::LoadTemplate(window_, window_.CurrentSurface(), file);
+    }
     Leave();
     window_.ScheduleUpdate();
 }

@@ -200,16 +200,11 @@ std::vector<StartCard *> StartPage::Cards() const {
 }
 
 void StartPage::OrderTabs() {
-    QWidget *former = new_;
-    for (StartCard *card : Cards()) {
-        if (card != former) setTabOrder(former, card);
-        former = card;
-    }
-    for (StartCard *card : templateCards_) {
-        setTabOrder(former, card);
-        former = card;
-    }
-    setTabOrder(former, showsAtStart_);
+    std::vector<QWidget *> order{new_, open_};
+    order.insert(order.end(), mapCards_.begin(), mapCards_.end());
+    order.insert(order.end(), templateCards_.begin(), templateCards_.end());
+    order.push_back(showsAtStart_);
+    for (std::size_t at = 1; at < order.size(); ++at) setTabOrder(order[at - 1], order[at]);
 }
 
 void StartPage::resizeEvent(QResizeEvent *event) {
