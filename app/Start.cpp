@@ -10,6 +10,7 @@
 #include "mainwindow/frmSplash.h"
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/StartupSetting.h"
+#include "mainwindow/Thumbnails.h"
 #include "mainwindow/WindowJournal.h"
 #include "recovery/LostMaps.h"
 #include "support/Error.h"
@@ -53,6 +54,8 @@ frmMain *FirstWindow(support::Desktop &desktop, const StartOptions &options) {
     settings::LoadSettings();
     SweepTemporaryFiles(desktop.clock);
     mainwindow::WindowJournal::SetFolder(options.keepJournals ? recovery::JournalsFolder() : QString());
+    mainwindow::ThumbnailCache::SetFolder(options.keepPreviews ? mainwindow::ThumbnailCache::UsualFolder()
+                                                               : QString());
     auto *first = new frmMain(desktop); // deletes itself when it is closed
     if (options.showSplash) WaitForSplash(desktop.clock, noted);
     first->ShowWindow();

@@ -16,6 +16,7 @@ struct StartOptions {
     bool showSplash = true;    // at least for about a second
     bool offerStartup = true;  // the map of the folder Startup
     bool keepJournals = false; // of what isn't saved, and offer what former runs have left
+    bool keepPreviews = false; // of recent maps and templates, for later starts
 };
 
 // Seeds the random generator, shows the splash, reads Settings.nml, opens and shows the first window, then

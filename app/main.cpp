@@ -80,6 +80,7 @@ int Run(const QString &commandLine) {
     options.showSplash = !developer.noSplash;
     options.offerStartup = !developer.EndsAfterPaint();
     options.keepJournals = !developer.EndsAfterPaint();
+    options.keepPreviews = true;
     mainwindow::frmMain *first = app::Main(desktop.Get(), options);
     if (!first) return kExitFailure;
     app::WatchFirstPaint(*first, developer);

@@ -39,13 +39,17 @@ public:
 
     // True when the map was read whole; false when memory ran short.
     bool Run();
+    // The slice that stands first; null for a map without slices, or when memory ran short.
+    diagram::Surface *RunFirst();
 
 private:
     void UnloadSlices();
     void LoadPools();
     // False when memory ran short.
     bool LoadSlices();
+    Recordset SliceRows();
     bool LoadSlice(const Recordset &row, const Columns &at);
+    bool FillSlice(diagram::Surface &surface, const Recordset &row, const Columns &at);
     diagram::Surface &PrepareSurface(const Recordset &row, const Columns &at);
     void SetSliceValues(diagram::Surface &surface, const Recordset &row, const Columns &at);
     void FinishSlice(diagram::Surface &surface);
@@ -79,6 +83,17 @@ bool Loader::Run() {
     return true;
 }
 
+diagram::Surface *Loader::RunFirst() {
+    LoadPools();
+    const Recordset rows = SliceRows();
+    if (rows.EndOfFile()) return nullptr;
+    const Columns at(rows, schema::kSlices);
+    diagram::Surface &surface = PrepareSurface(rows, at);
+    if (!FillSlice(surface, rows, at)) return nullptr;
+    surface.Recalculate();
+    return &surface;
+}
+
 void Loader::UnloadSlices() {
     UnloadAbove(window_.AddFlow1(), 0);
     window_.TabStrip().SetTabCount(1);
@@ -97,9 +112,13 @@ void Loader::LoadPools() {
     ReadGroups(std::move(groups), settings_.Groups());
 }
 
+Recordset Loader::SliceRows() {
+    return database_.OpenRecordset(SelectAll(schema::kSlices) + QStringLiteral(" ORDER BY ") +
+                                   Bracketed(schema::kSlices, schema::slice::kIndex));
+}
+
 bool Loader::LoadSlices() {
-    Recordset rows = database_.OpenRecordset(SelectAll(schema::kSlices) + QStringLiteral(" ORDER BY ") +
-                                             Bracketed(schema::kSlices, schema::slice::kIndex));
+    Recordset rows = SliceRows();
     const Columns at(rows, schema::kSlices);
     // The first slot is there whether the map has a slice for it or not.
     if (rows.EndOfFile() || rows.Integer(at[schema::slice::kIndex]) != 0) window_.AddFlow1()[0].Reset();
@@ -138,14 +157,20 @@ void Loader::SetSliceValues(diagram::Surface &surface, const Recordset &row, con
 bool Loader::LoadSlice(const Recordset &row, const Columns &at) {
     diagram::Surface &surface = PrepareSurface(row, at);
     LoadDefaults(surface);
+    if (!FillSlice(surface, row, at)) return false;
+    surface.SetxZoom(row.Long(at[schema::slice::kxZoom]));
+    surface.SetyZoom(row.Long(at[schema::slice::kyZoom]));
+    FinishSlice(surface);
+    return true;
+}
+
+// False when memory ran short.
+bool Loader::FillSlice(diagram::Surface &surface, const Recordset &row, const Columns &at) {
     SetSliceValues(surface, row, at);
     SliceLoader slice(window_, surface, rows_, pictures_, memory_);
     if (!slice.LoadNodes()) return false;
     slice.LoadLinks();
     slice.Stack();
-    surface.SetxZoom(row.Long(at[schema::slice::kxZoom]));
-    surface.SetyZoom(row.Long(at[schema::slice::kyZoom]));
-    FinishSlice(surface);
     return true;
 }
 
@@ -316,6 +341,10 @@ void LoadDiagramFile(MapWindow &frm, const QString &path) {
     UnloadAbove(surfaces, 1);
     diagram::LoadFile(surfaces[surfaces.UBound()], path);
     frm.clsSettings().SetDatabase(QString());
+}
+
+diagram::Surface *ReadFirstSlice(MapWindow &frm, storage::Database &database) {
+    return support::PassOn("ReadFirstSlice", [&] { return Loader(frm, database).RunFirst(); });
 }
 
 void LoadAsNew(MapWindow &frm, const QString &path, const QString &caption) {

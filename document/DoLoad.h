@@ -3,6 +3,13 @@
 
 #include <QString>
 
+namespace diagram {
+class Surface;
+}
+namespace storage {
+class Database;
+}
+
 namespace document {
 
 class MapWindow;
@@ -23,6 +30,12 @@ bool DoLoad(MapWindow &frm);
 // Reads the map of the file `path`, which may go afterwards, as one that was never saved: Database is empty,
 // Dirty true, and the recent files don't have it. Errors are those of DoLoad.
 void LoadAsNew(MapWindow &frm, const QString &path, const QString &caption);
+
+// Reads the slice that stands first into an empty window, and the levels and groups: for a look at a map.
+// Nothing is asked, hyperlinks and attachments stay in the file, and the window keeps its path, which is
+// none. The slice's surface, which is the window's; null for a map without slices and without memory. Errors
+// are those of DoLoad.
+diagram::Surface *ReadFirstSlice(MapWindow &frm, storage::Database &database);
 
 // For a path that is no database: the file of a surface goes into the highest of the slots 0 and 1, and
 // Database becomes empty, so that saving asks for a name.

@@ -4,6 +4,7 @@
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/RecoveryBar.h"
+#include "mainwindow/StartOffer.h"
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowStatus.h"
 #include "recovery/Restore.h"
@@ -22,13 +23,6 @@ bool AsksBeforeDiscarding(support::Desktop &desktop, const recovery::LostMap &lo
                    .arg(lost.title),
                support::Buttons::YesNo, support::Icon::Question, settings::Terms().TITLE,
                support::EnterPresses::No) == support::Answer::Yes;
-}
-
-// Whether a user sees nothing on it; its default nodes are hidden.
-bool IsEmpty(const diagram::Surface &surface) {
-    for (const diagram::Node &node : surface.Nodes())
-        if (node.Selectable()) return false;
-    return true;
 }
 
 } // namespace
@@ -93,9 +87,7 @@ frmMain *LostMapOffers::Restore(recovery::LostMap lost) {
 frmMain *LostMapOffers::PlaceFor(const QString &path) {
     for (frmMain *form : frmMain::Forms())
         if (!path.isEmpty() && form->clsSettings().Database() == path && !form->HasUnsavedWork()) return form;
-    const bool isEmpty = window_.clsSettings().Database().isEmpty() && !window_.HasUnsavedWork() &&
-                         window_.AddFlow1().Count() == 1 && IsEmpty(window_.AddFlow1()[0]);
-    return isEmpty ? &window_ : nullptr;
+    return ShowsNothing(window_) ? &window_ : nullptr;
 }
 
 } // namespace mainwindow

@@ -7,6 +7,7 @@
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/PickBox.h"
+#include "mainwindow/StartOffer.h"
 #include "mainwindow/StartupSetting.h"
 #include "mainwindow/TemplateBar.h"
 #include "mainwindow/TimelineCommands.h"
@@ -107,6 +108,13 @@ void mnuViewStartup(frmMain &window) {
     SetStartupEnabled(window.MenuValue(QStringLiteral("mnuViewStartup")));
 }
 
+// An empty window shows the page at once.
+void mnuViewStartPage(frmMain &window) {
+    const bool shows = window.MenuValue(QStringLiteral("mnuViewStartPage"));
+    SetStartPageEnabled(shows);
+    if (shows) window.Start().Offer();
+}
+
 void SelectTab(frmMain &window, int step) {
     const int tab = window.TabStrip().TheTab() + step;
     if (tab >= 0 && tab < window.TabStrip().TabCount()) window.TabStrip().SetTheTab(tab);
@@ -163,6 +171,7 @@ constexpr CommandRow kRows[] = {
     Separator("mnuView"),
     {"mnuView", "mnuViewTemplates", "Te&mplates", kCheck, mnuViewTemplates, "template", "", "",
      Needs::Nothing, false, "bar pane side hide show"},
+    {"mnuView", "mnuViewStartPage", "Show Start Page", kCheck, mnuViewStartPage},
 };
 
 constexpr CommandRow kKeyRows[] = {

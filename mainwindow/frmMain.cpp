@@ -21,6 +21,7 @@
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
+#include "mainwindow/StartOffer.h"
 #include "mainwindow/TemplateBar.h"
 #include "mainwindow/TimelinePopup.h"
 #include "mainwindow/WindowJournal.h"
@@ -125,6 +126,7 @@ void frmMain::BuildMenus() {
     SetMenuValue(QStringLiteral("mnuViewStartup"), settings::GetStartupEnabled());
     SetMenuValue(QStringLiteral("mnuViewRBPrompt"), RHSPrompt());
     SetMenuValue(QStringLiteral("mnuViewTemplates"), templates_->Pane().IsShown());
+    SetMenuValue(QStringLiteral("mnuViewStartPage"), settings::GetStartPageEnabled());
 }
 
 void frmMain::Form_Activate() {

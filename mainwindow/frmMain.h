@@ -31,6 +31,7 @@ class PickBox;
 class PutBack;
 class SliceEditor;
 class SliceViews;
+class StartOffer;
 class TemplateBar;
 class TickBox;
 class TimelinePopup;
@@ -136,6 +137,7 @@ public:
     // Null for a window that keeps none.
     WindowJournal *Journal() const { return journal_.get(); }
     LostMapOffers &LostMaps() const { return *lostMaps_; }
+    StartOffer &Start() const { return *start_; }
     // Whether a file to be opened wants a new window: this map is dirty, or its first slice has 4 nodes or
     // more.
     bool WantsNewWindow();
@@ -213,6 +215,7 @@ private:
     std::unique_ptr<FilterBoxes> filter_;
     std::unique_ptr<Finder> finder_;
     std::unique_ptr<LostMapOffers> lostMaps_;
+    std::unique_ptr<StartOffer> start_;
     std::unique_ptr<SliceEditor> slices_;
     std::unique_ptr<TimelinePopup> popup_;
     std::unique_ptr<DroppedFiles> drop_;

@@ -8,6 +8,7 @@
 #include "mainwindow/Selection.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
+#include "mainwindow/StartOffer.h"
 #include "mainwindow/TextBox.h"
 #include "mainwindow/Toolbar.h"
 #include "mainwindow/WindowParts.h"
@@ -75,6 +76,7 @@ void frmMain::UpdateCommands() {
     SetMenuValue(QStringLiteral("mnuViewGrid"), surface.GridLines());
     SetMenuValue(QStringLiteral("mnuViewSnapGrid"), surface.SnapToGrid());
     status_->Update();
+    start_->Update();
 }
 
 } // namespace mainwindow

@@ -14,6 +14,7 @@
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
+#include "mainwindow/StartOffer.h"
 #include "mainwindow/TemplateBar.h"
 #include "mainwindow/TickBox.h"
 #include "mainwindow/TimelinePopup.h"
@@ -42,6 +43,7 @@ void frmMain::BuildControls() {
     views_ = std::make_unique<SliceViews>(*this, parts_->picRHS);
     finder_ = std::make_unique<Finder>(*this, parts_->picRHS);
     lostMaps_ = std::make_unique<LostMapOffers>(*this, parts_->picRHS);
+    start_ = std::make_unique<StartOffer>(*this, parts_->picRHS);
     filter_ = std::make_unique<FilterBoxes>(*this, *parts_->tlbFilter);
     slices_ = std::make_unique<SliceEditor>(*this);
     popup_ = std::make_unique<TimelinePopup>(*this);
@@ -79,6 +81,7 @@ void frmMain::ConnectControls() {
             [this] { support::Report("frmMain", "UpdateCommands", [this] { UpdateCommands(); }); });
     connect(&firstPaint_, &QTimer::timeout, this,
             [this] { support::Report("frmMain", "LookForPrinters", [this] { LookForPrinters(); }); });
+    connect(&firstPaint_, &QTimer::timeout, this, [this] { start_->Offer(); });
 }
 
 void frmMain::ConnectTabs() {

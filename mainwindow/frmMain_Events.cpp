@@ -8,6 +8,7 @@
 #include "mainwindow/HyperlinkFollower.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
+#include "mainwindow/StartOffer.h"
 #include "mainwindow/WindowParts.h"
 #include "mainwindow/WindowStatus.h"
 #include "support/Val.h"
@@ -18,6 +19,7 @@ namespace mainwindow {
 namespace {
 
 constexpr int kShiftKey = 16;
+constexpr int kEscapeKey = 27;
 constexpr int kDeleteKey = 46;
 constexpr int kMenuKey = 93;
 constexpr int kF10Key = 121;
@@ -124,6 +126,7 @@ void frmMain::AddFlow1_Error(int, bool &cancelDisplay) { cancelDisplay = true; }
 void frmMain::AddFlow1_KeyDown(int index, int &keyCode, int shift) {
     diagram::Surface &surface = AddFlow1_[index];
     status_->DropHint();
+    if (keyCode == kEscapeKey) start_->Leave();
     if (keyCode == kShiftKey && shift == diagram::keys::kShift) surface.SetShiftMode(true);
     if (AsksForProperties(keyCode, shift)) {
         keyCode = 0;

@@ -10,6 +10,7 @@
 #include "mainwindow/Selection.h"
 #include "mainwindow/ShowForm.h"
 #include "mainwindow/SliceViews.h"
+#include "mainwindow/StartOffer.h"
 #include "mainwindow/TimelinePopup.h"
 #include "mainwindow/WindowStatus.h"
 #include "support/Val.h"
@@ -64,6 +65,7 @@ void ShowNodeDialog(frmMain &window, diagram::Node &oNode) {
 
 void frmMain::AddFlow1_MouseDown(int index, int button, int, float x, float y) {
     status_->DropHint();
+    start_->Leave();
     if (button != diagram::mouse::kRight) return;
     diagram::SurfaceView &view = views_->At(index);
     const QPointF at = OnSurface(AddFlow1_[index], x, y);

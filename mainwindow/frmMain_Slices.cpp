@@ -7,6 +7,7 @@
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/SliceEditor.h"
 #include "mainwindow/SliceViews.h"
+#include "mainwindow/StartOffer.h"
 #include "mainwindow/TimelineCommands.h"
 #include "mainwindow/WindowParts.h"
 
@@ -26,6 +27,7 @@ void frmMain::SSTab_Click() {
     const int current = CurrentIndex();
     if (!views_->Has(current)) return; // a tab whose surface is still to be loaded
     views_->Select(current, tabStrip_.Caption());
+    start_->Raise();
     ShowTimelineTick(*this);
     ScheduleUpdate();
 }
@@ -37,7 +39,9 @@ void frmMain::picRHS_Resize() {
     inner.setHeight(inner.height() - tabStrip_.TabHeight());
     inner.setHeight(inner.height() - finder_->TakeBottom(inner));
     inner.setTop(inner.top() + lostMaps_->TakeTop(inner));
-    views_->Place(inner.height() > 0 ? inner : QRect(inner.topLeft(), QSize(inner.width(), 0)));
+    if (inner.height() < 0) inner.setHeight(0);
+    views_->Place(inner);
+    start_->Place(inner);
 }
 
 void frmMain::DoInsertSlice() {

@@ -14,6 +14,12 @@ support::cRegistry SettingsAt(support::RegistryRoot root, const QString &name) {
     registry.ValueKey = name;
     return registry;
 }
+
+// Of a setting that turns something off: absent and 0 are on.
+bool IsOn(const char *dont) { return support::Val(GetSet(QLatin1String(dont))) == 0; }
+void SaveOn(const char *dont, bool on) {
+    SaveSet(QLatin1String(dont), on ? QStringLiteral("0") : QStringLiteral("1"));
+}
 } // namespace
 
 QString GetSet(const QString &name, const QString &defaultValue) {
@@ -28,11 +34,10 @@ void SaveSet(const QString &name, const QString &value) {
     SettingsAt(support::RegistryRoot::CurrentUser, name).SetValue(value);
 }
 
-bool GetStartupEnabled() { return support::Val(GetSet(QLatin1String(kDontStartup))) == 0; }
-
-void SaveStartupEnabled(bool on) {
-    SaveSet(QLatin1String(kDontStartup), on ? QStringLiteral("0") : QStringLiteral("1"));
-}
+bool GetStartupEnabled() { return IsOn(kDontStartup); }
+void SaveStartupEnabled(bool on) { SaveOn(kDontStartup, on); }
+bool GetStartPageEnabled() { return IsOn(kDontStartPage); }
+void SaveStartPageEnabled(bool on) { SaveOn(kDontStartPage, on); }
 
 QString WindowPath() { return QStringLiteral("SOFTWARE\\") + Terms().TITLE; }
 

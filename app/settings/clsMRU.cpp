@@ -62,6 +62,17 @@ void clsMRU::AddFile(const QString &path) {
     order.SetValue(slot + order.Value().toString().remove(slot));
 }
 
+void clsMRU::RemoveFile(const QString &path) {
+    support::cRegistry order = ValueAt(store_, QLatin1String(kOrder));
+    QString letters = order.Value().toString();
+    for (const QChar letter : QString(letters)) {
+        if (!support::IsSameFile(File2(letter), path)) continue;
+        ValueAt(store_, QString(letter)).SetValue(QString());
+        letters.remove(letter);
+    }
+    order.SetValue(letters);
+}
+
 QString clsMRU::File2(QChar letter) const { return ValueAt(store_, QString(letter)).Value().toString(); }
 
 QString clsMRU::File(int position) const {

@@ -21,6 +21,9 @@ public:
     // Notes `path` as the most recent. A path that differs only in case reuses its slot. Once all 26 are
     // taken, each new path overwrites slot a. Error 26001.
     void AddFile(const QString &path);
+    // Takes the path off the list: its slot is empty and left out of the order. Nothing for one that isn't on
+    // it. Error 26001.
+    void RemoveFile(const QString &path);
     // The path in a slot, or an empty text.
     QString File2(QChar letter) const;
     // The path at a position of the order, from 1, or an empty text.

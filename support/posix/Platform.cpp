@@ -178,6 +178,13 @@ QString SystemFolder() { return QStringLiteral("/usr/lib"); }
 
 QString StateFolder() { return UsersFolder("XDG_STATE_HOME", "/.local/state"); }
 QString ConfigFolder() { return UsersFolder("XDG_CONFIG_HOME", "/.config"); }
+QString CacheFolder() {
+#ifdef Q_OS_MACOS
+    return QDir::homePath() + QStringLiteral("/Library/Caches");
+#else
+    return UsersFolder("XDG_CACHE_HOME", "/.cache");
+#endif
+}
 QString DataFolder() { return UsersFolder("XDG_DATA_HOME", "/.local/share"); }
 
 bool MayWriteInto(const QString &folder) {

@@ -9,6 +9,7 @@
 #include "mainwindow/frmSplash.h"
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/RecoveryBar.h"
+#include "mainwindow/StartOffer.h"
 #include "mainwindow/WindowJournal.h"
 #include "recovery/JournalFile.h"
 #include "support/Files.h"
@@ -21,6 +22,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTest>
 
 namespace app {
 
@@ -85,6 +87,33 @@ TEST(PathInCommandLine, TakesOneQuoteOffEitherEnd) {
     EXPECT_EQ(PathInCommandLine(QStringLiteral("\"\"a\"")), QStringLiteral("\"a"));
     EXPECT_EQ(PathInCommandLine(QStringLiteral("\"")), QString());
     EXPECT_EQ(PathInCommandLine(QString()), QString());
+}
+
+TEST_F(Start, AnEmptyWindowHasTheStartPageAndAMapOfTheCommandLineNot) {
+    frmMain *empty = Run();
+    ASSERT_TRUE(empty);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return empty->Start().Page() != nullptr; }));
+    delete empty;
+    frmMain *opened = Run(Map(QStringLiteral("plan.map")));
+    ASSERT_TRUE(opened);
+    opened->Start().Offer();
+    for (int turn = 0; turn < 5; ++turn) QCoreApplication::processEvents();
+    EXPECT_EQ(opened->Start().Page(), nullptr);
+}
+
+TEST_F(Start, AStartupMapTakesThePlaceOfTheStartPage) {
+    Map(QStringLiteral("Startup/first.map"));
+    ExpectPrompt(QStringLiteral("first.map"), true);
+    frmMain *opened = Run();
+    ASSERT_TRUE(opened);
+    opened->Start().Offer();
+    for (int turn = 0; turn < 5; ++turn) QCoreApplication::processEvents();
+    EXPECT_EQ(opened->Start().Page(), nullptr);
+    delete opened;
+    ExpectPrompt(QStringLiteral("first.map"), false);
+    frmMain *refused = Run();
+    ASSERT_TRUE(refused);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return refused->Start().Page() != nullptr; }));
 }
 
 TEST_F(Start, ShowsTheFirstWindowAndTakesTheSplashAway) {

@@ -111,6 +111,7 @@ constexpr const char *kMenu[] = {
     "mnuView|mnuViewRBPrompt|check|Show RHS Prompt",
     "mnuView||sep|",
     "mnuView|mnuViewTemplates|check|Te&mplates",
+    "mnuView|mnuViewStartPage|check|Show Start Page",
     "|mnuLayout|menu|&Layout",
     "mnuLayout|mnuLayoutHExecute|command|Hierarchical",
     "mnuLayout|mnuLayoutTreeExecute|command|Tree",
