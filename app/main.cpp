@@ -14,6 +14,8 @@
 #include "mainwindow/frmMain.h"
 #include "support/ExceptionFilter.h"
 #include "support/real/RealDesktop.h"
+#include "templates/forms/frmRB.h"
+#include "templates/forms/frmSaveAsTemplate.h"
 #include "timeline/setup/frmDate.h"
 #include "timeline/setup/frmTimelineSetup.h"
 
@@ -53,6 +55,8 @@ void AddForms(support::RealDesktop &desktop) {
     AddForm<dialogs::frmGroups, dialogs::GroupsFormArgument>(forms);
     AddForm<dialogs::frmLinkDialog, dialogs::LinkDialogArgument>(forms);
     AddForm<dialogs::frmNodeDialog, dialogs::NodeDialogArgument>(forms);
+    AddForm<templates::frmRB, settings::clsRB>(forms);
+    AddForm<templates::frmSaveAsTemplate, templates::SaveAsTemplateArgument>(forms);
     AddForm<mainwindow::frmLayout, mainwindow::LayoutFormArgument>(forms);
     forms.Add<mainwindow::AboutForm>([&desktop](mainwindow::AboutForm &, support::Owner owner) {
         return mainwindow::frmAbout(desktop.Get(), owner).exec() == QDialog::Accepted;

@@ -48,8 +48,8 @@ private:
     Yes yes_;
     NoForms forms_;
     support::Desktop desktop_{
-        yes_,          outer_.dialogs,  outer_.launcher, outer_.clock, outer_.memory, outer_.registry,
-        outer_.random, outer_.printers, outer_.identity, forms_};
+        yes_,          outer_.dialogs,  outer_.launcher, outer_.clock,     outer_.memory, outer_.registry,
+        outer_.random, outer_.printers, outer_.identity, outer_.fileIcons, forms_};
 };
 
 BenchWindow::BenchWindow()

@@ -33,6 +33,13 @@ constexpr Command kCommands[] = {
      "recovered [--folder FOLDER]\n"
      "  recovered NUMBER OUT [--folder FOLDER]\n"
      "      the maps of editors that ended before they were saved, or one of them as the new map OUT"},
+    {"template", Template, true,
+     "template list\n"
+     "  template apply FILE MAP [--slice N]\n"
+     "  template make MAP [--slice N] OUT\n"
+     "      the templates that the editor offers; a template put in the place of what a slice holds; a "
+     "slice\n"
+     "      saved as a template, with an icon that is drawn from it. Slices are counted from 1"},
 };
 
 const Command *Find(const QStringList &arguments) {
@@ -101,6 +108,22 @@ QString TakeOption(QStringList &arguments, const QString &option) {
     if (at + 1 >= arguments.size()) throw UsageError(QStringLiteral("%1 needs a value").arg(option));
     arguments.removeAt(at);
     return arguments.takeAt(at);
+}
+
+int NumberOption(QStringList &arguments, const QString &option, int lowest, int highest, int preset) {
+    const QString text = TakeOption(arguments, option);
+    if (text.isEmpty()) return preset;
+    bool good = false;
+    const int number = text.toInt(&good);
+    if (!good || number < lowest || number > highest)
+        throw UsageError(
+            QStringLiteral("%1 needs a number from %2 to %3").arg(option).arg(lowest).arg(highest));
+    return number;
+}
+
+int TakeSlice(QStringList &arguments) {
+    constexpr int kMostSlices = 32768;
+    return NumberOption(arguments, QStringLiteral("--slice"), 1, kMostSlices, 1);
 }
 
 bool TakeSwitch(QStringList &arguments, const QString &option) { return arguments.removeAll(option) > 0; }

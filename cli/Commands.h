@@ -32,6 +32,10 @@ private:
 // Takes the option with its value out of the arguments; empty without it. UsageError when the value is
 // missing.
 QString TakeOption(QStringList &arguments, const QString &option);
+// The same for a number in that range; `preset` without the option.
+int NumberOption(QStringList &arguments, const QString &option, int lowest, int highest, int preset);
+// The slice that --slice names, counted from 1; the first without it.
+int TakeSlice(QStringList &arguments);
 // Takes the switch out of the arguments and tells whether it was there.
 bool TakeSwitch(QStringList &arguments, const QString &option);
 // UsageError unless exactly `count` arguments are left, none of which is empty or looks like an option.
@@ -44,5 +48,6 @@ int Repair(QStringList arguments, QTextStream &out);
 int Convert(QStringList arguments, QTextStream &out);
 int Picture(QStringList arguments, QTextStream &out);
 int Recovered(QStringList arguments, QTextStream &out);
+int Template(QStringList arguments, QTextStream &out);
 
 } // namespace cli

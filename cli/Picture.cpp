@@ -15,17 +15,6 @@ constexpr int kMostPixels = 32767;
 const QStringList kFormats = {QStringLiteral("png"), QStringLiteral("svg"), QStringLiteral("pdf"),
                               QStringLiteral("wmf"), QStringLiteral("emf")};
 
-int NumberOption(QStringList &arguments, const QString &option, int lowest, int highest, int preset) {
-    const QString text = TakeOption(arguments, option);
-    if (text.isEmpty()) return preset;
-    bool good = false;
-    const int number = text.toInt(&good);
-    if (!good || number < lowest || number > highest)
-        throw UsageError(
-            QStringLiteral("%1 needs a number from %2 to %3").arg(option).arg(lowest).arg(highest));
-    return number;
-}
-
 QString FormatOption(QStringList &arguments) {
     const QString format = TakeOption(arguments, QStringLiteral("--format"));
     if (format.isEmpty()) return QStringLiteral("png");
@@ -67,13 +56,7 @@ int AllSlices(const QString &map, const QString &folder, const QString &format,
 int OneSlice(const QString &map, int number, const QString &path, const diagram::ExportOptions &options) {
     Session session;
     document::MemoryWindow &window = session.Open(map);
-    const std::vector<int> slices = window.AddFlow1().Indices();
-    if (number > static_cast<int>(slices.size()))
-        throw support::Error(
-            support::kErrSubscriptOutOfRange, QStringLiteral("velmora-cli"),
-            QStringLiteral("Slice %1 does not exist; the map has %2").arg(number).arg(slices.size()));
-    diagram::ExportPictureFile(window.AddFlow1()[slices[static_cast<std::size_t>(number - 1)]], path,
-                               options);
+    diagram::ExportPictureFile(SliceOf(window, number), path, options);
     return kGood;
 }
 
@@ -88,7 +71,7 @@ int Picture(QStringList arguments, QTextStream &out) {
         ExpectFiles(arguments, 1);
         return AllSlices(arguments[0], folder, format, options, out);
     }
-    const int number = NumberOption(arguments, QStringLiteral("--slice"), 1, kMostPixels + 1, 1);
+    const int number = TakeSlice(arguments);
     ExpectFiles(arguments, 2);
     diagram::CheckPictureEnding(arguments[1]);
     return OneSlice(arguments[0], number, arguments[1], options);

@@ -3,6 +3,7 @@
 #include "document/DoLoad.h"
 #include "document/OpenMap.h"
 #include "support/AtomicFile.h"
+#include "support/Error.h"
 #include "support/PrivateFolder.h"
 
 #include <QDir>
@@ -47,9 +48,17 @@ namespace {
 
 support::Desktop Composed(support::Desktop &headless, support::MessageBoxes &boxes,
                           support::MemoryProbe &memory) {
-    return {
-        boxes,           headless.dialogs,  headless.launcher, headless.clock,     memory, headless.registry,
-        headless.random, headless.printers, headless.identity, headless.dialogHost};
+    return {boxes,
+            headless.dialogs,
+            headless.launcher,
+            headless.clock,
+            memory,
+            headless.registry,
+            headless.random,
+            headless.printers,
+            headless.identity,
+            headless.fileIcons,
+            headless.dialogHost};
 }
 
 } // namespace
@@ -82,6 +91,16 @@ document::MemoryWindow &Session::Open(const QString &path) {
         settings.OwnFiles().Add(settings.Database());
     }
     return window_;
+}
+
+diagram::Surface &SliceOf(document::MemoryWindow &window, int number) {
+    const std::vector<int> slices = window.AddFlow1().Indices();
+    if (number > int(slices.size()))
+        throw support::Error(
+            support::kErrSubscriptOutOfRange, QStringLiteral("velmora-cli"),
+            QStringLiteral("Slice %1 does not exist; the map has %2").arg(number).arg(slices.size()));
+    window.TabStrip().SetTheTab(number - 1);
+    return window.AddFlow1()[slices[std::size_t(number - 1)]];
 }
 
 } // namespace cli

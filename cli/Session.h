@@ -50,4 +50,7 @@ private:
     int files_ = 0;
 };
 
+// A slice, counted from 1, whose tab becomes the current one. Error 9 for one that isn't there.
+diagram::Surface &SliceOf(document::MemoryWindow &window, int number);
+
 } // namespace cli

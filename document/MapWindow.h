@@ -4,6 +4,7 @@
 
 #include "support/Forms.h"
 
+#include <optional>
 #include <QString>
 
 namespace document {
@@ -53,6 +54,8 @@ public:
     // After a load: paints the main controls again, tells the window its size, draws the menu bar.
     virtual void RefreshMainControls() = 0;
     virtual void DrawMenuBar() = 0;
+    // Whether the months of the current slice are to be seen; none for a slice without months.
+    virtual std::optional<bool> ShowsTimeline() = 0;
 };
 
 // Shows the form above the window and gives true when its user chose OK: the user's turn, so with the normal

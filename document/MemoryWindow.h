@@ -56,11 +56,13 @@ public:
     void AddFlow1_AfterMove(int index) override;
     void RefreshMainControls() override { calls.append(QStringLiteral("RefreshMainControls")); }
     void DrawMenuBar() override { calls.append(QStringLiteral("DrawMenuBar")); }
+    std::optional<bool> ShowsTimeline() override { return showsTimeline; }
 
     // What the window was told, in order. An AfterMove is "AddFlow1_AfterMove N".
     QStringList statuses, calls;
     std::vector<int> progress, pointers;
     QString caption;
+    std::optional<bool> showsTimeline;
 
 private:
     support::Desktop &desktop_;

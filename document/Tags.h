@@ -24,6 +24,9 @@ inline const QString kDateFormat =
 inline const QString kTimelineAlign =
     QStringLiteral("TM_Align");                            // surface: number of the timeline's arrangement
 inline const QString kMissing = QStringLiteral("Missing"); // surface: "True" or "False"
+inline const QString kNamesOfLevels =
+    QStringLiteral("NAMESOFLEVELS"); // node "DIAGRAM": what the keys of levels are called
+inline const QString kNamesOfGroups = QStringLiteral("NAMESOFGROUPS"); // the same for groups
 } // namespace tags
 
 // The tag with the value under the key, in upper case. Of several entries with the key the last is replaced;

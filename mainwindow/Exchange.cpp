@@ -9,8 +9,10 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/ShowForm.h"
 #include "mainwindow/WindowStatus.h"
+#include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Files.h"
+#include "timeline/PrepFileForImport.h"
 
 #include <QCoreApplication>
 
@@ -127,11 +129,9 @@ void ImportCsv(frmMain &window, const QString &file) {
 }
 
 void ImportFlatFile(frmMain &window, const QString &file) {
-    const auto &prepare = window.Exchange().PrepFileForImport;
-    if (!prepare) return window.Status().TellNotYet(Tr("Importing flat files"));
     ReadWhereAsked(window, [&](diagram::Surface &flow) {
-        prepare(flow, file);
-        diagram::LoadFile(flow, file);
+        const QByteArray bytes = support::ReadWholeFile(file);
+        diagram::ReplaceBytes(flow, timeline::PrepBytesForImport(bytes, window));
         window.clsSettings().Dirty = true;
     });
 }

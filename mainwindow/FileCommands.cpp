@@ -9,6 +9,7 @@
 #include "mainwindow/ShowForm.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/WindowJournal.h"
+#include "templates/SaveAsTemplate.h"
 
 namespace mainwindow {
 
@@ -66,8 +67,9 @@ void mnuFileSaveAs(frmMain &window) {
 }
 
 void mnuFileSaveAsTemplate(frmMain &window) {
-    SaveAsTemplateArgument argument{window.CurrentSurface()};
-    ShowForm(window, argument, QStringLiteral("Saving as a template"));
+    window.Views().StoreTexts();
+    templates::SaveAsTemplateArgument argument{window, window.CurrentSurface()};
+    document::Show(window, argument);
 }
 
 bool IsAuthor() { return settings::Terms().AUTHOR; }

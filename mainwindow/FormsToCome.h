@@ -15,11 +15,6 @@ struct PowerPointArgument {
     QString file;
 };
 
-struct SaveAsTemplateArgument {
-    static constexpr char kForm[] = "frmSaveAsTemplate";
-    diagram::Surface &oFlow;
-};
-
 struct PageSetupArgument {
     static constexpr char kForm[] = "frmPageSetup";
 };

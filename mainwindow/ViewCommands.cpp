@@ -91,10 +91,7 @@ void mnuViewRBPrompt(frmMain &window) {
     settings::clsRB prompt;
     if (!window.MenuValue(key)) return prompt.ResetPrompt();
     window.SetMousePointer(kNormal);
-    if (support::HasForm<settings::clsRB>(window.Desktop()))
-        prompt.DisplayPrompt(true);
-    else
-        window.Status().TellNotYet(QStringLiteral("The question of the template bar"));
+    prompt.DisplayPrompt(true);
     window.SetMenuValue(key, prompt.GetDisplayPrompt());
 }
 

@@ -66,6 +66,7 @@ public:
     void AddFlow1_AfterMove(int index) override;
     void RefreshMainControls() override;
     void DrawMenuBar() override;
+    std::optional<bool> ShowsTimeline() override;
 
     // Whether both texts of the nodes are shown: the state of the button, for all slices and maps that this
     // window shows. Presses and releases a button of check style, and runs it.

@@ -7,6 +7,7 @@
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/Toolbar.h"
 #include "mainwindow/WindowParts.h"
+#include "timeline/TimelineNodes.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -63,6 +64,11 @@ void frmMain::RefreshMainControls() {
 }
 
 void frmMain::DrawMenuBar() { menuBar()->update(); }
+
+std::optional<bool> frmMain::ShowsTimeline() {
+    if (timeline::LocateTimelineNodes(CurrentSurface()).empty()) return std::nullopt;
+    return MenuValue(QStringLiteral("mnuViewTimeline"));
+}
 
 bool frmMain::DisplayPressed() const {
     const QAction *button = parts_->tlbFormat->Button(QStringLiteral("DISPLAY"));

@@ -12,6 +12,7 @@
 #include <QString>
 #include <QStringList>
 
+class QIcon;
 class QWidget;
 
 namespace support {
@@ -144,6 +145,14 @@ public:
     virtual QString UserName() = 0;
 };
 
+// What the platform shows files as.
+class FileIcons {
+public:
+    virtual ~FileIcons() = default;
+    // The icon of the application that opens the file, or of its kind. Never null where there is a screen.
+    virtual QIcon AssociatedIcon(const QString &path) = 0;
+};
+
 class FormRequest; // support/Forms.h
 
 // Opens the modal forms; callers go through support/Forms.h.
@@ -170,6 +179,7 @@ struct Desktop {
     Random &random;
     Printers &printers;
     Identity &identity;
+    FileIcons &fileIcons;
     DialogHost &dialogHost;
 };
 

@@ -44,6 +44,8 @@ QString SystemFolder();
 QString StateFolder();
 // Where programs keep what their user has chosen, in the same way.
 QString ConfigFolder();
+// Where programs keep what their user has made with them, in the same way.
+QString DataFolder();
 // Whether this user may make files in the folder and replace those that are there. A folder that has every
 // right to write taken away is left alone by an administrator's program too. False where there is none.
 bool MayWriteInto(const QString &folder);

@@ -25,6 +25,18 @@ bool MayReplace(const QString &path) {
     return support::platform::MayWriteInto(support::ProgramPath()) && !support::IsReadOnly(path);
 }
 
+void MakeFolder(const QString &folder, const char *source) {
+    if (QDir().mkpath(folder)) return;
+    throw support::Error(support::kErrPathNotFound, QLatin1String(source),
+                         QStringLiteral("Path not found: %1").arg(folder));
+}
+
+// Whether new files may go into a folder below the program's, which is made where it is missing.
+bool MayFill(const QString &folder) {
+    if (support::DirExists(folder)) return support::platform::MayWriteInto(folder);
+    return support::platform::MayWriteInto(support::ProgramPath()) && QDir().mkpath(folder);
+}
+
 } // namespace
 
 QString PathToRead(const QString &name) {
@@ -35,10 +47,23 @@ QString PathToRead(const QString &name) {
 QString PathToWrite(const QString &name) {
     const QString delivered = InProgramFolder(name);
     if (MayReplace(delivered)) return delivered;
-    if (!QDir().mkpath(UsersFolder()))
-        throw support::Error(support::kErrPathNotFound, QStringLiteral("PathToWrite"),
-                             QStringLiteral("Path not found: %1").arg(UsersFolder()));
+    MakeFolder(UsersFolder(), "PathToWrite");
     return InUsersFolder(name);
+}
+
+QString TemplatesFolder() { return support::AddBackslash(InProgramFolder(QStringLiteral("Templates"))); }
+
+QString OwnTemplatesFolder() {
+    return QDir::toNativeSeparators(
+        QStringLiteral("%1/velmora/%2/Templates/").arg(support::platform::DataFolder(), Terms().TITLE));
+}
+
+QString FolderForTemplates() {
+    const QString beside = TemplatesFolder();
+    if (MayFill(beside)) return beside;
+    const QString own = OwnTemplatesFolder();
+    MakeFolder(own, "FolderForTemplates");
+    return own;
 }
 
 void TellOfOwnCopies(const QStringList &paths) {

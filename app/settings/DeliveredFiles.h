@@ -16,4 +16,12 @@ QString PathToWrite(const QString &name);
 // Tells the user which of the files just written are copies of their own, if any, and why.
 void TellOfOwnCopies(const QStringList &paths);
 
+// The folders of templates, with a separator at their ends: the one beside the program, and the user's own.
+// Neither need be there.
+QString TemplatesFolder();
+QString OwnTemplatesFolder();
+// Where a new template goes: the first where it may be written, else the second. The folder is made when it
+// isn't there. Error 76 when that can't be done.
+QString FolderForTemplates();
+
 } // namespace settings

@@ -45,6 +45,13 @@ void Place(Surface &surface, Content &content) {
     }
 }
 
+Content DecodeFor(const Surface &surface, const QByteArray &bytes) {
+    Content content = Decode(bytes, ContentKind::Surface);
+    content.surface.picture = surface.Picture();
+    content.surface.backColor = surface.BackColor();
+    return content;
+}
+
 void Shift(Content &content, float dx, float dy) {
     for (StoredNode &node : content.nodes) {
         node.data.left = Checked(IsCoordinate, node.data.left + dx, "Surface");
@@ -80,14 +87,24 @@ QByteArray SaveBytes(const Surface &surface) {
 }
 
 void LoadBytes(Surface &surface, const QByteArray &bytes) {
-    Content content = Decode(bytes, ContentKind::Surface);
-    content.surface.picture = surface.Picture();
-    content.surface.backColor = surface.BackColor();
+    Content content = DecodeFor(surface, bytes);
     surface.Reset();
     surface.Overwrite(std::move(content.surface));
     Place(surface, content);
     surface.KeepWays();
     if (surface.Log()) surface.Log()->Forget();
+}
+
+void ReplaceBytes(Surface &surface, const QByteArray &bytes) {
+    Content content = DecodeFor(surface, bytes);
+    surface.BeginAction(0);
+    surface.SetReplaying(true);
+    surface.Nodes().Clear();
+    surface.Overwrite(std::move(content.surface));
+    Place(surface, content);
+    surface.KeepWays();
+    surface.SetReplaying(false);
+    surface.EndAction();
 }
 
 void SaveFile(const Surface &surface, const QString &path) {

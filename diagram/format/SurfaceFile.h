@@ -19,6 +19,9 @@ void SaveFile(const Surface &surface, const QString &path);
 QByteArray SaveBytes(const Surface &surface);
 void LoadBytes(Surface &surface, const QByteArray &bytes);
 
+// The same as LoadBytes in a group of changes, as one step of undo: the history stays.
+void ReplaceBytes(Surface &surface, const QByteArray &bytes);
+
 // The selection (nodes, links between them, links selected with both ends) as bytes, and back: the pasted
 // items come on top, selected, moved by `dx`, `dy` twips. Error 321 as above.
 QByteArray SaveSelection(const Surface &surface);

@@ -4,6 +4,7 @@
 #include "support/PlatformRegistry.h"
 
 #include <cstdio>
+#include <QIcon>
 
 namespace support {
 
@@ -28,10 +29,12 @@ QString HeadlessDialogs::ShowSaveFileDialog(const QString &, const QString &, co
     return QString();
 }
 
+QIcon HeadlessFileIcons::AssociatedIcon(const QString &) { return {}; }
+
 HeadlessDesktop::HeadlessDesktop(std::unique_ptr<RegistryStore> registry)
     : registry_(registry ? std::move(registry) : CreatePlatformRegistry()),
-      desktop_{messageBoxes_, dialogs_, launcher_, clock_,    memory_,
-               *registry_,    random_,  printers_, identity_, forms_} {
+      desktop_{messageBoxes_, dialogs_,  launcher_, clock_,     memory_, *registry_,
+               random_,       printers_, identity_, fileIcons_, forms_} {
     SetDesktop(&desktop_);
     SetReporter(ReportWithMessageBoxes);
 }

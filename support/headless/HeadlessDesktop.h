@@ -42,6 +42,11 @@ public:
     void SetCurrent(const QString &) override {}
 };
 
+class HeadlessFileIcons : public FileIcons {
+public:
+    QIcon AssociatedIcon(const QString &path) override; // null
+};
+
 // Becomes the current desktop for as long as it lives. The registry is the one given, or the platform's.
 class HeadlessDesktop {
 public:
@@ -62,6 +67,7 @@ private:
     SystemRandom random_;
     HeadlessPrinters printers_;
     SystemIdentity identity_;
+    HeadlessFileIcons fileIcons_;
     FormTable forms_;
     Desktop desktop_;
 };

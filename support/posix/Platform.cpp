@@ -90,6 +90,17 @@ std::unique_ptr<FileLock> WaitFor(std::unique_ptr<FlockLock> lock, int milliseco
     return lock;
 }
 
+// The folder that the variable names, or the usual one below the home folder.
+QString UsersFolder([[maybe_unused]] const char *variable, [[maybe_unused]] const char *usual) {
+#ifdef Q_OS_MACOS
+    return QDir::homePath() + QStringLiteral("/Library/Application Support");
+#else
+    // A relative path is none, as the convention has it.
+    const QString named = qEnvironmentVariable(variable);
+    return QDir::isAbsolutePath(named) ? QDir::cleanPath(named) : QDir::homePath() + QLatin1String(usual);
+#endif
+}
+
 } // namespace
 
 Qt::CaseSensitivity PathCase() {
@@ -165,26 +176,9 @@ QString WindowsFolder() { return QStringLiteral("/usr"); }
 
 QString SystemFolder() { return QStringLiteral("/usr/lib"); }
 
-QString StateFolder() {
-#ifdef Q_OS_MACOS
-    return QDir::homePath() + QStringLiteral("/Library/Application Support");
-#else
-    // A relative path is none, as the convention has it.
-    const QString named = qEnvironmentVariable("XDG_STATE_HOME");
-    return QDir::isAbsolutePath(named) ? QDir::cleanPath(named)
-                                       : QDir::homePath() + QStringLiteral("/.local/state");
-#endif
-}
-
-QString ConfigFolder() {
-#ifdef Q_OS_MACOS
-    return QDir::homePath() + QStringLiteral("/Library/Application Support");
-#else
-    const QString named = qEnvironmentVariable("XDG_CONFIG_HOME");
-    return QDir::isAbsolutePath(named) ? QDir::cleanPath(named)
-                                       : QDir::homePath() + QStringLiteral("/.config");
-#endif
-}
+QString StateFolder() { return UsersFolder("XDG_STATE_HOME", "/.local/state"); }
+QString ConfigFolder() { return UsersFolder("XDG_CONFIG_HOME", "/.config"); }
+QString DataFolder() { return UsersFolder("XDG_DATA_HOME", "/.local/share"); }
 
 bool MayWriteInto(const QString &folder) {
     const QByteArray path = QFile::encodeName(folder);

@@ -5,6 +5,7 @@
 #include "support/Forms.h"
 #include "support/headless/SystemDoors.h"
 #include "support/real/QtCommonDialogs.h"
+#include "support/real/QtFileIcons.h"
 #include "support/real/QtLauncher.h"
 #include "support/real/QtMessageBoxes.h"
 #include "support/real/QtPrinters.h"
@@ -40,6 +41,7 @@ private:
     std::unique_ptr<RegistryStore> registry_;
     SystemRandom random_;
     SystemIdentity identity_;
+    QtFileIcons fileIcons_;
     FormTable forms_;
     Desktop desktop_;
 };

@@ -3,6 +3,8 @@
 #include "support/Error.h"
 
 #include <gtest/gtest.h>
+#include <QIcon>
+#include <QPixmap>
 
 namespace support::testing {
 
@@ -121,9 +123,16 @@ bool ScriptedDialogHost::ShowModal(const FormRequest &request, Owner) {
     return next->action(request);
 }
 
+QIcon FakeFileIcons::AssociatedIcon(const QString &path) {
+    asked << path;
+    QPixmap pixmap(16, 16);
+    pixmap.fill(Qt::blue);
+    return QIcon(pixmap);
+}
+
 ScriptedDesktop::ScriptedDesktop()
-    : desktop{messageBoxes, dialogs, launcher, clock,    memory,
-              registry,     random,  printers, identity, dialogHost} {
+    : desktop{messageBoxes, dialogs,  launcher, clock,     memory,    registry,
+              random,       printers, identity, fileIcons, dialogHost} {
     SetDesktop(&desktop);
     SetReporter(ReportWithMessageBoxes);
 }

@@ -145,6 +145,13 @@ public:
     QString name = QStringLiteral("tester");
 };
 
+// A square of one colour for every file.
+class FakeFileIcons : public FileIcons {
+public:
+    QIcon AssociatedIcon(const QString &path) override;
+    QStringList asked;
+};
+
 class ScriptedDialogHost : public DialogHost {
 public:
     bool ShowModal(const FormRequest &request, Owner owner) override;
@@ -209,6 +216,7 @@ public:
     FakeRandom random;
     FakePrinters printers;
     FakeIdentity identity;
+    FakeFileIcons fileIcons;
     ScriptedDialogHost dialogHost;
     Desktop desktop;
 };

@@ -173,6 +173,8 @@ QString SystemFolder() {
 
 QString StateFolder() { return QDir::cleanPath(qEnvironmentVariable("LOCALAPPDATA", QDir::homePath())); }
 
+QString DataFolder() { return QDir::cleanPath(qEnvironmentVariable("APPDATA", QDir::homePath())); }
+
 QString ConfigFolder() { return QDir::cleanPath(qEnvironmentVariable("APPDATA", QDir::homePath())); }
 
 // The rights of a folder come from several lists, so a file that goes at once is the only sure answer.

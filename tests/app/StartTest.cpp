@@ -126,9 +126,9 @@ TEST_F(Start, TheSplashStaysUntilTheSecondBehindTheOneInWhichItCame) {
          {Case{QTime(10, 30, 7, 0), 1000}, {QTime(10, 30, 7, 700), 300}, {QTime(10, 30, 7, 990), 20}}) {
         LookingClock clock;
         clock.now.setTime(came);
-        support::Desktop doors{desktop.messageBoxes, desktop.dialogs,   desktop.launcher, clock,
-                               desktop.memory,       desktop.registry,  desktop.random,   desktop.printers,
-                               desktop.identity,     desktop.dialogHost};
+        support::Desktop doors{desktop.messageBoxes, desktop.dialogs,   desktop.launcher,  clock,
+                               desktop.memory,       desktop.registry,  desktop.random,    desktop.printers,
+                               desktop.identity,     desktop.fileIcons, desktop.dialogHost};
         frmMain *window = Main(doors, {});
         ASSERT_TRUE(window);
         EXPECT_EQ(came.msecsTo(clock.now.time()), waited) << came.msec();
@@ -143,9 +143,9 @@ TEST_F(Start, TheSplashStaysUntilTheSecondBehindTheOneInWhichItCame) {
 TEST_F(Start, TheSplashDoesNotWaitForADayWhenItCameBeforeMidnight) {
     LookingClock clock;
     clock.now.setTime(QTime(23, 59, 59, 500));
-    support::Desktop doors{desktop.messageBoxes, desktop.dialogs,   desktop.launcher, clock,
-                           desktop.memory,       desktop.registry,  desktop.random,   desktop.printers,
-                           desktop.identity,     desktop.dialogHost};
+    support::Desktop doors{desktop.messageBoxes, desktop.dialogs,   desktop.launcher,  clock,
+                           desktop.memory,       desktop.registry,  desktop.random,    desktop.printers,
+                           desktop.identity,     desktop.fileIcons, desktop.dialogHost};
     frmMain *window = Main(doors, {});
     ASSERT_TRUE(window);
     EXPECT_EQ(clock.now, QDateTime(QDate(2024, 5, 18), QTime(0, 0)));

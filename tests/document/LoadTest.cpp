@@ -282,7 +282,8 @@ TEST_F(LoadTest, SlicesReadBeforeMemoryRanShortStay) {
     memory.looks = 3; // a slice, its first node, the next slice
     support::Desktop outside{
         desktop.messageBoxes, desktop.dialogs, desktop.launcher, desktop.clock,    memory,
-        desktop.registry,     desktop.random,  desktop.printers, desktop.identity, desktop.dialogHost};
+        desktop.registry,     desktop.random,  desktop.printers, desktop.identity, desktop.fileIcons,
+        desktop.dialogHost};
     MemoryWindow window(outside);
     window.clsSettings().SetDatabase(
         Map({InsertSlice(0, QStringLiteral("a")), InsertSlice(1, QStringLiteral("b")),

@@ -52,7 +52,8 @@ protected:
     CountingMemory memory;
     support::Desktop outside{
         desktop.messageBoxes, desktop.dialogs, desktop.launcher, desktop.clock,    memory,
-        desktop.registry,     desktop.random,  desktop.printers, desktop.identity, desktop.dialogHost};
+        desktop.registry,     desktop.random,  desktop.printers, desktop.identity, desktop.fileIcons,
+        desktop.dialogHost};
     MemoryWindow window{outside};
 };
 

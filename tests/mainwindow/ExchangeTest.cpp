@@ -5,6 +5,7 @@
 #include "document/LastPath.h"
 #include "document/UnsavedWork.h"
 #include "mainwindow/FormsToCome.h"
+#include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "tests/mainwindow/WindowTest.h"
 
@@ -82,8 +83,7 @@ TEST_F(Exchange, ExportOffersFiveFormsTheLastOneFirst) {
 TEST_F(Exchange, WhatIsNotThereYetIsToldAndNothingIsAskedOrEmptied) {
     AddNode(window, 0, 0);
     desktop.dialogHost.Miss<PowerPointArgument>();
-    const std::pair<int, const char *> imports[] = {
-        {1, "Importing maps"}, {2, "Importing flat files"}, {3, "Importing text files"}};
+    const std::pair<int, const char *> imports[] = {{1, "Importing maps"}, {3, "Importing text files"}};
     for (const auto &[row, what] : imports) {
         Import(row);
         EXPECT_EQ(Status(window), QLatin1String(what) + QStringLiteral(" is not there yet."));
@@ -167,19 +167,22 @@ TEST_F(Exchange, AReplacingImportThatFailsLeavesTheSliceAsItWas) {
         diagram::LoadBytes(flow, diagram::SaveBytes(diagram::Surface()));
         fail(flow, file);
     };
+    support::AtomicFile broken(MapFile(QStringLiteral("in")));
+    broken.Write("VelmoraSurface and no more");
+    broken.Commit();
     const auto import = [&](const decltype(window.Exchange().ImportMap) &routine, int row) {
-        window.Exchange().ImportMap = window.Exchange().PrepFileForImport = routine;
+        window.Exchange().ImportMap = routine;
         desktop.ExpectMessage(kQuestion, support::Answer::Yes);
         desktop.ExpectMessageContaining(QStringLiteral("Invalid file format"));
         Import(row);
         EXPECT_TRUE(ContentOf(surface) == before);
         EXPECT_FALSE(document::MustAskBeforeLosing(window));
     };
-    import(fail, 2);
+    import({}, 2);
     import(fail, 3);
     import(failLate, 3);
     EXPECT_TRUE(surface.CanUndo()) << "the history goes on";
-    import(failAfterLoad, 2);
+    import(failAfterLoad, 3);
     EXPECT_EQ(surface.Nodes().Count(), 3);
     EXPECT_EQ(surface.Links().size(), 1u);
 }
@@ -198,19 +201,35 @@ TEST_F(Exchange, AReplacingImportOfTextIsOneStepOfUndo) {
     EXPECT_EQ(window.CurrentSurface().Nodes().Item(1).Text(), QStringLiteral("Idea"));
 }
 
-TEST_F(Exchange, AFlatFileIsMadeToFitLoadedAndMarksTheMap) {
+TEST_F(Exchange, AFlatFileIsMadeToFitInACopyAndIsOneStepOfUndo) {
     AddNode(window, 0, 0, QStringLiteral("Idea"));
-    diagram::SaveFile(window.CurrentSurface(), MapFile(QStringLiteral("in")));
+    const QString file = MapFile(QStringLiteral("in"));
+    diagram::SaveFile(window.CurrentSurface(), file);
+    const QByteArray bytes = support::ReadWholeFile(file);
+    const QString key = window.CurrentSurface().Nodes().Item(1).Key();
     window.CurrentSurface().Nodes().Item(1).SetText(QStringLiteral("Other"));
-    int prepared = 0;
-    window.Exchange().PrepFileForImport = [&](diagram::Surface &, const QString &) { ++prepared; };
     window.clsSettings().Dirty = false;
     desktop.ExpectMessage(kQuestion, support::Answer::Yes);
     Import(2);
-    EXPECT_EQ(prepared, 1);
     ASSERT_EQ(window.CurrentSurface().Nodes().Count(), 1);
     EXPECT_EQ(window.CurrentSurface().Nodes().Item(1).Text(), QStringLiteral("Idea"));
+    EXPECT_NE(window.CurrentSurface().Nodes().Item(1).Key(), key);
     EXPECT_TRUE(window.clsSettings().Dirty);
+    EXPECT_EQ(support::ReadWholeFile(file), bytes) << "the user's file is only read";
+    window.CurrentSurface().Undo();
+    ASSERT_EQ(window.CurrentSurface().Nodes().Count(), 1);
+    EXPECT_EQ(window.CurrentSurface().Nodes().Item(1).Text(), QStringLiteral("Other"));
+}
+
+TEST_F(Exchange, AFlatFileCanComeIntoANewSlice) {
+    AddNode(window, 0, 0, QStringLiteral("Idea"));
+    diagram::SaveFile(window.CurrentSurface(), MapFile(QStringLiteral("in")));
+    desktop.ExpectMessage(kQuestion, support::Answer::No);
+    desktop.ExpectInput(QStringLiteral("Name for Slice."), QStringLiteral("Imported"));
+    Import(2);
+    EXPECT_EQ(window.TabStrip().TheTab(), 1);
+    EXPECT_EQ(window.AddFlow1()[1].Nodes().Count(), 1);
+    EXPECT_EQ(window.AddFlow1()[0].Nodes().Count(), 1);
 }
 
 } // namespace mainwindow::testing

@@ -121,8 +121,9 @@ public:
 TEST_F(Format, AnErrorOfAButtonLeavesNoGroupOpen) {
     FailingBoxes boxes;
     const support::Desktop &doors = desktop.Get();
-    support::Desktop failing{boxes,          doors.dialogs, doors.launcher, doors.clock,    doors.memory,
-                             doors.registry, doors.random,  doors.printers, doors.identity, doors.dialogHost};
+    support::Desktop failing{boxes,          doors.dialogs,   doors.launcher,  doors.clock,
+                             doors.memory,   doors.registry,  doors.random,    doors.printers,
+                             doors.identity, doors.fileIcons, doors.dialogHost};
     frmMain window(failing);
     desktop.ExpectMessageContaining(QStringLiteral("No box"));
     window.tlbFormat_ButtonClick(QStringLiteral("NOTHING"));

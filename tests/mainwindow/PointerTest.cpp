@@ -120,8 +120,9 @@ TEST_F(Pointer, CommandsWorkUnderTheHourglassAndGiveTheNormalOneBack) {
 TEST_F(Pointer, IsTheNormalOneWhereverACommandShowsADialog) {
     WatchedDialogs dialogs;
     const support::Desktop &doors = desktop.Get();
-    support::Desktop watched{doors.messageBoxes, dialogs,      doors.launcher, doors.clock,    doors.memory,
-                             doors.registry,     doors.random, doors.printers, doors.identity, dialogs};
+    support::Desktop watched{doors.messageBoxes, dialogs,         doors.launcher, doors.clock,
+                             doors.memory,       doors.registry,  doors.random,   doors.printers,
+                             doors.identity,     doors.fileIcons, dialogs};
     support::SetDesktop(&watched);
     frmMain window(watched);
     dialogs.window = &window;
@@ -162,8 +163,9 @@ TEST_F(Pointer, IsTheNormalOneWhereverACommandShowsADialog) {
 TEST_F(Pointer, StaysTheHourglassAfterACommandThatFails) {
     ThrowingBoxes boxes;
     const support::Desktop &doors = desktop.Get();
-    support::Desktop failing{boxes,          doors.dialogs, doors.launcher, doors.clock,    doors.memory,
-                             doors.registry, doors.random,  doors.printers, doors.identity, doors.dialogHost};
+    support::Desktop failing{boxes,          doors.dialogs,   doors.launcher,  doors.clock,
+                             doors.memory,   doors.registry,  doors.random,    doors.printers,
+                             doors.identity, doors.fileIcons, doors.dialogHost};
     frmMain window(failing);
     desktop.ExpectMessageContaining(QStringLiteral("No box"));
     window.SmartMenuXP1_Click(QStringLiteral("mnuNothing"));

@@ -250,8 +250,9 @@ TEST_F(Properties, AnyOtherErrorIsReported) {
 TEST_F(Properties, WithoutAFormTheStatusBarSaysSoAndNoBoxComes) {
     support::FormTable none;
     const support::Desktop &doors = desktop.Get();
-    support::Desktop without{doors.messageBoxes, doors.dialogs, doors.launcher, doors.clock,    doors.memory,
-                             doors.registry,     doors.random,  doors.printers, doors.identity, none};
+    support::Desktop without{
+        doors.messageBoxes, doors.dialogs,  doors.launcher, doors.clock,     doors.memory, doors.registry,
+        doors.random,       doors.printers, doors.identity, doors.fileIcons, none};
     auto *window = new frmMain(without);
     window->ShowWindow();
     diagram::Node &node = AddNode(*window, 300, 300);

@@ -42,13 +42,14 @@ QMap<QString, QStringList> Allowed() {
     allowed["recovery"] = above;
     above << "timeline";
     for (const char *folder : {"templates", "output", "dialogs"}) allowed[folder] = above;
+    allowed["templates/forms"] = above + QStringList{"templates", "dialogs"};
     const QStringList plain = above + QStringList{"templates", "output", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
     const QStringList windows =
         plain + QStringList{"dialogs", "diagram/interaction", "diagram/view", "support/real"};
     allowed["mainwindow"] = windows;
-    allowed["app"] = windows + QStringList{"mainwindow"};
+    allowed["app"] = windows + QStringList{"mainwindow", "templates/forms"};
     return allowed;
 }
 

@@ -1,0 +1,89 @@
+#include "templates/LoadTemplate.h"
+
+#include "diagram/format/Content.h"
+#include "diagram/format/SurfaceFile.h"
+#include "diagram/model/Surface.h"
+#include "document/clsfrmMain.h"
+#include "document/MapWindow.h"
+#include "document/Tags.h"
+#include "support/Error.h"
+#include "templates/DiagramNode.h"
+#include "templates/TemplateFiles.h"
+#include "timeline/PrepFileForImport.h"
+
+#include <QSet>
+
+namespace templates {
+
+namespace {
+
+// One step of undo; what was changed is taken back if it ends by an error.
+class Step {
+public:
+    explicit Step(diagram::Surface &surface) : surface_(surface) { document::BeginAction(surface_); }
+    ~Step() { done_ ? surface_.EndAction() : surface_.CancelAction(); }
+    Step(const Step &) = delete;
+    Step &operator=(const Step &) = delete;
+
+    void Done() { done_ = true; }
+
+private:
+    diagram::Surface &surface_;
+    bool done_ = false;
+};
+
+QByteArray FitFor(document::MapWindow &window, const QString &file) {
+    return timeline::PrepBytesForImport(SurfaceFileOf(file), window);
+}
+
+// Default nodes, days and the node "DIAGRAM" are hidden ones that can't be selected.
+bool IsUsers(const diagram::NodeData &node) { return node.selectable || !(node.hidden || node.marked); }
+
+// What of the file a user would call its content, as a copied selection.
+diagram::Content UsersContent(const QByteArray &bytes) {
+    diagram::Content content = diagram::Decode(bytes, diagram::ContentKind::Surface);
+    content.kind = diagram::ContentKind::Selection;
+    content.surface = {};
+    QSet<diagram::ItemId> gone;
+    for (const diagram::StoredNode &node : content.nodes)
+        if (!IsUsers(node.data)) gone.insert(node.id);
+    std::erase_if(content.nodes, [&](const auto &node) { return gone.contains(node.id); });
+    std::erase_if(content.links, [&](const auto &link) {
+        return gone.contains(link.data.source) || gone.contains(link.data.destination);
+    });
+    return content;
+}
+
+QPointF MiddleOf(const diagram::Content &content) {
+    QRectF extent;
+    for (const diagram::StoredNode &node : content.nodes)
+        extent |= QRectF(node.data.left, node.data.top, node.data.width, node.data.height);
+    return extent.center();
+}
+
+} // namespace
+
+void LoadTemplate(document::MapWindow &window, diagram::Surface &flow, const QString &file) {
+    support::PassOn("LoadTemplate", [&] {
+        const QByteArray bytes = FitFor(window, file);
+        Step step(flow);
+        diagram::ReplaceBytes(flow, bytes);
+        TakeDiagramNode(flow);
+        step.Done();
+        window.clsSettings().Dirty = true;
+    });
+}
+
+void InsertTemplate(document::MapWindow &window, diagram::Surface &flow, const QString &file, QPointF at) {
+    support::PassOn("InsertTemplate", [&] {
+        const diagram::Content content = UsersContent(FitFor(window, file));
+        if (content.nodes.empty()) return;
+        const QPointF move = at - MiddleOf(content);
+        Step step(flow);
+        diagram::PasteBytes(flow, diagram::Encode(content), float(move.x()), float(move.y()));
+        step.Done();
+        window.clsSettings().Dirty = true;
+    });
+}
+
+} // namespace templates
