@@ -58,8 +58,14 @@ bool TakeTruth(QStringView text, double &number) {
     return number != 0 || text.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0;
 }
 
-// A file without our byte order mark was saved by somebody else, who may have cut line ends inside of texts
-// down to LF: the program's are CR LF.
+// A record in another form than that which ExportMap writes was saved by somebody else.
+bool IsOurForm(const storage::CsvReader &reader) {
+    const storage::CsvForm &form = reader.Form();
+    return form.encoding == storage::CsvEncoding::Utf8 && form.start > 0 && form.separator == u',' &&
+           reader.BeginsQuoted();
+}
+
+// Spreadsheets cut line ends inside of texts down to LF: the program's are CR LF.
 QString WithUsualLineEnds(QString text) {
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     return text.replace(u'\n', QLatin1String("\r\n"));
@@ -115,7 +121,7 @@ std::vector<CsvRows::Cell<Data>> CsvRows::CellsOf(const ItemColumns &columns,
 QString CsvRows::Text(int at) {
     at_ = at;
     const QString text = storage::WithoutMark(reader_.Field(at)).toString();
-    return reader_.Form().start == 0 ? WithUsualLineEnds(text) : text;
+    return IsOurForm(reader_) ? text : WithUsualLineEnds(text);
 }
 
 double CsvRows::Number(int at, bool isBoolean) {

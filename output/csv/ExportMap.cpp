@@ -154,11 +154,13 @@ void Write(MapWindow &window, const diagram::Surface &flow, const QString &targe
 
 } // namespace
 
-void ExportMap(MapWindow &window, diagram::Surface &Flow, const QString &File, const QSet<QString> &without) {
-    support::PassOn("ExportMap", [&] {
+bool ExportMap(MapWindow &window, diagram::Surface &Flow, const QString &File, const QSet<QString> &without) {
+    return support::PassOn("ExportMap", [&] {
         window.DoStatus(NotInTextFiles());
-        if (!IsSaved(window)) return window.DoStatus(QString());
-        Write(window, Flow, File, without);
+        const bool saved = IsSaved(window);
+        window.DoStatus(QString());
+        if (saved) Write(window, Flow, File, without);
+        return saved;
     });
 }
 

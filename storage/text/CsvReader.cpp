@@ -82,6 +82,7 @@ bool CsvReader::Next() {
     char16_t character = 0;
     bool any = false;
     while (Take(character)) {
+        if (!any) beginsQuoted_ = character == kQuote;
         any = true;
         if (place != Place::Quoted && HasEnded(character)) {
             EndField();

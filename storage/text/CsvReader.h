@@ -29,6 +29,9 @@ public:
     qint64 Row() const { return row_; }
     // True when all fields are empty.
     bool IsEmpty() const { return text_.empty(); }
+    // Whether the record begins with a quotation mark, as CsvWriter writes texts; spreadsheets quote those
+    // alone that need it.
+    bool BeginsQuoted() const { return beginsQuoted_; }
     int FieldCount() const { return static_cast<int>(ends_.size()); }
     // Valid until the next record; empty for one that the record has not.
     QStringView Field(int column) const;
@@ -52,6 +55,7 @@ private:
     std::u16string text_;           // of the record's fields, one behind the other
     std::vector<std::size_t> ends_; // of each in it
     qint64 row_ = 0;
+    bool beginsQuoted_ = false;
 };
 
 } // namespace storage

@@ -92,6 +92,17 @@ TEST(CsvReader, KeepsEmptyFieldsAndCountsEmptyRecords) {
     EXPECT_EQ(reader.Field(-1), QStringView());
 }
 
+TEST(CsvReader, TellsWhetherARecordBeginsWithAQuote) {
+    QByteArray bytes = "a,\"b\"\n\"c\",d\n";
+    QBuffer file(&bytes);
+    file.open(QIODevice::ReadOnly);
+    CsvReader reader(file);
+    reader.Next();
+    EXPECT_FALSE(reader.BeginsQuoted());
+    reader.Next();
+    EXPECT_TRUE(reader.BeginsQuoted());
+}
+
 TEST(CsvReader, TellsTheSeparatorByTheHeader) {
     EXPECT_EQ(Read("a;b;c,d\n1;2;3\n").at(0), (QStringList{"a", "b", "c,d"}));
     EXPECT_EQ(Read("a\tb\n1,0\t2\n").at(1), (QStringList{"1,0", "2"}));

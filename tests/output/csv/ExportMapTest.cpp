@@ -134,9 +134,10 @@ TEST_F(CsvTest, ExportTellsItsStepsAndWhatIsLeftOut) {
     Save();
     window->statuses.clear();
     Export();
-    EXPECT_EQ(window->statuses, (QStringList{NotInTextFiles(), QStringLiteral("Creating output file..."),
-                                             QStringLiteral("Filling output file..."),
-                                             QStringLiteral("Finishing..."), QString()}));
+    EXPECT_EQ(
+        window->statuses,
+        (QStringList{NotInTextFiles(), QString(), QStringLiteral("Creating output file..."),
+                     QStringLiteral("Filling output file..."), QStringLiteral("Finishing..."), QString()}));
     EXPECT_EQ(window->pointers.back(), document::pointer::kNormal);
     EXPECT_EQ(window->progress.back(), 0);
 }
