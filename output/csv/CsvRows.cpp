@@ -100,9 +100,12 @@ void CsvRows::ReadHeader() {
     }
 }
 
-int CsvRows::Position(const char *name) {
-    const int at = names_.value(QString::fromLatin1(name).toLower(), -1);
-    if (at >= 0) return at;
+bool CsvRows::HasColumn(const char *name) const {
+    return names_.contains(QString::fromLatin1(name).toLower());
+}
+
+int CsvRows::Position(const char *name) const {
+    if (HasColumn(name)) return names_[QString::fromLatin1(name).toLower()];
     const support::Error error = storage::FieldNotFound();
     throw support::Error(error.Number(), error.Source(),
                          QStringLiteral("%1\r\n\r\nColumn %2").arg(error.Description(), QLatin1String(name)));
@@ -112,9 +115,12 @@ template <typename Data, typename ItemColumns>
 std::vector<CsvRows::Cell<Data>> CsvRows::CellsOf(const ItemColumns &columns,
                                                   const std::vector<int> &leftOut) {
     std::vector<Cell<Data>> cells;
-    for (const ItemColumn<Data> &column : columns)
-        if (column.isRead && std::ranges::find(leftOut, column.position) == leftOut.end())
-            cells.push_back({&column, Position(column.def.name)});
+    for (const ItemColumn<Data> &column : columns) {
+        const bool isRead = column.isRead && std::ranges::find(leftOut, column.position) == leftOut.end();
+        // Files from before such a column came lack it.
+        const bool mayBeMissing = column.isLater && !HasColumn(column.def.name);
+        if (isRead && !mayBeMissing) cells.push_back({&column, Position(column.def.name)});
+    }
     return cells;
 }
 

@@ -46,7 +46,8 @@ public:
 
 private:
     void ReadHeader();
-    int Position(const char *name);
+    bool HasColumn(const char *name) const;
+    int Position(const char *name) const;
     template <typename Data>
     struct Cell {
         const document::ItemColumn<Data> *column;

@@ -22,7 +22,7 @@ void Open(QFile &file) {
     if (!info.exists())
         throw support::Error(support::kErrFileNotFound, QStringLiteral("ImportMap"),
                              QStringLiteral("File not found: %1").arg(file.fileName()));
-    if (info.isDir() || !file.open(QIODevice::ReadOnly))
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
         throw support::Error(support::kErrPathFileAccess, QStringLiteral("ImportMap"),
                              QStringLiteral("Path/File access error: %1").arg(file.fileName()));
 }

@@ -281,6 +281,10 @@ TEST_F(ImportTest, WhatIsNoTextFileIsRefused) {
     EXPECT_EQ(RefusedFile().Number(), support::kErrFileNotFound);
     file = MapFile(QString());
     EXPECT_EQ(RefusedFile().Number(), support::kErrPathFileAccess) << "a folder";
+    if (QFile::exists("/dev/zero")) {
+        file = QStringLiteral("/dev/zero");
+        EXPECT_EQ(RefusedFile().Number(), support::kErrPathFileAccess) << "no end";
+    }
 }
 
 TEST_F(ImportTest, TheLastOfAMillionRowsCanRefuseThemAll) {
