@@ -39,18 +39,6 @@ CsvContent Read(MapWindow &window, const diagram::Surface &flow, const QString &
     return content;
 }
 
-// While it lives, nodes keep the sizes that they are given.
-class StoredSizes {
-public:
-    explicit StoredSizes(diagram::Surface &surface) : surface_(surface) { surface_.SetLoading(true); }
-    ~StoredSizes() { surface_.SetLoading(false); }
-    StoredSizes(const StoredSizes &) = delete;
-    StoredSizes &operator=(const StoredSizes &) = delete;
-
-private:
-    diagram::Surface &surface_;
-};
-
 // A group of changes that is taken back unless it is closed.
 class Step {
 public:
@@ -68,6 +56,7 @@ private:
     bool closed_ = false;
 };
 
+// All values at once, so that the node keeps its size whatever its text.
 diagram::Node &Place(diagram::Surface &flow, diagram::NodeData data) {
     diagram::Node &node = flow.Nodes().Add(data.left, data.top, data.width, data.height);
     data.stack = node.Data().stack;
@@ -85,7 +74,6 @@ void Place(diagram::Surface &flow, diagram::Node &source, diagram::Node &destina
 }
 
 void PlaceAll(diagram::Surface &flow, CsvContent &content) {
-    const StoredSizes sizes(flow);
     std::vector<diagram::Node *> nodes;
     nodes.reserve(content.nodes.size());
     for (diagram::NodeData &data : content.nodes) nodes.push_back(&Place(flow, std::move(data)));

@@ -148,11 +148,18 @@ TEST_F(ImportTest, TakesWhatTheFileDoesNotCarryFromTheSurface) {
 }
 
 TEST_F(ImportTest, KeepsTheSizesOfTheFileWhereNewNodesTakeThatOfTheirText) {
+    struct : diagram::TextMeasure {
+        QSizeF Measure(const QString &, const diagram::Font &, double) override { return {4321, 1234}; }
+    } measure;
+    flow->SetMeasure(&measure);
     diagram::NodeLook look = flow->Defaults();
-    look.autoSize = 2;
+    look.autoSize = 3;
     flow->SetDefaults(look);
     Import();
     EXPECT_EQ(flow->Nodes().Item(3).Width(), 900);
+    flow->Nodes().Item(3).SetText(QStringLiteral("other"));
+    EXPECT_NE(flow->Nodes().Item(3).Width(), 900) << "the text counts from now on";
+    flow->SetMeasure(nullptr);
 }
 
 TEST_F(ImportTest, TakesEveryOtherTypeForALink) {
