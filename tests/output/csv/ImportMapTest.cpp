@@ -337,6 +337,15 @@ TEST_F(ImportTest, LaysTheTimelineOut) {
     for (const diagram::Node &node : flow->Nodes()) EXPECT_NE(node.Left(), 77777);
 }
 
+TEST_F(ImportTest, AnErrorOfTheTimelineTakesEverythingBack) {
+    document::SetTag(*flow, "Missing", QStringLiteral("True"));
+    Date(1, "05 January 2004");
+    Date(2, "07 March 2004");
+    Save();
+    Export();
+    EXPECT_EQ(RefusedFile().Number(), support::kErrSubscriptOutOfRange) << "each month would be there twice";
+}
+
 TEST_F(ImportTest, FindsEndsAmongTheNodesOfTheSurfaceToo) {
     table.Set(2, "KeySource", flow->Nodes().Item(1).Key());
     table.rows.removeAt(0);
