@@ -132,6 +132,13 @@ void AddStore(Table &table, const QString &) {
     table.Ratio("save 100,000 nodes : raw SQLite write", "Save/100000", "RawWrite/100000", 2);
 }
 
+void AddTables(Table &table, const QString &) {
+    table.Milliseconds("10,000 nodes to a text file of columns", "ExportCsv/10000", 500);
+    table.Milliseconds("10,000 nodes from a text file of columns", "ImportCsv/10000", 500);
+    table.Ratio("to a text file : raw SQLite read of the map", "ExportCsv/10000", "RawRead/10000", 0);
+    table.Ratio("from a text file : its characters cut into fields", "ImportCsv/10000", "RawCsv/10000", 0);
+}
+
 void AddPainting(Table &table, const QString &) {
     table.Ratio("full repaint, 200 of 10,000 nodes : raw QPainter", "FullOurs/10000", "FullRaw/10000", 1.2);
     table.Ratio("full repaint, 200 of 100,000 nodes : of 10,000", "FullOurs/100000", "FullOurs/10000", 1.1);
@@ -163,8 +170,9 @@ struct Part {
     bool timed; // takes its values from the micro-benchmarks
     void (*add)(Table &table, const QString &bin);
 };
-constexpr std::array<Part, 14> kParts{{
+constexpr std::array<Part, 15> kParts{{
     {"store", true, AddStore},
+    {"tables", true, AddTables},
     {"painting", true, AddPainting},
     {"export", true, AddExport},
     {"canvas", false, [](Table &table, const QString &) { table.Add(bench::CanvasFigures()); }},

@@ -25,6 +25,12 @@ constexpr Command kCommands[] = {
      "repair IN OUT\n      writes what can be read of the map IN as the map OUT and tells of each change"},
     {"convert", Convert, false,
      "convert IN OUT\n      writes the map IN, an old Jet map too, as the map OUT"},
+    {"csv", Csv, false,
+     "csv FILE [--slice N] [--filter-levels NAMES] [--filter-groups NAMES] OUT.csv\n"
+     "      a slice, counted from 1, as a text file of columns; names are separated by commas"},
+    {"import", Import, false,
+     "import FILE.csv MAP [--slice N|--new]\n"
+     "      adds what a text file of columns holds to a slice of the map, or to a new one"},
     {"picture", Picture, true,
      "picture FILE [--slice N] [--pixels N] OUT.png|OUT.svg|OUT.pdf|OUT.wmf|OUT.emf\n"
      "  picture FILE --all FOLDER [--format png|svg|pdf|wmf|emf] [--pixels N]\n"

@@ -49,5 +49,7 @@ int Convert(QStringList arguments, QTextStream &out);
 int Picture(QStringList arguments, QTextStream &out);
 int Recovered(QStringList arguments, QTextStream &out);
 int Template(QStringList arguments, QTextStream &out);
+int Csv(QStringList arguments, QTextStream &out);
+int Import(QStringList arguments, QTextStream &out);
 
 } // namespace cli

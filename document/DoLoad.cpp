@@ -16,6 +16,7 @@
 #include "document/Tags.h"
 #include "document/TemplateFile.h"
 #include "storage/Fields.h"
+#include "storage/FileForm.h"
 #include "support/Files.h"
 
 #include <algorithm>
@@ -356,6 +357,18 @@ void LoadAsNew(MapWindow &frm, const QString &path, const QString &caption) {
         frm.clsSettings().SetDatabase(QString());
         frm.clsSettings().ForgetLastDatabase();
         frm.SetWindowCaption(caption);
+    });
+}
+
+bool LoadToRead(MapWindow &frm, const QString &path) {
+    return support::PassOn("DoLoad", [&] {
+        QString file = path;
+        const bool isNative = storage::RecogniseFile(path) == storage::FileForm::Native;
+        // A Jet file is read into a copy, which opening brings up to date.
+        std::optional<storage::Database> database = isNative ? OpenMapToRead(file) : OpenMap(file, false);
+        if (!database) return false;
+        frm.clsSettings().SetDatabase(database->Name());
+        return Loader(frm, *database).Run();
     });
 }
 

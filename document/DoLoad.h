@@ -37,6 +37,11 @@ void LoadAsNew(MapWindow &frm, const QString &path, const QString &caption);
 // are those of DoLoad.
 diagram::Surface *ReadFirstSlice(MapWindow &frm, storage::Database &database);
 
+// Reads the map of the file `path` into the window for what it holds, and writes nothing anywhere: not to the
+// file, not to the recent files. True when the map was read whole, false when memory ran short. Errors are
+// those of DoLoad; 3265 for a map of an early version in the program's own form (see IsOldMap).
+bool LoadToRead(MapWindow &frm, const QString &path);
+
 // For a path that is no database: the file of a surface goes into the highest of the slots 0 and 1, and
 // Database becomes empty, so that saving asks for a name.
 void LoadDiagramFile(MapWindow &frm, const QString &path);

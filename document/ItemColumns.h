@@ -4,9 +4,12 @@
 
 #include "diagram/model/PropertyTable.h"
 #include "document/MapSchema.h"
+#include "support/Error.h"
+#include "support/Val.h"
 
 #include <array>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace document {
@@ -96,6 +99,10 @@ struct ItemColumn {
     void (*write)(storage::PreparedStatement &, int position, const Data &) = nullptr;
     // What stands in for a number that cannot be read; null for what is no number.
     double (*usual)() = nullptr;
+    // Sets the property of a cell that is read, outside of a map: the one for what is a number or a boolean,
+    // the other for what is a text. A number is taken as it is, with its sign. Raises 6 and 380.
+    void (*setNumber)(Data &, double) = nullptr;
+    void (*setText)(Data &, const QString &) = nullptr;
 };
 
 namespace columns {
@@ -108,6 +115,13 @@ constexpr const char *SourceOf(const diagram::LinkData *) { return "Link"; }
 template <auto Member>
 using DataOf = std::conditional_t<std::is_same_v<typename diagram::MemberOf<Member>::Data, diagram::NodeLook>,
                                   diagram::NodeData, typename diagram::MemberOf<Member>::Data>;
+
+// Error 6 "Overflow".
+inline float SingleOf(double number) {
+    if (!(std::abs(number) <= double(std::numeric_limits<float>::max())))
+        throw support::Error(support::kErrOverflow, QStringLiteral("Columns"), QStringLiteral("Overflow"));
+    return float(number);
+}
 
 template <auto Member>
 void Read(DataOf<Member> &data, const storage::Recordset &rows, int at) {
@@ -126,6 +140,23 @@ void Read(DataOf<Member> &data, const storage::Recordset &rows, int at) {
 template <auto Member>
 void ReadMagnitude(diagram::NodeData &data, const storage::Recordset &rows, int at) {
     data.*Member = diagram::Checked(diagram::IsSize, std::abs(rows.Single(at)), "Nodes");
+}
+
+template <auto Member>
+void SetNumber(DataOf<Member> &data, double number) {
+    using Value = typename diagram::MemberOf<Member>::Value;
+    constexpr const char *kSource = SourceOf(static_cast<const DataOf<Member> *>(nullptr));
+    if constexpr (std::is_same_v<Value, bool>)
+        data.*Member = number != 0;
+    else if constexpr (std::is_same_v<Value, float>)
+        data.*Member = diagram::Fitting<Member>(SingleOf(number), kSource);
+    else
+        data.*Member = diagram::Fitting<Member>(support::CLng(number), kSource);
+}
+
+template <auto Member>
+void SetText(DataOf<Member> &data, const QString &text) {
+    data.*Member = text;
 }
 
 template <auto Member>
@@ -166,8 +197,12 @@ constexpr ItemColumn<DataOf<Member>> Stored(int position, ColumnDef def) {
     column.range = &diagram::PropertyOf<Member>().kValid;
     column.isRead = true;
     column.read = Read<Member>;
-    if constexpr (std::is_arithmetic_v<typename diagram::MemberOf<Member>::Value>)
+    if constexpr (std::is_arithmetic_v<typename diagram::MemberOf<Member>::Value>) {
         column.usual = Usual<Member>;
+        column.setNumber = SetNumber<Member>;
+    } else {
+        column.setText = SetText<Member>;
+    }
     return column;
 }
 

@@ -9,6 +9,9 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/ShowForm.h"
 #include "mainwindow/WindowStatus.h"
+#include "output/csv/ExportMap.h"
+#include "output/csv/ImportMap.h"
+#include "output/mapimport/DoImportMap.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Files.h"
@@ -108,12 +111,40 @@ void ReadInPlace(frmMain &window, const Reading &read) {
     replacement.Done();
 }
 
+// A slice behind all others that the user has named, taken away again unless Done is called.
+class NewSlice {
+public:
+    explicit NewSlice(frmMain &window)
+        : window_(window), tab_(window.TabStrip().TheTab()), tabs_(window.TabStrip().TabCount()) {
+        window.DoInsertSlice();
+        if (IsThere()) window.TabStrip().SetTheTab(window.TabStrip().TabCount() - 1);
+    }
+    ~NewSlice() {
+        if (!done_ && IsThere()) support::Report("frmMain", "mnuFileImport", [this] { TakeBack(); });
+    }
+    NewSlice(const NewSlice &) = delete;
+    NewSlice &operator=(const NewSlice &) = delete;
+
+    bool IsThere() const { return window_.TabStrip().TabCount() > tabs_; }
+    void Done() { done_ = true; }
+
+private:
+    void TakeBack() {
+        window_.TabStrip().SetTheTab(tab_);
+        window_.AddFlow1().Unload(window_.AddFlow1().UBound());
+        window_.TabStrip().SetTabCount(tabs_);
+    }
+
+    frmMain &window_;
+    int tab_, tabs_;
+    bool done_ = false;
+};
+
 void ReadIntoNewSlice(frmMain &window, const Reading &read) {
-    const int before = window.TabStrip().TabCount();
-    window.DoInsertSlice();
-    if (window.TabStrip().TabCount() <= before) return;
-    window.TabStrip().SetTheTab(window.TabStrip().TabCount() - 1);
+    NewSlice slice(window);
+    if (!slice.IsThere()) return;
     read(window.CurrentSurface());
+    slice.Done();
 }
 
 void ReadWhereAsked(frmMain &window, const Reading &read) {
@@ -123,9 +154,9 @@ void ReadWhereAsked(frmMain &window, const Reading &read) {
 }
 
 void ImportCsv(frmMain &window, const QString &file) {
-    const auto &import = window.Exchange().ImportMap;
-    if (!import) return window.Status().TellNotYet(Tr("Importing text files"));
-    ReadWhereAsked(window, [&](diagram::Surface &flow) { import(flow, file); });
+    window.DoStatus(output::NotInTextFiles());
+    ReadWhereAsked(window, [&](diagram::Surface &flow) { output::ImportMap(window, flow, file); });
+    window.DoStatus(QString());
 }
 
 void ImportFlatFile(frmMain &window, const QString &file) {
@@ -136,14 +167,11 @@ void ImportFlatFile(frmMain &window, const QString &file) {
     });
 }
 
-void ImportWholeMap(frmMain &window, const QString &file) {
-    if (!window.Exchange().DoImportMap) return window.Status().TellNotYet(Tr("Importing maps"));
-    window.Exchange().DoImportMap(window, file);
-}
+void ImportWholeMap(frmMain &window, const QString &file) { output::DoImportMap(window, file); }
 
 void ExportCsv(frmMain &window, const QString &file) {
-    if (!window.Exchange().ExportMap) return window.Status().TellNotYet(Tr("Exporting text files"));
-    window.Exchange().ExportMap(window.CurrentSurface(), file);
+    if (output::ExportMap(window, window.CurrentSurface(), file))
+        window.Status().TellInPassing(output::NotInTextFiles());
 }
 
 void ExportReport(frmMain &window, const QString &file) {

@@ -14,10 +14,6 @@ class frmMain;
 
 // A routine that is not there is empty; its command says so then and changes nothing.
 struct ExchangeRoutines {
-    // Adds the map in the file to the window's map.
-    std::function<void(frmMain &window, const QString &file)> DoImportMap;
-    // Reads and writes a file of comma-separated values.
-    std::function<void(diagram::Surface &flow, const QString &file)> ImportMap, ExportMap;
     // Writes a report, as rich text or HTML by the ending of the file.
     std::function<void(diagram::Surface &flow, const QString &file)> clsExport;
 };

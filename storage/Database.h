@@ -43,6 +43,8 @@ constexpr long kErrTableExists = 3010;    // "Table 'NAME' already exists."
 constexpr long kErrNoTransaction = 3034;  // "You tried to commit or rollback a transaction without first ..."
 constexpr long kErrIo = 3043;             // "Disk or network error."
 constexpr long kErrDatabaseExists = 3204; // "Database already exists."
+constexpr long kErrFieldTwice = 3191;     // "Cannot define field more than once."
+constexpr long kErrExternalFormat = 3274; // "External table isn't in the expected format." (a text file)
 constexpr long kErrObjectInvalid = 3420;  // "Object invalid or no longer set." (used after Close)
 
 // Option of Execute: any failure of a statement is raised (it always is here) and the statement undone.

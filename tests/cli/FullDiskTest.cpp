@@ -1,4 +1,4 @@
-// A conversion that finds no room leaves the target as it was and no other file.
+// A conversion and a text file that find no room leave the target as it was and no other file.
 #include "cli/Commands.h"
 
 #include "document/MapSchema.h"
@@ -89,5 +89,24 @@ TEST_F(FullDisk, LeavesTheFormerTargetWhole) {
     EXPECT_EQ(Convert(), cli::kFailed);
     EXPECT_EQ(support::ReadWholeFile(Path("target.map")), former);
     EXPECT_EQ(Names(), before);
+}
+
+TEST_F(FullDisk, LeavesATextFileAsItWas) {
+    const auto write = [this] {
+        QString out;
+        QTextStream outStream(&out), errStream(&error_);
+        return cli::Run({"csv", Path("source.map"), Path("out.csv")}, outStream, errStream);
+    };
+    ASSERT_EQ(write(), cli::kGood) << error_.toStdString();
+    const QByteArray former = support::ReadWholeFile(Path("out.csv"));
+    const QStringList before = Names();
+    constexpr int kSteps = 4;
+    for (int step = 0; step < kSteps; ++step) {
+        const SmallDisk disk(former.size() * step / kSteps);
+        EXPECT_EQ(write(), cli::kFailed) << "at step " << step;
+        EXPECT_TRUE(error_.contains(QStringLiteral("Disk full"))) << error_.toStdString();
+        EXPECT_EQ(support::ReadWholeFile(Path("out.csv")), former);
+        EXPECT_EQ(Names(), before) << "at step " << step;
+    }
 }
 #endif

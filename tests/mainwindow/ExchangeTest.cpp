@@ -2,11 +2,12 @@
 
 #include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
+#include "document/DoSave.h"
 #include "document/LastPath.h"
 #include "document/UnsavedWork.h"
 #include "mainwindow/FormsToCome.h"
+#include "output/csv/ExportMap.h"
 #include "support/AtomicFile.h"
-#include "support/Error.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QFile>
@@ -43,17 +44,29 @@ protected:
         desktop.ExpectSaveFile(MapFile(QStringLiteral("out.flt")), row);
         window.SmartMenuXP1_Click(QStringLiteral("mnuFileExport"));
     }
-    // Text files are read by this.
-    void TakeImports() {
-        window.Exchange().ImportMap = [this](diagram::Surface &flow, const QString &file) {
-            imported = file;
-            into = flow.Index();
-        };
+    // A text file with the node "New", which then is "Idea" in the window.
+    void MakeTable() {
+        diagram::Node &node = AddNode(window, 0, 0, QStringLiteral("New"));
+        window.clsSettings().SetDatabase(MapFile(QStringLiteral("plan.map")));
+        document::DoSave(window);
+        output::ExportMap(window, window.CurrentSurface(), MapFile(QStringLiteral("in")));
+        node.SetText(QStringLiteral("Idea"));
+    }
+    void AppendToTable(const QByteArray &rows) {
+        const QByteArray bytes = support::ReadWholeFile(MapFile(QStringLiteral("in")));
+        support::AtomicFile file(MapFile(QStringLiteral("in")));
+        file.Write(bytes + rows);
+        file.Commit();
+    }
+    // The texts of the nodes in sight.
+    QStringList Texts(int slice) {
+        QStringList texts;
+        for (const diagram::Node &node : window.AddFlow1()[slice].Nodes())
+            if (!node.Hidden()) texts.append(node.Text());
+        return texts;
     }
 
     frmMain &window = NewWindow();
-    QString imported;
-    int into = -1;
 };
 
 } // namespace
@@ -83,15 +96,8 @@ TEST_F(Exchange, ExportOffersFiveFormsTheLastOneFirst) {
 TEST_F(Exchange, WhatIsNotThereYetIsToldAndNothingIsAskedOrEmptied) {
     AddNode(window, 0, 0);
     desktop.dialogHost.Miss<PowerPointArgument>();
-    const std::pair<int, const char *> imports[] = {{1, "Importing maps"}, {3, "Importing text files"}};
-    for (const auto &[row, what] : imports) {
-        Import(row);
-        EXPECT_EQ(Status(window), QLatin1String(what) + QStringLiteral(" is not there yet."));
-    }
-    const std::pair<int, const char *> exports[] = {{2, "Exporting text files"},
-                                                    {3, "Exporting reports"},
-                                                    {4, "Exporting reports"},
-                                                    {5, "Exporting presentations"}};
+    const std::pair<int, const char *> exports[] = {
+        {3, "Exporting reports"}, {4, "Exporting reports"}, {5, "Exporting presentations"}};
     for (const auto &[row, what] : exports) {
         Export(row);
         EXPECT_EQ(Status(window), QLatin1String(what) + QStringLiteral(" is not there yet."));
@@ -108,97 +114,107 @@ TEST_F(Exchange, AFlatFileIsTheSurfaceInItsOwnForm) {
     EXPECT_EQ(read.Nodes().Item(1).Text(), QStringLiteral("Idea"));
 }
 
+TEST_F(Exchange, ATextFileIsTheSliceAsATable) {
+    AddNode(window, 0, 0, QStringLiteral("Idea"));
+    desktop.ExpectMessageContaining(QStringLiteral("This operation requirers the Map to be saved."),
+                                    support::Answer::Yes);
+    desktop.ExpectSaveFile(MapFile(QStringLiteral("out.csv")), 2);
+    desktop.ExpectSaveFile(MapFile(QStringLiteral("plan.map")));
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileExport"));
+    EXPECT_TRUE(support::ReadWholeFile(MapFile(QStringLiteral("out.csv"))).contains("\"Idea\""));
+    EXPECT_EQ(Status(window), output::NotInTextFiles());
+}
+
 TEST_F(Exchange, ReplacingEmptiesTheCurrentSliceFirst) {
-    TakeImports();
-    AddNode(window, 0, 0);
+    MakeTable();
     desktop.ExpectMessage(kQuestion, support::Answer::Yes);
     Import(3);
-    EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 0);
-    EXPECT_EQ(imported, MapFile(QStringLiteral("in")));
-    EXPECT_EQ(into, 0);
+    EXPECT_EQ(Texts(0), QStringList{"New"});
+    EXPECT_TRUE(window.clsSettings().Dirty);
 }
 
 TEST_F(Exchange, NoImportsIntoANewSliceThatIsThenSelected) {
-    TakeImports();
-    AddNode(window, 0, 0);
+    MakeTable();
     desktop.ExpectMessage(kQuestion, support::Answer::No);
     desktop.ExpectInput(QStringLiteral("Name for Slice."), QStringLiteral("Imported"));
     Import(3);
-    EXPECT_EQ(into, 1);
     EXPECT_EQ(window.TabStrip().TheTab(), 1);
-    EXPECT_EQ(window.AddFlow1()[0].Nodes().Count(), 1);
+    EXPECT_EQ(Texts(1), QStringList{"New"});
+    EXPECT_EQ(Texts(0), QStringList{"Idea"});
 }
 
 TEST_F(Exchange, WithoutANameForTheNewSliceNothingIsImported) {
-    TakeImports();
+    MakeTable();
     desktop.ExpectMessage(kQuestion, support::Answer::No);
     desktop.ExpectInput(QStringLiteral("Name for Slice."), QString());
     Import(3);
-    EXPECT_EQ(into, -1);
     EXPECT_EQ(window.TabStrip().TabCount(), 1);
+    EXPECT_EQ(Texts(0), QStringList{"Idea"});
 }
 
 TEST_F(Exchange, CancelImportsNothing) {
-    TakeImports();
-    AddNode(window, 0, 0);
+    MakeTable();
     desktop.ExpectMessage(kQuestion, support::Answer::Cancel);
     Import(3);
-    EXPECT_EQ(into, -1);
-    EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 1);
+    EXPECT_EQ(Texts(0), QStringList{"Idea"});
+    EXPECT_TRUE(Status(window).isEmpty());
 }
 
-// Three ways to fail: before anything is read, in the middle of the rows, and after the file was loaded.
+// Two ways to fail: before anything is read, and at the last row.
 TEST_F(Exchange, AReplacingImportThatFailsLeavesTheSliceAsItWas) {
-    AddNode(window, 0, 0, QStringLiteral("Idea")).Links().Add(AddNode(window, 3000, 0));
+    MakeTable();
+    diagram::Surface &surface = window.CurrentSurface();
+    surface.Nodes().Item(1).Links().Add(AddNode(window, 3000, 0));
     window.tlbFormat_ButtonClick(QStringLiteral("NEW"));
     window.clsSettings().Dirty = false;
     document::MarkSaved(window);
-    diagram::Surface &surface = window.CurrentSurface();
     const QByteArray before = ContentOf(surface);
-    const auto fail = [](diagram::Surface &, const QString &) {
-        throw support::Error(321, QStringLiteral("Import"), QStringLiteral("Invalid file format"));
-    };
-    const auto failLate = [&](diagram::Surface &flow, const QString &file) {
-        flow.Nodes().Add(0, 0, 10, 10);
-        window.clsSettings().Dirty = true;
-        fail(flow, file);
-    };
-    const auto failAfterLoad = [&](diagram::Surface &flow, const QString &file) {
-        diagram::LoadBytes(flow, diagram::SaveBytes(diagram::Surface()));
-        fail(flow, file);
-    };
-    support::AtomicFile broken(MapFile(QStringLiteral("in")));
-    broken.Write("VelmoraSurface and no more");
-    broken.Commit();
-    const auto import = [&](const decltype(window.Exchange().ImportMap) &routine, int row) {
-        window.Exchange().ImportMap = routine;
+    AppendToTable("\"Link\"\r\n");
+    for (const auto &[row, text] :
+         {std::pair(2, "Invalid file format"), std::pair(3, "Invalid procedure call or argument")}) {
         desktop.ExpectMessage(kQuestion, support::Answer::Yes);
-        desktop.ExpectMessageContaining(QStringLiteral("Invalid file format"));
+        desktop.ExpectMessageContaining(QLatin1String(text));
         Import(row);
         EXPECT_TRUE(ContentOf(surface) == before);
         EXPECT_FALSE(document::MustAskBeforeLosing(window));
-    };
-    import({}, 2);
-    import(fail, 3);
-    import(failLate, 3);
+    }
     EXPECT_TRUE(surface.CanUndo()) << "the history goes on";
-    import(failAfterLoad, 3);
     EXPECT_EQ(surface.Nodes().Count(), 3);
     EXPECT_EQ(surface.Links().size(), 1u);
 }
 
+TEST_F(Exchange, AnImportIntoANewSliceThatFailsLeavesNoSliceBehind) {
+    MakeTable();
+    AppendToTable("\"Link\"\r\n");
+    desktop.ExpectMessage(kQuestion, support::Answer::No);
+    desktop.ExpectInput(QStringLiteral("Name for Slice."), QStringLiteral("Imported"));
+    desktop.ExpectMessageContaining(QStringLiteral("Row 3, column"));
+    Import(3);
+    EXPECT_EQ(window.TabStrip().TabCount(), 1);
+    EXPECT_EQ(window.AddFlow1().Count(), 1);
+    EXPECT_EQ(window.TabStrip().TheTab(), 0);
+    EXPECT_EQ(Texts(0), QStringList{"Idea"});
+}
+
 TEST_F(Exchange, AReplacingImportOfTextIsOneStepOfUndo) {
-    window.Exchange().ImportMap = [](diagram::Surface &flow, const QString &) {
-        flow.Nodes().Add(0, 0, 10, 10).SetText(QStringLiteral("New"));
-    };
-    AddNode(window, 0, 0, QStringLiteral("Idea"));
+    MakeTable();
     desktop.ExpectMessage(kQuestion, support::Answer::Yes);
     Import(3);
-    ASSERT_EQ(window.CurrentSurface().Nodes().Count(), 1);
-    EXPECT_EQ(window.CurrentSurface().Nodes().Item(1).Text(), QStringLiteral("New"));
+    EXPECT_EQ(Texts(0), QStringList{"New"});
     window.CurrentSurface().Undo();
-    ASSERT_EQ(window.CurrentSurface().Nodes().Count(), 1);
-    EXPECT_EQ(window.CurrentSurface().Nodes().Item(1).Text(), QStringLiteral("Idea"));
+    EXPECT_EQ(Texts(0), QStringList{"Idea"});
+    EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 1);
+}
+
+TEST_F(Exchange, AnotherMapComesBehindTheSlicesOfThisOne) {
+    MakeTable();
+    desktop.ExpectOpenFile(MapFile(QStringLiteral("plan.map")), 1);
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileImport"));
+    ASSERT_EQ(window.TabStrip().TabCount(), 2);
+    EXPECT_EQ(window.TabStrip().TheTab(), 1);
+    EXPECT_EQ(Texts(1), QStringList{"New"});
+    EXPECT_EQ(Texts(0), QStringList{"Idea"});
+    EXPECT_EQ(window.CurrentSurface().Index(), 1);
 }
 
 TEST_F(Exchange, AFlatFileIsMadeToFitInACopyAndIsOneStepOfUndo) {

@@ -1,0 +1,106 @@
+// A slice as a text file of columns, and such a file into a map.
+#include "cli/Commands.h"
+#include "cli/Session.h"
+#include "document/DefaultNodes.h"
+#include "document/DoSave.h"
+#include "document/Filter.h"
+#include "document/UnsavedWork.h"
+#include "output/csv/ExportMap.h"
+#include "output/csv/ImportMap.h"
+#include "support/Error.h"
+#include "support/Files.h"
+
+#include <optional>
+#include <QSet>
+
+namespace cli {
+
+namespace {
+
+// The names of all members of the pool, separated by commas, or those that are asked for: error 5 for one
+// that isn't there.
+template <typename Pool, typename Name>
+QString NamesToShow(const Pool &pool, const std::optional<QString> &asked, Name name) {
+    QStringList all;
+    for (const auto &member : pool) all.append(member.*name);
+    if (!asked) return all.join(u',');
+    for (const QString &each : asked->split(u',', Qt::SkipEmptyParts))
+        if (!all.contains(each))
+            throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("velmora-cli"),
+                                 QStringLiteral("The map has nothing called '%1'").arg(each));
+    return *asked;
+}
+
+std::optional<QString> TakeNames(QStringList &arguments, const QString &option) {
+    if (!arguments.contains(option)) return std::nullopt;
+    return TakeOption(arguments, option);
+}
+
+// The keys of the nodes that the filter hides.
+QSet<QString> HiddenBy(document::MemoryWindow &window, diagram::Surface &slice,
+                       const std::optional<QString> &levels, const std::optional<QString> &groups) {
+    if (!levels && !groups) return {};
+    document::clsfrmMain &settings = window.clsSettings();
+    const QString groupNames = NamesToShow(settings.Groups(), groups, &document::cGroup::GroupName);
+    const QString levelNames = NamesToShow(settings.Levels(), levels, &document::cLevel::LevelName);
+    for (diagram::Node &node : slice.Nodes()) node.SetHidden(false);
+    document::ApplyFilter(
+        slice, document::KeysForFilter(groupNames, levelNames, settings.Groups(), settings.Levels()));
+    QSet<QString> hidden;
+    for (const diagram::Node &node : slice.Nodes())
+        if (node.Hidden()) hidden.insert(node.Key());
+    document::MarkSaved(window); // nobody saves what was hidden
+    return hidden;
+}
+
+// Behind all others, called as the file.
+diagram::Surface &AddSlice(document::MemoryWindow &window, const QString &file) {
+    diagram::Surface &slice = window.AddFlow1().Load(window.AddFlow1().UBound() + 1);
+    document::LoadDefaults(slice);
+    window.TabStrip().SetTabCount(window.TabStrip().TabCount() + 1);
+    window.TabStrip().SetTheTab(window.TabStrip().TabCount() - 1);
+    const QString title = support::FileTitle(file);
+    window.TabStrip().SetCaption(title.contains(u'.') ? support::GetFileTitle(file, false) : title);
+    return slice;
+}
+
+// The strip of months is laid out along the edges of what is seen: here the page that the content needs.
+void GiveSize(diagram::Surface &slice) {
+    constexpr float kWidth = 15000, kHeight = 10000; // twips
+    const QRectF extent = slice.Extent();
+    slice.SetSize(std::max(kWidth, float(extent.right())), std::max(kHeight, float(extent.bottom())));
+}
+
+} // namespace
+
+int Csv(QStringList arguments, QTextStream &out) {
+    const int number = TakeSlice(arguments);
+    const auto levels = TakeNames(arguments, QStringLiteral("--filter-levels"));
+    const auto groups = TakeNames(arguments, QStringLiteral("--filter-groups"));
+    ExpectFiles(arguments, 2);
+    Session session;
+    document::MemoryWindow &window = session.Open(arguments[0]);
+    diagram::Surface &slice = SliceOf(window, number);
+    output::ExportMap(window, slice, arguments[1], HiddenBy(window, slice, levels, groups));
+    out << output::NotInTextFiles() << "\n";
+    return kGood;
+}
+
+int Import(QStringList arguments, QTextStream &out) {
+    const bool asNew = TakeSwitch(arguments, QStringLiteral("--new"));
+    if (asNew && arguments.contains(QStringLiteral("--slice")))
+        throw UsageError(QStringLiteral("--new and --slice exclude each other"));
+    const int number = TakeSlice(arguments);
+    ExpectFiles(arguments, 2);
+    Session session;
+    document::MemoryWindow &window = session.Open(arguments[1]);
+    diagram::Surface &slice = asNew ? AddSlice(window, arguments[0]) : SliceOf(window, number);
+    GiveSize(slice);
+    output::ImportMap(window, slice, arguments[0]);
+    document::DoSave(window);
+    // Tells of a former file that was kept.
+    if (const QString status = window.statuses.last(); !status.isEmpty()) out << status << "\n";
+    return kGood;
+}
+
+} // namespace cli

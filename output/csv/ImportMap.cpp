@@ -1,0 +1,105 @@
+#include "output/csv/ImportMap.h"
+
+#include "diagram/model/Surface.h"
+#include "document/BusyWindow.h"
+#include "document/clsfrmMain.h"
+#include "document/Tags.h"
+#include "output/csv/CsvRows.h"
+#include "support/Error.h"
+#include "timeline/Arrange.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace output {
+
+namespace {
+
+using document::MapWindow;
+
+void Open(QFile &file) {
+    const QFileInfo info(file);
+    if (!info.exists())
+        throw support::Error(support::kErrFileNotFound, QStringLiteral("ImportMap"),
+                             QStringLiteral("File not found: %1").arg(file.fileName()));
+    if (!info.isFile() || !file.open(QIODevice::ReadOnly))
+        throw support::Error(support::kErrPathFileAccess, QStringLiteral("ImportMap"),
+                             QStringLiteral("Path/File access error: %1").arg(file.fileName()));
+}
+
+CsvContent Read(MapWindow &window, const diagram::Surface &flow, const QString &path) {
+    QFile file(path);
+    Open(file);
+    CsvRows rows(file, window.clsSettings(), flow);
+    window.DoStatus(QStringLiteral("Reading input file..."));
+    constexpr std::size_t kWhole = 100;
+    document::Progress progress(window, kWhole);
+    CsvContent content;
+    while (rows.ReadRow(content)) progress.Show(std::size_t(rows.Percent()));
+    return content;
+}
+
+// A group of changes that is taken back unless it is closed.
+class Step {
+public:
+    explicit Step(diagram::Surface &surface) : surface_(surface) { document::BeginAction(surface); }
+    ~Step() {
+        if (!closed_) surface_.CancelAction();
+    }
+    Step(const Step &) = delete;
+    Step &operator=(const Step &) = delete;
+
+    void Close() { surface_.EndAction(), closed_ = true; }
+
+private:
+    diagram::Surface &surface_;
+    bool closed_ = false;
+};
+
+// All values at once, so that the node keeps its size whatever its text.
+diagram::Node &Place(diagram::Surface &flow, diagram::NodeData data) {
+    diagram::Node &node = flow.Nodes().Add(data.left, data.top, data.width, data.height);
+    data.stack = node.Data().stack;
+    flow.Overwrite(node, std::move(data));
+    return node;
+}
+
+void Place(diagram::Surface &flow, diagram::Node &source, diagram::Node &destination,
+           diagram::LinkData data) {
+    diagram::Link &link = source.Links().Add(destination);
+    data.stack = link.Data().stack;
+    data.source = source.Id();
+    data.destination = destination.Id();
+    flow.Overwrite(link, std::move(data));
+}
+
+void PlaceAll(diagram::Surface &flow, CsvContent &content) {
+    std::vector<diagram::Node *> nodes;
+    nodes.reserve(content.nodes.size());
+    for (diagram::NodeData &data : content.nodes) nodes.push_back(&Place(flow, std::move(data)));
+    const auto at = [&](const CsvEnd &end) -> diagram::Node & {
+        return end.present ? *end.present : *nodes[end.position];
+    };
+    for (CsvLink &link : content.links)
+        Place(flow, at(link.source), at(link.destination), std::move(link.data));
+}
+
+} // namespace
+
+void ImportMap(MapWindow &window, diagram::Surface &Flow, const QString &File) {
+    support::PassOn("ImportMap", [&] {
+        const document::BusyWindow busy(window);
+        window.DoStatus(QStringLiteral("Opening input file..."));
+        CsvContent content = Read(window, Flow, File);
+        Step step(Flow);
+        PlaceAll(Flow, content);
+        timeline::ArrangeTimeLineNodes(window, Flow, timeline::kStoredArrangement);
+        step.Close();
+        window.SetProgress(0);
+        window.clsSettings().Dirty = true;
+        window.DoStatus(QStringLiteral("Finishing..."));
+        window.DoStatus(QString());
+    });
+}
+
+} // namespace output
