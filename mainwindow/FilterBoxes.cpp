@@ -1,6 +1,6 @@
 #include "mainwindow/FilterBoxes.h"
 
-#include "mainwindow/Filter.h"
+#include "document/Filter.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/TickBox.h"
@@ -87,12 +87,12 @@ void FilterBoxes::TickGroup(int row) { Tick(*groups_, window_.clsSettings().Grou
 void FilterBoxes::TickLevel(int row) { Tick(*levels_, window_.clsSettings().Levels(), row); }
 
 void FilterBoxes::Apply() {
-    const FilterKeys keys = KeysForFilter(groups_->Text(), levels_->Text(), window_.clsSettings().Groups(),
-                                          window_.clsSettings().Levels());
+    const document::FilterKeys keys = document::KeysForFilter(
+        groups_->Text(), levels_->Text(), window_.clsSettings().Groups(), window_.clsSettings().Levels());
     for (const int index : window_.AddFlow1().Indices()) {
         diagram::Surface &surface = window_.AddFlow1()[index];
         const diagram::Uncounted ticks(surface);
-        ApplyFilter(surface, keys);
+        document::ApplyFilter(surface, keys);
         UnselectHiddenNodes(surface); // what nobody sees must not be deleted by a key
         UnselectHiddenLinks(surface);
     }

@@ -1,7 +1,6 @@
 #include "dialogs/PropertyForms.h"
 #include "document/Tags.h"
 #include "mainwindow/cStatusBar.h"
-#include "mainwindow/Filter.h"
 #include "mainwindow/TickBox.h"
 #include "tests/mainwindow/WindowTest.h"
 

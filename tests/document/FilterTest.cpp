@@ -1,4 +1,4 @@
-#include "mainwindow/Filter.h"
+#include "document/Filter.h"
 
 #include "diagram/model/Surface.h"
 #include "document/cGroups.h"
@@ -8,14 +8,14 @@
 
 #include <gmock/gmock.h>
 
-namespace mainwindow {
+namespace document {
 namespace {
 
 // Groups "Sales" and "Staff", levels "Goal" and "Step".
 struct FilterTest : ::testing::Test {
     support::testing::ScriptedDesktop desktop; // keys are drawn from it
-    document::cGroups groups;
-    document::cLevels levels;
+    cGroups groups;
+    cLevels levels;
     diagram::Surface surface;
     QString sales = groups.Create(QStringLiteral("Sales"), true).Key;
     QString staff = groups.Create(QStringLiteral("Staff"), true).Key;
@@ -24,8 +24,8 @@ struct FilterTest : ::testing::Test {
 
     diagram::Node &AddNode(const QString &group, const QString &level) {
         diagram::Node &node = surface.Nodes().Add(0, 0, 100, 100);
-        document::SetTag(node, document::tags::kGroup, group);
-        document::SetTag(node, document::tags::kLevel, level);
+        SetTag(node, tags::kGroup, group);
+        SetTag(node, tags::kLevel, level);
         return node;
     }
     void Apply(const char *groupNames, const char *levelNames) {
@@ -126,4 +126,4 @@ TEST(NodeInGroup, LooksBehindTheFirstCharacterAndPassesOverEmptyElements) {
 }
 
 } // namespace
-} // namespace mainwindow
+} // namespace document

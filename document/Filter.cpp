@@ -1,4 +1,4 @@
-#include "mainwindow/Filter.h"
+#include "document/Filter.h"
 
 #include "diagram/model/Surface.h"
 #include "document/cGroups.h"
@@ -8,7 +8,7 @@
 #include <QHash>
 #include <vector>
 
-namespace mainwindow {
+namespace document {
 
 namespace {
 
@@ -38,8 +38,8 @@ bool IsIn(const QString &element, const QString &list) {
 enum class Sight { AsItIs, Shown, Hidden };
 
 Sight SightOf(const QString &tag, const FilterKeys &keys) {
-    const QString group = kComma + document::EntryOfTag(tag, document::tags::kGroup) + kComma;
-    const QString level = kComma + document::EntryOfTag(tag, document::tags::kLevel) + kComma;
+    const QString group = kComma + EntryOfTag(tag, tags::kGroup) + kComma;
+    const QString level = kComma + EntryOfTag(tag, tags::kLevel) + kComma;
     if (group.size() < kShortestList || level.size() < kShortestList) return Sight::AsItIs;
     return NodeInGroup(group, keys.groups) && IsIn(level, keys.levels) ? Sight::Shown : Sight::Hidden;
 }
@@ -52,10 +52,10 @@ bool NodeInGroup(const QString &sNodeGroup, const QString &sGroupText) {
     return false;
 }
 
-FilterKeys KeysForFilter(const QString &groupNames, const QString &levelNames,
-                         const document::cGroups &groups, const document::cLevels &levels) {
-    return {KeysOf(groupNames, groups, [](const document::cGroup &group) { return group.GroupName; }),
-            KeysOf(levelNames, levels, [](const document::cLevel &level) { return level.LevelName; })};
+FilterKeys KeysForFilter(const QString &groupNames, const QString &levelNames, const cGroups &groups,
+                         const cLevels &levels) {
+    return {KeysOf(groupNames, groups, [](const cGroup &group) { return group.GroupName; }),
+            KeysOf(levelNames, levels, [](const cLevel &level) { return level.LevelName; })};
 }
 
 // All nodes first: a link looks at both of its ends.
@@ -77,4 +77,4 @@ void ApplyFilter(diagram::Surface &surface, const FilterKeys &keys) {
         }
 }
 
-} // namespace mainwindow
+} // namespace document

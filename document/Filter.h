@@ -7,11 +7,9 @@ namespace diagram {
 class Surface;
 }
 namespace document {
+
 class cGroups;
 class cLevels;
-} // namespace document
-
-namespace mainwindow {
 
 // Whether one of the keys in `sNodeGroup`, separated by commas, stands in `sGroupText` behind its first
 // character. Upper and lower case are the same; empty elements are passed over.
@@ -24,12 +22,12 @@ struct FilterKeys {
 };
 // From the texts of the two lists: names separated by commas. A name that stands for no member stays as it
 // is, and matches no node; so does a name with a comma in it, which falls into two.
-FilterKeys KeysForFilter(const QString &groupNames, const QString &levelNames,
-                         const document::cGroups &groups, const document::cLevels &levels);
+FilterKeys KeysForFilter(const QString &groupNames, const QString &levelNames, const cGroups &groups,
+                         const cLevels &levels);
 
 // Hides each node whose level isn't ticked or of whose groups none is, and shows the others; a node without
 // group or level stays as it is, with its links. A link is hidden with its origin, and also with its
 // destination unless that is marked. Opens no group of changes.
 void ApplyFilter(diagram::Surface &surface, const FilterKeys &keys);
 
-} // namespace mainwindow
+} // namespace document
