@@ -51,7 +51,9 @@ bool AsksForHelp(const QStringList &arguments) {
 void ShowHelp(QTextStream &out) {
     out << "velmora-cli: maps without a window\n\n";
     for (const Command &command : kCommands) out << "  " << command.usage << "\n";
-    out << "  --help, --version\n";
+    out << "  --help, --version\n\n"
+           "  Each command that writes what a map shows takes --filter-levels A,B and --filter-groups C,D:\n"
+           "  nodes of other levels and groups are left out.\n";
 }
 
 void ShowError(QTextStream &err, const QString &text) {
@@ -101,6 +103,20 @@ QString TakeOption(QStringList &arguments, const QString &option) {
     if (at + 1 >= arguments.size()) throw UsageError(QStringLiteral("%1 needs a value").arg(option));
     arguments.removeAt(at);
     return arguments.takeAt(at);
+}
+
+namespace {
+
+std::optional<QStringList> TakeNames(QStringList &arguments, const QString &option) {
+    if (!arguments.contains(option)) return std::nullopt;
+    return TakeOption(arguments, option).split(u',', Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+output::FilterChoice TakeFilter(QStringList &arguments) {
+    return {TakeNames(arguments, QStringLiteral("--filter-levels")),
+            TakeNames(arguments, QStringLiteral("--filter-groups"))};
 }
 
 bool TakeSwitch(QStringList &arguments, const QString &option) { return arguments.removeAll(option) > 0; }

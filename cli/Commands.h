@@ -1,6 +1,8 @@
 // The commands of velmora-cli.
 #pragma once
 
+#include "output/model/FilterChoice.h"
+
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
@@ -34,6 +36,8 @@ private:
 QString TakeOption(QStringList &arguments, const QString &option);
 // Takes the switch out of the arguments and tells whether it was there.
 bool TakeSwitch(QStringList &arguments, const QString &option);
+// Takes --filter-levels A,B and --filter-groups C out of the arguments; an empty list ticks nothing.
+output::FilterChoice TakeFilter(QStringList &arguments);
 // UsageError unless exactly `count` arguments are left, none of which is empty or looks like an option.
 void ExpectFiles(const QStringList &arguments, int count);
 

@@ -41,8 +41,9 @@ QMap<QString, QStringList> Allowed() {
     allowed["timeline"] = above;
     allowed["recovery"] = above;
     above << "timeline";
-    for (const char *folder : {"templates", "output", "dialogs"}) allowed[folder] = above;
-    const QStringList plain = above + QStringList{"templates", "output", "recovery"};
+    for (const char *folder : {"templates", "output/model", "dialogs"}) allowed[folder] = above;
+    allowed["output"] = above + QStringList{"output/model"}; // a folder of output/ for each kind of document
+    const QStringList plain = above + QStringList{"templates", "output", "output/model", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
     const QStringList windows =
