@@ -29,6 +29,10 @@ constexpr Command kCommands[] = {
      "picture FILE [--slice N] [--pixels N] OUT.png|OUT.svg|OUT.pdf|OUT.wmf|OUT.emf\n"
      "  picture FILE --all FOLDER [--format png|svg|pdf|wmf|emf] [--pixels N]\n"
      "      a picture of a slice, counted from 1, or of every slice; --pixels is the longest side of a PNG"},
+    {"report", Report, true,
+     "report --rtf|--html FILE OUT [--slice N|--all] [--nodes [--details]] [--map]\n"
+     "      a report of a slice, counted from 1, or of all: the texts of its nodes, what else there is of "
+     "them,\n      and its picture; --html with --all writes a page for each slice beside OUT"},
     {"recovered", Recovered, false,
      "recovered [--folder FOLDER]\n"
      "  recovered NUMBER OUT [--folder FOLDER]\n"
@@ -120,6 +124,17 @@ output::FilterChoice TakeFilter(QStringList &arguments) {
 }
 
 bool TakeSwitch(QStringList &arguments, const QString &option) { return arguments.removeAll(option) > 0; }
+
+int NumberOption(QStringList &arguments, const QString &option, int lowest, int highest, int preset) {
+    const QString text = TakeOption(arguments, option);
+    if (text.isEmpty()) return preset;
+    bool good = false;
+    const int number = text.toInt(&good);
+    if (!good || number < lowest || number > highest)
+        throw UsageError(
+            QStringLiteral("%1 needs a number from %2 to %3").arg(option).arg(lowest).arg(highest));
+    return number;
+}
 
 void ExpectFiles(const QStringList &arguments, int count) {
     for (const QString &argument : arguments) {

@@ -36,6 +36,9 @@ private:
 QString TakeOption(QStringList &arguments, const QString &option);
 // Takes the switch out of the arguments and tells whether it was there.
 bool TakeSwitch(QStringList &arguments, const QString &option);
+// Takes a number in that range out of the arguments; `preset` without it.
+int NumberOption(QStringList &arguments, const QString &option, int lowest, int highest, int preset);
+constexpr int kMostSlices = 32768;
 // Takes --filter-levels A,B and --filter-groups C out of the arguments; an empty list ticks nothing.
 output::FilterChoice TakeFilter(QStringList &arguments);
 // UsageError unless exactly `count` arguments are left, none of which is empty or looks like an option.
@@ -47,6 +50,7 @@ int Check(QStringList arguments, QTextStream &out);
 int Repair(QStringList arguments, QTextStream &out);
 int Convert(QStringList arguments, QTextStream &out);
 int Picture(QStringList arguments, QTextStream &out);
+int Report(QStringList arguments, QTextStream &out);
 int Recovered(QStringList arguments, QTextStream &out);
 
 } // namespace cli

@@ -13,17 +13,6 @@ namespace {
 
 constexpr int kMostPixels = 32767;
 
-int NumberOption(QStringList &arguments, const QString &option, int lowest, int highest, int preset) {
-    const QString text = TakeOption(arguments, option);
-    if (text.isEmpty()) return preset;
-    bool good = false;
-    const int number = text.toInt(&good);
-    if (!good || number < lowest || number > highest)
-        throw UsageError(
-            QStringLiteral("%1 needs a number from %2 to %3").arg(option).arg(lowest).arg(highest));
-    return number;
-}
-
 QString FormatOption(QStringList &arguments) {
     const QString format = TakeOption(arguments, QStringLiteral("--format"));
     if (format.isEmpty()) return QStringLiteral("png");
@@ -69,13 +58,7 @@ int OneSlice(const QString &map, int number, const QString &path, const diagram:
     Session session;
     document::MemoryWindow &window = session.Open(map);
     output::ShowOnly(window, filter);
-    const std::vector<int> slices = window.AddFlow1().Indices();
-    if (number > static_cast<int>(slices.size()))
-        throw support::Error(
-            support::kErrSubscriptOutOfRange, QStringLiteral("velmora-cli"),
-            QStringLiteral("Slice %1 does not exist; the map has %2").arg(number).arg(slices.size()));
-    diagram::ExportPictureFile(window.AddFlow1()[slices[static_cast<std::size_t>(number - 1)]], path,
-                               options);
+    diagram::ExportPictureFile(SliceOf(window, number), path, options);
     return kGood;
 }
 
@@ -91,7 +74,7 @@ int Picture(QStringList arguments, QTextStream &out) {
         ExpectFiles(arguments, 1);
         return AllSlices(arguments[0], folder, format, options, filter, out);
     }
-    const int number = NumberOption(arguments, QStringLiteral("--slice"), 1, kMostPixels + 1, 1);
+    const int number = NumberOption(arguments, QStringLiteral("--slice"), 1, kMostSlices, 1);
     ExpectFiles(arguments, 2);
     diagram::CheckPictureEnding(arguments[1]);
     return OneSlice(arguments[0], number, arguments[1], options, filter);

@@ -3,6 +3,7 @@
 #include "document/DoLoad.h"
 #include "document/OpenMap.h"
 #include "support/AtomicFile.h"
+#include "support/Error.h"
 #include "support/PrivateFolder.h"
 
 #include <QDir>
@@ -82,6 +83,15 @@ document::MemoryWindow &Session::Open(const QString &path) {
         settings.OwnFiles().Add(settings.Database());
     }
     return window_;
+}
+
+diagram::Surface &SliceOf(document::MapWindow &window, int number) {
+    const std::vector<int> slices = window.AddFlow1().Indices();
+    if (number > int(slices.size()))
+        throw support::Error(
+            support::kErrSubscriptOutOfRange, QStringLiteral("velmora-cli"),
+            QStringLiteral("Slice %1 does not exist; the map has %2").arg(number).arg(slices.size()));
+    return window.AddFlow1()[slices[std::size_t(number - 1)]];
 }
 
 } // namespace cli

@@ -50,4 +50,7 @@ private:
     int files_ = 0;
 };
 
+// The surface of the slice with that number, counted from 1; error 9.
+diagram::Surface &SliceOf(document::MapWindow &window, int number);
+
 } // namespace cli

@@ -27,7 +27,8 @@ QString Extension(const QString &settings) {
 void BuildEdition(const QDir &edition, const QDir &target) {
     target.mkpath(QStringLiteral("Startup"));
     target.mkpath(QStringLiteral("Templates"));
-    CopyFile(edition.filePath("Settings.nml"), target.filePath("Settings.nml"));
+    for (const char *name : {"Settings.nml", "Default.htm"})
+        CopyFile(edition.filePath(QLatin1String(name)), target.filePath(QLatin1String(name)));
     for (const QString &name : QDir(edition.filePath("Templates")).entryList(QDir::Files))
         CopyFile(edition.filePath("Templates/" + name), target.filePath("Templates/" + name));
     BuildTemplate(edition.filePath("template.json"), target.filePath("template.tpl"));

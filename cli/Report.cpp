@@ -1,0 +1,48 @@
+// Reports of maps.
+#include "app/settings/Settings.h"
+#include "cli/Commands.h"
+#include "cli/Session.h"
+#include "output/export/ExportReport.h"
+
+namespace cli {
+
+namespace {
+
+class NoProgress : public output::ReportProgress {
+    void Slice(const QString &, int, int) override {}
+    void Nodes(int, int) override {}
+    void Doing(const QString &) override {}
+    bool GoOn() override { return true; }
+};
+
+bool TakeIsHtml(QStringList &arguments) {
+    const bool html = TakeSwitch(arguments, QStringLiteral("--html"));
+    const bool rtf = TakeSwitch(arguments, QStringLiteral("--rtf"));
+    if (html == rtf) throw UsageError(QStringLiteral("either --rtf or --html is needed"));
+    return html;
+}
+
+} // namespace
+
+int Report(QStringList arguments, QTextStream &out) {
+    output::ReportOptions options;
+    options.html = TakeIsHtml(arguments);
+    options.all = TakeSwitch(arguments, QStringLiteral("--all"));
+    options.nodes = TakeSwitch(arguments, QStringLiteral("--nodes"));
+    options.details = TakeSwitch(arguments, QStringLiteral("--details"));
+    options.map = TakeSwitch(arguments, QStringLiteral("--map"));
+    if (options.details && !options.nodes) throw UsageError(QStringLiteral("--details needs --nodes"));
+    const int slice = NumberOption(arguments, QStringLiteral("--slice"), 1, kMostSlices, 1);
+    const output::FilterChoice filter = TakeFilter(arguments);
+    ExpectFiles(arguments, 2);
+    settings::LoadSettings();
+    Session session;
+    document::MemoryWindow &window = session.Open(arguments[0]);
+    output::ShowOnly(window, filter);
+    NoProgress progress;
+    output::ExportReport(window, SliceOf(window, slice), arguments[1], options, progress);
+    out << arguments[1] << "\n";
+    return kGood;
+}
+
+} // namespace cli

@@ -1,0 +1,78 @@
+#include "output/export/ExportReport.h"
+
+#include "app/settings/GetSet.h"
+#include "output/export/Pages.h"
+#include "output/export/ReportNames.h"
+#include "output/export/SliceReport.h"
+#include "output/rtf/RtfWriter.h"
+#include "support/AtomicFile.h"
+#include "support/Error.h"
+#include "support/Val.h"
+
+namespace output {
+
+namespace {
+
+struct OptionRow {
+    const char *name; // of the setting
+    bool ReportOptions::*option;
+};
+constexpr OptionRow kOptions[] = {{"ExportNodes", &ReportOptions::nodes},
+                                  {"ExportDetails", &ReportOptions::details},
+                                  {"ExportAll", &ReportOptions::all},
+                                  {"ExportPicture", &ReportOptions::map}};
+
+// Each slice is written as soon as it is built: the pictures of all need not be held at a time.
+bool WriteRichText(const ReportTask &task, ReportProgress &progress) {
+    const RtfWriter writer(task.properties);
+    support::AtomicFile file(task.Filename);
+    file.Append(writer.Begin());
+    for (const SliceOutput &slice : task.slices) {
+        progress.Slice(slice.caption, int(&slice - task.slices.data()), int(task.slices.size()));
+        ReportBlocks blocks;
+        if (slice.index != task.slices.front().index) blocks.push_back(ReportPageBreak{});
+        if (!BuildSlice(blocks, slice, task.options, progress)) return false;
+        file.Append(writer.Body(blocks));
+        if (!progress.GoOn()) return false;
+    }
+    file.Append(writer.End());
+    file.Commit();
+    return true;
+}
+
+ReportTask TaskOf(document::MapWindow &window, diagram::Surface &AF, const QString &Filename,
+                  const ReportOptions &options) {
+    MapOutput map = ReadMap(window);
+    ReportTask task{PropertiesOf(map), options, Filename, std::move(map.slices)};
+    task.options.details &= options.nodes;
+    if (!options.all)
+        std::erase_if(task.slices, [&](const SliceOutput &slice) { return slice.surface != &AF; });
+    return task;
+}
+
+} // namespace
+
+ReportOptions LastReportOptions(const QString &Filename) {
+    ReportOptions options;
+    for (const OptionRow &row : kOptions) {
+        bool &option = options.*row.option;
+        option = support::Val(settings::GetSet(QLatin1String(row.name), option ? "1" : "0")) != 0;
+    }
+    options.html = !IsRichText(Filename);
+    return options;
+}
+
+void RememberReportOptions(const ReportOptions &options) {
+    for (const OptionRow &row : kOptions)
+        settings::SaveSet(QLatin1String(row.name), options.*row.option ? "1" : "0");
+}
+
+bool ExportReport(document::MapWindow &window, diagram::Surface &AF, const QString &Filename,
+                  const ReportOptions &options, ReportProgress &progress) {
+    return support::PassOn("ExportReport", [&] {
+        const ReportTask task = TaskOf(window, AF, Filename, options);
+        return options.html ? WritePages(window.Desktop(), task, progress) : WriteRichText(task, progress);
+    });
+}
+
+} // namespace output
