@@ -12,6 +12,7 @@
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/frmMain.h"
+#include "output/export/form/frmExport.h"
 #include "support/ExceptionFilter.h"
 #include "support/real/RealDesktop.h"
 #include "timeline/setup/frmDate.h"
@@ -54,6 +55,7 @@ void AddForms(support::RealDesktop &desktop) {
     AddForm<dialogs::frmLinkDialog, dialogs::LinkDialogArgument>(forms);
     AddForm<dialogs::frmNodeDialog, dialogs::NodeDialogArgument>(forms);
     AddForm<mainwindow::frmLayout, mainwindow::LayoutFormArgument>(forms);
+    AddForm<output::frmExport, output::clsExport>(forms);
     forms.Add<mainwindow::AboutForm>([&desktop](mainwindow::AboutForm &, support::Owner owner) {
         return mainwindow::frmAbout(desktop.Get(), owner).exec() == QDialog::Accepted;
     });

@@ -20,8 +20,6 @@ struct ExchangeRoutines {
     std::function<void(diagram::Surface &flow, const QString &file)> ImportMap, ExportMap;
     // Makes a surface file fit the levels and groups of the map that it is to be loaded into.
     std::function<void(diagram::Surface &flow, const QString &file)> PrepFileForImport;
-    // Writes a report, as rich text or HTML by the ending of the file.
-    std::function<void(diagram::Surface &flow, const QString &file)> clsExport;
 };
 
 void mnuFileImport(frmMain &window);
