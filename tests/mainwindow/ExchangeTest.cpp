@@ -5,9 +5,11 @@
 #include "document/LastPath.h"
 #include "document/UnsavedWork.h"
 #include "mainwindow/FormsToCome.h"
+#include "output/export/clsExport.h"
 #include "support/Error.h"
 #include "tests/mainwindow/WindowTest.h"
 
+#include <QDir>
 #include <QFile>
 
 namespace mainwindow::testing {
@@ -82,6 +84,7 @@ TEST_F(Exchange, ExportOffersFiveFormsTheLastOneFirst) {
 TEST_F(Exchange, WhatIsNotThereYetIsToldAndNothingIsAskedOrEmptied) {
     AddNode(window, 0, 0);
     desktop.dialogHost.Miss<PowerPointArgument>();
+    desktop.dialogHost.Miss<output::clsExport>();
     const std::pair<int, const char *> imports[] = {
         {1, "Importing maps"}, {2, "Importing flat files"}, {3, "Importing text files"}};
     for (const auto &[row, what] : imports) {
@@ -97,6 +100,38 @@ TEST_F(Exchange, WhatIsNotThereYetIsToldAndNothingIsAskedOrEmptied) {
         EXPECT_EQ(Status(window), QLatin1String(what) + QStringLiteral(" is not there yet."));
     }
     EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 1);
+}
+
+TEST_F(Exchange, RichTextAndPagesAreReportsOfTheCurrentSlice) {
+    for (const int row : {3, 4}) {
+        bool shown = false;
+        desktop.ExpectForm<output::clsExport>([&](output::clsExport &report) {
+            shown = true;
+            EXPECT_EQ(&report.Frm, &window);
+            EXPECT_EQ(&report.AF, &window.CurrentSurface());
+            EXPECT_EQ(report.Filename, MapFile(QStringLiteral("out.flt")));
+            return true;
+        });
+        Export(row);
+        EXPECT_TRUE(shown);
+    }
+}
+
+TEST_F(Exchange, ExportRemembersItsFolderAndItsRow) {
+    AddNode(window, 0, 0);
+    window.clsSettings().SetDatabase(MapFile(QStringLiteral("plan.map")));
+    const QString folder = MapFile(QStringLiteral("exports"));
+    QDir().mkpath(folder);
+    desktop.ExpectSaveFile(folder + QStringLiteral("/a.flt"), 1);
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileExport"));
+    desktop.ExpectSaveFile(QString());
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileExport"));
+    EXPECT_EQ(desktop.dialogs.shownFiles.back().filterRow, 1);
+    EXPECT_EQ(desktop.dialogs.shownFiles.back().startFolder, folder + QStringLiteral("/plan"));
+    QDir(folder).removeRecursively();
+    desktop.ExpectSaveFile(QString());
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileExport"));
+    EXPECT_EQ(desktop.dialogs.shownFiles.back().startFolder, MapFile(QStringLiteral("plan")));
 }
 
 TEST_F(Exchange, AFlatFileIsTheSurfaceInItsOwnForm) {

@@ -5,6 +5,7 @@
 #include "document/DoLoad.h"
 #include "document/MemoryWindow.h"
 #include "document/Tags.h"
+#include "support/AtomicFile.h"
 #include "support/Files.h"
 #include "support/testing/ScriptedDesktop.h"
 #include "tests/Paths.h"
@@ -94,6 +95,18 @@ TEST_F(Edition, Velmora_OffersASampleThatShowsWhatTheEditorDoes) {
     EXPECT_EQ(window->clsSettings().Hyperlinks().count(), 1);
     ASSERT_EQ(window->clsSettings().Attachments().count(), 1);
     EXPECT_TRUE(support::FileExists(window->clsSettings().Attachments().Item(1).Filename));
+}
+
+TEST_F(Edition, EveryEditionHasAFramesetForItsReports) {
+    for (const char *name : {"velmora", "storyline"}) {
+        Build(name);
+        const QString page =
+            QString::fromUtf8(support::ReadWholeFile(support::ProgramPath() + "/Default.htm"));
+        EXPECT_TRUE(page.startsWith("<!DOCTYPE html PUBLIC \"-//W3C//DTD HTML 4.01 Frameset//EN\""));
+        EXPECT_EQ(page.count("<frame "), 2);
+        EXPECT_TRUE(page.contains("<frame src=\"%LHS%\""));
+        EXPECT_TRUE(page.contains("<frame src=\"%RHS%\" name=\"RHS\""));
+    }
 }
 
 TEST_F(Edition, Velmora_StartsMapsWithFiveLevelsAndGroups) {

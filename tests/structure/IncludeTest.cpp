@@ -42,8 +42,17 @@ QMap<QString, QStringList> Allowed() {
     allowed["recovery"] = above;
     above << "timeline";
     for (const char *folder : {"templates", "output/model", "dialogs"}) allowed[folder] = above;
-    allowed["output"] = above + QStringList{"output/model"}; // a folder of output/ for each kind of document
-    const QStringList plain = above + QStringList{"templates", "output", "output/model", "recovery"};
+    QStringList outputs = above + QStringList{"output/model"};
+    allowed["output"] = outputs; // a folder of output/ for each kind of document
+    allowed["output/report"] = outputs;
+    outputs << "output/report";
+    for (const char *writer : {"output/rtf", "output/html"}) allowed[writer] = outputs;
+    outputs << "output/rtf"
+            << "output/html";
+    allowed["output/export"] = outputs;
+    outputs << "output"
+            << "output/export";
+    const QStringList plain = outputs + QStringList{"templates", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
     const QStringList windows =

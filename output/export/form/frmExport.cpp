@@ -164,7 +164,8 @@ void frmExport::reject() {
 }
 
 void frmExport::Slice(const QString &caption, int done, int slices) {
-    lblMap_->setText(caption.simplified());
+    lblMap_->setText(
+        lblMap_->fontMetrics().elidedText(caption.simplified(), Qt::ElideRight, lblMap_->width()));
     prg1_->setRange(0, slices);
     prg1_->setValue(done);
 }
@@ -176,8 +177,8 @@ void frmExport::Nodes(int done, int nodes) {
 
 void frmExport::Doing(const QString &text) {
     constexpr int kLongest = 200; // a node may hold a book
-    lblDoing_->setText(text.size() > kLongest ? text.left(kLongest).simplified() + QStringLiteral("...")
-                                              : text.simplified());
+    const QString line = text.left(kLongest).simplified();
+    lblDoing_->setText(lblDoing_->fontMetrics().elidedText(line, Qt::ElideRight, lblDoing_->width()));
 }
 
 bool frmExport::GoOn() {
