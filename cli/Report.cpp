@@ -4,6 +4,8 @@
 #include "cli/Session.h"
 #include "output/export/ExportReport.h"
 
+#include <QFileInfo>
+
 namespace cli {
 
 namespace {
@@ -22,6 +24,12 @@ bool TakeIsHtml(QStringList &arguments) {
     return html;
 }
 
+// Names of pages are made of it, so it has one.
+QString WithEnding(const QString &path, bool html) {
+    if (!QFileInfo(path).suffix().isEmpty()) return path;
+    return path + (html ? QStringLiteral(".htm") : QStringLiteral(".rtf"));
+}
+
 } // namespace
 
 int Report(QStringList arguments, QTextStream &out) {
@@ -32,6 +40,8 @@ int Report(QStringList arguments, QTextStream &out) {
     options.details = TakeSwitch(arguments, QStringLiteral("--details"));
     options.map = TakeSwitch(arguments, QStringLiteral("--map"));
     if (options.details && !options.nodes) throw UsageError(QStringLiteral("--details needs --nodes"));
+    if (options.all && arguments.contains(QStringLiteral("--slice")))
+        throw UsageError(QStringLiteral("either --slice or --all is wanted"));
     const int slice = NumberOption(arguments, QStringLiteral("--slice"), 1, kMostSlices, 1);
     const output::FilterChoice filter = TakeFilter(arguments);
     ExpectFiles(arguments, 2);
@@ -40,8 +50,9 @@ int Report(QStringList arguments, QTextStream &out) {
     document::MemoryWindow &window = session.Open(arguments[0]);
     output::ShowOnly(window, filter);
     NoProgress progress;
-    output::ExportReport(window, SliceOf(window, slice), arguments[1], options, progress);
-    out << arguments[1] << "\n";
+    const QString path = WithEnding(arguments[1], options.html);
+    output::ExportReport(window, SliceOf(window, slice), path, options, progress);
+    out << path << "\n";
     return kGood;
 }
 

@@ -22,6 +22,17 @@ constexpr OptionRow kOptions[] = {{"ExportNodes", &ReportOptions::nodes},
                                   {"ExportAll", &ReportOptions::all},
                                   {"ExportPicture", &ReportOptions::map}};
 
+bool ExportSlice(support::AtomicFile &file, const ReportTask &task, const SliceOutput &slice,
+                 ReportProgress &progress) {
+    return support::PassOn("ExportSlice", [&] {
+        ReportBlocks blocks;
+        if (&slice != &task.slices.front()) blocks.push_back(ReportPageBreak{});
+        if (!BuildSlice(blocks, slice, task.options, progress)) return false;
+        file.Append(RtfWriter(task.properties).Body(blocks));
+        return progress.GoOn();
+    });
+}
+
 // Each slice is written as soon as it is built: the pictures of all need not be held at a time.
 bool WriteRichText(const ReportTask &task, ReportProgress &progress) {
     const RtfWriter writer(task.properties);
@@ -29,11 +40,7 @@ bool WriteRichText(const ReportTask &task, ReportProgress &progress) {
     file.Append(writer.Begin());
     for (const SliceOutput &slice : task.slices) {
         progress.Slice(slice.caption, int(&slice - task.slices.data()), int(task.slices.size()));
-        ReportBlocks blocks;
-        if (slice.index != task.slices.front().index) blocks.push_back(ReportPageBreak{});
-        if (!BuildSlice(blocks, slice, task.options, progress)) return false;
-        file.Append(writer.Body(blocks));
-        if (!progress.GoOn()) return false;
+        if (!ExportSlice(file, task, slice, progress)) return false;
     }
     file.Append(writer.End());
     file.Commit();

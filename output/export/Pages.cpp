@@ -5,6 +5,7 @@
 #include "output/html/HtmlPage.h"
 #include "output/html/HtmlText.h"
 #include "support/AtomicFile.h"
+#include "support/Error.h"
 #include "support/Files.h"
 
 #include <QCoreApplication>
@@ -61,15 +62,17 @@ bool MayReplace(support::Desktop &desktop, QStringList names) {
                                      support::EnterPresses::No) == support::Answer::Yes;
 }
 
-bool AddPage(NewFiles &files, const ReportTask &task, const PlannedPage &page, ReportProgress &progress) {
-    ReportBlocks blocks;
-    if (!BuildSlice(blocks, *page.slice, task.options, progress)) return false;
-    ReportProperties properties = task.properties;
-    if (!page.slice->caption.isEmpty()) properties.title += QStringLiteral(" - ") + page.slice->caption;
-    const HtmlPage html = WriteHtmlPage(properties, blocks, page.prefix);
-    for (const PictureFile &picture : html.pictures) files.Add(picture.name, picture.bytes);
-    files.Add(page.name, html.page);
-    return progress.GoOn();
+bool ExportSlice(NewFiles &files, const ReportTask &task, const PlannedPage &page, ReportProgress &progress) {
+    return support::PassOn("ExportSlice", [&] {
+        ReportBlocks blocks;
+        if (!BuildSlice(blocks, *page.slice, task.options, progress)) return false;
+        ReportProperties properties = task.properties;
+        if (!page.slice->caption.isEmpty()) properties.title += QStringLiteral(" - ") + page.slice->caption;
+        const HtmlPage html = WriteHtmlPage(properties, blocks, page.prefix);
+        for (const PictureFile &picture : html.pictures) files.Add(picture.name, picture.bytes);
+        files.Add(page.name, html.page);
+        return progress.GoOn();
+    });
 }
 
 ReportLine LinkTo(const PlannedPage &page, int number) {
@@ -117,7 +120,7 @@ bool WritePages(support::Desktop &desktop, const ReportTask &task, ReportProgres
     NewFiles files(QFileInfo(task.Filename).absolutePath());
     for (const PlannedPage &page : plan) {
         progress.Slice(page.slice->caption, int(&page - plan.data()), int(plan.size()));
-        if (!AddPage(files, task, page, progress)) return false;
+        if (!ExportSlice(files, task, page, progress)) return false;
     }
     if (task.options.all) AddIndex(files, task, plan);
     files.Commit();

@@ -41,14 +41,13 @@ void Put(QByteArray &out, char32_t letter) {
         PutUnicode(out, letter);
 }
 
+// Numbers keep their own direction in either.
 std::optional<bool> GoesRightToLeft(char32_t letter) {
     switch (QChar::direction(letter)) {
     case QChar::DirR:
     case QChar::DirAL:
-    case QChar::DirAN:
         return true;
     case QChar::DirL:
-    case QChar::DirEN:
         return false;
     default:
         return std::nullopt;

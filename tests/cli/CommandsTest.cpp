@@ -76,6 +76,7 @@ TEST_F(CommandsTest, AMisunderstoodCommandLineIsOneLineAndEndsWithTwo) {
                                          {"report", "a", "b.rtf", "--rtf", "--html"},
                                          {"report", "a", "--rtf"},
                                          {"report", "a", "b.rtf", "--rtf", "--details"},
+                                         {"report", "a", "b.rtf", "--rtf", "--slice", "1", "--all"},
                                          {"report", "a", "b.rtf", "--rtf", "--slice", "0"},
                                          {"convert", "a"},
                                          {"repair", "a"}}) {
@@ -347,6 +348,8 @@ TEST_F(CommandsTest, ReportWritesAPageForEachSlice) {
         << err.toStdString();
     for (const char *name : {"a.htm", "a_-1.htm", "a_0.htm", "a_1.htm", "a_2.htm"})
         EXPECT_TRUE(support::FileExists(Path(name)));
+    ASSERT_EQ(Run({"report", "--html", map, Path("b"), "--nodes"}), cli::kGood);
+    EXPECT_TRUE(support::FileExists(Path("b.htm"))) << "a name without an ending gets one";
 }
 
 TEST_F(CommandsTest, TheFilterLeavesNodesOutOfReportsAndPictures) {

@@ -77,6 +77,8 @@ TEST(RtfText, StretchesGoInOneDirectionWithTheNeutralLettersBehindThem) {
     EXPECT_TRUE(stretches[2].rightToLeft);
     EXPECT_EQ(stretches[3].text, QStringLiteral("b"));
     EXPECT_TRUE(StretchesOf(QString(), false).empty());
+    EXPECT_EQ(StretchesOf(QStringLiteral("שלום (1) עולם"), true).size(), 1u)
+        << "brackets stay around numbers";
 }
 
 TEST(RtfWriter, AReportHasFontsPropertiesAndALandscapePage) {
