@@ -78,7 +78,7 @@ bool ExportReport(document::MapWindow &window, diagram::Surface &AF, const QStri
                   const ReportOptions &options, ReportProgress &progress) {
     return support::PassOn("ExportReport", [&] {
         const ReportTask task = TaskOf(window, AF, Filename, options);
-        return options.html ? WritePages(window.Desktop(), task, progress) : WriteRichText(task, progress);
+        return options.html ? WritePages(window, task, progress) : WriteRichText(task, progress);
     });
 }
 

@@ -50,16 +50,19 @@ QStringList FilesThere(const ReportTask &task, const std::vector<PlannedPage> &p
     return names;
 }
 
-bool MayReplace(support::Desktop &desktop, QStringList names) {
+bool MayReplace(document::MapWindow &window, QStringList names) {
     constexpr int kMostNames = 10;
     if (names.isEmpty()) return true;
     const qsizetype others = names.size() - kMostNames;
     if (others > 0) names = names.mid(0, kMostNames) << Tr("and %1 more").arg(others);
     const QString question =
         Tr("These files are there already:") + "\r\r" + names.join(u'\r') + "\r\r" + Tr("Replace them?");
-    return desktop.messageBoxes.Show(question, support::Buttons::YesNo, support::Icon::Question,
-                                     settings::Terms().TITLE,
-                                     support::EnterPresses::No) == support::Answer::Yes;
+    window.SetMousePointer(document::pointer::kNormal);
+    const support::Answer answer =
+        window.Desktop().messageBoxes.Show(question, support::Buttons::YesNo, support::Icon::Question,
+                                           settings::Terms().TITLE, support::EnterPresses::No);
+    window.SetMousePointer(document::pointer::kHourglass);
+    return answer == support::Answer::Yes;
 }
 
 bool ExportSlice(NewFiles &files, const ReportTask &task, const PlannedPage &page, ReportProgress &progress) {
@@ -112,11 +115,11 @@ void AddIndex(NewFiles &files, const ReportTask &task, const std::vector<Planned
 
 } // namespace
 
-bool WritePages(support::Desktop &desktop, const ReportTask &task, ReportProgress &progress) {
+bool WritePages(document::MapWindow &window, const ReportTask &task, ReportProgress &progress) {
     const support::AtomicFile mayBeWritten(task.Filename);
-    const std::vector<PlannedPage> plan = PlanOf(desktop, task);
+    const std::vector<PlannedPage> plan = PlanOf(window.Desktop(), task);
     if (task.options.all) Frameset(task); // before all the work
-    if (!MayReplace(desktop, FilesThere(task, plan))) return false;
+    if (!MayReplace(window, FilesThere(task, plan))) return false;
     NewFiles files(QFileInfo(task.Filename).absolutePath());
     for (const PlannedPage &page : plan) {
         progress.Slice(page.slice->caption, int(&page - plan.data()), int(plan.size()));

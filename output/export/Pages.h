@@ -2,11 +2,10 @@
 #pragma once
 
 #include "output/export/SliceReport.h"
-#include "support/Desktop.h"
 
 namespace output {
 
 // False when it was given up, or the files that are there are to stay.
-bool WritePages(support::Desktop &desktop, const ReportTask &task, ReportProgress &progress);
+bool WritePages(document::MapWindow &window, const ReportTask &task, ReportProgress &progress);
 
 } // namespace output
