@@ -136,6 +136,7 @@ TEST_F(Reports, FilesThatAreThereAreAskedAboutOnce) {
     for (const char *name : {"a.htm", "a_1.htm", "0011_1.svg"})
         EXPECT_EQ(Read(QLatin1String(name)), QStringLiteral("old"));
     EXPECT_EQ(desktop.Messages().back().enter, support::EnterPresses::No);
+    EXPECT_THAT(window->pointers, ElementsAre(document::pointer::kNormal, document::pointer::kHourglass));
     desktop.random.numbers = {0.11, 0.22};
     desktop.ExpectMessage(question, support::Answer::Yes);
     EXPECT_TRUE(Export(QStringLiteral("a.htm"), All(kPicturesOnly)));
