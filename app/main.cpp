@@ -12,6 +12,7 @@
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/frmMain.h"
+#include "output/export/form/frmExport.h"
 #include "support/ExceptionFilter.h"
 #include "support/real/RealDesktop.h"
 #include "templates/forms/frmRB.h"
@@ -58,6 +59,7 @@ void AddForms(support::RealDesktop &desktop) {
     AddForm<templates::frmRB, settings::clsRB>(forms);
     AddForm<templates::frmSaveAsTemplate, templates::SaveAsTemplateArgument>(forms);
     AddForm<mainwindow::frmLayout, mainwindow::LayoutFormArgument>(forms);
+    AddForm<output::frmExport, output::clsExport>(forms);
     forms.Add<mainwindow::AboutForm>([&desktop](mainwindow::AboutForm &, support::Owner owner) {
         return mainwindow::frmAbout(desktop.Get(), owner).exec() == QDialog::Accepted;
     });

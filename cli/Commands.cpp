@@ -26,8 +26,8 @@ constexpr Command kCommands[] = {
     {"convert", Convert, false,
      "convert IN OUT\n      writes the map IN, an old Jet map too, as the map OUT"},
     {"csv", Csv, false,
-     "csv FILE [--slice N] [--filter-levels NAMES] [--filter-groups NAMES] OUT.csv\n"
-     "      a slice, counted from 1, as a text file of columns; names are separated by commas"},
+     "csv FILE [--slice N] OUT.csv\n"
+     "      a slice, counted from 1, as a text file of columns"},
     {"import", Import, false,
      "import FILE.csv MAP [--slice N|--new]\n"
      "      adds what a text file of columns holds to a slice of the map, or to a new one"},
@@ -35,6 +35,10 @@ constexpr Command kCommands[] = {
      "picture FILE [--slice N] [--pixels N] OUT.png|OUT.svg|OUT.pdf|OUT.wmf|OUT.emf\n"
      "  picture FILE --all FOLDER [--format png|svg|pdf|wmf|emf] [--pixels N]\n"
      "      a picture of a slice, counted from 1, or of every slice; --pixels is the longest side of a PNG"},
+    {"report", Report, true,
+     "report --rtf|--html FILE OUT [--slice N|--all] [--nodes [--details]] [--map]\n"
+     "      a report of a slice, counted from 1, or of all: the texts of its nodes, what else there is of "
+     "them,\n      and its picture; --html with --all writes a page for each slice beside OUT"},
     {"recovered", Recovered, false,
      "recovered [--folder FOLDER]\n"
      "  recovered NUMBER OUT [--folder FOLDER]\n"
@@ -64,7 +68,9 @@ bool AsksForHelp(const QStringList &arguments) {
 void ShowHelp(QTextStream &out) {
     out << "velmora-cli: maps without a window\n\n";
     for (const Command &command : kCommands) out << "  " << command.usage << "\n";
-    out << "  --help, --version\n";
+    out << "  --help, --version\n\n"
+           "  Each command that writes what a map shows takes --filter-levels A,B and --filter-groups C,D:\n"
+           "  nodes of other levels and groups are left out.\n";
 }
 
 void ShowError(QTextStream &err, const QString &text) {
@@ -130,6 +136,20 @@ int NumberOption(QStringList &arguments, const QString &option, int lowest, int 
 int TakeSlice(QStringList &arguments) {
     constexpr int kMostSlices = 32768;
     return NumberOption(arguments, QStringLiteral("--slice"), 1, kMostSlices, 1);
+}
+
+namespace {
+
+std::optional<QStringList> TakeNames(QStringList &arguments, const QString &option) {
+    if (!arguments.contains(option)) return std::nullopt;
+    return TakeOption(arguments, option).split(u',', Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+output::FilterChoice TakeFilter(QStringList &arguments) {
+    return {TakeNames(arguments, QStringLiteral("--filter-levels")),
+            TakeNames(arguments, QStringLiteral("--filter-groups"))};
 }
 
 bool TakeSwitch(QStringList &arguments, const QString &option) { return arguments.removeAll(option) > 0; }

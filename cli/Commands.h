@@ -1,6 +1,8 @@
 // The commands of velmora-cli.
 #pragma once
 
+#include "output/model/FilterChoice.h"
+
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
@@ -38,6 +40,8 @@ int NumberOption(QStringList &arguments, const QString &option, int lowest, int 
 int TakeSlice(QStringList &arguments);
 // Takes the switch out of the arguments and tells whether it was there.
 bool TakeSwitch(QStringList &arguments, const QString &option);
+// Takes --filter-levels A,B and --filter-groups C out of the arguments; an empty list ticks nothing.
+output::FilterChoice TakeFilter(QStringList &arguments);
 // UsageError unless exactly `count` arguments are left, none of which is empty or looks like an option.
 void ExpectFiles(const QStringList &arguments, int count);
 
@@ -47,6 +51,7 @@ int Check(QStringList arguments, QTextStream &out);
 int Repair(QStringList arguments, QTextStream &out);
 int Convert(QStringList arguments, QTextStream &out);
 int Picture(QStringList arguments, QTextStream &out);
+int Report(QStringList arguments, QTextStream &out);
 int Recovered(QStringList arguments, QTextStream &out);
 int Template(QStringList arguments, QTextStream &out);
 int Csv(QStringList arguments, QTextStream &out);

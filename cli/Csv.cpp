@@ -3,49 +3,23 @@
 #include "cli/Session.h"
 #include "document/DefaultNodes.h"
 #include "document/DoSave.h"
-#include "document/Filter.h"
 #include "document/UnsavedWork.h"
 #include "output/csv/ExportMap.h"
 #include "output/csv/ImportMap.h"
-#include "support/Error.h"
 #include "support/Files.h"
 
-#include <optional>
 #include <QSet>
 
 namespace cli {
 
 namespace {
 
-// The names of all members of the pool, separated by commas, or those that are asked for: error 5 for one
-// that isn't there.
-template <typename Pool, typename Name>
-QString NamesToShow(const Pool &pool, const std::optional<QString> &asked, Name name) {
-    QStringList all;
-    for (const auto &member : pool) all.append(member.*name);
-    if (!asked) return all.join(u',');
-    for (const QString &each : asked->split(u',', Qt::SkipEmptyParts))
-        if (!all.contains(each))
-            throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("velmora-cli"),
-                                 QStringLiteral("The map has nothing called '%1'").arg(each));
-    return *asked;
-}
-
-std::optional<QString> TakeNames(QStringList &arguments, const QString &option) {
-    if (!arguments.contains(option)) return std::nullopt;
-    return TakeOption(arguments, option);
-}
-
 // The keys of the nodes that the filter hides.
 QSet<QString> HiddenBy(document::MemoryWindow &window, diagram::Surface &slice,
-                       const std::optional<QString> &levels, const std::optional<QString> &groups) {
-    if (!levels && !groups) return {};
-    document::clsfrmMain &settings = window.clsSettings();
-    const QString groupNames = NamesToShow(settings.Groups(), groups, &document::cGroup::GroupName);
-    const QString levelNames = NamesToShow(settings.Levels(), levels, &document::cLevel::LevelName);
+                       const output::FilterChoice &filter) {
+    if (!filter.IsGiven()) return {};
     for (diagram::Node &node : slice.Nodes()) node.SetHidden(false);
-    document::ApplyFilter(
-        slice, document::KeysForFilter(groupNames, levelNames, settings.Groups(), settings.Levels()));
+    output::ShowOnly(window, filter);
     QSet<QString> hidden;
     for (const diagram::Node &node : slice.Nodes())
         if (node.Hidden()) hidden.insert(node.Key());
@@ -75,13 +49,12 @@ void GiveSize(diagram::Surface &slice) {
 
 int Csv(QStringList arguments, QTextStream &out) {
     const int number = TakeSlice(arguments);
-    const auto levels = TakeNames(arguments, QStringLiteral("--filter-levels"));
-    const auto groups = TakeNames(arguments, QStringLiteral("--filter-groups"));
+    const output::FilterChoice filter = TakeFilter(arguments);
     ExpectFiles(arguments, 2);
     Session session;
     document::MemoryWindow &window = session.Open(arguments[0]);
     diagram::Surface &slice = SliceOf(window, number);
-    output::ExportMap(window, slice, arguments[1], HiddenBy(window, slice, levels, groups));
+    output::ExportMap(window, slice, arguments[1], HiddenBy(window, slice, filter));
     out << output::NotInTextFiles() << "\n";
     return kGood;
 }

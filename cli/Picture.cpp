@@ -1,7 +1,7 @@
 // Pictures of slices.
 #include "cli/Commands.h"
 #include "cli/Session.h"
-#include "diagram/export/Export.h"
+#include "diagram/export/PictureKinds.h"
 #include "support/Error.h"
 #include "support/Files.h"
 
@@ -12,14 +12,13 @@ namespace cli {
 namespace {
 
 constexpr int kMostPixels = 32767;
-const QStringList kFormats = {QStringLiteral("png"), QStringLiteral("svg"), QStringLiteral("pdf"),
-                              QStringLiteral("wmf"), QStringLiteral("emf")};
 
 QString FormatOption(QStringList &arguments) {
     const QString format = TakeOption(arguments, QStringLiteral("--format"));
     if (format.isEmpty()) return QStringLiteral("png");
-    if (!kFormats.contains(format))
-        throw UsageError(QStringLiteral("--format needs one of %1").arg(kFormats.join(QStringLiteral(", "))));
+    const QStringList known = diagram::PictureEndings();
+    if (!known.contains(format))
+        throw UsageError(QStringLiteral("--format needs one of %1").arg(known.join(QStringLiteral(", "))));
     return format;
 }
 
@@ -36,9 +35,10 @@ QString FileNameFor(int number, const QString &caption, const QString &format) {
 }
 
 int AllSlices(const QString &map, const QString &folder, const QString &format,
-              const diagram::ExportOptions &options, QTextStream &out) {
+              const diagram::ExportOptions &options, const output::FilterChoice &filter, QTextStream &out) {
     Session session;
     document::MemoryWindow &window = session.Open(map);
+    output::ShowOnly(window, filter);
     if (!QDir().mkpath(folder))
         throw support::Error(support::kErrPathFileAccess, QStringLiteral("velmora-cli"),
                              QStringLiteral("Path/File access error: %1").arg(folder));
@@ -53,9 +53,11 @@ int AllSlices(const QString &map, const QString &folder, const QString &format,
     return kGood;
 }
 
-int OneSlice(const QString &map, int number, const QString &path, const diagram::ExportOptions &options) {
+int OneSlice(const QString &map, int number, const QString &path, const diagram::ExportOptions &options,
+             const output::FilterChoice &filter) {
     Session session;
     document::MemoryWindow &window = session.Open(map);
+    output::ShowOnly(window, filter);
     diagram::ExportPictureFile(SliceOf(window, number), path, options);
     return kGood;
 }
@@ -65,16 +67,17 @@ int OneSlice(const QString &map, int number, const QString &path, const diagram:
 int Picture(QStringList arguments, QTextStream &out) {
     diagram::ExportOptions options;
     options.pixels = NumberOption(arguments, QStringLiteral("--pixels"), 1, kMostPixels, 0);
+    const output::FilterChoice filter = TakeFilter(arguments);
     const QString folder = TakeOption(arguments, QStringLiteral("--all"));
     if (!folder.isEmpty()) {
         const QString format = FormatOption(arguments);
         ExpectFiles(arguments, 1);
-        return AllSlices(arguments[0], folder, format, options, out);
+        return AllSlices(arguments[0], folder, format, options, filter, out);
     }
     const int number = TakeSlice(arguments);
     ExpectFiles(arguments, 2);
     diagram::CheckPictureEnding(arguments[1]);
-    return OneSlice(arguments[0], number, arguments[1], options);
+    return OneSlice(arguments[0], number, arguments[1], options, filter);
 }
 
 } // namespace cli

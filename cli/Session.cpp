@@ -93,7 +93,7 @@ document::MemoryWindow &Session::Open(const QString &path) {
     return window_;
 }
 
-diagram::Surface &SliceOf(document::MemoryWindow &window, int number) {
+diagram::Surface &SliceOf(document::MapWindow &window, int number) {
     const std::vector<int> slices = window.AddFlow1().Indices();
     if (number > int(slices.size()))
         throw support::Error(

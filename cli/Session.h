@@ -51,6 +51,6 @@ private:
 };
 
 // A slice, counted from 1, whose tab becomes the current one. Error 9 for one that isn't there.
-diagram::Surface &SliceOf(document::MemoryWindow &window, int number);
+diagram::Surface &SliceOf(document::MapWindow &window, int number);
 
 } // namespace cli

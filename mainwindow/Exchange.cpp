@@ -1,5 +1,6 @@
 #include "mainwindow/Exchange.h"
 
+#include "app/settings/GetSet.h"
 #include "app/settings/Settings.h"
 #include "diagram/export/Export.h"
 #include "diagram/format/SurfaceFile.h"
@@ -11,6 +12,7 @@
 #include "mainwindow/WindowStatus.h"
 #include "output/csv/ExportMap.h"
 #include "output/csv/ImportMap.h"
+#include "output/export/clsExport.h"
 #include "output/mapimport/DoImportMap.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
@@ -175,8 +177,8 @@ void ExportCsv(frmMain &window, const QString &file) {
 }
 
 void ExportReport(frmMain &window, const QString &file) {
-    if (!window.Exchange().clsExport) return window.Status().TellNotYet(Tr("Exporting reports"));
-    window.Exchange().clsExport(window.CurrentSurface(), file);
+    output::clsExport report{window, window.CurrentSurface(), file};
+    ShowForm(window, report, Tr("Exporting reports"));
 }
 
 void ExportFlatFile(frmMain &window, const QString &file) {
@@ -196,6 +198,27 @@ QString PlaceBeside(frmMain &window, const QString &ending) {
     if (name.isEmpty()) return place;
     if (const qsizetype dot = name.lastIndexOf(u'.'); dot > 0) place.chop(name.size() - dot);
     return place + ending;
+}
+
+constexpr char kExportFolder[] = "ExportFolder";
+constexpr char kExportRow[] = "ExportRow";
+
+// In the folder of the last export, else where the map is saved; behind it the map's name without its ending.
+QString PlaceToExport(frmMain &window) {
+    const QString beside = PlaceBeside(window, QString());
+    const QString folder = settings::GetSet(QLatin1String(kExportFolder));
+    if (folder.isEmpty() || !support::DirExists(folder)) return beside;
+    return support::AddBackslash(folder) + beside.mid(support::LastSeparator(beside) + 1);
+}
+
+int LastExportRow() {
+    const int row = settings::GetSet(QLatin1String(kExportRow)).toInt();
+    return row >= kFlatOut && row <= kPresentationOut ? row : kPresentationOut;
+}
+
+void RememberExport(const QString &file, int row) {
+    settings::SaveSet(QLatin1String(kExportFolder), file.left(support::LastSeparator(file)));
+    settings::SaveSet(QLatin1String(kExportRow), QString::number(row));
 }
 
 using FileRoutine = void (*)(frmMain &, const QString &);
@@ -220,10 +243,10 @@ void mnuFileImport(frmMain &window) {
 
 void mnuFileExport(frmMain &window) {
     window.SetMousePointer(kNormal);
-    int row = kPresentationOut;
+    int row = LastExportRow();
     const QString file = window.Desktop().dialogs.ShowSaveFileDialog(
-        ExportFilter(), settings::Terms().FLATEXT, PlaceBeside(window, QString()), kExportFlags, &window,
-        row);
+        ExportFilter(), settings::Terms().FLATEXT, PlaceToExport(window), kExportFlags, &window, row);
+    if (!file.isEmpty()) RememberExport(file, row);
     RunRow(kExports, row, window, file);
 }
 

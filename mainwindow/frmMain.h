@@ -6,7 +6,6 @@
 #include "document/SurfaceArray.h"
 #include "mainwindow/clsTabStrip.h"
 #include "mainwindow/Commands.h"
-#include "mainwindow/Exchange.h"
 
 #include <memory>
 #include <QEventLoop>
@@ -157,7 +156,6 @@ public:
     // popup, at x, y (twips from the left top corner of what is seen). A hidden timeline node gets none.
     void ShowNodeProperties(diagram::Node &oNode, float x, float y);
     void ShowLinkProperties(diagram::Link &oLink);
-    ExchangeRoutines &Exchange() { return exchange_; }
     // What is offered after links were changed.
     PutBack &FormerLinks() const { return *putBack_; }
     // The timeline node whose popup was opened last, or null.
@@ -220,7 +218,6 @@ private:
     std::unique_ptr<TimelinePopup> popup_;
     std::unique_ptr<DroppedFiles> drop_;
     std::unique_ptr<TemplateBar> templates_;
-    ExchangeRoutines exchange_;
     frmPics *frmPics_ = nullptr;
     QTimer tmrResize_;
     QTimer update_;

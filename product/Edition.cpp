@@ -42,7 +42,8 @@ void BuildTemplates(const QDir &edition, const QDir &target, const QString &exte
 
 void BuildEdition(const QDir &edition, const QDir &target) {
     target.mkpath(QStringLiteral("Startup"));
-    CopyFile(edition.filePath("Settings.nml"), target.filePath("Settings.nml"));
+    for (const char *name : {"Settings.nml", "Default.htm"})
+        CopyFile(edition.filePath(QLatin1String(name)), target.filePath(QLatin1String(name)));
     BuildTemplate(edition.filePath("template.json"), target.filePath("template.tpl"));
     for (const char *name : {"Template.nd", "Template.tnd"})
         BuildDefaultNode(edition.filePath(QLatin1String(name) + ".json"),

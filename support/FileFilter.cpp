@@ -22,4 +22,12 @@ QString DefaultSuffix(const QString &defaultExtension) {
     return defaultExtension.mid(defaultExtension.lastIndexOf(u'.') + 1);
 }
 
+QString SuffixOf(const FileFilterRow &row, const QString &defaultExtension) {
+    const QString pattern = row.patterns.value(0).trimmed();
+    const QString ending = DefaultSuffix(pattern);
+    const bool namesOne = pattern.startsWith(QLatin1String("*.")) && !ending.contains(u'*') &&
+                          !ending.contains(u'?') && !ending.isEmpty();
+    return namesOne ? ending : DefaultSuffix(defaultExtension);
+}
+
 } // namespace support

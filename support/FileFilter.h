@@ -18,5 +18,7 @@ std::vector<FileFilterRow> ParseFileFilter(const QString &filter);
 QString QtNameFilter(const FileFilterRow &row);
 // The ending for names typed without one, without a point: "map" for "map", ".map" and "*.map".
 QString DefaultSuffix(const QString &defaultExtension);
+// The same while a row is selected: the ending of the row's first pattern, where that names one.
+QString SuffixOf(const FileFilterRow &row, const QString &defaultExtension);
 
 } // namespace support

@@ -1,6 +1,7 @@
 #include "diagram/export/Export.h"
 
 #include "diagram/export/EmfEngine.h"
+#include "diagram/export/PictureKinds.h"
 #include "diagram/export/PngFile.h"
 #include "diagram/export/SvgEngine.h"
 #include "diagram/export/WmfEngine.h"
@@ -107,19 +108,8 @@ QByteArray Emf(Scene &scene, const QRectF &page) {
     return PaintMetafile(engine, scene, page);
 }
 
-struct Ending {
-    const char *text;
-    PictureFormat format;
-};
-constexpr Ending kEndings[] = {{".png", PictureFormat::Png},
-                               {".svg", PictureFormat::Svg},
-                               {".pdf", PictureFormat::Pdf},
-                               {".wmf", PictureFormat::Wmf},
-                               {".emf", PictureFormat::Emf}};
-
 PictureFormat FormatOf(const QString &path) {
-    for (const Ending &ending : kEndings)
-        if (path.endsWith(QLatin1String(ending.text), Qt::CaseInsensitive)) return ending.format;
+    if (const PictureKind *kind = KindOfFile(path)) return kind->format;
     Raise(support::kErrInvalidProcedureCall, QStringLiteral("Unknown kind of picture '%1'.").arg(path));
 }
 
@@ -144,6 +134,11 @@ QImage PaintImage(Scene &scene, const QRectF &page, const ExportOptions &options
 QImage ExportImage(Surface &surface, const ExportOptions &options) {
     Scene scene(surface);
     return PaintImage(scene, PageOf(scene, options), options);
+}
+
+QSizeF PictureSize(Surface &surface, const ExportOptions &options) {
+    Scene scene(surface);
+    return PageOf(scene, options).size();
 }
 
 QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOptions &options) {

@@ -5,7 +5,7 @@
 
 #include <QByteArray>
 #include <QImage>
-#include <QSize>
+#include <QSizeF>
 #include <QString>
 
 namespace diagram {
@@ -29,6 +29,8 @@ QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOpt
 // beyond 2^31 bytes.
 QByteArray ExportMetafile(Surface &surface, MetafileKind kind, const ExportOptions &options = {});
 QImage ExportImage(Surface &surface, const ExportOptions &options = {});
+// The size of these pictures in twips.
+QSizeF PictureSize(Surface &surface, const ExportOptions &options = {});
 // The placeable metafile under `path` and the enhanced one beside it, under the same name with the ending
 // .emf: a file there that was written by another program stays as it is, then. Written like
 // ExportPictureFile's.

@@ -1,11 +1,11 @@
 #include "diagram/view/PictureMime.h"
 
+#include "diagram/export/PictureKinds.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
 #include "support/PlatformClipboard.h"
 
-#include <algorithm>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QImage>
@@ -16,11 +16,8 @@ namespace {
 
 const QString kImage = QStringLiteral("application/x-qt-image");
 
-// Programs look for metafiles under several names.
-constexpr MimeForm kSurfaceForms[] = {
-    {"image/x-emf", PictureFormat::Emf},   {"image/emf", PictureFormat::Emf},
-    {"image/x-wmf", PictureFormat::Wmf},   {"image/wmf", PictureFormat::Wmf},
-    {"image/svg+xml", PictureFormat::Svg}, {"image/png", PictureFormat::Png}};
+constexpr PictureFormat kSurfaceForms[] = {PictureFormat::Emf, PictureFormat::Wmf, PictureFormat::Svg,
+                                           PictureFormat::Png};
 
 // The surface's own form leaves the background out.
 class SurfaceMime : public PictureMime {
@@ -51,15 +48,18 @@ private:
 
 QStringList PictureMime::formats() const {
     QStringList types = QMimeData::formats();
-    for (const MimeForm &form : forms_) types << QLatin1String(form.type);
+    for (const PictureFormat form : forms_)
+        for (const char *type : KindOf(form).types)
+            if (type) types << QLatin1String(type);
     return types << kImage;
 }
 
 QVariant PictureMime::retrieveData(const QString &type, QMetaType preferred) const {
     if (type == kImage) return QImage::fromData(Made(PictureFormat::Png), "png");
-    const auto form = std::find_if(forms_.begin(), forms_.end(),
-                                   [&](const MimeForm &f) { return type == QLatin1String(f.type); });
-    return form == forms_.end() ? QMimeData::retrieveData(type, preferred) : Made(form->format);
+    for (const PictureFormat form : forms_)
+        for (const char *name : KindOf(form).types)
+            if (name && type == QLatin1String(name)) return Made(form);
+    return QMimeData::retrieveData(type, preferred);
 }
 
 const QByteArray &PictureMime::Made(PictureFormat format) const {

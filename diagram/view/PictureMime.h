@@ -12,15 +12,10 @@ namespace diagram {
 
 class Surface;
 
-struct MimeForm {
-    const char *type;
-    PictureFormat format;
-};
-
 // Each picture is made once, when somebody asks for it: copying much takes no longer than copying little.
 class PictureMime : public QMimeData {
 public:
-    explicit PictureMime(std::span<const MimeForm> forms) : forms_(forms) {}
+    explicit PictureMime(std::span<const PictureFormat> forms) : forms_(forms) {}
 
     QStringList formats() const override;
     bool hasFormat(const QString &type) const override { return formats().contains(type); }
@@ -33,7 +28,7 @@ protected:
 private:
     const QByteArray &Made(PictureFormat format) const;
 
-    std::span<const MimeForm> forms_;
+    std::span<const PictureFormat> forms_;
     mutable QHash<int, QByteArray> made_;
 };
 

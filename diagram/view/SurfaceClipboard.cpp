@@ -27,8 +27,7 @@ constexpr QSizeF kTextNode{2400, 600};
 constexpr float kTextGap = 150;
 constexpr int kRectangle = 1;
 
-constexpr MimeForm kSelectionForms[] = {{"image/png", PictureFormat::Png},
-                                        {"image/svg+xml", PictureFormat::Svg}};
+constexpr PictureFormat kSelectionForms[] = {PictureFormat::Png, PictureFormat::Svg};
 
 class SelectionMime : public PictureMime {
 public:

@@ -91,6 +91,17 @@ void ShowSwatch(QPushButton &button, Colour colour) {
     button.setIcon(swatch);
 }
 
+// A name typed without an ending gets that of the row that is selected.
+void FollowRow(QFileDialog &dialog, const std::vector<FileFilterRow> &rows, const QString &extension) {
+    const auto follow = [&dialog, rows, extension] {
+        const auto row = std::size_t(SelectedFilterRow(dialog) - 1);
+        dialog.setDefaultSuffix(row < rows.size() ? SuffixOf(rows[row], extension)
+                                                  : DefaultSuffix(extension));
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+    follow();
+}
+
 } // namespace
 
 void SetUpFileDialog(QFileDialog &dialog, const FileDialogRequest &request) {
@@ -98,12 +109,13 @@ void SetUpFileDialog(QFileDialog &dialog, const FileDialogRequest &request) {
     const bool mustExist = !request.save && (request.flags & fileflags::kFileMustExist);
     dialog.setFileMode(mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !(request.flags & fileflags::kOverwritePrompt));
-    dialog.setDefaultSuffix(DefaultSuffix(request.defaultExtension));
+    const std::vector<FileFilterRow> rows = ParseFileFilter(request.filter);
     QStringList filters;
-    for (const FileFilterRow &row : ParseFileFilter(request.filter)) filters.append(QtNameFilter(row));
+    for (const FileFilterRow &row : rows) filters.append(QtNameFilter(row));
     if (!filters.isEmpty()) dialog.setNameFilters(filters);
     if (request.filterRow >= 1 && request.filterRow <= filters.size())
         dialog.selectNameFilter(filters[request.filterRow - 1]);
+    FollowRow(dialog, rows, request.defaultExtension);
     StartAt(dialog, request.startFolder);
 }
 

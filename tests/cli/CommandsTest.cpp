@@ -126,8 +126,8 @@ TEST_F(CommandsTest, AnImportThatFailsLeavesTheMapAsItWas) {
 
 TEST_F(CommandsTest, HelpTellsOfEveryCommand) {
     EXPECT_EQ(Run({"--help"}), cli::kGood);
-    for (const char *name :
-         {"info", "check", "repair", "convert", "picture", "recovered", "csv", "import", "template"})
+    for (const char *name : {"info", "check", "repair", "convert", "picture", "report", "recovered", "csv",
+                             "import", "template"})
         EXPECT_TRUE(out.contains(QLatin1String(name)));
 }
 
@@ -143,6 +143,13 @@ TEST_F(CommandsTest, AMisunderstoodCommandLineIsOneLineAndEndsWithTwo) {
                                          {"info", ""},
                                          {"convert", "a", ""},
                                          {"picture", "a", "--all", ""},
+                                         {"picture", "a", "b.png", "--filter-levels"},
+                                         {"report", "a", "b.rtf"},
+                                         {"report", "a", "b.rtf", "--rtf", "--html"},
+                                         {"report", "a", "--rtf"},
+                                         {"report", "a", "b.rtf", "--rtf", "--details"},
+                                         {"report", "a", "b.rtf", "--rtf", "--slice", "1", "--all"},
+                                         {"report", "a", "b.rtf", "--rtf", "--slice", "0"},
                                          {"convert", "a"},
                                          {"repair", "a"},
                                          {"template"},
@@ -421,4 +428,52 @@ TEST_F(CommandsTest, ABadTemplateOrSliceLeavesTheMapAsItWas) {
     EXPECT_EQ(Run({"template", "make", map, "--slice", "9", Path("out.TEM")}), cli::kFailed);
     EXPECT_FALSE(support::FileExists(Path("out.TEM")));
     EXPECT_EQ(support::ReadWholeFile(map), before);
+}
+
+TEST_F(CommandsTest, ReportWritesRichTextOfOneSliceOrOfAll) {
+    const QString map = Map("new.map");
+    ASSERT_EQ(Run({"report", "--rtf", map, Path("two.rtf"), "--slice", "2", "--nodes", "--details", "--map"}),
+              cli::kGood)
+        << err.toStdString();
+    const QByteArray two = support::ReadWholeFile(Path("two.rtf"));
+    EXPECT_TRUE(two.startsWith("{\\rtf1"));
+    EXPECT_EQ(two.count("\\emfblip"), 1);
+    EXPECT_TRUE(two.contains("Text: ") && two.contains("Level: "));
+    ASSERT_EQ(Run({"report", "--rtf", map, Path("all.rtf"), "--all", "--nodes"}), cli::kGood);
+    const QByteArray all = support::ReadWholeFile(Path("all.rtf"));
+    EXPECT_EQ(all.count("\\page\r\n"), 2);
+    EXPECT_FALSE(all.contains("Level: ") || all.contains("\\emfblip"));
+    EXPECT_GT(all.count("Text: "), two.count("Text: "));
+    EXPECT_EQ(Run({"report", "--rtf", map, Path("x.rtf"), "--slice", "4", "--nodes"}), cli::kFailed);
+    EXPECT_TRUE(err.contains(QStringLiteral("Slice 4 does not exist"))) << err.toStdString();
+}
+
+TEST_F(CommandsTest, ReportWritesAPageForEachSlice) {
+    QFile::copy(tests::Source(QStringLiteral("product/velmora/Default.htm")), Path("Default.htm"));
+    const QString map = Map("new.map");
+    ASSERT_EQ(Run({"report", "--html", map, Path("a.htm"), "--all", "--nodes"}), cli::kGood)
+        << err.toStdString();
+    for (const char *name : {"a.htm", "a_-1.htm", "a_0.htm", "a_1.htm", "a_2.htm"})
+        EXPECT_TRUE(support::FileExists(Path(name)));
+    ASSERT_EQ(Run({"report", "--html", map, Path("b"), "--nodes"}), cli::kGood);
+    EXPECT_TRUE(support::FileExists(Path("b.htm"))) << "a name without an ending gets one";
+}
+
+TEST_F(CommandsTest, TheFilterLeavesNodesOutOfReportsAndPictures) {
+    const QString map = Map("new.map");
+    Execute(map, {"DELETE FROM [Levels]", "DELETE FROM [Groups]",
+                  "INSERT INTO [Levels] ([Level], [Selected], [Colour]) VALUES ('1', 1, 0)",
+                  "INSERT INTO [Levels] ([Level], [Selected], [Colour]) VALUES ('2', 1, 0)",
+                  "INSERT INTO [Groups] ([Group], [Selected]) VALUES ('G', 1)",
+                  "UPDATE [Nodes] SET [Level] = 1, [Group] = 'G', [Description] = 'LevelOne', [Hidden] = 0 "
+                  "WHERE [Slice] = 0"});
+    const QStringList report = {"report", "--rtf", map, Path("a.rtf"), "--nodes"};
+    ASSERT_EQ(Run(report + QStringList{"--filter-levels", "1"}), cli::kGood) << err.toStdString();
+    EXPECT_TRUE(support::ReadWholeFile(Path("a.rtf")).contains("LevelOne"));
+    ASSERT_EQ(Run(report + QStringList{"--filter-levels", "2"}), cli::kGood);
+    EXPECT_FALSE(support::ReadWholeFile(Path("a.rtf")).contains("LevelOne"));
+    ASSERT_EQ(Run({"picture", map, Path("a.svg"), "--filter-groups", ""}), cli::kGood);
+    EXPECT_FALSE(support::ReadWholeFile(Path("a.svg")).contains("LevelOne"));
+    EXPECT_EQ(Run(report + QStringList{"--filter-groups", "H"}), cli::kFailed);
+    EXPECT_TRUE(err.contains(QStringLiteral("There is no group 'H'. The map has: G"))) << err.toStdString();
 }

@@ -54,12 +54,13 @@ protected:
 
     QString Path(const char *name) const { return folder_.filePath(QString::fromLatin1(name)); }
     QStringList Names() const { return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden); }
-    int Convert() {
+    int Run(const QStringList &arguments) {
         error_.clear();
         QString out;
         QTextStream outStream(&out), errStream(&error_);
-        return cli::Run({"convert", Path("source.map"), Path("target.map")}, outStream, errStream);
+        return cli::Run(arguments, outStream, errStream);
     }
+    int Convert() { return Run({"convert", Path("source.map"), Path("target.map")}); }
 
     QTemporaryDir folder_;
     QString error_;
@@ -107,6 +108,23 @@ TEST_F(FullDisk, LeavesATextFileAsItWas) {
         EXPECT_TRUE(error_.contains(QStringLiteral("Disk full"))) << error_.toStdString();
         EXPECT_EQ(support::ReadWholeFile(Path("out.csv")), former);
         EXPECT_EQ(Names(), before) << "at step " << step;
+    }
+}
+
+TEST_F(FullDisk, LeavesFormerReportsWholeAndNoOthers) {
+    constexpr qint64 kRoom = 10000;
+    for (const QStringList &target :
+         {QStringList{"--rtf", "a.rtf"}, {"--html", "a.htm"}, {"--html", "new.htm"}}) {
+        const QString path = QDir(folder_.path()).filePath(target[1]);
+        const bool isNew = target[1] == QLatin1String("new.htm");
+        if (!isNew) support::CopyFileTo(Path("template.tpl"), path);
+        const QStringList before = Names();
+        const SmallDisk disk(kRoom);
+        EXPECT_EQ(Run({"report", target[0], Path("source.map"), path, "--nodes"}), cli::kFailed);
+        EXPECT_TRUE(error_.contains(QStringLiteral("Disk full"))) << error_.toStdString();
+        EXPECT_EQ(QDir(folder_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                  before);
+        EXPECT_TRUE(isNew || support::ReadWholeFile(path) == support::ReadWholeFile(Path("template.tpl")));
     }
 }
 #endif

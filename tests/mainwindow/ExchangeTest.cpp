@@ -7,9 +7,12 @@
 #include "document/UnsavedWork.h"
 #include "mainwindow/FormsToCome.h"
 #include "output/csv/ExportMap.h"
+#include "output/export/clsExport.h"
 #include "support/AtomicFile.h"
+#include "support/Error.h"
 #include "tests/mainwindow/WindowTest.h"
 
+#include <QDir>
 #include <QFile>
 
 namespace mainwindow::testing {
@@ -96,6 +99,7 @@ TEST_F(Exchange, ExportOffersFiveFormsTheLastOneFirst) {
 TEST_F(Exchange, WhatIsNotThereYetIsToldAndNothingIsAskedOrEmptied) {
     AddNode(window, 0, 0);
     desktop.dialogHost.Miss<PowerPointArgument>();
+    desktop.dialogHost.Miss<output::clsExport>();
     const std::pair<int, const char *> exports[] = {
         {3, "Exporting reports"}, {4, "Exporting reports"}, {5, "Exporting presentations"}};
     for (const auto &[row, what] : exports) {
@@ -103,6 +107,38 @@ TEST_F(Exchange, WhatIsNotThereYetIsToldAndNothingIsAskedOrEmptied) {
         EXPECT_EQ(Status(window), QLatin1String(what) + QStringLiteral(" is not there yet."));
     }
     EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 1);
+}
+
+TEST_F(Exchange, RichTextAndPagesAreReportsOfTheCurrentSlice) {
+    for (const int row : {3, 4}) {
+        bool shown = false;
+        desktop.ExpectForm<output::clsExport>([&](output::clsExport &report) {
+            shown = true;
+            EXPECT_EQ(&report.Frm, &window);
+            EXPECT_EQ(&report.AF, &window.CurrentSurface());
+            EXPECT_EQ(report.Filename, MapFile(QStringLiteral("out.flt")));
+            return true;
+        });
+        Export(row);
+        EXPECT_TRUE(shown);
+    }
+}
+
+TEST_F(Exchange, ExportRemembersItsFolderAndItsRow) {
+    AddNode(window, 0, 0);
+    window.clsSettings().SetDatabase(MapFile(QStringLiteral("plan.map")));
+    const QString folder = MapFile(QStringLiteral("exports"));
+    QDir().mkpath(folder);
+    desktop.ExpectSaveFile(folder + QStringLiteral("/a.flt"), 1);
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileExport"));
+    desktop.ExpectSaveFile(QString());
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileExport"));
+    EXPECT_EQ(desktop.dialogs.shownFiles.back().filterRow, 1);
+    EXPECT_EQ(desktop.dialogs.shownFiles.back().startFolder, folder + QStringLiteral("/plan"));
+    QDir(folder).removeRecursively();
+    desktop.ExpectSaveFile(QString());
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileExport"));
+    EXPECT_EQ(desktop.dialogs.shownFiles.back().startFolder, MapFile(QStringLiteral("plan")));
 }
 
 TEST_F(Exchange, AFlatFileIsTheSurfaceInItsOwnForm) {

@@ -2,6 +2,7 @@
 #include "app/settings/Settings.h"
 #include "document/DefaultNodes.h"
 #include "document/Tags.h"
+#include "support/AtomicFile.h"
 #include "support/Files.h"
 #include "tests/Paths.h"
 #include "tests/product/BuiltEdition.h"
@@ -65,6 +66,18 @@ TEST_F(Edition, Velmora_OffersASampleThatShowsWhatTheEditorDoes) {
     EXPECT_EQ(window->clsSettings().Hyperlinks().count(), 1);
     ASSERT_EQ(window->clsSettings().Attachments().count(), 1);
     EXPECT_TRUE(support::FileExists(window->clsSettings().Attachments().Item(1).Filename));
+}
+
+TEST_F(Edition, EveryEditionHasAFramesetForItsReports) {
+    for (const char *name : {"velmora", "storyline"}) {
+        Build(name);
+        const QString page =
+            QString::fromUtf8(support::ReadWholeFile(support::ProgramPath() + "/Default.htm"));
+        EXPECT_TRUE(page.startsWith("<!DOCTYPE html PUBLIC \"-//W3C//DTD HTML 4.01 Frameset//EN\""));
+        EXPECT_EQ(page.count("<frame "), 2);
+        EXPECT_TRUE(page.contains("<frame src=\"%LHS%\""));
+        EXPECT_TRUE(page.contains("<frame src=\"%RHS%\" name=\"RHS\""));
+    }
 }
 
 TEST_F(Edition, Velmora_StartsMapsWithFiveLevelsAndGroups) {

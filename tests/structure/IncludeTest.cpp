@@ -43,10 +43,20 @@ QMap<QString, QStringList> Allowed() {
     allowed["timeline/setup"] = above + QStringList{"timeline", "widgets"};
     allowed["recovery"] = above;
     above << "timeline";
-    for (const char *folder : {"templates", "output", "dialogs"}) allowed[folder] = above;
+    for (const char *folder : {"templates", "output/model", "dialogs"}) allowed[folder] = above;
     allowed["dialogs"] << "widgets";
     allowed["templates/forms"] = above + QStringList{"templates", "widgets", "dialogs"};
-    const QStringList plain = above + QStringList{"templates", "output", "recovery"};
+    QStringList outputs = above + QStringList{"output/model"};
+    allowed["output"] = outputs; // a folder of output/ for each kind of document
+    allowed["output/report"] = outputs;
+    outputs << "output/report";
+    for (const char *writer : {"output/rtf", "output/html"}) allowed[writer] = outputs;
+    outputs << "output/rtf"
+            << "output/html";
+    allowed["output/export"] = outputs;
+    outputs << "output"
+            << "output/export";
+    const QStringList plain = outputs + QStringList{"templates", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
     allowed["product/help"] = {"support", "support/headless", "app/settings"};

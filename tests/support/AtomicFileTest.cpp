@@ -54,6 +54,13 @@ TEST_F(AtomicFiles, Commit_ReplacesTheTargetAndLeavesNothingElse) {
     EXPECT_EQ(Names(), QStringList{"a.map"});
 }
 
+TEST_F(AtomicFiles, Append_AddsToWhatTheNewFileHolds) {
+    AtomicFile file(PathOf("a.map"));
+    for (const char *part : {"a", "", "bc"}) file.Append(part);
+    file.Commit();
+    EXPECT_EQ(ReadWholeFile(PathOf("a.map")), "abc");
+}
+
 TEST_F(AtomicFiles, Commit_MakesATargetThatDidNotExist) {
     AtomicFile file(PathOf("ü 'quoted'.map"));
     file.Write("x");

@@ -232,6 +232,20 @@ TEST_F(RealBoxes, AFileDialogThatIsCancelled_GivesTheEmptyTextAndKeepsTheRow) {
     EXPECT_EQ(row, 1);
 }
 
+TEST_F(RealBoxes, SetUpFileDialog_GivesNamesTheEndingOfTheRowThatIsSelected) {
+    QFileDialog dialog;
+    SetUpFileDialog(dialog, {true, "Flat|*.flt|Pages|*.htm;*.html|All Files|*.*", "flt", QString(), 0, 2});
+    EXPECT_EQ(dialog.defaultSuffix(), "htm");
+    const auto select = [&](int row) {
+        dialog.selectNameFilter(dialog.nameFilters().at(row));
+        Q_EMIT dialog.filterSelected(dialog.selectedNameFilter()); // as a choice of the user's does
+        return dialog.defaultSuffix();
+    };
+    EXPECT_EQ(select(0), "flt");
+    EXPECT_EQ(select(1), "htm");
+    EXPECT_EQ(select(2), "flt");
+}
+
 TEST_F(RealBoxes, SetUpFileDialog_MapsTheFlags) {
     QFileDialog dialog;
     SetUpFileDialog(dialog,

@@ -1,0 +1,44 @@
+#include "output/export/NewFiles.h"
+
+#include "support/AtomicFile.h"
+#include "support/Error.h"
+#include "support/Files.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+namespace output {
+
+namespace {
+
+[[noreturn]] void RaiseAccess(const QString &path) {
+    throw support::Error(support::kErrPathFileAccess, QStringLiteral("NewFiles"),
+                         QStringLiteral("Path/File access error: %1").arg(path));
+}
+
+} // namespace
+
+NewFiles::NewFiles(const QString &folder)
+    : folder_(folder),
+      hidden_(std::make_unique<QTemporaryDir>(QDir(folder).filePath(QStringLiteral(".new-XXXXXX")))) {
+    if (!hidden_->isValid()) RaiseAccess(folder);
+}
+
+NewFiles::~NewFiles() = default;
+
+void NewFiles::Add(const QString &name, const QByteArray &bytes) {
+    const QString target = QDir(folder_).filePath(name);
+    if (support::DirExists(target) || (support::FileExists(target) && support::IsReadOnly(target)))
+        RaiseAccess(target);
+    support::AtomicFile file(hidden_->filePath(name));
+    file.Write(bytes);
+    file.Commit();
+    names_ << name;
+}
+
+void NewFiles::Commit() {
+    for (const QString &name : std::exchange(names_, {}))
+        support::ReplaceFile(hidden_->filePath(name), QDir(folder_).filePath(name));
+}
+
+} // namespace output

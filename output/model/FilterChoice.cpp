@@ -1,0 +1,69 @@
+#include "output/model/FilterChoice.h"
+
+#include "document/clsfrmMain.h"
+#include "document/Filter.h"
+#include "document/SurfaceArray.h"
+#include "support/Error.h"
+#include "timeline/TimelineNodes.h"
+
+#include <algorithm>
+
+namespace output {
+
+namespace {
+
+const QString &NameOf(const document::cGroup &group) { return group.GroupName; }
+const QString &NameOf(const document::cLevel &level) { return level.LevelName; }
+
+template <typename Pool>
+QStringList NamesOf(const Pool &pool, bool tickedAlone) {
+    QStringList names;
+    for (const auto &member : pool)
+        if (member.Selected || !tickedAlone) names << NameOf(member);
+    return names;
+}
+
+template <typename Pool>
+void CheckNames(const Pool &pool, const std::optional<QStringList> &chosen, const char *what) {
+    const QStringList known = NamesOf(pool, false);
+    for (const QString &name : chosen.value_or(QStringList()))
+        if (!known.contains(name))
+            throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("ShowOnly"),
+                                 QStringLiteral("There is no %1 '%2'. The map has: %3")
+                                     .arg(QLatin1String(what), name, known.join(QLatin1String(", "))));
+}
+
+template <typename Pool>
+void Tick(Pool &pool, const std::optional<QStringList> &chosen) {
+    if (!chosen) return;
+    for (auto &member : pool) member.Selected = chosen->contains(NameOf(member));
+}
+
+bool ShowsMonths(const diagram::Surface &surface) {
+    const std::vector<diagram::Node *> months = timeline::LocateTimelineNodes(surface);
+    return std::any_of(months.begin(), months.end(), [](const auto *month) { return !month->Hidden(); });
+}
+
+void ApplyTo(diagram::Surface &surface, const document::FilterKeys &keys) {
+    const bool showsMonths = ShowsMonths(surface);
+    document::ApplyFilter(surface, keys);
+    if (!showsMonths && !timeline::LocateTimelineNodes(surface).empty())
+        timeline::ShowHideTimelineNodes(surface, false);
+}
+
+} // namespace
+
+void ShowOnly(document::MapWindow &window, const FilterChoice &choice) {
+    if (!choice.IsGiven()) return;
+    document::clsfrmMain &settings = window.clsSettings();
+    CheckNames(settings.Levels(), choice.levels, "level");
+    CheckNames(settings.Groups(), choice.groups, "group");
+    Tick(settings.Levels(), choice.levels);
+    Tick(settings.Groups(), choice.groups);
+    const document::FilterKeys keys = document::KeysForFilter(NamesOf(settings.Groups(), true).join(u','),
+                                                              NamesOf(settings.Levels(), true).join(u','),
+                                                              settings.Groups(), settings.Levels());
+    for (const int index : window.AddFlow1().Indices()) ApplyTo(window.AddFlow1()[index], keys);
+}
+
+} // namespace output

@@ -1,0 +1,24 @@
+#include "diagram/export/PictureKinds.h"
+
+#include <gtest/gtest.h>
+
+namespace diagram {
+
+TEST(PictureKinds, AFileIsKnownByItsEnding) {
+    ASSERT_NE(KindOfFile(QStringLiteral("a.b.SVG")), nullptr);
+    EXPECT_EQ(KindOfFile(QStringLiteral("a.b.SVG"))->format, PictureFormat::Svg);
+    EXPECT_EQ(KindOfFile(QStringLiteral("asvg")), nullptr);
+    EXPECT_EQ(KindOfFile(QString()), nullptr);
+}
+
+TEST(PictureKinds, EachRowHasAnEndingAndATypeOfItsOwn) {
+    const QStringList endings = PictureEndings();
+    EXPECT_EQ(endings.size(), std::ssize(kPictureKinds));
+    EXPECT_EQ(QStringList(endings).removeDuplicates(), 0);
+    QStringList types;
+    for (const PictureKind &kind : kPictureKinds) types << QLatin1String(kind.types[0]);
+    EXPECT_EQ(types.removeDuplicates(), 0);
+    EXPECT_FALSE(types.contains(QString()));
+}
+
+} // namespace diagram

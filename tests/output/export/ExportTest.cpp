@@ -1,0 +1,53 @@
+#include "tests/output/export/ExportTest.h"
+
+#include "app/settings/Settings.h"
+#include "support/AtomicFile.h"
+#include "tests/Paths.h"
+
+#include <QFile>
+
+namespace output::testing {
+
+ExportTest::ExportTest() {
+    settings::ProductTerms terms;
+    terms.TITLE = QStringLiteral("Velmora");
+    terms.MAP = QStringLiteral("Map");
+    terms.SLICE = QStringLiteral("Slice");
+    terms.NODE = QStringLiteral("Node");
+    settings::SetTerms(terms);
+    QFile::copy(tests::Source(QStringLiteral("product/velmora/Default.htm")),
+                ProgramFile(QStringLiteral("Default.htm")));
+    window->TabStrip().SetCaption(QStringLiteral("One"));
+}
+
+diagram::Surface &ExportTest::AddSlice(const QString &caption) {
+    const int index = window->AddFlow1().UBound() + 1;
+    window->TabStrip().SetTabCount(index + 1);
+    diagram::Surface &surface = window->AddFlow1().Load(index);
+    window->TabStrip().SetTheTab(index);
+    window->TabStrip().SetCaption(caption);
+    return surface;
+}
+
+diagram::Node &ExportTest::AddNode(diagram::Surface &surface, const QString &text) {
+    diagram::Node &node = surface.Nodes().Add(0, 0, 1500, 900);
+    node.SetText(text);
+    return node;
+}
+
+bool ExportTest::Export(const QString &name, ReportOptions options) {
+    options.html = !name.endsWith(QStringLiteral("rtf"));
+    return ExportReport(*window, first, Out(name), options, progress);
+}
+
+QString ExportTest::Read(const QString &name) const {
+    return QString::fromUtf8(support::ReadWholeFile(Out(name)));
+}
+
+void ExportTest::Make(const QString &name, const QByteArray &content) const {
+    QFile file(Out(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+} // namespace output::testing
