@@ -43,7 +43,9 @@ QMap<QString, QStringList> Allowed() {
     above << "timeline";
     for (const char *folder : {"templates", "output/model", "dialogs"}) allowed[folder] = above;
     allowed["output"] = above + QStringList{"output/model"}; // a folder of output/ for each kind of document
-    const QStringList plain = above + QStringList{"templates", "output", "output/model", "recovery"};
+    allowed["output/compound"] = allowed["output/package"] = {"support"};
+    const QStringList plain =
+        above + QStringList{"templates", "output", "output/model", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
     const QStringList windows =
