@@ -44,14 +44,16 @@ QMap<QString, QStringList> Allowed() {
     for (const char *folder : {"templates", "output/model", "dialogs"}) allowed[folder] = above;
     allowed["output"] = above + QStringList{"output/model"}; // a folder of output/ for each kind of document
     allowed["output/compound"] = allowed["output/package"] = {"support"};
+    allowed["output/powerpoint"] = allowed["output"] + QStringList{"output/compound", "output/package"};
+    allowed["output/powerpoint/form"] = allowed["output/powerpoint"] + QStringList{"output/powerpoint"};
     const QStringList plain =
-        above + QStringList{"templates", "output", "output/model", "recovery"};
+        above + QStringList{"templates", "output", "output/model", "output/powerpoint", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
     const QStringList windows =
         plain + QStringList{"dialogs", "diagram/interaction", "diagram/view", "support/real"};
     allowed["mainwindow"] = windows;
-    allowed["app"] = windows + QStringList{"mainwindow"};
+    allowed["app"] = windows + QStringList{"mainwindow", "output/powerpoint/form"};
     return allowed;
 }
 
