@@ -29,6 +29,11 @@ constexpr Command kCommands[] = {
      "picture FILE [--slice N] [--pixels N] OUT.png|OUT.svg|OUT.pdf|OUT.wmf|OUT.emf\n"
      "  picture FILE --all FOLDER [--format png|svg|pdf|wmf|emf] [--pixels N]\n"
      "      a picture of a slice, counted from 1, or of every slice; --pixels is the longest side of a PNG"},
+    {"slides", Slides, true,
+     "slides FILE OUT.pptx|OUT.ppt [--slice N | --all] [--title] [--shapes]\n"
+     "      a presentation of a slice, counted from 1, or of every slice, each as a picture or, with "
+     "--shapes,\n"
+     "      in a .pptx as shapes to go on with; --title puts the slice's name above it"},
     {"recovered", Recovered, false,
      "recovered [--folder FOLDER]\n"
      "  recovered NUMBER OUT [--folder FOLDER]\n"

@@ -55,7 +55,7 @@ private:
 
 TEST_F(CommandsTest, HelpTellsOfEveryCommand) {
     EXPECT_EQ(Run({"--help"}), cli::kGood);
-    for (const char *name : {"info", "check", "repair", "convert", "picture", "recovered"})
+    for (const char *name : {"info", "check", "repair", "convert", "picture", "slides", "recovered"})
         EXPECT_TRUE(out.contains(QLatin1String(name)));
 }
 
