@@ -12,6 +12,7 @@
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/frmMain.h"
+#include "output/powerpoint/form/frmPowerPoint.h"
 #include "support/ExceptionFilter.h"
 #include "support/real/RealDesktop.h"
 #include "timeline/setup/frmDate.h"
@@ -53,6 +54,7 @@ void AddForms(support::RealDesktop &desktop) {
     AddForm<dialogs::frmGroups, dialogs::GroupsFormArgument>(forms);
     AddForm<dialogs::frmLinkDialog, dialogs::LinkDialogArgument>(forms);
     AddForm<dialogs::frmNodeDialog, dialogs::NodeDialogArgument>(forms);
+    AddForm<powerpoint::frmPowerPoint, powerpoint::PowerPointArgument>(forms);
     AddForm<mainwindow::frmLayout, mainwindow::LayoutFormArgument>(forms);
     forms.Add<mainwindow::AboutForm>([&desktop](mainwindow::AboutForm &, support::Owner owner) {
         return mainwindow::frmAbout(desktop.Get(), owner).exec() == QDialog::Accepted;

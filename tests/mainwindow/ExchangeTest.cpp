@@ -4,7 +4,7 @@
 #include "diagram/format/SurfaceFile.h"
 #include "document/LastPath.h"
 #include "document/UnsavedWork.h"
-#include "mainwindow/FormsToCome.h"
+#include "output/powerpoint/PowerPointForm.h"
 #include "support/Error.h"
 #include "tests/mainwindow/WindowTest.h"
 
@@ -74,14 +74,14 @@ TEST_F(Exchange, ExportOffersFiveFormsTheLastOneFirst) {
     const auto &shown = desktop.dialogs.shownFiles.at(0);
     EXPECT_EQ(shown.filter,
               QStringLiteral("Flat File|*.flt|Text File (CSV)|*.csv|Rich Text Format|*.rtf|HTML "
-                             "Files|*.htm;*.html|Microsoft PowerPoint Presentation|*.ppt"));
+                             "Files|*.htm;*.html|Microsoft PowerPoint Presentation|*.ppt;*.pptx"));
     EXPECT_EQ(shown.filterRow, 5);
     EXPECT_EQ(shown.flags, 2050);
 }
 
 TEST_F(Exchange, WhatIsNotThereYetIsToldAndNothingIsAskedOrEmptied) {
     AddNode(window, 0, 0);
-    desktop.dialogHost.Miss<PowerPointArgument>();
+    desktop.dialogHost.Miss<powerpoint::PowerPointArgument>();
     const std::pair<int, const char *> imports[] = {
         {1, "Importing maps"}, {2, "Importing flat files"}, {3, "Importing text files"}};
     for (const auto &[row, what] : imports) {
@@ -97,6 +97,18 @@ TEST_F(Exchange, WhatIsNotThereYetIsToldAndNothingIsAskedOrEmptied) {
         EXPECT_EQ(Status(window), QLatin1String(what) + QStringLiteral(" is not there yet."));
     }
     EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 1);
+}
+
+TEST_F(Exchange, APresentationIsChosenInItsForm) {
+    QString file;
+    const document::MapWindow *of = nullptr;
+    desktop.ExpectForm<powerpoint::PowerPointArgument>([&](powerpoint::PowerPointArgument &argument) {
+        file = argument.Filename, of = &argument.frmForm;
+        return true;
+    });
+    Export(5);
+    EXPECT_EQ(file, MapFile(QStringLiteral("out.flt")));
+    EXPECT_EQ(of, &window);
 }
 
 TEST_F(Exchange, AFlatFileIsTheSurfaceInItsOwnForm) {
