@@ -261,19 +261,14 @@ void WriteShape(ShapeContext &context, const Node &node, int id, const Part &par
     xml.Close();
 }
 
-// What is seen of the picture: cut off at the outline where it sticks out of the form.
-void WritePicture(ShapeContext &context, const Node &node, const QRectF &place, const PictureIds &ids) {
-    const QRectF box = context.frame.Map(node.ShownBounds()), whole = context.frame.Map(place);
-    QPainterPath seen;
-    seen.addRect(whole);
-    const bool cut = !box.adjusted(-100, -100, 100, 100).contains(whole) ||
-                     RowOf(node).form != diagram::ShapeForm::Rectangle;
-    if (cut) seen = seen.intersected(diagram::Outline(RowOf(node).value, node.ShapeOrientation(), box));
+// The part of a picture that is seen through `seen`; the whole one would fill `whole`.
+void WriteSeenPicture(ShapeContext &context, const PictureIds &ids, const QRectF &whole,
+                      const QPainterPath &seen, const QString &description) {
     const QRectF part = seen.boundingRect();
     if (part.isEmpty() || whole.isEmpty()) return;
     Xml &xml = context.xml;
     xml.Open("p:pic").Open("p:nvPicPr");
-    WriteIdentity(context, "p:cNvPr", context.nextId++, QStringLiteral("Picture"), NameOf(node));
+    WriteIdentity(context, "p:cNvPr", context.nextId++, QStringLiteral("Picture"), description);
     xml.Empty("p:cNvPicPr").Empty("p:nvPr").Close();
     xml.Open("p:blipFill");
     WriteBlip(xml, ids);
@@ -285,11 +280,27 @@ void WritePicture(ShapeContext &context, const Node &node, const QRectF &place, 
     xml.Open("a:stretch").Empty("a:fillRect").Close(2);
     xml.Open("p:spPr");
     WriteTransform(xml, part);
-    if (cut)
-        WriteCustom(xml, {part, seen, {}, {}, {}});
-    else
-        WritePreset(xml, QStringLiteral("rect"));
+    WriteCustom(xml, {part, seen, {}, {}, {}});
     xml.Close(2);
+}
+
+QPainterPath PathOf(const QRectF &box) {
+    QPainterPath path;
+    path.addRect(box);
+    return path;
+}
+
+// Cut off at the outline where it sticks out of the form.
+void WritePicture(ShapeContext &context, const Node &node, const QRectF &place, const PictureIds &ids) {
+    const QRectF box = context.frame.Map(node.ShownBounds()), whole = context.frame.Map(place);
+    const QPainterPath outline = diagram::Outline(RowOf(node).value, node.ShapeOrientation(), box);
+    const bool fills = RowOf(node).form == diagram::ShapeForm::Rectangle;
+    const QRectF inside =
+        fills ? node.ShownBounds()
+              : diagram::TextArea(RowOf(node).value, node.ShapeOrientation(), node.ShownBounds());
+    const QPainterPath all = PathOf(whole);
+    WriteSeenPicture(context, ids, whole, inside.contains(place) ? all : all.intersected(outline),
+                     NameOf(node));
 }
 
 // A picture lies between the fill and the border: three shapes, which stay together as a group.
@@ -341,8 +352,15 @@ void WritePaper(ShapeContext &context, const QRectF &area, QRgb colour) {
 } // namespace
 
 void WriteBackground(ShapeContext &context, const QRectF &area) {
-    const QRgb paper = diagram::ToRgb(context.scene.Model().BackColor());
+    const diagram::Surface &surface = context.scene.Model();
+    const QRgb paper = diagram::ToRgb(surface.BackColor());
     if (paper != qRgb(255, 255, 255)) WritePaper(context, area, paper);
+    const QRectF picture(QPointF(), surface.Picture().SizeInTwips());
+    if (surface.Picture().IsNull() || !picture.intersects(area)) return;
+    const PictureIds ids = context.addPicture(surface.Picture());
+    if (!ids.picture.isEmpty())
+        WriteSeenPicture(context, ids, context.frame.Map(picture), PathOf(context.frame.Map(picture & area)),
+                         QString());
 }
 
 } // namespace powerpoint

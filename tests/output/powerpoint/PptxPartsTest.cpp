@@ -125,6 +125,27 @@ TEST_F(PptxTest, APackageOfAwkwardTextsHoldsTogether) {
     ExpectWhole(Made({kLayoutTitle, false, true}));
 }
 
+// The numbers of the format have bounds: whoever reads them must find whole ones.
+TEST_F(PptxTest, APackageOfAbsurdSizesHoldsTogether) {
+    diagram::Node &dot = AddNode(0, 0, QStringLiteral("dot")),
+                  &far = AddNode(1e7, -1e7, QStringLiteral("far"));
+    dot.SetBounds(0, 0, 0, 0);
+    far.SetDrawWidth(32767), far.SetFont(diagram::Font(QStringLiteral("Arial"), diagram::kLargestFontSize));
+    Connect(dot, far).SetArrowDest(16), Connect(far, far).SetStyle(13), Connect(dot, dot);
+    for (const PowerpointOptions &options : {kAllBlank, kAllShapes}) {
+        const Parts made = Made(options);
+        ExpectWhole(made);
+        const pugi::xml_document slide = TreeOf(made, SlideName(1));
+        for (const char *path :
+             {"//@x", "//@y", "//@cx", "//@cy", "//a:path/@w", "//a:ln/@w", "//@h", "//@sz"})
+            for (const QString &number : TextsAt(slide, path)) {
+                bool whole = number.startsWith(u'x') || number.startsWith(u'y'); // a guide
+                if (!whole) std::ignore = number.toInt(&whole);
+                EXPECT_TRUE(whole) << path << " " << qPrintable(number);
+            }
+    }
+}
+
 TEST_F(PptxTest, DamagedPicturesAreLeftOut) {
     AddNode(0, 0, QStringLiteral("damaged")).SetPicture(DamagedPicture());
     AddNode(0, 3000, QStringLiteral("whole")).SetPicture(document::testing::OneColour(qRgb(1, 2, 3), 16));

@@ -203,4 +203,23 @@ TEST_F(PptxTest, TheBackColourGoesAlong) {
               QStringList("102030"));
 }
 
+TEST_F(PptxTest, ThePictureBehindTheSliceGoesAlongAsFarAsItIsSeen) {
+    AddNode(1000, 1000, QString());
+    Slice().SetPicture(document::testing::OneColour(qRgb(1, 2, 3), 1000)); // 15000 twips
+    const pugi::xml_document &slide = Part(kAllShapes);
+    ASSERT_EQ(TextsAt(slide, "//p:pic").size(), 1);
+    const double right = TextsAt(slide, "//a:srcRect/@r").value(0).toDouble() / 100000;
+    const QRectF seen = QRectF(1000, 1000, 1500, 900).adjusted(-200, -200, 200, 200);
+    EXPECT_NEAR((1 - right) * 15000, seen.right(), 60);
+    EXPECT_GT(TextsAt(slide, "//a:srcRect/@l").value(0).toInt(), 0);
+}
+
+TEST_F(PptxTest, APictureThatSticksOutIsCutOffAtTheOutline) {
+    diagram::Node &node = AddNode(0, 0, QString());
+    node.SetShape(0), node.SetPicture(document::testing::OneColour(qRgb(1, 2, 3), 300)); // 4500 twips
+    EXPECT_GT(TextsAt(Part(kAllShapes), "//p:pic//a:cubicBezTo").size(), 2);
+    const QStringList right = TextsAt(Part(kAllShapes), "//a:srcRect/@r");
+    EXPECT_NEAR(right.value(0).toDouble() / 100000, 1 - 1500.0 / 4500, 0.02);
+}
+
 } // namespace powerpoint::testing
