@@ -17,6 +17,8 @@ namespace powerpoint {
 
 namespace {
 
+constexpr int kTitleButtons = 130; // pixels beside the caption of a window
+
 QCheckBox *AddTick(QVBoxLayout &column, const char *name, const QString &text) {
     auto *tick = new QCheckBox(settings::ReplaceTerms(text));
     tick->setObjectName(QLatin1String(name));
@@ -31,6 +33,7 @@ frmPowerPoint::frmPowerPoint(PowerPointArgument &argument, QWidget *parent)
     setObjectName(QLatin1String(PowerPointArgument::kForm));
     setWindowTitle(QStringLiteral("PowerPoint Export Options"));
     argument_.frmForm.SetMousePointer(document::pointer::kNormal);
+    setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) + kTitleButtons);
     BuildControls();
     ShowChoice(LoadChoice());
     ShowWork(false);
