@@ -224,8 +224,7 @@ constexpr double kSmallestFont = 1, kLargestFont = 4000; // points
 void WriteFont(Xml &xml, const TextLook &look) {
     const diagram::Font &font = look.font;
     const double size = std::clamp(font.Size() * look.scale, kSmallestFont, kLargestFont);
-    xml.Open("a:rPr", {{"lang", "en-US"},
-                       {"sz", qRound(size * 100)},
+    xml.Open("a:rPr", {{"sz", qRound(size * 100)},
                        {"b", int(font.Bold())},
                        {"i", int(font.Italic())},
                        {"u", font.Underline() ? "sng" : "none"},
@@ -272,8 +271,7 @@ void WritePlainBody(Xml &xml, const QString &text) {
     for (const QString &line : LinesOf(text)) {
         xml.Open("a:p");
         if (line.isRightToLeft()) xml.Empty("a:pPr", {{"rtl", 1}});
-        if (!package::XmlText(line).isEmpty())
-            xml.Open("a:r").Empty("a:rPr", {{"lang", "en-US"}}).Leaf("a:t", line).Close();
+        if (!package::XmlText(line).isEmpty()) xml.Open("a:r").Leaf("a:t", line).Close();
         xml.Close();
     }
     xml.Close();

@@ -87,8 +87,8 @@ const std::vector<QPointF> &EndsAt(const ShapeContext &context, const Node &node
     return found == context.ends.end() ? none : found->second;
 }
 
-QRectF PresetText(const Preset &preset, const QRectF &box) {
-    const double x = preset.textEdge * box.width(), y = preset.textEdge * box.height();
+QRectF PresetText(const NodePlan &plan, const QRectF &box) {
+    const double x = plan.presetTextEdge * box.width(), y = plan.presetTextEdge * box.height();
     return box.adjusted(x, y, -x, -y);
 }
 
@@ -105,7 +105,7 @@ NodePlan PlanNode(ShapeContext &context, const Node &node) {
         const auto isSite = [&](const QPointF &end) { return Holds(plan.sites, end); };
         if (std::all_of(ends.begin(), ends.end(), isSite)) {
             plan.preset = preset->name;
-            plan.presetText = context.frame.Map(PresetText(*preset, box));
+            plan.presetTextEdge = preset->textEdge;
             return plan;
         }
     }
@@ -189,8 +189,9 @@ TextRoom RoomOf(ShapeContext &context, const Node &node) {
     const double spare = SpareWidth(context, node, room.width());
     if (place.across != 0) room.setLeft(room.left() - spare);
     if (place.across != 1) room.setRight(room.right() + spare);
-    if (text.height() <= room.height()) return {context.frame.Map(room), place.down};
     const QRectF box = node.ShownBounds();
+    const bool sticksOut = text.top() < box.top() - kNear || text.bottom() > box.bottom() + kNear;
+    if (text.height() <= room.height() && !sticksOut) return {context.frame.Map(room), place.down};
     room.setTop(std::max(text.top(), box.top()));
     room.setBottom(std::max(room.top(), std::min(text.bottom(), box.bottom())));
     const double shrink = std::max(std::sqrt(room.height() / text.height()), kLeastShrink);
@@ -256,7 +257,7 @@ void WriteShape(ShapeContext &context, const Node &node, int id, const Part &par
                     diagram::kShadowWays[data.shadow] * context.frame.Length(diagram::kShadowOffset));
     xml.Close();
     TextLook look = LookOf(context, node, room);
-    if (plan.preset) look.insets = Insets(plan.presetText, room.box);
+    if (plan.preset) look.insets = Insets(PresetText(plan, box), room.box);
     WriteTextBody(xml, withText ? node.ShownText() : QString(), look);
     xml.Close();
 }

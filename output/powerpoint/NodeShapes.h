@@ -19,7 +19,7 @@ namespace powerpoint {
 struct NodePlan {
     int id = 0;                   // of the shape that links are glued to
     const char *preset = nullptr; // null for a form of its own
-    QRectF presetText;            // where the preset has its text, EMU
+    double presetTextEdge = 0;    // around the text of the preset: a fraction of width and height
     std::vector<QPointF> sites;   // EMU; their positions are the numbers of the sites
 };
 

@@ -22,8 +22,8 @@ QString NotesOf(const output::SliceOutput &slice) { return TextsOf(slice).join(u
 QString DescriptionOf(const output::SliceOutput &slice) {
     constexpr qsizetype kLongest = 1000;
     const QString caption = OneLine(slice.caption), texts = TextsOf(slice).join(QStringLiteral(", "));
-    const QString all = caption.isEmpty() || texts.isEmpty() ? caption + texts
-                                                             : caption + QStringLiteral(": ") + texts;
+    const QString all =
+        caption.isEmpty() || texts.isEmpty() ? caption + texts : caption + QStringLiteral(": ") + texts;
     if (all.size() <= kLongest) return all;
     return all.left(kLongest - 1) + QChar(0x2026);
 }

@@ -49,6 +49,21 @@ TEST_F(PptxTest, AShapeStandsWhereThePictureWouldShowIt) {
     EXPECT_GT(TextsAt(slide, "//p:sp/p:spPr/a:xfrm/a:off/@x").value(0).toDouble(), 0);
 }
 
+// Whatever is taken off the box for a line inside of it, text stands in the same place.
+TEST_F(PptxTest, ALineInsideMovesNoText) {
+    diagram::Node &node = AddNode(0, 0, QStringLiteral("text"));
+    node.SetDrawWidth(10);
+    const auto left = [&] {
+        const pugi::xml_document &slide = Part(kAllShapes);
+        return TextsAt(slide, "//p:sp/p:spPr/a:xfrm/a:off/@x").value(0).toDouble() +
+               TextsAt(slide, "//a:bodyPr/@lIns").value(0).toDouble();
+    };
+    const double twips = EmuPerTwip(Slice());
+    const double outside = left() / twips;
+    node.SetDrawStyle(6);
+    EXPECT_NEAR(left() / EmuPerTwip(Slice()), outside, 20);
+}
+
 TEST_F(PptxTest, LinesKeepWidthAndDashes) {
     diagram::Node &dashed = AddNode(0, 0, QString());
     dashed.SetDrawStyle(1), dashed.SetDrawWidth(3);
@@ -193,6 +208,12 @@ TEST_F(PptxTest, ATextThatIsTooHighIsMadeSmaller) {
     ASSERT_EQ(scales.size(), 1);
     EXPECT_LT(scales[0].toInt(), 100000);
     EXPECT_GE(scales[0].toInt(), 25000);
+}
+
+TEST_F(PptxTest, ATextBesideAPictureIsMadeSmallerToo) {
+    diagram::Node &node = AddNode(0, 0, QStringLiteral("word ").repeated(50));
+    node.SetPicture(document::testing::OneColour(qRgb(1, 2, 3), 16)), node.SetPicturePos(9);
+    EXPECT_EQ(TextsAt(Part(kAllShapes), "//a:normAutofit/@fontScale").size(), 1);
 }
 
 TEST_F(PptxTest, TheBackColourGoesAlong) {
