@@ -44,7 +44,7 @@ protected:
 
 } // namespace
 
-TEST_F(Form, ShowsTheToldWordsWithTheTermAndTheNormalPointer) {
+TEST_F(Form, ShowsItsWordsWithTheTermAndTheNormalPointer) {
     frmPowerPoint &shown = Open();
     EXPECT_EQ(shown.windowTitle(), "PowerPoint Export Options");
     EXPECT_EQ(shown.chkAll()->text(), "Export All Sheet's");
