@@ -151,8 +151,8 @@ QRectF PicturePlace(TextCache &texts, const Node &node) {
     if (IsBeside(data)) {
         const QRectF room = TextRoom(node);
         const QString text = node.ShownText();
-        const TextBlock &block = texts.Find(
-            text, data.font, WrapOf(data, node.ShownBounds(), WidthForText(data, room)), 0);
+        const TextBlock &block =
+            texts.Find(text, data.font, WrapOf(data, node.ShownBounds(), WidthForText(data, room)), 0);
         return PlaceTogether(room, size, text.isEmpty() ? QSizeF() : QSizeF(block.width, block.height),
                              PlaceOf(data.alignment))
             .picture;

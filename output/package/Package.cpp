@@ -55,8 +55,7 @@ QByteArray Package::ContentTypes() const {
     Xml xml;
     xml.Open("Types", {{"xmlns", "http://schemas.openxmlformats.org/package/2006/content-types"}});
     std::map<QString, QString> byEnding{
-        {QStringLiteral("rels"),
-         QStringLiteral("application/vnd.openxmlformats-package.relationships+xml")},
+        {QStringLiteral("rels"), QStringLiteral("application/vnd.openxmlformats-package.relationships+xml")},
         {QStringLiteral("xml"), QStringLiteral("application/xml")}};
     for (const Part &part : parts_)
         if (part.isMedia) byEnding[EndingOf(part.name)] = part.contentType;

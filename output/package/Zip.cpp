@@ -64,8 +64,7 @@ void Add(zip_t *archive, const ZipEntry &entry) {
     zip_source_t *content =
         zip_source_buffer(archive, entry.bytes.constData(), zip_uint64_t(entry.bytes.size()), 0);
     if (!content) RaiseNoMemory();
-    const zip_int64_t at =
-        zip_file_add(archive, entry.name.toUtf8().constData(), content, ZIP_FL_ENC_UTF_8);
+    const zip_int64_t at = zip_file_add(archive, entry.name.toUtf8().constData(), content, ZIP_FL_ENC_UTF_8);
     if (at < 0) {
         zip_source_free(content);
         Raise(zip_strerror(archive));
