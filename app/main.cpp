@@ -13,6 +13,7 @@
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/frmMain.h"
 #include "output/export/form/frmExport.h"
+#include "output/powerpoint/form/frmPowerPoint.h"
 #include "support/ExceptionFilter.h"
 #include "support/real/RealDesktop.h"
 #include "templates/forms/frmRB.h"
@@ -58,6 +59,7 @@ void AddForms(support::RealDesktop &desktop) {
     AddForm<dialogs::frmNodeDialog, dialogs::NodeDialogArgument>(forms);
     AddForm<templates::frmRB, settings::clsRB>(forms);
     AddForm<templates::frmSaveAsTemplate, templates::SaveAsTemplateArgument>(forms);
+    AddForm<powerpoint::frmPowerPoint, powerpoint::PowerPointArgument>(forms);
     AddForm<mainwindow::frmLayout, mainwindow::LayoutFormArgument>(forms);
     AddForm<output::frmExport, output::clsExport>(forms);
     forms.Add<mainwindow::AboutForm>([&desktop](mainwindow::AboutForm &, support::Owner owner) {

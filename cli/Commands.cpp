@@ -39,6 +39,11 @@ constexpr Command kCommands[] = {
      "report --rtf|--html FILE OUT [--slice N|--all] [--nodes [--details]] [--map]\n"
      "      a report of a slice, counted from 1, or of all: the texts of its nodes, what else there is of "
      "them,\n      and its picture; --html with --all writes a page for each slice beside OUT"},
+    {"slides", Slides, true,
+     "slides FILE OUT.pptx|OUT.ppt [--slice N | --all] [--title] [--shapes]\n"
+     "      a presentation of a slice, counted from 1, or of every slice, each as a picture or, with "
+     "--shapes,\n"
+     "      in a .pptx as shapes to go on with; --title puts the slice's name above it"},
     {"recovered", Recovered, false,
      "recovered [--folder FOLDER]\n"
      "  recovered NUMBER OUT [--folder FOLDER]\n"

@@ -6,7 +6,6 @@
 #include "diagram/format/SurfaceFile.h"
 #include "document/LastPath.h"
 #include "document/Tags.h"
-#include "mainwindow/FormsToCome.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/ShowForm.h"
 #include "mainwindow/WindowStatus.h"
@@ -14,6 +13,7 @@
 #include "output/csv/ImportMap.h"
 #include "output/export/clsExport.h"
 #include "output/mapimport/DoImportMap.h"
+#include "output/powerpoint/PowerPointForm.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Files.h"
@@ -48,8 +48,9 @@ QString ImportFilter() {
 }
 
 QString ExportFilter() {
-    return FlatFileRow() + QStringLiteral("|Text File (CSV)|*.csv|Rich Text Format|*.rtf"
-                                          "|HTML Files|*.htm;*.html|Microsoft PowerPoint Presentation|*.ppt");
+    return FlatFileRow() +
+           QStringLiteral("|Text File (CSV)|*.csv|Rich Text Format|*.rtf"
+                          "|HTML Files|*.htm;*.html|Microsoft PowerPoint Presentation|*.ppt;*.pptx");
 }
 
 Answer AskReplaceOrNew(frmMain &window) {
@@ -186,7 +187,7 @@ void ExportFlatFile(frmMain &window, const QString &file) {
 }
 
 void ExportPresentation(frmMain &window, const QString &file) {
-    PowerPointArgument argument{window.CurrentSurface(), file};
+    powerpoint::PowerPointArgument argument{window, file};
     ShowForm(window, argument, Tr("Exporting presentations"));
 }
 

@@ -9,12 +9,6 @@ class Surface;
 
 namespace mainwindow {
 
-struct PowerPointArgument {
-    static constexpr char kForm[] = "frmPowerPoint";
-    diagram::Surface &oFlow;
-    QString file;
-};
-
 struct PageSetupArgument {
     static constexpr char kForm[] = "frmPageSetup";
 };

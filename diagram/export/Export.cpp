@@ -33,12 +33,16 @@ const QRectF kEmptyPage(0, 0, 2880, 2160);
     throw support::Error(number, QStringLiteral("Export"), text);
 }
 
-QRectF PageOf(Scene &scene, const ExportOptions &options) {
+} // namespace
+
+QRectF PictureArea(Scene &scene, const ExportOptions &options) {
     const QRectF extent = scene.Extent();
     if (extent.isNull()) return kEmptyPage;
     const double margin = std::max(options.margin, 0.0);
     return extent.adjusted(-margin, -margin, margin, margin);
 }
+
+namespace {
 
 // One unit of the painter is a twip.
 RenderOptions VectorOptions() {
@@ -133,12 +137,12 @@ QImage PaintImage(Scene &scene, const QRectF &page, const ExportOptions &options
 
 QImage ExportImage(Surface &surface, const ExportOptions &options) {
     Scene scene(surface);
-    return PaintImage(scene, PageOf(scene, options), options);
+    return PaintImage(scene, PictureArea(scene, options), options);
 }
 
 QSizeF PictureSize(Surface &surface, const ExportOptions &options) {
     Scene scene(surface);
-    return PageOf(scene, options).size();
+    return PictureArea(scene, options).size();
 }
 
 QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOptions &options) {
@@ -146,13 +150,13 @@ QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOpt
     if (format == PictureFormat::Wmf) return ExportMetafile(surface, MetafileKind::Wmf, options);
     if (format == PictureFormat::Emf) return ExportMetafile(surface, MetafileKind::Emf, options);
     Scene scene(surface);
-    const QRectF page = PageOf(scene, options);
+    const QRectF page = PictureArea(scene, options);
     return format == PictureFormat::Svg ? Svg(scene, page) : Pdf(scene, page);
 }
 
 QByteArray ExportMetafile(Surface &surface, MetafileKind kind, const ExportOptions &options) {
     Scene scene(surface);
-    const QRectF page = PageOf(scene, options);
+    const QRectF page = PictureArea(scene, options);
     return kind == MetafileKind::Wmf ? Wmf(scene, page) : Emf(scene, page);
 }
 

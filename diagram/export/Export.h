@@ -5,11 +5,13 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QRectF>
 #include <QSizeF>
 #include <QString>
 
 namespace diagram {
 
+class Scene;
 class Surface;
 
 enum class PictureFormat { Png, Svg, Pdf, Wmf, Emf };
@@ -20,6 +22,8 @@ struct ExportOptions {
     double margin = 150; // twips around the extent
 };
 
+// What a picture of the surface shows, in twips.
+QRectF PictureArea(Scene &scene, const ExportOptions &options = {});
 // The whole surface, hidden items and the grid left out. Works without a display. The bytes of the file.
 QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOptions &options = {});
 // The same as a Windows metafile: a placeable one of sixteen bits, scaled down where the surface is larger

@@ -85,35 +85,6 @@ QRectF TextPlace(const NodeData &data, const QRectF &box, const QRectF &room, co
     return {BeforeAcross(room, box, block.width, place.across), top, block.width, block.height};
 }
 
-QRectF PicturePlace(Paint &paint, const Node &node) {
-    const NodeData &data = node.Data();
-    const double border = data.drawStyle == kTransparentLine
-                              ? 0
-                              : std::max<double>(data.drawWidth, kBorderLine) * kTwipsPerPixel / 2;
-    const QRectF box = node.ShownBounds().adjusted(border, border, -border, -border);
-    if (data.autoSize == kPictureToNode) {
-        const ShapeRow *row = FindShape(data.shape);
-        return row && row->form == ShapeForm::Rectangle ? box
-                                                        : TextArea(data.shape, data.shapeOrientation, box);
-    }
-    const QSizeF size = data.picture.SizeInTwips();
-    if (IsBeside(data)) {
-        const QRectF room = TextRoom(node);
-        const QString text = node.ShownText();
-        const TextBlock &block = paint.caches.texts.Find(
-            text, data.font, WrapOf(data, node.ShownBounds(), WidthForText(data, room)), 0);
-        return PlaceTogether(room, size, text.isEmpty() ? QSizeF() : QSizeF(block.width, block.height),
-                             PlaceOf(data.alignment))
-            .picture;
-    }
-    if (size.width() >= box.width() && size.height() >= box.height())
-        return {node.ShownBounds().topLeft(), size};
-    const Place place = PlaceOf(data.picturePos == kBesideText ? 7 : data.picturePos);
-    return {box.topLeft() + QPointF(Before(box.width(), size.width(), place.across),
-                                    BeforeDown(box.height(), size.height(), place.down)),
-            size};
-}
-
 void DrawDecoration(Paint &paint, const TextLine &line, const TextBlock &block, const QPointF &baseLine,
                     QRgb colour) {
     const Font &font = block.face->key;
@@ -163,6 +134,44 @@ QRectF TextRoom(const Node &node) {
         room.setLeft(area.left()), room.setWidth(std::max(area.width(), kTwipsPerPixel));
     if (room.height() < 0) room = QRectF(room.left(), area.center().y(), room.width(), 0);
     return room;
+}
+
+QRectF PicturePlace(TextCache &texts, const Node &node) {
+    const NodeData &data = node.Data();
+    const double border = data.drawStyle == kTransparentLine
+                              ? 0
+                              : std::max<double>(data.drawWidth, kBorderLine) * kTwipsPerPixel / 2;
+    const QRectF box = node.ShownBounds().adjusted(border, border, -border, -border);
+    if (data.autoSize == kPictureToNode) {
+        const ShapeRow *row = FindShape(data.shape);
+        return row && row->form == ShapeForm::Rectangle ? box
+                                                        : TextArea(data.shape, data.shapeOrientation, box);
+    }
+    const QSizeF size = data.picture.SizeInTwips();
+    if (IsBeside(data)) {
+        const QRectF room = TextRoom(node);
+        const QString text = node.ShownText();
+        const TextBlock &block =
+            texts.Find(text, data.font, WrapOf(data, node.ShownBounds(), WidthForText(data, room)), 0);
+        return PlaceTogether(room, size, text.isEmpty() ? QSizeF() : QSizeF(block.width, block.height),
+                             PlaceOf(data.alignment))
+            .picture;
+    }
+    if (size.width() >= box.width() && size.height() >= box.height())
+        return {node.ShownBounds().topLeft(), size};
+    const Place place = PlaceOf(data.picturePos == kBesideText ? 7 : data.picturePos);
+    return {box.topLeft() + QPointF(Before(box.width(), size.width(), place.across),
+                                    BeforeDown(box.height(), size.height(), place.down)),
+            size};
+}
+
+QRectF TextPlace(TextCache &texts, const Node &node) {
+    const NodeData &data = node.Data();
+    const QString text = node.ShownText();
+    if (text.isEmpty()) return {};
+    const QRectF box = node.ShownBounds(), room = TextRoom(node);
+    return TextPlace(data, box, room,
+                     texts.Find(text, data.font, WrapOf(data, box, WidthForText(data, room)), 0));
 }
 
 void DrawBlock(Paint &paint, const TextBlock &block, const QPointF &at, double width, int side, QRgb colour) {
@@ -216,7 +225,7 @@ void PaintNodeText(Paint &paint, const Node &node) {
 }
 
 void PaintNodePicture(Paint &paint, const Node &node) {
-    const QRectF place = PicturePlace(paint, node);
+    const QRectF place = PicturePlace(paint.caches.texts, node);
     if (place.isEmpty()) return;
     const ShapeRow *row = FindShape(node.Shape());
     const bool fills = row && row->form == ShapeForm::Rectangle;

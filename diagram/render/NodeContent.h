@@ -10,6 +10,11 @@ class Node;
 // Where text may stand: the shape's text area less border and margins, in twips.
 QRectF TextRoom(const Node &node);
 
+// Where the lines of its text stand, and its picture, in twips; what sticks out of the box is not seen. Empty
+// without text; the picture must not be null.
+QRectF TextPlace(TextCache &texts, const Node &node);
+QRectF PicturePlace(TextCache &texts, const Node &node);
+
 // Both texts while the surface shows both. Left out when it can't be read. What sticks out of the node's box
 // is cut off.
 void PaintNodeText(Paint &paint, const Node &node);

@@ -126,8 +126,8 @@ TEST_F(CommandsTest, AnImportThatFailsLeavesTheMapAsItWas) {
 
 TEST_F(CommandsTest, HelpTellsOfEveryCommand) {
     EXPECT_EQ(Run({"--help"}), cli::kGood);
-    for (const char *name : {"info", "check", "repair", "convert", "picture", "report", "recovered", "csv",
-                             "import", "template"})
+    for (const char *name : {"info", "check", "repair", "convert", "picture", "report", "slides", "recovered",
+                             "csv", "import", "template"})
         EXPECT_TRUE(out.contains(QLatin1String(name)));
 }
 

@@ -127,4 +127,24 @@ TEST_F(FullDisk, LeavesFormerReportsWholeAndNoOthers) {
         EXPECT_TRUE(isNew || support::ReadWholeFile(path) == support::ReadWholeFile(Path("template.tpl")));
     }
 }
+
+// A presentation is made in memory and then written.
+TEST_F(FullDisk, LeavesTheFormerPresentation) {
+    QString out;
+    QTextStream outStream(&out), errStream(&error_);
+    const auto slides = [&](const char *name) {
+        return cli::Run({"slides", Path("source.map"), Path(name)}, outStream, errStream);
+    };
+    for (const char *name : {"target.pptx", "target.ppt"}) {
+        ASSERT_EQ(slides(name), cli::kGood) << error_.toStdString();
+        const QByteArray former = support::ReadWholeFile(Path(name));
+        const QStringList before = Names();
+        const SmallDisk disk(former.size() / 2);
+        EXPECT_EQ(slides(name), cli::kFailed) << name;
+        EXPECT_TRUE(error_.contains(QStringLiteral("#61"))) << error_.toStdString();
+        EXPECT_EQ(Names(), before);
+        EXPECT_EQ(support::ReadWholeFile(Path(name)), former);
+    }
+}
+
 #endif

@@ -5,9 +5,9 @@
 #include "document/DoSave.h"
 #include "document/LastPath.h"
 #include "document/UnsavedWork.h"
-#include "mainwindow/FormsToCome.h"
 #include "output/csv/ExportMap.h"
 #include "output/export/clsExport.h"
+#include "output/powerpoint/PowerPointForm.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "tests/mainwindow/WindowTest.h"
@@ -91,14 +91,14 @@ TEST_F(Exchange, ExportOffersFiveFormsTheLastOneFirst) {
     const auto &shown = desktop.dialogs.shownFiles.at(0);
     EXPECT_EQ(shown.filter,
               QStringLiteral("Flat File|*.flt|Text File (CSV)|*.csv|Rich Text Format|*.rtf|HTML "
-                             "Files|*.htm;*.html|Microsoft PowerPoint Presentation|*.ppt"));
+                             "Files|*.htm;*.html|Microsoft PowerPoint Presentation|*.ppt;*.pptx"));
     EXPECT_EQ(shown.filterRow, 5);
     EXPECT_EQ(shown.flags, 2050);
 }
 
 TEST_F(Exchange, WhatIsNotThereYetIsToldAndNothingIsAskedOrEmptied) {
     AddNode(window, 0, 0);
-    desktop.dialogHost.Miss<PowerPointArgument>();
+    desktop.dialogHost.Miss<powerpoint::PowerPointArgument>();
     desktop.dialogHost.Miss<output::clsExport>();
     const std::pair<int, const char *> exports[] = {
         {3, "Exporting reports"}, {4, "Exporting reports"}, {5, "Exporting presentations"}};
@@ -139,6 +139,18 @@ TEST_F(Exchange, ExportRemembersItsFolderAndItsRow) {
     desktop.ExpectSaveFile(QString());
     window.SmartMenuXP1_Click(QStringLiteral("mnuFileExport"));
     EXPECT_EQ(desktop.dialogs.shownFiles.back().startFolder, MapFile(QStringLiteral("plan")));
+}
+
+TEST_F(Exchange, APresentationIsChosenInItsForm) {
+    QString file;
+    const document::MapWindow *of = nullptr;
+    desktop.ExpectForm<powerpoint::PowerPointArgument>([&](powerpoint::PowerPointArgument &argument) {
+        file = argument.Filename, of = &argument.frmForm;
+        return true;
+    });
+    Export(5);
+    EXPECT_EQ(file, MapFile(QStringLiteral("out.flt")));
+    EXPECT_EQ(of, &window);
 }
 
 TEST_F(Exchange, AFlatFileIsTheSurfaceInItsOwnForm) {

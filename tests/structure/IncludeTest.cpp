@@ -56,6 +56,10 @@ QMap<QString, QStringList> Allowed() {
     allowed["output/export"] = outputs;
     outputs << "output"
             << "output/export";
+    for (const char *container : {"output/package", "output/compound"}) allowed[container] = {"support"};
+    allowed["output/powerpoint"] = above + QStringList{"output/model", "output/package", "output/compound"};
+    allowed["output/powerpoint/form"] = allowed["output/powerpoint"] + QStringList{"output/powerpoint"};
+    outputs << "output/powerpoint";
     const QStringList plain = outputs + QStringList{"templates", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
@@ -64,7 +68,7 @@ QMap<QString, QStringList> Allowed() {
         plain + QStringList{"widgets",      "dialogs",     "timeline/setup", "diagram/interaction",
                             "diagram/view", "support/real"};
     allowed["mainwindow"] = windows;
-    allowed["app"] = windows + QStringList{"mainwindow", "templates/forms"};
+    allowed["app"] = windows + QStringList{"mainwindow", "templates/forms", "output/powerpoint/form"};
     return allowed;
 }
 

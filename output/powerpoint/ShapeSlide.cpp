@@ -1,0 +1,51 @@
+#include "output/powerpoint/ShapeSlide.h"
+
+#include "diagram/model/Surface.h"
+#include "diagram/render/Paint.h"
+#include "diagram/scene/Scene.h"
+#include "output/powerpoint/LinkShapes.h"
+#include "output/powerpoint/NodeShapes.h"
+
+namespace powerpoint {
+
+namespace {
+
+using diagram::Item;
+using diagram::ItemKind;
+using diagram::Link;
+using diagram::Node;
+
+// The ends of the links that are seen, by the node at which they are.
+void FindEnds(ShapeContext &context, const std::vector<Item *> &items) {
+    for (Item *item : items) {
+        if (item->Kind() != ItemKind::Link) continue;
+        const auto &link = static_cast<const Link &>(*item);
+        const auto &way = link.Way();
+        if (way.size() < 2 || link.DrawStyle() == diagram::kTransparentLine) continue;
+        context.ends[&link.Source()].push_back(diagram::ToQPointF(way.front()));
+        context.ends[&link.Destination()].push_back(diagram::ToQPointF(way.back()));
+    }
+}
+
+} // namespace
+
+void WriteShapes(package::Xml &xml, const Slide &slide, int nextId, const AddPicture &addPicture) {
+    diagram::Scene scene(*slide.slice->surface);
+    const QRectF area = diagram::PictureArea(scene);
+    ShapeContext context{xml, scene, SlideFrame(area, slide.place), addPicture, nextId};
+    std::vector<Item *> items;
+    scene.ItemsIn(area, items);
+    WriteBackground(context, area);
+    FindEnds(context, items);
+    for (Item *item : items) // links may be written before the nodes at which they end
+        if (item->Kind() == ItemKind::Node)
+            context.nodes[static_cast<const Node *>(item)] = PlanNode(context, static_cast<Node &>(*item));
+    for (Item *item : items) {
+        if (item->Kind() == ItemKind::Node)
+            WriteNode(context, static_cast<const Node &>(*item));
+        else
+            WriteLink(context, static_cast<const Link &>(*item));
+    }
+}
+
+} // namespace powerpoint

@@ -1,0 +1,97 @@
+#include "output/powerpoint/BentConnector.h"
+
+#include <gtest/gtest.h>
+#include <QTransform>
+
+namespace powerpoint::testing {
+
+namespace {
+
+using Way = std::vector<QPointF>;
+
+// The way that the format's definition gives the connector: built in its box, flipped and turned about the
+// middle.
+Way WayOf(const BentConnector &connector) {
+    const double width = connector.box.width(), height = connector.box.height();
+    Way way{{0, 0}};
+    QPointF at;
+    for (std::size_t i = 0; i < connector.adjusts.size(); ++i) {
+        const double part = connector.adjusts[i] / 100000.0;
+        i % 2 == 0 ? at.setX(width * part) : at.setY(height * part);
+        way.push_back(at);
+    }
+    way.push_back(connector.segments % 2 ? QPointF(at.x(), height) : QPointF(width, at.y()));
+    way.push_back({width, height});
+    QTransform place;
+    place.translate(connector.box.center().x(), connector.box.center().y());
+    if (connector.turned) place.rotate(90);
+    place.scale(connector.flipH ? -1 : 1, connector.flipV ? -1 : 1);
+    place.translate(-width / 2, -height / 2);
+    for (QPointF &point : way) point = place.map(point);
+    return way;
+}
+
+void ExpectFound(const Way &way) {
+    const auto found = FindBentConnector(way);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->segments, int(way.size()) - 1);
+    EXPECT_GT(found->box.width(), 0);
+    EXPECT_GT(found->box.height(), 0);
+    const Way again = WayOf(*found);
+    ASSERT_EQ(again.size(), way.size());
+    for (std::size_t i = 0; i < way.size(); ++i) {
+        EXPECT_NEAR(again[i].x(), way[i].x(), 1400) << i;
+        EXPECT_NEAR(again[i].y(), way[i].y(), 1400) << i;
+    }
+}
+
+// From both ends of a plane, mirrored and turned: all places that a connector can have.
+void ExpectFoundAllAround(const Way &way) {
+    for (const double x : {1, -1})
+        for (const double y : {1, -1})
+            for (const bool turned : {false, true}) {
+                Way placed;
+                for (const QPointF &point : way)
+                    placed.push_back(turned ? QPointF(point.y() * y, point.x() * x)
+                                            : QPointF(point.x() * x, point.y() * y));
+                ExpectFound(placed);
+            }
+}
+
+} // namespace
+
+TEST(BentConnector, TakesTwoToFiveSegmentsInEachDirection) {
+    ExpectFoundAllAround({{0, 0}, {5e5, 0}, {5e5, 3e5}});
+    ExpectFoundAllAround({{0, 0}, {2e5, 0}, {2e5, 3e5}, {5e5, 3e5}});
+    ExpectFoundAllAround({{0, 0}, {2e5, 0}, {2e5, 1e5}, {5e5, 1e5}, {5e5, 3e5}});
+    ExpectFoundAllAround({{0, 0}, {2e5, 0}, {2e5, 1e5}, {4e5, 1e5}, {4e5, 3e5}, {5e5, 3e5}});
+}
+
+TEST(BentConnector, TakesBendsBeyondItsEnds) {
+    ExpectFoundAllAround({{0, 0}, {9e5, 0}, {9e5, 3e5}, {5e5, 3e5}});
+    ExpectFoundAllAround({{0, 0}, {-2e5, 0}, {-2e5, -4e5}, {6e5, -4e5}, {6e5, 3e5}});
+}
+
+TEST(BentConnector, TakesEndsInOneLine) {
+    ExpectFoundAllAround({{0, 0}, {3e5, 0}, {3e5, 3e5}, {0, 3e5}});
+    ExpectFoundAllAround({{0, 0}, {3e5, 0}, {3e5, 2e5}, {5e5, 2e5}, {5e5, 0}});
+}
+
+TEST(BentConnector, TellsTheNumbersOfTheFormat) {
+    const auto found = FindBentConnector({{0, 0}, {250000, 0}, {250000, 400000}, {1000000, 400000}});
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->adjusts, std::vector<int>{25000});
+    EXPECT_EQ(found->box, QRectF(0, 0, 1000000, 400000));
+    EXPECT_FALSE(found->flipH || found->flipV || found->turned);
+}
+
+TEST(BentConnector, HasNoneForOtherWays) {
+    EXPECT_FALSE(FindBentConnector({{0, 0}, {5e5, 3e5}}));
+    EXPECT_FALSE(FindBentConnector({{0, 0}, {5e5, 1e5}, {5e5, 3e5}}));
+    EXPECT_FALSE(FindBentConnector({{0, 0}, {1e5, 0}, {3e5, 0}, {3e5, 1e5}}));
+    EXPECT_FALSE(FindBentConnector({{0, 0}, {1, 0}, {1, 1}, {2, 1}, {2, 9e5}, {9e5, 9e5}, {9e5, 0}}));
+    EXPECT_FALSE(FindBentConnector({{0, 0}}));
+    EXPECT_FALSE(FindBentConnector({}));
+}
+
+} // namespace powerpoint::testing
