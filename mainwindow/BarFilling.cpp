@@ -16,6 +16,7 @@ namespace mainwindow {
 namespace {
 
 constexpr int kSlice = 8;      // milliseconds, after which the window gets its turn
+constexpr int kAtOnce = 50;    // files, likewise
 constexpr int kWhileBusy = 50; // milliseconds until a window that is busy is looked at again
 
 // All sizes that the icon file holds.
@@ -68,7 +69,7 @@ void BarFilling::FillOn() {
     time.start();
     templates::BarFiller &filler = jobs_.front().filler;
     const int bar = bar_.FindBar(jobs_.front().key);
-    while (!filler.AtEnd() && time.elapsed() < kSlice)
+    for (int file = 0; file < kAtOnce && !filler.AtEnd() && time.elapsed() < kSlice; ++file)
         if (const auto item = filler.Next())
             bar_.AddItem(bar, {item->caption, item->key, item->tag, IconOf(*item, desktop_)});
     if (filler.AtEnd()) Finish();

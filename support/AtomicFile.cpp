@@ -63,10 +63,11 @@ QString NewNameBeside(const QString &target) {
            QString::number(QRandomGenerator::global()->generate64(), 36) + kNewNameEnd;
 }
 
+// Those of the copies that are kept of it, with .bak or .1.bak behind its name, count as its own.
 bool IsNewName(const QString &name, const QString &start) {
-    static const QRegularExpression number(QStringLiteral("\\A[0-9a-z]{1,13}\\z"));
+    static const QRegularExpression rest(QStringLiteral("\\A(([0-9]+\\.)?bak\\.)?[0-9a-z]{1,13}\\z"));
     return name.startsWith(start) && name.endsWith(kNewNameEnd) &&
-           number.match(name.mid(start.size(), name.size() - start.size() - kNewNameEnd.size())).hasMatch();
+           rest.match(name.mid(start.size(), name.size() - start.size() - kNewNameEnd.size())).hasMatch();
 }
 
 // Takes the lock of a file just made. False when a sweep came in between and took the file away; a file

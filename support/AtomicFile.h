@@ -42,8 +42,8 @@ private:
     bool committed_ = false;
 };
 
-// Deletes the new files beside `target` that processes left when they were killed: those that nobody holds a
-// lock on. Where the file system knows no locks none is deleted.
+// Deletes the new files beside `target`, and those of copies kept of it (.bak), that processes left when they
+// were killed: those that nobody holds a lock on. Where the file system knows no locks none is deleted.
 void SweepNewFiles(const QString &target);
 
 // Waits until the file's content is on the disk.

@@ -152,7 +152,7 @@ TEST_F(StartPageCards, TheBoxAndTheEntryKeepTheChoiceInAllWindows) {
 TEST_F(StartPageCards, TheArrowsGoFromCardToCardAndEnterPresses) {
     for (const char *name : {"one.map", "two.map", "three.map"}) Recent(QLatin1String(name));
     frmMain &window = Started();
-    window.resize(1100, 700);
+    window.resize(1340, 700);
     ProcessEvents();
     EXPECT_TRUE(Card(window, "startNew").hasFocus());
     Key(Qt::Key_Down);
