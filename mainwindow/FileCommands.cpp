@@ -10,6 +10,7 @@
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/TemplateBar.h"
 #include "mainwindow/WindowJournal.h"
+#include "mainwindow/WindowStatus.h"
 #include "templates/SaveAsTemplate.h"
 
 namespace mainwindow {
@@ -70,7 +71,9 @@ void mnuFileSaveAs(frmMain &window) {
 void mnuFileSaveAsTemplate(frmMain &window) {
     window.Views().StoreTexts();
     templates::SaveAsTemplateArgument argument{window, window.CurrentSurface(), TemplateBar::Refresh};
-    document::Show(window, argument);
+    if (document::Show(window, argument))
+        window.Status().TellInPassing(
+            settings::ReplaceTerms(frmMain::tr("The @SLICE is saved as a template.")));
 }
 
 bool IsAuthor() { return settings::Terms().AUTHOR; }

@@ -23,7 +23,7 @@ namespace mainwindow {
 
 namespace {
 
-constexpr int kMostMaps = 8, kMostTemplates = 10;
+constexpr int kMostMaps = 8, kMostTemplates = 14;
 constexpr int kWait = 100; // milliseconds until a look whether something still goes on
 
 // The default nodes are hidden.

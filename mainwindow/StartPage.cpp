@@ -25,7 +25,7 @@ constexpr int kSpacing = 12;
 constexpr int kBetweenColumns = 32;
 constexpr int kWidest = 1240; // of what the page shows
 constexpr int kNarrow = 620;  // below it the columns stand below each other
-constexpr int kFewColumns = 4;
+constexpr int kTemplateRows = 2;
 constexpr double kTitleSize = 1.8, kHeadingSize = 1.15; // times the font's
 
 constexpr char kFile[] = "file"; // property of a card
@@ -220,7 +220,7 @@ void StartPage::FitWidth() {
     columns_->setDirection(narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     columns_->setSpacing(narrow ? kSpacing : kBetweenColumns);
     const int columns = templates_->ColumnsIn(width - 2 * margin);
-    const int shown = columns < kFewColumns ? 2 * columns : columns;
+    const int shown = kTemplateRows * columns;
     for (int at = 0; at < int(templateCards_.size()); ++at)
         templateCards_[std::size_t(at)]->setVisible(at < shown);
 }

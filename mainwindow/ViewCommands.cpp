@@ -169,8 +169,8 @@ constexpr CommandRow kRows[] = {
     {"mnuView", "mnuViewStartup", "Show Startup @MAP", kCheck, mnuViewStartup},
     {"mnuView", "mnuViewRBPrompt", "Show RHS Prompt", kCheck, mnuViewRBPrompt},
     Separator("mnuView"),
-    {"mnuView", "mnuViewTemplates", "Te&mplates", kCheck, mnuViewTemplates, "template", "", "",
-     Needs::Nothing, false, "bar pane side hide show"},
+    {"mnuView", "mnuViewTemplates", "Te&mplates", kCheck, mnuViewTemplates, "", "", "", Needs::Nothing, false,
+     "bar pane side hide show"},
     {"mnuView", "mnuViewStartPage", "Show Start Page", kCheck, mnuViewStartPage},
 };
 

@@ -13,6 +13,7 @@
 #include "storage/Database.h"
 #include "support/cRegistry.h"
 #include "support/Files.h"
+#include "templates/SaveAsTemplate.h"
 #include "timeline/TimelineNodes.h"
 
 #include <QApplication>
@@ -337,6 +338,15 @@ TEST_F(TemplateUse, ADragThatFallsNowhereIsNoClick) {
     EXPECT_EQ(dragged.count(), 1);
     EXPECT_EQ(Texts(window), QStringList());
     EXPECT_EQ(desktop.dialogHost.shown, QStringList());
+}
+
+TEST_F(TemplateUse, ASavedTemplateIsToldInTheStatusBarAndACancelledOneIsNot) {
+    frmMain &window = FilledWindow();
+    for (const bool saved : {false, true}) {
+        desktop.ExpectForm<templates::SaveAsTemplateArgument>([&](auto &) { return saved; });
+        window.SmartMenuXP1_Click(QStringLiteral("mnuFileSaveAsTemplate"));
+        EXPECT_EQ(Status(window) == QStringLiteral("The Slice is saved as a template."), saved);
+    }
 }
 
 } // namespace mainwindow::testing
