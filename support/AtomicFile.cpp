@@ -112,6 +112,10 @@ void AtomicFile::Write(const QByteArray &bytes) {
     RaiseIfFailed(platform::WriteFile(path_, bytes, platform::WriteMode::Replace), "AtomicFile", target_);
 }
 
+void AtomicFile::Append(const QByteArray &bytes) {
+    RaiseIfFailed(platform::WriteFile(path_, bytes, platform::WriteMode::Append), "AtomicFile", target_);
+}
+
 void AtomicFile::Commit() {
     if (QFileInfo::exists(target_)) platform::CopyPermissions(target_, path_);
     RaiseIfFailed(platform::FlushFile(path_), "AtomicFile", target_);

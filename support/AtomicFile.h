@@ -30,6 +30,8 @@ public:
 
     // Replaces what the new file holds.
     void Write(const QByteArray &bytes);
+    // Adds to it.
+    void Append(const QByteArray &bytes);
     // Gives the new file the target's permissions, flushes it and renames it over the target. Once only.
     void Commit();
 

@@ -1,6 +1,7 @@
 #include "support/headless/HeadlessDesktop.h"
 
 #include "support/Error.h"
+#include "support/PdfJob.h"
 #include "support/PlatformRegistry.h"
 
 #include <cstdio>
@@ -26,6 +27,13 @@ QString HeadlessDialogs::ShowOpenFileDialog(const QString &, const QString &, co
 QString HeadlessDialogs::ShowSaveFileDialog(const QString &, const QString &, const QString &, long, Owner,
                                             int &) {
     return QString();
+}
+
+QList<QPageSize> HeadlessPrinters::Papers(const QString &) { return UsualPapers(); }
+
+std::unique_ptr<PrintJob> HeadlessPrinters::Start(const SystemPrinter &printer, const QString &documentName) {
+    if (!printer.ToFile()) RequireReady(printer.deviceName, PrinterState::Gone);
+    return StartFileJob(printer, documentName, system_);
 }
 
 HeadlessDesktop::HeadlessDesktop(std::unique_ptr<RegistryStore> registry)

@@ -12,8 +12,6 @@
 #include <QFontMetrics>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -320,39 +318,6 @@ TEST_F(RealBoxes, OpenAddress_TakesNoPath) {
                                  QStringLiteral("www.example.org"), QStringLiteral("ftp://example.org/")})
         EXPECT_FALSE(desktop_.launcher.OpenAddress(other)) << other.toStdString();
     EXPECT_EQ(handed.taken, addresses);
-}
-
-TEST_F(RealBoxes, Printers_RememberTheCurrentOne) {
-    desktop_.printers.SetCurrent("Office");
-    EXPECT_EQ(desktop_.printers.Current(), "Office");
-}
-
-TEST_F(RealBoxes, ShowPrinter_CancelledKeepsThePrinter) {
-    desktop_.printers.SetCurrent("Office");
-    OnceShown<QPrintDialog>([](QPrintDialog &dialog) { dialog.reject(); });
-    EXPECT_FALSE(desktop_.dialogs.ShowPrinter(nullptr));
-    EXPECT_EQ(desktop_.printers.Current(), "Office");
-}
-
-// Whichever printers the machine has, "Office" is none of them.
-TEST_F(RealBoxes, ShowPrinter_WithOkTakesTheChosenPrinterAndItsSettings) {
-    desktop_.printers.SetCurrent("Office");
-    QString chosen = "Office";
-    OnceShown<QPrintDialog>([&](QPrintDialog &dialog) {
-        chosen = dialog.printer()->printerName();
-        dialog.printer()->setPageOrientation(QPageLayout::Landscape);
-        dialog.done(QDialog::Accepted);
-    });
-    EXPECT_TRUE(desktop_.dialogs.ShowPrinter(nullptr));
-    EXPECT_NE(chosen, "Office");
-    EXPECT_EQ(desktop_.printers.Current(), chosen);
-    QPageLayout::Orientation kept = QPageLayout::Portrait;
-    OnceShown<QPrintDialog>([&](QPrintDialog &dialog) {
-        kept = dialog.printer()->pageLayout().orientation();
-        dialog.reject();
-    });
-    EXPECT_FALSE(desktop_.dialogs.ShowPrinter(nullptr));
-    EXPECT_EQ(kept, QPageLayout::Landscape);
 }
 
 TEST_F(RealBoxes, Clock_WaitsWhileEventsRun) {
