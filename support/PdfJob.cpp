@@ -99,8 +99,9 @@ void PdfJob::Cancel() {
 std::unique_ptr<PrintJob> StartFileJob(const SystemPrinter &printer, const QString &documentName,
                                        SystemPrinter &system, const PdfJob::MakeDevice &make) {
     const QString path = FileToWrite(printer);
-    const auto keep = [&system, path](AtomicFile &pdf) {
+    const auto keep = [&system, path, asked = printer.outputFile](AtomicFile &pdf) {
         pdf.Commit();
+        if (system.outputFile != asked) return;
         system.outputFile = NextFreeFile(path);
         system.replaceFile = false;
     };

@@ -68,8 +68,8 @@ private:
     HandOn handOn_;
 };
 
-// A job to `printer.outputFile`. When it has ended well, `system` is given the next free name. `system` must
-// outlive the job.
+// A job to `printer.outputFile`. When it has ended well and that is `system`'s file, too, `system` is given
+// the next free name. `system` must outlive the job.
 std::unique_ptr<PrintJob> StartFileJob(const SystemPrinter &printer, const QString &documentName,
                                        SystemPrinter &system, const PdfJob::MakeDevice &make = {});
 

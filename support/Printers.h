@@ -30,8 +30,8 @@ enum class PrinterState { Ready, Paused, Refusing, Gone };
 // concern.
 struct SystemPrinter {
     QString deviceName; // empty where the machine has no printer
-    // Where this isn't empty, jobs are PDF files and no printer has any part in them. When a job to a file
-    // has ended well, the program's printer is given the next free name in that folder.
+    // Where this isn't empty, jobs are PDF files and no printer has any part in them. When a job to the
+    // program's printer's file has ended well, that is given the next free name in the folder.
     QString outputFile;
     // Whether the user agreed to replace `outputFile`. Otherwise a job takes the next free name.
     bool replaceFile = false;

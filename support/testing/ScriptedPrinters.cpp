@@ -54,6 +54,7 @@ private:
         AtomicFile file(record_->destination);
         file.Write(record_->pdf);
         file.Commit();
+        if (printers_.system.outputFile != record_->printer.outputFile) return;
         printers_.system.outputFile = NextFreeFile(record_->destination);
         printers_.system.replaceFile = false;
     }
