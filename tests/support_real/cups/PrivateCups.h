@@ -11,6 +11,9 @@
 
 namespace cups_test {
 
+// The argument with which this program does nothing but hold a server.
+constexpr char kHoldServer[] = "--hold-a-print-server";
+
 // What the server knows of a job.
 struct Job {
     int number = 0;
@@ -34,6 +37,7 @@ public:
     PrivateCups &operator=(const PrivateCups &) = delete;
 
     qint64 ProcessId() const { return server_.processId(); }
+    QString Folder() const { return folder_.path(); }
     // What the server said, for a test that fails.
     QString Log() const;
     void Stop();
