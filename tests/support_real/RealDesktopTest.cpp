@@ -1,7 +1,7 @@
 #include "support/real/RealDesktop.h"
 #include "support/real/QtMessageBoxes.h"
+#include "tests/support_real/Shown.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QColorDialog>
@@ -15,7 +15,6 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 #include <QUrl>
 
 using namespace support;
@@ -39,21 +38,6 @@ public:
 private:
     static constexpr const char *kSchemes[] = {"file", "http", "https", "mailto", "ftp"};
 };
-
-// Runs `action` on the modal dialog of a class as soon as it is up.
-template <typename Dialog>
-void OnceShown(std::function<void(Dialog &)> action) {
-    auto *timer = new QTimer(qApp);
-    timer->setInterval(1);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, action] {
-        auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
-        if (!dialog) return;
-        timer->deleteLater();
-        timer->stop();
-        action(*dialog);
-    });
-    timer->start();
-}
 
 class RealBoxes : public ::testing::Test {
 protected:

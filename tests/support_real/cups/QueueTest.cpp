@@ -211,3 +211,19 @@ TEST_F(Queue, ADiskWithoutRoomForThePagesPrintsNothing) {
     EXPECT_TRUE(cups->Jobs("Office").empty());
     EXPECT_EQ(PrivateFolders(), QStringList());
 }
+
+TEST_F(Queue, WithoutColourAFileHasShadesOfGrey) {
+    const QTemporaryDir folder;
+    for (const bool colour : {true, false}) {
+        SystemPrinter printer = Office();
+        printer.colour = colour;
+        printer.outputFile = folder.filePath(colour ? "red.pdf" : "grey.pdf");
+        Painted(*printers, printer, {"Text"})->Finish();
+        const std::vector<QImage> pages = PagesOf(printer.outputFile, folder.path());
+        ASSERT_EQ(pages.size(), 1u);
+        const QColor patch = pages[0].pixelColor(pages[0].width() / 2 + 100, pages[0].height() / 2 + 50);
+        EXPECT_EQ(patch.saturation() > 200, colour) << patch.name().toStdString();
+        EXPECT_LT(patch.lightness(), 200);
+        EXPECT_EQ(TextOf(printer.outputFile), "Text\f");
+    }
+}
