@@ -54,7 +54,6 @@ void SetUpPrinter(QPrinter &device, const SystemPrinter &printer) {
     device.setDocName(printer.documentName);
     device.setCopyCount(printer.copies);
     device.setCollateCopies(printer.collate);
-    device.setPageRanges(printer.pages);
     device.setPageOrder(printer.order == PageOrder::LastToFirst ? QPrinter::LastPageFirst
                                                                 : QPrinter::FirstPageFirst);
     device.setDuplex(kDuplex[static_cast<int>(printer.sides)]);
@@ -67,7 +66,6 @@ void ReadBack(QPrinter &device, SystemPrinter &printer) {
     printer.outputFile = toFile ? device.outputFileName() : QString();
     printer.replaceFile = toFile && QFileInfo::exists(printer.outputFile);
     if (!toFile) printer.deviceName = device.printerName();
-    printer.paper = device.pageLayout().pageSize();
     const bool landscape = device.pageLayout().orientation() == QPageLayout::Landscape;
     printer.orientation = landscape ? PaperOrientation::Landscape : PaperOrientation::Portrait;
     printer.copies = device.copyCount();

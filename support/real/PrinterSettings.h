@@ -8,7 +8,7 @@ namespace support {
 struct SystemPrinter;
 
 void SetUpPrinter(QPrinter &device, const SystemPrinter &printer);
-// What the print dialog left. `printer.documentName` stays.
+// What the print dialog left, but for the paper. `printer.documentName` stays.
 void ReadBack(QPrinter &device, SystemPrinter &printer);
 
 } // namespace support

@@ -2,7 +2,7 @@
 
 #include "support/FileFilter.h"
 #include "support/Files.h"
-#include "support/real/PrinterSettings.h"
+#include "support/real/PrintDialog.h"
 #include "support/real/QtPrinters.h"
 
 #include <QApplication>
@@ -14,16 +14,11 @@
 #include <QFontDialog>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QPushButton>
-#include <QStandardPaths>
 
 namespace support {
 
 namespace {
-
-constexpr int kMostPages = 9999; // to choose from: how many there are is known when the printer is
 
 QWidget *ParentOf(Owner owner) { return owner ? owner : QApplication::activeWindow(); }
 
@@ -95,21 +90,6 @@ void ShowSwatch(QPushButton &button, Colour colour) {
     button.setIcon(swatch);
 }
 
-// The name of the next file: after the last one, or after the document.
-QString OfferedFile(const SystemPrinter &printer) {
-    if (printer.ToFile()) return NextFreeFile(printer.outputFile);
-    const QString title =
-        printer.documentName.isEmpty() ? QGuiApplication::applicationDisplayName() : printer.documentName;
-    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    return FreeOutputFile(DirExists(documents) ? documents : QDir::homePath(), title);
-}
-
-// Qt itself would offer the same name again, whether there is such a file or not.
-void OfferFile(QPrintDialog &dialog, const QString &path) {
-    if (auto *name = dialog.findChild<QLineEdit *>(QStringLiteral("filename")))
-        name->setText(QDir::toNativeSeparators(path));
-}
-
 } // namespace
 
 void SetUpFileDialog(QFileDialog &dialog, const FileDialogRequest &request) {
@@ -173,13 +153,9 @@ void QtCommonDialogs::ShowFontDialog(Owner owner, long, FontChoice &font, Colour
 
 bool QtCommonDialogs::ShowPrinter(Owner owner) {
     SystemPrinter &printer = printers_.System();
-    QPrinter device(QPrinter::HighResolution);
-    SetUpPrinter(device, printer);
-    QPrintDialog dialog(&device, ParentOf(owner));
-    dialog.setMinMax(1, kMostPages);
-    OfferFile(dialog, OfferedFile(printer));
+    PrintDialog dialog(printer, ParentOf(owner));
     if (dialog.exec() != QDialog::Accepted) return false;
-    ReadBack(device, printer);
+    dialog.ReadBackTo(printer);
     return true;
 }
 

@@ -210,6 +210,7 @@ TEST_F(NoPrinters, TheDialogAsksBeforeAFileIsReplaced) {
 }
 
 TEST_F(NoPrinters, TheDialogsChoicesForAFileAreHonoured) {
+    printers_.System().paper = QPageSize(QPageSize::A3);
     OnceShown<QPrintDialog>([&](QPrintDialog &dialog) {
         NameFile(dialog, Path("plan.pdf"));
         dialog.findChild<QSpinBox *>(QStringLiteral("copies"))->setValue(2);
@@ -224,6 +225,7 @@ TEST_F(NoPrinters, TheDialogsChoicesForAFileAreHonoured) {
     EXPECT_TRUE(real_.Get().dialogs.ShowPrinter(nullptr));
     EXPECT_EQ(PagesToPrint(printers_.System(), 5), (std::vector<int>{3, 2, 3, 2}));
     EXPECT_FALSE(printers_.System().colour);
+    EXPECT_EQ(printers_.System().paper.id(), QPageSize::A3);
 }
 
 TEST_F(NoPrinters, TheDialogShowsTheProgramsPrinterAndKeepsItWhenCancelled) {

@@ -7,10 +7,29 @@
 
 #include <gtest/gtest.h>
 #include <optional>
+#include <QDir>
+#include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPdfWriter>
+#include <QTemporaryDir>
 
 namespace cups_test {
+
+// A folder that this program takes for the temporary one.
+class OwnTemporaryFolder {
+public:
+    OwnTemporaryFolder() { qputenv("TMPDIR", folder_.path().toLocal8Bit()); }
+    ~OwnTemporaryFolder() { before_.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before_); }
+    OwnTemporaryFolder(const OwnTemporaryFolder &) = delete;
+    OwnTemporaryFolder &operator=(const OwnTemporaryFolder &) = delete;
+
+    QStringList Names() const {
+        return QDir(folder_.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    }
+
+private:
+    QByteArray before_ = qgetenv("TMPDIR");
+    QTemporaryDir folder_;
+};
 
 // A print server and a desktop on it, of each test's own.
 class CupsTest : public ::testing::Test {
@@ -19,14 +38,15 @@ protected:
         const QString whyNot = PrivateCups::WhyNot();
         if (!whyNot.isEmpty()) GTEST_SKIP() << whyNot.toStdString();
         cups.emplace();
-        printers = &real_.Get().printers;
     }
-
-    std::optional<PrivateCups> cups;
-    support::Printers *printers = nullptr;
 
 private:
     support::RealDesktop real_{std::make_unique<support::MemoryRegistryStore>()};
+
+protected:
+    std::optional<PrivateCups> cups;
+    support::Desktop &desktop = real_.Get();
+    support::Printers *printers = &desktop.printers;
 };
 
 // Begins a job for the program's printer as `printer` says, and paints such a page for each text.

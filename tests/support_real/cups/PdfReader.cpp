@@ -48,8 +48,4 @@ QString SizeOf(const QString &pdf) {
     return size.match(info).captured(1);
 }
 
-QStringList PrivateFolders() {
-    return QDir(QDir::tempPath()).entryList({QStringLiteral("*print*")}, QDir::Dirs | QDir::Hidden);
-}
-
 } // namespace cups_test

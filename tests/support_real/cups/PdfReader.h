@@ -22,9 +22,6 @@ QString TextOf(const QString &pdf);
 // Of the first page, "595 x 842" in points.
 QString SizeOf(const QString &pdf);
 
-// The folders that jobs to printers have in the temporary folder.
-QStringList PrivateFolders();
-
 // A limit on the size of files stands in for a disk without room.
 class SmallDisk {
 public:

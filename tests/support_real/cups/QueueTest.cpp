@@ -2,7 +2,6 @@
 #include "tests/support_real/cups/CupsTest.h"
 #include "tests/support_real/cups/PdfReader.h"
 
-#include <QDir>
 #include <QImage>
 #include <QTemporaryDir>
 
@@ -137,12 +136,13 @@ TEST_F(Queue, AnotherPrinterThanTheDefaultPrintsAndTheDefaultStays) {
 }
 
 TEST_F(Queue, AJobThatIsGivenUpNeverReachesTheServer) {
+    const OwnTemporaryFolder temporary;
     Painted(*printers, Office(), {"One", "Two"})->Cancel();
     Painted(*printers, Office(), {"Three"}).reset();
     EXPECT_TRUE(cups->Jobs("Office").empty());
-    EXPECT_EQ(PrivateFolders(), QStringList());
+    EXPECT_EQ(temporary.Names(), QStringList());
     EXPECT_EQ(TextOf(Print(Office(), {"Next"})), "Next\f");
-    EXPECT_EQ(PrivateFolders(), QStringList());
+    EXPECT_EQ(temporary.Names(), QStringList());
 }
 
 TEST_F(Queue, APausedPrinterTakesNothingUntilItIsResumed) {
@@ -201,6 +201,7 @@ TEST_F(Queue, WhatTheServerComplainsOfIsTold) {
 }
 
 TEST_F(Queue, ADiskWithoutRoomForThePagesPrintsNothing) {
+    const OwnTemporaryFolder temporary;
     const SystemPrinter office = Office();
     {
         const SmallDisk disk(2000);
@@ -209,7 +210,7 @@ TEST_F(Queue, ADiskWithoutRoomForThePagesPrintsNothing) {
         EXPECT_TRUE(raised.Description().startsWith("Disk full: ")) << raised.what();
     }
     EXPECT_TRUE(cups->Jobs("Office").empty());
-    EXPECT_EQ(PrivateFolders(), QStringList());
+    EXPECT_EQ(temporary.Names(), QStringList());
 }
 
 TEST_F(Queue, WithoutColourAFileHasShadesOfGrey) {
