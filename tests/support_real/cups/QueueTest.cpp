@@ -21,23 +21,25 @@ protected:
     Job LastJob(const QString &queue = QStringLiteral("Office")) { return cups->Jobs(queue).back(); }
 };
 
-// Whether the other picture has about that grey within one dot of the place.
+// Whether the other picture, in shades of grey like the first, has about that shade within one dot of the
+// place.
 bool HasNear(const QImage &other, int x, int y, int grey) {
     constexpr int kClear = 96; // of 255
-    for (int dy = -1; dy <= 1; ++dy)
-        for (int dx = -1; dx <= 1; ++dx)
-            if (other.valid(x + dx, y + dy) && std::abs(qGray(other.pixel(x + dx, y + dy)) - grey) <= kClear)
-                return true;
+    for (int row = std::max(0, y - 1); row <= std::min(other.height() - 1, y + 1); ++row)
+        for (int column = std::max(0, x - 1); column <= std::min(other.width() - 1, x + 1); ++column)
+            if (std::abs(other.constScanLine(row)[column] - grey) <= kClear) return true;
     return false;
 }
 
 // The part of the dots that the other picture doesn't have a tenth of a millimetre around.
 double Difference(const QImage &one, const QImage &other) {
+    const QImage here = one.convertToFormat(QImage::Format_Grayscale8);
+    const QImage there = other.convertToFormat(QImage::Format_Grayscale8);
     int differing = 0;
-    for (int y = 0; y < one.height(); ++y)
-        for (int x = 0; x < one.width(); ++x)
-            if (!HasNear(other, x, y, qGray(one.pixel(x, y)))) ++differing;
-    return static_cast<double>(differing) / (one.width() * one.height());
+    for (int y = 0; y < here.height(); ++y)
+        for (int x = 0; x < here.width(); ++x)
+            if (!HasNear(there, x, y, here.constScanLine(y)[x])) ++differing;
+    return static_cast<double>(differing) / (here.width() * here.height());
 }
 
 // Where the first dark dot of the middle row or column lies, in millimetres from the edge.
