@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <utility>
 
 namespace support {
 

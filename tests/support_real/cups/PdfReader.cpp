@@ -23,11 +23,11 @@ QString Said(const QString &program, const QStringList &arguments) {
 
 std::vector<QImage> PagesOf(const QString &pdf, const QString &folder) {
     const QString start = QFileInfo(pdf).completeBaseName();
-    Said(QStringLiteral("pdftoppm"), {QStringLiteral("-r"), QString::number(kDotsPerInch),
-                                      QStringLiteral("-png"), pdf, QDir(folder).filePath(start)});
+    Said(QStringLiteral("pdftoppm"),
+         {QStringLiteral("-r"), QString::number(kDotsPerInch), pdf, QDir(folder).filePath(start)});
     std::vector<QImage> pages;
     for (const QString &name :
-         QDir(folder).entryList({start + QStringLiteral("-*.png")}, QDir::Files, QDir::Name))
+         QDir(folder).entryList({start + QStringLiteral("-*.ppm")}, QDir::Files, QDir::Name))
         pages.emplace_back(QDir(folder).filePath(name));
     return pages;
 }
