@@ -27,6 +27,7 @@
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowParts.h"
 #include "mainwindow/WindowStatus.h"
+#include "support/Printers.h"
 
 #include <algorithm>
 #include <QApplication>

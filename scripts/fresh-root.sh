@@ -1,15 +1,17 @@
 #!/usr/bin/env bash
-# scripts/fresh-root.sh [--keep] [FOLDER]: tries ./run and ./test of the last commit where nothing is installed yet: in a minimal
-# Debian 12 that it makes in FOLDER (which must not exist), by the package sources of this machine. Looks at what comes out and
-# says in the end what it found; ends with 1 when anything is wrong. Takes half an hour and 10 GB, which it gives back, unless
-# --keep is given. Needs root, mmdebstrap and python3.
+# scripts/fresh-root.sh [--keep] [--print] [FOLDER]: tries ./run and ./test of the last commit where nothing is installed yet: in
+# a minimal Debian 12 that it makes in FOLDER (which must not exist), by the package sources of this machine. Looks at what comes
+# out and says in the end what it found; ends with 1 when anything is wrong. Takes half an hour and 10 GB, which it gives back,
+# unless --keep is given. With --print a page is printed by the machine's own print server, on a printer that makes PDF and wants root.
+# Needs root, mmdebstrap and python3.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/root.sh
 
 longest_silence=5.0 # seconds
-keep=""
+keep="" print=""
 [ "${1:-}" != --keep ] || { keep=yes; shift; }
+[ "${1:-}" != --print ] || { print=yes; shift; }
 root=${1:-$(mktemp -u /var/tmp/velmora-fresh-XXXXXX)}
 
 # attempt NAME COMMAND: runs it in the root and shows what it says, each line with its second. Looks at its exit code, the longest
@@ -46,6 +48,20 @@ look_at_font() {
     grep -aq "/FontName.*+${substitute// /}" "$root/tmp/font.pdf" || wrong "$family is not painted in $substitute"
 }
 
+# The server ends with the namespace of its command.
+look_at_printing() {
+    say "print"
+    inside "DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends cups printer-driver-cups-pdf" \
+        </dev/null >"$logs/found" 2>&1 || { wrong "no printer can be installed: $(tail -n 1 "$logs/found")"; return; }
+    inside "cupsd && lpadmin -p Paper -E -v cups-pdf:/ -P /usr/share/ppd/cups-pdf/CUPS-PDF_opt.ppd -o printer-error-policy=abort-job &&
+        QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 ASAN_OPTIONS=detect_leaks=0 build/dev/bin/test_support_real_cups --print-a-page Paper &&
+        for second in \$(seq 60); do [ -z \"\$(lpstat -o)\" ] || sleep 1; done &&
+        mkdir -p build/printed && pdftoppm -r 100 -png /root/PDF/*.pdf build/printed/page" >"$logs/found" 2>&1 ||
+        { wrong "nothing is printed: $(tail -n 1 "$logs/found")"; return; }
+    python3 scripts/fresh_root.py printed "$root/velmora/build/printed" >"$logs/found" || wrong "$(cat "$logs/found")"
+    note "print: $(cat "$logs/found")"
+}
+
 make_root python3 git
 mkdir "$root/velmora"
 git archive HEAD | tar -x -C "$root/velmora"
@@ -64,6 +80,7 @@ attempt run-again ./run
 ! grep -q '== Installing' "$logs/run-again.log" || wrong "the second ./run installs once more"
 attempt test ./test
 grep -q '100% tests passed' "$logs/test.log" || wrong "not every test passed"
+[ -z "$print" ] || look_at_printing
 note "all: $(du -sm "$root" | cut -f1) MB"
 
 sum_up

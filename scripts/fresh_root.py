@@ -1,4 +1,5 @@
-"""What scripts/fresh-root.sh looks at: fresh_root.py stamp LOG | lines LOG SECONDS | pictures FOLDER | font MAP FAMILY."""
+"""What scripts/fresh-root.sh looks at: fresh_root.py stamp LOG | lines LOG SECONDS | pictures FOLDER | font MAP FAMILY |
+printed FOLDER."""
 import collections
 import pathlib
 import re
@@ -87,6 +88,23 @@ def pictures(folder):
     return 1 if bad else 0
 
 
+def printed(folder):
+    """One picture of a printed page: a sheet of A4 with something black and something red on it."""
+    found = sorted(pathlib.Path(folder).glob("*.png"))
+    if len(found) != 1:
+        print(f"{len(found)} pages")
+        return 1
+    rows = [(bytes(row), pixel) for row, pixel in rows_of_png(found[0])]
+    pixel = rows[0][1]
+    dots = collections.Counter(row[x:x + 3] for row, _ in rows for x in range(0, len(row), pixel))
+    tall = len(rows) / (len(rows[0][0]) / pixel)
+    black = sum(count for dot, count in dots.items() if max(dot) < 64)
+    red = sum(count for dot, count in dots.items() if dot[0] > 192 and max(dot[1:]) < 64)
+    bad = abs(tall - 297 / 210) > 0.01 or min(black, red) < 100
+    print(f"a page {tall:.3f} times as tall as wide, with {black} black and {red} red dots")
+    return 1 if bad else 0
+
+
 def font(path, family):
     """Every text of the map in FAMILY."""
     with sqlite3.connect(path) as database:
@@ -95,5 +113,5 @@ def font(path, family):
 
 
 if __name__ == "__main__":
-    commands = {"stamp": stamp, "lines": lines, "pictures": pictures, "font": font}
+    commands = {"stamp": stamp, "lines": lines, "pictures": pictures, "printed": printed, "font": font}
     sys.exit(commands[sys.argv[1]](*sys.argv[2:]))

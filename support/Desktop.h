@@ -77,7 +77,9 @@ public:
     virtual Colour ShowColorDialog(Owner owner, bool fullOpen, Colour colour) = 0;
     // Updates font and colour on OK, leaves both as they were on cancel.
     virtual void ShowFontDialog(Owner owner, long flag, FontChoice &font, Colour &colour) = 0;
-    // True on OK; the printer chosen becomes the program's printer.
+    // Shows the print dialog for the program's printer (Printers::System), which offers PDF files too, also
+    // where there is no printer. True on OK; the printer chosen becomes the program's printer, with all that
+    // was chosen for it.
     virtual bool ShowPrinter(Owner owner) = 0;
 };
 
@@ -130,13 +132,7 @@ public:
     virtual std::array<std::uint8_t, 16> NewGuid() = 0;
 };
 
-class Printers {
-public:
-    virtual ~Printers() = default;
-    virtual QStringList Names() = 0;
-    virtual QString Current() = 0;
-    virtual void SetCurrent(const QString &name) = 0;
-};
+class Printers; // support/Printers.h
 
 // The user's name on the machine.
 class Identity {

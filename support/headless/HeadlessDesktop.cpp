@@ -1,6 +1,7 @@
 #include "support/headless/HeadlessDesktop.h"
 
 #include "support/Error.h"
+#include "support/PdfJob.h"
 #include "support/PlatformRegistry.h"
 
 #include <cstdio>
@@ -30,6 +31,13 @@ QString HeadlessDialogs::ShowSaveFileDialog(const QString &, const QString &, co
 }
 
 QIcon HeadlessFileIcons::AssociatedIcon(const QString &) { return {}; }
+
+QList<QPageSize> HeadlessPrinters::Papers(const QString &) { return UsualPapers(); }
+
+std::unique_ptr<PrintJob> HeadlessPrinters::Start(const SystemPrinter &printer, const QString &documentName) {
+    if (!printer.ToFile()) RequireReady(printer.deviceName, PrinterState::Gone);
+    return StartFileJob(printer, documentName, system_);
+}
 
 HeadlessDesktop::HeadlessDesktop(std::unique_ptr<RegistryStore> registry)
     : registry_(registry ? std::move(registry) : CreatePlatformRegistry()),

@@ -5,6 +5,7 @@
 #include "support/Desktop.h"
 #include "support/Forms.h"
 #include "support/headless/SystemDoors.h"
+#include "support/Printers.h"
 #include "support/RegistryStore.h"
 
 #include <memory>
@@ -35,11 +36,20 @@ public:
     bool OpenAddress(const QString &) override { return false; }
 };
 
+// No printers: jobs are PDF files.
 class HeadlessPrinters : public Printers {
 public:
     QStringList Names() override { return {}; }
-    QString Current() override { return {}; }
-    void SetCurrent(const QString &) override {}
+    QString Default() override { return {}; }
+    PrinterState State(const QString &) override { return PrinterState::Gone; }
+    QList<QPageSize> Papers(const QString &) override;
+    QMarginsF Unprintable(const SystemPrinter &) override { return {}; }
+    SystemPrinter &System() override { return system_; }
+    void SetDefault(const QString &) override {}
+    std::unique_ptr<PrintJob> Start(const SystemPrinter &printer, const QString &documentName) override;
+
+private:
+    SystemPrinter system_;
 };
 
 class HeadlessFileIcons : public FileIcons {

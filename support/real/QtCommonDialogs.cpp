@@ -2,6 +2,7 @@
 
 #include "support/FileFilter.h"
 #include "support/Files.h"
+#include "support/real/PrintDialog.h"
 #include "support/real/QtPrinters.h"
 
 #include <QApplication>
@@ -13,8 +14,6 @@
 #include <QFontDialog>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QPushButton>
 
 namespace support {
@@ -165,10 +164,10 @@ void QtCommonDialogs::ShowFontDialog(Owner owner, long, FontChoice &font, Colour
 }
 
 bool QtCommonDialogs::ShowPrinter(Owner owner) {
-    QPrinter &printer = printers_.ProgramPrinter();
-    QPrintDialog dialog(&printer, ParentOf(owner));
+    SystemPrinter &printer = printers_.System();
+    PrintDialog dialog(printer, ParentOf(owner));
     if (dialog.exec() != QDialog::Accepted) return false;
-    printers_.SetCurrent(printer.printerName());
+    dialog.ReadBackTo(printer);
     return true;
 }
 

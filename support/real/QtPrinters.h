@@ -1,30 +1,25 @@
 // The machine's printers. Nothing is asked of the print system before it is needed: that is slow.
 #pragma once
 
-#include "support/Desktop.h"
+#include "support/Printers.h"
 
-#include <memory>
-
-class QPrinter;
+#include <optional>
 
 namespace support {
 
 class SystemPrinters : public Printers {
 public:
-    SystemPrinters();
-    ~SystemPrinters() override;
-
     QStringList Names() override;
-    // The printer that was chosen last, at first the system's default.
-    QString Current() override;
-    void SetCurrent(const QString &name) override;
-
-    // The program's printer with the settings that the user made. Stays valid as long as this object.
-    QPrinter &ProgramPrinter();
+    QString Default() override;
+    PrinterState State(const QString &name) override;
+    QList<QPageSize> Papers(const QString &name) override;
+    QMarginsF Unprintable(const SystemPrinter &printer) override;
+    SystemPrinter &System() override;
+    void SetDefault(const QString &name) override;
+    std::unique_ptr<PrintJob> Start(const SystemPrinter &printer, const QString &documentName) override;
 
 private:
-    QString current_;
-    std::unique_ptr<QPrinter> printer_;
+    std::optional<SystemPrinter> system_;
 };
 
 } // namespace support

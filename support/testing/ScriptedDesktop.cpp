@@ -84,9 +84,11 @@ void ScriptedDialogs::ShowFontDialog(Owner, long, FontChoice &font, Colour &colo
 }
 
 bool ScriptedDialogs::ShowPrinter(Owner) {
-    const std::optional<bool> next = TakeFirst(printers);
+    const auto next = TakeFirst(printers);
     if (!next) Fail(QStringLiteral("Unexpected printer dialog"));
-    return next.value_or(false);
+    if (!next || !*next) return false;
+    (*next)(printers_.system);
+    return true;
 }
 
 bool ScriptedLauncher::Open(Door door, const QString &target) {
@@ -171,7 +173,23 @@ void ScriptedDesktop::ExpectFont(const FontChoice &font, Colour colour) {
 
 void ScriptedDesktop::ExpectFontCancelled() { dialogs.fonts.push_back({false, {}, 0}); }
 
-void ScriptedDesktop::ExpectPrinter(bool ok) { dialogs.printers.push_back(ok); }
+void ScriptedDesktop::ExpectPrinter(bool ok) {
+    if (ok) return ExpectPrinterChosen([](SystemPrinter &) {});
+    dialogs.printers.emplace_back();
+}
+
+void ScriptedDesktop::ExpectPrinterChosen(std::function<void(SystemPrinter &printer)> choose) {
+    dialogs.printers.push_back(std::move(choose));
+}
+
+void ScriptedDesktop::ExpectJob(const QString &destination) {
+    ExpectJobFails(destination, JobFails::Never, 0, QString());
+}
+
+void ScriptedDesktop::ExpectJobFails(const QString &destination, JobFails when, long number,
+                                     const QString &text) {
+    printers.expected.push_back({destination, when, number, text});
+}
 
 void ScriptedDesktop::ExpectLaunch(const QString &file, bool answer) {
     launcher.expected.push_back({ScriptedLauncher::Door::File, file, answer});
@@ -193,6 +211,7 @@ void ScriptedDesktop::CheckAllAsked() {
     FailIfAny(dialogs.fonts.size(), "font dialogs");
     FailIfAny(dialogs.printers.size(), "printer dialogs");
     FailIfAny(launcher.expected.size(), "launches");
+    FailIfAny(printers.expected.size(), "prints");
     messageBoxes.expected.clear();
     messageBoxes.expectedInputs.clear();
     dialogs.openFiles.clear();
@@ -201,6 +220,7 @@ void ScriptedDesktop::CheckAllAsked() {
     dialogs.fonts.clear();
     dialogs.printers.clear();
     launcher.expected.clear();
+    printers.expected.clear();
     dialogHost.expected.clear();
 }
 

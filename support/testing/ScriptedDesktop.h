@@ -5,6 +5,7 @@
 
 #include "support/Forms.h"
 #include "support/RegistryStore.h"
+#include "support/testing/ScriptedPrinters.h"
 
 #include <deque>
 #include <functional>
@@ -51,6 +52,9 @@ struct ShownFileDialog {
 
 class ScriptedDialogs : public CommonDialogs {
 public:
+    // `door` must outlive the object.
+    explicit ScriptedDialogs(FakePrinters &door) : printers_(door) {}
+
     QString ShowOpenFileDialog(const QString &filter, const QString &defaultExtension,
                                const QString &startFolder, long flags, Owner owner, int &filterRow) override;
     QString ShowSaveFileDialog(const QString &filter, const QString &defaultExtension,
@@ -72,13 +76,16 @@ public:
         Colour colour = 0;
     };
     std::deque<FontAnswer> fonts;
-    std::deque<bool> printers;
+    // Null cancels; else what the user chooses.
+    std::deque<std::function<void(SystemPrinter &printer)>> printers;
 
     std::vector<ShownFileDialog> shownFiles;
     std::vector<Colour> startColours;
 
 private:
     QString TakeFile(std::deque<File> &answers, const ShownFileDialog &dialog, int &filterRow);
+
+    FakePrinters &printers_;
 };
 
 class ScriptedLauncher : public Launcher {
@@ -128,15 +135,6 @@ public:
 private:
     std::uint32_t state_ = 1;
     std::uint32_t guids_ = 0;
-};
-
-class FakePrinters : public Printers {
-public:
-    QStringList Names() override { return names; }
-    QString Current() override { return current; }
-    void SetCurrent(const QString &name) override { current = name; }
-    QStringList names;
-    QString current;
 };
 
 class FakeIdentity : public Identity {
@@ -190,7 +188,13 @@ public:
     void ExpectColour(Colour colour);
     void ExpectFont(const FontChoice &font, Colour colour);
     void ExpectFontCancelled();
+    // The printer dialog: cancelled, or closed with OK on what it shows.
     void ExpectPrinter(bool ok);
+    // Closed with OK after `choose` has done to the program's printer what the user chooses.
+    void ExpectPrinterChosen(std::function<void(SystemPrinter &printer)> choose);
+    // A job to that printer or file, which ends well, or raises such an error.
+    void ExpectJob(const QString &destination);
+    void ExpectJobFails(const QString &destination, JobFails when, long number, const QString &text);
     void ExpectLaunch(const QString &file, bool answer = true);
     void ExpectAddress(const QString &url, bool answer = true);
     // The form that takes such an argument; without an action it is cancelled.
@@ -208,13 +212,13 @@ public:
     void CheckAllAsked();
 
     ScriptedMessageBoxes messageBoxes;
-    ScriptedDialogs dialogs;
+    FakePrinters printers;
+    ScriptedDialogs dialogs{printers};
     ScriptedLauncher launcher;
     FakeClock clock;
     FakeMemory memory;
     MemoryRegistryStore registry;
     FakeRandom random;
-    FakePrinters printers;
     FakeIdentity identity;
     FakeFileIcons fileIcons;
     ScriptedDialogHost dialogHost;

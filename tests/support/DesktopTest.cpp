@@ -90,8 +90,14 @@ TEST(ScriptedDesktop, ColoursFontsPrintersLaunchesAndForms) {
     desktop.dialogs.ShowFontDialog(nullptr, 0, font, colour);
     EXPECT_EQ(font.name, "Times");
     EXPECT_EQ(colour, 7);
+    script.ExpectPrinter(false);
+    EXPECT_FALSE(desktop.dialogs.ShowPrinter(nullptr));
     script.ExpectPrinter(true);
     EXPECT_TRUE(desktop.dialogs.ShowPrinter(nullptr));
+    EXPECT_EQ(script.printers.system, SystemPrinter());
+    script.ExpectPrinterChosen([](SystemPrinter &printer) { printer.deviceName = "Office"; });
+    EXPECT_TRUE(desktop.dialogs.ShowPrinter(nullptr));
+    EXPECT_EQ(script.printers.system.deviceName, "Office");
     script.ExpectLaunch("help.pdf", false);
     EXPECT_FALSE(desktop.launcher.OpenFile("help.pdf"));
     script.ExpectAddress("https://example.org/");

@@ -1,7 +1,7 @@
 #include "support/real/RealDesktop.h"
 #include "support/real/QtMessageBoxes.h"
+#include "tests/support_real/Shown.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QColorDialog>
@@ -13,12 +13,9 @@
 #include <QIcon>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 #include <QUrl>
 
 using namespace support;
@@ -42,21 +39,6 @@ public:
 private:
     static constexpr const char *kSchemes[] = {"file", "http", "https", "mailto", "ftp"};
 };
-
-// Runs `action` on the modal dialog of a class as soon as it is up.
-template <typename Dialog>
-void OnceShown(std::function<void(Dialog &)> action) {
-    auto *timer = new QTimer(qApp);
-    timer->setInterval(1);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, action] {
-        auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
-        if (!dialog) return;
-        timer->deleteLater();
-        timer->stop();
-        action(*dialog);
-    });
-    timer->start();
-}
 
 class RealBoxes : public ::testing::Test {
 protected:
@@ -335,39 +317,6 @@ TEST_F(RealBoxes, OpenAddress_TakesNoPath) {
                                  QStringLiteral("www.example.org"), QStringLiteral("ftp://example.org/")})
         EXPECT_FALSE(desktop_.launcher.OpenAddress(other)) << other.toStdString();
     EXPECT_EQ(handed.taken, addresses);
-}
-
-TEST_F(RealBoxes, Printers_RememberTheCurrentOne) {
-    desktop_.printers.SetCurrent("Office");
-    EXPECT_EQ(desktop_.printers.Current(), "Office");
-}
-
-TEST_F(RealBoxes, ShowPrinter_CancelledKeepsThePrinter) {
-    desktop_.printers.SetCurrent("Office");
-    OnceShown<QPrintDialog>([](QPrintDialog &dialog) { dialog.reject(); });
-    EXPECT_FALSE(desktop_.dialogs.ShowPrinter(nullptr));
-    EXPECT_EQ(desktop_.printers.Current(), "Office");
-}
-
-// Whichever printers the machine has, "Office" is none of them.
-TEST_F(RealBoxes, ShowPrinter_WithOkTakesTheChosenPrinterAndItsSettings) {
-    desktop_.printers.SetCurrent("Office");
-    QString chosen = "Office";
-    OnceShown<QPrintDialog>([&](QPrintDialog &dialog) {
-        chosen = dialog.printer()->printerName();
-        dialog.printer()->setPageOrientation(QPageLayout::Landscape);
-        dialog.done(QDialog::Accepted);
-    });
-    EXPECT_TRUE(desktop_.dialogs.ShowPrinter(nullptr));
-    EXPECT_NE(chosen, "Office");
-    EXPECT_EQ(desktop_.printers.Current(), chosen);
-    QPageLayout::Orientation kept = QPageLayout::Portrait;
-    OnceShown<QPrintDialog>([&](QPrintDialog &dialog) {
-        kept = dialog.printer()->pageLayout().orientation();
-        dialog.reject();
-    });
-    EXPECT_FALSE(desktop_.dialogs.ShowPrinter(nullptr));
-    EXPECT_EQ(kept, QPageLayout::Landscape);
 }
 
 TEST_F(RealBoxes, Clock_WaitsWhileEventsRun) {

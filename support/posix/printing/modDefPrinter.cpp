@@ -1,0 +1,7 @@
+#include "support/modDefPrinter.h"
+
+namespace support {
+
+void SetDefaultPrinter(const QString &) {}
+
+} // namespace support

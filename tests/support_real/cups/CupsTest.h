@@ -1,0 +1,70 @@
+// What the tests on a real print server share.
+#pragma once
+
+#include "support/Error.h"
+#include "support/real/RealDesktop.h"
+#include "tests/support_real/cups/PrivateCups.h"
+
+#include <gtest/gtest.h>
+#include <optional>
+#include <QDir>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QTemporaryDir>
+
+namespace cups_test {
+
+// A folder that this program takes for the temporary one.
+class OwnTemporaryFolder {
+public:
+    OwnTemporaryFolder() { qputenv("TMPDIR", folder_.path().toLocal8Bit()); }
+    ~OwnTemporaryFolder() { before_.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before_); }
+    OwnTemporaryFolder(const OwnTemporaryFolder &) = delete;
+    OwnTemporaryFolder &operator=(const OwnTemporaryFolder &) = delete;
+
+    QStringList Names() const {
+        return QDir(folder_.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    }
+
+private:
+    QByteArray before_ = qgetenv("TMPDIR");
+    QTemporaryDir folder_;
+};
+
+// A print server and a desktop on it, of each test's own.
+class CupsTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        const QString whyNot = PrivateCups::WhyNot();
+        if (!whyNot.isEmpty()) GTEST_SKIP() << whyNot.toStdString();
+        cups.emplace();
+    }
+
+private:
+    support::RealDesktop real_{std::make_unique<support::MemoryRegistryStore>()};
+
+protected:
+    std::optional<PrivateCups> cups;
+    support::Desktop &desktop = real_.Get();
+    support::Printers *printers = &desktop.printers;
+};
+
+// Begins a job for the program's printer as `printer` says, and paints such a page for each text.
+std::unique_ptr<support::PrintJob> Painted(support::Printers &printers, const support::SystemPrinter &printer,
+                                           const QStringList &texts);
+// A frame 10 mm inside the edges of the sheet, a slanted line, an area of red, and the text.
+void PaintPage(QPainter &painter, const QString &text);
+constexpr double kFrameInset = 10; // millimetres
+
+// What `body` raises; number 0 when it raises nothing.
+template <typename Body>
+support::Error RaisedBy(Body &&body) {
+    try {
+        std::forward<Body>(body)();
+    } catch (const support::Error &error) {
+        return error;
+    }
+    return support::Error(0, QString(), QString());
+}
+
+} // namespace cups_test
