@@ -45,13 +45,15 @@ QMap<QString, QStringList> Allowed() {
     above << "timeline";
     for (const char *folder : {"templates", "output", "dialogs"}) allowed[folder] = above;
     allowed["dialogs"] << "widgets";
-    const QStringList plain = above + QStringList{"templates", "output", "recovery"};
+    allowed["output/print"] = base + QStringList{"app/settings", "document"};
+    allowed["output/print/form"] = allowed["output/print"] + QStringList{"output/print", "widgets"};
+    const QStringList plain = above + QStringList{"templates", "output", "output/print", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
     allowed["product/help"] = {"support", "support/headless", "app/settings"};
     const QStringList windows =
-        plain + QStringList{"widgets",      "dialogs",     "timeline/setup", "diagram/interaction",
-                            "diagram/view", "support/real"};
+        plain + QStringList{"widgets",      "dialogs",      "timeline/setup",   "diagram/interaction",
+                            "diagram/view", "support/real", "output/print/form"};
     allowed["mainwindow"] = windows;
     allowed["app"] = windows + QStringList{"mainwindow"};
     return allowed;
