@@ -12,6 +12,8 @@
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/frmMain.h"
+#include "output/print/form/frmPageSetup.h"
+#include "output/print/form/frmPrint.h"
 #include "support/ExceptionFilter.h"
 #include "support/real/RealDesktop.h"
 #include "timeline/setup/frmDate.h"
@@ -54,6 +56,11 @@ void AddForms(support::RealDesktop &desktop) {
     AddForm<dialogs::frmLinkDialog, dialogs::LinkDialogArgument>(forms);
     AddForm<dialogs::frmNodeDialog, dialogs::NodeDialogArgument>(forms);
     AddForm<mainwindow::frmLayout, mainwindow::LayoutFormArgument>(forms);
+    AddForm<print::frmPageSetup, print::PageSetupArgument>(forms);
+    forms.Add<print::PrintPreviewArgument>([](print::PrintPreviewArgument &argument, support::Owner) {
+        (new print::frmPrint(argument))->show(); // deletes itself when it is closed
+        return true;
+    });
     forms.Add<mainwindow::AboutForm>([&desktop](mainwindow::AboutForm &, support::Owner owner) {
         return mainwindow::frmAbout(desktop.Get(), owner).exec() == QDialog::Accepted;
     });

@@ -20,18 +20,4 @@ struct SaveAsTemplateArgument {
     diagram::Surface &oFlow;
 };
 
-struct PageSetupArgument {
-    static constexpr char kForm[] = "frmPageSetup";
-};
-
-struct PrintArgument {
-    static constexpr char kForm[] = "frmPrint";
-    diagram::Surface &oFlow;
-};
-
-struct PrintPreviewArgument {
-    static constexpr char kForm[] = "frmPrintPreview";
-    diagram::Surface &oFlow;
-};
-
 } // namespace mainwindow

@@ -18,6 +18,7 @@
 #include "mainwindow/TimelinePopup.h"
 #include "mainwindow/Toolbar.h"
 #include "mainwindow/WindowParts.h"
+#include "mainwindow/WindowPrinting.h"
 #include "mainwindow/WindowStatus.h"
 
 #include <QApplication>
@@ -42,6 +43,7 @@ void frmMain::BuildControls() {
     lostMaps_ = std::make_unique<LostMapOffers>(*this, parts_->picRHS);
     filter_ = std::make_unique<FilterBoxes>(*this, *parts_->tlbFilter);
     slices_ = std::make_unique<SliceEditor>(*this);
+    printing_ = std::make_unique<WindowPrinting>(*this);
     popup_ = std::make_unique<TimelinePopup>(*this);
     drop_ = std::make_unique<DroppedFiles>(*this);
     tmrResize_.setSingleShot(true);
