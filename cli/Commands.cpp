@@ -29,6 +29,11 @@ constexpr Command kCommands[] = {
      "picture FILE [--slice N] [--pixels N] OUT.png|OUT.svg|OUT.pdf|OUT.wmf|OUT.emf\n"
      "  picture FILE --all FOLDER [--format png|svg|pdf|wmf|emf] [--pixels N]\n"
      "      a picture of a slice, counted from 1, or of every slice; --pixels is the longest side of a PNG"},
+    {"print", Print, true,
+     "print FILE --to OUT.pdf [--slice N|--all] [--landscape] [--fit] [--header TEXT] [--footer TEXT]\n"
+     "      the pages of a slice, counted from 1, or of all; &[Page], &[Pages], &[Title], &[Slice], &[Date] "
+     "and\n"
+     "      &[File] in the texts stand for their values"},
     {"recovered", Recovered, false,
      "recovered [--folder FOLDER]\n"
      "  recovered NUMBER OUT [--folder FOLDER]\n"

@@ -43,6 +43,7 @@ int Check(QStringList arguments, QTextStream &out);
 int Repair(QStringList arguments, QTextStream &out);
 int Convert(QStringList arguments, QTextStream &out);
 int Picture(QStringList arguments, QTextStream &out);
+int Print(QStringList arguments, QTextStream &out);
 int Recovered(QStringList arguments, QTextStream &out);
 
 } // namespace cli
