@@ -6,6 +6,7 @@
 #include "benchmarks/FormFigures.h"
 #include "benchmarks/JournalFigures.h"
 #include "benchmarks/MemoryFigures.h"
+#include "benchmarks/PrintFigures.h"
 #include "benchmarks/Stage.h"
 #include "benchmarks/WholeProcess.h"
 #include "support/Files.h"
@@ -163,7 +164,7 @@ struct Part {
     bool timed; // takes its values from the micro-benchmarks
     void (*add)(Table &table, const QString &bin);
 };
-constexpr std::array<Part, 14> kParts{{
+constexpr std::array<Part, 15> kParts{{
     {"store", true, AddStore},
     {"painting", true, AddPainting},
     {"export", true, AddExport},
@@ -176,6 +177,7 @@ constexpr std::array<Part, 14> kParts{{
     {"wholemap", false, [](Table &table, const QString &) { table.Add(bench::WholeMapFigures()); }},
     {"commands", false, [](Table &table, const QString &) { table.Add(bench::CommandFigures()); }},
     {"forms", false, [](Table &table, const QString &) { table.Add(bench::FormFigures()); }},
+    {"print", false, [](Table &table, const QString &) { table.Add(bench::PrintFigures()); }},
     {"memory", false, AddMemory},
     {"process", false, AddWholeProcess},
 }};

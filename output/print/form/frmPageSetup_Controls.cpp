@@ -69,7 +69,6 @@ void frmPageSetup::BuildTexts(QGridLayout &grid) {
         Named(new QLabel(tr("These stand for their values: %1").arg(FieldList()), this), "lblFields");
     fields->setTextFormat(Qt::PlainText);
     fields->setWordWrap(true);
-    fields->setEnabled(false);
     grid.addWidget(fields, 2, 1);
     grid.setColumnStretch(1, 1);
 }
@@ -132,7 +131,7 @@ QWidget *frmPageSetup::BuildMargins() {
 QWidget *frmPageSetup::BuildSlices() {
     auto *frame = new QGroupBox(Words(tr("@SLICEs")), this);
     auto *lines = new QVBoxLayout(frame);
-    const QString captions[] = {Words(tr("Thi&s @SLICE")), Words(tr("&All @SLICEs")), tr("&These:")};
+    const QString captions[] = {Words(tr("Thi&s @SLICE")), Words(tr("&All @SLICEs")), tr("T&hese:")};
     for (std::size_t i = 0; i < optSlices_.size(); ++i) {
         optSlices_[i] = new QRadioButton(captions[i], frame);
         optSlices_[i]->setObjectName(QStringLiteral("optSlices(%1)").arg(i));
