@@ -12,6 +12,7 @@
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/Icons.h"
 #include "output/print/form/frmPageSetup.h"
 #include "output/print/form/frmPrint.h"
 #include "support/ExceptionFilter.h"
@@ -58,7 +59,9 @@ void AddForms(support::RealDesktop &desktop) {
     AddForm<mainwindow::frmLayout, mainwindow::LayoutFormArgument>(forms);
     AddForm<print::frmPageSetup, print::PageSetupArgument>(forms);
     forms.Add<print::PrintPreviewArgument>([](print::PrintPreviewArgument &argument, support::Owner) {
-        (new print::frmPrint(argument))->show(); // deletes itself when it is closed
+        auto *form = new print::frmPrint(argument); // deletes itself when it is closed
+        form->setWindowIcon(mainwindow::ProgramIcon());
+        form->show();
         return true;
     });
     forms.Add<mainwindow::AboutForm>([&desktop](mainwindow::AboutForm &, support::Owner owner) {

@@ -1,5 +1,6 @@
 #include "mainwindow/WindowPrinting.h"
 
+#include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/Icons.h"
 #include "mainwindow/LongTask.h"
@@ -50,6 +51,19 @@ void WindowPrinting::PrintCurrentSlice(print::LoadedPrint &form) {
     form.PrnFlow1.SetSource(SourceOf(window_));
 }
 
+// On the slices that are in the preview, as long as it is open and they are where they were.
+void WindowPrinting::ShowPageBreaks() {
+    for (diagram::SurfaceView *view : window_.Views().All()) view->SetPageBreaks({});
+    if (!frmPrint_ || !frmPrint_->IsLoaded()) return;
+    print::PrnFlow &flow = frmPrint_->PrnFlow1;
+    const std::vector<int> slots = window_.AddFlow1().Indices();
+    if (flow.IsGone() || flow.Map().slices.size() != slots.size()) return;
+    for (const print::Sheet &sheet : flow.TheSheets().sheets) {
+        const auto slice = std::size_t(sheet.slice);
+        window_.Views().At(slots[slice]).SetPageBreaks(flow.TheSheets().layouts[slice].Lines());
+    }
+}
+
 void WindowPrinting::PageSetup() {
     QStringList captions;
     for (int tab = 0; tab < window_.TabStrip().TabCount(); ++tab)
@@ -76,6 +90,9 @@ void WindowPrinting::Preview() {
     PrintCurrentSlice(*form);
     form->PrnFlow1.Preview = true;
     if (form->bringUp) return form->bringUp(), form->PrnFlow1.Run();
+    form->pagesChanged = [window = QPointer<frmMain>(&window_)] {
+        if (window) window->Printing().ShowPageBreaks();
+    };
     print::PrintPreviewArgument argument{window_.Desktop(), form, Icon,
                                          [window = QPointer<frmMain>(&window_)](const QString &text) {
                                              if (window) window->Status().TellInPassing(text);

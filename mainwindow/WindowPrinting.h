@@ -26,6 +26,7 @@ public:
 
 private:
     void PrintCurrentSlice(print::LoadedPrint &form);
+    void ShowPageBreaks();
 
     frmMain &window_;
     std::shared_ptr<print::LoadedPrint> frmPrint_;

@@ -49,6 +49,7 @@ void LoadedPrint::Unload() {
     loaded_ = false;
     if (const auto closing = std::exchange(close, {})) closing();
     ZoomBack(PrnFlow1);
+    if (pagesChanged) pagesChanged();
     SaveSetup(PrnFlow1);
 }
 

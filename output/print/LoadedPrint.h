@@ -43,6 +43,8 @@ public:
 
     // The window in which the preview is seen, while it is: what brings it to the front, and what closes it.
     std::function<void()> bringUp, close;
+    // Told when the preview shows other pages, and once more when it is gone.
+    std::function<void()> pagesChanged;
 
 private:
     std::optional<Printed> Print(const GoOn &goOn);

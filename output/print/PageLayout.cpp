@@ -114,6 +114,15 @@ QRectF PageLayout::Shown(int page) const {
             QPointF(right, bottom)};
 }
 
+std::vector<QLineF> PageLayout::Lines() const {
+    std::vector<QLineF> lines;
+    for (std::size_t i = 1; i + 1 < columns.size(); ++i)
+        lines.emplace_back(columns[i], rows.front(), columns[i], rows.back());
+    for (std::size_t i = 1; i + 1 < rows.size(); ++i)
+        lines.emplace_back(columns.front(), rows[i], columns.back(), rows[i]);
+    return lines;
+}
+
 QRectF PageLayout::Place(int page) const {
     const QRectF tile = Tile(page);
     return {body.topLeft() + shift, QSizeF(tile.width() * xScale, tile.height() * yScale)};

@@ -3,6 +3,7 @@
 
 #include "output/print/PageSetup.h"
 
+#include <QLineF>
 #include <QRectF>
 #include <span>
 #include <vector>
@@ -42,6 +43,8 @@ struct PageLayout {
     QRectF Tile(int page) const;
     // The part that the page shows: what fits its body, up to the overlap.
     QRectF Shown(int page) const;
+    // The lines on the surface between two pages.
+    std::vector<QLineF> Lines() const;
     // Of the part that the page stands for, on the sheet in millimetres.
     QRectF Place(int page) const;
 };

@@ -1,5 +1,6 @@
 #include "app/settings/GetSet.h"
 #include "diagram/model/Node.h"
+#include "diagram/view/SurfaceView.h"
 #include "document/DoSave.h"
 #include "mainwindow/Toolbar.h"
 #include "mainwindow/WindowPrinting.h"
@@ -82,6 +83,32 @@ protected:
     QPointer<frmPrint> form;
     std::shared_ptr<print::LoadedPrint> loaded;
 };
+
+TEST_F(Print, PageBreaksAreSeenOverTheSliceAsLongAsThePreviewIsOpen) {
+    const auto seen = [this] {
+        ProcessEvents();
+        return window->CurrentView().viewport()->grab().toImage();
+    };
+    const QImage before = seen();
+    Preview();
+    const double right = form->PrnFlow1().LayoutOf(1).columns[1];
+    const QImage open = seen();
+    EXPECT_NE(open, before);
+    const int column = PixelOf(*window, {right, 0}).x();
+    int differing = 0; // columns that differ from before
+    for (int x = 0; x < open.width(); ++x) {
+        if (open.copy(x, 0, 1, 20) == before.copy(x, 0, 1, 20)) continue;
+        ++differing;
+        EXPECT_NEAR(x, column * open.devicePixelRatio(), 2);
+    }
+    EXPECT_GT(differing, 0);
+    Click("FIT");
+    EXPECT_EQ(seen(), before);
+    Click("FIT");
+    EXPECT_EQ(seen(), open);
+    form->close();
+    EXPECT_EQ(seen(), before);
+}
 
 TEST_F(Print, ToolbarHasItsButtonsByKeyAndTip) {
     Preview();

@@ -17,6 +17,7 @@ namespace print {
 namespace {
 
 constexpr int kHintTime = 6000; // milliseconds
+constexpr int kPatience = 500;  // milliseconds before progress is shown
 
 class Hourglass {
 public:
@@ -81,6 +82,7 @@ void frmPrint::Form_Activate() {
 void frmPrint::Shown() {
     sheets_->Renew();
     UpdateStatus();
+    if (print_->pagesChanged) print_->pagesChanged();
 }
 
 void frmPrint::UpdateStatus() {
@@ -176,6 +178,7 @@ QSizeF frmPrint::ScrollBars() const {
 void frmPrint::Print() {
     QProgressDialog progress(tr("Printing..."), tr("&Cancel"), 0, PrnFlow1().Pages(), this);
     progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(kPatience);
     progress.reset(); // unseen as long as the user chooses the printer
     const auto tell = argument_.tell;
     const auto printed = print_->PrintWithDialog(this, [&](int done, int of) {

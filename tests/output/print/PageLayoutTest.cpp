@@ -52,6 +52,15 @@ TEST(PageLayout, SpreadsALargeSurfaceAcrossFirstAndThenDown) {
     EXPECT_NEAR(fifth.height(), Twips(0, 0, 0, 267).height(), 1e-3);
 }
 
+TEST(PageLayout, HasALineBetweenAnyTwoPages) {
+    const PageLayout layout = LayOutPages(Plain(), Twips(10, 20, 3 * 180, 2 * 267));
+    const std::vector<QLineF> lines = layout.Lines();
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[0], QLineF(layout.columns[1], layout.rows[0], layout.columns[1], layout.rows[2]));
+    EXPECT_EQ(lines[2], QLineF(layout.columns[0], layout.rows[1], layout.columns[3], layout.rows[1]));
+    EXPECT_TRUE(LayOutPages(Plain(), QRectF()).Lines().empty());
+}
+
 TEST(PageLayout, OneMillimetreMoreIsAnotherPage) {
     EXPECT_EQ(LayOutPages(Plain(), Twips(0, 0, 181, 268)).Pages(), 4);
     EXPECT_EQ(LayOutPages(Plain(), Twips(0, 0, 180.0000001, 267)).Pages(), 1);
