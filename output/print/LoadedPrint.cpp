@@ -64,7 +64,7 @@ bool LoadedPrint::Ask(QWidget *owner) {
 std::optional<Printed> LoadedPrint::Print(const GoOn &goOn) {
     std::optional<Printed> printed;
     PrnFlow1.Preview = false;
-    PrnFlow1.OnPrint([&] { printed = PrintPages(PrnFlow1, desktop_.printers, goOn); });
+    PrnFlow1.OnPrint([&] { printed.emplace(PrintPages(PrnFlow1, desktop_.printers, goOn)); });
     PrnFlow1.Run();
     PrnFlow1.OnPrint({});
     return printed;

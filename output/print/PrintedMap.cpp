@@ -73,14 +73,24 @@ PrintedMap CopyMap(document::MapWindow &window, const PageSetup &setup, int curr
     return map;
 }
 
-SliceMark MarkOf(document::MapWindow &window, int tab) {
-    document::Tabs &tabs = window.TabStrip();
-    return {tabs.TabKey(tab), tabs.TabCaption(tab), tabs.TabCount()};
+namespace {
+
+diagram::Surface &SurfaceOf(document::MapWindow &window, int tab) {
+    return window.AddFlow1()[window.AddFlow1().Indices()[std::size_t(tab)]];
+}
+
+QStringList SomeNodes(const diagram::Surface &surface) {
+    constexpr int kEnough = 20;
+    QStringList keys;
+    for (const diagram::Node &node : surface.Nodes()) {
+        if (keys.size() == kEnough) break;
+        if (!node.Key().isEmpty()) keys << node.Key();
+    }
+    return keys;
 }
 
 // Keys stay with the places of tabs, so the caption counts more; a slice that was renamed kept its place.
-int TabOf(document::MapWindow &window, const SliceMark &mark) {
-    document::Tabs &tabs = window.TabStrip();
+int LikelyTab(document::Tabs &tabs, const SliceMark &mark) {
     int byKey = -1, byCaption = -1;
     for (int tab = 0; tab < tabs.TabCount(); ++tab) {
         const bool key = tabs.TabKey(tab) == mark.key, caption = tabs.TabCaption(tab) == mark.caption;
@@ -90,6 +100,25 @@ int TabOf(document::MapWindow &window, const SliceMark &mark) {
     }
     if (byCaption >= 0) return byCaption;
     return tabs.TabCount() == mark.tabs ? byKey : -1;
+}
+
+} // namespace
+
+SliceMark MarkOf(document::MapWindow &window, int tab) {
+    document::Tabs &tabs = window.TabStrip();
+    return {tabs.TabKey(tab), tabs.TabCaption(tab), tabs.TabCount(), window.clsSettings().ShownFile(),
+            SomeNodes(SurfaceOf(window, tab))};
+}
+
+int TabOf(document::MapWindow &window, const SliceMark &mark) {
+    const int tab = LikelyTab(window.TabStrip(), mark);
+    if (tab < 0 || window.clsSettings().ShownFile() == mark.file) return tab;
+    // The same under another name has nodes in common.
+    const diagram::Surface &surface = SurfaceOf(window, tab);
+    const bool same = mark.nodes.isEmpty() || std::ranges::any_of(mark.nodes, [&](const QString &key) {
+                          return surface.Nodes().Find(key) != nullptr;
+                      });
+    return same ? tab : -1;
 }
 
 } // namespace print

@@ -8,6 +8,7 @@
 #include <memory>
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 #include <vector>
 
 namespace document {
@@ -42,10 +43,12 @@ struct PrintedMap {
 bool IsPrinted(const PageSetup &setup, int slice, int current);
 // The slices that are printed; those that aren't are empty. The time is that of the window's clock.
 PrintedMap CopyMap(document::MapWindow &window, const PageSetup &setup, int current);
-// By what a slice is known again after slices were renamed, moved or deleted.
+// By what a slice is known again after slices were renamed, moved or deleted, or another map was opened.
 struct SliceMark {
     QString key, caption; // of its tab
     int tabs = 0;         // of its window
+    QString file;         // of the map
+    QStringList nodes;    // keys of some
 };
 SliceMark MarkOf(document::MapWindow &window, int tab);
 // The tab at which the slice stands now; -1 once it is gone.

@@ -257,6 +257,13 @@ TEST_F(Print, ThePreviewShowsWhatWasChangedMeanwhile) {
     EXPECT_EQ(form->PrnFlow1().VerticalPages(), 3);
 }
 
+TEST_F(Print, APreviewThatIsGoneIsMadeAnew) {
+    Preview();
+    delete form;
+    Preview();
+    EXPECT_EQ(form->PrnFlow1().Pages(), 6);
+}
+
 TEST_F(Print, ASecondPreviewOfAWindowIsTheSameForm) {
     Preview();
     Run("mnuFilePrintPreview");

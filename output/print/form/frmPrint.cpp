@@ -53,7 +53,14 @@ frmPrint::frmPrint(PrintPreviewArgument argument) : argument_(std::move(argument
     sheets_->setFocus();
 }
 
-frmPrint::~frmPrint() { PrnFlow1().OnShown({}); }
+frmPrint::~frmPrint() { LetGo(); }
+
+// What it shows may live on, and must not reach for it.
+void frmPrint::LetGo() {
+    PrnFlow1().OnShown({});
+    print_->close = {};
+    print_->bringUp = {};
+}
 
 QString frmPrint::Panel(const QString &name) const {
     const QLabel *panel = panels_.value(name);
@@ -192,8 +199,7 @@ void frmPrint::Print() {
 
 void frmPrint::closeEvent(QCloseEvent *event) {
     support::Report("frmPrint", "Form_Unload", [this] {
-        print_->close = {};
-        print_->bringUp = {};
+        LetGo();
         print_->Unload();
     });
     QMainWindow::closeEvent(event);

@@ -51,6 +51,7 @@ private:
     void BuildZoom();
     void BuildStatus();
     void BuildKeys();
+    void LetGo();
     void Shown();
     void UpdateStatus();
     void Turn(int orientation);

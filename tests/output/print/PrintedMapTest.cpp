@@ -86,6 +86,17 @@ TEST_F(PrintedMapTest, CopiesOnlyWhatIsPrinted) {
     EXPECT_EQ(counts(), (std::vector<int>{1, 0, 1}));
 }
 
+TEST_F(PrintedMapTest, ASliceOfAnotherMapIsAnother) {
+    AddSlice(QStringLiteral("One"));
+    window.AddFlow1()[0].Nodes().Item(1).SetKey(QStringLiteral("one"));
+    const SliceMark mark = MarkOf(window, 0);
+    window.clsSettings().SetDatabase(QDir::temp().filePath(QStringLiteral("saved as.map")));
+    EXPECT_EQ(TabOf(window, mark), 0);
+    window.AddFlow1()[0].Nodes().Clear();
+    AddBox(window.AddFlow1()[0], 0, 0, 10, 10).SetKey(QStringLiteral("another"));
+    EXPECT_EQ(TabOf(window, mark), -1);
+}
+
 TEST_F(PrintedMapTest, ASliceIsKnownAgain) {
     for (const char *name : {"One", "Two", "Three"}) AddSlice(QLatin1String(name));
     document::Tabs &tabs = window.TabStrip();
