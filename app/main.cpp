@@ -12,8 +12,11 @@
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/Icons.h"
 #include "output/export/form/frmExport.h"
 #include "output/powerpoint/form/frmPowerPoint.h"
+#include "output/print/form/frmPageSetup.h"
+#include "output/print/form/frmPrint.h"
 #include "support/ExceptionFilter.h"
 #include "support/real/RealDesktop.h"
 #include "templates/forms/frmRB.h"
@@ -62,6 +65,13 @@ void AddForms(support::RealDesktop &desktop) {
     AddForm<powerpoint::frmPowerPoint, powerpoint::PowerPointArgument>(forms);
     AddForm<mainwindow::frmLayout, mainwindow::LayoutFormArgument>(forms);
     AddForm<output::frmExport, output::clsExport>(forms);
+    AddForm<print::frmPageSetup, print::PageSetupArgument>(forms);
+    forms.Add<print::PrintPreviewArgument>([](print::PrintPreviewArgument &argument, support::Owner) {
+        auto *form = new print::frmPrint(argument); // deletes itself when it is closed
+        form->setWindowIcon(mainwindow::ProgramIcon());
+        form->show();
+        return true;
+    });
     forms.Add<mainwindow::AboutForm>([&desktop](mainwindow::AboutForm &, support::Owner owner) {
         return mainwindow::frmAbout(desktop.Get(), owner).exec() == QDialog::Accepted;
     });

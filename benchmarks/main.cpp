@@ -6,6 +6,7 @@
 #include "benchmarks/FormFigures.h"
 #include "benchmarks/JournalFigures.h"
 #include "benchmarks/MemoryFigures.h"
+#include "benchmarks/PrintFigures.h"
 #include "benchmarks/Stage.h"
 #include "benchmarks/WholeProcess.h"
 #include "support/Files.h"
@@ -184,6 +185,7 @@ constexpr std::array<Part, 15> kParts{{
     {"wholemap", false, [](Table &table, const QString &) { table.Add(bench::WholeMapFigures()); }},
     {"commands", false, [](Table &table, const QString &) { table.Add(bench::CommandFigures()); }},
     {"forms", false, [](Table &table, const QString &) { table.Add(bench::FormFigures()); }},
+    {"print", false, [](Table &table, const QString &) { table.Add(bench::PrintFigures()); }},
     {"memory", false, AddMemory},
     {"process", false, AddWholeProcess},
 }};

@@ -44,6 +44,11 @@ constexpr Command kCommands[] = {
      "      a presentation of a slice, counted from 1, or of every slice, each as a picture or, with "
      "--shapes,\n"
      "      in a .pptx as shapes to go on with; --title puts the slice's name above it"},
+    {"print", Print, true,
+     "print FILE --to OUT.pdf [--slice N|--all] [--landscape] [--fit] [--header TEXT] [--footer TEXT]\n"
+     "      the pages of a slice, counted from 1, or of all; &[Page], &[Pages], &[Title], &[Slice], &[Date] "
+     "and\n"
+     "      &[File] in the texts stand for their values"},
     {"recovered", Recovered, false,
      "recovered [--folder FOLDER]\n"
      "  recovered NUMBER OUT [--folder FOLDER]\n"

@@ -53,6 +53,7 @@ int Convert(QStringList arguments, QTextStream &out);
 int Picture(QStringList arguments, QTextStream &out);
 int Report(QStringList arguments, QTextStream &out);
 int Slides(QStringList arguments, QTextStream &out);
+int Print(QStringList arguments, QTextStream &out);
 int Recovered(QStringList arguments, QTextStream &out);
 int Template(QStringList arguments, QTextStream &out);
 int Csv(QStringList arguments, QTextStream &out);

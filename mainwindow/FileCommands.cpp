@@ -4,12 +4,12 @@
 #include "document/DoSave.h"
 #include "document/MemoryGuard.h"
 #include "mainwindow/Exchange.h"
-#include "mainwindow/FormsToCome.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/ShowForm.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/TemplateBar.h"
 #include "mainwindow/WindowJournal.h"
+#include "mainwindow/WindowPrinting.h"
 #include "mainwindow/WindowStatus.h"
 #include "templates/SaveAsTemplate.h"
 
@@ -78,20 +78,9 @@ void mnuFileSaveAsTemplate(frmMain &window) {
 
 bool IsAuthor() { return settings::Terms().AUTHOR; }
 
-void mnuFilePageSetup(frmMain &window) {
-    PageSetupArgument argument;
-    ShowForm(window, argument, QStringLiteral("Page setup"));
-}
-
-void mnuFilePrint(frmMain &window) {
-    PrintArgument argument{window.CurrentSurface()};
-    ShowForm(window, argument, QStringLiteral("Printing"));
-}
-
-void mnuFilePrintPreview(frmMain &window) {
-    PrintPreviewArgument argument{window.CurrentSurface()};
-    ShowForm(window, argument, QStringLiteral("The print preview"));
-}
+void mnuFilePageSetup(frmMain &window) { window.Printing().PageSetup(); }
+void mnuFilePrint(frmMain &window) { window.Printing().Print(); }
+void mnuFilePrintPreview(frmMain &window) { window.Printing().Preview(); }
 
 void mnuFileExit(frmMain &window) { window.close(); }
 
@@ -116,11 +105,10 @@ constexpr CommandRow kRows[] = {
     {"mnuFile", "mnuFileExport", "&Export...", kCommand, mnuFileExport, "export"},
     {"mnuFile", "mnuFileExportPicture", "&Export as picture...", kCommand, mnuFileExportPicture, "picture"},
     Separator("mnuFile", "mnuFileSep2"),
-    {"mnuFile", "mnuFilePageSetup", "Page Setup...", kCommand, mnuFilePageSetup, "pagesetup", "", "",
-     Needs::Printers},
-    {"mnuFile", "mnuFilePrint", "&Print...", kCommand, mnuFilePrint, "print", "", "Ctrl+P", Needs::Printers},
-    {"mnuFile", "mnuFilePrintPreview", "Print Preview...", kCommand, mnuFilePrintPreview, "preview", "", "",
-     Needs::Printers},
+    // Without a printer pages can be seen, and go to PDF files.
+    {"mnuFile", "mnuFilePageSetup", "Page Setup...", kCommand, mnuFilePageSetup, "pagesetup"},
+    {"mnuFile", "mnuFilePrint", "&Print...", kCommand, mnuFilePrint, "print", "", "Ctrl+P"},
+    {"mnuFile", "mnuFilePrintPreview", "Print Preview...", kCommand, mnuFilePrintPreview, "preview"},
     Separator("mnuFile", kRecentSeparator),
     Separator("mnuFile", "mnuFileSep3"),
     {"mnuFile", "mnuFileExit", "E&xit", kCommand, mnuFileExit, "exit", "", "Ctrl+Q Ctrl+W"},

@@ -26,6 +26,7 @@
 #include "mainwindow/TimelinePopup.h"
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowParts.h"
+#include "mainwindow/WindowPrinting.h"
 #include "mainwindow/WindowStatus.h"
 #include "support/Printers.h"
 
@@ -100,6 +101,7 @@ void frmMain::Form_Load() {
     BuildMenus();
     frmSplash::ShowDoing(tr("Loading Toolbars"));
     parts_->FillToolbars(*frmPics_);
+    parts_->SetEnabled(Needs::Printers, false); // until they are looked for
     ConnectControls();
     AddFlow1_afGotFocus(CurrentIndex());
     SetWindowCaption(document::UntitledCaption());
@@ -123,7 +125,6 @@ void frmMain::Initialize() {
 
 void frmMain::BuildMenus() {
     parts_->SmartMenuXP1a->BuildMenus(settings::clsMRU(desktop_.registry).GetFiles(kRecentFilesLimit));
-    parts_->SetEnabled(Needs::Printers, false);
     SetMenuValue(QStringLiteral("mnuViewStartup"), settings::GetStartupEnabled());
     SetMenuValue(QStringLiteral("mnuViewRBPrompt"), RHSPrompt());
     SetMenuValue(QStringLiteral("mnuViewTemplates"), templates_->Pane().IsShown());

@@ -36,6 +36,7 @@ class TickBox;
 class TimelinePopup;
 class WindowJournal;
 class WindowParts;
+class WindowPrinting;
 class WindowStatus;
 
 // Deletes itself when it was closed. A new window is loaded and not shown; what its start raises reaches the
@@ -119,6 +120,7 @@ public:
     void DoFixColors();
     Finder &Find() const { return *finder_; }
     FilterBoxes &Filter() const { return *filter_; }
+    WindowPrinting &Printing() const { return *printing_; }
     CommandSearch &Search() const;
     // Each runs through frmLayers, unseen but for the last, and rebuilds the slices once the user went
     // through with it: undo histories are lost and the map is dirty, after an OK even when nothing differs.
@@ -215,6 +217,7 @@ private:
     std::unique_ptr<LostMapOffers> lostMaps_;
     std::unique_ptr<StartOffer> start_;
     std::unique_ptr<SliceEditor> slices_;
+    std::unique_ptr<WindowPrinting> printing_;
     std::unique_ptr<TimelinePopup> popup_;
     std::unique_ptr<DroppedFiles> drop_;
     std::unique_ptr<TemplateBar> templates_;

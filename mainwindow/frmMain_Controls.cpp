@@ -20,6 +20,7 @@
 #include "mainwindow/TimelinePopup.h"
 #include "mainwindow/Toolbar.h"
 #include "mainwindow/WindowParts.h"
+#include "mainwindow/WindowPrinting.h"
 #include "mainwindow/WindowStatus.h"
 
 #include <QApplication>
@@ -46,6 +47,7 @@ void frmMain::BuildControls() {
     start_ = std::make_unique<StartOffer>(*this, parts_->picRHS);
     filter_ = std::make_unique<FilterBoxes>(*this, *parts_->tlbFilter);
     slices_ = std::make_unique<SliceEditor>(*this);
+    printing_ = std::make_unique<WindowPrinting>(*this);
     popup_ = std::make_unique<TimelinePopup>(*this);
     drop_ = std::make_unique<DroppedFiles>(*this);
     templates_ = std::make_unique<TemplateBar>(*this, *parts_->SSSplitter1); // asked of drags before drop_

@@ -197,6 +197,23 @@ void PaintToday(QPainter &painter, const QLineF &place, const Surface &surface, 
     painter.restore();
 }
 
+void PaintPageBreaks(QPainter &painter, std::span<const QLineF> breaks, const Surface &surface,
+                     const Viewport &viewport) {
+    if (breaks.empty()) return;
+    constexpr int kLight = 120; // of 255
+    const OverlayLook look = LookFor(surface, painter);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    QPen pen = look.Line(Faded(look.guide, kLight), 1);
+    pen.setDashPattern({6, 4});
+    painter.setPen(pen);
+    for (const QLineF &each : breaks) {
+        const QLineF line = viewport.ToPixels().map(each);
+        painter.drawLine(look.Crisp(line.p1()), look.Crisp(line.p2()));
+    }
+    painter.restore();
+}
+
 void PaintBeyondTheOrigin(QPainter &painter, const Surface &surface, const Viewport &viewport,
                           const QRectF &area) {
     const QPointF origin = viewport.FromSurface(QPointF(0, 0));

@@ -1,10 +1,11 @@
 // The marks of a gesture on top of the diagram. Never printed or exported.
 #pragma once
 
+#include <QLineF>
 #include <QRect>
 #include <QRegion>
+#include <span>
 
-class QLineF;
 class QPainter;
 
 namespace diagram {
@@ -18,6 +19,9 @@ void PaintOverlay(QPainter &painter, const Overlay &overlay, const Surface &surf
                   const Viewport &viewport);
 // A thin line that marks today's place (twips) on a strip of days.
 void PaintToday(QPainter &painter, const QLineF &place, const Surface &surface, const Viewport &viewport);
+// Where pages of paper end, in twips: light dashed lines.
+void PaintPageBreaks(QPainter &painter, std::span<const QLineF> breaks, const Surface &surface,
+                     const Viewport &viewport);
 // Shades what lies left of the surface's origin or above it, where nothing can be put.
 void PaintBeyondTheOrigin(QPainter &painter, const Surface &surface, const Viewport &viewport,
                           const QRectF &area);

@@ -101,6 +101,12 @@ void Repainting::NoteToday(const DayStrip &days) {
         if (line) Update(viewport_.FromSurface(QRectF(line->p1(), line->p2())));
 }
 
+void Repainting::SetPageBreaks(std::vector<QLineF> breaks) {
+    if (breaks == pageBreaks_) return;
+    pageBreaks_ = std::move(breaks);
+    canvas_.update();
+}
+
 void Repainting::NoteOverlay(const Overlay &overlay) {
     const OverlayPlace now = PlaceOf(overlay, viewport_);
     const QRegion changed = ChangedArea(std::exchange(overlayPlace_, now), now);
@@ -183,6 +189,7 @@ void Repainting::Paint(const QRegion &region, const Overlay &overlay, FocusRing 
     CopyPicture(painter, region);
     painter.setClipRegion(region);
     PaintBeyondTheOrigin(painter, surface_, viewport_, region.boundingRect());
+    PaintPageBreaks(painter, pageBreaks_, surface_, viewport_);
     if (today_) PaintToday(painter, *today_, surface_, viewport_);
     PaintSelection(painter, scene_, viewport_, region, ring, overlay.loose);
     PaintOverlay(painter, overlay, surface_, viewport_);

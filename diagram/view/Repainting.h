@@ -43,6 +43,7 @@ public:
     // Today's line may lie elsewhere now.
     void OutdateToday() { todayOutdated_ = true; }
     void NoteToday(const DayStrip &days);
+    void SetPageBreaks(std::vector<QLineF> breaks);
     // The same for the marks of a gesture.
     void NoteOverlay(const Overlay &overlay);
 
@@ -72,7 +73,8 @@ private:
     std::optional<int> budget_;   // milliseconds
     std::optional<QLineF> today_; // twips
     bool todayOutdated_ = true;
-    OverlayPlace overlayPlace_; // as last painted
+    std::vector<QLineF> pageBreaks_; // twips
+    OverlayPlace overlayPlace_;      // as last painted
     std::vector<std::pair<ItemKind, ItemId>> selectionTouched_;
     SelectionForm selectionForm_; // as last painted
 };

@@ -103,6 +103,9 @@ void SurfaceView::SetDays(DayStrip &days) {
     impl_->repainting.OutdateToday();
     impl_->AskForFlush();
 }
+void SurfaceView::SetPageBreaks(std::vector<QLineF> breaks) {
+    impl_->repainting.SetPageBreaks(std::move(breaks));
+}
 void SurfaceView::SetWords(const ItemWords &words) {
     impl_->words = words;
     setAccessibleDescription(

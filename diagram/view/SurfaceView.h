@@ -9,6 +9,8 @@
 #include <memory>
 #include <optional>
 #include <QAbstractScrollArea>
+#include <QLineF>
+#include <vector>
 
 class QAccessibleEvent;
 
@@ -83,6 +85,9 @@ public:
 
     // The strip of days to which nodes of the surface belong by their dates; must live longer than the view.
     void SetDays(DayStrip &days);
+
+    // Where pages of paper end, in twips: shown lightly over the diagram, never printed. None at first.
+    void SetPageBreaks(std::vector<QLineF> breaks);
 
     // What nodes and links are called when a screen reader tells of them.
     void SetWords(const ItemWords &words);

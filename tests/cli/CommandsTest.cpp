@@ -14,6 +14,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace {
@@ -126,8 +128,8 @@ TEST_F(CommandsTest, AnImportThatFailsLeavesTheMapAsItWas) {
 
 TEST_F(CommandsTest, HelpTellsOfEveryCommand) {
     EXPECT_EQ(Run({"--help"}), cli::kGood);
-    for (const char *name : {"info", "check", "repair", "convert", "picture", "report", "slides", "recovered",
-                             "csv", "import", "template"})
+    for (const char *name : {"info", "check", "repair", "convert", "picture", "report", "slides", "print",
+                             "recovered", "csv", "import", "template"})
         EXPECT_TRUE(out.contains(QLatin1String(name)));
 }
 
@@ -156,7 +158,12 @@ TEST_F(CommandsTest, AMisunderstoodCommandLineIsOneLineAndEndsWithTwo) {
                                          {"template", "fly"},
                                          {"template", "list", "a"},
                                          {"template", "apply", "a"},
-                                         {"template", "make", "a", "b", "--slice", "0"}}) {
+                                         {"template", "make", "a", "b", "--slice", "0"},
+                                         {"print", "a"},
+                                         {"print", "a", "--to"},
+                                         {"print", "a", "--to", "b.pdf", "--slice", "0"},
+                                         {"print", "a", "--to", "b.pdf", "--slice", "x"},
+                                         {"print", "--to", "b.pdf"}}) {
         EXPECT_EQ(Run(arguments), cli::kUsage) << arguments.join(QLatin1Char(' ')).toStdString();
         EXPECT_EQ(err.count(QLatin1Char('\n')), 1);
         EXPECT_TRUE(out.isEmpty());
@@ -476,4 +483,49 @@ TEST_F(CommandsTest, TheFilterLeavesNodesOutOfReportsAndPictures) {
     EXPECT_FALSE(support::ReadWholeFile(Path("a.svg")).contains("LevelOne"));
     EXPECT_EQ(Run(report + QStringList{"--filter-groups", "H"}), cli::kFailed);
     EXPECT_TRUE(err.contains(QStringLiteral("There is no group 'H'. The map has: G"))) << err.toStdString();
+}
+
+namespace {
+
+// "pdfinfo" or "pdftotext" of the first page.
+QString Ask(const QString &program, const QStringList &arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    EXPECT_TRUE(process.waitForFinished() && process.exitCode() == 0) << qPrintable(program);
+    return QString::fromUtf8(process.readAllStandardOutput()).simplified();
+}
+
+} // namespace
+
+TEST_F(CommandsTest, PrintWritesThePagesOfASliceOrOfAll) {
+    const QString map = Map("plan.map"), pdf = Path("plan.pdf");
+    ASSERT_EQ(Run({"print", map, "--to", pdf, "--slice", "3", "--fit", "--header", "&[Title] R&d", "--footer",
+                   "&[Slice] &[Page]/&[Pages]"}),
+              cli::kGood)
+        << err.toStdString();
+    EXPECT_TRUE(out.startsWith(QStringLiteral("1 page went to "))) << out.toStdString();
+    const QString text = Ask("pdftotext", {pdf, "-"});
+    EXPECT_TRUE(text.contains(QStringLiteral("plan R&d")));
+    EXPECT_TRUE(text.contains(QStringLiteral("Roadmap 1/1")));
+    ASSERT_EQ(Run({"print", map, "--to", pdf, "--all", "--fit", "--landscape"}), cli::kGood);
+    const QString info = Ask("pdfinfo", {pdf});
+    EXPECT_TRUE(info.contains(QStringLiteral("Pages: 3"))) << info.toStdString();
+    EXPECT_TRUE(info.contains(QRegularExpression(QStringLiteral("Page size: (842|841\\.\\d+|792) x "))));
+    ASSERT_EQ(Run({"print", map, "--to", pdf, "--all"}), cli::kGood);
+    EXPECT_TRUE(out.startsWith(QStringLiteral("6 pages went to ")));
+    const auto words = [&](const QStringList &filter) {
+        EXPECT_EQ(Run(QStringList{"print", map, "--to", pdf, "--fit"} + filter), cli::kGood)
+            << err.toStdString();
+        return Ask("pdftotext", {pdf, "-"});
+    };
+    EXPECT_LT(words({"--filter-groups", "Finance"}).size(), words({}).size());
+}
+
+TEST_F(CommandsTest, PrintFailsForASliceThatIsNotThereAndLeavesTheFile) {
+    const QString map = Map("plan.map"), pdf = Path("plan.pdf");
+    EXPECT_EQ(Run({"print", map, "--to", pdf, "--slice", "9"}), cli::kFailed);
+    EXPECT_TRUE(err.contains(QStringLiteral("Slice 9 does not exist; the map has 3")));
+    EXPECT_FALSE(QFile::exists(pdf));
+    EXPECT_EQ(Run({"print", map, "--to", Path("missing/plan.pdf")}), cli::kFailed);
+    EXPECT_EQ(err.count(QLatin1Char('\n')), 1);
 }

@@ -5,7 +5,6 @@
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/FindBar.h"
-#include "mainwindow/FormsToCome.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/TemplateBar.h"
 #include "timeline/setup/frmDate.h"
@@ -201,15 +200,16 @@ void Files(Reader &r) {
 
 void PrintAndClose(Reader &r) {
     r.desktop.printers.names = {QStringLiteral("Office")};
+    r.desktop.printers.system.deviceName = QStringLiteral("Office");
     for (const char *keys : {"Ctrl+Q", "Ctrl+W"}) {
         const QPointer<frmMain> other = &r.Another();
-        r.desktop.ExpectForm<PrintArgument>();
+        r.desktop.ExpectJob(QStringLiteral("Office"));
         QTest::keySequence(&other->CurrentView(), QKeySequence(QStringLiteral("Ctrl+P")));
         QTest::keySequence(&other->CurrentView(), QKeySequence(QLatin1String(keys)));
         r.ProcessEvents();
         EXPECT_TRUE(other.isNull()) << keys;
     }
-    EXPECT_EQ(r.desktop.dialogHost.shown.size(), 2);
+    EXPECT_EQ(r.desktop.printers.jobs.size(), 2U);
 }
 
 void UndoAndRedo(Reader &r) {

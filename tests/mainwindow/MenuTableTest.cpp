@@ -3,12 +3,12 @@
 #include "app/settings/clsRB.h"
 #include "app/settings/Settings.h"
 #include "dialogs/PropertyForms.h"
-#include "mainwindow/FormsToCome.h"
 #include "mainwindow/frmAbout.h"
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/TimelineMenu.h"
 #include "mainwindow/Toolbar.h"
+#include "output/print/PrintForms.h"
 #include "support/Files.h"
 #include "templates/SaveAsTemplate.h"
 #include "tests/mainwindow/WindowTest.h"
@@ -171,13 +171,14 @@ TEST_F(MenuTable, RecentFilesStandAboveTheLastSeparatorWithOneOfTheirOwn) {
     EXPECT_EQ(Described(NewWindow()), expected);
 }
 
-TEST_F(MenuTable, PrintingNeedsAPrinter) {
+// Pages are seen, and go to PDF files, without any.
+TEST_F(MenuTable, OnlyTheButtonForPrintingNeedsAPrinter) {
     desktop.printers.names = {};
     frmMain &without = NewWindow();
     desktop.printers.names = {QStringLiteral("Office")};
     frmMain &with = NewWindow();
     for (const char *key : {"mnuFilePageSetup", "mnuFilePrint", "mnuFilePrintPreview"}) {
-        EXPECT_FALSE(Entry(without, key)->isEnabled()) << key;
+        EXPECT_TRUE(Entry(without, key)->isEnabled()) << key;
         EXPECT_TRUE(Entry(with, key)->isEnabled()) << key;
     }
     EXPECT_FALSE(without.findChild<Toolbar *>(QStringLiteral("tlbMain"))
@@ -192,8 +193,10 @@ TEST_F(MenuTable, PrintersWaitUntilNoRoutineLetsEventsRun) {
     auto *window = new frmMain(desktop.Get()); // deletes itself when it is closed
     window->ShowWindow();
     for (int i = 0; i < 3; ++i) window->DoEvents();
-    EXPECT_FALSE(Entry(*window, "mnuFilePrint")->isEnabled());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Entry(*window, "mnuFilePrint")->isEnabled(); }));
+    const QAction *print =
+        window->findChild<Toolbar *>(QStringLiteral("tlbMain"))->Button(QStringLiteral("PRINT"));
+    EXPECT_FALSE(print->isEnabled());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return print->isEnabled(); }));
 }
 
 TEST_F(MenuTable, ToolbarsHoldEveryButtonInItsPlace) {
@@ -253,6 +256,9 @@ const Asks kAsks[] = {
     {"mnuFileImport", AskOpen},
     {"mnuFileExport", AskSave},
     {"mnuFileExportPicture", AskSave},
+    {"mnuFilePageSetup", AskForm<print::PageSetupArgument>},
+    {"mnuFilePrint", [](Script &desktop) { desktop.ExpectPrinter(false); }},
+    {"mnuFilePrintPreview", AskForm<print::PrintPreviewArgument>},
     {"mnuEditSlicesInsert", AskName},
     {"mnuEditSlicesRename", AskName},
     {"mnuEditSlicesDelete",
@@ -280,11 +286,8 @@ const Asks kAsks[] = {
 
 } // namespace
 
-// Each command whose work is still to come says so in the status bar, and no other does.
-TEST_F(MenuTable, TheseCommandsAreStillToCome) {
+TEST_F(MenuTable, NoCommandIsStillToCome) {
     desktop.printers.names = {QStringLiteral("Office")};
-    support::testing::ScriptedDialogHost &forms = desktop.dialogHost;
-    forms.Miss<PageSetupArgument>(), forms.Miss<PrintArgument>(), forms.Miss<PrintPreviewArgument>();
     frmMain &window = NewWindow();
     QStringList told;
     for (const CommandRow &row : mainwindow::Commands()) {
@@ -297,9 +300,7 @@ TEST_F(MenuTable, TheseCommandsAreStillToCome) {
         window.SmartMenuXP1_Click(key);
         if (Status(window).contains(QStringLiteral("not there yet"))) told << key + u'|' + Status(window);
     }
-    EXPECT_EQ(told, QStringList({"mnuFilePageSetup|Page setup is not there yet.",
-                                 "mnuFilePrint|Printing is not there yet.",
-                                 "mnuFilePrintPreview|The print preview is not there yet."}));
+    EXPECT_EQ(told, QStringList());
 }
 
 } // namespace mainwindow::testing

@@ -60,13 +60,16 @@ QMap<QString, QStringList> Allowed() {
     allowed["output/powerpoint"] = above + QStringList{"output/model", "output/package", "output/compound"};
     allowed["output/powerpoint/form"] = allowed["output/powerpoint"] + QStringList{"output/powerpoint"};
     outputs << "output/powerpoint";
+    allowed["output/print"] = base + QStringList{"app/settings", "document"};
+    allowed["output/print/form"] = allowed["output/print"] + QStringList{"output/print", "widgets"};
+    outputs << "output/print";
     const QStringList plain = outputs + QStringList{"templates", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
     allowed["product/help"] = {"support", "support/headless", "app/settings"};
     const QStringList windows =
-        plain + QStringList{"widgets",      "dialogs",     "timeline/setup", "diagram/interaction",
-                            "diagram/view", "support/real"};
+        plain + QStringList{"widgets",      "dialogs",      "timeline/setup",   "diagram/interaction",
+                            "diagram/view", "support/real", "output/print/form"};
     allowed["mainwindow"] = windows;
     allowed["app"] = windows + QStringList{"mainwindow", "templates/forms", "output/powerpoint/form"};
     return allowed;

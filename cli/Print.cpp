@@ -1,0 +1,73 @@
+// Slices as pages.
+#include "cli/Commands.h"
+#include "cli/Session.h"
+#include "output/print/Printing.h"
+#include "output/print/PrnFlow.h"
+#include "support/Error.h"
+#include "support/Printers.h"
+
+#include <QFileInfo>
+
+namespace cli {
+
+namespace {
+
+struct PrintOrder {
+    print::PageSetup setup;
+    output::FilterChoice filter;
+    int slice = 1;
+    QString to;
+};
+
+PrintOrder ReadOrder(QStringList &arguments) {
+    PrintOrder order;
+    order.to = TakeOption(arguments, QStringLiteral("--to"));
+    if (order.to.isEmpty()) throw UsageError(QStringLiteral("--to needs the name of a PDF file"));
+    const QString slice = TakeOption(arguments, QStringLiteral("--slice"));
+    bool good = true;
+    if (!slice.isEmpty()) order.slice = slice.toInt(&good);
+    if (!good || order.slice < 1) throw UsageError(QStringLiteral("--slice needs a number from 1"));
+    print::PageSetup &setup = order.setup;
+    if (TakeSwitch(arguments, QStringLiteral("--all"))) setup.slices = print::Slices::All;
+    if (TakeSwitch(arguments, QStringLiteral("--landscape"))) setup.Orientation = print::kLandscape;
+    setup.FitToPage = TakeSwitch(arguments, QStringLiteral("--fit"));
+    setup.Header = TakeOption(arguments, QStringLiteral("--header"));
+    setup.Footer = TakeOption(arguments, QStringLiteral("--footer"));
+    setup.paper = print::UsualPaper();
+    order.filter = TakeFilter(arguments);
+    ExpectFiles(arguments, 1);
+    return order;
+}
+
+void ExpectSlice(document::MapWindow &window, const PrintOrder &order) {
+    const int count = window.TabStrip().TabCount();
+    if (order.slice <= count) return;
+    throw support::Error(
+        support::kErrSubscriptOutOfRange, QStringLiteral("velmora-cli"),
+        QStringLiteral("Slice %1 does not exist; the map has %2").arg(order.slice).arg(count));
+}
+
+} // namespace
+
+int Print(QStringList arguments, QTextStream &out) {
+    const PrintOrder order = ReadOrder(arguments);
+    Session session;
+    document::MemoryWindow &window = session.Open(arguments[0]);
+    ExpectSlice(window, order);
+    output::ShowOnly(window, order.filter);
+    support::Printers &printers = window.Desktop().printers;
+    printers.System().outputFile = QFileInfo(order.to).absoluteFilePath();
+    printers.System().replaceFile = true;
+    print::PrnFlow flow;
+    static_cast<print::PageSetup &>(flow) = order.setup;
+    flow.DocumentName = QFileInfo(arguments[0]).completeBaseName();
+    flow.SetSource(
+        [&](const print::PageSetup &setup) { return print::CopyMap(window, setup, order.slice - 1); });
+    print::Printed printed;
+    flow.OnPrint([&] { printed = print::PrintPages(flow, printers, [](int, int) { return true; }); });
+    flow.Run();
+    out << print::TextOf(printed) << "\n";
+    return kGood;
+}
+
+} // namespace cli

@@ -1,0 +1,104 @@
+#include "mainwindow/WindowPrinting.h"
+
+#include "diagram/view/SurfaceView.h"
+#include "mainwindow/frmMain.h"
+#include "mainwindow/Icons.h"
+#include "mainwindow/LongTask.h"
+#include "mainwindow/SliceViews.h"
+#include "mainwindow/WindowStatus.h"
+#include "output/print/PrintForms.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+
+namespace mainwindow {
+
+namespace {
+
+// What is printed of this map, as the user chose it in this window.
+void KeepChoice(const print::PageSetup &former, int tabs, print::PageSetup &setup) {
+    setup.range = former.range;
+    setup.slices = former.slices;
+    setup.chosen = former.chosen;
+    std::erase_if(setup.chosen, [tabs](int slice) { return slice >= tabs; });
+    if (setup.slices == print::Slices::Chosen && setup.chosen.empty()) setup.slices = print::Slices::This;
+}
+
+// The map of the window, as long as it is there and has the slice.
+print::PrnFlow::Source SourceOf(frmMain &window) {
+    const print::SliceMark mark = print::MarkOf(window, window.TabStrip().TheTab());
+    return [window = QPointer<frmMain>(&window), mark](const print::PageSetup &setup) {
+        const int tab = window ? print::TabOf(*window, mark) : -1;
+        if (tab < 0) return print::PrintedMap();
+        window->Views().StoreTexts();
+        return print::CopyMap(*window, setup, tab);
+    };
+}
+
+} // namespace
+
+std::shared_ptr<print::LoadedPrint> WindowPrinting::Loaded() {
+    if (frmPrint_ && frmPrint_->IsLoaded()) return frmPrint_;
+    const auto form = std::make_shared<print::LoadedPrint>(window_.Desktop());
+    const QString file = window_.clsSettings().ShownFile();
+    if (frmPrint_ && file == file_)
+        KeepChoice(frmPrint_->PrnFlow1, window_.TabStrip().TabCount(), form->PrnFlow1);
+    file_ = file;
+    return frmPrint_ = form;
+}
+
+void WindowPrinting::PrintCurrentSlice(print::LoadedPrint &form) {
+    form.PrnFlow1.SetSource(SourceOf(window_));
+}
+
+// On the slices that are in the preview, as long as it is open and they are where they were.
+void WindowPrinting::ShowPageBreaks() {
+    for (diagram::SurfaceView *view : window_.Views().All()) view->SetPageBreaks({});
+    if (!frmPrint_ || !frmPrint_->IsLoaded()) return;
+    print::PrnFlow &flow = frmPrint_->PrnFlow1;
+    const std::vector<int> slots = window_.AddFlow1().Indices();
+    if (flow.IsGone() || flow.Map().slices.size() != slots.size()) return;
+    for (const print::Sheet &sheet : flow.TheSheets().sheets) {
+        const auto slice = std::size_t(sheet.slice);
+        window_.Views().At(slots[slice]).SetPageBreaks(flow.TheSheets().layouts[slice].Lines());
+    }
+}
+
+void WindowPrinting::PageSetup() {
+    QStringList captions;
+    for (int tab = 0; tab < window_.TabStrip().TabCount(); ++tab)
+        captions << window_.TabStrip().TabCaption(tab);
+    print::PageSetupArgument argument{window_.Desktop(), *Loaded(), captions};
+    document::Show(window_, argument);
+}
+
+void WindowPrinting::Print() {
+    const std::shared_ptr<print::LoadedPrint> form = Loaded();
+    PrintCurrentSlice(*form);
+    form->PrnFlow1.Preview = false;
+    if (!form->HasPrinter()) window_.SetMousePointer(document::pointer::kNormal); // the user will be asked
+    std::optional<print::Printed> printed;
+    {
+        LongTask task(window_, QCoreApplication::translate("Printing", "Printing"));
+        printed = form->PrintAtOnce(&window_, [&](int, int) { return task.GoOn(); });
+    }
+    if (printed) window_.Status().TellInPassing(print::TextOf(*printed));
+}
+
+void WindowPrinting::Preview() {
+    const std::shared_ptr<print::LoadedPrint> form = Loaded();
+    PrintCurrentSlice(*form);
+    form->PrnFlow1.Preview = true;
+    if (form->bringUp) return form->bringUp(), form->PrnFlow1.Run();
+    form->pagesChanged = [window = QPointer<frmMain>(&window_)] {
+        if (window) window->Printing().ShowPageBreaks();
+    };
+    print::PrintPreviewArgument argument{window_.Desktop(), form, Icon,
+                                         [window = QPointer<frmMain>(&window_)](const QString &text) {
+                                             if (window) window->Status().TellInPassing(text);
+                                         }};
+    document::Show(window_, argument);
+    form->PrnFlow1.Run();
+}
+
+} // namespace mainwindow

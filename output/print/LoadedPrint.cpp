@@ -1,0 +1,95 @@
+#include "output/print/LoadedPrint.h"
+
+#include "app/settings/Settings.h"
+#include "output/print/ZoomToPages.h"
+#include "support/Desktop.h"
+#include "support/Printers.h"
+
+namespace print {
+
+namespace {
+
+class UnloadAtEnd {
+public:
+    explicit UnloadAtEnd(LoadedPrint &print) : print_(print) {}
+    ~UnloadAtEnd() {
+        try {
+            print_.Unload();
+        } catch (...) { // what couldn't be saved must not hide what went wrong before
+        }
+    }
+    UnloadAtEnd(const UnloadAtEnd &) = delete;
+    UnloadAtEnd &operator=(const UnloadAtEnd &) = delete;
+
+private:
+    LoadedPrint &print_;
+};
+
+} // namespace
+
+LoadedPrint::LoadedPrint(support::Desktop &desktop) : desktop_(desktop) {
+    PrnFlow1.DocumentName = settings::Terms().TITLE;
+    PrnFlow1.Display = true;
+    PrnFlow1.FitToPage = true;
+    PrnFlow1.paper = UsualPaper();
+    SetOrientation(kLandscape);
+    LoadSetup(PrnFlow1);
+    SetOrientation(PrnFlow1.Orientation);
+}
+
+void LoadedPrint::SetOrientation(int orientation) {
+    PrnFlow1.Orientation = orientation == kLandscape ? kLandscape : kPortrait;
+    desktop_.printers.System().orientation = support::PaperOrientation(PrnFlow1.Orientation);
+}
+
+int LoadedPrint::PrinterOrientation() const { return int(desktop_.printers.System().orientation); }
+
+void LoadedPrint::Unload() {
+    if (!loaded_) return;
+    loaded_ = false;
+    if (const auto closing = std::exchange(close, {})) closing();
+    ZoomBack(PrnFlow1);
+    if (pagesChanged) pagesChanged();
+    SaveSetup(PrnFlow1);
+}
+
+bool LoadedPrint::Ask(QWidget *owner) {
+    support::SystemPrinter &printer = desktop_.printers.System();
+    GiveSetup(PrnFlow1, printer);
+    if (!desktop_.dialogs.ShowPrinter(owner)) return false;
+    TakeSetup(printer, PrnFlow1);
+    return true;
+}
+
+std::optional<Printed> LoadedPrint::Print(const GoOn &goOn) {
+    std::optional<Printed> printed;
+    PrnFlow1.Preview = false;
+    PrnFlow1.OnPrint([&] { printed.emplace(PrintPages(PrnFlow1, desktop_.printers, goOn)); });
+    PrnFlow1.Run();
+    PrnFlow1.OnPrint({});
+    return printed;
+}
+
+bool LoadedPrint::HasPrinter() const {
+    const support::SystemPrinter &printer = desktop_.printers.System();
+    return printer.ToFile() || !printer.deviceName.isEmpty();
+}
+
+std::optional<Printed> LoadedPrint::PrintAtOnce(QWidget *owner, const GoOn &goOn) {
+    const UnloadAtEnd unload(*this);
+    if (!HasPrinter() && !Ask(owner)) return {};
+    return Print(goOn);
+}
+
+std::optional<Printed> LoadedPrint::PrintWithDialog(QWidget *owner, const GoOn &goOn) {
+    const UnloadAtEnd unload(*this);
+    PrnFlow1.Preview = PrnFlow1.Display = false;
+    SetOrientation(PrnFlow1.Orientation);
+    const QString remembered = desktop_.printers.Default();
+    if (!Ask(owner)) return {};
+    const support::DefaultPrinterFor chosen(desktop_.printers, desktop_.printers.System().deviceName,
+                                            remembered);
+    return Print(goOn);
+}
+
+} // namespace print

@@ -1,0 +1,57 @@
+// frmPrint as far as it is loaded without being seen: the control with its settings, from the load to the
+// unload.
+#pragma once
+
+#include "output/print/Printing.h"
+#include "output/print/PrnFlow.h"
+
+#include <functional>
+#include <optional>
+
+class QWidget;
+
+namespace support {
+struct Desktop;
+}
+
+namespace print {
+
+class LoadedPrint {
+public:
+    // Form_Load: the settings of the last time, and landscape on one page for the first. The program's
+    // printer is turned as they say. The desktop must live longer.
+    explicit LoadedPrint(support::Desktop &desktop);
+
+    PrnFlow PrnFlow1;
+
+    // Scaling goes back to 100 and the settings are saved. The window is closed, if it is seen.
+    void Unload();
+    bool IsLoaded() const { return loaded_; }
+
+    // Portrait or landscape, of the control and of the program's printer.
+    void SetOrientation(int orientation);
+    int PrinterOrientation() const;
+
+    // Whether there is anything to print at once on, a printer or a file.
+    bool HasPrinter() const;
+    // Prints at once, on the program's printer; where the program has none, on what the dialog above `owner`
+    // gives. What came of it, nothing after a cancelled dialog; unloaded in any case.
+    std::optional<Printed> PrintAtOnce(QWidget *owner, const GoOn &goOn);
+    // The print button's: asks for the printer, and while it prints that printer is the default where jobs
+    // can go to no other.
+    std::optional<Printed> PrintWithDialog(QWidget *owner, const GoOn &goOn);
+
+    // The window in which the preview is seen, while it is: what brings it to the front, and what closes it.
+    std::function<void()> bringUp, close;
+    // Told when the preview shows other pages, and once more when it is gone.
+    std::function<void()> pagesChanged;
+
+private:
+    std::optional<Printed> Print(const GoOn &goOn);
+    bool Ask(QWidget *owner);
+
+    support::Desktop &desktop_;
+    bool loaded_ = true;
+};
+
+} // namespace print
