@@ -40,6 +40,7 @@ struct SystemPrinter {
     QPageSize paper{QPageSize::A4};
     int copies = 1;
     bool collate = true;
+    // Of the document that the dialog was shown for: whoever prints it puts them back to all.
     QPageRanges pages;              // counted from 1; empty means all
     PageSet pageSet = PageSet::All; // of these
     PageOrder order = PageOrder::FirstToLast;

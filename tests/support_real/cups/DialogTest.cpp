@@ -168,6 +168,13 @@ TEST_F(Dialog, AFileInsteadOfAPrinterAndBack) {
     EXPECT_EQ(Printed(), "P1\fP2\fP3\fP4\f");
 }
 
+TEST_F(Dialog, AfterThePrinterVanishedAnotherOneIsOffered) {
+    EXPECT_EQ(printers->System().deviceName, "Office");
+    cups->Command("lpadmin", {"-x", "Office"});
+    Choose([](QPrintDialog &dialog) { EXPECT_EQ(In<QComboBox>(dialog, "printers").currentText(), "Attic"); });
+    EXPECT_EQ(Printed(), "P1\fP2\fP3\fP4\f");
+}
+
 TEST_F(Dialog, ChoicesAreThereTheNextTimeAndCancelChangesNone) {
     Choose([](QPrintDialog &dialog) {
         In<QSpinBox>(dialog, "copies").setValue(3);
