@@ -56,6 +56,7 @@ void LoadedPrint::Unload() {
 bool LoadedPrint::Ask(QWidget *owner) {
     support::SystemPrinter &printer = desktop_.printers.System();
     GiveSetup(PrnFlow1, printer);
+    printer.documentName = PrnFlow1.Map().title; // what a file would be called
     if (!desktop_.dialogs.ShowPrinter(owner)) return false;
     TakeSetup(printer, PrnFlow1);
     return true;

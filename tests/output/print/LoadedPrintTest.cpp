@@ -33,6 +33,7 @@ protected:
         form->PrnFlow1.paper = QStringLiteral("A4");
         form->PrnFlow1.SetSource([pages](const PageSetup &) {
             PrintedMap map;
+            map.title = QStringLiteral("Plan");
             diagram::Surface surface;
             AddBox(surface, 0, 0, 50, 267 * pages - 20);
             map.slices.emplace_back(CopyOf(surface), QStringLiteral("Slice"));
@@ -191,6 +192,8 @@ TEST_F(LoadedPrintTest, PaperAndOrientationOfTheDialogLayThePagesOutAnew) {
     const auto form = Loaded(3);
     desktop.ExpectPrinterChosen([](SystemPrinter &printer) {
         EXPECT_EQ(printer.orientation, support::PaperOrientation::Portrait);
+        EXPECT_EQ(printer.paper.id(), QPageSize::A4);
+        EXPECT_EQ(printer.documentName, QStringLiteral("Plan"));
         printer.orientation = support::PaperOrientation::Landscape;
         printer.paper = QPageSize(QPageSize::A3);
     });
