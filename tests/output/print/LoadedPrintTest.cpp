@@ -188,6 +188,20 @@ TEST_F(LoadedPrintTest, TheDialogsChoicesAreHonoured) {
     EXPECT_FALSE(LastJob().printer.colour);
 }
 
+TEST_F(LoadedPrintTest, PagesAndCopiesAreChosenForOneJobAlone) {
+    desktop.ExpectPrinterChosen([](SystemPrinter &printer) {
+        printer.pages = QPageRanges::fromString(QStringLiteral("2"));
+        printer.copies = 4;
+        printer.colour = false;
+    });
+    desktop.ExpectJob(kOffice);
+    EXPECT_EQ(Loaded()->PrintWithDialog(nullptr, GoOn)->pages, 1);
+    desktop.ExpectJob(kOffice);
+    EXPECT_EQ(Loaded()->PrintAtOnce(nullptr, GoOn)->pages, 3);
+    EXPECT_EQ(LastJob().printer.copies, 1);
+    EXPECT_FALSE(LastJob().printer.colour);
+}
+
 TEST_F(LoadedPrintTest, PaperAndOrientationOfTheDialogLayThePagesOutAnew) {
     const auto form = Loaded(3);
     desktop.ExpectPrinterChosen([](SystemPrinter &printer) {
