@@ -25,6 +25,13 @@ private:
     LoadedPrint &print_;
 };
 
+// What was chosen for one document alone.
+void ForgetLastJob(support::SystemPrinter &printer) {
+    printer.pages = QPageRanges();
+    printer.pageSet = support::PageSet::All;
+    printer.copies = 1;
+}
+
 } // namespace
 
 LoadedPrint::LoadedPrint(support::Desktop &desktop) : desktop_(desktop) {
@@ -56,6 +63,7 @@ void LoadedPrint::Unload() {
 bool LoadedPrint::Ask(QWidget *owner) {
     support::SystemPrinter &printer = desktop_.printers.System();
     GiveSetup(PrnFlow1, printer);
+    printer.documentName = PrnFlow1.Map().title; // what a file would be called
     if (!desktop_.dialogs.ShowPrinter(owner)) return false;
     TakeSetup(printer, PrnFlow1);
     return true;
@@ -77,6 +85,7 @@ bool LoadedPrint::HasPrinter() const {
 
 std::optional<Printed> LoadedPrint::PrintAtOnce(QWidget *owner, const GoOn &goOn) {
     const UnloadAtEnd unload(*this);
+    ForgetLastJob(desktop_.printers.System());
     if (!HasPrinter() && !Ask(owner)) return {};
     return Print(goOn);
 }
@@ -85,6 +94,7 @@ std::optional<Printed> LoadedPrint::PrintWithDialog(QWidget *owner, const GoOn &
     const UnloadAtEnd unload(*this);
     PrnFlow1.Preview = PrnFlow1.Display = false;
     SetOrientation(PrnFlow1.Orientation);
+    ForgetLastJob(desktop_.printers.System());
     const QString remembered = desktop_.printers.Default();
     if (!Ask(owner)) return {};
     const support::DefaultPrinterFor chosen(desktop_.printers, desktop_.printers.System().deviceName,

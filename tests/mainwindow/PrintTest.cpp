@@ -1,88 +1,22 @@
+#include "tests/mainwindow/PrintTest.h"
 #include "app/settings/GetSet.h"
 #include "diagram/model/Node.h"
 #include "diagram/view/SurfaceView.h"
-#include "document/DoSave.h"
-#include "mainwindow/Toolbar.h"
-#include "mainwindow/WindowPrinting.h"
-#include "output/print/form/frmPageSetup.h"
-#include "output/print/form/frmPrint.h"
 #include "output/print/form/PreviewSheets.h"
 #include "support/Error.h"
-#include "support/Printers.h"
-#include "tests/mainwindow/WindowTest.h"
 
-#include <QAction>
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QDoubleSpinBox>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMenu>
-#include <QPointer>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollBar>
+#include <QDir>
 #include <QStatusBar>
-#include <QTest>
 #include <QToolBar>
-#include <QWheelEvent>
 
 namespace mainwindow::testing {
 
 namespace {
 
-using print::frmPageSetup;
-using print::frmPrint;
-using print::PreviewSheets;
-
 const QString kOffice = QStringLiteral("Office");
-
-class Print : public WindowTest {
-protected:
-    Print() {
-        desktop.printers.names = {kOffice};
-        desktop.printers.defaultName = kOffice;
-        desktop.printers.system.deviceName = kOffice;
-        settings::SaveSet(QStringLiteral("FitToPage"), QStringLiteral("False"));
-        settings::SaveSet(QStringLiteral("PagePaper"), QStringLiteral("A4"));
-        window = &NewWindow();
-        // 3 by 2 pages of A4, upright.
-        AddNode(*window, 100, 100, QStringLiteral("First"));
-        AddNode(*window, 26000, 25000, QStringLiteral("Last"));
-        settings::SaveSet(QStringLiteral("Ori"), QStringLiteral("1"));
-    }
-    ~Print() override { delete form; }
-
-    frmPrint &Preview() {
-        desktop.ExpectForm<print::PrintPreviewArgument>([this](print::PrintPreviewArgument &argument) {
-            form = new frmPrint(argument);
-            form->show();
-            return true;
-        });
-        Run("mnuFilePrintPreview");
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form));
-        return *form;
-    }
-    void Run(const char *key) { window->SmartMenuXP1_Click(QLatin1String(key)); }
-    QString Panels() const {
-        return form->Panel(QStringLiteral("PAGE")) + u'|' + form->Panel(QStringLiteral("VPAGE")) + u'|' +
-               form->Panel(QStringLiteral("HPAGE"));
-    }
-    void Click(const char *key) { form->Button(QLatin1String(key))->trigger(); }
-    void ChooseNumber(const char *key, int number) {
-        form->Button(QLatin1String(key))->menu()->actions().at(number - 1)->trigger();
-    }
-    print::PageSetupArgument SetupArgument() {
-        loaded = window->Printing().Loaded();
-        return {
-            desktop.Get(), *loaded, {QStringLiteral("One"), QStringLiteral("Two"), QStringLiteral("Three")}};
-    }
-
-    frmMain *window;
-    QPointer<frmPrint> form;
-    std::shared_ptr<print::LoadedPrint> loaded;
-};
+class Print : public PrintTest {};
 
 TEST_F(Print, PageBreaksAreSeenOverTheSliceAsLongAsThePreviewIsOpen) {
     const auto seen = [this] {
@@ -337,195 +271,6 @@ TEST_F(Print, TextThatIsBeingTypedIsPrinted) {
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("typed"));
     Preview();
     EXPECT_EQ(form->AF()->Nodes().Item(1).Text(), QStringLiteral("typed"));
-}
-
-TEST_F(Print, SheetsStandBesideEachOtherWhereTheyHaveRoom) {
-    Preview();
-    form->resize(1000, 700);
-    ProcessEvents();
-    PreviewSheets &sheets = form->Sheets();
-    EXPECT_EQ(sheets.Columns(), 1);
-    form->cboZoom()->setCurrentIndex(2);
-    form->cboZoom_Click();
-    EXPECT_EQ(sheets.Columns(), 3);
-    EXPECT_EQ(sheets.SheetRect(1).top(), sheets.SheetRect(0).top());
-    EXPECT_GT(sheets.SheetRect(1).left(), sheets.SheetRect(0).right());
-    EXPECT_GT(sheets.SheetRect(3).top(), sheets.SheetRect(0).bottom());
-    const double millimetre = sheets.PixelsOfMillimetre();
-    EXPECT_NEAR(sheets.SheetRect(0).width(), 210 * millimetre, 0.6);
-    EXPECT_NEAR(sheets.SheetRect(0).height(), 297 * millimetre, 0.6);
-}
-
-TEST_F(Print, OnlySheetsInSightArePainted) {
-    Preview();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return form->Sheets().IsPainted(0); }));
-    EXPECT_FALSE(form->Sheets().IsPainted(5));
-    QTest::keyClick(&form->Sheets(), Qt::Key_End);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return form->Sheets().IsPainted(5); }));
-}
-
-TEST_F(Print, KeysTurnPages) {
-    Preview();
-    const auto page = [this](Qt::Key key) {
-        QTest::keyClick(&form->Sheets(), key);
-        return form->PrnFlow1().Page();
-    };
-    EXPECT_EQ(page(Qt::Key_PageDown), 2);
-    EXPECT_EQ(page(Qt::Key_PageDown), 3);
-    EXPECT_EQ(page(Qt::Key_PageUp), 2);
-    EXPECT_EQ(page(Qt::Key_End), 6);
-    EXPECT_EQ(page(Qt::Key_PageDown), 6);
-    EXPECT_EQ(page(Qt::Key_Home), 1);
-    EXPECT_EQ(form->Panel(QStringLiteral("PAGE")), QStringLiteral("Pages: 1/6"));
-}
-
-TEST_F(Print, TheWheelScrollsAndZooms) {
-    Preview();
-    PreviewSheets &sheets = form->Sheets();
-    const auto turn = [&](int by, Qt::KeyboardModifiers modifiers) {
-        QWheelEvent event({100, 100}, sheets.viewport()->mapToGlobal(QPointF(100, 100)), {}, {0, by},
-                          Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(sheets.viewport(), &event);
-    };
-    turn(-240, Qt::NoModifier);
-    EXPECT_GT(sheets.verticalScrollBar()->value(), 0);
-    turn(-240, Qt::ControlModifier);
-    EXPECT_EQ(sheets.Zoom(), 80);
-    EXPECT_EQ(form->cboZoom()->currentData().toInt(), 80);
-    turn(120, Qt::ControlModifier);
-    EXPECT_EQ(form->PrnFlow1().Zoom, 90);
-    for (int i = 0; i < 30; ++i) turn(120, Qt::ControlModifier);
-    EXPECT_EQ(sheets.Zoom(), 200);
-}
-
-TEST_F(Print, ScrollingFarEnoughTurnsThePage) {
-    Preview();
-    PreviewSheets &sheets = form->Sheets();
-    sheets.verticalScrollBar()->setValue(int(sheets.SheetRect(1).top()));
-    EXPECT_EQ(form->PrnFlow1().Page(), 2);
-    EXPECT_EQ(form->Panel(QStringLiteral("PAGE")), QStringLiteral("Pages: 2/6"));
-}
-
-TEST_F(Print, TheHandDragsAndAClickChooses) {
-    Preview();
-    PreviewSheets &sheets = form->Sheets();
-    sheets.verticalScrollBar()->setValue(50);
-    QWidget *place = sheets.viewport();
-    QTest::mousePress(place, Qt::LeftButton, {}, {200, 300});
-    EXPECT_EQ(place->cursor().shape(), Qt::ClosedHandCursor);
-    QTest::mouseMove(place, {200, 200});
-    QTest::mouseRelease(place, Qt::LeftButton, {}, {200, 200});
-    EXPECT_EQ(place->cursor().shape(), Qt::OpenHandCursor);
-    EXPECT_EQ(sheets.verticalScrollBar()->value(), 150);
-    form->cboZoom()->setCurrentIndex(1);
-    form->cboZoom_Click();
-    QTest::mouseClick(place, Qt::LeftButton, {}, sheets.SheetRect(1).center().toPoint());
-    EXPECT_EQ(form->PrnFlow1().Page(), 2);
-}
-
-TEST_F(Print, PaperIsWhiteInADarkTheme) {
-    const QPalette former = QApplication::palette();
-    QApplication::setPalette(QPalette(QColor(40, 40, 40)));
-    Preview();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return form->Sheets().IsPainted(0); }));
-    const QImage picture = form->Sheets().viewport()->grab().toImage();
-    const QPoint corner = (form->Sheets().SheetRect(0).topLeft() + QPointF(10, 10)).toPoint();
-    EXPECT_EQ(picture.pixelColor(corner * picture.devicePixelRatio()), QColor(Qt::white));
-    QApplication::setPalette(former);
-}
-
-TEST_F(Print, EscapeClosesThePreview) {
-    Preview();
-    QTest::keyClick(&form->Sheets(), Qt::Key_Escape);
-    ProcessEvents();
-    EXPECT_TRUE(form.isNull());
-}
-
-TEST_F(Print, PageSetupShowsWhatIsSet) {
-    print::PageSetupArgument argument = SetupArgument();
-    print::PrnFlow &flow = loaded->PrnFlow1;
-    flow.Header = QStringLiteral("Above");
-    flow.Footer = QStringLiteral("Below");
-    flow.margins = {1, 2, 3, 4};
-    flow.range = {2, 4};
-    flow.slices = print::Slices::Chosen;
-    flow.chosen = {1};
-    flow.grid = true;
-    loaded->SetOrientation(print::kLandscape);
-    const frmPageSetup setup(argument, nullptr);
-    EXPECT_EQ(setup.windowTitle(), QStringLiteral("Page Setup"));
-    EXPECT_EQ(setup.txtHeader()->text(), QStringLiteral("Above"));
-    EXPECT_EQ(setup.txtFooter()->text(), QStringLiteral("Below"));
-    EXPECT_TRUE(setup.optOri(1)->isChecked());
-    EXPECT_FALSE(setup.chkFit()->isChecked());
-    EXPECT_EQ(setup.txtMargin(3)->value(), 4);
-    EXPECT_EQ(setup.txtPages()->text(), QStringLiteral("2-4"));
-    EXPECT_TRUE(setup.optSlices(2)->isChecked());
-    EXPECT_EQ(setup.lstSlices()->item(1)->checkState(), Qt::Checked);
-    EXPECT_EQ(setup.lstSlices()->item(0)->checkState(), Qt::Unchecked);
-    EXPECT_TRUE(setup.chkGrid()->isChecked());
-}
-
-TEST_F(Print, PageSetupTakesTheOrientationFromThePrinter) {
-    print::PageSetupArgument argument = SetupArgument();
-    desktop.printers.system.orientation = support::PaperOrientation::Landscape;
-    EXPECT_EQ(loaded->PrnFlow1.Orientation, print::kPortrait);
-    EXPECT_TRUE(frmPageSetup(argument, nullptr).optOri(1)->isChecked());
-}
-
-TEST_F(Print, PageSetupIsKeptAndSavedByOkAlone) {
-    print::PageSetupArgument argument = SetupArgument();
-    {
-        frmPageSetup setup(argument, nullptr);
-        setup.txtHeader()->setText(QStringLiteral("New"));
-        setup.findChild<QPushButton *>(QStringLiteral("cmdCancel"))->click();
-        EXPECT_EQ(settings::GetSet(QStringLiteral("Header")), QString());
-        EXPECT_EQ(loaded->PrnFlow1.Header, QString());
-    }
-    frmPageSetup setup(argument, nullptr);
-    setup.txtHeader()->setText(QStringLiteral("New"));
-    setup.txtFooter()->setText(QStringLiteral("&[Page]"));
-    setup.optOri(1)->setChecked(true);
-    setup.chkFit()->setChecked(true);
-    setup.cboPaper()->setCurrentIndex(setup.cboPaper()->findData(QStringLiteral("A3")));
-    setup.txtMargin(0)->setValue(33);
-    setup.optSlices(1)->setChecked(true);
-    setup.findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
-    EXPECT_EQ(setup.result(), QDialog::Accepted);
-    EXPECT_EQ(settings::GetSet(QStringLiteral("Header")), QStringLiteral("New"));
-    EXPECT_EQ(settings::GetSet(QStringLiteral("Footer")), QStringLiteral("&[Page]"));
-    EXPECT_EQ(settings::GetSet(QStringLiteral("Ori")), QStringLiteral("2"));
-    EXPECT_EQ(settings::GetSet(QStringLiteral("FitToPage")), QStringLiteral("True"));
-    EXPECT_EQ(desktop.printers.system.orientation, support::PaperOrientation::Landscape);
-    EXPECT_EQ(loaded->PrnFlow1.paper, QStringLiteral("A3"));
-    EXPECT_EQ(loaded->PrnFlow1.margins.left(), 33);
-    EXPECT_EQ(loaded->PrnFlow1.slices, print::Slices::All);
-}
-
-TEST_F(Print, PageSetupSaysWhatMakesNoSense) {
-    print::PageSetupArgument argument = SetupArgument();
-    frmPageSetup setup(argument, nullptr);
-    setup.txtPages()->setText(QStringLiteral("five"));
-    desktop.ExpectMessageContaining(QStringLiteral("2-5"));
-    setup.cmdOK_Click();
-    setup.txtPages()->clear();
-    setup.optSlices(2)->setChecked(true);
-    desktop.ExpectMessageContaining(QStringLiteral("Slices"));
-    setup.cmdOK_Click();
-    EXPECT_NE(setup.result(), QDialog::Accepted);
-}
-
-TEST_F(Print, PageSetupChangesAnOpenPreview) {
-    Preview();
-    desktop.ExpectForm<print::PageSetupArgument>([](print::PageSetupArgument &argument) {
-        frmPageSetup setup(argument, nullptr);
-        setup.chkFit()->setChecked(true);
-        setup.cmdOK_Click();
-        return true;
-    });
-    Run("mnuFilePageSetup");
-    EXPECT_EQ(Panels(), QStringLiteral("Pages: 1/1|Vertical Pages: 1|Horizontal Pages: 1"));
-    EXPECT_TRUE(form->Button(QStringLiteral("FIT"))->isChecked());
 }
 
 TEST_F(Print, ChosenPagesLastForTheMapOfTheWindow) {

@@ -33,6 +33,7 @@ protected:
         form->PrnFlow1.paper = QStringLiteral("A4");
         form->PrnFlow1.SetSource([pages](const PageSetup &) {
             PrintedMap map;
+            map.title = QStringLiteral("Plan");
             diagram::Surface surface;
             AddBox(surface, 0, 0, 50, 267 * pages - 20);
             map.slices.emplace_back(CopyOf(surface), QStringLiteral("Slice"));
@@ -187,10 +188,26 @@ TEST_F(LoadedPrintTest, TheDialogsChoicesAreHonoured) {
     EXPECT_FALSE(LastJob().printer.colour);
 }
 
+TEST_F(LoadedPrintTest, PagesAndCopiesAreChosenForOneJobAlone) {
+    desktop.ExpectPrinterChosen([](SystemPrinter &printer) {
+        printer.pages = QPageRanges::fromString(QStringLiteral("2"));
+        printer.copies = 4;
+        printer.colour = false;
+    });
+    desktop.ExpectJob(kOffice);
+    EXPECT_EQ(Loaded()->PrintWithDialog(nullptr, GoOn)->pages, 1);
+    desktop.ExpectJob(kOffice);
+    EXPECT_EQ(Loaded()->PrintAtOnce(nullptr, GoOn)->pages, 3);
+    EXPECT_EQ(LastJob().printer.copies, 1);
+    EXPECT_FALSE(LastJob().printer.colour);
+}
+
 TEST_F(LoadedPrintTest, PaperAndOrientationOfTheDialogLayThePagesOutAnew) {
     const auto form = Loaded(3);
     desktop.ExpectPrinterChosen([](SystemPrinter &printer) {
         EXPECT_EQ(printer.orientation, support::PaperOrientation::Portrait);
+        EXPECT_EQ(printer.paper.id(), QPageSize::A4);
+        EXPECT_EQ(printer.documentName, QStringLiteral("Plan"));
         printer.orientation = support::PaperOrientation::Landscape;
         printer.paper = QPageSize(QPageSize::A3);
     });
