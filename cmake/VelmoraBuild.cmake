@@ -143,7 +143,7 @@ endfunction()
 # What every test runs with. The leak checker leaves thread-local storage alone: reading that of a thread that is just ending
 # makes it crash now and then. What libraries keep there alone is named in tests/lsan.supp.
 set(VELMORA_TEST_ENVIRONMENT QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 ASAN_OPTIONS=detect_leaks=1:intercept_tls_get_addr=0
-    UBSAN_OPTIONS=print_stacktrace=1 LSAN_OPTIONS=use_tls=0:suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp)
+    UBSAN_OPTIONS=print_stacktrace=1 LSAN_OPTIONS=use_tls=0:print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp)
 
 # velmora_test(FOLDER [MOC] [LINK target...])
 # One executable test_FOLDER (slashes become underscores) of all sources below tests/FOLDER, run by ctest.

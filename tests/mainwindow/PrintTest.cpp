@@ -23,6 +23,7 @@ TEST_F(Print, PageBreaksAreSeenOverTheSliceAsLongAsThePreviewIsOpen) {
         ProcessEvents();
         return window->CurrentView().viewport()->grab().toImage();
     };
+    window->resize(1200, 900); // a page and a part of the next
     const QImage before = seen();
     Preview();
     const double right = form->PrnFlow1().LayoutOf(1).columns[1];
