@@ -171,7 +171,7 @@ struct Part {
     bool timed; // takes its values from the micro-benchmarks
     void (*add)(Table &table, const QString &bin);
 };
-constexpr std::array<Part, 15> kParts{{
+constexpr Part kParts[] = {
     {"store", true, AddStore},
     {"tables", true, AddTables},
     {"painting", true, AddPainting},
@@ -188,7 +188,7 @@ constexpr std::array<Part, 15> kParts{{
     {"print", false, [](Table &table, const QString &) { table.Add(bench::PrintFigures()); }},
     {"memory", false, AddMemory},
     {"process", false, AddWholeProcess},
-}};
+};
 
 bool IsWanted(const Part &part, const QByteArray &only) { return only.isEmpty() || only == part.name; }
 
