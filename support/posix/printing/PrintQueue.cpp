@@ -4,9 +4,9 @@
 
 #include "support/Error.h"
 #include "support/PdfJob.h"
+#include "support/posix/printing/CupsLibrary.h"
 #include "support/PrivateFolder.h"
 
-#include <cups/cups.h>
 #include <QCoreApplication>
 #include <QFile>
 
@@ -20,30 +20,31 @@ constexpr char kPurpose[] = "print";
 QByteArray QueueOf(const QString &name) { return name.section(u'/', 0, 0).toUtf8(); }
 
 struct FreeDest {
-    void operator()(cups_dest_t *dest) const { cupsFreeDests(1, dest); }
+    void operator()(cups_dest_t *dest) const { Cups().cupsFreeDests(1, dest); }
 };
 
 std::unique_ptr<cups_dest_t, FreeDest> Find(const QString &name) {
     const QByteArray queue = QueueOf(name), instance = name.section(u'/', 1).toUtf8();
-    return std::unique_ptr<cups_dest_t, FreeDest>(cupsGetNamedDest(
+    return std::unique_ptr<cups_dest_t, FreeDest>(Cups().cupsGetNamedDest(
         CUPS_HTTP_DEFAULT, queue.constData(), instance.isEmpty() ? nullptr : instance.constData()));
 }
 
 QByteArray Told(const cups_dest_t &dest, const char *option) {
-    return cupsGetOption(option, dest.num_options, dest.options);
+    return Cups().cupsGetOption(option, dest.num_options, dest.options);
 }
 
 // Name and value pairs in the form that the library wants.
 class Options {
 public:
     Options() = default;
-    ~Options() { cupsFreeOptions(count_, options_); }
+    ~Options() { Cups().cupsFreeOptions(count_, options_); }
     Options(const Options &) = delete;
     Options &operator=(const Options &) = delete;
 
     // The later of two values counts.
     void Add(const QString &name, const QString &value) {
-        count_ = cupsAddOption(name.toUtf8().constData(), value.toUtf8().constData(), count_, &options_);
+        count_ =
+            Cups().cupsAddOption(name.toUtf8().constData(), value.toUtf8().constData(), count_, &options_);
     }
     int Count() const { return count_; }
     cups_option_t *Get() const { return options_; }
@@ -54,12 +55,12 @@ private:
 };
 
 [[noreturn]] void RaiseLast(const QString &name) {
-    const ipp_status_t status = cupsLastError();
+    const ipp_status_t status = Cups().cupsLastError();
     if (status == IPP_STATUS_ERROR_NOT_FOUND) RequireReady(name, PrinterState::Gone);
     if (status == IPP_STATUS_ERROR_NOT_ACCEPTING_JOBS) RequireReady(name, PrinterState::Refusing);
     throw Error(kErrPrinter, QStringLiteral("Printers"),
                 QCoreApplication::translate("Printers", "The printer \"%1\" didn't take the print:\n%2")
-                    .arg(name, QString::fromUtf8(cupsLastErrorString())));
+                    .arg(name, QString::fromUtf8(Cups().cupsLastErrorString())));
 }
 
 // A job in the queue that its document is written to; taken back unless the document arrived whole.
@@ -70,26 +71,26 @@ public:
         Options options;
         const QStringList words = QueueOptions(printer);
         for (qsizetype i = 0; i + 1 < words.size(); i += 2) options.Add(words[i], words[i + 1]);
-        number_ = cupsCreateJob(CUPS_HTTP_DEFAULT, queue_.constData(), title.toUtf8().constData(),
-                                options.Count(), options.Get());
+        number_ = Cups().cupsCreateJob(CUPS_HTTP_DEFAULT, queue_.constData(), title.toUtf8().constData(),
+                                       options.Count(), options.Get());
         if (number_ == 0) RaiseLast(name_);
     }
     ~QueuedJob() {
-        if (!whole_) cupsCancelJob2(CUPS_HTTP_DEFAULT, queue_.constData(), number_, 1);
+        if (!whole_) Cups().cupsCancelJob2(CUPS_HTTP_DEFAULT, queue_.constData(), number_, 1);
     }
     QueuedJob(const QueuedJob &) = delete;
     QueuedJob &operator=(const QueuedJob &) = delete;
 
     void Write(QIODevice &pdf, const QString &title) {
         constexpr qint64 kBlock = 1 << 16;
-        http_status_t status = cupsStartDocument(CUPS_HTTP_DEFAULT, queue_.constData(), number_,
-                                                 title.toUtf8().constData(), CUPS_FORMAT_PDF, 1);
+        http_status_t status = Cups().cupsStartDocument(CUPS_HTTP_DEFAULT, queue_.constData(), number_,
+                                                        title.toUtf8().constData(), CUPS_FORMAT_PDF, 1);
         while (status == HTTP_STATUS_CONTINUE && !pdf.atEnd()) {
             const QByteArray block = pdf.read(kBlock);
-            status = cupsWriteRequestData(CUPS_HTTP_DEFAULT, block.constData(),
-                                          static_cast<std::size_t>(block.size()));
+            status = Cups().cupsWriteRequestData(CUPS_HTTP_DEFAULT, block.constData(),
+                                                 static_cast<std::size_t>(block.size()));
         }
-        const ipp_status_t end = cupsFinishDocument(CUPS_HTTP_DEFAULT, queue_.constData());
+        const ipp_status_t end = Cups().cupsFinishDocument(CUPS_HTTP_DEFAULT, queue_.constData());
         if (status != HTTP_STATUS_CONTINUE || end > IPP_STATUS_OK_EVENTS_COMPLETE) RaiseLast(name_);
         whole_ = true;
     }
