@@ -16,8 +16,10 @@
 #include "support/Error.h"
 #include "support/Files.h"
 
+#include <chrono>
 #include <cmath>
 #include <QCoreApplication>
+#include <QTimer>
 
 namespace app {
 
@@ -26,6 +28,7 @@ using mainwindow::frmMain;
 namespace {
 
 constexpr int kSplashStep = 20; // milliseconds
+constexpr std::chrono::seconds kSweepWait{2};
 
 void ShowSplash() {
     auto *splash = new mainwindow::frmSplash(settings::ReadTitle()); // goes with frmSplash::Unload
@@ -39,11 +42,14 @@ void WaitForSplash(support::Clock &clock, double since) {
     while (clock.Timer() < since + 1 && clock.Timer() >= started) clock.Wait(kSplashStep);
 }
 
-// What former runs left in the temporary folder.
-void SweepTemporaryFiles(support::Clock &clock) {
-    document::SweepAttachmentFolders();
-    document::SweepRepairFolders();
-    document::SweepSafetyCopies(clock.Now());
+// What former runs left in the temporary folder, which can be full of other things: the window is there
+// first.
+void SweepTemporaryFiles(frmMain &first) {
+    QTimer::singleShot(kSweepWait, &first, [&clock = first.Desktop().clock] {
+        document::SweepAttachmentFolders();
+        document::SweepRepairFolders();
+        document::SweepSafetyCopies(clock.Now());
+    });
 }
 
 frmMain *FirstWindow(support::Desktop &desktop, const StartOptions &options) {
@@ -52,7 +58,6 @@ frmMain *FirstWindow(support::Desktop &desktop, const StartOptions &options) {
     if (options.showSplash) ShowSplash();
     const double noted = std::floor(desktop.clock.Timer());
     settings::LoadSettings();
-    SweepTemporaryFiles(desktop.clock);
     mainwindow::WindowJournal::SetFolder(options.keepJournals ? recovery::JournalsFolder() : QString());
     mainwindow::ThumbnailCache::SetFolder(options.keepPreviews ? mainwindow::ThumbnailCache::UsualFolder()
                                                                : QString());
@@ -60,6 +65,7 @@ frmMain *FirstWindow(support::Desktop &desktop, const StartOptions &options) {
     if (options.showSplash) WaitForSplash(desktop.clock, noted);
     first->ShowWindow();
     mainwindow::frmSplash::Unload();
+    SweepTemporaryFiles(*first);
     return first;
 }
 

@@ -91,9 +91,10 @@ std::vector<Copy> SafetyCopies(QHash<QString, QDateTime> &newest) {
     std::vector<Copy> copies;
     for (const QString &folder : support::LastingPrivateFolders(kCopies))
         for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files | QDir::Hidden)) {
-            copies.push_back({file.filePath(), file.lastModified()});
+            const QDateTime modified = file.lastModified();
+            copies.push_back({file.filePath(), modified});
             QDateTime &latest = newest[file.fileName()];
-            if (!latest.isValid() || latest < file.lastModified()) latest = file.lastModified();
+            if (!latest.isValid() || latest < modified) latest = modified;
         }
     return copies;
 }
@@ -114,10 +115,10 @@ bool HaveSameBytes(const QString &a, const QString &b) {
 QString SafetyCopyFolder() { return support::LastingPrivateFolder(kCopies); }
 
 void SweepSafetyCopies(const QDateTime &now) {
+    const QDateTime oldest = now.addDays(-kDaysOfCopies);
     QHash<QString, QDateTime> newest;
     for (const Copy &copy : SafetyCopies(newest))
-        if (copy.modified < now.addDays(-kDaysOfCopies) ||
-            copy.modified < newest.value(QFileInfo(copy.path).fileName()))
+        if (copy.modified < oldest || copy.modified < newest.value(QFileInfo(copy.path).fileName()))
             QFile::remove(copy.path);
 }
 

@@ -41,8 +41,6 @@ namespace {
 // How far a window keeps from one that stands in the same place, in pixels.
 constexpr QPoint kAside(28, 28);
 
-constexpr int kPrintersWait = 100; // milliseconds until they are looked for again
-
 // Positions before this one are looked at for recent files: four entries.
 constexpr int kRecentFilesLimit = 5;
 
@@ -138,7 +136,7 @@ void frmMain::Form_Activate() {
 
 // A map that is just being loaded goes first.
 void frmMain::LookForPrinters() {
-    if (InsideRoutine()) return firstPaint_.start(kPrintersWait);
+    if (InsideRoutine()) return printersWait_.start();
     parts_->SetEnabled(Needs::Printers, !desktop_.printers.Names().isEmpty());
 }
 

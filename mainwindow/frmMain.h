@@ -225,6 +225,7 @@ private:
     QTimer tmrResize_;
     QTimer update_;
     QTimer firstPaint_; // goes off once the window has been painted for the first time
+    QTimer printersWait_;
     clsTabStrip tabStrip_;
     std::unique_ptr<document::clsfrmMain> clsSettings_;
     document::SurfaceArray AddFlow1_;

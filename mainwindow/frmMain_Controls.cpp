@@ -32,6 +32,7 @@ namespace mainwindow {
 
 namespace {
 constexpr int kResizeSettles = 250; // milliseconds
+constexpr int kPrintersWait = 100; // milliseconds from the first picture, and until they are looked for again
 } // namespace
 
 void frmMain::BuildControls() {
@@ -57,6 +58,8 @@ void frmMain::BuildControls() {
     update_.setInterval(0);
     firstPaint_.setSingleShot(true);
     firstPaint_.setInterval(0);
+    printersWait_.setSingleShot(true);
+    printersWait_.setInterval(kPrintersWait);
 }
 
 void frmMain::ConnectControls() {
@@ -81,8 +84,9 @@ void frmMain::ConnectControls() {
             [this] { support::Report("frmMain", "tmrResize_Timer", [this] { tmrResize_Timer(); }); });
     connect(&update_, &QTimer::timeout, this,
             [this] { support::Report("frmMain", "UpdateCommands", [this] { UpdateCommands(); }); });
-    connect(&firstPaint_, &QTimer::timeout, this,
+    connect(&printersWait_, &QTimer::timeout, this,
             [this] { support::Report("frmMain", "LookForPrinters", [this] { LookForPrinters(); }); });
+    connect(&firstPaint_, &QTimer::timeout, &printersWait_, [this] { printersWait_.start(); });
     connect(&firstPaint_, &QTimer::timeout, this, [this] { start_->Offer(); });
 }
 

@@ -15,7 +15,7 @@ void frmMain::showEvent(QShowEvent *event) {
     Form_Resize();
 }
 
-// Listing the printers takes the machine a moment: the window is there first.
+// Listing the printers and making the start page take the machine a moment: the window is there first.
 void frmMain::paintEvent(QPaintEvent *event) {
     QMainWindow::paintEvent(event);
     if (!std::exchange(painted_, true)) firstPaint_.start();

@@ -207,8 +207,10 @@ TEST_F(Start, SweepsWhatFormerRunsLeftInTheTemporaryFolder) {
     write(QStringLiteral("velmora-attachments-killed/notes.txt"));
     write(QStringLiteral("velmora-copies-abcdef/0123-old.map"));
     Run();
-    EXPECT_FALSE(QFile::exists(temp.filePath(QStringLiteral("velmora-attachments-killed"))));
-    EXPECT_TRUE(QDir(temp.filePath(QStringLiteral("velmora-copies-abcdef"))).isEmpty());
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return !QFile::exists(temp.filePath(QStringLiteral("velmora-attachments-killed"))) &&
+               QDir(temp.filePath(QStringLiteral("velmora-copies-abcdef"))).isEmpty();
+    }));
     former.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", former);
 }
 
