@@ -270,7 +270,9 @@ TEST_F(Exchange, EscapeGivesALongImportUpWithNothingChanged) {
         EXPECT_EQ(bar->Doing(), QStringLiteral("Importing was given up."));
         EXPECT_EQ(window.TabStrip().TabCount(), 1);
         EXPECT_EQ(Texts(0), QStringList{"Idea"});
-        if (where == support::Answer::Yes) EXPECT_FALSE(document::MustAskBeforeLosing(window));
+        if (where == support::Answer::Yes) {
+            EXPECT_FALSE(document::MustAskBeforeLosing(window));
+        }
         EXPECT_EQ(window.CurrentSurface().CanUndo(), couldUndo);
         EXPECT_EQ(window.MousePointer(), document::pointer::kNormal);
     }
