@@ -6,6 +6,7 @@
 #include "benchmarks/FormFigures.h"
 #include "benchmarks/JournalFigures.h"
 #include "benchmarks/MemoryFigures.h"
+#include "benchmarks/OutputFigures.h"
 #include "benchmarks/PrintFigures.h"
 #include "benchmarks/Stage.h"
 #include "benchmarks/WholeProcess.h"
@@ -186,6 +187,7 @@ constexpr Part kParts[] = {
     {"commands", false, [](Table &table, const QString &) { table.Add(bench::CommandFigures()); }},
     {"forms", false, [](Table &table, const QString &) { table.Add(bench::FormFigures()); }},
     {"print", false, [](Table &table, const QString &) { table.Add(bench::PrintFigures()); }},
+    {"output", false, [](Table &table, const QString &) { table.Add(bench::OutputFigures()); }},
     {"memory", false, AddMemory},
     {"process", false, AddWholeProcess},
 };

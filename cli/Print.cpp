@@ -3,7 +3,6 @@
 #include "cli/Session.h"
 #include "output/print/Printing.h"
 #include "output/print/PrnFlow.h"
-#include "support/Error.h"
 #include "support/Printers.h"
 
 #include <QFileInfo>
@@ -23,12 +22,11 @@ PrintOrder ReadOrder(QStringList &arguments) {
     PrintOrder order;
     order.to = TakeOption(arguments, QStringLiteral("--to"));
     if (order.to.isEmpty()) throw UsageError(QStringLiteral("--to needs the name of a PDF file"));
-    const QString slice = TakeOption(arguments, QStringLiteral("--slice"));
-    bool good = true;
-    if (!slice.isEmpty()) order.slice = slice.toInt(&good);
-    if (!good || order.slice < 1) throw UsageError(QStringLiteral("--slice needs a number from 1"));
     print::PageSetup &setup = order.setup;
     if (TakeSwitch(arguments, QStringLiteral("--all"))) setup.slices = print::Slices::All;
+    if (setup.slices == print::Slices::All && arguments.contains(QStringLiteral("--slice")))
+        throw UsageError(QStringLiteral("--slice and --all exclude each other"));
+    order.slice = TakeSlice(arguments);
     if (TakeSwitch(arguments, QStringLiteral("--landscape"))) setup.Orientation = print::kLandscape;
     setup.FitToPage = TakeSwitch(arguments, QStringLiteral("--fit"));
     setup.Header = TakeOption(arguments, QStringLiteral("--header"));
@@ -39,21 +37,13 @@ PrintOrder ReadOrder(QStringList &arguments) {
     return order;
 }
 
-void ExpectSlice(document::MapWindow &window, const PrintOrder &order) {
-    const int count = window.TabStrip().TabCount();
-    if (order.slice <= count) return;
-    throw support::Error(
-        support::kErrSubscriptOutOfRange, QStringLiteral("velmora-cli"),
-        QStringLiteral("Slice %1 does not exist; the map has %2").arg(order.slice).arg(count));
-}
-
 } // namespace
 
 int Print(QStringList arguments, QTextStream &out) {
     const PrintOrder order = ReadOrder(arguments);
     Session session;
     document::MemoryWindow &window = session.Open(arguments[0]);
-    ExpectSlice(window, order);
+    SliceOf(window, order.slice);
     output::ShowOnly(window, order.filter);
     support::Printers &printers = window.Desktop().printers;
     printers.System().outputFile = QFileInfo(order.to).absoluteFilePath();

@@ -2,29 +2,10 @@
 #include "cli/Commands.h"
 #include "cli/Session.h"
 #include "output/powerpoint/CreatePowerpoint.h"
-#include "support/Error.h"
 
 namespace cli {
 
 namespace {
-
-int SliceNumber(QStringList &arguments) {
-    const QString text = TakeOption(arguments, QStringLiteral("--slice"));
-    bool good = true;
-    const int number = text.isEmpty() ? 0 : text.toInt(&good);
-    if (!good || (!text.isEmpty() && number < 1))
-        throw UsageError(QStringLiteral("--slice needs a number from 1 on"));
-    return number;
-}
-
-void ChooseSlice(output::MapOutput &map, int number) {
-    const int count = int(map.slices.size());
-    if (number > count)
-        throw support::Error(
-            support::kErrSubscriptOutOfRange, QStringLiteral("velmora-cli"),
-            QStringLiteral("Slice %1 does not exist; the map has %2").arg(number).arg(count));
-    if (number > 0) map.current = number - 1;
-}
 
 powerpoint::PowerpointOptions SlideOptions(QStringList &arguments) {
     powerpoint::PowerpointOptions options;
@@ -38,17 +19,18 @@ powerpoint::PowerpointOptions SlideOptions(QStringList &arguments) {
 
 int Slides(QStringList arguments, QTextStream &) {
     const powerpoint::PowerpointOptions options = SlideOptions(arguments);
-    const int number = SliceNumber(arguments);
+    if (!options.currentOnly && arguments.contains(QStringLiteral("--slice")))
+        throw UsageError(QStringLiteral("--slice and --all exclude each other"));
+    const int number = TakeSlice(arguments);
     const output::FilterChoice filter = TakeFilter(arguments);
     ExpectFiles(arguments, 2);
-    if (number > 0 && !options.currentOnly)
-        throw UsageError(QStringLiteral("--slice and --all exclude each other"));
     powerpoint::CheckEnding(arguments[1]);
     Session session;
     document::MemoryWindow &window = session.Open(arguments[0]);
     output::ShowOnly(window, filter);
+    SliceOf(window, number);
     output::MapOutput map = output::ReadMap(window);
-    ChooseSlice(map, number);
+    map.current = number - 1;
     powerpoint::WritePowerpoint(arguments[1], map, options);
     return kGood;
 }

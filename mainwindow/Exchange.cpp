@@ -7,6 +7,7 @@
 #include "document/LastPath.h"
 #include "document/Tags.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/LongTask.h"
 #include "mainwindow/ShowForm.h"
 #include "mainwindow/WindowStatus.h"
 #include "output/csv/ExportMap.h"
@@ -19,6 +20,7 @@
 #include "support/Files.h"
 #include "timeline/PrepFileForImport.h"
 
+#include <optional>
 #include <QCoreApplication>
 
 namespace mainwindow {
@@ -106,12 +108,12 @@ private:
     bool done_ = false;
 };
 
-using Reading = std::function<void(diagram::Surface &flow)>;
+// False when it was given up.
+using Reading = std::function<bool(diagram::Surface &flow)>;
 
 void ReadInPlace(frmMain &window, const Reading &read) {
     Replacement replacement(window);
-    read(replacement.Surface());
-    replacement.Done();
+    if (read(replacement.Surface())) replacement.Done();
 }
 
 // A slice behind all others that the user has named, taken away again unless Done is called.
@@ -146,8 +148,7 @@ private:
 void ReadIntoNewSlice(frmMain &window, const Reading &read) {
     NewSlice slice(window);
     if (!slice.IsThere()) return;
-    read(window.CurrentSurface());
-    slice.Done();
+    if (read(window.CurrentSurface())) slice.Done();
 }
 
 void ReadWhereAsked(frmMain &window, const Reading &read) {
@@ -156,10 +157,27 @@ void ReadWhereAsked(frmMain &window, const Reading &read) {
     if (answer == Answer::No) ReadIntoNewSlice(window, read);
 }
 
+// What may take long, with the question that it asks. The task begins with the first question and ends with
+// the work; no box may be shown in between, as no input reaches it.
+template <typename Work>
+auto RunLong(frmMain &window, const QString &doing, LongTask::Bar bar, Work &&work) {
+    std::optional<LongTask> task;
+    return work([&] {
+        if (!task) task.emplace(window, doing, bar);
+        return task->GoOn();
+    });
+}
+
 void ImportCsv(frmMain &window, const QString &file) {
+    bool givenUp = false;
     window.DoStatus(output::NotInTextFiles());
-    ReadWhereAsked(window, [&](diagram::Surface &flow) { output::ImportMap(window, flow, file); });
-    window.DoStatus(QString());
+    ReadWhereAsked(window, [&](diagram::Surface &flow) {
+        givenUp = !RunLong(window, Tr("Importing"), LongTask::Bar::IsTheWorks, [&](const output::GoOn &goOn) {
+            return output::ImportMap(window, flow, file, goOn);
+        });
+        return !givenUp;
+    });
+    if (!givenUp) window.DoStatus(QString()); // else it says so
 }
 
 void ImportFlatFile(frmMain &window, const QString &file) {
@@ -167,13 +185,21 @@ void ImportFlatFile(frmMain &window, const QString &file) {
         const QByteArray bytes = support::ReadWholeFile(file);
         diagram::ReplaceBytes(flow, timeline::PrepBytesForImport(bytes, window));
         window.clsSettings().Dirty = true;
+        return true;
     });
 }
 
-void ImportWholeMap(frmMain &window, const QString &file) { output::DoImportMap(window, file); }
+void ImportWholeMap(frmMain &window, const QString &file) {
+    QStringList missing;
+    RunLong(window, Tr("Importing"), LongTask::Bar::Runs,
+            [&](const output::GoOn &goOn) { return output::BringMap(window, file, goOn, missing); });
+    output::TellWhatIsMissing(window, missing);
+}
 
 void ExportCsv(frmMain &window, const QString &file) {
-    if (output::ExportMap(window, window.CurrentSurface(), file))
+    if (RunLong(window, Tr("Exporting"), LongTask::Bar::IsTheWorks, [&](const output::GoOn &goOn) {
+            return output::ExportMap(window, window.CurrentSurface(), file, {}, goOn);
+        }))
         window.Status().TellInPassing(output::NotInTextFiles());
 }
 

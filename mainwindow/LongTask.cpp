@@ -36,7 +36,8 @@ bool IsInput(QEvent::Type type) {
 
 } // namespace
 
-LongTask::LongTask(frmMain &window, const QString &doing) : window_(&window), doing_(doing) {
+LongTask::LongTask(frmMain &window, const QString &doing, Bar bar)
+    : window_(&window), doing_(doing), bar_(bar) {
     running_.start();
 }
 
@@ -60,7 +61,7 @@ bool LongTask::GoOn() {
     if (elapsed < kPatience) return true;
     if (!shown_) Begin();
     constexpr qint64 kMillisecondsOfStep = 50;
-    window_->SetProgress(1 + int(elapsed / kMillisecondsOfStep % kSteps));
+    if (bar_ == Bar::Runs) window_->SetProgress(1 + int(elapsed / kMillisecondsOfStep % kSteps));
     window_->LetEventsRun(QEventLoop::AllEvents);
     return !givenUp_ && window_;
 }

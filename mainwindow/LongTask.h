@@ -15,8 +15,10 @@ class frmMain;
 // windows are painted, but no other input reaches them while the work lasts.
 class LongTask : public QObject {
 public:
+    // What the progress bar shows: that something goes on, or how far the work itself says that it is.
+    enum class Bar { Runs, IsTheWorks };
     // `doing` is what the status bar says, such as "Laying out".
-    LongTask(frmMain &window, const QString &doing);
+    LongTask(frmMain &window, const QString &doing, Bar bar = Bar::Runs);
     ~LongTask() override;
 
     // False once the user has pressed Escape, or the window is gone.
@@ -30,6 +32,7 @@ private:
 
     QPointer<frmMain> window_;
     QString doing_;
+    Bar bar_;
     QElapsedTimer running_;
     bool shown_ = false;
     bool givenUp_ = false;

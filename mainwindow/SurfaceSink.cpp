@@ -2,6 +2,7 @@
 
 #include "diagram/model/Surface.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/WindowPrinting.h"
 #include "mainwindow/WindowStatus.h"
 #include "support/Error.h"
 
@@ -79,15 +80,28 @@ void SurfaceSink::GotFocus(diagram::Surface &surface) {
     Handle("AddFlow1_afGotFocus", [&] { form_.AddFlow1_afGotFocus(surface.Index()); });
 }
 
-void SurfaceSink::ItemAdded(diagram::Item &) { form_.Status().HiddenMayDiffer(); }
+void SurfaceSink::ItemAdded(diagram::Item &) {
+    form_.Status().HiddenMayDiffer();
+    form_.Printing().SliceChanged();
+}
 void SurfaceSink::ItemChanged(diagram::Item &, diagram::Change what) {
+    if (what != diagram::Change::Selection) form_.Printing().SliceChanged();
     if (diagram::Has(what, diagram::Change::Visibility | diagram::Change::Data))
         form_.Status().HiddenMayDiffer();
     else
         form_.ScheduleUpdate();
 }
-void SurfaceSink::ItemRemoved(diagram::Item &) { form_.Status().HiddenMayDiffer(); }
-void SurfaceSink::SurfaceChanged(diagram::Change) { form_.ScheduleUpdate(); }
-void SurfaceSink::Cleared() { form_.Status().HiddenMayDiffer(); }
+void SurfaceSink::ItemRemoved(diagram::Item &) {
+    form_.Status().HiddenMayDiffer();
+    form_.Printing().SliceChanged();
+}
+void SurfaceSink::SurfaceChanged(diagram::Change) {
+    form_.ScheduleUpdate();
+    form_.Printing().SliceChanged();
+}
+void SurfaceSink::Cleared() {
+    form_.Status().HiddenMayDiffer();
+    form_.Printing().SliceChanged();
+}
 
 } // namespace mainwindow

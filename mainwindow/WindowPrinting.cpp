@@ -7,9 +7,11 @@
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/WindowStatus.h"
 #include "output/print/PrintForms.h"
+#include "support/Error.h"
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QTimer>
 
 namespace mainwindow {
 
@@ -37,6 +39,10 @@ print::PrnFlow::Source SourceOf(frmMain &window) {
 
 } // namespace
 
+WindowPrinting::WindowPrinting(frmMain &window) : window_(window) {}
+
+WindowPrinting::~WindowPrinting() = default;
+
 std::shared_ptr<print::LoadedPrint> WindowPrinting::Loaded() {
     if (frmPrint_ && frmPrint_->IsLoaded()) return frmPrint_;
     const auto form = std::make_shared<print::LoadedPrint>(window_.Desktop());
@@ -54,7 +60,12 @@ void WindowPrinting::PrintCurrentSlice(print::LoadedPrint &form) {
 // On the slices that are in the preview, as long as it is open and they are where they were.
 void WindowPrinting::ShowPageBreaks() {
     for (diagram::SurfaceView *view : window_.Views().All()) view->SetPageBreaks({});
-    if (!frmPrint_ || !frmPrint_->IsLoaded()) return;
+    if (!frmPrint_ || !frmPrint_->IsLoaded()) {
+        if (!quiet_) return;
+        quiet_->stop();
+        quiet_.release()->deleteLater(); // perhaps it is what brought us here
+        return;
+    }
     print::PrnFlow &flow = frmPrint_->PrnFlow1;
     const std::vector<int> slots = window_.AddFlow1().Indices();
     if (flow.IsGone() || flow.Map().slices.size() != slots.size()) return;
@@ -62,6 +73,23 @@ void WindowPrinting::ShowPageBreaks() {
         const auto slice = std::size_t(sheet.slice);
         window_.Views().At(slots[slice]).SetPageBreaks(flow.TheSheets().layouts[slice].Lines());
     }
+}
+
+bool WindowPrinting::IsPreviewOpen() const {
+    return frmPrint_ && frmPrint_->IsLoaded() && frmPrint_->bringUp && frmPrint_->PrnFlow1.Preview;
+}
+
+void WindowPrinting::SliceChanged() {
+    if (quiet_) quiet_->start();
+}
+
+void WindowPrinting::Follow() {
+    support::Report("frmPrint", "Follow", [this] {
+        if (!IsPreviewOpen()) return;
+        const std::shared_ptr<print::LoadedPrint> form = frmPrint_;
+        form->PrnFlow1.Refresh();
+        form->PrnFlow1.Run();
+    });
 }
 
 void WindowPrinting::PageSetup() {
@@ -90,6 +118,11 @@ void WindowPrinting::Preview() {
     PrintCurrentSlice(*form);
     form->PrnFlow1.Preview = true;
     if (form->bringUp) return form->bringUp(), form->PrnFlow1.Run();
+    constexpr int kQuiet = 250; // milliseconds without a change
+    quiet_ = std::make_unique<QTimer>();
+    quiet_->setSingleShot(true);
+    quiet_->setInterval(kQuiet);
+    QObject::connect(quiet_.get(), &QTimer::timeout, [this] { Follow(); });
     form->pagesChanged = [window = QPointer<frmMain>(&window_)] {
         if (window) window->Printing().ShowPageBreaks();
     };

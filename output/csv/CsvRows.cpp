@@ -206,9 +206,8 @@ QString CsvRows::Place() const {
 }
 
 bool CsvRows::ReadRow(CsvContent &content) {
-    do {
-        if (!reader_.Next()) return false;
-    } while (reader_.IsEmpty());
+    if (!reader_.Next()) return false;
+    if (reader_.IsEmpty()) return true;
     at_ = -1;
     try {
         if (reader_.Field(type_) == QLatin1String(kNodeType))

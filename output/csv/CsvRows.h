@@ -40,7 +40,7 @@ public:
     // Reads the header. Errors are those of ImportMap, here and below.
     CsvRows(QIODevice &file, document::clsfrmMain &settings, const diagram::Surface &flow);
 
-    // Reads the next row into the content; false behind the last one.
+    // Reads the next row into the content, nothing of an empty one; false behind the last.
     bool ReadRow(CsvContent &content);
     int Percent() const { return reader_.Percent(); }
 

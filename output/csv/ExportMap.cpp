@@ -47,17 +47,20 @@ void RefuseTheMap(MapWindow &window, const QString &file) {
 
 class Export {
 public:
-    Export(MapWindow &window, storage::Database &database, QIODevice &file, const QSet<QString> &without)
+    Export(MapWindow &window, storage::Database &database, QIODevice &file, const QSet<QString> &without,
+           const GoOn &goOn)
         : window_(window),
           database_(database),
           without_(without),
+          goOn_(goOn),
           columns_(ColumnsOfMap(database)),
           writer_(file, NamesOf(columns_)) {}
 
-    void Run(const diagram::Surface &flow);
+    // False when it was given up.
+    bool Run(const diagram::Surface &flow);
 
 private:
-    void WriteRows(const document::TableLayout &table, const char *type, int slice);
+    bool WriteRows(const document::TableLayout &table, const char *type, int slice);
     void WriteRow(const Recordset &rows, const char *type);
     void WriteCell(const Recordset &rows, int at, const CsvColumn &column);
     bool IsLeftOut(const Recordset &rows) const;
@@ -65,6 +68,7 @@ private:
     MapWindow &window_;
     storage::Database &database_;
     const QSet<QString> &without_;
+    NowAndThen goOn_;
     std::vector<CsvColumn> columns_;
     storage::CsvWriter writer_;
     std::vector<int> at_;   // of each column in the table at hand; -1 for one that it has not
@@ -73,15 +77,16 @@ private:
     std::size_t rows_ = 0;
 };
 
-void Export::Run(const diagram::Surface &flow) {
+bool Export::Run(const diagram::Surface &flow) {
     window_.DoStatus(QStringLiteral("Filling output file..."));
     progress_.emplace(window_, std::size_t(flow.Nodes().Count()) + flow.Links().size());
-    WriteRows(document::schema::kNodes, kNodeType, flow.Index());
-    WriteRows(document::schema::kLinks, kLinkType, flow.Index());
+    if (!WriteRows(document::schema::kNodes, kNodeType, flow.Index())) return false;
+    if (!WriteRows(document::schema::kLinks, kLinkType, flow.Index())) return false;
     writer_.Finish();
+    return true;
 }
 
-void Export::WriteRows(const document::TableLayout &table, const char *type, int slice) {
+bool Export::WriteRows(const document::TableLayout &table, const char *type, int slice) {
     Recordset rows = database_.OpenRecordset(SelectAll(table) + QStringLiteral(" WHERE [Slice]=?"), {slice});
     at_.clear();
     for (const CsvColumn &column : columns_) at_.push_back(rows.FindColumn(column.name));
@@ -91,7 +96,9 @@ void Export::WriteRows(const document::TableLayout &table, const char *type, int
     for (; !rows.EndOfFile(); rows.MoveNext()) {
         progress_->Show(rows_++);
         if (!IsLeftOut(rows)) WriteRow(rows, type);
+        if (!goOn_.Ask()) return false;
     }
+    return true;
 }
 
 bool Export::IsLeftOut(const Recordset &rows) const {
@@ -124,43 +131,47 @@ void Export::WriteCell(const Recordset &rows, int at, const CsvColumn &column) {
     }
 }
 
-void WriteTo(MapWindow &window, storage::Database &database, const diagram::Surface &flow,
-             const QString &path, const QSet<QString> &without) {
+bool WriteTo(MapWindow &window, storage::Database &database, const diagram::Surface &flow,
+             const QString &path, const QSet<QString> &without, const GoOn &goOn) {
     QFile device(path);
     if (!device.open(QIODevice::WriteOnly))
         throw support::Error(support::kErrPathFileAccess, QStringLiteral("ExportMap"),
                              QStringLiteral("Path/File access error: %1").arg(path));
-    Export(window, database, device, without).Run(flow);
+    if (!Export(window, database, device, without, goOn).Run(flow)) return false;
     if (!device.flush())
         throw support::Error(support::kErrDiskFull, QStringLiteral("ExportMap"), QStringLiteral("Disk full"));
+    return true;
 }
 
-void Write(MapWindow &window, const diagram::Surface &flow, const QString &target,
-           const QSet<QString> &without) {
+bool Write(MapWindow &window, const diagram::Surface &flow, const QString &target,
+           const QSet<QString> &without, const GoOn &goOn) {
     const document::BusyWindow busy(window);
     RefuseTheMap(window, target);
     QString map = window.clsSettings().Database();
     std::optional<storage::Database> database = document::OpenMapToRead(map);
-    if (!database) return;
+    if (!database) return true;
     window.DoStatus(QStringLiteral("Creating output file..."));
     support::AtomicFile file(target);
-    WriteTo(window, *database, flow, file.Path(), without);
-    window.DoStatus(QStringLiteral("Finishing..."));
-    file.Commit();
+    const bool whole = WriteTo(window, *database, flow, file.Path(), without, goOn);
+    if (whole) {
+        window.DoStatus(QStringLiteral("Finishing..."));
+        file.Commit();
+    }
     database->Close();
     window.SetProgress(0);
     window.DoStatus(QString());
+    return whole;
 }
 
 } // namespace
 
-bool ExportMap(MapWindow &window, diagram::Surface &Flow, const QString &File, const QSet<QString> &without) {
+bool ExportMap(MapWindow &window, diagram::Surface &Flow, const QString &File, const QSet<QString> &without,
+               const GoOn &goOn) {
     return support::PassOn("ExportMap", [&] {
         window.DoStatus(NotInTextFiles());
         const bool saved = IsSaved(window);
         window.DoStatus(QString());
-        if (saved) Write(window, Flow, File, without);
-        return saved;
+        return saved && Write(window, Flow, File, without, goOn);
     });
 }
 

@@ -27,16 +27,20 @@ void Open(QFile &file) {
                              QStringLiteral("Path/File access error: %1").arg(file.fileName()));
 }
 
-CsvContent Read(MapWindow &window, const diagram::Surface &flow, const QString &path) {
+// False when it was given up, here and below.
+bool Read(MapWindow &window, const diagram::Surface &flow, const QString &path, CsvContent &content,
+          NowAndThen &goOn) {
     QFile file(path);
     Open(file);
     CsvRows rows(file, window.clsSettings(), flow);
     window.DoStatus(QStringLiteral("Reading input file..."));
     constexpr std::size_t kWhole = 100;
     document::Progress progress(window, kWhole);
-    CsvContent content;
-    while (rows.ReadRow(content)) progress.Show(std::size_t(rows.Percent()));
-    return content;
+    while (rows.ReadRow(content)) {
+        progress.Show(std::size_t(rows.Percent()));
+        if (!goOn.Ask()) return false;
+    }
+    return true;
 }
 
 // A group of changes that is taken back unless it is closed.
@@ -73,32 +77,47 @@ void Place(diagram::Surface &flow, diagram::Node &source, diagram::Node &destina
     flow.Overwrite(link, std::move(data));
 }
 
-void PlaceAll(diagram::Surface &flow, CsvContent &content) {
+bool PlaceAll(diagram::Surface &flow, CsvContent &content, NowAndThen &goOn) {
     std::vector<diagram::Node *> nodes;
     nodes.reserve(content.nodes.size());
-    for (diagram::NodeData &data : content.nodes) nodes.push_back(&Place(flow, std::move(data)));
+    for (diagram::NodeData &data : content.nodes) {
+        nodes.push_back(&Place(flow, std::move(data)));
+        if (!goOn.Ask()) return false;
+    }
     const auto at = [&](const CsvEnd &end) -> diagram::Node & {
         return end.present ? *end.present : *nodes[end.position];
     };
-    for (CsvLink &link : content.links)
+    for (CsvLink &link : content.links) {
         Place(flow, at(link.source), at(link.destination), std::move(link.data));
+        if (!goOn.Ask()) return false;
+    }
+    return true;
+}
+
+bool GiveUp(MapWindow &window) {
+    window.SetProgress(0);
+    window.DoStatus(QString());
+    return false;
 }
 
 } // namespace
 
-void ImportMap(MapWindow &window, diagram::Surface &Flow, const QString &File) {
-    support::PassOn("ImportMap", [&] {
+bool ImportMap(MapWindow &window, diagram::Surface &Flow, const QString &File, const GoOn &goOn) {
+    return support::PassOn("ImportMap", [&] {
         const document::BusyWindow busy(window);
         window.DoStatus(QStringLiteral("Opening input file..."));
-        CsvContent content = Read(window, Flow, File);
+        CsvContent content;
+        NowAndThen question(goOn);
+        if (!Read(window, Flow, File, content, question)) return GiveUp(window);
         Step step(Flow);
-        PlaceAll(Flow, content);
+        if (!PlaceAll(Flow, content, question)) return GiveUp(window);
         timeline::ArrangeTimeLineNodes(window, Flow, timeline::kStoredArrangement);
         step.Close();
         window.SetProgress(0);
         window.clsSettings().Dirty = true;
         window.DoStatus(QStringLiteral("Finishing..."));
         window.DoStatus(QString());
+        return true;
     });
 }
 

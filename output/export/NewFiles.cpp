@@ -1,8 +1,8 @@
 #include "output/export/NewFiles.h"
 
-#include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Files.h"
+#include "support/ManyFiles.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -30,15 +30,10 @@ void NewFiles::Add(const QString &name, const QByteArray &bytes) {
     const QString target = QDir(folder_).filePath(name);
     if (support::DirExists(target) || (support::FileExists(target) && support::IsReadOnly(target)))
         RaiseAccess(target);
-    support::AtomicFile file(hidden_->filePath(name));
-    file.Write(bytes);
-    file.Commit();
+    support::WriteNewFile(hidden_->filePath(name), bytes);
     names_ << name;
 }
 
-void NewFiles::Commit() {
-    for (const QString &name : std::exchange(names_, {}))
-        support::ReplaceFile(hidden_->filePath(name), QDir(folder_).filePath(name));
-}
+void NewFiles::Commit() { support::ReplaceFiles(hidden_->path(), std::exchange(names_, {}), folder_); }
 
 } // namespace output

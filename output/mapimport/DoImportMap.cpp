@@ -106,17 +106,44 @@ void BringSlice(MapWindow &window, MemoryWindow &other, diagram::Surface &from, 
     NoteKeys(from, to, keys);
 }
 
-NewKeys BringSlices(MapWindow &window, MemoryWindow &other, NewSlices &slices) {
-    NewKeys keys;
+// False when it was given up.
+bool BringSlices(MapWindow &window, MemoryWindow &other, NewSlices &slices, NewKeys &keys, const GoOn &goOn) {
     int tab = 0; // where indexes have gaps the tabs have none
     for (const int index : other.AddFlow1().Indices()) {
+        if (goOn && !goOn()) return false;
         const QString caption = other.TabStrip().TabCaption(tab++);
         window.DoStatus(QStringLiteral("Importing %1...").arg(caption));
         BringSlice(window, other, other.AddFlow1()[index], slices.Add(caption), keys);
     }
     keys.remove(QString());
-    return keys;
+    return true;
 }
+
+// False when it was given up. `missing` is what could not come along; nothing comes when memory runs short.
+bool Bring(MapWindow &window, const QString &file, const GoOn &goOn, QStringList &missing) {
+    const document::BusyWindow busy(window);
+    window.DoStatus(QStringLiteral("Preparing for import..."));
+    MemoryWindow other(window.Desktop(), document::EmptyPools());
+    if (!Load(other, file)) {
+        window.DoStatus(QString());
+        return true;
+    }
+    NewSlices slices(window);
+    NewKeys keys;
+    if (!BringSlices(window, other, slices, keys, goOn)) {
+        window.DoStatus(QString());
+        return false;
+    }
+    missing = MissingNames(window, other);
+    missing += BringHyperlinks(window, other, keys, slices.FirstTab());
+    missing += BringAttachments(window, other, keys);
+    slices.Keep();
+    window.clsSettings().Dirty = true;
+    window.DoStatus(QString());
+    return true;
+}
+
+} // namespace
 
 void TellWhatIsMissing(MapWindow &window, QStringList missing) {
     constexpr qsizetype kMost = 15; // lines
@@ -133,30 +160,14 @@ void TellWhatIsMissing(MapWindow &window, QStringList missing) {
         support::Buttons::Ok, support::Icon::Information, settings::Terms().TITLE);
 }
 
-// What could not come along; nothing comes when memory runs short.
-QStringList Bring(MapWindow &window, const QString &file) {
-    const document::BusyWindow busy(window);
-    window.DoStatus(QStringLiteral("Preparing for import..."));
-    MemoryWindow other(window.Desktop(), document::EmptyPools());
-    if (!Load(other, file)) {
-        window.DoStatus(QString());
-        return {};
-    }
-    NewSlices slices(window);
-    const NewKeys keys = BringSlices(window, other, slices);
-    QStringList missing = MissingNames(window, other);
-    missing += BringHyperlinks(window, other, keys, slices.FirstTab());
-    missing += BringAttachments(window, other, keys);
-    slices.Keep();
-    window.clsSettings().Dirty = true;
-    window.DoStatus(QString());
-    return missing;
+bool BringMap(MapWindow &window, const QString &File, const GoOn &goOn, QStringList &missing) {
+    return support::PassOn("DoImportMap", [&] { return Bring(window, File, goOn, missing); });
 }
 
-} // namespace
-
 void DoImportMap(MapWindow &window, const QString &File) {
-    support::PassOn("DoImportMap", [&] { TellWhatIsMissing(window, Bring(window, File)); });
+    QStringList missing;
+    BringMap(window, File, {}, missing);
+    TellWhatIsMissing(window, missing);
 }
 
 } // namespace output

@@ -1,7 +1,10 @@
 // The slices of another map behind those of this one.
 #pragma once
 
+#include "output/model/GoOn.h"
+
 #include <QString>
+#include <QStringList>
 
 namespace document {
 class MapWindow;
@@ -18,5 +21,11 @@ namespace output {
 // The file is only read, and another version of it or an old Jet map stays what it is. Errors are those of
 // document::DoLoad; after one, and after a load that ran short of memory, the window is as it was.
 void DoImportMap(document::MapWindow &window, const QString &File);
+
+// The same in two steps, without and with the box. `goOn` is asked before each slice; false gives up and
+// leaves the window as it was. False is what comes back then. `missing` is a line for each that could not
+// come.
+bool BringMap(document::MapWindow &window, const QString &File, const GoOn &goOn, QStringList &missing);
+void TellWhatIsMissing(document::MapWindow &window, QStringList missing);
 
 } // namespace output

@@ -1,6 +1,7 @@
 #include "output/print/LoadedPrint.h"
 
 #include "app/settings/Settings.h"
+#include "output/print/Unprintable.h"
 #include "output/print/ZoomToPages.h"
 #include "support/Desktop.h"
 #include "support/Printers.h"
@@ -34,6 +35,11 @@ void ForgetLastJob(support::SystemPrinter &printer) {
 
 } // namespace
 
+struct LoadedPrint::Edges {
+    support::SystemPrinter printer; // with the sheet
+    QMarginsF unprintable;
+};
+
 LoadedPrint::LoadedPrint(support::Desktop &desktop) : desktop_(desktop) {
     PrnFlow1.DocumentName = settings::Terms().TITLE;
     PrnFlow1.Display = true;
@@ -43,6 +49,8 @@ LoadedPrint::LoadedPrint(support::Desktop &desktop) : desktop_(desktop) {
     LoadSetup(PrnFlow1);
     SetOrientation(PrnFlow1.Orientation);
 }
+
+LoadedPrint::~LoadedPrint() = default;
 
 void LoadedPrint::SetOrientation(int orientation) {
     PrnFlow1.Orientation = orientation == kLandscape ? kLandscape : kPortrait;
@@ -76,6 +84,14 @@ std::optional<Printed> LoadedPrint::Print(const GoOn &goOn) {
     PrnFlow1.Run();
     PrnFlow1.OnPrint({});
     return printed;
+}
+
+QString LoadedPrint::TooNearTheEdge(const PageSetup &setup) {
+    support::SystemPrinter printer = desktop_.printers.System();
+    GiveSetup(setup, printer);
+    if (!edges_ || edges_->printer != printer)
+        edges_ = std::make_unique<Edges>(Edges{printer, desktop_.printers.Unprintable(printer)});
+    return TextOfSides(setup.margins, edges_->unprintable);
 }
 
 bool LoadedPrint::HasPrinter() const {

@@ -6,6 +6,7 @@
 #include "output/print/PrnFlow.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 class QWidget;
@@ -21,6 +22,7 @@ public:
     // Form_Load: the settings of the last time, and landscape on one page for the first. The program's
     // printer is turned as they say. The desktop must live longer.
     explicit LoadedPrint(support::Desktop &desktop);
+    ~LoadedPrint();
 
     PrnFlow PrnFlow1;
 
@@ -31,6 +33,11 @@ public:
     // Portrait or landscape, of the control and of the program's printer.
     void SetOrientation(int orientation);
     int PrinterOrientation() const;
+
+    // The sides of such a sheet whose margin lies where the program's printer can't print; a sentence that
+    // names them with what the printer needs, empty where there are none. The print system is asked once for
+    // each printer and sheet.
+    QString TooNearTheEdge(const PageSetup &setup);
 
     // Whether there is anything to print at once on, a printer or a file.
     bool HasPrinter() const;
@@ -50,7 +57,10 @@ private:
     std::optional<Printed> Print(const GoOn &goOn);
     bool Ask(QWidget *owner);
 
+    struct Edges;
+
     support::Desktop &desktop_;
+    std::unique_ptr<Edges> edges_; // as last asked for
     bool loaded_ = true;
 };
 

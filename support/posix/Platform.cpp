@@ -1,5 +1,7 @@
 #include "support/Platform.h"
 
+#include "support/PlatformFlush.h"
+
 #include <array>
 #include <cerrno>
 #include <climits>
@@ -120,12 +122,26 @@ QByteArray FileIdentity(const QString &path) {
 
 Failure FlushFile(const QString &path) { return Flush(Descriptor(path, O_RDONLY)); }
 
-Failure RenameOver(const QString &newFile, const QString &target) {
+void BeginFlush([[maybe_unused]] const QString &path) {
+#ifdef Q_OS_LINUX
+    const Descriptor descriptor(path, O_RDONLY);
+    if (descriptor) sync_file_range(descriptor.Number(), 0, 0, SYNC_FILE_RANGE_WRITE);
+#endif
+}
+
+Failure Rename(const QString &newFile, const QString &target) {
     if (std::rename(QFile::encodeName(newFile).constData(), QFile::encodeName(target).constData()) != 0)
         return FailureOf(errno);
-    // The file is in place; a file system that cannot flush a folder has nothing more to give.
-    Flush(Descriptor(QFileInfo(target).absolutePath(), O_RDONLY | O_DIRECTORY));
     return Failure::None;
+}
+
+// A file system that cannot flush a folder has nothing more to give.
+void FlushFolder(const QString &folder) { Flush(Descriptor(folder, O_RDONLY | O_DIRECTORY)); }
+
+Failure RenameOver(const QString &newFile, const QString &target) {
+    const Failure failure = Rename(newFile, target);
+    if (failure == Failure::None) FlushFolder(QFileInfo(target).absolutePath());
+    return failure;
 }
 
 Failure CreateNew(const QString &path) {

@@ -1,5 +1,7 @@
 #include "support/Platform.h"
 
+#include "support/PlatformFlush.h"
+
 #include <array>
 #include <QDir>
 #include <string>
@@ -104,12 +106,19 @@ Failure FlushFile(const QString &path) {
     return Failure::None;
 }
 
-Failure RenameOver(const QString &newFile, const QString &target) {
+void BeginFlush(const QString &) {}
+
+// Which has the entry written before it returns.
+Failure Rename(const QString &newFile, const QString &target) {
     if (MoveFileExW(Native(newFile).c_str(), Native(target).c_str(),
                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
         return Failure::None;
     return FailureOf(GetLastError());
 }
+
+void FlushFolder(const QString &) {}
+
+Failure RenameOver(const QString &newFile, const QString &target) { return Rename(newFile, target); }
 
 Failure CreateNew(const QString &path) {
     const Handle file(CreateFileW(Native(path).c_str(), GENERIC_WRITE, kShareAll, nullptr, CREATE_NEW,

@@ -163,6 +163,8 @@ TEST_F(CommandsTest, AMisunderstoodCommandLineIsOneLineAndEndsWithTwo) {
                                          {"print", "a", "--to"},
                                          {"print", "a", "--to", "b.pdf", "--slice", "0"},
                                          {"print", "a", "--to", "b.pdf", "--slice", "x"},
+                                         {"print", "a", "--to", "b.pdf", "--slice", "1", "--all"},
+                                         {"print", "a", "--to", "b.pdf", "--slice", "40000"},
                                          {"print", "--to", "b.pdf"}}) {
         EXPECT_EQ(Run(arguments), cli::kUsage) << arguments.join(QLatin1Char(' ')).toStdString();
         EXPECT_EQ(err.count(QLatin1Char('\n')), 1);

@@ -76,6 +76,7 @@ TEST_F(SlidesTest, RefusesWhatItDoesNotUnderstand) {
     EXPECT_EQ(Run({kPlan}), cli::kUsage);
     EXPECT_EQ(Run({kPlan, Path("a.pptx"), "--slice", "0"}), cli::kUsage);
     EXPECT_EQ(Run({kPlan, Path("a.pptx"), "--slice", "x"}), cli::kUsage);
+    EXPECT_EQ(Run({kPlan, Path("a.pptx"), "--slice", "40000"}), cli::kUsage);
     EXPECT_EQ(Run({kPlan, Path("a.pptx"), "--slice", "1", "--all"}), cli::kUsage);
     EXPECT_EQ(Run({kPlan, Path("a.pptx"), "--wrong"}), cli::kUsage);
     EXPECT_EQ(Run({kPlan, Path("a.pptx"), "--slice", "4"}), cli::kFailed);

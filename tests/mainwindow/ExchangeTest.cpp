@@ -2,9 +2,11 @@
 
 #include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/view/SurfaceView.h"
 #include "document/DoSave.h"
 #include "document/LastPath.h"
 #include "document/UnsavedWork.h"
+#include "mainwindow/cStatusBar.h"
 #include "output/csv/ExportMap.h"
 #include "output/export/clsExport.h"
 #include "output/powerpoint/PowerPointForm.h"
@@ -14,6 +16,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QTest>
+#include <QTimer>
 
 namespace mainwindow::testing {
 
@@ -242,6 +246,36 @@ TEST_F(Exchange, AnImportIntoANewSliceThatFailsLeavesNoSliceBehind) {
     EXPECT_EQ(window.AddFlow1().Count(), 1);
     EXPECT_EQ(window.TabStrip().TheTab(), 0);
     EXPECT_EQ(Texts(0), QStringList{"Idea"});
+}
+
+// So many rows take far longer than anybody waits.
+TEST_F(Exchange, EscapeGivesALongImportUpWithNothingChanged) {
+    MakeTable();
+    AppendToTable(QByteArray(",\r\n").repeated(20'000'000));
+    window.clsSettings().Dirty = false;
+    document::MarkSaved(window);
+    const bool couldUndo = window.CurrentSurface().CanUndo();
+    auto *bar = window.findChild<cStatusBar *>(QStringLiteral("staMain"));
+    QTimer escape;
+    QObject::connect(&escape, &QTimer::timeout, [&] {
+        if (bar->Doing() == QStringLiteral("Importing... Escape gives up."))
+            QTest::keyClick(&window.CurrentView(), Qt::Key_Escape);
+    });
+    escape.start(1);
+    for (const support::Answer where : {support::Answer::Yes, support::Answer::No}) {
+        desktop.ExpectMessage(kQuestion, where);
+        if (where == support::Answer::No)
+            desktop.ExpectInput(QStringLiteral("Name for Slice."), QStringLiteral("Imported"));
+        Import(3);
+        EXPECT_EQ(bar->Doing(), QStringLiteral("Importing was given up."));
+        EXPECT_EQ(window.TabStrip().TabCount(), 1);
+        EXPECT_EQ(Texts(0), QStringList{"Idea"});
+        if (where == support::Answer::Yes) {
+            EXPECT_FALSE(document::MustAskBeforeLosing(window));
+        }
+        EXPECT_EQ(window.CurrentSurface().CanUndo(), couldUndo);
+        EXPECT_EQ(window.MousePointer(), document::pointer::kNormal);
+    }
 }
 
 TEST_F(Exchange, AReplacingImportOfTextIsOneStepOfUndo) {

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -40,6 +41,28 @@ TEST_F(PageSetup, PageSetupShowsWhatIsSet) {
     EXPECT_EQ(setup.lstSlices()->item(1)->checkState(), Qt::Checked);
     EXPECT_EQ(setup.lstSlices()->item(0)->checkState(), Qt::Unchecked);
     EXPECT_TRUE(setup.chkGrid()->isChecked());
+}
+
+TEST_F(PageSetup, MarginsThatThePrinterCanNotKeepAreToldQuietly) {
+    desktop.printers.unprintable = {4, 4, 4, 12.7};
+    print::PageSetupArgument argument = SetupArgument();
+    frmPageSetup setup(argument, nullptr);
+    const auto &label = *setup.findChild<QLabel *>(QStringLiteral("lblTooNear"));
+    EXPECT_EQ(label.text(), QString());
+    setup.txtMargin(3)->setValue(10);
+    setup.txtMargin(0)->setValue(0);
+    EXPECT_EQ(label.text(), QStringLiteral("The printer needs wider margins: left 4.0 mm, bottom 12.7 mm."));
+    setup.txtMargin(0)->setValue(4);
+    desktop.printers.unprintable = {}; // of the other sheets
+    setup.optOri(1)->click();
+    EXPECT_EQ(label.text(), QString());
+    setup.optOri(0)->click();
+    desktop.printers.unprintable = {4, 4, 4, 12.7};
+    setup.cboPaper()->setCurrentIndex(setup.cboPaper()->count() - 1);
+    Q_EMIT setup.cboPaper()->activated(setup.cboPaper()->currentIndex());
+    EXPECT_EQ(label.text(), QStringLiteral("The printer needs wider margins: bottom 12.7 mm."));
+    setup.cmdOK_Click();
+    EXPECT_EQ(setup.result(), QDialog::Accepted) << "it is the user's choice all the same";
 }
 
 TEST_F(PageSetup, PageSetupTakesTheOrientationFromThePrinter) {

@@ -2,6 +2,7 @@
 #include "app/settings/GetSet.h"
 #include "diagram/model/Node.h"
 #include "diagram/view/SurfaceView.h"
+#include "mainwindow/cStatusBar.h"
 #include "output/print/form/PreviewSheets.h"
 #include "support/Error.h"
 
@@ -9,6 +10,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolBar>
 
 namespace mainwindow::testing {
@@ -190,6 +192,76 @@ TEST_F(Print, ThePreviewShowsWhatWasChangedMeanwhile) {
     AddNode(*window, 26000, 35000, QStringLiteral("More"));
     form->Form_Activate();
     EXPECT_EQ(form->PrnFlow1().VerticalPages(), 3);
+}
+
+// A burst of changes is followed once; nothing is clicked or activated.
+TEST_F(Print, ThePreviewAndThePageBreaksFollowTheSlice) {
+    window->resize(1200, 900);
+    Preview();
+    int shown = 0;
+    const auto state = window->Printing().Loaded();
+    const auto told = state->pagesChanged;
+    state->pagesChanged = [&] { ++shown, told(); };
+    const auto seen = [this] {
+        ProcessEvents();
+        return window->CurrentView().viewport()->grab().toImage();
+    };
+    diagram::Surface &surface = window->CurrentSurface();
+    for (int i = 0; i < 20; ++i) AddNode(*window, 26000, float(26000 + 500 * i), QStringLiteral("More"));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return form->PrnFlow1().VerticalPages() == 3; }));
+    EXPECT_EQ(shown, 1);
+    while (surface.Nodes().Count() > 1) surface.Remove(surface.Nodes().Item(surface.Nodes().Count()));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return form->PrnFlow1().Pages() == 1; }));
+    EXPECT_EQ(shown, 2);
+    EXPECT_EQ(form->Panel(QStringLiteral("PAGE")), QStringLiteral("Pages: 1/1"));
+    const QImage withoutBreaks = seen();
+    form->close();
+    EXPECT_EQ(seen(), withoutBreaks);
+}
+
+TEST_F(Print, AMarginThatThePrinterCanNotKeepIsToldInThePreview) {
+    desktop.printers.unprintable = {4, 4, 4, 30};
+    Preview();
+    const QString told = QStringLiteral("The printer needs wider margins: bottom 30.0 mm.");
+    EXPECT_EQ(form->statusBar()->currentMessage(), told);
+    form->PrnFlow1().margins = {30, 30, 30, 30};
+    Click("LANDSCAPE");
+    EXPECT_EQ(form->statusBar()->currentMessage(), QString());
+}
+
+// So many pages take far longer than anybody waits.
+class LongPrint : public Print {
+protected:
+    LongPrint() {
+        AddNode(*window, 5'000'000, 5'000'000, QStringLiteral("Far"));
+        escape_.start(1);
+    }
+    // Presses Escape once `where` gives a widget to press it on.
+    void PressEscapeOn(std::function<QWidget *()> where) {
+        QObject::connect(&escape_, &QTimer::timeout, [where = std::move(where)] {
+            if (QWidget *widget = where()) QTest::keyClick(widget, Qt::Key_Escape);
+        });
+    }
+    void ExpectNothingPrinted() {
+        EXPECT_EQ(Status(*window), QStringLiteral("Printing was given up. Nothing was printed."));
+        ASSERT_EQ(desktop.printers.jobs.size(), 1U);
+        EXPECT_TRUE(desktop.printers.jobs[0]->cancelled);
+        EXPECT_FALSE(desktop.printers.jobs[0]->finished);
+        EXPECT_EQ(window->MousePointer(), document::pointer::kNormal);
+    }
+
+private:
+    QTimer escape_;
+};
+
+TEST_F(LongPrint, EscapeInTheWindowGivesUp) {
+    auto *bar = window->findChild<cStatusBar *>(QStringLiteral("staMain"));
+    PressEscapeOn([this, bar]() -> QWidget * {
+        return bar->Doing().contains(QStringLiteral("Escape")) ? &window->CurrentView() : nullptr;
+    });
+    desktop.ExpectJob(kOffice);
+    Run("mnuFilePrint");
+    ExpectNothingPrinted();
 }
 
 TEST_F(Print, APreviewThatIsGoneIsMadeAnew) {

@@ -8,6 +8,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
@@ -33,6 +34,7 @@ void frmPageSetup::Form_Load() {
     chkKeepWhole_->setChecked(flow.keepWhole);
     chkGrid_->setChecked(flow.grid);
     UpdateControls();
+    UpdateTooNear();
 }
 
 // What has no effect on one page can't be chosen for it.
@@ -42,6 +44,9 @@ void frmPageSetup::UpdateControls() {
     chkKeepWhole_->setEnabled(several);
     lstSlices_->setEnabled(optSlices_[std::size_t(Slices::Chosen)]->isChecked());
 }
+
+// Room for it is there from the start: nothing moves while the user types.
+void frmPageSetup::UpdateTooNear() { lblTooNear_->setText(argument_.print.TooNearTheEdge(Shown())); }
 
 PageSetup frmPageSetup::Shown() const {
     PageSetup setup = argument_.print.PrnFlow1;

@@ -41,6 +41,7 @@ public:
     QCheckBox *chkMarks() const { return chkMarks_; }
     QCheckBox *chkKeepWhole() const { return chkKeepWhole_; }
     QCheckBox *chkGrid() const { return chkGrid_; }
+    QLabel *lblTooNear() const { return lblTooNear_; }
 
 private:
     void BuildTexts(class QGridLayout &grid);
@@ -51,6 +52,7 @@ private:
     void BuildClosing(class QVBoxLayout &whole);
     void Form_Load();
     void UpdateControls();
+    void UpdateTooNear();
     PageSetup Shown() const;
     bool HasSense(const PageSetup &setup);
 
@@ -62,6 +64,7 @@ private:
     std::array<QDoubleSpinBox *, 4> txtMargin_{};
     QListWidget *lstSlices_ = nullptr;
     QComboBox *cboPaper_ = nullptr;
+    QLabel *lblTooNear_ = nullptr;
     QCheckBox *chkFit_ = nullptr, *chkMarks_ = nullptr, *chkKeepWhole_ = nullptr, *chkGrid_ = nullptr;
 };
 

@@ -50,6 +50,11 @@ frmPageSetup::frmPageSetup(PageSetupArgument &argument, QWidget *parent)
     whole->addLayout(columns, 1);
     BuildClosing(*whole);
     Form_Load();
+    for (QDoubleSpinBox *margin : txtMargin_)
+        connect(margin, &QDoubleSpinBox::valueChanged, this, &frmPageSetup::UpdateTooNear);
+    for (QRadioButton *turn : optOri_)
+        connect(turn, &QRadioButton::clicked, this, &frmPageSetup::UpdateTooNear);
+    connect(cboPaper_, &QComboBox::activated, this, &frmPageSetup::UpdateTooNear);
     txtHeader_->setFocus();
 }
 
@@ -122,9 +127,15 @@ QWidget *frmPageSetup::BuildMargins() {
         grid->addWidget(box, sides[i].row, sides[i].column + 1);
         txtMargin_[i] = box;
     }
+    lblTooNear_ = Named(new QLabel(frame), "lblTooNear");
+    lblTooNear_->setTextFormat(Qt::PlainText);
+    lblTooNear_->setWordWrap(true);
+    lblTooNear_->setMinimumHeight(2 * fontMetrics().lineSpacing());
+    lblTooNear_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    grid->addWidget(lblTooNear_, 2, 0, 1, 4);
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(3, 1);
-    grid->setRowStretch(2, 1);
+    grid->setRowStretch(3, 1);
     return frame;
 }
 

@@ -89,6 +89,7 @@ void frmPrint::Form_Activate() {
 void frmPrint::Shown() {
     sheets_->Renew();
     UpdateStatus();
+    if (!PrnFlow1().IsGone()) statusBar()->showMessage(print_->TooNearTheEdge(PrnFlow1()));
     if (print_->pagesChanged) print_->pagesChanged();
 }
 

@@ -198,4 +198,17 @@ TEST_F(CsvTest, ExportOfAnEarlyMapHasTheColumnsThatOpeningItAdds) {
     EXPECT_GT(Read().rows.size(), 0);
 }
 
+TEST_F(CsvTest, AnExportThatIsGivenUpLeavesTheFormerFile) {
+    for (int i = 0; i < 300; ++i) AddNode(QStringLiteral("Idea"));
+    Save();
+    WriteBytes("old");
+    EXPECT_FALSE(ExportMap(*window, *flow, file, {}, [] { return false; }));
+    EXPECT_EQ(Bytes(), "old");
+    EXPECT_EQ(MapFiles().filter(QStringLiteral(".new")), QStringList());
+    EXPECT_EQ(window->statuses.last(), QString());
+    EXPECT_EQ(window->progress.back(), 0);
+    EXPECT_TRUE(ExportMap(*window, *flow, file, {}, [] { return true; }));
+    EXPECT_EQ(Read().rows.size(), 300);
+}
+
 } // namespace output::testing

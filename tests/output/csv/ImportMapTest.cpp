@@ -355,4 +355,34 @@ TEST_F(ImportTest, FindsEndsAmongTheNodesOfTheSurfaceToo) {
     EXPECT_EQ(&flow->Links()[1]->Source(), &flow->Nodes().Item(1));
 }
 
+TEST_F(ImportTest, GivingUpAtAnyMomentLeavesTheSliceAsItWas) {
+    const QStringList link = table.rows.last();
+    for (int i = 0; i < 600; ++i) table.rows.append(link);
+    Write(table);
+    const QByteArray before = diagram::SaveBytes(*flow);
+    const bool couldUndo = flow->CanUndo();
+    window->clsSettings().Dirty = false;
+    int moments = 0;
+    for (bool given = false; !given; ++moments) {
+        int questions = moments;
+        given = ImportMap(*window, *flow, file, [&] { return questions-- > 0; });
+        if (given) break;
+        EXPECT_TRUE(diagram::SaveBytes(*flow) == before) << moments;
+        EXPECT_EQ(flow->CanUndo(), couldUndo);
+        EXPECT_FALSE(window->clsSettings().Dirty);
+        EXPECT_EQ(window->statuses.last(), QString());
+        EXPECT_EQ(window->progress.back(), 0);
+        EXPECT_EQ(window->pointers.back(), document::pointer::kNormal);
+    }
+    EXPECT_GE(moments, 4) << "while it reads and while it places";
+    EXPECT_EQ(flow->Links().size(), 602u);
+}
+
+TEST_F(ImportTest, RowsWithoutAnythingAreAskedAboutToo) {
+    WriteBytes(Bytes() + QByteArray(",\r\n").repeated(1000));
+    int questions = 0;
+    EXPECT_FALSE(ImportMap(*window, *flow, file, [&] { return ++questions < 3; }));
+    EXPECT_EQ(questions, 3);
+}
+
 } // namespace output::testing

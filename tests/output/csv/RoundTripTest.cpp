@@ -5,6 +5,8 @@
 #include "tests/output/csv/CsvTest.h"
 #include "tests/Paths.h"
 
+#include <QDir>
+#include <QFile>
 #include <random>
 
 namespace output::testing {
@@ -137,6 +139,20 @@ protected:
 TEST_F(RoundTrip, OfAnEarlyMap) { Expect(*Loaded(tests::Data("jet/plan.mdb"))); }
 
 TEST_F(RoundTrip, OfAMapOfOurOwnForm) { Expect(*Loaded(tests::Data("map/plan.map"))); }
+
+TEST_F(RoundTrip, OfTheDeliveredMaps) {
+    const QDir folder(tests::Program(QStringLiteral("Startup")));
+    const QStringList maps = folder.entryList({QStringLiteral("*.map")}, QDir::Files);
+    EXPECT_FALSE(maps.isEmpty());
+    for (const QString &name : maps) {
+        SCOPED_TRACE(name.toStdString());
+        // A copy: the slices are emptied in a map that lies elsewhere.
+        QFile::remove(MapFile("delivered.map"));
+        ASSERT_TRUE(QFile::copy(folder.filePath(name), MapFile("delivered.map")));
+        QFile::setPermissions(MapFile("delivered.map"), QFile::ReadOwner | QFile::WriteOwner);
+        Expect(*Loaded(MapFile("delivered.map")));
+    }
+}
 
 TEST_F(RoundTrip, OfTwoHundredMadeUpMaps) {
     for (unsigned number = 0; number < 200 && !HasFailure(); ++number) {

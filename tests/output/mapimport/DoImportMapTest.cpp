@@ -279,4 +279,26 @@ TEST_F(DoImportMapTest, AMapWithoutSlicesBringsOneEmptyOne) {
     EXPECT_EQ(Surface(1).Nodes().Count(), 0);
 }
 
+TEST_F(DoImportMapTest, GivingUpAtAnySliceLeavesTheWindowAsItWas) {
+    MakeOther();
+    LinkOther("A", 2, "B");
+    SaveOther();
+    window->clsSettings().Dirty = false;
+    QStringList missing;
+    for (int questions : {0, 1}) {
+        EXPECT_FALSE(BringMap(
+            *window, path, [&] { return questions-- > 0; }, missing));
+        EXPECT_EQ(window->TabStrip().TabCount(), 1);
+        EXPECT_EQ(window->TabStrip().TheTab(), 0);
+        EXPECT_EQ(window->AddFlow1().Count(), 1);
+        EXPECT_TRUE(window->clsSettings().Hyperlinks().count() == 0);
+        EXPECT_FALSE(window->clsSettings().Dirty);
+        EXPECT_EQ(window->statuses.last(), QString());
+        EXPECT_TRUE(missing.isEmpty());
+    }
+    EXPECT_TRUE(BringMap(
+        *window, path, [] { return true; }, missing));
+    EXPECT_EQ(window->TabStrip().TabCount(), 3);
+}
+
 } // namespace output::testing

@@ -78,6 +78,21 @@ TEST_F(LoadedPrintTest, SettingsLastFromOneRunToTheNext) {
     EXPECT_FALSE(next.PrnFlow1.FitToPage);
 }
 
+TEST_F(LoadedPrintTest, TellsWhichMarginsThePrinterCanNotKeep) {
+    const auto form = Loaded();
+    desktop.printers.unprintable = {5, 5, 5, 20};
+    EXPECT_EQ(form->TooNearTheEdge(form->PrnFlow1),
+              QStringLiteral("The printer needs wider margins: bottom 20.0 mm."));
+    PageSetup setup = form->PrnFlow1;
+    setup.margins = {20, 20, 20, 20};
+    EXPECT_EQ(form->TooNearTheEdge(setup), QString());
+    desktop.printers.unprintable = {30, 30, 30, 30};
+    setup.Orientation = kLandscape;
+    EXPECT_NE(form->TooNearTheEdge(setup), QString()) << "another sheet is asked for anew";
+    desktop.printers.system.outputFile = QStringLiteral("plan.pdf");
+    EXPECT_EQ(form->TooNearTheEdge(setup), QString()) << "a file has no such edges";
+}
+
 TEST_F(LoadedPrintTest, PageSetupIsSavedAtOnce) {
     LoadedPrint form(desktop.Get());
     PageSetup setup = form.PrnFlow1;

@@ -123,6 +123,21 @@ TEST_F(ExportForm, WhileItWritesThePanelIsShownAndEscapeGivesUp) {
     EXPECT_TRUE(Names().isEmpty());
 }
 
+TEST_F(ExportForm, EscapeGivesPagesUpToo) {
+    for (int node = 0; node < 200; ++node) AddNode(first, QStringLiteral("Node %1").arg(node));
+    AddSlice(QStringLiteral("Two"));
+    Make(QStringLiteral("a_-1.htm"), "former");
+    desktop.ExpectMessageContaining(QStringLiteral("a_-1.htm"), support::Answer::Yes);
+    Open(QStringLiteral("a.htm"));
+    form->chkAll()->setChecked(true);
+    QTimer::singleShot(0, form.get(), [&] { QTest::keyClick(form.get(), Qt::Key_Escape); });
+    form->cmdOK_Click();
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_TRUE(Find("cmdOK")->isEnabled());
+    EXPECT_EQ(Names(), QStringList{"a_-1.htm"});
+    EXPECT_EQ(Read(QStringLiteral("a_-1.htm")), QStringLiteral("former"));
+}
+
 TEST_F(ExportForm, AFailureIsToldAndTheOptionsAreThereAgain) {
     Open(QStringLiteral("gone/a.rtf"));
     desktop.ExpectMessageContaining(QStringLiteral("Path not found"));
