@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QProgressDialog>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -253,6 +254,17 @@ protected:
 private:
     QTimer escape_;
 };
+
+TEST_F(LongPrint, EscapeInThePreviewsProgressGivesUp) {
+    Preview();
+    PressEscapeOn(
+        []() -> QWidget * { return qobject_cast<QProgressDialog *>(QApplication::activeModalWidget()); });
+    desktop.ExpectPrinter(true);
+    desktop.ExpectJob(kOffice);
+    Click("PRINT");
+    EXPECT_FALSE(form && form->isVisible());
+    ExpectNothingPrinted();
+}
 
 TEST_F(LongPrint, EscapeInTheWindowGivesUp) {
     auto *bar = window->findChild<cStatusBar *>(QStringLiteral("staMain"));

@@ -1,5 +1,6 @@
 #include "output/print/form/frmPrint.h"
 
+#include "output/print/form/PagesProgress.h"
 #include "output/print/form/PreviewSheets.h"
 #include "support/Error.h"
 
@@ -8,7 +9,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QMenu>
-#include <QProgressDialog>
 #include <QStatusBar>
 #include <QStyle>
 
@@ -17,7 +17,6 @@ namespace print {
 namespace {
 
 constexpr int kHintTime = 6000; // milliseconds
-constexpr int kPatience = 500;  // milliseconds before progress is shown
 
 class Hourglass {
 public:
@@ -184,17 +183,10 @@ QSizeF frmPrint::ScrollBars() const {
 }
 
 void frmPrint::Print() {
-    QProgressDialog progress(tr("Printing..."), tr("&Cancel"), 0, PrnFlow1().Pages(), this);
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(kPatience);
-    progress.reset(); // unseen as long as the user chooses the printer
+    PagesProgress progress(this);
     const auto tell = argument_.tell;
-    const auto printed = print_->PrintWithDialog(this, [&](int done, int of) {
-        progress.setMaximum(of);
-        progress.setLabelText(tr("Printing page %1 of %2...").arg(done + 1).arg(of));
-        progress.setValue(done);
-        return !progress.wasCanceled();
-    });
+    const auto printed =
+        print_->PrintWithDialog(this, [&](int done, int of) { return progress.GoOn(done, of); });
     if (printed && tell) tell(TextOf(*printed));
 }
 
