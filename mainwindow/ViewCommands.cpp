@@ -8,6 +8,7 @@
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/PickBox.h"
+#include "mainwindow/SliceTurns.h"
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/StartupSetting.h"
 #include "mainwindow/TemplateBar.h"
@@ -152,6 +153,8 @@ void keyTemplates(frmMain &window) {
 
 void keySearch(frmMain &window) { window.Search().Begin(); }
 
+void keyLastSlice(frmMain &window) { window.Turns().Turn(1); }
+void keyFirstSlice(frmMain &window) { window.Turns().Turn(-1); }
 void keyNextSlice(frmMain &window) { SelectTab(window, 1); }
 void keyPreviousSlice(frmMain &window) { SelectTab(window, -1); }
 
@@ -209,6 +212,9 @@ constexpr CommandRow kKeyRows[] = {
     {"mnuView", "mnuViewGo", "G&o to", kMenu},
     {"mnuViewGo", "keyNextSlice", "&Next @SLICE", kCommand, keyNextSlice, "", "", "Ctrl+PgDown"},
     {"mnuViewGo", "keyPreviousSlice", "&Previous @SLICE", kCommand, keyPreviousSlice, "", "", "Ctrl+PgUp"},
+    {"mnuViewGo", "keyLastSlice", "@SLICE used &last", kCommand, keyLastSlice, "", "", "Ctrl+Tab"},
+    {"mnuViewGo", "keyFirstSlice", "@SLICE used longest &ago", kCommand, keyFirstSlice, "", "",
+     "Ctrl+Shift+Tab"},
     Separator("mnuViewGo"),
     {"mnuViewGo", "keySearch", "&Search commands", kCommand, keySearch, "", "", "Ctrl+Shift+P"},
     {"mnuViewGo", "keyTemplates", "Choose a &template", kCommand, keyTemplates, "template", "", "F6"},

@@ -19,6 +19,7 @@
 #include "mainwindow/Placement.h"
 #include "mainwindow/SliceEditor.h"
 #include "mainwindow/SliceTabs.h"
+#include "mainwindow/SliceTurns.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/StartOffer.h"

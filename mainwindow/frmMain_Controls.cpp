@@ -12,6 +12,7 @@
 #include "mainwindow/PutBack.h"
 #include "mainwindow/SliceEditor.h"
 #include "mainwindow/SliceTabs.h"
+#include "mainwindow/SliceTurns.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/StartOffer.h"
@@ -46,6 +47,7 @@ void frmMain::BuildControls() {
     lostMaps_ = std::make_unique<LostMapOffers>(*this, parts_->picRHS);
     start_ = std::make_unique<StartOffer>(*this, parts_->picRHS);
     filter_ = std::make_unique<FilterBoxes>(*this, *parts_->tlbFilter);
+    turns_ = std::make_unique<SliceTurns>(*this, parts_->picRHS);
     slices_ = std::make_unique<SliceEditor>(*this);
     printing_ = std::make_unique<WindowPrinting>(*this);
     popup_ = std::make_unique<TimelinePopup>(*this);

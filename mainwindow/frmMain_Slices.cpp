@@ -6,6 +6,7 @@
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/SliceEditor.h"
+#include "mainwindow/SliceTurns.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/TimelineCommands.h"
@@ -28,6 +29,7 @@ void frmMain::SSTab_Click() {
     if (!views_->Has(current)) return; // a tab whose surface is still to be loaded
     views_->Select(current, tabStrip_.Caption());
     start_->Raise();
+    turns_->Selected(tabStrip_.TheTab());
     ShowTimelineTick(*this);
     ScheduleUpdate();
 }

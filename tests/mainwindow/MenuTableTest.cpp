@@ -138,6 +138,8 @@ constexpr const char *kMenu[] = {
     "mnuView|mnuViewGo|menu|G&o to",
     "mnuViewGo|keyNextSlice|command|&Next Slice",
     "mnuViewGo|keyPreviousSlice|command|&Previous Slice",
+    "mnuViewGo|keyLastSlice|command|Slice used &last",
+    "mnuViewGo|keyFirstSlice|command|Slice used longest &ago",
     "mnuViewGo||sep|",
     "mnuViewGo|keySearch|command|&Search commands",
     "mnuViewGo|keyTemplates|command|Choose a &template",
