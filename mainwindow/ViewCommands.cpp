@@ -1,12 +1,14 @@
 #include "mainwindow/Commands.h"
 
 #include "app/settings/clsRB.h"
+#include "app/settings/Settings.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/BarPane.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/Overview.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/SliceTurns.h"
 #include "mainwindow/StartOffer.h"
@@ -137,6 +139,10 @@ void mnuViewStartPage(frmMain &window) {
     if (shows) window.Start().Offer();
 }
 
+void mnuViewOverview(frmMain &window) {
+    Overview::SetEnabled(window.MenuValue(QStringLiteral("mnuViewOverview")));
+}
+
 void SelectTab(frmMain &window, int step) {
     const int tab = window.TabStrip().TheTab() + step;
     if (tab >= 0 && tab < window.TabStrip().TabCount()) window.TabStrip().SetTheTab(tab);
@@ -152,6 +158,14 @@ void keyTemplates(frmMain &window) {
 }
 
 void keySearch(frmMain &window) { window.Search().Begin(); }
+
+// Where all of the slice is in sight there is none.
+void keyOverview(frmMain &window) {
+    Overview::SetEnabled(true);
+    if (!window.TheOverview().TakeFocus())
+        window.Status().TellInPassing(
+            settings::ReplaceTerms(frmMain::tr("All of the @SLICE is in sight: it needs no overview.")));
+}
 
 void keyLastSlice(frmMain &window) { window.Turns().Turn(1); }
 void keyFirstSlice(frmMain &window) { window.Turns().Turn(-1); }
@@ -196,6 +210,8 @@ constexpr CommandRow kRows[] = {
     {"mnuView", "mnuViewTemplates", "Te&mplates", kCheck, mnuViewTemplates, "", "", "", Needs::Nothing, false,
      "bar pane side hide show"},
     {"mnuView", "mnuViewStartPage", "Show Start Page", kCheck, mnuViewStartPage},
+    {"mnuView", "mnuViewOverview", "O&verview", kCheck, mnuViewOverview, "", "", "", Needs::Nothing, false,
+     "small picture of the whole @SLICE in a corner"},
 };
 
 // Behind all others.
@@ -216,6 +232,8 @@ constexpr CommandRow kKeyRows[] = {
     {"mnuViewGo", "keyFirstSlice", "@SLICE used longest &ago", kCommand, keyFirstSlice, "", "",
      "Ctrl+Shift+Tab"},
     Separator("mnuViewGo"),
+    {"mnuViewGo", "keyOverview", "&Overview", kCommand, keyOverview, "", "", "", Needs::Nothing, false,
+     "small picture of the whole @SLICE, to move the part in sight"},
     {"mnuViewGo", "keySearch", "&Search commands", kCommand, keySearch, "", "", "Ctrl+Shift+P"},
     {"mnuViewGo", "keyTemplates", "Choose a &template", kCommand, keyTemplates, "template", "", "F6"},
     {"mnuViewGo", "keyFont", "&Font", kCommand, keyFont, "", "", "Ctrl+Shift+F"},

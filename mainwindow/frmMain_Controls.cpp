@@ -8,6 +8,7 @@
 #include "mainwindow/FilterBoxes.h"
 #include "mainwindow/Finder.h"
 #include "mainwindow/LostMapOffers.h"
+#include "mainwindow/Overview.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/PutBack.h"
 #include "mainwindow/SliceEditor.h"
@@ -48,6 +49,7 @@ void frmMain::BuildControls() {
     start_ = std::make_unique<StartOffer>(*this, parts_->picRHS);
     filter_ = std::make_unique<FilterBoxes>(*this, *parts_->tlbFilter);
     turns_ = std::make_unique<SliceTurns>(*this, parts_->picRHS);
+    overview_ = std::make_unique<Overview>(*this, parts_->picRHS);
     slices_ = std::make_unique<SliceEditor>(*this);
     printing_ = std::make_unique<WindowPrinting>(*this);
     popup_ = std::make_unique<TimelinePopup>(*this);
@@ -85,7 +87,10 @@ void frmMain::ConnectControls() {
             [this] { support::Report("frmMain", "UpdateCommands", [this] { UpdateCommands(); }); });
     connect(&firstPaint_, &QTimer::timeout, this,
             [this] { support::Report("frmMain", "LookForPrinters", [this] { LookForPrinters(); }); });
-    connect(&firstPaint_, &QTimer::timeout, this, [this] { start_->Offer(); });
+    connect(&firstPaint_, &QTimer::timeout, this, [this] {
+        start_->Offer();
+        overview_->Start();
+    });
 }
 
 void frmMain::ConnectTabs() {
