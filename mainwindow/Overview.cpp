@@ -85,11 +85,6 @@ void Overview::Leave(const diagram::Surface &surface) {
     Hide();
 }
 
-void Overview::Place(const QRect &rectangle) {
-    room_ = rectangle;
-    Update();
-}
-
 void Overview::ItemChanged(diagram::Item &, diagram::Change what) {
     constexpr auto kNotPainted = diagram::Change::Selection | diagram::Change::Data;
     if (std::uint32_t(what) & ~std::uint32_t(kNotPainted)) NoteChange();
@@ -111,15 +106,21 @@ QRectF Overview::Seen() const {
     return {view_->ToSurface(seen.topLeft()), view_->ToSurface(QPointF(seen.width(), seen.height()))};
 }
 
+// Scroll bars stay free.
+QRect Overview::Room() const {
+    const QWidget &viewport = *view_->viewport();
+    return {viewport.mapTo(place_, QPoint()), viewport.size()};
+}
+
 bool Overview::IsWanted() const {
     if (!started_ || !view_ || window_.Start().Page() || !IsEnabled()) return false;
-    if (qMax(room_.width(), room_.height()) < kLeastRoom) return false;
+    if (qMax(Room().width(), Room().height()) < kLeastRoom) return false;
     const QRectF extent = view_->TheScene().Extent();
     return !extent.isEmpty() && !Seen().adjusted(-kSlack, -kSlack, kSlack, kSlack).contains(extent);
 }
 
 QSize Overview::SizeFor(const QRectF &content) const {
-    const QSizeF most = QSizeF(kLargest).boundedTo(QSizeF(room_.size()) * kMostOfRoom);
+    const QSizeF most = QSizeF(kLargest).boundedTo(QSizeF(Room().size()) * kMostOfRoom);
     constexpr int kLeast = 24;
     return content.size().scaled(most, Qt::KeepAspectRatio).toSize().expandedTo({kLeast, kLeast});
 }
@@ -171,7 +172,7 @@ void Overview::TakePicture() {
 
 // The usual one if that is free, else the next.
 void Overview::TakeCorner(const QPoint *drag) {
-    const QRect room = room_.adjusted(kMargin, kMargin, -kMargin, -kMargin);
+    const QRect room = Room().adjusted(kMargin, kMargin, -kMargin, -kMargin);
     constexpr std::pair<bool, bool> kCorners[] = {{true, true}, {false, true}, {true, false}, {false, false}};
     for (const auto &[right, bottom] : kCorners) {
         const QRect corner(CornerOf(room, map_->size(), right, bottom), map_->size());

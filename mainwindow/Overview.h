@@ -37,8 +37,7 @@ public:
     void Follow();
     // That slice goes.
     void Leave(const diagram::Surface &surface);
-    void Place(const QRect &rectangle);
-    // In step with what is in sight and what is selected.
+    // In step with what is in sight, how large the page is, and what is selected.
     void Update();
     // The picture while it is there, else null.
     OverviewMap *Map() const;
@@ -65,6 +64,7 @@ private:
     void TakeCorner(const QPoint *drag);
     bool Covers(const QRect &corner, const QPoint *drag) const;
     void CentreAt(const QPointF &twips);
+    QRect Room() const;     // where it may stand, pixels of place_
     QRectF Content() const; // twips
     QRectF Seen() const;    // twips
     QSize SizeFor(const QRectF &content) const;
@@ -74,7 +74,6 @@ private:
     QPointer<diagram::SurfaceView> view_; // of the slice on top
     OverviewMap *map_ = nullptr;          // made when it is first needed
     OverviewPicture *picture_ = nullptr;
-    QRect room_; // where it may stand, pixels of place_
     QTimer changed_;
     bool started_ = false;
     bool stale_ = true; // the picture

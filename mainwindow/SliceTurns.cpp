@@ -14,8 +14,9 @@ namespace {
 
 constexpr int kUntilList = 200; // milliseconds: a short press shows none
 constexpr int kMostRows = 12;
-constexpr int kWidest = 32; // characters of a name
-constexpr int kPadding = 12;
+constexpr int kWidest = 32;    // characters of a name
+constexpr int kPadding = 12;   // pixels at both sides of a name
+constexpr int kRowPadding = 3; // above and below it
 
 bool HoldsCtrl() { return QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier); }
 
@@ -37,6 +38,7 @@ QListWidget *NewList(QWidget *place) {
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setTextElideMode(Qt::ElideRight);
     list->setUniformItemSizes(true);
+    list->setSpacing(kRowPadding);
     return list;
 }
 
@@ -45,7 +47,7 @@ void PlaceInMiddle(QListWidget &list) {
     const int frame = 2 * list.frameWidth(), widest = list.fontMetrics().averageCharWidth() * kWidest;
     const int rows = qMin(list.count(), kMostRows);
     const QSize size(qBound(widest / 2, list.sizeHintForColumn(0) + 4 * kPadding, widest) + frame,
-                     rows * list.sizeHintForRow(0) + frame);
+                     rows * (list.sizeHintForRow(0) + 2 * kRowPadding) + frame);
     const QSize fits = size.boundedTo(room);
     list.setGeometry(
         QRect(QPoint((room.width() - fits.width()) / 2, (room.height() - fits.height()) / 3), fits));
@@ -65,6 +67,11 @@ void SliceTurns::Selected(int tab) {
     if (!turn_.empty()) return;
     std::erase(used_, tab);
     used_.insert(used_.begin(), tab);
+}
+
+void SliceTurns::Forget() {
+    used_.clear();
+    Selected(window_.TabStrip().TheTab());
 }
 
 std::vector<int> SliceTurns::Order() const {

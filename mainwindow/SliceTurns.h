@@ -20,6 +20,8 @@ public:
 
     // A tab was selected, by whatever way.
     void Selected(int tab);
+    // Another map has come: none was used but the one on top.
+    void Forget();
     // Goes on by one slice, 1 to the one used before, -1 to the one used longest ago; at once the first time,
     // further with each call while Ctrl is held. Then the slice that is shown becomes the one used last.
     void Turn(int step);

@@ -46,7 +46,7 @@ void frmMain::picRHS_Resize() {
     if (inner.height() < 0) inner.setHeight(0);
     views_->Place(inner);
     start_->Place(inner);
-    overview_->Place(inner);
+    overview_->Update();
 }
 
 void frmMain::DoInsertSlice() {

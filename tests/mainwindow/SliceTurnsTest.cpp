@@ -144,6 +144,11 @@ TEST_F(SliceTurning, IsOneStepFromTheMenu) {
     EXPECT_EQ(Shown(), 2);
 }
 
+TEST_F(SliceTurning, AnotherMapBeginsInTheOrderOfItsSlices) {
+    window.Load(SavedMap(QStringLiteral("other.map"), 1, 3));
+    EXPECT_EQ(turns.Order(), (Tabs{0, 1, 2}));
+}
+
 TEST_F(SliceTurning, SlicesThatWereNeverUsedStandBehindAndOneAloneStays) {
     frmMain &other = NewWindow();
     other.Turns().Turn(1);
