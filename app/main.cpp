@@ -1,5 +1,6 @@
 // The editor.
 #include "app/Application.h"
+#include "app/ConsoleOptions.h"
 #include "app/DeveloperOptions.h"
 #include "app/frmPrompt.h"
 #include "app/Start.h"
@@ -41,6 +42,12 @@ bool HasDisplay([[maybe_unused]] int argc, [[maybe_unused]] char **argv) {
 #else
     return true;
 #endif
+}
+
+QStringList AsTyped(int argc, char **argv) {
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
 }
 
 // A row for a form that is made of its argument and its owner, the active window without one, and shown.
@@ -111,10 +118,7 @@ int ShowFault(const QString &text) {
 } // namespace
 
 int main(int argc, char **argv) {
-    if (argc == 2 && qstrcmp(argv[1], "--version") == 0) {
-        std::printf("velmora " VELMORA_VERSION "\n");
-        return 0;
-    }
+    if (const auto answer = app::AnswerToOption(AsTyped(argc, argv))) return app::Tell(*answer);
     if (!HasDisplay(argc, argv)) {
         std::fprintf(stderr,
                      "velmora: there is no display. Set DISPLAY or WAYLAND_DISPLAY; for work without one use "
@@ -125,6 +129,8 @@ int main(int argc, char **argv) {
     QGuiApplication::setDesktopFileName(QStringLiteral("velmora"));
     app::Application application(argc, argv);
     if (const auto fault = support::FaultToShow(QCoreApplication::arguments())) return ShowFault(*fault);
+    if (const auto complaint = app::ComplaintAboutOption(QCoreApplication::arguments()))
+        return app::Tell(*complaint);
     support::InstallExceptionFilter(support::OwnFaultBox());
     return Run(app::CommandLine(QCoreApplication::arguments()));
 }

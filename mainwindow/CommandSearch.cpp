@@ -101,16 +101,23 @@ QStringList CommandSearch::Offered() const {
     return captions;
 }
 
-void CommandSearch::focusInEvent(QFocusEvent *event) {
-    QLineEdit::focusInEvent(event);
-    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
-        selectAll();
+void CommandSearch::Begin() {
+    setFocus(Qt::ShortcutFocusReason);
+    selectAll(); // also where it had the focus already
 }
 
-// Found commands change with the window; the next search begins afresh.
-void CommandSearch::focusOutEvent(QFocusEvent *event) {
-    QLineEdit::focusOutEvent(event);
-    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) clear();
+// The words of the last search stay, and go with the first letter of the next one.
+void CommandSearch::focusInEvent(QFocusEvent *event) {
+    QLineEdit::focusInEvent(event);
+    if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason) return;
+    selectAll();
+    clickedInto_ = event->reason() == Qt::MouseFocusReason;
+}
+
+// The click that brought the focus has placed the cursor instead.
+void CommandSearch::mouseReleaseEvent(QMouseEvent *event) {
+    QLineEdit::mouseReleaseEvent(event);
+    if (std::exchange(clickedInto_, false) && !hasSelectedText()) selectAll();
 }
 
 void CommandSearch::keyPressEvent(QKeyEvent *event) {

@@ -31,6 +31,8 @@ public:
     QSize sizeHint() const override; // all that the menu bar goes by
     // The captions that the list offers for what is typed.
     QStringList Offered() const;
+    // Takes the keyboard, with its old words selected.
+    void Begin();
 
 Q_SIGNALS:
     // The user is through with the box: a command was chosen, or Escape pressed.
@@ -38,7 +40,7 @@ Q_SIGNALS:
 
 protected:
     void focusInEvent(QFocusEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void changeEvent(QEvent *event) override;
 
@@ -55,7 +57,8 @@ private:
     std::vector<SearchEntry> entries_;
     QStandardItemModel *offered_;
     QCompleter *list_ = nullptr;
-    mutable QSize hint_; // not valid while it is to be measured
+    bool clickedInto_ = false; // from the press that brought the focus to its release
+    mutable QSize hint_;       // not valid while it is to be measured
 };
 
 } // namespace mainwindow

@@ -4,6 +4,7 @@
 #include "support/Desktop.h"
 
 #include <array>
+#include <QKeySequence>
 
 namespace mainwindow {
 
@@ -11,8 +12,8 @@ namespace {
 constexpr int kRecentCaptionLength = 25;
 
 std::array<std::span<const CommandRow>, 9> Tables() {
-    return {FileCommands(), EditCommands(),    ViewCommands(),    LayoutCommands(), HelpCommands(),
-            KeyCommands(),  EditKeyCommands(), ArrangeCommands(), FindCommands()};
+    return {FileCommands(), EditCommands(),    ViewCommands(), LayoutCommands(), ArrangeCommands(),
+            HelpCommands(), EditKeyCommands(), FindCommands(), KeyCommands()};
 }
 } // namespace
 
@@ -28,6 +29,18 @@ const CommandRow *FindCommand(const QString &key) {
         for (const CommandRow &row : table)
             if (row.routine && key == QLatin1String(row.key)) return &row;
     return nullptr;
+}
+
+QString KeysOf(const CommandRow &row) {
+    for (const char *keys : {row.accelerator, row.keys, row.surfaceKey}) {
+        const QString first = QString::fromLatin1(keys).section(u' ', 0, 0);
+        if (!first.isEmpty()) return QKeySequence(first).toString(QKeySequence::NativeText);
+    }
+    return {};
+}
+
+QString WithKeys(const QString &tip, const QString &keys) {
+    return keys.isEmpty() ? tip : QStringLiteral("%1 (%2)").arg(tip, keys);
 }
 
 void ShowUnknownKey(support::Desktop &desktop, const QString &key) {

@@ -21,7 +21,8 @@ enum class Needs { Nothing, Undo, Redo, Selection, SelectionOrText, Printers };
 using Routine = void (*)(frmMain &);
 
 struct CommandRow {
-    // Key of the menu that holds it; empty: the menu bar; null: in no menu, reached by its keys.
+    // Key of the menu that holds it, which stands in a row above; empty: the menu bar; null: in no menu,
+    // reached by its keys.
     const char *parent;
     const char *key;     // identity; empty for separators that nobody names
     const char *caption; // with placeholders of the product terms
@@ -29,11 +30,11 @@ struct CommandRow {
     Routine routine = nullptr;
     const char *image = "";
     const char *accelerator = ""; // written beside the caption
-    const char *keys = "";        // further keys, separated by blanks, not written into the menu
+    const char *keys = "";        // further keys, separated by blanks; the first key of all is shown
     Needs needs = Needs::Nothing;
     bool leavesTextBox = false;  // a text that is being typed stays open
     const char *tip = "";        // more words by which the search finds it
-    const char *surfaceKey = ""; // a key that the surface itself acts on; the search shows it
+    const char *surfaceKey = ""; // a key that the surface itself acts on; it is only shown
     bool (*offered)() = nullptr; // whether this edition of the product has its entry; null: always
 };
 
@@ -45,17 +46,22 @@ std::span<const CommandRow> FileCommands();
 std::span<const CommandRow> EditCommands();
 std::span<const CommandRow> ViewCommands();
 std::span<const CommandRow> LayoutCommands();
-std::span<const CommandRow> HelpCommands();
-// In no menu.
-std::span<const CommandRow> KeyCommands();
-std::span<const CommandRow> EditKeyCommands();
 std::span<const CommandRow> ArrangeCommands();
+std::span<const CommandRow> HelpCommands();
+// Behind the others in the menus Edit and View.
+std::span<const CommandRow> EditKeyCommands();
 std::span<const CommandRow> FindCommands();
+std::span<const CommandRow> KeyCommands();
 
 // All of them in that order.
 std::vector<CommandRow> Commands();
 // The row of a command that has a routine; null for a key that names none.
 const CommandRow *FindCommand(const QString &key);
+
+// The first of the row's keys, as the platform writes it; empty without one.
+QString KeysOf(const CommandRow &row);
+// The tip with those keys behind it.
+QString WithKeys(const QString &tip, const QString &keys);
 
 // Tells that no command has that key.
 void ShowUnknownKey(support::Desktop &desktop, const QString &key);

@@ -143,20 +143,24 @@ constexpr CommandRow kRows[] = {
     {"mnuEdit", "mnuEditProperties", "Properties...", kCommand, mnuEditProperties, "", "", "F4"},
 };
 
-// Where a text box has the focus, these keys are its own.
+// Behind all others. Where a text box has the focus, these keys are its own.
 constexpr CommandRow kKeyRows[] = {
-    {nullptr, "mnuEditDelete", "&Delete", kCommand, mnuEditDelete, "delete", "", "", Needs::SelectionOrText,
+    Separator("mnuEdit"),
+    {"mnuEdit", "mnuEditDelete", "&Delete", kCommand, mnuEditDelete, "delete", "", "", Needs::SelectionOrText,
      true, "Removes the selection", "Del"},
-    {nullptr, "keyDuplicate", "Duplicate", kCommand, keyDuplicate, "copy", "", "Ctrl+D", Needs::Selection,
+    {"mnuEdit", "keyDuplicate", "Dup&licate", kCommand, keyDuplicate, "copy", "", "Ctrl+D", Needs::Selection,
      false, "Copies the selection beside itself"},
-    {nullptr, "keyEditText", "Edit text", kCommand, keyEditText, "", "", "", Needs::Selection, false,
+    {"mnuEdit", "keyEditText", "&Edit text", kCommand, keyEditText, "", "", "", Needs::Selection, false,
      "Types into the selected @NODE or @LINK", "F2"},
-    {nullptr, "keyLinkTo", "Link to another @NODE", kCommand, keyLinkTo, "", "", "", Needs::Selection, false,
-     "Links the selected @NODE, or joins the end of the selected @LINK elsewhere, by keyboard", "Ctrl+L"},
-    {nullptr, "keyLinkFrom", "Link from another @NODE", kCommand, keyLinkFrom, "", "", "", Needs::Selection,
-     false, "The same for the start of a @LINK", "Ctrl+Shift+L"},
-    {nullptr, "keyBend", "Bend the @LINK", kCommand, keyBend, "", "", "", Needs::Selection, false,
+    {"mnuEdit", "mnuEditLinks", "@LINKs by keyboard", kMenu},
+    {"mnuEditLinks", "keyLinkTo", "Link &to another @NODE", kCommand, keyLinkTo, "", "", "", Needs::Selection,
+     false, "Links the selected @NODE, or joins the end of the selected @LINK elsewhere, by keyboard",
+     "Ctrl+L"},
+    {"mnuEditLinks", "keyLinkFrom", "Link &from another @NODE", kCommand, keyLinkFrom, "", "", "",
+     Needs::Selection, false, "The same for the start of a @LINK", "Ctrl+Shift+L"},
+    {"mnuEditLinks", "keyBend", "&Bend the @LINK", kCommand, keyBend, "", "", "", Needs::Selection, false,
      "Moves the bends of the selected @LINK by keyboard", "Ctrl+Shift+B"},
+    Separator("mnuEdit", "mnuEditSepFind"),
 };
 
 } // namespace

@@ -26,12 +26,13 @@ void keyFindNext(frmMain &window) { window.Find().Next(1); }
 void keyFindPrevious(frmMain &window) { window.Find().Next(-1); }
 
 constexpr CommandRow kRows[] = {
-    {nullptr, "keyFind", "Find...", EntryKind::Command, keyFind, "find", "", "Ctrl+F", Needs::Nothing, false,
-     "Searches texts over all @SLICEs"},
-    {nullptr, "keyReplace", "Replace...", EntryKind::Command, keyReplace, "find", "", "Ctrl+H",
+    {"mnuEdit", "keyFind", "&Find...", EntryKind::Command, keyFind, "find", "", "Ctrl+F", Needs::Nothing,
+     false, "Searches texts over all @SLICEs"},
+    {"mnuEdit", "keyReplace", "Repl&ace...", EntryKind::Command, keyReplace, "find", "", "Ctrl+H",
      Needs::Nothing, false, "Searches and replaces texts over all @SLICEs"},
-    {nullptr, "keyFindNext", "Find next", EntryKind::Command, keyFindNext, "down", "", "F3"},
-    {nullptr, "keyFindPrevious", "Find previous", EntryKind::Command, keyFindPrevious, "up", "", "Shift+F3"},
+    {"mnuEdit", "keyFindNext", "Find ne&xt", EntryKind::Command, keyFindNext, "down", "", "F3"},
+    {"mnuEdit", "keyFindPrevious", "Find pre&vious", EntryKind::Command, keyFindPrevious, "up", "",
+     "Shift+F3"},
 };
 
 // One step on each slice; at the end the nodes whose texts were replaced take the ends of their timeline

@@ -67,8 +67,11 @@ constexpr CommandRow kRows[] = {
     {"", "mnuLayout", "&Layout", EntryKind::Menu},
     {"mnuLayout", "mnuLayoutHExecute", "Hierarchical", EntryKind::Command, mnuLayoutHExecute, "layers"},
     {"mnuLayout", "mnuLayoutTreeExecute", "Tree", EntryKind::Command, mnuLayoutTreeExecute, "tree"},
-    {nullptr, "mnuLayoutHOptions", "Hierarchical layout options...", EntryKind::Command, mnuLayoutHOptions},
-    {nullptr, "mnuLayoutTreeOptions", "Tree layout options...", EntryKind::Command, mnuLayoutTreeOptions},
+    Separator("mnuLayout"),
+    {"mnuLayout", "mnuLayoutHOptions", "&Hierarchical layout options...", EntryKind::Command,
+     mnuLayoutHOptions},
+    {"mnuLayout", "mnuLayoutTreeOptions", "&Tree layout options...", EntryKind::Command,
+     mnuLayoutTreeOptions},
 };
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "app/settings/Settings.h"
 #include "mainwindow/CommandMatch.h"
 #include "mainwindow/Commands.h"
+#include "mainwindow/FormatMenu.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/Icons.h"
 #include "mainwindow/ShapeMenu.h"
@@ -18,21 +19,12 @@ namespace {
 
 QString WithTerms(const char *text) { return settings::ReplaceTerms(QString::fromUtf8(text)); }
 
-// The first of the row's keys, as the platform writes it.
-QString KeysOf(const CommandRow &row) {
-    for (const char *keys : {row.accelerator, row.keys, row.surfaceKey}) {
-        const QString first = QString::fromLatin1(keys).section(u' ', 0, 0);
-        if (!first.isEmpty()) return QKeySequence(first).toString(QKeySequence::NativeText);
-    }
-    return {};
-}
-
-// The menu that holds the row, with those around it.
-QString PlaceOf(const CommandRow &row) {
-    if (!row.parent || !*row.parent) return {};
+// The menu of that key, with those around it.
+QString PlaceIn(const char *parent) {
+    if (!parent || !*parent) return {};
     for (const CommandRow &menu : Commands()) {
-        if (menu.kind != EntryKind::Menu || QLatin1String(menu.key) != QLatin1String(row.parent)) continue;
-        const QString outer = PlaceOf(menu), caption = PlainCaption(WithTerms(menu.caption));
+        if (menu.kind != EntryKind::Menu || QLatin1String(menu.key) != QLatin1String(parent)) continue;
+        const QString outer = PlaceIn(menu.parent), caption = PlainCaption(WithTerms(menu.caption));
         return outer.isEmpty() ? caption : outer + QStringLiteral(" \u203a ") + caption;
     }
     return {};
@@ -44,7 +36,7 @@ void AddCommands(frmMain &window, SmartMenu &menu, std::vector<SearchEntry> &ent
         const QString key = QLatin1String(row.key);
         QAction *item = menu.Item(key);
         entries.push_back({.caption = PlainCaption(WithTerms(row.caption)),
-                           .place = PlaceOf(row),
+                           .place = PlaceIn(row.parent),
                            .words = WithTerms(row.tip) + u' ' + TipOfMainButton(key),
                            .keys = KeysOf(row),
                            .icon = Icon(QLatin1String(row.image)),
@@ -63,9 +55,9 @@ void AddFormats(Toolbar &format, std::vector<SearchEntry> &entries) {
         QAction *button = format.Button(QLatin1String(row.key));
         if (!button) continue;
         entries.push_back({.caption = WithTerms(row.tip),
-                           .place = {},
+                           .place = PlaceIn(MenuOfFormat(QLatin1String(row.key))),
                            .words = frmMain::tr("Format"),
-                           .keys = {},
+                           .keys = button->shortcut().toString(QKeySequence::NativeText),
                            .icon = button->icon(),
                            .enabled = button->isEnabled(),
                            .run = [button] { button->trigger(); }});

@@ -5,6 +5,7 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/HintText.h"
 #include "mainwindow/ItemDescription.h"
+#include "mainwindow/Overview.h"
 #include "mainwindow/SurfaceSink.h"
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowStatus.h"
@@ -44,6 +45,7 @@ void SliceViews::Add(diagram::Surface &surface) {
 
 void SliceViews::Remove(diagram::Surface &surface) {
     window_.Status().HiddenMayDiffer();
+    window_.TheOverview().Leave(surface);
     // The focus of a widget that goes would land just anywhere.
     if (At(surface.Index()).hasFocus() && surface.Index() > 0) At(0).setFocus();
     if (WindowJournal *journal = window_.Journal()) journal->Unwatch(surface);

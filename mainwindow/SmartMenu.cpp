@@ -7,7 +7,6 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
-#include <QShortcut>
 
 namespace mainwindow {
 
@@ -25,7 +24,6 @@ void SmartMenu::BuildMenus(const QStringList &recentFiles) {
         } else {
             AddRow(row);
         }
-        AddKeys(row);
     }
 }
 
@@ -47,7 +45,8 @@ void SmartMenu::AddRow(const CommandRow &row) {
     QAction *entry = row.parent ? AddEntry(parent, key, caption) : MakeEntry(&window_, key, caption);
     entry->setIcon(Icon(QLatin1String(row.image)));
     entry->setCheckable(row.kind == EntryKind::Check);
-    entry->setShortcut(QKeySequence(QLatin1String(row.accelerator)));
+    AddKeys(row, *entry);
+    if (!row.parent) window_.addAction(entry);
     needing_.insert(int(row.needs), entry);
 }
 
@@ -66,23 +65,14 @@ QAction *SmartMenu::MakeEntry(QWidget *owner, const QString &key, const QString 
     return entry;
 }
 
-// Keys that stand in no menu start the entry, so that a disabled entry stays without effect and a check is
-// flipped.
-void SmartMenu::AddKeys(const CommandRow &row) {
-    const QString key = QLatin1String(row.key);
-    const QStringList sequences = QString::fromLatin1(row.keys).split(u' ', Qt::SkipEmptyParts);
-    for (const QString &sequence : sequences) {
-        const QString name = key + u'|' + sequence;
-        if (window_.findChild<QShortcut *>(name, Qt::FindDirectChildrenOnly)) continue;
-        auto *shortcut = new QShortcut(QKeySequence(sequence), &window_);
-        shortcut->setObjectName(name);
-        connect(shortcut, &QShortcut::activated, this, [this, key] {
-            if (QAction *entry = Item(key))
-                entry->trigger();
-            else
-                Q_EMIT Click(key);
-        });
-    }
+// A key of the surface is only shown: no shortcut reaches an entry by that context but from the menu itself.
+void SmartMenu::AddKeys(const CommandRow &row, QAction &entry) {
+    QList<QKeySequence> keys;
+    for (const char *column : {row.accelerator, row.keys, row.surfaceKey})
+        for (const QString &sequence : QString::fromLatin1(column).split(u' ', Qt::SkipEmptyParts))
+            keys << QKeySequence(sequence);
+    entry.setShortcuts(keys);
+    if (*row.surfaceKey) entry.setShortcutContext(Qt::WidgetShortcut);
 }
 
 void SmartMenu::AddRecentFiles(QMenu &menu, const QStringList &files) {

@@ -38,7 +38,7 @@ Q_SIGNALS:
 
 private:
     void AddRow(const CommandRow &row);
-    void AddKeys(const CommandRow &row);
+    static void AddKeys(const CommandRow &row, QAction &entry);
     void AddRecentFiles(QMenu &menu, const QStringList &files);
     QAction *AddEntry(QMenu *menu, const QString &key, const QString &caption);
     QAction *MakeEntry(QWidget *owner, const QString &key, const QString &caption);

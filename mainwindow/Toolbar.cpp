@@ -23,8 +23,8 @@ constexpr ButtonRow kMain[] = {
     {"COPY", "copy", "Copies selection to clipboard", kPush, Needs::SelectionOrText, "mnuEditCopy"},
     {"PASTE", "paste", "Pastes selection to clipboard", kPush, Needs::Nothing, "mnuEditPaste"},
     {"", "", "", ButtonStyle::Separator},
-    {"UNDO", "undo", "Undo", kPush, Needs::Undo},
-    {"REDO", "redo", "Redo", kPush, Needs::Redo},
+    {"UNDO", "undo", "Undo", kPush, Needs::Undo, "mnuEditUndo"},
+    {"REDO", "redo", "Redo", kPush, Needs::Redo, "mnuEditRedo"},
     {"", "", "", ButtonStyle::Separator},
     {"PRINT", "print", "Print", kPush, Needs::Printers, "mnuFilePrint"},
 };
@@ -84,7 +84,8 @@ void Toolbar::AddButton(const ButtonRow &row) {
     const QString tip = settings::ReplaceTerms(QString::fromUtf8(row.tip));
     auto *button = new QAction(tip, this);
     button->setObjectName(key);
-    button->setToolTip(tip);
+    const CommandRow *command = FindCommand(QLatin1String(row.command));
+    button->setToolTip(command ? WithKeys(tip, KeysOf(*command)) : tip);
     button->setCheckable(row.style == ButtonStyle::Check);
     needing_.insert(int(row.needs), button);
     const QString tag = QLatin1String(row.tag);

@@ -1,12 +1,16 @@
 #include "mainwindow/Commands.h"
 
 #include "app/settings/clsRB.h"
+#include "app/settings/Settings.h"
+#include "diagram/scene/Scene.h"
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/BarPane.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/Overview.h"
 #include "mainwindow/PickBox.h"
+#include "mainwindow/SliceTurns.h"
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/StartupSetting.h"
 #include "mainwindow/TemplateBar.h"
@@ -47,6 +51,26 @@ void ZoomAroundMiddle(frmMain &window, double percent) {
 
 void keyZoomIn(frmMain &window) { ZoomAroundMiddle(window, NextZoom(window.CurrentView().ShownZoom())); }
 void keyZoomOut(frmMain &window) { ZoomAroundMiddle(window, PreviousZoom(window.CurrentView().ShownZoom())); }
+
+QRectF SelectedArea(diagram::Scene &scene) {
+    QRectF area;
+    for (const diagram::Node *node : scene.Model().SelectedNodes()) area |= scene.Bounds(*node);
+    for (const diagram::Link *link : scene.Model().SelectedLinks()) area |= scene.Bounds(*link);
+    return area;
+}
+
+void keyZoomSelection(frmMain &window) {
+    constexpr double kTwipsOfPixel = 15, kShare = 0.85; // of the window that it fills
+    diagram::SurfaceView &view = window.CurrentView();
+    const QRectF area = SelectedArea(view.TheScene());
+    if (area.isEmpty()) return;
+    const QSizeF seen = QSizeF(view.viewport()->size()) * kTwipsOfPixel;
+    const double scale = kShare * qMin(seen.width() / area.width(), seen.height() / area.height());
+    view.ZoomAt(qBound(10.0, scale * 100, 800.0), view.FromSurface(area.center()));
+    QRectF around(QPointF(), seen * (100 / view.ShownZoom()));
+    around.moveCenter(area.center());
+    view.EnsureVisible(around);
+}
 
 void mnuViewBackgroundColor(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
@@ -115,6 +139,10 @@ void mnuViewStartPage(frmMain &window) {
     if (shows) window.Start().Offer();
 }
 
+void mnuViewOverview(frmMain &window) {
+    Overview::SetEnabled(window.MenuValue(QStringLiteral("mnuViewOverview")));
+}
+
 void SelectTab(frmMain &window, int step) {
     const int tab = window.TabStrip().TheTab() + step;
     if (tab >= 0 && tab < window.TabStrip().TabCount()) window.TabStrip().SetTheTab(tab);
@@ -129,8 +157,18 @@ void keyTemplates(frmMain &window) {
     window.Templates().RB().setFocus(Qt::ShortcutFocusReason);
 }
 
-void keySearch(frmMain &window) { window.Search().setFocus(Qt::ShortcutFocusReason); }
+void keySearch(frmMain &window) { window.Search().Begin(); }
 
+// Where all of the slice is in sight there is none.
+void keyOverview(frmMain &window) {
+    Overview::SetEnabled(true);
+    if (!window.TheOverview().TakeFocus())
+        window.Status().TellInPassing(
+            settings::ReplaceTerms(frmMain::tr("All of the @SLICE is in sight: it needs no overview.")));
+}
+
+void keyLastSlice(frmMain &window) { window.Turns().Turn(1); }
+void keyFirstSlice(frmMain &window) { window.Turns().Turn(-1); }
 void keyNextSlice(frmMain &window) { SelectTab(window, 1); }
 void keyPreviousSlice(frmMain &window) { SelectTab(window, -1); }
 
@@ -172,19 +210,34 @@ constexpr CommandRow kRows[] = {
     {"mnuView", "mnuViewTemplates", "Te&mplates", kCheck, mnuViewTemplates, "", "", "", Needs::Nothing, false,
      "bar pane side hide show"},
     {"mnuView", "mnuViewStartPage", "Show Start Page", kCheck, mnuViewStartPage},
+    {"mnuView", "mnuViewOverview", "O&verview", kCheck, mnuViewOverview, "", "", "", Needs::Nothing, false,
+     "small picture of the whole @SLICE in a corner"},
 };
 
+// Behind all others.
 constexpr CommandRow kKeyRows[] = {
-    {nullptr, "keyZoomIn", "Zoom in", kCommand, keyZoomIn, "zoomin", "", "Ctrl++ Ctrl+="},
-    {nullptr, "keyZoomOut", "Zoom out", kCommand, keyZoomOut, "zoomout", "", "Ctrl+-"},
-    {nullptr, "keyFont", "Font", kCommand, keyFont, "", "", "Ctrl+Shift+F"},
-    {nullptr, "keyFontSize", "Font size", kCommand, keyFontSize, "", "", "Ctrl+Alt+F"},
-    {nullptr, "keyDate", "Date...", kCommand, keyDate, "timeline", "", "Ctrl+T", Needs::Selection, false,
+    Separator("mnuViewZoom"),
+    {"mnuViewZoom", "keyZoomIn", "Zoom &in", kCommand, keyZoomIn, "zoomin", "", "Ctrl++ Ctrl+="},
+    {"mnuViewZoom", "keyZoomOut", "Zoom &out", kCommand, keyZoomOut, "zoomout", "", "Ctrl+-"},
+    {"mnuViewZoom", "keyZoomSelection", "Zoom to &selection", kCommand, keyZoomSelection, "zoomselection", "",
+     "", Needs::Selection, false, "Shows the selection as large as the window allows"},
+    Separator("mnuView"),
+    {"mnuView", "keyDate", "D&ate...", kCommand, keyDate, "timeline", "", "Ctrl+T", Needs::Selection, false,
      "Puts the selected @NODEs on a day of the timeline"},
-    {nullptr, "keyTemplates", "Choose a template", kCommand, keyTemplates, "template", "", "F6"},
-    {nullptr, "keySearch", "Search commands", kCommand, keySearch, "", "", "Ctrl+Shift+P"},
-    {nullptr, "keyNextSlice", "Next @SLICE", kCommand, keyNextSlice, "", "", "Ctrl+PgDown"},
-    {nullptr, "keyPreviousSlice", "Previous @SLICE", kCommand, keyPreviousSlice, "", "", "Ctrl+PgUp"},
+    Separator("mnuView", "mnuViewSepGo"),
+    {"mnuView", "mnuViewGo", "G&o to", kMenu},
+    {"mnuViewGo", "keyNextSlice", "&Next @SLICE", kCommand, keyNextSlice, "", "", "Ctrl+PgDown"},
+    {"mnuViewGo", "keyPreviousSlice", "&Previous @SLICE", kCommand, keyPreviousSlice, "", "", "Ctrl+PgUp"},
+    {"mnuViewGo", "keyLastSlice", "@SLICE used &last", kCommand, keyLastSlice, "", "", "Ctrl+Tab"},
+    {"mnuViewGo", "keyFirstSlice", "@SLICE used longest &ago", kCommand, keyFirstSlice, "", "",
+     "Ctrl+Shift+Tab"},
+    Separator("mnuViewGo"),
+    {"mnuViewGo", "keyOverview", "&Overview", kCommand, keyOverview, "", "", "", Needs::Nothing, false,
+     "small picture of the whole @SLICE, to move the part in sight"},
+    {"mnuViewGo", "keySearch", "&Search commands", kCommand, keySearch, "", "", "Ctrl+Shift+P"},
+    {"mnuViewGo", "keyTemplates", "Choose a &template", kCommand, keyTemplates, "template", "", "F6"},
+    {"mnuViewGo", "keyFont", "&Font", kCommand, keyFont, "", "", "Ctrl+Shift+F"},
+    {"mnuViewGo", "keyFontSize", "Font si&ze", kCommand, keyFontSize, "", "", "Ctrl+Alt+F"},
 };
 
 } // namespace

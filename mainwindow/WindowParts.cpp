@@ -2,10 +2,12 @@
 
 #include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
+#include "mainwindow/CommandMatch.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"
 #include "mainwindow/FontBox.h"
+#include "mainwindow/FormatMenu.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/frmPics.h"
 #include "mainwindow/PickBox.h"
@@ -77,13 +79,19 @@ void WindowParts::FillToolbars(frmPics &pics) {
     tlbMain->AddButtons(MainButtons());
     AddFontBoxes(pics);
     tlbFormat->AddButtons(FormatButtons());
-    for (const char *key : ViewButtons()) {
-        if (QAction *entry = SmartMenuXP1a->Item(QLatin1String(key)))
-            tlbView->addAction(entry);
-        else if (*key == '\0')
-            tlbView->addSeparator();
-    }
+    AddFormatEntries(*SmartMenuXP1a, *tlbFormat);
+    for (const char *key : ViewButtons()) AddViewButton(QLatin1String(key));
     staMain->SetZoomMenu(SmartMenuXP1a->Menu(QStringLiteral("mnuViewZoom")));
+}
+
+void WindowParts::AddViewButton(const QString &key) {
+    QAction *entry = SmartMenuXP1a->Item(key);
+    if (!entry) {
+        tlbView->addSeparator();
+        return;
+    }
+    entry->setToolTip(WithKeys(PlainCaption(entry->text()), KeysOf(*FindCommand(key))));
+    tlbView->addAction(entry);
 }
 
 void WindowParts::AddFontBoxes(frmPics &pics) {

@@ -2,6 +2,7 @@
 #pragma once
 
 class QSplitter;
+class QString;
 class QWidget;
 
 namespace mainwindow {
@@ -45,6 +46,8 @@ private:
     void BuildToolbars();
     void BuildStatusBar();
     void AddFontBoxes(frmPics &pics);
+    // An entry of the menus as a button; a separator for a key that names none.
+    void AddViewButton(const QString &key);
 
     frmMain &window_;
 };

@@ -16,9 +16,11 @@
 #include "mainwindow/frmPics.h"
 #include "mainwindow/frmSplash.h"
 #include "mainwindow/LostMapOffers.h"
+#include "mainwindow/Overview.h"
 #include "mainwindow/Placement.h"
 #include "mainwindow/SliceEditor.h"
 #include "mainwindow/SliceTabs.h"
+#include "mainwindow/SliceTurns.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/StartOffer.h"
@@ -72,6 +74,7 @@ frmMain::~frmMain() {
     // The focus goes on while the controls go.
     qApp->disconnect(this);
     filter_.reset();
+    overview_.reset(); // watches a surface
     AddFlow1_.SetWatchers({}, {});
     if (frmPics_) frmPics_->RemoveUsage(*this);
 }
@@ -126,6 +129,7 @@ void frmMain::BuildMenus() {
     SetMenuValue(QStringLiteral("mnuViewStartup"), settings::GetStartupEnabled());
     SetMenuValue(QStringLiteral("mnuViewRBPrompt"), RHSPrompt());
     SetMenuValue(QStringLiteral("mnuViewTemplates"), templates_->Pane().IsShown());
+    SetMenuValue(QStringLiteral("mnuViewOverview"), Overview::IsEnabled());
     SetMenuValue(QStringLiteral("mnuViewStartPage"), settings::GetStartPageEnabled());
 }
 

@@ -26,9 +26,11 @@ class Finder;
 class frmLayers;
 class frmPics;
 class LostMapOffers;
+class Overview;
 class PickBox;
 class PutBack;
 class SliceEditor;
+class SliceTurns;
 class SliceViews;
 class StartOffer;
 class TemplateBar;
@@ -139,6 +141,8 @@ public:
     WindowJournal *Journal() const { return journal_.get(); }
     LostMapOffers &LostMaps() const { return *lostMaps_; }
     StartOffer &Start() const { return *start_; }
+    SliceTurns &Turns() const { return *turns_; }
+    Overview &TheOverview() const { return *overview_; }
     // Whether a file to be opened wants a new window: this map is dirty, or its first slice has 4 nodes or
     // more.
     bool WantsNewWindow();
@@ -216,6 +220,8 @@ private:
     std::unique_ptr<Finder> finder_;
     std::unique_ptr<LostMapOffers> lostMaps_;
     std::unique_ptr<StartOffer> start_;
+    std::unique_ptr<SliceTurns> turns_;
+    std::unique_ptr<Overview> overview_;
     std::unique_ptr<SliceEditor> slices_;
     std::unique_ptr<WindowPrinting> printing_;
     std::unique_ptr<TimelinePopup> popup_;

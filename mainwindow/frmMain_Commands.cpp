@@ -4,6 +4,7 @@
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/FormatCommands.h"
+#include "mainwindow/Overview.h"
 #include "mainwindow/PutBack.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/SliceViews.h"
@@ -77,6 +78,7 @@ void frmMain::UpdateCommands() {
     SetMenuValue(QStringLiteral("mnuViewSnapGrid"), surface.SnapToGrid());
     status_->Update();
     start_->Update();
+    overview_->Update();
 }
 
 } // namespace mainwindow

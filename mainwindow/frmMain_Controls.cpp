@@ -8,10 +8,12 @@
 #include "mainwindow/FilterBoxes.h"
 #include "mainwindow/Finder.h"
 #include "mainwindow/LostMapOffers.h"
+#include "mainwindow/Overview.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/PutBack.h"
 #include "mainwindow/SliceEditor.h"
 #include "mainwindow/SliceTabs.h"
+#include "mainwindow/SliceTurns.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/StartOffer.h"
@@ -47,6 +49,8 @@ void frmMain::BuildControls() {
     lostMaps_ = std::make_unique<LostMapOffers>(*this, parts_->picRHS);
     start_ = std::make_unique<StartOffer>(*this, parts_->picRHS);
     filter_ = std::make_unique<FilterBoxes>(*this, *parts_->tlbFilter);
+    turns_ = std::make_unique<SliceTurns>(*this, parts_->picRHS);
+    overview_ = std::make_unique<Overview>(*this, parts_->picRHS);
     slices_ = std::make_unique<SliceEditor>(*this);
     printing_ = std::make_unique<WindowPrinting>(*this);
     popup_ = std::make_unique<TimelinePopup>(*this);
@@ -86,8 +90,11 @@ void frmMain::ConnectControls() {
             [this] { support::Report("frmMain", "UpdateCommands", [this] { UpdateCommands(); }); });
     connect(&printersWait_, &QTimer::timeout, this,
             [this] { support::Report("frmMain", "LookForPrinters", [this] { LookForPrinters(); }); });
-    connect(&firstPaint_, &QTimer::timeout, &printersWait_, [this] { printersWait_.start(); });
-    connect(&firstPaint_, &QTimer::timeout, this, [this] { start_->Offer(); });
+    connect(&firstPaint_, &QTimer::timeout, this, [this] {
+        printersWait_.start();
+        start_->Offer();
+        overview_->Start();
+    });
 }
 
 void frmMain::ConnectTabs() {

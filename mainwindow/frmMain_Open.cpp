@@ -6,6 +6,7 @@
 #include "document/LastPath.h"
 #include "document/MemoryGuard.h"
 #include "mainwindow/OfferSalvage.h"
+#include "mainwindow/SliceTurns.h"
 #include "support/clsPaths.h"
 #include "support/Files.h"
 
@@ -96,6 +97,7 @@ void frmMain::Load(const QString &path) {
     ShowWindow();
     DoEvents();
     LoadOrOffer(*this, path, [this] { document::DoLoad(*this); });
+    turns_->Forget(); // loading has selected every tab
 }
 
 } // namespace mainwindow

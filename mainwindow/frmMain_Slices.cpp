@@ -5,7 +5,9 @@
 #include "mainwindow/Finder.h"
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/LostMapOffers.h"
+#include "mainwindow/Overview.h"
 #include "mainwindow/SliceEditor.h"
+#include "mainwindow/SliceTurns.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/TimelineCommands.h"
@@ -28,6 +30,8 @@ void frmMain::SSTab_Click() {
     if (!views_->Has(current)) return; // a tab whose surface is still to be loaded
     views_->Select(current, tabStrip_.Caption());
     start_->Raise();
+    overview_->Follow();
+    turns_->Selected(tabStrip_.TheTab());
     ShowTimelineTick(*this);
     ScheduleUpdate();
 }
@@ -42,6 +46,7 @@ void frmMain::picRHS_Resize() {
     if (inner.height() < 0) inner.setHeight(0);
     views_->Place(inner);
     start_->Place(inner);
+    overview_->Update();
 }
 
 void frmMain::DoInsertSlice() {

@@ -1,6 +1,8 @@
 #include "support/real/QtMessageBoxes.h"
 
-#include <QApplication>
+#include "support/real/InFront.h"
+
+#include <QCoreApplication>
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QGridLayout>
@@ -105,7 +107,7 @@ QString FitForBox(const QString &text) {
 
 Answer QtMessageBoxes::Show(const QString &text, Buttons buttons, Icon icon, const QString &title,
                             EnterPresses enter) {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(WindowInFront());
     box.setTextFormat(Qt::PlainText);
     box.setText(FitForBox(WithLineFeeds(text)));
     box.setWindowTitle(TitleOrApplication(title));
@@ -117,17 +119,18 @@ Answer QtMessageBoxes::Show(const QString &text, Buttons buttons, Icon icon, con
     box.setEscapeButton(ButtonOf(closing));
     box.setDefaultButton(ButtonForEnter(box.standardButtons(), enter));
     WidenForTitle(box);
-    const int pressed = box.exec();
+    const int pressed = ExecInFront(box);
     for (const AnswerRow &row : kAnswers)
         if (row.button == pressed) return row.answer;
     return closing;
 }
 
 QString QtMessageBoxes::InputBox(const QString &prompt, const QString &title, const QString &preset) {
-    bool ok = false;
-    const QString text = QInputDialog::getText(QApplication::activeWindow(), TitleOrApplication(title),
-                                               WithLineFeeds(prompt), QLineEdit::Normal, preset, &ok);
-    return ok ? text : QString();
+    QInputDialog dialog(WindowInFront());
+    dialog.setWindowTitle(TitleOrApplication(title));
+    dialog.setLabelText(WithLineFeeds(prompt));
+    dialog.setTextValue(preset);
+    return ExecInFront(dialog) == QDialog::Accepted ? dialog.textValue() : QString();
 }
 
 } // namespace support

@@ -8,6 +8,8 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QTest>
 
@@ -171,6 +173,17 @@ void ChooseAFont(Reader &r) {
     EXPECT_NE(r.a->Font().Name(), QStringLiteral("Some Font"));
 }
 
+// By the letters of the menu's entries.
+void ChooseInArrange(Reader &r, std::initializer_list<Qt::Key> letters) {
+    for (QAction *menu : r.window->menuBar()->actions())
+        if (menu->objectName() == QLatin1String("mnuArrange")) menu->menu()->popup(QPoint());
+    for (const Qt::Key letter : letters) {
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+        QTest::keyClick(QApplication::activePopupWidget(), letter);
+    }
+    r.ProcessEvents();
+}
+
 void LineUp(Reader &r) {
     const auto both = [&] {
         r.Click(Reader::Body(*r.a));
@@ -178,16 +191,16 @@ void LineUp(Reader &r) {
     };
     r.a->SetBounds(600, 600, 900, 600);
     both();
-    r.RunFound("align right");
+    ChooseInArrange(r, {Qt::Key_A, Qt::Key_R});
     EXPECT_EQ(r.a->Bounds().right(), r.c->Bounds().right());
     r.a->SetBounds(600, 600, 900, 600);
     r.Click(Reader::kEmpty);
     both();
-    r.RunFound("same size");
+    ChooseInArrange(r, {Qt::Key_S, Qt::Key_S});
     EXPECT_EQ(r.a->Bounds().size(), r.c->Bounds().size());
     r.Click(Reader::Body(*r.b), kCtrl);
     r.b->SetTop(1200);
-    r.RunFound("distribute vertically");
+    ChooseInArrange(r, {Qt::Key_D, Qt::Key_V});
     EXPECT_NEAR(r.b->Top() - r.a->Bounds().bottom(), r.c->Top() - r.b->Bounds().bottom(), 1);
 }
 
@@ -196,6 +209,10 @@ void Stack(Reader &r) {
     r.PushFormatButton("FRONT");
     EXPECT_EQ(r.a->ZOrder(), 2);
     r.PushFormatButton("BACK");
+    EXPECT_EQ(r.a->ZOrder(), 0);
+    ChooseInArrange(r, {Qt::Key_F});
+    EXPECT_EQ(r.a->ZOrder(), 2);
+    ChooseInArrange(r, {Qt::Key_B});
     EXPECT_EQ(r.a->ZOrder(), 0);
 }
 
@@ -309,8 +326,9 @@ constexpr ToldStep kDrawing[] = {
      "font of what is selected. Type any part of a name, or a size, and press Enter, or choose from the "
      "list, which shows each font in its own letters",
      ChooseAFont},
-    {"line up | select several and search the commands for *align*, *distribute* or *same size*", LineUp},
-    {"stack | *Bring to front* and *Send to back* in the format toolbar", Stack},
+    {"line up | select several and choose *Align*, *Distribute* or *Same Size* in the menu *Arrange*",
+     LineUp},
+    {"stack | *Bring to front* and *Send to back* in the format toolbar or in *Arrange*", Stack},
     {"show both texts of the nodes | the button *both texts* in the format toolbar, for all slices; the same "
      "button takes the second texts away again. Nodes that take the size of their text are painted with room "
      "for both; rest the pointer on a text that finds none. What is typed goes into the first text; pictures "

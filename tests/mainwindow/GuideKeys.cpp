@@ -322,6 +322,19 @@ void GoBySlice(Reader &r) {
     EXPECT_EQ(r.window->TabStrip().TheTab(), 0);
 }
 
+void GoByLastUse(Reader &r) {
+    r.window = &r.Another();
+    r.window->DoOpen(r.SavedPlan("slices.map", 1, 3), false);
+    for (const int tab : {2, 0, 1}) r.window->TabStrip().SetTheTab(tab);
+    r.ProcessEvents();
+    r.TabWithCtrl(Qt::Key_Tab, 1);
+    EXPECT_EQ(r.window->TabStrip().TheTab(), 0);
+    r.TabWithCtrl(Qt::Key_Tab, 2);
+    EXPECT_EQ(r.window->TabStrip().TheTab(), 2);
+    r.TabWithCtrl(Qt::Key_Backtab, 1);
+    EXPECT_EQ(r.window->TabStrip().TheTab(), 1);
+}
+
 void GoToFontBoxes(Reader &r) {
     r.Press("Ctrl+Shift+F");
     EXPECT_TRUE(r.window->cboFont().hasFocus());
@@ -349,6 +362,10 @@ constexpr ToldStep kCommands[] = {
     {"Ctrl++, Ctrl+-, Ctrl+0, Ctrl+9 | zoom in, zoom out, 100 per cent, fit in window", Zoom},
     {"Ctrl+T | the date of the selected nodes", Date},
     {"Ctrl+PgDn, Ctrl+PgUp | next and previous slice", GoBySlice},
+    {"Ctrl+Tab, Ctrl+Shift+Tab | the slice used last, the one used longest ago; hold Ctrl and press Tab "
+     "again "
+     "to go further",
+     GoByLastUse},
     {"Ctrl+Shift+F, Ctrl+Alt+F | the font boxes", GoToFontBoxes},
     {"F1 | help", Help},
 };

@@ -5,6 +5,7 @@
 #include "diagram/interaction/Press.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/CommandSearch.h"
+#include "tests/mainwindow/HeldKeys.h"
 
 #include <QAction>
 #include <QApplication>
@@ -97,6 +98,13 @@ void Reader::Type(const QString &text) {
 void Reader::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(QApplication::focusWidget(), key, modifiers);
     ProcessEvents();
+}
+
+void Reader::TabWithCtrl(Qt::Key key, int times) {
+    const Qt::KeyboardModifiers shift = key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier;
+    PressKey(*window, Qt::Key_Control, Qt::ControlModifier);
+    for (; times > 0; --times) PressKey(*window, key, Qt::ControlModifier | shift);
+    ReleaseKey(*window, Qt::Key_Control);
 }
 
 void Reader::RunFound(const char *words) {

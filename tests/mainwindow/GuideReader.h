@@ -26,6 +26,8 @@ public:
     void Press(const char *keys);
     void Type(const QString &text);
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    // Tab or Backtab, as often as told, while Ctrl is held.
+    void TabWithCtrl(Qt::Key key, int times);
     // Runs the first command that the search offers for the words.
     void RunFound(const char *words);
     void PushFormatButton(const char *key);

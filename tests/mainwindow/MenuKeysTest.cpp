@@ -44,6 +44,8 @@ constexpr KeyAndCommand kKeys[] = {
     {"Ctrl+Shift+P", "keySearch"},
     {"Ctrl+PgDown", "keyNextSlice"},
     {"Ctrl+PgUp", "keyPreviousSlice"},
+    {"Ctrl+Tab", "keyLastSlice"},
+    {"Ctrl+Shift+Tab", "keyFirstSlice"},
     {"Ctrl+D", "keyDuplicate"},
     {"Ctrl+F", "keyFind"},
     {"Ctrl+H", "keyReplace"},

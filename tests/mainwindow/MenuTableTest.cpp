@@ -85,6 +85,19 @@ constexpr const char *kMenu[] = {
     "mnuEdit|mnuEditUnSelectAll|command|&UnSelect All",
     "mnuEdit||sep|",
     "mnuEdit|mnuEditProperties|command|Properties...",
+    "mnuEdit||sep|",
+    "mnuEdit|mnuEditDelete|command|&Delete",
+    "mnuEdit|keyDuplicate|command|Dup&licate",
+    "mnuEdit|keyEditText|command|&Edit text",
+    "mnuEdit|mnuEditLinks|menu|Links by keyboard",
+    "mnuEditLinks|keyLinkTo|command|Link &to another Node",
+    "mnuEditLinks|keyLinkFrom|command|Link &from another Node",
+    "mnuEditLinks|keyBend|command|&Bend the Link",
+    "mnuEdit|mnuEditSepFind|sep|",
+    "mnuEdit|keyFind|command|&Find...",
+    "mnuEdit|keyReplace|command|Repl&ace...",
+    "mnuEdit|keyFindNext|command|Find ne&xt",
+    "mnuEdit|keyFindPrevious|command|Find pre&vious",
     "|mnuView|menu|&View",
     "mnuView|mnuViewG|menu|&Grid",
     "mnuViewG|mnuViewGrid|check|&Grid Lines",
@@ -94,6 +107,10 @@ constexpr const char *kMenu[] = {
     "mnuViewZoom|mnuViewZoom150|command|150%",
     "mnuViewZoom|mnuViewZoom75|command|75%",
     "mnuViewZoom|mnuViewZoomFit|command|Fit in window",
+    "mnuViewZoom||sep|",
+    "mnuViewZoom|keyZoomIn|command|Zoom &in",
+    "mnuViewZoom|keyZoomOut|command|Zoom &out",
+    "mnuViewZoom|keyZoomSelection|command|Zoom to &selection",
     "mnuView|mnuViewTimeline|check|&Timeline",
     "mnuView|mnuViewBackgroun|menu|&Background",
     "mnuViewBackgroun|mnuViewBackgroundColor|command|&Color...",
@@ -112,9 +129,58 @@ constexpr const char *kMenu[] = {
     "mnuView||sep|",
     "mnuView|mnuViewTemplates|check|Te&mplates",
     "mnuView|mnuViewStartPage|check|Show Start Page",
+    "mnuView|mnuViewOverview|check|O&verview",
+    "mnuView||sep|",
+    "mnuView|keyDate|command|D&ate...",
+    "mnuView|DISPLAY|check|Bot&h texts",
+    "mnuView|EXPAND|command|E&xpand Timeline Nodes",
+    "mnuView|COMPRESS|command|&Compress Timeline Nodes",
+    "mnuView|mnuViewSepGo|sep|",
+    "mnuView|mnuViewGo|menu|G&o to",
+    "mnuViewGo|keyNextSlice|command|&Next Slice",
+    "mnuViewGo|keyPreviousSlice|command|&Previous Slice",
+    "mnuViewGo|keyLastSlice|command|Slice used &last",
+    "mnuViewGo|keyFirstSlice|command|Slice used longest &ago",
+    "mnuViewGo||sep|",
+    "mnuViewGo|keyOverview|command|&Overview",
+    "mnuViewGo|keySearch|command|&Search commands",
+    "mnuViewGo|keyTemplates|command|Choose a &template",
+    "mnuViewGo|keyFont|command|&Font",
+    "mnuViewGo|keyFontSize|command|Font si&ze",
     "|mnuLayout|menu|&Layout",
     "mnuLayout|mnuLayoutHExecute|command|Hierarchical",
     "mnuLayout|mnuLayoutTreeExecute|command|Tree",
+    "mnuLayout||sep|",
+    "mnuLayout|mnuLayoutHOptions|command|&Hierarchical layout options...",
+    "mnuLayout|mnuLayoutTreeOptions|command|&Tree layout options...",
+    "|mnuArrange|menu|&Arrange",
+    "mnuArrange|FRONT|command|Bring to &front",
+    "mnuArrange|BACK|command|Send to &back",
+    "mnuArrange|mnuArrangeSep1|sep|",
+    "mnuArrange|mnuArrangeAlign|menu|&Align",
+    "mnuArrangeAlign|keyAlignLeft|command|Align &left",
+    "mnuArrangeAlign|keyAlignCentre|command|Align &centre",
+    "mnuArrangeAlign|keyAlignRight|command|Align &right",
+    "mnuArrangeAlign||sep|",
+    "mnuArrangeAlign|keyAlignTop|command|Align &top",
+    "mnuArrangeAlign|keyAlignMiddle|command|Align &middle",
+    "mnuArrangeAlign|keyAlignBottom|command|Align &bottom",
+    "mnuArrange|mnuArrangeDistribute|menu|&Distribute",
+    "mnuArrangeDistribute|keyDistributeAcross|command|Distribute &horizontally",
+    "mnuArrangeDistribute|keyDistributeDown|command|Distribute &vertically",
+    "mnuArrange|mnuArrangeSize|menu|Same &Size",
+    "mnuArrangeSize|keySameWidth|command|Same &width",
+    "mnuArrangeSize|keySameHeight|command|Same &height",
+    "mnuArrangeSize|keySameSize|command|Same &size",
+    "mnuArrange||sep|",
+    "mnuArrange|mnuArrangeText|menu|&Text",
+    "mnuArrangeText|BOLD|command|&Bold",
+    "mnuArrangeText|ITALIC|command|&Italic",
+    "mnuArrangeText|ULINE|command|&Underline",
+    "mnuArrangeText||sep|",
+    "mnuArrangeText|LEFT|command|&Left",
+    "mnuArrangeText|CENTER|command|&Center",
+    "mnuArrangeText|RIGHT|command|&Right",
     "|mnuHelp|menu|&Help",
     "mnuHelp|mnuHelpHelp|command|&Help",
     "mnuHelp|mnuHelpWeb|command|Visit Website",
@@ -202,11 +268,13 @@ TEST_F(MenuTable, PrintersWaitUntilNoRoutineLetsEventsRun) {
 TEST_F(MenuTable, ToolbarsHoldEveryButtonInItsPlace) {
     frmMain &window = NewWindow();
     EXPECT_EQ(Buttons(window, "tlbMain"),
-              QStringList({QStringLiteral("NEW|New Map"), QStringLiteral("OPEN|Open Map"),
-                           QStringLiteral("SAVE|Save Map"), QStringLiteral("CUT|Cuts selection to clipboard"),
-                           QStringLiteral("COPY|Copies selection to clipboard"),
-                           QStringLiteral("PASTE|Pastes selection to clipboard"), QStringLiteral("UNDO|Undo"),
-                           QStringLiteral("REDO|Redo"), QStringLiteral("PRINT|Print")}));
+              QStringList({QStringLiteral("NEW|New Map (Ctrl+N)"), QStringLiteral("OPEN|Open Map (Ctrl+O)"),
+                           QStringLiteral("SAVE|Save Map (Ctrl+S)"),
+                           QStringLiteral("CUT|Cuts selection to clipboard (Ctrl+X)"),
+                           QStringLiteral("COPY|Copies selection to clipboard (Ctrl+C)"),
+                           QStringLiteral("PASTE|Pastes selection to clipboard (Ctrl+V)"),
+                           QStringLiteral("UNDO|Undo (Ctrl+Z)"), QStringLiteral("REDO|Redo (Ctrl+Y)"),
+                           QStringLiteral("PRINT|Print (Ctrl+P)")}));
     EXPECT_EQ(Buttons(window, "tlbFormat"),
               QStringList({QStringLiteral("NEW|New Element|menu"), QStringLiteral("BOLD|Bold"),
                            QStringLiteral("ITALIC|Italic"), QStringLiteral("ULINE|Underline"),
@@ -216,6 +284,67 @@ TEST_F(MenuTable, ToolbarsHoldEveryButtonInItsPlace) {
                            QStringLiteral("DISPLAY|Toogles the display of both texts on and off|check"),
                            QStringLiteral("EXPAND|Expand Timeline Nodes"),
                            QStringLiteral("COMPRESS|Compress Timeline Nodes")}));
+}
+
+TEST_F(MenuTable, ButtonsOfTheViewTellTheirKeys) {
+    frmMain &window = NewWindow();
+    EXPECT_EQ(Buttons(window, "tlbView"),
+              QStringList({QStringLiteral("mnuViewGrid|Grid Lines (Ctrl+G)|check"),
+                           QStringLiteral("mnuViewSnapGrid|Snap to Grid (Ctrl+Shift+G)|check"),
+                           QStringLiteral("keyZoomOut|Zoom out (Ctrl+-)"),
+                           QStringLiteral("mnuViewZoom100|100% (Normal) (Ctrl+0)"),
+                           QStringLiteral("keyZoomIn|Zoom in (Ctrl++)"),
+                           QStringLiteral("mnuViewZoomFit|Fit in window (Ctrl+9)")}));
+}
+
+// Shapes have their menu below the button "New Element".
+TEST_F(MenuTable, EveryCommandAndEveryFormatIsInAMenu) {
+    settings::ProductTerms terms = settings::Terms();
+    terms.AUTHOR = true;
+    settings::SetTerms(terms);
+    const QStringList described = Described(NewWindow());
+    const auto isThere = [&](const char *key) {
+        return !described.filter(QStringLiteral("|%1|").arg(QLatin1String(key))).isEmpty();
+    };
+    for (const CommandRow &row : mainwindow::Commands()) {
+        if (row.routine) {
+            EXPECT_TRUE(isThere(row.key)) << row.key;
+        }
+    }
+    for (const ButtonRow &row : FormatButtons()) {
+        if (*row.key && row.style != ButtonStyle::DropDown) {
+            EXPECT_TRUE(isThere(row.key)) << row.key;
+        }
+    }
+}
+
+TEST_F(MenuTable, EachEntryShowsTheFirstOfItsKeys) {
+    frmMain &window = NewWindow();
+    int shown = 0;
+    for (const CommandRow &row : mainwindow::Commands()) {
+        const QAction *entry = row.routine ? Entry(window, row.key) : nullptr;
+        if (!entry) continue;
+        EXPECT_EQ(entry->shortcut().toString(QKeySequence::NativeText), KeysOf(row)) << row.key;
+        if (!entry->shortcut().isEmpty()) ++shown;
+    }
+    EXPECT_GE(shown, 30);
+    EXPECT_EQ(Entry(window, "mnuEditDelete")->shortcut(), QKeySequence(Qt::Key_Delete))
+        << "the surface's own";
+}
+
+TEST_F(MenuTable, AFormatInTheMenuIsTheButtonItself) {
+    frmMain &window = NewWindow();
+    diagram::Node &lower = AddNode(window, 900, 900);
+    AddNode(window, 1200, 1200);
+    lower.SetSelected(true);
+    ProcessEvents();
+    auto *arrange = window.menuBar()->findChild<QMenu *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QMenu *menu : window.menuBar()->findChildren<QMenu *>())
+        if (menu->menuAction()->objectName() == QLatin1String("mnuArrange")) arrange = menu;
+    arrange->popup(QPoint());
+    QTest::keyClick(arrange, Qt::Key_F); // "Bring to &front"
+    ProcessEvents();
+    EXPECT_EQ(lower.ZOrder(), 1);
 }
 
 TEST_F(MenuTable, EveryButtonAndEveryImageIsThere) {

@@ -49,6 +49,24 @@ TEST_F(Search, ItsKeyGoesToTheBox) {
     EXPECT_TRUE(box.hasFocus());
 }
 
+TEST_F(Search, OldWordsStayAndAreSelectedByTheKeyAndByAClick) {
+    Type(QStringLiteral("grid"));
+    if (QWidget *popup = QApplication::activePopupWidget()) popup->hide();
+    window.activateWindow();
+    ProcessEvents();
+    Press(window, QStringLiteral("Ctrl+Shift+P"));
+    EXPECT_EQ(box.selectedText(), QStringLiteral("grid")) << "it had the focus already";
+    window.CurrentView().setFocus();
+    ASSERT_FALSE(box.hasFocus());
+    EXPECT_EQ(box.text(), QStringLiteral("grid"));
+    QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(6, box.height() / 2));
+    EXPECT_EQ(box.selectedText(), QStringLiteral("grid"));
+    QTest::keyClicks(&box, QStringLiteral("snap"));
+    EXPECT_EQ(box.text(), QStringLiteral("snap"));
+    QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(6, box.height() / 2));
+    EXPECT_TRUE(box.selectedText().isEmpty()) << "a second click places the cursor";
+}
+
 TEST_F(Search, FindsCommandsByWordsOfTheirTipsAndTheirMenus) {
     Type(QStringLiteral("clipboard cuts"));
     EXPECT_EQ(box.Offered(), QStringList(QStringLiteral("Edit \u203a Cut")));
@@ -91,7 +109,7 @@ TEST_F(Search, ACommandThatIsDisabledStays) {
 TEST_F(Search, EscapeLeavesTheBoxAndRunsNothing) {
     Type(QStringLiteral("grid lines"));
     QWidget *popup = QApplication::activePopupWidget();
-    if (popup) QTest::keyClick(popup, Qt::Key_Escape);
+    if (popup) popup->hide();
     QTest::keyClick(&box, Qt::Key_Escape);
     EXPECT_FALSE(window.CurrentSurface().GridLines());
     EXPECT_TRUE(window.CurrentView().hasFocus());

@@ -12,11 +12,13 @@
 #include <QFontMetrics>
 #include <QIcon>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
+#include <QWindow>
 
 using namespace support;
 
@@ -104,6 +106,71 @@ TEST_F(RealBoxes, Show_WithoutATitleTakesTheApplicationsName) {
     });
     desktop_.messageBoxes.Show("x", Buttons::Ok, Icon::Information, QString());
     EXPECT_EQ(title, "Edition");
+}
+
+// As when a window that was shown before is given the keyboard only now.
+TEST_F(RealBoxes, Show_TakesTheKeyboardBackFromAWindowThatComesLate) {
+    QWidget main;
+    main.show();
+    QApplication::processEvents();
+    OnceShown<QMessageBox>([&](QMessageBox &box) {
+        main.activateWindow();
+        QApplication::processEvents();
+        QApplication::processEvents();
+        EXPECT_EQ(QGuiApplication::focusWindow(), box.windowHandle());
+        EXPECT_TRUE(box.defaultButton()->hasFocus());
+        if (QWindow *keyboard = QGuiApplication::focusWindow()) QTest::keyClick(keyboard, Qt::Key_Return);
+        if (box.isVisible()) box.reject();
+    });
+    EXPECT_EQ(desktop_.messageBoxes.Show("x", Buttons::YesNo, Icon::Question, "Title"), Answer::Yes);
+}
+
+TEST_F(RealBoxes, Show_BelongsToAWindowThatIsSeenWhereNoneIsActive) {
+    const QWidget *owner = nullptr;
+    QWidget main;
+    main.setAttribute(Qt::WA_ShowWithoutActivating);
+    main.show();
+    QWindow elsewhere;
+    elsewhere.show();
+    elsewhere.requestActivate();
+    QApplication::processEvents();
+    ASSERT_EQ(QApplication::activeWindow(), nullptr);
+    OnceShown<QMessageBox>([&](QMessageBox &box) {
+        owner = box.parentWidget();
+        box.accept();
+    });
+    desktop_.messageBoxes.Show("x", Buttons::Ok, Icon::None, "Title");
+    EXPECT_EQ(owner, &main);
+}
+
+TEST_F(RealBoxes, Show_HidesASplashWindowForAsLong) {
+    QWidget splash(nullptr, Qt::SplashScreen);
+    splash.show();
+    bool seen = true;
+    OnceShown<QMessageBox>([&](QMessageBox &box) {
+        seen = splash.isVisible();
+        EXPECT_EQ(box.parentWidget(), nullptr);
+        box.accept();
+    });
+    desktop_.messageBoxes.Show("x", Buttons::Ok, Icon::None, "Title");
+    EXPECT_FALSE(seen);
+    EXPECT_TRUE(splash.isVisible());
+}
+
+TEST_F(RealBoxes, Show_ComesThroughAMenuThatIsOpen) {
+    QWidget main;
+    main.show();
+    QMenu menu(&main);
+    menu.addAction(QStringLiteral("Entry"));
+    menu.popup(QPoint());
+    QApplication::processEvents();
+    ASSERT_EQ(QApplication::activePopupWidget(), &menu);
+    OnceShown<QMessageBox>([&](QMessageBox &box) {
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+        if (QWindow *keyboard = QGuiApplication::focusWindow()) QTest::keyClick(keyboard, Qt::Key_Return);
+        if (box.isVisible()) box.reject();
+    });
+    EXPECT_EQ(desktop_.messageBoxes.Show("x", Buttons::YesNo, Icon::Question, "Title"), Answer::Yes);
 }
 
 // Title bars are drawn by the desktop, in a bold font as often as not, with buttons beside the title.

@@ -1,0 +1,25 @@
+// What a command line asks of the program beside a map: words on the console, without a window.
+#pragma once
+
+#include <optional>
+#include <QStringList>
+
+namespace app {
+
+struct ConsoleAnswer {
+    QString text; // whole lines
+    bool isComplaint = false;
+};
+
+// The answer to --help (-h) or --version, as the first argument behind the program's name; none for anything
+// else. Needs no application object.
+std::optional<ConsoleAnswer> AnswerToOption(const QStringList &arguments);
+
+// The complaint about a first argument that looks like an option and is none, where the whole command line is
+// no file. `arguments` without those that the toolkit knows.
+std::optional<ConsoleAnswer> ComplaintAboutOption(const QStringList &arguments);
+
+// Writes it where it belongs; the exit code of a process that ends with it.
+int Tell(const ConsoleAnswer &answer);
+
+} // namespace app
