@@ -1,21 +1,14 @@
 #include "mainwindow/ShapeMenu.h"
 
-#include "diagram/shapes/Shapes.h"
 #include "mainwindow/Icons.h"
+#include "widgets/ShapeNames.h"
 
 namespace mainwindow {
 
-namespace {
-// The one shape that the menu spells in another way than the lists of the dialogs.
-constexpr int kPunchedTape = 65;
-} // namespace
-
 std::vector<ShapeEntry> ShapeEntries() {
     std::vector<ShapeEntry> entries;
-    for (const diagram::ShapeRow &row : diagram::ShapeTable()) {
-        const QString name = QString::fromLatin1(row.name);
-        entries.push_back({row.value, row.value == kPunchedTape ? QStringLiteral("Punched Tape") : name});
-    }
+    for (const widgets::ShapeName &shape : widgets::ShapeNames())
+        entries.push_back({shape.value, shape.caption});
     return entries;
 }
 
