@@ -51,6 +51,7 @@ std::span<const CommandRow> KeyCommands();
 std::span<const CommandRow> EditKeyCommands();
 std::span<const CommandRow> ArrangeCommands();
 std::span<const CommandRow> FindCommands();
+std::span<const CommandRow> ShapeCommands();
 
 // All of them in that order.
 std::vector<CommandRow> Commands();

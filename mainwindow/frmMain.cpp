@@ -17,6 +17,7 @@
 #include "mainwindow/frmSplash.h"
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/Placement.h"
+#include "mainwindow/ShapePalette.h"
 #include "mainwindow/SliceEditor.h"
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SliceViews.h"
@@ -24,6 +25,7 @@
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/TemplateBar.h"
 #include "mainwindow/TimelinePopup.h"
+#include "mainwindow/Toolbar.h"
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowParts.h"
 #include "mainwindow/WindowPrinting.h"
@@ -101,6 +103,7 @@ void frmMain::Form_Load() {
     BuildMenus();
     frmSplash::ShowDoing(tr("Loading Toolbars"));
     parts_->FillToolbars(*frmPics_);
+    shapes_->SetButton(*parts_->tlbView, *parts_->SmartMenuXP1a->Item(QStringLiteral("keyShapes")));
     parts_->SetEnabled(Needs::Printers, false); // until they are looked for
     ConnectControls();
     AddFlow1_afGotFocus(CurrentIndex());
@@ -129,6 +132,7 @@ void frmMain::BuildMenus() {
     SetMenuValue(QStringLiteral("mnuViewRBPrompt"), RHSPrompt());
     SetMenuValue(QStringLiteral("mnuViewTemplates"), templates_->Pane().IsShown());
     SetMenuValue(QStringLiteral("mnuViewStartPage"), settings::GetStartPageEnabled());
+    SetMenuValue(QStringLiteral("mnuViewShapes"), shapes_->IsStripShown());
 }
 
 void frmMain::Form_Activate() {

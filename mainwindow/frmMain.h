@@ -28,6 +28,7 @@ class frmPics;
 class LostMapOffers;
 class PickBox;
 class PutBack;
+class ShapePalette;
 class SliceEditor;
 class SliceViews;
 class StartOffer;
@@ -139,6 +140,7 @@ public:
     WindowJournal *Journal() const { return journal_.get(); }
     LostMapOffers &LostMaps() const { return *lostMaps_; }
     StartOffer &Start() const { return *start_; }
+    ShapePalette &Shapes() const { return *shapes_; }
     // Whether a file to be opened wants a new window: this map is dirty, or its first slice has 4 nodes or
     // more.
     bool WantsNewWindow();
@@ -221,6 +223,7 @@ private:
     std::unique_ptr<TimelinePopup> popup_;
     std::unique_ptr<DroppedFiles> drop_;
     std::unique_ptr<TemplateBar> templates_;
+    std::unique_ptr<ShapePalette> shapes_;
     frmPics *frmPics_ = nullptr;
     QTimer tmrResize_;
     QTimer update_;

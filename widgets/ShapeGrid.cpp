@@ -13,7 +13,7 @@ namespace widgets {
 namespace {
 
 constexpr int kMargin = 6;
-constexpr int kColumns = 6, kRows = 11; // of pictures, where there is room
+constexpr int kColumns = 6; // of pictures, where there is room
 
 // The name of a shape may be wider than the grid.
 class NameLabel : public QLabel {
@@ -58,8 +58,10 @@ ShapeGrid::ShapeGrid(QWidget *parent)
 }
 
 QSize ShapeGrid::sizeHint() const {
-    const QSize pictures = list_->SizeOf(kColumns, kRows);
-    const int others = words_->sizeHint().height() + name_->sizeHint().height();
+    const auto rows = [](std::size_t shapes) { return int(shapes + kColumns - 1) / kColumns; };
+    const QSize pictures = list_->SizeOf(kColumns, rows(ShapeNames().size()) + rows(recent_.size()));
+    const int headings = recent_.empty() ? 0 : 2 * list_->HeadingHeight();
+    const int others = words_->sizeHint().height() + name_->sizeHint().height() + headings;
     return {pictures.width() + 2 * kMargin,
             pictures.height() + others + 2 * kMargin + 2 * layout()->spacing()};
 }

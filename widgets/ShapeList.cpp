@@ -4,7 +4,9 @@
 #include "widgets/ShapeNames.h"
 
 #include <QApplication>
+#include <QDrag>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStandardItemModel>
@@ -14,6 +16,7 @@ namespace widgets {
 
 namespace {
 
+const QString kDragType = QStringLiteral("application/x-velmora-shape");
 constexpr int kShapeRole = Qt::UserRole;
 constexpr QSize kPicture(45, 25); // pixels
 constexpr QSize kCell(55, 37);
@@ -39,9 +42,9 @@ public:
     explicit ShapeDelegate(ShapeList &list) : QStyledItemDelegate(&list), list_(list) {}
 
     // A heading takes a row of its own.
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override {
+    QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &index) const override {
         if (ShapeList::ShapeOf(index)) return kCell;
-        return {list_.viewport()->width() - 1, option.fontMetrics.height() + 2 * kHeadingGap};
+        return {list_.viewport()->width() - 1, list_.HeadingHeight()};
     }
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -103,6 +106,7 @@ ShapeList::ShapeList(QWidget *parent) : QListView(parent), model_(new QStandardI
     setResizeMode(Adjust);
     setMovement(Static);
     setMouseTracking(true);
+    setDragDropMode(DragOnly);
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerPixel);
@@ -137,7 +141,8 @@ void ShapeList::AddShape(int shape) {
     auto *item = new QStandardItem(picture, ShapeCaption(shape));
     item->setToolTip(ShapeCaption(shape));
     item->setData(shape, kShapeRole);
-    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled |
+                   Qt::ItemNeverHasChildren);
     model_->appendRow(item);
 }
 
@@ -160,8 +165,10 @@ void ShapeList::GoTo(int shape) {
 
 QSize ShapeList::SizeOf(int columns, int rows) const {
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-    return {columns * kCell.width() + bar + 2, rows * kCell.height()};
+    return {columns * kCell.width() + bar + 2, rows * kCell.height() + 2};
 }
+
+int ShapeList::HeadingHeight() const { return fontMetrics().height() + 2 * kHeadingGap; }
 
 QModelIndex ShapeList::Neighbour(const QModelIndex &from, int way) const {
     QModelIndex at = from;
@@ -235,6 +242,28 @@ void ShapeList::currentChanged(const QModelIndex &current, const QModelIndex &pr
 void ShapeList::leaveEvent(QEvent *event) {
     QListView::leaveEvent(event);
     Q_EMIT Pointed(Current());
+}
+
+void ShapeList::startDrag(Qt::DropActions) {
+    const std::optional<int> shape = Current();
+    if (!shape) return;
+    auto *drag = new QDrag(this); // belongs to whoever shows it
+    drag->setMimeData(DragDataOf(*shape).release());
+    drag->setPixmap(currentIndex().data(Qt::DecorationRole).value<QIcon>().pixmap(kPicture));
+    drag->setHotSpot(QRect(QPoint(0, 0), kPicture).center());
+    drag->exec(Qt::CopyAction);
+}
+
+std::unique_ptr<QMimeData> DragDataOf(int shape) {
+    auto data = std::make_unique<QMimeData>();
+    data->setData(kDragType, QByteArray::number(shape));
+    return data;
+}
+
+std::optional<int> DraggedShape(const QMimeData &data) {
+    bool isNumber = false;
+    const int shape = data.data(kDragType).toInt(&isNumber);
+    return isNumber && !ShapeCaption(shape).isEmpty() ? std::optional<int>(shape) : std::nullopt;
 }
 
 } // namespace widgets

@@ -1,12 +1,14 @@
 // Shapes as pictures in rows, in sections with a quiet heading each.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <QHash>
 #include <QIcon>
 #include <QListView>
 #include <vector>
 
+class QMimeData;
 class QStandardItemModel;
 
 namespace widgets {
@@ -17,7 +19,7 @@ struct ShapeSection {
 };
 
 // Headings can't be gone to. The arrow keys go from picture to picture, Home and End to the first and the
-// last. A picture is painted when it is seen.
+// last. A picture is painted when it is seen, and can be dragged to where a shape is taken.
 class ShapeList : public QListView {
     Q_OBJECT
 public:
@@ -36,6 +38,7 @@ public:
     void GoTo(int shape);
     // The size with that many columns and rows of pictures.
     QSize SizeOf(int columns, int rows) const;
+    int HeadingHeight() const;
 
 Q_SIGNALS:
     // By a click or Enter.
@@ -53,6 +56,7 @@ protected:
     void keyboardSearch(const QString &) override {}
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void leaveEvent(QEvent *event) override;
+    void startDrag(Qt::DropActions actions) override;
 
 private:
     void AddHeading(const QString &heading);
@@ -66,5 +70,10 @@ private:
     QHash<int, QIcon> pictures_;
     std::optional<int> chosen_;
 };
+
+// What is dragged for a shape; no other program makes anything of it.
+std::unique_ptr<QMimeData> DragDataOf(int shape);
+// None for any other drag, and for a value that is no shape.
+std::optional<int> DraggedShape(const QMimeData &data);
 
 } // namespace widgets
