@@ -11,9 +11,9 @@ namespace mainwindow {
 namespace {
 constexpr int kRecentCaptionLength = 25;
 
-std::array<std::span<const CommandRow>, 9> Tables() {
-    return {FileCommands(), EditCommands(),    ViewCommands(), LayoutCommands(), ArrangeCommands(),
-            HelpCommands(), EditKeyCommands(), FindCommands(), KeyCommands()};
+std::array<std::span<const CommandRow>, 10> Tables() {
+    return {FileCommands(),    EditCommands(), ViewCommands(),    ShapeCommands(), LayoutCommands(),
+            ArrangeCommands(), HelpCommands(), EditKeyCommands(), FindCommands(),  KeyCommands()};
 }
 } // namespace
 

@@ -45,6 +45,7 @@ constexpr CommandRow Separator(const char *parent, const char *key = "") {
 std::span<const CommandRow> FileCommands();
 std::span<const CommandRow> EditCommands();
 std::span<const CommandRow> ViewCommands();
+std::span<const CommandRow> ShapeCommands();
 std::span<const CommandRow> LayoutCommands();
 std::span<const CommandRow> ArrangeCommands();
 std::span<const CommandRow> HelpCommands();

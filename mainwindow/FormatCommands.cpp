@@ -1,7 +1,7 @@
 #include "mainwindow/FormatCommands.h"
 
 #include "app/settings/Settings.h"
-#include "diagram/model/Surface.h"
+#include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
@@ -155,6 +155,7 @@ void frmMain::tlbFormat_ButtonMenuClick(int tag) {
         node.SetShape(tag);
         node.SetSelected(true);
         AddFlow1_AfterAddNode(surface.Index(), node);
+        CurrentView().EnsureVisible(node.Bounds());
     });
 }
 

@@ -2,6 +2,8 @@
 
 #include "app/settings/Settings.h"
 
+#include <QCoreApplication>
+
 namespace mainwindow {
 
 namespace {
@@ -18,6 +20,13 @@ constexpr HintRow kRows[] = {
     {diagram::Hint::NothingToPaste, "The clipboard holds nothing that can be pasted here."},
     {diagram::Hint::TooManyLines, "The text has too many lines to become a @NODE each."},
     {diagram::Hint::CantPaste, "What the clipboard holds can't be read, so nothing was pasted."},
+    {diagram::Hint::DragDrawsNode, "Drag to draw a @NODE. Shift and a drag selects."},
+    {diagram::Hint::DragDrawsShape, "%1: drag to draw one, or click to place one. Escape ends this."},
+    {diagram::Hint::DragSelects, "Drag to select what lies in the rectangle."},
+    {diagram::Hint::DragMovesNode,
+     "Drag to move the @NODE, with Ctrl to copy it. Click and type to write in it."},
+    {diagram::Hint::DragBendsLink, "Drag to bend the @LINK, click to select it."},
+    {diagram::Hint::ClickSelectsLink, "Click to select the @LINK, and type to write at it."},
     {diagram::Hint::DragDrawsLink, "Drag to another @NODE to link it."},
     {diagram::Hint::DragResizes, "Drag to resize. Shift keeps the proportions, Alt turns snapping off."},
     {diagram::Hint::DragMovesBend, "Drag to move the bend. A double click takes it away."},
@@ -34,8 +43,16 @@ constexpr HintRow kRows[] = {
 
 QString HintText(diagram::Hint hint) {
     for (const HintRow &row : kRows)
-        if (row.hint == hint) return settings::ReplaceTerms(QString::fromUtf8(row.text));
+        if (row.hint == hint)
+            return settings::ReplaceTerms(QCoreApplication::translate("HintText", row.text));
     return {};
+}
+
+QString EmptyPageText() {
+    return settings::ReplaceTerms(QCoreApplication::translate(
+        "EmptyPage", "Drag to draw a @NODE, and type to write in it.\n"
+                     "Pull one of the circles beside it to another @NODE to link them.\n"
+                     "Or begin with a template from the side."));
 }
 
 } // namespace mainwindow

@@ -7,7 +7,10 @@
 
 namespace mainwindow {
 
-// With the terms of the product; empty for a hint that has no words.
+// With the terms of the product; empty for a hint that has no words. %1 stands for the name of the chosen
+// shape.
 QString HintText(diagram::Hint hint);
+// How to begin on an empty page.
+QString EmptyPageText();
 
 } // namespace mainwindow

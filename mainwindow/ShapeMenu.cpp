@@ -1,26 +1,50 @@
 #include "mainwindow/ShapeMenu.h"
 
-#include "diagram/shapes/Shapes.h"
 #include "mainwindow/Icons.h"
+#include "mainwindow/MenuColumns.h"
+#include "widgets/ShapeNames.h"
+#include "widgets/ShapePopup.h"
+
+#include <QScreen>
+#include <QToolButton>
 
 namespace mainwindow {
 
-namespace {
-// The one shape that the menu spells in another way than the lists of the dialogs.
-constexpr int kPunchedTape = 65;
-} // namespace
-
 std::vector<ShapeEntry> ShapeEntries() {
     std::vector<ShapeEntry> entries;
-    for (const diagram::ShapeRow &row : diagram::ShapeTable()) {
-        const QString name = QString::fromLatin1(row.name);
-        entries.push_back({row.value, row.value == kPunchedTape ? QStringLiteral("Punched Tape") : name});
-    }
+    for (const widgets::ShapeName &shape : widgets::ShapeNames())
+        entries.push_back({shape.value, shape.caption});
     return entries;
 }
 
+namespace {
+
+// The button that opens the menu; null where it stands elsewhere.
+const QWidget *ButtonOf(const QAction &entry) {
+    for (QObject *object : entry.associatedObjects()) {
+        const auto *button = qobject_cast<const QToolButton *>(object);
+        if (button && button->isVisible()) return button;
+    }
+    return nullptr;
+}
+
+} // namespace
+
 ShapeMenu::ShapeMenu(QWidget *parent) : QMenu(parent) {
+    auto *style = new ColumnStyle;
+    style->setParent(this);
+    setStyle(style);
     connect(this, &QMenu::aboutToShow, this, &ShapeMenu::Fill);
+}
+
+// Where it is one of several columns, the toolkit puts a menu at the top of the screen.
+void ShapeMenu::showEvent(QShowEvent *event) {
+    QMenu::showEvent(event);
+    const QWidget *button = ButtonOf(*menuAction());
+    if (!button) return;
+    const QRect place(button->mapToGlobal(QPoint(0, 0)), button->size());
+    const QRect free = widgets::BesidePlace(size(), place, screen()->availableGeometry());
+    if (free.size() == size()) move(free.topLeft());
 }
 
 void ShapeMenu::Fill() {

@@ -14,7 +14,7 @@ struct ShapeEntry {
 };
 std::vector<ShapeEntry> ShapeEntries();
 
-// Filled when it is opened for the first time.
+// Filled when it is opened for the first time; in columns where it would be too long.
 class ShapeMenu : public QMenu {
     Q_OBJECT
 public:
@@ -22,6 +22,9 @@ public:
 
 Q_SIGNALS:
     void Chosen(int tag);
+
+protected:
+    void showEvent(QShowEvent *event) override;
 
 private:
     void Fill();

@@ -6,10 +6,12 @@
 #include "mainwindow/HintText.h"
 #include "mainwindow/ItemDescription.h"
 #include "mainwindow/Overview.h"
+#include "mainwindow/ShapePalette.h"
 #include "mainwindow/SurfaceSink.h"
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowStatus.h"
 #include "timeline/DaysOfStrip.h"
+#include "widgets/ShapeNames.h"
 
 #include <QApplication>
 
@@ -30,9 +32,9 @@ void SliceViews::Add(diagram::Surface &surface) {
     auto view = std::make_unique<diagram::SurfaceView>(surface, place_);
     view->setObjectName(QStringLiteral("AddFlow1(%1)").arg(surface.Index()));
     view->setFrameShape(QFrame::NoFrame);
-    QObject::connect(view.get(), &diagram::SurfaceView::ViewChanged, &window_, &frmMain::ScheduleUpdate);
-    QObject::connect(view.get(), &diagram::SurfaceView::HintShown, &window_,
-                     [this](diagram::Hint hint) { window_.Status().TellHintOfView(HintText(hint)); });
+    Connect(*view);
+    view->SetShapeToDraw(shape_);
+    view->SetEmptyNote(EmptyPageText());
     view->SetWords({settings::Terms().NODE, settings::Terms().LINK});
     view->SetDescriber(
         [this](const diagram::Item &item) { return ItemDescription(item, window_.clsSettings()); });
@@ -41,6 +43,26 @@ void SliceViews::Add(diagram::Surface &surface) {
     views_[surface.Index()] = std::move(view);
     if (WindowJournal *journal = window_.Journal()) journal->Watch(surface);
     window_.picRHS_Resize();
+}
+
+void SliceViews::Connect(diagram::SurfaceView &view) {
+    using diagram::SurfaceView;
+    QObject::connect(&view, &SurfaceView::ViewChanged, &window_, &frmMain::ScheduleUpdate);
+    QObject::connect(&view, &SurfaceView::HintShown, &window_, [this](diagram::Hint hint) {
+        window_.Status().TellHintOfView(WordsOf(hint), diagram::IsOfPointer(hint));
+    });
+    QObject::connect(&view, &SurfaceView::HintOffered, &window_,
+                     [this](diagram::Hint hint) { window_.Status().OfferHintOfView(WordsOf(hint)); });
+    QObject::connect(&view, &SurfaceView::ShapeDropped, &window_, [this] { window_.Shapes().Drop(); });
+}
+
+QString SliceViews::WordsOf(diagram::Hint hint) const {
+    return HintText(hint).replace(QStringLiteral("%1"), widgets::ShapeCaption(shape_.value_or(-1)));
+}
+
+void SliceViews::SetShapeToDraw(std::optional<int> shape) {
+    shape_ = shape;
+    for (const auto &[index, view] : views_) view->SetShapeToDraw(shape);
 }
 
 void SliceViews::Remove(diagram::Surface &surface) {

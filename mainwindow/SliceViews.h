@@ -3,12 +3,15 @@
 
 #include <map>
 #include <memory>
+#include <optional>
+#include <QString>
 #include <vector>
 
 class QRect;
 class QWidget;
 
 namespace diagram {
+enum class Hint : unsigned char;
 class Surface;
 class SurfaceView;
 } // namespace diagram
@@ -43,15 +46,22 @@ public:
     void Place(const QRect &rectangle);
     // Ends the editing of a text in place, on whatever slice, and keeps what was typed.
     void EndEdits();
+    // The shape of the nodes that are drawn next, on all slices; none: that of the default node.
+    void SetShapeToDraw(std::optional<int> shape);
+    std::optional<int> ShapeToDraw() const { return shape_; }
     // Keeps what was typed so far, and lets the typing go on.
     void StoreTexts();
 
 private:
+    void Connect(diagram::SurfaceView &view);
+    QString WordsOf(diagram::Hint hint) const;
+
     frmMain &window_;
     QWidget *place_;
     std::unique_ptr<timeline::DaysOfStrip> days_; // the views look at it
     std::unique_ptr<SurfaceSink> sink_;
     std::map<int, std::unique_ptr<diagram::SurfaceView>> views_;
+    std::optional<int> shape_;
 };
 
 } // namespace mainwindow

@@ -47,8 +47,9 @@ constexpr ButtonRow kFormat[] = {
     {"COMPRESS", "compress", "Compress Timeline Nodes"},
 };
 
-constexpr const char *kView[] = {"mnuViewGrid", "mnuViewSnapGrid", "", "keyZoomOut", "mnuViewZoom100",
-                                 "keyZoomIn",   "mnuViewZoomFit"};
+constexpr const char *kView[] = {"keyShapes",       "",          "mnuViewGrid",
+                                 "mnuViewSnapGrid", "",          "keyZoomOut",
+                                 "mnuViewZoom100",  "keyZoomIn", "mnuViewZoomFit"};
 
 } // namespace
 

@@ -23,12 +23,18 @@ void WindowStatus::DropHint() {
     hint_.clear();
 }
 
-void WindowStatus::TellHintOfView(const QString &text) {
+void WindowStatus::TellHintOfView(const QString &text, bool yields) {
     if (!text.isEmpty())
         TellInPassing(text);
     else if (!hintOfView_.isEmpty() && bar_.Doing() == hintOfView_)
         window_.DoStatus(QString());
     hintOfView_ = text;
+    yields_ = yields;
+}
+
+void WindowStatus::OfferHintOfView(const QString &text) {
+    const QString doing = bar_.Doing();
+    if (text != doing && (doing.isEmpty() || (yields_ && doing == hintOfView_))) TellHintOfView(text, true);
 }
 
 void WindowStatus::TellNotYet(const QString &what) {

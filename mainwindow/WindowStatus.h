@@ -18,8 +18,11 @@ public:
     // now.
     void TellInPassing(const QString &text);
     void DropHint();
-    // What a view says of a gesture; an empty text takes away what a view said before, and nothing else.
-    void TellHintOfView(const QString &text);
+    // What a view says of a gesture; an empty text takes away what a view said before, and nothing else. What
+    // yields gives way to anything else that a view says.
+    void TellHintOfView(const QString &text, bool yields = false);
+    // Something that yields, unless there stands something that doesn't.
+    void OfferHintOfView(const QString &text);
     // That the program has no such thing yet.
     void TellNotYet(const QString &what);
 
@@ -41,6 +44,7 @@ private:
     cStatusBar &bar_;
     QString hint_;
     QString hintOfView_;
+    bool yields_ = false; // what a view said last
     bool hiddenMayDiffer_ = true;
     bool unsaved_ = false; // as last shown
 };

@@ -18,6 +18,7 @@
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/Overview.h"
 #include "mainwindow/Placement.h"
+#include "mainwindow/ShapePalette.h"
 #include "mainwindow/SliceEditor.h"
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SliceTurns.h"
@@ -26,6 +27,7 @@
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/TemplateBar.h"
 #include "mainwindow/TimelinePopup.h"
+#include "mainwindow/Toolbar.h"
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowParts.h"
 #include "mainwindow/WindowPrinting.h"
@@ -102,6 +104,7 @@ void frmMain::Form_Load() {
     BuildMenus();
     frmSplash::ShowDoing(tr("Loading Toolbars"));
     parts_->FillToolbars(*frmPics_);
+    shapes_->SetButton(*parts_->tlbView, *parts_->SmartMenuXP1a->Item(QStringLiteral("keyShapes")));
     parts_->SetEnabled(Needs::Printers, false); // until they are looked for
     ConnectControls();
     AddFlow1_afGotFocus(CurrentIndex());
@@ -131,6 +134,7 @@ void frmMain::BuildMenus() {
     SetMenuValue(QStringLiteral("mnuViewTemplates"), templates_->Pane().IsShown());
     SetMenuValue(QStringLiteral("mnuViewOverview"), Overview::IsEnabled());
     SetMenuValue(QStringLiteral("mnuViewStartPage"), settings::GetStartPageEnabled());
+    SetMenuValue(QStringLiteral("mnuViewShapes"), shapes_->IsStripShown());
 }
 
 void frmMain::Form_Activate() {

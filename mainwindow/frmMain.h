@@ -29,6 +29,7 @@ class LostMapOffers;
 class Overview;
 class PickBox;
 class PutBack;
+class ShapePalette;
 class SliceEditor;
 class SliceTurns;
 class SliceViews;
@@ -143,6 +144,7 @@ public:
     StartOffer &Start() const { return *start_; }
     SliceTurns &Turns() const { return *turns_; }
     Overview &TheOverview() const { return *overview_; }
+    ShapePalette &Shapes() const { return *shapes_; }
     // Whether a file to be opened wants a new window: this map is dirty, or its first slice has 4 nodes or
     // more.
     bool WantsNewWindow();
@@ -227,6 +229,7 @@ private:
     std::unique_ptr<TimelinePopup> popup_;
     std::unique_ptr<DroppedFiles> drop_;
     std::unique_ptr<TemplateBar> templates_;
+    std::unique_ptr<ShapePalette> shapes_;
     frmPics *frmPics_ = nullptr;
     QTimer tmrResize_;
     QTimer update_;

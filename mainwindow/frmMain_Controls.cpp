@@ -11,6 +11,7 @@
 #include "mainwindow/Overview.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/PutBack.h"
+#include "mainwindow/ShapePalette.h"
 #include "mainwindow/SliceEditor.h"
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SliceTurns.h"
@@ -56,6 +57,7 @@ void frmMain::BuildControls() {
     popup_ = std::make_unique<TimelinePopup>(*this);
     drop_ = std::make_unique<DroppedFiles>(*this);
     templates_ = std::make_unique<TemplateBar>(*this, *parts_->SSSplitter1); // asked of drags before drop_
+    shapes_ = std::make_unique<ShapePalette>(*this);
     tmrResize_.setSingleShot(true);
     tmrResize_.setInterval(kResizeSettles);
     update_.setSingleShot(true);

@@ -1,5 +1,6 @@
 #include "diagram/interaction/DrawNode.h"
 
+#include "diagram/interaction/PlaceNode.h"
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/interaction/Snap.h"
@@ -20,7 +21,7 @@ QPointF SquareCorner(const QPointF &from, const QPointF &to) {
 } // namespace
 
 DrawNode::DrawNode(Scene &scene, const Stage &stage, const PointerInput &press)
-    : surface_(scene.Model()), press_(press), snapping_(scene, stage, nullptr) {}
+    : surface_(scene.Model()), press_(press), snapping_(scene, stage, nullptr), shape_(stage.ShapeToDraw()) {}
 
 QPointF DrawNode::FarCorner(const QPointF &from, const PointerInput &input) {
     if (input.Shift()) {
@@ -51,16 +52,13 @@ void DrawNode::Commit(const PointerInput &input) {
         surface_.UnselectAll();
         if (box.width() < kDragDistance * input.pixel.width()) return;
         if (box.height() < kDragDistance * input.pixel.height()) return;
-        Node &node = surface_.Nodes().Add(float(box.left()), float(box.top()), float(box.width()),
-                                          float(box.height()));
-        node.SetSelected(true);
-        surface_.Events().AfterAddNode(surface_, node);
+        AddNodeIn(surface_, box, shape_);
     });
 }
 
 void DrawNode::Show(Overlay &overlay) const {
     const NodeLook &look = surface_.Defaults();
-    overlay.ghost = Outline(look.shape, look.shapeOrientation, box_);
+    overlay.ghost = Outline(shape_.value_or(look.shape), look.shapeOrientation, box_);
     overlay.size = SizeText(box_.size());
     overlay.sizeUnder = box_;
     snapping_.Show(overlay);

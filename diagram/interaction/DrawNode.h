@@ -7,9 +7,9 @@
 
 namespace diagram {
 
-// The node gets the surface's defaults and becomes the selection. A drag too small to be a node selects
-// nothing. Its corners are drawn to guides and to the grid; Shift keeps it as wide as high, and then nothing
-// draws the corner that moves but the grid.
+// The node gets the surface's defaults, but the shape that the stage wants drawn, and becomes the selection.
+// A drag too small to be a node selects nothing. Its corners are drawn to guides and to the grid; Shift keeps
+// it as wide as high, and then nothing draws the corner that moves but the grid.
 class DrawNode : public Gesture {
 public:
     DrawNode(Scene &scene, const Stage &stage, const PointerInput &press);
@@ -27,6 +27,7 @@ private:
     Surface &surface_;
     PointerInput press_;
     Snapping snapping_;
+    std::optional<int> shape_;
     QRectF box_;
 };
 

@@ -9,6 +9,7 @@
 #include "diagram/model/DayStrip.h"
 
 #include <memory>
+#include <optional>
 
 namespace diagram {
 
@@ -24,6 +25,12 @@ public:
     virtual void EnsureVisible(const QRectF &area) = 0;
     // Tells the user something in passing, as a status bar does.
     virtual void Tell(Hint hint) = 0;
+    // The same where nothing else is being told.
+    virtual void Offer(Hint hint) { Tell(hint); }
+    // The shape that was chosen for new nodes; none where they get the surface's defaults alone.
+    virtual std::optional<int> ShapeToDraw() const { return {}; }
+    // Whether a click on the empty surface adds a node of that shape.
+    virtual bool ClickPlacesShape() const { return ShapeToDraw().has_value(); }
     // To which nodes of the surface belong by their dates.
     virtual DayStrip &Days() const { return DayStrip::None(); }
 };

@@ -14,7 +14,13 @@ enum class Hint : unsigned char {
     NothingToPaste, // no nodes, picture or text
     TooManyLines,   // of a text
     CantPaste,      // what it holds is damaged
-    // What a drag from where the pointer is would do.
+    // What a drag from where the pointer is would do, or a click.
+    DragDrawsNode,
+    DragDrawsShape, // that was chosen
+    DragSelects,
+    DragMovesNode,
+    DragBendsLink,
+    ClickSelectsLink,
     DragDrawsLink,
     DragResizes,
     DragMovesBend,
@@ -25,5 +31,8 @@ enum class Hint : unsigned char {
     KeysChooseEnd,  // for the end of a link
     KeysBend        // a link
 };
+
+// Whether it is about the place of the pointer alone, so that anything else may stand in its stead.
+constexpr bool IsOfPointer(Hint hint) { return hint >= Hint::DragDrawsNode && hint <= Hint::DragMovesEnd; }
 
 } // namespace diagram

@@ -3,6 +3,7 @@
 #include "diagram/hit/Grips.h"
 #include "diagram/interaction/MoveBend.h"
 #include "diagram/interaction/Pan.h"
+#include "diagram/interaction/PlaceNode.h"
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/scene/Scene.h"
@@ -28,8 +29,27 @@ void Interaction::Hover(const HeldHit &hit, const PointerInput &input) {
         shown_ = hit.node;
     else if (!IsNear(shown_, input))
         shown_ = kNoItem;
-    const Hint hint = HintOver(hit, scene_.Model());
-    if (std::exchange(told_, hint) != hint) stage_.Tell(hint);
+    over_ = true;
+}
+
+Hint Interaction::HintHere() const {
+    if (!over_) return Hint::Nothing;
+    if (hover_.kind != HitKind::Nothing) return HintOver(hover_, scene_.Model());
+    if (DragsABand(scene_.Model(), hoverInput_)) return Hint::DragSelects;
+    return stage_.ShapeToDraw() ? Hint::DragDrawsShape : HintOver(hover_, scene_.Model());
+}
+
+void Interaction::NoteModifiers(Qt::KeyboardModifiers modifiers) {
+    if (gesture_ || !over_) return;
+    hoverInput_.modifiers = modifiers;
+    stage_.Offer(told_ = HintHere());
+}
+
+void Interaction::Leave() {
+    Hover({}, {});
+    over_ = false;
+    told_ = Hint::Nothing;
+    stage_.Tell(told_);
 }
 
 bool Interaction::IsNear(ItemId id, const PointerInput &input) const {
@@ -72,6 +92,11 @@ void Interaction::PressToPan(const PointerInput &input) {
 void Interaction::Move(const PointerInput &input) {
     if (!gesture_) {
         Hover(HitFor(scene_, input), input);
+        const Hint hint = HintHere();
+        if (std::exchange(told_, hint) != hint)
+            stage_.Tell(hint);
+        else
+            stage_.Offer(hint);
         return;
     }
     if (TakesKeys() && !held_) return;
@@ -87,8 +112,8 @@ void Interaction::Release(const PointerInput &input) {
     Move(input);
     if (!gesture_) return;
     Finish(input);
-    told_ = Hint::Nothing; // what the gesture told stands
     Hover(HitFor(scene_, input), input);
+    stage_.Offer(told_ = HintHere()); // what the gesture told stands
 }
 
 void Interaction::Finish(const PointerInput &input) {
@@ -115,6 +140,13 @@ bool Interaction::Cancel() {
     return ended != nullptr;
 }
 
+// Where a click would place a node.
+void Interaction::ShowPlace(Overlay &overlay) const {
+    const bool page = over_ && hover_.kind == HitKind::Nothing && !DragsABand(scene_.Model(), hoverInput_);
+    const std::optional<int> shape = stage_.ShapeToDraw();
+    if (page && shape) PlacedNode(scene_, stage_, hoverInput_).Show(*shape, overlay);
+}
+
 Overlay Interaction::Show() const {
     Overlay overlay;
     if (gesture_) {
@@ -130,10 +162,13 @@ Overlay Interaction::Show() const {
     if (node && IsSelectable(*node) && HasLinkStarts(node->Bounds(), side))
         for (const QPointF &place : LinkStartPlaces(node->Bounds(), side))
             overlay.linkStarts.push_back(place);
+    ShowPlace(overlay);
     overlay.litLinkStart = hover_.kind == HitKind::LinkStart ? hover_.index : -1;
     return overlay;
 }
 
-Qt::CursorShape Interaction::Pointer() const { return gesture_ ? gesture_->Pointer() : PointerOver(hover_); }
+Qt::CursorShape Interaction::Pointer() const {
+    return gesture_ ? gesture_->Pointer() : PointerOver(hover_, DragsABand(scene_.Model(), hoverInput_));
+}
 
 } // namespace diagram

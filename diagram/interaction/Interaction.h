@@ -29,8 +29,10 @@ public:
     void Key(const KeyInput &input);
     // Gives the gesture up; false when there is none.
     bool Cancel();
+    // A modifier key went up or down, which may mean something for a press to come.
+    void NoteModifiers(Qt::KeyboardModifiers modifiers);
     // The pointer has left the surface.
-    void Leave() { Hover({}, {}); }
+    void Leave();
     // Shows how large the node is, when no gesture shows anything else; kNoItem ends it.
     void ShowSizeOf(ItemId node) { sized_ = node; }
 
@@ -46,6 +48,9 @@ public:
 
 private:
     void Hover(const HeldHit &hit, const PointerInput &input);
+    // What a press would do where the pointer is.
+    Hint HintHere() const;
+    void ShowPlace(Overlay &overlay) const;
     void Finish(const PointerInput &input);
     bool IsNear(ItemId node, const PointerInput &input) const;
 
@@ -57,6 +62,7 @@ private:
     ItemId sized_ = kNoItem; // and the one that shows its size
     PointerInput hoverInput_;
     Hint told_ = Hint::Nothing;
+    bool over_ = false; // the pointer, the surface
     bool held_ = false; // a button, over a gesture that is led by keys
 };
 

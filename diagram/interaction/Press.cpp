@@ -6,6 +6,7 @@
 #include "diagram/interaction/MoveBend.h"
 #include "diagram/interaction/MoveLinkEnd.h"
 #include "diagram/interaction/MoveNodes.h"
+#include "diagram/interaction/PlaceNode.h"
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/RubberBand.h"
 #include "diagram/interaction/Selecting.h"
@@ -33,8 +34,7 @@ using Start = std::unique_ptr<Gesture> (*)(const DragStart &);
 
 std::unique_ptr<Gesture> OnSurface(const DragStart &start) {
     Surface &surface = start.scene.Model();
-    if (start.press.Shift() || surface.ShiftMode())
-        return std::make_unique<RubberBand>(start.scene, start.press);
+    if (DragsABand(surface, start.press)) return std::make_unique<RubberBand>(start.scene, start.press);
     return std::make_unique<DrawNode>(start.scene, start.stage, start.press);
 }
 
@@ -82,12 +82,12 @@ struct HitRow {
 };
 
 constexpr std::array<HitRow, 8> kRows{{
-    {HitKind::Nothing, OnSurface, true, Qt::ArrowCursor, Hint::Nothing},
-    {HitKind::Node, OnNode, true, Qt::SizeAllCursor, Hint::Nothing},
+    {HitKind::Nothing, OnSurface, true, Qt::CrossCursor, Hint::DragDrawsNode},
+    {HitKind::Node, OnNode, true, Qt::SizeAllCursor, Hint::DragMovesNode},
     {HitKind::LinkStart, OnLinkStart, true, Qt::CrossCursor, Hint::DragDrawsLink},
     {HitKind::Handle, OnHandle, false, Qt::ArrowCursor, Hint::DragResizes}, // the pointer by its direction
-    {HitKind::Link, OnSegment, true, Qt::PointingHandCursor, Hint::Nothing},
-    {HitKind::LinkLabel, OnLabel, true, Qt::PointingHandCursor, Hint::Nothing},
+    {HitKind::Link, OnSegment, true, Qt::PointingHandCursor, Hint::DragBendsLink},
+    {HitKind::LinkLabel, OnLabel, true, Qt::PointingHandCursor, Hint::ClickSelectsLink},
     {HitKind::Bend, OnBend, false, Qt::SizeAllCursor, Hint::DragMovesBend},
     {HitKind::SegmentHandle, OnSegment, false, Qt::SizeAllCursor, Hint::DragMakesBend},
 }};
@@ -141,7 +141,12 @@ HeldHit HitFor(Scene &scene, const PointerInput &input) {
     return Held(HitTest(scene, input.at, OptionsFor(input)));
 }
 
-Qt::CursorShape PointerOver(const HeldHit &hit) {
+bool DragsABand(const Surface &surface, const PointerInput &input) {
+    return input.Shift() || surface.ShiftMode();
+}
+
+Qt::CursorShape PointerOver(const HeldHit &hit, bool band) {
+    if (hit.kind == HitKind::Nothing && band) return Qt::ArrowCursor;
     return hit.kind == HitKind::Handle ? HandlePointer(hit.index) : RowOf(hit.kind).pointer;
 }
 
@@ -151,7 +156,11 @@ Hint HintOver(const HeldHit &hit, const Surface &surface) {
 }
 
 Press::Press(Scene &scene, Stage &stage, const PointerInput &press)
-    : scene_(scene), stage_(stage), press_(press), hit_(HitFor(scene, press)) {
+    : scene_(scene),
+      stage_(stage),
+      press_(press),
+      hit_(HitFor(scene, press)),
+      band_(DragsABand(scene.Model(), press)) {
     Item *item = ItemOf(scene_.Model(), hit_);
     const bool dragTakesIt = hit_.kind == HitKind::Node || hit_.kind == HitKind::Link;
     if (item && dragTakesIt && !IsSelected(*item) && !press.Ctrl() && !press.Shift()) SelectOnly(*item);
@@ -164,9 +173,16 @@ std::unique_ptr<Gesture> Press::Move(const PointerInput &input) {
         {scene_, stage_, press_, surface.FindNode(hit_.node), surface.FindLink(hit_.link), hit_.index});
 }
 
+bool Press::Places() const {
+    const bool plain = !band_ && !press_.Ctrl();
+    return plain && hit_.kind == HitKind::Nothing && stage_.ClickPlacesShape();
+}
+
 void Press::Commit(const PointerInput &) {
     Surface &surface = scene_.Model();
-    if (RowOf(hit_.kind).selects)
+    if (Places())
+        PlacedNode(scene_, stage_, press_).Add(*stage_.ShapeToDraw());
+    else if (RowOf(hit_.kind).selects)
         SelectByClick(surface, ItemOf(surface, Clicked(scene_, press_, hit_)), press_);
     surface.Events().Click(surface);
 }

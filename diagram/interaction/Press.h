@@ -21,13 +21,16 @@ struct HeldHit {
 HitOptions OptionsFor(const PointerInput &input);
 // What the left button acts on.
 HeldHit HitFor(Scene &scene, const PointerInput &input);
+// Whether a drag from the empty surface selects instead of drawing.
+bool DragsABand(const Surface &surface, const PointerInput &input);
 // The pointer shape over it, pressed or not.
-Qt::CursorShape PointerOver(const HeldHit &hit);
-// What a drag from there would do, in words for the user.
+Qt::CursorShape PointerOver(const HeldHit &hit, bool band);
+// What a drag from there would do, or a click, in words for the user.
 Hint HintOver(const HeldHit &hit, const Surface &surface);
 
 // Selects an unselected item at once, so that a drag takes it along. A click selects only that item, Ctrl
-// toggles it, Shift adds it, and on empty surface it selects nothing; then Click is raised. A click on the
+// toggles it, Shift adds it, and on empty surface it selects nothing, or places a node of the shape that was
+// chosen for new ones; then Click is raised. A click on the
 // place where a link starts is one on the link that runs through it, if any, else on the node.
 class Press : public Gesture {
 public:
@@ -36,14 +39,17 @@ public:
     std::unique_ptr<Gesture> Move(const PointerInput &input) override;
     void Commit(const PointerInput &input) override;
     void Cancel() override {}
-    Qt::CursorShape Pointer() const override { return PointerOver(hit_); }
+    Qt::CursorShape Pointer() const override { return PointerOver(hit_, band_); }
     bool ScrollsAtEdges() const override { return false; }
 
 private:
+    bool Places() const;
+
     Scene &scene_;
     Stage &stage_;
     PointerInput press_;
     HeldHit hit_;
+    bool band_;
 };
 
 } // namespace diagram

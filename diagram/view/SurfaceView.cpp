@@ -1,5 +1,6 @@
 #include "diagram/view/SurfaceView.h"
 
+#include "diagram/interaction/PlaceNode.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/view/SurfaceClipboard.h"
 #include "diagram/view/SurfaceViewKeys.h"
@@ -108,10 +109,21 @@ void SurfaceView::SetPageBreaks(std::vector<QLineF> breaks) {
 }
 void SurfaceView::SetWords(const ItemWords &words) {
     impl_->words = words;
-    setAccessibleDescription(
-        QStringLiteral("%1s and the %2s between them. Tab goes from %3 to %3, the arrow keys move the "
-                       "selected ones, F2 edits the text, Ctrl+L links.")
-            .arg(words.node, words.link.toLower(), words.node.toLower()));
+    impl_->Describe();
+}
+void SurfaceView::SetShapeToDraw(std::optional<int> shape) {
+    impl_->shape = shape;
+    impl_->UpdateOverlay();
+}
+std::optional<int> SurfaceView::ShapeToDraw() const { return impl_->shape; }
+void SurfaceView::PlaceShape(int shape, const QPointF &at) {
+    CancelGesture();
+    EndEdit(true);
+    impl_->Guard("PlaceShape", [&] { PlacedNode(TheScene(), *impl_, impl_->Input(at, {})).Add(shape); });
+}
+void SurfaceView::SetEmptyNote(const QString &words) {
+    impl_->note.SetWords(words);
+    impl_->AskForFlush();
 }
 const ItemWords &SurfaceView::Words() const { return impl_->words; }
 void SurfaceView::SetAssistant(Assistant assistant) { impl_->notices.SetAssistant(std::move(assistant)); }

@@ -45,6 +45,16 @@ public:
     // the stored zoom until that is set to another value, or until FollowStoredZoom.
     void ZoomAt(double percent, const QPointF &at);
     void FollowStoredZoom();
+    // The shape of the nodes that are drawn next, until another one is set; none: that of the surface's
+    // defaults. While there is one, a click on the empty page adds a node of a usual size. Escape takes it
+    // away, unless a gesture goes on.
+    void SetShapeToDraw(std::optional<int> shape);
+    std::optional<int> ShapeToDraw() const;
+    // Adds a node of that shape and a usual size around a point of the viewport (pixels): one step of undo.
+    void PlaceShape(int shape, const QPointF &at);
+    // Shown on the page while it is empty, on the screen alone; an assistant is told the same.
+    void SetEmptyNote(const QString &words);
+
     // Whether the last frame was exact. While a large diagram is zoomed or scrolled a frame may show what was
     // painted before, scaled; the rest is painted as soon as the event loop has nothing else to do.
     bool IsExact() const;
@@ -112,6 +122,10 @@ public:
 Q_SIGNALS:
     // Something to tell the user in passing, in a status bar.
     void HintShown(diagram::Hint hint);
+    // The same where nothing else is told: what was told last stays.
+    void HintOffered(diagram::Hint hint);
+    // Escape took the shape to draw away.
+    void ShapeDropped();
     // What was seen changed its place or size: scrolled, zoomed or resized.
     void ViewChanged();
 

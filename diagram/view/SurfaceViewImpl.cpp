@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QPainter>
 
 namespace diagram {
 
@@ -18,6 +19,7 @@ SurfaceView::Impl::Impl(SurfaceView &itsView, Surface &itsSurface)
       interaction(scene, *this),
       guard(itsSurface, interaction),
       repainting(itsView, *itsView.viewport(), scene, renderer, viewport),
+      note(*itsView.viewport(), itsSurface),
       text(itsView, scene, viewport, guard),
       edges(itsView),
       keys(std::make_unique<Keys>(*this)),
@@ -99,6 +101,10 @@ void SurfaceView::Impl::Flush() {
 void SurfaceView::Impl::Paint(const QRegion &region) {
     if (flushAsked_) repainting.NoteDamage();
     repainting.Paint(region, interaction.Show(), Ring());
+    if (!note.IsShown()) return;
+    QPainter painter(view.viewport());
+    painter.setClipRegion(region);
+    note.Paint(painter);
 }
 
 FocusRing SurfaceView::Impl::Ring() const {
@@ -106,7 +112,19 @@ FocusRing SurfaceView::Impl::Ring() const {
     return byKeyboard_ ? FocusRing::Strong : FocusRing::Faint;
 }
 
-void SurfaceView::Impl::UpdateOverlay() { repainting.NoteOverlay(interaction.Show()); }
+void SurfaceView::Impl::UpdateOverlay() {
+    const Overlay overlay = interaction.Show();
+    repainting.NoteOverlay(overlay);
+    if (note.Update(interaction.IsActive() && !overlay.ghost.isEmpty())) Describe();
+}
+
+void SurfaceView::Impl::Describe() {
+    const QString usual =
+        QStringLiteral("%1s and the %2s between them. Tab goes from %3 to %3, the arrow keys move the "
+                       "selected ones, F2 edits the text, Ctrl+L links.")
+            .arg(words.node, words.link.toLower(), words.node.toLower());
+    view.setAccessibleDescription(note.IsShown() ? note.Words() : usual);
+}
 
 void SurfaceView::Impl::Scrolled() {
     viewport.TellSurface();
@@ -120,6 +138,13 @@ bool SurfaceView::Impl::CancelGesture() {
     const bool cancelled = interaction.Cancel();
     if (cancelled) AfterInput();
     return cancelled;
+}
+
+bool SurfaceView::Impl::DropShape() {
+    if (!shape) return false;
+    shape.reset();
+    Q_EMIT view.ShapeDropped();
+    return true;
 }
 
 bool SurfaceView::Impl::BeginEdit(const QString *typed) {
@@ -147,5 +172,6 @@ bool SurfaceView::Impl::Paste(Hint &why) {
 QPointF SurfaceView::Impl::ScrollOffset() const { return viewport.Scroll(); }
 void SurfaceView::Impl::SetScrollOffset(const QPointF &pixels) { viewport.ScrollTo(pixels.toPoint()); }
 void SurfaceView::Impl::Tell(Hint hint) { Q_EMIT view.HintShown(hint); }
+void SurfaceView::Impl::Offer(Hint hint) { Q_EMIT view.HintOffered(hint); }
 
 } // namespace diagram

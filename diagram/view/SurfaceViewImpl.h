@@ -6,6 +6,7 @@
 #include "diagram/scene/Scene.h"
 #include "diagram/view/Accessible.h"
 #include "diagram/view/EdgeScroll.h"
+#include "diagram/view/EmptyNote.h"
 #include "diagram/view/Repainting.h"
 #include "diagram/view/SurfaceGuard.h"
 #include "diagram/view/SurfaceView.h"
@@ -51,11 +52,18 @@ public:
     QRectF Seen() const override { return viewport.Seen(); }
     void EnsureVisible(const QRectF &area) override { viewport.EnsureVisible(area); }
     void Tell(Hint hint) override;
+    void Offer(Hint hint) override;
+    std::optional<int> ShapeToDraw() const override { return shape; }
+    bool ClickPlacesShape() const override { return shape && !endedText_; }
     DayStrip &Days() const override { return *days; }
 
     bool BeginEdit(const QString *typed = nullptr);
     void Scrolled();
     bool CancelGesture();
+    // Takes the shape to draw away; false when there is none.
+    bool DropShape();
+    // Tells an assistant what the page is, or how to begin on an empty one.
+    void Describe();
     // Gives up a gesture whose items went away under it.
     void DropOutdatedGesture();
     template <typename Body>
@@ -73,6 +81,7 @@ public:
     Interaction interaction;
     SurfaceGuard guard;
     Repainting repainting;
+    EmptyNote note;
     TextInPlace text;
     EdgeScroll edges;
     std::unique_ptr<Keys> keys;
@@ -81,6 +90,7 @@ public:
     DayStrip *days = &DayStrip::None();
     AccessibleNotices notices;
     QPointF pointer; // pixels of the viewport
+    std::optional<int> shape;
 
 private:
     void ItemAdded(Item &item) override;
@@ -95,6 +105,7 @@ private:
     Qt::KeyboardModifiers modifiers_;
     Qt::MouseButton button_ = Qt::NoButton; // that the gesture began with
     bool flushAsked_ = false;
+    bool endedText_ = false; // by the last press, which was meant for that alone
     bool gestureOutdated_ = false;
     bool byKeyboard_ = false;
 };

@@ -49,6 +49,7 @@ void SurfaceView::Impl::Press(QMouseEvent *event) {
     }
     NoteHand(false);
     text.End(true);
+    endedText_ = text.HasJustEnded(); // by the focus that went, or here
     view.setFocus(Qt::MouseFocusReason);
     pointer = event->position();
     const QPointF seen(pointer.x() / viewport.xScale(), pointer.y() / viewport.yScale());

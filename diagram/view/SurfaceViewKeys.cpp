@@ -87,14 +87,17 @@ void SurfaceView::Impl::Keys::Release(QKeyEvent *event) {
 }
 
 void SurfaceView::Impl::Keys::FollowModifier(int key, Qt::KeyboardModifiers modifiers) {
-    if (interaction_.IsActive() && ModifierOf(key)) impl_.FollowPointer(impl_.pointer, modifiers);
+    if (!ModifierOf(key)) return;
+    if (interaction_.IsActive()) return impl_.FollowPointer(impl_.pointer, modifiers);
+    interaction_.NoteModifiers(modifiers);
+    impl_.UpdateOverlay();
 }
 
 // True when the key meant something here.
 bool SurfaceView::Impl::Keys::Run(QKeyEvent *event) {
     switch (event->key()) {
     case Qt::Key_Escape:
-        return impl_.CancelGesture();
+        return impl_.CancelGesture() || impl_.DropShape();
     case Qt::Key_F2:
         return impl_.BeginEdit();
     case Qt::Key_Space:

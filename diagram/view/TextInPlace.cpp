@@ -44,6 +44,9 @@ void TextInPlace::End(bool keep) {
     if (ended->hasFocus()) view_.setFocus(Qt::OtherFocusReason);
     ended->hide();
     ended->deleteLater();
+    justEnded_ = true;
+    QMetaObject::invokeMethod(
+        &view_, [this] { justEnded_ = false; }, Qt::QueuedConnection);
     if (keep)
         guard_.Run("EndEdit", [&] { edit.Commit(text); });
     else

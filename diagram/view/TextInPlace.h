@@ -29,6 +29,8 @@ public:
 
     // Null while nothing is edited.
     InPlaceEditor *Editor() const { return editor_; }
+    // Whether the event that is still running has ended an editing: a press elsewhere, say.
+    bool HasJustEnded() const { return justEnded_; }
     // The item, and what would be written; none when that is what it has.
     std::optional<std::pair<ItemId, QString>> Typed() const;
 
@@ -39,6 +41,7 @@ private:
     SurfaceGuard &guard_;
     QPointer<InPlaceEditor> editor_;
     std::optional<EditText> edit_;
+    bool justEnded_ = false;
 };
 
 } // namespace diagram

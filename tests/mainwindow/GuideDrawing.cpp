@@ -5,9 +5,14 @@
 #include "document/Tags.h"
 #include "mainwindow/DroppedFile.h"
 #include "mainwindow/PickBox.h"
+#include "mainwindow/ShapePalette.h"
+#include "mainwindow/Toolbar.h"
+#include "widgets/ShapeGrid.h"
+#include "widgets/ShapePopup.h"
 
 #include <QApplication>
 #include <QImage>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
@@ -26,6 +31,28 @@ void Draw(Reader &r) {
     r.Stroke({{3900, 4200}, {4500, 5400}}, {}, kShift);
     ASSERT_EQ(r.Nodes(), 5);
     EXPECT_EQ(r.LastNode().Width(), r.LastNode().Height());
+}
+
+void DrawAnotherShape(Reader &r) {
+    r.Press("F7");
+    widgets::ShapeGrid &grid = r.window->Shapes().Popup()->Grid();
+    QTest::keyClicks(&grid.Words(), QStringLiteral("hexa"));
+    QTest::keyClick(&grid.Words(), Qt::Key_Return);
+    r.Stroke({{600, 3600}, {1800, 4500}});
+    r.Stroke({{2400, 3600}, {3600, 4500}});
+    ASSERT_EQ(r.Nodes(), 5);
+    EXPECT_EQ(r.LastNode().Shape(), 8);
+    r.window->findChild<Toolbar *>(QStringLiteral("tlbView"))->actions().first()->trigger();
+    const widgets::ShapeList &list = grid.List();
+    const QModelIndex picture = list.model()->match(list.model()->index(0, 0), Qt::DisplayRole, "Octogon")[0];
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(picture).center());
+    r.Click(Reader::kEmpty);
+    ASSERT_EQ(r.Nodes(), 6);
+    EXPECT_EQ(r.LastNode().Shape(), 15);
+    EXPECT_EQ(r.LastNode().Bounds().size(), QSizeF(1500, 900));
+    r.Press("Esc");
+    r.Click({600, 7500});
+    EXPECT_EQ(r.Nodes(), 6);
 }
 
 void LinkTwo(Reader &r) {
@@ -300,6 +327,10 @@ constexpr ToldStep kDrawing[] = {
     {"draw a node | drag on the empty page; a drag of only a few pixels counts as a click. Shift, pressed on "
      "the way, makes it as wide as high",
      Draw},
+    {"draw another shape | F7, or the first button of the view toolbar; type a part of the shape's name and "
+     "Enter, or click its picture. Each drag draws that shape from then on, and a click on the empty page "
+     "places one in its usual size, until you choose another or press Escape",
+     DrawAnotherShape},
     {"link two nodes | point at the first and drag from one of the circles beside it to the second; back "
      "onto the first gives a loop",
      LinkTwo},

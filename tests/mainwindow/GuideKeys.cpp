@@ -6,8 +6,10 @@
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/FindBar.h"
 #include "mainwindow/PickBox.h"
+#include "mainwindow/ShapePalette.h"
 #include "mainwindow/TemplateBar.h"
 #include "timeline/setup/frmDate.h"
+#include "widgets/ShapePopup.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -284,6 +286,13 @@ void GoToTemplates(Reader &r) {
     EXPECT_TRUE(r.window->Templates().RB().hasFocus());
 }
 
+void OpenShapes(Reader &r) {
+    r.Press("F7");
+    ASSERT_NE(r.window->Shapes().Popup(), nullptr);
+    EXPECT_TRUE(r.window->Shapes().Popup()->isVisible());
+    r.window->Shapes().Popup()->hide();
+}
+
 void Grid(Reader &r) {
     const bool lines = r.Surface().GridLines(), snaps = r.Surface().SnapToGrid();
     r.Press("Ctrl+G");
@@ -358,6 +367,7 @@ constexpr ToldStep kCommands[] = {
     {"Ctrl+F, Ctrl+H, F3, Shift+F3 | find, replace, next, previous", Find},
     {"Ctrl+Shift+P | search the commands", SearchCommands},
     {"F6 | the templates", GoToTemplates},
+    {"F7 | the shapes", OpenShapes},
     {"Ctrl+G, Ctrl+Shift+G | grid lines, snap to grid", Grid},
     {"Ctrl++, Ctrl+-, Ctrl+0, Ctrl+9 | zoom in, zoom out, 100 per cent, fit in window", Zoom},
     {"Ctrl+T | the date of the selected nodes", Date},

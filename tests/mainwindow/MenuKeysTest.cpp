@@ -41,6 +41,7 @@ constexpr KeyAndCommand kKeys[] = {
     {"Ctrl+Alt+F", "keyFontSize"},
     {"Ctrl+T", "keyDate"},
     {"F6", "keyTemplates"},
+    {"F7", "keyShapes"},
     {"Ctrl+Shift+P", "keySearch"},
     {"Ctrl+PgDown", "keyNextSlice"},
     {"Ctrl+PgUp", "keyPreviousSlice"},

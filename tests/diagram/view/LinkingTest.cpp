@@ -105,7 +105,7 @@ TEST_F(Linking, Hover_SaysWhatADragWouldDo) {
     MoveTo(Handle(c, 4));
     EXPECT_EQ(last(), Hint::DragResizes);
     MoveTo(QPoint(600, 500));
-    EXPECT_EQ(last(), Hint::Nothing);
+    EXPECT_EQ(last(), Hint::DragDrawsNode);
     EXPECT_EQ(hints.count(), 5) << "told once each";
 }
 

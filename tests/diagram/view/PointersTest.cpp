@@ -30,7 +30,9 @@ protected:
 };
 
 TEST_F(Pointers, OverWhatIsNotSelected) {
-    EXPECT_EQ(Over(QPoint(600, 450)), Qt::ArrowCursor);
+    EXPECT_EQ(Over(QPoint(600, 450)), Qt::CrossCursor) << "a drag draws";
+    MoveTo(QPoint(600, 455), Qt::ShiftModifier);
+    EXPECT_EQ(Shape(), Qt::ArrowCursor) << "a drag selects";
     EXPECT_EQ(Over(Body(a)), Qt::SizeAllCursor);
     EXPECT_EQ(Over(Handle(a, 0)), Qt::SizeAllCursor) << "no handle there";
     EXPECT_EQ(Over(LinkStart(a, 0)), Qt::CrossCursor);
@@ -59,8 +61,8 @@ TEST_F(Pointers, UnselectableAndHiddenItems_AreNotThere) {
     a.SetSelectable(false);
     link.SetHidden(true);
     Settle();
-    EXPECT_EQ(Over(Body(a)), Qt::ArrowCursor);
-    EXPECT_EQ(Over(Third(0)), Qt::ArrowCursor);
+    EXPECT_EQ(Over(Body(a)), Qt::CrossCursor);
+    EXPECT_EQ(Over(Third(0)), Qt::CrossCursor);
 }
 
 TEST_F(Pointers, DuringEachGesture) {
@@ -85,7 +87,7 @@ TEST_F(Pointers, DuringEachGesture) {
         EXPECT_EQ(Shape(), row.shape) << row.what;
         Key(Qt::Key_Escape);
         Release(QPoint(600, 480), row.modifiers);
-        EXPECT_EQ(Over(QPoint(601, 481)), Qt::ArrowCursor) << row.what;
+        EXPECT_EQ(Over(QPoint(601, 481)), Qt::CrossCursor) << row.what;
     }
 }
 

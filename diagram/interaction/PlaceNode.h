@@ -1,0 +1,37 @@
+// Nodes that are added where the pointer is.
+#pragma once
+
+#include "diagram/interaction/Gesture.h"
+#include "diagram/interaction/Snapping.h"
+
+namespace diagram {
+
+class Node;
+class Scene;
+class Surface;
+
+// Of a node for which no size was drawn, in twips.
+constexpr QSizeF kUsualSize{1500, 900};
+
+// Adds a node with the surface's defaults, but in that shape where one is given, and makes it the selection;
+// AfterAddNode. The caller opens the group.
+void AddNodeIn(Surface &surface, const QRectF &box, std::optional<int> shape);
+
+// A node of the usual size around the pointer, drawn to guides and to the grid like one that is moved; it
+// stays on the surface.
+class PlacedNode {
+public:
+    PlacedNode(Scene &scene, const Stage &stage, const PointerInput &input);
+
+    // One step, with AfterAddNode and AfterSelect.
+    void Add(int shape);
+    // How it would stand there.
+    void Show(int shape, Overlay &overlay) const;
+
+private:
+    Surface &surface_;
+    Snapping snapping_;
+    QRectF box_;
+};
+
+} // namespace diagram

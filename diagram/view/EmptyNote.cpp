@@ -1,0 +1,87 @@
+#include "diagram/view/EmptyNote.h"
+
+#include "diagram/model/Surface.h"
+#include "support/Colour.h"
+
+#include <algorithm>
+#include <cmath>
+#include <QPainter>
+#include <QWidget>
+#include <utility>
+
+namespace diagram {
+
+namespace {
+
+constexpr int kMostWidth = 460; // pixels
+constexpr int kMargin = 16;
+constexpr double kLeastContrast = 4.6; // rounding takes a little of it
+constexpr double kFirstShare = 0.5;    // of the ink in the quietest mixture
+constexpr int kPlateAlpha = 210;
+constexpr double kPlateCorner = 8;
+constexpr int kFlags = Qt::AlignCenter | Qt::TextWordWrap;
+
+double Linear(double part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); }
+
+double Luminance(const QColor &colour) {
+    return 0.2126 * Linear(colour.redF()) + 0.7152 * Linear(colour.greenF()) +
+           0.0722 * Linear(colour.blueF());
+}
+
+// The contrast of two colours, 1 to 21 (WCAG 2).
+double Contrast(const QColor &a, const QColor &b) {
+    const double one = Luminance(a) + 0.05, other = Luminance(b) + 0.05;
+    return std::max(one, other) / std::min(one, other);
+}
+
+QColor Mixed(const QColor &a, const QColor &b, double share) {
+    const auto mix = [share](int x, int y) { return int(std::lround(x + (y - x) * share)); };
+    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
+}
+
+} // namespace
+
+QColor QuietInk(const QColor &paper) {
+    const QColor black(Qt::black), white(Qt::white);
+    const QColor &ink = Contrast(paper, black) >= Contrast(paper, white) ? black : white;
+    for (double share = kFirstShare; share < 1; share += 0.05) {
+        const QColor quiet = Mixed(paper, ink, share);
+        if (Contrast(paper, quiet) >= kLeastContrast) return quiet;
+    }
+    return ink;
+}
+
+bool IsEmptyPage(const Surface &surface) {
+    for (const Node &node : surface.Nodes())
+        if (node.Selectable() || !node.Hidden()) return false;
+    return true;
+}
+
+bool EmptyNote::Update(bool drawing) {
+    const bool shows = !words_.isEmpty() && !drawing && IsEmptyPage(surface_);
+    if (std::exchange(shown_, shows) == shows) return false;
+    canvas_.update();
+    return true;
+}
+
+// On a picture the letters lie on a plate in the colour of the page.
+void EmptyNote::Paint(QPainter &painter) const {
+    if (!shown_) return;
+    QRect place(0, 0, std::min(kMostWidth, canvas_.width() - 2 * kMargin), canvas_.height());
+    place.moveCenter(canvas_.rect().center());
+    QColor paper = support::ToQColor(surface_.BackColor());
+    painter.setFont(canvas_.font());
+    const QRect text = painter.boundingRect(place, kFlags, words_);
+    painter.setPen(Qt::NoPen);
+    if (!surface_.Picture().IsNull()) {
+        QColor plate = paper;
+        plate.setAlpha(kPlateAlpha);
+        painter.setBrush(plate);
+        painter.drawRoundedRect(text.adjusted(-kMargin, -kMargin, kMargin, kMargin), kPlateCorner,
+                                kPlateCorner);
+    }
+    painter.setPen(QuietInk(paper));
+    painter.drawText(place, kFlags, words_);
+}
+
+} // namespace diagram

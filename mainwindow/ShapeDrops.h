@@ -1,0 +1,27 @@
+// Shapes that are dragged from the palette onto the page.
+#pragma once
+
+#include <QObject>
+
+class QDropEvent;
+
+namespace mainwindow {
+
+class frmMain;
+
+// Takes what the window is told of such drags; all others go on to whoever takes those. A drop places a node
+// of the shape, as a click does.
+class ShapeDrops : public QObject {
+public:
+    explicit ShapeDrops(frmMain &window);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void Take(QDropEvent &event, int shape);
+
+    frmMain &window_;
+};
+
+} // namespace mainwindow

@@ -1,0 +1,31 @@
+// The grid of shapes in a window that pops up below a button.
+#pragma once
+
+#include <QFrame>
+
+namespace widgets {
+
+class ShapeGrid;
+
+// Goes with a choice, with Escape and with a press beside it. What it says and takes is the grid's.
+class ShapePopup : public QFrame {
+    Q_OBJECT
+public:
+    explicit ShapePopup(QWidget *parent = nullptr);
+
+    ShapeGrid &Grid() const { return *grid_; }
+    // At the side of the place (of the screen) where there is room, never beyond the screen.
+    void PopUp(const QRect &place);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    ShapeGrid *grid_;
+};
+
+// Where a window of that size stands: below `place` and in line with its left side, moved to the left where
+// the screen ends, and above where there is more room; as high as there is room.
+QRect BesidePlace(const QSize &size, const QRect &place, const QRect &screen);
+
+} // namespace widgets
