@@ -2,6 +2,7 @@
 
 #include "app/settings/clsRB.h"
 #include "diagram/view/SurfaceView.h"
+#include "diagram/view/ZoomSteps.h"
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/BarPane.h"
 #include "mainwindow/CommandSearch.h"
@@ -12,7 +13,6 @@
 #include "mainwindow/TemplateBar.h"
 #include "mainwindow/TimelineCommands.h"
 #include "mainwindow/WindowStatus.h"
-#include "mainwindow/ZoomSteps.h"
 #include "support/clsPaths.h"
 
 namespace mainwindow {
@@ -45,8 +45,12 @@ void ZoomAroundMiddle(frmMain &window, double percent) {
     view.ZoomAt(percent, QRectF(view.viewport()->rect()).center());
 }
 
-void keyZoomIn(frmMain &window) { ZoomAroundMiddle(window, NextZoom(window.CurrentView().ShownZoom())); }
-void keyZoomOut(frmMain &window) { ZoomAroundMiddle(window, PreviousZoom(window.CurrentView().ShownZoom())); }
+void keyZoomIn(frmMain &window) {
+    ZoomAroundMiddle(window, diagram::NextZoom(window.CurrentView().ShownZoom()));
+}
+void keyZoomOut(frmMain &window) {
+    ZoomAroundMiddle(window, diagram::PreviousZoom(window.CurrentView().ShownZoom()));
+}
 
 void mnuViewBackgroundColor(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();

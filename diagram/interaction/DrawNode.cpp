@@ -1,5 +1,6 @@
 #include "diagram/interaction/DrawNode.h"
 
+#include "diagram/interaction/GrowPage.h"
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/interaction/Snap.h"
@@ -20,7 +21,7 @@ QPointF SquareCorner(const QPointF &from, const QPointF &to) {
 } // namespace
 
 DrawNode::DrawNode(Scene &scene, const Stage &stage, const PointerInput &press)
-    : surface_(scene.Model()), press_(press), snapping_(scene, stage, nullptr) {}
+    : surface_(scene.Model()), stage_(stage), press_(press), snapping_(scene, stage, nullptr) {}
 
 QPointF DrawNode::FarCorner(const QPointF &from, const PointerInput &input) {
     if (input.Shift()) {
@@ -35,7 +36,7 @@ QPointF DrawNode::FarCorner(const QPointF &from, const PointerInput &input) {
 QRectF DrawNode::Box(const PointerInput &input) {
     const QPointF from = snapping_.Corner(press_.at, input);
     const QPointF to = FarCorner(from, input);
-    const QRectF box = QRectF(from, to).normalized() & QRectF(QPointF(0, 0), QSizeF(1e9, 1e9));
+    const QRectF box = QRectF(from, to).normalized();
     snapping_.Note(box, SideTowards(to.x() - from.x()), SideTowards(to.y() - from.y()), input);
     return box;
 }
@@ -54,6 +55,7 @@ void DrawNode::Commit(const PointerInput &input) {
         Node &node = surface_.Nodes().Add(float(box.left()), float(box.top()), float(box.width()),
                                           float(box.height()));
         node.SetSelected(true);
+        GrowPage(surface_, stage_.Days(), box);
         surface_.Events().AfterAddNode(surface_, node);
     });
 }

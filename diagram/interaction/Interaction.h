@@ -30,7 +30,10 @@ public:
     // Gives the gesture up; false when there is none.
     bool Cancel();
     // The pointer has left the surface.
-    void Leave() { Hover({}, {}); }
+    void Leave() {
+        shown_ = kNoItem;
+        Hover({}, {});
+    }
     // Shows how large the node is, when no gesture shows anything else; kNoItem ends it.
     void ShowSizeOf(ItemId node) { sized_ = node; }
 
@@ -41,6 +44,7 @@ public:
     Hint WhatNow() const { return gesture_ ? gesture_->WhatNow() : Hint::Nothing; }
     bool IsPanning() const { return gesture_ && gesture_->MovesTheView(); }
     bool ScrollsAtEdges() const { return gesture_ && gesture_->ScrollsAtEdges(); }
+    bool GrowsThePage() const { return gesture_ && gesture_->GrowsThePage(); }
     Overlay Show() const;
     Qt::CursorShape Pointer() const;
 
