@@ -2,7 +2,6 @@
 
 #include "app/settings/Settings.h"
 #include "diagram/edit/History.h"
-#include "diagram/format/SurfaceFile.h"
 #include "diagram/view/PictureMime.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
@@ -87,11 +86,8 @@ void mnuEditProperties(frmMain &window) {
 
 void keyDuplicate(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
-    const QByteArray selection = diagram::SaveSelection(surface);
-    constexpr float kAside = 300; // twips
     const diagram::ActionGroup group(surface);
-    surface.UnselectAll();
-    diagram::PasteBytes(surface, selection, kAside, kAside);
+    if (!window.CurrentView().Duplicate()) return;
     document::ChangeGUIDs(surface, true);
     window.clsSettings().Dirty = true;
 }

@@ -4,6 +4,7 @@
 #include "app/settings/Settings.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/view/SurfaceView.h"
+#include "diagram/view/ZoomSteps.h"
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/BarPane.h"
 #include "mainwindow/CommandSearch.h"
@@ -16,7 +17,6 @@
 #include "mainwindow/TemplateBar.h"
 #include "mainwindow/TimelineCommands.h"
 #include "mainwindow/WindowStatus.h"
-#include "mainwindow/ZoomSteps.h"
 #include "support/clsPaths.h"
 
 namespace mainwindow {
@@ -49,8 +49,12 @@ void ZoomAroundMiddle(frmMain &window, double percent) {
     view.ZoomAt(percent, QRectF(view.viewport()->rect()).center());
 }
 
-void keyZoomIn(frmMain &window) { ZoomAroundMiddle(window, NextZoom(window.CurrentView().ShownZoom())); }
-void keyZoomOut(frmMain &window) { ZoomAroundMiddle(window, PreviousZoom(window.CurrentView().ShownZoom())); }
+void keyZoomIn(frmMain &window) {
+    ZoomAroundMiddle(window, diagram::NextZoom(window.CurrentView().ShownZoom()));
+}
+void keyZoomOut(frmMain &window) {
+    ZoomAroundMiddle(window, diagram::PreviousZoom(window.CurrentView().ShownZoom()));
+}
 
 QRectF SelectedArea(diagram::Scene &scene) {
     QRectF area;

@@ -65,7 +65,10 @@ void SliceWatch::SetOut() {
 
 void SliceWatch::GatherSurface(SlicePart &part) {
     part.whole = std::exchange(wholeOut_, false);
-    if (std::exchange(surfaceOut_, false)) part.surface = surface_.Data();
+    if (std::exchange(surfaceOut_, false)) {
+        part.surface = surface_.Data();
+        part.surface->grownLeft = part.surface->grownTop = 0; // the view of another run has seen nothing move
+    }
 }
 
 bool SliceWatch::GatherOne(SlicePart &part, const std::optional<TypedText> &typed) {

@@ -5,6 +5,7 @@
 #include "document/Tags.h"
 #include "support/Val.h"
 #include "timeline/AddTimelineLink.h"
+#include "timeline/Arrange.h"
 #include "timeline/DateText.h"
 #include "timeline/Strip.h"
 #include "timeline/TimelineNodes.h"
@@ -112,6 +113,10 @@ void DaysOfStrip::SetDates(diagram::Surface &flow, const std::vector<Dated> &dat
     for (const Dated &dated : dates)
         if (IsOneOfOurs(dated.date)) texts.push_back({dated.node, FormatDate(dated.date, kDayPattern)});
     AddTimelineLinks(window_, flow, texts);
+}
+
+void DaysOfStrip::Arrange(diagram::Surface &flow) {
+    if (!LocateTimelineNodes(flow).empty()) ArrangeTimeLineNodes(window_, flow, kStoredArrangement);
 }
 
 } // namespace timeline

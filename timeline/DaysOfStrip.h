@@ -23,6 +23,7 @@ public:
     std::optional<QLineF> PlaceOf(const diagram::Surface &flow, const QDate &date) const override;
     bool RunsRightwards(const diagram::Surface &flow) const override;
     void SetDates(diagram::Surface &flow, const std::vector<Dated> &dates) override;
+    void Arrange(diagram::Surface &flow) override; // nothing on a surface without months
 
 private:
     document::MapWindow &window_;

@@ -4,16 +4,10 @@
 #include "support/Error.h"
 
 #include <algorithm>
-#include <map>
-#include <optional>
 
 namespace diagram {
 
 namespace {
-
-// An item as it was when the open group first touched it; empty for one that the group added.
-template <typename Data>
-using Touched = std::map<ItemId, std::optional<Data>>;
 
 // `current` is null for an item that isn't there any more.
 template <typename Data>
@@ -34,6 +28,16 @@ public:
     explicit History(Surface &surface) : surface_(surface) {}
 
     void Begin(std::int16_t) override { ++depth_; }
+
+    bool Continue() override {
+        if (depth_ > 0 || done_ == 0 || done_ < steps_.size()) return false;
+        --done_;
+        steps_[done_].PutBefore(surface_, nodes_, links_, data_);
+        steps_.resize(done_);
+        states_.resize(done_ + 1);
+        depth_ = 1;
+        return true;
+    }
 
     void End() override {
         if (depth_ == 0 || --depth_ > 0) return;
@@ -160,7 +164,9 @@ private:
 
 void AttachHistory(Surface &surface) { surface.SetLog(std::make_unique<History>(surface)); }
 
-ActionGroup::ActionGroup(Surface &surface) : surface_(surface) { surface_.BeginAction(0); }
+ActionGroup::ActionGroup(Surface &surface, bool goesOn) : surface_(surface) {
+    if (!goesOn || !surface_.ContinueAction()) surface_.BeginAction(0);
+}
 ActionGroup::~ActionGroup() { surface_.EndAction(); }
 
 } // namespace diagram

@@ -12,10 +12,10 @@ class Surface;
 // by then is passed over, and properties that were written outside of groups since stay as they are.
 void AttachHistory(Surface &surface);
 
-// An open group that closes itself.
+// An open group that closes itself. `goesOn`: one step with the last one, where that can be gone on with.
 class ActionGroup {
 public:
-    explicit ActionGroup(Surface &surface);
+    explicit ActionGroup(Surface &surface, bool goesOn = false);
     ~ActionGroup();
     ActionGroup(const ActionGroup &) = delete;
     ActionGroup &operator=(const ActionGroup &) = delete;

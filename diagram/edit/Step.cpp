@@ -36,6 +36,12 @@ void ChangeLink(Surface &target, Link &link, const std::vector<PropertyChange> &
     target.Overwrite(link, std::move(data));
 }
 
+template <typename Data>
+void PutPresences(const std::vector<Presence<Data>> &entries, Touched<Data> &before) {
+    for (const auto &entry : entries)
+        before[entry.id] = entry.added ? std::optional<Data>() : std::optional<Data>(entry.data);
+}
+
 // While it stands, what the step writes brings its ways along.
 class Replay {
 public:
@@ -83,6 +89,19 @@ void Step::Apply(Surface &target, bool forward) {
         data.key = std::move(entry.key);
         target.Overwrite(*node, std::move(data));
     }
+}
+
+void Step::PutBefore(const Surface &target, Touched<NodeData> &nodesBefore, Touched<LinkData> &linksBefore,
+                     std::optional<SurfaceData> &before) const {
+    PutPresences(nodesPresent, nodesBefore);
+    PutPresences(linksPresent, linksBefore);
+    for (const auto &entry : nodes)
+        if (const Node *node = target.FindNode(entry.id))
+            nodesBefore[entry.id].emplace(Changed(node->Data(), entry.changes, false));
+    for (const auto &entry : links)
+        if (const Link *link = target.FindLink(entry.id))
+            linksBefore[entry.id].emplace(Changed(link->Data(), entry.changes, false));
+    if (!surface.empty()) before.emplace(Changed(target.Data(), surface, false));
 }
 
 void Step::ApplyToNodes(Surface &target, bool forward, std::vector<KeyToSet> &keys) const {

@@ -3,9 +3,15 @@
 
 #include "diagram/model/Properties.h"
 
+#include <map>
+#include <optional>
 #include <vector>
 
 namespace diagram {
+
+// Items as they were when a group first touched them; empty for those that it added.
+template <typename Data>
+using Touched = std::map<ItemId, std::optional<Data>>;
 
 struct PropertyChange {
     std::size_t row; // in the table of properties
@@ -53,6 +59,9 @@ public:
     // step left, and an item that isn't there any more, are passed over. Keeps the values of the items that
     // it takes away, so that those come back as they were last.
     void Apply(Surface &target, bool forward);
+    // What the step, which was the last on `target`, began with, as if its group were still open.
+    void PutBefore(const Surface &target, Touched<NodeData> &nodesBefore, Touched<LinkData> &linksBefore,
+                   std::optional<SurfaceData> &before) const;
 
 private:
     struct KeyToSet {

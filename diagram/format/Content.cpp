@@ -8,6 +8,7 @@
 #include "diagram/format/ValueWriter.h"
 #include "support/Error.h"
 
+#include <algorithm>
 #include <QCryptographicHash>
 #include <QSet>
 
@@ -26,8 +27,11 @@ QByteArray SumOf(QByteArrayView body) {
     return hash.result().first(kSumSize);
 }
 
-// The surface's picture and back colour are no part of its file.
-bool IsStored(const PropertyRow<SurfaceData> &row) { return row.id != 2 && row.id != 3; }
+// The surface's picture and back colour are no part of its file, nor how far its page has grown.
+bool IsStored(const PropertyRow<SurfaceData> &row) {
+    constexpr std::uint8_t kNotStored[] = {2, 3, 8, 9};
+    return std::ranges::find(kNotStored, row.id) == std::end(kNotStored);
+}
 
 QByteArray BodyOf(const Content &content) {
     ValueWriter writer;

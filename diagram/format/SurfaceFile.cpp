@@ -49,6 +49,8 @@ Content DecodeFor(const Surface &surface, const QByteArray &bytes) {
     Content content = Decode(bytes, ContentKind::Surface);
     content.surface.picture = surface.Picture();
     content.surface.backColor = surface.BackColor();
+    content.surface.grownLeft = surface.Data().grownLeft;
+    content.surface.grownTop = surface.Data().grownTop;
     return content;
 }
 

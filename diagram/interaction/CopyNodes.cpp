@@ -1,6 +1,7 @@
 #include "diagram/interaction/CopyNodes.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/interaction/GrowPage.h"
 #include "diagram/interaction/MoveNodes.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/scene/Scene.h"
@@ -68,6 +69,7 @@ void CopyNodes::Commit(const PointerInput &input) {
         PasteBytes(surface, SaveSelection(surface), float(distance.x()), float(distance.y()));
         const std::vector<Link *> links = surface.SelectedLinks();
         for (Link *link : links) link->SetSelected(false);
+        GrowPage(surface, stage_.Days(), extent_.translated(distance), extent_);
         surface.Events().AfterMove(surface);
     });
 }

@@ -20,6 +20,7 @@ public:
     void Cancel() override {}
     void Show(Overlay &overlay) const override;
     Qt::CursorShape Pointer() const override { return Qt::DragCopyCursor; }
+    bool GrowsThePage() const override { return true; }
 
 private:
     QPointF Distance(const PointerInput &input);

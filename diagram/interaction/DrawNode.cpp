@@ -21,7 +21,8 @@ QPointF SquareCorner(const QPointF &from, const QPointF &to) {
 } // namespace
 
 DrawNode::DrawNode(Scene &scene, const Stage &stage, const PointerInput &press)
-    : surface_(scene.Model()), press_(press), snapping_(scene, stage, nullptr), shape_(stage.ShapeToDraw()) {}
+    : surface_(scene.Model()), stage_(stage), press_(press), snapping_(scene, stage, nullptr),
+      shape_(stage.ShapeToDraw()) {}
 
 QPointF DrawNode::FarCorner(const QPointF &from, const PointerInput &input) {
     if (input.Shift()) {
@@ -36,7 +37,7 @@ QPointF DrawNode::FarCorner(const QPointF &from, const PointerInput &input) {
 QRectF DrawNode::Box(const PointerInput &input) {
     const QPointF from = snapping_.Corner(press_.at, input);
     const QPointF to = FarCorner(from, input);
-    const QRectF box = QRectF(from, to).normalized() & QRectF(QPointF(0, 0), QSizeF(1e9, 1e9));
+    const QRectF box = QRectF(from, to).normalized();
     snapping_.Note(box, SideTowards(to.x() - from.x()), SideTowards(to.y() - from.y()), input);
     return box;
 }
@@ -52,7 +53,7 @@ void DrawNode::Commit(const PointerInput &input) {
         surface_.UnselectAll();
         if (box.width() < kDragDistance * input.pixel.width()) return;
         if (box.height() < kDragDistance * input.pixel.height()) return;
-        AddNodeIn(surface_, box, shape_);
+        AddNodeIn(surface_, stage_.Days(), box, shape_);
     });
 }
 

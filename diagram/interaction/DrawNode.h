@@ -9,7 +9,8 @@ namespace diagram {
 
 // The node gets the surface's defaults, but the shape that the stage wants drawn, and becomes the selection.
 // A drag too small to be a node selects nothing. Its corners are drawn to guides and to the grid; Shift keeps
-// it as wide as high, and then nothing draws the corner that moves but the grid.
+// it as wide as high, and then nothing draws the corner that moves but the grid. The page grows where it
+// reaches beyond its left or its top.
 class DrawNode : public Gesture {
 public:
     DrawNode(Scene &scene, const Stage &stage, const PointerInput &press);
@@ -19,12 +20,14 @@ public:
     void Cancel() override {}
     void Show(Overlay &overlay) const override;
     Qt::CursorShape Pointer() const override { return Qt::CrossCursor; }
+    bool GrowsThePage() const override { return true; }
 
 private:
     QPointF FarCorner(const QPointF &from, const PointerInput &input);
     QRectF Box(const PointerInput &input);
 
     Surface &surface_;
+    const Stage &stage_;
     PointerInput press_;
     Snapping snapping_;
     std::optional<int> shape_;

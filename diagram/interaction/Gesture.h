@@ -53,6 +53,8 @@ public:
     virtual bool MovesTheView() const { return false; }
     // Whether the surface scrolls when the pointer comes to the edge of the viewport.
     virtual bool ScrollsAtEdges() const { return true; }
+    // Whether what goes beyond the left or the top of the page makes the page grow.
+    virtual bool GrowsThePage() const { return false; }
 
     // Led by keys: it starts without the pointer, which means something to it only while a button is held.
     // Enter commits it, Escape gives it up; every other key comes to it.

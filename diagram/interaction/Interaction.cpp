@@ -46,6 +46,7 @@ void Interaction::NoteModifiers(Qt::KeyboardModifiers modifiers) {
 }
 
 void Interaction::Leave() {
+    shown_ = kNoItem;
     Hover({}, {});
     over_ = false;
     told_ = Hint::Nothing;

@@ -43,6 +43,7 @@ public:
     Hint WhatNow() const { return gesture_ ? gesture_->WhatNow() : Hint::Nothing; }
     bool IsPanning() const { return gesture_ && gesture_->MovesTheView(); }
     bool ScrollsAtEdges() const { return gesture_ && gesture_->ScrollsAtEdges(); }
+    bool GrowsThePage() const { return gesture_ && gesture_->GrowsThePage(); }
     Overlay Show() const;
     Qt::CursorShape Pointer() const;
 

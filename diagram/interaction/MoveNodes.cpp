@@ -3,17 +3,19 @@
 #include "diagram/edit/History.h"
 #include "diagram/interaction/CopyNodes.h"
 #include "diagram/interaction/DateNodes.h"
-#include "diagram/interaction/Snap.h"
+#include "diagram/interaction/GrowPage.h"
 #include "diagram/scene/Scene.h"
 
 namespace diagram {
 
 namespace {
 
-void MoveInOneStep(Surface &surface, const HeldItems &held, const QPointF &distance) {
+void MoveInOneStep(Surface &surface, DayStrip &days, const HeldItems &held, const QPointF &distance,
+                   bool goesOn = false) {
     if (distance.isNull()) return;
-    const ActionGroup group(surface);
+    const ActionGroup group(surface, goesOn);
     held.MoveBy(surface, distance);
+    GrowPage(surface, days, held.Extent().translated(distance), held.Extent());
     surface.Events().AfterMove(surface);
 }
 
@@ -51,15 +53,14 @@ std::unique_ptr<Gesture> MoveNodes::Move(const PointerInput &input) {
 void MoveNodes::Commit(const PointerInput &input) {
     const QPointF distance = Distance(input);
     held_.Restore(surface_);
-    MoveInOneStep(surface_, held_, distance);
+    MoveInOneStep(surface_, stage_.Days(), held_, distance);
 }
 
 void MoveNodes::Cancel() { held_.Restore(surface_); }
 
-bool MoveSelection(Surface &surface, const QPointF &distance) {
+bool MoveSelection(Surface &surface, DayStrip &days, const QPointF &distance, bool goesOn) {
     if (surface.SelectedNodes().empty()) return false;
-    const HeldItems held(surface.SelectedNodes());
-    MoveInOneStep(surface, held, KeepOnSurface(held.Extent(), distance));
+    MoveInOneStep(surface, days, HeldItems(surface.SelectedNodes()), distance, goesOn);
     return true;
 }
 

@@ -9,7 +9,8 @@ namespace diagram {
 
 // The selection as a whole is drawn to guides; with none near and the grid on, the node that was pressed goes
 // to the grid and the others keep their distance from it. Shift keeps the move on one axis; with Ctrl it
-// becomes a copy, and with Alt a node with a date goes along its strip of days.
+// becomes a copy, and with Alt a node with a date goes along its strip of days. The page grows where a node
+// is dropped beyond its left or its top.
 class MoveNodes : public Gesture {
 public:
     MoveNodes(Scene &scene, const Stage &stage, Node &pressed, const PointerInput &press);
@@ -19,6 +20,7 @@ public:
     void Cancel() override;
     void Show(Overlay &overlay) const override { snapping_.Show(overlay); }
     Qt::CursorShape Pointer() const override { return Qt::SizeAllCursor; }
+    bool GrowsThePage() const override { return true; }
 
 private:
     QPointF Distance(const PointerInput &input);
@@ -34,7 +36,8 @@ private:
     QPointF corner_; // left top of the pressed node at the press
 };
 
-// Moves the selection by the distance (twips) as one step, with AfterMove; false when no node is selected.
-bool MoveSelection(Surface &surface, const QPointF &distance);
+// Moves the selection by the distance (twips) as one step, or as part of the last one, with AfterMove; the
+// page grows as above. False when no node is selected.
+bool MoveSelection(Surface &surface, DayStrip &days, const QPointF &distance, bool goesOn = false);
 
 } // namespace diagram

@@ -1,5 +1,6 @@
 #include "diagram/interaction/PlaceNode.h"
 
+#include "diagram/interaction/GrowPage.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Scene.h"
@@ -7,16 +8,17 @@
 
 namespace diagram {
 
-void AddNodeIn(Surface &surface, const QRectF &box, std::optional<int> shape) {
+void AddNodeIn(Surface &surface, DayStrip &days, const QRectF &box, std::optional<int> shape) {
     Node &node =
         surface.Nodes().Add(float(box.left()), float(box.top()), float(box.width()), float(box.height()));
     if (shape) node.SetShape(*shape);
     node.SetSelected(true);
+    GrowPage(surface, days, box);
     surface.Events().AfterAddNode(surface, node);
 }
 
 PlacedNode::PlacedNode(Scene &scene, const Stage &stage, const PointerInput &input)
-    : surface_(scene.Model()), snapping_(scene, stage, nullptr), box_(QPointF(), kUsualSize) {
+    : surface_(scene.Model()), stage_(stage), snapping_(scene, stage, nullptr), box_(QPointF(), kUsualSize) {
     box_.moveCenter(input.at);
     box_.moveTopLeft({qMax(0.0, box_.left()), qMax(0.0, box_.top())});
     box_.translate(snapping_.Move(box_, box_.topLeft(), {}, input));
@@ -25,7 +27,7 @@ PlacedNode::PlacedNode(Scene &scene, const Stage &stage, const PointerInput &inp
 void PlacedNode::Add(int shape) {
     ChangeSelection(surface_, [&] {
         surface_.UnselectAll();
-        AddNodeIn(surface_, box_, shape);
+        AddNodeIn(surface_, stage_.Days(), box_, shape);
     });
 }
 

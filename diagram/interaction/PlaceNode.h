@@ -6,7 +6,7 @@
 
 namespace diagram {
 
-class Node;
+class DayStrip;
 class Scene;
 class Surface;
 
@@ -14,8 +14,8 @@ class Surface;
 constexpr QSizeF kUsualSize{1500, 900};
 
 // Adds a node with the surface's defaults, but in that shape where one is given, and makes it the selection;
-// AfterAddNode. The caller opens the group.
-void AddNodeIn(Surface &surface, const QRectF &box, std::optional<int> shape);
+// AfterAddNode. The page grows where it must. The caller opens the group.
+void AddNodeIn(Surface &surface, DayStrip &days, const QRectF &box, std::optional<int> shape);
 
 // A node of the usual size around the pointer, drawn to guides and to the grid like one that is moved; it
 // stays on the surface.
@@ -30,6 +30,7 @@ public:
 
 private:
     Surface &surface_;
+    const Stage &stage_;
     Snapping snapping_;
     QRectF box_;
 };

@@ -1,6 +1,7 @@
 #include "diagram/interaction/ResizeNodes.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/interaction/GrowPage.h"
 #include "diagram/interaction/Snap.h"
 #include "diagram/scene/Scene.h"
 
@@ -47,8 +48,7 @@ Span Resized(const Span &span, int side, double length) {
 
 // The length after the moving end went by `distance`, within what is allowed.
 double DraggedLength(const Span &span, int side, double distance) {
-    double length = span.length + side * distance;
-    if (side < 0) length = qMin(length, span.start + span.length - qMin(0.0, span.start));
+    const double length = span.length + side * distance;
     return side == 0 ? span.length : qMax(length, qMin(kSmallestSide, span.length));
 }
 
@@ -73,6 +73,14 @@ void ResizeTo(Surface &surface, const HeldItems &items, const Lead &lead) {
     }
     items.TakeKeptEndsAlong(surface);
     if (lead.after != lead.before) items.MakeWay(surface);
+}
+
+QRectF ExtentOf(const Surface &surface, const HeldItems &items) {
+    QRectF all;
+    for (const HeldNode &held : items.Nodes())
+        if (const Node *node = surface.FindNode(held.id))
+            all |= node->Bounds().united(QRectF(node->Bounds().topLeft(), QSizeF(1, 1)));
+    return all;
 }
 
 } // namespace
@@ -101,7 +109,7 @@ QRectF ResizedInProportion(const QRectF &box, int handle, const QRectF &before, 
         Resized({box.left(), box.width()}, row.x, box.width() * Factor(after.width(), before.width()));
     const Span y =
         Resized({box.top(), box.height()}, row.y, box.height() * Factor(after.height(), before.height()));
-    return {qMax(x.start, qMin(0.0, box.left())), qMax(y.start, qMin(0.0, box.top())), x.length, y.length};
+    return {x.start, y.start, x.length, y.length};
 }
 
 ResizeNodes::ResizeNodes(Scene &scene, const Stage &stage, Node &pressed, int handle,
@@ -110,6 +118,7 @@ ResizeNodes::ResizeNodes(Scene &scene, const Stage &stage, Node &pressed, int ha
       press_(press),
       held_(surface_.SelectedNodes()),
       snapping_(scene, stage, &held_),
+      stage_(stage),
       pressed_(pressed.Id()),
       box_(pressed.Bounds()),
       handle_(handle) {}
@@ -150,6 +159,7 @@ void ResizeNodes::Commit(const PointerInput &input) {
     if (box == box_) return;
     const ActionGroup group(surface_);
     Apply(box);
+    GrowPage(surface_, stage_.Days(), ExtentOf(surface_, held_), held_.Extent());
     surface_.Events().AfterResize(surface_);
 }
 
@@ -165,7 +175,7 @@ Qt::CursorShape ResizeNodes::Pointer() const { return HandlePointer(handle_); }
 
 Qt::CursorShape HandlePointer(int handle) { return Row(handle).pointer; }
 
-bool ResizeSelection(Surface &surface, const QPointF &growth) {
+bool ResizeSelection(Surface &surface, DayStrip &days, const QPointF &growth, bool goesOn) {
     const Node *lead = surface.SelectedNode();
     if (!lead) return false;
     const int handle = growth.x() != 0 ? kRightHandle : kBottomHandle;
@@ -173,8 +183,9 @@ bool ResizeSelection(Surface &surface, const QPointF &growth) {
     const QRectF to = ResizedBox(box, handle, growth, false);
     if (to == box) return true;
     const HeldItems held(surface.SelectedNodes());
-    const ActionGroup group(surface);
+    const ActionGroup group(surface, goesOn);
     ResizeTo(surface, held, {lead->Id(), handle, box, to});
+    GrowPage(surface, days, ExtentOf(surface, held), held.Extent());
     surface.Events().AfterResize(surface);
     return true;
 }

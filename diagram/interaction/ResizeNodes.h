@@ -12,15 +12,16 @@ namespace diagram {
 // Smallest side that a handle leaves, twips.
 constexpr double kSmallestSide = 15;
 
-// The box after handle `handle` (0 left top, then clockwise) was moved by `distance`. It doesn't turn over
-// and stays on the surface. `keepAspect` lets the side that changed more lead the other.
+// The box after handle `handle` (0 left top, then clockwise) was moved by `distance`. It doesn't turn
+// over. `keepAspect` lets the side that changed more lead the other.
 QRectF ResizedBox(const QRectF &box, int handle, const QPointF &distance, bool keepAspect);
 // `box` resized by the same factors that made `after` out of `before`, the sides opposite to the handle kept
 // in place.
 QRectF ResizedInProportion(const QRectF &box, int handle, const QRectF &before, const QRectF &after);
 
 // All selected nodes change by the factors of the one whose handle is dragged, and whose sides are drawn to
-// guides and to the grid. Shift keeps its aspect; then nothing draws it but the grid.
+// guides and to the grid. Shift keeps its aspect; then nothing draws it but the grid. The page grows where a
+// node reaches beyond its left or its top.
 class ResizeNodes : public Gesture {
 public:
     ResizeNodes(Scene &scene, const Stage &stage, Node &pressed, int handle, const PointerInput &press);
@@ -30,6 +31,7 @@ public:
     void Cancel() override;
     void Show(Overlay &overlay) const override;
     Qt::CursorShape Pointer() const override;
+    bool GrowsThePage() const override { return true; }
 
 private:
     QRectF Box(const PointerInput &input);
@@ -40,16 +42,17 @@ private:
     PointerInput press_;
     HeldItems held_;
     Snapping snapping_;
+    const Stage &stage_;
     ItemId pressed_;
     QRectF box_; // of the pressed node at the press
     QRectF shown_;
     int handle_;
 };
 
-// Moves the right or the bottom side of the selected nodes as one step, with AfterResize: the one with the
-// focus grows by `growth` (twips; one of x and y is 0), the others in proportion, as with the mouse. False
-// when no node is selected.
-bool ResizeSelection(Surface &surface, const QPointF &growth);
+// Moves the right or the bottom side of the selected nodes as one step, or as part of the last one, with
+// AfterResize: the one with the focus grows by `growth` (twips; one of x and y is 0), the others in
+// proportion, as with the mouse. False when no node is selected.
+bool ResizeSelection(Surface &surface, DayStrip &days, const QPointF &growth, bool goesOn = false);
 
 // The pointer shape for a handle.
 Qt::CursorShape HandlePointer(int handle);

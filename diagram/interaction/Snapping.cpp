@@ -65,7 +65,6 @@ QPointF Snapping::Move(const QRectF &box, const QPointF &corner, const QPointF &
         if (x) way.setX(Snapped(at, Qt::Horizontal, Moving::Whole, corner.x(), way.x(), input));
         if (y) way.setY(Snapped(at, Qt::Vertical, Moving::Whole, corner.y(), way.y(), input));
     }
-    way = KeepOnSurface(box, way);
     Note(box.translated(way), Moving::Whole, Moving::Whole, input);
     return way;
 }

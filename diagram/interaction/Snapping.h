@@ -22,8 +22,8 @@ public:
     // Both must live longer. `moving` are no neighbours; null leaves nobody out.
     Snapping(Scene &scene, const Stage &stage, const HeldItems *moving);
 
-    // How far a box goes when the pointer went by `distance`: Shift keeps it on one axis, and it doesn't
-    // leave the surface. `corner` is what the grid draws.
+    // How far a box goes when the pointer went by `distance`: Shift keeps it on one axis. `corner` is what
+    // the grid draws.
     QPointF Move(const QRectF &box, const QPointF &corner, const QPointF &distance,
                  const PointerInput &input);
     // How far the sides of `box` go that `x` and `y` name (Low, High or Nothing).

@@ -24,6 +24,8 @@ public:
     // Before a step is taken back or repeated. The one place where an observer writes to the model: what it
     // has written for the time being, outside of groups, must be taken back now.
     virtual void BeforeUndo() {}
+    // The step has been taken back or repeated.
+    virtual void AfterUndo() {}
 };
 
 // Told before each write. Groups nest: the outermost is the step.
@@ -31,6 +33,9 @@ class ChangeLog {
 public:
     virtual ~ChangeLog() = default;
     virtual void Begin(std::int16_t code) = 0;
+    // Opens a group that goes on with the last step. False, and nothing is opened, when there is none, some
+    // can be repeated, or a group is open.
+    virtual bool Continue() = 0;
     virtual void End() = 0;
     // Closes all open groups and takes back what was recorded in them; no step comes of it, and redo stays as
     // it was.

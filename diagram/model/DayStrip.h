@@ -38,6 +38,10 @@ public:
     // Gives the nodes these dates, inside the group of changes that the caller has opened.
     virtual void SetDates(Surface &, const std::vector<Dated> &) {}
 
+    // Lays the strip out where it belongs, inside the group of changes that the caller has opened: everything
+    // on the surface was moved.
+    virtual void Arrange(Surface &) {}
+
     // The plain one.
     static DayStrip &None();
 };

@@ -111,6 +111,8 @@ inline constexpr std::tuple kSurface{
     Property<&S::yZoom, IsZoom>{5, "yZoom", Geometry},
     Property<&S::gridLines>{6, "GridLines", Look},
     Property<&S::defaults>{7, "Defaults", Data},
+    Property<&S::grownLeft>{8, "GrownLeft", Data},
+    Property<&S::grownTop>{9, "GrownTop", Data},
 };
 
 constexpr const auto &TableOf(const NodeLook *) { return kNode; } // NodeData's too

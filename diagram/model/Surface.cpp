@@ -131,6 +131,11 @@ void Surface::BeginAction(std::int16_t code) {
     if (!Recording()) SettleWays();
     log_->Begin(code);
 }
+bool Surface::ContinueAction() {
+    if (!log_ || Recording()) return false;
+    SettleWays();
+    return log_->Continue();
+}
 void Surface::EndAction() {
     if (!log_) return;
     if (Recording()) SettleWays();
@@ -148,16 +153,22 @@ void Surface::PrepareUndo() {
     for (SurfaceObserver *observer : observers_) observer->BeforeUndo();
 }
 
+void Surface::FinishUndo() {
+    for (SurfaceObserver *observer : observers_) observer->AfterUndo();
+}
+
 void Surface::Undo() {
     if (!log_) return;
     PrepareUndo();
     log_->Undo();
+    FinishUndo();
 }
 
 void Surface::Redo() {
     if (!log_) return;
     PrepareUndo();
     log_->Redo();
+    FinishUndo();
 }
 
 QRectF Surface::Extent() const {

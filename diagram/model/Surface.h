@@ -29,7 +29,8 @@ struct SurfaceData {
     support::Colour backColor = support::kWhite;
     std::int32_t xZoom = 100, yZoom = 100; // per cent; 0 fits the content into the window
     bool gridLines = false;
-    NodeLook defaults; // of new nodes: copied from the default node of the slice
+    NodeLook defaults;                 // of new nodes: copied from the default node of the slice
+    float grownLeft = 0, grownTop = 0; // see PageGrown; no file keeps them
 };
 
 // Which content a surface has, as far as a map file keeps it: what the steps of undo made of it, and what was
@@ -119,6 +120,9 @@ public:
     void SetyZoom(int percent);
     void SetGridLines(bool on);
     void SetDefaults(const NodeLook &defaults);
+    // The whole content was moved right and down by that (twips, whole or none), as the page has grown at its
+    // left and top. What shows the surface goes along, so that nothing jumps; undo takes it back.
+    void PageGrown(float right, float down);
 
     // Values of the screen, never recorded or stored.
     bool SnapToGrid() const { return snapToGrid_; }
@@ -147,6 +151,9 @@ public:
 
     // Groups of changes: one group is one step of undo. Groups nest; only the outermost counts.
     void BeginAction(std::int16_t code);
+    // The same, but what is changed becomes part of the last step, as if both had been one group. False, and
+    // no group is open, when there is no last step, or something was undone, or a group is open.
+    bool ContinueAction();
     void EndAction();
     // Closes all open groups and takes back what was changed in them: a gesture that is given up.
     void CancelAction();
@@ -241,6 +248,7 @@ private:
 
     bool Recording() const;
     void PrepareUndo();
+    void FinishUndo();
     // Each stands before a write: the log gets the values, of a link with its way up to date.
     void Record(const Node &node);
     void Record(Link &link);

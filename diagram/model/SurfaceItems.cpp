@@ -171,6 +171,13 @@ void Surface::SetDefaults(const NodeLook &defaults) {
     Overwrite(std::move(data));
 }
 
+void Surface::PageGrown(float right, float down) {
+    SurfaceData data = data_;
+    data.grownLeft += right;
+    data.grownTop += down;
+    Overwrite(std::move(data));
+}
+
 void Surface::Remove(Node &node) { Remove({&node}, {}); }
 void Surface::Remove(Link &link) { Remove({}, {&link}); }
 

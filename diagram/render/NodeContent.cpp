@@ -2,6 +2,7 @@
 
 #include "diagram/model/Node.h"
 #include "diagram/render/ContentTarget.h"
+#include "diagram/render/CutText.h"
 #include "diagram/render/PicturePainter.h"
 #include "diagram/shapes/Measures.h"
 #include "diagram/shapes/Shapes.h"
@@ -116,10 +117,15 @@ void DrawVectorLine(Paint &paint, const TextBlock &block, const TextLine &line, 
     painter.drawText(baseLine, text);
 }
 
-bool SticksOut(const QRectF &text, const QRectF &box) {
-    constexpr double kTolerance = 8;
-    return text.left() < box.left() - kTolerance || text.right() > box.right() + kTolerance ||
-           text.top() < box.top() - kTolerance || text.bottom() > box.bottom() + kTolerance;
+constexpr double kTolerance = 8; // twips
+
+bool SticksOutAcross(const QRectF &text, const QRectF &box) {
+    return text.left() < box.left() - kTolerance || text.right() > box.right() + kTolerance;
+}
+
+bool SticksOut(const QRectF &content, const QRectF &box) {
+    return SticksOutAcross(content, box) || content.top() < box.top() - kTolerance ||
+           content.bottom() > box.bottom() + kTolerance;
 }
 
 } // namespace
@@ -194,21 +200,68 @@ void DrawBlock(Paint &paint, const TextBlock &block, const QPointF &at, double w
 
 namespace {
 
-void PlaceText(Paint &paint, const Node &node, const QRectF &room, const TextBlock &block) {
+// The lines of a text that are seen, and where they stand; no block where there is room for none.
+struct SeenText {
+    const TextBlock *block = nullptr;
+    QRectF place;
+};
+
+// A single line whose letters have room though the line hasn't: these stand in the middle of the box.
+SeenText PlaceInk(const TextBlock &line, const QRectF &place, const QRectF &box) {
+    const InkSpan ink = InkOf(line, 0);
+    if (ink.bottom - ink.top > box.height() + kTolerance) return {};
+    const double top = box.center().y() - (ink.top + ink.bottom) / 2 - line.lines.front().baseLine;
+    return {&line, QRectF(place.left(), top, line.width, line.height)};
+}
+
+// `cut(lines)` gives the block with so many lines.
+template <typename Cut>
+SeenText SeenOf(const Node &node, const QRectF &room, const TextBlock &block, Cut cut) {
     const NodeData &data = node.Data();
-    const QRectF place = TextPlace(data, node.ShownBounds(), room, block);
-    const QPointF at = paint.frame.Map(place.topLeft());
-    const int side = PlaceOf(data.alignment).across;
-    if (!SticksOut(place, node.ShownBounds()))
-        return DrawBlock(paint, block, at, place.width(), side, ToRgb(data.foreColor));
-    paint.Painter().save();
-    paint.Painter().setClipRect(paint.frame.Map(node.ShownBounds()), Qt::IntersectClip);
-    DrawBlock(paint, block, at, place.width(), side, ToRgb(data.foreColor));
-    paint.Painter().restore();
-    paint.pencil.Forget();
+    const QRectF box = node.ShownBounds();
+    const QRectF place = TextPlace(data, box, room, block);
+    if (SticksOutAcross(QRectF(place.left(), 0, std::min(place.width(), block.width), 0), box)) return {};
+    const int whole = WholeLines(block, box.bottom() - place.top());
+    if (whole == int(block.lines.size())) return {&block, place};
+    if (whole == 0 && IsBeside(data)) return {};
+    const TextBlock &seen = cut(std::max(1, whole));
+    if (IsBeside(data)) return {&seen, place};
+    const QRectF newPlace = TextPlace(data, box, room, seen);
+    return whole == 0 ? PlaceInk(seen, newPlace, box) : SeenText{&seen, newPlace};
+}
+
+void DrawSeen(Paint &paint, const NodeData &data, const SeenText &seen) {
+    if (!seen.block) return;
+    DrawBlock(paint, *seen.block, paint.frame.Map(seen.place.topLeft()), seen.place.width(),
+              PlaceOf(data.alignment).across, ToRgb(data.foreColor));
+}
+
+// A vector target is painted once: nothing is worth keeping.
+void DrawVectorText(Paint &paint, const Node &node, const QRectF &room, const WrapWidth &wrap) {
+    Faces &faces = paint.caches.faces;
+    const TextBlock block = LayOut(faces, node.ShownText(), node.Font(), wrap, 0);
+    TextBlock part;
+    const auto cut = [&](int lines) -> const TextBlock & {
+        return part = CutAfter(faces, block, lines, wrap, 0);
+    };
+    DrawSeen(paint, node.Data(), SeenOf(node, room, block, cut));
 }
 
 } // namespace
+
+bool IsTextCut(TextCache &texts, const Node &node) {
+    const NodeData &data = node.Data();
+    const QString text = node.ShownText();
+    if (text.isEmpty()) return false;
+    const QRectF room = TextRoom(node);
+    const WrapWidth wrap = WrapOf(data, node.ShownBounds(), WidthForText(data, room));
+    const TextBlock block = texts.Find(text, data.font, wrap, 0);
+    const auto cut = [&](int lines) -> const TextBlock & {
+        return texts.Find(text, data.font, wrap, 0, lines);
+    };
+    const SeenText seen = SeenOf(node, room, block, cut);
+    return !seen.block || HasMoreThan(block, int(seen.block->lines.size()));
+}
 
 void PaintNodeText(Paint &paint, const Node &node) {
     const NodeData &data = node.Data();
@@ -218,10 +271,12 @@ void PaintNodeText(Paint &paint, const Node &node) {
     if (!paint.options.vector && data.font.Size() * 20 * scale < kLegiblePixels) return;
     const QRectF room = TextRoom(node);
     const WrapWidth wrap = WrapOf(data, node.ShownBounds(), WidthForText(data, room));
-    // A vector target is painted once: nothing is worth keeping.
-    if (paint.options.vector)
-        return PlaceText(paint, node, room, LayOut(paint.caches.faces, text, data.font, wrap, 0));
-    PlaceText(paint, node, room, paint.caches.texts.Find(text, data.font, wrap, scale));
+    if (paint.options.vector) return DrawVectorText(paint, node, room, wrap);
+    TextCache &texts = paint.caches.texts;
+    const auto cut = [&](int lines) -> const TextBlock & {
+        return texts.Find(text, data.font, wrap, scale, lines);
+    };
+    DrawSeen(paint, data, SeenOf(node, room, texts.Find(text, data.font, wrap, scale), cut));
 }
 
 void PaintNodePicture(Paint &paint, const Node &node) {

@@ -10,13 +10,16 @@ class Node;
 // Where text may stand: the shape's text area less border and margins, in twips.
 QRectF TextRoom(const Node &node);
 
-// Where the lines of its text stand, and its picture, in twips; what sticks out of the box is not seen. Empty
-// without text; the picture must not be null.
+// Where the lines of its text stand, and its picture, in twips, whether they have room or not. Empty without
+// text; the picture must not be null.
 QRectF TextPlace(TextCache &texts, const Node &node);
 QRectF PicturePlace(TextCache &texts, const Node &node);
 
-// Both texts while the surface shows both. Left out when it can't be read. What sticks out of the node's box
-// is cut off.
+// Whether the text doesn't stand there to its end. Both texts while the surface shows both.
+bool IsTextCut(TextCache &texts, const Node &node);
+
+// Both texts while the surface shows both. Left out when it can't be read. A text that is higher than the
+// node's box ends with its last whole line and an ellipsis; what sticks out of the picture is cut off.
 void PaintNodeText(Paint &paint, const Node &node);
 void PaintNodePicture(Paint &paint, const Node &node);
 

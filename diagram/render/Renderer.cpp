@@ -142,6 +142,8 @@ bool Renderer::TextFits(const Node &node) {
     return size.width() <= room.width() + kSlack && size.height() <= room.height() + kSlack;
 }
 
+bool Renderer::TextIsCut(const Node &node) { return IsTextCut(state_->caches.texts, node); }
+
 void Renderer::Clear() {
     state_->caches.texts.Clear();
     state_->caches.pictures.Clear();

@@ -43,8 +43,10 @@ public:
 
     // Measures with the same layout that Paint uses.
     TextMeasure &Measure();
-    // Whether the whole text of the node fits its text area (a tool tip shows what is cut off).
+    // Whether the whole text of the node fits its text area, as a good layout has it.
     bool TextFits(const Node &node);
+    // Whether the text ends before its end for want of room, or isn't shown at all.
+    bool TextIsCut(const Node &node);
     // Forgets the caches.
     void Clear();
 

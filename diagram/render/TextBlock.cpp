@@ -1,5 +1,7 @@
 #include "diagram/render/TextBlock.h"
 
+#include "diagram/render/CutText.h"
+
 #include <algorithm>
 #include <QTextLayout>
 
@@ -45,6 +47,7 @@ struct Builder {
         line.start = start, line.length = length, line.width = width;
         line.baseLine = block.height + ascent;
         block.height += height;
+        line.bottom = block.height;
         block.width = std::max(block.width, width);
         block.lines.push_back(std::move(line));
         return block.lines.back();
@@ -226,17 +229,20 @@ std::size_t BytesOf(const TextBlock &block) {
 } // namespace
 
 std::size_t TextCache::KeyHash::operator()(const Key &key) const {
-    return qHashMulti(key.font.Hash(), key.text, key.width, key.widest, key.room, key.scale);
+    return qHashMulti(key.font.Hash(), key.text, key.width, key.widest, key.room, key.scale, key.lines);
 }
 
-const TextBlock &TextCache::Find(const QString &text, const Font &font, const WrapWidth &wrap, double scale) {
-    Key key{text, font, int(wrap.width), int(wrap.widest), int(RoomFor(text, wrap)), float(scale)};
+const TextBlock &TextCache::Find(const QString &text, const Font &font, const WrapWidth &wrap, double scale,
+                                 int lines) {
+    Key key{text, font, int(wrap.width), int(wrap.widest), int(RoomFor(text, wrap)), float(scale), lines};
     const auto found = index_.find(key);
     if (found != index_.end()) {
         if (found->second != entries_.begin()) entries_.splice(entries_.begin(), entries_, found->second);
         return found->second->block;
     }
-    entries_.push_front({key, LayOut(faces_, text, font, wrap, scale), 0});
+    TextBlock block = lines > 0 ? CutAfter(faces_, Find(text, font, wrap, scale), lines, wrap, scale)
+                                : LayOut(faces_, text, font, wrap, scale);
+    entries_.push_front({key, std::move(block), 0});
     Entry &entry = entries_.front();
     entry.bytes = BytesOf(entry.block);
     bytes_ += entry.bytes;

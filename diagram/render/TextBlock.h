@@ -14,6 +14,7 @@ namespace diagram {
 struct TextLine {
     double width = 0;          // twips
     double baseLine = 0;       // from the block's top, twips
+    double bottom = 0;         // the same
     int start = 0, length = 0; // in the text
     bool rightToLeft = false;
     std::vector<QGlyphRun>
@@ -48,7 +49,9 @@ TextBlock LayOut(Faces &faces, const QString &text, const Font &font, const Wrap
 class TextCache {
 public:
     explicit TextCache(Faces &faces) : faces_(faces) {}
-    const TextBlock &Find(const QString &text, const Font &font, const WrapWidth &wrap, double scale);
+    // With `lines`, what CutAfter gives of the block.
+    const TextBlock &Find(const QString &text, const Font &font, const WrapWidth &wrap, double scale,
+                          int lines = 0);
     void Clear();
     std::size_t Bytes() const { return bytes_; }
 
@@ -58,6 +61,7 @@ private:
         Font font;
         int width, widest, room;
         float scale;
+        int lines;
         friend bool operator==(const Key &, const Key &) = default;
     };
     struct KeyHash {

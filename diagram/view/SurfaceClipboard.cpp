@@ -3,9 +3,12 @@
 #include "diagram/edit/History.h"
 #include "diagram/export/Export.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/interaction/GrowPage.h"
 #include "diagram/interaction/Selecting.h"
+#include "diagram/model/DayStrip.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Scene.h"
+#include "diagram/view/PastePlace.h"
 #include "diagram/view/PictureMime.h"
 #include "support/Error.h"
 
@@ -19,8 +22,6 @@ namespace diagram {
 
 namespace {
 
-constexpr float kPasteStep = 150; // twips beside what stands there already
-constexpr int kMostSteps = 100;
 constexpr qsizetype kMostLines = 2000;    // of pasted text
 constexpr double kLargestPicture = 12000; // longest side of a pasted picture, twips
 constexpr QSizeF kTextNode{2400, 600};
@@ -53,41 +54,38 @@ QString TextOf(const Surface &surface) {
     return lines.join(QLatin1Char('\n'));
 }
 
-bool StandsAt(Scene &scene, const QRectF &box) {
-    std::vector<Item *> items;
-    scene.ItemsIn(box, items);
-    return std::any_of(items.begin(), items.end(),
-                       [&](Item *item) { return item->AsNode() && item->AsNode()->Bounds() == box; });
+std::vector<QRectF> BoxesOf(const Surface &surface) {
+    std::vector<QRectF> boxes;
+    for (const Node &node : surface.Nodes()) boxes.push_back(node.Bounds());
+    return boxes;
 }
 
-// How far to move what is pasted: not at all when it is in sight and nothing stands there, a step further
-// when something does, into the middle of what is seen when it would be out of sight.
-QPointF PasteShift(Scene &scene, const Surface &pasted, const QRectF &seen) {
-    const QRectF extent = pasted.Extent();
-    QPointF shift;
-    if (!extent.adjusted(-1, -1, 1, 1).intersects(seen)) shift = seen.center() - extent.center();
-    shift = {qMax(shift.x(), -extent.left()), qMax(shift.y(), -extent.top())};
-    const QRectF first = pasted.Nodes().Item(1).Bounds();
-    for (int step = 0; step < kMostSteps && StandsAt(scene, first.translated(shift)); ++step)
-        shift += QPointF(kPasteStep, kPasteStep);
-    return shift;
+QRectF SelectedExtent(const Surface &surface) {
+    QRectF extent;
+    for (const Node *node : surface.SelectedNodes()) extent |= node->Bounds();
+    return extent;
 }
 
-bool PasteItems(Scene &scene, const QByteArray &bytes, const QRectF &seen) {
+void AddItems(Scene &scene, const QByteArray &bytes, const QPointF &shift, DayStrip &days) {
+    Surface &surface = scene.Model();
+    ChangeSelection(surface, [&] {
+        surface.UnselectAll();
+        PasteBytes(surface, bytes, float(shift.x()), float(shift.y()));
+        GrowPage(surface, days, SelectedExtent(surface));
+    });
+}
+
+bool PasteItems(Scene &scene, const QByteArray &bytes, const PasteAim &aim) {
     Surface pasted; // damaged data fail here, before anything is changed
     PasteBytes(pasted, bytes, 0, 0);
     if (pasted.Nodes().Count() == 0) return false;
-    const QPointF shift = PasteShift(scene, pasted, seen);
-    ChangeSelection(scene.Model(), [&] {
-        scene.Model().UnselectAll();
-        PasteBytes(scene.Model(), bytes, float(shift.x()), float(shift.y()));
-    });
+    AddItems(scene, bytes, ShiftForPaste(scene, BoxesOf(pasted), aim), aim.days);
     return true;
 }
 
 Node &AddPasted(Surface &surface, const QRectF &box) {
-    Node &node = surface.Nodes().Add(float(qMax(0.0, box.left())), float(qMax(0.0, box.top())),
-                                     float(box.width()), float(box.height()));
+    Node &node =
+        surface.Nodes().Add(float(box.left()), float(box.top()), float(box.width()), float(box.height()));
     node.SetSelected(true);
     return node;
 }
@@ -118,19 +116,55 @@ Picture PictureOf(const QMimeData &data) {
     return Picture::FromImage(qvariant_cast<QImage>(data.imageData()));
 }
 
-void PasteLines(Surface &surface, const QStringList &lines, const QRectF &seen) {
+// One below the other, around the middle of what is seen.
+std::vector<QRectF> BoxesOfLines(qsizetype count, const QRectF &seen) {
     const double step = kTextNode.height() + kTextGap;
-    const double height = double(lines.size()) * step - kTextGap;
-    QPointF corner = seen.center() - QPointF(kTextNode.width(), qMin(height, seen.height())) / 2;
+    const double height = double(count) * step - kTextGap;
+    const QPointF start = seen.center() - QPointF(kTextNode.width(), qMin(height, seen.height())) / 2;
+    const QPointF corner(qMax(0.0, start.x()), qMax(0.0, start.y()));
+    std::vector<QRectF> boxes;
+    for (qsizetype line = 0; line < count; ++line)
+        boxes.emplace_back(corner + QPointF(0, double(line) * step), kTextNode);
+    return boxes;
+}
+
+void PasteLines(Scene &scene, const QStringList &lines, const PasteAim &aim) {
+    Surface &surface = scene.Model();
+    const std::vector<QRectF> boxes = BoxesOfLines(lines.size(), aim.seen);
+    const QPointF shift = ShiftForPaste(scene, boxes, aim);
     ChangeSelection(surface, [&] {
         surface.UnselectAll();
-        for (const QString &line : lines) {
-            Node &node = AddPasted(surface, QRectF(corner, kTextNode));
-            node.SetText(line);
+        for (qsizetype line = 0; line < lines.size(); ++line) {
+            Node &node = AddPasted(surface, boxes[size_t(line)].translated(shift));
+            node.SetText(lines[line]);
             surface.Events().AfterAddNode(surface, node);
-            corner.setY(qMax(0.0, corner.y()) + step);
         }
+        GrowPage(surface, aim.days, SelectedExtent(surface));
     });
+}
+
+// The node becomes the selection.
+void AddPicture(Surface &surface, const Picture &picture, const QRectF &box, DayStrip &days) {
+    ChangeSelection(surface, [&] {
+        surface.UnselectAll();
+        Node &node = AddPasted(surface, box);
+        node.SetShape(kRectangle); // the corners of the picture show
+        node.SetPicture(picture);
+        GrowPage(surface, days, box);
+        surface.Events().AfterAddNode(surface, node);
+    });
+}
+
+QRectF PictureBox(const Picture &picture, const QPointF &middle) {
+    QRectF box(QPointF(), PictureSize(picture));
+    box.moveCenter(middle);
+    box.moveTopLeft({qMax(0.0, box.left()), qMax(0.0, box.top())});
+    return box;
+}
+
+void PastePicture(Scene &scene, const Picture &picture, const PasteAim &aim) {
+    const QRectF box = PictureBox(picture, aim.seen.center());
+    AddPicture(scene.Model(), picture, box.translated(ShiftForPaste(scene, {box}, aim)), aim.days);
 }
 
 [[noreturn]] void RaiseTooManyLines(qsizetype count) {
@@ -154,15 +188,7 @@ QStringList LinesOf(const QString &text) {
 } // namespace
 
 void AddPictureNode(Surface &surface, const Picture &picture, const QPointF &middle) {
-    QRectF box(QPointF(), PictureSize(picture));
-    box.moveCenter(middle);
-    ChangeSelection(surface, [&] {
-        surface.UnselectAll();
-        Node &node = AddPasted(surface, box);
-        node.SetShape(kRectangle); // the corners of the picture show
-        node.SetPicture(picture);
-        surface.Events().AfterAddNode(surface, node);
-    });
+    AddPicture(surface, picture, PictureBox(picture, middle), DayStrip::None());
 }
 
 std::unique_ptr<QMimeData> SelectionToMime(const Surface &surface) {
@@ -174,16 +200,25 @@ bool CanPasteFrom(const QMimeData *data) {
            (data->hasFormat(QString::fromLatin1(kSelectionMimeType)) || HasPicture(*data) || data->hasText());
 }
 
-bool PasteFrom(Scene &scene, const QMimeData &data, const QRectF &seen) {
+bool PasteFrom(Scene &scene, const QMimeData &data, const PasteAim &aim) {
     const QString own = QString::fromLatin1(kSelectionMimeType);
-    if (data.hasFormat(own)) return PasteItems(scene, data.data(own), seen);
+    if (data.hasFormat(own)) return PasteItems(scene, data.data(own), aim);
     if (HasPicture(data)) {
-        AddPictureNode(scene.Model(), PictureOf(data), seen.center());
+        PastePicture(scene, PictureOf(data), aim);
         return true;
     }
     const QStringList lines = LinesOf(data.text());
-    if (!lines.isEmpty()) PasteLines(scene.Model(), lines, seen);
+    if (!lines.isEmpty()) PasteLines(scene, lines, aim);
     return !lines.isEmpty();
+}
+
+bool DuplicateSelection(Scene &scene, const PasteAim &aim) {
+    const Surface &surface = scene.Model();
+    if (surface.SelectedNodes().empty()) return false;
+    std::vector<QRectF> boxes;
+    for (const Node *node : surface.SelectedNodes()) boxes.push_back(node->Bounds());
+    AddItems(scene, SaveSelection(surface), ShiftBeside(scene, boxes, aim.seen), aim.days);
+    return true;
 }
 
 } // namespace diagram

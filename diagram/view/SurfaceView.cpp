@@ -7,9 +7,11 @@
 
 #include <QClipboard>
 #include <QFocusEvent>
+#include <QGestureEvent>
 #include <QGuiApplication>
 #include <QHelpEvent>
 #include <QMimeData>
+#include <QNativeGestureEvent>
 #include <QPaintEvent>
 
 namespace diagram {
@@ -22,6 +24,7 @@ SurfaceView::SurfaceView(Surface &surface, QWidget *parent) : QAbstractScrollAre
     SetWords({});
     setAttribute(Qt::WA_InputMethodEnabled);
     viewport()->setMouseTracking(true);
+    viewport()->grabGesture(Qt::PinchGesture);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setAttribute(Qt::WA_NoSystemBackground);
     setFrameShape(QFrame::NoFrame);
@@ -83,6 +86,13 @@ bool SurfaceView::Paste() {
     return pasted;
 }
 
+bool SurfaceView::Duplicate() {
+    CancelGesture();
+    bool added = false;
+    impl_->Guard("Duplicate", [&] { added = impl_->Duplicate(); });
+    return added;
+}
+
 bool SurfaceView::CanPaste() const { return CanPasteFrom(QGuiApplication::clipboard()->mimeData()); }
 
 void SurfaceView::DeleteSelection() {
@@ -91,8 +101,14 @@ void SurfaceView::DeleteSelection() {
 }
 
 bool SurfaceView::BeginEdit() { return impl_->BeginEdit(); }
-void SurfaceView::KeepText() { impl_->text.Keep(); }
-void SurfaceView::EndEdit(bool keep) { impl_->text.End(keep); }
+void SurfaceView::KeepText() {
+    impl_->keys->EndRun();
+    impl_->text.Keep();
+}
+void SurfaceView::EndEdit(bool keep) {
+    impl_->keys->EndRun();
+    impl_->text.End(keep);
+}
 bool SurfaceView::IsEditing() const { return impl_->text.Editor() != nullptr; }
 std::optional<std::pair<ItemId, QString>> SurfaceView::Typed() const { return impl_->text.Typed(); }
 void SurfaceView::SetDescriber(Describer describer) { impl_->describer = std::move(describer); }
@@ -152,6 +168,12 @@ bool SurfaceView::viewportEvent(QEvent *event) {
     }
     case QEvent::Leave:
         impl_->Leave();
+        break;
+    case QEvent::NativeGesture:
+        if (impl_->Pinch(static_cast<QNativeGestureEvent *>(event))) return true;
+        break;
+    case QEvent::Gesture:
+        if (impl_->Pinch(static_cast<QGestureEvent *>(event))) return true;
         break;
     default:
         break;
@@ -232,6 +254,8 @@ void SurfaceView::focusOutEvent(QFocusEvent *event) {
 
 bool SurfaceView::event(QEvent *event) {
     if (event->type() == QEvent::WindowDeactivate && impl_) impl_->Guard("event", [&] { CancelGesture(); });
+    if (event->type() == QEvent::ShortcutOverride && impl_)
+        impl_->keys->NoteKey(static_cast<QKeyEvent *>(event)->key());
     return QAbstractScrollArea::event(event);
 }
 

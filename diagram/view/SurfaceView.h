@@ -74,6 +74,9 @@ public:
     bool Cut();
     bool Paste();
     bool CanPaste() const;
+    // Copies of the selected nodes beside them, as one step; the clipboard stays. False when none is
+    // selected.
+    bool Duplicate();
     void DeleteSelection();
 
     // Starts editing the text of the selected node or link in place; false when nothing is selected or the

@@ -26,6 +26,9 @@ SurfaceView::Impl::Impl(SurfaceView &itsView, Surface &itsSurface)
       notices(itsView) {
     surface.AddObserver(*this);
     surface.SetMeasure(&renderer.Measure());
+    QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &view, [this] {
+        copiedAt_ = pointerOver_ ? std::optional(viewport.ToSurface(pointer)) : std::nullopt;
+    });
     AskForFlush();
 }
 
@@ -36,6 +39,7 @@ SurfaceView::Impl::~Impl() {
 
 void SurfaceView::Impl::ItemChanged(Item &item, Change what) {
     notices.Changed(item, what);
+    undone_.Note(item, what);
     repainting.OutdateToday();
     if (Has(what, Change::Selection)) repainting.NoteSelected(item);
     AskForFlush();
@@ -43,12 +47,14 @@ void SurfaceView::Impl::ItemChanged(Item &item, Change what) {
 
 void SurfaceView::Impl::ItemAdded(Item &item) {
     notices.Added(item);
+    undone_.Note(item, Change::All);
     repainting.OutdateToday();
     AskForFlush();
 }
 
 void SurfaceView::Impl::ItemRemoved(Item &item) {
     notices.Removed(item);
+    undone_.NoteGone(item);
     repainting.OutdateToday();
     gestureOutdated_ = interaction.IsActive();
     AskForFlush();
@@ -56,6 +62,7 @@ void SurfaceView::Impl::ItemRemoved(Item &item) {
 
 void SurfaceView::Impl::SurfaceChanged(Change what) {
     repainting.OutdateToday();
+    viewport.FollowGrowth();
     if (Has(what, Change::Geometry)) viewport.FollowStored();
     AskForFlush();
 }
@@ -70,7 +77,14 @@ void SurfaceView::Impl::Cleared() {
 
 // A gesture writes to the model for the time being, which history knows nothing of.
 void SurfaceView::Impl::BeforeUndo() {
+    keys->EndRun();
     Guard("BeforeUndo", [this] { CancelGesture(); });
+    undone_.Begin(scene);
+}
+
+void SurfaceView::Impl::AfterUndo() {
+    const QRectF area = undone_.TakeArea(scene, viewport.Seen());
+    if (!area.isNull()) EnsureVisible(area);
 }
 
 void SurfaceView::Impl::DropOutdatedGesture() {
@@ -157,10 +171,35 @@ bool SurfaceView::Impl::BeginEdit(const QString *typed) {
     return false;
 }
 
+// The pointer says where only when it has gone somewhere since what is pasted was copied.
+PasteAim SurfaceView::Impl::Aim() const {
+    PasteAim aim{viewport.Seen(), {}, *days};
+    if (!pointerOver_) return aim;
+    const PointerInput now = Input(pointer, {});
+    const bool gone = !copiedAt_ || IsDrag(Input(viewport.FromSurface(*copiedAt_), {}), now);
+    if (gone) aim.pointer = now.at;
+    return aim;
+}
+
+void SurfaceView::Impl::ShowSelectedNodes() {
+    QRectF area;
+    for (const Node *node : surface.SelectedNodes()) area |= node->Bounds();
+    EnsureVisible(area);
+}
+
+bool SurfaceView::Impl::Duplicate() {
+    if (!DuplicateSelection(scene, Aim())) return false;
+    ShowSelectedNodes();
+    return true;
+}
+
 bool SurfaceView::Impl::Paste(Hint &why) {
     const QMimeData *held = QGuiApplication::clipboard()->mimeData();
     try {
-        if (CanPasteFrom(held) && PasteFrom(scene, *held, viewport.Seen())) return true;
+        if (CanPasteFrom(held) && PasteFrom(scene, *held, Aim())) {
+            ShowSelectedNodes();
+            return true;
+        }
         why = Hint::NothingToPaste;
         return false;
     } catch (const support::Error &error) {

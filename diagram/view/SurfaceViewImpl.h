@@ -7,11 +7,17 @@
 #include "diagram/view/Accessible.h"
 #include "diagram/view/EdgeScroll.h"
 #include "diagram/view/EmptyNote.h"
+#include "diagram/view/PastePlace.h"
 #include "diagram/view/Repainting.h"
 #include "diagram/view/SurfaceGuard.h"
 #include "diagram/view/SurfaceView.h"
 #include "diagram/view/TextInPlace.h"
+#include "diagram/view/UndoneItems.h"
 #include "diagram/view/Viewport.h"
+#include "diagram/view/Wheel.h"
+
+class QGestureEvent;
+class QNativeGestureEvent;
 
 namespace diagram {
 
@@ -38,6 +44,9 @@ public:
     void Release(QMouseEvent *event);
     void DoubleClick(QMouseEvent *event);
     void Wheel(QWheelEvent *event);
+    // Two fingers on a touchpad or a touch screen; false for another gesture of theirs.
+    bool Pinch(QNativeGestureEvent *event);
+    bool Pinch(QGestureEvent *event);
     void FollowPointer(const QPointF &pixels, Qt::KeyboardModifiers modifiers);
     void AutoScroll();
     bool ToolTip(const QPoint &pixels, const QPoint &global);
@@ -72,6 +81,7 @@ public:
     }
     // Pastes what the clipboard holds. When it doesn't, after an error too, `why` is told.
     bool Paste(Hint &why);
+    bool Duplicate();
 
     SurfaceView &view;
     Surface &surface;
@@ -99,9 +109,17 @@ private:
     void SurfaceChanged(Change what) override;
     void Cleared() override;
     void BeforeUndo() override;
+    void AfterUndo() override;
 
     FocusRing Ring() const;
+    PasteAim Aim() const;
+    void ShowSelectedNodes();
+    void ZoomBy(double factor, const QPointF &at);
 
+    UndoneItems undone_;
+    diagram::Wheel wheel_;
+    bool pointerOver_ = false;        // the viewport
+    std::optional<QPointF> copiedAt_; // the pointer's place when the clipboard was filled, twips
     Qt::KeyboardModifiers modifiers_;
     Qt::MouseButton button_ = Qt::NoButton; // that the gesture began with
     bool flushAsked_ = false;

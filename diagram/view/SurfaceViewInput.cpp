@@ -1,9 +1,14 @@
 #include "diagram/view/KeyCodes.h"
 #include "diagram/view/SurfaceViewKeys.h"
 #include "diagram/view/Tips.h"
+#include "diagram/view/ZoomSteps.h"
 
-#include <cmath>
+#include <algorithm>
+#include <cstdlib>
+#include <QGestureEvent>
 #include <QMouseEvent>
+#include <QNativeGestureEvent>
+#include <QPinchGesture>
 #include <QToolTip>
 #include <QWheelEvent>
 
@@ -11,8 +16,13 @@ namespace diagram {
 
 namespace {
 
-constexpr double kZoomStep = 1.15; // a notch of the wheel
-constexpr double kNotch = 120;
+constexpr int kMostNotches = 100; // more lead nowhere else
+
+double Stepped(double percent, int notches) {
+    for (int i = std::min(std::abs(notches), kMostNotches); i > 0; --i)
+        percent = notches > 0 ? NextZoom(percent) : PreviousZoom(percent);
+    return percent;
+}
 
 } // namespace
 
@@ -48,6 +58,7 @@ void SurfaceView::Impl::Press(QMouseEvent *event) {
         CancelGesture();
     }
     NoteHand(false);
+    keys->EndRun();
     text.End(true);
     endedText_ = text.HasJustEnded(); // by the focus that went, or here
     view.setFocus(Qt::MouseFocusReason);
@@ -67,6 +78,7 @@ void SurfaceView::Impl::Press(QMouseEvent *event) {
 void SurfaceView::Impl::FollowPointer(const QPointF &pixels, Qt::KeyboardModifiers modifiers) {
     DropOutdatedGesture();
     pointer = pixels;
+    pointerOver_ = view.viewport()->rect().contains(pixels.toPoint());
     modifiers_ = modifiers;
     interaction.Move(Input(pixels, modifiers));
     AfterInput();
@@ -96,27 +108,54 @@ void SurfaceView::Impl::DoubleClick(QMouseEvent *event) {
     AfterInput();
 }
 
+// Where Shift has made the wheel go sideways already, it does.
 void SurfaceView::Impl::Wheel(QWheelEvent *event) {
-    const double notches = event->angleDelta().y() / kNotch;
     event->accept();
+    keys->EndRun();
     if (event->modifiers().testFlag(Qt::ControlModifier)) {
         if (interaction.IsPanning()) return;
-        view.ZoomAt(viewport.Zoom() * std::pow(kZoomStep, notches), event->position());
+        const int notches = wheel_.Notches(event->angleDelta().y());
+        if (notches != 0) view.ZoomAt(Stepped(viewport.Zoom(), notches), event->position());
         return FollowPointer(event->position(), event->modifiers());
     }
-    const QPoint delta = event->pixelDelta().isNull() ? event->angleDelta() / 2 : event->pixelDelta();
-    const bool sideways = event->modifiers().testFlag(Qt::ShiftModifier);
+    const QPoint delta =
+        event->pixelDelta().isNull() ? wheel_.Pixels(event->angleDelta()) : event->pixelDelta();
+    const bool sideways = event->modifiers().testFlag(Qt::ShiftModifier) && event->angleDelta().x() == 0;
     viewport.ScrollTo(viewport.Scroll() - (sideways ? delta.transposed() : delta));
     FollowPointer(event->position(), event->modifiers());
 }
 
+void SurfaceView::Impl::ZoomBy(double factor, const QPointF &at) {
+    if (interaction.IsPanning() || !(factor > 0)) return;
+    view.ZoomAt(viewport.Zoom() * factor, at);
+}
+
+bool SurfaceView::Impl::Pinch(QNativeGestureEvent *event) {
+    if (event->gestureType() != Qt::ZoomNativeGesture) return false;
+    ZoomBy(1 + event->value(), event->position());
+    return true;
+}
+
+// The finger that came first may have begun to drag something.
+bool SurfaceView::Impl::Pinch(QGestureEvent *event) {
+    auto *pinch = static_cast<QPinchGesture *>(event->gesture(Qt::PinchGesture));
+    if (!pinch) return false;
+    event->accept(pinch);
+    if (pinch->state() == Qt::GestureStarted) CancelGesture();
+    if (!pinch->changeFlags().testFlag(QPinchGesture::ScaleFactorChanged)) return true;
+    ZoomBy(pinch->scaleFactor(), view.viewport()->mapFromGlobal(pinch->centerPoint()));
+    return true;
+}
+
 void SurfaceView::Impl::AutoScroll() {
     const QPoint step = EdgeScroll::Step(pointer, view.viewport()->size());
-    viewport.ScrollTo(viewport.Scroll() + step, Viewport::Grow::RightAndBelow);
+    viewport.ScrollTo(viewport.Scroll() + step,
+                      interaction.GrowsThePage() ? Viewport::Grow::Anywhere : Viewport::Grow::RightAndBelow);
     FollowPointer(pointer, modifiers_);
 }
 
 void SurfaceView::Impl::Leave() {
+    pointerOver_ = false;
     interaction.Leave();
     UpdateOverlay();
 }

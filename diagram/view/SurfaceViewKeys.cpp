@@ -30,11 +30,17 @@ SurfaceView::Impl::Keys::Keys(Impl &impl)
       view_(impl.view),
       surface_(impl.surface),
       interaction_(impl.interaction),
-      walk_(impl.scene, [&impl](const QRectF &area) { impl.EnsureVisible(area); }) {}
+      walk_(impl.scene, [&impl](const QRectF &area) { impl.EnsureVisible(area); }),
+      run_(impl.surface) {}
+
+void SurfaceView::Impl::Keys::NoteKey(int key) {
+    if (KeyInput{key, {}}.Arrow().isNull() && !ModifierOf(key)) EndRun();
+}
 
 // While keys lead a gesture, those that are no modifiers are nobody else's.
 void SurfaceView::Impl::Keys::Press(QKeyEvent *event) {
     impl_.DropOutdatedGesture();
+    NoteKey(event->key());
     const bool led = interaction_.TakesKeys() && !ModifierOf(event->key());
     const int code = led ? 0 : VirtualKey(event->key());
     int used = code;
@@ -116,8 +122,8 @@ bool SurfaceView::Impl::Keys::Run(QKeyEvent *event) {
     case Qt::Key_Backtab:
         return Tab({event->key(), event->modifiers()});
     default:
-        return LinkKey({event->key(), event->modifiers()}) || ArrowKey({event->key(), event->modifiers()}) ||
-               Type(event);
+        return LinkKey({event->key(), event->modifiers()}) ||
+               ArrowKey({event->key(), event->modifiers()}, event->timestamp()) || Type(event);
     }
 }
 
@@ -127,25 +133,33 @@ bool SurfaceView::Impl::Keys::LinkKey(const KeyInput &input) {
     return input.key == Qt::Key_B && input.Shift() && BeginBend();
 }
 
-bool SurfaceView::Impl::Keys::ArrowKey(const KeyInput &input) {
+bool SurfaceView::Impl::Keys::ArrowKey(const KeyInput &input, quint64 time) {
     const QPointF direction = input.Arrow();
     if (direction.isNull() || interaction_.IsActive()) return false;
     if (input.Ctrl()) return walk_.Towards(direction, input);
     const double step = input.Shift() ? surface_.GridSize() : kPixelTwips;
-    if (input.Alt()) return Resize(direction * step);
-    if (!MoveSelection(surface_, direction * step)) {
-        const int pixels = view_.verticalScrollBar()->singleStep();
-        impl_.viewport.ScrollTo(impl_.viewport.Scroll() + direction.toPoint() * pixels);
-    } else if (const Node *node = surface_.SelectedNode()) {
-        view_.EnsureVisible(node->Bounds());
-    }
+    if (input.Alt()) return Resize(direction * step, time);
+    if (MoveBy(direction * step, time)) return true;
+    const int pixels = view_.verticalScrollBar()->singleStep();
+    impl_.viewport.ScrollTo(impl_.viewport.Scroll() + direction.toPoint() * pixels);
     return true;
 }
 
-bool SurfaceView::Impl::Keys::Resize(const QPointF &growth) {
-    if (!ResizeSelection(surface_, growth)) return false;
-    const Node *node = surface_.SelectedNode();
-    if (!node) return true;
+bool SurfaceView::Impl::Keys::MoveBy(const QPointF &distance, quint64 time) {
+    const bool moved = run_.Do(KeyRun::Kind::Move, time, [&](bool goesOn) {
+        return MoveSelection(surface_, impl_.Days(), distance, goesOn);
+    });
+    const Node *node = moved ? surface_.SelectedNode() : nullptr;
+    if (node) view_.EnsureVisible(node->Bounds());
+    return moved;
+}
+
+bool SurfaceView::Impl::Keys::Resize(const QPointF &growth, quint64 time) {
+    const bool resized = run_.Do(KeyRun::Kind::Resize, time, [&](bool goesOn) {
+        return ResizeSelection(surface_, impl_.Days(), growth, goesOn);
+    });
+    const Node *node = resized ? surface_.SelectedNode() : nullptr;
+    if (!node) return resized;
     view_.EnsureVisible(node->Bounds());
     interaction_.ShowSizeOf(node->Id());
     return true;

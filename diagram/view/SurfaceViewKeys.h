@@ -2,6 +2,7 @@
 #pragma once
 
 #include "diagram/interaction/LooseEnd.h"
+#include "diagram/view/KeyRun.h"
 #include "diagram/view/KeyWalk.h"
 #include "diagram/view/SurfaceViewImpl.h"
 
@@ -22,7 +23,11 @@ public:
     // Space is down: a press moves the view.
     bool MovesTheView() const { return spaceHeld_; }
     // Keys that are down are somebody else's from now on.
-    void LetGo() { spaceHeld_ = false; }
+    void LetGo() { spaceHeld_ = false, run_.End(); }
+    // Arrow keys pressed from now on are another step of undo.
+    void EndRun() { run_.End(); }
+    // A key was pressed, perhaps for a command of the window.
+    void NoteKey(int key);
 
 private:
     bool Run(QKeyEvent *event);
@@ -30,8 +35,9 @@ private:
     bool Lead(QKeyEvent *event);
     bool Begin(std::unique_ptr<Gesture> gesture);
     bool LinkKey(const KeyInput &input);
-    bool ArrowKey(const KeyInput &input);
-    bool Resize(const QPointF &growth);
+    bool ArrowKey(const KeyInput &input, quint64 time);
+    bool MoveBy(const QPointF &distance, quint64 time);
+    bool Resize(const QPointF &growth, quint64 time);
     bool Tab(const KeyInput &input);
     // A modifier went up or down: the gesture looks at it at once.
     void FollowModifier(int key, Qt::KeyboardModifiers modifiers);
@@ -43,6 +49,7 @@ private:
     Surface &surface_;
     Interaction &interaction_;
     KeyWalk walk_;
+    KeyRun run_;
     bool spaceHeld_ = false;
 };
 

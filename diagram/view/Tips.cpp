@@ -27,7 +27,7 @@ QString TipAt(Scene &scene, Renderer &renderer, const Viewport &viewport, const 
               const QPointF &at) {
     const double scale = std::min(viewport.xScale(), viewport.yScale());
     if (const Node *node = NodeAtPoint(scene, float(at.x()), float(at.y()))) {
-        const bool read = renderer.TextFits(*node) && IsLegible(node->Font(), scale);
+        const bool read = !renderer.TextIsCut(*node) && IsLegible(node->Font(), scale);
         const std::optional<QDate> date = days.DateOf(*node);
         QStringList lines;
         if (!read && !node->ShownText().isEmpty()) lines << node->ShownText().left(kLongestTip);

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <QAbstractScrollArea>
 #include <QScrollBar>
+#include <utility>
 
 namespace diagram {
 
@@ -61,7 +62,12 @@ QRect ScrollableArea(const QRectF &content, const QSize &viewport, const QRect &
 }
 
 Viewport::Viewport(QAbstractScrollArea &area, Surface &surface, Scene &scene)
-    : area_(area), surface_(surface), scene_(scene), xScale_(ScaleOf(100)), yScale_(ScaleOf(100)) {}
+    : area_(area),
+      surface_(surface),
+      scene_(scene),
+      xScale_(ScaleOf(100)),
+      yScale_(ScaleOf(100)),
+      grown_(surface.Data().grownLeft, surface.Data().grownTop) {}
 
 double Viewport::Zoom() const { return xScale_ * 100 * kTwipsPerPixel; }
 
@@ -168,6 +174,13 @@ void Viewport::ZoomAt(double percent, const QPointF &at) {
     UpdateBars(false);
     ScrollTo({qRound(kept.x() * xScale_ - at.x()), qRound(kept.y() * yScale_ - at.y())}, Grow::Anywhere);
     TellSurface();
+}
+
+void Viewport::FollowGrowth() {
+    const QPointF grown(surface_.Data().grownLeft, surface_.Data().grownTop);
+    const QPointF way = grown - std::exchange(grown_, grown);
+    if (way.isNull() || Fits()) return;
+    ScrollTo(Scroll() + QPoint(qRound(way.x() * xScale_), qRound(way.y() * yScale_)), Grow::Anywhere);
 }
 
 void Viewport::ScrollTo(const QPoint &pixels, Grow grow) {

@@ -44,6 +44,8 @@ public:
     void ZoomAt(double percent, const QPointF &at);
     // Shows the stored zoom again.
     void FollowStored() { shown_.reset(); }
+    // Scrolls along with the content when that was moved because the page has grown.
+    void FollowGrowth();
     // Brings scale and scroll bars up to date with content, stored zoom and window. `frozen`: while a gesture
     // lasts the scale stays and the scrollable area doesn't shrink. True when the scale changed.
     bool Update(bool frozen);
@@ -68,6 +70,7 @@ private:
     double xScale_;
     double yScale_;
     std::optional<double> shown_; // per cent, while the user has zoomed by himself
+    QPointF grown_;               // the page, as far as the scroll offset knows
 };
 
 } // namespace diagram

@@ -50,6 +50,17 @@ TEST_F(Gathering, FollowsUndoAndRedo) {
     EXPECT_EQ(Texts(ReadJournal(JournalBytes())), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
 }
 
+TEST_F(Gathering, LeavesOutHowFarThePageHasGrown) {
+    auto kept = NewKept();
+    kept->AddNode(QStringLiteral("a"));
+    kept->Slice(0).PageGrown(150, 300);
+    kept->journal.Finish();
+    const auto map = ReadJournal(JournalBytes());
+    ASSERT_FALSE(map.slices.empty());
+    EXPECT_EQ(map.slices.begin()->second.surface.grownLeft, 0);
+    EXPECT_EQ(map.slices.begin()->second.surface.grownTop, 0);
+}
+
 TEST_F(Gathering, WritesNothingWhileNothingChanges) {
     auto kept = NewKept();
     kept->AddNode(QStringLiteral("a"));

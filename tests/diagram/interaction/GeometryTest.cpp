@@ -15,8 +15,9 @@ TEST(ResizedBox, StopsAtTheSmallestSide) {
               QRectF(100, 100, kSmallestSide, kSmallestSide));
 }
 
-TEST(ResizedBox, StaysOnTheSurface) {
-    EXPECT_EQ(ResizedBox(QRectF(100, 100, 300, 300), 0, QPointF(-500, -500), false), QRectF(0, 0, 400, 400));
+TEST(ResizedBox, ReachesBeyondThePage) {
+    EXPECT_EQ(ResizedBox(QRectF(100, 100, 300, 300), 0, QPointF(-500, -500), false),
+              QRectF(-400, -400, 800, 800));
 }
 
 TEST(ResizedBox, KeepAspect_LetsTheLargerChangeLead) {

@@ -1,9 +1,9 @@
-#include "mainwindow/ZoomSteps.h"
+#include "diagram/view/ZoomSteps.h"
 
 #include <algorithm>
 #include <iterator>
 
-namespace mainwindow {
+namespace diagram {
 
 namespace {
 constexpr double kSteps[] = {10,  25,  33,  50,  67,  75,  90,  100, 110,
@@ -21,4 +21,4 @@ double PreviousZoom(double percent) {
     return step == std::begin(kSteps) ? std::min(percent, kSteps[0]) : *(step - 1);
 }
 
-} // namespace mainwindow
+} // namespace diagram

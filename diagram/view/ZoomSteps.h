@@ -1,10 +1,10 @@
 // The sizes that zooming in and out goes through, in per cent.
 #pragma once
 
-namespace mainwindow {
+namespace diagram {
 
 // The next larger and the next smaller step than the zoom shown; the last step itself at either end.
 double NextZoom(double percent);
 double PreviousZoom(double percent);
 
-} // namespace mainwindow
+} // namespace diagram

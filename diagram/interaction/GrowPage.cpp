@@ -1,0 +1,72 @@
+#include "diagram/interaction/GrowPage.h"
+
+#include "diagram/model/DayStrip.h"
+#include "diagram/model/Surface.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace diagram {
+
+namespace {
+
+constexpr double kStep = 150; // twips; the usual grid
+
+// How far something that now begins at `now` is to be moved; `before` is where it began.
+double Missing(double now, double before, double step) {
+    return now < std::min(0.0, before) ? std::ceil(-now / step) * step : 0;
+}
+
+// While it stands nothing is routed.
+class AsItStands {
+public:
+    explicit AsItStands(Surface &surface) : surface_(surface) {
+        surface_.Recalculate();
+        surface_.SettleWays();
+        surface_.SetReplaying(true);
+    }
+    ~AsItStands() {
+        surface_.KeepWays();
+        surface_.SetReplaying(false);
+    }
+    AsItStands(const AsItStands &) = delete;
+    AsItStands &operator=(const AsItStands &) = delete;
+
+private:
+    Surface &surface_;
+};
+
+LinkData Shifted(const Link &link, float dx, float dy) {
+    link.OwnBends(); // known before its nodes move
+    LinkData data = link.Data();
+    for (Point &point : data.points) point = {point.x + dx, point.y + dy};
+    return data;
+}
+
+} // namespace
+
+void ShiftAll(Surface &surface, float dx, float dy) {
+    const AsItStands still(surface);
+    std::vector<LinkData> links;
+    for (const auto &link : surface.Links()) links.push_back(Shifted(*link, dx, dy));
+    for (Node &node : surface.Nodes()) {
+        NodeData data = node.Data();
+        data.left += dx;
+        data.top += dy;
+        surface.Overwrite(node, std::move(data));
+    }
+    for (std::size_t i = 0; i < links.size(); ++i)
+        surface.Overwrite(*surface.Links()[i], std::move(links[i]));
+}
+
+void GrowPage(Surface &surface, DayStrip &days, const QRectF &dropped, const QRectF &former) {
+    const double step = surface.SnapToGrid() ? double(surface.GridSize()) : kStep;
+    const auto right = float(Missing(dropped.left(), former.left(), step));
+    const auto down = float(Missing(dropped.top(), former.top(), step));
+    if (right == 0 && down == 0) return;
+    ShiftAll(surface, right, down);
+    surface.PageGrown(right, down);
+    days.Arrange(surface);
+}
+
+} // namespace diagram

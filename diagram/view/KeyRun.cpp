@@ -1,0 +1,29 @@
+#include "diagram/view/KeyRun.h"
+
+namespace diagram {
+
+std::vector<ItemId> KeyRun::Selected() const {
+    std::vector<ItemId> ids;
+    for (const Node *node : surface_.SelectedNodes()) ids.push_back(node->Id());
+    for (const Link *link : surface_.SelectedLinks()) ids.push_back(link->Id());
+    return ids;
+}
+
+bool KeyRun::GoesOn(Kind kind, quint64 time) const {
+    return kind == kind_ && surface_.Revision() == after_ && time < time_ + kRunPause &&
+           Selected() == selected_;
+}
+
+// A run that has come back to where it began has no step to go on with.
+bool KeyRun::Do(Kind kind, quint64 time, const std::function<bool(bool)> &change) {
+    const bool goesOn = GoesOn(kind, time);
+    if (!goesOn) before_ = surface_.Revision();
+    const bool done = change(goesOn);
+    after_ = surface_.Revision();
+    kind_ = after_ == before_ ? Kind::None : kind;
+    selected_ = Selected();
+    time_ = time;
+    return done;
+}
+
+} // namespace diagram
