@@ -17,7 +17,7 @@ namespace diagram {
 
 namespace {
 
-constexpr double kTolerancePixels = 4;
+constexpr double kTolerancePixels = 6;
 constexpr double kHandlePixels = 10; // larger than they are drawn, for unsteady hands
 
 // Everything that the start of a drag may look at.
