@@ -119,6 +119,12 @@ bool SurfaceView::BeginLink(bool backwards) {
     return impl_->keys->BeginLink(backwards ? LinkSide::Source : LinkSide::Destination);
 }
 
+bool SurfaceView::AddKin(diagram::Kin kin) {
+    bool added = false;
+    impl_->Guard("AddKin", [&] { added = impl_->keys->AddKin(kin); });
+    return added;
+}
+
 bool SurfaceView::BeginBend() { return impl_->keys->BeginBend(); }
 
 Attention SurfaceView::LooksAt() const { return impl_->interaction.LooksAt(); }

@@ -1,6 +1,7 @@
 // What the keys do on a surface.
 #pragma once
 
+#include "diagram/interaction/AddLinked.h"
 #include "diagram/interaction/LooseEnd.h"
 #include "diagram/view/KeyWalk.h"
 #include "diagram/view/SurfaceViewImpl.h"
@@ -17,6 +18,7 @@ public:
     // As those of the view.
     bool BeginLink(LinkSide loose);
     bool BeginBend();
+    bool AddKin(Kin kin);
     // Of a node that was resized by keys.
     void HideSize();
     // Space is down: a press moves the view.
@@ -29,13 +31,13 @@ private:
     // The same while keys lead a gesture.
     bool Lead(QKeyEvent *event);
     bool Begin(std::unique_ptr<Gesture> gesture);
+    bool InsertKey(const KeyInput &input);
     bool LinkKey(const KeyInput &input);
     bool ArrowKey(const KeyInput &input);
     bool Resize(const QPointF &growth);
     bool Tab(const KeyInput &input);
     // A modifier went up or down: the gesture looks at it at once.
     void FollowModifier(int key, Qt::KeyboardModifiers modifiers);
-    bool AddLinked();
     bool Type(QKeyEvent *event);
 
     Impl &impl_;
