@@ -21,8 +21,9 @@ public:
     void Move(const PointerInput &input);
     void Release(const PointerInput &input);
     // Takes a bend away. Raises DblClick, but not on a handle or a bend, nor with Ctrl or Shift: the two
-    // clicks meant these.
-    void DoubleClick(const PointerInput &input);
+    // clicks meant these. True when the text of what is selected is to be edited now: of a node from which
+    // nothing leads elsewhere, or of the one that it puts on the empty page.
+    bool DoubleClick(const PointerInput &input);
     // Starts a gesture that is led by keys, unless another one goes on; null starts none.
     bool Begin(std::unique_ptr<Gesture> gesture);
     // A key for it; Enter ends it with what it has come to.
@@ -49,6 +50,7 @@ private:
     void Finish(const PointerInput &input);
     bool IsNear(ItemId node, const PointerInput &input) const;
 
+    bool OpensText(const HeldHit &hit, const PointerInput &input);
     Scene &scene_;
     Stage &stage_;
     std::unique_ptr<Gesture> gesture_;

@@ -91,7 +91,7 @@ void SurfaceView::Impl::Release(QMouseEvent *event) {
 void SurfaceView::Impl::DoubleClick(QMouseEvent *event) {
     if (event->button() != Qt::LeftButton) return Press(event);
     CancelGesture();
-    interaction.DoubleClick(Input(event->position(), event->modifiers()));
+    if (interaction.DoubleClick(Input(event->position(), event->modifiers()))) BeginEdit();
     AfterInput();
 }
 
