@@ -12,6 +12,8 @@
 
 namespace diagram {
 
+class Gesture;
+
 // What gestures ask of the screen.
 class Stage {
 public:
@@ -24,6 +26,11 @@ public:
     virtual void EnsureVisible(const QRectF &area) = 0;
     // Tells the user something in passing, as a status bar does.
     virtual void Tell(Hint hint) = 0;
+    // Asks the user, where the pointer is, whether to commit the gesture; until the answer it goes on as one
+    // that keys lead.
+    virtual void Offer(std::unique_ptr<Gesture> gesture);
+    // Begins to edit the text of what is selected.
+    virtual void EditText() {}
     // To which nodes of the surface belong by their dates.
     virtual DayStrip &Days() const { return DayStrip::None(); }
 };
@@ -53,6 +60,11 @@ public:
     virtual void Key(const KeyInput &) {}
     virtual Hint WhatNow() const { return Hint::Nothing; } // the keys that lead on
     virtual Attention LooksAt() const { return {}; }
+    // Whether it waits for the answer to an offer; a press of the pointer is a no.
+    virtual bool IsOffer() const { return false; }
 };
+
+// Nobody there to be asked.
+inline void Stage::Offer(std::unique_ptr<Gesture> gesture) { gesture->Cancel(); }
 
 } // namespace diagram

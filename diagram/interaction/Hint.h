@@ -23,7 +23,8 @@ enum class Hint : unsigned char {
     // What the keys do while they lead a gesture.
     KeysChooseNode, // for a new link
     KeysChooseEnd,  // for the end of a link
-    KeysBend        // a link
+    KeysBend,       // a link
+    KeysTakeNode    // that is offered at the end of a link
 };
 
 } // namespace diagram

@@ -40,6 +40,8 @@ public:
     // What the user is at while keys lead, and the keys that lead on.
     Attention LooksAt() const { return gesture_ ? gesture_->LooksAt() : Attention(); }
     Hint WhatNow() const { return gesture_ ? gesture_->WhatNow() : Hint::Nothing; }
+    // Whether the user is asked about one.
+    bool IsOffer() const { return gesture_ && gesture_->IsOffer(); }
     bool IsPanning() const { return gesture_ && gesture_->MovesTheView(); }
     bool ScrollsAtEdges() const { return gesture_ && gesture_->ScrollsAtEdges(); }
     Overlay Show() const;
@@ -48,9 +50,9 @@ public:
 private:
     void Hover(const HeldHit &hit, const PointerInput &input);
     void Finish(const PointerInput &input);
+    bool OpensText(const HeldHit &hit, const PointerInput &input);
     bool IsNear(ItemId node, const PointerInput &input) const;
 
-    bool OpensText(const HeldHit &hit, const PointerInput &input);
     Scene &scene_;
     Stage &stage_;
     std::unique_ptr<Gesture> gesture_;

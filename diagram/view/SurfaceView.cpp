@@ -217,7 +217,7 @@ void SurfaceView::focusInEvent(QFocusEvent *event) {
 void SurfaceView::focusOutEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusOutEvent(event);
     // What ends them comes to somebody else.
-    impl_->Guard("focusOutEvent", [&] { CancelGesture(); });
+    impl_->Guard("focusOutEvent", [&] { impl_->FocusGoes(); });
     impl_->keys->HideSize();
     impl_->keys->LetGo();
     Model().SetShiftMode(false);
@@ -225,7 +225,8 @@ void SurfaceView::focusOutEvent(QFocusEvent *event) {
 }
 
 bool SurfaceView::event(QEvent *event) {
-    if (event->type() == QEvent::WindowDeactivate && impl_) impl_->Guard("event", [&] { CancelGesture(); });
+    if (event->type() == QEvent::WindowDeactivate && impl_)
+        impl_->Guard("event", [&] { impl_->FocusGoes(); });
     return QAbstractScrollArea::event(event);
 }
 

@@ -20,6 +20,7 @@ SurfaceView::Impl::Impl(SurfaceView &itsView, Surface &itsSurface)
       repainting(itsView, *itsView.viewport(), scene, renderer, viewport),
       text(itsView, scene, viewport, guard),
       edges(itsView),
+      offer(itsView, [this](bool yes) { Answered(yes); }),
       keys(std::make_unique<Keys>(*this)),
       notices(itsView) {
     surface.AddObserver(*this);
@@ -122,6 +123,10 @@ bool SurfaceView::Impl::CancelGesture() {
     return cancelled;
 }
 
+void SurfaceView::Impl::FocusGoes() {
+    if (!offer.IsOpen()) CancelGesture();
+}
+
 bool SurfaceView::Impl::BeginEdit(const QString *typed) {
     Item *item = EditableItem(surface);
     if (!item) return false;
@@ -146,6 +151,23 @@ bool SurfaceView::Impl::Paste(Hint &why) {
 
 QPointF SurfaceView::Impl::ScrollOffset() const { return viewport.Scroll(); }
 void SurfaceView::Impl::SetScrollOffset(const QPointF &pixels) { viewport.ScrollTo(pixels.toPoint()); }
+void SurfaceView::Impl::Offer(std::unique_ptr<Gesture> gesture) {
+    // First, as the menu takes the focus, which would end a gesture.
+    offer.Ask(view.viewport()->mapToGlobal(pointer.toPoint()), words.node.toLower());
+    if (interaction.Begin(std::move(gesture))) Tell(interaction.WhatNow());
+}
+
+void SurfaceView::Impl::Answered(bool yes) {
+    if (!interaction.IsOffer()) return;
+    Guard("Answered", [&] {
+        if (yes)
+            interaction.Key({Qt::Key_Return, {}});
+        else
+            CancelGesture();
+    });
+    AfterInput();
+}
+
 void SurfaceView::Impl::Tell(Hint hint) { Q_EMIT view.HintShown(hint); }
 
 } // namespace diagram

@@ -6,6 +6,7 @@
 #include "diagram/scene/Scene.h"
 #include "diagram/view/Accessible.h"
 #include "diagram/view/EdgeScroll.h"
+#include "diagram/view/OfferMenu.h"
 #include "diagram/view/Repainting.h"
 #include "diagram/view/SurfaceGuard.h"
 #include "diagram/view/SurfaceView.h"
@@ -51,11 +52,15 @@ public:
     QRectF Seen() const override { return viewport.Seen(); }
     void EnsureVisible(const QRectF &area) override { viewport.EnsureVisible(area); }
     void Tell(Hint hint) override;
+    void Offer(std::unique_ptr<Gesture> gesture) override;
+    void EditText() override { BeginEdit(); }
     DayStrip &Days() const override { return *days; }
 
     bool BeginEdit(const QString *typed = nullptr);
     void Scrolled();
     bool CancelGesture();
+    // The focus goes to somebody else, but for the menu of an offer.
+    void FocusGoes();
     // Gives up a gesture whose items went away under it.
     void DropOutdatedGesture();
     template <typename Body>
@@ -75,6 +80,7 @@ public:
     Repainting repainting;
     TextInPlace text;
     EdgeScroll edges;
+    OfferMenu offer;
     std::unique_ptr<Keys> keys;
     Describer describer;
     ItemWords words;
@@ -90,6 +96,7 @@ private:
     void Cleared() override;
     void BeforeUndo() override;
 
+    void Answered(bool yes);
     FocusRing Ring() const;
 
     Qt::KeyboardModifiers modifiers_;
