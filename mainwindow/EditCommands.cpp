@@ -97,6 +97,13 @@ void keyEditText(frmMain &window) {
     window.CurrentView().BeginEdit();
 }
 
+void AddKin(frmMain &window, diagram::Kin kin) {
+    window.CurrentView().setFocus();
+    window.CurrentView().AddKin(kin);
+}
+void keyAddChild(frmMain &window) { AddKin(window, diagram::Kin::Child); }
+void keyAddSibling(frmMain &window) { AddKin(window, diagram::Kin::Sibling); }
+
 void BeginLink(frmMain &window, bool backwards) {
     window.CurrentView().setFocus();
     window.CurrentView().BeginLink(backwards);
@@ -148,6 +155,10 @@ constexpr CommandRow kKeyRows[] = {
      false, "Copies the selection beside itself"},
     {"mnuEdit", "keyEditText", "&Edit text", kCommand, keyEditText, "", "", "", Needs::Selection, false,
      "Types into the selected @NODE or @LINK", "F2"},
+    {"mnuEdit", "keyAddChild", "Add a linked @NODE", kCommand, keyAddChild, "", "", "", Needs::Nothing, false,
+     "A child of the selected @NODE, as its tree grows", "Ins"},
+    {"mnuEdit", "keyAddSibling", "Add a sibling @NODE", kCommand, keyAddSibling, "", "", "", Needs::Nothing,
+     false, "Beside the selected @NODE, linked from the same one", "Alt+Ins"},
     {"mnuEdit", "mnuEditLinks", "@LINKs by keyboard", kMenu},
     {"mnuEditLinks", "keyLinkTo", "Link &to another @NODE", kCommand, keyLinkTo, "", "", "", Needs::Selection,
      false, "Links the selected @NODE, or joins the end of the selected @LINK elsewhere, by keyboard",

@@ -83,8 +83,12 @@ void GoToTab(frmMain &window, int tab) {
 
 } // namespace
 
+bool HyperlinkFollower::Follows(const diagram::Node &node) {
+    return document::GetTag(node, document::tags::kHyper) == kYes;
+}
+
 void HyperlinkFollower::DoubleClick(const diagram::Node &node) {
-    if (document::GetTag(node, document::tags::kHyper) == kYes) FollowAll(node.Key());
+    if (Follows(node)) FollowAll(node.Key());
 }
 
 // On a copy: a hyperlink to this very map can load it anew.

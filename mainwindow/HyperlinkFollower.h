@@ -18,6 +18,8 @@ class HyperlinkFollower {
 public:
     explicit HyperlinkFollower(frmMain &window) : window_(window) {}
 
+    // Whether the node's tag says that it has any.
+    static bool Follows(const diagram::Node &node);
     // Follows all of the node's, if its tag says that it has any.
     void DoubleClick(const diagram::Node &node);
 

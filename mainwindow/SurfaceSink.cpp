@@ -2,6 +2,7 @@
 
 #include "diagram/model/Surface.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/HyperlinkFollower.h"
 #include "mainwindow/WindowPrinting.h"
 #include "mainwindow/WindowStatus.h"
 #include "support/Error.h"
@@ -21,6 +22,12 @@ void SurfaceSink::AfterAddLink(diagram::Surface &surface, diagram::Link &link) {
 
 void SurfaceSink::AfterAddNode(diagram::Surface &surface, diagram::Node &node) {
     Handle("AddFlow1_AfterAddNode", [&] { form_.AddFlow1_AfterAddNode(surface.Index(), node); });
+}
+
+void SurfaceSink::AfterAddNodeLike(diagram::Surface &surface, diagram::Node &node,
+                                   const diagram::Node &like) {
+    Handle("AddFlow1_AfterAddNodeLike",
+           [&] { form_.AddFlow1_AfterAddNodeLike(surface.Index(), node, like); });
 }
 
 void SurfaceSink::AfterEdit(diagram::Surface &surface) {
@@ -55,6 +62,8 @@ void SurfaceSink::DblClick(diagram::Surface &surface) {
         },
         Qt::QueuedConnection);
 }
+
+bool SurfaceSink::LeadsElsewhere(const diagram::Node &node) { return HyperlinkFollower::Follows(node); }
 
 void SurfaceSink::Error(diagram::Surface &surface, long, const QString &, bool &cancelDisplay) {
     Handle("AddFlow1_Error", [&] { form_.AddFlow1_Error(surface.Index(), cancelDisplay); });

@@ -16,6 +16,7 @@ public:
 
     void AfterAddLink(diagram::Surface &surface, diagram::Link &link) override;
     void AfterAddNode(diagram::Surface &surface, diagram::Node &node) override;
+    void AfterAddNodeLike(diagram::Surface &surface, diagram::Node &node, const diagram::Node &like) override;
     void AfterEdit(diagram::Surface &surface) override;
     void AfterMove(diagram::Surface &surface) override;
     void AfterResize(diagram::Surface &surface) override;
@@ -25,6 +26,7 @@ public:
     // Once the event has returned: a hyperlink can lead to another map in this window, and then the surface
     // that raises the event goes.
     void DblClick(diagram::Surface &surface) override;
+    bool LeadsElsewhere(const diagram::Node &node) override;
     void Error(diagram::Surface &surface, long number, const QString &description,
                bool &cancelDisplay) override;
     void KeyDown(diagram::Surface &surface, int &keyCode, int shift) override;

@@ -172,6 +172,7 @@ public:
     static inline bool DebugReadOut = false;
 
     void AddFlow1_AfterAddNode(int index, diagram::Node &oNode);
+    void AddFlow1_AfterAddNodeLike(int index, diagram::Node &oNode, const diagram::Node &like);
     void AddFlow1_AfterAddLink(int index, diagram::Link &oLink);
     void AddFlow1_AfterEdit(int index);
     void AddFlow1_AfterResize(int index);

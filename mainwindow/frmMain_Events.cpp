@@ -75,6 +75,15 @@ void frmMain::AddFlow1_AfterAddNode(int index, diagram::Node &oNode) {
     AddFlow1_afGotFocus(index);
 }
 
+void frmMain::AddFlow1_AfterAddNodeLike(int index, diagram::Node &oNode, const diagram::Node &like) {
+    const ActionGroup step(AddFlow1_[index]);
+    for (const QString &key : {document::tags::kGroup, document::tags::kLevel})
+        if (const QString value = document::GetTag(like, key); !value.isEmpty())
+            document::SetTag(oNode, key, value);
+    clsSettings_->Dirty = true;
+    AddFlow1_afGotFocus(index);
+}
+
 void frmMain::AddFlow1_AfterAddLink(int index, diagram::Link &) {
     clsSettings_->Dirty = true;
     AddFlow1_afGotFocus(index);

@@ -22,7 +22,7 @@ using document::pointer::kHourglass;
 namespace {
 
 const QString kDisplay = QStringLiteral("DISPLAY");
-constexpr double kReach = 60; // twips around the line of a link, at 100 per cent
+constexpr double kReach = 90; // twips around the line of a link, at 100 per cent
 
 QString BooleanText(bool value) { return value ? QStringLiteral("True") : QStringLiteral("False"); }
 

@@ -72,11 +72,18 @@ int SegmentHandleAt(const Link &link, const QPointF &point, double size) {
     return grasp.Index();
 }
 
-// The segment, between two points of the link, whose line is nearest to the point within the tolerance; -1
-// for none.
-int SegmentAt(const Link &link, const QPointF &point, double tolerance) {
+// A segment, between two points of a link, and how far away its line is.
+struct NearSegment {
+    int index = -1; // none
+    double away = 0;
+};
+
+// The one whose line is nearest to the point within the tolerance; what the line itself covers is at no
+// distance.
+NearSegment SegmentAt(const Link &link, const QPointF &point, double tolerance) {
     const std::vector<QPointF> pieces = WayPieces(link);
-    double nearest = std::max(tolerance, link.DrawWidth() * kTwipsPerPixel / 2);
+    const double half = link.DrawWidth() * kTwipsPerPixel / 2;
+    double nearest = std::max(tolerance, half);
     int found = -1;
     for (std::size_t i = 1; i < pieces.size(); ++i) {
         const double away = DistanceToPiece(point, pieces[i - 1], pieces[i]);
@@ -84,8 +91,10 @@ int SegmentAt(const Link &link, const QPointF &point, double tolerance) {
         nearest = away;
         found = int(i) - 1;
     }
+    if (found < 0) return {};
     // A curve has more pieces than segments.
-    return found < 0 ? -1 : int(std::size_t(found) * (link.Way().size() - 1) / (pieces.size() - 1));
+    const auto segment = std::size_t(found) * (link.Way().size() - 1) / (pieces.size() - 1);
+    return {int(segment), std::max(0.0, nearest - half)};
 }
 
 bool HoldsPoint(Scene &scene, const Node &node, const QPointF &point, double tolerance) {
@@ -136,28 +145,46 @@ std::optional<Hit> LinkStartHit(const std::vector<Item *> &items, const QPointF 
     return std::nullopt;
 }
 
-std::optional<Hit> BodyHit(Scene &scene, Item &item, const QPointF &point, const HitOptions &options) {
-    if (Node *node = item.AsNode()) {
-        if (!node->Selectable() || !HoldsPoint(scene, *node, point, options.tolerance)) return std::nullopt;
-        return Hit{HitKind::Node, node, nullptr, -1};
-    }
-    Link &link = *item.AsLink();
+// A link on which the point lies, or near to which.
+struct NearLink {
+    Hit hit;
+    double away = 0;
+};
+
+std::optional<NearLink> LinkHit(Scene &scene, Link &link, const QPointF &point, double tolerance) {
     if (!link.Selectable()) return std::nullopt;
-    if (scene.LabelBounds(link).contains(point)) return Hit{HitKind::LinkLabel, nullptr, &link, -1};
-    const int segment = SegmentAt(link, point, options.tolerance);
-    if (segment < 0) return std::nullopt;
-    return Hit{HitKind::Link, nullptr, &link, segment};
+    if (scene.LabelBounds(link).contains(point)) return NearLink{{HitKind::LinkLabel, nullptr, &link, -1}, 0};
+    const NearSegment segment = SegmentAt(link, point, tolerance);
+    if (segment.index < 0) return std::nullopt;
+    return NearLink{{HitKind::Link, nullptr, &link, segment.index}, segment.away};
+}
+
+// Whether the link is hit before the node, on which the point lies, though only its line's surroundings are:
+// where it runs inside of the node from one to another, as over a frame.
+bool RunsInside(const Link &link, const Node &node) {
+    const QRectF box = node.Bounds();
+    return &link.Source() != &node && &link.Destination() != &node && box.contains(link.Source().Bounds()) &&
+           box.contains(link.Destination().Bounds());
 }
 
 // Whether it lies above the places where links start.
 bool Covers(const Hit &body) { return body.kind == HitKind::LinkLabel || body.node; }
 
+// Of the links above the topmost node the nearest, the topmost of those at the same distance; the node where
+// it is only near to it.
 Hit TopmostBody(Scene &scene, const std::vector<Item *> &items, const QPointF &point,
                 const HitOptions &options) {
+    std::optional<NearLink> nearest;
     for (Item *item : items) {
-        if (const auto hit = BodyHit(scene, *item, point, options)) return *hit;
+        if (Node *node = item->AsNode()) {
+            if (!node->Selectable() || !HoldsPoint(scene, *node, point, options.tolerance)) continue;
+            if (nearest && (nearest->away == 0 || RunsInside(*nearest->hit.link, *node))) break;
+            return {HitKind::Node, node, nullptr, -1};
+        }
+        const auto link = LinkHit(scene, *item->AsLink(), point, options.tolerance);
+        if (link && (!nearest || link->away < nearest->away)) nearest = link;
     }
-    return {};
+    return nearest ? nearest->hit : Hit{};
 }
 
 Node *TopmostNode(Scene &scene, const QPointF &point, bool selectable) {
@@ -190,11 +217,16 @@ Node *SelectableNodeAt(Scene &scene, const QPointF &point) { return TopmostNode(
 
 Link *LinkAtPoint(Scene &scene, float x, float y, double tolerance) {
     const QPointF point(x, y);
+    Link *found = nullptr;
+    double nearest = 0;
     for (Item *item : ItemsAround(scene, point, tolerance)) {
         Link *link = item->AsLink();
-        if (link && SegmentAt(*link, point, tolerance) >= 0) return link;
+        const NearSegment segment = link ? SegmentAt(*link, point, tolerance) : NearSegment();
+        if (segment.index < 0 || (found && segment.away >= nearest)) continue;
+        found = link;
+        nearest = segment.away;
     }
-    return nullptr;
+    return found;
 }
 
 } // namespace diagram

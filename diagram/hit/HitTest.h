@@ -30,21 +30,23 @@ struct Hit {
 };
 
 struct HitOptions {
-    double tolerance = 60;   // twips around lines
+    double tolerance = 90;   // twips around lines
     double handleSize = 105; // side of a handle in twips; divide by the zoom
     bool handles = true;     // look at handles and bends at all
     bool linkStarts = true;  // and at the places where links start; not without handles
 };
 
-// The topmost thing under `point` (twips); the place where a link starts lies above links and below nodes.
-// What is hidden or can't be selected is passed over: what lies below it is hit.
+// The topmost thing under `point` (twips); the place where a link starts lies above links and below nodes. Of
+// several links the nearest is hit, and before a node below it only where the line itself is, or where it
+// runs between nodes inside of that node. What is hidden or can't be selected is passed over: what lies below
+// it is hit.
 Hit HitTest(Scene &scene, const QPointF &point, const HitOptions &options = {});
 
 // The topmost visible node whose outline holds the point; null for none.
 Node *NodeAtPoint(Scene &scene, float x, float y);
 // The topmost of those that can be selected.
 Node *SelectableNodeAt(Scene &scene, const QPointF &point);
-// The topmost visible link within the tolerance of the point; null for none.
-Link *LinkAtPoint(Scene &scene, float x, float y, double tolerance = 60);
+// The nearest visible link within the tolerance of the point, the topmost of several; null for none.
+Link *LinkAtPoint(Scene &scene, float x, float y, double tolerance = 90);
 
 } // namespace diagram

@@ -1,7 +1,10 @@
 #include "diagram/interaction/AddLinked.h"
 
+#include "diagram/edit/History.h"
+#include "diagram/interaction/Family.h"
+#include "diagram/interaction/MakeRoom.h"
+#include "diagram/interaction/NewNode.h"
 #include "diagram/interaction/ResizeNodes.h"
-#include "diagram/interaction/Selecting.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Scene.h"
 
@@ -11,65 +14,109 @@ namespace diagram {
 
 namespace {
 
-constexpr double kGap = 750;     // twips between the two nodes
 constexpr int kMostPlaces = 200; // that are looked at
-constexpr QSizeF kNewSize{1500, 900};
 
 bool IsOnSurface(const QRectF &box) { return box.left() >= 0 && box.top() >= 0; }
 
-bool IsFree(Scene &scene, const QRectF &box) {
-    std::vector<Item *> items;
-    scene.ItemsIn(box, items);
-    return std::ranges::none_of(
-        items, [&](const Item *item) { return item->AsNode() && item->AsNode()->Bounds().intersects(box); });
+// Along which the nodes of one generation follow each other.
+QPointF Behind(const QPointF &growth) { return {qAbs(growth.y()), qAbs(growth.x())}; }
+
+QRectF Away(const QRectF &box, const QPointF &by) {
+    return box.translated(by.x() * (box.width() + kKinGap), by.y() * (box.height() + kKinGap));
 }
 
-QRectF PlaceBeside(Scene &scene, const QRectF &box, QPointF direction) {
-    const QPointF step(box.width() + kGap, box.height() + kGap);
-    const auto away = [&](const QPointF &along) {
-        return box.translated(along.x() * step.x(), along.y() * step.y());
-    };
-    if (!IsOnSurface(away(direction))) direction = -direction;
-    const QPointF aside(qAbs(direction.y()), qAbs(direction.x()));
+// The nearest free place to `first` along the line in the direction, on either side; `first` where there is
+// none.
+QRectF NearestFree(Scene &scene, const QRectF &first, const QPointF &along) {
     for (int i = 0; i < kMostPlaces; ++i) {
         const int rows = i % 2 ? (i + 1) / 2 : -i / 2; // 0, 1, -1, 2, -2 ...
-        const QRectF place = away(direction + aside * rows);
+        const QRectF place = Away(first, along * rows);
         if (IsOnSurface(place) && IsFree(scene, place)) return place;
     }
-    return away(direction);
+    return first;
 }
 
-// `source` is kNoItem for a node without a link.
-Node *Add(Surface &surface, const QRectF &place, ItemId source) {
-    ItemId added = kNoItem;
-    ChangeSelection(surface, [&] {
-        Node &node = surface.Nodes().Add(float(place.left()), float(place.top()), float(place.width()),
-                                         float(place.height()));
-        added = node.Id();
-        surface.UnselectAll();
-        node.SetSelected(true);
-        surface.Events().AfterAddNode(surface, node);
-        Node *start = surface.FindNode(source);
-        Node *end = surface.FindNode(added);
-        if (start && end) surface.Events().AfterAddLink(surface, start->Links().Add(*end));
-    });
-    return surface.FindNode(added);
+// Where something goes and by which link, if by any.
+struct Wanted {
+    QRectF place;
+    QPointF behind;
+    Node *parent = nullptr;
+    int linkStyle = 0;
+};
+
+// The child in the direction that stands last of all; null for none.
+const Link *LastChild(const Node &from, const QPointF &growth) {
+    const QPointF behind = Behind(growth);
+    const Link *last = nullptr;
+    const auto place = [&](const Link &link) {
+        return QPointF::dotProduct(link.Destination().Bounds().bottomRight(), behind);
+    };
+    for (const Link *link : LinksToChildren(from)) {
+        if (DirectionTo(from, link->Destination()) != growth) continue;
+        if (!last || place(*link) > place(*last)) last = link;
+    }
+    return last;
+}
+
+// A box of the size behind the last child, on the side of it that looks to the parent.
+QRectF BehindLast(const QRectF &last, const QSizeF &size, const QPointF &growth) {
+    QRectF box(last.topLeft(), size);
+    if (growth.x() < 0) box.moveRight(last.right());
+    if (growth.y() < 0) box.moveBottom(last.bottom());
+    return growth.x() != 0 ? box.translated(0, last.height() + kKinGap)
+                           : box.translated(last.width() + kKinGap, 0);
+}
+
+Wanted WantedChild(Node &from, const QRectF &box, const QPointF &direction) {
+    QPointF growth = GrowthAt(from).value_or(direction);
+    if (const Link *last = LastChild(from, growth))
+        return {BehindLast(last->Destination().Bounds(), box.size(), growth), Behind(growth), &from,
+                last->Style()};
+    if (!IsOnSurface(Away(box, growth))) growth = -growth;
+    return {Away(box, growth), Behind(growth), &from, 0};
+}
+
+Wanted WantedSibling(Node &from, const QRectF &box, const QPointF &direction) {
+    const Link *link = LinkFromParent(from);
+    if (!link) {
+        const QPointF behind = Behind(GrowthAt(from).value_or(direction));
+        return {Away(box, behind), behind, nullptr, 0};
+    }
+    const QPointF behind = Behind(DirectionTo(link->Source(), from));
+    return {Away(box, behind), behind, &link->Source(), link->Style()};
+}
+
+Node *AddWanted(Scene &scene, const Wanted &wanted) {
+    const ActionGroup group(scene.Model());
+    NewNode node;
+    node.place = wanted.place;
+    const auto aside =
+        wanted.parent ? MakeRoom(scene, *wanted.parent, wanted.place, wanted.behind) : std::nullopt;
+    if (aside)
+        MoveAside(scene, *aside);
+    else
+        node.place = NearestFree(scene, wanted.place, wanted.behind);
+    if (wanted.parent) node.linkedFrom = wanted.parent->Id();
+    node.linkStyle = wanted.linkStyle;
+    return AddNewNode(scene.Model(), node);
 }
 
 } // namespace
 
-Node *AddLinkedNode(Scene &scene, Node &from, const QPointF &direction) {
+Node *AddKin(Scene &scene, Node &from, Kin kin, const QPointF &direction) {
     QRectF box = from.Bounds();
     box.setSize(box.size().expandedTo(QSizeF(kSmallestSide, kSmallestSide)));
-    return Add(scene.Model(), PlaceBeside(scene, box, direction), from.Id());
+    return AddWanted(scene, kin == Kin::Child ? WantedChild(from, box, direction)
+                                              : WantedSibling(from, box, direction));
 }
 
 Node *AddNodeInMiddle(Scene &scene, const QRectF &seen) {
-    QRectF box(QPointF(), kNewSize);
+    QRectF box(QPointF(), kUsualSize);
     box.moveCenter(seen.center());
     box.moveTopLeft({qMax(0.0, box.left()), qMax(0.0, box.top())});
-    const QRectF place = IsFree(scene, box) ? box : PlaceBeside(scene, box, {1, 0});
-    return Add(scene.Model(), place, kNoItem);
+    NewNode node;
+    node.place = IsFree(scene, box) ? box : NearestFree(scene, Away(box, {1, 0}), {0, 1});
+    return AddNewNode(scene.Model(), node);
 }
 
 } // namespace diagram

@@ -6,11 +6,13 @@
 
 namespace diagram {
 
-// The link gets the surface's defaults and becomes the selection. Dropped on empty surface it gives nothing.
+// The link gets the surface's defaults and becomes the selection. It keeps to the side it was pulled from
+// (0 above, clockwise) as long as that is free. On empty surface, away from the nodes, a node shows itself at
+// its end, which is offered when it is dropped there; else it gives nothing.
 // A pointer that went some way off and comes back links the node to itself.
 class DrawLink : public Gesture {
 public:
-    DrawLink(Scene &scene, Stage &stage, Node &source, const PointerInput &press);
+    DrawLink(Scene &scene, Stage &stage, Node &source, int side, const PointerInput &press);
 
     std::unique_ptr<Gesture> Move(const PointerInput &input) override;
     void Commit(const PointerInput &input) override; // AfterAddLink, AfterSelect
@@ -20,6 +22,7 @@ public:
 
 private:
     Node *Target(const PointerInput &input) const;
+    QRectF RoomAt(const PointerInput &input) const; // for a new node, twips; empty for none
 
     Scene &scene_;
     Stage &stage_;
@@ -27,6 +30,7 @@ private:
     LooseEnd end_;
     ItemId target_ = kNoItem;
     QPainterPath line_; // that the link would have, twips
+    QRectF room_;       // for a new node at its end
     PointerInput press_;
     bool wentOff_ = false;
 };

@@ -13,6 +13,8 @@
 
 namespace diagram {
 
+class Gesture;
+
 // What gestures ask of the screen.
 class Stage {
 public:
@@ -31,6 +33,11 @@ public:
     virtual std::optional<int> ShapeToDraw() const { return {}; }
     // Whether a click on the empty surface adds a node of that shape.
     virtual bool ClickPlacesShape() const { return ShapeToDraw().has_value(); }
+    // Asks the user, where the pointer is, whether to commit the gesture; until the answer it goes on as one
+    // that keys lead.
+    virtual void Ask(std::unique_ptr<Gesture> gesture);
+    // Begins to edit the text of what is selected.
+    virtual void EditText() {}
     // To which nodes of the surface belong by their dates.
     virtual DayStrip &Days() const { return DayStrip::None(); }
 };
@@ -62,6 +69,11 @@ public:
     virtual void Key(const KeyInput &) {}
     virtual Hint WhatNow() const { return Hint::Nothing; } // the keys that lead on
     virtual Attention LooksAt() const { return {}; }
+    // Whether it waits for the answer to an offer; a press of the pointer is a no.
+    virtual bool IsOffer() const { return false; }
 };
+
+// Nobody there to be asked.
+inline void Stage::Ask(std::unique_ptr<Gesture> gesture) { gesture->Cancel(); }
 
 } // namespace diagram

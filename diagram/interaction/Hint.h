@@ -29,7 +29,8 @@ enum class Hint : unsigned char {
     // What the keys do while they lead a gesture.
     KeysChooseNode, // for a new link
     KeysChooseEnd,  // for the end of a link
-    KeysBend        // a link
+    KeysBend,       // a link
+    KeysTakeNode    // that is offered at the end of a link
 };
 
 // Whether it is about the place of the pointer alone, so that anything else may stand in its stead.

@@ -2,6 +2,7 @@
 
 #include "diagram/hit/Grips.h"
 #include "diagram/interaction/MoveBend.h"
+#include "diagram/interaction/NewNode.h"
 #include "diagram/interaction/Pan.h"
 #include "diagram/interaction/PlaceNode.h"
 #include "diagram/interaction/ResizeNodes.h"
@@ -125,12 +126,26 @@ void Interaction::Finish(const PointerInput &input) {
     ended->Commit(input);
 }
 
-void Interaction::DoubleClick(const PointerInput &input) {
+// What can't be selected covers the page too.
+bool Interaction::OpensText(const HeldHit &hit, const PointerInput &input) {
+    Surface &surface = scene_.Model();
+    if (hit.kind == HitKind::Node) {
+        const Node *node = surface.FindNode(hit.node);
+        return node && node->Selected() && !surface.Events().LeadsElsewhere(*node);
+    }
+    if (hit.kind != HitKind::Nothing || NodeAtPoint(scene_, float(input.at.x()), float(input.at.y())))
+        return false;
+    return PlaceNode(surface, input) != nullptr;
+}
+
+bool Interaction::DoubleClick(const PointerInput &input) {
     Surface &surface = scene_.Model();
     const HeldHit hit = HitFor(scene_, input);
     Link *link = surface.FindLink(hit.link);
     if (link && hit.kind == HitKind::Bend) RemoveBend(*link, hit.index);
-    if (!IsGrip(hit.kind) && !input.Ctrl() && !input.Shift()) surface.Events().DblClick(surface);
+    if (IsGrip(hit.kind) || input.Ctrl() || input.Shift()) return false;
+    surface.Events().DblClick(surface);
+    return OpensText(hit, input);
 }
 
 bool Interaction::Cancel() {

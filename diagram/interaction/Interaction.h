@@ -21,8 +21,9 @@ public:
     void Move(const PointerInput &input);
     void Release(const PointerInput &input);
     // Takes a bend away. Raises DblClick, but not on a handle or a bend, nor with Ctrl or Shift: the two
-    // clicks meant these.
-    void DoubleClick(const PointerInput &input);
+    // clicks meant these. True when the text of what is selected is to be edited now: of a node from which
+    // nothing leads elsewhere, or of the one that it puts on the empty page.
+    bool DoubleClick(const PointerInput &input);
     // Starts a gesture that is led by keys, unless another one goes on; null starts none.
     bool Begin(std::unique_ptr<Gesture> gesture);
     // A key for it; Enter ends it with what it has come to.
@@ -41,6 +42,8 @@ public:
     // What the user is at while keys lead, and the keys that lead on.
     Attention LooksAt() const { return gesture_ ? gesture_->LooksAt() : Attention(); }
     Hint WhatNow() const { return gesture_ ? gesture_->WhatNow() : Hint::Nothing; }
+    // Whether the user is asked about one.
+    bool IsOffer() const { return gesture_ && gesture_->IsOffer(); }
     bool IsPanning() const { return gesture_ && gesture_->MovesTheView(); }
     bool ScrollsAtEdges() const { return gesture_ && gesture_->ScrollsAtEdges(); }
     bool GrowsThePage() const { return gesture_ && gesture_->GrowsThePage(); }
@@ -53,6 +56,7 @@ private:
     Hint HintHere() const;
     void ShowPlace(Overlay &overlay) const;
     void Finish(const PointerInput &input);
+    bool OpensText(const HeldHit &hit, const PointerInput &input);
     bool IsNear(ItemId node, const PointerInput &input) const;
 
     Scene &scene_;

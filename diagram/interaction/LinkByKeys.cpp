@@ -48,13 +48,13 @@ void LinkByKeys::Commit(const PointerInput &) {
     Surface &surface = scene_.Model();
     Node *candidate = surface.FindNode(candidate_);
     if (candidate && IsSelectable(*candidate))
-        end_.Join(surface, *candidate);
+        end_.Join(scene_, *candidate);
     else
         stage_.Tell(Hint::LinkNeedsNode);
 }
 
 void LinkByKeys::Show(Overlay &overlay) const {
-    end_.Show(scene_, line_, scene_.Model().FindNode(candidate_), overlay);
+    end_.Show(scene_, line_, scene_.Model().FindNode(candidate_), true, overlay);
 }
 
 Hint LinkByKeys::WhatNow() const { return end_.IsNew() ? Hint::KeysChooseNode : Hint::KeysChooseEnd; }

@@ -4,10 +4,12 @@
 #include "diagram/hit/HitTest.h"
 #include "diagram/interaction/Overlay.h"
 #include "diagram/interaction/Selecting.h"
+#include "diagram/interaction/SideStyle.h"
 #include "diagram/model/LinkDraft.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/Arrows.h"
+#include "diagram/shapes/Shapes.h"
 
 namespace diagram {
 
@@ -59,10 +61,8 @@ Node *LooseEnd::Joined(const Surface &surface) const {
     return side_ == LinkSide::Source ? &link->Source() : &link->Destination();
 }
 
-QPainterPath LooseEnd::LineTo(Scene &scene, const Node *target, const QPointF &at) const {
-    Surface &surface = scene.Model();
+LinkDraft LooseEnd::DraftTo(const Surface &surface, const Node *target, const QPointF &at) const {
     const Node *fixed = Fixed(surface);
-    if (!fixed) return {};
     const Link *link = surface.FindLink(link_);
     if (link) link->OwnBends(); // finds out whose they are
     LinkDraft draft = link ? LinkDraft(*link) : LinkDraft();
@@ -70,35 +70,92 @@ QPainterPath LooseEnd::LineTo(Scene &scene, const Node *target, const QPointF &a
     draft.source = fromTarget ? target : fixed;
     draft.destination = fromTarget ? fixed : target;
     draft.loose = at;
-    return WayPath(draft.data->style, surface.WayOf(draft));
+    return draft;
 }
 
-void LooseEnd::Show(Scene &scene, const QPainterPath &line, const Node *target, Overlay &overlay) const {
+LinkDraft LooseEnd::DraftTo(const Surface &surface, const QRectF &newNode) const {
+    LinkDraft draft = DraftTo(surface, nullptr, newNode.center());
+    const Node *fixed = Fixed(surface);
+    draft.looseSize = newNode.size();
+    if (fixed) draft.looseShape = fixed->Shape(), draft.looseOrientation = fixed->ShapeOrientation();
+    return draft;
+}
+
+int LooseEnd::StyleOf(Scene &scene, const LinkDraft &draft) const {
+    return pulledFrom_ < 0 ? draft.data->style : StyleLeavingBy(scene, draft, pulledFrom_);
+}
+
+int LooseEnd::StyleTo(Scene &scene, const QRectF &newNode) const {
+    return StyleOf(scene, DraftTo(scene.Model(), newNode));
+}
+
+QPainterPath LooseEnd::LineOf(Scene &scene, const LinkDraft &draft) const {
+    LinkData data = *draft.data;
+    data.style = std::uint8_t(StyleOf(scene, draft));
+    LinkDraft styled = draft;
+    styled.data = &data;
+    return WayPath(data.style, scene.Model().WayOf(styled));
+}
+
+QPainterPath LooseEnd::LineTo(Scene &scene, const Node *target, const QPointF &at) const {
+    return Fixed(scene.Model()) ? LineOf(scene, DraftTo(scene.Model(), target, at)) : QPainterPath();
+}
+
+void LooseEnd::ShowNew(Scene &scene, const QRectF &newNode, Overlay &overlay) const {
+    const Node *fixed = Fixed(scene.Model());
+    if (!fixed) return;
+    overlay.line = LineOf(scene, DraftTo(scene.Model(), newNode));
+    overlay.arrow = true;
+    overlay.linkEnds.push_back({{}, overlay.line.elementAt(0), true, false, false});
+    overlay.ghost = Outline(fixed->Shape(), fixed->ShapeOrientation(), newNode);
+}
+
+// Both nodes only where a word tells them apart; else the fixed one has but the place where the line begins.
+void LooseEnd::ShowEnds(Scene &scene, const Node *target, bool named, Overlay &overlay) const {
+    const QPainterPath &line = overlay.line;
+    if (line.elementCount() < 2) return;
+    const QPointF ends[] = {line.elementAt(0), line.currentPosition()};
+    const bool targetFirst = side_ == LinkSide::Source;
+    const Node *fixed = Fixed(scene.Model());
+    if (fixed)
+        overlay.linkEnds.push_back({named && fixed != target ? scene.NodeOutline(*fixed) : QPainterPath(),
+                                    ends[targetFirst ? 1 : 0], !targetFirst, false, named});
+    if (target)
+        overlay.linkEnds.push_back(
+            {scene.NodeOutline(*target), ends[targetFirst ? 0 : 1], targetFirst, true, named});
+}
+
+void LooseEnd::Show(Scene &scene, const QPainterPath &line, const Node *target, bool named,
+                    Overlay &overlay) const {
     const Link *link = scene.Model().FindLink(link_);
     overlay.line = line;
     overlay.arrow = !link || link->ArrowDest() != 0;
-    if (target) overlay.target = scene.NodeOutline(*target);
+    ShowEnds(scene, target, named, overlay);
     if (!link) return;
     overlay.loose = link_;
     overlay.faded = Cover(scene, *link);
     overlay.unfaded = Whole(scene, link->Source()) | Whole(scene, link->Destination());
 }
 
-void LooseEnd::Add(Surface &surface, Node &target) const {
+void LooseEnd::Add(Scene &scene, Node &target) const {
+    Surface &surface = scene.Model();
     Node *fixed = Fixed(surface);
     if (!fixed) return;
+    const int style = StyleOf(scene, DraftTo(surface, &target, {}));
     Node &from = side_ == LinkSide::Source ? target : *fixed;
     Node &to = side_ == LinkSide::Source ? *fixed : target;
     ChangeSelection(surface, [&] {
         Link &link = from.Links().Add(to);
+        link.SetStyle(style);
         surface.UnselectAll();
         link.SetSelected(true);
         surface.Events().AfterAddLink(surface, link);
     });
 }
 
-void LooseEnd::Join(Surface &surface, Node &target) const {
-    if (IsNew()) return Add(surface, target);
+void LooseEnd::Join(Scene &scene, Node &target) const {
+    Surface &surface = scene.Model();
+    if (IsNew()) return Add(scene, target);
     Link *link = surface.FindLink(link_);
     if (!link || Joined(surface) == &target) return;
     const ActionGroup group(surface);

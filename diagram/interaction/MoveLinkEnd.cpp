@@ -18,13 +18,13 @@ void MoveLinkEnd::Commit(const PointerInput &input) {
     Move(input);
     Surface &surface = scene_.Model();
     if (Node *target = surface.FindNode(target_))
-        end_.Join(surface, *target);
+        end_.Join(scene_, *target);
     else
         stage_.Tell(Hint::LinkNeedsNode);
 }
 
 void MoveLinkEnd::Show(Overlay &overlay) const {
-    end_.Show(scene_, line_, scene_.Model().FindNode(target_), overlay);
+    end_.Show(scene_, line_, scene_.Model().FindNode(target_), false, overlay);
 }
 
 } // namespace diagram

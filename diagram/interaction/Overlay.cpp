@@ -15,7 +15,10 @@ QRectF Overlay::Bounds() const {
     if (!ghost.isEmpty()) all |= ghost.controlPointRect();
     if (!ghostLinks.isEmpty()) all |= BoxOf(ghostLinks);
     if (grip) all |= BoxOf(QLineF(*grip, *grip));
-    if (!target.isEmpty()) all |= target.controlPointRect();
+    for (const LinkEndMark &end : linkEnds) {
+        if (!end.outline.isEmpty()) all |= end.outline.controlPointRect();
+        if (end.joint) all |= BoxOf(QLineF(*end.joint, *end.joint));
+    }
     if (!line.isEmpty()) all |= BoxOf(line);
     for (const QLineF &guide : guides) all |= BoxOf(guide);
     for (const QLineF &gap : gaps) all |= BoxOf(gap);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "diagram/interaction/Gesture.h"
+#include "diagram/interaction/NewNode.h"
 #include "diagram/interaction/Snapping.h"
 
 namespace diagram {
@@ -9,9 +10,6 @@ namespace diagram {
 class DayStrip;
 class Scene;
 class Surface;
-
-// Of a node for which no size was drawn, in twips.
-constexpr QSizeF kUsualSize{1500, 900};
 
 // Adds a node with the surface's defaults, but in that shape where one is given, and makes it the selection;
 // AfterAddNode. The page grows where it must. The caller opens the group.

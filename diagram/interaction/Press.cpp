@@ -18,7 +18,7 @@ namespace diagram {
 
 namespace {
 
-constexpr double kTolerancePixels = 4;
+constexpr double kTolerancePixels = 6;
 constexpr double kHandlePixels = 10; // larger than they are drawn, for unsteady hands
 
 // Everything that the start of a drag may look at.
@@ -48,7 +48,7 @@ std::unique_ptr<Gesture> OnNode(const DragStart &start) {
 
 std::unique_ptr<Gesture> OnLinkStart(const DragStart &start) {
     if (!start.node) return nullptr;
-    return std::make_unique<DrawLink>(start.scene, start.stage, *start.node, start.press);
+    return std::make_unique<DrawLink>(start.scene, start.stage, *start.node, start.index, start.press);
 }
 
 std::unique_ptr<Gesture> OnHandle(const DragStart &start) {

@@ -4,6 +4,7 @@
 #include "diagram/model/Link.h"
 
 #include <QPointF>
+#include <QSizeF>
 
 namespace diagram {
 
@@ -21,6 +22,9 @@ struct LinkDraft {
     const Node *source = nullptr;
     const Node *destination = nullptr;
     QPointF loose;
+    QSizeF looseSize;   // of a node that will stand around it, if any
+    int looseShape = 1; // and the shape of that
+    int looseOrientation = 0;
     ItemId id = kNoItem; // the link that it is or takes the place of; none for one more
 };
 

@@ -36,7 +36,12 @@ double HeadAt(const Node *node, const LinkDraft &link) {
 }
 
 RouteEnd EndAt(const Node *node, const LinkDraft &link) {
-    if (!node) return {QRectF(link.loose, QSizeF())};
+    if (!node) {
+        QRectF box(QPointF(), link.looseSize.isEmpty() ? QSizeF(0, 0) : link.looseSize);
+        box.moveCenter(link.loose);
+        return {box, link.looseShape, link.looseOrientation,
+                link.looseSize.isEmpty() ? 0 : HeadAt(nullptr, link)};
+    }
     return {node->Bounds(), node->Shape(), node->ShapeOrientation(), HeadAt(node, link)};
 }
 

@@ -23,6 +23,11 @@ public:
     virtual ~SurfaceEvents() = default;
     virtual void AfterAddLink(Surface &, Link &) {}
     virtual void AfterAddNode(Surface &, Node &) {}
+    // A node was added that has its look from `like`, and goes where that belongs.
+    virtual void AfterAddNodeLike(Surface &surface, Node &node, const Node &like) {
+        Q_UNUSED(like)
+        AfterAddNode(surface, node);
+    }
     virtual void AfterEdit(Surface &) {}    // a text was edited in place
     virtual void AfterMove(Surface &) {}    // nodes were moved
     virtual void AfterResize(Surface &) {}  // nodes were resized
@@ -30,6 +35,8 @@ public:
     virtual void AfterStretch(Surface &) {} // points of a link were moved, added or taken away
     virtual void Click(Surface &) {}
     virtual void DblClick(Surface &) {}
+    // Asked whether a double click on the node leads somewhere, instead of editing its text.
+    virtual bool LeadsElsewhere(const Node &) { return false; }
     // An error inside a gesture. Setting cancelDisplay keeps the component from showing it by itself.
     virtual void Error(Surface &, long number, const QString &description, bool &cancelDisplay) {
         Q_UNUSED(number)

@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <QCoreApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QPointer>
 #include <QTextDocument>
 
 namespace diagram {
@@ -108,7 +110,17 @@ void InPlaceEditor::keyPressEvent(QKeyEvent *event) {
     if (event->key() == Qt::Key_Escape) return Finish(false);
     if (event->key() == Qt::Key_Tab || (enter && event->modifiers().testFlag(Qt::ControlModifier)))
         return Finish(true);
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    if (event->key() == Qt::Key_Insert && (!modifiers || modifiers == Qt::AltModifier))
+        return FinishAndHandOn(event);
     QTextEdit::keyPressEvent(event);
+}
+
+// The text is kept, and whoever shows the box acts on the key.
+void InPlaceEditor::FinishAndHandOn(QKeyEvent *event) {
+    const QPointer<QWidget> viewport = parentWidget();
+    Finish(true);
+    if (viewport && viewport->parentWidget()) QCoreApplication::sendEvent(viewport->parentWidget(), event);
 }
 
 void InPlaceEditor::insertFromMimeData(const QMimeData *source) {

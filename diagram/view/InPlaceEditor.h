@@ -30,6 +30,7 @@ protected:
 
 private:
     void Finish(bool keep);
+    void FinishAndHandOn(QKeyEvent *event);
     void SetLook(const TextPlace &place, double pointScale, const QColor &behind);
     void Fit();
     void Uncover(const QSizeF &text);

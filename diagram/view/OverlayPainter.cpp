@@ -4,6 +4,7 @@
 #include "diagram/model/Surface.h"
 #include "diagram/view/Marks.h"
 #include "diagram/view/SelectionPainter.h"
+#include "diagram/view/SurfaceView.h"
 #include "diagram/view/Viewport.h"
 
 #include <QFontMetrics>
@@ -19,6 +20,8 @@ constexpr int kSizePadding = 4;
 constexpr double kArrowLength = 10, kArrowHalfWidth = 4;
 constexpr double kLinkStart = 4, kLitLinkStart = 7; // radius
 constexpr double kGripRing = 9;
+constexpr double kStartDot = 5, kEndRing = 7; // radius
+constexpr int kWordGap = 8;
 constexpr int kGlow = 32, kStrongGlow = 48; // alpha
 constexpr int kCover = 215;
 constexpr QMargins kBandFrame(2, 2, 2, 2); // what it may cover beside the band's own pixels
@@ -59,12 +62,76 @@ void PaintFaded(QPainter &painter, const Overlay &overlay, const Surface &surfac
     painter.restore();
 }
 
-void PaintTarget(QPainter &painter, const Overlay &overlay, const QTransform &toPixels,
+const QColor &ColourOf(const LinkEndMark &end, const OverlayLook &look) {
+    return end.isSource ? look.accent : look.target;
+}
+
+void PaintNodesOfEnds(QPainter &painter, const Overlay &overlay, const QTransform &toPixels,
+                      const OverlayLook &look) {
+    for (const LinkEndMark &end : overlay.linkEnds) {
+        if (end.outline.isEmpty()) continue;
+        const QColor &colour = ColourOf(end, look);
+        painter.setPen(QPen(colour, end.lit ? 3 : 2, end.lit ? Qt::SolidLine : Qt::DashLine));
+        painter.setBrush(end.lit ? QBrush(Faded(colour, kStrongGlow)) : QBrush(Qt::NoBrush));
+        painter.drawPath(toPixels.map(end.outline));
+    }
+}
+
+// A dot where the link starts, a ring around the head where it ends.
+void PaintJoints(QPainter &painter, const Overlay &overlay, const QTransform &toPixels,
                  const OverlayLook &look) {
-    if (overlay.target.isEmpty()) return;
-    painter.setPen(QPen(look.target, 3));
-    painter.setBrush(Faded(look.target, kStrongGlow));
-    painter.drawPath(toPixels.map(overlay.target));
+    for (const LinkEndMark &end : overlay.linkEnds) {
+        if (!end.joint) continue;
+        const QColor &colour = ColourOf(end, look);
+        painter.setPen(QPen(end.isSource ? look.onAccent : colour, end.isSource ? 1.5 : 2));
+        painter.setBrush(end.isSource ? QBrush(colour) : QBrush(Qt::NoBrush));
+        const double radius = end.isSource ? kStartDot : kEndRing;
+        painter.drawEllipse(toPixels.map(*end.joint), radius, radius);
+    }
+}
+
+QString WordOf(const LinkEndMark &end) {
+    return end.isSource ? SurfaceView::tr("From") : SurfaceView::tr("To");
+}
+
+// Above the node, or below it: the start to the left and the end to the right, as a loop shows both.
+QRect WordBox(const LinkEndMark &end, const QRectF &node) {
+    const QFontMetrics metrics{QFont()};
+    QRect box(0, 0, metrics.horizontalAdvance(WordOf(end)) + 3 * kSizePadding, metrics.height() + 2);
+    box.moveBottom(qRound(node.top()) - kWordGap);
+    if (box.top() < 0) box.moveTop(qRound(node.bottom()) + kWordGap); // there is no room above
+    if (end.isSource)
+        box.moveLeft(qRound(node.left()));
+    else
+        box.moveRight(qRound(node.right()));
+    return box;
+}
+
+// Both words of a loop stand at the one node.
+QRectF NodeOf(const Overlay &overlay, const LinkEndMark &end) {
+    for (const LinkEndMark *each = &end; each != overlay.linkEnds.data() + overlay.linkEnds.size(); ++each)
+        if (!each->outline.isEmpty()) return each->outline.boundingRect();
+    return {};
+}
+
+template <typename Use>
+void ForEachWord(const Overlay &overlay, const QTransform &toPixels, Use use) {
+    for (const LinkEndMark &end : overlay.linkEnds) {
+        const QRectF node = end.named ? NodeOf(overlay, end) : QRectF();
+        if (!node.isEmpty()) use(end, WordBox(end, toPixels.mapRect(node)));
+    }
+}
+
+void PaintWords(QPainter &painter, const Overlay &overlay, const QTransform &toPixels,
+                const OverlayLook &look) {
+    painter.setFont(QFont());
+    ForEachWord(overlay, toPixels, [&](const LinkEndMark &end, const QRect &box) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(ColourOf(end, look));
+        painter.drawRoundedRect(box, 3, 3);
+        painter.setPen(look.onAccent);
+        painter.drawText(box, Qt::AlignCenter, WordOf(end));
+    });
 }
 
 void PaintBand(QPainter &painter, const Overlay &overlay, const Viewport &viewport, const OverlayLook &look) {
@@ -176,10 +243,12 @@ void PaintOverlay(QPainter &painter, const Overlay &overlay, const Surface &surf
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     PaintFaded(painter, overlay, surface, viewport);
-    PaintTarget(painter, overlay, toPixels, look);
+    PaintNodesOfEnds(painter, overlay, toPixels, look);
     PaintBand(painter, overlay, viewport, look);
     PaintGhost(painter, overlay, toPixels, look);
     PaintLine(painter, overlay, toPixels, look);
+    PaintJoints(painter, overlay, toPixels, look);
+    PaintWords(painter, overlay, toPixels, look);
     if (overlay.grip) PaintGrip(painter, toPixels.map(*overlay.grip), look);
     PaintLinkStarts(painter, overlay, viewport, look);
     PaintGuides(painter, overlay, toPixels, look);
@@ -236,6 +305,8 @@ OverlayPlace PlaceOf(const Overlay &overlay, const Viewport &viewport) {
     const QRectF area = viewport.FromSurface(others.Bounds());
     place.rest = area.toAlignedRect().adjusted(-kHandleReach, -kHandleReach, kHandleReach, kHandleReach) |
                  SizeBox(others, viewport);
+    ForEachWord(others, viewport.ToPixels(),
+                [&](const LinkEndMark &, const QRect &box) { place.rest |= box.adjusted(-1, -1, 1, 1); });
     return place;
 }
 

@@ -147,6 +147,12 @@ bool SurfaceView::BeginLink(bool backwards) {
     return impl_->keys->BeginLink(backwards ? LinkSide::Source : LinkSide::Destination);
 }
 
+bool SurfaceView::AddKin(diagram::Kin kin) {
+    bool added = false;
+    impl_->Guard("AddKin", [&] { added = impl_->keys->AddKin(kin); });
+    return added;
+}
+
 bool SurfaceView::BeginBend() { return impl_->keys->BeginBend(); }
 
 Attention SurfaceView::LooksAt() const { return impl_->interaction.LooksAt(); }
@@ -245,7 +251,7 @@ void SurfaceView::focusInEvent(QFocusEvent *event) {
 void SurfaceView::focusOutEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusOutEvent(event);
     // What ends them comes to somebody else.
-    impl_->Guard("focusOutEvent", [&] { CancelGesture(); });
+    impl_->Guard("focusOutEvent", [&] { impl_->FocusGoes(); });
     impl_->keys->HideSize();
     impl_->keys->LetGo();
     Model().SetShiftMode(false);
@@ -253,7 +259,8 @@ void SurfaceView::focusOutEvent(QFocusEvent *event) {
 }
 
 bool SurfaceView::event(QEvent *event) {
-    if (event->type() == QEvent::WindowDeactivate && impl_) impl_->Guard("event", [&] { CancelGesture(); });
+    if (event->type() == QEvent::WindowDeactivate && impl_)
+        impl_->Guard("event", [&] { impl_->FocusGoes(); });
     if (event->type() == QEvent::ShortcutOverride && impl_)
         impl_->keys->NoteKey(static_cast<QKeyEvent *>(event)->key());
     return QAbstractScrollArea::event(event);

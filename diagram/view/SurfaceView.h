@@ -1,6 +1,7 @@
 // The screen's side of a surface: Qt events in, pixels out.
 #pragma once
 
+#include "diagram/interaction/AddLinked.h"
 #include "diagram/interaction/Attention.h"
 #include "diagram/interaction/Hint.h"
 #include "diagram/model/Surface.h"
@@ -113,6 +114,9 @@ public:
     // Lets the keys find the node to which the selected node is linked, or the selected link leads; with
     // `backwards` the one from which. False when nothing is selected or a gesture goes on.
     bool BeginLink(bool backwards = false);
+    // Adds a child or a sibling of the selected node, with none selected a node in the middle of what is
+    // seen, and begins to edit its text. False when a gesture goes on.
+    bool AddKin(diagram::Kin kin);
     // Lets the keys bend the selected link; false when none is selected or a gesture goes on.
     bool BeginBend();
     // The item that a user who works with the keys is at; null for none.

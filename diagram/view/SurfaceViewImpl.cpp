@@ -22,6 +22,7 @@ SurfaceView::Impl::Impl(SurfaceView &itsView, Surface &itsSurface)
       note(*itsView.viewport(), itsSurface),
       text(itsView, scene, viewport, guard),
       edges(itsView),
+      offer(itsView, [this](bool yes) { Answered(yes); }),
       keys(std::make_unique<Keys>(*this)),
       notices(itsView) {
     surface.AddObserver(*this);
@@ -161,6 +162,10 @@ bool SurfaceView::Impl::DropShape() {
     return true;
 }
 
+void SurfaceView::Impl::FocusGoes() {
+    if (!offer.IsOpen()) CancelGesture();
+}
+
 bool SurfaceView::Impl::BeginEdit(const QString *typed) {
     Item *item = EditableItem(surface);
     if (!item) return false;
@@ -210,6 +215,23 @@ bool SurfaceView::Impl::Paste(Hint &why) {
 
 QPointF SurfaceView::Impl::ScrollOffset() const { return viewport.Scroll(); }
 void SurfaceView::Impl::SetScrollOffset(const QPointF &pixels) { viewport.ScrollTo(pixels.toPoint()); }
+void SurfaceView::Impl::Ask(std::unique_ptr<Gesture> gesture) {
+    // First, as the menu takes the focus, which would end a gesture.
+    offer.Ask(view.viewport()->mapToGlobal(pointer.toPoint()), words.node.toLower());
+    if (interaction.Begin(std::move(gesture))) Tell(interaction.WhatNow());
+}
+
+void SurfaceView::Impl::Answered(bool yes) {
+    if (!interaction.IsOffer()) return;
+    Guard("Answered", [&] {
+        if (yes)
+            interaction.Key({Qt::Key_Return, {}});
+        else
+            CancelGesture();
+    });
+    AfterInput();
+}
+
 void SurfaceView::Impl::Tell(Hint hint) { Q_EMIT view.HintShown(hint); }
 void SurfaceView::Impl::Offer(Hint hint) { Q_EMIT view.HintOffered(hint); }
 

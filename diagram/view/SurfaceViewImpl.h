@@ -7,6 +7,7 @@
 #include "diagram/view/Accessible.h"
 #include "diagram/view/EdgeScroll.h"
 #include "diagram/view/EmptyNote.h"
+#include "diagram/view/OfferMenu.h"
 #include "diagram/view/PastePlace.h"
 #include "diagram/view/Repainting.h"
 #include "diagram/view/SurfaceGuard.h"
@@ -64,6 +65,8 @@ public:
     void Offer(Hint hint) override;
     std::optional<int> ShapeToDraw() const override { return shape; }
     bool ClickPlacesShape() const override { return shape && !endedText_; }
+    void Ask(std::unique_ptr<Gesture> gesture) override;
+    void EditText() override { BeginEdit(); }
     DayStrip &Days() const override { return *days; }
 
     bool BeginEdit(const QString *typed = nullptr);
@@ -73,6 +76,8 @@ public:
     bool DropShape();
     // Tells an assistant what the page is, or how to begin on an empty one.
     void Describe();
+    // The focus goes to somebody else, but for the menu of an offer.
+    void FocusGoes();
     // Gives up a gesture whose items went away under it.
     void DropOutdatedGesture();
     template <typename Body>
@@ -94,6 +99,7 @@ public:
     EmptyNote note;
     TextInPlace text;
     EdgeScroll edges;
+    OfferMenu offer;
     std::unique_ptr<Keys> keys;
     Describer describer;
     ItemWords words;
@@ -111,6 +117,7 @@ private:
     void BeforeUndo() override;
     void AfterUndo() override;
 
+    void Answered(bool yes);
     FocusRing Ring() const;
     PasteAim Aim() const;
     void ShowSelectedNodes();

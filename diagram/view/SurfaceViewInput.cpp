@@ -31,6 +31,7 @@ PointerInput SurfaceView::Impl::Input(const QPointF &pixels, Qt::KeyboardModifie
 }
 
 void SurfaceView::Impl::AfterInput() {
+    if (!interaction.IsOffer()) offer.Close();
     edges.Follow(interaction.ScrollsAtEdges(), pointer, view.viewport()->size());
     UpdateOverlay();
     UpdatePointer();
@@ -52,7 +53,8 @@ void SurfaceView::Impl::NoteHand(bool keyboard) {
 void SurfaceView::Impl::Press(QMouseEvent *event) {
     DropOutdatedGesture();
     const bool left = event->button() == Qt::LeftButton;
-    if (interaction.TakesKeys() && (!left || keys->MovesTheView())) CancelGesture();
+    if (interaction.IsOffer() || (interaction.TakesKeys() && (!left || keys->MovesTheView())))
+        CancelGesture();
     if (interaction.IsActive() && !interaction.TakesKeys()) {
         if (event->button() != button_) return;
         CancelGesture();
@@ -96,6 +98,7 @@ void SurfaceView::Impl::Move(QMouseEvent *event) {
 
 void SurfaceView::Impl::Release(QMouseEvent *event) {
     DropOutdatedGesture();
+    pointer = event->position();
     if (event->button() == button_ && interaction.IsActive())
         interaction.Release(Input(event->position(), event->modifiers()));
     AfterInput();
@@ -104,7 +107,7 @@ void SurfaceView::Impl::Release(QMouseEvent *event) {
 void SurfaceView::Impl::DoubleClick(QMouseEvent *event) {
     if (event->button() != Qt::LeftButton) return Press(event);
     CancelGesture();
-    interaction.DoubleClick(Input(event->position(), event->modifiers()));
+    if (interaction.DoubleClick(Input(event->position(), event->modifiers()))) BeginEdit();
     AfterInput();
 }
 

@@ -1,6 +1,5 @@
 #include "diagram/view/SurfaceViewKeys.h"
 
-#include "diagram/interaction/AddLinked.h"
 #include "diagram/interaction/BendByKeys.h"
 #include "diagram/interaction/LinkByKeys.h"
 #include "diagram/interaction/MoveNodes.h"
@@ -113,7 +112,7 @@ bool SurfaceView::Impl::Keys::Run(QKeyEvent *event) {
         view_.DeleteSelection();
         return true;
     case Qt::Key_Insert:
-        return !(event->modifiers() & ~Qt::KeypadModifier) && AddLinked();
+        return InsertKey({event->key(), event->modifiers()});
     case Qt::Key_Return:
     case Qt::Key_Enter:
         return !interaction_.IsActive() &&
@@ -170,13 +169,22 @@ void SurfaceView::Impl::Keys::HideSize() {
     impl_.UpdateOverlay();
 }
 
-bool SurfaceView::Impl::Keys::AddLinked() {
+bool SurfaceView::Impl::Keys::InsertKey(const KeyInput &input) {
+    const Qt::KeyboardModifiers modifiers = input.modifiers & ~Qt::KeypadModifier;
+    if (modifiers && modifiers != Qt::AltModifier) return false;
+    return AddKin(modifiers ? Kin::Sibling : Kin::Child);
+}
+
+bool SurfaceView::Impl::Keys::AddKin(Kin kin) {
+    impl_.DropOutdatedGesture();
     if (interaction_.IsActive()) return false;
+    impl_.text.End(true);
     Node *from = surface_.SelectedNode();
-    const Node *added = from ? AddLinkedNode(impl_.scene, *from, walk_.Direction())
+    const Node *added = from ? diagram::AddKin(impl_.scene, *from, kin, walk_.Direction())
                              : AddNodeInMiddle(impl_.scene, impl_.viewport.Seen());
-    if (added) view_.EnsureVisible(added->Bounds());
-    return true;
+    if (!added) return true;
+    view_.EnsureVisible(added->Bounds());
+    return impl_.BeginEdit();
 }
 
 bool SurfaceView::Impl::Keys::Type(QKeyEvent *event) {

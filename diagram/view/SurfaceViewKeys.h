@@ -1,6 +1,7 @@
 // What the keys do on a surface.
 #pragma once
 
+#include "diagram/interaction/AddLinked.h"
 #include "diagram/interaction/LooseEnd.h"
 #include "diagram/view/KeyRun.h"
 #include "diagram/view/KeyWalk.h"
@@ -18,6 +19,7 @@ public:
     // As those of the view.
     bool BeginLink(LinkSide loose);
     bool BeginBend();
+    bool AddKin(Kin kin);
     // Of a node that was resized by keys.
     void HideSize();
     // Space is down: a press moves the view.
@@ -34,6 +36,7 @@ private:
     // The same while keys lead a gesture.
     bool Lead(QKeyEvent *event);
     bool Begin(std::unique_ptr<Gesture> gesture);
+    bool InsertKey(const KeyInput &input);
     bool LinkKey(const KeyInput &input);
     bool ArrowKey(const KeyInput &input, quint64 time);
     bool MoveBy(const QPointF &distance, quint64 time);
@@ -41,7 +44,6 @@ private:
     bool Tab(const KeyInput &input);
     // A modifier went up or down: the gesture looks at it at once.
     void FollowModifier(int key, Qt::KeyboardModifiers modifiers);
-    bool AddLinked();
     bool Type(QKeyEvent *event);
 
     Impl &impl_;

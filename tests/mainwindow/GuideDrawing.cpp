@@ -31,6 +31,34 @@ void Draw(Reader &r) {
     r.Stroke({{3900, 4200}, {4500, 5400}}, {}, kShift);
     ASSERT_EQ(r.Nodes(), 5);
     EXPECT_EQ(r.LastNode().Width(), r.LastNode().Height());
+    const QPointF at(2400, 7200);
+    r.DoubleClick(at);
+    ASSERT_EQ(r.Nodes(), 6);
+    EXPECT_TRUE(r.LastNode().Bounds().contains(at));
+    r.Type(QStringLiteral("here"));
+    r.Key(Qt::Key_Return, kCtrl);
+    EXPECT_EQ(r.LastNode().Text(), QStringLiteral("here"));
+}
+
+void AddALinkedNode(Reader &r) {
+    r.a->SetFillColor(support::Rgb(1, 2, 3));
+    r.Stroke({Reader::Start(*r.a), {2400, 6000}});
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+    r.ProcessEvents();
+    ASSERT_EQ(r.Nodes(), 4);
+    EXPECT_EQ(r.LastNode().Look(), r.a->Look());
+    ASSERT_EQ(r.Links(), 1U);
+    EXPECT_EQ(&r.Surface().Links()[0]->Source(), r.a);
+    r.Type(QStringLiteral("here"));
+    r.Key(Qt::Key_Return, kCtrl);
+    EXPECT_EQ(r.LastNode().Text(), QStringLiteral("here"));
+    r.Stroke({Reader::Start(*r.b), {8400, 6000}});
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    r.ProcessEvents();
+    EXPECT_EQ(r.Nodes(), 4);
+    EXPECT_EQ(r.Links(), 1U);
 }
 
 void DrawAnotherShape(Reader &r) {
@@ -155,6 +183,10 @@ void Write(Reader &r) {
     r.Type(QStringLiteral(" far"));
     r.Key(Qt::Key_Return, kCtrl);
     EXPECT_EQ(r.a->Text(), QStringLiteral("so far"));
+    r.DoubleClick(Reader::Body(*r.b));
+    r.Type(QStringLiteral("twice"));
+    r.Key(Qt::Key_Return, kCtrl);
+    EXPECT_EQ(r.b->Text(), QStringLiteral("twice"));
     diagram::Link &link = r.Join(*r.a, *r.b);
     r.Click(Reader::Half(link));
     TypeATextOfTwoLines(r);
@@ -325,7 +357,8 @@ void GiveUp(Reader &r) {
 
 constexpr ToldStep kDrawing[] = {
     {"draw a node | drag on the empty page; a drag of only a few pixels counts as a click. Shift, pressed on "
-     "the way, makes it as wide as high",
+     "the way, makes it as wide as high. A double click makes one of the usual size there and lets you "
+     "write",
      Draw},
     {"draw another shape | F7, or the first button of the view toolbar; type a part of the shape's name and "
      "Enter, or click its picture. Each drag draws that shape from then on, and a click on the empty page "
@@ -334,6 +367,9 @@ constexpr ToldStep kDrawing[] = {
     {"link two nodes | point at the first and drag from one of the circles beside it to the second; back "
      "onto the first gives a loop",
      LinkTwo},
+    {"add a linked node | drag from a circle to an empty place and press Enter: it looks like the first, and "
+     "you can write at once. Escape leaves it",
+     AddALinkedNode},
     {"select | click; Ctrl+click adds or takes away; Shift+drag selects what lies in the rectangle",
      SelectByMouse},
     {"move | drag, or the arrow keys (with Shift by a step of the grid); Shift keeps a drag level or upright",
@@ -347,7 +383,8 @@ constexpr ToldStep kDrawing[] = {
      "gives their bends back to the program",
      Bend},
     {"join a link elsewhere | drag its end to another node", JoinElsewhere},
-    {"write | select and type, or F2; Enter is a new line, Ctrl+Enter or a click elsewhere ends, Escape "
+    {"write | double click a node, or select and type, or F2; Enter is a new line, Ctrl+Enter or a click "
+     "elsewhere ends, Escape "
      "gives up. Ctrl+S saves what is typed so far, and typing goes on. Labels of links are written the same "
      "way",
      Write},

@@ -89,10 +89,35 @@ void Insert(Reader &r) {
     ASSERT_EQ(r.Nodes(), 4);
     ASSERT_EQ(r.Links(), 1U);
     EXPECT_LT(r.LastNode().Top(), r.c->Top());
+    r.Type(QStringLiteral("up"));
+    EXPECT_TRUE(r.LastNode().Text().isEmpty()) << "still typing";
+    r.Key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(r.LastNode().Text(), QStringLiteral("up"));
     r.Surface().UnselectAll();
     r.Press("Ins");
     EXPECT_EQ(r.Nodes(), 5);
     EXPECT_EQ(r.Links(), 1U);
+    r.Key(Qt::Key_Escape);
+    r.Join(*r.a, *r.b);
+    r.Select(*r.a);
+    r.Press("Ins");
+    EXPECT_EQ(r.LastNode().Left(), r.b->Left()) << "beside its other child";
+    EXPECT_GT(r.LastNode().Top(), r.b->Top());
+}
+
+void InsertSibling(Reader &r) {
+    r.Join(*r.a, *r.b);
+    r.c->SetTop(r.b->Top() + r.b->Height() + 300);
+    r.Join(*r.a, *r.c);
+    const float before = r.c->Top();
+    r.Select(*r.b);
+    r.Press("Alt+Ins");
+    ASSERT_EQ(r.Nodes(), 4);
+    ASSERT_EQ(r.Links(), 3U);
+    EXPECT_EQ(&r.Surface().Links().back()->Source(), r.a);
+    EXPECT_GT(r.LastNode().Top(), r.b->Top());
+    EXPECT_GT(r.c->Top(), before) << "aside";
+    EXPECT_LT(r.LastNode().Top(), r.c->Top());
 }
 
 void MoveByArrows(Reader &r) {
@@ -169,9 +194,12 @@ constexpr ToldStep kKeyboard[] = {
     {"Enter, Shift+Enter | go through the links of the selected node; Ctrl and an arrow goes on to the end "
      "of the link, Tab to the next node",
      GoThroughLinks},
-    {"Ins | add a node linked to the selected one, in the direction last gone; with none selected, one in "
-     "the middle of what is seen",
+    {"Ins | add a node linked to the selected one and write into it: behind its other children, else where "
+     "the tree grows, else in the direction last gone; with none selected, one in the middle of what is seen",
      Insert},
+    {"Alt+Ins | add a sibling of the selected node behind it, linked from the same node; those in the way go "
+     "aside with all that they lead to",
+     InsertSibling},
     {"arrows | move what is selected by a pixel, with Shift by a step of the grid; with nothing selected, "
      "scroll",
      MoveByArrows},

@@ -89,6 +89,8 @@ constexpr const char *kMenu[] = {
     "mnuEdit|mnuEditDelete|command|&Delete",
     "mnuEdit|keyDuplicate|command|Dup&licate",
     "mnuEdit|keyEditText|command|&Edit text",
+    "mnuEdit|keyAddChild|command|Add a linked NODE",
+    "mnuEdit|keyAddSibling|command|Add a sibling NODE",
     "mnuEdit|mnuEditLinks|menu|Links by keyboard",
     "mnuEditLinks|keyLinkTo|command|Link &to another Node",
     "mnuEditLinks|keyLinkFrom|command|Link &from another Node",

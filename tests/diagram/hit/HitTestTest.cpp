@@ -168,10 +168,58 @@ TEST(HitTest, ALinkIsHitBySegmentWithinTheTolerance) {
     EXPECT_EQ(hit.kind, HitKind::Link);
     EXPECT_EQ(hit.link, &link);
     EXPECT_EQ(hit.index, 1);
-    EXPECT_EQ(drawn.At(way[1].x + 80, 2500).kind, HitKind::Nothing);
+    EXPECT_EQ(drawn.At(way[1].x + 88, 2500).kind, HitKind::Link);
+    EXPECT_EQ(drawn.At(way[1].x + 95, 2500).kind, HitKind::Nothing);
     EXPECT_EQ(LinkAtPoint(drawn.scene, way[1].x, 2500), &link);
     EXPECT_EQ(LinkAtPoint(drawn.scene, way[1].x + 300, 2500), nullptr);
     EXPECT_EQ(LinkAtPoint(drawn.scene, way[1].x + 300, 2500, 400), &link);
+}
+
+TEST(HitTest, OfTwoLinksTheNearestIsHit) {
+    Drawn drawn;
+    Node &left = drawn.AddNode(0, 0), &right = drawn.AddNode(9000, 0);
+    const auto add = [&](float y) -> Link & {
+        Link &link = left.Links().Add(right);
+        link.SetAddPointsMode(true);
+        link.Points().Assign({{2000, y}, {9000, y}});
+        return link;
+    };
+    Link &lower = add(500), &upper = add(600);
+    EXPECT_EQ(drawn.At(5000, 530).link, &lower);
+    EXPECT_EQ(drawn.At(5000, 570).link, &upper);
+    EXPECT_EQ(LinkAtPoint(drawn.scene, 5000, 530), &lower);
+    EXPECT_EQ(LinkAtPoint(drawn.scene, 5000, 570), &upper);
+    upper.Points().Assign({{2000, 500}, {9000, 500}});
+    EXPECT_EQ(drawn.At(5000, 520).link, &upper) << "the topmost of those at the same distance";
+    lower.BringToFront();
+    EXPECT_EQ(drawn.At(5000, 520).link, &lower);
+}
+
+TEST(HitTest, BesideALineANodeBelowItIsHitAndOnItTheLink) {
+    Drawn drawn;
+    Node &node = drawn.AddNode(3000, 3000);
+    Link &link = drawn.AddNode(0, 3000).Links().Add(drawn.AddNode(8000, 3000));
+    link.SetAddPointsMode(true);
+    link.Points().Assign({{2000, 3500}, {8000, 3500}}); // across the node
+    EXPECT_EQ(drawn.At(4000, 3505).link, &link);
+    EXPECT_EQ(drawn.At(4000, 3540).node, &node);
+    EXPECT_EQ(drawn.At(2500, 3540).link, &link) << "beside the node";
+}
+
+TEST(HitTest, InsideOfANodeItsOwnLinksAreNotHit) {
+    Drawn drawn;
+    Node &node = drawn.AddNode(0, 0);
+    Link &link = node.Links().Add(drawn.AddNode(8000, 0));
+    EXPECT_EQ(drawn.At(1960, 500).node, &node);
+    EXPECT_EQ(drawn.At(2040, 500).link, &link);
+}
+
+TEST(HitTest, ALinkBetweenNodesOnAFrameIsHitWithinTheTolerance) {
+    Drawn drawn;
+    Node &frame = drawn.AddNode(0, 0, 12000, 6000);
+    Link &link = drawn.AddNode(1000, 1000).Links().Add(drawn.AddNode(8000, 1000));
+    EXPECT_EQ(drawn.At(5000, 1570).link, &link);
+    EXPECT_EQ(drawn.At(5000, 1620).node, &frame);
 }
 
 TEST(HitTest, ACurveIsHitOnItsLineAndNotBetweenItsPoints) {

@@ -1,4 +1,5 @@
 // While an end of a link is on its way, the line shown is the one that the link then gets.
+#include "diagram/interaction/DrawLink.h"
 #include "diagram/interaction/LinkByKeys.h"
 #include "diagram/interaction/MoveLinkEnd.h"
 
@@ -51,6 +52,53 @@ protected:
 };
 
 } // namespace
+
+TEST_F(LinkPreview, OfALinkByKeys_ShowsWhereItStartsAndWhereItEnds) {
+    AddNodes(7);
+    for (const LinkSide side : {LinkSide::Source, LinkSide::Destination}) {
+        SCOPED_TRACE(int(side));
+        const LinkByKeys gesture(scene, stage, LooseEnd(Nth(4), side), Nth(9));
+        Overlay overlay;
+        gesture.Show(overlay);
+        ASSERT_EQ(overlay.linkEnds.size(), 2U);
+        const LinkEndMark &fixed = overlay.linkEnds[0], &chosen = overlay.linkEnds[1];
+        EXPECT_EQ(fixed.isSource, side == LinkSide::Destination);
+        EXPECT_NE(chosen.isSource, fixed.isSource);
+        EXPECT_EQ(fixed.outline, scene.NodeOutline(Nth(4)));
+        EXPECT_EQ(chosen.outline, scene.NodeOutline(Nth(9)));
+        EXPECT_TRUE(chosen.lit);
+        EXPECT_FALSE(fixed.lit);
+        EXPECT_TRUE(fixed.named && chosen.named);
+        const QPointF from = overlay.line.elementAt(0), to = overlay.line.currentPosition();
+        EXPECT_EQ(chosen.joint, chosen.isSource ? from : to);
+        EXPECT_EQ(fixed.joint, fixed.isSource ? from : to);
+    }
+}
+
+TEST_F(LinkPreview, OfALoopByKeys_NamesBothEnds) {
+    AddNodes(7);
+    const LinkByKeys gesture(scene, stage, LooseEnd(Nth(4), LinkSide::Destination), Nth(4));
+    Overlay overlay;
+    gesture.Show(overlay);
+    ASSERT_EQ(overlay.linkEnds.size(), 2U);
+    EXPECT_TRUE(overlay.linkEnds[0].named && overlay.linkEnds[1].named);
+    EXPECT_NE(overlay.linkEnds[0].isSource, overlay.linkEnds[1].isSource);
+    EXPECT_TRUE(overlay.linkEnds[0].outline.isEmpty()) << "the node is lit once";
+}
+
+TEST_F(LinkPreview, OfADraggedLink_LightsTheNodeAndWhereItWouldJoin) {
+    AddNodes(7);
+    DrawLink gesture(scene, stage, Nth(4), 1, On(Nth(4)));
+    gesture.Move(On(Nth(9)));
+    Overlay overlay;
+    gesture.Show(overlay);
+    ASSERT_EQ(overlay.linkEnds.size(), 2U);
+    EXPECT_TRUE(overlay.linkEnds[0].outline.isEmpty());
+    EXPECT_EQ(overlay.linkEnds[0].joint, overlay.line.elementAt(0));
+    EXPECT_EQ(overlay.linkEnds[1].outline, scene.NodeOutline(Nth(9)));
+    EXPECT_EQ(overlay.linkEnds[1].joint, overlay.line.currentPosition());
+    EXPECT_TRUE(overlay.linkEnds[1].lit);
+}
 
 TEST_F(LinkPreview, OfAnEndThatIsMoved_IsTheWayThatTheLinkGets) {
     AddNodes(7);

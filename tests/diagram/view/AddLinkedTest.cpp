@@ -8,6 +8,16 @@ protected:
         a.SetSelected(true);
         Settle();
     }
+    Node &Child(Node &of, const char *key, int left, int top) {
+        Node &node = AddNode(key, left, top);
+        AddLink(of, node);
+        return node;
+    }
+    void Select(Node &node) {
+        surface.UnselectAll();
+        node.SetSelected(true);
+        Settle();
+    }
     Node &Last() const { return surface.Nodes().Item(surface.Nodes().Count()); }
     QRectF Pixels(const Node &node) const {
         return {node.Left() / 15, node.Top() / 15, node.Width() / 15, node.Height() / 15};
@@ -52,7 +62,7 @@ TEST_F(AddLinked, TakenPlace_IsPassedOver) {
     surface.UnselectAll();
     a.SetSelected(true);
     Key(Qt::Key_Insert);
-    EXPECT_EQ(Pixels(Last()), QRectF(350, 90, 100, 60));
+    EXPECT_EQ(Pixels(Last()), QRectF(350, 420, 100, 60)) << "behind the one that is there";
 }
 
 TEST_F(AddLinked, WhereTheSurfaceEnds_TheOtherSideIsTaken) {
@@ -100,6 +110,141 @@ TEST_F(AddLinked, WithoutASelectedNode_InsertAddsOneInTheMiddleOfWhatIsSeen) {
 TEST_F(AddLinked, InsertWithShift_IsNotMeant) {
     Key(Qt::Key_Insert, Qt::ShiftModifier);
     EXPECT_EQ(surface.Nodes().Count(), 1);
+}
+
+TEST_F(AddLinked, Text_IsEditedAtOnce) {
+    Key(Qt::Key_Insert);
+    ASSERT_TRUE(view->IsEditing());
+    Type("Idea");
+    Key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(Last().Text(), QStringLiteral("Idea"));
+    EXPECT_EQ(UndoSteps(), 2);
+}
+
+TEST_F(AddLinked, InsertWhileTyping_KeepsTheTextAndGoesOn) {
+    Key(Qt::Key_Insert);
+    Type("One");
+    Key(Qt::Key_Insert, Qt::AltModifier);
+    Type("Two");
+    Key(Qt::Key_Escape);
+    ASSERT_EQ(surface.Nodes().Count(), 3);
+    EXPECT_EQ(surface.Nodes().Item(2).Text(), QStringLiteral("One"));
+    EXPECT_EQ(Last().Text(), QString()) << "a node stays when its text is given up";
+    EXPECT_EQ(a.Links().Count(), 2) << "both are children of the same";
+    EXPECT_TRUE(view->hasFocus());
+}
+
+TEST_F(AddLinked, Child_GoesOnAsTheTreeGrows) {
+    Child(a, "b", 200, 400);
+    Key(Qt::Key_Right, Qt::ControlModifier); // where nothing is
+    Select(a);
+    Key(Qt::Key_Insert);
+    EXPECT_EQ(Pixels(Last()), QRectF(350, 400, 100, 60)) << "beside the child that is there";
+    Select(surface.Nodes().Item(2));
+    Key(Qt::Key_Insert);
+    EXPECT_EQ(Pixels(Last()), QRectF(200, 510, 100, 60)) << "on from the parent";
+}
+
+TEST_F(AddLinked, Child_OfATreeThatGrowsToTheLeftStandsThere) {
+    a.SetLeft(500 * 15);
+    Child(a, "b", 300, 200);
+    Select(a);
+    Key(Qt::Key_Insert);
+    EXPECT_EQ(Pixels(Last()), QRectF(300, 310, 100, 60));
+}
+
+TEST_F(AddLinked, Sibling_StandsBehindTheSelectedOneAndTheOthersGoAside) {
+    Node &b = Child(a, "b", 350, 200), &c = Child(a, "c", 350, 310), &d = Child(c, "d", 500, 310);
+    Select(b);
+    Key(Qt::Key_Insert, Qt::AltModifier);
+    EXPECT_EQ(Pixels(Last()), QRectF(350, 310, 100, 60));
+    EXPECT_EQ(Last().Links().Count(), 1);
+    EXPECT_EQ(&Last().Links().Item(1).Source(), &a);
+    EXPECT_EQ(Pixels(b), QRectF(350, 200, 100, 60));
+    EXPECT_EQ(Pixels(c), QRectF(350, 420, 100, 60));
+    EXPECT_EQ(Pixels(d), QRectF(500, 420, 100, 60)) << "with all that it leads to";
+    EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{&Last()});
+    EXPECT_EQ(events.Count("AfterMove"), 1);
+    EXPECT_EQ(events.Count("AfterSelect"), 1);
+    EXPECT_EQ(UndoSteps(), 1);
+    surface.Undo();
+    EXPECT_EQ(Pixels(c), QRectF(350, 310, 100, 60));
+    EXPECT_EQ(surface.Nodes().Count(), 4);
+}
+
+TEST_F(AddLinked, Sibling_WithRoomBehindItMovesNobody) {
+    Node &b = Child(a, "b", 350, 200), &c = Child(a, "c", 350, 500);
+    Select(b);
+    Key(Qt::Key_Insert, Qt::AltModifier);
+    EXPECT_EQ(Pixels(Last()), QRectF(350, 310, 100, 60));
+    EXPECT_EQ(Pixels(c), QRectF(350, 500, 100, 60));
+    EXPECT_EQ(events.Count("AfterMove"), 0);
+}
+
+TEST_F(AddLinked, Child_LetsWhatBelongsToTheParentsSiblingsGoAside) {
+    Node &b = Child(a, "b", 350, 200), &c = Child(a, "c", 350, 310);
+    Child(b, "b1", 500, 200);
+    Node &c1 = Child(c, "c1", 500, 310);
+    Select(b);
+    Key(Qt::Key_Insert);
+    EXPECT_EQ(Pixels(Last()), QRectF(500, 310, 100, 60));
+    EXPECT_EQ(Pixels(c), QRectF(350, 420, 100, 60));
+    EXPECT_EQ(Pixels(c1), QRectF(500, 420, 100, 60));
+}
+
+TEST_F(AddLinked, Sibling_GoesRoundWhatIsNoneOfTheFamily) {
+    Node &b = Child(a, "b", 350, 200), &stranger = AddNode("x", 360, 320);
+    Select(b);
+    Key(Qt::Key_Insert, Qt::AltModifier);
+    EXPECT_EQ(Pixels(stranger), QRectF(360, 320, 100, 60));
+    EXPECT_EQ(Pixels(Last()), QRectF(350, 420, 100, 60));
+}
+
+TEST_F(AddLinked, SiblingsThatWouldMeetAStranger_StayWhereTheyAre) {
+    Node &b = Child(a, "b", 350, 200), &c = Child(a, "c", 350, 310);
+    AddNode("x", 360, 440);
+    Select(b);
+    Key(Qt::Key_Insert, Qt::AltModifier);
+    EXPECT_EQ(Pixels(c), QRectF(350, 310, 100, 60));
+    EXPECT_EQ(Pixels(Last()), QRectF(350, 530, 100, 60)) << "the nearest free place";
+}
+
+TEST_F(AddLinked, Sibling_WithoutAParentHasNoLink) {
+    Key(Qt::Key_Insert, Qt::AltModifier);
+    EXPECT_EQ(Pixels(Last()), QRectF(200, 310, 100, 60));
+    EXPECT_TRUE(surface.Links().empty());
+    EXPECT_TRUE(view->IsEditing());
+}
+
+TEST_F(AddLinked, Link_HasTheStyleOfItsSiblings) {
+    Child(a, "b", 350, 200);
+    a.Links().Item(1).SetStyle(5);
+    Select(a);
+    Key(Qt::Key_Insert);
+    EXPECT_EQ(Last().Links().Item(1).Style(), 5);
+}
+
+TEST_F(AddLinked, LinksInACircle_EndTheSearch) {
+    Node &b = Child(a, "b", 350, 200);
+    AddLink(b, a);
+    AddLink(b, b);
+    for (const Qt::KeyboardModifiers modifiers :
+         {Qt::KeyboardModifiers(), Qt::KeyboardModifiers(Qt::AltModifier)}) {
+        Select(b);
+        const int before = surface.Nodes().Count();
+        Key(Qt::Key_Insert, modifiers);
+        EXPECT_EQ(surface.Nodes().Count(), before + 1);
+    }
+    EXPECT_EQ(events.Count("Error"), 0);
+}
+
+TEST_F(AddLinked, WhatCantBeSelected_IsNoKin) {
+    Node &month = Child(a, "month", 200, 400);
+    month.SetSelectable(false);
+    Select(a);
+    Key(Qt::Key_Insert);
+    EXPECT_EQ(Pixels(Last()), QRectF(350, 200, 100, 60)) << "not where the strip is";
+    EXPECT_EQ(Pixels(month), QRectF(200, 400, 100, 60));
 }
 
 } // namespace diagram::testing

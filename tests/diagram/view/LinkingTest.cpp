@@ -29,6 +29,7 @@ TEST_F(Linking, DragFromBesideANodeToAnother_AddsALink) {
 TEST_F(Linking, DropOnEmptySurface_GivesNothingAndSaysWhy) {
     QSignalSpy hints(view.get(), &SurfaceView::HintShown);
     Drag(LinkStart(a), QPoint(600, 500));
+    Key(Qt::Key_Escape); // to the node that is offered
     EXPECT_TRUE(surface.Links().empty());
     EXPECT_FALSE(surface.CanUndo());
     ASSERT_FALSE(hints.isEmpty());

@@ -39,6 +39,20 @@ TEST_F(Pointers, OverWhatIsNotSelected) {
     EXPECT_EQ(Over(Third(0)), Qt::PointingHandCursor);
 }
 
+TEST_F(Pointers, OverALine_CountsWithinSixPixelsAtEachZoom) {
+    surface.Remove(link);
+    Link &level = straight;
+    for (const double zoom : {50.0, 100.0, 200.0}) {
+        view->ZoomAt(zoom, QPointF(0, 0));
+        Settle();
+        const QPoint on = At((ToQPointF(level.Way()[0]) * 2 + ToQPointF(level.Way()[1])) / 3);
+        for (const int side : {-1, 1}) {
+            EXPECT_EQ(Over(on + QPoint(0, side * 5)), Qt::PointingHandCursor) << zoom;
+            EXPECT_EQ(Over(on + QPoint(0, side * 8)), Qt::ArrowCursor) << zoom;
+        }
+    }
+}
+
 TEST_F(Pointers, OverTheHandlesOfASelectedNode) {
     a.SetSelected(true);
     Settle();

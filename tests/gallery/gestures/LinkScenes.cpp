@@ -28,7 +28,31 @@ void DrawNowhere(Film &film) {
     Node &a = film.Add(60, 60, 120, 70, "Market");
     film.Hand().DragAndHold(film.LinkStart(a, 1), film.At(330, 220));
     film.Shoot("over empty surface");
-    Finish(film, "nothing came of it");
+    Finish(film, "a node is offered");
+    film.Hand().Key(Qt::Key_Return);
+    film.Shoot("Enter");
+    film.Hand().Type("Price");
+    film.Shoot("typed");
+}
+
+void KeepsToItsSide(Film &film) {
+    Node &a = film.Add(60, 60, 120, 70, "Market");
+    Node &b = film.Add(260, 260, 130, 80, "Product");
+    film.Hand().DragAndHold(film.LinkStart(a, 1), film.Body(b));
+    film.Shoot("pulled from the right");
+    Finish(film, "it leaves there");
+}
+
+void DoubleClicks(Film &film) {
+    film.Hand().DoubleClick(film.At(200, 150));
+    film.Shoot("on the empty page");
+    film.Hand().Type("Market");
+    film.Hand().Key(Qt::Key_Insert);
+    film.Hand().Type("Product");
+    film.Hand().Key(Qt::Key_Insert, Qt::AltModifier);
+    film.Hand().Type("Price");
+    film.Hand().Key(Qt::Key_Return, Qt::ControlModifier);
+    film.Shoot("Ins and Alt+Ins while typing");
 }
 
 void Loop(Film &film) {
@@ -183,6 +207,8 @@ constexpr Scene kScenes[] = {
     {"29-orthogonal-end", OrthogonalEnd, false},
     {"30-curved-end", CurvedEnd, false},
     {"31-second-link", SecondLink, false},
+    {"32-link-side", KeepsToItsSide, true},
+    {"33-double-click", DoubleClicks, true},
 };
 
 } // namespace

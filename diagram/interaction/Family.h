@@ -1,0 +1,28 @@
+// The tree in which a node stands by its links: parents lead to their children. Only what is seen and can be
+// selected counts, so that the strip of days is no part of it.
+#pragma once
+
+#include <optional>
+#include <QPointF>
+#include <vector>
+
+namespace diagram {
+
+class Link;
+class Node;
+
+// The first link that leads to the node from another one; null for none.
+Link *LinkFromParent(const Node &node);
+Node *ParentOf(const Node &node);
+// The links to other nodes, to each of them once, in the order in which they were added.
+std::vector<Link *> LinksToChildren(const Node &node);
+// The node with all that it leads to, each once, without what `taken` holds, which gets them too. Any links
+// end the walk that lead back.
+std::vector<Node *> SubtreeOf(Node &node, std::vector<const Node *> &taken);
+
+// Where `to` lies as seen from `from`: a unit vector along the axis on which the wider gap is between them.
+QPointF DirectionTo(const Node &from, const Node &to);
+// Where the tree grows at the node: to most of its children, or on from its parent; none without either.
+std::optional<QPointF> GrowthAt(const Node &node);
+
+} // namespace diagram
