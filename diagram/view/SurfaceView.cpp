@@ -61,6 +61,7 @@ QPointF SurfaceView::FromSurface(const QPointF &twips) const { return impl_->vie
 void SurfaceView::EnsureVisible(const QRectF &area) { impl_->viewport.EnsureVisible(area); }
 
 bool SurfaceView::Copy() {
+    impl_->keys->EndRun();
     const Surface &surface = Model();
     const bool links = !surface.SelectedLinks().empty();
     if (surface.SelectedNodes().empty()) {

@@ -95,7 +95,7 @@ TEST_F(GrowingPages, ArrowKeysInTheWindowAreOneStep) {
     EXPECT_FALSE(Surface().CanUndo());
 }
 
-TEST_F(GrowingPages, ASaveBetweenArrowKeysStartsAnotherStep) {
+TEST_F(GrowingPages, ACommandBetweenArrowKeysStartsAnotherStep) {
     Surface().UnselectAll();
     node.SetSelected(true);
     window.CurrentView().setFocus();
