@@ -18,7 +18,7 @@ constexpr HintRow kRows[] = {
     {diagram::Hint::NothingToPaste, "The clipboard holds nothing that can be pasted here."},
     {diagram::Hint::TooManyLines, "The text has too many lines to become a @NODE each."},
     {diagram::Hint::CantPaste, "What the clipboard holds can't be read, so nothing was pasted."},
-    {diagram::Hint::DragDrawsLink, "Drag to another @NODE to link it."},
+    {diagram::Hint::DragDrawsLink, "Drag to another @NODE to link it, or to an empty place for a new one."},
     {diagram::Hint::DragResizes, "Drag to resize. Shift keeps the proportions, Alt turns snapping off."},
     {diagram::Hint::DragMovesBend, "Drag to move the bend. A double click takes it away."},
     {diagram::Hint::DragMakesBend, "Drag to bend the @LINK."},
