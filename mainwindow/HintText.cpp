@@ -27,7 +27,7 @@ constexpr HintRow kRows[] = {
      "Drag to move the @NODE, with Ctrl to copy it. Click and type to write in it."},
     {diagram::Hint::DragBendsLink, "Drag to bend the @LINK, click to select it."},
     {diagram::Hint::ClickSelectsLink, "Click to select the @LINK, and type to write at it."},
-    {diagram::Hint::DragDrawsLink, "Drag to another @NODE to link it."},
+    {diagram::Hint::DragDrawsLink, "Drag to another @NODE to link it, or to an empty place for a new one."},
     {diagram::Hint::DragResizes, "Drag to resize. Shift keeps the proportions, Alt turns snapping off."},
     {diagram::Hint::DragMovesBend, "Drag to move the bend. A double click takes it away."},
     {diagram::Hint::DragMakesBend, "Drag to bend the @LINK."},

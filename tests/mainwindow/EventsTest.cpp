@@ -3,6 +3,7 @@
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 
+#include <QApplication>
 #include <QTest>
 
 namespace mainwindow::testing {
@@ -173,16 +174,78 @@ TEST_F(Events, ALinkDroppedBesideTheNodesSaysWhyInTheProductsWords) {
     frmMain &window = NewWindow();
     const diagram::Node &node = AddNode(window, 300, 300);
     DragFromBeside(window, node, {6000, 4500});
+    EXPECT_EQ(Status(window), QStringLiteral("Enter makes the new Node, Escape leaves it."));
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    ProcessEvents();
     EXPECT_EQ(Status(window), QStringLiteral("A Link starts and ends at a Node."));
     Click(window, {4500, 6000});
     EXPECT_EQ(Status(window), QStringLiteral("Drag to draw a Node. Shift and a drag selects."));
     EXPECT_FALSE(window.clsSettings().Dirty);
 }
 
+TEST_F(Events, ANodeOfferedAtALinkBelongsWhereTheOtherOneDoes) {
+    frmMain &window = NewWindow();
+    diagram::Node &node = AddNode(window, 300, 300);
+    const QString level = window.clsSettings().Levels().Item(1).Key; // not ticked
+    const QString group = window.clsSettings().Groups().Item(1).Key;
+    document::SetTag(node, document::tags::kLevel, level);
+    document::SetTag(node, document::tags::kGroup, group);
+    document::SetTag(node, document::tags::kHyper, QStringLiteral("Yes"));
+    node.SetFillColor(support::Rgb(10, 20, 30));
+    window.clsSettings().Dirty = false;
+    DragFromBeside(window, node, {6000, 4500});
+    EXPECT_FALSE(window.clsSettings().Dirty);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+    ProcessEvents();
+    ASSERT_EQ(window.CurrentSurface().Nodes().Count(), 2);
+    const diagram::Node &made = window.CurrentSurface().Nodes().Item(2);
+    EXPECT_EQ(document::GetTag(made, document::tags::kLevel), level);
+    EXPECT_EQ(document::GetTag(made, document::tags::kGroup), group);
+    EXPECT_EQ(document::GetTag(made, document::tags::kHyper), QString());
+    EXPECT_EQ(made.FillColor(), support::Rgb(10, 20, 30));
+    EXPECT_TRUE(window.clsSettings().Dirty);
+    window.CurrentView().EndEdit(false);
+    window.CurrentSurface().Undo();
+    EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 1);
+    EXPECT_TRUE(window.CurrentSurface().Links().empty());
+}
+
+TEST_F(Events, ADoubleClickEditsATextAndIsUnsavedOnlyOnceThatChanges) {
+    frmMain &window = NewWindow();
+    diagram::Node &node = AddNode(window, 300, 300);
+    window.clsSettings().Dirty = false;
+    const QPointF on = node.Bounds().topLeft() + QPointF(node.Width() / 2, 150);
+    DoubleClick(window, on);
+    ASSERT_TRUE(window.CurrentView().IsEditing());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_FALSE(window.clsSettings().Dirty);
+    DoubleClick(window, on);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Idea"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(node.Text(), QStringLiteral("Idea"));
+    EXPECT_TRUE(window.clsSettings().Dirty);
+}
+
+TEST_F(Events, ADoubleClickOnTheEmptyPageMakesANodeOfTheFirstLevelTicked) {
+    frmMain &window = NewWindow();
+    DoubleClick(window, {6000, 4500});
+    ASSERT_EQ(window.CurrentSurface().Nodes().Count(), 1);
+    const diagram::Node &node = window.CurrentSurface().Nodes().Item(1);
+    EXPECT_EQ(node.Bounds().center(), QPointF(6000, 4500));
+    const document::cLevel *first = window.clsSettings().Levels().FirstSelectedLevel();
+    ASSERT_TRUE(first);
+    EXPECT_EQ(document::GetTag(node, document::tags::kLevel), first->Key);
+    EXPECT_EQ(node.FillColor(), first->Color);
+    EXPECT_TRUE(window.CurrentView().IsEditing());
+    EXPECT_TRUE(window.clsSettings().Dirty);
+}
+
 TEST_F(Events, AHintLeavesWhatARoutineSaidInTheMeantime) {
     frmMain &window = NewWindow();
     const diagram::Node &node = AddNode(window, 300, 300);
     DragFromBeside(window, node, {6000, 4500});
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    ProcessEvents();
     ASSERT_EQ(Status(window), QStringLiteral("A Link starts and ends at a Node."));
     window.DoStatus(QStringLiteral("Loading"));
     Press(window, QStringLiteral("Tab"));
