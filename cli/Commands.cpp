@@ -80,7 +80,8 @@ void ShowHelp(QTextStream &out) {
     for (const Command &command : kCommands) out << "  " << command.usage << "\n";
     out << "  --help, --version\n\n"
            "  Each command that writes what a map shows takes --filter-levels A,B and --filter-groups C,D:\n"
-           "  nodes of other levels and groups are left out.\n";
+           "  nodes of other levels and groups are left out. --view NAME takes the levels and groups of a "
+           "view\n  that was kept in the map.\n";
 }
 
 void ShowError(QTextStream &err, const QString &text) {
@@ -159,7 +160,8 @@ std::optional<QStringList> TakeNames(QStringList &arguments, const QString &opti
 
 output::FilterChoice TakeFilter(QStringList &arguments) {
     return {TakeNames(arguments, QStringLiteral("--filter-levels")),
-            TakeNames(arguments, QStringLiteral("--filter-groups"))};
+            TakeNames(arguments, QStringLiteral("--filter-groups")),
+            TakeOption(arguments, QStringLiteral("--view"))};
 }
 
 bool TakeSwitch(QStringList &arguments, const QString &option) { return arguments.removeAll(option) > 0; }

@@ -38,7 +38,7 @@ int AllSlices(const QString &map, const QString &folder, const QString &format,
               const diagram::ExportOptions &options, const output::FilterChoice &filter, QTextStream &out) {
     Session session;
     document::MemoryWindow &window = session.Open(map);
-    output::ShowOnly(window, filter);
+    ShowOnly(window, filter, out);
     if (!QDir().mkpath(folder))
         throw support::Error(support::kErrPathFileAccess, QStringLiteral("velmora-cli"),
                              QStringLiteral("Path/File access error: %1").arg(folder));
@@ -54,10 +54,10 @@ int AllSlices(const QString &map, const QString &folder, const QString &format,
 }
 
 int OneSlice(const QString &map, int number, const QString &path, const diagram::ExportOptions &options,
-             const output::FilterChoice &filter) {
+             const output::FilterChoice &filter, QTextStream &out) {
     Session session;
     document::MemoryWindow &window = session.Open(map);
-    output::ShowOnly(window, filter);
+    ShowOnly(window, filter, out);
     diagram::ExportPictureFile(SliceOf(window, number), path, options);
     return kGood;
 }
@@ -77,7 +77,7 @@ int Picture(QStringList arguments, QTextStream &out) {
     const int number = TakeSlice(arguments);
     ExpectFiles(arguments, 2);
     diagram::CheckPictureEnding(arguments[1]);
-    return OneSlice(arguments[0], number, arguments[1], options, filter);
+    return OneSlice(arguments[0], number, arguments[1], options, filter, out);
 }
 
 } // namespace cli

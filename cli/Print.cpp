@@ -54,7 +54,7 @@ int Print(QStringList arguments, QTextStream &out) {
     Session session;
     document::MemoryWindow &window = session.Open(arguments[0]);
     ExpectSlice(window, order);
-    output::ShowOnly(window, order.filter);
+    ShowOnly(window, order.filter, out);
     support::Printers &printers = window.Desktop().printers;
     printers.System().outputFile = QFileInfo(order.to).absoluteFilePath();
     printers.System().replaceFile = true;

@@ -36,7 +36,7 @@ powerpoint::PowerpointOptions SlideOptions(QStringList &arguments) {
 
 } // namespace
 
-int Slides(QStringList arguments, QTextStream &) {
+int Slides(QStringList arguments, QTextStream &out) {
     const powerpoint::PowerpointOptions options = SlideOptions(arguments);
     const int number = SliceNumber(arguments);
     const output::FilterChoice filter = TakeFilter(arguments);
@@ -46,7 +46,7 @@ int Slides(QStringList arguments, QTextStream &) {
     powerpoint::CheckEnding(arguments[1]);
     Session session;
     document::MemoryWindow &window = session.Open(arguments[0]);
-    output::ShowOnly(window, filter);
+    ShowOnly(window, filter, out);
     output::MapOutput map = output::ReadMap(window);
     ChooseSlice(map, number);
     powerpoint::WritePowerpoint(arguments[1], map, options);
