@@ -32,9 +32,11 @@ constexpr Command kCommands[] = {
      "import FILE.csv MAP [--slice N|--new]\n"
      "      adds what a text file of columns holds to a slice of the map, or to a new one"},
     {"picture", Picture, true,
-     "picture FILE [--slice N] [--pixels N] OUT.png|OUT.svg|OUT.pdf|OUT.wmf|OUT.emf\n"
-     "  picture FILE --all FOLDER [--format png|svg|pdf|wmf|emf] [--pixels N]\n"
-     "      a picture of a slice, counted from 1, or of every slice; --pixels is the longest side of a PNG"},
+     "picture FILE [--slice N] [SIZE] OUT.png|OUT.svg|OUT.pdf|OUT.wmf|OUT.emf\n"
+     "  picture FILE --all FOLDER [--format png|svg|pdf|wmf|emf] [SIZE]\n"
+     "      a picture of a slice, counted from 1, or of every slice. SIZE is --scale PERCENT, or for a PNG\n"
+     "      --pixels N, its longest side; --dpi N is a PNG's resolution, --background shown|white|"
+     "transparent\n      what lies behind the drawing. Metafiles are not scaled"},
     {"report", Report, true,
      "report --rtf|--html FILE OUT [--slice N|--all] [--nodes [--details]] [--map]\n"
      "      a report of a slice, counted from 1, or of all: the texts of its nodes, what else there is of "

@@ -22,6 +22,28 @@ QString FormatOption(QStringList &arguments) {
     return format;
 }
 
+diagram::PictureBackground BackgroundOption(QStringList &arguments) {
+    // In the order of PictureBackground.
+    static const QStringList known{QStringLiteral("shown"), QStringLiteral("white"),
+                                   QStringLiteral("transparent")};
+    const QString name = TakeOption(arguments, QStringLiteral("--background"));
+    if (name.isEmpty()) return diagram::PictureBackground::AsShown;
+    if (!known.contains(name))
+        throw UsageError(
+            QStringLiteral("--background needs one of %1").arg(known.join(QStringLiteral(", "))));
+    return diagram::PictureBackground(known.indexOf(name));
+}
+
+diagram::ExportOptions PictureOptions(QStringList &arguments) {
+    constexpr int kMostPercent = 10000, kMostDots = 2400, kUsualDots = 96;
+    diagram::ExportOptions options;
+    options.pixels = NumberOption(arguments, QStringLiteral("--pixels"), 1, kMostPixels, 0);
+    options.scale = NumberOption(arguments, QStringLiteral("--scale"), 1, kMostPercent, 100) / 100.0;
+    options.dotsPerInch = NumberOption(arguments, QStringLiteral("--dpi"), 1, kMostDots, kUsualDots);
+    options.background = BackgroundOption(arguments);
+    return options;
+}
+
 // "03-Caption.png", with what a file name may not hold replaced.
 QString FileNameFor(int number, const QString &caption, const QString &format) {
     constexpr int kLongestName = 60;
@@ -65,8 +87,7 @@ int OneSlice(const QString &map, int number, const QString &path, const diagram:
 } // namespace
 
 int Picture(QStringList arguments, QTextStream &out) {
-    diagram::ExportOptions options;
-    options.pixels = NumberOption(arguments, QStringLiteral("--pixels"), 1, kMostPixels, 0);
+    const diagram::ExportOptions options = PictureOptions(arguments);
     const output::FilterChoice filter = TakeFilter(arguments);
     const QString folder = TakeOption(arguments, QStringLiteral("--all"));
     if (!folder.isEmpty()) {

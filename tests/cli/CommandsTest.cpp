@@ -112,6 +112,26 @@ TEST_F(CommandsTest, CsvLeavesOutWhatItsFilterHides) {
     EXPECT_TRUE(err.contains(QStringLiteral("'nobody'")));
 }
 
+TEST_F(CommandsTest, PicturesHaveTheScaleResolutionAndBackgroundAskedFor) {
+    const QString map = Map("plan.map");
+    const auto picture = [&](const QStringList &options) {
+        EXPECT_EQ(Run(QStringList{"picture", map, Path("a.png")} + options), cli::kGood) << err.toStdString();
+        return QImage(Path("a.png"));
+    };
+    const QImage usual = picture({}), half = picture({"--scale", "50"}),
+                 fine = picture({"--dpi", "192", "--background", "transparent"});
+    EXPECT_NEAR(half.width(), usual.width() / 2.0, 1);
+    EXPECT_NEAR(fine.height(), usual.height() * 2.0, 2);
+    EXPECT_NEAR(fine.dotsPerMeterX() * 0.0254, 192, 0.02);
+    EXPECT_EQ(fine.pixelColor(0, 0).alpha(), 0);
+    EXPECT_FALSE(usual.hasAlphaChannel());
+    EXPECT_EQ(picture({"--background", "white", "--pixels", "300"}).pixelColor(0, 0), QColor(Qt::white));
+    EXPECT_EQ(Run({"picture", map, "--all", Path("all"), "--scale", "20"}), cli::kGood);
+    for (const QStringList &wrong : {QStringList{"--scale", "0"}, {"--dpi", "x"}, {"--background", "red"}})
+        EXPECT_EQ(Run(QStringList{"picture", map, Path("a.png")} + wrong), cli::kUsage);
+    EXPECT_TRUE(err.contains(QStringLiteral("shown, white, transparent")));
+}
+
 TEST_F(CommandsTest, EveryOutputTakesANamedView) {
     const QString map = Map("plan.map");
     ASSERT_EQ(Run({"csv", map, Path("some.csv"), "--filter-groups", "Finance"}), cli::kGood);
