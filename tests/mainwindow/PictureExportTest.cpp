@@ -1,4 +1,6 @@
 // Pictures as files: which format, the form, what is remembered.
+#include "diagram/view/SurfaceView.h"
+#include "mainwindow/cStatusBar.h"
 #include "mainwindow/frmPicture.h"
 #include "mainwindow/PictureChoice.h"
 #include "support/AtomicFile.h"
@@ -14,6 +16,7 @@
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QTest>
+#include <QTimer>
 
 namespace mainwindow::testing {
 
@@ -108,6 +111,24 @@ TEST_F(PictureExport, ShowsOnlyWhatTheFilterLeaves) {
     const QByteArray svg = Export(QStringLiteral("a.svg"), 3);
     EXPECT_TRUE(svg.contains("Goal"));
     EXPECT_FALSE(svg.contains("Secret"));
+}
+
+// So many texts take far longer than half a second.
+TEST_F(PictureExport, EscapeGivesALongOneUpAndNoFileIsWritten) {
+    for (int i = 0; i < 30000; ++i)
+        AddNode(window, float(i % 200) * 2000, float(i / 200) * 1200,
+                QStringLiteral("A text, the %1th").arg(i));
+    auto *bar = window.findChild<cStatusBar *>(QStringLiteral("staMain"));
+    QTimer escape;
+    QObject::connect(&escape, &QTimer::timeout, [&] {
+        if (bar->Doing().contains(QStringLiteral("Escape")))
+            QTest::keyClick(&window.CurrentView(), Qt::Key_Escape);
+    });
+    escape.start(1);
+    ExpectForm(PictureFormat::Pdf);
+    EXPECT_TRUE(Export(QStringLiteral("a.pdf"), 4).isEmpty());
+    EXPECT_EQ(bar->Doing(), QStringLiteral("Exporting the picture was given up."));
+    EXPECT_FALSE(QFile::exists(MapFile(QStringLiteral("a.pdf"))));
 }
 
 TEST_F(PictureExport, AFolderThatIsGoneIsToldAndLeavesNothing) {
