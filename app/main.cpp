@@ -13,6 +13,7 @@
 #include "mainwindow/frmLayers.h"
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/frmPicture.h"
 #include "mainwindow/Icons.h"
 #include "output/export/form/frmExport.h"
 #include "output/powerpoint/form/frmPowerPoint.h"
@@ -71,6 +72,7 @@ void AddForms(support::RealDesktop &desktop) {
     AddForm<templates::frmSaveAsTemplate, templates::SaveAsTemplateArgument>(forms);
     AddForm<powerpoint::frmPowerPoint, powerpoint::PowerPointArgument>(forms);
     AddForm<mainwindow::frmLayout, mainwindow::LayoutFormArgument>(forms);
+    AddForm<mainwindow::frmPicture, mainwindow::PictureFormArgument>(forms);
     AddForm<output::frmExport, output::clsExport>(forms);
     AddForm<print::frmPageSetup, print::PageSetupArgument>(forms);
     forms.Add<print::PrintPreviewArgument>([](print::PrintPreviewArgument &argument, support::Owner) {

@@ -32,9 +32,11 @@ constexpr Command kCommands[] = {
      "import FILE.csv MAP [--slice N|--new]\n"
      "      adds what a text file of columns holds to a slice of the map, or to a new one"},
     {"picture", Picture, true,
-     "picture FILE [--slice N] [--pixels N] OUT.png|OUT.svg|OUT.pdf|OUT.wmf|OUT.emf\n"
-     "  picture FILE --all FOLDER [--format png|svg|pdf|wmf|emf] [--pixels N]\n"
-     "      a picture of a slice, counted from 1, or of every slice; --pixels is the longest side of a PNG"},
+     "picture FILE [--slice N] [SIZE] OUT.png|OUT.svg|OUT.pdf|OUT.wmf|OUT.emf\n"
+     "  picture FILE --all FOLDER [--format png|svg|pdf|wmf|emf] [SIZE]\n"
+     "      a picture of a slice, counted from 1, or of every slice. SIZE is --scale PERCENT, or for a PNG\n"
+     "      --pixels N, its longest side; --dpi N is a PNG's resolution, --background shown|white|"
+     "transparent\n      what lies behind the drawing. Metafiles are not scaled"},
     {"report", Report, true,
      "report --rtf|--html FILE OUT [--slice N|--all] [--nodes [--details]] [--map]\n"
      "      a report of a slice, counted from 1, or of all: the texts of its nodes, what else there is of "
@@ -80,7 +82,8 @@ void ShowHelp(QTextStream &out) {
     for (const Command &command : kCommands) out << "  " << command.usage << "\n";
     out << "  --help, --version\n\n"
            "  Each command that writes what a map shows takes --filter-levels A,B and --filter-groups C,D:\n"
-           "  nodes of other levels and groups are left out.\n";
+           "  nodes of other levels and groups are left out. --view NAME takes the levels and groups of a "
+           "view\n  that was kept in the map.\n";
 }
 
 void ShowError(QTextStream &err, const QString &text) {
@@ -159,7 +162,8 @@ std::optional<QStringList> TakeNames(QStringList &arguments, const QString &opti
 
 output::FilterChoice TakeFilter(QStringList &arguments) {
     return {TakeNames(arguments, QStringLiteral("--filter-levels")),
-            TakeNames(arguments, QStringLiteral("--filter-groups"))};
+            TakeNames(arguments, QStringLiteral("--filter-groups")),
+            TakeOption(arguments, QStringLiteral("--view"))};
 }
 
 bool TakeSwitch(QStringList &arguments, const QString &option) { return arguments.removeAll(option) > 0; }

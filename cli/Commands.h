@@ -40,7 +40,8 @@ int NumberOption(QStringList &arguments, const QString &option, int lowest, int 
 int TakeSlice(QStringList &arguments);
 // Takes the switch out of the arguments and tells whether it was there.
 bool TakeSwitch(QStringList &arguments, const QString &option);
-// Takes --filter-levels A,B and --filter-groups C out of the arguments; an empty list ticks nothing.
+// Takes --filter-levels A,B, --filter-groups C and --view NAME out of the arguments; an empty list ticks
+// nothing.
 output::FilterChoice TakeFilter(QStringList &arguments);
 // UsageError unless exactly `count` arguments are left, none of which is empty or looks like an option.
 void ExpectFiles(const QStringList &arguments, int count);

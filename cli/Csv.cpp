@@ -16,10 +16,10 @@ namespace {
 
 // The keys of the nodes that the filter hides.
 QSet<QString> HiddenBy(document::MemoryWindow &window, diagram::Surface &slice,
-                       const output::FilterChoice &filter) {
+                       const output::FilterChoice &filter, QTextStream &out) {
     if (!filter.IsGiven()) return {};
     for (diagram::Node &node : slice.Nodes()) node.SetHidden(false);
-    output::ShowOnly(window, filter);
+    ShowOnly(window, filter, out);
     QSet<QString> hidden;
     for (const diagram::Node &node : slice.Nodes())
         if (node.Hidden()) hidden.insert(node.Key());
@@ -54,7 +54,7 @@ int Csv(QStringList arguments, QTextStream &out) {
     Session session;
     document::MemoryWindow &window = session.Open(arguments[0]);
     diagram::Surface &slice = SliceOf(window, number);
-    output::ExportMap(window, slice, arguments[1], HiddenBy(window, slice, filter));
+    output::ExportMap(window, slice, arguments[1], HiddenBy(window, slice, filter, out));
     out << output::NotInTextFiles() << "\n";
     return kGood;
 }

@@ -90,6 +90,13 @@ void AddPools(document::clsfrmMain &settings, QJsonObject &map) {
     for (const document::cAttachment &attachment : settings.Attachments())
         attachments.append(QJsonObject{
             {"node", attachment.Node}, {"file", attachment.Filename}, {"embedded", attachment.Embed}});
+    QJsonArray views;
+    for (const document::FilterView &view : settings.Views)
+        views.append(
+            QJsonObject{{"name", view.Name},
+                        {"levels", QJsonArray::fromStringList(document::LevelNames(settings, view))},
+                        {"groups", QJsonArray::fromStringList(document::GroupNames(settings, view))}});
+    map["views"] = views;
     map["levels"] = levels;
     map["groups"] = groups;
     map["hyperlinks"] = hyperlinks;
@@ -135,6 +142,8 @@ void ShowText(const QJsonObject &map, QTextStream &out) {
         out << "font " << FontText(font.toObject()) << ": " << font.toObject()["uses"].toInt() << " uses\n";
     out << "levels: " << NamesOf(map["levels"].toArray()) << "\n";
     out << "groups: " << NamesOf(map["groups"].toArray()) << "\n";
+    if (const QJsonArray views = map["views"].toArray(); !views.isEmpty())
+        out << "views: " << NamesOf(views) << "\n";
     out << "hyperlinks: " << map["hyperlinks"].toArray().size() << "\n";
     out << "attachments: " << map["attachments"].toArray().size() << "\n";
 }

@@ -22,6 +22,28 @@ QString FormatOption(QStringList &arguments) {
     return format;
 }
 
+diagram::PictureBackground BackgroundOption(QStringList &arguments) {
+    // In the order of PictureBackground.
+    static const QStringList known{QStringLiteral("shown"), QStringLiteral("white"),
+                                   QStringLiteral("transparent")};
+    const QString name = TakeOption(arguments, QStringLiteral("--background"));
+    if (name.isEmpty()) return diagram::PictureBackground::AsShown;
+    if (!known.contains(name))
+        throw UsageError(
+            QStringLiteral("--background needs one of %1").arg(known.join(QStringLiteral(", "))));
+    return diagram::PictureBackground(known.indexOf(name));
+}
+
+diagram::ExportOptions PictureOptions(QStringList &arguments) {
+    constexpr int kMostPercent = 10000, kMostDots = 2400, kUsualDots = 96;
+    diagram::ExportOptions options;
+    options.pixels = NumberOption(arguments, QStringLiteral("--pixels"), 1, kMostPixels, 0);
+    options.scale = NumberOption(arguments, QStringLiteral("--scale"), 1, kMostPercent, 100) / 100.0;
+    options.dotsPerInch = NumberOption(arguments, QStringLiteral("--dpi"), 1, kMostDots, kUsualDots);
+    options.background = BackgroundOption(arguments);
+    return options;
+}
+
 // "03-Caption.png", with what a file name may not hold replaced.
 QString FileNameFor(int number, const QString &caption, const QString &format) {
     constexpr int kLongestName = 60;
@@ -38,7 +60,7 @@ int AllSlices(const QString &map, const QString &folder, const QString &format,
               const diagram::ExportOptions &options, const output::FilterChoice &filter, QTextStream &out) {
     Session session;
     document::MemoryWindow &window = session.Open(map);
-    output::ShowOnly(window, filter);
+    ShowOnly(window, filter, out);
     if (!QDir().mkpath(folder))
         throw support::Error(support::kErrPathFileAccess, QStringLiteral("velmora-cli"),
                              QStringLiteral("Path/File access error: %1").arg(folder));
@@ -54,10 +76,10 @@ int AllSlices(const QString &map, const QString &folder, const QString &format,
 }
 
 int OneSlice(const QString &map, int number, const QString &path, const diagram::ExportOptions &options,
-             const output::FilterChoice &filter) {
+             const output::FilterChoice &filter, QTextStream &out) {
     Session session;
     document::MemoryWindow &window = session.Open(map);
-    output::ShowOnly(window, filter);
+    ShowOnly(window, filter, out);
     diagram::ExportPictureFile(SliceOf(window, number), path, options);
     return kGood;
 }
@@ -65,8 +87,7 @@ int OneSlice(const QString &map, int number, const QString &path, const diagram:
 } // namespace
 
 int Picture(QStringList arguments, QTextStream &out) {
-    diagram::ExportOptions options;
-    options.pixels = NumberOption(arguments, QStringLiteral("--pixels"), 1, kMostPixels, 0);
+    const diagram::ExportOptions options = PictureOptions(arguments);
     const output::FilterChoice filter = TakeFilter(arguments);
     const QString folder = TakeOption(arguments, QStringLiteral("--all"));
     if (!folder.isEmpty()) {
@@ -77,7 +98,7 @@ int Picture(QStringList arguments, QTextStream &out) {
     const int number = TakeSlice(arguments);
     ExpectFiles(arguments, 2);
     diagram::CheckPictureEnding(arguments[1]);
-    return OneSlice(arguments[0], number, arguments[1], options, filter);
+    return OneSlice(arguments[0], number, arguments[1], options, filter, out);
 }
 
 } // namespace cli

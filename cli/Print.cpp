@@ -44,7 +44,7 @@ int Print(QStringList arguments, QTextStream &out) {
     Session session;
     document::MemoryWindow &window = session.Open(arguments[0]);
     SliceOf(window, order.slice);
-    output::ShowOnly(window, order.filter);
+    ShowOnly(window, order.filter, out);
     support::Printers &printers = window.Desktop().printers;
     printers.System().outputFile = QFileInfo(order.to).absoluteFilePath();
     printers.System().replaceFile = true;

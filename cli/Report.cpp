@@ -48,7 +48,7 @@ int Report(QStringList arguments, QTextStream &out) {
     settings::LoadSettings();
     Session session;
     document::MemoryWindow &window = session.Open(arguments[0]);
-    output::ShowOnly(window, filter);
+    ShowOnly(window, filter, out);
     NoProgress progress;
     const QString path = WithEnding(arguments[1], options.html);
     output::ExportReport(window, SliceOf(window, slice), path, options, progress);

@@ -93,6 +93,13 @@ document::MemoryWindow &Session::Open(const QString &path) {
     return window_;
 }
 
+void ShowOnly(document::MapWindow &window, const output::FilterChoice &choice, QTextStream &out) {
+    const QStringList missing = output::ShowOnly(window, choice);
+    if (!missing.isEmpty())
+        out << QStringLiteral("the view '%1' ticks what the map has no more: %2\n")
+                   .arg(choice.view, missing.join(QLatin1String(", ")));
+}
+
 diagram::Surface &SliceOf(document::MapWindow &window, int number) {
     const std::vector<int> slices = window.AddFlow1().Indices();
     if (number > int(slices.size()))

@@ -2,7 +2,10 @@
 #pragma once
 
 #include "document/MemoryWindow.h"
+#include "output/model/FilterChoice.h"
 #include "support/headless/HeadlessDesktop.h"
+
+#include <QTextStream>
 
 namespace cli {
 
@@ -49,6 +52,9 @@ private:
     document::MemoryWindow window_;
     int files_ = 0;
 };
+
+// Shows what the command line chose, and tells of what its view ticks and the map has no more.
+void ShowOnly(document::MapWindow &window, const output::FilterChoice &choice, QTextStream &out);
 
 // A slice, counted from 1, whose tab becomes the current one. Error 9 for one that isn't there.
 diagram::Surface &SliceOf(document::MapWindow &window, int number);

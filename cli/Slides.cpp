@@ -17,7 +17,7 @@ powerpoint::PowerpointOptions SlideOptions(QStringList &arguments) {
 
 } // namespace
 
-int Slides(QStringList arguments, QTextStream &) {
+int Slides(QStringList arguments, QTextStream &out) {
     const powerpoint::PowerpointOptions options = SlideOptions(arguments);
     if (!options.currentOnly && arguments.contains(QStringLiteral("--slice")))
         throw UsageError(QStringLiteral("--slice and --all exclude each other"));
@@ -27,7 +27,7 @@ int Slides(QStringList arguments, QTextStream &) {
     powerpoint::CheckEnding(arguments[1]);
     Session session;
     document::MemoryWindow &window = session.Open(arguments[0]);
-    output::ShowOnly(window, filter);
+    ShowOnly(window, filter, out);
     SliceOf(window, number);
     output::MapOutput map = output::ReadMap(window);
     map.current = number - 1;

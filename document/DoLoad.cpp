@@ -15,6 +15,7 @@
 #include "document/SurfaceArray.h"
 #include "document/Tags.h"
 #include "document/TemplateFile.h"
+#include "document/ViewRows.h"
 #include "storage/Fields.h"
 #include "storage/FileForm.h"
 #include "support/Files.h"
@@ -75,6 +76,7 @@ void UnloadAbove(SurfaceArray &surfaces, int slot) {
 bool Loader::Run() {
     UnloadSlices();
     LoadPools();
+    ReadViews(database_, settings_);
     if (!LoadSlices()) {
         EndWithoutMemory();
         return false;
@@ -100,6 +102,7 @@ void Loader::UnloadSlices() {
     window_.TabStrip().SetTabCount(1);
     settings_.Hyperlinks().Clear();
     settings_.Attachments().Clear();
+    settings_.Views.clear();
 }
 
 void Loader::LoadPools() {

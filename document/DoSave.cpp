@@ -81,6 +81,7 @@ void WritePools(MapWindow &window, RowWriter &writer) {
     window.DoStatus(QStringLiteral("Saving HyperLinks..."));
     writer.WriteHyperlinks();
     writer.WriteAttachments();
+    writer.WriteViews();
 }
 
 // The whole map into a file that is nobody's yet.

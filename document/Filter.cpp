@@ -1,5 +1,6 @@
 #include "document/Filter.h"
 
+#include "diagram/model/Sights.h"
 #include "diagram/model/Surface.h"
 #include "document/cGroups.h"
 #include "document/cLevels.h"
@@ -44,6 +45,27 @@ Sight SightOf(const QString &tag, const FilterKeys &keys) {
     return NodeInGroup(group, keys.groups) && IsIn(level, keys.levels) ? Sight::Shown : Sight::Hidden;
 }
 
+// Calls `hide` with each node of a level and a group, and each link that leaves one, and whether it is
+// hidden.
+template <typename Surface, typename Hide, typename Hidden>
+void Filter(Surface &surface, const FilterKeys &keys, Hide hide, Hidden isHidden) {
+    QHash<QString, Sight> sights;
+    std::vector<const diagram::Node *> filtered;
+    for (auto &node : surface.Nodes()) {
+        auto known = sights.constFind(node.Tag());
+        if (known == sights.constEnd()) known = sights.insert(node.Tag(), SightOf(node.Tag(), keys));
+        if (*known == Sight::AsItIs) continue;
+        hide(node, *known == Sight::Hidden);
+        filtered.push_back(&node);
+    }
+    for (const diagram::Node *origin : filtered)
+        for (diagram::Link *link : origin->Links()) {
+            const diagram::Node &destination = link->Destination();
+            if (&link->Source() == origin)
+                hide(*link, isHidden(*origin) || (!destination.Marked() && isHidden(destination)));
+        }
+}
+
 } // namespace
 
 bool NodeInGroup(const QString &sNodeGroup, const QString &sGroupText) {
@@ -60,21 +82,17 @@ FilterKeys KeysForFilter(const QString &groupNames, const QString &levelNames, c
 
 // All nodes first: a link looks at both of its ends.
 void ApplyFilter(diagram::Surface &surface, const FilterKeys &keys) {
-    QHash<QString, Sight> sights;
-    std::vector<diagram::Node *> filtered;
-    for (diagram::Node &node : surface.Nodes()) {
-        auto known = sights.constFind(node.Tag());
-        if (known == sights.constEnd()) known = sights.insert(node.Tag(), SightOf(node.Tag(), keys));
-        if (*known == Sight::AsItIs) continue;
-        node.SetHidden(*known == Sight::Hidden);
-        filtered.push_back(&node);
-    }
-    for (const diagram::Node *origin : filtered)
-        for (diagram::Link *link : origin->Links()) {
-            const diagram::Node &destination = link->Destination();
-            if (&link->Source() == origin)
-                link->SetHidden(origin->Hidden() || (!destination.Marked() && destination.Hidden()));
-        }
+    Filter(
+        surface, keys, [](auto &item, bool hidden) { item.SetHidden(hidden); },
+        [](const diagram::Node &node) { return node.Hidden(); });
+}
+
+diagram::Sights PreviewFilter(const diagram::Surface &surface, const FilterKeys &keys) {
+    diagram::Sights sights;
+    Filter(
+        surface, keys, [&](const auto &item, bool hidden) { sights.Set(item, hidden); },
+        [&](const diagram::Node &node) { return sights.Hides(node); });
+    return sights;
 }
 
 } // namespace document

@@ -4,8 +4,9 @@
 #include <QString>
 
 namespace diagram {
+class Sights;
 class Surface;
-}
+} // namespace diagram
 
 namespace document {
 
@@ -30,5 +31,8 @@ FilterKeys KeysForFilter(const QString &groupNames, const QString &levelNames, c
 // group or level stays as it is, with its links. A link is hidden with its origin, and also with its
 // destination unless that is marked. Opens no group of changes.
 void ApplyFilter(diagram::Surface &surface, const FilterKeys &keys);
+
+// What ApplyFilter would show and hide, to be painted: the surface stays as it is.
+diagram::Sights PreviewFilter(const diagram::Surface &surface, const FilterKeys &keys);
 
 } // namespace document

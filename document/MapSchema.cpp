@@ -47,6 +47,9 @@ constexpr ColumnDef kSettingColumns[] = {{"Author", FieldType::Text},
                                          {"Modified", FieldType::Text},
                                          {"ModifyTime", FieldType::Text}};
 
+constexpr ColumnDef kViewColumns[] = {
+    {"View", FieldType::Text}, {"Level", FieldType::Text}, {"Group", FieldType::Text}};
+
 static_assert(std::size(kSliceColumns) == slice::kCount);
 static_assert(std::size(kPointColumns) == point::kCount);
 static_assert(std::size(kFontColumns) == font::kCount);
@@ -56,6 +59,7 @@ static_assert(std::size(kLevelColumns) == level::kCount);
 static_assert(std::size(kHyperlinkColumns) == hyperlink::kCount);
 static_assert(std::size(kAttachmentColumns) == attachment::kCount);
 static_assert(std::size(kSettingColumns) == setting::kCount);
+static_assert(std::size(kViewColumns) == view::kCount);
 
 // Each in its position; no constant when two of them have the same.
 template <typename Column, std::size_t kCount>
@@ -87,6 +91,7 @@ const TableLayout kLevels{"Levels", kLevelColumns};
 const TableLayout kHyperlinks{"Hyperlinks", kHyperlinkColumns};
 const TableLayout kAttachments{"Attachments", kAttachmentColumns};
 const TableLayout kSettings{"Settings", kSettingColumns};
+const TableLayout kFilterViews{"FilterViews", kViewColumns};
 
 std::span<const TableLayout *const> Tables() {
     static constexpr const TableLayout *kTables[] = {&kSlices,     &kNodes,       &kLinks,   &kLinkPoints,
@@ -143,10 +148,14 @@ int Columns::Missing() {
                          QStringLiteral("Item not found in this collection."));
 }
 
+void CreateTable(storage::Database &database, const TableLayout &table) {
+    database.CreateTable(DefinitionOf(table));
+}
+
 void CreateEmptyMap(const QString &path) {
     storage::Database database = storage::CreateDatabase(path);
     database.BeginTrans();
-    for (const TableLayout *table : schema::Tables()) database.CreateTable(DefinitionOf(*table));
+    for (const TableLayout *table : schema::Tables()) CreateTable(database, *table);
     database.CommitTrans();
 }
 

@@ -61,6 +61,9 @@ enum Column { kNodeKey, kFilename, kSlice, kNode, kCount };
 namespace attachment {
 enum Column { kKey, kNodeKey, kFilename, kEmbed, kData, kCount };
 }
+namespace view {
+enum Column { kView, kLevel, kGroup, kCount };
+}
 namespace setting {
 enum Column { kAuthor, kCreateTime, kModified, kModifyTime, kCount };
 }
@@ -69,6 +72,11 @@ extern const TableLayout kSlices, kNodes, kLinks, kLinkPoints, kFonts, kPictures
     kHyperlinks, kAttachments, kSettings;
 // All of them.
 std::span<const TableLayout *const> Tables();
+
+// One row for each level or group that a named view ticks, the other column being Null, and a row with both
+// Null in front of them, so that a view may tick nothing. A map has the table only when it has views: readers
+// that don't know it meet the tables above alone, and pass over this one.
+extern const TableLayout kFilterViews;
 
 } // namespace schema
 
@@ -95,6 +103,8 @@ private:
     [[noreturn]] static int Missing();
     std::vector<int> at_;
 };
+
+void CreateTable(storage::Database &database, const TableLayout &table);
 
 // Makes the database with all tables, empty. Error 3204 when the file exists.
 void CreateEmptyMap(const QString &path);

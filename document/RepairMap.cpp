@@ -15,7 +15,7 @@ namespace {
 QStringList TableNames() {
     QStringList names;
     for (const TableLayout *table : schema::Tables()) names.append(NameOf(*table));
-    return names;
+    return names << NameOf(schema::kFilterViews);
 }
 
 // Takes the new map away unless its path is cleared.

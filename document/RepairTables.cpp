@@ -3,6 +3,7 @@
 #include "diagram/model/Picture.h"
 #include "document/CellRules.h"
 #include "document/ItemColumns.h"
+#include "storage/Fields.h"
 #include "support/Error.h"
 
 namespace document {
@@ -27,6 +28,7 @@ const KeyColumns kKeys[] = {
     {&schema::kLevels, schema::level::kLevel, -1},
     {&schema::kHyperlinks, schema::hyperlink::kNodeKey, -1},
     {&schema::kAttachments, schema::attachment::kKey, -1},
+    {&schema::kFilterViews, schema::view::kView, -1},
 };
 
 QString KeyOf(const storage::Recordset &rows, const TableLayout &table) {
@@ -67,6 +69,9 @@ QString RowName(const QString &table, const QString &key, qlonglong row) {
 
 void RepairTables::Run() {
     for (const TableLayout *table : schema::Tables()) CopyTable(*table);
+    if (!storage::TableExistsDB(from_, NameOf(schema::kFilterViews))) return;
+    CreateTable(to_, schema::kFilterViews);
+    CopyTable(schema::kFilterViews);
 }
 
 std::vector<RepairTables::Column> RepairTables::Plan(const storage::Recordset &rows,

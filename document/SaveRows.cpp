@@ -6,6 +6,7 @@
 #include "document/ItemColumns.h"
 #include "document/SurfaceArray.h"
 #include "document/Tags.h"
+#include "document/ViewRows.h"
 #include "storage/Fields.h"
 #include "support/clsGUID.h"
 #include "support/Error.h"
@@ -179,6 +180,8 @@ void RowWriter::WriteLevels() {
         database_.Execute(InsertInto(schema::kLevels), storage::kFailOnError,
                           {level.LevelName, level.Selected, level.Color});
 }
+
+void RowWriter::WriteViews() { document::WriteViews(database_, settings_); }
 
 void RowWriter::WriteHyperlinks() {
     for (const cHyperlink &hyperlink : settings_.Hyperlinks())

@@ -33,6 +33,8 @@ public:
     void WriteSlice(diagram::Surface &surface, const QString &caption);
     void WriteGroups();
     void WriteLevels();
+    // The named views; no table for none.
+    void WriteViews();
     void WriteHyperlinks();
     // The bytes of an embedded file that is gone are taken from the map that the attachment was read from or
     // last written to. Error 53, with the node's text, when that has them no more.

@@ -43,6 +43,8 @@ MapState StateOf(MapWindow &frm) {
         state.hyperlinks.push_back({hyperlink.Node, hyperlink.Map, hyperlink.DestNode, hyperlink.Slice});
     for (const cAttachment &attachment : settings.Attachments())
         state.attachments.push_back(StateOf(attachment));
+    for (const FilterView &view : settings.Views)
+        state.views.push_back({view.Name, LevelNames(settings, view), GroupNames(settings, view)});
     return state;
 }
 

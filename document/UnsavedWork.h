@@ -39,11 +39,17 @@ struct MapState {
         QDateTime modified;
         friend bool operator==(const Attachment &, const Attachment &) = default;
     };
+    struct View {
+        QString name;
+        QStringList levels, groups;
+        friend bool operator==(const View &, const View &) = default;
+    };
     std::vector<Slice> slices;
     QStringList groups;
     std::vector<Level> levels;
     std::vector<Hyperlink> hyperlinks;
     std::vector<Attachment> attachments;
+    std::vector<View> views;
     friend bool operator==(const MapState &, const MapState &) = default;
 };
 

@@ -6,6 +6,7 @@
 #include "document/cGroups.h"
 #include "document/cHyperlinks.h"
 #include "document/cLevels.h"
+#include "document/FilterViews.h"
 #include "document/OwnFiles.h"
 #include "document/UnsavedWork.h"
 
@@ -34,6 +35,9 @@ public:
     bool Dirty = false;
     // What the map file holds; none before the window was marked the first time (document/UnsavedWork.h).
     std::optional<MapState> SavedState;
+
+    // What can be ticked at once, by name.
+    FilterViews Views;
 
     // Full path of the map file; empty for a map that was not saved yet. Nothing keeps the file open.
     const QString &Database() const { return database_; }

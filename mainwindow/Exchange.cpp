@@ -2,7 +2,6 @@
 
 #include "app/settings/GetSet.h"
 #include "app/settings/Settings.h"
-#include "diagram/export/Export.h"
 #include "diagram/format/SurfaceFile.h"
 #include "document/LastPath.h"
 #include "document/Tags.h"
@@ -217,16 +216,6 @@ void ExportPresentation(frmMain &window, const QString &file) {
     ShowForm(window, argument, Tr("Exporting presentations"));
 }
 
-// Where the map is saved, under its name with that ending.
-QString PlaceBeside(frmMain &window, const QString &ending) {
-    const QString map = window.clsSettings().ShownFile();
-    const QString name = support::FileTitle(map);
-    QString place = document::PlaceToSave(map);
-    if (name.isEmpty()) return place;
-    if (const qsizetype dot = name.lastIndexOf(u'.'); dot > 0) place.chop(name.size() - dot);
-    return place + ending;
-}
-
 constexpr char kExportFolder[] = "ExportFolder";
 constexpr char kExportRow[] = "ExportRow";
 
@@ -260,6 +249,15 @@ void RunRow(const FileRoutine (&rows)[Size], int row, frmMain &window, const QSt
 
 } // namespace
 
+QString PlaceBeside(frmMain &window, const QString &ending) {
+    const QString map = window.clsSettings().ShownFile();
+    const QString name = support::FileTitle(map);
+    QString place = document::PlaceToSave(map);
+    if (name.isEmpty()) return place;
+    if (const qsizetype dot = name.lastIndexOf(u'.'); dot > 0) place.chop(name.size() - dot);
+    return place + ending;
+}
+
 void mnuFileImport(frmMain &window) {
     window.SetMousePointer(kNormal);
     int row = kMapRow;
@@ -275,15 +273,6 @@ void mnuFileExport(frmMain &window) {
         ExportFilter(), settings::Terms().FLATEXT, PlaceToExport(window), kExportFlags, &window, row);
     if (!file.isEmpty()) RememberExport(file, row);
     RunRow(kExports, row, window, file);
-}
-
-void mnuFileExportPicture(frmMain &window) {
-    window.SetMousePointer(kNormal);
-    int row = 1;
-    const QString file = window.Desktop().dialogs.ShowSaveFileDialog(
-        QStringLiteral("Windows Meta File|*.wmf"), QStringLiteral("wmf"),
-        PlaceBeside(window, QStringLiteral(".wmf")), kExportFlags, &window, row);
-    if (!file.isEmpty()) diagram::WriteMetafile(window.CurrentSurface(), file);
 }
 
 } // namespace mainwindow

@@ -1,10 +1,13 @@
 #include "mainwindow/FilterBoxes.h"
 
-#include "document/Filter.h"
+#include "diagram/model/Sights.h"
+#include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/Selection.h"
+#include "mainwindow/SliceViews.h"
 #include "mainwindow/TickBox.h"
 #include "mainwindow/Toolbar.h"
+#include "mainwindow/ViewButton.h"
 #include "timeline/TimelineNodes.h"
 
 #include <QHBoxLayout>
@@ -45,6 +48,12 @@ void Tick(TickBox &combo, Pool &pool, int row) {
     LoadCombo(combo, pool);
 }
 
+template <typename Pool>
+void TickAll(TickBox &combo, Pool &pool, bool ticked) {
+    for (auto &member : pool) member.Selected = ticked;
+    LoadCombo(combo, pool);
+}
+
 int HiddenOn(const diagram::Surface &surface) {
     int hidden = 0;
     for (const diagram::Node &node : surface.Nodes()) hidden += node.Hidden() && node.Selectable();
@@ -70,7 +79,14 @@ FilterBoxes::FilterBoxes(frmMain &window, Toolbar &bar)
       levels_(new TickBox(QStringLiteral("ssDBLevels"), frmMain::tr("Levels that are shown"), &bar)) {
     bar.addWidget(Labelled(*groups_, frmMain::tr("Groups")));
     bar.addWidget(Labelled(*levels_, frmMain::tr("Levels")));
+    bar.addWidget(new ViewButton(window, &bar));
     QObject::connect(groups_, &TickBox::Click, &window, &frmMain::ssDBGroups_Click);
+    QObject::connect(groups_, &TickBox::ClickAll, &window, [this](bool ticked) {
+        support::Report("frmMain", "ssDBGroups_Click", [&] { TickAllGroups(ticked); });
+    });
+    QObject::connect(levels_, &TickBox::ClickAll, &window, [this](bool ticked) {
+        support::Report("frmMain", "ssDBLevels_Click", [&] { TickAllLevels(ticked); });
+    });
     QObject::connect(groups_, &TickBox::CloseUp, &window, &frmMain::ssDBGroups_CloseUp);
     QObject::connect(levels_, &TickBox::Click, &window, &frmMain::ssDBLevels_Click);
     QObject::connect(levels_, &TickBox::CloseUp, &window, &frmMain::ssDBLevels_CloseUp);
@@ -83,12 +99,47 @@ FilterBoxes::~FilterBoxes() {
 
 void FilterBoxes::LoadGroups() { LoadCombo(*groups_, window_.clsSettings().Groups()); }
 void FilterBoxes::LoadLevels() { LoadCombo(*levels_, window_.clsSettings().Levels()); }
-void FilterBoxes::TickGroup(int row) { Tick(*groups_, window_.clsSettings().Groups(), row); }
-void FilterBoxes::TickLevel(int row) { Tick(*levels_, window_.clsSettings().Levels(), row); }
+
+void FilterBoxes::TickGroup(int row) {
+    Tick(*groups_, window_.clsSettings().Groups(), row);
+    Preview();
+}
+
+void FilterBoxes::TickLevel(int row) {
+    Tick(*levels_, window_.clsSettings().Levels(), row);
+    Preview();
+}
+
+void FilterBoxes::TickAllGroups(bool ticked) {
+    TickAll(*groups_, window_.clsSettings().Groups(), ticked);
+    Preview();
+}
+
+void FilterBoxes::TickAllLevels(bool ticked) {
+    TickAll(*levels_, window_.clsSettings().Levels(), ticked);
+    Preview();
+}
+
+document::FilterKeys FilterBoxes::Keys() const {
+    return document::KeysForFilter(groups_->Text(), levels_->Text(), window_.clsSettings().Groups(),
+                                   window_.clsSettings().Levels());
+}
+
+void FilterBoxes::Preview() {
+    if ((!groups_->IsOpen() && !levels_->IsOpen()) || window_.CurrentIndex() < 0) return;
+    diagram::Surface &surface = window_.CurrentSurface();
+    diagram::Sights sights = document::PreviewFilter(surface, Keys());
+    timeline::PreviewTimelineNodes(surface, window_.MenuValue(QStringLiteral("mnuViewTimeline")), sights);
+    window_.CurrentView().SetSights(std::move(sights));
+}
+
+void FilterBoxes::EndPreview() {
+    for (diagram::SurfaceView *view : window_.Views().All()) view->SetSights({});
+}
 
 void FilterBoxes::Apply() {
-    const document::FilterKeys keys = document::KeysForFilter(
-        groups_->Text(), levels_->Text(), window_.clsSettings().Groups(), window_.clsSettings().Levels());
+    EndPreview();
+    const document::FilterKeys keys = Keys();
     for (const int index : window_.AddFlow1().Indices()) {
         diagram::Surface &surface = window_.AddFlow1()[index];
         const diagram::Uncounted ticks(surface);

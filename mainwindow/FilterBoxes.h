@@ -1,6 +1,8 @@
 // The two lists of what a window shows, by group and by level.
 #pragma once
 
+#include "document/Filter.h"
+
 namespace mainwindow {
 
 class frmMain;
@@ -22,12 +24,19 @@ public:
     // Turn the tick of a row round.
     void TickGroup(int row);
     void TickLevel(int row);
+    // Tick all of them, or none.
+    void TickAllGroups(bool ticked);
+    void TickAllLevels(bool ticked);
     // Shows on all slices what is ticked. The map is as clean afterwards as before.
     void Apply();
     // What the user drew and the filter hides, over all slices. Every node is looked at.
     int HiddenNodes() const;
 
 private:
+    // Lets the current slice look as Apply would leave it while a list is open; nothing is written.
+    void Preview();
+    void EndPreview();
+    document::FilterKeys Keys() const;
     void ShowHideTimelineNodes();
 
     frmMain &window_;

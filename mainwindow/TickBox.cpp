@@ -1,5 +1,6 @@
 #include "mainwindow/TickBox.h"
 
+#include "mainwindow/TickList.h"
 #include "widgets/TickStyle.h"
 
 #include <QKeyEvent>
@@ -31,8 +32,8 @@ public:
 TickBox::TickBox(const QString &name, const QString &tip, QWidget *parent)
     : QComboBox(parent), rows_(new QStandardItemModel(this)) {
     setObjectName(name);
-    setToolTip(tip);
     setAccessibleName(tip);
+    ShowTip();
     setModel(rows_);
     setMinimumContentsLength(kCharacters);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -47,12 +48,13 @@ void TickBox::Prepare() {
     auto *dropsBelow = new DropsBelow;
     dropsBelow->setParent(this);
     setStyle(dropsBelow);
-    auto *list = new QListView(this);
-    setView(list);
+    list_ = new TickList(this);
+    setView(list_);
     setItemDelegate(new QStyledItemDelegate(this)); // the combo's own draws no boxes to tick
-    list->setAccessibleName(accessibleName());
-    list->installEventFilter(this);
-    list->viewport()->installEventFilter(this);
+    list_->setAccessibleName(accessibleName());
+    list_->installEventFilter(this);
+    list_->viewport()->installEventFilter(this);
+    connect(list_, &TickList::AllAsked, this, &TickBox::ClickAll);
 }
 
 void TickBox::SetRows(const std::vector<TickRow> &rows) {
@@ -81,14 +83,29 @@ void TickBox::SetTicked(int row, bool ticked) {
 void TickBox::SetText(const QString &text) {
     text_ = text;
     setAccessibleDescription(text);
+    ShowTip();
     update();
 }
 
+// Names may look like markup.
+void TickBox::ShowTip() {
+    constexpr int kMostNames = 25;
+    QStringList lines;
+    int ticked = 0;
+    for (int row = 0; row < rows_->rowCount(); ++row)
+        if (Row(row).ticked && ++ticked <= kMostNames) lines << Row(row).name.toHtmlEscaped();
+    if (ticked > kMostNames) lines << tr("and %n more", nullptr, ticked - kMostNames);
+    if (ticked == 0) lines << tr("none");
+    const QString names = lines.join(QLatin1String("<br>"));
+    setToolTip(QStringLiteral("<p style='white-space:pre'>%1:<br>%2</p>")
+                   .arg(accessibleName().toHtmlEscaped(), names));
+}
+
 void TickBox::showPopup() {
+    if (rows_->rowCount() == 0) return;
     Prepare();
     open_ = true;
-    view()->setMinimumWidth(view()->sizeHintForColumn(0) +
-                            2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    view()->setMinimumWidth(list_->NeededWidth() + 2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     QComboBox::showPopup();
     if (!view()->currentIndex().isValid()) view()->setCurrentIndex(rows_->index(0, 0));
 }

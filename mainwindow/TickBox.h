@@ -8,6 +8,8 @@ class QStandardItemModel;
 
 namespace mainwindow {
 
+class TickList;
+
 struct TickRow {
     bool ticked = false;
     QString name;
@@ -18,7 +20,7 @@ struct TickRow {
 class TickBox : public QComboBox {
     Q_OBJECT
 public:
-    // `tip` is also what a screen reader says.
+    // `tip` is also what a screen reader says; the tip that is shown tells what is ticked as well.
     TickBox(const QString &name, const QString &tip, QWidget *parent);
 
     // An open list stays open, on the row where it was.
@@ -28,6 +30,7 @@ public:
     // What the closed box shows.
     void SetText(const QString &text);
     const QString &Text() const { return text_; }
+    bool IsOpen() const { return open_; }
 
     QSize sizeHint() const override; // the same for every row
     void showPopup() override;
@@ -36,6 +39,8 @@ public:
 Q_SIGNALS:
     // The user clicked the row, or pressed the blank on it.
     void Click(int row);
+    // All rows are to be ticked, or none.
+    void ClickAll(bool ticked);
     void CloseUp();
 
 protected:
@@ -47,10 +52,12 @@ protected:
 private:
     // The list is made when the user first opens it: a window starts without it.
     void Prepare();
+    void ShowTip();
     bool TakesClick(QEvent *event);
     bool TakesKey(QEvent *event);
 
     QStandardItemModel *rows_;
+    TickList *list_ = nullptr;
     QString text_;
     bool prepared_ = false;
     bool open_ = false;

@@ -17,9 +17,17 @@ auto ValuesOf(const document::cHyperlink &of) {
 }
 auto ValuesOf(const document::cAttachment &of) { return std::tie(of.Key, of.Node, of.Embed, of.Filename); }
 
+auto ValuesOf(const document::ViewTick &of) { return std::tie(of.Key, of.Name); }
+
 template <typename T>
 bool AreSame(const std::vector<T> &a, const std::vector<T> &b) {
     return std::ranges::equal(a, b, [](const T &x, const T &y) { return ValuesOf(x) == ValuesOf(y); });
+}
+
+bool AreSame(const document::FilterViews &a, const document::FilterViews &b) {
+    return std::ranges::equal(a, b, [](const document::FilterView &x, const document::FilterView &y) {
+        return x.Name == y.Name && AreSame(x.Levels, y.Levels) && AreSame(x.Groups, y.Groups);
+    });
 }
 
 template <typename T>
@@ -36,7 +44,8 @@ bool operator==(const MapFrame &a, const MapFrame &b) {
     return std::tie(a.path, a.caption, a.seen, a.own, a.slices) ==
                std::tie(b.path, b.caption, b.seen, b.own, b.slices) &&
            AreSame(a.groups, b.groups) && AreSame(a.levels, b.levels) &&
-           AreSame(a.hyperlinks, b.hyperlinks) && AreSame(a.attachments, b.attachments);
+           AreSame(a.hyperlinks, b.hyperlinks) && AreSame(a.attachments, b.attachments) &&
+           AreSame(a.views, b.views);
 }
 
 MapFrame FrameOf(document::MapWindow &window, const QString &caption, std::vector<SlicePlace> slices) {
@@ -51,6 +60,7 @@ MapFrame FrameOf(document::MapWindow &window, const QString &caption, std::vecto
     frame.levels = Copied(settings.Levels());
     frame.hyperlinks = Copied(settings.Hyperlinks());
     frame.attachments = Copied(settings.Attachments());
+    frame.views = settings.Views;
     return frame;
 }
 

@@ -5,6 +5,7 @@
 #include "document/cGroup.h"
 #include "document/cHyperlink.h"
 #include "document/cLevel.h"
+#include "document/FilterViews.h"
 #include "document/OwnFiles.h"
 
 #include <optional>
@@ -38,6 +39,7 @@ struct MapFrame {
     std::vector<document::cLevel> levels;
     std::vector<document::cHyperlink> hyperlinks;
     std::vector<document::cAttachment> attachments;
+    document::FilterViews views;
     friend bool operator==(const MapFrame &a, const MapFrame &b);
 };
 

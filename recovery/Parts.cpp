@@ -39,6 +39,12 @@ void Put(ByteWriter &out, const document::cAttachment &attachment) {
     Put(out, attachment.Embed);
 }
 
+void Put(ByteWriter &out, const document::ViewTick &tick) {
+    out.PutText(tick.Key);
+    out.PutText(tick.Name);
+}
+void Put(ByteWriter &out, const document::FilterView &view);
+
 // Value by value, as a group or level that is made without a key would draw one by chance, which only the
 // window's thread may do.
 template <typename T>
@@ -75,6 +81,12 @@ document::cAttachment Get(ByteReader &in) {
     return attachment;
 }
 
+template <>
+document::ViewTick Get(ByteReader &in) {
+    const QString key = in.GetText();
+    return {key, in.GetText()};
+}
+
 template <typename T>
 void PutAll(ByteWriter &out, const std::vector<T> &items) {
     out.PutCount(qsizetype(items.size()));
@@ -83,6 +95,20 @@ void PutAll(ByteWriter &out, const std::vector<T> &items) {
 template <typename T>
 void GetAll(ByteReader &in, std::vector<T> &items) {
     for (qsizetype left = in.GetCount(1); left > 0; --left) items.push_back(Get<T>(in));
+}
+
+void Put(ByteWriter &out, const document::FilterView &view) {
+    out.PutText(view.Name);
+    PutAll(out, view.Levels);
+    PutAll(out, view.Groups);
+}
+template <>
+document::FilterView Get(ByteReader &in) {
+    document::FilterView view;
+    view.Name = in.GetText();
+    GetAll(in, view.Levels);
+    GetAll(in, view.Groups);
+    return view;
 }
 
 void PutFrame(ByteWriter &out, const MapFrame &frame) {
@@ -97,6 +123,7 @@ void PutFrame(ByteWriter &out, const MapFrame &frame) {
     PutAll(out, frame.levels);
     PutAll(out, frame.hyperlinks);
     PutAll(out, frame.attachments);
+    PutAll(out, frame.views);
 }
 
 MapFrame GetFrame(ByteReader &in) {
@@ -113,6 +140,7 @@ MapFrame GetFrame(ByteReader &in) {
     GetAll(in, frame.levels);
     GetAll(in, frame.hyperlinks);
     GetAll(in, frame.attachments);
+    if (!in.AtEnd()) GetAll(in, frame.views); // journals of earlier versions have none
     return frame;
 }
 

@@ -122,6 +122,7 @@ private:
         for (const document::cGroup &group : map_.frame.groups) settings_.Groups().Take(group);
         settings_.Levels().Clear();
         for (const document::cLevel &level : map_.frame.levels) settings_.Levels().Take(level);
+        settings_.Views = map_.frame.views;
     }
 
     void FillAttachments() {

@@ -1,5 +1,6 @@
 #include "timeline/TimelineNodes.h"
 
+#include "diagram/model/Sights.h"
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
 #include "support/Error.h"
@@ -110,6 +111,22 @@ bool NodeIsTimeline(const diagram::Node &Node) { return IsTimelineMaterial(Node)
 
 int DaysPerMonth(const QString &Month) { return CDate(Month).daysInMonth(); }
 
+namespace {
+
+// The links at the days of the month that there are.
+std::vector<diagram::Link *> DateLinks(const DateIndex &index, const diagram::Node &month) {
+    std::vector<diagram::Link *> links;
+    const std::optional<QDate> first = ParseDate(month.Text());
+    for (int day = 1; first && day <= first->daysInMonth(); ++day) {
+        const QDate date(first->year(), first->month(), day);
+        if (const diagram::Node *node = index.Find(FormatDate(date, kDayPattern)))
+            for (diagram::Link *link : node->Links()) links.push_back(link);
+    }
+    return links;
+}
+
+} // namespace
+
 void ShowHideTimelineNodes(diagram::Surface &Flow, bool Shown) {
     support::PassOn("ShowHideTimelineNodes", [&] {
         TranslateDates(Flow);
@@ -118,16 +135,21 @@ void ShowHideTimelineNodes(diagram::Surface &Flow, bool Shown) {
         for (diagram::Node *month : LocateTimelineNodes(Flow)) {
             month->SetHidden(!Shown);
             if (look) month->SetWidth(look->Width());
-            const std::optional<QDate> first = ParseDate(month->Text());
-            for (int day = 1; first && day <= first->daysInMonth(); ++day) {
-                const QDate date(first->year(), first->month(), day);
-                const diagram::Node *node = index.Find(FormatDate(date, kDayPattern));
-                if (!node) continue;
-                for (diagram::Link *link : node->Links())
-                    if (!link->Source().Hidden()) link->SetHidden(!Shown);
-            }
+            for (diagram::Link *link : DateLinks(index, *month))
+                if (!link->Source().Hidden()) link->SetHidden(!Shown);
         }
     });
+}
+
+void PreviewTimelineNodes(diagram::Surface &Flow, bool Shown, diagram::Sights &sights) {
+    const std::vector<diagram::Node *> months = LocateTimelineNodes(Flow);
+    if (months.empty()) return;
+    const DateIndex index(Flow);
+    for (const diagram::Node *month : months) {
+        sights.Set(*month, !Shown);
+        for (const diagram::Link *link : DateLinks(index, *month))
+            if (!sights.Hides(link->Source())) sights.Set(*link, !Shown);
+    }
 }
 
 void ShowHiddenMonths(diagram::Surface &Flow) {

@@ -9,6 +9,7 @@
 
 namespace diagram {
 class Node;
+class Sights;
 class Surface;
 } // namespace diagram
 
@@ -56,6 +57,10 @@ int DaysPerMonth(const QString &Month);
 // Shows or hides the months of the surface, with the links that end on their days; links of a hidden node
 // stay as they are. Months take the width of the template node. Nothing is laid out.
 void ShowHideTimelineNodes(diagram::Surface &Flow, bool Shown);
+
+// What ShowHideTimelineNodes would show and hide among what `sights` says, to be painted: the surface stays
+// as it is.
+void PreviewTimelineNodes(diagram::Surface &Flow, bool Shown, diagram::Sights &sights);
 
 // Shows each hidden node whose text has the form of a month, the default node excepted, whatever it is.
 void ShowHiddenMonths(diagram::Surface &Flow);

@@ -33,7 +33,23 @@ const QRectF kEmptyPage(0, 0, 2880, 2160);
     throw support::Error(number, QStringLiteral("Export"), text);
 }
 
+double ScaleOf(const ExportOptions &options) { return std::clamp(options.scale, 0.01, 100.0); }
+
+double LongestPngSide(const QSizeF &page, const ExportOptions &options) {
+    constexpr double kTwipsPerInch = 1440;
+    const double inches = std::max(page.width(), page.height()) / kTwipsPerInch;
+    const double wanted =
+        options.pixels > 0 ? options.pixels : std::ceil(inches * options.dotsPerInch * ScaleOf(options));
+    return std::clamp(wanted, 1.0, double(kMostPixels));
+}
+
 } // namespace
+
+QSize PngSize(const QSizeF &page, const ExportOptions &options) {
+    const double scale = LongestPngSide(page, options) / std::max(page.width(), page.height());
+    return {std::max(1, int(std::round(page.width() * scale))),
+            std::max(1, int(std::round(page.height() * scale)))};
+}
 
 QRectF PictureArea(Scene &scene, const ExportOptions &options) {
     const QRectF extent = scene.Extent();
@@ -44,17 +60,31 @@ QRectF PictureArea(Scene &scene, const ExportOptions &options) {
 
 namespace {
 
-// One unit of the painter is a twip.
-RenderOptions VectorOptions() {
+RenderOptions RenderingFor(const ExportOptions &options) {
     RenderOptions render;
+    render.background = options.background != PictureBackground::Transparent;
+    if (options.background == PictureBackground::White) render.paper = qRgb(255, 255, 255);
+    render.goOn = options.goOn;
+    return render;
+}
+
+// One unit of the painter is a twip.
+RenderOptions VectorRendering(const ExportOptions &options) {
+    RenderOptions render = RenderingFor(options);
     render.vector = true;
     render.xScale = render.yScale = 1;
     return render;
 }
 
-QByteArray PaintVectors(VectorEngine &engine, Scene &scene, const QRectF &page) {
+// What is thought to lie below a picture.
+QRgb PaperOf(Scene &scene, const ExportOptions &options) {
+    return RenderingFor(options).paper.value_or(ToRgb(scene.Model().BackColor()));
+}
+
+QByteArray PaintVectors(VectorEngine &engine, Scene &scene, const QRectF &page,
+                        const ExportOptions &options) {
     VectorDevice device(engine);
-    RenderOptions render = VectorOptions();
+    RenderOptions render = VectorRendering(options);
     render.xScale = render.yScale = engine.Scale();
     render.target = &engine;
     QPainter painter(&device);
@@ -63,53 +93,54 @@ QByteArray PaintVectors(VectorEngine &engine, Scene &scene, const QRectF &page) 
     return engine.File();
 }
 
-QByteArray Svg(Scene &scene, const QRectF &page) {
-    SvgEngine engine(page.size());
-    return PaintVectors(engine, scene, page);
+QByteArray Svg(Scene &scene, const QRectF &page, const ExportOptions &options) {
+    SvgEngine engine(page.size(), ScaleOf(options));
+    return PaintVectors(engine, scene, page, options);
 }
 
-QByteArray Pdf(Scene &scene, const QRectF &page) {
+QByteArray Pdf(Scene &scene, const QRectF &page, const ExportOptions &options) {
     constexpr double kTwipsPerPoint = 20;
     constexpr int kTwipsPerInch = 1440;
     const double longest = std::max(page.width(), page.height()) / kTwipsPerPoint;
-    const double shrink = std::min(1.0, kMostPoints / longest);
+    const double scale = std::min(ScaleOf(options), kMostPoints / longest);
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
     writer.setCreator(QStringLiteral("Velmora"));
     writer.setPageSize(
-        QPageSize(page.size() * shrink / kTwipsPerPoint, QPageSize::Point, QString(), QPageSize::ExactMatch));
+        QPageSize(page.size() * scale / kTwipsPerPoint, QPageSize::Point, QString(), QPageSize::ExactMatch));
     writer.setPageMargins({});
     writer.setResolution(kTwipsPerInch);
-    RenderOptions render = VectorOptions();
-    render.xScale = render.yScale = shrink;
+    RenderOptions render = VectorRendering(options);
+    render.xScale = render.yScale = scale;
     QPainter painter(&writer);
     Renderer().Paint(painter, scene, page, render);
     painter.end();
     return bytes;
 }
 
-QByteArray PaintMetafile(MetafileEngine &engine, Scene &scene, const QRectF &page) {
-    const QByteArray file = PaintVectors(engine, scene, page);
+QByteArray PaintMetafile(MetafileEngine &engine, Scene &scene, const QRectF &page,
+                         const ExportOptions &options) {
+    const QByteArray file = PaintVectors(engine, scene, page, options);
     if (engine.IsTooLong()) Raise(7, QStringLiteral("Out of memory"));
     return file;
 }
 
 // A file tells whole units an inch.
-QByteArray Wmf(Scene &scene, const QRectF &page) {
+QByteArray Wmf(Scene &scene, const QRectF &page, const ExportOptions &options) {
     const double longest = std::max(page.width(), page.height());
     const double fit = std::min(1.0, kWmfLongestSide / longest);
     const int unitsPerInch = std::max(1, int(kVectorUnitsPerInch * fit));
     const double scale = unitsPerInch / kVectorUnitsPerInch;
-    WmfEngine engine(page.size() * scale, unitsPerInch, ToRgb(scene.Model().BackColor()));
-    return PaintMetafile(engine, scene, page);
+    WmfEngine engine(page.size() * scale, unitsPerInch, PaperOf(scene, options));
+    return PaintMetafile(engine, scene, page, options);
 }
 
-QByteArray Emf(Scene &scene, const QRectF &page) {
+QByteArray Emf(Scene &scene, const QRectF &page, const ExportOptions &options) {
     const double scale = std::min(1.0, kEmfLongestSide / std::max(page.width(), page.height()));
-    EmfEngine engine(page.size() * scale, scale, ToRgb(scene.Model().BackColor()));
-    return PaintMetafile(engine, scene, page);
+    EmfEngine engine(page.size() * scale, scale, PaperOf(scene, options));
+    return PaintMetafile(engine, scene, page, options);
 }
 
 PictureFormat FormatOf(const QString &path) {
@@ -118,15 +149,13 @@ PictureFormat FormatOf(const QString &path) {
 }
 
 QImage PaintImage(Scene &scene, const QRectF &page, const ExportOptions &options) {
-    const double longest = std::max(page.width(), page.height());
-    const double wanted = options.pixels > 0 ? options.pixels : std::ceil(longest / kTwipsPerPixel);
-    const double scale = std::min(wanted, double(kMostPixels)) / longest;
-    const QSize size(std::max(1, int(std::round(page.width() * scale))),
-                     std::max(1, int(std::round(page.height() * scale))));
-    QImage image(size, QImage::Format_RGB32);
+    const QSize size = PngSize(page.size(), options);
+    const double scale = LongestPngSide(page.size(), options) / std::max(page.width(), page.height());
+    const bool transparent = options.background == PictureBackground::Transparent;
+    QImage image(size, transparent ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
     if (image.isNull()) Raise(7, QStringLiteral("Out of memory"));
-    image.fill(Qt::white);
-    RenderOptions render;
+    image.fill(transparent ? Qt::transparent : Qt::white);
+    RenderOptions render = RenderingFor(options);
     render.xScale = render.yScale = scale;
     QPainter painter(&image);
     Renderer().Paint(painter, scene, page, render);
@@ -146,18 +175,18 @@ QSizeF PictureSize(Surface &surface, const ExportOptions &options) {
 }
 
 QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOptions &options) {
-    if (format == PictureFormat::Png) return PngFile(ExportImage(surface, options));
+    if (format == PictureFormat::Png) return PngFile(ExportImage(surface, options), options.dotsPerInch);
     if (format == PictureFormat::Wmf) return ExportMetafile(surface, MetafileKind::Wmf, options);
     if (format == PictureFormat::Emf) return ExportMetafile(surface, MetafileKind::Emf, options);
     Scene scene(surface);
     const QRectF page = PictureArea(scene, options);
-    return format == PictureFormat::Svg ? Svg(scene, page) : Pdf(scene, page);
+    return format == PictureFormat::Svg ? Svg(scene, page, options) : Pdf(scene, page, options);
 }
 
 QByteArray ExportMetafile(Surface &surface, MetafileKind kind, const ExportOptions &options) {
     Scene scene(surface);
     const QRectF page = PictureArea(scene, options);
-    return kind == MetafileKind::Wmf ? Wmf(scene, page) : Emf(scene, page);
+    return kind == MetafileKind::Wmf ? Wmf(scene, page, options) : Emf(scene, page, options);
 }
 
 namespace {
@@ -188,9 +217,12 @@ void WriteMetafile(Surface &surface, const QString &path) {
 
 void CheckPictureEnding(const QString &path) { FormatOf(path); }
 
-void ExportPictureFile(Surface &surface, const QString &path, const ExportOptions &options) {
+bool ExportPictureFile(Surface &surface, const QString &path, const ExportOptions &options) {
     const PictureFormat format = FormatOf(path);
-    WriteFile(path, ExportPicture(surface, format, options));
+    const QByteArray bytes = ExportPicture(surface, format, options);
+    if (options.goOn && !options.goOn()) return false;
+    WriteFile(path, bytes);
+    return true;
 }
 
 } // namespace diagram

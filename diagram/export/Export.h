@@ -3,9 +3,11 @@
 
 #include "diagram/metafile/Metafile.h"
 
+#include <functional>
 #include <QByteArray>
 #include <QImage>
 #include <QRectF>
+#include <QSize>
 #include <QSizeF>
 #include <QString>
 
@@ -16,12 +18,23 @@ class Surface;
 
 enum class PictureFormat { Png, Svg, Pdf, Wmf, Emf };
 
+// The surface's back colour and picture, white paper, or nothing: what is below shows through, where the
+// format can do so.
+enum class PictureBackground { AsShown, White, Transparent };
+
 struct ExportOptions {
-    // Longest side in pixels for PNG; 0 takes zoom 100 at 96 dots an inch, at most 16384.
+    // Longest side in pixels for PNG; 0 takes what scale and resolution make, at most 16384.
     int pixels = 0;
-    double margin = 150; // twips around the extent
+    double margin = 150;  // twips around the extent
+    double scale = 1;     // of the size at zoom 100; metafiles are not scaled
+    int dotsPerInch = 96; // of a PNG, which says so
+    PictureBackground background = PictureBackground::AsShown;
+    // Asked now and then. False gives up: what is made is of no use then, and files are not written.
+    std::function<bool()> goOn = {};
 };
 
+// The size in pixels of such a PNG of a page of that size in twips.
+QSize PngSize(const QSizeF &page, const ExportOptions &options);
 // What a picture of the surface shows, in twips.
 QRectF PictureArea(Scene &scene, const ExportOptions &options = {});
 // The whole surface, hidden items and the grid left out. Works without a display. The bytes of the file.
@@ -42,7 +55,7 @@ void WriteMetafile(Surface &surface, const QString &path);
 // Error 5 for a path with another ending than those that ExportPictureFile knows.
 void CheckPictureEnding(const QString &path);
 // By the ending of the path: .png, .svg, .pdf, .wmf, .emf; error 5 for another. Written beside the target and
-// swapped in; errors name the path.
-void ExportPictureFile(Surface &surface, const QString &path, const ExportOptions &options = {});
+// swapped in; errors name the path. False when it was given up.
+bool ExportPictureFile(Surface &surface, const QString &path, const ExportOptions &options = {});
 
 } // namespace diagram

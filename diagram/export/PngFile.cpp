@@ -1,6 +1,7 @@
 #include "diagram/export/PngFile.h"
 
 #include <array>
+#include <cmath>
 #include <cstring>
 #include <QtEndian>
 #include <utility>
@@ -40,11 +41,19 @@ void AppendChunk(QByteArray &to, const char *name, const char *data, qsizetype s
 }
 
 QByteArray Header(const QImage &image) {
+    constexpr char kColours = 2, kColoursAndAlpha = 6;
     QByteArray header;
     AppendNumber(header, quint32(image.width()));
     AppendNumber(header, quint32(image.height()));
-    return header.append("\x08\x02\x00\x00\x00",
-                         5); // 8 bits, three colours, the only methods, not interlaced
+    header.append('\x08').append(image.hasAlphaChannel() ? kColoursAndAlpha : kColours);
+    return header.append("\x00\x00\x00", 3); // the only methods, not interlaced
+}
+
+QByteArray Resolution(int dotsPerInch) {
+    constexpr double kInchesPerMetre = 1 / 0.0254;
+    QByteArray resolution;
+    for (int i = 0; i < 2; ++i) AppendNumber(resolution, quint32(std::lround(dotsPerInch * kInchesPerMetre)));
+    return resolution.append('\x01'); // a metre
 }
 
 // Each row as the difference to the one above.
@@ -80,17 +89,41 @@ qsizetype RowsInPlace(QImage &image) {
     return to - start;
 }
 
+// Four bytes a pixel leave no room in the picture for what stands before each row.
+QByteArray RowsWithAlpha(const QImage &image) {
+    const auto width = 4 * std::size_t(image.width());
+    QByteArray rows(qsizetype(width + 1) * image.height(), kUp);
+    const std::vector<uchar> none(width, 0);
+    for (int y = 0; y < image.height(); ++y) {
+        const uchar *row = image.constScanLine(y), *above = y > 0 ? image.constScanLine(y - 1) : none.data();
+        char *to = rows.data() + qsizetype(width + 1) * y + 1;
+        for (std::size_t x = 0; x < width; ++x) to[x] = char(row[x] - above[x]);
+    }
+    return rows;
+}
+
+// As qCompress gives it, with the length before the stream.
+constexpr int kQuickest = 1, kLengthBefore = 4;
+
+QByteArray Packed(QImage &image) {
+    if (image.hasAlphaChannel()) return qCompress(RowsWithAlpha(image), kQuickest);
+    const qsizetype size = RowsInPlace(image);
+    return qCompress(image.constBits(), size, kQuickest);
+}
+
 } // namespace
 
-QByteArray PngFile(QImage picture) {
-    QImage image = std::move(picture).convertToFormat(QImage::Format_RGB32);
-    constexpr int kQuickest = 1, kLengthBefore = 4; // qCompress puts the length before the stream
-    const qsizetype size = RowsInPlace(image);
-    const QByteArray packed = qCompress(image.constBits(), size, kQuickest);
+QByteArray PngFile(QImage picture, int dotsPerInch) {
+    const auto form = picture.hasAlphaChannel() ? QImage::Format_RGBA8888 : QImage::Format_RGB32;
+    QImage image = std::move(picture).convertToFormat(form);
+    const QByteArray header = Header(image), packed = Packed(image);
     QByteArray file("\x89PNG\r\n\x1A\n", 8);
-    file.reserve(packed.size() + 100);
-    const QByteArray header = Header(image);
+    file.reserve(packed.size() + 200);
     AppendChunk(file, "IHDR", header.constData(), header.size());
+    if (dotsPerInch > 0) {
+        const QByteArray resolution = Resolution(dotsPerInch);
+        AppendChunk(file, "pHYs", resolution.constData(), resolution.size());
+    }
     AppendChunk(file, "IDAT", packed.constData() + kLengthBefore, packed.size() - kLengthBefore);
     AppendChunk(file, "IEND", "", 0);
     return file;

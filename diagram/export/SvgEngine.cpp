@@ -40,8 +40,8 @@ QByteArray AsPng(const QImage &image) {
 bool SvgEngine::begin(QPaintDevice *) {
     out_ << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" "
             "xmlns:xlink=\"http://www.w3.org/1999/xlink\" version=\"1.1\" xml:space=\"preserve\"";
-    out_.Attribute("width", Page().width() / kTwipsPerPixel)
-        .Attribute("height", Page().height() / kTwipsPerPixel);
+    out_.Attribute("width", shown_.width() / kTwipsPerPixel)
+        .Attribute("height", shown_.height() / kTwipsPerPixel);
     out_ << " viewBox=\"0 0 ";
     out_.Point({Page().width(), Page().height()}) << "\">\n";
     return true;

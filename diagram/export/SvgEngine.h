@@ -8,10 +8,10 @@
 
 namespace diagram {
 
-// A unit of the page is a twip.
+// A unit of the page is a twip; the picture is shown larger by `scale`.
 class SvgEngine : public VectorEngine {
 public:
-    explicit SvgEngine(const QSizeF &page) : VectorEngine(page, 1) {}
+    explicit SvgEngine(const QSizeF &page, double scale = 1) : VectorEngine(page, 1), shown_(page * scale) {}
 
     bool begin(QPaintDevice *) override;
     bool end() override;
@@ -37,6 +37,7 @@ protected:
     void PutImage(const QRectF &place, const QImage &image) override;
 
 private:
+    QSizeF shown_;
     void EndShape();
     void DrawImageFile(const QRectF &place, quintptr identity, const QByteArray &mime,
                        const QByteArray &bytes);

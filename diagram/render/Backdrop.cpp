@@ -82,7 +82,7 @@ void PaintBackdrop(Paint &paint) {
         else
             paint.Painter().fillRect(paint.frame.Map(paint.area).toAlignedRect(),
                                      QColor::fromRgb(paint.paper));
-        if (!surface.Picture().IsNull()) PaintBackPicture(paint, surface.Picture());
+        if (!paint.options.paper && !surface.Picture().IsNull()) PaintBackPicture(paint, surface.Picture());
     }
     if (paint.options.grid && surface.GridLines()) PaintGrid(paint, surface);
 }

@@ -1,6 +1,6 @@
 #include "diagram/render/Renderer.h"
 
-#include "diagram/model/AnyItem.h"
+#include "diagram/model/Sights.h"
 #include "diagram/render/Backdrop.h"
 #include "diagram/render/CoarsePainter.h"
 #include "diagram/render/LinkPainter.h"
@@ -75,7 +75,6 @@ bool IsLegible(const Paint &paint, const Font &font) {
 
 void PaintItemCoarsely(Paint &paint, CoarsePainter &coarse, Item &item) {
     if (const Node *node = item.AsNode()) {
-        if (node->Hidden()) return;
         PaintMarked(paint, item, node->Marked());
         if (!coarse.Takes(*node)) return PaintNode(paint, *node);
         coarse.PaintForm(*node);
@@ -83,7 +82,6 @@ void PaintItemCoarsely(Paint &paint, CoarsePainter &coarse, Item &item) {
         return;
     }
     const Link &link = *item.AsLink();
-    if (link.Hidden()) return;
     PaintMarked(paint, item, link.Marked());
     if (!link.Text().isEmpty() && IsLegible(paint, link.Font())) return PaintLink(paint, link);
     coarse.PaintLine(link);
@@ -93,6 +91,47 @@ void PaintItemCoarsely(Paint &paint, CoarsePainter &coarse, Item &item) {
 bool SeesMost(Paint &paint) {
     const QRectF extent = paint.scene.Extent(), seen = extent & paint.area;
     return seen.width() * seen.height() >= 0.5 * extent.width() * extent.height();
+}
+
+bool Hides(const RenderOptions &options, const Item &item) {
+    return options.sights ? options.sights->Hides(item) : IsHidden(item);
+}
+
+Item *ItemOf(Surface &surface, ItemId id) {
+    if (Node *node = surface.FindNode(id)) return node;
+    return surface.FindLink(id);
+}
+
+// What is hidden and shown all the same, which no index knows.
+void AddBroughtBack(Paint &paint, const Sights &sights, std::vector<Item *> &items) {
+    const auto known = items.size();
+    for (const ItemId id : sights.BroughtBack()) {
+        Item *item = ItemOf(paint.scene.Model(), id);
+        if (item && IsHidden(*item) && paint.scene.Bounds(*item).intersects(paint.area))
+            items.push_back(item);
+    }
+    if (items.size() == known) return;
+    std::ranges::sort(items, LiesBelow);
+    items.erase(std::ranges::unique(items).begin(), items.end());
+}
+
+void FindItems(Paint &paint, std::vector<Item *> &items) {
+    paint.scene.ItemsIn(paint.area, items);
+    if (paint.options.sights) AddBroughtBack(paint, *paint.options.sights, items);
+}
+
+// Calls `visit` with each item that isn't hidden, as long as the painting is wanted.
+template <typename Visit>
+void ForShown(const RenderOptions &options, const std::vector<Item *> &items, Visit visit) {
+    constexpr int kBetweenQuestions = 64;
+    int untilQuestion = kBetweenQuestions;
+    for (Item *item : items) {
+        if (Hides(options, *item)) continue;
+        visit(*item);
+        if (!options.goOn || --untilQuestion > 0) continue;
+        if (!options.goOn()) return;
+        untilQuestion = kBetweenQuestions;
+    }
 }
 
 } // namespace
@@ -109,8 +148,8 @@ Renderer::~Renderer() = default;
 void Renderer::Paint(QPainter &painter, Scene &scene, const QRectF &area, const RenderOptions &options) {
     painter.save();
     const Frame frame = SetUp(painter, area, options);
-    diagram::Paint paint{
-        Pencil(painter), frame, options, scene, state_->caches, ToRgb(scene.Model().BackColor()), area};
+    const QRgb paper = options.paper.value_or(ToRgb(scene.Model().BackColor()));
+    diagram::Paint paint{Pencil(painter), frame, options, scene, state_->caches, paper, area};
     PaintBackdrop(paint);
     std::vector<Item *> &items = state_->items;
     items.clear();
@@ -118,14 +157,14 @@ void Renderer::Paint(QPainter &painter, Scene &scene, const QRectF &area, const 
         CoarsePainter coarse(paint);
         paint.pencil.Smooth(false);
         const bool all = SeesMost(paint);
-        if (!all) scene.ItemsIn(area, items);
-        for (Item *item : all ? scene.Model().StackingOrder() : items)
-            PaintItemCoarsely(paint, coarse, *item);
+        if (!all) FindItems(paint, items);
+        ForShown(options, all ? scene.Model().StackingOrder() : items,
+                 [&](Item &item) { PaintItemCoarsely(paint, coarse, item); });
     } else {
         const bool all = options.vector && SeesMost(paint);
-        if (!all) scene.ItemsIn(area, items);
-        for (Item *item : all ? scene.Model().StackingOrder() : items)
-            if (!IsHidden(*item)) PaintItem(paint, *item);
+        if (!all) FindItems(paint, items);
+        ForShown(options, all ? scene.Model().StackingOrder() : items,
+                 [&](Item &item) { PaintItem(paint, item); });
     }
     if (options.selection) PaintHandles(paint);
     painter.restore();

@@ -3,7 +3,9 @@
 
 #include "diagram/model/Surface.h"
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <QColor>
 #include <QRectF>
 
@@ -13,6 +15,7 @@ namespace diagram {
 
 class Scene;
 class ContentTarget;
+class Sights;
 
 // What is drawn besides the diagram itself.
 struct RenderOptions {
@@ -28,6 +31,10 @@ struct RenderOptions {
     QColor handleLine = QColor(0, 95, 184); // and the fill of the handles of the item with the focus
     QColor markColour = QColor(90, 140, 210);
     ContentTarget *target = nullptr; // with `vector`: takes texts and pictures in place of the painter
+    std::optional<QRgb> paper = {};  // in the place of the surface's back colour and picture
+    const Sights *sights = nullptr;  // what to show and hide in place of what the items say
+    // Asked now and then; painting ends, unfinished, once it gives false.
+    std::function<bool()> goOn = {};
 };
 
 // Holds caches of text layouts, forms and scaled pictures; give one renderer to each view. Not for two

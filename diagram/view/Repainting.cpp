@@ -101,6 +101,12 @@ void Repainting::NoteToday(const DayStrip &days) {
         if (line) Update(viewport_.FromSurface(QRectF(line->p1(), line->p2())));
 }
 
+void Repainting::SetSights(Sights sights) {
+    if (sights.IsEmpty() && sights_.IsEmpty()) return;
+    sights_ = std::move(sights);
+    RepaintAll();
+}
+
 void Repainting::SetPageBreaks(std::vector<QLineF> breaks) {
     if (breaks == pageBreaks_) return;
     pageBreaks_ = std::move(breaks);
@@ -137,6 +143,7 @@ void Repainting::PaintArea(QPainter &painter, const QRect &devicePixels) {
     options.yScale = viewport_.yScale() * ratio;
     options.grid = true;
     options.marks = true;
+    if (!sights_.IsEmpty()) options.sights = &sights_;
     // Edges are painted on whole pixels: without the bias a node that lies just on one would fall to either
     // side of it, another one for each strip.
     const QRectF area((devicePixels.left() - kPixelBias) / options.xScale,
@@ -191,7 +198,7 @@ void Repainting::Paint(const QRegion &region, const Overlay &overlay, FocusRing 
     PaintBeyondTheOrigin(painter, surface_, viewport_, region.boundingRect());
     PaintPageBreaks(painter, pageBreaks_, surface_, viewport_);
     if (today_) PaintToday(painter, *today_, surface_, viewport_);
-    PaintSelection(painter, scene_, viewport_, region, ring, overlay.loose);
+    PaintSelection(painter, scene_, viewport_, region, ring, overlay.loose, sights_);
     PaintOverlay(painter, overlay, surface_, viewport_);
 }
 

@@ -2,6 +2,7 @@
 // where it is much.
 #pragma once
 
+#include "diagram/model/Sights.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/view/OverlayPainter.h"
 #include "diagram/view/Screen.h"
@@ -43,6 +44,7 @@ public:
     // Today's line may lie elsewhere now.
     void OutdateToday() { todayOutdated_ = true; }
     void NoteToday(const DayStrip &days);
+    void SetSights(Sights sights);
     void SetPageBreaks(std::vector<QLineF> breaks);
     // The same for the marks of a gesture.
     void NoteOverlay(const Overlay &overlay);
@@ -74,7 +76,8 @@ private:
     std::optional<QLineF> today_; // twips
     bool todayOutdated_ = true;
     std::vector<QLineF> pageBreaks_; // twips
-    OverlayPlace overlayPlace_;      // as last painted
+    Sights sights_;
+    OverlayPlace overlayPlace_; // as last painted
     std::vector<std::pair<ItemKind, ItemId>> selectionTouched_;
     SelectionForm selectionForm_; // as last painted
 };

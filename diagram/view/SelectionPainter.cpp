@@ -2,6 +2,7 @@
 
 #include "diagram/hit/Grips.h"
 #include "diagram/interaction/Press.h"
+#include "diagram/model/Sights.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/LinkStyles.h"
@@ -29,6 +30,7 @@ struct Selection {
     double side; // of a handle as it is met, twips
     Marks marks;
     SelectionForm form;
+    const Sights &sights;
 };
 
 QColor GlowColour(const OverlayLook &look) { return Faded(look.accent, 70); }
@@ -71,7 +73,7 @@ bool IsReached(const Selection &to, const QRectF &pixels) {
 void AddNodes(Selection &to, FocusRing ring) {
     for (const Node *node : to.scene.Model().SelectedNodes()) {
         const QRectF box = to.viewport.FromSurface(node->Bounds());
-        if (node->Hidden() || !IsReached(to, box)) continue;
+        if (to.sights.Hides(*node) || !IsReached(to, box)) continue;
         if (to.form.nodeHandles)
             AddNode(to, *node, node->Id() == to.form.focus ? ring : FocusRing::None);
         else
@@ -116,7 +118,7 @@ void AddBends(Selection &to, const Link &link, const QRectF &label) {
 
 void AddLinks(Selection &to, ItemId loose) {
     for (const Link *link : to.scene.Model().SelectedLinks()) {
-        if (link->Hidden() || link->Id() == loose) continue;
+        if (to.sights.Hides(*link) || link->Id() == loose) continue;
         if (!IsReached(to, to.viewport.FromSurface(to.scene.Bounds(*link)))) continue;
         const QRectF label = to.viewport.FromSurface(to.scene.LabelBounds(*link));
         AddGlow(to, *link, label);
@@ -133,7 +135,7 @@ SelectionForm FormOf(const Surface &surface) {
 }
 
 void PaintSelection(QPainter &painter, Scene &scene, const Viewport &viewport, const QRegion &area,
-                    FocusRing ring, ItemId loose) {
+                    FocusRing ring, ItemId loose, const Sights &sights) {
     const PointerInput pointer{{}, {}, viewport.Pixel(), {}};
     const OverlayLook look = LookFor(scene.Model(), painter);
     const SelectionForm form = FormOf(scene.Model());
@@ -144,7 +146,8 @@ void PaintSelection(QPainter &painter, Scene &scene, const Viewport &viewport, c
                  look,
                  OptionsFor(pointer).handleSize,
                  Marks(look, form.nodeHandles ? Faded(look.accent, 110) : look.accent),
-                 form};
+                 form,
+                 sights};
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, false);
     AddLinks(to, loose);

@@ -10,6 +10,7 @@ class QPainter;
 namespace diagram {
 
 class Scene;
+class Sights;
 class Surface;
 class Viewport;
 
@@ -27,8 +28,8 @@ struct SelectionForm {
 };
 SelectionForm FormOf(const Surface &surface);
 
-// Paints into viewport pixels what lies in `area`. `loose` is a link that shows no handles.
+// Paints into viewport pixels what lies in `area` and is in sight. `loose` is a link that shows no handles.
 void PaintSelection(QPainter &painter, Scene &scene, const Viewport &viewport, const QRegion &area,
-                    FocusRing ring, ItemId loose);
+                    FocusRing ring, ItemId loose, const Sights &sights);
 
 } // namespace diagram

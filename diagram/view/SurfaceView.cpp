@@ -121,6 +121,8 @@ void SurfaceView::SetDays(DayStrip &days) {
     impl_->repainting.OutdateToday();
     impl_->AskForFlush();
 }
+void SurfaceView::SetSights(Sights sights) { impl_->repainting.SetSights(std::move(sights)); }
+
 void SurfaceView::SetPageBreaks(std::vector<QLineF> breaks) {
     impl_->repainting.SetPageBreaks(std::move(breaks));
 }

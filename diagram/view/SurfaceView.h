@@ -20,6 +20,7 @@ namespace diagram {
 class DayStrip;
 class Scene;
 class Renderer;
+class Sights;
 
 // Singular, as at the start of a sentence.
 struct ItemWords {
@@ -102,6 +103,10 @@ public:
 
     // Where pages of paper end, in twips: shown lightly over the diagram, never printed. None at first.
     void SetPageBreaks(std::vector<QLineF> breaks);
+
+    // Shows and hides items for a while in place of what they say themselves: in the picture alone. Empty
+    // ones show what the items say again.
+    void SetSights(Sights sights);
 
     // What nodes and links are called when a screen reader tells of them.
     void SetWords(const ItemWords &words);

@@ -23,14 +23,17 @@ QStringList NamesOf(const Pool &pool, bool tickedAlone) {
     return names;
 }
 
+[[noreturn]] void RaiseUnknown(const char *what, const QString &name, const QStringList &known) {
+    throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("ShowOnly"),
+                         QStringLiteral("There is no %1 '%2'. The map has: %3")
+                             .arg(QLatin1String(what), name, known.join(QLatin1String(", "))));
+}
+
 template <typename Pool>
 void CheckNames(const Pool &pool, const std::optional<QStringList> &chosen, const char *what) {
     const QStringList known = NamesOf(pool, false);
     for (const QString &name : chosen.value_or(QStringList()))
-        if (!known.contains(name))
-            throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("ShowOnly"),
-                                 QStringLiteral("There is no %1 '%2'. The map has: %3")
-                                     .arg(QLatin1String(what), name, known.join(QLatin1String(", "))));
+        if (!known.contains(name)) RaiseUnknown(what, name, known);
 }
 
 template <typename Pool>
@@ -51,19 +54,32 @@ void ApplyTo(diagram::Surface &surface, const document::FilterKeys &keys) {
         timeline::ShowHideTimelineNodes(surface, false);
 }
 
+// Null without one.
+const document::FilterView *ViewOf(const document::clsfrmMain &settings, const QString &name) {
+    if (name.isEmpty()) return nullptr;
+    if (const document::FilterView *view = document::FindView(settings, name)) return view;
+    QStringList known;
+    for (const document::FilterView &view : settings.Views) known << view.Name;
+    RaiseUnknown("view", name, known);
+}
+
 } // namespace
 
-void ShowOnly(document::MapWindow &window, const FilterChoice &choice) {
-    if (!choice.IsGiven()) return;
+QStringList ShowOnly(document::MapWindow &window, const FilterChoice &choice) {
+    if (!choice.IsGiven()) return {};
     document::clsfrmMain &settings = window.clsSettings();
     CheckNames(settings.Levels(), choice.levels, "level");
     CheckNames(settings.Groups(), choice.groups, "group");
+    QStringList missing;
+    if (const document::FilterView *view = ViewOf(settings, choice.view))
+        missing = document::TickView(settings, *view);
     Tick(settings.Levels(), choice.levels);
     Tick(settings.Groups(), choice.groups);
     const document::FilterKeys keys = document::KeysForFilter(NamesOf(settings.Groups(), true).join(u','),
                                                               NamesOf(settings.Levels(), true).join(u','),
                                                               settings.Groups(), settings.Levels());
     for (const int index : window.AddFlow1().Indices()) ApplyTo(window.AddFlow1()[index], keys);
+    return missing;
 }
 
 } // namespace output

@@ -11,11 +11,13 @@ namespace output {
 // Names of the levels and groups to be ticked; what isn't given keeps the ticks of the map.
 struct FilterChoice {
     std::optional<QStringList> levels, groups;
-    bool IsGiven() const { return levels || groups; }
+    QString view = {}; // a named view, whose ticks hold where no names are given
+    bool IsGiven() const { return levels || groups || !view.isEmpty(); }
 };
 
 // Ticks these and shows on all slices what is ticked. Months and their links stay as hidden as they were.
-// Nothing is done without a choice. Error 5 for a name that the map does not have.
-void ShowOnly(document::MapWindow &window, const FilterChoice &choice);
+// Nothing is done without a choice. Error 5 for a name that the map does not have. Levels and groups that the
+// view ticks and the map has no more are left out; gives their names.
+QStringList ShowOnly(document::MapWindow &window, const FilterChoice &choice);
 
 } // namespace output

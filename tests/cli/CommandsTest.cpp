@@ -112,6 +112,67 @@ TEST_F(CommandsTest, CsvLeavesOutWhatItsFilterHides) {
     EXPECT_TRUE(err.contains(QStringLiteral("'nobody'")));
 }
 
+TEST_F(CommandsTest, PicturesHaveTheScaleResolutionAndBackgroundAskedFor) {
+    const QString map = Map("plan.map");
+    const auto picture = [&](const QStringList &options) {
+        EXPECT_EQ(Run(QStringList{"picture", map, Path("a.png")} + options), cli::kGood) << err.toStdString();
+        return QImage(Path("a.png"));
+    };
+    const QImage usual = picture({}), half = picture({"--scale", "50"}),
+                 fine = picture({"--dpi", "192", "--background", "transparent"});
+    EXPECT_NEAR(half.width(), usual.width() / 2.0, 1);
+    EXPECT_NEAR(fine.height(), usual.height() * 2.0, 2);
+    EXPECT_NEAR(fine.dotsPerMeterX() * 0.0254, 192, 0.02);
+    EXPECT_EQ(fine.pixelColor(0, 0).alpha(), 0);
+    EXPECT_FALSE(usual.hasAlphaChannel());
+    EXPECT_EQ(picture({"--background", "white", "--pixels", "300"}).pixelColor(0, 0), QColor(Qt::white));
+    EXPECT_EQ(Run({"picture", map, "--all", Path("all"), "--scale", "20"}), cli::kGood);
+    for (const QStringList &wrong : {QStringList{"--scale", "0"}, {"--dpi", "x"}, {"--background", "red"}})
+        EXPECT_EQ(Run(QStringList{"picture", map, Path("a.png")} + wrong), cli::kUsage);
+    EXPECT_TRUE(err.contains(QStringLiteral("shown, white, transparent")));
+}
+
+TEST_F(CommandsTest, EveryOutputTakesANamedView) {
+    const QString map = Map("plan.map");
+    ASSERT_EQ(Run({"csv", map, Path("some.csv"), "--filter-groups", "Finance"}), cli::kGood);
+    ASSERT_EQ(Run({"csv", map, Path("whole.csv")}), cli::kGood);
+    Execute(map, {"CREATE TABLE [FilterViews] ([View] TEXT, [Level] TEXT, [Group] TEXT)",
+                  "INSERT INTO [FilterViews] SELECT 'Money', NULL, NULL",
+                  "INSERT INTO [FilterViews] SELECT 'Money', [Level], NULL FROM [Levels]",
+                  "INSERT INTO [FilterViews] SELECT 'Money', NULL, 'Finance'"});
+    EXPECT_EQ(Run({"csv", map, Path("out.csv"), "--view", "money"}), cli::kGood) << err.toStdString();
+    EXPECT_FALSE(out.contains(QStringLiteral("no more")));
+    EXPECT_LT(QFile(Path("out.csv")).size(), QFile(Path("whole.csv")).size());
+    EXPECT_EQ(Run({"check", map}), cli::kGood) << out.toStdString();
+    EXPECT_EQ(Run({"info", map}), cli::kGood);
+    EXPECT_TRUE(out.contains(QStringLiteral("views: Money\n")));
+    Execute(map, {"INSERT INTO [FilterViews] SELECT 'Money', 'Gone', NULL"});
+    const QString told = QStringLiteral("the view 'Money' ticks what the map has no more: Gone\n");
+    for (const QStringList &command : {QStringList{"csv", map, Path("out.csv")},
+                                       {"picture", map, Path("out.svg")},
+                                       {"picture", map, "--all", Path("pictures"), "--format", "svg"},
+                                       {"report", "--html", map, Path("out.html")},
+                                       {"slides", map, Path("out.pptx")},
+                                       {"print", map, "--to", Path("out.pdf")}}) {
+        EXPECT_EQ(Run(command + QStringList{"--view", "Money"}), cli::kGood)
+            << command.join(u' ').toStdString() << err.toStdString();
+        EXPECT_TRUE(out.contains(told)) << command.join(u' ').toStdString();
+        EXPECT_EQ(Run(command + QStringList{"--view", "None"}), cli::kFailed);
+        EXPECT_TRUE(err.contains(QStringLiteral("There is no view 'None'. The map has: Money")));
+        EXPECT_EQ(Run(command + QStringList{"--view"}), cli::kUsage);
+    }
+}
+
+TEST_F(CommandsTest, ConvertAndRepairKeepTheViews) {
+    const QString map = Map("plan.map");
+    Execute(map, {"CREATE TABLE [FilterViews] ([View] TEXT, [Level] TEXT, [Group] TEXT)",
+                  "INSERT INTO [FilterViews] SELECT 'Money', NULL, 'Finance'"});
+    ASSERT_EQ(Run({"convert", map, Path("copy.map")}), cli::kGood);
+    ASSERT_EQ(Run({"repair", map, Path("repaired.map")}), cli::kGood);
+    for (const char *name : {"copy.map", "repaired.map"})
+        EXPECT_EQ(Number(Path(name), "SELECT COUNT(*) FROM [FilterViews] WHERE [Group]='Finance'"), 1);
+}
+
 TEST_F(CommandsTest, AnImportThatFailsLeavesTheMapAsItWas) {
     const QString map = Map("plan.map");
     const QByteArray before = support::ReadWholeFile(map);

@@ -1,5 +1,6 @@
 #include "document/Filter.h"
 
+#include "diagram/model/Sights.h"
 #include "diagram/model/Surface.h"
 #include "document/cGroups.h"
 #include "document/cLevels.h"
@@ -52,6 +53,34 @@ TEST_F(FilterTest, ANodeIsShownOnlyWithItsLevelAndOneOfItsGroupsTicked) {
     Apply("Sales,Staff", "Goal,Step");
     EXPECT_FALSE(both.Hidden());
     EXPECT_FALSE(other.Hidden());
+}
+
+TEST_F(FilterTest, APreviewIsWhatApplyingWouldMakeOfItAndWritesNothing) {
+    std::vector<diagram::Node *> nodes{&AddNode(sales, goal), &AddNode(staff, step),
+                                       &AddNode(sales + QLatin1Char(',') + staff, step), &AddNode({}, goal),
+                                       &surface.Nodes().Add(0, 0, 9, 9)};
+    nodes[4]->SetMarked(true);
+    nodes[4]->SetHidden(true);
+    std::vector<diagram::Link *> links;
+    for (diagram::Node *from : nodes)
+        for (diagram::Node *to : nodes) links.push_back(&from->Links().Add(*to));
+    links[7]->SetHidden(true);
+    const char *const lists[][2] = {
+        {"Sales", "Goal"}, {"", ""}, {"Staff,Sales", "Step"}, {"Staff", "Goal,Step"}};
+    for (const auto &[groupNames, levelNames] : lists) {
+        const diagram::Revision before = surface.Revision();
+        const diagram::Sights sights =
+            PreviewFilter(surface, KeysForFilter(QString::fromUtf8(groupNames), QString::fromUtf8(levelNames),
+                                                 groups, levels));
+        EXPECT_EQ(surface.Revision(), before);
+        std::vector<bool> foreseen;
+        for (const diagram::Node *node : nodes) foreseen.push_back(sights.Hides(*node));
+        for (const diagram::Link *link : links) foreseen.push_back(sights.Hides(*link));
+        Apply(groupNames, levelNames);
+        std::size_t at = 0;
+        for (const diagram::Node *node : nodes) EXPECT_EQ(foreseen[at++], node->Hidden()) << groupNames;
+        for (const diagram::Link *link : links) EXPECT_EQ(foreseen[at++], link->Hidden()) << groupNames;
+    }
 }
 
 TEST_F(FilterTest, AnEmptyListHidesEveryNodeWithTags) {

@@ -226,7 +226,10 @@ TEST_F(Commands, ExportAsPictureWritesAMetafileWhereTheUserSays) {
     window.SmartMenuXP1_Click(QStringLiteral("mnuFileExportPicture"));
     EXPECT_TRUE(support::ReadWholeFile(path).startsWith("\xD7\xCD\xC6\x9A"));
     ASSERT_EQ(desktop.dialogs.shownFiles.size(), 1u);
-    EXPECT_EQ(desktop.dialogs.shownFiles[0].filter, QStringLiteral("Windows Meta File|*.wmf"));
+    EXPECT_EQ(
+        desktop.dialogs.shownFiles[0].filter,
+        QStringLiteral("Windows Meta File|*.wmf|PNG Picture|*.png|SVG Drawing|*.svg|PDF Document|*.pdf"));
+    EXPECT_EQ(desktop.dialogs.shownFiles[0].filterRow, 1);
     EXPECT_EQ(desktop.dialogs.shownFiles[0].defaultExtension, QStringLiteral("wmf"));
     EXPECT_EQ(desktop.dialogs.shownFiles[0].flags & 2050, 2050);
     desktop.ExpectSaveFile(QString());

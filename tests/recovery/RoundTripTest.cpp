@@ -29,6 +29,8 @@ void FillPools(KeptWindow &kept) {
     document::cAttachment &attachment = settings.Attachments().add(none);
     attachment.Node = key;
     attachment.Filename = QStringLiteral("/some/where/a.txt");
+    document::KeepView(settings, QStringLiteral("Ansicht ü"));
+    document::KeepView(settings, QStringLiteral("Second"));
 }
 
 // Three slices, one slot left out, each full of chance.
@@ -70,6 +72,28 @@ TEST_F(RoundTrip, EveryPropertyAndPoolComesBack) {
         EXPECT_TRUE(restored->clsSettings().Dirty);
         for (LostMap &lost : Lost()) RemoveFolder(std::move(lost.folder));
     }
+}
+
+TEST_F(RoundTrip, ViewsThatAreKeptRenamedAndDeletedLaterComeBackTheirTicksToo) {
+    auto kept = Filled(NewKept(), 1);
+    kept->journal.Finish();
+    document::clsfrmMain &settings = kept->Memory().clsSettings();
+    document::RenameView(settings, QStringLiteral("Second"), QStringLiteral("Later"));
+    document::DeleteView(settings, QStringLiteral("Ansicht ü"));
+    settings.Levels().Item(1).Selected = !settings.Levels().Item(1).Selected;
+    document::KeepView(settings, QStringLiteral("Third"));
+    kept->journal.Finish();
+    const auto ticks = document::LevelNames(settings, settings.Views[1]);
+    const auto groups = document::GroupNames(settings, settings.Views[1]);
+    kept.reset();
+    const auto window = Restored();
+    document::clsfrmMain &read = window->clsSettings();
+    ASSERT_EQ(read.Views.size(), 2U);
+    EXPECT_EQ(read.Views[0].Name, QStringLiteral("Later"));
+    EXPECT_EQ(read.Views[1].Name, QStringLiteral("Third"));
+    EXPECT_EQ(document::LevelNames(read, read.Views[1]), ticks);
+    EXPECT_EQ(document::GroupNames(read, read.Views[1]), groups);
+    EXPECT_EQ(document::TickView(read, read.Views[1]), QStringList());
 }
 
 TEST_F(RoundTrip, WhatIsEditedLaterComesBackToo) {

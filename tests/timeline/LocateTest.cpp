@@ -1,5 +1,6 @@
 #include "timeline/TimelineNodes.h"
 
+#include "diagram/model/Sights.h"
 #include "document/Tags.h"
 #include "support/Error.h"
 #include "tests/timeline/TimelineTest.h"
@@ -122,6 +123,24 @@ TEST_F(Locating, HidingTheTimelineHidesMonthsAndTheLinksToTheirDays) {
     ShowHideTimelineNodes(flow, true);
     EXPECT_FALSE(month.Hidden());
     EXPECT_FALSE(user.Links().Item(1).Hidden());
+}
+
+TEST_F(Locating, APreviewOfTheTimelineIsWhatHidingItWouldMakeOfIt) {
+    diagram::Node &user = UserNode(), &away = UserNode();
+    LocateTimelineNode(flow, QStringLiteral("05 March 2004"), true, &user);
+    LocateTimelineNode(flow, QStringLiteral("31 March 2004"), true, &away);
+    away.SetHidden(true);
+    diagram::Node &month = *LocateTimelineNodes(flow).front();
+    for (const bool shown : {false, true}) {
+        diagram::Sights sights;
+        PreviewTimelineNodes(flow, shown, sights);
+        const bool foreseen[] = {sights.Hides(month), sights.Hides(user.Links().Item(1)),
+                                 sights.Hides(away.Links().Item(1))};
+        ShowHideTimelineNodes(flow, shown);
+        EXPECT_EQ(foreseen[0], month.Hidden());
+        EXPECT_EQ(foreseen[1], user.Links().Item(1).Hidden());
+        EXPECT_EQ(foreseen[2], away.Links().Item(1).Hidden());
+    }
 }
 
 TEST_F(Locating, UnhidingShowsWhateverIsHiddenAndReadsLikeAMonth) {

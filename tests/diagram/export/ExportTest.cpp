@@ -1,5 +1,6 @@
 #include "diagram/export/Export.h"
 
+#include "diagram/export/PictureKinds.h"
 #include "diagram/export/PngFile.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/Shapes.h"
@@ -198,6 +199,111 @@ TEST(Export, OtherEndings_AreAnErrorThatNamesThePath) {
     }
 }
 
+TEST(Export, ScaleAndResolutionMakeThePixelsOfAPngWhichTellsTheResolution) {
+    Surface surface;
+    surface.Nodes().Add(0, 0, 1440, 720).SetDrawWidth(0);
+    ExportOptions options;
+    options.margin = 0;
+    const QSizeF page = PictureSize(surface, options);
+    const auto sizeAt = [&](double scale, int dots) {
+        options.scale = scale;
+        options.dotsPerInch = dots;
+        const QImage image = QImage::fromData(ExportPicture(surface, PictureFormat::Png, options), "png");
+        EXPECT_NEAR(image.dotsPerMeterX() * 0.0254, dots, 0.02);
+        EXPECT_EQ(image.size(), PngSize(page, options));
+        return image.width();
+    };
+    const int usual = sizeAt(1, 96);
+    EXPECT_NEAR(usual, page.width() / 15, 1);
+    EXPECT_NEAR(sizeAt(2, 96), 2 * usual, 1);
+    EXPECT_NEAR(sizeAt(0.5, 96), usual / 2, 1);
+    EXPECT_NEAR(sizeAt(1, 192), 2 * usual, 1);
+    options.pixels = 300;
+    EXPECT_EQ(sizeAt(5, 300), 300) << "the side that is given holds";
+    options.pixels = 0;
+    options.scale = 1000;
+    EXPECT_EQ(PngSize(page, options).width(), 16384);
+}
+
+TEST(Export, ScaleMakesSvgAndPdfLargerAndLeavesTheDrawingAsItIs) {
+    Surface surface;
+    Fill(surface);
+    ExportOptions twice;
+    twice.scale = 2;
+    const auto number = [](const QByteArray &svg, const QByteArray &name) {
+        const qsizetype at = svg.indexOf(name + "=\"") + name.size() + 2;
+        return svg.mid(at, svg.indexOf('"', at) - at).toDouble();
+    };
+    const QByteArray svg = ExportPicture(surface, PictureFormat::Svg),
+                     large = ExportPicture(surface, PictureFormat::Svg, twice);
+    EXPECT_NEAR(number(large, "width"), 2 * number(svg, "width"), 0.1);
+    EXPECT_NEAR(number(large, "height"), 2 * number(svg, "height"), 0.1);
+    EXPECT_EQ(large.mid(large.indexOf("viewBox")), svg.mid(svg.indexOf("viewBox")));
+    const auto box = [](const QByteArray &pdf) {
+        const qsizetype at = pdf.indexOf("/MediaBox [") + 11;
+        return pdf.mid(at, pdf.indexOf(']', at) - at).simplified().split(' ')[2].toDouble();
+    };
+    EXPECT_NEAR(box(ExportPicture(surface, PictureFormat::Pdf, twice)),
+                2 * box(ExportPicture(surface, PictureFormat::Pdf)), 2);
+}
+
+TEST(Export, TheBackgroundIsAsShownWhiteOrNone) {
+    Surface surface;
+    surface.SetBackColor(support::Rgb(1, 2, 3));
+    QImage dots(40, 40, QImage::Format_RGB32);
+    dots.fill(qRgb(200, 10, 10));
+    surface.SetPicture(Picture::FromImage(dots));
+    Node &node = surface.Nodes().Add(1500, 1500, 1000, 1000);
+    node.SetFillColor(support::Rgb(10, 20, 30));
+    const auto cornerOf = [&](PictureBackground background) {
+        ExportOptions options;
+        options.background = background;
+        const QImage image = QImage::fromData(ExportPicture(surface, PictureFormat::Png, options), "png");
+        EXPECT_EQ(image.pixelColor(image.rect().center()), QColor(10, 20, 30));
+        EXPECT_EQ(image.convertToFormat(QImage::Format_ARGB32),
+                  ExportImage(surface, options).convertToFormat(QImage::Format_ARGB32));
+        return image.pixelColor(2, 2);
+    };
+    EXPECT_EQ(cornerOf(PictureBackground::AsShown), QColor(1, 2, 3));
+    EXPECT_EQ(cornerOf(PictureBackground::White), QColor(Qt::white));
+    EXPECT_EQ(cornerOf(PictureBackground::Transparent).alpha(), 0);
+    node.SetLeft(0);
+    node.SetTop(0);
+    node.SetWidth(300);
+    ExportOptions white;
+    white.background = PictureBackground::White;
+    ExportOptions none;
+    none.background = PictureBackground::Transparent;
+    const auto rectangles = [&](const ExportOptions &options) {
+        const QByteArray svg = ExportPicture(surface, PictureFormat::Svg, options);
+        return std::pair(CountOf(svg, "<image"), CountOf(svg, "#010203"));
+    };
+    EXPECT_GT(rectangles({}).first, 0);
+    EXPECT_GT(rectangles({}).second, 0);
+    EXPECT_EQ(rectangles(white), std::pair(0, 0));
+    EXPECT_EQ(rectangles(none), std::pair(0, 0));
+    for (const PictureFormat format : {PictureFormat::Pdf, PictureFormat::Wmf, PictureFormat::Emf})
+        EXPECT_LT(ExportPicture(surface, format, none).size(), ExportPicture(surface, format).size());
+}
+
+TEST(Export, APictureThatIsGivenUpWritesNoFile) {
+    QTemporaryDir folder;
+    Surface surface;
+    for (int i = 0; i < 200; ++i) surface.Nodes().Add(float(100 * i), 0, 90, 90);
+    ExportOptions options;
+    int asked = 0;
+    options.goOn = [&asked] { return ++asked < 2; };
+    for (const PictureKind &kind : kPictureKinds) {
+        asked = 0;
+        const QString path = folder.filePath(QStringLiteral("a.") + QLatin1String(kind.ending));
+        EXPECT_FALSE(ExportPictureFile(surface, path, options)) << kind.ending;
+        EXPECT_FALSE(QFile::exists(path)) << kind.ending;
+        EXPECT_LT(asked, 5) << "what is left is not painted";
+    }
+    options.goOn = [] { return true; };
+    EXPECT_TRUE(ExportPictureFile(surface, folder.filePath(QStringLiteral("a.png")), options));
+}
+
 TEST(Export, MissingFolder_IsAnErrorThatNamesThePath) {
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("none/y.svg"));
@@ -221,6 +327,17 @@ TEST(PngFile, IsReadBackAsItWas) {
         EXPECT_EQ(image, before);
         EXPECT_EQ(QImage::fromData(kept, "png").convertToFormat(QImage::Format_RGB32), before);
         EXPECT_EQ(PngFile(std::move(image)), kept);
+    }
+}
+
+TEST(PngFile, KeepsAlphaWhereThereIsAny) {
+    for (const QSize size : {QSize(37, 19), QSize(1, 5), QSize(5, 1), QSize(1, 1)}) {
+        QImage image(size, QImage::Format_ARGB32);
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) image.setPixel(x, y, qRgba(x * 7, y, 3, 5 * x + 7 * y));
+        const QImage read = QImage::fromData(PngFile(image), "png");
+        EXPECT_EQ(read.convertToFormat(QImage::Format_ARGB32), image);
+        EXPECT_EQ(PngFile(QImage(size, QImage::Format_RGB32)).at(25), '\x02') << "three colours";
     }
 }
 

@@ -67,6 +67,38 @@ TEST_F(FilterChoiceTest, ANameThatTheMapDoesNotHaveChangesNothing) {
     EXPECT_TRUE(settings.Levels().Item(goal).Selected);
 }
 
+TEST_F(FilterChoiceTest, AViewTicksBothListsAndNamesThatAreGivenGoFirst) {
+    diagram::Node &plain = AddNode(first, step, sales), &other = AddNode(first, goal, staff);
+    settings.Levels().Item(goal).Selected = false;
+    document::KeepView(settings, QStringLiteral("Steps"));
+    settings.Levels().Item(goal).Selected = true;
+    EXPECT_EQ(ShowOnly(*window, {{}, {}, QStringLiteral("steps")}), QStringList());
+    EXPECT_FALSE(plain.Hidden());
+    EXPECT_TRUE(other.Hidden());
+    EXPECT_FALSE(settings.Levels().Item(goal).Selected);
+    ShowOnly(*window, {QStringList{QStringLiteral("Goal")}, QStringList{QStringLiteral("Staff")},
+                       QStringLiteral("Steps")});
+    EXPECT_TRUE(plain.Hidden());
+    EXPECT_FALSE(other.Hidden());
+}
+
+TEST_F(FilterChoiceTest, AViewWhoseLevelIsGoneShowsTheRestAndSaysSo) {
+    diagram::Node &node = AddNode(first, step, sales);
+    document::KeepView(settings, QStringLiteral("Steps"));
+    settings.Levels().Remove(goal);
+    EXPECT_EQ(ShowOnly(*window, {{}, {}, QStringLiteral("Steps")}), QStringList{QStringLiteral("Goal")});
+    EXPECT_FALSE(node.Hidden());
+}
+
+TEST_F(FilterChoiceTest, AViewThatTheMapDoesNotHaveIsAnErrorThatNamesThoseItHas) {
+    document::KeepView(settings, QStringLiteral("Steps"));
+    const support::Error error = document::testing::ErrorOf([&] {
+        ShowOnly(*window, {{}, {}, QStringLiteral("Plan")});
+    });
+    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Description(), QStringLiteral("There is no view 'Plan'. The map has: Steps"));
+}
+
 TEST_F(FilterChoiceTest, DateLinksStayWithTheirMonths) {
     diagram::Node &node = AddNode(first, goal, sales);
     timeline::LocateTimelineNode(first, QStringLiteral("17 May 2024"), true, &node);

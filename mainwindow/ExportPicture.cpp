@@ -1,0 +1,104 @@
+// The current slice as a picture file.
+#include "app/settings/GetSet.h"
+#include "diagram/export/PictureKinds.h"
+#include "mainwindow/Exchange.h"
+#include "mainwindow/frmMain.h"
+#include "mainwindow/LongTask.h"
+#include "mainwindow/PictureChoice.h"
+#include "mainwindow/ShowForm.h"
+#include "support/Files.h"
+
+#include <QCoreApplication>
+
+namespace mainwindow {
+
+namespace {
+
+using diagram::PictureFormat;
+
+QString Tr(const char *text) { return QCoreApplication::translate("ExportPicture", text); }
+
+// The rows of the file dialog, in its order.
+struct PictureRow {
+    const char *filter;
+    PictureFormat format;
+};
+constexpr PictureRow kRows[] = {{"Windows Meta File|*.wmf", PictureFormat::Wmf},
+                                {"PNG Picture|*.png", PictureFormat::Png},
+                                {"SVG Drawing|*.svg", PictureFormat::Svg},
+                                {"PDF Document|*.pdf", PictureFormat::Pdf}};
+constexpr char kLastRow[] = "PictureRow";
+constexpr long kFlags = support::fileflags::kPathMustExist | support::fileflags::kOverwritePrompt;
+
+QString Filter() {
+    QStringList rows;
+    for (const PictureRow &row : kRows) rows << QLatin1String(row.filter);
+    return rows.join(u'|');
+}
+
+// Counted from 1.
+int LastRow() {
+    const int row = settings::GetSet(QLatin1String(kLastRow)).toInt();
+    return row >= 1 && row <= int(std::size(kRows)) ? row : 1;
+}
+
+QString EndingOf(PictureFormat format) { return u'.' + QLatin1String(diagram::KindOf(format).ending); }
+
+bool MayReplace(frmMain &window, const QString &file) {
+    if (!support::FileExists(file)) return true;
+    return window.Desktop().messageBoxes.Show(
+               Tr("%1 already exists.\r\nDo you want to replace it?").arg(support::FileTitle(file)),
+               support::Buttons::YesNo, support::Icon::Question, Tr("Export as Picture"),
+               support::EnterPresses::No) == support::Answer::Yes;
+}
+
+// A name whose ending is none of a picture's gets that of its row, but for a metafile's, which has any name.
+// Empty when a file stands there that is to stay.
+QString NamedFor(frmMain &window, const QString &file, PictureFormat format) {
+    if (format == PictureFormat::Wmf || diagram::KindOfFile(file)) return file;
+    const QString named = file + EndingOf(format);
+    return MayReplace(window, named) ? named : QString();
+}
+
+void Write(frmMain &window, const QString &file, const PictureFormArgument &argument) {
+    LongTask task(window, Tr("Exporting the picture"));
+    diagram::ExportOptions options = OptionsOf(argument.choice, argument.format);
+    options.goOn = [&task] { return task.GoOn(); };
+    diagram::ExportPictureFile(window.CurrentSurface(), file, options);
+}
+
+void AskAndWrite(frmMain &window, const QString &file, PictureFormat format) {
+    PictureFormArgument argument{format, diagram::PictureSize(window.CurrentSurface()), LoadPictureChoice()};
+    if (!ShowForm(window, argument, Tr("Exporting pictures"))) return;
+    SavePictureChoice(argument.choice);
+    Write(window, file, argument);
+}
+
+void Export(frmMain &window, const QString &file, PictureFormat ofRow) {
+    const diagram::PictureKind *kind = diagram::KindOfFile(file);
+    const PictureFormat format = kind ? kind->format : ofRow;
+    if (format == PictureFormat::Wmf) return diagram::WriteMetafile(window.CurrentSurface(), file);
+    if (format == PictureFormat::Emf) {
+        diagram::ExportPictureFile(window.CurrentSurface(), file);
+        return;
+    }
+    AskAndWrite(window, file, format);
+}
+
+} // namespace
+
+void mnuFileExportPicture(frmMain &window) {
+    window.SetMousePointer(document::pointer::kNormal);
+    int row = LastRow();
+    const QString chosen = window.Desktop().dialogs.ShowSaveFileDialog(
+        Filter(), QStringLiteral("wmf"), PlaceBeside(window, EndingOf(kRows[row - 1].format)), kFlags,
+        &window, row);
+    if (chosen.isEmpty() || row < 1 || row > int(std::size(kRows))) return;
+    const PictureFormat format = kRows[row - 1].format;
+    const QString file = NamedFor(window, chosen, format);
+    if (file.isEmpty()) return;
+    settings::SaveSet(QLatin1String(kLastRow), QString::number(row));
+    Export(window, file, format);
+}
+
+} // namespace mainwindow
