@@ -54,7 +54,7 @@ void AddTimelineLink(document::MapWindow &window, diagram::Surface &Flow, diagra
 void AddTimelineLinks(document::MapWindow &window, diagram::Surface &Flow,
                       const std::vector<NodeDate> &dates) {
     support::PassOn("AddTimelineLink", [&] {
-        if (!LocateTimeLineTemplateNode(Flow, false)) SetUp(window, Flow);
+        if (!IsConfigured(Flow)) SetUp(window, Flow);
         TranslateDates(Flow);
         DateIndex index(Flow);
         for (const NodeDate &dated : dates) {

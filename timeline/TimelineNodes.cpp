@@ -47,6 +47,7 @@ void CopyLook(const diagram::Node &from, diagram::Node &month) {
     month.SetxTextMargin(from.xTextMargin());
     month.SetyTextMargin(from.yTextMargin());
     month.SetPicture(from.Picture());
+    if (from.Width() == 0) return; // not configured: the months stay as large as they are
     month.SetHeight(from.Height());
     month.SetWidth(from.Width());
 }
@@ -58,6 +59,11 @@ diagram::Node *LocateTimeLineTemplateNode(diagram::Surface &Flow, bool Create) {
     if (!Create) return nullptr;
     CreateTimelineTemplateNode(Flow);
     return LocateTimeLineTemplateNode(Flow, false);
+}
+
+bool IsConfigured(diagram::Surface &Flow) {
+    const diagram::Node *look = LocateTimeLineTemplateNode(Flow, false);
+    return look && look->Width() != 0;
 }
 
 void CreateTimelineTemplateNode(diagram::Surface &Flow) {

@@ -22,6 +22,8 @@ inline const QString kTemplateNodeText = QStringLiteral("TIMELINE TEMPLATE NODE"
 // The first hidden node with that text, made first where it is missing and Create is true; else null. A new
 // one has no size: that says that nobody has set the timeline up yet.
 diagram::Node *LocateTimeLineTemplateNode(diagram::Surface &Flow, bool Create);
+// Whether the surface has one, with a width.
+bool IsConfigured(diagram::Surface &Flow);
 // Makes it unless there is one.
 void CreateTimelineTemplateNode(diagram::Surface &Flow);
 
@@ -45,6 +47,7 @@ diagram::Node *LocateTimelineNode(diagram::Surface &Flow, const QString &TheDate
                                   diagram::Node *LinkFrom = nullptr, DateIndex *index = nullptr);
 
 // Gives every month in sight the look and the size of the template node, which is made where it is missing.
+// A template node without a width gives no size.
 void CopyTemplateLook(diagram::Surface &Flow);
 
 // Whether the node stands for a day: hidden, marked, not to be selected.
