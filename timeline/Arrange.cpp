@@ -149,7 +149,7 @@ private:
     bool HasDays(const QString &month) const {
         const std::optional<QDate> first = ParseDate(month);
         for (int day = 1; first && day <= first->daysInMonth(); ++day)
-            if (index_.Find(FormatDate(QDate(first->year(), first->month(), day), kDayPattern))) return true;
+            if (index_.FindDay(QDate(first->year(), first->month(), day))) return true;
         return false;
     }
 
@@ -169,9 +169,8 @@ private:
 
     diagram::Node &Create(const QString &month, const QString &creating) {
         window_.DoStatus(creating + month);
-        diagram::Node &node = *LocateTimelineNode(flow_, month, true);
+        diagram::Node &node = *LocateTimelineNode(flow_, month, true, nullptr, &index_);
         document::SetTag(node, kTheDate, month);
-        index_.Add(node);
         ++created_;
         return node;
     }

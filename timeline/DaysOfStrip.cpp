@@ -5,6 +5,7 @@
 #include "document/Tags.h"
 #include "support/Val.h"
 #include "timeline/AddTimelineLink.h"
+#include "timeline/DateIndex.h"
 #include "timeline/DateText.h"
 #include "timeline/Strip.h"
 #include "timeline/TimelineNodes.h"
@@ -94,6 +95,7 @@ std::optional<QDate> DaysOfStrip::DayAt(const diagram::Surface &flow, const QPoi
 }
 
 std::optional<QLineF> DaysOfStrip::PlaceOf(const diagram::Surface &flow, const QDate &date) const {
+    const DateMeant meant{QDate(date.year(), date.month(), 1), true};
     const QString text = FormatDate(date, kMonthPattern);
     for (const diagram::Node *month : LocateTimelineNodes(flow)) {
         if (month->Hidden() || month->Bounds().isEmpty() || MonthOf(*month) != text) continue;

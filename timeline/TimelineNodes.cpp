@@ -22,11 +22,20 @@ diagram::Node &AddTimelineNode(diagram::Surface &flow, const QString &date) {
     return node;
 }
 
+template <typename Condition>
+diagram::Node *FirstNode(const diagram::Surface &flow, Condition condition) {
+    for (diagram::Node &node : flow.Nodes())
+        if (IsTimelineMaterial(node) && condition(document::GetTag(node, kTheDate))) return &node;
+    return nullptr;
+}
+
 diagram::Node *NodeOfDate(const diagram::Surface &flow, const QString &date, const DateIndex *index) {
     if (index) return index->Find(date);
-    for (diagram::Node &node : flow.Nodes())
-        if (IsTimelineMaterial(node) && document::GetTag(node, kTheDate) == date) return &node;
-    return nullptr;
+    if (diagram::Node *exact = FirstNode(flow, [&](const QString &each) { return each == date; }))
+        return exact;
+    const std::optional<DateMeant> meant = MeaningOf(date);
+    if (!meant) return nullptr;
+    return FirstNode(flow, [&](const QString &each) { return MeaningOf(each) == meant; });
 }
 
 // The date in the pattern; what is no date stays as it is.

@@ -1,5 +1,6 @@
 // The nodes of a surface that make its timeline: months, hidden days, and the hidden node that gives the
-// months their look. Dates are compared as texts, letter for letter.
+// months their look. Dates are compared as texts, letter for letter; where none is the same, by what they
+// mean.
 #pragma once
 
 #include "document/DefaultNodes.h"
@@ -39,10 +40,11 @@ bool HasMonthForm(const QString &text);
 // month.
 std::vector<diagram::Node *> LocateTimelineNodes(const diagram::Surface &Flow);
 
-// The first timeline node whose date is `TheDate`. Where there is none and Create is true it is made: without
-// LinkFrom as a month; with it as a hidden day, whose month is made too where it is missing. LinkFrom is then
-// linked to it by a marked link that cannot be selected. Null when there is none. With an index of the
-// surface nothing is walked over; it is told of new nodes.
+// The first timeline node whose date is `TheDate`, else the first that means the same by its date. Where
+// there is none and Create is true it is made: without LinkFrom as a month; with it as a hidden day, whose
+// month is made too where it is missing. LinkFrom is then linked to it by a marked link that cannot be
+// selected. Null when there is none. With an index of the surface nothing is walked over; it is told of new
+// nodes.
 diagram::Node *LocateTimelineNode(diagram::Surface &Flow, const QString &TheDate, bool Create,
                                   diagram::Node *LinkFrom = nullptr, DateIndex *index = nullptr);
 
