@@ -38,7 +38,7 @@ void mnuViewTimeline(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
     {
         const ActionGroup step(surface);
-        timeline::ShowHideTimelineNodes(surface, window.MenuValue(QStringLiteral("mnuViewTimeline")));
+        timeline::ShowTimeline(window, surface, window.MenuValue(QStringLiteral("mnuViewTimeline")));
     }
     window.ClickTab();
 }

@@ -44,6 +44,15 @@ void RemoveLinks(diagram::Node &node, Condition condition) {
     for (diagram::Link *link : links) node.Owner().Remove(*link);
 }
 
+void HideDateLink(diagram::Node &node) {
+    for (diagram::Link *link : node.Links())
+        if (IsTimelineLink(*link)) link->SetHidden(true);
+}
+
+void HideMonths(diagram::Surface &flow) {
+    for (diagram::Node *month : LocateTimelineNodes(flow)) month->SetHidden(true);
+}
+
 } // namespace
 
 void AddTimelineLink(document::MapWindow &window, diagram::Surface &Flow, diagram::Node &Node,
@@ -56,11 +65,14 @@ void AddTimelineLinks(document::MapWindow &window, diagram::Surface &Flow,
     support::PassOn("AddTimelineLink", [&] {
         if (!IsConfigured(Flow)) SetUp(window, Flow);
         TranslateDates(Flow);
+        const bool hidden = IsTimelineHidden(Flow);
         DateIndex index(Flow);
         for (const NodeDate &dated : dates) {
             RemoveLinks(*dated.node, IsTimelineLink);
             LocateTimelineNode(Flow, dated.date, true, dated.node, &index);
+            if (hidden) HideDateLink(*dated.node);
         }
+        if (hidden) HideMonths(Flow);
         UpdateTimeLineNodes(window, Flow, true);
     });
 }

@@ -62,7 +62,7 @@ struct Settings {
 class Run {
 public:
     Run(document::MapWindow &window, diagram::Surface &flow, const Settings &settings)
-        : window_(window), flow_(flow), settings_(settings), index_(flow) {}
+        : window_(window), flow_(flow), settings_(settings), hidden_(IsTimelineHidden(flow)), index_(flow) {}
 
     // Counts months and collects days; false without a month.
     bool FindNodes() {
@@ -171,6 +171,7 @@ private:
         window_.DoStatus(creating + month);
         diagram::Node &node = *LocateTimelineNode(flow_, month, true, nullptr, &index_);
         document::SetTag(node, kTheDate, month);
+        node.SetHidden(hidden_);
         ++created_;
         return node;
     }
@@ -190,12 +191,32 @@ private:
     document::MapWindow &window_;
     diagram::Surface &flow_;
     const Settings &settings_;
+    const bool hidden_; // the strip as a whole
     DateIndex index_;
     int months_ = 0;
     int created_ = 0;
     std::vector<diagram::Node *> days_;
     AxisTable table_;
 };
+
+std::size_t MonthsInSight(const diagram::Surface &flow) {
+    return std::size_t(std::ranges::count(LocateTimelineNodes(flow), false, &diagram::Node::Hidden));
+}
+
+// Two months in sight over one another, or one without extent: an arrangement met them while they were
+// hidden.
+bool IsDisarranged(const diagram::Surface &flow) {
+    std::vector<QRectF> boxes;
+    for (const diagram::Node *month : LocateTimelineNodes(flow))
+        if (!month->Hidden()) boxes.push_back(month->Bounds());
+    const auto before = [](const QRectF &a, const QRectF &b) {
+        return std::pair(a.left(), a.top()) < std::pair(b.left(), b.top());
+    };
+    std::ranges::sort(boxes, before);
+    const auto meet = [](const QRectF &a, const QRectF &b) { return a.adjusted(1, 1, -1, -1).intersects(b); };
+    return std::ranges::any_of(boxes, &QRectF::isEmpty) ||
+           std::ranges::adjacent_find(boxes, meet) != boxes.end();
+}
 
 } // namespace
 
@@ -261,6 +282,12 @@ void UpdateTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, bo
         CopyTemplateLook(Flow);
         if (Arrange) ArrangeTimeLineNodes(window, Flow, kStoredArrangement);
     });
+}
+
+void ShowTimeline(document::MapWindow &window, diagram::Surface &Flow, bool Shown) {
+    const std::size_t before = MonthsInSight(Flow);
+    ShowHideTimelineNodes(Flow, Shown);
+    if (MonthsInSight(Flow) > before && IsDisarranged(Flow)) UpdateTimeLineNodes(window, Flow, true);
 }
 
 void DoUnHideTimelineNodes(document::MapWindow &window, diagram::Surface &Flow) {

@@ -59,8 +59,15 @@ bool NodeIsTimeline(const diagram::Node &Node);
 int DaysPerMonth(const QString &Month);
 
 // Shows or hides the months of the surface, with the links that end on their days; links of a hidden node
-// stay as they are. Months take the width of the template node. Nothing is laid out.
+// stay as they are. Months take the width of the template node. Those that the user hid stay hidden, and as
+// they are, unless that is every month. Nothing is laid out.
 void ShowHideTimelineNodes(diagram::Surface &Flow, bool Shown);
+
+// Hides the one month, until ShowHiddenMonths. Nothing is laid out.
+void HideMonth(diagram::Node &month);
+// Whether the strip as a whole is hidden: there are months, none is seen, and some not by the user's hand
+// month by month.
+bool IsTimelineHidden(const diagram::Surface &Flow);
 
 // Shows each hidden node whose text has the form of a month, the default node excepted, whatever it is.
 void ShowHiddenMonths(diagram::Surface &Flow);

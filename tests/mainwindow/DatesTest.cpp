@@ -373,6 +373,45 @@ TEST_F(Strips, HidingAMonthClearsTheSelection) {
     EXPECT_TRUE(surface.SelectedNodes().empty());
 }
 
+TEST_F(Strips, AMonthHiddenByItsPopupStaysSoWhenAFilterListCloses) {
+    diagram::Surface &surface = window.CurrentSurface();
+    timeline::AddTimelineLink(window, surface, AddNode(window, 6000, 3000), QStringLiteral("20 April 2004"));
+    diagram::Node &month = *timeline::LocateTimelineNodes(surface).front();
+    window.ShowNodeProperties(month, 0, 0);
+    window.SMXP_Click(QStringLiteral("mnuTemplateNodeHide"));
+    window.ssDBLevels_CloseUp();
+    EXPECT_TRUE(month.Hidden());
+    EXPECT_EQ(timeline::LocateTimelineNodes(surface).back()->Left(), 0);
+    window.SMXP_Click(QStringLiteral("mnuTemplateNodeUnHide"));
+    window.ssDBLevels_CloseUp();
+    EXPECT_FALSE(month.Hidden());
+    EXPECT_EQ(timeline::LocateTimelineNodes(surface).back()->Left(), 3100);
+}
+
+TEST_F(Strips, AFilterListLeavesTheHiddenTimelineOfAnotherSliceHidden) {
+    desktop.ExpectInput(QStringLiteral("Name for Slice."), QStringLiteral("Second"));
+    window.DoInsertSlice();
+    window.TabStrip().SetTheTab(1);
+    ProcessEvents();
+    diagram::Surface &first = window.AddFlow1()[0];
+    diagram::Node *dated = nullptr;
+    for (diagram::Node &each : first.Nodes())
+        if (each.Text() == QLatin1String("Launch")) dated = &each;
+    ASSERT_TRUE(dated);
+    document::SetTag(*dated, document::tags::kGroup, window.clsSettings().Groups().Item(1).Key);
+    document::SetTag(*dated, document::tags::kLevel, window.clsSettings().Levels().Item(1).Key);
+    window.clsSettings().Groups().Item(1).Selected = true;
+    window.clsSettings().Levels().Item(1).Selected = true;
+    window.LoadCombos();
+    timeline::ShowHideTimelineNodes(first, false);
+    ASSERT_TRUE(dated->Links().Item(1).Hidden());
+    ASSERT_NE(window.CurrentIndex(), 0);
+    window.ssDBGroups_CloseUp();
+    EXPECT_FALSE(dated->Hidden());
+    EXPECT_TRUE(dated->Links().Item(1).Hidden());
+    EXPECT_TRUE(timeline::LocateTimelineNodes(first).front()->Hidden());
+}
+
 TEST_F(Strips, LinksEndOnTheirDaysSlotAtEveryZoom) {
     diagram::Surface &surface = window.CurrentSurface();
     const diagram::Link &link = node.Links().Item(1);
