@@ -27,6 +27,8 @@ void SetUp(document::MapWindow &window, diagram::Surface &flow) {
     const bool shown = WantsToSetUp(window);
     diagram::Node &look = *LocateTimeLineTemplateNode(flow, true);
     TimelineSetupArgument argument{window, &flow, &look};
+    QVariantMap choices;
+    argument.choices = &choices;
     if (shown) document::Show(window, argument);
     if (shown && look.Width() != 0) return;
     argument.pressOk = true;
