@@ -29,6 +29,7 @@
 #include "mainwindow/WindowPrinting.h"
 #include "mainwindow/WindowStatus.h"
 #include "support/Printers.h"
+#include "timeline/Arrange.h"
 
 #include <algorithm>
 #include <QApplication>
@@ -107,6 +108,7 @@ void frmMain::Form_Load() {
     SetWindowCaption(document::UntitledCaption());
     frmSplash::ShowDoing(tr("Loading Defaults"));
     document::LoadDefaults(AddFlow1_[0]);
+    timeline::CarryArrangement(AddFlow1_[0]);
     LoadCombos();
     frmSplash::ShowDoing(QString());
     ClickTab();

@@ -41,10 +41,7 @@ void GiveKey(diagram::Node &node) {
 // What the surface doesn't store yet comes from the template node.
 struct Settings {
     Settings(diagram::Surface &flow, diagram::Node &look, int align) {
-        if (align == kStoredArrangement && document::GetTag(flow, kTimelineAlign).isEmpty()) {
-            const QString stored = document::GetTag(look, kTimelineAlign);
-            document::SetTag(flow, kTimelineAlign, stored.isEmpty() ? kDefaultArrangement : stored);
-        }
+        if (align == kStoredArrangement) CarryArrangement(flow);
         arrangement =
             align == kStoredArrangement ? int(support::Val(document::GetTag(flow, kTimelineAlign))) : align;
         if (document::GetTag(look, kDateFormat).isEmpty()) document::SetTag(look, kDateFormat, kMonthPattern);
@@ -238,6 +235,13 @@ void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, i
         window.clsSettings().Dirty = true;
         window.DoStatus(QString());
     });
+}
+
+void CarryArrangement(diagram::Surface &Flow) {
+    if (!document::GetTag(Flow, kTimelineAlign).isEmpty()) return;
+    const diagram::Node *look = LocateTimeLineTemplateNode(Flow, false);
+    const QString stored = look ? document::GetTag(*look, kTimelineAlign) : QString();
+    document::SetTag(Flow, kTimelineAlign, stored.isEmpty() ? kDefaultArrangement : stored);
 }
 
 void FillMissingDates(AxisTable &Dates, const QString &StartDate, const QString &EndDate,

@@ -37,6 +37,9 @@ using AxisTable = std::vector<AxisRow>;
 // month while missing ones are added: what was done until then stays.
 void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, int Align);
 
+// Stores the arrangement of the surface's template node, else the middle, where the surface stores none.
+void CarryArrangement(diagram::Surface &Flow);
+
 // Writes each month between the two that has no row yet into the first row without a month, at most
 // kMostCreated. The table gets as many rows as there are months; error 9 when it had more.
 void FillMissingDates(AxisTable &Dates, const QString &StartDate, const QString &EndDate,

@@ -150,6 +150,7 @@ TEST_F(Dates, SetupChangesThePatternAndTheArrangementAsOneStep) {
 
 TEST_F(Dates, ACancelledSetupLeavesTheSliceAsItWas) {
     const int before = window.CurrentSurface().Nodes().Count();
+    const QString tag = window.CurrentSurface().Tag();
     for (const char *command : {"mnuViewTimelineSetup", "mnuViewDefaultNode"}) {
         desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
             argument.Flow->SetTag(QStringLiteral("|TM_Align=3"));
@@ -157,7 +158,7 @@ TEST_F(Dates, ACancelledSetupLeavesTheSliceAsItWas) {
         });
         window.SmartMenuXP1_Click(QLatin1String(command));
         EXPECT_EQ(window.CurrentSurface().Nodes().Count(), before);
-        EXPECT_EQ(window.CurrentSurface().Tag(), QString());
+        EXPECT_EQ(window.CurrentSurface().Tag(), tag);
         EXPECT_FALSE(window.CurrentSurface().CanUndo());
     }
 }
@@ -175,6 +176,18 @@ TEST_F(Dates, TheDefaultNodeAndTheFirstLevelShareOneColour) {
     window.SmartMenuXP1_Click(QStringLiteral("mnuViewDefaultNode"));
     EXPECT_EQ(window.CurrentSurface().Defaults().shape, 4);
     EXPECT_EQ(window.CurrentSurface().Defaults().fillColor, window.clsSettings().Levels().Item(1).Color);
+}
+
+TEST_F(Dates, ANewSliceKeepsItsArrangementThroughItsFile) {
+    desktop.ExpectInput(QStringLiteral("Name for Slice."), QStringLiteral("Second"));
+    window.DoInsertSlice();
+    window.clsSettings().SetDatabase(MapFile(QStringLiteral("plain.map")));
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileSave"));
+    document::DoLoad(window);
+    ProcessEvents();
+    for (const int slice : {0, 1})
+        EXPECT_EQ(document::GetTag(window.AddFlow1()[slice], document::tags::kTimelineAlign),
+                  QStringLiteral("4"));
 }
 
 TEST_F(Dates, AMapWithATimelineComesBackFromItsFile) {
