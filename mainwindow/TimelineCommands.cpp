@@ -5,6 +5,8 @@
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/UndoRedo.h"
+#include "mainwindow/WindowStatus.h"
 #include "support/Val.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
@@ -45,9 +47,16 @@ void mnuViewTimeline(frmMain &window) {
 
 void mnuViewDefaultNode(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
-    ActionGroup step(surface);
-    if (!ShowSetup(window, *document::LocateTemplateNode(surface, true), true)) return step.TakeBack();
-    document::ApplyDefaults(surface);
+    const document::cLevels &levels = window.clsSettings().Levels();
+    const document::cLevel former = levels.count() > 0 ? levels.Item(1) : document::cLevel();
+    const std::uint64_t before = surface.Revision().step;
+    {
+        ActionGroup step(surface);
+        if (!ShowSetup(window, *document::LocateTemplateNode(surface, true), true)) return step.TakeBack();
+        document::ApplyDefaults(surface);
+    }
+    if (const document::cLevel *level = levels.NewEnum().Find(former.Key))
+        window.History().Note({before, surface.Revision().step, former.Key, former.Color, level->Color});
 }
 
 void mnuViewTimelineSetup(frmMain &window) {

@@ -24,6 +24,7 @@
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/TemplateBar.h"
 #include "mainwindow/TimelinePopup.h"
+#include "mainwindow/UndoRedo.h"
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowParts.h"
 #include "mainwindow/WindowPrinting.h"

@@ -11,6 +11,7 @@
 #include "timeline/setup/frmDate.h"
 #include "timeline/setup/frmTimelineSetup.h"
 #include "timeline/TimelineNodes.h"
+#include "widgets/SwatchButton.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -176,6 +177,37 @@ TEST_F(Dates, TheDefaultNodeAndTheFirstLevelShareOneColour) {
     window.SmartMenuXP1_Click(QStringLiteral("mnuViewDefaultNode"));
     EXPECT_EQ(window.CurrentSurface().Defaults().shape, 4);
     EXPECT_EQ(window.CurrentSurface().Defaults().fillColor, window.clsSettings().Levels().Item(1).Color);
+}
+
+TEST_F(Dates, UndoOfTheDefaultNodeTakesTheFirstLevelsColourBack) {
+    document::cLevel &level = window.clsSettings().Levels().Item(1);
+    const support::Colour former = level.Color, chosen = 0x123456;
+    ASSERT_NE(former, chosen);
+    const auto choose = [&] {
+        desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
+            timeline::frmTimelineSetup form(argument, nullptr);
+            form.findChild<widgets::SwatchButton *>(QStringLiteral("cmdChangeFill"))->SetValue(chosen);
+            form.OKButton_Click();
+            return true;
+        });
+        window.SmartMenuXP1_Click(QStringLiteral("mnuViewDefaultNode"));
+    };
+    document::MarkSaved(window);
+    choose();
+    EXPECT_EQ(level.Color, chosen);
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_EQ(level.Color, former);
+    EXPECT_FALSE(document::HasUnsavedWork(window));
+    Press(window, QStringLiteral("Ctrl+Y"));
+    EXPECT_EQ(level.Color, chosen);
+    AddNode(window, 300, 300, QStringLiteral("another"));
+    window.tlbMain_ButtonClick(QStringLiteral("UNDO"));
+    EXPECT_EQ(level.Color, former) << "by the button too";
+    window.tlbMain_ButtonClick(QStringLiteral("REDO"));
+    EXPECT_EQ(level.Color, chosen);
+    level.Color = 0x654321;
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_EQ(level.Color, 0x654321) << "chosen since, in the list of levels";
 }
 
 TEST_F(Dates, ANewSliceKeepsItsArrangementThroughItsFile) {
