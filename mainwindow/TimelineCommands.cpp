@@ -12,6 +12,7 @@
 #include "timeline/Arrange.h"
 #include "timeline/DateText.h"
 #include "timeline/setup/frmDate.h"
+#include "timeline/Tidy.h"
 #include "timeline/TimelineNodes.h"
 
 #include <algorithm>
@@ -31,6 +32,10 @@ std::vector<diagram::Node *> NodesToDate(const diagram::Surface &surface) {
     std::vector<diagram::Node *> nodes = surface.SelectedNodes();
     std::erase_if(nodes, [](const diagram::Node *node) { return !node->Selectable(); });
     return nodes;
+}
+
+void Tell(frmMain &window, const QString &text) {
+    window.Status().TellInPassing(settings::ReplaceTerms(text));
 }
 
 } // namespace
@@ -85,6 +90,25 @@ void keyDate(frmMain &window) {
     }
     if (form.date) timeline::AddTimelineLinks(window, surface, dates);
     window.clsSettings().Dirty = true;
+    window.ClickTab();
+    if (form.date && timeline::IsTimelineHidden(surface))
+        Tell(window, frmMain::tr("The timeline is hidden; View, Timeline shows it."));
+}
+
+void mnuViewTimelineTidy(frmMain &window) {
+    const ActionGroup step(window.CurrentSurface());
+    const int gone = timeline::TidyTimeline(window, window.CurrentSurface());
+    if (gone == 0) return Tell(window, frmMain::tr("Every month of the timeline is needed."));
+    window.ClickTab();
+    Tell(window, gone == 1 ? frmMain::tr("One month has gone that no @NODE needs.")
+                           : frmMain::tr("%1 months have gone that no @NODE needs.").arg(gone));
+}
+
+// What the strip itself says of its end stays.
+void mnuViewTimelineFill(frmMain &window) {
+    const ActionGroup step(window.CurrentSurface());
+    const int come = timeline::FillInMissingMonths(window, window.CurrentSurface());
+    if (come == 0) return Tell(window, frmMain::tr("No months are missing."));
     window.ClickTab();
 }
 

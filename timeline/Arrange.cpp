@@ -14,6 +14,7 @@
 #include "timeline/TimelineNodes.h"
 
 #include <algorithm>
+#include <QCoreApplication>
 #include <QHash>
 
 namespace timeline {
@@ -142,7 +143,24 @@ public:
         }
     }
 
+    // What the user has to know when no more months could be added; else nothing.
+    QString StoppedText() const {
+        if (created_ < kMostCreated) return {};
+        for (std::size_t i = 1; i < table_.size() && !table_[i][kKey].isEmpty(); ++i)
+            if (MonthBoundaries(CDate(table_[i - 1][kMonth]), CDate(table_[i][kMonth])) > 1)
+                return Stopped(table_[i - 1][kMonth], table_[i][kMonth]);
+        return {};
+    }
+
 private:
+    static QString Stopped(const QString &before, const QString &behind) {
+        return QCoreApplication::translate("timeline",
+                                           "The timeline stopped after %1 new months: those between %2 and "
+                                           "%3 are still missing. Fill in missing months goes on.")
+            .arg(kMostCreated)
+            .arg(before, behind);
+    }
+
     bool HasDays(const QString &month) const {
         const std::optional<QDate> first = ParseDate(month);
         for (int day = 1; first && day <= first->daysInMonth(); ++day)
@@ -233,7 +251,7 @@ void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, i
         run.WriteTexts();
         run.Place();
         window.clsSettings().Dirty = true;
-        window.DoStatus(QString());
+        window.DoStatus(run.StoppedText());
     });
 }
 

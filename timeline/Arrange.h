@@ -20,7 +20,7 @@ namespace timeline {
 enum class Arrangement { Left, Right, Top, Bottom, Center };
 constexpr int kStoredArrangement = -1; // the one that the surface stores
 
-// A run adds no more months than this.
+// A run adds no more months than this; where that is too few the status bar says so in the end.
 constexpr int kMostCreated = 48;
 
 // The month nodes of a run: the key of the node, empty where it is to be made, and its month as canonical
