@@ -78,7 +78,7 @@ void keyDate(frmMain &window) {
     const std::vector<diagram::Node *> nodes = NodesToDate(surface);
     if (nodes.empty()) return;
     timeline::DateFormArgument form{timeline::ParseDate(timeline::DateOfNode(*nodes.front())),
-                                    window.Desktop().clock.Now().date()};
+                                    timeline::ViewFrom(window.Desktop().clock.Now().date(), surface)};
     if (!document::Show(window, form)) return;
     const ActionGroup step(surface);
     std::vector<timeline::NodeDate> dates;
