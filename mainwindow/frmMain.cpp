@@ -28,11 +28,13 @@
 #include "mainwindow/TemplateBar.h"
 #include "mainwindow/TimelinePopup.h"
 #include "mainwindow/Toolbar.h"
+#include "mainwindow/UndoRedo.h"
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowParts.h"
 #include "mainwindow/WindowPrinting.h"
 #include "mainwindow/WindowStatus.h"
 #include "support/Printers.h"
+#include "timeline/Arrange.h"
 
 #include <algorithm>
 #include <QApplication>
@@ -111,6 +113,7 @@ void frmMain::Form_Load() {
     SetWindowCaption(document::UntitledCaption());
     frmSplash::ShowDoing(tr("Loading Defaults"));
     document::LoadDefaults(AddFlow1_[0]);
+    timeline::CarryArrangement(AddFlow1_[0]);
     LoadCombos();
     frmSplash::ShowDoing(QString());
     ClickTab();

@@ -137,6 +137,8 @@ constexpr const char *kMenu[] = {
     "mnuView|keyShapes|command|Choose a Shap&e...",
     "mnuView||sep|",
     "mnuView|keyDate|command|D&ate...",
+    "mnuView|mnuViewTimelineTidy|command|Tidy the timeline",
+    "mnuView|mnuViewTimelineFill|command|Fill in missing months",
     "mnuView|DISPLAY|check|Bot&h texts",
     "mnuView|EXPAND|command|E&xpand Timeline Nodes",
     "mnuView|COMPRESS|command|&Compress Timeline Nodes",
