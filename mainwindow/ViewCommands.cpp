@@ -73,10 +73,11 @@ void mnuViewBackgroundClear(frmMain &window) {
 
 void mnuViewLevels(frmMain &window) {
     dialogs::LevelsFormArgument argument{window, window.clsSettings().Levels()};
+    const LevelColours former = ColoursOf(argument.oLevels);
     document::Show(window, argument);
     window.LoadLevelCombo();
     window.ssDBLevels_CloseUp();
-    window.DoFixColors();
+    window.DoFixColors(former);
     if (!argument.status.isEmpty()) window.Status().TellInPassing(argument.status);
 }
 

@@ -6,6 +6,7 @@
 #include "document/SurfaceArray.h"
 #include "mainwindow/clsTabStrip.h"
 #include "mainwindow/Commands.h"
+#include "mainwindow/LevelColours.h"
 
 #include <memory>
 #include <QEventLoop>
@@ -116,8 +117,8 @@ public:
     void ssDBLevels_CloseUp();
     TickBox &ssDBGroups() const;
     TickBox &ssDBLevels() const;
-    // Gives the nodes of the current slice the colours of their levels.
-    void DoFixColors();
+    // Repaints the nodes of the current slice whose fill is their level's former colour: see FollowLevels.
+    void DoFixColors(const LevelColours &former);
     Finder &Find() const { return *finder_; }
     FilterBoxes &Filter() const { return *filter_; }
     WindowPrinting &Printing() const { return *printing_; }
