@@ -10,9 +10,9 @@ namespace mainwindow {
 namespace {
 constexpr int kRecentCaptionLength = 25;
 
-std::array<std::span<const CommandRow>, 9> Tables() {
+std::array<std::span<const CommandRow>, 10> Tables() {
     return {FileCommands(), EditCommands(),    ViewCommands(),    LayoutCommands(), HelpCommands(),
-            KeyCommands(),  EditKeyCommands(), ArrangeCommands(), FindCommands()};
+            KeyCommands(),  EditKeyCommands(), ArrangeCommands(), FindCommands(),   LookCommands()};
 }
 } // namespace
 

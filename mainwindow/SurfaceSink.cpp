@@ -2,6 +2,7 @@
 
 #include "diagram/model/Surface.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/LookBar.h"
 #include "mainwindow/WindowStatus.h"
 #include "support/Error.h"
 
@@ -81,13 +82,21 @@ void SurfaceSink::GotFocus(diagram::Surface &surface) {
 
 void SurfaceSink::ItemAdded(diagram::Item &) { form_.Status().HiddenMayDiffer(); }
 void SurfaceSink::ItemChanged(diagram::Item &, diagram::Change what) {
+    using enum diagram::Change;
+    if (diagram::Has(what, Look | Text | Selection)) form_.Look().MayDiffer();
     if (diagram::Has(what, diagram::Change::Visibility | diagram::Change::Data))
         form_.Status().HiddenMayDiffer();
     else
         form_.ScheduleUpdate();
 }
-void SurfaceSink::ItemRemoved(diagram::Item &) { form_.Status().HiddenMayDiffer(); }
+void SurfaceSink::ItemRemoved(diagram::Item &) {
+    form_.Status().HiddenMayDiffer();
+    form_.Look().MayDiffer();
+}
 void SurfaceSink::SurfaceChanged(diagram::Change) { form_.ScheduleUpdate(); }
-void SurfaceSink::Cleared() { form_.Status().HiddenMayDiffer(); }
+void SurfaceSink::Cleared() {
+    form_.Status().HiddenMayDiffer();
+    form_.Look().MayDiffer();
+}
 
 } // namespace mainwindow

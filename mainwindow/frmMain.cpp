@@ -15,6 +15,7 @@
 #include "mainwindow/Finder.h"
 #include "mainwindow/frmPics.h"
 #include "mainwindow/frmSplash.h"
+#include "mainwindow/LookBar.h"
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/Placement.h"
 #include "mainwindow/SliceEditor.h"
@@ -129,6 +130,7 @@ void frmMain::BuildMenus() {
     SetMenuValue(QStringLiteral("mnuViewRBPrompt"), RHSPrompt());
     SetMenuValue(QStringLiteral("mnuViewTemplates"), templates_->Pane().IsShown());
     SetMenuValue(QStringLiteral("mnuViewStartPage"), settings::GetStartPageEnabled());
+    SetMenuValue(QStringLiteral("mnuViewLook"), look_->IsShown());
 }
 
 void frmMain::Form_Activate() {

@@ -26,6 +26,7 @@ class FilterBoxes;
 class Finder;
 class frmLayers;
 class frmPics;
+class LookBar;
 class LostMapOffers;
 class PickBox;
 class PutBack;
@@ -121,6 +122,7 @@ public:
     void DoFixColors(const LevelColours &former);
     Finder &Find() const { return *finder_; }
     FilterBoxes &Filter() const { return *filter_; }
+    LookBar &Look() const { return *look_; }
     WindowPrinting &Printing() const { return *printing_; }
     CommandSearch &Search() const;
     // Each runs through frmLayers, unseen but for the last, and rebuilds the slices once the user went
@@ -214,6 +216,7 @@ private:
     std::unique_ptr<WindowStatus> status_;
     PutBack *putBack_ = nullptr;
     std::unique_ptr<FilterBoxes> filter_;
+    std::unique_ptr<LookBar> look_;
     std::unique_ptr<Finder> finder_;
     std::unique_ptr<LostMapOffers> lostMaps_;
     std::unique_ptr<StartOffer> start_;
