@@ -18,6 +18,7 @@ using widgets::ChoiceSection;
 
 constexpr int kColoursInRow = 6;
 constexpr int kArrowsInRow = 6;
+constexpr int kMostRows = 7;     // of a list with names: it fits a small screen at 200 per cent
 constexpr QSize kSwatch(24, 18); // pixels
 
 QString Tr(const char *text) { return QCoreApplication::translate("mainwindow::Look", text); }
@@ -58,7 +59,7 @@ public:
 
     ChoiceSection Others() const {
         ChoiceSection section = Swatches({});
-        section.columns = 1;
+        section.columns = 2;
         section.named = true;
         if (row_.what == LookOf::Fill) section.choices.push_back(Of(kNoFill, Tr("No fill")));
         section.choices.push_back(
@@ -70,6 +71,7 @@ public:
         ChoiceSection section{{}, {}, 1, true, widgets::kPictureSize};
         for (const widgets::ListEntry &entry : widgets::EntriesOf(*ListOfLook(row_.what)))
             section.choices.push_back(Of(entry.value, NameOfLook(row_, entry.value)));
+        section.columns = (int(section.choices.size()) + kMostRows - 1) / kMostRows;
         const bool isArrow = row_.what == LookOf::ArrowStart || row_.what == LookOf::ArrowEnd;
         if (isArrow) section.named = false, section.columns = kArrowsInRow;
         return section;

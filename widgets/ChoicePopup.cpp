@@ -147,7 +147,10 @@ QToolButton *ChoicePopup::AddChoice(const Choice &choice, const ChoiceSection &s
 void ChoicePopup::OpenAt(const QRect &place) {
     const QScreen *screen = QGuiApplication::screenAt(place.center());
     if (!screen) screen = QGuiApplication::primaryScreen();
-    setGeometry(BesidePlace(sizeHint(), place, screen->availableGeometry()));
+    const QRect room = screen->availableGeometry();
+    QRect at(BesidePlace(sizeHint(), place, room).topLeft(), sizeHint()); // rather over the place than cut
+    at.moveTop(qMax(room.top(), qMin(at.top(), room.bottom() + 1 - at.height())));
+    setGeometry(at);
     show();
     GoTo(begin_);
 }

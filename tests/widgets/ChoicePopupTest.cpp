@@ -131,6 +131,18 @@ TEST_F(Choices, StandWholeOnTheScreen) {
     EXPECT_LE(popup->geometry().bottom(), anchor.mapToGlobal(QPoint()).y()) << "above";
 }
 
+TEST_F(Choices, CoverTheirPlaceWhereThereIsNoRoomBeside) {
+    const QRect screen = anchor.screen()->availableGeometry();
+    ChoiceSection list{{}, {}, 1, true, QSize(18, 18)};
+    while (int(list.choices.size()) * 30 < screen.height() * 3 / 4) list.choices.push_back(Of("x"));
+    anchor.setGeometry(screen.left(), screen.center().y(), 30, 30);
+    anchor.show();
+    popup = new ChoicePopup(QStringLiteral("Colours"), {list}, &anchor);
+    popup->OpenAt(Place());
+    EXPECT_TRUE(screen.contains(popup->geometry()));
+    EXPECT_GE(popup->height(), popup->sizeHint().height()) << "nothing is cut";
+}
+
 TEST_F(Choices, NoneAtAllDoNothing) {
     Open(std::vector<ChoiceSection>{});
     for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Tab, Qt::Key_Return, Qt::Key_A}) Key(key);
