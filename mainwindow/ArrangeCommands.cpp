@@ -76,8 +76,6 @@ constexpr CommandRow kRows[] = {
         "Equal size"),
     Row("mnuArrangeSize", "keySameSize", "Same &size", MakeSame<SameSize::Both>, "samesize",
         "Equal width and height"),
-    Separator("mnuArrange"),
-    {"mnuArrange", "mnuArrangeText", "&Text", kMenu},
 };
 
 } // namespace

@@ -11,9 +11,10 @@ namespace mainwindow {
 namespace {
 constexpr int kRecentCaptionLength = 25;
 
-std::array<std::span<const CommandRow>, 10> Tables() {
-    return {FileCommands(),    EditCommands(), ViewCommands(),    ShapeCommands(), LayoutCommands(),
-            ArrangeCommands(), HelpCommands(), EditKeyCommands(), FindCommands(),  KeyCommands()};
+std::array<std::span<const CommandRow>, 11> Tables() {
+    return {FileCommands(),   EditCommands(),    ViewCommands(), ShapeCommands(),
+            LayoutCommands(), ArrangeCommands(), HelpCommands(), EditKeyCommands(),
+            FindCommands(),   LookCommands(),    KeyCommands()};
 }
 } // namespace
 

@@ -16,7 +16,7 @@ class frmMain;
 enum class EntryKind { Menu, Command, Check, Separator };
 
 // What of the window's state a command needs; its entries are disabled without it.
-enum class Needs { Nothing, Undo, Redo, Selection, SelectionOrText, Printers };
+enum class Needs { Nothing, Undo, Redo, Selection, SelectionOrText, CopiedLook, Printers };
 
 using Routine = void (*)(frmMain &);
 
@@ -52,6 +52,7 @@ std::span<const CommandRow> HelpCommands();
 // Behind the others in the menus Edit and View.
 std::span<const CommandRow> EditKeyCommands();
 std::span<const CommandRow> FindCommands();
+std::span<const CommandRow> LookCommands();
 std::span<const CommandRow> KeyCommands();
 
 // All of them in that order.

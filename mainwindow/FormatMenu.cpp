@@ -13,22 +13,16 @@ namespace {
 
 struct EntryRow {
     const char *menu;
-    const char *button; // empty: a separator
+    const char *button;
     const char *caption;
     const char *before = ""; // the name of the separator above which it stands; empty: at the end
 };
 
-// The shapes of a new element have a menu of their own, below their button.
+// The shapes of a new element have a menu of their own, below their button; buttons that belong to a command
+// come with it.
 constexpr EntryRow kRows[] = {
     {"mnuArrange", "FRONT", QT_TRANSLATE_NOOP("FormatMenu", "Bring to &front"), "mnuArrangeSep1"},
     {"mnuArrange", "BACK", QT_TRANSLATE_NOOP("FormatMenu", "Send to &back"), "mnuArrangeSep1"},
-    {"mnuArrangeText", "BOLD", QT_TRANSLATE_NOOP("FormatMenu", "&Bold")},
-    {"mnuArrangeText", "ITALIC", QT_TRANSLATE_NOOP("FormatMenu", "&Italic")},
-    {"mnuArrangeText", "ULINE", QT_TRANSLATE_NOOP("FormatMenu", "&Underline")},
-    {"mnuArrangeText", "", ""},
-    {"mnuArrangeText", "LEFT", QT_TRANSLATE_NOOP("FormatMenu", "&Left")},
-    {"mnuArrangeText", "CENTER", QT_TRANSLATE_NOOP("FormatMenu", "&Center")},
-    {"mnuArrangeText", "RIGHT", QT_TRANSLATE_NOOP("FormatMenu", "&Right")},
     {"mnuView", "DISPLAY", QT_TRANSLATE_NOOP("FormatMenu", "Bot&h texts"), "mnuViewSepGo"},
     {"mnuView", "EXPAND", QT_TRANSLATE_NOOP("FormatMenu", "E&xpand Timeline Nodes"), "mnuViewSepGo"},
     {"mnuView", "COMPRESS", QT_TRANSLATE_NOOP("FormatMenu", "&Compress Timeline Nodes"), "mnuViewSepGo"},
@@ -44,11 +38,7 @@ void AddFormatEntries(const SmartMenu &menus, const Toolbar &format) {
     for (const EntryRow &row : kRows) {
         QMenu *menu = menus.Menu(QLatin1String(row.menu));
         QAction *button = format.Button(QLatin1String(row.button));
-        if (!menu) continue;
-        if (!button) {
-            menu->addSeparator();
-            continue;
-        }
+        if (!menu || !button) continue;
         button->setText(QCoreApplication::translate("FormatMenu", row.caption));
         menu->insertAction(Named(*menu, row.before), button);
     }

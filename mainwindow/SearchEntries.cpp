@@ -6,11 +6,13 @@
 #include "mainwindow/FormatMenu.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/Icons.h"
+#include "mainwindow/LookBar.h"
 #include "mainwindow/ShapeMenu.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/Toolbar.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QMenu>
 
 namespace mainwindow {
@@ -53,7 +55,7 @@ void AddCommands(frmMain &window, SmartMenu &menu, std::vector<SearchEntry> &ent
 void AddFormats(Toolbar &format, std::vector<SearchEntry> &entries) {
     for (const ButtonRow &row : FormatButtons()) {
         QAction *button = format.Button(QLatin1String(row.key));
-        if (!button) continue;
+        if (!button || *row.command) continue; // its command has a line already
         entries.push_back({.caption = WithTerms(row.tip),
                            .place = PlaceIn(MenuOfFormat(QLatin1String(row.key))),
                            .words = frmMain::tr("Format"),
@@ -64,12 +66,31 @@ void AddFormats(Toolbar &format, std::vector<SearchEntry> &entries) {
     }
 }
 
+// A line for each value that the selection can be given, such as "Fill: sky"; for a colour that isn't listed
+// there is the command that opens the popup.
+void AddLooks(frmMain &window, std::vector<SearchEntry> &entries) {
+    for (const LookRow &row : LookRows()) {
+        if (!window.Look().State(row.what).fits) continue;
+        const QString caption = QCoreApplication::translate("mainwindow::Look", row.caption);
+        for (const widgets::ChoiceSection &section : window.Look().Choices(row.what))
+            for (const widgets::Choice &choice : section.choices)
+                if (choice.isValue)
+                    entries.push_back({.caption = frmMain::tr("%1: %2").arg(caption, choice.name),
+                                       .place = {},
+                                       .words = frmMain::tr("Look"),
+                                       .keys = {},
+                                       .icon = choice.icon,
+                                       .run = choice.choose});
+    }
+}
+
 } // namespace
 
 std::vector<SearchEntry> SearchEntries(frmMain &window, SmartMenu &menu, Toolbar &format) {
     std::vector<SearchEntry> entries;
     AddCommands(window, menu, entries);
     AddFormats(format, entries);
+    AddLooks(window, entries);
     for (const ShapeEntry &shape : ShapeEntries())
         entries.push_back({.caption = frmMain::tr("New %1").arg(shape.caption),
                            .place = {},

@@ -3,6 +3,7 @@
 #include "diagram/model/Surface.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/HyperlinkFollower.h"
+#include "mainwindow/LookBar.h"
 #include "mainwindow/WindowPrinting.h"
 #include "mainwindow/WindowStatus.h"
 #include "support/Error.h"
@@ -94,7 +95,9 @@ void SurfaceSink::ItemAdded(diagram::Item &) {
     form_.Printing().SliceChanged();
 }
 void SurfaceSink::ItemChanged(diagram::Item &, diagram::Change what) {
-    if (what != diagram::Change::Selection) form_.Printing().SliceChanged();
+    using enum diagram::Change;
+    if (diagram::Has(what, Look | Text | Selection)) form_.Look().MayDiffer();
+    if (what != Selection) form_.Printing().SliceChanged();
     if (diagram::Has(what, diagram::Change::Visibility | diagram::Change::Data))
         form_.Status().HiddenMayDiffer();
     else
@@ -102,6 +105,7 @@ void SurfaceSink::ItemChanged(diagram::Item &, diagram::Change what) {
 }
 void SurfaceSink::ItemRemoved(diagram::Item &) {
     form_.Status().HiddenMayDiffer();
+    form_.Look().MayDiffer();
     form_.Printing().SliceChanged();
 }
 void SurfaceSink::SurfaceChanged(diagram::Change) {
@@ -110,6 +114,7 @@ void SurfaceSink::SurfaceChanged(diagram::Change) {
 }
 void SurfaceSink::Cleared() {
     form_.Status().HiddenMayDiffer();
+    form_.Look().MayDiffer();
     form_.Printing().SliceChanged();
 }
 

@@ -22,8 +22,13 @@ namespace mainwindow {
 namespace {
 
 bool ShowSetup(frmMain &window, diagram::Node &look, bool asTemplate) {
-    timeline::TimelineSetupArgument argument{window, &window.CurrentSurface(),           &look, asTemplate,
-                                             false,  [&window] { window.DoFixColors(); }};
+    LevelColours former = ColoursOf(window.clsSettings().Levels());
+    const auto follow = [&window, &former] {
+        window.DoFixColors(former);
+        former = ColoursOf(window.clsSettings().Levels());
+    };
+    timeline::TimelineSetupArgument argument{window, &window.CurrentSurface(), &look, asTemplate, false,
+                                             follow};
     return document::Show(window, argument);
 }
 

@@ -3,6 +3,7 @@
 #include "app/settings/Settings.h"
 #include "mainwindow/Icons.h"
 #include "mainwindow/ShapeMenu.h"
+#include "mainwindow/StateButton.h"
 
 #include <algorithm>
 #include <QAction>
@@ -33,12 +34,12 @@ constexpr ButtonRow kMain[] = {
 constexpr ButtonRow kFormat[] = {
     {"NEW", "newe", "New Element", ButtonStyle::DropDown},
     {"", "", "", ButtonStyle::Separator},
-    {"BOLD", "bold", "Bold", kPush, Needs::Selection},
-    {"ITALIC", "italic", "Italic", kPush, Needs::Selection},
-    {"ULINE", "uline", "Underline", kPush, Needs::Selection},
-    {"LEFT", "left", "Left", kPush, Needs::Selection},
-    {"CENTER", "center", "Center", kPush, Needs::Selection},
-    {"RIGHT", "right", "Right", kPush, Needs::Selection},
+    {"BOLD", "bold", "Bold", kPush, Needs::Selection, "mnuEditLookBold", true},
+    {"ITALIC", "italic", "Italic", kPush, Needs::Selection, "mnuEditLookItalic", true},
+    {"ULINE", "uline", "Underline", kPush, Needs::Selection, "mnuEditLookUnderline", true},
+    {"LEFT", "left", "Left", kPush, Needs::Selection, "mnuEditLookLeft", true},
+    {"CENTER", "center", "Center", kPush, Needs::Selection, "mnuEditLookCenter", true},
+    {"RIGHT", "right", "Right", kPush, Needs::Selection, "mnuEditLookRight", true},
     {"FRONT", "front", "Bring to front", kPush, Needs::Selection},
     {"BACK", "back", "Send to back", kPush, Needs::Selection},
     {"DISPLAY", "display", "Toogles the display of both texts on and off", ButtonStyle::Check},
@@ -83,7 +84,8 @@ void Toolbar::AddButtons(std::span<const ButtonRow> rows) {
 void Toolbar::AddButton(const ButtonRow &row) {
     const QString key = QLatin1String(row.key);
     const QString tip = settings::ReplaceTerms(QString::fromUtf8(row.tip));
-    auto *button = new QAction(tip, this);
+    QAction *button = row.showsState ? new StateAction(this) : new QAction(this);
+    button->setText(tip);
     button->setObjectName(key);
     const CommandRow *command = FindCommand(QLatin1String(row.command));
     button->setToolTip(command ? WithKeys(tip, KeysOf(*command)) : tip);
@@ -103,6 +105,11 @@ void Toolbar::AddDropDown(QAction &button) {
     connect(menu, &ShapeMenu::Chosen, this, &Toolbar::ButtonMenuClick);
     if (auto *tool = qobject_cast<QToolButton *>(widgetForAction(&button)))
         tool->setPopupMode(QToolButton::MenuButtonPopup);
+}
+
+void Toolbar::ShowState(const QString &key, Shared state) {
+    if (QAction *action = Button(key))
+        if (auto *button = qobject_cast<StateButton *>(widgetForAction(action))) button->ShowState(state);
 }
 
 void Toolbar::SetEnabled(Needs needs, bool enabled) {

@@ -11,6 +11,7 @@ class QAction;
 
 namespace mainwindow {
 
+enum class Shared;
 enum class ButtonStyle { Push, Check, DropDown, Separator };
 
 struct ButtonRow {
@@ -19,7 +20,8 @@ struct ButtonRow {
     const char *tip; // with placeholders of the product terms
     ButtonStyle style = ButtonStyle::Push;
     Needs needs = Needs::Nothing;
-    const char *command = ""; // that the button of tlbMain runs
+    const char *command = ""; // that does the same
+    bool showsState = false;  // of the selection
 };
 
 std::span<const ButtonRow> MainButtons();   // tlbMain
@@ -38,6 +40,8 @@ public:
     // The button with that key; null for a key that names none.
     QAction *Button(const QString &key) const { return buttons_.value(key); }
     void SetEnabled(Needs needs, bool enabled);
+    // Of a button that shows a state.
+    void ShowState(const QString &key, Shared state);
 
 Q_SIGNALS:
     void ButtonClick(const QString &key);

@@ -9,6 +9,7 @@
 #include "mainwindow/BarPane.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/LookBar.h"
 #include "mainwindow/Overview.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/SliceTurns.h"
@@ -101,10 +102,11 @@ void mnuViewBackgroundClear(frmMain &window) {
 
 void mnuViewLevels(frmMain &window) {
     dialogs::LevelsFormArgument argument{window, window.clsSettings().Levels()};
+    const LevelColours former = ColoursOf(argument.oLevels);
     document::Show(window, argument);
     window.LoadLevelCombo();
     window.ssDBLevels_CloseUp();
-    window.DoFixColors();
+    window.DoFixColors(former);
     if (!argument.status.isEmpty()) window.Status().TellInPassing(argument.status);
 }
 
@@ -142,6 +144,8 @@ void mnuViewStartPage(frmMain &window) {
     SetStartPageEnabled(shows);
     if (shows) window.Start().Offer();
 }
+
+void mnuViewLook(frmMain &window) { window.Look().SetShown(window.MenuValue(QStringLiteral("mnuViewLook"))); }
 
 void mnuViewOverview(frmMain &window) {
     Overview::SetEnabled(window.MenuValue(QStringLiteral("mnuViewOverview")));
@@ -216,6 +220,8 @@ constexpr CommandRow kRows[] = {
     {"mnuView", "mnuViewStartPage", "Show Start Page", kCheck, mnuViewStartPage},
     {"mnuView", "mnuViewOverview", "O&verview", kCheck, mnuViewOverview, "", "", "", Needs::Nothing, false,
      "small picture of the whole @SLICE in a corner"},
+    {"mnuView", "mnuViewLook", "Loo&k Bar", kCheck, mnuViewLook, "", "", "", Needs::Nothing, false,
+     "toolbar hide show"},
 };
 
 // Behind all others.

@@ -15,6 +15,7 @@
 #include "mainwindow/Finder.h"
 #include "mainwindow/frmPics.h"
 #include "mainwindow/frmSplash.h"
+#include "mainwindow/LookBar.h"
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/Overview.h"
 #include "mainwindow/Placement.h"
@@ -138,6 +139,7 @@ void frmMain::BuildMenus() {
     SetMenuValue(QStringLiteral("mnuViewOverview"), Overview::IsEnabled());
     SetMenuValue(QStringLiteral("mnuViewStartPage"), settings::GetStartPageEnabled());
     SetMenuValue(QStringLiteral("mnuViewShapes"), shapes_->IsStripShown());
+    SetMenuValue(QStringLiteral("mnuViewLook"), look_->IsShown());
 }
 
 void frmMain::Form_Activate() {

@@ -6,6 +6,7 @@
 #include "document/SurfaceArray.h"
 #include "mainwindow/clsTabStrip.h"
 #include "mainwindow/Commands.h"
+#include "mainwindow/LevelColours.h"
 
 #include <memory>
 #include <QEventLoop>
@@ -25,6 +26,7 @@ class FilterBoxes;
 class Finder;
 class frmLayers;
 class frmPics;
+class LookBar;
 class LostMapOffers;
 class Overview;
 class PickBox;
@@ -120,10 +122,11 @@ public:
     void ssDBLevels_CloseUp();
     TickBox &ssDBGroups() const;
     TickBox &ssDBLevels() const;
-    // Gives the nodes of the current slice the colours of their levels.
-    void DoFixColors();
+    // Repaints the nodes of the current slice whose fill is their level's former colour: see FollowLevels.
+    void DoFixColors(const LevelColours &former);
     Finder &Find() const { return *finder_; }
     FilterBoxes &Filter() const { return *filter_; }
+    LookBar &Look() const { return *look_; }
     WindowPrinting &Printing() const { return *printing_; }
     CommandSearch &Search() const;
     // Each runs through frmLayers, unseen but for the last, and rebuilds the slices once the user went
@@ -223,6 +226,7 @@ private:
     PutBack *putBack_ = nullptr;
     std::unique_ptr<UndoRedo> history_;
     std::unique_ptr<FilterBoxes> filter_;
+    std::unique_ptr<LookBar> look_;
     std::unique_ptr<Finder> finder_;
     std::unique_ptr<LostMapOffers> lostMaps_;
     std::unique_ptr<StartOffer> start_;

@@ -4,6 +4,8 @@
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/FormatCommands.h"
+#include "mainwindow/frmPics.h"
+#include "mainwindow/LookBar.h"
 #include "mainwindow/Overview.h"
 #include "mainwindow/PutBack.h"
 #include "mainwindow/Selection.h"
@@ -71,8 +73,10 @@ void frmMain::UpdateCommands() {
         {Needs::Redo, surface.CanRedo()},
         {Needs::Selection, selected},
         {Needs::SelectionOrText, selected || FocusedTextBox()},
+        {Needs::CopiedLook, selected && !frmPics_->Look().IsEmpty()},
     };
     for (const auto &[needs, enabled] : states) parts_->SetEnabled(needs, enabled);
+    look_->Update();
     SetMenuValue(QStringLiteral("mnuViewGrid"), surface.GridLines());
     SetMenuValue(QStringLiteral("mnuViewSnapGrid"), surface.SnapToGrid());
     status_->Update();

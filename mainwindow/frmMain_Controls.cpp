@@ -7,6 +7,7 @@
 #include "mainwindow/DroppedFiles.h"
 #include "mainwindow/FilterBoxes.h"
 #include "mainwindow/Finder.h"
+#include "mainwindow/LookBar.h"
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/Overview.h"
 #include "mainwindow/PickBox.h"
@@ -44,6 +45,7 @@ void frmMain::BuildControls() {
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(true);
     parts_ = std::make_unique<WindowParts>(*this);
+    look_ = std::make_unique<LookBar>(*this, *parts_);
     status_ = std::make_unique<WindowStatus>(*this, *parts_->staMain);
     putBack_ = new PutBack(*this, *parts_->staMain);
     history_ = std::make_unique<UndoRedo>(*this);

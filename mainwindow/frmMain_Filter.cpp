@@ -1,7 +1,6 @@
 // The handlers of the two lists of what is shown, by group and by level.
 #include "mainwindow/frmMain.h"
 
-#include "document/Tags.h"
 #include "mainwindow/FilterBoxes.h"
 
 namespace mainwindow {
@@ -35,13 +34,8 @@ void frmMain::ssDBGroups_CloseUp() {
 
 void frmMain::ssDBLevels_CloseUp() { ssDBGroups_CloseUp(); }
 
-void frmMain::DoFixColors() {
-    for (diagram::Node &node : CurrentSurface().Nodes()) {
-        const QString key = document::GetTag(node, document::tags::kLevel);
-        if (key.isEmpty()) continue;
-        if (const document::cLevel *level = clsSettings_->Levels().NewEnum().Find(key))
-            node.SetFillColor(level->Color);
-    }
+void frmMain::DoFixColors(const LevelColours &former) {
+    if (FollowLevels(CurrentSurface(), clsSettings_->Levels(), former)) clsSettings_->Dirty = true;
 }
 
 } // namespace mainwindow

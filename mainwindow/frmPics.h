@@ -1,6 +1,8 @@
-// What all windows of the process share: the program's icon, the lists of fonts, the automatic layouts.
+// What all windows of the process share: the program's icon, the lists of fonts, the automatic layouts, a
+// look that was copied.
 #pragma once
 
+#include "mainwindow/CopiedLook.h"
 #include "mainwindow/LayoutTool.h"
 
 #include <QIcon>
@@ -34,6 +36,7 @@ public:
     // The settings of the two automatic layouts.
     LayoutTool &HFlow() { return hFlow_; }
     LayoutTool &TFlow() { return tFlow_; }
+    CopiedLook &Look() { return look_; }
 
 private:
     explicit frmPics(QObject *parent);
@@ -45,6 +48,7 @@ private:
     QStringList fonts_;
     QStringList sizes_;
     LayoutTool hFlow_, tFlow_;
+    CopiedLook look_;
 };
 
 } // namespace mainwindow

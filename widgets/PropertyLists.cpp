@@ -15,50 +15,59 @@ namespace {
 constexpr int kLargestDrawWidth = 8;
 constexpr int kLargestMargin = 50;
 
-void Add(QComboBox &list, ListOf what, const QString &text, int value) {
-    const QIcon picture = PictureOf(what, value);
-    if (picture.isNull())
-        list.addItem(text, value);
-    else
-        list.addItem(picture, text, value);
-}
+using Entries = std::vector<ListEntry>;
 
 template <auto Table>
-void AddRows(QComboBox &list, ListOf what) {
-    for (const auto &row : Table()) Add(list, what, QString::fromLatin1(row.name), row.value);
+Entries Rows() {
+    Entries entries;
+    for (const auto &row : Table()) entries.push_back({QString::fromLatin1(row.name), row.value});
+    return entries;
 }
 
 template <int Last>
-void AddNumbers(QComboBox &list, ListOf what) {
-    for (int number = 0; number <= Last; ++number) Add(list, what, QString::number(number), number);
+Entries Numbers() {
+    Entries entries;
+    for (int number = 0; number <= Last; ++number) entries.push_back({QString::number(number), number});
+    return entries;
 }
 
 struct ListRow {
     ListOf what;
-    void (*fill)(QComboBox &list, ListOf what);
+    Entries (*entries)();
 };
 constexpr ListRow kLists[] = {
-    {ListOf::Shapes, AddRows<&diagram::ShapeTable>},
-    {ListOf::Orientations, AddRows<&diagram::OrientationTable>},
-    {ListOf::DrawStyles, AddRows<&diagram::LineStyleTable>},
-    {ListOf::DrawWidths, AddNumbers<kLargestDrawWidth>},
-    {ListOf::Shadows, AddRows<&diagram::ShadowTable>},
-    {ListOf::AutoSizes, AddRows<&diagram::AutoSizeTable>},
-    {ListOf::Alignments, AddRows<&diagram::AlignmentTable>},
-    {ListOf::Margins, AddNumbers<kLargestMargin>},
-    {ListOf::PicturePositions, AddRows<&diagram::PicturePosTable>},
-    {ListOf::Arrows, AddRows<&diagram::ArrowTable>},
-    {ListOf::ArrowSizes, AddRows<&diagram::ArrowSizeTable>},
-    {ListOf::LinkStyles, AddRows<&diagram::LinkStyleTable>},
-    {ListOf::JumpStyles, AddRows<&diagram::JumpStyleTable>},
+    {ListOf::Shapes, Rows<&diagram::ShapeTable>},
+    {ListOf::Orientations, Rows<&diagram::OrientationTable>},
+    {ListOf::DrawStyles, Rows<&diagram::LineStyleTable>},
+    {ListOf::DrawWidths, Numbers<kLargestDrawWidth>},
+    {ListOf::Shadows, Rows<&diagram::ShadowTable>},
+    {ListOf::AutoSizes, Rows<&diagram::AutoSizeTable>},
+    {ListOf::Alignments, Rows<&diagram::AlignmentTable>},
+    {ListOf::Margins, Numbers<kLargestMargin>},
+    {ListOf::PicturePositions, Rows<&diagram::PicturePosTable>},
+    {ListOf::Arrows, Rows<&diagram::ArrowTable>},
+    {ListOf::ArrowSizes, Rows<&diagram::ArrowSizeTable>},
+    {ListOf::LinkStyles, Rows<&diagram::LinkStyleTable>},
+    {ListOf::JumpStyles, Rows<&diagram::JumpStyleTable>},
 };
 
 } // namespace
 
+std::vector<ListEntry> EntriesOf(ListOf what) {
+    for (const ListRow &row : kLists)
+        if (row.what == what) return row.entries();
+    return {};
+}
+
 void FillList(QComboBox &list, ListOf what) {
     list.setIconSize(kPictureSize);
-    for (const ListRow &row : kLists)
-        if (row.what == what) row.fill(list, what);
+    for (const ListEntry &entry : EntriesOf(what)) {
+        const QIcon picture = PictureOf(what, entry.value);
+        if (picture.isNull())
+            list.addItem(entry.text, entry.value);
+        else
+            list.addItem(picture, entry.text, entry.value);
+    }
 }
 
 void ShowValue(QComboBox &list, double value) {

@@ -3,6 +3,8 @@
 
 #include <QIcon>
 #include <QSize>
+#include <QString>
+#include <vector>
 
 class QComboBox;
 
@@ -23,6 +25,12 @@ enum class ListOf {
     LinkStyles,
     JumpStyles
 };
+
+struct ListEntry {
+    QString text;
+    int value; // as it is stored
+};
+std::vector<ListEntry> EntriesOf(ListOf what);
 
 // Puts the entries into the empty list: the text, the stored value as data, and a picture where one says
 // more than the text. Nothing is painted before it is seen.

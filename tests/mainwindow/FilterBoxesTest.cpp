@@ -214,16 +214,40 @@ TEST_F(FilterBoxes, TheStatusBarSaysHowManyNodesAreHidden) {
     EXPECT_TRUE(Chip().isHidden());
 }
 
-TEST_F(FilterBoxes, LevelSetupRepaintsTheCurrentSliceInTheColoursOfItsLevels) {
-    desktop.ExpectForm<dialogs::LevelsFormArgument>([this](dialogs::LevelsFormArgument &argument) {
+TEST_F(FilterBoxes, LevelSetupRepaintsTheNodesThatHaveTheFormerColourOfTheirLevelInOneStep) {
+    desktop.ExpectForm<dialogs::LevelsFormArgument>([](dialogs::LevelsFormArgument &argument) {
         argument.oLevels.Item(2).Color = 0x123456;
         return true;
     });
-    diagram::Node &node = Tagged(2, 2), &plain = AddNode(window, 0, 0);
-    const auto before = plain.FillColor();
+    diagram::Node &node = Tagged(2, 2), &second = Tagged(2, 2), &byHand = Tagged(2, 2);
+    diagram::Node &otherLevel = Tagged(2, 1), &plain = AddNode(window, 0, 0);
+    for (diagram::Node *each : {&node, &second, &otherLevel, &plain}) each->SetFillColor(0x222222);
+    byHand.SetFillColor(0xABCDEF);
+    window.clsSettings().Dirty = false;
     window.SmartMenuXP1_Click(QStringLiteral("mnuViewLevels"));
     EXPECT_EQ(node.FillColor(), 0x123456);
-    EXPECT_EQ(plain.FillColor(), before);
+    EXPECT_EQ(second.FillColor(), 0x123456);
+    EXPECT_EQ(byHand.FillColor(), 0xABCDEF) << "chosen by hand";
+    EXPECT_EQ(otherLevel.FillColor(), 0x222222) << "its level's colour is as before";
+    EXPECT_EQ(plain.FillColor(), 0x222222);
+    EXPECT_TRUE(window.clsSettings().Dirty);
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_EQ(node.FillColor(), 0x222222);
+    EXPECT_EQ(second.FillColor(), 0x222222);
+    EXPECT_FALSE(window.CurrentSurface().CanUndo());
+}
+
+TEST_F(FilterBoxes, LevelSetupThatWasCancelledOrChangedNoColourRepaintsNothing) {
+    diagram::Node &node = Tagged(2, 2);
+    node.SetFillColor(0xABCDEF);
+    window.clsSettings().Dirty = false;
+    for (const bool ok : {true, false}) {
+        desktop.ExpectForm<dialogs::LevelsFormArgument>([ok](dialogs::LevelsFormArgument &) { return ok; });
+        window.SmartMenuXP1_Click(QStringLiteral("mnuViewLevels"));
+        EXPECT_EQ(node.FillColor(), 0xABCDEF);
+        EXPECT_FALSE(window.CurrentSurface().CanUndo());
+        EXPECT_FALSE(window.clsSettings().Dirty);
+    }
 }
 
 // The form has changed nothing then, but what it shows is looked at anew.

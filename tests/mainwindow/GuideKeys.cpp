@@ -379,6 +379,39 @@ void GoToFontBoxes(Reader &r) {
     EXPECT_TRUE(r.window->cboFontSize().hasFocus());
 }
 
+void BoldItalicUnderline(Reader &r) {
+    r.Select(*r.a);
+    r.Press("Ctrl+B");
+    EXPECT_TRUE(r.a->Font().Bold());
+    r.Press("Ctrl+I");
+    EXPECT_TRUE(r.a->Font().Italic());
+    r.Press("Ctrl+U");
+    EXPECT_TRUE(r.a->Font().Underline());
+}
+
+void CopyAndPasteLook(Reader &r) {
+    r.a->SetShadow(2);
+    r.Select(*r.a);
+    r.Press("Ctrl+Alt+C");
+    r.Select(*r.b);
+    r.Press("Ctrl+Alt+V");
+    EXPECT_EQ(r.b->Shadow(), 2);
+}
+
+void GoToLookBar(Reader &r) {
+    r.Select(*r.a);
+    r.Press("F8");
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("lookFill"));
+    r.Key(Qt::Key_Right);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("lookLineColour"));
+    r.Key(Qt::Key_Down);
+    QWidget *list = QApplication::activePopupWidget();
+    ASSERT_NE(list, nullptr);
+    QTest::keyClick(list->focusWidget(), Qt::Key_Escape);
+    r.Key(Qt::Key_Escape);
+    EXPECT_TRUE(r.window->CurrentView().hasFocus());
+}
+
 void Help(Reader &r) {
     r.desktop.ExpectLaunch(r.HelpFile());
     r.Press("F1");
@@ -405,6 +438,9 @@ constexpr ToldStep kCommands[] = {
      "to go further",
      GoByLastUse},
     {"Ctrl+Shift+F, Ctrl+Alt+F | the font boxes", GoToFontBoxes},
+    {"Ctrl+B, Ctrl+I, Ctrl+U | bold, italic, underline", BoldItalicUnderline},
+    {"Ctrl+Alt+C, Ctrl+Alt+V | copy the look, paste it", CopyAndPasteLook},
+    {"F8 | the look bar: the arrows go along it, Down opens a list, Escape leaves", GoToLookBar},
     {"F1 | help", Help},
 };
 

@@ -67,6 +67,7 @@ struct ToldStep {
 
 std::span<const ToldStep> ReadmeSteps();
 std::span<const ToldStep> DrawingSteps();
+std::span<const ToldStep> LookSteps();
 std::span<const ToldStep> KeyboardSteps();
 std::span<const ToldStep> CommandSteps();
 std::span<const ToldStep> TemplateSteps();

@@ -52,6 +52,12 @@ constexpr KeyAndCommand kKeys[] = {
     {"Ctrl+H", "keyReplace"},
     {"F3", "keyFindNext"},
     {"Shift+F3", "keyFindPrevious"},
+    {"Ctrl+B", "mnuEditLookBold"},
+    {"Ctrl+I", "mnuEditLookItalic"},
+    {"Ctrl+U", "mnuEditLookUnderline"},
+    {"Ctrl+Alt+C", "mnuEditLookCopy"},
+    {"Ctrl+Alt+V", "mnuEditLookPaste"},
+    {"F8", "keyLook"},
 };
 
 // A window in which every command may run, but none does: what the menu raises is noted.
@@ -63,6 +69,7 @@ protected:
         AddNode(*window, 300, 300).SetSelected(true);
         for (int step = 0; step < 2; ++step) Press(*window, QStringLiteral("Right"));
         window->CurrentSurface().Undo();
+        window->SmartMenuXP1_Click(QStringLiteral("mnuEditLookCopy"));
     }
     void TakeWindow() {
         window = &NewWindow();
