@@ -34,7 +34,8 @@ struct Frame {
         constexpr double kHairline = 0.5;
         const double width = Length(pixels * 15);
         if (!snap) return std::max(width, Length(kHairline * 15));
-        return std::max(1.0, std::floor(width + 0.5));
+        constexpr double kRounding = 1e-6; // zooms like 125 per cent lie between two widths
+        return std::max(1.0, std::floor(width + 0.5 + kRounding));
     }
     // Where the middle of a line of that width must lie to cover whole pixels.
     double SnapLine(double at, double width) const {

@@ -4,9 +4,11 @@
 #include "diagram/edit/History.h"
 #include "diagram/format/Content.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/DayStrip.h"
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
+#include "diagram/view/PastePlace.h"
 #include "diagram/view/SurfaceClipboard.h"
 #include "support/Error.h"
 
@@ -43,7 +45,7 @@ void TryPaste(const char *type, const QByteArray &bytes) {
     Scene scene(surface);
     if (!CanPasteFrom(&data)) return;
     try {
-        PasteFrom(scene, data, QRectF(0, 0, 10000, 7500));
+        PasteFrom(scene, data, {QRectF(0, 0, 10000, 7500), {}, DayStrip::None()});
     } catch (const support::Error &error) {
         constexpr long kAllowed[] = {6, 321, 481};
         Require(std::count(std::begin(kAllowed), std::end(kAllowed), error.Number()) == 1);

@@ -271,8 +271,10 @@ TEST(Metafile, LargePictures_AreNoFinerThanShows) {
 TEST(Metafile, Clips_AreSavedAndRestored) {
     Surface surface;
     Node &node = OneNode(surface);
-    node.SetShape(FindShape(2) ? 2 : 1);
-    node.SetText(QStringLiteral("one\ntwo\nthree\nfour\nfive\nsix\nseven\neight\nnine"));
+    node.SetShape(1);
+    QImage larger(300, 300, QImage::Format_RGB32);
+    larger.fill(Qt::red);
+    node.SetPicture(Picture::FromImage(larger));
     const Played wmf = Wmf(surface), emf = Emf(surface);
     EXPECT_EQ(wmf.Count(0x0416), 1);
     EXPECT_EQ(wmf.Count(0x001E), 2);

@@ -54,7 +54,7 @@ constexpr char kFirstVersion[] =
 
 constexpr char kFirstVersionDump[] =
     "surface Tag=|TM_Align=1 Picture= BackColor=16777215 xZoom=75 yZoom=100 GridLines=1 "
-    "Defaults=1,0,0,0,0,16777215,Arial 8 0000,0,7,0,1,7\n"
+    "Defaults=1,0,0,0,0,16777215,Arial 8 0000,0,7,0,1,7 GrownLeft=0 GrownTop=0\n"
     "node 1 Key={A} Text=one Event= Tag= Font=Times New Roman 12 1010 Picture= Left=100 Top=200"
     " Width=1000 Height=500 DrawWidth=1 BorderColor=0 FillColor=1193046 ForeColor=0 "
     "xTextMargin=0 yTextMargin=0 Shape=77 ShapeOrientation=0 DrawStyle=0 Alignment=7 Shadow=0 "

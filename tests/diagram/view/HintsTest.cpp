@@ -89,10 +89,11 @@ TEST_F(Hints, GoWithThePointer) {
 
 TEST_F(Hints, AfterADragOnlyOfferWhatComesNext) {
     MoveTo(LinkStart(a, 3));
-    Drag(LinkStart(a, 3), QPoint(20, 400));
+    const QPoint tooNear = Body(a) + QPoint(-90, -10);
+    Drag(LinkStart(a, 3), tooNear);
     ASSERT_EQ(told.last(), Hint::LinkNeedsNode);
     EXPECT_EQ(offered.last(), Hint::DragDrawsNode);
-    MoveTo(QPoint(25, 405));
+    MoveTo(tooNear + QPoint(1, 2));
     EXPECT_EQ(told.last(), Hint::LinkNeedsNode) << "still over the same page";
     MoveTo(Body(a));
     EXPECT_EQ(told.last(), Hint::DragMovesNode);

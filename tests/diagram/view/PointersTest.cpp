@@ -48,7 +48,7 @@ TEST_F(Pointers, OverALine_CountsWithinSixPixelsAtEachZoom) {
         const QPoint on = At((ToQPointF(level.Way()[0]) * 2 + ToQPointF(level.Way()[1])) / 3);
         for (const int side : {-1, 1}) {
             EXPECT_EQ(Over(on + QPoint(0, side * 5)), Qt::PointingHandCursor) << zoom;
-            EXPECT_EQ(Over(on + QPoint(0, side * 8)), Qt::ArrowCursor) << zoom;
+            EXPECT_EQ(Over(on + QPoint(0, side * 8)), Qt::CrossCursor) << zoom;
         }
     }
 }

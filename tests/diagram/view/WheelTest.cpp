@@ -109,12 +109,12 @@ class Touch : public Wheels {
 protected:
     Touch() : screen(QTest::createTouchDevice()) {}
     void Fingers(const std::function<void(QTest::QTouchEventWidgetSequence &)> &what) {
-        auto sequence = QTest::touchEvent(view->viewport(), screen, false);
+        auto sequence = QTest::touchEvent(view->viewport(), screen.get(), false);
         what(sequence);
         sequence.commit();
         Settle();
     }
-    QPointingDevice *screen;
+    std::unique_ptr<QPointingDevice> screen;
 };
 
 TEST_F(Touch, TwoFingers_ZoomAroundTheirMiddle) {
