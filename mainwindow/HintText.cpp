@@ -33,11 +33,9 @@ constexpr HintRow kRows[] = {
     {diagram::Hint::DragMakesBend, "Drag to bend the @LINK."},
     {diagram::Hint::DragMovesEnd, "Drag to another @NODE to join that."},
     {diagram::Hint::KeysChooseNode,
-     "The @LINK leads from the blue @NODE to the green one. Tab or the arrow keys choose another one, "
-     "Enter links, Escape gives up."},
+     "From the blue @NODE to the green one. Tab and the arrow keys choose, Enter links, Escape gives up."},
     {diagram::Hint::KeysChooseEnd,
-     "The @LINK leads from the blue @NODE to the green one. Tab or the arrow keys choose another one, "
-     "Enter joins it, Escape gives up."},
+     "From the blue @NODE to the green one. Tab and the arrow keys choose, Enter joins, Escape gives up."},
     {diagram::Hint::KeysTakeNode, "Enter makes the new @NODE, Escape leaves it."},
     {diagram::Hint::KeysBend, "Tab goes along the @LINK, the arrow keys bend it there, Del takes a bend "
                               "away. Enter ends, Escape gives up."},

@@ -40,6 +40,7 @@ QRectF NearestFree(Scene &scene, const QRectF &first, const QPointF &along) {
 struct Wanted {
     QRectF place;
     QPointF behind;
+    QPointF after; // the middle of the one behind which it comes
     Node *parent = nullptr;
     int linkStyle = 0;
 };
@@ -70,28 +71,29 @@ QRectF BehindLast(const QRectF &last, const QSizeF &size, const QPointF &growth)
 Wanted WantedChild(Node &from, const QRectF &box, const QPointF &direction) {
     QPointF growth = GrowthAt(from).value_or(direction);
     if (const Link *last = LastChild(from, growth))
-        return {BehindLast(last->Destination().Bounds(), box.size(), growth), Behind(growth), &from,
-                last->Style()};
+        return {BehindLast(last->Destination().Bounds(), box.size(), growth), Behind(growth),
+                last->Destination().Bounds().center(), &from, last->Style()};
     if (!IsOnSurface(Away(box, growth))) growth = -growth;
-    return {Away(box, growth), Behind(growth), &from, 0};
+    return {Away(box, growth), Behind(growth), box.center(), &from, 0};
 }
 
 Wanted WantedSibling(Node &from, const QRectF &box, const QPointF &direction) {
     const Link *link = LinkFromParent(from);
     if (!link) {
         const QPointF behind = Behind(GrowthAt(from).value_or(direction));
-        return {Away(box, behind), behind, nullptr, 0};
+        return {Away(box, behind), behind, box.center(), nullptr, 0};
     }
     const QPointF behind = Behind(DirectionTo(link->Source(), from));
-    return {Away(box, behind), behind, &link->Source(), link->Style()};
+    return {Away(box, behind), behind, box.center(), &link->Source(), link->Style()};
 }
 
 Node *AddWanted(Scene &scene, const Wanted &wanted) {
     const ActionGroup group(scene.Model());
     NewNode node;
     node.place = wanted.place;
-    const auto aside =
-        wanted.parent ? MakeRoom(scene, *wanted.parent, wanted.place, wanted.behind) : std::nullopt;
+    const auto aside = wanted.parent
+                           ? MakeRoom(scene, *wanted.parent, wanted.place, wanted.after, wanted.behind)
+                           : std::nullopt;
     if (aside)
         MoveAside(scene, *aside);
     else

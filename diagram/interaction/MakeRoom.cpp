@@ -33,15 +33,15 @@ std::vector<const Node *> LineOf(const Node &parent) {
     return line;
 }
 
-std::vector<Node *> WhatLiesBehind(const Node &parent, const QRectF &place, const QPointF &behind) {
+std::vector<Node *> WhatLiesBehind(const Node &parent, const QPointF &after, const QPointF &behind) {
     const std::vector<const Node *> line = LineOf(parent);
     std::vector<const Node *> taken = line;
     std::vector<Node *> nodes;
-    double from = Along(place.center(), behind);
+    double from = Along(after, behind);
     for (const Node *each : line) {
         for (Link *link : LinksToChildren(*each)) {
             Node &child = link->Destination();
-            if (Along(child.Bounds().center(), behind) < from) continue;
+            if (Along(child.Bounds().center(), behind) <= from) continue;
             const std::vector<Node *> all = SubtreeOf(child, taken);
             nodes.insert(nodes.end(), all.begin(), all.end());
         }
@@ -62,10 +62,11 @@ bool MeetsOthers(Scene &scene, const Aside &aside, const std::unordered_set<cons
 
 } // namespace
 
-std::optional<Aside> MakeRoom(Scene &scene, Node &parent, const QRectF &place, const QPointF &behind) {
+std::optional<Aside> MakeRoom(Scene &scene, Node &parent, const QRectF &place, const QPointF &after,
+                              const QPointF &behind) {
     const std::vector<Node *> inTheWay = NodesIn(scene, place);
     if (inTheWay.empty()) return Aside();
-    Aside aside{WhatLiesBehind(parent, place, behind), {}};
+    Aside aside{WhatLiesBehind(parent, after, behind), {}};
     const std::unordered_set<const Node *> moving(aside.nodes.begin(), aside.nodes.end());
     double distance = 0;
     for (const Node *node : inTheWay) {

@@ -19,10 +19,11 @@ struct Aside {
     QPointF distance;
 };
 
-// What lets a child of `parent` stand at `place`: the children that lie behind that place with all that they
-// lead to, and so for the parents of the parent. `behind` is the unit vector along which children follow each
-// other. None where something else is in the way, or would be met.
-std::optional<Aside> MakeRoom(Scene &scene, Node &parent, const QRectF &place, const QPointF &behind);
+// What lets a child of `parent` stand at `place`: the children whose middle lies behind `after` (twips) with
+// all that they lead to, and so for the parents of the parent. `behind` is the unit vector along which
+// children follow each other. None where something else is in the way, or would be met.
+std::optional<Aside> MakeRoom(Scene &scene, Node &parent, const QRectF &place, const QPointF &after,
+                              const QPointF &behind);
 
 // Moves them: the links that lead away follow, AfterMove is raised with them as the selection.
 void MoveAside(Scene &scene, const Aside &aside);

@@ -153,11 +153,16 @@ TEST_F(Timeline, AMonthIsNeverSelectedAndSoLeftAloneByEveryCommand) {
     EXPECT_FALSE(node.Selected());
     EXPECT_FALSE(month.Selected());
     QTest::keyClick(&Popup(window), Qt::Key_Escape);
-    for (const char *keys : {"F2", "Right", "Alt+Right", "Ctrl+C", "Ctrl+D", "Ctrl+X", "Del", "x", "Ins"}) {
+    for (const char *keys : {"F2", "Right", "Alt+Right", "Ctrl+C", "Ctrl+D", "Ctrl+X", "Del", "x"}) {
         month.SetSelected(true);
         Press(window, QLatin1String(keys));
         EXPECT_FALSE(window.CurrentView().IsEditing()) << keys;
     }
+    month.SetSelected(true);
+    Press(window, QStringLiteral("Ins"));
+    EXPECT_TRUE(window.CurrentView().IsEditing()) << "the new node, which is no child of the month";
+    EXPECT_TRUE(window.CurrentSurface().Links().empty());
+    window.CurrentView().EndEdit(false);
     EXPECT_EQ(month.Bounds(), before);
     QStringList texts;
     for (const diagram::Node &each : window.CurrentSurface().Nodes())

@@ -172,6 +172,14 @@ TEST_F(AddLinked, Sibling_StandsBehindTheSelectedOneAndTheOthersGoAside) {
     EXPECT_EQ(surface.Nodes().Count(), 4);
 }
 
+TEST_F(AddLinked, Sibling_CloseBehindGoesAsideToo) {
+    Node &b = Child(a, "b", 350, 200), &c = Child(a, "c", 350, 270);
+    Select(b);
+    Key(Qt::Key_Insert, Qt::AltModifier);
+    EXPECT_EQ(Pixels(Last()), QRectF(350, 310, 100, 60));
+    EXPECT_EQ(Pixels(c), QRectF(350, 420, 100, 60));
+}
+
 TEST_F(AddLinked, Sibling_WithRoomBehindItMovesNobody) {
     Node &b = Child(a, "b", 350, 200), &c = Child(a, "c", 350, 500);
     Select(b);
