@@ -67,7 +67,7 @@ protected:
         desktop.printers.names = {QStringLiteral("Office")};
         TakeWindow();
         AddNode(*window, 300, 300).SetSelected(true);
-        for (int step = 0; step < 2; ++step) Press(*window, QStringLiteral("Right"));
+        for (const char *keys : {"Right", "Alt+Right"}) Press(*window, QLatin1String(keys)); // a step each
         window->CurrentSurface().Undo();
         window->SmartMenuXP1_Click(QStringLiteral("mnuEditLookCopy"));
     }

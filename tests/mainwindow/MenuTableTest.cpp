@@ -13,6 +13,7 @@
 #include "templates/SaveAsTemplate.h"
 #include "tests/mainwindow/WindowTest.h"
 #include "timeline/AddTimelineLink.h"
+#include "timeline/setup/frmDate.h"
 
 #include <QDir>
 #include <QMenu>
@@ -276,8 +277,9 @@ TEST_F(MenuTable, OnlyTheButtonForPrintingNeedsAPrinter) {
     EXPECT_FALSE(without.findChild<Toolbar *>(QStringLiteral("tlbMain"))
                      ->Button(QStringLiteral("PRINT"))
                      ->isEnabled());
-    EXPECT_TRUE(
-        with.findChild<Toolbar *>(QStringLiteral("tlbMain"))->Button(QStringLiteral("PRINT"))->isEnabled());
+    const QAction *print =
+        with.findChild<Toolbar *>(QStringLiteral("tlbMain"))->Button(QStringLiteral("PRINT"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return print->isEnabled(); }));
 }
 
 TEST_F(MenuTable, PrintersWaitUntilNoRoutineLetsEventsRun) {
@@ -302,11 +304,11 @@ TEST_F(MenuTable, ToolbarsHoldEveryButtonInItsPlace) {
                            QStringLiteral("UNDO|Undo (Ctrl+Z)"), QStringLiteral("REDO|Redo (Ctrl+Y)"),
                            QStringLiteral("PRINT|Print (Ctrl+P)")}));
     EXPECT_EQ(Buttons(window, "tlbFormat"),
-              QStringList({QStringLiteral("NEW|New Element|menu"), QStringLiteral("BOLD|Bold"),
-                           QStringLiteral("ITALIC|Italic"), QStringLiteral("ULINE|Underline"),
-                           QStringLiteral("LEFT|Left"), QStringLiteral("CENTER|Center"),
-                           QStringLiteral("RIGHT|Right"), QStringLiteral("FRONT|Bring to front"),
-                           QStringLiteral("BACK|Send to back"),
+              QStringList({QStringLiteral("NEW|New Element|menu"), QStringLiteral("BOLD|Bold (Ctrl+B)"),
+                           QStringLiteral("ITALIC|Italic (Ctrl+I)"),
+                           QStringLiteral("ULINE|Underline (Ctrl+U)"), QStringLiteral("LEFT|Left"),
+                           QStringLiteral("CENTER|Center"), QStringLiteral("RIGHT|Right"),
+                           QStringLiteral("FRONT|Bring to front"), QStringLiteral("BACK|Send to back"),
                            QStringLiteral("DISPLAY|Toogles the display of both texts on and off|check"),
                            QStringLiteral("EXPAND|Expand Timeline Nodes"),
                            QStringLiteral("COMPRESS|Compress Timeline Nodes")}));
@@ -315,7 +317,8 @@ TEST_F(MenuTable, ToolbarsHoldEveryButtonInItsPlace) {
 TEST_F(MenuTable, ButtonsOfTheViewTellTheirKeys) {
     frmMain &window = NewWindow();
     EXPECT_EQ(Buttons(window, "tlbView"),
-              QStringList({QStringLiteral("mnuViewGrid|Grid Lines (Ctrl+G)|check"),
+              QStringList({QStringLiteral("keyShapes|Shape: choose one to draw with (F7)"),
+                           QStringLiteral("mnuViewGrid|Grid Lines (Ctrl+G)|check"),
                            QStringLiteral("mnuViewSnapGrid|Snap to Grid (Ctrl+Shift+G)|check"),
                            QStringLiteral("keyZoomOut|Zoom out (Ctrl+-)"),
                            QStringLiteral("mnuViewZoom100|100% (Normal) (Ctrl+0)"),
@@ -420,6 +423,7 @@ const Asks kAsks[] = {
      [](Script &desktop) { desktop.ExpectMessageContaining(QStringLiteral("Cannot")); }},
     {"mnuEditSlicesSlices", AskForm<frmLayers>},
     {"mnuEditProperties", [](Script &desktop) { desktop.ExpectMessageContaining(QStringLiteral("Please")); }},
+    {"keyDate", AskForm<timeline::DateFormArgument>},
     {"mnuViewBackgroundColor", [](Script &desktop) { desktop.ExpectColour(support::kNoColour); }},
     {"mnuViewBackgroundPicture", AskOpen},
     {"mnuViewDefaultNode", AskForm<timeline::TimelineSetupArgument>},

@@ -56,8 +56,9 @@ TEST_F(PageHints, ComeBackOnceTheMessageHasGone) {
 TEST_F(PageHints, WhatALinkThatWasDroppedNeedsStaysOverThePage) {
     frmMain &window = NewWindow();
     const diagram::Node &node = AddNode(window, 1500, 1500);
-    DragFromBeside(window, node, {6000, 4500});
-    Point(window, {6030, 4530});
+    const QPointF tooNear = node.Bounds().bottomRight() + QPointF(300, 300); // for another node
+    DragFromBeside(window, node, tooNear);
+    Point(window, tooNear + QPointF(30, 30));
     EXPECT_EQ(Status(window), QStringLiteral("A Link starts and ends at a Node."));
 }
 
