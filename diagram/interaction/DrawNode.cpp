@@ -21,7 +21,10 @@ QPointF SquareCorner(const QPointF &from, const QPointF &to) {
 } // namespace
 
 DrawNode::DrawNode(Scene &scene, const Stage &stage, const PointerInput &press)
-    : surface_(scene.Model()), stage_(stage), press_(press), snapping_(scene, stage, nullptr),
+    : surface_(scene.Model()),
+      stage_(stage),
+      press_(press),
+      snapping_(scene, stage, nullptr),
       shape_(stage.ShapeToDraw()) {}
 
 QPointF DrawNode::FarCorner(const QPointF &from, const PointerInput &input) {
