@@ -128,11 +128,12 @@ TEST_F(TemplateBarTest, ASecondWindowFillsWhatTheFirstHasNot) {
 
 TEST_F(TemplateBarTest, ABarThatIsBeingFilledIsNotCopiedByHalves) {
     for (int i = 0; i < 3; ++i) MakeFlat(Beside(QStringLiteral("%1.TEM").arg(i)), {"a"});
-    frmMain &first = NewWindow();
+    auto &first = *new frmMain(desktop.Get()); // deletes itself when it is closed
     frmMain *second = nullptr;
     QObject::connect(RB(first).model(), &QAbstractItemModel::rowsInserted, &RB(first), [&] {
         if (RB(first).ItemCount(0) == 1) second = new frmMain(desktop.Get());
     });
+    first.ShowWindow();
     WaitForFill(first);
     ASSERT_NE(second, nullptr);
     EXPECT_EQ(RB(*second).ItemCount(0), 0);
