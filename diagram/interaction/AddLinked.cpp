@@ -53,7 +53,7 @@ const Link *LastChild(const Node &from, const QPointF &growth) {
         return QPointF::dotProduct(link.Destination().Bounds().bottomRight(), behind);
     };
     for (const Link *link : LinksToChildren(from)) {
-        if (DirectionTo(from, link->Destination()) != growth) continue;
+        if (GrowthTowards(from, link->Destination()) != growth) continue;
         if (!last || place(*link) > place(*last)) last = link;
     }
     return last;
@@ -83,7 +83,7 @@ Wanted WantedSibling(Node &from, const QRectF &box, const QPointF &direction) {
         const QPointF behind = Behind(GrowthAt(from).value_or(direction));
         return {Away(box, behind), behind, box.center(), nullptr, 0};
     }
-    const QPointF behind = Behind(DirectionTo(link->Source(), from));
+    const QPointF behind = Behind(GrowthTowards(link->Source(), from));
     return {Away(box, behind), behind, box.center(), &link->Source(), link->Style()};
 }
 

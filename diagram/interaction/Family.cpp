@@ -58,19 +58,34 @@ QPointF DirectionTo(const Node &from, const Node &to) {
     return {0, way.y() < 0 ? -1.0 : 1.0};
 }
 
+bool IsBeyond(const Node &from, const Node &to, const QPointF &direction) {
+    const QRectF a = from.Bounds(), b = to.Bounds();
+    if (direction.x() != 0) return direction.x() > 0 ? b.left() >= a.right() : b.right() <= a.left();
+    return direction.y() > 0 ? b.top() >= a.bottom() : b.bottom() <= a.top();
+}
+
 std::optional<QPointF> GrowthAt(const Node &node) {
     constexpr QPointF kDirections[] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
     std::optional<QPointF> most;
-    long best = 0;
+    std::pair<int, int> best{0, 0};
     const std::vector<Link *> links = LinksToChildren(node);
     for (const QPointF &direction : kDirections) {
-        const long count = std::ranges::count_if(
-            links, [&](const Link *link) { return DirectionTo(node, link->Destination()) == direction; });
+        std::pair<int, int> count{0, 0};
+        for (const Link *link : links) {
+            count.first += IsBeyond(node, link->Destination(), direction);
+            count.second += DirectionTo(node, link->Destination()) == direction;
+        }
         if (count > best) best = count, most = direction;
     }
     if (most) return most;
     const Node *parent = ParentOf(node);
-    return parent ? std::optional(DirectionTo(*parent, node)) : std::nullopt;
+    return parent ? std::optional(GrowthTowards(*parent, node)) : std::nullopt;
+}
+
+QPointF GrowthTowards(const Node &parent, const Node &child) {
+    const QPointF direction = DirectionTo(parent, child);
+    const QPointF growth = GrowthAt(parent).value_or(direction);
+    return IsBeyond(parent, child, growth) ? growth : direction;
 }
 
 } // namespace diagram

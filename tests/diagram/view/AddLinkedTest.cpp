@@ -172,6 +172,19 @@ TEST_F(AddLinked, Sibling_StandsBehindTheSelectedOneAndTheOthersGoAside) {
     EXPECT_EQ(surface.Nodes().Count(), 4);
 }
 
+TEST_F(AddLinked, Siblings_StandInOneColumnHoweverManyThereAre) {
+    Key(Qt::Key_Insert);
+    for (int i = 0; i < 6; ++i) {
+        const Node &before = *surface.SelectedNode();
+        Key(Qt::Key_Insert, Qt::AltModifier);
+        EXPECT_EQ(Last().Left(), before.Left()) << i;
+        EXPECT_GT(Last().Top(), before.Top()) << i;
+    }
+    Select(a);
+    Key(Qt::Key_Insert);
+    EXPECT_EQ(Pixels(Last()).left(), 350) << "another child comes behind the last one";
+}
+
 TEST_F(AddLinked, Sibling_CloseBehindGoesAsideToo) {
     Node &b = Child(a, "b", 350, 200), &c = Child(a, "c", 350, 270);
     Select(b);
