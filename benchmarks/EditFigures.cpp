@@ -3,6 +3,7 @@
 #include "benchmarks/Sample.h"
 #include "diagram/edit/History.h"
 #include "diagram/interaction/MoveNodes.h"
+#include "diagram/model/DayStrip.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
 
@@ -58,7 +59,7 @@ double HistoryWeight() {
     for (int step = 0; step < kSteps; ++step) {
         stage.surface.UnselectAll();
         nodes[size_t(step) * 7919 % nodes.size()]->SetSelected(true);
-        diagram::MoveSelection(stage.surface, {150, 75});
+        diagram::MoveSelection(stage.surface, diagram::DayStrip::None(), {150, 75});
         stage.scene.TakeDamage();
     }
     return ResidentMiB() - before;
@@ -68,7 +69,9 @@ void TimeUndo(Figures &figures) {
     Stage stage;
     for (diagram::Node &node : stage.surface.Nodes()) node.SetSelected(true);
     stage.scene.TakeDamage();
-    const double move = TimeOf(stage, [&] { diagram::MoveSelection(stage.surface, {300, 150}); });
+    const double move = TimeOf(stage, [&] {
+        diagram::MoveSelection(stage.surface, diagram::DayStrip::None(), {300, 150});
+    });
     double undo = 0, redo = 0;
     for (int run = 0; run < kRuns; ++run) {
         const double back = TimeOf(stage, [&] { stage.surface.Undo(); });
