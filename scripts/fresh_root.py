@@ -35,7 +35,7 @@ def lines(log, limit):
     if longest > float(limit):
         print(f"WRONG silent for {longest:.1f} s behind: {behind}")
     for _, text in rows:
-        if re.search(r"\b(note|warning):|libpng|libjpeg|Corrupt JPEG|QStandardPaths|qt\.", text):
+        if re.search(r"\b(note|warning):|\blibpng\b|\blibjpeg\b|Corrupt JPEG|QStandardPaths|qt\.", text):
             print(f"WRONG says: {text}")
 
 
