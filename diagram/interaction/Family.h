@@ -24,8 +24,8 @@ std::vector<Node *> SubtreeOf(Node &node, std::vector<const Node *> &taken);
 QPointF DirectionTo(const Node &from, const Node &to);
 // Whether `to` lies wholly on that side of `from`.
 bool IsBeyond(const Node &from, const Node &to, const QPointF &direction);
-// Where the tree grows at the node: to the side on which most of its children lie, or on from its parent; none
-// without either.
+// Where the tree grows at the node: to the side on which most of its children lie, or on from its parent;
+// none without either.
 std::optional<QPointF> GrowthAt(const Node &node);
 // Where it grows at the parent, as far as the child is concerned.
 QPointF GrowthTowards(const Node &parent, const Node &child);
