@@ -114,10 +114,13 @@ TEST_F(RealBoxes, Show_TakesTheKeyboardBackFromAWindowThatComesLate) {
     main.show();
     QApplication::processEvents();
     OnceShown<QMessageBox>([&](QMessageBox &box) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
+        bool came = false;
+        QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &box,
+                         [&](const QWindow *now) { came = came || now == main.windowHandle(); });
         main.activateWindow();
-        QApplication::processEvents();
-        QApplication::processEvents();
-        EXPECT_EQ(QGuiApplication::focusWindow(), box.windowHandle());
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return came && QGuiApplication::focusWindow() == box.windowHandle(); }));
         EXPECT_TRUE(box.defaultButton()->hasFocus());
         if (QWindow *keyboard = QGuiApplication::focusWindow()) QTest::keyClick(keyboard, Qt::Key_Return);
         if (box.isVisible()) box.reject();
@@ -167,6 +170,7 @@ TEST_F(RealBoxes, Show_ComesThroughAMenuThatIsOpen) {
     ASSERT_EQ(QApplication::activePopupWidget(), &menu);
     OnceShown<QMessageBox>([&](QMessageBox &box) {
         EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
         if (QWindow *keyboard = QGuiApplication::focusWindow()) QTest::keyClick(keyboard, Qt::Key_Return);
         if (box.isVisible()) box.reject();
     });
