@@ -131,7 +131,7 @@ void DaysOfStrip::SetDates(diagram::Surface &flow, const std::vector<Dated> &dat
     std::vector<NodeDate> texts;
     for (const Dated &dated : dates)
         if (IsInYears(dated.date)) texts.push_back({dated.node, FormatDate(dated.date, kDayPattern)});
-    AddTimelineLinks(window_, flow, texts);
+    if (!texts.empty()) AddTimelineLinks(window_, flow, texts);
 }
 
 void DaysOfStrip::Arrange(diagram::Surface &flow) {
