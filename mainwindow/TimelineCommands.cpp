@@ -4,6 +4,7 @@
 #include "document/DefaultNodes.h"
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
+#include "mainwindow/DateKeys.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/UndoRedo.h"
 #include "mainwindow/WindowStatus.h"
@@ -11,6 +12,7 @@
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
 #include "timeline/DateText.h"
+#include "timeline/MoveDates.h"
 #include "timeline/setup/frmDate.h"
 #include "timeline/Tidy.h"
 #include "timeline/TimelineNodes.h"
@@ -32,18 +34,46 @@ bool ShowSetup(frmMain &window, diagram::Node &look, bool asTemplate) {
     return document::Show(window, argument);
 }
 
-// The nodes that the user selected; links of the timeline end on others.
+void Tell(frmMain &window, const QString &text) {
+    window.Status().TellInPassing(settings::ReplaceTerms(text));
+}
+
+QString WhereTo(const timeline::MovedDates &moved) {
+    const QString first = timeline::InFull(moved.first);
+    return moved.first == moved.last ? first
+                                     : frmMain::tr("%1 to %2").arg(first, timeline::InFull(moved.last));
+}
+
+QString Undated(int count) {
+    return count == 1 ? frmMain::tr("one @NODE without a date was left alone")
+                      : frmMain::tr("%1 @NODEs without a date were left alone").arg(count);
+}
+
+void SetDates(frmMain &window, const std::vector<diagram::Node *> &nodes, const std::optional<QDate> &date) {
+    std::vector<timeline::NodeDate> dates;
+    for (diagram::Node *node : nodes) {
+        if (date)
+            dates.push_back({node, timeline::FormatDate(*date, timeline::kDayPattern)});
+        else
+            timeline::RemoveTimelineLinks(*node);
+    }
+    if (date) timeline::AddTimelineLinks(window, window.CurrentSurface(), dates);
+}
+
+} // namespace
+
 std::vector<diagram::Node *> NodesToDate(const diagram::Surface &surface) {
     std::vector<diagram::Node *> nodes = surface.SelectedNodes();
     std::erase_if(nodes, [](const diagram::Node *node) { return !node->Selectable(); });
     return nodes;
 }
 
-void Tell(frmMain &window, const QString &text) {
-    window.Status().TellInPassing(settings::ReplaceTerms(text));
+void TellMoved(frmMain &window, const std::optional<timeline::MovedDates> &moved) {
+    if (!moved) return Tell(window, timeline::YearsInWords());
+    if (moved->moved == 0) return Tell(window, frmMain::tr("No selected @NODE has a date."));
+    const QString where = WhereTo(*moved);
+    Tell(window, moved->undated == 0 ? where : where + QStringLiteral("; ") + Undated(moved->undated));
 }
-
-} // namespace
 
 // The check shows what has become of the months.
 void mnuViewTimeline(frmMain &window) {
@@ -82,23 +112,28 @@ void keyDate(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
     const std::vector<diagram::Node *> nodes = NodesToDate(surface);
     if (nodes.empty()) return;
-    timeline::DateFormArgument form{timeline::ParseDate(timeline::DateOfNode(*nodes.front())),
-                                    timeline::ViewFrom(window.Desktop().clock.Now().date(), surface)};
+    const std::vector<std::optional<QDate>> former = timeline::DatesOf(nodes);
+    timeline::DateFormArgument form{former.front(),
+                                    timeline::ViewFrom(window.Desktop().clock.Now().date(), surface), former};
     if (!document::Show(window, form)) return;
+    std::optional<timeline::MovedDates> moved;
     const ActionGroup step(surface);
-    std::vector<timeline::NodeDate> dates;
-    for (diagram::Node *node : nodes) {
-        if (form.date)
-            dates.push_back({node, timeline::FormatDate(*form.date, timeline::kDayPattern)});
-        else
-            timeline::RemoveTimelineLinks(*node);
-    }
-    if (form.date) timeline::AddTimelineLinks(window, surface, dates);
+    if (form.step)
+        moved = timeline::MoveDates(window, surface, nodes, *form.step);
+    else
+        SetDates(window, nodes, form.date);
     window.clsSettings().Dirty = true;
     window.ClickTab();
-    if (form.date && timeline::IsTimelineHidden(surface))
+    if (moved) TellMoved(window, moved);
+    if ((form.date || moved) && timeline::IsTimelineHidden(surface))
         Tell(window, frmMain::tr("The timeline is hidden; View, Timeline shows it."));
 }
+
+using Unit = timeline::DateStep::Unit;
+void keyDayLater(frmMain &window) { DateKeys::Of(window).Move({1, Unit::Day}); }
+void keyDayEarlier(frmMain &window) { DateKeys::Of(window).Move({-1, Unit::Day}); }
+void keyWeekLater(frmMain &window) { DateKeys::Of(window).Move({1, Unit::Week}); }
+void keyWeekEarlier(frmMain &window) { DateKeys::Of(window).Move({-1, Unit::Week}); }
 
 void mnuViewTimelineTidy(frmMain &window) {
     const ActionGroup step(window.CurrentSurface());
