@@ -2,6 +2,7 @@
 
 #include "diagram/model/Sights.h"
 #include "diagram/render/Backdrop.h"
+#include "diagram/render/CalendarPainter.h"
 #include "diagram/render/CoarsePainter.h"
 #include "diagram/render/LinkPainter.h"
 #include "diagram/render/NodeContent.h"
@@ -151,6 +152,8 @@ void Renderer::Paint(QPainter &painter, Scene &scene, const QRectF &area, const 
     const QRgb paper = options.paper.value_or(ToRgb(scene.Model().BackColor()));
     diagram::Paint paint{Pencil(painter), frame, options, scene, state_->caches, paper, area};
     PaintBackdrop(paint);
+    const CalendarPainter calendar(paint);
+    calendar.PaintBelow();
     std::vector<Item *> &items = state_->items;
     items.clear();
     if (frame.snap && frame.Scale() * kTwipsPerPixel < kCoarseZoom) {
@@ -166,6 +169,7 @@ void Renderer::Paint(QPainter &painter, Scene &scene, const QRectF &area, const 
         ForShown(options, all ? scene.Model().StackingOrder() : items,
                  [&](Item &item) { PaintItem(paint, item); });
     }
+    calendar.PaintAbove();
     if (options.selection) PaintHandles(paint);
     painter.restore();
 }
