@@ -23,6 +23,7 @@ bool IsQuietDateLink(const Link &link) {
 }
 
 QRectF Calendar::Bands() const {
+    if (IsEmpty()) return {};
     const double depth = 2 * (rightwards ? kBandThickness : kBandWidth);
     if (rightwards) return {strip.left(), after ? strip.bottom() : strip.top() - depth, strip.width(), depth};
     return {after ? strip.right() : strip.left() - depth, strip.top(), depth, strip.height()};

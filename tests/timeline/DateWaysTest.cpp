@@ -1,10 +1,17 @@
 #include "timeline/DateWays.h"
 
 #include "diagram/model/Calendar.h"
+#include "document/DoLoad.h"
+#include "document/DoSave.h"
+#include "document/MapSchema.h"
 #include "document/Tags.h"
+#include "support/Files.h"
 #include "tests/timeline/TimelineTest.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/AdjustLinks.h"
+#include "timeline/Arrange.h"
+
+#include <QTemporaryDir>
 
 namespace timeline::testing {
 
@@ -89,6 +96,39 @@ TEST_F(DateWays, LiesBelowTheNodesThroughWhichItMustRun) {
     const diagram::Link &link = Date({1000, 3000, 1000, 500});
     EXPECT_LT(link.Zorder(), met.ZOrder());
     EXPECT_GT(link.Zorder(), frame.ZOrder());
+}
+
+TEST_F(DateWays, SavedAndOpenedTheyLookAndRunTheSame) {
+    const QTemporaryDir folder;
+    support::SetProgramPath(folder.path());
+    document::WriteTemplate(folder.filePath(QStringLiteral("template.tpl")), {}, {});
+    diagram::Node &aside = UserNode(), &blocked = UserNode();
+    aside.SetBounds(6000, 4000, 1000, 500);
+    blocked.SetBounds(6000, 2000, 1000, 500);
+    flow.Nodes().Add(2500, 1900, 600, 700);
+    Date({1000, 2000, 1000, 500});
+    AddTimelineLinks(
+        window, flow,
+        {{&aside, QStringLiteral("20 March 2004")}, {&blocked, QStringLiteral("17 March 2004")}});
+    std::vector<Way> ways;
+    std::vector<int> styles;
+    for (const auto &link : flow.Links()) ways.push_back(WayOf(*link)), styles.push_back(link->Style());
+    window.clsSettings().SetDatabase(folder.filePath(QStringLiteral("plan.map")));
+    ASSERT_TRUE(document::DoSave(window));
+    document::MemoryWindow other(desktop.Get(), document::EmptyPools{});
+    other.clsSettings().SetDatabase(folder.filePath(QStringLiteral("plan.map")));
+    document::DoLoad(other);
+    diagram::Surface &again = other.AddFlow1()[0];
+    for (int pass = 0; pass < 2; ++pass) {
+        ASSERT_EQ(again.Links().size(), 3u);
+        for (std::size_t i = 0; i < 3; ++i) {
+            EXPECT_EQ(WayOf(*again.Links()[i]), ways[i]) << i << pass;
+            EXPECT_EQ(again.Links()[i]->Style(), styles[i]) << i;
+            EXPECT_TRUE(diagram::IsQuietDateLink(*again.Links()[i])) << i;
+        }
+        ArrangeTimeLineNodes(other, again, kStoredArrangement);
+    }
+    support::SetProgramPath(QString());
 }
 
 } // namespace timeline::testing

@@ -73,6 +73,13 @@ TEST_F(CalendarPainting, BelowOrBesideTheStripWhereTheNodesAre) {
     EXPECT_EQ(image.pixel(60 + 70, 30) & 0xFFFFFF, 0xFFFFFFu);
 }
 
+TEST_F(CalendarPainting, BelongsToTheExtentOfWhatThereIsWhereThereIsAny) {
+    EXPECT_EQ(Scene(surface).Extent().top(), 900 - 2 * kBandThickness);
+    Told() = Calendar();
+    Scene bare(surface);
+    EXPECT_EQ(bare.Extent(), bare.Bounds(*surface.Nodes().begin()));
+}
+
 TEST_F(CalendarPainting, NothingWhileTheyAreSwitchedOff) {
     Told().bands = false;
     EXPECT_EQ(Rows(Paint(), 30, 60), std::pair(-1, -1));
