@@ -7,6 +7,7 @@
 #include "diagram/view/ZoomSteps.h"
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/BarPane.h"
+#include "mainwindow/CalendarCommands.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/LookBar.h"
@@ -238,6 +239,13 @@ constexpr CommandRow kKeyRows[] = {
      Needs::Nothing, false, "Takes months away that no @NODE needs any more"},
     {"mnuView", "mnuViewTimelineFill", "Fill in missing months", kCommand, mnuViewTimelineFill, "", "", "",
      Needs::Nothing, false, "Closes the gaps of the timeline"},
+    {"mnuView", "mnuViewCalendar", "Beside the timeline", kMenu},
+    {"mnuViewCalendar", "mnuViewBands", "Quarters and years", kCheck, mnuViewBands, "", "", "",
+     Needs::Nothing, false, "calendar bands timeline"},
+    {"mnuViewCalendar", "mnuViewWeekends", "Shade weekends", kCheck, mnuViewWeekends, "", "", "",
+     Needs::Nothing, false, "calendar saturday sunday timeline"},
+    {"mnuViewCalendar", "mnuViewTodayEverywhere", "Today on paper and in pictures", kCheck,
+     mnuViewTodayEverywhere, "", "", "", Needs::Nothing, false, "calendar print line timeline"},
     Separator("mnuView", "mnuViewSepGo"),
     {"mnuView", "mnuViewGo", "G&o to", kMenu},
     {"mnuViewGo", "keyNextSlice", "&Next @SLICE", kCommand, keyNextSlice, "", "", "Ctrl+PgDown"},
