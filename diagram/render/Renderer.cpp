@@ -56,16 +56,18 @@ Frame SetUp(QPainter &painter, const QRectF &area, const RenderOptions &options)
     return frame;
 }
 
-void PaintMarked(Paint &paint, const Item &item, bool marked) {
-    if (paint.options.marks && marked) PaintMark(paint, item);
+// A mark on what can't be selected, such as the months and the links of dates, is the program's own.
+template <typename Marked>
+void PaintMarked(Paint &paint, const Marked &item) {
+    if (paint.options.marks && item.Marked() && item.Selectable()) PaintMark(paint, item);
 }
 
 void PaintItem(Paint &paint, Item &item) {
     if (const Node *node = item.AsNode()) {
-        PaintMarked(paint, item, node->Marked());
+        PaintMarked(paint, *node);
         PaintNode(paint, *node);
     } else {
-        PaintMarked(paint, item, item.AsLink()->Marked());
+        PaintMarked(paint, *item.AsLink());
         PaintLink(paint, *item.AsLink());
     }
 }
@@ -76,14 +78,14 @@ bool IsLegible(const Paint &paint, const Font &font) {
 
 void PaintItemCoarsely(Paint &paint, CoarsePainter &coarse, Item &item) {
     if (const Node *node = item.AsNode()) {
-        PaintMarked(paint, item, node->Marked());
+        PaintMarked(paint, *node);
         if (!coarse.Takes(*node)) return PaintNode(paint, *node);
         coarse.PaintForm(*node);
         if (IsLegible(paint, node->Font())) PaintNodeText(paint, *node);
         return;
     }
     const Link &link = *item.AsLink();
-    PaintMarked(paint, item, link.Marked());
+    PaintMarked(paint, link);
     if (!link.Text().isEmpty() && IsLegible(paint, link.Font())) return PaintLink(paint, link);
     coarse.PaintLine(link);
 }

@@ -16,9 +16,9 @@ namespace {
 
 constexpr int kFaint = 90; // of 255, of today's line beside the strip
 constexpr int kSlim = 22;  // pixels of the copy
-constexpr int kSlimAside = 74;
+constexpr int kSlimAside = 112;
 constexpr int kBesideText = 6;
-constexpr int kSolid = 240; // of 255
+constexpr int kSolid = 252; // of 255
 
 // From what to what a row of the copy is shown, pixels along the strip.
 struct Seen {
