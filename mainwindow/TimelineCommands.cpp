@@ -4,6 +4,7 @@
 #include "document/DefaultNodes.h"
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
+#include "mainwindow/CalendarCommands.h"
 #include "mainwindow/DateKeys.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/UndoRedo.h"
@@ -153,6 +154,7 @@ void mnuViewTimelineFill(frmMain &window) {
 }
 
 void ShowTimelineTick(frmMain &window) {
+    ShowCalendarTicks(window);
     const std::vector<diagram::Node *> months = timeline::LocateTimelineNodes(window.CurrentSurface());
     window.SetMenuValue(
         QStringLiteral("mnuViewTimeline"),

@@ -7,6 +7,7 @@
 #include "diagram/view/ZoomSteps.h"
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/BarPane.h"
+#include "mainwindow/CalendarCommands.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/LookBar.h"
@@ -247,6 +248,13 @@ constexpr CommandRow kKeyRows[] = {
      Needs::Selection, false, "Moves the dates of the selected @NODEs"},
     {"mnuViewDates", "keyWeekEarlier", "A w&eek earlier", kCommand, keyWeekEarlier, "", "",
      "Ctrl+Alt+Shift+PgUp", Needs::Selection, false, "Moves the dates of the selected @NODEs"},
+    {"mnuView", "mnuViewCalendar", "Beside the timeline", kMenu},
+    {"mnuViewCalendar", "mnuViewBands", "Quarters and years", kCheck, mnuViewBands, "", "", "",
+     Needs::Nothing, false, "calendar bands timeline"},
+    {"mnuViewCalendar", "mnuViewWeekends", "Shade weekends", kCheck, mnuViewWeekends, "", "", "",
+     Needs::Nothing, false, "calendar saturday sunday timeline"},
+    {"mnuViewCalendar", "mnuViewTodayEverywhere", "Today on paper and in pictures", kCheck,
+     mnuViewTodayEverywhere, "", "", "", Needs::Nothing, false, "calendar print line timeline"},
     Separator("mnuView", "mnuViewSepGo"),
     {"mnuView", "mnuViewGo", "G&o to", kMenu},
     {"mnuViewGo", "keyNextSlice", "&Next @SLICE", kCommand, keyNextSlice, "", "", "Ctrl+PgDown"},
