@@ -19,4 +19,9 @@ bool Application::notify(QObject *receiver, QEvent *event) {
 
 QString CommandLine(const QStringList &arguments) { return arguments.mid(1).join(u' '); }
 
+QWidget *FormOwner(QWidget *asked) {
+    if (QWidget *form = QApplication::activeModalWidget()) return form;
+    return asked ? asked : QApplication::activeWindow();
+}
+
 } // namespace app

@@ -17,4 +17,8 @@ public:
 // What stands behind the program's name in `arguments`, as one text: a path with blanks needs no quotes.
 QString CommandLine(const QStringList &arguments);
 
+// What a form opens above: the form that the user has open, as it is asked for from there; else what was
+// asked, and where nothing was, the active window.
+QWidget *FormOwner(QWidget *asked);
+
 } // namespace app

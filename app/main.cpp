@@ -43,11 +43,11 @@ bool HasDisplay([[maybe_unused]] int argc, [[maybe_unused]] char **argv) {
 #endif
 }
 
-// A row for a form that is made of its argument and its owner, the active window without one, and shown.
+// A row for a form that is made of its argument and its owner, and shown.
 template <typename Form, typename Argument>
 void AddForm(support::FormTable &forms) {
     forms.Add<Argument>([](Argument &argument, support::Owner owner) {
-        return Form(argument, owner ? owner : QApplication::activeWindow()).exec() == QDialog::Accepted;
+        return Form(argument, app::FormOwner(owner)).exec() == QDialog::Accepted;
     });
 }
 
@@ -79,7 +79,7 @@ void AddForms(support::RealDesktop &desktop) {
         [](mainwindow::frmLayers &form, support::Owner) { return form.exec() == QDialog::Accepted; });
     forms.Add<timeline::TimelineSetupArgument>(
         [](timeline::TimelineSetupArgument &setup, support::Owner owner) {
-            timeline::frmTimelineSetup form(setup, owner);
+            timeline::frmTimelineSetup form(setup, app::FormOwner(owner));
             if (setup.pressOk) return form.OKButton_Click(), true;
             return form.exec() == QDialog::Accepted;
         });

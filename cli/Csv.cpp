@@ -7,6 +7,7 @@
 #include "output/csv/ExportMap.h"
 #include "output/csv/ImportMap.h"
 #include "support/Files.h"
+#include "timeline/Arrange.h"
 
 #include <QSet>
 
@@ -31,6 +32,7 @@ QSet<QString> HiddenBy(document::MemoryWindow &window, diagram::Surface &slice,
 diagram::Surface &AddSlice(document::MemoryWindow &window, const QString &file) {
     diagram::Surface &slice = window.AddFlow1().Load(window.AddFlow1().UBound() + 1);
     document::LoadDefaults(slice);
+    timeline::CarryArrangement(slice);
     window.TabStrip().SetTabCount(window.TabStrip().TabCount() + 1);
     window.TabStrip().SetTheTab(window.TabStrip().TabCount() - 1);
     const QString title = support::FileTitle(file);

@@ -28,8 +28,8 @@ QString WithoutTime(const QString &text) {
 
 } // namespace
 
-DateBox::DateBox(const QString &name, QWidget *parent)
-    : QWidget(parent), text_(new QLineEdit(this)), open_(new QToolButton(this)) {
+DateBox::DateBox(const QString &name, timeline::DateView view, QWidget *parent)
+    : QWidget(parent), view_(view), text_(new QLineEdit(this)), open_(new QToolButton(this)) {
     setObjectName(name);
     text_->setAccessibleName(tr("Date"));
     text_->setMinimumWidth(
@@ -49,20 +49,29 @@ DateBox::DateBox(const QString &name, QWidget *parent)
         edited_ = true;
         Q_EMIT Changed();
     });
+    connect(this, &DateBox::Changed, this, [this] { text_->setAccessibleDescription(Meaning()); });
 }
 
 void DateBox::SetText(const QString &text) {
     const std::optional<QDate> date = timeline::ParseDate(WithoutTime(text));
     text_->setText(date ? Shown(*date) : text);
     edited_ = false;
+    Q_EMIT Changed();
 }
 
 void DateBox::SetDate(const QDate &date) {
     text_->setText(Shown(date));
     edited_ = false;
+    Q_EMIT Changed();
 }
 
-std::optional<QDate> DateBox::Date() const { return timeline::ParseDate(WithoutTime(text_->text())); }
+timeline::DateRead DateBox::Read() const {
+    return timeline::ReadDateAsWritten(WithoutTime(text_->text()), view_);
+}
+
+std::optional<QDate> DateBox::Date() const { return Read().date; }
+
+QString DateBox::Meaning() const { return Read().told; }
 
 QString DateBox::Text() const { return text_->text(); }
 

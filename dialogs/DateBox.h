@@ -1,6 +1,8 @@
 // A date that is typed in whatever form it is written, or chosen in a calendar.
 #pragma once
 
+#include "timeline/ReadDateAsWritten.h"
+
 #include <optional>
 #include <QDate>
 #include <QWidget>
@@ -13,7 +15,8 @@ namespace dialogs {
 class DateBox : public QWidget {
     Q_OBJECT
 public:
-    DateBox(const QString &name, QWidget *parent);
+    // `view` is what the dates that are typed are seen from.
+    DateBox(const QString &name, timeline::DateView view, QWidget *parent);
 
     // Shows the date in the text, or the text itself where it is none that can be read.
     void SetText(const QString &text);
@@ -21,13 +24,15 @@ public:
     // The date that stands in the box; nothing for what can't be read.
     std::optional<QDate> Date() const;
     QString Text() const;
+    // The date in full, or why it can't be read.
+    QString Meaning() const;
     // Whether the user typed or chose anything.
     bool IsEdited() const { return edited_; }
 
     void ShowCalendar();
 
 Q_SIGNALS:
-    void Changed();
+    void Changed(); // by whomever
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -37,6 +42,9 @@ private:
     void Choose(const QDate &date);
     void ShowEnabled();
 
+    timeline::DateRead Read() const;
+
+    timeline::DateView view_;
     QLineEdit *text_;
     QToolButton *open_;
     bool edited_ = false;

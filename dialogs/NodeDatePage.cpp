@@ -9,19 +9,27 @@
 
 namespace dialogs {
 
-NodeDatePage::NodeDatePage(const QDate &today, QWidget *parent) : QWidget(parent) {
+NodeDatePage::NodeDatePage(const timeline::DateView &view, QWidget *parent) : QWidget(parent) {
     auto *fraDate = new QFrame(this);
     fraDate->setObjectName(QStringLiteral("fraDate"));
     chkDate_ = new QCheckBox(tr("On the &timeline"), fraDate);
     chkDate_->setObjectName(QStringLiteral("chkDate"));
-    SSDateCombo1_ = new DateBox(QStringLiteral("SSDateCombo1"), fraDate);
-    SSDateCombo1_->SetDate(today);
+    SSDateCombo1_ = new DateBox(QStringLiteral("SSDateCombo1"), view, fraDate);
+    lblMeaning_ = new QLabel(fraDate);
+    lblMeaning_->setObjectName(QStringLiteral("lblMeaning"));
+    connect(SSDateCombo1_, &DateBox::Changed, this, &NodeDatePage::ShowMeaning);
+    SSDateCombo1_->SetDate(view.today);
     auto *rows = new QVBoxLayout(fraDate);
     rows->setContentsMargins({});
     rows->addWidget(chkDate_);
-    rows->addWidget(SSDateCombo1_, 0, Qt::AlignLeft);
+    auto *box = new QHBoxLayout;
+    box->addWidget(SSDateCombo1_);
+    box->addWidget(lblMeaning_, 1);
+    rows->addLayout(box);
     auto *hint = new QLabel(
-        tr("Type it as you write it, such as 14 March 2004, Mar-04 or 14/3/2004, or choose it."), fraDate);
+        tr("Type it as you write it, such as 14 March, 14/3/2004, next Friday, +2w, week 14 or end of June, "
+           "or choose it."),
+        fraDate);
     hint->setWordWrap(true);
     rows->addWidget(hint);
     auto *page = new QVBoxLayout(this);
@@ -48,6 +56,11 @@ QString NodeDatePage::Text() const { return SSDateCombo1_->Text(); }
 
 void NodeDatePage::FocusDate() { SSDateCombo1_->setFocus(); }
 
-void NodeDatePage::chkDate_Click() { SSDateCombo1_->setEnabled(chkDate_->isChecked()); }
+void NodeDatePage::chkDate_Click() {
+    SSDateCombo1_->setEnabled(chkDate_->isChecked());
+    lblMeaning_->setEnabled(chkDate_->isChecked());
+}
+
+void NodeDatePage::ShowMeaning() { lblMeaning_->setText(SSDateCombo1_->Meaning()); }
 
 } // namespace dialogs

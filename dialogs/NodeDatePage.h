@@ -2,10 +2,12 @@
 #pragma once
 
 #include "dialogs/NodeEdit.h"
+#include "timeline/ReadDateAsWritten.h"
 
 #include <QWidget>
 
 class QCheckBox;
+class QLabel;
 
 namespace dialogs {
 
@@ -14,7 +16,7 @@ class DateBox;
 class NodeDatePage : public QWidget {
     Q_OBJECT
 public:
-    NodeDatePage(const QDate &today, QWidget *parent);
+    NodeDatePage(const timeline::DateView &view, QWidget *parent);
 
     // The text of the day that the node is linked to.
     void Load(const QString &day);
@@ -27,8 +29,11 @@ public:
     void chkDate_Click();
 
 private:
+    void ShowMeaning();
+
     QCheckBox *chkDate_;
     DateBox *SSDateCombo1_;
+    QLabel *lblMeaning_;
 };
 
 } // namespace dialogs

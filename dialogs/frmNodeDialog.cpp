@@ -50,7 +50,7 @@ void frmNodeDialog::BuildPages() {
     support::Desktop &desktop = argument_.window.Desktop();
     settings_ = new NodeSettingsPage(desktop, this);
     text_ = new NodeTextPage(desktop, settings_->picForeColor(), this);
-    date_ = new NodeDatePage(desktop.clock.Now().date(), this);
+    date_ = new NodeDatePage(timeline::ViewFrom(desktop.clock.Now().date(), argument_.oFlow), this);
     level_ = new NodeLevelPage(this);
     picture_ = new NodePicturePage(desktop, this);
     SSIndexTab1_->addTab(settings_, QStringLiteral("Settings"));

@@ -24,6 +24,8 @@ inline const QString kDateFormat =
 inline const QString kTimelineAlign =
     QStringLiteral("TM_Align");                            // surface: number of the timeline's arrangement
 inline const QString kMissing = QStringLiteral("Missing"); // surface: "True" or "False"
+inline const QString kMonthHidden = QStringLiteral("MonthHidden"); // month node: switch, by the user's hand
+inline const QString kMonthFolded = QStringLiteral("MonthFolded"); // month node: switch
 inline const QString kNamesOfLevels =
     QStringLiteral("NAMESOFLEVELS"); // node "DIAGRAM": what the keys of levels are called
 inline const QString kNamesOfGroups = QStringLiteral("NAMESOFGROUPS"); // the same for groups
@@ -48,6 +50,17 @@ QString SetTag(Tagged &object, const QString &key, const QString &value) {
 template <typename Tagged>
 QString GetTag(const Tagged &object, const QString &key) {
     return support::PassOn("GetTag", [&] { return EntryOfTag(object.Tag(), key); });
+}
+
+// Keys that are switches hold "Yes" while they are on.
+template <typename Tagged>
+bool IsOn(const Tagged &object, const QString &key) {
+    return GetTag(object, key) == QLatin1String("Yes");
+}
+// The tag stays as it is where the switch already is so.
+template <typename Tagged>
+void SetSwitch(Tagged &object, const QString &key, bool on) {
+    if (IsOn(object, key) != on) SetTag(object, key, on ? QStringLiteral("Yes") : QStringLiteral("No"));
 }
 
 // Gives every node and link of the surface a new key, or only the selected ones.

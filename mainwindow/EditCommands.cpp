@@ -10,15 +10,14 @@
 #include "mainwindow/PutBack.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/TextBox.h"
+#include "mainwindow/UndoRedo.h"
 
 namespace mainwindow {
 
 namespace {
 
-void mnuEditUndo(frmMain &window) {
-    if (!window.FormerLinks().StopsUndo()) window.CurrentSurface().Undo();
-}
-void mnuEditRedo(frmMain &window) { window.CurrentSurface().Redo(); }
+void mnuEditUndo(frmMain &window) { window.History().Undo(); }
+void mnuEditRedo(frmMain &window) { window.History().Redo(); }
 
 // True when a text box had the focus and took the command; else the surface has the focus now.
 bool TextBoxTook(frmMain &window, TextCommand command) {

@@ -6,6 +6,7 @@
 #include "document/DefaultNodes.h"
 #include "document/MapWindow.h"
 #include "document/SurfaceArray.h"
+#include "timeline/Arrange.h"
 
 #include <algorithm>
 #include <optional>
@@ -45,6 +46,7 @@ void MakeNew(diagram::Surface &surface) {
     empty.revision.reset();
     PutInto(surface, empty);
     document::LoadDefaults(surface);
+    timeline::CarryArrangement(surface);
 }
 
 // By the keys of their tabs.

@@ -5,6 +5,7 @@
 #include "mainwindow/Selection.h"
 #include "mainwindow/TickBox.h"
 #include "mainwindow/Toolbar.h"
+#include "timeline/Arrange.h"
 #include "timeline/TimelineNodes.h"
 
 #include <QHBoxLayout>
@@ -92,7 +93,9 @@ void FilterBoxes::Apply() {
     for (const int index : window_.AddFlow1().Indices()) {
         diagram::Surface &surface = window_.AddFlow1()[index];
         const diagram::Uncounted ticks(surface);
+        const bool hidesTimeline = timeline::IsTimelineHidden(surface);
         document::ApplyFilter(surface, keys);
+        if (hidesTimeline) timeline::ShowHideTimelineNodes(surface, false); // its links to their days too
         UnselectHiddenNodes(surface); // what nobody sees must not be deleted by a key
         UnselectHiddenLinks(surface);
     }
@@ -103,7 +106,7 @@ void FilterBoxes::Apply() {
 void FilterBoxes::ShowHideTimelineNodes() {
     diagram::Surface &surface = window_.CurrentSurface();
     if (timeline::LocateTimelineNodes(surface).empty()) return;
-    timeline::ShowHideTimelineNodes(surface, window_.MenuValue(QStringLiteral("mnuViewTimeline")));
+    timeline::ShowTimeline(window_, surface, window_.MenuValue(QStringLiteral("mnuViewTimeline")));
 }
 
 int FilterBoxes::HiddenNodes() const {

@@ -5,11 +5,14 @@
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/UndoRedo.h"
+#include "mainwindow/WindowStatus.h"
 #include "support/Val.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
 #include "timeline/DateText.h"
 #include "timeline/setup/frmDate.h"
+#include "timeline/Tidy.h"
 #include "timeline/TimelineNodes.h"
 
 #include <algorithm>
@@ -31,6 +34,10 @@ std::vector<diagram::Node *> NodesToDate(const diagram::Surface &surface) {
     return nodes;
 }
 
+void Tell(frmMain &window, const QString &text) {
+    window.Status().TellInPassing(settings::ReplaceTerms(text));
+}
+
 } // namespace
 
 // The check shows what has become of the months.
@@ -38,16 +45,23 @@ void mnuViewTimeline(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
     {
         const ActionGroup step(surface);
-        timeline::ShowHideTimelineNodes(surface, window.MenuValue(QStringLiteral("mnuViewTimeline")));
+        timeline::ShowTimeline(window, surface, window.MenuValue(QStringLiteral("mnuViewTimeline")));
     }
     window.ClickTab();
 }
 
 void mnuViewDefaultNode(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
-    ActionGroup step(surface);
-    if (!ShowSetup(window, *document::LocateTemplateNode(surface, true), true)) return step.TakeBack();
-    document::ApplyDefaults(surface);
+    const document::cLevels &levels = window.clsSettings().Levels();
+    const document::cLevel former = levels.count() > 0 ? levels.Item(1) : document::cLevel();
+    const std::uint64_t before = surface.Revision().step;
+    {
+        ActionGroup step(surface);
+        if (!ShowSetup(window, *document::LocateTemplateNode(surface, true), true)) return step.TakeBack();
+        document::ApplyDefaults(surface);
+    }
+    if (const document::cLevel *level = levels.NewEnum().Find(former.Key))
+        window.History().Note({before, surface.Revision().step, former.Key, former.Color, level->Color});
 }
 
 void mnuViewTimelineSetup(frmMain &window) {
@@ -64,7 +78,7 @@ void keyDate(frmMain &window) {
     const std::vector<diagram::Node *> nodes = NodesToDate(surface);
     if (nodes.empty()) return;
     timeline::DateFormArgument form{timeline::ParseDate(timeline::DateOfNode(*nodes.front())),
-                                    window.Desktop().clock.Now().date()};
+                                    timeline::ViewFrom(window.Desktop().clock.Now().date(), surface)};
     if (!document::Show(window, form)) return;
     const ActionGroup step(surface);
     std::vector<timeline::NodeDate> dates;
@@ -76,6 +90,25 @@ void keyDate(frmMain &window) {
     }
     if (form.date) timeline::AddTimelineLinks(window, surface, dates);
     window.clsSettings().Dirty = true;
+    window.ClickTab();
+    if (form.date && timeline::IsTimelineHidden(surface))
+        Tell(window, frmMain::tr("The timeline is hidden; View, Timeline shows it."));
+}
+
+void mnuViewTimelineTidy(frmMain &window) {
+    const ActionGroup step(window.CurrentSurface());
+    const int gone = timeline::TidyTimeline(window, window.CurrentSurface());
+    if (gone == 0) return Tell(window, frmMain::tr("Every month of the timeline is needed."));
+    window.ClickTab();
+    Tell(window, gone == 1 ? frmMain::tr("One month has gone that no @NODE needs.")
+                           : frmMain::tr("%1 months have gone that no @NODE needs.").arg(gone));
+}
+
+// What the strip itself says of its end stays.
+void mnuViewTimelineFill(frmMain &window) {
+    const ActionGroup step(window.CurrentSurface());
+    const int come = timeline::FillInMissingMonths(window, window.CurrentSurface());
+    if (come == 0) return Tell(window, frmMain::tr("No months are missing."));
     window.ClickTab();
 }
 

@@ -8,6 +8,8 @@ class frmMain;
 void mnuViewTimeline(frmMain &window);
 void mnuViewDefaultNode(frmMain &window);
 void mnuViewTimelineSetup(frmMain &window);
+void mnuViewTimelineTidy(frmMain &window);
+void mnuViewTimelineFill(frmMain &window);
 // Asks for the date of the selected node, and gives it to all that are selected.
 void keyDate(frmMain &window);
 

@@ -35,7 +35,7 @@ diagram::Node *TimelinePopup::Month() const {
 void TimelinePopup::Hide() {
     diagram::Surface &surface = window_.CurrentSurface();
     const ActionGroup step(surface);
-    if (diagram::Node *month = Month()) month->SetHidden(true);
+    if (diagram::Node *month = Month()) timeline::HideMonth(*month);
     surface.UnselectAll();
     month_ = {-1, diagram::kNoItem};
     window_.ClickTab();

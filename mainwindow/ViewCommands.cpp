@@ -172,6 +172,11 @@ constexpr CommandRow kRows[] = {
     {"mnuView", "mnuViewTemplates", "Te&mplates", kCheck, mnuViewTemplates, "", "", "", Needs::Nothing, false,
      "bar pane side hide show"},
     {"mnuView", "mnuViewStartPage", "Show Start Page", kCheck, mnuViewStartPage},
+    Separator("mnuView"),
+    {"mnuView", "mnuViewTimelineTidy", "Tidy the timeline", kCommand, mnuViewTimelineTidy, "", "", "",
+     Needs::Nothing, false, "Takes months away that no @NODE needs any more"},
+    {"mnuView", "mnuViewTimelineFill", "Fill in missing months", kCommand, mnuViewTimelineFill, "", "", "",
+     Needs::Nothing, false, "Closes the gaps of the timeline"},
 };
 
 constexpr CommandRow kKeyRows[] = {

@@ -24,11 +24,13 @@
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/TemplateBar.h"
 #include "mainwindow/TimelinePopup.h"
+#include "mainwindow/UndoRedo.h"
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowParts.h"
 #include "mainwindow/WindowPrinting.h"
 #include "mainwindow/WindowStatus.h"
 #include "support/Printers.h"
+#include "timeline/Arrange.h"
 
 #include <algorithm>
 #include <QApplication>
@@ -105,6 +107,7 @@ void frmMain::Form_Load() {
     SetWindowCaption(document::UntitledCaption());
     frmSplash::ShowDoing(tr("Loading Defaults"));
     document::LoadDefaults(AddFlow1_[0]);
+    timeline::CarryArrangement(AddFlow1_[0]);
     LoadCombos();
     frmSplash::ShowDoing(QString());
     ClickTab();

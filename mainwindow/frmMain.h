@@ -34,6 +34,7 @@ class StartOffer;
 class TemplateBar;
 class TickBox;
 class TimelinePopup;
+class UndoRedo;
 class WindowJournal;
 class WindowParts;
 class WindowPrinting;
@@ -160,6 +161,7 @@ public:
     void ShowLinkProperties(diagram::Link &oLink);
     // What is offered after links were changed.
     PutBack &FormerLinks() const { return *putBack_; }
+    UndoRedo &History() const { return *history_; }
     // The timeline node whose popup was opened last, or null.
     diagram::Node *oTemplateNode() const;
     // The read-out of AddFlow1_MouseMove; no part of the program turns it on.
@@ -212,6 +214,7 @@ private:
     std::unique_ptr<WindowParts> parts_;
     std::unique_ptr<WindowStatus> status_;
     PutBack *putBack_ = nullptr;
+    std::unique_ptr<UndoRedo> history_;
     std::unique_ptr<FilterBoxes> filter_;
     std::unique_ptr<Finder> finder_;
     std::unique_ptr<LostMapOffers> lostMaps_;

@@ -11,6 +11,7 @@
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/TextBox.h"
 #include "mainwindow/Toolbar.h"
+#include "mainwindow/UndoRedo.h"
 #include "mainwindow/WindowParts.h"
 #include "mainwindow/WindowStatus.h"
 
@@ -45,9 +46,7 @@ void frmMain::tlbMain_ButtonClick(const QString &key) {
     support::Report("frmMain", "tlbMain_ButtonClick", [&] {
         if (key == QLatin1String("UNDO") || key == QLatin1String("REDO")) {
             views_->EndEdits();
-            if (key == QLatin1String("REDO")) return CurrentSurface().Redo();
-            if (!putBack_->StopsUndo()) CurrentSurface().Undo();
-            return;
+            return key == QLatin1String("REDO") ? history_->Redo() : history_->Undo();
         }
         for (const ButtonRow &row : MainButtons())
             if (*row.command && key == QLatin1String(row.key))

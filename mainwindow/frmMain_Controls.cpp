@@ -19,6 +19,7 @@
 #include "mainwindow/TickBox.h"
 #include "mainwindow/TimelinePopup.h"
 #include "mainwindow/Toolbar.h"
+#include "mainwindow/UndoRedo.h"
 #include "mainwindow/WindowParts.h"
 #include "mainwindow/WindowPrinting.h"
 #include "mainwindow/WindowStatus.h"
@@ -42,6 +43,7 @@ void frmMain::BuildControls() {
     parts_ = std::make_unique<WindowParts>(*this);
     status_ = std::make_unique<WindowStatus>(*this, *parts_->staMain);
     putBack_ = new PutBack(*this, *parts_->staMain);
+    history_ = std::make_unique<UndoRedo>(*this);
     views_ = std::make_unique<SliceViews>(*this, parts_->picRHS);
     finder_ = std::make_unique<Finder>(*this, parts_->picRHS);
     lostMaps_ = std::make_unique<LostMapOffers>(*this, parts_->picRHS);

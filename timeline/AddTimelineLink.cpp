@@ -27,6 +27,8 @@ void SetUp(document::MapWindow &window, diagram::Surface &flow) {
     const bool shown = WantsToSetUp(window);
     diagram::Node &look = *LocateTimeLineTemplateNode(flow, true);
     TimelineSetupArgument argument{window, &flow, &look};
+    QVariantMap choices;
+    argument.choices = &choices;
     if (shown) document::Show(window, argument);
     if (shown && look.Width() != 0) return;
     argument.pressOk = true;
@@ -44,6 +46,15 @@ void RemoveLinks(diagram::Node &node, Condition condition) {
     for (diagram::Link *link : links) node.Owner().Remove(*link);
 }
 
+void HideDateLink(diagram::Node &node) {
+    for (diagram::Link *link : node.Links())
+        if (IsTimelineLink(*link)) link->SetHidden(true);
+}
+
+void HideMonths(diagram::Surface &flow) {
+    for (diagram::Node *month : LocateTimelineNodes(flow)) month->SetHidden(true);
+}
+
 } // namespace
 
 void AddTimelineLink(document::MapWindow &window, diagram::Surface &Flow, diagram::Node &Node,
@@ -54,13 +65,16 @@ void AddTimelineLink(document::MapWindow &window, diagram::Surface &Flow, diagra
 void AddTimelineLinks(document::MapWindow &window, diagram::Surface &Flow,
                       const std::vector<NodeDate> &dates) {
     support::PassOn("AddTimelineLink", [&] {
-        if (!LocateTimeLineTemplateNode(Flow, false)) SetUp(window, Flow);
+        if (!IsConfigured(Flow)) SetUp(window, Flow);
         TranslateDates(Flow);
+        const bool hidden = IsTimelineHidden(Flow);
         DateIndex index(Flow);
         for (const NodeDate &dated : dates) {
             RemoveLinks(*dated.node, IsTimelineLink);
             LocateTimelineNode(Flow, dated.date, true, dated.node, &index);
+            if (hidden) HideDateLink(*dated.node);
         }
+        if (hidden) HideMonths(Flow);
         UpdateTimeLineNodes(window, Flow, true);
     });
 }

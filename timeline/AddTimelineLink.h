@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <QString>
+#include <QVariantMap>
 #include <vector>
 
 namespace diagram {
@@ -23,6 +24,9 @@ struct TimelineSetupArgument {
     bool asTemplate = false;               // the default node's settings instead of the timeline's
     bool pressOk = false;                  // OK is pressed at once, without showing the form
     std::function<void()> DoFixColors{};   // gives nodes the colours of their levels, for the default node
+    // What a form that was given up showed, by the names of its controls: it is written there, and the next
+    // form begins with it. Null where that isn't wanted.
+    QVariantMap *choices = nullptr;
 };
 
 // Gives the node the date, in the form "dd mmmm yyyy", in the place of the one that it had, and lays the

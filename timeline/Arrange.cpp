@@ -14,6 +14,7 @@
 #include "timeline/TimelineNodes.h"
 
 #include <algorithm>
+#include <QCoreApplication>
 #include <QHash>
 
 namespace timeline {
@@ -41,10 +42,7 @@ void GiveKey(diagram::Node &node) {
 // What the surface doesn't store yet comes from the template node.
 struct Settings {
     Settings(diagram::Surface &flow, diagram::Node &look, int align) {
-        if (align == kStoredArrangement && document::GetTag(flow, kTimelineAlign).isEmpty()) {
-            const QString stored = document::GetTag(look, kTimelineAlign);
-            document::SetTag(flow, kTimelineAlign, stored.isEmpty() ? kDefaultArrangement : stored);
-        }
+        if (align == kStoredArrangement) CarryArrangement(flow);
         arrangement =
             align == kStoredArrangement ? int(support::Val(document::GetTag(flow, kTimelineAlign))) : align;
         if (document::GetTag(look, kDateFormat).isEmpty()) document::SetTag(look, kDateFormat, kMonthPattern);
@@ -62,7 +60,7 @@ struct Settings {
 class Run {
 public:
     Run(document::MapWindow &window, diagram::Surface &flow, const Settings &settings)
-        : window_(window), flow_(flow), settings_(settings), index_(flow) {}
+        : window_(window), flow_(flow), settings_(settings), hidden_(IsTimelineHidden(flow)), index_(flow) {}
 
     // Counts months and collects days; false without a month.
     bool FindNodes() {
@@ -145,11 +143,28 @@ public:
         }
     }
 
+    // What the user has to know when no more months could be added; else nothing.
+    QString StoppedText() const {
+        if (created_ < kMostCreated) return {};
+        for (std::size_t i = 1; i < table_.size() && !table_[i][kKey].isEmpty(); ++i)
+            if (MonthBoundaries(CDate(table_[i - 1][kMonth]), CDate(table_[i][kMonth])) > 1)
+                return Stopped(table_[i - 1][kMonth], table_[i][kMonth]);
+        return {};
+    }
+
 private:
+    static QString Stopped(const QString &before, const QString &behind) {
+        return QCoreApplication::translate("timeline",
+                                           "The timeline stopped after %1 new months: those between %2 and "
+                                           "%3 are still missing. Fill in missing months goes on.")
+            .arg(kMostCreated)
+            .arg(before, behind);
+    }
+
     bool HasDays(const QString &month) const {
         const std::optional<QDate> first = ParseDate(month);
         for (int day = 1; first && day <= first->daysInMonth(); ++day)
-            if (index_.Find(FormatDate(QDate(first->year(), first->month(), day), kDayPattern))) return true;
+            if (index_.FindDay(QDate(first->year(), first->month(), day))) return true;
         return false;
     }
 
@@ -169,9 +184,9 @@ private:
 
     diagram::Node &Create(const QString &month, const QString &creating) {
         window_.DoStatus(creating + month);
-        diagram::Node &node = *LocateTimelineNode(flow_, month, true);
+        diagram::Node &node = *LocateTimelineNode(flow_, month, true, nullptr, &index_);
         document::SetTag(node, kTheDate, month);
-        index_.Add(node);
+        node.SetHidden(hidden_);
         ++created_;
         return node;
     }
@@ -191,12 +206,32 @@ private:
     document::MapWindow &window_;
     diagram::Surface &flow_;
     const Settings &settings_;
+    const bool hidden_; // the strip as a whole
     DateIndex index_;
     int months_ = 0;
     int created_ = 0;
     std::vector<diagram::Node *> days_;
     AxisTable table_;
 };
+
+std::size_t MonthsInSight(const diagram::Surface &flow) {
+    return std::size_t(std::ranges::count(LocateTimelineNodes(flow), false, &diagram::Node::Hidden));
+}
+
+// Two months in sight over one another, or one without extent: an arrangement met them while they were
+// hidden.
+bool IsDisarranged(const diagram::Surface &flow) {
+    std::vector<QRectF> boxes;
+    for (const diagram::Node *month : LocateTimelineNodes(flow))
+        if (!month->Hidden()) boxes.push_back(month->Bounds());
+    const auto before = [](const QRectF &a, const QRectF &b) {
+        return std::pair(a.left(), a.top()) < std::pair(b.left(), b.top());
+    };
+    std::ranges::sort(boxes, before);
+    const auto meet = [](const QRectF &a, const QRectF &b) { return a.adjusted(1, 1, -1, -1).intersects(b); };
+    return std::ranges::any_of(boxes, &QRectF::isEmpty) ||
+           std::ranges::adjacent_find(boxes, meet) != boxes.end();
+}
 
 } // namespace
 
@@ -216,8 +251,15 @@ void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, i
         run.WriteTexts();
         run.Place();
         window.clsSettings().Dirty = true;
-        window.DoStatus(QString());
+        window.DoStatus(run.StoppedText());
     });
+}
+
+void CarryArrangement(diagram::Surface &Flow) {
+    if (!document::GetTag(Flow, kTimelineAlign).isEmpty()) return;
+    const diagram::Node *look = LocateTimeLineTemplateNode(Flow, false);
+    const QString stored = look ? document::GetTag(*look, kTimelineAlign) : QString();
+    document::SetTag(Flow, kTimelineAlign, stored.isEmpty() ? kDefaultArrangement : stored);
 }
 
 void FillMissingDates(AxisTable &Dates, const QString &StartDate, const QString &EndDate,
@@ -262,6 +304,12 @@ void UpdateTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, bo
         CopyTemplateLook(Flow);
         if (Arrange) ArrangeTimeLineNodes(window, Flow, kStoredArrangement);
     });
+}
+
+void ShowTimeline(document::MapWindow &window, diagram::Surface &Flow, bool Shown) {
+    const std::size_t before = MonthsInSight(Flow);
+    ShowHideTimelineNodes(Flow, Shown);
+    if (MonthsInSight(Flow) > before && IsDisarranged(Flow)) UpdateTimeLineNodes(window, Flow, true);
 }
 
 void DoUnHideTimelineNodes(document::MapWindow &window, diagram::Surface &Flow) {

@@ -20,7 +20,7 @@ namespace timeline {
 enum class Arrangement { Left, Right, Top, Bottom, Center };
 constexpr int kStoredArrangement = -1; // the one that the surface stores
 
-// A run adds no more months than this.
+// A run adds no more months than this; where that is too few the status bar says so in the end.
 constexpr int kMostCreated = 48;
 
 // The month nodes of a run: the key of the node, empty where it is to be made, and its month as canonical
@@ -32,9 +32,13 @@ using AxisTable = std::vector<AxisRow>;
 // without a dated node away as the surface's settings say, gives each its text, lays them out, places the
 // days in them and the ends of links on the days. Any other number than those of Arrangement, or
 // kStoredArrangement, places nothing. Sets Dirty unless there is no month. Says what goes on in the status
-// bar of the window. Opens no group of changes. Error 9 for a month whose text is no date, or two of the same
+// bar of the window. While the strip is hidden, months that are added are hidden too. Opens no group of
+// changes. Error 9 for a month whose text is no date, or two of the same
 // month while missing ones are added: what was done until then stays.
 void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, int Align);
+
+// Stores the arrangement of the surface's template node, else the middle, where the surface stores none.
+void CarryArrangement(diagram::Surface &Flow);
 
 // Writes each month between the two that has no row yet into the first row without a month, at most
 // kMostCreated. The table gets as many rows as there are months; error 9 when it had more.
@@ -49,6 +53,9 @@ void Sort2DArray(AxisTable &Table, int Column);
 
 // Gives the months in sight the look of the template node, and lays out anew when Arrange says so.
 void UpdateTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, bool Arrange);
+// Shows or hides the strip; shown again after a date was given meanwhile, its months have their sizes and
+// places as before.
+void ShowTimeline(document::MapWindow &window, diagram::Surface &Flow, bool Shown);
 // Shows all hidden months and lays out anew.
 void DoUnHideTimelineNodes(document::MapWindow &window, diagram::Surface &Flow);
 

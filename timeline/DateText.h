@@ -28,10 +28,12 @@ QString FormatDate(const QDate &date, const QString &pattern, const QLocale &loc
 
 // The date in a text as a person types it: March 2004, Mar-04, 03 2004, 14 March 2004, 14/03/2004,
 // 2004-03-14. Without a day it is the first of the month. Month names are looked up in `locale`, then in
-// English, then in the other languages whose names were found in texts before. Two digits of a year are 1930
-// to 2029; a date of digits alone has the order of `locale` where it is written with slashes or dots, and the
-// day first otherwise. Nothing for what is no date.
-std::optional<QDate> ParseDate(const QString &text, const QLocale &locale = QLocale());
+// English, then in the other languages whose names were found in texts before. Two digits of a year are those
+// of the hundred years from `firstOfCentury`; a date of digits alone has the order of `locale` where it is
+// written with slashes or dots, and the day first otherwise. Nothing for what is no date.
+constexpr int kStoredCentury = 1930; // of texts that a map holds
+std::optional<QDate> ParseDate(const QString &text, const QLocale &locale = QLocale(),
+                               int firstOfCentury = kStoredCentury);
 
 // Another language whose month names may be met, such as that of a map's file.
 void NoteDateLanguage(const QLocale &locale);

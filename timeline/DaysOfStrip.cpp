@@ -5,6 +5,7 @@
 #include "document/Tags.h"
 #include "support/Val.h"
 #include "timeline/AddTimelineLink.h"
+#include "timeline/DateIndex.h"
 #include "timeline/DateText.h"
 #include "timeline/Strip.h"
 #include "timeline/TimelineNodes.h"
@@ -94,9 +95,11 @@ std::optional<QDate> DaysOfStrip::DayAt(const diagram::Surface &flow, const QPoi
 }
 
 std::optional<QLineF> DaysOfStrip::PlaceOf(const diagram::Surface &flow, const QDate &date) const {
+    const DateMeant meant{QDate(date.year(), date.month(), 1), true};
     const QString text = FormatDate(date, kMonthPattern);
     for (const diagram::Node *month : LocateTimelineNodes(flow)) {
-        if (month->Hidden() || month->Bounds().isEmpty() || MonthOf(*month) != text) continue;
+        if (month->Hidden() || month->Bounds().isEmpty()) continue;
+        if (MonthOf(*month) != text && MeaningOf(MonthOf(*month)) != meant) continue;
         const bool rightwards = RunsRightwards(flow);
         const double slot = double(SlotOf(float(LengthOf(*month, rightwards)), date.daysInMonth()));
         const double along = (date.day() + 0.5) * slot;
@@ -105,6 +108,26 @@ std::optional<QLineF> DaysOfStrip::PlaceOf(const diagram::Surface &flow, const Q
         return QLineF(box.left(), box.top() + along, box.right(), box.top() + along);
     }
     return std::nullopt;
+}
+
+// Hidden months are there, however little is seen of them.
+std::vector<QLineF> DaysOfStrip::Breaks(const diagram::Surface &flow) const {
+    std::vector<std::pair<QDate, const diagram::Node *>> months;
+    for (const diagram::Node *month : LocateTimelineNodes(flow))
+        if (const std::optional<QDate> first = ParseDate(MonthOf(*month))) months.emplace_back(*first, month);
+    std::ranges::sort(months);
+    const bool rightwards = RunsRightwards(flow);
+    std::vector<QLineF> breaks;
+    bool seen = false, missing = false;
+    for (std::size_t i = 0; i < months.size(); ++i) {
+        missing = missing || (i > 0 && MonthBoundaries(months[i - 1].first, months[i].first) > 1);
+        const QRectF box = months[i].second->Bounds();
+        if (months[i].second->Hidden() || box.isEmpty()) continue;
+        if (seen && missing)
+            breaks.emplace_back(box.topLeft(), rightwards ? box.bottomLeft() : box.topRight());
+        seen = true, missing = false;
+    }
+    return breaks;
 }
 
 void DaysOfStrip::SetDates(diagram::Surface &flow, const std::vector<Dated> &dates) {

@@ -21,6 +21,7 @@ public:
     // In front of the strip and behind it a month is as long as that at the end.
     std::optional<QDate> DayAt(const diagram::Surface &flow, const QPointF &at) const override;
     std::optional<QLineF> PlaceOf(const diagram::Surface &flow, const QDate &date) const override;
+    std::vector<QLineF> Breaks(const diagram::Surface &flow) const override;
     bool RunsRightwards(const diagram::Surface &flow) const override;
     void SetDates(diagram::Surface &flow, const std::vector<Dated> &dates) override;
 

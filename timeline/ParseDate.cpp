@@ -11,7 +11,6 @@ namespace timeline {
 namespace {
 
 constexpr int kMonths = 12;
-constexpr int kTurnOfCentury = 30; // two digits below it are of the 2000s
 
 struct Number {
     int value;
@@ -20,10 +19,11 @@ struct Number {
 
 bool IsYear(const Number &number) { return number.digits >= 3; }
 
-// Two digits are 1930 to 2029.
-int YearOf(const Number &number) {
+// Two digits are those of the hundred years from `first`.
+int YearOf(const Number &number, int first) {
     if (IsYear(number)) return number.value;
-    return number.value + (number.value < kTurnOfCentury ? 2000 : 1900);
+    const int year = first - first % 100 + number.value;
+    return year < first ? year + 100 : year;
 }
 
 std::optional<QDate> DateOf(int year, int month, int day) {
@@ -51,11 +51,11 @@ std::optional<std::vector<Number>> NumbersIn(const QString &text) {
 }
 
 // Beside a month's name: a year, or day and year with the longer one as the year, else the day first.
-std::optional<QDate> WithMonth(int month, const std::vector<Number> &numbers) {
-    if (numbers.size() == 1) return DateOf(YearOf(numbers[0]), month, 1);
+std::optional<QDate> WithMonth(int month, const std::vector<Number> &numbers, int century) {
+    if (numbers.size() == 1) return DateOf(YearOf(numbers[0], century), month, 1);
     if (numbers.size() != 2) return std::nullopt;
     const bool yearFirst = IsYear(numbers[0]);
-    return DateOf(YearOf(numbers[yearFirst ? 0 : 1]), month, numbers[yearFirst ? 1 : 0].value);
+    return DateOf(YearOf(numbers[yearFirst ? 0 : 1], century), month, numbers[yearFirst ? 1 : 0].value);
 }
 
 bool MonthComesFirst(const QString &text, const QLocale &locale) {
@@ -64,26 +64,26 @@ bool MonthComesFirst(const QString &text, const QLocale &locale) {
     return written && format.indexOf(QLatin1Char('M')) < format.indexOf(QLatin1Char('d'));
 }
 
-std::optional<QDate> OfNumbers(const QString &text, const std::vector<Number> &numbers,
-                               const QLocale &locale) {
+std::optional<QDate> OfNumbers(const QString &text, const std::vector<Number> &numbers, const QLocale &locale,
+                               int century) {
     if (numbers.size() == 2) {
         const bool yearFirst = IsYear(numbers[0]);
-        return DateOf(YearOf(numbers[yearFirst ? 0 : 1]), numbers[yearFirst ? 1 : 0].value, 1);
+        return DateOf(YearOf(numbers[yearFirst ? 0 : 1], century), numbers[yearFirst ? 1 : 0].value, 1);
     }
     if (numbers.size() != 3) return std::nullopt;
     if (IsYear(numbers[0])) return DateOf(numbers[0].value, numbers[1].value, numbers[2].value);
-    const int year = YearOf(numbers[2]), first = numbers[0].value, second = numbers[1].value;
+    const int year = YearOf(numbers[2], century), first = numbers[0].value, second = numbers[1].value;
     const bool monthFirst = second > kMonths || (first <= kMonths && MonthComesFirst(text, locale));
     return monthFirst ? DateOf(year, first, second) : DateOf(year, second, first);
 }
 
-std::optional<QDate> InLanguage(const QString &plain, const QLocale &language) {
+std::optional<QDate> InLanguage(const QString &plain, const QLocale &language, int century = kStoredCentury) {
     const auto match = MonthNamesOf(language).Find(plain);
     if (!match) return std::nullopt;
     const QString rest =
         plain.left(match->start) + QLatin1Char(' ') + plain.mid(match->start + match->length);
     const auto numbers = NumbersIn(rest);
-    return numbers ? WithMonth(match->month, *numbers) : std::nullopt;
+    return numbers ? WithMonth(match->month, *numbers, century) : std::nullopt;
 }
 
 // Languages in which dates were met, the latest first.
@@ -98,14 +98,14 @@ const QList<QLocale> &AllLanguages() {
     return all;
 }
 
-std::optional<QDate> InAnyLanguage(const QString &plain) {
+std::optional<QDate> InAnyLanguage(const QString &plain, int century) {
     for (const QLocale &language : std::vector(Met()))
-        if (const auto date = InLanguage(plain, language)) {
+        if (const auto date = InLanguage(plain, language, century)) {
             if (language != Met().front()) NoteDateLanguage(language);
             return date;
         }
     for (const QLocale &language : AllLanguages()) {
-        if (const auto date = InLanguage(plain, language)) {
+        if (const auto date = InLanguage(plain, language, century)) {
             NoteDateLanguage(language);
             return date;
         }
@@ -132,17 +132,18 @@ void NoteDateLanguageOf(const QStringList &texts) {
 
 bool IsWrittenIn(const QString &text, const QLocale &locale) {
     const QString plain = Plain(text).trimmed();
-    if (const auto numbers = NumbersIn(plain)) return OfNumbers(plain, *numbers, locale).has_value();
+    if (const auto numbers = NumbersIn(plain))
+        return OfNumbers(plain, *numbers, locale, kStoredCentury).has_value();
     return InLanguage(plain, locale).has_value();
 }
 
-std::optional<QDate> ParseDate(const QString &text, const QLocale &locale) {
+std::optional<QDate> ParseDate(const QString &text, const QLocale &locale, int firstOfCentury) {
     const QString plain = Plain(text).trimmed();
     if (std::ranges::none_of(plain, [](QChar sign) { return sign.isDigit(); })) return std::nullopt;
-    if (const auto numbers = NumbersIn(plain)) return OfNumbers(plain, *numbers, locale);
-    if (const auto date = InLanguage(plain, locale)) return date;
-    if (const auto date = InLanguage(plain, QLocale::c())) return date;
-    return InAnyLanguage(plain);
+    if (const auto numbers = NumbersIn(plain)) return OfNumbers(plain, *numbers, locale, firstOfCentury);
+    if (const auto date = InLanguage(plain, locale, firstOfCentury)) return date;
+    if (const auto date = InLanguage(plain, QLocale::c(), firstOfCentury)) return date;
+    return InAnyLanguage(plain, firstOfCentury);
 }
 
 } // namespace timeline

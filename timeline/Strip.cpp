@@ -65,7 +65,7 @@ DaysByMonth::DaysByMonth(const std::vector<diagram::Node *> &days) {
 void PositionDateNodes(DaysByMonth &DayNodes, const diagram::Node &MonthNode, bool Horizontal) {
     const QString month = document::GetTag(MonthNode, document::tags::kTheDate);
     const int days = DaysPerMonth(month);
-    for (diagram::Node *node : DayNodes.Take(month)) {
+    for (diagram::Node *node : DayNodes.Take(Reformatted(month, kMonthPattern))) {
         const float day = float(CDate(node->Text()).day());
         if (Horizontal) {
             const float slot = SlotOf(MonthNode.Width(), days);

@@ -7,10 +7,13 @@
 #include "timeline/DateLanguage.h"
 #include "timeline/DateText.h"
 
+#include <algorithm>
+
 namespace timeline {
 
 namespace {
 
+using document::tags::kMonthHidden;
 using document::tags::kTheDate;
 
 diagram::Node &AddTimelineNode(diagram::Surface &flow, const QString &date) {
@@ -22,11 +25,20 @@ diagram::Node &AddTimelineNode(diagram::Surface &flow, const QString &date) {
     return node;
 }
 
+template <typename Condition>
+diagram::Node *FirstNode(const diagram::Surface &flow, Condition condition) {
+    for (diagram::Node &node : flow.Nodes())
+        if (IsTimelineMaterial(node) && condition(document::GetTag(node, kTheDate))) return &node;
+    return nullptr;
+}
+
 diagram::Node *NodeOfDate(const diagram::Surface &flow, const QString &date, const DateIndex *index) {
     if (index) return index->Find(date);
-    for (diagram::Node &node : flow.Nodes())
-        if (IsTimelineMaterial(node) && document::GetTag(node, kTheDate) == date) return &node;
-    return nullptr;
+    if (diagram::Node *exact = FirstNode(flow, [&](const QString &each) { return each == date; }))
+        return exact;
+    const std::optional<DateMeant> meant = MeaningOf(date);
+    if (!meant) return nullptr;
+    return FirstNode(flow, [&](const QString &each) { return MeaningOf(each) == meant; });
 }
 
 // The date in the pattern; what is no date stays as it is.
@@ -47,8 +59,34 @@ void CopyLook(const diagram::Node &from, diagram::Node &month) {
     month.SetxTextMargin(from.xTextMargin());
     month.SetyTextMargin(from.yTextMargin());
     month.SetPicture(from.Picture());
+    if (from.Width() == 0) return; // not configured: the months stay as large as they are
     month.SetHeight(from.Height());
     month.SetWidth(from.Width());
+}
+
+bool IsHiddenByUser(const diagram::Node *month) { return document::IsOn(*month, kMonthHidden); }
+
+// Strip and user can't hide every month between them.
+void ForgetHandsThatHidAll(const std::vector<diagram::Node *> &months) {
+    if (!std::ranges::all_of(months, IsHiddenByUser)) return;
+    for (diagram::Node *month : months) document::SetSwitch(*month, kMonthHidden, false);
+}
+
+void ShowHideMonth(diagram::Node &month, bool shown, const diagram::Node *look) {
+    const bool byUser = IsHiddenByUser(&month);
+    month.SetHidden(!shown || byUser);
+    if (look && look->Width() != 0 && !byUser) month.SetWidth(look->Width());
+}
+
+// Of the days of the month; those of hidden nodes stay as they are.
+void ShowHideDateLinks(const diagram::Node &month, bool shown, const DateIndex &index) {
+    const std::optional<QDate> first = ParseDate(month.Text());
+    for (int day = 1; first && day <= first->daysInMonth(); ++day) {
+        const diagram::Node *node = index.FindDay(QDate(first->year(), first->month(), day));
+        if (!node) continue;
+        for (diagram::Link *link : node->Links())
+            if (!link->Source().Hidden()) link->SetHidden(!shown);
+    }
 }
 
 } // namespace
@@ -58,6 +96,11 @@ diagram::Node *LocateTimeLineTemplateNode(diagram::Surface &Flow, bool Create) {
     if (!Create) return nullptr;
     CreateTimelineTemplateNode(Flow);
     return LocateTimeLineTemplateNode(Flow, false);
+}
+
+bool IsConfigured(diagram::Surface &Flow) {
+    const diagram::Node *look = LocateTimeLineTemplateNode(Flow, false);
+    return look && look->Width() != 0;
 }
 
 void CreateTimelineTemplateNode(diagram::Surface &Flow) {
@@ -115,25 +158,32 @@ void ShowHideTimelineNodes(diagram::Surface &Flow, bool Shown) {
         TranslateDates(Flow);
         const diagram::Node *look = LocateTimeLineTemplateNode(Flow, false);
         const DateIndex index(Flow);
-        for (diagram::Node *month : LocateTimelineNodes(Flow)) {
-            month->SetHidden(!Shown);
-            if (look) month->SetWidth(look->Width());
-            const std::optional<QDate> first = ParseDate(month->Text());
-            for (int day = 1; first && day <= first->daysInMonth(); ++day) {
-                const QDate date(first->year(), first->month(), day);
-                const diagram::Node *node = index.Find(FormatDate(date, kDayPattern));
-                if (!node) continue;
-                for (diagram::Link *link : node->Links())
-                    if (!link->Source().Hidden()) link->SetHidden(!Shown);
-            }
+        const std::vector<diagram::Node *> months = LocateTimelineNodes(Flow);
+        if (Shown) ForgetHandsThatHidAll(months);
+        for (diagram::Node *month : months) {
+            ShowHideMonth(*month, Shown, look);
+            ShowHideDateLinks(*month, Shown, index);
         }
     });
 }
 
+void HideMonth(diagram::Node &month) {
+    month.SetHidden(true);
+    document::SetSwitch(month, kMonthHidden, true);
+}
+
+bool IsTimelineHidden(const diagram::Surface &Flow) {
+    const std::vector<diagram::Node *> months = LocateTimelineNodes(Flow);
+    return std::ranges::all_of(months, &diagram::Node::Hidden) &&
+           !std::ranges::all_of(months, IsHiddenByUser);
+}
+
 void ShowHiddenMonths(diagram::Surface &Flow) {
-    for (diagram::Node &node : Flow.Nodes())
+    for (diagram::Node &node : Flow.Nodes()) {
+        if (IsTimelineMaterial(node)) document::SetSwitch(node, kMonthHidden, false);
         if (node.Hidden() && HasMonthForm(node.Text()) && node.Text() != document::kTemplateNodeText)
             node.SetHidden(false);
+    }
 }
 
 } // namespace timeline

@@ -28,6 +28,8 @@ public:
     virtual std::optional<QDate> DayAt(const Surface &, const QPointF &) const { return std::nullopt; }
     // Across the strip where that day stands; nothing for a day that the strip doesn't reach.
     virtual std::optional<QLineF> PlaceOf(const Surface &, const QDate &) const { return std::nullopt; }
+    // Across the strip where months are missing between the one that ends there and the one that begins.
+    virtual std::vector<QLineF> Breaks(const Surface &) const { return {}; }
     // Whether it runs from left to right.
     virtual bool RunsRightwards(const Surface &) const { return true; }
 

@@ -6,6 +6,8 @@
 #include "diagram/view/SelectionPainter.h"
 #include "diagram/view/Viewport.h"
 
+#include <algorithm>
+#include <iterator>
 #include <QFontMetrics>
 #include <QPainter>
 
@@ -23,6 +25,8 @@ constexpr int kGlow = 32, kStrongGlow = 48; // alpha
 constexpr int kCover = 215;
 constexpr QMargins kBandFrame(2, 2, 2, 2); // what it may cover beside the band's own pixels
 constexpr int kShade = 20;
+constexpr double kTooth = 7, kToothDepth = 2.5, kTearWidth = 6, kBeyondStrip = 3; // of a torn strip
+constexpr int kMostTeeth = 400;
 
 QRect SizeBox(const Overlay &overlay, const Viewport &viewport) {
     if (overlay.size.isEmpty()) return {};
@@ -44,6 +48,25 @@ void PaintSize(QPainter &painter, const Overlay &overlay, const Viewport &viewpo
     painter.drawRoundedRect(box, 3, 3);
     painter.setPen(look.onAccent);
     painter.drawText(box, Qt::AlignCenter, overlay.size);
+}
+
+// One pixel to the side of the line.
+QPointF Aside(const QLineF &line) {
+    const QLineF normal = line.normalVector().unitVector();
+    return normal.p2() - normal.p1();
+}
+
+// A zigzag along the line and a little beyond its ends, of teeth that are all the same.
+QPolygonF TearAlong(const QLineF &line) {
+    const int teeth = qBound(2, qRound(line.length() / kTooth), kMostTeeth);
+    QPolygonF tear;
+    for (int i = 0; i <= teeth; ++i) {
+        const double along = double(i) / teeth;
+        const double beyond = i == 0 ? -kBeyondStrip : i == teeth ? kBeyondStrip : 0;
+        tear << line.pointAt(along + beyond / line.length()) +
+                    Aside(line) * (i % 2 ? kToothDepth : -kToothDepth);
+    }
+    return tear;
 }
 
 // The surface's own colour over a link lets it stand back.
@@ -194,6 +217,29 @@ void PaintToday(QPainter &painter, const QLineF &place, const Surface &surface, 
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(look.Line(look.guide, 1));
     painter.drawLine(look.Crisp(line.p1()), look.Crisp(line.p2()));
+    painter.restore();
+}
+
+void PaintBreaks(QPainter &painter, std::span<const QLineF> breaks, const Surface &surface,
+                 const Viewport &viewport) {
+    if (breaks.empty()) return;
+    const OverlayLook look = LookFor(surface, painter);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const QLineF &each : breaks) {
+        const QLineF line = viewport.ToPixels().map(each);
+        if (line.length() < kTooth) continue;
+        const QPolygonF tear = TearAlong(line);
+        const QPointF half = Aside(line) * kTearWidth / 2;
+        QPolygonF gap = tear.translated(half);
+        const QPolygonF other = tear.translated(-half);
+        std::copy(other.rbegin(), other.rend(), std::back_inserter(gap));
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(support::ToQColor(surface.BackColor()));
+        painter.drawPolygon(gap);
+        painter.setPen(look.Line(look.guide, 1));
+        for (const QPointF &side : {half, -half}) painter.drawPolyline(tear.translated(side));
+    }
     painter.restore();
 }
 

@@ -19,6 +19,9 @@ void PaintOverlay(QPainter &painter, const Overlay &overlay, const Surface &surf
                   const Viewport &viewport);
 // A thin line that marks today's place (twips) on a strip of days.
 void PaintToday(QPainter &painter, const QLineF &place, const Surface &surface, const Viewport &viewport);
+// Where a strip of days (twips, across it) leaves something out: it looks torn there.
+void PaintBreaks(QPainter &painter, std::span<const QLineF> breaks, const Surface &surface,
+                 const Viewport &viewport);
 // Where pages of paper end, in twips: light dashed lines.
 void PaintPageBreaks(QPainter &painter, std::span<const QLineF> breaks, const Surface &surface,
                      const Viewport &viewport);

@@ -95,6 +95,10 @@ void Repainting::AddTouched(RectList &areas) {
 
 void Repainting::NoteToday(const DayStrip &days) {
     if (!std::exchange(todayOutdated_, false)) return;
+    if (std::vector<QLineF> breaks = days.Breaks(surface_); breaks != breaks_) {
+        breaks_ = std::move(breaks);
+        canvas_.update();
+    }
     const std::optional<QLineF> former = std::exchange(today_, days.Today(surface_));
     if (former == today_) return;
     for (const std::optional<QLineF> &line : {former, today_})
@@ -190,6 +194,7 @@ void Repainting::Paint(const QRegion &region, const Overlay &overlay, FocusRing 
     painter.setClipRegion(region);
     PaintBeyondTheOrigin(painter, surface_, viewport_, region.boundingRect());
     PaintPageBreaks(painter, pageBreaks_, surface_, viewport_);
+    PaintBreaks(painter, breaks_, surface_, viewport_);
     if (today_) PaintToday(painter, *today_, surface_, viewport_);
     PaintSelection(painter, scene_, viewport_, region, ring, overlay.loose);
     PaintOverlay(painter, overlay, surface_, viewport_);

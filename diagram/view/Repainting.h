@@ -40,7 +40,7 @@ public:
     void NoteSelected(const Item &item);
     // What has changed in the scene and the selection since it was asked last is asked to be painted.
     void NoteDamage();
-    // Today's line may lie elsewhere now.
+    // The marks on the strip of days, today's line and where it is broken, may lie elsewhere now.
     void OutdateToday() { todayOutdated_ = true; }
     void NoteToday(const DayStrip &days);
     void SetPageBreaks(std::vector<QLineF> breaks);
@@ -72,6 +72,7 @@ private:
     bool resting_ = false;        // nothing has moved since the last slice
     std::optional<int> budget_;   // milliseconds
     std::optional<QLineF> today_; // twips
+    std::vector<QLineF> breaks_;  // twips
     bool todayOutdated_ = true;
     std::vector<QLineF> pageBreaks_; // twips
     OverlayPlace overlayPlace_;      // as last painted

@@ -7,6 +7,7 @@
 #include "widgets/TickStyle.h"
 
 #include <gtest/gtest.h>
+#include <QDialog>
 #include <QEvent>
 #include <QTimer>
 
@@ -44,6 +45,19 @@ TEST(CommandLine, IsOneTextBehindTheProgramsName) {
     EXPECT_EQ(CommandLine({QStringLiteral("velmora"), QStringLiteral("/my"), QStringLiteral("plan.map")}),
               QStringLiteral("/my plan.map"));
     EXPECT_TRUE(CommandLine({QStringLiteral("velmora")}).isEmpty());
+}
+
+TEST(FormOwner, IsTheFormFromWhichAnotherIsAskedForElseTheWindow) {
+    QWidget window;
+    window.show();
+    EXPECT_EQ(FormOwner(&window), &window);
+    QDialog form(&window);
+    form.setModal(true);
+    form.show();
+    EXPECT_EQ(FormOwner(&window), &form);
+    EXPECT_EQ(FormOwner(nullptr), &form);
+    form.hide();
+    EXPECT_EQ(FormOwner(&window), &window);
 }
 
 TEST(DeveloperOptions, ComeFromTheEnvironment) {

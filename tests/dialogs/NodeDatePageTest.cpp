@@ -4,6 +4,7 @@
 
 #include <QCalendarWidget>
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
 #include <QToolButton>
@@ -53,6 +54,23 @@ TEST_F(NodeDates, ADateIsTypedInAnyForm) {
         Click("OKButton");
         EXPECT_EQ(timeline::DateOfNode(*node), QStringLiteral("02 January 2005")) << typed;
     }
+}
+
+TEST_F(NodeDates, WhatIsUnderstoodIsShownBesideTheBoxWhileItIsTyped) {
+    Open(*node);
+    GoTo(kDate);
+    auto &meaning = Control<QLabel>("lblMeaning");
+    EXPECT_EQ(meaning.text(), QStringLiteral("Friday, 17 May 2024"));
+    EXPECT_FALSE(meaning.isEnabled());
+    Control<QCheckBox>("chkDate").setChecked(true);
+    Type(QStringLiteral("next monday"));
+    EXPECT_EQ(meaning.text(), QStringLiteral("Monday, 20 May 2024"));
+    EXPECT_EQ(DateText().accessibleDescription(), meaning.text());
+    Type(QStringLiteral("soon"));
+    EXPECT_EQ(meaning.text(), QStringLiteral("This is not understood as a date"));
+    Type(QStringLiteral("w23"));
+    Click("OKButton");
+    EXPECT_EQ(timeline::DateOfNode(*node), QStringLiteral("03 June 2024"));
 }
 
 TEST_F(NodeDates, WhatIsNoDateIsRefused) {

@@ -68,11 +68,26 @@ TEST(Tag, SetTag_WorksOnNodesAndSurfaces) {
 }
 
 TEST(Tag, NoKeyInUseBeginsAnother) {
-    const QString keys[] = {tags::kGroup,      tags::kLevel,         tags::kHyper,  tags::kTheDate,
-                            tags::kDateFormat, tags::kTimelineAlign, tags::kMissing};
+    const QString keys[] = {tags::kGroup,       tags::kLevel,         tags::kHyper,
+                            tags::kTheDate,     tags::kDateFormat,    tags::kTimelineAlign,
+                            tags::kMissing,     tags::kNamesOfLevels, tags::kNamesOfGroups,
+                            tags::kMonthHidden, tags::kMonthFolded};
     for (const QString &a : keys)
         for (const QString &b : keys)
             EXPECT_EQ(a.startsWith(b, Qt::CaseInsensitive), a == b) << a.toStdString();
+}
+
+TEST(Tag, ASwitchIsWrittenOnlyWhereItSaysSomething) {
+    diagram::Surface surface;
+    diagram::Node &node = surface.Nodes().Add(0, 0, 100, 100);
+    EXPECT_FALSE(IsOn(node, tags::kMonthHidden));
+    SetSwitch(node, tags::kMonthHidden, false);
+    EXPECT_EQ(node.Tag(), "");
+    SetSwitch(node, tags::kMonthHidden, true);
+    EXPECT_TRUE(IsOn(node, tags::kMonthHidden));
+    EXPECT_FALSE(IsOn(node, tags::kMonthFolded));
+    SetSwitch(node, tags::kMonthHidden, false);
+    EXPECT_FALSE(IsOn(node, tags::kMonthHidden));
 }
 
 TEST(ChangeGUIDs, GivesNewKeysToAllOrToTheSelection) {

@@ -1,69 +1,16 @@
 // Dates of nodes, from the command to the strip.
+#include "tests/mainwindow/DatesTest.h"
+
 #include "diagram/export/Export.h"
 #include "diagram/format/SurfaceFile.h"
-#include "diagram/view/SurfaceView.h"
 #include "document/DoLoad.h"
-#include "document/Tags.h"
 #include "mainwindow/TimelineCommands.h"
-#include "tests/mainwindow/WindowTest.h"
-#include "timeline/AddTimelineLink.h"
-#include "timeline/Arrange.h"
-#include "timeline/setup/frmDate.h"
-#include "timeline/setup/frmTimelineSetup.h"
-#include "timeline/TimelineNodes.h"
+#include "widgets/SwatchButton.h"
 
-#include <QApplication>
 #include <QComboBox>
-#include <QHelpEvent>
-#include <QLineEdit>
-#include <QMouseEvent>
 #include <QPushButton>
-#include <QTest>
-#include <QToolTip>
 
 namespace mainwindow::testing {
-
-namespace {
-
-struct Dates : WindowTest {
-    frmMain &window = NewWindow();
-    diagram::Node &node = AddNode(window, 3000, 900, QStringLiteral("Launch"));
-
-    Dates() {
-        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
-        node.SetSelected(true);
-        ProcessEvents();
-    }
-    ~Dates() override { QLocale::setDefault(QLocale::c()); }
-
-    // What the user does in the form of the date.
-    void EnterDate(int year, int month, int day) {
-        desktop.ExpectForm<timeline::DateFormArgument>([=](timeline::DateFormArgument &argument) {
-            timeline::frmDate form(argument, nullptr);
-            form.findChild<QLineEdit *>(QStringLiteral("txtDate"))
-                ->setText(QDate(year, month, day).toString(Qt::ISODate));
-            form.accept();
-            return true;
-        });
-    }
-    void ConfirmSetupUnseen() {
-        desktop.ExpectMessageContaining(QStringLiteral("You have not configured your timeline Nodes yet."),
-                                        support::Answer::No);
-        desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
-            timeline::frmTimelineSetup form(argument, nullptr);
-            form.OKButton_Click();
-            return true;
-        });
-    }
-    QStringList Months() {
-        QStringList texts;
-        for (const diagram::Node *month : timeline::LocateTimelineNodes(window.CurrentSurface()))
-            texts << month->Text();
-        return texts;
-    }
-};
-
-} // namespace
 
 TEST_F(Dates, TheCommandPutsANodeOnItsDayAsOneStep) {
     EnterDate(2004, 3, 14);
@@ -150,6 +97,7 @@ TEST_F(Dates, SetupChangesThePatternAndTheArrangementAsOneStep) {
 
 TEST_F(Dates, ACancelledSetupLeavesTheSliceAsItWas) {
     const int before = window.CurrentSurface().Nodes().Count();
+    const QString tag = window.CurrentSurface().Tag();
     for (const char *command : {"mnuViewTimelineSetup", "mnuViewDefaultNode"}) {
         desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
             argument.Flow->SetTag(QStringLiteral("|TM_Align=3"));
@@ -157,7 +105,7 @@ TEST_F(Dates, ACancelledSetupLeavesTheSliceAsItWas) {
         });
         window.SmartMenuXP1_Click(QLatin1String(command));
         EXPECT_EQ(window.CurrentSurface().Nodes().Count(), before);
-        EXPECT_EQ(window.CurrentSurface().Tag(), QString());
+        EXPECT_EQ(window.CurrentSurface().Tag(), tag);
         EXPECT_FALSE(window.CurrentSurface().CanUndo());
     }
 }
@@ -177,6 +125,49 @@ TEST_F(Dates, TheDefaultNodeAndTheFirstLevelShareOneColour) {
     EXPECT_EQ(window.CurrentSurface().Defaults().fillColor, window.clsSettings().Levels().Item(1).Color);
 }
 
+TEST_F(Dates, UndoOfTheDefaultNodeTakesTheFirstLevelsColourBack) {
+    document::cLevel &level = window.clsSettings().Levels().Item(1);
+    const support::Colour former = level.Color, chosen = 0x123456;
+    ASSERT_NE(former, chosen);
+    const auto choose = [&] {
+        desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
+            timeline::frmTimelineSetup form(argument, nullptr);
+            form.findChild<widgets::SwatchButton *>(QStringLiteral("cmdChangeFill"))->SetValue(chosen);
+            form.OKButton_Click();
+            return true;
+        });
+        window.SmartMenuXP1_Click(QStringLiteral("mnuViewDefaultNode"));
+    };
+    document::MarkSaved(window);
+    choose();
+    EXPECT_EQ(level.Color, chosen);
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_EQ(level.Color, former);
+    EXPECT_FALSE(document::HasUnsavedWork(window));
+    Press(window, QStringLiteral("Ctrl+Y"));
+    EXPECT_EQ(level.Color, chosen);
+    AddNode(window, 300, 300, QStringLiteral("another"));
+    window.tlbMain_ButtonClick(QStringLiteral("UNDO"));
+    EXPECT_EQ(level.Color, former) << "by the button too";
+    window.tlbMain_ButtonClick(QStringLiteral("REDO"));
+    EXPECT_EQ(level.Color, chosen);
+    level.Color = 0x654321;
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_EQ(level.Color, 0x654321) << "chosen since, in the list of levels";
+}
+
+TEST_F(Dates, ANewSliceKeepsItsArrangementThroughItsFile) {
+    desktop.ExpectInput(QStringLiteral("Name for Slice."), QStringLiteral("Second"));
+    window.DoInsertSlice();
+    window.clsSettings().SetDatabase(MapFile(QStringLiteral("plain.map")));
+    window.SmartMenuXP1_Click(QStringLiteral("mnuFileSave"));
+    document::DoLoad(window);
+    ProcessEvents();
+    for (const int slice : {0, 1})
+        EXPECT_EQ(document::GetTag(window.AddFlow1()[slice], document::tags::kTimelineAlign),
+                  QStringLiteral("4"));
+}
+
 TEST_F(Dates, AMapWithATimelineComesBackFromItsFile) {
     EnterDate(2004, 3, 14);
     ConfirmSetupUnseen();
@@ -190,42 +181,6 @@ TEST_F(Dates, AMapWithATimelineComesBackFromItsFile) {
     EXPECT_EQ(document::GetTag(surface, document::tags::kTimelineAlign), QStringLiteral("4"));
     EXPECT_TRUE(window.MenuValue(QStringLiteral("mnuViewTimeline")));
 }
-
-struct Strips : Dates {
-    // The node on 14 March 2004, the strip at the top, months 3100 wide.
-    Strips() {
-        EnterDate(2004, 3, 14);
-        ConfirmSetupUnseen();
-        Press(window, QStringLiteral("Ctrl+T"));
-        diagram::Surface &surface = window.CurrentSurface();
-        diagram::Node &look = *timeline::LocateTimeLineTemplateNode(surface, false);
-        look.SetWidth(3100);
-        look.SetHeight(450);
-        document::SetTag(surface, document::tags::kTimelineAlign, QStringLiteral("2"));
-        timeline::UpdateTimeLineNodes(window, surface, true);
-        ProcessEvents();
-    }
-    QColor PixelAt(const QPointF &twips) {
-        const QPixmap seen = window.CurrentView().viewport()->grab();
-        const QPointF at = window.CurrentView().FromSurface(twips) * seen.devicePixelRatio();
-        return QColor(seen.toImage().pixel(int(at.x()), int(at.y())));
-    }
-    // As a user who left the window and comes back to it.
-    void ComeBackOn(const QDate &day) {
-        desktop.clock.now = QDateTime(day, QTime(9, 0));
-        window.CurrentView().clearFocus();
-        window.CurrentView().setFocus();
-        ProcessEvents();
-    }
-    QString TipAt(const QPointF &twips) {
-        QToolTip::hideText();
-        QWidget *viewport = window.CurrentView().viewport();
-        const QPoint at = PixelOf(window, twips);
-        QHelpEvent help(QEvent::ToolTip, at, viewport->mapToGlobal(at));
-        QApplication::sendEvent(viewport, &help);
-        return QToolTip::text();
-    }
-};
 
 TEST_F(Strips, TodayIsMarkedOnTheScreenAlone) {
     diagram::Surface &surface = window.CurrentSurface();

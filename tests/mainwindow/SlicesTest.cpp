@@ -112,7 +112,7 @@ TEST_F(SlicesTest, ANewFirstSliceTakesNothingOverFromTheOneThatStoodThere) {
     slices.push_back({QString(), 0, false, true, QStringLiteral("New")});
     RebuildSlices(window, slices);
     EXPECT_EQ(Contents(), QStringList({"-", "One", "Two", "Three"}));
-    EXPECT_EQ(window.AddFlow1()[0].Tag(), QString());
+    EXPECT_EQ(window.AddFlow1()[0].Tag(), QStringLiteral("|TM_ALIGN=4"));
     EXPECT_EQ(window.AddFlow1()[1].Tag(), QStringLiteral("|TM_ALIGN=2"));
 }
 

@@ -55,6 +55,24 @@ TEST_F(Dating, AFormThatWasCancelledIsConfirmedUnseen) {
     EXPECT_EQ(LocateTimeLineTemplateNode(flow, false)->Width(), 1200);
 }
 
+TEST_F(Dating, ATimelineWithoutSizeIsNotConfiguredAndAskedForAgain) {
+    Template(0, 0);
+    desktop.ExpectMessage(kQuestion, support::Answer::No);
+    desktop.ExpectForm<TimelineSetupArgument>(PressOk);
+    Date(UserNode(), "14 March 2004");
+    EXPECT_EQ(LocateTimelineNode(flow, QStringLiteral("March 2004"), false)->Width(), 1200);
+    Date(UserNode(), "15 March 2004");
+}
+
+TEST_F(Dating, MonthsWithASizeKeepItWhileTheTimelineIsNotConfigured) {
+    diagram::Node &month = Month(QStringLiteral("March 2004"));
+    month.SetWidth(1500);
+    month.SetHeight(600);
+    CopyTemplateLook(flow);
+    ShowHideTimelineNodes(flow, true);
+    EXPECT_EQ(month.Bounds().size(), QSizeF(1500, 600));
+}
+
 TEST_F(Dating, ANewDateTakesThePlaceOfTheFormerOne) {
     Template(3100, 500);
     diagram::Node &user = UserNode(), &other = UserNode();

@@ -57,6 +57,19 @@ TEST_F(Arranging, SettingsComeFromTheTemplateNodeWhereTheSurfaceHasNone) {
     EXPECT_EQ(Get(kTimelineAlign), QStringLiteral("4"));
 }
 
+TEST_F(Arranging, ASurfaceCarriesTheArrangementOfItsTemplateNodeElseTheMiddle) {
+    CarryArrangement(flow);
+    EXPECT_EQ(Get(kTimelineAlign), QStringLiteral("4"));
+    EXPECT_EQ(flow.Nodes().Count(), 0);
+    Set(kTimelineAlign, QString());
+    document::SetTag(Template(0, 0), kTimelineAlign, QStringLiteral("1"));
+    CarryArrangement(flow);
+    EXPECT_EQ(Get(kTimelineAlign), QStringLiteral("1"));
+    Set(kTimelineAlign, QStringLiteral("0"));
+    CarryArrangement(flow);
+    EXPECT_EQ(Get(kTimelineAlign), QStringLiteral("0")) << "what is stored stays";
+}
+
 TEST_F(Arranging, EachArrangementPutsMonthsEdgeToEdgeOnItsSide) {
     Template(3100, 500);
     Dated({"10 April 2004", "05 March 2004"});

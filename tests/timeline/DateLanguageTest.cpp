@@ -49,12 +49,12 @@ TEST_F(Foreign, HidingTheStripFindsTheDaysOfAnotherLanguage) {
 
 TEST_F(Foreign, DatesOfTheUsersOwnLanguageStayLetterForLetter) {
     diagram::Node &odd = Month(QStringLiteral("Mar-04"));
-    diagram::Node &digits = Month(QStringLiteral("03 2004"));
+    diagram::Node &digits = Month(QStringLiteral("04 2004"));
     diagram::Node &none = Month(QStringLiteral("DIAGRAM"));
     TranslateDates(flow);
     using document::tags::kTheDate;
     EXPECT_EQ(document::GetTag(odd, kTheDate), QStringLiteral("Mar-04"));
-    EXPECT_EQ(document::GetTag(digits, kTheDate), QStringLiteral("03 2004"));
+    EXPECT_EQ(document::GetTag(digits, kTheDate), QStringLiteral("04 2004"));
     EXPECT_EQ(document::GetTag(none, kTheDate), QStringLiteral("DIAGRAM"));
 }
 

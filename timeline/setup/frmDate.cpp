@@ -5,6 +5,7 @@
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -12,7 +13,7 @@
 namespace timeline {
 
 frmDate::frmDate(DateFormArgument &argument, QWidget *parent)
-    : QDialog(parent), argument_(argument), date_(argument.date.value_or(argument.today)) {
+    : QDialog(parent), argument_(argument), date_(argument.date.value_or(argument.view.today)) {
     setObjectName(QLatin1String(DateFormArgument::kForm));
     setWindowTitle(tr("Date"));
     chkDate_ = new QCheckBox(tr("&On the timeline"), this);
@@ -21,7 +22,12 @@ frmDate::frmDate(DateFormArgument &argument, QWidget *parent)
     txtDate_ = new QLineEdit(FormatDate(*date_, kDayPattern), this);
     txtDate_->setObjectName(QStringLiteral("txtDate"));
     txtDate_->setAccessibleName(tr("Date"));
-    txtDate_->setToolTip(tr("Such as 14 March 2004, Mar-04 or 14/3/2004"));
+    txtDate_->setToolTip(tr("Such as 14 March, 14/3/2004, next Friday, +2w, week 14 or end of June"));
+    lblMeaning_ = new QLabel(this);
+    lblMeaning_->setObjectName(QStringLiteral("lblMeaning"));
+    lblMeaning_->setMinimumWidth(
+        lblMeaning_->fontMetrics().horizontalAdvance(ReadDateAsWritten(QString(), argument.view).told));
+    ShowMeaning(InFull(*date_));
     calDate_ = new QCalendarWidget(this);
     calDate_->setObjectName(QStringLiteral("calDate"));
     calDate_->setDateRange(QDate(kFirstYear, 1, 1), QDate(kLastYear, 12, 31));
@@ -31,7 +37,7 @@ frmDate::frmDate(DateFormArgument &argument, QWidget *parent)
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *rows = new QVBoxLayout(this);
-    for (QWidget *row : std::initializer_list<QWidget *>{chkDate_, txtDate_, calDate_, buttons})
+    for (QWidget *row : std::initializer_list<QWidget *>{chkDate_, txtDate_, lblMeaning_, calDate_, buttons})
         rows->addWidget(row);
     rows->setSizeConstraint(QLayout::SetFixedSize);
     Connect();
@@ -50,9 +56,17 @@ void frmDate::Connect() {
 }
 
 void frmDate::Typed() {
-    date_ = ParseDate(txtDate_->text());
+    const DateRead read = ReadDateAsWritten(txtDate_->text(), argument_.view);
+    date_ = read.date;
+    ShowMeaning(read.told);
     if (date_) calDate_->setSelectedDate(*date_);
     UpdateButtons();
+}
+
+// Heard too, by whoever doesn't see it.
+void frmDate::ShowMeaning(const QString &meaning) {
+    lblMeaning_->setText(meaning);
+    txtDate_->setAccessibleDescription(meaning);
 }
 
 void frmDate::Chosen(const QDate &date) { txtDate_->setText(FormatDate(date, kDayPattern)); }
@@ -60,6 +74,7 @@ void frmDate::Chosen(const QDate &date) { txtDate_->setText(FormatDate(date, kDa
 void frmDate::UpdateButtons() {
     const bool dated = chkDate_->isChecked();
     txtDate_->setEnabled(dated);
+    lblMeaning_->setEnabled(dated);
     calDate_->setEnabled(dated);
     ok_->setEnabled(date_ || !dated);
 }

@@ -29,6 +29,7 @@ const QString kTrue = QStringLiteral("True");
 const QString kFalse = QStringLiteral("False");
 const QString kSamplePattern = QStringLiteral("MMM YYYY");
 constexpr int kDefaultArrangement = 4;
+const QString kSampleSize = QStringLiteral("TimelineSample");
 
 // A value that the list doesn't have selects nothing; what it stands for then stays as it is.
 void Select(QComboBox &list, int value) { list.setCurrentIndex(list.findData(value)); }
@@ -48,6 +49,7 @@ frmTimelineSetup::frmTimelineSetup(const TimelineSetupArgument &argument, QWidge
     BuildSample();
     if (argument_.TemplateNode) ShowTemplate(*argument_.TemplateNode);
     ShowFlow();
+    if (argument_.choices) ShowChoices(*argument_.choices);
     ApplyToSample();
     ShowSampleDate();
 }
@@ -62,7 +64,7 @@ void frmTimelineSetup::BuildSample() {
     TimelineSample_->SetNode(*sample_);
 }
 
-// A pattern that the list doesn't have selects nothing.
+// A pattern that the list doesn't have selects nothing and stays.
 void frmTimelineSetup::ShowTemplate(const diagram::Node &node) {
     const QString missing = document::GetTag(node, kMissing);
     if (argument_.Flow && document::GetTag(*argument_.Flow, kMissing).isEmpty() && !missing.isEmpty())
@@ -86,6 +88,39 @@ void frmTimelineSetup::ShowFlow() {
         document::GetTag(*argument_.Flow, kMissing).compare(kTrue, Qt::CaseInsensitive) == 0);
     const document::cLevels &levels = argument_.window.clsSettings().Levels();
     if (argument_.asTemplate && levels.count() > 0) picFillColor_->SetValue(levels.Item(1).Color);
+}
+
+// The pattern in force: the chosen one, else that of the node, which the list needn't have.
+QString frmTimelineSetup::Pattern() const {
+    if (cboDateFormat_->currentIndex() >= 0) return cboDateFormat_->currentText();
+    return argument_.TemplateNode ? document::GetTag(*argument_.TemplateNode, kDateFormat) : QString();
+}
+
+QVariantMap frmTimelineSetup::Choices() const {
+    QVariantMap choices{{kSampleSize, sample_->Bounds().size()},
+                        {chkMissingDates_->objectName(), chkMissingDates_->isChecked()}};
+    for (const QComboBox *list : findChildren<QComboBox *>())
+        choices[list->objectName()] = list->currentIndex();
+    for (const widgets::SwatchButton *swatch : findChildren<widgets::SwatchButton *>())
+        choices[swatch->objectName()] = swatch->Value();
+    return choices;
+}
+
+void frmTimelineSetup::ShowChoices(const QVariantMap &choices) {
+    if (choices.isEmpty()) return;
+    for (QComboBox *list : findChildren<QComboBox *>())
+        list->setCurrentIndex(choices[list->objectName()].toInt());
+    for (widgets::SwatchButton *swatch : findChildren<widgets::SwatchButton *>())
+        swatch->SetValue(choices[swatch->objectName()].value<support::Colour>());
+    chkMissingDates_->setChecked(choices[chkMissingDates_->objectName()].toBool());
+    const QSizeF size = choices[kSampleSize].toSizeF();
+    sample_->SetWidth(float(size.width()));
+    sample_->SetHeight(float(size.height()));
+}
+
+void frmTimelineSetup::reject() {
+    if (argument_.choices) *argument_.choices = Choices();
+    QDialog::reject();
 }
 
 // In the order in which the sample takes them over.
@@ -132,7 +167,7 @@ void frmTimelineSetup::ApplyToSample() {
 }
 
 void frmTimelineSetup::ShowSampleDate() {
-    const QString text = Reformatted(document::GetTag(*sample_, kTheDate), cboDateFormat_->currentText());
+    const QString text = Reformatted(document::GetTag(*sample_, kTheDate), Pattern());
     if (!text.isEmpty()) sample_->SetText(text);
     TimelineSample_->Refresh();
 }
@@ -153,7 +188,7 @@ void frmTimelineSetup::StoreTemplate(diagram::Node &node) const {
     ApplyLook(node);
     node.SetWidth(sample_->Width());
     node.SetHeight(sample_->Height());
-    document::SetTag(node, kDateFormat, cboDateFormat_->currentText());
+    document::SetTag(node, kDateFormat, Pattern());
 }
 
 void frmTimelineSetup::StoreFlow(diagram::Surface &flow) {
@@ -181,7 +216,7 @@ void frmTimelineSetup::cmdDefault_Click() {
 }
 
 void frmTimelineSetup::SaveDefaults() {
-    document::SetTag(*sample_, kDateFormat, cboDateFormat_->currentText());
+    document::SetTag(*sample_, kDateFormat, Pattern());
     document::SetTag(*sample_, kMissing, Truth(chkMissingDates_->isChecked()));
     if (cboArrangement_->currentIndex() >= 0)
         document::SetTag(*sample_, kTimelineAlign, QString::number(cboArrangement_->currentIndex()));

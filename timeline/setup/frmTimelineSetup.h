@@ -33,6 +33,8 @@ public:
 
     void RunAsTemplate();
     void RunAsTimeline();
+    // What is shown is kept where the argument says.
+    void reject() override;
     // The buttons; OK can be pressed on a form that was never shown.
     void OKButton_Click();
     void cmdDefault_Click();
@@ -60,6 +62,9 @@ private:
     std::array<LookRow, 9> LookRows() const;
     void ShowTemplate(const diagram::Node &node);
     void ShowFlow();
+    QVariantMap Choices() const;
+    void ShowChoices(const QVariantMap &choices);
+    QString Pattern() const;
     void ApplyToSample();
     void ApplyLook(diagram::Node &node) const;
     void ShowSampleDate();

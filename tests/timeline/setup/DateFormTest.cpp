@@ -5,6 +5,7 @@
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
@@ -17,7 +18,7 @@ namespace {
 struct DateForm : ::testing::Test {
     DateForm() {
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
-        argument.today = QDate(2024, 5, 17);
+        argument.view.today = QDate(2024, 5, 17);
     }
     ~DateForm() override { QLocale::setDefault(QLocale::c()); }
     void Open() {
@@ -72,6 +73,23 @@ TEST_F(DateForm, ADateIsTypedAsPeopleWriteIt) {
         EXPECT_EQ(form->result(), QDialog::Accepted);
         EXPECT_EQ(argument.date, date) << text;
     }
+}
+
+TEST_F(DateForm, WhatIsUnderstoodIsShownInFullWhileItIsTyped) {
+    Open();
+    auto &meaning = *form->findChild<QLabel *>(QStringLiteral("lblMeaning"));
+    EXPECT_EQ(meaning.text(), QStringLiteral("Friday, 17 May 2024"));
+    Type("+2w");
+    EXPECT_EQ(meaning.text(), QStringLiteral("Friday, 31 May 2024"));
+    EXPECT_EQ(Calendar().selectedDate(), QDate(2024, 5, 31));
+    Type("nonsense");
+    EXPECT_EQ(meaning.text(), QStringLiteral("This is not understood as a date"));
+    EXPECT_EQ(Text().accessibleDescription(), meaning.text());
+    EXPECT_FALSE(Ok().isEnabled());
+    Type("1 jun");
+    EXPECT_EQ(meaning.text(), QStringLiteral("Saturday, 1 June 2024"));
+    Ok().click();
+    EXPECT_EQ(argument.date, QDate(2024, 6, 1));
 }
 
 TEST_F(DateForm, WaitsForADate) {

@@ -155,6 +155,14 @@ TEST_F(Opening, APatternThatTheListDoesNotHaveSelectsNothing) {
     EXPECT_EQ(Control("cboDateFormat").count(), 12);
 }
 
+TEST_F(Opening, ThePatternInForceIsSeenInTheSampleWhetherListedOrNot) {
+    document::SetTag(Template(0, 0), kDateFormat, QStringLiteral("YYYY MM"));
+    Form();
+    EXPECT_EQ(Sample().Text(), QStringLiteral("2024 05"));
+    Choose("cboDateFormat", 9);
+    EXPECT_EQ(Sample().Text(), QStringLiteral("05-24"));
+}
+
 TEST_F(Opening, TheTemplateNodesLookIsSelected) {
     diagram::Node &look = Template(2400, 600);
     look.SetAutoSize(1);

@@ -1,0 +1,96 @@
+// What the tests of dates in the window share: a selected node, and a strip with it.
+#pragma once
+
+#include "diagram/view/SurfaceView.h"
+#include "document/Tags.h"
+#include "tests/mainwindow/WindowTest.h"
+#include "timeline/AddTimelineLink.h"
+#include "timeline/Arrange.h"
+#include "timeline/setup/frmDate.h"
+#include "timeline/setup/frmTimelineSetup.h"
+#include "timeline/TimelineNodes.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QTest>
+#include <QToolTip>
+
+namespace mainwindow::testing {
+
+struct Dates : WindowTest {
+    frmMain &window = NewWindow();
+    diagram::Node &node = AddNode(window, 3000, 900, QStringLiteral("Launch"));
+
+    Dates() {
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+        node.SetSelected(true);
+        ProcessEvents();
+    }
+    ~Dates() override { QLocale::setDefault(QLocale::c()); }
+
+    // What the user does in the form of the date.
+    void EnterDate(int year, int month, int day) {
+        desktop.ExpectForm<timeline::DateFormArgument>([=](timeline::DateFormArgument &argument) {
+            timeline::frmDate form(argument, nullptr);
+            form.findChild<QLineEdit *>(QStringLiteral("txtDate"))
+                ->setText(QDate(year, month, day).toString(Qt::ISODate));
+            form.accept();
+            return true;
+        });
+    }
+    void ConfirmSetupUnseen() {
+        desktop.ExpectMessageContaining(QStringLiteral("You have not configured your timeline Nodes yet."),
+                                        support::Answer::No);
+        desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
+            timeline::frmTimelineSetup form(argument, nullptr);
+            form.OKButton_Click();
+            return true;
+        });
+    }
+    QStringList Months() {
+        QStringList texts;
+        for (const diagram::Node *month : timeline::LocateTimelineNodes(window.CurrentSurface()))
+            texts << month->Text();
+        return texts;
+    }
+};
+
+struct Strips : Dates {
+    // The node on 14 March 2004, the strip at the top, months 3100 wide.
+    Strips() {
+        EnterDate(2004, 3, 14);
+        ConfirmSetupUnseen();
+        Press(window, QStringLiteral("Ctrl+T"));
+        diagram::Surface &surface = window.CurrentSurface();
+        diagram::Node &look = *timeline::LocateTimeLineTemplateNode(surface, false);
+        look.SetWidth(3100);
+        look.SetHeight(450);
+        document::SetTag(surface, document::tags::kTimelineAlign, QStringLiteral("2"));
+        timeline::UpdateTimeLineNodes(window, surface, true);
+        ProcessEvents();
+    }
+    QColor PixelAt(const QPointF &twips) {
+        const QPixmap seen = window.CurrentView().viewport()->grab();
+        const QPointF at = window.CurrentView().FromSurface(twips) * seen.devicePixelRatio();
+        return QColor(seen.toImage().pixel(int(at.x()), int(at.y())));
+    }
+    // As a user who left the window and comes back to it.
+    void ComeBackOn(const QDate &day) {
+        desktop.clock.now = QDateTime(day, QTime(9, 0));
+        window.CurrentView().clearFocus();
+        window.CurrentView().setFocus();
+        ProcessEvents();
+    }
+    QString TipAt(const QPointF &twips) {
+        QToolTip::hideText();
+        QWidget *viewport = window.CurrentView().viewport();
+        const QPoint at = PixelOf(window, twips);
+        QHelpEvent help(QEvent::ToolTip, at, viewport->mapToGlobal(at));
+        QApplication::sendEvent(viewport, &help);
+        return QToolTip::text();
+    }
+};
+
+} // namespace mainwindow::testing
