@@ -26,6 +26,8 @@ inline const QString kTimelineAlign =
 inline const QString kMissing = QStringLiteral("Missing"); // surface: "True" or "False"
 inline const QString kMonthHidden = QStringLiteral("MonthHidden"); // month node: switch, by the user's hand
 inline const QString kMonthFolded = QStringLiteral("MonthFolded"); // month node: switch
+inline const QString kAtDates = QStringLiteral("AtDates"); // timeline template node: switch, nodes stay there
+inline const QString kLanes = QStringLiteral("Lanes");     // timeline template node: "Level", "Group" or none
 inline const QString kNamesOfLevels =
     QStringLiteral("NAMESOFLEVELS"); // node "DIAGRAM": what the keys of levels are called
 inline const QString kNamesOfGroups = QStringLiteral("NAMESOFGROUPS"); // the same for groups

@@ -11,12 +11,13 @@ namespace timeline {
 
 namespace {
 
-constexpr double kAligned = 8;        // twips that middles of one row may differ by
-constexpr double kRounding = 1;       // twips that a place may lack: surfaces keep single floats
-constexpr int kShuffles = 50;         // orders of rows that are tried beside the computed ones
-constexpr int kRounds = 8;            // of moving each row to the mean of what it is linked with
-constexpr double kMuchBetter = 0.9;   // of the present crossings, for an order to take its place
+constexpr double kAligned = 8;       // twips that middles of one row may differ by
+constexpr double kRounding = 1;      // twips that a place may lack: surfaces keep single floats
+constexpr int kShuffles = 50;        // orders of rows that are tried beside the computed ones
+constexpr int kRounds = 8;           // of moving each row to the mean of what it is linked with
+constexpr double kMuchBetter = 0.9;  // of the present crossings, for an order to take its place
 constexpr long kMostPairs = 2000000; // of links that are compared before the best so far is taken
+constexpr long kPlacingOfABar = 20;  // takes as long as so many comparisons
 
 struct Row {
     std::vector<int> bars;
@@ -320,7 +321,7 @@ private:
 
     int Crossings(const Order &order) {
         stack_.Place(order, false, middles_);
-        pairs_ += long(bars_.size());
+        pairs_ += kPlacingOfABar * long(bars_.size());
         return Count(Segments(bars_, links_, middles_), pairs_);
     }
 
