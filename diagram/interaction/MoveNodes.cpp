@@ -10,10 +10,12 @@ namespace diagram {
 
 namespace {
 
-void MoveInOneStep(Surface &surface, const HeldItems &held, const QPointF &distance) {
+void MoveInOneStep(Surface &surface, const HeldItems &held, const QPointF &distance,
+                   DayStrip &days = DayStrip::None()) {
     if (distance.isNull()) return;
     const ActionGroup group(surface);
     held.MoveBy(surface, distance);
+    days.Settle(surface, surface.SelectedNodes());
     surface.Events().AfterMove(surface);
 }
 
@@ -35,7 +37,7 @@ QPointF MoveNodes::Distance(const PointerInput &input) {
 }
 
 std::unique_ptr<Gesture> MoveNodes::Move(const PointerInput &input) {
-    Node *pressed = input.Ctrl() || input.Alt() ? surface_.FindNode(pressed_) : nullptr;
+    Node *pressed = surface_.FindNode(pressed_);
     if (pressed && input.Ctrl()) {
         held_.Restore(surface_);
         return std::make_unique<CopyNodes>(scene_, stage_, *pressed, press_);
@@ -56,10 +58,10 @@ void MoveNodes::Commit(const PointerInput &input) {
 
 void MoveNodes::Cancel() { held_.Restore(surface_); }
 
-bool MoveSelection(Surface &surface, const QPointF &distance) {
+bool MoveSelection(Surface &surface, const QPointF &distance, DayStrip &days) {
     if (surface.SelectedNodes().empty()) return false;
     const HeldItems held(surface.SelectedNodes());
-    MoveInOneStep(surface, held, KeepOnSurface(held.Extent(), distance));
+    MoveInOneStep(surface, held, KeepOnSurface(held.Extent(), distance), days);
     return true;
 }
 

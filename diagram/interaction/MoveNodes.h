@@ -9,7 +9,8 @@ namespace diagram {
 
 // The selection as a whole is drawn to guides; with none near and the grid on, the node that was pressed goes
 // to the grid and the others keep their distance from it. Shift keeps the move on one axis; with Ctrl it
-// becomes a copy, and with Alt a node with a date goes along its strip of days.
+// becomes a copy, and with Alt a node with a date goes along its strip of days; where nodes stay at their
+// dates it does so without Alt.
 class MoveNodes : public Gesture {
 public:
     MoveNodes(Scene &scene, const Stage &stage, Node &pressed, const PointerInput &press);
@@ -35,6 +36,7 @@ private:
 };
 
 // Moves the selection by the distance (twips) as one step, with AfterMove; false when no node is selected.
-bool MoveSelection(Surface &surface, const QPointF &distance);
+// Nodes that stay at their dates settle in it.
+bool MoveSelection(Surface &surface, const QPointF &distance, DayStrip &days = DayStrip::None());
 
 } // namespace diagram

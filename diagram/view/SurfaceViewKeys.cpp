@@ -2,6 +2,7 @@
 
 #include "diagram/interaction/AddLinked.h"
 #include "diagram/interaction/BendByKeys.h"
+#include "diagram/interaction/DateNodes.h"
 #include "diagram/interaction/LinkByKeys.h"
 #include "diagram/interaction/MoveNodes.h"
 #include "diagram/interaction/ResizeNodes.h"
@@ -16,6 +17,8 @@
 namespace diagram {
 
 namespace {
+
+constexpr int kWeek = 7; // days
 
 // Without a listener nobody asks the user whether to delete.
 bool NobodyListens(const Surface &surface) {
@@ -130,7 +133,9 @@ bool SurfaceView::Impl::Keys::ArrowKey(const KeyInput &input) {
     if (input.Ctrl()) return walk_.Towards(direction, input);
     const double step = input.Shift() ? surface_.GridSize() : kPixelTwips;
     if (input.Alt()) return Resize(direction * step);
-    if (!MoveSelection(surface_, direction * step)) {
+    DayStrip &days = impl_.Days();
+    const bool byDays = MoveSelectionByDays(surface_, days, direction, input.Shift() ? kWeek : 1);
+    if (!byDays && !MoveSelection(surface_, direction * step, days)) {
         const int pixels = view_.verticalScrollBar()->singleStep();
         impl_.viewport.ScrollTo(impl_.viewport.Scroll() + direction.toPoint() * pixels);
     } else if (const Node *node = surface_.SelectedNode()) {

@@ -113,6 +113,12 @@ constexpr const char *kMenu[] = {
     "mnuView|mnuViewTemplates|check|Te&mplates",
     "mnuView|mnuViewStartPage|check|Show Start Page",
     "mnuView||sep|",
+    "mnuView|mnuViewTimelineLineUp|command|Line up by date",
+    "mnuView|mnuViewTimelineKeep|check|Keep Nodes at their dates",
+    "mnuView|mnuViewLanes|menu|Lanes beside the timeline",
+    "mnuViewLanes|mnuViewLanesNone|check|None",
+    "mnuViewLanes|mnuViewLanesLevel|check|By level",
+    "mnuViewLanes|mnuViewLanesGroup|check|By group",
     "mnuView|mnuViewTimelineTidy|command|Tidy the timeline",
     "mnuView|mnuViewTimelineFill|command|Fill in missing months",
     "|mnuLayout|menu|&Layout",
@@ -218,7 +224,8 @@ TEST_F(MenuTable, ToolbarsHoldEveryButtonInItsPlace) {
                            QStringLiteral("BACK|Send to back"),
                            QStringLiteral("DISPLAY|Toogles the display of both texts on and off|check"),
                            QStringLiteral("EXPAND|Expand Timeline Nodes"),
-                           QStringLiteral("COMPRESS|Compress Timeline Nodes")}));
+                           QStringLiteral("COMPRESS|Compress Timeline Nodes"),
+                           QStringLiteral("LINEUP|Line up by date")}));
 }
 
 TEST_F(MenuTable, EveryButtonAndEveryImageIsThere) {
