@@ -77,7 +77,7 @@ std::vector<QRectF> PlanLineUp(const LineUpTask &task, RowOrder order) {
     std::vector<PlannedBar> bars;
     for (const DatedBox &node : task.nodes) bars.push_back(BarOf(node, task.strip));
     std::vector<double> middles = PlanRows(bars, task.links, task.strip.edges, kGaps, order);
-    if (TurnBackAtTheEdge(bars, middles))
+    while (TurnBackAtTheEdge(bars, middles))
         middles = PlanRows(bars, task.links, task.strip.edges, kGaps, order);
     std::vector<QRectF> boxes;
     for (std::size_t i = 0; i < bars.size(); ++i)
