@@ -17,7 +17,7 @@ constexpr int kShuffles = 50;        // orders of rows that are tried beside the
 constexpr int kRounds = 8;           // of moving each row to the mean of what it is linked with
 constexpr double kMuchBetter = 0.9;  // of the present crossings, for an order to take its place
 constexpr long kMostPairs = 2000000; // of links that are compared before the best so far is taken
-constexpr long kPlacingOfABar = 20;  // takes as long as so many comparisons
+constexpr long kPlacingOfABar = 50;  // takes as long as so many comparisons
 
 struct Row {
     std::vector<int> bars;
