@@ -12,7 +12,9 @@
 #include "support/Val.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
+#include "timeline/AtDates.h"
 #include "timeline/DateText.h"
+#include "timeline/LineUp.h"
 #include "timeline/MoveDates.h"
 #include "timeline/setup/frmDate.h"
 #include "timeline/Tidy.h"
@@ -60,6 +62,32 @@ void SetDates(frmMain &window, const std::vector<diagram::Node *> &nodes, const 
     }
     if (date) timeline::AddTimelineLinks(window, window.CurrentSurface(), dates);
 }
+bool HasMonths(const diagram::Surface &surface) { return !timeline::LocateTimelineNodes(surface).empty(); }
+
+void LineUpOnce(frmMain &window) {
+    diagram::Surface &surface = window.CurrentSurface();
+    const timeline::LinedUp result = timeline::LineUp(window, surface, timeline::RowOrder::Choose);
+    if (result.dated == 0 && timeline::IsTimelineHidden(surface) && HasMonths(surface))
+        return Tell(window, frmMain::tr("The timeline is hidden; View, Timeline shows it."));
+    if (result.dated == 0) return Tell(window, frmMain::tr("No @NODE has a date yet; Ctrl+T gives one."));
+    if (result.moved == 0) return Tell(window, frmMain::tr("Every @NODE stands at its date."));
+    window.ClickTab();
+}
+
+void ChooseLanes(frmMain &window, timeline::Lanes lanes) {
+    diagram::Surface &surface = window.CurrentSurface();
+    const ActionGroup step(surface);
+    if (timeline::LanesOf(surface) != lanes) window.clsSettings().Dirty = true;
+    timeline::SetLanes(surface, lanes);
+    if (timeline::KeepsNodesAtDates(surface)) LineUpOnce(window);
+    ShowTimelineTick(window);
+}
+
+constexpr std::pair<const char *, timeline::Lanes> kLaneEntries[] = {
+    {"mnuViewLanesNone", timeline::Lanes::None},
+    {"mnuViewLanesLevel", timeline::Lanes::Level},
+    {"mnuViewLanesGroup", timeline::Lanes::Group},
+};
 
 } // namespace
 
@@ -153,8 +181,29 @@ void mnuViewTimelineFill(frmMain &window) {
     window.ClickTab();
 }
 
+void mnuViewTimelineLineUp(frmMain &window) {
+    const ActionGroup step(window.CurrentSurface());
+    LineUpOnce(window);
+}
+
+void mnuViewTimelineKeep(frmMain &window) {
+    const QString key = QStringLiteral("mnuViewTimelineKeep");
+    const ActionGroup step(window.CurrentSurface());
+    timeline::SetKeepsNodesAtDates(window.CurrentSurface(), window.MenuValue(key));
+    window.clsSettings().Dirty = true;
+    if (window.MenuValue(key)) LineUpOnce(window);
+}
+
+void mnuViewLanesNone(frmMain &window) { ChooseLanes(window, timeline::Lanes::None); }
+void mnuViewLanesLevel(frmMain &window) { ChooseLanes(window, timeline::Lanes::Level); }
+void mnuViewLanesGroup(frmMain &window) { ChooseLanes(window, timeline::Lanes::Group); }
+
 void ShowTimelineTick(frmMain &window) {
     ShowCalendarTicks(window);
+    const diagram::Surface &surface = window.CurrentSurface();
+    window.SetMenuValue(QStringLiteral("mnuViewTimelineKeep"), timeline::KeepsNodesAtDates(surface));
+    const timeline::Lanes lanes = timeline::LanesOf(surface);
+    for (const auto &[key, each] : kLaneEntries) window.SetMenuValue(QLatin1String(key), lanes == each);
     const std::vector<diagram::Node *> months = timeline::LocateTimelineNodes(window.CurrentSurface());
     window.SetMenuValue(
         QStringLiteral("mnuViewTimeline"),

@@ -21,6 +21,13 @@ void mnuViewDefaultNode(frmMain &window);
 void mnuViewTimelineSetup(frmMain &window);
 void mnuViewTimelineTidy(frmMain &window);
 void mnuViewTimelineFill(frmMain &window);
+// Once; and for good, until it is switched off.
+void mnuViewTimelineLineUp(frmMain &window);
+void mnuViewTimelineKeep(frmMain &window);
+// What lanes are made of; lines up at once where nodes stay at their dates.
+void mnuViewLanesNone(frmMain &window);
+void mnuViewLanesLevel(frmMain &window);
+void mnuViewLanesGroup(frmMain &window);
 // Asks for the date of the selected node, and gives it to all that are selected; or moves each of several
 // from the date that it has.
 void keyDate(frmMain &window);
@@ -35,7 +42,7 @@ std::vector<diagram::Node *> NodesToDate(const diagram::Surface &surface);
 // Says in the status bar where dates have gone to, nothing where they can't, and how many nodes have none.
 void TellMoved(frmMain &window, const std::optional<timeline::MovedDates> &moved);
 
-// Brings the check of the timeline's menu entry in step with the months of the current slice.
+// Brings the checks of the timeline's menu entries in step with the current slice.
 void ShowTimelineTick(frmMain &window);
 
 } // namespace mainwindow

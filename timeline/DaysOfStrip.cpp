@@ -6,8 +6,10 @@
 #include "support/Val.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
+#include "timeline/AtDates.h"
 #include "timeline/DateIndex.h"
 #include "timeline/DateText.h"
+#include "timeline/LineUp.h"
 #include "timeline/Strip.h"
 #include "timeline/TimelineNodes.h"
 
@@ -125,6 +127,14 @@ std::vector<QLineF> DaysOfStrip::Breaks(const diagram::Surface &flow) const {
         seen = true, missing = false;
     }
     return breaks;
+}
+
+bool DaysOfStrip::KeepsNodesAtDates(const diagram::Surface &flow) const {
+    return timeline::KeepsNodesAtDates(flow);
+}
+
+void DaysOfStrip::Settle(diagram::Surface &flow, const std::vector<diagram::Node *> &moved) {
+    FollowDates(window_, flow, moved);
 }
 
 void DaysOfStrip::SetDates(diagram::Surface &flow, const std::vector<Dated> &dates) {
