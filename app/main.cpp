@@ -23,6 +23,7 @@
 #include "support/real/RealDesktop.h"
 #include "templates/forms/frmRB.h"
 #include "templates/forms/frmSaveAsTemplate.h"
+#include "timeline/CalendarOfStrip.h"
 #include "timeline/setup/frmDate.h"
 #include "timeline/setup/frmTimelineSetup.h"
 
@@ -97,6 +98,7 @@ void AddForms(support::RealDesktop &desktop) {
 int Run(const QString &commandLine) {
     support::RealDesktop desktop;
     AddForms(desktop);
+    diagram::SetCalendarSource(timeline::CalendarOfStrip);
     const app::DeveloperOptions developer = app::ReadDeveloperOptions();
     app::StartOptions options;
     options.commandLine = commandLine;

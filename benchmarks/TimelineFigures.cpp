@@ -1,4 +1,4 @@
-// Laying out a timeline of 240 months with 5,000 dated nodes.
+// Laying out a timeline of 240 months with 5,000 dated nodes, and lining these up.
 #include "diagram/edit/History.h"
 #include "diagram/model/Surface.h"
 #include "document/MemoryWindow.h"
@@ -7,6 +7,7 @@
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
 #include "timeline/DateText.h"
+#include "timeline/LineUp.h"
 #include "timeline/TimelineNodes.h"
 
 #include <benchmark/benchmark.h>
@@ -48,5 +49,44 @@ void Arrange(benchmark::State &state) {
     state.counters["months"] = double(timeline::LocateTimelineNodes(flow).size());
 }
 BENCHMARK(Arrange)->Unit(benchmark::kMillisecond);
+
+// Nodes anywhere below the strip, and their links on their ways.
+void Scatter(diagram::Surface &flow) {
+    unsigned place = 1;
+    for (diagram::Node &node : flow.Nodes()) {
+        if (!node.Selectable()) continue;
+        place = place * 1664525 + 1013904223;
+        node.SetBounds(float(place >> 12), float(1000 + (place >> 20) * 15), node.Width(), node.Height());
+    }
+    for (const diagram::Link &link : flow.Links()) link.Way();
+}
+
+void LinkSome(diagram::Surface &flow) {
+    std::vector<diagram::Node *> nodes;
+    for (diagram::Node &node : flow.Nodes())
+        if (node.Selectable()) nodes.push_back(&node);
+    for (std::size_t i = 7; i < nodes.size(); i += 2) nodes[i]->Links().Add(*nodes[i - 7]);
+}
+
+void LineUpByDate(benchmark::State &state) {
+    document::MemoryWindow window(support::CurrentDesktop(), document::EmptyPools{});
+    diagram::Surface &flow = window.AddFlow1()[0];
+    diagram::AttachHistory(flow);
+    flow.SetSize(30000, 20000);
+    document::SetTag(flow, document::tags::kTimelineAlign, QStringLiteral("2"));
+    AddDatedNodes(window, flow);
+    LinkSome(flow);
+    timeline::LinedUp result;
+    for (auto _ : state) {
+        state.PauseTiming();
+        Scatter(flow);
+        state.ResumeTiming();
+        flow.BeginAction(1001);
+        result = timeline::LineUp(window, flow, timeline::RowOrder::Choose);
+        flow.EndAction();
+    }
+    state.counters["moved"] = result.moved;
+}
+BENCHMARK(LineUpByDate)->Unit(benchmark::kMillisecond);
 
 } // namespace

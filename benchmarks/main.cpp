@@ -150,6 +150,8 @@ void AddPainting(Table &table, const QString &) {
     table.Milliseconds("drag one node with its links, a step, 100,000 nodes", "DragStep/100000", 1.5);
     table.Milliseconds("rerouting a drag of a node with 20 links, a step, 500 nodes", "RouteDrag/", 4);
     table.Milliseconds("laying out a timeline of 240 months with 5,000 dated nodes", "Arrange/", 100);
+    table.Milliseconds("lining up 5,000 dated nodes beside their days, half of them linked", "LineUpByDate/",
+                       100);
     table.Milliseconds("whole diagram in view, 10,000 nodes", "WholeOurs/10000", 16);
     table.Milliseconds("whole diagram in view, 100,000 nodes", "WholeOurs/100000", 80);
 }

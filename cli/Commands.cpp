@@ -16,7 +16,7 @@ struct Command {
 };
 
 constexpr Command kCommands[] = {
-    {"info", Info, false, "info FILE [--json]\n      slices, counts, fonts and pools"},
+    {"info", Info, false, "info FILE [--json]\n      slices, counts, dates, fonts and pools"},
     {"check", Check, false,
      "check FILE\n      tells of each thing that is wrong with the map where it stands and what it is; ends "
      "with "

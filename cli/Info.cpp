@@ -3,7 +3,10 @@
 #include "cli/Session.h"
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
+#include "timeline/AddTimelineLink.h"
+#include "timeline/DateText.h"
 
+#include <algorithm>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -39,8 +42,26 @@ Counts CountItems(diagram::Surface &surface, FontUses &fonts) {
     return counts;
 }
 
+struct Dates {
+    int count = 0; // of nodes with a date
+    QDate first, last;
+};
+
+Dates DatesOf(const diagram::Surface &surface) {
+    Dates dates;
+    for (const diagram::Node &node : surface.Nodes()) {
+        const auto date = node.Selectable() ? timeline::ParseDate(timeline::DateOfNode(node)) : std::nullopt;
+        if (!date) continue;
+        dates.first = dates.count == 0 ? *date : std::min(dates.first, *date);
+        dates.last = dates.count == 0 ? *date : std::max(dates.last, *date);
+        ++dates.count;
+    }
+    return dates;
+}
+
 QJsonObject SliceObject(MapWindow &window, diagram::Surface &surface, int tab, FontUses &fonts) {
     const Counts counts = CountItems(surface, fonts);
+    const Dates dates = DatesOf(surface);
     return {{"number", tab + 1},
             {"index", surface.Index()},
             {"name", window.TabStrip().TabCaption(tab)},
@@ -49,6 +70,9 @@ QJsonObject SliceObject(MapWindow &window, diagram::Surface &surface, int tab, F
             {"links", counts.links},
             {"points", counts.points},
             {"pictures", counts.pictures},
+            {"dated", dates.count},
+            {"firstDate", dates.first.toString(Qt::ISODate)},
+            {"lastDate", dates.last.toString(Qt::ISODate)},
             {"backColor", surface.BackColor()},
             {"backPicture", !surface.Picture().IsNull()},
             {"gridLines", surface.GridLines()},
@@ -129,6 +153,15 @@ QString NamesOf(const QJsonArray &rows) {
     return names.join(QStringLiteral(", "));
 }
 
+// Nothing for a slice without dates.
+QString DatesText(const QJsonObject &slice) {
+    const int count = slice["dated"].toInt();
+    if (count == 0) return {};
+    return QStringLiteral(", %1 dated from %2 to %3")
+        .arg(count)
+        .arg(slice["firstDate"].toString(), slice["lastDate"].toString());
+}
+
 void ShowText(const QJsonObject &map, QTextStream &out) {
     out << map["file"].toString() << "\n";
     for (const QJsonValue &value : map["slices"].toArray()) {
@@ -136,7 +169,7 @@ void ShowText(const QJsonObject &map, QTextStream &out) {
         out << "slice " << slice["number"].toInt() << " '" << slice["name"].toString()
             << "': " << slice["nodes"].toInt() << " nodes (" << slice["hiddenNodes"].toInt() << " hidden), "
             << slice["links"].toInt() << " links, " << slice["points"].toInt() << " points, "
-            << slice["pictures"].toInt() << " pictures\n";
+            << slice["pictures"].toInt() << " pictures" << DatesText(slice) << "\n";
     }
     for (const QJsonValue &font : map["fonts"].toArray())
         out << "font " << FontText(font.toObject()) << ": " << font.toObject()["uses"].toInt() << " uses\n";

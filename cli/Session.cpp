@@ -5,6 +5,7 @@
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/PrivateFolder.h"
+#include "timeline/CalendarOfStrip.h"
 
 #include <QDir>
 
@@ -69,6 +70,7 @@ Session::Session()
       desktop_(Composed(headless_.Get(), boxes_, memory_)),
       window_(desktop_, document::EmptyPools()) {
     support::SetDesktop(&desktop_);
+    diagram::SetCalendarSource(timeline::CalendarOfStrip);
 }
 
 Session::~Session() { support::SetDesktop(&headless_.Get()); }

@@ -8,6 +8,7 @@
 #include "timeline/AddTimelineLink.h"
 #include "timeline/AdjustLinks.h"
 #include "timeline/DateText.h"
+#include "timeline/LineUp.h"
 
 #include <algorithm>
 
@@ -74,10 +75,14 @@ void WriteDate(const NodeDialogArgument &argument, const DateEdit &date) {
                                   timeline::FormatDate(*date.value, timeline::kDayPattern));
 }
 
-// The links to their days of nodes that took another size.
-void AdjustResized(const std::vector<Node *> &nodes, const std::vector<QRectF> &former) {
+// Places at their dates and links to their days of nodes that took another size, or came to another lane.
+void AdjustResized(const NodeDialogArgument &argument, const std::vector<Node *> &nodes,
+                   const std::vector<QRectF> &former) {
+    std::vector<Node *> resized;
     for (std::size_t i = 0; i < nodes.size(); ++i)
-        if (nodes[i]->Bounds() != former[i]) timeline::AdjustLinksOf({nodes[i]});
+        if (nodes[i]->Bounds() != former[i]) resized.push_back(nodes[i]);
+    timeline::FollowDates(argument.window, argument.oFlow, resized);
+    timeline::AdjustLinksOf(resized);
 }
 
 std::vector<QRectF> BoundsOf(const std::vector<Node *> &nodes) {
@@ -134,7 +139,7 @@ void ApplyNodeEdit(const NodeDialogArgument &argument, const NodeEdit &edit,
         if (oNode.Key().isEmpty()) oNode.SetKey(support::GetGUID());
         if (linked) linked();
         WriteDate(argument, edit.date);
-        AdjustResized(nodes, former);
+        AdjustResized(argument, nodes, former);
         oNode.Refresh();
     });
 }

@@ -89,12 +89,18 @@ struct PlacedHit {
     FindHit hit;
 };
 
-void FindOn(const diagram::Surface &surface, const Needle &needle, Names &names,
+bool FurtherHold(const FurtherTexts &further, const diagram::Node &node, const Needle &needle) {
+    return further &&
+           std::ranges::any_of(further(node), [&](const QString &text) { return needle.IsIn(text); });
+}
+
+void FindOn(const diagram::Surface &surface, const Needle &needle, Names &names, const FurtherTexts &further,
             std::vector<PlacedHit> &hits) {
     const int slice = surface.Index();
     for (const diagram::Node &node : surface.Nodes()) {
         if (!MayBeFound(node)) continue;
-        if (needle.IsIn(node.Text()) || needle.IsIn(node.Event()) || names.Hold(node.Tag()))
+        if (needle.IsIn(node.Text()) || needle.IsIn(node.Event()) || names.Hold(node.Tag()) ||
+            FurtherHold(further, node, needle))
             hits.push_back({node.Top(), node.Left(), {slice, diagram::ItemKind::Node, node.Id()}});
     }
     for (const auto &link : surface.Links()) {
@@ -118,14 +124,14 @@ void ReplaceIn(diagram::Surface &surface, const FindHit &hit, const Needle &need
 } // namespace
 
 std::vector<FindHit> FindText(const SurfaceArray &surfaces, const cGroups &groups, const cLevels &levels,
-                              const QString &text, const FindOptions &options) {
+                              const QString &text, const FindOptions &options, const FurtherTexts &further) {
     if (text.isEmpty()) return {};
     const Needle needle(text, options);
     Names names(groups, levels, needle);
     std::vector<FindHit> result;
     for (const int slice : surfaces.Indices()) {
         std::vector<PlacedHit> hits;
-        FindOn(surfaces[slice], needle, names, hits);
+        FindOn(surfaces[slice], needle, names, further, hits);
         std::ranges::stable_sort(hits, {}, [](const PlacedHit &hit) { return std::pair(hit.top, hit.left); });
         for (const PlacedHit &hit : hits) result.push_back(hit.hit);
     }

@@ -12,10 +12,11 @@ namespace mainwindow {
 // all that the user does afterwards. What an error ends is taken back, unless it is a part of a larger step.
 class ActionGroup {
 public:
-    // The surface must outlive the object.
-    explicit ActionGroup(diagram::Surface &surface)
+    // The surface must outlive the object. `goesOn`: one step with the last one, where that can be gone on
+    // with.
+    explicit ActionGroup(diagram::Surface &surface, bool goesOn = false)
         : surface_(surface), isPart_(surface.Log() && surface.Log()->Depth() > 0) {
-        document::BeginAction(surface);
+        if (!goesOn || !surface.ContinueAction()) document::BeginAction(surface);
     }
     ~ActionGroup() {
         if (std::uncaught_exceptions() > exceptions_ && !isPart_)

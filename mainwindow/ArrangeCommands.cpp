@@ -8,13 +8,13 @@ namespace mainwindow {
 
 namespace {
 
-// One step; dated nodes take the ends of their links along.
+// One step; dated nodes take the ends of their links along, and those that stay at their dates settle there.
 template <typename Change>
 void Arrange(frmMain &window, Change change) {
     diagram::Surface &surface = window.CurrentSurface();
     const ActionGroup step(surface);
     change(surface.SelectedNodes());
-    window.AddFlow1_AfterMove(surface.Index());
+    window.AddFlow1_AfterResize(surface.Index());
 }
 
 template <diagram::AlignTo kLine>

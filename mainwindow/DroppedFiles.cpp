@@ -10,6 +10,7 @@
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/WindowStatus.h"
 #include "timeline/AdjustLinks.h"
+#include "timeline/LineUp.h"
 
 #include <QDropEvent>
 #include <QFileInfo>
@@ -130,7 +131,8 @@ void DroppedFiles::Offer(diagram::Node &node, const QString &file, const QPoint 
         onNode([&](diagram::Node &target) {
             const ActionGroup step(target.Owner());
             target.SetPicture(picture);
-            timeline::AdjustLinksOf({&target}); // its size may follow the picture
+            timeline::FollowDates(window_, target.Owner(), {&target}); // its size may follow the picture
+            timeline::AdjustLinksOf({&target});
             window_.clsSettings().Dirty = true;
         });
     });

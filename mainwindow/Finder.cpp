@@ -9,8 +9,10 @@
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/WindowStatus.h"
 #include "timeline/AdjustLinks.h"
+#include "timeline/DateWords.h"
 
 #include <algorithm>
+#include <functional>
 #include <list>
 #include <QCoreApplication>
 #include <QLocale>
@@ -90,8 +92,10 @@ int Finder::TakeBottom(const QRect &rectangle) {
 }
 
 std::vector<document::FindHit> Finder::Hits() const {
+    timeline::DateWords dates(bar_->Sought(), window_.Desktop().clock.Now().date());
     return document::FindText(window_.AddFlow1(), window_.clsSettings().Groups(),
-                              window_.clsSettings().Levels(), bar_->Sought(), bar_->Options());
+                              window_.clsSettings().Levels(), bar_->Sought(), bar_->Options(),
+                              std::ref(dates));
 }
 
 // From the place where one is: the hit that was shown last if it is still one, else the first of this slice

@@ -9,9 +9,11 @@
 #include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/ShapeMenu.h"
+#include "mainwindow/TimelineCommands.h"
 #include "support/Val.h"
 #include "timeline/AdjustLinks.h"
 #include "timeline/Arrange.h"
+#include "timeline/LineUp.h"
 #include "timeline/TimelineNodes.h"
 
 namespace mainwindow {
@@ -36,7 +38,9 @@ void ChangeFonts(frmMain &window, Change change) {
         change(font);
         item.SetFont(font);
     });
-    timeline::AdjustLinksOf(window.CurrentSurface().SelectedNodes()); // sizes may follow the texts
+    const std::vector<diagram::Node *> nodes = window.CurrentSurface().SelectedNodes();
+    timeline::FollowDates(window, window.CurrentSurface(), nodes); // sizes may follow the texts
+    timeline::AdjustLinksOf(nodes);
 }
 
 void FormatBold(frmMain &window) {
@@ -93,10 +97,19 @@ void FormatExpand(frmMain &window) { StretchAxis(window, 1.1F); }
 void FormatCompress(frmMain &window) { StretchAxis(window, 0.9F); }
 
 constexpr FormatRow kRows[] = {
-    {"NEW", FormatNew},         {"LEFT", FormatLeft},     {"CENTER", FormatCenter},
-    {"RIGHT", FormatRight},     {"BOLD", FormatBold},     {"ITALIC", FormatItalic},
-    {"ULINE", FormatUnderline}, {"FRONT", FormatFront},   {"BACK", FormatBack},
-    {"DISPLAY", FormatDisplay}, {"EXPAND", FormatExpand}, {"COMPRESS", FormatCompress},
+    {"NEW", FormatNew},
+    {"LEFT", FormatLeft},
+    {"CENTER", FormatCenter},
+    {"RIGHT", FormatRight},
+    {"BOLD", FormatBold},
+    {"ITALIC", FormatItalic},
+    {"ULINE", FormatUnderline},
+    {"FRONT", FormatFront},
+    {"BACK", FormatBack},
+    {"DISPLAY", FormatDisplay},
+    {"EXPAND", FormatExpand},
+    {"COMPRESS", FormatCompress},
+    {"LINEUP", mnuViewTimelineLineUp},
 };
 
 } // namespace

@@ -3,6 +3,9 @@
 #include "diagram/model/Node.h"
 #include "document/clsfrmMain.h"
 #include "document/Tags.h"
+#include "timeline/AddTimelineLink.h"
+#include "timeline/DateText.h"
+#include "timeline/ReadDateAsWritten.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -18,6 +21,7 @@ QString ItemDescription(const diagram::Item &item, document::clsfrmMain &setting
     if (!level.isEmpty()) parts << QCoreApplication::translate("frmMain", "Level %1").arg(level);
     if (!groups.isEmpty())
         parts << QCoreApplication::translate("frmMain", "groups %1").arg(QString(groups).replace(',', ", "));
+    if (const auto date = timeline::ParseDate(timeline::DateOfNode(*node))) parts << timeline::InFull(*date);
     return parts.join(QStringLiteral(", "));
 }
 

@@ -4,13 +4,18 @@
 #include "document/DefaultNodes.h"
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
+#include "mainwindow/CalendarCommands.h"
+#include "mainwindow/DateKeys.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/UndoRedo.h"
 #include "mainwindow/WindowStatus.h"
 #include "support/Val.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
+#include "timeline/AtDates.h"
 #include "timeline/DateText.h"
+#include "timeline/LineUp.h"
+#include "timeline/MoveDates.h"
 #include "timeline/setup/frmDate.h"
 #include "timeline/Tidy.h"
 #include "timeline/TimelineNodes.h"
@@ -32,18 +37,72 @@ bool ShowSetup(frmMain &window, diagram::Node &look, bool asTemplate) {
     return document::Show(window, argument);
 }
 
-// The nodes that the user selected; links of the timeline end on others.
+void Tell(frmMain &window, const QString &text) {
+    window.Status().TellInPassing(settings::ReplaceTerms(text));
+}
+
+QString WhereTo(const timeline::MovedDates &moved) {
+    const QString first = timeline::InFull(moved.first);
+    return moved.first == moved.last ? first
+                                     : frmMain::tr("%1 to %2").arg(first, timeline::InFull(moved.last));
+}
+
+QString Undated(int count) {
+    return count == 1 ? frmMain::tr("one @NODE without a date was left alone")
+                      : frmMain::tr("%1 @NODEs without a date were left alone").arg(count);
+}
+
+void SetDates(frmMain &window, const std::vector<diagram::Node *> &nodes, const std::optional<QDate> &date) {
+    std::vector<timeline::NodeDate> dates;
+    for (diagram::Node *node : nodes) {
+        if (date)
+            dates.push_back({node, timeline::FormatDate(*date, timeline::kDayPattern)});
+        else
+            timeline::RemoveTimelineLinks(*node);
+    }
+    if (date) timeline::AddTimelineLinks(window, window.CurrentSurface(), dates);
+}
+bool HasMonths(const diagram::Surface &surface) { return !timeline::LocateTimelineNodes(surface).empty(); }
+
+void LineUpOnce(frmMain &window) {
+    diagram::Surface &surface = window.CurrentSurface();
+    const timeline::LinedUp result = timeline::LineUp(window, surface, timeline::RowOrder::Choose);
+    if (result.dated == 0 && timeline::IsTimelineHidden(surface) && HasMonths(surface))
+        return Tell(window, frmMain::tr("The timeline is hidden; View, Timeline shows it."));
+    if (result.dated == 0) return Tell(window, frmMain::tr("No @NODE has a date yet; Ctrl+T gives one."));
+    if (result.moved == 0) return Tell(window, frmMain::tr("Every @NODE stands at its date."));
+    window.ClickTab();
+}
+
+void ChooseLanes(frmMain &window, timeline::Lanes lanes) {
+    diagram::Surface &surface = window.CurrentSurface();
+    const ActionGroup step(surface);
+    if (timeline::LanesOf(surface) != lanes) window.clsSettings().Dirty = true;
+    timeline::SetLanes(surface, lanes);
+    if (timeline::KeepsNodesAtDates(surface)) LineUpOnce(window);
+    ShowTimelineTick(window);
+}
+
+constexpr std::pair<const char *, timeline::Lanes> kLaneEntries[] = {
+    {"mnuViewLanesNone", timeline::Lanes::None},
+    {"mnuViewLanesLevel", timeline::Lanes::Level},
+    {"mnuViewLanesGroup", timeline::Lanes::Group},
+};
+
+} // namespace
+
 std::vector<diagram::Node *> NodesToDate(const diagram::Surface &surface) {
     std::vector<diagram::Node *> nodes = surface.SelectedNodes();
     std::erase_if(nodes, [](const diagram::Node *node) { return !node->Selectable(); });
     return nodes;
 }
 
-void Tell(frmMain &window, const QString &text) {
-    window.Status().TellInPassing(settings::ReplaceTerms(text));
+void TellMoved(frmMain &window, const std::optional<timeline::MovedDates> &moved) {
+    if (!moved) return Tell(window, timeline::YearsInWords());
+    if (moved->moved == 0) return Tell(window, frmMain::tr("No selected @NODE has a date."));
+    const QString where = WhereTo(*moved);
+    Tell(window, moved->undated == 0 ? where : where + QStringLiteral("; ") + Undated(moved->undated));
 }
-
-} // namespace
 
 // The check shows what has become of the months.
 void mnuViewTimeline(frmMain &window) {
@@ -82,23 +141,28 @@ void keyDate(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
     const std::vector<diagram::Node *> nodes = NodesToDate(surface);
     if (nodes.empty()) return;
-    timeline::DateFormArgument form{timeline::ParseDate(timeline::DateOfNode(*nodes.front())),
-                                    timeline::ViewFrom(window.Desktop().clock.Now().date(), surface)};
+    const std::vector<std::optional<QDate>> former = timeline::DatesOf(nodes);
+    timeline::DateFormArgument form{former.front(),
+                                    timeline::ViewFrom(window.Desktop().clock.Now().date(), surface), former};
     if (!document::Show(window, form)) return;
+    std::optional<timeline::MovedDates> moved;
     const ActionGroup step(surface);
-    std::vector<timeline::NodeDate> dates;
-    for (diagram::Node *node : nodes) {
-        if (form.date)
-            dates.push_back({node, timeline::FormatDate(*form.date, timeline::kDayPattern)});
-        else
-            timeline::RemoveTimelineLinks(*node);
-    }
-    if (form.date) timeline::AddTimelineLinks(window, surface, dates);
+    if (form.step)
+        moved = timeline::MoveDates(window, surface, nodes, *form.step);
+    else
+        SetDates(window, nodes, form.date);
     window.clsSettings().Dirty = true;
     window.ClickTab();
-    if (form.date && timeline::IsTimelineHidden(surface))
+    if (moved) TellMoved(window, moved);
+    if ((form.date || moved) && timeline::IsTimelineHidden(surface))
         Tell(window, frmMain::tr("The timeline is hidden; View, Timeline shows it."));
 }
+
+using Unit = timeline::DateStep::Unit;
+void keyDayLater(frmMain &window) { DateKeys::Of(window).Move({1, Unit::Day}); }
+void keyDayEarlier(frmMain &window) { DateKeys::Of(window).Move({-1, Unit::Day}); }
+void keyWeekLater(frmMain &window) { DateKeys::Of(window).Move({1, Unit::Week}); }
+void keyWeekEarlier(frmMain &window) { DateKeys::Of(window).Move({-1, Unit::Week}); }
 
 void mnuViewTimelineTidy(frmMain &window) {
     const ActionGroup step(window.CurrentSurface());
@@ -117,7 +181,29 @@ void mnuViewTimelineFill(frmMain &window) {
     window.ClickTab();
 }
 
+void mnuViewTimelineLineUp(frmMain &window) {
+    const ActionGroup step(window.CurrentSurface());
+    LineUpOnce(window);
+}
+
+void mnuViewTimelineKeep(frmMain &window) {
+    const QString key = QStringLiteral("mnuViewTimelineKeep");
+    const ActionGroup step(window.CurrentSurface());
+    timeline::SetKeepsNodesAtDates(window.CurrentSurface(), window.MenuValue(key));
+    window.clsSettings().Dirty = true;
+    if (window.MenuValue(key)) LineUpOnce(window);
+}
+
+void mnuViewLanesNone(frmMain &window) { ChooseLanes(window, timeline::Lanes::None); }
+void mnuViewLanesLevel(frmMain &window) { ChooseLanes(window, timeline::Lanes::Level); }
+void mnuViewLanesGroup(frmMain &window) { ChooseLanes(window, timeline::Lanes::Group); }
+
 void ShowTimelineTick(frmMain &window) {
+    ShowCalendarTicks(window);
+    const diagram::Surface &surface = window.CurrentSurface();
+    window.SetMenuValue(QStringLiteral("mnuViewTimelineKeep"), timeline::KeepsNodesAtDates(surface));
+    const timeline::Lanes lanes = timeline::LanesOf(surface);
+    for (const auto &[key, each] : kLaneEntries) window.SetMenuValue(QLatin1String(key), lanes == each);
     const std::vector<diagram::Node *> months = timeline::LocateTimelineNodes(window.CurrentSurface());
     window.SetMenuValue(
         QStringLiteral("mnuViewTimeline"),

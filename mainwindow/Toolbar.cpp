@@ -46,6 +46,7 @@ constexpr ButtonRow kFormat[] = {
     {"", "", "", ButtonStyle::Separator},
     {"EXPAND", "expand", "Expand Timeline Nodes"},
     {"COMPRESS", "compress", "Compress Timeline Nodes"},
+    {"LINEUP", "lineup", "Line up by date"},
 };
 
 constexpr const char *kView[] = {"keyShapes",       "",          "mnuViewGrid",

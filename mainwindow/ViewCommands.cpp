@@ -7,6 +7,7 @@
 #include "diagram/view/ZoomSteps.h"
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/BarPane.h"
+#include "mainwindow/CalendarCommands.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/LookBar.h"
@@ -234,10 +235,37 @@ constexpr CommandRow kKeyRows[] = {
     Separator("mnuView"),
     {"mnuView", "keyDate", "D&ate...", kCommand, keyDate, "timeline", "", "Ctrl+T", Needs::Selection, false,
      "Puts the selected @NODEs on a day of the timeline"},
+    {"mnuView", "mnuViewTimelineLineUp", "Line up by date", kCommand, mnuViewTimelineLineUp, "lineup", "",
+     "Ctrl+Shift+T", Needs::Nothing, false, "Puts every @NODE with a date beside its day on the timeline"},
+    {"mnuView", "mnuViewTimelineKeep", "Keep @NODEs at their dates", kCheck, mnuViewTimelineKeep, "", "", "",
+     Needs::Nothing, false, "Dragging along the timeline changes the date, and a date moves the @NODE"},
+    {"mnuView", "mnuViewLanes", "Lanes beside the timeline", kMenu},
+    {"mnuViewLanes", "mnuViewLanesNone", "None", kCheck, mnuViewLanesNone, "", "", "", Needs::Nothing, false,
+     "timeline rows"},
+    {"mnuViewLanes", "mnuViewLanesLevel", "By level", kCheck, mnuViewLanesLevel, "", "", "", Needs::Nothing,
+     false, "timeline rows"},
+    {"mnuViewLanes", "mnuViewLanesGroup", "By group", kCheck, mnuViewLanesGroup, "", "", "", Needs::Nothing,
+     false, "timeline rows"},
     {"mnuView", "mnuViewTimelineTidy", "Tidy the timeline", kCommand, mnuViewTimelineTidy, "", "", "",
      Needs::Nothing, false, "Takes months away that no @NODE needs any more"},
     {"mnuView", "mnuViewTimelineFill", "Fill in missing months", kCommand, mnuViewTimelineFill, "", "", "",
      Needs::Nothing, false, "Closes the gaps of the timeline"},
+    {"mnuView", "mnuViewDates", "Move dates", kMenu},
+    {"mnuViewDates", "keyDayLater", "A &day later", kCommand, keyDayLater, "", "", "Ctrl+Alt+PgDown",
+     Needs::Selection, false, "Moves the dates of the selected @NODEs"},
+    {"mnuViewDates", "keyDayEarlier", "A d&ay earlier", kCommand, keyDayEarlier, "", "", "Ctrl+Alt+PgUp",
+     Needs::Selection, false, "Moves the dates of the selected @NODEs"},
+    {"mnuViewDates", "keyWeekLater", "A &week later", kCommand, keyWeekLater, "", "", "Ctrl+Alt+Shift+PgDown",
+     Needs::Selection, false, "Moves the dates of the selected @NODEs"},
+    {"mnuViewDates", "keyWeekEarlier", "A w&eek earlier", kCommand, keyWeekEarlier, "", "",
+     "Ctrl+Alt+Shift+PgUp", Needs::Selection, false, "Moves the dates of the selected @NODEs"},
+    {"mnuView", "mnuViewCalendar", "Beside the timeline", kMenu},
+    {"mnuViewCalendar", "mnuViewBands", "Quarters and years", kCheck, mnuViewBands, "", "", "",
+     Needs::Nothing, false, "calendar bands timeline"},
+    {"mnuViewCalendar", "mnuViewWeekends", "Shade weekends", kCheck, mnuViewWeekends, "", "", "",
+     Needs::Nothing, false, "calendar saturday sunday timeline"},
+    {"mnuViewCalendar", "mnuViewTodayEverywhere", "Today on paper and in pictures", kCheck,
+     mnuViewTodayEverywhere, "", "", "", Needs::Nothing, false, "calendar print line timeline"},
     Separator("mnuView", "mnuViewSepGo"),
     {"mnuView", "mnuViewGo", "G&o to", kMenu},
     {"mnuViewGo", "keyNextSlice", "&Next @SLICE", kCommand, keyNextSlice, "", "", "Ctrl+PgDown"},

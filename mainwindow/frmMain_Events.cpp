@@ -13,6 +13,7 @@
 #include "mainwindow/WindowStatus.h"
 #include "support/Val.h"
 #include "timeline/AdjustLinks.h"
+#include "timeline/LineUp.h"
 
 namespace mainwindow {
 
@@ -98,10 +99,15 @@ void frmMain::AddFlow1_AfterMove(int index) {
     clsSettings_->Dirty = true;
 }
 
-// A dated node keeps its link to its day whatever changes its size.
-void frmMain::AddFlow1_AfterResize(int index) { AddFlow1_AfterMove(index); }
+// A dated node keeps its link to its day whatever changes its size, and its place where it stays at its date.
+void frmMain::AddFlow1_AfterResize(int index) {
+    diagram::Surface &surface = AddFlow1_[index];
+    const ActionGroup step(surface);
+    timeline::FollowDates(*this, surface, surface.SelectedNodes());
+    AddFlow1_AfterMove(index);
+}
 // So does its text, where the node takes the size of that.
-void frmMain::AddFlow1_AfterEdit(int index) { AddFlow1_AfterMove(index); }
+void frmMain::AddFlow1_AfterEdit(int index) { AddFlow1_AfterResize(index); }
 
 // Hidden items must not stay selected: a rubber band takes them along.
 void frmMain::AddFlow1_AfterSelect(int index) {

@@ -54,18 +54,6 @@ std::vector<timeline::NodeDate> DatesOf(diagram::Surface &surface, const QJsonOb
     return dates;
 }
 
-// Lets the link run straight along where its day stands over, below or beside its node.
-void Straighten(diagram::Link &link) {
-    const diagram::Node &day = link.Destination(), &node = link.Source();
-    const float x = day.Left() + day.Width() / 2, y = day.Top() + day.Height() / 2;
-    const diagram::Point end = link.Points().Item(link.Points().Count() - 1);
-    if (x > node.Left() && x < node.Left() + node.Width())
-        link.Points().Assign({{x, end.y < node.Top() ? node.Top() : node.Top() + node.Height()}, {x, end.y}});
-    else if (y > node.Top() && y < node.Top() + node.Height())
-        link.Points().Assign(
-            {{end.x < node.Left() ? node.Left() : node.Left() + node.Width(), y}, {end.x, y}});
-}
-
 } // namespace
 
 void BuildTimeline(document::MapWindow &window, diagram::Surface &surface, const QJsonObject &slice,
@@ -75,15 +63,7 @@ void BuildTimeline(document::MapWindow &window, diagram::Surface &surface, const
     document::SetTag(surface, document::tags::kMissing, QStringLiteral("True"));
     BuildMonthLook(surface, ReadText(resources.filePath(QStringLiteral("Template.tnd.json"))), timeline,
                    resources);
-    const std::vector<timeline::NodeDate> dates = DatesOf(surface, slice, keys);
-    timeline::AddTimelineLinks(window, surface, dates);
-    const QJsonObject look = LooksOf(resources)["links"].toObject()["date"].toObject();
-    for (const timeline::NodeDate &dated : dates)
-        for (diagram::Link *link : dated.node->Links())
-            if (timeline::NodeIsTimeline(link->Destination())) {
-                ApplyLink(*link, look);
-                Straighten(*link);
-            }
+    timeline::AddTimelineLinks(window, surface, DatesOf(surface, slice, keys));
 }
 
 } // namespace product

@@ -8,6 +8,7 @@
 #include "timeline/Arrange.h"
 #include "timeline/DateIndex.h"
 #include "timeline/DateLanguage.h"
+#include "timeline/DateWays.h"
 #include "timeline/TimelineNodes.h"
 
 namespace timeline {
@@ -69,9 +70,11 @@ void AddTimelineLinks(document::MapWindow &window, diagram::Surface &Flow,
         TranslateDates(Flow);
         const bool hidden = IsTimelineHidden(Flow);
         DateIndex index(Flow);
+        const diagram::Node &look = *LocateTimeLineTemplateNode(Flow, true);
         for (const NodeDate &dated : dates) {
             RemoveLinks(*dated.node, IsTimelineLink);
             LocateTimelineNode(Flow, dated.date, true, dated.node, &index);
+            DressDateLinks(*dated.node, look);
             if (hidden) HideDateLink(*dated.node);
         }
         if (hidden) HideMonths(Flow);

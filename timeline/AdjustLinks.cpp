@@ -1,9 +1,11 @@
 #include "timeline/AdjustLinks.h"
 
+#include "diagram/model/Calendar.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/Shapes.h"
 #include "document/Tags.h"
 #include "support/Val.h"
+#include "timeline/DateWays.h"
 #include "timeline/TimelineNodes.h"
 
 namespace timeline {
@@ -33,7 +35,10 @@ void AdjustLinks(diagram::Node &Node, bool Horizontal) {
             DoAdjustLink(*link, Horizontal, 0);
         } else if (NodeIsTimeline(link->Destination())) {
             DoAdjustLink(*link, Horizontal, link->Points().Count() - 1);
-            JoinSource(*link);
+            if (diagram::IsQuietDateLink(*link))
+                LayDateWay(*link, Horizontal);
+            else
+                JoinSource(*link);
         }
     }
 }

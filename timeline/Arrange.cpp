@@ -10,6 +10,7 @@
 #include "timeline/DateIndex.h"
 #include "timeline/DateLanguage.h"
 #include "timeline/DateText.h"
+#include "timeline/LineUp.h"
 #include "timeline/Strip.h"
 #include "timeline/TimelineNodes.h"
 
@@ -250,6 +251,7 @@ void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, i
         run.FoldHiddenMonths();
         run.WriteTexts();
         run.Place();
+        FollowDates(window, Flow);
         window.clsSettings().Dirty = true;
         window.DoStatus(run.StoppedText());
     });
@@ -309,7 +311,9 @@ void UpdateTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, bo
 void ShowTimeline(document::MapWindow &window, diagram::Surface &Flow, bool Shown) {
     const std::size_t before = MonthsInSight(Flow);
     ShowHideTimelineNodes(Flow, Shown);
-    if (MonthsInSight(Flow) > before && IsDisarranged(Flow)) UpdateTimeLineNodes(window, Flow, true);
+    if (MonthsInSight(Flow) <= before) return;
+    if (IsDisarranged(Flow)) return UpdateTimeLineNodes(window, Flow, true);
+    FollowDates(window, Flow);
 }
 
 void DoUnHideTimelineNodes(document::MapWindow &window, diagram::Surface &Flow) {

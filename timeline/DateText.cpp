@@ -51,6 +51,19 @@ QString FormatDate(const QDate &date, const QString &pattern, const QLocale &loc
     return text;
 }
 
+bool IsInYears(const QDate &date) {
+    return date.isValid() && date.year() >= kFirstYear && date.year() <= kLastYear;
+}
+
+bool HasShortYear(const QString &text) {
+    int digits = 0;
+    for (const QChar sign : text) {
+        digits = sign.isDigit() ? digits + 1 : 0;
+        if (digits > 2) return false;
+    }
+    return true;
+}
+
 QString Reformatted(const QString &text, const QString &pattern, const QLocale &locale) {
     const std::optional<QDate> date = ParseDate(text, locale);
     return date ? FormatDate(*date, pattern, locale) : QString();

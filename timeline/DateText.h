@@ -19,6 +19,7 @@ inline constexpr const char *kDisplayPatterns[] = {"MM YYYY",   "MMM YYYY", "MMM
 
 // Years outside of these are no dates.
 constexpr int kFirstYear = 100, kLastYear = 3099;
+bool IsInYears(const QDate &date); // false for a null one
 
 // The date in the pattern: "MMMM" the month's name, "MMM" its short name, "MM" two digits, "dd" the day in
 // two digits, "YYYY" and "YY" the year; upper and lower case are the same, anything else stands as it is.
@@ -31,9 +32,12 @@ QString FormatDate(const QDate &date, const QString &pattern, const QLocale &loc
 // English, then in the other languages whose names were found in texts before. Two digits of a year are those
 // of the hundred years from `firstOfCentury`; a date of digits alone has the order of `locale` where it is
 // written with slashes or dots, and the day first otherwise. Nothing for what is no date.
-constexpr int kStoredCentury = 1930; // of texts that a map holds
+constexpr int kStoredCentury = 1930; // of texts that a map holds, where the map itself doesn't tell
 std::optional<QDate> ParseDate(const QString &text, const QLocale &locale = QLocale(),
                                int firstOfCentury = kStoredCentury);
+
+// Whether a text has no number that can only be a year: more than two digits.
+bool HasShortYear(const QString &text);
 
 // Another language whose month names may be met, such as that of a map's file.
 void NoteDateLanguage(const QLocale &locale);

@@ -6,8 +6,10 @@
 #include "support/Val.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
+#include "timeline/AtDates.h"
 #include "timeline/DateIndex.h"
 #include "timeline/DateText.h"
+#include "timeline/LineUp.h"
 #include "timeline/Strip.h"
 #include "timeline/TimelineNodes.h"
 
@@ -56,10 +58,6 @@ QDate DayIn(const ShownMonth &month, double place, bool monthBeforeInFront) {
     return month.first.addDays(std::clamp(day, monthBeforeInFront ? 0 : 1, days) - 1);
 }
 
-bool IsOneOfOurs(const QDate &date) {
-    return date.isValid() && date.year() >= kFirstYear && date.year() <= kLastYear;
-}
-
 } // namespace
 
 std::optional<QLineF> DaysOfStrip::Today(const diagram::Surface &flow) const {
@@ -92,7 +90,7 @@ std::optional<QDate> DaysOfStrip::DayAt(const diagram::Surface &flow, const QPoi
     else
         day = DayIn(*behind, place,
                     behind != months.begin() && std::prev(behind)->first.addMonths(1) == behind->first);
-    return IsOneOfOurs(day) ? std::optional(day) : std::nullopt;
+    return IsInYears(day) ? std::optional(day) : std::nullopt;
 }
 
 std::optional<QLineF> DaysOfStrip::PlaceOf(const diagram::Surface &flow, const QDate &date) const {
@@ -131,11 +129,19 @@ std::vector<QLineF> DaysOfStrip::Breaks(const diagram::Surface &flow) const {
     return breaks;
 }
 
+bool DaysOfStrip::KeepsNodesAtDates(const diagram::Surface &flow) const {
+    return timeline::KeepsNodesAtDates(flow);
+}
+
+void DaysOfStrip::Settle(diagram::Surface &flow, const std::vector<diagram::Node *> &moved) {
+    FollowDates(window_, flow, moved);
+}
+
 void DaysOfStrip::SetDates(diagram::Surface &flow, const std::vector<Dated> &dates) {
     std::vector<NodeDate> texts;
     for (const Dated &dated : dates)
-        if (IsOneOfOurs(dated.date)) texts.push_back({dated.node, FormatDate(dated.date, kDayPattern)});
-    AddTimelineLinks(window_, flow, texts);
+        if (IsInYears(dated.date)) texts.push_back({dated.node, FormatDate(dated.date, kDayPattern)});
+    if (!texts.empty()) AddTimelineLinks(window_, flow, texts);
 }
 
 void DaysOfStrip::Arrange(diagram::Surface &flow) {

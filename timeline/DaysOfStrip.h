@@ -23,6 +23,8 @@ public:
     std::optional<QLineF> PlaceOf(const diagram::Surface &flow, const QDate &date) const override;
     std::vector<QLineF> Breaks(const diagram::Surface &flow) const override;
     bool RunsRightwards(const diagram::Surface &flow) const override;
+    bool KeepsNodesAtDates(const diagram::Surface &flow) const override;
+    void Settle(diagram::Surface &flow, const std::vector<diagram::Node *> &moved) override;
     void SetDates(diagram::Surface &flow, const std::vector<Dated> &dates) override;
     void Arrange(diagram::Surface &flow) override; // nothing on a surface without months
 

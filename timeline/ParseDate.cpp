@@ -28,8 +28,7 @@ int YearOf(const Number &number, int first) {
 
 std::optional<QDate> DateOf(int year, int month, int day) {
     const QDate date(year, month, day);
-    if (!date.isValid() || year < kFirstYear || year > kLastYear) return std::nullopt;
-    return date;
+    return IsInYears(date) ? std::optional(date) : std::nullopt;
 }
 
 // The groups of digits of a text; nothing when it holds anything but digits and what may stand between them.

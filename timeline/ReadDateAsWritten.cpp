@@ -2,6 +2,7 @@
 
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
+#include "timeline/DateStep.h"
 #include "timeline/DateText.h"
 #include "timeline/MonthNames.h"
 #include "timeline/Period.h"
@@ -27,41 +28,25 @@ QRegularExpressionMatch Match(const QString &pattern, const QString &text) {
     return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(text);
 }
 
-QDate Moved(const QDate &from, int count, const QString &unit) {
-    switch (unit.isEmpty() ? 'd' : unit[0].toLatin1()) {
-    case 'd':
-        return from.addDays(count);
-    case 'w':
-        return from.addDays(7LL * count);
-    case 'm':
-        return from.addMonths(count);
-    default:
-        return from.addYears(count);
-    }
-}
-
-const QString kUnit = QStringLiteral("(d|days?|w|wks?|weeks?|m|mon|mths?|months?|y|yrs?|years?)");
-
 // +2w, -10d, +5
 Reading ReadStep(const QString &text, const PeriodView &view) {
-    const auto match = Match(QStringLiteral("([+-]) ?(\\d{1,4}) ?%1?").arg(kUnit), text);
-    if (!match.hasMatch()) return std::nullopt;
-    const int count = match.captured(2).toInt();
-    return Moved(view.today, match.captured(1) == QLatin1String("-") ? -count : count, match.captured(3));
+    const std::optional<DateStep> step = ReadDateStep(text);
+    return step ? Reading(Moved(view.today, *step)) : std::nullopt;
 }
 
 // in 3 months, 2 weeks ago, a week from today
 Reading ReadDistance(const QString &text, const PeriodView &view) {
     const QString count = QStringLiteral("(an?|\\d{1,4})");
-    const auto on = Match(QStringLiteral("(?:in )?%1 ?%2(?: from (?:now|today))?").arg(count, kUnit), text);
-    const auto back = Match(QStringLiteral("%1 ?%2 ago").arg(count, kUnit), text);
+    const auto on =
+        Match(QStringLiteral("(?:in )?%1 ?%2(?: from (?:now|today))?").arg(count, kUnitPattern), text);
+    const auto back = Match(QStringLiteral("%1 ?%2 ago").arg(count, kUnitPattern), text);
     const auto &match = back.hasMatch() ? back : on;
     const bool isOne = !match.hasMatch() || match.captured(1).startsWith(u'a');
     if (!match.hasMatch()) return std::nullopt;
     if (!back.hasMatch() && !text.startsWith(QLatin1String("in ")) && !text.contains(QLatin1String(" from ")))
         return std::nullopt; // "3 m" alone may mean anything
     const int steps = isOne ? 1 : match.captured(1).toInt();
-    return Moved(view.today, back.hasMatch() ? -steps : steps, match.captured(2));
+    return Moved(view.today, {back.hasMatch() ? -steps : steps, UnitOf(match.captured(2))});
 }
 
 Reading ReadWord(const QString &text, const PeriodView &view) {
@@ -187,6 +172,8 @@ DateView ViewFrom(const QDate &today, const diagram::Surface &Flow) {
     return view;
 }
 
+QString YearsInWords() { return Tr("Dates go from the year %1 to %2").arg(kFirstYear).arg(kLastYear); }
+
 DateRead ReadDateAsWritten(const QString &text, const DateView &view, const QLocale &locale) {
     const QString plain = Plain(text).simplified();
     const PeriodView from{view.today, view.strip, locale, view.today.year() - kYearsBack};
@@ -194,8 +181,7 @@ DateRead ReadDateAsWritten(const QString &text, const DateView &view, const QLoc
         const Reading date = reader(plain, from);
         if (!date) continue;
         if (!date->isValid()) return {std::nullopt, Tr("There is no such day")};
-        if (date->year() < kFirstYear || date->year() > kLastYear)
-            return {std::nullopt, Tr("Dates go from the year %1 to %2").arg(kFirstYear).arg(kLastYear)};
+        if (!IsInYears(*date)) return {std::nullopt, YearsInWords()};
         return {*date, InFull(*date, locale)};
     }
     return {std::nullopt, Why(plain, locale)};

@@ -34,6 +34,9 @@ struct DateRead {
 // Monday and are counted as in ISO 8601.
 DateRead ReadDateAsWritten(const QString &text, const DateView &view, const QLocale &locale = QLocale());
 
+// Between which years dates lie, for a person who went beyond them.
+QString YearsInWords();
+
 // With the day of the week: Sunday, 14 March 2027.
 QString InFull(const QDate &date, const QLocale &locale = QLocale());
 

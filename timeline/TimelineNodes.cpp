@@ -80,9 +80,9 @@ void ShowHideMonth(diagram::Node &month, bool shown, const diagram::Node *look) 
 }
 
 // At the days of the month that there are.
-std::vector<diagram::Link *> DateLinks(const DateIndex &index, const diagram::Node &month) {
+std::vector<diagram::Link *> DateLinks(const DateIndex &index, const diagram::Node &month, int century) {
     std::vector<diagram::Link *> links;
-    const std::optional<QDate> first = ParseDate(month.Text());
+    const std::optional<QDate> first = ParseDate(month.Text(), QLocale(), century);
     for (int day = 1; first && day <= first->daysInMonth(); ++day)
         if (const diagram::Node *node = index.FindDay(QDate(first->year(), first->month(), day)))
             for (diagram::Link *link : node->Links()) links.push_back(link);
@@ -90,8 +90,8 @@ std::vector<diagram::Link *> DateLinks(const DateIndex &index, const diagram::No
 }
 
 // Those of hidden nodes stay as they are.
-void ShowHideDateLinks(const diagram::Node &month, bool shown, const DateIndex &index) {
-    for (diagram::Link *link : DateLinks(index, month))
+void ShowHideDateLinks(const diagram::Node &month, bool shown, const DateIndex &index, int century) {
+    for (diagram::Link *link : DateLinks(index, month, century))
         if (!link->Source().Hidden()) link->SetHidden(!shown);
 }
 
@@ -164,11 +164,12 @@ void ShowHideTimelineNodes(diagram::Surface &Flow, bool Shown) {
         TranslateDates(Flow);
         const diagram::Node *look = LocateTimeLineTemplateNode(Flow, false);
         const DateIndex index(Flow);
+        const int century = CenturyOf(Flow);
         const std::vector<diagram::Node *> months = LocateTimelineNodes(Flow);
         if (Shown) ForgetHandsThatHidAll(months);
         for (diagram::Node *month : months) {
             ShowHideMonth(*month, Shown, look);
-            ShowHideDateLinks(*month, Shown, index);
+            ShowHideDateLinks(*month, Shown, index, century);
         }
     });
 }
@@ -178,9 +179,10 @@ void PreviewTimelineNodes(diagram::Surface &Flow, bool Shown, diagram::Sights &s
     if (months.empty()) return;
     const bool byHand = !std::ranges::all_of(months, IsHiddenByUser);
     const DateIndex index(Flow);
+    const int century = CenturyOf(Flow);
     for (const diagram::Node *month : months) {
         sights.Set(*month, !Shown || (byHand && IsHiddenByUser(month)));
-        for (const diagram::Link *link : DateLinks(index, *month))
+        for (const diagram::Link *link : DateLinks(index, *month, century))
             if (!sights.Hides(link->Source())) sights.Set(*link, !Shown);
     }
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <QLineF>
 
 namespace diagram {
 
@@ -67,6 +68,23 @@ void CutEnd(std::vector<QPointF> &way, double length) {
     std::reverse(way.begin(), way.end());
     CutStart(way, length);
     std::reverse(way.begin(), way.end());
+}
+
+QPainterPath RoundedWay(std::span<const QPointF> way, double radius) {
+    QPainterPath path;
+    if (way.empty()) return path;
+    path.moveTo(way.front());
+    const auto towards = [&](const QPointF &from, const QPointF &to) {
+        const QLineF line(from, to);
+        const double share = line.length() > 0 ? std::min(radius / line.length(), 0.5) : 0;
+        return line.pointAt(share);
+    };
+    for (std::size_t i = 1; i + 1 < way.size(); ++i) {
+        path.lineTo(towards(way[i], way[i - 1]));
+        path.quadTo(way[i], towards(way[i], way[i + 1]));
+    }
+    path.lineTo(way.back());
+    return path;
 }
 
 } // namespace diagram

@@ -1,6 +1,7 @@
 // Arithmetic on ways: runs of straight segments given by their points. Any unit.
 #pragma once
 
+#include <QPainterPath>
 #include <QPointF>
 #include <span>
 #include <vector>
@@ -31,5 +32,8 @@ std::vector<QPointF> StretchOfWay(std::span<const QPointF> way, double from, dou
 // Takes `length` off the start of the way. What is left of a way that is shorter is its last point twice.
 void CutStart(std::vector<QPointF> &way, double length);
 void CutEnd(std::vector<QPointF> &way, double length);
+
+// The way with its corners rounded off; less where a segment is short.
+QPainterPath RoundedWay(std::span<const QPointF> way, double radius);
 
 } // namespace diagram

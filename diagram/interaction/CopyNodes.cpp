@@ -1,6 +1,7 @@
 #include "diagram/interaction/CopyNodes.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/interaction/CopiedDates.h"
 #include "diagram/interaction/GrowPage.h"
 #include "diagram/interaction/MoveNodes.h"
 #include "diagram/interaction/Selecting.h"
@@ -66,10 +67,12 @@ void CopyNodes::Commit(const PointerInput &input) {
     Surface &surface = scene_.Model();
     ChangeSelection(surface, [&] {
         SelectHeld();
+        const std::vector<QDate> dates = DatesOfSelected(surface, stage_.Days());
         PasteBytes(surface, SaveSelection(surface), float(distance.x()), float(distance.y()));
         const std::vector<Link *> links = surface.SelectedLinks();
         for (Link *link : links) link->SetSelected(false);
         GrowPage(surface, stage_.Days(), extent_.translated(distance), extent_);
+        DateSelected(surface, stage_.Days(), dates);
         surface.Events().AfterMove(surface);
     });
 }

@@ -5,7 +5,29 @@
 #include "diagram/interaction/Snap.h"
 #include "diagram/scene/Scene.h"
 
+#include <algorithm>
+
 namespace diagram {
+
+namespace {
+
+// Whose date a drag from that node changes; null for none.
+const Node *LeadOf(const DayStrip &days, const Node &pressed) {
+    if (days.DateOf(pressed)) return &pressed;
+    if (!days.KeepsNodesAtDates(pressed.Owner())) return nullptr;
+    const std::vector<Node *> selected = pressed.Owner().SelectedNodes();
+    const auto dated =
+        std::ranges::find_if(selected, [&](const Node *node) { return days.DateOf(*node).has_value(); });
+    return dated == selected.end() ? nullptr : *dated;
+}
+
+std::optional<QPointF> PlaceOfDate(const DayStrip &days, const Node &node) {
+    const std::optional<QDate> date = days.DateOf(node);
+    const std::optional<QLineF> place = date ? days.PlaceOf(node.Owner(), *date) : std::nullopt;
+    return place ? std::optional(place->center()) : std::nullopt;
+}
+
+} // namespace
 
 DateNodes::DateNodes(Scene &scene, const Stage &stage, Node &pressed, const PointerInput &press)
     : scene_(scene),
@@ -14,65 +36,121 @@ DateNodes::DateNodes(Scene &scene, const Stage &stage, Node &pressed, const Poin
       days_(stage.Days()),
       press_(press),
       pressed_(pressed.Id()),
-      held_(surface_.SelectedNodes()) {}
-
-bool DateNodes::Begins(const Stage &stage, const Node &pressed, const PointerInput &input) {
-    return input.Alt() && !input.Ctrl() && stage.Days().DateOf(pressed) &&
-           stage.Days().DayAt(pressed.Owner(), input.at);
+      lead_(kNoItem),
+      held_(surface_.SelectedNodes()),
+      keeps_(days_.KeepsNodesAtDates(surface_)),
+      place_(press.at),
+      snapping_(scene, stage, &held_),
+      extent_(held_.Extent()),
+      corner_(pressed.Bounds().topLeft()) {
+    const Node *lead = LeadOf(days_, pressed);
+    if (!lead) return;
+    lead_ = lead->Id();
+    if (keeps_) place_ = PlaceOfDate(days_, *lead).value_or(press.at);
 }
 
-QPointF DateNodes::Distance(const PointerInput &input) const {
+bool DateNodes::Begins(const Stage &stage, const Node &pressed, const PointerInput &input) {
+    const DayStrip &days = stage.Days();
+    if (input.Ctrl()) return false;
+    const bool keeps = days.KeepsNodesAtDates(pressed.Owner());
+    if (input.Alt() == keeps) return false;
+    const Node *lead = LeadOf(days, pressed);
+    if (!lead || !days.DayAt(pressed.Owner(), input.at)) return false;
+    return !keeps || PlaceOfDate(days, *lead);
+}
+
+QPointF DateNodes::AlongTheStrip(const QPointF &way) const {
+    return days_.RunsRightwards(surface_) ? QPointF(way.x(), 0) : QPointF(0, way.y());
+}
+
+QPointF DateNodes::Distance(const PointerInput &input) {
     const QPointF way = input.at - press_.at;
-    const QPointF along = days_.RunsRightwards(surface_) ? QPointF(way.x(), 0) : QPointF(0, way.y());
-    return KeepOnSurface(held_.Extent(), along);
+    const QPointF along = AlongTheStrip(way);
+    if (!keeps_) return KeepOnSurface(extent_, along);
+    const QPointF snapped = snapping_.Move(extent_, corner_, way, input);
+    const QPointF across = snapped - AlongTheStrip(snapped);
+    return KeepOnSurface(extent_, input.Shift() && !across.isNull() ? across : along + across);
 }
 
 std::unique_ptr<Gesture> DateNodes::Move(const PointerInput &input) {
     Node *pressed = surface_.FindNode(pressed_);
-    if (pressed && (!input.Alt() || input.Ctrl())) {
+    if (pressed && (input.Alt() == keeps_ || input.Ctrl())) {
         held_.Restore(surface_);
         return std::make_unique<MoveNodes>(scene_, stage_, *pressed, press_);
     }
-    day_ = days_.DayAt(surface_, input.at);
-    held_.MoveBy(surface_, Distance(input));
+    const QPointF distance = Distance(input);
+    const bool goesAlong = !AlongTheStrip(distance).isNull() || !keeps_ || !input.Shift();
+    day_ = days_.DayAt(surface_, goesAlong ? place_ + AlongTheStrip(input.at - press_.at) : place_);
+    held_.MoveBy(surface_, distance);
     return nullptr;
 }
 
 std::vector<DayStrip::Dated> DateNodes::NewDates() const {
     std::vector<DayStrip::Dated> dates;
-    const Node *pressed = surface_.FindNode(pressed_);
-    const std::optional<QDate> former = pressed && day_ ? days_.DateOf(*pressed) : std::nullopt;
+    const Node *lead = surface_.FindNode(lead_);
+    const std::optional<QDate> former = lead && day_ ? days_.DateOf(*lead) : std::nullopt;
     const qint64 by = former ? former->daysTo(*day_) : 0;
     if (by == 0) return dates;
-    for (const HeldNode &held : held_.Nodes()) {
-        Node *node = surface_.FindNode(held.id);
-        const std::optional<QDate> date = node ? days_.DateOf(*node) : std::nullopt;
-        if (date) dates.push_back({node, date->addDays(by)});
-    }
+    for (Node *node : HeldNow())
+        if (const std::optional<QDate> date = days_.DateOf(*node)) dates.push_back({node, date->addDays(by)});
     return dates;
+}
+
+std::vector<Node *> DateNodes::HeldNow() const {
+    std::vector<Node *> nodes;
+    for (const HeldNode &held : held_.Nodes())
+        if (Node *node = surface_.FindNode(held.id)) nodes.push_back(node);
+    return nodes;
 }
 
 void DateNodes::Commit(const PointerInput &input) {
     const QPointF distance = Distance(input);
     held_.Restore(surface_);
     const std::vector<DayStrip::Dated> dates = NewDates();
-    if (distance.isNull() && dates.empty()) return;
+    if ((keeps_ ? distance - AlongTheStrip(distance) : distance).isNull() && dates.empty()) return;
     const ActionGroup group(surface_);
     held_.MoveBy(surface_, distance);
     if (!dates.empty()) days_.SetDates(surface_, dates);
+    days_.Settle(surface_, HeldNow());
     surface_.Events().AfterMove(surface_);
 }
 
 void DateNodes::Show(Overlay &overlay) const {
     const Node *pressed = surface_.FindNode(pressed_);
     if (!pressed || !day_) return;
+    if (keeps_) ShowRows(overlay);
     overlay.size = days_.Written(*day_);
     overlay.sizeUnder = pressed->Bounds();
     if (const std::optional<QLineF> place = days_.PlaceOf(surface_, *day_)) overlay.guides.push_back(*place);
 }
 
+// What the node lines up with along the strip is its date.
+void DateNodes::ShowRows(Overlay &overlay) const {
+    snapping_.Show(overlay);
+    overlay.gaps.clear();
+    overlay.sizes.clear();
+    std::erase_if(overlay.guides,
+                  [this](const QLineF &line) { return AlongTheStrip(line.p2() - line.p1()).isNull(); });
+}
+
 Qt::CursorShape DateNodes::Pointer() const {
+    if (keeps_) return Qt::SizeAllCursor;
     return days_.RunsRightwards(surface_) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
+}
+
+bool MoveSelectionByDays(Surface &surface, DayStrip &strip, const QPointF &direction, int days) {
+    if (!strip.KeepsNodesAtDates(surface)) return false;
+    const double along = strip.RunsRightwards(surface) ? direction.x() : direction.y();
+    if (along == 0) return false;
+    std::vector<DayStrip::Dated> dates;
+    for (Node *node : surface.SelectedNodes())
+        if (const std::optional<QDate> date = strip.DateOf(*node))
+            dates.push_back({node, date->addDays(along < 0 ? -days : days)});
+    if (dates.empty()) return false;
+    const ActionGroup group(surface);
+    strip.SetDates(surface, dates);
+    surface.Events().AfterMove(surface);
+    return true;
 }
 
 } // namespace diagram

@@ -3,6 +3,7 @@
 
 #include "diagram/interaction/Gesture.h"
 #include "diagram/interaction/HeldItems.h"
+#include "diagram/interaction/Snapping.h"
 #include "diagram/model/DayStrip.h"
 
 namespace diagram {
@@ -11,6 +12,10 @@ class Scene;
 
 // The day under the pointer becomes that of the pressed node; the other selected nodes that have a date go on
 // or back by as many days. All of them go along the strip with the pointer. Without Alt it becomes a move.
+//
+// Where nodes stay at their dates it is the other way round: it is the plain drag, and Alt makes it a move.
+// Then nodes go across the strip too, drawn to guides, the day is that at which the pressed node comes to
+// stand, and a pressed node without a date is led by the first selected one that has one.
 class DateNodes : public Gesture {
 public:
     DateNodes(Scene &scene, const Stage &stage, Node &pressed, const PointerInput &press);
@@ -25,17 +30,29 @@ public:
     Qt::CursorShape Pointer() const override;
 
 private:
-    QPointF Distance(const PointerInput &input) const;
+    QPointF Distance(const PointerInput &input);
+    void ShowRows(Overlay &overlay) const;
+    QPointF AlongTheStrip(const QPointF &way) const;
     std::vector<DayStrip::Dated> NewDates() const;
+    std::vector<Node *> HeldNow() const;
 
     Scene &scene_;
     const Stage &stage_;
     Surface &surface_;
     DayStrip &days_;
     PointerInput press_;
-    ItemId pressed_;
+    ItemId pressed_, lead_; // whose date is shown
     HeldItems held_;
-    std::optional<QDate> day_; // under the pointer
+    bool keeps_;    // nodes at their dates
+    QPointF place_; // that stands for the day
+    Snapping snapping_;
+    QRectF extent_;            // of all of them at the press
+    QPointF corner_;           // left top of the pressed node at the press
+    std::optional<QDate> day_; // to which the lead goes
 };
+
+// Where nodes stay at their dates and the direction is along the strip: the selected nodes with a date go on
+// or back by `days`, as one step. Else false.
+bool MoveSelectionByDays(Surface &surface, DayStrip &strip, const QPointF &direction, int days);
 
 } // namespace diagram

@@ -10,10 +10,9 @@ namespace diagram {
 
 namespace {
 
-void MoveInOneStep(Surface &surface, DayStrip &days, const HeldItems &held, const QPointF &distance,
-                   bool goesOn = false) {
+void MoveInOneStep(Surface &surface, DayStrip &days, const HeldItems &held, const QPointF &distance) {
     if (distance.isNull()) return;
-    const ActionGroup group(surface, goesOn);
+    const ActionGroup group(surface);
     held.MoveBy(surface, distance);
     GrowPage(surface, days, held.Extent().translated(distance), held.Extent());
     surface.Events().AfterMove(surface);
@@ -37,7 +36,7 @@ QPointF MoveNodes::Distance(const PointerInput &input) {
 }
 
 std::unique_ptr<Gesture> MoveNodes::Move(const PointerInput &input) {
-    Node *pressed = input.Ctrl() || input.Alt() ? surface_.FindNode(pressed_) : nullptr;
+    Node *pressed = surface_.FindNode(pressed_);
     if (pressed && input.Ctrl()) {
         held_.Restore(surface_);
         return std::make_unique<CopyNodes>(scene_, stage_, *pressed, press_);
@@ -60,7 +59,9 @@ void MoveNodes::Cancel() { held_.Restore(surface_); }
 
 bool MoveSelection(Surface &surface, DayStrip &days, const QPointF &distance, bool goesOn) {
     if (surface.SelectedNodes().empty()) return false;
-    MoveInOneStep(surface, days, HeldItems(surface.SelectedNodes()), distance, goesOn);
+    const ActionGroup group(surface, goesOn);
+    MoveInOneStep(surface, days, HeldItems(surface.SelectedNodes()), distance);
+    days.Settle(surface, surface.SelectedNodes());
     return true;
 }
 

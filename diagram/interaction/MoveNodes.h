@@ -9,8 +9,8 @@ namespace diagram {
 
 // The selection as a whole is drawn to guides; with none near and the grid on, the node that was pressed goes
 // to the grid and the others keep their distance from it. Shift keeps the move on one axis; with Ctrl it
-// becomes a copy, and with Alt a node with a date goes along its strip of days. The page grows where a node
-// is dropped beyond its left or its top.
+// becomes a copy, and with Alt a node with a date goes along its strip of days; where nodes stay at their
+// dates it does so without Alt. The page grows where a node is dropped beyond its left or its top.
 class MoveNodes : public Gesture {
 public:
     MoveNodes(Scene &scene, const Stage &stage, Node &pressed, const PointerInput &press);
@@ -37,7 +37,7 @@ private:
 };
 
 // Moves the selection by the distance (twips) as one step, or as part of the last one, with AfterMove; the
-// page grows as above. False when no node is selected.
+// page grows as above, and nodes that stay at their dates settle. False when no node is selected.
 bool MoveSelection(Surface &surface, DayStrip &days, const QPointF &distance, bool goesOn = false);
 
 } // namespace diagram

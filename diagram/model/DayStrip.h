@@ -33,6 +33,12 @@ public:
     // Whether it runs from left to right.
     virtual bool RunsRightwards(const Surface &) const { return true; }
 
+    // Whether the surface's nodes stay at their dates, so that one that goes along the strip gets another.
+    virtual bool KeepsNodesAtDates(const Surface &) const { return false; }
+    // Puts nodes that were moved to their dates again, inside the group of changes that the caller has
+    // opened; across the strip they stay where there is room. Nothing on a surface whose nodes don't stay.
+    virtual void Settle(Surface &, const std::vector<Node *> &) {}
+
     struct Dated {
         Node *node;
         QDate date;

@@ -1,6 +1,7 @@
 #include "diagram/render/LinkPainter.h"
 
 #include "diagram/geometry/Polyline.h"
+#include "diagram/model/Calendar.h"
 #include "diagram/model/Link.h"
 #include "diagram/render/ArrowPainter.h"
 #include "diagram/render/FarForms.h"
@@ -223,6 +224,11 @@ void DrawLine(Paint &paint, const Link &link, const Heads &heads, double width, 
     const double last = curve ? first : Distance(paint.way[count - 2], paint.way[count - 1]);
     CutStart(paint.way, std::min(Eaten(heads.source), first * 0.99));
     CutEnd(paint.way, std::min(Eaten(heads.destination), last * 0.99));
+    if (count > 2 && IsQuietDateLink(link)) {
+        paint.pencil.Smooth(true);
+        paint.pencil.Line(colour, width, data.drawStyle, Qt::RoundJoin);
+        return DrawFarPath(paint, RoundedWay(paint.way, paint.frame.Length(kDateCorner)));
+    }
     DrawRun(paint, data, curve, width, colour);
 }
 
@@ -231,6 +237,12 @@ void DrawLine(Paint &paint, const Link &link, const Heads &heads, double width, 
 QPointF ArchSide(const QPointF &direction) {
     const QPointF left(direction.y(), -direction.x());
     return IsLeftToRight(direction) ? left : -left;
+}
+
+QRgb ColourOfLine(const Paint &paint, const Link &link) {
+    constexpr double kPaler = 0.55;
+    const QRgb colour = ToRgb(link.LineColor());
+    return paint.options.screen && IsQuietDateLink(link) ? Mix(colour, paint.paper, kPaler) : colour;
 }
 
 void FillWay(Paint &paint, const Link &link, double width) {
@@ -249,7 +261,7 @@ void FillWay(Paint &paint, const Link &link, double width) {
 void PaintLink(Paint &paint, const Link &link) {
     const LinkData &data = link.Data();
     const double width = paint.frame.LineWidth(data.drawWidth);
-    const QRgb colour = ToRgb(data.lineColor);
+    const QRgb colour = ColourOfLine(paint, link);
     if (data.drawStyle != kTransparentLine) {
         FillWay(paint, link, width);
         if (paint.way.size() >= 2) {

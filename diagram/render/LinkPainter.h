@@ -12,6 +12,12 @@ constexpr int kArchJump = 1; // a jump style; the others leave a gap
 // left on plumb lines.
 QPointF ArchSide(const QPointF &direction);
 
+// How round the corners of links to days are, twips.
+constexpr double kDateCorner = 120;
+
+// Links to days stand back on the screen.
+QRgb ColourOfLine(const Paint &paint, const Link &link);
+
 // Line with jumps, arrow heads, label.
 void PaintLink(Paint &paint, const Link &link);
 

@@ -2,6 +2,7 @@
 
 #include "diagram/model/Sights.h"
 #include "diagram/render/Backdrop.h"
+#include "diagram/render/CalendarPainter.h"
 #include "diagram/render/CoarsePainter.h"
 #include "diagram/render/LinkPainter.h"
 #include "diagram/render/NodeContent.h"
@@ -55,16 +56,18 @@ Frame SetUp(QPainter &painter, const QRectF &area, const RenderOptions &options)
     return frame;
 }
 
-void PaintMarked(Paint &paint, const Item &item, bool marked) {
-    if (paint.options.marks && marked) PaintMark(paint, item);
+// A mark on what can't be selected, such as the months and the links of dates, is the program's own.
+template <typename Marked>
+void PaintMarked(Paint &paint, const Marked &item) {
+    if (paint.options.marks && item.Marked() && item.Selectable()) PaintMark(paint, item);
 }
 
 void PaintItem(Paint &paint, Item &item) {
     if (const Node *node = item.AsNode()) {
-        PaintMarked(paint, item, node->Marked());
+        PaintMarked(paint, *node);
         PaintNode(paint, *node);
     } else {
-        PaintMarked(paint, item, item.AsLink()->Marked());
+        PaintMarked(paint, *item.AsLink());
         PaintLink(paint, *item.AsLink());
     }
 }
@@ -75,14 +78,14 @@ bool IsLegible(const Paint &paint, const Font &font) {
 
 void PaintItemCoarsely(Paint &paint, CoarsePainter &coarse, Item &item) {
     if (const Node *node = item.AsNode()) {
-        PaintMarked(paint, item, node->Marked());
+        PaintMarked(paint, *node);
         if (!coarse.Takes(*node)) return PaintNode(paint, *node);
         coarse.PaintForm(*node);
         if (IsLegible(paint, node->Font())) PaintNodeText(paint, *node);
         return;
     }
     const Link &link = *item.AsLink();
-    PaintMarked(paint, item, link.Marked());
+    PaintMarked(paint, link);
     if (!link.Text().isEmpty() && IsLegible(paint, link.Font())) return PaintLink(paint, link);
     coarse.PaintLine(link);
 }
@@ -151,6 +154,8 @@ void Renderer::Paint(QPainter &painter, Scene &scene, const QRectF &area, const 
     const QRgb paper = options.paper.value_or(ToRgb(scene.Model().BackColor()));
     diagram::Paint paint{Pencil(painter), frame, options, scene, state_->caches, paper, area};
     PaintBackdrop(paint);
+    const CalendarPainter calendar(paint);
+    calendar.PaintBelow();
     std::vector<Item *> &items = state_->items;
     items.clear();
     if (frame.snap && frame.Scale() * kTwipsPerPixel < kCoarseZoom) {
@@ -166,6 +171,7 @@ void Renderer::Paint(QPainter &painter, Scene &scene, const QRectF &area, const 
         ForShown(options, all ? scene.Model().StackingOrder() : items,
                  [&](Item &item) { PaintItem(paint, item); });
     }
+    calendar.PaintAbove();
     if (options.selection) PaintHandles(paint);
     painter.restore();
 }

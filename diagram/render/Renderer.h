@@ -25,8 +25,11 @@ struct RenderOptions {
     bool grid = false;      // only where the surface shows its grid
     bool selection = false; // handles of what is selected
     bool marks = false;     // the surface's marking of marked items
-    bool vector = false;    // the target keeps vectors: no simplification of small things, no cached pixels
-    double handleSize = 7;  // device pixels
+    // For the user at work: what is written beside the strip of days keeps a size that can be read, links to
+    // days stand back, and today is left to the view.
+    bool screen = false;
+    bool vector = false;   // the target keeps vectors: no simplification of small things, no cached pixels
+    double handleSize = 7; // device pixels
     QColor handleFill = QColor(255, 255, 255);
     QColor handleLine = QColor(0, 95, 184); // and the fill of the handles of the item with the focus
     QColor markColour = QColor(90, 140, 210);

@@ -85,6 +85,8 @@ struct Scene::State {
     std::vector<ItemId> dirty;
     bool built = false;
     Damage damage;
+    Calendar calendar;
+    bool calendarOutdated = true;
 
     bool Is(ItemId id, Flag flag) const { return id < flags.size() && (flags[id] & flag); }
 
@@ -240,9 +242,28 @@ Scene::Scene(Surface &surface) : surface_(surface), state_(std::make_unique<Stat
 
 Scene::~Scene() { surface_.RemoveObserver(*this); }
 
-void Scene::ItemAdded(Item &item) { state_->MarkDirty(item.Id()); }
+// Only what can't be selected is part of the strip.
+void Scene::NoteStrip(const Item &item) {
+    const Node *node = item.AsNode();
+    if (node && !node->Selectable()) state_->calendarOutdated = true;
+}
+
+const Calendar &Scene::TheCalendar() {
+    if (std::exchange(state_->calendarOutdated, false)) {
+        Calendar now = CalendarOf(surface_);
+        if (now != state_->calendar) state_->DamageAll();
+        state_->calendar = std::move(now);
+    }
+    return state_->calendar;
+}
+
+void Scene::ItemAdded(Item &item) {
+    NoteStrip(item);
+    state_->MarkDirty(item.Id());
+}
 
 void Scene::ItemChanged(Item &item, Change what) {
+    NoteStrip(item);
     constexpr Change kMoves = Change::Geometry | Change::Look | Change::Text | Change::Visibility;
     if ((std::uint32_t(what) & std::uint32_t(kMoves)) != 0) {
         state_->MarkDirty(item.Id());
@@ -252,6 +273,7 @@ void Scene::ItemChanged(Item &item, Change what) {
 }
 
 void Scene::ItemRemoved(Item &item) {
+    NoteStrip(item);
     if (!state_->built) return;
     if (state_->Is(item.Id(), State::kIndexed)) state_->AddDamage(state_->boxes[item.Id()].Rect());
     state_->Unindex(item);
@@ -259,11 +281,15 @@ void Scene::ItemRemoved(Item &item) {
 }
 
 void Scene::SurfaceChanged(Change what) {
+    state_->calendarOutdated = true;
     if (Has(what, Change::Text)) state_->Forget(); // labels are measured otherwise now
     if (what != Change::Data) state_->DamageAll();
 }
 
-void Scene::Cleared() { state_->Forget(); }
+void Scene::Cleared() {
+    state_->calendarOutdated = true;
+    state_->Forget();
+}
 
 void Scene::ItemsIn(const QRectF &area, std::vector<Item *> &items) {
     state_->Update(surface_);
@@ -297,7 +323,8 @@ QRectF Scene::Bounds(const Item &item) {
 
 QRectF Scene::Extent() {
     state_->Update(surface_);
-    return state_->Extent();
+    const QRectF items = state_->Extent();
+    return items.isEmpty() ? items : items | TheCalendar().Bounds();
 }
 
 QPainterPath Scene::NodeOutline(const Node &node) {
@@ -358,6 +385,7 @@ std::vector<Crossing> Scene::Crossings(const Link &link) {
 
 Scene::Damage Scene::TakeDamage() {
     state_->Update(surface_);
+    TheCalendar();
     return std::exchange(state_->damage, {});
 }
 

@@ -2,6 +2,7 @@
 // thrown away and built again at any time with the same result.
 #pragma once
 
+#include "diagram/model/Calendar.h"
 #include "diagram/model/ChangeLog.h"
 
 #include <memory>
@@ -38,8 +39,10 @@ public:
     // `items`, which the caller clears: the buffer is meant to be used again.
     void ItemsIn(const QRectF &area, std::vector<Item *> &items);
     QRectF Bounds(const Item &item);
-    // Union of the bounds of everything that isn't hidden; empty for an empty surface.
+    // Union of the bounds of everything that isn't hidden, and of the calendar; empty for an empty surface.
     QRectF Extent();
+    // Beside the strip of days; worked out when the strip has changed.
+    const Calendar &TheCalendar();
     QPainterPath NodeOutline(const Node &node);
     // The line of the link as it is painted, without jumps and arrow heads: straight segments, or curves.
     QPainterPath LinkPath(const Link &link);
@@ -63,6 +66,7 @@ private:
     void ItemRemoved(Item &item) override;
     void SurfaceChanged(Change what) override;
     void Cleared() override;
+    void NoteStrip(const Item &item);
 
     struct State; // holds the R-tree
     Surface &surface_;

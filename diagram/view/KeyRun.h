@@ -14,7 +14,7 @@ constexpr quint64 kRunPause = 1500;
 // A run ends with another selection, with any other change of the content, with a pause, and with End.
 class KeyRun {
 public:
-    enum class Kind : unsigned char { None, Move, Resize };
+    enum class Kind : unsigned char { None, Move, Resize, Date };
 
     explicit KeyRun(Surface &surface) : surface_(surface) {}
 

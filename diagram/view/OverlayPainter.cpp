@@ -279,16 +279,6 @@ void PaintOverlay(QPainter &painter, const Overlay &overlay, const Surface &surf
     painter.restore();
 }
 
-void PaintToday(QPainter &painter, const QLineF &place, const Surface &surface, const Viewport &viewport) {
-    const OverlayLook look = LookFor(surface, painter);
-    const QLineF line = viewport.ToPixels().map(place);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    painter.setPen(look.Line(look.guide, 1));
-    painter.drawLine(look.Crisp(line.p1()), look.Crisp(line.p2()));
-    painter.restore();
-}
-
 void PaintBreaks(QPainter &painter, std::span<const QLineF> breaks, const Surface &surface,
                  const Viewport &viewport) {
     if (breaks.empty()) return;

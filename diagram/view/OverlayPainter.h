@@ -17,8 +17,6 @@ struct Overlay;
 // Paints into viewport pixels.
 void PaintOverlay(QPainter &painter, const Overlay &overlay, const Surface &surface,
                   const Viewport &viewport);
-// A thin line that marks today's place (twips) on a strip of days.
-void PaintToday(QPainter &painter, const QLineF &place, const Surface &surface, const Viewport &viewport);
 // Where a strip of days (twips, across it) leaves something out: it looks torn there.
 void PaintBreaks(QPainter &painter, std::span<const QLineF> breaks, const Surface &surface,
                  const Viewport &viewport);

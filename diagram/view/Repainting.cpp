@@ -3,6 +3,7 @@
 #include "diagram/interaction/Gesture.h"
 #include "diagram/model/DayStrip.h"
 #include "diagram/render/Renderer.h"
+#include "diagram/view/StripMarks.h"
 #include "diagram/view/Viewport.h"
 
 #include <cmath>
@@ -90,7 +91,23 @@ void Repainting::AddTouched(RectList &areas) {
         const Item *item = kind == ItemKind::Node ? static_cast<Item *>(surface_.FindNode(id))
                                                   : static_cast<Item *>(surface_.FindLink(id));
         if (item) areas.Add(viewport_.FromSurface(scene_.Bounds(*item)).toAlignedRect());
+        if (item && item->AsNode()) AddQuietLinks(*item->AsNode(), areas);
     }
+}
+
+void Repainting::AddQuietLinks(const Node &node, RectList &areas) {
+    for (const Link *link : QuietLinksOf(node))
+        areas.Add(viewport_.FromSurface(scene_.Bounds(*link)).toAlignedRect());
+}
+
+void Repainting::SetPointed(const Node *node) {
+    const std::optional<ItemId> now = node ? std::optional(node->Id()) : std::nullopt;
+    const std::optional<ItemId> former = std::exchange(pointed_, now);
+    if (former == now) return;
+    RectList areas;
+    for (const std::optional<ItemId> &id : {former, now})
+        if (const Node *each = id ? surface_.FindNode(*id) : nullptr) AddQuietLinks(*each, areas);
+    for (const QRect &area : areas.Rects()) Update(area);
 }
 
 void Repainting::NoteToday(const DayStrip &days) {
@@ -100,9 +117,7 @@ void Repainting::NoteToday(const DayStrip &days) {
         canvas_.update();
     }
     const std::optional<QLineF> former = std::exchange(today_, days.Today(surface_));
-    if (former == today_) return;
-    for (const std::optional<QLineF> &line : {former, today_})
-        if (line) Update(viewport_.FromSurface(QRectF(line->p1(), line->p2())));
+    if (former != today_) canvas_.update(); // it runs over the whole page
 }
 
 void Repainting::SetSights(Sights sights) {
@@ -147,6 +162,7 @@ void Repainting::PaintArea(QPainter &painter, const QRect &devicePixels) {
     options.yScale = viewport_.yScale() * ratio;
     options.grid = true;
     options.marks = true;
+    options.screen = true;
     if (!sights_.IsEmpty()) options.sights = &sights_;
     // Edges are painted on whole pixels: without the bias a node that lies just on one would fall to either
     // side of it, another one for each strip.
@@ -194,6 +210,17 @@ void Repainting::CopyPicture(QPainter &painter, const QRegion &region) {
     painter.restore();
 }
 
+// With very many selected nodes their links stand back all the same.
+void Repainting::PaintStripMarks(QPainter &painter) {
+    if (today_) PaintToday(painter, *today_, surface_, viewport_, canvas_.rect());
+    std::vector<const Node *> asked;
+    if (surface_.SelectedNodes().size() <= kManyTouched)
+        asked.assign(surface_.SelectedNodes().begin(), surface_.SelectedNodes().end());
+    if (const Node *pointed = pointed_ ? surface_.FindNode(*pointed_) : nullptr) asked.push_back(pointed);
+    for (const Node *node : asked) PaintDateLinks(painter, QuietLinksOf(*node), viewport_);
+    PaintSlimStrip(painter, scene_.TheCalendar(), surface_, viewport_, canvas_.rect());
+}
+
 void Repainting::Paint(const QRegion &region, const Overlay &overlay, FocusRing ring) {
     PaintPicture();
     QPainter painter(&canvas_);
@@ -202,7 +229,7 @@ void Repainting::Paint(const QRegion &region, const Overlay &overlay, FocusRing 
     PaintBeyondTheOrigin(painter, surface_, viewport_, region.boundingRect());
     PaintPageBreaks(painter, pageBreaks_, surface_, viewport_);
     PaintBreaks(painter, breaks_, surface_, viewport_);
-    if (today_) PaintToday(painter, *today_, surface_, viewport_);
+    PaintStripMarks(painter);
     PaintSelection(painter, scene_, viewport_, region, ring, overlay.loose, sights_);
     PaintOverlay(painter, overlay, surface_, viewport_);
 }

@@ -44,6 +44,8 @@ public:
     // The marks on the strip of days, today's line and where it is broken, may lie elsewhere now.
     void OutdateToday() { todayOutdated_ = true; }
     void NoteToday(const DayStrip &days);
+    // The links of the node under the pointer to its day don't stand back; null for no node.
+    void SetPointed(const Node *node);
     void SetSights(Sights sights);
     void SetPageBreaks(std::vector<QLineF> breaks);
     // The same for the marks of a gesture.
@@ -59,6 +61,8 @@ private:
     QRect ToDevice(const QRectF &twips) const;
     void PaintArea(QPainter &painter, const QRect &devicePixels);
     void PaintPicture();
+    void PaintStripMarks(QPainter &painter);
+    void AddQuietLinks(const Node &node, RectList &areas);
     int BandRows(const QRect &seen);
     void CopyPicture(QPainter &painter, const QRegion &region);
 
@@ -76,6 +80,7 @@ private:
     std::optional<QLineF> today_; // twips
     std::vector<QLineF> breaks_;  // twips
     bool todayOutdated_ = true;
+    std::optional<ItemId> pointed_;
     std::vector<QLineF> pageBreaks_; // twips
     Sights sights_;
     OverlayPlace overlayPlace_; // as last painted

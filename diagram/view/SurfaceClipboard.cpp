@@ -3,6 +3,7 @@
 #include "diagram/edit/History.h"
 #include "diagram/export/Export.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/interaction/CopiedDates.h"
 #include "diagram/interaction/GrowPage.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/model/DayStrip.h"
@@ -32,9 +33,10 @@ constexpr PictureFormat kSelectionForms[] = {PictureFormat::Png, PictureFormat::
 
 class SelectionMime : public PictureMime {
 public:
-    SelectionMime(const QByteArray &bytes, const QString &text)
+    SelectionMime(const QByteArray &bytes, const QByteArray &dates, const QString &text)
         : PictureMime(kSelectionForms), bytes_(bytes) {
         setData(QString::fromLatin1(kSelectionMimeType), bytes);
+        if (!dates.isEmpty()) setData(QString::fromLatin1(kDatesMimeType), dates);
         setText(text);
     }
 
@@ -66,20 +68,27 @@ QRectF SelectedExtent(const Surface &surface) {
     return extent;
 }
 
-void AddItems(Scene &scene, const QByteArray &bytes, const QPointF &shift, DayStrip &days) {
+// What a clipboard holds of a map's own.
+struct CopiedItems {
+    QByteArray bytes;
+    std::vector<QDate> dates; // of the nodes
+};
+
+void AddItems(Scene &scene, const CopiedItems &items, const QPointF &shift, DayStrip &days) {
     Surface &surface = scene.Model();
     ChangeSelection(surface, [&] {
         surface.UnselectAll();
-        PasteBytes(surface, bytes, float(shift.x()), float(shift.y()));
+        PasteBytes(surface, items.bytes, float(shift.x()), float(shift.y()));
         GrowPage(surface, days, SelectedExtent(surface));
+        DateSelected(surface, days, items.dates);
     });
 }
 
-bool PasteItems(Scene &scene, const QByteArray &bytes, const PasteAim &aim) {
+bool PasteItems(Scene &scene, const CopiedItems &items, const PasteAim &aim) {
     Surface pasted; // damaged data fail here, before anything is changed
-    PasteBytes(pasted, bytes, 0, 0);
+    PasteBytes(pasted, items.bytes, 0, 0);
     if (pasted.Nodes().Count() == 0) return false;
-    AddItems(scene, bytes, ShiftForPaste(scene, BoxesOf(pasted), aim), aim.days);
+    AddItems(scene, items, ShiftForPaste(scene, BoxesOf(pasted), aim), aim.days);
     return true;
 }
 
@@ -191,8 +200,9 @@ void AddPictureNode(Surface &surface, const Picture &picture, const QPointF &mid
     AddPicture(surface, picture, PictureBox(picture, middle), DayStrip::None());
 }
 
-std::unique_ptr<QMimeData> SelectionToMime(const Surface &surface) {
-    return std::make_unique<SelectionMime>(SaveSelection(surface), TextOf(surface));
+std::unique_ptr<QMimeData> SelectionToMime(const Surface &surface, const DayStrip &days) {
+    return std::make_unique<SelectionMime>(SaveSelection(surface),
+                                           DatesToBytes(DatesOfSelected(surface, days)), TextOf(surface));
 }
 
 bool CanPasteFrom(const QMimeData *data) {
@@ -202,7 +212,10 @@ bool CanPasteFrom(const QMimeData *data) {
 
 bool PasteFrom(Scene &scene, const QMimeData &data, const PasteAim &aim) {
     const QString own = QString::fromLatin1(kSelectionMimeType);
-    if (data.hasFormat(own)) return PasteItems(scene, data.data(own), aim);
+    if (data.hasFormat(own)) {
+        const QByteArray dates = data.data(QString::fromLatin1(kDatesMimeType));
+        return PasteItems(scene, {data.data(own), DatesFromBytes(dates)}, aim);
+    }
     if (HasPicture(data)) {
         PastePicture(scene, PictureOf(data), aim);
         return true;
@@ -217,7 +230,8 @@ bool DuplicateSelection(Scene &scene, const PasteAim &aim) {
     if (surface.SelectedNodes().empty()) return false;
     std::vector<QRectF> boxes;
     for (const Node *node : surface.SelectedNodes()) boxes.push_back(node->Bounds());
-    AddItems(scene, SaveSelection(surface), ShiftBeside(scene, boxes, aim.seen), aim.days);
+    const CopiedItems items{SaveSelection(surface), DatesOfSelected(surface, aim.days)};
+    AddItems(scene, items, ShiftBeside(scene, boxes, aim.seen), aim.days);
     return true;
 }
 

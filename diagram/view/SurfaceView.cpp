@@ -68,8 +68,9 @@ bool SurfaceView::Copy() {
         if (links) impl_->Tell(Hint::CopyNeedsNode);
         return false;
     }
-    return impl_->Guard(
-        "Copy", [&] { QGuiApplication::clipboard()->setMimeData(SelectionToMime(surface).release()); });
+    return impl_->Guard("Copy", [&] {
+        QGuiApplication::clipboard()->setMimeData(SelectionToMime(surface, *impl_->days).release());
+    });
 }
 
 bool SurfaceView::Cut() {

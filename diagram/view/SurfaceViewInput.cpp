@@ -1,3 +1,4 @@
+#include "diagram/hit/HitTest.h"
 #include "diagram/view/KeyCodes.h"
 #include "diagram/view/SurfaceViewKeys.h"
 #include "diagram/view/Tips.h"
@@ -83,6 +84,8 @@ void SurfaceView::Impl::FollowPointer(const QPointF &pixels, Qt::KeyboardModifie
     pointerOver_ = view.viewport()->rect().contains(pixels.toPoint());
     modifiers_ = modifiers;
     interaction.Move(Input(pixels, modifiers));
+    repainting.SetPointed(interaction.IsActive() ? nullptr
+                                                 : SelectableNodeAt(scene, viewport.ToSurface(pixels)));
     AfterInput();
 }
 
@@ -160,6 +163,7 @@ void SurfaceView::Impl::AutoScroll() {
 void SurfaceView::Impl::Leave() {
     pointerOver_ = false;
     interaction.Leave();
+    repainting.SetPointed(nullptr);
     UpdateOverlay();
 }
 

@@ -1,6 +1,7 @@
 #include "diagram/view/SurfaceViewKeys.h"
 
 #include "diagram/interaction/BendByKeys.h"
+#include "diagram/interaction/DateNodes.h"
 #include "diagram/interaction/LinkByKeys.h"
 #include "diagram/interaction/MoveNodes.h"
 #include "diagram/interaction/ResizeNodes.h"
@@ -15,6 +16,8 @@
 namespace diagram {
 
 namespace {
+
+constexpr int kWeek = 7; // days
 
 // Without a listener nobody asks the user whether to delete.
 bool NobodyListens(const Surface &surface) {
@@ -138,6 +141,10 @@ bool SurfaceView::Impl::Keys::ArrowKey(const KeyInput &input, quint64 time) {
     if (input.Ctrl()) return walk_.Towards(direction, input);
     const double step = input.Shift() ? surface_.GridSize() : kPixelTwips;
     if (input.Alt()) return Resize(direction * step, time);
+    if (MoveSelectionByDays(surface_, impl_.Days(), direction, input.Shift() ? kWeek : 1)) {
+        if (const Node *node = surface_.SelectedNode()) view_.EnsureVisible(node->Bounds());
+        return true;
+    }
     if (MoveBy(direction * step, time)) return true;
     const int pixels = view_.verticalScrollBar()->singleStep();
     impl_.viewport.ScrollTo(impl_.viewport.Scroll() + direction.toPoint() * pixels);

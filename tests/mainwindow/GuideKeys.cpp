@@ -8,7 +8,9 @@
 #include "mainwindow/PickBox.h"
 #include "mainwindow/ShapePalette.h"
 #include "mainwindow/TemplateBar.h"
+#include "timeline/AddTimelineLink.h"
 #include "timeline/setup/frmDate.h"
+#include "timeline/TimelineNodes.h"
 #include "widgets/ShapePopup.h"
 
 #include <QApplication>
@@ -349,6 +351,21 @@ void Date(Reader &r) {
     EXPECT_EQ(r.desktop.dialogHost.shown.size(), 1);
 }
 
+void MoveDates(Reader &r) {
+    diagram::Node &look = *timeline::LocateTimeLineTemplateNode(r.Surface(), true);
+    look.SetWidth(1200);
+    timeline::AddTimelineLink(*r.window, r.Surface(), *r.a, QStringLiteral("14 March 2004"));
+    r.Select(*r.a);
+    r.Press("Ctrl+Alt+PgDown");
+    EXPECT_EQ(timeline::DateOfNode(*r.a), QStringLiteral("15 March 2004"));
+    r.Press("Ctrl+Alt+PgUp");
+    EXPECT_EQ(timeline::DateOfNode(*r.a), QStringLiteral("14 March 2004"));
+    r.Press("Ctrl+Alt+Shift+PgDown");
+    EXPECT_EQ(timeline::DateOfNode(*r.a), QStringLiteral("21 March 2004"));
+    r.Press("Ctrl+Alt+Shift+PgUp");
+    EXPECT_EQ(timeline::DateOfNode(*r.a), QStringLiteral("14 March 2004"));
+}
+
 void GoBySlice(Reader &r) {
     r.window = &r.Another();
     r.window->DoOpen(r.SavedPlan("slices.map", 1, 2), false);
@@ -432,6 +449,8 @@ constexpr ToldStep kCommands[] = {
     {"Ctrl+G, Ctrl+Shift+G | grid lines, snap to grid", Grid},
     {"Ctrl++, Ctrl+-, Ctrl+0, Ctrl+9 | zoom in, zoom out, 100 per cent, fit in window", Zoom},
     {"Ctrl+T | the date of the selected nodes", Date},
+    {"Ctrl+Alt+PgDn, Ctrl+Alt+PgUp, with Shift | dates of the selected nodes a day later or earlier, a week",
+     MoveDates},
     {"Ctrl+PgDn, Ctrl+PgUp | next and previous slice", GoBySlice},
     {"Ctrl+Tab, Ctrl+Shift+Tab | the slice used last, the one used longest ago; hold Ctrl and press Tab "
      "again "

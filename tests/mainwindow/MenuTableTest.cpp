@@ -166,8 +166,23 @@ constexpr const char *kMenu[] = {
     "mnuView|keyShapes|command|Choose a Shap&e...",
     "mnuView||sep|",
     "mnuView|keyDate|command|D&ate...",
+    "mnuView|mnuViewTimelineLineUp|command|Line up by date",
+    "mnuView|mnuViewTimelineKeep|check|Keep Nodes at their dates",
+    "mnuView|mnuViewLanes|menu|Lanes beside the timeline",
+    "mnuViewLanes|mnuViewLanesNone|check|None",
+    "mnuViewLanes|mnuViewLanesLevel|check|By level",
+    "mnuViewLanes|mnuViewLanesGroup|check|By group",
     "mnuView|mnuViewTimelineTidy|command|Tidy the timeline",
     "mnuView|mnuViewTimelineFill|command|Fill in missing months",
+    "mnuView|mnuViewDates|menu|Move dates",
+    "mnuViewDates|keyDayLater|command|A &day later",
+    "mnuViewDates|keyDayEarlier|command|A d&ay earlier",
+    "mnuViewDates|keyWeekLater|command|A &week later",
+    "mnuViewDates|keyWeekEarlier|command|A w&eek earlier",
+    "mnuView|mnuViewCalendar|menu|Beside the timeline",
+    "mnuViewCalendar|mnuViewBands|check|Quarters and years",
+    "mnuViewCalendar|mnuViewWeekends|check|Shade weekends",
+    "mnuViewCalendar|mnuViewTodayEverywhere|check|Today on paper and in pictures",
     "mnuView|DISPLAY|check|Bot&h texts",
     "mnuView|EXPAND|command|E&xpand Timeline Nodes",
     "mnuView|COMPRESS|command|&Compress Timeline Nodes",
@@ -311,7 +326,8 @@ TEST_F(MenuTable, ToolbarsHoldEveryButtonInItsPlace) {
                            QStringLiteral("FRONT|Bring to front"), QStringLiteral("BACK|Send to back"),
                            QStringLiteral("DISPLAY|Toogles the display of both texts on and off|check"),
                            QStringLiteral("EXPAND|Expand Timeline Nodes"),
-                           QStringLiteral("COMPRESS|Compress Timeline Nodes")}));
+                           QStringLiteral("COMPRESS|Compress Timeline Nodes"),
+                           QStringLiteral("LINEUP|Line up by date")}));
 }
 
 TEST_F(MenuTable, ButtonsOfTheViewTellTheirKeys) {

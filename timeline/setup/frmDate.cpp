@@ -1,7 +1,12 @@
 #include "timeline/setup/frmDate.h"
 
+#include "app/settings/Settings.h"
 #include "timeline/DateText.h"
+#include "timeline/MonthNames.h"
+#include "timeline/MoveDates.h"
 
+#include <algorithm>
+#include <functional>
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -12,26 +17,27 @@
 
 namespace timeline {
 
-frmDate::frmDate(DateFormArgument &argument, QWidget *parent)
-    : QDialog(parent), argument_(argument), date_(argument.date.value_or(argument.view.today)) {
+frmDate::frmDate(DateFormArgument &argument, QWidget *parent) : QDialog(parent), argument_(argument) {
     setObjectName(QLatin1String(DateFormArgument::kForm));
     setWindowTitle(tr("Date"));
     chkDate_ = new QCheckBox(tr("&On the timeline"), this);
     chkDate_->setObjectName(QStringLiteral("chkDate"));
     chkDate_->setChecked(true); // whoever opens the form wants a date
-    txtDate_ = new QLineEdit(FormatDate(*date_, kDayPattern), this);
+    const QDate begin = argument.date.value_or(argument.view.today);
+    txtDate_ = new QLineEdit(BeginsEmpty() ? QString() : FormatDate(begin, kDayPattern), this);
     txtDate_->setObjectName(QStringLiteral("txtDate"));
     txtDate_->setAccessibleName(tr("Date"));
-    txtDate_->setToolTip(tr("Such as 14 March, 14/3/2004, next Friday, +2w, week 14 or end of June"));
+    txtDate_->setToolTip(
+        tr("Such as 14 March, 14/3/2004, next Friday, +2w, week 14 or end of June") +
+        (argument.several.size() > 1 ? tr("; +2w moves each from its own date") : QString()));
     lblMeaning_ = new QLabel(this);
     lblMeaning_->setObjectName(QStringLiteral("lblMeaning"));
     lblMeaning_->setMinimumWidth(
         lblMeaning_->fontMetrics().horizontalAdvance(ReadDateAsWritten(QString(), argument.view).told));
-    ShowMeaning(InFull(*date_));
     calDate_ = new QCalendarWidget(this);
     calDate_->setObjectName(QStringLiteral("calDate"));
     calDate_->setDateRange(QDate(kFirstYear, 1, 1), QDate(kLastYear, 12, 31));
-    calDate_->setSelectedDate(*date_);
+    calDate_->setSelectedDate(begin);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     ok_ = buttons->button(QDialogButtonBox::Ok);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -41,6 +47,10 @@ frmDate::frmDate(DateFormArgument &argument, QWidget *parent)
         rows->addWidget(row);
     rows->setSizeConstraint(QLayout::SetFixedSize);
     Connect();
+    Read();
+    if (BeginsEmpty())
+        ShowMeaning(settings::ReplaceTerms(tr("%1 @NODEs of different dates; +2w moves each"))
+                        .arg(argument.several.size()));
     txtDate_->selectAll();
     txtDate_->setFocus();
 }
@@ -55,12 +65,36 @@ void frmDate::Connect() {
     });
 }
 
+bool frmDate::BeginsEmpty() const {
+    return std::ranges::adjacent_find(argument_.several, std::not_equal_to()) != argument_.several.end();
+}
+
 void frmDate::Typed() {
-    const DateRead read = ReadDateAsWritten(txtDate_->text(), argument_.view);
-    date_ = read.date;
-    ShowMeaning(read.told);
+    Read();
     if (date_) calDate_->setSelectedDate(*date_);
+}
+
+void frmDate::Read() {
+    step_.reset();
+    date_.reset();
+    if (!ReadStep()) {
+        const DateRead read = ReadDateAsWritten(txtDate_->text(), argument_.view);
+        date_ = read.date;
+        ShowMeaning(read.told);
+    }
     UpdateButtons();
+}
+
+bool frmDate::ReadStep() {
+    const std::optional<DateStep> step = ReadDateStep(Plain(txtDate_->text()).simplified());
+    if (!step || argument_.several.size() < 2) return false;
+    const std::optional<MovedDates> foreseen = Foreseen(argument_.several, *step);
+    if (foreseen && foreseen->moved == 0) return false; // they have none to begin from
+    if (foreseen) step_ = step;
+    const QString who =
+        foreseen && foreseen->undated > 0 ? tr("Each dated @NODE moves: %1") : tr("Each @NODE moves: %1");
+    ShowMeaning(foreseen ? settings::ReplaceTerms(who).arg(InWords(*step)) : YearsInWords());
+    return true;
 }
 
 // Heard too, by whoever doesn't see it.
@@ -76,12 +110,13 @@ void frmDate::UpdateButtons() {
     txtDate_->setEnabled(dated);
     lblMeaning_->setEnabled(dated);
     calDate_->setEnabled(dated);
-    ok_->setEnabled(date_ || !dated);
+    ok_->setEnabled(date_ || step_ || !dated);
 }
 
 void frmDate::accept() {
     if (!ok_->isEnabled()) return;
     argument_.date = chkDate_->isChecked() ? date_ : std::nullopt;
+    argument_.step = chkDate_->isChecked() ? step_ : std::nullopt;
     QDialog::accept();
 }
 

@@ -1,11 +1,13 @@
-// The date of a node.
+// The date of a node, or of several.
 #pragma once
 
+#include "timeline/DateStep.h"
 #include "timeline/ReadDateAsWritten.h"
 
 #include <optional>
 #include <QDate>
 #include <QDialog>
+#include <vector>
 
 class QCalendarWidget;
 class QCheckBox;
@@ -17,13 +19,17 @@ namespace timeline {
 
 struct DateFormArgument {
     static constexpr char kForm[] = "frmDate";
-    // In: what the node has. Out, after OK: what it shall have.
+    // In: what the node has, or the first of several. Out, after OK: what they shall have, unless there is a
+    // step.
     std::optional<QDate> date;
     DateView view{};
+    std::vector<std::optional<QDate>> several{}; // what each of several nodes has
+    std::optional<DateStep> step{};              // out: each moves from its own date
 };
 
 // The date is typed in whatever form ReadDateAsWritten reads, and shown in full below, or chosen in the
-// calendar; OK waits for one.
+// calendar; OK waits for one. With several nodes of different dates the box begins empty; +2w and the like
+// move each from its own date, where any of them has one.
 class frmDate : public QDialog {
     Q_OBJECT
 public:
@@ -33,13 +39,17 @@ public:
 
 private:
     void Connect();
+    bool BeginsEmpty() const; // the nodes have different dates
+    void Read();
+    bool ReadStep(); // false for what is none
     void Typed();
     void Chosen(const QDate &date);
     void UpdateButtons();
     void ShowMeaning(const QString &meaning);
 
     DateFormArgument &argument_;
-    std::optional<QDate> date_; // that of the text
+    std::optional<QDate> date_;    // that of the text
+    std::optional<DateStep> step_; // the same
     QCheckBox *chkDate_;
     QLineEdit *txtDate_;
     QLabel *lblMeaning_;

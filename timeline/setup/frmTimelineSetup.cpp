@@ -4,6 +4,7 @@
 #include "app/settings/Settings.h"
 #include "diagram/edit/History.h"
 #include "document/clsfrmMain.h"
+#include "document/DefaultNodes.h"
 #include "document/MapWindow.h"
 #include "document/Tags.h"
 #include "support/Val.h"
@@ -47,7 +48,8 @@ frmTimelineSetup::frmTimelineSetup(const TimelineSetupArgument &argument, QWidge
     else
         RunAsTimeline();
     BuildSample();
-    if (argument_.TemplateNode) ShowTemplate(*argument_.TemplateNode);
+    LoadUsual();
+    if (argument_.TemplateNode) ShowTemplate(ShownTemplate());
     ShowFlow();
     if (argument_.choices) ShowChoices(*argument_.choices);
     ApplyToSample();
@@ -62,6 +64,19 @@ void frmTimelineSetup::BuildSample() {
     sample_->SetText(today);
     document::SetTag(*sample_, kTheDate, today);
     TimelineSample_->SetNode(*sample_);
+}
+
+// What all new maps start with is offered to a map that has no timeline yet, whichever way it came by that.
+void frmTimelineSetup::LoadUsual() {
+    const diagram::Node *node = argument_.TemplateNode;
+    if (argument_.asTemplate || !node || node->Width() != 0) return;
+    usual_ = std::make_unique<diagram::Surface>();
+    document::LoadDefaults(*usual_);
+    if (!IsConfigured(*usual_)) usual_.reset();
+}
+
+const diagram::Node &frmTimelineSetup::ShownTemplate() const {
+    return usual_ ? *LocateTimeLineTemplateNode(*usual_, false) : *argument_.TemplateNode;
 }
 
 // A pattern that the list doesn't have selects nothing and stays.
@@ -82,7 +97,8 @@ void frmTimelineSetup::ShowTemplate(const diagram::Node &node) {
 void frmTimelineSetup::ShowFlow() {
     cboArrangement_->setCurrentIndex(kDefaultArrangement);
     if (!argument_.Flow) return;
-    const QString align = document::GetTag(*argument_.Flow, kTimelineAlign);
+    QString align = document::GetTag(*argument_.Flow, kTimelineAlign);
+    if (align.isEmpty() && usual_) align = document::GetTag(ShownTemplate(), kTimelineAlign);
     if (!align.isEmpty()) Select(*cboArrangement_, int(support::Val(align)));
     chkMissingDates_->setChecked(
         document::GetTag(*argument_.Flow, kMissing).compare(kTrue, Qt::CaseInsensitive) == 0);
@@ -93,7 +109,7 @@ void frmTimelineSetup::ShowFlow() {
 // The pattern in force: the chosen one, else that of the node, which the list needn't have.
 QString frmTimelineSetup::Pattern() const {
     if (cboDateFormat_->currentIndex() >= 0) return cboDateFormat_->currentText();
-    return argument_.TemplateNode ? document::GetTag(*argument_.TemplateNode, kDateFormat) : QString();
+    return argument_.TemplateNode ? document::GetTag(ShownTemplate(), kDateFormat) : QString();
 }
 
 QVariantMap frmTimelineSetup::Choices() const {
@@ -185,6 +201,7 @@ void frmTimelineSetup::OKButton_Click() {
 }
 
 void frmTimelineSetup::StoreTemplate(diagram::Node &node) const {
+    if (usual_) node.SetLook(ShownTemplate().Look());
     ApplyLook(node);
     node.SetWidth(sample_->Width());
     node.SetHeight(sample_->Height());

@@ -4,6 +4,7 @@
 #include "timeline/AddTimelineLink.h"
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <QDialog>
 
@@ -60,6 +61,8 @@ private:
         void (*store)(diagram::Node &node, int value);
     };
     std::array<LookRow, 9> LookRows() const;
+    void LoadUsual();
+    const diagram::Node &ShownTemplate() const;
     void ShowTemplate(const diagram::Node &node);
     void ShowFlow();
     QVariantMap Choices() const;
@@ -74,6 +77,8 @@ private:
     void SaveDefaults();
 
     TimelineSetupArgument argument_;
+    // Holds the look of the months of new maps, for a template node that nobody has set up yet; else null.
+    std::unique_ptr<diagram::Surface> usual_;
     diagram::Node *sample_ = nullptr;
     QGroupBox *frame_ = nullptr;
     SampleView *TimelineSample_ = nullptr;

@@ -28,6 +28,21 @@ TEST(Overlays, Marks_AreSeenOnlyWhenAskedFor) {
     EXPECT_NE(painting.Paint(), without);
 }
 
+TEST(Overlays, Marks_OnWhatCantBeSelectedAreNotShown) {
+    Painting painting;
+    Node &month = painting.Add(40, 40, 100, 60), &node = painting.Add(40, 110, 30, 20);
+    Link &link = node.Links().Add(month);
+    const QImage without = painting.Paint();
+    month.SetSelectable(false);
+    month.SetMarked(true);
+    link.SetSelectable(false);
+    link.SetMarked(true);
+    painting.options.marks = true;
+    EXPECT_EQ(painting.Paint(), without);
+    link.SetSelectable(true);
+    EXPECT_NE(painting.Paint(), without);
+}
+
 TEST(Backdrop, Grid_FollowsTheSurface) {
     Painting painting;
     painting.surface.SetGridSize(300);

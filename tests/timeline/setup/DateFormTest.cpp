@@ -1,6 +1,8 @@
 // The form for the date of a node.
 #include "timeline/setup/frmDate.h"
 
+#include "app/settings/Settings.h"
+
 #include <gtest/gtest.h>
 #include <QCalendarWidget>
 #include <QCheckBox>
@@ -19,8 +21,14 @@ struct DateForm : ::testing::Test {
     DateForm() {
         QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
         argument.view.today = QDate(2024, 5, 17);
+        settings::ProductTerms terms;
+        terms.NODE = QStringLiteral("Node");
+        settings::SetTerms(terms);
     }
-    ~DateForm() override { QLocale::setDefault(QLocale::c()); }
+    ~DateForm() override {
+        settings::SetTerms({});
+        QLocale::setDefault(QLocale::c());
+    }
     void Open() {
         form = std::make_unique<frmDate>(argument, nullptr);
         form->show();
@@ -28,6 +36,7 @@ struct DateForm : ::testing::Test {
     QLineEdit &Text() { return *form->findChild<QLineEdit *>(QStringLiteral("txtDate")); }
     QCalendarWidget &Calendar() { return *form->findChild<QCalendarWidget *>(); }
     QPushButton &Ok() { return *form->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok); }
+    QLabel &Meaning() { return *form->findChild<QLabel *>(QStringLiteral("lblMeaning")); }
     void Type(const char *text) {
         Text().selectAll();
         QTest::keyClicks(&Text(), QString::fromLatin1(text));
@@ -77,7 +86,7 @@ TEST_F(DateForm, ADateIsTypedAsPeopleWriteIt) {
 
 TEST_F(DateForm, WhatIsUnderstoodIsShownInFullWhileItIsTyped) {
     Open();
-    auto &meaning = *form->findChild<QLabel *>(QStringLiteral("lblMeaning"));
+    const QLabel &meaning = Meaning();
     EXPECT_EQ(meaning.text(), QStringLiteral("Friday, 17 May 2024"));
     Type("+2w");
     EXPECT_EQ(meaning.text(), QStringLiteral("Friday, 31 May 2024"));
@@ -128,6 +137,78 @@ TEST_F(DateForm, CancelKeepsTheDate) {
     Type("1 May 2004");
     QTest::keyClick(&Text(), Qt::Key_Escape);
     EXPECT_EQ(argument.date, QDate(2004, 3, 14));
+}
+
+TEST_F(DateForm, SeveralNodesOfOneDateShowIt) {
+    argument.date = QDate(2004, 3, 14);
+    argument.several = {argument.date, argument.date};
+    Open();
+    EXPECT_EQ(Text().text(), QStringLiteral("14 March 2004"));
+    EXPECT_TRUE(Ok().isEnabled());
+}
+
+TEST_F(DateForm, SeveralNodesOfDifferentDatesWaitForOne) {
+    argument.date = QDate(2004, 3, 14);
+    argument.several = {argument.date, std::nullopt, QDate(2004, 5, 1)};
+    Open();
+    EXPECT_TRUE(Text().text().isEmpty());
+    EXPECT_EQ(Meaning().text(), QStringLiteral("3 Nodes of different dates; +2w moves each"));
+    EXPECT_FALSE(Ok().isEnabled());
+    Type("1 june 2004");
+    Ok().click();
+    EXPECT_EQ(argument.date, QDate(2004, 6, 1));
+    EXPECT_FALSE(argument.step);
+}
+
+TEST_F(DateForm, AStepMovesEachOfSeveralNodes) {
+    argument.date = QDate(2004, 3, 14);
+    argument.several = {argument.date, QDate(2004, 5, 1)};
+    Open();
+    Type("+2W");
+    EXPECT_EQ(Meaning().text(), QStringLiteral("Each Node moves: 2 weeks later"));
+    EXPECT_EQ(Text().accessibleDescription(), Meaning().text());
+    Ok().click();
+    EXPECT_FALSE(argument.date);
+    EXPECT_EQ(argument.step, (DateStep{2, DateStep::Unit::Week}));
+}
+
+TEST_F(DateForm, AStepTellsThatUndatedNodesStay) {
+    argument.several = {std::nullopt, QDate(2004, 5, 1)};
+    Open();
+    Type("-1d");
+    EXPECT_EQ(Meaning().text(), QStringLiteral("Each dated Node moves: one day earlier"));
+    Type("1 june 2004");
+    Ok().click();
+    EXPECT_FALSE(argument.step) << "typed before";
+}
+
+TEST_F(DateForm, AStepOfUndatedNodesIsADayFromToday) {
+    argument.several = {std::nullopt, std::nullopt};
+    Open();
+    Type("+2w");
+    EXPECT_EQ(Meaning().text(), QStringLiteral("Friday, 31 May 2024"));
+    Ok().click();
+    EXPECT_EQ(argument.date, QDate(2024, 5, 31));
+}
+
+TEST_F(DateForm, AStepBeyondTheYearsOfDatesIsRefused) {
+    argument.several = {QDate(2004, 5, 1), QDate(3099, 5, 1)};
+    Open();
+    Type("+1y");
+    EXPECT_EQ(Meaning().text(), QStringLiteral("Dates go from the year 100 to 3099"));
+    EXPECT_FALSE(Ok().isEnabled());
+    Type("+1m");
+    EXPECT_TRUE(Ok().isEnabled());
+}
+
+TEST_F(DateForm, WithoutTheTickAStepCountsNothing) {
+    argument.several = {QDate(2004, 5, 1), QDate(2004, 6, 1)};
+    Open();
+    Type("+1m");
+    form->findChild<QCheckBox *>()->click();
+    Ok().click();
+    EXPECT_FALSE(argument.step);
+    EXPECT_FALSE(argument.date);
 }
 
 } // namespace timeline

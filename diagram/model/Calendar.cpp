@@ -1,0 +1,36 @@
+#include "diagram/model/Calendar.h"
+
+#include "diagram/model/Link.h"
+#include "diagram/shapes/LinkStyles.h"
+
+namespace diagram {
+
+namespace {
+
+CalendarSource &Source() {
+    static CalendarSource source = nullptr;
+    return source;
+}
+
+constexpr int kMostBends = 3; // and the ends
+
+} // namespace
+
+bool IsQuietDateLink(const Link &link) {
+    if (link.Selectable() || !link.Marked() || link.DrawWidth() > 1) return false;
+    const LinkStyleRow *row = FindLinkStyle(link.Style());
+    return row && row->form == LinkForm::Orthogonal && row->directions.size() <= kMostBends;
+}
+
+QRectF Calendar::Bands() const {
+    if (IsEmpty()) return {};
+    const double depth = 2 * (rightwards ? kBandThickness : kBandWidth);
+    if (rightwards) return {strip.left(), after ? strip.bottom() : strip.top() - depth, strip.width(), depth};
+    return {after ? strip.right() : strip.left() - depth, strip.top(), depth, strip.height()};
+}
+
+void SetCalendarSource(CalendarSource source) { Source() = source; }
+
+Calendar CalendarOf(const Surface &surface) { return Source() ? Source()(surface) : Calendar(); }
+
+} // namespace diagram

@@ -1,0 +1,59 @@
+// What the strip of days is divided into, for drawing beside it: years, quarters, weeks. The diagram itself
+// knows of no dates; what it is told is in twips.
+#pragma once
+
+#include "support/Colour.h"
+
+#include <optional>
+#include <QLineF>
+#include <QRectF>
+#include <QString>
+#include <vector>
+
+namespace diagram {
+
+class Link;
+class Surface;
+
+// Thin, level and plumb: a link between a node and its day that stands back until it is asked for.
+bool IsQuietDateLink(const Link &link);
+
+struct Calendar {
+    // A piece along the strip.
+    struct Span {
+        double from = 0, to = 0;
+        QString caption;
+        double Length() const { return to - from; }
+        friend bool operator==(const Span &, const Span &) = default;
+    };
+
+    bool rightwards = true; // runs from left to right; else downwards
+    bool after = false;     // the bands lie below the strip, or to its right; else above, or to its left
+    bool bands = true;      // are drawn at all
+    bool todayEverywhere = false; // on paper and in pictures too
+    QRectF strip;                 // the months in sight; empty without a strip
+    QString fontName;
+    support::Colour ink = 0; // in which the months are written
+    double legible = 9;      // points, of the months' captions
+    std::vector<Span> years, quarters, months;
+    std::vector<double> weeks;  // where they begin
+    std::vector<Span> weekends; // only where they are to be shaded
+    std::optional<QLineF> today;
+
+    bool IsEmpty() const { return strip.isEmpty(); }
+    // From the strip outwards at zoom 100, quarters first.
+    QRectF Bands() const;
+    // Strip and bands.
+    QRectF Bounds() const { return bands ? strip | Bands() : strip; }
+    friend bool operator==(const Calendar &, const Calendar &) = default;
+};
+
+constexpr double kBandThickness = 270; // twips, of a band above or below the strip
+constexpr double kBandWidth = 480;     // of a band to the left or right of it
+
+// Who tells the calendar of a surface; set once at the start. Without one no surface has any.
+using CalendarSource = Calendar (*)(const Surface &);
+void SetCalendarSource(CalendarSource source);
+Calendar CalendarOf(const Surface &surface);
+
+} // namespace diagram

@@ -1,0 +1,166 @@
+#include "diagram/view/StripMarks.h"
+
+#include "diagram/geometry/Polyline.h"
+#include "diagram/model/Calendar.h"
+#include "diagram/model/Surface.h"
+#include "diagram/render/LinkPainter.h"
+#include "diagram/view/OverlayLook.h"
+#include "diagram/view/Viewport.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+namespace diagram {
+
+namespace {
+
+constexpr int kFaint = 90; // of 255, of today's line beside the strip
+constexpr int kSlim = 22;  // pixels of the copy
+constexpr int kSlimAside = 112;
+constexpr int kBesideText = 6;
+constexpr int kSolid = 252; // of 255
+
+// From what to what a row of the copy is shown, pixels along the strip.
+struct Seen {
+    double from, to;
+};
+
+Seen PixelsOf(const Calendar::Span &span, bool rightwards, const Viewport &viewport) {
+    const QPointF from = viewport.FromSurface({span.from, span.from}),
+                  to = viewport.FromSurface({span.to, span.to});
+    return rightwards ? Seen{from.x(), to.x()} : Seen{from.y(), to.y()};
+}
+
+// Months, else years where the captions of those have no room.
+const std::vector<Calendar::Span> &FinestOf(const Calendar &calendar, const Viewport &viewport,
+                                            const QFontMetrics &metrics) {
+    const Calendar::Span &middle = calendar.months[calendar.months.size() / 2];
+    const Seen seen = PixelsOf(middle, calendar.rightwards, viewport);
+    const int room = calendar.rightwards ? metrics.horizontalAdvance(middle.caption) : metrics.height();
+    return seen.to - seen.from >= room + kBesideText ? calendar.months : calendar.years;
+}
+
+class SlimStrip {
+public:
+    SlimStrip(QPainter &painter, const Calendar &calendar, const Surface &surface, const Viewport &viewport,
+              const QRect &place)
+        : painter_(painter),
+          calendar_(calendar),
+          viewport_(viewport),
+          place_(place),
+          paper_(support::ToQColor(surface.BackColor())),
+          dark_(qGray(paper_.rgb()) < 128) {}
+
+    void Paint() {
+        const QColor ink = dark_ ? QColor(235, 240, 245) : QColor(40, 50, 60);
+        const QColor ground = dark_ ? paper_.lighter(150) : paper_.darker(104);
+        painter_.fillRect(place_, Faded(ground, kSolid));
+        const QColor line = Faded(ink, kFaint);
+        painter_.setRenderHint(QPainter::Antialiasing, false);
+        painter_.setFont(QFont());
+        for (const Calendar::Span &span : FinestOf(calendar_, viewport_, painter_.fontMetrics()))
+            PaintSpan(span, ink, line);
+        painter_.setPen(line);
+        painter_.drawRect(place_.adjusted(0, 0, -1, -1));
+    }
+
+private:
+    // The caption stays in what is seen of its piece.
+    void PaintSpan(const Calendar::Span &span, const QColor &ink, const QColor &line) {
+        const Seen seen = PixelsOf(span, calendar_.rightwards, viewport_);
+        const QRect box = calendar_.rightwards ? QRect(QPoint(qRound(seen.from), place_.top()),
+                                                       QPoint(qRound(seen.to) - 1, place_.bottom()))
+                                               : QRect(QPoint(place_.left(), qRound(seen.from)),
+                                                       QPoint(place_.right(), qRound(seen.to) - 1));
+        const QRect shown = box & place_;
+        if (shown.isEmpty()) return;
+        painter_.setPen(line);
+        if (calendar_.rightwards)
+            painter_.drawLine(box.topRight(), box.bottomRight());
+        else
+            painter_.drawLine(box.bottomLeft(), box.bottomRight());
+        painter_.setPen(ink);
+        const QFontMetrics metrics = painter_.fontMetrics();
+        const bool fits = metrics.horizontalAdvance(span.caption) + kBesideText / 2 <= shown.width() &&
+                          metrics.height() <= shown.height();
+        if (fits) painter_.drawText(shown, Qt::AlignCenter | Qt::TextSingleLine, span.caption);
+    }
+
+    QPainter &painter_;
+    const Calendar &calendar_;
+    const Viewport &viewport_;
+    const QRect place_;
+    const QColor paper_;
+    const bool dark_;
+};
+
+} // namespace
+
+void PaintToday(QPainter &painter, const QLineF &place, const Surface &surface, const Viewport &viewport,
+                const QRect &canvas) {
+    const OverlayLook look = LookFor(surface, painter);
+    const QLineF line = viewport.ToPixels().map(place);
+    const QPointF origin = viewport.FromSurface(QPointF(0, 0));
+    QLineF page = line;
+    if (qAbs(line.dx()) < qAbs(line.dy()))
+        page.setLine(line.x1(), std::max(origin.y(), double(canvas.top())), line.x1(), canvas.bottom() + 1);
+    else
+        page.setLine(std::max(origin.x(), double(canvas.left())), line.y1(), canvas.right() + 1, line.y1());
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(look.Line(Faded(look.guide, kFaint), 1));
+    painter.drawLine(look.Crisp(page.p1()), look.Crisp(page.p2()));
+    painter.setPen(look.Line(look.guide, 1));
+    painter.drawLine(look.Crisp(line.p1()), look.Crisp(line.p2()));
+    painter.restore();
+}
+
+std::vector<const Link *> QuietLinksOf(const Node &node) {
+    std::vector<const Link *> links;
+    for (const Link *link : node.Links())
+        if (IsQuietDateLink(*link) && !link->Hidden() && &link->Source() == &node) links.push_back(link);
+    return links;
+}
+
+void PaintDateLinks(QPainter &painter, const std::vector<const Link *> &links, const Viewport &viewport) {
+    if (links.empty()) return;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    for (const Link *link : links) {
+        std::vector<QPointF> way;
+        for (const Point &point : link->Way()) way.push_back(viewport.FromSurface(ToQPointF(point)));
+        painter.setPen(QPen(support::ToQColor(link->LineColor()), 1.5));
+        painter.drawPath(RoundedWay(way, kDateCorner * viewport.xScale()));
+    }
+    painter.restore();
+}
+
+// At the edge beyond which the strip lies.
+QRect SlimStripPlace(const Calendar &calendar, const QRectF &seen, const QRect &canvas) {
+    if (calendar.IsEmpty()) return {};
+    const QRectF all = calendar.Bounds();
+    if (calendar.rightwards) {
+        if (all.right() <= seen.left() || all.left() >= seen.right()) return {};
+        if (all.bottom() <= seen.top()) return {canvas.left(), canvas.top(), canvas.width(), kSlim};
+        if (all.top() >= seen.bottom())
+            return {canvas.left(), canvas.bottom() + 1 - kSlim, canvas.width(), kSlim};
+        return {};
+    }
+    if (all.bottom() <= seen.top() || all.top() >= seen.bottom()) return {};
+    if (all.right() <= seen.left()) return {canvas.left(), canvas.top(), kSlimAside, canvas.height()};
+    if (all.left() >= seen.right())
+        return {canvas.right() + 1 - kSlimAside, canvas.top(), kSlimAside, canvas.height()};
+    return {};
+}
+
+void PaintSlimStrip(QPainter &painter, const Calendar &calendar, const Surface &surface,
+                    const Viewport &viewport, const QRect &canvas) {
+    const QRect place = SlimStripPlace(calendar, viewport.Seen(), canvas);
+    if (place.isEmpty()) return;
+    painter.save();
+    SlimStrip(painter, calendar, surface, viewport, place).Paint();
+    painter.restore();
+}
+
+} // namespace diagram

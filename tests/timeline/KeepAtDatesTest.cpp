@@ -1,0 +1,191 @@
+// While the switch is on, place and date agree, whatever happens to the strip.
+#include "diagram/edit/History.h"
+#include "document/clsfrmMain.h"
+#include "document/DoLoad.h"
+#include "document/DoSave.h"
+#include "document/MapSchema.h"
+#include "document/Tags.h"
+#include "support/Files.h"
+#include "tests/timeline/TimelineTest.h"
+#include "timeline/AddTimelineLink.h"
+#include "timeline/Arrange.h"
+#include "timeline/AtDates.h"
+#include "timeline/DateText.h"
+#include "timeline/DaysOfStrip.h"
+#include "timeline/LineUp.h"
+#include "timeline/LineUpPlan.h"
+#include "timeline/Tidy.h"
+
+#include <QTemporaryDir>
+#include <random>
+
+namespace timeline::testing {
+
+namespace {
+
+// Boxes and dates, to be compared.
+struct Standing {
+    QRectF box;
+    QString date;
+    friend bool operator==(const Standing &, const Standing &) = default;
+};
+
+std::vector<Standing> StandingOf(const diagram::Surface &flow) {
+    std::vector<Standing> standing;
+    for (const diagram::Node &node : flow.Nodes()) standing.push_back({node.Bounds(), DateOfNode(node)});
+    return standing;
+}
+
+// On the centre of its day, but for the edge of the surface.
+bool StandsAtItsDate(const diagram::Node &node, const QPointF &place, bool rightwards) {
+    const QPointF off = node.Bounds().center() - place;
+    const double along = rightwards ? off.x() : off.y();
+    const double begin = rightwards ? node.Left() : node.Top();
+    return std::abs(along) <= kAtItsPlace || (begin <= kAtItsPlace && along > 0);
+}
+
+int ExpectAtDates(document::MapWindow &window, const diagram::Surface &flow, const std::string &after) {
+    const DaysOfStrip days(window);
+    int dated = 0;
+    for (const diagram::Node &node : flow.Nodes()) {
+        const auto date = node.Selectable() ? days.DateOf(node) : std::nullopt;
+        const auto place = date ? days.PlaceOf(flow, *date) : std::nullopt;
+        if (!place) continue;
+        ++dated;
+        EXPECT_TRUE(StandsAtItsDate(node, place->center(), days.RunsRightwards(flow))) << after;
+        EXPECT_GE(node.Left(), 0) << after;
+        EXPECT_GE(node.Top(), 0) << after;
+    }
+    return dated;
+}
+
+// With the empty map that a save begins with.
+struct ProgramFolder {
+    ProgramFolder() {
+        support::SetProgramPath(folder.path());
+        document::WriteTemplate(folder.filePath(QStringLiteral("template.tpl")), {}, {});
+    }
+    ~ProgramFolder() { support::SetProgramPath(QString()); }
+    QTemporaryDir folder;
+};
+
+class KeptAtDates : public TimelineTest, public ::testing::WithParamInterface<unsigned> {
+protected:
+    KeptAtDates() {
+        diagram::AttachHistory(flow);
+        Step([&] {
+            Template(1500, 450);
+            for (int i = 0; i < 20; ++i)
+                nodes.push_back(&flow.Nodes().Add(float(Below(9000)), float(Below(6000)), 1200, 600));
+            for (int i = 1; i < 20; ++i) nodes[Below(i)]->Links().Add(*nodes[std::size_t(i)]);
+            SetKeepsNodesAtDates(flow, true);
+        });
+    }
+
+    template <typename Change>
+    void Step(Change change) {
+        document::BeginAction(flow);
+        change();
+        flow.EndAction();
+    }
+    std::size_t Below(int number) { return random() % unsigned(number); }
+
+    void DateSome() {
+        std::vector<NodeDate> dates;
+        for (std::size_t i = 0; i < 1 + Below(3); ++i)
+            dates.push_back(
+                {nodes[Below(20)], FormatDate(QDate(2027, 1, 1).addDays(qint64(Below(270))), kDayPattern)});
+        AddTimelineLinks(window, flow, dates);
+    }
+    void Stretch(float factor) {
+        const diagram::Node &look = *LocateTimeLineTemplateNode(flow, true);
+        Template(look.Width() * factor, look.Height() * factor);
+        UpdateTimeLineNodes(window, flow, true);
+    }
+    void HideSome() {
+        const std::vector<diagram::Node *> months = LocateTimelineNodes(flow);
+        if (months.size() > 2) HideMonth(*months[Below(int(months.size()))]);
+        ArrangeTimeLineNodes(window, flow, kStoredArrangement);
+    }
+    void PutElsewhere() {
+        diagram::Node &node = *nodes[Below(20)];
+        node.SetTop(float(Below(6000)));
+        node.SetLeft(float(Below(9000)));
+        FollowDates(window, flow, {&node});
+    }
+    std::string ChangeSomething() {
+        const std::size_t what = Below(9);
+        switch (what) {
+        case 0:
+            Stretch(1.1F);
+            break;
+        case 1:
+            Stretch(0.9F);
+            break;
+        case 2:
+            HideSome();
+            break;
+        case 3:
+            DoUnHideTimelineNodes(window, flow);
+            break;
+        case 4:
+            Set(document::tags::kTimelineAlign, QString::number(Below(5))), Arrange();
+            break;
+        case 5:
+            FillInMissingMonths(window, flow);
+            break;
+        case 6:
+            TidyTimeline(window, flow);
+            break;
+        case 7:
+            PutElsewhere();
+            break;
+        default:
+            DateSome();
+            break;
+        }
+        return "change " + std::to_string(what);
+    }
+
+    std::mt19937 random{GetParam()};
+    std::vector<diagram::Node *> nodes;
+};
+
+} // namespace
+
+TEST_P(KeptAtDates, WhateverHappensToTheStripAndAllTheWayBackAndForth) {
+    Step([&] { DateSome(); });
+    for (int i = 0; i < 30; ++i) {
+        std::string what;
+        Step([&] { what = ChangeSomething(); });
+        ExpectAtDates(window, flow, what);
+    }
+    const auto last = StandingOf(flow);
+    while (flow.CanUndo()) flow.Undo();
+    EXPECT_EQ(flow.Nodes().Count(), 0);
+    while (flow.CanRedo()) flow.Redo();
+    EXPECT_EQ(StandingOf(flow), last);
+    EXPECT_GT(ExpectAtDates(window, flow, "redone"), 0);
+}
+
+TEST_P(KeptAtDates, AfterSavingAndOpening) {
+    Set(document::tags::kTimelineAlign, QString::number(GetParam() % 5));
+    for (int i = 0; i < 5; ++i) DateSome();
+    SetLanes(flow, Lanes::Level);
+    const QTemporaryDir folder;
+    const ProgramFolder program;
+    window.clsSettings().SetDatabase(folder.filePath(QStringLiteral("plan.map")));
+    ASSERT_TRUE(document::DoSave(window));
+    document::MemoryWindow opened(desktop.Get(), document::EmptyPools{});
+    opened.clsSettings().SetDatabase(window.clsSettings().Database());
+    document::DoLoad(opened);
+    diagram::Surface &there = opened.AddFlow1()[0];
+    EXPECT_TRUE(KeepsNodesAtDates(there));
+    EXPECT_EQ(LanesOf(there), Lanes::Level);
+    EXPECT_EQ(ExpectAtDates(opened, there, "opened"), ExpectAtDates(window, flow, "saved"));
+    EXPECT_EQ(LineUp(opened, there, RowOrder::Keep).moved, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, KeptAtDates, ::testing::Range(1U, 13U));
+
+} // namespace timeline::testing

@@ -1,0 +1,50 @@
+#include "timeline/AtDates.h"
+
+#include "diagram/model/Surface.h"
+#include "document/Tags.h"
+#include "timeline/TimelineNodes.h"
+
+#include <iterator>
+
+namespace timeline {
+
+namespace {
+
+using document::tags::kAtDates;
+using document::tags::kLanes;
+
+constexpr const char *kNamesOfLanes[] = {"", "Level", "Group"}; // as stored
+
+const diagram::Node *TemplateOf(const diagram::Surface &flow) {
+    for (const diagram::Node &node : flow.Nodes())
+        if (node.Hidden() && node.Text() == kTemplateNodeText) return &node;
+    return nullptr;
+}
+
+} // namespace
+
+bool KeepsNodesAtDates(const diagram::Surface &flow) {
+    const diagram::Node *look = TemplateOf(flow);
+    return look && document::IsOn(*look, kAtDates);
+}
+
+void SetKeepsNodesAtDates(diagram::Surface &flow, bool keeps) {
+    if (keeps != KeepsNodesAtDates(flow))
+        document::SetSwitch(*LocateTimeLineTemplateNode(flow, true), kAtDates, keeps);
+}
+
+Lanes LanesOf(const diagram::Surface &flow) {
+    const diagram::Node *look = TemplateOf(flow);
+    const QString name = look ? document::GetTag(*look, kLanes) : QString();
+    for (int i = 1; i < int(std::size(kNamesOfLanes)); ++i)
+        if (name == QLatin1String(kNamesOfLanes[i])) return Lanes(i);
+    return Lanes::None;
+}
+
+void SetLanes(diagram::Surface &flow, Lanes lanes) {
+    if (lanes != LanesOf(flow))
+        document::SetTag(*LocateTimeLineTemplateNode(flow, true), kLanes,
+                         QLatin1String(kNamesOfLanes[int(lanes)]));
+}
+
+} // namespace timeline

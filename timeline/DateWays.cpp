@@ -1,0 +1,154 @@
+#include "timeline/DateWays.h"
+
+#include "diagram/model/AnyItem.h"
+#include "diagram/model/Calendar.h"
+#include "diagram/model/Surface.h"
+#include "diagram/shapes/Obstacles.h"
+#include "timeline/TimelineNodes.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace timeline {
+
+namespace {
+
+constexpr int kFilledCircle = 1; // an arrow head
+constexpr int kSmall = 0;        // size of it
+constexpr float kGap = 150;      // twips that a run along the strip keeps from the node, or from the strip
+constexpr int kMostNodes = 1000; // through which is looked
+
+// Styles of links by their directions.
+constexpr int kVH = 2, kHV = 3, kVHV = 4, kHVH = 5;
+
+// Along the strip and across it, so that one rule serves both directions.
+struct Place {
+    float along, across;
+};
+
+struct Way {
+    std::vector<Place> places;
+    bool twoBends = false;
+};
+
+class Ways {
+public:
+    Ways(const diagram::Link &link, bool horizontal) : horizontal_(horizontal), node_(link.Source()) {
+        const diagram::Point end = link.Way().back();
+        end_ = horizontal ? Place{end.x, end.y} : Place{end.y, end.x};
+        first_ = horizontal ? node_.Left() : node_.Top();
+        last_ = first_ + (horizontal ? node_.Width() : node_.Height());
+        near_ = horizontal ? node_.Top() : node_.Left();
+        far_ = near_ + (horizontal ? node_.Height() : node_.Width());
+    }
+
+    Way Best() {
+        CollectObstacles();
+        if (IsOverTheNode()) return Straight();
+        for (const Way &way :
+             {OneBend(), TwoBends(Facing() + Towards() * kGap), TwoBends(end_.across - Towards() * kGap)})
+            if (IsFree(way)) return way;
+        return OneBend();
+    }
+
+    std::vector<diagram::Point> Points(const Way &way) const {
+        std::vector<diagram::Point> points;
+        for (const Place &place : way.places)
+            points.push_back(horizontal_ ? diagram::Point{place.along, place.across}
+                                         : diagram::Point{place.across, place.along});
+        return points;
+    }
+
+    // The lowest of the nodes through which the way runs all the same; null for none.
+    const diagram::Node *LowestMet(const Way &way) const {
+        const diagram::Node *lowest = nullptr;
+        for (const diagram::Node *node : obstacles_)
+            if (Meets(way, *node) && (!lowest || diagram::LiesBelow(node, lowest))) lowest = node;
+        return lowest;
+    }
+
+private:
+    bool IsOverTheNode() const { return end_.along > first_ && end_.along < last_; }
+    // 1 when the strip lies at higher coordinates.
+    float Towards() const { return end_.across > (near_ + far_) / 2 ? 1.0F : -1.0F; }
+    // The side of the node that faces the strip.
+    float Facing() const { return Towards() > 0 ? far_ : near_; }
+
+    Way Straight() const {
+        const Place start{end_.along, Facing()};
+        return {{start, start, end_}};
+    }
+    Way OneBend() const {
+        const float level = (near_ + far_) / 2;
+        return {{{end_.along > last_ ? last_ : first_, level}, {end_.along, level}, end_}};
+    }
+    Way TwoBends(float level) const {
+        const float middle = (first_ + last_) / 2;
+        return {{{middle, Facing()}, {middle, level}, {end_.along, level}, end_}, true};
+    }
+
+    // Frames around the node are not in its way.
+    void CollectObstacles() {
+        const diagram::Surface &surface = node_.Owner();
+        if (surface.Nodes().Count() > kMostNodes) return;
+        const QPointF middle = node_.Bounds().center();
+        for (const diagram::Node &each : surface.Nodes())
+            if (&each != &node_ && !each.Hidden() && !IsTimelineMaterial(each) &&
+                !each.Bounds().contains(middle))
+                obstacles_.push_back(&each);
+    }
+
+    bool Meets(const Way &way, const diagram::Node &node) const {
+        const QRectF box = node.Bounds();
+        const std::vector<diagram::Point> points = Points(way);
+        for (std::size_t i = 1; i < points.size(); ++i)
+            if (diagram::Meets(box, diagram::ToQPointF(points[i - 1]), diagram::ToQPointF(points[i])))
+                return true;
+        return false;
+    }
+    bool IsFree(const Way &way) const {
+        return std::ranges::none_of(obstacles_, [&](const diagram::Node *node) { return Meets(way, *node); });
+    }
+
+    const bool horizontal_;
+    const diagram::Node &node_;
+    Place end_{};
+    float first_ = 0, last_ = 0; // of the node, along the strip
+    float near_ = 0, far_ = 0;   // across it
+    std::vector<const diagram::Node *> obstacles_;
+};
+
+int StyleOf(const Way &way, bool horizontal) {
+    if (way.twoBends) return horizontal ? kVHV : kHVH;
+    return horizontal ? kHV : kVH;
+}
+
+} // namespace
+
+void DressDateLinks(diagram::Node &node, const diagram::Node &months) {
+    for (diagram::Link *link : node.Links()) {
+        if (!IsTimelineMaterial(link->Destination()) || link->Selectable() || !link->Marked()) continue;
+        link->SetStyle(kHV);
+        link->SetDrawWidth(1);
+        link->SetDrawStyle(0);
+        link->SetLineColor(months.ForeColor());
+        link->SetArrowSource(0);
+        link->SetArrowMiddle(0);
+        link->SetArrowDest(kFilledCircle);
+        link->SetArrowSizeDest(kSmall);
+        link->SetJumpStyle(0);
+    }
+}
+
+void LayDateWay(diagram::Link &link, bool horizontal) {
+    Ways ways(link, horizontal);
+    const Way way = ways.Best();
+    if (const diagram::Node *met = ways.LowestMet(way); met && diagram::LiesBelow(met, &link))
+        link.SetZorder(met->ZOrder());
+    std::vector<diagram::Point> points = ways.Points(way);
+    if (link.Style() == StyleOf(way, horizontal) && link.Way() == points) return;
+    link.SetStyle(StyleOf(way, horizontal));
+    link.Points().Assign(std::move(points));
+}
+
+} // namespace timeline

@@ -1,0 +1,21 @@
+// How the links of dates look, and which way they take from their nodes to the days.
+#pragma once
+
+namespace diagram {
+class Link;
+class Node;
+} // namespace diagram
+
+namespace timeline {
+
+// Gives the node's links to days a thin line in the colour in which the months are written, with a dot on the
+// day. Their ways are laid by LayDateWay from then on; links from elsewhere keep what they have.
+void DressDateLinks(diagram::Node &node, const diagram::Node &months);
+
+// From the node to where the link ends, which stays: straight where the day stands over, below or beside the
+// node, else with one bend, or two where that way runs through another node and they don't. The style is the
+// one that says so. A node that is met all the same lies above the link from then on. Surfaces of very many
+// nodes are not looked through for nodes in the way.
+void LayDateWay(diagram::Link &link, bool horizontal);
+
+} // namespace timeline

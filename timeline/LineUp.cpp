@@ -1,0 +1,233 @@
+#include "timeline/LineUp.h"
+
+#include "diagram/model/Surface.h"
+#include "document/clsfrmMain.h"
+#include "document/MapWindow.h"
+#include "document/Tags.h"
+#include "support/Error.h"
+#include "support/Val.h"
+#include "timeline/AddTimelineLink.h"
+#include "timeline/AdjustLinks.h"
+#include "timeline/Arrange.h"
+#include "timeline/AtDates.h"
+#include "timeline/DateIndex.h"
+#include "timeline/DateText.h"
+#include "timeline/LineUpPlan.h"
+#include "timeline/Strip.h"
+#include "timeline/TimelineNodes.h"
+
+#include <algorithm>
+#include <limits>
+#include <map>
+#include <QHash>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace timeline {
+
+namespace {
+
+using diagram::Link;
+using diagram::Node;
+using diagram::Surface;
+
+int ArrangementOf(const Surface &flow) {
+    return int(support::Val(document::GetTag(flow, document::tags::kTimelineAlign)));
+}
+
+// The months in sight, and the places of their days along the strip.
+class Months {
+public:
+    explicit Months(const Surface &flow) : rightwards_(RunsRightwards(ArrangementOf(flow))) {
+        for (const Node *month : LocateTimelineNodes(flow)) {
+            if (month->Hidden() || month->Bounds().isEmpty()) continue;
+            const auto meant = MeaningOf(document::GetTag(*month, document::tags::kTheDate));
+            if (meant && meant->month) Add(meant->date, month->Bounds());
+        }
+    }
+
+    bool Rightwards() const { return rightwards_; }
+    const StripEdges &Edges() const { return edges_; }
+
+    std::optional<double> CentreOf(const QDate &day) const {
+        const auto month = months_.find(QDate(day.year(), day.month(), 1));
+        if (month == months_.end()) return std::nullopt;
+        return month->second.start + (day.day() + 0.5) * month->second.slot;
+    }
+
+private:
+    struct Place {
+        double start, slot;
+    };
+
+    void Add(const QDate &first, const QRectF &box) {
+        const double length = rightwards_ ? box.width() : box.height();
+        const double slot = double(SlotOf(float(length), first.daysInMonth()));
+        months_.emplace(first, Place{rightwards_ ? box.left() : box.top(), slot});
+        edges_.before = std::min(edges_.before, rightwards_ ? box.top() : box.left());
+        edges_.behind = std::max(edges_.behind, rightwards_ ? box.bottom() : box.right());
+    }
+
+    bool rightwards_;
+    std::map<QDate, Place> months_; // by their first days
+    StripEdges edges_{std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest()};
+};
+
+Sides SidesOf(const Surface &flow) {
+    switch (Arrangement(ArrangementOf(flow))) {
+    case Arrangement::Right:
+    case Arrangement::Bottom:
+        return Sides::Before;
+    case Arrangement::Center:
+        return Sides::Both;
+    case Arrangement::Left:
+    case Arrangement::Top:
+        break;
+    }
+    return Sides::Behind;
+}
+
+// Lanes in the order of the pools; nodes without a level or a group come behind.
+class LaneFinder {
+public:
+    LaneFinder(document::clsfrmMain &map, Lanes lanes)
+        : key_(lanes == Lanes::Group ? document::tags::kGroup : document::tags::kLevel), lanes_(lanes) {
+        if (lanes == Lanes::Level) Number(map.Levels());
+        if (lanes == Lanes::Group) Number(map.Groups());
+    }
+
+    // Of several groups the first counts.
+    int LaneOf(const Node &node) const {
+        if (lanes_ == Lanes::None) return 0;
+        return numbers_.value(document::GetTag(node, key_).section(u',', 0, 0), int(numbers_.size()));
+    }
+
+private:
+    template <typename Pool>
+    void Number(const Pool &pool) {
+        for (const auto &member : pool) numbers_.insert(member.Key, int(numbers_.size()));
+    }
+
+    QString key_;
+    Lanes lanes_;
+    QHash<QString, int> numbers_;
+};
+
+// What is to be lined up, as it stands now.
+struct Reading {
+    LineUpTask task;
+    std::vector<Node *> nodes; // of the task's boxes
+};
+
+std::unordered_map<const Node *, int> Positions(const std::vector<Node *> &nodes) {
+    std::unordered_map<const Node *, int> positions;
+    for (Node *node : nodes) positions.emplace(node, int(positions.size()));
+    return positions;
+}
+
+void ReadLinks(Reading &reading) {
+    const std::unordered_map<const Node *, int> positions = Positions(reading.nodes);
+    for (int from = 0; from < int(reading.nodes.size()); ++from)
+        for (const Link *link : reading.nodes[std::size_t(from)]->Links()) {
+            const auto to = positions.find(&link->Destination());
+            if (&link->Source() == reading.nodes[std::size_t(from)] && to != positions.end())
+                reading.task.links.push_back({from, to->second});
+        }
+}
+
+Reading Read(document::MapWindow &window, const Surface &flow, const std::vector<Node *> &moved) {
+    const Months months(flow);
+    const LaneFinder lanes(window.clsSettings(), LanesOf(flow));
+    const std::unordered_set<const Node *> last(moved.begin(), moved.end());
+    Reading reading{{{months.Edges(), months.Rightwards(), SidesOf(flow)}, {}, {}}, {}};
+    for (Node &node : flow.Nodes()) {
+        const QString date = node.Selectable() ? DateOfNode(node) : QString();
+        const std::optional<QDate> day = date.isEmpty() ? std::nullopt : ParseDate(date);
+        const std::optional<double> centre = day ? months.CentreOf(*day) : std::nullopt;
+        if (!centre) continue;
+        reading.task.nodes.push_back({node.Bounds(), *centre, lanes.LaneOf(node), last.contains(&node)});
+        reading.nodes.push_back(&node);
+    }
+    ReadLinks(reading);
+    return reading;
+}
+
+using Ways = std::unordered_map<const Node *, QPointF>; // how far each goes
+
+void Shift(std::vector<diagram::Point>::iterator first, std::vector<diagram::Point>::iterator end,
+           const QPointF &way) {
+    for (; first != end; ++first) *first = {first->x + float(way.x()), first->y + float(way.y())};
+}
+
+QPointF WayOf(const Ways &ways, const Node &node) {
+    const auto found = ways.find(&node);
+    return found == ways.end() ? QPointF() : found->second;
+}
+
+// A link whose points aren't routed, and which has to go along: as a whole where both ends go the same way,
+// else with its ends.
+struct LinkToMove {
+    Link *link;
+    QPointF source, destination; // how far they go
+};
+
+std::vector<LinkToMove> LinksToMove(const std::vector<Node *> &moved, const Ways &ways) {
+    std::vector<LinkToMove> links;
+    for (const Node *node : moved)
+        for (Link *link : node->Links()) {
+            if (!link->Selectable() || (&link->Source() != node && ways.contains(&link->Source()))) continue;
+            const QPointF source = WayOf(ways, link->Source());
+            const QPointF destination = WayOf(ways, link->Destination());
+            const bool kept = link->MovePointsMode() || link->AddPointsMode();
+            if (kept || (source == destination && link->OwnBends()))
+                links.push_back({link, source, destination});
+        }
+    return links;
+}
+
+void TakeAlong(Surface &flow, const LinkToMove &moved, diagram::LinkData data) {
+    if (data.points.size() < 2) return;
+    if (moved.source == moved.destination) {
+        Shift(data.points.begin(), data.points.end(), moved.source);
+    } else {
+        Shift(data.points.begin(), data.points.begin() + 1, moved.source);
+        Shift(data.points.end() - 1, data.points.end(), moved.destination);
+    }
+    flow.Overwrite(*moved.link, std::move(data));
+}
+
+int Move(Surface &flow, const std::vector<Node *> &nodes, const std::vector<QRectF> &boxes) {
+    Ways ways;
+    std::vector<Node *> moved;
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        const QPointF way = boxes[i].topLeft() - nodes[i]->Bounds().topLeft();
+        if (!way.isNull()) ways.emplace(nodes[i], way), moved.push_back(nodes[i]);
+    }
+    const std::vector<LinkToMove> links = LinksToMove(moved, ways);
+    std::vector<diagram::LinkData> former;
+    for (const LinkToMove &each : links) each.link->Way(), former.push_back(each.link->Data());
+    for (Node *node : moved) {
+        const QRectF box = node->Bounds().translated(ways[node]);
+        node->SetBounds(float(box.left()), float(box.top()), node->Width(), node->Height());
+    }
+    for (std::size_t i = 0; i < links.size(); ++i) TakeAlong(flow, links[i], std::move(former[i]));
+    AdjustLinksOf(moved);
+    return int(moved.size());
+}
+
+} // namespace
+
+LinedUp LineUp(document::MapWindow &window, Surface &flow, RowOrder order, const std::vector<Node *> &moved) {
+    return support::PassOn("LineUp", [&] {
+        const Reading reading = Read(window, flow, moved);
+        const int count = Move(flow, reading.nodes, PlanLineUp(reading.task, order));
+        if (count > 0) window.clsSettings().Dirty = true;
+        return LinedUp{int(reading.nodes.size()), count};
+    });
+}
+
+void FollowDates(document::MapWindow &window, Surface &flow, const std::vector<Node *> &moved) {
+    if (KeepsNodesAtDates(flow)) LineUp(window, flow, RowOrder::Keep, moved);
+}
+
+} // namespace timeline

@@ -1,0 +1,47 @@
+// Rows beside the strip for bars whose place along it is fixed by their dates. Knows no surface: values in,
+// values out. "Along" is the strip's direction, "across" the other one; all numbers are twips.
+#pragma once
+
+#include <vector>
+
+namespace timeline {
+
+struct PlannedBar {
+    double begin = 0, end = 0; // along
+    double breadth = 0;        // across
+    double middle = 0;         // where it stands now, across
+    int lane = 0;        // bars of one lane stay together; lanes follow each other in ascending order across
+    bool before = false; // on that side of the strip where the numbers across are smaller
+    bool gives = false;  // came or moved last, so it gives way to the others
+};
+
+struct BarLink {
+    int from = 0, to = 0; // positions among the bars
+};
+
+struct StripEdges {
+    double before = 0, behind = 0; // across
+};
+
+// Room between neighbours.
+struct RowGaps {
+    double along = 0, across = 0, lanes = 0;
+};
+
+enum class RowOrder {
+    Keep, // a bar leaves its row only where it would lie on another one, a row its place where it would touch
+    Choose // rows in which bars stand side by side stay together, their order is the one in which links cross
+           // least
+};
+
+// The middle of each bar, across: nothing lies on another, rows keep within their lanes, and what needn't
+// move stays. With Choose the present order stays unless another has at least a tenth fewer crossings; so a
+// second run changes nothing.
+std::vector<double> PlanRows(const std::vector<PlannedBar> &bars, const std::vector<BarLink> &links,
+                             const StripEdges &strip, const RowGaps &gaps, RowOrder order);
+
+// How often straight links between the middles of the bars cross.
+int CountCrossings(const std::vector<PlannedBar> &bars, const std::vector<BarLink> &links,
+                   const std::vector<double> &middles);
+
+} // namespace timeline
