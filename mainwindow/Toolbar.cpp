@@ -46,7 +46,7 @@ constexpr ButtonRow kFormat[] = {
     {"", "", "", ButtonStyle::Separator},
     {"EXPAND", "expand", "Expand Timeline Nodes"},
     {"COMPRESS", "compress", "Compress Timeline Nodes"},
-    {"LINEUP", "lineup", "Line up by date"},
+    {"LINEUP", "lineup", "Line up by date", kPush, Needs::Nothing, "mnuViewTimelineLineUp"},
 };
 
 constexpr const char *kView[] = {"keyShapes",       "",          "mnuViewGrid",

@@ -40,6 +40,7 @@ constexpr KeyAndCommand kKeys[] = {
     {"Ctrl+Shift+F", "keyFont"},
     {"Ctrl+Alt+F", "keyFontSize"},
     {"Ctrl+T", "keyDate"},
+    {"Ctrl+Shift+T", "mnuViewTimelineLineUp"},
     {"Ctrl+Alt+PgDown", "keyDayLater"},
     {"Ctrl+Alt+PgUp", "keyDayEarlier"},
     {"Ctrl+Alt+Shift+PgDown", "keyWeekLater"},
