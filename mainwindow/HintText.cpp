@@ -39,6 +39,9 @@ constexpr HintRow kRows[] = {
     {diagram::Hint::KeysTakeNode, "Enter makes the new @NODE, Escape leaves it."},
     {diagram::Hint::KeysBend, "Tab goes along the @LINK, the arrow keys bend it there, Del takes a bend "
                               "away. Enter ends, Escape gives up."},
+    {diagram::Hint::KeysWrite,
+     "Ctrl+Enter or a click elsewhere keeps the text, Enter is a new line, Escape gives "
+     "up what was written."},
 };
 } // namespace
 

@@ -30,7 +30,8 @@ enum class Hint : unsigned char {
     KeysChooseNode, // for a new link
     KeysChooseEnd,  // for the end of a link
     KeysBend,       // a link
-    KeysTakeNode    // that is offered at the end of a link
+    KeysTakeNode,   // that is offered at the end of a link
+    KeysWrite       // a text in its place
 };
 
 // Whether it is about the place of the pointer alone, so that anything else may stand in its stead.

@@ -168,12 +168,13 @@ void SurfaceView::Impl::FocusGoes() {
 
 bool SurfaceView::Impl::BeginEdit(const QString *typed) {
     Item *item = EditableItem(surface);
+    if (!item && typed) Tell(Hint::SelectFirst);
     if (!item) return false;
     text.End(true);
     CancelGesture();
-    if (text.Begin(*item, typed)) return true;
-    Tell(Hint::TextTooLong);
-    return false;
+    const bool begun = text.Begin(*item, typed);
+    Tell(begun ? Hint::KeysWrite : Hint::TextTooLong);
+    return begun;
 }
 
 // The pointer says where only when it has gone somewhere since what is pasted was copied.

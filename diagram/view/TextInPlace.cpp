@@ -44,6 +44,7 @@ void TextInPlace::End(bool keep) {
     if (ended->hasFocus()) view_.setFocus(Qt::OtherFocusReason);
     ended->hide();
     ended->deleteLater();
+    Q_EMIT view_.HintShown(Hint::Nothing);
     justEnded_ = true;
     QMetaObject::invokeMethod(
         &view_, [this] { justEnded_ = false; }, Qt::QueuedConnection);

@@ -63,7 +63,7 @@ TEST_F(PageHints, WhatALinkThatWasDroppedNeedsStaysOverThePage) {
 }
 
 TEST_F(PageHints, EachHintHasWords) {
-    for (int hint = int(diagram::Hint::LinkNeedsNode); hint <= int(diagram::Hint::KeysBend); ++hint)
+    for (int hint = int(diagram::Hint::LinkNeedsNode); hint <= int(diagram::Hint::KeysWrite); ++hint)
         EXPECT_FALSE(HintText(diagram::Hint(hint)).isEmpty()) << hint;
     EXPECT_TRUE(HintText(diagram::Hint::Nothing).isEmpty());
 }

@@ -58,6 +58,18 @@ TEST_F(Editing, Typing_WithNothingSelectedDoesNothing) {
     EXPECT_FALSE(view->BeginEdit());
 }
 
+TEST_F(Editing, Writing_TellsItsKeysAsLongAsItGoesOn) {
+    QSignalSpy hints(view.get(), &SurfaceView::HintShown);
+    Key(Qt::Key_F2);
+    ASSERT_FALSE(hints.isEmpty());
+    EXPECT_EQ(hints.last()[0].value<Hint>(), Hint::KeysWrite);
+    Key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(hints.last()[0].value<Hint>(), Hint::Nothing);
+    surface.UnselectAll();
+    Type("x");
+    EXPECT_EQ(hints.last()[0].value<Hint>(), Hint::SelectFirst);
+}
+
 TEST_F(Editing, Escape_GivesUp) {
     Key(Qt::Key_F2);
     Type("new");
