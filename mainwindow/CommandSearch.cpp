@@ -147,6 +147,7 @@ void CommandSearch::Offer() {
     if (offered_->rowCount() == 0) return List().popup()->hide();
     const int width = qMax(this->width(), List().popup()->sizeHintForColumn(0) + kGap);
     List().complete(QRect(this->width() - width, 0, width, height()));
+    List().popup()->setCurrentIndex(List().completionModel()->index(0, 0)); // which Enter runs
 }
 
 void CommandSearch::Choose(const QModelIndex &index) { Run(index.row()); }

@@ -4,6 +4,7 @@
 #include "mainwindow/CommandSearch.h"
 #include "tests/mainwindow/WindowTest.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QTest>
 
@@ -98,6 +99,23 @@ TEST_F(Search, EnterRunsTheFirstAndGoesBackToTheSurface) {
     EXPECT_TRUE(window.MenuValue(QStringLiteral("mnuViewGrid")));
     EXPECT_TRUE(box.text().isEmpty());
     EXPECT_TRUE(window.CurrentView().hasFocus());
+}
+
+TEST_F(Search, TheFirstIsLitAndDownGoesToTheSecond) {
+    Type(QStringLiteral("zoom"));
+    ASSERT_GE(box.Offered().size(), 2);
+    auto *list = qobject_cast<QAbstractItemView *>(QApplication::activePopupWidget());
+    ASSERT_TRUE(list);
+    const auto lit = [&] { return list->selectionModel()->selectedIndexes(); };
+    ASSERT_EQ(lit().size(), 1);
+    EXPECT_EQ(lit().front().row(), 0);
+    QTest::keyClick(list, Qt::Key_Down);
+    ASSERT_EQ(lit().size(), 1);
+    EXPECT_EQ(lit().front().row(), 1);
+    EXPECT_EQ(box.text(), QStringLiteral("zoom"));
+    QTest::keyClicks(list, QStringLiteral(" in"));
+    EXPECT_EQ(box.text(), QStringLiteral("zoom in"));
+    EXPECT_EQ(lit().front().row(), 0);
 }
 
 TEST_F(Search, ACommandThatIsDisabledStays) {
