@@ -182,7 +182,6 @@ bool MayOverwrite(MapWindow &window, const QString &path) {
 
 } // namespace
 
-bool WritesCompanions() { return writesCompanions; }
 void SetWritesCompanions(bool on) { writesCompanions = on; }
 
 bool DoSave(MapWindow &frm) {

@@ -21,7 +21,6 @@ bool DoSave(MapWindow &frm);
 
 // A switch for the makers of the program: while on, a save also writes each slice to its companion file. Off
 // at the start.
-bool WritesCompanions();
 void SetWritesCompanions(bool on);
 
 } // namespace document

@@ -159,7 +159,6 @@ std::optional<ListBar::Place> ListBar::CurrentItem() const { return PlaceOf(curr
 
 void ListBar::SetCurrentItem(const Place &place) { setCurrentIndex(IndexOf(place)); }
 
-std::optional<ListBar::Place> ListBar::ItemAt(const QPoint &at) const { return PlaceOf(indexAt(at)); }
 
 QRect ListBar::ItemRect(const Place &place) const { return visualRect(IndexOf(place)); }
 

@@ -59,7 +59,6 @@ public:
     // The item with the focus; nothing while that is on a bar or nowhere.
     std::optional<Place> CurrentItem() const;
     void SetCurrentItem(const Place &place);
-    std::optional<Place> ItemAt(const QPoint &at) const; // pixels of the viewport
     QRect ItemRect(const Place &place) const;
     QRect BarRect(int bar) const; // of the heading
 

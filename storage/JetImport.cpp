@@ -1,7 +1,7 @@
 #include "storage/JetImport.h"
 
 #include "storage/EngineError.h"
-#include "storage/jet/ExitCodes.h"
+#include "storage/JetExitCodes.h"
 #include "storage/text/FieldTypes.h"
 #include "support/Files.h"
 #include "support/Platform.h"

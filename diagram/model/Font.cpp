@@ -59,7 +59,6 @@ void Font::SetSize(double points) { d_->size = CheckedSize(points); }
 void Font::SetBold(bool on) { d_->bold = on; }
 void Font::SetItalic(bool on) { d_->italic = on; }
 void Font::SetUnderline(bool on) { d_->underline = on; }
-void Font::SetStrike(bool on) { d_->strike = on; }
 
 bool operator==(const Font &a, const Font &b) {
     if (a.d_ == b.d_) return true;

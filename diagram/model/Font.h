@@ -33,7 +33,6 @@ public:
     void SetBold(bool on);
     void SetItalic(bool on);
     void SetUnderline(bool on);
-    void SetStrike(bool on);
 
     friend bool operator==(const Font &a, const Font &b);
     // Changes with the values and is the same for equal fonts in one run; a key for caches.

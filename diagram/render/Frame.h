@@ -24,9 +24,6 @@ struct Frame {
     QRectF Map(const QRectF &box) const {
         return {Map(box.topLeft()), QSizeF(box.width() * xScale, box.height() * yScale)};
     }
-    QPointF Unmap(const QPointF &point) const {
-        return {point.x() / xScale + origin.x(), point.y() / yScale + origin.y()};
-    }
 
     // Width on the device of a line that is `pixels` wide at zoom 100; whole where pixels are snapped, never
     // less than a hairline.

@@ -1,6 +1,6 @@
 #include "storage/jet/CopyTables.h"
 
-#include "storage/jet/ExitCodes.h"
+#include "storage/JetExitCodes.h"
 #include "storage/jet/Failure.h"
 #include "storage/jet/Values.h"
 #include "storage/text/FieldTypes.h"

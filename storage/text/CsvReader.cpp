@@ -1,6 +1,6 @@
 #include "storage/text/CsvReader.h"
 
-#include "storage/Database.h"
+#include "storage/text/ErrorNumbers.h"
 #include "support/Error.h"
 
 namespace storage {

@@ -1,7 +1,7 @@
 // The column types of the engine and the type names that stand for them in a table's definition.
 #pragma once
 
-#include "storage/Database.h"
+#include "storage/text/Field.h"
 
 #include <QRegularExpression>
 #include <QString>

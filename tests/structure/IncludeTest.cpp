@@ -21,8 +21,15 @@ QMap<QString, QStringList> Allowed() {
         {"support/headless", {"support"}},
         {"support/real", {"support", "support/headless"}},
         {"support/testing", {"support"}},
+        {"support/posix", {"support"}},
+        {"support/posix/printing", {"support", "support/headless"}},
+        {"support/windows", {"support"}},
+        {"support/windows/printing", {"support", "support/headless"}},
         {"app/settings", {"support"}},
-        {"storage", {"support"}},
+        {"storage/text", {"support"}},
+        {"storage", {"support", "storage/text"}},
+        {"storage/jet", {"support", "storage", "storage/text"}},
+        {"storage/jet/program", {"support", "storage", "storage/text", "storage/jet"}},
     };
     // Inside the diagram component each folder may include those in front of it.
     const QStringList diagram = {"geometry", "metafile", "shapes", "model",  "edit",        "scene", "hit",
@@ -33,11 +40,14 @@ QMap<QString, QStringList> Allowed() {
         allowed[folder] = below;
         below << folder;
     }
+    allowed["diagram/layout/engine"] = allowed["diagram/layout"] + QStringList{"diagram/layout"};
+    allowed["diagram/layout/engine/program"] =
+        allowed["diagram/layout/engine"] + QStringList{"diagram/layout/engine"};
     QStringList base = below;
     base.removeAll("diagram/interaction");
     base.removeAll("diagram/view");
     allowed["widgets"] = base;
-    allowed["document"] = base + QStringList{"storage", "app/settings"};
+    allowed["document"] = base + QStringList{"storage", "storage/text", "app/settings"};
     QStringList above = allowed["document"] + QStringList{"document"};
     allowed["timeline"] = above;
     allowed["timeline/setup"] = above + QStringList{"timeline", "widgets"};
@@ -47,15 +57,17 @@ QMap<QString, QStringList> Allowed() {
     allowed["dialogs"] << "widgets";
     allowed["templates/forms"] = above + QStringList{"templates", "widgets", "dialogs"};
     QStringList outputs = above + QStringList{"output/model"};
-    allowed["output"] = outputs; // a folder of output/ for each kind of document
+    for (const char *table : {"output/csv", "output/mapimport"}) allowed[table] = outputs;
     allowed["output/report"] = outputs;
     outputs << "output/report";
     for (const char *writer : {"output/rtf", "output/html"}) allowed[writer] = outputs;
     outputs << "output/rtf"
             << "output/html";
     allowed["output/export"] = outputs;
-    outputs << "output"
+    outputs << "output/csv"
+            << "output/mapimport"
             << "output/export";
+    allowed["output/export/form"] = allowed["output/export"] + QStringList{"output/export", "widgets"};
     for (const char *container : {"output/package", "output/compound"}) allowed[container] = {"support"};
     allowed["output/powerpoint"] = above + QStringList{"output/model", "output/package", "output/compound"};
     allowed["output/powerpoint/form"] = allowed["output/powerpoint"] + QStringList{"output/powerpoint"};
@@ -66,12 +78,15 @@ QMap<QString, QStringList> Allowed() {
     const QStringList plain = outputs + QStringList{"templates", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
+    allowed["product/desktop"] = {"support", "support/headless"};
     allowed["product/help"] = {"support", "support/headless", "app/settings"};
     const QStringList windows =
-        plain + QStringList{"widgets",      "dialogs",      "timeline/setup",   "diagram/interaction",
-                            "diagram/view", "support/real", "output/print/form"};
+        plain +
+        QStringList{"widgets",          "dialogs", "timeline/setup", "diagram/view", "diagram/interaction",
+                    "output/print/form"};
     allowed["mainwindow"] = windows;
-    allowed["app"] = windows + QStringList{"mainwindow", "templates/forms", "output/powerpoint/form"};
+    allowed["app"] = windows + QStringList{"mainwindow",      "support/headless",   "support/real",
+                                           "templates/forms", "output/export/form", "output/powerpoint/form"};
     return allowed;
 }
 
@@ -117,6 +132,23 @@ bool Reaches(const QString &from, const QString &to, const QMap<QString, QString
 }
 
 } // namespace
+
+TEST(Folders, AreAllKnownAndNoOthers) {
+    QSet<QString> there;
+    QDirIterator walk(kRoot.path(), {"*.h", "*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
+    while (walk.hasNext()) {
+        const QString folder = kRoot.relativeFilePath(QFileInfo(walk.next()).path());
+        const QString top = folder.section('/', 0, 0);
+        if (!QStringList{"build", "tests", "benchmarks"}.contains(top)) there << folder;
+    }
+    const auto allowed = Allowed();
+    for (const QString &folder : there) {
+        EXPECT_TRUE(allowed.contains(folder)) << qPrintable(folder) << " has no rule";
+    }
+    for (const QString &folder : allowed.keys()) {
+        EXPECT_TRUE(there.contains(folder)) << qPrintable(folder) << " isn't there";
+    }
+}
 
 TEST(Includes, PointOnlyAtFoldersBelow) {
     const auto allowed = Allowed();

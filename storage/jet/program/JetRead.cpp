@@ -3,7 +3,7 @@
 // The exit code tells the result; a program of its own, because the library may crash or hang on a damaged
 // file.
 #include "storage/jet/CopyTables.h"
-#include "storage/jet/ExitCodes.h"
+#include "storage/JetExitCodes.h"
 #include "storage/jet/Failure.h"
 #include "support/ProcessLimits.h"
 
