@@ -159,7 +159,6 @@ std::optional<ListBar::Place> ListBar::CurrentItem() const { return PlaceOf(curr
 
 void ListBar::SetCurrentItem(const Place &place) { setCurrentIndex(IndexOf(place)); }
 
-
 QRect ListBar::ItemRect(const Place &place) const { return visualRect(IndexOf(place)); }
 
 QRect ListBar::BarRect(int bar) const { return visualRect(BarIndex(bar)); }

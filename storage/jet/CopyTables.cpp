@@ -1,8 +1,8 @@
 #include "storage/jet/CopyTables.h"
 
-#include "storage/JetExitCodes.h"
 #include "storage/jet/Failure.h"
 #include "storage/jet/Values.h"
+#include "storage/JetExitCodes.h"
 #include "storage/text/FieldTypes.h"
 
 #include <algorithm>

@@ -3,8 +3,8 @@
 // The exit code tells the result; a program of its own, because the library may crash or hang on a damaged
 // file.
 #include "storage/jet/CopyTables.h"
-#include "storage/JetExitCodes.h"
 #include "storage/jet/Failure.h"
+#include "storage/JetExitCodes.h"
 #include "support/ProcessLimits.h"
 
 #include <cstdio>
