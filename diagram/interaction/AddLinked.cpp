@@ -90,14 +90,11 @@ Wanted WantedSibling(Node &from, const QRectF &box, const QPointF &direction) {
 Node *AddWanted(Scene &scene, const Wanted &wanted) {
     const ActionGroup group(scene.Model());
     NewNode node;
-    node.place = wanted.place;
     const auto aside = wanted.parent
                            ? MakeRoom(scene, *wanted.parent, wanted.place, wanted.after, wanted.behind)
                            : std::nullopt;
-    if (aside)
-        MoveAside(scene, *aside);
-    else
-        node.place = NearestFree(scene, wanted.place, wanted.behind);
+    if (aside) MoveAside(scene, *aside);
+    node.place = aside ? aside->place : NearestFree(scene, wanted.place, wanted.behind);
     if (wanted.parent) node.linkedFrom = wanted.parent->Id();
     node.linkStyle = wanted.linkStyle;
     return AddNewNode(scene.Model(), node);

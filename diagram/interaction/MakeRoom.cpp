@@ -60,16 +60,17 @@ bool MeetsOthers(Scene &scene, const Aside &aside, const std::unordered_set<cons
     });
 }
 
-} // namespace
+std::unordered_set<const Node *> SetOf(const std::vector<Node *> &nodes) {
+    return {nodes.begin(), nodes.end()};
+}
 
-std::optional<Aside> MakeRoom(Scene &scene, Node &parent, const QRectF &place, const QPointF &after,
-                              const QPointF &behind) {
-    const std::vector<Node *> inTheWay = NodesIn(scene, place);
-    if (inTheWay.empty()) return Aside();
-    Aside aside{WhatLiesBehind(parent, after, behind), {}};
-    const std::unordered_set<const Node *> moving(aside.nodes.begin(), aside.nodes.end());
+// What stands behind the place goes on.
+std::optional<Aside> MoveThoseBehind(Scene &scene, Node &parent, const QRectF &place, const QPointF &after,
+                                     const QPointF &behind) {
+    Aside aside{WhatLiesBehind(parent, after, behind), {}, place};
+    const std::unordered_set<const Node *> moving = SetOf(aside.nodes);
     double distance = 0;
-    for (const Node *node : inTheWay) {
+    for (const Node *node : NodesIn(scene, place)) {
         if (!moving.contains(node)) return std::nullopt;
         const double needed = Along(place.bottomRight() - node->Bounds().topLeft(), behind) + kKinGap;
         distance = std::max(distance, needed);
@@ -77,6 +78,52 @@ std::optional<Aside> MakeRoom(Scene &scene, Node &parent, const QRectF &place, c
     aside.distance = behind * distance;
     if (MeetsOthers(scene, aside, moving)) return std::nullopt;
     return aside;
+}
+
+// How far the place has to go on until nothing is in its way but what moves along; none where strangers are.
+std::optional<double> DistanceBehindFamily(Scene &scene, const QRectF &place, const QPointF &behind,
+                                           const std::unordered_set<const Node *> &moving,
+                                           const std::unordered_set<const Node *> &family) {
+    for (double distance = 0;;) {
+        const QRectF there = place.translated(behind * distance);
+        double further = 0;
+        for (const Node *node : NodesIn(scene, there)) {
+            if (moving.contains(node)) continue;
+            if (!family.contains(node)) return std::nullopt;
+            further =
+                std::max(further, Along(node->Bounds().bottomRight() - there.topLeft(), behind) + kKinGap);
+        }
+        if (further == 0) return distance;
+        distance += further;
+    }
+}
+
+// The parent goes on with its children and all that stands behind it.
+std::optional<Aside> MoveParent(Scene &scene, Node &parent, const QRectF &place, const QPointF &behind) {
+    std::vector<const Node *> line = LineOf(parent);
+    if (line.size() < 2) return std::nullopt;
+    Node &grandparent = *ParentOf(parent), &root = *ParentOf(*line[line.size() - 2]);
+    std::vector<const Node *> none, taken(line.begin() + 1, line.end());
+    const std::unordered_set<const Node *> family = SetOf(SubtreeOf(root, none));
+    Aside aside{SubtreeOf(parent, taken), {}, place};
+    std::unordered_set<const Node *> moving = SetOf(aside.nodes);
+    for (Node *node : WhatLiesBehind(grandparent, parent.Bounds().center(), behind))
+        if (moving.insert(node).second) aside.nodes.push_back(node);
+    const std::optional<double> distance = DistanceBehindFamily(scene, place, behind, moving, family);
+    if (!distance) return std::nullopt;
+    aside.distance = behind * *distance;
+    aside.place.translate(aside.distance);
+    if (MeetsOthers(scene, aside, moving)) return std::nullopt;
+    return aside;
+}
+
+} // namespace
+
+std::optional<Aside> MakeRoom(Scene &scene, Node &parent, const QRectF &place, const QPointF &after,
+                              const QPointF &behind) {
+    if (NodesIn(scene, place).empty()) return Aside{{}, {}, place};
+    const std::optional<Aside> aside = MoveThoseBehind(scene, parent, place, after, behind);
+    return aside ? aside : MoveParent(scene, parent, place, behind);
 }
 
 void MoveAside(Scene &scene, const Aside &aside) {

@@ -17,11 +17,13 @@ constexpr double kKinGap = 750; // twips between nodes that are added beside eac
 struct Aside {
     std::vector<Node *> nodes; // none: nothing has to
     QPointF distance;
+    QRectF place; // for the new node
 };
 
 // What lets a child of `parent` stand at `place`: the children whose middle lies behind `after` (twips) with
 // all that they lead to, and so for the parents of the parent. `behind` is the unit vector along which
-// children follow each other. None where something else is in the way, or would be met.
+// children follow each other. Where children of those before the parent are in the way, the parent and its
+// children go behind them, and the place with them. None where something else is in the way, or would be met.
 std::optional<Aside> MakeRoom(Scene &scene, Node &parent, const QRectF &place, const QPointF &after,
                               const QPointF &behind);
 

@@ -213,6 +213,22 @@ TEST_F(AddLinked, Child_LetsWhatBelongsToTheParentsSiblingsGoAside) {
     EXPECT_EQ(Pixels(c1), QRectF(500, 420, 100, 60));
 }
 
+TEST_F(AddLinked, Child_GoesBehindTheChildrenOfThoseBeforeItsParentAndTheParentWithIt) {
+    Node &b = Child(a, "b", 350, 200), &c = Child(a, "c", 350, 310), &d = Child(a, "d", 350, 420);
+    Child(b, "b1", 500, 200), Child(b, "b2", 500, 310), Child(b, "b3", 500, 420);
+    Select(c);
+    Key(Qt::Key_Insert);
+    EXPECT_EQ(Pixels(c), QRectF(350, 530, 100, 60));
+    EXPECT_EQ(Pixels(Last()), QRectF(500, 530, 100, 60));
+    EXPECT_EQ(Pixels(d), QRectF(350, 640, 100, 60));
+    EXPECT_EQ(Pixels(b), QRectF(350, 200, 100, 60));
+    EXPECT_EQ(Pixels(a), QRectF(200, 200, 100, 60));
+    Key(Qt::Key_Insert, Qt::AltModifier);
+    EXPECT_EQ(Pixels(Last()), QRectF(500, 640, 100, 60));
+    EXPECT_EQ(Pixels(c), QRectF(350, 530, 100, 60));
+    EXPECT_EQ(UndoSteps(), 2);
+}
+
 TEST_F(AddLinked, Sibling_GoesRoundWhatIsNoneOfTheFamily) {
     Node &b = Child(a, "b", 350, 200), &stranger = AddNode("x", 360, 320);
     Select(b);
