@@ -57,6 +57,7 @@ TEST(ReadyIcons, AreThereForEachButtonOfTheBars) {
             if (row.style != ButtonStyle::Separator) ExpectReady(QLatin1String(row.tag), kSide);
     for (const char *key : ViewButtons())
         if (*key) ExpectReady(QLatin1String(FindCommand(QLatin1String(key))->image), kSide);
+    ExpectReady(QStringLiteral("filter"), kSide);
     for (const LookRow &row : LookRows())
         ExpectReady(QLatin1String(row.image), IsColour(row.what) ? 15 : kSide);
 }
