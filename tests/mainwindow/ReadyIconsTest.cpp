@@ -4,6 +4,7 @@
 #include "mainwindow/Commands.h"
 #include "mainwindow/Icons.h"
 #include "mainwindow/Look.h"
+#include "mainwindow/LookPictures.h"
 #include "mainwindow/Toolbar.h"
 
 #include <gtest/gtest.h>
