@@ -15,6 +15,8 @@ namespace bench {
 
 namespace {
 
+constexpr QSize kRoom(1280, 800);
+
 class Yes : public support::MessageBoxes {
 public:
     support::Answer Show(const QString &, support::Buttons buttons, support::Icon, const QString &,
@@ -59,10 +61,21 @@ BenchWindow::BenchWindow()
     if (!QFile::exists(document::TemplatePath())) document::WriteTemplate(document::TemplatePath(), {}, {});
     form_ = new mainwindow::frmMain(desktop_->Get());
     form_->ShowWindow();
-    form_->resize(form_->size() + QSize(1280, 800) - form_->CurrentView().viewport()->size());
     QApplication::setActiveWindow(form_);
-    form_->CurrentView().setFocus();
-    Settle(form_->CurrentView());
+    GiveRoom(*form_);
+}
+
+void GiveRoom(mainwindow::frmMain &form) {
+    diagram::SurfaceView &view = form.CurrentView();
+    form.showNormal(); // a new window is maximised, on a small screen
+    Settle(view);
+    for (int tries = 0; view.viewport()->size() != kRoom; ++tries) { // bars take other rows as it grows
+        if (tries == 5) qFatal("The surface of the figures doesn't get its size");
+        form.resize(form.size() + kRoom - view.viewport()->size());
+        Settle(view);
+    }
+    view.setFocus();
+    Settle(view);
 }
 
 void CloseUnsaved(mainwindow::frmMain &form) {

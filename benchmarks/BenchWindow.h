@@ -27,6 +27,9 @@ private:
     mainwindow::frmMain *form_;
 };
 
+// 1280 x 800 pixels for the surface of a window that is shown; leaves it at rest, with the keyboard.
+void GiveRoom(mainwindow::frmMain &form);
+
 // Closes the window as if nothing in it were worth a question.
 void CloseUnsaved(mainwindow::frmMain &form);
 

@@ -196,9 +196,7 @@ Figures WindowFigures() {
     window->ShowWindow();
     FillSample(window->CurrentSurface(), 10000);
     SurfaceView &view = window->CurrentView();
-    window->resize(window->size() + QSize(1280, 800) - view.viewport()->size());
-    view.setFocus();
-    Settle(view);
+    GiveRoom(*window);
     Measure(figures, view, QStringLiteral("in a window"));
     CloseUnsaved(*window);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -1,5 +1,6 @@
 // Runs the figures beside their yardsticks, prints a table and writes it as JSON: velmora-bench BIN_FOLDER
 // OUT.json
+#include "benchmarks/BarFigures.h"
 #include "benchmarks/CanvasFigures.h"
 #include "benchmarks/CommandFigures.h"
 #include "benchmarks/EditFigures.h"
@@ -181,6 +182,7 @@ constexpr Part kParts[] = {
     {"export", true, AddExport},
     {"canvas", false, [](Table &table, const QString &) { table.Add(bench::CanvasFigures()); }},
     {"window", false, [](Table &table, const QString &) { table.Add(bench::WindowFigures()); }},
+    {"bars", false, [](Table &table, const QString &) { table.Add(bench::BarFigures()); }},
     {"overview", false, [](Table &table, const QString &) { table.Add(bench::OverviewFigures()); }},
     {"edit", false, [](Table &table, const QString &) { table.Add(bench::EditFigures()); }},
     {"journal", false, [](Table &table, const QString &) { table.Add(bench::JournalFigures()); }},

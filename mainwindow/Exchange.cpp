@@ -119,7 +119,10 @@ void ReadInPlace(frmMain &window, const Reading &read) {
 class NewSlice {
 public:
     explicit NewSlice(frmMain &window)
-        : window_(window), tab_(window.TabStrip().TheTab()), tabs_(window.TabStrip().TabCount()) {
+        : window_(window),
+          tab_(window.TabStrip().TheTab()),
+          tabs_(window.TabStrip().TabCount()),
+          wasDirty_(window.clsSettings().Dirty) {
         window.DoInsertSlice();
         if (IsThere()) window.TabStrip().SetTheTab(window.TabStrip().TabCount() - 1);
     }
@@ -137,10 +140,12 @@ private:
         window_.TabStrip().SetTheTab(tab_);
         window_.AddFlow1().Unload(window_.AddFlow1().UBound());
         window_.TabStrip().SetTabCount(tabs_);
+        window_.clsSettings().Dirty = wasDirty_;
     }
 
     frmMain &window_;
     int tab_, tabs_;
+    bool wasDirty_;
     bool done_ = false;
 };
 

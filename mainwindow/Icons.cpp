@@ -1,6 +1,8 @@
 #include "mainwindow/Icons.h"
 
 #include "diagram/shapes/Shapes.h"
+#include "mainwindow/IconDrawing.h"
+#include "mainwindow/ReadyIcons.h"
 #include "widgets/PaintedIconEngine.h"
 
 #include <QFile>
@@ -8,7 +10,6 @@
 #include <QPainter>
 #include <QPalette>
 #include <QResource>
-#include <QSvgRenderer>
 
 // The resources of a static library are linked in by this call; it has to stand outside of any namespace.
 static void InitIconResources() { Q_INIT_RESOURCE(icons); }
@@ -17,30 +18,8 @@ namespace mainwindow {
 
 namespace {
 
-constexpr qreal kFaded = 0.35; // how much of an icon that is disabled is seen
-
 bool IsDark(const QPalette &palette) {
     return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-}
-
-// The colours of the drawings and what they become on a dark theme.
-struct DarkColour {
-    const char *light;
-    const char *dark;
-};
-constexpr DarkColour kDarkColours[] = {
-    {"#303030", "#dcdcdc"}, // ink
-    {"#ffffff", "#3c3f44"}, // paper
-    {"#2f6fde", "#7db1ff"}, // accent
-    {"#cfe0ff", "#34507e"}, // soft accent
-    {"#f8d383", "#a77c2b"}, // soft amber
-    {"#d9483b", "#ff7b6e"}, // red
-};
-
-QByteArray InTheme(QByteArray svg, bool dark) {
-    if (!dark) return svg;
-    for (const DarkColour &colour : kDarkColours) svg.replace(colour.light, colour.dark);
-    return svg;
 }
 
 QString PathOf(const QString &name) {
@@ -55,8 +34,7 @@ protected:
     virtual void Draw(QPainter &painter, const QRectF &box, bool dark) = 0;
 
     void Paint(QPainter &painter, const QSize &size, QIcon::Mode mode) override {
-        painter.setRenderHint(QPainter::Antialiasing);
-        if (mode == QIcon::Disabled) painter.setOpacity(kFaded);
+        PrepareForIcon(painter, mode == QIcon::Disabled);
         const qreal side = qMin(size.width(), size.height());
         Draw(painter, QRectF((size.width() - side) / 2, (size.height() - side) / 2, side, side),
              IsDark(QGuiApplication::palette()));
@@ -66,19 +44,23 @@ protected:
 // Only drawings that exist get one.
 class SvgIconEngine : public DrawnIconEngine {
 public:
-    SvgIconEngine(QString path, bool ownColours) : path_(std::move(path)), ownColours_(ownColours) {}
+    SvgIconEngine(QString name, bool ownColours) : name_(std::move(name)), ownColours_(ownColours) {}
     QIconEngine *clone() const override { return new SvgIconEngine(*this); }
 
 protected:
+    QPixmap Make(const QSize &size, QIcon::Mode mode) override {
+        const IconLook look{size.width(), IsDark(QGuiApplication::palette()), mode == QIcon::Disabled};
+        const QImage ready = size.width() == size.height() ? FindReadyIcon(name_, look) : QImage();
+        return ready.isNull() ? DrawnIconEngine::Make(size, mode) : QPixmap::fromImage(ready);
+    }
+
     void Draw(QPainter &painter, const QRectF &box, bool dark) override {
-        QFile file(path_);
-        if (!file.open(QIODevice::ReadOnly)) return;
-        QSvgRenderer renderer(InTheme(file.readAll(), dark && !ownColours_));
-        renderer.render(&painter, box);
+        QFile file(PathOf(name_));
+        if (file.open(QIODevice::ReadOnly)) DrawIcon(painter, file.readAll(), box, dark && !ownColours_);
     }
 
 private:
-    QString path_;
+    QString name_;
     bool ownColours_;
 };
 
@@ -140,13 +122,12 @@ private:
 } // namespace
 
 QIcon Icon(const QString &name) {
-    const QString path = PathOf(name);
-    if (name.isEmpty() || !QResource(path).isValid()) return {};
-    return QIcon(new SvgIconEngine(path, false));
+    if (name.isEmpty() || !QResource(PathOf(name)).isValid()) return {};
+    return QIcon(new SvgIconEngine(name, false));
 }
 
 QIcon ShapeIcon(int shape) { return QIcon(new ShapeIconEngine(shape)); }
 
-QIcon ProgramIcon() { return QIcon(new SvgIconEngine(PathOf(QStringLiteral("velmora")), true)); }
+QIcon ProgramIcon() { return QIcon(new SvgIconEngine(QStringLiteral("velmora"), true)); }
 
 } // namespace mainwindow

@@ -7,12 +7,16 @@
 #include "mainwindow/WindowStatus.h"
 
 #include <QMenu>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
 
 namespace mainwindow {
 
 using document::FilterView;
 
 namespace {
+
+constexpr int kChevron = 9, kEnd = 4; // pixels: the side of its field, and from there to the button's end
 
 // An & in a name is no sign of a key.
 QString EntryText(const QString &name) { return QString(name).replace(u'&', QLatin1String("&&")); }
@@ -38,6 +42,31 @@ ViewButton::ViewButton(frmMain &window, QWidget *parent) : QToolButton(parent), 
     auto *menu = new QMenu(this);
     setMenu(menu);
     connect(menu, &QMenu::aboutToShow, this, &ViewButton::FillMenu);
+}
+
+QSize ViewButton::sizeHint() const { return QToolButton::sizeHint() + QSize(kChevron, 0); }
+
+QRect ViewButton::Chevron() const {
+    QRect place(0, 0, kChevron, kChevron);
+    place.moveCenter(rect().center());
+    place.moveRight(rect().right() - kEnd);
+    return QStyle::visualRect(layoutDirection(), rect(), place);
+}
+
+// The style's own sign would stand in the corner below the text.
+void ViewButton::paintEvent(QPaintEvent *) {
+    QStylePainter painter(this);
+    QStyleOptionToolButton option;
+    initStyleOption(&option);
+    option.features &= ~QStyleOptionToolButton::HasMenu;
+    painter.drawComplexControl(QStyle::CC_ToolButton, option);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(
+        QPen(palette().color(QPalette::ButtonText), 1.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPointF middle = QRectF(Chevron()).center();
+    constexpr qreal kReach = 2.5;
+    painter.drawPolyline(QPolygonF{middle + QPointF(-kReach, -kReach / 2), middle + QPointF(0, kReach / 2),
+                                   middle + QPointF(kReach, -kReach / 2)});
 }
 
 void ViewButton::FillMenu() {

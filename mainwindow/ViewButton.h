@@ -14,6 +14,13 @@ class ViewButton : public QToolButton {
 public:
     ViewButton(frmMain &window, QWidget *parent);
 
+    QSize sizeHint() const override;
+    // Where the chevron stands that tells of the menu, at the end of the button.
+    QRect Chevron() const;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
 private:
     void FillMenu();
     void AddViews();

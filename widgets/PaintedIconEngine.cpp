@@ -24,12 +24,15 @@ QPixmap PaintedIconEngine::Painted(const QSize &size, QIcon::Mode mode) {
     if (palette != palette_) cache_.clear();
     palette_ = palette;
     QPixmap &pixmap = cache_[qint64(size.width()) << 32 | qint64(size.height()) << 2 | mode];
-    if (!pixmap.isNull() || size.isEmpty()) return pixmap;
-    pixmap = QPixmap(size);
+    if (pixmap.isNull() && !size.isEmpty()) pixmap = Make(size, mode);
+    return pixmap;
+}
+
+QPixmap PaintedIconEngine::Make(const QSize &size, QIcon::Mode mode) {
+    QPixmap pixmap(size);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     Paint(painter, size, mode);
-    painter.end();
     return pixmap;
 }
 

@@ -22,6 +22,8 @@ ShapePopup::ShapePopup(QWidget *parent) : QFrame(parent, Qt::Popup), grid_(new S
     setObjectName(QStringLiteral("ShapePopup"));
     setAccessibleName(tr("Shapes"));
     setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base); // like the list: the line for a name is seen only while it has one
     auto *whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(grid_);

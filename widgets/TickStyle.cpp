@@ -1,10 +1,14 @@
 #include "widgets/TickStyle.h"
 
+#include "widgets/PaintedIconEngine.h"
+
 #include <algorithm>
 #include <cmath>
 #include <QApplication>
+#include <QIconEngine>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPointer>
 #include <QStyleOption>
 
 namespace widgets {
@@ -69,6 +73,65 @@ void MakePlaceholderReadable(QLineEdit &field) {
     if (palette != field.palette()) field.setPalette(palette);
 }
 
+namespace {
+
+// Asks the style for its picture when that is to be seen.
+class LateIconEngine : public QIconEngine {
+public:
+    LateIconEngine(const QStyle &style, QStyle::StandardPixmap what) : style_(&style), what_(what) {}
+    QIconEngine *clone() const override { return new LateIconEngine(*this); }
+
+    void paint(QPainter *painter, const QRect &box, QIcon::Mode mode, QIcon::State state) override {
+        Made().paint(painter, box, Qt::AlignCenter, mode, state);
+    }
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override {
+        return Made().pixmap(size, 1, mode, state);
+    }
+    QPixmap scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State state, qreal scale) override {
+        return Made().pixmap((QSizeF(size) / scale).toSize(), scale, mode, state);
+    }
+    QSize actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state) override {
+        return Made().actualSize(size, mode, state);
+    }
+
+private:
+    const QIcon &Made() {
+        if (style_ && icon_.isNull()) icon_ = style_->standardIcon(what_);
+        return icon_;
+    }
+
+    QPointer<const QStyle> style_;
+    QStyle::StandardPixmap what_;
+    QIcon icon_;
+};
+
+// Two chevrons that point to where a bar goes on.
+class MoreEngine : public PaintedIconEngine {
+public:
+    explicit MoreEngine(Qt::Orientation along) : along_(along) {}
+    QIconEngine *clone() const override { return new MoreEngine(*this); }
+
+protected:
+    void Paint(QPainter &painter, const QSize &size, QIcon::Mode) override {
+        const qreal unit = std::min(size.width(), size.height()) / 10.0;
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(QGuiApplication::palette().color(QPalette::ButtonText), 1.3, Qt::SolidLine,
+                            Qt::RoundCap, Qt::RoundJoin));
+        painter.translate(size.width() / 2.0, size.height() / 2.0);
+        painter.scale(unit, unit);
+        if (along_ == Qt::Vertical)
+            painter.rotate(90);
+        else if (QGuiApplication::isRightToLeft())
+            painter.rotate(180);
+        for (const qreal x : {-3.5, 0.5}) painter.drawPolyline(QPolygonF{{x, -2.5}, {x + 2.5, 0}, {x, 2.5}});
+    }
+
+private:
+    Qt::Orientation along_;
+};
+
+} // namespace
+
 TickStyle::TickStyle()
     : QProxyStyle(StyleName()),
       mends_(baseStyle()->name().compare(QLatin1String("fusion"), Qt::CaseInsensitive) == 0) {}
@@ -93,6 +156,19 @@ void TickStyle::polish(QWidget *widget) {
     if (!field) return;
     field->installEventFilter(this);
     MakePlaceholderReadable(*field);
+}
+
+QIcon TickStyle::standardIcon(StandardPixmap icon, const QStyleOption *option, const QWidget *widget) const {
+    switch (icon) {
+    case SP_ToolBarHorizontalExtensionButton:
+        return QIcon(new MoreEngine(Qt::Horizontal));
+    case SP_ToolBarVerticalExtensionButton:
+        return QIcon(new MoreEngine(Qt::Vertical));
+    case SP_LineEditClearButton:
+        return QIcon(new LateIconEngine(*baseStyle(), icon));
+    default:
+        return QProxyStyle::standardIcon(icon, option, widget);
+    }
 }
 
 void TickStyle::unpolish(QWidget *widget) {

@@ -22,6 +22,10 @@ public:
     void polish(QWidget *widget) override;
     void unpolish(QWidget *widget) override;
     using QProxyStyle::polish, QProxyStyle::unpolish;
+    // The arrows of a bar that has more than it has room for have the colour of its texts, and the picture
+    // for clearing a field is read when it is first painted.
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption *option = nullptr,
+                       const QWidget *widget = nullptr) const override;
     bool eventFilter(QObject *watched, QEvent *event) override; // of fields: their colours may differ now
     int styleHint(StyleHint hint, const QStyleOption *option = nullptr, const QWidget *widget = nullptr,
                   QStyleHintReturn *result = nullptr) const override;

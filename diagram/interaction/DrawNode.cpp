@@ -1,6 +1,6 @@
 #include "diagram/interaction/DrawNode.h"
 
-#include "diagram/interaction/PlaceNode.h"
+#include "diagram/interaction/NewNode.h"
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/interaction/Snap.h"
@@ -50,14 +50,17 @@ std::unique_ptr<Gesture> DrawNode::Move(const PointerInput &input) {
     return nullptr;
 }
 
+// Too small a box was no drag: it only ends the selection.
 void DrawNode::Commit(const PointerInput &input) {
     const QRectF box = Box(input);
-    ChangeSelection(surface_, [&] {
-        surface_.UnselectAll();
-        if (box.width() < kDragDistance * input.pixel.width()) return;
-        if (box.height() < kDragDistance * input.pixel.height()) return;
-        AddNodeIn(surface_, stage_.Days(), box, shape_);
-    });
+    const QSizeF least = kDragDistance * input.pixel;
+    if (box.width() < least.width() || box.height() < least.height())
+        return ChangeSelection(surface_, [&] { surface_.UnselectAll(); });
+    NewNode node;
+    node.place = box;
+    node.shape = shape_;
+    node.days = &stage_.Days();
+    AddNewNode(surface_, node);
 }
 
 void DrawNode::Show(Overlay &overlay) const {

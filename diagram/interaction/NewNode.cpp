@@ -1,5 +1,6 @@
 #include "diagram/interaction/NewNode.h"
 
+#include "diagram/interaction/GrowPage.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/interaction/Snap.h"
 #include "diagram/model/Surface.h"
@@ -53,6 +54,7 @@ Node *AddNewNode(Surface &surface, const NewNode &wanted) {
         added = node.Id();
         surface.UnselectAll();
         node.SetSelected(true);
+        if (wanted.days) GrowPage(surface, *wanted.days, wanted.place);
         RaiseAdded(surface, node, surface.FindNode(wanted.like));
         LinkTo(surface, added, wanted);
     });

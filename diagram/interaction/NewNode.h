@@ -1,4 +1,4 @@
-// Adds a node that isn't drawn by a drag.
+// Adds a node.
 #pragma once
 
 #include "diagram/model/Item.h"
@@ -10,6 +10,7 @@
 
 namespace diagram {
 
+class DayStrip;
 class Node;
 class Scene;
 class Surface;
@@ -24,6 +25,7 @@ struct NewNode {
     ItemId like = kNoItem;       // a node whose look, level and groups it takes over
     ItemId linkedFrom = kNoItem; // the start of a link to it
     int linkStyle = 0;
+    DayStrip *days = nullptr; // where there is one, the place may lie beyond the edge: the page grows there
 };
 
 // The node becomes the selection. One step, with AfterAddNode, AfterAddLink for a link, and AfterSelect. Null

@@ -7,13 +7,8 @@
 
 namespace diagram {
 
-class DayStrip;
 class Scene;
 class Surface;
-
-// Adds a node with the surface's defaults, but in that shape where one is given, and makes it the selection;
-// AfterAddNode. The page grows where it must. The caller opens the group.
-void AddNodeIn(Surface &surface, DayStrip &days, const QRectF &box, std::optional<int> shape);
 
 // A node of the usual size around the pointer, drawn to guides and to the grid like one that is moved; it
 // stays on the surface.

@@ -238,6 +238,8 @@ TEST_F(Exchange, AReplacingImportThatFailsLeavesTheSliceAsItWas) {
 TEST_F(Exchange, AnImportIntoANewSliceThatFailsLeavesNoSliceBehind) {
     MakeTable();
     AppendToTable("\"Link\"\r\n");
+    window.clsSettings().Dirty = false;
+    document::MarkSaved(window);
     desktop.ExpectMessage(kQuestion, support::Answer::No);
     desktop.ExpectInput(QStringLiteral("Name for Slice."), QStringLiteral("Imported"));
     desktop.ExpectMessageContaining(QStringLiteral("Row 3, column"));
@@ -246,6 +248,19 @@ TEST_F(Exchange, AnImportIntoANewSliceThatFailsLeavesNoSliceBehind) {
     EXPECT_EQ(window.AddFlow1().Count(), 1);
     EXPECT_EQ(window.TabStrip().TheTab(), 0);
     EXPECT_EQ(Texts(0), QStringList{"Idea"});
+    EXPECT_FALSE(window.clsSettings().Dirty);
+    EXPECT_FALSE(document::MustAskBeforeLosing(window)) << "nothing has changed";
+}
+
+TEST_F(Exchange, AnImportThatFailsLeavesUnsavedWorkUnsaved) {
+    MakeTable();
+    AppendToTable("\"Link\"\r\n");
+    window.clsSettings().Dirty = true;
+    desktop.ExpectMessage(kQuestion, support::Answer::No);
+    desktop.ExpectInput(QStringLiteral("Name for Slice."), QStringLiteral("Imported"));
+    desktop.ExpectMessageContaining(QStringLiteral("Row 3, column"));
+    Import(3);
+    EXPECT_TRUE(window.clsSettings().Dirty);
 }
 
 // So many rows take far longer than anybody waits.
@@ -270,9 +285,7 @@ TEST_F(Exchange, EscapeGivesALongImportUpWithNothingChanged) {
         EXPECT_EQ(bar->Doing(), QStringLiteral("Importing was given up."));
         EXPECT_EQ(window.TabStrip().TabCount(), 1);
         EXPECT_EQ(Texts(0), QStringList{"Idea"});
-        if (where == support::Answer::Yes) {
-            EXPECT_FALSE(document::MustAskBeforeLosing(window));
-        }
+        EXPECT_FALSE(document::MustAskBeforeLosing(window));
         EXPECT_EQ(window.CurrentSurface().CanUndo(), couldUndo);
         EXPECT_EQ(window.MousePointer(), document::pointer::kNormal);
     }

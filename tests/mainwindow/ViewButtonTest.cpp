@@ -207,4 +207,23 @@ TEST_F(ViewButtons, OfAFileThatMayOnlyBeReadAreChosenLikeAnyOther) {
     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
 }
 
+// At the height of the text's middle, behind the text.
+TEST_F(ViewButtons, TheChevronStandsBesideTheText) {
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        ViewButton &button = Button(window);
+        button.setLayoutDirection(direction);
+        button.resize(button.sizeHint());
+        const QRect place = button.Chevron();
+        EXPECT_TRUE(button.rect().contains(place));
+        EXPECT_LE(qAbs(place.center().y() - button.rect().center().y()), 1);
+        EXPECT_EQ(place.center().x() > button.rect().center().x(), direction == Qt::LeftToRight);
+        const QImage picture = button.grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+        int darkest = 255;
+        for (int y = place.top(); y <= place.bottom(); ++y)
+            for (int x = place.left(); x <= place.right(); ++x)
+                darkest = qMin(darkest, qGray(picture.pixel(x, y)));
+        EXPECT_LT(darkest, 128) << "it is drawn there";
+    }
+}
+
 } // namespace mainwindow::testing

@@ -219,4 +219,16 @@ TEST(ShapePopup, GoesWithAChoiceAndWithEscape) {
     EXPECT_EQ(chosen.first().first().toInt(), 15);
 }
 
+// Without a name to show, the line for it is no band below the pictures.
+TEST(ShapePopup, HasOneGround) {
+    QWidget window;
+    ShapePopup popup(&window);
+    popup.PopUp(QRect(20, 20, 30, 30));
+    const QImage picture = popup.grab().toImage();
+    const QRect name(popup.Grid().Name().mapTo(&popup, QPoint()), popup.Grid().Name().size());
+    EXPECT_EQ(picture.pixelColor(name.center()), popup.palette().color(QPalette::Base));
+    EXPECT_EQ(picture.pixelColor(2, name.top() - 2), popup.palette().color(QPalette::Base));
+    popup.hide();
+}
+
 } // namespace widgets::testing

@@ -140,4 +140,55 @@ TEST(TickStyles, ButtonsOfDialogsShowNoPictures) {
     EXPECT_EQ(style.styleHint(QStyle::SH_UnderlineShortcut), 1);
 }
 
+// Of the darkest or lightest pixel of a picture on a window of that colour.
+double ContrastOf(const QIcon &icon, const QColor &window) {
+    QImage image(10, 20, QImage::Format_ARGB32_Premultiplied);
+    image.fill(window);
+    QPainter painter(&image);
+    icon.paint(&painter, image.rect());
+    painter.end();
+    double most = 1;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            most = std::max(most, Contrast(image.pixelColor(x, y), window));
+    return most;
+}
+
+TEST(TickStyles, TheArrowsOfABarWithoutRoomAreSeenOnAnyPalette) {
+    const TickStyle style;
+    for (const bool dark : {false, true}) {
+        const QPalette palette = Palette(dark);
+        QApplication::setPalette(palette);
+        for (const QStyle::StandardPixmap arrows :
+             {QStyle::SP_ToolBarHorizontalExtensionButton, QStyle::SP_ToolBarVerticalExtensionButton})
+            EXPECT_GE(ContrastOf(style.standardIcon(arrows), palette.color(QPalette::Window)), 4.5);
+    }
+    QApplication::setPalette(QPalette());
+}
+
+TEST(TickStyles, TheArrowsPointToWhereTheBarGoesOn) {
+    const QIcon icon = TickStyle().standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton);
+    const QImage right = icon.pixmap(10, 20).toImage();
+    EXPECT_NE(right, right.mirrored(true, false));
+    EXPECT_EQ(right, right.mirrored(false, true));
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    const QImage left =
+        TickStyle().standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton).pixmap(10, 20).toImage();
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    EXPECT_EQ(left, right.mirrored(true, false));
+}
+
+TEST(TickStyles, ThePictureForClearingAFieldIsTheStylesOwn) {
+    const TickStyle style;
+    const QIcon ours = style.standardIcon(QStyle::SP_LineEditClearButton);
+    const QIcon theirs = style.baseStyle()->standardIcon(QStyle::SP_LineEditClearButton);
+    ASSERT_FALSE(theirs.isNull());
+    EXPECT_FALSE(ours.isNull());
+    for (const double ratio : {1.0, 2.0}) {
+        const QPixmap here = ours.pixmap(QSize(16, 16), ratio), there = theirs.pixmap(QSize(16, 16), ratio);
+        EXPECT_EQ(here.toImage(), there.toImage());
+        EXPECT_EQ(here.devicePixelRatio(), there.devicePixelRatio());
+    }
+}
+
 } // namespace widgets::testing
