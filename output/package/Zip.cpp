@@ -2,131 +2,86 @@
 
 #include "support/Error.h"
 
-#include <QSet>
-#include <QtEndian>
-#include <zlib.h>
+#include <memory>
+#include <zip.h>
 
 namespace package {
 
 namespace {
 
-// Marks, fields and their order are those of PKWARE's APPNOTE.TXT, sections 4.3.7, 4.3.12 and 4.3.16.
-constexpr quint32 kLocal = 0x04034b50, kCentral = 0x02014b50, kEnd = 0x06054b50;
-constexpr quint16 kVersion = 20;   // 2.0: folders, deflate
-constexpr quint16 kUtf8 = 1 << 11; // flag: the name is UTF-8
-constexpr quint16 kStored = 0, kDeflated = 8;
-constexpr quint16 kFirstDay = 1 << 5 | 1; // 1 January 1980
-constexpr int kLevel = 6, kMemory = 8;    // of the compression
-constexpr qsizetype kMostBytes = 0xfffffffe, kMostEntries = 0xfffe;
+constexpr zip_uint16_t kFirstDay = 1 << 5 | 1; // 1 January 1980
+constexpr zip_int32_t kLevel = 6;
 
-[[noreturn]] void Raise(const QString &text) {
-    throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("ZipFile"), text);
+[[noreturn]] void Raise(const char *text) {
+    throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("ZipFile"),
+                         QString::fromUtf8(text));
 }
 
 [[noreturn]] void RaiseNoMemory() {
     throw support::Error(7, QStringLiteral("ZipFile"), QStringLiteral("Out of memory"));
 }
 
-template <typename Number>
-void Put(QByteArray &to, Number number) {
-    char bytes[sizeof number];
-    qToLittleEndian(number, bytes);
-    to.append(bytes, sizeof number);
-}
-
-// Without the frame that zlib would put around it.
-QByteArray Deflated(const QByteArray &bytes) {
-    z_stream stream{};
-    if (deflateInit2(&stream, kLevel, Z_DEFLATED, -MAX_WBITS, kMemory, Z_DEFAULT_STRATEGY) != Z_OK)
-        RaiseNoMemory();
-    QByteArray packed(qsizetype(deflateBound(&stream, uLong(bytes.size()))), Qt::Uninitialized);
-    stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(bytes.constData()));
-    stream.avail_in = uInt(bytes.size());
-    stream.next_out = reinterpret_cast<Bytef *>(packed.data());
-    stream.avail_out = uInt(packed.size());
-    const bool whole = deflate(&stream, Z_FINISH) == Z_STREAM_END;
-    packed.truncate(qsizetype(stream.total_out));
-    deflateEnd(&stream);
-    if (!whole) Raise(QStringLiteral("The archive can't be packed."));
-    return packed;
-}
-
-class Archive {
-public:
-    void Add(const ZipEntry &entry) {
-        CheckSize(entry.bytes.size());
-        const QByteArray name = entry.name.toUtf8();
-        const QByteArray content = entry.packed ? Deflated(entry.bytes) : entry.bytes;
-        CheckSize(file_.size() + content.size() + name.size());
-        const QByteArray facts = FactsOf(entry, name, content);
-        NoteEntry(name, facts);
-        Put(file_, kLocal);
-        file_ += facts + name + content;
+// The bytes that the archive is written to.
+struct Target {
+    Target() : source(zip_source_buffer_create(nullptr, 0, 0, nullptr)) {
+        if (!source) RaiseNoMemory();
+        zip_source_keep(source); // the archive takes one of the two holds
     }
+    ~Target() { zip_source_free(source); }
+    Target(const Target &) = delete;
+    Target &operator=(const Target &) = delete;
 
     QByteArray Bytes() const {
-        CheckSize(file_.size() + directory_.size());
-        QByteArray bytes = file_ + directory_;
-        Put(bytes, kEnd);
-        Put(bytes, quint32(0)); // of disks there is but the first
-        Put(bytes, quint16(count_));
-        Put(bytes, quint16(count_));
-        Put(bytes, quint32(directory_.size()));
-        Put(bytes, quint32(file_.size()));
-        Put(bytes, quint16(0)); // no comment
+        if (zip_source_open(source) < 0) Raise(zip_error_strerror(zip_source_error(source)));
+        zip_source_seek(source, 0, SEEK_END);
+        QByteArray bytes(qsizetype(zip_source_tell(source)), Qt::Uninitialized);
+        zip_source_seek(source, 0, SEEK_SET);
+        const bool whole = zip_source_read(source, bytes.data(), zip_uint64_t(bytes.size())) == bytes.size();
+        zip_source_close(source);
+        if (!whole) Raise("The archive can't be read back.");
         return bytes;
     }
 
-private:
-    static void CheckSize(qsizetype size) {
-        if (size > kMostBytes) Raise(QStringLiteral("The archive is too large."));
-    }
-
-    // What stands before the name in both places.
-    static QByteArray FactsOf(const ZipEntry &entry, const QByteArray &name, const QByteArray &content) {
-        const bool plain = name.size() == entry.name.size();
-        QByteArray facts;
-        Put(facts, kVersion);
-        Put(facts, plain ? quint16(0) : kUtf8);
-        Put(facts, entry.packed ? kDeflated : kStored);
-        Put(facts, quint16(0)); // midnight
-        Put(facts, kFirstDay);
-        const auto *bytes = reinterpret_cast<const Bytef *>(entry.bytes.constData());
-        Put(facts, quint32(crc32(crc32(0, nullptr, 0), bytes, uInt(entry.bytes.size()))));
-        Put(facts, quint32(content.size()));
-        Put(facts, quint32(entry.bytes.size()));
-        Put(facts, quint16(name.size()));
-        Put(facts, quint16(0)); // nothing more
-        return facts;
-    }
-
-    void NoteEntry(const QByteArray &name, const QByteArray &facts) {
-        if (++count_ > kMostEntries) Raise(QStringLiteral("The archive has too many entries."));
-        Put(directory_, kCentral);
-        Put(directory_, kVersion); // that made it
-        directory_ += facts;
-        Put(directory_, quint32(0)); // no comment, the first disk
-        Put(directory_, quint16(0)); // bytes, not text
-        Put(directory_, quint32(0)); // no attributes
-        Put(directory_, quint32(file_.size()));
-        directory_ += name;
-    }
-
-    QByteArray file_, directory_;
-    qsizetype count_ = 0;
+    zip_source_t *source;
 };
+
+using Archive = std::unique_ptr<zip_t, decltype(&zip_discard)>;
+
+Archive Open(const Target &target) {
+    zip_error_t error;
+    zip_error_init(&error);
+    zip_t *archive = zip_open_from_source(target.source, ZIP_TRUNCATE, &error);
+    zip_error_fini(&error);
+    if (!archive) {
+        zip_source_free(target.source);
+        RaiseNoMemory();
+    }
+    return {archive, zip_discard};
+}
+
+// The bytes aren't copied: they outlive the archive.
+void Add(zip_t *archive, const ZipEntry &entry) {
+    zip_source_t *content =
+        zip_source_buffer(archive, entry.bytes.constData(), zip_uint64_t(entry.bytes.size()), 0);
+    if (!content) RaiseNoMemory();
+    const zip_int64_t at = zip_file_add(archive, entry.name.toUtf8().constData(), content, ZIP_FL_ENC_UTF_8);
+    if (at < 0) {
+        zip_source_free(content);
+        Raise(zip_strerror(archive));
+    }
+    zip_set_file_compression(archive, zip_uint64_t(at), entry.packed ? ZIP_CM_DEFLATE : ZIP_CM_STORE, kLevel);
+    zip_file_set_dostime(archive, zip_uint64_t(at), 0, kFirstDay, 0);
+}
 
 } // namespace
 
 QByteArray ZipFile(const std::vector<ZipEntry> &entries) {
-    Archive archive;
-    QSet<QString> names;
-    for (const ZipEntry &entry : entries) {
-        if (names.contains(entry.name)) Raise(QStringLiteral("%1 stands twice.").arg(entry.name));
-        names.insert(entry.name);
-        archive.Add(entry);
-    }
-    return archive.Bytes();
+    const Target target;
+    Archive archive = Open(target);
+    for (const ZipEntry &entry : entries) Add(archive.get(), entry);
+    if (zip_close(archive.get()) < 0) Raise(zip_strerror(archive.get()));
+    (void)archive.release();
+    return target.Bytes();
 }
 
 } // namespace package

@@ -14,8 +14,8 @@ struct ZipEntry {
 };
 
 // The entries in their order. The same entries give the same bytes: each has the first moment that the format
-// knows. Error 7 "Out of memory" when there is too little; 5 for a name that stands twice, and for what has
-// no place in the plain format: 4 GiB or more, 65535 entries or more.
+// knows. Error 7 "Out of memory" when there is too little, 5 with the library's words for a name that stands
+// twice or anything else.
 QByteArray ZipFile(const std::vector<ZipEntry> &entries);
 
 } // namespace package
