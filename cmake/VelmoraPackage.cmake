@@ -17,6 +17,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libcups2, libzip4") # loaded when they are needed
 # The fonts have the metrics of those that maps of other machines name; xdg-utils opens the help, attachments and addresses; the
 # others keep the caches of the desktop.
 set(recommended fonts-liberation fonts-crosextra-carlito fonts-crosextra-caladea xdg-utils shared-mime-info desktop-file-utils

@@ -1,9 +1,9 @@
 #include "output/package/Zip.h"
 
+#include "output/package/ZipLibrary.h"
 #include "support/Error.h"
 
 #include <memory>
-#include <zip.h>
 
 namespace package {
 
@@ -23,21 +23,23 @@ constexpr zip_int32_t kLevel = 6;
 
 // The bytes that the archive is written to.
 struct Target {
-    Target() : source(zip_source_buffer_create(nullptr, 0, 0, nullptr)) {
+    Target() : source(Zip().zip_source_buffer_create(nullptr, 0, 0, nullptr)) {
         if (!source) RaiseNoMemory();
-        zip_source_keep(source); // the archive takes one of the two holds
+        Zip().zip_source_keep(source); // the archive takes one of the two holds
     }
-    ~Target() { zip_source_free(source); }
+    ~Target() { Zip().zip_source_free(source); }
     Target(const Target &) = delete;
     Target &operator=(const Target &) = delete;
 
     QByteArray Bytes() const {
-        if (zip_source_open(source) < 0) Raise(zip_error_strerror(zip_source_error(source)));
-        zip_source_seek(source, 0, SEEK_END);
-        QByteArray bytes(qsizetype(zip_source_tell(source)), Qt::Uninitialized);
-        zip_source_seek(source, 0, SEEK_SET);
-        const bool whole = zip_source_read(source, bytes.data(), zip_uint64_t(bytes.size())) == bytes.size();
-        zip_source_close(source);
+        if (Zip().zip_source_open(source) < 0)
+            Raise(Zip().zip_error_strerror(Zip().zip_source_error(source)));
+        Zip().zip_source_seek(source, 0, SEEK_END);
+        QByteArray bytes(qsizetype(Zip().zip_source_tell(source)), Qt::Uninitialized);
+        Zip().zip_source_seek(source, 0, SEEK_SET);
+        const bool whole =
+            Zip().zip_source_read(source, bytes.data(), zip_uint64_t(bytes.size())) == bytes.size();
+        Zip().zip_source_close(source);
         if (!whole) Raise("The archive can't be read back.");
         return bytes;
     }
@@ -45,32 +47,34 @@ struct Target {
     zip_source_t *source;
 };
 
-using Archive = std::unique_ptr<zip_t, decltype(&zip_discard)>;
+using Archive = std::unique_ptr<zip_t, decltype(ZipLibrary::zip_discard)>;
 
 Archive Open(const Target &target) {
     zip_error_t error;
-    zip_error_init(&error);
-    zip_t *archive = zip_open_from_source(target.source, ZIP_TRUNCATE, &error);
-    zip_error_fini(&error);
+    Zip().zip_error_init(&error);
+    zip_t *archive = Zip().zip_open_from_source(target.source, ZIP_TRUNCATE, &error);
+    Zip().zip_error_fini(&error);
     if (!archive) {
-        zip_source_free(target.source);
+        Zip().zip_source_free(target.source);
         RaiseNoMemory();
     }
-    return {archive, zip_discard};
+    return {archive, Zip().zip_discard};
 }
 
 // The bytes aren't copied: they outlive the archive.
 void Add(zip_t *archive, const ZipEntry &entry) {
     zip_source_t *content =
-        zip_source_buffer(archive, entry.bytes.constData(), zip_uint64_t(entry.bytes.size()), 0);
+        Zip().zip_source_buffer(archive, entry.bytes.constData(), zip_uint64_t(entry.bytes.size()), 0);
     if (!content) RaiseNoMemory();
-    const zip_int64_t at = zip_file_add(archive, entry.name.toUtf8().constData(), content, ZIP_FL_ENC_UTF_8);
+    const zip_int64_t at =
+        Zip().zip_file_add(archive, entry.name.toUtf8().constData(), content, ZIP_FL_ENC_UTF_8);
     if (at < 0) {
-        zip_source_free(content);
-        Raise(zip_strerror(archive));
+        Zip().zip_source_free(content);
+        Raise(Zip().zip_strerror(archive));
     }
-    zip_set_file_compression(archive, zip_uint64_t(at), entry.packed ? ZIP_CM_DEFLATE : ZIP_CM_STORE, kLevel);
-    zip_file_set_dostime(archive, zip_uint64_t(at), 0, kFirstDay, 0);
+    Zip().zip_set_file_compression(archive, zip_uint64_t(at), entry.packed ? ZIP_CM_DEFLATE : ZIP_CM_STORE,
+                                   kLevel);
+    Zip().zip_file_set_dostime(archive, zip_uint64_t(at), 0, kFirstDay, 0);
 }
 
 } // namespace
@@ -79,7 +83,7 @@ QByteArray ZipFile(const std::vector<ZipEntry> &entries) {
     const Target target;
     Archive archive = Open(target);
     for (const ZipEntry &entry : entries) Add(archive.get(), entry);
-    if (zip_close(archive.get()) < 0) Raise(zip_strerror(archive.get()));
+    if (Zip().zip_close(archive.get()) < 0) Raise(Zip().zip_strerror(archive.get()));
     (void)archive.release();
     return target.Bytes();
 }

@@ -1,10 +1,10 @@
 #include "support/posix/printing/CupsLibrary.h"
 
 #include "support/Error.h"
+#include "support/LateLibrary.h"
 #include "support/Printers.h"
 
 #include <QCoreApplication>
-#include <QLibrary>
 
 namespace support {
 
@@ -12,30 +12,27 @@ namespace {
 
 constexpr int kVersion = 2; // of the library's binary interface
 
-template <typename Function>
-void Resolve(QLibrary &library, const char *name, Function &function) {
-    function = reinterpret_cast<Function>(library.resolve(name));
-    if (!function)
+CupsLibrary Load() {
+    LateLibrary library(QStringLiteral("cups"), kVersion);
+    const auto resolve = [&library](const char *name, auto &function) {
+        if (library.Resolve(name, function)) return;
         throw Error(kErrPrinter, QStringLiteral("Printers"),
                     QCoreApplication::translate("Printers", "The print system can't be reached:\n%1")
-                        .arg(library.errorString()));
-}
-
-CupsLibrary Load() {
-    QLibrary library(QStringLiteral("cups"), kVersion);
+                        .arg(library.Why()));
+    };
     CupsLibrary cups{};
-    Resolve(library, "cupsAddOption", cups.cupsAddOption);
-    Resolve(library, "cupsCancelJob2", cups.cupsCancelJob2);
-    Resolve(library, "cupsCreateJob", cups.cupsCreateJob);
-    Resolve(library, "cupsFinishDocument", cups.cupsFinishDocument);
-    Resolve(library, "cupsFreeDests", cups.cupsFreeDests);
-    Resolve(library, "cupsFreeOptions", cups.cupsFreeOptions);
-    Resolve(library, "cupsGetNamedDest", cups.cupsGetNamedDest);
-    Resolve(library, "cupsGetOption", cups.cupsGetOption);
-    Resolve(library, "cupsLastError", cups.cupsLastError);
-    Resolve(library, "cupsLastErrorString", cups.cupsLastErrorString);
-    Resolve(library, "cupsStartDocument", cups.cupsStartDocument);
-    Resolve(library, "cupsWriteRequestData", cups.cupsWriteRequestData);
+    resolve("cupsAddOption", cups.cupsAddOption);
+    resolve("cupsCancelJob2", cups.cupsCancelJob2);
+    resolve("cupsCreateJob", cups.cupsCreateJob);
+    resolve("cupsFinishDocument", cups.cupsFinishDocument);
+    resolve("cupsFreeDests", cups.cupsFreeDests);
+    resolve("cupsFreeOptions", cups.cupsFreeOptions);
+    resolve("cupsGetNamedDest", cups.cupsGetNamedDest);
+    resolve("cupsGetOption", cups.cupsGetOption);
+    resolve("cupsLastError", cups.cupsLastError);
+    resolve("cupsLastErrorString", cups.cupsLastErrorString);
+    resolve("cupsStartDocument", cups.cupsStartDocument);
+    resolve("cupsWriteRequestData", cups.cupsWriteRequestData);
     return cups;
 }
 
