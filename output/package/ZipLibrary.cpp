@@ -9,7 +9,7 @@ namespace package {
 
 namespace {
 
-constexpr int kVersion = 5; // of the library's binary interface
+constexpr int kVersion = 4; // of the library's binary interface
 
 ZipLibrary Load() {
     support::LateLibrary library(QStringLiteral("zip"), kVersion);
