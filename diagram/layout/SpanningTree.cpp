@@ -72,18 +72,29 @@ private:
     std::size_t next_ = 0;
 };
 
+// Whether going on from parent to parent always comes to an end.
+bool EndsAtRoots(const std::vector<int> &parents) {
+    std::vector<std::size_t> walkedBy(parents.size(), parents.size());
+    for (std::size_t first = 0; first < parents.size(); ++first)
+        for (int box = int(first); box >= 0; box = parents[std::size_t(box)]) {
+            std::size_t &walk = walkedBy[std::size_t(box)];
+            if (walk == first) return false;
+            if (walk < parents.size()) break;
+            walk = first;
+        }
+    return true;
+}
+
 } // namespace
 
 bool IsForest(const LayoutGraph &graph) {
     std::vector<int> parents(graph.sizes.size(), -1);
-    std::size_t edges = 0;
     for (const LayoutEdge &edge : graph.edges) {
         int &parent = parents[std::size_t(edge.to)];
         if (edge.from == edge.to || (parent >= 0 && parent != edge.from)) return false;
-        edges += parent < 0;
         parent = edge.from;
     }
-    return edges == SpanningForest(graph).edges.size();
+    return EndsAtRoots(parents);
 }
 
 LayoutGraph SpanningForest(const LayoutGraph &graph) { return Growing(graph).Forest(); }
