@@ -204,7 +204,7 @@ std::vector<QPointF> PivotPlaces(const Adjacency &neighbours, double edge) {
 }
 
 void Majorize(const StressTerms &terms, std::vector<QPointF> &places, double edge, Progress &progress) {
-    constexpr double kTerms = 6e7; // in all, about a quarter of a second
+    constexpr double kTerms = 4.5e7; // in all, about a quarter of a second
     double each = 1;
     for (const auto &list : terms) each += double(list.size());
     const int rounds = int(std::clamp(kTerms / each, 30.0, 300.0));
