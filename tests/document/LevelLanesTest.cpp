@@ -3,6 +3,7 @@
 #include "diagram/model/Surface.h"
 #include "document/cLevels.h"
 #include "document/Tags.h"
+#include "support/testing/ScriptedDesktop.h"
 
 #include <gmock/gmock.h>
 
@@ -10,6 +11,7 @@ namespace document {
 namespace {
 
 TEST(LanesByLevel, FollowTheOrderOfTheList) {
+    support::testing::ScriptedDesktop desktop; // keys are drawn from it
     cLevels levels;
     const QString high = levels.Create(QStringLiteral("High"), true, support::kWhite).Key;
     const QString low = levels.Create(QStringLiteral("Low"), true, support::kWhite).Key;
