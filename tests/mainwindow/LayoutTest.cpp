@@ -1,3 +1,4 @@
+#include "diagram/view/Glide.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 #include "mainwindow/cStatusBar.h"
@@ -12,6 +13,7 @@
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QProgressBar>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -130,6 +132,30 @@ TEST_F(Layout, ByLevelPutsEachLevelOfTheListIntoALane) {
     EXPECT_LT(left.Left() + left.Width(), top.Left());
     EXPECT_EQ(top.Left(), right.Left());
     EXPECT_LT(top.Top(), right.Top());
+}
+
+// A desktop that animates things, for longer than the test takes.
+class Animated : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *data) const override {
+        constexpr int kLong = 100000;
+        return hint == SH_Widget_Animation_Duration ? kLong
+                                                    : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
+TEST_F(Layout, NodesAreSeenOnTheirWayOnceTheStepIsOver) {
+    Animated style;
+    window.CurrentView().setStyle(&style);
+    for (const char *key : {"mnuLayoutHExecute", "mnuLayoutTreeExecute", "mnuLayoutRadial"}) {
+        top.SetTop(9000);
+        Run(key);
+        EXPECT_TRUE(diagram::Glide::GoesOnIn(window.CurrentView())) << key;
+        Run("mnuEditUndo");
+        EXPECT_FALSE(diagram::Glide::GoesOnIn(window.CurrentView())) << key;
+    }
+    window.CurrentView().setStyle(nullptr);
 }
 
 TEST_F(Layout, LayoutsLeaveTheMapUnmarked) {
