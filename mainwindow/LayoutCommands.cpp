@@ -70,7 +70,7 @@ void WithoutAWord(Body &&body) {
 }
 
 // What is no tree is laid out by a spanning tree of it; what fails stays as it is, without a word. The months
-// are arranged all the same, unless it was given up.
+// are arranged all the same.
 void mnuLayoutTreeExecute(frmMain &window) {
     auto result = diagram::LayoutResult::LaidOut;
     Execute(window, [&](LongTask &task) {
