@@ -1,6 +1,7 @@
 #include "benchmarks/CommandFigures.h"
 #include "benchmarks/RawDot.h"
 #include "diagram/layout/Layout.h"
+#include "diagram/layout/Layouts.h"
 #include "diagram/layout/TidyTree.h"
 #include "diagram/model/Surface.h"
 
@@ -96,6 +97,17 @@ void AddTreeOnSurface(Figures &figures, int nodes, double bound) {
                        time, QStringLiteral("ms"), bound, QString()});
 }
 
+// The whole command without a window.
+void AddKind(Figures &figures, const char *name, int nodes, double bound) {
+    diagram::Surface surface;
+    FillPlan(surface, nodes);
+    const diagram::LayoutRow &row = *diagram::FindLayout(QLatin1String(name));
+    const double time = BestOf([&] { return TimeOf([&] { row.layOut(surface, {}); }); });
+    figures.push_back({QStringLiteral("%1 layout of %2 nodes")
+                           .arg(QLatin1String(name), QLocale(QLocale::English).toString(nodes)),
+                       time, QStringLiteral("ms"), bound, QString()});
+}
+
 } // namespace
 
 Figures LayoutFigures() {
@@ -105,6 +117,11 @@ Figures LayoutFigures() {
     AddTree(figures, 100000, 300);
     AddTreeOnSurface(figures, 1000, 2);
     AddTreeOnSurface(figures, 100000, 300);
+    AddKind(figures, "organic", 1000, 500);
+    AddKind(figures, "organic", 10000, 5000);
+    AddKind(figures, "radial", 1000, 50);
+    AddKind(figures, "circular", 1000, 500);
+    AddKind(figures, "levels", 1000, 50);
     return figures;
 }
 

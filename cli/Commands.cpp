@@ -31,6 +31,14 @@ constexpr Command kCommands[] = {
     {"import", Import, false,
      "import FILE.csv MAP [--slice N|--new]\n"
      "      adds what a text file of columns holds to a slice of the map, or to a new one"},
+    {"layout", Layout, false,
+     "layout IN OUT --engine hierarchical|tree|radial|organic|circular|levels [--slice N]\n"
+     "         [--direction down|up|right|left]\n"
+     "      writes the map IN as the map OUT with a slice, counted from 1, laid out"},
+    {"route", Route, false,
+     "route IN OUT [--slice N]\n"
+     "      writes the map IN as the map OUT with the links of a slice, counted from 1, routed anew, but for "
+     "those\n      that were bent by hand"},
     {"picture", Picture, true,
      "picture FILE [--slice N] [SIZE] OUT.png|OUT.svg|OUT.pdf|OUT.wmf|OUT.emf\n"
      "  picture FILE --all FOLDER [--format png|svg|pdf|wmf|emf] [SIZE]\n"

@@ -59,5 +59,7 @@ int Recovered(QStringList arguments, QTextStream &out);
 int Template(QStringList arguments, QTextStream &out);
 int Csv(QStringList arguments, QTextStream &out);
 int Import(QStringList arguments, QTextStream &out);
+int Layout(QStringList arguments, QTextStream &out);
+int Route(QStringList arguments, QTextStream &out);
 
 } // namespace cli

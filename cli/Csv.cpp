@@ -40,13 +40,6 @@ diagram::Surface &AddSlice(document::MemoryWindow &window, const QString &file) 
     return slice;
 }
 
-// The strip of months is laid out along the edges of what is seen: here the page that the content needs.
-void GiveSize(diagram::Surface &slice) {
-    constexpr float kWidth = 15000, kHeight = 10000; // twips
-    const QRectF extent = slice.Extent();
-    slice.SetSize(std::max(kWidth, float(extent.right())), std::max(kHeight, float(extent.bottom())));
-}
-
 } // namespace
 
 int Csv(QStringList arguments, QTextStream &out) {

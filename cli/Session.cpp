@@ -102,6 +102,12 @@ void ShowOnly(document::MapWindow &window, const output::FilterChoice &choice, Q
                    .arg(choice.view, missing.join(QLatin1String(", ")));
 }
 
+void GiveSize(diagram::Surface &slice) {
+    constexpr float kWidth = 15000, kHeight = 10000; // twips
+    const QRectF extent = slice.Extent();
+    slice.SetSize(std::max(kWidth, float(extent.right())), std::max(kHeight, float(extent.bottom())));
+}
+
 diagram::Surface &SliceOf(document::MapWindow &window, int number) {
     const std::vector<int> slices = window.AddFlow1().Indices();
     if (number > int(slices.size()))

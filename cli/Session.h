@@ -56,6 +56,9 @@ private:
 // Shows what the command line chose, and tells of what its view ticks and the map has no more.
 void ShowOnly(document::MapWindow &window, const output::FilterChoice &choice, QTextStream &out);
 
+// The page that the content needs: the strip of months is laid out along the edges of what is seen.
+void GiveSize(diagram::Surface &slice);
+
 // A slice, counted from 1, whose tab becomes the current one. Error 9 for one that isn't there.
 diagram::Surface &SliceOf(document::MapWindow &window, int number);
 

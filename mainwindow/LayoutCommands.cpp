@@ -1,4 +1,7 @@
-#include "diagram/layout/Layout.h"
+#include "diagram/layout/Layouts.h"
+#include "diagram/view/Glide.h"
+#include "diagram/view/SurfaceView.h"
+#include "document/LevelLanes.h"
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
 #include "mainwindow/Commands.h"
@@ -6,6 +9,7 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/frmPics.h"
 #include "mainwindow/LongTask.h"
+#include "mainwindow/WindowStatus.h"
 #include "support/Error.h"
 #include "support/Val.h"
 #include "timeline/Arrange.h"
@@ -25,13 +29,36 @@ void ArrangeTimeline(frmMain &window) {
     timeline::ArrangeTimeLineNodes(window, surface, int(align));
 }
 
+// One step; what has moved is seen on its way when the step is over.
+template <typename LayOut>
+void Execute(frmMain &window, LayOut &&layOut) {
+    const diagram::ItemPlaces before = diagram::PlacesOf(window.CurrentSurface());
+    {
+        const ActionGroup step(window.CurrentSurface());
+        LongTask task(window, QCoreApplication::translate("Layout", "Laying out"), LongTask::Bar::IsTheWorks);
+        layOut(task);
+    }
+    diagram::Glide::Begin(window.CurrentView(), before);
+}
+
+diagram::LayoutResult LayOut(frmMain &window, const char *name, const LayoutTool &tool, LongTask &task) {
+    diagram::LayoutOrder order{tool.scope, tool.options,
+                               document::LanesByLevel(window.clsSettings().Levels())};
+    order.advance = [&task](double done) { return task.GoOn(done); };
+    return diagram::FindLayout(QLatin1String(name))->layOut(window.CurrentSurface(), order);
+}
+
 void mnuLayoutHExecute(frmMain &window) {
-    const ActionGroup step(window.CurrentSurface());
-    const LayoutTool &tool = frmPics::Shared().HFlow();
-    LongTask task(window, QCoreApplication::translate("Layout", "Laying out"));
-    const bool laidOut = diagram::LayOutInLayers(window.CurrentSurface(), tool.scope, tool.options,
-                                                 [&] { return task.GoOn(); });
-    if (laidOut) ArrangeTimeline(window); // else it was given up
+    const diagram::ItemPlaces before = diagram::PlacesOf(window.CurrentSurface());
+    {
+        const ActionGroup step(window.CurrentSurface());
+        const LayoutTool &tool = frmPics::Shared().HFlow();
+        LongTask task(window, QCoreApplication::translate("Layout", "Laying out"));
+        const bool laidOut = diagram::LayOutInLayers(window.CurrentSurface(), tool.scope, tool.options,
+                                                     [&] { return task.GoOn(); });
+        if (laidOut) ArrangeTimeline(window); // else it was given up
+    }
+    diagram::Glide::Begin(window.CurrentView(), before);
 }
 
 template <typename Body>
@@ -42,13 +69,28 @@ void WithoutAWord(Body &&body) {
     }
 }
 
-// What is no tree stays as it is, without a word; the months are arranged all the same.
+// What is no tree is laid out by a spanning tree of it; what fails stays as it is, without a word. The months
+// are arranged all the same.
 void mnuLayoutTreeExecute(frmMain &window) {
-    const ActionGroup step(window.CurrentSurface());
-    const LayoutTool &tool = frmPics::Shared().TFlow();
-    WithoutAWord([&] { diagram::LayOutAsTree(window.CurrentSurface(), tool.scope, tool.options); });
-    WithoutAWord([&] { ArrangeTimeline(window); });
+    auto result = diagram::LayoutResult::LaidOut;
+    Execute(window, [&](LongTask &task) {
+        WithoutAWord([&] { result = LayOut(window, "tree", frmPics::Shared().TFlow(), task); });
+        WithoutAWord([&] { ArrangeTimeline(window); });
+    });
+    if (result == diagram::LayoutResult::AsSpanningTree)
+        window.Status().TellInPassing(QCoreApplication::translate(
+            "Layout", "This is no tree: it was laid out along some of its links, the others lead round."));
 }
+
+// The others take direction, distances and scope from the hierarchical layout.
+template <const char *kName>
+void LayOutAs(frmMain &window) {
+    Execute(window, [&](LongTask &task) {
+        const auto result = LayOut(window, kName, frmPics::Shared().HFlow(), task);
+        if (result != diagram::LayoutResult::GivenUp) ArrangeTimeline(window);
+    });
+}
+constexpr char kRadial[] = "radial", kOrganic[] = "organic", kCircular[] = "circular", kLevels[] = "levels";
 
 void ShowOptions(frmMain &window, LayoutTool &tool, const QString &title) {
     LayoutFormArgument argument{tool, title};
@@ -63,6 +105,12 @@ void mnuLayoutTreeOptions(frmMain &window) {
     ShowOptions(window, frmPics::Shared().TFlow(), QCoreApplication::translate("Layout", "Tree Layout"));
 }
 
+constexpr CommandRow Kind(const char *key, const char *caption, Routine routine, const char *image,
+                          const char *tip) {
+    return {"mnuLayout",    key,   caption, EntryKind::Command, routine, image, "", "",
+            Needs::Nothing, false, tip};
+}
+
 constexpr CommandRow kRows[] = {
     {"", "mnuLayout", "&Layout", EntryKind::Menu},
     {"mnuLayout", "mnuLayoutHExecute", "Hierarchical", EntryKind::Command, mnuLayoutHExecute, "layers"},
@@ -72,6 +120,15 @@ constexpr CommandRow kRows[] = {
      mnuLayoutHOptions},
     {"mnuLayout", "mnuLayoutTreeOptions", "&Tree layout options...", EntryKind::Command,
      mnuLayoutTreeOptions},
+    Separator("mnuLayout", "mnuLayoutSep2"),
+    Kind("mnuLayoutRadial", "&Radial", LayOutAs<kRadial>, "radial",
+         "Rings around the middle; star, mind map"),
+    Kind("mnuLayoutOrganic", "&Organic", LayOutAs<kOrganic>, "organic",
+         "As springs would draw it; network, force"),
+    Kind("mnuLayoutCircular", "&Circular", LayOutAs<kCircular>, "circular",
+         "On circles with few crossings; ring"),
+    Kind("mnuLayoutLevels", "By &Level", LayOutAs<kLevels>, "lanes",
+         "A lane for each Level; swim lanes, grid"),
 };
 
 } // namespace

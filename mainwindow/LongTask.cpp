@@ -10,7 +10,13 @@ namespace mainwindow {
 namespace {
 
 constexpr qint64 kPatience = 500; // milliseconds
-constexpr int kSteps = 99;        // of the progress bar; then it begins again
+constexpr int kFull = 99;         // per cent: the bar is never full while the work lasts
+
+// Of a bar for work whose end nobody knows: on and on, more and more slowly.
+double ShareAfter(qint64 milliseconds) {
+    constexpr double kHalf = 5000;
+    return double(milliseconds) / (double(milliseconds) + kHalf);
+}
 
 bool IsInput(QEvent::Type type) {
     switch (type) {
@@ -60,10 +66,15 @@ bool LongTask::GoOn() {
     const qint64 elapsed = running_.elapsed();
     if (elapsed < kPatience) return true;
     if (!shown_) Begin();
-    constexpr qint64 kMillisecondsOfStep = 50;
-    if (bar_ == Bar::Runs) window_->SetProgress(1 + int(elapsed / kMillisecondsOfStep % kSteps));
+    if (bar_ == Bar::Runs) window_->SetProgress(1 + int((kFull - 1) * ShareAfter(elapsed)));
     window_->LetEventsRun(QEventLoop::AllEvents);
     return !givenUp_ && window_;
+}
+
+bool LongTask::GoOn(double done) {
+    percent_ = std::max(percent_, int(kFull * std::clamp(done, 0.0, 1.0)));
+    if (shown_ && window_) window_->SetProgress(percent_);
+    return GoOn();
 }
 
 // Closing, too, waits until the work is done.

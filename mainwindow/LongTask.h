@@ -23,6 +23,8 @@ public:
 
     // False once the user has pressed Escape, or the window is gone.
     bool GoOn();
+    // The same for work that knows how much of it is done, 0 to 1: the progress bar never runs backwards.
+    bool GoOn(double done);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -34,6 +36,7 @@ private:
     QString doing_;
     Bar bar_;
     QElapsedTimer running_;
+    int percent_ = 0;
     bool shown_ = false;
     bool givenUp_ = false;
 };

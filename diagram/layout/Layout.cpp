@@ -1,5 +1,6 @@
 #include "diagram/layout/Layout.h"
 
+#include "diagram/layout/SpanningTree.h"
 #include "diagram/layout/TidyTree.h"
 #include "diagram/model/Surface.h"
 
@@ -71,9 +72,11 @@ bool LayOutInLayers(Surface &surface, LayoutScope scope, const LayoutOptions &op
     return centres.has_value();
 }
 
-void LayOutAsTree(Surface &surface, LayoutScope scope, const LayoutOptions &options) {
+bool LayOutAsTree(Surface &surface, LayoutScope scope, const LayoutOptions &options) {
     const LayoutSubject subject = SubjectOf(surface, scope);
-    PlaceNodes(surface, subject, TidyTree(subject.graph, options));
+    const bool isForest = IsForest(subject.graph);
+    PlaceNodes(surface, subject, TidyTree(isForest ? subject.graph : SpanningForest(subject.graph), options));
+    return isForest;
 }
 
 } // namespace diagram

@@ -27,7 +27,7 @@ void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vecto
 
 // The layered layout; false when it was given up, with nothing changed. Errors as LayeredElsewhere.
 bool LayOutInLayers(Surface &surface, LayoutScope scope, const LayoutOptions &options, const GoOn &goOn);
-// The tree; error 20001 "The diagram is not a tree", with nothing changed.
-void LayOutAsTree(Surface &surface, LayoutScope scope, const LayoutOptions &options);
+// The tree; false for a diagram that is none, which is laid out by a spanning tree of it.
+bool LayOutAsTree(Surface &surface, LayoutScope scope, const LayoutOptions &options);
 
 } // namespace diagram

@@ -16,6 +16,8 @@ struct LayoutGraph {
     std::vector<QSizeF> sizes;    // twips
     std::vector<QPointF> centres; // where the boxes stand now
     std::vector<LayoutEdge> edges;
+    // In which lane each box belongs, from 0; below 0 for none. May be empty: only InLanes asks.
+    std::vector<int> lanes;
 };
 
 // Where the levels go as they get deeper.

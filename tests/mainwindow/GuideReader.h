@@ -52,6 +52,7 @@ public:
     frmMain &Another() { return NewWindow(); }
     using WindowTest::desktop;
     using WindowTest::ProcessEvents;
+    using WindowTest::Status;
 
     frmMain *window;
     diagram::Node *a, *b, *c;
@@ -68,6 +69,7 @@ struct ToldStep {
 std::span<const ToldStep> ReadmeSteps();
 std::span<const ToldStep> DrawingSteps();
 std::span<const ToldStep> LookSteps();
+std::span<const ToldStep> LayoutSteps();
 std::span<const ToldStep> KeyboardSteps();
 std::span<const ToldStep> CommandSteps();
 std::span<const ToldStep> TemplateSteps();

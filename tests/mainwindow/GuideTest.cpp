@@ -62,8 +62,8 @@ QStringList Told() {
 
 std::vector<ToldStep> Done() {
     std::vector<ToldStep> all;
-    for (const auto steps :
-         {ReadmeSteps(), DrawingSteps(), LookSteps(), KeyboardSteps(), CommandSteps(), TemplateSteps()})
+    for (const auto steps : {ReadmeSteps(), DrawingSteps(), LookSteps(), LayoutSteps(), KeyboardSteps(),
+                             CommandSteps(), TemplateSteps()})
         all.insert(all.end(), steps.begin(), steps.end());
     return all;
 }

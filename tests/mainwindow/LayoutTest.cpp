@@ -1,4 +1,6 @@
+#include "diagram/view/Glide.h"
 #include "diagram/view/SurfaceView.h"
+#include "document/Tags.h"
 #include "mainwindow/cStatusBar.h"
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/frmPics.h"
@@ -10,6 +12,8 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
+#include <QProgressBar>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -62,14 +66,25 @@ TEST_F(Layout, TreeLaysOutAsOneStep) {
     EXPECT_EQ(top.Top(), left.Top());
 }
 
-TEST_F(Layout, TreeSaysNothingOfADiagramThatIsNone) {
+TEST_F(Layout, TreeLaysOutWhatIsNoneByASpanningTreeAndSaysSoInPassing) {
     left.Links().Add(top);
     Run("mnuLayoutTreeExecute");
-    EXPECT_EQ(top.Top(), left.Top());
+    EXPECT_TRUE(IsLaidOut());
     EXPECT_TRUE(desktop.Messages().empty());
+    const auto *bar = window.findChild<cStatusBar *>(QStringLiteral("staMain"));
+    EXPECT_EQ(
+        bar->Doing(),
+        QStringLiteral("This is no tree: it was laid out along some of its links, the others lead round."));
+    Run("mnuEditUndo");
+    EXPECT_EQ(top.Top(), left.Top());
 }
 
-TEST_F(Layout, TreeArrangesTheTimelineOfADiagramThatIsNoneToo) {
+TEST_F(Layout, OfATreeTheStatusBarSaysNothing) {
+    Run("mnuLayoutTreeExecute");
+    EXPECT_EQ(window.findChild<cStatusBar *>(QStringLiteral("staMain"))->Doing(), QString());
+}
+
+TEST_F(Layout, TreeIgnoresThatMonthsCannotBeArranged) {
     const diagram::Node &month = AddFarMonth("March 2026");
     left.Links().Add(top);
     Run("mnuLayoutTreeExecute");
@@ -80,10 +95,75 @@ TEST_F(Layout, TreeArrangesTheTimelineOfADiagramThatIsNoneToo) {
     EXPECT_EQ(window.MousePointer(), document::pointer::kNormal);
 }
 
+constexpr const char *kKinds[] = {"mnuLayoutRadial", "mnuLayoutOrganic", "mnuLayoutCircular",
+                                  "mnuLayoutLevels"};
+
+TEST_F(Layout, EveryOtherKindLaysOutAsOneStepAndArrangesTheMonths) {
+    const diagram::Node &month = AddFarMonth("March 2026");
+    for (const char *key : kKinds) {
+        Run(key);
+        EXPECT_FALSE(top.Bounds().intersects(left.Bounds())) << key;
+        EXPECT_FALSE(left.Bounds().intersects(right.Bounds())) << key;
+        EXPECT_NE(month.Left(), kFar) << key;
+        Run("mnuEditUndo");
+        EXPECT_EQ(top.Top(), left.Top()) << key;
+        EXPECT_EQ(month.Left(), kFar) << key;
+    }
+}
+
+TEST_F(Layout, EveryOtherKindTakesTheHierarchicalOptions) {
+    frmPics::Shared().HFlow().scope = diagram::LayoutScope::Selection;
+    top.SetSelected(true);
+    left.SetSelected(true);
+    for (const char *key : kKinds) {
+        Run(key);
+        EXPECT_EQ(right.Bounds().topLeft(), QPointF(1600, 1500)) << key;
+        EXPECT_FALSE(top.Bounds().intersects(left.Bounds())) << key;
+    }
+}
+
+TEST_F(Layout, ByLevelPutsEachLevelOfTheListIntoALane) {
+    auto &levels = window.clsSettings().Levels();
+    const QString first = levels.Item(1).Key, second = levels.Item(2).Key;
+    document::SetTag(top, document::tags::kLevel, second);
+    document::SetTag(left, document::tags::kLevel, first);
+    document::SetTag(right, document::tags::kLevel, second);
+    Run("mnuLayoutLevels");
+    EXPECT_LT(left.Left() + left.Width(), top.Left());
+    EXPECT_EQ(top.Left(), right.Left());
+    EXPECT_LT(top.Top(), right.Top());
+}
+
+// A desktop that animates things, for longer than the test takes.
+class Animated : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *data) const override {
+        constexpr int kLong = 100000;
+        return hint == SH_Widget_Animation_Duration ? kLong
+                                                    : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
+TEST_F(Layout, NodesAreSeenOnTheirWayOnceTheStepIsOver) {
+    Animated style;
+    window.CurrentView().setStyle(&style);
+    for (const char *key : {"mnuLayoutHExecute", "mnuLayoutTreeExecute", "mnuLayoutRadial"}) {
+        top.SetTop(9000);
+        Run(key);
+        EXPECT_TRUE(diagram::Glide::GoesOnIn(window.CurrentView())) << key;
+        Run("mnuEditUndo");
+        EXPECT_FALSE(diagram::Glide::GoesOnIn(window.CurrentView())) << key;
+    }
+    window.CurrentView().setStyle(nullptr);
+}
+
 TEST_F(Layout, LayoutsLeaveTheMapUnmarked) {
     window.clsSettings().Dirty = false;
     Run("mnuLayoutHExecute");
     Run("mnuLayoutTreeExecute");
+    for (const char *key : {"mnuLayoutRadial", "mnuLayoutOrganic", "mnuLayoutCircular", "mnuLayoutLevels"})
+        Run(key);
     EXPECT_FALSE(window.clsSettings().Dirty);
 }
 
@@ -131,6 +211,20 @@ TEST_F(Layout, EscapeGivesALongTaskUpAndNoOtherInputArrives) {
     }
     EXPECT_FALSE(window.CurrentView().IsEditing());
     EXPECT_EQ(bar->Doing(), QStringLiteral("Laying out was given up."));
+}
+
+TEST_F(Layout, TheBarOfWorkThatCountsItselfNeverRunsBackwards) {
+    const auto *bar = window.findChild<QProgressBar *>();
+    ASSERT_NE(bar, nullptr);
+    LongTask task(window, QStringLiteral("Laying out"), LongTask::Bar::IsTheWorks);
+    auto *status = window.findChild<cStatusBar *>(QStringLiteral("staMain"));
+    while (status->Doing().isEmpty()) ASSERT_TRUE(task.GoOn(0.25));
+    while (bar->value() < 49) ASSERT_TRUE(task.GoOn(0.5)); // the bar is painted now and then only
+    for (bool back = true; bar->value() < 69; back = !back) {
+        ASSERT_TRUE(task.GoOn(back ? 0.1 : 0.7));
+        ASSERT_GE(bar->value(), 49);
+    }
+    EXPECT_EQ(bar->value(), 69);
 }
 
 // So many nodes take the engine far longer than anybody waits.

@@ -5,7 +5,6 @@
 #include "diagram/layout/LayoutStream.h"
 #include "diagram/layout/TidyTree.h"
 #include "diagram/model/Surface.h"
-#include "support/Error.h"
 
 #include <gmock/gmock.h>
 
@@ -133,11 +132,15 @@ TEST_F(LayoutTest, ALayoutThatIsGivenUpChangesNothing) {
     EXPECT_EQ(Boxes(), before);
 }
 
-TEST_F(LayoutTest, ATreeThatIsNoneIsAnErrorAndChangesNothing) {
-    Join(0, 1), Join(1, 0);
-    const auto before = Boxes();
-    EXPECT_THROW(LayOutAsTree(surface, kAll, kOptions), support::Error);
-    EXPECT_EQ(Boxes(), before);
+TEST_F(LayoutTest, WhatIsNoTreeIsLaidOutByASpanningTree) {
+    Join(0, 1), Join(0, 2);
+    EXPECT_TRUE(LayOutAsTree(surface, kAll, kOptions));
+    const auto asTree = Boxes();
+    Join(2, 1), Join(1, 2), Join(2, 0), Join(1, 1);
+    EXPECT_FALSE(LayOutAsTree(surface, kAll, kOptions));
+    EXPECT_LT(nodes[0]->Top(), nodes[1]->Top());
+    EXPECT_EQ(nodes[1]->Top(), nodes[2]->Top());
+    EXPECT_EQ(Boxes(), asTree);
 }
 
 TEST_F(LayoutTest, AnEmptySurfaceIsLaidOutAtOnce) {

@@ -1,0 +1,80 @@
+// Layouts and routes of a slice, written as a new map.
+#include "cli/Commands.h"
+#include "cli/Session.h"
+#include "diagram/layout/Layouts.h"
+#include "diagram/layout/RouteAnew.h"
+#include "document/DoSave.h"
+#include "document/LevelLanes.h"
+#include "document/Tags.h"
+#include "support/Val.h"
+#include "timeline/Arrange.h"
+#include "timeline/TimelineNodes.h"
+
+namespace cli {
+
+namespace {
+
+const diagram::LayoutRow &TakeEngine(QStringList &arguments) {
+    const QString name = TakeOption(arguments, QStringLiteral("--engine"));
+    if (const diagram::LayoutRow *row = diagram::FindLayout(name)) return *row;
+    QStringList known;
+    for (const diagram::LayoutRow &row : diagram::LayoutTable()) known << QLatin1String(row.name);
+    throw UsageError(QStringLiteral("--engine needs one of %1").arg(known.join(QStringLiteral(", "))));
+}
+
+diagram::LayoutOrientation TakeDirection(QStringList &arguments) {
+    // In the order of LayoutOrientation.
+    static const QStringList known{QStringLiteral("down"), QStringLiteral("up"), QStringLiteral("right"),
+                                   QStringLiteral("left")};
+    const QString name = TakeOption(arguments, QStringLiteral("--direction"));
+    if (name.isEmpty()) return diagram::LayoutOrientation::Down;
+    if (!known.contains(name))
+        throw UsageError(QStringLiteral("--direction needs one of %1").arg(known.join(QStringLiteral(", "))));
+    return diagram::LayoutOrientation(known.indexOf(name));
+}
+
+// The months come back to their places whatever was laid out.
+void ArrangeTimeline(document::MemoryWindow &window, diagram::Surface &slice) {
+    if (timeline::LocateTimelineNodes(slice).empty()) return;
+    GiveSize(slice);
+    const double align = support::Val(document::GetTag(slice, document::tags::kTimelineAlign));
+    timeline::ArrangeTimeLineNodes(window, slice, int(align));
+}
+
+void SaveAs(document::MemoryWindow &window, const QString &path, QTextStream &out) {
+    window.clsSettings().SetDatabase(path);
+    document::DoSave(window);
+    // Tells of a former file that was kept.
+    if (const QString status = window.statuses.last(); !status.isEmpty()) out << status << "\n";
+}
+
+} // namespace
+
+int Layout(QStringList arguments, QTextStream &out) {
+    const diagram::LayoutRow &engine = TakeEngine(arguments);
+    diagram::LayoutOrder order;
+    order.options.orientation = TakeDirection(arguments);
+    const int number = TakeSlice(arguments);
+    ExpectFiles(arguments, 2);
+    Session session;
+    document::MemoryWindow &window = session.Open(arguments[0]);
+    diagram::Surface &slice = SliceOf(window, number);
+    order.lane = document::LanesByLevel(window.clsSettings().Levels());
+    if (engine.layOut(slice, order) == diagram::LayoutResult::AsSpanningTree)
+        out << "this is no tree: it was laid out along some of its links\n";
+    ArrangeTimeline(window, slice);
+    SaveAs(window, arguments[1], out);
+    return kGood;
+}
+
+int Route(QStringList arguments, QTextStream &out) {
+    const int number = TakeSlice(arguments);
+    ExpectFiles(arguments, 2);
+    Session session;
+    document::MemoryWindow &window = session.Open(arguments[0]);
+    out << diagram::RouteAnew(SliceOf(window, number)) << " links go another way\n";
+    SaveAs(window, arguments[1], out);
+    return kGood;
+}
+
+} // namespace cli

@@ -1,0 +1,38 @@
+// The layouts that there are.
+#pragma once
+
+#include "diagram/layout/Layout.h"
+#include "diagram/layout/Progress.h"
+
+#include <functional>
+#include <QString>
+#include <span>
+
+namespace diagram {
+
+class Node;
+
+struct LayoutOrder {
+    LayoutScope scope = LayoutScope::All;
+    LayoutOptions options;
+    // The lane in which a node belongs, from 0; below 0 for none. Without it all nodes belong in one.
+    std::function<int(const Node &node)> lane = {};
+    Advance advance = {}; // may be empty
+};
+
+enum class LayoutResult {
+    GivenUp, // nothing has changed
+    LaidOut,
+    AsSpanningTree // the diagram is no tree: links that would make it none had no say
+};
+
+struct LayoutRow {
+    const char *name; // on a command line
+    // Moves the nodes; opens no group of its own.
+    LayoutResult (*layOut)(Surface &surface, const LayoutOrder &order);
+};
+
+std::span<const LayoutRow> LayoutTable();
+const LayoutRow *FindLayout(const QString &name); // null when there is none
+
+} // namespace diagram

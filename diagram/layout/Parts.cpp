@@ -1,0 +1,102 @@
+#include "diagram/layout/Parts.h"
+
+#include "diagram/layout/Boxes.h"
+#include "diagram/layout/Pack.h"
+
+#include <algorithm>
+
+namespace diagram {
+
+namespace {
+
+// The number of the part of each box.
+std::vector<int> Number(const Adjacency &neighbours) {
+    std::vector<int> parts(neighbours.size(), -1);
+    int count = 0;
+    for (std::size_t first = 0; first < parts.size(); ++first) {
+        if (parts[first] >= 0) continue;
+        std::vector<int> open{int(first)};
+        parts[first] = count;
+        while (!open.empty()) {
+            const int box = open.back();
+            open.pop_back();
+            for (const int next : neighbours[std::size_t(box)]) {
+                int &part = parts[std::size_t(next)];
+                if (part >= 0) continue;
+                part = count;
+                open.push_back(next);
+            }
+        }
+        ++count;
+    }
+    return parts;
+}
+
+void AddBox(Part &part, const LayoutGraph &graph, std::size_t box) {
+    part.boxes.push_back(int(box));
+    part.graph.sizes.push_back(graph.sizes[box]);
+    part.graph.centres.push_back(graph.centres[box]);
+}
+
+std::vector<QPointF> PlaceOne(const Part &part, Progress &progress, const PlacePart &place) {
+    return part.boxes.size() == 1 ? std::vector<QPointF>{{0, 0}} : place(part.graph, progress);
+}
+
+} // namespace
+
+Adjacency NeighboursOf(const LayoutGraph &graph) {
+    Adjacency neighbours(graph.sizes.size());
+    for (const LayoutEdge &edge : graph.edges) {
+        if (edge.from == edge.to) continue;
+        neighbours[std::size_t(edge.from)].push_back(edge.to);
+        neighbours[std::size_t(edge.to)].push_back(edge.from);
+    }
+    for (std::vector<int> &list : neighbours) {
+        std::ranges::sort(list);
+        list.erase(std::ranges::unique(list).begin(), list.end());
+    }
+    return neighbours;
+}
+
+std::vector<Part> PartsOf(const LayoutGraph &graph) {
+    const std::vector<int> numbers = Number(NeighboursOf(graph));
+    const int count = numbers.empty() ? 0 : *std::ranges::max_element(numbers) + 1;
+    std::vector<Part> parts;
+    parts.resize(std::size_t(count));
+    std::vector<int> places(numbers.size());
+    for (std::size_t box = 0; box < numbers.size(); ++box) {
+        Part &part = parts[std::size_t(numbers[box])];
+        places[box] = int(part.boxes.size());
+        AddBox(part, graph, box);
+    }
+    for (const LayoutEdge &edge : graph.edges)
+        parts[std::size_t(numbers[std::size_t(edge.from)])].graph.edges.push_back(
+            {places[std::size_t(edge.from)], places[std::size_t(edge.to)]});
+    return parts;
+}
+
+std::vector<QPointF> PlaceParts(const LayoutGraph &graph, double gap, Progress &progress,
+                                const PlacePart &place) {
+    const std::vector<Part> parts = PartsOf(graph);
+    std::vector<std::vector<QPointF>> places;
+    std::vector<QRectF> extents;
+    std::vector<QSizeF> sizes;
+    double done = 0;
+    for (const Part &part : parts) {
+        const double share = double(part.boxes.size()) / double(graph.sizes.size());
+        progress.SetStretch(done, done + share);
+        progress.At(0);
+        places.push_back(PlaceOne(part, progress, place));
+        extents.push_back(ExtentOf(part.graph.sizes, places.back()));
+        sizes.push_back(extents.back().size());
+        done += share;
+    }
+    const std::vector<QPointF> corners = Pack(sizes, std::max(1.0, gap));
+    std::vector<QPointF> centres(graph.sizes.size());
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        for (std::size_t k = 0; k < places[i].size(); ++k)
+            centres[std::size_t(parts[i].boxes[k])] = places[i][k] - extents[i].topLeft() + corners[i];
+    return centres;
+}
+
+} // namespace diagram

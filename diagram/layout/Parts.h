@@ -1,0 +1,28 @@
+// The connected parts of a diagram.
+#pragma once
+
+#include "diagram/layout/LayoutGraph.h"
+#include "diagram/layout/Progress.h"
+
+#include <functional>
+
+namespace diagram {
+
+// For each box those that an edge joins it to, whichever way: each once, in ascending order, never itself.
+using Adjacency = std::vector<std::vector<int>>;
+Adjacency NeighboursOf(const LayoutGraph &graph);
+
+struct Part {
+    std::vector<int> boxes; // of the whole, ascending
+    LayoutGraph graph;
+};
+// In the order of their first boxes.
+std::vector<Part> PartsOf(const LayoutGraph &graph);
+
+// The centres of one part's boxes.
+using PlacePart = std::function<std::vector<QPointF>(const LayoutGraph &part, Progress &progress)>;
+// Each part by itself, then all of them packed, `gap` twips apart. Single boxes aren't asked for.
+std::vector<QPointF> PlaceParts(const LayoutGraph &graph, double gap, Progress &progress,
+                                const PlacePart &place);
+
+} // namespace diagram

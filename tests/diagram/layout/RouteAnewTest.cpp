@@ -1,0 +1,65 @@
+#include "diagram/layout/RouteAnew.h"
+
+#include "diagram/edit/History.h"
+#include "diagram/model/Surface.h"
+
+#include <gmock/gmock.h>
+
+namespace diagram {
+namespace {
+
+struct RouteAnewTest : ::testing::Test {
+    Surface surface;
+    Node &from = surface.Nodes().Add(0, 0, 1500, 900), &to = surface.Nodes().Add(6000, 3000, 1500, 900);
+    Link &link = from.Links().Add(to);
+
+    RouteAnewTest() {
+        AttachHistory(surface);
+        link.SetStyle(4);
+    }
+    // A way round a node that is there no longer.
+    std::vector<Point> LeaveADetour() {
+        Node &obstacle = surface.Nodes().Add(3000, 1200, 1500, 1500);
+        const auto detour = link.Way();
+        surface.Remove(obstacle);
+        return detour;
+    }
+};
+
+TEST_F(RouteAnewTest, PointsThatNoHandMadeAreTheRoutersAgain) {
+    const auto routed = link.Way();
+    const auto detour = LeaveADetour();
+    ASSERT_NE(detour, routed);
+    ASSERT_EQ(link.Way(), detour);
+    EXPECT_EQ(RouteAnew(surface), 1);
+    EXPECT_EQ(link.Way(), routed);
+    EXPECT_EQ(link.Style(), 4);
+    EXPECT_EQ(RouteAnew(surface), 0);
+}
+
+TEST_F(RouteAnewTest, BendsOfTheUsersStay) {
+    auto bent = link.Way();
+    bent[1].y += 300, bent[2].y += 300;
+    link.Points().Assign(bent);
+    link.SetOwnBends(true);
+    EXPECT_EQ(RouteAnew(surface), 0);
+    EXPECT_EQ(link.Way(), bent);
+}
+
+TEST_F(RouteAnewTest, OneUndoBringsTheFormerWaysBack) {
+    const auto before = LeaveADetour();
+    surface.BeginAction(1);
+    EXPECT_EQ(RouteAnew(surface), 1);
+    surface.EndAction();
+    surface.Undo();
+    EXPECT_EQ(link.Way(), before);
+    EXPECT_EQ(link.Style(), 4);
+}
+
+TEST_F(RouteAnewTest, AnEmptySurfaceHasNothingToRoute) {
+    Surface empty;
+    EXPECT_EQ(RouteAnew(empty), 0);
+}
+
+} // namespace
+} // namespace diagram

@@ -1,0 +1,31 @@
+#include "document/LevelLanes.h"
+
+#include "diagram/model/Surface.h"
+#include "document/cLevels.h"
+#include "document/Tags.h"
+#include "support/testing/ScriptedDesktop.h"
+
+#include <gmock/gmock.h>
+
+namespace document {
+namespace {
+
+TEST(LanesByLevel, FollowTheOrderOfTheList) {
+    support::testing::ScriptedDesktop desktop; // keys are drawn from it
+    cLevels levels;
+    const QString high = levels.Create(QStringLiteral("High"), true, support::kWhite).Key;
+    const QString low = levels.Create(QStringLiteral("Low"), true, support::kWhite).Key;
+    diagram::Surface surface;
+    diagram::Node &node = surface.Nodes().Add(0, 0, 100, 100);
+    const auto lane = LanesByLevel(levels);
+    EXPECT_EQ(lane(node), -1);
+    SetTag(node, tags::kLevel, low);
+    EXPECT_EQ(lane(node), 1);
+    SetTag(node, tags::kLevel, high);
+    EXPECT_EQ(lane(node), 0);
+    SetTag(node, tags::kLevel, QStringLiteral("L99"));
+    EXPECT_EQ(lane(node), -1);
+}
+
+} // namespace
+} // namespace document

@@ -1,0 +1,85 @@
+// Lays out each diagram of tests/data/graphs in every way, side by side on one sheet.
+//   velmora-layouts [FOLDER [NAME...]]     (build/gallery/layouts and all of them when left out)
+#include "diagram/layout/Layouts.h"
+#include "diagram/model/Surface.h"
+#include "diagram/render/Renderer.h"
+#include "diagram/scene/Scene.h"
+#include "gallery/GraphFile.h"
+
+#include <cstdio>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+using namespace diagram;
+
+namespace {
+
+constexpr QSize kPanel(1000, 700); // pixels
+constexpr int kHead = 28, kPanelsAcross = 3;
+
+void PaintInto(QPainter &painter, const QRect &place, Surface &surface) {
+    constexpr double kPixelsOfTwip = 1.0 / 15;
+    Scene scene(surface);
+    const QRectF page = scene.Extent().adjusted(-150, -150, 150, 150);
+    const double scale =
+        std::min({kPixelsOfTwip * 1.2, place.width() / page.width(), place.height() / page.height()});
+    RenderOptions options;
+    options.xScale = options.yScale = scale;
+    QImage image((page.size() * scale).toSize(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter onto(&image);
+    Renderer().Paint(onto, scene, page, options);
+    onto.end();
+    painter.drawImage(place.topLeft(), image);
+}
+
+void PaintPanel(QPainter &painter, const QRect &place, const QString &name, const LayoutRow &row) {
+    Renderer renderer;
+    Surface surface;
+    surface.SetMeasure(&renderer.Measure());
+    const gallery::GraphFile file = gallery::GraphFile::Read(name, surface);
+    LayoutOrder order;
+    order.lane = gallery::GraphFile::LevelOf;
+    QElapsedTimer time;
+    time.start();
+    row.layOut(surface, order);
+    surface.Recalculate();
+    painter.setPen(Qt::black);
+    painter.drawText(
+        QRect(place.topLeft(), QSize(place.width(), kHead)).adjusted(6, 0, 0, 0), Qt::AlignVCenter,
+        QStringLiteral("%1: %2   (%3 ms)").arg(file.title, QLatin1String(row.name)).arg(time.elapsed()));
+    painter.setPen(Qt::lightGray);
+    painter.drawRect(place);
+    PaintInto(painter, place.adjusted(4, kHead, -4, -4), surface);
+}
+
+void WriteSheet(const QDir &folder, const QString &name) {
+    const auto layouts = LayoutTable();
+    const int rows = (int(layouts.size()) + kPanelsAcross - 1) / kPanelsAcross;
+    QImage sheet(kPanel.width() * kPanelsAcross, kPanel.height() * rows, QImage::Format_RGB32);
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    for (int i = 0; i < int(layouts.size()); ++i) {
+        const QPoint corner(i % kPanelsAcross * kPanel.width(), i / kPanelsAcross * kPanel.height());
+        PaintPanel(painter, QRect(corner, kPanel), name, layouts[std::size_t(i)]);
+    }
+    const QString path = folder.filePath(name + QStringLiteral(".png"));
+    sheet.save(path);
+    std::printf("%s\n", qPrintable(path));
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    const QDir folder(arguments.value(1, QStringLiteral("build/gallery/layouts")));
+    if (!QDir().mkpath(folder.path())) return 1;
+    for (const QString &name : arguments.size() > 2 ? arguments.mid(2) : gallery::GraphNames())
+        WriteSheet(folder, name);
+    return 0;
+}
