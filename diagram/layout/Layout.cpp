@@ -1,7 +1,10 @@
 #include "diagram/layout/Layout.h"
 
+#include "diagram/layout/Layered.h"
 #include "diagram/layout/TidyTree.h"
 #include "diagram/model/Surface.h"
+#include "diagram/scene/Bounds.h"
+#include "diagram/shapes/LinkStyles.h"
 
 #include <QHash>
 #include <QRectF>
@@ -28,6 +31,21 @@ QPointF Corner(const std::vector<QSizeF> &sizes, const std::vector<QPointF> &cen
     return corner;
 }
 
+bool BendsAnywhere(const Link &link) {
+    const LinkStyleRow *row = FindLinkStyle(link.Style());
+    return row && (row->form == LinkForm::Polyline || row->form == LinkForm::Spline);
+}
+
+// The ends are put onto the outlines when the way is read.
+void GiveBends(Link &link, const std::vector<QPointF> &bends, const QPointF &shift) {
+    std::vector<Point> points{ToPoint(link.Source().Bounds().center())};
+    for (const QPointF &bend : bends) points.push_back(ToPoint(bend + shift));
+    points.push_back(ToPoint(link.Destination().Bounds().center()));
+    link.Points().Assign(std::move(points));
+    link.Way();
+    link.SetOwnBends(false);
+}
+
 } // namespace
 
 LayoutSubject SubjectOf(const Surface &surface, LayoutScope scope) {
@@ -45,11 +63,14 @@ LayoutSubject SubjectOf(const Surface &surface, LayoutScope scope) {
         if (from < 0 || to < 0 || link->Hidden()) continue;
         subject.links.push_back(link->Id());
         subject.graph.edges.push_back({from, to});
+        subject.graph.labels.push_back(link->Text().isEmpty() ? QSizeF(0, 0)
+                                                              : LabelBox(*link, nullptr).size());
     }
     return subject;
 }
 
-void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres) {
+void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres,
+                const std::vector<std::vector<QPointF>> &bends) {
     if (centres.empty()) return;
     for (const ItemId id : subject.links)
         if (Link *link = surface.FindLink(id)) link->SetOwnBends(false);
@@ -62,13 +83,17 @@ void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vecto
         node->SetLeft(float(corner.x()));
         node->SetTop(float(corner.y()));
     }
+    for (std::size_t i = 0; i < bends.size(); ++i) {
+        Link *link = bends[i].empty() ? nullptr : surface.FindLink(subject.links[i]);
+        if (link && BendsAnywhere(*link)) GiveBends(*link, bends[i], shift);
+    }
 }
 
 bool LayOutInLayers(Surface &surface, LayoutScope scope, const LayoutOptions &options, const GoOn &goOn) {
     const LayoutSubject subject = SubjectOf(surface, scope);
-    const auto centres = LayeredElsewhere(subject.graph, options, goOn);
-    if (centres) PlaceNodes(surface, subject, *centres);
-    return centres.has_value();
+    const auto drawing = DrawInLayers(subject.graph, options, goOn);
+    if (drawing) PlaceNodes(surface, subject, drawing->centres, drawing->bends);
+    return drawing.has_value();
 }
 
 void LayOutAsTree(Surface &surface, LayoutScope scope, const LayoutOptions &options) {

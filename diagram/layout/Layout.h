@@ -1,8 +1,8 @@
 // Lays out the nodes of a surface by their links.
 #pragma once
 
-#include "diagram/layout/LayeredElsewhere.h"
 #include "diagram/layout/LayoutGraph.h"
+#include "diagram/layout/Patience.h"
 #include "diagram/model/Item.h"
 
 namespace diagram {
@@ -12,8 +12,9 @@ class Surface;
 // What of a surface takes part.
 enum class LayoutScope { All, Selection };
 
-// The nodes that take part, and the links between them. Hidden nodes and those that the user cannot select
-// (the months of a timeline) stay where they are. With LayoutScope::Selection only selected nodes take part.
+// The nodes that take part, and the links between them with room for their labels. Hidden nodes and those
+// that the user cannot select (the months of a timeline) stay where they are. With LayoutScope::Selection
+// only selected nodes take part.
 struct LayoutSubject {
     LayoutGraph graph;
     std::vector<ItemId> nodes; // of the boxes
@@ -23,9 +24,13 @@ LayoutSubject SubjectOf(const Surface &surface, LayoutScope scope);
 
 // Moves the nodes to the centres, all of them shifted so that the diagram's left top corner stays where it
 // was. Bends of the links go: they belonged to the old places. Opens no group of its own.
-void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres);
+//
+// Links whose style bends where one wants get the bends of their edges, where there are any. These count as
+// the router's: a link is routed anew when one of its nodes moves.
+void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres,
+                const std::vector<std::vector<QPointF>> &bends = {});
 
-// The layered layout; false when it was given up, with nothing changed. Errors as LayeredElsewhere.
+// The layered layout; false when it was given up, with nothing changed.
 bool LayOutInLayers(Surface &surface, LayoutScope scope, const LayoutOptions &options, const GoOn &goOn);
 // The tree; error 20001 "The diagram is not a tree", with nothing changed.
 void LayOutAsTree(Surface &surface, LayoutScope scope, const LayoutOptions &options);

@@ -16,6 +16,7 @@ struct LayoutGraph {
     std::vector<QSizeF> sizes;    // twips
     std::vector<QPointF> centres; // where the boxes stand now
     std::vector<LayoutEdge> edges;
+    std::vector<QSizeF> labels; // of the edges, empty sizes for none; or empty: no edge has one
 };
 
 // Where the levels go as they get deeper.

@@ -2,6 +2,7 @@
 
 #include "diagram/edit/History.h"
 #include "diagram/layout/engine/Layered.h"
+#include "diagram/layout/LayeredElsewhere.h"
 #include "diagram/layout/LayoutStream.h"
 #include "diagram/layout/TidyTree.h"
 #include "diagram/model/Surface.h"

@@ -1,0 +1,48 @@
+// Layers relax: each vertex is drawn towards those that it is joined with.
+#pragma once
+
+#include "diagram/layout/EdgeLists.h"
+#include "diagram/layout/LayeredColumns.h"
+
+namespace diagram {
+
+// Which vertices move, and to where.
+enum class Relax {
+    All,      // edges that pass, too; long edges want to be straight
+    Boxes,    // to the middle of those on both sides
+    OverBelow // boxes that have others below them to the middle of these
+};
+
+class LayerRelaxing {
+public:
+    // Both must outlive it.
+    LayerRelaxing(const LayerGraph &graph, const LayerGaps &gaps);
+
+    // The best places of a layer's vertices while all others stay: J. B. Kruskal, "Nonmetric Multidimensional
+    // Scaling: A Numerical Method", Psychometrika 29, 1964, pools neighbours that get into each other's way.
+    void Layer(int layer, Relax how, std::vector<double> &columns);
+
+private:
+    struct Wish {
+        double at, weight;
+    };
+    struct Pool {
+        double sum, weight;
+        std::size_t end; // of its vertices in the stretch
+        double Value() const { return sum / weight; }
+    };
+
+    void Stretch(const std::vector<int> &layer, std::size_t first, std::size_t last, double least,
+                 double most, Relax how, std::vector<double> &columns);
+    void Add(const Wish &wish, std::size_t end);
+    Wish WishOf(int vertex, Relax how, const std::vector<double> &columns) const;
+    Wish Drawn(int vertex, const std::vector<double> &columns) const;
+
+    const LayerGraph &graph_;
+    LayerGaps gaps_;
+    EdgeLists out_, in_;
+    std::vector<double> offset_;
+    std::vector<Pool> pools_;
+};
+
+} // namespace diagram
