@@ -9,7 +9,8 @@ namespace diagram {
 
 namespace {
 
-constexpr double kLoop = 300; // twips that a link from a box to itself needs on either side
+constexpr double kAroundLabel = 90; // twips beside a label
+constexpr double kLoop = 300;       // twips that a link from a box to itself needs on either side
 
 std::size_t At(int i) { return std::size_t(i); }
 
@@ -25,10 +26,25 @@ std::vector<EdgeChain> ChainsOf(const LayoutGraph &part, const std::vector<char>
         if (upper == lower) continue;
         if (back[i]) std::swap(upper, lower);
         const auto [at, isNew] = known.try_emplace({upper, lower}, chains.size());
-        if (isNew) chains.push_back({upper, lower, {}, {}});
+        if (isNew) chains.push_back({.upper = upper, .lower = lower});
         chains[at->second].edges.push_back(int(i));
     }
     return chains;
+}
+
+// Side by side, as far apart as their labels need.
+void SpreadEdges(const LayoutGraph &part, EdgeChain &chain) {
+    double at = 0, room = 0;
+    for (const int edge : chain.edges) {
+        const double half = LabelOf(part, edge).width() / 2;
+        if (!chain.asides.empty())
+            at += std::max(room + half + (room + half > 0 ? kAroundLabel : 0), kBeside);
+        chain.asides.push_back(at);
+        chain.bends = chain.bends || half > 0;
+        room = half;
+    }
+    chain.bends = chain.bends && chain.edges.size() > 1;
+    for (double &aside : chain.asides) aside -= at / 2;
 }
 
 std::vector<int> RanksOf(const LayoutGraph &part, const std::vector<EdgeChain> &chains, bool balanced,
@@ -77,16 +93,17 @@ private:
         graph_.layers[At(vertex.layer)].push_back(int(graph_.vertices.size()) - 1);
         return int(graph_.vertices.size()) - 1;
     }
-    // Labels stand about the middle of their edges, one beside the other.
     LayerVertex Passing(const EdgeChain &chain, bool withLabels) const {
-        LayerVertex passing{double(chain.edges.size() - 1) * kBeside, 0, 0, 0, true};
+        LayerVertex passing{WidthOf(chain), 0, 0, 0, true};
         if (!withLabels) return passing;
-        for (const int edge : chain.edges) {
-            passing.width = std::max(passing.width, LabelOf(part_, edge).width());
-            passing.height += LabelOf(part_, edge).height();
-        }
+        for (const int edge : chain.edges)
+            passing.height = std::max(passing.height, LabelOf(part_, edge).height());
+        const double first = LabelOf(part_, chain.edges.front()).width();
+        const double last = LabelOf(part_, chain.edges.back()).width();
+        passing.width += std::max(first, last);
         return passing;
     }
+    static double WidthOf(const EdgeChain &chain) { return chain.asides.back() - chain.asides.front(); }
 
     const LayoutGraph &part_;
     LayerGraph &graph_;
@@ -101,7 +118,10 @@ LayeredPart CutIntoLayers(const LayoutGraph &part, const Layering &layering, Pat
     cut.labelled = std::ranges::any_of(part.labels, [](const QSizeF &label) { return !label.isEmpty(); });
     Cutting cutting(part, cut);
     cutting.AddBoxes(RanksOf(part, cut.chains, layering.balanced, patience));
-    for (EdgeChain &chain : cut.chains) cutting.AddChain(chain);
+    for (EdgeChain &chain : cut.chains) {
+        SpreadEdges(part, chain);
+        cutting.AddChain(chain);
+    }
     return cut;
 }
 

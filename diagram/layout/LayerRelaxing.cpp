@@ -2,28 +2,16 @@
 
 #include <algorithm>
 #include <limits>
-#include <optional>
 
 namespace diagram {
 
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr double kPull[] = {1, 2, 8}; // of an edge of which none, one, both ends pass a layer
+constexpr double kStraight = 8;    // pull of an edge along the layers that it passes
+constexpr double kLongPull = 0.25; // of its ends: what is near keeps its line
 
 std::size_t At(int i) { return std::size_t(i); }
-
-// The middle of the outermost ones.
-std::optional<double> MiddleOf(const LayerGraph &graph, std::span<const int> edges, int LayerEdge::*end,
-                               const std::vector<double> &columns) {
-    if (edges.empty()) return std::nullopt;
-    double least = kInfinity, most = -kInfinity;
-    for (const int edge : edges) {
-        const double at = columns[At(graph.edges[At(edge)].*end)];
-        least = std::min(least, at), most = std::max(most, at);
-    }
-    return (least + most) / 2;
-}
 
 } // namespace
 
@@ -31,11 +19,24 @@ LayerRelaxing::LayerRelaxing(const LayerGraph &graph, const LayerGaps &gaps)
     : graph_(graph),
       gaps_(gaps),
       out_(int(graph.vertices.size()), graph.edges, &LayerEdge::from),
-      in_(int(graph.vertices.size()), graph.edges, &LayerEdge::to) {}
+      in_(int(graph.vertices.size()), graph.edges, &LayerEdge::to),
+      isLong_(graph.vertices.size()) {
+    for (const LayerEdge &edge : graph.edges)
+        if (!IsBox(edge.from) && !IsBox(edge.to)) isLong_[At(edge.from)] = isLong_[At(edge.to)] = 1;
+}
+
+bool LayerRelaxing::IsBox(int vertex) const { return !graph_.vertices[At(vertex)].passes; }
+
+double LayerRelaxing::PullOf(int vertex, int other) const {
+    if (isLong_[At(vertex)] && isLong_[At(other)]) return kStraight;
+    return isLong_[At(vertex)] || isLong_[At(other)] ? kLongPull : 1;
+}
 
 // Stretches of vertices that move end at those that don't.
 void LayerRelaxing::Layer(int layer, Relax how, std::vector<double> &columns) {
-    const std::vector<int> &row = graph_.layers[At(layer)];
+    row_ = graph_.layers[At(layer)];
+    if (how == Relax::Freely) std::erase_if(row_, [&](int vertex) { return isLong_[At(vertex)] != 0; });
+    const std::vector<int> &row = row_;
     offset_.assign(row.size(), 0);
     for (std::size_t i = 1; i < row.size(); ++i)
         offset_[i] = offset_[i - 1] +
@@ -43,7 +44,7 @@ void LayerRelaxing::Layer(int layer, Relax how, std::vector<double> &columns) {
     double least = -kInfinity;
     for (std::size_t first = 0; first < row.size();) {
         std::size_t last = first;
-        while (last < row.size() && (how == Relax::All || !graph_.vertices[At(row[last])].passes)) ++last;
+        while (last < row.size() && (how == Relax::All || !isLong_[At(row[last])])) ++last;
         const double most = last < row.size() ? columns[At(row[last])] - offset_[last] : kInfinity;
         Stretch(row, first, last, least, most, how, columns);
         least = most, first = last + 1;
@@ -75,9 +76,7 @@ void LayerRelaxing::Add(const Wish &wish, std::size_t end) {
 LayerRelaxing::Wish LayerRelaxing::Drawn(int vertex, const std::vector<double> &columns) const {
     double sum = 0, weight = 0;
     const auto pull = [&](int other) {
-        const bool passes = graph_.vertices[At(vertex)].passes,
-                   otherPasses = graph_.vertices[At(other)].passes;
-        const double force = kPull[int(passes) + int(otherPasses)];
+        const double force = PullOf(vertex, other);
         sum += force * columns[At(other)], weight += force;
     };
     for (const int edge : out_.Of(vertex)) pull(graph_.edges[At(edge)].to);
@@ -85,10 +84,20 @@ LayerRelaxing::Wish LayerRelaxing::Drawn(int vertex, const std::vector<double> &
     return weight > 0 ? Wish{sum / weight, weight} : Wish{columns[At(vertex)], 1};
 }
 
+// Of the outermost ones; long edges don't count beside others.
+double LayerRelaxing::MiddleBelow(int vertex, const std::vector<double> &columns) const {
+    double least = kInfinity, most = -kInfinity;
+    for (const int edge : out_.Of(vertex)) {
+        const int below = graph_.edges[At(edge)].to;
+        if (isLong_[At(below)]) continue;
+        least = std::min(least, columns[At(below)]), most = std::max(most, columns[At(below)]);
+    }
+    return least <= most ? (least + most) / 2 : columns[At(vertex)];
+}
+
 LayerRelaxing::Wish LayerRelaxing::WishOf(int vertex, Relax how, const std::vector<double> &columns) const {
-    if (how != Relax::OverBelow) return Drawn(vertex, columns);
-    const auto below = MiddleOf(graph_, out_.Of(vertex), &LayerEdge::to, columns);
-    return {below.value_or(columns[At(vertex)]), 1};
+    if (how == Relax::All || how == Relax::Short) return Drawn(vertex, columns);
+    return {MiddleBelow(vertex, columns), 1};
 }
 
 } // namespace diagram

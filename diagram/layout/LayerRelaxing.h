@@ -8,9 +8,10 @@ namespace diagram {
 
 // Which vertices move, and to where.
 enum class Relax {
-    All,      // edges that pass, too; long edges want to be straight
-    Boxes,    // to the middle of those on both sides
-    OverBelow // boxes that have others below them to the middle of these
+    All,       // edges that pass several layers, too; these want to be straight
+    Short,     // boxes, and edges that pass one layer
+    OverBelow, // the same, to the middle of those below them, as far as they have any
+    Freely     // the same, whatever passes between them
 };
 
 class LayerRelaxing {
@@ -37,10 +38,15 @@ private:
     void Add(const Wish &wish, std::size_t end);
     Wish WishOf(int vertex, Relax how, const std::vector<double> &columns) const;
     Wish Drawn(int vertex, const std::vector<double> &columns) const;
+    bool IsBox(int vertex) const;
+    double PullOf(int vertex, int other) const;
+    double MiddleBelow(int vertex, const std::vector<double> &columns) const;
 
     const LayerGraph &graph_;
     LayerGaps gaps_;
     EdgeLists out_, in_;
+    std::vector<char> isLong_; // vertices where an edge passes that passes others, too
+    std::vector<int> row_;
     std::vector<double> offset_;
     std::vector<Pool> pools_;
 };

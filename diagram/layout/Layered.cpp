@@ -8,6 +8,7 @@
 #include "diagram/layout/Orientation.h"
 #include "diagram/layout/Pack.h"
 #include "diagram/layout/Parts.h"
+#include "diagram/layout/TidyTree.h"
 
 #include <algorithm>
 #include <QRectF>
@@ -20,6 +21,10 @@ constexpr double kNearestPass = 150, kFarthestPass = 300; // twips between an ed
 constexpr std::size_t kManyEdges = 400;
 constexpr int kCrossingsForProcess = 2; // that are worth the order in which a process was drawn
 constexpr double kAroundLabel = 150;    // twips above and below a label at least
+
+bool HasLabels(const LayoutGraph &part) {
+    return std::ranges::any_of(part.labels, [](const QSizeF &label) { return !label.isEmpty(); });
+}
 
 LayerGaps GapsOf(const LayoutOptions &options) {
     return {options.neighbourDistance,
@@ -76,7 +81,25 @@ LayeredPart Ordered(const LayoutGraph &part, Patience &patience) {
     return std::move(*best);
 }
 
+// A tree, upright or upside down, stands in its own best way.
+std::optional<LayeredDrawing> DrawTree(LayoutGraph part, const LayoutOptions &options) {
+    if (part.edges.size() + 1 != part.sizes.size() || HasLabels(part)) return std::nullopt;
+    std::vector<int> parents(part.sizes.size()), children(part.sizes.size());
+    for (const LayoutEdge &edge : part.edges)
+        ++parents[std::size_t(edge.to)], ++children[std::size_t(edge.from)];
+    const bool upright = std::ranges::max(parents) < 2;
+    if (!upright && std::ranges::max(children) > 1) return std::nullopt;
+    if (!upright)
+        for (LayoutEdge &edge : part.edges) std::swap(edge.from, edge.to);
+    std::vector<QPointF> centres =
+        TidyTree(part, {LayoutOrientation::Down, options.levelDistance, options.neighbourDistance});
+    if (!upright)
+        for (QPointF &centre : centres) centre.setY(-centre.y());
+    return LayeredDrawing{std::move(centres), std::vector<std::vector<QPointF>>(part.edges.size())};
+}
+
 LayeredDrawing DrawPart(const LayoutGraph &part, const LayoutOptions &options, Patience &patience) {
+    if (auto tree = DrawTree(part, options)) return std::move(*tree);
     const LayeredPart cut = Ordered(part, patience);
     const std::vector<double> columns = PlaceInLayers(cut.graph, GapsOf(options), patience);
     const std::vector<LayerBand> bands = BandsOf(cut, options.levelDistance);

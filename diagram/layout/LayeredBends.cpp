@@ -39,6 +39,7 @@ public:
         if (arrives) bends.push_back(in);
         // That has changed the line to the upper box, too.
         if (!leaves && arrives && MeetsBeside(chain.upper, first())) bends.insert(bends.begin(), out);
+        if (chain.bends) return bends;
         return WithoutNeedless(upper, std::move(bends), lower);
     }
 
@@ -98,10 +99,9 @@ std::vector<std::vector<QPointF>> BendsOf(const LayeredPart &part, const std::ve
     std::vector<std::vector<QPointF>> bends(edges.size());
     const Bending bending(part, columns, bands);
     for (const EdgeChain &chain : part.chains) {
-        const double middle = double(chain.edges.size() - 1) / 2;
         for (std::size_t i = 0; i < chain.edges.size(); ++i) {
             std::vector<QPointF> &edge = bends[At(chain.edges[i])];
-            edge = bending.Of(chain, (double(i) - middle) * kBeside);
+            edge = bending.Of(chain, chain.asides[i]);
             if (edges[At(chain.edges[i])].from == chain.lower) std::ranges::reverse(edge);
         }
     }

@@ -3,11 +3,15 @@
 #include "diagram/layout/LayerLanes.h"
 #include "diagram/layout/LayerRelaxing.h"
 
+#include <algorithm>
+
 namespace diagram {
 
 namespace {
 
-constexpr int kLooseRounds = 24, kStraightRounds = 12;
+constexpr int kYieldRounds = 8;
+constexpr std::size_t kFewestRounds = 20, kMostRounds = 150;
+constexpr std::size_t kWork = 120'000; // vertices placed, where the bounds above let it
 
 std::size_t At(int i) { return std::size_t(i); }
 
@@ -36,11 +40,17 @@ public:
           columns_(Packed(graph, gaps)) {}
 
     std::vector<double> Place() && {
-        for (int round = 0; round < kLooseRounds; ++round) Layers(Relax::All, round % 2 == 0);
+        const std::size_t rounds = std::clamp(kWork / graph_.vertices.size(), kFewestRounds, kMostRounds);
+        for (std::size_t round = 0; round < rounds; ++round) Layers(Relax::All, round % 2 == 0);
         lanes_.Straighten(columns_);
-        for (int round = 0; round < kStraightRounds; ++round) {
-            Layers(Relax::Boxes, round % 2 == 0);
+        for (std::size_t round = 0; round < rounds / 2; ++round) {
+            Layers(Relax::Short, round % 2 == 0);
             lanes_.Relax(columns_);
+        }
+        // What passes yields to boxes that want to stand in one column.
+        for (int round = 0; round < kYieldRounds; ++round) {
+            Layers(Relax::Freely, false);
+            lanes_.Straighten(columns_);
         }
         Layers(Relax::OverBelow, false);
         lanes_.Snap(columns_);

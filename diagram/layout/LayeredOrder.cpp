@@ -15,7 +15,7 @@ using Layers = std::vector<std::vector<int>>;
 
 constexpr int kFruitless = 6;    // sweeps without a better order after which a start is given up
 constexpr int kSwitchRounds = 8; // through all layers after one sweep
-constexpr std::size_t kFewestSweeps = 26, kMostSweeps = 600;
+constexpr std::size_t kFewestSweeps = 12, kMostSweeps = 600;
 constexpr std::size_t kWork = 500'000;     // edges looked at in sweeps, where the bounds above let it
 constexpr std::size_t kManyEdges = 10'000; // of which a sweep costs twice as much patience
 constexpr std::size_t kSiftWork = 6'000'000;

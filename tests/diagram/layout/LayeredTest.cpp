@@ -148,6 +148,33 @@ TEST(Layered, ParentsStandOverTheMiddleOfTheirChildren) {
     EXPECT_NEAR(at[0].x(), (at[1].x() + at[3].x()) / 2, 30);
 }
 
+TEST(Layered, AChainOfBoxesKeepsOneColumnBesideALongEdge) {
+    const auto drawing = Draw(Graph(6, {{0, 1}, {1, 2}, {2, 3}, {3, 4}, {4, 5}, {5, 1}, {0, 4}}));
+    for (std::size_t i = 1; i < 6; ++i) EXPECT_NEAR(drawing.centres[i].x(), drawing.centres[0].x(), 1);
+}
+
+TEST(Layered, ATreeStandsAsATreeEitherWayUp) {
+    LayoutGraph graph = Graph(7, {{0, 1}, {0, 2}, {1, 3}, {1, 4}, {1, 5}, {2, 6}});
+    const auto down = Draw(graph).centres;
+    EXPECT_DOUBLE_EQ(down[1].x(), down[4].x());
+    EXPECT_DOUBLE_EQ(down[0].x(), (down[1].x() + down[2].x()) / 2);
+    EXPECT_DOUBLE_EQ(down[2].x(), down[6].x());
+    for (LayoutEdge &edge : graph.edges) std::swap(edge.from, edge.to);
+    const auto up = Draw(graph).centres;
+    EXPECT_DOUBLE_EQ(up[0].x(), (up[1].x() + up[2].x()) / 2);
+    EXPECT_GT(up[0].y(), up[1].y());
+    EXPECT_GT(up[1].y(), up[3].y());
+}
+
+TEST(Layered, LabelsOfEdgesBetweenTheSameBoxesLieBesideEachOther) {
+    LayoutGraph graph = Graph(2, {{0, 1}, {1, 0}, {0, 1}});
+    graph.labels = {{900, 200}, {1100, 200}, {0, 0}};
+    const auto drawing = Draw(graph);
+    EXPECT_GE(drawing.bends[1].front().x() - drawing.bends[0].front().x(), 1000);
+    EXPECT_GE(drawing.bends[2].front().x() - drawing.bends[1].front().x(), 550);
+    EXPECT_GE(drawing.centres[1].y() - drawing.centres[0].y(), 800 + 300);
+}
+
 TEST(Layered, ALongEdgePassesAllLayersInOneColumn) {
     const LayoutGraph graph = Graph(7, {{0, 1}, {1, 2}, {2, 3}, {3, 4}, {4, 5}, {5, 6}, {0, 6}});
     const auto bends = Draw(graph).bends[6];
