@@ -11,11 +11,11 @@ constexpr double kBeside = 180; // twips between edges that join the same two bo
 
 // All edges between two boxes; edges of one go side by side.
 struct EdgeChain {
-    int upper = 0, lower = 0;   // boxes
+    int upper = 0, lower = 0;        // boxes
     std::vector<int> passes = {};    // vertices between them, downwards
     std::vector<int> edges = {};     // of the part
     std::vector<double> asides = {}; // of the edges: how far to the right of the chain's middle each lies
-    bool bends = false;         // even where the straight line is free: labels lie side by side
+    bool bends = false;              // even where the straight line is free: labels lie side by side
 };
 
 struct LayeredPart {

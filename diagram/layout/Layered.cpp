@@ -3,6 +3,7 @@
 #include "diagram/layout/LayerChains.h"
 #include "diagram/layout/LayeredBends.h"
 #include "diagram/layout/LayeredColumns.h"
+#include "diagram/layout/LayeredCorners.h"
 #include "diagram/layout/LayeredCycles.h"
 #include "diagram/layout/LayeredOrder.h"
 #include "diagram/layout/Orientation.h"
@@ -20,7 +21,7 @@ namespace {
 constexpr double kNearestPass = 150, kFarthestPass = 300; // twips between an edge and what it passes
 constexpr std::size_t kManyEdges = 400;
 constexpr int kCrossingsForProcess = 2; // that are worth the order in which a process was drawn
-constexpr double kAroundLabel = 150;    // twips above and below a label at least
+constexpr double kAroundLabel = 270;    // twips above and below a label at least: an arrow head and more
 
 bool HasLabels(const LayoutGraph &part) {
     return std::ranges::any_of(part.labels, [](const QSizeF &label) { return !label.isEmpty(); });
@@ -95,7 +96,8 @@ std::optional<LayeredDrawing> DrawTree(LayoutGraph part, const LayoutOptions &op
         TidyTree(part, {LayoutOrientation::Down, options.levelDistance, options.neighbourDistance});
     if (!upright)
         for (QPointF &centre : centres) centre.setY(-centre.y());
-    return LayeredDrawing{std::move(centres), std::vector<std::vector<QPointF>>(part.edges.size())};
+    const std::vector<std::vector<QPointF>> straight(part.edges.size());
+    return LayeredDrawing{std::move(centres), straight, straight};
 }
 
 LayeredDrawing DrawPart(const LayoutGraph &part, const LayoutOptions &options, Patience &patience) {
@@ -109,12 +111,14 @@ LayeredDrawing DrawPart(const LayoutGraph &part, const LayoutOptions &options, P
         drawing.centres.emplace_back(columns[i], (band.top + band.bottom) / 2);
     }
     drawing.bends = BendsOf(cut, part.edges, columns, bands);
+    drawing.corners = CornersOf(cut, part.edges, columns, bands);
     return drawing;
 }
 
 LayeredDrawing Turned(LayeredDrawing drawing, LayoutOrientation orientation) {
     drawing.centres = TurnedBack(std::move(drawing.centres), orientation);
     for (auto &bends : drawing.bends) bends = TurnedBack(std::move(bends), orientation);
+    for (auto &corners : drawing.corners) corners = TurnedBack(std::move(corners), orientation);
     return drawing;
 }
 
@@ -144,14 +148,20 @@ LayeredDrawing Joined(const LayoutGraph &graph, const std::vector<LayoutPart> &p
     }
     const std::vector<QPointF> corners = Pack(sizes, gap);
     LayeredDrawing all{std::vector<QPointF>(graph.sizes.size()),
+                       std::vector<std::vector<QPointF>>(graph.edges.size()),
                        std::vector<std::vector<QPointF>>(graph.edges.size())};
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const QPointF shift = corners[i] - extents[i].topLeft();
+        const auto shifted = [&](std::vector<QPointF> points) {
+            for (QPointF &point : points) point += shift;
+            return points;
+        };
         for (std::size_t k = 0; k < parts[i].boxes.size(); ++k)
             all.centres[std::size_t(parts[i].boxes[k])] = drawings[i].centres[k] + shift;
-        for (std::size_t k = 0; k < parts[i].edges.size(); ++k)
-            for (const QPointF &bend : drawings[i].bends[k])
-                all.bends[std::size_t(parts[i].edges[k])].push_back(bend + shift);
+        for (std::size_t k = 0; k < parts[i].edges.size(); ++k) {
+            all.bends[std::size_t(parts[i].edges[k])] = shifted(drawings[i].bends[k]);
+            all.corners[std::size_t(parts[i].edges[k])] = shifted(drawings[i].corners[k]);
+        }
     }
     return all;
 }

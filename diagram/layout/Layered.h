@@ -15,6 +15,9 @@ struct LayeredDrawing {
     // Of each edge between its ends, from the box it comes from on. Empty where the straight line meets no
     // other box, and for edges from a box to itself.
     std::vector<std::vector<QPointF>> bends;
+    // The same for edges of level and upright pieces that pass layers: two corners for each piece across.
+    // Empty for edges that go from one layer to the next one.
+    std::vector<std::vector<QPointF>> corners;
 };
 
 // Boxes of one layer stand on one line; parents stand over the middle of their children where there is room;

@@ -1,6 +1,5 @@
 #include "diagram/layout/Layout.h"
 
-#include "diagram/layout/Layered.h"
 #include "diagram/layout/TidyTree.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Bounds.h"
@@ -31,19 +30,29 @@ QPointF Corner(const std::vector<QSizeF> &sizes, const std::vector<QPointF> &cen
     return corner;
 }
 
-bool BendsAnywhere(const Link &link) {
-    const LinkStyleRow *row = FindLinkStyle(link.Style());
-    return row && (row->form == LinkForm::Polyline || row->form == LinkForm::Spline);
-}
+// Styles with one, two and three pieces across, of layers below and beside each other.
+constexpr int kAcrossStyles[2][3] = {{4, 8, 12}, {5, 9, 13}};
 
-// The ends are put onto the outlines when the way is read.
-void GiveBends(Link &link, const std::vector<QPointF> &bends, const QPointF &shift) {
+// The points between the ends, which are put onto the outlines when the way is read.
+void GiveWay(Link &link, const std::vector<QPointF> &between, const QPointF &shift) {
     std::vector<Point> points{ToPoint(link.Source().Bounds().center())};
-    for (const QPointF &bend : bends) points.push_back(ToPoint(bend + shift));
+    for (const QPointF &point : between) points.push_back(ToPoint(point + shift));
     points.push_back(ToPoint(link.Destination().Bounds().center()));
     link.Points().Assign(std::move(points));
     link.Way();
     link.SetOwnBends(false);
+}
+
+void GiveCorners(Link &link, const std::vector<QPointF> &corners, const QPointF &shift, bool level) {
+    const std::size_t across = std::max<std::size_t>(corners.size() / 2, 1);
+    if (across > std::size(kAcrossStyles[0])) return link.SetStyle(kAcrossStyles[level][2]);
+    link.SetStyle(kAcrossStyles[level][across - 1]);
+    if (!corners.empty()) GiveWay(link, corners, shift);
+}
+
+// Where all nodes go so that the diagram's left top corner stays where it was.
+QPointF ShiftOf(const LayoutGraph &graph, const std::vector<QPointF> &centres) {
+    return Corner(graph.sizes, graph.centres) - Corner(graph.sizes, centres);
 }
 
 } // namespace
@@ -69,13 +78,12 @@ LayoutSubject SubjectOf(const Surface &surface, LayoutScope scope) {
     return subject;
 }
 
-void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres,
-                const std::vector<std::vector<QPointF>> &bends) {
+void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres) {
     if (centres.empty()) return;
     for (const ItemId id : subject.links)
         if (Link *link = surface.FindLink(id)) link->SetOwnBends(false);
     const LayoutGraph &graph = subject.graph;
-    const QPointF shift = Corner(graph.sizes, graph.centres) - Corner(graph.sizes, centres);
+    const QPointF shift = ShiftOf(graph, centres);
     for (std::size_t i = 0; i < centres.size(); ++i) {
         Node *node = surface.FindNode(subject.nodes[i]);
         if (!node) continue;
@@ -83,16 +91,31 @@ void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vecto
         node->SetLeft(float(corner.x()));
         node->SetTop(float(corner.y()));
     }
-    for (std::size_t i = 0; i < bends.size(); ++i) {
-        Link *link = bends[i].empty() ? nullptr : surface.FindLink(subject.links[i]);
-        if (link && BendsAnywhere(*link)) GiveBends(*link, bends[i], shift);
+}
+
+void PlaceLayers(Surface &surface, const LayoutSubject &subject, const LayeredDrawing &drawing,
+                 LayoutOrientation orientation) {
+    PlaceNodes(surface, subject, drawing.centres);
+    const bool level = orientation == LayoutOrientation::Right || orientation == LayoutOrientation::Left;
+    if (subject.links.empty()) return;
+    const QPointF shift = ShiftOf(subject.graph, drawing.centres);
+    for (std::size_t i = 0; i < subject.links.size(); ++i) {
+        Link *link = surface.FindLink(subject.links[i]);
+        if (!link || &link->Source() == &link->Destination()) continue;
+        const LinkStyleRow *row = FindLinkStyle(link->Style());
+        const LinkForm form = row ? row->form : LinkForm::Bezier;
+        if (form == LinkForm::Orthogonal) {
+            GiveCorners(*link, drawing.corners[i], shift, level);
+        } else if (form != LinkForm::Bezier && !drawing.bends[i].empty()) {
+            GiveWay(*link, drawing.bends[i], shift);
+        }
     }
 }
 
 bool LayOutInLayers(Surface &surface, LayoutScope scope, const LayoutOptions &options, const GoOn &goOn) {
     const LayoutSubject subject = SubjectOf(surface, scope);
     const auto drawing = DrawInLayers(subject.graph, options, goOn);
-    if (drawing) PlaceNodes(surface, subject, drawing->centres, drawing->bends);
+    if (drawing) PlaceLayers(surface, subject, *drawing, options.orientation);
     return drawing.has_value();
 }
 

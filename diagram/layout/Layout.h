@@ -1,6 +1,7 @@
 // Lays out the nodes of a surface by their links.
 #pragma once
 
+#include "diagram/layout/Layered.h"
 #include "diagram/layout/LayoutGraph.h"
 #include "diagram/layout/Patience.h"
 #include "diagram/model/Item.h"
@@ -24,11 +25,13 @@ LayoutSubject SubjectOf(const Surface &surface, LayoutScope scope);
 
 // Moves the nodes to the centres, all of them shifted so that the diagram's left top corner stays where it
 // was. Bends of the links go: they belonged to the old places. Opens no group of its own.
-//
-// Links whose style bends where one wants get the bends of their edges, where there are any. These count as
-// the router's: a link is routed anew when one of its nodes moves.
-void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres,
-                const std::vector<std::vector<QPointF>> &bends = {});
+void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres);
+
+// Places them as drawn in layers, with the bends of the links that pass others. Links with level and upright
+// pieces get the style that fits. What is written counts as the router's: a link is routed anew when one of
+// its nodes moves.
+void PlaceLayers(Surface &surface, const LayoutSubject &subject, const LayeredDrawing &drawing,
+                 LayoutOrientation orientation);
 
 // The layered layout; false when it was given up, with nothing changed.
 bool LayOutInLayers(Surface &surface, LayoutScope scope, const LayoutOptions &options, const GoOn &goOn);

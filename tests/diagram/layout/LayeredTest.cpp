@@ -230,6 +230,48 @@ TEST(Layered, BoxesKeepTheirPresentOrderWhereThatCrossesNothing) {
     EXPECT_LT(at[3].x(), at[1].x());
 }
 
+TEST(Layered, CornersTurnARightAngleAndMeetNoBox) {
+    for (unsigned seed = 0; seed < 8; ++seed) {
+        SCOPED_TRACE(seed);
+        const LayoutGraph graph = RandomGraph(seed, 12 + 3 * int(seed), 16 + 4 * int(seed));
+        LayeredDrawing drawing = Draw(graph);
+        for (std::size_t edge = 0; edge < graph.edges.size(); ++edge) {
+            const auto &corners = drawing.corners[edge];
+            EXPECT_EQ(corners.size() % 2, 0U);
+            for (std::size_t i = 1; i < corners.size(); ++i)
+                EXPECT_EQ(i % 2 ? corners[i].y() : corners[i].x(),
+                          i % 2 ? corners[i - 1].y() : corners[i - 1].x());
+            // Upright from within its boxes.
+            std::vector<QPointF> &way = drawing.bends[edge] = corners;
+            if (corners.empty()) continue;
+            way.insert(way.begin(),
+                       {corners.front().x(), drawing.centres[std::size_t(graph.edges[edge].from)].y()});
+            way.push_back({corners.back().x(), drawing.centres[std::size_t(graph.edges[edge].to)].y()});
+            for (std::size_t box = 0; box < graph.sizes.size(); ++box) {
+                const QRectF inner = BoxOf(graph, drawing, box);
+                const bool isEnd = int(box) == graph.edges[edge].from || int(box) == graph.edges[edge].to;
+                for (std::size_t i = 1; i < way.size() && !isEnd; ++i)
+                    EXPECT_FALSE(Meets(inner, way[i - 1], way[i])) << edge << " in " << box;
+            }
+        }
+    }
+}
+
+TEST(Layered, LevelPiecesDoNotLieOnOneAnother) {
+    const LayoutGraph graph = RandomGraph(2, 30, 45);
+    const LayeredDrawing drawing = Draw(graph);
+    for (std::size_t a = 0; a < graph.edges.size(); ++a)
+        for (std::size_t b = 0; b < a; ++b)
+            for (std::size_t i = 1; i < drawing.corners[a].size(); i += 2)
+                for (std::size_t k = 1; k < drawing.corners[b].size(); k += 2) {
+                    const auto &mine = drawing.corners[a], &other = drawing.corners[b];
+                    if (std::abs(mine[i].y() - other[k].y()) > 1) continue;
+                    const auto [left, right] = std::minmax(mine[i - 1].x(), mine[i].x());
+                    const auto [from, to] = std::minmax(other[k - 1].x(), other[k].x());
+                    EXPECT_TRUE(right < from || to < left) << a << ", " << b;
+                }
+}
+
 TEST(Layered, TheSameGraphGivesTheSameDrawing) {
     for (unsigned seed = 0; seed < 3; ++seed) {
         const LayoutGraph graph = RandomGraph(seed, 25, 40);
