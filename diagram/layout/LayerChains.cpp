@@ -47,13 +47,19 @@ void SpreadEdges(const LayoutGraph &part, EdgeChain &chain) {
     for (double &aside : chain.asides) aside -= at / 2;
 }
 
-std::vector<int> RanksOf(const LayoutGraph &part, const std::vector<EdgeChain> &chains, bool balanced,
-                         Patience &patience) {
+std::vector<int> RanksOf(const LayoutGraph &part, const std::vector<EdgeChain> &chains,
+                         const Layering &layering, Patience &patience) {
     std::vector<RankEdge> edges;
     edges.reserve(chains.size());
-    for (const EdgeChain &chain : chains)
+    for (const EdgeChain &chain : chains) {
         edges.push_back({chain.upper, chain.lower, 1, int(chain.edges.size())});
-    return RankBoxes(int(part.sizes.size()), edges, balanced, patience);
+        if (layering.mirrored) std::swap(edges.back().from, edges.back().to);
+    }
+    std::vector<int> ranks = RankBoxes(int(part.sizes.size()), edges, layering.balanced, patience);
+    const int last = *std::ranges::max_element(ranks);
+    if (layering.mirrored)
+        for (int &rank : ranks) rank = last - rank;
+    return ranks;
 }
 
 class Cutting {
@@ -117,7 +123,7 @@ LayeredPart CutIntoLayers(const LayoutGraph &part, const Layering &layering, Pat
     cut.chains = ChainsOf(part, layering.back);
     cut.labelled = std::ranges::any_of(part.labels, [](const QSizeF &label) { return !label.isEmpty(); });
     Cutting cutting(part, cut);
-    cutting.AddBoxes(RanksOf(part, cut.chains, layering.balanced, patience));
+    cutting.AddBoxes(RanksOf(part, cut.chains, layering, patience));
     for (EdgeChain &chain : cut.chains) {
         SpreadEdges(part, chain);
         cutting.AddChain(chain);

@@ -28,6 +28,7 @@ struct LayeredPart {
 struct Layering {
     std::vector<char> back; // marks of the edges that are turned round: the others close no cycle
     bool balanced = true;   // as RankBoxes
+    bool mirrored = false;  // layered from below: another one of those that are equally good
     int bias = 0;           // crossings that another one must save to be better
 };
 

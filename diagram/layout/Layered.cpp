@@ -19,7 +19,7 @@ namespace diagram {
 namespace {
 
 constexpr double kNearestPass = 150, kFarthestPass = 300; // twips between an edge and what it passes
-constexpr std::size_t kManyEdges = 400;
+constexpr std::size_t kFewEdges = 120, kManyEdges = 400;
 constexpr int kCrossingsForProcess = 2; // that are worth the order in which a process was drawn
 constexpr double kAroundLabel = 270;    // twips above and below a label at least: an arrow head and more
 
@@ -60,8 +60,11 @@ std::vector<Layering> LayeringsOf(const LayoutGraph &part) {
         std::vector<char> back = BackEdges(int(part.sizes.size()), part.edges, way);
         if (std::ranges::find(layerings, back, &Layering::back) != layerings.end()) continue;
         const int bias = way == CycleBreaking::Greedy ? kCrossingsForProcess : 0;
-        layerings.push_back({back, true, bias});
-        if (!isLarge) layerings.push_back({back, false, bias});
+        layerings.push_back({back, true, false, bias});
+        if (!isLarge) layerings.push_back({back, false, false, bias});
+        if (part.edges.size() > kFewEdges) continue;
+        layerings.push_back({back, true, true, bias});
+        layerings.push_back({back, false, true, bias});
     }
     if (!isLarge) return layerings;
     return {*std::ranges::min_element(layerings, {},

@@ -48,7 +48,8 @@ private:
     QPointF CentreOf(int vertex) const {
         return {columns_[At(vertex)], (BandOf(vertex).top + BandOf(vertex).bottom) / 2};
     }
-    // Whether the line from the box's middle to a point outside of its layer comes near to the next box.
+    // Whether the line from the box's middle to a point outside of its layer comes, within the layer, to the
+    // next vertex: it would meet a box or cross an edge there.
     bool MeetsBeside(int vertex, const QPointF &to) const {
         const QPointF from = CentreOf(vertex);
         const std::vector<int> &layer = graph_.layers[At(graph_.vertices[At(vertex)].layer)];
@@ -60,14 +61,8 @@ private:
         const double side = columns_[At(layer[std::size_t(next)])] - step * (beside.width / 2 + kNear);
         const double share = (side - from.x()) / (to.x() - from.x());
         if (!(share >= 0 && share <= 1)) return false;
-        return std::abs(share * (to.y() - from.y())) < HeightBeside(layer, next, step) / 2 + kNear;
-    }
-    // Of the highest box in that direction: the line rises further on its way past others.
-    double HeightBeside(const std::vector<int> &layer, std::ptrdiff_t at, int step) const {
-        double height = 0;
-        for (; at >= 0 && at < std::ptrdiff_t(layer.size()); at += step)
-            height = std::max(height, graph_.vertices[At(layer[std::size_t(at)])].height);
-        return height;
+        return std::abs(share * (to.y() - from.y())) <
+               (BandOf(vertex).bottom - BandOf(vertex).top) / 2 + kNear;
     }
     static bool IsNeedless(const QPointF &before, const QPointF &at, const QPointF &after) {
         const QPointF way = after - before, off = at - before;
