@@ -9,6 +9,7 @@ namespace diagram {
 
 namespace {
 
+constexpr std::size_t kMostCounted = 4;
 constexpr double kAroundLabel = 90; // twips beside a label
 constexpr double kLoop = 300;       // twips that a link from a box to itself needs on either side
 
@@ -85,14 +86,19 @@ public:
             passing.wish = upper.wish + share * (lower.wish - upper.wish);
             passing.layer = layer;
             const int vertex = Add(passing);
-            graph_.edges.push_back({last, vertex});
+            Join(last, vertex, chain);
             chain.passes.push_back(vertex);
             last = vertex;
         }
-        graph_.edges.push_back({last, chain.lower});
+        Join(last, chain.lower, chain);
     }
 
 private:
+    // As often as edges go there: a crossing with each of them counts.
+    void Join(int from, int to, const EdgeChain &chain) {
+        for (std::size_t i = 0; i < std::min(chain.edges.size(), kMostCounted); ++i)
+            graph_.edges.push_back({from, to});
+    }
     int Add(const LayerVertex &vertex) {
         graph_.vertices.push_back(vertex);
         if (graph_.layers.size() <= At(vertex.layer)) graph_.layers.resize(At(vertex.layer) + 1);
