@@ -3,7 +3,6 @@
 #include <gvc.h>
 #include <QByteArray>
 #include <QElapsedTimer>
-#include <vector>
 
 extern "C" gvplugin_library_t gvplugin_dot_layout_LTX_library;
 
@@ -20,11 +19,12 @@ void Set(void *object, const char *name, double twips) {
     agsafeset(object, Text(name), QByteArray::number(twips / kTwipsOfInch).data(), Text(""));
 }
 
-Agraph_t *Build(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &options) {
+Agraph_t *Build(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &options,
+                const char *splines) {
     Agraph_t *built = agopen(Text("g"), Agdirected, nullptr);
     Set(built, "nodesep", options.neighbourDistance);
     Set(built, "ranksep", options.levelDistance);
-    agsafeset(built, Text("splines"), Text("none"), Text(""));
+    agsafeset(built, Text("splines"), Text(splines), Text(""));
     agattr(built, AGNODE, Text("shape"), Text("box"));
     agattr(built, AGNODE, Text("fixedsize"), Text("true"));
     agattr(built, AGNODE, Text("label"), Text(""));
@@ -34,18 +34,50 @@ Agraph_t *Build(const diagram::LayoutGraph &graph, const diagram::LayoutOptions 
         Set(boxes.back(), "width", size.width());
         Set(boxes.back(), "height", size.height());
     }
-    for (const diagram::LayoutEdge &edge : graph.edges)
-        agedge(built, boxes[std::size_t(edge.from)], boxes[std::size_t(edge.to)], nullptr, 1);
+    for (std::size_t i = 0; i < graph.edges.size(); ++i) {
+        const diagram::LayoutEdge &edge = graph.edges[i];
+        agedge(built, boxes[std::size_t(edge.from)], boxes[std::size_t(edge.to)],
+               QByteArray::number(qulonglong(i)).data(), 1);
+    }
     return built;
+}
+
+constexpr double kTwipsOfPoint = 20;
+
+QPointF At(const pointf &point) { return {point.x * kTwipsOfPoint, -point.y * kTwipsOfPoint}; }
+
+// A curve of the third degree as pieces, behind its first point.
+void AddCurve(const pointf *points, std::vector<QPointF> &way) {
+    constexpr int kPieces = 8;
+    for (int i = 1; i <= kPieces; ++i) {
+        const double t = double(i) / kPieces, u = 1 - t;
+        way.push_back(At(points[0]) * (u * u * u) + At(points[1]) * (3 * u * u * t) +
+                      At(points[2]) * (3 * u * t * t) + At(points[3]) * (t * t * t));
+    }
+}
+
+std::vector<QPointF> WayOf(Agedge_t *edge) {
+    std::vector<QPointF> way;
+    const splines *curves = ED_spl(edge);
+    if (!curves || aghead(edge) == agtail(edge)) return way;
+    const bezier &curve = curves->list[0];
+    way.push_back(At(curve.list[0]));
+    for (int i = 0; i + 3 < int(curve.size); i += 3) AddCurve(curve.list + i, way);
+    return way;
+}
+
+// The engine alone: no other plug-in is looked for.
+GVC_t *MakeContext() {
+    static const lt_symlist_t builtins[] = {
+        {"gvplugin_dot_layout_LTX_library", &gvplugin_dot_layout_LTX_library}, {nullptr, nullptr}};
+    return gvContextPlugins(builtins, 0);
 }
 
 } // namespace
 
 double RawDot(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &options) {
-    static const lt_symlist_t builtins[] = {
-        {"gvplugin_dot_layout_LTX_library", &gvplugin_dot_layout_LTX_library}, {nullptr, nullptr}};
-    GVC_t *context = gvContextPlugins(builtins, 0);
-    Agraph_t *built = Build(graph, options);
+    GVC_t *context = MakeContext();
+    Agraph_t *built = Build(graph, options, "none");
     QElapsedTimer timer;
     timer.start();
     gvLayout(context, built, "dot");
@@ -54,6 +86,21 @@ double RawDot(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &o
     agclose(built);
     gvFreeContext(context);
     return time;
+}
+
+std::vector<std::vector<QPointF>> DotWays(const diagram::LayoutGraph &graph,
+                                          const diagram::LayoutOptions &options) {
+    GVC_t *context = MakeContext();
+    Agraph_t *built = Build(graph, options, "spline");
+    gvLayout(context, built, "dot");
+    std::vector<std::vector<QPointF>> ways(graph.edges.size());
+    for (Agnode_t *node = agfstnode(built); node; node = agnxtnode(built, node))
+        for (Agedge_t *edge = agfstout(built, node); edge; edge = agnxtout(built, edge))
+            ways[std::size_t(QByteArray(agnameof(edge)).toInt())] = WayOf(edge);
+    gvFreeLayout(context, built);
+    agclose(built);
+    gvFreeContext(context);
+    return ways;
 }
 
 } // namespace bench

@@ -9,4 +9,9 @@ namespace bench {
 // counts.
 double RawDot(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &options);
 
+// The links as the engine draws them, as straight pieces, from where each comes from on. A link from a node
+// to itself has none.
+std::vector<std::vector<QPointF>> DotWays(const diagram::LayoutGraph &graph,
+                                          const diagram::LayoutOptions &options);
+
 } // namespace bench

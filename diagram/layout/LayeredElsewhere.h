@@ -2,16 +2,13 @@
 #pragma once
 
 #include "diagram/layout/LayoutGraph.h"
+#include "diagram/layout/Patience.h"
 
-#include <functional>
 #include <optional>
 
 namespace diagram {
 
 constexpr long kErrNotLaidOut = 20002;
-
-// Asked every few milliseconds while the process runs; false gives the layout up.
-using GoOn = std::function<bool()>;
 
 // As Layered; nothing when it was given up. Error 53 "File not found: 'velmora-layout'" when the program is
 // missing, 20002 "The diagram could not be laid out" when it fails.

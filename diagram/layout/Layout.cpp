@@ -3,6 +3,8 @@
 #include "diagram/layout/SpanningTree.h"
 #include "diagram/layout/TidyTree.h"
 #include "diagram/model/Surface.h"
+#include "diagram/scene/Bounds.h"
+#include "diagram/shapes/LinkStyles.h"
 
 #include <QHash>
 #include <QRectF>
@@ -29,6 +31,31 @@ QPointF Corner(const std::vector<QSizeF> &sizes, const std::vector<QPointF> &cen
     return corner;
 }
 
+// Styles with one, two and three pieces across, of layers below and beside each other.
+constexpr int kAcrossStyles[2][3] = {{4, 8, 12}, {5, 9, 13}};
+
+// The points between the ends, which are put onto the outlines when the way is read.
+void GiveWay(Link &link, const std::vector<QPointF> &between, const QPointF &shift) {
+    std::vector<Point> points{ToPoint(link.Source().Bounds().center())};
+    for (const QPointF &point : between) points.push_back(ToPoint(point + shift));
+    points.push_back(ToPoint(link.Destination().Bounds().center()));
+    link.Points().Assign(std::move(points));
+    link.Way();
+    link.SetOwnBends(false);
+}
+
+void GiveCorners(Link &link, const std::vector<QPointF> &corners, const QPointF &shift, bool level) {
+    const std::size_t across = std::max<std::size_t>(corners.size() / 2, 1);
+    if (across > std::size(kAcrossStyles[0])) return link.SetStyle(kAcrossStyles[level][2]);
+    link.SetStyle(kAcrossStyles[level][across - 1]);
+    if (!corners.empty()) GiveWay(link, corners, shift);
+}
+
+// Where all nodes go so that the diagram's left top corner stays where it was.
+QPointF ShiftOf(const LayoutGraph &graph, const std::vector<QPointF> &centres) {
+    return Corner(graph.sizes, graph.centres) - Corner(graph.sizes, centres);
+}
+
 } // namespace
 
 LayoutSubject SubjectOf(const Surface &surface, LayoutScope scope) {
@@ -46,6 +73,8 @@ LayoutSubject SubjectOf(const Surface &surface, LayoutScope scope) {
         if (from < 0 || to < 0 || link->Hidden()) continue;
         subject.links.push_back(link->Id());
         subject.graph.edges.push_back({from, to});
+        subject.graph.labels.push_back(link->Text().isEmpty() ? QSizeF(0, 0)
+                                                              : LabelBox(*link, nullptr).size());
     }
     return subject;
 }
@@ -55,7 +84,7 @@ void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vecto
     for (const ItemId id : subject.links)
         if (Link *link = surface.FindLink(id)) link->SetOwnBends(false);
     const LayoutGraph &graph = subject.graph;
-    const QPointF shift = Corner(graph.sizes, graph.centres) - Corner(graph.sizes, centres);
+    const QPointF shift = ShiftOf(graph, centres);
     for (std::size_t i = 0; i < centres.size(); ++i) {
         Node *node = surface.FindNode(subject.nodes[i]);
         if (!node) continue;
@@ -65,11 +94,30 @@ void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vecto
     }
 }
 
+void PlaceLayers(Surface &surface, const LayoutSubject &subject, const LayeredDrawing &drawing,
+                 LayoutOrientation orientation) {
+    PlaceNodes(surface, subject, drawing.centres);
+    const bool level = orientation == LayoutOrientation::Right || orientation == LayoutOrientation::Left;
+    if (subject.links.empty()) return;
+    const QPointF shift = ShiftOf(subject.graph, drawing.centres);
+    for (std::size_t i = 0; i < subject.links.size(); ++i) {
+        Link *link = surface.FindLink(subject.links[i]);
+        if (!link || &link->Source() == &link->Destination()) continue;
+        const LinkStyleRow *row = FindLinkStyle(link->Style());
+        const LinkForm form = row ? row->form : LinkForm::Bezier;
+        if (form == LinkForm::Orthogonal) {
+            GiveCorners(*link, drawing.corners[i], shift, level);
+        } else if (form != LinkForm::Bezier && !drawing.bends[i].empty()) {
+            GiveWay(*link, drawing.bends[i], shift);
+        }
+    }
+}
+
 bool LayOutInLayers(Surface &surface, LayoutScope scope, const LayoutOptions &options, const GoOn &goOn) {
     const LayoutSubject subject = SubjectOf(surface, scope);
-    const auto centres = LayeredElsewhere(subject.graph, options, goOn);
-    if (centres) PlaceNodes(surface, subject, *centres);
-    return centres.has_value();
+    const auto drawing = DrawInLayers(subject.graph, options, goOn);
+    if (drawing) PlaceLayers(surface, subject, *drawing, options.orientation);
+    return drawing.has_value();
 }
 
 bool LayOutAsTree(Surface &surface, LayoutScope scope, const LayoutOptions &options) {

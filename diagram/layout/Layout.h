@@ -1,8 +1,9 @@
 // Lays out the nodes of a surface by their links.
 #pragma once
 
-#include "diagram/layout/LayeredElsewhere.h"
+#include "diagram/layout/Layered.h"
 #include "diagram/layout/LayoutGraph.h"
+#include "diagram/layout/Patience.h"
 #include "diagram/model/Item.h"
 
 namespace diagram {
@@ -12,8 +13,9 @@ class Surface;
 // What of a surface takes part.
 enum class LayoutScope { All, Selection };
 
-// The nodes that take part, and the links between them. Hidden nodes and those that the user cannot select
-// (the months of a timeline) stay where they are. With LayoutScope::Selection only selected nodes take part.
+// The nodes that take part, and the links between them with room for their labels. Hidden nodes and those
+// that the user cannot select (the months of a timeline) stay where they are. With LayoutScope::Selection
+// only selected nodes take part.
 struct LayoutSubject {
     LayoutGraph graph;
     std::vector<ItemId> nodes; // of the boxes
@@ -25,7 +27,13 @@ LayoutSubject SubjectOf(const Surface &surface, LayoutScope scope);
 // was. Bends of the links go: they belonged to the old places. Opens no group of its own.
 void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres);
 
-// The layered layout; false when it was given up, with nothing changed. Errors as LayeredElsewhere.
+// Places them as drawn in layers, with the bends of the links that pass others. Links with level and upright
+// pieces get the style that fits. What is written counts as the router's: a link is routed anew when one of
+// its nodes moves.
+void PlaceLayers(Surface &surface, const LayoutSubject &subject, const LayeredDrawing &drawing,
+                 LayoutOrientation orientation);
+
+// The layered layout; false when it was given up, with nothing changed.
 bool LayOutInLayers(Surface &surface, LayoutScope scope, const LayoutOptions &options, const GoOn &goOn);
 // The tree; false for a diagram that is none, which is laid out by a spanning tree of it.
 bool LayOutAsTree(Surface &surface, LayoutScope scope, const LayoutOptions &options);

@@ -18,6 +18,7 @@ struct LayoutGraph {
     std::vector<LayoutEdge> edges;
     // In which lane each box belongs, from 0; below 0 for none. May be empty: only InLanes asks.
     std::vector<int> lanes;
+    std::vector<QSizeF> labels; // of the edges, empty sizes for none; or empty: no edge has one
 };
 
 // Where the levels go as they get deeper.

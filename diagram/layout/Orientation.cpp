@@ -17,6 +17,7 @@ LayoutGraph TurnedDown(const LayoutGraph &graph, LayoutOrientation orientation) 
     LayoutGraph turned = graph;
     if (IsLevel(orientation)) {
         for (QSizeF &size : turned.sizes) size.transpose();
+        for (QSizeF &label : turned.labels) label.transpose();
         for (QPointF &centre : turned.centres) centre = centre.transposed();
     }
     if (IsReversed(orientation))

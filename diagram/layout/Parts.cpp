@@ -69,9 +69,13 @@ std::vector<Part> PartsOf(const LayoutGraph &graph) {
         places[box] = int(part.boxes.size());
         AddBox(part, graph, box);
     }
-    for (const LayoutEdge &edge : graph.edges)
-        parts[std::size_t(numbers[std::size_t(edge.from)])].graph.edges.push_back(
-            {places[std::size_t(edge.from)], places[std::size_t(edge.to)]});
+    for (std::size_t i = 0; i < graph.edges.size(); ++i) {
+        const LayoutEdge &edge = graph.edges[i];
+        Part &part = parts[std::size_t(numbers[std::size_t(edge.from)])];
+        part.edges.push_back(int(i));
+        part.graph.edges.push_back({places[std::size_t(edge.from)], places[std::size_t(edge.to)]});
+        if (!graph.labels.empty()) part.graph.labels.push_back(graph.labels[i]);
+    }
     return parts;
 }
 

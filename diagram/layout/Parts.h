@@ -14,6 +14,7 @@ Adjacency NeighboursOf(const LayoutGraph &graph);
 
 struct Part {
     std::vector<int> boxes; // of the whole, ascending
+    std::vector<int> edges; // the same
     LayoutGraph graph;
 };
 // In the order of their first boxes.

@@ -2,6 +2,7 @@
 
 #include "diagram/edit/History.h"
 #include "diagram/layout/engine/Layered.h"
+#include "diagram/layout/LayeredElsewhere.h"
 #include "diagram/layout/LayoutStream.h"
 #include "diagram/layout/TidyTree.h"
 #include "diagram/model/Surface.h"
@@ -107,6 +108,56 @@ TEST_F(LayoutTest, ALinkLosesTheBendsOfItsOldPlace) {
     link.Points().Assign({{3000, 2000}, {9000, 9000}, {3010, 2000}});
     LayOutAsTree(surface, kAll, kOptions);
     EXPECT_EQ(link.Points().Count(), 2);
+}
+
+TEST_F(LayoutTest, ALinkPastOtherNodesBendsRoundThemAndIsRoutedAnewWhenItsNodeMoves) {
+    Join(0, 1), Join(1, 2), Join(2, 3);
+    Link &past = Join(0, 3);
+    past.SetStyle(0);
+    ASSERT_TRUE(LayOutInLayers(surface, kAll, kOptions, Always));
+    EXPECT_GT(past.Points().Count(), 2);
+    EXPECT_FALSE(past.OwnBends());
+    for (const std::size_t between : {1U, 2U})
+        for (const Point &point : past.Way())
+            EXPECT_FALSE(nodes[between]->Bounds().contains(ToQPointF(point)));
+    const auto way = past.Way();
+    nodes[3]->SetLeft(nodes[3]->Left() + 9000);
+    EXPECT_NE(past.Way(), way);
+    EXPECT_FALSE(past.OwnBends());
+}
+
+TEST_F(LayoutTest, LevelAndUprightLinksGetTheStyleThatFits) {
+    Link &next = Join(0, 1);
+    Join(1, 2), Join(2, 3);
+    Link &past = Join(0, 3);
+    for (Link *link : {&next, &past}) link->SetStyle(3);
+    ASSERT_TRUE(LayOutInLayers(surface, kAll, kOptions, Always));
+    EXPECT_EQ(next.Style(), 4);
+    EXPECT_TRUE(past.Style() == 4 || past.Style() == 8) << past.Style();
+    EXPECT_EQ(past.Way().front().x, past.Way()[1].x);
+    EXPECT_FALSE(past.OwnBends());
+    LayoutOptions right;
+    right.orientation = LayoutOrientation::Right;
+    ASSERT_TRUE(LayOutInLayers(surface, kAll, right, Always));
+    EXPECT_EQ(next.Style(), 5);
+    EXPECT_EQ(past.Way().front().y, past.Way()[1].y);
+}
+
+TEST_F(LayoutTest, UndoGivesTheStylesAndBendsBack) {
+    Join(0, 1), Join(1, 2);
+    Link &past = Join(0, 2);
+    past.SetStyle(3);
+    const auto before = past.Way();
+    surface.BeginAction(1);
+    ASSERT_TRUE(LayOutInLayers(surface, kAll, kOptions, Always));
+    surface.EndAction();
+    const auto after = past.Way();
+    surface.Undo();
+    EXPECT_EQ(past.Style(), 3);
+    EXPECT_EQ(past.Way(), before);
+    surface.Redo();
+    EXPECT_EQ(past.Way(), after);
+    EXPECT_FALSE(past.OwnBends());
 }
 
 TEST_F(LayoutTest, OneUndoTakesALayoutBack) {

@@ -1,0 +1,190 @@
+#include "diagram/layout/Layered.h"
+
+#include "diagram/layout/LayerChains.h"
+#include "diagram/layout/LayeredBends.h"
+#include "diagram/layout/LayeredColumns.h"
+#include "diagram/layout/LayeredCorners.h"
+#include "diagram/layout/LayeredCycles.h"
+#include "diagram/layout/LayeredOrder.h"
+#include "diagram/layout/Orientation.h"
+#include "diagram/layout/Pack.h"
+#include "diagram/layout/Parts.h"
+#include "diagram/layout/TidyTree.h"
+
+#include <algorithm>
+#include <QRectF>
+
+namespace diagram {
+
+namespace {
+
+constexpr double kNearestPass = 150, kFarthestPass = 300; // twips between an edge and what it passes
+constexpr std::size_t kFewEdges = 120, kManyEdges = 400;
+constexpr int kCrossingsForProcess = 2; // that are worth the order in which a process was drawn
+constexpr double kAroundLabel = 270;    // twips above and below a label at least: an arrow head and more
+
+bool HasLabels(const LayoutGraph &part) {
+    return std::ranges::any_of(part.labels, [](const QSizeF &label) { return !label.isEmpty(); });
+}
+
+LayerGaps GapsOf(const LayoutOptions &options) {
+    return {options.neighbourDistance,
+            std::clamp(options.neighbourDistance / 2, kNearestPass, kFarthestPass)};
+}
+
+// Layers below each other. A layer of labels lies within the distance of the two layers beside it.
+std::vector<LayerBand> BandsOf(const LayeredPart &part, double distance) {
+    std::vector<LayerBand> bands;
+    double y = 0;
+    for (std::size_t i = 0; i < part.graph.layers.size(); ++i) {
+        double height = 0;
+        for (const int vertex : part.graph.layers[i])
+            height = std::max(height, part.graph.vertices[std::size_t(vertex)].height);
+        const bool labels = part.labelled && i % 2 == 1;
+        const double beside = labels ? std::max((distance - height) / 2, kAroundLabel) : distance;
+        if (i > 0 && (labels || !part.labelled)) y += beside;
+        bands.push_back({y, y + height});
+        y += height + (labels ? beside : 0);
+    }
+    return bands;
+}
+
+// Those that differ, the ones that keep the order of a process first. Of a large part only the one with the
+// fewest edges that run back.
+std::vector<Layering> LayeringsOf(const LayoutGraph &part) {
+    constexpr CycleBreaking kWays[] = {CycleBreaking::FromSources, CycleBreaking::FromFirst,
+                                       CycleBreaking::Greedy};
+    const bool isLarge = part.edges.size() > kManyEdges;
+    std::vector<Layering> layerings;
+    for (const CycleBreaking way : kWays) {
+        std::vector<char> back = BackEdges(int(part.sizes.size()), part.edges, way);
+        if (std::ranges::find(layerings, back, &Layering::back) != layerings.end()) continue;
+        const int bias = way == CycleBreaking::Greedy ? kCrossingsForProcess : 0;
+        layerings.push_back({back, true, false, bias});
+        if (!isLarge) layerings.push_back({back, false, false, bias});
+        if (part.edges.size() > kFewEdges) continue;
+        layerings.push_back({back, true, true, bias});
+        layerings.push_back({back, false, true, bias});
+    }
+    if (!isLarge) return layerings;
+    return {*std::ranges::min_element(layerings, {},
+                                      [](const Layering &one) { return std::ranges::count(one.back, 1); })};
+}
+
+// In layers and ordered. Which edges are turned round decides about the crossings.
+LayeredPart Ordered(const LayoutGraph &part, Patience &patience) {
+    std::optional<LayeredPart> best;
+    long long least = 0;
+    for (const Layering &layering : LayeringsOf(part)) {
+        LayeredPart cut = CutIntoLayers(part, layering, patience);
+        OrderLayers(cut.graph, patience);
+        const long long cost = CountCrossings(cut.graph) + layering.bias;
+        if (!best || cost < least) best = std::move(cut), least = cost;
+        if (least == 0) break;
+    }
+    return std::move(*best);
+}
+
+// A tree, upright or upside down, stands in its own best way.
+std::optional<LayeredDrawing> DrawTree(LayoutGraph part, const LayoutOptions &options) {
+    if (part.edges.size() + 1 != part.sizes.size() || HasLabels(part)) return std::nullopt;
+    std::vector<int> parents(part.sizes.size()), children(part.sizes.size());
+    for (const LayoutEdge &edge : part.edges)
+        ++parents[std::size_t(edge.to)], ++children[std::size_t(edge.from)];
+    const bool upright = std::ranges::max(parents) < 2;
+    if (!upright && std::ranges::max(children) > 1) return std::nullopt;
+    if (!upright)
+        for (LayoutEdge &edge : part.edges) std::swap(edge.from, edge.to);
+    std::vector<QPointF> centres =
+        TidyTree(part, {LayoutOrientation::Down, options.levelDistance, options.neighbourDistance});
+    if (!upright)
+        for (QPointF &centre : centres) centre.setY(-centre.y());
+    const std::vector<std::vector<QPointF>> straight(part.edges.size());
+    return LayeredDrawing{std::move(centres), straight, straight};
+}
+
+LayeredDrawing DrawPart(const LayoutGraph &part, const LayoutOptions &options, Patience &patience) {
+    if (auto tree = DrawTree(part, options)) return std::move(*tree);
+    const LayeredPart cut = Ordered(part, patience);
+    const std::vector<double> columns = PlaceInLayers(cut.graph, GapsOf(options), patience);
+    const std::vector<LayerBand> bands = BandsOf(cut, options.levelDistance);
+    LayeredDrawing drawing;
+    for (std::size_t i = 0; i < part.sizes.size(); ++i) {
+        const LayerBand &band = bands[std::size_t(cut.graph.vertices[i].layer)];
+        drawing.centres.emplace_back(columns[i], (band.top + band.bottom) / 2);
+    }
+    drawing.bends = BendsOf(cut, part.edges, columns, bands);
+    drawing.corners = CornersOf(cut, part.edges, columns, bands);
+    return drawing;
+}
+
+LayeredDrawing Turned(LayeredDrawing drawing, LayoutOrientation orientation) {
+    drawing.centres = TurnedBack(std::move(drawing.centres), orientation);
+    for (auto &bends : drawing.bends) bends = TurnedBack(std::move(bends), orientation);
+    for (auto &corners : drawing.corners) corners = TurnedBack(std::move(corners), orientation);
+    return drawing;
+}
+
+QRectF ExtentOf(const LayeredDrawing &drawing, const std::vector<QSizeF> &sizes) {
+    QPointF least = drawing.centres.front(), most = least;
+    const auto include = [&](const QPointF &from, const QPointF &to) {
+        least = {std::min(least.x(), from.x()), std::min(least.y(), from.y())};
+        most = {std::max(most.x(), to.x()), std::max(most.y(), to.y())};
+    };
+    for (std::size_t i = 0; i < sizes.size(); ++i) {
+        const QPointF half(sizes[i].width() / 2, sizes[i].height() / 2);
+        include(drawing.centres[i] - half, drawing.centres[i] + half);
+    }
+    for (const auto &bends : drawing.bends)
+        for (const QPointF &bend : bends) include(bend, bend);
+    return {least, most};
+}
+
+// All parts onto one page.
+LayeredDrawing Joined(const LayoutGraph &graph, const std::vector<Part> &parts,
+                      const std::vector<LayeredDrawing> &drawings, double gap) {
+    std::vector<QRectF> extents;
+    std::vector<QSizeF> sizes;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        extents.push_back(ExtentOf(drawings[i], parts[i].graph.sizes));
+        sizes.push_back(extents.back().size());
+    }
+    const std::vector<QPointF> corners = Pack(sizes, gap);
+    LayeredDrawing all{std::vector<QPointF>(graph.sizes.size()),
+                       std::vector<std::vector<QPointF>>(graph.edges.size()),
+                       std::vector<std::vector<QPointF>>(graph.edges.size())};
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const QPointF shift = corners[i] - extents[i].topLeft();
+        const auto shifted = [&](std::vector<QPointF> points) {
+            for (QPointF &point : points) point += shift;
+            return points;
+        };
+        for (std::size_t k = 0; k < parts[i].boxes.size(); ++k)
+            all.centres[std::size_t(parts[i].boxes[k])] = drawings[i].centres[k] + shift;
+        for (std::size_t k = 0; k < parts[i].edges.size(); ++k) {
+            all.bends[std::size_t(parts[i].edges[k])] = shifted(drawings[i].bends[k]);
+            all.corners[std::size_t(parts[i].edges[k])] = shifted(drawings[i].corners[k]);
+        }
+    }
+    return all;
+}
+
+} // namespace
+
+std::optional<LayeredDrawing> DrawInLayers(const LayoutGraph &graph, const LayoutOptions &options,
+                                           const GoOn &goOn) {
+    if (graph.sizes.empty()) return LayeredDrawing();
+    Patience patience(goOn);
+    const std::vector<Part> parts = PartsOf(TurnedDown(graph, options.orientation));
+    std::vector<Part> given = PartsOf(graph);
+    std::vector<LayeredDrawing> drawings;
+    try {
+        for (const Part &part : parts)
+            drawings.push_back(Turned(DrawPart(part.graph, options, patience), options.orientation));
+    } catch (const Patience::GivenUp &) {
+        return std::nullopt;
+    }
+    return Joined(graph, given, drawings, std::max(options.neighbourDistance, options.levelDistance));
+}
+
+} // namespace diagram

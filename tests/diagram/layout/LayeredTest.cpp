@@ -1,0 +1,460 @@
+#include "diagram/layout/Layered.h"
+
+#include "diagram/layout/LayeredCycles.h"
+#include "diagram/layout/LayeredOrder.h"
+#include "diagram/layout/LayeredRanks.h"
+#include "diagram/layout/Parts.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <numeric>
+#include <QRectF>
+#include <random>
+
+namespace diagram {
+namespace {
+
+const LayoutOptions kOptions{LayoutOrientation::Down, 600, 400};
+const GoOn kAlways = [] { return true; };
+
+LayoutGraph Graph(int boxes, std::vector<LayoutEdge> edges) {
+    LayoutGraph graph;
+    graph.sizes.assign(std::size_t(boxes), QSizeF(1000, 600));
+    graph.centres.resize(std::size_t(boxes));
+    graph.edges = std::move(edges);
+    return graph;
+}
+
+// Boxes of many sizes, edges of every kind: in cycles, double, from a box to itself; several parts.
+LayoutGraph RandomGraph(unsigned seed, int boxes, int edges) {
+    std::mt19937 random(seed);
+    LayoutGraph graph;
+    for (int i = 0; i < boxes; ++i) {
+        graph.sizes.emplace_back(200 + random() % 2000, 200 + random() % 900);
+        graph.centres.emplace_back(random() % 20000, random() % 20000);
+    }
+    for (int i = 0; i < edges; ++i)
+        graph.edges.push_back({int(random() % unsigned(boxes)), int(random() % unsigned(boxes))});
+    return graph;
+}
+
+LayeredDrawing Draw(const LayoutGraph &graph, const LayoutOptions &options = kOptions) {
+    return DrawInLayers(graph, options, kAlways).value();
+}
+
+QRectF BoxOf(const LayoutGraph &graph, const LayeredDrawing &drawing, std::size_t i) {
+    const QSizeF &size = graph.sizes[i];
+    return {drawing.centres[i] - QPointF(size.width(), size.height()) / 2, size};
+}
+
+std::vector<QPointF> WayOf(const LayoutGraph &graph, const LayeredDrawing &drawing, std::size_t edge) {
+    std::vector<QPointF> way{drawing.centres[std::size_t(graph.edges[edge].from)]};
+    way.insert(way.end(), drawing.bends[edge].begin(), drawing.bends[edge].end());
+    way.push_back(drawing.centres[std::size_t(graph.edges[edge].to)]);
+    return way;
+}
+
+// Whether part of the line lies inside of the box.
+bool Meets(const QRectF &box, const QPointF &from, const QPointF &to) {
+    double first = 0, last = 1;
+    const auto clip = [&](double start, double step, double low, double high) {
+        if (std::abs(step) < 1e-9) return low < start && start < high;
+        const auto [near, far] = std::minmax((low - start) / step, (high - start) / step);
+        first = std::max(first, near), last = std::min(last, far);
+        return first < last - 1e-9;
+    };
+    return clip(from.x(), to.x() - from.x(), box.left(), box.right()) &&
+           clip(from.y(), to.y() - from.y(), box.top(), box.bottom());
+}
+
+void ExpectNoBoxMet(const LayoutGraph &graph, const LayeredDrawing &drawing) {
+    for (std::size_t edge = 0; edge < graph.edges.size(); ++edge) {
+        const auto way = WayOf(graph, drawing, edge);
+        for (std::size_t box = 0; box < graph.sizes.size(); ++box) {
+            if (int(box) == graph.edges[edge].from || int(box) == graph.edges[edge].to) continue;
+            for (std::size_t i = 1; i < way.size(); ++i)
+                EXPECT_FALSE(Meets(BoxOf(graph, drawing, box), way[i - 1], way[i])) << edge << " in " << box;
+        }
+    }
+}
+
+void ExpectApart(const LayoutGraph &graph, const LayeredDrawing &drawing) {
+    for (std::size_t a = 0; a < graph.sizes.size(); ++a)
+        for (std::size_t b = 0; b < a; ++b) {
+            const QRectF both = BoxOf(graph, drawing, a) & BoxOf(graph, drawing, b);
+            EXPECT_TRUE(both.isEmpty()) << a << ", " << b;
+        }
+}
+
+TEST(Layered, NoneOneAndTwoBoxes) {
+    EXPECT_TRUE(Draw(Graph(0, {})).centres.empty());
+    EXPECT_EQ(Draw(Graph(1, {})).centres.size(), 1U);
+    const auto apart = Draw(Graph(2, {}));
+    EXPECT_EQ(apart.centres[0].y(), apart.centres[1].y());
+    EXPECT_DOUBLE_EQ(apart.centres[1].x() - apart.centres[0].x(), 1600);
+    const auto joined = Draw(Graph(2, {{1, 0}}));
+    EXPECT_DOUBLE_EQ(joined.centres[0].y() - joined.centres[1].y(), 1200);
+    EXPECT_DOUBLE_EQ(joined.centres[0].x(), joined.centres[1].x());
+    EXPECT_TRUE(joined.bends[0].empty());
+}
+
+TEST(Layered, RandomGraphsHaveNoBoxOverAnotherAndNoEdgeThroughOne) {
+    for (unsigned seed = 0; seed < 14; ++seed) {
+        SCOPED_TRACE(seed);
+        const LayoutGraph graph = RandomGraph(seed, 1 + 3 * int(seed), int(3 * seed * (1 + seed % 3) / 2));
+        const LayeredDrawing drawing = Draw(graph);
+        ASSERT_EQ(drawing.centres.size(), graph.sizes.size());
+        ASSERT_EQ(drawing.bends.size(), graph.edges.size());
+        ExpectApart(graph, drawing);
+        ExpectNoBoxMet(graph, drawing);
+    }
+}
+
+TEST(Layered, WithoutCyclesEveryEdgeLeadsInTheDirection) {
+    for (unsigned seed = 0; seed < 2; ++seed) {
+        LayoutGraph graph = RandomGraph(seed, 20, 28);
+        std::erase_if(graph.edges, [](const LayoutEdge &edge) { return edge.from == edge.to; });
+        for (LayoutEdge &edge : graph.edges)
+            if (edge.from > edge.to) std::swap(edge.from, edge.to);
+        const auto least = [&](LayoutOrientation orientation, auto &&advance) {
+            const auto centres = Draw(graph, {orientation, 600, 400}).centres;
+            for (const LayoutEdge &edge : graph.edges)
+                EXPECT_GT(advance(centres[std::size_t(edge.to)] - centres[std::size_t(edge.from)]), 0)
+                    << seed;
+        };
+        least(LayoutOrientation::Down, [](const QPointF &way) { return way.y(); });
+        least(LayoutOrientation::Up, [](const QPointF &way) { return -way.y(); });
+        least(LayoutOrientation::Right, [](const QPointF &way) { return way.x(); });
+        least(LayoutOrientation::Left, [](const QPointF &way) { return -way.x(); });
+    }
+}
+
+TEST(Layered, OfAProcessWithTwoLoopsOnlyTheseLeadBack) {
+    const LayoutGraph graph =
+        Graph(8, {{0, 1}, {1, 2}, {2, 3}, {3, 4}, {4, 5}, {5, 6}, {6, 7}, {3, 1}, {6, 2}});
+    const auto drawing = Draw(graph);
+    for (std::size_t i = 1; i < 8; ++i) EXPECT_GT(drawing.centres[i].y(), drawing.centres[i - 1].y());
+    ExpectNoBoxMet(graph, drawing);
+    EXPECT_FALSE(drawing.bends[7].empty());
+    EXPECT_FALSE(drawing.bends[8].empty());
+}
+
+TEST(Layered, ParentsStandOverTheMiddleOfTheirChildren) {
+    const auto drawing =
+        Draw(Graph(10, {{0, 1}, {0, 2}, {0, 3}, {1, 4}, {1, 5}, {1, 6}, {3, 7}, {3, 8}, {3, 9}}));
+    const auto &at = drawing.centres;
+    EXPECT_NEAR(at[1].x(), (at[4].x() + at[6].x()) / 2, 30);
+    EXPECT_NEAR(at[3].x(), (at[7].x() + at[9].x()) / 2, 30);
+    EXPECT_NEAR(at[0].x(), (at[1].x() + at[3].x()) / 2, 30);
+}
+
+TEST(Layered, AChainOfBoxesKeepsOneColumnBesideALongEdge) {
+    const auto drawing = Draw(Graph(6, {{0, 1}, {1, 2}, {2, 3}, {3, 4}, {4, 5}, {5, 1}, {0, 4}}));
+    for (std::size_t i = 1; i < 6; ++i) EXPECT_NEAR(drawing.centres[i].x(), drawing.centres[0].x(), 1);
+}
+
+TEST(Layered, ATreeStandsAsATreeEitherWayUp) {
+    LayoutGraph graph = Graph(7, {{0, 1}, {0, 2}, {1, 3}, {1, 4}, {1, 5}, {2, 6}});
+    const auto down = Draw(graph).centres;
+    EXPECT_DOUBLE_EQ(down[1].x(), down[4].x());
+    EXPECT_DOUBLE_EQ(down[0].x(), (down[1].x() + down[2].x()) / 2);
+    EXPECT_DOUBLE_EQ(down[2].x(), down[6].x());
+    for (LayoutEdge &edge : graph.edges) std::swap(edge.from, edge.to);
+    const auto up = Draw(graph).centres;
+    EXPECT_DOUBLE_EQ(up[0].x(), (up[1].x() + up[2].x()) / 2);
+    EXPECT_GT(up[0].y(), up[1].y());
+    EXPECT_GT(up[1].y(), up[3].y());
+}
+
+TEST(Layered, LabelsOfEdgesBetweenTheSameBoxesLieBesideEachOther) {
+    LayoutGraph graph = Graph(2, {{0, 1}, {1, 0}, {0, 1}});
+    graph.labels = {{900, 200}, {1100, 200}, {0, 0}};
+    const auto drawing = Draw(graph);
+    EXPECT_GE(drawing.bends[1].front().x() - drawing.bends[0].front().x(), 1000);
+    EXPECT_GE(drawing.bends[2].front().x() - drawing.bends[1].front().x(), 550);
+    EXPECT_GE(drawing.centres[1].y() - drawing.centres[0].y(), 800 + 300);
+}
+
+TEST(Layered, ALongEdgePassesAllLayersInOneColumn) {
+    const LayoutGraph graph = Graph(7, {{0, 1}, {1, 2}, {2, 3}, {3, 4}, {4, 5}, {5, 6}, {0, 6}});
+    const auto bends = Draw(graph).bends[6];
+    ASSERT_GE(bends.size(), 2U);
+    for (const QPointF &bend : bends) EXPECT_EQ(bend.x(), bends[0].x());
+}
+
+TEST(Layered, EdgesBetweenTheSameBoxesLieBesideEachOther) {
+    const LayoutGraph graph = Graph(4, {{0, 1}, {1, 2}, {2, 3}, {0, 3}, {0, 3}, {3, 0}});
+    const auto drawing = Draw(graph);
+    EXPECT_NEAR(std::abs(drawing.bends[3][0].x() - drawing.bends[4][0].x()), 180, 1);
+    EXPECT_NEAR(std::abs(drawing.bends[4][0].x() - drawing.bends[5].back().x()), 180, 1);
+    EXPECT_LT(drawing.bends[4].front().y(), drawing.bends[4].back().y());
+    EXPECT_GT(drawing.bends[5].front().y(), drawing.bends[5].back().y());
+}
+
+TEST(Layered, ALabelHasRoomBetweenTheLayers) {
+    LayoutGraph graph = Graph(5, {{0, 1}, {0, 2}, {0, 3}, {0, 4}});
+    const auto plain = Draw(graph);
+    graph.labels.assign(4, QSizeF(2500, 1500));
+    const auto labelled = Draw(graph);
+    EXPECT_DOUBLE_EQ(plain.centres[1].y() - plain.centres[0].y(), 1200);
+    EXPECT_GE(labelled.centres[1].y() - labelled.centres[0].y(), 600 + 1500 + 200);
+    // The labels stand about the middles of their edges.
+    std::vector<double> middles;
+    for (std::size_t i = 1; i < 5; ++i) {
+        const auto way = WayOf(graph, labelled, i - 1);
+        const auto at = std::ranges::find_if(way, [&](const QPointF &point) {
+            return point.y() > labelled.centres[0].y() + 350 && point.y() < labelled.centres[1].y() - 350;
+        });
+        middles.push_back(at == way.end() ? (way.front().x() + way.back().x()) / 2 : at->x());
+    }
+    std::ranges::sort(middles);
+    for (std::size_t i = 1; i < middles.size(); ++i) EXPECT_GE(middles[i] - middles[i - 1], 2500);
+}
+
+TEST(Layered, UnconnectedPartsArePacked) {
+    LayoutGraph graph = Graph(50, {});
+    for (int i = 0; i < 50; i += 2) graph.edges.push_back({i, i + 1});
+    const auto drawing = Draw(graph);
+    QRectF all;
+    for (std::size_t i = 0; i < 50; ++i) all |= BoxOf(graph, drawing, i);
+    EXPECT_LT(all.width() / all.height(), 2.5);
+    EXPECT_GT(all.width() / all.height(), 0.8);
+    ExpectApart(graph, drawing);
+}
+
+TEST(Layered, BoxesKeepTheirPresentOrderWhereThatCrossesNothing) {
+    LayoutGraph graph = Graph(4, {{0, 1}, {0, 2}, {0, 3}});
+    graph.centres = {{0, 0}, {900, 0}, {100, 0}, {500, 0}};
+    const auto at = Draw(graph).centres;
+    EXPECT_LT(at[2].x(), at[3].x());
+    EXPECT_LT(at[3].x(), at[1].x());
+}
+
+TEST(Layered, CornersTurnARightAngleAndMeetNoBox) {
+    for (unsigned seed = 0; seed < 3; ++seed) {
+        SCOPED_TRACE(seed);
+        const LayoutGraph graph = RandomGraph(seed, 12 + 3 * int(seed), 16 + 4 * int(seed));
+        LayeredDrawing drawing = Draw(graph);
+        for (std::size_t edge = 0; edge < graph.edges.size(); ++edge) {
+            const auto &corners = drawing.corners[edge];
+            EXPECT_EQ(corners.size() % 2, 0U);
+            for (std::size_t i = 1; i < corners.size(); ++i)
+                EXPECT_EQ(i % 2 ? corners[i].y() : corners[i].x(),
+                          i % 2 ? corners[i - 1].y() : corners[i - 1].x());
+            // Upright from within its boxes.
+            std::vector<QPointF> &way = drawing.bends[edge] = corners;
+            if (corners.empty()) continue;
+            way.insert(way.begin(),
+                       {corners.front().x(), drawing.centres[std::size_t(graph.edges[edge].from)].y()});
+            way.push_back({corners.back().x(), drawing.centres[std::size_t(graph.edges[edge].to)].y()});
+            for (std::size_t box = 0; box < graph.sizes.size(); ++box) {
+                const QRectF inner = BoxOf(graph, drawing, box);
+                const bool isEnd = int(box) == graph.edges[edge].from || int(box) == graph.edges[edge].to;
+                for (std::size_t i = 1; i < way.size() && !isEnd; ++i)
+                    EXPECT_FALSE(Meets(inner, way[i - 1], way[i])) << edge << " in " << box;
+            }
+        }
+    }
+}
+
+TEST(Layered, LevelPiecesDoNotLieOnOneAnother) {
+    const LayoutGraph graph = RandomGraph(2, 30, 45);
+    const LayeredDrawing drawing = Draw(graph);
+    for (std::size_t a = 0; a < graph.edges.size(); ++a)
+        for (std::size_t b = 0; b < a; ++b)
+            for (std::size_t i = 1; i < drawing.corners[a].size(); i += 2)
+                for (std::size_t k = 1; k < drawing.corners[b].size(); k += 2) {
+                    const auto &mine = drawing.corners[a], &other = drawing.corners[b];
+                    if (std::abs(mine[i].y() - other[k].y()) > 1) continue;
+                    const auto [left, right] = std::minmax(mine[i - 1].x(), mine[i].x());
+                    const auto [from, to] = std::minmax(other[k - 1].x(), other[k].x());
+                    EXPECT_TRUE(right < from || to < left) << a << ", " << b;
+                }
+}
+
+TEST(Layered, TheSameGraphGivesTheSameDrawing) {
+    for (unsigned seed = 0; seed < 3; ++seed) {
+        const LayoutGraph graph = RandomGraph(seed, 25, 40);
+        const auto once = Draw(graph), again = Draw(graph);
+        EXPECT_EQ(once.centres, again.centres);
+        EXPECT_EQ(once.bends, again.bends);
+    }
+}
+
+TEST(Layered, TheOrderOfTheEdgesMattersLittle) {
+    LayoutGraph graph = RandomGraph(3, 30, 40);
+    const auto height = [&] {
+        const auto at = Draw(graph).centres;
+        const auto [least, most] =
+            std::ranges::minmax_element(at, {}, [](const QPointF &p) { return p.y(); });
+        return most->y() - least->y();
+    };
+    const double before = height();
+    std::ranges::reverse(graph.edges);
+    EXPECT_LT(std::abs(height() - before), before / 2);
+    ExpectApart(graph, Draw(graph));
+}
+
+TEST(Layered, ADrawingThatIsGivenUpIsNone) {
+    const LayoutGraph graph = RandomGraph(1, 900, 1200);
+    int asked = 0;
+    EXPECT_FALSE(DrawInLayers(graph, kOptions, [&] { return ++asked < 5; }));
+    EXPECT_EQ(asked, 5);
+}
+
+TEST(LayeredCycles, NoWayLeavesACycle) {
+    for (unsigned seed = 0; seed < 60; ++seed) {
+        const LayoutGraph graph = RandomGraph(seed, 25, 70);
+        for (const auto how : {CycleBreaking::FromSources, CycleBreaking::FromFirst, CycleBreaking::Greedy}) {
+            const auto back = BackEdges(25, graph.edges, how);
+            std::vector<int> level(25);
+            bool rises = true;
+            for (int round = 0; rises && round <= 25; ++round) {
+                rises = false;
+                for (std::size_t i = 0; i < graph.edges.size(); ++i) {
+                    auto [from, to] = graph.edges[i];
+                    if (from == to) continue;
+                    if (back[i]) std::swap(from, to);
+                    if (level[std::size_t(to)] > level[std::size_t(from)]) continue;
+                    level[std::size_t(to)] = level[std::size_t(from)] + 1;
+                    rises = true;
+                }
+            }
+            EXPECT_FALSE(rises) << seed;
+        }
+    }
+}
+
+TEST(LayeredCycles, WhatHasNoCycleStaysAsItIs) {
+    LayoutGraph graph = RandomGraph(4, 25, 70);
+    for (LayoutEdge &edge : graph.edges)
+        if (edge.from > edge.to) std::swap(edge.from, edge.to);
+    for (const auto how : {CycleBreaking::FromSources, CycleBreaking::FromFirst, CycleBreaking::Greedy})
+        EXPECT_THAT(BackEdges(25, graph.edges, how), ::testing::Each(char(0)));
+}
+
+// Against a search over all layerings of small graphs.
+TEST(LayeredRanks, NoOtherLayeringSpansLess) {
+    for (unsigned seed = 0; seed < 12; ++seed) {
+        std::mt19937 random(seed);
+        constexpr int kBoxes = 5;
+        std::vector<RankEdge> edges;
+        for (int i = 1; i < kBoxes; ++i) edges.push_back({int(random() % unsigned(i)), i, 1, 1});
+        for (int i = 0; i < 4; ++i) {
+            const int from = int(random() % (kBoxes - 1));
+            edges.push_back({from, from + 1 + int(random() % unsigned(kBoxes - 1 - from)),
+                             1 + int(random() % 2), 1 + int(random() % 3)});
+        }
+        const auto cost = [&](const std::vector<int> &ranks) {
+            int sum = 0;
+            for (const RankEdge &edge : edges) {
+                const int span = ranks[std::size_t(edge.to)] - ranks[std::size_t(edge.from)];
+                if (span < edge.length) return std::numeric_limits<int>::max();
+                sum += span * edge.weight;
+            }
+            return sum;
+        };
+        int least = std::numeric_limits<int>::max();
+        constexpr int kLevels = 7;
+        for (int code = 0; code < 7 * 7 * 7 * 7 * 7; ++code) {
+            std::vector<int> ranks;
+            for (int rest = code, i = 0; i < kBoxes; ++i, rest /= kLevels) ranks.push_back(rest % kLevels);
+            least = std::min(least, cost(ranks));
+        }
+        Patience patience(kAlways);
+        for (const bool balanced : {false, true}) {
+            const auto ranks = RankBoxes(kBoxes, edges, balanced, patience);
+            EXPECT_EQ(cost(ranks), least) << seed;
+            EXPECT_EQ(*std::ranges::min_element(ranks), 0);
+        }
+    }
+}
+
+long long CountedOneByOne(const LayerGraph &graph) {
+    std::vector<int> position(graph.vertices.size());
+    for (const auto &layer : graph.layers)
+        for (std::size_t i = 0; i < layer.size(); ++i) position[std::size_t(layer[i])] = int(i);
+    const auto at = [&](int vertex) { return position[std::size_t(vertex)]; };
+    long long crossings = 0;
+    for (const LayerEdge &a : graph.edges)
+        for (const LayerEdge &b : graph.edges)
+            crossings +=
+                graph.vertices[std::size_t(a.from)].layer == graph.vertices[std::size_t(b.from)].layer &&
+                at(a.from) < at(b.from) && at(a.to) > at(b.to);
+    return crossings;
+}
+
+LayerGraph RandomLayers(unsigned seed) {
+    std::mt19937 random(seed);
+    LayerGraph graph;
+    graph.layers.resize(4);
+    for (int i = 0; i < 32; ++i) {
+        graph.vertices.push_back({100, 100, double(random() % 1000), i / 8, false});
+        graph.layers[std::size_t(i / 8)].push_back(i);
+    }
+    for (int i = 0; i < 60; ++i) {
+        const int layer = int(random() % 3);
+        graph.edges.push_back({layer * 8 + int(random() % 8), layer * 8 + 8 + int(random() % 8)});
+    }
+    return graph;
+}
+
+TEST(LayeredOrder, CrossingsAreCountedAsOneByOne) {
+    for (unsigned seed = 0; seed < 30; ++seed) {
+        const LayerGraph graph = RandomLayers(seed);
+        EXPECT_EQ(CountCrossings(graph), CountedOneByOne(graph));
+    }
+}
+
+TEST(LayeredOrder, LayersKeepTheirVerticesAndCrossLess) {
+    Patience patience(kAlways);
+    for (unsigned seed = 0; seed < 8; ++seed) {
+        LayerGraph graph = RandomLayers(seed);
+        const LayerGraph before = graph;
+        OrderLayers(graph, patience);
+        EXPECT_LT(CountCrossings(graph), CountCrossings(before));
+        for (std::size_t i = 0; i < before.layers.size(); ++i)
+            EXPECT_TRUE(std::ranges::is_permutation(graph.layers[i], before.layers[i]));
+    }
+}
+
+TEST(LayeredOrder, WhatCanBeDrawnWithoutCrossingsIs) {
+    Patience patience(kAlways);
+    for (unsigned seed = 0; seed < 20; ++seed) {
+        // A tree of three levels, its vertices in any order.
+        std::mt19937 random(seed);
+        LayerGraph graph;
+        graph.layers.resize(3);
+        for (int i = 0; i < 40; ++i) {
+            const int layer = i == 0 ? 0 : i < 8 ? 1 : 2;
+            graph.vertices.push_back({100, 100, double(random() % 1000), layer, false});
+            graph.layers[std::size_t(layer)].push_back(i);
+            if (i > 0) graph.edges.push_back({i < 8 ? 0 : 1 + int(random() % 7), i});
+        }
+        OrderLayers(graph, patience);
+        EXPECT_EQ(CountCrossings(graph), 0) << seed;
+    }
+}
+
+TEST(Parts, EachBoxAndEdgeStandsInOnePart) {
+    const LayoutGraph graph = RandomGraph(5, 60, 30);
+    std::vector<int> boxes, edges;
+    for (const Part &part : PartsOf(graph)) {
+        boxes.insert(boxes.end(), part.boxes.begin(), part.boxes.end());
+        edges.insert(edges.end(), part.edges.begin(), part.edges.end());
+        for (std::size_t i = 0; i < part.edges.size(); ++i) {
+            const LayoutEdge &whole = graph.edges[std::size_t(part.edges[i])], &mine = part.graph.edges[i];
+            EXPECT_EQ(part.boxes[std::size_t(mine.from)], whole.from);
+            EXPECT_EQ(part.boxes[std::size_t(mine.to)], whole.to);
+        }
+    }
+    std::ranges::sort(boxes), std::ranges::sort(edges);
+    std::vector<int> all(60);
+    std::iota(all.begin(), all.end(), 0);
+    EXPECT_EQ(boxes, all);
+    all.resize(30);
+    EXPECT_EQ(edges, all);
+}
+
+} // namespace
+} // namespace diagram
