@@ -54,6 +54,10 @@ public:
     std::vector<Point> WayOf(const LinkDraft &link);
     // Finds out whether bends that came from outside are the router's own, or the user's.
     void Judge(Link &link);
+    // Whether the bends of the link are known to be the router's; false also while nobody has found out.
+    static bool AreBendsRouted(const Link &link) { return !link.unjudged_ && !link.data_.ownBends; }
+    // They are, whatever the router would choose now: told of a way that comes from a file.
+    static void TakeBendsAsRouted(Link &link) { link.unjudged_ = link.data_.ownBends = false; }
     // From now on there may be links to judge.
     void NoteUnjudged() { unjudged_ = true; }
 
@@ -84,6 +88,7 @@ private:
     std::vector<Link *> LinksToNudge(const std::vector<ItemId> &untidy);
     void AddSideMates(const Link &link, std::vector<Link *> &found);
     void AddNear(const Link &link, double reach, std::vector<Link *> &found);
+    void DrawStraight(Link &link);
     void NudgeApart(const std::vector<Link *> &links);
     void TakeWay(Link &link, std::vector<Point> way);
     std::vector<Point> WayOf(const LinkDraft &link, bool keepBends);

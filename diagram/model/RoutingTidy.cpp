@@ -15,6 +15,8 @@ namespace {
 
 constexpr double kBeside = 2 * kApart; // twips; ways that near share a channel
 constexpr double kTouch = 60;          // twips; ways that end that near before each other may meet
+constexpr int kManyMates = 150;        // links of a node that don't all give way to each other
+constexpr std::size_t kMost = 2500;    // links that are nudged at once; more would take too long
 constexpr double kInReach = 1200;      // twips; farther away nothing is in the way of a nudge
 
 bool IsOrthogonal(const Link &link) {
@@ -87,6 +89,8 @@ void Routing::TidyAll() {
     for (const auto &link : surface_.Links())
         if (MayNudge(*link)) links.push_back(link.get());
     KeepEachOnce(links);
+    for (Link *link : links) DrawStraight(*link);
+    UpdateWays();
     NudgeApart(links);
 }
 
@@ -102,6 +106,8 @@ std::vector<Link *> Routing::LinksToNudge(const std::vector<ItemId> &untidy) {
     for (const ItemId id : untidy)
         if (Link *link = surface_.FindLink(id); link && MayNudge(*link)) links.push_back(link);
     KeepEachOnce(links);
+    for (Link *link : links) DrawStraight(*link);
+    UpdateWays();
     std::vector<Link *> found;
     for (const Link *link : links) AddSideMates(*link, found), AddNear(*link, kBeside, found);
     KeepEachOnce(found);
@@ -111,9 +117,19 @@ std::vector<Link *> Routing::LinksToNudge(const std::vector<ItemId> &untidy) {
     return links;
 }
 
+void Routing::DrawStraight(Link &link) {
+    const LinkDraft draft(link);
+    RouteRequest request = RequestFor(draft);
+    const NodesAround around(nodes_, draft, request);
+    request.obstacles = &around;
+    std::vector<Point> way = WithoutStairs(request);
+    if (way != link.data_.points) TakeWay(link, std::move(way));
+}
+
 void Routing::AddSideMates(const Link &link, std::vector<Link *> &found) {
     const std::vector<Point> &way = link.data_.points;
     const auto add = [&found](Node &node, int side) {
+        if (node.Links().Count() > kManyMates) return;
         for (Link *other : node.Links())
             if (!other->stale_ && side != 0 && EndsAt(*other, node, side)) found.push_back(other);
     };
@@ -137,6 +153,7 @@ void Routing::AddNear(const Link &link, double reach, std::vector<Link *> &found
 }
 
 void Routing::NudgeApart(const std::vector<Link *> &links) {
+    if (links.size() > kMost) return;
     std::vector<Link *> all;
     for (const Link *link : links) AddNear(*link, kInReach, all);
     all.insert(all.end(), links.begin(), links.end());

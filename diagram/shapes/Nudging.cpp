@@ -1,5 +1,6 @@
 #include "diagram/shapes/Nudging.h"
 
+#include "diagram/shapes/NudgeBends.h"
 #include "diagram/shapes/NudgeLanes.h"
 #include "diagram/shapes/NudgeSpacing.h"
 #include "diagram/shapes/RouterAvoid.h"
@@ -109,6 +110,16 @@ private:
 };
 
 } // namespace
+
+std::vector<Point> WithoutStairs(const RouteRequest &request) {
+    const NudgedLink link{request};
+    const NudgedWay way = WorkOn(link);
+    if (!way.directions.empty() && request.mostAside == 0) {
+        const Coordinates lanes = WithFewestBends(request, way.directions, way.lanes);
+        if (lanes != way.lanes) return JoinLanes(request, way.directions, lanes);
+    }
+    return {request.old.begin(), request.old.end()};
+}
 
 std::vector<std::vector<Point>> Nudge(std::span<const NudgedLink> links) { return Nudger(links).Run(); }
 

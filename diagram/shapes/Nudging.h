@@ -16,6 +16,10 @@ struct NudgedLink {
     bool stays = false;            // only in the way of others
 };
 
+// The way `old` of an orthogonal style without the bends that only the style asks for, where that makes it
+// meet nothing more. The segments that aren't needed are still there, without a length.
+std::vector<Point> WithoutStairs(const RouteRequest &request);
+
 constexpr double kApart = 150; // twips between segments side by side, where there is room; evenly less else
 
 // The ways, in the order of the links. They have the directions of their styles, as before, and meet no box

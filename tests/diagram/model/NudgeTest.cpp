@@ -193,7 +193,7 @@ TEST_F(Nudges, LinksOfOtherLooksHaveTrunksOfTheirOwn) {
 }
 
 TEST_F(Nudges, AWayAloneStaysAsItIsRouted) {
-    for (int style = kVH; style < 14; ++style) {
+    for (int style = kVH; style <= kHVH; ++style) {
         Surface plain;
         Node &a = plain.Nodes().Add(0, 0, 1500, 900), &b = plain.Nodes().Add(6000, 4000, 1500, 900);
         Link &link = a.Links().Add(b);
@@ -217,6 +217,34 @@ TEST_F(Nudges, ASmallJogIsDrawnStraight) {
         EXPECT_TRUE(b.Bounds().adjusted(-1, -1, 1, 1).contains(ToQPointF(way.back())));
         surface.Remove(link), surface.Remove(a), surface.Remove(b);
     }
+}
+
+TEST_F(Nudges, BendsThatOnlyTheStyleAsksForGo) {
+    for (int style = 6; style < 14; ++style) {
+        Surface plain;
+        Node &a = plain.Nodes().Add(0, 0, 1500, 900), &b = plain.Nodes().Add(6000, 4000, 1500, 900);
+        Link &link = a.Links().Add(b);
+        link.SetStyle(style);
+        plain.TidyWays();
+        ASSERT_TRUE(KeepsDirections(link)) << Text(link);
+        const std::string_view directions = FindLinkStyle(style)->directions;
+        const std::size_t needed = directions.front() == directions.back() ? 3 : 2;
+        std::size_t turns = 0;
+        const std::vector<Piece> pieces = PiecesOf(link);
+        for (std::size_t i = 1; i < pieces.size(); ++i) turns += pieces[i].Level() != pieces[i - 1].Level();
+        EXPECT_EQ(turns + 1, needed) << Text(link);
+    }
+}
+
+TEST_F(Nudges, StairsThatSomethingStandsInTheWayOfStay) {
+    Surface plain;
+    Node &a = plain.Nodes().Add(0, 0, 1500, 900), &b = plain.Nodes().Add(9000, 4000, 1500, 900);
+    Link &link = a.Links().Add(b);
+    link.SetStyle(kHVHVH);
+    plain.Nodes().Add(3500, 100, 900, 1200), plain.Nodes().Add(6000, 3200, 900, 1800);
+    plain.TidyWays();
+    EXPECT_EQ(NodesOnWay(link), 0) << Text(link);
+    EXPECT_TRUE(KeepsDirections(link)) << Text(link);
 }
 
 TEST_F(Nudges, WhereThereIsNoRoomEndsLieEvenly) {
