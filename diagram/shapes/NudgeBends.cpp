@@ -2,6 +2,7 @@
 
 #include "diagram/shapes/RouterAvoid.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace diagram {
@@ -22,15 +23,20 @@ bool IsStair(const Track &track, std::string_view directions, std::size_t step) 
     return one * other > 0 && std::abs(Along(track, step + 1, !level)) > kNoLength;
 }
 
-// What the way runs through, its own nodes included.
-std::size_t CountTroubles(const RouteRequest &request, const Track &track) {
-    std::size_t troubles = CountMet(request, track, kNearness);
+// Its own nodes are met by what comes so near that the piece between is hidden by an arrow head, or looks
+// like a slip.
+bool MeetsEnd(const RouteEnd &end, const QPointF &from, const QPointF &to) {
+    return Meets(end.box, from, to, std::max(kClearance / 2, end.head + kHeadRoom));
+}
+
+std::size_t CountEndsMet(const RouteRequest &request, const Track &track) {
+    std::size_t count = 0;
     for (std::size_t i = 1; i < track.count; ++i) {
-        troubles += i > 1 && Meets(request.source.box, track.points[i - 1], track.points[i]);
-        troubles +=
-            i + 1 < track.count && Meets(request.destination.box, track.points[i - 1], track.points[i]);
+        const QPointF &from = track.points[i - 1], &to = track.points[i];
+        count += i > 1 && MeetsEnd(request.source, from, to);
+        count += i + 1 < track.count && MeetsEnd(request.destination, from, to);
     }
-    return troubles;
+    return count;
 }
 
 // Both parts on one lane: that of the end, which lies where its node wants it, or in the middle.
@@ -57,10 +63,18 @@ std::vector<std::size_t> StepsOf(std::size_t segments) {
 
 } // namespace
 
+bool MeetsNoMore(const RouteRequest &request, const Track &before, const Track &now) {
+    for (const double nearness : {0.0, kNearness}) {
+        const std::size_t met = CountMet(request, before, nearness);
+        if (CountMet(request, now, nearness, met) > met) return false;
+    }
+    return true;
+}
+
 Coordinates WithFewestBends(const RouteRequest &request, std::string_view directions, Coordinates lanes) {
     if (directions.size() < 4) return lanes; // they have jogs at most
     Track track = TrackOf(request, directions, lanes);
-    const std::size_t troubles = CountTroubles(request, track);
+    const std::size_t endsMet = CountEndsMet(request, track);
     for (const std::size_t step : StepsOf(directions.size())) {
         if (!IsStair(track, directions, step)) continue;
         const double lane = CommonLane(lanes, directions, step);
@@ -68,7 +82,7 @@ Coordinates WithFewestBends(const RouteRequest &request, std::string_view direct
         Put(step, lane, directions.size(), straight);
         Put(step + 2, lane, directions.size(), straight);
         const Track now = TrackOf(request, directions, straight);
-        if (CountTroubles(request, now) > troubles) continue;
+        if (CountEndsMet(request, now) > endsMet || !MeetsNoMore(request, track, now)) continue;
         lanes = straight, track = now;
     }
     return lanes;

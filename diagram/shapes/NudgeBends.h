@@ -9,4 +9,7 @@ namespace diagram {
 // there, without a length.
 Coordinates WithFewestBends(const RouteRequest &request, std::string_view directions, Coordinates lanes);
 
+// Whether a way runs through no more boxes than before, and comes near to no more.
+bool MeetsNoMore(const RouteRequest &request, const Track &before, const Track &now);
+
 } // namespace diagram

@@ -3,7 +3,6 @@
 #include "diagram/shapes/NudgeBends.h"
 #include "diagram/shapes/NudgeLanes.h"
 #include "diagram/shapes/NudgeSpacing.h"
-#include "diagram/shapes/RouterAvoid.h"
 #include "diagram/shapes/RouterOrthogonal.h"
 
 #include <cmath>
@@ -99,8 +98,7 @@ private:
         if (way.directions.empty() || way.lanes == before_[position]) return old;
         const Track former = TrackOf(link.request, way.directions, before_[position]);
         const Track now = TrackOf(link.request, way.directions, way.lanes);
-        const std::size_t met = CountMet(link.request, former, kNearness);
-        if (CountMet(link.request, now, kNearness, met) > met) return old;
+        if (!MeetsNoMore(link.request, former, now)) return old;
         return JoinLanes(link.request, way.directions, way.lanes);
     }
 

@@ -236,6 +236,27 @@ TEST_F(Nudges, BendsThatOnlyTheStyleAsksForGo) {
     }
 }
 
+// No way is drawn along the edge of its own node for that.
+TEST_F(Nudges, EndsKeepTheirLengthWhenStairsGo) {
+    Dice dice(3);
+    for (int round = 0; round < 300; ++round) {
+        Surface plain;
+        Node &a = plain.Nodes().Add(0, 0, dice.Real(600, 1500), dice.Real(600, 1500));
+        Node &b = plain.Nodes().Add(dice.Real(-5000, 5000), dice.Real(2500, 5000), 1500, 900);
+        Link &link = a.Links().Add(b);
+        link.SetStyle(dice.Roll(6, 13));
+        const auto ends = [&link] {
+            const Way &way = link.Way();
+            const QPointF first = ToQPointF(way[1]) - ToQPointF(way[0]);
+            const QPointF last = ToQPointF(way.back()) - ToQPointF(way[way.size() - 2]);
+            return std::min(first.manhattanLength(), last.manhattanLength());
+        };
+        const double before = ends();
+        plain.TidyWays();
+        EXPECT_GE(ends(), std::min(before, 60.0)) << Text(link);
+    }
+}
+
 TEST_F(Nudges, StairsThatSomethingStandsInTheWayOfStay) {
     Surface plain;
     Node &a = plain.Nodes().Add(0, 0, 1500, 900), &b = plain.Nodes().Add(9000, 4000, 1500, 900);
