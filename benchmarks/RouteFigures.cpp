@@ -1,22 +1,24 @@
-// Rerouting while a node with 20 links is dragged through the middle of 500 nodes and 800 links.
+// Rerouting while a node with 20 links is dragged through the middle of 500 nodes and 800 links, nudging when
+// it is let go among 1,000 links, and all of them at once.
 #include "diagram/edit/History.h"
 #include "diagram/interaction/HeldItems.h"
 #include "diagram/shapes/Obstacles.h"
 
+#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cmath>
 #include <random>
 
 namespace {
 
-constexpr int kNodes = 500, kLinks = 800, kLinksOfHub = 20, kColumns = 25;
+constexpr int kNodes = 500, kLinks = 800, kManyLinks = 1000, kLinksOfHub = 20, kColumns = 25;
 constexpr double kPitchX = 2400, kPitchY = 1800; // twips
 constexpr int kSteps = 200;                      // there and back again
 
 // A grid that isn't quite one, and links of all orthogonal styles with more than one bend, most of them to
 // nodes near by.
 struct Map {
-    Map() {
+    explicit Map(int links = kLinks) {
         diagram::AttachHistory(surface);
         for (int i = 0; i < kNodes; ++i)
             nodes.push_back(&surface.Nodes().Add(float(i % kColumns * kPitchX + Roll(600)),
@@ -24,7 +26,7 @@ struct Map {
                                                  float(900 + Roll(500)), float(500 + Roll(500))));
         hub = nodes[size_t(kNodes / 2 + kColumns / 2)];
         for (int i = 0; i < kLinksOfHub; ++i) Join(*hub, *nodes[size_t(Roll(kNodes))]);
-        while (int(surface.Links().size()) < kLinks) {
+        while (int(surface.Links().size()) < links) {
             const int from = Roll(kNodes), to = from + Roll(5) - 2 + kColumns * (Roll(5) - 2);
             if (to >= 0 && to < kNodes) Join(*nodes[size_t(from)], *nodes[size_t(to)]);
         }
@@ -71,5 +73,90 @@ void RouteDrag(benchmark::State &state) {
     held.Restore(map.surface);
 }
 BENCHMARK(RouteDrag)->Unit(benchmark::kMillisecond);
+
+struct Piece {
+    const diagram::Link *link;
+    std::size_t place;
+    diagram::Point from, to;
+    bool Level() const { return from.y == to.y; }
+    float At() const { return Level() ? from.y : from.x; }
+    float Low() const { return Level() ? std::min(from.x, to.x) : std::min(from.y, to.y); }
+    float High() const { return Level() ? std::max(from.x, to.x) : std::max(from.y, to.y); }
+};
+
+// Those that have a length.
+std::vector<Piece> PiecesOf(const diagram::Surface &surface) {
+    std::vector<Piece> pieces;
+    for (const auto &link : surface.Links()) {
+        const auto &way = link->Way();
+        for (size_t i = 1; i < way.size(); ++i)
+            if (way[i] != way[i - 1]) pieces.push_back({link.get(), i, way[i - 1], way[i]});
+    }
+    return pieces;
+}
+
+// A trunk and its branches lie on each other by right.
+bool AreOfOneTree(const Piece &a, const Piece &b) {
+    return &a.link->Source() == &b.link->Source() && a.link->Style() == b.link->Style() && a.place <= 2 &&
+           b.place <= 2;
+}
+
+bool LieOnEachOther(const Piece &a, const Piece &b) {
+    return a.Level() == b.Level() && std::abs(a.At() - b.At()) < 10 &&
+           std::min(a.High(), b.High()) - std::max(a.Low(), b.Low()) > 30 && !AreOfOneTree(a, b);
+}
+
+bool Cross(const Piece &a, const Piece &b) {
+    return a.Level() != b.Level() && a.At() > b.Low() && a.At() < b.High() && b.At() > a.Low() &&
+           b.At() < a.High();
+}
+
+void CountPieces(const diagram::Surface &surface, benchmark::State &state) {
+    const std::vector<Piece> pieces = PiecesOf(surface);
+    int overlaps = 0, crossings = 0, bends = 0;
+    for (size_t i = 0; i < pieces.size(); ++i) {
+        bends += i > 0 && pieces[i].link == pieces[i - 1].link && pieces[i].Level() != pieces[i - 1].Level();
+        for (size_t j = 0; j < i; ++j) {
+            if (pieces[i].link == pieces[j].link) continue;
+            overlaps += LieOnEachOther(pieces[i], pieces[j]), crossings += Cross(pieces[i], pieces[j]);
+        }
+    }
+    state.counters["overlaps"] = overlaps;
+    state.counters["crossings"] = crossings;
+    state.counters["bends"] = double(bends) / double(surface.Links().size());
+}
+
+// What the release of a node costs above the last step of its drag.
+void RouteRelease(benchmark::State &state) {
+    Map map(kManyLinks);
+    map.surface.TidyWays();
+    for (auto _ : state) {
+        state.PauseTiming();
+        diagram::Node &node = *map.nodes[size_t(map.Roll(kNodes))];
+        map.surface.BeginAction(0);
+        node.SetLeft(node.Left() + float(map.Roll(900) - 450));
+        map.surface.Recalculate();
+        state.ResumeTiming();
+        map.surface.EndAction();
+    }
+    CountPieces(map.surface, state);
+}
+BENCHMARK(RouteRelease)->Unit(benchmark::kMillisecond);
+
+// Counts what lies on each other where all are routed and nudged at once.
+void RouteWhole(benchmark::State &state) {
+    for (auto _ : state) {
+        state.PauseTiming();
+        Map map(kManyLinks);
+        for (const auto &link : map.surface.Links())
+            link->SetStyle(link->Style() ^ 1), link->SetStyle(link->Style() ^ 1);
+        state.ResumeTiming();
+        map.surface.TidyWays();
+        state.PauseTiming();
+        CountPieces(map.surface, state);
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(RouteWhole)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "document/LoadSlice.h"
 
+#include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
 #include "document/BusyWindow.h"
 #include "document/MemoryGuard.h"
@@ -108,6 +109,7 @@ void SliceLoader::SetPoints(diagram::Link &link, std::uint32_t key) {
     link.Points().Assign(std::move(points));
     link.SetAddPointsMode(false);
     link.SetMovePointsMode(false);
+    if (rows_.AreRouted(key, link.Data().points)) diagram::Routing::TakeBendsAsRouted(link);
 }
 
 void SliceLoader::Stack() { surface_.Restack(positions_); }

@@ -2,6 +2,7 @@
 
 #include "document/clsfrmMain.h"
 #include "document/ItemColumns.h"
+#include "document/RoutedRows.h"
 #include "document/Tags.h"
 #include "support/Val.h"
 
@@ -104,6 +105,11 @@ std::span<const PointRow> MapRows::PointsOf(std::uint32_t link) {
     if (const auto failure = pointFailures_.find(link); failure != pointFailures_.end())
         std::rethrow_exception(failure->second);
     return std::span(points_).subspan(firstPoint_[link], firstPoint_[link + 1] - firstPoint_[link]);
+}
+
+bool MapRows::AreRouted(std::uint32_t link, std::span<const diagram::Point> points) {
+    if (!routed_) routed_ = ReadRouted(database_, linkKeys_);
+    return std::ranges::binary_search(*routed_, std::pair(link, SumOf(points)));
 }
 
 void MapRows::ReadNodes() {

@@ -75,6 +75,8 @@ public:
     std::vector<LinkRow> TakeLinks(int slice);
     // The points of a link in ascending index, valid as long as this object. Their table is read once.
     std::span<const PointRow> PointsOf(std::uint32_t link);
+    // Whether the map says of these points that their bends are the router's.
+    bool AreRouted(std::uint32_t link, std::span<const diagram::Point> points);
     const KeyIndex &NodeKeys() const { return nodeKeys_; }
 
 private:
@@ -104,6 +106,7 @@ private:
     std::optional<FontPool> fonts_;
     KeyIndex nodeKeys_, linkKeys_;
     bool nodesRead_ = false, linksRead_ = false, pointsRead_ = false;
+    std::optional<std::vector<std::pair<std::uint32_t, std::int32_t>>> routed_; // links and sums, ascending
     Buckets<NodeRow> nodes_;
     Buckets<LinkRow> links_;
     std::vector<PointRow> points_;          // by link

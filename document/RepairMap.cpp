@@ -3,6 +3,7 @@
 #include "document/MapSchema.h"
 #include "document/RepairJoins.h"
 #include "document/RepairTables.h"
+#include "document/RoutedRows.h"
 #include "storage/Salvage.h"
 
 #include <algorithm>
@@ -15,7 +16,7 @@ namespace {
 QStringList TableNames() {
     QStringList names;
     for (const TableLayout *table : schema::Tables()) names.append(NameOf(*table));
-    return names << NameOf(schema::kFilterViews);
+    return names << NameOf(schema::kFilterViews) << NameOf(schema::kRoutedLinks);
 }
 
 // Takes the new map away unless its path is cleared.

@@ -3,6 +3,7 @@
 #include "diagram/model/Picture.h"
 #include "document/CellRules.h"
 #include "document/ItemColumns.h"
+#include "document/RoutedRows.h"
 #include "storage/Fields.h"
 #include "support/Error.h"
 
@@ -29,6 +30,7 @@ const KeyColumns kKeys[] = {
     {&schema::kHyperlinks, schema::hyperlink::kNodeKey, -1},
     {&schema::kAttachments, schema::attachment::kKey, -1},
     {&schema::kFilterViews, schema::view::kView, -1},
+    {&schema::kRoutedLinks, schema::routed::kLink, -1},
 };
 
 QString KeyOf(const storage::Recordset &rows, const TableLayout &table) {
@@ -69,9 +71,11 @@ QString RowName(const QString &table, const QString &key, qlonglong row) {
 
 void RepairTables::Run() {
     for (const TableLayout *table : schema::Tables()) CopyTable(*table);
-    if (!storage::TableExistsDB(from_, NameOf(schema::kFilterViews))) return;
-    CreateTable(to_, schema::kFilterViews);
-    CopyTable(schema::kFilterViews);
+    for (const TableLayout *table : {&schema::kFilterViews, &schema::kRoutedLinks}) {
+        if (!storage::TableExistsDB(from_, NameOf(*table))) continue;
+        CreateTable(to_, *table);
+        CopyTable(*table);
+    }
 }
 
 std::vector<RepairTables::Column> RepairTables::Plan(const storage::Recordset &rows,

@@ -25,7 +25,8 @@ RowWriter::RowWriter(storage::Database &database, MapWindow &window)
       slice_(database.Prepare(InsertInto(schema::kSlices))),
       node_(database.Prepare(InsertInto(schema::kNodes))),
       link_(database.Prepare(InsertInto(schema::kLinks))),
-      point_(database.Prepare(InsertInto(schema::kLinkPoints))) {}
+      point_(database.Prepare(InsertInto(schema::kLinkPoints))),
+      routed_(database) {}
 
 namespace {
 
@@ -155,6 +156,7 @@ void RowWriter::WriteLink(diagram::Link &link, int slice) {
     link_.BindLong(kZorder, positions_[link.Id()]);
     link_.Run();
     WritePoints(link, key);
+    routed_.Write(link, key);
 }
 
 void RowWriter::WritePoints(const diagram::Link &link, std::string_view key) {

@@ -5,6 +5,7 @@
 #include "document/FontPool.h"
 #include "document/FormerAttachments.h"
 #include "document/PicturePool.h"
+#include "document/RoutedRows.h"
 #include "storage/Database.h"
 
 #include <QHash>
@@ -59,6 +60,7 @@ private:
     PicturePool pictures_;
     FormerAttachments formerAttachments_;
     storage::PreparedStatement slice_, node_, link_, point_;
+    RoutedWriter routed_;
     std::vector<int> positions_;             // in the stacking of the slice, by identity
     std::vector<std::string> nodeKeys_;      // of the slice, by identity
     QHash<QString, std::string> groupNames_; // by the keys of a tag

@@ -85,6 +85,11 @@ public:
     void WillChange(const Node &node) override { Touch(nodes_, node.Id(), node.Data()); }
     void WillChange(const Link &link) override { Touch(links_, link.Id(), link.Data()); }
     bool Knows(const Link &link) const override { return links_.contains(link.Id()); }
+    std::vector<ItemId> TouchedLinks() const override {
+        std::vector<ItemId> ids;
+        for (const auto &[id, before] : links_) ids.push_back(id);
+        return ids;
+    }
     void WillChangeSurface(const SurfaceData &data) override {
         if (depth_ > 0 && !data_) data_ = data;
     }

@@ -1,6 +1,7 @@
 #include "diagram/interaction/HeldItems.h"
 
 #include "diagram/model/HeldWays.h"
+#include "diagram/shapes/LinkStyles.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -20,6 +21,25 @@ LinkData DataOf(const Link &link) {
 float InPlace(float at, float from, float length, float newFrom, float newLength) {
     const double factor = length > 0 ? double(newLength) / length : 1;
     return float(newFrom + (double(at) - from) * factor);
+}
+
+// Its bends are the user's, and its ends lie on a side of their nodes.
+bool FollowsItsNode(const LinkData &link) {
+    const LinkStyleRow *row = FindLinkStyle(link.style);
+    return row && row->form == LinkForm::Orthogonal && link.ownBends && !link.addPointsMode &&
+           !link.movePointsMode && link.points.size() == row->directions.size() + 1;
+}
+
+// The bend next to an end that has moved lies level with it, or upright, as the style has it.
+void TakeBendAlong(LinkData &link, bool atSource) {
+    const std::string_view directions = FindLinkStyle(link.style)->directions;
+    const Point &end = atSource ? link.points.front() : link.points.back();
+    Point &bend = atSource ? link.points[1] : link.points[link.points.size() - 2];
+    if ((atSource ? directions.front() : directions.back()) == 'H') {
+        bend.y = end.y;
+    } else {
+        bend.x = end.x;
+    }
 }
 
 Point InPlace(const Point &at, const NodeData &before, const NodeData &now) {
@@ -110,7 +130,9 @@ const HeldNode *HeldItems::FindHeld(ItemId id) const {
 
 void HeldItems::TakeKeptEndsAlong(Surface &surface) const {
     for (const HeldLink &held : links_) {
-        Link *link = held.inner || !held.data.movePointsMode ? nullptr : surface.FindLink(held.id);
+        const bool follows = FollowsItsNode(held.data);
+        Link *link =
+            held.inner || !(held.data.movePointsMode || follows) ? nullptr : surface.FindLink(held.id);
         if (!link || held.data.points.empty()) continue;
         LinkData data = held.data;
         const HeldNode *source = FindHeld(data.source);
@@ -119,7 +141,12 @@ void HeldItems::TakeKeptEndsAlong(Surface &surface) const {
         if (!node) continue;
         Point &point = source ? data.points.front() : data.points.back();
         point = InPlace(point, end->data, node->Data());
-        surface.Overwrite(*link, std::move(data));
+        if (follows) {
+            TakeBendAlong(data, source != nullptr);
+            link->Points().Assign(std::move(data.points)); // routed on from there
+        } else {
+            surface.Overwrite(*link, std::move(data));
+        }
     }
 }
 

@@ -55,6 +55,8 @@ public:
     virtual void WillChange(const Link &) = 0;
     // Whether the open group knows already how the link was before it.
     virtual bool Knows(const Link &) const = 0;
+    // The links that the open group has changed or added, as far as it knows; some may be gone.
+    virtual std::vector<ItemId> TouchedLinks() const = 0;
     virtual void WillChangeSurface(const SurfaceData &) = 0;
     virtual void Added(const Item &) = 0;
     virtual void WillRemove(const Item &) = 0;

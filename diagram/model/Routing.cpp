@@ -51,6 +51,7 @@ void Routing::Route(Link &link) {
     link.data_.points = WayOf(LinkDraft(link), link.data_.ownBends);
     link.stale_ = false;
     LinkAdded(link);
+    if (!IsQuiet() && surface_.Recording()) untidy_.push_back(link.Id());
 }
 
 // Bends that the router gives for the present boxes are its own. Nodes that have changed since the ways were

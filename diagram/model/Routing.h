@@ -44,10 +44,20 @@ public:
     void Check(Link &link);
 
     void Route(Link &link);
+    // When a group of changes closes: routes the links that it touched, and nudges those that were routed in
+    // it, and what shares a side or a channel with them, apart.
+    void Tidy(const std::vector<ItemId> &touched);
+    void ForgetUntidy() { untidy_.clear(); }
+    // The same of all links there are.
+    void TidyAll();
     // The way that the link would get now; nothing is changed.
     std::vector<Point> WayOf(const LinkDraft &link);
     // Finds out whether bends that came from outside are the router's own, or the user's.
     void Judge(Link &link);
+    // Whether the bends of the link are known to be the router's; false also while nobody has found out.
+    static bool AreBendsRouted(const Link &link) { return !link.unjudged_ && !link.data_.ownBends; }
+    // They are, whatever the router would choose now: told of a way that comes from a file.
+    static void TakeBendsAsRouted(Link &link) { link.unjudged_ = link.data_.ownBends = false; }
     // From now on there may be links to judge.
     void NoteUnjudged() { unjudged_ = true; }
 
@@ -74,6 +84,13 @@ private:
     void GiveWay(Link &link);
     bool IsBlockedBy(const Link &link, const Node &node) const;
     bool IsQuiet() const;
+    bool MayNudge(Link &link);
+    std::vector<Link *> LinksToNudge(const std::vector<ItemId> &untidy);
+    void AddSideMates(const Link &link, std::vector<Link *> &found);
+    void AddNear(const Link &link, double reach, std::vector<Link *> &found);
+    void DrawStraight(Link &link);
+    void NudgeApart(const std::vector<Link *> &links);
+    void TakeWay(Link &link, std::vector<Point> way);
     std::vector<Point> WayOf(const LinkDraft &link, bool keepBends);
 
     Surface &surface_;
@@ -83,6 +100,7 @@ private:
     std::vector<ItemId> fresh_;        // links not yet in the index
     std::vector<ItemId> blocking_;     // nodes for which links must make way yet
     std::vector<ItemId> moved_;        // links that must be looked at
+    std::vector<ItemId> untidy_;       // links that were routed in the open group
     std::weak_ptr<HeldWays> held_;
     bool replaying_ = false;
     bool unjudged_ = false; // perhaps

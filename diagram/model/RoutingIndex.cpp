@@ -81,7 +81,7 @@ void Routing::WayChanges(Link &link) {
 void Routing::Clear() {
     nodes_.Clear(), ways_.Clear();
     nodesBuilt_ = waysBuilt_ = false;
-    changed_ = {}, fresh_ = {}, blocking_ = {}, moved_ = {};
+    changed_ = {}, fresh_ = {}, blocking_ = {}, moved_ = {}, untidy_ = {};
     unjudged_ = false;
 }
 

@@ -139,11 +139,13 @@ bool Surface::ContinueAction() {
 void Surface::EndAction() {
     if (!log_) return;
     if (Recording()) SettleWays();
+    if (log_->Depth() == 1) routing_->Tidy(log_->TouchedLinks());
     log_->End();
 }
 void Surface::CancelAction() {
     if (!log_) return;
     if (Recording()) SettleWays();
+    routing_->ForgetUntidy();
     log_->Cancel();
 }
 bool Surface::CanUndo() const { return log_ && log_->CanUndo(); }

@@ -191,6 +191,8 @@ public:
     // Makes links give way to the nodes that have come, moved, grown or been shown since the last time.
     // Reading a way and opening or closing a group do so by themselves.
     void SettleWays();
+    // Nudges all routed ways apart, as the end of a group does with those that the group has made.
+    void TidyWays();
     // Takes all ways as they are for right though nodes have changed: they came back to an earlier state.
     void KeepWays();
     // The node counts as moved, the link as one whose way something may have come into.

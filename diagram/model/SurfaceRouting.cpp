@@ -48,6 +48,7 @@ std::shared_ptr<HeldWays> Surface::HoldWays() {
 }
 
 void Surface::SettleWays() { routing_->Settle(); }
+void Surface::TidyWays() { routing_->TidyAll(); }
 void Surface::KeepWays() { routing_->Keep(); }
 void Surface::MakeWayFor(Node &node) { routing_->NodeChanged(node); }
 void Surface::CheckWay(Link &link) { routing_->Check(link); }

@@ -3,6 +3,8 @@
 #include "diagram/shapes/RouterAvoid.h"
 #include "diagram/shapes/RouterLoops.h"
 
+#include <algorithm>
+
 namespace diagram {
 
 namespace {
@@ -11,26 +13,6 @@ Coordinates NewCoordinates(const RouteRequest &request, std::string_view directi
     if (request.sameNode) return LoopLanes(request, directions);
     const Coordinates lanes = LanesAround(request, directions, ChooseCoordinates(request, directions));
     return request.mostAside == 0 ? lanes : LanesAside(request, directions, lanes);
-}
-
-std::vector<Point> JoinLanes(const RouteRequest &request, std::string_view directions,
-                             const Coordinates &lanes) {
-    const std::size_t segments = directions.size();
-    std::vector<Point> way(segments + 1);
-    const auto meet = [&](std::size_t i) { // where segments i - 1 and i meet
-        const bool horizontal = IsHorizontal(directions[i]);
-        return Point{float(horizontal ? lanes[i - 1] : lanes[i]),
-                     float(horizontal ? lanes[i] : lanes[i - 1])};
-    };
-    for (std::size_t i = 1; i < segments; ++i) way[i] = meet(i);
-    const auto clip = [](const RouteEnd &end, char direction, const Point &bend) {
-        Point point = ToPoint(ClipAlong(end, AxisOf(direction), ToQPointF(bend)));
-        (IsHorizontal(direction) ? point.y : point.x) = IsHorizontal(direction) ? bend.y : bend.x;
-        return point;
-    };
-    way.front() = clip(request.source, directions.front(), way[1]);
-    way.back() = clip(request.destination, directions.back(), way[segments - 1]);
-    return way;
 }
 
 // Two segments can't join every two boxes from outside. A bend inside of one of them is drawn out to where
@@ -66,6 +48,26 @@ std::vector<Point> RouteBackwards(RouteRequest request, std::string_view directi
 }
 
 } // namespace
+
+std::vector<Point> JoinLanes(const RouteRequest &request, std::string_view directions,
+                             const Coordinates &lanes) {
+    const std::size_t segments = directions.size();
+    std::vector<Point> way(segments + 1);
+    const auto meet = [&](std::size_t i) { // where segments i - 1 and i meet
+        const bool horizontal = IsHorizontal(directions[i]);
+        return Point{float(horizontal ? lanes[i - 1] : lanes[i]),
+                     float(horizontal ? lanes[i] : lanes[i - 1])};
+    };
+    for (std::size_t i = 1; i < segments; ++i) way[i] = meet(i);
+    const auto clip = [](const RouteEnd &end, char direction, const Point &bend) {
+        Point point = ToPoint(ClipAlong(end, AxisOf(direction), ToQPointF(bend)));
+        (IsHorizontal(direction) ? point.y : point.x) = IsHorizontal(direction) ? bend.y : bend.x;
+        return point;
+    };
+    way.front() = clip(request.source, directions.front(), way[1]);
+    way.back() = clip(request.destination, directions.back(), way[segments - 1]);
+    return way;
+}
 
 std::vector<Point> RouteOrthogonal(const RouteRequest &request, std::string_view directions) {
     const bool keeps = request.keepBends && request.old.size() == directions.size() + 1;

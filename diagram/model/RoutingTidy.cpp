@@ -1,0 +1,185 @@
+// Nudges the ways apart that a group of changes has made.
+#include "diagram/model/RouteRequests.h"
+#include "diagram/model/Routing.h"
+#include "diagram/model/Surface.h"
+#include "diagram/shapes/LinkStyles.h"
+#include "diagram/shapes/Nudging.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+
+namespace diagram {
+
+namespace {
+
+constexpr double kBeside = 2 * kApart; // twips; ways that near share a channel
+constexpr double kTouch = 60;          // twips; ways that end that near before each other may meet
+constexpr int kManyMates = 150;        // links of a node that don't all give way to each other
+constexpr std::size_t kMost = 2500;    // links that are nudged at once; more would take too long
+constexpr double kInReach = 1200;      // twips; farther away nothing is in the way of a nudge
+
+bool IsOrthogonal(const Link &link) {
+    const LinkStyleRow *row = FindLinkStyle(link.Style());
+    return row && row->form == LinkForm::Orthogonal;
+}
+
+// The side of the node by which the way leaves it, its first point given and the one behind it.
+int SideOf(const Point &end, const Point &bend) {
+    if (end.y == bend.y) return end.x == bend.x ? 0 : end.x < bend.x ? 1 : 2;
+    return end.x != bend.x ? 0 : end.y < bend.y ? 3 : 4;
+}
+
+bool EndsAt(const Link &link, const Node &node, int side) {
+    const std::vector<Point> &way = link.Data().points;
+    return (&link.Source() == &node && SideOf(way[0], way[1]) == side) ||
+           (&link.Destination() == &node && SideOf(way.back(), way[way.size() - 2]) == side);
+}
+
+// Whether two pieces run beside each other, nearer than `reach`.
+bool AreBeside(const Point &a, const Point &b, const Point &c, const Point &d, double reach) {
+    const auto share = [](float p, float q, float r, float s) {
+        return std::min(std::max(p, q), std::max(r, s)) - std::max(std::min(p, q), std::min(r, s)) > -kTouch;
+    };
+    const bool level = a.y == b.y && c.y == d.y && std::abs(a.y - c.y) < reach;
+    const bool upright = a.x == b.x && c.x == d.x && std::abs(a.x - c.x) < reach;
+    return (level && share(a.x, b.x, c.x, d.x)) || (upright && share(a.y, b.y, c.y, d.y));
+}
+
+bool AreBeside(const Link &link, const Link &other, double reach) {
+    const std::vector<Point> &one = link.Data().points, &two = other.Data().points;
+    for (std::size_t i = 1; i < one.size(); ++i)
+        for (std::size_t j = 1; j < two.size(); ++j)
+            if (AreBeside(one[i - 1], one[i], two[j - 1], two[j], reach)) return true;
+    return false;
+}
+
+// Equal for links whose lines can't be told apart at their source.
+std::uint64_t LookOf(const LinkData &link) {
+    std::uint64_t look = 0;
+    for (const std::uint64_t part : {std::uint64_t(link.lineColor), std::uint64_t(link.drawStyle),
+                                     std::uint64_t(std::bit_cast<std::uint32_t>(link.drawWidth)),
+                                     std::uint64_t(link.arrowSource), std::uint64_t(link.arrowSizeSource)})
+        look = (look ^ part) * 0x100000001b3 + 1;
+    return look;
+}
+
+void KeepEachOnce(std::vector<Link *> &links) {
+    std::ranges::sort(links, {}, [](const Link *link) { return link->Id(); });
+    links.erase(std::unique(links.begin(), links.end()), links.end());
+}
+
+} // namespace
+
+void Routing::Tidy(const std::vector<ItemId> &touched) {
+    if (IsQuiet()) return;
+    for (const ItemId id : touched)
+        if (const Link *link = surface_.FindLink(id)) link->Way();
+    const std::vector<ItemId> untidy = std::exchange(untidy_, {});
+    if (untidy.empty()) return;
+    UpdateNodes(), NeedNodes(), UpdateWays();
+    NudgeApart(LinksToNudge(untidy));
+    untidy_.clear();
+}
+
+void Routing::TidyAll() {
+    surface_.Recalculate();
+    UpdateNodes(), NeedNodes(), UpdateWays();
+    std::vector<Link *> links;
+    for (const auto &link : surface_.Links())
+        if (MayNudge(*link)) links.push_back(link.get());
+    KeepEachOnce(links);
+    for (Link *link : links) DrawStraight(*link);
+    UpdateWays();
+    NudgeApart(links);
+}
+
+bool Routing::MayNudge(Link &link) {
+    if (link.stale_ || link.KeepsPoints() || !IsOrthogonal(link) || link.Hidden()) return false;
+    if (link.data_.ownBends || IsCrowded(LinkDraft(link))) return false;
+    Judge(link);
+    return !link.data_.ownBends;
+}
+
+std::vector<Link *> Routing::LinksToNudge(const std::vector<ItemId> &untidy) {
+    std::vector<Link *> links;
+    for (const ItemId id : untidy)
+        if (Link *link = surface_.FindLink(id); link && MayNudge(*link)) links.push_back(link);
+    KeepEachOnce(links);
+    for (Link *link : links) DrawStraight(*link);
+    UpdateWays();
+    std::vector<Link *> found;
+    for (const Link *link : links) AddSideMates(*link, found), AddNear(*link, kBeside, found);
+    KeepEachOnce(found);
+    std::erase_if(found, [this](Link *link) { return !MayNudge(*link); });
+    links.insert(links.end(), found.begin(), found.end());
+    KeepEachOnce(links);
+    return links;
+}
+
+void Routing::DrawStraight(Link &link) {
+    const LinkDraft draft(link);
+    RouteRequest request = RequestFor(draft);
+    const NodesAround around(nodes_, draft, request);
+    request.obstacles = &around;
+    std::vector<Point> way = WithoutStairs(request);
+    if (way != link.data_.points) TakeWay(link, std::move(way));
+}
+
+void Routing::AddSideMates(const Link &link, std::vector<Link *> &found) {
+    const std::vector<Point> &way = link.data_.points;
+    const auto add = [&found](Node &node, int side) {
+        if (node.Links().Count() > kManyMates) return;
+        for (Link *other : node.Links())
+            if (!other->stale_ && side != 0 && EndsAt(*other, node, side)) found.push_back(other);
+    };
+    add(link.Source(), SideOf(way[0], way[1]));
+    add(link.Destination(), SideOf(way.back(), way[way.size() - 2]));
+}
+
+void Routing::AddNear(const Link &link, double reach, std::vector<Link *> &found) {
+    std::vector<BoxIndex::Entry> entries;
+    const std::vector<Point> &way = link.data_.points;
+    for (std::size_t i = 1; i < way.size(); ++i)
+        ways_.Find(Neighbourhood(ToQPointF(way[i - 1]), ToQPointF(way[i]), reach), entries);
+    std::ranges::sort(entries, {}, &BoxIndex::Entry::second);
+    ItemId last = link.Id();
+    for (const BoxIndex::Entry &entry : entries) {
+        if (std::exchange(last, entry.second) == entry.second || entry.second == link.Id()) continue;
+        Link *other = surface_.FindLink(entry.second);
+        if (other && !other->stale_ && !other->Hidden() && AreBeside(link, *other, reach))
+            found.push_back(other);
+    }
+}
+
+void Routing::NudgeApart(const std::vector<Link *> &links) {
+    if (links.size() > kMost) return;
+    std::vector<Link *> all;
+    for (const Link *link : links) AddNear(*link, kInReach, all);
+    all.insert(all.end(), links.begin(), links.end());
+    KeepEachOnce(all);
+    std::vector<NudgedLink> nudged(all.size());
+    std::vector<std::unique_ptr<NodesAround>> around;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const LinkDraft draft(*all[i]);
+        nudged[i] = {RequestFor(draft), all[i]->Source().Id(), all[i]->Destination().Id(),
+                     LookOf(all[i]->data_), !std::ranges::binary_search(links, all[i]->Id(), {}, &Link::Id)};
+        if (nudged[i].stays) continue;
+        around.push_back(std::make_unique<NodesAround>(nodes_, draft, nudged[i].request));
+        nudged[i].request.obstacles = around.back().get();
+    }
+    std::vector<std::vector<Point>> ways = Nudge(nudged);
+    for (std::size_t i = 0; i < all.size(); ++i)
+        if (!nudged[i].stays && ways[i] != all[i]->data_.points) TakeWay(*all[i], std::move(ways[i]));
+}
+
+void Routing::TakeWay(Link &link, std::vector<Point> way) {
+    const Uncounted derived(surface_);
+    surface_.Record(link);
+    WayChanges(link);
+    link.data_.points = std::move(way);
+    LinkAdded(link);
+    surface_.Notify(link, Change::Geometry);
+}
+
+} // namespace diagram

@@ -1,0 +1,124 @@
+#include "diagram/shapes/Nudging.h"
+
+#include "diagram/shapes/NudgeBends.h"
+#include "diagram/shapes/NudgeLanes.h"
+#include "diagram/shapes/NudgeSpacing.h"
+#include "diagram/shapes/RouterOrthogonal.h"
+
+#include <cmath>
+
+namespace diagram {
+
+namespace {
+
+constexpr int kRounds = 2;
+constexpr double kMoved = 1; // twips; less isn't worth a change
+
+class Nudger {
+public:
+    explicit Nudger(std::span<const NudgedLink> links) : links_(links) {
+        for (const NudgedLink &link : links) ways_.push_back(WorkOn(link));
+        before_.reserve(ways_.size());
+        for (const NudgedWay &way : ways_) before_.push_back(way.lanes);
+    }
+
+    std::vector<std::vector<Point>> Run() {
+        for (int i = 0; i < 2 * kRounds; ++i) MoveLanes(i % 2 == 1);
+        std::vector<std::vector<Point>> result;
+        for (std::size_t i = 0; i < links_.size(); ++i) result.push_back(WayOf(i));
+        return result;
+    }
+
+private:
+    void MoveLanes(bool level) {
+        for (std::size_t i = 0; i < ways_.size(); ++i) FindRuns(links_[i], i, ways_[i]);
+        const std::vector<NudgeLane> lanes = LanesOf(links_, ways_, level);
+        const std::vector<LanePair> pairs = OrderPairs(links_, ways_, lanes);
+        const std::vector<std::size_t> order = OrderLanes(lanes, pairs);
+        const std::vector<double> at = Space(lanes, pairs, order);
+        for (std::size_t i = 0; i < order.size(); ++i) Move(lanes[order[i]], at[i]);
+        for (std::size_t i = 0; i < ways_.size(); ++i) PutJogsBetween(i);
+    }
+
+    static std::vector<double> Space(const std::vector<NudgeLane> &lanes, const std::vector<LanePair> &pairs,
+                                     const std::vector<std::size_t> &order) {
+        std::vector<Place> places;
+        std::vector<std::size_t> ranks(order.size());
+        for (std::size_t i = 0; i < order.size(); ++i) {
+            const NudgeLane &lane = lanes[order[i]];
+            places.push_back({lane.wish, lane.room.low, lane.room.high});
+            ranks[order[i]] = i;
+        }
+        std::vector<Distance> distances;
+        for (const LanePair &pair : pairs) {
+            const auto [before, after] = std::minmax(ranks[pair.before], ranks[pair.after]);
+            distances.push_back({before, after, kApart});
+        }
+        return SpaceOut(places, std::move(distances));
+    }
+
+    void Move(const NudgeLane &lane, double at) {
+        if (std::abs(lane.at - at) < kMoved) at = lane.at;
+        for (const diagram::Run *run : lane.runs) {
+            NudgedWay &way = ways_[run->way];
+            if (way.directions.empty()) continue;
+            for (std::size_t i = run->first; i <= run->last; ++i)
+                if (IsHorizontal(way.directions[i]) == run->level) way.lanes[i] = at;
+        }
+    }
+
+    // A segment without length lies on the run that it is part of.
+    void PutJogsBetween(std::size_t position) {
+        NudgedWay &way = ways_[position];
+        for (std::size_t i = 1; i + 1 < way.directions.size(); ++i) {
+            if (std::abs(way.lanes[i - 1] - way.lanes[i + 1]) >= kMoved) continue;
+            const double from = Beginning(position, i), to = Ending(position, i);
+            if ((way.lanes[i] - from) * (way.lanes[i] - to) > 0) way.lanes[i] = (from + to) / 2;
+        }
+    }
+    // Where the run begins in which segment i lies, and where it ends.
+    double Beginning(std::size_t position, std::size_t i) const {
+        const Coordinates &lanes = ways_[position].lanes;
+        return i > 1 ? lanes[i - 2] : EdgeTowards(position, links_[position].request.source, i, lanes[i]);
+    }
+    double Ending(std::size_t position, std::size_t i) const {
+        const NudgedWay &way = ways_[position];
+        if (i + 2 < way.directions.size()) return way.lanes[i + 2];
+        return EdgeTowards(position, links_[position].request.destination, i, way.lanes[i]);
+    }
+    double EdgeTowards(std::size_t position, const RouteEnd &end, std::size_t i, double at) const {
+        const Span box = SpanOf(end.box, !IsHorizontal(ways_[position].directions[i]));
+        return std::clamp(at, box.low, box.high);
+    }
+
+    std::vector<Point> WayOf(std::size_t position) const {
+        const NudgedLink &link = links_[position];
+        const NudgedWay &way = ways_[position];
+        const std::vector<Point> old(link.request.old.begin(), link.request.old.end());
+        if (way.directions.empty() || way.lanes == before_[position]) return old;
+        const Track former = TrackOf(link.request, way.directions, before_[position]);
+        const Track now = TrackOf(link.request, way.directions, way.lanes);
+        if (!MeetsNoMore(link.request, former, now)) return old;
+        return JoinLanes(link.request, way.directions, way.lanes);
+    }
+
+    std::span<const NudgedLink> links_;
+    std::vector<NudgedWay> ways_;
+    std::vector<Coordinates> before_;
+};
+
+} // namespace
+
+std::vector<Point> WithoutStairs(const RouteRequest &request) {
+    const NudgedLink link{request};
+    const NudgedWay way = WorkOn(link);
+    if (!way.directions.empty() && request.mostAside == 0) {
+        const Coordinates lanes = WithFewestBends(request, way.directions, way.lanes);
+        if (lanes != way.lanes) return JoinLanes(request, way.directions, lanes);
+    }
+    return {request.old.begin(), request.old.end()};
+}
+
+std::vector<std::vector<Point>> Nudge(std::span<const NudgedLink> links) { return Nudger(links).Run(); }
+
+} // namespace diagram
