@@ -43,8 +43,10 @@ public:
     QPainterPath NodeOutline(const Node &node);
     // The line of the link as it is painted, without jumps and arrow heads: straight segments, or curves.
     QPainterPath LinkPath(const Link &link);
-    // Where the label stands; empty without text.
+    // Where the label stands, on the line or beside it; empty without text.
     QRectF LabelBounds(const Link &link);
+    // Where one of that size would.
+    QRectF LabelPlace(const Link &link, const QSizeF &size);
     // Jumps of `link` in order along its way; empty for jump style 0.
     std::vector<Crossing> Crossings(const Link &link);
 
