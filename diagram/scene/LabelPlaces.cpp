@@ -37,42 +37,82 @@ LabelRequest RequestFor(const Link &link, const std::vector<QPointF> &way, const
             .destinationHead = HeadOn(data.arrowDest, data.arrowSizeDest, data.drawWidth)};
 }
 
-// What lies around a place, as far as it speaks against a label there.
-struct Neighbourhood {
-    std::vector<QRectF> boxes;
-    std::vector<QLineF> lines;
+bool IsTouched(const std::vector<QRectF> &areas, const QPointF &from, const QPointF &to) {
+    return std::ranges::any_of(areas, [&](const QRectF &area) { return RunsThrough(area, from, to); });
+}
 
-    // A frame around an end is the label's ground.
-    void AddNode(const Link &link, const Node &node) {
-        const QRectF box = node.ShownBounds();
-        const auto holds = [&](const Node &end) { return &end != &node && box.contains(end.ShownBounds()); };
-        if (!holds(link.Source()) && !holds(link.Destination())) boxes.push_back(box);
+// What lies in some areas, as far as it speaks against a label there. Each thing once.
+class Neighbourhood {
+public:
+    Neighbourhood(const Link &link, const std::vector<QRectF> &areas, const ItemsAround &around)
+        : link_(link), areas_(areas) {
+        std::vector<const Item *> items;
+        for (const QRectF &area : areas)
+            around(BoxAround(area), [&](const Item &item) { items.push_back(&item); });
+        std::ranges::sort(items, {}, &Item::Id);
+        items.erase(std::unique(items.begin(), items.end()), items.end());
+        for (const Item *item : items) Add(*item);
     }
 
-    void AddWay(const Link &other, const QRectF &area) {
-        if (IsCurved(other)) return AddPieces(WayPieces(other), area);
-        AddPieces(other.Way(), area);
+    void AddLabels(const BoxIndex &labels) {
+        std::vector<BoxIndex::Entry> found;
+        for (const QRectF &area : areas_) labels.Find(area, found);
+        std::ranges::sort(found, {}, &BoxIndex::Entry::second);
+        found.erase(std::unique(found.begin(), found.end()), found.end());
+        for (const auto &[box, id] : found) {
+            const Link *other = link_.Owner().FindLink(id);
+            if (other && LiesBelow(other, &link_)) boxes_.push_back(box.Rect());
+        }
+    }
+
+    const std::vector<QRectF> &Boxes() const { return boxes_; }
+    const std::vector<QLineF> &Lines() const { return lines_; }
+
+private:
+    void Add(const Item &item) {
+        if (const Node *node = item.AsNode()) return AddNode(*node);
+        if (&item != &link_) AddWay(*item.AsLink());
+    }
+
+    // A frame around an end is the label's ground.
+    void AddNode(const Node &node) {
+        const QRectF box = node.ShownBounds();
+        const auto holds = [&](const Node &end) { return &end != &node && box.contains(end.ShownBounds()); };
+        if (!holds(link_.Source()) && !holds(link_.Destination())) boxes_.push_back(box);
+    }
+
+    void AddWay(const Link &other) {
+        if (IsCurved(other)) return AddPieces(WayPieces(other));
+        AddPieces(other.Way());
     }
 
     template <typename Points>
-    void AddPieces(const Points &points, const QRectF &area) {
+    void AddPieces(const Points &points) {
         for (std::size_t i = 1; i < points.size(); ++i) {
             const QPointF from = At(points[i - 1]), to = At(points[i]);
-            if (RunsThrough(area, from, to)) lines.emplace_back(from, to);
+            if (IsTouched(areas_, from, to)) lines_.emplace_back(from, to);
         }
     }
 
     static QPointF At(const QPointF &point) { return point; }
     static QPointF At(const Point &point) { return ToQPointF(point); }
+
+    const Link &link_;
+    const std::vector<QRectF> &areas_;
+    std::vector<QRectF> boxes_;
+    std::vector<QLineF> lines_;
 };
 
-// Gathers what stands there.
-void Gather(const Link &link, const QRectF &area, const ItemsAround &around, Neighbourhood &found) {
-    found.boxes.clear(), found.lines.clear();
-    around(BoxAround(area), [&](const Item &item) {
-        if (const Node *node = item.AsNode()) return found.AddNode(link, *node);
-        if (item.Id() != link.Id()) found.AddWay(*item.AsLink(), area);
-    });
+// Everything that the label may cover, close to each piece of a way with bends.
+std::vector<QRectF> ReachesOf(const LabelRequest &request) {
+    if (request.curved) return {ReachOfLabel(request)};
+    std::vector<QRectF> areas;
+    LabelRequest piece = request;
+    for (std::size_t i = 1; i < request.way.size(); ++i) {
+        piece.way = request.way.subspan(i - 1, 2);
+        areas.push_back(ReachOfLabel(piece));
+    }
+    return areas;
 }
 
 } // namespace
@@ -113,38 +153,35 @@ void LabelPlaces::Forget(ItemId id) {
     Disturb(BoxAround(placed.box));
 }
 
-QRectF LabelPlaces::FindPlace(const Link &link, const std::vector<QPointF> &way, const QSizeF &size,
-                              const ItemsAround &around) const {
+LabelPlaces::Found LabelPlaces::FindPlace(const Link &link, const QSizeF &size,
+                                          const ItemsAround &around) const {
+    const std::vector<QPointF> way = WayPieces(link);
     LabelRequest request = RequestFor(link, way, size);
-    Neighbourhood near;
-    const auto look = [&](const QRectF &area) {
-        Gather(link, area, around, near);
-        boxes_.Visit(BoxAround(area), [&](const BoxIndex::Entry &entry) {
-            const Link *other = link.Owner().FindLink(entry.second);
-            if (other && LiesBelow(other, &link)) near.boxes.push_back(entry.first.Rect());
-        });
-        request.boxes = near.boxes, request.lines = near.lines;
+    const auto look = [&](const std::vector<QRectF> &areas, auto find) {
+        Neighbourhood near(link, areas, around);
+        near.AddLabels(boxes_);
+        request.boxes = near.Boxes(), request.lines = near.Lines();
+        return find(request);
     };
-    const QRectF told = BoxAt(MiddleOfWay(way), size);
-    look(Grown(told, kAround)); // most labels are free there
-    if (IsFreeInTheMiddle(request)) return told;
-    look(ReachOfLabel(request));
-    return BoxAt(PlaceLabel(request), size);
+    const QRectF told = BoxAt(MiddleOfWay(way), size), ground = Grown(told, kAround);
+    if (look({ground}, IsFreeInTheMiddle)) return {told, ground};
+    return {BoxAt(look(ReachesOf(request), PlaceLabel), size), ReachOfLabel(request)};
 }
 
 QRectF LabelPlaces::PlaceFor(const Link &link, const QSizeF &size, const ItemsAround &around) const {
-    return FindPlace(link, WayPieces(link), size, around);
+    return FindPlace(link, size, around).box;
 }
 
-void LabelPlaces::Index(ItemId id, Placed &placed, const FloatBox &reach, const QRectF &box) {
+void LabelPlaces::Index(ItemId id, Placed &placed, const Found &found) {
+    const FloatBox reach = BoxAround(found.reach);
     const bool isNew = !std::exchange(placed.isIndexed, true);
     if (isNew || placed.reach != reach) {
         if (!isNew) reaches_.Remove(placed.reach, id);
         reaches_.Insert(placed.reach = reach, id);
     }
-    if (isNew || placed.box != box) {
+    if (isNew || placed.box != found.box) {
         if (!isNew) boxes_.Remove(BoxAround(placed.box), id);
-        boxes_.Insert(BoxAround(placed.box = box), id);
+        boxes_.Insert(BoxAround(placed.box = found.box), id);
     }
 }
 
@@ -156,16 +193,15 @@ void LabelPlaces::QueueAbove(const Link &link, const QRectF &box, std::set<Rank>
 }
 
 bool LabelPlaces::Place(const Link &link, const ItemsAround &around, std::set<Rank> &queue) {
-    const std::vector<QPointF> way = WayPieces(link);
-    const QSizeF size = LabelSize(link, link.Owner().Measure());
+    const Found found = FindPlace(link, LabelSize(link, link.Owner().Measure()), around);
     Placed &placed = placed_[link.Id()];
     placed.rank = RankOf(link);
-    const QRectF box = FindPlace(link, way, size, around), before = placed.box;
+    const QRectF before = placed.box;
     const bool stood = placed.isIndexed;
-    Index(link.Id(), placed, BoxAround(ReachOfLabel(RequestFor(link, way, size))), box);
-    if (stood && box == before) return false;
+    Index(link.Id(), placed, found);
+    if (stood && found.box == before) return false;
     if (stood) QueueAbove(link, before, queue);
-    QueueAbove(link, box, queue);
+    QueueAbove(link, found.box, queue);
     return true;
 }
 

@@ -31,8 +31,13 @@ public:
 
 private:
     using Rank = std::pair<StackKey, ItemId>;
+    struct Found {
+        QRectF box;
+        QRectF
+            reach; // nothing outside matters to it: a label in the middle of its way stays while it is free
+    };
     struct Placed {
-        FloatBox reach; // everything that can be in its way lies in there
+        FloatBox reach;
         QRectF box;
         Rank rank;              // when it was placed last
         bool isIndexed = false; // reach and box are in the indices
@@ -43,10 +48,9 @@ private:
     void Forget(ItemId id);
     // Whether it stands elsewhere now.
     bool Place(const Link &link, const ItemsAround &around, std::set<Rank> &queue);
-    void Index(ItemId id, Placed &placed, const FloatBox &reach, const QRectF &box);
+    void Index(ItemId id, Placed &placed, const Found &found);
     void QueueAbove(const Link &link, const QRectF &box, std::set<Rank> &queue) const;
-    QRectF FindPlace(const Link &link, const std::vector<QPointF> &way, const QSizeF &size,
-                     const ItemsAround &around) const;
+    Found FindPlace(const Link &link, const QSizeF &size, const ItemsAround &around) const;
 
     std::unordered_map<ItemId, Placed> placed_;
     BoxIndex reaches_, boxes_;
