@@ -163,8 +163,8 @@ LabelPlaces::Found LabelPlaces::FindPlace(const Link &link, const QSizeF &size,
         request.boxes = near.Boxes(), request.lines = near.Lines();
         return find(request);
     };
-    const QRectF told = BoxAt(MiddleOfWay(way), size), ground = Grown(told, kAround);
-    if (look({ground}, IsFreeInTheMiddle)) return {told, ground};
+    const QRectF usual = BoxAt(MiddleOfWay(way), size), ground = Grown(usual, kAround);
+    if (look({ground}, IsFreeInTheMiddle)) return {usual, ground};
     return {BoxAt(look(ReachesOf(request), PlaceLabel), size), ReachOfLabel(request)};
 }
 

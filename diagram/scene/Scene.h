@@ -34,6 +34,10 @@ public:
 
     Surface &Model() const { return surface_; }
 
+    // The style of links that are drawn; kAutomaticStyle for the best one of each.
+    int StyleToDraw() const { return styleToDraw_; }
+    void SetStyleToDraw(int style) { styleToDraw_ = style; }
+
     // Items that aren't hidden and whose bounds touch `area`, from the lowest to the highest. Appends to
     // `items`, which the caller clears: the buffer is meant to be used again.
     void ItemsIn(const QRectF &area, std::vector<Item *> &items);
@@ -69,6 +73,7 @@ private:
     struct State; // holds the R-tree
     Surface &surface_;
     std::unique_ptr<State> state_;
+    int styleToDraw_ = 0;
 };
 
 } // namespace diagram
