@@ -88,7 +88,8 @@ void LabelDrag(benchmark::State &state) {
     const diagram::HeldItems held(state.range(0) ? map.nodes : std::vector<diagram::Node *>{map.hub});
     int step = 0;
     for (auto _ : state) {
-        held.MoveBy(map.surface, QPointF(30 * (++step % 100), 20 * (step % 100)));
+        step = (step + 1) % kSteps;
+        held.MoveBy(map.surface, QPointF(30 * step, 20 * step));
         benchmark::DoNotOptimize(scene.TakeDamage());
     }
     held.Restore(map.surface);
