@@ -1,5 +1,6 @@
 #include "dialogs/LinkEdit.h"
 
+#include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Surface.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
@@ -60,7 +61,7 @@ void WriteLink(Link &link, const LinkData &values) {
     link.SetDrawStyle(values.drawStyle);
     link.SetDrawWidth(values.drawWidth);
     link.SetJumpStyle(values.jumpStyle);
-    link.SetStyle(values.style);
+    link.SetStyle(diagram::StyleFor(link, values.style));
     link.SetLineColor(values.lineColor);
     link.SetForeColor(values.foreColor);
     link.SetText(values.text);

@@ -21,7 +21,8 @@ struct FormerLinks {
 // The links stand on one slice; one that is named twice is remembered once.
 FormerLinks RememberLinks(const std::vector<diagram::Link *> &links);
 
-// Writes look and text of `values`, and nothing else of them. Error 380 for a value out of its range.
+// Writes look and text of `values`, and nothing else of them; with diagram::kAutomaticStyle for a style, the
+// best one for the link. Error 380 for a value out of its range.
 void WriteLink(diagram::Link &link, const diagram::LinkData &values);
 // Writes them to each of `oLinks`, then to `oLink`, outside of any group of changes. The map
 // is dirty then, after an error too.

@@ -56,7 +56,7 @@ const std::array<frmLinkDialog::ListRow, 10> &frmLinkDialog::Rows() {
         Row<&LinkData::arrowSizeMiddle>("cboArrowMiddleSize", "Arrow Size Middle", ArrowSizes, true),
         Row<&LinkData::arrowDest>("cboArrowDest", "Arrow Destination", Arrows, false),
         Row<&LinkData::arrowSizeDest>("cboArrowSizeDest", "Arrow Size Destination", ArrowSizes, true),
-        Row<&LinkData::style>("cboLinkStyle", "LinkStyle", LinkStyles, false),
+        Row<&LinkData::style>("cboLinkStyle", "LinkStyle", Routings, false),
         Row<&LinkData::jumpStyle>("cboJumpStyle", "Jump Style", JumpStyles, true),
         Row<&LinkData::drawStyle>("cboDrawStyle", "Draw Style", DrawStyles, false),
         Row<&LinkData::drawWidth>("cboDrawWidth", "Draw Width", DrawWidths, true),

@@ -1,5 +1,6 @@
 #include "mainwindow/Look.h"
 
+#include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Surface.h"
 #include "mainwindow/ActionGroup.h"
 #include "timeline/AdjustLinks.h"
@@ -82,6 +83,18 @@ void Read(const std::vector<Item *> &items, std::span<const LookRow> rows, std::
     }
 }
 
+// Each link gets the style that suits it best. False, and no step, where all have theirs already.
+bool GiveBestStyles(diagram::Surface &surface) {
+    std::vector<std::pair<Link *, int>> changes;
+    for (Link *link : surface.SelectedLinks())
+        if (const int best = diagram::StyleFor(*link, diagram::kAutomaticStyle); best != link->Style())
+            changes.emplace_back(link, best);
+    if (changes.empty()) return false;
+    const ActionGroup step(surface);
+    for (const auto &[link, style] : changes) link->SetStyle(style);
+    return true;
+}
+
 template <typename Item>
 void Give(const std::vector<Item *> &items, void (*to)(Item &, double), double value) {
     if (!to) return;
@@ -108,6 +121,7 @@ LookState StateOf(const diagram::Surface &surface, const LookRow &row) {
 bool GiveLook(diagram::Surface &surface, const LookRow &row, double value) {
     const LookState before = StateOf(surface, row);
     if (!before.fits || before.value == value) return false;
+    if (row.what == LookOf::Routing && value == diagram::kAutomaticStyle) return GiveBestStyles(surface);
     const ActionGroup step(surface);
     Give(surface.SelectedNodes(), row.toNode, value);
     Give(surface.SelectedLinks(), row.toLink, value);

@@ -28,7 +28,7 @@ struct LookList {
 constexpr LookList kLists[] = {
     {LookOf::LineWidth, ListOf::DrawWidths}, {LookOf::LineStyle, ListOf::DrawStyles},
     {LookOf::Shadow, ListOf::Shadows},       {LookOf::Shape, ListOf::Shapes},
-    {LookOf::Routing, ListOf::LinkStyles},   {LookOf::ArrowStart, ListOf::Arrows},
+    {LookOf::Routing, ListOf::Routings},     {LookOf::ArrowStart, ListOf::Arrows},
     {LookOf::ArrowEnd, ListOf::Arrows},      {LookOf::Jumps, ListOf::JumpStyles},
 };
 

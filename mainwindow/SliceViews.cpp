@@ -1,6 +1,10 @@
 #include "mainwindow/SliceViews.h"
 
+#include "app/settings/NewLinks.h"
 #include "app/settings/Settings.h"
+#include "diagram/model/AutomaticStyle.h"
+#include "diagram/scene/Scene.h"
+#include "diagram/shapes/LinkStyles.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/HintText.h"
@@ -10,12 +14,26 @@
 #include "mainwindow/SurfaceSink.h"
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowStatus.h"
+#include "support/Val.h"
 #include "timeline/DaysOfStrip.h"
 #include "widgets/ShapeNames.h"
 
 #include <QApplication>
 
 namespace mainwindow {
+
+namespace {
+
+// The straight style where the settings say nothing, or nothing that is one.
+int StyleToDraw() {
+    const QString routing = settings::LinkRouting();
+    if (routing.compare(QLatin1String(settings::kAutomaticRouting), Qt::CaseInsensitive) == 0)
+        return diagram::kAutomaticStyle;
+    const int style = int(support::Val(routing));
+    return diagram::FindLinkStyle(style) ? style : 0;
+}
+
+} // namespace
 
 SliceViews::SliceViews(frmMain &window, QWidget *place)
     : window_(window),
@@ -34,6 +52,7 @@ void SliceViews::Add(diagram::Surface &surface) {
     view->setFrameShape(QFrame::NoFrame);
     Connect(*view);
     view->SetShapeToDraw(shape_);
+    view->TheScene().SetStyleToDraw(StyleToDraw());
     view->SetEmptyNote(EmptyPageText());
     view->SetWords({settings::Terms().NODE, settings::Terms().LINK});
     view->SetDescriber(

@@ -1,5 +1,6 @@
 #include "widgets/PropertyLists.h"
 
+#include "diagram/model/AutomaticStyle.h"
 #include "diagram/shapes/Arrows.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Shapes.h"
@@ -7,6 +8,7 @@
 #include "support/Val.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 
 namespace widgets {
 
@@ -31,6 +33,13 @@ Entries Numbers() {
     return entries;
 }
 
+Entries Routings() {
+    Entries entries = Rows<&diagram::LinkStyleTable>();
+    entries.push_back({QCoreApplication::translate("widgets::PropertyLists", "Automatic orthogonal"),
+                       diagram::kAutomaticStyle});
+    return entries;
+}
+
 struct ListRow {
     ListOf what;
     Entries (*entries)();
@@ -48,6 +57,7 @@ constexpr ListRow kLists[] = {
     {ListOf::Arrows, Rows<&diagram::ArrowTable>},
     {ListOf::ArrowSizes, Rows<&diagram::ArrowSizeTable>},
     {ListOf::LinkStyles, Rows<&diagram::LinkStyleTable>},
+    {ListOf::Routings, Routings},
     {ListOf::JumpStyles, Rows<&diagram::JumpStyleTable>},
 };
 

@@ -23,6 +23,7 @@ enum class ListOf {
     Arrows,
     ArrowSizes,
     LinkStyles,
+    Routings, // the link styles, and behind them diagram::kAutomaticStyle
     JumpStyles
 };
 

@@ -1,4 +1,5 @@
 // The small pictures in the lists of properties.
+#include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
@@ -130,6 +131,27 @@ void SketchLinkStyle(Surface &surface, const Inks &inks, int value) {
     if (diagram::RoutedPointCount(value) == 2) link.Points().Insert(1, {kWide * 0.75F, kHigh * 0.15F});
 }
 
+// What finds its way is seen going round something.
+void SketchRouting(Surface &surface, const Inks &inks, int value) {
+    constexpr int kFiveSegments = 9;
+    if (value != diagram::kAutomaticStyle) return SketchLinkStyle(surface, inks, value);
+    const QSizeF end(kWide / 6, kHigh / 5);
+    const float middle = kHigh * 0.62F, top = kHigh * 0.12F, left = kWide * 0.32F, right = kWide - left;
+    Node &from = Box(surface, inks, QRectF(QPointF(kEdge, middle - end.height() / 2), end));
+    Node &to =
+        Box(surface, inks, QRectF(QPointF(kWide - kEdge - end.width(), middle - end.height() / 2), end));
+    Box(surface, inks, QRectF(kWide * 0.42F, middle - kHigh * 0.3F, kWide * 0.16F, kHigh * 0.6F));
+    diagram::Link &link = Joined(from, to, inks);
+    link.SetStyle(kFiveSegments);
+    link.SetAddPointsMode(true);
+    link.Points().Assign({{kEdge + float(end.width()), middle},
+                          {left, middle},
+                          {left, top},
+                          {right, top},
+                          {right, middle},
+                          {kWide - kEdge - float(end.width()), middle}});
+}
+
 void SketchJump(Surface &surface, const Inks &inks, int value) {
     Line(surface, inks, {kWide / 2, 0}, {kWide / 2, kHigh});
     LevelLine(surface, inks).SetJumpStyle(value);
@@ -144,7 +166,7 @@ constexpr SketchRow kSketches[] = {
     {ListOf::DrawStyles, SketchDrawStyle}, {ListOf::DrawWidths, SketchDrawWidth},
     {ListOf::Shadows, SketchShadow},       {ListOf::Arrows, SketchArrow},
     {ListOf::ArrowSizes, SketchArrowSize}, {ListOf::LinkStyles, SketchLinkStyle},
-    {ListOf::JumpStyles, SketchJump},
+    {ListOf::Routings, SketchRouting},     {ListOf::JumpStyles, SketchJump},
 };
 
 class PictureEngine : public PaintedIconEngine {

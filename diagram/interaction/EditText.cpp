@@ -30,19 +30,10 @@ TextPlace NodePlace(const Node &node) {
     return place;
 }
 
-QPointF MiddleOf(const Link &link) {
-    const std::vector<Point> &way = link.Way();
-    const size_t half = (way.size() - 1) / 2;
-    return (ToQPointF(way[half]) + ToQPointF(way[half + 1])) / 2;
-}
-
 TextPlace LinkPlace(Scene &scene, const Link &link) {
     TextPlace place;
     place.area = scene.LabelBounds(link);
-    if (place.area.isEmpty()) {
-        place.area = QRectF(QPointF(), kEmptyLabel);
-        place.area.moveCenter(MiddleOf(link));
-    }
+    if (place.area.isEmpty()) place.area = scene.LabelPlace(link, kEmptyLabel);
     place.painted = SingleLineFeeds(link.Text());
     place.wraps = false;
     place.font = link.Font();

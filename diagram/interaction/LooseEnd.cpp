@@ -5,6 +5,7 @@
 #include "diagram/interaction/Overlay.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/interaction/SideStyle.h"
+#include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/LinkDraft.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/scene/Scene.h"
@@ -82,7 +83,13 @@ LinkDraft LooseEnd::DraftTo(const Surface &surface, const QRectF &newNode) const
 }
 
 int LooseEnd::StyleOf(Scene &scene, const LinkDraft &draft) const {
-    return pulledFrom_ < 0 ? draft.data->style : StyleLeavingBy(scene, draft, pulledFrom_);
+    if (!IsNew()) return draft.data->style;
+    LinkData data = *draft.data;
+    LinkDraft drawn = draft;
+    drawn.data = &data;
+    const int style = scene.StyleToDraw();
+    data.style = std::uint8_t(style == kAutomaticStyle ? BestOrthogonalStyle(scene.Model(), draft) : style);
+    return pulledFrom_ < 0 ? data.style : StyleLeavingBy(scene, drawn, pulledFrom_);
 }
 
 int LooseEnd::StyleTo(Scene &scene, const QRectF &newNode) const {

@@ -24,7 +24,7 @@ bool HasSameBends(const std::vector<Point> &a, const std::vector<Point> &b) {
 // Whether the router chooses bends for links of that style, so that they can give way.
 bool HasRoutedBends(const LinkData &link) {
     const LinkStyleRow *row = FindLinkStyle(link.style);
-    return row && row->form == LinkForm::Orthogonal;
+    return row && (row->form == LinkForm::Orthogonal || row->form == LinkForm::Polyline);
 }
 
 } // namespace

@@ -89,19 +89,6 @@ QSizeF Estimate(const QString &text, const Font &font) {
     return {double(longest) * font.Size() * 20 * 0.6, double(lines) * line};
 }
 
-QPointF HalfWay(const std::vector<QPointF> &pieces) {
-    double length = 0;
-    const auto piece = [&pieces](std::size_t i) { return QLineF(pieces[i - 1], pieces[i]); };
-    for (std::size_t i = 1; i < pieces.size(); ++i) length += piece(i).length();
-    double left = length / 2;
-    for (std::size_t i = 1; i < pieces.size(); ++i) {
-        const double here = piece(i).length();
-        if (left <= here) return here > 0 ? piece(i).pointAt(left / here) : pieces[i];
-        left -= here;
-    }
-    return pieces.back();
-}
-
 } // namespace
 
 QRectF PaintBounds(const Node &node) {
@@ -110,7 +97,7 @@ QRectF PaintBounds(const Node &node) {
     return Grown(bounds, LineReach(node.DrawWidth()) + (node.Marked() ? kMarkReach : 0));
 }
 
-QRectF PaintBounds(const Link &link, TextMeasure *measure) {
+QRectF PaintBounds(const Link &link, const QRectF &label) {
     const LinkData &data = link.Data();
     double reach =
         std::max(LineReach(data.drawWidth) + (data.marked ? kMarkReach : 0), HeadReach(data) + kSmoothing);
@@ -119,12 +106,11 @@ QRectF PaintBounds(const Link &link, TextMeasure *measure) {
         IsCurved(link) && (FormOf(link.Style()) == LinkForm::Spline || link.Way().size() % 3 != 1);
     const QRectF way = smooth ? WayPath(link).controlPointRect() : Box(link.Way());
     const QRectF bounds = Grown(way, reach);
-    if (data.text.isEmpty()) return bounds;
-    return bounds | Grown(LabelBox(link, measure), kLabelReach);
+    return label.isEmpty() ? bounds : bounds | Grown(label, kLabelReach);
 }
 
-QRectF PaintBounds(const Item &item, TextMeasure *measure) {
-    return item.AsNode() ? PaintBounds(*item.AsNode()) : PaintBounds(*item.AsLink(), measure);
+QRectF PaintBounds(const Item &item, const QRectF &label) {
+    return item.AsNode() ? PaintBounds(*item.AsNode()) : PaintBounds(*item.AsLink(), label);
 }
 
 bool IsCurved(const Link &link) { return IsCurved(link.Style(), link.Way()); }
@@ -156,13 +142,8 @@ std::vector<QPointF> WayPieces(const Link &link) {
     return pieces;
 }
 
-QRectF LabelBox(const Link &link, TextMeasure *measure) {
-    if (link.Text().isEmpty()) return {};
-    const QSizeF size =
-        measure ? measure->Measure(link.Text(), link.Font(), 0) : Estimate(link.Text(), link.Font());
-    QRectF box(QPointF(), size);
-    box.moveCenter(HalfWay(WayPieces(link)));
-    return box;
+QSizeF LabelSize(const Link &link, TextMeasure *measure) {
+    return measure ? measure->Measure(link.Text(), link.Font(), 0) : Estimate(link.Text(), link.Font());
 }
 
 } // namespace diagram

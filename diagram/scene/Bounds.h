@@ -16,9 +16,10 @@ class TextMeasure;
 
 // What painting the node touches, in twips: border, shadow and mark.
 QRectF PaintBounds(const Node &node);
-// What painting the link touches: line, arrow heads, jumps, mark and label.
-QRectF PaintBounds(const Link &link, TextMeasure *measure);
-QRectF PaintBounds(const Item &item, TextMeasure *measure);
+// What painting the link touches: line, arrow heads, jumps, mark and label, which stands in the box `label`.
+QRectF PaintBounds(const Link &link, const QRectF &label);
+// The label is a link's, empty without one.
+QRectF PaintBounds(const Item &item, const QRectF &label);
 
 // The line without heads and jumps, of a link or of a way of at least two points.
 QPainterPath WayPath(const Link &link);
@@ -26,8 +27,7 @@ QPainterPath WayPath(int style, const std::vector<Point> &way);
 bool IsCurved(const Link &link);
 // The same line as straight pieces.
 std::vector<QPointF> WayPieces(const Link &link);
-// The box of the label, about the middle of the line; empty without text. With no measure its size is
-// estimated.
-QRectF LabelBox(const Link &link, TextMeasure *measure);
+// The size of a label; with no measure it is estimated.
+QSizeF LabelSize(const Link &link, TextMeasure *measure);
 
 } // namespace diagram

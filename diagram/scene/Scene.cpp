@@ -4,6 +4,8 @@
 #include "diagram/model/BoxIndex.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Bounds.h"
+#include "diagram/scene/Crossings.h"
+#include "diagram/scene/LabelPlaces.h"
 #include "diagram/shapes/Measures.h"
 #include "diagram/shapes/Shapes.h"
 
@@ -20,56 +22,6 @@ constexpr std::size_t kMostAreas = 256; // more damage than that is everything
 constexpr std::size_t kFewItems = 64;
 constexpr std::size_t kMostLoose = 1024; // so many are looked through in no time
 
-// Rounded outwards, as a float may lie on the wrong side of the value.
-float Below(double value) {
-    const float near = float(value);
-    return double(near) <= value ? near : std::nextafter(near, -std::numeric_limits<float>::infinity());
-}
-float Above(double value) {
-    const float near = float(value);
-    return double(near) >= value ? near : std::nextafter(near, std::numeric_limits<float>::infinity());
-}
-
-FloatBox ToBox(const QRectF &rect) {
-    return {Below(rect.left()), Below(rect.top()), Above(rect.right()), Above(rect.bottom())};
-}
-
-// A straight piece of a way, whose start counts if the way comes from further back: its end is the next one's
-// start.
-struct Piece {
-    QLineF line;
-    bool countsStart;
-};
-
-// Where two pieces cross: as a share of the first, or below 0.
-double CrossingShare(const Piece &one, const Piece &two) {
-    const QLineF &first = one.line, &second = two.line;
-    const QPointF a = first.p2() - first.p1(), b = second.p2() - second.p1(),
-                  apart = second.p1() - first.p1();
-    const double turn = a.x() * b.y() - a.y() * b.x();
-    if (std::abs(turn) < 1e-9) return -1;
-    const double along = (apart.x() * b.y() - apart.y() * b.x()) / turn;
-    const double other = (apart.x() * a.y() - apart.y() * a.x()) / turn;
-    const auto lies = [](double share, bool countsStart) {
-        return (share > 0 || (countsStart && share == 0)) && share < 1;
-    };
-    return lies(along, one.countsStart) && lies(other, two.countsStart) ? along : -1;
-}
-
-// Calls `found` with the share of each crossing of the piece with the way.
-template <typename Found>
-void Cross(const Piece &piece, const std::vector<QPointF> &way, Found found) {
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const double share = CrossingShare(piece, {QLineF(way[i - 1], way[i]), i > 1});
-        if (share >= 0) found(share);
-    }
-}
-
-// Of two links that could both jump the upper one does.
-bool JumpsOver(const Link &link, const Link &other) {
-    return &link != &other && (other.JumpStyle() == 0 || LiesBelow(&other, &link));
-}
-
 } // namespace
 
 // What is known of each item stands in a slot by its identity, which are dense enough for that. An item that
@@ -78,6 +30,7 @@ struct Scene::State {
     enum Flag : std::uint8_t { kIndexed = 1, kDirty = 2, kLoose = 4 };
 
     BoxIndex tree;
+    LabelPlaces labels;
     std::vector<Item *> loose;
     std::vector<Item *> items;   // in the tree, or loose
     std::vector<FloatBox> boxes; // as indexed
@@ -159,6 +112,7 @@ struct Scene::State {
 
     void Forget() {
         tree.Clear();
+        labels.Clear();
         loose.clear();
         flags.clear();
         boxes.clear();
@@ -168,25 +122,27 @@ struct Scene::State {
         DamageAll();
     }
 
-    std::vector<std::vector<QPointF>> JumpedOver(const Link &link, const QRectF &box) const;
-    void CrossStraight(const Link &link, std::vector<Crossing> &crossings) const;
-    void CrossCurve(const Link &link, std::vector<Crossing> &crossings) const;
+    FloatBox BoxOf(const Item &item) const { return BoxAround(PaintBounds(item, labels.At(item.Id()))); }
+    ItemsAround Around() const {
+        return [this](const FloatBox &box, const std::function<void(const Item &)> &visit) {
+            Query(box, visit);
+        };
+    }
 
     void Build(Surface &surface);
-    void Reindex(Surface &surface, Item &item);
+    void BuildTree(const Surface &surface);
+    void Put(Item &item, const FloatBox &box);
+    void Reindex(Item &item);
     void Update(Surface &surface);
+    void UpdateItems(Surface &surface);
 };
 
-void Scene::State::Build(Surface &surface) {
-    Forget();
+void Scene::State::BuildTree(const Surface &surface) {
     std::vector<BoxIndex::Entry> entries;
     entries.reserve(std::size_t(surface.Nodes().Count()) + surface.Links().size());
-    flags.resize(surface.NextId());
-    boxes.resize(surface.NextId());
-    items.resize(surface.NextId());
     const auto add = [&](Item &item) {
         if (IsHidden(item)) return;
-        const FloatBox box = ToBox(PaintBounds(item, surface.Measure()));
+        const FloatBox box = BoxOf(item);
         boxes[item.Id()] = box;
         items[item.Id()] = &item;
         flags[item.Id()] = kIndexed;
@@ -195,15 +151,25 @@ void Scene::State::Build(Surface &surface) {
     for (Node &node : surface.Nodes()) add(node);
     for (const auto &link : surface.Links()) add(*link);
     tree.Build(entries);
+}
+
+// The labels look for their places among everything else.
+void Scene::State::Build(Surface &surface) {
+    Forget();
+    flags.resize(surface.NextId());
+    boxes.resize(surface.NextId());
+    items.resize(surface.NextId());
+    BuildTree(surface);
+    for (const auto &link : surface.Links()) labels.LinkChanged(*link);
+    bool any = false;
+    labels.Update(surface, Around(), [&any](Link &) { any = true; });
+    if (any) BuildTree(surface);
     built = true;
 }
 
-void Scene::State::Reindex(Surface &surface, Item &item) {
+void Scene::State::Put(Item &item, const FloatBox &box) {
     const ItemId id = item.Id();
-    flags[id] &= std::uint8_t(~kDirty);
-    const FloatBox box = ToBox(PaintBounds(item, surface.Measure()));
-    const bool stays = Is(id, kIndexed) && !IsHidden(item) && boxes[id].Rect() == box.Rect();
-    if (stays) return;
+    if (Is(id, kIndexed) && !IsHidden(item) && boxes[id] == box) return;
     if (IsHidden(item)) return Unindex(item);
     if (Is(id, kIndexed)) {
         MakeLoose(item);
@@ -216,22 +182,41 @@ void Scene::State::Reindex(Surface &surface, Item &item) {
     AddDamage(box.Rect());
 }
 
-// Many changed items are cheaper to index anew with all the others.
-void Scene::State::Update(Surface &surface) {
-    surface.SettleWays();
-    if (!built || (dirty.size() > kFewItems && dirty.size() > (tree.Size() + loose.size()) / 4))
-        return Build(surface);
+void Scene::State::Reindex(Item &item) {
+    flags[item.Id()] &= std::uint8_t(~kDirty);
+    const FloatBox box = BoxOf(item);
+    if (Is(item.Id(), kIndexed)) labels.Disturb(boxes[item.Id()]);
+    if (!IsHidden(item)) labels.Disturb(box);
+    if (const Link *link = item.AsLink()) labels.LinkChanged(*link);
+    Put(item, box);
+}
+
+void Scene::State::UpdateItems(Surface &surface) {
     // By position: routing, and so a new entry, may come from looking at an item.
     for (std::size_t i = 0; i < dirty.size(); ++i) {
         const ItemId id = dirty[i];
         if (!Is(id, kDirty)) continue; // removed since
         if (Node *node = surface.FindNode(id)) {
-            Reindex(surface, *node);
+            Reindex(*node);
         } else if (Link *link = surface.FindLink(id)) {
-            Reindex(surface, *link);
+            Reindex(*link);
         }
     }
     dirty.clear();
+}
+
+// Many changed items are cheaper to index anew with all the others.
+void Scene::State::Update(Surface &surface) {
+    surface.SettleWays();
+    if (!built || (dirty.size() > kFewItems && dirty.size() > (tree.Size() + loose.size()) / 4))
+        return Build(surface);
+    UpdateItems(surface);
+    if (!labels.IsUpToDate()) {
+        labels.Update(surface, Around(), [this](Link &link) {
+            if (Is(link.Id(), kIndexed)) AddDamage(boxes[link.Id()].Rect());
+            Put(link, BoxOf(link));
+        });
+    }
     if (loose.size() > kMostLoose) BindLoose();
 }
 
@@ -268,6 +253,7 @@ void Scene::ItemChanged(Item &item, Change what) {
     if ((std::uint32_t(what) & std::uint32_t(kMoves)) != 0) {
         state_->MarkDirty(item.Id());
     } else if (Has(what, Change::Stacking)) {
+        if (const Link *link = item.AsLink()) state_->labels.LinkChanged(*link);
         if (state_->Is(item.Id(), State::kIndexed)) state_->AddDamage(state_->boxes[item.Id()].Rect());
     }
 }
@@ -276,6 +262,8 @@ void Scene::ItemRemoved(Item &item) {
     NoteStrip(item);
     if (!state_->built) return;
     if (state_->Is(item.Id(), State::kIndexed)) state_->AddDamage(state_->boxes[item.Id()].Rect());
+    if (state_->Is(item.Id(), State::kIndexed)) state_->labels.Disturb(state_->boxes[item.Id()]);
+    state_->labels.LinkRemoved(item.Id());
     state_->Unindex(item);
     if (item.Id() < state_->flags.size()) state_->flags[item.Id()] = 0;
 }
@@ -294,7 +282,7 @@ void Scene::Cleared() {
 void Scene::ItemsIn(const QRectF &area, std::vector<Item *> &items) {
     state_->Update(surface_);
     const auto start = items.size();
-    const FloatBox query = ToBox(area.normalized());
+    const FloatBox query = BoxAround(area.normalized());
     const QRectF extent = state_->Extent();
     if (!extent.isNull() && query.Rect().contains(extent)) {
         std::ranges::copy_if(surface_.StackingOrder(), std::back_inserter(items),
@@ -318,7 +306,7 @@ void Scene::ItemsIn(const QRectF &area, std::vector<Item *> &items) {
 QRectF Scene::Bounds(const Item &item) {
     state_->Update(surface_);
     if (state_->Is(item.Id(), State::kIndexed)) return state_->boxes[item.Id()].Rect();
-    return ToBox(PaintBounds(item, surface_.Measure())).Rect();
+    return state_->BoxOf(item).Rect();
 }
 
 QRectF Scene::Extent() {
@@ -331,56 +319,23 @@ QPainterPath Scene::NodeOutline(const Node &node) {
     return Outline(node.Shape(), node.ShapeOrientation(), node.ShownBounds());
 }
 QPainterPath Scene::LinkPath(const Link &link) { return WayPath(link); }
-QRectF Scene::LabelBounds(const Link &link) { return LabelBox(link, surface_.Measure()); }
 
-// The ways of the links that the link jumps over, as far as they touch the box.
-std::vector<std::vector<QPointF>> Scene::State::JumpedOver(const Link &link, const QRectF &box) const {
-    std::vector<std::vector<QPointF>> ways;
-    Query(ToBox(box.normalized()), [&](const Item &item) {
-        const Link *other = item.AsLink();
-        if (other && JumpsOver(link, *other)) ways.push_back(WayPieces(*other));
-    });
-    return ways;
+QRectF Scene::LabelBounds(const Link &link) {
+    if (link.Text().isEmpty()) return {};
+    state_->Update(surface_);
+    const QRectF box = state_->labels.At(link.Id());
+    return box.isEmpty() ? LabelPlace(link, LabelSize(link, surface_.Measure())) : box;
 }
 
-void Scene::State::CrossStraight(const Link &link, std::vector<Crossing> &crossings) const {
-    const std::vector<QPointF> way = WayPieces(link);
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const QLineF segment(way[i - 1], way[i]);
-        // A bend has no room for a jump.
-        for (const auto &other : JumpedOver(link, QRectF(segment.p1(), segment.p2())))
-            Cross({segment, false}, other, [&](double share) {
-                crossings.push_back({int(i) - 1, share * segment.length(), segment.pointAt(share)});
-            });
-    }
-}
-
-void Scene::State::CrossCurve(const Link &link, std::vector<Crossing> &crossings) const {
-    const std::vector<QPointF> way = WayPieces(link);
-    for (const auto &other : JumpedOver(link, QPolygonF(QList(way.begin(), way.end())).boundingRect())) {
-        double passed = 0;
-        for (std::size_t i = 1; i < way.size(); ++i) {
-            const QLineF piece(way[i - 1], way[i]);
-            Cross({piece, i > 1}, other, [&](double share) {
-                crossings.push_back({0, passed + share * piece.length(), piece.pointAt(share)});
-            });
-            passed += piece.length();
-        }
-    }
+QRectF Scene::LabelPlace(const Link &link, const QSizeF &size) {
+    state_->Update(surface_);
+    return state_->labels.PlaceFor(link, size, state_->Around());
 }
 
 std::vector<Crossing> Scene::Crossings(const Link &link) {
-    std::vector<Crossing> crossings;
-    if (link.JumpStyle() == 0 || link.Hidden()) return crossings;
+    if (link.JumpStyle() == 0 || link.Hidden()) return {};
     state_->Update(surface_);
-    if (IsCurved(link))
-        state_->CrossCurve(link, crossings);
-    else
-        state_->CrossStraight(link, crossings);
-    std::ranges::sort(crossings, [](const Crossing &a, const Crossing &b) {
-        return std::pair(a.segment, a.along) < std::pair(b.segment, b.along);
-    });
-    return crossings;
+    return CrossingsOf(link, state_->Around());
 }
 
 Scene::Damage Scene::TakeDamage() {

@@ -35,6 +35,10 @@ public:
 
     Surface &Model() const { return surface_; }
 
+    // The style of links that are drawn; kAutomaticStyle for the best one of each.
+    int StyleToDraw() const { return styleToDraw_; }
+    void SetStyleToDraw(int style) { styleToDraw_ = style; }
+
     // Items that aren't hidden and whose bounds touch `area`, from the lowest to the highest. Appends to
     // `items`, which the caller clears: the buffer is meant to be used again.
     void ItemsIn(const QRectF &area, std::vector<Item *> &items);
@@ -46,8 +50,10 @@ public:
     QPainterPath NodeOutline(const Node &node);
     // The line of the link as it is painted, without jumps and arrow heads: straight segments, or curves.
     QPainterPath LinkPath(const Link &link);
-    // Where the label stands; empty without text.
+    // Where the label stands, on the line or beside it; empty without text.
     QRectF LabelBounds(const Link &link);
+    // Where one of that size would.
+    QRectF LabelPlace(const Link &link, const QSizeF &size);
     // Jumps of `link` in order along its way; empty for jump style 0.
     std::vector<Crossing> Crossings(const Link &link);
 
@@ -71,6 +77,7 @@ private:
     struct State; // holds the R-tree
     Surface &surface_;
     std::unique_ptr<State> state_;
+    int styleToDraw_ = 0;
 };
 
 } // namespace diagram

@@ -19,7 +19,7 @@ std::span<const LinkStyleRow> LinkStyleTable(); // the position in it is the val
 const LinkStyleRow *FindLinkStyle(int value);
 
 // Number of points, ends included, that the router gives a link of that style: directions + 1, 4 for Bezier,
-// 2 for the others (a spline bends where the user bends it).
+// 2 for the others with nothing in their way (a spline bends where the user bends it).
 int RoutedPointCount(int style);
 
 } // namespace diagram

@@ -1,6 +1,8 @@
 // What stands in the way of a link.
 #pragma once
 
+#include "diagram/geometry/Crossing.h"
+
 #include <algorithm>
 #include <QRectF>
 #include <vector>
@@ -22,10 +24,12 @@ inline bool Overlap(const QRectF &a, const QRectF &b) {
 // A way that comes this near to a box is taken for one that runs through it; twips.
 constexpr double kNearness = 60;
 
-// Whether the level or upright piece between two points comes within `nearness` twips of the inside of the
-// box. A box without an inside is never met.
+// Whether the piece between two points comes within `nearness` twips of the inside of the box. A box without
+// an inside is never met.
 inline bool Meets(const QRectF &box, const QPointF &from, const QPointF &to, double nearness = 0) {
     if (!(box.width() > 0 && box.height() > 0)) return false;
+    if (from.x() != to.x() && from.y() != to.y())
+        return RunsThrough(box.adjusted(-nearness, -nearness, nearness, nearness), from, to);
     return std::max(from.x(), to.x()) > box.left() - nearness &&
            std::min(from.x(), to.x()) < box.right() + nearness &&
            std::max(from.y(), to.y()) > box.top() - nearness &&

@@ -4,6 +4,7 @@
 #include "diagram/shapes/RouterClip.h"
 #include "diagram/shapes/RouterLoops.h"
 #include "diagram/shapes/RouterOrthogonal.h"
+#include "diagram/shapes/RouterPolyline.h"
 
 #include <algorithm>
 #include <cmath>
@@ -42,6 +43,11 @@ std::vector<Point> RouteStraight(const RouteRequest &request) {
     const QPointF beside = left * (FittingAside(request) / length);
     return {ToPoint(ClipBeside(request.source, from + beside, to + beside)),
             ToPoint(ClipBeside(request.destination, to + beside, from + beside))};
+}
+
+std::vector<Point> RoutePolyline(const RouteRequest &request) {
+    if (HasKeptBends(request) || request.sameNode) return RouteStraight(request);
+    return RoundObstacles(request, RouteStraight(request));
 }
 
 // Leaves and arrives level when the boxes lie more beside than above each other, upright otherwise.
@@ -91,6 +97,7 @@ std::vector<Point> Route(const RouteRequest &request) {
     if (!row) return RouteStraight(request);
     if (row->form == LinkForm::Bezier) return RouteBezier(request);
     if (row->form == LinkForm::Orthogonal) return RouteOrthogonal(request, DirectionsOf(request, *row));
+    if (row->form == LinkForm::Polyline) return RoutePolyline(request);
     return RouteStraight(request);
 }
 

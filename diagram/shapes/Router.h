@@ -36,8 +36,9 @@ struct RouteRequest {
 
 // A way of at least two points; the first lies on the outline of the source, the last on that of the
 // destination. Orthogonal styles give exactly the directions of their row, each segment horizontal or
-// vertical to the bit, and keep clear of obstacles as far as their directions let them. Loops of styles with
-// one bend have three, as one alone would stay inside of the box.
+// vertical to the bit, and keep clear of obstacles as far as their directions let them; polylines bend round
+// those that they would run through. Loops of styles with one bend have three, as one alone would stay inside
+// of the box.
 std::vector<Point> Route(const RouteRequest &request);
 
 // The way `points` with the point at `position` moved. Of an orthogonal style the two segments there move

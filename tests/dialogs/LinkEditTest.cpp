@@ -1,7 +1,9 @@
 #include "dialogs/LinkEdit.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Surface.h"
+#include "diagram/shapes/LinkStyles.h"
 #include "tests/document/MapTest.h"
 
 #include <gtest/gtest.h>
@@ -109,6 +111,22 @@ TEST_F(LinkEditTest, AllFieldsAtOnceReachEveryLink) {
         EXPECT_EQ(own.style, 6);
         EXPECT_EQ(own.arrowDest, 12);
     }
+}
+
+TEST_F(LinkEditTest, AutomaticRoutingGivesEachLinkItsBestStyleAndCanBePutBack) {
+    const QStringList before = Lines();
+    const FormerLinks former = RememberLinks(links);
+    LinkData values = links[0]->Data();
+    values.style = diagram::kAutomaticStyle;
+    ApplyTo(links, values);
+    for (const Link *link : links) {
+        const diagram::LinkStyleRow *row = diagram::FindLinkStyle(link->Style());
+        ASSERT_TRUE(row) << link->Style();
+        EXPECT_EQ(row->form, diagram::LinkForm::Orthogonal);
+        EXPECT_EQ(link->Style(), diagram::StyleFor(*link, diagram::kAutomaticStyle));
+    }
+    PutBackLinks(*window, former);
+    document::testing::ExpectSameLines(Lines(), before);
 }
 
 TEST_F(LinkEditTest, IsNoStepOfUndoAndMakesTheMapDirty) {

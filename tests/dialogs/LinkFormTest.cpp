@@ -109,7 +109,9 @@ TEST_F(LinkForm, ShowsEveryValueOfTheLink) {
 TEST_F(LinkForm, TheListsHaveTheTablesEntries) {
     Open(*links[0]);
     EXPECT_EQ(Find("cboArrowOrigin").count(), 33);
-    EXPECT_EQ(Find("cboLinkStyle").count(), 15);
+    EXPECT_EQ(Find("cboLinkStyle").count(), 16);
+    EXPECT_EQ(Find("cboLinkStyle").itemText(14), QStringLiteral("Spline"));
+    EXPECT_EQ(Find("cboLinkStyle").itemText(15), QStringLiteral("Automatic orthogonal"));
     EXPECT_EQ(Find("cboDrawWidth").count(), 9);
     const auto entries = [this](const char *list) {
         QStringList texts;

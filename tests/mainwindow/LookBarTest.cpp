@@ -141,7 +141,8 @@ TEST_F(LookBars, LinksTakeRoutingHeadsAndJumps) {
     QTest::mouseClick(&Button("lookRouting"), Qt::LeftButton);
     const QStringList routings = AllOffered();
     ClosePopup();
-    ASSERT_EQ(routings.size(), 15);
+    ASSERT_EQ(routings.size(), 16);
+    EXPECT_EQ(routings[15], QStringLiteral("Automatic orthogonal"));
     Choose("lookRouting", routings[5]);
     EXPECT_EQ(link.Style(), 5);
     QTest::mouseClick(&Button("lookArrowStart"), Qt::LeftButton);

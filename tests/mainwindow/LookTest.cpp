@@ -2,6 +2,7 @@
 #include "mainwindow/Look.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Surface.h"
 #include "support/Error.h"
 #include "support/testing/ScriptedDesktop.h"
@@ -123,6 +124,27 @@ TEST_F(Looks, AValueOutOfRangeChangesNothing) {
     Select(true, false);
     EXPECT_THROW(GiveLook(surface, LookRowOf(LookOf::Shadow), 99), support::Error);
     EXPECT_EQ(a.Shadow(), 0);
+    EXPECT_FALSE(surface.CanUndo());
+}
+
+TEST_F(Looks, AutomaticRoutingGivesEachLinkItsBestStyleInOneStep) {
+    c.SetBounds(6000, 4000, 1000, 600);
+    ab.SetSelected(true);
+    bc.SetSelected(true);
+    const LookRow &routing = LookRowOf(LookOf::Routing);
+    EXPECT_TRUE(GiveLook(surface, routing, diagram::kAutomaticStyle));
+    EXPECT_EQ(ab.Style(), 5);                                      // straight on
+    EXPECT_TRUE(bc.Style() == 2 || bc.Style() == 3) << bc.Style(); // one bend
+    EXPECT_FALSE(GiveLook(surface, routing, diagram::kAutomaticStyle)) << "they have theirs";
+    surface.Undo();
+    EXPECT_EQ(ab.Style(), 0);
+    EXPECT_EQ(bc.Style(), 0);
+    EXPECT_FALSE(surface.CanUndo());
+}
+
+TEST_F(Looks, AutomaticRoutingFitsLinksOnly) {
+    Select(true, false);
+    EXPECT_FALSE(GiveLook(surface, LookRowOf(LookOf::Routing), diagram::kAutomaticStyle));
     EXPECT_FALSE(surface.CanUndo());
 }
 

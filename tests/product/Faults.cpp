@@ -4,6 +4,7 @@
 #include "diagram/render/NodeContent.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Bounds.h"
+#include "diagram/scene/Scene.h"
 
 #include <cmath>
 
@@ -103,12 +104,15 @@ private:
             return;
         }
         if (BoxOf(node).contains(BoxOf(link.Destination()))) return;
-        if (diagram::LabelBox(link, &renderer_.Measure()).intersects(box)) tell("the text");
+        if (!link.Text().isEmpty() &&
+            scene_.LabelPlace(link, diagram::LabelSize(link, &renderer_.Measure())).intersects(box))
+            tell("the text");
         if (&link.Source() != &node && Crosses(diagram::WayPieces(link), box)) tell("the link");
     }
 
     diagram::Surface &surface_;
     diagram::Renderer renderer_;
+    diagram::Scene scene_{surface_};
     std::vector<Node *> nodes_; // in sight, from the lowest to the highest
     QStringList faults_;
 };

@@ -1,5 +1,7 @@
 #include "widgets/PropertyLists.h"
 
+#include "diagram/model/AutomaticStyle.h"
+
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QComboBox>
@@ -31,6 +33,7 @@ constexpr ListCase kCases[] = {
     {ListOf::Arrows, 33, 32, nullptr, 32, true},
     {ListOf::ArrowSizes, 3, 2, "Big", 2, true},
     {ListOf::LinkStyles, 15, 14, nullptr, 14, true},
+    {ListOf::Routings, 16, 15, "Automatic orthogonal", diagram::kAutomaticStyle, true},
     {ListOf::JumpStyles, 3, 0, nullptr, 0, true},
 };
 
@@ -105,8 +108,9 @@ TEST(PropertyPictures, AreThoseOfTheEntries) {
     };
     for (const Distinct &row :
          {Distinct{ListOf::Shapes, 39}, Distinct{ListOf::Arrows, 33}, Distinct{ListOf::LinkStyles, 15},
-          Distinct{ListOf::DrawStyles, 6}, Distinct{ListOf::Shadows, 5}, Distinct{ListOf::Orientations, 4},
-          Distinct{ListOf::ArrowSizes, 3}, Distinct{ListOf::JumpStyles, 3}}) {
+          Distinct{ListOf::Routings, 16}, Distinct{ListOf::DrawStyles, 6}, Distinct{ListOf::Shadows, 5},
+          Distinct{ListOf::Orientations, 4}, Distinct{ListOf::ArrowSizes, 3},
+          Distinct{ListOf::JumpStyles, 3}}) {
         QComboBox list;
         FillList(list, row.what);
         std::set<QByteArray> pictures;

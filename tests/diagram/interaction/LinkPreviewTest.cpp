@@ -5,6 +5,7 @@
 #include "diagram/interaction/MoveLinkEnd.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/model/AutomaticStyle.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Obstacles.h"
@@ -146,6 +147,30 @@ TEST_F(LinkPreview, OfANewLink_IsTheWayThatItGets) {
             EXPECT_EQ(&surface.Links().back()->Source(), side == LinkSide::Source ? &Nth(to) : &Nth(4));
         }
     }
+}
+
+TEST_F(LinkPreview, OfANewLinkInTheBestStyle_IsTheWayThatItGets) {
+    AddNodes(11);
+    scene.SetStyleToDraw(kAutomaticStyle);
+    for (const int to : {21, 9, 16}) {
+        LinkByKeys gesture(scene, stage, LooseEnd(Nth(4), LinkSide::Destination), Nth(to));
+        const QPainterPath shown = LineOf(gesture);
+        gesture.Commit({});
+        const Link &link = *surface.Links().back();
+        EXPECT_EQ(shown, scene.LinkPath(link)) << to;
+        EXPECT_EQ(FindLinkStyle(link.Style())->form, LinkForm::Orthogonal);
+        EXPECT_EQ(link.Style(), StyleFor(link, kAutomaticStyle));
+    }
+}
+
+TEST_F(LinkPreview, ALinkThatIsThereKeepsItsStyle) {
+    AddNodes(11);
+    scene.SetStyleToDraw(kAutomaticStyle);
+    Link &link = Nth(4).Links().Add(Nth(21));
+    LinkByKeys gesture(scene, stage, LooseEnd(link, LinkSide::Destination), Nth(9));
+    gesture.Commit({});
+    EXPECT_EQ(&link.Destination(), &Nth(9));
+    EXPECT_EQ(link.Style(), 0);
 }
 
 TEST_F(LinkPreview, GoesRoundWhatLiesInBetween) {

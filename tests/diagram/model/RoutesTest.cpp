@@ -12,7 +12,7 @@ using namespace diagram::testing;
 
 namespace {
 
-constexpr int kVHV = 4, kHVH = 5, kHVHVH = 9;
+constexpr int kPolyline = 0, kVHV = 4, kHVH = 5, kHVHVH = 9;
 
 int NodesOnWay(const Link &link) {
     int count = 0;
@@ -85,14 +85,8 @@ struct Pair {
     Node &AddBlock(float top = 2500) { return surface.Nodes().Add(4500, top, 1000, 1500); }
 };
 
-} // namespace
-
 // Rows and columns of nodes with gaps in which a way with four segments or more always exists.
-class GeneratedMap : public ::testing::TestWithParam<unsigned> {};
-
-TEST_P(GeneratedMap, NoLinkRunsThroughANode) {
-    Dice dice(GetParam());
-    Surface surface;
+void FillWithGaps(Surface &surface, Dice &dice) {
     const int columns = dice.Roll(3, 9), rows = dice.Roll(3, 9);
     const float gap = dice.Real(150, 1200), side = dice.Real(400, 2000);
     for (int i = 0; i < columns * rows; ++i) {
@@ -101,6 +95,16 @@ TEST_P(GeneratedMap, NoLinkRunsThroughANode) {
         surface.Nodes().Add(float(i % columns) * (side + gap) + dice.Real(0, side - width),
                             float(i / columns) * (side + gap) + dice.Real(0, side - height), width, height);
     }
+}
+
+} // namespace
+
+class GeneratedMap : public ::testing::TestWithParam<unsigned> {};
+
+TEST_P(GeneratedMap, NoLinkRunsThroughANode) {
+    Dice dice(GetParam());
+    Surface surface;
+    FillWithGaps(surface, dice);
     for (int i = 0; i < 40; ++i) {
         Node &from = AnyNode(surface, dice), &to = AnyNode(surface, dice);
         if (&from == &to) continue;
@@ -112,6 +116,17 @@ TEST_P(GeneratedMap, NoLinkRunsThroughANode) {
     for (const auto &link : surface.Links()) ASSERT_EQ(NodesOnWay(*link), 0) << Text(*link);
 }
 
+TEST_P(GeneratedMap, NoPolylineRunsThroughANode) {
+    Dice dice(GetParam());
+    Surface surface;
+    FillWithGaps(surface, dice);
+    for (int i = 0; i < 40; ++i) {
+        Node &from = AnyNode(surface, dice), &to = AnyNode(surface, dice);
+        if (&from != &to) from.Links().Add(to).SetStyle(kPolyline);
+    }
+    for (const auto &link : surface.Links()) ASSERT_EQ(NodesOnWay(*link), 0) << Text(*link);
+}
+
 INSTANTIATE_TEST_SUITE_P(Seeds, GeneratedMap, ::testing::Range(1U, 201U));
 
 TEST(Routes, GoRoundANodeInTheWay) {
@@ -119,6 +134,93 @@ TEST(Routes, GoRoundANodeInTheWay) {
     pair.AddBlock();
     EXPECT_EQ(NodesOnWay(pair.link), 0) << Text(pair.link);
     EXPECT_TRUE(KeepsDirections(pair.link));
+}
+
+TEST(Routes, APolylineWithNothingInItsWayIsStraight) {
+    Pair pair(kPolyline);
+    pair.AddBlock(3700);
+    EXPECT_EQ(pair.link.Way(), (std::vector<Point>{{2000, 3300}, {8000, 3300}}));
+}
+
+TEST(Routes, APolylineGoesRoundANodeInItsWayWithOneBend) {
+    Pair pair(kPolyline);
+    pair.AddBlock();
+    EXPECT_EQ(NodesOnWay(pair.link), 0) << Text(pair.link);
+    EXPECT_EQ(pair.link.Way().size(), 3U) << Text(pair.link);
+    EXPECT_FALSE(pair.link.OwnBends());
+}
+
+TEST(Routes, APolylineTakesTwoBendsRatherThanALongWay) {
+    Pair pair(kPolyline);
+    pair.surface.Nodes().Add(2300, 2000, 5400, 2600);
+    EXPECT_EQ(NodesOnWay(pair.link), 0) << Text(pair.link);
+    EXPECT_EQ(pair.link.Way().size(), 4U) << Text(pair.link);
+}
+
+TEST(Routes, PolylinesSideBySideGoRoundANodeOneOutsideOfTheOther) {
+    Pair pair(kPolyline);
+    Link &other = pair.b.Links().Add(pair.a);
+    pair.AddBlock();
+    ASSERT_EQ(NodesOnWay(pair.link) + NodesOnWay(other), 0);
+    ASSERT_EQ(pair.link.Way().size(), 3U);
+    ASSERT_EQ(other.Way().size(), 3U);
+    EXPECT_GT(std::abs(pair.link.Way()[1].y - other.Way()[1].y), 100);
+}
+
+TEST(Routes, APolylineThatIsBlockedEverywhereRunsThrough) {
+    Pair pair(kPolyline);
+    for (float x : {3000.0F, 3600.0F}) pair.surface.Nodes().Add(x, -900000, 800, 1800000);
+    pair.surface.Nodes().Add(-900000, -900000, 1700000, 800000);
+    pair.surface.Nodes().Add(-900000, 800000, 1700000, 100000);
+    EXPECT_GE(pair.link.Way().size(), 2U);
+}
+
+// What a map of former times holds stays, straight through or not, until the link has a reason to be routed.
+TEST(Routes, ALoadedPolylineStaysUntilANodeComesOntoIt) {
+    Pair pair(kPolyline);
+    const auto straight = pair.link.Way();
+    Surface loaded;
+    loaded.SetLoading(true);
+    for (const Node &node : pair.surface.Nodes()) loaded.Restore(node.Id(), node.Data());
+    Node &block = loaded.Nodes().Add(4500, 2500, 1000, 1500), &far = loaded.Nodes().Add(4500, 9000, 500, 500);
+    Link &link = loaded.FindNode(pair.a.Id())->Links().Add(*loaded.FindNode(pair.b.Id()));
+    link.SetAddPointsMode(true);
+    link.Points().Assign(straight);
+    link.SetAddPointsMode(false);
+    loaded.SetLoading(false);
+    EXPECT_EQ(link.Way(), straight);
+    far.SetTop(9500);
+    EXPECT_EQ(link.Way(), straight);
+    EXPECT_FALSE(link.OwnBends());
+    block.SetTop(2600);
+    EXPECT_EQ(NodesOnWay(link), 0) << Text(link);
+}
+
+TEST(Routes, BendsOfAPolylineAreTheRoutersWhereItWouldChooseThem) {
+    Pair pair(kPolyline);
+    pair.AddBlock();
+    const auto round = pair.link.Way();
+    const auto isOwn = [&pair](const std::vector<Point> &points) {
+        Link &link = pair.a.Links().Add(pair.b);
+        pair.surface.Remove(*pair.surface.Links()[0]);
+        link.SetAddPointsMode(true);
+        link.Points().Assign(points);
+        link.SetAddPointsMode(false);
+        return link.OwnBends();
+    };
+    EXPECT_FALSE(isOwn(round));
+    auto other = round;
+    other[1].y += 300;
+    EXPECT_TRUE(isOwn(other));
+}
+
+TEST(Routes, BendsOfTheUserOnAPolylineDontGiveWay) {
+    Pair pair(kPolyline);
+    pair.link.Points().Insert(1, {5000, 3400});
+    const auto way = pair.link.Way();
+    pair.AddBlock();
+    EXPECT_EQ(pair.link.Way(), way);
+    EXPECT_TRUE(pair.link.OwnBends());
 }
 
 TEST(Routes, HiddenNodesAndThoseThatHoldAnEndAreNoObstacles) {

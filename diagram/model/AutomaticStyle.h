@@ -1,0 +1,21 @@
+// The style of a link that somebody leaves to the program.
+#pragma once
+
+namespace diagram {
+
+class Link;
+class Surface;
+struct LinkDraft;
+
+// Stands for the best orthogonal style in lists and settings, never in a link.
+constexpr int kAutomaticStyle = 255;
+
+// The orthogonal style with which the link would run through, or close by, the fewest nodes; of those the one
+// with the fewest bends, then the shortest. The draft's own where it is as good as any. What the user bent
+// counts for nothing.
+int BestOrthogonalStyle(Surface &surface, const LinkDraft &draft);
+
+// The style itself, or the best one for the link in the place of kAutomaticStyle.
+int StyleFor(const Link &link, int style);
+
+} // namespace diagram

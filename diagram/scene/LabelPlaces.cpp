@@ -1,0 +1,242 @@
+#include "diagram/scene/LabelPlaces.h"
+
+#include "diagram/geometry/Crossing.h"
+#include "diagram/model/AnyItem.h"
+#include "diagram/model/Surface.h"
+#include "diagram/scene/Bounds.h"
+#include "diagram/shapes/Arrows.h"
+#include "diagram/shapes/LabelPlace.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace diagram {
+
+namespace {
+
+constexpr double kAround = 60; // twips around a label in which something may be too near
+
+QRectF Grown(const QRectF &rect, double by) { return rect.adjusted(-by, -by, by, by); }
+
+QRectF BoxAt(const QPointF &middle, const QSizeF &size) {
+    return {middle - QPointF(size.width(), size.height()) / 2, size};
+}
+
+double HeadOn(int arrow, int size, double drawWidth) {
+    const ArrowRow *row = arrow ? FindArrow(arrow) : nullptr;
+    return row ? ArrowScale(size, drawWidth) * std::max(1.0, row->eats) : 0;
+}
+
+LabelRequest RequestFor(const Link &link, const std::vector<QPointF> &way, const QSizeF &size) {
+    const LinkData &data = link.Data();
+    return {.way = way,
+            .curved = IsCurved(link),
+            .size = size,
+            .sourceHead = HeadOn(data.arrowSource, data.arrowSizeSource, data.drawWidth),
+            .middleHead = HeadOn(data.arrowMiddle, data.arrowSizeMiddle, data.drawWidth),
+            .destinationHead = HeadOn(data.arrowDest, data.arrowSizeDest, data.drawWidth)};
+}
+
+bool IsTouched(const std::vector<QRectF> &areas, const QPointF &from, const QPointF &to) {
+    return std::ranges::any_of(areas, [&](const QRectF &area) { return RunsThrough(area, from, to); });
+}
+
+// What lies in some areas, as far as it speaks against a label there. Each thing once.
+class Neighbourhood {
+public:
+    Neighbourhood(const Link &link, const std::vector<QRectF> &areas, const ItemsAround &around)
+        : link_(link), areas_(areas) {
+        std::vector<const Item *> items;
+        for (const QRectF &area : areas)
+            around(BoxAround(area), [&](const Item &item) { items.push_back(&item); });
+        std::ranges::sort(items, {}, &Item::Id);
+        items.erase(std::unique(items.begin(), items.end()), items.end());
+        for (const Item *item : items) Add(*item);
+    }
+
+    void AddLabels(const BoxIndex &labels) {
+        std::vector<BoxIndex::Entry> found;
+        for (const QRectF &area : areas_) labels.Find(area, found);
+        std::ranges::sort(found, {}, &BoxIndex::Entry::second);
+        found.erase(std::unique(found.begin(), found.end()), found.end());
+        for (const auto &[box, id] : found) {
+            const Link *other = link_.Owner().FindLink(id);
+            if (other && LiesBelow(other, &link_)) boxes_.push_back(box.Rect());
+        }
+    }
+
+    const std::vector<QRectF> &Boxes() const { return boxes_; }
+    const std::vector<QLineF> &Lines() const { return lines_; }
+
+private:
+    void Add(const Item &item) {
+        if (const Node *node = item.AsNode()) return AddNode(*node);
+        if (&item != &link_) AddWay(*item.AsLink());
+    }
+
+    // A frame around an end is the label's ground.
+    void AddNode(const Node &node) {
+        const QRectF box = node.ShownBounds();
+        const auto holds = [&](const Node &end) { return &end != &node && box.contains(end.ShownBounds()); };
+        if (!holds(link_.Source()) && !holds(link_.Destination())) boxes_.push_back(box);
+    }
+
+    void AddWay(const Link &other) {
+        if (IsCurved(other)) return AddPieces(WayPieces(other));
+        AddPieces(other.Way());
+    }
+
+    template <typename Points>
+    void AddPieces(const Points &points) {
+        for (std::size_t i = 1; i < points.size(); ++i) {
+            const QPointF from = At(points[i - 1]), to = At(points[i]);
+            if (IsTouched(areas_, from, to)) lines_.emplace_back(from, to);
+        }
+    }
+
+    static QPointF At(const QPointF &point) { return point; }
+    static QPointF At(const Point &point) { return ToQPointF(point); }
+
+    const Link &link_;
+    const std::vector<QRectF> &areas_;
+    std::vector<QRectF> boxes_;
+    std::vector<QLineF> lines_;
+};
+
+// Everything that the label may cover, close to each piece of a way with bends.
+std::vector<QRectF> ReachesOf(const LabelRequest &request) {
+    if (request.curved) return {ReachOfLabel(request)};
+    std::vector<QRectF> areas;
+    LabelRequest piece = request;
+    for (std::size_t i = 1; i < request.way.size(); ++i) {
+        piece.way = request.way.subspan(i - 1, 2);
+        areas.push_back(ReachOfLabel(piece));
+    }
+    return areas;
+}
+
+} // namespace
+
+void LabelPlaces::Clear() {
+    placed_.clear();
+    reaches_.Clear();
+    boxes_.Clear();
+    pending_.clear();
+}
+
+LabelPlaces::Rank LabelPlaces::RankOf(const Link &link) { return {link.Stack(), link.Id()}; }
+
+void LabelPlaces::LinkChanged(const Link &link) {
+    if (!link.Text().isEmpty() || placed_.contains(link.Id())) pending_.insert(link.Id());
+}
+
+void LabelPlaces::LinkRemoved(ItemId id) {
+    if (placed_.contains(id)) pending_.insert(id);
+}
+
+void LabelPlaces::Disturb(const FloatBox &box) {
+    if (placed_.empty()) return;
+    reaches_.Visit(box, [this](const BoxIndex::Entry &entry) { pending_.insert(entry.second); });
+}
+
+QRectF LabelPlaces::At(ItemId id) const {
+    const auto found = placed_.find(id);
+    return found == placed_.end() ? QRectF() : found->second.box;
+}
+
+void LabelPlaces::Forget(ItemId id) {
+    const auto found = placed_.find(id);
+    if (found == placed_.end()) return;
+    const Placed placed = found->second;
+    if (placed.isIndexed) reaches_.Remove(placed.reach, id), boxes_.Remove(BoxAround(placed.box), id);
+    placed_.erase(found);
+    Disturb(BoxAround(placed.box));
+}
+
+LabelPlaces::Found LabelPlaces::FindPlace(const Link &link, const QSizeF &size,
+                                          const ItemsAround &around) const {
+    const std::vector<QPointF> way = WayPieces(link);
+    LabelRequest request = RequestFor(link, way, size);
+    const auto look = [&](const std::vector<QRectF> &areas, auto find) {
+        Neighbourhood near(link, areas, around);
+        near.AddLabels(boxes_);
+        request.boxes = near.Boxes(), request.lines = near.Lines();
+        return find(request);
+    };
+    const QRectF usual = BoxAt(MiddleOfWay(way), size), ground = Grown(usual, kAround);
+    if (look({ground}, IsFreeInTheMiddle)) return {usual, ground};
+    return {BoxAt(look(ReachesOf(request), PlaceLabel), size), ReachOfLabel(request)};
+}
+
+QRectF LabelPlaces::PlaceFor(const Link &link, const QSizeF &size, const ItemsAround &around) const {
+    return FindPlace(link, size, around).box;
+}
+
+void LabelPlaces::Index(ItemId id, Placed &placed, const Found &found) {
+    const FloatBox reach = BoxAround(found.reach);
+    const bool isNew = !std::exchange(placed.isIndexed, true);
+    if (isNew || placed.reach != reach) {
+        if (!isNew) reaches_.Remove(placed.reach, id);
+        reaches_.Insert(placed.reach = reach, id);
+    }
+    if (isNew || placed.box != found.box) {
+        if (!isNew) boxes_.Remove(BoxAround(placed.box), id);
+        boxes_.Insert(BoxAround(placed.box = found.box), id);
+    }
+}
+
+void LabelPlaces::QueueAbove(const Link &link, const QRectF &box, std::set<Rank> &queue) const {
+    reaches_.Visit(BoxAround(box), [&](const BoxIndex::Entry &entry) {
+        const Link *other = link.Owner().FindLink(entry.second);
+        if (other && LiesBelow(&link, other)) queue.insert(RankOf(*other));
+    });
+}
+
+bool LabelPlaces::Place(const Link &link, const ItemsAround &around, std::set<Rank> &queue) {
+    const Found found = FindPlace(link, LabelSize(link, link.Owner().Measure()), around);
+    Placed &placed = placed_[link.Id()];
+    placed.rank = RankOf(link);
+    const QRectF before = placed.box;
+    const bool stood = placed.isIndexed;
+    Index(link.Id(), placed, found);
+    if (stood && found.box == before) return false;
+    if (stood) QueueAbove(link, before, queue);
+    QueueAbove(link, found.box, queue);
+    return true;
+}
+
+// Those whose rank has changed give others back their places, or take them.
+std::set<LabelPlaces::Rank> LabelPlaces::TakePending(const Surface &surface) {
+    for (bool again = true; again;) {
+        again = false;
+        for (const ItemId id : std::set<ItemId>(pending_)) {
+            const Link *link = surface.FindLink(id);
+            const auto found = placed_.find(id);
+            if (link && !link->Hidden() && !link->Text().isEmpty()) {
+                if (found == placed_.end() || found->second.rank == RankOf(*link)) continue;
+                found->second.rank = RankOf(*link);
+                Disturb(BoxAround(found->second.box));
+            } else {
+                pending_.erase(id);
+                Forget(id);
+            }
+            again = true;
+        }
+    }
+    std::set<Rank> queue;
+    for (const ItemId id : pending_) queue.insert(RankOf(*surface.FindLink(id)));
+    pending_.clear();
+    return queue;
+}
+
+void LabelPlaces::Update(const Surface &surface, const ItemsAround &around,
+                         const std::function<void(Link &)> &moved) {
+    std::set<Rank> queue = TakePending(surface);
+    while (!queue.empty()) {
+        Link &link = *surface.FindLink(queue.begin()->second);
+        queue.erase(queue.begin());
+        if (Place(link, around, queue)) moved(link);
+    }
+}
+
+} // namespace diagram

@@ -1,0 +1,60 @@
+// Where the labels of a surface's links stand. Each finds its place among the nodes, the ways, and the labels
+// that lie lower in the stacking, so that the same surface gives the same places whatever came before.
+#pragma once
+
+#include "diagram/scene/ItemsAround.h"
+
+#include <set>
+#include <unordered_map>
+
+namespace diagram {
+
+class Link;
+class Surface;
+
+class LabelPlaces {
+public:
+    void Clear();
+    // Text, font or way may have changed, the link may be hidden or restacked: its label is looked at anew.
+    void LinkChanged(const Link &link);
+    void LinkRemoved(ItemId id);
+    // What stands, or stood, in that box has changed: labels that reach it are looked at anew.
+    void Disturb(const FloatBox &box);
+
+    bool IsUpToDate() const { return pending_.empty(); }
+    // Places what must be looked at; tells the links whose labels stand elsewhere now.
+    void Update(const Surface &surface, const ItemsAround &around, const std::function<void(Link &)> &moved);
+    // Empty without one.
+    QRectF At(ItemId id) const;
+    // Where a label of that size would stand.
+    QRectF PlaceFor(const Link &link, const QSizeF &size, const ItemsAround &around) const;
+
+private:
+    using Rank = std::pair<StackKey, ItemId>;
+    struct Found {
+        QRectF box;
+        QRectF
+            reach; // nothing outside matters to it: a label in the middle of its way stays while it is free
+    };
+    struct Placed {
+        FloatBox reach;
+        QRectF box;
+        Rank rank;              // when it was placed last
+        bool isIndexed = false; // reach and box are in the indices
+    };
+
+    static Rank RankOf(const Link &link);
+    std::set<Rank> TakePending(const Surface &surface);
+    void Forget(ItemId id);
+    // Whether it stands elsewhere now.
+    bool Place(const Link &link, const ItemsAround &around, std::set<Rank> &queue);
+    void Index(ItemId id, Placed &placed, const Found &found);
+    void QueueAbove(const Link &link, const QRectF &box, std::set<Rank> &queue) const;
+    Found FindPlace(const Link &link, const QSizeF &size, const ItemsAround &around) const;
+
+    std::unordered_map<ItemId, Placed> placed_;
+    BoxIndex reaches_, boxes_;
+    std::set<ItemId> pending_;
+};
+
+} // namespace diagram

@@ -1,0 +1,117 @@
+#include "diagram/model/AutomaticStyle.h"
+
+#include "diagram/model/LinkDraft.h"
+#include "diagram/shapes/LinkStyles.h"
+#include "diagram/shapes/Obstacles.h"
+#include "tests/diagram/model/RandomSurface.h"
+
+#include <gtest/gtest.h>
+
+using namespace diagram;
+using namespace diagram::testing;
+
+namespace {
+
+constexpr int kVH = 2, kHV = 3, kVHV = 4, kHVH = 5;
+
+struct TwoNodes {
+    Surface surface;
+    Node &a;
+    Node &b;
+    TwoNodes(float x, float y)
+        : a(surface.Nodes().Add(1000, 5000, 1000, 600)), b(surface.Nodes().Add(x, y, 1000, 600)) {}
+    int Best() { return StyleFor(a.Links().Add(b), kAutomaticStyle); }
+};
+
+int NodesOnWay(const Link &link) {
+    int count = 0;
+    const std::vector<Point> &way = link.Way();
+    for (const Node &node : link.Owner().Nodes()) {
+        if (&node == &link.Source() || &node == &link.Destination()) continue;
+        bool meets = false;
+        for (std::size_t i = 1; i < way.size(); ++i)
+            meets = meets || Meets(node.Bounds(), ToQPointF(way[i - 1]), ToQPointF(way[i]));
+        count += meets;
+    }
+    return count;
+}
+
+} // namespace
+
+TEST(AutomaticStyle, OfNodesInARowOrAColumnIsStraight) {
+    EXPECT_EQ(TwoNodes(6000, 5000).Best(), kHVH);
+    EXPECT_EQ(TwoNodes(1000, 9000).Best(), kVHV);
+}
+
+TEST(AutomaticStyle, OfNodesAslantHasOneBend) {
+    const int style = TwoNodes(6000, 9000).Best();
+    EXPECT_TRUE(style == kVH || style == kHV) << style;
+}
+
+TEST(AutomaticStyle, AvoidsANodeBeforeItSavesABend) {
+    TwoNodes nodes(6000, 9000);
+    nodes.surface.Nodes().Add(1100, 7000, 800, 800); // on the way of V H
+    EXPECT_EQ(nodes.Best(), kHV);
+    nodes.surface.Nodes().Add(6100, 6500, 800, 800); // and on that of H V
+    const int style = nodes.Best();
+    EXPECT_TRUE(style == kVHV || style == kHVH) << style;
+}
+
+TEST(AutomaticStyle, IsTheOwnOneWhereThatIsAsGoodAsAny) {
+    for (const int style : {kVH, kHV}) {
+        TwoNodes nodes(6000, 9000);
+        Link &link = nodes.a.Links().Add(nodes.b);
+        link.SetStyle(style);
+        EXPECT_EQ(StyleFor(link, kAutomaticStyle), style);
+    }
+}
+
+TEST(AutomaticStyle, AnyOtherStyleIsItself) {
+    TwoNodes nodes(6000, 9000);
+    Link &link = nodes.a.Links().Add(nodes.b);
+    for (const LinkStyleRow &row : LinkStyleTable()) EXPECT_EQ(StyleFor(link, row.value), row.value);
+}
+
+TEST(AutomaticStyle, ChangesNothingItself) {
+    TwoNodes nodes(6000, 9000);
+    Link &link = nodes.a.Links().Add(nodes.b);
+    link.Points().Insert(1, {3000, 3000});
+    link.Way();
+    const LinkData before = link.Data();
+    StyleFor(link, kAutomaticStyle);
+    EXPECT_EQ(link.Style(), before.style);
+    EXPECT_EQ(link.Way(), before.points);
+    EXPECT_TRUE(link.OwnBends());
+}
+
+TEST(AutomaticStyle, OfALinkFromANodeToItselfIsAnOrthogonalOne) {
+    Surface surface;
+    Node &node = surface.Nodes().Add(1000, 1000, 1000, 600);
+    Link &link = node.Links().Add(node);
+    const int style = StyleFor(link, kAutomaticStyle);
+    EXPECT_EQ(FindLinkStyle(style)->form, LinkForm::Orthogonal);
+}
+
+class AutomaticMap : public ::testing::TestWithParam<unsigned> {};
+
+TEST_P(AutomaticMap, NoLinkRunsThroughANode) {
+    Dice dice(GetParam());
+    Surface surface;
+    const int columns = dice.Roll(3, 7), rows = dice.Roll(3, 7);
+    const float gap = dice.Real(200, 1200), side = dice.Real(400, 2000);
+    for (int i = 0; i < columns * rows; ++i) {
+        if (dice.Roll(0, 5) == 0) continue;
+        const float width = side * dice.Real(0.4F, 1), height = side * dice.Real(0.4F, 1);
+        surface.Nodes().Add(float(i % columns) * (side + gap) + dice.Real(0, side - width),
+                            float(i / columns) * (side + gap) + dice.Real(0, side - height), width, height);
+    }
+    for (int i = 0; i < 20; ++i) {
+        Node &from = AnyNode(surface, dice), &to = AnyNode(surface, dice);
+        if (&from == &to) continue;
+        Link &link = from.Links().Add(to);
+        link.SetStyle(StyleFor(link, kAutomaticStyle));
+    }
+    for (const auto &link : surface.Links()) EXPECT_EQ(NodesOnWay(*link), 0) << link->Style();
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, AutomaticMap, ::testing::Range(1U, 101U));
