@@ -168,6 +168,7 @@ constexpr const char *kMenu[] = {
     "mnuView|keyDate|command|D&ate...",
     "mnuView|mnuViewTimelineLineUp|command|Line up by date",
     "mnuView|mnuViewTimelineKeep|check|Keep Nodes at their dates",
+    "mnuView|mnuViewTimelinePush|check|Push what follows",
     "mnuView|mnuViewLanes|menu|Lanes beside the timeline",
     "mnuViewLanes|mnuViewLanesNone|check|None",
     "mnuViewLanes|mnuViewLanesLevel|check|By level",
