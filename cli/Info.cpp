@@ -3,8 +3,7 @@
 #include "cli/Session.h"
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
-#include "timeline/AddTimelineLink.h"
-#include "timeline/DateText.h"
+#include "timeline/Span.h"
 
 #include <algorithm>
 #include <QJsonArray>
@@ -50,10 +49,10 @@ struct Dates {
 Dates DatesOf(const diagram::Surface &surface) {
     Dates dates;
     for (const diagram::Node &node : surface.Nodes()) {
-        const auto date = node.Selectable() ? timeline::ParseDate(timeline::DateOfNode(node)) : std::nullopt;
-        if (!date) continue;
-        dates.first = dates.count == 0 ? *date : std::min(dates.first, *date);
-        dates.last = dates.count == 0 ? *date : std::max(dates.last, *date);
+        const auto span = node.Selectable() ? timeline::SpanOfNode(node) : std::nullopt;
+        if (!span) continue;
+        dates.first = dates.count == 0 ? span->first : std::min(dates.first, span->first);
+        dates.last = dates.count == 0 ? span->End() : std::max(dates.last, span->End());
         ++dates.count;
     }
     return dates;

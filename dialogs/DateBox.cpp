@@ -33,7 +33,7 @@ DateBox::DateBox(const QString &name, timeline::DateView view, QWidget *parent)
     setObjectName(name);
     text_->setAccessibleName(tr("Date"));
     text_->setMinimumWidth(
-        text_->fontMetrics().horizontalAdvance(QStringLiteral("00 September 0000 00:00:00")));
+        text_->fontMetrics().horizontalAdvance(QStringLiteral("00 September 0000 - 00 September 0000")));
     open_->setArrowType(Qt::DownArrow);
     open_->setFocusPolicy(Qt::TabFocus);
     open_->setAccessibleName(tr("Choose in a calendar"));
@@ -65,18 +65,30 @@ void DateBox::SetDate(const QDate &date) {
     Q_EMIT Changed();
 }
 
-timeline::DateRead DateBox::Read() const {
-    return timeline::ReadDateAsWritten(WithoutTime(text_->text()), view_);
+// Two dates have no time of day: there is no room for it.
+void DateBox::SetSpan(const timeline::Span &span) {
+    if (!span.last) return SetDate(span.first);
+    text_->setText(timeline::AsWritten(span));
+    edited_ = false;
+    Q_EMIT Changed();
 }
 
-std::optional<QDate> DateBox::Date() const { return Read().date; }
+timeline::SpanRead DateBox::Read() const {
+    return timeline::ReadSpanAsWritten(WithoutTime(text_->text()), view_);
+}
+
+std::optional<QDate> DateBox::Date() const {
+    const std::optional<timeline::Span> span = Span();
+    return span ? std::optional(span->first) : std::nullopt;
+}
 
 QString DateBox::Meaning() const { return Read().told; }
 
 QString DateBox::Text() const { return text_->text(); }
 
 void DateBox::Choose(const QDate &date) {
-    text_->setText(Shown(date));
+    const std::optional<timeline::Span> span = Span();
+    text_->setText(span && span->last ? timeline::AsWritten(timeline::BegunOn(*span, date)) : Shown(date));
     edited_ = true;
     text_->setFocus();
     Q_EMIT Changed();

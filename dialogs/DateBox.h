@@ -1,7 +1,7 @@
-// A date that is typed in whatever form it is written, or chosen in a calendar.
+// A date, with or without an end, that is typed in whatever form it is written, or chosen in a calendar.
 #pragma once
 
-#include "timeline/ReadDateAsWritten.h"
+#include "timeline/ReadSpan.h"
 
 #include <optional>
 #include <QDate>
@@ -21,8 +21,10 @@ public:
     // Shows the date in the text, or the text itself where it is none that can be read.
     void SetText(const QString &text);
     void SetDate(const QDate &date);
-    // The date that stands in the box; nothing for what can't be read.
+    void SetSpan(const timeline::Span &span);
+    // The date that stands in the box, and with its end; nothing for what can't be read.
     std::optional<QDate> Date() const;
+    std::optional<timeline::Span> Span() const { return Read().span; }
     QString Text() const;
     // The date in full, or why it can't be read.
     QString Meaning() const;
@@ -42,7 +44,7 @@ private:
     void Choose(const QDate &date);
     void ShowEnabled();
 
-    timeline::DateRead Read() const;
+    timeline::SpanRead Read() const;
 
     timeline::DateView view_;
     QLineEdit *text_;

@@ -17,6 +17,7 @@ NodeDatePage::NodeDatePage(const timeline::DateView &view, QWidget *parent) : QW
     SSDateCombo1_ = new DateBox(QStringLiteral("SSDateCombo1"), view, fraDate);
     lblMeaning_ = new QLabel(fraDate);
     lblMeaning_->setObjectName(QStringLiteral("lblMeaning"));
+    lblMeaning_->setWordWrap(true);
     connect(SSDateCombo1_, &DateBox::Changed, this, &NodeDatePage::ShowMeaning);
     SSDateCombo1_->SetDate(view.today);
     auto *rows = new QVBoxLayout(fraDate);
@@ -28,7 +29,7 @@ NodeDatePage::NodeDatePage(const timeline::DateView &view, QWidget *parent) : QW
     rows->addLayout(box);
     auto *hint = new QLabel(
         tr("Type it as you write it, such as 14 March, 14/3/2004, next Friday, +2w, week 14 or end of June, "
-           "or choose it."),
+           "or choose it. With an end: 14 March - 2 April, or 14 March for 2w."),
         fraDate);
     hint->setWordWrap(true);
     rows->addWidget(hint);
@@ -38,14 +39,18 @@ NodeDatePage::NodeDatePage(const timeline::DateView &view, QWidget *parent) : QW
     connect(chkDate_, &QCheckBox::toggled, this, &NodeDatePage::chkDate_Click);
 }
 
-void NodeDatePage::Load(const QString &day) {
+void NodeDatePage::Load(const QString &day, const std::optional<QDate> &last) {
     chkDate_->setChecked(true);
     SSDateCombo1_->SetText(day);
+    if (const std::optional<QDate> first = SSDateCombo1_->Date(); first && last)
+        SSDateCombo1_->SetSpan({*first, last});
 }
 
 void NodeDatePage::Store(NodeEdit &edit) const {
     edit.date.dated = chkDate_->isChecked();
-    edit.date.value = SSDateCombo1_->Date();
+    const std::optional<timeline::Span> span = SSDateCombo1_->Span();
+    edit.date.value = span ? std::optional(span->first) : std::nullopt;
+    edit.date.last = span ? span->last : std::nullopt;
 }
 
 bool NodeDatePage::IsUnreadable() const {

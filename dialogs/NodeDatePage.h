@@ -18,8 +18,8 @@ class NodeDatePage : public QWidget {
 public:
     NodeDatePage(const timeline::DateView &view, QWidget *parent);
 
-    // The text of the day that the node is linked to.
-    void Load(const QString &day);
+    // The text of the day that the node is linked to, and the node's end.
+    void Load(const QString &day, const std::optional<QDate> &last = {});
     void Store(NodeEdit &edit) const;
     // Whether something was typed that is no date, and is asked for.
     bool IsUnreadable() const;

@@ -67,22 +67,21 @@ std::vector<Node *> EditedNodes(const NodeDialogArgument &argument) {
     return nodes;
 }
 
-void WriteDate(const NodeDialogArgument &argument, const DateEdit &date) {
-    if (!date.dated)
-        timeline::RemoveTimelineLinks(argument.oNode);
-    else if (date.value)
-        timeline::AddTimelineLink(argument.window, argument.oFlow, argument.oNode,
-                                  timeline::FormatDate(*date.value, timeline::kDayPattern));
-}
-
-// Places at their dates and links to their days of nodes that took another size, or came to another lane.
-void AdjustResized(const NodeDialogArgument &argument, const std::vector<Node *> &nodes,
-                   const std::vector<QRectF> &former) {
+std::vector<Node *> Resized(const std::vector<Node *> &nodes, const std::vector<QRectF> &former) {
     std::vector<Node *> resized;
     for (std::size_t i = 0; i < nodes.size(); ++i)
         if (nodes[i]->Bounds() != former[i]) resized.push_back(nodes[i]);
-    timeline::FollowDates(argument.window, argument.oFlow, resized);
-    timeline::AdjustLinksOf(resized);
+    return resized;
+}
+
+// The date, and with it or without the places at their dates of nodes that took another size, or came to
+// another lane.
+void WriteDate(const NodeDialogArgument &argument, const DateEdit &date, const std::vector<Node *> &resized) {
+    if (!date.dated) timeline::RemoveTimelineLinks(argument.oNode);
+    if (!date.dated || !date.value) return timeline::FollowDates(argument.window, argument.oFlow, resized);
+    const QString first = timeline::FormatDate(*date.value, timeline::kDayPattern);
+    timeline::AddTimelineLinks(argument.window, argument.oFlow, {{&argument.oNode, first, date.last}},
+                               resized);
 }
 
 std::vector<QRectF> BoundsOf(const std::vector<Node *> &nodes) {
@@ -138,8 +137,9 @@ void ApplyNodeEdit(const NodeDialogArgument &argument, const NodeEdit &edit,
         WriteTexts(oNode, edit);
         if (oNode.Key().isEmpty()) oNode.SetKey(support::GetGUID());
         if (linked) linked();
-        WriteDate(argument, edit.date);
-        AdjustResized(argument, nodes, former);
+        const std::vector<Node *> resized = Resized(nodes, former);
+        WriteDate(argument, edit.date, resized);
+        timeline::AdjustLinksOf(resized);
         oNode.Refresh();
     });
 }

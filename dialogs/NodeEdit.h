@@ -20,7 +20,8 @@ struct Membership {
 
 struct DateEdit {
     bool dated = false;
-    std::optional<QDate> value; // dated without a value: the date stays as it is
+    std::optional<QDate> value;  // dated without a value: the date stays as it is
+    std::optional<QDate> last{}; // the end of what has a value
 };
 
 struct NodeEdit {

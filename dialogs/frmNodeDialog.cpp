@@ -14,6 +14,7 @@
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
 #include "support/Error.h"
+#include "timeline/Span.h"
 #include "widgets/SwatchButton.h"
 
 #include <QDialogButtonBox>
@@ -123,7 +124,10 @@ void frmNodeDialog::Form_Load() {
 // Of several nodes the date isn't shown, so that applying takes that of this node.
 void frmNodeDialog::ShowDate() {
     const std::optional<QString> day = DayTextOf(argument_.oNode);
-    if (day && !EditsSeveral()) date_->Load(*day);
+    if (day && !EditsSeveral()) {
+        const std::optional<timeline::Span> span = timeline::SpanOfNode(argument_.oNode);
+        date_->Load(*day, span ? span->last : std::nullopt);
+    }
     date_->chkDate_Click();
 }
 

@@ -31,7 +31,12 @@ inline const QString kWeekends = QStringLiteral("Weekends"); // timeline templat
 inline const QString kTodayEverywhere =
     QStringLiteral("TodayEverywhere"); // timeline template node: switch, its line is printed too
 inline const QString kAtDates = QStringLiteral("AtDates"); // timeline template node: switch, nodes stay there
-inline const QString kLanes = QStringLiteral("Lanes");     // timeline template node: "Level", "Group" or none
+inline const QString kPushFollowing =
+    QStringLiteral("PushFollowing"); // timeline template node: switch, a later end moves what depends on it
+inline const QString kEndDate = QStringLiteral("EndDate"); // node with a date: its last day, yyyy-mm-dd
+// Node that is a bar: "Width" or "Height", whichever lies along the strip, and how long it was, in twips.
+inline const QString kOwnExtent = QStringLiteral("OwnExtent");
+inline const QString kLanes = QStringLiteral("Lanes"); // timeline template node: "Level", "Group" or none
 inline const QString kNamesOfLevels =
     QStringLiteral("NAMESOFLEVELS"); // node "DIAGRAM": what the keys of levels are called
 inline const QString kNamesOfGroups = QStringLiteral("NAMESOFGROUPS"); // the same for groups

@@ -3,9 +3,7 @@
 #include "diagram/model/Node.h"
 #include "document/clsfrmMain.h"
 #include "document/Tags.h"
-#include "timeline/AddTimelineLink.h"
-#include "timeline/DateText.h"
-#include "timeline/ReadDateAsWritten.h"
+#include "timeline/Span.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -21,7 +19,7 @@ QString ItemDescription(const diagram::Item &item, document::clsfrmMain &setting
     if (!level.isEmpty()) parts << QCoreApplication::translate("frmMain", "Level %1").arg(level);
     if (!groups.isEmpty())
         parts << QCoreApplication::translate("frmMain", "groups %1").arg(QString(groups).replace(',', ", "));
-    if (const auto date = timeline::ParseDate(timeline::DateOfNode(*node))) parts << timeline::InFull(*date);
+    if (const auto span = timeline::SpanOfNode(*node)) parts << timeline::InFull(*span);
     return parts.join(QStringLiteral(", "));
 }
 

@@ -52,16 +52,35 @@ QString Undated(int count) {
                       : frmMain::tr("%1 @NODEs without a date were left alone").arg(count);
 }
 
-void SetDates(frmMain &window, const std::vector<diagram::Node *> &nodes, const std::optional<QDate> &date) {
+void SetDates(frmMain &window, const std::vector<diagram::Node *> &nodes,
+              const timeline::DateFormArgument &form) {
     std::vector<timeline::NodeDate> dates;
     for (diagram::Node *node : nodes) {
-        if (date)
-            dates.push_back({node, timeline::FormatDate(*date, timeline::kDayPattern)});
+        if (form.date)
+            dates.push_back({node, timeline::FormatDate(*form.date, timeline::kDayPattern), form.last});
         else
             timeline::RemoveTimelineLinks(*node);
     }
-    if (date) timeline::AddTimelineLinks(window, window.CurrentSurface(), dates);
+    if (form.date) timeline::AddTimelineLinks(window, window.CurrentSurface(), dates);
 }
+
+// What the nodes have in common is shown.
+timeline::DateFormArgument FormOf(frmMain &window, const std::vector<diagram::Node *> &nodes) {
+    const std::vector<std::optional<QDate>> former = timeline::DatesOf(nodes);
+    const QDate today = window.Desktop().clock.Now().date();
+    timeline::DateFormArgument form{.date = former.front(),
+                                    .view = timeline::ViewFrom(today, window.CurrentSurface()),
+                                    .several = former};
+    const auto lastOf = [](const diagram::Node *node) {
+        const std::optional<timeline::Span> span = timeline::SpanOfNode(*node);
+        return span ? span->last : std::nullopt;
+    };
+    form.last = lastOf(nodes.front());
+    form.lastsDiffer =
+        std::ranges::any_of(nodes, [&](const auto *node) { return lastOf(node) != form.last; });
+    return form;
+}
+
 bool HasMonths(const diagram::Surface &surface) { return !timeline::LocateTimelineNodes(surface).empty(); }
 
 void LineUpOnce(frmMain &window) {
@@ -141,16 +160,14 @@ void keyDate(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
     const std::vector<diagram::Node *> nodes = NodesToDate(surface);
     if (nodes.empty()) return;
-    const std::vector<std::optional<QDate>> former = timeline::DatesOf(nodes);
-    timeline::DateFormArgument form{former.front(),
-                                    timeline::ViewFrom(window.Desktop().clock.Now().date(), surface), former};
+    timeline::DateFormArgument form = FormOf(window, nodes);
     if (!document::Show(window, form)) return;
     std::optional<timeline::MovedDates> moved;
     const ActionGroup step(surface);
     if (form.step)
         moved = timeline::MoveDates(window, surface, nodes, *form.step);
     else
-        SetDates(window, nodes, form.date);
+        SetDates(window, nodes, form);
     window.clsSettings().Dirty = true;
     window.ClickTab();
     if (moved) TellMoved(window, moved);
@@ -194,6 +211,13 @@ void mnuViewTimelineKeep(frmMain &window) {
     if (window.MenuValue(key)) LineUpOnce(window);
 }
 
+void mnuViewTimelinePush(frmMain &window) {
+    const ActionGroup step(window.CurrentSurface());
+    timeline::SetPushesFollowing(window.CurrentSurface(),
+                                 window.MenuValue(QStringLiteral("mnuViewTimelinePush")));
+    window.clsSettings().Dirty = true;
+}
+
 void mnuViewLanesNone(frmMain &window) { ChooseLanes(window, timeline::Lanes::None); }
 void mnuViewLanesLevel(frmMain &window) { ChooseLanes(window, timeline::Lanes::Level); }
 void mnuViewLanesGroup(frmMain &window) { ChooseLanes(window, timeline::Lanes::Group); }
@@ -202,6 +226,7 @@ void ShowTimelineTick(frmMain &window) {
     ShowCalendarTicks(window);
     const diagram::Surface &surface = window.CurrentSurface();
     window.SetMenuValue(QStringLiteral("mnuViewTimelineKeep"), timeline::KeepsNodesAtDates(surface));
+    window.SetMenuValue(QStringLiteral("mnuViewTimelinePush"), timeline::PushesFollowing(surface));
     const timeline::Lanes lanes = timeline::LanesOf(surface);
     for (const auto &[key, each] : kLaneEntries) window.SetMenuValue(QLatin1String(key), lanes == each);
     const std::vector<diagram::Node *> months = timeline::LocateTimelineNodes(window.CurrentSurface());

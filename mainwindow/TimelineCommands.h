@@ -24,6 +24,8 @@ void mnuViewTimelineFill(frmMain &window);
 // Once; and for good, until it is switched off.
 void mnuViewTimelineLineUp(frmMain &window);
 void mnuViewTimelineKeep(frmMain &window);
+// Whether what depends on a node is moved on with it.
+void mnuViewTimelinePush(frmMain &window);
 // What lanes are made of; lines up at once where nodes stay at their dates.
 void mnuViewLanesNone(frmMain &window);
 void mnuViewLanesLevel(frmMain &window);

@@ -241,6 +241,8 @@ constexpr CommandRow kKeyRows[] = {
      "Puts every @NODE with a date beside its day on the timeline"},
     {"mnuViewPlan", "mnuViewTimelineKeep", "&Keep @NODEs at their dates", kCheck, mnuViewTimelineKeep, "", "",
      "", Needs::Nothing, false, "Dragging along the timeline changes the date, and a date moves the @NODE"},
+    {"mnuViewPlan", "mnuViewTimelinePush", "&Push what follows", kCheck, mnuViewTimelinePush, "", "", "",
+     Needs::Nothing, false, "A @NODE that ends later moves those that depend on it by as many days"},
     {"mnuViewPlan", "mnuViewLanes", "L&anes beside the timeline", kMenu},
     {"mnuViewLanes", "mnuViewLanesNone", "None", kCheck, mnuViewLanesNone, "", "", "", Needs::Nothing, false,
      "timeline rows"},

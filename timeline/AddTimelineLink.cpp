@@ -6,9 +6,12 @@
 #include "document/Tags.h"
 #include "support/Error.h"
 #include "timeline/Arrange.h"
+#include "timeline/AtDates.h"
 #include "timeline/DateIndex.h"
 #include "timeline/DateLanguage.h"
+#include "timeline/DateText.h"
 #include "timeline/DateWays.h"
+#include "timeline/Following.h"
 #include "timeline/TimelineNodes.h"
 
 namespace timeline {
@@ -52,6 +55,25 @@ void HideDateLink(diagram::Node &node) {
         if (IsTimelineLink(*link)) link->SetHidden(true);
 }
 
+// With those that are pushed on by them.
+std::vector<NodeDate> WithFollowing(const diagram::Surface &flow, std::vector<NodeDate> dates) {
+    if (!PushesFollowing(flow)) return dates;
+    std::vector<NodeSpan> changed;
+    for (const NodeDate &dated : dates)
+        if (const std::optional<QDate> first = ParseDate(dated.date))
+            changed.push_back({dated.node, {*first, dated.last}});
+    for (const NodeSpan &next : Following(changed))
+        dates.push_back({next.node, FormatDate(next.span.first, kDayPattern), next.span.last});
+    return dates;
+}
+
+void GiveDate(diagram::Surface &flow, const NodeDate &dated, DateIndex &index) {
+    RemoveLinks(*dated.node, IsTimelineLink);
+    LocateTimelineNode(flow, dated.date, true, dated.node, &index);
+    SetEndOfNode(*dated.node, dated.last);
+    if (dated.last) LocateTimelineNode(flow, FormatDate(*dated.last, kMonthPattern), true, nullptr, &index);
+}
+
 void HideMonths(diagram::Surface &flow) {
     for (diagram::Node *month : LocateTimelineNodes(flow)) month->SetHidden(true);
 }
@@ -63,22 +85,21 @@ void AddTimelineLink(document::MapWindow &window, diagram::Surface &Flow, diagra
     AddTimelineLinks(window, Flow, {{&Node, TheDate}});
 }
 
-void AddTimelineLinks(document::MapWindow &window, diagram::Surface &Flow,
-                      const std::vector<NodeDate> &dates) {
+void AddTimelineLinks(document::MapWindow &window, diagram::Surface &Flow, const std::vector<NodeDate> &dates,
+                      const std::vector<diagram::Node *> &moved) {
     support::PassOn("AddTimelineLink", [&] {
         if (!IsConfigured(Flow)) SetUp(window, Flow);
         TranslateDates(Flow);
         const bool hidden = IsTimelineHidden(Flow);
         DateIndex index(Flow);
         const diagram::Node &look = *LocateTimeLineTemplateNode(Flow, true);
-        for (const NodeDate &dated : dates) {
-            RemoveLinks(*dated.node, IsTimelineLink);
-            LocateTimelineNode(Flow, dated.date, true, dated.node, &index);
+        for (const NodeDate &dated : WithFollowing(Flow, dates)) {
+            GiveDate(Flow, dated, index);
             DressDateLinks(*dated.node, look);
             if (hidden) HideDateLink(*dated.node);
         }
         if (hidden) HideMonths(Flow);
-        UpdateTimeLineNodes(window, Flow, true);
+        UpdateTimeLineNodes(window, Flow, true, moved);
     });
 }
 
@@ -86,6 +107,7 @@ void RemoveTimelineLinks(diagram::Node &Node) {
     RemoveLinks(Node, [](const diagram::Link &link) {
         return !link.Source().Selectable() || !link.Destination().Selectable();
     });
+    SetEndOfNode(Node, std::nullopt);
 }
 
 QString DateOfNode(const diagram::Node &Node) {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <QDate>
 #include <QString>
 #include <QVariantMap>
 #include <vector>
@@ -34,14 +36,16 @@ struct TimelineSetupArgument {
 // settings that the form shows at first are taken. Opens no group of changes.
 void AddTimelineLink(document::MapWindow &window, diagram::Surface &Flow, diagram::Node &Node,
                      const QString &TheDate);
-// The same for several nodes, laid out once.
+// The same for several nodes, laid out once; what follows them is pushed on where the slice wants that.
+// `moved` are nodes that came or moved besides, as for FollowDates.
 struct NodeDate {
     diagram::Node *node;
     QString date;
+    std::optional<QDate> last{}; // its last day; without one the node has no end
 };
-void AddTimelineLinks(document::MapWindow &window, diagram::Surface &Flow,
-                      const std::vector<NodeDate> &dates);
-// Takes the date of the node away: its links to nodes that cannot be selected.
+void AddTimelineLinks(document::MapWindow &window, diagram::Surface &Flow, const std::vector<NodeDate> &dates,
+                      const std::vector<diagram::Node *> &moved = {});
+// Takes the date of the node away, with its end: its links to nodes that cannot be selected.
 void RemoveTimelineLinks(diagram::Node &Node);
 
 // The date of the node as its timeline link tells it; empty for a node without one.

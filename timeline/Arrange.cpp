@@ -11,12 +11,14 @@
 #include "timeline/DateLanguage.h"
 #include "timeline/DateText.h"
 #include "timeline/LineUp.h"
+#include "timeline/Span.h"
 #include "timeline/Strip.h"
 #include "timeline/TimelineNodes.h"
 
 #include <algorithm>
 #include <QCoreApplication>
 #include <QHash>
+#include <set>
 
 namespace timeline {
 
@@ -89,8 +91,9 @@ public:
     // True when a month went.
     bool DropUnusedMonths() {
         bool removed = false;
+        ends_ = MonthsOfEnds(flow_);
         for (const AxisRow &row : table_) {
-            if (HasDays(row[kMonth])) continue;
+            if (HasDays(row[kMonth]) || HasEnd(row[kMonth])) continue;
             diagram::Node *month = index_.Find(row[kMonth]);
             if (!month) continue;
             index_.Remove(*month);
@@ -169,6 +172,11 @@ private:
         return false;
     }
 
+    bool HasEnd(const QString &month) const {
+        const std::optional<QDate> first = ParseDate(month);
+        return first && ends_.contains(*first);
+    }
+
     std::pair<QString, QString> Ends() const {
         const auto [first, last] =
             std::minmax_element(table_.begin(), table_.end(), [](const AxisRow &a, const AxisRow &b) {
@@ -213,6 +221,7 @@ private:
     int created_ = 0;
     std::vector<diagram::Node *> days_;
     AxisTable table_;
+    std::set<QDate> ends_;
 };
 
 std::size_t MonthsInSight(const diagram::Surface &flow) {
@@ -236,7 +245,8 @@ bool IsDisarranged(const diagram::Surface &flow) {
 
 } // namespace
 
-void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, int Align) {
+void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, int Align,
+                          const std::vector<diagram::Node *> &moved) {
     support::PassOn("ArrangeTimeLineNodes", [&] {
         TranslateDates(Flow);
         const Settings settings(Flow, *LocateTimeLineTemplateNode(Flow, true), Align);
@@ -246,12 +256,12 @@ void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, i
         if (settings.addMissing)
             run.AddMissingMonths();
         else if (run.DropUnusedMonths())
-            return ArrangeTimeLineNodes(window, Flow, kStoredArrangement);
+            return ArrangeTimeLineNodes(window, Flow, kStoredArrangement, moved);
         run.Sort();
         run.FoldHiddenMonths();
         run.WriteTexts();
         run.Place();
-        FollowDates(window, Flow);
+        FollowDates(window, Flow, moved);
         window.clsSettings().Dirty = true;
         window.DoStatus(run.StoppedText());
     });
@@ -301,10 +311,11 @@ void Sort2DArray(AxisTable &Table, int Column) {
     });
 }
 
-void UpdateTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, bool Arrange) {
+void UpdateTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, bool Arrange,
+                         const std::vector<diagram::Node *> &moved) {
     support::PassOn("UpdateTimeLineNodes", [&] {
         CopyTemplateLook(Flow);
-        if (Arrange) ArrangeTimeLineNodes(window, Flow, kStoredArrangement);
+        if (Arrange) ArrangeTimeLineNodes(window, Flow, kStoredArrangement, moved);
     });
 }
 

@@ -33,9 +33,10 @@ using AxisTable = std::vector<AxisRow>;
 // days in them and the ends of links on the days. Any other number than those of Arrangement, or
 // kStoredArrangement, places nothing. Sets Dirty unless there is no month. Says what goes on in the status
 // bar of the window. While the strip is hidden, months that are added are hidden too. Opens no group of
-// changes. Error 9 for a month whose text is no date, or two of the same
-// month while missing ones are added: what was done until then stays.
-void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, int Align);
+// changes; nodes that stay at their dates follow, `moved` as for FollowDates. Error 9 for a month whose text
+// is no date, or two of the same month while missing ones are added: what was done until then stays.
+void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, int Align,
+                          const std::vector<diagram::Node *> &moved = {});
 
 // Stores the arrangement of the surface's template node, else the middle, where the surface stores none.
 void CarryArrangement(diagram::Surface &Flow);
@@ -52,7 +53,8 @@ bool DateExists(const AxisTable &Dates, const QString &Month);
 void Sort2DArray(AxisTable &Table, int Column);
 
 // Gives the months in sight the look of the template node, and lays out anew when Arrange says so.
-void UpdateTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, bool Arrange);
+void UpdateTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, bool Arrange,
+                         const std::vector<diagram::Node *> &moved = {});
 // Shows or hides the strip; shown again after a date was given meanwhile, its months have their sizes and
 // places as before.
 void ShowTimeline(document::MapWindow &window, diagram::Surface &Flow, bool Shown);

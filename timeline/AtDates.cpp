@@ -12,6 +12,7 @@ namespace {
 
 using document::tags::kAtDates;
 using document::tags::kLanes;
+using document::tags::kPushFollowing;
 
 constexpr const char *kNamesOfLanes[] = {"", "Level", "Group"}; // as stored
 
@@ -21,17 +22,22 @@ const diagram::Node *TemplateOf(const diagram::Surface &flow) {
     return nullptr;
 }
 
+bool IsOn(const diagram::Surface &flow, const QString &key) {
+    const diagram::Node *look = TemplateOf(flow);
+    return look && document::IsOn(*look, key);
+}
+
+void Switch(diagram::Surface &flow, const QString &key, bool on) {
+    if (on != IsOn(flow, key)) document::SetSwitch(*LocateTimeLineTemplateNode(flow, true), key, on);
+}
+
 } // namespace
 
-bool KeepsNodesAtDates(const diagram::Surface &flow) {
-    const diagram::Node *look = TemplateOf(flow);
-    return look && document::IsOn(*look, kAtDates);
-}
+bool KeepsNodesAtDates(const diagram::Surface &flow) { return IsOn(flow, kAtDates); }
+void SetKeepsNodesAtDates(diagram::Surface &flow, bool keeps) { Switch(flow, kAtDates, keeps); }
 
-void SetKeepsNodesAtDates(diagram::Surface &flow, bool keeps) {
-    if (keeps != KeepsNodesAtDates(flow))
-        document::SetSwitch(*LocateTimeLineTemplateNode(flow, true), kAtDates, keeps);
-}
+bool PushesFollowing(const diagram::Surface &flow) { return IsOn(flow, kPushFollowing); }
+void SetPushesFollowing(diagram::Surface &flow, bool pushes) { Switch(flow, kPushFollowing, pushes); }
 
 Lanes LanesOf(const diagram::Surface &flow) {
     const diagram::Node *look = TemplateOf(flow);

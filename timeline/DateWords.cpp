@@ -1,17 +1,18 @@
 #include "timeline/DateWords.h"
 
 #include "diagram/model/Node.h"
-#include "timeline/AddTimelineLink.h"
 #include "timeline/DateText.h"
+#include "timeline/Span.h"
 
 namespace timeline {
 
 QStringList DateWords::operator()(const diagram::Node &node) {
-    const QString written = DateOfNode(node);
-    const std::optional<QDate> date = written.isEmpty() ? std::nullopt : ParseDate(written);
-    if (!date) return {};
-    QStringList words{FormatDate(*date, kDayPattern), InFull(*date)};
-    if (Meant(node.Owner()) == date) words << sought_;
+    const std::optional<Span> span = SpanOfNode(node);
+    if (!span) return {};
+    QStringList words{FormatDate(span->first, kDayPattern), InFull(span->first)};
+    if (span->last) words << FormatDate(*span->last, kDayPattern) << InFull(*span->last);
+    const std::optional<QDate> meant = Meant(node.Owner());
+    if (meant && (meant == span->first || meant == span->last)) words << sought_;
     return words;
 }
 

@@ -17,8 +17,9 @@ class DateWords {
 public:
     DateWords(const QString &sought, const QDate &today) : sought_(sought), today_(today) {}
 
-    // The node's date as it is written, with and without the nought of its day, and what is sought where that
-    // means this date, read as in the form of the date; nothing for a node without one.
+    // The node's date and its end as they are written, each with and without the nought of its day, and what
+    // is sought where that means one of them, read as in the form of the date; nothing for a node without a
+    // date.
     QStringList operator()(const diagram::Node &node);
 
 private:

@@ -9,12 +9,14 @@
 #include "timeline/AtDates.h"
 #include "timeline/DateIndex.h"
 #include "timeline/DateText.h"
+#include "timeline/Following.h"
 #include "timeline/LineUp.h"
 #include "timeline/Strip.h"
 #include "timeline/TimelineNodes.h"
 
 #include <algorithm>
 #include <cmath>
+#include <QCoreApplication>
 
 namespace timeline {
 
@@ -58,6 +60,38 @@ QDate DayIn(const ShownMonth &month, double place, bool monthBeforeInFront) {
     return month.first.addDays(std::clamp(day, monthBeforeInFront ? 0 : 1, days) - 1);
 }
 
+std::optional<double> CentreOf(const std::vector<ShownMonth> &months, const QDate &day) {
+    const QDate first(day.year(), day.month(), 1);
+    const auto month = std::ranges::find(months, first, &ShownMonth::first);
+    if (month == months.end()) return std::nullopt;
+    return month->start + (day.day() + 0.5) * double(SlotOf(float(month->length), first.daysInMonth()));
+}
+
+// How far along the strip the node goes to begin then; nothing where one of both days isn't seen.
+std::optional<double> WayTo(const std::vector<ShownMonth> &months, const diagram::Node &node,
+                            const Span &span) {
+    const std::optional<Span> former = SpanOfNode(node);
+    const std::optional<double> from = former ? CentreOf(months, former->first) : std::nullopt;
+    const std::optional<double> to = CentreOf(months, span.first);
+    return from && to ? std::optional(*to - *from) : std::nullopt;
+}
+
+Span SpanOf(const diagram::DayStrip::Dated &dated) {
+    if (dated.end) return {dated.date, std::max(dated.date, *dated.end)};
+    if (const std::optional<Span> former = SpanOfNode(*dated.node)) return BegunOn(*former, dated.date);
+    const std::optional<QDate> last = EndOfNode(*dated.node); // a copy, whose date comes now
+    return last && *last >= dated.date ? Span{dated.date, last} : Span{dated.date};
+}
+
+std::vector<NodeSpan> SpansOf(const std::vector<diagram::DayStrip::Dated> &dates) {
+    std::vector<NodeSpan> spans;
+    for (const diagram::DayStrip::Dated &dated : dates) {
+        const Span span = SpanOf(dated);
+        if (IsInYears(span.first) && IsInYears(span.End())) spans.push_back({dated.node, span});
+    }
+    return spans;
+}
+
 } // namespace
 
 std::optional<QLineF> DaysOfStrip::Today(const diagram::Surface &flow) const {
@@ -66,6 +100,16 @@ std::optional<QLineF> DaysOfStrip::Today(const diagram::Surface &flow) const {
 
 std::optional<QDate> DaysOfStrip::DateOf(const diagram::Node &node) const {
     return ParseDate(DateOfNode(node));
+}
+
+std::optional<QDate> DaysOfStrip::EndOf(const diagram::Node &node) const {
+    const std::optional<Span> span = SpanOfNode(node);
+    return span ? span->last : std::nullopt;
+}
+
+QString DaysOfStrip::DatesOf(const diagram::Node &node) const {
+    const std::optional<Span> span = SpanOfNode(node);
+    return span ? AsWritten(*span) : QString();
 }
 
 QString DaysOfStrip::Written(const QDate &date) const { return FormatDate(date, kDayPattern); }
@@ -137,11 +181,32 @@ void DaysOfStrip::Settle(diagram::Surface &flow, const std::vector<diagram::Node
     FollowDates(window_, flow, moved);
 }
 
-void DaysOfStrip::SetDates(diagram::Surface &flow, const std::vector<Dated> &dates) {
+void DaysOfStrip::SetDates(diagram::Surface &flow, const std::vector<Dated> &dates,
+                           const std::vector<diagram::Node *> &moved) {
     std::vector<NodeDate> texts;
-    for (const Dated &dated : dates)
-        if (IsInYears(dated.date)) texts.push_back({dated.node, FormatDate(dated.date, kDayPattern)});
-    if (!texts.empty()) AddTimelineLinks(window_, flow, texts);
+    for (const NodeSpan &each : SpansOf(dates))
+        texts.push_back({each.node, FormatDate(each.span.first, kDayPattern), each.span.last});
+    if (!texts.empty()) AddTimelineLinks(window_, flow, texts, moved);
+}
+
+diagram::DayStrip::Following DaysOfStrip::WhatFollows(const diagram::Surface &flow,
+                                                      const std::vector<Dated> &dates) const {
+    Following following;
+    if (!PushesFollowing(flow)) return following;
+    const std::vector<NodeSpan> next = timeline::Following(SpansOf(dates));
+    following.count = int(next.size());
+    if (next.empty()) return following;
+    following.told = next.size() == 1
+                         ? QCoreApplication::translate("dates", "one more follows")
+                         : QCoreApplication::translate("dates", "%1 more follow").arg(next.size());
+    if (!KeepsNodesAtDates(flow)) return following;
+    const bool rightwards = RunsRightwards(flow);
+    const std::vector<ShownMonth> months = ShownMonths(flow, rightwards);
+    for (const NodeSpan &each : next)
+        if (const std::optional<double> way = WayTo(months, *each.node, each.span))
+            following.boxes.push_back(
+                each.node->Bounds().translated(rightwards ? *way : 0, rightwards ? 0 : *way));
+    return following;
 }
 
 void DaysOfStrip::Arrange(diagram::Surface &flow) {

@@ -21,11 +21,16 @@ public:
     // In front of the strip and behind it a month is as long as that at the end.
     std::optional<QDate> DayAt(const diagram::Surface &flow, const QPointF &at) const override;
     std::optional<QLineF> PlaceOf(const diagram::Surface &flow, const QDate &date) const override;
+    std::optional<QDate> EndOf(const diagram::Node &node) const override;
+    QString DatesOf(const diagram::Node &node) const override;
     std::vector<QLineF> Breaks(const diagram::Surface &flow) const override;
     bool RunsRightwards(const diagram::Surface &flow) const override;
     bool KeepsNodesAtDates(const diagram::Surface &flow) const override;
     void Settle(diagram::Surface &flow, const std::vector<diagram::Node *> &moved) override;
-    void SetDates(diagram::Surface &flow, const std::vector<Dated> &dates) override;
+    void SetDates(diagram::Surface &flow, const std::vector<Dated> &dates,
+                  const std::vector<diagram::Node *> &moved) override;
+    // Nothing where the slice pushes nothing on.
+    Following WhatFollows(const diagram::Surface &flow, const std::vector<Dated> &dates) const override;
     void Arrange(diagram::Surface &flow) override; // nothing on a surface without months
 
 private:

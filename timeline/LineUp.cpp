@@ -6,13 +6,13 @@
 #include "document/Tags.h"
 #include "support/Error.h"
 #include "support/Val.h"
-#include "timeline/AddTimelineLink.h"
 #include "timeline/AdjustLinks.h"
 #include "timeline/Arrange.h"
 #include "timeline/AtDates.h"
 #include "timeline/DateIndex.h"
 #include "timeline/DateText.h"
 #include "timeline/LineUpPlan.h"
+#include "timeline/Span.h"
 #include "timeline/Strip.h"
 #include "timeline/TimelineNodes.h"
 
@@ -48,6 +48,18 @@ public:
 
     bool Rightwards() const { return rightwards_; }
     const StripEdges &Edges() const { return edges_; }
+
+    // From the beginning of the first day to the end of the last one, as far as their months are in sight.
+    std::optional<Stretch> BarOf(const QDate &first, const QDate &last) const {
+        const QDate begin(first.year(), first.month(), 1);
+        const auto from = months_.lower_bound(begin), behind = months_.upper_bound(last);
+        if (from == behind) return std::nullopt;
+        const auto &[lastMonth, end] = *std::prev(behind);
+        const bool seesLast = lastMonth == QDate(last.year(), last.month(), 1);
+        return Stretch{from->first == begin ? from->second.start + first.day() * from->second.slot
+                                            : from->second.start,
+                       end.start + (seesLast ? last.day() + 1 : lastMonth.daysInMonth() + 1) * end.slot};
+    }
 
     std::optional<double> CentreOf(const QDate &day) const {
         const auto month = months_.find(QDate(day.year(), day.month(), 1));
@@ -119,6 +131,52 @@ struct Reading {
     std::vector<Node *> nodes; // of the task's boxes
 };
 
+// What a node would be like without its end: a bar lends its extent along the strip from its node.
+class OwnExtent {
+public:
+    OwnExtent(const Node &node, bool rightwards) : along_(rightwards ? kWidth : kHeight) {
+        const QString stored = document::GetTag(node, document::tags::kOwnExtent);
+        which_ = stored.section(u' ', 0, 0);
+        extent_ = stored.section(u' ', 1).toDouble();
+        if (extent_ <= 0 || (which_ != kWidth && which_ != kHeight)) which_.clear();
+    }
+
+    // A bar along the strip keeps what it has lent.
+    QRectF Given(QRectF box, bool isBar) const {
+        if (which_.isEmpty() || (isBar && which_ == along_)) return box;
+        which_ == kWidth ? box.setWidth(extent_) : box.setHeight(extent_);
+        return box;
+    }
+
+    // As it is to be stored; `box` is what was given.
+    QString Stored(const QRectF &box, bool isBar) const {
+        if (!isBar) return {};
+        const double extent = which_ == along_ ? extent_ : along_ == kWidth ? box.width() : box.height();
+        return along_ + u' ' + QString::number(extent);
+    }
+
+private:
+    static inline const QString kWidth = QStringLiteral("Width"), kHeight = QStringLiteral("Height");
+    QString along_, which_;
+    double extent_ = 0;
+};
+
+// Where a node belongs; nothing while none of its days is in sight.
+std::optional<DatedBox> PlaceOf(const Node &node, const Months &months) {
+    const std::optional<Span> span = node.Selectable() ? SpanOfNode(node) : std::nullopt;
+    if (!span) return std::nullopt;
+    DatedBox place{node.Bounds()};
+    if (span->last)
+        place.bar = months.BarOf(span->first, *span->last);
+    else if (const std::optional<double> centre = months.CentreOf(span->first))
+        place.centre = *centre;
+    else
+        return std::nullopt;
+    if (span->last && !place.bar) return std::nullopt;
+    place.box = OwnExtent(node, months.Rightwards()).Given(node.Bounds(), span->last.has_value());
+    return place;
+}
+
 std::unordered_map<const Node *, int> Positions(const std::vector<Node *> &nodes) {
     std::unordered_map<const Node *, int> positions;
     for (Node *node : nodes) positions.emplace(node, int(positions.size()));
@@ -139,13 +197,16 @@ Reading Read(document::MapWindow &window, const Surface &flow, const std::vector
     const Months months(flow);
     const LaneFinder lanes(window.clsSettings(), LanesOf(flow));
     const std::unordered_set<const Node *> last(moved.begin(), moved.end());
-    Reading reading{{{months.Edges(), months.Rightwards(), SidesOf(flow)}, {}, {}}, {}};
+    Reading reading{{{months.Edges(), months.Rightwards(), SidesOf(flow)}, {}, {}, {}}, {}};
     for (Node &node : flow.Nodes()) {
-        const QString date = node.Selectable() ? DateOfNode(node) : QString();
-        const std::optional<QDate> day = date.isEmpty() ? std::nullopt : ParseDate(date);
-        const std::optional<double> centre = day ? months.CentreOf(*day) : std::nullopt;
-        if (!centre) continue;
-        reading.task.nodes.push_back({node.Bounds(), *centre, lanes.LaneOf(node), last.contains(&node)});
+        std::optional<DatedBox> place = PlaceOf(node, months);
+        if (!place) {
+            if (node.Selectable() && !node.Hidden()) reading.task.others.push_back(node.Bounds());
+            continue;
+        }
+        place->lane = lanes.LaneOf(node);
+        place->gives = last.contains(&node);
+        reading.task.nodes.push_back(*place);
         reading.nodes.push_back(&node);
     }
     ReadLinks(reading);
@@ -196,20 +257,39 @@ void TakeAlong(Surface &flow, const LinkToMove &moved, diagram::LinkData data) {
     flow.Overwrite(*moved.link, std::move(data));
 }
 
+void Place(Node &node, const QRectF &box) {
+    const bool resized = node.Bounds().size() != box.size();
+    node.SetBounds(float(box.left()), float(box.top()), resized ? float(box.width()) : node.Width(),
+                   resized ? float(box.height()) : node.Height());
+}
+
+// What bars have lent, as they are now; nothing is written where nothing has changed.
+void StoreOwnExtents(const Reading &reading) {
+    for (std::size_t i = 0; i < reading.nodes.size(); ++i) {
+        const DatedBox &place = reading.task.nodes[i];
+        Node &node = *reading.nodes[i];
+        const QString former = document::GetTag(node, document::tags::kOwnExtent);
+        if (former.isEmpty() && !place.bar) continue;
+        const QString extent =
+            OwnExtent(node, reading.task.strip.rightwards).Stored(place.box, place.bar.has_value());
+        if (extent != former) document::SetTag(node, document::tags::kOwnExtent, extent);
+    }
+}
+
 int Move(Surface &flow, const std::vector<Node *> &nodes, const std::vector<QRectF> &boxes) {
     Ways ways;
+    std::vector<std::pair<Node *, QRectF>> changed;
     std::vector<Node *> moved;
     for (std::size_t i = 0; i < nodes.size(); ++i) {
-        const QPointF way = boxes[i].topLeft() - nodes[i]->Bounds().topLeft();
-        if (!way.isNull()) ways.emplace(nodes[i], way), moved.push_back(nodes[i]);
+        const QRectF former = nodes[i]->Bounds();
+        if (boxes[i] == former) continue;
+        ways.emplace(nodes[i], boxes[i].topLeft() - former.topLeft());
+        changed.emplace_back(nodes[i], boxes[i]), moved.push_back(nodes[i]);
     }
     const std::vector<LinkToMove> links = LinksToMove(moved, ways);
     std::vector<diagram::LinkData> former;
     for (const LinkToMove &each : links) each.link->Way(), former.push_back(each.link->Data());
-    for (Node *node : moved) {
-        const QRectF box = node->Bounds().translated(ways[node]);
-        node->SetBounds(float(box.left()), float(box.top()), node->Width(), node->Height());
-    }
+    for (const auto &[node, box] : changed) Place(*node, box);
     for (std::size_t i = 0; i < links.size(); ++i) TakeAlong(flow, links[i], std::move(former[i]));
     AdjustLinksOf(moved);
     return int(moved.size());
@@ -220,6 +300,7 @@ int Move(Surface &flow, const std::vector<Node *> &nodes, const std::vector<QRec
 LinedUp LineUp(document::MapWindow &window, Surface &flow, RowOrder order, const std::vector<Node *> &moved) {
     return support::PassOn("LineUp", [&] {
         const Reading reading = Read(window, flow, moved);
+        StoreOwnExtents(reading);
         const int count = Move(flow, reading.nodes, PlanLineUp(reading.task, order));
         if (count > 0) window.clsSettings().Dirty = true;
         return LinedUp{int(reading.nodes.size()), count};

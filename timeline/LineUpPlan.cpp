@@ -25,7 +25,11 @@ private:
 };
 
 // The surface begins at 0.
-double BeginOf(const DatedBox &node, double length) { return std::max(0.0, node.centre - length / 2); }
+Stretch StretchOf(const DatedBox &node, double length) {
+    if (node.bar) return {std::max(0.0, node.bar->begin), std::max(0.0, node.bar->end)};
+    const double begin = std::max(0.0, node.centre - length / 2);
+    return {begin, begin + length};
+}
 
 bool StandsBefore(const StripOnSurface &strip, double middle) {
     switch (strip.sides) {
@@ -41,10 +45,11 @@ bool StandsBefore(const StripOnSurface &strip, double middle) {
 
 PlannedBar BarOf(const DatedBox &node, const StripOnSurface &strip) {
     const Turned box(node.box, strip.rightwards);
-    const double begin = BeginOf(node, box.Length());
-    const bool moves = std::abs(begin - box.Begin()) > kAtItsPlace;
+    const auto [begin, end] = StretchOf(node, box.Length());
+    const bool moves =
+        std::abs(begin - box.Begin()) > kAtItsPlace || std::abs(end - begin - box.Length()) > kAtItsPlace;
     return {.begin = begin,
-            .end = begin + box.Length(),
+            .end = end,
             .breadth = box.Breadth(),
             .middle = box.Middle(),
             .lane = node.lane,
@@ -63,12 +68,31 @@ bool TurnBackAtTheEdge(std::vector<PlannedBar> &bars, const std::vector<double> 
     return turned;
 }
 
+double Near(double wanted, double present) {
+    return std::abs(wanted - present) > kAtItsPlace ? wanted : present;
+}
+
 QRectF Placed(const QRectF &box, const PlannedBar &bar, double middle, bool rightwards) {
     const Turned former(box, rightwards);
-    const double begin = std::abs(bar.begin - former.Begin()) > kAtItsPlace ? bar.begin : former.Begin();
+    const double begin = Near(bar.begin, former.Begin());
+    const double length = Near(bar.end - bar.begin, former.Length());
     const bool stays = std::abs(middle - former.Middle()) <= kAtItsPlace;
     const double top = stays ? former.Top() : middle - bar.breadth / 2;
-    return {rightwards ? QPointF(begin, top) : QPointF(top, begin), box.size()};
+    return rightwards ? QRectF(begin, top, length, bar.breadth) : QRectF(top, begin, bar.breadth, length);
+}
+
+bool IsGround(const QRectF &box, const std::vector<DatedBox> &nodes) {
+    return std::ranges::any_of(nodes, [&](const DatedBox &node) { return box.contains(node.box); });
+}
+
+std::vector<FixedBox> FixedBoxes(const LineUpTask &task) {
+    std::vector<FixedBox> fixed;
+    for (const QRectF &other : task.others) {
+        if (IsGround(other, task.nodes)) continue;
+        const Turned box(other, task.strip.rightwards);
+        fixed.push_back({box.Begin(), box.Begin() + box.Length(), box.Top(), box.Top() + box.Breadth()});
+    }
+    return fixed;
 }
 
 } // namespace
@@ -76,9 +100,10 @@ QRectF Placed(const QRectF &box, const PlannedBar &bar, double middle, bool righ
 std::vector<QRectF> PlanLineUp(const LineUpTask &task, RowOrder order) {
     std::vector<PlannedBar> bars;
     for (const DatedBox &node : task.nodes) bars.push_back(BarOf(node, task.strip));
-    std::vector<double> middles = PlanRows(bars, task.links, task.strip.edges, kGaps, order);
+    const std::vector<FixedBox> fixed = FixedBoxes(task);
+    std::vector<double> middles = PlanRows(bars, task.links, task.strip.edges, kGaps, order, fixed);
     while (TurnBackAtTheEdge(bars, middles))
-        middles = PlanRows(bars, task.links, task.strip.edges, kGaps, order);
+        middles = PlanRows(bars, task.links, task.strip.edges, kGaps, order, fixed);
     std::vector<QRectF> boxes;
     for (std::size_t i = 0; i < bars.size(); ++i)
         boxes.push_back(Placed(task.nodes[i].box, bars[i], middles[i], task.strip.rightwards));

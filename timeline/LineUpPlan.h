@@ -4,6 +4,7 @@
 
 #include "timeline/RowPlan.h"
 
+#include <optional>
 #include <QRectF>
 #include <vector>
 
@@ -22,25 +23,33 @@ struct StripOnSurface {
     Sides sides = Sides::Behind;
 };
 
+// Where a bar begins and ends, along.
+struct Stretch {
+    double begin = 0, end = 0;
+};
+
 struct DatedBox {
     QRectF box;
     double centre = 0; // of its day, along
     int lane = 0;
-    bool gives = false; // came or moved last
+    bool gives = false;           // came or moved last
+    std::optional<Stretch> bar{}; // instead of the centre: it is as long as that
 };
 
 struct LineUpTask {
     StripOnSurface strip;
     std::vector<DatedBox> nodes;
-    std::vector<BarLink> links; // by positions among the nodes
+    std::vector<BarLink> links;   // by positions among the nodes
+    std::vector<QRectF> others{}; // what stays where it is, and has to be left free
 };
 
 // How far a box may stand from its place and counts as standing there: surfaces keep single floats.
 constexpr double kAtItsPlace = 1;
 
-// The new box of each node: its centre on that of its day, as far as the surface's edge allows, and rows as
-// PlanRows gives them. What finds no room between the strip and the surface's edge goes to the other side. A
-// box that needn't move is given back as it is.
+// The new box of each node: its centre on that of its day, as far as the surface's edge allows, a bar from
+// its beginning to its end, and rows as PlanRows gives them. Of the others those that hold one of the nodes
+// are a ground under them and not left free. What finds no room between the strip and the surface's edge goes
+// to the other side. A box that needn't move is given back as it is.
 std::vector<QRectF> PlanLineUp(const LineUpTask &task, RowOrder order);
 
 } // namespace timeline

@@ -2,6 +2,7 @@
 
 #include "timeline/AddTimelineLink.h"
 #include "timeline/DateText.h"
+#include "timeline/Span.h"
 
 #include <algorithm>
 
@@ -35,8 +36,13 @@ std::optional<MovedDates> MoveDates(document::MapWindow &window, diagram::Surfac
     const std::optional<MovedDates> moved = Foreseen(dates, step);
     if (!moved || moved->moved == 0 || step.count == 0) return moved;
     std::vector<NodeDate> texts;
-    for (std::size_t i = 0; i < nodes.size(); ++i)
-        if (dates[i]) texts.push_back({nodes[i], FormatDate(Moved(*dates[i], step), kDayPattern)});
+    for (diagram::Node *node : nodes) {
+        const std::optional<Span> span = SpanOfNode(*node);
+        if (!span) continue;
+        const std::optional<QDate> last = span->last ? std::optional(Moved(*span->last, step)) : std::nullopt;
+        if (last && !IsInYears(*last)) return std::nullopt;
+        texts.push_back({node, FormatDate(Moved(span->first, step), kDayPattern), last});
+    }
     AddTimelineLinks(window, Flow, texts);
     return moved;
 }

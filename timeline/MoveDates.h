@@ -26,8 +26,8 @@ struct MovedDates {
 // What the step would make of these dates; nothing where one would come to lie beyond the years of dates.
 std::optional<MovedDates> Foreseen(const std::vector<std::optional<QDate>> &dates, const DateStep &step);
 
-// Moves each node that has a date from there. Nothing is changed, and nothing is given, where one would come
-// to lie beyond the years of dates. Opens no group of changes.
+// Moves each node that has a date from there, its end too. Nothing is changed, and nothing is given, where
+// one would come to lie beyond the years of dates. Opens no group of changes.
 std::optional<MovedDates> MoveDates(document::MapWindow &window, diagram::Surface &Flow,
                                     const std::vector<diagram::Node *> &nodes, const DateStep &step);
 

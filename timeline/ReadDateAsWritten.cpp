@@ -160,6 +160,10 @@ QString Why(const QString &text, const QLocale &locale) {
 
 } // namespace
 
+PeriodView PeriodsFrom(const DateView &view, const QLocale &locale) {
+    return {view.today, view.strip, locale, view.today.year() - kYearsBack};
+}
+
 DateView ViewFrom(const QDate &today, const diagram::Surface &Flow) {
     DateView view{today};
     for (const diagram::Node *month : LocateTimelineNodes(Flow)) {
@@ -176,7 +180,7 @@ QString YearsInWords() { return Tr("Dates go from the year %1 to %2").arg(kFirst
 
 DateRead ReadDateAsWritten(const QString &text, const DateView &view, const QLocale &locale) {
     const QString plain = Plain(text).simplified();
-    const PeriodView from{view.today, view.strip, locale, view.today.year() - kYearsBack};
+    const PeriodView from = PeriodsFrom(view, locale);
     for (const auto reader : kReaders) {
         const Reading date = reader(plain, from);
         if (!date) continue;

@@ -1,6 +1,9 @@
 #include "timeline/RowPlan.h"
 
+#include "timeline/FixedBeside.h"
+
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 #include <random>
@@ -229,44 +232,56 @@ private:
 // Lays the rows of one side onto each other, away from the strip.
 class Stack {
 public:
-    Stack(const std::vector<PlannedBar> &bars, const StripEdges &strip, const RowGaps &gaps)
-        : bars_(bars), strip_(strip), gaps_(gaps) {}
+    Stack(const std::vector<PlannedBar> &bars, const StripEdges &strip, const RowGaps &gaps,
+          const std::vector<FixedBox> &fixed)
+        : bars_(bars),
+          gaps_(gaps),
+          behind_(bars, fixed, gaps, 1, strip.behind),
+          before_(bars, fixed, gaps, -1, strip.before),
+          sides_{{{1, strip.behind, behind_}, {-1, strip.before, before_}}} {}
+    Stack(const Stack &) = delete;
+    Stack &operator=(const Stack &) = delete;
 
     // The rows in ascending order across. Rows that don't keep their place lie as close as whole rows can.
     void Place(const std::vector<Row *> &rows, bool keep, std::vector<double> &middles) const {
         std::vector<Row *> behind, before;
         for (Row *row : rows) (row->before ? before : behind).push_back(row);
         std::ranges::reverse(before);
-        PlaceSide(behind, 1, strip_.behind, keep, middles);
-        PlaceSide(before, -1, strip_.before, keep, middles);
+        PlaceSide(behind, sides_[0], keep, middles);
+        PlaceSide(before, sides_[1], keep, middles);
     }
 
 private:
-    void PlaceSide(const std::vector<Row *> &rows, double sign, double edge, bool keep,
+    struct Side {
+        double sign, edge;
+        const FixedBeside &fixed;
+    };
+
+    void PlaceSide(const std::vector<Row *> &rows, const Side &side, bool keep,
                    std::vector<double> &middles) const {
-        const std::vector<double> distances = keep ? Kept(rows, sign, edge) : Closest(rows);
+        const std::vector<double> distances = keep ? Kept(rows, side) : Closest(rows, side);
         for (size_t i = 0; i < rows.size(); ++i)
-            for (int bar : rows[i]->bars) middles[size_t(bar)] = edge + sign * distances[i];
+            for (int bar : rows[i]->bars) middles[size_t(bar)] = side.edge + side.sign * distances[i];
     }
 
-    std::vector<double> Closest(const std::vector<Row *> &rows) const {
+    std::vector<double> Closest(const std::vector<Row *> &rows, const Side &side) const {
         std::vector<double> distances;
         double height = 0;
         for (size_t i = 0; i < rows.size(); ++i) {
             if (i > 0 && rows[i - 1]->lane != rows[i]->lane) height += gaps_.lanes;
             const double half = BreadthOf(*rows[i]) / 2;
-            distances.push_back(height + gaps_.across + half);
+            distances.push_back(side.fixed.Free(rows[i]->bars, height + gaps_.across + half));
             height = distances.back() + half;
         }
         return distances;
     }
 
-    std::vector<double> Kept(const std::vector<Row *> &rows, double sign, double edge) const {
+    std::vector<double> Kept(const std::vector<Row *> &rows, const Side &side) const {
         std::vector<double> distances;
         Skyline skyline(bars_, gaps_.along);
         for (size_t i = 0; i < rows.size(); ++i) {
             if (i > 0 && rows[i - 1]->lane != rows[i]->lane) skyline.Level(gaps_.lanes);
-            distances.push_back(DistanceOf(*rows[i], skyline, sign * (rows[i]->middle - edge)));
+            distances.push_back(DistanceOf(*rows[i], skyline, side));
         }
         return distances;
     }
@@ -277,19 +292,21 @@ private:
         return breadth;
     }
 
-    double DistanceOf(const Row &row, Skyline &skyline, double present) const {
+    double DistanceOf(const Row &row, Skyline &skyline, const Side &side) const {
+        const double present = side.sign * (row.middle - side.edge);
         double needed = 0;
         for (int bar : row.bars)
             needed = std::max(needed, skyline.Above(bars_[size_t(bar)]) + gaps_.across +
                                           bars_[size_t(bar)].breadth / 2);
-        const double distance = present + kRounding >= needed ? present : needed;
+        const double distance = side.fixed.Free(row.bars, present + kRounding >= needed ? present : needed);
         for (int bar : row.bars) skyline.Raise(bars_[size_t(bar)], distance + bars_[size_t(bar)].breadth / 2);
         return distance;
     }
 
     const std::vector<PlannedBar> &bars_;
-    const StripEdges &strip_;
     const RowGaps &gaps_;
+    FixedBeside behind_, before_;
+    std::array<Side, 2> sides_;
 };
 
 // Looks for the order of rows, within their lanes, in which links cross least. What it finds doesn't depend
@@ -442,9 +459,10 @@ int CountCrossings(const std::vector<PlannedBar> &bars, const std::vector<BarLin
 }
 
 std::vector<double> PlanRows(const std::vector<PlannedBar> &bars, const std::vector<BarLink> &links,
-                             const StripEdges &strip, const RowGaps &gaps, RowOrder order) {
+                             const StripEdges &strip, const RowGaps &gaps, RowOrder order,
+                             const std::vector<FixedBox> &fixed) {
     std::vector<Row> rows = Rows(bars, links, gaps.along, order).Take();
-    const Stack stack(bars, strip, gaps);
+    const Stack stack(bars, strip, gaps, fixed);
     std::vector<double> middles(bars.size(), 0);
     stack.Place(InPresentOrder(rows), true, middles);
     if (order == RowOrder::Keep) return middles;

@@ -19,6 +19,12 @@ struct BarLink {
     int from = 0, to = 0; // positions among the bars
 };
 
+// What doesn't move.
+struct FixedBox {
+    double begin = 0, end = 0;     // along
+    double before = 0, behind = 0; // across, in ascending order
+};
+
 struct StripEdges {
     double before = 0, behind = 0; // across
 };
@@ -34,11 +40,12 @@ enum class RowOrder {
            // least
 };
 
-// The middle of each bar, across: nothing lies on another, rows keep within their lanes, and what needn't
-// move stays. With Choose the present order stays unless another has at least a tenth fewer crossings; so a
-// second run changes nothing.
+// The middle of each bar, across: nothing lies on another or on what is fixed, rows keep within their lanes,
+// and what needn't move stays. With Choose the present order stays unless another has at least a tenth fewer
+// crossings; so a second run changes nothing.
 std::vector<double> PlanRows(const std::vector<PlannedBar> &bars, const std::vector<BarLink> &links,
-                             const StripEdges &strip, const RowGaps &gaps, RowOrder order);
+                             const StripEdges &strip, const RowGaps &gaps, RowOrder order,
+                             const std::vector<FixedBox> &fixed = {});
 
 // How often straight links between the middles of the bars cross.
 int CountCrossings(const std::vector<PlannedBar> &bars, const std::vector<BarLink> &links,

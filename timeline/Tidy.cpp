@@ -7,6 +7,7 @@
 #include "support/Error.h"
 #include "timeline/Arrange.h"
 #include "timeline/DateText.h"
+#include "timeline/Span.h"
 #include "timeline/TimelineNodes.h"
 
 #include <algorithm>
@@ -37,6 +38,7 @@ StripByDate ReadStrip(const diagram::Surface &flow) {
         (HasMonthForm(node.Text()) ? month.months : month.days).push_back(&node);
         month.needed = month.needed || node.Links().Count() > 0;
     }
+    for (const QDate &first : MonthsOfEnds(flow)) strip[first].needed = true;
     return strip;
 }
 

@@ -81,6 +81,7 @@ std::unique_ptr<Gesture> DateNodes::Move(const PointerInput &input) {
     const QPointF distance = Distance(input);
     const bool goesAlong = !AlongTheStrip(distance).isNull() || !keeps_ || !input.Shift();
     day_ = days_.DayAt(surface_, goesAlong ? place_ + AlongTheStrip(input.at - press_.at) : place_);
+    following_ = days_.WhatFollows(surface_, NewDates());
     held_.MoveBy(surface_, distance);
     return nullptr;
 }
@@ -110,8 +111,7 @@ void DateNodes::Commit(const PointerInput &input) {
     if ((keeps_ ? distance - AlongTheStrip(distance) : distance).isNull() && dates.empty()) return;
     const ActionGroup group(surface_);
     held_.MoveBy(surface_, distance);
-    if (!dates.empty()) days_.SetDates(surface_, dates);
-    days_.Settle(surface_, HeldNow());
+    dates.empty() ? days_.Settle(surface_, HeldNow()) : days_.SetDates(surface_, dates, HeldNow());
     surface_.Events().AfterMove(surface_);
 }
 
@@ -122,6 +122,7 @@ void DateNodes::Show(Overlay &overlay) const {
     overlay.size = days_.Written(*day_);
     overlay.sizeUnder = pressed->Bounds();
     if (const std::optional<QLineF> place = days_.PlaceOf(surface_, *day_)) overlay.guides.push_back(*place);
+    ShowFollowing(following_, overlay);
 }
 
 // What the node lines up with along the strip is its date.
@@ -136,6 +137,12 @@ void DateNodes::ShowRows(Overlay &overlay) const {
 Qt::CursorShape DateNodes::Pointer() const {
     if (keeps_) return Qt::SizeAllCursor;
     return days_.RunsRightwards(surface_) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
+}
+
+void ShowFollowing(const DayStrip::Following &following, Overlay &overlay) {
+    if (following.count == 0) return;
+    overlay.size += QStringLiteral(", ") + following.told;
+    for (const QRectF &box : following.boxes) overlay.ghost.addRect(box);
 }
 
 bool MoveSelectionByDays(Surface &surface, DayStrip &strip, const QPointF &direction, int days) {

@@ -49,7 +49,11 @@ private:
     QRectF extent_;            // of all of them at the press
     QPointF corner_;           // left top of the pressed node at the press
     std::optional<QDate> day_; // to which the lead goes
+    DayStrip::Following following_;
 };
+
+// Shows what else goes on, and where to.
+void ShowFollowing(const DayStrip::Following &following, Overlay &overlay);
 
 // Where nodes stay at their dates and the direction is along the strip: the selected nodes with a date go on
 // or back by `days`, as one step. Else false.

@@ -1,6 +1,7 @@
 #include "diagram/interaction/Press.h"
 
 #include "diagram/interaction/CopyNodes.h"
+#include "diagram/interaction/DateEnds.h"
 #include "diagram/interaction/DrawLink.h"
 #include "diagram/interaction/DrawNode.h"
 #include "diagram/interaction/MoveBend.h"
@@ -53,6 +54,8 @@ std::unique_ptr<Gesture> OnLinkStart(const DragStart &start) {
 
 std::unique_ptr<Gesture> OnHandle(const DragStart &start) {
     if (!start.node) return nullptr;
+    if (DateEnds::Begins(start.stage, *start.node, start.index))
+        return std::make_unique<DateEnds>(start.scene, start.stage, *start.node, start.index, start.press);
     return std::make_unique<ResizeNodes>(start.scene, start.stage, *start.node, start.index, start.press);
 }
 

@@ -117,10 +117,10 @@ ResizeNodes::ResizeNodes(Scene &scene, const Stage &stage, Node &pressed, int ha
     : surface_(scene.Model()),
       press_(press),
       held_(surface_.SelectedNodes()),
-      snapping_(scene, stage, &held_),
-      stage_(stage),
       pressed_(pressed.Id()),
       box_(pressed.Bounds()),
+      snapping_(scene, stage, &held_),
+      stage_(stage),
       handle_(handle) {}
 
 QPointF ResizeNodes::OnGrid(const QPointF &distance) const {
@@ -172,6 +172,8 @@ void ResizeNodes::Show(Overlay &overlay) const {
 }
 
 Qt::CursorShape ResizeNodes::Pointer() const { return HandlePointer(handle_); }
+
+QPoint SidesOfHandle(int handle) { return {Row(handle).x, Row(handle).y}; }
 
 Qt::CursorShape HandlePointer(int handle) { return Row(handle).pointer; }
 

@@ -33,18 +33,21 @@ public:
     Qt::CursorShape Pointer() const override;
     bool GrowsThePage() const override { return true; }
 
-private:
+protected:
     QRectF Box(const PointerInput &input);
-    QPointF OnGrid(const QPointF &distance) const;
     void Apply(const QRectF &box);
 
     Surface &surface_;
     PointerInput press_;
     HeldItems held_;
-    Snapping snapping_;
-    const Stage &stage_;
     ItemId pressed_;
     QRectF box_; // of the pressed node at the press
+
+private:
+    QPointF OnGrid(const QPointF &distance) const;
+
+    Snapping snapping_;
+    const Stage &stage_;
     QRectF shown_;
     int handle_;
 };
@@ -54,6 +57,8 @@ private:
 // proportion, as with the mouse. False when no node is selected.
 bool ResizeSelection(Surface &surface, DayStrip &days, const QPointF &growth, bool goesOn = false);
 
+// Which sides a handle moves: x -1 for the left one, 1 for the right one, y for top and bottom, 0 for none.
+QPoint SidesOfHandle(int handle);
 // The pointer shape for a handle.
 Qt::CursorShape HandlePointer(int handle);
 // The size of a node as the user reads it, in pixels at zoom 100.

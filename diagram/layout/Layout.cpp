@@ -74,7 +74,7 @@ LayoutSubject SubjectOf(const Surface &surface, LayoutScope scope) {
         subject.links.push_back(link->Id());
         subject.graph.edges.push_back({from, to});
         subject.graph.labels.push_back(link->Text().isEmpty() ? QSizeF(0, 0)
-                                                              : LabelBox(*link, nullptr).size());
+                                                              : LabelSize(*link, nullptr));
     }
     return subject;
 }

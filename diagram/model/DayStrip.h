@@ -6,6 +6,7 @@
 #include <QDate>
 #include <QLineF>
 #include <QPointF>
+#include <QRectF>
 #include <QString>
 #include <vector>
 
@@ -24,6 +25,9 @@ public:
     // The node's date, nothing for a node without one, and how the user writes it.
     virtual std::optional<QDate> DateOf(const Node &) const { return std::nullopt; }
     virtual QString Written(const QDate &) const { return {}; }
+    // The node's last day, nothing for one without an end; both days of it, as the user writes them.
+    virtual std::optional<QDate> EndOf(const Node &) const { return std::nullopt; }
+    virtual QString DatesOf(const Node &) const { return {}; }
     // The day at that place along the strip, beyond its ends too; nothing while no strip is seen.
     virtual std::optional<QDate> DayAt(const Surface &, const QPointF &) const { return std::nullopt; }
     // Across the strip where that day stands; nothing for a day that the strip doesn't reach.
@@ -42,9 +46,20 @@ public:
     struct Dated {
         Node *node;
         QDate date;
+        // Where it is left out, an end goes with the date by as many days.
+        std::optional<QDate> end{};
     };
-    // Gives the nodes these dates, inside the group of changes that the caller has opened.
-    virtual void SetDates(Surface &, const std::vector<Dated> &) {}
+    // Gives the nodes these dates, inside the group of changes that the caller has opened. Where nodes stay
+    // at their dates they go there; `moved` are those that were moved besides, as for Settle.
+    virtual void SetDates(Surface &, const std::vector<Dated> &, const std::vector<Node *> & = {}) {}
+
+    // What else would go on to a later date with them.
+    struct Following {
+        int count = 0;
+        QString told;              // how many, for the user; empty for none
+        std::vector<QRectF> boxes; // along the strip where they would stand, as far as that is seen
+    };
+    virtual Following WhatFollows(const Surface &, const std::vector<Dated> &) const { return {}; }
 
     // Lays the strip out where it belongs, inside the group of changes that the caller has opened: everything
     // on the surface was moved.

@@ -1,6 +1,7 @@
 #include "diagram/view/SurfaceViewKeys.h"
 
 #include "diagram/interaction/BendByKeys.h"
+#include "diagram/interaction/DateEnds.h"
 #include "diagram/interaction/DateNodes.h"
 #include "diagram/interaction/LinkByKeys.h"
 #include "diagram/interaction/MoveNodes.h"
@@ -162,7 +163,9 @@ bool SurfaceView::Impl::Keys::MoveBy(const QPointF &distance, quint64 time) {
 
 bool SurfaceView::Impl::Keys::Resize(const QPointF &growth, quint64 time) {
     const bool resized = run_.Do(KeyRun::Kind::Resize, time, [&](bool goesOn) {
-        return ResizeSelection(surface_, impl_.Days(), growth, goesOn);
+        const int days = std::max(std::abs(growth.x()), std::abs(growth.y())) > kPixelTwips ? kWeek : 1;
+        return MoveEndsByDays(surface_, impl_.Days(), growth, days, goesOn) ||
+               ResizeSelection(surface_, impl_.Days(), growth, goesOn);
     });
     const Node *node = resized ? surface_.SelectedNode() : nullptr;
     if (!node) return resized;

@@ -28,10 +28,10 @@ QString TipAt(Scene &scene, Renderer &renderer, const Viewport &viewport, const 
     const double scale = std::min(viewport.xScale(), viewport.yScale());
     if (const Node *node = NodeAtPoint(scene, float(at.x()), float(at.y()))) {
         const bool read = !renderer.TextIsCut(*node) && IsLegible(node->Font(), scale);
-        const std::optional<QDate> date = days.DateOf(*node);
+        const QString dates = days.DatesOf(*node);
         QStringList lines;
         if (!read && !node->ShownText().isEmpty()) lines << node->ShownText().left(kLongestTip);
-        if (date) lines << days.Written(*date);
+        if (!dates.isEmpty()) lines << dates;
         return lines.join(QLatin1Char('\n'));
     }
     const Hit hit = HitTest(scene, at, OptionsFor({at, viewport.FromSurface(at), viewport.Pixel(), {}}));

@@ -1,6 +1,7 @@
 // The date of a node.
 #include "tests/dialogs/NodeDialogTest.h"
 #include "timeline/AddTimelineLink.h"
+#include "timeline/Span.h"
 
 #include <QCalendarWidget>
 #include <QCheckBox>
@@ -54,6 +55,25 @@ TEST_F(NodeDates, ADateIsTypedInAnyForm) {
         Click("OKButton");
         EXPECT_EQ(timeline::DateOfNode(*node), QStringLiteral("02 January 2005")) << typed;
     }
+}
+
+TEST_F(NodeDates, AnEndIsShownAndTypedInTheSameBox) {
+    Date(*node, QStringLiteral("14 March 2004"));
+    timeline::SetEndOfNode(*node, QDate(2004, 4, 2));
+    Open(*node);
+    EXPECT_EQ(DateText().text(), QStringLiteral("14 March 2004 - 02 April 2004"));
+    Click("OKButton");
+    EXPECT_EQ(timeline::SpanOfNode(*node), (timeline::Span{QDate(2004, 3, 14), QDate(2004, 4, 2)}));
+    Open(*node);
+    GoTo(kDate);
+    Type(QStringLiteral("14/3/2004 for 3d"));
+    Click("OKButton");
+    EXPECT_EQ(timeline::SpanOfNode(*node), (timeline::Span{QDate(2004, 3, 14), QDate(2004, 3, 16)}));
+    Open(*node);
+    GoTo(kDate);
+    Type(QStringLiteral("15/3/2004"));
+    Click("OKButton");
+    EXPECT_EQ(timeline::SpanOfNode(*node), timeline::Span{QDate(2004, 3, 15)});
 }
 
 TEST_F(NodeDates, WhatIsUnderstoodIsShownBesideTheBoxWhileItIsTyped) {

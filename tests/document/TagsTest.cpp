@@ -72,7 +72,8 @@ TEST(Tag, NoKeyInUseBeginsAnother) {
         tags::kGroup,         tags::kLevel,           tags::kHyper,       tags::kTheDate,
         tags::kDateFormat,    tags::kTimelineAlign,   tags::kMissing,     tags::kNamesOfLevels,
         tags::kNamesOfGroups, tags::kMonthHidden,     tags::kMonthFolded, tags::kBandsHidden,
-        tags::kWeekends,      tags::kTodayEverywhere, tags::kAtDates,     tags::kLanes};
+        tags::kWeekends,      tags::kTodayEverywhere, tags::kAtDates,     tags::kLanes,
+        tags::kPushFollowing, tags::kEndDate,         tags::kOwnExtent};
     for (const QString &a : keys)
         for (const QString &b : keys)
             EXPECT_EQ(a.startsWith(b, Qt::CaseInsensitive), a == b) << a.toStdString();

@@ -169,6 +169,7 @@ constexpr const char *kMenu[] = {
     "mnuViewPlan|keyDate|command|&Date...",
     "mnuViewPlan|mnuViewTimelineLineUp|command|&Line up by date",
     "mnuViewPlan|mnuViewTimelineKeep|check|&Keep Nodes at their dates",
+    "mnuViewPlan|mnuViewTimelinePush|check|&Push what follows",
     "mnuViewPlan|mnuViewLanes|menu|L&anes beside the timeline",
     "mnuViewLanes|mnuViewLanesNone|check|None",
     "mnuViewLanes|mnuViewLanesLevel|check|By level",

@@ -14,6 +14,8 @@
 #include "timeline/DaysOfStrip.h"
 #include "timeline/LineUp.h"
 #include "timeline/LineUpPlan.h"
+#include "timeline/MoveDates.h"
+#include "timeline/Span.h"
 #include "timeline/Tidy.h"
 
 #include <QTemporaryDir>
@@ -27,13 +29,23 @@ namespace {
 struct Standing {
     QRectF box;
     QString date;
+    std::optional<QDate> end;
     friend bool operator==(const Standing &, const Standing &) = default;
 };
 
 std::vector<Standing> StandingOf(const diagram::Surface &flow) {
     std::vector<Standing> standing;
-    for (const diagram::Node &node : flow.Nodes()) standing.push_back({node.Bounds(), DateOfNode(node)});
+    for (const diagram::Node &node : flow.Nodes())
+        standing.push_back({node.Bounds(), DateOfNode(node), EndOfNode(node)});
     return standing;
+}
+
+// The last days of nodes that have one, in the order of the surface.
+std::vector<QDate> Ends(const diagram::Surface &flow) {
+    std::vector<QDate> ends;
+    for (const diagram::Node &node : flow.Nodes())
+        if (const auto span = SpanOfNode(node); span && span->last) ends.push_back(*span->last);
+    return ends;
 }
 
 // On the centre of its day, but for the edge of the surface.
@@ -44,15 +56,38 @@ bool StandsAtItsDate(const diagram::Node &node, const QPointF &place, bool right
     return std::abs(along) <= kAtItsPlace || (begin <= kAtItsPlace && along > 0);
 }
 
+// Along the strip, from the slot of its first day to that of its last one; of days that aren't seen nothing
+// is said here.
+bool ReachesOverItsDays(const DaysOfStrip &days, const diagram::Node &node) {
+    const diagram::Surface &flow = node.Owner();
+    const bool rightwards = days.RunsRightwards(flow);
+    const double begin = rightwards ? node.Left() : node.Top();
+    const double end = begin + (rightwards ? node.Width() : node.Height());
+    const auto place = [&](const QDate &date) {
+        const std::optional<QLineF> line = days.PlaceOf(flow, date);
+        return !line ? std::optional<double>() : rightwards ? line->center().x() : line->center().y();
+    };
+    const auto half = [&](const QDate &date) {
+        const auto here = place(date), next = place(date.addDays(date.day() == 1 ? 1 : -1));
+        return std::abs(here.value() - next.value()) / 2;
+    };
+    const QDate first = days.DateOf(node).value(), last = days.EndOf(node).value();
+    const auto from = place(first), to = place(last);
+    return (!from || std::abs(*from - half(first) - begin) <= kAtItsPlace) &&
+           (!to || std::abs(*to + half(last) - end) <= kAtItsPlace);
+}
+
 int ExpectAtDates(document::MapWindow &window, const diagram::Surface &flow, const std::string &after) {
     const DaysOfStrip days(window);
     int dated = 0;
     for (const diagram::Node &node : flow.Nodes()) {
         const auto date = node.Selectable() ? days.DateOf(node) : std::nullopt;
         const auto place = date ? days.PlaceOf(flow, *date) : std::nullopt;
+        const auto end = date ? days.EndOf(node) : std::nullopt;
+        EXPECT_TRUE(!end || ReachesOverItsDays(days, node)) << after;
         if (!place) continue;
         ++dated;
-        EXPECT_TRUE(StandsAtItsDate(node, place->center(), days.RunsRightwards(flow))) << after;
+        EXPECT_TRUE(end || StandsAtItsDate(node, place->center(), days.RunsRightwards(flow))) << after;
         EXPECT_GE(node.Left(), 0) << after;
         EXPECT_GE(node.Top(), 0) << after;
     }
@@ -92,9 +127,11 @@ protected:
 
     void DateSome() {
         std::vector<NodeDate> dates;
-        for (std::size_t i = 0; i < 1 + Below(3); ++i)
-            dates.push_back(
-                {nodes[Below(20)], FormatDate(QDate(2027, 1, 1).addDays(qint64(Below(270))), kDayPattern)});
+        for (std::size_t i = 0; i < 1 + Below(3); ++i) {
+            const QDate first = QDate(2027, 1, 1).addDays(qint64(Below(270)));
+            dates.push_back({nodes[Below(20)], FormatDate(first, kDayPattern)});
+            if (Below(2) > 0) dates.back().last = first.addDays(qint64(Below(60)));
+        }
         AddTimelineLinks(window, flow, dates);
     }
     void Stretch(float factor) {
@@ -114,7 +151,7 @@ protected:
         FollowDates(window, flow, {&node});
     }
     std::string ChangeSomething() {
-        const std::size_t what = Below(9);
+        const std::size_t what = Below(11);
         switch (what) {
         case 0:
             Stretch(1.1F);
@@ -139,6 +176,12 @@ protected:
             break;
         case 7:
             PutElsewhere();
+            break;
+        case 8:
+            SetPushesFollowing(flow, Below(2) > 0);
+            break;
+        case 9:
+            MoveDates(window, flow, {nodes[Below(20)], nodes[Below(20)]}, {int(Below(9)) - 4});
             break;
         default:
             DateSome();
@@ -172,6 +215,7 @@ TEST_P(KeptAtDates, AfterSavingAndOpening) {
     Set(document::tags::kTimelineAlign, QString::number(GetParam() % 5));
     for (int i = 0; i < 5; ++i) DateSome();
     SetLanes(flow, Lanes::Level);
+    SetPushesFollowing(flow, true);
     const QTemporaryDir folder;
     const ProgramFolder program;
     window.clsSettings().SetDatabase(folder.filePath(QStringLiteral("plan.map")));
@@ -182,6 +226,8 @@ TEST_P(KeptAtDates, AfterSavingAndOpening) {
     diagram::Surface &there = opened.AddFlow1()[0];
     EXPECT_TRUE(KeepsNodesAtDates(there));
     EXPECT_EQ(LanesOf(there), Lanes::Level);
+    EXPECT_TRUE(PushesFollowing(there));
+    EXPECT_EQ(Ends(there), Ends(flow));
     EXPECT_EQ(ExpectAtDates(opened, there, "opened"), ExpectAtDates(window, flow, "saved"));
     EXPECT_EQ(LineUp(opened, there, RowOrder::Keep).moved, 0);
 }

@@ -24,11 +24,12 @@ frmDate::frmDate(DateFormArgument &argument, QWidget *parent) : QDialog(parent),
     chkDate_->setObjectName(QStringLiteral("chkDate"));
     chkDate_->setChecked(true); // whoever opens the form wants a date
     const QDate begin = argument.date.value_or(argument.view.today);
-    txtDate_ = new QLineEdit(BeginsEmpty() ? QString() : FormatDate(begin, kDayPattern), this);
+    txtDate_ = new QLineEdit(BeginsEmpty() ? QString() : AsWritten({begin, argument.last}), this);
     txtDate_->setObjectName(QStringLiteral("txtDate"));
     txtDate_->setAccessibleName(tr("Date"));
     txtDate_->setToolTip(
-        tr("Such as 14 March, 14/3/2004, next Friday, +2w, week 14 or end of June") +
+        tr("Such as 14 March, 14/3/2004, next Friday, +2w, week 14 or end of June; with an end such as "
+           "14 March - 2 April or 14 March for 2w") +
         (argument.several.size() > 1 ? tr("; +2w moves each from its own date") : QString()));
     lblMeaning_ = new QLabel(this);
     lblMeaning_->setObjectName(QStringLiteral("lblMeaning"));
@@ -66,20 +67,21 @@ void frmDate::Connect() {
 }
 
 bool frmDate::BeginsEmpty() const {
-    return std::ranges::adjacent_find(argument_.several, std::not_equal_to()) != argument_.several.end();
+    return argument_.lastsDiffer ||
+           std::ranges::adjacent_find(argument_.several, std::not_equal_to()) != argument_.several.end();
 }
 
 void frmDate::Typed() {
     Read();
-    if (date_) calDate_->setSelectedDate(*date_);
+    if (span_) calDate_->setSelectedDate(span_->first);
 }
 
 void frmDate::Read() {
     step_.reset();
-    date_.reset();
+    span_.reset();
     if (!ReadStep()) {
-        const DateRead read = ReadDateAsWritten(txtDate_->text(), argument_.view);
-        date_ = read.date;
+        const SpanRead read = ReadSpanAsWritten(txtDate_->text(), argument_.view);
+        span_ = read.span;
         ShowMeaning(read.told);
     }
     UpdateButtons();
@@ -103,19 +105,23 @@ void frmDate::ShowMeaning(const QString &meaning) {
     txtDate_->setAccessibleDescription(meaning);
 }
 
-void frmDate::Chosen(const QDate &date) { txtDate_->setText(FormatDate(date, kDayPattern)); }
+void frmDate::Chosen(const QDate &date) {
+    txtDate_->setText(AsWritten(span_ ? BegunOn(*span_, date) : Span{date}));
+}
 
 void frmDate::UpdateButtons() {
     const bool dated = chkDate_->isChecked();
     txtDate_->setEnabled(dated);
     lblMeaning_->setEnabled(dated);
     calDate_->setEnabled(dated);
-    ok_->setEnabled(date_ || step_ || !dated);
+    ok_->setEnabled(span_ || step_ || !dated);
 }
 
 void frmDate::accept() {
     if (!ok_->isEnabled()) return;
-    argument_.date = chkDate_->isChecked() ? date_ : std::nullopt;
+    const std::optional<Span> span = chkDate_->isChecked() ? span_ : std::nullopt;
+    argument_.date = span ? std::optional(span->first) : std::nullopt;
+    argument_.last = span ? span->last : std::nullopt;
     argument_.step = chkDate_->isChecked() ? step_ : std::nullopt;
     QDialog::accept();
 }

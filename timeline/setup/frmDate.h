@@ -2,7 +2,7 @@
 #pragma once
 
 #include "timeline/DateStep.h"
-#include "timeline/ReadDateAsWritten.h"
+#include "timeline/ReadSpan.h"
 
 #include <optional>
 #include <QDate>
@@ -22,14 +22,16 @@ struct DateFormArgument {
     // In: what the node has, or the first of several. Out, after OK: what they shall have, unless there is a
     // step.
     std::optional<QDate> date;
+    std::optional<QDate> last{}; // the same of the end; nothing for none
+    bool lastsDiffer = false;    // several nodes have different ends
     DateView view{};
     std::vector<std::optional<QDate>> several{}; // what each of several nodes has
     std::optional<DateStep> step{};              // out: each moves from its own date
 };
 
-// The date is typed in whatever form ReadDateAsWritten reads, and shown in full below, or chosen in the
-// calendar; OK waits for one. With several nodes of different dates the box begins empty; +2w and the like
-// move each from its own date, where any of them has one.
+// The date is typed in whatever form ReadSpanAsWritten reads, and shown in full below, or chosen in the
+// calendar, which moves an end along; OK waits for one. With several nodes of different dates the box begins
+// empty; +2w and the like move each from its own date, where any of them has one.
 class frmDate : public QDialog {
     Q_OBJECT
 public:
@@ -48,7 +50,7 @@ private:
     void ShowMeaning(const QString &meaning);
 
     DateFormArgument &argument_;
-    std::optional<QDate> date_;    // that of the text
+    std::optional<Span> span_;     // that of the text
     std::optional<DateStep> step_; // the same
     QCheckBox *chkDate_;
     QLineEdit *txtDate_;

@@ -3,12 +3,15 @@
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
+#include "document/clsfrmMain.h"
 #include "document/MemoryWindow.h"
 #include "document/Tags.h"
 #include "support/headless/HeadlessDesktop.h"
 #include "timeline/AddTimelineLink.h"
+#include "timeline/AtDates.h"
 #include "timeline/CalendarOfStrip.h"
 #include "timeline/DateText.h"
+#include "timeline/LineUp.h"
 #include "timeline/TimelineNodes.h"
 
 #include <cstdio>
@@ -30,7 +33,24 @@ struct Plan {
     int nodes, days; // from one node to the next
     int arrangement;
     bool dark;
+    bool bars = false; // in lanes, instead of days
 };
+
+// What a plan with bars holds: the row of the lane, the days from the start and how many it lasts, 0 for a
+// day.
+struct Task {
+    const char *text;
+    int lane, from, lasts;
+    int after; // which task it waits for, -1 for none
+};
+constexpr Task kTasks[] = {
+    {"Interviews", 0, 3, 18, -1},     {"Survey", 0, 24, 14, 0},    {"Report", 0, 40, 10, 1},
+    {"Concept", 1, 30, 25, 1},        {"Prototype", 1, 58, 30, 3}, {"Go or no go", 1, 92, 0, 4},
+    {"Build", 1, 95, 60, 5},          {"Test", 1, 140, 40, 6},     {"Fixes", 1, 182, 20, 7},
+    {"Name and brand", 2, 45, 30, 2}, {"Site", 2, 100, 45, 9},     {"Campaign", 2, 170, 50, 10},
+    {"Launch", 2, 224, 0, 11},        {"Fair", 2, 120, 6, -1},
+};
+constexpr const char *kLanes[] = {"Research", "Product", "Market"};
 
 // What the delivered months look like.
 void BuildMonthLook(Surface &surface, bool dark, bool rightwards) {
@@ -64,17 +84,43 @@ Node &AddNode(Surface &surface, const Plan &plan, int i) {
     return node;
 }
 
+void AddTasks(document::MapWindow &window, Surface &surface, const Plan &plan) {
+    std::vector<timeline::NodeDate> dates;
+    std::vector<QString> keys;
+    for (const char *name : kLanes)
+        keys.push_back(window.clsSettings().Levels().Create(QString::fromLatin1(name), false, 0).Key);
+    for (const Task &task : kTasks) {
+        Node &node = surface.Nodes().Add(1000, 3000, 110 * kTwips, 36 * kTwips);
+        node.SetText(QString::fromLatin1(task.text));
+        node.SetFillColor(kFills[task.lane]);
+        node.SetBorderColor(kFills[task.lane]);
+        document::SetTag(node, document::tags::kLevel, keys[std::size_t(task.lane)]);
+        if (task.after >= 0) dates[std::size_t(task.after)].node->Links().Add(node).SetStyle(6);
+        const QDate first = plan.start.addDays(task.from);
+        dates.push_back({&node, timeline::FormatDate(first, timeline::kDayPattern)});
+        if (task.lasts > 0) dates.back().last = first.addDays(task.lasts - 1);
+    }
+    timeline::SetLanes(surface, timeline::Lanes::Level);
+    timeline::SetKeepsNodesAtDates(surface, true);
+    timeline::AddTimelineLinks(window, surface, dates);
+    timeline::LineUp(window, surface, timeline::RowOrder::Choose);
+}
+
+void AddDays(document::MapWindow &window, Surface &surface, const Plan &plan) {
+    std::vector<timeline::NodeDate> dates;
+    for (int i = 0; i < plan.nodes; ++i)
+        dates.push_back({&AddNode(surface, plan, i),
+                         timeline::FormatDate(plan.start.addDays(i * plan.days), timeline::kDayPattern)});
+    timeline::AddTimelineLinks(window, surface, dates);
+}
+
 void Draw(document::MapWindow &window, Surface &surface, const Plan &plan) {
     surface.SetBackColor(plan.dark ? 0x281C14 : 0xFFFFFF);
     document::SetTag(surface, document::tags::kTimelineAlign, QString::number(plan.arrangement));
     document::SetTag(surface, document::tags::kMissing, QStringLiteral("True"));
     BuildMonthLook(surface, plan.dark, plan.arrangement >= 2);
     surface.SetSize(1200 * kTwips, 640 * kTwips);
-    std::vector<timeline::NodeDate> dates;
-    for (int i = 0; i < plan.nodes; ++i)
-        dates.push_back({&AddNode(surface, plan, i),
-                         timeline::FormatDate(plan.start.addDays(i * plan.days), timeline::kDayPattern)});
-    timeline::AddTimelineLinks(window, surface, dates);
+    plan.bars ? AddTasks(window, surface, plan) : AddDays(window, surface, plan);
     timeline::SetShows(surface, timeline::CalendarPart::Weekends, plan.dark);
 }
 
@@ -115,6 +161,9 @@ int main(int argc, char **argv) {
     for (const bool dark : {false, true})
         for (int arrangement = 0; arrangement < 5; ++arrangement)
             Write(folder, {"launch", QDate(2026, 9, 3), 25, 11, arrangement, dark}, desktop);
+    for (const bool dark : {false, true})
+        for (const int arrangement : {0, 2})
+            Write(folder, {"bars", QDate(2026, 9, 3), 0, 0, arrangement, dark, true}, desktop);
     Write(folder, {"decade", QDate(2024, 2, 3), 40, 91, 2, false}, desktop);
     std::printf("%s\n", qPrintable(folder.absolutePath()));
     return 0;

@@ -131,6 +131,46 @@ TEST_F(DateForm, WithoutTheTickThereIsNoDate) {
     EXPECT_FALSE(argument.date.has_value());
 }
 
+TEST_F(DateForm, AnEndIsShownTypedAndTakenAway) {
+    argument.date = QDate(2004, 3, 14);
+    argument.last = QDate(2004, 4, 2);
+    Open();
+    EXPECT_EQ(Text().text(), QStringLiteral("14 March 2004 - 02 April 2004"));
+    EXPECT_EQ(Meaning().text(), QStringLiteral("Sunday, 14 March 2004 to Friday, 2 April 2004, 20 days"));
+    Type("14/3/2004 for 2w");
+    EXPECT_EQ(Calendar().selectedDate(), QDate(2004, 3, 14));
+    Ok().click();
+    EXPECT_EQ(argument.date, QDate(2004, 3, 14));
+    EXPECT_EQ(argument.last, QDate(2004, 3, 27));
+    Open();
+    Type("2 Apr 2004 - 14 Mar 2004");
+    EXPECT_FALSE(Ok().isEnabled());
+    EXPECT_EQ(Meaning().text(), QStringLiteral("The end lies before the beginning"));
+    Type("14 Mar 2004");
+    Ok().click();
+    EXPECT_FALSE(argument.last.has_value());
+}
+
+TEST_F(DateForm, TheCalendarMovesAnEndAlong) {
+    argument.date = QDate(2004, 3, 14);
+    argument.last = QDate(2004, 3, 20);
+    Open();
+    Q_EMIT Calendar().clicked(QDate(2004, 6, 2));
+    EXPECT_EQ(Text().text(), QStringLiteral("02 June 2004 - 08 June 2004"));
+}
+
+TEST_F(DateForm, NodesWithDifferentEndsBeginWithAnEmptyBox) {
+    argument.date = QDate(2004, 3, 14);
+    argument.last = QDate(2004, 3, 20);
+    argument.several = {QDate(2004, 3, 14), QDate(2004, 3, 14)};
+    argument.lastsDiffer = true;
+    Open();
+    EXPECT_TRUE(Text().text().isEmpty());
+    argument.lastsDiffer = false;
+    Open();
+    EXPECT_EQ(Text().text(), QStringLiteral("14 March 2004 - 20 March 2004"));
+}
+
 TEST_F(DateForm, CancelKeepsTheDate) {
     argument.date = QDate(2004, 3, 14);
     Open();
