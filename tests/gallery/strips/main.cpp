@@ -3,12 +3,16 @@
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
+#include "document/clsfrmMain.h"
 #include "document/MemoryWindow.h"
 #include "document/Tags.h"
 #include "support/headless/HeadlessDesktop.h"
+#include "tests/gallery/strips/Plans.h"
 #include "timeline/AddTimelineLink.h"
+#include "timeline/AtDates.h"
 #include "timeline/CalendarOfStrip.h"
 #include "timeline/DateText.h"
+#include "timeline/LineUp.h"
 #include "timeline/TimelineNodes.h"
 
 #include <cstdio>
@@ -23,59 +27,93 @@ namespace {
 constexpr float kTwips = 15;
 constexpr const char *kArrangements[] = {"left", "right", "top", "bottom", "center"};
 constexpr support::Colour kFills[] = {0xF7E3CF, 0xDBEED3, 0xBCE9FC, 0xCAD6F9, 0xF3D9E2};
+constexpr float kNodeWidth = 120, kNodeHeight = 40; // pixels
 
 struct Plan {
     const char *name;
     QDate start;
-    int nodes, days; // from one node to the next
+    const std::vector<gallery::PlanStep> &steps;
     int arrangement;
-    bool dark;
+    bool dark, lanes;
+    bool Rightwards() const { return arrangement >= 2; }
 };
 
 // What the delivered months look like.
-void BuildMonthLook(Surface &surface, bool dark, bool rightwards) {
+void BuildMonthLook(Surface &surface, const Plan &plan) {
     Node &look = *timeline::LocateTimeLineTemplateNode(surface, true);
     look.SetShape(1);
     look.SetDrawWidth(1);
-    look.SetBorderColor(dark ? 0x5A4A3C : 0xDCD0C5);
-    look.SetFillColor(dark ? 0x3C3028 : 0xF7F2EE);
-    look.SetForeColor(dark ? 0xDCD0C5 : 0x6A5444);
+    look.SetBorderColor(plan.dark ? 0x5A4A3C : 0xDCD0C5);
+    look.SetFillColor(plan.dark ? 0x3C3028 : 0xF7F2EE);
+    look.SetForeColor(plan.dark ? 0xDCD0C5 : 0x6A5444);
     look.SetFont(Font(QStringLiteral("Arial"), 9));
     look.SetAlignment(7);
     look.SetWidth(120 * kTwips);
-    look.SetHeight(float(rightwards ? 32 : 64) * kTwips);
+    look.SetHeight(float(plan.Rightwards() ? 32 : 64) * kTwips);
     document::SetTag(look, document::tags::kDateFormat, QStringLiteral("MMMM YYYY"));
 }
 
-// Rows beside the strip, each node about where its day stands.
-Node &AddNode(Surface &surface, const Plan &plan, int i) {
-    const bool rightwards = plan.arrangement >= 2;
-    const float along = float(i * plan.days) * 120 * kTwips / 30.4F, across = float(i % 4) * 70;
-    const float page = float(rightwards ? surface.Height() : surface.Width());
-    const float places[] = {230 + across * 2, page / kTwips - 390 - across * 2, 130 + across,
-                            page / kTwips - 210 - across,
-                            i % 2 ? 60 + across / 2 : page / kTwips - 180 + across / 2};
-    const float beside = places[plan.arrangement] * kTwips;
-    Node &node = rightwards ? surface.Nodes().Add(along, beside, 130 * kTwips, 46 * kTwips)
-                            : surface.Nodes().Add(beside, along * 64 / 120, 130 * kTwips, 40 * kTwips);
-    node.SetText(QStringLiteral("Step %1").arg(i + 1));
-    node.SetFillColor(kFills[i % 5]);
-    node.SetBorderColor(kFills[i % 5]);
+std::vector<QString> AddStreams(document::MapWindow &window) {
+    std::vector<QString> keys;
+    for (int i = 0; i < gallery::kStreams; ++i)
+        keys.push_back(window.clsSettings()
+                           .Levels()
+                           .Create(QString::fromUtf8(gallery::kStreamNames[i]), true, kFills[i])
+                           .Key);
+    return keys;
+}
+
+// Beside the strip; where exactly, the dates say.
+Node &AddNode(Surface &surface, const Plan &plan, const gallery::PlanStep &step, const QString &stream) {
+    const float along = float(step.day) * 4, page = float(plan.Rightwards() ? 800 : 1300);
+    const float spread = 60.0F * float(step.stream);
+    const float places[] = {230 + spread, page - 390 - spread, 130 + spread, page - 210 - spread,
+                            step.stream % 2 ? 120 + spread : page - 180 - spread};
+    const float beside = places[plan.arrangement];
+    Node &node = surface.Nodes().Add((plan.Rightwards() ? along : beside) * kTwips,
+                                     (plan.Rightwards() ? beside : along) * kTwips, kNodeWidth * kTwips,
+                                     kNodeHeight * kTwips);
+    node.SetText(QString::fromUtf8(step.text));
+    node.SetShape(2);
+    node.SetFont(Font(QStringLiteral("Arial"), 9));
+    node.SetFillColor(kFills[step.stream]);
+    node.SetBorderColor(0x6A5444);
+    document::SetTag(node, document::tags::kLevel, stream);
     return node;
+}
+
+void AddDependency(Node &from, Node &to, bool dark) {
+    Link &link = from.Links().Add(to);
+    link.SetLineColor(dark ? 0xB4A090 : 0x6A5444);
+    link.SetArrowDest(5);
+    link.SetArrowSizeDest(1);
 }
 
 void Draw(document::MapWindow &window, Surface &surface, const Plan &plan) {
     surface.SetBackColor(plan.dark ? 0x281C14 : 0xFFFFFF);
     document::SetTag(surface, document::tags::kTimelineAlign, QString::number(plan.arrangement));
     document::SetTag(surface, document::tags::kMissing, QStringLiteral("True"));
-    BuildMonthLook(surface, plan.dark, plan.arrangement >= 2);
-    surface.SetSize(1200 * kTwips, 640 * kTwips);
+    BuildMonthLook(surface, plan);
+    surface.SetSize(1300 * kTwips, 800 * kTwips);
+    const std::vector<QString> streams = AddStreams(window);
     std::vector<timeline::NodeDate> dates;
-    for (int i = 0; i < plan.nodes; ++i)
-        dates.push_back({&AddNode(surface, plan, i),
-                         timeline::FormatDate(plan.start.addDays(i * plan.days), timeline::kDayPattern)});
+    for (const gallery::PlanStep &step : plan.steps)
+        dates.push_back({&AddNode(surface, plan, step, streams[std::size_t(step.stream)]),
+                         timeline::FormatDate(plan.start.addDays(step.day), timeline::kDayPattern)});
+    for (std::size_t i = 0; i < dates.size(); ++i)
+        if (const int after = plan.steps[i].after; after >= 0)
+            AddDependency(*dates[std::size_t(after)].node, *dates[i].node, plan.dark);
     timeline::AddTimelineLinks(window, surface, dates);
     timeline::SetShows(surface, timeline::CalendarPart::Weekends, plan.dark);
+    timeline::SetLanes(surface, plan.lanes ? timeline::Lanes::Level : timeline::Lanes::None);
+    timeline::LineUp(window, surface, timeline::RowOrder::Choose);
+}
+
+QString FileOf(const Plan &plan, int percent) {
+    return QStringLiteral("%1-%2%3%4-%5.png")
+        .arg(QLatin1String(plan.name), QLatin1String(kArrangements[plan.arrangement]),
+             QLatin1String(plan.lanes ? "-lanes" : ""), QLatin1String(plan.dark ? "-dark" : ""))
+        .arg(percent);
 }
 
 void Write(const QDir &folder, const Plan &plan, support::HeadlessDesktop &desktop) {
@@ -93,11 +131,7 @@ void Write(const QDir &folder, const Plan &plan, support::HeadlessDesktop &deskt
         QImage image((page.size() * options.xScale).toSize(), QImage::Format_RGB32);
         QPainter painter(&image);
         renderer.Paint(painter, scene, page, options);
-        image.save(
-            folder.filePath(QStringLiteral("%1-%2%3-%4.png")
-                                .arg(QLatin1String(plan.name), QLatin1String(kArrangements[plan.arrangement]),
-                                     QLatin1String(plan.dark ? "-dark" : ""))
-                                .arg(percent)));
+        image.save(folder.filePath(FileOf(plan, percent)));
     }
 }
 
@@ -113,9 +147,17 @@ int main(int argc, char **argv) {
     support::SetDesktop(&desktop.Get());
     SetCalendarSource(timeline::CalendarOfStrip);
     for (const bool dark : {false, true})
-        for (int arrangement = 0; arrangement < 5; ++arrangement)
-            Write(folder, {"launch", QDate(2026, 9, 3), 25, 11, arrangement, dark}, desktop);
-    Write(folder, {"decade", QDate(2024, 2, 3), 40, 91, 2, false}, desktop);
+        for (const bool lanes : {false, true}) {
+            for (int arrangement = 0; arrangement < 5; ++arrangement)
+                Write(folder, {"launch", QDate(2026, 9, 3), gallery::LaunchSteps(), arrangement, dark, lanes},
+                      desktop);
+            Write(folder, {"decade", QDate(2024, 2, 3), gallery::DecadeSteps(), 2, dark, lanes}, desktop);
+        }
+    for (const auto &[name, language] :
+         {std::pair("german", QLocale::German), std::pair("french", QLocale::French)}) {
+        QLocale::setDefault(QLocale(language));
+        Write(folder, {name, QDate(2026, 9, 3), gallery::LaunchSteps(), 2, false, true}, desktop);
+    }
     std::printf("%s\n", qPrintable(folder.absolutePath()));
     return 0;
 }
