@@ -71,5 +71,6 @@ std::span<const ToldStep> LookSteps();
 std::span<const ToldStep> KeyboardSteps();
 std::span<const ToldStep> CommandSteps();
 std::span<const ToldStep> TemplateSteps();
+std::span<const ToldStep> PlanSteps();
 
 } // namespace mainwindow::testing
