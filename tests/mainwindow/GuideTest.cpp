@@ -62,9 +62,8 @@ QStringList Told() {
 
 std::vector<ToldStep> Done() {
     std::vector<ToldStep> all;
-    for (const auto steps :
-         {ReadmeSteps(), DrawingSteps(), LookSteps(), KeyboardSteps(), CommandSteps(), TemplateSteps(),
-          PlanSteps()})
+    for (const auto steps : {ReadmeSteps(), DrawingSteps(), LookSteps(), KeyboardSteps(), CommandSteps(),
+                             TemplateSteps(), PlanSteps()})
         all.insert(all.end(), steps.begin(), steps.end());
     return all;
 }
