@@ -2,6 +2,7 @@
 #include "tests/mainwindow/DatesTest.h"
 #include "tests/mainwindow/GuideDeeds.h"
 
+#include "diagram/edit/History.h"
 #include "timeline/AtDates.h"
 #include "timeline/CalendarOfStrip.h"
 #include "timeline/LineUpPlan.h"
@@ -37,18 +38,23 @@ void Plan(Reader &r) {
 
 double Centre(const diagram::Node &node) { return node.Bounds().center().x(); }
 
-void EnterText(Reader &r, const QString &text) {
+void ExpectText(Reader &r, const QString &text) {
     r.desktop.ExpectForm<timeline::DateFormArgument>([=](timeline::DateFormArgument &argument) {
         timeline::frmDate form(argument, nullptr);
         form.findChild<QLineEdit *>(QStringLiteral("txtDate"))->setText(text);
         form.accept();
         return form.result() == QDialog::Accepted;
     });
+}
+
+void EnterText(Reader &r, const QString &text) {
+    ExpectText(r, text);
     r.Press("Ctrl+T");
 }
 
 void DateANode(Reader &r) {
     r.Click(Reader::Body(*r.a));
+    ExpectText(r, QStringLiteral("14 March 2004"));
     r.desktop.ExpectMessageContaining(QStringLiteral("You have not configured your timeline Nodes yet."),
                                       support::Answer::No);
     r.desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
@@ -57,7 +63,7 @@ void DateANode(Reader &r) {
         form.OKButton_Click();
         return true;
     });
-    EnterText(r, QStringLiteral("14 March 2004"));
+    r.Press("Ctrl+T");
     EXPECT_EQ(timeline::DateOfNode(*r.a), QStringLiteral("14 March 2004"));
     EXPECT_EQ(timeline::LocateTimelineNodes(r.Surface()).size(), 1U);
 }
