@@ -70,6 +70,9 @@ bool JumpsOver(const Link &link, const Link &other) {
     return &link != &other && (other.JumpStyle() == 0 || LiesBelow(&other, &link));
 }
 
+// Whose mark is painted while it can be selected, which is no change of its look.
+bool IsMarked(const Item &item) { return item.AsNode() ? item.AsNode()->Marked() : item.AsLink()->Marked(); }
+
 } // namespace
 
 // What is known of each item stands in a slot by its identity, which are dense enough for that. An item that
@@ -265,7 +268,7 @@ void Scene::ItemAdded(Item &item) {
 void Scene::ItemChanged(Item &item, Change what) {
     NoteStrip(item);
     constexpr Change kMoves = Change::Geometry | Change::Look | Change::Text | Change::Visibility;
-    if ((std::uint32_t(what) & std::uint32_t(kMoves)) != 0) {
+    if ((std::uint32_t(what) & std::uint32_t(kMoves)) != 0 || (Has(what, Change::Data) && IsMarked(item))) {
         state_->MarkDirty(item.Id());
     } else if (Has(what, Change::Stacking)) {
         if (state_->Is(item.Id(), State::kIndexed)) state_->AddDamage(state_->boxes[item.Id()].Rect());
