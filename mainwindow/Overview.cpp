@@ -23,7 +23,7 @@ constexpr double kMostOfRoom = 0.3; // of either side
 constexpr int kLeastRoom = 320;     // pixels of the longer side; in less there is no overview
 constexpr int kMargin = 12;         // pixels to the edges of the page
 constexpr int kNear = 32;           // pixels to which a drag may come near
-constexpr double kSlack = 60;       // twips that may be out of sight unnoticed
+constexpr double kSlack = 90;       // twips that may be out of sight unnoticed
 constexpr double kBorder = 0.03;    // of the content, around it in the picture
 
 QPoint CornerOf(const QRect &room, const QSize &size, bool right, bool bottom) {

@@ -1,6 +1,7 @@
 #include "mainwindow/TimelineCommands.h"
 
 #include "app/settings/Settings.h"
+#include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
@@ -81,6 +82,24 @@ timeline::DateFormArgument FormOf(frmMain &window, const std::vector<diagram::No
     return form;
 }
 
+std::vector<diagram::Node *> DatedNodes(const diagram::Surface &surface) {
+    std::vector<diagram::Node *> nodes;
+    for (diagram::Node &node : surface.Nodes())
+        if (node.Selectable() && !node.Hidden() && !timeline::DateOfNode(node).isEmpty())
+            nodes.push_back(&node);
+    return nodes;
+}
+
+// Where none of them is seen any more, the page moves to the first.
+void BringIntoSight(frmMain &window, const std::vector<diagram::Node *> &nodes) {
+    if (nodes.empty()) return;
+    diagram::SurfaceView &view = window.CurrentView();
+    const QRectF pixels = view.viewport()->rect();
+    const QRectF seen(view.ToSurface(pixels.topLeft()), view.ToSurface(pixels.bottomRight()));
+    const auto isSeen = [&](const diagram::Node *node) { return node->Bounds().intersects(seen); };
+    if (std::ranges::none_of(nodes, isSeen)) view.EnsureVisible(nodes.front()->Bounds());
+}
+
 bool HasMonths(const diagram::Surface &surface) { return !timeline::LocateTimelineNodes(surface).empty(); }
 
 void LineUpOnce(frmMain &window) {
@@ -91,6 +110,8 @@ void LineUpOnce(frmMain &window) {
     if (result.dated == 0) return Tell(window, frmMain::tr("No @NODE has a date yet; Ctrl+T gives one."));
     if (result.moved == 0) return Tell(window, frmMain::tr("Every @NODE stands at its date."));
     window.ClickTab();
+    const std::vector<diagram::Node *> selected = NodesToDate(surface);
+    BringIntoSight(window, selected.empty() ? DatedNodes(surface) : selected);
 }
 
 void ChooseLanes(frmMain &window, timeline::Lanes lanes) {
@@ -159,7 +180,7 @@ void mnuViewTimelineSetup(frmMain &window) {
 void keyDate(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
     const std::vector<diagram::Node *> nodes = NodesToDate(surface);
-    if (nodes.empty()) return;
+    if (nodes.empty()) return Tell(window, frmMain::tr("Select a @NODE; links have no date."));
     timeline::DateFormArgument form = FormOf(window, nodes);
     if (!document::Show(window, form)) return;
     std::optional<timeline::MovedDates> moved;
@@ -170,6 +191,7 @@ void keyDate(frmMain &window) {
         SetDates(window, nodes, form);
     window.clsSettings().Dirty = true;
     window.ClickTab();
+    BringIntoSight(window, nodes);
     if (moved) TellMoved(window, moved);
     if ((form.date || moved) && timeline::IsTimelineHidden(surface))
         Tell(window, frmMain::tr("The timeline is hidden; View, Timeline shows it."));

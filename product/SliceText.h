@@ -33,9 +33,10 @@ private:
 
 // Adds the nodes and links of a text that is written out (LayoutText.h). Levels and groups are named as in
 // the pools of the window; a node takes the colour of its level. "back" puts a node below all others.
-// "timeline" has "arrangement" (Left, Right, Top, Bottom, Center) and whatever else than the default the
-// months look like; "date" dates a node, in the form 2027-01-31. Pictures are found in `resources`, the look
-// of months in its Template.tnd.json. Keys are new ones.
+// "timeline" has "arrangement" (Left, Right, Top, Bottom, Center), "keep" (true keeps the nodes at their
+// dates: the text then says about where beside the strip they stand), "lanes" (Level or Group) and whatever
+// else than the default the months look like; "date" dates a node, in the form 2027-01-31. Pictures are found
+// in `resources`, the look of months in its Template.tnd.json. Keys are new ones.
 void BuildSlice(document::MapWindow &window, diagram::Surface &surface, const QJsonObject &slice,
                 const QDir &resources, NodeKeys &keys);
 

@@ -5,6 +5,7 @@
 #include "product/NodeText.h"
 #include "product/SliceText.h"
 #include "timeline/AddTimelineLink.h"
+#include "timeline/AtDates.h"
 #include "timeline/DateText.h"
 #include "timeline/TimelineNodes.h"
 
@@ -20,6 +21,7 @@ constexpr float kTwips = 15;
 // The places of the list that offers the arrangements.
 const QStringList kArrangements = {QStringLiteral("Left"), QStringLiteral("Right"), QStringLiteral("Top"),
                                    QStringLiteral("Bottom"), QStringLiteral("Center")};
+const QStringList kLanes = {QStringLiteral("Level"), QStringLiteral("Group")};
 
 QString ArrangementOf(const QJsonObject &timeline) {
     const qsizetype place = kArrangements.indexOf(timeline["arrangement"].toString());
@@ -33,12 +35,19 @@ void BuildMonthLook(diagram::Surface &surface, const QJsonObject &usual, const Q
     diagram::Node &look = *timeline::LocateTimeLineTemplateNode(surface, true);
     ApplyNode(look, usual, resources);
     QJsonObject own = timeline;
-    for (const char *key : {"arrangement", "format"}) own.remove(QLatin1String(key));
+    for (const char *key : {"arrangement", "format", "keep", "lanes"}) own.remove(QLatin1String(key));
     ApplyNode(look, own, resources);
     look.SetWidth(float(timeline["width"].toDouble(usual["width"].toDouble())) * kTwips);
     look.SetHeight(float(timeline["height"].toDouble(usual["height"].toDouble())) * kTwips);
     document::SetTag(look, document::tags::kDateFormat,
                      timeline["format"].toString(usual["tags"]["Date_Format"].toString()));
+}
+
+timeline::Lanes LanesOf(const QString &name) {
+    if (name.isEmpty()) return timeline::Lanes::None;
+    const qsizetype place = kLanes.indexOf(name);
+    if (place < 0) Complain(QStringLiteral("\"%1\" makes no lanes").arg(name));
+    return timeline::Lanes(place + 1);
 }
 
 std::vector<timeline::NodeDate> DatesOf(diagram::Surface &surface, const QJsonObject &slice,
@@ -63,6 +72,8 @@ void BuildTimeline(document::MapWindow &window, diagram::Surface &surface, const
     document::SetTag(surface, document::tags::kMissing, QStringLiteral("True"));
     BuildMonthLook(surface, ReadText(resources.filePath(QStringLiteral("Template.tnd.json"))), timeline,
                    resources);
+    timeline::SetLanes(surface, LanesOf(timeline["lanes"].toString()));
+    timeline::SetKeepsNodesAtDates(surface, timeline["keep"].toBool());
     timeline::AddTimelineLinks(window, surface, DatesOf(surface, slice, keys));
 }
 

@@ -94,6 +94,13 @@ std::optional<QLineF> LineOfToday(const std::vector<StripMonth> &months, const Q
     return std::nullopt;
 }
 
+// How bands lie beside the strip.
+void PlaceBands(const diagram::Surface &flow, diagram::Calendar &calendar) {
+    const int arrangement = int(support::Val(document::GetTag(flow, document::tags::kTimelineAlign)));
+    calendar.rightwards = RunsRightwards(arrangement);
+    calendar.after = arrangement == int(Arrangement::Left) || arrangement == int(Arrangement::Top);
+}
+
 std::vector<StripMonth> MonthsInSight(const diagram::Surface &flow, diagram::Calendar &calendar) {
     std::vector<StripMonth> months;
     for (const diagram::Node *node : LocateTimelineNodes(flow)) {
@@ -119,12 +126,10 @@ std::vector<StripMonth> MonthsInSight(const diagram::Surface &flow, diagram::Cal
 
 diagram::Calendar CalendarOfStrip(const diagram::Surface &flow) {
     diagram::Calendar calendar;
-    const int arrangement = int(support::Val(document::GetTag(flow, document::tags::kTimelineAlign)));
-    calendar.rightwards = RunsRightwards(arrangement);
+    PlaceBands(flow, calendar);
     const std::vector<StripMonth> months = MonthsInSight(flow, calendar);
     if (months.empty()) return {};
     const diagram::Node *look = MonthLook(flow);
-    calendar.after = arrangement == int(Arrangement::Left) || arrangement == int(Arrangement::Top);
     calendar.bands = Shows(look, CalendarPart::Bands);
     calendar.todayEverywhere = Shows(look, CalendarPart::TodayEverywhere);
     calendar.years = Merged(
@@ -138,6 +143,14 @@ diagram::Calendar CalendarOfStrip(const diagram::Surface &flow) {
     }
     calendar.today = LineOfToday(months, calendar.strip, calendar.rightwards);
     return calendar;
+}
+
+QRectF BandsBeside(const diagram::Surface &flow, const QRectF &strip) {
+    if (!Shows(flow, CalendarPart::Bands)) return {};
+    diagram::Calendar calendar;
+    calendar.strip = strip;
+    PlaceBands(flow, calendar);
+    return calendar.Bands();
 }
 
 bool Shows(const diagram::Surface &flow, CalendarPart part) { return Shows(MonthLook(flow), part); }

@@ -10,6 +10,9 @@ namespace timeline {
 // when a node is moved.
 diagram::Calendar CalendarOfStrip(const diagram::Surface &flow);
 
+// The bands alone, beside a strip that lies there; empty where they aren't shown.
+QRectF BandsBeside(const diagram::Surface &flow, const QRectF &strip);
+
 // What the calendar shows, kept in the template node, which is made where it is missing.
 enum class CalendarPart { Bands, Weekends, TodayEverywhere };
 bool Shows(const diagram::Surface &flow, CalendarPart part);

@@ -87,6 +87,15 @@ private:
         return {{{middle, Facing()}, {middle, level}, {end_.along, level}, end_}, true};
     }
 
+    // A node that holds other ones, larger than the one whose way is laid; the frame of a lane, say.
+    bool IsFrame(const diagram::Node &node) const {
+        const QRectF box = node.Bounds();
+        if (node.Width() <= node_.Width() || node.Height() <= node_.Height()) return false;
+        return std::ranges::any_of(obstacles_, [&](const diagram::Node *other) {
+            return other != &node && box.contains(other->Bounds());
+        });
+    }
+
     // Frames around the node are not in its way.
     void CollectObstacles() {
         const diagram::Surface &surface = node_.Owner();
@@ -103,7 +112,7 @@ private:
         const std::vector<diagram::Point> points = Points(way);
         for (std::size_t i = 1; i < points.size(); ++i)
             if (diagram::Meets(box, diagram::ToQPointF(points[i - 1]), diagram::ToQPointF(points[i])))
-                return true;
+                return !IsFrame(node);
         return false;
     }
     bool IsFree(const Way &way) const {

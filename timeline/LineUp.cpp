@@ -9,6 +9,7 @@
 #include "timeline/AdjustLinks.h"
 #include "timeline/Arrange.h"
 #include "timeline/AtDates.h"
+#include "timeline/CalendarOfStrip.h"
 #include "timeline/DateIndex.h"
 #include "timeline/DateText.h"
 #include "timeline/LineUpPlan.h"
@@ -84,6 +85,19 @@ private:
     std::map<QDate, Place> months_; // by their first days
     StripEdges edges_{std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest()};
 };
+
+// Where nodes may stand beside the strip: not on its bands.
+StripEdges EdgesOf(const Surface &flow, const Months &months) {
+    StripEdges edges = months.Edges();
+    const double breadth = edges.behind - edges.before;
+    if (breadth <= 0) return edges;
+    const bool across = months.Rightwards(); // the bands' extent along the strip plays no part
+    const QRectF bands =
+        BandsBeside(flow, across ? QRectF(0, edges.before, 1, breadth) : QRectF(edges.before, 0, breadth, 1));
+    if (bands.isEmpty()) return edges;
+    return {std::min(edges.before, across ? bands.top() : bands.left()),
+            std::max(edges.behind, across ? bands.bottom() : bands.right())};
+}
 
 Sides SidesOf(const Surface &flow) {
     switch (Arrangement(ArrangementOf(flow))) {
@@ -197,7 +211,7 @@ Reading Read(document::MapWindow &window, const Surface &flow, const std::vector
     const Months months(flow);
     const LaneFinder lanes(window.clsSettings(), LanesOf(flow));
     const std::unordered_set<const Node *> last(moved.begin(), moved.end());
-    Reading reading{{{months.Edges(), months.Rightwards(), SidesOf(flow)}, {}, {}, {}}, {}};
+    Reading reading{{{EdgesOf(flow, months), months.Rightwards(), SidesOf(flow)}, {}, {}, {}}, {}};
     for (Node &node : flow.Nodes()) {
         std::optional<DatedBox> place = PlaceOf(node, months);
         if (!place) {

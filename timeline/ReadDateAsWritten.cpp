@@ -192,9 +192,7 @@ DateRead ReadDateAsWritten(const QString &text, const DateView &view, const QLoc
 }
 
 QString InFull(const QDate &date, const QLocale &locale) {
-    const QString day = FormatDate(date, kDayPattern, locale);
-    return locale.dayName(date.dayOfWeek(), QLocale::LongFormat) + QStringLiteral(", ") +
-           (day.startsWith(u'0') ? day.mid(1) : day);
+    return locale.toString(date, QLocale::LongFormat);
 }
 
 } // namespace timeline

@@ -28,6 +28,7 @@ struct Row {
     double middle = 0;
     int lane = 0;
     bool before = false;
+    bool gathered = false; // of bars that stood apart: has no place that it could keep
 };
 
 struct Segment {
@@ -105,8 +106,11 @@ public:
             linked_[size_t(link.to)].push_back(link.from);
         }
         std::vector<int> loose = TakeAligned(order == RowOrder::Choose);
+        const size_t present = rows_.size();
         std::ranges::stable_sort(loose, {}, [&](int bar) { return bars_[size_t(bar)].begin; });
         for (int bar : loose) PutSomewhere(bar);
+        if (order == RowOrder::Choose)
+            for (size_t i = present; i < rows_.size(); ++i) rows_[i].gathered = rows_[i].bars.size() > 1;
     }
 
     std::vector<Row> Take() { return std::move(rows_); }
@@ -298,7 +302,8 @@ private:
         for (int bar : row.bars)
             needed = std::max(needed, skyline.Above(bars_[size_t(bar)]) + gaps_.across +
                                           bars_[size_t(bar)].breadth / 2);
-        const double distance = side.fixed.Free(row.bars, present + kRounding >= needed ? present : needed);
+        const double distance =
+            side.fixed.Free(row.bars, !row.gathered && present + kRounding >= needed ? present : needed);
         for (int bar : row.bars) skyline.Raise(bars_[size_t(bar)], distance + bars_[size_t(bar)].breadth / 2);
         return distance;
     }

@@ -240,9 +240,9 @@ QPointF ArchSide(const QPointF &direction) {
 }
 
 QRgb ColourOfLine(const Paint &paint, const Link &link) {
-    constexpr double kPaler = 0.55;
+    constexpr double kPaler = 0.7;
     const QRgb colour = ToRgb(link.LineColor());
-    return paint.options.screen && IsQuietDateLink(link) ? Mix(colour, paint.paper, kPaler) : colour;
+    return IsQuietDateLink(link) ? Mix(colour, paint.paper, kPaler) : colour;
 }
 
 void FillWay(Paint &paint, const Link &link, double width) {

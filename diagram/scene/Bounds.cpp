@@ -89,18 +89,23 @@ QSizeF Estimate(const QString &text, const Font &font) {
     return {double(longest) * font.Size() * 20 * 0.6, double(lines) * line};
 }
 
+// The mark of what can't be selected isn't painted.
+template <typename Item>
+double MarkReach(const Item &item) {
+    return item.Marked() && item.Selectable() ? kMarkReach : 0;
+}
+
 } // namespace
 
 QRectF PaintBounds(const Node &node) {
     QRectF bounds = node.ShownBounds();
     if (node.Shadow()) bounds |= bounds.translated(kShadowWays[node.Shadow()] * kShadowOffset);
-    return Grown(bounds, LineReach(node.DrawWidth()) + (node.Marked() ? kMarkReach : 0));
+    return Grown(bounds, LineReach(node.DrawWidth()) + MarkReach(node));
 }
 
 QRectF PaintBounds(const Link &link, const QRectF &label) {
     const LinkData &data = link.Data();
-    double reach =
-        std::max(LineReach(data.drawWidth) + (data.marked ? kMarkReach : 0), HeadReach(data) + kSmoothing);
+    double reach = std::max(LineReach(data.drawWidth) + MarkReach(link), HeadReach(data) + kSmoothing);
     if (data.jumpStyle) reach = std::max(reach, kJumpRadius + LineReach(data.drawWidth));
     const bool smooth =
         IsCurved(link) && (FormOf(link.Style()) == LinkForm::Spline || link.Way().size() % 3 != 1);

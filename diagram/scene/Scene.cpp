@@ -22,6 +22,9 @@ constexpr std::size_t kMostAreas = 256; // more damage than that is everything
 constexpr std::size_t kFewItems = 64;
 constexpr std::size_t kMostLoose = 1024; // so many are looked through in no time
 
+// Whose mark is painted while it can be selected, which is no change of its look.
+bool IsMarked(const Item &item) { return item.AsNode() ? item.AsNode()->Marked() : item.AsLink()->Marked(); }
+
 } // namespace
 
 // What is known of each item stands in a slot by its identity, which are dense enough for that. An item that
@@ -250,7 +253,7 @@ void Scene::ItemAdded(Item &item) {
 void Scene::ItemChanged(Item &item, Change what) {
     NoteStrip(item);
     constexpr Change kMoves = Change::Geometry | Change::Look | Change::Text | Change::Visibility;
-    if ((std::uint32_t(what) & std::uint32_t(kMoves)) != 0) {
+    if ((std::uint32_t(what) & std::uint32_t(kMoves)) != 0 || (Has(what, Change::Data) && IsMarked(item))) {
         state_->MarkDirty(item.Id());
     } else if (Has(what, Change::Stacking)) {
         if (const Link *link = item.AsLink()) state_->labels.LinkChanged(*link);

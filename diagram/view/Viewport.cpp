@@ -17,6 +17,7 @@ constexpr double kTwipsPerPixel = 15;
 constexpr double kLowestFit = 1;
 constexpr int kFitMargin = 12; // pixels around content that fills the window
 constexpr int kScrollMargin = 24;
+constexpr double kLineWidth = 6; // pixels of an outline that may reach beyond the edge of the page
 constexpr int kLargestScroll = 1 << 30;
 
 double ScaleOf(double percent) { return percent / 100 / kTwipsPerPixel; }
@@ -50,7 +51,9 @@ double FittingZoom(const QRectF &extent, const QSize &size) {
 
 QRect ScrollableArea(const QRectF &content, const QSize &viewport, const QRect &seen) {
     const bool empty = content.isEmpty();
-    const auto low = [&](double start) { return empty || start >= 0 ? 0 : Clamped(start - kScrollMargin); };
+    const auto low = [&](double start) {
+        return empty || start >= -kLineWidth ? 0 : Clamped(start - kScrollMargin);
+    };
     const auto high = [&](double end, int page) {
         return empty || end + kScrollMargin <= page ? page : Clamped(end + page / 2.0);
     };

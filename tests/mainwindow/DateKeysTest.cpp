@@ -110,6 +110,15 @@ TEST_F(DatesByKeys, WithoutADateNothingIsUnsaved) {
     EXPECT_FALSE(document::HasUnsavedWork(window));
 }
 
+TEST_F(DatesByKeys, ALinkAloneHasNoDateAndIsToldSo) {
+    diagram::Link &link = node.Links().Add(plain);
+    window.CurrentSurface().UnselectAll();
+    link.SetSelected(true);
+    ProcessEvents();
+    Press(window, QStringLiteral("Ctrl+T"));
+    EXPECT_EQ(Status(window), QStringLiteral("Select a Node; links have no date."));
+}
+
 TEST_F(DatesByKeys, StopAtTheYearsOfDates) {
     timeline::AddTimelineLink(window, window.CurrentSurface(), second, QStringLiteral("31 December 3099"));
     Later();

@@ -1,4 +1,4 @@
-// What both the README and the guide tell.
+// What both the README and the guide tell, or more than one of their tables.
 #pragma once
 
 #include "tests/mainwindow/GuideReader.h"
@@ -12,5 +12,6 @@ void WriteIntoANode(Reader &reader);
 void SelectByABand(Reader &reader);
 void ResizeByAHandle(Reader &reader);
 diagram::Link &BendByTheMiddle(Reader &reader);
+void PlanByDates(Reader &reader);
 
 } // namespace mainwindow::testing

@@ -73,5 +73,6 @@ std::span<const ToldStep> LayoutSteps();
 std::span<const ToldStep> KeyboardSteps();
 std::span<const ToldStep> CommandSteps();
 std::span<const ToldStep> TemplateSteps();
+std::span<const ToldStep> PlanSteps();
 
 } // namespace mainwindow::testing

@@ -63,7 +63,7 @@ QStringList Told() {
 std::vector<ToldStep> Done() {
     std::vector<ToldStep> all;
     for (const auto steps : {ReadmeSteps(), DrawingSteps(), LookSteps(), LayoutSteps(), KeyboardSteps(),
-                             CommandSteps(), TemplateSteps()})
+                             CommandSteps(), TemplateSteps(), PlanSteps()})
         all.insert(all.end(), steps.begin(), steps.end());
     return all;
 }

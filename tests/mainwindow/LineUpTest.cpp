@@ -68,6 +68,17 @@ TEST_F(AtDates, TheCommandSaysWhyNothingMoves) {
     EXPECT_EQ(Status(window), QStringLiteral("No Node has a date yet; Ctrl+T gives one."));
 }
 
+TEST_F(AtDates, ThePageFollowsWhereNothingOfWhatWasLinedUpIsSeen) {
+    diagram::SurfaceView &view = window.CurrentView();
+    const auto isSeen = [&] {
+        return view.viewport()->rect().contains(view.FromSurface(node.Bounds().center()).toPoint());
+    };
+    view.EnsureVisible(QRectF(60000, 30000, 300, 300));
+    ASSERT_FALSE(isSeen());
+    Press(window, QStringLiteral("Ctrl+Shift+T"));
+    EXPECT_TRUE(isSeen());
+}
+
 TEST_F(AtDates, TheSwitchIsTickedForTheSliceThatHasItAndUndoneWithWhatItMoved) {
     const QRectF before = node.Bounds();
     EXPECT_FALSE(keep.isChecked());

@@ -6,6 +6,10 @@
 #include "support/Files.h"
 #include "tests/Paths.h"
 #include "tests/product/BuiltEdition.h"
+#include "timeline/AddTimelineLink.h"
+#include "timeline/AtDates.h"
+#include "timeline/LineUp.h"
+#include "timeline/TimelineNodes.h"
 
 #include <gtest/gtest.h>
 #include <QDirIterator>
@@ -53,7 +57,7 @@ TEST_F(Edition, Velmora_OffersASampleThatShowsWhatTheEditorDoes) {
     Build("velmora");
     EXPECT_EQ(settings::Terms().TITLE, "Velmora");
     auto window = Open(Startup());
-    EXPECT_EQ(window->AddFlow1().Count(), 3);
+    EXPECT_EQ(window->AddFlow1().Count(), 4);
     const Counts counts = Count(*window);
     EXPECT_GE(counts.nodes, 60);
     EXPECT_GE(counts.shapes.size(), 25);
@@ -66,6 +70,22 @@ TEST_F(Edition, Velmora_OffersASampleThatShowsWhatTheEditorDoes) {
     EXPECT_EQ(window->clsSettings().Hyperlinks().count(), 1);
     ASSERT_EQ(window->clsSettings().Attachments().count(), 1);
     EXPECT_TRUE(support::FileExists(window->clsSettings().Attachments().Item(1).Filename));
+}
+
+TEST_F(Edition, Velmora_TheSampleHasAPlanWhoseNodesStandAtTheirDates) {
+    Build("velmora");
+    auto window = Open(Startup());
+    diagram::Surface &plan = window->AddFlow1()[3];
+    EXPECT_TRUE(timeline::KeepsNodesAtDates(plan));
+    EXPECT_EQ(timeline::LanesOf(plan), timeline::Lanes::Group);
+    EXPECT_EQ(timeline::LocateTimelineNodes(plan).size(), 9U);
+    int dated = 0;
+    for (const diagram::Node &node : plan.Nodes())
+        dated += node.Selectable() && !timeline::DateOfNode(node).isEmpty();
+    EXPECT_GE(dated, 20);
+    const timeline::LinedUp again = timeline::LineUp(*window, plan, timeline::RowOrder::Keep);
+    EXPECT_EQ(again.dated, dated);
+    EXPECT_EQ(again.moved, 0);
 }
 
 TEST_F(Edition, EveryEditionHasAFramesetForItsReports) {

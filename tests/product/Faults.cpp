@@ -1,10 +1,14 @@
 #include "tests/product/Faults.h"
 
+#include "diagram/model/AnyItem.h"
+#include "diagram/model/Calendar.h"
 #include "diagram/model/Surface.h"
 #include "diagram/render/NodeContent.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/scene/Scene.h"
+#include "timeline/AddTimelineLink.h"
+#include "timeline/AtDates.h"
 
 #include <cmath>
 
@@ -74,7 +78,7 @@ private:
         if (!renderer_.TextFits(node)) Tell(QStringLiteral("the text of %1 is cut").arg(Name(node)));
         const QRectF box = BoxOf(node);
         for (const double value : {box.x(), box.y(), box.width(), box.height()})
-            if (node.Selectable() && std::fmod(value, kGrid) != 0)
+            if (node.Selectable() && !StandsAtItsDate(node) && std::fmod(value, kGrid) != 0)
                 Tell(QStringLiteral("%1 is off the grid").arg(Name(node)));
     }
 
@@ -87,6 +91,10 @@ private:
             Tell(QStringLiteral("%1 covers the text of %2").arg(Name(upper), Name(lower)));
     }
 
+    bool StandsAtItsDate(const Node &node) const {
+        return timeline::KeepsNodesAtDates(surface_) && !timeline::DateOfNode(node).isEmpty();
+    }
+
     bool IsFrame(const Node &node) const {
         for (const Node *other : nodes_)
             if (other != &node && BoxOf(node).contains(BoxOf(*other))) return true;
@@ -94,6 +102,7 @@ private:
     }
 
     void LookAt(const Link &link, const Node &node) {
+        if (diagram::IsQuietDateLink(link) && diagram::LiesBelow(&link, &node)) return;
         const QRectF box = Inner(BoxOf(node));
         const auto tell = [&](const char *what) {
             Tell(QStringLiteral("%1 between %2 and %3 runs over %4")

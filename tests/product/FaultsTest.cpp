@@ -1,7 +1,14 @@
 // The inspection of drawings finds what it is there for.
 #include "tests/product/Faults.h"
 
+#include "diagram/model/AnyItem.h"
 #include "diagram/model/Surface.h"
+#include "document/MemoryWindow.h"
+#include "document/Tags.h"
+#include "support/testing/ScriptedDesktop.h"
+#include "timeline/AddTimelineLink.h"
+#include "timeline/AtDates.h"
+#include "timeline/TimelineNodes.h"
 
 #include <gtest/gtest.h>
 
@@ -75,6 +82,39 @@ TEST(Faults, ANodeOffTheGrid) {
     diagram::Surface surface;
     Add(surface, 3, 0, 100, 50, "A");
     EXPECT_EQ(Faults(surface), "\"A\" is off the grid");
+}
+
+TEST(Faults, ANodeAtItsDateMayBeOffTheGrid) {
+    support::testing::ScriptedDesktop desktop;
+    document::MemoryWindow window(desktop.Get(), document::EmptyPools{});
+    diagram::Surface &surface = window.AddFlow1()[0];
+    diagram::Node &months = *timeline::LocateTimeLineTemplateNode(surface, true);
+    months.SetWidth(120 * 15);
+    months.SetHeight(30 * 15);
+    document::SetTag(surface, document::tags::kTimelineAlign, "2");
+    diagram::Node &a = Add(surface, 0, 100, 50, 50, "A");
+    Add(surface, 303, 100, 50, 50, "B");
+    timeline::SetKeepsNodesAtDates(surface, true);
+    timeline::AddTimelineLink(window, surface, a, "14 March 2027");
+    EXPECT_NE(a.Left(), 0);
+    EXPECT_EQ(Faults(surface), "\"B\" is off the grid");
+}
+
+TEST(Faults, TheQuietLineToADayMayRunBehindANode) {
+    support::testing::ScriptedDesktop desktop;
+    document::MemoryWindow window(desktop.Get(), document::EmptyPools{});
+    diagram::Surface &surface = window.AddFlow1()[0];
+    diagram::Node &months = *timeline::LocateTimeLineTemplateNode(surface, true);
+    months.SetWidth(120 * 15);
+    months.SetHeight(30 * 15);
+    document::SetTag(surface, document::tags::kTimelineAlign, "2");
+    diagram::Node &a = Add(surface, 0, 300, 120, 50, "A");
+    diagram::Node &b = Add(surface, 0, 100, 400, 50, "B");
+    timeline::AddTimelineLink(window, surface, a, "14 March 2027");
+    EXPECT_EQ(Faults(surface), "");
+    a.Links().Item(1).BringToFront();
+    EXPECT_EQ(Faults(surface), "the link between \"A\" and \"14 March 2027\" runs over \"B\"");
+    EXPECT_TRUE(diagram::LiesBelow(&b, &a.Links().Item(1)));
 }
 
 TEST(Faults, ADrawingTooLargeForAPage) {

@@ -14,6 +14,8 @@
 #include "tests/product/Faults.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
+#include "timeline/AtDates.h"
+#include "timeline/LineUp.h"
 #include "timeline/TimelineNodes.h"
 
 #include <gtest/gtest.h>
@@ -249,8 +251,25 @@ TEST_F(Templates, LevelsAndGroupsAreUsedAndDatedNodesKeepTheirStrip) {
         EXPECT_EQ(Differences(before, DescribedNodes(window, surface)), "");
         EXPECT_EQ(tests::FaultsOf(surface).join("\n").toStdString(), "");
     }
-    EXPECT_GE(strips, 3);
-    EXPECT_GE(dated, 20);
+    EXPECT_GE(strips, 5);
+    EXPECT_GE(dated, 60);
+}
+
+TEST_F(Templates, NodesOfPlansThatKeepToTheirDatesStandThere) {
+    Build("velmora");
+    QStringList kept;
+    for (const QString &name : TemplateNames()) {
+        document::MemoryWindow window(desktop_.Get());
+        diagram::Surface &surface = window.AddFlow1()[0];
+        templates::LoadTemplate(window, surface, TemplatePath(name));
+        if (!timeline::KeepsNodesAtDates(surface)) continue;
+        kept << name;
+        EXPECT_NE(timeline::LanesOf(surface), timeline::Lanes::None) << qPrintable(name);
+        const timeline::LinedUp again = timeline::LineUp(window, surface, timeline::RowOrder::Keep);
+        EXPECT_GE(again.dated, 20) << qPrintable(name);
+        EXPECT_EQ(again.moved, 0) << qPrintable(name);
+    }
+    EXPECT_EQ(kept.join(", "), "Plans/Launch Timeline, Plans/Marketing Calendar");
 }
 
 TEST_F(Templates, TwoBuildsDifferInKeysAlone) {

@@ -90,6 +90,21 @@ TEST_F(DateWays, AFrameAroundTheNodeIsNotInItsWay) {
     EXPECT_EQ(WayOf(Date({4000, 2000, 1000, 500})), (Way{{4000, 2250}, {1450, 2250}, {1450, 500}}));
 }
 
+TEST_F(DateWays, TheFrameOfAnotherLaneIsNotInItsWay) {
+    diagram::Node &frame = flow.Nodes().Add(600, 900, 5000, 1000);
+    diagram::Node &held = flow.Nodes().Add(2500, 1000, 600, 400);
+    diagram::Link &link = Date({1000, 3000, 1000, 500});
+    EXPECT_EQ(WayOf(link), (Way{{1450, 3000}, {1450, 3000}, {1450, 500}}));
+    EXPECT_GT(link.Zorder(), frame.ZOrder());
+    EXPECT_GT(link.Zorder(), held.ZOrder());
+}
+
+TEST_F(DateWays, ALargeNodeThatHoldsNoOtherIsInItsWay) {
+    const diagram::Node &large = flow.Nodes().Add(600, 900, 5000, 1000);
+    const diagram::Link &link = Date({1000, 3000, 1000, 500});
+    EXPECT_LT(link.Zorder(), large.ZOrder());
+}
+
 TEST_F(DateWays, LiesBelowTheNodesThroughWhichItMustRun) {
     diagram::Node &frame = flow.Nodes().Add(0, 1000, 5000, 5000),
                   &met = flow.Nodes().Add(1000, 1200, 900, 500);

@@ -7,6 +7,7 @@
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
 #include "timeline/AtDates.h"
+#include "timeline/CalendarOfStrip.h"
 #include "timeline/DateText.h"
 #include "timeline/DaysOfStrip.h"
 #include "timeline/LineUpPlan.h"
@@ -123,7 +124,30 @@ TEST_F(LiningUp, ANodeDoesNotLeaveTheSurface) {
     diagram::Node &node = Dated(QStringLiteral("02 March 2004"));
     Choose();
     EXPECT_EQ(node.Left(), 0);
-    EXPECT_EQ(node.Top(), 750);
+    EXPECT_GE(node.Top(), 450);
+}
+
+TEST_F(LiningUp, NoNodeStandsOnTheBandsBesideTheStrip) {
+    const std::vector<diagram::Node *> nodes = Plan(25);
+    for (int arrangement = 0; arrangement < 5; ++arrangement) {
+        Set(document::tags::kTimelineAlign, QString::number(arrangement));
+        Arrange();
+        Choose();
+        const QRectF bands = CalendarOfStrip(flow).Bands();
+        ASSERT_FALSE(bands.isEmpty());
+        EXPECT_EQ(bands, BandsBeside(flow, CalendarOfStrip(flow).strip));
+        for (const diagram::Node *node : nodes) EXPECT_FALSE(node->Bounds().intersects(bands)) << arrangement;
+    }
+}
+
+TEST_F(LiningUp, WithoutBandsRowsBeginAtTheStrip) {
+    diagram::Node &node = Dated(QStringLiteral("02 March 2004"));
+    Choose();
+    EXPECT_EQ(node.Top(), 450 + 2 * diagram::kBandThickness + 300);
+    node.SetTop(0);
+    SetShows(flow, CalendarPart::Bands, false);
+    Choose();
+    EXPECT_EQ(node.Top(), 450 + 300);
 }
 
 TEST_F(LiningUp, WhatFindsNoRoomBeforeAStripAtTheBottomGoesBeyondIt) {

@@ -164,7 +164,9 @@ TEST(DateAsWritten, TwoDigitsOfAYearAreEightyYearsBackToNineteenOn) {
 TEST(DateAsWritten, TheDateIsToldInFullAndWhyThereIsNone) {
     EXPECT_EQ(Told("14 mar"), "Sunday, 14 March 2027");
     EXPECT_EQ(Told("1 mar"), "Monday, 1 March 2027");
-    EXPECT_EQ(Told("14 mar", kGerman), "Sonntag, 14 März 2027");
+    EXPECT_EQ(Told("14 mar", kGerman), "Sonntag, 14. März 2027");
+    EXPECT_EQ(Told("14 mar", kAmerican), "Sunday, March 14, 2027");
+    EXPECT_EQ(Told("14 mars", kFrench), "dimanche 14 mars 2027");
     EXPECT_EQ(Told(""), "Such as 14 March, next Friday, +2w or end of June");
     EXPECT_EQ(Told("31 February 2027"), "There is no such day");
     EXPECT_EQ(Told("31 feb"), "There is no such day");

@@ -88,6 +88,19 @@ std::vector<double> StackedAtRandom(const Plan &plan, const std::vector<double> 
 
 } // namespace
 
+TEST(RowPlan, BarsOfAStaircaseGatherAtTheStripAndRowsThatStoodThereKeepTheirPlace) {
+    Plan stairs;
+    for (int i = 0; i < 8; ++i) stairs.bars.push_back(Bar(400 * i, 400 * i + 1200, 2000 + 1100 * i));
+    const std::vector<double> gathered = Place(stairs, RowOrder::Choose);
+    ExpectRoom(stairs, gathered);
+    EXPECT_EQ(*std::ranges::min_element(gathered), 600 + 300 + 300);
+    EXPECT_LE(*std::ranges::max_element(gathered), 600 + 4 * 900) << "four rows, one below the other";
+    Move(stairs, gathered);
+    EXPECT_EQ(Place(stairs, RowOrder::Choose), gathered);
+    for (PlannedBar &bar : stairs.bars) bar.middle += 5000;
+    EXPECT_EQ(Place(stairs, RowOrder::Choose).front(), gathered.front() + 5000) << "made by hand now";
+}
+
 TEST(RowPlan, NothingAndOneBarAreNoTrouble) {
     EXPECT_TRUE(PlanRows({}, {}, kStrip, kGaps, RowOrder::Choose).empty());
     EXPECT_EQ(PlanRows({Bar(0, 500, 3000)}, {}, kStrip, kGaps, RowOrder::Keep), std::vector{3000.0});

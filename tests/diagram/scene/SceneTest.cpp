@@ -114,6 +114,16 @@ TEST(Scene, BoundsHoldBorderAndShadow) {
     EXPECT_TRUE(bounds.contains(QPointF(1000 + 75 + 60, 1000 + 75 + 60)));
 }
 
+TEST(Scene, AMarkOfWhatCanNotBeSelectedNeedsNoRoom) {
+    Drawn drawn;
+    Node &node = drawn.AddNode(0, 0);
+    const QRectF bare = drawn.scene.Bounds(node);
+    node.SetMarked(true);
+    EXPECT_GT(drawn.scene.Bounds(node).width(), bare.width());
+    node.SetSelectable(false);
+    EXPECT_EQ(drawn.scene.Bounds(node), bare);
+}
+
 TEST(Scene, BoundsOfALinkHoldItsLabel) {
     Drawn drawn;
     TenTwipsALetter measure;

@@ -33,6 +33,11 @@ TEST(Viewport, ScrollableArea_ReachesContentLeftOfTheOrigin) {
     EXPECT_LT(area.top(), -200);
 }
 
+TEST(Viewport, ScrollableArea_NeedsNoMoreForTheOutlineOfWhatStandsAtTheEdge) {
+    EXPECT_EQ(ScrollableArea(QRectF(-1, -0.5, 500, 100), QSize(800, 600), QRect(0, 0, 800, 600)),
+              QRect(0, 0, 800, 600));
+}
+
 TEST(Viewport, ScrollableArea_HoldsWhatIsSeen) {
     EXPECT_EQ(ScrollableArea(QRectF(0, 0, 100, 100), QSize(800, 600), QRect(900, 700, 800, 600)),
               QRect(0, 0, 1700, 1300));

@@ -7,6 +7,7 @@
 #include "document/MemoryWindow.h"
 #include "document/Tags.h"
 #include "support/headless/HeadlessDesktop.h"
+#include "tests/gallery/strips/Plans.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/AtDates.h"
 #include "timeline/CalendarOfStrip.h"
@@ -26,102 +27,98 @@ namespace {
 constexpr float kTwips = 15;
 constexpr const char *kArrangements[] = {"left", "right", "top", "bottom", "center"};
 constexpr support::Colour kFills[] = {0xF7E3CF, 0xDBEED3, 0xBCE9FC, 0xCAD6F9, 0xF3D9E2};
+constexpr float kNodeWidth = 120, kNodeHeight = 40; // pixels
 
 struct Plan {
     const char *name;
     QDate start;
-    int nodes, days; // from one node to the next
+    const std::vector<gallery::PlanStep> &steps;
     int arrangement;
-    bool dark;
-    bool bars = false; // in lanes, instead of days
+    bool dark, lanes;
+    bool bars = false; // nodes last as long as their steps
+    bool Rightwards() const { return arrangement >= 2; }
 };
-
-// What a plan with bars holds: the row of the lane, the days from the start and how many it lasts, 0 for a
-// day.
-struct Task {
-    const char *text;
-    int lane, from, lasts;
-    int after; // which task it waits for, -1 for none
-};
-constexpr Task kTasks[] = {
-    {"Interviews", 0, 3, 18, -1},     {"Survey", 0, 24, 14, 0},    {"Report", 0, 40, 10, 1},
-    {"Concept", 1, 30, 25, 1},        {"Prototype", 1, 58, 30, 3}, {"Go or no go", 1, 92, 0, 4},
-    {"Build", 1, 95, 60, 5},          {"Test", 1, 140, 40, 6},     {"Fixes", 1, 182, 20, 7},
-    {"Name and brand", 2, 45, 30, 2}, {"Site", 2, 100, 45, 9},     {"Campaign", 2, 170, 50, 10},
-    {"Launch", 2, 224, 0, 11},        {"Fair", 2, 120, 6, -1},
-};
-constexpr const char *kLanes[] = {"Research", "Product", "Market"};
 
 // What the delivered months look like.
-void BuildMonthLook(Surface &surface, bool dark, bool rightwards) {
+void BuildMonthLook(Surface &surface, const Plan &plan) {
     Node &look = *timeline::LocateTimeLineTemplateNode(surface, true);
     look.SetShape(1);
     look.SetDrawWidth(1);
-    look.SetBorderColor(dark ? 0x5A4A3C : 0xDCD0C5);
-    look.SetFillColor(dark ? 0x3C3028 : 0xF7F2EE);
-    look.SetForeColor(dark ? 0xDCD0C5 : 0x6A5444);
+    look.SetBorderColor(plan.dark ? 0x5A4A3C : 0xDCD0C5);
+    look.SetFillColor(plan.dark ? 0x3C3028 : 0xF7F2EE);
+    look.SetForeColor(plan.dark ? 0xDCD0C5 : 0x6A5444);
     look.SetFont(Font(QStringLiteral("Arial"), 9));
     look.SetAlignment(7);
     look.SetWidth(120 * kTwips);
-    look.SetHeight(float(rightwards ? 32 : 64) * kTwips);
+    look.SetHeight(float(plan.Rightwards() ? 32 : 64) * kTwips);
     document::SetTag(look, document::tags::kDateFormat, QStringLiteral("MMMM YYYY"));
 }
 
-// Rows beside the strip, each node about where its day stands.
-Node &AddNode(Surface &surface, const Plan &plan, int i) {
-    const bool rightwards = plan.arrangement >= 2;
-    const float along = float(i * plan.days) * 120 * kTwips / 30.4F, across = float(i % 4) * 70;
-    const float page = float(rightwards ? surface.Height() : surface.Width());
-    const float places[] = {230 + across * 2, page / kTwips - 390 - across * 2, 130 + across,
-                            page / kTwips - 210 - across,
-                            i % 2 ? 60 + across / 2 : page / kTwips - 180 + across / 2};
-    const float beside = places[plan.arrangement] * kTwips;
-    Node &node = rightwards ? surface.Nodes().Add(along, beside, 130 * kTwips, 46 * kTwips)
-                            : surface.Nodes().Add(beside, along * 64 / 120, 130 * kTwips, 40 * kTwips);
-    node.SetText(QStringLiteral("Step %1").arg(i + 1));
-    node.SetFillColor(kFills[i % 5]);
-    node.SetBorderColor(kFills[i % 5]);
+std::vector<QString> AddStreams(document::MapWindow &window) {
+    std::vector<QString> keys;
+    for (int i = 0; i < gallery::kStreams; ++i)
+        keys.push_back(window.clsSettings()
+                           .Levels()
+                           .Create(QString::fromUtf8(gallery::kStreamNames[i]), true, kFills[i])
+                           .Key);
+    return keys;
+}
+
+// Beside the strip; where exactly, the dates say.
+Node &AddNode(Surface &surface, const Plan &plan, const gallery::PlanStep &step, const QString &stream) {
+    const float along = float(step.day) * 4, page = float(plan.Rightwards() ? 800 : 1300);
+    const float spread = 60.0F * float(step.stream);
+    const float places[] = {230 + spread, page - 390 - spread, 130 + spread, page - 210 - spread,
+                            step.stream % 2 ? 120 + spread : page - 180 - spread};
+    const float beside = places[plan.arrangement];
+    Node &node = surface.Nodes().Add((plan.Rightwards() ? along : beside) * kTwips,
+                                     (plan.Rightwards() ? beside : along) * kTwips, kNodeWidth * kTwips,
+                                     kNodeHeight * kTwips);
+    node.SetText(QString::fromUtf8(step.text));
+    node.SetShape(2);
+    node.SetFont(Font(QStringLiteral("Arial"), 9));
+    node.SetFillColor(kFills[step.stream]);
+    node.SetBorderColor(0x6A5444);
+    document::SetTag(node, document::tags::kLevel, stream);
     return node;
 }
 
-void AddTasks(document::MapWindow &window, Surface &surface, const Plan &plan) {
-    std::vector<timeline::NodeDate> dates;
-    std::vector<QString> keys;
-    for (const char *name : kLanes)
-        keys.push_back(window.clsSettings().Levels().Create(QString::fromLatin1(name), false, 0).Key);
-    for (const Task &task : kTasks) {
-        Node &node = surface.Nodes().Add(1000, 3000, 110 * kTwips, 36 * kTwips);
-        node.SetText(QString::fromLatin1(task.text));
-        node.SetFillColor(kFills[task.lane]);
-        node.SetBorderColor(kFills[task.lane]);
-        document::SetTag(node, document::tags::kLevel, keys[std::size_t(task.lane)]);
-        if (task.after >= 0) dates[std::size_t(task.after)].node->Links().Add(node).SetStyle(6);
-        const QDate first = plan.start.addDays(task.from);
-        dates.push_back({&node, timeline::FormatDate(first, timeline::kDayPattern)});
-        if (task.lasts > 0) dates.back().last = first.addDays(task.lasts - 1);
-    }
-    timeline::SetLanes(surface, timeline::Lanes::Level);
-    timeline::SetKeepsNodesAtDates(surface, true);
-    timeline::AddTimelineLinks(window, surface, dates);
-    timeline::LineUp(window, surface, timeline::RowOrder::Choose);
-}
-
-void AddDays(document::MapWindow &window, Surface &surface, const Plan &plan) {
-    std::vector<timeline::NodeDate> dates;
-    for (int i = 0; i < plan.nodes; ++i)
-        dates.push_back({&AddNode(surface, plan, i),
-                         timeline::FormatDate(plan.start.addDays(i * plan.days), timeline::kDayPattern)});
-    timeline::AddTimelineLinks(window, surface, dates);
+void AddDependency(Node &from, Node &to, bool dark) {
+    Link &link = from.Links().Add(to);
+    link.SetLineColor(dark ? 0xB4A090 : 0x6A5444);
+    link.SetArrowDest(5);
+    link.SetArrowSizeDest(1);
 }
 
 void Draw(document::MapWindow &window, Surface &surface, const Plan &plan) {
     surface.SetBackColor(plan.dark ? 0x281C14 : 0xFFFFFF);
     document::SetTag(surface, document::tags::kTimelineAlign, QString::number(plan.arrangement));
     document::SetTag(surface, document::tags::kMissing, QStringLiteral("True"));
-    BuildMonthLook(surface, plan.dark, plan.arrangement >= 2);
-    surface.SetSize(1200 * kTwips, 640 * kTwips);
-    plan.bars ? AddTasks(window, surface, plan) : AddDays(window, surface, plan);
+    BuildMonthLook(surface, plan);
+    surface.SetSize(1300 * kTwips, 800 * kTwips);
+    const std::vector<QString> streams = AddStreams(window);
+    std::vector<timeline::NodeDate> dates;
+    for (const gallery::PlanStep &step : plan.steps) {
+        const QDate first = plan.start.addDays(step.day);
+        dates.push_back({&AddNode(surface, plan, step, streams[std::size_t(step.stream)]),
+                         timeline::FormatDate(first, timeline::kDayPattern)});
+        if (plan.bars && step.lasts > 0) dates.back().last = first.addDays(step.lasts - 1);
+    }
+    for (std::size_t i = 0; i < dates.size(); ++i)
+        if (const int after = plan.steps[i].after; after >= 0)
+            AddDependency(*dates[std::size_t(after)].node, *dates[i].node, plan.dark);
+    timeline::SetKeepsNodesAtDates(surface, plan.bars);
+    timeline::AddTimelineLinks(window, surface, dates);
     timeline::SetShows(surface, timeline::CalendarPart::Weekends, plan.dark);
+    timeline::SetLanes(surface, plan.lanes ? timeline::Lanes::Level : timeline::Lanes::None);
+    timeline::LineUp(window, surface, timeline::RowOrder::Choose);
+}
+
+QString FileOf(const Plan &plan, int percent) {
+    return QStringLiteral("%1-%2%3%4-%5.png")
+        .arg(QLatin1String(plan.name), QLatin1String(kArrangements[plan.arrangement]),
+             QLatin1String(plan.lanes ? "-lanes" : ""), QLatin1String(plan.dark ? "-dark" : ""))
+        .arg(percent);
 }
 
 void Write(const QDir &folder, const Plan &plan, support::HeadlessDesktop &desktop) {
@@ -139,11 +136,7 @@ void Write(const QDir &folder, const Plan &plan, support::HeadlessDesktop &deskt
         QImage image((page.size() * options.xScale).toSize(), QImage::Format_RGB32);
         QPainter painter(&image);
         renderer.Paint(painter, scene, page, options);
-        image.save(
-            folder.filePath(QStringLiteral("%1-%2%3-%4.png")
-                                .arg(QLatin1String(plan.name), QLatin1String(kArrangements[plan.arrangement]),
-                                     QLatin1String(plan.dark ? "-dark" : ""))
-                                .arg(percent)));
+        image.save(folder.filePath(FileOf(plan, percent)));
     }
 }
 
@@ -159,12 +152,21 @@ int main(int argc, char **argv) {
     support::SetDesktop(&desktop.Get());
     SetCalendarSource(timeline::CalendarOfStrip);
     for (const bool dark : {false, true})
-        for (int arrangement = 0; arrangement < 5; ++arrangement)
-            Write(folder, {"launch", QDate(2026, 9, 3), 25, 11, arrangement, dark}, desktop);
+        for (const bool lanes : {false, true}) {
+            for (int arrangement = 0; arrangement < 5; ++arrangement)
+                Write(folder, {"launch", QDate(2026, 9, 3), gallery::LaunchSteps(), arrangement, dark, lanes},
+                      desktop);
+            Write(folder, {"decade", QDate(2024, 2, 3), gallery::DecadeSteps(), 2, dark, lanes}, desktop);
+        }
     for (const bool dark : {false, true})
         for (const int arrangement : {0, 2})
-            Write(folder, {"bars", QDate(2026, 9, 3), 0, 0, arrangement, dark, true}, desktop);
-    Write(folder, {"decade", QDate(2024, 2, 3), 40, 91, 2, false}, desktop);
+            Write(folder, {"bars", QDate(2026, 9, 3), gallery::BarSteps(), arrangement, dark, true, true},
+                  desktop);
+    for (const auto &[name, language] :
+         {std::pair("german", QLocale::German), std::pair("french", QLocale::French)}) {
+        QLocale::setDefault(QLocale(language));
+        Write(folder, {name, QDate(2026, 9, 3), gallery::LaunchSteps(), 2, false, true}, desktop);
+    }
     std::printf("%s\n", qPrintable(folder.absolutePath()));
     return 0;
 }

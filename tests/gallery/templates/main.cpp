@@ -12,6 +12,7 @@
 #include "support/RegistryStore.h"
 #include "templates/DrawnIcon.h"
 #include "tests/product/Faults.h"
+#include "timeline/CalendarOfStrip.h"
 
 #include <cstdio>
 #include <QDirIterator>
@@ -106,6 +107,7 @@ int main(int argc, char **argv) {
     if (!QDir().mkpath(folder.path())) return 1;
     const QTemporaryDir programFolder;
     support::HeadlessDesktop desktop(std::make_unique<support::MemoryRegistryStore>());
+    diagram::SetCalendarSource(timeline::CalendarOfStrip);
     std::vector<Page> pages;
     try {
         BuildProgramFolder(edition, QDir(programFolder.path()));
