@@ -26,6 +26,9 @@ public:
     bool KeepsNodesAtDates(const diagram::Surface &flow) const override;
     void Settle(diagram::Surface &flow, const std::vector<diagram::Node *> &moved) override;
     void SetDates(diagram::Surface &flow, const std::vector<Dated> &dates) override;
+    bool ToggleFold(diagram::Surface &flow, diagram::StripPiece piece, const QPointF &at) override;
+    QString PieceInWords(const diagram::Surface &flow, diagram::StripPiece piece,
+                         const QPointF &at) const override;
     void Arrange(diagram::Surface &flow) override; // nothing on a surface without months
 
 private:

@@ -14,6 +14,9 @@ namespace diagram {
 class Node;
 class Surface;
 
+// What of the strip can be folded to a sliver.
+enum class StripPiece { Month, Quarter, Year };
+
 // The plain one stands for a surface without a strip. Places are in twips.
 class DayStrip {
 public:
@@ -45,6 +48,12 @@ public:
     };
     // Gives the nodes these dates, inside the group of changes that the caller has opened.
     virtual void SetDates(Surface &, const std::vector<Dated> &) {}
+
+    // Folds the piece of the strip that lies there to a sliver, or unfolds it, inside the group of changes
+    // that the caller has opened. False where there is none.
+    virtual bool ToggleFold(Surface &, StripPiece, const QPointF &) { return false; }
+    // What is to be known of that piece: its name, whether it is folded, how many nodes belong to it.
+    virtual QString PieceInWords(const Surface &, StripPiece, const QPointF &) const { return {}; }
 
     // Lays the strip out where it belongs, inside the group of changes that the caller has opened: everything
     // on the surface was moved.

@@ -68,11 +68,12 @@ TEST(Tag, SetTag_WorksOnNodesAndSurfaces) {
 }
 
 TEST(Tag, NoKeyInUseBeginsAnother) {
-    const QString keys[] = {
-        tags::kGroup,         tags::kLevel,           tags::kHyper,       tags::kTheDate,
-        tags::kDateFormat,    tags::kTimelineAlign,   tags::kMissing,     tags::kNamesOfLevels,
-        tags::kNamesOfGroups, tags::kMonthHidden,     tags::kMonthFolded, tags::kBandsHidden,
-        tags::kWeekends,      tags::kTodayEverywhere, tags::kAtDates,     tags::kLanes};
+    const QString keys[] = {tags::kGroup,       tags::kLevel,           tags::kHyper,
+                            tags::kTheDate,     tags::kDateFormat,      tags::kTimelineAlign,
+                            tags::kMissing,     tags::kNamesOfLevels,   tags::kNamesOfGroups,
+                            tags::kMonthHidden, tags::kMonthFolded,     tags::kBandsHidden,
+                            tags::kWeekends,    tags::kTodayEverywhere, tags::kAtDates,
+                            tags::kLanes,       tags::kRowsOfLanes};
     for (const QString &a : keys)
         for (const QString &b : keys)
             EXPECT_EQ(a.startsWith(b, Qt::CaseInsensitive), a == b) << a.toStdString();

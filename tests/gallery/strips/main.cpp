@@ -3,12 +3,16 @@
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
+#include "document/clsfrmMain.h"
 #include "document/MemoryWindow.h"
 #include "document/Tags.h"
 #include "support/headless/HeadlessDesktop.h"
 #include "timeline/AddTimelineLink.h"
+#include "timeline/AtDates.h"
 #include "timeline/CalendarOfStrip.h"
 #include "timeline/DateText.h"
+#include "timeline/Folding.h"
+#include "timeline/LineUp.h"
 #include "timeline/TimelineNodes.h"
 
 #include <cstdio>
@@ -30,6 +34,7 @@ struct Plan {
     int nodes, days; // from one node to the next
     int arrangement;
     bool dark;
+    bool folded = false; // all years but the second, or the third month; in lanes, at their dates
 };
 
 // What the delivered months look like.
@@ -64,6 +69,26 @@ Node &AddNode(Surface &surface, const Plan &plan, int i) {
     return node;
 }
 
+void FoldAndLineUp(document::MapWindow &window, Surface &surface, const Plan &plan) {
+    std::vector<QString> levels;
+    for (const char *name : {"Product", "Market", "Sales"})
+        levels.push_back(window.clsSettings().Levels().Create(QLatin1String(name), false, 0).Key);
+    int count = 0;
+    for (Node &node : surface.Nodes())
+        if (node.Selectable())
+            document::SetTag(node, document::tags::kLevel, levels[std::size_t(count++) % levels.size()]);
+    timeline::SetKeepsNodesAtDates(surface, true);
+    timeline::SetLanes(surface, timeline::Lanes::Level);
+    timeline::LineUp(window, surface, timeline::RowOrder::Choose);
+    const bool isLong = plan.nodes * plan.days > 1000;
+    const int first = isLong ? 0 : 2, last = isLong ? 9 : 2;
+    for (int i = first; i <= last; ++i) {
+        const QDate day = isLong ? plan.start.addYears(i) : plan.start.addMonths(i);
+        const StripPiece piece = isLong ? StripPiece::Year : StripPiece::Month;
+        if (!isLong || i != 1) timeline::SetFolded(window, surface, timeline::PieceAround(piece, day), true);
+    }
+}
+
 void Draw(document::MapWindow &window, Surface &surface, const Plan &plan) {
     surface.SetBackColor(plan.dark ? 0x281C14 : 0xFFFFFF);
     document::SetTag(surface, document::tags::kTimelineAlign, QString::number(plan.arrangement));
@@ -76,6 +101,7 @@ void Draw(document::MapWindow &window, Surface &surface, const Plan &plan) {
                          timeline::FormatDate(plan.start.addDays(i * plan.days), timeline::kDayPattern)});
     timeline::AddTimelineLinks(window, surface, dates);
     timeline::SetShows(surface, timeline::CalendarPart::Weekends, plan.dark);
+    if (plan.folded) FoldAndLineUp(window, surface, plan);
 }
 
 void Write(const QDir &folder, const Plan &plan, support::HeadlessDesktop &desktop) {
@@ -93,11 +119,11 @@ void Write(const QDir &folder, const Plan &plan, support::HeadlessDesktop &deskt
         QImage image((page.size() * options.xScale).toSize(), QImage::Format_RGB32);
         QPainter painter(&image);
         renderer.Paint(painter, scene, page, options);
-        image.save(
-            folder.filePath(QStringLiteral("%1-%2%3-%4.png")
-                                .arg(QLatin1String(plan.name), QLatin1String(kArrangements[plan.arrangement]),
-                                     QLatin1String(plan.dark ? "-dark" : ""))
-                                .arg(percent)));
+        image.save(folder.filePath(
+            QStringLiteral("%1-%2%3%4-%5.png")
+                .arg(QLatin1String(plan.name), QLatin1String(kArrangements[plan.arrangement]),
+                     QLatin1String(plan.folded ? "-folded" : ""), QLatin1String(plan.dark ? "-dark" : ""))
+                .arg(percent)));
     }
 }
 
@@ -116,6 +142,11 @@ int main(int argc, char **argv) {
         for (int arrangement = 0; arrangement < 5; ++arrangement)
             Write(folder, {"launch", QDate(2026, 9, 3), 25, 11, arrangement, dark}, desktop);
     Write(folder, {"decade", QDate(2024, 2, 3), 40, 91, 2, false}, desktop);
+    for (const bool dark : {false, true}) {
+        for (int arrangement = 0; arrangement < 5; ++arrangement)
+            Write(folder, {"launch", QDate(2026, 9, 3), 25, 11, arrangement, dark, true}, desktop);
+        Write(folder, {"decade", QDate(2024, 2, 3), 40, 91, 2, dark, true}, desktop);
+    }
     std::printf("%s\n", qPrintable(folder.absolutePath()));
     return 0;
 }
