@@ -186,8 +186,8 @@ int CalendarPainter::StepOf(std::span<const Span> years) const {
 // All of them folded, or none. A wide one is written more than once.
 void CalendarPainter::PaintYears(std::span<const Span> years, const Row &row) const {
     const int step = StepOf(years);
+    for (const Span &year : years) PaintSpan(year, row, ink_.Year()); // captions may reach into the next
     for (const Span &year : years) {
-        PaintSpan(year, row, ink_.Year());
         const TextBlock &caption = Caption(year.caption, true);
         const double left = years.back().to - year.from;
         const int number = year.folded ? int(&year - years.data()) : year.caption.toInt();
