@@ -5,6 +5,7 @@
 #include "document/Tags.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/DateText.h"
+#include "timeline/Folding.h"
 #include "timeline/ReadDateAsWritten.h"
 
 #include <QCoreApplication>
@@ -22,6 +23,7 @@ QString ItemDescription(const diagram::Item &item, document::clsfrmMain &setting
     if (!groups.isEmpty())
         parts << QCoreApplication::translate("frmMain", "groups %1").arg(QString(groups).replace(',', ", "));
     if (const auto date = timeline::ParseDate(timeline::DateOfNode(*node))) parts << timeline::InFull(*date);
+    if (const auto fold = timeline::FoldOf(*node)) parts << timeline::FoldInWords(node->Owner(), *fold);
     return parts.join(QStringLiteral(", "));
 }
 
