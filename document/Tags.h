@@ -25,7 +25,8 @@ inline const QString kTimelineAlign =
     QStringLiteral("TM_Align");                            // surface: number of the timeline's arrangement
 inline const QString kMissing = QStringLiteral("Missing"); // surface: "True" or "False"
 inline const QString kMonthHidden = QStringLiteral("MonthHidden"); // month node: switch, by the user's hand
-inline const QString kMonthFolded = QStringLiteral("MonthFolded"); // month node: switch
+inline const QString kMonthFolded = QStringLiteral(
+    "MonthFolded"); // month node: "Month", "Quarter" or "Year", what it is folded with, or none
 inline const QString kBandsHidden = QStringLiteral("BandsHidden"); // timeline template node: switch
 inline const QString kWeekends = QStringLiteral("Weekends"); // timeline template node: switch, are shaded
 inline const QString kTodayEverywhere =
@@ -37,6 +38,7 @@ inline const QString kEndDate = QStringLiteral("EndDate"); // node with a date: 
 // Node that is a bar: "Width" or "Height", whichever lies along the strip, and how long it was, in twips.
 inline const QString kOwnExtent = QStringLiteral("OwnExtent");
 inline const QString kLanes = QStringLiteral("Lanes"); // timeline template node: "Level", "Group" or none
+inline const QString kRowsOfLanes = QStringLiteral("RowsOfLanes"); // timeline template node: where they stand
 inline const QString kNamesOfLevels =
     QStringLiteral("NAMESOFLEVELS"); // node "DIAGRAM": what the keys of levels are called
 inline const QString kNamesOfGroups = QStringLiteral("NAMESOFGROUPS"); // the same for groups

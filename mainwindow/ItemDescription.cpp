@@ -3,6 +3,7 @@
 #include "diagram/model/Node.h"
 #include "document/clsfrmMain.h"
 #include "document/Tags.h"
+#include "timeline/Folding.h"
 #include "timeline/Span.h"
 
 #include <QCoreApplication>
@@ -20,6 +21,7 @@ QString ItemDescription(const diagram::Item &item, document::clsfrmMain &setting
     if (!groups.isEmpty())
         parts << QCoreApplication::translate("frmMain", "groups %1").arg(QString(groups).replace(',', ", "));
     if (const auto span = timeline::SpanOfNode(*node)) parts << timeline::InFull(*span);
+    if (const auto fold = timeline::FoldOf(*node)) parts << timeline::FoldInWords(node->Owner(), *fold);
     return parts.join(QStringLiteral(", "));
 }
 

@@ -3,6 +3,7 @@
 #include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
+#include "document/SurfaceArray.h"
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
 #include "mainwindow/CalendarCommands.h"
@@ -243,6 +244,15 @@ void mnuViewTimelinePush(frmMain &window) {
 void mnuViewLanesNone(frmMain &window) { ChooseLanes(window, timeline::Lanes::None); }
 void mnuViewLanesLevel(frmMain &window) { ChooseLanes(window, timeline::Lanes::Level); }
 void mnuViewLanesGroup(frmMain &window) { ChooseLanes(window, timeline::Lanes::Group); }
+
+void RenameLanes(frmMain &window) {
+    for (const int slot : window.AddFlow1().Indices()) {
+        diagram::Surface &surface = window.AddFlow1()[slot];
+        if (timeline::LanesOf(surface) == timeline::Lanes::None) continue;
+        const ActionGroup step(surface);
+        timeline::NoteLanes(window, surface);
+    }
+}
 
 void ShowTimelineTick(frmMain &window) {
     ShowCalendarTicks(window);

@@ -39,6 +39,9 @@ void keyDayEarlier(frmMain &window);
 void keyWeekLater(frmMain &window);
 void keyWeekEarlier(frmMain &window);
 
+// Writes the names of levels and groups anew beside the timelines that have lanes.
+void RenameLanes(frmMain &window);
+
 // The selected nodes; links of the timeline end on others.
 std::vector<diagram::Node *> NodesToDate(const diagram::Surface &surface);
 // Says in the status bar where dates have gone to, nothing where they can't, and how many nodes have none.

@@ -16,6 +16,11 @@ constexpr EntryRow kRows[] = {
     {""},
     {"mnuTemplateNodeHide", "Hide"},
     {"mnuTemplateNodeUnHide", "UnHide"},
+    {""},
+    {"mnuTemplateNodeFold", "Fold"},
+    {"mnuTemplateNodeFoldQuarter", "Fold Quarter"},
+    {"mnuTemplateNodeFoldYear", "Fold Year"},
+    {"mnuTemplateNodeUnfoldAll", "Unfold All"},
 };
 
 } // namespace

@@ -3,9 +3,11 @@
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/ActionGroup.h"
 #include "mainwindow/Commands.h"
+#include "mainwindow/FoldCommands.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/TimelineMenu.h"
 #include "timeline/Arrange.h"
+#include "timeline/Folding.h"
 #include "timeline/TimelineNodes.h"
 
 #include <algorithm>
@@ -23,9 +25,35 @@ void TimelinePopup::Show(diagram::Node &month, const diagram::SurfaceView &view,
     const auto visible =
         std::ranges::count_if(months, [](const diagram::Node *each) { return !each->Hidden(); });
     menu_->Item(QStringLiteral("mnuTemplateNodeHide"))->setEnabled(visible > 1);
+    ShowFolds(month, std::ranges::any_of(months, [](const diagram::Node *each) {
+                  return timeline::FoldOf(*each).has_value();
+              }));
     month_ = {month.Owner().Index(), month.Id()};
-    menu_->popup(view.viewport()->mapToGlobal(view.FromSurface(twips).toPoint()));
+    const QRect seen = view.viewport()->rect(); // the month itself may be out of sight
+    const QPoint at = view.FromSurface(twips).toPoint();
+    menu_->popup(view.viewport()->mapToGlobal(QPoint(std::clamp(at.x(), seen.left(), seen.right()),
+                                                     std::clamp(at.y(), seen.top(), seen.bottom()))));
 }
+
+// A fold is unfolded as a whole.
+void TimelinePopup::ShowFolds(const diagram::Node &month, bool anyFold) {
+    const auto fold = timeline::FoldOf(month);
+    menu_->Item(QStringLiteral("mnuTemplateNodeFold"))
+        ->setText(fold ? frmMain::tr("Unfold") : frmMain::tr("Fold"));
+    menu_->Item(QStringLiteral("mnuTemplateNodeFoldQuarter"))
+        ->setEnabled(!fold || fold->piece < diagram::StripPiece::Quarter);
+    menu_->Item(QStringLiteral("mnuTemplateNodeFoldYear"))
+        ->setEnabled(!fold || fold->piece < diagram::StripPiece::Year);
+    menu_->Item(QStringLiteral("mnuTemplateNodeUnfoldAll"))->setEnabled(anyFold);
+}
+
+void TimelinePopup::Fold(diagram::StripPiece piece) {
+    if (const diagram::Node *month = Month()) ToggleFold(window_, *month, piece);
+}
+void TimelinePopup::FoldMonth() { Fold(diagram::StripPiece::Month); }
+void TimelinePopup::FoldQuarter() { Fold(diagram::StripPiece::Quarter); }
+void TimelinePopup::FoldYear() { Fold(diagram::StripPiece::Year); }
+void TimelinePopup::UnfoldAll() { keyUnfoldAll(window_); }
 
 diagram::Node *TimelinePopup::Month() const {
     const auto &[index, id] = month_;
@@ -59,6 +87,10 @@ void TimelinePopup::Click(const QString &key) {
         {"mnuTemplateNodeHide", &TimelinePopup::Hide},
         {"mnuTemplateNodeUnHide", &TimelinePopup::UnHide},
         {"mnuTemplateNodeOpen", &TimelinePopup::OpenSetup},
+        {"mnuTemplateNodeFold", &TimelinePopup::FoldMonth},
+        {"mnuTemplateNodeFoldQuarter", &TimelinePopup::FoldQuarter},
+        {"mnuTemplateNodeFoldYear", &TimelinePopup::FoldYear},
+        {"mnuTemplateNodeUnfoldAll", &TimelinePopup::UnfoldAll},
     };
     const auto *entry =
         std::ranges::find_if(kEntries, [&](const EntryRow &row) { return key == QLatin1String(row.key); });

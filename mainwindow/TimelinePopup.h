@@ -10,6 +10,7 @@
 namespace diagram {
 class Node;
 class SurfaceView;
+enum class StripPiece;
 } // namespace diagram
 
 namespace mainwindow {
@@ -32,6 +33,12 @@ private:
     void Hide();
     void UnHide();
     void OpenSetup();
+    void ShowFolds(const diagram::Node &month, bool anyFold);
+    void Fold(diagram::StripPiece piece);
+    void FoldMonth();
+    void FoldQuarter();
+    void FoldYear();
+    void UnfoldAll();
 
     frmMain &window_;
     TimelineMenu *menu_;

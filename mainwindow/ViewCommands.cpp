@@ -9,6 +9,7 @@
 #include "mainwindow/BarPane.h"
 #include "mainwindow/CalendarCommands.h"
 #include "mainwindow/CommandSearch.h"
+#include "mainwindow/FoldCommands.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/LookBar.h"
 #include "mainwindow/Overview.h"
@@ -108,6 +109,7 @@ void mnuViewLevels(frmMain &window) {
     window.LoadLevelCombo();
     window.ssDBLevels_CloseUp();
     window.DoFixColors(former);
+    RenameLanes(window);
     if (!argument.status.isEmpty()) window.Status().TellInPassing(argument.status);
 }
 
@@ -116,6 +118,7 @@ void mnuViewGroups(frmMain &window) {
     document::Show(window, argument);
     window.LoadGroupCombo();
     window.ssDBLevels_CloseUp();
+    RenameLanes(window);
     if (!argument.status.isEmpty()) window.Status().TellInPassing(argument.status);
 }
 
@@ -270,6 +273,17 @@ constexpr CommandRow kKeyRows[] = {
      Needs::Nothing, false, "calendar saturday sunday timeline"},
     {"mnuViewCalendar", "mnuViewTodayEverywhere", "Today on paper and in pictures", kCheck,
      mnuViewTodayEverywhere, "", "", "", Needs::Nothing, false, "calendar print line timeline"},
+    {"mnuViewPlan", "mnuViewFold", "F&old the timeline", kMenu},
+    {"mnuViewFold", "keyFoldMonth", "&Month of the selection", kCommand, keyFoldMonth, "", "", "",
+     Needs::Selection, false, "Folds or unfolds the months of the selected @NODEs"},
+    {"mnuViewFold", "keyFoldQuarter", "&Quarter of the selection", kCommand, keyFoldQuarter, "", "", "",
+     Needs::Selection, false, "Folds or unfolds the quarters of the selected @NODEs"},
+    {"mnuViewFold", "keyFoldYear", "&Year of the selection", kCommand, keyFoldYear, "", "", "",
+     Needs::Selection, false, "Folds or unfolds the years of the selected @NODEs"},
+    {"mnuViewFold", "keyFoldEmpty", "Months &without @NODEs", kCommand, keyFoldEmpty, "", "", "",
+     Needs::Nothing, false, "Folds each month of the timeline that has no @NODE"},
+    {"mnuViewFold", "keyUnfoldAll", "&Unfold all", kCommand, keyUnfoldAll, "", "", "", Needs::Nothing, false,
+     "Every folded month of the timeline"},
     Separator("mnuView", "mnuViewSepGo"),
     {"mnuView", "mnuViewGo", "G&o to", kMenu},
     {"mnuViewGo", "keyNextSlice", "&Next @SLICE", kCommand, keyNextSlice, "", "", "Ctrl+PgDown"},

@@ -10,6 +10,7 @@
 #include "timeline/DateIndex.h"
 #include "timeline/DateLanguage.h"
 #include "timeline/DateText.h"
+#include "timeline/Folding.h"
 #include "timeline/LineUp.h"
 #include "timeline/Span.h"
 #include "timeline/Strip.h"
@@ -120,8 +121,9 @@ public:
 
     void Sort() { Sort2DArray(table_, kMonth); }
 
-    // A hidden month keeps its place in the order and takes no room.
-    void FoldHiddenMonths() {
+    // A hidden month keeps its place in the order and takes no room; a folded one takes little.
+    void FoldMonths() {
+        SizeFolds(flow_, settings_.arrangement);
         for (const AxisRow &row : table_) {
             if (row[kKey].isEmpty()) continue;
             window_.DoStatus(QStringLiteral("Searching for ") + row[kMonth]);
@@ -140,8 +142,12 @@ public:
 
     void Place() {
         DaysByMonth days(days_);
-        std::int32_t offset = 0;
+        std::int32_t offset = 0, begin = 0;
+        std::optional<PieceOfStrip> last;
         for (diagram::Node *month : Months()) {
+            const std::optional<PieceOfStrip> fold = FoldOf(*month);
+            if (!month->Hidden() && fold && fold == last) offset = begin; // one sliver
+            if (!month->Hidden()) begin = offset, last = fold;
             if (!PlaceMonth(flow_, *month, settings_.arrangement, offset)) return;
             PositionDateNodes(days, *month, RunsRightwards(settings_.arrangement));
         }
@@ -228,12 +234,15 @@ std::size_t MonthsInSight(const diagram::Surface &flow) {
     return std::size_t(std::ranges::count(LocateTimelineNodes(flow), false, &diagram::Node::Hidden));
 }
 
-// Two months in sight over one another, or one without extent: an arrangement met them while they were
-// hidden.
+// Two months in sight over one another that aren't folded together, or one without extent: an arrangement met
+// them while they were hidden.
 bool IsDisarranged(const diagram::Surface &flow) {
     std::vector<QRectF> boxes;
-    for (const diagram::Node *month : LocateTimelineNodes(flow))
-        if (!month->Hidden()) boxes.push_back(month->Bounds());
+    for (const diagram::Node *month : LocateTimelineNodes(flow)) {
+        if (month->Hidden()) continue;
+        if (!FoldOf(*month) || std::ranges::find(boxes, month->Bounds()) == boxes.end())
+            boxes.push_back(month->Bounds());
+    }
     const auto before = [](const QRectF &a, const QRectF &b) {
         return std::pair(a.left(), a.top()) < std::pair(b.left(), b.top());
     };
@@ -258,7 +267,7 @@ void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, i
         else if (run.DropUnusedMonths())
             return ArrangeTimeLineNodes(window, Flow, kStoredArrangement, moved);
         run.Sort();
-        run.FoldHiddenMonths();
+        run.FoldMonths();
         run.WriteTexts();
         run.Place();
         FollowDates(window, Flow, moved);

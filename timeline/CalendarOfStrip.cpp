@@ -6,6 +6,8 @@
 #include "support/Val.h"
 #include "timeline/Arrange.h"
 #include "timeline/DateText.h"
+#include "timeline/Folding.h"
+#include "timeline/LaneRows.h"
 #include "timeline/Strip.h"
 #include "timeline/TimelineNodes.h"
 
@@ -21,6 +23,8 @@ using Span = diagram::Calendar::Span;
 struct StripMonth {
     Span place;
     QDate first;
+    const diagram::Node *node;
+    std::optional<PieceOfStrip> fold;
     double Slot() const { return double(SlotOf(float(place.Length()), first.daysInMonth())); }
     // As days stand in the strip: the first of them one slot behind the beginning.
     Span DayAt(int day) const {
@@ -56,18 +60,27 @@ QString QuarterText(const QDate &date) {
     return QCoreApplication::translate("timeline", "Q%1", "quarter of a year").arg((date.month() + 2) / 3);
 }
 
-// Neighbours with the same caption and number become one.
+bool AreOneSliver(const StripMonth &a, const StripMonth &b) { return a.fold && a.fold == b.fold; }
+
+// Neighbours with the same number become one, with a caption only where it isn't part of a larger fold.
 template <typename NumberOf, typename CaptionOf>
-std::vector<Span> Merged(const std::vector<StripMonth> &months, NumberOf numberOf, CaptionOf captionOf) {
+std::vector<Span> Merged(const std::vector<StripMonth> &months, diagram::StripPiece piece, NumberOf numberOf,
+                         CaptionOf captionOf) {
     std::vector<Span> spans;
     std::optional<int> last;
-    for (const StripMonth &month : months) {
+    for (std::size_t i = 0; i < months.size(); ++i) {
+        const StripMonth &month = months[i];
+        const bool within = month.fold && month.fold->piece > piece;
+        if (within && i > 0 && AreOneSliver(months[i - 1], month)) continue;
         const int number = numberOf(month.first);
-        if (last == number)
+        if (last == number && !within) {
             spans.back().to = month.place.to;
-        else
-            spans.push_back({month.place.from, month.place.to, captionOf(month.first)});
-        last = number;
+            spans.back().folded &= month.fold.has_value();
+        } else {
+            spans.push_back({month.place.from, month.place.to, within ? QString() : captionOf(month.first),
+                             month.fold.has_value()});
+        }
+        last = within ? std::nullopt : std::optional(number);
     }
     return spans;
 }
@@ -81,12 +94,42 @@ void AddDays(const StripMonth &month, bool weekends, diagram::Calendar &calendar
     }
 }
 
+int CountIn(const PieceOfStrip &piece, const NodesByMonth &counts) {
+    int count = 0;
+    for (const auto &[month, nodes] : counts)
+        if (PieceAround(piece.piece, month) == piece) count += nodes;
+    return count;
+}
+
+// The months on their own, and the slivers.
+void AddMonths(const diagram::Surface &flow, const std::vector<StripMonth> &months, bool weekends,
+               diagram::Calendar &calendar) {
+    std::optional<NodesByMonth> counts;
+    for (std::size_t i = 0; i < months.size(); ++i) {
+        const StripMonth &month = months[i];
+        if (i > 0 && AreOneSliver(months[i - 1], month)) {
+            calendar.folds.back().months.push_back(month.node->Id());
+            continue;
+        }
+        calendar.months.push_back(month.place);
+        if (!month.fold) {
+            AddDays(month, weekends, calendar);
+            continue;
+        }
+        if (!counts) counts = CountNodes(flow);
+        const QString count = QString::number(CountIn(*month.fold, *counts));
+        calendar.months.back().caption = count;
+        calendar.months.back().folded = true;
+        calendar.folds.push_back({NameOf(*month.fold), count, {month.node->Id()}});
+    }
+}
+
 std::optional<QLineF> LineOfToday(const std::vector<StripMonth> &months, const QRectF &strip,
                                   bool rightwards) {
     const QDate today = support::CurrentDesktop().clock.Now().date();
     for (const StripMonth &month : months) {
         if (month.first.year() != today.year() || month.first.month() != today.month()) continue;
-        const Span day = month.DayAt(today.day());
+        const Span day = month.fold ? month.place : month.DayAt(today.day());
         const double at = (day.from + day.to) / 2;
         return rightwards ? QLineF(at, strip.top(), at, strip.bottom())
                           : QLineF(strip.left(), at, strip.right(), at);
@@ -99,6 +142,21 @@ void PlaceBands(const diagram::Surface &flow, diagram::Calendar &calendar) {
     const int arrangement = int(support::Val(document::GetTag(flow, document::tags::kTimelineAlign)));
     calendar.rightwards = RunsRightwards(arrangement);
     calendar.after = arrangement == int(Arrangement::Left) || arrangement == int(Arrangement::Top);
+}
+
+// Those of which something is seen.
+std::vector<diagram::Calendar::Lane> LanesInSight(const diagram::Surface &flow, bool rightwards) {
+    std::vector<diagram::Calendar::Lane> lanes = LaneRowsOf(flow);
+    if (lanes.empty()) return lanes;
+    std::vector<double> middles;
+    for (const diagram::Node &node : flow.Nodes())
+        if (node.Selectable() && !node.Hidden())
+            middles.push_back(rightwards ? node.Bounds().center().y() : node.Bounds().center().x());
+    std::erase_if(lanes, [&](const diagram::Calendar::Lane &lane) {
+        return std::ranges::none_of(middles,
+                                    [&](double middle) { return middle > lane.from && middle < lane.to; });
+    });
+    return lanes;
 }
 
 std::vector<StripMonth> MonthsInSight(const diagram::Surface &flow, diagram::Calendar &calendar) {
@@ -116,9 +174,10 @@ std::vector<StripMonth> MonthsInSight(const diagram::Surface &flow, diagram::Cal
         calendar.strip |= box;
         months.push_back({calendar.rightwards ? Span{box.left(), box.right(), node->Text()}
                                               : Span{box.top(), box.bottom(), node->Text()},
-                          *first});
+                          *first, node, FoldOf(*node)});
     }
-    std::ranges::sort(months, {}, [](const StripMonth &month) { return month.place.from; });
+    std::ranges::sort(months, {},
+                      [](const StripMonth &month) { return std::pair(month.place.from, month.first); });
     return months;
 }
 
@@ -133,14 +192,13 @@ diagram::Calendar CalendarOfStrip(const diagram::Surface &flow) {
     calendar.bands = Shows(look, CalendarPart::Bands);
     calendar.todayEverywhere = Shows(look, CalendarPart::TodayEverywhere);
     calendar.years = Merged(
-        months, [](const QDate &date) { return date.year(); },
+        months, diagram::StripPiece::Year, [](const QDate &date) { return date.year(); },
         [](const QDate &date) { return QString::number(date.year()); });
     calendar.quarters = Merged(
-        months, [](const QDate &date) { return date.year() * 4 + (date.month() - 1) / 3; }, QuarterText);
-    for (const StripMonth &month : months) {
-        calendar.months.push_back(month.place);
-        AddDays(month, Shows(look, CalendarPart::Weekends), calendar);
-    }
+        months, diagram::StripPiece::Quarter,
+        [](const QDate &date) { return date.year() * 4 + (date.month() - 1) / 3; }, QuarterText);
+    AddMonths(flow, months, Shows(look, CalendarPart::Weekends), calendar);
+    calendar.lanes = LanesInSight(flow, calendar.rightwards);
     calendar.today = LineOfToday(months, calendar.strip, calendar.rightwards);
     return calendar;
 }

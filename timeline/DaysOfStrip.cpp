@@ -9,6 +9,7 @@
 #include "timeline/AtDates.h"
 #include "timeline/DateIndex.h"
 #include "timeline/DateText.h"
+#include "timeline/Folding.h"
 #include "timeline/Following.h"
 #include "timeline/LineUp.h"
 #include "timeline/Strip.h"
@@ -22,16 +23,34 @@ namespace timeline {
 
 namespace {
 
+constexpr double kUsualMonth = 1800; // twips, where all are folded
+
+// Or several that are folded to one sliver.
 struct ShownMonth {
     double start, length; // along the strip
-    QDate first;          // day of the month
+    QDate first;          // day of it
+    int days;
+    std::optional<PieceOfStrip> fold;
     double End() const { return start + length; }
+    QDate Last() const { return first.addDays(days - 1); }
 };
 
 QString MonthOf(const diagram::Node &node) { return document::GetTag(node, document::tags::kTheDate); }
 
 double LengthOf(const diagram::Node &month, bool rightwards) {
     return double(rightwards ? month.Width() : month.Height());
+}
+
+// Neighbours of one fold as one.
+std::vector<ShownMonth> Together(std::vector<ShownMonth> months) {
+    std::vector<ShownMonth> together;
+    for (ShownMonth &month : months) {
+        if (!month.fold || together.empty() || together.back().fold != month.fold)
+            together.push_back(std::move(month));
+        else
+            together.back().days = int(together.back().first.daysTo(month.Last())) + 1;
+    }
+    return together;
 }
 
 // From the strip's beginning to its end.
@@ -41,30 +60,63 @@ std::vector<ShownMonth> ShownMonths(const diagram::Surface &flow, bool rightward
         const std::optional<QDate> first = ParseDate(MonthOf(*month));
         const double length = LengthOf(*month, rightwards);
         if (month->Hidden() || !first || SlotOf(float(length), first->daysInMonth()) < 1) continue;
-        months.push_back({double(rightwards ? month->Left() : month->Top()), length, *first});
+        months.push_back({double(rightwards ? month->Left() : month->Top()), length, *first,
+                          first->daysInMonth(), FoldOf(*month)});
     }
-    std::ranges::sort(months, {}, &ShownMonth::start);
-    return months;
+    std::ranges::sort(months, {},
+                      [](const ShownMonth &month) { return std::pair(month.start, month.first); });
+    return Together(std::move(months));
+}
+
+// Of a fold the month at that end, as long as an unfolded one.
+ShownMonth EndOf(const std::vector<ShownMonth> &months, bool behind) {
+    const ShownMonth &end = behind ? months.back() : months.front();
+    if (!end.fold) return end;
+    const auto unfolded = std::ranges::find_if(months, [](const ShownMonth &month) { return !month.fold; });
+    const double length = unfolded == months.end() ? kUsualMonth : unfolded->length;
+    const QDate day = behind ? end.Last() : end.first;
+    const QDate first(day.year(), day.month(), 1);
+    return {behind ? end.End() - length : end.start, length, first, first.daysInMonth(), std::nullopt};
 }
 
 // As many whole months on or back as it takes for the place to lie within.
 ShownMonth Beyond(const ShownMonth &end, double place) {
     const double months = std::floor((place - end.start) / end.length);
-    return {end.start + months * end.length, end.length, end.first.addMonths(int(months))};
+    const QDate first = end.first.addMonths(int(months));
+    return {end.start + months * end.length, end.length, first, first.daysInMonth(), std::nullopt};
 }
 
 // The first slot of a month belongs to the last day of the month before, where that one stands in front.
 QDate DayIn(const ShownMonth &month, double place, bool monthBeforeInFront) {
-    const int days = month.first.daysInMonth();
-    const int day = int((place - month.start) / double(SlotOf(float(month.length), days)));
-    return month.first.addDays(std::clamp(day, monthBeforeInFront ? 0 : 1, days) - 1);
+    if (month.fold) {
+        const int day = int((place - month.start) / month.length * month.days);
+        return month.first.addDays(std::clamp(day, 0, month.days - 1));
+    }
+    const int day = int((place - month.start) / double(SlotOf(float(month.length), month.days)));
+    return month.first.addDays(std::clamp(day, monthBeforeInFront ? 0 : 1, month.days) - 1);
+}
+
+bool StandsInFrontOf(const ShownMonth &month, const ShownMonth &next) {
+    return !month.fold && month.Last().addDays(1) == next.first;
+}
+
+// The piece in which the place lies, or the fold that it is part of.
+std::optional<PieceOfStrip> PieceAt(const diagram::Surface &flow, bool rightwards, diagram::StripPiece piece,
+                                    const QPointF &at) {
+    const double place = rightwards ? at.x() : at.y();
+    for (const ShownMonth &month : ShownMonths(flow, rightwards)) {
+        if (place < month.start || place >= month.End()) continue;
+        return month.fold && month.fold->piece > piece ? *month.fold : PieceAround(piece, month.first);
+    }
+    return std::nullopt;
 }
 
 std::optional<double> CentreOf(const std::vector<ShownMonth> &months, const QDate &day) {
-    const QDate first(day.year(), day.month(), 1);
-    const auto month = std::ranges::find(months, first, &ShownMonth::first);
+    const auto month = std::ranges::find_if(
+        months, [&day](const ShownMonth &each) { return each.first <= day && day <= each.Last(); });
     if (month == months.end()) return std::nullopt;
-    return month->start + (day.day() + 0.5) * double(SlotOf(float(month->length), first.daysInMonth()));
+    if (month->fold) return month->start + month->length / 2;
+    return month->start + (day.day() + 0.5) * double(SlotOf(float(month->length), month->days));
 }
 
 // How far along the strip the node goes to begin then; nothing where one of both days isn't seen.
@@ -128,12 +180,11 @@ std::optional<QDate> DaysOfStrip::DayAt(const diagram::Surface &flow, const QPoi
                                                  [](const ShownMonth &month) { return month.End(); });
     QDate day;
     if (behind == months.end())
-        day = DayIn(Beyond(months.back(), place), place, true);
+        day = DayIn(Beyond(EndOf(months, true), place), place, true);
     else if (place < behind->start)
-        day = DayIn(Beyond(*behind, place), place, true);
+        day = DayIn(Beyond(behind == months.begin() ? EndOf(months, false) : *behind, place), place, true);
     else
-        day = DayIn(*behind, place,
-                    behind != months.begin() && std::prev(behind)->first.addMonths(1) == behind->first);
+        day = DayIn(*behind, place, behind != months.begin() && StandsInFrontOf(*std::prev(behind), *behind));
     return IsInYears(day) ? std::optional(day) : std::nullopt;
 }
 
@@ -144,8 +195,9 @@ std::optional<QLineF> DaysOfStrip::PlaceOf(const diagram::Surface &flow, const Q
         if (month->Hidden() || month->Bounds().isEmpty()) continue;
         if (MonthOf(*month) != text && MeaningOf(MonthOf(*month)) != meant) continue;
         const bool rightwards = RunsRightwards(flow);
-        const double slot = double(SlotOf(float(LengthOf(*month, rightwards)), date.daysInMonth()));
-        const double along = (date.day() + 0.5) * slot;
+        const double length = LengthOf(*month, rightwards);
+        const double slot = double(SlotOf(float(length), date.daysInMonth()));
+        const double along = FoldOf(*month) ? length / 2 : (date.day() + 0.5) * slot;
         const QRectF box = month->Bounds();
         if (rightwards) return QLineF(box.left() + along, box.top(), box.left() + along, box.bottom());
         return QLineF(box.left(), box.top() + along, box.right(), box.top() + along);
@@ -162,13 +214,15 @@ std::vector<QLineF> DaysOfStrip::Breaks(const diagram::Surface &flow) const {
     const bool rightwards = RunsRightwards(flow);
     std::vector<QLineF> breaks;
     bool seen = false, missing = false;
+    std::optional<PieceOfStrip> last;
     for (std::size_t i = 0; i < months.size(); ++i) {
         missing = missing || (i > 0 && MonthBoundaries(months[i - 1].first, months[i].first) > 1);
         const QRectF box = months[i].second->Bounds();
         if (months[i].second->Hidden() || box.isEmpty()) continue;
-        if (seen && missing)
+        const std::optional<PieceOfStrip> fold = FoldOf(*months[i].second);
+        if (seen && missing && (!fold || fold != last))
             breaks.emplace_back(box.topLeft(), rightwards ? box.bottomLeft() : box.topRight());
-        seen = true, missing = false;
+        seen = true, missing = false, last = fold;
     }
     return breaks;
 }
@@ -207,6 +261,21 @@ diagram::DayStrip::Following DaysOfStrip::WhatFollows(const diagram::Surface &fl
             following.boxes.push_back(
                 each.node->Bounds().translated(rightwards ? *way : 0, rightwards ? 0 : *way));
     return following;
+}
+
+bool DaysOfStrip::ToggleFold(diagram::Surface &flow, diagram::StripPiece piece, const QPointF &at) {
+    const std::optional<PieceOfStrip> found = PieceAt(flow, RunsRightwards(flow), piece, at);
+    return found && SetFolded(window_, flow, *found, !IsFolded(flow, *found));
+}
+
+QString DaysOfStrip::PieceInWords(const diagram::Surface &flow, diagram::StripPiece piece,
+                                  const QPointF &at) const {
+    const std::optional<PieceOfStrip> found = PieceAt(flow, RunsRightwards(flow), piece, at);
+    if (!found) return {};
+    if (!IsFolded(flow, *found))
+        return QCoreApplication::translate("timeline", "%1\nA double click folds it.").arg(NameOf(*found));
+    return QCoreApplication::translate("timeline", "%1, %2\nA double click unfolds it.")
+        .arg(NameOf(*found), FoldInWords(flow, *found));
 }
 
 void DaysOfStrip::Arrange(diagram::Surface &flow) {

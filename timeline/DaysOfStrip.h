@@ -31,6 +31,9 @@ public:
                   const std::vector<diagram::Node *> &moved) override;
     // Nothing where the slice pushes nothing on.
     Following WhatFollows(const diagram::Surface &flow, const std::vector<Dated> &dates) const override;
+    bool ToggleFold(diagram::Surface &flow, diagram::StripPiece piece, const QPointF &at) override;
+    QString PieceInWords(const diagram::Surface &flow, diagram::StripPiece piece,
+                         const QPointF &at) const override;
     void Arrange(diagram::Surface &flow) override; // nothing on a surface without months
 
 private:

@@ -12,6 +12,8 @@
 #include "timeline/CalendarOfStrip.h"
 #include "timeline/DateIndex.h"
 #include "timeline/DateText.h"
+#include "timeline/Folding.h"
+#include "timeline/LaneRows.h"
 #include "timeline/LineUpPlan.h"
 #include "timeline/Span.h"
 #include "timeline/Strip.h"
@@ -21,6 +23,7 @@
 #include <limits>
 #include <map>
 #include <QHash>
+#include <QStringList>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -43,19 +46,21 @@ public:
         for (const Node *month : LocateTimelineNodes(flow)) {
             if (month->Hidden() || month->Bounds().isEmpty()) continue;
             const auto meant = MeaningOf(document::GetTag(*month, document::tags::kTheDate));
-            if (meant && meant->month) Add(meant->date, month->Bounds());
+            if (meant && meant->month) Add(meant->date, month->Bounds(), FoldOf(*month).has_value());
         }
     }
 
     bool Rightwards() const { return rightwards_; }
     const StripEdges &Edges() const { return edges_; }
 
-    // From the beginning of the first day to the end of the last one, as far as their months are in sight.
+    // From the beginning of the first day to the end of the last one, as far as their months are in sight;
+    // all of a fold in which both lie.
     std::optional<Stretch> BarOf(const QDate &first, const QDate &last) const {
         const QDate begin(first.year(), first.month(), 1);
         const auto from = months_.lower_bound(begin), behind = months_.upper_bound(last);
         if (from == behind) return std::nullopt;
         const auto &[lastMonth, end] = *std::prev(behind);
+        if (from->second.slot == 0 && from->second.start == end.start) return from->second.Whole();
         const bool seesLast = lastMonth == QDate(last.year(), last.month(), 1);
         return Stretch{from->first == begin ? from->second.start + first.day() * from->second.slot
                                             : from->second.start,
@@ -70,13 +75,17 @@ public:
 
 private:
     struct Place {
-        double start, slot;
+        double start, slot, length;
+        // Of a folded one, whose start lies in its middle.
+        Stretch Whole() const { return {start - length / 2, start + length / 2}; }
     };
 
-    void Add(const QDate &first, const QRectF &box) {
+    // All days of a folded one have the same place.
+    void Add(const QDate &first, const QRectF &box, bool folded) {
         const double length = rightwards_ ? box.width() : box.height();
+        const double start = rightwards_ ? box.left() : box.top();
         const double slot = double(SlotOf(float(length), first.daysInMonth()));
-        months_.emplace(first, Place{rightwards_ ? box.left() : box.top(), slot});
+        months_.emplace(first, folded ? Place{start + length / 2, 0, length} : Place{start, slot, length});
         edges_.before = std::min(edges_.before, rightwards_ ? box.top() : box.left());
         edges_.behind = std::max(edges_.behind, rightwards_ ? box.bottom() : box.right());
     }
@@ -128,15 +137,25 @@ public:
         return numbers_.value(document::GetTag(node, key_).section(u',', 0, 0), int(numbers_.size()));
     }
 
+    // Empty for the nodes without a level or a group.
+    QString NameOf(int lane) const { return lane < names_.size() ? names_[lane] : QString(); }
+
 private:
-    template <typename Pool>
-    void Number(const Pool &pool) {
-        for (const auto &member : pool) numbers_.insert(member.Key, int(numbers_.size()));
+    void Number(const document::cLevels &pool) {
+        for (const document::cLevel &member : pool) Add(member.Key, member.LevelName);
+    }
+    void Number(const document::cGroups &pool) {
+        for (const document::cGroup &member : pool) Add(member.Key, member.GroupName);
+    }
+    void Add(const QString &key, const QString &name) {
+        numbers_.insert(key, int(names_.size()));
+        names_ << name;
     }
 
     QString key_;
     Lanes lanes_;
     QHash<QString, int> numbers_;
+    QStringList names_;
 };
 
 // What is to be lined up, as it stands now.
@@ -309,7 +328,35 @@ int Move(Surface &flow, const std::vector<Node *> &nodes, const std::vector<QRec
     return int(moved.size());
 }
 
+// From the outer edge of the first to that of the last node of a lane, on each side of the strip.
+std::vector<diagram::Calendar::Lane> LaneRows(document::MapWindow &window, const Surface &flow,
+                                              const Reading &reading) {
+    if (reading.nodes.empty() || !KeepsNodesAtDates(flow) || LanesOf(flow) == Lanes::None) return {};
+    const LaneFinder lanes(window.clsSettings(), LanesOf(flow));
+    const StripOnSurface &strip = reading.task.strip;
+    const double middle = (strip.edges.before + strip.edges.behind) / 2;
+    std::map<std::pair<bool, int>, diagram::Calendar::Lane> rows;
+    for (std::size_t i = 0; i < reading.nodes.size(); ++i) {
+        const int number = reading.task.nodes[i].lane;
+        if (reading.nodes[i]->Hidden() || lanes.NameOf(number).isEmpty()) continue;
+        const QRectF box = reading.nodes[i]->Bounds();
+        const double from = strip.rightwards ? box.top() : box.left();
+        const double to = strip.rightwards ? box.bottom() : box.right();
+        const bool behind = (from + to) / 2 > middle;
+        auto [row, isNew] = rows.try_emplace({behind, number}, from, to, lanes.NameOf(number));
+        row->second.from = std::min(row->second.from, from);
+        row->second.to = std::max(row->second.to, to);
+    }
+    std::vector<diagram::Calendar::Lane> all;
+    for (auto &[place, row] : rows) all.push_back(std::move(row));
+    return all;
+}
+
 } // namespace
+
+void NoteLanes(document::MapWindow &window, Surface &flow) {
+    NoteLaneRows(flow, LaneRows(window, flow, Read(window, flow, {})));
+}
 
 LinedUp LineUp(document::MapWindow &window, Surface &flow, RowOrder order, const std::vector<Node *> &moved) {
     return support::PassOn("LineUp", [&] {
@@ -317,6 +364,7 @@ LinedUp LineUp(document::MapWindow &window, Surface &flow, RowOrder order, const
         StoreOwnExtents(reading);
         const int count = Move(flow, reading.nodes, PlanLineUp(reading.task, order));
         if (count > 0) window.clsSettings().Dirty = true;
+        NoteLaneRows(flow, LaneRows(window, flow, reading));
         return LinedUp{int(reading.nodes.size()), count};
     });
 }

@@ -27,6 +27,8 @@ struct LinedUp {
 // way to the others.
 LinedUp LineUp(document::MapWindow &window, diagram::Surface &flow, RowOrder order,
                const std::vector<diagram::Node *> &moved = {});
+// Writes down where the lanes stand and what they are called, as LineUp does; nothing moves.
+void NoteLanes(document::MapWindow &window, diagram::Surface &flow);
 // The same with their rows kept, where the slice keeps its nodes at their dates; else nothing.
 void FollowDates(document::MapWindow &window, diagram::Surface &flow,
                  const std::vector<diagram::Node *> &moved = {});

@@ -6,6 +6,7 @@
 #include "timeline/AdjustLinks.h"
 #include "timeline/Arrange.h"
 #include "timeline/DateText.h"
+#include "timeline/Folding.h"
 #include "timeline/TimelineNodes.h"
 
 namespace timeline {
@@ -65,9 +66,12 @@ DaysByMonth::DaysByMonth(const std::vector<diagram::Node *> &days) {
 void PositionDateNodes(DaysByMonth &DayNodes, const diagram::Node &MonthNode, bool Horizontal) {
     const QString month = document::GetTag(MonthNode, document::tags::kTheDate);
     const int days = DaysPerMonth(month);
+    const bool folded = FoldOf(MonthNode).has_value();
     for (diagram::Node *node : DayNodes.Take(Reformatted(month, kMonthPattern))) {
         const float day = float(CDate(node->Text()).day());
-        if (Horizontal) {
+        if (folded) {
+            node->SetBounds(MonthNode.Left(), MonthNode.Top(), MonthNode.Width(), MonthNode.Height());
+        } else if (Horizontal) {
             const float slot = SlotOf(MonthNode.Width(), days);
             node->SetBounds(day * slot + MonthNode.Left(), MonthNode.Top(), slot, MonthNode.Height());
         } else {

@@ -40,7 +40,7 @@ private:
 
 // Puts each day of the month into its slot and the ends of its links onto it. The slot is as long as the
 // rounded month divided by its days, without rest, and the first day stands one slot behind the month's
-// beginning.
+// beginning. Each day of a folded month takes all of its sliver.
 void PositionDateNodes(DaysByMonth &DayNodes, const diagram::Node &MonthNode, bool Horizontal);
 
 } // namespace timeline

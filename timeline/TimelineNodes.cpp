@@ -76,7 +76,8 @@ void ForgetHandsThatHidAll(const std::vector<diagram::Node *> &months) {
 void ShowHideMonth(diagram::Node &month, bool shown, const diagram::Node *look) {
     const bool byUser = IsHiddenByUser(&month);
     month.SetHidden(!shown || byUser);
-    if (look && look->Width() != 0 && !byUser) month.SetWidth(look->Width());
+    const bool folded = !document::GetTag(month, document::tags::kMonthFolded).isEmpty();
+    if (look && look->Width() != 0 && !byUser && !folded) month.SetWidth(look->Width());
 }
 
 // At the days of the month that there are.

@@ -60,8 +60,8 @@ bool NodeIsTimeline(const diagram::Node &Node);
 int DaysPerMonth(const QString &Month);
 
 // Shows or hides the months of the surface, with the links that end on their days; links of a hidden node
-// stay as they are. Months take the width of the template node. Those that the user hid stay hidden, and as
-// they are, unless that is every month. Nothing is laid out.
+// stay as they are. Months take the width of the template node, unless they are folded. Those that the user
+// hid stay hidden, and as they are, unless that is every month. Nothing is laid out.
 void ShowHideTimelineNodes(diagram::Surface &Flow, bool Shown);
 
 // What ShowHideTimelineNodes would show and hide among what `sights` says, to be painted: the surface stays

@@ -72,6 +72,15 @@ QPointF DateNodes::Distance(const PointerInput &input) {
     return KeepOnSurface(extent_, input.Shift() && !across.isNull() ? across : along + across);
 }
 
+// Of days that have one place the former one stays.
+std::optional<QDate> DateNodes::DayFor(const QPointF &place) const {
+    const std::optional<QDate> day = days_.DayAt(surface_, place);
+    const Node *lead = surface_.FindNode(lead_);
+    const std::optional<QDate> former = keeps_ && lead ? days_.DateOf(*lead) : std::nullopt;
+    if (!day || !former || day == former) return day;
+    return days_.PlaceOf(surface_, *former) == days_.PlaceOf(surface_, *day) ? former : day;
+}
+
 std::unique_ptr<Gesture> DateNodes::Move(const PointerInput &input) {
     Node *pressed = surface_.FindNode(pressed_);
     if (pressed && (input.Alt() == keeps_ || input.Ctrl())) {
@@ -80,7 +89,7 @@ std::unique_ptr<Gesture> DateNodes::Move(const PointerInput &input) {
     }
     const QPointF distance = Distance(input);
     const bool goesAlong = !AlongTheStrip(distance).isNull() || !keeps_ || !input.Shift();
-    day_ = days_.DayAt(surface_, goesAlong ? place_ + AlongTheStrip(input.at - press_.at) : place_);
+    day_ = DayFor(goesAlong ? place_ + AlongTheStrip(input.at - press_.at) : place_);
     following_ = days_.WhatFollows(surface_, NewDates());
     held_.MoveBy(surface_, distance);
     return nullptr;

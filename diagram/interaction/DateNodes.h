@@ -31,6 +31,7 @@ public:
 
 private:
     QPointF Distance(const PointerInput &input);
+    std::optional<QDate> DayFor(const QPointF &place) const;
     void ShowRows(Overlay &overlay) const;
     QPointF AlongTheStrip(const QPointF &way) const;
     std::vector<DayStrip::Dated> NewDates() const;

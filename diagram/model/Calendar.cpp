@@ -3,6 +3,8 @@
 #include "diagram/model/Link.h"
 #include "diagram/shapes/LinkStyles.h"
 
+#include <algorithm>
+
 namespace diagram {
 
 namespace {
@@ -20,6 +22,12 @@ bool IsQuietDateLink(const Link &link) {
     if (link.Selectable() || !link.Marked() || link.DrawWidth() > 1) return false;
     const LinkStyleRow *row = FindLinkStyle(link.Style());
     return row && row->form == LinkForm::Orthogonal && row->directions.size() <= kMostBends;
+}
+
+const Calendar::Fold *Calendar::FoldWith(ItemId node) const {
+    const auto fold = std::ranges::find_if(
+        folds, [&](const Fold &each) { return std::ranges::count(each.months, node) > 0; });
+    return fold == folds.end() ? nullptr : &*fold;
 }
 
 QRectF Calendar::Bands() const {

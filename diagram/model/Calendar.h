@@ -2,6 +2,7 @@
 // knows of no dates; what it is told is in twips.
 #pragma once
 
+#include "diagram/model/Item.h"
 #include "support/Colour.h"
 
 #include <optional>
@@ -23,8 +24,23 @@ struct Calendar {
     struct Span {
         double from = 0, to = 0;
         QString caption;
+        bool folded = false; // to a sliver, all of it
         double Length() const { return to - from; }
         friend bool operator==(const Span &, const Span &) = default;
+    };
+
+    // Months that lie on each other as one sliver.
+    struct Fold {
+        QString name, count;        // of what is folded; of the nodes that belong there
+        std::vector<ItemId> months; // the first stands for all of them
+        friend bool operator==(const Fold &, const Fold &) = default;
+    };
+
+    // Rows of nodes beside the strip that have something in common: across it.
+    struct Lane {
+        double from = 0, to = 0;
+        QString caption;
+        friend bool operator==(const Lane &, const Lane &) = default;
     };
 
     bool rightwards = true; // runs from left to right; else downwards
@@ -39,7 +55,11 @@ struct Calendar {
     std::vector<double> weeks;  // where they begin
     std::vector<Span> weekends; // only where they are to be shaded
     std::optional<QLineF> today;
+    std::vector<Fold> folds;
+    std::vector<Lane> lanes;
 
+    // Of which the node is a month; null for none.
+    const Fold *FoldWith(ItemId node) const;
     bool IsEmpty() const { return strip.isEmpty(); }
     // From the strip outwards at zoom 100, quarters first.
     QRectF Bands() const;

@@ -15,6 +15,9 @@ namespace diagram {
 class Node;
 class Surface;
 
+// What of the strip can be folded to a sliver.
+enum class StripPiece { Month, Quarter, Year };
+
 // The plain one stands for a surface without a strip. Places are in twips.
 class DayStrip {
 public:
@@ -60,6 +63,12 @@ public:
         std::vector<QRectF> boxes; // along the strip where they would stand, as far as that is seen
     };
     virtual Following WhatFollows(const Surface &, const std::vector<Dated> &) const { return {}; }
+
+    // Folds the piece of the strip that lies there to a sliver, or unfolds it, inside the group of changes
+    // that the caller has opened. False where there is none.
+    virtual bool ToggleFold(Surface &, StripPiece, const QPointF &) { return false; }
+    // What is to be known of that piece: its name, whether it is folded, how many nodes belong to it.
+    virtual QString PieceInWords(const Surface &, StripPiece, const QPointF &) const { return {}; }
 
     // Lays the strip out where it belongs, inside the group of changes that the caller has opened: everything
     // on the surface was moved.

@@ -1,5 +1,6 @@
 #include "diagram/render/CalendarPainter.h"
 
+#include "diagram/model/Node.h"
 #include "diagram/render/NodeContent.h"
 #include "diagram/scene/Scene.h"
 
@@ -9,32 +10,24 @@ namespace diagram {
 
 namespace {
 
-constexpr double kPixel = 15;          // twips at zoom 100
-constexpr double kNearPixels = 9;      // of a band as wide as it is meant to be, where quarters are drawn
-constexpr double kLeastBand = 14;      // pixels of one that is to be read
-constexpr double kLeastBandAside = 28; // the same beside a strip that runs downwards
-constexpr double kLeastWeek = 10;      // pixels between two ticks
-constexpr double kLeastWeekend = 3;    // pixels of a day that is shaded
+constexpr double kPixel = 15;       // twips at zoom 100
+constexpr double kLeastWeek = 10;   // pixels between two ticks
+constexpr double kLeastWeekend = 3; // pixels of a day that is shaded
+constexpr double kLeastCrease = 9;  // pixels of a sliver that shows how it is folded
 constexpr double kCaptionPoints = 8;
-constexpr double kLeastCaption = 10;  // pixels of it that can be read
-constexpr double kCaptionEvery = 480; // pixels of a year; it is written again in the next ones
-constexpr double kTick = 75;          // twips
-constexpr double kQuarterTint = 0.07, kYearTint = 0.14, kWeekendTint = 0.06;
-constexpr double kLineTint = 0.45, kQuarterInk = 0.8, kYearInk = 1;
-constexpr int kLeastContrast = 90; // in grey values
+constexpr double kLeastCaption = 10;              // pixels of it that can be read
+constexpr double kCaptionEvery = 480;             // pixels of a year; it is written again in the next ones
+constexpr double kTick = 75;                      // twips
+constexpr double kLaneGap = 45, kLaneIndent = 60; // twips
 constexpr int kSteps[] = {1, 2, 5, 10, 20, 50, 100};
-constexpr QRgb kToday = qRgb(207, 34, 126);
-
-// What can be read on the paper.
-QRgb InkOn(QRgb paper, QRgb wanted) {
-    if (std::abs(qGray(paper) - qGray(wanted)) >= kLeastContrast) return wanted;
-    return qGray(paper) < 128 ? qRgb(235, 240, 245) : qRgb(40, 50, 60);
-}
 
 } // namespace
 
 CalendarPainter::CalendarPainter(Paint &paint)
-    : paint_(paint), calendar_(paint.scene.TheCalendar()), ink_(InkOn(paint.paper, ToRgb(calendar_.ink))) {}
+    : paint_(paint),
+      calendar_(paint.scene.TheCalendar()),
+      rows_(calendar_, Pixels(1)),
+      ink_(paint.paper, ToRgb(calendar_.ink)) {}
 
 double CalendarPainter::Pixels(double twips) const {
     if (!paint_.options.screen) return twips / kPixel;
@@ -44,31 +37,6 @@ double CalendarPainter::Pixels(double twips) const {
 double CalendarPainter::RealPixels(double twips) const {
     return paint_.options.vector ? twips / kPixel : paint_.frame.Length(twips) / paint_.frame.dot;
 }
-
-bool CalendarPainter::Near() const { return Pixels(kBandThickness) >= kNearPixels; }
-
-// Far away it grows beyond its own thickness, on the screen.
-double CalendarPainter::Thickness() const {
-    const bool across = calendar_.rightwards;
-    const double own = (Near() ? 1 : 2) * (across ? kBandThickness : kBandWidth);
-    const double least = across ? kLeastBand : kLeastBandAside;
-    return own * std::max(1.0, least / std::max(Pixels(own), 1e-9));
-}
-
-CalendarPainter::Row CalendarPainter::RowAt(int place, double thickness) const {
-    const QRectF &strip = calendar_.strip;
-    const double near = calendar_.rightwards ? (calendar_.after ? strip.bottom() : strip.top())
-                                             : (calendar_.after ? strip.right() : strip.left());
-    if (calendar_.after) return {near + place * thickness, near + (place + 1) * thickness};
-    return {near - (place + 1) * thickness, near - place * thickness};
-}
-
-QRectF CalendarPainter::PlaceOf(double from, double to, const Row &row) const {
-    if (calendar_.rightwards) return {from, row.from, to - from, row.to - row.from};
-    return {row.from, from, row.to - row.from, to - from};
-}
-
-QRgb CalendarPainter::Tint(double share) const { return Mix(paint_.paper, ink_, share); }
 
 void CalendarPainter::Fill(const QRectF &twips, QRgb colour) const {
     const QRectF seen = twips & paint_.area;
@@ -89,14 +57,15 @@ void CalendarPainter::PaintBelow() const {
     if (calendar_.IsEmpty()) return;
     PaintWeekends();
     if (calendar_.todayEverywhere && !paint_.options.screen) PaintToday();
-    if (!calendar_.bands || !Near()) return;
-    PaintQuarters(RowAt(0, Thickness()));
-    PaintYears(RowAt(1, Thickness()));
+    PaintLanes();
+    if (!calendar_.bands || !rows_.Near()) return;
+    PaintQuarters(rows_.Quarters());
+    PaintYears(rows_.Years());
     PaintWeeks();
 }
 
 void CalendarPainter::PaintAbove() const {
-    if (!calendar_.IsEmpty() && calendar_.bands && !Near()) PaintYears(RowAt(0, Thickness()));
+    if (!calendar_.IsEmpty() && calendar_.bands && !rows_.Near()) PaintYears(rows_.Years());
 }
 
 // Over the whole page.
@@ -105,14 +74,15 @@ void CalendarPainter::PaintWeekends() const {
     const Row all = calendar_.rightwards ? Row{area.top(), area.bottom()} : Row{area.left(), area.right()};
     for (const Span &day : calendar_.weekends)
         if (RealPixels(day.Length()) >= kLeastWeekend)
-            Fill(PlaceOf(day.from, day.to, all), Tint(kWeekendTint));
+            Fill(rows_.PlaceOf(day.from, day.to, all), ink_.Weekend());
 }
 
 void CalendarPainter::PaintWeeks() const {
     if (calendar_.weeks.size() < 2 || RealPixels(calendar_.weeks[1] - calendar_.weeks[0]) < kLeastWeek)
         return;
     const double width = paint_.frame.snap ? paint_.frame.dot / paint_.frame.Scale() : kPixel;
-    for (const double at : calendar_.weeks) Fill(PlaceOf(at, at + width, RowAt(0, kTick)), Tint(kLineTint));
+    for (const double at : calendar_.weeks)
+        Fill(rows_.PlaceOf(at, at + width, rows_.Ticks(kTick)), ink_.Week());
 }
 
 void CalendarPainter::PaintToday() const {
@@ -121,13 +91,47 @@ void CalendarPainter::PaintToday() const {
     const double at = calendar_.rightwards ? calendar_.today->x1() : calendar_.today->y1();
     const Row all = calendar_.rightwards ? Row{area.top(), area.bottom()} : Row{area.left(), area.right()};
     const double width = paint_.frame.snap ? paint_.frame.dot / paint_.frame.Scale() : kPixel;
-    Fill(PlaceOf(at, at + width, all), kToday);
+    Fill(rows_.PlaceOf(at, at + width, all), kTodayInk);
+}
+
+// The caption of each stands at its edge that faces the strip, where that begins, with a line over it.
+void CalendarPainter::PaintLanes() const {
+    const QRectF &strip = calendar_.strip;
+    const bool rightwards = calendar_.rightwards;
+    const double begin = rightwards ? strip.left() : strip.top(),
+                 end = rightwards ? strip.right() : strip.bottom();
+    const double middle = rightwards ? strip.center().y() : strip.center().x();
+    const double dot = paint_.frame.snap ? paint_.frame.dot / paint_.frame.Scale() : kPixel;
+    for (const Calendar::Lane &lane : calendar_.lanes) {
+        const TextBlock &caption = Caption(lane.caption, false);
+        const bool before = lane.to < middle;
+        const double edge = before ? lane.to + kLaneGap : lane.from - kLaneGap - caption.height;
+        const double line = before ? edge + caption.height : edge - dot;
+        Fill(rows_.PlaceOf(begin, end, {line, line + dot}), ink_.LaneLine());
+        if (rightwards)
+            Write(caption, QPointF(begin + kLaneIndent + caption.width / 2, edge + caption.height / 2),
+                  ink_.LaneText());
+        else
+            WriteDownwards(caption, {edge + caption.height, begin + kLaneIndent}, ink_.LaneText());
+    }
+}
+
+// Turned clockwise; its first line begins at the corner.
+void CalendarPainter::WriteDownwards(const TextBlock &caption, const QPointF &corner, QRgb ink) const {
+    if (!paint_.options.vector && paint_.frame.Length(caption.height) < kLegiblePixels) return;
+    QPainter &painter = paint_.Painter();
+    painter.save();
+    painter.translate(paint_.frame.Map(corner));
+    painter.rotate(90);
+    DrawBlock(paint_, caption, QPointF(), caption.width, 0, ink);
+    painter.restore();
+    paint_.pencil.Forget();
 }
 
 // With a line of paper behind it, as far as it isn't the last.
-void CalendarPainter::PaintSpan(const Span &span, const Row &row, double share) const {
+void CalendarPainter::PaintSpan(const Span &span, const Row &row, QRgb colour) const {
     const double gap = paint_.frame.snap ? paint_.frame.dot / paint_.frame.Scale() : kPixel;
-    Fill(PlaceOf(span.from, std::max(span.from, span.to - gap), row), Tint(share));
+    Fill(rows_.PlaceOf(span.from, std::max(span.from, span.to - gap), row), colour);
 }
 
 // Of the same height on the screen wherever it would be too small.
@@ -145,44 +149,77 @@ bool CalendarPainter::HasRoom(const TextBlock &caption, double length) const {
     return (calendar_.rightwards ? caption.width : caption.height) + kBeside <= length;
 }
 
-void CalendarPainter::Write(const TextBlock &caption, const QPointF &middle, double share) const {
+void CalendarPainter::Write(const TextBlock &caption, const QPointF &middle, QRgb ink) const {
     const QPointF corner = middle - QPointF(caption.width, caption.height) / 2;
     if (!QRectF(corner, QSizeF(caption.width, caption.height)).intersects(paint_.area)) return;
     if (!paint_.options.vector && paint_.frame.Length(caption.height) < kLegiblePixels) return;
-    DrawBlock(paint_, caption, paint_.frame.Map(corner), caption.width, 2, Tint(share));
+    DrawBlock(paint_, caption, paint_.frame.Map(corner), caption.width, 2, ink);
 }
 
 void CalendarPainter::PaintQuarters(const Row &row) const {
     for (const Span &quarter : calendar_.quarters) {
-        PaintSpan(quarter, row, kQuarterTint);
+        PaintSpan(quarter, row, ink_.Quarter());
         const TextBlock &caption = Caption(quarter.caption, false);
         if (HasRoom(caption, quarter.Length()))
-            Write(caption, PlaceOf(quarter.from, quarter.to, row).center(), kQuarterInk);
+            Write(caption, rows_.PlaceOf(quarter.from, quarter.to, row).center(), ink_.QuarterText());
     }
 }
 
-// Where years are narrow every second, fifth or tenth is written; a wide one is written more than once.
 void CalendarPainter::PaintYears(const Row &row) const {
-    if (calendar_.years.empty()) return;
+    const std::vector<Span> &years = calendar_.years;
+    for (std::size_t first = 0, end = 0; first < years.size(); first = end) {
+        for (end = first; end < years.size() && years[end].folded == years[first].folded;) ++end;
+        PaintYears(std::span(years).subspan(first, end - first), row);
+    }
+}
+
+// Where years are narrow every second, fifth or tenth is written.
+int CalendarPainter::StepOf(std::span<const Span> years) const {
     double narrowest = 1e9;
-    for (const Span &year : calendar_.years) narrowest = std::min(narrowest, year.Length());
-    if (calendar_.years.size() > 2) // those at the ends may be parts of years
-        narrowest = calendar_.years[1].Length();
-    int step = 1;
-    for (const int each : kSteps)
-        if (step = each; HasRoom(Caption(calendar_.years.front().caption, true), narrowest * each)) break;
-    for (const Span &year : calendar_.years) {
-        PaintSpan(year, row, kYearTint);
+    for (const Span &year : years) narrowest = std::min(narrowest, year.Length());
+    if (years.size() > 2) narrowest = years[1].Length(); // those at the ends may be parts of years
+    for (const int step : kSteps)
+        if (HasRoom(Caption(years.front().caption, true), narrowest * step)) return step;
+    return kSteps[std::size(kSteps) - 1];
+}
+
+// All of them folded, or none. A wide one is written more than once.
+void CalendarPainter::PaintYears(std::span<const Span> years, const Row &row) const {
+    const int step = StepOf(years);
+    for (const Span &year : years) PaintSpan(year, row, ink_.Year()); // captions may reach into the next
+    for (const Span &year : years) {
         const TextBlock &caption = Caption(year.caption, true);
-        if (year.caption.toInt() % step != 0) continue;
+        const double left = years.back().to - year.from;
+        const int number = year.folded ? int(&year - years.data()) : year.caption.toInt();
+        if (number % step != 0 || (year.folded && !HasRoom(caption, left))) continue;
         if (step == 1 && !HasRoom(caption, year.Length())) continue;
         const int times = step > 1 ? 1 : std::max(1, int(Pixels(year.Length()) / kCaptionEvery + 0.5));
         const double length =
             std::max(year.Length(), calendar_.rightwards && step > 1 ? caption.width : 0) / times;
         for (int i = 0; i < times; ++i)
-            Write(caption, PlaceOf(year.from + i * length, year.from + (i + 1) * length, row).center(),
-                  kYearInk);
+            Write(caption, rows_.PlaceOf(year.from + i * length, year.from + (i + 1) * length, row).center(),
+                  ink_.YearText());
     }
+}
+
+// Creases beside the count, which has the name in front of it where there is room.
+void CalendarPainter::PaintFold(const Calendar::Fold &fold, const Node &month) const {
+    const QRectF box = month.Bounds();
+    const QRgb ground = month.Transparent() ? paint_.paper : ToRgb(month.FillColor());
+    const CalendarInk ink(ground, ToRgb(calendar_.ink));
+    const double dot = paint_.frame.snap ? paint_.frame.dot / paint_.frame.Scale() : kPixel;
+    Fill(box.adjusted(dot, dot, -dot, -dot), ink.Fold());
+    const double along = calendar_.rightwards ? box.width() : box.height();
+    const Row row = calendar_.rightwards ? Row{box.top() + dot, box.bottom() - dot}
+                                         : Row{box.left() + dot, box.right() - dot};
+    const double from = calendar_.rightwards ? box.left() : box.top();
+    if (RealPixels(along) >= kLeastCrease)
+        for (const double at : {from + 3 * dot, from + along - 4 * dot})
+            Fill(rows_.PlaceOf(at, at + dot, row), ink.Crease());
+    const TextBlock &name = Caption(fold.name + QStringLiteral(" \u00b7 ") + fold.count, true);
+    const TextBlock &caption =
+        !calendar_.rightwards && name.width < box.width() ? name : Caption(fold.count, true);
+    if (HasRoom(caption, along)) Write(caption, box.center(), ink.Text());
 }
 
 } // namespace diagram

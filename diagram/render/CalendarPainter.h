@@ -2,7 +2,11 @@
 #pragma once
 
 #include "diagram/model/Calendar.h"
+#include "diagram/render/CalendarInk.h"
+#include "diagram/render/CalendarRows.h"
 #include "diagram/render/Paint.h"
+
+#include <span>
 
 namespace diagram {
 
@@ -13,36 +17,35 @@ public:
 
     void PaintBelow() const;
     void PaintAbove() const;
+    // The sliver on the form of the month that stands for it.
+    void PaintFold(const Calendar::Fold &fold, const Node &month) const;
 
 private:
     using Span = Calendar::Span;
-    // A row of pieces beside the strip: from and to across it, device pixels or what stands for them.
-    struct Row {
-        double from, to;
-    };
+    using Row = CalendarRows::Row;
 
     // As the layout counts them: of the screen, else at zoom 100, so that paper and its preview are alike.
     double Pixels(double twips) const;
     double RealPixels(double twips) const; // where there are any
-    bool Near() const;                     // quarters have room
-    double Thickness() const;              // of a band, twips
-    Row RowAt(int place, double thickness) const;
-    QRectF PlaceOf(double from, double to, const Row &row) const;
-    QRgb Tint(double share) const;
     void Fill(const QRectF &twips, QRgb colour) const;
     void PaintWeekends() const;
     void PaintWeeks() const;
     void PaintToday() const;
+    void PaintLanes() const;
+    void WriteDownwards(const TextBlock &caption, const QPointF &corner, QRgb ink) const;
     void PaintYears(const Row &row) const;
+    void PaintYears(std::span<const Span> years, const Row &row) const;
+    int StepOf(std::span<const Span> years) const;
     void PaintQuarters(const Row &row) const;
-    void PaintSpan(const Span &span, const Row &row, double share) const;
+    void PaintSpan(const Span &span, const Row &row, QRgb colour) const;
     const TextBlock &Caption(const QString &text, bool bold) const;
     bool HasRoom(const TextBlock &caption, double length) const;
-    void Write(const TextBlock &caption, const QPointF &middle, double share) const;
+    void Write(const TextBlock &caption, const QPointF &middle, QRgb ink) const;
 
     Paint &paint_;
     const Calendar &calendar_;
-    QRgb ink_;
+    CalendarRows rows_;
+    CalendarInk ink_;
 };
 
 } // namespace diagram

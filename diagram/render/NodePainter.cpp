@@ -180,7 +180,7 @@ void PaintFormInSteps(Paint &paint, const Node &node, const NodeForm &form) {
 
 } // namespace
 
-void PaintNode(Paint &paint, const Node &node) {
+void PaintNodeForm(Paint &paint, const Node &node) {
     const NodeForm form = FormOf(paint, node);
     if (form.data.shadow && !form.data.transparent) PaintShadow(paint, form);
     if (!PaintPlainRectangle(paint, form)) {
@@ -192,6 +192,10 @@ void PaintNode(Paint &paint, const Node &node) {
             PaintFormInSteps(paint, node, form);
     }
     PaintDetail(paint, form);
+}
+
+void PaintNode(Paint &paint, const Node &node) {
+    PaintNodeForm(paint, node);
     PaintNodeText(paint, node);
 }
 

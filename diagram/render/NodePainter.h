@@ -6,7 +6,9 @@ namespace diagram {
 
 class Node;
 
-// Shadow, fill, picture, border, inner lines, text.
+// Shadow, fill, picture, border, inner lines.
+void PaintNodeForm(Paint &paint, const Node &node);
+// With the text.
 void PaintNode(Paint &paint, const Node &node);
 
 } // namespace diagram

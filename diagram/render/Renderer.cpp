@@ -62,8 +62,20 @@ void PaintMarked(Paint &paint, const Marked &item) {
     if (paint.options.marks && item.Marked() && item.Selectable()) PaintMark(paint, item);
 }
 
+// Whether it is a month of a fold. The first of them shows it.
+bool PaintsFold(Paint &paint, const Node &node) {
+    if (node.Selectable()) return false;
+    const Calendar::Fold *fold = paint.scene.TheCalendar().FoldWith(node.Id());
+    if (!fold) return false;
+    if (fold->months.front() != node.Id()) return true;
+    PaintNodeForm(paint, node);
+    CalendarPainter(paint).PaintFold(*fold, node);
+    return true;
+}
+
 void PaintItem(Paint &paint, Item &item) {
     if (const Node *node = item.AsNode()) {
+        if (PaintsFold(paint, *node)) return;
         PaintMarked(paint, *node);
         PaintNode(paint, *node);
     } else {
@@ -78,6 +90,7 @@ bool IsLegible(const Paint &paint, const Font &font) {
 
 void PaintItemCoarsely(Paint &paint, CoarsePainter &coarse, Item &item) {
     if (const Node *node = item.AsNode()) {
+        if (PaintsFold(paint, *node)) return;
         PaintMarked(paint, *node);
         if (!coarse.Takes(*node)) return PaintNode(paint, *node);
         coarse.PaintForm(*node);

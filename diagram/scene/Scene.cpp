@@ -230,10 +230,13 @@ Scene::Scene(Surface &surface) : surface_(surface), state_(std::make_unique<Stat
 
 Scene::~Scene() { surface_.RemoveObserver(*this); }
 
-// Only what can't be selected is part of the strip.
-void Scene::NoteStrip(const Item &item) {
+// Only what can't be selected is part of the strip. How many nodes belong to a fold, and which lanes there
+// are, changes with what comes, goes and is hidden.
+void Scene::NoteStrip(const Item &item, Change what) {
     const Node *node = item.AsNode();
-    if (node && !node->Selectable()) state_->calendarOutdated = true;
+    const bool counts =
+        Has(what, Change::Visibility) && !(state_->calendar.folds.empty() && state_->calendar.lanes.empty());
+    if ((node && !node->Selectable()) || counts) state_->calendarOutdated = true;
 }
 
 const Calendar &Scene::TheCalendar() {
@@ -246,12 +249,12 @@ const Calendar &Scene::TheCalendar() {
 }
 
 void Scene::ItemAdded(Item &item) {
-    NoteStrip(item);
+    NoteStrip(item, Change::All);
     state_->MarkDirty(item.Id());
 }
 
 void Scene::ItemChanged(Item &item, Change what) {
-    NoteStrip(item);
+    NoteStrip(item, what);
     constexpr Change kMoves = Change::Geometry | Change::Look | Change::Text | Change::Visibility;
     if ((std::uint32_t(what) & std::uint32_t(kMoves)) != 0 || (Has(what, Change::Data) && IsMarked(item))) {
         state_->MarkDirty(item.Id());
@@ -262,7 +265,7 @@ void Scene::ItemChanged(Item &item, Change what) {
 }
 
 void Scene::ItemRemoved(Item &item) {
-    NoteStrip(item);
+    NoteStrip(item, Change::All);
     if (!state_->built) return;
     if (state_->Is(item.Id(), State::kIndexed)) state_->AddDamage(state_->boxes[item.Id()].Rect());
     if (state_->Is(item.Id(), State::kIndexed)) state_->labels.Disturb(state_->boxes[item.Id()]);

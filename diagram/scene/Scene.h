@@ -72,7 +72,7 @@ private:
     void ItemRemoved(Item &item) override;
     void SurfaceChanged(Change what) override;
     void Cleared() override;
-    void NoteStrip(const Item &item);
+    void NoteStrip(const Item &item, Change what);
 
     struct State; // holds the R-tree
     Surface &surface_;

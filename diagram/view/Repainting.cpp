@@ -218,7 +218,7 @@ void Repainting::PaintStripMarks(QPainter &painter) {
         asked.assign(surface_.SelectedNodes().begin(), surface_.SelectedNodes().end());
     if (const Node *pointed = pointed_ ? surface_.FindNode(*pointed_) : nullptr) asked.push_back(pointed);
     for (const Node *node : asked) PaintDateLinks(painter, QuietLinksOf(*node), viewport_);
-    PaintSlimStrip(painter, scene_.TheCalendar(), surface_, viewport_, canvas_.rect());
+    PaintSlimStrip(painter, scene_.TheCalendar(), surface_, viewport_, canvas_.rect(), today_);
 }
 
 void Repainting::Paint(const QRegion &region, const Overlay &overlay, FocusRing ring) {

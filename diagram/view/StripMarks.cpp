@@ -3,6 +3,7 @@
 #include "diagram/geometry/Polyline.h"
 #include "diagram/model/Calendar.h"
 #include "diagram/model/Surface.h"
+#include "diagram/render/CalendarRows.h"
 #include "diagram/render/LinkPainter.h"
 #include "diagram/view/OverlayLook.h"
 #include "diagram/view/Viewport.h"
@@ -18,7 +19,9 @@ constexpr int kFaint = 90; // of 255, of today's line beside the strip
 constexpr int kSlim = 22;  // pixels of the copy
 constexpr int kSlimAside = 112;
 constexpr int kBesideText = 6;
-constexpr int kSolid = 252; // of 255
+constexpr int kSolid = 252;       // of 255
+constexpr int kFoldedGround = 30; // of 255
+constexpr int kMark = 2;          // pixels of today on the copy
 
 // From what to what a row of the copy is shown, pixels along the strip.
 struct Seen {
@@ -31,23 +34,28 @@ Seen PixelsOf(const Calendar::Span &span, bool rightwards, const Viewport &viewp
     return rightwards ? Seen{from.x(), to.x()} : Seen{from.y(), to.y()};
 }
 
-// Months, else years where the captions of those have no room.
-const std::vector<Calendar::Span> &FinestOf(const Calendar &calendar, const Viewport &viewport,
-                                            const QFontMetrics &metrics) {
-    const Calendar::Span &middle = calendar.months[calendar.months.size() / 2];
+// Whether months are shown; else years, where the captions of months have no room.
+bool ShowsMonths(const Calendar &calendar, const Viewport &viewport, const QFontMetrics &metrics) {
+    std::vector<const Calendar::Span *> unfolded;
+    for (const Calendar::Span &month : calendar.months)
+        if (!month.folded) unfolded.push_back(&month);
+    if (unfolded.empty()) return true;
+    const Calendar::Span &middle = *unfolded[unfolded.size() / 2];
     const Seen seen = PixelsOf(middle, calendar.rightwards, viewport);
     const int room = calendar.rightwards ? metrics.horizontalAdvance(middle.caption) : metrics.height();
-    return seen.to - seen.from >= room + kBesideText ? calendar.months : calendar.years;
+    return seen.to - seen.from >= room + kBesideText;
 }
 
 class SlimStrip {
 public:
     SlimStrip(QPainter &painter, const Calendar &calendar, const Surface &surface, const Viewport &viewport,
-              const QRect &place)
+              const QRect &place, const std::optional<QLineF> &today)
         : painter_(painter),
           calendar_(calendar),
           viewport_(viewport),
           place_(place),
+          today_(today),
+          mark_(LookFor(surface, painter).guide),
           paper_(support::ToQColor(surface.BackColor())),
           dark_(qGray(paper_.rgb()) < 128) {}
 
@@ -58,8 +66,10 @@ public:
         const QColor line = Faded(ink, kFaint);
         painter_.setRenderHint(QPainter::Antialiasing, false);
         painter_.setFont(QFont());
-        for (const Calendar::Span &span : FinestOf(calendar_, viewport_, painter_.fontMetrics()))
+        const bool months = ShowsMonths(calendar_, viewport_, QFontMetrics(QFont()));
+        for (const Calendar::Span &span : months ? calendar_.months : calendar_.years)
             PaintSpan(span, ink, line);
+        PaintToday();
         painter_.setPen(line);
         painter_.drawRect(place_.adjusted(0, 0, -1, -1));
     }
@@ -74,6 +84,7 @@ private:
                                                        QPoint(place_.right(), qRound(seen.to) - 1));
         const QRect shown = box & place_;
         if (shown.isEmpty()) return;
+        if (span.folded) painter_.fillRect(shown, Faded(ink, kFoldedGround));
         painter_.setPen(line);
         if (calendar_.rightwards)
             painter_.drawLine(box.topRight(), box.bottomRight());
@@ -86,10 +97,20 @@ private:
         if (fits) painter_.drawText(shown, Qt::AlignCenter | Qt::TextSingleLine, span.caption);
     }
 
+    void PaintToday() {
+        if (!today_) return;
+        const QPoint at = viewport_.FromSurface(today_->center()).toPoint();
+        const QRect line = calendar_.rightwards ? QRect(at.x(), place_.top(), kMark, place_.height())
+                                                : QRect(place_.left(), at.y(), place_.width(), kMark);
+        painter_.fillRect(line & place_, mark_);
+    }
+
     QPainter &painter_;
     const Calendar &calendar_;
     const Viewport &viewport_;
     const QRect place_;
+    const std::optional<QLineF> today_;
+    const QColor mark_;
     const QColor paper_;
     const bool dark_;
 };
@@ -155,12 +176,27 @@ QRect SlimStripPlace(const Calendar &calendar, const QRectF &seen, const QRect &
 }
 
 void PaintSlimStrip(QPainter &painter, const Calendar &calendar, const Surface &surface,
-                    const Viewport &viewport, const QRect &canvas) {
+                    const Viewport &viewport, const QRect &canvas, const std::optional<QLineF> &today) {
     const QRect place = SlimStripPlace(calendar, viewport.Seen(), canvas);
     if (place.isEmpty()) return;
     painter.save();
-    SlimStrip(painter, calendar, surface, viewport, place).Paint();
+    SlimStrip(painter, calendar, surface, viewport, place, today).Paint();
     painter.restore();
+}
+
+std::optional<StripSpot> StripSpotAt(const Calendar &calendar, const Viewport &viewport, const QRect &canvas,
+                                     const QPointF &pixels) {
+    if (calendar.IsEmpty()) return std::nullopt;
+    const QPointF twips = viewport.ToSurface(pixels);
+    const QPointF middle = calendar.strip.center();
+    const QPointF at = calendar.rightwards ? QPointF(twips.x(), middle.y()) : QPointF(middle.x(), twips.y());
+    if (SlimStripPlace(calendar, viewport.Seen(), canvas).contains(pixels.toPoint())) {
+        const bool months = ShowsMonths(calendar, viewport, QFontMetrics(QFont()));
+        return StripSpot{months ? StripPiece::Month : StripPiece::Year, at, true};
+    }
+    const double scale = std::min(viewport.xScale(), viewport.yScale());
+    const std::optional<StripPiece> piece = CalendarRows(calendar, scale).PieceAt(twips);
+    return piece ? std::optional(StripSpot{*piece, at}) : std::nullopt;
 }
 
 } // namespace diagram

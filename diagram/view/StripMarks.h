@@ -3,6 +3,7 @@
 #pragma once
 
 #include "diagram/model/AnyItem.h"
+#include "diagram/model/DayStrip.h"
 
 #include <optional>
 #include <QLineF>
@@ -31,7 +32,17 @@ std::vector<const Link *> QuietLinksOf(const Node &node);
 // Where the slim copy stands, in pixels, when `seen` (twips) is in sight; empty while the strip or its bands
 // are, or all of it lies beyond an end.
 QRect SlimStripPlace(const Calendar &calendar, const QRectF &seen, const QRect &canvas);
+// With today's place, where it is known.
 void PaintSlimStrip(QPainter &painter, const Calendar &calendar, const Surface &surface,
-                    const Viewport &viewport, const QRect &canvas);
+                    const Viewport &viewport, const QRect &canvas, const std::optional<QLineF> &today);
+
+// What of the strip is shown at a place on the screen, by its bands and its slim copy too.
+struct StripSpot {
+    StripPiece piece;
+    QPointF at;          // of the strip itself, twips
+    bool onCopy = false; // which covers what lies there
+};
+std::optional<StripSpot> StripSpotAt(const Calendar &calendar, const Viewport &viewport, const QRect &canvas,
+                                     const QPointF &pixels);
 
 } // namespace diagram

@@ -10,6 +10,7 @@
 #include "diagram/view/OfferMenu.h"
 #include "diagram/view/PastePlace.h"
 #include "diagram/view/Repainting.h"
+#include "diagram/view/StripMarks.h"
 #include "diagram/view/SurfaceGuard.h"
 #include "diagram/view/SurfaceView.h"
 #include "diagram/view/TextInPlace.h"
@@ -48,6 +49,11 @@ public:
     // Two fingers on a touchpad or a touch screen; false for another gesture of theirs.
     bool Pinch(QNativeGestureEvent *event);
     bool Pinch(QGestureEvent *event);
+    // Of the strip of days, where nothing else lies over it.
+    std::optional<StripSpot> SpotAt(const QPointF &pixels);
+    // What is meant there: on the slim copy of the strip the strip itself.
+    PointerInput Meant(const QPointF &pixels, Qt::KeyboardModifiers modifiers);
+    void Fold(const StripSpot &spot);
     void FollowPointer(const QPointF &pixels, Qt::KeyboardModifiers modifiers);
     void AutoScroll();
     bool ToolTip(const QPoint &pixels, const QPoint &global);

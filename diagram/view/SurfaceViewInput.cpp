@@ -1,4 +1,7 @@
+#include "diagram/edit/History.h"
 #include "diagram/hit/HitTest.h"
+#include "diagram/interaction/Press.h"
+#include "diagram/interaction/Selecting.h"
 #include "diagram/view/KeyCodes.h"
 #include "diagram/view/SurfaceViewKeys.h"
 #include "diagram/view/Tips.h"
@@ -31,6 +34,27 @@ PointerInput SurfaceView::Impl::Input(const QPointF &pixels, Qt::KeyboardModifie
     return {viewport.ToSurface(pixels), pixels, viewport.Pixel(), modifiers};
 }
 
+std::optional<StripSpot> SurfaceView::Impl::SpotAt(const QPointF &pixels) {
+    const auto spot = StripSpotAt(scene.TheCalendar(), viewport, view.viewport()->rect(), pixels);
+    if (!spot || spot->onCopy) return spot;
+    return HitFor(scene, Input(pixels, {})).kind == HitKind::Nothing ? spot : std::nullopt;
+}
+
+PointerInput SurfaceView::Impl::Meant(const QPointF &pixels, Qt::KeyboardModifiers modifiers) {
+    PointerInput input = Input(pixels, modifiers);
+    if (interaction.IsActive()) return input;
+    const auto spot = StripSpotAt(scene.TheCalendar(), viewport, view.viewport()->rect(), pixels);
+    if (spot && spot->onCopy) input.at = spot->at;
+    return input;
+}
+
+// By the spots of the strip the pointer has hit nothing, so a node's text isn't meant.
+void SurfaceView::Impl::Fold(const StripSpot &spot) {
+    surface.Events().DblClick(surface);
+    const ActionGroup group(surface);
+    days->ToggleFold(surface, spot.piece, spot.at);
+}
+
 void SurfaceView::Impl::AfterInput() {
     if (!interaction.IsOffer()) offer.Close();
     edges.Follow(interaction.ScrollsAtEdges(), pointer, view.viewport()->size());
@@ -41,7 +65,10 @@ void SurfaceView::Impl::AfterInput() {
 
 void SurfaceView::Impl::UpdatePointer() {
     const bool idle = !interaction.IsActive();
-    view.viewport()->setCursor(idle && keys->MovesTheView() ? Qt::OpenHandCursor : interaction.Pointer());
+    if (idle && keys->MovesTheView()) return view.viewport()->setCursor(Qt::OpenHandCursor);
+    const auto spot = idle && !shape ? SpotAt(pointer) : std::nullopt;
+    const bool folds = spot && days->DayAt(surface, spot->at);
+    view.viewport()->setCursor(folds ? Qt::PointingHandCursor : interaction.Pointer());
 }
 
 void SurfaceView::Impl::NoteHand(bool keyboard) {
@@ -66,13 +93,17 @@ void SurfaceView::Impl::Press(QMouseEvent *event) {
     endedText_ = text.HasJustEnded(); // by the focus that went, or here
     view.setFocus(Qt::MouseFocusReason);
     pointer = event->position();
-    const QPointF seen(pointer.x() / viewport.xScale(), pointer.y() / viewport.yScale());
+    const PointerInput input = Meant(pointer, event->modifiers());
+    const QPointF seen = QPointF(pointer.x() / viewport.xScale(), pointer.y() / viewport.yScale()) +
+                         (input.at - viewport.ToSurface(pointer));
     surface.Events().MouseDown(surface, ButtonMask(event->button()), ShiftMask(event->modifiers()),
                                float(seen.x()), float(seen.y()));
     button_ = event->button();
-    const PointerInput input = Input(pointer, event->modifiers());
+    const auto spot = StripSpotAt(scene.TheCalendar(), viewport, view.viewport()->rect(), pointer);
     if (button_ == Qt::MiddleButton || (left && keys->MovesTheView()))
         interaction.PressToPan(input);
+    else if (left && spot && spot->onCopy)
+        SelectNothing(surface);
     else if (left)
         interaction.Press(input);
     AfterInput();
@@ -83,9 +114,9 @@ void SurfaceView::Impl::FollowPointer(const QPointF &pixels, Qt::KeyboardModifie
     pointer = pixels;
     pointerOver_ = view.viewport()->rect().contains(pixels.toPoint());
     modifiers_ = modifiers;
-    interaction.Move(Input(pixels, modifiers));
-    repainting.SetPointed(interaction.IsActive() ? nullptr
-                                                 : SelectableNodeAt(scene, viewport.ToSurface(pixels)));
+    const PointerInput input = Meant(pixels, modifiers);
+    interaction.Move(input);
+    repainting.SetPointed(interaction.IsActive() ? nullptr : SelectableNodeAt(scene, input.at));
     AfterInput();
 }
 
@@ -110,7 +141,13 @@ void SurfaceView::Impl::Release(QMouseEvent *event) {
 void SurfaceView::Impl::DoubleClick(QMouseEvent *event) {
     if (event->button() != Qt::LeftButton) return Press(event);
     CancelGesture();
-    if (interaction.DoubleClick(Input(event->position(), event->modifiers()))) BeginEdit();
+    const PointerInput input = Input(event->position(), event->modifiers());
+    const bool plain = !input.Ctrl() && !input.Shift() && !input.Alt();
+    if (const auto spot = SpotAt(input.screen); spot && (plain || spot->onCopy)) {
+        if (plain) Fold(*spot);
+    } else if (interaction.DoubleClick(input)) {
+        BeginEdit();
+    }
     AfterInput();
 }
 
@@ -169,8 +206,9 @@ void SurfaceView::Impl::Leave() {
 
 bool SurfaceView::Impl::ToolTip(const QPoint &pixels, const QPoint &global) {
     const bool idle = !text.Editor() && !interaction.IsActive();
-    const QString tip =
-        idle ? TipAt(scene, renderer, viewport, *days, viewport.ToSurface(pixels)) : QString();
+    const auto spot = idle ? SpotAt(pixels) : std::nullopt;
+    QString tip = spot ? days->PieceInWords(surface, spot->piece, spot->at) : QString();
+    if (idle && tip.isEmpty()) tip = TipAt(scene, renderer, viewport, *days, Meant(pixels, {}).at);
     if (tip.isEmpty())
         QToolTip::hideText();
     else

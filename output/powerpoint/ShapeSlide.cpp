@@ -3,6 +3,7 @@
 #include "diagram/model/Surface.h"
 #include "diagram/render/Paint.h"
 #include "diagram/scene/Scene.h"
+#include "output/powerpoint/CalendarShapes.h"
 #include "output/powerpoint/LinkShapes.h"
 #include "output/powerpoint/NodeShapes.h"
 
@@ -36,12 +37,19 @@ void WriteShapes(package::Xml &xml, const Slide &slide, int nextId, const AddPic
     std::vector<Item *> items;
     scene.ItemsIn(area, items);
     WriteBackground(context, area);
+    const diagram::Calendar &calendar = scene.TheCalendar();
+    WriteCalendar(context, calendar, area);
     FindEnds(context, items);
     for (Item *item : items) // links may be written before the nodes at which they end
         if (item->Kind() == ItemKind::Node)
             context.nodes[static_cast<const Node *>(item)] = PlanNode(context, static_cast<Node &>(*item));
     for (Item *item : items) {
-        if (item->Kind() == ItemKind::Node)
+        const diagram::Calendar::Fold *fold = calendar.FoldWith(item->Id());
+        if (fold && fold->months.front() == item->Id())
+            WriteFold(context, calendar, *fold, static_cast<const Node &>(*item));
+        else if (fold)
+            continue;
+        else if (item->Kind() == ItemKind::Node)
             WriteNode(context, static_cast<const Node &>(*item));
         else
             WriteLink(context, static_cast<const Link &>(*item));

@@ -50,7 +50,8 @@ TEST_F(Timeline, ARightClickOnAMonthOpensThePopupAtThePointer) {
 TEST_F(Timeline, ThePopupHasItsEntriesInOrder) {
     QStringList captions;
     for (const QAction *entry : Popup(NewWindow()).actions()) captions << entry->text();
-    EXPECT_EQ(captions, QStringList({"Timeline Settings...", "", "Hide", "UnHide"}));
+    EXPECT_EQ(captions, QStringList({"Timeline Settings...", "", "Hide", "UnHide", "", "Fold", "Fold Quarter",
+                                     "Fold Year", "Unfold All"}));
 }
 
 TEST_F(Timeline, WithOneVisibleMonthHideIsDisabled) {

@@ -12,6 +12,7 @@
 #include "timeline/AtDates.h"
 #include "timeline/DateText.h"
 #include "timeline/DaysOfStrip.h"
+#include "timeline/Folding.h"
 #include "timeline/LineUp.h"
 #include "timeline/LineUpPlan.h"
 #include "timeline/MoveDates.h"
@@ -150,8 +151,18 @@ protected:
         node.SetLeft(float(Below(9000)));
         FollowDates(window, flow, {&node});
     }
+    void FoldSome() {
+        const PieceOfStrip piece =
+            PieceAround(diagram::StripPiece(Below(3)), QDate(2027, 1, 1).addDays(qint64(Below(270))));
+        SetFolded(window, flow, piece, !IsFolded(flow, piece));
+    }
+    void HideAndShowTheStrip() {
+        ShowTimeline(window, flow, false);
+        DateSome();
+        ShowTimeline(window, flow, true);
+    }
     std::string ChangeSomething() {
-        const std::size_t what = Below(11);
+        const std::size_t what = Below(15);
         switch (what) {
         case 0:
             Stretch(1.1F);
@@ -182,6 +193,15 @@ protected:
             break;
         case 9:
             MoveDates(window, flow, {nodes[Below(20)], nodes[Below(20)]}, {int(Below(9)) - 4});
+            break;
+        case 10:
+            FoldSome();
+            break;
+        case 11:
+            UnfoldAll(window, flow);
+            break;
+        case 12:
+            HideAndShowTheStrip();
             break;
         default:
             DateSome();
@@ -214,6 +234,7 @@ TEST_P(KeptAtDates, WhateverHappensToTheStripAndAllTheWayBackAndForth) {
 TEST_P(KeptAtDates, AfterSavingAndOpening) {
     Set(document::tags::kTimelineAlign, QString::number(GetParam() % 5));
     for (int i = 0; i < 5; ++i) DateSome();
+    SetFolded(window, flow, PieceAround(diagram::StripPiece::Quarter, QDate(2027, 5, 1)), true);
     SetLanes(flow, Lanes::Level);
     SetPushesFollowing(flow, true);
     const QTemporaryDir folder;
@@ -230,6 +251,14 @@ TEST_P(KeptAtDates, AfterSavingAndOpening) {
     EXPECT_EQ(Ends(there), Ends(flow));
     EXPECT_EQ(ExpectAtDates(opened, there, "opened"), ExpectAtDates(window, flow, "saved"));
     EXPECT_EQ(LineUp(opened, there, RowOrder::Keep).moved, 0);
+    const auto folded = [](const diagram::Surface &surface) {
+        return std::ranges::count_if(LocateTimelineNodes(surface),
+                                     [](const diagram::Node *month) { return FoldOf(*month).has_value(); });
+    };
+    EXPECT_GT(folded(flow), 0);
+    EXPECT_EQ(folded(there), folded(flow));
+    UpdateTimeLineNodes(opened, there, true);
+    EXPECT_EQ(LineUp(opened, there, RowOrder::Keep).moved, 0) << "laid out anew it is the same";
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, KeptAtDates, ::testing::Range(1U, 13U));

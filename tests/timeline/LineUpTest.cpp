@@ -194,6 +194,35 @@ TEST_F(LiningUp, LanesOfLevelsFollowEachOtherAsInTheirListAndTheOthersComeLast) 
     EXPECT_LT(nodes[0]->Bounds().bottom(), nodes[2]->Top());
 }
 
+TEST_F(LiningUp, LanesHaveTheirNamesAtThePlacesWhereTheyStandWhileNodesStayAtTheirDates) {
+    document::cLevels &levels = window.clsSettings().Levels();
+    const QString high = levels.Create(QStringLiteral("High"), false, 0).Key;
+    const QString low = levels.Create(QStringLiteral("Low | and, slow"), false, 0).Key;
+    diagram::Node &first = Dated(QStringLiteral("03 March 2004"));
+    diagram::Node &second = Dated(QStringLiteral("20 April 2004"));
+    diagram::Node &third = Dated(QStringLiteral("25 April 2004"));
+    document::SetTag(first, document::tags::kLevel, low);
+    document::SetTag(second, document::tags::kLevel, high);
+    document::SetTag(third, document::tags::kLevel, high);
+    SetLanes(flow, Lanes::Level);
+    Choose();
+    EXPECT_TRUE(CalendarOfStrip(flow).lanes.empty()) << "they may be moved freely";
+    SetKeepsNodesAtDates(flow, true);
+    Choose();
+    using Rows = std::vector<diagram::Calendar::Lane>;
+    const double top = std::min(second.Top(), third.Top());
+    const Rows rows{{top, top + 2 * 900 + 300, QStringLiteral("High")},
+                    {first.Top(), first.Bounds().bottom(), QStringLiteral("Low | and, slow")}};
+    EXPECT_EQ(CalendarOfStrip(flow).lanes, rows);
+    first.SetHidden(true);
+    EXPECT_EQ(CalendarOfStrip(flow).lanes, Rows{rows[0]}) << "nothing of the other is seen";
+    levels.Item(1).LevelName = QStringLiteral("Higher");
+    NoteLanes(window, flow);
+    EXPECT_EQ(CalendarOfStrip(flow).lanes[0].caption, QStringLiteral("Higher"));
+    SetLanes(flow, Lanes::None);
+    EXPECT_TRUE(CalendarOfStrip(flow).lanes.empty());
+}
+
 TEST_F(LiningUp, OfSeveralGroupsTheFirstMakesTheLane) {
     const QString one = window.clsSettings().Groups().Create(QStringLiteral("One"), false).Key;
     const QString two = window.clsSettings().Groups().Create(QStringLiteral("Two"), false).Key;

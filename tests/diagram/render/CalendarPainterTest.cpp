@@ -142,6 +142,43 @@ TEST_F(CalendarPainting, CaptionsCanBeReadOnDarkPaper) {
     EXPECT_GT(light, 5);
 }
 
+TEST_F(CalendarPainting, AFoldIsASliverWithItsCountInPlaceOfTheMonthsNames) {
+    const auto addMonth = [&] {
+        Node &month = Add(100, 60, 30, 40);
+        month.SetSelectable(false);
+        month.SetMarked(true);
+        month.SetText(QStringLiteral("May 2026"));
+        month.SetFillColor(0xFFFFFF);
+        month.SetBorderColor(0xFFFFFF);
+        month.SetForeColor(0);
+        return month.Id();
+    };
+    const QRect sliver(102, 62, 26, 36);
+    const ItemId first = addMonth(), second = addMonth();
+    const QImage unfolded = Paint();
+    Told().folds = {{QStringLiteral("May 2026"), QStringLiteral("3"), {first, second}}};
+    surface.FindNode(first)->SetTag(QStringLiteral("told"));
+    const QImage folded = Paint();
+    EXPECT_NE(folded.pixel(106, 66) & 0xFFFFFF, 0xFFFFFFu) << "tinted";
+    EXPECT_NE(folded.copy(sliver), unfolded.copy(sliver));
+    EXPECT_TRUE(HasInk(folded, QRect(110, 72, 10, 16))) << "the count in the middle";
+    Told().folds[0].count = QStringLiteral("8");
+    surface.FindNode(first)->SetTag(QStringLiteral("told anew"));
+    EXPECT_NE(Paint().copy(sliver), folded.copy(sliver));
+    surface.FindNode(second)->SetFillColor(0);
+    EXPECT_EQ(Paint().pixel(106, 66), folded.pixel(106, 66)) << "the first stands for both";
+}
+
+TEST_F(CalendarPainting, FoldedYearsLeaveTheOthersTheirNames) {
+    Told().years = {{75, 150, QStringLiteral("2025"), true}, Piece(0, 12, QStringLiteral("2026"))};
+    options.screen = true;
+    const QImage image = Paint(0.2);
+    int ink = 0;
+    for (int y = 0; y < 12; ++y)
+        for (int x = 4; x < 197; ++x) ink += qGray(image.pixel(x, y)) < 130;
+    EXPECT_GT(ink, 20) << "2026 is written, though 2025 has no room";
+}
+
 TEST_F(CalendarPainting, ALinkToADayStandsBackOnTheScreenAndInPictures) {
     Node &from = Add(20, 120, 20, 10);
     Node &day = Add(100, 100, 4, 4);

@@ -6,6 +6,7 @@
 #include "tests/diagram/view/ViewFixture.h"
 
 #include <QScrollBar>
+#include <QTest>
 
 namespace diagram::testing {
 
@@ -14,6 +15,24 @@ namespace {
 class TodaysStrip : public DayStrip {
 public:
     std::optional<QLineF> Today(const Surface &) const override { return QLineF(3000, 300, 3000, 600); }
+};
+
+// Writes down what is to be folded.
+class FoldedStrip : public DayStrip {
+public:
+    bool ToggleFold(Surface &, StripPiece piece, const QPointF &at) override {
+        toggled << QStringLiteral("%1 at %2").arg(Name(piece)).arg(qRound(at.x() / 15));
+        return true;
+    }
+    QString PieceInWords(const Surface &, StripPiece piece, const QPointF &) const override {
+        return Name(piece);
+    }
+    std::optional<QDate> DayAt(const Surface &, const QPointF &) const override { return QDate(2026, 5, 1); }
+    static QString Name(StripPiece piece) {
+        const char *names[] = {"month", "quarter", "year"};
+        return QLatin1String(names[int(piece)]);
+    }
+    QStringList toggled;
 };
 
 // Three months of 100 pixels, from 10 pixels on, 20 pixels below the top; the page goes on far below.
@@ -106,6 +125,68 @@ TEST_F(StripMarksTest, ThePlaceOfTheSlimCopyIsTheEdgeBeyondWhichTheStripLies) {
         calendar.strip = row.strip;
         EXPECT_EQ(SlimStripPlace(calendar, seen, canvas), row.place) << row.strip.left() << row.rightwards;
     }
+}
+
+TEST_F(StripMarksTest, ADoubleClickFoldsWhatLiesThere) {
+    FoldedStrip days;
+    view->SetDays(days);
+    ScrollTo(0, 0);
+    const auto twice = [&](const QPoint &at, Qt::KeyboardModifiers modifiers = {}) {
+        Click(at, modifiers);
+        QTest::mouseDClick(view->viewport(), Qt::LeftButton, modifiers, at);
+        Settle();
+    };
+    twice({150, 30}); // a month
+    twice({160, 45}); // a quarter, below the strip
+    twice({170, 65}); // a year
+    twice({170, 90}); // nothing of it
+    twice({150, 30}, Qt::ShiftModifier);
+    EXPECT_EQ(days.toggled, QStringList({"month at 150", "quarter at 160", "year at 170"}));
+    AddNode("over", 150, 40, 60, 20);
+    Settle();
+    twice({160, 45});
+    EXPECT_EQ(days.toggled.size(), 3) << "the node lies over the quarter";
+    view->SetDays(DayStrip::None());
+}
+
+TEST_F(StripMarksTest, ADoubleClickOnTheSlimCopyFoldsToo) {
+    FoldedStrip days;
+    view->SetDays(days);
+    Node &below = AddNode("below", 150, 600, 100, 60);
+    ScrollTo(0, 600);
+    Click({180, 10});
+    EXPECT_FALSE(below.Selected()) << "the copy covers it";
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, {180, 10});
+    EXPECT_EQ(days.toggled, QStringList({"month at 180"}));
+    EXPECT_EQ(surface.Nodes().Count(), 3);
+    events.details.clear();
+    Press({180, 10}, {}, Qt::RightButton);
+    EXPECT_EQ(events.details.last(), QStringLiteral("MouseDown 2 0 2700 -8550")) << "on the strip, far above";
+    view->SetDays(DayStrip::None());
+}
+
+TEST_F(StripMarksTest, ThePointerTellsWhatCanBeFolded) {
+    FoldedStrip days;
+    view->SetDays(days);
+    ScrollTo(0, 0);
+    MoveTo({150, 30});
+    EXPECT_EQ(view->viewport()->cursor().shape(), Qt::PointingHandCursor);
+    MoveTo({150, 300});
+    EXPECT_NE(view->viewport()->cursor().shape(), Qt::PointingHandCursor);
+    view->SetDays(DayStrip::None());
+    MoveTo({150, 30});
+    EXPECT_NE(view->viewport()->cursor().shape(), Qt::PointingHandCursor);
+}
+
+TEST_F(StripMarksTest, TheSlimCopyShowsToday) {
+    TodaysStrip days;
+    ScrollTo(0, 600);
+    const QColor plain = ColourAt(Seen(), {200, 3});
+    view->SetDays(days);
+    Settle();
+    EXPECT_NE(ColourAt(Seen(), {200, 3}), plain);
+    EXPECT_EQ(ColourAt(Seen(), {204, 3}), plain);
+    view->SetDays(DayStrip::None());
 }
 
 TEST_F(StripMarksTest, TodayRunsOverTheWholePage) {

@@ -12,6 +12,7 @@
 #include "timeline/AtDates.h"
 #include "timeline/CalendarOfStrip.h"
 #include "timeline/DateText.h"
+#include "timeline/Folding.h"
 #include "timeline/LineUp.h"
 #include "timeline/TimelineNodes.h"
 
@@ -35,7 +36,8 @@ struct Plan {
     const std::vector<gallery::PlanStep> &steps;
     int arrangement;
     bool dark, lanes;
-    bool bars = false; // nodes last as long as their steps
+    bool bars = false;   // nodes last as long as their steps
+    bool folded = false; // all years but the second, or the third month
     bool Rightwards() const { return arrangement >= 2; }
 };
 
@@ -107,17 +109,29 @@ void Draw(document::MapWindow &window, Surface &surface, const Plan &plan) {
     for (std::size_t i = 0; i < dates.size(); ++i)
         if (const int after = plan.steps[i].after; after >= 0)
             AddDependency(*dates[std::size_t(after)].node, *dates[i].node, plan.dark);
-    timeline::SetKeepsNodesAtDates(surface, plan.bars);
+    timeline::SetKeepsNodesAtDates(surface, plan.bars || plan.folded);
     timeline::AddTimelineLinks(window, surface, dates);
     timeline::SetShows(surface, timeline::CalendarPart::Weekends, plan.dark);
     timeline::SetLanes(surface, plan.lanes ? timeline::Lanes::Level : timeline::Lanes::None);
     timeline::LineUp(window, surface, timeline::RowOrder::Choose);
+    if (plan.folded) FoldSome(window, surface, plan);
+}
+
+void FoldSome(document::MapWindow &window, Surface &surface, const Plan &plan) {
+    const bool isLong = plan.steps.back().day > 1000;
+    const int first = isLong ? 0 : 2, last = isLong ? 9 : 2;
+    for (int i = first; i <= last; ++i) {
+        const QDate day = isLong ? plan.start.addYears(i) : plan.start.addMonths(i);
+        const StripPiece piece = isLong ? StripPiece::Year : StripPiece::Month;
+        if (!isLong || i != 1) timeline::SetFolded(window, surface, timeline::PieceAround(piece, day), true);
+    }
 }
 
 QString FileOf(const Plan &plan, int percent) {
-    return QStringLiteral("%1-%2%3%4-%5.png")
+    return QStringLiteral("%1-%2%3%4%5-%6.png")
         .arg(QLatin1String(plan.name), QLatin1String(kArrangements[plan.arrangement]),
-             QLatin1String(plan.lanes ? "-lanes" : ""), QLatin1String(plan.dark ? "-dark" : ""))
+             QLatin1String(plan.lanes ? "-lanes" : ""), QLatin1String(plan.folded ? "-folded" : ""),
+             QLatin1String(plan.dark ? "-dark" : ""))
         .arg(percent);
 }
 
@@ -162,6 +176,14 @@ int main(int argc, char **argv) {
         for (const int arrangement : {0, 2})
             Write(folder, {"bars", QDate(2026, 9, 3), gallery::BarSteps(), arrangement, dark, true, true},
                   desktop);
+    for (const bool dark : {false, true}) {
+        for (int arrangement = 0; arrangement < 5; ++arrangement)
+            Write(folder,
+                  {"launch", QDate(2026, 9, 3), gallery::LaunchSteps(), arrangement, dark, true, false, true},
+                  desktop);
+        Write(folder, {"decade", QDate(2024, 2, 3), gallery::DecadeSteps(), 2, dark, true, false, true},
+              desktop);
+    }
     for (const auto &[name, language] :
          {std::pair("german", QLocale::German), std::pair("french", QLocale::French)}) {
         QLocale::setDefault(QLocale(language));

@@ -1,4 +1,5 @@
 // Slices as native shapes.
+#include "diagram/model/Calendar.h"
 #include "diagram/shapes/Arrows.h"
 #include "diagram/shapes/Shapes.h"
 #include "tests/output/powerpoint/PptxTest.h"
@@ -38,6 +39,57 @@ TEST_F(PptxTest, ANodeIsAShapeWithItsText) {
     EXPECT_EQ(TextsAt(slide, "//a:rPr/@strike").value(0), "sngStrike");
     const double points = 12 * 20 * EmuPerTwip(Slice()) / 12700;
     EXPECT_NEAR(TextsAt(slide, "//a:rPr/@sz").value(0).toInt(), points * 100, 1);
+}
+
+struct ToldCalendar {
+    ToldCalendar() {
+        diagram::SetCalendarSource([](const diagram::Surface &) { return It(); });
+    }
+    ~ToldCalendar() {
+        It() = {};
+        diagram::SetCalendarSource(nullptr);
+    }
+    static diagram::Calendar &It() {
+        static diagram::Calendar calendar;
+        return calendar;
+    }
+};
+
+TEST_F(PptxTest, WhatIsDrawnBesideATimelineIsPlainShapesBehindTheNodes) {
+    const ToldCalendar told;
+    diagram::Calendar &calendar = told.It();
+    calendar.strip = QRectF(0, 2000, 9000, 500);
+    calendar.fontName = QStringLiteral("Arial");
+    calendar.quarters = {{0, 4500, QStringLiteral("Q1")}, {4500, 9000, QStringLiteral("Q2")}};
+    calendar.years = {{0, 9000, QStringLiteral("2027")}};
+    calendar.lanes = {{4000, 5000, QStringLiteral("Market")}};
+    calendar.weekends = {{100, 200, QString()}};
+    calendar.today = QLineF(700, 2000, 700, 2500);
+    AddNode(0, 4000, QStringLiteral("plan"));
+    const QStringList pieces{"Q1", "Q2", "2027", "Market"};
+    EXPECT_EQ(TextsAt(Part(kAllShapes), "//p:sp//a:t"), pieces + QStringList("plan"));
+    const QStringList names = TextsAt(Part(kAllShapes), "//p:sp/p:nvSpPr/p:cNvPr/@name");
+    EXPECT_EQ(names.count(QStringLiteral("Weekend")), 1);
+    EXPECT_EQ(names.count(QStringLiteral("Today")), 0);
+    calendar.todayEverywhere = true;
+    EXPECT_EQ(TextsAt(Part(kAllShapes), "//p:sp/p:nvSpPr/p:cNvPr/@name").count(QStringLiteral("Today")), 1);
+    calendar.bands = false;
+    EXPECT_EQ(TextsAt(Part(kAllShapes), "//p:sp//a:t"), QStringList({"Market", "plan"}));
+}
+
+TEST_F(PptxTest, AFoldIsOneSliverWithItsCount) {
+    const ToldCalendar told;
+    told.It().strip = QRectF(0, 2000, 450, 500);
+    told.It().bands = false;
+    std::vector<diagram::ItemId> months;
+    for (int i = 0; i < 2; ++i) {
+        diagram::Node &month = AddNode(0, 2000, QStringLiteral("May 2027"));
+        month.SetSelectable(false);
+        months.push_back(month.Id());
+    }
+    told.It().folds = {{QStringLiteral("2027"), QStringLiteral("3"), months}};
+    AddNode(0, 4000, QStringLiteral("plan"));
+    EXPECT_EQ(TextsAt(Part(kAllShapes), "//p:sp//a:t"), QStringList({"3", "plan"}));
 }
 
 TEST_F(PptxTest, AShapeStandsWhereThePictureWouldShowIt) {
