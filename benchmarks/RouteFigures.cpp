@@ -1,6 +1,6 @@
 // Rerouting while a node with 20 links is dragged through the middle of 500 nodes and 800 links, nudging when
-// it is let go among 1,000 links, and all of them at once; labels while a node is dragged among 1,000 labelled
-// links; and, over generated maps, how many links of each style run through nodes.
+// it is let go among 1,000 links, and all of them at once; labels while a node is dragged among 1,000
+// labelled links; and, over generated maps, how many links of each style run through nodes.
 #include "diagram/edit/History.h"
 #include "diagram/interaction/HeldItems.h"
 #include "diagram/model/AutomaticStyle.h"

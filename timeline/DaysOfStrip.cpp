@@ -69,7 +69,7 @@ std::vector<ShownMonth> ShownMonths(const diagram::Surface &flow, bool rightward
 }
 
 // Of a fold the month at that end, as long as an unfolded one.
-ShownMonth EndOf(const std::vector<ShownMonth> &months, bool behind) {
+ShownMonth EndMonthOf(const std::vector<ShownMonth> &months, bool behind) {
     const ShownMonth &end = behind ? months.back() : months.front();
     if (!end.fold) return end;
     const auto unfolded = std::ranges::find_if(months, [](const ShownMonth &month) { return !month.fold; });
@@ -180,9 +180,10 @@ std::optional<QDate> DaysOfStrip::DayAt(const diagram::Surface &flow, const QPoi
                                                  [](const ShownMonth &month) { return month.End(); });
     QDate day;
     if (behind == months.end())
-        day = DayIn(Beyond(EndOf(months, true), place), place, true);
+        day = DayIn(Beyond(EndMonthOf(months, true), place), place, true);
     else if (place < behind->start)
-        day = DayIn(Beyond(behind == months.begin() ? EndOf(months, false) : *behind, place), place, true);
+        day =
+            DayIn(Beyond(behind == months.begin() ? EndMonthOf(months, false) : *behind, place), place, true);
     else
         day = DayIn(*behind, place, behind != months.begin() && StandsInFrontOf(*std::prev(behind), *behind));
     return IsInYears(day) ? std::optional(day) : std::nullopt;

@@ -73,8 +73,7 @@ LayoutSubject SubjectOf(const Surface &surface, LayoutScope scope) {
         if (from < 0 || to < 0 || link->Hidden()) continue;
         subject.links.push_back(link->Id());
         subject.graph.edges.push_back({from, to});
-        subject.graph.labels.push_back(link->Text().isEmpty() ? QSizeF(0, 0)
-                                                              : LabelSize(*link, nullptr));
+        subject.graph.labels.push_back(link->Text().isEmpty() ? QSizeF(0, 0) : LabelSize(*link, nullptr));
     }
     return subject;
 }

@@ -73,8 +73,7 @@ TEST(Tag, NoKeyInUseBeginsAnother) {
         tags::kDateFormat,    tags::kTimelineAlign,   tags::kMissing,     tags::kNamesOfLevels,
         tags::kNamesOfGroups, tags::kMonthHidden,     tags::kMonthFolded, tags::kBandsHidden,
         tags::kWeekends,      tags::kTodayEverywhere, tags::kAtDates,     tags::kLanes,
-        tags::kPushFollowing, tags::kEndDate,         tags::kOwnExtent,
-        tags::kRowsOfLanes};
+        tags::kPushFollowing, tags::kEndDate,         tags::kOwnExtent,   tags::kRowsOfLanes};
     for (const QString &a : keys)
         for (const QString &b : keys)
             EXPECT_EQ(a.startsWith(b, Qt::CaseInsensitive), a == b) << a.toStdString();

@@ -129,7 +129,8 @@ constexpr ToldStep kReadme[] = {
          r.Press("Ctrl+S");
          EXPECT_TRUE(QFileInfo::exists(r.File("mine.map")));
      }},
-    {"Ctrl+T gives the selected node a date. With *View, Dates, Keep nodes at their dates* it stands at that day of "
+    {"Ctrl+T gives the selected node a date. With *View, Dates, Keep nodes at their dates* it stands at that "
+     "day of "
      "a "
      "strip of months: drag it along the months, and its date changes.",
      PlanByDates},
