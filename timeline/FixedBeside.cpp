@@ -16,7 +16,7 @@ FixedBeside::FixedBeside(const std::vector<PlannedBar> &bars, const std::vector<
     std::vector<FixedBox> boxes;
     double longest = 0;
     for (FixedBox box : fixed) {
-        const auto [near, far] = std::minmax(sign * (box.before - edge), sign * (box.behind - edge));
+        const auto [near, far] = std::minmax({sign * (box.before - edge), sign * (box.behind - edge)});
         box.before = near, box.behind = far;
         if (far <= 0) continue;
         boxes.push_back(box);

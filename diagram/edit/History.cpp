@@ -4,6 +4,7 @@
 #include "support/Error.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace diagram {
 
@@ -126,10 +127,19 @@ private:
             const Node *node = surface_.FindNode(id);
             Reduce(id, before, node ? &node->Data() : nullptr, step.nodesPresent, step.nodes);
         }
+        std::unordered_set<ItemId> changed;
+        for (const auto &entry : step.nodes) changed.insert(entry.id);
+        const auto endsAtChanged = [&changed](const LinkData &link) {
+            return changed.contains(link.source) || changed.contains(link.destination);
+        };
         for (auto &[id, before] : links_) {
             const Link *link = surface_.FindLink(id);
             if (link) link->OwnBends(), link->Way(); // brings its values up to date
+            const bool stays = before && link;
+            const std::size_t count = step.links.size();
             Reduce(id, before, link ? &link->Data() : nullptr, step.linksPresent, step.links);
+            if (stays && step.links.size() == count && endsAtChanged(link->Data()))
+                step.links.push_back({id, {}}); // gets its way below
         }
         for (auto &entry : step.links) KeepWay(entry);
         if (data_) step.surface = ChangesBetween(*data_, surface_.Data());

@@ -59,7 +59,7 @@ bool Meets(const QRectF &box, const QPointF &from, const QPointF &to) {
     double first = 0, last = 1;
     const auto clip = [&](double start, double step, double low, double high) {
         if (std::abs(step) < 1e-9) return low < start && start < high;
-        const auto [near, far] = std::minmax((low - start) / step, (high - start) / step);
+        const auto [near, far] = std::minmax({(low - start) / step, (high - start) / step});
         first = std::max(first, near), last = std::min(last, far);
         return first < last - 1e-9;
     };
@@ -266,8 +266,8 @@ TEST(Layered, LevelPiecesDoNotLieOnOneAnother) {
                 for (std::size_t k = 1; k < drawing.corners[b].size(); k += 2) {
                     const auto &mine = drawing.corners[a], &other = drawing.corners[b];
                     if (std::abs(mine[i].y() - other[k].y()) > 1) continue;
-                    const auto [left, right] = std::minmax(mine[i - 1].x(), mine[i].x());
-                    const auto [from, to] = std::minmax(other[k - 1].x(), other[k].x());
+                    const auto [left, right] = std::minmax({mine[i - 1].x(), mine[i].x()});
+                    const auto [from, to] = std::minmax({other[k - 1].x(), other[k].x()});
                     EXPECT_TRUE(right < from || to < left) << a << ", " << b;
                 }
 }
