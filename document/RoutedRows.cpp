@@ -34,7 +34,7 @@ bool HasTable(const storage::Database &database) {
 // Other styles have none, or always the same.
 bool HasBendsOfChoice(const diagram::Link &link) {
     const diagram::LinkStyleRow *row = diagram::FindLinkStyle(link.Style());
-    return row && row->form == diagram::LinkForm::Orthogonal;
+    return row && (row->form == diagram::LinkForm::Orthogonal || row->form == diagram::LinkForm::Polyline);
 }
 
 // Another program may have a table of this name.

@@ -21,10 +21,15 @@ bool HasSameBends(const std::vector<Point> &a, const std::vector<Point> &b) {
     return a.size() == b.size() && std::equal(a.begin() + 1, a.end() - 1, b.begin() + 1, AreNear);
 }
 
+bool IsPolyline(const LinkData &link) {
+    const LinkStyleRow *row = FindLinkStyle(link.style);
+    return row && row->form == LinkForm::Polyline;
+}
+
 // Whether the router chooses bends for links of that style, so that they can give way.
 bool HasRoutedBends(const LinkData &link) {
     const LinkStyleRow *row = FindLinkStyle(link.style);
-    return row && (row->form == LinkForm::Orthogonal || row->form == LinkForm::Polyline);
+    return IsPolyline(link) || (row && row->form == LinkForm::Orthogonal);
 }
 
 } // namespace
@@ -55,12 +60,14 @@ void Routing::Route(Link &link) {
 }
 
 // Bends that the router gives for the present boxes are its own. Nodes that have changed since the ways were
-// settled count as they were.
+// settled count as they were. A straight line that nobody vouches for stays one, as it did in older maps,
+// where its end may be pinned besides.
 void Routing::Judge(Link &link) {
     if (!link.unjudged_ || link.KeepsPoints()) return;
     link.unjudged_ = false;
     const auto &points = link.data_.points;
-    link.data_.ownBends = points.size() > 2 && !HasSameBends(points, WayOf(LinkDraft(link), false));
+    link.data_.ownBends =
+        points.size() > 2 ? !HasSameBends(points, WayOf(LinkDraft(link), false)) : IsPolyline(link.data_);
 }
 
 bool Routing::IsQuiet() const { return replaying_ || surface_.Loading(); }

@@ -139,15 +139,15 @@ TEST_F(Bars, NodesWithoutADateAreLeftFree) {
         EXPECT_FALSE(node.Bounds().intersects(note.Bounds()));
         EXPECT_EQ(LineUp(window, flow, order).moved, 0);
     }
-    EXPECT_EQ(Bar(April(14), April(20)).Top(), 900) << "nothing is there";
+    EXPECT_EQ(Bar(April(14), April(20)).Top(), 1290) << "nothing is there but the bands";
 }
 
 TEST_F(Bars, AGroundUnderThemAndWhatIsHiddenIsNotInTheWay) {
     diagram::Node &ground = flow.Nodes().Add(0, 600, 9000, 3000);
-    diagram::Node &hidden = flow.Nodes().Add(1400, 900, 1200, 600);
+    diagram::Node &hidden = flow.Nodes().Add(1400, 1200, 1200, 600);
     hidden.SetHidden(true);
     const diagram::Node &node = Bar(March(14), March(20));
-    EXPECT_EQ(node.Top(), 900);
+    EXPECT_EQ(node.Top(), 1290);
     EXPECT_TRUE(ground.Bounds().contains(node.Bounds()));
 }
 

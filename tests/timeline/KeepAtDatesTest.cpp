@@ -74,6 +74,8 @@ bool ReachesOverItsDays(const DaysOfStrip &days, const diagram::Node &node) {
     };
     const QDate first = days.DateOf(node).value(), last = days.EndOf(node).value();
     const auto from = place(first), to = place(last);
+    if (from && first != last && from == to) // all of it lies in a fold
+        return end > begin && std::abs((begin + end) / 2 - *from) <= kAtItsPlace;
     return (!from || std::abs(*from - half(first) - begin) <= kAtItsPlace) &&
            (!to || std::abs(*to + half(last) - end) <= kAtItsPlace);
 }
