@@ -93,10 +93,19 @@ TEST_F(RoutedRowsTest, PointsThatSomebodyElseHasWrittenAreJudgedAsEver) {
 }
 
 TEST_F(RoutedRowsTest, AMapWithoutSuchLinksHasNoTable) {
-    a.Links().Add(b).SetStyle(0);
+    constexpr int kBezier = 1;
+    a.Links().Add(b).SetStyle(kBezier);
     EXPECT_FALSE(HasTable(Saved()));
     a.Links().Add(b).SetStyle(kHVH);
     EXPECT_TRUE(HasTable(Saved()));
+}
+
+TEST_F(RoutedRowsTest, AStraightLineBendsByItselfOnlyWhereTheMapSaysSo) {
+    a.Links().Add(b).SetStyle(0);
+    const QString path = Saved();
+    EXPECT_EQ(Own(*Loaded(path)), std::vector<bool>{false});
+    Run(path, QStringLiteral("DELETE FROM [RoutedLinks]"));
+    EXPECT_EQ(Own(*Loaded(path)), std::vector<bool>{true}) << "as in maps from before";
 }
 
 TEST_F(RoutedRowsTest, ATableOfThatNameFromElsewhereIsPassedOver) {
