@@ -72,9 +72,10 @@ TEST(Faults, ALinkAcrossAnotherNode) {
 
 TEST(Faults, TheTextOfALinkAcrossAnotherNode) {
     diagram::Surface surface;
-    diagram::Node &a = Add(surface, 0, 0, 100, 50, "A"), &b = Add(surface, 400, 0, 100, 50, "B");
+    diagram::Node &a = Add(surface, 0, 400, 100, 50, "A"), &b = Add(surface, 400, 400, 100, 50, "B");
     a.Links().Add(b).SetText("line\r\nline\r\nline\r\nline\r\nline");
-    Add(surface, 200, 40, 100, 50, "C");
+    Add(surface, 105, 110, 290, 310, "C"); // leaves no place beside the line
+    Add(surface, 105, 430, 290, 310, "D");
     EXPECT_NE(Faults(surface).find("the text between"), std::string::npos);
 }
 

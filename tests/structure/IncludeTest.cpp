@@ -85,6 +85,7 @@ QMap<QString, QStringList> Allowed() {
         QStringList{"widgets",          "dialogs", "timeline/setup", "diagram/view", "diagram/interaction",
                     "output/print/form"};
     allowed["mainwindow"] = windows;
+    allowed["mainwindow/icons"] = {"mainwindow"}; // a tool that paints them
     allowed["app"] = windows + QStringList{"mainwindow",      "support/headless",   "support/real",
                                            "templates/forms", "output/export/form", "output/powerpoint/form"};
     return allowed;

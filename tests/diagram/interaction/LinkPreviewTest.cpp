@@ -157,7 +157,7 @@ TEST_F(LinkPreview, OfANewLinkInTheBestStyle_IsTheWayThatItGets) {
         const QPainterPath shown = LineOf(gesture);
         gesture.Commit({});
         const Link &link = *surface.Links().back();
-        EXPECT_EQ(shown, scene.LinkPath(link)) << to;
+        ExpectNearly(shown, scene.LinkPath(link), link);
         EXPECT_EQ(FindLinkStyle(link.Style())->form, LinkForm::Orthogonal);
         EXPECT_EQ(link.Style(), StyleFor(link, kAutomaticStyle));
     }

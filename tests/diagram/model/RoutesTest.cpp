@@ -175,8 +175,9 @@ TEST(Routes, APolylineThatIsBlockedEverywhereRunsThrough) {
     EXPECT_GE(pair.link.Way().size(), 2U);
 }
 
-// What a map of former times holds stays, straight through or not, until the link has a reason to be routed.
-TEST(Routes, ALoadedPolylineStaysUntilANodeComesOntoIt) {
+// What a map of former times holds stays, straight through or not, until the link itself has a reason to be
+// routed.
+TEST(Routes, ALoadedPolylineStaysUntilItsOwnNodesMove) {
     Pair pair(kPolyline);
     const auto straight = pair.link.Way();
     Surface loaded;
@@ -191,9 +192,11 @@ TEST(Routes, ALoadedPolylineStaysUntilANodeComesOntoIt) {
     EXPECT_EQ(link.Way(), straight);
     far.SetTop(9500);
     EXPECT_EQ(link.Way(), straight);
-    EXPECT_FALSE(link.OwnBends());
     block.SetTop(2600);
-    EXPECT_EQ(NodesOnWay(link), 0) << Text(link);
+    EXPECT_EQ(link.Way(), straight);
+    link.Destination().SetTop(link.Destination().Top() + 300);
+    EXPECT_EQ(link.Way().size(), 2U) << "still a straight line";
+    EXPECT_NE(link.Way(), straight);
 }
 
 TEST(Routes, BendsOfAPolylineAreTheRoutersWhereItWouldChooseThem) {
