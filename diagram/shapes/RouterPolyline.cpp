@@ -17,7 +17,8 @@ namespace {
 
 constexpr int kMostRounds = 40;
 constexpr int kCarefulRounds = 8;      // after which a way need only run through nothing
-constexpr std::size_t kMostBoxes = 64; // more aren't gone round at once
+constexpr std::size_t kMostBoxes = 48; // more aren't gone round at once
+constexpr std::size_t kMostMet = 12;   // a line through more of them stays straight: no way round looks better
 constexpr std::size_t kFewBoxes = 4;   // among more, only corners are bends
 constexpr double kBendCosts = 1500;    // twips
 constexpr double kLongPiece = 6000;    // twips for which obstacles are asked at once
@@ -181,7 +182,7 @@ public:
     std::vector<Point> Find(std::vector<Point> straight) {
         std::vector<QRectF> known, met;
         AddMet(*request_.obstacles, ToQPointF(straight[0]), ToQPointF(straight[1]), 0, met);
-        if (met.empty()) return straight;
+        if (met.empty() || met.size() > kMostMet) return straight;
         for (int round = 0; round < kMostRounds && Learn(met, known) && known.size() <= kMostBoxes; ++round) {
             const Found found = Best(known);
             if (found.way.empty()) break;
