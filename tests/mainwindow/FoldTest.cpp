@@ -4,6 +4,7 @@
 #include "mainwindow/ItemDescription.h"
 #include "mainwindow/TimelineMenu.h"
 #include "timeline/AtDates.h"
+#include "timeline/CalendarOfStrip.h"
 #include "timeline/Folding.h"
 
 namespace mainwindow::testing {
@@ -16,11 +17,13 @@ using diagram::StripPiece;
 struct Folds : Strips {
     diagram::Surface &surface = window.CurrentSurface();
     Folds() {
+        diagram::SetCalendarSource(timeline::CalendarOfStrip);
         document::SetTag(surface, document::tags::kMissing, QStringLiteral("True"));
         for (const char *day : {"03 May 2004", "20 May 2004"})
             timeline::AddTimelineLink(window, surface, AddNode(window, 6000, 3000), QString::fromLatin1(day));
         ProcessEvents();
     }
+    ~Folds() override { diagram::SetCalendarSource(nullptr); }
     diagram::Node &Month(int number) {
         return *timeline::LocateTimelineNode(
             surface, QStringLiteral("%1 2004").arg(QLocale().standaloneMonthName(number)), false);
@@ -99,7 +102,7 @@ TEST_F(Folds, ThePopupFoldsAndUnfolds) {
     window.ShowNodeProperties(Month(3), 0, 0);
     Entry("mnuTemplateNodeUnfoldAll").trigger();
     EXPECT_FALSE(Folded(4));
-    Press(window, QStringLiteral("Ctrl+Z"));
+    surface.Undo();
     EXPECT_TRUE(Folded(4)) << "one step";
 }
 

@@ -153,7 +153,9 @@ void Bend(Reader &r) {
     r.DoubleClick(diagram::ToQPointF(link.Way()[1]));
     EXPECT_EQ(link.Way().size(), 2U);
     diagram::Link &level = r.Join(*r.a, *r.c);
+    level.Owner().BeginAction(0);
     level.SetStyle(5); // level, upright, level
+    level.Owner().EndAction();
     r.ProcessEvents();
     const std::vector<diagram::Point> way = level.Way();
     const QPointF middle = Reader::Half(level, 1);

@@ -189,7 +189,7 @@ constexpr const char *kMenu[] = {
     "mnuViewFold|keyFoldMonth|command|&Month of the selection",
     "mnuViewFold|keyFoldQuarter|command|&Quarter of the selection",
     "mnuViewFold|keyFoldYear|command|&Year of the selection",
-    "mnuViewFold|keyFoldEmpty|command|Months &without @NODEs",
+    "mnuViewFold|keyFoldEmpty|command|Months &without Nodes",
     "mnuViewFold|keyUnfoldAll|command|&Unfold all",
     "mnuView|DISPLAY|check|Bot&h texts",
     "mnuView|EXPAND|command|E&xpand Timeline Nodes",
