@@ -18,11 +18,11 @@ namespace {
 constexpr int kMostRounds = 40;
 constexpr int kCarefulRounds = 8;      // after which a way need only run through nothing
 constexpr std::size_t kMostBoxes = 48; // more aren't gone round at once
-constexpr std::size_t kMostMet = 12;   // a line through more of them stays straight: no way round looks better
-constexpr std::size_t kFewBoxes = 4;   // among more, only corners are bends
-constexpr double kBendCosts = 1500;    // twips
-constexpr double kLongPiece = 6000;    // twips for which obstacles are asked at once
-constexpr double kSlack = 1;           // twips by which a way may be nearer than its bends
+constexpr std::size_t kMostMet = 12; // a line through more of them stays straight: no way round looks better
+constexpr std::size_t kFewBoxes = 4; // among more, only corners are bends
+constexpr double kBendCosts = 1500;  // twips
+constexpr double kLongPiece = 6000;  // twips for which obstacles are asked at once
+constexpr double kSlack = 1;         // twips by which a way may be nearer than its bends
 
 // How clear of the boxes a way keeps, and what it costs that it comes no nearer.
 struct Margin {
