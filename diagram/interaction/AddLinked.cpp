@@ -68,13 +68,14 @@ QRectF BehindLast(const QRectF &last, const QSizeF &size, const QPointF &growth)
                            : box.translated(last.width() + kKinGap, 0);
 }
 
-Wanted WantedChild(Node &from, const QRectF &box, const QPointF &direction) {
+// The first child is linked as one that the user draws a link to, the others as the one before them.
+Wanted WantedChild(const Scene &scene, Node &from, const QRectF &box, const QPointF &direction) {
     QPointF growth = GrowthAt(from).value_or(direction);
     if (const Link *last = LastChild(from, growth))
         return {BehindLast(last->Destination().Bounds(), box.size(), growth), Behind(growth),
                 last->Destination().Bounds().center(), &from, last->Style()};
     if (!IsOnSurface(Away(box, growth))) growth = -growth;
-    return {Away(box, growth), Behind(growth), box.center(), &from, 0};
+    return {Away(box, growth), Behind(growth), box.center(), &from, scene.StyleToDraw()};
 }
 
 Wanted WantedSibling(Node &from, const QRectF &box, const QPointF &direction) {
@@ -105,7 +106,7 @@ Node *AddWanted(Scene &scene, const Wanted &wanted) {
 Node *AddKin(Scene &scene, Node &from, Kin kin, const QPointF &direction) {
     QRectF box = from.Bounds();
     box.setSize(box.size().expandedTo(QSizeF(kSmallestSide, kSmallestSide)));
-    return AddWanted(scene, kin == Kin::Child ? WantedChild(from, box, direction)
+    return AddWanted(scene, kin == Kin::Child ? WantedChild(scene, from, box, direction)
                                               : WantedSibling(from, box, direction));
 }
 

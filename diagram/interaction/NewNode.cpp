@@ -3,6 +3,7 @@
 #include "diagram/interaction/GrowPage.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/interaction/Snap.h"
+#include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Scene.h"
 
@@ -41,7 +42,7 @@ void LinkTo(Surface &surface, ItemId added, const NewNode &wanted) {
     Node *end = surface.FindNode(added);
     if (!start || !end) return;
     Link &link = start->Links().Add(*end);
-    link.SetStyle(wanted.linkStyle);
+    link.SetStyle(StyleFor(link, wanted.linkStyle));
     surface.Events().AfterAddLink(surface, link);
 }
 

@@ -24,7 +24,7 @@ struct NewNode {
     std::optional<int> shape;    // of the table of shapes; none: the surface's default
     ItemId like = kNoItem;       // a node whose look, level and groups it takes over
     ItemId linkedFrom = kNoItem; // the start of a link to it
-    int linkStyle = 0;
+    int linkStyle = 0;           // or kAutomaticStyle
     DayStrip *days = nullptr; // where there is one, the place may lie beyond the edge: the page grows there
 };
 

@@ -16,6 +16,10 @@ namespace {
 constexpr double kInside = 1; // twips that a way must come into one of its ends to run through it
 constexpr double kSame = 1;   // twips; a piece that is shorter isn't seen, nor a difference in length
 
+constexpr double kShortEnd = 300;  // twips; a first or last piece below has no room for a head
+constexpr double kOffMiddle = 0.3; // of a side; an end farther from its middle is at a corner
+constexpr int kBendsForBadEnd = 2; // that such an end counts as
+
 constexpr int kThroughOne = 10000; // that is worse than coming near to any number
 
 using Way = std::vector<Point>;
@@ -56,23 +60,45 @@ int CountMet(const Surface &surface, const LinkDraft &draft, const RouteRequest 
     return met;
 }
 
-// Bends that are seen. A first or last piece without length, whose bend a small move brings out, counts as
-// one.
-int CountBends(const Way &way) {
-    std::vector<Point> seen{way.front()};
-    for (const Point &point : way)
-        if (Length(seen.back(), point) > kSame) seen.push_back(point);
-    int bends = Length(way[0], way[1]) <= kSame || Length(way[way.size() - 2], way.back()) <= kSame;
-    for (std::size_t i = 2; i < seen.size(); ++i) {
-        const bool level = std::abs(seen[i - 1].y - seen[i - 2].y) <= kSame;
-        const bool levelThen = std::abs(seen[i].y - seen[i - 1].y) <= kSame;
-        bends += level != levelThen;
+bool IsLevel(const Point &a, const Point &b) { return std::abs(b.y - a.y) <= kSame; }
+
+// The ends of the way and the points at which it turns.
+Way Corners(const Way &way) {
+    Way corners{way.front()};
+    for (const Point &point : way) {
+        const std::size_t count = corners.size();
+        if (Length(corners.back(), point) <= kSame) continue;
+        if (count > 1 &&
+            IsLevel(corners[count - 2], corners[count - 1]) == IsLevel(corners[count - 1], point))
+            corners.back() = point;
+        else
+            corners.push_back(point);
     }
-    return bends;
+    return corners;
+}
+
+// Of the piece from the node to the next corner.
+bool IsBadEnd(const Point &end, const Point &next, const QRectF &node) {
+    if (Length(end, next) < kShortEnd) return true;
+    const QPointF off = ToQPointF(end) - node.center();
+    return IsLevel(end, next) ? std::abs(off.y()) > kOffMiddle * node.height()
+                              : std::abs(off.x()) > kOffMiddle * node.width();
+}
+
+// Bends that are seen. A first or last piece without length, whose bend a small move brings out, counts as
+// one; ends that don't look well as more, but those of a straight line.
+int CountBends(const RouteRequest &request, const Way &way) {
+    const int grown = Length(way[0], way[1]) <= kSame || Length(way[way.size() - 2], way.back()) <= kSame;
+    const Way corners = Corners(way);
+    if (corners.size() < 3) return grown;
+    const bool bad = IsBadEnd(corners[0], corners[1], request.source.box) ||
+                     IsBadEnd(corners.back(), corners[corners.size() - 2], request.destination.box);
+    return int(corners.size()) - 2 + grown + (bad ? kBendsForBadEnd : 0);
 }
 
 Merit MeritOf(const Surface &surface, const LinkDraft &draft, const Way &way) {
-    Merit merit{CountMet(surface, draft, RequestFor(draft), way), CountBends(way), 0};
+    const RouteRequest request = RequestFor(draft);
+    Merit merit{CountMet(surface, draft, request, way), CountBends(request, way), 0};
     for (std::size_t i = 1; i < way.size(); ++i) merit.length += Length(way[i - 1], way[i]);
     return merit;
 }

@@ -48,6 +48,15 @@ TEST(AutomaticStyle, OfNodesAslantHasOneBend) {
     EXPECT_TRUE(style == kVH || style == kHV) << style;
 }
 
+TEST(AutomaticStyle, EndsInTheMiddleOfASideBeforeItSavesABend) {
+    EXPECT_EQ(TwoNodes(3000, 5200).Best(), kHVH) << "beside and a little lower";
+    EXPECT_EQ(TwoNodes(1300, 6600).Best(), kVHV) << "below and a little to the right";
+}
+
+TEST(AutomaticStyle, LeavesRoomForTheHeadBeforeItSavesABend) {
+    EXPECT_EQ(TwoNodes(2700, 5400).Best(), kHVH) << "its middle is a little below the first one";
+}
+
 TEST(AutomaticStyle, AvoidsANodeBeforeItSavesABend) {
     TwoNodes nodes(6000, 9000);
     nodes.surface.Nodes().Add(1100, 7000, 800, 800); // on the way of V H

@@ -1,5 +1,8 @@
 #include "tests/diagram/view/ViewFixture.h"
 
+#include "diagram/model/AutomaticStyle.h"
+#include "diagram/scene/Scene.h"
+
 namespace diagram::testing {
 
 class AddLinked : public ViewTest {
@@ -44,6 +47,22 @@ TEST_F(AddLinked, Insert_IsOneStepAndRaisesTheEvents) {
     surface.Undo();
     EXPECT_EQ(surface.Nodes().Count(), 1);
     EXPECT_TRUE(surface.Links().empty());
+}
+
+TEST_F(AddLinked, TheFirstChildIsLinkedAsAUserDrawsALinkAndTheNextOnesAlike) {
+    constexpr int kAcrossDownAcross = 5;
+    view->TheScene().SetStyleToDraw(kAutomaticStyle);
+    Key(Qt::Key_Insert);
+    ASSERT_EQ(a.Links().Count(), 1);
+    EXPECT_EQ(a.Links().Item(1).Style(), kAcrossDownAcross);
+    Select(a);
+    Key(Qt::Key_Insert);
+    ASSERT_EQ(a.Links().Count(), 2);
+    EXPECT_EQ(a.Links().Item(2).Style(), kAcrossDownAcross);
+    a.Links().Item(2).SetStyle(0); // what the user chose is what comes next
+    Select(a);
+    Key(Qt::Key_Insert);
+    EXPECT_EQ(a.Links().Item(3).Style(), 0);
 }
 
 TEST_F(AddLinked, DirectionLastUsed_IsKept) {

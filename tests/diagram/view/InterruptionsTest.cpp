@@ -78,6 +78,41 @@ protected:
     std::vector<Node *> selectedBefore;
 };
 
+// A shape that was chosen waits for its click; the click that is interrupted places nothing, the next one does.
+TEST_F(Interruptions, OfAClickThatWouldPlaceAShape) {
+    constexpr int kHexagon = 8;
+    QWidget other;
+    other.show();
+    const QPoint place(520, 320);
+    const std::pair<const char *, std::function<void()>> interruptions[] = {
+        {"focus", [&] { view->clearFocus(); }},
+        {"window", [&] { QApplication::setActiveWindow(&other); }},
+        {"hidden", [&] { view->hide(), view->show(); }},
+        {"undo", [&] { surface.Undo(), surface.Redo(), view->CancelGesture(); }},
+        {"given up", [&] { view->CancelGesture(); }},
+        {"Escape", [&] { Key(Qt::Key_Escape); }},
+    };
+    for (const auto &[name, interrupt] : interruptions) {
+        SCOPED_TRACE(name);
+        view->SetShapeToDraw(kHexagon);
+        Press(place);
+        interrupt();
+        Settle();
+        QApplication::setActiveWindow(view.get());
+        view->setFocus();
+        Settle();
+        Release(place);
+        EXPECT_EQ(SaveBytes(surface), saved);
+        EXPECT_EQ(surface.Revision(), revision);
+        EXPECT_EQ(surface.SelectedNodes(), selectedBefore);
+        EXPECT_FALSE(surface.CanUndo());
+    }
+    view->SetShapeToDraw(kHexagon);
+    Click(place);
+    EXPECT_EQ(surface.Nodes().Count(), 4);
+    EXPECT_EQ(UndoSteps(), 1);
+}
+
 TEST_F(Interruptions, AStepThatADragMadeAndUndoTookBackIsNoDifference) {
     for (const testing::Drag &drag : Drags()) {
         SCOPED_TRACE(drag.name);
