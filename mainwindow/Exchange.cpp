@@ -21,6 +21,7 @@
 
 #include <optional>
 #include <QCoreApplication>
+#include <QDir>
 
 namespace mainwindow {
 
@@ -214,6 +215,7 @@ void ExportReport(frmMain &window, const QString &file) {
 
 void ExportFlatFile(frmMain &window, const QString &file) {
     diagram::SaveFile(window.CurrentSurface(), file);
+    TellWritten(window, file);
 }
 
 void ExportPresentation(frmMain &window, const QString &file) {
@@ -261,6 +263,10 @@ QString PlaceBeside(frmMain &window, const QString &ending) {
     if (name.isEmpty()) return place;
     if (const qsizetype dot = name.lastIndexOf(u'.'); dot > 0) place.chop(name.size() - dot);
     return place + ending;
+}
+
+void TellWritten(frmMain &window, const QString &file) {
+    window.Status().TellInPassing(Tr("%1 was written.").arg(QDir::toNativeSeparators(file)));
 }
 
 void mnuFileImport(frmMain &window) {

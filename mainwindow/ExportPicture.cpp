@@ -60,29 +60,29 @@ QString NamedFor(frmMain &window, const QString &file, PictureFormat format) {
     return MayReplace(window, named) ? named : QString();
 }
 
-void Write(frmMain &window, const QString &file, const PictureFormArgument &argument) {
+// False when it was given up.
+bool Write(frmMain &window, const QString &file, const PictureFormArgument &argument) {
     LongTask task(window, Tr("Exporting the picture"));
     diagram::ExportOptions options = OptionsOf(argument.choice, argument.format);
     options.goOn = [&task] { return task.GoOn(); };
-    diagram::ExportPictureFile(window.CurrentSurface(), file, options);
+    return diagram::ExportPictureFile(window.CurrentSurface(), file, options);
 }
 
-void AskAndWrite(frmMain &window, const QString &file, PictureFormat format) {
+bool AskAndWrite(frmMain &window, const QString &file, PictureFormat format) {
     PictureFormArgument argument{format, diagram::PictureSize(window.CurrentSurface()), LoadPictureChoice()};
-    if (!ShowForm(window, argument, Tr("Exporting pictures"))) return;
+    if (!ShowForm(window, argument, Tr("Exporting pictures"))) return false;
     SavePictureChoice(argument.choice);
-    Write(window, file, argument);
+    return Write(window, file, argument);
 }
 
-void Export(frmMain &window, const QString &file, PictureFormat ofRow) {
+// Whether the file was written.
+bool Export(frmMain &window, const QString &file, PictureFormat ofRow) {
     const diagram::PictureKind *kind = diagram::KindOfFile(file);
     const PictureFormat format = kind ? kind->format : ofRow;
-    if (format == PictureFormat::Wmf) return diagram::WriteMetafile(window.CurrentSurface(), file);
-    if (format == PictureFormat::Emf) {
-        diagram::ExportPictureFile(window.CurrentSurface(), file);
-        return;
-    }
-    AskAndWrite(window, file, format);
+    if (format == PictureFormat::Emf) return diagram::ExportPictureFile(window.CurrentSurface(), file);
+    if (format != PictureFormat::Wmf) return AskAndWrite(window, file, format);
+    diagram::WriteMetafile(window.CurrentSurface(), file);
+    return true;
 }
 
 } // namespace
@@ -98,7 +98,7 @@ void mnuFileExportPicture(frmMain &window) {
     const QString file = NamedFor(window, chosen, format);
     if (file.isEmpty()) return;
     settings::SaveSet(QLatin1String(kLastRow), QString::number(row));
-    Export(window, file, format);
+    if (Export(window, file, format)) TellWritten(window, file);
 }
 
 } // namespace mainwindow

@@ -44,6 +44,7 @@ struct PictureExport : WindowTest {
         window.SmartMenuXP1_Click(QStringLiteral("mnuFileExportPicture"));
         return QFile::exists(MapFile(name)) ? support::ReadWholeFile(MapFile(name)) : QByteArray();
     }
+    QString Said() { return window.findChild<cStatusBar *>(QStringLiteral("staMain"))->Doing(); }
     const support::testing::ShownFileDialog &LastDialog() { return desktop.dialogs.shownFiles.back(); }
 };
 
@@ -59,6 +60,17 @@ TEST_F(PictureExport, TheEndingThatIsTypedDecides) {
     EXPECT_TRUE(Export(QStringLiteral("a.svg"), 2).contains("<svg"));
     ExpectForm(PictureFormat::Pdf);
     EXPECT_TRUE(Export(QStringLiteral("a.pdf")).startsWith("%PDF"));
+}
+
+TEST_F(PictureExport, SaysWhereThePictureIsOnceItIsThere) {
+    ExpectForm(PictureFormat::Png, {}, false);
+    Export(QStringLiteral("a.png"));
+    EXPECT_EQ(Said(), QString());
+    ExpectForm(PictureFormat::Png);
+    Export(QStringLiteral("a.png"));
+    EXPECT_EQ(Said(), MapFile(QStringLiteral("a.png")) + QStringLiteral(" was written."));
+    Export(QStringLiteral("b.wmf"));
+    EXPECT_EQ(Said(), MapFile(QStringLiteral("b.wmf")) + QStringLiteral(" was written."));
 }
 
 TEST_F(PictureExport, ANameWithoutAPicturesEndingGetsThatOfItsRow) {
