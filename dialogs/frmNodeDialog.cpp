@@ -159,10 +159,11 @@ void frmNodeDialog::SSIndexTab1_Click(int page) {
 void frmNodeDialog::ShowWhatGoesWhere() {
     lblSelection_->setVisible(EditsSeveral());
     if (!EditsSeveral()) return;
-    const QString text = tr("Settings, font, margins and picture go to all %1 selected @NODEs; texts, "
-                            "hyperlink and attachments "
-                            "to this one alone. OK takes this @NODE's date away.")
-                             .arg(argument_.oFlow.SelectedNodes().size());
+    QString text =
+        tr("Settings, font, margins and picture go to all %1 selected @NODEs; texts, hyperlink and "
+           "attachments to this one alone.")
+            .arg(argument_.oFlow.SelectedNodes().size());
+    if (DayTextOf(argument_.oNode)) text += u' ' + tr("OK takes this @NODE's date away.");
     const QString level =
         level_->IsFilled() ? tr("All get the level and the groups that are marked, and the fill color.")
                            : tr("Once the page Level was opened, all get its level, groups and color, too.");
