@@ -6,6 +6,8 @@
 #include "storage/Fields.h"
 #include "tests/document/MapTest.h"
 
+#include <QLocale>
+
 using namespace document;
 using namespace document::testing;
 
@@ -151,6 +153,34 @@ TEST_F(FilterViewsTest, NoneOneAndTwoViewsComeBackFromTheFileInTheirOrder) {
     DeleteView(settings, kAll);
     DeleteView(settings, QStringLiteral("Ünder \"way\", it's"));
     EXPECT_FALSE(HasTable(SavedAs("two.map")));
+}
+
+TEST_F(FilterViewsTest, InOtherLanguagesNamesAreFoundAndComeBackFromTheFile) {
+    const QLocale former;
+    Level(1).LevelName = QStringLiteral("目標");
+    Group(1).GroupName = QStringLiteral("Προϊόν");
+    Group(1).Selected = true;
+    for (const QLocale::Language language : {QLocale::German, QLocale::Turkish, QLocale::Japanese}) {
+        SCOPED_TRACE(int(language));
+        QLocale::setDefault(QLocale(language));
+        settings.Views.clear();
+        KeepView(settings, QStringLiteral("FILIALE"));
+        KeepView(settings, QStringLiteral("ÜBERSICHT Łódź"));
+        KeepView(settings, QStringLiteral("übersicht łódź"));
+        KeepView(settings, QStringLiteral("すべて"));
+        const auto read = Loaded(SavedAs("script.map"));
+        EXPECT_EQ(Names(read->clsSettings()),
+                  (QStringList{QStringLiteral("FILIALE"), QStringLiteral("übersicht łódź"),
+                               QStringLiteral("すべて")}));
+        const FilterView *view = FindView(read->clsSettings(), QStringLiteral("filiale"));
+        ASSERT_TRUE(view) << "whatever the language makes of an i";
+        read->clsSettings().Levels().Item(1).Selected = read->clsSettings().Groups().Item(1).Selected = false;
+        EXPECT_EQ(TickView(read->clsSettings(), *view), QStringList());
+        EXPECT_EQ(LevelNames(read->clsSettings(), *view), QStringList{QStringLiteral("目標")});
+        EXPECT_TRUE(read->clsSettings().Groups().Item(1).Selected);
+        EXPECT_TRUE(FindView(read->clsSettings(), QStringLiteral(" すべて")));
+    }
+    QLocale::setDefault(former);
 }
 
 // Older readers ask for the tables that they know, by name.
