@@ -1,8 +1,6 @@
 #include "app/Start.h"
 
 #include "app/frmPrompt.h"
-#include "app/settings/GetSet.h"
-#include "app/settings/Settings.h"
 #include "document/AttachmentFolder.h"
 #include "document/CompactDb.h"
 #include "document/RepairMap.h"
@@ -13,6 +11,8 @@
 #include "mainwindow/Thumbnails.h"
 #include "mainwindow/WindowJournal.h"
 #include "recovery/LostMaps.h"
+#include "settings/GetSet.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 #include "support/Files.h"
 

@@ -1,8 +1,8 @@
 #include "app/frmPrompt.h"
 
-#include "app/settings/Settings.h"
 #include "mainwindow/Icons.h"
 #include "mainwindow/StartupSetting.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 
 #include <QCheckBox>

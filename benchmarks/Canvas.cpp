@@ -2,6 +2,7 @@
 
 #include "benchmarks/Sample.h"
 #include "diagram/edit/History.h"
+#include "diagram/geometry/Units.h"
 #include "diagram/hit/HitTest.h"
 #include "diagram/render/Renderer.h"
 
@@ -14,7 +15,7 @@ namespace bench {
 namespace {
 
 constexpr int kWidth = 1280, kHeight = 800;
-constexpr double kTwipsPerPixel = 15;
+using diagram::kTwipsPerPixel;
 
 // Scrolls the point (twips) into the middle.
 void Centre(diagram::SurfaceView &view, const QPointF &middle) {

@@ -1,11 +1,11 @@
 // The maps of programs that ended before they were saved.
-#include "app/settings/Settings.h"
 #include "cli/Commands.h"
 #include "cli/Session.h"
 #include "document/clsfrmMain.h"
 #include "document/DoSave.h"
 #include "recovery/LostMaps.h"
 #include "recovery/Restore.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 #include "support/Files.h"
 

@@ -1,8 +1,8 @@
 // Reports of maps.
-#include "app/settings/Settings.h"
 #include "cli/Commands.h"
 #include "cli/Session.h"
 #include "output/export/ExportReport.h"
+#include "settings/Settings.h"
 
 #include <QFileInfo>
 

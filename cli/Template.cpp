@@ -1,8 +1,8 @@
 // Templates: which there are, one put into a map, one made of a slice.
-#include "app/settings/Settings.h"
 #include "cli/Commands.h"
 #include "cli/Session.h"
 #include "document/DoSave.h"
+#include "settings/Settings.h"
 #include "templates/BarDetails.h"
 #include "templates/LoadTemplate.h"
 #include "templates/SaveAsTemplate.h"

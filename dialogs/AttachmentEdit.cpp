@@ -1,10 +1,10 @@
 #include "dialogs/AttachmentEdit.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/model/Node.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
 #include "document/WhereItIs.h"
+#include "settings/Settings.h"
 #include "support/AtomicFile.h"
 #include "support/clsGUID.h"
 #include "support/Files.h"

@@ -1,11 +1,11 @@
 #include "dialogs/HyperlinkPage.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/model/Node.h"
 #include "dialogs/clsCompactPath.h"
 #include "document/MapWindow.h"
 #include "document/OpenMap.h"
 #include "document/Tags.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 
 #include <QCheckBox>

@@ -1,8 +1,8 @@
 #include "dialogs/NamesForm.h"
 
-#include "app/settings/DeliveredFiles.h"
-#include "app/settings/Settings.h"
 #include "document/MapWindow.h"
+#include "settings/DeliveredFiles.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 
 #include <QDialogButtonBox>

@@ -1,10 +1,10 @@
 #include "dialogs/NodePicturePage.h"
 
-#include "app/settings/Settings.h"
 #include "dialogs/PictureField.h"
 #include "dialogs/PictureFile.h"
 #include "dialogs/PropertyRows.h"
 #include "document/LastPath.h"
+#include "settings/Settings.h"
 #include "support/Desktop.h"
 #include "support/Error.h"
 

@@ -1,10 +1,10 @@
 #include "dialogs/OpenAttachment.h"
 
-#include "app/settings/Settings.h"
 #include "document/clsfrmMain.h"
 #include "document/LastPath.h"
 #include "document/MapWindow.h"
 #include "document/WhereItIs.h"
+#include "settings/Settings.h"
 #include "support/AtomicFile.h"
 #include "support/cOpenFile.h"
 #include "support/FileNames.h"

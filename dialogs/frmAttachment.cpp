@@ -1,8 +1,8 @@
 #include "dialogs/frmAttachment.h"
 
-#include "app/settings/Settings.h"
 #include "dialogs/clsCompactPath.h"
 #include "dialogs/OpenAttachment.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 
 #include <QCheckBox>

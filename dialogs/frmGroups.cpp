@@ -1,7 +1,7 @@
 #include "dialogs/frmGroups.h"
 
-#include "app/settings/Settings.h"
 #include "document/MapWindow.h"
+#include "settings/Settings.h"
 
 namespace dialogs {
 

@@ -1,9 +1,9 @@
 #include "dialogs/frmLevels.h"
 
-#include "app/settings/Settings.h"
 #include "dialogs/GiveLevel.h"
 #include "document/cLevels.h"
 #include "document/MapWindow.h"
+#include "settings/Settings.h"
 
 #include <QComboBox>
 #include <QHeaderView>

@@ -1,11 +1,11 @@
 #include "dialogs/frmLinkDialog.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/model/Surface.h"
 #include "dialogs/LinkSample.h"
 #include "dialogs/PlainTextBox.h"
 #include "dialogs/PropertyRows.h"
 #include "document/MapWindow.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 #include "widgets/SwatchButton.h"
 

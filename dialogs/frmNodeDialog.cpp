@@ -1,6 +1,5 @@
 #include "dialogs/frmNodeDialog.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/model/Surface.h"
 #include "dialogs/AttachmentsPage.h"
 #include "dialogs/HyperlinkPage.h"
@@ -13,6 +12,7 @@
 #include "dialogs/PlainTextBox.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 #include "timeline/Span.h"
 #include "widgets/SwatchButton.h"

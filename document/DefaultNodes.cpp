@@ -1,9 +1,9 @@
 #include "document/DefaultNodes.h"
 
-#include "app/settings/DeliveredFiles.h"
-#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Surface.h"
+#include "settings/DeliveredFiles.h"
+#include "settings/Settings.h"
 #include "support/Desktop.h"
 #include "support/Error.h"
 #include "support/Files.h"

@@ -1,7 +1,5 @@
 #include "document/DoLoad.h"
 
-#include "app/settings/clsMRU.h"
-#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "document/BusyWindow.h"
 #include "document/clsfrmMain.h"
@@ -16,6 +14,8 @@
 #include "document/Tags.h"
 #include "document/TemplateFile.h"
 #include "document/ViewRows.h"
+#include "settings/clsMRU.h"
+#include "settings/Settings.h"
 #include "storage/Fields.h"
 #include "storage/FileForm.h"
 #include "support/Files.h"

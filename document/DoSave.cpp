@@ -1,7 +1,5 @@
 #include "document/DoSave.h"
 
-#include "app/settings/clsMRU.h"
-#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "document/BusyWindow.h"
 #include "document/clsfrmMain.h"
@@ -13,6 +11,8 @@
 #include "document/SaveRows.h"
 #include "document/SurfaceArray.h"
 #include "document/TemplateFile.h"
+#include "settings/clsMRU.h"
+#include "settings/Settings.h"
 #include "support/AtomicFile.h"
 #include "support/Files.h"
 

@@ -1,6 +1,6 @@
 #include "document/LastPath.h"
 
-#include "app/settings/Settings.h"
+#include "settings/Settings.h"
 #include "support/clsPaths.h"
 #include "support/Desktop.h"
 #include "support/Error.h"

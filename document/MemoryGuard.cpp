@@ -1,6 +1,6 @@
 #include "document/MemoryGuard.h"
 
-#include "app/settings/Settings.h"
+#include "settings/Settings.h"
 
 namespace document {
 

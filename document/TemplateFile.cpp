@@ -1,9 +1,9 @@
 #include "document/TemplateFile.h"
 
-#include "app/settings/DeliveredFiles.h"
 #include "document/cGroups.h"
 #include "document/cLevels.h"
 #include "document/MapSchema.h"
+#include "settings/DeliveredFiles.h"
 #include "support/AtomicFile.h"
 
 #include <functional>

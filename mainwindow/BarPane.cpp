@@ -1,6 +1,6 @@
 #include "mainwindow/BarPane.h"
 
-#include "app/settings/GetSet.h"
+#include "settings/GetSet.h"
 #include "support/Error.h"
 #include "support/Val.h"
 

@@ -1,6 +1,6 @@
 #include "mainwindow/Commands.h"
 
-#include "app/settings/Settings.h"
+#include "settings/Settings.h"
 #include "support/Desktop.h"
 
 #include <array>

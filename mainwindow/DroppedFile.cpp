@@ -1,9 +1,9 @@
 #include "mainwindow/DroppedFile.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/model/Node.h"
 #include "document/clsfrmMain.h"
 #include "mainwindow/Icons.h"
+#include "settings/Settings.h"
 #include "support/clsGUID.h"
 
 namespace mainwindow {

@@ -1,6 +1,5 @@
 #include "mainwindow/DroppedFiles.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/hit/HitTest.h"
 #include "diagram/view/SurfaceClipboard.h"
 #include "diagram/view/SurfaceView.h"
@@ -9,6 +8,7 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/Settings.h"
 #include "timeline/AdjustLinks.h"
 #include "timeline/LineUp.h"
 

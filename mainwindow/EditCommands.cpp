@@ -1,6 +1,5 @@
 #include "mainwindow/Commands.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/edit/History.h"
 #include "diagram/view/PictureMime.h"
 #include "diagram/view/SurfaceView.h"
@@ -10,6 +9,7 @@
 #include "mainwindow/Selection.h"
 #include "mainwindow/TextBox.h"
 #include "mainwindow/UndoRedo.h"
+#include "settings/Settings.h"
 
 namespace mainwindow {
 

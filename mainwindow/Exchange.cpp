@@ -1,7 +1,5 @@
 #include "mainwindow/Exchange.h"
 
-#include "app/settings/GetSet.h"
-#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "document/LastPath.h"
 #include "document/Tags.h"
@@ -14,6 +12,8 @@
 #include "output/export/clsExport.h"
 #include "output/mapimport/DoImportMap.h"
 #include "output/powerpoint/PowerPointForm.h"
+#include "settings/GetSet.h"
+#include "settings/Settings.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Files.h"

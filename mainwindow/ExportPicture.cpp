@@ -1,11 +1,11 @@
 // The current slice as a picture file.
-#include "app/settings/GetSet.h"
 #include "diagram/export/PictureKinds.h"
 #include "mainwindow/Exchange.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/LongTask.h"
 #include "mainwindow/PictureChoice.h"
 #include "mainwindow/ShowForm.h"
+#include "settings/GetSet.h"
 #include "support/Files.h"
 
 #include <QCoreApplication>

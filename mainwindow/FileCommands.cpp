@@ -1,6 +1,5 @@
 #include "mainwindow/Commands.h"
 
-#include "app/settings/Settings.h"
 #include "document/DoSave.h"
 #include "document/MemoryGuard.h"
 #include "mainwindow/Exchange.h"
@@ -11,6 +10,7 @@
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowPrinting.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/Settings.h"
 #include "templates/SaveAsTemplate.h"
 
 namespace mainwindow {

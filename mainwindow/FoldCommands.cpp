@@ -1,12 +1,12 @@
 #include "mainwindow/FoldCommands.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/TimelineCommands.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/Settings.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/DateText.h"
 #include "timeline/Folding.h"

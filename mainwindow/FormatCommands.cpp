@@ -1,6 +1,5 @@
 #include "mainwindow/FormatCommands.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
 #include "document/Tags.h"
@@ -10,6 +9,7 @@
 #include "mainwindow/Selection.h"
 #include "mainwindow/ShapeMenu.h"
 #include "mainwindow/TimelineCommands.h"
+#include "settings/Settings.h"
 #include "support/Val.h"
 #include "timeline/AdjustLinks.h"
 #include "timeline/Arrange.h"

@@ -1,6 +1,6 @@
 #include "mainwindow/HintText.h"
 
-#include "app/settings/Settings.h"
+#include "settings/Settings.h"
 
 #include <QCoreApplication>
 

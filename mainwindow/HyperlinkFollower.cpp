@@ -1,11 +1,11 @@
 #include "mainwindow/HyperlinkFollower.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 #include "document/WhereItIs.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/Settings.h"
 
 #include <algorithm>
 #include <QPointer>

@@ -1,6 +1,5 @@
 #include "mainwindow/LookBar.h"
 
-#include "app/settings/GetSet.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/LookButton.h"
@@ -10,6 +9,7 @@
 #include "mainwindow/StateButton.h"
 #include "mainwindow/Toolbar.h"
 #include "mainwindow/WindowParts.h"
+#include "settings/GetSet.h"
 #include "support/Val.h"
 #include "widgets/ShapeGrid.h"
 #include "widgets/ShapePopup.h"

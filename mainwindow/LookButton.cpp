@@ -1,7 +1,7 @@
 #include "mainwindow/LookButton.h"
 
-#include "app/settings/Settings.h"
 #include "mainwindow/LookPictures.h"
+#include "settings/Settings.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

@@ -1,6 +1,5 @@
 #include "mainwindow/LostMapOffers.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/RecoveryBar.h"
@@ -8,6 +7,7 @@
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowStatus.h"
 #include "recovery/Restore.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 
 #include <algorithm>

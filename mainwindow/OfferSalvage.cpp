@@ -1,10 +1,10 @@
 #include "mainwindow/OfferSalvage.h"
 
-#include "app/settings/Settings.h"
 #include "document/BusyWindow.h"
 #include "document/DoLoad.h"
 #include "document/RepairMap.h"
 #include "mainwindow/frmMain.h"
+#include "settings/Settings.h"
 #include "storage/Salvage.h"
 #include "support/Files.h"
 #include "support/FollowUp.h"

@@ -1,12 +1,12 @@
 #include "mainwindow/Overview.h"
 
-#include "app/settings/GetSet.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/OverviewMap.h"
 #include "mainwindow/OverviewPicture.h"
 #include "mainwindow/StartOffer.h"
+#include "settings/GetSet.h"
 #include "support/Val.h"
 
 #include <QMouseEvent>

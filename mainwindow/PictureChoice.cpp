@@ -1,6 +1,7 @@
 #include "mainwindow/PictureChoice.h"
 
-#include "app/settings/GetSet.h"
+#include "diagram/geometry/Units.h"
+#include "settings/GetSet.h"
 
 #include <algorithm>
 #include <QCoreApplication>
@@ -32,7 +33,7 @@ int NumberOf(const char *name, int lowest, int highest, int usual) {
     return good && number >= lowest && number <= highest ? number : usual;
 }
 
-constexpr double kTwipsOfCentimetre = 1440 / 2.54;
+constexpr double kTwipsOfCentimetre = diagram::kTwipsPerInch / 2.54;
 
 QString Pair(const QString &width, const QString &height) {
     return width + QStringLiteral(" \u00D7 ") + height;

@@ -1,6 +1,6 @@
 #include "mainwindow/Placement.h"
 
-#include "app/settings/GetSet.h"
+#include "settings/GetSet.h"
 #include "support/cRegistry.h"
 
 #include <initializer_list>

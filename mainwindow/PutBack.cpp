@@ -1,9 +1,9 @@
 #include "mainwindow/PutBack.h"
 
-#include "app/settings/Settings.h"
 #include "mainwindow/cStatusBar.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/Settings.h"
 
 #include <QApplication>
 #include <utility>

@@ -1,6 +1,6 @@
 #include "mainwindow/RecentColours.h"
 
-#include "app/settings/GetSet.h"
+#include "settings/GetSet.h"
 
 #include <algorithm>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #include "mainwindow/RecentMaps.h"
 
-#include "app/settings/clsMRU.h"
 #include "document/WhereItIs.h"
+#include "settings/clsMRU.h"
 #include "support/clsPaths.h"
 #include "support/Files.h"
 

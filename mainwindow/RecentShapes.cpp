@@ -1,6 +1,6 @@
 #include "mainwindow/RecentShapes.h"
 
-#include "app/settings/GetSet.h"
+#include "settings/GetSet.h"
 
 #include <QStringList>
 

@@ -1,6 +1,5 @@
 #include "mainwindow/SearchEntries.h"
 
-#include "app/settings/Settings.h"
 #include "mainwindow/CommandMatch.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/FormatMenu.h"
@@ -10,6 +9,7 @@
 #include "mainwindow/ShapeMenu.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/Toolbar.h"
+#include "settings/Settings.h"
 
 #include <QAction>
 #include <QCoreApplication>

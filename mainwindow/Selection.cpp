@@ -1,7 +1,7 @@
 #include "mainwindow/Selection.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/model/Surface.h"
+#include "settings/Settings.h"
 
 #include <algorithm>
 #include <QLocale>

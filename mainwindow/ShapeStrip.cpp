@@ -1,7 +1,7 @@
 #include "mainwindow/ShapeStrip.h"
 
-#include "app/settings/GetSet.h"
 #include "mainwindow/frmMain.h"
+#include "settings/GetSet.h"
 #include "support/Error.h"
 #include "support/Val.h"
 #include "widgets/ShapeGrid.h"

@@ -1,7 +1,5 @@
 #include "mainwindow/SliceViews.h"
 
-#include "app/settings/NewLinks.h"
-#include "app/settings/Settings.h"
 #include "diagram/model/AutomaticStyle.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/LinkStyles.h"
@@ -14,6 +12,8 @@
 #include "mainwindow/SurfaceSink.h"
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/NewLinks.h"
+#include "settings/Settings.h"
 #include "support/Val.h"
 #include "timeline/DaysOfStrip.h"
 #include "widgets/ShapeNames.h"

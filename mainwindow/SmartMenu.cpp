@@ -1,7 +1,7 @@
 #include "mainwindow/SmartMenu.h"
 
-#include "app/settings/Settings.h"
 #include "mainwindow/Icons.h"
+#include "settings/Settings.h"
 
 #include <algorithm>
 #include <QAction>

@@ -1,7 +1,5 @@
 #include "mainwindow/StartOffer.h"
 
-#include "app/settings/clsMRU.h"
-#include "app/settings/GetSet.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/BusyWindow.h"
 #include "document/WhereItIs.h"
@@ -13,6 +11,8 @@
 #include "mainwindow/StartupSetting.h"
 #include "mainwindow/Thumbnails.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/clsMRU.h"
+#include "settings/GetSet.h"
 #include "support/Error.h"
 #include "support/Files.h"
 #include "templates/LoadTemplate.h"

@@ -1,10 +1,10 @@
 #include "mainwindow/StartPage.h"
 
-#include "app/settings/Settings.h"
 #include "mainwindow/Icons.h"
 #include "mainwindow/StartCard.h"
 #include "mainwindow/StartTemplates.h"
 #include "mainwindow/TileLayout.h"
+#include "settings/Settings.h"
 
 #include <algorithm>
 #include <QBoxLayout>

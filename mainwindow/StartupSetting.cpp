@@ -1,8 +1,8 @@
 #include "mainwindow/StartupSetting.h"
 
-#include "app/settings/GetSet.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/StartOffer.h"
+#include "settings/GetSet.h"
 
 namespace mainwindow {
 

@@ -1,7 +1,5 @@
 #include "mainwindow/TemplateBar.h"
 
-#include "app/settings/GetSet.h"
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/BarFilling.h"
 #include "mainwindow/BarPane.h"
@@ -13,6 +11,8 @@
 #include "mainwindow/TemplatePreviews.h"
 #include "mainwindow/TemplateTip.h"
 #include "mainwindow/UseTemplate.h"
+#include "settings/GetSet.h"
+#include "settings/Settings.h"
 #include "support/Files.h"
 #include "support/Val.h"
 #include "templates/BarDetails.h"

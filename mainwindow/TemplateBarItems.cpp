@@ -1,5 +1,4 @@
 // What can be done with an item of the template bar beside a click: menu, drag, preview, renaming, deleting.
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/BarFilling.h"
 #include "mainwindow/frmMain.h"
@@ -10,6 +9,7 @@
 #include "mainwindow/TemplatePreviews.h"
 #include "mainwindow/TemplateTip.h"
 #include "mainwindow/UseTemplate.h"
+#include "settings/Settings.h"
 #include "support/Files.h"
 
 #include <QDrag>

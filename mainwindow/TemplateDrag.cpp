@@ -1,11 +1,11 @@
 #include "mainwindow/TemplateDrag.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/OwnTemplates.h"
 #include "mainwindow/UseTemplate.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/Settings.h"
 
 #include <QDropEvent>
 #include <QMimeData>

@@ -1,6 +1,6 @@
 #include "mainwindow/Thumbnails.h"
 
-#include "app/settings/Settings.h"
+#include "diagram/geometry/Units.h"
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
@@ -9,6 +9,7 @@
 #include "document/MemoryWindow.h"
 #include "document/OpenMap.h"
 #include "document/WhereItIs.h"
+#include "settings/Settings.h"
 #include "storage/FileForm.h"
 #include "support/AtomicFile.h"
 #include "support/Colour.h"
@@ -28,9 +29,9 @@ namespace {
 
 constexpr qint64 kLargestFile = 5 * 1024 * 1024; // bytes
 constexpr long kMostNodes = 2000;
-constexpr int kKept = 100;              // pictures
-constexpr double kMargin = 8;           // pixels of the screen
-constexpr double kFullScale = 1.0 / 15; // pixels a twip at zoom 100
+constexpr int kKept = 100;    // pictures
+constexpr double kMargin = 8; // pixels of the screen
+constexpr double kFullScale = 1 / diagram::kTwipsPerPixel;
 
 QString &FolderOfAll() {
     static QString folder;

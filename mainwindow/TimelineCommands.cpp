@@ -1,6 +1,5 @@
 #include "mainwindow/TimelineCommands.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
 #include "document/SurfaceArray.h"
@@ -11,6 +10,7 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/UndoRedo.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/Settings.h"
 #include "support/Val.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"

@@ -1,9 +1,9 @@
 #include "mainwindow/Toolbar.h"
 
-#include "app/settings/Settings.h"
 #include "mainwindow/Icons.h"
 #include "mainwindow/ShapeMenu.h"
 #include "mainwindow/StateButton.h"
+#include "settings/Settings.h"
 
 #include <algorithm>
 #include <QAction>

@@ -1,11 +1,11 @@
 #include "mainwindow/UseTemplate.h"
 
-#include "app/settings/clsRB.h"
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/OpenAttachment.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/clsRB.h"
 #include "templates/LoadTemplate.h"
 #include "templates/TemplateFiles.h"
 

@@ -1,10 +1,10 @@
 #include "mainwindow/ViewButton.h"
 
-#include "app/settings/Settings.h"
 #include "document/FilterViews.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/Icons.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/Settings.h"
 
 #include <QMenu>
 #include <QStyleOptionToolButton>

@@ -1,7 +1,6 @@
+#include "diagram/geometry/Units.h"
 #include "mainwindow/Commands.h"
 
-#include "app/settings/clsRB.h"
-#include "app/settings/Settings.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/view/SurfaceView.h"
 #include "diagram/view/ZoomSteps.h"
@@ -20,6 +19,8 @@
 #include "mainwindow/TemplateBar.h"
 #include "mainwindow/TimelineCommands.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/clsRB.h"
+#include "settings/Settings.h"
 #include "support/clsPaths.h"
 
 namespace mainwindow {
@@ -67,11 +68,11 @@ QRectF SelectedArea(diagram::Scene &scene) {
 }
 
 void keyZoomSelection(frmMain &window) {
-    constexpr double kTwipsOfPixel = 15, kShare = 0.85; // of the window that it fills
+    constexpr double kShare = 0.85; // of the window that it fills
     diagram::SurfaceView &view = window.CurrentView();
     const QRectF area = SelectedArea(view.TheScene());
     if (area.isEmpty()) return;
-    const QSizeF seen = QSizeF(view.viewport()->size()) * kTwipsOfPixel;
+    const QSizeF seen = QSizeF(view.viewport()->size()) * diagram::kTwipsPerPixel;
     const double scale = kShare * qMin(seen.width() / area.width(), seen.height() / area.height());
     view.ZoomAt(qBound(10.0, scale * 100, 800.0), view.FromSurface(area.center()));
     QRectF around(QPointF(), seen * (100 / view.ShownZoom()));

@@ -1,6 +1,5 @@
 #include "mainwindow/WindowParts.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/CommandMatch.h"
 #include "mainwindow/CommandSearch.h"
@@ -15,6 +14,7 @@
 #include "mainwindow/SliceTabs.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/Toolbar.h"
+#include "settings/Settings.h"
 
 #include <QAction>
 #include <QIntValidator>

@@ -1,6 +1,5 @@
 #include "mainwindow/WindowStatus.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/UnsavedWork.h"
 #include "mainwindow/cStatusBar.h"
@@ -8,6 +7,7 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/TimelineCommands.h"
+#include "settings/Settings.h"
 
 #include <utility>
 

@@ -1,9 +1,9 @@
 #include "mainwindow/frmAbout.h"
 
-#include "app/settings/Settings.h"
 #include "mainwindow/Icons.h"
 #include "mainwindow/ucEctchedLines.h"
 #include "mainwindow/Version.h"
+#include "settings/Settings.h"
 #include "support/cRegistry.h"
 #include "support/Error.h"
 

@@ -1,7 +1,7 @@
 #include "mainwindow/frmLayers.h"
 
-#include "app/settings/Settings.h"
 #include "mainwindow/ucEctchedLines.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 
 #include <QDialogButtonBox>

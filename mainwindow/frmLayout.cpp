@@ -1,5 +1,7 @@
 #include "mainwindow/frmLayout.h"
 
+#include "diagram/geometry/Units.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -9,7 +11,7 @@
 namespace mainwindow {
 
 namespace {
-constexpr double kTwipsOfPixel = 15;
+using diagram::kTwipsPerPixel;
 constexpr int kFurthest = 1000; // pixels
 } // namespace
 
@@ -45,13 +47,13 @@ QDoubleSpinBox *frmLayout::AddDistance(const char *name, double twips) {
     box->setDecimals(0);
     box->setRange(0, kFurthest);
     box->setSuffix(tr(" px"));
-    box->setValue(twips / kTwipsOfPixel);
+    box->setValue(twips / kTwipsPerPixel);
     return box;
 }
 
 void frmLayout::accept() {
     tool_.options = {diagram::LayoutOrientation(cboOrientation_->currentIndex()),
-                     txtLevels_->value() * kTwipsOfPixel, txtNeighbours_->value() * kTwipsOfPixel};
+                     txtLevels_->value() * kTwipsPerPixel, txtNeighbours_->value() * kTwipsPerPixel};
     tool_.scope = chkSelection_->isChecked() ? diagram::LayoutScope::Selection : diagram::LayoutScope::All;
     QDialog::accept();
 }

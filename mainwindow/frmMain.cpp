@@ -1,9 +1,5 @@
 #include "mainwindow/frmMain.h"
 
-#include "app/settings/clsMRU.h"
-#include "app/settings/clsRB.h"
-#include "app/settings/GetSet.h"
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
 #include "document/DoLoad.h"
@@ -34,6 +30,10 @@
 #include "mainwindow/WindowParts.h"
 #include "mainwindow/WindowPrinting.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/clsMRU.h"
+#include "settings/clsRB.h"
+#include "settings/GetSet.h"
+#include "settings/Settings.h"
 #include "support/Printers.h"
 #include "timeline/Arrange.h"
 

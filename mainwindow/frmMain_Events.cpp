@@ -1,7 +1,6 @@
 // What happens on the surfaces: the handlers that keep the document in step with what the user draws.
 #include "mainwindow/frmMain.h"
 
-#include "app/settings/Settings.h"
 #include "dialogs/ListIndex.h"
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
@@ -11,6 +10,7 @@
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/WindowParts.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/Settings.h"
 #include "support/Val.h"
 #include "timeline/AdjustLinks.h"
 #include "timeline/LineUp.h"

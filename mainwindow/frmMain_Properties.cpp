@@ -1,7 +1,6 @@
 // The way to the properties of nodes and links, by the right button or by key.
 #include "mainwindow/frmMain.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/hit/HitTest.h"
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/PropertyForms.h"
@@ -13,6 +12,7 @@
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/TimelinePopup.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/Settings.h"
 #include "support/Val.h"
 
 namespace mainwindow {

@@ -1,9 +1,9 @@
 #include "product/Edition.h"
 
-#include "app/settings/Settings.h"
 #include "product/MapText.h"
 #include "product/NodeText.h"
 #include "product/TemplateText.h"
+#include "settings/Settings.h"
 
 #include <QDirIterator>
 #include <QFile>

@@ -1,6 +1,7 @@
 #include "product/MapText.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/geometry/Units.h"
 #include "document/clsfrmMain.h"
 #include "document/DoSave.h"
 #include "document/MapSchema.h"
@@ -19,7 +20,7 @@ namespace product {
 
 namespace {
 
-constexpr float kTwips = 15;
+constexpr float kTwips = float(diagram::kTwipsPerPixel);
 
 // The current folder while it lives: paths of files that are saved with the map are given and kept relative
 // to it, since the delivered map must not name a folder of the machine that it was made on.

@@ -1,5 +1,6 @@
 #include "product/NodeText.h"
 
+#include "diagram/geometry/Units.h"
 #include "diagram/shapes/Arrows.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Shapes.h"
@@ -19,7 +20,7 @@ namespace product {
 
 namespace {
 
-constexpr float kTwips = 15;
+constexpr float kTwips = float(diagram::kTwipsPerPixel);
 
 // The value of the row with that name.
 template <typename Rows>

@@ -1,5 +1,6 @@
 #include "product/SliceText.h"
 
+#include "diagram/geometry/Units.h"
 #include "diagram/model/Surface.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
@@ -16,7 +17,7 @@ namespace product {
 
 namespace {
 
-constexpr float kTwips = 15;
+constexpr float kTwips = float(diagram::kTwipsPerPixel);
 
 float Twips(const QJsonValue &pixels) { return float(pixels.toDouble()) * kTwips; }
 

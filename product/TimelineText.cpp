@@ -1,5 +1,6 @@
 #include "product/TimelineText.h"
 
+#include "diagram/geometry/Units.h"
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
 #include "product/NodeText.h"
@@ -16,7 +17,7 @@ namespace product {
 
 namespace {
 
-constexpr float kTwips = 15;
+constexpr float kTwips = float(diagram::kTwipsPerPixel);
 
 // The places of the list that offers the arrangements.
 const QStringList kArrangements = {QStringLiteral("Left"), QStringLiteral("Right"), QStringLiteral("Top"),

@@ -1,6 +1,6 @@
 #include "recovery/Folders.h"
 
-#include "app/settings/Settings.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 
 #include <QDir>

@@ -2,6 +2,7 @@
 
 #include "diagram/export/Export.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/geometry/Units.h"
 #include "diagram/model/Surface.h"
 
 #include <cmath>
@@ -16,7 +17,7 @@ namespace {
 
 constexpr int kIconSizes[] = {16, 24, 32, 48, 64, 256};
 constexpr int kFiner = 4; // times as many pixels are drawn and then scaled down
-constexpr double kTwips = 15;
+constexpr double kTwips = diagram::kTwipsPerPixel;
 constexpr int kNoLine = 5; // the draw style
 constexpr support::Colour kTitleBar = support::Rgb(0x1f, 0x3a, 0x5f), kEdge = support::Rgb(0xa8, 0xb4, 0xc0);
 

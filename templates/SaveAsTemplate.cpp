@@ -1,11 +1,11 @@
 #include "templates/SaveAsTemplate.h"
 
-#include "app/settings/DeliveredFiles.h"
-#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Surface.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
+#include "settings/DeliveredFiles.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 #include "support/FileNames.h"
 #include "support/Files.h"

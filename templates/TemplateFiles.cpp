@@ -1,9 +1,9 @@
 #include "templates/TemplateFiles.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/format/Content.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Surface.h"
+#include "settings/Settings.h"
 #include "storage/Database.h"
 #include "storage/FileForm.h"
 #include "support/AtomicFile.h"

@@ -1,9 +1,9 @@
 #include "timeline/AddTimelineLink.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/model/Surface.h"
 #include "document/MapWindow.h"
 #include "document/Tags.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 #include "timeline/Arrange.h"
 #include "timeline/AtDates.h"

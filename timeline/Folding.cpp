@@ -1,8 +1,8 @@
 #include "timeline/Folding.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
+#include "settings/Settings.h"
 #include "timeline/Arrange.h"
 #include "timeline/DateText.h"
 #include "timeline/Strip.h"

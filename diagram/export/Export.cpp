@@ -1,16 +1,18 @@
 #include "diagram/export/Export.h"
 
-#include "diagram/export/EmfEngine.h"
 #include "diagram/export/PictureKinds.h"
 #include "diagram/export/PngFile.h"
-#include "diagram/export/SvgEngine.h"
-#include "diagram/export/WmfEngine.h"
+#include "diagram/geometry/Units.h"
 #include "diagram/render/Paint.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/Measures.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
+#include "vector/engine/EmfEngine.h"
+#include "vector/engine/SvgEngine.h"
+#include "vector/engine/WmfEngine.h"
+#include "vector/player/Units.h"
 
 #include <cmath>
 #include <QBuffer>
@@ -36,7 +38,6 @@ const QRectF kEmptyPage(0, 0, 2880, 2160);
 double ScaleOf(const ExportOptions &options) { return std::clamp(options.scale, 0.01, 100.0); }
 
 double LongestPngSide(const QSizeF &page, const ExportOptions &options) {
-    constexpr double kTwipsPerInch = 1440;
     const double inches = std::max(page.width(), page.height()) / kTwipsPerInch;
     const double wanted =
         options.pixels > 0 ? options.pixels : std::ceil(inches * options.dotsPerInch * ScaleOf(options));
@@ -81,9 +82,9 @@ QRgb PaperOf(Scene &scene, const ExportOptions &options) {
     return RenderingFor(options).paper.value_or(ToRgb(scene.Model().BackColor()));
 }
 
-QByteArray PaintVectors(VectorEngine &engine, Scene &scene, const QRectF &page,
+QByteArray PaintVectors(vector::VectorEngine &engine, Scene &scene, const QRectF &page,
                         const ExportOptions &options) {
-    VectorDevice device(engine);
+    vector::VectorDevice device(engine);
     RenderOptions render = VectorRendering(options);
     render.xScale = render.yScale = engine.Scale();
     render.target = &engine;
@@ -94,13 +95,11 @@ QByteArray PaintVectors(VectorEngine &engine, Scene &scene, const QRectF &page,
 }
 
 QByteArray Svg(Scene &scene, const QRectF &page, const ExportOptions &options) {
-    SvgEngine engine(page.size(), ScaleOf(options));
+    vector::SvgEngine engine(page.size(), ScaleOf(options));
     return PaintVectors(engine, scene, page, options);
 }
 
 QByteArray Pdf(Scene &scene, const QRectF &page, const ExportOptions &options) {
-    constexpr double kTwipsPerPoint = 20;
-    constexpr int kTwipsPerInch = 1440;
     const double longest = std::max(page.width(), page.height()) / kTwipsPerPoint;
     const double scale = std::min(ScaleOf(options), kMostPoints / longest);
     QByteArray bytes;
@@ -120,7 +119,7 @@ QByteArray Pdf(Scene &scene, const QRectF &page, const ExportOptions &options) {
     return bytes;
 }
 
-QByteArray PaintMetafile(MetafileEngine &engine, Scene &scene, const QRectF &page,
+QByteArray PaintMetafile(vector::MetafileEngine &engine, Scene &scene, const QRectF &page,
                          const ExportOptions &options) {
     const QByteArray file = PaintVectors(engine, scene, page, options);
     if (engine.IsTooLong()) Raise(7, QStringLiteral("Out of memory"));
@@ -130,16 +129,16 @@ QByteArray PaintMetafile(MetafileEngine &engine, Scene &scene, const QRectF &pag
 // A file tells whole units an inch.
 QByteArray Wmf(Scene &scene, const QRectF &page, const ExportOptions &options) {
     const double longest = std::max(page.width(), page.height());
-    const double fit = std::min(1.0, kWmfLongestSide / longest);
-    const int unitsPerInch = std::max(1, int(kVectorUnitsPerInch * fit));
-    const double scale = unitsPerInch / kVectorUnitsPerInch;
-    WmfEngine engine(page.size() * scale, unitsPerInch, PaperOf(scene, options));
+    const double fit = std::min(1.0, vector::kWmfLongestSide / longest);
+    const int unitsPerInch = std::max(1, int(vector::kUnitsPerInch * fit));
+    const double scale = unitsPerInch / vector::kUnitsPerInch;
+    vector::WmfEngine engine(page.size() * scale, unitsPerInch, PaperOf(scene, options));
     return PaintMetafile(engine, scene, page, options);
 }
 
 QByteArray Emf(Scene &scene, const QRectF &page, const ExportOptions &options) {
-    const double scale = std::min(1.0, kEmfLongestSide / std::max(page.width(), page.height()));
-    EmfEngine engine(page.size() * scale, scale, PaperOf(scene, options));
+    const double scale = std::min(1.0, vector::kEmfLongestSide / std::max(page.width(), page.height()));
+    vector::EmfEngine engine(page.size() * scale, scale, PaperOf(scene, options));
     return PaintMetafile(engine, scene, page, options);
 }
 
@@ -176,17 +175,17 @@ QSizeF PictureSize(Surface &surface, const ExportOptions &options) {
 
 QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOptions &options) {
     if (format == PictureFormat::Png) return PngFile(ExportImage(surface, options), options.dotsPerInch);
-    if (format == PictureFormat::Wmf) return ExportMetafile(surface, MetafileKind::Wmf, options);
-    if (format == PictureFormat::Emf) return ExportMetafile(surface, MetafileKind::Emf, options);
+    if (format == PictureFormat::Wmf) return ExportMetafile(surface, vector::MetafileKind::Wmf, options);
+    if (format == PictureFormat::Emf) return ExportMetafile(surface, vector::MetafileKind::Emf, options);
     Scene scene(surface);
     const QRectF page = PictureArea(scene, options);
     return format == PictureFormat::Svg ? Svg(scene, page, options) : Pdf(scene, page, options);
 }
 
-QByteArray ExportMetafile(Surface &surface, MetafileKind kind, const ExportOptions &options) {
+QByteArray ExportMetafile(Surface &surface, vector::MetafileKind kind, const ExportOptions &options) {
     Scene scene(surface);
     const QRectF page = PictureArea(scene, options);
-    return kind == MetafileKind::Wmf ? Wmf(scene, page, options) : Emf(scene, page, options);
+    return kind == vector::MetafileKind::Wmf ? Wmf(scene, page, options) : Emf(scene, page, options);
 }
 
 namespace {
@@ -202,17 +201,17 @@ bool MayBeReplaced(const QString &path) {
     constexpr qint64 kHead = 1000; // bytes in which the writer's name stands
     QFile file(path);
     if (!file.exists()) return true;
-    return file.open(QIODevice::ReadOnly) && IsOwnEmf(file.read(kHead));
+    return file.open(QIODevice::ReadOnly) && vector::IsOwnEmf(file.read(kHead));
 }
 
 } // namespace
 
 void WriteMetafile(Surface &surface, const QString &path) {
-    WriteFile(path, ExportMetafile(surface, MetafileKind::Wmf));
+    WriteFile(path, ExportMetafile(surface, vector::MetafileKind::Wmf));
     const QFileInfo info(path);
     const QString beside = info.dir().filePath(info.completeBaseName() + QStringLiteral(".emf"));
     if (beside != path && MayBeReplaced(beside))
-        WriteFile(beside, ExportMetafile(surface, MetafileKind::Emf));
+        WriteFile(beside, ExportMetafile(surface, vector::MetafileKind::Emf));
 }
 
 void CheckPictureEnding(const QString &path) { FormatOf(path); }

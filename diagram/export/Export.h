@@ -1,7 +1,7 @@
 // A surface as a picture file.
 #pragma once
 
-#include "diagram/metafile/Metafile.h"
+#include "vector/player/Metafile.h"
 
 #include <functional>
 #include <QByteArray>
@@ -44,7 +44,7 @@ QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOpt
 // letters outside the Western code page in the one of sixteen bits, which become outlines; pictures are
 // embedded, colours that are not opaque are mixed with the surface's back colour. Error 7 "Out of memory"
 // beyond 2^31 bytes.
-QByteArray ExportMetafile(Surface &surface, MetafileKind kind, const ExportOptions &options = {});
+QByteArray ExportMetafile(Surface &surface, vector::MetafileKind kind, const ExportOptions &options = {});
 QImage ExportImage(Surface &surface, const ExportOptions &options = {});
 // The size of these pictures in twips.
 QSizeF PictureSize(Surface &surface, const ExportOptions &options = {});

@@ -1,6 +1,7 @@
 #include "diagram/interaction/EditText.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/geometry/Units.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/Shapes.h"
 
@@ -8,7 +9,6 @@ namespace diagram {
 
 namespace {
 
-constexpr double kTwipsPerPixel = 15;
 constexpr QSizeF kEmptyLabel{900, 300}; // where a label is typed that has no text yet
 
 QString SingleLineFeeds(QString text) {

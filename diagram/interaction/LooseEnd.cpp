@@ -1,6 +1,7 @@
 #include "diagram/interaction/LooseEnd.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/geometry/Units.h"
 #include "diagram/hit/HitTest.h"
 #include "diagram/interaction/Overlay.h"
 #include "diagram/interaction/Selecting.h"
@@ -23,7 +24,7 @@ constexpr double kBorder = 30; // and a border beyond its outline
 QPainterPath Cover(Scene &scene, const Link &link) {
     const QPainterPath line = scene.LinkPath(link);
     QPainterPathStroker stroker;
-    stroker.setWidth(2 * kBeside + link.DrawWidth() * 15);
+    stroker.setWidth(2 * kBeside + link.DrawWidth() * kTwipsPerPixel);
     QPainterPath cover = stroker.createStroke(line);
     cover.setFillRule(Qt::WindingFill);
     const auto addHead = [&](int head, int size, const QPointF &tip) {

@@ -1,6 +1,7 @@
 #include "diagram/interaction/ResizeNodes.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/geometry/Units.h"
 #include "diagram/interaction/GrowPage.h"
 #include "diagram/interaction/Snap.h"
 #include "diagram/scene/Scene.h"
@@ -193,7 +194,9 @@ bool ResizeSelection(Surface &surface, DayStrip &days, const QPointF &growth, bo
 }
 
 QString SizeText(const QSizeF &twips) {
-    return QStringLiteral("%1 \u00d7 %2").arg(qRound(twips.width() / 15)).arg(qRound(twips.height() / 15));
+    return QStringLiteral("%1 \u00d7 %2")
+        .arg(qRound(twips.width() / kTwipsPerPixel))
+        .arg(qRound(twips.height() / kTwipsPerPixel));
 }
 
 } // namespace diagram

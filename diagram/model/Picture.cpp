@@ -1,9 +1,10 @@
 #include "diagram/model/Picture.h"
 
-#include "diagram/metafile/Metafile.h"
+#include "diagram/geometry/Units.h"
 #include "diagram/model/SvgSource.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
+#include "vector/player/Metafile.h"
 
 #include <cstdlib>
 #include <mutex>
@@ -15,7 +16,7 @@ namespace diagram {
 struct Picture::Data {
     QByteArray bytes;
     QSize size;
-    std::optional<MetafileHead> metafile;
+    std::optional<vector::MetafileHead> metafile;
     bool svg = false;
     QByteArray source; // of an SVG: what is read of it
     mutable std::once_flag decoded;
@@ -27,8 +28,7 @@ namespace {
 
 constexpr qint64 kMostPixels = qint64(1) << 28;
 constexpr double kMostSide = 4096; // pixels of a drawing made for a place
-constexpr double kTwipsPerMetre = 1440 / 0.0254;
-constexpr double kTwipsPerPixel = 15;
+constexpr double kTwipsPerMetre = kTwipsPerInch / 0.0254;
 constexpr QSize kPacked(100, 100);     // of a compressed drawing, which is kept, but not read
 constexpr int kPlainResolution = 3780; // dots a metre, 96 an inch
 
@@ -75,7 +75,7 @@ QByteArray FormatOf(const QByteArray &bytes) {
 }
 
 // Of 96 an inch. A page too large for whole numbers has none.
-QSize PixelsOf(const MetafileHead &head) {
+QSize PixelsOf(const vector::MetafileHead &head) {
     const QSizeF pixels = head.twips / kTwipsPerPixel;
     if (pixels.width() > kMostPixels || pixels.height() > kMostPixels) return {};
     return pixels.toSize().expandedTo({1, 1});
@@ -92,7 +92,7 @@ QSize Within(const QSizeF &size, double most) {
 Picture Picture::Recognised(const QByteArray &bytes) {
     auto data = std::make_shared<Data>();
     data->bytes = bytes;
-    data->metafile = ReadMetafileHead(bytes);
+    data->metafile = vector::ReadMetafileHead(bytes);
     const QByteArray format = data->metafile ? QByteArray() : FormatOf(bytes);
     data->svg = format.startsWith("svg");
     if (format == "svg") data->source = WithoutReferences(bytes);
@@ -163,7 +163,7 @@ bool Picture::IsDrawing() const { return data_ && (data_->metafile || data_->svg
 QImage Picture::ImageFor(const QSizeF &pixels) const {
     if (!IsDrawing()) return Image();
     const QSize size = Within(pixels, kMostSide);
-    return data_->metafile ? PlayMetafile(data_->bytes, *data_->metafile, size)
+    return data_->metafile ? vector::PlayMetafile(data_->bytes, *data_->metafile, size)
                            : Decode(data_->Source(), size);
 }
 

@@ -1,5 +1,6 @@
 #include "diagram/render/CalendarPainter.h"
 
+#include "diagram/geometry/Units.h"
 #include "diagram/model/Node.h"
 #include "diagram/render/NodeContent.h"
 #include "diagram/scene/Scene.h"
@@ -10,7 +11,7 @@ namespace diagram {
 
 namespace {
 
-constexpr double kPixel = 15;       // twips at zoom 100
+constexpr double kPixel = kTwipsPerPixel;
 constexpr double kLeastWeek = 10;   // pixels between two ticks
 constexpr double kLeastWeekend = 3; // pixels of a day that is shaded
 constexpr double kLeastCrease = 9;  // pixels of a sliver that shows how it is folded

@@ -1,5 +1,7 @@
 #include "diagram/render/Faces.h"
 
+#include "diagram/geometry/Units.h"
+
 #include <algorithm>
 #include <QString>
 
@@ -43,7 +45,7 @@ QStringList Families(const QString &name) {
 QFont LayoutFont(const Font &font) {
     QFont out;
     out.setFamilies(Families(font.Name()));
-    out.setPixelSize(std::max(1, int(font.Size() * 20 + 0.5)));
+    out.setPixelSize(std::max(1, int(font.Size() * kTwipsPerPoint + 0.5)));
     out.setBold(font.Bold());
     out.setItalic(font.Italic());
     out.setKerning(false);

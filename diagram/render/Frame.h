@@ -2,6 +2,7 @@
 #pragma once
 
 #include "diagram/geometry/Point.h"
+#include "diagram/geometry/Units.h"
 
 #include <algorithm>
 #include <cmath>
@@ -29,8 +30,8 @@ struct Frame {
     // less than a hairline.
     double LineWidth(double pixels) const {
         constexpr double kHairline = 0.5;
-        const double width = Length(pixels * 15);
-        if (!snap) return std::max(width, Length(kHairline * 15));
+        const double width = Length(pixels * kTwipsPerPixel);
+        if (!snap) return std::max(width, Length(kHairline * kTwipsPerPixel));
         constexpr double kRounding = 1e-6; // zooms like 125 per cent lie between two widths
         return std::max(1.0, std::floor(width + 0.5 + kRounding));
     }

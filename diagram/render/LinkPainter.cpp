@@ -1,6 +1,7 @@
 #include "diagram/render/LinkPainter.h"
 
 #include "diagram/geometry/Polyline.h"
+#include "diagram/geometry/Units.h"
 #include "diagram/model/Calendar.h"
 #include "diagram/model/Link.h"
 #include "diagram/render/ArrowPainter.h"
@@ -183,7 +184,7 @@ void PaintLabel(Paint &paint, const Link &link) {
     const LinkData &data = link.Data();
     const double scale = paint.frame.Scale();
     if (data.text.isEmpty()) return;
-    if (!paint.options.vector && data.font.Size() * 20 * scale < kLegiblePixels) return;
+    if (!paint.options.vector && data.font.Size() * kTwipsPerPoint * scale < kLegiblePixels) return;
     const QRectF bounds = paint.scene.LabelBounds(link);
     if (bounds.isEmpty()) return;
     const TextBlock &block =

@@ -1,11 +1,12 @@
 #include "diagram/render/NodeContent.h"
 
+#include "diagram/geometry/Units.h"
 #include "diagram/model/Node.h"
-#include "diagram/render/ContentTarget.h"
 #include "diagram/render/CutText.h"
 #include "diagram/render/PicturePainter.h"
 #include "diagram/shapes/Measures.h"
 #include "diagram/shapes/Shapes.h"
+#include "vector/engine/ContentTarget.h"
 
 #include <QTransform>
 
@@ -106,8 +107,15 @@ void DrawVectorLine(Paint &paint, const TextBlock &block, const TextLine &line, 
                     int side, QRgb colour) {
     const QString text = block.text.mid(line.start, line.length);
     if (paint.options.target) {
-        paint.options.target->DrawLine({baseLine, line.width, side, line.rightToLeft, text, block.face->key,
-                                        block.face->family, QColor::fromRgb(colour)});
+        const Font &font = block.face->key;
+        paint.options.target->DrawLine({baseLine,
+                                        line.width,
+                                        side,
+                                        line.rightToLeft,
+                                        text,
+                                        {font.Name(), font.Size(), font.Bold(), font.Italic()},
+                                        block.face->family,
+                                        QColor::fromRgb(colour)});
         return;
     }
     QPainter &painter = paint.Painter();
@@ -268,7 +276,7 @@ void PaintNodeText(Paint &paint, const Node &node) {
     const QString text = node.ShownText();
     if (text.isEmpty()) return;
     const double scale = paint.frame.Scale();
-    if (!paint.options.vector && data.font.Size() * 20 * scale < kLegiblePixels) return;
+    if (!paint.options.vector && data.font.Size() * kTwipsPerPoint * scale < kLegiblePixels) return;
     const QRectF room = TextRoom(node);
     const WrapWidth wrap = WrapOf(data, node.ShownBounds(), WidthForText(data, room));
     if (paint.options.vector) return DrawVectorText(paint, node, room, wrap);

@@ -1,12 +1,23 @@
 #include "diagram/render/PicturePainter.h"
 
-#include "diagram/render/ContentTarget.h"
+#include "vector/engine/ContentTarget.h"
 
 namespace diagram {
 
 namespace {
 
 constexpr double kMostCached = 400000; // pixels of a picture that is kept scaled
+
+class SourceOf : public vector::PictureSource {
+public:
+    explicit SourceOf(const Picture &picture) : picture_(picture) {}
+    const QByteArray &Bytes() const override { return picture_.Bytes(); }
+    QImage ImageFor(const QSizeF &pixels) const override { return picture_.ImageFor(pixels); }
+    quintptr Identity() const override { return picture_.Identity(); }
+
+private:
+    const Picture &picture_;
+};
 
 // A drawing is made finer than the place on paper, where a unit of the painter is far below a pixel.
 void DrawStretched(Paint &paint, const Picture &picture, const QRectF &target) {
@@ -34,7 +45,7 @@ void DrawPicture(Paint &paint, const Picture &picture, const QRectF &place) {
     const QRectF target = paint.frame.Map(place);
     if (target.isEmpty()) return;
     if (paint.options.vector && paint.options.target)
-        return paint.options.target->DrawPicture(target, picture);
+        return paint.options.target->DrawPicture(target, SourceOf(picture));
     const bool large = target.width() * target.height() > kMostCached;
     if (paint.frame.snap && large && picture.IsDrawing()) return DrawLarge(paint, picture, target);
     if (!paint.frame.snap || large) return DrawStretched(paint, picture, target);

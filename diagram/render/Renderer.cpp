@@ -1,5 +1,6 @@
 #include "diagram/render/Renderer.h"
 
+#include "diagram/geometry/Units.h"
 #include "diagram/model/Sights.h"
 #include "diagram/render/Backdrop.h"
 #include "diagram/render/CalendarPainter.h"
@@ -85,7 +86,7 @@ void PaintItem(Paint &paint, Item &item) {
 }
 
 bool IsLegible(const Paint &paint, const Font &font) {
-    return font.Size() * 20 * paint.frame.Scale() >= kLegiblePixels;
+    return font.Size() * kTwipsPerPoint * paint.frame.Scale() >= kLegiblePixels;
 }
 
 void PaintItemCoarsely(Paint &paint, CoarsePainter &coarse, Item &item) {

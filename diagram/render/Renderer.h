@@ -1,6 +1,7 @@
 // The one renderer: a surface onto any QPainter, for screen, print, pictures and metafiles alike.
 #pragma once
 
+#include "diagram/geometry/Units.h"
 #include "diagram/model/Surface.h"
 
 #include <functional>
@@ -11,16 +12,19 @@
 
 class QPainter;
 
+namespace vector {
+class ContentTarget;
+}
+
 namespace diagram {
 
 class Scene;
-class ContentTarget;
 class Sights;
 
 // What is drawn besides the diagram itself.
 struct RenderOptions {
-    double xScale = 1.0 / 15; // device pixels a twip
-    double yScale = 1.0 / 15;
+    double xScale = 1 / kTwipsPerPixel; // device pixels a twip
+    double yScale = 1 / kTwipsPerPixel;
     bool background = true; // back colour and picture
     bool grid = false;      // only where the surface shows its grid
     bool selection = false; // handles of what is selected
@@ -33,9 +37,10 @@ struct RenderOptions {
     QColor handleFill = QColor(255, 255, 255);
     QColor handleLine = QColor(0, 95, 184); // and the fill of the handles of the item with the focus
     QColor markColour = QColor(90, 140, 210);
-    ContentTarget *target = nullptr; // with `vector`: takes texts and pictures in place of the painter
-    std::optional<QRgb> paper = {};  // in the place of the surface's back colour and picture
-    const Sights *sights = nullptr;  // what to show and hide in place of what the items say
+    vector::ContentTarget *target =
+        nullptr;                    // with `vector`: takes texts and pictures in place of the painter
+    std::optional<QRgb> paper = {}; // in the place of the surface's back colour and picture
+    const Sights *sights = nullptr; // what to show and hide in place of what the items say
     // Asked now and then; painting ends, unfinished, once it gives false.
     std::function<bool()> goOn = {};
 };

@@ -1,5 +1,6 @@
 #include "diagram/scene/Bounds.h"
 
+#include "diagram/geometry/Units.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/Arrows.h"
 #include "diagram/shapes/LinkStyles.h"
@@ -77,7 +78,7 @@ double HeadReach(const LinkData &data) {
 
 // A box that holds about what a common font needs.
 QSizeF Estimate(const QString &text, const Font &font) {
-    const double line = font.Size() * 20 * 1.25;
+    const double line = font.Size() * kTwipsPerPoint * 1.25;
     qsizetype longest = 0, start = 0, lines = 0;
     while (start <= text.size()) {
         qsizetype end = text.indexOf(QLatin1Char('\n'), start);
@@ -86,7 +87,7 @@ QSizeF Estimate(const QString &text, const Font &font) {
         start = end + 1;
         ++lines;
     }
-    return {double(longest) * font.Size() * 20 * 0.6, double(lines) * line};
+    return {double(longest) * font.Size() * kTwipsPerPoint * 0.6, double(lines) * line};
 }
 
 // The mark of what can't be selected isn't painted.

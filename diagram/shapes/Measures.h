@@ -1,12 +1,13 @@
 // Sizes of what is painted beside the forms of the tables, in twips: painting and bounds use the same.
 #pragma once
 
+#include "diagram/geometry/Units.h"
+
 #include <QPointF>
 
 namespace diagram {
 
-constexpr double kTwipsPerPixel = 15; // at zoom 100
-constexpr double kShadowOffset = 75;  // of a shadow, both ways
+constexpr double kShadowOffset = 75; // of a shadow, both ways
 // Right or left, below or above, by the value of the shadow table.
 constexpr QPointF kShadowWays[] = {{0, 0}, {1, 1}, {1, -1}, {-1, -1}, {-1, 1}};
 constexpr double kJumpRadius = 75;   // of the arch over a crossing, half of the break

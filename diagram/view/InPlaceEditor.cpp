@@ -1,5 +1,6 @@
 #include "diagram/view/InPlaceEditor.h"
 
+#include "diagram/geometry/Units.h"
 #include "diagram/view/Viewport.h"
 
 #include <algorithm>
@@ -17,7 +18,6 @@ namespace diagram {
 namespace {
 
 constexpr double kScreenDpi = 96;
-constexpr double kTwipsPerPixel = 15;
 constexpr int kSmallestWidth = 16;
 
 // Alignment is three families of three: left, right, centre; top, middle, bottom within each.

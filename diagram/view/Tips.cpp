@@ -1,5 +1,6 @@
 #include "diagram/view/Tips.h"
 
+#include "diagram/geometry/Units.h"
 #include "diagram/hit/HitTest.h"
 #include "diagram/interaction/Press.h"
 #include "diagram/model/DayStrip.h"
@@ -16,10 +17,7 @@ namespace {
 constexpr int kLongestTip = 2000; // characters
 constexpr double kReadable = 5;   // pixels of a font's height
 
-bool IsLegible(const Font &font, double scale) {
-    constexpr double kTwipsPerPoint = 20;
-    return font.Size() * kTwipsPerPoint * scale >= kReadable;
-}
+bool IsLegible(const Font &font, double scale) { return font.Size() * kTwipsPerPoint * scale >= kReadable; }
 
 } // namespace
 

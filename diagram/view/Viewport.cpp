@@ -1,5 +1,6 @@
 #include "diagram/view/Viewport.h"
 
+#include "diagram/geometry/Units.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Scene.h"
 
@@ -13,7 +14,6 @@ namespace diagram {
 
 namespace {
 
-constexpr double kTwipsPerPixel = 15;
 constexpr double kLowestFit = 1;
 constexpr int kFitMargin = 12; // pixels around content that fills the window
 constexpr int kScrollMargin = 24;

@@ -1,6 +1,5 @@
 #include "output/csv/ExportMap.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/model/Surface.h"
 #include "document/BusyWindow.h"
 #include "document/clsfrmMain.h"
@@ -8,6 +7,7 @@
 #include "document/MapSchema.h"
 #include "document/OpenMap.h"
 #include "output/csv/CsvColumns.h"
+#include "settings/Settings.h"
 #include "storage/Fields.h"
 #include "storage/text/CsvWriter.h"
 #include "support/AtomicFile.h"

@@ -1,10 +1,10 @@
 #include "output/export/ExportReport.h"
 
-#include "app/settings/GetSet.h"
 #include "output/export/Pages.h"
 #include "output/export/ReportNames.h"
 #include "output/export/SliceReport.h"
 #include "output/rtf/RtfWriter.h"
+#include "settings/GetSet.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Val.h"

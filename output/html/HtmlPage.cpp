@@ -1,5 +1,6 @@
 #include "output/html/HtmlPage.h"
 
+#include "diagram/geometry/Units.h"
 #include "output/html/HtmlText.h"
 
 #include <QStringList>
@@ -8,7 +9,7 @@ namespace output {
 
 namespace {
 
-constexpr double kTwipsPerPixel = 15;
+using diagram::kTwipsPerPixel;
 
 QString Declarations(const settings::ReportFont &font) {
     QString name = font.font;

@@ -1,6 +1,5 @@
 #include "output/mapimport/DoImportMap.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Surface.h"
 #include "document/BusyWindow.h"
@@ -8,6 +7,7 @@
 #include "document/MemoryWindow.h"
 #include "document/OpenMap.h"
 #include "output/mapimport/Belongings.h"
+#include "settings/Settings.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Files.h"

@@ -1,9 +1,9 @@
 #include "output/model/MapOutput.h"
 
-#include "app/settings/Settings.h"
 #include "document/clsfrmMain.h"
 #include "document/SurfaceArray.h"
 #include "document/Tags.h"
+#include "settings/Settings.h"
 #include "support/Files.h"
 
 #include <QCoreApplication>

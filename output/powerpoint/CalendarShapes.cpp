@@ -1,5 +1,6 @@
 #include "output/powerpoint/CalendarShapes.h"
 
+#include "diagram/geometry/Units.h"
 #include "diagram/model/Surface.h"
 #include "diagram/render/CalendarInk.h"
 #include "diagram/render/CalendarRows.h"
@@ -15,8 +16,8 @@ using diagram::Calendar;
 using diagram::CalendarInk;
 using diagram::CalendarRows;
 
-constexpr double kPixel = 15; // twips at zoom 100, as which outputs are laid out
-constexpr double kPoints = 8; // of captions
+constexpr double kPixel = diagram::kTwipsPerPixel; // as which outputs are laid out
+constexpr double kPoints = 8;                      // of captions
 
 // A plain rectangle, or a text alone.
 struct Piece {

@@ -1,6 +1,6 @@
 #include "output/powerpoint/PowerPointForm.h"
 
-#include "app/settings/GetSet.h"
+#include "settings/GetSet.h"
 
 namespace powerpoint {
 

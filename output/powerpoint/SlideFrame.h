@@ -1,6 +1,7 @@
 // From a slice's twips to the slide.
 #pragma once
 
+#include "diagram/geometry/Units.h"
 #include "output/powerpoint/Drawing.h"
 
 #include <algorithm>
@@ -24,7 +25,7 @@ public:
     // Of lines so many pixels wide at zoom 100; a hairline at least.
     double LineWidth(double pixels) const {
         constexpr double kHairline = 0.5;
-        return Length(std::max(pixels, kHairline) * 15);
+        return Length(std::max(pixels, kHairline) * diagram::kTwipsPerPixel);
     }
     // What a size in points is multiplied by.
     double FontScale() const { return Length(20) / kEmuPerPoint; }

@@ -1,8 +1,8 @@
 #include "output/print/LoadedPrint.h"
 
-#include "app/settings/Settings.h"
 #include "output/print/Unprintable.h"
 #include "output/print/ZoomToPages.h"
+#include "settings/Settings.h"
 #include "support/Desktop.h"
 #include "support/Printers.h"
 

@@ -46,8 +46,9 @@ double Before(double at, const std::vector<Span> &merged) {
 }
 
 void Fit(PageLayout &layout, const QRectF &extent) {
-    const double scale = std::min({layout.body.width() / extent.width(),
-                                   layout.body.height() / extent.height(), kLargestFit * kMillimetresOfTwip});
+    const double scale =
+        std::min({layout.body.width() / extent.width(), layout.body.height() / extent.height(),
+                  kLargestFit * diagram::kMillimetresPerTwip});
     layout.xScale = layout.yScale = scale;
     layout.columns = {extent.left(), extent.right()};
     layout.rows = {extent.top(), extent.bottom()};

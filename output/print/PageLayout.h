@@ -1,6 +1,7 @@
 // How a surface is spread over sheets of paper: numbers alone, nothing is painted for it.
 #pragma once
 
+#include "diagram/geometry/Units.h"
 #include "output/print/PageSetup.h"
 
 #include <QLineF>
@@ -10,7 +11,6 @@
 
 namespace print {
 
-constexpr double kMillimetresOfTwip = 25.4 / 1440;
 constexpr double kOverlap = 8;             // millimetres that a page with marks shows of the next one
 constexpr double kLineOfText = 8;          // millimetres that a header or a footer takes
 constexpr double kLargestFit = 2;          // by which a surface is enlarged at most to fill its page
@@ -27,10 +27,10 @@ struct PageRules {
 };
 
 struct PageLayout {
-    QSizeF paper;                       // as it is held, millimetres
-    QRectF body;                        // where the surface stands on each sheet, millimetres
-    double xScale = kMillimetresOfTwip; // millimetres a twip
-    double yScale = kMillimetresOfTwip;
+    QSizeF paper;                                 // as it is held, millimetres
+    QRectF body;                                  // where the surface stands on each sheet, millimetres
+    double xScale = diagram::kMillimetresPerTwip; // millimetres a twip
+    double yScale = diagram::kMillimetresPerTwip;
     QPointF shift; // of the surface within the body, millimetres
     bool overlaps = false;
     // The breaks with both ends, ascending, twips: one more than pages.

@@ -102,17 +102,18 @@ void PrintSlices::PaintTexts(QPainter &painter, const Sheet &sheet, const PageLa
     const FieldValues values{sheet.number,     sheets_.all,
                              map_.title,       map_.slices[std::size_t(sheet.slice)].caption,
                              map_.made.date(), map_.file};
-    painter.scale(kMillimetresOfTwip, kMillimetresOfTwip);
+    painter.scale(diagram::kMillimetresPerTwip, diagram::kMillimetresPerTwip);
     QFont font(QStringLiteral("sans-serif"));
     font.setStyleHint(QFont::SansSerif);
     font.setPixelSize(kTextHeight);
     painter.setFont(font);
     painter.setPen(Qt::black);
-    const double width = layout.body.width() / kMillimetresOfTwip;
+    const double width = layout.body.width() / diagram::kMillimetresPerTwip;
     const auto draw = [&](const QString &text, double top) {
         if (text.trimmed().isEmpty()) return;
-        const QRectF line(layout.body.left() / kMillimetresOfTwip, top / kMillimetresOfTwip, width,
-                          kLineOfText / kMillimetresOfTwip);
+        const QRectF line(layout.body.left() / diagram::kMillimetresPerTwip,
+                          top / diagram::kMillimetresPerTwip, width,
+                          kLineOfText / diagram::kMillimetresPerTwip);
         const QString filled = FillFields(text, values).simplified();
         painter.drawText(line, Qt::AlignCenter | Qt::TextSingleLine,
                          QFontMetricsF(font).elidedText(filled, Qt::ElideRight, width));

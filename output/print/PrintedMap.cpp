@@ -1,9 +1,9 @@
 #include "output/print/PrintedMap.h"
 
-#include "app/settings/Settings.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
 #include "document/SurfaceArray.h"
+#include "settings/Settings.h"
 
 #include <algorithm>
 #include <QFileInfo>

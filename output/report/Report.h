@@ -1,8 +1,8 @@
 // A report, whatever it is written as.
 #pragma once
 
-#include "app/settings/Settings.h"
 #include "diagram/export/Export.h"
+#include "settings/Settings.h"
 
 #include <functional>
 #include <QDateTime>

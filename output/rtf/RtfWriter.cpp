@@ -1,5 +1,6 @@
 #include "output/rtf/RtfWriter.h"
 
+#include "diagram/geometry/Units.h"
 #include "output/rtf/RtfText.h"
 
 namespace output {
@@ -44,7 +45,7 @@ QByteArray WithoutPlace(const QByteArray &wmf) {
 }
 
 QByteArray Picture(const char *kind, const QSizeF &size, const QString &description, const QByteArray &file) {
-    constexpr double kHundredthsOfMillimetre = 2540.0 / 1440; // of a twip
+    constexpr double kHundredthsOfMillimetre = 2540 / diagram::kTwipsPerInch; // of a twip
     return QByteArray("{\\pict{\\*\\picprop{\\sp{\\sn wzDescription}{\\sv ") + RtfText(description) + "}}}" +
            kind + Number("\\picw", size.width() * kHundredthsOfMillimetre) +
            Number("\\pich", size.height() * kHundredthsOfMillimetre) + Number("\\picwgoal", size.width()) +
@@ -129,8 +130,8 @@ QByteArray RtfWriter::Stretch(const QString &text, ReportStyle style, bool right
 
 // Below the caption, with room for the line behind the picture.
 QSizeF RtfWriter::Fitted(const QSizeF &size) const {
-    constexpr double kTwipsPerPoint = 20, kCaptionLines = 4;
-    const double caption = properties_.caption.size * kTwipsPerPoint * kCaptionLines;
+    constexpr double kCaptionLines = 4;
+    const double caption = properties_.caption.size * diagram::kTwipsPerPoint * kCaptionLines;
     const QSizeF room(properties_.paper.width() - 2 * properties_.margin,
                       properties_.paper.height() - 2 * properties_.margin - caption);
     const bool fits = size.width() <= room.width() && size.height() <= room.height();

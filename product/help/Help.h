@@ -1,7 +1,7 @@
 // The help as a PDF file: a title with the contents, then the guide.
 #pragma once
 
-#include "app/settings/Settings.h"
+#include "settings/Settings.h"
 
 #include <QDate>
 

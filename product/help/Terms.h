@@ -1,7 +1,7 @@
 // The guide in the words of an edition.
 #pragma once
 
-#include "app/settings/Settings.h"
+#include "settings/Settings.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #include "templates/forms/frmRB.h"
 
-#include "app/settings/Settings.h"
+#include "settings/Settings.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>

@@ -1,7 +1,7 @@
 // The question whether a template makes a new slice or updates the current one.
 #pragma once
 
-#include "app/settings/clsRB.h"
+#include "settings/clsRB.h"
 
 #include <QDialog>
 

@@ -1,9 +1,9 @@
 #include "templates/forms/frmSaveAsTemplate.h"
 
-#include "app/settings/DeliveredFiles.h"
-#include "app/settings/Settings.h"
 #include "dialogs/clsCompactPath.h"
 #include "document/MapWindow.h"
+#include "settings/DeliveredFiles.h"
+#include "settings/Settings.h"
 #include "support/Desktop.h"
 #include "support/Error.h"
 #include "templates/ScratchFile.h"

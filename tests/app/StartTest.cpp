@@ -1,8 +1,6 @@
 #include "app/Start.h"
 
 #include "app/frmPrompt.h"
-#include "app/settings/GetSet.h"
-#include "app/settings/Settings.h"
 #include "document/LastPath.h"
 #include "document/MapSchema.h"
 #include "mainwindow/frmMain.h"
@@ -12,6 +10,8 @@
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/WindowJournal.h"
 #include "recovery/JournalFile.h"
+#include "settings/GetSet.h"
+#include "settings/Settings.h"
 #include "support/Files.h"
 #include "support/testing/ScriptedDesktop.h"
 

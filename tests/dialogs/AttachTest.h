@@ -1,9 +1,9 @@
 // What the tests of attachments and hyperlinks share: a map with a few nodes, and files to attach.
 #pragma once
 
-#include "app/settings/Settings.h"
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
+#include "settings/Settings.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Files.h"

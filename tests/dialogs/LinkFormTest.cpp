@@ -1,9 +1,9 @@
-#include "app/settings/Settings.h"
 #include "diagram/model/Surface.h"
 #include "dialogs/frmLinkDialog.h"
 #include "dialogs/LinkSample.h"
 #include "dialogs/PlainTextBox.h"
 #include "document/Tags.h"
+#include "settings/Settings.h"
 #include "tests/document/MapTest.h"
 #include "widgets/SwatchButton.h"
 

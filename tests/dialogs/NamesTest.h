@@ -2,9 +2,9 @@
 // the levels "1", "2", "12" and "12 Important" and the groups "Sales" and "O'Brien".
 #pragma once
 
-#include "app/settings/Settings.h"
 #include "dialogs/frmGroups.h"
 #include "dialogs/frmLevels.h"
+#include "settings/Settings.h"
 #include "tests/document/MapTest.h"
 
 #include <QLineEdit>

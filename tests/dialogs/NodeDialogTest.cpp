@@ -1,6 +1,6 @@
 #include "tests/dialogs/NodeDialogTest.h"
 
-#include "app/settings/Settings.h"
+#include "settings/Settings.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/TimelineNodes.h"
 #include "widgets/PropertyLists.h"

@@ -1,7 +1,7 @@
 // What the node dialog shows, and what it applies.
-#include "app/settings/Settings.h"
 #include "dialogs/NodeSample.h"
 #include "document/Tags.h"
+#include "settings/Settings.h"
 #include "tests/dialogs/NodeDialogTest.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/TimelineNodes.h"

@@ -1,7 +1,7 @@
 // The pointer and the percentages that a window shows while a map is loaded or saved.
 #include "document/BusyWindow.h"
 
-#include "app/settings/clsMRU.h"
+#include "settings/clsMRU.h"
 #include "storage/Database.h"
 #include "support/Error.h"
 #include "tests/document/MapTest.h"

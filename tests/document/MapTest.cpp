@@ -1,9 +1,9 @@
 #include "tests/document/MapTest.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/model/Surface.h"
 #include "document/LastPath.h"
 #include "document/Tags.h"
+#include "settings/Settings.h"
 #include "storage/Database.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"

@@ -1,4 +1,3 @@
-#include "app/settings/clsMRU.h"
 #include "diagram/model/Properties.h"
 #include "diagram/model/Surface.h"
 #include "document/CompactDb.h"
@@ -6,6 +5,7 @@
 #include "document/PicturePool.h"
 #include "document/Tags.h"
 #include "document/TemplateFile.h"
+#include "settings/clsMRU.h"
 #include "support/AtomicFile.h"
 #include "support/clsGUID.h"
 #include "support/Files.h"

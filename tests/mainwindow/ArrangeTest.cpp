@@ -1,7 +1,7 @@
-#include "app/settings/clsRB.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
 #include "document/Tags.h"
+#include "settings/clsRB.h"
 #include "support/Files.h"
 #include "tests/mainwindow/WindowTest.h"
 #include "timeline/TimelineNodes.h"

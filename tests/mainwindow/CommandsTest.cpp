@@ -1,12 +1,12 @@
 #include "tests/mainwindow/WindowTest.h"
 
-#include "app/settings/clsMRU.h"
-#include "app/settings/GetSet.h"
 #include "diagram/edit/History.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/Finder.h"
 #include "mainwindow/frmAbout.h"
+#include "settings/clsMRU.h"
+#include "settings/GetSet.h"
 #include "support/AtomicFile.h"
 
 #include <QAction>

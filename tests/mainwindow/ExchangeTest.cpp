@@ -1,6 +1,5 @@
 #include "mainwindow/Exchange.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DoSave.h"
@@ -10,6 +9,7 @@
 #include "output/csv/ExportMap.h"
 #include "output/export/clsExport.h"
 #include "output/powerpoint/PowerPointForm.h"
+#include "settings/Settings.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "tests/mainwindow/WindowTest.h"

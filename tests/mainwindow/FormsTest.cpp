@@ -1,4 +1,3 @@
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/clsLockWindowUpdate.h"
 #include "mainwindow/cProgressOnStatusBar.h"
@@ -9,6 +8,7 @@
 #include "mainwindow/Icons.h"
 #include "mainwindow/Toolbar.h"
 #include "mainwindow/ucEctchedLines.h"
+#include "settings/Settings.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QDir>

@@ -1,11 +1,11 @@
 // The guide's table of what to do with templates.
 #include "tests/mainwindow/GuideReader.h"
 
-#include "app/settings/clsRB.h"
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/TemplateDrag.h"
 #include "mainwindow/TemplateTip.h"
+#include "settings/clsRB.h"
+#include "settings/Settings.h"
 #include "tests/mainwindow/TemplateBarTest.h"
 
 #include <QApplication>

@@ -1,13 +1,13 @@
 // The look bar in its window, with mouse and keys.
 #include "mainwindow/LookBar.h"
 
-#include "app/settings/GetSet.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/LookButton.h"
 #include "mainwindow/RecentColours.h"
 #include "mainwindow/StateButton.h"
 #include "mainwindow/Toolbar.h"
+#include "settings/GetSet.h"
 #include "tests/mainwindow/WindowTest.h"
 #include "widgets/ColourPalette.h"
 #include "widgets/ShapeGrid.h"

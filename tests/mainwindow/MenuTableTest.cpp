@@ -1,7 +1,4 @@
 // The whole menu, both toolbars and the popup, entry by entry.
-#include "app/settings/clsMRU.h"
-#include "app/settings/clsRB.h"
-#include "app/settings/Settings.h"
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/frmAbout.h"
 #include "mainwindow/frmLayers.h"
@@ -9,6 +6,9 @@
 #include "mainwindow/TimelineMenu.h"
 #include "mainwindow/Toolbar.h"
 #include "output/print/PrintForms.h"
+#include "settings/clsMRU.h"
+#include "settings/clsRB.h"
+#include "settings/Settings.h"
 #include "support/Files.h"
 #include "templates/SaveAsTemplate.h"
 #include "tests/mainwindow/WindowTest.h"

@@ -1,5 +1,5 @@
-#include "app/settings/GetSet.h"
 #include "output/print/form/frmPageSetup.h"
+#include "settings/GetSet.h"
 #include "tests/mainwindow/PrintTest.h"
 
 #include <QCheckBox>

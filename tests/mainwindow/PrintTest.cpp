@@ -1,9 +1,9 @@
 #include "tests/mainwindow/PrintTest.h"
-#include "app/settings/GetSet.h"
 #include "diagram/model/Node.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/cStatusBar.h"
 #include "output/print/form/PreviewSheets.h"
+#include "settings/GetSet.h"
 #include "support/Error.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
 // What the tests of printing share: a window whose slice takes 3 by 2 pages, and its preview.
 #pragma once
 
-#include "app/settings/GetSet.h"
 #include "mainwindow/WindowPrinting.h"
 #include "output/print/form/frmPrint.h"
+#include "settings/GetSet.h"
 #include "support/Printers.h"
 #include "tests/mainwindow/WindowTest.h"
 

@@ -1,7 +1,7 @@
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/CommandMatch.h"
 #include "mainwindow/CommandSearch.h"
+#include "settings/Settings.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QAbstractItemView>

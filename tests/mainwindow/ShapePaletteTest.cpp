@@ -1,12 +1,12 @@
 #include "mainwindow/ShapePalette.h"
 
-#include "app/settings/GetSet.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/RecentShapes.h"
 #include "mainwindow/ShapeStrip.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/StartOffer.h"
+#include "settings/GetSet.h"
 #include "tests/mainwindow/WindowTest.h"
 #include "widgets/ShapeGrid.h"
 #include "widgets/ShapePopup.h"

@@ -1,6 +1,6 @@
 // Which maps the start page lists, and how it tells of their last change.
-#include "app/settings/clsMRU.h"
 #include "mainwindow/RecentMaps.h"
+#include "settings/clsMRU.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QFile>

@@ -1,14 +1,14 @@
 // A window with its start page, and what a user does on that.
 #pragma once
 
-#include "app/settings/clsMRU.h"
-#include "app/settings/DeliveredFiles.h"
-#include "app/settings/GetSet.h"
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/StartCard.h"
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/StartPage.h"
+#include "settings/clsMRU.h"
+#include "settings/DeliveredFiles.h"
+#include "settings/GetSet.h"
+#include "settings/Settings.h"
 #include "templates/SaveAsTemplate.h"
 #include "tests/mainwindow/WindowTest.h"
 

@@ -1,9 +1,9 @@
 // The bars and how they are filled.
 #include "tests/mainwindow/TemplateBarTest.h"
 
-#include "app/settings/DeliveredFiles.h"
 #include "mainwindow/BarFilling.h"
 #include "mainwindow/BarPane.h"
+#include "settings/DeliveredFiles.h"
 #include "storage/Database.h"
 #include "support/Files.h"
 

@@ -1,8 +1,8 @@
 // What the tests of the template bar share: folders with templates, and a user who clicks on them.
 #pragma once
 
-#include "app/settings/clsRB.h"
 #include "mainwindow/TemplateBar.h"
+#include "settings/clsRB.h"
 #include "tests/mainwindow/WindowTest.h"
 
 namespace mainwindow::testing {

@@ -1,10 +1,10 @@
 #include "tests/mainwindow/TemplateBarTest.h"
 
-#include "app/settings/DeliveredFiles.h"
-#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Surface.h"
 #include "mainwindow/BarFilling.h"
+#include "settings/DeliveredFiles.h"
+#include "settings/Settings.h"
 #include "support/Colour.h"
 #include "templates/DiagramNode.h"
 #include "templates/TemplateDb.h"

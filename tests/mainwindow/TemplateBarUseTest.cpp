@@ -1,7 +1,6 @@
 // What a click on an item does, and a drag of one onto the page.
 #include "tests/mainwindow/TemplateBarTest.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/UnsavedWork.h"
 #include "mainwindow/SliceViews.h"
@@ -10,6 +9,7 @@
 #include "mainwindow/WindowJournal.h"
 #include "recovery/LostMaps.h"
 #include "recovery/Restore.h"
+#include "settings/Settings.h"
 #include "storage/Database.h"
 #include "support/cRegistry.h"
 #include "support/Files.h"

@@ -1,7 +1,5 @@
 #include "tests/mainwindow/WindowTest.h"
 
-#include "app/settings/GetSet.h"
-#include "app/settings/Settings.h"
 #include "diagram/hit/Grips.h"
 #include "diagram/interaction/Press.h"
 #include "diagram/view/SurfaceView.h"
@@ -11,6 +9,8 @@
 #include "document/MemoryWindow.h"
 #include "document/Tags.h"
 #include "mainwindow/cStatusBar.h"
+#include "settings/GetSet.h"
+#include "settings/Settings.h"
 #include "support/cRegistry.h"
 #include "support/Files.h"
 #include "timeline/TimelineNodes.h"

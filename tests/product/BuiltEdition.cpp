@@ -1,8 +1,8 @@
 #include "tests/product/BuiltEdition.h"
 
-#include "app/settings/Settings.h"
 #include "document/DoLoad.h"
 #include "product/Edition.h"
+#include "settings/Settings.h"
 #include "support/Files.h"
 #include "support/headless/HeadlessDesktop.h"
 #include "support/RegistryStore.h"

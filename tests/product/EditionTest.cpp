@@ -1,7 +1,7 @@
 // The delivered files of both editions, built from their texts and read back by the program.
-#include "app/settings/Settings.h"
 #include "document/DefaultNodes.h"
 #include "document/Tags.h"
+#include "settings/Settings.h"
 #include "support/AtomicFile.h"
 #include "support/Files.h"
 #include "tests/Paths.h"

@@ -1,5 +1,6 @@
 #include "tests/product/Faults.h"
 
+#include "diagram/geometry/Units.h"
 #include "diagram/model/AnyItem.h"
 #include "diagram/model/Calendar.h"
 #include "diagram/model/Surface.h"
@@ -19,7 +20,7 @@ namespace {
 using diagram::Link;
 using diagram::Node;
 
-constexpr double kTwips = 15, kGrid = 10 * kTwips;
+constexpr double kTwips = diagram::kTwipsPerPixel, kGrid = 10 * kTwips;
 constexpr QSizeF kPage(1123 * kTwips, 794 * kTwips);
 
 QRectF BoxOf(const Node &node) { return {node.Left(), node.Top(), node.Width(), node.Height()}; }

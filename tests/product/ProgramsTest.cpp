@@ -1,7 +1,7 @@
 // The programs of each edition's folder, started there: they find each other and the delivered files beside
 // themselves.
-#include "app/settings/Settings.h"
 #include "diagram/layout/LayoutStream.h"
+#include "settings/Settings.h"
 #include "tests/Paths.h"
 
 #include <gtest/gtest.h>

@@ -1,11 +1,11 @@
 // The delivered templates: each of them is opened as the program opens it.
-#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/render/Renderer.h"
 #include "document/DoLoad.h"
 #include "document/DoSave.h"
 #include "document/Tags.h"
 #include "product/TemplateText.h"
+#include "settings/Settings.h"
 #include "templates/LoadTemplate.h"
 #include "templates/TemplateDb.h"
 #include "templates/TemplateFiles.h"

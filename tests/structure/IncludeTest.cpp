@@ -6,6 +6,9 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMap>
 #include <QRegularExpression>
 #include <QSet>
@@ -25,16 +28,18 @@ QMap<QString, QStringList> Allowed() {
         {"support/posix/printing", {"support", "support/headless"}},
         {"support/windows", {"support"}},
         {"support/windows/printing", {"support", "support/headless"}},
-        {"app/settings", {"support"}},
+        {"settings", {"support"}},
+        {"vector/player", {"support"}},
+        {"vector/engine", {"support", "vector/player"}},
         {"storage/text", {"support"}},
         {"storage", {"support", "storage/text"}},
         {"storage/jet", {"support", "storage", "storage/text"}},
         {"storage/jet/program", {"support", "storage", "storage/text", "storage/jet"}},
     };
     // Inside the diagram component each folder may include those in front of it.
-    const QStringList diagram = {"geometry", "metafile", "shapes", "model",  "edit",        "scene", "hit",
-                                 "format",   "layout",   "render", "export", "interaction", "view"};
-    QStringList below = {"support"};
+    const QStringList diagram = {"geometry", "shapes", "model",  "edit",   "scene",       "hit",
+                                 "format",   "layout", "render", "export", "interaction", "view"};
+    QStringList below = {"support", "vector/player", "vector/engine"};
     for (const QString &part : diagram) {
         const QString folder = "diagram/" + part;
         allowed[folder] = below;
@@ -47,7 +52,7 @@ QMap<QString, QStringList> Allowed() {
     base.removeAll("diagram/interaction");
     base.removeAll("diagram/view");
     allowed["widgets"] = base;
-    allowed["document"] = base + QStringList{"storage", "storage/text", "app/settings"};
+    allowed["document"] = base + QStringList{"storage", "storage/text", "settings"};
     QStringList above = allowed["document"] + QStringList{"document"};
     allowed["timeline"] = above;
     allowed["timeline/setup"] = above + QStringList{"timeline", "widgets"};
@@ -72,14 +77,14 @@ QMap<QString, QStringList> Allowed() {
     allowed["output/powerpoint"] = above + QStringList{"output/model", "output/package", "output/compound"};
     allowed["output/powerpoint/form"] = allowed["output/powerpoint"] + QStringList{"output/powerpoint"};
     outputs << "output/powerpoint";
-    allowed["output/print"] = base + QStringList{"app/settings", "document"};
+    allowed["output/print"] = base + QStringList{"settings", "document"};
     allowed["output/print/form"] = allowed["output/print"] + QStringList{"output/print", "widgets"};
     outputs << "output/print";
     const QStringList plain = outputs + QStringList{"templates", "recovery"};
     allowed["cli"] = plain + QStringList{"support/headless"};
     allowed["product"] = allowed["cli"];
     allowed["product/desktop"] = {"support", "support/headless"};
-    allowed["product/help"] = {"support", "support/headless", "app/settings"};
+    allowed["product/help"] = {"support", "support/headless", "settings"};
     const QStringList windows =
         plain +
         QStringList{"widgets",          "dialogs", "timeline/setup", "diagram/view", "diagram/interaction",
@@ -121,6 +126,44 @@ QStringList IncludesOf(const QString &path) {
     return includes;
 }
 
+using Arrows = QMap<QString, QSet<QString>>;
+
+// From each folder of the root to all that can be reached from it.
+Arrows Followed(Arrows arrows) {
+    for (bool grown = true; grown;) {
+        grown = false;
+        for (auto from = arrows.begin(); from != arrows.end(); ++from) {
+            const QSet<QString> before = *from;
+            for (const QString &to : before) *from |= arrows.value(to);
+            grown |= from->size() > before.size();
+        }
+    }
+    return arrows;
+}
+
+Arrows AllowedBetweenTops() {
+    Arrows arrows;
+    const auto allowed = Allowed();
+    for (auto it = allowed.begin(); it != allowed.end(); ++it) {
+        const QString from = it.key().section('/', 0, 0);
+        arrows[from];
+        for (const QString &to : it.value())
+            if (to.section('/', 0, 0) != from) arrows[from] << to.section('/', 0, 0);
+    }
+    return arrows;
+}
+
+Arrows DrawnBetweenTops() {
+    QFile file(kRoot.filePath("docs/folders.json"));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    const QJsonObject slice = QJsonDocument::fromJson(file.readAll())["slices"][0].toObject();
+    Arrows arrows;
+    for (const QJsonValue node : slice["nodes"].toArray()) arrows[node["id"].toString()];
+    for (const QJsonValue link : slice["links"].toArray())
+        arrows[link["from"].toString()] << link["to"].toString();
+    return arrows;
+}
+
 bool Reaches(const QString &from, const QString &to, const QMap<QString, QStringList> &graph,
              QSet<QString> &seen) {
     for (const QString &next : graph.value(from)) {
@@ -149,6 +192,12 @@ TEST(Folders, AreAllKnownAndNoOthers) {
     for (const QString &folder : allowed.keys()) {
         EXPECT_TRUE(there.contains(folder)) << qPrintable(folder) << " isn't there";
     }
+}
+
+TEST(Folders, AreDrawnAsTheyMayIncludeOneAnother) {
+    const Arrows drawn = Followed(DrawnBetweenTops()), allowed = Followed(AllowedBetweenTops());
+    EXPECT_EQ(drawn.keys(), allowed.keys());
+    for (const QString &from : allowed.keys()) EXPECT_EQ(drawn[from], allowed[from]) << qPrintable(from);
 }
 
 TEST(Includes, PointOnlyAtFoldersBelow) {

@@ -1,7 +1,7 @@
 #include "templates/BarDetails.h"
 
-#include "app/settings/DeliveredFiles.h"
-#include "app/settings/Settings.h"
+#include "settings/DeliveredFiles.h"
+#include "settings/Settings.h"
 #include "storage/Database.h"
 #include "support/AtomicFile.h"
 #include "support/Files.h"

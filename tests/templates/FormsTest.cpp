@@ -1,6 +1,6 @@
-#include "app/settings/DeliveredFiles.h"
-#include "app/settings/Settings.h"
 #include "dialogs/clsCompactPath.h"
+#include "settings/DeliveredFiles.h"
+#include "settings/Settings.h"
 #include "support/AtomicFile.h"
 #include "support/Files.h"
 #include "templates/forms/frmRB.h"

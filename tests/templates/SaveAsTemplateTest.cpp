@@ -1,7 +1,7 @@
 #include "templates/SaveAsTemplate.h"
 
-#include "app/settings/DeliveredFiles.h"
 #include "diagram/format/SurfaceFile.h"
+#include "settings/DeliveredFiles.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Files.h"

@@ -1,8 +1,8 @@
 #include "tests/templates/TemplatesTest.h"
 
-#include "app/settings/DeliveredFiles.h"
-#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
+#include "settings/DeliveredFiles.h"
+#include "settings/Settings.h"
 #include "support/AtomicFile.h"
 #include "support/Files.h"
 #include "templates/SaveAsTemplate.h"

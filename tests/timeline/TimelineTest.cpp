@@ -1,7 +1,7 @@
 #include "tests/timeline/TimelineTest.h"
 
-#include "app/settings/Settings.h"
 #include "document/Tags.h"
+#include "settings/Settings.h"
 #include "timeline/Arrange.h"
 
 #include <algorithm>

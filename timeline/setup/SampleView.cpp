@@ -1,5 +1,7 @@
 #include "timeline/setup/SampleView.h"
 
+#include "diagram/geometry/Units.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -8,7 +10,7 @@ namespace timeline {
 
 namespace {
 
-constexpr double kTwipsOfPixel = 15;
+using diagram::kTwipsPerPixel;
 constexpr double kReach = 6;      // pixels around an edge that can be dragged
 constexpr double kSmallest = 150; // twips
 constexpr double kStep = 75;      // of the keys, twips
@@ -46,7 +48,7 @@ void SampleView::Refresh() {
 }
 
 void SampleView::Centre() {
-    surface_.SetSize(float(width() * kTwipsOfPixel), float(height() * kTwipsOfPixel));
+    surface_.SetSize(float(width() * kTwipsPerPixel), float(height() * kTwipsPerPixel));
     if (!node_) return;
     node_->SetLeft(surface_.Width() / 2 - node_->Width() / 2);
     node_->SetTop(surface_.Height() / 2 - node_->Height() / 2);
@@ -61,7 +63,7 @@ void SampleView::SetNodeSize(double width, double height) {
 
 QRectF SampleView::NodeBox() const {
     const QRectF box = node_->Bounds();
-    return {box.topLeft() / kTwipsOfPixel, box.size() / kTwipsOfPixel};
+    return {box.topLeft() / kTwipsPerPixel, box.size() / kTwipsPerPixel};
 }
 
 Qt::Orientations SampleView::EdgesAt(const QPointF &pixels) const {
@@ -93,7 +95,7 @@ void SampleView::mousePressEvent(QMouseEvent *event) {
 // The opposite edge follows: the node stays in the middle.
 void SampleView::mouseMoveEvent(QMouseEvent *event) {
     if (!dragged_) return setCursor(PointerOf(EdgesAt(event->position())));
-    const QPointF away = (event->position() - QRectF(rect()).center()) * kTwipsOfPixel * 2;
+    const QPointF away = (event->position() - QRectF(rect()).center()) * kTwipsPerPixel * 2;
     SetNodeSize(dragged_ & Qt::Horizontal ? qAbs(away.x()) : double(node_->Width()),
                 dragged_ & Qt::Vertical ? qAbs(away.y()) : double(node_->Height()));
 }

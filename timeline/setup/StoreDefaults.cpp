@@ -1,12 +1,12 @@
 #include "timeline/setup/StoreDefaults.h"
 
-#include "app/settings/DeliveredFiles.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Surface.h"
 #include "document/cLevels.h"
 #include "document/DefaultNodes.h"
 #include "document/MapSchema.h"
 #include "document/TemplateFile.h"
+#include "settings/DeliveredFiles.h"
 #include "timeline/TimelineNodes.h"
 
 namespace timeline {

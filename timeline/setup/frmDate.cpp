@@ -1,6 +1,6 @@
 #include "timeline/setup/frmDate.h"
 
-#include "app/settings/Settings.h"
+#include "settings/Settings.h"
 #include "timeline/DateText.h"
 #include "timeline/MonthNames.h"
 #include "timeline/MoveDates.h"

@@ -1,5 +1,6 @@
 #include "diagram/layout/engine/Layered.h"
 
+#include "diagram/geometry/Units.h"
 #include "diagram/layout/LayeredElsewhere.h"
 #include "diagram/layout/Orientation.h"
 #include "support/Error.h"
@@ -12,9 +13,6 @@ extern "C" gvplugin_library_t gvplugin_dot_layout_LTX_library;
 namespace diagram {
 
 namespace {
-
-constexpr double kTwipsOfInch = 1440;
-constexpr double kTwipsOfPoint = 20;
 
 struct FreeContext {
     void operator()(GVC_t *context) const { gvFreeContext(context); }
@@ -35,7 +33,7 @@ char *Text(const char *text) { return const_cast<char *>(text); }
 void Set(void *object, const char *name, const QByteArray &value) {
     agsafeset(object, Text(name), Text(value.constData()), Text(""));
 }
-QByteArray Inches(double twips) { return QByteArray::number(twips / kTwipsOfInch, 'g', 12); }
+QByteArray Inches(double twips) { return QByteArray::number(twips / kTwipsPerInch, 'g', 12); }
 
 class Drawing {
 public:
@@ -55,7 +53,7 @@ public:
         centres.reserve(boxes_.size());
         // The engine's y goes upwards.
         for (Agnode_t *box : boxes_)
-            centres.emplace_back(ND_coord(box).x * kTwipsOfPoint, -ND_coord(box).y * kTwipsOfPoint);
+            centres.emplace_back(ND_coord(box).x * kTwipsPerPoint, -ND_coord(box).y * kTwipsPerPoint);
         gvFreeLayout(context_.get(), graph_.get());
         return centres;
     }

@@ -1,6 +1,6 @@
 #include "output/export/form/frmExport.h"
 
-#include "app/settings/Settings.h"
+#include "settings/Settings.h"
 #include "support/cOpenFile.h"
 #include "support/Error.h"
 

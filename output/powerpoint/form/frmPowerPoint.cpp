@@ -1,7 +1,7 @@
 #include "output/powerpoint/form/frmPowerPoint.h"
 
-#include "app/settings/Settings.h"
 #include "document/MapWindow.h"
+#include "settings/Settings.h"
 #include "support/cOpenFile.h"
 #include "support/Error.h"
 

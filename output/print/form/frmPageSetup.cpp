@@ -1,7 +1,7 @@
 #include "output/print/form/frmPageSetup.h"
 
-#include "app/settings/Settings.h"
 #include "output/print/StorePageSetup.h"
+#include "settings/Settings.h"
 #include "support/Desktop.h"
 #include "support/Error.h"
 

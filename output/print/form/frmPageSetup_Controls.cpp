@@ -1,6 +1,6 @@
-#include "app/settings/Settings.h"
 #include "output/print/Fields.h"
 #include "output/print/form/frmPageSetup.h"
+#include "settings/Settings.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>

@@ -1,5 +1,6 @@
 #include "output/print/form/frmPrint.h"
 
+#include "diagram/geometry/Units.h"
 #include "output/print/form/PagesProgress.h"
 #include "output/print/form/PreviewSheets.h"
 #include "support/Error.h"
@@ -177,8 +178,8 @@ void frmPrint::tlbPint_ButtonMenuClick(const QString &key, int number) {
 
 // Of the window in twips.
 QSizeF frmPrint::ScrollBars() const {
-    constexpr double kTwipsOfPixel = 15;
-    const double side = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this) * kTwipsOfPixel;
+    const double side =
+        style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this) * diagram::kTwipsPerPixel;
     return {side, side};
 }
 

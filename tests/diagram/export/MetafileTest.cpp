@@ -1,10 +1,10 @@
 #include "diagram/export/Export.h"
-#include "diagram/export/WmfEngine.h"
-#include "diagram/metafile/CodePage.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/Shapes.h"
 #include "MetafileReader.h"
 #include "support/AtomicFile.h"
+#include "vector/engine/WmfEngine.h"
+#include "vector/player/CodePage.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -58,8 +58,8 @@ Node &OneNode(Surface &surface) {
     return node;
 }
 
-Played Wmf(Surface &surface) { return ReadWmf(ExportMetafile(surface, MetafileKind::Wmf)); }
-Played Emf(Surface &surface) { return ReadEmf(ExportMetafile(surface, MetafileKind::Emf)); }
+Played Wmf(Surface &surface) { return ReadWmf(ExportMetafile(surface, vector::MetafileKind::Wmf)); }
+Played Emf(Surface &surface) { return ReadEmf(ExportMetafile(surface, vector::MetafileKind::Emf)); }
 
 QImage HalfClear() {
     QImage image(10, 6, QImage::Format_ARGB32);
@@ -93,8 +93,8 @@ TEST(Metafile, ManyColours_ReuseSlots) {
     Surface surface;
     for (int i = 0; i < 500; ++i)
         surface.Nodes().Add(100 * float(i), 0, 50, 50).SetFillColor(support::Rgb(i % 250, i / 2, 9));
-    for (const MetafileKind kind : {MetafileKind::Wmf, MetafileKind::Emf}) {
-        const bool wmf = kind == MetafileKind::Wmf;
+    for (const vector::MetafileKind kind : {vector::MetafileKind::Wmf, vector::MetafileKind::Emf}) {
+        const bool wmf = kind == vector::MetafileKind::Wmf;
         const Played played = wmf ? Wmf(surface) : Emf(surface);
         ASSERT_TRUE(played.good);
         ExpectSlotsKept(played, wmf);
@@ -123,8 +123,8 @@ TEST(Metafile, ThePage_IsTheExtentAndItsMargin) {
     surface.Nodes().Add(1000, 1000, 1200, 600).SetDrawWidth(0);
     ExportOptions options;
     options.margin = 400;
-    const Played wmf = ReadWmf(ExportMetafile(surface, MetafileKind::Wmf, options));
-    const Played emf = ReadEmf(ExportMetafile(surface, MetafileKind::Emf, options));
+    const Played wmf = ReadWmf(ExportMetafile(surface, vector::MetafileKind::Wmf, options));
+    const Played emf = ReadEmf(ExportMetafile(surface, vector::MetafileKind::Emf, options));
     EXPECT_NEAR(wmf.page.width(), 2000, 80);
     EXPECT_NEAR(wmf.page.height(), 1400, 80);
     EXPECT_EQ(wmf.page, emf.page);
@@ -232,7 +232,7 @@ TEST(Metafile, Text_BecomesOutlinesWhereTheKindLacksItsLetters) {
 }
 
 TEST(Metafile, LettersThatTheCodePageLacks_AreTheNearestInLongLines) {
-    EXPECT_EQ(ToWindows1252(QString::fromUtf8("a\U0001F600b")), QByteArray("a?\0b", 4));
+    EXPECT_EQ(vector::ToWindows1252(QString::fromUtf8("a\U0001F600b")), QByteArray("a?\0b", 4));
     Surface surface;
     Node &node = surface.Nodes().Add(0, 0, 3e6f, 750);
     node.SetText(QString::fromUtf8("\u0107\U0001F600").repeated(1000));
@@ -302,8 +302,8 @@ TEST(Metafile, LinesWithinAForm_AreClippedOrCutToIt) {
 }
 
 TEST(Metafile, PicturesWithinAForm_AreCutOutByBoxes) {
-    WmfEngine engine(QSizeF(1000, 1000), 1440, qRgb(255, 255, 255));
-    VectorDevice device(engine);
+    vector::WmfEngine engine(QSizeF(1000, 1000), 1440, qRgb(255, 255, 255));
+    vector::VectorDevice device(engine);
     QPainter painter(&device);
     QPainterPath form;
     form.addEllipse(100, 100, 800, 800);

@@ -170,7 +170,7 @@ TEST_F(Clipboard, PasteOutOfSight_ComesIntoSight) {
 
 TEST_F(Clipboard, Metafile_GivesANodeThatKeepsItsBytes) {
     for (const auto &[type, kind] :
-         {std::pair("image/x-emf", MetafileKind::Emf), {"image/x-wmf", MetafileKind::Wmf}}) {
+         {std::pair("image/x-emf", vector::MetafileKind::Emf), {"image/x-wmf", vector::MetafileKind::Wmf}}) {
         const QByteArray bytes = ExportMetafile(surface, kind);
         Hold(type, bytes);
         view->Paste();
@@ -224,9 +224,11 @@ TEST_F(Clipboard, AnotherWindowPastesWhatThisOneCopied) {
 TEST_F(Clipboard, PictureOfTheSurface_IsOfferedInEveryForm) {
     surface.SetBackColor(support::Rgb(250, 240, 230));
     PictureToClipboard(surface);
-    EXPECT_EQ(ReadMetafileHead(Held().data(QStringLiteral("image/x-emf")))->kind, MetafileKind::Emf);
+    EXPECT_EQ(vector::ReadMetafileHead(Held().data(QStringLiteral("image/x-emf")))->kind,
+              vector::MetafileKind::Emf);
     EXPECT_EQ(Held().data(QStringLiteral("image/emf")), Held().data(QStringLiteral("image/x-emf")));
-    EXPECT_EQ(ReadMetafileHead(Held().data(QStringLiteral("image/wmf")))->kind, MetafileKind::Wmf);
+    EXPECT_EQ(vector::ReadMetafileHead(Held().data(QStringLiteral("image/wmf")))->kind,
+              vector::MetafileKind::Wmf);
     EXPECT_TRUE(Held().data(QStringLiteral("image/svg+xml")).contains("first"));
     const QImage image = qvariant_cast<QImage>(Held().imageData());
     EXPECT_EQ(image.size(), ExportImage(surface).size());

@@ -1,5 +1,6 @@
 // Writes pictures of plans on a timeline, as the screen shows them, to be looked at.
 //   velmora-strips [FOLDER]     (build/gallery/strips when left out)
+#include "diagram/geometry/Units.h"
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
@@ -25,7 +26,7 @@ using namespace diagram;
 
 namespace {
 
-constexpr float kTwips = 15;
+constexpr float kTwips = float(diagram::kTwipsPerPixel);
 constexpr const char *kArrangements[] = {"left", "right", "top", "bottom", "center"};
 constexpr support::Colour kFills[] = {0xF7E3CF, 0xDBEED3, 0xBCE9FC, 0xCAD6F9, 0xF3D9E2};
 constexpr float kNodeWidth = 120, kNodeHeight = 40; // pixels

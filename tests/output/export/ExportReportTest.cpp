@@ -1,8 +1,8 @@
 #include "output/export/ExportReport.h"
 
-#include "app/settings/GetSet.h"
 #include "diagram/format/SurfaceFile.h"
 #include "output/export/ReportNames.h"
+#include "settings/GetSet.h"
 #include "tests/output/export/ExportTest.h"
 #include "timeline/TimelineNodes.h"
 

@@ -1,6 +1,6 @@
 #include "tests/output/export/ExportTest.h"
 
-#include "app/settings/Settings.h"
+#include "settings/Settings.h"
 #include "support/AtomicFile.h"
 #include "tests/Paths.h"
 

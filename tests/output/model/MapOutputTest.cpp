@@ -1,8 +1,8 @@
 #include "output/model/MapOutput.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "document/Tags.h"
+#include "settings/Settings.h"
 #include "tests/document/MapTest.h"
 #include "timeline/TimelineNodes.h"
 

@@ -1,8 +1,8 @@
 #include "output/powerpoint/form/frmPowerPoint.h"
 
-#include "app/settings/GetSet.h"
-#include "app/settings/Settings.h"
 #include "document/MapWindow.h"
+#include "settings/GetSet.h"
+#include "settings/Settings.h"
 #include "tests/output/powerpoint/PptxTest.h"
 
 #include <QCheckBox>

@@ -1,9 +1,9 @@
 #include "output/print/LoadedPrint.h"
 
-#include "app/settings/GetSet.h"
-#include "app/settings/Settings.h"
 #include "diagram/model/Node.h"
 #include "output/print/StorePageSetup.h"
+#include "settings/GetSet.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 #include "tests/output/print/PrintTest.h"
 

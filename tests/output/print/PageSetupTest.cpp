@@ -1,6 +1,6 @@
 #include "output/print/PageSetup.h"
 
-#include "app/settings/GetSet.h"
+#include "settings/GetSet.h"
 #include "support/testing/ScriptedDesktop.h"
 
 #include <gtest/gtest.h>

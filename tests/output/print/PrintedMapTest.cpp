@@ -1,10 +1,10 @@
 #include "output/print/PrintedMap.h"
 
-#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Link.h"
 #include "diagram/model/Node.h"
 #include "document/MemoryWindow.h"
+#include "settings/Settings.h"
 #include "tests/output/print/PrintTest.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 // The form for the date of a node.
 #include "timeline/setup/frmDate.h"
 
-#include "app/settings/Settings.h"
+#include "settings/Settings.h"
 
 #include <gtest/gtest.h>
 #include <QCalendarWidget>

@@ -1,9 +1,9 @@
 // What the user does in the setup form, and what OK and the other buttons make of it.
-#include "app/settings/Settings.h"
 #include "diagram/format/SurfaceFile.h"
 #include "document/MapSchema.h"
 #include "document/Tags.h"
 #include "document/TemplateFile.h"
+#include "settings/Settings.h"
 #include "tests/timeline/setup/SetupTest.h"
 #include "timeline/Arrange.h"
 #include "timeline/setup/SampleView.h"
