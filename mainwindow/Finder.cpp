@@ -10,13 +10,14 @@
 #include "mainwindow/WindowStatus.h"
 #include "timeline/AdjustLinks.h"
 #include "timeline/DateWords.h"
+#include "timeline/LineUp.h"
 
 #include <algorithm>
 #include <functional>
 #include <list>
+#include <map>
 #include <QCoreApplication>
 #include <QLocale>
-#include <set>
 
 namespace mainwindow {
 
@@ -37,26 +38,32 @@ constexpr CommandRow kRows[] = {
      "Shift+F3"},
 };
 
-// One step on each slice; at the end the nodes whose texts were replaced take the ends of their timeline
-// links along.
+// One step on each slice.
 class Replacing {
 public:
-    Replacing(frmMain &window, const std::vector<document::FindHit> &hits) : window_(window), hits_(hits) {
-        std::set<int> slices;
-        for (const document::FindHit &hit : hits)
-            if (slices.insert(hit.slice).second) steps_.emplace_back(window.AddFlow1()[hit.slice]);
-    }
-    ~Replacing() {
-        for (const document::FindHit &hit : hits_)
-            if (diagram::Node *node = window_.AddFlow1()[hit.slice].FindNode(hit.item))
-                timeline::AdjustLinksOf({node});
+    Replacing(frmMain &window, const std::vector<document::FindHit> &hits) : window_(window) {
+        for (const document::FindHit &hit : hits) {
+            diagram::Surface &surface = window.AddFlow1()[hit.slice];
+            if (!nodes_.contains(hit.slice)) steps_.emplace_back(surface);
+            std::vector<diagram::Node *> &nodes = nodes_[hit.slice];
+            if (diagram::Node *node = surface.FindNode(hit.item)) nodes.push_back(node);
+        }
     }
     Replacing(const Replacing &) = delete;
     Replacing &operator=(const Replacing &) = delete;
 
+    // Nodes may be as large as their texts: each takes the end of its timeline link along, or goes back to
+    // its date.
+    void Settle() {
+        for (const auto &[slice, nodes] : nodes_) {
+            timeline::FollowDates(window_, window_.AddFlow1()[slice], nodes);
+            timeline::AdjustLinksOf(nodes);
+        }
+    }
+
 private:
     frmMain &window_;
-    const std::vector<document::FindHit> &hits_;
+    std::map<int, std::vector<diagram::Node *>> nodes_; // by their slices
     std::list<ActionGroup> steps_;
 };
 
@@ -150,9 +157,10 @@ void Finder::Replace(bool all) {
         if (!all) hits = {hit_};
         int changed = 0;
         {
-            const Replacing steps(window_, hits);
+            Replacing steps(window_, hits);
             changed = document::ReplaceText(window_.AddFlow1(), hits, bar_->Sought(), bar_->Replacement(),
                                             bar_->Options());
+            if (changed > 0) steps.Settle();
         }
         if (changed > 0) window_.clsSettings().Dirty = true;
         if (all) {

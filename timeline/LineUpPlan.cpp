@@ -7,7 +7,7 @@ namespace timeline {
 
 namespace {
 
-constexpr RowGaps kGaps{150, 300, 600};
+constexpr RowGaps kGaps{.along = 150, .across = 300, .lanes = 600, .linked = 390};
 
 // A box seen along and across the strip.
 class Turned {

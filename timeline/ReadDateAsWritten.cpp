@@ -4,6 +4,7 @@
 #include "document/Tags.h"
 #include "timeline/DateStep.h"
 #include "timeline/DateText.h"
+#include "timeline/DayWords.h"
 #include "timeline/MonthNames.h"
 #include "timeline/Period.h"
 #include "timeline/TimelineNodes.h"
@@ -158,6 +159,18 @@ QString Why(const QString &text, const QLocale &locale) {
     return Tr("This is not understood as a date");
 }
 
+// Nothing for what none of them reads.
+std::optional<DateRead> ReadBy(const QString &plain, const PeriodView &from) {
+    for (const auto reader : kReaders) {
+        const Reading date = reader(plain, from);
+        if (!date) continue;
+        if (!date->isValid()) return DateRead{std::nullopt, Tr("There is no such day")};
+        if (!IsInYears(*date)) return DateRead{std::nullopt, YearsInWords()};
+        return DateRead{*date, InFull(*date, from.locale)};
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 PeriodView PeriodsFrom(const DateView &view, const QLocale &locale) {
@@ -181,14 +194,9 @@ QString YearsInWords() { return Tr("Dates go from the year %1 to %2").arg(kFirst
 DateRead ReadDateAsWritten(const QString &text, const DateView &view, const QLocale &locale) {
     const QString plain = Plain(text).simplified();
     const PeriodView from = PeriodsFrom(view, locale);
-    for (const auto reader : kReaders) {
-        const Reading date = reader(plain, from);
-        if (!date) continue;
-        if (!date->isValid()) return {std::nullopt, Tr("There is no such day")};
-        if (!IsInYears(*date)) return {std::nullopt, YearsInWords()};
-        return {*date, InFull(*date, locale)};
-    }
-    return {std::nullopt, Why(plain, locale)};
+    if (const QString english = WithEnglishWords(plain, locale); english != plain)
+        if (const std::optional<DateRead> read = ReadBy(english, from); read && read->date) return *read;
+    return ReadBy(plain, from).value_or(DateRead{std::nullopt, Why(plain, locale)});
 }
 
 QString InFull(const QDate &date, const QLocale &locale) {

@@ -2,6 +2,7 @@
 
 #include "timeline/DateStep.h"
 #include "timeline/DateText.h"
+#include "timeline/DayWords.h"
 #include "timeline/MonthNames.h"
 #include "timeline/Period.h"
 
@@ -115,18 +116,24 @@ private:
     const QLocale &locale_;
 };
 
-} // namespace
-
-SpanRead ReadSpanAsWritten(const QString &text, const DateView &view, const QLocale &locale) {
-    QString plain = Simple(text);
+SpanRead ReadPlain(QString plain, const DateView &view, const QLocale &locale) {
     if (plain.startsWith(QLatin1String("from "))) plain.remove(0, 5);
     const Reader reader(view, locale);
     if (const auto lasting = reader.Lasting(plain)) return *lasting;
     const std::optional<SpanRead> both = reader.FromTo(plain);
     if (both && both->span && IsCutClearly(plain)) return *both;
-    const DateRead day = ReadDateAsWritten(text, view, locale);
+    const DateRead day = ReadDateAsWritten(plain, view, locale);
     if (day.date) return {Span{*day.date}, day.told};
     return both.value_or(SpanRead{std::nullopt, day.told});
+}
+
+} // namespace
+
+SpanRead ReadSpanAsWritten(const QString &text, const DateView &view, const QLocale &locale) {
+    const QString plain = Simple(text), english = WithEnglishWords(plain, locale);
+    if (english != plain)
+        if (const SpanRead read = ReadPlain(english, view, locale); read.span) return read;
+    return ReadPlain(plain, view, locale);
 }
 
 } // namespace timeline

@@ -32,6 +32,7 @@ struct StripEdges {
 // Room between neighbours.
 struct RowGaps {
     double along = 0, across = 0, lanes = 0;
+    double linked = 0; // along, at least, between two of a row with a link from one to the other
 };
 
 enum class RowOrder {
@@ -46,9 +47,5 @@ enum class RowOrder {
 std::vector<double> PlanRows(const std::vector<PlannedBar> &bars, const std::vector<BarLink> &links,
                              const StripEdges &strip, const RowGaps &gaps, RowOrder order,
                              const std::vector<FixedBox> &fixed = {});
-
-// How often straight links between the middles of the bars cross.
-int CountCrossings(const std::vector<PlannedBar> &bars, const std::vector<BarLink> &links,
-                   const std::vector<double> &middles);
 
 } // namespace timeline

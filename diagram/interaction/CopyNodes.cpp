@@ -2,7 +2,6 @@
 
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/interaction/CopiedDates.h"
-#include "diagram/interaction/GrowPage.h"
 #include "diagram/interaction/MoveNodes.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/scene/Scene.h"
@@ -71,8 +70,7 @@ void CopyNodes::Commit(const PointerInput &input) {
         PasteBytes(surface, SaveSelection(surface), float(distance.x()), float(distance.y()));
         const std::vector<Link *> links = surface.SelectedLinks();
         for (Link *link : links) link->SetSelected(false);
-        GrowPage(surface, stage_.Days(), extent_.translated(distance), extent_);
-        DateSelected(surface, stage_.Days(), dates);
+        SettleCopies(surface, stage_.Days(), dates, extent_.translated(distance), extent_);
         surface.Events().AfterMove(surface);
     });
 }

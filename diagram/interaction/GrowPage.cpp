@@ -59,14 +59,18 @@ void ShiftAll(Surface &surface, float dx, float dy) {
         surface.Overwrite(*surface.Links()[i], std::move(links[i]));
 }
 
-void GrowPage(Surface &surface, DayStrip &days, const QRectF &dropped, const QRectF &former) {
+bool MakeRoom(Surface &surface, const QRectF &dropped, const QRectF &former) {
     const double step = surface.SnapToGrid() ? double(surface.GridSize()) : kStep;
     const auto right = float(Missing(dropped.left(), former.left(), step));
     const auto down = float(Missing(dropped.top(), former.top(), step));
-    if (right == 0 && down == 0) return;
+    if (right == 0 && down == 0) return false;
     ShiftAll(surface, right, down);
     surface.PageGrown(right, down);
-    days.Arrange(surface);
+    return true;
+}
+
+void GrowPage(Surface &surface, DayStrip &days, const QRectF &dropped, const QRectF &former) {
+    if (MakeRoom(surface, dropped, former)) days.Arrange(surface);
 }
 
 } // namespace diagram

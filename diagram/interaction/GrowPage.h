@@ -14,6 +14,9 @@ class Surface;
 // before its event.
 void GrowPage(Surface &surface, DayStrip &days, const QRectF &dropped, const QRectF &former = {});
 
+// The same without the strip of days, for callers that lay it out anyway. False where nothing was to be done.
+bool MakeRoom(Surface &surface, const QRectF &dropped, const QRectF &former = {});
+
 // Everything on the surface moved by the distance (twips) as it stands: no way changes its form.
 void ShiftAll(Surface &surface, float dx, float dy);
 

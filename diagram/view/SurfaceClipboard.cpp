@@ -79,8 +79,7 @@ void AddItems(Scene &scene, const CopiedItems &items, const QPointF &shift, DayS
     ChangeSelection(surface, [&] {
         surface.UnselectAll();
         PasteBytes(surface, items.bytes, float(shift.x()), float(shift.y()));
-        GrowPage(surface, days, SelectedExtent(surface));
-        DateSelected(surface, days, items.dates);
+        SettleCopies(surface, days, items.dates, SelectedExtent(surface));
     });
 }
 

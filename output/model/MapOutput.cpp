@@ -5,6 +5,8 @@
 #include "document/Tags.h"
 #include "settings/Settings.h"
 #include "support/Files.h"
+#include "timeline/DateText.h"
+#include "timeline/Span.h"
 
 #include <QCoreApplication>
 
@@ -17,6 +19,15 @@ QString Tr(const char *text) { return QCoreApplication::translate("output", text
 bool IsDateLink(const diagram::Link &link) { return !link.Selectable() && link.Marked(); }
 bool IsOrdinaryLink(const diagram::Link &link) { return link.Selectable() && !link.Marked(); }
 
+// The day that the link leads to; of a node with an end, from there to its last day.
+QString DateText(const diagram::Node &node, const diagram::Link &link) {
+    const QString day = link.Destination().Text();
+    const std::optional<timeline::Span> span =
+        &link.Source() == &node ? timeline::SpanOfNode(node) : std::nullopt;
+    if (!span || !span->last) return day;
+    return day + QStringLiteral(" - ") + timeline::FormatDate(*span->last, timeline::kDayPattern);
+}
+
 // The links of a node are those that arrive, too: such a one leads to the node itself.
 NodeOutput ReadNode(const diagram::Node &node, document::clsfrmMain &settings) {
     NodeOutput read;
@@ -26,7 +37,7 @@ NodeOutput ReadNode(const diagram::Node &node, document::clsfrmMain &settings) {
     read.level = settings.Levels().LevelNameForKey(document::GetTag(node, document::tags::kLevel));
     read.groups = settings.Groups().GroupNameForKey(document::GetTag(node, document::tags::kGroup));
     for (const diagram::Link *link : node.Links()) {
-        if (IsDateLink(*link)) read.dates << link->Destination().Text();
+        if (IsDateLink(*link)) read.dates << DateText(node, *link);
         if (IsOrdinaryLink(*link)) read.linksTo << link->Destination().Text();
     }
     return read;

@@ -17,7 +17,7 @@ struct NodeOutput {
     QString text, event;
     QString level;       // its name; empty for none
     QString groups;      // their names, separated by commas
-    QStringList dates;   // texts of the days that date links lead to
+    QStringList dates;   // texts of the days that date links lead to, with the last day of what lasts
     QStringList linksTo; // texts of the nodes that ordinary links lead to
     bool hidden = false;
 };

@@ -3,6 +3,8 @@
 
 #include "mainwindow/FindBar.h"
 #include "mainwindow/ItemDescription.h"
+#include "timeline/AtDates.h"
+#include "timeline/LineUp.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -63,6 +65,24 @@ TEST_F(FoundByDate, ReplacingLeavesDatesAlone) {
     Q_EMIT bar.ReplaceAll();
     EXPECT_EQ(timeline::DateOfNode(node), QStringLiteral("14 March 2004"));
     EXPECT_EQ(node.Text(), QStringLiteral("Launch"));
+}
+
+TEST_F(FoundByDate, ANodeThatGrowsWithItsTextStaysAtItsDate) {
+    timeline::SetKeepsNodesAtDates(window.CurrentSurface(), true);
+    node.SetAutoSize(3);
+    timeline::FollowDates(window, window.CurrentSurface());
+    const double centre = node.Bounds().center().x();
+    const float width = node.Width();
+    Press(window, QStringLiteral("Ctrl+H"));
+    bar.findChild<QLineEdit *>(QStringLiteral("txtFind"))->setText(QStringLiteral("Launch"));
+    bar.findChild<QLineEdit *>(QStringLiteral("txtReplace"))
+        ->setText(QStringLiteral("Launch in all of the shops"));
+    Q_EMIT bar.ReplaceAll();
+    EXPECT_GT(node.Width(), width + 300);
+    EXPECT_NEAR(node.Bounds().center().x(), centre, 1);
+    Press(window, QStringLiteral("Ctrl+Z"));
+    EXPECT_EQ(node.Text(), QStringLiteral("Launch"));
+    EXPECT_EQ(node.Width(), width);
 }
 
 TEST_F(FoundByDate, AScreenReaderHearsTheDate) {

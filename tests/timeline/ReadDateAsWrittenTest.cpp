@@ -188,4 +188,103 @@ TEST_F(TimelineTest, ADateIsSeenFromTheMonthsOfTheStrip) {
 }
 
 } // namespace testing
+TEST(DateAsWritten, TheWordsForDaysAreThoseOfTheLanguage) {
+    const QLocale dutch(QLocale::Dutch), italian(QLocale::Italian), spanish(QLocale::Spanish);
+    Expect({{"heute", "2026-11-20"},
+            {"Morgen", "2026-11-21"},
+            {"übermorgen", "2026-11-22"},
+            {"gestern", "2026-11-19"},
+            {"vorgestern", "2026-11-18"},
+            {"tomorrow", "2026-11-21"}},
+           kGerman);
+    Expect({{"aujourd’hui", "2026-11-20"},
+            {"aujourd'hui", "2026-11-20"},
+            {"demain", "2026-11-21"},
+            {"après-demain", "2026-11-22"},
+            {"hier", "2026-11-19"},
+            {"avant-hier", "2026-11-18"}},
+           kFrench);
+    Expect({{"hoy", "2026-11-20"},
+            {"mañana", "2026-11-21"},
+            {"pasado mañana", "2026-11-22"},
+            {"ayer", "2026-11-19"},
+            {"anteayer", "2026-11-18"}},
+           spanish);
+    Expect({{"oggi", "2026-11-20"},
+            {"domani", "2026-11-21"},
+            {"dopodomani", "2026-11-22"},
+            {"ieri", "2026-11-19"},
+            {"l'altro ieri", "2026-11-18"}},
+           italian);
+    Expect({{"vandaag", "2026-11-20"},
+            {"morgen", "2026-11-21"},
+            {"overmorgen", "2026-11-22"},
+            {"gisteren", "2026-11-19"},
+            {"eergisteren", "2026-11-18"}},
+           dutch);
+    Expect({{"heute", "none"}, {"morgen", "none"}, {"hoy", "none"}});
+}
+
+TEST(DateAsWritten, WordsBesideDaysAndMonthsAreThoseOfTheLanguage) {
+    const QLocale dutch(QLocale::Dutch), italian(QLocale::Italian), spanish(QLocale::Spanish);
+    Expect({{"nächsten Freitag", "2026-11-27"},
+            {"am kommenden Montag", "2026-11-23"},
+            {"letzten Montag", "2026-11-16"},
+            {"am 14. März", "2027-03-14"},
+            {"in 3 Wochen", "2026-12-11"},
+            {"in einem Monat", "2026-12-20"},
+            {"vor 2 Tagen", "2026-11-18"},
+            {"+2 Wochen", "2026-12-04"},
+            {"nächste Woche", "2026-11-23"},
+            {"Ende März", "2027-03-31"},
+            {"Ende des Monats", "2026-11-30"},
+            {"Monatsende", "2026-11-30"},
+            {"Anfang nächsten Jahres", "2027-01-01"},
+            {"Mitte Juni 2027", "2027-06-15"}},
+           kGerman);
+    Expect({{"vendredi prochain", "2026-11-27"},
+            {"lundi dernier", "2026-11-16"},
+            {"le 14 mars", "2027-03-14"},
+            {"1er mars", "2027-03-01"},
+            {"dans 3 semaines", "2026-12-11"},
+            {"il y a 2 jours", "2026-11-18"},
+            {"la semaine prochaine", "2026-11-23"},
+            {"l'année prochaine", "2027-01-01"},
+            {"fin mars", "2027-03-31"},
+            {"fin d'octobre", "2027-10-31"},
+            {"mi-juin 2027", "2027-06-15"}},
+           kFrench);
+    Expect({{"el próximo viernes", "2026-11-27"},
+            {"el lunes pasado", "2026-11-16"},
+            {"el lunes que viene", "2026-11-23"},
+            {"14 de marzo", "2027-03-14"},
+            {"el 14 de marzo de 2028", "2028-03-14"},
+            {"en 3 semanas", "2026-12-11"},
+            {"dentro de un mes", "2026-12-20"},
+            {"hace 2 días", "2026-11-18"},
+            {"fin de marzo", "2027-03-31"}},
+           spanish);
+    Expect({{"venerdì prossimo", "2026-11-27"},
+            {"il prossimo venerdì", "2026-11-27"},
+            {"lunedì scorso", "2026-11-16"},
+            {"tra 3 settimane", "2026-12-11"},
+            {"2 giorni fa", "2026-11-18"},
+            {"fine marzo", "2027-03-31"},
+            {"metà giugno 2027", "2027-06-15"}},
+           italian);
+    Expect({{"volgende vrijdag", "2026-11-27"},
+            {"aanstaande maandag", "2026-11-23"},
+            {"afgelopen maandag", "2026-11-16"},
+            {"over 3 weken", "2026-12-11"},
+            {"2 dagen geleden", "2026-11-18"},
+            {"eind maart", "2027-03-31"}},
+           dutch);
+}
+
+TEST(DateAsWritten, WordsOfTheLanguageThatMeanNoDayAreNoDate) {
+    EXPECT_EQ(Read("bald", kGerman), "none");
+    EXPECT_EQ(Read("nächsten Sankt Nimmerlein", kGerman), "none");
+    EXPECT_EQ(Told("31. Juni", kGerman), "There is no such day");
+}
+
 } // namespace timeline

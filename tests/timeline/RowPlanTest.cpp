@@ -1,4 +1,4 @@
-#include "timeline/RowPlan.h"
+#include "timeline/Crossings.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -87,6 +87,24 @@ std::vector<double> StackedAtRandom(const Plan &plan, const std::vector<double> 
 }
 
 } // namespace
+
+TEST(RowPlan, BetweenTwoThatAreLinkedIsRoomForTheLink) {
+    constexpr RowGaps gaps{.along = 150, .across = 300, .lanes = 600, .linked = 400};
+    const std::vector<PlannedBar> near{Bar(0, 500, 1200), Bar(700, 1200, 5000)};
+    const std::vector<PlannedBar> far{Bar(0, 500, 1200), Bar(900, 1400, 5000)};
+    const auto areOneRow = [&](const std::vector<PlannedBar> &bars, const std::vector<BarLink> &links) {
+        const std::vector<double> middles = PlanRows(bars, links, kStrip, gaps, RowOrder::Choose);
+        return middles[0] == middles[1];
+    };
+    EXPECT_FALSE(areOneRow(near, {{0, 1}}));
+    EXPECT_FALSE(areOneRow(near, {{1, 0}}));
+    EXPECT_TRUE(areOneRow(near, {}));
+    EXPECT_TRUE(areOneRow(far, {{0, 1}}));
+    const std::vector<PlannedBar> byHand{Bar(0, 500, 1200), Bar(700, 1200, 1200)};
+    EXPECT_EQ(PlanRows(byHand, {{0, 1}}, kStrip, gaps, RowOrder::Keep), (std::vector{1200.0, 1200.0}))
+        << "what stands needn't move";
+    EXPECT_FALSE(areOneRow(byHand, {{0, 1}}));
+}
 
 TEST(RowPlan, BarsOfAStaircaseGatherAtTheStripAndRowsThatStoodThereKeepTheirPlace) {
     Plan stairs;

@@ -146,6 +146,24 @@ TEST_F(Spans, AreReadAsPeopleWriteThem) {
     }
 }
 
+TEST_F(Spans, AreReadInTheWordsOfTheLanguage) {
+    const std::tuple<QLocale::Language, const char *, Span> rows[] = {
+        {QLocale::German, "14. März bis 2. April", {March(14), April(2)}},
+        {QLocale::German, "vom 14. bis 20. März", {March(14), March(20)}},
+        {QLocale::German, "14. März für 2 Wochen", {March(14), March(27)}},
+        {QLocale::German, "morgen bis übermorgen", {March(2), March(3)}},
+        {QLocale::German, "heute", {March(1)}},
+        {QLocale::French, "du 14 au 20 mars", {March(14), March(20)}},
+        {QLocale::French, "14 mars pour 2 semaines", {March(14), March(27)}},
+        {QLocale::Spanish, "del 14 al 20 de marzo", {March(14), March(20)}},
+        {QLocale::Italian, "dal 14 al 20 marzo", {March(14), March(20)}},
+        {QLocale::Dutch, "van 14 tot en met 20 maart", {March(14), March(20)}},
+    };
+    for (const auto &[language, text, span] : rows)
+        EXPECT_EQ(ReadSpanAsWritten(QString::fromUtf8(text), {March(1)}, QLocale(language)).span, span)
+            << text;
+}
+
 TEST_F(Spans, WhatIsWrittenIsReadAgain) {
     for (const Span &span : {Span{March(14), April(2)}, Span{March(14), March(14)}, Span{March(14)}})
         EXPECT_EQ(ReadSpanAsWritten(AsWritten(span), {QDate(2001, 1, 1)}).span, span);

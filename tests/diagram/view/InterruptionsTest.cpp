@@ -2,6 +2,7 @@
 #include "tests/diagram/view/ViewFixture.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "tests/diagram/view/TaggedDays.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -23,7 +24,14 @@ struct Drag {
 
 class Interruptions : public ViewTest {
 protected:
-    Interruptions() : a(AddNode("a", 50, 100)), b(AddNode("b", 300, 100)), c(AddNode("c", 300, 300)) {
+    Interruptions()
+        : a(AddNode("a", 50, 100)),
+          b(AddNode("b", 300, 100)),
+          c(AddNode("c", 300, 300)),
+          dated(AddNode("dated", 60, 400)) {
+        TaggedDays::Date(dated, QDate(2027, 1, 4), QDate(2027, 1, 8));
+        dated.SetSelected(true);
+        view->SetDays(days);
         Link &link = AddLink(a, b);
         link.Points().Assign({{2250, 1950}, {3300, 3000}, {4500, 1950}});
         link.SetSelected(true);
@@ -46,7 +54,10 @@ protected:
                 {"link", LinkStart(c), QPoint(600, 450), {}},
                 {"link end", end, QPoint(600, 450), {}},
                 {"bend", bend, bend + QPoint(20, 60), {}},
-                {"segment", segment, segment + QPoint(-20, 60), {}}};
+                {"segment", segment, segment + QPoint(-20, 60), {}},
+                {"date", Body(dated), Body(dated) + QPoint(60, 10), {}},
+                {"date's end", Handle(dated, 3), Handle(dated, 3) + QPoint(60, 0), {}},
+                {"date's beginning", Handle(dated, 7), Handle(dated, 7) + QPoint(40, 0), {}}};
     }
 
     // Interrupts each kind of drag half way; afterwards everything is as before and the hand works on.
@@ -71,7 +82,8 @@ protected:
         EXPECT_EQ(UndoSteps(), 1) << "the next drag works";
     }
 
-    Node &a, &b, &c;
+    TaggedDays days;
+    Node &a, &b, &c, &dated;
     QPoint bend, end, segment;
     QByteArray saved;
     Revision revision;
@@ -114,6 +126,7 @@ TEST_F(Interruptions, OfAClickThatWouldPlaceAShape) {
 }
 
 TEST_F(Interruptions, AStepThatADragMadeAndUndoTookBackIsNoDifference) {
+    const QString tag = dated.Tag();
     for (const testing::Drag &drag : Drags()) {
         SCOPED_TRACE(drag.name);
         DragAndHold(drag.from, drag.to, drag.modifiers);
@@ -121,10 +134,12 @@ TEST_F(Interruptions, AStepThatADragMadeAndUndoTookBackIsNoDifference) {
         view->CancelGesture(); // a node that is offered
         const bool made = surface.CanUndo();
         EXPECT_EQ(surface.Revision() != revision, made);
+        EXPECT_EQ(dated.Tag() != tag, QByteArray(drag.name).startsWith("date"));
         while (surface.CanUndo()) surface.Undo();
         EXPECT_EQ(surface.Revision(), revision);
         surface.UnselectAll();
         b.SetSelected(true);
+        dated.SetSelected(true);
         surface.Links()[0]->SetSelected(true);
     }
 }

@@ -1,6 +1,7 @@
 // The page grows to the left and upwards.
 #include "tests/diagram/view/ViewFixture.h"
 
+#include "diagram/interaction/CopiedDates.h"
 #include "diagram/interaction/GrowPage.h"
 #include "diagram/model/DayStrip.h"
 
@@ -17,7 +18,10 @@ public:
         ++arranged;
         surface.SetTag(surface.Tag() + u'!');
     }
-    int arranged = 0;
+    void SetDates(Surface &, const std::vector<Dated> &dates, const std::vector<Node *> &) override {
+        dated += int(dates.size());
+    }
+    int arranged = 0, dated = 0;
 };
 
 } // namespace
@@ -154,6 +158,21 @@ TEST_F(PageGrowth, CopyDroppedBeyondTheEdge_GrowsIt) {
     EXPECT_EQ(a.Left(), 600 + 300);
     EXPECT_GE(surface.Nodes().Item(4).Left(), 0);
     EXPECT_EQ(UndoSteps(), 1);
+}
+
+TEST_F(PageGrowth, CopiesWithDates_LayTheStripOutOnce) {
+    a.SetSelected(true);
+    SettleCopies(surface, strip, {QDate(2027, 3, 14)}, QRectF(-600, 0, 300, 300));
+    EXPECT_EQ(a.Left(), 600 + 600);
+    EXPECT_EQ(strip.dated, 1);
+    EXPECT_EQ(strip.arranged, 0) << "dates do it";
+    SettleCopies(surface, strip, {QDate()}, QRectF(-600, 0, 300, 300));
+    EXPECT_EQ(strip.arranged, 1) << "no date that would";
+    SettleCopies(surface, strip, {QDate(2027, 3, 14), QDate()}, QRectF(-600, 0, 300, 300));
+    EXPECT_EQ(strip.arranged, 2) << "not those of the nodes";
+    EXPECT_EQ(strip.dated, 1);
+    SettleCopies(surface, strip, {}, QRectF(0, 0, 300, 300));
+    EXPECT_EQ(strip.arranged, 2) << "on the page";
 }
 
 TEST_F(PageGrowth, PasteAtAPointerBeyondTheEdge_GrowsIt) {

@@ -17,5 +17,6 @@ std::span<const Scene> NodeScenes();
 std::span<const Scene> LinkScenes();
 std::span<const Scene> ViewScenes();
 std::span<const Scene> KeyScenes();
+std::span<const Scene> DateScenes();
 
 } // namespace gallery

@@ -3,6 +3,7 @@
 // Screens of higher resolution are filmed by the same program with another QT_SCALE_FACTOR.
 #include "gallery/gestures/Film.h"
 #include "gallery/gestures/Scenes.h"
+#include "support/headless/HeadlessDesktop.h"
 
 #include <cstdio>
 #include <QApplication>
@@ -35,11 +36,14 @@ bool FilmAt(const char *factor, const QDir &folder) {
 int main(int argc, char **argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
+    QLocale::setDefault(QLocale::c());
+    support::HeadlessDesktop desktop(std::make_unique<support::MemoryRegistryStore>());
+    support::SetDesktop(&desktop.Get());
     const QDir folder(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("build/gallery/gestures"));
     if (!QDir().mkpath(folder.path())) return 1;
     const bool scaled = qEnvironmentVariableIsSet(kFactor);
-    for (const auto &scenes :
-         {gallery::NodeScenes(), gallery::LinkScenes(), gallery::ViewScenes(), gallery::KeyScenes()})
+    for (const auto &scenes : {gallery::NodeScenes(), gallery::LinkScenes(), gallery::ViewScenes(),
+                               gallery::KeyScenes(), gallery::DateScenes()})
         FilmAll(folder, scenes, scaled);
     if (scaled) return 0;
     return FilmAt("1.5", folder) && FilmAt("2", folder) ? 0 : 1;

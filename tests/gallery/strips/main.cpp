@@ -93,6 +93,16 @@ void AddDependency(Node &from, Node &to, bool dark) {
     link.SetArrowSizeDest(1);
 }
 
+void FoldSome(document::MapWindow &window, Surface &surface, const Plan &plan) {
+    const bool isLong = plan.steps.back().day > 1000;
+    const int first = isLong ? 0 : 2, last = isLong ? 9 : 2;
+    for (int i = first; i <= last; ++i) {
+        const QDate day = isLong ? plan.start.addYears(i) : plan.start.addMonths(i);
+        const StripPiece piece = isLong ? StripPiece::Year : StripPiece::Month;
+        if (!isLong || i != 1) timeline::SetFolded(window, surface, timeline::PieceAround(piece, day), true);
+    }
+}
+
 void Draw(document::MapWindow &window, Surface &surface, const Plan &plan) {
     surface.SetBackColor(plan.dark ? 0x281C14 : 0xFFFFFF);
     document::SetTag(surface, document::tags::kTimelineAlign, QString::number(plan.arrangement));
@@ -116,16 +126,6 @@ void Draw(document::MapWindow &window, Surface &surface, const Plan &plan) {
     timeline::SetLanes(surface, plan.lanes ? timeline::Lanes::Level : timeline::Lanes::None);
     timeline::LineUp(window, surface, timeline::RowOrder::Choose);
     if (plan.folded) FoldSome(window, surface, plan);
-}
-
-void FoldSome(document::MapWindow &window, Surface &surface, const Plan &plan) {
-    const bool isLong = plan.steps.back().day > 1000;
-    const int first = isLong ? 0 : 2, last = isLong ? 9 : 2;
-    for (int i = first; i <= last; ++i) {
-        const QDate day = isLong ? plan.start.addYears(i) : plan.start.addMonths(i);
-        const StripPiece piece = isLong ? StripPiece::Year : StripPiece::Month;
-        if (!isLong || i != 1) timeline::SetFolded(window, surface, timeline::PieceAround(piece, day), true);
-    }
 }
 
 QString FileOf(const Plan &plan, int percent) {

@@ -4,6 +4,7 @@
 #include "document/Tags.h"
 #include "settings/Settings.h"
 #include "tests/document/MapTest.h"
+#include "timeline/Span.h"
 #include "timeline/TimelineNodes.h"
 
 #include <gmock/gmock.h>
@@ -91,6 +92,17 @@ TEST_F(MapOutputTest, DateLinksAndOrdinaryLinksAreToldApartAndOthersAreNeither) 
     const NodeOutput read = ReadMap(*window).Current().nodes[0];
     EXPECT_THAT(read.linksTo, ElementsAre(QStringLiteral("To")));
     EXPECT_THAT(read.dates, ElementsAre(QStringLiteral("17 May 2024")));
+}
+
+TEST_F(MapOutputTest, OfANodeThatLastsBothDaysAreTold) {
+    diagram::Node &from = AddNode(QStringLiteral("From"));
+    timeline::LocateTimelineNode(first, QStringLiteral("17 May 2024"), true, &from);
+    timeline::SetEndOfNode(from, QDate(2024, 6, 2));
+    EXPECT_THAT(ReadMap(*window).Current().nodes[0].dates,
+                ElementsAre(QStringLiteral("17 May 2024 - 02 June 2024")));
+    timeline::SetEndOfNode(from, QDate(2024, 5, 16));
+    EXPECT_THAT(ReadMap(*window).Current().nodes[0].dates, ElementsAre(QStringLiteral("17 May 2024")))
+        << "an end before the date is none";
 }
 
 TEST_F(MapOutputTest, ALinkThatArrivesLeadsToTheNodeItself) {
