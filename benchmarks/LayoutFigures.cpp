@@ -1,10 +1,10 @@
 #include "benchmarks/CommandFigures.h"
 #include "benchmarks/LayoutCrossings.h"
-#include "benchmarks/RawDot.h"
 #include "diagram/layout/Layout.h"
 #include "diagram/layout/Layouts.h"
 #include "diagram/layout/TidyTree.h"
 #include "diagram/model/Surface.h"
+#include "tests/yardstick/Dot.h"
 
 #include <algorithm>
 #include <functional>
@@ -62,8 +62,8 @@ void AddLayered(Figures &figures, int nodes, double bound, bool beside) {
     const double ours = BestOf([&] { return TimeOf([&] { DrawInLayers(graph, options, goOn); }); });
     QString remark = QStringLiteral("%1 ms with nodes and links placed").arg(whole, 0, 'f', 1);
     if (beside)
-        remark +=
-            QStringLiteral(", dot %1 ms").arg(BestOf([&] { return RawDot(graph, options); }), 0, 'f', 1);
+        remark += QStringLiteral(", dot %1 ms")
+                      .arg(BestOf([&] { return yardstick::TimeOfDot(graph, options); }), 0, 'f', 1);
     figures.push_back({QStringLiteral("layered layout, %1 nodes, %2 links")
                            .arg(QLocale(QLocale::English).toString(nodes))
                            .arg(QLocale(QLocale::English).toString(int(graph.edges.size()))),

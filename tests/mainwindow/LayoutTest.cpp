@@ -126,8 +126,9 @@ TEST_F(Layout, EveryOtherKindTakesTheHierarchicalOptions) {
 // The menu is opened and its entry pushed by keys alone.
 void PushInMenu(frmMain &window, const char *key) {
     auto *entry = window.findChild<QAction *>(QLatin1String(key));
-    auto *menu = window.findChild<QMenu *>(QStringLiteral("mnuLayout"));
-    ASSERT_TRUE(entry && menu);
+    auto *title = window.findChild<QAction *>(QStringLiteral("mnuLayout"));
+    ASSERT_TRUE(entry && title && title->menu());
+    QMenu *menu = title->menu();
     menu->popup(window.mapToGlobal(QPoint(0, 0)));
     menu->setActiveAction(entry);
     QTest::keyClick(menu, Qt::Key_Return);
