@@ -1,5 +1,7 @@
 #include "tests/yardstick/Crossings.h"
 
+#include "diagram/layout/Boxes.h"
+
 #include <algorithm>
 
 namespace yardstick {
@@ -28,6 +30,25 @@ bool Meet(const LayoutEdge &a, const LayoutEdge &b) {
     return a.from == b.from || a.from == b.to || a.to == b.from || a.to == b.to;
 }
 
+// Whether a piece comes within a box: what the box leaves of it, side by side.
+bool IsIn(const QRectF &box, const QPointF &from, const QPointF &to) {
+    double first = 0, last = 1;
+    const auto cut = [&](double at, double way, double least, double most) {
+        if (way == 0) return least < at && at < most;
+        const auto [in, out] = std::minmax({(least - at) / way, (most - at) / way});
+        first = std::max(first, in), last = std::min(last, out);
+        return first < last - 1e-9;
+    };
+    return cut(from.x(), to.x() - from.x(), box.left(), box.right()) &&
+           cut(from.y(), to.y() - from.y(), box.top(), box.bottom());
+}
+
+bool LeadsThrough(const std::vector<QPointF> &way, const QRectF &box) {
+    for (std::size_t i = 1; i < way.size(); ++i)
+        if (IsIn(box, way[i - 1], way[i])) return true;
+    return false;
+}
+
 } // namespace
 
 int CrossingsOf(const diagram::LayoutGraph &graph, const Ways &ways) {
@@ -41,6 +62,22 @@ int CrossingsOf(const diagram::LayoutGraph &graph, const Ways &ways) {
             crossings += !Meet(graph.edges[pieces[i].edge], graph.edges[pieces[k].edge]) &&
                          Cross(pieces[i], pieces[k]);
     return crossings;
+}
+
+int BendsOf(const Ways &ways) {
+    int bends = 0;
+    for (const auto &way : ways) bends += int(way.size()) - std::min(2, int(way.size()));
+    return bends;
+}
+
+int MeetingsOf(const diagram::LayoutGraph &graph, const std::vector<QPointF> &centres, const Ways &ways) {
+    int meetings = 0;
+    for (std::size_t edge = 0; edge < ways.size(); ++edge)
+        for (int box = 0; box < int(centres.size()); ++box)
+            meetings += box != graph.edges[edge].from && box != graph.edges[edge].to &&
+                        LeadsThrough(ways[edge], diagram::BoxAround(centres[std::size_t(box)],
+                                                                    graph.sizes[std::size_t(box)]));
+    return meetings;
 }
 
 Ways WaysOf(const diagram::LayoutGraph &graph, const diagram::LayeredDrawing &drawing) {

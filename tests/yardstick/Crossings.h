@@ -1,4 +1,4 @@
-// How often links cross, however they were laid out.
+// How often links cross, bend and lead through boxes, however they were laid out.
 #pragma once
 
 #include "diagram/layout/Layered.h"
@@ -12,5 +12,10 @@ Ways WaysOf(const diagram::LayoutGraph &graph, const diagram::LayeredDrawing &dr
 
 // Of links without a common node.
 int CrossingsOf(const diagram::LayoutGraph &graph, const Ways &ways);
+
+int BendsOf(const Ways &ways);
+
+// Of links with a box that is at neither of their ends.
+int MeetingsOf(const diagram::LayoutGraph &graph, const std::vector<QPointF> &centres, const Ways &ways);
 
 } // namespace yardstick
