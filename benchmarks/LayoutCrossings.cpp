@@ -1,9 +1,11 @@
 #include "benchmarks/LayoutCrossings.h"
 
-#include "benchmarks/RawDot.h"
-#include "diagram/layout/Layered.h"
+#include "diagram/layout/Layout.h"
+#include "diagram/model/Surface.h"
+#include "tests/yardstick/Crossings.h"
+#include "tests/yardstick/Dot.h"
+#include "tests/yardstick/GraphFile.h"
 
-#include <algorithm>
 #include <cmath>
 #include <random>
 
@@ -11,55 +13,8 @@ namespace bench {
 
 namespace {
 
-using diagram::LayoutEdge;
 using diagram::LayoutGraph;
-using Ways = std::vector<std::vector<QPointF>>;
-
-struct Piece {
-    QPointF from, to;
-    std::size_t edge;
-    double Top() const { return std::min(from.y(), to.y()); }
-    double Bottom() const { return std::max(from.y(), to.y()); }
-};
-
-double Turn(const QPointF &a, const QPointF &b, const QPointF &c) {
-    return (b.x() - a.x()) * (c.y() - a.y()) - (b.y() - a.y()) * (c.x() - a.x());
-}
-
-bool Cross(const Piece &a, const Piece &b) {
-    return (Turn(a.from, a.to, b.from) > 0) != (Turn(a.from, a.to, b.to) > 0) &&
-           (Turn(b.from, b.to, a.from) > 0) != (Turn(b.from, b.to, a.to) > 0);
-}
-
-bool Meet(const LayoutEdge &a, const LayoutEdge &b) {
-    return a.from == b.from || a.from == b.to || a.to == b.from || a.to == b.to;
-}
-
-// Of links without a common node.
-int CrossingsOf(const LayoutGraph &graph, const Ways &ways) {
-    std::vector<Piece> pieces;
-    for (std::size_t i = 0; i < ways.size(); ++i)
-        for (std::size_t k = 1; k < ways[i].size(); ++k) pieces.push_back({ways[i][k - 1], ways[i][k], i});
-    std::ranges::sort(pieces, {}, &Piece::Top);
-    int crossings = 0;
-    for (std::size_t i = 0; i < pieces.size(); ++i)
-        for (std::size_t k = i + 1; k < pieces.size() && pieces[k].Top() <= pieces[i].Bottom(); ++k)
-            crossings += !Meet(graph.edges[pieces[i].edge], graph.edges[pieces[k].edge]) &&
-                         Cross(pieces[i], pieces[k]);
-    return crossings;
-}
-
-Ways OurWays(const LayoutGraph &graph, const diagram::LayoutOptions &options) {
-    const auto drawing = DrawInLayers(graph, options, [] { return true; });
-    Ways ways = drawing->bends;
-    for (std::size_t i = 0; i < ways.size(); ++i) {
-        const LayoutEdge &edge = graph.edges[i];
-        ways[i].insert(ways[i].begin(), drawing->centres[std::size_t(edge.from)]);
-        ways[i].push_back(drawing->centres[std::size_t(edge.to)]);
-        if (edge.from == edge.to) ways[i].clear();
-    }
-    return ways;
-}
+using yardstick::CrossingsOf, yardstick::WaysOf, yardstick::DrawByDot;
 
 // Boxes of several sizes; links to boxes at most `reach` further on, one in twelve of them backwards.
 LayoutGraph Generated(unsigned seed, int boxes, int links, int reach) {
@@ -78,6 +33,10 @@ LayoutGraph Generated(unsigned seed, int boxes, int links, int reach) {
     return graph;
 }
 
+diagram::LayeredDrawing Drawn(const LayoutGraph &graph) {
+    return *DrawInLayers(graph, {}, [] { return true; });
+}
+
 struct Kind {
     int boxes, links, reach;
 };
@@ -85,25 +44,73 @@ constexpr Kind kKinds[] = {{20, 30, 6},    {20, 26, 19},   {40, 52, 39},   {50, 
                            {100, 130, 99}, {200, 300, 10}, {200, 259, 199}};
 constexpr unsigned kGraphsOfKind = 6;
 
+// How two counts compare over many graphs; one is added to each, since there may be none.
+class Ratios {
+public:
+    void Add(int ours, int others) {
+        const double ratio = (ours + 1.0) / (others + 1.0);
+        logs_ += std::log(ratio), worst_ = std::max(worst_, ratio), ++graphs_;
+    }
+    Figure Mean(const QString &name, const QString &remark) const {
+        return {name + QStringLiteral(", geometric mean"), std::exp(logs_ / graphs_), QStringLiteral("x"),
+                1.0, remark};
+    }
+    Figure Worst(const QString &name, const QString &remark) const {
+        return {name + QStringLiteral(", at worst"), worst_, QStringLiteral("x"), 1.2, remark};
+    }
+    int Graphs() const { return graphs_; }
+
+private:
+    double logs_ = 0, worst_ = 0;
+    int graphs_ = 0;
+};
+
+void AddGenerated(Figures &figures) {
+    Ratios ratios;
+    for (const Kind &kind : kKinds)
+        for (unsigned seed = 1; seed <= kGraphsOfKind; ++seed) {
+            const LayoutGraph graph = Generated(seed, kind.boxes, kind.links, kind.reach);
+            const int ours = CrossingsOf(graph, WaysOf(graph, Drawn(graph)));
+            ratios.Add(ours, CrossingsOf(graph, DrawByDot(graph, {}).ways));
+        }
+    const QString remark =
+        QStringLiteral("%1 graphs of 20 to 200 nodes, one crossing added to both").arg(ratios.Graphs());
+    const QString name = QStringLiteral("crossings in layers : dot's");
+    figures.push_back(ratios.Mean(name, remark));
+    figures.push_back(ratios.Worst(name, remark));
+}
+
+// The diagrams of tests/data/graphs, with their labels.
+void AddDrawn(Figures &figures) {
+    Ratios ratios;
+    int links = 0, bends = 0, meetings = 0;
+    for (const QString &name : yardstick::GraphNames()) {
+        diagram::Surface surface;
+        yardstick::GraphFile::Read(name, surface);
+        const LayoutGraph graph = SubjectOf(surface, diagram::LayoutScope::All).graph;
+        const diagram::LayeredDrawing drawing = Drawn(graph);
+        const yardstick::Ways ways = WaysOf(graph, drawing);
+        ratios.Add(CrossingsOf(graph, ways), CrossingsOf(graph, DrawByDot(graph, {}).ways));
+        links += int(ways.size()), bends += yardstick::BendsOf(ways);
+        meetings += yardstick::MeetingsOf(graph, drawing.centres, ways);
+    }
+    const QString remark = QStringLiteral("%1 diagrams as people draw them").arg(ratios.Graphs());
+    const QString name = QStringLiteral("crossings in diagrams : dot's");
+    figures.push_back(ratios.Mean(name, remark));
+    figures.push_back(ratios.Worst(name, remark));
+    figures.push_back(
+        {QStringLiteral("bends of a link in diagrams"), double(bends) / links, QString(), 0, remark});
+    figures.push_back(
+        {QStringLiteral("links through nodes in diagrams"), double(meetings), QString(), 0, remark});
+}
+
 } // namespace
 
 Figures LayoutCrossings() {
-    double logs = 0, worst = 0;
-    int graphs = 0;
-    for (const Kind &kind : kKinds)
-        for (unsigned seed = 1; seed <= kGraphsOfKind; ++seed, ++graphs) {
-            const LayoutGraph graph = Generated(seed, kind.boxes, kind.links, kind.reach);
-            const int ours = CrossingsOf(graph, OurWays(graph, {}));
-            const int dots = CrossingsOf(graph, DotWays(graph, {}));
-            const double ratio = (ours + 1.0) / (dots + 1.0);
-            logs += std::log(ratio), worst = std::max(worst, ratio);
-        }
-    const QString remark =
-        QStringLiteral("%1 graphs of 20 to 200 nodes, one crossing added to both").arg(graphs);
-    return {
-        {QStringLiteral("crossings in layers : dot's, geometric mean"), std::exp(logs / graphs),
-         QStringLiteral("x"), 1.0, remark},
-        {QStringLiteral("crossings in layers : dot's, at worst"), worst, QStringLiteral("x"), 1.2, remark}};
+    Figures figures;
+    AddGenerated(figures);
+    AddDrawn(figures);
+    return figures;
 }
 
 } // namespace bench

@@ -1,3 +1,4 @@
+#include "app/settings/Settings.h"
 #include "diagram/layout/Layouts.h"
 #include "diagram/view/Glide.h"
 #include "diagram/view/SurfaceView.h"
@@ -48,17 +49,29 @@ diagram::LayoutResult LayOut(frmMain &window, const char *name, const LayoutTool
     return diagram::FindLayout(QLatin1String(name))->layOut(window.CurrentSurface(), order);
 }
 
-void mnuLayoutHExecute(frmMain &window) {
+// False when it was given up.
+bool LayOutInLayers(frmMain &window, diagram::LayoutScope scope) {
     const diagram::ItemPlaces before = diagram::PlacesOf(window.CurrentSurface());
+    bool laidOut = false;
     {
         const ActionGroup step(window.CurrentSurface());
-        const LayoutTool &tool = frmPics::Shared().HFlow();
         LongTask task(window, QCoreApplication::translate("Layout", "Laying out"));
-        const bool laidOut = diagram::LayOutInLayers(window.CurrentSurface(), tool.scope, tool.options,
-                                                     [&] { return task.GoOn(); });
-        if (laidOut) ArrangeTimeline(window); // else it was given up
+        laidOut = diagram::LayOutInLayers(window.CurrentSurface(), scope, frmPics::Shared().HFlow().options,
+                                          [&] { return task.GoOn(); });
+        if (laidOut) ArrangeTimeline(window);
     }
     diagram::Glide::Begin(window.CurrentView(), before);
+    return laidOut;
+}
+
+void mnuLayoutHExecute(frmMain &window) { LayOutInLayers(window, frmPics::Shared().HFlow().scope); }
+
+// The hierarchical layout of what is selected, whatever the options say of the scope.
+void mnuLayoutSelection(frmMain &window) {
+    if (diagram::SubjectOf(window.CurrentSurface(), diagram::LayoutScope::Selection).nodes.size() < 2)
+        return window.Status().TellInPassing(settings::ReplaceTerms(
+            QCoreApplication::translate("Layout", "Select two or more @NODEs to lay them out.")));
+    if (LayOutInLayers(window, diagram::LayoutScope::Selection)) window.clsSettings().Dirty = true;
 }
 
 template <typename Body>
@@ -129,6 +142,10 @@ constexpr CommandRow kRows[] = {
          "On circles with few crossings; ring"),
     Kind("mnuLayoutLevels", "By &Level", LayOutAs<kLevels>, "lanes",
          "A lane for each Level; swim lanes, grid"),
+    Separator("mnuLayout", "mnuLayoutSep3"),
+    {"mnuLayout", "mnuLayoutSelection", "Lay Out &Selection", EntryKind::Command, mnuLayoutSelection,
+     "layers", "", "", Needs::Selection, false,
+     "Hierarchical, only what is selected; all else stays in place; part"},
 };
 
 } // namespace

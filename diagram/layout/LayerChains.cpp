@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <numeric>
 
 namespace diagram {
 
@@ -48,6 +49,29 @@ void SpreadEdges(const LayoutGraph &part, EdgeChain &chain) {
     for (double &aside : chain.asides) aside -= at / 2;
 }
 
+// Adds edges that cost nothing, so that unconnected parts begin in the same layer.
+void JoinParts(int boxes, std::vector<RankEdge> &edges) {
+    std::vector<int> part(At(boxes));
+    std::iota(part.begin(), part.end(), 0);
+    const auto partOf = [&](int box) {
+        while (part[At(box)] != box) box = part[At(box)] = part[At(part[At(box)])];
+        return box;
+    };
+    std::vector<char> isEntered(At(boxes));
+    for (const RankEdge &edge : edges) {
+        isEntered[At(edge.to)] = 1;
+        part[At(partOf(edge.from))] = partOf(edge.to);
+    }
+    int first = -1;
+    for (int box = 0; box < boxes; ++box) {
+        if (isEntered[At(box)]) continue;
+        if (first < 0) first = box;
+        if (partOf(box) == partOf(first)) continue;
+        edges.push_back({first, box, 0, 0});
+        part[At(partOf(box))] = partOf(first);
+    }
+}
+
 std::vector<int> RanksOf(const LayoutGraph &part, const std::vector<EdgeChain> &chains,
                          const Layering &layering, Patience &patience) {
     std::vector<RankEdge> edges;
@@ -56,6 +80,7 @@ std::vector<int> RanksOf(const LayoutGraph &part, const std::vector<EdgeChain> &
         edges.push_back({chain.upper, chain.lower, 1, int(chain.edges.size())});
         if (layering.mirrored) std::swap(edges.back().from, edges.back().to);
     }
+    JoinParts(int(part.sizes.size()), edges);
     std::vector<int> ranks = RankBoxes(int(part.sizes.size()), edges, layering.balanced, patience);
     const int last = *std::ranges::max_element(ranks);
     if (layering.mirrored)

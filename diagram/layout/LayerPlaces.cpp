@@ -8,15 +8,21 @@ namespace diagram {
 
 namespace {
 
+constexpr std::ptrdiff_t kLong = 24; // neighbours that are better sorted otherwise than one by one
+
 // Of the pairs of neighbours, those that cross with a before b, less those that cross with b before a.
-int Surplus(std::span<const int> a, std::span<const int> b, const std::vector<int> &position) {
+int Surplus(std::span<const int> a, std::span<const int> b, const int *position) {
+    if (a.empty() || b.empty()) return 0;
+    const int pairs = int(a.size() * b.size());
+    if (position[a.back()] < position[b.front()]) return -pairs;
+    if (position[b.back()] < position[a.front()]) return pairs;
     int surplus = 0;
     std::size_t left = 0, upTo = 0;
     for (const int neighbour : a) {
-        const int at = position[std::size_t(neighbour)];
-        while (left < b.size() && position[std::size_t(b[left])] < at) ++left;
+        const int at = position[neighbour];
+        while (left < b.size() && position[b[left]] < at) ++left;
         upTo = std::max(upTo, left);
-        while (upTo < b.size() && position[std::size_t(b[upTo])] == at) ++upTo;
+        while (upTo < b.size() && position[b[upTo]] == at) ++upTo;
         surplus += int(left) - int(b.size() - upTo);
     }
     return surplus;
@@ -33,11 +39,18 @@ LayerNeighbours::LayerNeighbours(const LayerGraph &graph, int LayerEdge::*end, i
     }
 }
 
-void LayerNeighbours::Sort(int vertex, const std::vector<int> &position) {
-    const auto first = vertices_.begin() + std::ptrdiff_t(start_[std::size_t(vertex)]);
-    const auto last = vertices_.begin() + std::ptrdiff_t(start_[std::size_t(vertex) + 1]);
-    if (last - first < 2) return;
-    std::sort(first, last, [&](int a, int b) { return position[std::size_t(a)] < position[std::size_t(b)]; });
+// Lists are short and mostly sorted already.
+void LayerNeighbours::Sort(int vertex, const int *position) {
+    int *first = vertices_.data() + start_[std::size_t(vertex)];
+    int *last = vertices_.data() + start_[std::size_t(vertex) + 1];
+    if (last - first > kLong)
+        return std::sort(first, last, [position](int a, int b) { return position[a] < position[b]; });
+    for (int *next = first + 1; next < last; ++next) {
+        const int one = *next, at = position[one];
+        int *place = next;
+        for (; place > first && at < position[place[-1]]; --place) *place = place[-1];
+        *place = one;
+    }
 }
 
 LayerPlaces::LayerPlaces(const LayerGraph &graph)
@@ -57,13 +70,9 @@ void LayerPlaces::AssignLayer(int layer, const std::vector<int> &vertices) {
     for (std::size_t i = 0; i < vertices.size(); ++i) position_[std::size_t(vertices[i])] = int(i);
 }
 
-void LayerPlaces::SortNeighbours(int layer) {
-    for (const int vertex : layers_[std::size_t(layer)])
-        above_.Sort(vertex, position_), below_.Sort(vertex, position_);
-}
-
 int LayerPlaces::Gain(int vertex, int next) const {
-    return Surplus(Above(vertex), Above(next), position_) + Surplus(Below(vertex), Below(next), position_);
+    const int *position = position_.data();
+    return Surplus(Above(vertex), Above(next), position) + Surplus(Below(vertex), Below(next), position);
 }
 
 void LayerPlaces::SwapWithNext(int layer, std::size_t place) {

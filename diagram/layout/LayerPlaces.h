@@ -17,7 +17,7 @@ public:
         const std::size_t from = start_[std::size_t(vertex)], to = start_[std::size_t(vertex) + 1];
         return {vertices_.data() + from, to - from};
     }
-    void Sort(int vertex, const std::vector<int> &position);
+    void Sort(int vertex, const int *position); // of all vertices
 
 private:
     std::vector<std::size_t> start_;
@@ -36,8 +36,10 @@ public:
     std::span<const int> Below(int vertex) const { return below_.Of(vertex); }
     int Position(int vertex) const { return position_[std::size_t(vertex)]; }
 
-    // The neighbours of the layer's vertices into the order of their layers: needed before Gain.
-    void SortNeighbours(int layer);
+    // The vertex's neighbours into the order of their layers: needed before Gain.
+    void SortNeighbours(int vertex) {
+        above_.Sort(vertex, position_.data()), below_.Sort(vertex, position_.data());
+    }
     // Crossings that go when a vertex and the next one of its layer change places.
     int Gain(int vertex, int next) const;
     void SwapWithNext(int layer, std::size_t place);

@@ -2,6 +2,7 @@
 
 #include "diagram/layout/LayerChains.h"
 #include "diagram/layout/LayeredBends.h"
+#include "diagram/layout/LayeredClusters.h"
 #include "diagram/layout/LayeredColumns.h"
 #include "diagram/layout/LayeredCorners.h"
 #include "diagram/layout/LayeredCycles.h"
@@ -12,6 +13,7 @@
 #include "diagram/layout/TidyTree.h"
 
 #include <algorithm>
+#include <numeric>
 #include <QRectF>
 
 namespace diagram {
@@ -25,6 +27,11 @@ constexpr double kAroundLabel = 270;    // twips above and below a label at leas
 
 bool HasLabels(const LayoutGraph &part) {
     return std::ranges::any_of(part.labels, [](const QSizeF &label) { return !label.isEmpty(); });
+}
+
+bool HasClusters(const LayoutGraph &graph) {
+    return std::ranges::any_of(graph.clusters,
+                               [&](int cluster) { return cluster != graph.clusters.front(); });
 }
 
 LayerGaps GapsOf(const LayoutOptions &options) {
@@ -87,7 +94,8 @@ LayeredPart Ordered(const LayoutGraph &part, Patience &patience) {
 
 // A tree, upright or upside down, stands in its own best way.
 std::optional<LayeredDrawing> DrawTree(LayoutGraph part, const LayoutOptions &options) {
-    if (part.edges.size() + 1 != part.sizes.size() || HasLabels(part)) return std::nullopt;
+    if (part.edges.size() + 1 != part.sizes.size() || HasLabels(part) || HasClusters(part))
+        return std::nullopt;
     std::vector<int> parents(part.sizes.size()), children(part.sizes.size());
     for (const LayoutEdge &edge : part.edges)
         ++parents[std::size_t(edge.to)], ++children[std::size_t(edge.from)];
@@ -103,10 +111,26 @@ std::optional<LayeredDrawing> DrawTree(LayoutGraph part, const LayoutOptions &op
     return LayeredDrawing{std::move(centres), straight, straight};
 }
 
+std::vector<double> Placed(LayeredPart &cut, const LayoutGraph &part, const LayerGaps &gaps,
+                           Patience &patience) {
+    if (!HasClusters(part)) return PlaceInLayers(cut.graph, gaps, patience);
+    const Stripes stripes = OrderInStripes(cut, part.clusters, patience);
+    return PlaceInStripes(cut, stripes, gaps, patience);
+}
+
+// Clusters reach over unconnected parts, so these are drawn as one.
+std::vector<Part> PartsToDraw(const LayoutGraph &graph) {
+    if (!HasClusters(graph)) return PartsOf(graph);
+    Part all{std::vector<int>(graph.sizes.size()), std::vector<int>(graph.edges.size()), graph};
+    std::iota(all.boxes.begin(), all.boxes.end(), 0);
+    std::iota(all.edges.begin(), all.edges.end(), 0);
+    return {all};
+}
+
 LayeredDrawing DrawPart(const LayoutGraph &part, const LayoutOptions &options, Patience &patience) {
     if (auto tree = DrawTree(part, options)) return std::move(*tree);
-    const LayeredPart cut = Ordered(part, patience);
-    const std::vector<double> columns = PlaceInLayers(cut.graph, GapsOf(options), patience);
+    LayeredPart cut = Ordered(part, patience);
+    const std::vector<double> columns = Placed(cut, part, GapsOf(options), patience);
     const std::vector<LayerBand> bands = BandsOf(cut, options.levelDistance);
     LayeredDrawing drawing;
     for (std::size_t i = 0; i < part.sizes.size(); ++i) {
@@ -175,8 +199,8 @@ std::optional<LayeredDrawing> DrawInLayers(const LayoutGraph &graph, const Layou
                                            const GoOn &goOn) {
     if (graph.sizes.empty()) return LayeredDrawing();
     Patience patience(goOn);
-    const std::vector<Part> parts = PartsOf(TurnedDown(graph, options.orientation));
-    std::vector<Part> given = PartsOf(graph);
+    const std::vector<Part> parts = PartsToDraw(TurnedDown(graph, options.orientation));
+    const std::vector<Part> given = PartsToDraw(graph);
     std::vector<LayeredDrawing> drawings;
     try {
         for (const Part &part : parts)

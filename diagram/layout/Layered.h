@@ -22,7 +22,8 @@ struct LayeredDrawing {
 
 // Boxes of one layer stand on one line; parents stand over the middle of their children where there is room;
 // edges that lead past boxes bend where they pass their layers; edges that join the same two boxes lie beside
-// each other; labels have room in the middle of their edges; unconnected parts are packed. Boxes keep their
+// each other; labels have room in the middle of their edges; unconnected parts are packed. Clusters stand
+// side by side, none over another, each from left to right as wide as its boxes need. Boxes keep their
 // present order as far as it crosses no more edges than any other that is found. The same graph always gives
 // the same drawing. Nothing when it was given up.
 std::optional<LayeredDrawing> DrawInLayers(const LayoutGraph &graph, const LayoutOptions &options,

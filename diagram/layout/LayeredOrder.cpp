@@ -13,10 +13,10 @@ namespace {
 
 using Layers = std::vector<std::vector<int>>;
 
-constexpr int kFruitless = 6;    // sweeps without a better order after which a start is given up
+constexpr int kFruitless = 4;    // sweeps without a better order after which a start is given up
 constexpr int kSwitchRounds = 8; // through all layers after one sweep
 constexpr std::size_t kFewestSweeps = 12, kMostSweeps = 600;
-constexpr std::size_t kWork = 500'000;     // edges looked at in sweeps, where the bounds above let it
+constexpr std::size_t kWork = 300'000;     // edges looked at in sweeps, where the bounds above let it
 constexpr std::size_t kManyEdges = 10'000; // of which a sweep costs twice as much patience
 constexpr std::size_t kSiftWork = 6'000'000;
 constexpr std::size_t kWidestSift = 200; // places that a vertex is moved at most
@@ -61,7 +61,11 @@ private:
 class Ordering {
 public:
     Ordering(const LayerGraph &graph, Patience &patience)
-        : graph_(graph), patience_(patience), places_(graph), key_(graph.vertices.size()) {
+        : graph_(graph),
+          patience_(patience),
+          places_(graph),
+          key_(graph.vertices.size()),
+          stirred_(key_.size()) {
         const std::size_t edges = std::max<std::size_t>(graph.edges.size(), 1);
         sweeps_ = std::clamp(kWork / (edges + edges * edges / kManyEdges), kFewestSweeps, kMostSweeps);
     }
@@ -152,10 +156,12 @@ private:
         places_.AssignLayer(layer, vertices);
     }
 
-    // Neighbours change places while that saves crossings; layers about which nothing has changed rest.
+    // Neighbours change places while that saves crossings. What nothing has changed about rests: a layer, and
+    // in a layer each two of which neither has come to another place nor been joined with one that has.
     void Switch(bool turnTies) {
         const std::size_t count = places_.Layers().size();
         std::vector<char> stirred(count, 1);
+        std::ranges::fill(stirred_, kStirred);
         for (int round = 0; round < kSwitchRounds && std::ranges::count(stirred, 1) > 0; ++round) {
             for (std::size_t i = 0; i < count; ++i) {
                 if (!std::exchange(stirred[i], char(0)) || !SwitchLayer(int(i), turnTies && round == 0))
@@ -168,15 +174,26 @@ private:
     }
     bool SwitchLayer(int layer, bool turnTies) {
         const std::vector<int> &vertices = places_.Layers()[At(layer)];
-        places_.SortNeighbours(layer);
+        for (const int vertex : vertices)
+            if (stirred_[At(vertex)]) places_.SortNeighbours(vertex);
         patience_.Spend(6 * vertices.size());
         bool switched = false;
         for (std::size_t i = 0; i + 1 < vertices.size(); ++i) {
-            if (places_.Gain(vertices[i], vertices[i + 1]) < (turnTies ? 0 : 1)) continue;
+            const int vertex = vertices[i], next = vertices[i + 1];
+            if (!stirred_[At(vertex)] && !stirred_[At(next)]) continue;
+            if (places_.Gain(vertex, next) < (turnTies ? 0 : 1)) continue;
             places_.SwapWithNext(layer, i);
+            Stir(vertex), Stir(next);
             switched = true;
         }
+        for (const int vertex : vertices)
+            stirred_[At(vertex)] = stirred_[At(vertex)] == kAgain ? kStirred : 0;
         return switched;
+    }
+    void Stir(int vertex) {
+        stirred_[At(vertex)] = kAgain;
+        for (const int neighbour : places_.Above(vertex)) stirred_[At(neighbour)] = kStirred;
+        for (const int neighbour : places_.Below(vertex)) stirred_[At(neighbour)] = kStirred;
     }
 
     // Each vertex goes to the best place of its layer, until none finds a better one.
@@ -191,7 +208,7 @@ private:
         }
     }
     long long SiftLayer(int layer, std::size_t &work) {
-        places_.SortNeighbours(layer);
+        for (const int vertex : places_.Layers()[At(layer)]) places_.SortNeighbours(vertex);
         long long gain = 0;
         for (const int vertex : std::vector<int>(places_.Layers()[At(layer)])) {
             const std::size_t reach = std::min(kWidestSift, places_.Layers()[At(layer)].size());
@@ -226,6 +243,8 @@ private:
     LayerPlaces places_;
     std::vector<double> key_;
     std::vector<int> sorted_;
+    std::vector<char> stirred_;                     // of the vertices: 0, or one of these
+    static constexpr char kStirred = 1, kAgain = 2; // since its layer was last looked at; in this very look
     std::mt19937 random_{1};
     std::size_t sweeps_ = 0;
     Order best_;

@@ -5,14 +5,15 @@
 #include <algorithm>
 #include <limits>
 #include <queue>
+#include <utility>
 
 namespace diagram {
 
 namespace {
 
 constexpr int kNone = -1;
-constexpr int kCandidates = 30;             // edges to leave that are compared before the best of them goes
-constexpr std::size_t kSteps = 400'000'000; // then the layers are good enough
+constexpr int kCandidates = 30;            // edges to leave that are compared before the best of them goes
+constexpr std::size_t kSteps = 20'000'000; // then the layers are good enough
 
 std::size_t At(int i) { return std::size_t(i); }
 
@@ -94,12 +95,13 @@ public:
           in_(boxes, edges, &RankEdge::to),
           rank_(HighestRanks(boxes, edges)),
           tree_(rank_.size()),
-          box_(rank_.size()) {
+          box_(rank_.size()),
+          mark_(rank_.size()) {
         const std::vector<char> tight = TightTree(rank_, edges, out_, in_).Edges();
         for (std::size_t i = 0; i < tight.size(); ++i)
             if (tight[i])
                 tree_[At(edges[i].from)].push_back(int(i)), tree_[At(edges[i].to)].push_back(int(i));
-        Number(0, 0);
+        Hang();
     }
 
     std::vector<int> Solve(bool balanced) && {
@@ -111,12 +113,14 @@ public:
     }
 
 private:
-    // A box as the tree has it. Boxes are numbered when the walk leaves them, those below a box from `low`
-    // on.
+    // Of a box and all below it in the tree.
+    struct Sum {
+        int surplus = 0; // weight that leaves them, less what comes in
+        int size = 0;
+    };
     struct Box {
         int edge = kNone; // to its parent
-        int low = 0, number = 0;
-        int surplus = 0; // weight that leaves it and all below it, less what comes in
+        Sum sum;
     };
 
     int Parent(int box) const { return Other(box_[At(box)].edge, box); }
@@ -124,51 +128,53 @@ private:
         const RankEdge &way = edges_[At(edge)];
         return way.from == box ? way.to : way.from;
     }
-    bool IsBelow(int box, int top) const {
-        return box_[At(top)].low <= box_[At(box)].number && box_[At(box)].number <= box_[At(top)].number;
-    }
     int Slack(int edge) const {
         const RankEdge &way = edges_[At(edge)];
         return rank_[At(way.to)] - rank_[At(way.from)] - way.length;
     }
     bool IsTail(int box) const { return edges_[At(box_[At(box)].edge)].from == box; }
     // Less than nothing if the sum shrinks when the edge to the parent gets longer.
-    int Cut(int box) const { return IsTail(box) ? box_[At(box)].surplus : -box_[At(box)].surplus; }
+    int Cut(int box) const {
+        const int surplus = box_[At(box)].sum.surplus;
+        return IsTail(box) ? surplus : -surplus;
+    }
 
     void Spend(std::size_t steps) {
         steps_ += steps;
         patience_.Spend(steps);
     }
 
-    // Numbers `top` and all below it from `low` on.
-    void Number(int top, int low) {
-        struct Level {
-            int box;
-            std::size_t next;
-        };
-        std::vector<Level> path{{top, 0}};
-        int number = low;
-        Enter(top, box_[At(top)].edge, number);
-        while (!path.empty()) {
-            const int box = path.back().box;
-            if (path.back().next < tree_[At(box)].size()) {
-                const int edge = tree_[At(box)][path.back().next++];
-                if (edge == box_[At(box)].edge) continue;
-                Enter(Other(edge, box), edge, number);
-                path.push_back({Other(edge, box), 0});
-                continue;
-            }
-            box_[At(box)].number = number++;
-            path.pop_back();
-            if (!path.empty()) box_[At(path.back().box)].surplus += box_[At(box)].surplus;
-        }
-        Spend(std::size_t(number - low));
+    // All boxes on the first one's side of a tree edge, marked.
+    std::vector<int> SideOf(int first, int edge) {
+        std::vector<int> side{first};
+        mark_[At(first)] = ++stamp_;
+        for (std::size_t i = 0; i < side.size(); ++i)
+            for (const int next : tree_[At(side[i])])
+                if (const int other = Other(next, side[i]); next != edge && mark_[At(other)] != stamp_)
+                    mark_[At(other)] = stamp_, side.push_back(other);
+        Spend(side.size());
+        return side;
     }
-    void Enter(int box, int edge, int low) {
-        int surplus = 0;
-        for (const int i : out_.Of(box)) surplus += edges_[At(i)].weight;
-        for (const int i : in_.Of(box)) surplus -= edges_[At(i)].weight;
-        box_[At(box)] = {edge, low, 0, surplus};
+    // The whole tree from box 0.
+    void Hang() {
+        const std::vector<int> order = SideOf(0, kNone);
+        for (const RankEdge &edge : edges_) {
+            box_[At(edge.from)].sum.surplus += edge.weight;
+            box_[At(edge.to)].sum.surplus -= edge.weight;
+        }
+        std::vector<char> hangs(box_.size());
+        for (const int box : order) {
+            ++box_[At(box)].sum.size;
+            hangs[At(box)] = 1;
+            for (const int edge : tree_[At(box)])
+                if (!hangs[At(Other(edge, box))]) box_[At(Other(edge, box))].edge = edge;
+        }
+        for (auto box = order.rbegin(); box + 1 != order.rend(); ++box)
+            Add(box_[At(Parent(*box))].sum, box_[At(*box)].sum, 1);
+    }
+    static void Add(Sum &sum, const Sum &more, int times) {
+        sum.surplus += times * more.surplus;
+        sum.size += times * more.size;
     }
 
     // The box whose edge to its parent leaves the tree.
@@ -185,36 +191,48 @@ private:
         return best;
     }
 
-    // All boxes below, `box` first.
-    std::vector<int> Below(int box) {
-        std::vector<int> below{box};
-        for (std::size_t i = 0; i < below.size(); ++i)
-            for (const int edge : tree_[At(below[i])])
-                if (edge != box_[At(below[i])].edge) below.push_back(Other(edge, below[i]));
-        Spend(below.size());
-        return below;
-    }
-    // The edge with the least slack that leads from the head's side of the tree to the tail's.
-    int ToEnter(int box, const std::vector<int> &below) const {
-        const EdgeLists &lists = IsTail(box) ? in_ : out_;
+    // The edge with the least slack that leads between the marked side and the other one, in this direction.
+    int ToEnter(const std::vector<int> &side, const EdgeLists &lists) const {
         int best = kNone;
-        for (const int inner : below)
+        for (const int inner : side)
             for (const int edge : lists.Of(inner))
-                if (!IsBelow(Other(edge, inner), box) && (best == kNone || Slack(edge) < Slack(best)))
+                if (mark_[At(Other(edge, inner))] != stamp_ && (best == kNone || Slack(edge) < Slack(best)))
                     best = edge;
         return best;
     }
+    // Only the smaller side of the edge that leaves is looked at and moved.
     void Exchange(int box) {
-        const std::vector<int> below = Below(box);
-        const int leaving = box_[At(box)].edge, entering = ToEnter(box, below);
-        const int shift = IsTail(box) ? -Slack(entering) : Slack(entering);
-        for (const int inner : below) rank_[At(inner)] += shift;
+        const int leaving = box_[At(box)].edge;
+        const bool below = 2 * At(box_[At(box)].sum.size) <= box_.size();
+        const std::vector<int> side = SideOf(below ? box : Parent(box), leaving);
+        const bool isTail = IsTail(box) == below;
+        const int entering = ToEnter(side, isTail ? in_ : out_);
+        const int shift = isTail ? -Slack(entering) : Slack(entering);
+        for (const int inner : side) rank_[At(inner)] += shift;
         const RankEdge &way = edges_[At(entering)];
-        int top = way.from;
-        while (!IsBelow(way.to, top)) top = Parent(top);
+        const bool fromIsBelow = (mark_[At(way.from)] == stamp_) == below;
+        Rehang(box, fromIsBelow ? way.from : way.to, entering);
         Drop(leaving);
         tree_[At(way.from)].push_back(entering), tree_[At(way.to)].push_back(entering);
-        Number(top, box_[At(top)].low);
+    }
+    // What is below `box` hangs by `inner`, one of it, on another edge.
+    void Rehang(int box, int inner, int edge) {
+        const Sum whole = box_[At(box)].sum;
+        AddAbove(box, whole, -1);
+        Sum before;
+        for (int at = inner, next = edge;;) {
+            const Box old = std::exchange(box_[At(at)], Box{next, whole});
+            Add(box_[At(at)].sum, before, -1);
+            if (at == box) break;
+            before = old.sum, next = old.edge, at = Other(next, at);
+        }
+        AddAbove(inner, whole, 1);
+    }
+    void AddAbove(int box, const Sum &sum, int times) {
+        std::size_t steps = 0;
+        for (int at = box; box_[At(at)].edge != kNone; ++steps)
+            at = Parent(at), Add(box_[At(at)].sum, sum, times);
+        Spend(steps);
     }
     void Drop(int edge) {
         std::erase(tree_[At(edges_[At(edge)].from)], edge);
@@ -253,7 +271,8 @@ private:
     std::vector<int> rank_;
     std::vector<std::vector<int>> tree_; // the tree's edges at each box
     std::vector<Box> box_;
-    int next_ = 0;
+    std::vector<int> mark_; // the stamp of the side that each box was on last
+    int stamp_ = 0, next_ = 0;
     std::size_t steps_ = 0;
 };
 

@@ -1,34 +1,37 @@
 #include "diagram/layout/Layout.h"
 
+#include "diagram/layout/Boxes.h"
+#include "diagram/layout/FreePlace.h"
 #include "diagram/layout/SpanningTree.h"
 #include "diagram/layout/TidyTree.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/shapes/LinkStyles.h"
 
+#include <algorithm>
 #include <QHash>
-#include <QRectF>
 
 namespace diagram {
 
 namespace {
 
+constexpr double kFromHeld = 300; // twips that a selection keeps from what isn't selected
+
 bool TakesPart(const Node &node, LayoutScope scope) {
     return node.Selectable() && !node.Hidden() && (scope == LayoutScope::All || node.Selected());
 }
 
-QRectF Box(const QPointF &centre, const QSizeF &size) {
-    return {centre - QPointF(size.width(), size.height()) / 2, size};
+// What stands on a node that stays is its content, not in its way.
+bool IsInTheWay(const Node &node, const std::vector<QRectF> &boxes) {
+    if (node.Hidden()) return false;
+    return std::ranges::none_of(boxes, [&](const QRectF &box) { return node.Bounds().contains(box); });
 }
 
-// Where the left top corner of all boxes lies.
-QPointF Corner(const std::vector<QSizeF> &sizes, const std::vector<QPointF> &centres) {
-    QPointF corner = Box(centres.front(), sizes.front()).topLeft();
-    for (std::size_t i = 1; i < sizes.size(); ++i) {
-        const QPointF at = Box(centres[i], sizes[i]).topLeft();
-        corner = {qMin(corner.x(), at.x()), qMin(corner.y(), at.y())};
-    }
-    return corner;
+std::vector<QRectF> BoxesOf(const LayoutGraph &graph) {
+    std::vector<QRectF> boxes;
+    for (std::size_t i = 0; i < graph.sizes.size(); ++i)
+        boxes.push_back(BoxAround(graph.centres[i], graph.sizes[i]));
+    return boxes;
 }
 
 // Styles with one, two and three pieces across, of layers below and beside each other.
@@ -51,9 +54,50 @@ void GiveCorners(Link &link, const std::vector<QPointF> &corners, const QPointF 
     if (!corners.empty()) GiveWay(link, corners, shift);
 }
 
-// Where all nodes go so that the diagram's left top corner stays where it was.
-QPointF ShiftOf(const LayoutGraph &graph, const std::vector<QPointF> &centres) {
-    return Corner(graph.sizes, graph.centres) - Corner(graph.sizes, centres);
+// With all bends.
+QRectF CoveredBy(const LayoutSubject &subject, const LayeredDrawing &drawing) {
+    QRectF extent = ExtentOf(subject.graph.sizes, drawing.centres);
+    for (const auto *ways : {&drawing.bends, &drawing.corners})
+        for (const auto &way : *ways)
+            for (const QPointF &point : way)
+                extent.setCoords(std::min(extent.left(), point.x()), std::min(extent.top(), point.y()),
+                                 std::max(extent.right(), point.x()), std::max(extent.bottom(), point.y()));
+    return extent;
+}
+
+// How far all that is laid out is shifted from where the layout has put it; `extent` is what it covers there.
+QPointF ShiftOf(const LayoutSubject &subject, const std::vector<QPointF> &centres, const QRectF &extent) {
+    const QRectF before = ExtentOf(subject.graph.sizes, subject.graph.centres);
+    if (!subject.isPart) return before.topLeft() - ExtentOf(subject.graph.sizes, centres).topLeft();
+    const QPointF least(std::min(0.0, before.left()), std::min(0.0, before.top()));
+    const QRectF there = extent.translated(before.center() - extent.center());
+    return NearestFree(there, subject.held, kFromHeld, least) - extent.center();
+}
+
+void Move(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres,
+          const QPointF &shift) {
+    for (const auto *links : {&subject.links, &subject.leaving})
+        for (const ItemId id : *links)
+            if (Link *link = surface.FindLink(id)) link->SetOwnBends(false);
+    for (std::size_t i = 0; i < centres.size(); ++i) {
+        Node *node = surface.FindNode(subject.nodes[i]);
+        if (!node) continue;
+        const QPointF corner = BoxAround(centres[i] + shift, subject.graph.sizes[i]).topLeft();
+        node->SetLeft(float(corner.x()));
+        node->SetTop(float(corner.y()));
+    }
+}
+
+bool HasNothingToDo(const LayoutSubject &subject) {
+    return subject.nodes.empty() || (subject.isPart && subject.nodes.size() < 2);
+}
+
+void Hold(LayoutSubject &subject, const Surface &surface) {
+    subject.isPart = true;
+    const std::vector<QRectF> boxes = BoxesOf(subject.graph);
+    for (const Node &node : surface.Nodes())
+        if (!TakesPart(node, LayoutScope::Selection) && IsInTheWay(node, boxes))
+            subject.held.push_back(node.Bounds());
 }
 
 } // namespace
@@ -70,35 +114,29 @@ LayoutSubject SubjectOf(const Surface &surface, LayoutScope scope) {
     }
     for (const auto &link : surface.Links()) {
         const int from = boxes.value(link->Source().Id(), -1), to = boxes.value(link->Destination().Id(), -1);
-        if (from < 0 || to < 0 || link->Hidden()) continue;
+        if (link->Hidden()) continue;
+        if (scope == LayoutScope::Selection && (from < 0) != (to < 0)) subject.leaving.push_back(link->Id());
+        if (from < 0 || to < 0) continue;
         subject.links.push_back(link->Id());
         subject.graph.edges.push_back({from, to});
         subject.graph.labels.push_back(link->Text().isEmpty() ? QSizeF(0, 0) : LabelSize(*link, nullptr));
     }
+    if (scope == LayoutScope::Selection) Hold(subject, surface);
     return subject;
 }
 
 void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres) {
-    if (centres.empty()) return;
-    for (const ItemId id : subject.links)
-        if (Link *link = surface.FindLink(id)) link->SetOwnBends(false);
-    const LayoutGraph &graph = subject.graph;
-    const QPointF shift = ShiftOf(graph, centres);
-    for (std::size_t i = 0; i < centres.size(); ++i) {
-        Node *node = surface.FindNode(subject.nodes[i]);
-        if (!node) continue;
-        const QPointF corner = Box(centres[i] + shift, graph.sizes[i]).topLeft();
-        node->SetLeft(float(corner.x()));
-        node->SetTop(float(corner.y()));
-    }
+    if (HasNothingToDo(subject)) return;
+    const QRectF extent = ExtentOf(subject.graph.sizes, centres);
+    Move(surface, subject, centres, ShiftOf(subject, centres, extent));
 }
 
 void PlaceLayers(Surface &surface, const LayoutSubject &subject, const LayeredDrawing &drawing,
                  LayoutOrientation orientation) {
-    PlaceNodes(surface, subject, drawing.centres);
+    if (HasNothingToDo(subject)) return;
+    const QPointF shift = ShiftOf(subject, drawing.centres, CoveredBy(subject, drawing));
+    Move(surface, subject, drawing.centres, shift);
     const bool level = orientation == LayoutOrientation::Right || orientation == LayoutOrientation::Left;
-    if (subject.links.empty()) return;
-    const QPointF shift = ShiftOf(subject.graph, drawing.centres);
     for (std::size_t i = 0; i < subject.links.size(); ++i) {
         Link *link = surface.FindLink(subject.links[i]);
         if (!link || &link->Source() == &link->Destination()) continue;

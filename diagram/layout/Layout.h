@@ -6,6 +6,8 @@
 #include "diagram/layout/Patience.h"
 #include "diagram/model/Item.h"
 
+#include <QRectF>
+
 namespace diagram {
 
 class Surface;
@@ -20,11 +22,18 @@ struct LayoutSubject {
     LayoutGraph graph;
     std::vector<ItemId> nodes; // of the boxes
     std::vector<ItemId> links; // of the edges
+    // Of a selection: what is seen of the others, without those on which a selected node lies, and the links
+    // that lead to others.
+    bool isPart = false;
+    std::vector<QRectF> held = {};
+    std::vector<ItemId> leaving = {};
 };
 LayoutSubject SubjectOf(const Surface &surface, LayoutScope scope);
 
 // Moves the nodes to the centres, all of them shifted so that the diagram's left top corner stays where it
-// was. Bends of the links go: they belonged to the old places. Opens no group of its own.
+// was. A selection keeps its middle where it was, or goes to the nearest place where it lies on no held node;
+// a single node stays where it is.
+// Bends of the links go: they belonged to the old places. Opens no group of its own.
 void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres);
 
 // Places them as drawn in layers, with the bends of the links that pass others. Links with level and upright

@@ -18,6 +18,9 @@ struct LayoutGraph {
     std::vector<LayoutEdge> edges;
     // In which lane each box belongs, from 0; below 0 for none. May be empty: only InLanes asks.
     std::vector<int> lanes;
+    // Which boxes are kept together: those with the same number; below 0 for none. May be empty: only the
+    // layered layout asks.
+    std::vector<int> clusters;
     std::vector<QSizeF> labels; // of the edges, empty sizes for none; or empty: no edge has one
 };
 

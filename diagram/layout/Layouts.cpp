@@ -13,17 +13,18 @@ namespace {
 
 using Places = std::vector<QPointF> (*)(const LayoutGraph &, const LayoutOptions &, Progress &);
 
-std::vector<int> LanesOf(const Surface &surface, const LayoutSubject &subject, const LayoutOrder &order) {
-    std::vector<int> lanes;
-    if (!order.lane) return lanes;
-    for (const ItemId id : subject.nodes) lanes.push_back(order.lane(*surface.FindNode(id)));
-    return lanes;
+std::vector<int> NumbersOf(const Surface &surface, const LayoutSubject &subject,
+                           const std::function<int(const Node &node)> &number) {
+    std::vector<int> numbers;
+    if (!number) return numbers;
+    for (const ItemId id : subject.nodes) numbers.push_back(number(*surface.FindNode(id)));
+    return numbers;
 }
 
 template <Places kPlaces>
 LayoutResult ByPlaces(Surface &surface, const LayoutOrder &order) {
     LayoutSubject subject = SubjectOf(surface, order.scope);
-    subject.graph.lanes = LanesOf(surface, subject, order);
+    subject.graph.lanes = NumbersOf(surface, subject, order.lane);
     Progress progress(order.advance);
     try {
         PlaceNodes(surface, subject, kPlaces(subject.graph, order.options, progress));
@@ -35,8 +36,12 @@ LayoutResult ByPlaces(Surface &surface, const LayoutOrder &order) {
 
 LayoutResult Hierarchical(Surface &surface, const LayoutOrder &order) {
     const auto goOn = [&] { return !order.advance || order.advance(0); };
-    return LayOutInLayers(surface, order.scope, order.options, goOn) ? LayoutResult::LaidOut
-                                                                     : LayoutResult::GivenUp;
+    LayoutSubject subject = SubjectOf(surface, order.scope);
+    subject.graph.clusters = NumbersOf(surface, subject, order.cluster);
+    const auto drawing = DrawInLayers(subject.graph, order.options, goOn);
+    if (!drawing) return LayoutResult::GivenUp;
+    PlaceLayers(surface, subject, *drawing, order.options.orientation);
+    return LayoutResult::LaidOut;
 }
 
 LayoutResult Tree(Surface &surface, const LayoutOrder &order) {

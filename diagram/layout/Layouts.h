@@ -17,6 +17,9 @@ struct LayoutOrder {
     LayoutOptions options;
     // The lane in which a node belongs, from 0; below 0 for none. Without it all nodes belong in one.
     std::function<int(const Node &node)> lane = {};
+    // Which nodes the hierarchical layout keeps together: those with the same number from 0; below 0 for
+    // none. Without it none are.
+    std::function<int(const Node &node)> cluster = {};
     Advance advance = {}; // may be empty
 };
 

@@ -60,6 +60,19 @@ void LayOutByLevels(Reader &r) {
     EXPECT_EQ(r.a->Left() + r.a->Width() / 2, r.c->Left() + r.c->Width() / 2);
 }
 
+void LayOutAPart(Reader &r) {
+    HangTwoOnTheFirst(r);
+    r.c->SetLeft(r.b->Left() + 100);
+    const QRectF held = r.c->Bounds();
+    r.a->SetSelected(true);
+    r.b->SetSelected(true);
+    r.c->SetSelected(false);
+    r.window->SmartMenuXP1_Click(QStringLiteral("mnuLayoutSelection"));
+    EXPECT_EQ(r.c->Bounds(), held);
+    EXPECT_GT(r.b->Top(), r.a->Top() + r.a->Height());
+    ExpectApart(r);
+}
+
 constexpr char kRadial[] = "mnuLayoutRadial", kOrganic[] = "mnuLayoutOrganic",
                kCircular[] = "mnuLayoutCircular";
 
@@ -80,6 +93,9 @@ constexpr ToldStep kLayouts[] = {
      "lead "
      "along the lanes",
      LayOutByLevels},
+    {"lay out a part | select its nodes, *Layout, Lay Out Selection*: only these move, in layers about the "
+     "middle of where they were or beside it, so that they cover nothing else",
+     LayOutAPart},
 };
 
 } // namespace

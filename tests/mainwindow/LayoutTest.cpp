@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
+#include <QMenu>
 #include <QProgressBar>
 #include <QProxyStyle>
 #include <QPushButton>
@@ -120,6 +121,45 @@ TEST_F(Layout, EveryOtherKindTakesTheHierarchicalOptions) {
         EXPECT_EQ(right.Bounds().topLeft(), QPointF(1600, 1500)) << key;
         EXPECT_FALSE(top.Bounds().intersects(left.Bounds())) << key;
     }
+}
+
+// The menu is opened and its entry pushed by keys alone.
+void PushInMenu(frmMain &window, const char *key) {
+    auto *entry = window.findChild<QAction *>(QLatin1String(key));
+    auto *title = window.findChild<QAction *>(QStringLiteral("mnuLayout"));
+    ASSERT_TRUE(entry && title && title->menu());
+    QMenu *menu = title->menu();
+    menu->popup(window.mapToGlobal(QPoint(0, 0)));
+    menu->setActiveAction(entry);
+    QTest::keyClick(menu, Qt::Key_Return);
+}
+
+TEST_F(Layout, OfASelectionTheRestIsHeldAndItIsOneStep) {
+    Click(window, {2000, 1800});
+    QTest::keyClick(&window.CurrentView(), Qt::Key_A, Qt::ControlModifier);
+    diagram::Node &held = AddNode(window, 1500, 3000);
+    const QRectF stood = held.Bounds();
+    held.SetSelected(false);
+    window.clsSettings().Dirty = false;
+    PushInMenu(window, "mnuLayoutSelection");
+    EXPECT_TRUE(IsLaidOut());
+    EXPECT_EQ(held.Bounds(), stood);
+    for (const diagram::Node *node : {&top, &left, &right}) EXPECT_FALSE(node->Bounds().intersects(stood));
+    EXPECT_TRUE(window.clsSettings().Dirty);
+    EXPECT_EQ(frmPics::Shared().HFlow().scope, diagram::LayoutScope::All);
+    Run("mnuEditUndo");
+    EXPECT_EQ(top.Bounds().topLeft(), QPointF(1500, 1500));
+    EXPECT_EQ(left.Bounds().topLeft(), QPointF(1500, 1500));
+}
+
+TEST_F(Layout, ASelectionOfOneIsNotLaidOutAndTheStatusBarSaysWhy) {
+    Click(window, {2000, 1800});
+    ASSERT_EQ(surface.SelectedNodes().size(), 1U);
+    window.clsSettings().Dirty = false;
+    PushInMenu(window, "mnuLayoutSelection");
+    EXPECT_EQ(top.Bounds().topLeft(), QPointF(1500, 1500));
+    EXPECT_EQ(Status(window), QStringLiteral("Select two or more Nodes to lay them out."));
+    EXPECT_FALSE(window.clsSettings().Dirty);
 }
 
 TEST_F(Layout, ByLevelPutsEachLevelOfTheListIntoALane) {

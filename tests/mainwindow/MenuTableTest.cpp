@@ -217,6 +217,8 @@ constexpr const char *kMenu[] = {
     "mnuLayout|mnuLayoutOrganic|command|&Organic",
     "mnuLayout|mnuLayoutCircular|command|&Circular",
     "mnuLayout|mnuLayoutLevels|command|By &Level",
+    "mnuLayout|mnuLayoutSep3|sep|",
+    "mnuLayout|mnuLayoutSelection|command|Lay Out &Selection",
     "|mnuArrange|menu|&Arrange",
     "mnuArrange|FRONT|command|Bring to &front",
     "mnuArrange|BACK|command|Send to &back",

@@ -45,9 +45,6 @@ QMap<QString, QStringList> Allowed() {
         allowed[folder] = below;
         below << folder;
     }
-    allowed["diagram/layout/engine"] = allowed["diagram/layout"] + QStringList{"diagram/layout"};
-    allowed["diagram/layout/engine/program"] =
-        allowed["diagram/layout/engine"] + QStringList{"diagram/layout/engine"};
     QStringList base = below;
     base.removeAll("diagram/interaction");
     base.removeAll("diagram/view");

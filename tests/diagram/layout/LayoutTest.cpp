@@ -1,9 +1,6 @@
 #include "diagram/layout/Layout.h"
 
 #include "diagram/edit/History.h"
-#include "diagram/layout/engine/Layered.h"
-#include "diagram/layout/LayeredElsewhere.h"
-#include "diagram/layout/LayoutStream.h"
 #include "diagram/layout/TidyTree.h"
 #include "diagram/model/Surface.h"
 
@@ -68,17 +65,6 @@ TEST_F(LayoutTest, TheSameDiagramGivesTheSamePlaces) {
     const auto once = Boxes();
     ASSERT_TRUE(LayOutInLayers(surface, kAll, kOptions, Always));
     EXPECT_EQ(Boxes(), once);
-}
-
-TEST_F(LayoutTest, TheProcessGivesWhatTheEngineGives) {
-    Join(0, 1), Join(0, 2), Join(2, 3), Join(1, 3), Join(3, 4);
-    for (const auto orientation : {LayoutOrientation::Down, LayoutOrientation::Up, LayoutOrientation::Right,
-                                   LayoutOrientation::Left}) {
-        LayoutOptions options;
-        options.orientation = orientation;
-        const LayoutGraph graph = SubjectOf(surface, kAll).graph;
-        EXPECT_EQ(LayeredElsewhere(graph, options, Always), Layered(graph, options));
-    }
 }
 
 TEST_F(LayoutTest, HiddenNodesAndThoseOfATimelineStayWhereTheyAre) {
@@ -199,20 +185,6 @@ TEST_F(LayoutTest, AnEmptySurfaceIsLaidOutAtOnce) {
     EXPECT_TRUE(LayOutInLayers(empty, kAll, kOptions, Always));
     LayOutAsTree(empty, kAll, kOptions);
     EXPECT_EQ(empty.Nodes().Count(), 0);
-}
-
-TEST(LayoutStream, CutOffOrImpossibleTasksAreRefused) {
-    LayoutTask task;
-    task.graph.sizes = {{10, 20}, {30, 40}};
-    task.graph.centres = {{1, 2}, {3, 4}};
-    task.graph.edges = {{0, 1}};
-    const QByteArray whole = ToBytes(task);
-    ASSERT_TRUE(TaskFrom(whole));
-    EXPECT_EQ(TaskFrom(whole)->graph.edges, task.graph.edges);
-    for (int length = 0; length < whole.size(); ++length)
-        EXPECT_FALSE(TaskFrom(whole.left(length))) << length;
-    task.graph.edges = {{0, 2}};
-    EXPECT_FALSE(TaskFrom(ToBytes(task)));
 }
 
 } // namespace

@@ -4,7 +4,7 @@
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
-#include "gallery/GraphFile.h"
+#include "tests/yardstick/GraphFile.h"
 
 #include <cstdio>
 #include <QDir>
@@ -40,9 +40,9 @@ void PaintPanel(QPainter &painter, const QRect &place, const QString &name, cons
     Renderer renderer;
     Surface surface;
     surface.SetMeasure(&renderer.Measure());
-    const gallery::GraphFile file = gallery::GraphFile::Read(name, surface);
+    const yardstick::GraphFile file = yardstick::GraphFile::Read(name, surface);
     LayoutOrder order;
-    order.lane = gallery::GraphFile::LevelOf;
+    order.lane = yardstick::GraphFile::LevelOf;
     QElapsedTimer time;
     time.start();
     row.layOut(surface, order);
@@ -79,7 +79,7 @@ int main(int argc, char **argv) {
     const QStringList arguments = QCoreApplication::arguments();
     const QDir folder(arguments.value(1, QStringLiteral("build/gallery/layouts")));
     if (!QDir().mkpath(folder.path())) return 1;
-    for (const QString &name : arguments.size() > 2 ? arguments.mid(2) : gallery::GraphNames())
+    for (const QString &name : arguments.size() > 2 ? arguments.mid(2) : yardstick::GraphNames())
         WriteSheet(folder, name);
     return 0;
 }

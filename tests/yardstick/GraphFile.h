@@ -10,7 +10,7 @@ class Node;
 class Surface;
 } // namespace diagram
 
-namespace gallery {
+namespace yardstick {
 
 // The names of the files, without their ending, in alphabetical order.
 QStringList GraphNames();
@@ -26,4 +26,4 @@ struct GraphFile {
     static int LevelOf(const diagram::Node &node);
 };
 
-} // namespace gallery
+} // namespace yardstick

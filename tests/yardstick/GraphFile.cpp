@@ -1,7 +1,6 @@
-#include "gallery/GraphFile.h"
+#include "tests/yardstick/GraphFile.h"
 
 #include "diagram/model/Surface.h"
-#include "tests/Paths.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,7 +9,7 @@
 
 using namespace diagram;
 
-namespace gallery {
+namespace yardstick {
 
 namespace {
 
@@ -18,7 +17,7 @@ constexpr support::Colour kFills[] = {support::Rgb(220, 230, 241), support::Rgb(
                                       support::Rgb(253, 233, 217), support::Rgb(228, 223, 236),
                                       support::Rgb(255, 242, 204), support::Rgb(242, 220, 219)};
 
-QDir Folder() { return QDir(tests::Data(QStringLiteral("graphs"))); }
+QDir Folder() { return QDir(QStringLiteral(VELMORA_GRAPHS)); }
 
 class Reader {
 public:
@@ -91,4 +90,4 @@ GraphFile GraphFile::Read(const QString &name, Surface &surface) {
 
 int GraphFile::LevelOf(const Node &node) { return node.Tag().isEmpty() ? -1 : node.Tag().toInt(); }
 
-} // namespace gallery
+} // namespace yardstick

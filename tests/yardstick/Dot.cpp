@@ -1,4 +1,4 @@
-#include "benchmarks/RawDot.h"
+#include "tests/yardstick/Dot.h"
 
 #include <gvc.h>
 #include <QByteArray>
@@ -6,7 +6,7 @@
 
 extern "C" gvplugin_library_t gvplugin_dot_layout_LTX_library;
 
-namespace bench {
+namespace yardstick {
 
 namespace {
 
@@ -75,7 +75,7 @@ GVC_t *MakeContext() {
 
 } // namespace
 
-double RawDot(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &options) {
+double TimeOfDot(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &options) {
     GVC_t *context = MakeContext();
     Agraph_t *built = Build(graph, options, "none");
     QElapsedTimer timer;
@@ -88,19 +88,21 @@ double RawDot(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &o
     return time;
 }
 
-std::vector<std::vector<QPointF>> DotWays(const diagram::LayoutGraph &graph,
-                                          const diagram::LayoutOptions &options) {
+DotDrawing DrawByDot(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &options) {
     GVC_t *context = MakeContext();
     Agraph_t *built = Build(graph, options, "spline");
     gvLayout(context, built, "dot");
-    std::vector<std::vector<QPointF>> ways(graph.edges.size());
-    for (Agnode_t *node = agfstnode(built); node; node = agnxtnode(built, node))
+    DotDrawing drawing{std::vector<QPointF>(graph.sizes.size()),
+                       std::vector<std::vector<QPointF>>(graph.edges.size())};
+    for (Agnode_t *node = agfstnode(built); node; node = agnxtnode(built, node)) {
+        drawing.centres[std::size_t(QByteArray(agnameof(node)).toInt())] = At(ND_coord(node));
         for (Agedge_t *edge = agfstout(built, node); edge; edge = agnxtout(built, edge))
-            ways[std::size_t(QByteArray(agnameof(edge)).toInt())] = WayOf(edge);
+            drawing.ways[std::size_t(QByteArray(agnameof(edge)).toInt())] = WayOf(edge);
+    }
     gvFreeLayout(context, built);
     agclose(built);
     gvFreeContext(context);
-    return ways;
+    return drawing;
 }
 
-} // namespace bench
+} // namespace yardstick

@@ -1,0 +1,21 @@
+// How often links cross, bend and lead through boxes, however they were laid out.
+#pragma once
+
+#include "diagram/layout/Layered.h"
+
+namespace yardstick {
+
+// Of each edge, as straight pieces from where it comes from on; none for an edge from a box to itself.
+using Ways = std::vector<std::vector<QPointF>>;
+
+Ways WaysOf(const diagram::LayoutGraph &graph, const diagram::LayeredDrawing &drawing);
+
+// Of links without a common node.
+int CrossingsOf(const diagram::LayoutGraph &graph, const Ways &ways);
+
+int BendsOf(const Ways &ways);
+
+// Of links with a box that is at neither of their ends.
+int MeetingsOf(const diagram::LayoutGraph &graph, const std::vector<QPointF> &centres, const Ways &ways);
+
+} // namespace yardstick
