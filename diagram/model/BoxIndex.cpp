@@ -6,6 +6,7 @@
 #include <boost/geometry/core/cs.hpp>
 #include <boost/geometry/geometries/box.hpp>
 #include <boost/geometry/geometries/point.hpp>
+#include <boost/geometry/index/detail/rtree/utilities/view.hpp>
 #include <boost/geometry/index/rtree.hpp>
 #include <boost/iterator/function_output_iterator.hpp>
 
@@ -36,10 +37,63 @@ FloatBox FromBox(const Box &box) {
     return {low.get<0>(), low.get<1>(), high.get<0>(), high.get<1>()};
 }
 
+using Boxes = bg::index::rtree<BoxIndex::Entry, bg::index::quadratic<12>, BoxOf, Same>;
+
+// A line, broadened, that is compared with box after box.
+class Corridor {
+public:
+    Corridor(const QPointF &from, const QPointF &to, double nearness)
+        : x_(from.x(), to.x(), nearness), y_(from.y(), to.y(), nearness) {}
+
+    bool Touches(const Box &box) const {
+        double first = 0, last = 1;
+        return x_.Clip(box.min_corner().get<0>(), box.max_corner().get<0>(), first, last) &&
+               y_.Clip(box.min_corner().get<1>(), box.max_corner().get<1>(), first, last);
+    }
+
+private:
+    class Side {
+    public:
+        Side(double from, double to, double nearness)
+            : from_(from), perLength_(from == to ? 0 : 1 / (to - from)), nearness_(nearness) {}
+        // Leaves what of the stretch from `first` to `last` lies between both.
+        bool Clip(double low, double high, double &first, double &last) const {
+            low -= from_ + nearness_, high += nearness_ - from_;
+            if (perLength_ == 0) return low <= 0 && high >= 0;
+            const double a = low * perLength_, b = high * perLength_;
+            first = std::max(first, std::min(a, b)), last = std::min(last, std::max(a, b));
+            return first <= last;
+        }
+
+    private:
+        double from_, perLength_, nearness_;
+    };
+    Side x_, y_;
+};
+
+namespace tree = bg::index::detail::rtree;
+using Members = tree::utilities::view<Boxes>::members_holder;
+
+// The library's own questions know no broadened lines.
+struct FindInCorridor : Members::visitor_const {
+    FindInCorridor(const Corridor &where, std::vector<BoxIndex::Entry> &into)
+        : corridor(where), found(into) {}
+    void operator()(const Members::internal_node &node) {
+        for (const auto &child : tree::elements(node))
+            if (corridor.Touches(child.first)) tree::apply_visitor(*this, *child.second);
+    }
+    void operator()(const Members::leaf &leaf) {
+        for (const BoxIndex::Entry &entry : tree::elements(leaf))
+            if (corridor.Touches(ToBox(entry.first))) found.push_back(entry);
+    }
+    const Corridor &corridor;
+    std::vector<BoxIndex::Entry> &found;
+};
+
 } // namespace
 
 struct BoxIndex::Tree {
-    bg::index::rtree<BoxIndex::Entry, bg::index::quadratic<12>, BoxOf, Same> boxes;
+    Boxes boxes;
 };
 
 BoxIndex::BoxIndex() : tree_(std::make_unique<Tree>()) {}
@@ -64,6 +118,14 @@ void BoxIndex::Visit(const FloatBox &area, const std::function<void(const Entry 
 void BoxIndex::Find(const QRectF &area, std::vector<Entry> &found) const {
     const FloatBox box{float(area.left()), float(area.top()), float(area.right()), float(area.bottom())};
     Visit(box, [&found](const Entry &entry) { found.push_back(entry); });
+}
+
+void BoxIndex::FindAlong(const QPointF &from, const QPointF &to, double nearness,
+                         std::vector<Entry> &found) const {
+    if (tree_->boxes.empty()) return;
+    const Corridor corridor(from, to, nearness);
+    FindInCorridor find(corridor, found);
+    tree::utilities::view<Boxes>(tree_->boxes).apply_visitor(find);
 }
 
 } // namespace diagram

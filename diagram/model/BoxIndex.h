@@ -44,6 +44,9 @@ public:
     void Visit(const FloatBox &area, const std::function<void(const Entry &)> &visit) const;
     // Appends what touches `area`, in any order.
     void Find(const QRectF &area, std::vector<Entry> &found) const;
+    // Appends what comes within `nearness` of the line between two points, and perhaps a little more, in any
+    // order: much less than touches the area that a long line spans.
+    void FindAlong(const QPointF &from, const QPointF &to, double nearness, std::vector<Entry> &found) const;
 
 private:
     struct Tree;

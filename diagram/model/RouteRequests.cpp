@@ -138,10 +138,13 @@ NodesAround::NodesAround(const BoxIndex &index, const LinkDraft &link, const Rou
 void NodesAround::Find(const QRectF &area, std::vector<QRectF> &boxes) const {
     found_.clear();
     index_.Find(area, found_);
-    for (const auto &[box, id] : found_) {
-        if (id == source_ || id == destination_) continue;
-        if (const QRectF rect = box.Rect(); IsObstacleFor(request_, rect)) boxes.push_back(rect);
-    }
+    for (const BoxIndex::Entry &entry : found_)
+        if (IsInTheWay(entry)) boxes.push_back(entry.first.Rect());
+}
+
+bool NodesAround::IsInTheWay(const BoxIndex::Entry &entry) const {
+    const auto &[box, id] = entry;
+    return id != source_ && id != destination_ && IsObstacleFor(request_, box.Rect());
 }
 
 const NodesAround::Known &NodesAround::KnownAround(const QRectF &area) const {
@@ -156,6 +159,15 @@ void NodesAround::In(const QRectF &area, std::vector<QRectF> &boxes) const {
     if (++asked_ < kOften) return Find(area, boxes);
     for (const QRectF &box : KnownAround(area).boxes)
         if (Touch(box, area)) boxes.push_back(box);
+}
+
+void NodesAround::Along(const QPointF &from, const QPointF &to, double nearness,
+                        std::vector<QRectF> &boxes) const {
+    found_.clear();
+    index_.FindAlong(from, to, nearness, found_);
+    for (const BoxIndex::Entry &entry : found_)
+        if (IsInTheWay(entry) && Meets(entry.first.Rect(), from, to, nearness))
+            boxes.push_back(entry.first.Rect());
 }
 
 } // namespace diagram

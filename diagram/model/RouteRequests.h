@@ -32,6 +32,8 @@ public:
     // `request` and `index` must outlive it and stay as they are.
     NodesAround(const BoxIndex &index, const LinkDraft &link, const RouteRequest &request);
     void In(const QRectF &area, std::vector<QRectF> &boxes) const override;
+    void Along(const QPointF &from, const QPointF &to, double nearness,
+               std::vector<QRectF> &boxes) const override;
 
 private:
     // An area with all of its obstacles.
@@ -41,6 +43,7 @@ private:
     };
 
     void Find(const QRectF &area, std::vector<QRectF> &boxes) const;
+    bool IsInTheWay(const BoxIndex::Entry &entry) const;
     const Known &KnownAround(const QRectF &area) const;
 
     const BoxIndex &index_;

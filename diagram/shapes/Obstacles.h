@@ -9,13 +9,6 @@
 
 namespace diagram {
 
-class Obstacles {
-public:
-    virtual ~Obstacles() = default;
-    // Appends the boxes that touch `area`, in any order, some perhaps twice. Twips.
-    virtual void In(const QRectF &area, std::vector<QRectF> &boxes) const = 0;
-};
-
 // Whether the insides of two boxes touch; one without size lies inside of another like a point.
 inline bool Overlap(const QRectF &a, const QRectF &b) {
     return a.left() < b.right() && b.left() < a.right() && a.top() < b.bottom() && b.top() < a.bottom();
@@ -40,5 +33,20 @@ inline bool Meets(const QRectF &box, const QPointF &from, const QPointF &to, dou
 inline QRectF Neighbourhood(const QPointF &from, const QPointF &to, double nearness) {
     return QRectF(from, to).normalized().adjusted(-nearness, -nearness, nearness, nearness);
 }
+
+class Obstacles {
+public:
+    virtual ~Obstacles() = default;
+    // Appends the boxes that touch `area`, in any order, some perhaps twice. Twips.
+    virtual void In(const QRectF &area, std::vector<QRectF> &boxes) const = 0;
+    // Appends those that the piece between two points meets, in any order.
+    virtual void Along(const QPointF &from, const QPointF &to, double nearness,
+                       std::vector<QRectF> &boxes) const {
+        std::vector<QRectF> near;
+        In(Neighbourhood(from, to, nearness), near);
+        for (const QRectF &box : near)
+            if (Meets(box, from, to, nearness)) boxes.push_back(box);
+    }
+};
 
 } // namespace diagram
