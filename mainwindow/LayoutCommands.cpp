@@ -1,4 +1,4 @@
-#include "app/settings/Settings.h"
+#include "settings/Settings.h"
 #include "diagram/layout/Layouts.h"
 #include "diagram/view/Glide.h"
 #include "diagram/view/SurfaceView.h"

@@ -1,5 +1,7 @@
 #include "tests/yardstick/Dot.h"
 
+#include "diagram/geometry/Units.h"
+
 #include <gvc.h>
 #include <QByteArray>
 #include <QElapsedTimer>
@@ -10,13 +12,11 @@ namespace yardstick {
 
 namespace {
 
-constexpr double kTwipsOfInch = 1440;
-
 // Graphviz takes its texts without const and copies them.
 char *Text(const char *text) { return const_cast<char *>(text); }
 
 void Set(void *object, const char *name, double twips) {
-    agsafeset(object, Text(name), QByteArray::number(twips / kTwipsOfInch).data(), Text(""));
+    agsafeset(object, Text(name), QByteArray::number(twips / diagram::kTwipsPerInch).data(), Text(""));
 }
 
 Agraph_t *Build(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &options,
@@ -42,9 +42,9 @@ Agraph_t *Build(const diagram::LayoutGraph &graph, const diagram::LayoutOptions 
     return built;
 }
 
-constexpr double kTwipsOfPoint = 20;
-
-QPointF At(const pointf &point) { return {point.x * kTwipsOfPoint, -point.y * kTwipsOfPoint}; }
+QPointF At(const pointf &point) {
+    return {point.x * diagram::kTwipsPerPoint, -point.y * diagram::kTwipsPerPoint};
+}
 
 // A curve of the third degree as pieces, behind its first point.
 void AddCurve(const pointf *points, std::vector<QPointF> &way) {
