@@ -1,4 +1,3 @@
-#include "settings/Settings.h"
 #include "diagram/layout/Layouts.h"
 #include "diagram/view/Glide.h"
 #include "diagram/view/SurfaceView.h"
@@ -11,6 +10,7 @@
 #include "mainwindow/frmPics.h"
 #include "mainwindow/LongTask.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/Settings.h"
 #include "support/Error.h"
 #include "support/Val.h"
 #include "timeline/Arrange.h"

@@ -90,7 +90,8 @@ protected:
     std::vector<Node *> selectedBefore;
 };
 
-// A shape that was chosen waits for its click; the click that is interrupted places nothing, the next one does.
+// A shape that was chosen waits for its click; the click that is interrupted places nothing, the next one
+// does.
 TEST_F(Interruptions, OfAClickThatWouldPlaceAShape) {
     constexpr int kHexagon = 8;
     QWidget other;

@@ -1,5 +1,5 @@
-// Every engine paints on its own, without a surface: what a painter drew stands in the file, and the player shows
-// it again.
+// Every engine paints on its own, without a surface: what a painter drew stands in the file, and the player
+// shows it again.
 #include "vector/engine/EmfEngine.h"
 #include "vector/engine/SvgEngine.h"
 #include "vector/engine/WmfEngine.h"
