@@ -35,15 +35,11 @@ private:
 };
 
 QString ReaderPath() {
-    const QString folder = QFileInfo(support::platform::ExecutablePath()).absolutePath();
-#ifdef Q_OS_WIN
-    const QString name = QStringLiteral("velmora-jetread.exe");
-#else
-    const QString name = QStringLiteral("velmora-jetread");
-#endif
-    const QString path = folder + QLatin1Char('/') + name;
-    if (!QFileInfo::exists(path))
-        throw EngineError(support::kErrFileNotFound, QStringLiteral("File not found: '%1'").arg(name));
+    const QString path = support::platform::CompanionProgram(QStringLiteral("velmora-jetread"));
+    const QFileInfo file(path);
+    if (!file.exists())
+        throw EngineError(support::kErrFileNotFound,
+                          QStringLiteral("File not found: '%1'").arg(file.fileName()));
     return path;
 }
 

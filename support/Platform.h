@@ -33,6 +33,8 @@ void CopyPermissions(const QString &model, const QString &path);
 
 // The path of the running executable.
 QString ExecutablePath();
+// That of the program of this name (without an ending) in the same folder, whether or not it is there.
+QString CompanionProgram(const QString &name);
 // The 8.3 and the long form; empty where there is none.
 QString ShortForm(const QString &path);
 QString LongForm(const QString &path);

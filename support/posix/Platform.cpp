@@ -184,6 +184,10 @@ QString ExecutablePath() {
 #endif
 }
 
+QString CompanionProgram(const QString &name) {
+    return QFileInfo(ExecutablePath()).absolutePath() + u'/' + name;
+}
+
 QString ShortForm(const QString &) { return QString(); }
 
 QString LongForm(const QString &) { return QString(); }

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <QDir>
+#include <QFileInfo>
 #include <string>
 
 #define WIN32_LEAN_AND_MEAN
@@ -158,6 +159,10 @@ void CopyPermissions(const QString &model, const QString &path) {
 
 QString ExecutablePath() {
     return Filled([](wchar_t *buffer, DWORD size) { return GetModuleFileNameW(nullptr, buffer, size); });
+}
+
+QString CompanionProgram(const QString &name) {
+    return QFileInfo(ExecutablePath()).absolutePath() + u'/' + name + QStringLiteral(".exe");
 }
 
 QString ShortForm(const QString &path) {

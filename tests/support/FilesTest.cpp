@@ -1,9 +1,11 @@
 #include "support/Files.h"
 #include "support/Error.h"
+#include "support/Platform.h"
 
 #include <gtest/gtest.h>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 using namespace support;
@@ -30,6 +32,13 @@ protected:
 };
 
 } // namespace
+
+TEST(Platform, ACompanionStandsBesideTheRunningProgramUnderTheSystemsEnding) {
+    const QFileInfo own(platform::ExecutablePath());
+    const QFileInfo companion(platform::CompanionProgram(own.completeBaseName()));
+    EXPECT_EQ(companion.canonicalFilePath(), own.canonicalFilePath());
+    EXPECT_FALSE(QFileInfo::exists(platform::CompanionProgram(QStringLiteral("velmora-nobody"))));
+}
 
 TEST(Files, AddBackslash_AddsTheEndingOnlyWhereItIsMissing) {
     EXPECT_EQ(AddBackslash("C:\\a", "\\"), "C:\\a\\");
