@@ -62,8 +62,7 @@ int AllSlices(const QString &map, const QString &folder, const QString &format,
     document::MemoryWindow &window = session.Open(map);
     ShowOnly(window, filter, out);
     if (!QDir().mkpath(folder))
-        throw support::Error(support::kErrPathFileAccess, QStringLiteral("velmora-cli"),
-                             QStringLiteral("Path/File access error: %1").arg(folder));
+        support::Raise(support::kErrPathFileAccess, QStringLiteral("velmora-cli"), folder);
     int tab = 0;
     for (const int index : window.AddFlow1().Indices()) {
         const QString name = FileNameFor(tab + 1, window.TabStrip().TabCaption(tab), format);

@@ -26,8 +26,7 @@ QString AttachmentFolder::NewPath(const QString &storedName) {
         own = folder + QString::number(++doubles_ + 1);
     } while (QFileInfo::exists(own)); // a file may have a number for its title
     if (!QDir().mkdir(own))
-        throw support::Error(support::kErrPathFileAccess, QStringLiteral("AttachmentFolder"),
-                             QStringLiteral("Path/File access error: %1").arg(own));
+        support::Raise(support::kErrPathFileAccess, QStringLiteral("AttachmentFolder"), own);
     return support::AddBackslash(own) + title;
 }
 

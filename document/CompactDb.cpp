@@ -76,9 +76,7 @@ void MakeSafetyCopy(const QString &map) {
         copy.setAutoRemove(false);
         good = QFile::rename(copy.fileName(), target);
     }
-    if (!good)
-        throw support::Error(support::kErrPathFileAccess, QStringLiteral("CompactDb"),
-                             QStringLiteral("Path/File access error: %1").arg(target));
+    if (!good) support::Raise(support::kErrPathFileAccess, QStringLiteral("CompactDb"), target);
 }
 
 // What a safety copy of one name is in one of the folders.

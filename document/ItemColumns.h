@@ -119,7 +119,7 @@ using DataOf = std::conditional_t<std::is_same_v<typename diagram::MemberOf<Memb
 // Error 6 "Overflow".
 inline float SingleOf(double number) {
     if (!(std::abs(number) <= double(std::numeric_limits<float>::max())))
-        throw support::Error(support::kErrOverflow, QStringLiteral("Columns"), QStringLiteral("Overflow"));
+        support::Raise(support::kErrOverflow, QStringLiteral("Columns"));
     return float(number);
 }
 

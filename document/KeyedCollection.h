@@ -16,10 +16,7 @@ class KeyedCollection {
 public:
     // Owns the item. Error 457 for a key that is taken.
     T &Add(const QString &key, std::unique_ptr<T> item) {
-        if (byKey_.contains(key))
-            throw support::Error(
-                support::kErrKeyInUse, QStringLiteral("Collection"),
-                QStringLiteral("This key is already associated with an element of this collection"));
+        if (byKey_.contains(key)) support::Raise(support::kErrKeyInUse, QStringLiteral("Collection"));
         entries_.push_back({key, std::move(item)});
         byKey_.insert(key, entries_.back().item.get());
         return *entries_.back().item;
@@ -27,8 +24,7 @@ public:
     // Error 5 for an unknown key.
     T &Item(const QString &key) const {
         if (T *item = Find(key)) return *item;
-        throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("Collection"),
-                             QStringLiteral("Invalid procedure call or argument"));
+        support::Raise(support::kErrInvalidProcedureCall, QStringLiteral("Collection"));
     }
     // From 1; error 9.
     T &Item(int index) const { return *entries_[Checked(index)].item; }
@@ -55,8 +51,7 @@ private:
 
     std::size_t Checked(int index) const {
         if (index < 1 || index > Count())
-            throw support::Error(support::kErrSubscriptOutOfRange, QStringLiteral("Collection"),
-                                 QStringLiteral("Subscript out of range"));
+            support::Raise(support::kErrSubscriptOutOfRange, QStringLiteral("Collection"));
         return static_cast<std::size_t>(index - 1);
     }
 

@@ -18,10 +18,7 @@ SliceLoader::SliceLoader(MapWindow &window, diagram::Surface &surface, MapRows &
 SliceLoader::~SliceLoader() { surface_.SetLoading(false); }
 
 diagram::Node &SliceLoader::AddNode(NodeRow &row) {
-    if (surface_.Nodes().Find(row.data.key))
-        throw support::Error(
-            support::kErrKeyInUse, QStringLiteral("Nodes"),
-            QStringLiteral("This key is already associated with an element of this collection"));
+    if (surface_.Nodes().Find(row.data.key)) support::Raise(support::kErrKeyInUse, QStringLiteral("Nodes"));
     if (!row.picture.isEmpty()) row.data.picture = pictures_.Load(row.picture);
     return surface_.Restore(surface_.NextId(), std::move(row.data));
 }
@@ -84,8 +81,7 @@ void PlaceOneByOne(std::vector<diagram::Point> &points, std::span<const PointRow
         for (const PointRow &row : rows) {
             const auto position = static_cast<std::size_t>(row.index);
             if (row.index < 0 || position > points.size() + kLargestGap)
-                throw support::Error(support::kErrSubscriptOutOfRange, QStringLiteral("Points"),
-                                     QStringLiteral("Subscript out of range"));
+                support::Raise(support::kErrSubscriptOutOfRange, QStringLiteral("Points"));
             added = added || position >= points.size();
             if (position < points.size())
                 points[position] = {row.x, row.y};

@@ -9,7 +9,7 @@ namespace document {
 
 std::size_t MemoryTabs::Checked(int index) const {
     if (index < 0 || index >= TabCount())
-        throw support::Error(380, QStringLiteral("TabStrip"), QStringLiteral("Invalid property value"));
+        support::Raise(support::kErrInvalidPropertyValue, QStringLiteral("TabStrip"));
     return static_cast<std::size_t>(index);
 }
 

@@ -45,8 +45,7 @@ int SurfaceArray::UBound() const { return static_cast<int>(slots_.size()) - 1; }
 
 diagram::Surface &SurfaceArray::Load(int index) {
     if (index < 0 || index > kLargestIndex) RaiseNoElement(index);
-    if (Exists(index))
-        throw support::Error(360, QStringLiteral("AddFlow1"), QStringLiteral("Object already loaded"));
+    if (Exists(index)) support::Raise(support::kErrAlreadyLoaded, QStringLiteral("AddFlow1"));
     auto surface = MakeSurface(index);
     const auto slot = static_cast<std::size_t>(index);
     if (slot >= slots_.size()) slots_.resize(slot + 1);
@@ -57,9 +56,7 @@ diagram::Surface &SurfaceArray::Load(int index) {
 
 void SurfaceArray::Unload(int index) {
     if (!Exists(index)) RaiseNoElement(index);
-    if (index == 0)
-        throw support::Error(362, QStringLiteral("AddFlow1"),
-                             QStringLiteral("Can't unload controls created at design time"));
+    if (index == 0) support::Raise(support::kErrLoadedAtDesignTime, QStringLiteral("AddFlow1"));
     if (unloading_) unloading_(*slots_[static_cast<std::size_t>(index)]);
     slots_[static_cast<std::size_t>(index)].reset();
     while (!slots_.back()) slots_.pop_back();

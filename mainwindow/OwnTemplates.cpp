@@ -13,10 +13,7 @@ namespace mainwindow {
 namespace {
 
 constexpr long kErrFileExists = 58;
-
-[[noreturn]] void Raise(long number, const QString &text) {
-    throw support::Error(number, QStringLiteral("RenameTemplate"), text);
-}
+const QString kRoutine = QStringLiteral("RenameTemplate");
 
 } // namespace
 
@@ -37,9 +34,8 @@ QString RenameTemplate(const QString &file, const QString &title) {
     const QString target = QString(file).replace(file.size() - info.fileName().size(), file.size(), name);
     if (name == info.fileName()) return file;
     if (QFileInfo::exists(target) && !support::IsSameFile(file, target))
-        Raise(kErrFileExists, QStringLiteral("File already exists: %1").arg(name));
-    if (!QFile::rename(file, target))
-        Raise(support::kErrPathFileAccess, QStringLiteral("Path/File access error: %1").arg(file));
+        throw support::Error(kErrFileExists, kRoutine, QStringLiteral("File already exists: %1").arg(name));
+    if (!QFile::rename(file, target)) support::Raise(support::kErrPathFileAccess, kRoutine, file);
     return target;
 }
 

@@ -20,15 +20,13 @@ void clsTabStrip::SetTabStrip(QTabBar *bar) {
 }
 
 QTabBar &clsTabStrip::Bar() const {
-    if (!bar_)
-        throw support::Error(91, QStringLiteral("clsTabStrip"),
-                             QStringLiteral("Object variable or With block variable not set"));
+    if (!bar_) support::Raise(support::kErrObjectNotSet, QStringLiteral("clsTabStrip"));
     return *bar_;
 }
 
 int clsTabStrip::Checked(int index) const {
     if (index < 0 || index >= Bar().count())
-        throw support::Error(380, QStringLiteral("clsTabStrip"), QStringLiteral("Invalid property value"));
+        support::Raise(support::kErrInvalidPropertyValue, QStringLiteral("clsTabStrip"));
     return index;
 }
 

@@ -42,8 +42,7 @@ HeldFolder MakeFolder(const QString &root) {
         if (HeldFolder held = Hold(path, kLockWait); held.lock) return held;
         QDir().rmdir(path);
     }
-    throw support::Error(support::kErrPathFileAccess, QStringLiteral("Journal"),
-                         QStringLiteral("Path/File access error: %1").arg(root));
+    support::Raise(support::kErrPathFileAccess, QStringLiteral("Journal"), root);
 }
 
 HeldFolder HoldFolder(const QString &path) { return QFileInfo::exists(path) ? Hold(path, 0) : HeldFolder(); }

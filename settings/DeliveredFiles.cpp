@@ -27,8 +27,7 @@ bool MayReplace(const QString &path) {
 
 void MakeFolder(const QString &folder, const char *source) {
     if (QDir().mkpath(folder)) return;
-    throw support::Error(support::kErrPathNotFound, QLatin1String(source),
-                         QStringLiteral("Path not found: %1").arg(folder));
+    support::Raise(support::kErrPathNotFound, QLatin1String(source), folder);
 }
 
 // Whether new files may go into a folder below the program's, which is made where it is missing.

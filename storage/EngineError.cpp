@@ -64,7 +64,7 @@ constexpr CodeRow kCodes[] = {
      "The database engine cannot open or write to the file '%1'. It is already opened exclusively by another "
      "user, or you need permission to view and write its data."},
     {SQLITE_IOERR, kErrIo, "Disk or network error."},
-    {SQLITE_NOMEM, 7, "Out of memory"},
+    {SQLITE_NOMEM, support::kErrOutOfMemory, "Out of memory"},
     {SQLITE_TOOBIG, 3163,
      "The field is too small to accept the amount of data you attempted to add. Try inserting or pasting "
      "less data."},

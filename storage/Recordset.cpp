@@ -9,10 +9,12 @@ namespace storage {
 
 namespace {
 
-support::Error Overflow() { return EngineError(support::kErrOverflow, QStringLiteral("Overflow")); }
+support::Error Overflow() {
+    return EngineError(support::kErrOverflow, support::ErrorText(support::kErrOverflow));
+}
 
 support::Error TypeMismatch() {
-    return EngineError(support::kErrTypeMismatch, QStringLiteral("Type mismatch"));
+    return EngineError(support::kErrTypeMismatch, support::ErrorText(support::kErrTypeMismatch));
 }
 
 // Reading a cell once and then asking its value costs half of what asking the row twice does. A connection is

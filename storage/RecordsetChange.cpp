@@ -106,7 +106,7 @@ QByteArray Recordset::GetChunk(const QString &name, qint64 offset, qint64 count)
     const qint64 size = sqlite3_column_bytes(row, column);
     if (offset < 0 || count < 0)
         throw EngineError(support::kErrInvalidProcedureCall,
-                          QStringLiteral("Invalid procedure call or argument"));
+                          support::ErrorText(support::kErrInvalidProcedureCall));
     if (offset >= size) return {};
     return QByteArray(bytes + offset, std::min(count, size - offset));
 }

@@ -27,9 +27,7 @@ int MemoryFigure(const MemoryReading &reading) {
 void SetDesktop(Desktop *desktop) { currentDesktop = desktop; }
 
 Desktop &CurrentDesktop() {
-    if (!currentDesktop)
-        throw Error(91, QStringLiteral("CurrentDesktop"),
-                    QStringLiteral("Object variable or With block variable not set"));
+    if (!currentDesktop) Raise(kErrObjectNotSet, QStringLiteral("CurrentDesktop"));
     return *currentDesktop;
 }
 

@@ -19,7 +19,41 @@ struct FollowUp {
     std::function<void()> action;
 };
 FollowUp followUp;
+
+struct TextRow {
+    long number;
+    const char *text;
+};
+constexpr TextRow kTexts[] = {
+    {kErrInvalidProcedureCall, "Invalid procedure call or argument"},
+    {kErrOverflow, "Overflow"},
+    {kErrOutOfMemory, "Out of memory"},
+    {kErrSubscriptOutOfRange, "Subscript out of range"},
+    {kErrTypeMismatch, "Type mismatch"},
+    {kErrFileNotFound, "File not found"},
+    {kErrDiskFull, "Disk full"},
+    {kErrPermissionDenied, "Permission denied"},
+    {kErrPathFileAccess, "Path/File access error"},
+    {kErrPathNotFound, "Path not found"},
+    {kErrObjectNotSet, "Object variable or With block variable not set"},
+    {kErrAlreadyLoaded, "Object already loaded"},
+    {kErrLoadedAtDesignTime, "Can't unload controls created at design time"},
+    {kErrInvalidPropertyValue, "Invalid property value"},
+    {kErrKeyInUse, "This key is already associated with an element of this collection"},
+    {kErrInvalidPicture, "Invalid picture"},
+};
 } // namespace
+
+QString ErrorText(long number) {
+    for (const TextRow &row : kTexts)
+        if (row.number == number) return QString::fromLatin1(row.text);
+    return {};
+}
+
+void Raise(long number, const QString &source, const QString &about) {
+    const QString text = ErrorText(number);
+    throw Error(number, source, about.isEmpty() ? text : text + QStringLiteral(": ") + about);
+}
 
 Error::Error(long number, QString source, QString description)
     : number_(number),
@@ -58,7 +92,7 @@ Error CurrentError(const QString &source) {
     } catch (const Error &error) {
         return error;
     } catch (const std::bad_alloc &) {
-        return Error(7, source, QStringLiteral("Out of memory"));
+        return Error(kErrOutOfMemory, source, ErrorText(kErrOutOfMemory));
     } catch (const std::exception &error) {
         return Error(kErrInvalidProcedureCall, source, QString::fromUtf8(error.what()));
     } catch (...) {

@@ -7,17 +7,26 @@
 
 namespace support {
 
-// Numbers that more than one folder raises; the texts stand at the places that raise them.
-constexpr long kErrOverflow = 6;
+// Numbers that more than one folder raises. Each has its row in the table of texts in Error.cpp.
 constexpr long kErrInvalidProcedureCall = 5;
+constexpr long kErrOverflow = 6;
+constexpr long kErrOutOfMemory = 7;
 constexpr long kErrSubscriptOutOfRange = 9;
 constexpr long kErrTypeMismatch = 13;
 constexpr long kErrFileNotFound = 53;
+constexpr long kErrDiskFull = 61;
 constexpr long kErrPermissionDenied = 70;
 constexpr long kErrPathFileAccess = 75;
 constexpr long kErrPathNotFound = 76;
+constexpr long kErrObjectNotSet = 91;
+constexpr long kErrAlreadyLoaded = 360;
+constexpr long kErrLoadedAtDesignTime = 362;
+constexpr long kErrInvalidPropertyValue = 380;
 constexpr long kErrKeyInUse = 457;
-constexpr long kErrDiskFull = 61;
+constexpr long kErrInvalidPicture = 481;
+
+// What the number says of itself; empty for one without a row.
+QString ErrorText(long number);
 
 // A failure with the three things that every handler needs. The source grows into a list of the routines that
 // the error passed through, one a line.
@@ -40,6 +49,9 @@ private:
     QString description_;
     QByteArray what_;
 };
+
+// Throws the error with its number's text; behind a colon what it is about, if that is given.
+[[noreturn]] void Raise(long number, const QString &source, const QString &about = {});
 
 // The text of the box that reports `error`: description, two carriage returns, "(Error #N)".
 QString ReportText(const Error &error);

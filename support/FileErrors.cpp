@@ -8,27 +8,21 @@ namespace {
 
 using platform::Failure;
 
-// Error number and text of a failure.
-struct FailureText {
+struct FailureNumber {
     Failure failure;
     long number;
-    const char *text;
 };
-constexpr FailureText kFailureTexts[] = {
-    {Failure::NotFound, kErrFileNotFound, "File not found"},
-    {Failure::NoPermission, kErrPermissionDenied, "Permission denied"},
-    {Failure::DiskFull, kErrDiskFull, "Disk full"},
-    {Failure::NoFolder, kErrPathNotFound, "Path not found"},
-    {Failure::Access, kErrPathFileAccess, "Path/File access error"},
+constexpr FailureNumber kFailureNumbers[] = {
+    {Failure::NotFound, kErrFileNotFound}, {Failure::NoPermission, kErrPermissionDenied},
+    {Failure::DiskFull, kErrDiskFull},     {Failure::NoFolder, kErrPathNotFound},
+    {Failure::Access, kErrPathFileAccess},
 };
 
 } // namespace
 
 void Raise(Failure failure, const char *routine, const QString &path) {
-    for (const FailureText &row : kFailureTexts)
-        if (row.failure == failure)
-            throw Error(row.number, QString::fromLatin1(routine),
-                        QStringLiteral("%1: %2").arg(QLatin1String(row.text), path));
+    for (const FailureNumber &row : kFailureNumbers)
+        if (row.failure == failure) support::Raise(row.number, QString::fromLatin1(routine), path);
     throw Error(kErrPathFileAccess, QString::fromLatin1(routine), path);
 }
 

@@ -42,9 +42,8 @@ bool IsSeparator(QChar character, bool backslashes) {
     return character == QLatin1Char('/') || (backslashes && character == QLatin1Char('\\'));
 }
 
-Error FileError(long number, const char *routine, const char *text, const QString &path) {
-    return Error(number, QString::fromLatin1(routine),
-                 QStringLiteral("%1: %2").arg(QLatin1String(text), path));
+[[noreturn]] void RaiseOfFile(long number, const char *routine, const QString &path) {
+    Raise(number, QString::fromLatin1(routine), path);
 }
 
 bool LacksWriteRights(const QFileInfo &info) {
@@ -139,9 +138,7 @@ QString GetFileTitle(const QString &path, bool bWithExt) {
     const QString title = FileTitle(path);
     if (bWithExt) return title;
     const qsizetype point = title.lastIndexOf(QLatin1Char('.'));
-    if (point < 0)
-        throw Error(kErrInvalidProcedureCall, QStringLiteral("GetFileTitle"),
-                    QStringLiteral("Invalid procedure call or argument"));
+    if (point < 0) Raise(kErrInvalidProcedureCall, QStringLiteral("GetFileTitle"));
     return title.left(point);
 }
 
@@ -153,8 +150,7 @@ QString GetTempFile(const QString &prefix) {
     const QString start = prefix.isEmpty() ? QStringLiteral("ABC") : prefix.left(3);
     QTemporaryFile file(QDir::tempPath() + QLatin1Char('/') + start + QStringLiteral("XXXXXX.tmp"));
     file.setAutoRemove(false);
-    if (!file.open())
-        throw FileError(kErrPathFileAccess, "GetTempFile", "Path/File access error", TempPath());
+    if (!file.open()) RaiseOfFile(kErrPathFileAccess, "GetTempFile", TempPath());
     return QDir::toNativeSeparators(file.fileName());
 }
 
@@ -175,8 +171,7 @@ QStringList GetFiles(const QString &pattern, int attributes) {
 
 int GetFileAttribs(const QString &path) {
     const QFileInfo info(path);
-    if (path.isEmpty() || !info.exists())
-        throw FileError(kErrFileNotFound, "GetFileAttribs", "File not found", path);
+    if (path.isEmpty() || !info.exists()) RaiseOfFile(kErrFileNotFound, "GetFileAttribs", path);
     return AttributesOf(info);
 }
 
@@ -186,9 +181,9 @@ bool IsReadOnly(const QString &path) {
 }
 
 void Kill(const QString &path) {
-    if (!FileExists(path)) throw FileError(kErrFileNotFound, "Kill", "File not found", path);
-    if (IsReadOnly(path)) throw FileError(kErrPathFileAccess, "Kill", "Path/File access error", path);
-    if (!QFile::remove(path)) throw FileError(kErrPermissionDenied, "Kill", "Permission denied", path);
+    if (!FileExists(path)) RaiseOfFile(kErrFileNotFound, "Kill", path);
+    if (IsReadOnly(path)) RaiseOfFile(kErrPathFileAccess, "Kill", path);
+    if (!QFile::remove(path)) RaiseOfFile(kErrPermissionDenied, "Kill", path);
 }
 
 void ClearReadOnly(const QString &path) {

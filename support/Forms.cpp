@@ -4,9 +4,7 @@
 
 namespace support {
 
-void FormRequest::RaiseOtherType() const {
-    throw Error(kErrTypeMismatch, form_, QStringLiteral("Type mismatch"));
-}
+void FormRequest::RaiseOtherType() const { Raise(kErrTypeMismatch, form_); }
 
 bool FormTable::ShowModal(const FormRequest &request, Owner owner) {
     const auto found = forms_.find(request.Form());

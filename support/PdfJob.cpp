@@ -84,7 +84,7 @@ void PdfJob::Finish() {
     if (!file_) return;
     if (spool_) spool_->Check();
     if (!IsWholePdf(ReadWholeFile(file_->Path())))
-        throw Error(kErrDiskFull, QStringLiteral("PdfJob"), QStringLiteral("Disk full: ") + file_->Target());
+        Raise(kErrDiskFull, QStringLiteral("PdfJob"), file_->Target());
     handOn_(*file_);
     Cancel();
 }

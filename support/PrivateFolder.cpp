@@ -16,10 +16,7 @@ const QString kLockName = QStringLiteral(".lock");
 
 QString NameStart(const QString &purpose) { return QStringLiteral("velmora-%1-").arg(purpose); }
 
-[[noreturn]] void RaiseNoFolder() {
-    throw Error(kErrPathFileAccess, QStringLiteral("PrivateFolder"),
-                QStringLiteral("Path/File access error: %1").arg(TempPath()));
-}
+[[noreturn]] void RaiseNoFolder() { Raise(kErrPathFileAccess, QStringLiteral("PrivateFolder"), TempPath()); }
 
 QString MakeFolder(const QString &purpose) {
     QTemporaryDir folder(QDir::tempPath() + QLatin1Char('/') + NameStart(purpose) + QStringLiteral("XXXXXX"));

@@ -9,9 +9,7 @@ namespace support {
 
 namespace {
 
-[[noreturn]] void RaiseOverflow(const char *routine) {
-    throw Error(kErrOverflow, QString::fromLatin1(routine), QStringLiteral("Overflow"));
-}
+[[noreturn]] void RaiseOverflow(const char *routine) { Raise(kErrOverflow, QString::fromLatin1(routine)); }
 
 QString WithoutBlanks(const QString &text) {
     QString kept;
@@ -100,8 +98,7 @@ bool CBool(const QString &text) {
     const QString word = text.trimmed();
     if (word.compare(QLatin1String("True"), Qt::CaseInsensitive) == 0) return true;
     if (word.compare(QLatin1String("False"), Qt::CaseInsensitive) == 0) return false;
-    if (word.isEmpty() || DecimalEnd(word) != word.size())
-        throw Error(kErrTypeMismatch, QStringLiteral("CBool"), QStringLiteral("Type mismatch"));
+    if (word.isEmpty() || DecimalEnd(word) != word.size()) Raise(kErrTypeMismatch, QStringLiteral("CBool"));
     return DecimalNumber(word) != 0;
 }
 

@@ -60,7 +60,7 @@ quint32 NumberOf(const QVariant &value) {
     bool ok = false;
     const double number = value.toString().toDouble(&ok);
     if (!ok && value.typeId() != QMetaType::Bool)
-        throw Error(kErrTypeMismatch, QStringLiteral("cRegistry"), QStringLiteral("Type mismatch"));
+        support::Raise(kErrTypeMismatch, QStringLiteral("cRegistry"));
     if (!ok) return value.toBool() ? 1 : 0;
     if (number > INT32_MAX && number <= UINT32_MAX) return static_cast<quint32>(number);
     return static_cast<quint32>(CLng(number));

@@ -14,8 +14,7 @@ ScratchFile::ScratchFile(const QByteArray &bytes) : path_(support::GetTempFile()
     QFile file(path_);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush()) {
         QFile::remove(path_);
-        throw support::Error(support::kErrDiskFull, QStringLiteral("ScratchFile"),
-                             QStringLiteral("Disk full: %1").arg(path_));
+        support::Raise(support::kErrDiskFull, QStringLiteral("ScratchFile"), path_);
     }
 }
 

@@ -35,8 +35,7 @@ const QString kDefaultArrangement = QStringLiteral("4");
 constexpr int kKey = 0, kMonth = 1; // columns
 
 [[noreturn]] void RaiseSubscript(const char *routine) {
-    throw support::Error(support::kErrSubscriptOutOfRange, QString::fromLatin1(routine),
-                         QStringLiteral("Subscript out of range"));
+    support::Raise(support::kErrSubscriptOutOfRange, QString::fromLatin1(routine));
 }
 
 void GiveKey(diagram::Node &node) {

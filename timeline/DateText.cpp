@@ -71,7 +71,7 @@ QString Reformatted(const QString &text, const QString &pattern, const QLocale &
 
 QDate CDate(const QString &text, const QLocale &locale) {
     if (const std::optional<QDate> date = ParseDate(text, locale)) return *date;
-    throw support::Error(support::kErrTypeMismatch, QStringLiteral("CDate"), QStringLiteral("Type mismatch"));
+    support::Raise(support::kErrTypeMismatch, QStringLiteral("CDate"));
 }
 
 int MonthBoundaries(const QDate &from, const QDate &to) {

@@ -117,8 +117,7 @@ private:
 
     void RequireClosed() const {
         if (depth_ == 0) return;
-        throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("History"),
-                             QStringLiteral("Invalid procedure call or argument"));
+        support::Raise(support::kErrInvalidProcedureCall, QStringLiteral("History"));
     }
 
     Step TakeStep() {

@@ -31,9 +31,7 @@ constexpr int kMostPixels = 16384;    // of a side
 constexpr double kMostPoints = 14400; // of a side of a page
 const QRectF kEmptyPage(0, 0, 2880, 2160);
 
-[[noreturn]] void Raise(long number, const QString &text) {
-    throw support::Error(number, QStringLiteral("Export"), text);
-}
+const QString kSource = QStringLiteral("Export");
 
 double ScaleOf(const ExportOptions &options) { return std::clamp(options.scale, 0.01, 100.0); }
 
@@ -122,7 +120,7 @@ QByteArray Pdf(Scene &scene, const QRectF &page, const ExportOptions &options) {
 QByteArray PaintMetafile(vector::MetafileEngine &engine, Scene &scene, const QRectF &page,
                          const ExportOptions &options) {
     const QByteArray file = PaintVectors(engine, scene, page, options);
-    if (engine.IsTooLong()) Raise(7, QStringLiteral("Out of memory"));
+    if (engine.IsTooLong()) support::Raise(support::kErrOutOfMemory, kSource);
     return file;
 }
 
@@ -144,7 +142,8 @@ QByteArray Emf(Scene &scene, const QRectF &page, const ExportOptions &options) {
 
 PictureFormat FormatOf(const QString &path) {
     if (const PictureKind *kind = KindOfFile(path)) return kind->format;
-    Raise(support::kErrInvalidProcedureCall, QStringLiteral("Unknown kind of picture '%1'.").arg(path));
+    throw support::Error(support::kErrInvalidProcedureCall, kSource,
+                         QStringLiteral("Unknown kind of picture '%1'.").arg(path));
 }
 
 QImage PaintImage(Scene &scene, const QRectF &page, const ExportOptions &options) {
@@ -152,7 +151,7 @@ QImage PaintImage(Scene &scene, const QRectF &page, const ExportOptions &options
     const double scale = LongestPngSide(page.size(), options) / std::max(page.width(), page.height());
     const bool transparent = options.background == PictureBackground::Transparent;
     QImage image(size, transparent ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
-    if (image.isNull()) Raise(7, QStringLiteral("Out of memory"));
+    if (image.isNull()) support::Raise(support::kErrOutOfMemory, kSource);
     image.fill(transparent ? Qt::transparent : Qt::white);
     RenderOptions render = RenderingFor(options);
     render.xScale = render.yScale = scale;

@@ -37,8 +37,7 @@ void Link::SetEnd(ItemId LinkData::*member, Node *Link::*end, Node &node) {
     if (this->*end == &node) return;
     Surface &surface = Owner();
     if (&node.Owner() != &surface) {
-        throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("Link"),
-                             QStringLiteral("Invalid procedure call or argument"));
+        support::Raise(support::kErrInvalidProcedureCall, QStringLiteral("Link"));
     }
     surface.routing_->Judge(*this);
     surface.Record(*this);

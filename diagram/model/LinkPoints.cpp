@@ -10,8 +10,7 @@ namespace {
 
 void CheckPosition(int position, int count) {
     if (position >= 0 && position < count) return;
-    throw support::Error(support::kErrSubscriptOutOfRange, QStringLiteral("Points"),
-                         QStringLiteral("Subscript out of range"));
+    support::Raise(support::kErrSubscriptOutOfRange, QStringLiteral("Points"));
 }
 
 void CheckPoint(const Point &point) {
@@ -19,8 +18,7 @@ void CheckPoint(const Point &point) {
 }
 
 [[noreturn]] void RaiseTooFew() {
-    throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("Points"),
-                         QStringLiteral("Invalid procedure call or argument"));
+    support::Raise(support::kErrInvalidProcedureCall, QStringLiteral("Points"));
 }
 
 } // namespace

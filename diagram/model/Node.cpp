@@ -32,9 +32,7 @@ void Node::SetKey(const QString &key) {
     if (key == data_.key) return;
     Surface &surface = Owner();
     if (!key.isEmpty() && surface.Nodes().Find(key)) {
-        throw support::Error(
-            support::kErrKeyInUse, QStringLiteral("Node"),
-            QStringLiteral("This key is already associated with an element of this collection"));
+        support::Raise(support::kErrKeyInUse, QStringLiteral("Node"));
     }
     surface.Record(*this);
     surface.ReplaceKey(*this, key);

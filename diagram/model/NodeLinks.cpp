@@ -13,8 +13,7 @@ int NodeLinks::Count() const { return int(node_->links_.size()); }
 
 Link &NodeLinks::Item(int position) const {
     if (position < 1 || position > Count()) {
-        throw support::Error(support::kErrSubscriptOutOfRange, QStringLiteral("Links"),
-                             QStringLiteral("Subscript out of range"));
+        support::Raise(support::kErrSubscriptOutOfRange, QStringLiteral("Links"));
     }
     return *node_->links_[std::size_t(position) - 1];
 }
@@ -22,8 +21,7 @@ Link &NodeLinks::Item(int position) const {
 Link &NodeLinks::Item(const QString &key) const {
     const auto at = std::ranges::find_if(node_->links_, [&](const Link *link) { return link->Key() == key; });
     if (at == node_->links_.end()) {
-        throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("Links"),
-                             QStringLiteral("Invalid procedure call or argument"));
+        support::Raise(support::kErrInvalidProcedureCall, QStringLiteral("Links"));
     }
     return **at;
 }

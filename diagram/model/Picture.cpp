@@ -33,7 +33,7 @@ constexpr QSize kPacked(100, 100);     // of a compressed drawing, which is kept
 constexpr int kPlainResolution = 3780; // dots a metre, 96 an inch
 
 [[noreturn]] void RaiseInvalidPicture() {
-    throw support::Error(481, QStringLiteral("Picture"), QStringLiteral("Invalid picture"));
+    support::Raise(support::kErrInvalidPicture, QStringLiteral("Picture"));
 }
 
 // What an image has that was given none: the screen's, or a fixed one without a screen.

@@ -43,10 +43,8 @@ inline constexpr Range IsJumpStyle{0, 2};
 inline constexpr Range IsZoom{0, 10000};
 inline constexpr Range IsGridStyle{0, 2};
 
-constexpr long kErrInvalidPropertyValue = 380;
 [[noreturn]] inline void RaiseInvalidValue(const char *source) {
-    throw support::Error(kErrInvalidPropertyValue, QString::fromLatin1(source),
-                         QStringLiteral("Invalid property value"));
+    support::Raise(support::kErrInvalidPropertyValue, QString::fromLatin1(source));
 }
 
 // The value itself, or error 380 "Invalid property value".

@@ -12,8 +12,7 @@ namespace diagram {
 namespace {
 
 [[noreturn]] void RaiseInvalidCall() {
-    throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("Surface"),
-                         QStringLiteral("Invalid procedure call or argument"));
+    support::Raise(support::kErrInvalidProcedureCall, QStringLiteral("Surface"));
 }
 
 template <typename T>

@@ -16,14 +16,12 @@ Node &SurfaceNodes::Add(float left, float top, float width, float height) {
 
 Node &SurfaceNodes::Item(const QString &key) const {
     if (Node *node = Find(key)) return *node;
-    throw support::Error(support::kErrInvalidProcedureCall, QStringLiteral("Nodes"),
-                         QStringLiteral("Invalid procedure call or argument"));
+    support::Raise(support::kErrInvalidProcedureCall, QStringLiteral("Nodes"));
 }
 
 Node &SurfaceNodes::Item(int position) const {
     if (position >= 1 && position <= Count()) return *surface_->nodes_[std::size_t(position) - 1];
-    throw support::Error(support::kErrSubscriptOutOfRange, QStringLiteral("Nodes"),
-                         QStringLiteral("Subscript out of range"));
+    support::Raise(support::kErrSubscriptOutOfRange, QStringLiteral("Nodes"));
 }
 
 Node *SurfaceNodes::Find(const QString &key) const { return surface_->byKey_.value(key, nullptr); }

@@ -122,7 +122,7 @@ void Check(const std::vector<Stream> &streams) {
             Raise(support::kErrInvalidProcedureCall, "The name of a stream is too long or empty.");
         all += stream.bytes.size();
     }
-    if (all > kMostBytes) Raise(7, "Out of memory");
+    if (all > kMostBytes) support::Raise(support::kErrOutOfMemory, QStringLiteral("CompoundFile"));
     const std::vector<quint32> sorted = Sorted(streams);
     for (std::size_t i = 1; i < sorted.size(); ++i)
         if (!ComesBefore(streams[sorted[i - 1] - 1].name, streams[sorted[i] - 1].name))

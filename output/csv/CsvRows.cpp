@@ -137,7 +137,7 @@ double CsvRows::Number(int at, bool isBoolean) {
     if (text.isEmpty()) throw Failure(kErrInvalidNull, QStringLiteral("Invalid use of Null"));
     if (TakeNumber(text, reader_.Form().separator, number) || (isBoolean && TakeTruth(text, number)))
         return number;
-    throw Failure(support::kErrTypeMismatch, QStringLiteral("Type mismatch"));
+    throw Failure(support::kErrTypeMismatch, support::ErrorText(support::kErrTypeMismatch));
 }
 
 template <typename Data>
@@ -189,7 +189,7 @@ CsvEnd CsvRows::EndOf(int at) {
     if (const auto found = positions_.constFind(key); found != positions_.constEnd())
         return {*found, nullptr};
     if (diagram::Node *node = key.isEmpty() ? nullptr : flow_.Nodes().Find(key)) return {0, node};
-    throw Failure(support::kErrInvalidProcedureCall, QStringLiteral("Invalid procedure call or argument"));
+    throw Failure(support::kErrInvalidProcedureCall, support::ErrorText(support::kErrInvalidProcedureCall));
 }
 
 void CsvRows::ReadLink(CsvContent &content) {

@@ -41,8 +41,7 @@ bool IsSaved(MapWindow &window) {
 
 void RefuseTheMap(MapWindow &window, const QString &file) {
     if (support::IsSameFile(file, window.clsSettings().Database()))
-        throw support::Error(support::kErrPathFileAccess, QStringLiteral("ExportMap"),
-                             QStringLiteral("Path/File access error: %1").arg(file));
+        support::Raise(support::kErrPathFileAccess, QStringLiteral("ExportMap"), file);
 }
 
 class Export {
@@ -135,11 +134,9 @@ bool WriteTo(MapWindow &window, storage::Database &database, const diagram::Surf
              const QString &path, const QSet<QString> &without, const GoOn &goOn) {
     QFile device(path);
     if (!device.open(QIODevice::WriteOnly))
-        throw support::Error(support::kErrPathFileAccess, QStringLiteral("ExportMap"),
-                             QStringLiteral("Path/File access error: %1").arg(path));
+        support::Raise(support::kErrPathFileAccess, QStringLiteral("ExportMap"), path);
     if (!Export(window, database, device, without, goOn).Run(flow)) return false;
-    if (!device.flush())
-        throw support::Error(support::kErrDiskFull, QStringLiteral("ExportMap"), QStringLiteral("Disk full"));
+    if (!device.flush()) support::Raise(support::kErrDiskFull, QStringLiteral("ExportMap"));
     return true;
 }
 

@@ -20,11 +20,9 @@ using document::MapWindow;
 void Open(QFile &file) {
     const QFileInfo info(file);
     if (!info.exists())
-        throw support::Error(support::kErrFileNotFound, QStringLiteral("ImportMap"),
-                             QStringLiteral("File not found: %1").arg(file.fileName()));
+        support::Raise(support::kErrFileNotFound, QStringLiteral("ImportMap"), file.fileName());
     if (!info.isFile() || !file.open(QIODevice::ReadOnly))
-        throw support::Error(support::kErrPathFileAccess, QStringLiteral("ImportMap"),
-                             QStringLiteral("Path/File access error: %1").arg(file.fileName()));
+        support::Raise(support::kErrPathFileAccess, QStringLiteral("ImportMap"), file.fileName());
 }
 
 // False when it was given up, here and below.

@@ -12,8 +12,7 @@ namespace output {
 namespace {
 
 [[noreturn]] void RaiseAccess(const QString &path) {
-    throw support::Error(support::kErrPathFileAccess, QStringLiteral("NewFiles"),
-                         QStringLiteral("Path/File access error: %1").arg(path));
+    support::Raise(support::kErrPathFileAccess, QStringLiteral("NewFiles"), path);
 }
 
 } // namespace

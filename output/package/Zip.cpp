@@ -17,9 +17,7 @@ constexpr zip_int32_t kLevel = 6;
                          QString::fromUtf8(text));
 }
 
-[[noreturn]] void RaiseNoMemory() {
-    throw support::Error(7, QStringLiteral("ZipFile"), QStringLiteral("Out of memory"));
-}
+[[noreturn]] void RaiseNoMemory() { support::Raise(support::kErrOutOfMemory, QStringLiteral("ZipFile")); }
 
 // The bytes that the archive is written to.
 struct Target {

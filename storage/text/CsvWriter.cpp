@@ -66,7 +66,7 @@ void CsvWriter::EndRecord() {
 
 void CsvWriter::Write() {
     if (file_.write(bytes_) != bytes_.size())
-        throw support::Error(support::kErrDiskFull, QStringLiteral("CsvWriter"), QStringLiteral("Disk full"));
+        support::Raise(support::kErrDiskFull, QStringLiteral("CsvWriter"));
     bytes_.clear();
 }
 

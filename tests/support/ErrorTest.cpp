@@ -20,6 +20,22 @@ namespace {
 QString shownTitle, shownText;
 } // namespace
 
+TEST(Error, Raise_TellsTheNumbersTextAndWhatItIsAbout) {
+    const auto raised = [](long number, const QString &about) {
+        try {
+            Raise(number, QStringLiteral("Here"), about);
+        } catch (const Error &error) {
+            EXPECT_EQ(error.Number(), number);
+            EXPECT_EQ(error.Source(), QStringLiteral("Here"));
+            return error.Description();
+        }
+    };
+    EXPECT_EQ(raised(kErrFileNotFound, QString()), QStringLiteral("File not found"));
+    EXPECT_EQ(raised(kErrDiskFull, QStringLiteral("/a/b")), QStringLiteral("Disk full: /a/b"));
+    EXPECT_EQ(ErrorText(kErrInvalidPropertyValue), QStringLiteral("Invalid property value"));
+    EXPECT_EQ(ErrorText(1), QString());
+}
+
 TEST(Error, Report_ShowsTitleAndTextAndEndsNormally) {
     SetReporter([](const QString &title, const QString &text) { shownTitle = title, shownText = text; });
     Report("frmMain", "cmdOK_Click", [] { PassOn("GetTag", [] { throw Error(13, "x", "Type mismatch"); }); });
