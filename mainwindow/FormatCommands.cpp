@@ -1,8 +1,6 @@
 #include "mainwindow/FormatCommands.h"
 
 #include "diagram/view/SurfaceView.h"
-#include "document/DefaultNodes.h"
-#include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/PickBox.h"
@@ -79,22 +77,8 @@ void FormatDisplay(frmMain &window) {
 }
 
 // A strip that runs from left to right changes its months' width, another their height.
-void StretchAxis(frmMain &window, float factor) {
-    diagram::Surface &surface = window.CurrentSurface();
-    diagram::Node *months = document::FindHiddenNode(surface, timeline::kTemplateNodeText);
-    if (!months) return;
-    using document::tags::kTimelineAlign;
-    if (document::GetTag(surface, kTimelineAlign).isEmpty())
-        document::SetTag(surface, kTimelineAlign, QStringLiteral("4"));
-    const double align = support::Val(document::GetTag(surface, kTimelineAlign));
-    if (align == 2 || align == 3 || align == 4)
-        months->SetWidth(months->Width() * factor);
-    else
-        months->SetHeight(months->Height() * factor);
-    timeline::UpdateTimeLineNodes(window, surface, true);
-}
-void FormatExpand(frmMain &window) { StretchAxis(window, 1.1F); }
-void FormatCompress(frmMain &window) { StretchAxis(window, 0.9F); }
+void FormatExpand(frmMain &window) { timeline::StretchAxis(window, window.CurrentSurface(), 1.1F); }
+void FormatCompress(frmMain &window) { timeline::StretchAxis(window, window.CurrentSurface(), 0.9F); }
 
 constexpr FormatRow kRows[] = {
     {"NEW", FormatNew},

@@ -25,6 +25,11 @@ constexpr HintRow kRows[] = {
     {diagram::Hint::DragSelects, "Drag to select what lies in the rectangle."},
     {diagram::Hint::DragMovesNode,
      "Drag to move the @NODE, with Ctrl to copy it. Click and type to write in it."},
+    {diagram::Hint::DragMovesDatedNode,
+     "Drag to move the @NODE; with Alt, along the timeline, to change its date."},
+    {diagram::Hint::DragDatesNode,
+     "Drag along the timeline to change the date of the @NODE, across it for another row. Alt drags freely."},
+    {diagram::Hint::DragDatesEnd, "Drag to change the date at this end of the @NODE."},
     {diagram::Hint::DragBendsLink, "Drag to bend the @LINK, click to select it."},
     {diagram::Hint::ClickSelectsLink, "Click to select the @LINK, and type to write at it."},
     {diagram::Hint::DragDrawsLink, "Drag to another @NODE to link it, or to an empty place for a new one."},
@@ -56,6 +61,7 @@ QString EmptyPageText() {
     return settings::ReplaceTerms(QCoreApplication::translate(
         "EmptyPage", "Drag to draw a @NODE, and type to write in it.\n"
                      "Pull one of the circles beside it to another @NODE to link them.\n"
+                     "Ctrl+T gives it a date on a timeline.\n"
                      "Or begin with a template from the side."));
 }
 

@@ -19,6 +19,7 @@
 #include "timeline/LineUp.h"
 #include "timeline/MoveDates.h"
 #include "timeline/setup/frmDate.h"
+#include "timeline/Strip.h"
 #include "timeline/Tidy.h"
 #include "timeline/TimelineNodes.h"
 
@@ -113,6 +114,9 @@ void LineUpOnce(frmMain &window) {
     window.ClickTab();
     const std::vector<diagram::Node *> selected = NodesToDate(surface);
     BringIntoSight(window, selected.empty() ? DatedNodes(surface) : selected);
+    if (!timeline::KeepsNodesAtDates(surface))
+        Tell(window, frmMain::tr("View, Dates, Keep @NODEs at their dates does so for good: a drag along the "
+                                 "timeline then changes a date."));
 }
 
 void ChooseLanes(frmMain &window, timeline::Lanes lanes) {
@@ -174,8 +178,7 @@ void mnuViewTimelineSetup(frmMain &window) {
     ActionGroup step(surface);
     if (!ShowSetup(window, *timeline::LocateTimeLineTemplateNode(surface, true), false))
         return step.TakeBack();
-    const double align = support::Val(document::GetTag(surface, document::tags::kTimelineAlign));
-    timeline::ArrangeTimeLineNodes(window, surface, int(align));
+    timeline::ArrangeTimeLineNodes(window, surface, timeline::ArrangementOf(surface));
 }
 
 void keyDate(frmMain &window) {
@@ -185,6 +188,7 @@ void keyDate(frmMain &window) {
     timeline::DateFormArgument form = FormOf(window, nodes);
     if (!document::Show(window, form)) return;
     std::optional<timeline::MovedDates> moved;
+    const bool isFirst = !HasMonths(surface);
     const ActionGroup step(surface);
     if (form.step)
         moved = timeline::MoveDates(window, surface, nodes, *form.step);
@@ -194,6 +198,9 @@ void keyDate(frmMain &window) {
     window.ClickTab();
     BringIntoSight(window, nodes);
     if (moved) TellMoved(window, moved);
+    // Of a strip that goes on the status bar may have to say more.
+    if (isFirst && form.date && !form.last && !timeline::KeepsNodesAtDates(surface))
+        Tell(window, frmMain::tr("Ctrl+Shift+T lines @NODEs up by date."));
     if ((form.date || moved) && timeline::IsTimelineHidden(surface))
         Tell(window, frmMain::tr("The timeline is hidden; View, Timeline shows it."));
 }

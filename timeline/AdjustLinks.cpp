@@ -3,9 +3,8 @@
 #include "diagram/model/Calendar.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/Shapes.h"
-#include "document/Tags.h"
-#include "support/Val.h"
 #include "timeline/DateWays.h"
+#include "timeline/Strip.h"
 #include "timeline/TimelineNodes.h"
 
 namespace timeline {
@@ -19,12 +18,6 @@ void JoinSource(diagram::Link &link) {
     const QPointF end = diagram::OutlineCrossing(source.Shape(), source.ShapeOrientation(), source.Bounds(),
                                                  diagram::ToQPointF(towards));
     link.Points().SetItem(0, {float(end.x()), float(end.y())});
-}
-
-// Arrangements 2, 3 and 4 run from left to right. A slice without a timeline has none.
-bool TimelineIsHorizontal(const diagram::Surface &surface) {
-    const double align = support::Val(document::GetTag(surface, document::tags::kTimelineAlign));
-    return align == 2 || align == 3 || align == 4;
 }
 
 } // namespace
@@ -44,7 +37,7 @@ void AdjustLinks(diagram::Node &Node, bool Horizontal) {
 }
 
 void AdjustLinksOf(const std::vector<diagram::Node *> &nodes) {
-    for (diagram::Node *node : nodes) AdjustLinks(*node, TimelineIsHorizontal(node->Owner()));
+    for (diagram::Node *node : nodes) AdjustLinks(*node, RunsRightwards(node->Owner()));
 }
 
 void DoAdjustLink(diagram::Link &Link, bool Horizontal, int Index) {

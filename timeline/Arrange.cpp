@@ -6,7 +6,6 @@
 #include "document/Tags.h"
 #include "support/clsGUID.h"
 #include "support/Error.h"
-#include "support/Val.h"
 #include "timeline/DateIndex.h"
 #include "timeline/DateLanguage.h"
 #include "timeline/DateText.h"
@@ -46,8 +45,7 @@ void GiveKey(diagram::Node &node) {
 struct Settings {
     Settings(diagram::Surface &flow, diagram::Node &look, int align) {
         if (align == kStoredArrangement) CarryArrangement(flow);
-        arrangement =
-            align == kStoredArrangement ? int(support::Val(document::GetTag(flow, kTimelineAlign))) : align;
+        arrangement = align == kStoredArrangement ? ArrangementOf(flow) : align;
         if (document::GetTag(look, kDateFormat).isEmpty()) document::SetTag(look, kDateFormat, kMonthPattern);
         if (document::GetTag(flow, kMissing).isEmpty())
             document::SetTag(flow, kMissing, document::GetTag(look, kMissing));
@@ -325,6 +323,18 @@ void UpdateTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, bo
         CopyTemplateLook(Flow);
         if (Arrange) ArrangeTimeLineNodes(window, Flow, kStoredArrangement, moved);
     });
+}
+
+void StretchAxis(document::MapWindow &window, diagram::Surface &Flow, float Factor) {
+    diagram::Node *look = LocateTimeLineTemplateNode(Flow, false);
+    if (!look) return;
+    if (document::GetTag(Flow, kTimelineAlign).isEmpty())
+        document::SetTag(Flow, kTimelineAlign, kDefaultArrangement);
+    if (RunsRightwards(Flow))
+        look->SetWidth(look->Width() * Factor);
+    else
+        look->SetHeight(look->Height() * Factor);
+    UpdateTimeLineNodes(window, Flow, true);
 }
 
 void ShowTimeline(document::MapWindow &window, diagram::Surface &Flow, bool Shown) {

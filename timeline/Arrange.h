@@ -55,6 +55,9 @@ void Sort2DArray(AxisTable &Table, int Column);
 // Gives the months in sight the look of the template node, and lays out anew when Arrange says so.
 void UpdateTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, bool Arrange,
                          const std::vector<diagram::Node *> &moved = {});
+// Makes the months longer along the strip, or shorter, and lays out anew; nothing without a template node.
+// A surface that stores no arrangement stores the middle.
+void StretchAxis(document::MapWindow &window, diagram::Surface &Flow, float Factor);
 // Shows or hides the strip; shown again after a date was given meanwhile, its months have their sizes and
 // places as before.
 void ShowTimeline(document::MapWindow &window, diagram::Surface &Flow, bool Shown);

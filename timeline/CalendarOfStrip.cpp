@@ -3,7 +3,6 @@
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
 #include "support/Desktop.h"
-#include "support/Val.h"
 #include "timeline/Arrange.h"
 #include "timeline/DateText.h"
 #include "timeline/Folding.h"
@@ -139,7 +138,7 @@ std::optional<QLineF> LineOfToday(const std::vector<StripMonth> &months, const Q
 
 // How bands lie beside the strip.
 void PlaceBands(const diagram::Surface &flow, diagram::Calendar &calendar) {
-    const int arrangement = int(support::Val(document::GetTag(flow, document::tags::kTimelineAlign)));
+    const int arrangement = ArrangementOf(flow);
     calendar.rightwards = RunsRightwards(arrangement);
     calendar.after = arrangement == int(Arrangement::Left) || arrangement == int(Arrangement::Top);
 }

@@ -4,6 +4,7 @@
 #include "diagram/model/Calendar.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/Obstacles.h"
+#include "timeline/CalendarOfStrip.h"
 #include "timeline/TimelineNodes.h"
 
 #include <algorithm>
@@ -38,6 +39,9 @@ public:
         end_ = horizontal ? Place{end.x, end.y} : Place{end.y, end.x};
         first_ = horizontal ? node_.Left() : node_.Top();
         last_ = first_ + (horizontal ? node_.Width() : node_.Height());
+        const QRectF day = link.Destination().Bounds();
+        strip_ = EdgesOf(day);
+        bands_ = EdgesOf(day | BandsBeside(node_.Owner(), day));
         near_ = horizontal ? node_.Top() : node_.Left();
         far_ = near_ + (horizontal ? node_.Height() : node_.Width());
     }
@@ -45,6 +49,7 @@ public:
     Way Best() {
         CollectObstacles();
         if (IsOverTheNode()) return Straight();
+        if (IsLevelWithTheStrip()) return BesideTheStrip();
         for (const Way &way :
              {OneBend(), TwoBends(Facing() + Towards() * kGap), TwoBends(end_.across - Towards() * kGap)})
             if (IsFree(way)) return way;
@@ -68,6 +73,10 @@ public:
     }
 
 private:
+    std::pair<float, float> EdgesOf(const QRectF &box) const {
+        return horizontal_ ? std::pair(float(box.top()), float(box.bottom()))
+                           : std::pair(float(box.left()), float(box.right()));
+    }
     bool IsOverTheNode() const { return end_.along > first_ && end_.along < last_; }
     // 1 when the strip lies at higher coordinates.
     float Towards() const { return end_.across > (near_ + far_) / 2 ? 1.0F : -1.0F; }
@@ -85,6 +94,20 @@ private:
     Way TwoBends(float level) const {
         const float middle = (first_ + last_) / 2;
         return {{{middle, Facing()}, {middle, level}, {end_.along, level}, end_}, true};
+    }
+
+    // Along the strip it would run over the months.
+    bool IsLevelWithTheStrip() const {
+        const float level = (near_ + far_) / 2;
+        return level > strip_.first && level < strip_.second;
+    }
+    Way BesideTheStrip() const {
+        const float middle = (first_ + last_) / 2;
+        const bool before = end_.across < (strip_.first + strip_.second) / 2;
+        const float side = before ? near_ : far_;
+        const float level =
+            before ? std::min(side, bands_.first) - kGap : std::max(side, bands_.second) + kGap;
+        return {{{middle, side}, {middle, level}, {end_.along, level}, end_}, true};
     }
 
     // A node that holds other ones, larger than the one whose way is laid; the frame of a lane, say.
@@ -122,8 +145,9 @@ private:
     const bool horizontal_;
     const diagram::Node &node_;
     Place end_{};
-    float first_ = 0, last_ = 0; // of the node, along the strip
-    float near_ = 0, far_ = 0;   // across it
+    float first_ = 0, last_ = 0;            // of the node, along the strip
+    float near_ = 0, far_ = 0;              // across it
+    std::pair<float, float> strip_, bands_; // the strip's edges, across, without its bands and with them
     std::vector<const diagram::Node *> obstacles_;
 };
 

@@ -3,7 +3,6 @@
 #include "diagram/model/Surface.h"
 #include "document/MapWindow.h"
 #include "document/Tags.h"
-#include "support/Val.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
 #include "timeline/AtDates.h"
@@ -167,8 +166,7 @@ QString DaysOfStrip::DatesOf(const diagram::Node &node) const {
 QString DaysOfStrip::Written(const QDate &date) const { return FormatDate(date, kDayPattern); }
 
 bool DaysOfStrip::RunsRightwards(const diagram::Surface &flow) const {
-    return timeline::RunsRightwards(
-        int(support::Val(document::GetTag(flow, document::tags::kTimelineAlign))));
+    return timeline::RunsRightwards(flow);
 }
 
 std::optional<QDate> DaysOfStrip::DayAt(const diagram::Surface &flow, const QPointF &at) const {

@@ -5,7 +5,6 @@
 #include "document/MapWindow.h"
 #include "document/Tags.h"
 #include "support/Error.h"
-#include "support/Val.h"
 #include "timeline/AdjustLinks.h"
 #include "timeline/Arrange.h"
 #include "timeline/AtDates.h"
@@ -35,14 +34,10 @@ using diagram::Link;
 using diagram::Node;
 using diagram::Surface;
 
-int ArrangementOf(const Surface &flow) {
-    return int(support::Val(document::GetTag(flow, document::tags::kTimelineAlign)));
-}
-
 // The months in sight, and the places of their days along the strip.
 class Months {
 public:
-    explicit Months(const Surface &flow) : rightwards_(RunsRightwards(ArrangementOf(flow))) {
+    explicit Months(const Surface &flow) : rightwards_(RunsRightwards(flow)) {
         for (const Node *month : LocateTimelineNodes(flow)) {
             if (month->Hidden() || month->Bounds().isEmpty()) continue;
             const auto meant = MeaningOf(document::GetTag(*month, document::tags::kTheDate));

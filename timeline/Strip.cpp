@@ -39,7 +39,15 @@ float Across(const diagram::Surface &flow, const diagram::Node &month, Arrangeme
 
 float SlotOf(float extent, int days) { return float(support::CLng(double(extent)) / days); }
 
-bool RunsRightwards(int arrangement) { return arrangement >= int(Arrangement::Top); }
+int ArrangementOf(const diagram::Surface &flow) {
+    return int(support::Val(document::GetTag(flow, document::tags::kTimelineAlign)));
+}
+
+bool RunsRightwards(int arrangement) {
+    return arrangement >= int(Arrangement::Top) && IsArrangement(arrangement);
+}
+
+bool RunsRightwards(const diagram::Surface &flow) { return RunsRightwards(ArrangementOf(flow)); }
 
 void Fold(diagram::Node &month, int arrangement) {
     if (!IsArrangement(arrangement)) return;

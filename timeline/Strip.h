@@ -13,8 +13,13 @@ class Surface;
 
 namespace timeline {
 
-// Whether the strip of that arrangement runs from left to right; else it runs downwards.
+// The number that the surface stores; 0 where it stores none.
+int ArrangementOf(const diagram::Surface &flow);
+
+// Whether the strip of that arrangement, or of the one that the surface stores, runs from left to right; else
+// it runs downwards.
 bool RunsRightwards(int arrangement);
+bool RunsRightwards(const diagram::Surface &flow);
 
 // How long the slot of a day is in a month of that extent along the strip: without rest.
 float SlotOf(float extent, int days);

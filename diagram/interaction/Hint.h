@@ -19,6 +19,9 @@ enum class Hint : unsigned char {
     DragDrawsShape, // that was chosen
     DragSelects,
     DragMovesNode,
+    DragMovesDatedNode, // Alt changes its date
+    DragDatesNode,      // which stays at its date
+    DragDatesEnd,       // the beginning or the end of such a one
     DragBendsLink,
     ClickSelectsLink,
     DragDrawsLink,

@@ -35,9 +35,9 @@ void Interaction::Hover(const HeldHit &hit, const PointerInput &input) {
 
 Hint Interaction::HintHere() const {
     if (!over_) return Hint::Nothing;
-    if (hover_.kind != HitKind::Nothing) return HintOver(hover_, scene_.Model());
+    if (hover_.kind != HitKind::Nothing) return HintOver(hover_, scene_.Model(), stage_);
     if (DragsABand(scene_.Model(), hoverInput_)) return Hint::DragSelects;
-    return stage_.ShapeToDraw() ? Hint::DragDrawsShape : HintOver(hover_, scene_.Model());
+    return stage_.ShapeToDraw() ? Hint::DragDrawsShape : HintOver(hover_, scene_.Model(), stage_);
 }
 
 void Interaction::NoteModifiers(Qt::KeyboardModifiers modifiers) {

@@ -153,7 +153,12 @@ Qt::CursorShape PointerOver(const HeldHit &hit, bool band) {
     return hit.kind == HitKind::Handle ? HandlePointer(hit.index) : RowOf(hit.kind).pointer;
 }
 
-Hint HintOver(const HeldHit &hit, const Surface &surface) {
+Hint HintOver(const HeldHit &hit, const Surface &surface, const Stage &stage) {
+    const Node *node = hit.node == kNoItem ? nullptr : surface.FindNode(hit.node);
+    if (node && hit.kind == HitKind::Node && stage.Days().DateOf(*node))
+        return stage.Days().KeepsNodesAtDates(surface) ? Hint::DragDatesNode : Hint::DragMovesDatedNode;
+    if (node && hit.kind == HitKind::Handle && DateEnds::Begins(stage, *node, hit.index))
+        return Hint::DragDatesEnd;
     const Link *link = hit.kind == HitKind::Bend ? surface.FindLink(hit.link) : nullptr;
     return link && IsEnd(*link, hit.index) ? Hint::DragMovesEnd : RowOf(hit.kind).hint;
 }

@@ -26,7 +26,7 @@ bool DragsABand(const Surface &surface, const PointerInput &input);
 // The pointer shape over it, pressed or not.
 Qt::CursorShape PointerOver(const HeldHit &hit, bool band);
 // What a drag from there would do, or a click, in words for the user.
-Hint HintOver(const HeldHit &hit, const Surface &surface);
+Hint HintOver(const HeldHit &hit, const Surface &surface, const Stage &stage);
 
 // Selects an unselected item at once, so that a drag takes it along. A click selects only that item, Ctrl
 // toggles it, Shift adds it, and on empty surface it selects nothing, or places a node of the shape that was

@@ -20,7 +20,11 @@ FloatBox BoxOf(const Node &node) {
     return {data.left, data.top, data.left + data.width, data.top + data.height};
 }
 
-bool IsObstacle(const Node &node) { return !node.Hidden() && BoxOf(node).HasInside(); }
+// Nodes of a strip are a ruler that links cross: they are marked and can't be selected from the moment at
+// which they come, without a size.
+bool IsRuler(const Node &node) { return node.Marked() && !node.Selectable(); }
+
+bool IsObstacle(const Node &node) { return !node.Hidden() && !IsRuler(node) && BoxOf(node).HasInside(); }
 
 FloatBox BoxOf(const std::vector<Point> &way) {
     FloatBox box{way[0].x, way[0].y, way[0].x, way[0].y};

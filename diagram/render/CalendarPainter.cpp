@@ -103,8 +103,9 @@ void CalendarPainter::PaintLanes() const {
                  end = rightwards ? strip.right() : strip.bottom();
     const double middle = rightwards ? strip.center().y() : strip.center().x();
     const double dot = paint_.frame.snap ? paint_.frame.dot / paint_.frame.Scale() : kPixel;
+    const double points = LanePoints();
     for (const Calendar::Lane &lane : calendar_.lanes) {
-        const TextBlock &caption = Caption(lane.caption, false);
+        const TextBlock &caption = Caption(lane.caption, false, points);
         const bool before = lane.to < middle;
         const double edge = before ? lane.to + kLaneGap : lane.from - kLaneGap - caption.height;
         const double line = before ? edge + caption.height : edge - dot;
@@ -115,6 +116,31 @@ void CalendarPainter::PaintLanes() const {
         else
             WriteDownwards(caption, {edge + caption.height, begin + kLaneIndent}, ink_.LaneText());
     }
+}
+
+// Between the lane and what lies next to it on the side of the strip.
+double CalendarPainter::RoomOf(const Calendar::Lane &lane) const {
+    const bool rightwards = calendar_.rightwards;
+    const QRectF &strip = calendar_.strip, all = calendar_.Bounds();
+    if (lane.to < (rightwards ? strip.center().y() : strip.center().x())) {
+        double next = rightwards ? all.top() : all.left();
+        for (const Calendar::Lane &other : calendar_.lanes)
+            if (other.from >= lane.to) next = std::min(next, other.from);
+        return next - lane.to - kLaneGap;
+    }
+    double next = rightwards ? all.bottom() : all.right();
+    for (const Calendar::Lane &other : calendar_.lanes)
+        if (other.to <= lane.from) next = std::max(next, other.to);
+    return lane.from - next - kLaneGap;
+}
+
+// As small as they really are where one would cover nodes of the next lane.
+double CalendarPainter::LanePoints() const {
+    const double points = CaptionPoints();
+    const bool room = std::ranges::all_of(calendar_.lanes, [&](const Calendar::Lane &lane) {
+        return Caption(lane.caption, false, points).height <= RoomOf(lane);
+    });
+    return room ? points : kCaptionPoints;
 }
 
 // Turned clockwise; its first line begins at the corner.
@@ -136,11 +162,18 @@ void CalendarPainter::PaintSpan(const Span &span, const Row &row, QRgb colour) c
 }
 
 // Of the same height on the screen wherever it would be too small.
-const TextBlock &CalendarPainter::Caption(const QString &text, bool bold) const {
+double CalendarPainter::CaptionPoints() const {
     double points = kCaptionPoints;
     if (paint_.options.screen)
         points = std::max(points, kLeastCaption / std::max(Pixels(20), 1e-9)); // 20 twips a point
-    points = std::min(std::round(points * 4) / 4, double(kLargestFontSize));
+    return std::min(std::round(points * 4) / 4, double(kLargestFontSize));
+}
+
+const TextBlock &CalendarPainter::Caption(const QString &text, bool bold) const {
+    return Caption(text, bold, CaptionPoints());
+}
+
+const TextBlock &CalendarPainter::Caption(const QString &text, bool bold, double points) const {
     return paint_.caches.texts.Find(text, Font(calendar_.fontName, points, bold), 0,
                                     paint_.options.vector ? 0 : paint_.frame.Scale());
 }

@@ -38,7 +38,11 @@ private:
     int StepOf(std::span<const Span> years) const;
     void PaintQuarters(const Row &row) const;
     void PaintSpan(const Span &span, const Row &row, QRgb colour) const;
+    double RoomOf(const Calendar::Lane &lane) const;
+    double LanePoints() const;
+    double CaptionPoints() const;
     const TextBlock &Caption(const QString &text, bool bold) const;
+    const TextBlock &Caption(const QString &text, bool bold, double points) const;
     bool HasRoom(const TextBlock &caption, double length) const;
     void Write(const TextBlock &caption, const QPointF &middle, QRgb ink) const;
 

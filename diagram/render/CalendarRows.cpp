@@ -20,6 +20,15 @@ double CalendarRows::Thickness() const {
     return own * std::max(1.0, least / std::max(own * pixels_, 1e-9));
 }
 
+CalendarRows::Row CalendarRows::Far() const {
+    const QRectF &strip = calendar_.strip;
+    const double own = 2 * (calendar_.rightwards ? kBandThickness : kBandWidth);
+    const double breadth = calendar_.rightwards ? strip.height() : strip.width();
+    const double over = std::clamp(Thickness() - own, 0.0, breadth);
+    const Row row = At(0, Thickness());
+    return calendar_.after ? Row{row.from - over, row.to - over} : Row{row.from + over, row.to + over};
+}
+
 CalendarRows::Row CalendarRows::At(int place, double thickness) const {
     const QRectF &strip = calendar_.strip;
     const double near = calendar_.rightwards ? (calendar_.after ? strip.bottom() : strip.top())
@@ -44,6 +53,7 @@ bool CalendarRows::Lies(const QPointF &twips, const Row &row) const {
 
 std::optional<StripPiece> CalendarRows::PieceAt(const QPointF &twips) const {
     if (calendar_.IsEmpty()) return std::nullopt;
+    if (calendar_.bands && !Near() && Lies(twips, Years())) return StripPiece::Year;
     if (calendar_.strip.contains(twips)) return StripPiece::Month;
     if (!calendar_.bands) return std::nullopt;
     if (Lies(twips, Years())) return StripPiece::Year;

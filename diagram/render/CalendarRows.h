@@ -21,7 +21,8 @@ public:
     bool Near() const;        // quarters have room too; else years lie at the strip
     double Thickness() const; // of a row; far away it grows beyond its own, so that it can be read
     Row Quarters() const { return RowAt(0); }
-    Row Years() const { return RowAt(Near() ? 1 : 0); }
+    // Far away they take in the strip itself as far as they need it, so that they don't cover nodes.
+    Row Years() const { return Near() ? RowAt(1) : Far(); }
     // A row that is as thick as it needn't be, at the strip.
     Row Ticks(double thickness) const { return At(0, thickness); }
     QRectF PlaceOf(double from, double to, const Row &row) const;
@@ -32,6 +33,7 @@ public:
 private:
     Row RowAt(int place) const { return At(place, Thickness()); }
     Row At(int place, double thickness) const;
+    Row Far() const;
     bool Lies(const QPointF &twips, const Row &row) const;
 
     const Calendar &calendar_;

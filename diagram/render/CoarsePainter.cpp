@@ -136,7 +136,7 @@ void CoarsePainter::FillWay(const Link &link) {
 void CoarsePainter::PaintLine(const Link &link) {
     const LinkData &data = link.Data();
     if (data.drawStyle == kTransparentLine) return;
-    const QRgb colour = Faint(ColourOfLine(paint_, link), paint_.paper, data.drawWidth);
+    const QRgb colour = Faint(ColourOfLine(paint_.paper, link), paint_.paper, data.drawWidth);
     FillWay(link);
     const std::vector<QPointF> &way = paint_.way;
     const std::vector<Crossing> crossings = paint_.scene.Crossings(link); // none where it doesn't jump

@@ -240,10 +240,10 @@ QPointF ArchSide(const QPointF &direction) {
     return IsLeftToRight(direction) ? left : -left;
 }
 
-QRgb ColourOfLine(const Paint &paint, const Link &link) {
+QRgb ColourOfLine(QRgb paper, const Link &link) {
     constexpr double kPaler = 0.7;
     const QRgb colour = ToRgb(link.LineColor());
-    return IsQuietDateLink(link) ? Mix(colour, paint.paper, kPaler) : colour;
+    return IsQuietDateLink(link) ? Mix(colour, paper, kPaler) : colour;
 }
 
 void FillWay(Paint &paint, const Link &link, double width) {
@@ -262,7 +262,7 @@ void FillWay(Paint &paint, const Link &link, double width) {
 void PaintLink(Paint &paint, const Link &link) {
     const LinkData &data = link.Data();
     const double width = paint.frame.LineWidth(data.drawWidth);
-    const QRgb colour = ColourOfLine(paint, link);
+    const QRgb colour = ColourOfLine(paint.paper, link);
     if (data.drawStyle != kTransparentLine) {
         FillWay(paint, link, width);
         if (paint.way.size() >= 2) {

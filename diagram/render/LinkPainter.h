@@ -15,8 +15,8 @@ QPointF ArchSide(const QPointF &direction);
 // How round the corners of links to days are, twips.
 constexpr double kDateCorner = 120;
 
-// Links to days stand back on the screen.
-QRgb ColourOfLine(const Paint &paint, const Link &link);
+// Links to days stand back on their paper, wherever they are drawn.
+QRgb ColourOfLine(QRgb paper, const Link &link);
 
 // Line with jumps, arrow heads, label.
 void PaintLink(Paint &paint, const Link &link);

@@ -2,6 +2,7 @@
 
 #include "diagram/geometry/Polyline.h"
 #include "diagram/model/Surface.h"
+#include "diagram/render/LinkPainter.h"
 #include "diagram/render/Paint.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/scene/Scene.h"
@@ -48,7 +49,8 @@ LineEnd EndOf(const ShapeContext &context, const Link &link, int value, int size
 
 LineLook LineOf(const ShapeContext &context, const Link &link) {
     const int style = link.DrawStyle() == diagram::kInsideLine ? 0 : link.DrawStyle();
-    return {diagram::ToRgb(link.LineColor()), context.frame.LineWidth(link.DrawWidth()), style};
+    const QRgb paper = diagram::ToRgb(context.scene.Model().BackColor());
+    return {diagram::ColourOfLine(paper, link), context.frame.LineWidth(link.DrawWidth()), style};
 }
 
 void WriteGlue(ShapeContext &context, const char *element, const diagram::Node &node, const QPointF &at) {

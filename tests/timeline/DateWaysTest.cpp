@@ -57,6 +57,30 @@ TEST_F(DateWays, ElseWithOneBendFromTheSideThatFacesTheDay) {
     EXPECT_EQ(WayOf(*flow.Links().front()), (Way{{1000, 2250}, {1450, 2250}, {1450, 500}}));
 }
 
+TEST_F(DateWays, BesideTheStripWhereTheNodeIsLevelWithIt) {
+    EXPECT_EQ(WayOf(Date({6000, 0, 1000, 480})), (Way{{6500, 480}, {6500, 1190}, {1450, 1190}, {1450, 500}}));
+    Set(document::tags::kTimelineAlign, QStringLiteral("4"));
+    UpdateTimeLineNodes(window, flow, true);
+    const float strip = flow.Links().front()->Destination().Top();
+    node.SetTop(strip - 100);
+    AdjustLinks(node, true);
+    const float level = strip - 540 - 150;
+    EXPECT_EQ(WayOf(*flow.Links().front()),
+              (Way{{6500, strip - 100}, {6500, level}, {1450, level}, {1450, strip}}));
+}
+
+TEST_F(DateWays, OtherLinksCrossTheMonths) {
+    Set(document::tags::kTimelineAlign, QStringLiteral("4"));
+    Date({6000, 2000, 1000, 500});
+    const float strip = flow.Links().front()->Destination().Top();
+    diagram::Node &above = flow.Nodes().Add(1000, strip - 3000, 1000, 500);
+    diagram::Node &below = flow.Nodes().Add(1200, strip + 3000, 1000, 500);
+    diagram::Link &link = above.Links().Add(below);
+    EXPECT_EQ(link.Way().size(), 2U) << "straight, not round them";
+    flow.Nodes().Add(1100, strip + 1500, 1000, 500);
+    EXPECT_GT(link.Way().size(), 2U) << "but round a node";
+}
+
 TEST_F(DateWays, RoundANodeThatStandsInTheWay) {
     flow.Nodes().Add(2500, 1900, 600, 700);
     EXPECT_EQ(WayOf(Date({4000, 2000, 1000, 500})),

@@ -1,4 +1,5 @@
 #include "diagram/render/CalendarPainter.h"
+#include "diagram/render/CalendarRows.h"
 
 #include "tests/diagram/render/Painting.h"
 
@@ -107,6 +108,42 @@ TEST_F(CalendarPainting, FarAwayYearsAreWrittenAboveEverythingInASizeThatCanBeRe
         }
     EXPECT_GT(light, 1000) << "the band lies over the node";
     EXPECT_GT(ink, 20) << "and is written on";
+}
+
+TEST_F(CalendarPainting, FarAwayYearsTakeInTheStripRatherThanNodes) {
+    options.screen = true;
+    for (const bool after : {false, true}) {
+        Told().after = after;
+        // of 14 pixels, 4 are the strip's and 7.2 those of its bands
+        const QImage image = Paint(0.2);
+        const QRgb band = image.pixel(30, after ? 20 : 8);
+        EXPECT_NE(band & 0xFFFFFF, 0xFFFFFFu);
+        EXPECT_EQ(image.pixel(30, 14), band) << "over the months " << after;
+        const QRgb nodes = image.pixel(30, after ? 26 : 1);
+        EXPECT_EQ(nodes & 0xFFFFFF, 0xFFFFFFu) << "where nodes may stand " << after;
+    }
+    const CalendarRows near(Told(), 1 / 15.0), far(Told(), 0.2 / 15);
+    EXPECT_EQ(near.PieceAt({1000, 1000}), StripPiece::Month);
+    EXPECT_EQ(far.PieceAt({1000, 1000}), StripPiece::Year) << "as it is drawn";
+}
+
+TEST_F(CalendarPainting, LanesKeepTheirNamesOutOfTheirNeighbours) {
+    options.screen = true;
+    Told().bands = false;
+    const auto inkIn = [&](double from, double to, double zoom) {
+        const QImage image = Paint(zoom);
+        constexpr int kInk = 220; // the line over a lane is paler
+        int darkest = 255;
+        for (int y = int(from / 15 * zoom); y < int(to / 15 * zoom); ++y)
+            for (int x = int(15 * zoom); x < int(60 * zoom); ++x)
+                darkest = std::min(darkest, qGray(image.pixel(x, y)));
+        return darkest < kInk;
+    };
+    Told().lanes = {{2000, 2100, QString()}, {3000, 3600, QStringLiteral("Marketing")}};
+    EXPECT_TRUE(inkIn(2100, 3000, 0.3)) << "room for a large one";
+    Told().lanes = {{2000, 2700, QString()}, {3000, 3600, QStringLiteral("Marketing")}};
+    EXPECT_FALSE(inkIn(2000, 2700, 0.3));
+    EXPECT_TRUE(inkIn(2700, 3000, 0.7));
 }
 
 TEST_F(CalendarPainting, OutputsKeepTheSizeOfPaper) {

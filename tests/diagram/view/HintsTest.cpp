@@ -1,6 +1,8 @@
 // What the view says that a press would do where the pointer is.
 #include "tests/diagram/view/ViewFixture.h"
 
+#include "tests/diagram/view/TaggedDays.h"
+
 #include <QSignalSpy>
 
 namespace diagram::testing {
@@ -41,6 +43,27 @@ TEST_F(Hints, OverEachThing) {
     EXPECT_EQ(Over(At(ToQPointF(link.Way()[1]))), Hint::DragMovesBend);
     EXPECT_EQ(Over(At(ToQPointF(link.Way()[2]))), Hint::DragMovesEnd);
     EXPECT_EQ(Over(At((ToQPointF(link.Way()[1]) + ToQPointF(link.Way()[2])) / 2)), Hint::DragMakesBend);
+}
+
+TEST_F(Hints, OverDatedNodesAndTheirEnds) {
+    struct : TaggedDays {
+        bool keeps = false;
+        bool KeepsNodesAtDates(const Surface &) const override { return keeps; }
+    } days;
+    TaggedDays::Date(a, QDate(2027, 1, 4), QDate(2027, 1, 8));
+    a.SetSelected(true);
+    b.SetSelected(true);
+    view->SetDays(days);
+    Settle();
+    EXPECT_EQ(Over(Body(a)), Hint::DragMovesDatedNode);
+    EXPECT_EQ(Over(Handle(a, 3)), Hint::DragResizes);
+    days.keeps = true;
+    EXPECT_EQ(Over(Body(b)), Hint::DragMovesNode);
+    EXPECT_EQ(Over(Body(a)), Hint::DragDatesNode);
+    EXPECT_EQ(Over(Handle(a, 3)), Hint::DragDatesEnd);
+    EXPECT_EQ(Over(Handle(a, 5)), Hint::DragResizes) << "across";
+    EXPECT_EQ(Over(Handle(b, 3)), Hint::DragResizes);
+    view->SetDays(DayStrip::None());
 }
 
 TEST_F(Hints, OverALabel) {

@@ -67,11 +67,13 @@ const std::vector<PlanStep> &DecadeSteps() {
 
 const std::vector<PlanStep> &BarSteps() {
     static const std::vector<PlanStep> kSteps = {
-        {"Concept", 30, 0, 9, 25},        {"Prototype", 58, 0, 0, 30},  {"Go or no go", 92, 0, 1},
-        {"Build", 95, 0, 2, 60},          {"Test", 140, 0, 3, 40},      {"Fixes", 182, 0, 4, 20},
-        {"Name and brand", 52, 1, 9, 30}, {"Interviews", 3, 1, -1, 18}, {"Survey", 24, 1, 7, 14},
-        {"Report", 40, 1, 8, 10},         {"Site", 100, 1, 6, 45},      {"Campaign", 170, 1, 10, 50},
-        {"Launch", 224, 2, 11},           {"Fair", 120, 2, -1, 6},
+        {"Concept", 30, 0, 9, 25},        {"Prototype", 58, 0, 0, 30},
+        {"Go or no go", 92, 0, 1},        {"Build", 95, 0, 2, 60},
+        {"Test", 140, 0, 3, 40},          {"Fixes", 182, 0, 4, 20},
+        {"Name and brand", 52, 1, 9, 30}, {"Interviews", 3, 1, -1, 18},
+        {"Survey", 24, 1, 7, 14},         {"Customer report", 40, 1, 8, 10},
+        {"Site", 100, 1, 6, 45},          {"Campaign", 170, 1, 10, 50},
+        {"Launch", 224, 2, 11},           {"Trade fair in Munich", 120, 2, -1, 6},
     };
     return kSteps;
 }

@@ -92,6 +92,21 @@ TEST_F(PptxTest, AFoldIsOneSliverWithItsCount) {
     EXPECT_EQ(TextsAt(Part(kAllShapes), "//p:sp//a:t"), QStringList({"3", "plan"}));
 }
 
+TEST_F(PptxTest, ALinkToADayIsAsQuietAsOnTheScreen) {
+    diagram::Node &node = AddNode(0, 4000, QStringLiteral("plan")), &day = AddNode(300, 2000, QString());
+    diagram::Link &link = node.Links().Add(day);
+    link.SetLineColor(0);
+    link.SetMovePointsMode(true);
+    link.Points().Assign({{500, 4000}, {500, 4000}, {500, 2900}});
+    const char *ink = "//p:cxnSp/p:spPr/a:ln/a:solidFill/a:srgbClr/@val";
+    EXPECT_EQ(TextsAt(Part(kAllShapes), ink), QStringList("000000"));
+    link.SetSelectable(false);
+    link.SetMarked(true);
+    link.SetStyle(3);
+    link.Points().Assign({{500, 4000}, {500, 4000}, {500, 2900}});
+    EXPECT_EQ(TextsAt(Part(kAllShapes), ink), QStringList("B3B3B3"));
+}
+
 TEST_F(PptxTest, AShapeStandsWhereThePictureWouldShowIt) {
     AddNode(1000, 2000, QString());
     const pugi::xml_document &slide = Part(kAllShapes);
