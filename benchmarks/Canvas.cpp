@@ -16,13 +16,6 @@ namespace {
 constexpr int kWidth = 1280, kHeight = 800;
 constexpr double kTwipsPerPixel = 15;
 
-// Scrolls the point (twips) into the middle.
-void Centre(diagram::SurfaceView &view, const QPointF &middle) {
-    const QPointF away = view.FromSurface(middle) - QPointF(view.viewport()->rect().center());
-    view.horizontalScrollBar()->setValue(view.horizontalScrollBar()->value() + qRound(away.x()));
-    view.verticalScrollBar()->setValue(view.verticalScrollBar()->value() + qRound(away.y()));
-}
-
 void ShowAt(diagram::SurfaceView &view, double percent) {
     view.Model().UnselectAll();
     view.ZoomAt(percent, {});
@@ -32,6 +25,12 @@ void ShowAt(diagram::SurfaceView &view, double percent) {
 }
 
 } // namespace
+
+void Centre(diagram::SurfaceView &view, const QPointF &middle) {
+    const QPointF away = view.FromSurface(middle) - QPointF(view.viewport()->rect().center());
+    view.horizontalScrollBar()->setValue(view.horizontalScrollBar()->value() + qRound(away.x()));
+    view.verticalScrollBar()->setValue(view.verticalScrollBar()->value() + qRound(away.y()));
+}
 
 Canvas::Canvas(int nodes) : surface_(std::make_unique<diagram::Surface>()) {
     diagram::AttachHistory(*surface_);
