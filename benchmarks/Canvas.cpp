@@ -17,13 +17,6 @@ namespace {
 constexpr int kWidth = 1280, kHeight = 800;
 using diagram::kTwipsPerPixel;
 
-// Scrolls the point (twips) into the middle.
-void Centre(diagram::SurfaceView &view, const QPointF &middle) {
-    const QPointF away = view.FromSurface(middle) - QPointF(view.viewport()->rect().center());
-    view.horizontalScrollBar()->setValue(view.horizontalScrollBar()->value() + qRound(away.x()));
-    view.verticalScrollBar()->setValue(view.verticalScrollBar()->value() + qRound(away.y()));
-}
-
 void ShowAt(diagram::SurfaceView &view, double percent) {
     view.Model().UnselectAll();
     view.ZoomAt(percent, {});
@@ -33,6 +26,12 @@ void ShowAt(diagram::SurfaceView &view, double percent) {
 }
 
 } // namespace
+
+void Centre(diagram::SurfaceView &view, const QPointF &middle) {
+    const QPointF away = view.FromSurface(middle) - QPointF(view.viewport()->rect().center());
+    view.horizontalScrollBar()->setValue(view.horizontalScrollBar()->value() + qRound(away.x()));
+    view.verticalScrollBar()->setValue(view.verticalScrollBar()->value() + qRound(away.y()));
+}
 
 Canvas::Canvas(int nodes) : surface_(std::make_unique<diagram::Surface>()) {
     diagram::AttachHistory(*surface_);

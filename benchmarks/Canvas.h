@@ -27,6 +27,8 @@ private:
 void ShowTwoHundred(diagram::SurfaceView &view);
 // The view shows all.
 void ShowWhole(diagram::SurfaceView &view);
+// Scrolls the point (twips) into the middle.
+void Centre(diagram::SurfaceView &view, const QPointF &middle);
 // Where a node can be taken hold of to move it: beside the middle, from where links are dragged.
 QPointF BodyOf(const diagram::Node &node); // twips
 // The node nearest to the middle of what is seen whose body no link covers.

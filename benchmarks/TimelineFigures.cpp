@@ -1,4 +1,6 @@
-// Laying out a timeline of 240 months with 5,000 dated nodes, and lining these up.
+// Laying out a timeline of 240 months with 5,000 dated nodes, lining these up, and dragging one of them along
+// it.
+#include "benchmarks/Canvas.h"
 #include "diagram/edit/History.h"
 #include "diagram/model/Surface.h"
 #include "document/MemoryWindow.h"
@@ -6,7 +8,9 @@
 #include "support/Desktop.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
+#include "timeline/AtDates.h"
 #include "timeline/DateText.h"
+#include "timeline/DaysOfStrip.h"
 #include "timeline/LineUp.h"
 #include "timeline/TimelineNodes.h"
 
@@ -88,5 +92,52 @@ void LineUpByDate(benchmark::State &state) {
     state.counters["moved"] = result.moved;
 }
 BENCHMARK(LineUpByDate)->Unit(benchmark::kMillisecond);
+
+// Of the linked ones, as many before it as behind.
+diagram::Node &NodeInTheMiddle(diagram::Surface &flow) {
+    std::vector<diagram::Node *> linked;
+    for (diagram::Node &node : flow.Nodes())
+        if (node.Selectable() && node.Links().Count() > 1) linked.push_back(&node);
+    return *linked[linked.size() / 2];
+}
+
+// From the event to the frame, where nodes stay at their dates: of the one nearest to the middle, back and
+// forth by four days and two rows.
+void DateDrag(benchmark::State &state) {
+    document::MemoryWindow window(support::CurrentDesktop(), document::EmptyPools{});
+    diagram::Surface &flow = window.AddFlow1()[0];
+    diagram::AttachHistory(flow);
+    flow.SetSize(800000, 40000);
+    document::SetTag(flow, document::tags::kTimelineAlign, QStringLiteral("2"));
+    AddDatedNodes(window, flow);
+    LinkSome(flow);
+    timeline::SetKeepsNodesAtDates(flow, true);
+    timeline::LineUp(window, flow, timeline::RowOrder::Choose);
+    timeline::DaysOfStrip days(window);
+    diagram::SurfaceView view(flow);
+    view.SetDays(days);
+    view.resize(1280, 800);
+    view.show();
+    diagram::Node &node = NodeInTheMiddle(flow);
+    bench::Centre(view, node.Bounds().center());
+    bench::Settle(view);
+    bench::Hand hand(*view.viewport());
+    const QPointF aside(node.Width() * 0.3, node.Height() * 0.3); // of the link to its day
+    const QPoint from = view.FromSurface(node.Bounds().center() + aside).toPoint();
+    hand.Press(from);
+    const QPointF before = node.Bounds().topLeft();
+    for (const int way : {10, 20}) hand.Move(from + QPoint(2 * way, way));
+    if (node.Bounds().topLeft() == before) state.SkipWithError("the drag moves the node");
+    ;
+    int step = 0;
+    for (auto _ : state) {
+        step = (step + 1) % 100;
+        const int way = step < 50 ? step : 100 - step;
+        hand.Move(from + QPoint(40 + way * 2, 20 + way));
+    }
+    hand.Key(Qt::Key_Escape);
+    hand.Release(from);
+}
+BENCHMARK(DateDrag)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -37,8 +37,25 @@ LabelRequest RequestFor(const Link &link, const std::vector<QPointF> &way, const
             .destinationHead = HeadOn(data.arrowDest, data.arrowSizeDest, data.drawWidth)};
 }
 
-bool IsTouched(const std::vector<QRectF> &areas, const QPointF &from, const QPointF &to) {
-    return std::ranges::any_of(areas, [&](const QRectF &area) { return RunsThrough(area, from, to); });
+bool IsTouched(const std::vector<QRectF> &areas, const QLineF &line) {
+    const double left = std::min(line.x1(), line.x2()), right = std::max(line.x1(), line.x2());
+    const double top = std::min(line.y1(), line.y2()), bottom = std::max(line.y1(), line.y2());
+    return std::ranges::any_of(areas, [&](const QRectF &area) {
+        return left < area.right() && right > area.left() && top < area.bottom() && bottom > area.top() &&
+               RunsThrough(area, line.p1(), line.p2());
+    });
+}
+
+QPointF PlaceOf(const QPointF &point) { return point; }
+QPointF PlaceOf(const Point &point) { return ToQPointF(point); }
+
+// Calls `visit` with each piece of a way.
+template <typename Points>
+void ForPieces(const Points &points, const auto &visit) {
+    for (std::size_t i = 1; i < points.size(); ++i) visit(QLineF(PlaceOf(points[i - 1]), PlaceOf(points[i])));
+}
+void ForPiecesOf(const Link &link, const auto &visit) {
+    IsCurved(link) ? ForPieces(WayPieces(link), visit) : ForPieces(link.Way(), visit);
 }
 
 // What lies in some areas, as far as it speaks against a label there. Each thing once.
@@ -46,12 +63,12 @@ class Neighbourhood {
 public:
     Neighbourhood(const Link &link, const std::vector<QRectF> &areas, const ItemsAround &around)
         : link_(link), areas_(areas) {
-        std::vector<const Item *> items;
+        std::vector<std::pair<ItemId, const Item *>> items;
         for (const QRectF &area : areas)
-            around(BoxAround(area), [&](const Item &item) { items.push_back(&item); });
-        std::ranges::sort(items, {}, &Item::Id);
+            around(BoxAround(area), [&](const Item &item) { items.emplace_back(item.Id(), &item); });
+        std::ranges::sort(items);
         items.erase(std::unique(items.begin(), items.end()), items.end());
-        for (const Item *item : items) Add(*item);
+        for (const auto &[id, item] : items) Add(*item);
     }
 
     void AddLabels(const BoxIndex &labels) {
@@ -82,20 +99,10 @@ private:
     }
 
     void AddWay(const Link &other) {
-        if (IsCurved(other)) return AddPieces(WayPieces(other));
-        AddPieces(other.Way());
+        ForPiecesOf(other, [this](const QLineF &piece) {
+            if (IsTouched(areas_, piece)) lines_.push_back(piece);
+        });
     }
-
-    template <typename Points>
-    void AddPieces(const Points &points) {
-        for (std::size_t i = 1; i < points.size(); ++i) {
-            const QPointF from = At(points[i - 1]), to = At(points[i]);
-            if (IsTouched(areas_, from, to)) lines_.emplace_back(from, to);
-        }
-    }
-
-    static QPointF At(const QPointF &point) { return point; }
-    static QPointF At(const Point &point) { return ToQPointF(point); }
 
     const Link &link_;
     const std::vector<QRectF> &areas_;
@@ -121,6 +128,7 @@ void LabelPlaces::Clear() {
     placed_.clear();
     reaches_.Clear();
     boxes_.Clear();
+    ways_.clear();
     pending_.clear();
 }
 
@@ -131,12 +139,30 @@ void LabelPlaces::LinkChanged(const Link &link) {
 }
 
 void LabelPlaces::LinkRemoved(ItemId id) {
+    ways_.erase(id);
     if (placed_.contains(id)) pending_.insert(id);
 }
 
 void LabelPlaces::Disturb(const FloatBox &box) {
     if (placed_.empty()) return;
     reaches_.Visit(box, [this](const BoxIndex::Entry &entry) { pending_.insert(entry.second); });
+}
+
+void LabelPlaces::DisturbAlong(const Link &link, const FloatBox *before) {
+    if (placed_.empty()) return void(ways_.erase(link.Id()));
+    std::vector<QLineF> now;
+    if (!link.Hidden()) ForPiecesOf(link, [&](const QLineF &piece) { now.push_back(piece); });
+    const auto [known, isNew] = ways_.try_emplace(link.Id());
+    const std::vector<QLineF> former = std::exchange(known->second, now);
+    if (isNew && before) Disturb(*before);
+    std::vector<BoxIndex::Entry> found;
+    const auto disturb = [&](const std::vector<QLineF> &pieces, const std::vector<QLineF> &but) {
+        for (const QLineF &piece : pieces)
+            if (std::ranges::find(but, piece) == but.end())
+                reaches_.FindAlong(piece.p1(), piece.p2(), 0, found);
+    };
+    disturb(former, now), disturb(now, former);
+    for (const BoxIndex::Entry &entry : found) pending_.insert(entry.second);
 }
 
 QRectF LabelPlaces::At(ItemId id) const {
@@ -148,7 +174,8 @@ void LabelPlaces::Forget(ItemId id) {
     const auto found = placed_.find(id);
     if (found == placed_.end()) return;
     const Placed placed = found->second;
-    if (placed.isIndexed) reaches_.Remove(placed.reach, id), boxes_.Remove(BoxAround(placed.box), id);
+    for (const FloatBox &reach : placed.reaches) reaches_.Remove(reach, id);
+    if (placed.isIndexed) boxes_.Remove(BoxAround(placed.box), id);
     placed_.erase(found);
     Disturb(BoxAround(placed.box));
 }
@@ -164,8 +191,10 @@ LabelPlaces::Found LabelPlaces::FindPlace(const Link &link, const QSizeF &size,
         return find(request);
     };
     const QRectF usual = BoxAt(MiddleOfWay(way), size), ground = Grown(usual, kAround);
-    if (look({ground}, IsFreeInTheMiddle)) return {usual, ground};
-    return {BoxAt(look(ReachesOf(request), PlaceLabel), size), ReachOfLabel(request)};
+    if (look({ground}, IsFreeInTheMiddle)) return {usual, {ground}};
+    std::vector<QRectF> reaches = ReachesOf(request);
+    const QPointF middle = look(reaches, PlaceLabel);
+    return {BoxAt(middle, size), std::move(reaches)};
 }
 
 QRectF LabelPlaces::PlaceFor(const Link &link, const QSizeF &size, const ItemsAround &around) const {
@@ -173,11 +202,13 @@ QRectF LabelPlaces::PlaceFor(const Link &link, const QSizeF &size, const ItemsAr
 }
 
 void LabelPlaces::Index(ItemId id, Placed &placed, const Found &found) {
-    const FloatBox reach = BoxAround(found.reach);
+    std::vector<FloatBox> reaches;
+    for (const QRectF &reach : found.reaches) reaches.push_back(BoxAround(reach));
     const bool isNew = !std::exchange(placed.isIndexed, true);
-    if (isNew || placed.reach != reach) {
-        if (!isNew) reaches_.Remove(placed.reach, id);
-        reaches_.Insert(placed.reach = reach, id);
+    if (placed.reaches != reaches) {
+        for (const FloatBox &reach : placed.reaches) reaches_.Remove(reach, id);
+        for (const FloatBox &reach : reaches) reaches_.Insert(reach, id);
+        placed.reaches = std::move(reaches);
     }
     if (isNew || placed.box != found.box) {
         if (!isNew) boxes_.Remove(BoxAround(placed.box), id);

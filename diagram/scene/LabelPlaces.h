@@ -4,6 +4,7 @@
 
 #include "diagram/scene/ItemsAround.h"
 
+#include <QLineF>
 #include <set>
 #include <unordered_map>
 
@@ -20,6 +21,9 @@ public:
     void LinkRemoved(ItemId id);
     // What stands, or stood, in that box has changed: labels that reach it are looked at anew.
     void Disturb(const FloatBox &box);
+    // The same for the pieces of a link's way that it hadn't before, or has no more. `before` is where it
+    // stood, null if it wasn't seen; it counts as a whole where its way isn't remembered.
+    void DisturbAlong(const Link &link, const FloatBox *before);
 
     bool IsUpToDate() const { return pending_.empty(); }
     // Places what must be looked at; tells the links whose labels stand elsewhere now.
@@ -33,14 +37,14 @@ private:
     using Rank = std::pair<StackKey, ItemId>;
     struct Found {
         QRectF box;
-        QRectF
-            reach; // nothing outside matters to it: a label in the middle of its way stays while it is free
+        // Nothing outside matters to it: a label in the middle of its way stays while it is free.
+        std::vector<QRectF> reaches;
     };
     struct Placed {
-        FloatBox reach;
+        std::vector<FloatBox> reaches;
         QRectF box;
         Rank rank;              // when it was placed last
-        bool isIndexed = false; // reach and box are in the indices
+        bool isIndexed = false; // reaches and box are in the indices
     };
 
     static Rank RankOf(const Link &link);
@@ -53,6 +57,7 @@ private:
     Found FindPlace(const Link &link, const QSizeF &size, const ItemsAround &around) const;
 
     std::unordered_map<ItemId, Placed> placed_;
+    std::unordered_map<ItemId, std::vector<QLineF>> ways_; // of links that have moved among labels
     BoxIndex reaches_, boxes_;
     std::set<ItemId> pending_;
 };

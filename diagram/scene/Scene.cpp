@@ -188,9 +188,14 @@ void Scene::State::Put(Item &item, const FloatBox &box) {
 void Scene::State::Reindex(Item &item) {
     flags[item.Id()] &= std::uint8_t(~kDirty);
     const FloatBox box = BoxOf(item);
-    if (Is(item.Id(), kIndexed)) labels.Disturb(boxes[item.Id()]);
-    if (!IsHidden(item)) labels.Disturb(box);
-    if (const Link *link = item.AsLink()) labels.LinkChanged(*link);
+    const FloatBox *before = Is(item.Id(), kIndexed) ? &boxes[item.Id()] : nullptr;
+    if (const Link *link = item.AsLink()) {
+        labels.DisturbAlong(*link, before);
+        labels.LinkChanged(*link);
+    } else {
+        if (before) labels.Disturb(*before);
+        if (!IsHidden(item)) labels.Disturb(box);
+    }
     Put(item, box);
 }
 

@@ -3,6 +3,7 @@
 #include "diagram/geometry/Crossing.h"
 #include "diagram/geometry/Polyline.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -40,6 +41,19 @@ QRectF BoxAt(const QPointF &middle, const QSizeF &size) {
 double Gap(const LabelRequest &request) {
     const double head = std::max({request.sourceHead, request.middleHead, request.destinationHead});
     return std::max(kGap, head * kHeadWidth + kLineGap);
+}
+
+// Faster than QRectF's own, which thinks of negative sizes. What has no inside touches nothing.
+bool Touch(const QRectF &a, const QRectF &b) {
+    return b.width() > 0 && b.height() > 0 && a.left() < b.right() && b.left() < a.right() &&
+           a.top() < b.bottom() && b.top() < a.bottom();
+}
+
+// Of lines most are too far away to be compared closely.
+bool Crosses(const QLineF &line, const QRectF &box) {
+    return std::min(line.x1(), line.x2()) < box.right() && std::max(line.x1(), line.x2()) > box.left() &&
+           std::min(line.y1(), line.y2()) < box.bottom() && std::max(line.y1(), line.y2()) > box.top() &&
+           RunsThrough(box, line.p1(), line.p2());
 }
 
 double Share(const QRectF &box, const QRectF &of) {
@@ -145,12 +159,12 @@ private:
     double CostAt(const QPointF &middle, std::size_t own, double most) const {
         const QRectF label = BoxAt(middle, request_.size), room = Grown(label, kGap);
         double cost = 0;
-        for (const QRectF &head : heads_) cost += label.intersects(head) ? kOnHead : 0;
+        for (const QRectF &head : heads_) cost += Touch(label, head) ? kOnHead : 0;
         for (std::size_t i = 1; i + 1 < request_.way.size() && !request_.curved && cost < most; ++i)
             cost += room.contains(request_.way[i]) ? kOnBend : 0;
         for (const QRectF &box : request_.boxes) {
             if (cost >= most) return cost;
-            if (room.intersects(box)) cost += kTouched + (kCovered - kTouched) * Share(box, label);
+            if (Touch(room, box)) cost += kTouched + (kCovered - kTouched) * Share(box, label);
         }
         return cost + (cost < most ? LinesAt(Grown(label, kLineGap), own) : 0);
     }
@@ -159,7 +173,7 @@ private:
         const bool beside = own >= request_.way.size();
         double cost = 0;
         for (const QLineF &line : request_.lines)
-            if (RunsThrough(label, line.p1(), line.p2())) cost += beside ? kPastLine : kOnLine;
+            if (Crosses(line, label)) cost += beside ? kPastLine : kOnLine;
         for (std::size_t i = 0; i + 1 < request_.way.size() && (beside || !request_.curved); ++i)
             if (i != own && RunsThrough(label, request_.way[i], request_.way[i + 1])) cost += kOnLine;
         return std::min(cost, kOnManyLines);
