@@ -84,15 +84,26 @@ std::vector<Layering> LayeringsOf(const LayoutGraph &part) {
                                       [](const Layering &one) { return std::ranges::count(one.back, 1); })};
 }
 
-// In layers and ordered. Which edges are turned round decides about the crossings.
-LayeredPart Ordered(const LayoutGraph &part, Patience &patience) {
+struct Cut {
+    LayeredPart part;
+    int bias;
+};
+
+std::vector<Cut> CutsOf(const LayoutGraph &part, Patience &patience) {
+    std::vector<Cut> cuts;
+    for (const Layering &layering : LayeringsOf(part))
+        cuts.push_back({CutIntoLayers(part, layering, patience), layering.bias});
+    return cuts;
+}
+
+// Which edges are turned round decides about the crossings.
+LayeredPart Ordered(std::vector<Cut> cuts, Patience &patience) {
     std::optional<LayeredPart> best;
     long long least = 0;
-    for (const Layering &layering : LayeringsOf(part)) {
-        LayeredPart cut = CutIntoLayers(part, layering, patience);
-        OrderLayers(cut.graph, patience);
-        const long long cost = CountCrossings(cut.graph) + layering.bias;
-        if (!best || cost < least) best = std::move(cut), least = cost;
+    for (Cut &cut : cuts) {
+        OrderLayers(cut.part.graph, patience);
+        const long long cost = CountCrossings(cut.part.graph) + cut.bias;
+        if (!best || cost < least) best = std::move(cut.part), least = cost;
         if (least == 0) break;
     }
     return std::move(*best);
@@ -100,25 +111,25 @@ LayeredPart Ordered(const LayoutGraph &part, Patience &patience) {
 
 // What stands in layers already, with few changes to these and their order. Nothing where most boxes would
 // come elsewhere.
-std::optional<LayeredPart> OrderedAgain(const LayoutGraph &part, Patience &patience) {
+std::optional<LayeredPart> OrderedAgain(const std::vector<Cut> &cuts, const std::vector<QPointF> &present,
+                                        Patience &patience) {
     std::optional<LayeredPart> best;
     double most = kInLayers;
-    for (const Layering &layering : LayeringsOf(part)) {
-        LayeredPart cut = CutIntoLayers(part, layering, patience);
-        const double share = ShareInLayers(cut.graph, part.centres);
-        if (share > most) best = std::move(cut), most = share;
-    }
+    for (const Cut &cut : cuts)
+        if (const double share = ShareInLayers(cut.part.graph, present); share > most)
+            best = cut.part, most = share;
     if (best) KeepOrder(best->graph, patience);
     return best;
 }
 
 // A few crossings more are worth that little moves.
 LayeredPart OrderedBest(const LayoutGraph &part, Patience &patience) {
-    std::optional<LayeredPart> again = OrderedAgain(part, patience);
+    std::vector<Cut> cuts = CutsOf(part, patience);
+    std::optional<LayeredPart> again = OrderedAgain(cuts, part.centres, patience);
     const long long crossings = again ? CountCrossings(again->graph) : 0;
     if (again && crossings == 0) return std::move(*again);
-    LayeredPart anew = Ordered(part, patience);
-    const auto bound = double(CountCrossings(anew.graph)) * kCrossingsForPeace + 2;
+    LayeredPart anew = Ordered(std::move(cuts), patience);
+    const double bound = double(CountCrossings(anew.graph)) * kCrossingsForPeace + 2;
     return again && double(crossings) <= bound ? std::move(*again) : anew;
 }
 
