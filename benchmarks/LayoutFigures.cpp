@@ -5,6 +5,7 @@
 #include "diagram/layout/TidyTree.h"
 #include "diagram/model/Surface.h"
 #include "tests/yardstick/Dot.h"
+#include "tests/yardstick/Moves.h"
 
 #include <algorithm>
 #include <functional>
@@ -121,6 +122,21 @@ void AddTreeOnSurface(Figures &figures, int nodes, double bound) {
                        time, QStringLiteral("ms"), bound, QString()});
 }
 
+void AddMoves(Figures &figures) {
+    constexpr unsigned kGraphs = 50;
+    double again = 0, scratch = 0;
+    for (unsigned seed = 0; seed < kGraphs; ++seed) {
+        const yardstick::Moves moves = yardstick::MovesAfterSmallChange(yardstick::Hundred(seed), seed);
+        again += moves.again / kGraphs, scratch += moves.scratch / kGraphs;
+    }
+    figures.push_back({QStringLiteral("mean move of 100 nodes laid out again : from scratch"),
+                       again / scratch, QStringLiteral("x"), 0.6,
+                       QStringLiteral("%1 : %2 twips, %3 graphs, a node and a link more, a node less")
+                           .arg(again, 0, 'f', 0)
+                           .arg(scratch, 0, 'f', 0)
+                           .arg(kGraphs)});
+}
+
 // The whole command without a window.
 void AddKind(Figures &figures, const char *name, int nodes, double bound) {
     diagram::Surface surface;
@@ -140,6 +156,7 @@ Figures LayoutFigures() {
     AddLayered(figures, kPlan, 10000, 3000, false);
     AddLayered(figures, kAnyhow, 10000, 3000, false);
     for (const Figure &figure : LayoutCrossings()) figures.push_back(figure);
+    AddMoves(figures);
     AddTree(figures, 1000, 2);
     AddTree(figures, 100000, 300);
     AddTreeOnSurface(figures, 1000, 2);

@@ -33,8 +33,9 @@ constexpr Command kCommands[] = {
      "      adds what a text file of columns holds to a slice of the map, or to a new one"},
     {"layout", Layout, false,
      "layout IN OUT --engine hierarchical|tree|radial|organic|circular|levels [--slice N]\n"
-     "         [--direction down|up|right|left]\n"
-     "      writes the map IN as the map OUT with a slice, counted from 1, laid out"},
+     "         [--direction down|up|right|left] [--together levels|groups]\n"
+     "      writes the map IN as the map OUT with a slice, counted from 1, laid out; --together is for the\n"
+     "      hierarchical layout: each level or group by itself, none over another"},
     {"route", Route, false,
      "route IN OUT [--slice N]\n"
      "      writes the map IN as the map OUT with the links of a slice, counted from 1, routed anew, but for "

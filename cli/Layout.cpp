@@ -33,6 +33,14 @@ diagram::LayoutOrientation TakeDirection(QStringList &arguments) {
     return diagram::LayoutOrientation(known.indexOf(name));
 }
 
+document::Together TakeTogether(QStringList &arguments) {
+    const QString name = TakeOption(arguments, QStringLiteral("--together"));
+    if (name.isEmpty()) return document::Together::Nothing;
+    if (name == QLatin1String("levels")) return document::Together::Levels;
+    if (name == QLatin1String("groups")) return document::Together::Groups;
+    throw UsageError(QStringLiteral("--together needs one of levels, groups"));
+}
+
 // The months come back to their places whatever was laid out.
 void ArrangeTimeline(document::MemoryWindow &window, diagram::Surface &slice) {
     if (timeline::LocateTimelineNodes(slice).empty()) return;
@@ -54,11 +62,14 @@ int Layout(QStringList arguments, QTextStream &out) {
     const diagram::LayoutRow &engine = TakeEngine(arguments);
     diagram::LayoutOrder order;
     order.options.orientation = TakeDirection(arguments);
+    const document::Together together = TakeTogether(arguments);
     const int number = TakeSlice(arguments);
     ExpectFiles(arguments, 2);
     Session session;
     document::MemoryWindow &window = session.Open(arguments[0]);
     diagram::Surface &slice = SliceOf(window, number);
+    document::clsfrmMain &map = window.clsSettings();
+    order.cluster = document::ClustersOf(together, map.Levels(), map.Groups());
     order.lane = document::LanesByLevel(window.clsSettings().Levels());
     if (engine.layOut(slice, order) == diagram::LayoutResult::AsSpanningTree)
         out << "this is no tree: it was laid out along some of its links\n";

@@ -1,4 +1,4 @@
-// Levels as the lanes of a layout.
+// Levels and groups as the lanes and clusters of a layout.
 #pragma once
 
 #include <functional>
@@ -9,9 +9,19 @@ class Node;
 
 namespace document {
 
+class cGroups;
 class cLevels;
 
 // The position of a node's level in the list as it is now, from 0; -1 for a node without one.
 std::function<int(const diagram::Node &node)> LanesByLevel(const cLevels &levels);
+
+// The same for the first of a node's groups that the list has.
+std::function<int(const diagram::Node &node)> ClustersByGroup(const cGroups &groups);
+
+// What the hierarchical layout keeps together.
+enum class Together { Nothing, Levels, Groups };
+// Empty for Together::Nothing.
+std::function<int(const diagram::Node &node)> ClustersOf(Together together, const cLevels &levels,
+                                                         const cGroups &groups);
 
 } // namespace document

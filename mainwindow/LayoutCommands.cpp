@@ -10,6 +10,7 @@
 #include "mainwindow/frmPics.h"
 #include "mainwindow/LongTask.h"
 #include "mainwindow/WindowStatus.h"
+#include "settings/GetSet.h"
 #include "settings/Settings.h"
 #include "support/Error.h"
 #include "support/Val.h"
@@ -49,19 +50,34 @@ diagram::LayoutResult LayOut(frmMain &window, const char *name, const LayoutTool
     return diagram::FindLayout(QLatin1String(name))->layOut(window.CurrentSurface(), order);
 }
 
+constexpr char kTogether[] = "LayoutTogether";
+
+// What the user has last chosen, in whatever window and run.
+LayoutTool &HierarchicalTool() {
+    LayoutTool &tool = frmPics::Shared().HFlow();
+    const int together = settings::GetSet(QLatin1String(kTogether)).toInt();
+    const bool isKnown = together >= 0 && together <= int(document::Together::Groups);
+    tool.together = isKnown ? document::Together(together) : document::Together::Nothing;
+    return tool;
+}
+
 // False when it was given up.
 bool LayOutInLayers(frmMain &window, diagram::LayoutScope scope) {
     const diagram::ItemPlaces before = diagram::PlacesOf(window.CurrentSurface());
-    bool laidOut = false;
+    const LayoutTool &tool = HierarchicalTool();
+    auto result = diagram::LayoutResult::GivenUp;
     {
         const ActionGroup step(window.CurrentSurface());
         LongTask task(window, QCoreApplication::translate("Layout", "Laying out"));
-        laidOut = diagram::LayOutInLayers(window.CurrentSurface(), scope, frmPics::Shared().HFlow().options,
-                                          [&] { return task.GoOn(); });
-        if (laidOut) ArrangeTimeline(window);
+        diagram::LayoutOrder order{scope, tool.options};
+        order.cluster =
+            document::ClustersOf(tool.together, window.clsSettings().Levels(), window.clsSettings().Groups());
+        order.advance = [&](double) { return task.GoOn(); };
+        result = diagram::FindLayout(QStringLiteral("hierarchical"))->layOut(window.CurrentSurface(), order);
+        if (result != diagram::LayoutResult::GivenUp) ArrangeTimeline(window);
     }
     diagram::Glide::Begin(window.CurrentView(), before);
-    return laidOut;
+    return result != diagram::LayoutResult::GivenUp;
 }
 
 void mnuLayoutHExecute(frmMain &window) { LayOutInLayers(window, frmPics::Shared().HFlow().scope); }
@@ -105,17 +121,16 @@ void LayOutAs(frmMain &window) {
 }
 constexpr char kRadial[] = "radial", kOrganic[] = "organic", kCircular[] = "circular", kLevels[] = "levels";
 
-void ShowOptions(frmMain &window, LayoutTool &tool, const QString &title) {
-    LayoutFormArgument argument{tool, title};
-    document::Show(window, argument);
-}
-
 void mnuLayoutHOptions(frmMain &window) {
-    ShowOptions(window, frmPics::Shared().HFlow(),
-                QCoreApplication::translate("Layout", "Hierarchical Layout"));
+    LayoutTool &tool = HierarchicalTool();
+    LayoutFormArgument argument{tool, QCoreApplication::translate("Layout", "Hierarchical Layout"), true};
+    if (document::Show(window, argument))
+        settings::SaveSet(QLatin1String(kTogether), QString::number(int(tool.together)));
 }
 void mnuLayoutTreeOptions(frmMain &window) {
-    ShowOptions(window, frmPics::Shared().TFlow(), QCoreApplication::translate("Layout", "Tree Layout"));
+    LayoutFormArgument argument{frmPics::Shared().TFlow(),
+                                QCoreApplication::translate("Layout", "Tree Layout")};
+    document::Show(window, argument);
 }
 
 constexpr CommandRow Kind(const char *key, const char *caption, Routine routine, const char *image,

@@ -11,7 +11,6 @@
 #include "mainwindow/UndoRedo.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/Settings.h"
-#include "support/Val.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
 #include "timeline/AtDates.h"

@@ -26,6 +26,11 @@ frmLayout::frmLayout(const LayoutFormArgument &argument, QWidget *parent)
     cboOrientation_->setCurrentIndex(int(tool_.options.orientation));
     txtLevels_ = AddDistance("txtLevels", tool_.options.levelDistance);
     txtNeighbours_ = AddDistance("txtNeighbours", tool_.options.neighbourDistance);
+    cboTogether_ = new QComboBox(this);
+    cboTogether_->setObjectName(QStringLiteral("cboTogether"));
+    // In the order of Together.
+    cboTogether_->addItems({tr("Nothing"), tr("Levels"), tr("Groups")});
+    cboTogether_->setCurrentIndex(int(tool_.together));
     chkSelection_ = new QCheckBox(tr("Lay out only what is &selected"), this);
     chkSelection_->setObjectName(QStringLiteral("chkSelection"));
     chkSelection_->setChecked(tool_.scope == diagram::LayoutScope::Selection);
@@ -37,6 +42,8 @@ frmLayout::frmLayout(const LayoutFormArgument &argument, QWidget *parent)
     form->addRow(tr("&Orientation"), cboOrientation_);
     form->addRow(tr("Distance of &levels"), txtLevels_);
     form->addRow(tr("Distance of &neighbours"), txtNeighbours_);
+    form->addRow(tr("&Keep together"), cboTogether_);
+    form->setRowVisible(cboTogether_, argument.keepsTogether);
     form->addRow(chkSelection_);
     form->addRow(buttons);
 }
@@ -54,6 +61,7 @@ QDoubleSpinBox *frmLayout::AddDistance(const char *name, double twips) {
 void frmLayout::accept() {
     tool_.options = {diagram::LayoutOrientation(cboOrientation_->currentIndex()),
                      txtLevels_->value() * kTwipsPerPixel, txtNeighbours_->value() * kTwipsPerPixel};
+    tool_.together = document::Together(cboTogether_->currentIndex());
     tool_.scope = chkSelection_->isChecked() ? diagram::LayoutScope::Selection : diagram::LayoutScope::All;
     QDialog::accept();
 }

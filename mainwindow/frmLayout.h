@@ -15,6 +15,7 @@ struct LayoutFormArgument {
     static constexpr char kForm[] = "frmLayout";
     LayoutTool &tool; // changed by OK alone
     QString title;
+    bool keepsTogether = false; // whether this layout can
 };
 
 class frmLayout : public QDialog {
@@ -31,6 +32,7 @@ private:
     QComboBox *cboOrientation_;
     QDoubleSpinBox *txtLevels_;
     QDoubleSpinBox *txtNeighbours_;
+    QComboBox *cboTogether_;
     QCheckBox *chkSelection_;
 };
 

@@ -1,6 +1,8 @@
 #include "diagram/layout/Layered.h"
 
+#include "diagram/layout/FreePlace.h"
 #include "diagram/layout/LayerChains.h"
+#include "diagram/layout/LayeredAgain.h"
 #include "diagram/layout/LayeredBends.h"
 #include "diagram/layout/LayeredClusters.h"
 #include "diagram/layout/LayeredColumns.h"
@@ -13,6 +15,7 @@
 #include "diagram/layout/TidyTree.h"
 
 #include <algorithm>
+#include <functional>
 #include <numeric>
 #include <QRectF>
 
@@ -22,8 +25,11 @@ namespace {
 
 constexpr double kNearestPass = 150, kFarthestPass = 300; // twips between an edge and what it passes
 constexpr std::size_t kFewEdges = 120, kManyEdges = 400;
-constexpr int kCrossingsForProcess = 2; // that are worth the order in which a process was drawn
-constexpr double kAroundLabel = 270;    // twips above and below a label at least: an arrow head and more
+constexpr int kCrossingsForProcess = 2;    // that are worth the order in which a process was drawn
+constexpr double kFar = 1e9;               // twips
+constexpr double kInLayers = 0.6;          // of the boxes that must stand in layers to be drawn again
+constexpr double kCrossingsForPeace = 1.3; // times as many are allowed then, and two
+constexpr double kAroundLabel = 270;       // twips above and below a label at least: an arrow head and more
 
 bool HasLabels(const LayoutGraph &part) {
     return std::ranges::any_of(part.labels, [](const QSizeF &label) { return !label.isEmpty(); });
@@ -78,18 +84,53 @@ std::vector<Layering> LayeringsOf(const LayoutGraph &part) {
                                       [](const Layering &one) { return std::ranges::count(one.back, 1); })};
 }
 
-// In layers and ordered. Which edges are turned round decides about the crossings.
-LayeredPart Ordered(const LayoutGraph &part, Patience &patience) {
+struct Cut {
+    LayeredPart part;
+    int bias;
+};
+
+std::vector<Cut> CutsOf(const LayoutGraph &part, Patience &patience) {
+    std::vector<Cut> cuts;
+    for (const Layering &layering : LayeringsOf(part))
+        cuts.push_back({CutIntoLayers(part, layering, patience), layering.bias});
+    return cuts;
+}
+
+// Which edges are turned round decides about the crossings.
+LayeredPart Ordered(std::vector<Cut> cuts, Patience &patience) {
     std::optional<LayeredPart> best;
     long long least = 0;
-    for (const Layering &layering : LayeringsOf(part)) {
-        LayeredPart cut = CutIntoLayers(part, layering, patience);
-        OrderLayers(cut.graph, patience);
-        const long long cost = CountCrossings(cut.graph) + layering.bias;
-        if (!best || cost < least) best = std::move(cut), least = cost;
+    for (Cut &cut : cuts) {
+        OrderLayers(cut.part.graph, patience);
+        const long long cost = CountCrossings(cut.part.graph) + cut.bias;
+        if (!best || cost < least) best = std::move(cut.part), least = cost;
         if (least == 0) break;
     }
     return std::move(*best);
+}
+
+// What stands in layers already, with few changes to these and their order. Nothing where most boxes would
+// come elsewhere.
+std::optional<LayeredPart> OrderedAgain(const std::vector<Cut> &cuts, const std::vector<QPointF> &present,
+                                        Patience &patience) {
+    std::optional<LayeredPart> best;
+    double most = kInLayers;
+    for (const Cut &cut : cuts)
+        if (const double share = ShareInLayers(cut.part.graph, present); share > most)
+            best = cut.part, most = share;
+    if (best) KeepOrder(best->graph, patience);
+    return best;
+}
+
+// A few crossings more are worth that little moves.
+LayeredPart OrderedBest(const LayoutGraph &part, Patience &patience) {
+    std::vector<Cut> cuts = CutsOf(part, patience);
+    std::optional<LayeredPart> again = OrderedAgain(cuts, part.centres, patience);
+    const long long crossings = again ? CountCrossings(again->graph) : 0;
+    if (again && crossings == 0) return std::move(*again);
+    LayeredPart anew = Ordered(std::move(cuts), patience);
+    const double bound = double(CountCrossings(anew.graph)) * kCrossingsForPeace + 2;
+    return again && double(crossings) <= bound ? std::move(*again) : anew;
 }
 
 // A tree, upright or upside down, stands in its own best way.
@@ -129,7 +170,7 @@ std::vector<Part> PartsToDraw(const LayoutGraph &graph) {
 
 LayeredDrawing DrawPart(const LayoutGraph &part, const LayoutOptions &options, Patience &patience) {
     if (auto tree = DrawTree(part, options)) return std::move(*tree);
-    LayeredPart cut = Ordered(part, patience);
+    LayeredPart cut = OrderedBest(part, patience);
     const std::vector<double> columns = Placed(cut, part, GapsOf(options), patience);
     const std::vector<LayerBand> bands = BandsOf(cut, options.levelDistance);
     LayeredDrawing drawing;
@@ -164,19 +205,50 @@ QRectF ExtentOf(const LayeredDrawing &drawing, const std::vector<QSizeF> &sizes)
     return {least, most};
 }
 
+std::vector<std::size_t> LargestFirst(const std::vector<Part> &parts) {
+    std::vector<std::size_t> order(parts.size());
+    std::iota(order.begin(), order.end(), 0U);
+    std::ranges::stable_sort(order, std::greater(), [&](std::size_t i) { return parts[i].boxes.size(); });
+    return order;
+}
+
+// Where the parts' left top corners go when the largest one stays where it was, and each other one, too, or
+// as near to there as it lies on none that is larger. Nothing unless the largest is drawn again.
+std::optional<std::vector<QPointF>> KeptCorners(const std::vector<Part> &parts,
+                                                const std::vector<LayeredDrawing> &drawings,
+                                                const std::vector<QRectF> &extents,
+                                                const LayoutOptions &options) {
+    const std::vector<std::size_t> order = LargestFirst(parts);
+    const std::vector<QPointF> &present = parts[order.front()].graph.centres;
+    const bool again = IsDrawnAgain(drawings[order.front()].centres, present, IsLevel(options.orientation));
+    if (present.size() < 2 || !again) return std::nullopt;
+    std::vector<QPointF> corners(parts.size());
+    std::vector<QRectF> taken;
+    for (const std::size_t i : order) {
+        const QPointF shift = ShiftBack(drawings[i].centres, parts[i].graph.centres);
+        QRectF extent = extents[i].translated(shift);
+        extent.moveCenter(NearestFree(extent, taken, options.neighbourDistance, {-kFar, -kFar}));
+        corners[i] = extent.topLeft();
+        taken.push_back(extent);
+    }
+    return corners;
+}
+
 // All parts onto one page.
 LayeredDrawing Joined(const LayoutGraph &graph, const std::vector<Part> &parts,
-                      const std::vector<LayeredDrawing> &drawings, double gap) {
+                      const std::vector<LayeredDrawing> &drawings, const LayoutOptions &options) {
     std::vector<QRectF> extents;
     std::vector<QSizeF> sizes;
     for (std::size_t i = 0; i < parts.size(); ++i) {
         extents.push_back(ExtentOf(drawings[i], parts[i].graph.sizes));
         sizes.push_back(extents.back().size());
     }
-    const std::vector<QPointF> corners = Pack(sizes, gap);
+    const auto kept = KeptCorners(parts, drawings, extents, options);
+    const std::vector<QPointF> corners =
+        kept ? *kept : Pack(sizes, std::max(options.neighbourDistance, options.levelDistance));
     LayeredDrawing all{std::vector<QPointF>(graph.sizes.size()),
                        std::vector<std::vector<QPointF>>(graph.edges.size()),
-                       std::vector<std::vector<QPointF>>(graph.edges.size())};
+                       std::vector<std::vector<QPointF>>(graph.edges.size()), kept.has_value()};
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const QPointF shift = corners[i] - extents[i].topLeft();
         const auto shifted = [&](std::vector<QPointF> points) {
@@ -208,7 +280,7 @@ std::optional<LayeredDrawing> DrawInLayers(const LayoutGraph &graph, const Layou
     } catch (const Patience::GivenUp &) {
         return std::nullopt;
     }
-    return Joined(graph, given, drawings, std::max(options.neighbourDistance, options.levelDistance));
+    return Joined(graph, given, drawings, options);
 }
 
 } // namespace diagram

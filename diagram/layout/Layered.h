@@ -18,13 +18,15 @@ struct LayeredDrawing {
     // The same for edges of level and upright pieces that pass layers: two corners for each piece across.
     // Empty for edges that go from one layer to the next one.
     std::vector<std::vector<QPointF>> corners;
+    bool kept = false; // most boxes lie in the layers in which they stood, about where they stood
 };
 
 // Boxes of one layer stand on one line; parents stand over the middle of their children where there is room;
 // edges that lead past boxes bend where they pass their layers; edges that join the same two boxes lie beside
 // each other; labels have room in the middle of their edges; unconnected parts are packed. Clusters stand
 // side by side, none over another, each from left to right as wide as its boxes need. Boxes keep their
-// present order as far as it crosses no more edges than any other that is found. The same graph always gives
+// present order as far as it crosses no more edges than any other that is found; where they stand in layers
+// already, also if it crosses a few more, and the drawing stays where it was. The same graph always gives
 // the same drawing. Nothing when it was given up.
 std::optional<LayeredDrawing> DrawInLayers(const LayoutGraph &graph, const LayoutOptions &options,
                                            const GoOn &goOn);

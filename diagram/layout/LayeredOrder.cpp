@@ -77,6 +77,12 @@ public:
         return std::move(best_.layers);
     }
 
+    Layers Kept() && {
+        places_.Assign(PresentOrder());
+        Switch(false);
+        return places_.Layers();
+    }
+
 private:
     struct Order {
         Layers layers;
@@ -253,5 +259,6 @@ private:
 } // namespace
 
 void OrderLayers(LayerGraph &graph, Patience &patience) { graph.layers = Ordering(graph, patience).Best(); }
+void KeepOrder(LayerGraph &graph, Patience &patience) { graph.layers = Ordering(graph, patience).Kept(); }
 
 } // namespace diagram

@@ -15,6 +15,9 @@ namespace diagram {
 // gives the same order.
 void OrderLayers(LayerGraph &graph, Patience &patience);
 
+// Keeps the present order but for neighbours that save crossings when they change places.
+void KeepOrder(LayerGraph &graph, Patience &patience);
+
 // Crossings of edges between neighbouring layers, each pair counted once, in time O(e log v): W. Barth,
 // M. Jünger and P. Mutzel, "Simple and Efficient Bilayer Cross Counting", Graph Drawing 2002.
 long long CountCrossings(const LayerGraph &graph);

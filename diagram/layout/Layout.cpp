@@ -15,6 +15,7 @@ namespace diagram {
 
 namespace {
 
+constexpr double kMargin = 150;   // twips from the page's edge
 constexpr double kFromHeld = 300; // twips that a selection keeps from what isn't selected
 
 bool TakesPart(const Node &node, LayoutScope scope) {
@@ -72,6 +73,14 @@ QPointF ShiftOf(const LayoutSubject &subject, const std::vector<QPointF> &centre
     const QPointF least(std::min(0.0, before.left()), std::min(0.0, before.top()));
     const QRectF there = extent.translated(before.center() - extent.center());
     return NearestFree(there, subject.held, kFromHeld, least) - extent.center();
+}
+
+// What stays where it was may have grown beyond the page's left or upper edge.
+QPointF BackOntoPage(const LayoutSubject &subject, const LayeredDrawing &drawing) {
+    const QPointF before = ExtentOf(subject.graph.sizes, subject.graph.centres).topLeft();
+    const QPointF after = ExtentOf(subject.graph.sizes, drawing.centres).topLeft();
+    return {std::max(0.0, std::min(kMargin, before.x()) - after.x()),
+            std::max(0.0, std::min(kMargin, before.y()) - after.y())};
 }
 
 void Move(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres,
@@ -134,7 +143,9 @@ void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vecto
 void PlaceLayers(Surface &surface, const LayoutSubject &subject, const LayeredDrawing &drawing,
                  LayoutOrientation orientation) {
     if (HasNothingToDo(subject)) return;
-    const QPointF shift = ShiftOf(subject, drawing.centres, CoveredBy(subject, drawing));
+    const QPointF shift = drawing.kept && !subject.isPart
+                              ? BackOntoPage(subject, drawing)
+                              : ShiftOf(subject, drawing.centres, CoveredBy(subject, drawing));
     Move(surface, subject, drawing.centres, shift);
     const bool level = orientation == LayoutOrientation::Right || orientation == LayoutOrientation::Left;
     for (std::size_t i = 0; i < subject.links.size(); ++i) {

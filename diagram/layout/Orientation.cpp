@@ -4,14 +4,15 @@ namespace diagram {
 
 namespace {
 
-bool IsLevel(LayoutOrientation orientation) {
-    return orientation == LayoutOrientation::Right || orientation == LayoutOrientation::Left;
-}
 bool IsReversed(LayoutOrientation orientation) {
     return orientation == LayoutOrientation::Up || orientation == LayoutOrientation::Left;
 }
 
 } // namespace
+
+bool IsLevel(LayoutOrientation orientation) {
+    return orientation == LayoutOrientation::Right || orientation == LayoutOrientation::Left;
+}
 
 LayoutGraph TurnedDown(const LayoutGraph &graph, LayoutOrientation orientation) {
     LayoutGraph turned = graph;

@@ -82,6 +82,14 @@ TEST_F(LayoutCommandTest, TheSameMapIsLaidOutTheSame) {
     EXPECT_EQ(Places(tidy, 0), Places(Path("again.map"), 0));
 }
 
+TEST_F(LayoutCommandTest, LevelsAndGroupsAreKeptTogetherOnWish) {
+    for (const char *together : {"levels", "groups"})
+        EXPECT_EQ(Run({"layout", plan, tidy, "--engine", "hierarchical", "--together", together}), cli::kGood)
+            << err.toStdString();
+    EXPECT_EQ(Run({"layout", plan, tidy, "--engine", "hierarchical", "--together", "friends"}), cli::kUsage);
+    EXPECT_TRUE(err.contains(QStringLiteral("--together needs one of levels, groups")));
+}
+
 TEST_F(LayoutCommandTest, WhatIsNotUnderstoodIsTold) {
     EXPECT_EQ(Run({"layout", plan, tidy}), cli::kUsage);
     EXPECT_TRUE(err.contains(QStringLiteral("--engine needs one of hierarchical, tree, radial")));

@@ -221,6 +221,42 @@ TEST_F(Layout, OptionsAreTakenOnOkAndUsed) {
     EXPECT_EQ(frmPics::Shared().HFlow().options, diagram::LayoutOptions());
 }
 
+// Two levels, one of the first node and the third, the other of the rest: apart from left to right.
+TEST_F(Layout, WhatIsToBeKeptTogetherIsChosenInTheOptionsAndRemembered) {
+    desktop.ExpectForm<LayoutFormArgument>([](LayoutFormArgument &argument) {
+        frmLayout form(argument, nullptr);
+        auto *together = form.findChild<QComboBox *>(QStringLiteral("cboTogether"));
+        EXPECT_FALSE(together->isHidden());
+        EXPECT_EQ(together->currentIndex(), 0);
+        together->setFocus();
+        QTest::keyClick(together, Qt::Key_Down);
+        form.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click();
+        return true;
+    });
+    Run("mnuLayoutHOptions");
+    frmPics::Shared().HFlow() = {}; // as when the program starts again
+    diagram::Node &third = AddNode(window, 1500, 1500), &fourth = AddNode(window, 1500, 1500);
+    left.Links().Add(third);
+    right.Links().Add(fourth);
+    auto &levels = window.clsSettings().Levels();
+    for (diagram::Node *node : {&top, &right, &third})
+        document::SetTag(*node, document::tags::kLevel, levels.Item(1).Key);
+    for (diagram::Node *node : {&left, &fourth})
+        document::SetTag(*node, document::tags::kLevel, levels.Item(2).Key);
+    Run("mnuLayoutHExecute");
+    const QRectF first = top.Bounds() | right.Bounds() | third.Bounds();
+    EXPECT_FALSE(first.intersects(left.Bounds() | fourth.Bounds()));
+}
+
+TEST_F(Layout, OnlyTheHierarchicalLayoutAsksWhatToKeepTogether) {
+    desktop.ExpectForm<LayoutFormArgument>([](LayoutFormArgument &argument) {
+        frmLayout form(argument, nullptr);
+        EXPECT_TRUE(form.findChild<QComboBox *>(QStringLiteral("cboTogether"))->isHidden());
+        return false;
+    });
+    Run("mnuLayoutTreeOptions");
+}
+
 TEST_F(Layout, CancelledOptionsAreLeftAsTheyWere) {
     desktop.ExpectForm<LayoutFormArgument>([](LayoutFormArgument &argument) {
         frmLayout form(argument, nullptr);

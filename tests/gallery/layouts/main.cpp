@@ -1,9 +1,11 @@
-// Lays out each diagram of tests/data/graphs in every way, side by side on one sheet.
+// Lays out each diagram of tests/data/graphs in every way, side by side on one sheet: as it is written down,
+// by us in layers, by dot, then in all other ways. All are routed by us.
 //   velmora-layouts [FOLDER [NAME...]]     (build/gallery/layouts and all of them when left out)
 #include "diagram/layout/Layouts.h"
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
+#include "tests/yardstick/Dot.h"
 #include "tests/yardstick/GraphFile.h"
 
 #include <cstdio>
@@ -36,7 +38,29 @@ void PaintInto(QPainter &painter, const QRect &place, Surface &surface) {
     painter.drawImage(place.topLeft(), image);
 }
 
-void PaintPanel(QPainter &painter, const QRect &place, const QString &name, const LayoutRow &row) {
+using LayOut = void (*)(Surface &surface, const LayoutOrder &order);
+
+void AsWritten(Surface &, const LayoutOrder &) {}
+
+void ByDot(Surface &surface, const LayoutOrder &order) {
+    const LayoutSubject subject = SubjectOf(surface, order.scope);
+    PlaceNodes(surface, subject, yardstick::DrawByDot(subject.graph, order.options).centres);
+}
+
+template <int kRow>
+void ByRow(Surface &surface, const LayoutOrder &order) {
+    LayoutTable()[kRow].layOut(surface, order);
+}
+
+struct Panel {
+    const char *name;
+    LayOut layOut;
+};
+constexpr Panel kPanels[] = {{"as written", AsWritten}, {"hierarchical", ByRow<0>}, {"dot", ByDot},
+                             {"tree", ByRow<1>},        {"radial", ByRow<2>},       {"organic", ByRow<3>},
+                             {"circular", ByRow<4>},    {"levels", ByRow<5>}};
+
+void PaintPanel(QPainter &painter, const QRect &place, const QString &name, const Panel &row) {
     Renderer renderer;
     Surface surface;
     surface.SetMeasure(&renderer.Measure());
@@ -57,14 +81,14 @@ void PaintPanel(QPainter &painter, const QRect &place, const QString &name, cons
 }
 
 void WriteSheet(const QDir &folder, const QString &name) {
-    const auto layouts = LayoutTable();
-    const int rows = (int(layouts.size()) + kPanelsAcross - 1) / kPanelsAcross;
+    constexpr auto &layouts = kPanels;
+    const int rows = (int(std::size(layouts)) + kPanelsAcross - 1) / kPanelsAcross;
     QImage sheet(kPanel.width() * kPanelsAcross, kPanel.height() * rows, QImage::Format_RGB32);
     sheet.fill(Qt::white);
     QPainter painter(&sheet);
-    for (int i = 0; i < int(layouts.size()); ++i) {
+    for (int i = 0; i < int(std::size(layouts)); ++i) {
         const QPoint corner(i % kPanelsAcross * kPanel.width(), i / kPanelsAcross * kPanel.height());
-        PaintPanel(painter, QRect(corner, kPanel), name, layouts[std::size_t(i)]);
+        PaintPanel(painter, QRect(corner, kPanel), name, layouts[i]);
     }
     const QString path = folder.filePath(name + QStringLiteral(".png"));
     sheet.save(path);
