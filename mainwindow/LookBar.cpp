@@ -4,6 +4,7 @@
 #include "mainwindow/frmMain.h"
 #include "mainwindow/LookButton.h"
 #include "mainwindow/LookChoices.h"
+#include "mainwindow/NewLinkRouting.h"
 #include "mainwindow/RecentColours.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/StateButton.h"
@@ -128,9 +129,16 @@ void LookBar::ShowFormats(const diagram::Surface &surface) {
 const LookState &LookBar::State(LookOf what) const { return buttons_[std::size_t(what)]->State(); }
 
 std::vector<widgets::ChoiceSection> LookBar::Choices(LookOf what) {
-    return LookChoices(
+    std::vector<widgets::ChoiceSection> sections = LookChoices(
         LookRowOf(what), State(what), window_.clsSettings().Levels(),
         {[this, what](double value) { Choose(what, value); }, [this, what] { ChooseOther(what); }});
+    if (what == LookOf::Routing)
+        sections.push_back(NewLinkChoices(State(what), {RoutingOfNewLinks(), [](int style) {
+                                                            support::Report(
+                                                                "frmMain", "LookBar_NewLinks",
+                                                                [&] { SetRoutingOfNewLinks(style); });
+                                                        }}));
+    return sections;
 }
 
 void LookBar::Open(LookOf what) {

@@ -1,9 +1,11 @@
 #include "mainwindow/LookChoices.h"
 
+#include "diagram/model/AutomaticStyle.h"
 #include "document/cLevels.h"
 #include "mainwindow/Icons.h"
 #include "mainwindow/LookPictures.h"
 #include "mainwindow/RecentColours.h"
+#include "settings/Settings.h"
 #include "widgets/ColourPalette.h"
 #include "widgets/PropertyLists.h"
 
@@ -91,6 +93,18 @@ std::vector<ChoiceSection> LookChoices(const LookRow &row, const LookState &stat
     if (!IsColour(row.what)) return {maker.List()};
     return {maker.Levels(levels), maker.Palette(Tr("Colours"), widgets::PaletteColours()),
             maker.Palette({}, widgets::PlainColours()), maker.Recent(), maker.Others()};
+}
+
+ChoiceSection NewLinkChoices(const LookState &routing, const NewLinkActions &actions) {
+    const LookRow &row = LookRowOf(LookOf::Routing);
+    ChoiceSection section{settings::ReplaceTerms(Tr("New @LINKs")), {}, 1, true, widgets::kPictureSize};
+    const auto offer = [&](int style, const QString &name) {
+        section.choices.push_back({name, PictureOfLook(row, style), actions.now == style,
+                                   [set = actions.set, style] { set(style); }, false});
+    };
+    if (routing.value) offer(int(*routing.value), Tr("As selected"));
+    offer(diagram::kAutomaticStyle, Tr("Automatic, each the best"));
+    return section;
 }
 
 } // namespace mainwindow

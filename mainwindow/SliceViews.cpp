@@ -1,39 +1,23 @@
 #include "mainwindow/SliceViews.h"
 
-#include "diagram/model/AutomaticStyle.h"
 #include "diagram/scene/Scene.h"
-#include "diagram/shapes/LinkStyles.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/HintText.h"
 #include "mainwindow/ItemDescription.h"
+#include "mainwindow/NewLinkRouting.h"
 #include "mainwindow/Overview.h"
 #include "mainwindow/ShapePalette.h"
 #include "mainwindow/SurfaceSink.h"
 #include "mainwindow/WindowJournal.h"
 #include "mainwindow/WindowStatus.h"
-#include "settings/NewLinks.h"
 #include "settings/Settings.h"
-#include "support/Val.h"
 #include "timeline/DaysOfStrip.h"
 #include "widgets/ShapeNames.h"
 
 #include <QApplication>
 
 namespace mainwindow {
-
-namespace {
-
-// The straight style where the settings say nothing, or nothing that is one.
-int StyleToDraw() {
-    const QString routing = settings::LinkRouting();
-    if (routing.compare(QLatin1String(settings::kAutomaticRouting), Qt::CaseInsensitive) == 0)
-        return diagram::kAutomaticStyle;
-    const int style = int(support::Val(routing));
-    return diagram::FindLinkStyle(style) ? style : 0;
-}
-
-} // namespace
 
 SliceViews::SliceViews(frmMain &window, QWidget *place)
     : window_(window),
@@ -52,7 +36,7 @@ void SliceViews::Add(diagram::Surface &surface) {
     view->setFrameShape(QFrame::NoFrame);
     Connect(*view);
     view->SetShapeToDraw(shape_);
-    view->TheScene().SetStyleToDraw(StyleToDraw());
+    view->TheScene().SetStyleToDraw(RoutingOfNewLinks());
     view->SetEmptyNote(EmptyPageText());
     view->SetWords({settings::Terms().NODE, settings::Terms().LINK});
     view->SetDescriber(

@@ -1,6 +1,8 @@
 // The look bar in its window, with mouse and keys.
 #include "mainwindow/LookBar.h"
 
+#include "diagram/model/AutomaticStyle.h"
+#include "diagram/scene/Scene.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/LookButton.h"
@@ -8,6 +10,7 @@
 #include "mainwindow/StateButton.h"
 #include "mainwindow/Toolbar.h"
 #include "settings/GetSet.h"
+#include "settings/NewLinks.h"
 #include "tests/mainwindow/WindowTest.h"
 #include "widgets/ColourPalette.h"
 #include "widgets/ShapeGrid.h"
@@ -136,12 +139,34 @@ TEST_F(LookBars, NodesAndLinksTakeLinesAndTextColoursTogether) {
     EXPECT_EQ(link.DrawStyle(), 1);
 }
 
+TEST_F(LookBars, TheRoutingOfNewLinksIsChosenForAllWindows) {
+    frmMain &other = NewWindow();
+    const auto drawn = [](frmMain &of) { return of.CurrentView().TheScene().StyleToDraw(); };
+    link.SetStyle(5);
+    Select({}, {&link});
+    Choose("lookRouting", QStringLiteral("As selected"));
+    EXPECT_EQ(settings::LinkRouting(), QStringLiteral("5"));
+    EXPECT_EQ(drawn(window), 5);
+    EXPECT_EQ(drawn(other), 5);
+    Choose("lookRouting", QStringLiteral("Automatic, each the best"));
+    EXPECT_EQ(settings::LinkRouting(), QLatin1String(settings::kAutomaticRouting));
+    EXPECT_EQ(drawn(window), diagram::kAutomaticStyle);
+    EXPECT_EQ(drawn(other), diagram::kAutomaticStyle);
+    EXPECT_EQ(link.Style(), 5);
+    EXPECT_FALSE(window.CurrentSurface().CanUndo()) << "nothing of the map changes";
+    diagram::Link &unlike = b.Links().Add(a);
+    Select({}, {&link, &unlike});
+    QTest::mouseClick(&Button("lookRouting"), Qt::LeftButton);
+    EXPECT_FALSE(AllOffered().contains(QStringLiteral("As selected"))) << "they differ";
+    ClosePopup();
+}
+
 TEST_F(LookBars, LinksTakeRoutingHeadsAndJumps) {
     Select({}, {&link});
     QTest::mouseClick(&Button("lookRouting"), Qt::LeftButton);
     const QStringList routings = AllOffered();
     ClosePopup();
-    ASSERT_EQ(routings.size(), 16);
+    ASSERT_EQ(routings.size(), 18);
     EXPECT_EQ(routings[15], QStringLiteral("Automatic orthogonal"));
     Choose("lookRouting", routings[5]);
     EXPECT_EQ(link.Style(), 5);
