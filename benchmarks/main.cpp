@@ -150,6 +150,9 @@ void AddPainting(Table &table, const QString &) {
     table.Milliseconds("drag one node with its links, a step, 10,000 nodes", "DragStep/10000", 1.5);
     table.Milliseconds("drag one node with its links, a step, 100,000 nodes", "DragStep/100000", 1.5);
     table.Milliseconds("rerouting a drag of a node with 20 links, a step, 500 nodes", "RouteDrag/", 4);
+    table.Milliseconds("dragging a node with 20 links among 1,000 labelled links, a step", "LabelDrag/all:0",
+                       8);
+    table.Milliseconds("labels when it is let go", "LabelRelease/", 16);
     table.Milliseconds("laying out a timeline of 240 months with 5,000 dated nodes", "Arrange/", 100);
     table.Milliseconds("lining up 5,000 dated nodes beside their days, half of them linked", "LineUpByDate/",
                        100);

@@ -63,6 +63,7 @@ public:
 
     // From now on the values of links that give way are kept in `held`, as long as it stands.
     void Hold(const std::shared_ptr<HeldWays> &held) { held_ = held; }
+    bool IsHolding() const { return !held_.expired(); }
     // While on, writes bring their ways along: nothing gives way.
     void SetReplaying(bool on) { replaying_ = on; }
 

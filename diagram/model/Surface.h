@@ -201,6 +201,8 @@ public:
     // Collects the values that links have had before they gave way, from now until the holder lets it go or
     // another one asks.
     std::shared_ptr<HeldWays> HoldWays();
+    // Whether somebody does that now: something is being dragged.
+    bool HoldsWays() const;
     // While on, everything is written as it is told: no link gives way or is laid out anew beside another.
     void SetReplaying(bool on);
     // Union of the boxes of nodes and the ways of links, hidden ones left out; empty for none. Twips.

@@ -47,6 +47,7 @@ std::shared_ptr<HeldWays> Surface::HoldWays() {
     return held;
 }
 
+bool Surface::HoldsWays() const { return routing_->IsHolding(); }
 void Surface::SettleWays() { routing_->Settle(); }
 void Surface::TidyWays() { routing_->TidyAll(); }
 void Surface::KeepWays() { routing_->Keep(); }

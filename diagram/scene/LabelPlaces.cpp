@@ -130,6 +130,7 @@ void LabelPlaces::Clear() {
     boxes_.Clear();
     ways_.clear();
     pending_.clear();
+    disturbed_.clear();
 }
 
 LabelPlaces::Rank LabelPlaces::RankOf(const Link &link) { return {link.Stack(), link.Id()}; }
@@ -145,7 +146,7 @@ void LabelPlaces::LinkRemoved(ItemId id) {
 
 void LabelPlaces::Disturb(const FloatBox &box) {
     if (placed_.empty()) return;
-    reaches_.Visit(box, [this](const BoxIndex::Entry &entry) { pending_.insert(entry.second); });
+    reaches_.Visit(box, [this](const BoxIndex::Entry &entry) { disturbed_.insert(entry.second); });
 }
 
 void LabelPlaces::DisturbAlong(const Link &link, const FloatBox *before) {
@@ -162,7 +163,7 @@ void LabelPlaces::DisturbAlong(const Link &link, const FloatBox *before) {
                 reaches_.FindAlong(piece.p1(), piece.p2(), 0, found);
     };
     disturb(former, now), disturb(now, former);
-    for (const BoxIndex::Entry &entry : found) pending_.insert(entry.second);
+    for (const BoxIndex::Entry &entry : found) disturbed_.insert(entry.second);
 }
 
 QRectF LabelPlaces::At(ItemId id) const {
@@ -216,14 +217,14 @@ void LabelPlaces::Index(ItemId id, Placed &placed, const Found &found) {
     }
 }
 
-void LabelPlaces::QueueAbove(const Link &link, const QRectF &box, std::set<Rank> &queue) const {
+void LabelPlaces::DisturbAbove(const Link &link, const QRectF &box) {
     reaches_.Visit(BoxAround(box), [&](const BoxIndex::Entry &entry) {
         const Link *other = link.Owner().FindLink(entry.second);
-        if (other && LiesBelow(&link, other)) queue.insert(RankOf(*other));
+        if (other && LiesBelow(&link, other)) disturbed_.insert(entry.second);
     });
 }
 
-bool LabelPlaces::Place(const Link &link, const ItemsAround &around, std::set<Rank> &queue) {
+bool LabelPlaces::Place(const Link &link, const ItemsAround &around) {
     const Found found = FindPlace(link, LabelSize(link, link.Owner().Measure()), around);
     Placed &placed = placed_[link.Id()];
     placed.rank = RankOf(link);
@@ -231,15 +232,16 @@ bool LabelPlaces::Place(const Link &link, const ItemsAround &around, std::set<Ra
     const bool stood = placed.isIndexed;
     Index(link.Id(), placed, found);
     if (stood && found.box == before) return false;
-    if (stood) QueueAbove(link, before, queue);
-    QueueAbove(link, found.box, queue);
+    if (stood) DisturbAbove(link, before);
+    DisturbAbove(link, found.box);
     return true;
 }
 
 // Those whose rank has changed give others back their places, or take them.
-std::set<LabelPlaces::Rank> LabelPlaces::TakePending(const Surface &surface) {
+std::set<LabelPlaces::Rank> LabelPlaces::TakePending(const Surface &surface, Extent extent) {
     for (bool again = true; again;) {
         again = false;
+        if (extent == Extent::All) pending_.merge(disturbed_), disturbed_.clear();
         for (const ItemId id : std::set<ItemId>(pending_)) {
             const Link *link = surface.FindLink(id);
             const auto found = placed_.find(id);
@@ -255,18 +257,24 @@ std::set<LabelPlaces::Rank> LabelPlaces::TakePending(const Surface &surface) {
         }
     }
     std::set<Rank> queue;
-    for (const ItemId id : pending_) queue.insert(RankOf(*surface.FindLink(id)));
-    pending_.clear();
+    for (const ItemId id : std::exchange(pending_, {})) queue.insert(RankOf(*surface.FindLink(id)));
     return queue;
 }
 
-void LabelPlaces::Update(const Surface &surface, const ItemsAround &around,
+// All that a label disturbs lies above it.
+void LabelPlaces::Enqueue(const Surface &surface, std::set<Rank> &queue) {
+    for (const ItemId id : std::exchange(disturbed_, {})) queue.insert(RankOf(*surface.FindLink(id)));
+}
+
+void LabelPlaces::Update(const Surface &surface, const ItemsAround &around, Extent extent,
                          const std::function<void(Link &)> &moved) {
-    std::set<Rank> queue = TakePending(surface);
+    std::set<Rank> queue = TakePending(surface, extent);
     while (!queue.empty()) {
         Link &link = *surface.FindLink(queue.begin()->second);
         queue.erase(queue.begin());
-        if (Place(link, around, queue)) moved(link);
+        if (!Place(link, around)) continue;
+        moved(link);
+        if (extent == Extent::All) Enqueue(surface, queue);
     }
 }
 

@@ -25,9 +25,16 @@ public:
     // stood, null if it wasn't seen; it counts as a whole where its way isn't remembered.
     void DisturbAlong(const Link &link, const FloatBox *before);
 
-    bool IsUpToDate() const { return pending_.empty(); }
+    // While something is dragged, labels of links that don't change themselves stay where they are: what is
+    // done for each step of the drag must not take longer than the step, and what is looked at stays quiet.
+    // Afterwards they are looked at together, so that in the end the drag makes no difference.
+    enum class Extent { All, OfChangedLinks };
+    bool IsUpToDate(Extent extent) const {
+        return pending_.empty() && (extent == Extent::OfChangedLinks || disturbed_.empty());
+    }
     // Places what must be looked at; tells the links whose labels stand elsewhere now.
-    void Update(const Surface &surface, const ItemsAround &around, const std::function<void(Link &)> &moved);
+    void Update(const Surface &surface, const ItemsAround &around, Extent extent,
+                const std::function<void(Link &)> &moved);
     // Empty without one.
     QRectF At(ItemId id) const;
     // Where a label of that size would stand.
@@ -48,18 +55,20 @@ private:
     };
 
     static Rank RankOf(const Link &link);
-    std::set<Rank> TakePending(const Surface &surface);
+    std::set<Rank> TakePending(const Surface &surface, Extent extent);
     void Forget(ItemId id);
-    // Whether it stands elsewhere now.
-    bool Place(const Link &link, const ItemsAround &around, std::set<Rank> &queue);
+    // Whether it stands elsewhere now; what that disturbs is noted.
+    bool Place(const Link &link, const ItemsAround &around);
     void Index(ItemId id, Placed &placed, const Found &found);
-    void QueueAbove(const Link &link, const QRectF &box, std::set<Rank> &queue) const;
+    void DisturbAbove(const Link &link, const QRectF &box);
+    void Enqueue(const Surface &surface, std::set<Rank> &queue);
     Found FindPlace(const Link &link, const QSizeF &size, const ItemsAround &around) const;
 
     std::unordered_map<ItemId, Placed> placed_;
     std::unordered_map<ItemId, std::vector<QLineF>> ways_; // of links that have moved among labels
     BoxIndex reaches_, boxes_;
-    std::set<ItemId> pending_;
+    std::set<ItemId> pending_;   // changed themselves
+    std::set<ItemId> disturbed_; // reach what has changed
 };
 
 } // namespace diagram

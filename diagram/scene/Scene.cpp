@@ -165,7 +165,7 @@ void Scene::State::Build(Surface &surface) {
     BuildTree(surface);
     for (const auto &link : surface.Links()) labels.LinkChanged(*link);
     bool any = false;
-    labels.Update(surface, Around(), [&any](Link &) { any = true; });
+    labels.Update(surface, Around(), LabelPlaces::Extent::All, [&any](Link &) { any = true; });
     if (any) BuildTree(surface);
     built = true;
 }
@@ -219,8 +219,9 @@ void Scene::State::Update(Surface &surface) {
     if (!built || (dirty.size() > kFewItems && dirty.size() > (tree.Size() + loose.size()) / 4))
         return Build(surface);
     UpdateItems(surface);
-    if (!labels.IsUpToDate()) {
-        labels.Update(surface, Around(), [this](Link &link) {
+    const auto extent = surface.HoldsWays() ? LabelPlaces::Extent::OfChangedLinks : LabelPlaces::Extent::All;
+    if (!labels.IsUpToDate(extent)) {
+        labels.Update(surface, Around(), extent, [this](Link &link) {
             if (Is(link.Id(), kIndexed)) AddDamage(boxes[link.Id()].Rect());
             Put(link, BoxOf(link));
         });

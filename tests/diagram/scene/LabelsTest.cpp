@@ -1,6 +1,7 @@
 // Where the labels of links stand among everything else.
 #include "diagram/edit/History.h"
 #include "diagram/geometry/Crossing.h"
+#include "diagram/interaction/HeldItems.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/scene/Scene.h"
 #include "tests/diagram/model/RandomSurface.h"
@@ -149,6 +150,22 @@ TEST(Labels, FarFromWhatMovesStay) {
     EXPECT_LE(changed, 12);
 }
 
+TEST(Labels, StayWhileANodeIsDraggedOverThemAndGiveWayWhenItIsLetGo) {
+    Labelled map;
+    Node &a = map.Box(0, 0), &b = map.Box(9000, 0), &block = map.Box(4700, 5000, 600, 900);
+    Node &c = map.Box(0, 5000);
+    const Link &link = map.Join(a, b, "label", 1);
+    const Link &own = map.Join(block, c, "own", 1);
+    const QRectF before = map.Label(link), ownBefore = map.Label(own);
+    {
+        const HeldItems held({&block});
+        held.MoveBy(map.surface, QPointF(0, -5200));
+        EXPECT_EQ(map.Label(link), before);
+        EXPECT_NE(map.Label(own), ownBefore);
+    }
+    EXPECT_FALSE(map.Label(link).intersects(block.Bounds()));
+}
+
 class LabelledMap : public ::testing::TestWithParam<unsigned> {};
 
 // Whatever has been done, a scene that is built anew has the labels in the same places.
@@ -188,6 +205,27 @@ TEST_P(LabelledMap, LabelsFollowFromWhatStandsThere) {
         }
         Scene fresh(map.surface);
         ASSERT_EQ(AllLabels(map.scene), AllLabels(fresh)) << "step " << step;
+    }
+}
+
+// However nodes have been dragged, the labels stand in the end as if nothing had been.
+TEST_P(LabelledMap, LabelsAfterADragFollowFromWhatStandsThere) {
+    Dice dice(GetParam());
+    Labelled map;
+    AttachHistory(map.surface);
+    Fill(map, dice, 8, 5);
+    AllLabels(map.scene);
+    for (int drag = 0; drag < 8; ++drag) {
+        {
+            const HeldItems held({&AnyNode(map.surface, dice), &AnyNode(map.surface, dice)});
+            for (int step = 0; step < 5; ++step) {
+                held.MoveBy(map.surface, QPointF(dice.Real(-2500, 2500), dice.Real(-2500, 2500)));
+                AllLabels(map.scene);
+            }
+            if (drag % 3 == 0) held.Restore(map.surface);
+        }
+        Scene fresh(map.surface);
+        ASSERT_EQ(AllLabels(map.scene), AllLabels(fresh)) << "drag " << drag;
     }
 }
 
