@@ -263,7 +263,8 @@ std::set<LabelPlaces::Rank> LabelPlaces::TakePending(const Surface &surface, Ext
 
 // All that a label disturbs lies above it.
 void LabelPlaces::Enqueue(const Surface &surface, std::set<Rank> &queue) {
-    for (const ItemId id : std::exchange(disturbed_, {})) queue.insert(RankOf(*surface.FindLink(id)));
+    for (const ItemId id : std::exchange(disturbed_, {}))
+        if (const Link *link = surface.FindLink(id)) queue.insert(RankOf(*link));
 }
 
 void LabelPlaces::Update(const Surface &surface, const ItemsAround &around, Extent extent,
