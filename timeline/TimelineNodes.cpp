@@ -121,8 +121,7 @@ int CountOccurencies(const QString &Text, const QString &Find) {
 bool IsTimelineMaterial(const diagram::Node &node) { return !node.Selectable() && node.Marked(); }
 
 bool HasMonthForm(const QString &text) {
-    return CountOccurencies(text, QStringLiteral("-")) == 1 ||
-           CountOccurencies(text, QStringLiteral(" ")) == 1;
+    return text.count(u'-') == 1 || text.count(u' ') == 1;
 }
 
 std::vector<diagram::Node *> LocateTimelineNodes(const diagram::Surface &Flow) {
