@@ -120,9 +120,7 @@ int CountOccurencies(const QString &Text, const QString &Find) {
 
 bool IsTimelineMaterial(const diagram::Node &node) { return !node.Selectable() && node.Marked(); }
 
-bool HasMonthForm(const QString &text) {
-    return text.count(u'-') == 1 || text.count(u' ') == 1;
-}
+bool HasMonthForm(const QString &text) { return text.count(u'-') == 1 || text.count(u' ') == 1; }
 
 std::vector<diagram::Node *> LocateTimelineNodes(const diagram::Surface &Flow) {
     std::vector<diagram::Node *> months;
