@@ -4,6 +4,7 @@
 #include "diagram/layout/FreePlace.h"
 #include "diagram/layout/SpanningTree.h"
 #include "diagram/layout/TidyTree.h"
+#include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/shapes/LinkStyles.h"
@@ -15,7 +16,10 @@ namespace diagram {
 
 namespace {
 
-constexpr double kMargin = 150;   // twips from the page's edge
+constexpr double kMargin = 150; // twips from the page's edge
+// Links times nodes of a diagram whose links get the style that suits them best: each is tried beside each
+// node.
+constexpr std::size_t kMostToChoose = 200000;
 constexpr double kFromHeld = 300; // twips that a selection keeps from what isn't selected
 
 bool TakesPart(const Node &node, LayoutScope scope) {
@@ -140,6 +144,16 @@ void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vecto
     Move(surface, subject, centres, ShiftOf(subject, centres, extent));
 }
 
+void ChooseStyles(Surface &surface, const LayoutSubject &subject) {
+    if (subject.links.size() * std::size_t(surface.Nodes().Count()) > kMostToChoose) return;
+    for (const ItemId id : subject.links) {
+        Link *link = surface.FindLink(id);
+        const LinkStyleRow *row = link ? FindLinkStyle(link->Style()) : nullptr;
+        if (row && row->form == LinkForm::Orthogonal && &link->Source() != &link->Destination())
+            link->SetStyle(StyleFor(*link, kAutomaticStyle));
+    }
+}
+
 void PlaceLayers(Surface &surface, const LayoutSubject &subject, const LayeredDrawing &drawing,
                  LayoutOrientation orientation) {
     if (HasNothingToDo(subject)) return;
@@ -172,6 +186,7 @@ bool LayOutAsTree(Surface &surface, LayoutScope scope, const LayoutOptions &opti
     const LayoutSubject subject = SubjectOf(surface, scope);
     const bool isForest = IsForest(subject.graph);
     PlaceNodes(surface, subject, TidyTree(isForest ? subject.graph : SpanningForest(subject.graph), options));
+    if (!isForest) ChooseStyles(surface, subject); // the links beside the tree have other ways to go
     return isForest;
 }
 

@@ -36,6 +36,10 @@ LayoutSubject SubjectOf(const Surface &surface, LayoutScope scope);
 // Bends of the links go: they belonged to the old places. Opens no group of its own.
 void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres);
 
+// Links with level and upright pieces get the style that suits their new places best, once their nodes stand
+// there. Of a diagram so large that it would take long they keep theirs.
+void ChooseStyles(Surface &surface, const LayoutSubject &subject);
+
 // Places them as drawn in layers, with the bends of the links that pass others. Links with level and upright
 // pieces get the style that fits. What is written counts as the router's: a link is routed anew when one of
 // its nodes moves.

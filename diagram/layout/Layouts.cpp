@@ -28,6 +28,7 @@ LayoutResult ByPlaces(Surface &surface, const LayoutOrder &order) {
     Progress progress(order.advance);
     try {
         PlaceNodes(surface, subject, kPlaces(subject.graph, order.options, progress));
+        ChooseStyles(surface, subject);
     } catch (const Progress::GivenUp &) {
         return LayoutResult::GivenUp;
     }

@@ -1,9 +1,11 @@
 #include "diagram/layout/Layouts.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Surface.h"
 
 #include <gmock/gmock.h>
+#include <ranges>
 
 namespace diagram {
 namespace {
@@ -90,6 +92,29 @@ TEST_F(LayoutsTest, TheTreeTellsOfADiagramThatIsNone) {
     EXPECT_EQ(FindLayout(QStringLiteral("tree"))->layOut(surface, {}), LayoutResult::AsSpanningTree);
     EXPECT_EQ(FindLayout(QStringLiteral("radial"))->layOut(surface, {}), LayoutResult::LaidOut);
     EXPECT_EQ(FindLayout(QStringLiteral("star")), nullptr);
+}
+
+TEST_F(LayoutsTest, OrthogonalLinksTakeTheStyleThatSuitsTheirNewPlaces) {
+    constexpr int kDownAcrossDown = 4, kSixPieces = 10;
+    const auto links = [this] {
+        return surface.Links() | std::views::transform([](auto &link) { return link.get(); });
+    };
+    for (const char *name : {"tree", "radial", "organic", "circular", "levels"}) {
+        for (Link *link : links()) link->SetStyle(kSixPieces);
+        nodes[0]->Links().Item(1).SetStyle(0);
+        FindLayout(QLatin1String(name))->layOut(surface, {});
+        int changed = 0;
+        for (const Link *link : links()) {
+            const bool straight = link == &nodes[0]->Links().Item(1);
+            EXPECT_EQ(link->Style(), straight ? 0 : StyleFor(*link, kAutomaticStyle)) << name;
+            changed += link->Style() != kSixPieces;
+        }
+        EXPECT_GT(changed, 3) << name;
+    }
+    surface.Remove(*surface.Links()[5]); // the one back: now it is a tree
+    for (Link *link : links()) link->SetStyle(kDownAcrossDown);
+    FindLayout(QStringLiteral("tree"))->layOut(surface, {});
+    for (const Link *link : links()) EXPECT_EQ(link->Style(), kDownAcrossDown) << "a tree's links look alike";
 }
 
 TEST_F(LayoutsTest, LevelsAreAskedForEachNode) {
