@@ -3,7 +3,8 @@
 #include "diagram/model/Surface.h"
 #include "support/clsGUID.h"
 
-#include <QStringList>
+#include <optional>
+#include <QStringView>
 
 namespace document {
 
@@ -14,31 +15,34 @@ constexpr QLatin1Char kEquals('=');
 constexpr int kLowestActionCode = 1001;
 constexpr int kHighestActionCode = 32000;
 
-// The last piece that begins with the key, or -1. Only the beginning is compared.
-qsizetype LastMatch(const QStringList &pieces, const QString &upperKey) {
-    for (qsizetype i = pieces.size() - 1; i >= 0; --i)
-        if (pieces[i].left(upperKey.size()).toUpper() == upperKey) return i;
-    return -1;
+// Where the last piece that begins with the key stands in the tag. Only the beginning is compared.
+struct Piece {
+    qsizetype begin, length; // the length without the separator behind it
+};
+std::optional<Piece> LastMatch(QStringView tag, const QString &key) {
+    for (qsizetype end = tag.size();;) {
+        const qsizetype begin = tag.first(end).lastIndexOf(kSeparator) + 1;
+        if (tag.sliced(begin, end - begin).startsWith(key, Qt::CaseInsensitive))
+            return Piece{begin, end - begin};
+        if (begin == 0) return std::nullopt;
+        end = begin - 1;
+    }
 }
 
 } // namespace
 
 QString TagWithEntry(const QString &tag, const QString &key, const QString &value) {
-    const QString upperKey = key.toUpper();
-    const QString entry = upperKey + kEquals + value;
-    if (tag.isEmpty()) return kSeparator + entry;
-    QStringList pieces = tag.split(kSeparator);
-    const qsizetype match = LastMatch(pieces, upperKey);
-    if (match < 0) return tag + kSeparator + entry;
-    pieces[match] = entry;
-    return pieces.join(kSeparator);
+    const QString entry = key.toUpper() + kEquals + value;
+    const std::optional<Piece> match = LastMatch(tag, key);
+    if (!match) return tag + kSeparator + entry;
+    return QString(tag).replace(match->begin, match->length, entry);
 }
 
 QString EntryOfTag(const QString &tag, const QString &key) {
-    if (tag.isEmpty()) return {};
-    const QStringList pieces = tag.split(kSeparator);
-    const qsizetype match = LastMatch(pieces, key.toUpper());
-    return match < 0 ? QString() : pieces[match].mid(pieces[match].indexOf(kEquals) + 1);
+    const std::optional<Piece> match = LastMatch(tag, key);
+    if (!match) return {};
+    const QStringView entry = QStringView(tag).sliced(match->begin, match->length);
+    return entry.sliced(entry.indexOf(kEquals) + 1).toString();
 }
 
 void ChangeGUIDs(diagram::Surface &surface, bool selectedOnly) {

@@ -37,7 +37,18 @@ void AdjustLinks(diagram::Node &Node, bool Horizontal) {
 }
 
 void AdjustLinksOf(const std::vector<diagram::Node *> &nodes) {
-    for (diagram::Node *node : nodes) AdjustLinks(*node, RunsRightwards(node->Owner()));
+    if (nodes.empty()) return;
+    const bool horizontal = RunsRightwards(nodes.front()->Owner());
+    for (diagram::Node *node : nodes) AdjustLinks(*node, horizontal);
+}
+
+void AdjustDateWaysOf(const std::vector<diagram::Node *> &nodes) {
+    if (nodes.empty()) return;
+    const bool horizontal = RunsRightwards(nodes.front()->Owner());
+    for (const diagram::Node *node : nodes)
+        for (diagram::Link *link : node->Links())
+            if (NodeIsTimeline(link->Destination()) && diagram::IsQuietDateLink(*link))
+                LayDateWay(*link, horizontal);
 }
 
 void DoAdjustLink(diagram::Link &Link, bool Horizontal, int Index) {

@@ -15,8 +15,11 @@ namespace timeline {
 // point goes to the outline of the source. Other links stay.
 // `Horizontal`: the strip of months runs from left to right.
 void AdjustLinks(diagram::Node &Node, bool Horizontal);
-// The same for nodes that were moved or have another size, with the arrangement of their slice.
+// The same for nodes of one slice that were moved or have another size, with the arrangement of the slice.
 void AdjustLinksOf(const std::vector<diagram::Node *> &nodes);
+
+// Lays the quiet links of nodes of one slice to their days anew, as they have to go round what has moved.
+void AdjustDateWaysOf(const std::vector<diagram::Node *> &nodes);
 
 // Moves the point of that position (from 0) to the middle of the edge of the link's destination that faces
 // its source, and keeps the link's points from being routed from then on. The edge is always the

@@ -1,5 +1,7 @@
 #include "timeline/DateStep.h"
 
+#include "timeline/DayWords.h"
+
 #include <array>
 #include <QCoreApplication>
 #include <QRegularExpression>
@@ -44,10 +46,11 @@ Unit UnitOf(const QString &word) {
     return Unit::Day;
 }
 
-std::optional<DateStep> ReadDateStep(const QString &text) {
+std::optional<DateStep> ReadDateStep(const QString &text, const QLocale &locale) {
     static const QRegularExpression form(
         QRegularExpression::anchoredPattern(QStringLiteral("([+-]) ?(\\d{1,4}) ?%1?").arg(kUnitPattern)));
-    const auto match = form.match(text);
+    auto match = form.match(text);
+    if (!match.hasMatch()) match = form.match(WithEnglishWords(text, locale));
     if (!match.hasMatch()) return std::nullopt;
     const int count = match.captured(2).toInt();
     return DateStep{match.captured(1) == QLatin1String("-") ? -count : count, UnitOf(match.captured(3))};

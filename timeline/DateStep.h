@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <QDate>
+#include <QLocale>
 #include <QString>
 
 namespace timeline {
@@ -20,8 +21,9 @@ DateStep::Unit UnitOf(const QString &word);
 inline const QString kUnitPattern =
     QStringLiteral("(d|days?|w|wks?|weeks?|m|mon|mths?|months?|y|yrs?|years?)");
 
-// +2w, -10d, +3 months, +5 in a text that was made Plain. Nothing for any other text.
-std::optional<DateStep> ReadDateStep(const QString &text);
+// +2w, -10d, +3 months, +5 in a text that was made Plain, or with the units of the language: +2 wochen.
+// Nothing for any other text.
+std::optional<DateStep> ReadDateStep(const QString &text, const QLocale &locale = QLocale());
 
 // A month's last day stands for one that the month doesn't have. May lie beyond the years of dates.
 QDate Moved(const QDate &from, const DateStep &step);

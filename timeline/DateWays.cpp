@@ -39,9 +39,8 @@ public:
         end_ = horizontal ? Place{end.x, end.y} : Place{end.y, end.x};
         first_ = horizontal ? node_.Left() : node_.Top();
         last_ = first_ + (horizontal ? node_.Width() : node_.Height());
-        const QRectF day = link.Destination().Bounds();
-        strip_ = EdgesOf(day);
-        bands_ = EdgesOf(day | BandsBeside(node_.Owner(), day));
+        day_ = link.Destination().Bounds();
+        strip_ = EdgesOf(day_);
         near_ = horizontal ? node_.Top() : node_.Left();
         far_ = near_ + (horizontal ? node_.Height() : node_.Width());
     }
@@ -105,8 +104,8 @@ private:
         const float middle = (first_ + last_) / 2;
         const bool before = end_.across < (strip_.first + strip_.second) / 2;
         const float side = before ? near_ : far_;
-        const float level =
-            before ? std::min(side, bands_.first) - kGap : std::max(side, bands_.second) + kGap;
+        const auto bands = EdgesOf(day_ | BandsBeside(node_.Owner(), day_));
+        const float level = before ? std::min(side, bands.first) - kGap : std::max(side, bands.second) + kGap;
         return {{{middle, side}, {middle, level}, {end_.along, level}, end_}, true};
     }
 
@@ -145,9 +144,10 @@ private:
     const bool horizontal_;
     const diagram::Node &node_;
     Place end_{};
-    float first_ = 0, last_ = 0;            // of the node, along the strip
-    float near_ = 0, far_ = 0;              // across it
-    std::pair<float, float> strip_, bands_; // the strip's edges, across, without its bands and with them
+    QRectF day_;
+    float first_ = 0, last_ = 0;    // of the node, along the strip
+    float near_ = 0, far_ = 0;      // across it
+    std::pair<float, float> strip_; // the strip's edges, across, without its bands
     std::vector<const diagram::Node *> obstacles_;
 };
 

@@ -320,6 +320,7 @@ int Move(Surface &flow, const std::vector<Node *> &nodes, const std::vector<QRec
     for (const auto &[node, box] : changed) Place(*node, box);
     for (std::size_t i = 0; i < links.size(); ++i) TakeAlong(flow, links[i], std::move(former[i]));
     AdjustLinksOf(moved);
+    if (!moved.empty()) AdjustDateWaysOf(nodes);
     return int(moved.size());
 }
 

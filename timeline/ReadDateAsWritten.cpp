@@ -31,7 +31,7 @@ QRegularExpressionMatch Match(const QString &pattern, const QString &text) {
 
 // +2w, -10d, +5
 Reading ReadStep(const QString &text, const PeriodView &view) {
-    const std::optional<DateStep> step = ReadDateStep(text);
+    const std::optional<DateStep> step = ReadDateStep(text, view.locale);
     return step ? Reading(Moved(view.today, *step)) : std::nullopt;
 }
 

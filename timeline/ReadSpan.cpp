@@ -97,7 +97,7 @@ private:
     // The first one not before that day, seen from there or from today; a step is one from there.
     DateRead Last(const QString &text, const QDate &first) const {
         DateRead best = LastSeenFrom({first}, text);
-        if (ReadDateStep(text)) return best;
+        if (ReadDateStep(text, locale_)) return best;
         for (const DateView &view : {DateView{first, view_.strip}, view_}) {
             const DateRead read = LastSeenFrom(view, text);
             if (!read.date || *read.date < first) continue;

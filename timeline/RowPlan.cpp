@@ -5,7 +5,6 @@
 #include "timeline/RowStack.h"
 
 #include <algorithm>
-#include <map>
 #include <random>
 #include <tuple>
 #include <utility>
@@ -90,10 +89,11 @@ private:
             sums[size_t(link.to)].first += middles_[size_t(link.from)];
             ++sums[size_t(link.from)].second, ++sums[size_t(link.to)].second;
         }
-        std::map<const Row *, double> means;
-        for (const Row *row : order) means[row] = MeanOf(*row, sums);
         ForEachBlock(order, [&](auto first, auto end) {
-            std::stable_sort(first, end, [&](Row *a, Row *b) { return means[a] < means[b]; });
+            std::vector<std::pair<double, Row *>> rows;
+            for (auto row = first; row != end; ++row) rows.emplace_back(MeanOf(**row, sums), *row);
+            std::ranges::stable_sort(rows, {}, &std::pair<double, Row *>::first);
+            for (const auto &[mean, row] : rows) *first++ = row;
         });
     }
 

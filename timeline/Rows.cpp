@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <tuple>
 
 namespace timeline {
@@ -90,13 +91,17 @@ private:
     }
 
     bool Fits(int row, int bar) const {
-        const PlannedBar &placed = bars_[size_t(bar)];
-        const auto &taken = rows_[size_t(row)].taken;
-        const auto next = taken.lower_bound(placed.begin);
-        if (next != taken.end() && next->first < placed.end + gap_) return false;
-        if (next != taken.begin() && std::prev(next)->second > placed.begin) return false;
-        return std::ranges::none_of(apart_[size_t(bar)],
+        return IsFree(rows_[size_t(row)].taken, bars_[size_t(bar)]) &&
+               std::ranges::none_of(apart_[size_t(bar)],
                                     [&](int other) { return rowOf_[size_t(other)] == row; });
+    }
+
+    bool IsFree(const std::map<double, double> &taken, const PlannedBar &bar) const {
+        if (taken.empty()) return true;
+        if (const auto &last = *taken.rbegin(); last.first < bar.begin) return last.second <= bar.begin;
+        const auto next = taken.lower_bound(bar.begin);
+        return !(next->first < bar.end + gap_) &&
+               (next == taken.begin() || std::prev(next)->second <= bar.begin);
     }
 
     bool HasRoom(int row, int bar) const {
@@ -108,11 +113,11 @@ private:
         for (int other : linked_[size_t(bar)])
             if (HasRoom(rowOf_[size_t(other)], bar)) return PutInto(rowOf_[size_t(other)], bar);
         int nearest = -1;
-        const auto distance = [&](int row) {
-            return std::abs(rows_[size_t(row)].middle - bars_[size_t(bar)].middle);
-        };
-        for (int row = 0; row < int(rows_.size()); ++row)
-            if ((nearest < 0 || distance(row) < distance(nearest)) && HasRoom(row, bar)) nearest = row;
+        double least = std::numeric_limits<double>::infinity();
+        for (int row = 0; row < int(rows_.size()); ++row) {
+            const double distance = std::abs(rows_[size_t(row)].middle - bars_[size_t(bar)].middle);
+            if (distance < least && HasRoom(row, bar)) nearest = row, least = distance;
+        }
         PutInto(nearest < 0 ? NewRow(bar) : nearest, bar);
     }
 

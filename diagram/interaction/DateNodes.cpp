@@ -92,6 +92,7 @@ std::unique_ptr<Gesture> DateNodes::Move(const PointerInput &input) {
     day_ = DayFor(goesAlong ? place_ + AlongTheStrip(input.at - press_.at) : place_);
     following_ = days_.WhatFollows(surface_, NewDates());
     held_.MoveBy(surface_, distance);
+    held_.TakeDateLinksAlong(surface_, distance, AlongTheStrip(distance));
     return nullptr;
 }
 

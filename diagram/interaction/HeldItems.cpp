@@ -1,5 +1,6 @@
 #include "diagram/interaction/HeldItems.h"
 
+#include "diagram/model/Calendar.h"
 #include "diagram/model/HeldWays.h"
 #include "diagram/shapes/LinkStyles.h"
 
@@ -147,6 +148,22 @@ void HeldItems::TakeKeptEndsAlong(Surface &surface) const {
         } else {
             surface.Overwrite(*link, std::move(data));
         }
+    }
+}
+
+// The run along the strip of a way with two bends stays as far from the strip as it was.
+void HeldItems::TakeDateLinksAlong(Surface &surface, const QPointF &distance,
+                                   const QPointF &alongTheStrip) const {
+    for (const HeldLink &held : links_) {
+        Link *link = held.inner || !FindHeld(held.data.source) ? nullptr : surface.FindLink(held.id);
+        if (!link || !IsQuietDateLink(*link)) continue;
+        LinkData data = held.data;
+        const std::size_t withNode = data.points.size() == 3 ? 2 : 1;
+        for (std::size_t i = 0; i < data.points.size(); ++i) {
+            const QPointF &way = i < withNode ? distance : alongTheStrip;
+            data.points[i] = ToPoint(ToQPointF(data.points[i]) + way);
+        }
+        surface.Overwrite(*link, std::move(data));
     }
 }
 

@@ -44,6 +44,9 @@ public:
     // Ends of links whose points aren't routed go with their nodes. Call it after moving or resizing the
     // nodes.
     void TakeKeptEndsAlong(Surface &surface) const;
+    // Where the nodes were moved by the distance, their quiet links to their days go along, with the last
+    // point only along the strip; twips. Call it after MoveBy.
+    void TakeDateLinksAlong(Surface &surface, const QPointF &distance, const QPointF &alongTheStrip) const;
     // Gives the links between held nodes their ways at the start, moved as a whole (twips). Call it after
     // moving the nodes.
     void MoveInnerLinks(Surface &surface, const QPointF &distance) const;

@@ -75,19 +75,20 @@ namespace tree = bg::index::detail::rtree;
 using Members = tree::utilities::view<Boxes>::members_holder;
 
 // The library's own questions know no broadened lines.
-struct FindInCorridor : Members::visitor_const {
-    FindInCorridor(const Corridor &where, std::vector<BoxIndex::Entry> &into)
-        : corridor(where), found(into) {}
+struct WalkCorridor : Members::visitor_const {
+    WalkCorridor(const Corridor &where, const std::function<bool(const BoxIndex::Entry &)> &call)
+        : corridor(where), visit(call) {}
     void operator()(const Members::internal_node &node) {
         for (const auto &child : tree::elements(node))
-            if (corridor.Touches(child.first)) tree::apply_visitor(*this, *child.second);
+            if (goesOn && corridor.Touches(child.first)) tree::apply_visitor(*this, *child.second);
     }
     void operator()(const Members::leaf &leaf) {
         for (const BoxIndex::Entry &entry : tree::elements(leaf))
-            if (corridor.Touches(ToBox(entry.first))) found.push_back(entry);
+            if (goesOn && corridor.Touches(ToBox(entry.first))) goesOn = visit(entry);
     }
     const Corridor &corridor;
-    std::vector<BoxIndex::Entry> &found;
+    const std::function<bool(const BoxIndex::Entry &)> &visit;
+    bool goesOn = true;
 };
 
 } // namespace
@@ -120,12 +121,20 @@ void BoxIndex::Find(const QRectF &area, std::vector<Entry> &found) const {
     Visit(box, [&found](const Entry &entry) { found.push_back(entry); });
 }
 
-void BoxIndex::FindAlong(const QPointF &from, const QPointF &to, double nearness,
-                         std::vector<Entry> &found) const {
+void BoxIndex::VisitAlong(const QPointF &from, const QPointF &to, double nearness,
+                          const std::function<bool(const Entry &)> &visit) const {
     if (tree_->boxes.empty()) return;
     const Corridor corridor(from, to, nearness);
-    FindInCorridor find(corridor, found);
-    tree::utilities::view<Boxes>(tree_->boxes).apply_visitor(find);
+    WalkCorridor walk(corridor, visit);
+    tree::utilities::view<Boxes>(tree_->boxes).apply_visitor(walk);
+}
+
+void BoxIndex::FindAlong(const QPointF &from, const QPointF &to, double nearness,
+                         std::vector<Entry> &found) const {
+    VisitAlong(from, to, nearness, [&found](const Entry &entry) {
+        found.push_back(entry);
+        return true;
+    });
 }
 
 } // namespace diagram

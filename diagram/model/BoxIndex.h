@@ -44,8 +44,11 @@ public:
     void Visit(const FloatBox &area, const std::function<void(const Entry &)> &visit) const;
     // Appends what touches `area`, in any order.
     void Find(const QRectF &area, std::vector<Entry> &found) const;
-    // Appends what comes within `nearness` of the line between two points, and perhaps a little more, in any
-    // order: much less than touches the area that a long line spans.
+    // Calls `visit` with what comes within `nearness` of the line between two points, and perhaps a little
+    // more, in any order, until it says false: much less than touches the area that a long line spans.
+    void VisitAlong(const QPointF &from, const QPointF &to, double nearness,
+                    const std::function<bool(const Entry &)> &visit) const;
+    // Appends all of that.
     void FindAlong(const QPointF &from, const QPointF &to, double nearness, std::vector<Entry> &found) const;
 
 private:

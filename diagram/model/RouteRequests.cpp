@@ -161,13 +161,13 @@ void NodesAround::In(const QRectF &area, std::vector<QRectF> &boxes) const {
         if (Touch(box, area)) boxes.push_back(box);
 }
 
-void NodesAround::Along(const QPointF &from, const QPointF &to, double nearness,
-                        std::vector<QRectF> &boxes) const {
-    found_.clear();
-    index_.FindAlong(from, to, nearness, found_);
-    for (const BoxIndex::Entry &entry : found_)
+void NodesAround::Along(const QPointF &from, const QPointF &to, double nearness, std::vector<QRectF> &boxes,
+                        std::size_t most) const {
+    index_.VisitAlong(from, to, nearness, [&](const BoxIndex::Entry &entry) {
         if (IsInTheWay(entry) && Meets(entry.first.Rect(), from, to, nearness))
             boxes.push_back(entry.first.Rect());
+        return boxes.size() <= most;
+    });
 }
 
 } // namespace diagram

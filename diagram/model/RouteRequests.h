@@ -32,8 +32,8 @@ public:
     // `request` and `index` must outlive it and stay as they are.
     NodesAround(const BoxIndex &index, const LinkDraft &link, const RouteRequest &request);
     void In(const QRectF &area, std::vector<QRectF> &boxes) const override;
-    void Along(const QPointF &from, const QPointF &to, double nearness,
-               std::vector<QRectF> &boxes) const override;
+    void Along(const QPointF &from, const QPointF &to, double nearness, std::vector<QRectF> &boxes,
+               std::size_t most = kAll) const override;
 
 private:
     // An area with all of its obstacles.

@@ -4,6 +4,7 @@
 #include "diagram/geometry/Crossing.h"
 
 #include <algorithm>
+#include <limits>
 #include <QRectF>
 #include <vector>
 
@@ -36,12 +37,14 @@ inline QRectF Neighbourhood(const QPointF &from, const QPointF &to, double nearn
 
 class Obstacles {
 public:
+    static constexpr std::size_t kAll = std::numeric_limits<std::size_t>::max();
     virtual ~Obstacles() = default;
     // Appends the boxes that touch `area`, in any order, some perhaps twice. Twips.
     virtual void In(const QRectF &area, std::vector<QRectF> &boxes) const = 0;
-    // Appends those that the piece between two points meets, in any order.
-    virtual void Along(const QPointF &from, const QPointF &to, double nearness,
-                       std::vector<QRectF> &boxes) const {
+    // Appends those that the piece between two points meets, in any order; once there are more than `most`,
+    // some of them may be left out.
+    virtual void Along(const QPointF &from, const QPointF &to, double nearness, std::vector<QRectF> &boxes,
+                       std::size_t /*most*/ = kAll) const {
         std::vector<QRectF> near;
         In(Neighbourhood(from, to, nearness), near);
         for (const QRectF &box : near)

@@ -30,11 +30,13 @@ public:
           reach_(std::abs(half_.x()), std::abs(half_.y())) {}
 
     bool RunsThrough(const Box &box) const {
+        // Without branches: which of the three fails first can't be foretold.
         const double x = box.middle.x() - middle_.x(), y = box.middle.y() - middle_.y();
-        if (std::abs(x) >= box.half.x() + reach_.x() || std::abs(y) >= box.half.y() + reach_.y())
-            return false;
-        return std::abs(x * half_.y() - y * half_.x()) <
-               box.half.x() * reach_.y() + box.half.y() * reach_.x();
+        const bool sideways = std::abs(x) < box.half.x() + reach_.x();
+        const bool upright = std::abs(y) < box.half.y() + reach_.y();
+        const bool across =
+            std::abs(x * half_.y() - y * half_.x()) < box.half.x() * reach_.y() + box.half.y() * reach_.x();
+        return sideways & upright & across;
     }
 
 private:

@@ -55,7 +55,7 @@ public:
 
     std::vector<Point> Find(std::vector<Point> straight) {
         std::vector<QRectF> known, met;
-        request_.obstacles->Along(ToQPointF(straight[0]), ToQPointF(straight[1]), 0, met);
+        request_.obstacles->Along(ToQPointF(straight[0]), ToQPointF(straight[1]), 0, met, kMostMet);
         if (met.empty() || met.size() > kMostMet) return straight;
         for (int round = 0; round < kMostRounds && Learn(met, known) && known.size() <= kMostBoxes; ++round) {
             const FoundWay found = Best(known);

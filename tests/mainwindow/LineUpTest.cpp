@@ -194,6 +194,28 @@ TEST_F(AtDates, WhileItIsDraggedTheDayIsShownAndEscapeLeavesEverything) {
     EXPECT_EQ(DateOf(node), QStringLiteral("14 March 2004"));
 }
 
+TEST_F(AtDates, WhileItIsDraggedItsLinkStaysStraightAndEndsAtTheStrip) {
+    keep.trigger();
+    diagram::Link &link = **node.Links().begin();
+    const float strip = link.Way().back().y;
+    ASSERT_FALSE(link.Selectable());
+    QWidget *viewport = window.CurrentView().viewport();
+    const QPoint start = PixelOf(window, node.Bounds().center());
+    QTest::mousePress(viewport, Qt::LeftButton, {}, start);
+    for (const QPoint &at : {start + QPoint(40, 20), start + QPoint(80, 60)}) {
+        QMouseEvent move(QEvent::MouseMove, at, viewport->mapToGlobal(at), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(viewport, &move);
+    }
+    EXPECT_NEAR(link.Way().back().x, Centre(node), 1);
+    EXPECT_EQ(link.Way().back().y, strip);
+    EXPECT_EQ(link.Way().front().x, link.Way().back().x);
+    EXPECT_EQ(link.Way().front().y, node.Top());
+    Press(window, QStringLiteral("Esc"));
+    QTest::mouseRelease(viewport, Qt::LeftButton, {}, start);
+    EXPECT_NEAR(link.Way().back().x, Centre(node), 1);
+    EXPECT_EQ(link.Way().back().y, strip);
+}
+
 TEST_F(AtDates, ArrowKeysGoByDaysAlongTheStripAndByPixelsAcrossIt) {
     keep.trigger();
     const double top = node.Top();

@@ -11,6 +11,7 @@
 #include "timeline/DateText.h"
 #include "timeline/DaysOfStrip.h"
 #include "timeline/LineUpPlan.h"
+#include "timeline/Span.h"
 
 #include <random>
 
@@ -295,6 +296,24 @@ TEST_F(LiningUp, TheDateLinkAndLinksOfAFixedWayGoAlong) {
         EXPECT_EQ(link->Points().Item(0).x, node.Bounds().center().x()) << "straight to its day";
         EXPECT_EQ(link->Points().Item(0).y, node.Top());
     }
+}
+
+TEST_F(LiningUp, ALinkToADayGoesBelowABarThatHasGrownIntoItsWay) {
+    diagram::Node &bar = Dated(QStringLiteral("3 March 2004")),
+                  &node = Dated(QStringLiteral("14 March 2004"));
+    bar.SetTop(2000), node.SetTop(4000);
+    SetEndOfNode(bar, QDate(2004, 3, 5));
+    Choose();
+    diagram::Link &link = **node.Links().begin();
+    ASSERT_FALSE(link.Selectable());
+    const diagram::Point day = link.Way().back();
+    ASSERT_GT(node.Top(), bar.Top() + bar.Height());
+    ASSERT_GT(link.Zorder(), bar.ZOrder());
+    SetEndOfNode(bar, QDate(2004, 3, 20));
+    LineUp(window, flow, RowOrder::Keep, {&bar});
+    ASSERT_TRUE(bar.Bounds().contains(day.x, bar.Bounds().center().y()));
+    EXPECT_LT(link.Zorder(), bar.ZOrder());
+    EXPECT_EQ(link.Way().back(), day);
 }
 
 TEST_F(LiningUp, UndoneAndDoneAgainEverythingIsAsItWas) {

@@ -36,6 +36,15 @@ TEST(DateStepText, IsASignAndANumberWithAUnitOrDays) {
         EXPECT_EQ(ReadDateStep(QString::fromLatin1(text)), std::nullopt) << text;
 }
 
+TEST(DateStepText, HasTheUnitsOfTheLanguageToo) {
+    const QLocale german(QLocale::German), french(QLocale::French);
+    EXPECT_EQ(ReadDateStep(QStringLiteral("+2 wochen"), german), (DateStep{2, Unit::Week}));
+    EXPECT_EQ(ReadDateStep(QStringLiteral("-1 monat"), german), (DateStep{-1, Unit::Month}));
+    EXPECT_EQ(ReadDateStep(QStringLiteral("+2w"), german), (DateStep{2, Unit::Week}));
+    EXPECT_EQ(ReadDateStep(QStringLiteral("+ 3 semaines"), french), (DateStep{3, Unit::Week}));
+    EXPECT_EQ(ReadDateStep(QStringLiteral("+2 wochen"), french), std::nullopt);
+}
+
 TEST(DateStepText, IsToldInWords) {
     EXPECT_EQ(InWords({2, Unit::Week}), QStringLiteral("2 weeks later"));
     EXPECT_EQ(InWords({1, Unit::Month}), QStringLiteral("one month later"));
