@@ -98,7 +98,7 @@ void AddForms(support::RealDesktop &desktop) {
 int Run(const QString &commandLine) {
     support::RealDesktop desktop;
     AddForms(desktop);
-    diagram::SetCalendarSource(timeline::CalendarOfStrip);
+    diagram::SetCalendarSource(timeline::CalendarOfStrip, timeline::IsBar);
     const app::DeveloperOptions developer = app::ReadDeveloperOptions();
     app::StartOptions options;
     options.commandLine = commandLine;

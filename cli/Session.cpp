@@ -70,7 +70,7 @@ Session::Session()
       desktop_(Composed(headless_.Get(), boxes_, memory_)),
       window_(desktop_, document::EmptyPools()) {
     support::SetDesktop(&desktop_);
-    diagram::SetCalendarSource(timeline::CalendarOfStrip);
+    diagram::SetCalendarSource(timeline::CalendarOfStrip, timeline::IsBar);
 }
 
 Session::~Session() { support::SetDesktop(&headless_.Get()); }

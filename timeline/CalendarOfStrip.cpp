@@ -202,6 +202,10 @@ diagram::Calendar CalendarOfStrip(const diagram::Surface &flow) {
     return calendar;
 }
 
+bool IsBar(const diagram::Node &node) {
+    return document::GetTag(node, document::tags::kOwnExtent).startsWith(QLatin1String("Width"));
+}
+
 QRectF BandsBeside(const diagram::Surface &flow, const QRectF &strip) {
     if (!Shows(flow, CalendarPart::Bands)) return {};
     diagram::Calendar calendar;

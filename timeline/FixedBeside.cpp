@@ -33,7 +33,7 @@ FixedBeside::FixedBeside(const std::vector<PlannedBar> &bars, const std::vector<
 void FixedBeside::FindMet(const std::vector<FixedBox> &boxes, double longest) {
     met_.resize(bars_.size());
     for (std::size_t bar = 0; bar < bars_.size(); ++bar) {
-        const double begin = bars_[bar].begin - gaps_.along, end = bars_[bar].end + gaps_.along;
+        const double begin = bars_[bar].begin - gaps_.along, end = bars_[bar].EndOfRoom() + gaps_.along;
         auto box = std::ranges::lower_bound(boxes, begin - longest, {}, &FixedBox::begin);
         for (; box != boxes.end() && box->begin < end; ++box)
             if (box->end > begin) met_[bar].push_back(int(box - boxes.begin()));

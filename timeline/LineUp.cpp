@@ -1,6 +1,7 @@
 #include "timeline/LineUp.h"
 
 #include "diagram/model/Surface.h"
+#include "diagram/model/TextBeside.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
 #include "document/Tags.h"
@@ -189,6 +190,14 @@ private:
     double extent_ = 0;
 };
 
+// How far the text of a bar reaches out of it that is too short for it.
+double Beside(const Node &node, const DatedBox &place) {
+    QRectF bar = place.box;
+    bar.setLeft(place.bar->begin), bar.setRight(place.bar->end);
+    const QRectF text = diagram::TextBesideBar(node, bar, node.Owner().Measure());
+    return text.isEmpty() ? 0 : text.right() - bar.right();
+}
+
 // Where a node belongs; nothing while none of its days is in sight.
 std::optional<DatedBox> PlaceOf(const Node &node, const Months &months) {
     const std::optional<Span> span = node.Selectable() ? SpanOfNode(node) : std::nullopt;
@@ -202,6 +211,7 @@ std::optional<DatedBox> PlaceOf(const Node &node, const Months &months) {
         return std::nullopt;
     if (span->last && !place.bar) return std::nullopt;
     place.box = OwnExtent(node, months.Rightwards()).Given(node.Bounds(), span->last.has_value());
+    if (place.bar && months.Rightwards()) place.beside = Beside(node, place);
     return place;
 }
 

@@ -50,6 +50,7 @@ PlannedBar BarOf(const DatedBox &node, const StripOnSurface &strip) {
         std::abs(begin - box.Begin()) > kAtItsPlace || std::abs(end - begin - box.Length()) > kAtItsPlace;
     return {.begin = begin,
             .end = end,
+            .beside = node.beside,
             .breadth = box.Breadth(),
             .middle = box.Middle(),
             .lane = node.lane,

@@ -34,6 +34,7 @@ struct DatedBox {
     int lane = 0;
     bool gives = false;           // came or moved last
     std::optional<Stretch> bar{}; // instead of the centre: it is as long as that
+    double beside = 0;            // along, room that its text takes behind the bar
 };
 
 struct LineUpTask {

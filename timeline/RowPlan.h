@@ -8,11 +8,13 @@ namespace timeline {
 
 struct PlannedBar {
     double begin = 0, end = 0; // along
+    double beside = 0;         // along, behind the end: is left free too
     double breadth = 0;        // across
     double middle = 0;         // where it stands now, across
     int lane = 0;        // bars of one lane stay together; lanes follow each other in ascending order across
     bool before = false; // on that side of the strip where the numbers across are smaller
     bool gives = false;  // came or moved last, so it gives way to the others
+    double EndOfRoom() const { return end + beside; }
 };
 
 struct BarLink {

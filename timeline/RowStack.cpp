@@ -16,7 +16,7 @@ public:
     explicit Skyline(const std::vector<PlannedBar> &bars, double gap) : gap_(gap) {
         for (const PlannedBar &bar : bars) {
             edges_.push_back(bar.begin);
-            edges_.push_back(bar.end + gap);
+            edges_.push_back(bar.EndOfRoom() + gap);
         }
         std::ranges::sort(edges_);
         edges_.erase(std::unique(edges_.begin(), edges_.end()), edges_.end());
@@ -37,7 +37,8 @@ public:
 private:
     std::pair<long, long> Stretch(const PlannedBar &bar) const {
         const long from = std::ranges::lower_bound(edges_, bar.begin) - edges_.begin();
-        return {from, std::max(from + 1, std::ranges::lower_bound(edges_, bar.end + gap_) - edges_.begin())};
+        return {from, std::max(from + 1,
+                               std::ranges::lower_bound(edges_, bar.EndOfRoom() + gap_) - edges_.begin())};
     }
 
     double gap_;

@@ -86,7 +86,7 @@ private:
     void PutInto(int row, int bar) {
         const PlannedBar &placed = bars_[size_t(bar)];
         rows_[size_t(row)].bars.push_back(bar);
-        rows_[size_t(row)].taken.emplace(placed.begin, placed.end + gap_);
+        rows_[size_t(row)].taken.emplace(placed.begin, placed.EndOfRoom() + gap_);
         rowOf_[size_t(bar)] = row;
     }
 
@@ -100,7 +100,7 @@ private:
         if (taken.empty()) return true;
         if (const auto &last = *taken.rbegin(); last.first < bar.begin) return last.second <= bar.begin;
         const auto next = taken.lower_bound(bar.begin);
-        return !(next->first < bar.end + gap_) &&
+        return !(next->first < bar.EndOfRoom() + gap_) &&
                (next == taken.begin() || std::prev(next)->second <= bar.begin);
     }
 
@@ -136,8 +136,9 @@ Partings LinkedTooClosely(const std::vector<PlannedBar> &bars, const std::vector
     Partings apart(bars.size());
     for (const BarLink &link : links) {
         const PlannedBar &from = bars[size_t(link.from)], &to = bars[size_t(link.to)];
-        const double room = std::max(to.begin - from.end, from.begin - to.end);
-        if (room >= gaps.linked || link.from == link.to) continue;
+        const PlannedBar &first = from.begin < to.begin ? from : to, &second = &first == &from ? to : from;
+        const bool throughText = first.beside > 0; // which stands between them
+        if ((second.begin - first.end >= gaps.linked && !throughText) || link.from == link.to) continue;
         apart[size_t(link.from)].push_back(link.to);
         apart[size_t(link.to)].push_back(link.from);
     }

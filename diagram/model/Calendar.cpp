@@ -9,9 +9,13 @@ namespace diagram {
 
 namespace {
 
-CalendarSource &Source() {
-    static CalendarSource source = nullptr;
-    return source;
+struct Sources {
+    CalendarSource calendar = nullptr;
+    BarSource bars = nullptr;
+};
+Sources &Told() {
+    static Sources sources;
+    return sources;
 }
 
 constexpr int kMostBends = 3; // and the ends
@@ -37,8 +41,12 @@ QRectF Calendar::Bands() const {
     return {after ? strip.right() : strip.left() - depth, strip.top(), depth, strip.height()};
 }
 
-void SetCalendarSource(CalendarSource source) { Source() = source; }
+void SetCalendarSource(CalendarSource source, BarSource bars) { Told() = {source, bars}; }
 
-Calendar CalendarOf(const Surface &surface) { return Source() ? Source()(surface) : Calendar(); }
+Calendar CalendarOf(const Surface &surface) {
+    return Told().calendar ? Told().calendar(surface) : Calendar();
+}
+
+bool IsBarOfStrip(const Node &node) { return Told().bars && Told().bars(node); }
 
 } // namespace diagram

@@ -14,6 +14,7 @@
 namespace diagram {
 
 class Link;
+class Node;
 class Surface;
 
 // Thin, level and plumb: a link between a node and its day that stands back until it is asked for.
@@ -71,9 +72,13 @@ struct Calendar {
 constexpr double kBandThickness = 270; // twips, of a band above or below the strip
 constexpr double kBandWidth = 480;     // of a band to the left or right of it
 
-// Who tells the calendar of a surface; set once at the start. Without one no surface has any.
+// Who tells the calendar of a surface, and which nodes are bars; set once at the start. Without one no
+// surface has a calendar, and none is a bar.
 using CalendarSource = Calendar (*)(const Surface &);
-void SetCalendarSource(CalendarSource source);
+using BarSource = bool (*)(const Node &);
+void SetCalendarSource(CalendarSource source, BarSource bars = nullptr);
 Calendar CalendarOf(const Surface &surface);
+// Whether the node is as long, from left to right, as it lasts.
+bool IsBarOfStrip(const Node &node);
 
 } // namespace diagram

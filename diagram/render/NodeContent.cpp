@@ -2,7 +2,10 @@
 
 #include "diagram/geometry/Units.h"
 #include "diagram/model/Node.h"
+#include "diagram/model/TextBeside.h"
+#include "diagram/render/CalendarInk.h"
 #include "diagram/render/CutText.h"
+#include "diagram/render/LayoutMeasure.h"
 #include "diagram/render/PicturePainter.h"
 #include "diagram/shapes/Measures.h"
 #include "diagram/shapes/Shapes.h"
@@ -255,12 +258,25 @@ void DrawVectorText(Paint &paint, const Node &node, const QRectF &room, const Wr
     DrawSeen(paint, node.Data(), SeenOf(node, room, block, cut));
 }
 
+QRectF Beside(TextCache &texts, const Node &node) {
+    LayoutMeasure measure(texts);
+    return TextBeside(node, &measure);
+}
+
+// In its own colour, as far as that can be read on the paper.
+void DrawTextBeside(Paint &paint, const Node &node, const QRectF &place) {
+    const double scale = paint.options.vector ? 0 : paint.frame.Scale();
+    const TextBlock &block = paint.caches.texts.Find(node.ShownText(), node.Font(), kWidestBeside, scale);
+    const QRgb ink = CalendarInk(paint.paper, ToRgb(node.ForeColor())).Text();
+    DrawBlock(paint, block, paint.frame.Map(place.topLeft()), place.width(), 0, ink);
+}
+
 } // namespace
 
 bool IsTextCut(TextCache &texts, const Node &node) {
     const NodeData &data = node.Data();
     const QString text = node.ShownText();
-    if (text.isEmpty()) return false;
+    if (text.isEmpty() || !Beside(texts, node).isEmpty()) return false;
     const QRectF room = TextRoom(node);
     const WrapWidth wrap = WrapOf(data, node.ShownBounds(), WidthForText(data, room));
     const TextBlock block = texts.Find(text, data.font, wrap, 0);
@@ -277,6 +293,8 @@ void PaintNodeText(Paint &paint, const Node &node) {
     if (text.isEmpty()) return;
     const double scale = paint.frame.Scale();
     if (!paint.options.vector && data.font.Size() * kTwipsPerPoint * scale < kLegiblePixels) return;
+    if (const QRectF beside = Beside(paint.caches.texts, node); !beside.isEmpty())
+        return DrawTextBeside(paint, node, beside);
     const QRectF room = TextRoom(node);
     const WrapWidth wrap = WrapOf(data, node.ShownBounds(), WidthForText(data, room));
     if (paint.options.vector) return DrawVectorText(paint, node, room, wrap);

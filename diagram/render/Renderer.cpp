@@ -5,6 +5,7 @@
 #include "diagram/render/Backdrop.h"
 #include "diagram/render/CalendarPainter.h"
 #include "diagram/render/CoarsePainter.h"
+#include "diagram/render/LayoutMeasure.h"
 #include "diagram/render/LinkPainter.h"
 #include "diagram/render/NodeContent.h"
 #include "diagram/render/NodePainter.h"
@@ -18,18 +19,6 @@
 namespace diagram {
 
 namespace {
-
-class LayoutMeasure : public TextMeasure {
-public:
-    explicit LayoutMeasure(Caches &caches) : caches_(caches) {}
-    QSizeF Measure(const QString &text, const Font &font, double width) override {
-        const TextBlock &block = caches_.texts.Find(text, font, width, 0);
-        return {std::ceil(block.width), std::ceil(block.height)};
-    }
-
-private:
-    Caches &caches_;
-};
 
 bool IsUpright(const QTransform &transform) {
     return transform.type() <= QTransform::TxScale && transform.m11() > 0 && transform.m22() > 0;
@@ -155,7 +144,7 @@ void ForShown(const RenderOptions &options, const std::vector<Item *> &items, Vi
 
 struct Renderer::State {
     Caches caches;
-    LayoutMeasure measure{caches};
+    LayoutMeasure measure{caches.texts};
     std::vector<Item *> items; // scratch
 };
 

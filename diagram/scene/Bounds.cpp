@@ -2,6 +2,7 @@
 
 #include "diagram/geometry/Units.h"
 #include "diagram/model/Surface.h"
+#include "diagram/model/TextBeside.h"
 #include "diagram/shapes/Arrows.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Measures.h"
@@ -101,6 +102,7 @@ double MarkReach(const Item &item) {
 QRectF PaintBounds(const Node &node) {
     QRectF bounds = node.ShownBounds();
     if (node.Shadow()) bounds |= bounds.translated(kShadowWays[node.Shadow()] * kShadowOffset);
+    bounds |= TextBeside(node, node.Owner().Measure());
     return Grown(bounds, LineReach(node.DrawWidth()) + MarkReach(node));
 }
 

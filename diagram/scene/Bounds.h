@@ -14,7 +14,7 @@ class Link;
 class Node;
 class TextMeasure;
 
-// What painting the node touches, in twips: border, shadow and mark.
+// What painting the node touches, in twips: border, shadow, mark and text beside it.
 QRectF PaintBounds(const Node &node);
 // What painting the link touches: line, arrow heads, jumps, mark and label, which stands in the box `label`.
 QRectF PaintBounds(const Link &link, const QRectF &label);

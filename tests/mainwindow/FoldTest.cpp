@@ -17,7 +17,7 @@ using diagram::StripPiece;
 struct Folds : Strips {
     diagram::Surface &surface = window.CurrentSurface();
     Folds() {
-        diagram::SetCalendarSource(timeline::CalendarOfStrip);
+        diagram::SetCalendarSource(timeline::CalendarOfStrip, timeline::IsBar);
         document::SetTag(surface, document::tags::kMissing, QStringLiteral("True"));
         for (const char *day : {"03 May 2004", "20 May 2004"})
             timeline::AddTimelineLink(window, surface, AddNode(window, 6000, 3000), QString::fromLatin1(day));

@@ -1,10 +1,12 @@
 // Bars: nodes with an end that stay at their dates.
 #include "diagram/edit/History.h"
+#include "diagram/model/TextBeside.h"
 #include "document/Tags.h"
 #include "tests/timeline/TimelineTest.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
 #include "timeline/AtDates.h"
+#include "timeline/CalendarOfStrip.h"
 #include "timeline/DateText.h"
 #include "timeline/LineUp.h"
 #include "timeline/LineUpPlan.h"
@@ -73,6 +75,41 @@ TEST_F(Bars, WhenTheStripTurnsTheyTurnToo) {
     EXPECT_EQ(node.Height(), 7 * kSlot);
     Give(node, March(14));
     EXPECT_EQ(node.Bounds().size(), QSizeF(1500, 600));
+}
+
+TEST_F(Bars, AreBarsForTheDiagramWhereTheStripRunsToTheRight) {
+    diagram::Node &node = Bar(March(14), March(20));
+    EXPECT_TRUE(IsBar(node));
+    EXPECT_FALSE(IsBar(Bar(March(14))));
+    Set(document::tags::kTimelineAlign, QStringLiteral("0"));
+    UpdateTimeLineNodes(window, flow, true);
+    EXPECT_FALSE(IsBar(node)) << "it runs down";
+    Set(document::tags::kTimelineAlign, QStringLiteral("2"));
+    UpdateTimeLineNodes(window, flow, true);
+    EXPECT_TRUE(IsBar(node));
+    Give(node, March(14));
+    EXPECT_FALSE(IsBar(node));
+}
+
+// A hundred twips a letter, in one line of 240.
+class LetterMeasure : public diagram::TextMeasure {
+    QSizeF Measure(const QString &text, const diagram::Font &, double) override {
+        return {100.0 * double(text.size()), 240};
+    }
+};
+
+TEST_F(Bars, ATextThatIsTooLongForItsBarHasRoomBehindIt) {
+    LetterMeasure measure;
+    flow.SetMeasure(&measure);
+    diagram::Node &fair = Bar(March(4), March(5)), &next = Bar(March(8), March(20));
+    EXPECT_EQ(fair.Top(), next.Top()) << "side by side";
+    fair.SetText(QStringLiteral("Trade fair"));
+    LineUp(window, flow, RowOrder::Keep, {&next});
+    const QRectF text = diagram::TextBesideBar(fair, fair.Bounds(), &measure);
+    EXPECT_EQ(text.width(), 1000);
+    EXPECT_FALSE(next.Bounds().intersects(text));
+    EXPECT_NE(fair.Top(), next.Top());
+    flow.SetMeasure(nullptr);
 }
 
 TEST_F(Bars, FollowTheScaleOfTheStrip) {

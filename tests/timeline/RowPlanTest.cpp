@@ -30,6 +30,7 @@ Plan RandomPlan(unsigned seed, int count) {
         const double begin = Number(random, 300 * count);
         PlannedBar bar = Bar(begin, begin + 300 + Number(random, 2400), 1000 + Number(random, 9000));
         bar.lane = int(Number(random, 3));
+        if (i % 5 == 0) bar.beside = 200 + Number(random, 900);
         plan.bars.push_back(bar);
     }
     for (int i = 1; i < count; ++i) plan.links.push_back({int(Number(random, i)), i});
@@ -45,7 +46,7 @@ void Move(Plan &plan, const std::vector<double> &middles) {
 }
 
 bool Touch(const PlannedBar &a, double middleA, const PlannedBar &b, double middleB) {
-    return a.begin < b.end && b.begin < a.end &&
+    return a.begin < b.EndOfRoom() && b.begin < a.EndOfRoom() &&
            std::abs(middleA - middleB) < (a.breadth + b.breadth) / 2 + kGaps.across - 2;
 }
 
@@ -104,6 +105,15 @@ TEST(RowPlan, BetweenTwoThatAreLinkedIsRoomForTheLink) {
     EXPECT_EQ(PlanRows(byHand, {{0, 1}}, kStrip, gaps, RowOrder::Keep), (std::vector{1200.0, 1200.0}))
         << "what stands needn't move";
     EXPECT_FALSE(areOneRow(byHand, {{0, 1}}));
+}
+
+TEST(RowPlan, WhatIsLinkedDoesNotStandBehindTheTextBesideABar) {
+    for (const double beside : {0.0, 600.0}) {
+        Plan plan{{Bar(0, 1000, 1200), Bar(4000, 5000, 1200)}, {{0, 1}}};
+        plan.bars[0].beside = beside;
+        const std::vector<double> middles = Place(plan, RowOrder::Choose);
+        EXPECT_EQ(middles[0] == middles[1], beside == 0) << beside;
+    }
 }
 
 TEST(RowPlan, BarsOfAStaircaseGatherAtTheStripAndRowsThatStoodThereKeepTheirPlace) {

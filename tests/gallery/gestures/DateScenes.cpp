@@ -22,7 +22,7 @@ class Months {
 public:
     explicit Months(Film &film)
         : film_(film), window_(support::CurrentDesktop(), document::EmptyPools{}), days_(window_) {
-        SetCalendarSource(timeline::CalendarOfStrip);
+        SetCalendarSource(timeline::CalendarOfStrip, timeline::IsBar);
         Surface &surface = film.surface;
         document::SetTag(surface, document::tags::kTimelineAlign, QStringLiteral("2"));
         document::SetTag(surface, document::tags::kMissing, QStringLiteral("True"));

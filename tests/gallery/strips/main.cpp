@@ -165,7 +165,7 @@ int main(int argc, char **argv) {
     if (!QDir().mkpath(folder.path())) return 1;
     support::HeadlessDesktop desktop(std::make_unique<support::MemoryRegistryStore>());
     support::SetDesktop(&desktop.Get());
-    SetCalendarSource(timeline::CalendarOfStrip);
+    SetCalendarSource(timeline::CalendarOfStrip, timeline::IsBar);
     for (const bool dark : {false, true})
         for (const bool lanes : {false, true}) {
             for (int arrangement = 0; arrangement < 5; ++arrangement)

@@ -107,7 +107,7 @@ int main(int argc, char **argv) {
     if (!QDir().mkpath(folder.path())) return 1;
     const QTemporaryDir programFolder;
     support::HeadlessDesktop desktop(std::make_unique<support::MemoryRegistryStore>());
-    diagram::SetCalendarSource(timeline::CalendarOfStrip);
+    diagram::SetCalendarSource(timeline::CalendarOfStrip, timeline::IsBar);
     std::vector<Page> pages;
     try {
         BuildProgramFolder(edition, QDir(programFolder.path()));
