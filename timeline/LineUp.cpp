@@ -1,5 +1,6 @@
 #include "timeline/LineUp.h"
 
+#include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Surface.h"
 #include "diagram/model/TextBeside.h"
 #include "document/clsfrmMain.h"
@@ -314,6 +315,16 @@ void StoreOwnExtents(const Reading &reading) {
     }
 }
 
+// The links of the nodes among each other and to others, without those to their days.
+std::vector<Link *> PlainLinksOf(const std::vector<Node *> &nodes) {
+    std::vector<Link *> links;
+    std::unordered_set<const Link *> seen;
+    for (const Node *node : nodes)
+        for (Link *link : node->Links())
+            if (link->Selectable() && seen.insert(link).second) links.push_back(link);
+    return links;
+}
+
 int Move(Surface &flow, const std::vector<Node *> &nodes, const std::vector<QRectF> &boxes) {
     Ways ways;
     std::vector<std::pair<Node *, QRectF>> changed;
@@ -331,6 +342,7 @@ int Move(Surface &flow, const std::vector<Node *> &nodes, const std::vector<QRec
     for (std::size_t i = 0; i < links.size(); ++i) TakeAlong(flow, links[i], std::move(former[i]));
     AdjustLinksOf(moved);
     if (!moved.empty()) AdjustDateWaysOf(nodes);
+    diagram::GiveBestStyles(flow, PlainLinksOf(moved));
     return int(moved.size());
 }
 

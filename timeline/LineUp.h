@@ -23,7 +23,8 @@ struct LinedUp {
     int moved = 0; // of these
 };
 
-// Moves the dated nodes to their dates, with the links that they have. `moved` came or moved last and give
+// Moves the dated nodes to their dates, with the links that they have: orthogonal ones get the style that
+// suits their new places best, but for those with bends of the user's. `moved` came or moved last and give
 // way to the others.
 LinedUp LineUp(document::MapWindow &window, diagram::Surface &flow, RowOrder order,
                const std::vector<diagram::Node *> &moved = {});

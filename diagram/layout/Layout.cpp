@@ -16,10 +16,7 @@ namespace diagram {
 
 namespace {
 
-constexpr double kMargin = 150; // twips from the page's edge
-// Links times nodes of a diagram whose links get the style that suits them best: each is tried beside each
-// node.
-constexpr std::size_t kMostToChoose = 200000;
+constexpr double kMargin = 150;   // twips from the page's edge
 constexpr double kFromHeld = 300; // twips that a selection keeps from what isn't selected
 
 bool TakesPart(const Node &node, LayoutScope scope) {
@@ -145,13 +142,10 @@ void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vecto
 }
 
 void ChooseStyles(Surface &surface, const LayoutSubject &subject) {
-    if (subject.links.size() * std::size_t(surface.Nodes().Count()) > kMostToChoose) return;
-    for (const ItemId id : subject.links) {
-        Link *link = surface.FindLink(id);
-        const LinkStyleRow *row = link ? FindLinkStyle(link->Style()) : nullptr;
-        if (row && row->form == LinkForm::Orthogonal && &link->Source() != &link->Destination())
-            link->SetStyle(StyleFor(*link, kAutomaticStyle));
-    }
+    std::vector<Link *> links;
+    for (const ItemId id : subject.links)
+        if (Link *link = surface.FindLink(id)) links.push_back(link);
+    GiveBestStyles(surface, links);
 }
 
 void PlaceLayers(Surface &surface, const LayoutSubject &subject, const LayeredDrawing &drawing,

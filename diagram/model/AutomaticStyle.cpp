@@ -20,6 +20,8 @@ constexpr double kShortEnd = 300;  // twips; a first or last piece below has no 
 constexpr double kOffMiddle = 0.3; // of a side; an end farther from its middle is at a corner
 constexpr int kBendsForBadEnd = 2; // that such an end counts as
 
+constexpr std::size_t kMostToChoose = 200000; // links times nodes: each is tried beside each
+
 constexpr int kThroughOne = 10000; // that is worse than coming near to any number
 
 using Way = std::vector<Point>;
@@ -132,6 +134,17 @@ int BestOrthogonalStyle(Surface &surface, const LinkDraft &draft) {
 
 int StyleFor(const Link &link, int style) {
     return style == kAutomaticStyle ? BestOrthogonalStyle(link.Owner(), LinkDraft(link)) : style;
+}
+
+void GiveBestStyles(Surface &surface, const std::vector<Link *> &links) {
+    if (links.size() * std::size_t(surface.Nodes().Count()) > kMostToChoose) return;
+    for (Link *link : links) {
+        const LinkStyleRow *row = FindLinkStyle(link->Style());
+        const bool chooses = row && row->form == LinkForm::Orthogonal && !link->AddPointsMode() &&
+                             !link->MovePointsMode() && !link->OwnBends();
+        if (chooses && &link->Source() != &link->Destination())
+            link->SetStyle(StyleFor(*link, kAutomaticStyle));
+    }
 }
 
 } // namespace diagram

@@ -1,6 +1,8 @@
 // The style of a link that somebody leaves to the program.
 #pragma once
 
+#include <vector>
+
 namespace diagram {
 
 class Link;
@@ -17,5 +19,9 @@ int BestOrthogonalStyle(Surface &surface, const LinkDraft &draft);
 
 // The style itself, or the best one for the link in the place of kAutomaticStyle.
 int StyleFor(const Link &link, int style);
+
+// The best style to each of the orthogonal links, but for loops and those whose bends are the user's. Nothing
+// where that would take long.
+void GiveBestStyles(Surface &surface, const std::vector<Link *> &links);
 
 } // namespace diagram

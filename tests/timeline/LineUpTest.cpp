@@ -298,6 +298,23 @@ TEST_F(LiningUp, TheDateLinkAndLinksOfAFixedWayGoAlong) {
     }
 }
 
+TEST_F(LiningUp, OrthogonalLinksGetTheStyleForTheirNewPlacesButNotThoseWithBendsOfAHand) {
+    constexpr int kHVH = 5;
+    diagram::Node &early = Dated(QStringLiteral("10 March 2004")),
+                  &late = Dated(QStringLiteral("12 March 2004"));
+    early.SetTop(3000), late.SetTop(3000);
+    early.SetLeft(1000), late.SetLeft(6000);
+    diagram::Link &link = early.Links().Add(late), &bent = early.Links().Add(late);
+    link.SetStyle(kHVH), bent.SetStyle(kHVH);
+    bent.Points().SetItem(1, {3100, 3300}), bent.Points().SetItem(2, {3100, 3200});
+    ASSERT_TRUE(bent.OwnBends());
+    Choose();
+    ASSERT_LT(std::abs(early.Bounds().center().x() - late.Bounds().center().x()), 300)
+        << "one below the other";
+    EXPECT_NE(link.Style(), kHVH) << "it would run through its own ends";
+    EXPECT_EQ(bent.Style(), kHVH);
+}
+
 TEST_F(LiningUp, ALinkToADayGoesBelowABarThatHasGrownIntoItsWay) {
     diagram::Node &bar = Dated(QStringLiteral("3 March 2004")),
                   &node = Dated(QStringLiteral("14 March 2004"));
