@@ -3,6 +3,7 @@
 #include "diagram/model/LinkDraft.h"
 #include "diagram/model/RouteRequests.h"
 #include "diagram/model/Surface.h"
+#include "diagram/model/TextBeside.h"
 #include "diagram/shapes/LinkStyles.h"
 
 #include <algorithm>
@@ -44,7 +45,7 @@ bool IsMet(const QRectF &box, const Way &way, double nearness, std::size_t first
     return false;
 }
 
-// Nodes, and its own ends, which it may touch but with its first and its last piece.
+// Nodes, the texts behind bars, and its own ends, which it may touch but with its first and its last piece.
 int CountMet(const Surface &surface, const LinkDraft &draft, const RouteRequest &request, const Way &way) {
     const std::size_t last = way.size() - 1;
     const auto touches = [&](const QRectF &box, double nearness) {
@@ -54,7 +55,9 @@ int CountMet(const Surface &surface, const LinkDraft &draft, const RouteRequest 
     met += IsMet(request.destination.box, way, -kInside, 1, last - 1);
     met *= kThroughOne;
     for (const Node &node : surface.Nodes()) {
-        if (node.Hidden() || &node == draft.source || &node == draft.destination) continue;
+        if (node.Hidden()) continue;
+        if (const QRectF text = TextBeside(node, surface.Measure()); !text.isEmpty()) met += touches(text, 0);
+        if (&node == draft.source || &node == draft.destination) continue;
         const QRectF box = node.Bounds();
         if (!touches(box, kNearness) || !IsObstacleFor(request, box)) continue;
         met += touches(box, 0) ? kThroughOne : 1;

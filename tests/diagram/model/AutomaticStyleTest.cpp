@@ -1,5 +1,6 @@
 #include "diagram/model/AutomaticStyle.h"
 
+#include "diagram/model/Calendar.h"
 #include "diagram/model/LinkDraft.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Obstacles.h"
@@ -13,6 +14,12 @@ using namespace diagram::testing;
 namespace {
 
 constexpr int kVH = 2, kHV = 3, kVHV = 4, kHVH = 5;
+
+struct TenTwipsALetter : TextMeasure {
+    QSizeF Measure(const QString &text, const Font &, double) override {
+        return {10.0 * double(text.size()), 240};
+    }
+};
 
 struct TwoNodes {
     Surface surface;
@@ -55,6 +62,20 @@ TEST(AutomaticStyle, EndsInTheMiddleOfASideBeforeItSavesABend) {
 
 TEST(AutomaticStyle, LeavesRoomForTheHeadBeforeItSavesABend) {
     EXPECT_EQ(TwoNodes(2700, 5400).Best(), kHVH) << "its middle is a little below the first one";
+}
+
+TEST(AutomaticStyle, DoesNotRunThroughTheTextBehindABar) {
+    TenTwipsALetter measure;
+    TwoNodes nodes(6000, 9000);
+    nodes.surface.SetMeasure(&measure);
+    Link &link = nodes.a.Links().Add(nodes.b);
+    nodes.a.SetText(QString(150, u'x'));
+    link.SetStyle(kHV);
+    EXPECT_EQ(StyleFor(link, kAutomaticStyle), kHV);
+    SetCalendarSource(nullptr, [](const Node &node) { return !node.Text().isEmpty(); });
+    EXPECT_EQ(StyleFor(link, kAutomaticStyle), kVH);
+    SetCalendarSource(nullptr);
+    nodes.surface.SetMeasure(nullptr);
 }
 
 TEST(AutomaticStyle, AvoidsANodeBeforeItSavesABend) {
