@@ -22,6 +22,8 @@ constexpr int kBendsForBadEnd = 2; // that such an end counts as
 
 constexpr int kThroughOne = 10000; // that is worse than coming near to any number
 
+constexpr std::size_t kMostStrangers = 1000; // among more links nobody sees how many one crosses
+
 using Way = std::vector<Point>;
 
 struct Merit {
@@ -110,6 +112,7 @@ bool AreCrossing(const Point &a, const Point &b, const Point &c, const Point &d)
 std::vector<const Way *> StrangersOf(const Surface &surface, const LinkDraft &draft) {
     const auto isEnd = [&](const Node &node) { return &node == draft.source || &node == draft.destination; };
     std::vector<const Way *> ways;
+    if (surface.Links().size() > kMostStrangers) return ways;
     for (const auto &link : surface.Links())
         if (link->Id() != draft.id && !link->Hidden() && !isEnd(link->Source()) &&
             !isEnd(link->Destination()))
