@@ -1,6 +1,7 @@
 // Rerouting while a node with 20 links is dragged through the middle of 500 nodes and 800 links, nudging when
 // it is let go among 1,000 links, and all of them at once; labels while a node is dragged among 1,000
 // labelled links; and, over generated maps, how many links of each style run through nodes.
+#include "benchmarks/GeneratedMap.h"
 #include "diagram/edit/History.h"
 #include "diagram/interaction/HeldItems.h"
 #include "diagram/model/AutomaticStyle.h"
@@ -205,31 +206,7 @@ void LabelRelease(benchmark::State &state) {
 }
 BENCHMARK(LabelRelease)->Iterations(60)->Unit(benchmark::kMillisecond);
 
-constexpr int kMaps = 200, kLinksOfMap = 40;
-
-// Rows and columns of nodes with gaps, some of them left out, and links from anywhere to anywhere.
-void FillGenerated(diagram::Surface &surface, unsigned seed, int style) {
-    std::mt19937 random(seed);
-    const auto real = [&](double low, double high) {
-        return float(low + (high - low) * double(random()) / 4294967296.0);
-    };
-    const int columns = 3 + int(random() % 7), rows = 3 + int(random() % 7);
-    const float gap = real(150, 1200), side = real(400, 2000);
-    std::vector<diagram::Node *> nodes;
-    for (int i = 0; i < columns * rows; ++i) {
-        if (random() % 6 == 0) continue;
-        const float width = side * real(0.4, 1), height = side * real(0.4, 1);
-        nodes.push_back(&surface.Nodes().Add(float(i % columns) * (side + gap) + real(0, side - width),
-                                             float(i / columns) * (side + gap) + real(0, side - height),
-                                             width, height));
-    }
-    for (int i = 0; i < kLinksOfMap; ++i) {
-        diagram::Node &from = *nodes[random() % nodes.size()], &to = *nodes[random() % nodes.size()];
-        if (&from == &to) continue;
-        diagram::Link &link = from.Links().Add(to);
-        link.SetStyle(diagram::StyleFor(link, style));
-    }
-}
+constexpr int kMaps = 200;
 
 // Routes all links of the maps; counts those that run through a node, and the bends of a link.
 void RouteGenerated(benchmark::State &state) {
@@ -238,7 +215,7 @@ void RouteGenerated(benchmark::State &state) {
         links = through = bends = 0;
         for (unsigned seed = 1; seed <= kMaps; ++seed) {
             diagram::Surface surface;
-            FillGenerated(surface, seed, int(state.range(0)));
+            bench::FillGenerated(surface, seed, int(state.range(0)));
             for (const auto &link : surface.Links()) {
                 ++links, through += IsMet(*link), bends += double(link->Way().size() - 2);
             }

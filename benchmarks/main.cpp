@@ -7,6 +7,7 @@
 #include "benchmarks/FormFigures.h"
 #include "benchmarks/JournalFigures.h"
 #include "benchmarks/MemoryFigures.h"
+#include "benchmarks/OrthoCrossings.h"
 #include "benchmarks/OutputFigures.h"
 #include "benchmarks/PrintFigures.h"
 #include "benchmarks/Stage.h"
@@ -192,6 +193,7 @@ constexpr Part kParts[] = {
     {"edit", false, [](Table &table, const QString &) { table.Add(bench::EditFigures()); }},
     {"journal", false, [](Table &table, const QString &) { table.Add(bench::JournalFigures()); }},
     {"layout", false, [](Table &table, const QString &) { table.Add(bench::LayoutFigures()); }},
+    {"ortho", false, [](Table &table, const QString &) { table.Add(bench::OrthoCrossings()); }},
     {"wholemap", false, [](Table &table, const QString &) { table.Add(bench::WholeMapFigures()); }},
     {"commands", false, [](Table &table, const QString &) { table.Add(bench::CommandFigures()); }},
     {"forms", false, [](Table &table, const QString &) { table.Add(bench::FormFigures()); }},

@@ -106,6 +106,7 @@ ChoicePopup::ChoicePopup(const QString &title, const std::vector<ChoiceSection> 
     rows->setSpacing(1);
     for (const ChoiceSection &section : sections)
         if (!section.choices.empty()) AddSection(*rows, section);
+    begin_ = std::max(begin_, 0);
 }
 
 void ChoicePopup::AddSection(QGridLayout &rows, const ChoiceSection &section) {
@@ -124,7 +125,7 @@ void ChoicePopup::AddSection(QGridLayout &rows, const ChoiceSection &section) {
         const int row = int(i) / section.columns, column = int(i) % section.columns;
         grid->addWidget(AddChoice(section.choices[i], section), row, column);
         places_.push_back({sections_, rows_ + row, column});
-        if (section.choices[i].current) begin_ = int(places_.size()) - 1;
+        if (section.choices[i].current && begin_ < 0) begin_ = int(places_.size()) - 1;
     }
     if (!section.named) grid->setColumnStretch(section.columns, 1);
     rows_ += (int(section.choices.size()) + section.columns - 1) / section.columns;

@@ -16,7 +16,7 @@ namespace widgets {
 struct Choice {
     QString name; // beside the picture, or in its tip; what a screen reader says
     QIcon icon;
-    bool current = false; // marked, and where the keys begin
+    bool current = false; // marked; the keys begin at the first one that is
     std::function<void()> choose;
     bool isValue = true; // else the way to one that isn't listed
 };
@@ -64,7 +64,7 @@ private:
     std::vector<QToolButton *> buttons_;
     std::vector<Place> places_; // of the buttons; rows count through all sections
     int rows_ = 0, sections_ = 0;
-    int begin_ = 0; // where the keys begin
+    int begin_ = -1; // where the keys begin
 };
 
 } // namespace widgets

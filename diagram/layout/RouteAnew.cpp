@@ -15,7 +15,7 @@ int RouteAnew(Surface &surface) {
         link->SetStyle(style == 0 ? 1 : 0);
         link->SetStyle(style);
     }
-    surface.Recalculate();
+    surface.TidyWays();
     int changed = 0;
     for (const auto &[link, way] : links) changed += link->Way() != way;
     return changed;

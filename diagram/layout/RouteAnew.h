@@ -5,9 +5,9 @@ namespace diagram {
 
 class Surface;
 
-// Takes the ways of all links as if they had just been drawn, in their order; links whose bends are the
-// user's, or whose points are being edited, keep theirs. Gives the number of those that have another way now.
-// Opens no group.
+// Takes the ways of all links as if they had just been drawn, all in one step: what they were before doesn't
+// matter, so that doing it again changes nothing. Links whose bends are the user's, or whose points are being
+// edited, keep theirs. Gives the number of those that have another way now. Opens no group.
 int RouteAnew(Surface &surface);
 
 } // namespace diagram

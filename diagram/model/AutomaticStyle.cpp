@@ -25,15 +25,19 @@ constexpr std::size_t kMostToChoose = 200000; // links times nodes: each is trie
 
 constexpr int kThroughOne = 10000; // that is worse than coming near to any number
 
+constexpr std::size_t kMostStrangers = 1000; // among more links nobody sees how many one crosses
+
 using Way = std::vector<Point>;
 
 struct Merit {
     int met = std::numeric_limits<int>::max();
     int bends = 0;
+    int crossed = 0;
     double length = 0;
     bool IsBetter(const Merit &other) const {
         if (met != other.met) return met < other.met;
-        return bends != other.bends ? bends < other.bends : length < other.length - kSame;
+        if (bends != other.bends) return bends < other.bends;
+        return crossed != other.crossed ? crossed < other.crossed : length < other.length - kSame;
     }
 };
 
@@ -101,9 +105,38 @@ int CountBends(const RouteRequest &request, const Way &way) {
     return int(corners.size()) - 2 + grown + (bad ? kBendsForBadEnd : 0);
 }
 
+// Whether a level piece and an upright one cross.
+bool AreCrossing(const Point &a, const Point &b, const Point &c, const Point &d) {
+    const auto parts = [](float at, float one, float other) { return (at - one) * (at - other) < 0; };
+    if (a.y == b.y && c.x == d.x) return parts(c.x, a.x, b.x) && parts(a.y, c.y, d.y);
+    if (a.x == b.x && c.y == d.y) return parts(a.x, c.x, d.x) && parts(c.y, a.y, b.y);
+    return false;
+}
+
+// The ways of the links that have no node in common with it: those that have can be led past each other.
+std::vector<const Way *> StrangersOf(const Surface &surface, const LinkDraft &draft) {
+    const auto isEnd = [&](const Node &node) { return &node == draft.source || &node == draft.destination; };
+    std::vector<const Way *> ways;
+    if (surface.Links().size() > kMostStrangers) return ways;
+    for (const auto &link : surface.Links())
+        if (link->Id() != draft.id && !link->Hidden() && !isEnd(link->Source()) &&
+            !isEnd(link->Destination()))
+            ways.push_back(&link->Way());
+    return ways;
+}
+
+int CountCrossed(const std::vector<const Way *> &strangers, const Way &way) {
+    int crossed = 0;
+    for (const Way *other : strangers)
+        for (std::size_t i = 1; i < other->size(); ++i)
+            for (std::size_t j = 1; j < way.size(); ++j)
+                crossed += AreCrossing((*other)[i - 1], (*other)[i], way[j - 1], way[j]);
+    return crossed;
+}
+
 Merit MeritOf(const Surface &surface, const LinkDraft &draft, const Way &way) {
     const RouteRequest request = RequestFor(draft);
-    Merit merit{CountMet(surface, draft, request, way), CountBends(request, way), 0};
+    Merit merit{CountMet(surface, draft, request, way), CountBends(request, way)};
     for (std::size_t i = 1; i < way.size(); ++i) merit.length += Length(way[i - 1], way[i]);
     return merit;
 }
@@ -117,10 +150,13 @@ int BestOrthogonalStyle(Surface &surface, const LinkDraft &draft) {
     LinkDraft styled = draft;
     styled.data = &data;
     int best = draft.data->style;
+    const std::vector<const Way *> strangers = StrangersOf(surface, draft);
     Merit most;
     const auto offer = [&](int style) {
         data.style = std::uint8_t(style);
-        const Merit merit = MeritOf(surface, styled, surface.WayOf(styled));
+        const Way way = surface.WayOf(styled);
+        Merit merit = MeritOf(surface, styled, way);
+        if (merit.met <= most.met) merit.crossed = CountCrossed(strangers, way);
         if (merit.IsBetter(most)) best = style, most = merit;
     };
     const LinkStyleRow *own = FindLinkStyle(best);

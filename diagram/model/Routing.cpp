@@ -53,10 +53,12 @@ std::vector<Point> Routing::WayOf(const LinkDraft &link) {
 void Routing::Route(Link &link) {
     UpdateNodes();
     WayChanges(link);
+    const bool untidies = !IsQuiet() && surface_.Recording();
+    if (untidies && nudged_.contains(link.Id())) former_.try_emplace(link.Id(), link.data_.points);
     link.data_.points = WayOf(LinkDraft(link), link.data_.ownBends);
     link.stale_ = false;
     LinkAdded(link);
-    if (!IsQuiet() && surface_.Recording()) untidy_.push_back(link.Id());
+    if (untidies) untidy_.push_back(link.Id());
 }
 
 // Bends that the router gives for the present boxes are its own. Nodes that have changed since the ways were

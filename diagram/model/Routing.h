@@ -10,7 +10,9 @@
 #include "diagram/model/Link.h"
 #include "diagram/model/Node.h"
 
+#include <map>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 namespace diagram {
@@ -47,8 +49,9 @@ public:
     // When a group of changes closes: routes the links that it touched, and nudges those that were routed in
     // it, and what shares a side or a channel with them, apart.
     void Tidy(const std::vector<ItemId> &touched);
-    void ForgetUntidy() { untidy_.clear(); }
-    // The same of all links there are.
+    void ForgetUntidy() { untidy_.clear(), former_.clear(); }
+    // The same of all links there are, from the ways that the router gives them: as they are now doesn't
+    // matter, so that doing it again changes nothing.
     void TidyAll();
     // The way that the link would get now; nothing is changed.
     std::vector<Point> WayOf(const LinkDraft &link);
@@ -68,6 +71,10 @@ public:
     void SetReplaying(bool on) { replaying_ = on; }
 
 private:
+    // The way that the router gave, and what became of it when it was nudged; sums of their points.
+    struct Nudged {
+        std::uint64_t routed = 0, way = 0;
+    };
     struct ChangedNode {
         FloatBox before;
         ItemId id;
@@ -90,18 +97,22 @@ private:
     void AddSideMates(const Link &link, std::vector<Link *> &found);
     void AddNear(const Link &link, double reach, std::vector<Link *> &found);
     void DrawStraight(Link &link);
-    void NudgeApart(const std::vector<Link *> &links);
+    void NudgeApart(const std::vector<Link *> &links, const std::map<ItemId, std::uint64_t> &routed);
     void TakeWay(Link &link, std::vector<Point> way);
+    bool TakeFormerWay(Link &link);
+    void NoteNudged(const std::map<ItemId, std::uint64_t> &routed, const std::vector<Link *> &links);
     std::vector<Point> WayOf(const LinkDraft &link, bool keepBends);
 
     Surface &surface_;
     BoxIndex nodes_, ways_;
     bool nodesBuilt_ = false, waysBuilt_ = false;
-    std::vector<ChangedNode> changed_; // not yet in the index as they are now
-    std::vector<ItemId> fresh_;        // links not yet in the index
-    std::vector<ItemId> blocking_;     // nodes for which links must make way yet
-    std::vector<ItemId> moved_;        // links that must be looked at
-    std::vector<ItemId> untidy_;       // links that were routed in the open group
+    std::vector<ChangedNode> changed_;            // not yet in the index as they are now
+    std::vector<ItemId> fresh_;                   // links not yet in the index
+    std::vector<ItemId> blocking_;                // nodes for which links must make way yet
+    std::vector<ItemId> moved_;                   // links that must be looked at
+    std::vector<ItemId> untidy_;                  // links that were routed in the open group
+    std::map<ItemId, std::vector<Point>> former_; // the ways that they had before
+    std::unordered_map<ItemId, Nudged> nudged_;
     std::weak_ptr<HeldWays> held_;
     bool replaying_ = false;
     bool unjudged_ = false; // perhaps

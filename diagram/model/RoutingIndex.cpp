@@ -86,6 +86,7 @@ void Routing::Clear() {
     nodes_.Clear(), ways_.Clear();
     nodesBuilt_ = waysBuilt_ = false;
     changed_ = {}, fresh_ = {}, blocking_ = {}, moved_ = {}, untidy_ = {};
+    former_.clear(), nudged_.clear();
     unjudged_ = false;
 }
 

@@ -64,6 +64,14 @@ std::uint64_t LookOf(const LinkData &link) {
     return look;
 }
 
+std::uint64_t SumOf(const Link &link) {
+    std::uint64_t sum = std::uint64_t(link.Style());
+    for (const Point &point : link.Data().points)
+        for (const float part : {point.x, point.y})
+            sum = (sum ^ std::bit_cast<std::uint32_t>(part)) * 0x9E3779B97F4A7C15 + (sum >> 29);
+    return sum;
+}
+
 void KeepEachOnce(std::vector<Link *> &links) {
     std::ranges::sort(links, {}, [](const Link *link) { return link->Id(); });
     links.erase(std::unique(links.begin(), links.end()), links.end());
@@ -75,23 +83,58 @@ void Routing::Tidy(const std::vector<ItemId> &touched) {
     if (IsQuiet()) return;
     for (const ItemId id : touched)
         if (const Link *link = surface_.FindLink(id)) link->Way();
-    const std::vector<ItemId> untidy = std::exchange(untidy_, {});
+    std::vector<ItemId> untidy = std::exchange(untidy_, {});
     if (untidy.empty()) return;
+    std::ranges::sort(untidy);
+    untidy.erase(std::unique(untidy.begin(), untidy.end()), untidy.end());
     UpdateNodes(), NeedNodes(), UpdateWays();
-    NudgeApart(LinksToNudge(untidy));
+    std::map<ItemId, std::uint64_t> routed;
+    std::erase_if(untidy, [&](ItemId id) {
+        Link *link = surface_.FindLink(id);
+        if (!link || !MayNudge(*link) || TakeFormerWay(*link)) return true;
+        routed[id] = SumOf(*link);
+        return false;
+    });
+    former_.clear();
+    if (!untidy.empty()) {
+        UpdateWays();
+        NudgeApart(LinksToNudge(untidy), routed);
+    }
     untidy_.clear();
 }
 
+// What is routed as before the group lies as before, wherever it was meanwhile.
+bool Routing::TakeFormerWay(Link &link) {
+    const auto former = former_.find(link.Id());
+    const auto nudged = nudged_.find(link.Id());
+    if (former == former_.end() || nudged == nudged_.end() || nudged->second.routed != SumOf(link))
+        return false;
+    std::vector<Point> way = std::exchange(link.data_.points, former->second);
+    const bool isSame = nudged->second.way == SumOf(link);
+    link.data_.points.swap(way);
+    if (!isSame) return false;
+    const LinkDraft draft(link);
+    const RouteRequest request = RequestFor(draft);
+    const NodesAround around(nodes_, draft, request);
+    if (IsMet(around, way) && !IsMet(around, link.data_.points)) return false;
+    if (way != link.data_.points) TakeWay(link, std::move(way));
+    return true;
+}
+
 void Routing::TidyAll() {
+    for (const auto &link : surface_.Links())
+        if (MayNudge(*link)) GiveWay(*link);
     surface_.Recalculate();
     UpdateNodes(), NeedNodes(), UpdateWays();
     std::vector<Link *> links;
     for (const auto &link : surface_.Links())
         if (MayNudge(*link)) links.push_back(link.get());
     KeepEachOnce(links);
+    std::map<ItemId, std::uint64_t> routed;
+    for (const Link *link : links) routed[link->Id()] = SumOf(*link);
     for (Link *link : links) DrawStraight(*link);
     UpdateWays();
-    NudgeApart(links);
+    NudgeApart(links, routed);
 }
 
 bool Routing::MayNudge(Link &link) {
@@ -152,8 +195,8 @@ void Routing::AddNear(const Link &link, double reach, std::vector<Link *> &found
     }
 }
 
-void Routing::NudgeApart(const std::vector<Link *> &links) {
-    if (links.size() > kMost) return;
+void Routing::NudgeApart(const std::vector<Link *> &links, const std::map<ItemId, std::uint64_t> &routed) {
+    if (links.size() > kMost) return NoteNudged(routed, links);
     std::vector<Link *> all;
     for (const Link *link : links) AddNear(*link, kInReach, all);
     all.insert(all.end(), links.begin(), links.end());
@@ -171,6 +214,14 @@ void Routing::NudgeApart(const std::vector<Link *> &links) {
     std::vector<std::vector<Point>> ways = Nudge(nudged);
     for (std::size_t i = 0; i < all.size(); ++i)
         if (!nudged[i].stays && ways[i] != all[i]->data_.points) TakeWay(*all[i], std::move(ways[i]));
+    NoteNudged(routed, links);
+}
+
+void Routing::NoteNudged(const std::map<ItemId, std::uint64_t> &routed, const std::vector<Link *> &links) {
+    for (const auto &[id, sum] : routed) nudged_[id].routed = sum;
+    for (const Link *link : links)
+        if (const auto found = nudged_.find(link->Id()); found != nudged_.end())
+            found->second.way = SumOf(*link);
 }
 
 void Routing::TakeWay(Link &link, std::vector<Point> way) {

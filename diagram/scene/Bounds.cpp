@@ -24,11 +24,6 @@ LinkForm FormOf(int style) {
     return row ? row->form : LinkForm::Polyline;
 }
 
-bool IsCurved(int style, const std::vector<Point> &way) {
-    const LinkForm form = FormOf(style);
-    return (form == LinkForm::Bezier || form == LinkForm::Spline) && way.size() > 2;
-}
-
 // A pointed corner stands out up to twice the width of its line.
 double LineReach(float drawWidth) { return 2 * drawWidth * kTwipsPerPixel + kSmoothing; }
 
@@ -121,6 +116,12 @@ QRectF PaintBounds(const Item &item, const QRectF &label) {
     return item.AsNode() ? PaintBounds(*item.AsNode()) : PaintBounds(*item.AsLink(), label);
 }
 
+bool IsCurved(int style, const std::vector<Point> &way) {
+    if (way.size() <= 2) return false;
+    const LinkForm form = FormOf(style);
+    return form == LinkForm::Bezier || form == LinkForm::Spline;
+}
+
 bool IsCurved(const Link &link) { return IsCurved(link.Style(), link.Way()); }
 
 QPainterPath WayPath(int style, const std::vector<Point> &way) {
@@ -130,13 +131,16 @@ QPainterPath WayPath(int style, const std::vector<Point> &way) {
 
 QPainterPath WayPath(const Link &link) { return WayPath(link.Style(), link.Way()); }
 
-std::vector<QPointF> WayPieces(const Link &link) {
+std::vector<QPointF> WayPieces(const Link &link) { return WayPieces(link.Style(), link.Way()); }
+
+std::vector<QPointF> WayPieces(int style, const std::vector<Point> &way) {
     std::vector<QPointF> pieces;
-    if (!IsCurved(link)) {
-        for (const Point &point : link.Way()) pieces.push_back(ToQPointF(point));
+    if (!IsCurved(style, way)) {
+        pieces.reserve(way.size());
+        for (const Point &point : way) pieces.push_back(ToQPointF(point));
         return pieces;
     }
-    const QPainterPath path = WayPath(link);
+    const QPainterPath path = WayPath(style, way);
     pieces.push_back(path.elementAt(0));
     for (int i = 1; i + 2 < path.elementCount(); i += 3) {
         const QPointF from = path.elementAt(i - 1), c1 = path.elementAt(i), c2 = path.elementAt(i + 1),

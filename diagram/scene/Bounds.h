@@ -25,8 +25,10 @@ QRectF PaintBounds(const Item &item, const QRectF &label);
 QPainterPath WayPath(const Link &link);
 QPainterPath WayPath(int style, const std::vector<Point> &way);
 bool IsCurved(const Link &link);
+bool IsCurved(int style, const std::vector<Point> &way);
 // The same line as straight pieces.
 std::vector<QPointF> WayPieces(const Link &link);
+std::vector<QPointF> WayPieces(int style, const std::vector<Point> &way);
 // The size of a label; with no measure it is estimated.
 QSizeF LabelSize(const Link &link, TextMeasure *measure);
 

@@ -8,13 +8,14 @@
 #include "diagram/shapes/LabelPlace.h"
 
 #include <algorithm>
-#include <limits>
+#include <optional>
+#include <tuple>
 
 namespace diagram {
 
 namespace {
 
-constexpr double kAround = 60; // twips around a label in which something may be too near
+constexpr double kRounding = 1; // twips by which points of a way that is moved may differ
 
 QRectF Grown(const QRectF &rect, double by) { return rect.adjusted(-by, -by, by, by); }
 
@@ -27,7 +28,7 @@ double HeadOn(int arrow, int size, double drawWidth) {
     return row ? ArrowScale(size, drawWidth) * std::max(1.0, row->eats) : 0;
 }
 
-LabelRequest RequestFor(const Link &link, const std::vector<QPointF> &way, const QSizeF &size) {
+LabelRequest RequestFor(const Link &link, std::span<const QPointF> way, const QSizeF &size) {
     const LinkData &data = link.Data();
     return {.way = way,
             .curved = IsCurved(link),
@@ -37,98 +38,73 @@ LabelRequest RequestFor(const Link &link, const std::vector<QPointF> &way, const
             .destinationHead = HeadOn(data.arrowDest, data.arrowSizeDest, data.drawWidth)};
 }
 
-bool IsTouched(const std::vector<QRectF> &areas, const QLineF &line) {
-    const double left = std::min(line.x1(), line.x2()), right = std::max(line.x1(), line.x2());
-    const double top = std::min(line.y1(), line.y2()), bottom = std::max(line.y1(), line.y2());
-    return std::ranges::any_of(areas, [&](const QRectF &area) {
-        return left < area.right() && right > area.left() && top < area.bottom() && bottom > area.top() &&
-               RunsThrough(area, line.p1(), line.p2());
-    });
-}
-
 QPointF PlaceOf(const QPointF &point) { return point; }
 QPointF PlaceOf(const Point &point) { return ToQPointF(point); }
 
-// Calls `visit` with each piece of a way.
+// Calls `visit` with the ends of each piece of a way.
 template <typename Points>
 void ForPieces(const Points &points, const auto &visit) {
-    for (std::size_t i = 1; i < points.size(); ++i) visit(QLineF(PlaceOf(points[i - 1]), PlaceOf(points[i])));
+    for (std::size_t i = 1; i < points.size(); ++i) visit(PlaceOf(points[i - 1]), PlaceOf(points[i]));
 }
-void ForPiecesOf(const Link &link, const auto &visit) {
-    IsCurved(link) ? ForPieces(WayPieces(link), visit) : ForPieces(link.Way(), visit);
+void ForPiecesOf(int style, const std::vector<Point> &way, const auto &visit) {
+    IsCurved(style, way) ? ForPieces(WayPieces(style, way), visit) : ForPieces(way, visit);
+}
+std::vector<QLineF> PiecesOf(int style, const std::vector<Point> &way) {
+    std::vector<QLineF> pieces;
+    ForPiecesOf(style, way, [&](const QPointF &from, const QPointF &to) { pieces.emplace_back(from, to); });
+    return pieces;
 }
 
-// What lies in some areas, as far as it speaks against a label there. Each thing once.
+// What lies in an area, as far as it speaks against a label there.
 class Neighbourhood {
 public:
-    Neighbourhood(const Link &link, const std::vector<QRectF> &areas, const ItemsAround &around)
-        : link_(link), areas_(areas) {
-        std::vector<std::pair<ItemId, const Item *>> items;
-        for (const QRectF &area : areas)
-            around(BoxAround(area), [&](const Item &item) { items.emplace_back(item.Id(), &item); });
-        std::ranges::sort(items);
-        items.erase(std::unique(items.begin(), items.end()), items.end());
-        for (const auto &[id, item] : items) Add(*item);
-    }
+    Neighbourhood(const Link &link, const QRectF &area) : link_(link), area_(area) {}
 
+    void AddNodes(const ItemsAround &nodes) {
+        nodes(BoxAround(area_), [this](const Item &item) { AddNode(*item.AsNode()); });
+    }
     void AddLabels(const BoxIndex &labels) {
-        std::vector<BoxIndex::Entry> found;
-        for (const QRectF &area : areas_) labels.Find(area, found);
-        std::ranges::sort(found, {}, &BoxIndex::Entry::second);
-        found.erase(std::unique(found.begin(), found.end()), found.end());
-        for (const auto &[box, id] : found) {
-            const Link *other = link_.Owner().FindLink(id);
-            if (other && LiesBelow(other, &link_)) boxes_.push_back(box.Rect());
-        }
+        labels.Visit(BoxAround(area_), [this](const BoxIndex::Entry &entry) {
+            const Link *other = link_.Owner().FindLink(entry.second);
+            if (other && LiesBelow(other, &link_)) ground_.boxes.push_back(entry.first.Rect());
+        });
     }
-
-    const std::vector<QRectF> &Boxes() const { return boxes_; }
-    const std::vector<QLineF> &Lines() const { return lines_; }
+    // The boxes are in the same order however they were found, as sums depend on that.
+    LabelGround Take() {
+        std::ranges::sort(ground_.boxes, {}, [](const QRectF &box) {
+            return std::tuple(box.left(), box.top(), box.right(), box.bottom());
+        });
+        return std::move(ground_);
+    }
 
 private:
-    void Add(const Item &item) {
-        if (const Node *node = item.AsNode()) return AddNode(*node);
-        if (&item != &link_) AddWay(*item.AsLink());
-    }
-
     // A frame around an end is the label's ground.
     void AddNode(const Node &node) {
         const QRectF box = node.ShownBounds();
         const auto holds = [&](const Node &end) { return &end != &node && box.contains(end.ShownBounds()); };
-        if (!holds(link_.Source()) && !holds(link_.Destination())) boxes_.push_back(box);
+        if (!holds(link_.Source()) && !holds(link_.Destination())) ground_.boxes.push_back(box);
     }
-
-    void AddWay(const Link &other) {
-        ForPiecesOf(other, [this](const QLineF &piece) {
-            if (IsTouched(areas_, piece)) lines_.push_back(piece);
-        });
-    }
-
     const Link &link_;
-    const std::vector<QRectF> &areas_;
-    std::vector<QRectF> boxes_;
-    std::vector<QLineF> lines_;
+    const QRectF area_;
+    LabelGround ground_;
 };
 
-// Everything that the label may cover, close to each piece of a way with bends.
-std::vector<QRectF> ReachesOf(const LabelRequest &request) {
-    if (request.curved) return {ReachOfLabel(request)};
-    std::vector<QRectF> areas;
-    LabelRequest piece = request;
-    for (std::size_t i = 1; i < request.way.size(); ++i) {
-        piece.way = request.way.subspan(i - 1, 2);
-        areas.push_back(ReachOfLabel(piece));
-    }
-    return areas;
+// By how far all of it has been moved; nothing where its form has changed.
+std::optional<QPointF> MoveOf(const std::vector<QPointF> &before, const std::vector<QPointF> &now) {
+    if (before.size() != now.size() || before.empty()) return std::nullopt;
+    const QPointF way = now.front() - before.front();
+    for (std::size_t i = 1; i < now.size(); ++i)
+        if ((now[i] - before[i] - way).manhattanLength() > kRounding) return std::nullopt;
+    return way;
 }
 
 } // namespace
 
 void LabelPlaces::Clear() {
     placed_.clear();
-    reaches_.Clear();
+    looked_.Clear();
     boxes_.Clear();
-    ways_.clear();
+    ForgetWays();
     pending_.clear();
     disturbed_.clear();
 }
@@ -141,29 +117,89 @@ void LabelPlaces::LinkChanged(const Link &link) {
 
 void LabelPlaces::LinkRemoved(ItemId id) {
     ways_.erase(id);
+    pieces_.Remove(id);
     if (placed_.contains(id)) pending_.insert(id);
 }
 
-void LabelPlaces::Disturb(const FloatBox &box) {
+void LabelPlaces::DisturbWhereFreed(const FloatBox &box) {
     if (placed_.empty()) return;
-    reaches_.Visit(box, [this](const BoxIndex::Entry &entry) { disturbed_.insert(entry.second); });
+    looked_.Visit(box, [this](const BoxIndex::Entry &entry) { disturbed_.insert(entry.second); });
+}
+
+void LabelPlaces::DisturbWhereTaken(const FloatBox &box) {
+    if (placed_.empty()) return;
+    boxes_.Visit(BoxAround(Grown(box.Rect(), kLabelGap)),
+                 [this](const BoxIndex::Entry &entry) { disturbed_.insert(entry.second); });
 }
 
 void LabelPlaces::DisturbAlong(const Link &link, const FloatBox *before) {
-    if (placed_.empty()) return void(ways_.erase(link.Id()));
-    std::vector<QLineF> now;
-    if (!link.Hidden()) ForPiecesOf(link, [&](const QLineF &piece) { now.push_back(piece); });
-    const auto [known, isNew] = ways_.try_emplace(link.Id());
-    const std::vector<QLineF> former = std::exchange(known->second, now);
-    if (isNew && before) Disturb(*before);
+    if (placed_.empty()) return ForgetWays();
+    SeenWay now{link.Style(), {}}, former;
+    if (!link.Hidden()) now.points = link.Way();
+    if (knowsWays_) {
+        former = ChangeWay(link, now);
+    } else if (before) {
+        DisturbWhereFreed(*before);
+    }
     std::vector<BoxIndex::Entry> found;
-    const auto disturb = [&](const std::vector<QLineF> &pieces, const std::vector<QLineF> &but) {
-        for (const QLineF &piece : pieces)
-            if (std::ranges::find(but, piece) == but.end())
-                reaches_.FindAlong(piece.p1(), piece.p2(), 0, found);
-    };
-    disturb(former, now), disturb(now, former);
+    const std::vector<QLineF> was = PiecesOf(former.style, former.points),
+                              is = PiecesOf(now.style, now.points);
+    for (const QLineF &piece : was)
+        if (std::ranges::find(is, piece) == is.end()) looked_.FindAlong(piece.p1(), piece.p2(), 0, found);
+    for (const QLineF &piece : is)
+        if (std::ranges::find(was, piece) == was.end())
+            boxes_.FindAlong(piece.p1(), piece.p2(), kLabelGap, found);
     for (const BoxIndex::Entry &entry : found) disturbed_.insert(entry.second);
+}
+
+// Gives the former one.
+LabelPlaces::SeenWay LabelPlaces::ChangeWay(const Link &link, const SeenWay &now) {
+    SeenWay former = std::exchange(ways_[link.Id()], now);
+    if (former == now) return former;
+    pieces_.Remove(link.Id());
+    AddPieces(link.Id(), now);
+    return former;
+}
+
+void LabelPlaces::AddPieces(ItemId id, const SeenWay &way) {
+    ForPiecesOf(way.style, way.points,
+                [&](const QPointF &from, const QPointF &to) { pieces_.Insert(id, from, to); });
+}
+
+void LabelPlaces::ForgetWays() {
+    knowsWays_ = false;
+    ways_.clear(), pieces_.Clear();
+}
+
+void LabelPlaces::NeedWays(const Surface &surface) {
+    if (std::exchange(knowsWays_, true)) return;
+    for (const auto &link : surface.Links()) {
+        if (link->Hidden()) continue;
+        AddPieces(link->Id(), ways_[link->Id()] = {link->Style(), link->Way()});
+    }
+}
+
+LabelPlaces::Found LabelPlaces::MovedBy(const QPointF &way, Found found) {
+    found.box.translate(way);
+    for (FloatBox &area : found.looked) area = BoxAround(area.Rect().translated(way));
+    return found;
+}
+
+void LabelPlaces::Follow(const Surface &surface) {
+    std::vector<BoxIndex::Entry> looked, boxes;
+    for (auto &[id, placed] : placed_) {
+        disturbed_.insert(id);
+        const Link *link = surface.FindLink(id);
+        Way way = link ? WayPieces(*link) : Way();
+        if (const std::optional<QPointF> move = MoveOf(placed.way, way)) {
+            static_cast<Found &>(placed) = MovedBy(*move, placed);
+            placed.way = std::move(way);
+        }
+        for (const FloatBox &area : placed.looked) looked.emplace_back(area, id);
+        if (placed.isIndexed) boxes.emplace_back(BoxAround(placed.box), id);
+    }
+    looked_.Build(looked), boxes_.Build(boxes);
+    ForgetWays();
 }
 
 QRectF LabelPlaces::At(ItemId id) const {
@@ -175,41 +211,37 @@ void LabelPlaces::Forget(ItemId id) {
     const auto found = placed_.find(id);
     if (found == placed_.end()) return;
     const Placed placed = found->second;
-    for (const FloatBox &reach : placed.reaches) reaches_.Remove(reach, id);
+    for (const FloatBox &area : placed.looked) looked_.Remove(area, id);
     if (placed.isIndexed) boxes_.Remove(BoxAround(placed.box), id);
     placed_.erase(found);
-    Disturb(BoxAround(placed.box));
+    DisturbWhereFreed(BoxAround(placed.box));
 }
 
-LabelPlaces::Found LabelPlaces::FindPlace(const Link &link, const QSizeF &size,
-                                          const ItemsAround &around) const {
-    const std::vector<QPointF> way = WayPieces(link);
-    LabelRequest request = RequestFor(link, way, size);
-    const auto look = [&](const std::vector<QRectF> &areas, auto find) {
-        Neighbourhood near(link, areas, around);
-        near.AddLabels(boxes_);
-        request.boxes = near.Boxes(), request.lines = near.Lines();
-        return find(request);
-    };
-    const QRectF usual = BoxAt(MiddleOfWay(way), size), ground = Grown(usual, kAround);
-    if (look({ground}, IsFreeInTheMiddle)) return {usual, {ground}};
-    std::vector<QRectF> reaches = ReachesOf(request);
-    const QPointF middle = look(reaches, PlaceLabel);
-    return {BoxAt(middle, size), std::move(reaches)};
+LabelPlaces::Found LabelPlaces::FindPlace(const Link &link, const Way &way, const QSizeF &size,
+                                          const ItemsAround &nodes) const {
+    const LabelPlace place = PlaceLabel(RequestFor(link, way, size), [&](const QRectF &area) {
+        Neighbourhood near(link, area);
+        near.AddNodes(nodes), near.AddLabels(boxes_);
+        LabelGround ground = near.Take();
+        pieces_.Find(area, link.Id(), ground.lines);
+        return ground;
+    });
+    Found found{BoxAt(place.middle, size), {}};
+    for (const QRectF &area : place.looked) found.looked.push_back(BoxAround(area));
+    return found;
 }
 
-QRectF LabelPlaces::PlaceFor(const Link &link, const QSizeF &size, const ItemsAround &around) const {
-    return FindPlace(link, size, around).box;
+QRectF LabelPlaces::PlaceFor(const Link &link, const QSizeF &size, const ItemsAround &nodes) {
+    NeedWays(link.Owner());
+    return FindPlace(link, WayPieces(link), size, nodes).box;
 }
 
 void LabelPlaces::Index(ItemId id, Placed &placed, const Found &found) {
-    std::vector<FloatBox> reaches;
-    for (const QRectF &reach : found.reaches) reaches.push_back(BoxAround(reach));
     const bool isNew = !std::exchange(placed.isIndexed, true);
-    if (placed.reaches != reaches) {
-        for (const FloatBox &reach : placed.reaches) reaches_.Remove(reach, id);
-        for (const FloatBox &reach : reaches) reaches_.Insert(reach, id);
-        placed.reaches = std::move(reaches);
+    if (placed.looked != found.looked) {
+        for (const FloatBox &area : placed.looked) looked_.Remove(area, id);
+        for (const FloatBox &area : found.looked) looked_.Insert(area, id);
+        placed.looked = found.looked;
     }
     if (isNew || placed.box != found.box) {
         if (!isNew) boxes_.Remove(BoxAround(placed.box), id);
@@ -217,23 +249,29 @@ void LabelPlaces::Index(ItemId id, Placed &placed, const Found &found) {
     }
 }
 
-void LabelPlaces::DisturbAbove(const Link &link, const QRectF &box) {
-    reaches_.Visit(BoxAround(box), [&](const BoxIndex::Entry &entry) {
+void LabelPlaces::DisturbAbove(const Link &link, const BoxIndex &index, const QRectF &box) {
+    index.Visit(BoxAround(box), [&](const BoxIndex::Entry &entry) {
         const Link *other = link.Owner().FindLink(entry.second);
         if (other && LiesBelow(&link, other)) disturbed_.insert(entry.second);
     });
 }
 
-bool LabelPlaces::Place(const Link &link, const ItemsAround &around) {
-    const Found found = FindPlace(link, LabelSize(link, link.Owner().Measure()), around);
+bool LabelPlaces::Place(const Link &link, const ItemsAround &nodes, Extent extent) {
+    const QSizeF size = LabelSize(link, link.Owner().Measure());
+    const Way way = WayPieces(link);
     Placed &placed = placed_[link.Id()];
     placed.rank = RankOf(link);
     const QRectF before = placed.box;
-    const bool stood = placed.isIndexed;
-    Index(link.Id(), placed, found);
-    if (stood && found.box == before) return false;
-    if (stood) DisturbAbove(link, before);
-    DisturbAbove(link, found.box);
+    const bool stood = placed.isIndexed, stays = stood && before.size() == size;
+    const std::optional<QPointF> move =
+        extent == Extent::OfChangedLinks && stays ? MoveOf(placed.way, way) : std::nullopt;
+    if (!move) NeedWays(link.Owner());
+    Index(link.Id(), placed, move ? MovedBy(*move, placed) : FindPlace(link, way, size, nodes));
+    placed.way = way;
+    if (move) disturbed_.insert(link.Id());
+    if (stood && placed.box == before) return false;
+    if (stood) DisturbAbove(link, looked_, before);
+    DisturbAbove(link, boxes_, Grown(placed.box, kLabelGap));
     return true;
 }
 
@@ -248,7 +286,7 @@ std::set<LabelPlaces::Rank> LabelPlaces::TakePending(const Surface &surface, Ext
             if (link && !link->Hidden() && !link->Text().isEmpty()) {
                 if (found == placed_.end() || found->second.rank == RankOf(*link)) continue;
                 found->second.rank = RankOf(*link);
-                Disturb(BoxAround(found->second.box));
+                DisturbWhereFreed(BoxAround(found->second.box));
             } else {
                 pending_.erase(id);
                 Forget(id);
@@ -267,13 +305,13 @@ void LabelPlaces::Enqueue(const Surface &surface, std::set<Rank> &queue) {
         if (const Link *link = surface.FindLink(id)) queue.insert(RankOf(*link));
 }
 
-void LabelPlaces::Update(const Surface &surface, const ItemsAround &around, Extent extent,
+void LabelPlaces::Update(const Surface &surface, const ItemsAround &nodes, Extent extent,
                          const std::function<void(Link &)> &moved) {
     std::set<Rank> queue = TakePending(surface, extent);
     while (!queue.empty()) {
         Link &link = *surface.FindLink(queue.begin()->second);
         queue.erase(queue.begin());
-        if (!Place(link, around)) continue;
+        if (!Place(link, nodes, extent)) continue;
         moved(link);
         if (extent == Extent::All) Enqueue(surface, queue);
     }

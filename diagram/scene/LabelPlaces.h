@@ -2,9 +2,12 @@
 // that lie lower in the stacking, so that the same surface gives the same places whatever came before.
 #pragma once
 
+#include "diagram/geometry/Point.h"
 #include "diagram/scene/ItemsAround.h"
+#include "diagram/scene/PieceGrid.h"
 
 #include <QLineF>
+#include <QRectF>
 #include <set>
 #include <unordered_map>
 
@@ -19,56 +22,74 @@ public:
     // Text, font or way may have changed, the link may be hidden or restacked: its label is looked at anew.
     void LinkChanged(const Link &link);
     void LinkRemoved(ItemId id);
-    // What stands, or stood, in that box has changed: labels that reach it are looked at anew.
-    void Disturb(const FloatBox &box);
+    // What stood in that box stands there no more: labels that looked there are looked at anew.
+    void DisturbWhereFreed(const FloatBox &box);
+    // Something has come to stand there: labels that it touches are looked at anew.
+    void DisturbWhereTaken(const FloatBox &box);
     // The same for the pieces of a link's way that it hadn't before, or has no more. `before` is where it
     // stood, null if it wasn't seen; it counts as a whole where its way isn't remembered.
     void DisturbAlong(const Link &link, const FloatBox *before);
+    // Most of what there is has been moved: labels whose links are as they were, elsewhere, go along; all are
+    // looked at anew when that is asked for.
+    void Follow(const Surface &surface);
 
     // While something is dragged, labels of links that don't change themselves stay where they are: what is
-    // done for each step of the drag must not take longer than the step, and what is looked at stays quiet.
+    // done for each step of the drag must not take longer than the step, and what is looked at stays quiet. A
+    // label whose link is moved as a whole goes along.
     // Afterwards they are looked at together, so that in the end the drag makes no difference.
     enum class Extent { All, OfChangedLinks };
     bool IsUpToDate(Extent extent) const {
         return pending_.empty() && (extent == Extent::OfChangedLinks || disturbed_.empty());
     }
-    // Places what must be looked at; tells the links whose labels stand elsewhere now.
-    void Update(const Surface &surface, const ItemsAround &around, Extent extent,
+    // Places what must be looked at; tells the links whose labels stand elsewhere now. `nodes` are those
+    // around.
+    void Update(const Surface &surface, const ItemsAround &nodes, Extent extent,
                 const std::function<void(Link &)> &moved);
     // Empty without one.
     QRectF At(ItemId id) const;
     // Where a label of that size would stand.
-    QRectF PlaceFor(const Link &link, const QSizeF &size, const ItemsAround &around) const;
+    QRectF PlaceFor(const Link &link, const QSizeF &size, const ItemsAround &nodes);
 
 private:
     using Rank = std::pair<StackKey, ItemId>;
+    using Way = std::vector<QPointF>;
     struct Found {
         QRectF box;
-        // Nothing outside matters to it: a label in the middle of its way stays while it is free.
-        std::vector<QRectF> reaches;
+        std::vector<FloatBox> looked; // nothing that goes elsewhere matters to it
     };
-    struct Placed {
-        std::vector<FloatBox> reaches;
-        QRectF box;
-        Rank rank;              // when it was placed last
-        bool isIndexed = false; // reaches and box are in the indices
+    struct Placed : Found {
+        Way way;                // straight pieces, as when it was placed last
+        Rank rank;              // the same
+        bool isIndexed = false; // looked and box are in the indices
+    };
+    struct SeenWay {
+        int style = 0;
+        std::vector<Point> points; // none while it is hidden
+        friend bool operator==(const SeenWay &, const SeenWay &) = default;
     };
 
     static Rank RankOf(const Link &link);
     std::set<Rank> TakePending(const Surface &surface, Extent extent);
     void Forget(ItemId id);
     // Whether it stands elsewhere now; what that disturbs is noted.
-    bool Place(const Link &link, const ItemsAround &around);
+    bool Place(const Link &link, const ItemsAround &nodes, Extent extent);
     void Index(ItemId id, Placed &placed, const Found &found);
-    void DisturbAbove(const Link &link, const QRectF &box);
+    void DisturbAbove(const Link &link, const BoxIndex &index, const QRectF &box);
+    void NeedWays(const Surface &surface);
+    void ForgetWays();
+    void AddPieces(ItemId id, const SeenWay &way);
+    SeenWay ChangeWay(const Link &link, const SeenWay &now);
     void Enqueue(const Surface &surface, std::set<Rank> &queue);
-    Found FindPlace(const Link &link, const QSizeF &size, const ItemsAround &around) const;
+    Found FindPlace(const Link &link, const Way &way, const QSizeF &size, const ItemsAround &nodes) const;
+    static Found MovedBy(const QPointF &way, Found found);
 
     std::unordered_map<ItemId, Placed> placed_;
-    std::unordered_map<ItemId, std::vector<QLineF>> ways_; // of links that have moved among labels
-    BoxIndex reaches_, boxes_;
+    bool knowsWays_ = false; // not while there are no labels, nor before a place is looked for
+    std::unordered_map<ItemId, SeenWay> ways_;
+    PieceGrid pieces_; // of the ways
+    BoxIndex looked_, boxes_;
     std::set<ItemId> pending_;   // changed themselves
-    std::set<ItemId> disturbed_; // reach what has changed
+    std::set<ItemId> disturbed_; // have looked at what has changed
 };
 
 } // namespace diagram

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <QPolygonF>
 
 namespace diagram {
@@ -28,14 +29,14 @@ bool IsMarked(const Item &item) { return item.AsNode() ? item.AsNode()->Marked()
 } // namespace
 
 // What is known of each item stands in a slot by its identity, which are dense enough for that. An item that
-// moves leaves the tree for the list of loose ones: what moves once moves with every step of a drag.
+// moves leaves its tree for the list of loose ones: what moves once moves with every step of a drag.
 struct Scene::State {
     enum Flag : std::uint8_t { kIndexed = 1, kDirty = 2, kLoose = 4 };
 
-    BoxIndex tree;
+    BoxIndex nodes, links;
     LabelPlaces labels;
     std::vector<Item *> loose;
-    std::vector<Item *> items;   // in the tree, or loose
+    std::vector<Item *> items;   // in a tree, or loose
     std::vector<FloatBox> boxes; // as indexed
     std::vector<std::uint8_t> flags;
     std::vector<ItemId> dirty;
@@ -44,6 +45,7 @@ struct Scene::State {
     Calendar calendar;
     bool calendarOutdated = true;
 
+    BoxIndex &TreeOf(const Item &item) { return item.AsNode() ? nodes : links; }
     bool Is(ItemId id, Flag flag) const { return id < flags.size() && (flags[id] & flag); }
 
     void Reserve(ItemId id) {
@@ -78,14 +80,14 @@ struct Scene::State {
         if (Is(item.Id(), kLoose)) {
             std::erase(loose, &item);
         } else {
-            tree.Remove(boxes[item.Id()], item.Id());
+            TreeOf(item).Remove(boxes[item.Id()], item.Id());
         }
         flags[item.Id()] &= std::uint8_t(~(kIndexed | kLoose));
     }
 
     void MakeLoose(Item &item) {
         if (Is(item.Id(), kLoose)) return;
-        tree.Remove(boxes[item.Id()], item.Id());
+        TreeOf(item).Remove(boxes[item.Id()], item.Id());
         flags[item.Id()] |= kLoose;
         loose.push_back(&item);
     }
@@ -93,7 +95,7 @@ struct Scene::State {
     void BindLoose() {
         for (Item *item : loose) {
             flags[item->Id()] &= std::uint8_t(~kLoose);
-            tree.Insert(boxes[item->Id()], item->Id());
+            TreeOf(*item).Insert(boxes[item->Id()], item->Id());
         }
         loose.clear();
     }
@@ -101,20 +103,29 @@ struct Scene::State {
     // Calls `visit` with each indexed item whose bounds touch the box.
     template <typename Visit>
     void Query(const FloatBox &box, Visit visit) const {
-        tree.Visit(box, [&](const BoxIndex::Entry &entry) { visit(*items[entry.second]); });
+        QueryNodes(box, visit);
+        links.Visit(box, [&](const BoxIndex::Entry &entry) { visit(*items[entry.second]); });
         for (Item *item : loose)
-            if (boxes[item->Id()].Touches(box)) visit(*item);
+            if (item->AsLink() && boxes[item->Id()].Touches(box)) visit(*item);
+    }
+    template <typename Visit>
+    void QueryNodes(const FloatBox &box, Visit visit) const {
+        nodes.Visit(box, [&](const BoxIndex::Entry &entry) { visit(*items[entry.second]); });
+        for (Item *item : loose)
+            if (item->AsNode() && boxes[item->Id()].Touches(box)) visit(*item);
     }
 
     QRectF Extent() const {
-        if (tree.Size() == 0 && loose.empty()) return {};
-        FloatBox all = tree.Size() == 0 ? boxes[loose.front()->Id()] : tree.Bounds();
-        for (const Item *item : loose) all.Unite(boxes[item->Id()]);
-        return all.Rect();
+        std::optional<FloatBox> all;
+        const auto add = [&](const FloatBox &box) { all ? all->Unite(box) : void(all = box); };
+        for (const BoxIndex *tree : {&nodes, &links})
+            if (tree->Size() != 0) add(tree->Bounds());
+        for (const Item *item : loose) add(boxes[item->Id()]);
+        return all ? all->Rect() : QRectF();
     }
 
     void Forget() {
-        tree.Clear();
+        nodes.Clear(), links.Clear();
         labels.Clear();
         loose.clear();
         flags.clear();
@@ -132,7 +143,14 @@ struct Scene::State {
         };
     }
 
+    ItemsAround NodesAround() const {
+        return [this](const FloatBox &box, const std::function<void(const Item &)> &visit) {
+            QueryNodes(box, visit);
+        };
+    }
+
     void Build(Surface &surface);
+    void Follow(Surface &surface);
     void BuildTree(const Surface &surface);
     void Put(Item &item, const FloatBox &box);
     void Reindex(Item &item);
@@ -141,9 +159,13 @@ struct Scene::State {
 };
 
 void Scene::State::BuildTree(const Surface &surface) {
-    std::vector<BoxIndex::Entry> entries;
-    entries.reserve(std::size_t(surface.Nodes().Count()) + surface.Links().size());
-    const auto add = [&](Item &item) {
+    flags.assign(surface.NextId(), 0);
+    boxes.resize(surface.NextId());
+    items.resize(surface.NextId());
+    loose.clear();
+    std::vector<BoxIndex::Entry> ofNodes, ofLinks;
+    ofNodes.reserve(std::size_t(surface.Nodes().Count())), ofLinks.reserve(surface.Links().size());
+    const auto add = [&](Item &item, std::vector<BoxIndex::Entry> &entries) {
         if (IsHidden(item)) return;
         const FloatBox box = BoxOf(item);
         boxes[item.Id()] = box;
@@ -151,23 +173,29 @@ void Scene::State::BuildTree(const Surface &surface) {
         flags[item.Id()] = kIndexed;
         entries.emplace_back(box, item.Id());
     };
-    for (Node &node : surface.Nodes()) add(node);
-    for (const auto &link : surface.Links()) add(*link);
-    tree.Build(entries);
+    for (Node &node : surface.Nodes()) add(node, ofNodes);
+    for (const auto &link : surface.Links()) add(*link, ofLinks);
+    nodes.Build(ofNodes), links.Build(ofLinks);
 }
 
 // The labels look for their places among everything else.
 void Scene::State::Build(Surface &surface) {
     Forget();
-    flags.resize(surface.NextId());
-    boxes.resize(surface.NextId());
-    items.resize(surface.NextId());
     BuildTree(surface);
     for (const auto &link : surface.Links()) labels.LinkChanged(*link);
     bool any = false;
-    labels.Update(surface, Around(), LabelPlaces::Extent::All, [&any](Link &) { any = true; });
+    labels.Update(surface, NodesAround(), LabelPlaces::Extent::All, [&any](Link &) { any = true; });
     if (any) BuildTree(surface);
     built = true;
+}
+
+// Everything anew but the labels.
+void Scene::State::Follow(Surface &surface) {
+    for (const ItemId id : std::exchange(dirty, {}))
+        if (const Link *link = surface.FindLink(id)) labels.LinkChanged(*link);
+    labels.Follow(surface);
+    BuildTree(surface);
+    DamageAll();
 }
 
 void Scene::State::Put(Item &item, const FloatBox &box) {
@@ -177,7 +205,7 @@ void Scene::State::Put(Item &item, const FloatBox &box) {
     if (Is(id, kIndexed)) {
         MakeLoose(item);
     } else {
-        tree.Insert(box, id);
+        TreeOf(item).Insert(box, id);
     }
     boxes[id] = box;
     items[id] = &item;
@@ -193,8 +221,8 @@ void Scene::State::Reindex(Item &item) {
         labels.DisturbAlong(*link, before);
         labels.LinkChanged(*link);
     } else {
-        if (before) labels.Disturb(*before);
-        if (!IsHidden(item)) labels.Disturb(box);
+        if (before) labels.DisturbWhereFreed(*before);
+        if (!IsHidden(item)) labels.DisturbWhereTaken(box);
     }
     Put(item, box);
 }
@@ -216,12 +244,13 @@ void Scene::State::UpdateItems(Surface &surface) {
 // Many changed items are cheaper to index anew with all the others.
 void Scene::State::Update(Surface &surface) {
     surface.SettleWays();
-    if (!built || (dirty.size() > kFewItems && dirty.size() > (tree.Size() + loose.size()) / 4))
-        return Build(surface);
-    UpdateItems(surface);
+    const bool many =
+        dirty.size() > kFewItems && dirty.size() > (nodes.Size() + links.Size() + loose.size()) / 4;
+    if (!built || (many && !surface.HoldsWays())) return Build(surface);
+    many ? Follow(surface) : UpdateItems(surface);
     const auto extent = surface.HoldsWays() ? LabelPlaces::Extent::OfChangedLinks : LabelPlaces::Extent::All;
     if (!labels.IsUpToDate(extent)) {
-        labels.Update(surface, Around(), extent, [this](Link &link) {
+        labels.Update(surface, NodesAround(), extent, [this](Link &link) {
             if (Is(link.Id(), kIndexed)) AddDamage(boxes[link.Id()].Rect());
             Put(link, BoxOf(link));
         });
@@ -274,7 +303,7 @@ void Scene::ItemRemoved(Item &item) {
     NoteStrip(item, Change::All);
     if (!state_->built) return;
     if (state_->Is(item.Id(), State::kIndexed)) state_->AddDamage(state_->boxes[item.Id()].Rect());
-    if (state_->Is(item.Id(), State::kIndexed)) state_->labels.Disturb(state_->boxes[item.Id()]);
+    if (state_->Is(item.Id(), State::kIndexed)) state_->labels.DisturbWhereFreed(state_->boxes[item.Id()]);
     state_->labels.LinkRemoved(item.Id());
     state_->Unindex(item);
     if (item.Id() < state_->flags.size()) state_->flags[item.Id()] = 0;
@@ -341,7 +370,7 @@ QRectF Scene::LabelBounds(const Link &link) {
 
 QRectF Scene::LabelPlace(const Link &link, const QSizeF &size) {
     state_->Update(surface_);
-    return state_->labels.PlaceFor(link, size, state_->Around());
+    return state_->labels.PlaceFor(link, size, state_->NodesAround());
 }
 
 std::vector<Crossing> Scene::Crossings(const Link &link) {

@@ -6,14 +6,13 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <vector>
+#include <optional>
 
 namespace diagram {
 
 namespace {
 
-constexpr double kGap = 45;            // between a label and what it must not cover
-constexpr double kLineGap = 20;        // and a line
+constexpr double kLineGap = 20;        // between a label and a line
 constexpr double kHeadWidth = 1 / 3.0; // to either side of the line, by its length
 constexpr double kInSight = 120;       // of a segment to either side of a label
 constexpr double kStep = 150;          // between two places looked at, at least
@@ -40,13 +39,18 @@ QRectF BoxAt(const QPointF &middle, const QSizeF &size) {
 // From the line to a label beside it.
 double Gap(const LabelRequest &request) {
     const double head = std::max({request.sourceHead, request.middleHead, request.destinationHead});
-    return std::max(kGap, head * kHeadWidth + kLineGap);
+    return std::max(kLabelGap, head * kHeadWidth + kLineGap);
 }
 
 // Faster than QRectF's own, which thinks of negative sizes. What has no inside touches nothing.
 bool Touch(const QRectF &a, const QRectF &b) {
     return b.width() > 0 && b.height() > 0 && a.left() < b.right() && b.left() < a.right() &&
            a.top() < b.bottom() && b.top() < a.bottom();
+}
+
+bool Holds(const QRectF &box, const QPointF &point) {
+    return point.x() >= box.left() && point.x() <= box.right() && point.y() >= box.top() &&
+           point.y() <= box.bottom();
 }
 
 // Of lines most are too far away to be compared closely.
@@ -56,15 +60,36 @@ bool Crosses(const QLineF &line, const QRectF &box) {
            RunsThrough(box, line.p1(), line.p2());
 }
 
+// QRectF's own takes nothing for a place.
+QRectF United(const QRectF &a, const QRectF &b) {
+    const QPointF low(std::min(a.left(), b.left()), std::min(a.top(), b.top()));
+    return {low, QPointF(std::max(a.right(), b.right()), std::max(a.bottom(), b.bottom()))};
+}
+
 double Share(const QRectF &box, const QRectF &of) {
     const QRectF both = box & of;
     return both.isEmpty() ? 0 : both.width() * both.height() / (of.width() * of.height());
 }
 
-// A stretch of the way without bends: a segment, or a whole curve.
+// A stretch of the way without bends: a segment, or a whole curve. Labels stand on it, or to its left or
+// right.
 struct Stretch {
     double start, length;    // along the way
     std::size_t first, last; // its pieces
+    QPointF direction;       // of a straight one
+    // From the middle outwards: where along it labels may stand, and what that costs on the line and beside
+    // it, whatever is around.
+    struct Spot {
+        double along, on, beside;
+    };
+    std::vector<Spot> spots = {};
+};
+
+// A row of places along a stretch.
+struct Row {
+    const Stretch *stretch;
+    int side;     // -1, 0, 1
+    double least; // that a place costs in it, whatever is around
 };
 
 struct Place {
@@ -74,22 +99,21 @@ struct Place {
 
 class Search {
 public:
-    explicit Search(const LabelRequest &request) : request_(request), length_(WayLength(request.way)) {
+    Search(const LabelRequest &request, const LabelGrounds &grounds)
+        : request_(request), grounds_(grounds), length_(WayLength(request.way)), stretches_(Stretches()) {
+        for (Stretch &stretch : stretches_) AddSpots(stretch);
         AddHead(0, request.sourceHead);
         AddHead(length_ / 2 - request.middleHead / 2, request.middleHead);
         AddHead(length_ - request.destinationHead, request.destinationHead);
     }
 
-    bool IsFree(const QPointF &middle) const {
-        return CostAt(middle, PlaceOnWay(request_.way, length_ / 2).segment, 1) == 0;
-    }
-
-    QPointF Find() {
-        const std::vector<Stretch> stretches = Stretches();
-        for (const Stretch &stretch : stretches) Look(stretch, 0);
-        if (best_.cost <= kBeside) return best_.middle;
-        for (const Stretch &stretch : stretches) Look(stretch, 1), Look(stretch, -1);
-        return best_.middle;
+    LabelPlace Find() {
+        const WayPlace middle = PlaceOnWay(request_.way, length_ / 2);
+        const QRectF room = RoomAt(middle.point);
+        if (CostAt(grounds_(room), middle.point, middle.segment, 1) == 0) return {middle.point, {room}};
+        Look({0});
+        if (best_.cost > kBeside) Look({1, -1});
+        return {best_.middle, Looked(room)};
     }
 
 private:
@@ -102,42 +126,107 @@ private:
 
     std::vector<Stretch> Stretches() const {
         const std::size_t pieces = request_.way.size() - 1;
-        if (request_.curved) return {{0, length_, 0, pieces - 1}};
+        if (request_.curved) return {{0, length_, 0, pieces - 1, {1, 0}}};
         std::vector<Stretch> stretches;
         double start = 0;
         for (std::size_t i = 0; i < pieces; ++i) {
+            const QPointF way = request_.way[i + 1] - request_.way[i];
             const double length = Distance(request_.way[i], request_.way[i + 1]);
-            if (length > 0) stretches.push_back({start, length, i, i});
+            if (length > 0) stretches.push_back({start, length, i, i, way / length});
             start += length;
         }
-        if (stretches.empty()) stretches.push_back({0, 0, 0, 0});
+        if (stretches.empty()) stretches.push_back({0, 0, 0, 0, {1, 0}});
         return stretches;
     }
-
-    // From the middle of the stretch outwards; to its left or right, or on it.
-    void Look(const Stretch &stretch, int side) {
+    void AddSpots(Stretch &stretch) const {
         const double half = stretch.length / 2, step = std::max(kStep, half / kMostSteps);
         for (double off = 0; off <= half; off += step) {
-            Try(stretch, half + off, side);
-            if (off > 0) Try(stretch, half - off, side);
+            stretch.spots.push_back(SpotAt(stretch, half + off));
+            if (off > 0) stretch.spots.push_back(SpotAt(stretch, half - off));
         }
     }
+    Stretch::Spot SpotAt(const Stretch &stretch, double along) const {
+        const QPointF direction =
+            request_.curved ? PlaceOnWay(request_.way, along).direction : stretch.direction;
+        const double offTheMiddle = std::abs(stretch.start + along - length_ / 2) / std::max(length_, 1.0);
+        const double offCentre = std::abs(along - stretch.length / 2) / std::max(stretch.length, 1.0);
+        const bool upright = std::abs(direction.y()) > std::abs(direction.x());
+        const double unease =
+            2 * (offTheMiddle * kOffTheMiddle + offCentre * kOffCentre) + (upright ? kUpright : 0);
+        return {along, unease + (IsShort(stretch, direction) ? kOnShort : 0), unease + kBeside};
+    }
 
-    void Try(const Stretch &stretch, double along, int side) {
-        const WayPlace place = PlaceOnWay(request_.way, stretch.start + along);
+    // What surely costs least first, as much of the others needn't be looked at then.
+    void Look(std::initializer_list<int> sides) {
+        std::vector<Row> rows;
+        for (const Stretch &stretch : stretches_)
+            for (const int side : sides) rows.push_back({&stretch, side, LeastIn(stretch, side)});
+        std::ranges::stable_sort(rows, {}, &Row::least);
+        for (const Row &row : rows) LookAt(row);
+    }
+    static double LeastIn(const Stretch &stretch, int side) {
+        double least = std::numeric_limits<double>::infinity();
+        ForPlaces(stretch, side, [&](double, double cost) { least = std::min(least, cost); });
+        return least;
+    }
+
+    void LookAt(const Row &row) {
+        const std::optional<QRectF> area = AreaOf(*row.stretch, row.side, best_.cost);
+        if (!area) return;
+        const LabelGround ground = grounds_(*area);
+        ForPlaces(*row.stretch, row.side, [&](double along, double cost) {
+            if (cost >= best_.cost) return;
+            const auto [middle, segment] = MiddleAt(*row.stretch, along, row.side);
+            const double all =
+                cost + CostAt(ground, middle, row.side ? request_.way.size() : segment, best_.cost - cost);
+            if (all < best_.cost) best_ = {middle, all};
+        });
+    }
+
+    static void ForPlaces(const Stretch &stretch, int side, auto visit) {
+        for (const Stretch::Spot &spot : stretch.spots) visit(spot.along, side ? spot.beside : spot.on);
+    }
+
+    struct Middle {
+        QPointF point;
+        std::size_t segment;
+    };
+    Middle MiddleAt(const Stretch &stretch, double along, int side) const {
+        WayPlace place{request_.way[stretch.first] + stretch.direction * along, stretch.direction,
+                       stretch.first};
+        if (request_.curved) place = PlaceOnWay(request_.way, along);
+        if (side == 0) return {place.point, place.segment};
         const QPointF normal(place.direction.y(), -place.direction.x());
-        const double away = Gap(request_) + (std::abs(normal.x()) * request_.size.width() +
-                                             std::abs(normal.y()) * request_.size.height()) /
-                                                2;
-        const double cost =
-            Unease(stretch, along, place.direction) + (side                                ? kBeside
-                                                       : IsShort(stretch, place.direction) ? kOnShort
-                                                                                           : 0);
-        if (cost >= best_.cost) return;
-        const QPointF middle = place.point + normal * (side * away);
-        const double all =
-            cost + CostAt(middle, side ? request_.way.size() : place.segment, best_.cost - cost);
-        if (all < best_.cost) best_ = {middle, all};
+        const double across =
+            std::abs(normal.x()) * request_.size.width() + std::abs(normal.y()) * request_.size.height();
+        return {place.point + normal * (side * (Gap(request_) + across / 2)), place.segment};
+    }
+    QRectF RoomAt(const QPointF &middle) const { return Grown(BoxAt(middle, request_.size), kLabelGap); }
+
+    // Of the places in the row that cost less, as far as that is known; nothing without one.
+    std::optional<QRectF> AreaOf(const Stretch &stretch, int side, double below) const {
+        std::optional<QRectF> area;
+        const auto add = [&](double along) {
+            const QRectF room = RoomAt(MiddleAt(stretch, along, side).point);
+            area = area ? United(*area, room) : room;
+        };
+        double low = stretch.length, high = 0;
+        ForPlaces(stretch, side, [&](double along, double cost) {
+            if (cost >= below) return;
+            low = std::min(low, along), high = std::max(high, along);
+            if (request_.curved) add(along);
+        });
+        if (!request_.curved && low <= high) add(low), add(high);
+        return area;
+    }
+    // Where places could have been as good as the best.
+    std::vector<QRectF> Looked(const QRectF &middle) const {
+        const double below = std::nextafter(best_.cost, std::numeric_limits<double>::infinity());
+        std::vector<QRectF> looked{middle};
+        for (const int side : {0, 1, -1})
+            for (const Stretch &stretch : stretches_)
+                if (const std::optional<QRectF> area = AreaOf(stretch, side, below)) looked.push_back(*area);
+        return looked;
     }
 
     bool IsShort(const Stretch &stretch, const QPointF &direction) const {
@@ -147,40 +236,37 @@ private:
         return stretch.length < covered + 2 * kInSight;
     }
 
-    double Unease(const Stretch &stretch, double along, const QPointF &direction) const {
-        const double offTheMiddle = std::abs(stretch.start + along - length_ / 2) / std::max(length_, 1.0);
-        const double offCentre = std::abs(along - stretch.length / 2) / std::max(stretch.length, 1.0);
-        const bool upright = std::abs(direction.y()) > std::abs(direction.x());
-        return 2 * (offTheMiddle * kOffTheMiddle + offCentre * kOffCentre) + (upright ? kUpright : 0);
-    }
-
     // Of what the label covers there; any number from `most` on is as good as another. `own` is the piece of
     // the way on which it stands, if it does.
-    double CostAt(const QPointF &middle, std::size_t own, double most) const {
-        const QRectF label = BoxAt(middle, request_.size), room = Grown(label, kGap);
+    double CostAt(const LabelGround &ground, const QPointF &middle, std::size_t own, double most) const {
+        const QRectF label = BoxAt(middle, request_.size), room = Grown(label, kLabelGap);
         double cost = 0;
         for (const QRectF &head : heads_) cost += Touch(label, head) ? kOnHead : 0;
         for (std::size_t i = 1; i + 1 < request_.way.size() && !request_.curved && cost < most; ++i)
-            cost += room.contains(request_.way[i]) ? kOnBend : 0;
-        for (const QRectF &box : request_.boxes) {
+            cost += Holds(room, request_.way[i]) ? kOnBend : 0;
+        for (const QRectF &box : ground.boxes) {
             if (cost >= most) return cost;
             if (Touch(room, box)) cost += kTouched + (kCovered - kTouched) * Share(box, label);
         }
-        return cost + (cost < most ? LinesAt(Grown(label, kLineGap), own) : 0);
+        return cost < most ? cost + LinesAt(ground, Grown(label, kLineGap), own, most - cost) : cost;
     }
 
-    double LinesAt(const QRectF &label, std::size_t own) const {
+    double LinesAt(const LabelGround &ground, const QRectF &label, std::size_t own, double most) const {
         const bool beside = own >= request_.way.size();
         double cost = 0;
-        for (const QLineF &line : request_.lines)
+        for (const QLineF &line : ground.lines) {
             if (Crosses(line, label)) cost += beside ? kPastLine : kOnLine;
+            if (cost >= std::min(most, kOnManyLines)) return std::min(cost, kOnManyLines);
+        }
         for (std::size_t i = 0; i + 1 < request_.way.size() && (beside || !request_.curved); ++i)
-            if (i != own && RunsThrough(label, request_.way[i], request_.way[i + 1])) cost += kOnLine;
+            if (i != own && Crosses({request_.way[i], request_.way[i + 1]}, label)) cost += kOnLine;
         return std::min(cost, kOnManyLines);
     }
 
     const LabelRequest &request_;
+    const LabelGrounds &grounds_;
     double length_;
+    std::vector<Stretch> stretches_;
     std::vector<QRectF> heads_;
     Place best_;
 };
@@ -189,26 +275,8 @@ private:
 
 QPointF MiddleOfWay(std::span<const QPointF> way) { return PlaceOnWay(way, WayLength(way) / 2).point; }
 
-bool IsFreeInTheMiddle(const LabelRequest &request) {
-    return Search(request).IsFree(MiddleOfWay(request.way));
-}
-
-QPointF PlaceLabel(const LabelRequest &request) {
-    Search search(request);
-    const QPointF middle = MiddleOfWay(request.way);
-    return search.IsFree(middle) ? middle : search.Find();
-}
-
-// A label beside a slanted line lies askew to it, a quarter of its other side further out at most.
-QRectF ReachOfLabel(const LabelRequest &request) {
-    QPointF low = request.way.front(), high = low;
-    for (const QPointF &point : request.way) {
-        low = {std::min(low.x(), point.x()), std::min(low.y(), point.y())};
-        high = {std::max(high.x(), point.x()), std::max(high.y(), point.y())};
-    }
-    const double gap = Gap(request) + kGap, width = request.size.width(), height = request.size.height();
-    const QPointF reach(width + height / 4 + gap, height + width / 4 + gap);
-    return {low - reach, high + reach};
+LabelPlace PlaceLabel(const LabelRequest &request, const LabelGrounds &grounds) {
+    return Search(request, grounds).Find();
 }
 
 } // namespace diagram

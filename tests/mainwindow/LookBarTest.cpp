@@ -1,5 +1,6 @@
 // The look bar in its window, with mouse and keys.
 #include "mainwindow/LookBar.h"
+#include "mainwindow/NewLinkRouting.h"
 
 #include "diagram/model/AutomaticStyle.h"
 #include "diagram/scene/Scene.h"
@@ -158,6 +159,35 @@ TEST_F(LookBars, TheRoutingOfNewLinksIsChosenForAllWindows) {
     Select({}, {&link, &unlike});
     QTest::mouseClick(&Button("lookRouting"), Qt::LeftButton);
     EXPECT_FALSE(AllOffered().contains(QStringLiteral("As selected"))) << "they differ";
+    ClosePopup();
+}
+
+TEST_F(LookBars, TheKeysBeginAtTheRoutingOfTheSelectionNotAtThatOfNewLinks) {
+    SetRoutingOfNewLinks(diagram::kAutomaticStyle);
+    link.SetStyle(5);
+    Select({}, {&link});
+    const auto open = [this] {
+        Button("lookRouting").setFocus();
+        QTest::keyClick(&Button("lookRouting"), Qt::Key_Space);
+        return QApplication::activePopupWidget();
+    };
+    const auto focused = [](const QWidget *popup) {
+        const auto *button = qobject_cast<QToolButton *>(popup->focusWidget());
+        return button ? button->text() : QString();
+    };
+    QWidget *popup = open();
+    ASSERT_TRUE(popup);
+    EXPECT_EQ(focused(popup), QStringLiteral("H V H"));
+    QTest::keyClick(popup, Qt::Key_Right);
+    QTest::keyClick(popup, Qt::Key_Return);
+    EXPECT_EQ(link.Style(), 6) << "the next in the list";
+    EXPECT_EQ(RoutingOfNewLinks(), diagram::kAutomaticStyle);
+    diagram::Link &unlike = b.Links().Add(a);
+    unlike.SetStyle(2);
+    Select({}, {&link, &unlike});
+    popup = open();
+    ASSERT_TRUE(popup);
+    EXPECT_EQ(focused(popup), QStringLiteral("Automatic, each the best")) << "the selection has none";
     ClosePopup();
 }
 

@@ -62,6 +62,19 @@ TEST_F(Choices, BeginAtTheFirstOrAtTheOneThatIsMarked) {
     EXPECT_FALSE(popup->Buttons()[2]->isChecked());
 }
 
+TEST_F(Choices, BeginAtTheFirstOfTwoThatAreMarked) {
+    ChoiceSection grid{QStringLiteral("Palette"), {Of("amber"), Of("blue")}, 2};
+    ChoiceSection below{QStringLiteral("New"), {Of("none"), Of("other")}, 1, true};
+    grid.choices[1].current = below.choices[0].current = true;
+    Open({grid, below});
+    EXPECT_EQ(Focused(), QStringLiteral("blue"));
+    EXPECT_TRUE(popup->Buttons()[2]->isChecked());
+    popup->close();
+    grid.choices[1].current = false;
+    Open({grid, below});
+    EXPECT_EQ(Focused(), QStringLiteral("none")) << "the only one";
+}
+
 TEST_F(Choices, TheArrowsGoFromRowToRowThroughAllSections) {
     Open();
     Key(Qt::Key_Right);

@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 
 extern "C" gvplugin_library_t gvplugin_dot_layout_LTX_library;
+extern "C" gvplugin_library_t gvplugin_neato_layout_LTX_library;
 
 namespace yardstick {
 
@@ -66,10 +67,12 @@ std::vector<QPointF> WayOf(Agedge_t *edge) {
     return way;
 }
 
-// The engine alone: no other plug-in is looked for.
+// The engines alone: no other plug-in is looked for.
 GVC_t *MakeContext() {
     static const lt_symlist_t builtins[] = {
-        {"gvplugin_dot_layout_LTX_library", &gvplugin_dot_layout_LTX_library}, {nullptr, nullptr}};
+        {"gvplugin_dot_layout_LTX_library", &gvplugin_dot_layout_LTX_library},
+        {"gvplugin_neato_layout_LTX_library", &gvplugin_neato_layout_LTX_library},
+        {nullptr, nullptr}};
     return gvContextPlugins(builtins, 0);
 }
 
@@ -88,21 +91,46 @@ double TimeOfDot(const diagram::LayoutGraph &graph, const diagram::LayoutOptions
     return time;
 }
 
+namespace {
+
+std::vector<std::vector<QPointF>> WaysOf(Agraph_t *built, std::size_t edges) {
+    std::vector<std::vector<QPointF>> ways(edges);
+    for (Agnode_t *node = agfstnode(built); node; node = agnxtnode(built, node))
+        for (Agedge_t *edge = agfstout(built, node); edge; edge = agnxtout(built, edge))
+            ways[std::size_t(QByteArray(agnameof(edge)).toInt())] = WayOf(edge);
+    return ways;
+}
+
+} // namespace
+
 DotDrawing DrawByDot(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &options) {
     GVC_t *context = MakeContext();
     Agraph_t *built = Build(graph, options, "spline");
     gvLayout(context, built, "dot");
-    DotDrawing drawing{std::vector<QPointF>(graph.sizes.size()),
-                       std::vector<std::vector<QPointF>>(graph.edges.size())};
-    for (Agnode_t *node = agfstnode(built); node; node = agnxtnode(built, node)) {
+    DotDrawing drawing{std::vector<QPointF>(graph.sizes.size()), WaysOf(built, graph.edges.size())};
+    for (Agnode_t *node = agfstnode(built); node; node = agnxtnode(built, node))
         drawing.centres[std::size_t(QByteArray(agnameof(node)).toInt())] = At(ND_coord(node));
-        for (Agedge_t *edge = agfstout(built, node); edge; edge = agnxtout(built, edge))
-            drawing.ways[std::size_t(QByteArray(agnameof(edge)).toInt())] = WayOf(edge);
-    }
     gvFreeLayout(context, built);
     agclose(built);
     gvFreeContext(context);
     return drawing;
+}
+
+std::vector<std::vector<QPointF>> RouteByOrtho(const diagram::LayoutGraph &graph) {
+    GVC_t *context = MakeContext();
+    Agraph_t *built = Build(graph, {}, "ortho");
+    for (Agnode_t *node = agfstnode(built); node; node = agnxtnode(built, node)) {
+        const QPointF at =
+            graph.centres[std::size_t(QByteArray(agnameof(node)).toInt())] / diagram::kTwipsPerPoint;
+        const QByteArray place = QByteArray::number(at.x()) + "," + QByteArray::number(-at.y());
+        agsafeset(node, Text("pos"), Text(place.constData()), Text(""));
+    }
+    gvLayout(context, built, "nop2");
+    std::vector<std::vector<QPointF>> ways = WaysOf(built, graph.edges.size());
+    gvFreeLayout(context, built);
+    agclose(built);
+    gvFreeContext(context);
+    return ways;
 }
 
 } // namespace yardstick

@@ -18,4 +18,8 @@ DotDrawing DrawByDot(const diagram::LayoutGraph &graph, const diagram::LayoutOpt
 // counts.
 double TimeOfDot(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &options);
 
+// Ways of level and upright pieces between boxes that stay at their centres, by Graphviz's "ortho" splines:
+// the yardstick of the router.
+std::vector<std::vector<QPointF>> RouteByOrtho(const diagram::LayoutGraph &graph);
+
 } // namespace yardstick

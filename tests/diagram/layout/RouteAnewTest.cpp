@@ -56,6 +56,19 @@ TEST_F(RouteAnewTest, OneUndoBringsTheFormerWaysBack) {
     EXPECT_EQ(link.Style(), 4);
 }
 
+TEST_F(RouteAnewTest, WaysAreNudgedApartAndStayWhenRoutedAgain) {
+    std::vector<Link *> links{&link};
+    for (int i = 1; i < 4; ++i) {
+        links.push_back(&surface.Nodes().Add(0, float(i) * 1500, 1500, 900).Links().Add(to));
+        links.back()->SetStyle(5);
+    }
+    RouteAnew(surface);
+    for (std::size_t i = 0; i < links.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j)
+            EXPECT_NE(links[i]->Way().back(), links[j]->Way().back()) << "heads don't lie on each other";
+    EXPECT_EQ(RouteAnew(surface), 0);
+}
+
 TEST_F(RouteAnewTest, AnEmptySurfaceHasNothingToRoute) {
     Surface empty;
     EXPECT_EQ(RouteAnew(empty), 0);

@@ -78,6 +78,17 @@ TEST(AutomaticStyle, DoesNotRunThroughTheTextBehindABar) {
     nodes.surface.SetMeasure(nullptr);
 }
 
+TEST(AutomaticStyle, OfTwoWithOneBendTakesTheOneThatCrossesNoOther) {
+    for (const bool below : {true, false}) {
+        TwoNodes map(9000, 12000);
+        Node &c = map.surface.Nodes().Add(below ? 4000.0F : 9100.0F, below ? 11000.0F : 7000.0F, 800, 400);
+        Node &d = map.surface.Nodes().Add(below ? 4000.0F : 11500.0F, below ? 14000.0F : 7000.0F, 800, 400);
+        if (!below) c.SetLeft(6500);
+        c.Links().Add(d).SetStyle(below ? kVHV : kHVH);
+        EXPECT_EQ(map.Best(), below ? kHV : kVH);
+    }
+}
+
 TEST(AutomaticStyle, AvoidsANodeBeforeItSavesABend) {
     TwoNodes nodes(6000, 9000);
     nodes.surface.Nodes().Add(1100, 7000, 800, 800); // on the way of V H

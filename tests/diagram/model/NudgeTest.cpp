@@ -25,6 +25,12 @@ Ways AllWays(const Surface &surface) {
     return ways;
 }
 
+int CountChanged(const Ways &before, const Ways &after) {
+    int count = 0;
+    for (const auto &[id, way] : before) count += after.at(id) != way;
+    return count;
+}
+
 std::string Text(const Link &link) {
     QString text = QStringLiteral("%1 style %2:").arg(link.Id()).arg(link.Style());
     for (const Point &p : link.Way()) text += QStringLiteral(" (%1 %2)").arg(p.x).arg(p.y);
@@ -321,6 +327,20 @@ TEST_F(Nudges, NothingHappensBeforeTheGroupCloses) {
     EXPECT_NE(link.Way(), routed);
 }
 
+TEST_F(Nudges, AWayDoesntComeBackWhereANodeHasCome) {
+    Node &a = Box(0, 0), &b = Box(9000, 3000), &c = Box(0, 1500), &d = Box(9000, 4500);
+    Link &one = Join(a, b, kHVH), &other = Join(c, d, kHVH);
+    ASSERT_NE(one.Way()[1].x, other.Way()[1].x);
+    Link &first = one.Way()[1].x < other.Way()[1].x ? one : other;
+    const float lane = first.Way()[1].x;
+    {
+        const ActionGroup group(surface);
+        Box(lane - 20, 1200, 25, 1700);
+        first.SetStyle(kVHV), first.SetStyle(kHVH);
+    }
+    EXPECT_EQ(NodesOnWay(first), 0) << Text(first);
+}
+
 // With room for all of them.
 class NudgedMap : public ::testing::TestWithParam<unsigned> {};
 
@@ -390,6 +410,45 @@ TEST_P(NudgedMap, TheSameMapIsRoutedTheSame) {
         each = AllWays(surface);
     }
     EXPECT_EQ(ways[0], ways[1]);
+}
+
+TEST_P(NudgedMap, RoutingAndNudgingAgainChangesNothing) {
+    Dice dice(GetParam());
+    Surface surface;
+    BuildGrid(surface, dice, 6, 5, 1000, 40, 0);
+    surface.TidyWays();
+    const Ways before = AllWays(surface);
+    surface.TidyWays();
+    EXPECT_EQ(CountChanged(before, AllWays(surface)), 0);
+}
+
+TEST_P(NudgedMap, WhatComesBackInTheGroupChangesNothing) {
+    Dice dice(GetParam());
+    Surface surface;
+    AttachHistory(surface);
+    BuildGrid(surface, dice, 5, 4, 1000, 25, 0);
+    surface.TidyWays();
+    const Ways before = AllWays(surface);
+    for (const auto &link : surface.Links()) {
+        const ActionGroup group(surface);
+        const int style = link->Style();
+        link->SetStyle(style == 4 ? 5 : 4);
+        if (dice.Flip()) link->Way();
+        link->SetStyle(style);
+    }
+    EXPECT_EQ(CountChanged(before, AllWays(surface)), 0);
+    Node *moved = nullptr;
+    {
+        const ActionGroup group(surface);
+        Node &node = AnyNode(surface, dice);
+        const float left = node.Left();
+        for (const float off : {60.0F, 30.0F, 0.0F}) {
+            node.SetLeft(left + off);
+            surface.Recalculate();
+        }
+        moved = &node;
+    }
+    for (Link *link : moved->Links()) EXPECT_EQ(link->Way(), before.at(link->Id())) << Text(*link);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, NudgedMap, ::testing::Range(1U, 41U));

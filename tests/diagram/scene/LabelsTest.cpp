@@ -185,6 +185,49 @@ TEST(Labels, StayWhileANodeIsDraggedOverThemAndGiveWayWhenItIsLetGo) {
     EXPECT_FALSE(map.Label(link).intersects(block.Bounds()));
 }
 
+TEST(Labels, GoAlongWithLinksThatAreMovedAsAWhole) {
+    Labelled map;
+    Node &a = map.Box(0, 0), &b = map.Box(9000, 0), &block = map.Box(4700, -200, 600, 900);
+    const Link &link = map.Join(a, b, "label", 1);
+    const QRectF before = map.Label(link);
+    {
+        const Dragged dragged(map.surface, {&a, &b});
+        dragged.MoveBy(QPointF(150, 6000));
+        EXPECT_EQ(map.Label(link), before.translated(150, 6000)) << "not yet in the middle";
+    }
+    EXPECT_EQ(map.Label(link).center(), QPointF(5150, 6300));
+    EXPECT_FALSE(map.Label(link).intersects(block.Bounds()));
+}
+
+// More than are worth being looked at one by one.
+TEST(Labels, OfAWholeMapThatIsDraggedGoAlongAndFollowInTheEndFromWhatStandsThere) {
+    Dice dice(4);
+    Labelled map;
+    Fill(map, dice, 14, 12);
+    Node &fixed = map.Box(60000, 0);
+    const auto before = AllLabels(map.scene);
+    {
+        std::vector<Node *> nodes;
+        for (Node &node : map.surface.Nodes())
+            if (&node != &fixed) nodes.push_back(&node);
+        const Dragged dragged(map.surface, nodes);
+        for (const QPointF &way : {QPointF(300, 150), QPointF(600, -75)}) {
+            dragged.MoveBy(way);
+            int elsewhere = 0;
+            for (const auto &[id, box] : AllLabels(map.scene)) {
+                const QPointF off = box.center() - before.at(id).center() - way;
+                elsewhere += off.manhattanLength() > 2;
+            }
+            EXPECT_LE(elsewhere, int(before.size()) / 10) << "only links that are routed otherwise there";
+        }
+        nodes.front()->SetText(QStringLiteral("changed"));
+        map.surface.Links().front()->SetText(QStringLiteral("another"));
+        AllLabels(map.scene);
+    }
+    Scene fresh(map.surface);
+    EXPECT_EQ(AllLabels(map.scene), AllLabels(fresh));
+}
+
 class LabelledMap : public ::testing::TestWithParam<unsigned> {};
 
 // Whatever has been done, a scene that is built anew has the labels in the same places.

@@ -21,13 +21,22 @@ struct Placed {
     std::vector<QLineF> lines;
 
     explicit Placed(Way points) : way(std::move(points)) { request.way = way; }
-    QRectF Box() {
-        request.boxes = boxes, request.lines = lines;
+    LabelPlace Place() const {
+        return PlaceLabel(request, [this](const QRectF &area) {
+            LabelGround ground;
+            std::ranges::copy_if(boxes, std::back_inserter(ground.boxes),
+                                 [&](const QRectF &box) { return box.intersects(area); });
+            std::ranges::copy_if(lines, std::back_inserter(ground.lines),
+                                 [&](const QLineF &line) { return RunsThrough(area, line.p1(), line.p2()); });
+            return ground;
+        });
+    }
+    QRectF Box() const {
         QRectF box(QPointF(), request.size);
-        box.moveCenter(PlaceLabel(request));
+        box.moveCenter(Place().middle);
         return box;
     }
-    bool IsOnTheWay() {
+    bool IsOnTheWay() const {
         const QRectF box = Box().adjusted(-1, -1, 1, 1);
         for (std::size_t i = 1; i < way.size(); ++i)
             if (RunsThrough(box, way[i - 1], way[i])) return true;
@@ -116,21 +125,87 @@ TEST(LabelPlace, AWayWithoutLengthHasAPlaceToo) {
     Placed placed({{10, 20}, {10, 20}});
     EXPECT_EQ(placed.Box().center(), QPointF(10, 20));
     placed.boxes = {{0, 0, 100, 100}};
-    EXPECT_TRUE(ReachOfLabel(placed.request).contains(placed.Box()));
+    EXPECT_FALSE(placed.Box().intersects(placed.boxes[0]));
 }
 
-TEST(LabelPlace, StaysWithinItsReach) {
-    for (int seed = 0; seed < 200; ++seed) {
-        const auto number = [&, state = unsigned(seed * 7919 + 1)](int most) mutable {
-            state = state * 1664525U + 1013904223U;
-            return int(state >> 8) % most;
-        };
-        auto roll = number;
-        Placed placed({QPointF(roll(4000), roll(4000)), QPointF(roll(4000), roll(4000)),
-                       QPointF(roll(4000), roll(4000))});
-        for (int i = 0; i < 6; ++i) placed.boxes.emplace_back(roll(4000), roll(4000), roll(2000), roll(2000));
-        const QRectF box = placed.Box();
-        placed.request.boxes = {};
-        ASSERT_TRUE(ReachOfLabel(placed.request).contains(box)) << seed;
+namespace {
+
+struct Random {
+    unsigned state;
+    int Roll(int most) {
+        state = state * 1664525U + 1013904223U;
+        return int(state >> 8) % most;
+    }
+    QPointF Spot(int most) {
+        const double x = Roll(most), y = Roll(most);
+        return {x, y};
+    }
+};
+
+// A way of two bends at most, among boxes and lines.
+struct Crowded {
+    Random random;
+    Placed placed;
+
+    explicit Crowded(unsigned seed) : random{seed * 7919 + 1}, placed(RandomWay()) {
+        for (int i = 0; i < 6; ++i)
+            placed.boxes.emplace_back(random.Spot(4000), QSizeF(random.Roll(1200), random.Roll(1200)));
+        for (int i = 0; i < 6; ++i) placed.lines.emplace_back(random.Spot(4000), random.Spot(4000));
+    }
+    Way RandomWay() {
+        Way way{random.Spot(4000), random.Spot(4000)};
+        while (random.Roll(2) && way.size() < 4) way.push_back(random.Spot(4000));
+        return way;
+    }
+};
+
+bool IsLookedAt(const LabelPlace &place, const QRectF &box) {
+    return std::ranges::any_of(place.looked, [&](const QRectF &area) { return area.intersects(box); });
+}
+bool IsLookedAt(const LabelPlace &place, const QLineF &line) {
+    return std::ranges::any_of(place.looked,
+                               [&](const QRectF &area) { return RunsThrough(area, line.p1(), line.p2()); });
+}
+
+} // namespace
+
+TEST(LabelPlace, WhatGoesWhereItDidntLookChangesNothing) {
+    int gone = 0;
+    for (unsigned seed = 0; seed < 300; ++seed) {
+        Crowded map(seed);
+        const LabelPlace place = map.placed.Place();
+        gone +=
+            int(std::erase_if(map.placed.boxes, [&](const auto &box) { return !IsLookedAt(place, box); }));
+        gone +=
+            int(std::erase_if(map.placed.lines, [&](const auto &line) { return !IsLookedAt(place, line); }));
+        ASSERT_EQ(map.placed.Place().middle, place.middle) << seed;
+    }
+    EXPECT_GT(gone, 100);
+}
+
+TEST(LabelPlace, WhatComesButNotNearChangesNothing) {
+    int come = 0;
+    for (unsigned seed = 0; seed < 300; ++seed) {
+        Crowded map(seed);
+        const QPointF middle = map.placed.Place().middle;
+        const QRectF room = map.placed.Box().adjusted(-kLabelGap, -kLabelGap, kLabelGap, kLabelGap);
+        for (int i = 0; i < 6; ++i) {
+            const QRectF box(map.random.Spot(4000), QSizeF(map.random.Roll(900), map.random.Roll(900)));
+            const QLineF line(map.random.Spot(4000), map.random.Spot(4000));
+            if (!box.intersects(room)) map.placed.boxes.push_back(box), ++come;
+            if (!RunsThrough(room, line.p1(), line.p2())) map.placed.lines.push_back(line), ++come;
+        }
+        ASSERT_EQ(map.placed.Place().middle, middle) << seed;
+    }
+    EXPECT_GT(come, 1000);
+}
+
+TEST(LabelPlace, StandsWhereItHasLooked) {
+    for (unsigned seed = 0; seed < 300; ++seed) {
+        const Crowded map(seed);
+        const LabelPlace place = map.placed.Place();
+        const QRectF box = map.placed.Box();
+        ASSERT_TRUE(std::ranges::any_of(place.looked, [&](const QRectF &area) { return area.contains(box); }))
+            << seed;
     }
 }
