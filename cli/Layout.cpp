@@ -5,8 +5,6 @@
 #include "diagram/layout/RouteAnew.h"
 #include "document/DoSave.h"
 #include "document/LevelLanes.h"
-#include "document/Tags.h"
-#include "support/Val.h"
 #include "timeline/Arrange.h"
 #include "timeline/TimelineNodes.h"
 
@@ -45,8 +43,7 @@ document::Together TakeTogether(QStringList &arguments) {
 void ArrangeTimeline(document::MemoryWindow &window, diagram::Surface &slice) {
     if (timeline::LocateTimelineNodes(slice).empty()) return;
     GiveSize(slice);
-    const double align = support::Val(document::GetTag(slice, document::tags::kTimelineAlign));
-    timeline::ArrangeTimeLineNodes(window, slice, int(align));
+    timeline::ArrangeAgain(window, slice);
 }
 
 void SaveAs(document::MemoryWindow &window, const QString &path, QTextStream &out) {

@@ -78,7 +78,7 @@ Session::~Session() { support::SetDesktop(&headless_.Get()); }
 QString Session::ScratchFile() { return QDir::tempPath() + QStringLiteral("/map%1.map").arg(++files_); }
 
 QString Session::CopyOf(const QString &path) {
-    const QString copy = ScratchFile();
+    QString copy = ScratchFile();
     support::CopyFileTo(path, copy);
     return copy;
 }

@@ -1,5 +1,6 @@
 #include "dialogs/PictureFile.h"
 
+#include "diagram/export/PictureKinds.h"
 #include "support/Error.h"
 
 #include <algorithm>
@@ -13,11 +14,6 @@ namespace dialogs {
 namespace {
 
 constexpr qint64 kLargestPictureFile = qint64(256) << 20; // bytes
-
-// Files of pictures as programs hand them over, those that look the same everywhere first.
-constexpr const char *kPictureTypes[] = {"image/png", "image/jpeg",  "image/gif",
-                                         "image/bmp", "image/x-emf", "image/emf",
-                                         "image/wmf", "image/x-wmf", "image/svg+xml"};
 
 template <typename Make>
 diagram::Picture PictureOrNone(Make make) {
@@ -48,14 +44,14 @@ QString FileIn(const QMimeData &data) {
 
 bool MayHoldPicture(const QMimeData &data) {
     return !FileIn(data).isEmpty() || data.hasImage() ||
-           std::any_of(std::begin(kPictureTypes), std::end(kPictureTypes),
+           std::any_of(std::begin(diagram::kPictureTypes), std::end(diagram::kPictureTypes),
                        [&](const char *type) { return data.hasFormat(QLatin1String(type)); });
 }
 
 diagram::Picture PictureIn(const QMimeData &data) {
     const QString file = FileIn(data);
     if (!file.isEmpty()) return PictureIn(file);
-    for (const char *type : kPictureTypes) {
+    for (const char *type : diagram::kPictureTypes) {
         const QByteArray bytes = data.data(QLatin1String(type));
         if (diagram::Picture::IsPicture(bytes)) return diagram::Picture::FromBytes(bytes);
     }

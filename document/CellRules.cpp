@@ -108,7 +108,7 @@ double Nearest(const CellRule &rule, double number) {
     const double sought = rule.isMagnitude ? std::abs(number) : number;
     if (std::isnan(rule.fallback)) return rule.fallback;
     if (sought < rule.range.lowest) return rule.range.lowest;
-    if (sought > rule.range.highest) return rule.range.highest;
+    if (sought > rule.range.Highest()) return rule.range.Highest();
     return rule.fallback;
 }
 

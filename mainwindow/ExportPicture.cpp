@@ -20,19 +20,21 @@ QString Tr(const char *text) { return QCoreApplication::translate("ExportPicture
 
 // The rows of the file dialog, in its order.
 struct PictureRow {
-    const char *filter;
+    const char *caption;
     PictureFormat format;
 };
-constexpr PictureRow kRows[] = {{"Windows Meta File|*.wmf", PictureFormat::Wmf},
-                                {"PNG Picture|*.png", PictureFormat::Png},
-                                {"SVG Drawing|*.svg", PictureFormat::Svg},
-                                {"PDF Document|*.pdf", PictureFormat::Pdf}};
+constexpr PictureRow kRows[] = {{"Windows Meta File", PictureFormat::Wmf},
+                                {"PNG Picture", PictureFormat::Png},
+                                {"SVG Drawing", PictureFormat::Svg},
+                                {"PDF Document", PictureFormat::Pdf}};
 constexpr char kLastRow[] = "PictureRow";
 constexpr long kFlags = support::fileflags::kPathMustExist | support::fileflags::kOverwritePrompt;
 
+QString EndingOf(PictureFormat format) { return u'.' + QLatin1String(diagram::KindOf(format).ending); }
+
 QString Filter() {
     QStringList rows;
-    for (const PictureRow &row : kRows) rows << QLatin1String(row.filter);
+    for (const PictureRow &row : kRows) rows << QLatin1String(row.caption) << u'*' + EndingOf(row.format);
     return rows.join(u'|');
 }
 
@@ -41,8 +43,6 @@ int LastRow() {
     const int row = settings::GetSet(QLatin1String(kLastRow)).toInt();
     return row >= 1 && row <= int(std::size(kRows)) ? row : 1;
 }
-
-QString EndingOf(PictureFormat format) { return u'.' + QLatin1String(diagram::KindOf(format).ending); }
 
 bool MayReplace(frmMain &window, const QString &file) {
     if (!support::FileExists(file)) return true;

@@ -2,7 +2,6 @@
 #include "diagram/view/Glide.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/LevelLanes.h"
-#include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/frmLayout.h"
@@ -13,9 +12,7 @@
 #include "settings/GetSet.h"
 #include "settings/Settings.h"
 #include "support/Error.h"
-#include "support/Val.h"
 #include "timeline/Arrange.h"
-#include "timeline/TimelineNodes.h"
 
 #include <QCoreApplication>
 
@@ -24,12 +21,7 @@ namespace mainwindow {
 namespace {
 
 // The months come back to their places whatever was laid out.
-void ArrangeTimeline(frmMain &window) {
-    diagram::Surface &surface = window.CurrentSurface();
-    if (timeline::LocateTimelineNodes(surface).empty()) return;
-    const double align = support::Val(document::GetTag(surface, document::tags::kTimelineAlign));
-    timeline::ArrangeTimeLineNodes(window, surface, int(align));
-}
+void ArrangeTimeline(frmMain &window) { timeline::ArrangeAgain(window, window.CurrentSurface()); }
 
 // One step; what has moved is seen on its way when the step is over.
 template <typename LayOut>

@@ -1,5 +1,7 @@
 #include "mainwindow/ListBarDelegate.h"
 
+#include "support/MixColours.h"
+
 #include <QPainter>
 #include <QPainterPath>
 #include <QTextLayout>
@@ -24,19 +26,14 @@ bool IsDark(const QPalette &palette) {
     return palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
 }
 
-QColor Mixed(const QColor &ground, const QColor &ink, double share) {
-    return QColor::fromRgbF(float(ground.redF() + (ink.redF() - ground.redF()) * share),
-                            float(ground.greenF() + (ink.greenF() - ground.greenF()) * share),
-                            float(ground.blueF() + (ink.blueF() - ground.blueF()) * share));
-}
-
 QFont HeadingFont(QFont font) {
     font.setWeight(QFont::DemiBold);
     return font;
 }
 
 QColor HeadingGround(const QPalette &palette, const QModelIndex &index) {
-    if (IsDark(palette)) return Mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.13);
+    if (IsDark(palette))
+        return support::Mix(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.13);
     const QVariant told = index.data(listrole::kBackColor);
     return told.isValid() ? told.value<QColor>() : palette.color(QPalette::Button);
 }
@@ -117,15 +114,15 @@ void PaintHeading(QPainter &painter, const QStyleOptionViewItem &option, const Q
     const QPalette &palette = option.palette;
     const QColor ground = HeadingGround(palette, index), ink = palette.color(QPalette::Text);
     const bool hover = option.state & QStyle::State_MouseOver;
-    painter.fillRect(option.rect, hover ? Mixed(ground, ink, kHover) : ground);
+    painter.fillRect(option.rect, hover ? support::Mix(ground, ink, kHover) : ground);
     painter.fillRect(QRect(option.rect.bottomLeft(), QSize(option.rect.width(), 1)),
-                     Mixed(ground, ink, 2 * kHover));
+                     support::Mix(ground, ink, 2 * kHover));
     const QString note = index.data(listrole::kNote).toString();
     const HeadingParts parts = HeadingPartsOf(option, note);
     painter.setPen(QPen(ink, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     PaintChevron(painter, parts.chevron, option.state & QStyle::State_Open,
                  option.direction == Qt::RightToLeft);
-    painter.setPen(Mixed(ground, ink, kNote));
+    painter.setPen(support::Mix(ground, ink, kNote));
     painter.setFont(option.font);
     painter.drawText(parts.note, int(Side(option, true)), note);
     painter.setPen(ink);
@@ -140,9 +137,9 @@ void PaintGround(QPainter &painter, const QStyleOptionViewItem &option) {
     const QColor base = palette.color(QPalette::Base);
     QColor ground;
     if (option.state & QStyle::State_Selected)
-        ground = Mixed(base, palette.color(QPalette::Highlight), kCurrent);
+        ground = support::Mix(base, palette.color(QPalette::Highlight), kCurrent);
     else if (option.state & QStyle::State_MouseOver)
-        ground = Mixed(base, palette.color(QPalette::Text), kHover);
+        ground = support::Mix(base, palette.color(QPalette::Text), kHover);
     if (!ground.isValid()) return;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);

@@ -36,7 +36,7 @@ public:
                 [choose = actions_.choose, value] { choose(value); }};
     }
 
-    ChoiceSection Swatches(const QString &title) const { return {title, {}, kColoursInRow, false, kSwatch}; }
+    static ChoiceSection Swatches(const QString &title) { return {title, {}, kColoursInRow, false, kSwatch}; }
 
     ChoiceSection Palette(const QString &title, std::span<const widgets::PaletteColour> colours) const {
         ChoiceSection section = Swatches(title);

@@ -1,6 +1,7 @@
 #include "mainwindow/StartCard.h"
 
 #include "mainwindow/Icons.h"
+#include "support/MixColours.h"
 
 #include <QApplication>
 #include <QFontInfo>
@@ -24,11 +25,6 @@ constexpr int kActionWidth = 220;
 constexpr double kNoteShare = 0.9; // of the font's size
 constexpr double kNoteInk = 0.3;   // how much of the ground is mixed into the ink
 constexpr double kGoneOpacity = 0.5;
-
-QColor Mixed(const QColor &a, const QColor &b, double share) {
-    const auto mix = [share](int x, int y) { return int(x + (y - x) * share); };
-    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
-}
 
 QRectF Inside(const QRect &rect, double width) {
     return QRectF(rect).adjusted(width / 2, width / 2, -width / 2, -width / 2);
@@ -115,9 +111,10 @@ void StartCard::PaintGround(QPainter &painter) const {
     const QColor base = palette().color(QPalette::Base), mark = palette().color(QPalette::Highlight);
     const double share = isDown() ? 0.18 : underMouse() ? 0.08 : 0;
     const double width = hasFocus() ? 2 : 1;
-    const QColor edge = Mixed(palette().color(QPalette::Window), palette().color(QPalette::WindowText), 0.2);
+    const QColor edge =
+        support::Mix(palette().color(QPalette::Window), palette().color(QPalette::WindowText), 0.2);
     painter.setPen(QPen(hasFocus() || underMouse() ? mark : edge, width));
-    painter.setBrush(Mixed(base, mark, share));
+    painter.setBrush(support::Mix(base, mark, share));
     painter.drawRoundedRect(Inside(rect(), width), kCorner, kCorner);
 }
 
@@ -125,8 +122,8 @@ void StartCard::PaintPicture(QPainter &painter) const {
     const QRect place = PictureRect();
     if (!IsTile()) return icon().paint(&painter, place);
     const QColor base = palette().color(QPalette::Base), ink = palette().color(QPalette::Text);
-    painter.setPen(Mixed(base, ink, 0.2));
-    painter.setBrush(Mixed(base, ink, 0.05));
+    painter.setPen(support::Mix(base, ink, 0.2));
+    painter.setBrush(support::Mix(base, ink, 0.05));
     painter.drawRect(Inside(place, 1));
     if (!picture_.isNull()) return painter.drawImage(place.adjusted(1, 1, -1, -1), picture_);
     QRect small(0, 0, kPlainIcon, kPlainIcon);
@@ -140,7 +137,7 @@ void StartCard::PaintText(QPainter &painter) const {
     const int height = title.height() + (text_.note.isEmpty() ? 0 : note.height());
     const int top = IsTile() ? place.top() : place.top() + (place.height() - height) / 2;
     const QColor ink = palette().color(QPalette::Text);
-    const QColor soft = Mixed(ink, palette().color(QPalette::Base), kNoteInk);
+    const QColor soft = support::Mix(ink, palette().color(QPalette::Base), kNoteInk);
     painter.setFont(font());
     painter.setPen(gone_ ? soft : ink);
     painter.drawText(QRect(place.left(), top, place.width(), title.height()), Qt::AlignVCenter,

@@ -16,7 +16,7 @@ fail() {
 packages_fonts="fonts-dejavu-core fonts-liberation fonts-crosextra-carlito fonts-crosextra-caladea"
 packages_build="g++ cmake ninja-build pkg-config ccache mold qt6-base-dev qt6-svg-dev libgraphviz-dev libgl1-mesa-dev
 libsqlitecpp-dev libsqlite3-dev mdbtools-dev libboost-dev libpugixml-dev libzip-dev libcups2-dev $packages_fonts"
-packages_test="libgtest-dev libgmock-dev xvfb xauth xdotool poppler-utils cups-daemon cups-client cups-filters"
+packages_test="libgtest-dev libgmock-dev xvfb xauth xdotool poppler-utils cups-daemon cups-client cups-filters clang-tidy"
 packages_bench="libbenchmark-dev"
 packages_virtual_display="xvfb xauth"
 

@@ -23,8 +23,7 @@ QString SelectText(const QString &table, const QString &what, const char *order)
 
 TableScan::TableScan(Connection &connection, const QString &table, const QStringList &columns,
                      sqlite3_int64 most)
-    : connection_(connection),
-      forward_(connection.Prepare(SelectText(table, QStringLiteral("*"), "ASC"))),
+    : forward_(connection.Prepare(SelectText(table, QStringLiteral("*"), "ASC"))),
       backward_(connection.Prepare(SelectText(table, QStringLiteral("*"), "DESC"))),
       number_(connection.Prepare(SelectText(table, QStringLiteral("NULL"), "ASC"))),
       most_(most) {

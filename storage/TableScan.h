@@ -42,7 +42,6 @@ private:
     void TakeCells(sqlite3_int64 number, const TakeCell &take);
     void Lose(const Range &range);
 
-    Connection &connection_;
     std::vector<Statement> cells_; // of one row, one for each column
     Statement forward_, backward_, number_;
     sqlite3_int64 most_;

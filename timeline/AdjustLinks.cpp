@@ -5,11 +5,14 @@
 #include "diagram/shapes/Shapes.h"
 #include "timeline/DateWays.h"
 #include "timeline/Strip.h"
+#include "timeline/StripPlan.h"
 #include "timeline/TimelineNodes.h"
 
 namespace timeline {
 
 namespace {
+
+StripBox BoxOf(const diagram::Node &node) { return {node.Left(), node.Top(), node.Width(), node.Height()}; }
 
 // Its points are never routed anew: the end that doesn't stand on the day goes with its node.
 void JoinSource(diagram::Link &link) {
@@ -52,20 +55,9 @@ void AdjustDateWaysOf(const std::vector<diagram::Node *> &nodes) {
 }
 
 void DoAdjustLink(diagram::Link &Link, bool Horizontal, int Index) {
-    const diagram::Node &day = Link.Destination(), &origin = Link.Source();
     Link.SetMovePointsMode(true);
-    diagram::Point point = Link.Points().Item(Index);
-    if (Horizontal) {
-        point.x = day.Left() + day.Width() / 2;
-        point.y = NodeIsAboveNode(day, origin) ? day.Top() : day.Top() + day.Height();
-    } else {
-        point.y = day.Top() + day.Height() / 2;
-        point.x = NodeIsLeftNode(day, origin) ? day.Left() + day.Width() : day.Left();
-    }
-    Link.Points().SetItem(Index, point);
+    const diagram::Point end = Link.Points().Item(Index);
+    Link.Points().SetItem(Index, EndOnDay(BoxOf(Link.Destination()), BoxOf(Link.Source()), end, Horizontal));
 }
-
-bool NodeIsLeftNode(const diagram::Node &A, const diagram::Node &B) { return A.Left() < B.Left(); }
-bool NodeIsAboveNode(const diagram::Node &A, const diagram::Node &B) { return B.Top() < A.Top(); }
 
 } // namespace timeline

@@ -26,8 +26,4 @@ void AdjustDateWaysOf(const std::vector<diagram::Node *> &nodes);
 // destination's, also where the day is the source.
 void DoAdjustLink(diagram::Link &Link, bool Horizontal, int Index);
 
-bool NodeIsLeftNode(const diagram::Node &A, const diagram::Node &B); // A stands left of B
-bool NodeIsAboveNode(const diagram::Node &A,
-                     const diagram::Node &B); // B stands above A, whatever the name says
-
 } // namespace timeline

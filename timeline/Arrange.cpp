@@ -31,11 +31,6 @@ using document::tags::kTimelineAlign;
 
 const QString kTrue = QStringLiteral("True");
 const QString kDefaultArrangement = QStringLiteral("4");
-constexpr int kKey = 0, kMonth = 1; // columns
-
-[[noreturn]] void RaiseSubscript(const char *routine) {
-    support::Raise(support::kErrSubscriptOutOfRange, QString::fromLatin1(routine));
-}
 
 void GiveKey(diagram::Node &node) {
     if (node.Key().isEmpty()) node.SetKey(support::GetGUID());
@@ -57,10 +52,10 @@ struct Settings {
     bool addMissing;
 };
 
-// One run of ArrangeTimeLineNodes.
-class Run {
+// Reads the strip for the plans of one arrangement, and does what they say.
+class StripOfRun {
 public:
-    Run(document::MapWindow &window, diagram::Surface &flow, const Settings &settings)
+    StripOfRun(document::MapWindow &window, diagram::Surface &flow, const Settings &settings)
         : window_(window), flow_(flow), settings_(settings), hidden_(IsTimelineHidden(flow)), index_(flow) {}
 
     // Counts months and collects days; false without a month.
@@ -79,7 +74,8 @@ public:
 
     void FillTable() {
         for (diagram::Node *node : LocateTimelineNodes(flow_)) {
-            if (int(table_.size()) == months_) RaiseSubscript("ArrangeTimeLineNodes");
+            if (int(table_.size()) == months_)
+                support::Raise(support::kErrSubscriptOutOfRange, QStringLiteral("ArrangeTimeLineNodes"));
             const QString date = document::GetTag(*node, kTheDate);
             const QString month = Reformatted(date, kMonthPattern);
             table_.push_back({node->Key(), month.isEmpty() ? date : month});
@@ -88,11 +84,11 @@ public:
 
     // True when a month went.
     bool DropUnusedMonths() {
+        std::set<QDate> used = MonthsOfEnds(flow_);
+        used.merge(index_.MonthsOfDays());
         bool removed = false;
-        ends_ = MonthsOfEnds(flow_);
-        for (const AxisRow &row : table_) {
-            if (HasDays(row[kMonth]) || HasEnd(row[kMonth])) continue;
-            diagram::Node *month = index_.Find(row[kMonth]);
+        for (const QString &each : UnusedMonths(table_, used)) {
+            diagram::Node *month = index_.Find(each);
             if (!month) continue;
             index_.Remove(*month);
             flow_.Remove(*month);
@@ -102,13 +98,13 @@ public:
     }
 
     void AddMissingMonths() {
-        const auto [first, last] = Ends();
+        const auto [first, last] = EndsOf(table_);
         FillMissingDates(table_, first, last, window_);
         for (AxisRow &row : table_) {
-            if (!row[kKey].isEmpty() || row[kMonth].isEmpty()) continue;
-            diagram::Node &month = FindOrCreate(row[kMonth], QStringLiteral("Creating for "));
+            if (!row[kAxisKey].isEmpty() || row[kAxisMonth].isEmpty()) continue;
+            diagram::Node &month = FindOrCreate(row[kAxisMonth], QStringLiteral("Creating for "));
             GiveKey(month);
-            row[kKey] = month.Key();
+            row[kAxisKey] = month.Key();
             if (created_ == kMostCreated) break;
         }
         window_.DoStatus(QStringLiteral("Updating nodes..."));
@@ -116,16 +112,17 @@ public:
         window_.DoStatus(QString());
     }
 
-    void Sort() { Sort2DArray(table_, kMonth); }
+    void Sort() { Sort2DArray(table_, kAxisMonth); }
 
     // A hidden month keeps its place in the order and takes no room; a folded one takes little.
     void FoldMonths() {
         SizeFolds(flow_, settings_.arrangement);
         for (const AxisRow &row : table_) {
-            if (row[kKey].isEmpty()) continue;
-            window_.DoStatus(QStringLiteral("Searching for ") + row[kMonth]);
-            diagram::Node *month = index_.Find(row[kMonth]);
-            if (!month && created_ < kMostCreated) month = &Create(row[kMonth], QStringLiteral("Creating "));
+            if (row[kAxisKey].isEmpty()) continue;
+            window_.DoStatus(QStringLiteral("Searching for ") + row[kAxisMonth]);
+            diagram::Node *month = index_.Find(row[kAxisMonth]);
+            if (!month && created_ < kMostCreated)
+                month = &Create(row[kAxisMonth], QStringLiteral("Creating "));
             if (month && month->Hidden()) Fold(*month, settings_.arrangement);
         }
     }
@@ -137,26 +134,23 @@ public:
         }
     }
 
+    // Month by month, with its days and the ends of their links: these see the months behind it where they
+    // were.
     void Place() {
-        DaysByMonth days(days_);
-        std::int32_t offset = 0, begin = 0;
-        std::optional<PieceOfStrip> last;
-        for (diagram::Node *month : Months()) {
-            const std::optional<PieceOfStrip> fold = FoldOf(*month);
-            if (!month->Hidden() && fold && fold == last) offset = begin; // one sliver
-            if (!month->Hidden()) begin = offset, last = fold;
-            if (!PlaceMonth(flow_, *month, settings_.arrangement, offset)) return;
-            PositionDateNodes(days, *month, RunsRightwards(settings_.arrangement));
+        const std::vector<diagram::Node *> months = Months();
+        const std::vector<PlacedMonth> places = PlanPlaces(TaskOf(months));
+        for (std::size_t i = 0; i < places.size(); ++i) {
+            months[i]->SetLeft(places[i].box.left);
+            months[i]->SetTop(places[i].box.top);
+            PositionDateNodes(days_, places[i], RunsRightwards(settings_.arrangement));
         }
     }
 
     // What the user has to know when no more months could be added; else nothing.
     QString StoppedText() const {
         if (created_ < kMostCreated) return {};
-        for (std::size_t i = 1; i < table_.size() && !table_[i][kKey].isEmpty(); ++i)
-            if (MonthBoundaries(CDate(table_[i - 1][kMonth]), CDate(table_[i][kMonth])) > 1)
-                return Stopped(table_[i - 1][kMonth], table_[i][kMonth]);
-        return {};
+        const auto gap = GapIn(table_);
+        return gap ? Stopped(gap->first, gap->second) : QString();
     }
 
 private:
@@ -168,24 +162,13 @@ private:
             .arg(before, behind);
     }
 
-    bool HasDays(const QString &month) const {
-        const std::optional<QDate> first = ParseDate(month);
-        for (int day = 1; first && day <= first->daysInMonth(); ++day)
-            if (index_.FindDay(QDate(first->year(), first->month(), day))) return true;
-        return false;
-    }
-
-    bool HasEnd(const QString &month) const {
-        const std::optional<QDate> first = ParseDate(month);
-        return first && ends_.contains(*first);
-    }
-
-    std::pair<QString, QString> Ends() const {
-        const auto [first, last] =
-            std::minmax_element(table_.begin(), table_.end(), [](const AxisRow &a, const AxisRow &b) {
-                return CDate(a[kMonth]) < CDate(b[kMonth]);
-            });
-        return {(*first)[kMonth], (*last)[kMonth]};
+    PlacesTask TaskOf(const std::vector<diagram::Node *> &months) const {
+        PlacesTask task{settings_.arrangement, flow_.Width(), flow_.Height(), {}, {}};
+        for (const diagram::Node *month : months)
+            task.months.push_back({CDate(document::GetTag(*month, kTheDate)), month->Width(), month->Height(),
+                                   month->Hidden(), FoldOf(*month)});
+        for (const diagram::Node *day : days_) task.days.push_back(CDate(day->Text()));
+        return task;
     }
 
     diagram::Node &FindOrCreate(const QString &month, const QString &creating) {
@@ -210,7 +193,7 @@ private:
             if (IsTimelineMaterial(node) && !byKey.contains(node.Key())) byKey.insert(node.Key(), &node);
         std::vector<diagram::Node *> months;
         for (const AxisRow &row : table_)
-            if (diagram::Node *month = byKey.value(row[kKey]); month && !row[kKey].isEmpty())
+            if (diagram::Node *month = byKey.value(row[kAxisKey]); month && !row[kAxisKey].isEmpty())
                 months.push_back(month);
         return months;
     }
@@ -224,7 +207,6 @@ private:
     int created_ = 0;
     std::vector<diagram::Node *> days_;
     AxisTable table_;
-    std::set<QDate> ends_;
 };
 
 std::size_t MonthsInSight(const diagram::Surface &flow) {
@@ -256,7 +238,7 @@ void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, i
     support::PassOn("ArrangeTimeLineNodes", [&] {
         TranslateDates(Flow);
         const Settings settings(Flow, *LocateTimeLineTemplateNode(Flow, true), Align);
-        Run run(window, Flow, settings);
+        StripOfRun run(window, Flow, settings);
         if (!run.FindNodes()) return window.DoStatus(QString());
         run.FillTable();
         if (settings.addMissing)
@@ -273,6 +255,10 @@ void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, i
     });
 }
 
+void ArrangeAgain(document::MapWindow &window, diagram::Surface &Flow) {
+    if (!LocateTimelineNodes(Flow).empty()) ArrangeTimeLineNodes(window, Flow, ArrangementOf(Flow));
+}
+
 void CarryArrangement(diagram::Surface &Flow) {
     if (!document::GetTag(Flow, kTimelineAlign).isEmpty()) return;
     const diagram::Node *look = LocateTimeLineTemplateNode(Flow, false);
@@ -283,37 +269,10 @@ void CarryArrangement(diagram::Surface &Flow) {
 void FillMissingDates(AxisTable &Dates, const QString &StartDate, const QString &EndDate,
                       document::MapWindow &Main) {
     support::PassOn("FillMissingDates", [&] {
-        if (StartDate == EndDate) return;
-        QDate month = CDate(StartDate);
-        const auto rows = std::size_t(MonthBoundaries(month, CDate(EndDate)) + 1);
-        if (Dates.size() > rows) RaiseSubscript("FillMissingDates");
-        Dates.resize(rows);
-        for (int stored = 0; stored < kMostCreated;) {
-            month = month.addMonths(1);
-            const QString text = FormatDate(month, kMonthPattern);
-            Main.DoStatus(QStringLiteral("Searching / Creating Date ") + text);
-            if (!DateExists(Dates, text)) {
-                const auto free = std::find_if(Dates.begin(), Dates.end(),
-                                               [](const AxisRow &row) { return row[kMonth].isEmpty(); });
-                if (free != Dates.end()) (*free)[kMonth] = text, ++stored;
-            }
-            if (text == EndDate) return;
-        }
-    });
-}
-
-bool DateExists(const AxisTable &Dates, const QString &Month) {
-    return std::any_of(Dates.begin(), Dates.end(), [&](const AxisRow &row) { return row[kMonth] == Month; });
-}
-
-void Sort2DArray(AxisTable &Table, int Column) {
-    support::PassOn("Sort2DArray", [&] {
-        std::vector<std::pair<QDate, AxisRow>> rows;
-        for (const AxisRow &row : Table)
-            if (!row[0].isEmpty()) rows.emplace_back(CDate(row[std::size_t(Column)]), row);
-        std::stable_sort(rows.begin(), rows.end(),
-                         [](const auto &a, const auto &b) { return a.first < b.first; });
-        std::transform(rows.begin(), rows.end(), Table.begin(), [](const auto &row) { return row.second; });
+        FilledAxis filled = FillAxis(Dates, StartDate, EndDate);
+        Dates = std::move(filled.rows);
+        for (const QString &month : filled.walked)
+            Main.DoStatus(QStringLiteral("Searching / Creating Date ") + month);
     });
 }
 

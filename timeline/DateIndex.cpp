@@ -50,6 +50,15 @@ QHash<DateMeant, DateIndex::Nodes> &DateIndex::Meant() const {
     return *meant_;
 }
 
+std::set<QDate> DateIndex::MonthsOfDays() const {
+    std::set<QDate> months;
+    for (auto each = Meant().cbegin(); each != Meant().cend(); ++each) {
+        const DateMeant &meant = each.key();
+        if (!meant.month && !each->empty()) months.insert({meant.date.year(), meant.date.month(), 1});
+    }
+    return months;
+}
+
 void DateIndex::Add(diagram::Node &node) {
     const QString date = DateOf(node);
     nodes_[date].push_back(&node);

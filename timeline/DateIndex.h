@@ -5,6 +5,7 @@
 #include <QDate>
 #include <QHash>
 #include <QString>
+#include <set>
 #include <vector>
 
 namespace diagram {
@@ -35,6 +36,8 @@ public:
     // there is none.
     diagram::Node *Find(const QString &date) const;
     diagram::Node *FindDay(const QDate &day) const { return FindMeant({day, false}); }
+    // The first days of the months in which there are days.
+    std::set<QDate> MonthsOfDays() const;
     void Add(diagram::Node &node); // behind all others
     void Remove(const diagram::Node &node);
 

@@ -133,7 +133,7 @@ std::vector<Node *> NodesIn(const Surface &flow, const PieceOfStrip &piece) {
         if (PieceAround(piece.piece, date) == piece) nodes.push_back(&node);
     });
     std::ranges::sort(nodes, {}, &Node::Id);
-    nodes.erase(std::ranges::unique(nodes).begin(), nodes.end());
+    nodes.erase(std::unique(nodes.begin(), nodes.end()), nodes.end());
     return nodes;
 }
 
@@ -145,7 +145,7 @@ NodesByMonth CountNodes(const Surface &flow) {
 
 QString NameOf(const PieceOfStrip &piece) {
     if (piece.piece == StripPiece::Month) return FormatDate(piece.first, kMonthPattern);
-    const QString year = QString::number(piece.first.year());
+    QString year = QString::number(piece.first.year());
     if (piece.piece == StripPiece::Year) return year;
     return QCoreApplication::translate("timeline", "Q%1 %2", "quarter of a year")
         .arg(QString::number(piece.first.month() / 3 + 1), year);

@@ -361,7 +361,8 @@ std::vector<diagram::Calendar::Lane> LaneRows(document::MapWindow &window, const
         const double from = strip.rightwards ? box.top() : box.left();
         const double to = strip.rightwards ? box.bottom() : box.right();
         const bool behind = (from + to) / 2 > middle;
-        auto [row, isNew] = rows.try_emplace({behind, number}, from, to, lanes.NameOf(number));
+        auto [row, isNew] =
+            rows.try_emplace({behind, number}, diagram::Calendar::Lane{from, to, lanes.NameOf(number)});
         row->second.from = std::min(row->second.from, from);
         row->second.to = std::max(row->second.to, to);
     }

@@ -5,6 +5,7 @@
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Measures.h"
+#include "support/MixColours.h"
 #include "widgets/PaintedIconEngine.h"
 #include "widgets/PropertyLists.h"
 
@@ -30,22 +31,17 @@ struct Inks {
     QColor line, fill, paper;
 };
 
-QColor Mixed(const QColor &a, const QColor &b, double share) {
-    const auto mix = [share](int x, int y) { return int(x + (y - x) * share); };
-    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
-}
-
 Inks InksOf(QIcon::Mode mode) {
     const QPalette palette = QGuiApplication::palette();
     if (mode == QIcon::Selected) {
         const QColor ground = palette.color(QPalette::Highlight),
                      ink = palette.color(QPalette::HighlightedText);
-        return {ink, Mixed(ground, ink, 0.25), ground};
+        return {ink, support::Mix(ground, ink, 0.25), ground};
     }
     const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
     const QColor paper = palette.color(group, QPalette::Base);
-    return {palette.color(group, QPalette::Text), Mixed(paper, palette.color(QPalette::Highlight), 0.3),
-            paper};
+    return {palette.color(group, QPalette::Text),
+            support::Mix(paper, palette.color(QPalette::Highlight), 0.3), paper};
 }
 
 Node &Box(Surface &surface, const Inks &inks, const QRectF &box) {
@@ -96,7 +92,7 @@ void SketchOrientation(Surface &surface, const Inks &inks, int value) {
 // A shadow is darker than what it falls on: on a dark theme it falls on a light ground, to be seen at all.
 void SketchShadow(Surface &surface, const Inks &inks, int value) {
     if (inks.paper.lightness() < inks.line.lightness()) {
-        const QColor ground = Mixed(inks.paper, inks.line, 0.6);
+        const QColor ground = support::Mix(inks.paper, inks.line, 0.6);
         Box(surface, {ground, ground, ground}, QRectF(0, 0, kWide, kHigh));
     }
     MiddleBox(surface, inks, float(diagram::kShadowOffset - kEdge / 2)).SetShadow(value);

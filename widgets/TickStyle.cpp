@@ -1,5 +1,6 @@
 #include "widgets/TickStyle.h"
 
+#include "support/MixColours.h"
 #include "widgets/PaintedIconEngine.h"
 
 #include <algorithm>
@@ -18,13 +19,6 @@ namespace {
 constexpr double kInk = 0.55;     // of the frame, the rest is the box's own colour
 constexpr qreal kHalf = 0.5;      // of a pixel
 constexpr double kReadable = 4.5; // contrast of texts
-
-int MixOf(int of, int with, double share) { return int(of + (with - of) * share + 0.5); }
-
-QColor Mix(const QColor &of, const QColor &with, double share) {
-    return {MixOf(of.red(), with.red(), share), MixOf(of.green(), with.green(), share),
-            MixOf(of.blue(), with.blue(), share)};
-}
 
 double Linear(double value) {
     return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
@@ -45,7 +39,7 @@ QString StyleName() {
 } // namespace
 
 QColor FrameOfTick(const QPalette &palette) {
-    return Mix(palette.color(QPalette::Base), palette.color(QPalette::Text), kInk);
+    return support::Mix(palette.color(QPalette::Base), palette.color(QPalette::Text), kInk);
 }
 
 double Contrast(const QColor &a, const QColor &b) {
@@ -56,9 +50,10 @@ double Contrast(const QColor &a, const QColor &b) {
 QColor Readable(const QColor &text, const QColor &ground, const QColor &ink) {
     constexpr double kStep = 0.05;
     if (text.alpha() == 255 && Contrast(text, ground) >= kReadable) return text;
-    const QColor plain = Mix(ground, text, text.alphaF());
+    const QColor plain = support::Mix(ground, text, text.alphaF());
     for (double share = 0; share < 1; share += kStep)
-        if (const QColor mixed = Mix(plain, ink, share); Contrast(mixed, ground) >= kReadable) return mixed;
+        if (const QColor mixed = support::Mix(plain, ink, share); Contrast(mixed, ground) >= kReadable)
+            return mixed;
     return ink;
 }
 

@@ -119,7 +119,7 @@ QByteArray Pdf(Scene &scene, const QRectF &page, const ExportOptions &options) {
 
 QByteArray PaintMetafile(vector::MetafileEngine &engine, Scene &scene, const QRectF &page,
                          const ExportOptions &options) {
-    const QByteArray file = PaintVectors(engine, scene, page, options);
+    QByteArray file = PaintVectors(engine, scene, page, options);
     if (engine.IsTooLong()) support::Raise(support::kErrOutOfMemory, kSource);
     return file;
 }

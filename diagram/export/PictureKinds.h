@@ -31,6 +31,12 @@ static_assert([] {
     return true;
 }());
 
+// Files of pictures as programs hand them over, also of kinds that aren't written: those that look the same
+// everywhere first.
+inline constexpr const char *kPictureTypes[] = {"image/png", "image/jpeg",  "image/gif",
+                                                "image/bmp", "image/x-emf", "image/emf",
+                                                "image/wmf", "image/x-wmf", "image/svg+xml"};
+
 // The kind whose ending `path` has, in upper or lower case, behind a point; null for none.
 const PictureKind *KindOfFile(const QString &path);
 // All endings.

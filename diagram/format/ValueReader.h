@@ -42,7 +42,7 @@ public:
             const auto id = body_.Get<std::uint8_t>(); // of a row, counted from 1
             if (id == 0 || id > rows.size() || !isStored(rows[id - 1u])) RaiseInvalidFormat();
             PropertyValue value = rows[id - 1u].get(data);
-            std::visit([this](auto &each) { GetValue(each); }, value);
+            std::visit([this](auto &each) { this->GetValue(each); }, value);
             rows[id - 1u].set(data, value);
         }
         if (!IsValid(data)) RaiseInvalidFormat();

@@ -24,7 +24,7 @@ public:
             if (!counts(row)) continue;
             body_.Put(row.id);
             const PropertyValue value = row.get(data);
-            std::visit([this](const auto &each) { PutValue(each); }, value);
+            std::visit([this](const auto &each) { this->PutValue(each); }, value);
         }
     }
     template <typename Data>

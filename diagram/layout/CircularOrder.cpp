@@ -106,7 +106,7 @@ std::vector<int> CircularOrder(const LayoutGraph &part, Progress &progress) {
     for (int round = 0; round < rounds; ++round)
         if (!sifting.Round(progress, double(round) / rounds, double(round + 1) / rounds)) break;
     std::vector<int> order = sifting.Order();
-    std::ranges::rotate(order, std::ranges::find(order, 0));
+    std::rotate(order.begin(), std::ranges::find(order, 0), order.end());
     return order;
 }
 

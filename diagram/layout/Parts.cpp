@@ -53,7 +53,7 @@ Adjacency NeighboursOf(const LayoutGraph &graph) {
     }
     for (std::vector<int> &list : neighbours) {
         std::ranges::sort(list);
-        list.erase(std::ranges::unique(list).begin(), list.end());
+        list.erase(std::unique(list.begin(), list.end()), list.end());
     }
     return neighbours;
 }

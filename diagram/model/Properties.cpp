@@ -88,8 +88,8 @@ constexpr std::size_t kLookCount =
 // nothing that is seen.
 constexpr auto LookRows() {
     std::array<PropertyRow<NodeLook>, kLookCount> rows{};
-    const auto add = [&rows](const auto &property) {
-        if constexpr (property.kIsLook) {
+    const auto add = [&rows]<typename Property>(const Property &property) {
+        if constexpr (Property::kIsLook) {
             PropertyRow<NodeLook> row = Row<NodeLook>(property);
             row.id = property.idInLook;
             row.what = Change::Data;

@@ -1,6 +1,9 @@
 // The ranges of the values of a surface and its items: setters, files and undo all go by these.
 #pragma once
 
+#include "diagram/shapes/Arrows.h"
+#include "diagram/shapes/LinkStyles.h"
+#include "diagram/shapes/Shapes.h"
 #include "support/Error.h"
 
 #include <limits>
@@ -11,13 +14,16 @@ namespace diagram {
 constexpr float kLargestCoordinate = 1e8F; // twips
 
 // The numbers from the lowest to the highest, but for a gap between two of them. All ranges refuse what is no
-// number.
+// number. A value that is a row of a table goes as far as the table does.
 struct Range {
     double lowest, highest;
     double belowGap = 0, aboveGap = 0; // the last number before it and the first behind it
+    int (*lastRow)() = nullptr;        // of the table, below `highest`
     constexpr bool operator()(double value) const {
-        return value >= lowest && value <= highest && !(value > belowGap && value < aboveGap);
+        return value >= lowest && value <= highest && !(value > belowGap && value < aboveGap) &&
+               (!lastRow || value <= lastRow());
     }
+    double Highest() const { return lastRow ? lastRow() : highest; }
 };
 
 constexpr bool Between(double value, double lowest, double highest) { return Range{lowest, highest}(value); }
@@ -29,15 +35,16 @@ inline constexpr Range IsCoordinate{-kLargestCoordinate, kLargestCoordinate};
 inline constexpr Range IsSize{0, kLargestCoordinate};
 inline constexpr Range IsDrawWidth{0, 32767};
 inline constexpr Range IsMargin{-32768, 32767};
-inline constexpr Range IsShape{0, 77, 15, 50};
+constexpr double kMostRows = 254; // one less than a byte holds
+inline constexpr Range IsShape{0, kMostRows, 15, 50, LastShape};
 inline constexpr Range IsOrientation{0, 3};
 inline constexpr Range IsDrawStyle{0, 6};
 inline constexpr Range IsAlignment{0, 8};
 inline constexpr Range IsPicturePos{0, 9};
 inline constexpr Range IsShadow{0, 4};
 inline constexpr Range IsAutoSize{0, 3};
-inline constexpr Range IsLinkStyle{0, 14};
-inline constexpr Range IsArrow{0, 32};
+inline constexpr Range IsLinkStyle{0, kMostRows, 0, 0, LastLinkStyle};
+inline constexpr Range IsArrow{0, kMostRows, 0, 0, LastArrow};
 inline constexpr Range IsArrowSize{0, 2};
 inline constexpr Range IsJumpStyle{0, 2};
 inline constexpr Range IsZoom{0, 10000};

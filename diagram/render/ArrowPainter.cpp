@@ -2,8 +2,8 @@
 
 #include "diagram/shapes/Arrows.h"
 
-#include <array>
 #include <cmath>
+#include <vector>
 
 namespace diagram {
 
@@ -61,9 +61,9 @@ ArrowParts TakeApart(const ArrowRow &row) {
 }
 
 const ArrowParts &PartsOf(int value) {
-    static const std::array<ArrowParts, kArrowCount> all = [] {
-        std::array<ArrowParts, kArrowCount> parts;
-        for (const ArrowRow &row : ArrowTable()) parts[std::size_t(row.value)] = TakeApart(row);
+    static const std::vector<ArrowParts> all = [] {
+        std::vector<ArrowParts> parts;
+        for (const ArrowRow &row : ArrowTable()) parts.push_back(TakeApart(row));
         return parts;
     }();
     return all[std::size_t(value)];

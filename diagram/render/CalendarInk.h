@@ -1,6 +1,8 @@
 // The tints in which the calendar of a strip of days is drawn on a paper.
 #pragma once
 
+#include "support/MixColours.h"
+
 #include <cstdlib>
 #include <QRgb>
 
@@ -31,11 +33,7 @@ private:
         if (std::abs(qGray(paper) - qGray(wanted)) >= kLeastContrast) return wanted;
         return qGray(paper) < 128 ? qRgb(235, 240, 245) : qRgb(40, 50, 60);
     }
-    QRgb Tint(double share) const {
-        const auto mix = [share](int x, int y) { return int(x + (y - x) * share + 0.5); };
-        return qRgb(mix(qRed(paper_), qRed(ink_)), mix(qGreen(paper_), qGreen(ink_)),
-                    mix(qBlue(paper_), qBlue(ink_)));
-    }
+    QRgb Tint(double share) const { return support::Mix(paper_, ink_, share); }
 
     QRgb paper_, ink_;
 };

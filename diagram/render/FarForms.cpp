@@ -1,10 +1,11 @@
 #include "diagram/render/FarForms.h"
 
 #include "diagram/geometry/Polyline.h"
+#include "vector/geometry/Clipping.h"
 
-#include <array>
 #include <cmath>
 #include <numeric>
+#include <utility>
 
 namespace diagram {
 
@@ -17,47 +18,6 @@ constexpr double kMargin = 16;    // device pixels around what is painted
 QRectF PaintedArea(const Paint &paint, double lineWidth) {
     const double margin = kMargin + 2 * lineWidth;
     return paint.frame.Map(paint.area).adjusted(-margin, -margin, margin, margin);
-}
-
-// A half plane: points with a distance of 0 or more are in it.
-struct Side {
-    bool across; // of a left or right side
-    double sign, at;
-    double Inside(const QPointF &point) const { return sign * ((across ? point.x() : point.y()) - at); }
-};
-
-std::array<Side, 4> SidesOf(const QRectF &area) {
-    return {{{true, 1, area.left()},
-             {true, -1, area.right()},
-             {false, 1, area.top()},
-             {false, -1, area.bottom()}}};
-}
-
-QPolygonF CutBy(const Side &side, const QPolygonF &polygon) {
-    QPolygonF cut;
-    for (qsizetype i = 0; i < polygon.size(); ++i) {
-        const QPointF &from = polygon[i], &to = polygon[(i + 1) % polygon.size()];
-        const double a = side.Inside(from), b = side.Inside(to);
-        if (a >= 0) cut << from;
-        if ((a >= 0) != (b >= 0)) cut << from + (to - from) * (a / (a - b));
-    }
-    return cut;
-}
-
-// The stretch of a segment inside the area, as shares of its length; empty when `from` isn't below `to`.
-struct Stretch {
-    double from = 0, to = 1;
-};
-
-Stretch InsideOf(const QRectF &area, const QPointF &start, const QPointF &end) {
-    Stretch stretch;
-    for (const Side &side : SidesOf(area)) {
-        const double a = side.Inside(start), b = side.Inside(end);
-        if (a < 0 && b < 0) return {1, 0};
-        if (a < 0) stretch.from = std::max(stretch.from, a / (a - b));
-        if (b < 0) stretch.to = std::min(stretch.to, a / (a - b));
-    }
-    return stretch;
 }
 
 // The dashes of a run lie where those of the whole line would.
@@ -81,8 +41,8 @@ void StrokeInside(QPainter &painter, const QRectF &area, const QPolygonF &line) 
     for (qsizetype i = 1; i < line.size(); ++i) {
         const QPointF &start = line[i - 1], way = line[i] - start;
         const double size = Distance(start, line[i]);
-        const Stretch seen = InsideOf(area, start, line[i]);
-        const bool any = seen.from < seen.to;
+        const vector::Stretch seen = vector::StretchWithin(area, start, line[i]);
+        const bool any = !seen.IsEmpty();
         if (any && run.isEmpty()) started = length + seen.from * size, run << start + way * seen.from;
         if (any) run << start + way * seen.to;
         if (!any || seen.to < 1) DrawRun(painter, std::exchange(run, {}), started);
@@ -105,8 +65,8 @@ bool IsFar(const Paint &paint, const QRectF &box) {
 QPainterPath PaintedPart(const Paint &paint, const QPainterPath &outline) {
     QPainterPath part;
     part.setFillRule(outline.fillRule());
-    for (QPolygonF polygon : outline.toSubpathPolygons()) {
-        for (const Side &side : SidesOf(PaintedArea(paint, 0))) polygon = CutBy(side, polygon);
+    for (const QPolygonF &whole : outline.toSubpathPolygons()) {
+        const QPolygonF polygon = vector::PolygonWithin(PaintedArea(paint, 0), whole);
         if (polygon.size() > 2) part.addPolygon(polygon), part.closeSubpath();
     }
     return part;

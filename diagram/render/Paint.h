@@ -8,6 +8,7 @@
 #include "diagram/render/Renderer.h"
 #include "diagram/render/TextBlock.h"
 #include "support/Colour.h"
+#include "support/MixColours.h"
 
 #include <QPolygonF>
 #include <vector>
@@ -43,10 +44,6 @@ inline QRgb ToRgb(support::Colour colour) {
     return qRgb(plain & 0xFF, plain >> 8 & 0xFF, plain >> 16 & 0xFF);
 }
 
-// `share` of `b` in `a`, 0 to 1.
-inline QRgb Mix(QRgb a, QRgb b, double share) {
-    const auto mix = [share](int x, int y) { return int(x + (y - x) * share + 0.5); };
-    return qRgb(mix(qRed(a), qRed(b)), mix(qGreen(a), qGreen(b)), mix(qBlue(a), qBlue(b)));
-}
+using support::Mix;
 
 } // namespace diagram

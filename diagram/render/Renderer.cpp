@@ -13,6 +13,7 @@
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/Measures.h"
 
+#include <algorithm>
 #include <QPaintEngine>
 #include <QTransform>
 
@@ -118,7 +119,7 @@ void AddBroughtBack(Paint &paint, const Sights &sights, std::vector<Item *> &ite
     }
     if (items.size() == known) return;
     std::ranges::sort(items, LiesBelow);
-    items.erase(std::ranges::unique(items).begin(), items.end());
+    items.erase(std::unique(items.begin(), items.end()), items.end());
 }
 
 void FindItems(Paint &paint, std::vector<Item *> &items) {

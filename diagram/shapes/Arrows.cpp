@@ -120,7 +120,7 @@ constexpr ArrowFill kNone = ArrowFill::None;
 constexpr ArrowFill kLine = ArrowFill::Line;
 constexpr ArrowFill kPaper = ArrowFill::Paper;
 
-constexpr std::array<ArrowRow, kArrowCount> kArrows{{
+constexpr ArrowRow kArrows[] = {
     {0, "No Arrow", nullptr, kNone, 0},
     {1, "Filled Circle", Circle, kLine, kCircle},
     {2, "Empty Circle", Circle, kPaper, 2 * kCircle},
@@ -154,10 +154,10 @@ constexpr std::array<ArrowRow, kArrowCount> kArrows{{
     {30, "Empty Half Arrow 15", HalfArrow<15>, kPaper, 0.05},
     {31, "Empty Half Arrow 30", HalfArrow<30>, kPaper, 0.05},
     {32, "Empty Half Arrow 45", HalfArrow<45>, kPaper, 0.05},
-}};
+};
 
 constexpr bool IsWhole() {
-    for (std::size_t i = 0; i < kArrows.size(); ++i) {
+    for (std::size_t i = 0; i < std::size(kArrows); ++i) {
         const ArrowRow &row = kArrows[i];
         if (row.value != int(i) || !row.name || !*row.name) return false;
         if ((i > 0) != (row.path != nullptr)) return false;
@@ -174,9 +174,10 @@ static_assert(IsWhole());
 } // namespace
 
 std::span<const ArrowRow> ArrowTable() { return kArrows; }
+int LastArrow() { return int(std::size(kArrows)) - 1; }
 
 const ArrowRow *FindArrow(int value) {
-    return value >= 0 && value < kArrowCount ? &kArrows[std::size_t(value)] : nullptr;
+    return value >= 0 && value <= LastArrow() ? &kArrows[std::size_t(value)] : nullptr;
 }
 
 double ArrowScale(int size, double drawWidth) {

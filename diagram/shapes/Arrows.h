@@ -1,4 +1,4 @@
-// The 33 arrow heads: one row each.
+// The arrow heads: one row each.
 //
 // The number in a name is the angle in degrees that the head spans: between the two sides at its tip, between
 // the line and the one side of a half arrow, between the outer toes of a foot ("Many"), or as which the bar
@@ -17,7 +17,7 @@ enum class ArrowFill : unsigned char {
 }; // strokes only, filled in the line's colour, filled in the back colour
 
 struct ArrowRow {
-    int value;              // stored value, 0 to 32
+    int value;              // stored value
     const char *name;       // as the user reads it; a number in it is the angle of the head in degrees
     QPainterPath (*path)(); // unit frame: the tip at the origin, the line comes from negative x, length 1;
                             // null for none
@@ -25,9 +25,8 @@ struct ArrowRow {
     double eats; // length of line that the head replaces, in units of the frame
 };
 
-constexpr int kArrowCount = 33;
-
 std::span<const ArrowRow> ArrowTable(); // the position in it is the value
+int LastArrow();
 const ArrowRow *FindArrow(int value);
 
 // Length of the unit frame in twips for a size (0 small, 1 medium, 2 big) and a line width in pixels.

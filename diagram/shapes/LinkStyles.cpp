@@ -1,12 +1,12 @@
 #include "diagram/shapes/LinkStyles.h"
 
-#include <array>
+#include <iterator>
 
 namespace diagram {
 
 namespace {
 
-constexpr std::array<LinkStyleRow, 15> kLinkStyles{{
+constexpr LinkStyleRow kLinkStyles[] = {
     {0, "Polyline", LinkForm::Polyline, ""},
     {1, "Bezier", LinkForm::Bezier, ""},
     {2, "V H", LinkForm::Orthogonal, "VH"},
@@ -22,7 +22,7 @@ constexpr std::array<LinkStyleRow, 15> kLinkStyles{{
     {12, "V H V H V H V", LinkForm::Orthogonal, "VHVHVHV"},
     {13, "H V H V H V H", LinkForm::Orthogonal, "HVHVHVH"},
     {14, "Spline", LinkForm::Spline, ""},
-}};
+};
 
 // The name of an orthogonal style is its directions with blanks between them.
 constexpr bool NameMatches(const LinkStyleRow &row) {
@@ -37,7 +37,7 @@ constexpr bool NameMatches(const LinkStyleRow &row) {
 }
 
 constexpr bool IsWhole() {
-    for (std::size_t i = 0; i < kLinkStyles.size(); ++i) {
+    for (std::size_t i = 0; i < std::size(kLinkStyles); ++i) {
         if (kLinkStyles[i].value != int(i) || !kLinkStyles[i].name) return false;
         if (!NameMatches(kLinkStyles[i])) return false;
         for (std::size_t k = 0; k < i; ++k)
@@ -50,9 +50,10 @@ static_assert(IsWhole());
 } // namespace
 
 std::span<const LinkStyleRow> LinkStyleTable() { return kLinkStyles; }
+int LastLinkStyle() { return int(std::size(kLinkStyles)) - 1; }
 
 const LinkStyleRow *FindLinkStyle(int value) {
-    return value >= 0 && value < int(kLinkStyles.size()) ? &kLinkStyles[std::size_t(value)] : nullptr;
+    return value >= 0 && value <= LastLinkStyle() ? &kLinkStyles[std::size_t(value)] : nullptr;
 }
 
 int RoutedPointCount(int style) {

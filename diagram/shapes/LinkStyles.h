@@ -1,4 +1,4 @@
-// The 15 styles of links: one row each, with the sequence of directions that the style fixes.
+// The styles of links: one row each, with the sequence of directions that the style fixes.
 #pragma once
 
 #include <span>
@@ -9,13 +9,14 @@ namespace diagram {
 enum class LinkForm : unsigned char { Polyline, Bezier, Orthogonal, Spline };
 
 struct LinkStyleRow {
-    int value;        // stored value, 0 to 14
+    int value;        // stored value
     const char *name; // as the user reads it
     LinkForm form;
     std::string_view directions; // "VHV" and the like for orthogonal ones, empty for the others
 };
 
 std::span<const LinkStyleRow> LinkStyleTable(); // the position in it is the value
+int LastLinkStyle();
 const LinkStyleRow *FindLinkStyle(int value);
 
 // Number of points, ends included, that the router gives a link of that style: directions + 1, 4 for Bezier,

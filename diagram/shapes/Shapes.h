@@ -1,4 +1,4 @@
-// The 44 shapes of nodes: one row each. Painting, hit testing, clipping of links, shadows, icons and pickers
+// The shapes of nodes: one row each. Painting, hit testing, clipping of links, shadows, icons and pickers
 // all come from the outline of the row.
 #pragma once
 
@@ -28,7 +28,7 @@ struct BoxPart {
 };
 
 struct ShapeRow {
-    int value;                                  // stored value: 0 to 15, 50 to 77
+    int value;                                  // stored value: 0 to 15, and from 50 on
     const char *name;                           // as the user reads it
     QPainterPath (*outline)(const QRectF &box); // closed, at angle 0, touching the box
     QPainterPath (*detail)(const QRectF &box);  // inner lines, painted with the border; null for none
@@ -42,6 +42,7 @@ constexpr int kMostCorners = 8;
 
 // In the order in which pickers show them.
 std::span<const ShapeRow> ShapeTable();
+int LastShape(); // the value of the last row
 // Null for a value that is no shape. Constant time.
 const ShapeRow *FindShape(int value);
 

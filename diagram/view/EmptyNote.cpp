@@ -2,9 +2,9 @@
 
 #include "diagram/model/Surface.h"
 #include "support/Colour.h"
+#include "support/MixColours.h"
 
 #include <algorithm>
-#include <cmath>
 #include <QPainter>
 #include <QWidget>
 #include <utility>
@@ -34,18 +34,13 @@ double Contrast(const QColor &a, const QColor &b) {
     return std::max(one, other) / std::min(one, other);
 }
 
-QColor Mixed(const QColor &a, const QColor &b, double share) {
-    const auto mix = [share](int x, int y) { return int(std::lround(x + (y - x) * share)); };
-    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
-}
-
 } // namespace
 
 QColor QuietInk(const QColor &paper) {
     const QColor black(Qt::black), white(Qt::white);
     const QColor &ink = Contrast(paper, black) >= Contrast(paper, white) ? black : white;
     for (double share = kFirstShare; share < 1; share += 0.05) {
-        const QColor quiet = Mixed(paper, ink, share);
+        const QColor quiet = support::Mix(paper, ink, share);
         if (Contrast(paper, quiet) >= kLeastContrast) return quiet;
     }
     return ink;

@@ -1,7 +1,7 @@
 #include "diagram/view/SurfaceClipboard.h"
 
 #include "diagram/edit/History.h"
-#include "diagram/export/Export.h"
+#include "diagram/export/PictureKinds.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/interaction/CopiedDates.h"
 #include "diagram/interaction/GrowPage.h"
@@ -104,11 +104,6 @@ QSizeF PictureSize(const Picture &picture) {
         size.scale(kLargestPicture, kLargestPicture, Qt::KeepAspectRatio);
     return size;
 }
-
-// Files of pictures, those that look the same everywhere first.
-constexpr const char *kPictureTypes[] = {"image/png", "image/jpeg",  "image/gif",
-                                         "image/bmp", "image/x-emf", "image/emf",
-                                         "image/wmf", "image/x-wmf", "image/svg+xml"};
 
 bool HasPicture(const QMimeData &data) {
     return data.hasImage() || std::any_of(std::begin(kPictureTypes), std::end(kPictureTypes),

@@ -163,8 +163,8 @@ bool SurfaceView::Impl::Keys::MoveBy(const QPointF &distance, quint64 time) {
 
 bool SurfaceView::Impl::Keys::Resize(const QPointF &growth, quint64 time) {
     const bool resized = run_.Do(KeyRun::Kind::Resize, time, [&](bool goesOn) {
-        const int days = std::max(std::abs(growth.x()), std::abs(growth.y())) > kPixelTwips ? kWeek : 1;
-        return MoveEndsByDays(surface_, impl_.Days(), growth, days, goesOn) ||
+        const int step = std::max(std::abs(growth.x()), std::abs(growth.y())) > kPixelTwips ? kWeek : 1;
+        return MoveEndsByDays(surface_, impl_.Days(), growth, step, goesOn) ||
                ResizeSelection(surface_, impl_.Days(), growth, goesOn);
     });
     const Node *node = resized ? surface_.SelectedNode() : nullptr;
@@ -198,11 +198,11 @@ bool SurfaceView::Impl::Keys::AddKin(Kin kin) {
 }
 
 bool SurfaceView::Impl::Keys::Type(QKeyEvent *event) {
-    const QString text = event->text();
+    const QString typed = event->text();
     const Qt::KeyboardModifiers others = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
     const bool altGr = others == (Qt::ControlModifier | Qt::AltModifier);
-    if (text.isEmpty() || !text.at(0).isPrint() || (others && !altGr)) return false;
-    return impl_.BeginEdit(&text);
+    if (typed.isEmpty() || !typed.at(0).isPrint() || (others && !altGr)) return false;
+    return impl_.BeginEdit(&typed);
 }
 
 // What is composed goes into the editor from the first key on.

@@ -3,6 +3,7 @@
 #include "storage/jet/Failure.h"
 #include "storage/jet/Page.h"
 #include "storage/jet/Values.h"
+#include "support/Windows1252.h"
 
 #include <QFile>
 #include <QtEndian>
@@ -98,7 +99,7 @@ QString JetFile::Text(const QByteArray &bytes) const {
     constexpr int kWestern = 1252;
     if (!IsJet3()) return DecodeUnicode(bytes);
     const int page = handle_->f->code_page;
-    if (page == kWestern || page == 0) return Decode1252(bytes);
+    if (page == kWestern || page == 0) return support::FromWindows1252(bytes);
     constexpr int kMostBytesACharacter = 4;
     QByteArray utf8(bytes.size() * kMostBytesACharacter + 1, '\0');
     const int size =

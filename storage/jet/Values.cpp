@@ -43,19 +43,6 @@ QString DecodeUnicode(const QByteArray &bytes) {
     return text;
 }
 
-QString Decode1252(const QByteArray &bytes) {
-    constexpr char16_t kFrom80[] = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
-                                    0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
-    QString text = QString::fromLatin1(bytes);
-    for (QChar &character : text) {
-        const int value = character.unicode();
-        if (value >= 0x80 && value < 0xA0) character = QChar(kFrom80[value - 0x80]);
-    }
-    return text;
-}
-
 std::int64_t DecodeWhole(const QByteArray &bytes) {
     switch (bytes.size()) {
     case 1:

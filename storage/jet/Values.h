@@ -11,9 +11,6 @@ namespace storage::jet {
 // Text of Jet 4: UTF-16 in little-endian order, or behind the bytes FF FE compressed: one byte a character,
 // and a zero byte changes to two bytes a character and back.
 QString DecodeUnicode(const QByteArray &bytes);
-// Text of Jet 3 in the code page 1252; bytes without a character there stand for the control codes of the
-// same value.
-QString Decode1252(const QByteArray &bytes);
 
 // Little-endian numbers of 1, 2, 4 and 8 bytes; a byte is unsigned.
 std::int64_t DecodeWhole(const QByteArray &bytes);

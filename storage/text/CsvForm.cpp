@@ -1,7 +1,8 @@
 #include "storage/text/CsvForm.h"
 
+#include "support/Windows1252.h"
+
 #include <algorithm>
-#include <array>
 #include <QStringDecoder>
 
 namespace storage {
@@ -9,16 +10,6 @@ namespace storage {
 namespace {
 
 constexpr qint64 kPiece = 1 << 16; // bytes
-
-// What the bytes 0x80 to 0x9F mean in Windows-1252; the five that have no meaning stay what they are.
-constexpr std::array<char16_t, 32> kWindows1252 = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-char16_t FromWindows1252(unsigned char byte) {
-    return byte >= 0x80 && byte < 0xA0 ? kWindows1252[byte - 0x80] : char16_t(byte);
-}
 
 struct ByteOrderMark {
     QByteArrayView bytes;
@@ -103,7 +94,8 @@ CsvDecoder::~CsvDecoder() = default;
 
 void CsvDecoder::Decode(QByteArrayView bytes, std::u16string &text) {
     if (state_->isWindows1252) {
-        for (const char byte : bytes) text.push_back(FromWindows1252(static_cast<unsigned char>(byte)));
+        for (const char byte : bytes)
+            text.push_back(support::FromWindows1252(static_cast<unsigned char>(byte)));
         return;
     }
     state_->piece = state_->decoder.decode(bytes);

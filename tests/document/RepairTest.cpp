@@ -79,11 +79,11 @@ TEST(CellRules, TheirBordersAreThoseOfALoadAndTheirFallbacksAreAllowed) {
         SCOPED_TRACE(name.toStdString());
         EXPECT_EQ(RuleFor(*rule.table, rule.column), &rule);
         EXPECT_TRUE(rule.range(rule.range.lowest));
-        EXPECT_TRUE(rule.range(rule.range.highest));
+        EXPECT_TRUE(rule.range(rule.range.Highest()));
         EXPECT_TRUE(std::isnan(rule.fallback) || rule.range(rule.fallback));
-        if (std::isinf(rule.range.highest)) continue;
+        if (std::isinf(rule.range.Highest())) continue;
         EXPECT_FALSE(rule.range(rule.range.lowest - 1));
-        EXPECT_FALSE(rule.range(rule.range.highest * 1.001 + 1));
+        EXPECT_FALSE(rule.range(rule.range.Highest() * 1.001 + 1));
     }
 }
 

@@ -131,8 +131,8 @@ void DrawTexts(Surface &surface) {
         "\u0417\u0434\u0440\u0430\u0432\u0441\u0442\u0432\u0443\u0439 \u043C\u0438\u0440",
         "na\u00EFve caf\u00E9 \u2014 \u201Cquotes\u201D",
         "Averyverylongwordthatfitsinnolineatallandmustbebroken somewhere",
-        "Too much text for so small a box, it is cut off at the bottom of the box and does not run over "
-        "others"};
+        ("Too much text for so small a box, it is cut off at the bottom of the box and does not run over "
+         "others")};
     row = 0;
     for (const char *text : kScripts) AddAt(surface, row++ * 0.95, 5, text);
 }

@@ -26,8 +26,6 @@ namespace {
 
 using Nodes = std::vector<diagram::Node *>;
 
-constexpr Qt::KeyboardModifier kCtrl = Qt::ControlModifier;
-
 void GoByTab(Reader &r) {
     r.Press("Tab");
     EXPECT_EQ(r.Surface().SelectedNode(), r.a);

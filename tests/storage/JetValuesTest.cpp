@@ -45,12 +45,6 @@ TEST(JetValues, DecodeUnicode_ExpandsCompressedText) {
     EXPECT_THROW(DecodeUnicode(QByteArray("\xFF\xFE\0\x13", 4)), Damaged);
 }
 
-TEST(JetValues, Decode1252_HasAllCharactersOfTheCodePage) {
-    EXPECT_EQ(Decode1252("\x80 \x85 \x96 \x99 \x9F \xE9"),
-              QString::fromUtf8("\xE2\x82\xAC \xE2\x80\xA6 \xE2\x80\x93 \xE2\x84\xA2 \xC5\xB8 \xC3\xA9"));
-    EXPECT_EQ(Decode1252("\x81"), QString(QChar(0x81)));
-}
-
 TEST(JetValues, DecodeWhole_TakesTheSizeOfTheBytes) {
     EXPECT_EQ(DecodeWhole(QByteArray("\xFF", 1)), 255);
     EXPECT_EQ(DecodeWhole(Little(qint16(-2))), -2);

@@ -29,8 +29,9 @@ QMap<QString, QStringList> Allowed() {
         {"support/windows", {"support"}},
         {"support/windows/printing", {"support", "support/headless"}},
         {"settings", {"support"}},
-        {"vector/player", {"support"}},
-        {"vector/engine", {"support", "vector/player"}},
+        {"vector/geometry", {}},
+        {"vector/player", {"support", "vector/geometry"}},
+        {"vector/engine", {"support", "vector/geometry", "vector/player"}},
         {"storage/text", {"support"}},
         {"storage", {"support", "storage/text"}},
         {"storage/jet", {"support", "storage", "storage/text"}},
@@ -39,7 +40,7 @@ QMap<QString, QStringList> Allowed() {
     // Inside the diagram component each folder may include those in front of it.
     const QStringList diagram = {"geometry", "shapes", "model",  "edit",   "scene",       "hit",
                                  "format",   "layout", "render", "export", "interaction", "view"};
-    QStringList below = {"support", "vector/player", "vector/engine"};
+    QStringList below = {"support", "vector/geometry", "vector/player", "vector/engine"};
     for (const QString &part : diagram) {
         const QString folder = "diagram/" + part;
         allowed[folder] = below;

@@ -127,8 +127,9 @@ TEST_F(LoadingTemplate, WhatIsNoTemplateLeavesTheSliceAsItWas) {
         {TemplateOf(QStringLiteral("map.TEM"), whole.chopped(1), Icon()), 321},
         {EmptyMap(QStringLiteral("plan.map")), storage::kErrTableNotFound},
         {InTemplates(QStringLiteral("none.TEM")), storage::kErrFileNotFound}};
-    for (const auto &[file, number] : cases) {
-        EXPECT_EQ(ErrorOf([&] { Load(file); }).Number(), number) << file.toStdString();
+    for (const auto &each : cases) {
+        const auto &[file, number] = each;
+        EXPECT_EQ(ErrorOf([&] { Load(each.first); }).Number(), number) << file.toStdString();
         EXPECT_TRUE(ContentOf(Target()) == before);
         EXPECT_FALSE(Target().CanUndo());
         EXPECT_FALSE(target->clsSettings().Dirty);

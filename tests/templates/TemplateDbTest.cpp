@@ -156,8 +156,9 @@ TEST_F(TemplateKinds, WhatIsNoTemplateGivesAnErrorWithItsName) {
     const std::pair<QString, long> cases[] = {{map, storage::kErrTableNotFound},
                                               {text, storage::kErrUnrecognizedFormat},
                                               {none, storage::kErrFileNotFound}};
-    for (const auto &[file, number] : cases) {
-        const support::Error error = ErrorOf([&] { SurfaceFileOf(file); });
+    for (const auto &each : cases) {
+        const auto &[file, number] = each;
+        const support::Error error = ErrorOf([&] { SurfaceFileOf(each.first); });
         EXPECT_EQ(error.Number(), number) << file.toStdString();
         EXPECT_TRUE(error.Description().contains(file)) << error.Description().toStdString();
     }

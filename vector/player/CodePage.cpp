@@ -1,24 +1,24 @@
 #include "vector/player/CodePage.h"
 
+#include "support/Windows1252.h"
+
 #include <algorithm>
-#include <iterator>
 
 namespace vector {
 
 namespace {
 
-// What the code page has at 0x80 to 0x9F.
-constexpr ushort kHighHalf[] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
-                                0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+// The five bytes without a meaning.
+bool IsHole(char16_t code) { return code >= 0x80 && code < 0xA0; }
 
 int InCodePage(QChar c) {
-    const ushort code = c.unicode();
+    const char16_t code = c.unicode();
     if (code < 0x20) return ' ';
-    if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) return code;
-    const auto found = std::find(std::begin(kHighHalf), std::end(kHighHalf), code);
-    return found == std::end(kHighHalf) ? -1 : 0x80 + int(found - std::begin(kHighHalf));
+    if (IsHole(code)) return -1;
+    if (code <= 0xFF) return code;
+    const auto &high = support::kWindows1252From80;
+    const auto found = std::find(high.begin(), high.end(), code);
+    return found == high.end() ? -1 : 0x80 + int(found - high.begin());
 }
 
 int BestInCodePage(QChar c) {
@@ -31,9 +31,8 @@ int BestInCodePage(QChar c) {
 }
 
 QChar FromCodePage(uchar byte) {
-    if (byte < 0x80 || byte >= 0xA0) return QChar(byte);
-    const ushort code = kHighHalf[byte - 0x80];
-    return code ? QChar(code) : QChar(QChar::ReplacementCharacter);
+    const char16_t code = support::FromWindows1252(byte);
+    return IsHole(code) ? QChar(QChar::ReplacementCharacter) : QChar(code);
 }
 
 } // namespace

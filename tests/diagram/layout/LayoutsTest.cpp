@@ -5,7 +5,6 @@
 #include "diagram/model/Surface.h"
 
 #include <gmock/gmock.h>
-#include <ranges>
 
 namespace diagram {
 namespace {
@@ -97,7 +96,9 @@ TEST_F(LayoutsTest, TheTreeTellsOfADiagramThatIsNone) {
 TEST_F(LayoutsTest, OrthogonalLinksTakeTheStyleThatSuitsTheirNewPlaces) {
     constexpr int kDownAcrossDown = 4, kSixPieces = 10;
     const auto links = [this] {
-        return surface.Links() | std::views::transform([](auto &link) { return link.get(); });
+        std::vector<Link *> all;
+        for (const auto &link : surface.Links()) all.push_back(link.get());
+        return all;
     };
     for (const char *name : {"tree", "radial", "organic", "circular", "levels"}) {
         for (Link *link : links()) link->SetStyle(kSixPieces);

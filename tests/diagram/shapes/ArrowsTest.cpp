@@ -66,7 +66,7 @@ bool IsFoot(const QString &name) { return name.contains("Many"); }
 
 TEST(Arrows, Table_HasTheNamesInOrder) {
     ASSERT_EQ(ArrowTable().size(), std::size(kNames));
-    for (int i = 0; i < kArrowCount; ++i) {
+    for (int i = 0; i <= LastArrow(); ++i) {
         EXPECT_EQ(ArrowTable()[std::size_t(i)].value, i);
         EXPECT_STREQ(ArrowTable()[std::size_t(i)].name, kNames[i]);
         EXPECT_EQ(FindArrow(i), &ArrowTable()[std::size_t(i)]);

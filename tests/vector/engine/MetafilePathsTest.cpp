@@ -27,11 +27,12 @@ TEST(MetafilePaths, Outside_CoversWhatTheFormLeavesFree) {
 TEST(MetafilePaths, Dashes_HaveThePensPatternAroundCorners) {
     QPen pen(Qt::black, 10, Qt::CustomDashLine);
     pen.setDashPattern({4, 2});
-    const std::vector<QPolygonF> dashes = Dashes(QPolygonF({{0, 0}, {100, 0}, {100, 100}}), pen);
+    const std::vector<QPolygonF> dashes =
+        Dashes(QPolygonF(QList<QPointF>{{0, 0}, {100, 0}, {100, 100}}), pen);
     ASSERT_EQ(dashes.size(), 4u);
-    EXPECT_EQ(dashes[1], QPolygonF({{60, 0}, {100, 0}}));
-    EXPECT_EQ(dashes[2], QPolygonF({{100, 20}, {100, 60}}));
-    EXPECT_EQ(dashes[3], QPolygonF({{100, 80}, {100, 100}}));
+    EXPECT_EQ(dashes[1], QPolygonF(QList<QPointF>{{60, 0}, {100, 0}}));
+    EXPECT_EQ(dashes[2], QPolygonF(QList<QPointF>{{100, 20}, {100, 60}}));
+    EXPECT_EQ(dashes[3], QPolygonF(QList<QPointF>{{100, 80}, {100, 100}}));
 }
 
 } // namespace vector

@@ -10,7 +10,7 @@ using namespace vector::testing;
 
 namespace {
 
-constexpr QRgb kClear = 0, kRed = 0xFFFF0000, kBlue = 0xFF0000FF, kBlack = 0xFF000000;
+constexpr QRgb kClear = 0, kRed = 0xFFFF0000, kBlue = 0xFF0000FF;
 
 QImage Played(const QByteArray &file, const QSize &size = {100, 100}) {
     const auto head = ReadMetafileHead(file);

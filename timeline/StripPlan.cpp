@@ -1,0 +1,163 @@
+#include "timeline/StripPlan.h"
+
+#include "support/Error.h"
+#include "support/Val.h"
+#include "timeline/DateText.h"
+
+#include <algorithm>
+#include <map>
+
+namespace timeline {
+
+namespace {
+
+constexpr float kGapBelow = 300; // between a strip at the bottom and the surface's edge
+
+// The coordinate across the strip.
+float Across(const PlacesTask &task, const MonthToPlace &month) {
+    switch (Arrangement(task.arrangement)) {
+    case Arrangement::Right:
+        return task.width - month.width;
+    case Arrangement::Bottom:
+        return task.height - month.height - kGapBelow;
+    case Arrangement::Center:
+        return task.height / 2 - month.height / 2;
+    case Arrangement::Left:
+    case Arrangement::Top:
+        break;
+    }
+    return 0;
+}
+
+QDate FirstOf(const QDate &date) { return {date.year(), date.month(), 1}; }
+
+// The days of the task by the first days of their months.
+using DaysByMonth = std::map<QDate, std::vector<std::size_t>>;
+
+DaysByMonth ByMonth(const std::vector<QDate> &days) {
+    DaysByMonth months;
+    for (std::size_t day = 0; day < days.size(); ++day) months[FirstOf(days[day])].push_back(day);
+    return months;
+}
+
+StripBox BoxOfDay(const StripBox &month, const QDate &date, bool rightwards) {
+    const float day = float(date.day());
+    if (rightwards) {
+        const float slot = SlotOf(month.width, date.daysInMonth());
+        return {day * slot + month.left, month.top, slot, month.height};
+    }
+    const float slot = SlotOf(month.height, date.daysInMonth());
+    return {month.left, day * slot + month.top, month.width, slot};
+}
+
+} // namespace
+
+bool IsArrangement(int number) {
+    return number >= int(Arrangement::Left) && number <= int(Arrangement::Center);
+}
+
+bool RunsRightwards(int arrangement) {
+    return arrangement >= int(Arrangement::Top) && IsArrangement(arrangement);
+}
+
+bool DateExists(const AxisTable &Dates, const QString &Month) {
+    return std::any_of(Dates.begin(), Dates.end(),
+                       [&](const AxisRow &row) { return row[kAxisMonth] == Month; });
+}
+
+void Sort2DArray(AxisTable &Table, int Column) {
+    support::PassOn("Sort2DArray", [&] {
+        std::vector<std::pair<QDate, AxisRow>> rows;
+        for (const AxisRow &row : Table)
+            if (!row[0].isEmpty()) rows.emplace_back(CDate(row[std::size_t(Column)]), row);
+        std::stable_sort(rows.begin(), rows.end(),
+                         [](const auto &a, const auto &b) { return a.first < b.first; });
+        std::transform(rows.begin(), rows.end(), Table.begin(), [](const auto &row) { return row.second; });
+    });
+}
+
+QStringList UnusedMonths(const AxisTable &rows, const std::set<QDate> &used) {
+    QStringList unused;
+    for (const AxisRow &row : rows) {
+        const std::optional<QDate> first = ParseDate(row[kAxisMonth]);
+        if (!first || !used.contains(FirstOf(*first))) unused.push_back(row[kAxisMonth]);
+    }
+    return unused;
+}
+
+std::pair<QString, QString> EndsOf(const AxisTable &rows) {
+    const auto [first, last] =
+        std::minmax_element(rows.begin(), rows.end(), [](const AxisRow &a, const AxisRow &b) {
+            return CDate(a[kAxisMonth]) < CDate(b[kAxisMonth]);
+        });
+    return {(*first)[kAxisMonth], (*last)[kAxisMonth]};
+}
+
+FilledAxis FillAxis(AxisTable rows, const QString &first, const QString &last) {
+    FilledAxis filled{std::move(rows), {}};
+    if (first == last) return filled;
+    QDate month = CDate(first);
+    const auto count = std::size_t(MonthBoundaries(month, CDate(last)) + 1);
+    if (filled.rows.size() > count)
+        support::Raise(support::kErrSubscriptOutOfRange, QStringLiteral("FillMissingDates"));
+    filled.rows.resize(count);
+    for (int stored = 0; stored < kMostCreated;) {
+        month = month.addMonths(1);
+        const QString text = FormatDate(month, kMonthPattern);
+        filled.walked.push_back(text);
+        if (!DateExists(filled.rows, text)) {
+            const auto free = std::ranges::find_if(
+                filled.rows, [](const AxisRow &row) { return row[kAxisMonth].isEmpty(); });
+            if (free != filled.rows.end()) (*free)[kAxisMonth] = text, ++stored;
+        }
+        if (text == last) break;
+    }
+    return filled;
+}
+
+std::optional<std::pair<QString, QString>> GapIn(const AxisTable &rows) {
+    for (std::size_t i = 1; i < rows.size() && !rows[i][kAxisKey].isEmpty(); ++i)
+        if (MonthBoundaries(CDate(rows[i - 1][kAxisMonth]), CDate(rows[i][kAxisMonth])) > 1)
+            return std::pair(rows[i - 1][kAxisMonth], rows[i][kAxisMonth]);
+    return std::nullopt;
+}
+
+float SlotOf(float extent, int days) { return float(support::CLng(double(extent)) / days); }
+
+std::vector<PlacedMonth> PlanPlaces(const PlacesTask &task) {
+    if (!IsArrangement(task.arrangement)) return {};
+    const bool rightwards = RunsRightwards(task.arrangement);
+    DaysByMonth days = ByMonth(task.days);
+    std::vector<PlacedMonth> placed;
+    std::int32_t offset = 0, begin = 0;
+    std::optional<PieceOfStrip> last;
+    for (const MonthToPlace &month : task.months) {
+        if (!month.hidden && month.fold && month.fold == last) offset = begin; // one sliver
+        if (!month.hidden) begin = offset, last = month.fold;
+        const float across = Across(task, month);
+        const StripBox box{rightwards ? float(offset) : across, rightwards ? across : float(offset),
+                           month.width, month.height};
+        offset = support::CLng(double(rightwards ? month.width : month.height) + offset);
+        PlacedMonth &place = placed.emplace_back(PlacedMonth{box, {}});
+        for (const std::size_t day : days[FirstOf(month.first)])
+            place.days.push_back({day, month.fold ? box : BoxOfDay(box, task.days[day], rightwards)});
+        days.erase(FirstOf(month.first));
+    }
+    return placed;
+}
+
+bool NodeIsLeftNode(const StripBox &A, const StripBox &B) { return A.left < B.left; }
+bool NodeIsAboveNode(const StripBox &A, const StripBox &B) { return B.top < A.top; }
+
+diagram::Point EndOnDay(const StripBox &day, const StripBox &origin, diagram::Point end, bool rightwards) {
+    if (rightwards) {
+        end.x = day.left + day.width / 2;
+        end.y = NodeIsAboveNode(day, origin) ? day.top : day.top + day.height;
+    } else {
+        end.y = day.top + day.height / 2;
+        end.x = NodeIsLeftNode(day, origin) ? day.left + day.width : day.left;
+    }
+    return end;
+}
+
+} // namespace timeline
