@@ -33,7 +33,7 @@ def lines_of(*command):
 
 def changed_files():
     """The paths that differ from main, where that is what is checked out those of the last commit, and all that isn't committed;
-    None without a history to compare with."""
+    None without a history to compare with, as in a copy of the last commit alone."""
     head = lines_of("git", "rev-parse", "HEAD")
     base = lines_of("git", "merge-base", "HEAD", "main") or lines_of("git", "merge-base", "HEAD", "origin/main")
     if not head:
@@ -42,7 +42,9 @@ def changed_files():
         names = lines_of("git", "diff", "--name-only", base[0])
     else:
         last = lines_of("git", "rev-list", "--no-merges", "-1", "HEAD", "--")
-        committed = lines_of("git", "diff-tree", "-r", "--root", "--no-commit-id", "--name-only", last[0]) if last else []
+        committed = lines_of("git", "diff", "--name-only", last[0] + "^", last[0]) if last else None
+        if committed is None:
+            return None
         names = committed + lines_of("git", "diff", "--name-only", "HEAD")
     return names + lines_of("git", "ls-files", "--others", "--exclude-standard")
 

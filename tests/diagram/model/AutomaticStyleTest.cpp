@@ -143,8 +143,9 @@ TEST_P(AutomaticMap, NoLinkRunsThroughANode) {
     for (int i = 0; i < columns * rows; ++i) {
         if (dice.Roll(0, 5) == 0) continue;
         const float width = side * dice.Real(0.4F, 1), height = side * dice.Real(0.4F, 1);
-        surface.Nodes().Add(float(i % columns) * (side + gap) + dice.Real(0, side - width),
-                            float(i / columns) * (side + gap) + dice.Real(0, side - height), width, height);
+        const int column = i % columns, row = i / columns;
+        surface.Nodes().Add(float(column) * (side + gap) + dice.Real(0, side - width),
+                            float(row) * (side + gap) + dice.Real(0, side - height), width, height);
     }
     for (int i = 0; i < 20; ++i) {
         Node &from = AnyNode(surface, dice), &to = AnyNode(surface, dice);
