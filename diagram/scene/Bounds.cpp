@@ -97,7 +97,7 @@ double MarkReach(const Item &item) {
 QRectF PaintBounds(const Node &node) {
     QRectF bounds = node.ShownBounds();
     if (node.Shadow()) bounds |= bounds.translated(kShadowWays[node.Shadow()] * kShadowOffset);
-    bounds |= TextBeside(node, node.Owner().Measure());
+    if (const QRectF text = TextBeside(node, node.Owner().Measure()); !text.isEmpty()) bounds |= text;
     return Grown(bounds, LineReach(node.DrawWidth()) + MarkReach(node));
 }
 
