@@ -301,4 +301,19 @@ inline std::string Differing(const QString &a, const QString &b) {
     return text.toStdString();
 }
 
+// A grid of nodes with streets between them.
+inline void BuildGrid(Surface &surface, Dice &dice, int columns, int rows, float street, int links,
+                      int lowestStyle) {
+    for (int i = 0; i < columns * rows; ++i)
+        surface.Nodes().Add(float(i % columns) * (1500 + street) + dice.Real(0, 300),
+                            float(i / columns) * (900 + street) + dice.Real(0, 200), dice.Real(900, 1500),
+                            dice.Real(600, 900));
+    surface.BeginAction(1);
+    while (int(surface.Links().size()) < links) {
+        Node &from = AnyNode(surface, dice), &to = AnyNode(surface, dice);
+        if (&from != &to) from.Links().Add(to).SetStyle(dice.Roll(lowestStyle, 13));
+    }
+    surface.EndAction();
+}
+
 } // namespace diagram::testing
