@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 
+#include "diagram/export/PictureKinds.h"
 #include "document/MapSchema.h"
 #include "recovery/JournalFile.h"
 #include "storage/Database.h"
@@ -192,6 +193,13 @@ TEST_F(CommandsTest, HelpTellsOfEveryCommand) {
     for (const char *name : {"info", "check", "repair", "convert", "picture", "report", "slides", "print",
                              "recovered", "csv", "import", "template"})
         EXPECT_TRUE(out.contains(QLatin1String(name)));
+}
+
+TEST_F(CommandsTest, HelpTellsOfEveryKindOfPicture) {
+    EXPECT_EQ(Run({"--help"}), cli::kGood);
+    for (const QString &ending : diagram::PictureEndings())
+        EXPECT_TRUE(out.contains(QStringLiteral("OUT.") + ending)) << ending.toStdString();
+    EXPECT_TRUE(out.contains(diagram::PictureEndings().join(u'|')));
 }
 
 TEST_F(CommandsTest, AMisunderstoodCommandLineIsOneLineAndEndsWithTwo) {
