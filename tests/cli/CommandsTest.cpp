@@ -288,7 +288,7 @@ TEST_F(CommandsTest, InfoCountsWhatTheMapHolds) {
     const QJsonArray slices = map["slices"].toArray();
     ASSERT_EQ(slices.size(), 3);
     int nodes = 0, links = 0;
-    for (const QJsonValue &slice : slices) {
+    for (const auto &slice : slices) {
         nodes += slice.toObject()["nodes"].toInt();
         links += slice.toObject()["links"].toInt();
     }
