@@ -148,7 +148,7 @@ QString FontText(const QJsonObject &font) {
 
 QString NamesOf(const QJsonArray &rows) {
     QStringList names;
-    for (const QJsonValue &row : rows) names.append(row.toObject()["name"].toString());
+    for (const auto &row : rows) names.append(row.toObject()["name"].toString());
     return names.join(QStringLiteral(", "));
 }
 
@@ -163,14 +163,15 @@ QString DatesText(const QJsonObject &slice) {
 
 void ShowText(const QJsonObject &map, QTextStream &out) {
     out << map["file"].toString() << "\n";
-    for (const QJsonValue &value : map["slices"].toArray()) {
+    const QJsonArray slices = map["slices"].toArray(), fonts = map["fonts"].toArray();
+    for (const auto &value : slices) {
         const QJsonObject slice = value.toObject();
         out << "slice " << slice["number"].toInt() << " '" << slice["name"].toString()
             << "': " << slice["nodes"].toInt() << " nodes (" << slice["hiddenNodes"].toInt() << " hidden), "
             << slice["links"].toInt() << " links, " << slice["points"].toInt() << " points, "
             << slice["pictures"].toInt() << " pictures" << DatesText(slice) << "\n";
     }
-    for (const QJsonValue &font : map["fonts"].toArray())
+    for (const auto &font : fonts)
         out << "font " << FontText(font.toObject()) << ": " << font.toObject()["uses"].toInt() << " uses\n";
     out << "levels: " << NamesOf(map["levels"].toArray()) << "\n";
     out << "groups: " << NamesOf(map["groups"].toArray()) << "\n";

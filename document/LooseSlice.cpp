@@ -79,9 +79,10 @@ diagram::Point LooseSlice::NextPlace() {
             QStringLiteral("SELECT MAX(ABS([Top])+ABS([Height])) FROM [Nodes] WHERE [Slice]=?"), {Index()});
         top_ = rows.IsNull(0) ? 0 : std::min(rows.Single(0), kLastTop);
     }
-    const int at = nodes_++;
-    return {kGap + static_cast<float>(at % kColumns) * (kNodeWidth + kGap),
-            top_ + kGap + static_cast<float>(at / kColumns) * (kNodeHeight + kGap)};
+    const int column = nodes_ % kColumns, row = nodes_ / kColumns;
+    ++nodes_;
+    return {kGap + static_cast<float>(column) * (kNodeWidth + kGap),
+            top_ + kGap + static_cast<float>(row) * (kNodeHeight + kGap)};
 }
 
 QString LooseSlice::AddNode(const QString &text, const diagram::Point *place, const QString &tag) {

@@ -173,12 +173,23 @@ QSizeF PictureSize(Surface &surface, const ExportOptions &options) {
 }
 
 QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOptions &options) {
-    if (format == PictureFormat::Png) return PngFile(ExportImage(surface, options), options.dotsPerInch);
-    if (format == PictureFormat::Wmf) return ExportMetafile(surface, vector::MetafileKind::Wmf, options);
-    if (format == PictureFormat::Emf) return ExportMetafile(surface, vector::MetafileKind::Emf, options);
-    Scene scene(surface);
-    const QRectF page = PictureArea(scene, options);
-    return format == PictureFormat::Svg ? Svg(scene, page, options) : Pdf(scene, page, options);
+    const auto painted = [&](auto paint) {
+        Scene scene(surface);
+        return paint(scene, PictureArea(scene, options), options);
+    };
+    switch (format) { // without a default: a format that is forgotten here doesn't compile
+    case PictureFormat::Png:
+        return PngFile(ExportImage(surface, options), options.dotsPerInch);
+    case PictureFormat::Svg:
+        return painted(Svg);
+    case PictureFormat::Pdf:
+        return painted(Pdf);
+    case PictureFormat::Wmf:
+        return ExportMetafile(surface, vector::MetafileKind::Wmf, options);
+    case PictureFormat::Emf:
+        return ExportMetafile(surface, vector::MetafileKind::Emf, options);
+    }
+    support::Raise(support::kErrInvalidProcedureCall, kSource);
 }
 
 QByteArray ExportMetafile(Surface &surface, vector::MetafileKind kind, const ExportOptions &options) {

@@ -227,7 +227,7 @@ void CalendarPainter::PaintYears(std::span<const Span> years, const Row &row) co
         const int number = year.folded ? int(&year - years.data()) : year.caption.toInt();
         if (number % step != 0 || (year.folded && !HasRoom(caption, left))) continue;
         if (step == 1 && !HasRoom(caption, year.Length())) continue;
-        const int times = step > 1 ? 1 : std::max(1, int(Pixels(year.Length()) / kCaptionEvery + 0.5));
+        const int times = step > 1 ? 1 : std::max(1, qRound(Pixels(year.Length()) / kCaptionEvery));
         const double length =
             std::max(year.Length(), calendar_.rightwards && step > 1 ? caption.width : 0) / times;
         for (int i = 0; i < times; ++i)

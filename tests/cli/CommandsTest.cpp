@@ -1,5 +1,6 @@
 #include "cli/Commands.h"
 
+#include "diagram/export/PictureKinds.h"
 #include "document/MapSchema.h"
 #include "recovery/JournalFile.h"
 #include "storage/Database.h"
@@ -194,6 +195,13 @@ TEST_F(CommandsTest, HelpTellsOfEveryCommand) {
         EXPECT_TRUE(out.contains(QLatin1String(name)));
 }
 
+TEST_F(CommandsTest, HelpTellsOfEveryKindOfPicture) {
+    EXPECT_EQ(Run({"--help"}), cli::kGood);
+    for (const QString &ending : diagram::PictureEndings())
+        EXPECT_TRUE(out.contains(QStringLiteral("OUT.") + ending)) << ending.toStdString();
+    EXPECT_TRUE(out.contains(diagram::PictureEndings().join(u'|')));
+}
+
 TEST_F(CommandsTest, AMisunderstoodCommandLineIsOneLineAndEndsWithTwo) {
     for (const QStringList &arguments : {QStringList{},
                                          {"fly"},
@@ -280,7 +288,7 @@ TEST_F(CommandsTest, InfoCountsWhatTheMapHolds) {
     const QJsonArray slices = map["slices"].toArray();
     ASSERT_EQ(slices.size(), 3);
     int nodes = 0, links = 0;
-    for (const QJsonValue &slice : slices) {
+    for (const auto &slice : slices) {
         nodes += slice.toObject()["nodes"].toInt();
         links += slice.toObject()["links"].toInt();
     }
