@@ -117,7 +117,7 @@ void DragLinkEnd(Hand &hand, SurfaceView &view) {
     link.SetStyle(kHvhvh);
     link.SetSelected(true);
     Settle(view);
-    const QPoint from = view.FromSurface(diagram::ToQPointF(link.Way().back())).toPoint();
+    const QPoint from = view.FromSurface(diagram::ToQPointF(link.Route().back())).toPoint();
     const QRect all = view.viewport()->rect().adjusted(20, 20, -20, -20);
     hand.Press(from);
     Sweep(hand, from, all.topLeft(), 60);

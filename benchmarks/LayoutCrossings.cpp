@@ -14,7 +14,7 @@ namespace bench {
 namespace {
 
 using diagram::LayoutGraph;
-using yardstick::CrossingsOf, yardstick::WaysOf, yardstick::DrawByDot;
+using yardstick::CrossingsOf, yardstick::RoutesOf, yardstick::DrawByDot;
 
 // Boxes of several sizes; links to boxes at most `reach` further on, one in twelve of them backwards.
 LayoutGraph Generated(unsigned seed, int boxes, int links, int reach) {
@@ -70,8 +70,8 @@ void AddGenerated(Figures &figures) {
     for (const Kind &kind : kKinds)
         for (unsigned seed = 1; seed <= kGraphsOfKind; ++seed) {
             const LayoutGraph graph = Generated(seed, kind.boxes, kind.links, kind.reach);
-            const int ours = CrossingsOf(graph, WaysOf(graph, Drawn(graph)));
-            ratios.Add(ours, CrossingsOf(graph, DrawByDot(graph, {}).ways));
+            const int ours = CrossingsOf(graph, RoutesOf(graph, Drawn(graph)));
+            ratios.Add(ours, CrossingsOf(graph, DrawByDot(graph, {}).routes));
         }
     const QString remark =
         QStringLiteral("%1 graphs of 20 to 200 nodes, one crossing added to both").arg(ratios.Graphs());
@@ -89,10 +89,10 @@ void AddDrawn(Figures &figures) {
         yardstick::GraphFile::Read(name, surface);
         const LayoutGraph graph = SubjectOf(surface, diagram::LayoutScope::All).graph;
         const diagram::LayeredDrawing drawing = Drawn(graph);
-        const yardstick::Ways ways = WaysOf(graph, drawing);
-        ratios.Add(CrossingsOf(graph, ways), CrossingsOf(graph, DrawByDot(graph, {}).ways));
-        links += int(ways.size()), bends += yardstick::BendsOf(ways);
-        meetings += yardstick::MeetingsOf(graph, drawing.centres, ways);
+        const yardstick::Ways routes = RoutesOf(graph, drawing);
+        ratios.Add(CrossingsOf(graph, routes), CrossingsOf(graph, DrawByDot(graph, {}).routes));
+        links += int(routes.size()), bends += yardstick::BendsOf(routes);
+        meetings += yardstick::MeetingsOf(graph, drawing.centres, routes);
     }
     const QString remark = QStringLiteral("%1 diagrams as people draw them").arg(ratios.Graphs());
     const QString name = QStringLiteral("crossings in diagrams : dot's");

@@ -25,11 +25,11 @@ struct Counts {
 };
 
 yardstick::Ways RoutedByUs(diagram::Surface &surface) {
-    surface.TidyWays();
+    surface.TidyRoutes();
     yardstick::Ways ways;
     for (const auto &link : surface.Links()) {
         ways.emplace_back();
-        for (const diagram::Point &point : link->Way()) ways.back().push_back(ToQPointF(point));
+        for (const diagram::Point &point : link->Route()) ways.back().push_back(ToQPointF(point));
     }
     return ways;
 }

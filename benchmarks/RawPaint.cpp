@@ -45,8 +45,8 @@ RawPaint::RawPaint(const diagram::Surface &surface) : columns_(Columns(surface.N
     lines_.resize(boxes_.size());
     for (const auto &link : surface.Links()) {
         QPolygonF points;
-        for (const diagram::Point &point : link->Way()) points << diagram::ToQPointF(point);
-        lines_[place[link->Source().Id()]].push_back({points, Head(link->Way())});
+        for (const diagram::Point &point : link->Route()) points << diagram::ToQPointF(point);
+        lines_[place[link->Source().Id()]].push_back({points, Head(link->Route())});
     }
     font_ = QFont(QStringLiteral("DejaVu Sans"));
 }

@@ -49,13 +49,13 @@ struct Map {
 };
 
 bool IsMet(const diagram::Link &link) {
-    const auto &way = link.Way();
+    const auto &route = link.Route();
     for (const diagram::Node &node : link.Owner().Nodes()) {
         if (&node == &link.Source() || &node == &link.Destination()) continue;
         if (diagram::Overlap(node.Bounds(), link.Source().Bounds())) continue;
         if (diagram::Overlap(node.Bounds(), link.Destination().Bounds())) continue;
-        for (size_t i = 1; i < way.size(); ++i)
-            if (diagram::Meets(node.Bounds(), diagram::ToQPointF(way[i - 1]), diagram::ToQPointF(way[i])))
+        for (size_t i = 1; i < route.size(); ++i)
+            if (diagram::Meets(node.Bounds(), diagram::ToQPointF(route[i - 1]), diagram::ToQPointF(route[i])))
                 return true;
     }
     return false;
@@ -93,9 +93,9 @@ struct Piece {
 std::vector<Piece> PiecesOf(const diagram::Surface &surface) {
     std::vector<Piece> pieces;
     for (const auto &link : surface.Links()) {
-        const auto &way = link->Way();
-        for (size_t i = 1; i < way.size(); ++i)
-            if (way[i] != way[i - 1]) pieces.push_back({link.get(), i, way[i - 1], way[i]});
+        const auto &route = link->Route();
+        for (size_t i = 1; i < route.size(); ++i)
+            if (route[i] != route[i - 1]) pieces.push_back({link.get(), i, route[i - 1], route[i]});
     }
     return pieces;
 }
@@ -134,7 +134,7 @@ void CountPieces(const diagram::Surface &surface, benchmark::State &state) {
 // What the release of a node costs above the last step of its drag.
 void RouteRelease(benchmark::State &state) {
     Map map(kManyLinks);
-    map.surface.TidyWays();
+    map.surface.TidyRoutes();
     for (auto _ : state) {
         state.PauseTiming();
         diagram::Node &node = *map.nodes[size_t(map.Roll(kNodes))];
@@ -156,7 +156,7 @@ void RouteWhole(benchmark::State &state) {
         for (const auto &link : map.surface.Links())
             link->SetStyle(link->Style() ^ 1), link->SetStyle(link->Style() ^ 1);
         state.ResumeTiming();
-        map.surface.TidyWays();
+        map.surface.TidyRoutes();
         state.PauseTiming();
         CountPieces(map.surface, state);
         state.ResumeTiming();
@@ -217,7 +217,7 @@ void RouteGenerated(benchmark::State &state) {
             diagram::Surface surface;
             bench::FillGenerated(surface, seed, int(state.range(0)));
             for (const auto &link : surface.Links()) {
-                ++links, through += IsMet(*link), bends += double(link->Way().size() - 2);
+                ++links, through += IsMet(*link), bends += double(link->Route().size() - 2);
             }
         }
     }

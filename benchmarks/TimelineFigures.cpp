@@ -62,7 +62,7 @@ void Scatter(diagram::Surface &flow) {
         place = place * 1664525 + 1013904223;
         node.SetBounds(float(place >> 12), float(1000 + (place >> 20) * 15), node.Width(), node.Height());
     }
-    for (const auto &link : flow.Links()) link->Way();
+    for (const auto &link : flow.Links()) link->Route();
 }
 
 void LinkSome(diagram::Surface &flow) {

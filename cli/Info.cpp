@@ -36,7 +36,7 @@ Counts CountItems(diagram::Surface &surface, FontUses &fonts) {
     for (const auto &link : surface.Links()) {
         ++fonts[link->Font()];
         ++counts.links;
-        counts.points += static_cast<int>(link->Way().size());
+        counts.points += static_cast<int>(link->Route().size());
     }
     return counts;
 }

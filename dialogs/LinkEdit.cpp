@@ -25,7 +25,7 @@ auto Compared(const LinkData &d) {
 
 // With a way that isn't out of date.
 const LinkData &Settled(const Link &link) {
-    link.Way();
+    link.Route();
     link.OwnBends();
     return link.Data();
 }

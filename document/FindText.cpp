@@ -105,7 +105,7 @@ void FindOn(const diagram::Surface &surface, const Needle &needle, Names &names,
     }
     for (const auto &link : surface.Links()) {
         if (!MayBeFound(*link) || !needle.IsIn(link->Text())) continue;
-        const diagram::Point start = link->Way().front();
+        const diagram::Point start = link->Route().front();
         hits.push_back({start.y, start.x, {slice, diagram::ItemKind::Link, link->Id()}});
     }
 }

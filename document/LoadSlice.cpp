@@ -97,8 +97,8 @@ void SliceLoader::SetPoints(diagram::Link &link, std::uint32_t key) {
     const std::span<const PointRow> rows = rows_.PointsOf(key);
     if (rows.empty()) return;
     std::vector<diagram::Point> points;
-    // As a rule the rows tell the whole way; fewer leave ends as they are routed.
-    if (rows.size() < 2 || !CountUpFromNull(rows)) points = link.Way();
+    // As a rule the rows tell the whole route; fewer leave ends as they are routed.
+    if (rows.size() < 2 || !CountUpFromNull(rows)) points = link.Route();
     PlaceOneByOne(points, rows);
     link.SetAddPointsMode(true);
     link.SetMovePointsMode(true);

@@ -253,11 +253,11 @@ void RepairJoins::KeepPointsOfNoLink() {
         Note(QStringLiteral("LinkPoints %1").arg(ShortText(way.link)),
              QStringLiteral("%1 points of a link that does not exist").arg(way.points.size()),
              isKept ? kLooseRemedy : QStringLiteral("left out"));
-        if (isKept) KeepWay(way.link, way.points);
+        if (isKept) KeepRoute(way.link, way.points);
     }
 }
 
-void RepairJoins::KeepWay(const QString &link, const std::vector<diagram::Point> &points) {
+void RepairJoins::KeepRoute(const QString &link, const std::vector<diagram::Point> &points) {
     const QString text = QStringLiteral("An end of the link %1, which is missing").arg(ShortText(link));
     const QString source = loose_.AddNode(text, &points.front());
     const QString key = loose_.AddLink(source, loose_.AddNode(text, &points.back()));

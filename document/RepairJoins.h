@@ -26,7 +26,7 @@ private:
     void JoinLink(qlonglong row, const QString &key, std::optional<int> slice, const QString &source,
                   const QString &destination);
     void KeepPointsOfNoLink();
-    void KeepWay(const QString &link, const std::vector<diagram::Point> &points);
+    void KeepRoute(const QString &link, const std::vector<diagram::Point> &points);
     void CountPoints();
     void DropUnknown(const char *table, const char *column, const char *pool, const char *remedy);
     void JoinHyperlinks();

@@ -65,7 +65,7 @@ void RoutedWriter::Write(const diagram::Link &link, std::string_view key) {
         row_.emplace(database_.Prepare(InsertInto(kRoutedLinks)));
     }
     row_->BindUtf8(kLink, key);
-    row_->BindLong(kSum, SumOf(link.Way()));
+    row_->BindLong(kSum, SumOf(link.Route()));
     row_->Run();
 }
 

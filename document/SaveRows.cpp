@@ -162,7 +162,7 @@ void RowWriter::WriteLink(diagram::Link &link, int slice) {
 void RowWriter::WritePoints(const diagram::Link &link, std::string_view key) {
     using namespace schema::point;
     int index = 0;
-    for (const diagram::Point &place : link.Way()) {
+    for (const diagram::Point &place : link.Route()) {
         point_.BindLong(kIndex, index++);
         point_.BindUtf8(kLink, key);
         point_.BindDouble(kX, place.x);

@@ -9,7 +9,7 @@
 namespace mainwindow {
 
 // Of a node everything but its shape, its size and its picture: font, colours, fill or none, line, placement
-// of the text, shadow. Of a link everything but its text and its way: font, colours, line, routing, arrow
+// of the text, shadow. Of a link everything but its text and its route: font, colours, line, routing, arrow
 // heads, jumps.
 class CopiedLook {
 public:

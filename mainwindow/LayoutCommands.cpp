@@ -3,6 +3,7 @@
 #include "diagram/view/SurfaceView.h"
 #include "document/LevelLanes.h"
 #include "mainwindow/ActionGroup.h"
+#include "mainwindow/BringIntoSight.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/frmMain.h"
@@ -14,6 +15,7 @@
 #include "support/Error.h"
 #include "timeline/Arrange.h"
 
+#include <algorithm>
 #include <QCoreApplication>
 
 namespace mainwindow {
@@ -23,7 +25,19 @@ namespace {
 // The months come back to their places whatever was laid out.
 void ArrangeTimeline(frmMain &window) { timeline::ArrangeAgain(window, window.CurrentSurface()); }
 
-// One step; what has moved is seen on its way when the step is over.
+// What has moved is seen on its way, and not all of it goes out of sight.
+void ShowMoved(frmMain &window, const diagram::ItemPlaces &before) {
+    diagram::SurfaceView &view = window.CurrentView();
+    std::vector<diagram::Node *> nodes;
+    for (diagram::Node &node : window.CurrentSurface().Nodes())
+        if (node.Selectable() && !node.Hidden()) nodes.push_back(&node);
+    const auto above = [](const diagram::Node *a, const diagram::Node *b) { return a->Top() < b->Top(); };
+    if (!nodes.empty()) std::iter_swap(nodes.begin(), std::ranges::min_element(nodes, above));
+    BringIntoSight(view, nodes);
+    diagram::Glide::Begin(view, before);
+}
+
+// One step; what has moved is shown when the step is over.
 template <typename LayOut>
 void Execute(frmMain &window, LayOut &&layOut) {
     const diagram::ItemPlaces before = diagram::PlacesOf(window.CurrentSurface());
@@ -32,7 +46,7 @@ void Execute(frmMain &window, LayOut &&layOut) {
         LongTask task(window, QCoreApplication::translate("Layout", "Laying out"), LongTask::Bar::IsTheWorks);
         layOut(task);
     }
-    diagram::Glide::Begin(window.CurrentView(), before);
+    ShowMoved(window, before);
 }
 
 diagram::LayoutResult LayOut(frmMain &window, const char *name, const LayoutTool &tool, LongTask &task) {
@@ -68,7 +82,7 @@ bool LayOutInLayers(frmMain &window, diagram::LayoutScope scope) {
         result = diagram::FindLayout(QStringLiteral("hierarchical"))->layOut(window.CurrentSurface(), order);
         if (result != diagram::LayoutResult::GivenUp) ArrangeTimeline(window);
     }
-    diagram::Glide::Begin(window.CurrentView(), before);
+    ShowMoved(window, before);
     return result != diagram::LayoutResult::GivenUp;
 }
 

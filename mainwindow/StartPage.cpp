@@ -34,7 +34,7 @@ QString FileOf(const StartCard &card) { return card.property(kFile).toString(); 
 
 // How far it is to `to` in the direction of the key, sideways counting double; below 0 for one that lies
 // elsewhere.
-int Way(const QRect &from, const QRect &to, int key) {
+int Route(const QRect &from, const QRect &to, int key) {
     const QPoint way = to.center() - from.center();
     const bool across = key == Qt::Key_Left || key == Qt::Key_Right;
     const int along = key == Qt::Key_Left || key == Qt::Key_Up ? (across ? -way.x() : -way.y())
@@ -237,7 +237,7 @@ void StartPage::FocusBeside(const StartCard &card, int key) {
     StartCard *best = nullptr;
     int shortest = -1;
     for (StartCard *other : Cards()) {
-        const int way = Way(card.geometry(), other->geometry(), key);
+        const int way = Route(card.geometry(), other->geometry(), key);
         if (way < 0 || (best && way >= shortest)) continue;
         best = other;
         shortest = way;

@@ -1,4 +1,5 @@
 #include "mainwindow/TimelineCommands.h"
+#include "mainwindow/BringIntoSight.h"
 
 #include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
@@ -91,16 +92,6 @@ std::vector<diagram::Node *> DatedNodes(const diagram::Surface &surface) {
     return nodes;
 }
 
-// Where none of them is seen any more, the page moves to the first.
-void BringIntoSight(frmMain &window, const std::vector<diagram::Node *> &nodes) {
-    if (nodes.empty()) return;
-    diagram::SurfaceView &view = window.CurrentView();
-    const QRectF pixels = view.viewport()->rect();
-    const QRectF seen(view.ToSurface(pixels.topLeft()), view.ToSurface(pixels.bottomRight()));
-    const auto isSeen = [&](const diagram::Node *node) { return node->Bounds().intersects(seen); };
-    if (std::ranges::none_of(nodes, isSeen)) view.EnsureVisible(nodes.front()->Bounds());
-}
-
 bool HasMonths(const diagram::Surface &surface) { return !timeline::LocateTimelineNodes(surface).empty(); }
 
 void LineUpOnce(frmMain &window) {
@@ -112,7 +103,7 @@ void LineUpOnce(frmMain &window) {
     if (result.moved == 0) return Tell(window, frmMain::tr("Every @NODE stands at its date."));
     window.ClickTab();
     const std::vector<diagram::Node *> selected = NodesToDate(surface);
-    BringIntoSight(window, selected.empty() ? DatedNodes(surface) : selected);
+    BringIntoSight(window.CurrentView(), selected.empty() ? DatedNodes(surface) : selected);
     if (!timeline::KeepsNodesAtDates(surface))
         Tell(window, frmMain::tr("View, Dates, Keep @NODEs at their dates does so for good: a drag along the "
                                  "timeline then changes a date."));
@@ -195,7 +186,7 @@ void keyDate(frmMain &window) {
         SetDates(window, nodes, form);
     window.clsSettings().Dirty = true;
     window.ClickTab();
-    BringIntoSight(window, nodes);
+    BringIntoSight(window.CurrentView(), nodes);
     if (moved) TellMoved(window, moved);
     // Of a strip that goes on the status bar may have to say more.
     if (isFirst && form.date && !form.last && !timeline::KeepsNodesAtDates(surface))

@@ -86,7 +86,7 @@ private:
         for (auto &[id, data] : slice.nodes) surface.Restore(ids.at(id), std::move(data));
         for (auto &[id, data] : slice.links) AddLink(surface, id, std::move(data), ids);
         surface.SetLoading(false);
-        surface.KeepWays();
+        surface.KeepRoutes();
         if (surface.Log()) surface.Log()->Forget();
     }
 

@@ -80,7 +80,7 @@ bool SliceWatch::GatherOne(SlicePart &part, const std::optional<TypedText> &type
         part.nodes.push_back({id, node->Data()});
         if (isTyped) part.nodes.back().data.text = typed->text;
     } else if (const diagram::Link *link = surface_.FindLink(id)) {
-        link->Way(); // brings its values up to date
+        link->Route(); // brings its values up to date
         part.links.push_back({id, link->Data()});
         if (isTyped) part.links.back().data.text = typed->text;
     } else {

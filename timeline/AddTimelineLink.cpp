@@ -9,8 +9,8 @@
 #include "timeline/AtDates.h"
 #include "timeline/DateIndex.h"
 #include "timeline/DateLanguage.h"
+#include "timeline/DateRoutes.h"
 #include "timeline/DateText.h"
-#include "timeline/DateWays.h"
 #include "timeline/Following.h"
 #include "timeline/TimelineNodes.h"
 

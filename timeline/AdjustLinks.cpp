@@ -3,7 +3,7 @@
 #include "diagram/model/Calendar.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/Shapes.h"
-#include "timeline/DateWays.h"
+#include "timeline/DateRoutes.h"
 #include "timeline/Strip.h"
 #include "timeline/StripPlan.h"
 #include "timeline/TimelineNodes.h"
@@ -32,7 +32,7 @@ void AdjustLinks(diagram::Node &Node, bool Horizontal) {
         } else if (NodeIsTimeline(link->Destination())) {
             DoAdjustLink(*link, Horizontal, link->Points().Count() - 1);
             if (diagram::IsQuietDateLink(*link))
-                LayDateWay(*link, Horizontal);
+                LayDateRoute(*link, Horizontal);
             else
                 JoinSource(*link);
         }
@@ -45,13 +45,13 @@ void AdjustLinksOf(const std::vector<diagram::Node *> &nodes) {
     for (diagram::Node *node : nodes) AdjustLinks(*node, horizontal);
 }
 
-void AdjustDateWaysOf(const std::vector<diagram::Node *> &nodes) {
+void AdjustDateRoutesOf(const std::vector<diagram::Node *> &nodes) {
     if (nodes.empty()) return;
     const bool horizontal = RunsRightwards(nodes.front()->Owner());
     for (const diagram::Node *node : nodes)
         for (diagram::Link *link : node->Links())
             if (NodeIsTimeline(link->Destination()) && diagram::IsQuietDateLink(*link))
-                LayDateWay(*link, horizontal);
+                LayDateRoute(*link, horizontal);
 }
 
 void DoAdjustLink(diagram::Link &Link, bool Horizontal, int Index) {

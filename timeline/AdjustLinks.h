@@ -19,7 +19,7 @@ void AdjustLinks(diagram::Node &Node, bool Horizontal);
 void AdjustLinksOf(const std::vector<diagram::Node *> &nodes);
 
 // Lays the quiet links of nodes of one slice to their days anew, as they have to go round what has moved.
-void AdjustDateWaysOf(const std::vector<diagram::Node *> &nodes);
+void AdjustDateRoutesOf(const std::vector<diagram::Node *> &nodes);
 
 // Moves the point of that position (from 0) to the middle of the edge of the link's destination that faces
 // its source, and keeps the link's points from being routed from then on. The edge is always the

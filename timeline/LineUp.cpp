@@ -259,9 +259,9 @@ void Shift(std::vector<diagram::Point>::iterator first, std::vector<diagram::Poi
     for (; first != end; ++first) *first = {first->x + float(way.x()), first->y + float(way.y())};
 }
 
-QPointF WayOf(const Ways &ways, const Node &node) {
-    const auto found = ways.find(&node);
-    return found == ways.end() ? QPointF() : found->second;
+QPointF RouteOf(const Ways &routes, const Node &node) {
+    const auto found = routes.find(&node);
+    return found == routes.end() ? QPointF() : found->second;
 }
 
 // A link whose points aren't routed, and which has to go along: as a whole where both ends go the same way,
@@ -271,13 +271,14 @@ struct LinkToMove {
     QPointF source, destination; // how far they go
 };
 
-std::vector<LinkToMove> LinksToMove(const std::vector<Node *> &moved, const Ways &ways) {
+std::vector<LinkToMove> LinksToMove(const std::vector<Node *> &moved, const Ways &routes) {
     std::vector<LinkToMove> links;
     for (const Node *node : moved)
         for (Link *link : node->Links()) {
-            if (!link->Selectable() || (&link->Source() != node && ways.contains(&link->Source()))) continue;
-            const QPointF source = WayOf(ways, link->Source());
-            const QPointF destination = WayOf(ways, link->Destination());
+            if (!link->Selectable() || (&link->Source() != node && routes.contains(&link->Source())))
+                continue;
+            const QPointF source = RouteOf(routes, link->Source());
+            const QPointF destination = RouteOf(routes, link->Destination());
             const bool kept = link->MovePointsMode() || link->AddPointsMode();
             if (kept || (source == destination && link->OwnBends()))
                 links.push_back({link, source, destination});
@@ -326,22 +327,22 @@ std::vector<Link *> PlainLinksOf(const std::vector<Node *> &nodes) {
 }
 
 int Move(Surface &flow, const std::vector<Node *> &nodes, const std::vector<QRectF> &boxes) {
-    Ways ways;
+    Ways routes;
     std::vector<std::pair<Node *, QRectF>> changed;
     std::vector<Node *> moved;
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         const QRectF former = nodes[i]->Bounds();
         if (boxes[i] == former) continue;
-        ways.emplace(nodes[i], boxes[i].topLeft() - former.topLeft());
+        routes.emplace(nodes[i], boxes[i].topLeft() - former.topLeft());
         changed.emplace_back(nodes[i], boxes[i]), moved.push_back(nodes[i]);
     }
-    const std::vector<LinkToMove> links = LinksToMove(moved, ways);
+    const std::vector<LinkToMove> links = LinksToMove(moved, routes);
     std::vector<diagram::LinkData> former;
-    for (const LinkToMove &each : links) each.link->Way(), former.push_back(each.link->Data());
+    for (const LinkToMove &each : links) each.link->Route(), former.push_back(each.link->Data());
     for (const auto &[node, box] : changed) Place(*node, box);
     for (std::size_t i = 0; i < links.size(); ++i) TakeAlong(flow, links[i], std::move(former[i]));
     AdjustLinksOf(moved);
-    if (!moved.empty()) AdjustDateWaysOf(nodes);
+    if (!moved.empty()) AdjustDateRoutesOf(nodes);
     diagram::GiveBestStyles(flow, PlainLinksOf(moved));
     return int(moved.size());
 }

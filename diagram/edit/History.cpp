@@ -133,14 +133,14 @@ private:
         };
         for (auto &[id, before] : links_) {
             const Link *link = surface_.FindLink(id);
-            if (link) link->OwnBends(), link->Way(); // brings its values up to date
+            if (link) link->OwnBends(), link->Route(); // brings its values up to date
             const bool stays = before && link;
             const std::size_t count = step.links.size();
             Reduce(id, before, link ? &link->Data() : nullptr, step.linksPresent, step.links);
             if (stays && step.links.size() == count && endsAtChanged(link->Data()))
-                step.links.push_back({id, {}}); // gets its way below
+                step.links.push_back({id, {}}); // gets its route below
         }
-        for (auto &entry : step.links) KeepWay(entry);
+        for (auto &entry : step.links) KeepRoute(entry);
         if (data_) step.surface = ChangesBetween(*data_, surface_.Data());
         nodes_.clear();
         links_.clear();
@@ -148,9 +148,9 @@ private:
         return step;
     }
 
-    // When one of its nodes moves with the step, a link would be routed anew: it must be told its way even if
-    // that is the same before and after.
-    void KeepWay(ItemChange<LinkData> &entry) const {
+    // When one of its nodes moves with the step, a link would be routed anew: it must be told its route even
+    // if that is the same before and after.
+    void KeepRoute(ItemChange<LinkData> &entry) const {
         const LinkData &data = surface_.FindLink(entry.id)->Data();
         if (!nodes_.contains(data.source) && !nodes_.contains(data.destination)) return;
         const auto isWay = [](const PropertyChange &change) {

@@ -30,7 +30,7 @@ bool SetsPoints(const Link &link, const std::vector<PropertyChange> &changes, bo
 
 void ChangeLink(Surface &target, Link &link, const std::vector<PropertyChange> &changes, bool forward) {
     LinkData data = Changed(link.Data(), changes, forward);
-    if (!SetsPoints(link, changes, forward)) data.points = link.Way();
+    if (!SetsPoints(link, changes, forward)) data.points = link.Route();
     if (!target.FindNode(data.source)) data.source = link.Source().Id();
     if (!target.FindNode(data.destination)) data.destination = link.Destination().Id();
     target.Overwrite(link, std::move(data));
@@ -42,12 +42,12 @@ void PutPresences(const std::vector<Presence<Data>> &entries, Touched<Data> &bef
         before[entry.id] = entry.added ? std::optional<Data>() : std::optional<Data>(entry.data);
 }
 
-// While it stands, what the step writes brings its ways along.
+// While it stands, what the step writes brings its routes along.
 class Replay {
 public:
     explicit Replay(Surface &surface) : surface_(surface) { surface_.SetReplaying(true); }
     ~Replay() {
-        surface_.KeepWays();
+        surface_.KeepRoutes();
         surface_.SetReplaying(false);
     }
     Replay(const Replay &) = delete;
@@ -72,7 +72,7 @@ bool Step::IsWork() const {
 }
 
 // Nodes come before the links that end at them, and go when no link that stays ends at them any more. The
-// ways of links are set when the nodes are in place. Keys come last, when those of nodes that go are free.
+// routes of links are set when the nodes are in place. Keys come last, when those of nodes that go are free.
 void Step::Apply(Surface &target, bool forward) {
     target.Recalculate();
     const Replay replay(target);

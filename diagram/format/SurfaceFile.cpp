@@ -16,7 +16,7 @@ namespace {
 
 StoredLink Stored(const Link &link) {
     link.OwnBends(); // brings its values up to date
-    link.Way();
+    link.Route();
     return {link.Id(), link.Data()};
 }
 
@@ -78,7 +78,7 @@ void PutOnTop(const Surface &surface, Content &content) {
     for (const auto &entry : keys) *entry.second = top += kStackGap;
 }
 
-// One step of undo in which ways are taken as they are told.
+// One step of undo in which routes are taken as they are told.
 class Replacing {
 public:
     explicit Replacing(Surface &surface) : surface_(surface) {
@@ -86,7 +86,7 @@ public:
         surface_.SetReplaying(true);
     }
     ~Replacing() {
-        surface_.KeepWays();
+        surface_.KeepRoutes();
         surface_.SetReplaying(false);
         surface_.EndAction();
     }
@@ -112,7 +112,7 @@ void LoadBytes(Surface &surface, const QByteArray &bytes) {
     surface.Reset();
     surface.Overwrite(std::move(content.surface));
     Place(surface, content);
-    surface.KeepWays();
+    surface.KeepRoutes();
     if (surface.Log()) surface.Log()->Forget();
 }
 

@@ -8,82 +8,83 @@ namespace diagram {
 
 double Distance(const QPointF &a, const QPointF &b) { return std::hypot(b.x() - a.x(), b.y() - a.y()); }
 
-double WayLength(std::span<const QPointF> way) {
+double RouteLength(std::span<const QPointF> route) {
     double length = 0;
-    for (std::size_t i = 1; i < way.size(); ++i) length += Distance(way[i - 1], way[i]);
+    for (std::size_t i = 1; i < route.size(); ++i) length += Distance(route[i - 1], route[i]);
     return length;
 }
 
-WayPlace PlaceOnWay(std::span<const QPointF> way, double distance) {
-    WayPlace place{way.front(), {1, 0}, 0};
+RoutePlace PlaceOnRoute(std::span<const QPointF> route, double distance) {
+    RoutePlace place{route.front(), {1, 0}, 0};
     double left = std::max(distance, 0.0);
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const double length = Distance(way[i - 1], way[i]);
+    for (std::size_t i = 1; i < route.size(); ++i) {
+        const double length = Distance(route[i - 1], route[i]);
         if (length <= 0) continue;
-        const QPointF direction = (way[i] - way[i - 1]) / length;
-        place = {way[i - 1] + direction * std::min(left, length), direction, i - 1};
+        const QPointF direction = (route[i] - route[i - 1]) / length;
+        place = {route[i - 1] + direction * std::min(left, length), direction, i - 1};
         if (left <= length) break;
         left -= length;
     }
     return place;
 }
 
-double NearestOnWay(std::span<const QPointF> way, const QPointF &point) {
-    double nearest = Distance(way.front(), point), found = 0, passed = 0;
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const double length = Distance(way[i - 1], way[i]);
+double NearestOnRoute(std::span<const QPointF> route, const QPointF &point) {
+    double nearest = Distance(route.front(), point), found = 0, passed = 0;
+    for (std::size_t i = 1; i < route.size(); ++i) {
+        const double length = Distance(route[i - 1], route[i]);
         if (length <= 0) continue;
-        const QPointF direction = (way[i] - way[i - 1]) / length;
-        const double along = std::clamp(QPointF::dotProduct(point - way[i - 1], direction), 0.0, length);
-        const double away = Distance(way[i - 1] + direction * along, point);
+        const QPointF direction = (route[i] - route[i - 1]) / length;
+        const double along = std::clamp(QPointF::dotProduct(point - route[i - 1], direction), 0.0, length);
+        const double away = Distance(route[i - 1] + direction * along, point);
         if (away < nearest) nearest = away, found = passed + along;
         passed += length;
     }
     return found;
 }
 
-std::vector<QPointF> StretchOfWay(std::span<const QPointF> way, double from, double to) {
-    std::vector<QPointF> stretch(way.begin(), way.end());
-    CutEnd(stretch, WayLength(way) - to);
+std::vector<QPointF> StretchOfRoute(std::span<const QPointF> route, double from, double to) {
+    std::vector<QPointF> stretch(route.begin(), route.end());
+    CutEnd(stretch, RouteLength(route) - to);
     CutStart(stretch, from);
     return stretch;
 }
 
-void CutStart(std::vector<QPointF> &way, double length) {
-    if (way.size() < 2 || length <= 0) return;
-    const std::size_t last = way.size() - 2;
+void CutStart(std::vector<QPointF> &route, double length) {
+    if (route.size() < 2 || length <= 0) return;
+    const std::size_t last = route.size() - 2;
     std::size_t segment = 0;
-    while (segment < last && Distance(way[segment], way[segment + 1]) <= length) {
-        length -= Distance(way[segment], way[segment + 1]);
+    while (segment < last && Distance(route[segment], route[segment + 1]) <= length) {
+        length -= Distance(route[segment], route[segment + 1]);
         ++segment;
     }
-    const double rest = Distance(way[segment], way[segment + 1]);
-    const QPointF start =
-        rest > length ? way[segment] + (way[segment + 1] - way[segment]) * (length / rest) : way[segment + 1];
-    way.erase(way.begin(), way.begin() + std::ptrdiff_t(segment));
-    way.front() = start;
+    const double rest = Distance(route[segment], route[segment + 1]);
+    const QPointF start = rest > length
+                              ? route[segment] + (route[segment + 1] - route[segment]) * (length / rest)
+                              : route[segment + 1];
+    route.erase(route.begin(), route.begin() + std::ptrdiff_t(segment));
+    route.front() = start;
 }
 
-void CutEnd(std::vector<QPointF> &way, double length) {
-    std::reverse(way.begin(), way.end());
-    CutStart(way, length);
-    std::reverse(way.begin(), way.end());
+void CutEnd(std::vector<QPointF> &route, double length) {
+    std::reverse(route.begin(), route.end());
+    CutStart(route, length);
+    std::reverse(route.begin(), route.end());
 }
 
-QPainterPath RoundedWay(std::span<const QPointF> way, double radius) {
+QPainterPath RoundedRoute(std::span<const QPointF> route, double radius) {
     QPainterPath path;
-    if (way.empty()) return path;
-    path.moveTo(way.front());
+    if (route.empty()) return path;
+    path.moveTo(route.front());
     const auto towards = [&](const QPointF &from, const QPointF &to) {
         const QLineF line(from, to);
         const double share = line.length() > 0 ? std::min(radius / line.length(), 0.5) : 0;
         return line.pointAt(share);
     };
-    for (std::size_t i = 1; i + 1 < way.size(); ++i) {
-        path.lineTo(towards(way[i], way[i - 1]));
-        path.quadTo(way[i], towards(way[i], way[i + 1]));
+    for (std::size_t i = 1; i + 1 < route.size(); ++i) {
+        path.lineTo(towards(route[i], route[i - 1]));
+        path.quadTo(route[i], towards(route[i], route[i + 1]));
     }
-    path.lineTo(way.back());
+    path.lineTo(route.back());
     return path;
 }
 

@@ -57,16 +57,16 @@ int HandleAt(const Node &node, const QPointF &point, double size) {
 
 int BendAt(const Link &link, const QPointF &point, double size) {
     Grasp grasp(point, size);
-    const auto &way = link.Way();
-    for (std::size_t i = 0; i < way.size(); ++i) grasp.Offer(ToQPointF(way[i]), int(i));
+    const auto &route = link.Route();
+    for (std::size_t i = 0; i < route.size(); ++i) grasp.Offer(ToQPointF(route[i]), int(i));
     return grasp.Index();
 }
 
 int SegmentHandleAt(const Link &link, const QPointF &point, double size) {
     Grasp grasp(point, size);
-    const auto &way = link.Way();
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const QPointF from = ToQPointF(way[i - 1]), to = ToQPointF(way[i]);
+    const auto &route = link.Route();
+    for (std::size_t i = 1; i < route.size(); ++i) {
+        const QPointF from = ToQPointF(route[i - 1]), to = ToQPointF(route[i]);
         if (Distance(from, to) > 4 * size) grasp.Offer((from + to) / 2, int(i) - 1);
     }
     return grasp.Index();
@@ -81,7 +81,7 @@ struct NearSegment {
 // The one whose line is nearest to the point within the tolerance; what the line itself covers is at no
 // distance.
 NearSegment SegmentAt(const Link &link, const QPointF &point, double tolerance) {
-    const std::vector<QPointF> pieces = WayPieces(link);
+    const std::vector<QPointF> pieces = RoutePieces(link);
     const double half = link.DrawWidth() * kTwipsPerPixel / 2;
     double nearest = std::max(tolerance, half);
     int found = -1;
@@ -93,7 +93,7 @@ NearSegment SegmentAt(const Link &link, const QPointF &point, double tolerance) 
     }
     if (found < 0) return {};
     // A curve has more pieces than segments.
-    const auto segment = std::size_t(found) * (link.Way().size() - 1) / (pieces.size() - 1);
+    const auto segment = std::size_t(found) * (link.Route().size() - 1) / (pieces.size() - 1);
     return {int(segment), std::max(0.0, nearest - half)};
 }
 

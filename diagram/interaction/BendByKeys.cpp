@@ -18,12 +18,12 @@ bool HasSegmentGrips(int style) {
 } // namespace
 
 BendByKeys::BendByKeys(Surface &surface, Stage &stage, Link &link)
-    : surface_(surface), stage_(stage), held_(link), way_(link.Way()) {
+    : surface_(surface), stage_(stage), held_(link), route_(link.Route()) {
     GoTo(Grips().size() / 2);
 }
 
 std::vector<BendByKeys::Grip> BendByKeys::Grips() const {
-    const int last = int(way_.size()) - 1;
+    const int last = int(route_.size()) - 1;
     const bool segments = HasSegmentGrips(Held().data.style) || last < 2;
     std::vector<Grip> grips;
     for (int i = 0; i < last; ++i) {
@@ -34,8 +34,8 @@ std::vector<BendByKeys::Grip> BendByKeys::Grips() const {
 }
 
 QPointF BendByKeys::Place(const Grip &grip) const {
-    const QPointF at = ToQPointF(way_[size_t(grip.index)]);
-    return grip.isBend ? at : (at + ToQPointF(way_[size_t(grip.index) + 1])) / 2;
+    const QPointF at = ToQPointF(route_[size_t(grip.index)]);
+    return grip.isBend ? at : (at + ToQPointF(route_[size_t(grip.index) + 1])) / 2;
 }
 
 void BendByKeys::GoTo(size_t grip) {
@@ -57,11 +57,11 @@ void BendByKeys::Drag(const QPointF &by) {
     const QPointF to = Place(grip) + by;
     const QPointF kept(qMax(0.0, to.x()), qMax(0.0, to.y()));
     const int style = Held().data.style;
-    std::vector<Point> way = grip.isBend ? BendDragged(way_, grip.index, kept, style)
-                                         : SegmentDragged(way_, grip.index, kept, style);
-    if (way == way_) return;
-    const bool newBend = way.size() > way_.size();
-    Write(std::move(way));
+    std::vector<Point> route = grip.isBend ? BendDragged(route_, grip.index, kept, style)
+                                           : SegmentDragged(route_, grip.index, kept, style);
+    if (route == route_) return;
+    const bool newBend = route.size() > route_.size();
+    Write(std::move(route));
     GoTo(newBend ? lit_ + 1 : lit_); // a new bend stands behind what was the middle
 }
 
@@ -71,23 +71,23 @@ void BendByKeys::Remove() {
         Link *link = surface_.FindLink(Held().id);
         if (!link) return;
         GiveBendsToRouter(*link);
-        way_ = link->Way();
+        route_ = link->Route();
         routed_ = true;
         return GoTo(qMin(lit_, Grips().size() - 1));
     }
     if (!grip.isBend) return;
-    std::vector<Point> way = way_;
-    way.erase(way.begin() + grip.index);
-    Write(std::move(way));
+    std::vector<Point> route = route_;
+    route.erase(route.begin() + grip.index);
+    Write(std::move(route));
     GoTo(lit_ - 1);
 }
 
-void BendByKeys::Write(std::vector<Point> way) {
+void BendByKeys::Write(std::vector<Point> route) {
     Link *link = surface_.FindLink(Held().id);
     if (!link) return;
     held_.RestoreLinks(surface_);
-    link->Points().Assign(std::move(way));
-    way_ = link->Way();
+    link->Points().Assign(std::move(route));
+    route_ = link->Route();
     routed_ = false;
 }
 
@@ -95,12 +95,12 @@ void BendByKeys::Commit(const PointerInput &) {
     const bool givenBack = routed_ && Held().data.ownBends;
     held_.RestoreLinks(surface_);
     Link *link = surface_.FindLink(Held().id);
-    if (!link || (way_ == Held().data.points && !givenBack)) return;
+    if (!link || (route_ == Held().data.points && !givenBack)) return;
     const ActionGroup group(surface_);
     if (routed_)
         GiveBendsToRouter(*link);
     else
-        link->Points().Assign(way_);
+        link->Points().Assign(route_);
     surface_.Events().AfterStretch(surface_);
 }
 

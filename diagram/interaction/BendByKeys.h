@@ -8,7 +8,7 @@
 
 namespace diagram {
 
-// One of the link's bends or of the middles of its segments is lit; Tab goes on along the way. The arrows
+// One of the link's bends or of the middles of its segments is lit; Tab goes on along the route. The arrows
 // move it by a pixel, with Shift by a step of the grid: a segment of free form gets a bend by that, one that
 // runs level or upright is shifted. Del takes a bend away, or gives all bends back to the router where they
 // can't go one by one. A click ends it like Enter.
@@ -28,24 +28,24 @@ public:
     Hint WhatNow() const override { return Hint::KeysBend; }
 
 private:
-    // A point of the way, or the middle between it and the next.
+    // A point of the route, or the middle between it and the next.
     struct Grip {
         bool isBend;
         int index;
     };
     const HeldLink &Held() const { return held_.Links().front(); }
-    std::vector<Grip> Grips() const; // along the way, never empty
+    std::vector<Grip> Grips() const; // along the route, never empty
     Grip Lit() const { return Grips()[lit_]; }
     QPointF Place(const Grip &grip) const;
     void GoTo(size_t grip);
     void Drag(const QPointF &by);
     void Remove();
-    void Write(std::vector<Point> way);
+    void Write(std::vector<Point> route);
 
     Surface &surface_;
     Stage &stage_;
     HeldItems held_;
-    std::vector<Point> way_; // as it is now
+    std::vector<Point> route_; // as it is now
     size_t lit_ = 0;
     bool routed_ = false; // the bends are the router's again
 };

@@ -15,39 +15,41 @@ LinkForm FormOf(int style) {
     return row ? row->form : LinkForm::Polyline;
 }
 
-// By the style where the way has the style's number of segments, by its looks otherwise.
-bool IsHorizontal(const std::vector<Point> &way, int segment, int style) {
+// By the style where the route has the style's number of segments, by its looks otherwise.
+bool IsHorizontal(const std::vector<Point> &route, int segment, int style) {
     const LinkStyleRow *row = FindLinkStyle(style);
-    if (row && row->directions.size() + 1 == way.size()) return row->directions[size_t(segment)] == 'H';
-    const Point &a = way[size_t(segment)];
-    const Point &b = way[size_t(segment) + 1];
+    if (row && row->directions.size() + 1 == route.size()) return row->directions[size_t(segment)] == 'H';
+    const Point &a = route[size_t(segment)];
+    const Point &b = route[size_t(segment) + 1];
     return qAbs(b.x - a.x) >= qAbs(b.y - a.y);
 }
 
-std::vector<Point> SegmentShifted(const std::vector<Point> &way, int segment, const QPointF &to, int style) {
+std::vector<Point> SegmentShifted(const std::vector<Point> &route, int segment, const QPointF &to,
+                                  int style) {
     const int bend = segment > 0 ? segment : segment + 1;
-    Point moved = way[size_t(bend)];
-    if (IsHorizontal(way, segment, style))
+    Point moved = route[size_t(bend)];
+    if (IsHorizontal(route, segment, style))
         moved.y = float(to.y());
     else
         moved.x = float(to.x());
-    return WithBendMoved(style, way, bend, moved);
+    return WithBendMoved(style, route, bend, moved);
 }
 
 } // namespace
 
-std::vector<Point> BendDragged(const std::vector<Point> &way, int index, const QPointF &to, int style) {
-    if (index <= 0 || index + 1 >= std::ssize(way)) return way;
-    return WithBendMoved(style, way, index, ToPoint(to));
+std::vector<Point> BendDragged(const std::vector<Point> &route, int index, const QPointF &to, int style) {
+    if (index <= 0 || index + 1 >= std::ssize(route)) return route;
+    return WithBendMoved(style, route, index, ToPoint(to));
 }
 
-std::vector<Point> SegmentDragged(const std::vector<Point> &way, int segment, const QPointF &to, int style) {
-    if (segment < 0 || segment + 1 >= std::ssize(way)) return way;
+std::vector<Point> SegmentDragged(const std::vector<Point> &route, int segment, const QPointF &to,
+                                  int style) {
+    if (segment < 0 || segment + 1 >= std::ssize(route)) return route;
     const LinkForm form = FormOf(style);
-    if (form == LinkForm::Orthogonal) return SegmentShifted(way, segment, to, style);
-    std::vector<Point> result = way;
-    if (form == LinkForm::Bezier && way.size() > 2) {
-        const auto control = std::clamp<std::ptrdiff_t>(segment, 1, std::ssize(way) - 2);
+    if (form == LinkForm::Orthogonal) return SegmentShifted(route, segment, to, style);
+    std::vector<Point> result = route;
+    if (form == LinkForm::Bezier && route.size() > 2) {
+        const auto control = std::clamp<std::ptrdiff_t>(segment, 1, std::ssize(route) - 2);
         result[size_t(control)] = ToPoint(to);
     } else {
         result.insert(result.begin() + segment + 1, ToPoint(to));
@@ -55,11 +57,11 @@ std::vector<Point> SegmentDragged(const std::vector<Point> &way, int segment, co
     return result;
 }
 
-bool IsInLine(const std::vector<Point> &way, int index, double reach) {
-    if (index <= 0 || index + 1 >= std::ssize(way)) return false;
-    const QPointF from = ToQPointF(way[size_t(index) - 1]);
-    const QPointF along = ToQPointF(way[size_t(index) + 1]) - from;
-    const QPointF apart = ToQPointF(way[size_t(index)]) - from;
+bool IsInLine(const std::vector<Point> &route, int index, double reach) {
+    if (index <= 0 || index + 1 >= std::ssize(route)) return false;
+    const QPointF from = ToQPointF(route[size_t(index) - 1]);
+    const QPointF along = ToQPointF(route[size_t(index) + 1]) - from;
+    const QPointF apart = ToQPointF(route[size_t(index)]) - from;
     const double length = std::hypot(along.x(), along.y());
     if (length <= 0) return false;
     const double share = QPointF::dotProduct(apart, along) / (length * length);

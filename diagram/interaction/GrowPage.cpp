@@ -22,11 +22,11 @@ class AsItStands {
 public:
     explicit AsItStands(Surface &surface) : surface_(surface) {
         surface_.Recalculate();
-        surface_.SettleWays();
+        surface_.SettleRoutes();
         surface_.SetReplaying(true);
     }
     ~AsItStands() {
-        surface_.KeepWays();
+        surface_.KeepRoutes();
         surface_.SetReplaying(false);
     }
     AsItStands(const AsItStands &) = delete;

@@ -1,7 +1,7 @@
 #include "diagram/interaction/HeldItems.h"
 
 #include "diagram/model/Calendar.h"
-#include "diagram/model/HeldWays.h"
+#include "diagram/model/HeldRoutes.h"
 #include "diagram/shapes/LinkStyles.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace {
 
 // Complete: routed, and known whose the bends are.
 LinkData DataOf(const Link &link) {
-    link.Way();
+    link.Route();
     link.OwnBends();
     return link.Data();
 }
@@ -51,7 +51,7 @@ Point InPlace(const Point &at, const NodeData &before, const NodeData &now) {
 } // namespace
 
 HeldItems::HeldItems(const std::vector<Node *> &nodes) {
-    if (!nodes.empty()) displaced_ = nodes.front()->Owner().HoldWays();
+    if (!nodes.empty()) displaced_ = nodes.front()->Owner().HoldRoutes();
     std::unordered_set<const Node *> held(nodes.begin(), nodes.end());
     std::unordered_set<const Link *> seen;
     for (Node *node : nodes) {
@@ -83,7 +83,7 @@ void HeldItems::Restore(Surface &surface) const {
 
 // What the nodes lie on doesn't give way by that.
 void HeldItems::PutBackDisplaced(Surface &surface) const {
-    surface.KeepWays();
+    surface.KeepRoutes();
     if (!displaced_) return;
     for (const auto &[id, data] : std::exchange(displaced_->links, {}))
         if (Link *link = surface.FindLink(id)) surface.Overwrite(*link, data);
@@ -93,7 +93,7 @@ void HeldItems::MakeWay(Surface &surface) const {
     for (const HeldNode &held : nodes_)
         if (Node *node = surface.FindNode(held.id)) surface.MakeWayFor(*node);
     for (const HeldLink &held : links_)
-        if (Link *link = held.inner ? surface.FindLink(held.id) : nullptr) surface.CheckWay(*link);
+        if (Link *link = held.inner ? surface.FindLink(held.id) : nullptr) surface.CheckRoute(*link);
 }
 
 void HeldItems::RestoreLinks(Surface &surface) const {
@@ -151,7 +151,7 @@ void HeldItems::TakeKeptEndsAlong(Surface &surface) const {
     }
 }
 
-// The run along the strip of a way with two bends stays as far from the strip as it was.
+// The run along the strip of a route with two bends stays as far from the strip as it was.
 void HeldItems::TakeDateLinksAlong(Surface &surface, const QPointF &distance,
                                    const QPointF &alongTheStrip) const {
     for (const HeldLink &held : links_) {

@@ -34,7 +34,7 @@ public:
     // Everything as it was.
     void Restore(Surface &surface) const;
     void RestoreLinks(Surface &surface) const;
-    // The bends that the user made, and the ways of the links that gave way, as they were: the route that
+    // The bends that the user made, and the routes of the links that gave way, as they were: the route that
     // follows then never depends on the one before. Call it before moving the nodes.
     void RestoreBends(Surface &surface) const;
     // Makes the links on which the nodes lie now give way. Call it after moving the nodes.
@@ -47,7 +47,7 @@ public:
     // Where the nodes were moved by the distance, their quiet links to their days go along, with the last
     // point only along the strip; twips. Call it after MoveBy.
     void TakeDateLinksAlong(Surface &surface, const QPointF &distance, const QPointF &alongTheStrip) const;
-    // Gives the links between held nodes their ways at the start, moved as a whole (twips). Call it after
+    // Gives the links between held nodes their routes at the start, moved as a whole (twips). Call it after
     // moving the nodes.
     void MoveInnerLinks(Surface &surface, const QPointF &distance) const;
 
@@ -57,7 +57,7 @@ private:
 
     std::vector<HeldNode> nodes_;
     std::vector<HeldLink> links_;
-    std::shared_ptr<HeldWays> displaced_; // by the nodes held, since they were put back last
+    std::shared_ptr<HeldRoutes> displaced_; // by the nodes held, since they were put back last
 };
 
 } // namespace diagram

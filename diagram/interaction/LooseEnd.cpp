@@ -102,7 +102,7 @@ QPainterPath LooseEnd::LineOf(Scene &scene, const LinkDraft &draft) const {
     data.style = std::uint8_t(StyleOf(scene, draft));
     LinkDraft styled = draft;
     styled.data = &data;
-    return WayPath(data.style, scene.Model().WayOf(styled));
+    return RoutePath(data.style, scene.Model().RouteOf(styled));
 }
 
 QPainterPath LooseEnd::LineTo(Scene &scene, const Node *target, const QPointF &at) const {

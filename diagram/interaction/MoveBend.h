@@ -19,7 +19,7 @@ public:
     Qt::CursorShape Pointer() const override { return Qt::SizeAllCursor; }
 
 private:
-    std::vector<Point> Way(const PointerInput &input) const;
+    std::vector<Point> Route(const PointerInput &input) const;
 
     Surface &surface_;
     HeldItems held_;

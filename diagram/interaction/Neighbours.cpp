@@ -96,7 +96,7 @@ Link *NextLinkOf(const Node &node, const Link *from, int step) {
 }
 
 Node &EndTowards(const Link &link, const QPointF &direction) {
-    const QPointF along = ToQPointF(link.Way().back()) - ToQPointF(link.Way().front());
+    const QPointF along = ToQPointF(link.Route().back()) - ToQPointF(link.Route().front());
     return QPointF::dotProduct(along, direction) < 0 ? link.Source() : link.Destination();
 }
 

@@ -64,7 +64,7 @@ std::unique_ptr<Gesture> OnSegment(const DragStart &start) {
     return std::make_unique<MoveBend>(start.scene.Model(), *start.link, MoveBend::Grip::Segment, start.index);
 }
 
-bool IsEnd(const Link &link, int point) { return point == 0 || point + 1 == std::ssize(link.Way()); }
+bool IsEnd(const Link &link, int point) { return point == 0 || point + 1 == std::ssize(link.Route()); }
 
 std::unique_ptr<Gesture> OnBend(const DragStart &start) {
     if (!start.link) return nullptr;

@@ -49,8 +49,8 @@ void SetSelected(Item &item, bool on) {
 
 bool LiesInside(const Item &item, const QRectF &area) {
     if (const Node *node = item.AsNode()) return area.contains(node->Bounds());
-    const std::vector<Point> &way = item.AsLink()->Way();
-    return std::all_of(way.begin(), way.end(),
+    const std::vector<Point> &route = item.AsLink()->Route();
+    return std::all_of(route.begin(), route.end(),
                        [&](const Point &point) { return area.contains(ToQPointF(point)); });
 }
 

@@ -13,20 +13,21 @@ namespace diagram {
 
 namespace {
 
-constexpr size_t kMostSegments = 5; // a way with more is no help to who looks at it
-constexpr double kInside = 1;       // twips that a way must come into a box to run through it
+constexpr size_t kMostSegments = 5; // a route with more is no help to who looks at it
+constexpr double kInside = 1;       // twips that a route must come into a box to run through it
 constexpr QPointF kOut[] = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}};
 
-using Way = std::vector<Point>;
+using Route = std::vector<Point>;
 
 bool IsOrthogonal(int style) {
     const LinkStyleRow *row = FindLinkStyle(style);
     return row && row->form == LinkForm::Orthogonal;
 }
 
-bool LeavesBy(const LinkDraft &draft, const Way &way, int side) {
+bool LeavesBy(const LinkDraft &draft, const Route &route, int side) {
     const QRectF box = draft.source->Bounds();
-    const QPointF from = ToQPointF(way[0]) - box.center(), along = ToQPointF(way[1]) - ToQPointF(way[0]);
+    const QPointF from = ToQPointF(route[0]) - box.center(),
+                  along = ToQPointF(route[1]) - ToQPointF(route[0]);
     const QPointF out = kOut[side];
     if (QPointF::dotProduct(along, out) <= 0) return false;
     if (IsOrthogonal(draft.data->style)) return QPointF::dotProduct(from, out) > 0;
@@ -45,10 +46,10 @@ bool MeetsOthers(Scene &scene, const LinkDraft &draft, const QPointF &from, cons
 }
 
 // Neither through other nodes nor through its own.
-bool IsClear(Scene &scene, const LinkDraft &draft, const Way &way) {
-    for (size_t i = 1; i < way.size(); ++i) {
-        const QPointF from = ToQPointF(way[i - 1]), to = ToQPointF(way[i]);
-        const bool last = i + 1 == way.size();
+bool IsClear(Scene &scene, const LinkDraft &draft, const Route &route) {
+    for (size_t i = 1; i < route.size(); ++i) {
+        const QPointF from = ToQPointF(route[i - 1]), to = ToQPointF(route[i]);
+        const bool last = i + 1 == route.size();
         if (i > 1 && Meets(draft.source->Bounds(), from, to, -kInside)) return false;
         if (!last && draft.destination && Meets(draft.destination->Bounds(), from, to, -kInside))
             return false;
@@ -68,15 +69,15 @@ bool Begins(const LinkStyleRow &row, int side) {
 int StyleLeavingBy(Scene &scene, const LinkDraft &draft, int side) {
     Surface &surface = scene.Model();
     if (!draft.source || draft.source == draft.destination) return draft.data->style;
-    if (LeavesBy(draft, surface.WayOf(draft), side)) return draft.data->style;
+    if (LeavesBy(draft, surface.RouteOf(draft), side)) return draft.data->style;
     LinkData data = *draft.data;
     LinkDraft other = draft;
     other.data = &data;
     for (const LinkStyleRow &row : LinkStyleTable()) {
         if (!Begins(row, side)) continue;
         data.style = std::uint8_t(row.value);
-        const Way way = surface.WayOf(other);
-        if (LeavesBy(other, way, side) && IsClear(scene, other, way)) return row.value;
+        const Route route = surface.RouteOf(other);
+        if (LeavesBy(other, route, side) && IsClear(scene, other, route)) return row.value;
     }
     return draft.data->style;
 }

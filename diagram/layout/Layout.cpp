@@ -39,13 +39,13 @@ std::vector<QRectF> BoxesOf(const LayoutGraph &graph) {
 // Styles with one, two and three pieces across, of layers below and beside each other.
 constexpr int kAcrossStyles[2][3] = {{4, 8, 12}, {5, 9, 13}};
 
-// The points between the ends, which are put onto the outlines when the way is read.
+// The points between the ends, which are put onto the outlines when the route is read.
 void GiveWay(Link &link, const std::vector<QPointF> &between, const QPointF &shift) {
     std::vector<Point> points{ToPoint(link.Source().Bounds().center())};
     for (const QPointF &point : between) points.push_back(ToPoint(point + shift));
     points.push_back(ToPoint(link.Destination().Bounds().center()));
     link.Points().Assign(std::move(points));
-    link.Way();
+    link.Route();
     link.SetOwnBends(false);
 }
 
@@ -59,9 +59,9 @@ void GiveCorners(Link &link, const std::vector<QPointF> &corners, const QPointF 
 // With all bends.
 QRectF CoveredBy(const LayoutSubject &subject, const LayeredDrawing &drawing) {
     QRectF extent = ExtentOf(subject.graph.sizes, drawing.centres);
-    for (const auto *ways : {&drawing.bends, &drawing.corners})
-        for (const auto &way : *ways)
-            for (const QPointF &point : way)
+    for (const auto *routes : {&drawing.bends, &drawing.corners})
+        for (const auto &route : *routes)
+            for (const QPointF &point : route)
                 extent.setCoords(std::min(extent.left(), point.x()), std::min(extent.top(), point.y()),
                                  std::max(extent.right(), point.x()), std::max(extent.bottom(), point.y()));
     return extent;
@@ -180,7 +180,7 @@ bool LayOutAsTree(Surface &surface, LayoutScope scope, const LayoutOptions &opti
     const LayoutSubject subject = SubjectOf(surface, scope);
     const bool isForest = IsForest(subject.graph);
     PlaceNodes(surface, subject, TidyTree(isForest ? subject.graph : SpanningForest(subject.graph), options));
-    if (!isForest) ChooseStyles(surface, subject); // the links beside the tree have other ways to go
+    if (!isForest) ChooseStyles(surface, subject); // the links beside the tree have other routes to go
     return isForest;
 }
 

@@ -14,7 +14,7 @@ namespace diagram {
 
 namespace {
 
-constexpr double kInside = 1; // twips that a way must come into one of its ends to run through it
+constexpr double kInside = 1; // twips that a route must come into one of its ends to run through it
 constexpr double kSame = 1;   // twips; a piece that is shorter isn't seen, nor a difference in length
 
 constexpr double kShortEnd = 300;  // twips; a first or last piece below has no room for a head
@@ -27,7 +27,7 @@ constexpr int kThroughOne = 10000; // that is worse than coming near to any numb
 
 constexpr std::size_t kMostStrangers = 1000; // among more links nobody sees how many one crosses
 
-using Way = std::vector<Point>;
+using Route = std::vector<Point>;
 
 struct Merit {
     int met = std::numeric_limits<int>::max();
@@ -43,20 +43,21 @@ struct Merit {
 
 double Length(const Point &a, const Point &b) { return std::abs(a.x - b.x) + std::abs(a.y - b.y); }
 
-bool IsMet(const QRectF &box, const Way &way, double nearness, std::size_t first, std::size_t last) {
+bool IsMet(const QRectF &box, const Route &route, double nearness, std::size_t first, std::size_t last) {
     for (std::size_t i = first; i <= last; ++i)
-        if (Meets(box, ToQPointF(way[i - 1]), ToQPointF(way[i]), nearness)) return true;
+        if (Meets(box, ToQPointF(route[i - 1]), ToQPointF(route[i]), nearness)) return true;
     return false;
 }
 
 // Nodes, the texts behind bars, and its own ends, which it may touch but with its first and its last piece.
-int CountMet(const Surface &surface, const LinkDraft &draft, const RouteRequest &request, const Way &way) {
-    const std::size_t last = way.size() - 1;
+int CountMet(const Surface &surface, const LinkDraft &draft, const RouteRequest &request,
+             const Route &route) {
+    const std::size_t last = route.size() - 1;
     const auto touches = [&](const QRectF &box, double nearness) {
-        return IsMet(box, way, nearness, 1, last);
+        return IsMet(box, route, nearness, 1, last);
     };
-    int met = IsMet(request.source.box, way, -kInside, 2, last);
-    met += IsMet(request.destination.box, way, -kInside, 1, last - 1);
+    int met = IsMet(request.source.box, route, -kInside, 2, last);
+    met += IsMet(request.destination.box, route, -kInside, 1, last - 1);
     met *= kThroughOne;
     for (const Node &node : surface.Nodes()) {
         if (node.Hidden()) continue;
@@ -71,10 +72,10 @@ int CountMet(const Surface &surface, const LinkDraft &draft, const RouteRequest 
 
 bool IsLevel(const Point &a, const Point &b) { return std::abs(b.y - a.y) <= kSame; }
 
-// The ends of the way and the points at which it turns.
-Way Corners(const Way &way) {
-    Way corners{way.front()};
-    for (const Point &point : way) {
+// The ends of the route and the points at which it turns.
+Route Corners(const Route &route) {
+    Route corners{route.front()};
+    for (const Point &point : route) {
         const std::size_t count = corners.size();
         if (Length(corners.back(), point) <= kSame) continue;
         if (count > 1 &&
@@ -96,9 +97,10 @@ bool IsBadEnd(const Point &end, const Point &next, const QRectF &node) {
 
 // Bends that are seen. A first or last piece without length, whose bend a small move brings out, counts as
 // one; ends that don't look well as more, but those of a straight line.
-int CountBends(const RouteRequest &request, const Way &way) {
-    const int grown = Length(way[0], way[1]) <= kSame || Length(way[way.size() - 2], way.back()) <= kSame;
-    const Way corners = Corners(way);
+int CountBends(const RouteRequest &request, const Route &route) {
+    const int grown =
+        Length(route[0], route[1]) <= kSame || Length(route[route.size() - 2], route.back()) <= kSame;
+    const Route corners = Corners(route);
     if (corners.size() < 3) return grown;
     const bool bad = IsBadEnd(corners[0], corners[1], request.source.box) ||
                      IsBadEnd(corners.back(), corners[corners.size() - 2], request.destination.box);
@@ -113,31 +115,31 @@ bool AreCrossing(const Point &a, const Point &b, const Point &c, const Point &d)
     return false;
 }
 
-// The ways of the links that have no node in common with it: those that have can be led past each other.
-std::vector<const Way *> StrangersOf(const Surface &surface, const LinkDraft &draft) {
+// The routes of the links that have no node in common with it: those that have can be led past each other.
+std::vector<const Route *> StrangersOf(const Surface &surface, const LinkDraft &draft) {
     const auto isEnd = [&](const Node &node) { return &node == draft.source || &node == draft.destination; };
-    std::vector<const Way *> ways;
-    if (surface.Links().size() > kMostStrangers) return ways;
+    std::vector<const Route *> routes;
+    if (surface.Links().size() > kMostStrangers) return routes;
     for (const auto &link : surface.Links())
         if (link->Id() != draft.id && !link->Hidden() && !isEnd(link->Source()) &&
             !isEnd(link->Destination()))
-            ways.push_back(&link->Way());
-    return ways;
+            routes.push_back(&link->Route());
+    return routes;
 }
 
-int CountCrossed(const std::vector<const Way *> &strangers, const Way &way) {
+int CountCrossed(const std::vector<const Route *> &strangers, const Route &route) {
     int crossed = 0;
-    for (const Way *other : strangers)
+    for (const Route *other : strangers)
         for (std::size_t i = 1; i < other->size(); ++i)
-            for (std::size_t j = 1; j < way.size(); ++j)
-                crossed += AreCrossing((*other)[i - 1], (*other)[i], way[j - 1], way[j]);
+            for (std::size_t j = 1; j < route.size(); ++j)
+                crossed += AreCrossing((*other)[i - 1], (*other)[i], route[j - 1], route[j]);
     return crossed;
 }
 
-Merit MeritOf(const Surface &surface, const LinkDraft &draft, const Way &way) {
+Merit MeritOf(const Surface &surface, const LinkDraft &draft, const Route &route) {
     const RouteRequest request = RequestFor(draft);
-    Merit merit{CountMet(surface, draft, request, way), CountBends(request, way)};
-    for (std::size_t i = 1; i < way.size(); ++i) merit.length += Length(way[i - 1], way[i]);
+    Merit merit{CountMet(surface, draft, request, route), CountBends(request, route)};
+    for (std::size_t i = 1; i < route.size(); ++i) merit.length += Length(route[i - 1], route[i]);
     return merit;
 }
 
@@ -150,18 +152,18 @@ int BestOrthogonalStyle(Surface &surface, const LinkDraft &draft) {
     LinkDraft styled = draft;
     styled.data = &data;
     int best = draft.data->style;
-    const std::vector<const Way *> strangers = StrangersOf(surface, draft);
+    const std::vector<const Route *> strangers = StrangersOf(surface, draft);
     Merit most;
     const auto offer = [&](int style) {
         data.style = std::uint8_t(style);
-        const Way way = surface.WayOf(styled);
-        Merit merit = MeritOf(surface, styled, way);
-        if (merit.met <= most.met) merit.crossed = CountCrossed(strangers, way);
+        const Route route = surface.RouteOf(styled);
+        Merit merit = MeritOf(surface, styled, route);
+        if (merit.met <= most.met) merit.crossed = CountCrossed(strangers, route);
         if (merit.IsBetter(most)) best = style, most = merit;
     };
     const LinkStyleRow *own = FindLinkStyle(best);
     if (own && own->form == LinkForm::Orthogonal) offer(best);
-    // Three segments can be one straight line; more than a free way needs can't be better.
+    // Three segments can be one straight line; more than a free route needs can't be better.
     const auto mayBeBetter = [&](const LinkStyleRow &row) {
         return row.form == LinkForm::Orthogonal &&
                (most.met > 0 || int(row.directions.size()) <= std::max(3, most.bends + 1));

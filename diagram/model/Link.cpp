@@ -23,9 +23,9 @@ bool Link::OwnBends() const {
 
 int Link::Zorder() const { return Owner().StackPosition(*this); }
 
-const std::vector<Point> &Link::Way() const {
+const std::vector<Point> &Link::Route() const {
     Owner().routing_->Settle();
-    if (stale_) Owner().routing_->Route(const_cast<Link &>(*this));
+    if (stale_) Owner().routing_->FindRoute(const_cast<Link &>(*this));
     return data_.points;
 }
 

@@ -12,7 +12,7 @@
 namespace diagram {
 
 // The values of a link, as undo and the surface file keep them; their ranges stand in PropertyTable.h.
-// `points` holds the whole way, its two ends included.
+// `points` holds the whole route, its two ends included.
 struct LinkData {
     QString key;
     QString text;
@@ -92,10 +92,10 @@ public:
     bool MovePointsMode() const { return data_.movePointsMode; }
     bool OwnBends() const;
     int Zorder() const; // as Node::ZOrder
-    // Routes the link first when its way is out of date.
+    // Routes the link first when its route is out of date.
     LinkPoints Points() { return LinkPoints(*this); }
     // The same for reading.
-    const std::vector<Point> &Way() const;
+    const std::vector<Point> &Route() const;
 
     void SetKey(const QString &key); // not checked for being unique: link keys don't last
     // Ends the link at another node; error 5 for a node of another surface.
@@ -150,11 +150,11 @@ private:
     Node *source_;
     Node *destination_;
     bool selected_ = false;
-    bool stale_ = true; // the way must be routed before it is read
+    bool stale_ = true; // the route must be routed before it is read
     // Points came while a point-edit switch was on: whether their bends are the router's own is found out
     // when it matters.
     bool unjudged_ = false;
-    bool indexed_ = false; // its way stands in the routing's index
+    bool indexed_ = false; // its route stands in the routing's index
 };
 
 } // namespace diagram

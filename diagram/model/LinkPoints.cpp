@@ -24,12 +24,12 @@ void CheckPoint(const Point &point) {
 } // namespace
 
 // With a point-edit switch on the points stay as given. Without, their bends are the user's from now on, and
-// the two ends come back to the outlines when the way is read.
+// the two ends come back to the outlines when the route is read.
 void Link::WritePoints(std::vector<Point> points) {
     if (!stale_ && points == data_.points) return;
     Surface &surface = Owner();
     surface.Record(*this);
-    surface.routing_->WayChanges(*this);
+    surface.routing_->RouteChanges(*this);
     data_.points = std::move(points);
     stale_ = !KeepsPoints();
     unjudged_ = !stale_;
@@ -38,18 +38,18 @@ void Link::WritePoints(std::vector<Point> points) {
     surface.Notify(*this, Change::Geometry);
 }
 
-int LinkPoints::Count() const { return int(link_->Way().size()); }
+int LinkPoints::Count() const { return int(link_->Route().size()); }
 
 Point LinkPoints::Item(int position) const {
     CheckPosition(position, Count());
-    return link_->Way()[std::size_t(position)];
+    return link_->Route()[std::size_t(position)];
 }
 
 void LinkPoints::SetItem(int position, const Point &point) {
     CheckPosition(position, Count());
     CheckPoint(point);
-    if (link_->Way()[std::size_t(position)] == point) return;
-    std::vector<Point> points = link_->Way();
+    if (link_->Route()[std::size_t(position)] == point) return;
+    std::vector<Point> points = link_->Route();
     if (link_->KeepsPoints()) {
         points[std::size_t(position)] = point;
     } else {
@@ -60,7 +60,7 @@ void LinkPoints::SetItem(int position, const Point &point) {
 
 void LinkPoints::Add(float x, float y) {
     CheckPoint({x, y});
-    std::vector<Point> points = link_->Way();
+    std::vector<Point> points = link_->Route();
     points.push_back({x, y});
     link_->WritePoints(std::move(points));
 }
@@ -68,7 +68,7 @@ void LinkPoints::Add(float x, float y) {
 void LinkPoints::Insert(int position, const Point &point) {
     CheckPosition(position, Count() + 1);
     CheckPoint(point);
-    std::vector<Point> points = link_->Way();
+    std::vector<Point> points = link_->Route();
     points.insert(points.begin() + position, point);
     link_->WritePoints(std::move(points));
 }
@@ -76,7 +76,7 @@ void LinkPoints::Insert(int position, const Point &point) {
 void LinkPoints::Remove(int position) {
     CheckPosition(position, Count());
     if (Count() <= 2) RaiseTooFew();
-    std::vector<Point> points = link_->Way();
+    std::vector<Point> points = link_->Route();
     points.erase(points.begin() + position);
     link_->WritePoints(std::move(points));
 }
@@ -87,6 +87,6 @@ void LinkPoints::Assign(std::vector<Point> points) {
     link_->WritePoints(std::move(points));
 }
 
-const std::vector<Point> &LinkPoints::All() const { return link_->Way(); }
+const std::vector<Point> &LinkPoints::All() const { return link_->Route(); }
 
 } // namespace diagram

@@ -11,7 +11,7 @@ namespace {
 
 constexpr double kSpacing = 180;       // twips between links side by side
 constexpr double kWidestBundle = 6000; // twips; more links than fit come nearer
-constexpr double kLongestHead = 1500;  // twips; a way isn't bent for more
+constexpr double kLongestHead = 1500;  // twips; a route isn't bent for more
 constexpr int kCrowd = 1000;
 constexpr int kOften = 5;       // questions from which on it pays to look for more than is asked
 constexpr double kBeyond = 600; // twips around that are likely to be asked for next
@@ -120,10 +120,10 @@ bool IsObstacleFor(const RouteRequest &request, const QRectF &box) {
     return !Overlap(box, request.source.box) && !Overlap(box, request.destination.box);
 }
 
-bool IsMet(const Obstacles &obstacles, const std::vector<Point> &way) {
+bool IsMet(const Obstacles &obstacles, const std::vector<Point> &route) {
     std::vector<QRectF> boxes;
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const QPointF from = ToQPointF(way[i - 1]), to = ToQPointF(way[i]);
+    for (std::size_t i = 1; i < route.size(); ++i) {
+        const QPointF from = ToQPointF(route[i - 1]), to = ToQPointF(route[i]);
         boxes.clear();
         obstacles.In(Neighbourhood(from, to, kNearness), boxes);
         if (std::ranges::any_of(boxes, [&](const QRectF &box) { return Meets(box, from, to, kNearness); }))

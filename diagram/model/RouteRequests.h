@@ -22,8 +22,8 @@ bool IsCrowded(const LinkDraft &link);
 // A node in which an end of the link lies, or that reaches into that end's box, is none of its obstacles.
 bool IsObstacleFor(const RouteRequest &request, const QRectF &box);
 
-// Whether the pieces of the way come near to one of the obstacles.
-bool IsMet(const Obstacles &obstacles, const std::vector<Point> &way);
+// Whether the pieces of the route come near to one of the obstacles.
+bool IsMet(const Obstacles &obstacles, const std::vector<Point> &route);
 
 // The other nodes of the surface, as far as they are obstacles. Asked again and again for the same places,
 // as the router does in a search, it looks into the index once for each.

@@ -34,7 +34,7 @@ bool HasRoutedBends(const LinkData &link) {
 
 } // namespace
 
-std::vector<Point> Routing::WayOf(const LinkDraft &link, bool keepBends) {
+std::vector<Point> Routing::RouteOf(const LinkDraft &link, bool keepBends) {
     RouteRequest request = RequestFor(link);
     request.keepBends = keepBends;
     const NodesAround obstacles(nodes_, link, request);
@@ -42,40 +42,40 @@ std::vector<Point> Routing::WayOf(const LinkDraft &link, bool keepBends) {
         NeedNodes();
         request.obstacles = &obstacles;
     }
-    return diagram::Route(request);
+    return diagram::FindRoute(request);
 }
 
-std::vector<Point> Routing::WayOf(const LinkDraft &link) {
+std::vector<Point> Routing::RouteOf(const LinkDraft &link) {
     UpdateNodes();
-    return WayOf(link, link.data->ownBends);
+    return RouteOf(link, link.data->ownBends);
 }
 
-void Routing::Route(Link &link) {
+void Routing::FindRoute(Link &link) {
     UpdateNodes();
-    WayChanges(link);
+    RouteChanges(link);
     const bool untidies = !IsQuiet() && surface_.Recording();
     if (untidies && nudged_.contains(link.Id())) former_.try_emplace(link.Id(), link.data_.points);
-    link.data_.points = WayOf(LinkDraft(link), link.data_.ownBends);
+    link.data_.points = RouteOf(LinkDraft(link), link.data_.ownBends);
     link.stale_ = false;
     LinkAdded(link);
     if (untidies) untidy_.push_back(link.Id());
 }
 
-// Bends that the router gives for the present boxes are its own. Nodes that have changed since the ways were
-// settled count as they were. A straight line that nobody vouches for stays one, as it did in older maps,
-// where its end may be pinned besides.
+// Bends that the router gives for the present boxes are its own. Nodes that have changed since the routes
+// were settled count as they were. A straight line that nobody vouches for stays one, as it did in older
+// maps, where its end may be pinned besides.
 void Routing::Judge(Link &link) {
     if (!link.unjudged_ || link.KeepsPoints()) return;
     link.unjudged_ = false;
     const auto &points = link.data_.points;
     link.data_.ownBends =
-        points.size() > 2 ? !HasSameBends(points, WayOf(LinkDraft(link), false)) : IsPolyline(link.data_);
+        points.size() > 2 ? !HasSameBends(points, RouteOf(LinkDraft(link), false)) : IsPolyline(link.data_);
 }
 
 bool Routing::IsQuiet() const { return replaying_ || surface_.Loading(); }
 
 void Routing::SettleAll() {
-    if (!blocking_.empty()) UpdateWays();
+    if (!blocking_.empty()) UpdateRoutes();
     for (const ItemId id : std::exchange(blocking_, {})) {
         Node *node = surface_.FindNode(id);
         if (!node) continue;
@@ -105,7 +105,7 @@ void Routing::MakeWayFor(const Node &node) {
     std::vector<BoxIndex::Entry> found;
     const QRectF box = node.Bounds();
     if (box.isEmpty()) return;
-    ways_.Find(box.adjusted(-kNearness, -kNearness, kNearness, kNearness), found);
+    routes_.Find(box.adjusted(-kNearness, -kNearness, kNearness, kNearness), found);
     for (const BoxIndex::Entry &entry : found) {
         Link *link = surface_.FindLink(entry.second);
         if (link && IsBlockedBy(*link, node)) GiveWay(*link);
@@ -115,10 +115,10 @@ void Routing::MakeWayFor(const Node &node) {
 bool Routing::IsBlockedBy(const Link &link, const Node &node) const {
     if (link.stale_ || link.KeepsPoints() || link.data_.ownBends || !HasRoutedBends(link.data_)) return false;
     if (&link.Source() == &node || &link.Destination() == &node || IsCrowded(LinkDraft(link))) return false;
-    const std::vector<Point> &way = link.data_.points;
+    const std::vector<Point> &route = link.data_.points;
     bool meets = false;
-    for (std::size_t i = 1; i < way.size() && !meets; ++i)
-        meets = Meets(node.Bounds(), ToQPointF(way[i - 1]), ToQPointF(way[i]), kNearness);
+    for (std::size_t i = 1; i < route.size() && !meets; ++i)
+        meets = Meets(node.Bounds(), ToQPointF(route[i - 1]), ToQPointF(route[i]), kNearness);
     return meets && !Overlap(node.Bounds(), link.Source().Bounds()) &&
            !Overlap(node.Bounds(), link.Destination().Bounds());
 }

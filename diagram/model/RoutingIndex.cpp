@@ -1,4 +1,4 @@
-// The indices of nodes and ways, and what of them is out of date.
+// The indices of nodes and routes, and what of them is out of date.
 #include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/RouterLanes.h"
@@ -26,9 +26,9 @@ bool IsRuler(const Node &node) { return node.Marked() && !node.Selectable(); }
 
 bool IsObstacle(const Node &node) { return !node.Hidden() && !IsRuler(node) && BoxOf(node).HasInside(); }
 
-FloatBox BoxOf(const std::vector<Point> &way) {
-    FloatBox box{way[0].x, way[0].y, way[0].x, way[0].y};
-    for (const Point &point : way) {
+FloatBox BoxOf(const std::vector<Point> &route) {
+    FloatBox box{route[0].x, route[0].y, route[0].x, route[0].y};
+    for (const Point &point : route) {
         box.left = std::min(box.left, point.x), box.right = std::max(box.right, point.x);
         box.top = std::min(box.top, point.y), box.bottom = std::max(box.bottom, point.y);
     }
@@ -54,10 +54,10 @@ void Routing::NodeChanges(Node &node) {
 // Those that may have gone round the node are judged while it stands there.
 void Routing::JudgeAround(const Node &node) {
     if (!unjudged_ || IsQuiet() || changed_.size() >= kFew) return;
-    UpdateWays();
+    UpdateRoutes();
     constexpr double kReach = 2 * kClearance;
     std::vector<BoxIndex::Entry> found;
-    ways_.Find(node.Bounds().adjusted(-kReach, -kReach, kReach, kReach), found);
+    routes_.Find(node.Bounds().adjusted(-kReach, -kReach, kReach, kReach), found);
     for (const BoxIndex::Entry &entry : found)
         if (Link *link = surface_.FindLink(entry.second)) Judge(*link);
 }
@@ -69,22 +69,22 @@ void Routing::NodeChanged(Node &node) {
 
 void Routing::LinkAdded(Link &link) {
     link.indexed_ = false;
-    if (waysBuilt_) fresh_.push_back(link.Id());
+    if (routesBuilt_) fresh_.push_back(link.Id());
 }
 
-void Routing::WayChanges(Link &link) {
-    if (!waysBuilt_ || !std::exchange(link.indexed_, false)) return;
-    ways_.Remove(BoxOf(link.data_.points), link.Id());
+void Routing::RouteChanges(Link &link) {
+    if (!routesBuilt_ || !std::exchange(link.indexed_, false)) return;
+    routes_.Remove(BoxOf(link.data_.points), link.Id());
     fresh_.push_back(link.Id());
-    if (!AreMany(fresh_.size(), ways_)) return;
-    waysBuilt_ = false;
-    ways_.Clear();
+    if (!AreMany(fresh_.size(), routes_)) return;
+    routesBuilt_ = false;
+    routes_.Clear();
     fresh_ = {};
 }
 
 void Routing::Clear() {
-    nodes_.Clear(), ways_.Clear();
-    nodesBuilt_ = waysBuilt_ = false;
+    nodes_.Clear(), routes_.Clear();
+    nodesBuilt_ = routesBuilt_ = false;
     changed_ = {}, fresh_ = {}, blocking_ = {}, moved_ = {}, untidy_ = {};
     former_.clear(), nudged_.clear();
     unjudged_ = false;
@@ -120,24 +120,24 @@ void Routing::UpdateNodes() {
     if (anew) nodesBuilt_ = false, nodes_.Clear();
 }
 
-void Routing::BuildWays() {
+void Routing::BuildRoutes() {
     std::vector<BoxIndex::Entry> entries;
     fresh_.clear();
     for (const auto &link : surface_.Links()) {
         link->indexed_ = !link->stale_;
         if (link->indexed_) entries.emplace_back(BoxOf(link->data_.points), link->Id());
     }
-    ways_.Build(entries);
-    waysBuilt_ = true;
+    routes_.Build(entries);
+    routesBuilt_ = true;
 }
 
 // Links that are still to be routed come in when they are.
-void Routing::UpdateWays() {
-    if (!waysBuilt_) return BuildWays();
+void Routing::UpdateRoutes() {
+    if (!routesBuilt_) return BuildRoutes();
     for (const ItemId id : std::exchange(fresh_, {})) {
         Link *link = surface_.FindLink(id);
         if (!link || link->stale_ || std::exchange(link->indexed_, true)) continue;
-        ways_.Insert(BoxOf(link->data_.points), id);
+        routes_.Insert(BoxOf(link->data_.points), id);
     }
 }
 

@@ -1,4 +1,4 @@
-// Nudges the ways apart that a group of changes has made.
+// Nudges the routes apart that a group of changes has made.
 #include "diagram/model/RouteRequests.h"
 #include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
@@ -13,8 +13,8 @@ namespace diagram {
 
 namespace {
 
-constexpr double kBeside = 2 * kApart; // twips; ways that near share a channel
-constexpr double kTouch = 60;          // twips; ways that end that near before each other may meet
+constexpr double kBeside = 2 * kApart; // twips; routes that near share a channel
+constexpr double kTouch = 60;          // twips; routes that end that near before each other may meet
 constexpr int kManyMates = 150;        // links of a node that don't all give way to each other
 constexpr std::size_t kMost = 2500;    // links that are nudged at once; more would take too long
 constexpr double kInReach = 1200;      // twips; farther away nothing is in the way of a nudge
@@ -24,16 +24,16 @@ bool IsOrthogonal(const Link &link) {
     return row && row->form == LinkForm::Orthogonal;
 }
 
-// The side of the node by which the way leaves it, its first point given and the one behind it.
+// The side of the node by which the route leaves it, its first point given and the one behind it.
 int SideOf(const Point &end, const Point &bend) {
     if (end.y == bend.y) return end.x == bend.x ? 0 : end.x < bend.x ? 1 : 2;
     return end.x != bend.x ? 0 : end.y < bend.y ? 3 : 4;
 }
 
 bool EndsAt(const Link &link, const Node &node, int side) {
-    const std::vector<Point> &way = link.Data().points;
-    return (&link.Source() == &node && SideOf(way[0], way[1]) == side) ||
-           (&link.Destination() == &node && SideOf(way.back(), way[way.size() - 2]) == side);
+    const std::vector<Point> &route = link.Data().points;
+    return (&link.Source() == &node && SideOf(route[0], route[1]) == side) ||
+           (&link.Destination() == &node && SideOf(route.back(), route[route.size() - 2]) == side);
 }
 
 // Whether two pieces run beside each other, nearer than `reach`.
@@ -82,42 +82,42 @@ void KeepEachOnce(std::vector<Link *> &links) {
 void Routing::Tidy(const std::vector<ItemId> &touched) {
     if (IsQuiet()) return;
     for (const ItemId id : touched)
-        if (const Link *link = surface_.FindLink(id)) link->Way();
+        if (const Link *link = surface_.FindLink(id)) link->Route();
     std::vector<ItemId> untidy = std::exchange(untidy_, {});
     if (untidy.empty()) return;
     std::ranges::sort(untidy);
     untidy.erase(std::unique(untidy.begin(), untidy.end()), untidy.end());
-    UpdateNodes(), NeedNodes(), UpdateWays();
+    UpdateNodes(), NeedNodes(), UpdateRoutes();
     std::map<ItemId, std::uint64_t> routed;
     std::erase_if(untidy, [&](ItemId id) {
         Link *link = surface_.FindLink(id);
-        if (!link || !MayNudge(*link) || TakeFormerWay(*link)) return true;
+        if (!link || !MayNudge(*link) || TakeFormerRoute(*link)) return true;
         routed[id] = SumOf(*link);
         return false;
     });
     former_.clear();
     if (!untidy.empty()) {
-        UpdateWays();
+        UpdateRoutes();
         NudgeApart(LinksToNudge(untidy), routed);
     }
     untidy_.clear();
 }
 
 // What is routed as before the group lies as before, wherever it was meanwhile.
-bool Routing::TakeFormerWay(Link &link) {
+bool Routing::TakeFormerRoute(Link &link) {
     const auto former = former_.find(link.Id());
     const auto nudged = nudged_.find(link.Id());
     if (former == former_.end() || nudged == nudged_.end() || nudged->second.routed != SumOf(link))
         return false;
-    std::vector<Point> way = std::exchange(link.data_.points, former->second);
-    const bool isSame = nudged->second.way == SumOf(link);
-    link.data_.points.swap(way);
+    std::vector<Point> route = std::exchange(link.data_.points, former->second);
+    const bool isSame = nudged->second.route == SumOf(link);
+    link.data_.points.swap(route);
     if (!isSame) return false;
     const LinkDraft draft(link);
     const RouteRequest request = RequestFor(draft);
     const NodesAround around(nodes_, draft, request);
-    if (IsMet(around, way) && !IsMet(around, link.data_.points)) return false;
-    if (way != link.data_.points) TakeWay(link, std::move(way));
+    if (IsMet(around, route) && !IsMet(around, link.data_.points)) return false;
+    if (route != link.data_.points) TakeRoute(link, std::move(route));
     return true;
 }
 
@@ -125,7 +125,7 @@ void Routing::TidyAll() {
     for (const auto &link : surface_.Links())
         if (MayNudge(*link)) GiveWay(*link);
     surface_.Recalculate();
-    UpdateNodes(), NeedNodes(), UpdateWays();
+    UpdateNodes(), NeedNodes(), UpdateRoutes();
     std::vector<Link *> links;
     for (const auto &link : surface_.Links())
         if (MayNudge(*link)) links.push_back(link.get());
@@ -133,7 +133,7 @@ void Routing::TidyAll() {
     std::map<ItemId, std::uint64_t> routed;
     for (const Link *link : links) routed[link->Id()] = SumOf(*link);
     for (Link *link : links) DrawStraight(*link);
-    UpdateWays();
+    UpdateRoutes();
     NudgeApart(links, routed);
 }
 
@@ -150,7 +150,7 @@ std::vector<Link *> Routing::LinksToNudge(const std::vector<ItemId> &untidy) {
         if (Link *link = surface_.FindLink(id); link && MayNudge(*link)) links.push_back(link);
     KeepEachOnce(links);
     for (Link *link : links) DrawStraight(*link);
-    UpdateWays();
+    UpdateRoutes();
     std::vector<Link *> found;
     for (const Link *link : links) AddSideMates(*link, found), AddNear(*link, kBeside, found);
     KeepEachOnce(found);
@@ -165,26 +165,26 @@ void Routing::DrawStraight(Link &link) {
     RouteRequest request = RequestFor(draft);
     const NodesAround around(nodes_, draft, request);
     request.obstacles = &around;
-    std::vector<Point> way = WithoutStairs(request);
-    if (way != link.data_.points) TakeWay(link, std::move(way));
+    std::vector<Point> route = WithoutStairs(request);
+    if (route != link.data_.points) TakeRoute(link, std::move(route));
 }
 
 void Routing::AddSideMates(const Link &link, std::vector<Link *> &found) {
-    const std::vector<Point> &way = link.data_.points;
+    const std::vector<Point> &route = link.data_.points;
     const auto add = [&found](Node &node, int side) {
         if (node.Links().Count() > kManyMates) return;
         for (Link *other : node.Links())
             if (!other->stale_ && side != 0 && EndsAt(*other, node, side)) found.push_back(other);
     };
-    add(link.Source(), SideOf(way[0], way[1]));
-    add(link.Destination(), SideOf(way.back(), way[way.size() - 2]));
+    add(link.Source(), SideOf(route[0], route[1]));
+    add(link.Destination(), SideOf(route.back(), route[route.size() - 2]));
 }
 
 void Routing::AddNear(const Link &link, double reach, std::vector<Link *> &found) {
     std::vector<BoxIndex::Entry> entries;
-    const std::vector<Point> &way = link.data_.points;
-    for (std::size_t i = 1; i < way.size(); ++i)
-        ways_.Find(Neighbourhood(ToQPointF(way[i - 1]), ToQPointF(way[i]), reach), entries);
+    const std::vector<Point> &route = link.data_.points;
+    for (std::size_t i = 1; i < route.size(); ++i)
+        routes_.Find(Neighbourhood(ToQPointF(route[i - 1]), ToQPointF(route[i]), reach), entries);
     std::ranges::sort(entries, {}, &BoxIndex::Entry::second);
     ItemId last = link.Id();
     for (const BoxIndex::Entry &entry : entries) {
@@ -211,9 +211,9 @@ void Routing::NudgeApart(const std::vector<Link *> &links, const std::map<ItemId
         around.push_back(std::make_unique<NodesAround>(nodes_, draft, nudged[i].request));
         nudged[i].request.obstacles = around.back().get();
     }
-    std::vector<std::vector<Point>> ways = Nudge(nudged);
+    std::vector<std::vector<Point>> routes = Nudge(nudged);
     for (std::size_t i = 0; i < all.size(); ++i)
-        if (!nudged[i].stays && ways[i] != all[i]->data_.points) TakeWay(*all[i], std::move(ways[i]));
+        if (!nudged[i].stays && routes[i] != all[i]->data_.points) TakeRoute(*all[i], std::move(routes[i]));
     NoteNudged(routed, links);
 }
 
@@ -221,14 +221,14 @@ void Routing::NoteNudged(const std::map<ItemId, std::uint64_t> &routed, const st
     for (const auto &[id, sum] : routed) nudged_[id].routed = sum;
     for (const Link *link : links)
         if (const auto found = nudged_.find(link->Id()); found != nudged_.end())
-            found->second.way = SumOf(*link);
+            found->second.route = SumOf(*link);
 }
 
-void Routing::TakeWay(Link &link, std::vector<Point> way) {
+void Routing::TakeRoute(Link &link, std::vector<Point> route) {
     const Uncounted derived(surface_);
     surface_.Record(link);
-    WayChanges(link);
-    link.data_.points = std::move(way);
+    RouteChanges(link);
+    link.data_.points = std::move(route);
     LinkAdded(link);
     surface_.Notify(link, Change::Geometry);
 }

@@ -59,7 +59,7 @@ void Surface::Record(const Node &node) {
 
 void Surface::Record(Link &link) {
     if (!Recording()) return CountWrite();
-    // A way that has become out of date within the group needn't be known between two writes.
+    // A route that has become out of date within the group needn't be known between two writes.
     if (log_->Knows(link)) return;
     BringUpToDate(link);
     log_->WillChange(link);
@@ -128,23 +128,23 @@ void Surface::SetShowsBothTexts(bool on) {
 // What gives way belongs to the group in which it was made to.
 void Surface::BeginAction(std::int16_t code) {
     if (!log_) return;
-    if (!Recording()) SettleWays();
+    if (!Recording()) SettleRoutes();
     log_->Begin(code);
 }
 bool Surface::ContinueAction() {
     if (!log_ || Recording()) return false;
-    SettleWays();
+    SettleRoutes();
     return log_->Continue();
 }
 void Surface::EndAction() {
     if (!log_) return;
-    if (Recording()) SettleWays();
+    if (Recording()) SettleRoutes();
     if (log_->Depth() == 1) routing_->Tidy(log_->TouchedLinks());
     log_->End();
 }
 void Surface::CancelAction() {
     if (!log_) return;
-    if (Recording()) SettleWays();
+    if (Recording()) SettleRoutes();
     routing_->ForgetUntidy();
     log_->Cancel();
 }
@@ -189,7 +189,7 @@ QRectF Surface::Extent() const {
     }
     for (const auto &link : links_) {
         if (link->Hidden()) continue;
-        for (const Point &point : link->Way()) include(QRectF(ToQPointF(point), QSizeF()));
+        for (const Point &point : link->Route()) include(QRectF(ToQPointF(point), QSizeF()));
     }
     return extent;
 }

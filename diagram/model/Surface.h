@@ -16,7 +16,7 @@
 namespace diagram {
 
 class Routing;
-struct HeldWays;
+struct HeldRoutes;
 struct LinkDraft;
 
 // Distance of the stacking keys of two items added one after the other.
@@ -185,27 +185,27 @@ public:
 
     // Brings every route up to date.
     void Recalculate();
-    // The way that a link would get among the nodes as they stand, without its being there. It stays as it is
-    // while the points of the draft are kept.
-    std::vector<Point> WayOf(const LinkDraft &link);
+    // The route that a link would get among the nodes as they stand, without its being there. It stays as it
+    // is while the points of the draft are kept.
+    std::vector<Point> RouteOf(const LinkDraft &link);
     // Makes links give way to the nodes that have come, moved, grown or been shown since the last time.
-    // Reading a way and opening or closing a group do so by themselves.
-    void SettleWays();
-    // Nudges all routed ways apart, as the end of a group does with those that the group has made.
-    void TidyWays();
-    // Takes all ways as they are for right though nodes have changed: they came back to an earlier state.
-    void KeepWays();
-    // The node counts as moved, the link as one whose way something may have come into.
+    // Reading a route and opening or closing a group do so by themselves.
+    void SettleRoutes();
+    // Nudges all routed routes apart, as the end of a group does with those that the group has made.
+    void TidyRoutes();
+    // Takes all routes as they are for right though nodes have changed: they came back to an earlier state.
+    void KeepRoutes();
+    // The node counts as moved, the link as one whose route something may have come into.
     void MakeWayFor(Node &node);
-    void CheckWay(Link &link);
+    void CheckRoute(Link &link);
     // Collects the values that links have had before they gave way, from now until the holder lets it go or
     // another one asks.
-    std::shared_ptr<HeldWays> HoldWays();
+    std::shared_ptr<HeldRoutes> HoldRoutes();
     // Whether somebody does that now: something is being dragged.
-    bool HoldsWays() const;
+    bool HoldsRoutes() const;
     // While on, everything is written as it is told: no link gives way or is laid out anew beside another.
     void SetReplaying(bool on);
-    // Union of the boxes of nodes and the ways of links, hidden ones left out; empty for none. Twips.
+    // Union of the boxes of nodes and the routes of links, hidden ones left out; empty for none. Twips.
     QRectF Extent() const;
 
     void AddObserver(SurfaceObserver &observer);
@@ -253,7 +253,7 @@ private:
     bool Recording() const;
     void PrepareUndo();
     void FinishUndo();
-    // Each stands before a write: the log gets the values, of a link with its way up to date.
+    // Each stands before a write: the log gets the values, of a link with its route up to date.
     void Record(const Node &node);
     void Record(Link &link);
     void RecordSurface();

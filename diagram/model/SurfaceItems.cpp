@@ -133,7 +133,7 @@ void Surface::Overwrite(Link &link, LinkData data) {
     const Change what = Difference(link.data_, data);
     if (what == Change::None && !link.stale_ && !link.unjudged_) return;
     Record(link);
-    routing_->WayChanges(link);
+    routing_->RouteChanges(link);
     link.data_ = std::move(data);
     EndAt(link, *source, *destination);
     link.stale_ = link.data_.points.size() < 2;
@@ -205,7 +205,7 @@ void Surface::Take(const std::vector<Link *> &links, const std::vector<Node *> &
         CountWrite();
     }
     for (Link *link : links) {
-        routing_->WayChanges(*link);
+        routing_->RouteChanges(*link);
         if (!link->source_->doomed_ && !link->destination_->doomed_) routing_->RespaceBeside(*link);
     }
     for (Node *node : nodes) routing_->NodeChanges(*node);

@@ -5,7 +5,7 @@
 
 namespace diagram {
 
-// The ways of a node's links are known, and recorded, before it moves.
+// The routes of a node's links are known, and recorded, before it moves.
 void Surface::BeforeWrite(Node &node, Change what) {
     if (!Has(what, Change::Geometry | Change::Visibility)) return;
     if (Has(what, Change::Geometry)) {
@@ -31,32 +31,32 @@ void Surface::AfterWrite(Node &node, Change what) {
 
 void Surface::BringUpToDate(Link &link) {
     routing_->Judge(link);
-    if (link.stale_) routing_->Route(link);
+    if (link.stale_) routing_->FindRoute(link);
 }
 
-std::vector<Point> Surface::WayOf(const LinkDraft &link) {
+std::vector<Point> Surface::RouteOf(const LinkDraft &link) {
     routing_->Settle();
     const bool kept = link.data->addPointsMode || link.data->movePointsMode;
-    return kept && link.data->points.size() > 1 ? link.data->points : routing_->WayOf(link);
+    return kept && link.data->points.size() > 1 ? link.data->points : routing_->RouteOf(link);
 }
 
-std::shared_ptr<HeldWays> Surface::HoldWays() {
-    SettleWays();
-    auto held = std::make_shared<HeldWays>();
+std::shared_ptr<HeldRoutes> Surface::HoldRoutes() {
+    SettleRoutes();
+    auto held = std::make_shared<HeldRoutes>();
     routing_->Hold(held);
     return held;
 }
 
-bool Surface::HoldsWays() const { return routing_->IsHolding(); }
-void Surface::SettleWays() { routing_->Settle(); }
-void Surface::TidyWays() { routing_->TidyAll(); }
-void Surface::KeepWays() { routing_->Keep(); }
+bool Surface::HoldsRoutes() const { return routing_->IsHolding(); }
+void Surface::SettleRoutes() { routing_->Settle(); }
+void Surface::TidyRoutes() { routing_->TidyAll(); }
+void Surface::KeepRoutes() { routing_->Keep(); }
 void Surface::MakeWayFor(Node &node) { routing_->NodeChanged(node); }
-void Surface::CheckWay(Link &link) { routing_->Check(link); }
+void Surface::CheckRoute(Link &link) { routing_->Check(link); }
 void Surface::SetReplaying(bool on) { routing_->SetReplaying(on); }
 
 void Surface::Recalculate() {
-    for (const auto &link : links_) link->Way();
+    for (const auto &link : links_) link->Route();
 }
 
 } // namespace diagram

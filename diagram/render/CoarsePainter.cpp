@@ -117,19 +117,19 @@ void CoarsePainter::PaintForm(const Node &node) {
 }
 
 // In device pixels; a curve in few pieces.
-void CoarsePainter::FillWay(const Link &link) {
+void CoarsePainter::FillRoute(const Link &link) {
     constexpr int kSteps = 6;
-    std::vector<QPointF> &way = paint_.way;
-    way.clear();
-    for (const Point &point : link.Way()) way.push_back(paint_.frame.Map(point));
+    std::vector<QPointF> &route = paint_.route;
+    route.clear();
+    for (const Point &point : link.Route()) route.push_back(paint_.frame.Map(point));
     const LinkStyleRow *row = FindLinkStyle(link.Data().style);
-    if (!row || row->form != LinkForm::Bezier || way.size() != 4) return;
-    const std::array<QPointF, 4> at{way[0], way[1], way[2], way[3]};
-    way.resize(1);
+    if (!row || row->form != LinkForm::Bezier || route.size() != 4) return;
+    const std::array<QPointF, 4> at{route[0], route[1], route[2], route[3]};
+    route.resize(1);
     for (int i = 1; i <= kSteps; ++i) {
         const double t = double(i) / kSteps, s = 1 - t;
-        way.push_back(at[0] * (s * s * s) + at[1] * (3 * s * s * t) + at[2] * (3 * s * t * t) +
-                      at[3] * (t * t * t));
+        route.push_back(at[0] * (s * s * s) + at[1] * (3 * s * s * t) + at[2] * (3 * s * t * t) +
+                        at[3] * (t * t * t));
     }
 }
 
@@ -137,34 +137,34 @@ void CoarsePainter::PaintLine(const Link &link) {
     const LinkData &data = link.Data();
     if (data.drawStyle == kTransparentLine) return;
     const QRgb colour = Faint(ColourOfLine(paint_.paper, link), paint_.paper, data.drawWidth);
-    FillWay(link);
-    const std::vector<QPointF> &way = paint_.way;
+    FillRoute(link);
+    const std::vector<QPointF> &route = paint_.route;
     const std::vector<Crossing> crossings = paint_.scene.Crossings(link); // none where it doesn't jump
     if (!crossings.empty() && IsCurved(link)) return PaintCurve(crossings, data.jumpStyle, colour);
     auto crossing = crossings.begin();
-    QPointF from = way.front();
-    for (std::size_t i = 1; i < way.size(); ++i) {
+    QPointF from = route.front();
+    for (std::size_t i = 1; i < route.size(); ++i) {
         for (; crossing != crossings.end() && std::size_t(crossing->segment) < i; ++crossing)
-            PaintJump(from, paint_.frame.Map(crossing->point), way[i], data.jumpStyle, colour);
-        blocks_.Line(from.x(), from.y(), way[i].x(), way[i].y(), colour);
-        from = way[i];
+            PaintJump(from, paint_.frame.Map(crossing->point), route[i], data.jumpStyle, colour);
+        blocks_.Line(from.x(), from.y(), route[i].x(), route[i].y(), colour);
+        from = route[i];
     }
 }
 
 // From each crossing to the next; a jump that has too little room isn't painted.
 void CoarsePainter::PaintCurve(const std::vector<Crossing> &crossings, int style, QRgb colour) {
-    const std::vector<QPointF> &way = paint_.way;
-    const double half = std::max(kLeastJump, paint_.frame.Length(kJumpRadius)), length = WayLength(way);
+    const std::vector<QPointF> &route = paint_.route;
+    const double half = std::max(kLeastJump, paint_.frame.Length(kJumpRadius)), length = RouteLength(route);
     double at = 0;
     for (const Crossing &crossing : crossings) {
-        const double along = NearestOnWay(way, paint_.frame.Map(crossing.point));
+        const double along = NearestOnRoute(route, paint_.frame.Map(crossing.point));
         if (along - at <= half || length - along <= half) continue;
-        PaintRun(StretchOfWay(way, at, along - half), colour);
+        PaintRun(StretchOfRoute(route, at, along - half), colour);
         at = along + half;
         if (style == kArchJump)
-            PaintArch(PlaceOnWay(way, along - half).point, PlaceOnWay(way, at).point, colour);
+            PaintArch(PlaceOnRoute(route, along - half).point, PlaceOnRoute(route, at).point, colour);
     }
-    PaintRun(StretchOfWay(way, at, length), colour);
+    PaintRun(StretchOfRoute(route, at, length), colour);
 }
 
 void CoarsePainter::PaintRun(const std::vector<QPointF> &run, QRgb colour) {

@@ -24,7 +24,7 @@ public:
     void PaintLine(const Link &link);
 
 private:
-    void FillWay(const Link &link);
+    void FillRoute(const Link &link);
     void PaintCurve(const std::vector<Crossing> &crossings, int style, QRgb colour);
     void PaintRun(const std::vector<QPointF> &run, QRgb colour);
     void PaintArch(const QPointF &from, const QPointF &to, QRgb colour);

@@ -47,22 +47,22 @@ private:
 
 } // namespace
 
-bool IsLevel(const std::vector<QPointF> &way) {
-    for (std::size_t i = 1; i < way.size(); ++i)
-        if (way[i].x() != way[i - 1].x() && way[i].y() != way[i - 1].y()) return false;
+bool IsLevel(const std::vector<QPointF> &route) {
+    for (std::size_t i = 1; i < route.size(); ++i)
+        if (route[i].x() != route[i - 1].x() && route[i].y() != route[i - 1].y()) return false;
     return true;
 }
 
-void DrawLevelWay(QPainter &painter, const std::vector<QPointF> &way, int width, QRgb colour) {
+void DrawLevelRoute(QPainter &painter, const std::vector<QPointF> &route, int width, QRgb colour) {
     const QColor ink = QColor::fromRgb(colour);
     const auto pixel = [width](double at) { return int(std::floor(at + 0.25)) - width / 2; };
     const int reach = width / 2; // by which a bend is filled out, but not an end
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const QPointF &a = way[i - 1], &b = way[i];
+    for (std::size_t i = 1; i < route.size(); ++i) {
+        const QPointF &a = route[i - 1], &b = route[i];
         QRect bar(
             QPoint(pixel(std::min(a.x(), b.x())), pixel(std::min(a.y(), b.y()))),
             QPoint(pixel(std::max(a.x(), b.x())) + width - 1, pixel(std::max(a.y(), b.y())) + width - 1));
-        const int atStart = i == 1 ? reach : 0, atEnd = i + 1 == way.size() ? reach : 0;
+        const int atStart = i == 1 ? reach : 0, atEnd = i + 1 == route.size() ? reach : 0;
         if (a.y() == b.y())
             b.x() >= a.x() ? bar.adjust(atStart, 0, -atEnd, 0) : bar.adjust(atEnd, 0, -atStart, 0);
         else
@@ -71,25 +71,25 @@ void DrawLevelWay(QPainter &painter, const std::vector<QPointF> &way, int width,
     }
 }
 
-void DrawWay(Paint &paint, const std::vector<QPointF> &way) {
+void DrawRoute(Paint &paint, const std::vector<QPointF> &route) {
     QPainter &painter = paint.Painter();
     if (paint.options.vector || painter.pen().widthF() <= 1) {
-        painter.drawPolyline(way.data(), int(way.size()));
+        painter.drawPolyline(route.data(), int(route.size()));
     } else if (painter.pen().style() != Qt::SolidLine) {
-        DrawFarLine(paint, way);
+        DrawFarLine(paint, route);
     } else {
         Joints joints(painter);
-        for (std::size_t i = 1; i < way.size(); ++i)
-            joints.Add(way[i - 1], way[i], i == 1, i + 1 == way.size());
+        for (std::size_t i = 1; i < route.size(); ++i)
+            joints.Add(route[i - 1], route[i], i == 1, i + 1 == route.size());
         joints.End();
     }
 }
 
-void DrawCurve(Paint &paint, const std::vector<QPointF> &way) {
+void DrawCurve(Paint &paint, const std::vector<QPointF> &route) {
     if (paint.options.vector)
-        paint.Painter().drawPolyline(way.data(), int(way.size()));
+        paint.Painter().drawPolyline(route.data(), int(route.size()));
     else
-        DrawFarLine(paint, way);
+        DrawFarLine(paint, route);
 }
 
 } // namespace diagram

@@ -8,14 +8,14 @@
 namespace diagram {
 
 // A solid run of level and plumb segments. Where pixels are snapped and only there.
-void DrawLevelWay(QPainter &painter, const std::vector<QPointF> &way, int width, QRgb colour);
+void DrawLevelRoute(QPainter &painter, const std::vector<QPointF> &route, int width, QRgb colour);
 // Whether each segment is level or plumb.
-bool IsLevel(const std::vector<QPointF> &way);
+bool IsLevel(const std::vector<QPointF> &route);
 
 // A run of segments (device) with the pen as it is; no more than what is painted. Solid segments are drawn
 // one by one: the painter takes many times as long for a run.
-void DrawWay(Paint &paint, const std::vector<QPointF> &way);
+void DrawRoute(Paint &paint, const std::vector<QPointF> &route);
 // The same for a curve that is taken apart into many short segments.
-void DrawCurve(Paint &paint, const std::vector<QPointF> &way);
+void DrawCurve(Paint &paint, const std::vector<QPointF> &route);
 
 } // namespace diagram

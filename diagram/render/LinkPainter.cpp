@@ -49,27 +49,27 @@ double Eaten(const ArrowHead &head) {
     return row ? row->eats * head.scale : 0;
 }
 
-// Puts a head at the end `tip` of the way, pointing from `inner`.
+// Puts a head at the end `tip` of the route, pointing from `inner`.
 void PlaceAtEnd(ArrowHead &head, const QPointF &tip, const QPointF &inner, const QPointF &otherwise) {
     const double away = Distance(tip, inner);
     head.tip = tip;
     head.direction = away > 0 ? (tip - inner) / away : otherwise;
 }
 
-// A head points as the last stretch of the way does, of which a third of the way counts at most.
+// A head points as the last stretch of the route does, of which a third of the route counts at most.
 Heads PlaceHeads(const Paint &paint, const LinkData &data) {
-    const std::vector<QPointF> &way = paint.way;
+    const std::vector<QPointF> &route = paint.route;
     Heads heads{HeadOf(paint, data.arrowSource, data.arrowSizeSource, data.drawWidth),
                 HeadOf(paint, data.arrowMiddle, data.arrowSizeMiddle, data.drawWidth),
                 HeadOf(paint, data.arrowDest, data.arrowSizeDest, data.drawWidth)};
     if (!heads.source.value && !heads.middle.value && !heads.destination.value) return heads;
-    const double length = WayLength(way);
+    const double length = RouteLength(route);
     const double look = std::min(length / 3, paint.frame.Length(60));
-    if (heads.source.value) PlaceAtEnd(heads.source, way.front(), PlaceOnWay(way, look).point, {-1, 0});
+    if (heads.source.value) PlaceAtEnd(heads.source, route.front(), PlaceOnRoute(route, look).point, {-1, 0});
     if (heads.destination.value)
-        PlaceAtEnd(heads.destination, way.back(), PlaceOnWay(way, length - look).point, {1, 0});
+        PlaceAtEnd(heads.destination, route.back(), PlaceOnRoute(route, length - look).point, {1, 0});
     if (heads.middle.value) {
-        const WayPlace place = PlaceOnWay(way, length / 2 + heads.middle.scale / 2);
+        const RoutePlace place = PlaceOnRoute(route, length / 2 + heads.middle.scale / 2);
         heads.middle.tip = place.point;
         heads.middle.direction = place.direction;
     }
@@ -91,7 +91,7 @@ void AddArch(QPainterPath &path, const QPointF &from, const QPointF &to, const Q
                upward ? -180 : 180);
 }
 
-// A stretch of the way between two of its points, on which crossings may lie from `first` to `last`.
+// A stretch of the route between two of its points, on which crossings may lie from `first` to `last`.
 struct Stretch {
     QPointF start, direction;
     double first, last;
@@ -113,17 +113,17 @@ void AddJump(QPainterPath &path, const Stretch &stretch, double along, double la
     past = along + radius;
 }
 
-// The way with arches over the crossings, or gaps; crossings inside of the heads are left out.
-QPainterPath WayWithJumps(Paint &paint, const Link &link, const std::vector<Crossing> &crossings,
-                          const Heads &heads) {
-    const std::vector<QPointF> &way = paint.way;
+// The route with arches over the crossings, or gaps; crossings inside of the heads are left out.
+QPainterPath RouteWithJumps(Paint &paint, const Link &link, const std::vector<Crossing> &crossings,
+                            const Heads &heads) {
+    const std::vector<QPointF> &route = paint.route;
     const double radius = paint.frame.Length(kJumpRadius);
-    QPainterPath path(Toward(way[0], way[1], Eaten(heads.source)));
+    QPainterPath path(Toward(route[0], route[1], Eaten(heads.source)));
     auto crossing = crossings.begin();
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const bool isLast = i + 1 == way.size();
-        const double length = Distance(way[i - 1], way[i]);
-        const Stretch stretch{way[i - 1], length > 0 ? (way[i] - way[i - 1]) / length : QPointF(1, 0),
+    for (std::size_t i = 1; i < route.size(); ++i) {
+        const bool isLast = i + 1 == route.size();
+        const double length = Distance(route[i - 1], route[i]);
+        const Stretch stretch{route[i - 1], length > 0 ? (route[i] - route[i - 1]) / length : QPointF(1, 0),
                               i == 1 ? Eaten(heads.source) + radius : 0,
                               isLast ? length - Eaten(heads.destination) - radius : length};
         double past = -1;
@@ -133,51 +133,51 @@ QPainterPath WayWithJumps(Paint &paint, const Link &link, const std::vector<Cros
             const double along = QPointF::dotProduct(at, stretch.direction);
             AddJump(path, stretch, along, radius, link.JumpStyle(), past);
         }
-        path.lineTo(isLast ? Toward(way[i], way[i - 1], Eaten(heads.destination)) : way[i]);
+        path.lineTo(isLast ? Toward(route[i], route[i - 1], Eaten(heads.destination)) : route[i]);
     }
     return path;
 }
 
-void AddStretch(QPainterPath &path, const std::vector<QPointF> &way, double from, double to) {
-    const std::vector<QPointF> stretch = StretchOfWay(way, from, to);
+void AddStretch(QPainterPath &path, const std::vector<QPointF> &route, double from, double to) {
+    const std::vector<QPointF> stretch = StretchOfRoute(route, from, to);
     for (std::size_t i = 1; i < stretch.size(); ++i) path.lineTo(stretch[i]);
 }
 
 // The same for a curve, whose jumps are longer than the pieces that it is made of.
 QPainterPath CurveWithJumps(Paint &paint, const Link &link, const std::vector<Crossing> &crossings,
                             const Heads &heads) {
-    const std::vector<QPointF> &way = paint.way;
-    const double largest = paint.frame.Length(kJumpRadius), length = WayLength(way);
+    const std::vector<QPointF> &route = paint.route;
+    const double largest = paint.frame.Length(kJumpRadius), length = RouteLength(route);
     const double first = Eaten(heads.source), last = length - Eaten(heads.destination);
     double at = first;
-    QPainterPath path(PlaceOnWay(way, at).point);
+    QPainterPath path(PlaceOnRoute(route, at).point);
     for (const Crossing &crossing : crossings) {
-        const double along = NearestOnWay(way, paint.frame.Map(crossing.point));
+        const double along = NearestOnRoute(route, paint.frame.Map(crossing.point));
         const double room = along - (at > first ? at : first + largest);
         const double radius = std::min({largest, room, last - largest - along});
         if (radius < largest / 4) continue;
-        AddStretch(path, way, at, along - radius);
+        AddStretch(path, route, at, along - radius);
         at = along + radius;
-        const QPointF from = path.currentPosition(), to = PlaceOnWay(way, at).point;
+        const QPointF from = path.currentPosition(), to = PlaceOnRoute(route, at).point;
         if (link.JumpStyle() == kArchJump)
             AddArch(path, from, to, (to - from) / std::max(Distance(from, to), 1e-9));
         else
             path.moveTo(to);
     }
-    AddStretch(path, way, at, last);
+    AddStretch(path, route, at, last);
     return path;
 }
 
 // A curve may be level too, between two nodes in a row.
 void DrawRun(Paint &paint, const LinkData &data, bool curve, double width, QRgb colour) {
-    const bool level = paint.frame.snap && IsLevel(paint.way);
+    const bool level = paint.frame.snap && IsLevel(paint.route);
     if (level && (data.drawStyle == 0 || data.drawStyle == kInsideLine)) {
         paint.pencil.Smooth(false); // else the painter doesn't see that these are whole pixels
-        return DrawLevelWay(paint.Painter(), paint.way, int(width), colour);
+        return DrawLevelRoute(paint.Painter(), paint.route, int(width), colour);
     }
     paint.pencil.Smooth(true);
     paint.pencil.Line(colour, width, data.drawStyle);
-    curve ? DrawCurve(paint, paint.way) : DrawWay(paint, paint.way);
+    curve ? DrawCurve(paint, paint.route) : DrawRoute(paint, paint.route);
 }
 
 void PaintLabel(Paint &paint, const Link &link) {
@@ -208,7 +208,7 @@ void DrawLine(Paint &paint, const Link &link, const Heads &heads, double width, 
     paint.pencil.NoFill();
     const std::vector<Crossing> crossings = paint.scene.Crossings(link); // none where it doesn't jump
     if (!crossings.empty()) {
-        const auto withJumps = IsCurved(link) ? CurveWithJumps : WayWithJumps;
+        const auto withJumps = IsCurved(link) ? CurveWithJumps : RouteWithJumps;
         paint.pencil.Smooth(true);
         paint.pencil.Line(colour, width, data.drawStyle, Qt::RoundJoin);
         return DrawFarPath(paint, withJumps(paint, link, crossings, heads));
@@ -220,15 +220,15 @@ void DrawLine(Paint &paint, const Link &link, const Heads &heads, double width, 
     }
     // A head eats of its own segment only.
     const bool curve = IsCurve(link);
-    const std::size_t count = paint.way.size();
-    const double first = curve ? WayLength(paint.way) : Distance(paint.way[0], paint.way[1]);
-    const double last = curve ? first : Distance(paint.way[count - 2], paint.way[count - 1]);
-    CutStart(paint.way, std::min(Eaten(heads.source), first * 0.99));
-    CutEnd(paint.way, std::min(Eaten(heads.destination), last * 0.99));
+    const std::size_t count = paint.route.size();
+    const double first = curve ? RouteLength(paint.route) : Distance(paint.route[0], paint.route[1]);
+    const double last = curve ? first : Distance(paint.route[count - 2], paint.route[count - 1]);
+    CutStart(paint.route, std::min(Eaten(heads.source), first * 0.99));
+    CutEnd(paint.route, std::min(Eaten(heads.destination), last * 0.99));
     if (count > 2 && IsQuietDateLink(link)) {
         paint.pencil.Smooth(true);
         paint.pencil.Line(colour, width, data.drawStyle, Qt::RoundJoin);
-        return DrawFarPath(paint, RoundedWay(paint.way, paint.frame.Length(kDateCorner)));
+        return DrawFarPath(paint, RoundedRoute(paint.route, paint.frame.Length(kDateCorner)));
     }
     DrawRun(paint, data, curve, width, colour);
 }
@@ -246,15 +246,15 @@ QRgb ColourOfLine(QRgb paper, const Link &link) {
     return IsQuietDateLink(link) ? Mix(colour, paper, kPaler) : colour;
 }
 
-void FillWay(Paint &paint, const Link &link, double width) {
-    paint.way.clear();
+void FillRoute(Paint &paint, const Link &link, double width) {
+    paint.route.clear();
     if (IsCurve(link)) {
         for (const QPolygonF &run : paint.scene.LinkPath(link).toSubpathPolygons(ToDevice(paint.frame)))
-            paint.way.assign(run.begin(), run.end());
+            paint.route.assign(run.begin(), run.end());
     } else {
-        for (const Point &point : link.Way()) {
+        for (const Point &point : link.Route()) {
             const QPointF at = paint.frame.Map(point);
-            paint.way.push_back(paint.frame.SnapLine(at, width));
+            paint.route.push_back(paint.frame.SnapLine(at, width));
         }
     }
 }
@@ -264,8 +264,8 @@ void PaintLink(Paint &paint, const Link &link) {
     const double width = paint.frame.LineWidth(data.drawWidth);
     const QRgb colour = ColourOfLine(paint.paper, link);
     if (data.drawStyle != kTransparentLine) {
-        FillWay(paint, link, width);
-        if (paint.way.size() >= 2) {
+        FillRoute(paint, link, width);
+        if (paint.route.size() >= 2) {
             const Heads heads = PlaceHeads(paint, data);
             DrawLine(paint, link, heads, width, colour);
             PaintArrow(paint, heads.source, colour, width);

@@ -21,7 +21,7 @@ QRgb ColourOfLine(QRgb paper, const Link &link);
 // Line with jumps, arrow heads, label.
 void PaintLink(Paint &paint, const Link &link);
 
-// The way in device pixels, curves as runs of short segments; in paint.way.
-void FillWay(Paint &paint, const Link &link, double width);
+// The route in device pixels, curves as runs of short segments; in paint.route.
+void FillRoute(Paint &paint, const Link &link, double width);
 
 } // namespace diagram

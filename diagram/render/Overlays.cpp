@@ -53,14 +53,14 @@ void PaintNodeHandles(Paint &paint, const Node &node, bool focus) {
 }
 
 void PaintLinkHandles(Paint &paint, const Link &link, bool focus) {
-    const std::vector<Point> &way = link.Way();
+    const std::vector<Point> &route = link.Route();
     const HandleLook look = LookOf(paint, focus, 1), small = LookOf(paint, false, 0.7);
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const QPointF from = paint.frame.Map(way[i - 1]), to = paint.frame.Map(way[i]);
+    for (std::size_t i = 1; i < route.size(); ++i) {
+        const QPointF from = paint.frame.Map(route[i - 1]), to = paint.frame.Map(route[i]);
         if (std::hypot(to.x() - from.x(), to.y() - from.y()) > 4 * look.side)
             DrawRound(paint, (from + to) / 2, small);
     }
-    for (const Point &point : way) DrawHandle(paint, paint.frame.Map(point), look);
+    for (const Point &point : route) DrawHandle(paint, paint.frame.Map(point), look);
 }
 
 } // namespace
@@ -77,8 +77,8 @@ void PaintMark(Paint &paint, const Item &item) {
         if (row) DrawForm(paint, *row, node->ShapeOrientation(), paint.frame.Map(node->ShownBounds()));
         return;
     }
-    FillWay(paint, *item.AsLink(), width);
-    paint.Painter().drawPolyline(paint.way.data(), int(paint.way.size()));
+    FillRoute(paint, *item.AsLink(), width);
+    paint.Painter().drawPolyline(paint.route.data(), int(paint.route.size()));
 }
 
 void PaintHandles(Paint &paint) {

@@ -31,9 +31,9 @@ struct Paint {
     const RenderOptions &options;
     Scene &scene;
     Caches &caches;
-    QRgb paper;                    // the surface's back colour
-    QRectF area;                   // twips
-    std::vector<QPointF> way = {}; // scratch
+    QRgb paper;                      // the surface's back colour
+    QRectF area;                     // twips
+    std::vector<QPointF> route = {}; // scratch
 
     QPainter &Painter() { return pencil.Painter(); }
 };

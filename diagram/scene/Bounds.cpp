@@ -106,9 +106,9 @@ QRectF PaintBounds(const Link &link, const QRectF &label) {
     double reach = std::max(LineReach(data.drawWidth) + MarkReach(link), HeadReach(data) + kSmoothing);
     if (data.jumpStyle) reach = std::max(reach, kJumpRadius + LineReach(data.drawWidth));
     const bool smooth =
-        IsCurved(link) && (FormOf(link.Style()) == LinkForm::Spline || link.Way().size() % 3 != 1);
-    const QRectF way = smooth ? WayPath(link).controlPointRect() : Box(link.Way());
-    const QRectF bounds = Grown(way, reach);
+        IsCurved(link) && (FormOf(link.Style()) == LinkForm::Spline || link.Route().size() % 3 != 1);
+    const QRectF route = smooth ? RoutePath(link).controlPointRect() : Box(link.Route());
+    const QRectF bounds = Grown(route, reach);
     return label.isEmpty() ? bounds : bounds | Grown(label, kLabelReach);
 }
 
@@ -116,31 +116,31 @@ QRectF PaintBounds(const Item &item, const QRectF &label) {
     return item.AsNode() ? PaintBounds(*item.AsNode()) : PaintBounds(*item.AsLink(), label);
 }
 
-bool IsCurved(int style, const std::vector<Point> &way) {
-    if (way.size() <= 2) return false;
+bool IsCurved(int style, const std::vector<Point> &route) {
+    if (route.size() <= 2) return false;
     const LinkForm form = FormOf(style);
     return form == LinkForm::Bezier || form == LinkForm::Spline;
 }
 
-bool IsCurved(const Link &link) { return IsCurved(link.Style(), link.Way()); }
+bool IsCurved(const Link &link) { return IsCurved(link.Style(), link.Route()); }
 
-QPainterPath WayPath(int style, const std::vector<Point> &way) {
-    if (!IsCurved(style, way)) return StraightPath(way);
-    return FormOf(style) == LinkForm::Bezier ? BezierPath(way) : SmoothPath(way);
+QPainterPath RoutePath(int style, const std::vector<Point> &route) {
+    if (!IsCurved(style, route)) return StraightPath(route);
+    return FormOf(style) == LinkForm::Bezier ? BezierPath(route) : SmoothPath(route);
 }
 
-QPainterPath WayPath(const Link &link) { return WayPath(link.Style(), link.Way()); }
+QPainterPath RoutePath(const Link &link) { return RoutePath(link.Style(), link.Route()); }
 
-std::vector<QPointF> WayPieces(const Link &link) { return WayPieces(link.Style(), link.Way()); }
+std::vector<QPointF> RoutePieces(const Link &link) { return RoutePieces(link.Style(), link.Route()); }
 
-std::vector<QPointF> WayPieces(int style, const std::vector<Point> &way) {
+std::vector<QPointF> RoutePieces(int style, const std::vector<Point> &route) {
     std::vector<QPointF> pieces;
-    if (!IsCurved(style, way)) {
-        pieces.reserve(way.size());
-        for (const Point &point : way) pieces.push_back(ToQPointF(point));
+    if (!IsCurved(style, route)) {
+        pieces.reserve(route.size());
+        for (const Point &point : route) pieces.push_back(ToQPointF(point));
         return pieces;
     }
-    const QPainterPath path = WayPath(style, way);
+    const QPainterPath path = RoutePath(style, route);
     pieces.push_back(path.elementAt(0));
     for (int i = 1; i + 2 < path.elementCount(); i += 3) {
         const QPointF from = path.elementAt(i - 1), c1 = path.elementAt(i), c2 = path.elementAt(i + 1),

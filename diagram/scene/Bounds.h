@@ -21,14 +21,14 @@ QRectF PaintBounds(const Link &link, const QRectF &label);
 // The label is a link's, empty without one.
 QRectF PaintBounds(const Item &item, const QRectF &label);
 
-// The line without heads and jumps, of a link or of a way of at least two points.
-QPainterPath WayPath(const Link &link);
-QPainterPath WayPath(int style, const std::vector<Point> &way);
+// The line without heads and jumps, of a link or of a route of at least two points.
+QPainterPath RoutePath(const Link &link);
+QPainterPath RoutePath(int style, const std::vector<Point> &route);
 bool IsCurved(const Link &link);
-bool IsCurved(int style, const std::vector<Point> &way);
+bool IsCurved(int style, const std::vector<Point> &route);
 // The same line as straight pieces.
-std::vector<QPointF> WayPieces(const Link &link);
-std::vector<QPointF> WayPieces(int style, const std::vector<Point> &way);
+std::vector<QPointF> RoutePieces(const Link &link);
+std::vector<QPointF> RoutePieces(int style, const std::vector<Point> &route);
 // The size of a label; with no measure it is estimated.
 QSizeF LabelSize(const Link &link, TextMeasure *measure);
 

@@ -12,8 +12,8 @@ namespace diagram {
 
 namespace {
 
-// A straight piece of a way, whose start counts if the way comes from further back: its end is the next one's
-// start.
+// A straight piece of a route, whose start counts if the route comes from further back: its end is the next
+// one's start.
 struct Piece {
     QLineF line;
     bool countsStart;
@@ -34,11 +34,11 @@ double CrossingShare(const Piece &one, const Piece &two) {
     return lies(along, one.countsStart) && lies(other, two.countsStart) ? along : -1;
 }
 
-// Calls `found` with the share of each crossing of the piece with the way.
+// Calls `found` with the share of each crossing of the piece with the route.
 template <typename Found>
-void Cross(const Piece &piece, const std::vector<QPointF> &way, Found found) {
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const double share = CrossingShare(piece, {QLineF(way[i - 1], way[i]), i > 1});
+void Cross(const Piece &piece, const std::vector<QPointF> &route, Found found) {
+    for (std::size_t i = 1; i < route.size(); ++i) {
+        const double share = CrossingShare(piece, {QLineF(route[i - 1], route[i]), i > 1});
         if (share >= 0) found(share);
     }
 }
@@ -48,20 +48,20 @@ bool JumpsOver(const Link &link, const Link &other) {
     return &link != &other && (other.JumpStyle() == 0 || LiesBelow(&other, &link));
 }
 
-// The ways of the links that the link jumps over, as far as they touch the box.
+// The routes of the links that the link jumps over, as far as they touch the box.
 std::vector<std::vector<QPointF>> JumpedOver(const Link &link, const QRectF &box, const ItemsAround &around) {
-    std::vector<std::vector<QPointF>> ways;
+    std::vector<std::vector<QPointF>> routes;
     around(BoxAround(box.normalized()), [&](const Item &item) {
         const Link *other = item.AsLink();
-        if (other && JumpsOver(link, *other)) ways.push_back(WayPieces(*other));
+        if (other && JumpsOver(link, *other)) routes.push_back(RoutePieces(*other));
     });
-    return ways;
+    return routes;
 }
 
 void CrossStraight(const Link &link, const ItemsAround &around, std::vector<Crossing> &crossings) {
-    const std::vector<QPointF> way = WayPieces(link);
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const QLineF segment(way[i - 1], way[i]);
+    const std::vector<QPointF> route = RoutePieces(link);
+    for (std::size_t i = 1; i < route.size(); ++i) {
+        const QLineF segment(route[i - 1], route[i]);
         // A bend has no room for a jump.
         for (const auto &other : JumpedOver(link, QRectF(segment.p1(), segment.p2()), around))
             Cross({segment, false}, other, [&](double share) {
@@ -71,12 +71,12 @@ void CrossStraight(const Link &link, const ItemsAround &around, std::vector<Cros
 }
 
 void CrossCurve(const Link &link, const ItemsAround &around, std::vector<Crossing> &crossings) {
-    const std::vector<QPointF> way = WayPieces(link);
-    const QRectF box = QPolygonF(QList(way.begin(), way.end())).boundingRect();
+    const std::vector<QPointF> route = RoutePieces(link);
+    const QRectF box = QPolygonF(QList(route.begin(), route.end())).boundingRect();
     for (const auto &other : JumpedOver(link, box, around)) {
         double passed = 0;
-        for (std::size_t i = 1; i < way.size(); ++i) {
-            const QLineF piece(way[i - 1], way[i]);
+        for (std::size_t i = 1; i < route.size(); ++i) {
+            const QLineF piece(route[i - 1], route[i]);
             Cross({piece, i > 1}, other, [&](double share) {
                 crossings.push_back({0, passed + share * piece.length(), piece.pointAt(share)});
             });

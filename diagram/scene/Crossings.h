@@ -6,7 +6,7 @@
 
 namespace diagram {
 
-// In order along the way of the link, which has a jump style.
+// In order along the route of the link, which has a jump style.
 std::vector<Crossing> CrossingsOf(const Link &link, const ItemsAround &around);
 
 } // namespace diagram

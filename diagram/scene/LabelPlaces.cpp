@@ -15,7 +15,7 @@ namespace diagram {
 
 namespace {
 
-constexpr double kRounding = 1; // twips by which points of a way that is moved may differ
+constexpr double kRounding = 1; // twips by which points of a route that is moved may differ
 
 QRectF Grown(const QRectF &rect, double by) { return rect.adjusted(-by, -by, by, by); }
 
@@ -28,9 +28,9 @@ double HeadOn(int arrow, int size, double drawWidth) {
     return row ? ArrowScale(size, drawWidth) * std::max(1.0, row->eats) : 0;
 }
 
-LabelRequest RequestFor(const Link &link, std::span<const QPointF> way, const QSizeF &size) {
+LabelRequest RequestFor(const Link &link, std::span<const QPointF> route, const QSizeF &size) {
     const LinkData &data = link.Data();
-    return {.way = way,
+    return {.route = route,
             .curved = IsCurved(link),
             .size = size,
             .sourceHead = HeadOn(data.arrowSource, data.arrowSizeSource, data.drawWidth),
@@ -41,17 +41,17 @@ LabelRequest RequestFor(const Link &link, std::span<const QPointF> way, const QS
 QPointF PlaceOf(const QPointF &point) { return point; }
 QPointF PlaceOf(const Point &point) { return ToQPointF(point); }
 
-// Calls `visit` with the ends of each piece of a way.
+// Calls `visit` with the ends of each piece of a route.
 template <typename Points>
 void ForPieces(const Points &points, const auto &visit) {
     for (std::size_t i = 1; i < points.size(); ++i) visit(PlaceOf(points[i - 1]), PlaceOf(points[i]));
 }
-void ForPiecesOf(int style, const std::vector<Point> &way, const auto &visit) {
-    IsCurved(style, way) ? ForPieces(WayPieces(style, way), visit) : ForPieces(way, visit);
+void ForPiecesOf(int style, const std::vector<Point> &route, const auto &visit) {
+    IsCurved(style, route) ? ForPieces(RoutePieces(style, route), visit) : ForPieces(route, visit);
 }
-std::vector<QLineF> PiecesOf(int style, const std::vector<Point> &way) {
+std::vector<QLineF> PiecesOf(int style, const std::vector<Point> &route) {
     std::vector<QLineF> pieces;
-    ForPiecesOf(style, way, [&](const QPointF &from, const QPointF &to) { pieces.emplace_back(from, to); });
+    ForPiecesOf(style, route, [&](const QPointF &from, const QPointF &to) { pieces.emplace_back(from, to); });
     return pieces;
 }
 
@@ -104,7 +104,7 @@ void LabelPlaces::Clear() {
     placed_.clear();
     looked_.Clear();
     boxes_.Clear();
-    ForgetWays();
+    ForgetRoutes();
     pending_.clear();
     disturbed_.clear();
 }
@@ -116,7 +116,7 @@ void LabelPlaces::LinkChanged(const Link &link) {
 }
 
 void LabelPlaces::LinkRemoved(ItemId id) {
-    ways_.erase(id);
+    routes_.erase(id);
     pieces_.Remove(id);
     if (placed_.contains(id)) pending_.insert(id);
 }
@@ -133,10 +133,10 @@ void LabelPlaces::DisturbWhereTaken(const FloatBox &box) {
 }
 
 void LabelPlaces::DisturbAlong(const Link &link, const FloatBox *before) {
-    if (placed_.empty()) return ForgetWays();
-    SeenWay now{link.Style(), {}}, former;
-    if (!link.Hidden()) now.points = link.Way();
-    if (knowsWays_) {
+    if (placed_.empty()) return ForgetRoutes();
+    SeenRoute now{link.Style(), {}}, former;
+    if (!link.Hidden()) now.points = link.Route();
+    if (knowsRoutes_) {
         former = ChangeWay(link, now);
     } else if (before) {
         DisturbWhereFreed(*before);
@@ -153,29 +153,29 @@ void LabelPlaces::DisturbAlong(const Link &link, const FloatBox *before) {
 }
 
 // Gives the former one.
-LabelPlaces::SeenWay LabelPlaces::ChangeWay(const Link &link, const SeenWay &now) {
-    SeenWay former = std::exchange(ways_[link.Id()], now);
+LabelPlaces::SeenRoute LabelPlaces::ChangeWay(const Link &link, const SeenRoute &now) {
+    SeenRoute former = std::exchange(routes_[link.Id()], now);
     if (former == now) return former;
     pieces_.Remove(link.Id());
     AddPieces(link.Id(), now);
     return former;
 }
 
-void LabelPlaces::AddPieces(ItemId id, const SeenWay &way) {
-    ForPiecesOf(way.style, way.points,
+void LabelPlaces::AddPieces(ItemId id, const SeenRoute &route) {
+    ForPiecesOf(route.style, route.points,
                 [&](const QPointF &from, const QPointF &to) { pieces_.Insert(id, from, to); });
 }
 
-void LabelPlaces::ForgetWays() {
-    knowsWays_ = false;
-    ways_.clear(), pieces_.Clear();
+void LabelPlaces::ForgetRoutes() {
+    knowsRoutes_ = false;
+    routes_.clear(), pieces_.Clear();
 }
 
-void LabelPlaces::NeedWays(const Surface &surface) {
-    if (std::exchange(knowsWays_, true)) return;
+void LabelPlaces::NeedRoutes(const Surface &surface) {
+    if (std::exchange(knowsRoutes_, true)) return;
     for (const auto &link : surface.Links()) {
         if (link->Hidden()) continue;
-        AddPieces(link->Id(), ways_[link->Id()] = {link->Style(), link->Way()});
+        AddPieces(link->Id(), routes_[link->Id()] = {link->Style(), link->Route()});
     }
 }
 
@@ -190,16 +190,16 @@ void LabelPlaces::Follow(const Surface &surface) {
     for (auto &[id, placed] : placed_) {
         disturbed_.insert(id);
         const Link *link = surface.FindLink(id);
-        Way way = link ? WayPieces(*link) : Way();
-        if (const std::optional<QPointF> move = MoveOf(placed.way, way)) {
+        Route route = link ? RoutePieces(*link) : Route();
+        if (const std::optional<QPointF> move = MoveOf(placed.route, route)) {
             static_cast<Found &>(placed) = MovedBy(*move, placed);
-            placed.way = std::move(way);
+            placed.route = std::move(route);
         }
         for (const FloatBox &area : placed.looked) looked.emplace_back(area, id);
         if (placed.isIndexed) boxes.emplace_back(BoxAround(placed.box), id);
     }
     looked_.Build(looked), boxes_.Build(boxes);
-    ForgetWays();
+    ForgetRoutes();
 }
 
 QRectF LabelPlaces::At(ItemId id) const {
@@ -217,9 +217,9 @@ void LabelPlaces::Forget(ItemId id) {
     DisturbWhereFreed(BoxAround(placed.box));
 }
 
-LabelPlaces::Found LabelPlaces::FindPlace(const Link &link, const Way &way, const QSizeF &size,
+LabelPlaces::Found LabelPlaces::FindPlace(const Link &link, const Route &route, const QSizeF &size,
                                           const ItemsAround &nodes) const {
-    const LabelPlace place = PlaceLabel(RequestFor(link, way, size), [&](const QRectF &area) {
+    const LabelPlace place = PlaceLabel(RequestFor(link, route, size), [&](const QRectF &area) {
         Neighbourhood near(link, area);
         near.AddNodes(nodes), near.AddLabels(boxes_);
         LabelGround ground = near.Take();
@@ -232,8 +232,8 @@ LabelPlaces::Found LabelPlaces::FindPlace(const Link &link, const Way &way, cons
 }
 
 QRectF LabelPlaces::PlaceFor(const Link &link, const QSizeF &size, const ItemsAround &nodes) {
-    NeedWays(link.Owner());
-    return FindPlace(link, WayPieces(link), size, nodes).box;
+    NeedRoutes(link.Owner());
+    return FindPlace(link, RoutePieces(link), size, nodes).box;
 }
 
 void LabelPlaces::Index(ItemId id, Placed &placed, const Found &found) {
@@ -258,16 +258,16 @@ void LabelPlaces::DisturbAbove(const Link &link, const BoxIndex &index, const QR
 
 bool LabelPlaces::Place(const Link &link, const ItemsAround &nodes, Extent extent) {
     const QSizeF size = LabelSize(link, link.Owner().Measure());
-    const Way way = WayPieces(link);
+    const Route route = RoutePieces(link);
     Placed &placed = placed_[link.Id()];
     placed.rank = RankOf(link);
     const QRectF before = placed.box;
     const bool stood = placed.isIndexed, stays = stood && before.size() == size;
     const std::optional<QPointF> move =
-        extent == Extent::OfChangedLinks && stays ? MoveOf(placed.way, way) : std::nullopt;
-    if (!move) NeedWays(link.Owner());
-    Index(link.Id(), placed, move ? MovedBy(*move, placed) : FindPlace(link, way, size, nodes));
-    placed.way = way;
+        extent == Extent::OfChangedLinks && stays ? MoveOf(placed.route, route) : std::nullopt;
+    if (!move) NeedRoutes(link.Owner());
+    Index(link.Id(), placed, move ? MovedBy(*move, placed) : FindPlace(link, route, size, nodes));
+    placed.route = route;
     if (move) disturbed_.insert(link.Id());
     if (stood && placed.box == before) return false;
     if (stood) DisturbAbove(link, looked_, before);

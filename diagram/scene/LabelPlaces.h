@@ -1,5 +1,5 @@
-// Where the labels of a surface's links stand. Each finds its place among the nodes, the ways, and the labels
-// that lie lower in the stacking, so that the same surface gives the same places whatever came before.
+// Where the labels of a surface's links stand. Each finds its place among the nodes, the routes, and the
+// labels that lie lower in the stacking, so that the same surface gives the same places whatever came before.
 #pragma once
 
 #include "diagram/geometry/Point.h"
@@ -19,15 +19,15 @@ class Surface;
 class LabelPlaces {
 public:
     void Clear();
-    // Text, font or way may have changed, the link may be hidden or restacked: its label is looked at anew.
+    // Text, font or route may have changed, the link may be hidden or restacked: its label is looked at anew.
     void LinkChanged(const Link &link);
     void LinkRemoved(ItemId id);
     // What stood in that box stands there no more: labels that looked there are looked at anew.
     void DisturbWhereFreed(const FloatBox &box);
     // Something has come to stand there: labels that it touches are looked at anew.
     void DisturbWhereTaken(const FloatBox &box);
-    // The same for the pieces of a link's way that it hadn't before, or has no more. `before` is where it
-    // stood, null if it wasn't seen; it counts as a whole where its way isn't remembered.
+    // The same for the pieces of a link's route that it hadn't before, or has no more. `before` is where it
+    // stood, null if it wasn't seen; it counts as a whole where its route isn't remembered.
     void DisturbAlong(const Link &link, const FloatBox *before);
     // Most of what there is has been moved: labels whose links are as they were, elsewhere, go along; all are
     // looked at anew when that is asked for.
@@ -52,20 +52,20 @@ public:
 
 private:
     using Rank = std::pair<StackKey, ItemId>;
-    using Way = std::vector<QPointF>;
+    using Route = std::vector<QPointF>;
     struct Found {
         QRectF box;
         std::vector<FloatBox> looked; // nothing that goes elsewhere matters to it
     };
     struct Placed : Found {
-        Way way;                // straight pieces, as when it was placed last
+        Route route;            // straight pieces, as when it was placed last
         Rank rank;              // the same
         bool isIndexed = false; // looked and box are in the indices
     };
-    struct SeenWay {
+    struct SeenRoute {
         int style = 0;
         std::vector<Point> points; // none while it is hidden
-        friend bool operator==(const SeenWay &, const SeenWay &) = default;
+        friend bool operator==(const SeenRoute &, const SeenRoute &) = default;
     };
 
     static Rank RankOf(const Link &link);
@@ -75,18 +75,18 @@ private:
     bool Place(const Link &link, const ItemsAround &nodes, Extent extent);
     void Index(ItemId id, Placed &placed, const Found &found);
     void DisturbAbove(const Link &link, const BoxIndex &index, const QRectF &box);
-    void NeedWays(const Surface &surface);
-    void ForgetWays();
-    void AddPieces(ItemId id, const SeenWay &way);
-    SeenWay ChangeWay(const Link &link, const SeenWay &now);
+    void NeedRoutes(const Surface &surface);
+    void ForgetRoutes();
+    void AddPieces(ItemId id, const SeenRoute &route);
+    SeenRoute ChangeWay(const Link &link, const SeenRoute &now);
     void Enqueue(const Surface &surface, std::set<Rank> &queue);
-    Found FindPlace(const Link &link, const Way &way, const QSizeF &size, const ItemsAround &nodes) const;
+    Found FindPlace(const Link &link, const Route &route, const QSizeF &size, const ItemsAround &nodes) const;
     static Found MovedBy(const QPointF &way, Found found);
 
     std::unordered_map<ItemId, Placed> placed_;
-    bool knowsWays_ = false; // not while there are no labels, nor before a place is looked for
-    std::unordered_map<ItemId, SeenWay> ways_;
-    PieceGrid pieces_; // of the ways
+    bool knowsRoutes_ = false; // not while there are no labels, nor before a place is looked for
+    std::unordered_map<ItemId, SeenRoute> routes_;
+    PieceGrid pieces_; // of the routes
     BoxIndex looked_, boxes_;
     std::set<ItemId> pending_;   // changed themselves
     std::set<ItemId> disturbed_; // have looked at what has changed

@@ -1,4 +1,4 @@
-// Straight pieces of ways by place, in cells: asked many times for small areas, and pieces are long.
+// Straight pieces of routes by place, in cells: asked many times for small areas, and pieces are long.
 #pragma once
 
 #include "diagram/model/Item.h"

@@ -243,12 +243,13 @@ void Scene::State::UpdateItems(Surface &surface) {
 
 // Many changed items are cheaper to index anew with all the others.
 void Scene::State::Update(Surface &surface) {
-    surface.SettleWays();
+    surface.SettleRoutes();
     const bool many =
         dirty.size() > kFewItems && dirty.size() > (nodes.Size() + links.Size() + loose.size()) / 4;
-    if (!built || (many && !surface.HoldsWays())) return Build(surface);
+    if (!built || (many && !surface.HoldsRoutes())) return Build(surface);
     many ? Follow(surface) : UpdateItems(surface);
-    const auto extent = surface.HoldsWays() ? LabelPlaces::Extent::OfChangedLinks : LabelPlaces::Extent::All;
+    const auto extent =
+        surface.HoldsRoutes() ? LabelPlaces::Extent::OfChangedLinks : LabelPlaces::Extent::All;
     if (!labels.IsUpToDate(extent)) {
         labels.Update(surface, NodesAround(), extent, [this](Link &link) {
             if (Is(link.Id(), kIndexed)) AddDamage(boxes[link.Id()].Rect());
@@ -359,7 +360,7 @@ QRectF Scene::Extent() {
 QPainterPath Scene::NodeOutline(const Node &node) {
     return Outline(node.Shape(), node.ShapeOrientation(), node.ShownBounds());
 }
-QPainterPath Scene::LinkPath(const Link &link) { return WayPath(link); }
+QPainterPath Scene::LinkPath(const Link &link) { return RoutePath(link); }
 
 QRectF Scene::LabelBounds(const Link &link) {
     if (link.Text().isEmpty()) return {};

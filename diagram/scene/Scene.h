@@ -54,7 +54,7 @@ public:
     QRectF LabelBounds(const Link &link);
     // Where one of that size would.
     QRectF LabelPlace(const Link &link, const QSizeF &size);
-    // Jumps of `link` in order along its way; empty for jump style 0.
+    // Jumps of `link` in order along its route; empty for jump style 0.
     std::vector<Crossing> Crossings(const Link &link);
 
     // Bounds, old and new, of what has changed since the last call and is painted otherwise now; selecting

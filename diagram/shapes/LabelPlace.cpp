@@ -26,7 +26,7 @@ constexpr double kOnLine = 80, kOnManyLines = 240;
 constexpr double kPastLine = 120; // so that the label seems to be the other link's
 constexpr double kBeside = 60;
 constexpr double kOnShort = 50;      // a segment of which hardly anything stays in sight
-constexpr double kOffTheMiddle = 10; // at the end of the way
+constexpr double kOffTheMiddle = 10; // at the end of the route
 constexpr double kOffCentre = 15;    // at the end of the segment
 constexpr double kUpright = 3;       // a segment along which no text runs
 
@@ -71,10 +71,10 @@ double Share(const QRectF &box, const QRectF &of) {
     return both.isEmpty() ? 0 : both.width() * both.height() / (of.width() * of.height());
 }
 
-// A stretch of the way without bends: a segment, or a whole curve. Labels stand on it, or to its left or
+// A stretch of the route without bends: a segment, or a whole curve. Labels stand on it, or to its left or
 // right.
 struct Stretch {
-    double start, length;    // along the way
+    double start, length;    // along the route
     std::size_t first, last; // its pieces
     QPointF direction;       // of a straight one
     // From the middle outwards: where along it labels may stand, and what that costs on the line and beside
@@ -100,7 +100,7 @@ struct Place {
 class Search {
 public:
     Search(const LabelRequest &request, const LabelGrounds &grounds)
-        : request_(request), grounds_(grounds), length_(WayLength(request.way)), stretches_(Stretches()) {
+        : request_(request), grounds_(grounds), length_(RouteLength(request.route)), stretches_(Stretches()) {
         for (Stretch &stretch : stretches_) AddSpots(stretch);
         AddHead(0, request.sourceHead);
         AddHead(length_ / 2 - request.middleHead / 2, request.middleHead);
@@ -108,7 +108,7 @@ public:
     }
 
     LabelPlace Find() {
-        const WayPlace middle = PlaceOnWay(request_.way, length_ / 2);
+        const RoutePlace middle = PlaceOnRoute(request_.route, length_ / 2);
         const QRectF room = RoomAt(middle.point);
         if (CostAt(grounds_(room), middle.point, middle.segment, 1) == 0) return {middle.point, {room}};
         Look({0});
@@ -119,19 +119,19 @@ public:
 private:
     void AddHead(double start, double length) {
         if (length <= 0) return;
-        const QPointF from = PlaceOnWay(request_.way, start).point;
-        const QPointF to = PlaceOnWay(request_.way, start + length).point;
+        const QPointF from = PlaceOnRoute(request_.route, start).point;
+        const QPointF to = PlaceOnRoute(request_.route, start + length).point;
         heads_.push_back(Grown(QRectF(from, to).normalized(), length * kHeadWidth));
     }
 
     std::vector<Stretch> Stretches() const {
-        const std::size_t pieces = request_.way.size() - 1;
+        const std::size_t pieces = request_.route.size() - 1;
         if (request_.curved) return {{0, length_, 0, pieces - 1, {1, 0}}};
         std::vector<Stretch> stretches;
         double start = 0;
         for (std::size_t i = 0; i < pieces; ++i) {
-            const QPointF way = request_.way[i + 1] - request_.way[i];
-            const double length = Distance(request_.way[i], request_.way[i + 1]);
+            const QPointF way = request_.route[i + 1] - request_.route[i];
+            const double length = Distance(request_.route[i], request_.route[i + 1]);
             if (length > 0) stretches.push_back({start, length, i, i, way / length});
             start += length;
         }
@@ -147,7 +147,7 @@ private:
     }
     Stretch::Spot SpotAt(const Stretch &stretch, double along) const {
         const QPointF direction =
-            request_.curved ? PlaceOnWay(request_.way, along).direction : stretch.direction;
+            request_.curved ? PlaceOnRoute(request_.route, along).direction : stretch.direction;
         const double offTheMiddle = std::abs(stretch.start + along - length_ / 2) / std::max(length_, 1.0);
         const double offCentre = std::abs(along - stretch.length / 2) / std::max(stretch.length, 1.0);
         const bool upright = std::abs(direction.y()) > std::abs(direction.x());
@@ -178,7 +178,7 @@ private:
             if (cost >= best_.cost) return;
             const auto [middle, segment] = MiddleAt(*row.stretch, along, row.side);
             const double all =
-                cost + CostAt(ground, middle, row.side ? request_.way.size() : segment, best_.cost - cost);
+                cost + CostAt(ground, middle, row.side ? request_.route.size() : segment, best_.cost - cost);
             if (all < best_.cost) best_ = {middle, all};
         });
     }
@@ -192,9 +192,9 @@ private:
         std::size_t segment;
     };
     Middle MiddleAt(const Stretch &stretch, double along, int side) const {
-        WayPlace place{request_.way[stretch.first] + stretch.direction * along, stretch.direction,
-                       stretch.first};
-        if (request_.curved) place = PlaceOnWay(request_.way, along);
+        RoutePlace place{request_.route[stretch.first] + stretch.direction * along, stretch.direction,
+                         stretch.first};
+        if (request_.curved) place = PlaceOnRoute(request_.route, along);
         if (side == 0) return {place.point, place.segment};
         const QPointF normal(place.direction.y(), -place.direction.x());
         const double across =
@@ -237,13 +237,13 @@ private:
     }
 
     // Of what the label covers there; any number from `most` on is as good as another. `own` is the piece of
-    // the way on which it stands, if it does.
+    // the route on which it stands, if it does.
     double CostAt(const LabelGround &ground, const QPointF &middle, std::size_t own, double most) const {
         const QRectF label = BoxAt(middle, request_.size), room = Grown(label, kLabelGap);
         double cost = 0;
         for (const QRectF &head : heads_) cost += Touch(label, head) ? kOnHead : 0;
-        for (std::size_t i = 1; i + 1 < request_.way.size() && !request_.curved && cost < most; ++i)
-            cost += Holds(room, request_.way[i]) ? kOnBend : 0;
+        for (std::size_t i = 1; i + 1 < request_.route.size() && !request_.curved && cost < most; ++i)
+            cost += Holds(room, request_.route[i]) ? kOnBend : 0;
         for (const QRectF &box : ground.boxes) {
             if (cost >= most) return cost;
             if (Touch(room, box)) cost += kTouched + (kCovered - kTouched) * Share(box, label);
@@ -252,14 +252,14 @@ private:
     }
 
     double LinesAt(const LabelGround &ground, const QRectF &label, std::size_t own, double most) const {
-        const bool beside = own >= request_.way.size();
+        const bool beside = own >= request_.route.size();
         double cost = 0;
         for (const QLineF &line : ground.lines) {
             if (Crosses(line, label)) cost += beside ? kPastLine : kOnLine;
             if (cost >= std::min(most, kOnManyLines)) return std::min(cost, kOnManyLines);
         }
-        for (std::size_t i = 0; i + 1 < request_.way.size() && (beside || !request_.curved); ++i)
-            if (i != own && Crosses({request_.way[i], request_.way[i + 1]}, label)) cost += kOnLine;
+        for (std::size_t i = 0; i + 1 < request_.route.size() && (beside || !request_.curved); ++i)
+            if (i != own && Crosses({request_.route[i], request_.route[i + 1]}, label)) cost += kOnLine;
         return std::min(cost, kOnManyLines);
     }
 
@@ -273,7 +273,9 @@ private:
 
 } // namespace
 
-QPointF MiddleOfWay(std::span<const QPointF> way) { return PlaceOnWay(way, WayLength(way) / 2).point; }
+QPointF MiddleOfRoute(std::span<const QPointF> route) {
+    return PlaceOnRoute(route, RouteLength(route) / 2).point;
+}
 
 LabelPlace PlaceLabel(const LabelRequest &request, const LabelGrounds &grounds) {
     return Search(request, grounds).Find();

@@ -1,4 +1,4 @@
-// Where the label of a link stands: a pure function from a way and what lies around it to a place.
+// Where the label of a link stands: a pure function from a route and what lies around it to a place.
 #pragma once
 
 #include <functional>
@@ -11,10 +11,10 @@ namespace diagram {
 
 // Twips throughout.
 struct LabelRequest {
-    std::span<const QPointF> way; // straight pieces; at least two points
-    bool curved = false;          // the points between the ends of a curve are no bends
-    QSizeF size;                  // of the label
-    // How much of the way the arrow heads cover; 0 without one.
+    std::span<const QPointF> route; // straight pieces; at least two points
+    bool curved = false;            // the points between the ends of a curve are no bends
+    QSizeF size;                    // of the label
+    // How much of the route the arrow heads cover; 0 without one.
     double sourceHead = 0, middleHead = 0, destinationHead = 0;
 };
 
@@ -33,9 +33,9 @@ struct LabelPlace {
     std::vector<QRectF> looked;
 };
 
-QPointF MiddleOfWay(std::span<const QPointF> way);
+QPointF MiddleOfRoute(std::span<const QPointF> route);
 
-// The middle of the label: that of the way where it is free there; else a free place on the line, rather in
+// The middle of the label: that of the route where it is free there; else a free place on the line, rather in
 // the middle of a segment that is long enough; else one beside the line. Where all are taken, the one that
 // covers least.
 LabelPlace PlaceLabel(const LabelRequest &request, const LabelGrounds &grounds);

@@ -53,7 +53,7 @@ void Put(std::size_t segment, double lane, std::size_t count, Coordinates &lanes
     for (std::size_t i = first; i <= last; i += 2) lanes[i] = lane;
 }
 
-// Those between the ends first, so that the way bends in the middle.
+// Those between the ends first, so that the route bends in the middle.
 std::vector<std::size_t> StepsOf(std::size_t segments) {
     std::vector<std::size_t> steps;
     for (std::size_t i = 1; i + 3 < segments; ++i) steps.push_back(i);

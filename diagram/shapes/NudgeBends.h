@@ -1,4 +1,4 @@
-// Ways without the bends that only the name of their style asks for.
+// Routes without the bends that only the name of their style asks for.
 #pragma once
 
 #include "diagram/shapes/RouterLanes.h"
@@ -9,7 +9,7 @@ namespace diagram {
 // there, without a length.
 Coordinates WithFewestBends(const RouteRequest &request, std::string_view directions, Coordinates lanes);
 
-// Whether a way runs through no more boxes than before, and comes near to no more.
+// Whether a route runs through no more boxes than before, and comes near to no more.
 bool MeetsNoMore(const RouteRequest &request, const Track &before, const Track &now);
 
 } // namespace diagram

@@ -43,8 +43,8 @@ bool MayJoin(const NudgedLink &link) { return !link.stays && link.request.mostAs
 
 class LaneFinder {
 public:
-    LaneFinder(std::span<const NudgedLink> links, const std::vector<NudgedWay> &ways, bool level)
-        : links_(links), ways_(ways), runs_(RunsOf(ways, level)), joiner_(RoomsOf()) {}
+    LaneFinder(std::span<const NudgedLink> links, const std::vector<NudgedRoute> &routes, bool level)
+        : links_(links), routes_(routes), runs_(RunsOf(routes, level)), joiner_(RoomsOf()) {}
 
     std::vector<NudgeLane> Find() {
         JoinTrunks();
@@ -67,24 +67,24 @@ public:
 private:
     using Trunk = std::tuple<std::uint64_t, std::uint64_t, int, int>; // node, look, style, side
 
-    static std::vector<const Run *> RunsOf(const std::vector<NudgedWay> &ways, bool level) {
+    static std::vector<const Run *> RunsOf(const std::vector<NudgedRoute> &routes, bool level) {
         std::vector<const Run *> runs;
-        for (const NudgedWay &way : ways)
-            for (const Run &run : way.runs)
+        for (const NudgedRoute &route : routes)
+            for (const Run &run : route.runs)
                 if (run.level == level) runs.push_back(&run);
         return runs;
     }
     std::vector<Span> RoomsOf() const {
         std::vector<Span> rooms;
-        for (const Run *run : runs_) rooms.push_back(RoomOf(links_[run->way], ways_[run->way], *run));
+        for (const Run *run : runs_) rooms.push_back(RoomOf(links_[run->route], routes_[run->route], *run));
         return rooms;
     }
     bool IsFree(const Run &run) const {
-        return !ways_[run.way].directions.empty() && MayJoin(links_[run.way]);
+        return !routes_[run.route].directions.empty() && MayJoin(links_[run.route]);
     }
     Trunk TrunkOf(const Run &run) const {
-        const NudgedLink &link = links_[run.way];
-        const Run &first = ways_[run.way].runs.front();
+        const NudgedLink &link = links_[run.route];
+        const Run &first = routes_[run.route].runs.front();
         return {link.source, link.look, link.request.style, first.Heading() * (first.level ? 2 : 1)};
     }
 
@@ -102,7 +102,7 @@ private:
         std::map<Trunk, std::vector<std::size_t>> buses;
         for (std::size_t i = 0; i < runs_.size(); ++i) {
             const Run &run = *runs_[i];
-            if (run.place != 1 || run.isDestination || !IsFree(run) || !ways_[run.way].runs[0].isSource)
+            if (run.place != 1 || run.isDestination || !IsFree(run) || !routes_[run.route].runs[0].isSource)
                 continue;
             buses[TrunkOf(run)].push_back(i);
         }
@@ -116,7 +116,7 @@ private:
     void JoinJogs() {
         for (std::size_t i = 0; i + 1 < runs_.size(); ++i) {
             const Run &run = *runs_[i], &next = *runs_[i + 1];
-            if (next.way != run.way || next.place != run.place + 2 || !IsFree(run)) continue;
+            if (next.route != run.route || next.place != run.place + 2 || !IsFree(run)) continue;
             if (next.Heading() == run.Heading() && std::abs(next.at - run.at) <= kJog) joiner_.Join(i, i + 1);
         }
     }
@@ -124,14 +124,14 @@ private:
     // A trunk lies where its node wants it.
     void SetWish(NudgeLane &lane) const {
         const bool shared =
-            std::ranges::any_of(lane.runs, [&](const Run *run) { return run->way != lane.runs[0]->way; });
+            std::ranges::any_of(lane.runs, [&](const Run *run) { return run->route != lane.runs[0]->route; });
         const auto counts = [&](const Run &run) { return run.isSource || (!shared && run.isDestination); };
         const bool hasEnds = std::ranges::any_of(lane.runs, [&](const Run *run) { return counts(*run); });
         double count = 0, off = 0;
         for (const Run *run : lane.runs) {
             off += run->at - lane.runs[0]->at;
             if (hasEnds && !counts(*run)) continue;
-            lane.wish += WishOf(links_[run->way], *run);
+            lane.wish += WishOf(links_[run->route], *run);
             ++count;
         }
         lane.wish = std::clamp(lane.wish / count, lane.room.low, lane.room.high);
@@ -139,16 +139,16 @@ private:
     }
 
     std::span<const NudgedLink> links_;
-    const std::vector<NudgedWay> &ways_;
+    const std::vector<NudgedRoute> &routes_;
     std::vector<const Run *> runs_;
     Joiner joiner_;
 };
 
 } // namespace
 
-std::vector<NudgeLane> LanesOf(std::span<const NudgedLink> links, const std::vector<NudgedWay> &ways,
+std::vector<NudgeLane> LanesOf(std::span<const NudgedLink> links, const std::vector<NudgedRoute> &routes,
                                bool level) {
-    return LaneFinder(links, ways, level).Find();
+    return LaneFinder(links, routes, level).Find();
 }
 
 } // namespace diagram

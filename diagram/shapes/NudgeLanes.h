@@ -15,14 +15,14 @@ struct NudgeLane {
 };
 
 // Of the runs of one direction. The runs stay where they are.
-std::vector<NudgeLane> LanesOf(std::span<const NudgedLink> links, const std::vector<NudgedWay> &ways,
+std::vector<NudgeLane> LanesOf(std::span<const NudgedLink> links, const std::vector<NudgedRoute> &routes,
                                bool level);
 
 // Of two lanes that come near to each other the first is to lie lower.
 struct LanePair {
     std::size_t before, after;
 };
-std::vector<LanePair> OrderPairs(std::span<const NudgedLink> links, const std::vector<NudgedWay> &ways,
+std::vector<LanePair> OrderPairs(std::span<const NudgedLink> links, const std::vector<NudgedRoute> &routes,
                                  const std::vector<NudgeLane> &lanes);
 
 // All lanes, so that as many pairs as possible are in order.

@@ -8,16 +8,16 @@ namespace diagram {
 
 namespace {
 
-constexpr double kTouch = 60;       // twips; ways that end that near before each other lie on one line
+constexpr double kTouch = 60;       // twips; routes that end that near before each other lie on one line
 constexpr double kSameWay = 75;     // twips that runs of one way, or tree, may lie beside each other
 constexpr double kOneChannel = 450; // twips; lanes farther from each other stay in their order
 constexpr double kSamePlace = 1;
 
 class PairFinder {
 public:
-    PairFinder(std::span<const NudgedLink> links, const std::vector<NudgedWay> &ways,
+    PairFinder(std::span<const NudgedLink> links, const std::vector<NudgedRoute> &routes,
                const std::vector<NudgeLane> &lanes)
-        : links_(links), ways_(ways), lanes_(lanes) {}
+        : links_(links), routes_(routes), lanes_(lanes) {}
 
     std::vector<LanePair> Find() {
         std::vector<std::size_t> order(lanes_.size());
@@ -54,8 +54,8 @@ private:
         return shared > (AreOfOneTree(run, other) ? kSameWay : -kTouch);
     }
     bool AreOfOneTree(const Run &run, const Run &other) const {
-        if (run.way == other.way) return true;
-        const NudgedLink &a = links_[run.way], &b = links_[other.way];
+        if (run.route == other.route) return true;
+        const NudgedLink &a = links_[run.route], &b = links_[other.route];
         return a.source == b.source && a.look == b.look && a.request.style == b.request.style && !a.stays &&
                !b.stays && a.request.mostAside == 0 && b.request.mostAside == 0;
     }
@@ -73,13 +73,13 @@ private:
         int sum = 0;
         for (const Run *run : a.runs)
             for (const Run *other : b.runs)
-                if (run->way != other->way && AreBeside(*run, *other))
-                    sum += Turning(ways_, *run, *other, false) + Turning(ways_, *run, *other, true);
+                if (run->route != other->route && AreBeside(*run, *other))
+                    sum += Turning(routes_, *run, *other, false) + Turning(routes_, *run, *other, true);
         return sum;
     }
 
     std::span<const NudgedLink> links_;
-    const std::vector<NudgedWay> &ways_;
+    const std::vector<NudgedRoute> &routes_;
     const std::vector<NudgeLane> &lanes_;
 };
 
@@ -133,9 +133,9 @@ private:
 
 } // namespace
 
-std::vector<LanePair> OrderPairs(std::span<const NudgedLink> links, const std::vector<NudgedWay> &ways,
+std::vector<LanePair> OrderPairs(std::span<const NudgedLink> links, const std::vector<NudgedRoute> &routes,
                                  const std::vector<NudgeLane> &lanes) {
-    return PairFinder(links, ways, lanes).Find();
+    return PairFinder(links, routes, lanes).Find();
 }
 
 std::vector<std::size_t> OrderLanes(const std::vector<NudgeLane> &lanes, const std::vector<LanePair> &pairs) {

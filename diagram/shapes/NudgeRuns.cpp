@@ -10,9 +10,9 @@ namespace {
 
 constexpr double kReach = 900; // twips that a run is moved at most at once
 constexpr double kClear = 120; // twips that it keeps from boxes while it is moved
-constexpr double kSameEnd = 8; // twips; ways that turn that near to each other turn together
+constexpr double kSameEnd = 8; // twips; routes that turn that near to each other turn together
 constexpr double kNoRun = 0.5; // twips; nobody sees a shorter one
-constexpr int kFarthest = 8;   // runs after which nobody sees that two ways part
+constexpr int kFarthest = 8;   // runs after which nobody sees that two routes part
 
 bool HasInnerEnds(const NudgedLink &link, const std::vector<QPointF> &points) {
     const auto isShort = [](const QPointF &a, const QPointF &b) {
@@ -28,9 +28,9 @@ std::vector<QPointF> PointsOf(const NudgedLink &link) {
     return points;
 }
 
-std::vector<QPointF> PointsOf(const NudgedLink &link, const NudgedWay &way) {
-    if (way.directions.empty()) return PointsOf(link);
-    const Track track = TrackOf(link.request, way.directions, way.lanes);
+std::vector<QPointF> PointsOf(const NudgedLink &link, const NudgedRoute &route) {
+    if (route.directions.empty()) return PointsOf(link);
+    const Track track = TrackOf(link.request, route.directions, route.lanes);
     return {track.points.begin(), track.points.begin() + std::ptrdiff_t(track.count)};
 }
 
@@ -57,7 +57,7 @@ void AddSegment(std::size_t segment, const QPointF &from, const QPointF &to, std
     runs.push_back(run);
 }
 
-// How near to the box of an end the way may come elsewhere.
+// How near to the box of an end the route may come elsewhere.
 double Clearance(const RouteEnd &end) { return std::max(kClear, end.head > 0 ? end.head + kHeadRoom : 0); }
 
 // The room that is left beside a box.
@@ -82,21 +82,21 @@ void Intersect(const Span &other, Span &room) {
     room.low = std::max(room.low, other.low), room.high = std::min(room.high, other.high);
 }
 
-// A way walked along from one of its runs on.
+// A route walked along from one of its runs on.
 class Walker {
 public:
-    Walker(const NudgedWay &way, const Run &run, bool toHigher)
-        : way_(way), at_(int(run.place)), step_((run.Heading() > 0) == toHigher ? 1 : -1) {}
+    Walker(const NudgedRoute &route, const Run &run, bool toHigher)
+        : route_(route), at_(int(run.place)), step_((run.Heading() > 0) == toHigher ? 1 : -1) {}
 
-    const Run &Now() const { return way_.runs[std::size_t(at_)]; }
+    const Run &Now() const { return route_.runs[std::size_t(at_)]; }
     int Heading() const { return Now().Heading() * step_; }
     // Grows in the direction of walking.
     double End() const { return (step_ > 0 ? Now().to : Now().from) * Heading(); }
-    // 1 to the right, -1 to the left, 0 where the way ends.
+    // 1 to the right, -1 to the left, 0 where the route ends.
     int Turn() const {
         const int next = at_ + step_;
-        if (next < 0 || next >= int(way_.runs.size())) return 0;
-        const Run &run = way_.runs[std::size_t(next)];
+        if (next < 0 || next >= int(route_.runs.size())) return 0;
+        const Run &run = route_.runs[std::size_t(next)];
         if (run.level == Now().level) return 0;
         const int side = Heading() * run.Heading() * step_;
         return Now().level ? side : -side;
@@ -104,7 +104,7 @@ public:
     void GoOn() { at_ += step_; }
 
 private:
-    const NudgedWay &way_;
+    const NudgedRoute &route_;
     int at_, step_;
 };
 
@@ -124,32 +124,32 @@ int Parting(Walker one, Walker other) {
 
 } // namespace
 
-NudgedWay WorkOn(const NudgedLink &link) {
-    NudgedWay way;
+NudgedRoute WorkOn(const NudgedLink &link) {
+    NudgedRoute route;
     const LinkStyleRow *row = FindLinkStyle(link.request.style);
     const std::vector<QPointF> points = PointsOf(link);
     if (link.stays || !row || row->directions.size() + 1 != points.size() || link.request.sameNode ||
         HasInnerEnds(link, points))
-        return way;
-    way.directions = row->directions;
-    for (std::size_t i = 0; i < way.directions.size(); ++i)
-        way.lanes[i] = Across(points[i == 0 ? 1 : i], IsHorizontal(way.directions[i]));
-    return way;
+        return route;
+    route.directions = row->directions;
+    for (std::size_t i = 0; i < route.directions.size(); ++i)
+        route.lanes[i] = Across(points[i == 0 ? 1 : i], IsHorizontal(route.directions[i]));
+    return route;
 }
 
-void FindRuns(const NudgedLink &link, std::size_t position, NudgedWay &way) {
-    const std::vector<QPointF> points = PointsOf(link, way);
-    way.runs.clear();
-    for (std::size_t i = 1; i < points.size(); ++i) AddSegment(i - 1, points[i - 1], points[i], way.runs);
-    for (std::size_t i = 0; i < way.runs.size(); ++i) {
-        Run &run = way.runs[i];
-        run.way = position, run.place = i;
+void FindRuns(const NudgedLink &link, std::size_t position, NudgedRoute &route) {
+    const std::vector<QPointF> points = PointsOf(link, route);
+    route.runs.clear();
+    for (std::size_t i = 1; i < points.size(); ++i) AddSegment(i - 1, points[i - 1], points[i], route.runs);
+    for (std::size_t i = 0; i < route.runs.size(); ++i) {
+        Run &run = route.runs[i];
+        run.route = position, run.place = i;
         run.isSource = run.first == 0, run.isDestination = run.last + 2 == points.size();
     }
 }
 
-Span RoomOf(const NudgedLink &link, const NudgedWay &way, const Run &run) {
-    if (way.directions.empty()) return {run.at, run.at};
+Span RoomOf(const NudgedLink &link, const NudgedRoute &route, const Run &run) {
+    if (route.directions.empty()) return {run.at, run.at};
     const RouteRequest &request = link.request;
     Span room{run.at - kReach, run.at + kReach};
     if (run.isSource) Intersect(SideOf(request.source, run.level), room);
@@ -174,8 +174,9 @@ double WishOf(const NudgedLink &link, const Run &run) {
     return run.isSource ? source : run.isDestination ? destination : run.at;
 }
 
-int Turning(const std::vector<NudgedWay> &ways, const Run &one, const Run &other, bool toHigher) {
-    const int right = Parting(Walker(ways[one.way], one, toHigher), Walker(ways[other.way], other, toHigher));
+int Turning(const std::vector<NudgedRoute> &routes, const Run &one, const Run &other, bool toHigher) {
+    const int right =
+        Parting(Walker(routes[one.route], one, toHigher), Walker(routes[other.route], other, toHigher));
     // To the right of what goes to the right lies what is lower down, of what goes down what is to the left.
     return one.level == toHigher ? right : -right;
 }

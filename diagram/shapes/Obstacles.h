@@ -15,7 +15,7 @@ inline bool Overlap(const QRectF &a, const QRectF &b) {
     return a.left() < b.right() && b.left() < a.right() && a.top() < b.bottom() && b.top() < a.bottom();
 }
 
-// A way that comes this near to a box is taken for one that runs through it; twips.
+// A route that comes this near to a box is taken for one that runs through it; twips.
 constexpr double kNearness = 60;
 
 // Whether the piece between two points comes within `nearness` twips of the inside of the box. A box without

@@ -17,12 +17,12 @@ constexpr double kShortestTangent = 300; // twips
 
 bool HasKeptBends(const RouteRequest &request) { return request.keepBends && request.old.size() > 2; }
 
-// The way between bends that stay: each end is put where the line to its nearest bend leaves the outline.
+// The route between bends that stay: each end is put where the line to its nearest bend leaves the outline.
 std::vector<Point> KeepBends(const RouteRequest &request) {
-    std::vector<Point> way(request.old.begin(), request.old.end());
-    way.front() = ToPoint(ClipTowards(request.source, ToQPointF(way[1])));
-    way.back() = ToPoint(ClipTowards(request.destination, ToQPointF(way[way.size() - 2])));
-    return way;
+    std::vector<Point> route(request.old.begin(), request.old.end());
+    route.front() = ToPoint(ClipTowards(request.source, ToQPointF(route[1])));
+    route.back() = ToPoint(ClipTowards(request.destination, ToQPointF(route[route.size() - 2])));
+    return route;
 }
 
 // The distance aside that fits into both boxes.
@@ -84,7 +84,7 @@ std::vector<Point> RouteBezier(const RouteRequest &request) {
     return {ToPoint(start), ToPoint(start + tangent), ToPoint(end - tangent), ToPoint(end)};
 }
 
-// One bend doesn't bring a way back to where it came from: such a loop takes three.
+// One bend doesn't bring a route back to where it came from: such a loop takes three.
 std::string_view DirectionsOf(const RouteRequest &request, const LinkStyleRow &row) {
     if (!request.sameNode || row.directions.size() != 2) return row.directions;
     return row.directions == "HV" ? "HVHV" : "VHVH";
@@ -92,7 +92,7 @@ std::string_view DirectionsOf(const RouteRequest &request, const LinkStyleRow &r
 
 } // namespace
 
-std::vector<Point> Route(const RouteRequest &request) {
+std::vector<Point> FindRoute(const RouteRequest &request) {
     const LinkStyleRow *row = FindLinkStyle(request.style);
     if (!row) return RouteStraight(request);
     if (row->form == LinkForm::Bezier) return RouteBezier(request);

@@ -1,4 +1,4 @@
-// Where the points of a link lie: pure functions from two boxes to a way.
+// Where the points of a link lie: pure functions from two boxes to a route.
 #pragma once
 
 #include "diagram/geometry/Point.h"
@@ -14,7 +14,7 @@ struct RouteEnd {
     QRectF box; // twips
     int shape = 1;
     int orientation = 0;
-    double head = 0; // twips of the way that its arrow head covers; 0 without one
+    double head = 0; // twips of the route that its arrow head covers; 0 without one
 };
 
 struct RouteRequest {
@@ -22,11 +22,11 @@ struct RouteRequest {
     RouteEnd source;
     RouteEnd destination;
     bool sameNode = false;      // a link from a node to itself: drawn as a loop
-    std::span<const Point> old; // the way so far; empty for a new link
+    std::span<const Point> old; // the route so far; empty for a new link
     bool keepBends = false;     // the bends of `old` are the user's: move only what the ends make move
-    const Obstacles *obstacles = nullptr; // what the way must go round; null for nothing
-    // How far beside the way that it would have alone the link is to lie, so that links between the same two
-    // nodes stay apart: twips to the left as seen from the source. A loop lies that much further out.
+    const Obstacles *obstacles = nullptr; // what the route must go round; null for nothing
+    // How far beside the route that it would have alone the link is to lie, so that links between the same
+    // two nodes stay apart: twips to the left as seen from the source. A loop lies that much further out.
     double aside = 0;
     // The same of the outermost of them; where room is short, all come nearer evenly.
     double mostAside = 0;
@@ -34,14 +34,14 @@ struct RouteRequest {
     bool backwards = false;
 };
 
-// A way of at least two points; the first lies on the outline of the source, the last on that of the
+// A route of at least two points; the first lies on the outline of the source, the last on that of the
 // destination. Orthogonal styles give exactly the directions of their row, each segment horizontal or
 // vertical to the bit, and keep clear of obstacles as far as their directions let them; polylines bend round
 // those that they would run through. Loops of styles with one bend have three, as one alone would stay inside
 // of the box.
-std::vector<Point> Route(const RouteRequest &request);
+std::vector<Point> FindRoute(const RouteRequest &request);
 
-// The way `points` with the point at `position` moved. Of an orthogonal style the two segments there move
+// The route `points` with the point at `position` moved. Of an orthogonal style the two segments there move
 // with it, so that they stay horizontal or vertical; the first and the last point are then for Route to put
 // back on the outlines.
 std::vector<Point> WithBendMoved(int style, std::vector<Point> points, int position, const Point &point);

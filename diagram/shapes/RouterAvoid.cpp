@@ -47,7 +47,7 @@ bool Learn(const std::vector<QRectF> &boxes, std::vector<QRectF> &known) {
     return any;
 }
 
-// The ways of all links between the two nodes, as lanes beside those that one alone would take.
+// The routes of all links between the two nodes, as lanes beside those that one alone would take.
 class Bundle {
 public:
     Bundle(const RouteRequest &request, std::string_view directions, const Coordinates &lanes)
@@ -144,7 +144,7 @@ private:
                     return false;
             }
         }
-        // One box more or less is nothing to a way that runs through so many.
+        // One box more or less is nothing to a route that runs through so many.
         return met_ > kFew || CountMet(request_, track, 0, met_) <= met_;
     }
 
@@ -200,7 +200,7 @@ Coordinates LanesAround(const RouteRequest &request, std::string_view directions
     Coordinates best = preferred;
     std::size_t fewest = CountMet(request, track, 0);
     SearchBound bound;
-    int blocked = 0; // rounds since there has been no free way
+    int blocked = 0; // rounds since there has been no free route
     for (int round = 0; round < kMostRounds && known.size() <= kMostBoxes; ++round) {
         const Coordinates lanes = SearchLanes(request, directions, preferred, known, bound);
         track = TrackOf(request, directions, lanes);

@@ -1,4 +1,4 @@
-// Orthogonal ways that keep clear of obstacles.
+// Orthogonal routes that keep clear of obstacles.
 #pragma once
 
 #include "diagram/shapes/RouterLanes.h"
@@ -17,7 +17,7 @@ std::size_t CountMet(const RouteRequest &request, const Track &track, double nea
                      std::size_t most = kUncounted);
 
 // `preferred` where nothing is in its way, else the best lanes round what is. Looks at no more obstacles than
-// those that the ways considered meet.
+// those that the routes considered meet.
 Coordinates LanesAround(const RouteRequest &request, std::string_view directions,
                         const Coordinates &preferred);
 

@@ -1,4 +1,4 @@
-// Where the ends of a way meet the outlines of the boxes.
+// Where the ends of a route meet the outlines of the boxes.
 #pragma once
 
 #include "diagram/shapes/Router.h"

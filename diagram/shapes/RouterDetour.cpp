@@ -49,16 +49,16 @@ Detour::Detour(const QRectF &source, const QRectF &destination) : source_(source
     stops_.reserve(64), legs_.reserve(256);
 }
 
-FoundWay Detour::Find(const std::vector<QRectF> &boxes, double margin, double most) {
+FoundRoute Detour::Find(const std::vector<QRectF> &boxes, double margin, double most) {
     Prepare(boxes, margin);
-    FoundWay found;
+    FoundRoute found;
     found.margin = margin;
     if (AlongCorners(most)) {
         found.cost = stops_[kEnd].costs;
         for (int at = kEnd; at != kStart; at = stops_[std::size_t(at)].before)
-            found.way.push_back(stops_[std::size_t(at)].at);
-        found.way.push_back(stops_[kStart].at);
-        std::ranges::reverse(found.way);
+            found.route.push_back(stops_[std::size_t(at)].at);
+        found.route.push_back(stops_[kStart].at);
+        std::ranges::reverse(found.route);
     }
     if (boxes.size() <= kFewBoxes) BendOnce(found, std::min(most, found.cost));
     return found;
@@ -181,7 +181,7 @@ std::vector<QPointF> Detour::Tangents(const QPointF &from) const {
 }
 
 // Where a line from the start past a corner meets one to the end past another.
-void Detour::BendOnce(FoundWay &found, double most) {
+void Detour::BendOnce(FoundRoute &found, double most) {
     const QPointF from = stops_[kStart].at, to = stops_[kEnd].at;
     const std::vector<QPointF> ones = Tangents(from), others = Tangents(to);
     for (const QPointF &one : ones) {
@@ -192,7 +192,7 @@ void Detour::BendOnce(FoundWay &found, double most) {
             const double costs = Length(from, bend) + Length(bend, to) + kBendCosts;
             if (!(costs < most) || !IsFree(from, bend, true, false) || !IsFree(bend, to, false, true))
                 continue;
-            found.way = {from, bend, to}, found.cost = most = costs;
+            found.route = {from, bend, to}, found.cost = most = costs;
         }
     }
 }

@@ -1,4 +1,4 @@
-// The best way between two points round some boxes.
+// The best route between two points round some boxes.
 #pragma once
 
 #include <cmath>
@@ -12,13 +12,13 @@ namespace diagram {
 
 // What a bend costs; a twip of length costs 1.
 constexpr double kBendCosts = 1500;
-// A way along the boxes may be nearer to them than its bends are; twips.
+// A route along the boxes may be nearer to them than its bends are; twips.
 constexpr double kSlack = 1;
-// Round more boxes any good way is taken, not the best, and only corners are bends.
+// Round more boxes any good route is taken, not the best, and only corners are bends.
 constexpr std::size_t kFewBoxes = 4;
 
-struct FoundWay {
-    std::vector<QPointF> way; // from the middle of one end to that of the other; empty without one
+struct FoundRoute {
+    std::vector<QPointF> route; // from the middle of one end to that of the other; empty without one
     double cost = std::numeric_limits<double>::infinity();
     double margin = 0; // that it keeps from the boxes
 };
@@ -27,9 +27,9 @@ struct FoundWay {
 class Detour {
 public:
     Detour(const QRectF &source, const QRectF &destination);
-    // With bends at the corners of the boxes grown by the margin; round few of them the best way, which may
+    // With bends at the corners of the boxes grown by the margin; round few of them the best route, which may
     // bend at one other place. Nothing that costs `most` or more.
-    FoundWay Find(const std::vector<QRectF> &boxes, double margin, double most);
+    FoundRoute Find(const std::vector<QRectF> &boxes, double margin, double most);
 
 private:
     class Line;
@@ -37,7 +37,7 @@ private:
         explicit Box(const QRectF &box);
         QPointF middle, half; // of its size
     };
-    // One of the points between which ways are sought.
+    // One of the points between which routes are sought.
     struct Stop {
         QPointF at;
         double toEnd;      // as the crow flies
@@ -49,7 +49,7 @@ private:
     };
     // From one stop on to another, not yet looked at; or, without another, to any.
     struct Leg {
-        double promises;   // what a way over it costs at least
+        double promises;   // what a route over it costs at least
         std::int16_t turn; // of the one
         std::int16_t to;   // the other
         bool operator>(const Leg &other) const {
@@ -70,12 +70,12 @@ private:
     double CostOver(int from, int to) const;
     bool SeesEnd(int stop);
     bool IsFree(const QPointF &from, const QPointF &to, bool first, bool last);
-    void BendOnce(FoundWay &found, double most);
+    void BendOnce(FoundRoute &found, double most);
     std::vector<QPointF> Tangents(const QPointF &from) const;
 
     Box source_, destination_;
     std::vector<QRectF> grown_; // by the margin
-    std::vector<Box> insides_;  // of these, that no way may run through
+    std::vector<Box> insides_;  // of these, that no route may run through
     std::vector<Stop> stops_;   // the start, the end, and the corners
     std::vector<Leg> legs_;     // a heap
     std::vector<int> order_;    // of settling

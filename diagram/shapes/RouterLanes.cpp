@@ -9,12 +9,12 @@ namespace diagram {
 
 namespace {
 
-// The lanes of one axis, in the order of the way.
+// The lanes of one axis, in the order of the route.
 struct Lanes {
     std::array<double, kMostSegments> at{};
     int count = 0;
     void Add(double lane) { at[std::size_t(count++)] = lane; }
-    // `number` lanes that divide the way from `from` to `to` evenly.
+    // `number` lanes that divide the route from `from` to `to` evenly.
     void Divide(double from, double to, int number) {
         for (int i = 1; i <= number; ++i) Add(from + (to - from) * i / (number + 1));
     }
@@ -56,8 +56,8 @@ Lanes EdgeToEdge(const Span &from, const Span &to, int count) {
     return lanes;
 }
 
-// A lane through `to` that lies beside `from`, so that a way from an edge of `from` can reach it; the middle
-// of `to` if it can be.
+// A lane through `to` that lies beside `from`, so that a route from an edge of `from` can reach it; the
+// middle of `to` if it can be.
 double LaneBeside(const Span &from, const Span &to) {
     if (!from.Holds(to.Middle())) return to.Middle();
     const double above = from.low - to.low, below = to.high - from.high;
@@ -88,8 +88,8 @@ Lanes Reversed(Lanes lanes) {
     return lanes;
 }
 
-// From a lane through one box to a lane through the other. With `crossed` the way doubles back over the boxes
-// in the other axis, and the lanes between must stay clear of both.
+// From a lane through one box to a lane through the other. With `crossed` the route doubles back over the
+// boxes in the other axis, and the lanes between must stay clear of both.
 Lanes LaneToLane(const Span &from, const Span &to, int count, bool crossed) {
     Lanes lanes;
     lanes.Add(from.Middle());
@@ -106,7 +106,8 @@ Lanes LaneToLane(const Span &from, const Span &to, int count, bool crossed) {
     return lanes;
 }
 
-// The lanes of vertical segments (an x each) when `vertical`, else of the horizontal ones, for the whole way.
+// The lanes of vertical segments (an x each) when `vertical`, else of the horizontal ones, for the whole
+// route.
 Lanes ChooseLanes(const RouteRequest &request, std::string_view directions, bool vertical) {
     const Span from = SpanOf(request.source.box, vertical), to = SpanOf(request.destination.box, vertical);
     const bool startsAsLane = IsHorizontal(directions.front()) != vertical;

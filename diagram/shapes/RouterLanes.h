@@ -1,4 +1,4 @@
-// Lanes: the one free number of each segment of an orthogonal way, the x of a vertical one and the y of a
+// Lanes: the one free number of each segment of an orthogonal route, the x of a vertical one and the y of a
 // horizontal one. The bends are where neighbouring lanes meet, and the ends are where the first and the last
 // lane meet the outlines, so that choosing the lanes is all.
 #pragma once
@@ -30,7 +30,7 @@ inline Span SpanOf(const QRectF &box, bool horizontal) {
 inline bool IsHorizontal(char direction) { return direction == 'H'; }
 inline Axis AxisOf(char direction) { return IsHorizontal(direction) ? Axis::Horizontal : Axis::Vertical; }
 
-// The lanes of a way, in its order.
+// The lanes of a route, in its order.
 using Coordinates = std::array<double, kMostSegments>;
 
 // Where the lane of an end segment may lie in its box.
@@ -44,15 +44,15 @@ inline double HeldInBox(double lane, const Span &box) {
     return std::clamp(lane, span.low, span.high);
 }
 
-// The corners of the way that the lanes give, with its ends on the boxes rather than on the outlines.
+// The corners of the route that the lanes give, with its ends on the boxes rather than on the outlines.
 struct Track {
     std::array<QPointF, kMostSegments + 1> points;
     std::size_t count = 0; // of points
 };
 Track TrackOf(const RouteRequest &request, std::string_view directions, const Coordinates &lanes);
 
-// The lanes that a way takes when nothing else is near: through the middles of the boxes, and evenly between
-// them or round them.
+// The lanes that a route takes when nothing else is near: through the middles of the boxes, and evenly
+// between them or round them.
 Coordinates ChooseCoordinates(const RouteRequest &request, std::string_view directions);
 
 // The lanes of the bends of `request.old`; those of the ends as far as they still go through the boxes.

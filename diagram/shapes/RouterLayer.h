@@ -39,7 +39,7 @@ public:
     // From which lanes `a` lane `b` is reached, and the costs by lane.
     const LaneRange &Reached(std::size_t b) const { return reached_[b]; }
     const double *Costs(std::size_t b) const { return &cost_[At(0, b)]; }
-    // The lane of segment i - 1 on the best way there.
+    // The lane of segment i - 1 on the best route there.
     std::size_t Before(std::size_t a, std::size_t b) const { return before_[At(a, b)]; }
     std::size_t Width() const { return width_; }
 

@@ -59,7 +59,7 @@ std::vector<Point> CornerLoop(const RouteRequest &request) {
 }
 
 Coordinates LoopLanes(const RouteRequest &request, std::string_view directions) {
-    // A way that starts upwards turns right, one to the right turns up, where nothing speaks against it.
+    // A route that starts upwards turns right, one to the right turns up, where nothing speaks against it.
     const int out = IsHorizontal(directions.front()) ? 1 : -1;
     Coordinates best{};
     std::size_t fewest = SIZE_MAX;

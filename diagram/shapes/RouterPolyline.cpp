@@ -16,18 +16,18 @@ namespace diagram {
 namespace {
 
 constexpr int kMostRounds = 40;
-constexpr int kCarefulRounds = 8;      // after which a way need only run through nothing
+constexpr int kCarefulRounds = 8;      // after which a route need only run through nothing
 constexpr std::size_t kMostBoxes = 48; // more aren't gone round at once
-constexpr double kWorthALook = 700;    // twips that a way among many boxes must promise to save
+constexpr double kWorthALook = 700;    // twips that a route among many boxes must promise to save
 constexpr std::size_t kMostMet = 12; // a line through more of them stays straight: no way round looks better
 
-// How clear of the boxes a way keeps, and what it costs that it comes no nearer.
+// How clear of the boxes a route keeps, and what it costs that it comes no nearer.
 struct Margin {
     double distance, cost;
 };
 constexpr std::array<Margin, 3> kMargins{{{kClearance, 0}, {100, 1500}, {30, 4000}}};
 
-using Way = std::vector<QPointF>; // from the middle of one end to that of the other
+using Route = std::vector<QPointF>; // from the middle of one end to that of the other
 
 bool IsBefore(const QRectF &a, const QRectF &b) {
     return std::tuple(a.left(), a.top(), a.width(), a.height()) <
@@ -58,30 +58,30 @@ public:
         request_.obstacles->Along(ToQPointF(straight[0]), ToQPointF(straight[1]), 0, met, kMostMet);
         if (met.empty() || met.size() > kMostMet) return straight;
         for (int round = 0; round < kMostRounds && Learn(met, known) && known.size() <= kMostBoxes; ++round) {
-            const FoundWay found = Best(known);
-            if (found.way.empty()) break;
-            met = Met(found.way, round < kCarefulRounds ? found.margin - 2 * kSlack : 0);
-            if (!RunsThroughAny(found.way, met)) way_ = found.way;
+            const FoundRoute found = Best(known);
+            if (found.route.empty()) break;
+            met = Met(found.route, round < kCarefulRounds ? found.margin - 2 * kSlack : 0);
+            if (!RunsThroughAny(found.route, met)) route_ = found.route;
             Forget(met);
         }
-        return way_.empty() ? straight : Clipped();
+        return route_.empty() ? straight : Clipped();
     }
 
 private:
-    // What is known of the ways that keep one of the margins.
+    // What is known of the routes that keep one of the margins.
     struct Known {
-        FoundWay found;     // without a way, there was none, or it is blocked
-        double atLeast = 0; // what a way costs
+        FoundRoute found;   // without a route, there was none, or it is blocked
+        double atLeast = 0; // what a route costs
     };
 
-    FoundWay Best(const std::vector<QRectF> &boxes) {
+    FoundRoute Best(const std::vector<QRectF> &boxes) {
         const double enough = boxes.size() > kFewBoxes ? kWorthALook : 0;
-        FoundWay best;
+        FoundRoute best;
         for (std::size_t i = 0; i < kMargins.size(); ++i) {
             const double cost = kMargins[i].cost, most = best.cost - cost;
             if (straight_ + kBendCosts >= most) break;
-            if (!best.way.empty() && known_[i].atLeast + enough >= most) continue;
-            if (known_[i].found.way.empty()) Look(i, boxes, most);
+            if (!best.route.empty() && known_[i].atLeast + enough >= most) continue;
+            if (known_[i].found.route.empty()) Look(i, boxes, most);
             if (known_[i].found.cost < most) best = known_[i].found, best.cost += cost;
         }
         return best;
@@ -94,30 +94,30 @@ private:
         known.atLeast = std::max(known.atLeast, std::min(known.found.cost, most));
     }
 
-    // Ways can only become dearer as more boxes are known.
+    // Routes can only become dearer as more boxes are known.
     void Forget(const std::vector<QRectF> &boxes) {
         for (Known &known : known_)
-            if (RunsThroughAny(known.found.way, boxes, known.found.margin - 2 * kSlack)) known.found = {};
+            if (RunsThroughAny(known.found.route, boxes, known.found.margin - 2 * kSlack)) known.found = {};
     }
 
-    std::vector<QRectF> Met(const Way &way, double nearness) const {
+    std::vector<QRectF> Met(const Route &route, double nearness) const {
         std::vector<QRectF> met;
-        for (std::size_t i = 1; i < way.size(); ++i)
-            request_.obstacles->Along(way[i - 1], way[i], nearness, met);
+        for (std::size_t i = 1; i < route.size(); ++i)
+            request_.obstacles->Along(route[i - 1], route[i], nearness, met);
         return met;
     }
 
-    static bool RunsThroughAny(const Way &way, const std::vector<QRectF> &boxes, double nearness = 0) {
+    static bool RunsThroughAny(const Route &route, const std::vector<QRectF> &boxes, double nearness = 0) {
         return std::ranges::any_of(boxes, [&](const QRectF &box) {
-            for (std::size_t i = 1; i < way.size(); ++i)
-                if (Meets(box, way[i - 1], way[i], nearness)) return true;
+            for (std::size_t i = 1; i < route.size(); ++i)
+                if (Meets(box, route[i - 1], route[i], nearness)) return true;
             return false;
         });
     }
 
     std::vector<Point> Clipped() const {
         std::vector<Point> points;
-        for (const QPointF &point : way_) points.push_back(ToPoint(point));
+        for (const QPointF &point : route_) points.push_back(ToPoint(point));
         points.front() = ToPoint(ClipTowards(request_.source, ToQPointF(points[1])));
         points.back() = ToPoint(ClipTowards(request_.destination, ToQPointF(points[points.size() - 2])));
         return points;
@@ -127,7 +127,7 @@ private:
     double straight_, further_;
     Detour detour_;
     std::array<Known, kMargins.size()> known_;
-    Way way_; // the best that runs through nothing
+    Route route_; // the best that runs through nothing
 };
 
 } // namespace

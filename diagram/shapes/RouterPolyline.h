@@ -1,16 +1,17 @@
-// Straight ways that bend round obstacles.
+// Straight routes that bend round obstacles.
 #pragma once
 
 #include "diagram/shapes/Router.h"
 
 namespace diagram {
 
-// `straight`, a way of two points, where it runs through no obstacle; else one round what is in its way, with
-// few bends: one for each detour, and one more where that saves a long way. Through what can't be gone round.
+// `straight`, a route of two points, where it runs through no obstacle; else one round what is in its way,
+// with few bends: one for each detour, and one more where that saves a long route. Through what can't be gone
+// round.
 //
 // The bends are corners of the boxes in the way, kept clear of them (a shortest path in their visibility
 // graph, as in de Berg et al., Computational Geometry, chapter 15, with a price for each bend), or the one
-// point in which two lines past such corners meet. Boxes are learnt as ways run into them.
+// point in which two lines past such corners meet. Boxes are learnt as routes run into them.
 std::vector<Point> RoundObstacles(const RouteRequest &request, std::vector<Point> straight);
 
 } // namespace diagram

@@ -9,7 +9,7 @@ namespace diagram {
 
 namespace {
 
-// Costs above the least that a way may have, in the order in which they are tried.
+// Costs above the least that a route may have, in the order in which they are tried.
 constexpr double kDetours[] = {350, 900, 3000};
 constexpr double kUnderHead = 20000; // costs in twips: a bend under an arrow head
 constexpr double kNoLength = 3000;   // a segment without length
@@ -21,9 +21,9 @@ constexpr double kInnerOff = 0.05;   // the same for the lanes between
 
 double Distance(const Span &a, const Span &b) { return std::max({0.0, b.low - a.high, a.low - b.high}); }
 
-// How much of a way is left at least behind a place, by one of its coordinates.
+// How much of a route is left at least behind a place, by one of its coordinates.
 struct Remoteness {
-    double distance;   // from the end of the way
+    double distance;   // from the end of the route
     std::size_t rings; // round the box of the destination that are still to be crossed
 };
 
@@ -41,7 +41,7 @@ public:
         for (std::size_t i = 0; i < directions.size(); ++i) mayLie_[i] = PlacesFor(i);
     }
 
-    // While there is a short way, or one that runs into little, costlier ones needn't be followed.
+    // While there is a short route, or one that runs into little, costlier ones needn't be followed.
     Coordinates Run(SearchBound &bound) {
         const double least = Least();
         const std::array<double, 7> bounds{least + kDetours[0],
@@ -81,7 +81,7 @@ private:
         if (box.Holds(lane)) return std::min(lane - box.low, box.high - lane) + kShort;
         return Distance(box, {lane, lane});
     }
-    // Behind a segment; no way from there costs less. Whatever is too short costs more than its lack.
+    // Behind a segment; no route from there costs less. Whatever is too short costs more than its lack.
     double Left(std::size_t segment, const Remoteness &lane, const Remoteness &stop) const {
         const std::size_t after = directions_.size() - 1 - segment;
         return std::max(lane.distance, double((after + 1) / 2) * kShort) +
@@ -123,7 +123,7 @@ private:
         return {box, grid_.Find(!level, box.low), grid_.Find(!level, box.high)};
     }
 
-    // An end segment between its box and the lane of its neighbour; `leaves`: the way begins with it.
+    // An end segment between its box and the lane of its neighbour; `leaves`: the route begins with it.
     double EndCost(const RouteEnd &end, const Doors &doors, std::size_t segment, std::size_t lane,
                    std::size_t stop, bool leaves) const {
         const bool level = Level(segment);
@@ -212,7 +212,7 @@ private:
             }
             if (step - 1 <= last) least = std::min(least, come(step - 1));
             if (!MayLie(segment + 1, here)) continue;
-            // What is left never shrinks by more than the way behind grows.
+            // What is left never shrinks by more than the route behind grows.
             const double most =
                 most_ - deviation - along(step) - Left(segment, left_[Level(segment)][lane], left[here]);
             if (least >= most && step > last) return;

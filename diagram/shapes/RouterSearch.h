@@ -7,11 +7,11 @@
 
 namespace diagram {
 
-// How much the ways of former searches cost: what found nothing isn't tried again. Searches among ever more
+// How much the routes of former searches cost: what found nothing isn't tried again. Searches among ever more
 // obstacles for the same ends share one; the lanes found don't depend on it.
 struct SearchBound {
     std::size_t tried = 0;    // bounds, from below, that gave no way
-    bool runsThrough = false; // no way is free of all boxes, nor will one be among more of them
+    bool runsThrough = false; // no route is free of all boxes, nor will one be among more of them
 };
 
 // The lanes of least cost among those of a RouteGrid: fewest boxes run through; then no bend under an arrow
@@ -20,7 +20,7 @@ struct SearchBound {
 // A dynamic programme over the segments, as the directions fix their number: the state behind a segment is
 // its bend, given by two lanes. Each layer is two sweeps along every lane, so that the whole takes at most
 // time proportional to the number of segments times the number of crossings of lanes; bends behind which no
-// way as cheap as the one sought is left are given up. (Fixed sequences make a
+// route as cheap as the one sought is left are given up. (Fixed sequences make a
 // layered graph of the visibility grid of Wybrow, Marriott and Stuckey, Orthogonal Connector Routing, 2009.)
 Coordinates SearchLanes(const RouteRequest &request, std::string_view directions,
                         const Coordinates &preferred, std::span<const QRectF> obstacles, SearchBound &bound);

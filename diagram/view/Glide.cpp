@@ -27,27 +27,27 @@ Point Mix(const Point &from, const Point &to, double share) {
     return {float(from.x + (to.x - from.x) * share), float(from.y + (to.y - from.y) * share)};
 }
 
-// How far along the way, as a share of its length, each point lies.
-std::vector<double> SharesOf(const std::vector<Point> &way) {
-    std::vector<double> shares(way.size(), 0);
-    for (std::size_t i = 1; i < way.size(); ++i)
-        shares[i] = shares[i - 1] + std::hypot(way[i].x - way[i - 1].x, way[i].y - way[i - 1].y);
+// How far along the route, as a share of its length, each point lies.
+std::vector<double> SharesOf(const std::vector<Point> &route) {
+    std::vector<double> shares(route.size(), 0);
+    for (std::size_t i = 1; i < route.size(); ++i)
+        shares[i] = shares[i - 1] + std::hypot(route[i].x - route[i - 1].x, route[i].y - route[i - 1].y);
     const double length = shares.back();
     for (std::size_t i = 0; i < shares.size(); ++i)
         shares[i] = length > 0 ? shares[i] / length : double(i) / double(shares.size() - 1);
     return shares;
 }
 
-// The way with a point at each of the shares, which hold its own among them.
-std::vector<Point> Divided(const std::vector<Point> &way, const std::vector<double> &shares) {
-    const std::vector<double> own = SharesOf(way);
+// The route with a point at each of the shares, which hold its own among them.
+std::vector<Point> Divided(const std::vector<Point> &route, const std::vector<double> &shares) {
+    const std::vector<double> own = SharesOf(route);
     std::vector<Point> divided;
     std::size_t segment = 0;
     for (const double share : shares) {
-        while (segment + 2 < way.size() && own[segment + 1] < share) ++segment;
+        while (segment + 2 < route.size() && own[segment + 1] < share) ++segment;
         const double length = own[segment + 1] - own[segment];
         const double along = length > 0 ? (share - own[segment]) / length : 0;
-        divided.push_back(Mix(way[segment], way[segment + 1], std::clamp(along, 0.0, 1.0)));
+        divided.push_back(Mix(route[segment], route[segment + 1], std::clamp(along, 0.0, 1.0)));
     }
     return divided;
 }
@@ -61,23 +61,23 @@ QPointF CornerBefore(const ItemPlaces &before, const Node &node) {
 ItemPlaces PlacesOf(const Surface &surface) {
     ItemPlaces places;
     for (const Node &node : surface.Nodes()) places.nodes.insert(node.Id(), node.Bounds());
-    for (const auto &link : surface.Links()) places.ways.insert(link->Id(), link->Way());
+    for (const auto &link : surface.Links()) places.routes.insert(link->Id(), link->Route());
     return places;
 }
 
 std::vector<Point> Between(const std::vector<Point> &from, const std::vector<Point> &to, double share) {
-    std::vector<Point> way;
+    std::vector<Point> route;
     if (from.size() == to.size()) {
-        for (std::size_t i = 0; i < to.size(); ++i) way.push_back(Mix(from[i], to[i], share));
-        return way;
+        for (std::size_t i = 0; i < to.size(); ++i) route.push_back(Mix(from[i], to[i], share));
+        return route;
     }
     std::vector<double> shares = SharesOf(from);
     const std::vector<double> others = SharesOf(to);
     shares.insert(shares.end(), others.begin() + 1, others.end() - 1);
     std::ranges::sort(shares);
     const std::vector<Point> start = Divided(from, shares), end = Divided(to, shares);
-    for (std::size_t i = 0; i < start.size(); ++i) way.push_back(Mix(start[i], end[i], share));
-    return way;
+    for (std::size_t i = 0; i < start.size(); ++i) route.push_back(Mix(start[i], end[i], share));
+    return route;
 }
 
 GlidingCopy::GlidingCopy(Surface &surface, const ItemPlaces &before) : copy_(std::make_unique<Surface>()) {
@@ -94,8 +94,12 @@ GlidingCopy::GlidingCopy(Surface &surface, const ItemPlaces &before) : copy_(std
     for (const auto &original : surface.Links()) {
         Link &link = *copy_->Links()[at++];
         link.SetMovePointsMode(true); // the points are told, not routed
-        moves_.push_back(
-            {nullptr, &link, {}, {}, before.ways.value(original->Id(), original->Way()), original->Way()});
+        moves_.push_back({nullptr,
+                          &link,
+                          {},
+                          {},
+                          before.routes.value(original->Id(), original->Route()),
+                          original->Route()});
     }
     scene_ = std::make_unique<Scene>(*copy_);
 }
@@ -141,7 +145,7 @@ bool IsInput(QEvent::Type type) {
 bool AnyMoved(const ItemPlaces &before, const Surface &surface) {
     return std::ranges::any_of(
                surface.Links(),
-               [&](const auto &link) { return before.ways.value(link->Id()) != link->Way(); }) ||
+               [&](const auto &link) { return before.routes.value(link->Id()) != link->Route(); }) ||
            PlacesOf(surface).nodes != before.nodes;
 }
 
@@ -150,7 +154,7 @@ bool AnyMoved(const ItemPlaces &before, const Surface &surface) {
 void Glide::Begin(SurfaceView &view, const ItemPlaces &before) {
     if (Glide *former = GlideOf(view)) former->Finish();
     const int milliseconds = view.style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, &view);
-    if (milliseconds <= 0 || !view.isVisible() || before.nodes.size() + before.ways.size() > kMostItems)
+    if (milliseconds <= 0 || !view.isVisible() || before.nodes.size() + before.routes.size() > kMostItems)
         return;
     constexpr int kLongest = 200;
     if (AnyMoved(before, view.Model())) new Glide(view, before, std::min(milliseconds, kLongest));

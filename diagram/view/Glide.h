@@ -21,11 +21,11 @@ class SurfaceView;
 // Where the items of a surface are, by their identity. Twips.
 struct ItemPlaces {
     QHash<ItemId, QRectF> nodes;
-    QHash<ItemId, std::vector<Point>> ways;
+    QHash<ItemId, std::vector<Point>> routes;
 };
 ItemPlaces PlacesOf(const Surface &surface);
 
-// The way that has gone `share` (0 to 1) of the way from one to the other: at both ends it is just these.
+// The route that has gone `share` (0 to 1) of the route from one to the other: at both ends it is just these.
 std::vector<Point> Between(const std::vector<Point> &from, const std::vector<Point> &to, double share);
 
 // A copy of a surface whose items stand somewhere between the places before and those they have now. What

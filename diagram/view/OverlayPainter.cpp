@@ -200,7 +200,7 @@ void PaintLine(QPainter &painter, const Overlay &overlay, const QTransform &toPi
     if (last.length() > 1.5 * kArrowLength && overlay.arrow) painter.drawPolygon(ArrowHead(last));
 }
 
-// A lit one shows the way that a link would take from there.
+// A lit one shows the route that a link would take from there.
 void PaintLinkStarts(QPainter &painter, const Overlay &overlay, const Viewport &viewport,
                      const OverlayLook &look) {
     static constexpr QPointF kWays[] = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}};

@@ -104,11 +104,11 @@ void AddGlow(Selection &to, const Link &link, const QRectF &label) {
 }
 
 void AddBends(Selection &to, const Link &link, const QRectF &label) {
-    const std::vector<Point> &way = link.Way();
+    const std::vector<Point> &route = link.Route();
     const bool segments = HasSegmentHandles(link);
-    for (size_t i = 0; i < way.size(); ++i) {
-        const QPointF place = to.viewport.FromSurface(ToQPointF(way[i]));
-        const QPointF before = i > 0 ? to.viewport.FromSurface(ToQPointF(way[i - 1])) : place;
+    for (size_t i = 0; i < route.size(); ++i) {
+        const QPointF place = to.viewport.FromSurface(ToQPointF(route[i]));
+        const QPointF before = i > 0 ? to.viewport.FromSurface(ToQPointF(route[i - 1])) : place;
         const QPointF half = (before + place) / 2;
         if (segments && QLineF(before, place).length() > kShortestSegment && !label.contains(half))
             to.marks.AddKnob(half, kSmallHandle);

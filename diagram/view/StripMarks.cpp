@@ -149,10 +149,10 @@ void PaintDateLinks(QPainter &painter, const std::vector<const Link *> &links, c
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
     for (const Link *link : links) {
-        std::vector<QPointF> way;
-        for (const Point &point : link->Way()) way.push_back(viewport.FromSurface(ToQPointF(point)));
+        std::vector<QPointF> route;
+        for (const Point &point : link->Route()) route.push_back(viewport.FromSurface(ToQPointF(point)));
         painter.setPen(QPen(support::ToQColor(link->LineColor()), 1.5));
-        painter.drawPath(RoundedWay(way, kDateCorner * viewport.xScale()));
+        painter.drawPath(RoundedRoute(route, kDateCorner * viewport.xScale()));
     }
     painter.restore();
 }

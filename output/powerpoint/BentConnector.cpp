@@ -12,9 +12,9 @@ constexpr double kThinnest = 1270; // side of a box, so that parts of it can be 
 constexpr double kMostAdjust = 2e9;
 
 // Whether the segments are level and plumb in turn, the first one level or not.
-bool Alternates(const std::vector<QPointF> &way, bool levelFirst) {
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const QPointF step = way[i] - way[i - 1];
+bool Alternates(const std::vector<QPointF> &route, bool levelFirst) {
+    for (std::size_t i = 1; i < route.size(); ++i) {
+        const QPointF step = route[i] - route[i - 1];
         const bool level = (i % 2 == 1) == levelFirst;
         if (std::abs(level ? step.y() : step.x()) > kStraight) return false;
     }
@@ -25,12 +25,12 @@ double Thick(double length) {
     return std::abs(length) >= kThinnest ? length : std::copysign(kThinnest, length);
 }
 
-// How far along the way to the end the bends lie, across and down in turn.
-std::vector<int> AdjustsOf(const std::vector<QPointF> &way, bool levelFirst) {
-    const QPointF whole = way.back() - way.front();
+// How far along the route to the end the bends lie, across and down in turn.
+std::vector<int> AdjustsOf(const std::vector<QPointF> &route, bool levelFirst) {
+    const QPointF whole = route.back() - route.front();
     std::vector<int> adjusts;
-    for (std::size_t i = 1; i + 2 < way.size(); ++i) {
-        const QPointF at = way[i] - way.front();
+    for (std::size_t i = 1; i + 2 < route.size(); ++i) {
+        const QPointF at = route[i] - route.front();
         const bool across = (i % 2 == 1) == levelFirst;
         const double part = across ? at.x() / Thick(whole.x()) : at.y() / Thick(whole.y());
         adjusts.push_back(int(std::clamp(part * 100000, -kMostAdjust, kMostAdjust)));
@@ -40,15 +40,15 @@ std::vector<int> AdjustsOf(const std::vector<QPointF> &way, bool levelFirst) {
 
 } // namespace
 
-std::optional<BentConnector> FindBentConnector(const std::vector<QPointF> &way) {
-    if (way.size() < 3 || way.size() > 6) return std::nullopt;
-    const bool levelFirst = Alternates(way, true);
-    if (!levelFirst && !Alternates(way, false)) return std::nullopt;
-    const QPointF whole = way.back() - way.front();
-    const QRectF box = QRectF(way.front(), QSizeF(Thick(whole.x()), Thick(whole.y()))).normalized();
+std::optional<BentConnector> FindBentConnector(const std::vector<QPointF> &route) {
+    if (route.size() < 3 || route.size() > 6) return std::nullopt;
+    const bool levelFirst = Alternates(route, true);
+    if (!levelFirst && !Alternates(route, false)) return std::nullopt;
+    const QPointF whole = route.back() - route.front();
+    const QRectF box = QRectF(route.front(), QSizeF(Thick(whole.x()), Thick(whole.y()))).normalized();
     BentConnector found;
-    found.segments = int(way.size()) - 1;
-    found.adjusts = AdjustsOf(way, levelFirst);
+    found.segments = int(route.size()) - 1;
+    found.adjusts = AdjustsOf(route, levelFirst);
     found.turned = !levelFirst;
     found.box = box;
     found.flipH = whole.x() < 0;

@@ -8,8 +8,8 @@
 
 namespace powerpoint {
 
-// One of them, as its element tells it. The start lies at the left and top of `box` and the way leaves to the
-// right, before it is flipped and turned about the middle.
+// One of them, as its element tells it. The start lies at the left and top of `box` and the route leaves to
+// the right, before it is flipped and turned about the middle.
 struct BentConnector {
     int segments = 0; // 2 to 5
     QRectF box;
@@ -18,7 +18,7 @@ struct BentConnector {
     std::vector<int> adjusts; // 1/100000 of the width and the height in turn
 };
 
-// The connector of that way, whose segments are level and plumb in turn; none for another way.
-std::optional<BentConnector> FindBentConnector(const std::vector<QPointF> &way);
+// The connector of that route, whose segments are level and plumb in turn; none for another route.
+std::optional<BentConnector> FindBentConnector(const std::vector<QPointF> &route);
 
 } // namespace powerpoint

@@ -59,17 +59,17 @@ void WriteGlue(ShapeContext &context, const char *element, const diagram::Node &
 }
 
 // The line of a link as one of PowerPoint's connectors, which go along with the shapes at their ends; none
-// for curves and for ways that no connector has.
+// for curves and for routes that no connector has.
 std::optional<BentConnector> ConnectorOf(const QPainterPath &path) {
-    std::vector<QPointF> way;
+    std::vector<QPointF> route;
     for (int i = 0; i < path.elementCount(); ++i) {
         if (path.elementAt(i).isCurveTo()) return std::nullopt;
-        way.push_back(path.elementAt(i));
+        route.push_back(path.elementAt(i));
     }
-    if (way.size() > 2) return FindBentConnector(way);
-    if (way.size() < 2) return std::nullopt;
-    const QPointF step = way[1] - way[0];
-    return BentConnector{1, QRectF(way[0], way[1]).normalized(), step.x() < 0, step.y() < 0, false, {}};
+    if (route.size() > 2) return FindBentConnector(route);
+    if (route.size() < 2) return std::nullopt;
+    const QPointF step = route[1] - route[0];
+    return BentConnector{1, QRectF(route[0], route[1]).normalized(), step.x() < 0, step.y() < 0, false, {}};
 }
 
 QString NameOf(const Link &link) {
@@ -83,8 +83,8 @@ void WriteConnectorHead(ShapeContext &context, const Link &link) {
     xml.Open("p:cxnSp").Open("p:nvCxnSpPr");
     WriteIdentity(context, "p:cNvPr", context.nextId++, NameOf(link));
     xml.Open("p:cNvCxnSpPr");
-    WriteGlue(context, "a:stCxn", link.Source(), diagram::ToQPointF(link.Way().front()));
-    WriteGlue(context, "a:endCxn", link.Destination(), diagram::ToQPointF(link.Way().back()));
+    WriteGlue(context, "a:stCxn", link.Source(), diagram::ToQPointF(link.Route().front()));
+    WriteGlue(context, "a:endCxn", link.Destination(), diagram::ToQPointF(link.Route().back()));
     xml.Close().Empty("p:nvPr").Close();
 }
 
@@ -95,7 +95,7 @@ void WriteFreeformHead(ShapeContext &context, const QString &name) {
     xml.Empty("p:cNvSpPr").Empty("p:nvPr").Close();
 }
 
-void WriteWay(ShapeContext &context, const Link &link) {
+void WriteRoute(ShapeContext &context, const Link &link) {
     Xml &xml = context.xml;
     const QPainterPath path = context.frame.Map(context.scene.LinkPath(link));
     if (const auto connector = ConnectorOf(path)) {
@@ -157,23 +157,25 @@ void WriteHead(ShapeContext &context, const Link &link, const Head &head) {
     WriteFreeform(context, context.frame.Map(place.map(row->path())), line, row->fill, fill);
 }
 
-// A head points as the last stretch of the way does.
-Head HeadAt(const std::vector<QPointF> &way, double at, double before, int value, int size) {
-    const QPointF tip = diagram::PlaceOnWay(way, at).point, inner = diagram::PlaceOnWay(way, before).point;
+// A head points as the last stretch of the route does.
+Head HeadAt(const std::vector<QPointF> &route, double at, double before, int value, int size) {
+    const QPointF tip = diagram::PlaceOnRoute(route, at).point,
+                  inner = diagram::PlaceOnRoute(route, before).point;
     const double away = diagram::Distance(tip, inner);
     return {value, size, tip, away > 0 ? (tip - inner) / away : QPointF(1, 0)};
 }
 
 void WriteHeads(ShapeContext &context, const Link &link) {
-    const std::vector<QPointF> way = diagram::WayPieces(link);
-    const double length = diagram::WayLength(way), look = std::min(length / 3, 60.0);
+    const std::vector<QPointF> route = diagram::RoutePieces(link);
+    const double length = diagram::RouteLength(route), look = std::min(length / 3, 60.0);
     if (link.ArrowSource() && !OwnKind(link.ArrowSource()))
-        WriteHead(context, link, HeadAt(way, 0, look, link.ArrowSource(), link.ArrowSizeSource()));
+        WriteHead(context, link, HeadAt(route, 0, look, link.ArrowSource(), link.ArrowSizeSource()));
     if (link.ArrowDest() && !OwnKind(link.ArrowDest()))
-        WriteHead(context, link, HeadAt(way, length, length - look, link.ArrowDest(), link.ArrowSizeDest()));
+        WriteHead(context, link,
+                  HeadAt(route, length, length - look, link.ArrowDest(), link.ArrowSizeDest()));
     if (!link.ArrowMiddle()) return;
     const double middle = length / 2 + diagram::ArrowScale(link.ArrowSizeMiddle(), link.DrawWidth()) / 2;
-    const diagram::WayPlace place = diagram::PlaceOnWay(way, middle);
+    const diagram::RoutePlace place = diagram::PlaceOnRoute(route, middle);
     WriteHead(context, link, {link.ArrowMiddle(), link.ArrowSizeMiddle(), place.point, place.direction});
 }
 
@@ -203,8 +205,8 @@ void WriteLabel(ShapeContext &context, const Link &link) {
 } // namespace
 
 void WriteLink(ShapeContext &context, const Link &link) {
-    if (link.DrawStyle() != diagram::kTransparentLine && link.Way().size() >= 2) {
-        WriteWay(context, link);
+    if (link.DrawStyle() != diagram::kTransparentLine && link.Route().size() >= 2) {
+        WriteRoute(context, link);
         WriteHeads(context, link);
     }
     WriteLabel(context, link);

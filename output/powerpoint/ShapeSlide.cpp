@@ -21,10 +21,10 @@ void FindEnds(ShapeContext &context, const std::vector<Item *> &items) {
     for (Item *item : items) {
         if (item->Kind() != ItemKind::Link) continue;
         const auto &link = static_cast<const Link &>(*item);
-        const auto &way = link.Way();
-        if (way.size() < 2 || link.DrawStyle() == diagram::kTransparentLine) continue;
-        context.ends[&link.Source()].push_back(diagram::ToQPointF(way.front()));
-        context.ends[&link.Destination()].push_back(diagram::ToQPointF(way.back()));
+        const auto &route = link.Route();
+        if (route.size() < 2 || link.DrawStyle() == diagram::kTransparentLine) continue;
+        context.ends[&link.Source()].push_back(diagram::ToQPointF(route.front()));
+        context.ends[&link.Destination()].push_back(diagram::ToQPointF(route.back()));
     }
 }
 

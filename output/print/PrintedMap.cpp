@@ -14,7 +14,7 @@ namespace {
 
 diagram::LinkData Stored(const diagram::Link &link) {
     link.OwnBends(); // brings its values up to date
-    link.Way();
+    link.Route();
     return link.Data();
 }
 
@@ -39,7 +39,7 @@ std::unique_ptr<diagram::Surface> CopyOf(const diagram::Surface &surface) {
     for (const diagram::Node &node : surface.Nodes()) copy->Restore(node.Id(), node.Data());
     for (const auto &link : surface.Links()) copy->Restore(link->Id(), Stored(*link));
     CopyLook(surface, *copy);
-    copy->KeepWays();
+    copy->KeepRoutes();
     copy->SetLoading(false);
     copy->SetReplaying(false);
     return copy;

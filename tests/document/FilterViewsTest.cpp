@@ -1,4 +1,4 @@
-// Named views: keeping, ticking, and their way through a file.
+// Named views: keeping, ticking, and their route through a file.
 #include "document/FilterViews.h"
 
 #include "diagram/model/Surface.h"

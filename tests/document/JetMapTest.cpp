@@ -182,10 +182,10 @@ TEST_P(JetMapTest, LinksAndTheirPointsAreThoseOfTheFile) {
             if (point["LINK"] == row["KEY"])
                 expected[point["INDEX"].toInt()] = {static_cast<float>(point["X"].toDouble()),
                                                     static_cast<float>(point["Y"].toDouble())};
-        std::vector<diagram::Point> way;
-        for (const auto &[index, point] : expected) way.push_back(point);
-        EXPECT_TRUE(way.empty() || link.Way() == way) << row["KEY"].toString().toStdString();
-        EXPECT_GE(link.Way().size(), 2U);
+        std::vector<diagram::Point> route;
+        for (const auto &[index, point] : expected) route.push_back(point);
+        EXPECT_TRUE(route.empty() || link.Route() == route) << row["KEY"].toString().toStdString();
+        EXPECT_GE(link.Route().size(), 2U);
     }
 }
 

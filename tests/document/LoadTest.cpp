@@ -166,7 +166,7 @@ TEST_F(LoadTest, BendPointsStayWhereTheFileSays) {
                     point(2, 500, 60), point(0, 10, 20), point(1, 300, -40), point(3, 700, 80)}));
     const diagram::Link &link = *window->AddFlow1()[0].Links()[0];
     const std::vector<diagram::Point> expected{{10, 20}, {300, -40}, {500, 60}, {700, 80}};
-    EXPECT_EQ(link.Way(), expected);
+    EXPECT_EQ(link.Route(), expected);
     EXPECT_FALSE(link.AddPointsMode());
     EXPECT_FALSE(link.MovePointsMode());
 }
@@ -177,8 +177,8 @@ TEST_F(LoadTest, AGapInTheIndexesOfPointsIsFilledByRepeating) {
                                     InsertLink(QStringLiteral("l"), QStringLiteral("a"), QStringLiteral("b")),
                                     QStringLiteral("INSERT INTO [LinkPoints] VALUES (4, 'l', 7, 8)")}));
     const diagram::Link &link = *window->AddFlow1()[0].Links()[0];
-    ASSERT_EQ(link.Way().size(), 5U);
-    for (std::size_t i = 2; i < 5; ++i) EXPECT_EQ(link.Way()[i], (diagram::Point{7, 8}));
+    ASSERT_EQ(link.Route().size(), 5U);
+    for (std::size_t i = 2; i < 5; ++i) EXPECT_EQ(link.Route()[i], (diagram::Point{7, 8}));
 }
 
 TEST_F(LoadTest, LoadingIsNoStepOfUndoAndSelectsNothing) {

@@ -148,7 +148,7 @@ QString LinkText(const diagram::Link &l) {
           l.ArrowSizeMiddle(), l.DrawStyle(), l.JumpStyle(), l.ForeColor(), l.LineColor(), int(l.Hidden()),
           int(l.Selectable()), int(l.Marked()), int(l.Oriented()), l.Zorder()})
         parts.append(QString::number(value));
-    for (const diagram::Point &point : l.Way())
+    for (const diagram::Point &point : l.Route())
         parts.append(
             QStringLiteral("(%1 %2)").arg(double(point.x), 0, 'g', 9).arg(double(point.y), 0, 'g', 9));
     return parts.join(QLatin1Char(';'));

@@ -150,7 +150,7 @@ TEST_F(RepairTest, WhatHangsLooseStandsOnASliceOfItsOwn) {
     EXPECT_EQ(loose.Links()[0]->Text(), "label");
     EXPECT_EQ(loose.Links()[0]->Source().Text(), "from");
     EXPECT_EQ(loose.Links()[0]->Destination().Text(), "The node none, which is missing");
-    EXPECT_EQ(loose.Links()[2]->Way().size(), 3U);
+    EXPECT_EQ(loose.Links()[2]->Route().size(), 3U);
     EXPECT_EQ(window->AddFlow1()[4].Links().size(), 1U)
         << "a link whose nodes stand on one other slice goes there";
     clsfrmMain &settings = window->clsSettings();

@@ -33,12 +33,12 @@ protected:
     static bool HasTable(const QString &path) {
         return storage::TableExistsDB(storage::OpenDatabase(path), NameOf(schema::kRoutedLinks));
     }
-    // Two ways that have been nudged apart, so that the router alone would choose others.
+    // Two routes that have been nudged apart, so that the router alone would choose others.
     void AddNudged() {
         in = &Join(b, a);
         out = &Join(a, c);
-        ASSERT_NE(in->Way().back().y, a.Bounds().center().y());
-        ASSERT_NE(out->Way().front().y, a.Bounds().center().y());
+        ASSERT_NE(in->Route().back().y, a.Bounds().center().y());
+        ASSERT_NE(out->Route().front().y, a.Bounds().center().y());
     }
     static std::vector<bool> Own(MapWindow &of) {
         std::vector<bool> own;
@@ -62,8 +62,8 @@ TEST_F(RoutedRowsTest, WaysThatWereNudgedComeBackAsTheRouters) {
     const auto read = Loaded(path);
     const auto &links = read->AddFlow1()[0].Links();
     ASSERT_EQ(links.size(), 2U);
-    EXPECT_EQ(links[0]->Way(), in->Way());
-    EXPECT_EQ(links[1]->Way(), out->Way());
+    EXPECT_EQ(links[0]->Route(), in->Route());
+    EXPECT_EQ(links[1]->Route(), out->Route());
     EXPECT_EQ(Own(*read), (std::vector<bool>{false, false}));
     Run(path, QStringLiteral("DELETE FROM [RoutedLinks]"));
     EXPECT_EQ(Own(*Loaded(path)), (std::vector<bool>{true, true})) << "nothing else tells";
@@ -78,11 +78,11 @@ TEST_F(RoutedRowsTest, ASecondSaveKeepsThem) {
 
 TEST_F(RoutedRowsTest, BendsOfTheUserStayTheUsers) {
     AddNudged();
-    in->Points().SetItem(1, {in->Way()[1].x + 300, in->Way()[1].y});
-    const auto kept = in->Way();
+    in->Points().SetItem(1, {in->Route()[1].x + 300, in->Route()[1].y});
+    const auto kept = in->Route();
     const auto read = Loaded(Saved());
     EXPECT_EQ(Own(*read), (std::vector<bool>{true, false}));
-    EXPECT_EQ(read->AddFlow1()[0].Links()[0]->Way(), kept);
+    EXPECT_EQ(read->AddFlow1()[0].Links()[0]->Route(), kept);
 }
 
 TEST_F(RoutedRowsTest, PointsThatSomebodyElseHasWrittenAreJudgedAsEver) {
@@ -118,10 +118,10 @@ TEST_F(RoutedRowsTest, ATableOfThatNameFromElsewhereIsPassedOver) {
     EXPECT_EQ(Own(*Loaded(path)), (std::vector<bool>{true, true}));
 }
 
-TEST_F(RoutedRowsTest, SumsTellWaysApart) {
-    const std::vector<diagram::Point> way{{1, 2}, {3, 4}}, back{{3, 4}, {1, 2}},
+TEST_F(RoutedRowsTest, SumsTellRoutesApart) {
+    const std::vector<diagram::Point> route{{1, 2}, {3, 4}}, back{{3, 4}, {1, 2}},
         longer{{1, 2}, {3, 4}, {0, 0}};
-    EXPECT_EQ(SumOf(way), SumOf(std::vector<diagram::Point>(way)));
-    EXPECT_NE(SumOf(way), SumOf(back));
-    EXPECT_NE(SumOf(way), SumOf(longer));
+    EXPECT_EQ(SumOf(route), SumOf(std::vector<diagram::Point>(route)));
+    EXPECT_NE(SumOf(route), SumOf(back));
+    EXPECT_NE(SumOf(route), SumOf(longer));
 }

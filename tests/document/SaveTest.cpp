@@ -214,7 +214,7 @@ TEST_F(SaveTest, ALinkIsWrittenOnceWithANewKeyEachTime) {
     EXPECT_EQ(Count(path, "Links"), 2);
     EXPECT_EQ(
         Cell(path, QStringLiteral("SELECT MAX([Index]) FROM [LinkPoints] WHERE [Link]='%1'").arg(link.Key())),
-        int(link.Way().size()) - 1);
+        int(link.Route().size()) - 1);
 }
 
 TEST_F(SaveTest, ApostrophesComeBackEverywhere) {

@@ -62,7 +62,7 @@ void TryImport(support::Desktop &desktop, const QString &path) {
         Require(surface.Nodes().Count() == 1 && surface.Links().empty());
         return;
     }
-    for (const auto &link : surface.Links()) Require(link->Way().size() >= 2);
+    for (const auto &link : surface.Links()) Require(link->Route().size() >= 2);
     surface.Undo();
     Require(surface.Nodes().Count() == 1 && surface.Links().empty());
 }

@@ -262,7 +262,7 @@ TEST_F(Strips, EscapeGivesTheDragUp) {
 TEST_F(Strips, TheLinkGoesWithItsNode) {
     diagram::Link &link = node.Links().Item(1);
     const auto touches = [&] {
-        const diagram::Point start = link.Way().front();
+        const diagram::Point start = link.Route().front();
         return node.Bounds().adjusted(-1, -1, 1, 1).contains(diagram::ToQPointF(start));
     };
     Drag(window, node.Bounds().center() + QPointF(150, 150), QPointF(6000, 6000));
@@ -336,7 +336,7 @@ TEST_F(Strips, LinksEndOnTheirDaysSlotAtEveryZoom) {
         surface.SetxZoom(zoom);
         surface.SetyZoom(zoom);
         ProcessEvents();
-        EXPECT_EQ(diagram::ToQPointF(link.Way().back()), QPointF(day.center().x(), day.bottom())) << zoom;
+        EXPECT_EQ(diagram::ToQPointF(link.Route().back()), QPointF(day.center().x(), day.bottom())) << zoom;
     }
 }
 

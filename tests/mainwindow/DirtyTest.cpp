@@ -109,7 +109,7 @@ const std::vector<Deeds::Row> &Deeds::Rows() {
          [](Deeds &t, frmMain &w) {
              t.Click(w, {4500, 750});
              t.Drag(w, {4500, 750}, {4500, 2400});
-             ASSERT_EQ(t.link->Way().size(), 3U);
+             ASSERT_EQ(t.link->Route().size(), 3U);
          }},
         {"format buttons", true,
          [](Deeds &t, frmMain &w) {

@@ -146,33 +146,33 @@ void Resize(Reader &r) {
 
 void Bend(Reader &r) {
     diagram::Link &link = BendByTheMiddle(r);
-    const QPointF bend = diagram::ToQPointF(link.Way()[1]);
+    const QPointF bend = diagram::ToQPointF(link.Route()[1]);
     r.Stroke({bend, bend + QPointF(600, 600)});
-    ASSERT_EQ(link.Way().size(), 3U);
-    EXPECT_NE(diagram::ToQPointF(link.Way()[1]), bend);
-    r.DoubleClick(diagram::ToQPointF(link.Way()[1]));
-    EXPECT_EQ(link.Way().size(), 2U);
+    ASSERT_EQ(link.Route().size(), 3U);
+    EXPECT_NE(diagram::ToQPointF(link.Route()[1]), bend);
+    r.DoubleClick(diagram::ToQPointF(link.Route()[1]));
+    EXPECT_EQ(link.Route().size(), 2U);
     diagram::Link &level = r.Join(*r.a, *r.c);
     level.Owner().BeginAction(0);
     level.SetStyle(5); // level, upright, level
     level.Owner().EndAction();
     r.ProcessEvents();
-    const std::vector<diagram::Point> way = level.Way();
+    const std::vector<diagram::Point> way = level.Route();
     const QPointF middle = Reader::Half(level, 1);
     r.Click(middle);
     r.Stroke({middle, middle + QPointF(-600, 0)});
-    ASSERT_NE(level.Way(), way);
-    EXPECT_EQ(level.Way()[1].x, level.Way()[2].x);
+    ASSERT_NE(level.Route(), way);
+    EXPECT_EQ(level.Route()[1].x, level.Route()[2].x);
     EXPECT_TRUE(level.OwnBends());
-    r.DoubleClick(diagram::ToQPointF(level.Way()[1]));
+    r.DoubleClick(diagram::ToQPointF(level.Route()[1]));
     EXPECT_FALSE(level.OwnBends());
-    EXPECT_EQ(level.Way(), way);
+    EXPECT_EQ(level.Route(), way);
 }
 
 void JoinElsewhere(Reader &r) {
     diagram::Link &link = r.Join(*r.a, *r.b);
     r.Click(Reader::Half(link));
-    r.Stroke({diagram::ToQPointF(link.Way().back()), r.c->Bounds().center()});
+    r.Stroke({diagram::ToQPointF(link.Route().back()), r.c->Bounds().center()});
     EXPECT_EQ(&link.Destination(), r.c);
 }
 

@@ -180,7 +180,7 @@ void BendByKeys(Reader &r) {
     r.Press("Shift+Down");
     r.Press("Shift+Down");
     r.Press("Return");
-    EXPECT_EQ(link.Way().size(), 3U);
+    EXPECT_EQ(link.Route().size(), 3U);
 }
 
 constexpr ToldStep kKeyboard[] = {

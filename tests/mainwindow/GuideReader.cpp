@@ -144,7 +144,7 @@ QPointF Reader::Start(const diagram::Node &node) {
 }
 
 QPointF Reader::Half(const diagram::Link &link, std::size_t segment) {
-    return (diagram::ToQPointF(link.Way()[segment]) + diagram::ToQPointF(link.Way()[segment + 1])) / 2;
+    return (diagram::ToQPointF(link.Route()[segment]) + diagram::ToQPointF(link.Route()[segment + 1])) / 2;
 }
 
 QImage Reader::Seen() {

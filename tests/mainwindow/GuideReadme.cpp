@@ -70,7 +70,7 @@ diagram::Link &BendByTheMiddle(Reader &r) {
     r.Click(middle);
     EXPECT_TRUE(link.Selected());
     r.Stroke({middle, middle + QPointF(0, 1200)});
-    EXPECT_EQ(link.Way().size(), 3U);
+    EXPECT_EQ(link.Route().size(), 3U);
     return link;
 }
 

@@ -198,6 +198,19 @@ TEST_F(Layout, NodesAreSeenOnTheirWayOnceTheStepIsOver) {
     window.CurrentView().setStyle(nullptr);
 }
 
+TEST_F(Layout, ThePageFollowsWhereNothingOfItIsSeenAnyMore) {
+    for (const char *key : {"mnuLayoutHExecute", "mnuLayoutTreeExecute", "mnuLayoutCircular"}) {
+        diagram::SurfaceView &view = window.CurrentView();
+        const auto isSeen = [&](const diagram::Node &node) {
+            return view.viewport()->rect().contains(view.FromSurface(node.Bounds().center()).toPoint());
+        };
+        view.EnsureVisible(QRectF(60000, 30000, 300, 300));
+        ASSERT_FALSE(isSeen(top));
+        Run(key);
+        EXPECT_TRUE(isSeen(top) || isSeen(left)) << key;
+    }
+}
+
 TEST_F(Layout, LayoutsLeaveTheMapUnmarked) {
     window.clsSettings().Dirty = false;
     Run("mnuLayoutHExecute");

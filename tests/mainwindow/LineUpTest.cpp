@@ -197,7 +197,7 @@ TEST_F(AtDates, WhileItIsDraggedTheDayIsShownAndEscapeLeavesEverything) {
 TEST_F(AtDates, WhileItIsDraggedItsLinkStaysStraightAndEndsAtTheStrip) {
     keep.trigger();
     diagram::Link &link = **node.Links().begin();
-    const float strip = link.Way().back().y;
+    const float strip = link.Route().back().y;
     ASSERT_FALSE(link.Selectable());
     QWidget *viewport = window.CurrentView().viewport();
     const QPoint start = PixelOf(window, node.Bounds().center());
@@ -206,14 +206,14 @@ TEST_F(AtDates, WhileItIsDraggedItsLinkStaysStraightAndEndsAtTheStrip) {
         QMouseEvent move(QEvent::MouseMove, at, viewport->mapToGlobal(at), Qt::NoButton, Qt::LeftButton, {});
         QApplication::sendEvent(viewport, &move);
     }
-    EXPECT_NEAR(link.Way().back().x, Centre(node), 1);
-    EXPECT_EQ(link.Way().back().y, strip);
-    EXPECT_EQ(link.Way().front().x, link.Way().back().x);
-    EXPECT_EQ(link.Way().front().y, node.Top());
+    EXPECT_NEAR(link.Route().back().x, Centre(node), 1);
+    EXPECT_EQ(link.Route().back().y, strip);
+    EXPECT_EQ(link.Route().front().x, link.Route().back().x);
+    EXPECT_EQ(link.Route().front().y, node.Top());
     Press(window, QStringLiteral("Esc"));
     QTest::mouseRelease(viewport, Qt::LeftButton, {}, start);
-    EXPECT_NEAR(link.Way().back().x, Centre(node), 1);
-    EXPECT_EQ(link.Way().back().y, strip);
+    EXPECT_NEAR(link.Route().back().x, Centre(node), 1);
+    EXPECT_EQ(link.Route().back().y, strip);
 }
 
 TEST_F(AtDates, ArrowKeysGoByDaysAlongTheStripAndByPixelsAcrossIt) {

@@ -40,7 +40,7 @@ struct GrowingPages : WindowTest {
         ProcessEvents();
     }
     const diagram::Node &Month() { return *timeline::LocateTimelineNodes(Surface()).front(); }
-    QPointF EndOfDateLink() { return ToQPointF(Surface().Links().front()->Way().back()); }
+    QPointF EndOfDateLink() { return ToQPointF(Surface().Links().front()->Route().back()); }
 
     // From its top, by so many twips.
     void DragNode(const diagram::Node &dragged, const QPointF &by) {

@@ -121,7 +121,7 @@ TEST_F(Timeline, MovingAdjustsTheLinksOfEverySelectedNodeByTheArrangementOfTheSl
     diagram::Node &b = AddNode(window, 3000, 300, QStringLiteral("b"));
     diagram::Node &c = AddNode(window, 6000, 300, QStringLiteral("c"));
     diagram::Link *links[] = {&Date(window, a, 9000, 7500), &Date(window, b, 9000, 9000)};
-    const std::vector<diagram::Point> unmoved = Date(window, c, 9000, 12000).Way();
+    const std::vector<diagram::Point> unmoved = Date(window, c, 9000, 12000).Route();
     a.SetSelected(true);
     b.SetSelected(true);
     const std::pair<const char *, bool> arrangements[] = {
@@ -133,13 +133,13 @@ TEST_F(Timeline, MovingAdjustsTheLinksOfEverySelectedNodeByTheArrangementOfTheSl
         Press(window, QStringLiteral("Right"));
         for (const diagram::Link *link : links) {
             const QRectF day = link->Destination().Bounds();
-            const diagram::Point end = link->Way().back();
+            const diagram::Point end = link->Route().back();
             const QPointF edge =
                 horizontal ? QPointF(day.center().x(), day.top()) : QPointF(day.left(), day.center().y());
             EXPECT_EQ(diagram::ToQPointF(end), edge) << align;
         }
     }
-    EXPECT_EQ(c.Links().Item(1).Way(), unmoved);
+    EXPECT_EQ(c.Links().Item(1).Route(), unmoved);
 }
 
 TEST_F(Timeline, AMonthIsNeverSelectedAndSoLeftAloneByEveryCommand) {
@@ -183,18 +183,18 @@ protected:
     void Resize(const std::function<void()> &how) {
         timeline::AdjustLinks(node, true);
         const QRectF box = node.Bounds();
-        const std::vector<diagram::Point> way = link.Way();
+        const std::vector<diagram::Point> way = link.Route();
         how();
         ASSERT_NE(node.Bounds(), box);
-        EXPECT_EQ(link.Way().back(), (diagram::Point{9075, 7500}));
+        EXPECT_EQ(link.Route().back(), (diagram::Point{9075, 7500}));
         const QPointF end =
-            diagram::OutlineCrossing(node.Shape(), 0, node.Bounds(), diagram::ToQPointF(link.Way()[1]));
-        EXPECT_NEAR(link.Way().front().x, end.x(), 1);
-        EXPECT_NEAR(link.Way().front().y, end.y(), 1);
-        EXPECT_NE(link.Way().front(), way.front());
+            diagram::OutlineCrossing(node.Shape(), 0, node.Bounds(), diagram::ToQPointF(link.Route()[1]));
+        EXPECT_NEAR(link.Route().front().x, end.x(), 1);
+        EXPECT_NEAR(link.Route().front().y, end.y(), 1);
+        EXPECT_NE(link.Route().front(), way.front());
         Press(window, QStringLiteral("Ctrl+Z"));
         EXPECT_EQ(node.Bounds(), box);
-        EXPECT_EQ(link.Way(), way);
+        EXPECT_EQ(link.Route(), way);
     }
     frmMain &window = NewWindow();
     diagram::Node &node = AddNode(window, 300, 300, QStringLiteral("short"));
@@ -212,7 +212,7 @@ TEST_F(Dated, WhileItIsResizedTheEndOfItsLinkStaysWithIt) {
     node.SetSelected(true);
     timeline::AdjustLinks(node, true);
     ProcessEvents();
-    const double gap = node.Bounds().bottom() - link.Way().front().y;
+    const double gap = node.Bounds().bottom() - link.Route().front().y;
     QWidget *viewport = window.CurrentView().viewport();
     const QPoint corner = PixelOf(window, node.Bounds().bottomRight());
     QTest::mousePress(viewport, Qt::LeftButton, {}, corner);
@@ -221,10 +221,10 @@ TEST_F(Dated, WhileItIsResizedTheEndOfItsLinkStaysWithIt) {
                      Qt::NoModifier);
     QApplication::sendEvent(viewport, &move);
     ASSERT_GT(node.Height(), 2000);
-    EXPECT_NEAR(node.Bounds().bottom() - link.Way().front().y, gap * node.Height() / 900, 20);
+    EXPECT_NEAR(node.Bounds().bottom() - link.Route().front().y, gap * node.Height() / 900, 20);
     Press(window, QStringLiteral("Esc"));
     QTest::mouseRelease(viewport, Qt::LeftButton, {}, to);
-    EXPECT_NEAR(node.Bounds().bottom() - link.Way().front().y, gap, 1);
+    EXPECT_NEAR(node.Bounds().bottom() - link.Route().front().y, gap, 1);
 }
 
 TEST_F(Dated, WhatEverChangesTheSizeOfItsTextTakesTheEndOfItsLinkAlong) {
@@ -252,13 +252,13 @@ TEST_F(Timeline, ADraggedNodeTakesTheEndOfItsTimelineLinkAlongInOneStep) {
     document::SetTag(window.CurrentSurface(), document::tags::kTimelineAlign, QStringLiteral("4"));
     diagram::Node &node = AddNode(window, 300, 300);
     diagram::Link &link = Date(window, node, 9000, 7500);
-    const std::vector<diagram::Point> before = link.Way();
+    const std::vector<diagram::Point> before = link.Route();
     Drag(window, {400, 400}, {1900, 1900});
     ASSERT_FLOAT_EQ(node.Left(), 1800);
-    EXPECT_EQ(link.Way().back(), (diagram::Point{9075, 7500}));
+    EXPECT_EQ(link.Route().back(), (diagram::Point{9075, 7500}));
     Press(window, QStringLiteral("Ctrl+Z"));
     EXPECT_FLOAT_EQ(node.Left(), 300);
-    EXPECT_EQ(link.Way(), before);
+    EXPECT_EQ(link.Route(), before);
     EXPECT_FALSE(window.CurrentSurface().CanUndo());
 }
 

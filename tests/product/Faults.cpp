@@ -110,14 +110,14 @@ private:
                      .arg(QLatin1String(what), Name(link.Source()), Name(link.Destination()), Name(node)));
         };
         if (IsFrame(node)) {
-            if (Crosses(diagram::WayPieces(link), TextBox(node, renderer_.Measure()))) tell("the link");
+            if (Crosses(diagram::RoutePieces(link), TextBox(node, renderer_.Measure()))) tell("the link");
             return;
         }
         if (BoxOf(node).contains(BoxOf(link.Destination()))) return;
         if (!link.Text().isEmpty() &&
             scene_.LabelPlace(link, diagram::LabelSize(link, &renderer_.Measure())).intersects(box))
             tell("the text");
-        if (&link.Source() != &node && Crosses(diagram::WayPieces(link), box)) tell("the link");
+        if (&link.Source() != &node && Crosses(diagram::RoutePieces(link), box)) tell("the link");
     }
 
     diagram::Surface &surface_;

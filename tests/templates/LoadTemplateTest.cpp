@@ -111,10 +111,10 @@ TEST_F(LoadingTemplate, WaysOfLinksAreThoseThatWereSaved) {
     b.SetBounds(6000, 3000, 1500, 900);
     AddNode(QStringLiteral("between")).SetBounds(3000, 1500, 900, 900);
     const diagram::Link &link = a.Links().Add(b);
-    const auto way = link.Way();
+    const auto way = link.Route();
     Load(Saved());
     ASSERT_EQ(Target().Links().size(), 1u);
-    EXPECT_EQ(Target().Links().front()->Way(), way);
+    EXPECT_EQ(Target().Links().front()->Route(), way);
 }
 
 TEST_F(LoadingTemplate, WhatIsNoTemplateLeavesTheSliceAsItWas) {

@@ -74,9 +74,9 @@ TEST_F(Adjusting, ALinkThatLeavesADayHasItsFirstPointOnTheOtherNode) {
 TEST_F(Adjusting, OtherLinksStay) {
     diagram::Node &other = flow.Nodes().Add(3000, 0, 400, 400);
     diagram::Link &link = node.Links().Add(other);
-    const std::vector<diagram::Point> before = link.Way();
+    const std::vector<diagram::Point> before = link.Route();
     AdjustLinks(node, true);
-    EXPECT_EQ(link.Way(), before);
+    EXPECT_EQ(link.Route(), before);
     EXPECT_FALSE(link.MovePointsMode());
 }
 

@@ -113,7 +113,7 @@ TEST_F(FoldingTest, EveryDayOfAFoldHasItsMiddleForItsPlace) {
     EXPECT_EQ(PlaceOf(2005, 3, 31), QLineF(6425, 0, 6425, 500));
     const diagram::Node &day = *LocateTimelineNode(flow, QStringLiteral("20 February 2005"), false);
     EXPECT_EQ(day.Bounds(), At("February 2005").Bounds());
-    EXPECT_EQ(late.Links().Item(1).Way().back().x, 6425);
+    EXPECT_EQ(late.Links().Item(1).Route().back().x, 6425);
 }
 
 TEST_F(FoldingTest, PlacesWithinAFoldStandForItsDaysAndThoseBeyondForMonthsOfFullLength) {

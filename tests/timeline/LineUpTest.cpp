@@ -323,14 +323,14 @@ TEST_F(LiningUp, ALinkToADayGoesBelowABarThatHasGrownIntoItsWay) {
     Choose();
     diagram::Link &link = **node.Links().begin();
     ASSERT_FALSE(link.Selectable());
-    const diagram::Point day = link.Way().back();
+    const diagram::Point day = link.Route().back();
     ASSERT_GT(node.Top(), bar.Top() + bar.Height());
     ASSERT_GT(link.Zorder(), bar.ZOrder());
     SetEndOfNode(bar, QDate(2004, 3, 20));
     LineUp(window, flow, RowOrder::Keep, {&bar});
     ASSERT_TRUE(bar.Bounds().contains(day.x, bar.Bounds().center().y()));
     EXPECT_LT(link.Zorder(), bar.ZOrder());
-    EXPECT_EQ(link.Way().back(), day);
+    EXPECT_EQ(link.Route().back(), day);
 }
 
 TEST_F(LiningUp, UndoneAndDoneAgainEverythingIsAsItWas) {

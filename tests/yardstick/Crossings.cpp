@@ -43,18 +43,19 @@ bool IsIn(const QRectF &box, const QPointF &from, const QPointF &to) {
            cut(from.y(), to.y() - from.y(), box.top(), box.bottom());
 }
 
-bool LeadsThrough(const std::vector<QPointF> &way, const QRectF &box) {
-    for (std::size_t i = 1; i < way.size(); ++i)
-        if (IsIn(box, way[i - 1], way[i])) return true;
+bool LeadsThrough(const std::vector<QPointF> &route, const QRectF &box) {
+    for (std::size_t i = 1; i < route.size(); ++i)
+        if (IsIn(box, route[i - 1], route[i])) return true;
     return false;
 }
 
 } // namespace
 
-int CrossingsOf(const diagram::LayoutGraph &graph, const Ways &ways) {
+int CrossingsOf(const diagram::LayoutGraph &graph, const Ways &routes) {
     std::vector<Piece> pieces;
-    for (std::size_t i = 0; i < ways.size(); ++i)
-        for (std::size_t k = 1; k < ways[i].size(); ++k) pieces.push_back({ways[i][k - 1], ways[i][k], i});
+    for (std::size_t i = 0; i < routes.size(); ++i)
+        for (std::size_t k = 1; k < routes[i].size(); ++k)
+            pieces.push_back({routes[i][k - 1], routes[i][k], i});
     std::ranges::sort(pieces, {}, &Piece::Top);
     int crossings = 0;
     for (std::size_t i = 0; i < pieces.size(); ++i)
@@ -64,31 +65,31 @@ int CrossingsOf(const diagram::LayoutGraph &graph, const Ways &ways) {
     return crossings;
 }
 
-int BendsOf(const Ways &ways) {
+int BendsOf(const Ways &routes) {
     int bends = 0;
-    for (const auto &way : ways) bends += int(way.size()) - std::min(2, int(way.size()));
+    for (const auto &route : routes) bends += int(route.size()) - std::min(2, int(route.size()));
     return bends;
 }
 
-int MeetingsOf(const diagram::LayoutGraph &graph, const std::vector<QPointF> &centres, const Ways &ways) {
+int MeetingsOf(const diagram::LayoutGraph &graph, const std::vector<QPointF> &centres, const Ways &routes) {
     int meetings = 0;
-    for (std::size_t edge = 0; edge < ways.size(); ++edge)
+    for (std::size_t edge = 0; edge < routes.size(); ++edge)
         for (int box = 0; box < int(centres.size()); ++box)
             meetings += box != graph.edges[edge].from && box != graph.edges[edge].to &&
-                        LeadsThrough(ways[edge], diagram::BoxAround(centres[std::size_t(box)],
-                                                                    graph.sizes[std::size_t(box)]));
+                        LeadsThrough(routes[edge], diagram::BoxAround(centres[std::size_t(box)],
+                                                                      graph.sizes[std::size_t(box)]));
     return meetings;
 }
 
-Ways WaysOf(const diagram::LayoutGraph &graph, const diagram::LayeredDrawing &drawing) {
-    Ways ways = drawing.bends;
-    for (std::size_t i = 0; i < ways.size(); ++i) {
+Ways RoutesOf(const diagram::LayoutGraph &graph, const diagram::LayeredDrawing &drawing) {
+    Ways routes = drawing.bends;
+    for (std::size_t i = 0; i < routes.size(); ++i) {
         const LayoutEdge &edge = graph.edges[i];
-        ways[i].insert(ways[i].begin(), drawing.centres[std::size_t(edge.from)]);
-        ways[i].push_back(drawing.centres[std::size_t(edge.to)]);
-        if (edge.from == edge.to) ways[i].clear();
+        routes[i].insert(routes[i].begin(), drawing.centres[std::size_t(edge.from)]);
+        routes[i].push_back(drawing.centres[std::size_t(edge.to)]);
+        if (edge.from == edge.to) routes[i].clear();
     }
-    return ways;
+    return routes;
 }
 
 } // namespace yardstick

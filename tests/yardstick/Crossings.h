@@ -8,14 +8,14 @@ namespace yardstick {
 // Of each edge, as straight pieces from where it comes from on; none for an edge from a box to itself.
 using Ways = std::vector<std::vector<QPointF>>;
 
-Ways WaysOf(const diagram::LayoutGraph &graph, const diagram::LayeredDrawing &drawing);
+Ways RoutesOf(const diagram::LayoutGraph &graph, const diagram::LayeredDrawing &drawing);
 
 // Of links without a common node.
-int CrossingsOf(const diagram::LayoutGraph &graph, const Ways &ways);
+int CrossingsOf(const diagram::LayoutGraph &graph, const Ways &routes);
 
-int BendsOf(const Ways &ways);
+int BendsOf(const Ways &routes);
 
 // Of links with a box that is at neither of their ends.
-int MeetingsOf(const diagram::LayoutGraph &graph, const std::vector<QPointF> &centres, const Ways &ways);
+int MeetingsOf(const diagram::LayoutGraph &graph, const std::vector<QPointF> &centres, const Ways &routes);
 
 } // namespace yardstick

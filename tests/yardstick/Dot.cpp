@@ -48,23 +48,23 @@ QPointF At(const pointf &point) {
 }
 
 // A curve of the third degree as pieces, behind its first point.
-void AddCurve(const pointf *points, std::vector<QPointF> &way) {
+void AddCurve(const pointf *points, std::vector<QPointF> &route) {
     constexpr int kPieces = 8;
     for (int i = 1; i <= kPieces; ++i) {
         const double t = double(i) / kPieces, u = 1 - t;
-        way.push_back(At(points[0]) * (u * u * u) + At(points[1]) * (3 * u * u * t) +
-                      At(points[2]) * (3 * u * t * t) + At(points[3]) * (t * t * t));
+        route.push_back(At(points[0]) * (u * u * u) + At(points[1]) * (3 * u * u * t) +
+                        At(points[2]) * (3 * u * t * t) + At(points[3]) * (t * t * t));
     }
 }
 
-std::vector<QPointF> WayOf(Agedge_t *edge) {
-    std::vector<QPointF> way;
+std::vector<QPointF> RouteOf(Agedge_t *edge) {
+    std::vector<QPointF> route;
     const splines *curves = ED_spl(edge);
-    if (!curves || aghead(edge) == agtail(edge)) return way;
+    if (!curves || aghead(edge) == agtail(edge)) return route;
     const bezier &curve = curves->list[0];
-    way.push_back(At(curve.list[0]));
-    for (int i = 0; i + 3 < int(curve.size); i += 3) AddCurve(curve.list + i, way);
-    return way;
+    route.push_back(At(curve.list[0]));
+    for (int i = 0; i + 3 < int(curve.size); i += 3) AddCurve(curve.list + i, route);
+    return route;
 }
 
 // The engines alone: no other plug-in is looked for.
@@ -93,12 +93,12 @@ double TimeOfDot(const diagram::LayoutGraph &graph, const diagram::LayoutOptions
 
 namespace {
 
-std::vector<std::vector<QPointF>> WaysOf(Agraph_t *built, std::size_t edges) {
-    std::vector<std::vector<QPointF>> ways(edges);
+std::vector<std::vector<QPointF>> RoutesOf(Agraph_t *built, std::size_t edges) {
+    std::vector<std::vector<QPointF>> routes(edges);
     for (Agnode_t *node = agfstnode(built); node; node = agnxtnode(built, node))
         for (Agedge_t *edge = agfstout(built, node); edge; edge = agnxtout(built, edge))
-            ways[std::size_t(QByteArray(agnameof(edge)).toInt())] = WayOf(edge);
-    return ways;
+            routes[std::size_t(QByteArray(agnameof(edge)).toInt())] = RouteOf(edge);
+    return routes;
 }
 
 } // namespace
@@ -107,7 +107,7 @@ DotDrawing DrawByDot(const diagram::LayoutGraph &graph, const diagram::LayoutOpt
     GVC_t *context = MakeContext();
     Agraph_t *built = Build(graph, options, "spline");
     gvLayout(context, built, "dot");
-    DotDrawing drawing{std::vector<QPointF>(graph.sizes.size()), WaysOf(built, graph.edges.size())};
+    DotDrawing drawing{std::vector<QPointF>(graph.sizes.size()), RoutesOf(built, graph.edges.size())};
     for (Agnode_t *node = agfstnode(built); node; node = agnxtnode(built, node))
         drawing.centres[std::size_t(QByteArray(agnameof(node)).toInt())] = At(ND_coord(node));
     gvFreeLayout(context, built);
@@ -126,11 +126,11 @@ std::vector<std::vector<QPointF>> RouteByOrtho(const diagram::LayoutGraph &graph
         agsafeset(node, Text("pos"), Text(place.constData()), Text(""));
     }
     gvLayout(context, built, "nop2");
-    std::vector<std::vector<QPointF>> ways = WaysOf(built, graph.edges.size());
+    std::vector<std::vector<QPointF>> routes = RoutesOf(built, graph.edges.size());
     gvFreeLayout(context, built);
     agclose(built);
     gvFreeContext(context);
-    return ways;
+    return routes;
 }
 
 } // namespace yardstick

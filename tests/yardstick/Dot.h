@@ -9,7 +9,7 @@ namespace yardstick {
 struct DotDrawing {
     std::vector<QPointF> centres; // of the boxes
     // The edges as straight pieces, from where each comes from on. An edge from a box to itself has none.
-    std::vector<std::vector<QPointF>> ways;
+    std::vector<std::vector<QPointF>> routes;
 };
 // Downwards, whatever the options say.
 DotDrawing DrawByDot(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &options);
@@ -18,7 +18,7 @@ DotDrawing DrawByDot(const diagram::LayoutGraph &graph, const diagram::LayoutOpt
 // counts.
 double TimeOfDot(const diagram::LayoutGraph &graph, const diagram::LayoutOptions &options);
 
-// Ways of level and upright pieces between boxes that stay at their centres, by Graphviz's "ortho" splines:
+// Routes of level and upright pieces between boxes that stay at their centres, by Graphviz's "ortho" splines:
 // the yardstick of the router.
 std::vector<std::vector<QPointF>> RouteByOrtho(const diagram::LayoutGraph &graph);
 

@@ -16,7 +16,7 @@ struct Drawn {
     Node &AddNode(float left = 0, float top = 0) { return surface.Nodes().Add(left, top, 1000, 500); }
 };
 
-std::vector<Point> Bends(const Link &link) { return link.Way(); }
+std::vector<Point> Bends(const Link &link) { return link.Route(); }
 
 } // namespace
 
@@ -88,7 +88,7 @@ TEST_P(HistoryAtRandom, WritesOutsideOfGroupsHarmNeitherUndoNorRedo) {
             Fill(surface, dice, 4);
         }
         for (const auto &link : surface.Links()) {
-            ASSERT_GE(link->Way().size(), 2U);
+            ASSERT_GE(link->Route().size(), 2U);
             ASSERT_EQ(surface.FindNode(link->Data().source), &link->Source());
         }
         for (Node &node : surface.Nodes()) {
@@ -247,8 +247,8 @@ TEST(History, ALinkOfANodeMovedBackByUndoIsRoutedWhenItsPointsChangedSince) {
     }
     link.SetStyle(5); // outside of any group
     drawn.surface.Undo();
-    EXPECT_FLOAT_EQ(link.Way().back().y, b.Top() + b.Height() / 2);
-    EXPECT_EQ(link.Way().size(), 4U);
+    EXPECT_FLOAT_EQ(link.Route().back().y, b.Top() + b.Height() / 2);
+    EXPECT_EQ(link.Route().size(), 4U);
 }
 
 TEST(History, DeletedItemsComeBackWithIdentityAndPlace) {

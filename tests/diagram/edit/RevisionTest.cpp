@@ -136,7 +136,7 @@ TEST_F(RevisionTest, LinksThatGiveWayToWhatWasShownAgainAreNoDifference) {
         const Uncounted filter(surface);
         between.SetHidden(false);
     }
-    const std::vector<Point> way = link->Way();
+    const std::vector<Point> way = link->Route();
     surface.Recalculate();
     EXPECT_FALSE(Differs());
 }

@@ -313,7 +313,7 @@ TEST(Selection, TakesNodesAndTheLinksBetweenThem) {
     EXPECT_EQ(target.Links()[0]->Text(), QStringLiteral("in"));
     EXPECT_EQ(target.Nodes().Item(2).Left(), 950);
     EXPECT_EQ(target.Nodes().Item(2).Top(), 70);
-    EXPECT_EQ(target.Links()[0]->Way()[0].y, a.Links().Item(1).Way()[0].y + 70);
+    EXPECT_EQ(target.Links()[0]->Route()[0].y, a.Links().Item(1).Route()[0].y + 70);
 }
 
 TEST(Selection, PastedItemsComeOnTopSelectedAndAsOneStep) {

@@ -163,16 +163,16 @@ TEST(HitTest, ALinkIsHitBySegmentWithinTheTolerance) {
     Drawn drawn;
     Link &link = drawn.AddNode(0, 0).Links().Add(drawn.AddNode(8000, 4000));
     link.SetStyle(5);
-    const auto &way = link.Way();
-    const Hit hit = drawn.At(way[1].x + 40, 2500);
+    const auto &route = link.Route();
+    const Hit hit = drawn.At(route[1].x + 40, 2500);
     EXPECT_EQ(hit.kind, HitKind::Link);
     EXPECT_EQ(hit.link, &link);
     EXPECT_EQ(hit.index, 1);
-    EXPECT_EQ(drawn.At(way[1].x + 88, 2500).kind, HitKind::Link);
-    EXPECT_EQ(drawn.At(way[1].x + 95, 2500).kind, HitKind::Nothing);
-    EXPECT_EQ(LinkAtPoint(drawn.scene, way[1].x, 2500), &link);
-    EXPECT_EQ(LinkAtPoint(drawn.scene, way[1].x + 300, 2500), nullptr);
-    EXPECT_EQ(LinkAtPoint(drawn.scene, way[1].x + 300, 2500, 400), &link);
+    EXPECT_EQ(drawn.At(route[1].x + 88, 2500).kind, HitKind::Link);
+    EXPECT_EQ(drawn.At(route[1].x + 95, 2500).kind, HitKind::Nothing);
+    EXPECT_EQ(LinkAtPoint(drawn.scene, route[1].x, 2500), &link);
+    EXPECT_EQ(LinkAtPoint(drawn.scene, route[1].x + 300, 2500), nullptr);
+    EXPECT_EQ(LinkAtPoint(drawn.scene, route[1].x + 300, 2500, 400), &link);
 }
 
 TEST(HitTest, OfTwoLinksTheNearestIsHit) {
@@ -228,20 +228,20 @@ TEST(HitTest, ACurveIsHitOnItsLineAndNotBetweenItsPoints) {
     link.SetStyle(1);
     const QPointF on = drawn.scene.LinkPath(link).pointAtPercent(0.3);
     EXPECT_EQ(HitTest(drawn.scene, on).kind, HitKind::Link);
-    EXPECT_EQ(HitTest(drawn.scene, ToQPointF(link.Way()[1])).kind, HitKind::Nothing);
+    EXPECT_EQ(HitTest(drawn.scene, ToQPointF(link.Route()[1])).kind, HitKind::Nothing);
 }
 
 TEST(HitTest, BendsAndSegmentsOfASelectedLink) {
     Drawn drawn;
     Link &link = drawn.AddNode(0, 0).Links().Add(drawn.AddNode(8000, 4000));
     link.SetStyle(5);
-    const auto way = link.Way();
-    EXPECT_EQ(HitTest(drawn.scene, ToQPointF(way[1])).kind, HitKind::Link);
+    const auto route = link.Route();
+    EXPECT_EQ(HitTest(drawn.scene, ToQPointF(route[1])).kind, HitKind::Link);
     link.SetSelected(true);
-    const Hit bend = HitTest(drawn.scene, ToQPointF(way[1]));
+    const Hit bend = HitTest(drawn.scene, ToQPointF(route[1]));
     EXPECT_EQ(bend.kind, HitKind::Bend);
     EXPECT_EQ(bend.index, 1);
-    const Hit segment = HitTest(drawn.scene, (ToQPointF(way[1]) + ToQPointF(way[2])) / 2);
+    const Hit segment = HitTest(drawn.scene, (ToQPointF(route[1]) + ToQPointF(route[2])) / 2);
     EXPECT_EQ(segment.kind, HitKind::SegmentHandle);
     EXPECT_EQ(segment.index, 1);
 }

@@ -18,7 +18,7 @@ protected:
         link.SetStyle(kVHV);
     }
     void DragBend(int position, float dx, float dy) {
-        Point at = link.Way()[std::size_t(position)];
+        Point at = link.Route()[std::size_t(position)];
         link.Points().SetItem(position, {at.x + dx, at.y + dy});
     }
     Surface surface;
@@ -32,44 +32,44 @@ protected:
 TEST_F(EndsFollow, AnEndKeepsItsPlaceOnTheSideOfItsNode) {
     DragBend(1, 300, 400);
     ASSERT_TRUE(link.OwnBends());
-    const std::vector<Point> before = link.Way();
+    const std::vector<Point> before = link.Route();
     const HeldItems held({&a});
     for (const float far : {200.0F, 3000.0F, -2500.0F, 1200.0F}) { // all from where it was taken
         held.MoveBy(surface, {far, 150});
-        const std::vector<Point> &way = link.Way();
-        EXPECT_EQ(way[0].x, before[0].x + far);
-        EXPECT_EQ(way[0].y, before[0].y + 150);
-        EXPECT_EQ(way[1], (Point{before[1].x + far, before[1].y})) << "the lane that the hand chose stays";
-        EXPECT_EQ(way[2], before[2]);
-        EXPECT_EQ(way[3], before[3]);
+        const std::vector<Point> &route = link.Route();
+        EXPECT_EQ(route[0].x, before[0].x + far);
+        EXPECT_EQ(route[0].y, before[0].y + 150);
+        EXPECT_EQ(route[1], (Point{before[1].x + far, before[1].y})) << "the lane that the hand chose stays";
+        EXPECT_EQ(route[2], before[2]);
+        EXPECT_EQ(route[3], before[3]);
         EXPECT_TRUE(link.OwnBends());
     }
     held.Restore(surface);
-    EXPECT_EQ(link.Way(), before);
+    EXPECT_EQ(link.Route(), before);
 }
 
 TEST_F(EndsFollow, BendsBetweenTheEndsStay) {
     link.SetStyle(kHVHVH);
     DragBend(2, 200, 500);
-    const std::vector<Point> before = link.Way();
+    const std::vector<Point> before = link.Route();
     HeldItems({&b}).MoveBy(surface, {400, -2000});
-    const std::vector<Point> &way = link.Way();
-    for (int i = 0; i < 4; ++i) EXPECT_EQ(way[std::size_t(i)], before[std::size_t(i)]) << i;
-    EXPECT_EQ(way[5].y, before[5].y - 2000);
-    EXPECT_EQ(way[4].y, before[4].y - 2000);
+    const std::vector<Point> &route = link.Route();
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(route[std::size_t(i)], before[std::size_t(i)]) << i;
+    EXPECT_EQ(route[5].y, before[5].y - 2000);
+    EXPECT_EQ(route[4].y, before[4].y - 2000);
 }
 
 TEST_F(EndsFollow, TheWholeIsOneStepOfUndo) {
     DragBend(1, 300, 400);
-    const std::vector<Point> before = link.Way();
+    const std::vector<Point> before = link.Route();
     {
         const ActionGroup group(surface);
         HeldItems({&a}).MoveBy(surface, {2000, 0});
     }
-    const std::vector<Point> after = link.Way();
+    const std::vector<Point> after = link.Route();
     EXPECT_EQ(after[0].x, before[0].x + 2000);
     surface.Undo();
-    EXPECT_EQ(link.Way(), before);
+    EXPECT_EQ(link.Route(), before);
     surface.Redo();
-    EXPECT_EQ(link.Way(), after);
+    EXPECT_EQ(link.Route(), after);
 }

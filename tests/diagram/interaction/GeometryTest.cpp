@@ -53,32 +53,32 @@ TEST(SnapValue, GoesToTheNearestLine) {
 }
 
 TEST(BendDragged, LeavesTheEnds) {
-    const std::vector<Point> way{{0, 0}, {100, 0}, {100, 100}};
-    EXPECT_EQ(BendDragged(way, 0, QPointF(5, 5), 0), way);
-    EXPECT_EQ(BendDragged(way, 2, QPointF(5, 5), 0), way);
-    EXPECT_EQ(BendDragged(way, 7, QPointF(5, 5), 0), way);
-    EXPECT_EQ(BendDragged(way, 1, QPointF(5, 6), 0), (std::vector<Point>{{0, 0}, {5, 6}, {100, 100}}));
+    const std::vector<Point> route{{0, 0}, {100, 0}, {100, 100}};
+    EXPECT_EQ(BendDragged(route, 0, QPointF(5, 5), 0), route);
+    EXPECT_EQ(BendDragged(route, 2, QPointF(5, 5), 0), route);
+    EXPECT_EQ(BendDragged(route, 7, QPointF(5, 5), 0), route);
+    EXPECT_EQ(BendDragged(route, 1, QPointF(5, 6), 0), (std::vector<Point>{{0, 0}, {5, 6}, {100, 100}}));
 }
 
 TEST(SegmentDragged, MakesABendOfAFreeStyle) {
-    const std::vector<Point> way{{0, 0}, {100, 0}};
+    const std::vector<Point> route{{0, 0}, {100, 0}};
     const std::vector<Point> bent{{0, 0}, {50, 40}, {100, 0}};
-    EXPECT_EQ(SegmentDragged(way, 0, QPointF(50, 40), 0), bent);
-    EXPECT_EQ(SegmentDragged(way, 0, QPointF(50, 40), 14), bent);
-    EXPECT_EQ(SegmentDragged(way, 1, QPointF(50, 40), 0), way);
+    EXPECT_EQ(SegmentDragged(route, 0, QPointF(50, 40), 0), bent);
+    EXPECT_EQ(SegmentDragged(route, 0, QPointF(50, 40), 14), bent);
+    EXPECT_EQ(SegmentDragged(route, 1, QPointF(50, 40), 0), route);
 }
 
 TEST(SegmentDragged, ShiftsAnOrthogonalSegmentAcrossItsDirection) {
-    const std::vector<Point> way{{0, 0}, {50, 0}, {50, 100}, {200, 100}}; // H V H
-    EXPECT_EQ(SegmentDragged(way, 1, QPointF(80, 33), 5),
+    const std::vector<Point> route{{0, 0}, {50, 0}, {50, 100}, {200, 100}}; // H V H
+    EXPECT_EQ(SegmentDragged(route, 1, QPointF(80, 33), 5),
               (std::vector<Point>{{0, 0}, {80, 0}, {80, 100}, {200, 100}}));
 }
 
 TEST(SegmentDragged, MovesAControlPointOfABezier) {
-    const std::vector<Point> way{{0, 0}, {10, 0}, {20, 0}, {30, 0}};
-    EXPECT_EQ(SegmentDragged(way, 0, QPointF(5, 9), 1),
+    const std::vector<Point> route{{0, 0}, {10, 0}, {20, 0}, {30, 0}};
+    EXPECT_EQ(SegmentDragged(route, 0, QPointF(5, 9), 1),
               (std::vector<Point>{{0, 0}, {5, 9}, {20, 0}, {30, 0}}));
-    EXPECT_EQ(SegmentDragged(way, 2, QPointF(5, 9), 1),
+    EXPECT_EQ(SegmentDragged(route, 2, QPointF(5, 9), 1),
               (std::vector<Point>{{0, 0}, {10, 0}, {5, 9}, {30, 0}}));
 }
 

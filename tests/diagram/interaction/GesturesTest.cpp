@@ -95,15 +95,15 @@ TEST_F(Gestures, Panning_MovesTheViewAgainstThePointer) {
 
 TEST_F(Gestures, ADragOfANode_MovesItByTheWholeDistance) {
     Link &link = AddLink(a, b);
-    const std::vector<Point> way = link.Way();
+    const std::vector<Point> route = link.Route();
     Press(Body(a)).Move(Body(a) + QPointF(120, 33)).Release();
     EXPECT_EQ(Box(a), QRectF(170, 133, 100, 60));
     EXPECT_EQ(Box(b), QRectF(350, 100, 100, 60));
-    EXPECT_NE(link.Way(), way);
+    EXPECT_NE(link.Route(), route);
     EXPECT_EQ(Count("AfterMove"), 1);
     surface.Undo();
     EXPECT_EQ(Box(a), QRectF(50, 100, 100, 60));
-    EXPECT_EQ(link.Way(), way);
+    EXPECT_EQ(link.Route(), route);
 }
 
 TEST_F(Gestures, ADragOfASelectedNode_TakesTheOthersAlong) {
@@ -215,7 +215,7 @@ TEST_F(Gestures, AnOfferThatIsLeft_LeavesNoTraceAndSaysWhy) {
 TEST_F(Gestures, ADragOfALinksEnd_JoinsAnotherNode) {
     Link &link = AddLink(a, b);
     link.SetSelected(true);
-    Press(ToQPointF(link.Way().back()) / 15).Move(Middle(c)).Release();
+    Press(ToQPointF(link.Route().back()) / 15).Move(Middle(c)).Release();
     EXPECT_EQ(&link.Destination(), &c);
     EXPECT_EQ(Count("AfterStretch"), 1);
     EXPECT_EQ(UndoSteps(), 1);
@@ -226,7 +226,7 @@ TEST_F(Gestures, ALinksEndGivenUp_LeavesNoTrace) {
     Link &link = AddLink(a, b);
     link.SetSelected(true);
     Mark();
-    Press(ToQPointF(link.Way().back()) / 15).Move(Middle(c)).Escape();
+    Press(ToQPointF(link.Route().back()) / 15).Move(Middle(c)).Escape();
     ExpectNoTrace();
 }
 
@@ -235,11 +235,11 @@ TEST_F(Gestures, ADragOfALink_BendsItAndADragOfTheBendMovesIt) {
     link.SetStyle(0);
     const QPointF middle(250, 130);
     Press(middle).Move({250, 230}).Release();
-    ASSERT_EQ(link.Way().size(), 3U);
-    EXPECT_EQ(link.Way()[1], (Point{250 * 15, 230 * 15}));
+    ASSERT_EQ(link.Route().size(), 3U);
+    EXPECT_EQ(link.Route()[1], (Point{250 * 15, 230 * 15}));
     EXPECT_EQ(Count("AfterStretch"), 1);
     Press({250, 230}).Move({250, 400}).Release();
-    EXPECT_EQ(link.Way()[1], (Point{250 * 15, 400 * 15}));
+    EXPECT_EQ(link.Route()[1], (Point{250 * 15, 400 * 15}));
     EXPECT_EQ(Count("AfterStretch"), 2);
 }
 
@@ -248,7 +248,7 @@ TEST_F(Gestures, BendingGivenUp_LeavesNoTrace) {
     link.SetStyle(0);
     Mark();
     Press({250, 130}).Move({250, 230});
-    EXPECT_EQ(link.Way().size(), 3U);
+    EXPECT_EQ(link.Route().size(), 3U);
     Escape();
     ExpectNoTrace();
 }
@@ -286,8 +286,8 @@ TEST_F(Gestures, KeysBendALink) {
     EXPECT_FALSE(stage.shown.empty());
     for (int i = 0; i < 4; ++i) Key(Qt::Key_Down);
     Key(Qt::Key_Return);
-    ASSERT_EQ(link.Way().size(), 3U);
-    EXPECT_EQ(link.Way()[1].y, 134 * 15);
+    ASSERT_EQ(link.Route().size(), 3U);
+    EXPECT_EQ(link.Route()[1].y, 134 * 15);
     EXPECT_EQ(UndoSteps(), 1);
 }
 

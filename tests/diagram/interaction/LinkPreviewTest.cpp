@@ -48,7 +48,7 @@ protected:
         return overlay.line;
     }
 
-    // On the same sides of the same nodes, with no more bends; a way that isn't nudged is the same.
+    // On the same sides of the same nodes, with no more bends; a route that isn't nudged is the same.
     static void ExpectNearly(const QPainterPath &shown, const QPainterPath &line, const Link &link) {
         const LinkStyleRow *row = FindLinkStyle(link.Style());
         if (!row || row->form != LinkForm::Orthogonal) {

@@ -78,7 +78,7 @@ TEST(LiesInside, CountsOnlyWhatLiesWholeInside) {
     const QRectF area(0, 0, 1000, 1000);
     EXPECT_TRUE(LiesInside(a, area) && LiesInside(b, area) && LiesInside(inside, area));
     EXPECT_FALSE(LiesInside(c, area));
-    EXPECT_EQ(LiesInside(across, area), area.contains(ToQPointF(across.Way().back())));
+    EXPECT_EQ(LiesInside(across, area), area.contains(ToQPointF(across.Route().back())));
 }
 
 TEST(ChangeSelection, RaisesAfterSelectOnlyForADifference) {

@@ -57,11 +57,11 @@ TEST_F(SideStyle, StraightLinkThatLeavesThereAnyway_StaysStraight) {
 TEST_F(SideStyle, LinkThatWouldLeaveElsewhere_KeepsToTheSideWithTheFewestBends) {
     Link &level = Pull(kRight, Add(9000, 12000));
     EXPECT_EQ(level.Style(), 3); // level, upright
-    EXPECT_EQ(level.Way()[0].x, 7500);
+    EXPECT_EQ(level.Route()[0].x, 7500);
     EXPECT_EQ(shown, scene.LinkPath(level)) << "what was shown is what comes";
     Link &upright = Pull(kBottom, Add(12000, 8500));
     EXPECT_EQ(upright.Style(), 2);
-    EXPECT_EQ(upright.Way()[0].y, 6900);
+    EXPECT_EQ(upright.Route()[0].y, 6900);
 }
 
 TEST_F(SideStyle, WhereAnotherNodeIsInTheWay_MoreBendsGoRoundIt) {
@@ -69,7 +69,7 @@ TEST_F(SideStyle, WhereAnotherNodeIsInTheWay_MoreBendsGoRoundIt) {
     Add(9000, 9000);
     Link &link = Pull(kRight, target);
     EXPECT_EQ(link.Style(), 5); // level, upright, level
-    EXPECT_EQ(link.Way()[0].x, 7500);
+    EXPECT_EQ(link.Route()[0].x, 7500);
 }
 
 TEST_F(SideStyle, ASideThatIsntFree_IsGivenUp) {
@@ -85,10 +85,10 @@ TEST_F(SideStyle, Loop_HasTheUsualStyle) {
 
 TEST_F(SideStyle, LinksThatAreThere_StayAsTheyAre) {
     Link &other = a.Links().Add(Add(9000, 12000));
-    const std::vector<Point> way = other.Way();
+    const std::vector<Point> route = other.Route();
     Pull(kRight, Add(12000, 12000));
     EXPECT_EQ(other.Style(), 0);
-    EXPECT_EQ(other.Way(), way);
+    EXPECT_EQ(other.Route(), route);
 }
 
 TEST_F(SideStyle, StyleAndLink_AreOneStep) {

@@ -56,8 +56,8 @@ TEST(LayeredClusters, NoClusterLiesOnAnotherAndNoLinkLeadsThroughABox) {
         const LayeredDrawing drawing = Draw(graph);
         ExpectApart(graph, drawing);
         EXPECT_FALSE(AnyTooNear(graph.sizes, drawing.centres, 50));
-        const yardstick::Ways ways = yardstick::WaysOf(graph, drawing);
-        EXPECT_EQ(yardstick::MeetingsOf(graph, drawing.centres, ways), 0);
+        const yardstick::Ways routes = yardstick::RoutesOf(graph, drawing);
+        EXPECT_EQ(yardstick::MeetingsOf(graph, drawing.centres, routes), 0);
     }
 }
 

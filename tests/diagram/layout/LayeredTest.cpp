@@ -47,11 +47,11 @@ QRectF BoxOf(const LayoutGraph &graph, const LayeredDrawing &drawing, std::size_
     return {drawing.centres[i] - QPointF(size.width(), size.height()) / 2, size};
 }
 
-std::vector<QPointF> WayOf(const LayoutGraph &graph, const LayeredDrawing &drawing, std::size_t edge) {
-    std::vector<QPointF> way{drawing.centres[std::size_t(graph.edges[edge].from)]};
-    way.insert(way.end(), drawing.bends[edge].begin(), drawing.bends[edge].end());
-    way.push_back(drawing.centres[std::size_t(graph.edges[edge].to)]);
-    return way;
+std::vector<QPointF> RouteOf(const LayoutGraph &graph, const LayeredDrawing &drawing, std::size_t edge) {
+    std::vector<QPointF> route{drawing.centres[std::size_t(graph.edges[edge].from)]};
+    route.insert(route.end(), drawing.bends[edge].begin(), drawing.bends[edge].end());
+    route.push_back(drawing.centres[std::size_t(graph.edges[edge].to)]);
+    return route;
 }
 
 // Whether part of the line lies inside of the box.
@@ -69,11 +69,12 @@ bool Meets(const QRectF &box, const QPointF &from, const QPointF &to) {
 
 void ExpectNoBoxMet(const LayoutGraph &graph, const LayeredDrawing &drawing) {
     for (std::size_t edge = 0; edge < graph.edges.size(); ++edge) {
-        const auto way = WayOf(graph, drawing, edge);
+        const auto route = RouteOf(graph, drawing, edge);
         for (std::size_t box = 0; box < graph.sizes.size(); ++box) {
             if (int(box) == graph.edges[edge].from || int(box) == graph.edges[edge].to) continue;
-            for (std::size_t i = 1; i < way.size(); ++i)
-                EXPECT_FALSE(Meets(BoxOf(graph, drawing, box), way[i - 1], way[i])) << edge << " in " << box;
+            for (std::size_t i = 1; i < route.size(); ++i)
+                EXPECT_FALSE(Meets(BoxOf(graph, drawing, box), route[i - 1], route[i]))
+                    << edge << " in " << box;
         }
     }
 }
@@ -201,11 +202,11 @@ TEST(Layered, ALabelHasRoomBetweenTheLayers) {
     // The labels stand about the middles of their edges.
     std::vector<double> middles;
     for (std::size_t i = 1; i < 5; ++i) {
-        const auto way = WayOf(graph, labelled, i - 1);
-        const auto at = std::ranges::find_if(way, [&](const QPointF &point) {
+        const auto route = RouteOf(graph, labelled, i - 1);
+        const auto at = std::ranges::find_if(route, [&](const QPointF &point) {
             return point.y() > labelled.centres[0].y() + 350 && point.y() < labelled.centres[1].y() - 350;
         });
-        middles.push_back(at == way.end() ? (way.front().x() + way.back().x()) / 2 : at->x());
+        middles.push_back(at == route.end() ? (route.front().x() + route.back().x()) / 2 : at->x());
     }
     std::ranges::sort(middles);
     for (std::size_t i = 1; i < middles.size(); ++i) EXPECT_GE(middles[i] - middles[i - 1], 2500);
@@ -242,16 +243,16 @@ TEST(Layered, CornersTurnARightAngleAndMeetNoBox) {
                 EXPECT_EQ(i % 2 ? corners[i].y() : corners[i].x(),
                           i % 2 ? corners[i - 1].y() : corners[i - 1].x());
             // Upright from within its boxes.
-            std::vector<QPointF> &way = drawing.bends[edge] = corners;
+            std::vector<QPointF> &route = drawing.bends[edge] = corners;
             if (corners.empty()) continue;
-            way.insert(way.begin(),
-                       {corners.front().x(), drawing.centres[std::size_t(graph.edges[edge].from)].y()});
-            way.push_back({corners.back().x(), drawing.centres[std::size_t(graph.edges[edge].to)].y()});
+            route.insert(route.begin(),
+                         {corners.front().x(), drawing.centres[std::size_t(graph.edges[edge].from)].y()});
+            route.push_back({corners.back().x(), drawing.centres[std::size_t(graph.edges[edge].to)].y()});
             for (std::size_t box = 0; box < graph.sizes.size(); ++box) {
                 const QRectF inner = BoxOf(graph, drawing, box);
                 const bool isEnd = int(box) == graph.edges[edge].from || int(box) == graph.edges[edge].to;
-                for (std::size_t i = 1; i < way.size() && !isEnd; ++i)
-                    EXPECT_FALSE(Meets(inner, way[i - 1], way[i])) << edge << " in " << box;
+                for (std::size_t i = 1; i < route.size() && !isEnd; ++i)
+                    EXPECT_FALSE(Meets(inner, route[i - 1], route[i])) << edge << " in " << box;
             }
         }
     }

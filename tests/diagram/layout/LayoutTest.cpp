@@ -104,11 +104,11 @@ TEST_F(LayoutTest, ALinkPastOtherNodesBendsRoundThemAndIsRoutedAnewWhenItsNodeMo
     EXPECT_GT(past.Points().Count(), 2);
     EXPECT_FALSE(past.OwnBends());
     for (const std::size_t between : {1U, 2U})
-        for (const Point &point : past.Way())
+        for (const Point &point : past.Route())
             EXPECT_FALSE(nodes[between]->Bounds().contains(ToQPointF(point)));
-    const auto way = past.Way();
+    const auto route = past.Route();
     nodes[3]->SetLeft(nodes[3]->Left() + 9000);
-    EXPECT_NE(past.Way(), way);
+    EXPECT_NE(past.Route(), route);
     EXPECT_FALSE(past.OwnBends());
 }
 
@@ -120,43 +120,43 @@ TEST_F(LayoutTest, LevelAndUprightLinksGetTheStyleThatFits) {
     ASSERT_TRUE(LayOutInLayers(surface, kAll, kOptions, Always));
     EXPECT_EQ(next.Style(), 4);
     EXPECT_TRUE(past.Style() == 4 || past.Style() == 8) << past.Style();
-    EXPECT_EQ(past.Way().front().x, past.Way()[1].x);
+    EXPECT_EQ(past.Route().front().x, past.Route()[1].x);
     EXPECT_FALSE(past.OwnBends());
     LayoutOptions right;
     right.orientation = LayoutOrientation::Right;
     ASSERT_TRUE(LayOutInLayers(surface, kAll, right, Always));
     EXPECT_EQ(next.Style(), 5);
-    EXPECT_EQ(past.Way().front().y, past.Way()[1].y);
+    EXPECT_EQ(past.Route().front().y, past.Route()[1].y);
 }
 
 TEST_F(LayoutTest, UndoGivesTheStylesAndBendsBack) {
     Join(0, 1), Join(1, 2);
     Link &past = Join(0, 2);
     past.SetStyle(3);
-    const auto before = past.Way();
+    const auto before = past.Route();
     surface.BeginAction(1);
     ASSERT_TRUE(LayOutInLayers(surface, kAll, kOptions, Always));
     surface.EndAction();
-    const auto after = past.Way();
+    const auto after = past.Route();
     surface.Undo();
     EXPECT_EQ(past.Style(), 3);
-    EXPECT_EQ(past.Way(), before);
+    EXPECT_EQ(past.Route(), before);
     surface.Redo();
-    EXPECT_EQ(past.Way(), after);
+    EXPECT_EQ(past.Route(), after);
     EXPECT_FALSE(past.OwnBends());
 }
 
 TEST_F(LayoutTest, OneUndoTakesALayoutBack) {
     Join(0, 1).Points().Assign({{3000, 2000}, {9000, 9000}, {3010, 2000}});
     const auto before = Boxes();
-    const auto way = surface.Links()[0]->Way();
+    const auto route = surface.Links()[0]->Route();
     surface.BeginAction(1);
     LayOutAsTree(surface, kAll, kOptions);
     surface.EndAction();
     EXPECT_NE(Boxes(), before);
     surface.Undo();
     EXPECT_EQ(Boxes(), before);
-    EXPECT_EQ(surface.Links()[0]->Way(), way);
+    EXPECT_EQ(surface.Links()[0]->Route(), route);
 }
 
 TEST_F(LayoutTest, ALayoutThatIsGivenUpChangesNothing) {

@@ -20,30 +20,30 @@ struct RouteAnewTest : ::testing::Test {
     // A way round a node that is there no longer.
     std::vector<Point> LeaveADetour() {
         Node &obstacle = surface.Nodes().Add(3000, 1200, 1500, 1500);
-        const auto detour = link.Way();
+        const auto detour = link.Route();
         surface.Remove(obstacle);
         return detour;
     }
 };
 
 TEST_F(RouteAnewTest, PointsThatNoHandMadeAreTheRoutersAgain) {
-    const auto routed = link.Way();
+    const auto routed = link.Route();
     const auto detour = LeaveADetour();
     ASSERT_NE(detour, routed);
-    ASSERT_EQ(link.Way(), detour);
+    ASSERT_EQ(link.Route(), detour);
     EXPECT_EQ(RouteAnew(surface), 1);
-    EXPECT_EQ(link.Way(), routed);
+    EXPECT_EQ(link.Route(), routed);
     EXPECT_EQ(link.Style(), 4);
     EXPECT_EQ(RouteAnew(surface), 0);
 }
 
 TEST_F(RouteAnewTest, BendsOfTheUsersStay) {
-    auto bent = link.Way();
+    auto bent = link.Route();
     bent[1].y += 300, bent[2].y += 300;
     link.Points().Assign(bent);
     link.SetOwnBends(true);
     EXPECT_EQ(RouteAnew(surface), 0);
-    EXPECT_EQ(link.Way(), bent);
+    EXPECT_EQ(link.Route(), bent);
 }
 
 TEST_F(RouteAnewTest, OneUndoBringsTheFormerWaysBack) {
@@ -52,7 +52,7 @@ TEST_F(RouteAnewTest, OneUndoBringsTheFormerWaysBack) {
     EXPECT_EQ(RouteAnew(surface), 1);
     surface.EndAction();
     surface.Undo();
-    EXPECT_EQ(link.Way(), before);
+    EXPECT_EQ(link.Route(), before);
     EXPECT_EQ(link.Style(), 4);
 }
 
@@ -65,7 +65,7 @@ TEST_F(RouteAnewTest, WaysAreNudgedApartAndStayWhenRoutedAgain) {
     RouteAnew(surface);
     for (std::size_t i = 0; i < links.size(); ++i)
         for (std::size_t j = 0; j < i; ++j)
-            EXPECT_NE(links[i]->Way().back(), links[j]->Way().back()) << "heads don't lie on each other";
+            EXPECT_NE(links[i]->Route().back(), links[j]->Route().back()) << "heads don't lie on each other";
     EXPECT_EQ(RouteAnew(surface), 0);
 }
 

@@ -20,11 +20,11 @@ LayoutGraph Read(const QString &name) {
 
 int Ours(const LayoutGraph &graph) {
     const auto drawing = DrawInLayers(graph, {}, [] { return true; });
-    return yardstick::CrossingsOf(graph, yardstick::WaysOf(graph, *drawing));
+    return yardstick::CrossingsOf(graph, yardstick::RoutesOf(graph, *drawing));
 }
 
 int Dots(const LayoutGraph &graph) {
-    return yardstick::CrossingsOf(graph, yardstick::DrawByDot(graph, {}).ways);
+    return yardstick::CrossingsOf(graph, yardstick::DrawByDot(graph, {}).routes);
 }
 
 TEST(LayeredYardstick, LinksCrossNoMoreThanThoseOfDot) {
@@ -44,8 +44,8 @@ TEST(LayeredYardstick, NoLinkLeadsThroughABox) {
     for (const QString &name : yardstick::GraphNames()) {
         const LayoutGraph graph = Read(name);
         const auto drawing = DrawInLayers(graph, {}, [] { return true; });
-        const yardstick::Ways ways = yardstick::WaysOf(graph, *drawing);
-        EXPECT_EQ(yardstick::MeetingsOf(graph, drawing->centres, ways), 0) << qPrintable(name);
+        const yardstick::Ways routes = yardstick::RoutesOf(graph, *drawing);
+        EXPECT_EQ(yardstick::MeetingsOf(graph, drawing->centres, routes), 0) << qPrintable(name);
     }
 }
 

@@ -30,14 +30,14 @@ struct TwoNodes {
     int Best() { return StyleFor(a.Links().Add(b), kAutomaticStyle); }
 };
 
-int NodesOnWay(const Link &link) {
+int NodesOnRoute(const Link &link) {
     int count = 0;
-    const std::vector<Point> &way = link.Way();
+    const std::vector<Point> &route = link.Route();
     for (const Node &node : link.Owner().Nodes()) {
         if (&node == &link.Source() || &node == &link.Destination()) continue;
         bool meets = false;
-        for (std::size_t i = 1; i < way.size(); ++i)
-            meets = meets || Meets(node.Bounds(), ToQPointF(way[i - 1]), ToQPointF(way[i]));
+        for (std::size_t i = 1; i < route.size(); ++i)
+            meets = meets || Meets(node.Bounds(), ToQPointF(route[i - 1]), ToQPointF(route[i]));
         count += meets;
     }
     return count;
@@ -117,11 +117,11 @@ TEST(AutomaticStyle, ChangesNothingItself) {
     TwoNodes nodes(6000, 9000);
     Link &link = nodes.a.Links().Add(nodes.b);
     link.Points().Insert(1, {3000, 3000});
-    link.Way();
+    link.Route();
     const LinkData before = link.Data();
     StyleFor(link, kAutomaticStyle);
     EXPECT_EQ(link.Style(), before.style);
-    EXPECT_EQ(link.Way(), before.points);
+    EXPECT_EQ(link.Route(), before.points);
     EXPECT_TRUE(link.OwnBends());
 }
 
@@ -153,7 +153,7 @@ TEST_P(AutomaticMap, NoLinkRunsThroughANode) {
         Link &link = from.Links().Add(to);
         link.SetStyle(StyleFor(link, kAutomaticStyle));
     }
-    for (const auto &link : surface.Links()) EXPECT_EQ(NodesOnWay(*link), 0) << link->Style();
+    for (const auto &link : surface.Links()) EXPECT_EQ(NodesOnRoute(*link), 0) << link->Style();
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, AutomaticMap, ::testing::Range(1U, 101U));

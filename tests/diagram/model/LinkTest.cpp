@@ -78,7 +78,7 @@ TEST(Link, SettingAnEndMovesItToTheOtherNode) {
     pair.link.SetDestination(c);
     EXPECT_EQ(pair.b.Links().Count(), 0);
     EXPECT_EQ(c.Links().Count(), 1);
-    EXPECT_EQ(pair.link.Way().back().y, 9000);
+    EXPECT_EQ(pair.link.Route().back().y, 9000);
     pair.surface.Remove(pair.b);
     EXPECT_EQ(pair.surface.Links().size(), 1U);
 }
@@ -117,15 +117,15 @@ TEST(Link, WithAPointEditSwitchOnThePointsStayAsGiven) {
     Pair pair;
     const std::vector<Point> given{{11, 12}, {2000, 50}, {3000, 7777}, {90, 95}};
     pair.Give(given);
-    EXPECT_EQ(pair.link.Way(), given);
+    EXPECT_EQ(pair.link.Route(), given);
 }
 
 TEST(Link, WithoutASwitchTheEndsComeBackToTheOutlines) {
     Pair pair;
     pair.link.Points().Insert(1, {3000, 300});
     ASSERT_EQ(pair.link.Points().Count(), 3);
-    EXPECT_EQ(pair.link.Way()[0], (Point{1000, 300}));
-    EXPECT_EQ(pair.link.Way()[1], (Point{3000, 300}));
+    EXPECT_EQ(pair.link.Route()[0], (Point{1000, 300}));
+    EXPECT_EQ(pair.link.Route()[1], (Point{3000, 300}));
     EXPECT_TRUE(pair.link.OwnBends());
 }
 
@@ -133,30 +133,30 @@ TEST(Link, BendsOfTheUserLastThroughAMove) {
     Pair pair;
     pair.Give({{1000, 300}, {2222, 333}, {5000, 4300}});
     pair.b.SetTop(6000);
-    ASSERT_EQ(pair.link.Way().size(), 3U);
-    EXPECT_EQ(pair.link.Way()[1], (Point{2222, 333}));
+    ASSERT_EQ(pair.link.Route().size(), 3U);
+    EXPECT_EQ(pair.link.Route()[1], (Point{2222, 333}));
     EXPECT_TRUE(pair.link.OwnBends());
 }
 
 TEST(Link, BendsThatTheRouterMadeAreMadeAnewThoughTheyCameFromAFile) {
     Pair pair;
     pair.link.SetStyle(4);
-    const std::vector<Point> routed = pair.link.Way();
+    const std::vector<Point> routed = pair.link.Route();
     pair.Give(routed);
     EXPECT_FALSE(pair.link.OwnBends());
     pair.b.SetTop(8000);
-    EXPECT_EQ(pair.link.Way()[1].y, (600 + 8000) / 2);
+    EXPECT_EQ(pair.link.Route()[1].y, (600 + 8000) / 2);
 }
 
 TEST(Link, MovingABendOfAnOrthogonalLinkKeepsItOrthogonal) {
     Pair pair;
     pair.link.SetStyle(4);
     pair.link.Points().SetItem(1, {700, 1500});
-    const auto &way = pair.link.Way();
-    ASSERT_EQ(way.size(), 4U);
-    EXPECT_EQ(way[0], (Point{700, 600}));
-    EXPECT_EQ(way[1], (Point{700, 1500}));
-    EXPECT_EQ(way[2], (Point{5500, 1500}));
+    const auto &route = pair.link.Route();
+    ASSERT_EQ(route.size(), 4U);
+    EXPECT_EQ(route[0], (Point{700, 600}));
+    EXPECT_EQ(route[1], (Point{700, 1500}));
+    EXPECT_EQ(route[2], (Point{5500, 1500}));
 }
 
 TEST(Link, AnotherStyleDropsTheBends) {
@@ -174,7 +174,7 @@ TEST(Link, AnotherStyleDropsTheBends) {
 TEST(Link, WhileASwitchIsOnMovingANodeLeavesThePoints) {
     Pair pair;
     pair.link.SetMovePointsMode(true);
-    const auto way = pair.link.Way();
+    const auto route = pair.link.Route();
     pair.b.SetLeft(100);
-    EXPECT_EQ(pair.link.Way(), way);
+    EXPECT_EQ(pair.link.Route(), route);
 }

@@ -1,4 +1,4 @@
-// Ways that are routed and nudged once more.
+// Routes that are routed and nudged once more.
 #include "diagram/edit/History.h"
 #include "tests/diagram/model/RandomSurface.h"
 
@@ -10,15 +10,15 @@ using namespace diagram::testing;
 namespace {
 
 using Ways = std::map<ItemId, std::vector<Point>>;
-Ways AllWays(const Surface &surface) {
-    Ways ways;
-    for (const auto &link : surface.Links()) ways[link->Id()] = link->Way();
-    return ways;
+Ways AllRoutes(const Surface &surface) {
+    Ways routes;
+    for (const auto &link : surface.Links()) routes[link->Id()] = link->Route();
+    return routes;
 }
 
 int CountChanged(const Ways &before, const Ways &after) {
     int count = 0;
-    for (const auto &[id, way] : before) count += after.at(id) != way;
+    for (const auto &[id, route] : before) count += after.at(id) != route;
     return count;
 }
 
@@ -30,10 +30,10 @@ TEST_P(NudgedAgain, RoutingAndNudgingAgainChangesNothing) {
     Dice dice(GetParam());
     Surface surface;
     BuildGrid(surface, dice, 6, 5, 1000, 40, 0);
-    surface.TidyWays();
-    const Ways before = AllWays(surface);
-    surface.TidyWays();
-    EXPECT_EQ(CountChanged(before, AllWays(surface)), 0);
+    surface.TidyRoutes();
+    const Ways before = AllRoutes(surface);
+    surface.TidyRoutes();
+    EXPECT_EQ(CountChanged(before, AllRoutes(surface)), 0);
 }
 
 TEST_P(NudgedAgain, WhatComesBackInTheGroupChangesNothing) {
@@ -41,16 +41,16 @@ TEST_P(NudgedAgain, WhatComesBackInTheGroupChangesNothing) {
     Surface surface;
     AttachHistory(surface);
     BuildGrid(surface, dice, 5, 4, 1000, 25, 0);
-    surface.TidyWays();
-    const Ways before = AllWays(surface);
+    surface.TidyRoutes();
+    const Ways before = AllRoutes(surface);
     for (const auto &link : surface.Links()) {
         const ActionGroup group(surface);
         const int style = link->Style();
         link->SetStyle(style == 4 ? 5 : 4);
-        if (dice.Flip()) link->Way();
+        if (dice.Flip()) link->Route();
         link->SetStyle(style);
     }
-    EXPECT_EQ(CountChanged(before, AllWays(surface)), 0);
+    EXPECT_EQ(CountChanged(before, AllRoutes(surface)), 0);
     Node *moved = nullptr;
     {
         const ActionGroup group(surface);
@@ -62,7 +62,7 @@ TEST_P(NudgedAgain, WhatComesBackInTheGroupChangesNothing) {
         }
         moved = &node;
     }
-    for (Link *link : moved->Links()) EXPECT_EQ(link->Way(), before.at(link->Id())) << link->Id();
+    for (Link *link : moved->Links()) EXPECT_EQ(link->Route(), before.at(link->Id())) << link->Id();
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, NudgedAgain, ::testing::Range(1U, 41U));

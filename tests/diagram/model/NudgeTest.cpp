@@ -1,4 +1,4 @@
-// Ends on one side of a node, and ways that share a channel, when a group of changes closes.
+// Ends on one side of a node, and routes that share a channel, when a group of changes closes.
 #include "diagram/edit/History.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Nudging.h"
@@ -17,26 +17,26 @@ namespace {
 constexpr int kVH = 2, kVHV = 4, kHVH = 5, kVHVHV = 8, kHVHVH = 9;
 constexpr double kNearly = kApart - 1;
 
-using Way = std::vector<Point>;
-using Ways = std::map<ItemId, Way>;
-Ways AllWays(const Surface &surface) {
-    Ways ways;
-    for (const auto &link : surface.Links()) ways[link->Id()] = link->Way();
-    return ways;
+using Route = std::vector<Point>;
+using Ways = std::map<ItemId, Route>;
+Ways AllRoutes(const Surface &surface) {
+    Ways routes;
+    for (const auto &link : surface.Links()) routes[link->Id()] = link->Route();
+    return routes;
 }
 
 std::string Text(const Link &link) {
     QString text = QStringLiteral("%1 style %2:").arg(link.Id()).arg(link.Style());
-    for (const Point &p : link.Way()) text += QStringLiteral(" (%1 %2)").arg(p.x).arg(p.y);
+    for (const Point &p : link.Route()) text += QStringLiteral(" (%1 %2)").arg(p.x).arg(p.y);
     return text.toStdString();
 }
 
 bool KeepsDirections(const Link &link) {
     const std::string_view directions = FindLinkStyle(link.Style())->directions;
-    const Way &way = link.Way();
-    if (way.size() != directions.size() + 1) return false;
+    const Route &route = link.Route();
+    if (route.size() != directions.size() + 1) return false;
     for (std::size_t i = 0; i < directions.size(); ++i)
-        if (directions[i] == 'H' ? way[i].y != way[i + 1].y : way[i].x != way[i + 1].x) return false;
+        if (directions[i] == 'H' ? route[i].y != route[i + 1].y : route[i].x != route[i + 1].x) return false;
     return true;
 }
 
@@ -50,9 +50,9 @@ struct Piece {
 
 std::vector<Piece> PiecesOf(const Link &link) {
     std::vector<Piece> pieces;
-    const Way &way = link.Way();
-    for (std::size_t i = 1; i < way.size(); ++i)
-        if (way[i] != way[i - 1]) pieces.push_back({way[i - 1], way[i]});
+    const Route &route = link.Route();
+    for (std::size_t i = 1; i < route.size(); ++i)
+        if (route[i] != route[i - 1]) pieces.push_back({route[i - 1], route[i]});
     return pieces;
 }
 
@@ -99,7 +99,7 @@ int CountCrossings(const Surface &surface) {
     return count;
 }
 
-int NodesOnWay(const Link &link) {
+int NodesOnRoute(const Link &link) {
     int count = 0;
     for (const Node &node : link.Owner().Nodes()) {
         if (&node == &link.Source() || &node == &link.Destination()) continue;
@@ -134,10 +134,10 @@ TEST_F(Nudges, EndsOnOneSideSpreadOverIt_InTheOrderOfWhereTheyComeFrom) {
         links.push_back(&Join(Box(left, 1000), hub, kVHV));
     std::ranges::sort(links, {}, [](Link *link) { return link->Source().Left(); });
     for (std::size_t i = 1; i < links.size(); ++i)
-        EXPECT_GE(links[i]->Way().back().x - links[i - 1]->Way().back().x, kNearly) << Text(*links[i]);
+        EXPECT_GE(links[i]->Route().back().x - links[i - 1]->Route().back().x, kNearly) << Text(*links[i]);
     EXPECT_EQ(CountCrossings(surface), 0);
     EXPECT_EQ(PiecesTooNear(surface, kNearly), 0);
-    EXPECT_EQ((links.front()->Way().back().x + links.back()->Way().back().x) / 2, 6750)
+    EXPECT_EQ((links.front()->Route().back().x + links.back()->Route().back().x) / 2, 6750)
         << "around the middle";
 }
 
@@ -145,7 +145,7 @@ TEST_F(Nudges, InAndOutDontShareAPoint) {
     Node &a = Box(0, 0), &b = Box(6000, 200), &c = Box(6000, 3000);
     for (const int style : {kVHV, kHVH, kVHVHV, kHVHVH}) {
         Link &in = Join(b, a, style), &out = Join(a, c, style);
-        const Point end = in.Way().back(), start = out.Way().front();
+        const Point end = in.Route().back(), start = out.Route().front();
         EXPECT_GE(std::abs(end.x - start.x) + std::abs(end.y - start.y), kNearly) << Text(in) << Text(out);
         surface.Remove(in), surface.Remove(out);
     }
@@ -157,13 +157,14 @@ TEST_F(Nudges, LinksOfATreeShareTheirTrunk) {
     for (int i = 0; i < 5; ++i)
         links.push_back(&Join(root, Box(float(i) * 3000, 4000 + float(i % 2) * 60), kVHV));
     for (const Link *link : links) {
-        EXPECT_EQ(link->Way()[0], links[0]->Way()[0]) << Text(*link);
-        if (link->Way()[1] != link->Way()[2]) {
-            EXPECT_EQ(link->Way()[1], links[0]->Way()[1]) << Text(*link) << "the branches leave it together";
+        EXPECT_EQ(link->Route()[0], links[0]->Route()[0]) << Text(*link);
+        if (link->Route()[1] != link->Route()[2]) {
+            EXPECT_EQ(link->Route()[1], links[0]->Route()[1])
+                << Text(*link) << "the branches leave it together";
         }
         EXPECT_TRUE(KeepsDirections(*link));
     }
-    EXPECT_EQ(links[0]->Way()[0].x, 6750);
+    EXPECT_EQ(links[0]->Route()[0].x, 6750);
 }
 
 TEST_F(Nudges, LinksOfOtherLooksHaveTrunksOfTheirOwn) {
@@ -174,7 +175,7 @@ TEST_F(Nudges, LinksOfOtherLooksHaveTrunksOfTheirOwn) {
         other.SetLineColor(0xFF);
         root.SetTop(100);
     }
-    EXPECT_GE(std::abs(one.Way()[0].x - other.Way()[0].x), kNearly) << Text(one) << Text(other);
+    EXPECT_GE(std::abs(one.Route()[0].x - other.Route()[0].x), kNearly) << Text(one) << Text(other);
     EXPECT_EQ(CountCrossings(one, other), 0);
 }
 
@@ -184,9 +185,9 @@ TEST_F(Nudges, AWayAloneStaysAsItIsRouted) {
         Node &a = plain.Nodes().Add(0, 0, 1500, 900), &b = plain.Nodes().Add(6000, 4000, 1500, 900);
         Link &link = a.Links().Add(b);
         link.SetStyle(style);
-        const Way routed = link.Way();
-        plain.TidyWays();
-        EXPECT_EQ(link.Way(), routed) << Text(link);
+        const Route routed = link.Route();
+        plain.TidyRoutes();
+        EXPECT_EQ(link.Route(), routed) << Text(link);
     }
 }
 
@@ -196,11 +197,12 @@ TEST_F(Nudges, ASmallJogIsDrawnStraight) {
         Node &a = Box(0, 0), &b = upright ? Box(200, 4000) : Box(6000, 200);
         Link &link = Join(a, b, style);
         ASSERT_TRUE(KeepsDirections(link)) << Text(link);
-        const Way &way = link.Way();
-        for (const Point &point : way) EXPECT_EQ(upright ? point.x : point.y, upright ? way[0].x : way[0].y);
-        EXPECT_EQ(way[1], way[2]) << "the piece across has no length";
-        EXPECT_TRUE(a.Bounds().adjusted(-1, -1, 1, 1).contains(ToQPointF(way.front())));
-        EXPECT_TRUE(b.Bounds().adjusted(-1, -1, 1, 1).contains(ToQPointF(way.back())));
+        const Route &route = link.Route();
+        for (const Point &point : route)
+            EXPECT_EQ(upright ? point.x : point.y, upright ? route[0].x : route[0].y);
+        EXPECT_EQ(route[1], route[2]) << "the piece across has no length";
+        EXPECT_TRUE(a.Bounds().adjusted(-1, -1, 1, 1).contains(ToQPointF(route.front())));
+        EXPECT_TRUE(b.Bounds().adjusted(-1, -1, 1, 1).contains(ToQPointF(route.back())));
         surface.Remove(link), surface.Remove(a), surface.Remove(b);
     }
 }
@@ -211,7 +213,7 @@ TEST_F(Nudges, BendsThatOnlyTheStyleAsksForGo) {
         Node &a = plain.Nodes().Add(0, 0, 1500, 900), &b = plain.Nodes().Add(6000, 4000, 1500, 900);
         Link &link = a.Links().Add(b);
         link.SetStyle(style);
-        plain.TidyWays();
+        plain.TidyRoutes();
         ASSERT_TRUE(KeepsDirections(link)) << Text(link);
         const std::string_view directions = FindLinkStyle(style)->directions;
         const std::size_t needed = directions.front() == directions.back() ? 3 : 2;
@@ -222,7 +224,7 @@ TEST_F(Nudges, BendsThatOnlyTheStyleAsksForGo) {
     }
 }
 
-// No way is drawn along the edge of its own node for that.
+// No route is drawn along the edge of its own node for that.
 TEST_F(Nudges, EndsKeepTheirLengthWhenStairsGo) {
     Dice dice(3);
     for (int round = 0; round < 300; ++round) {
@@ -232,13 +234,13 @@ TEST_F(Nudges, EndsKeepTheirLengthWhenStairsGo) {
         Link &link = a.Links().Add(b);
         link.SetStyle(dice.Roll(6, 13));
         const auto ends = [&link] {
-            const Way &way = link.Way();
-            const QPointF first = ToQPointF(way[1]) - ToQPointF(way[0]);
-            const QPointF last = ToQPointF(way.back()) - ToQPointF(way[way.size() - 2]);
+            const Route &route = link.Route();
+            const QPointF first = ToQPointF(route[1]) - ToQPointF(route[0]);
+            const QPointF last = ToQPointF(route.back()) - ToQPointF(route[route.size() - 2]);
             return std::min(first.manhattanLength(), last.manhattanLength());
         };
         const double before = ends();
-        plain.TidyWays();
+        plain.TidyRoutes();
         EXPECT_GE(ends(), std::min(before, 60.0)) << Text(link);
     }
 }
@@ -249,8 +251,8 @@ TEST_F(Nudges, StairsThatSomethingStandsInTheWayOfStay) {
     Link &link = a.Links().Add(b);
     link.SetStyle(kHVHVH);
     plain.Nodes().Add(3500, 100, 900, 1200), plain.Nodes().Add(6000, 3200, 900, 1800);
-    plain.TidyWays();
-    EXPECT_EQ(NodesOnWay(link), 0) << Text(link);
+    plain.TidyRoutes();
+    EXPECT_EQ(NodesOnRoute(link), 0) << Text(link);
     EXPECT_TRUE(KeepsDirections(link)) << Text(link);
 }
 
@@ -258,7 +260,7 @@ TEST_F(Nudges, WhereThereIsNoRoomEndsLieEvenly) {
     Node &narrow = Box(6000, 6000, 500, 600);
     std::vector<double> ends;
     for (int i = 0; i < 9; ++i) Join(Box(float(i) * 2500, 1000), narrow, kVHV);
-    for (const auto &link : surface.Links()) ends.push_back(link->Way().back().x);
+    for (const auto &link : surface.Links()) ends.push_back(link->Route().back().x);
     std::ranges::sort(ends);
     for (std::size_t i = 1; i < ends.size(); ++i) {
         EXPECT_GT(ends[i] - ends[i - 1], 20);
@@ -269,12 +271,12 @@ TEST_F(Nudges, WhereThereIsNoRoomEndsLieEvenly) {
 TEST_F(Nudges, HandMadeBendsStayAndOthersKeepAway) {
     Node &a = Box(0, 0), &b = Box(9000, 3000), &c = Box(0, 1500), &d = Box(9000, 4500);
     Link &own = Join(a, b, kHVH);
-    const float lane = own.Way()[1].x + 75;
-    own.Points().SetItem(1, {lane, own.Way()[1].y});
-    const Way kept = own.Way();
+    const float lane = own.Route()[1].x + 75;
+    own.Points().SetItem(1, {lane, own.Route()[1].y});
+    const Route kept = own.Route();
     ASSERT_TRUE(own.OwnBends());
     Link &other = Join(c, d, kHVH);
-    EXPECT_EQ(own.Way(), kept);
+    EXPECT_EQ(own.Route(), kept);
     EXPECT_EQ(PiecesBeside(own, other, kNearly), 0) << Text(own) << Text(other);
 }
 
@@ -282,9 +284,9 @@ TEST_F(Nudges, PointsWithASwitchOnAreNeverTouched) {
     Node &a = Box(0, 0), &b = Box(9000, 3000);
     Link &kept = Join(a, b, kHVH);
     kept.SetAddPointsMode(true);
-    const Way way = kept.Way();
+    const Route route = kept.Route();
     Join(a, Box(9000, 6000), kHVH), Join(b, a, kHVH);
-    EXPECT_EQ(kept.Way(), way);
+    EXPECT_EQ(kept.Route(), route);
 }
 
 TEST_F(Nudges, CrossingsThatNeednTBeAreNone) {
@@ -301,24 +303,24 @@ TEST_F(Nudges, NothingHappensBeforeTheGroupCloses) {
     surface.BeginAction(1);
     Link &link = c.Links().Add(a);
     link.SetStyle(kHVH);
-    const Way routed = link.Way();
+    const Route routed = link.Route();
     EXPECT_EQ(routed.back().y, 450) << "the middle of the side";
     surface.EndAction();
-    EXPECT_NE(link.Way(), routed);
+    EXPECT_NE(link.Route(), routed);
 }
 
 TEST_F(Nudges, AWayDoesntComeBackWhereANodeHasCome) {
     Node &a = Box(0, 0), &b = Box(9000, 3000), &c = Box(0, 1500), &d = Box(9000, 4500);
     Link &one = Join(a, b, kHVH), &other = Join(c, d, kHVH);
-    ASSERT_NE(one.Way()[1].x, other.Way()[1].x);
-    Link &first = one.Way()[1].x < other.Way()[1].x ? one : other;
-    const float lane = first.Way()[1].x;
+    ASSERT_NE(one.Route()[1].x, other.Route()[1].x);
+    Link &first = one.Route()[1].x < other.Route()[1].x ? one : other;
+    const float lane = first.Route()[1].x;
     {
         const ActionGroup group(surface);
         Box(lane - 20, 1200, 25, 1700);
         first.SetStyle(kVHV), first.SetStyle(kHVH);
     }
-    EXPECT_EQ(NodesOnWay(first), 0) << Text(first);
+    EXPECT_EQ(NodesOnRoute(first), 0) << Text(first);
 }
 
 // With room for all of them.
@@ -338,9 +340,10 @@ TEST_P(NudgedMap, NoWayIsNudgedIntoANode) {
     Surface surface;
     BuildGrid(surface, dice, 6, 5, 700, 40, 4);
     std::map<ItemId, int> before;
-    for (const auto &link : surface.Links()) before[link->Id()] = NodesOnWay(*link);
-    surface.TidyWays();
-    for (const auto &link : surface.Links()) ASSERT_LE(NodesOnWay(*link), before[link->Id()]) << Text(*link);
+    for (const auto &link : surface.Links()) before[link->Id()] = NodesOnRoute(*link);
+    surface.TidyRoutes();
+    for (const auto &link : surface.Links())
+        ASSERT_LE(NodesOnRoute(*link), before[link->Id()]) << Text(*link);
 }
 
 TEST_P(NudgedMap, MovingANodeChangesOnlyWhatIsNear_AndUndoRestoresAllOfIt) {
@@ -348,19 +351,19 @@ TEST_P(NudgedMap, MovingANodeChangesOnlyWhatIsNear_AndUndoRestoresAllOfIt) {
     Surface surface;
     AttachHistory(surface);
     BuildGrid(surface, dice, 6, 5, 1500, 40, 2);
-    const Ways before = AllWays(surface);
+    const Ways before = AllRoutes(surface);
     Node &node = AnyNode(surface, dice);
     {
         const ActionGroup group(surface);
         node.SetBounds(node.Left() + dice.Real(-2000, 2000), node.Top() + dice.Real(-2000, 2000),
                        node.Width(), node.Height());
     }
-    const Ways after = AllWays(surface);
+    const Ways after = AllRoutes(surface);
     std::set<const Node *> ends;
     std::vector<const Link *> made; // that touch it, or are in its way
     for (const auto &link : surface.Links()) {
         bool blocked = false;
-        const Way &old = before.at(link->Id());
+        const Route &old = before.at(link->Id());
         for (std::size_t i = 1; i < old.size(); ++i)
             blocked = blocked || Meets(node.Bounds(), ToQPointF(old[i - 1]), ToQPointF(old[i]), kNearness);
         if (!blocked && &link->Source() != &node && &link->Destination() != &node) continue;
@@ -368,28 +371,28 @@ TEST_P(NudgedMap, MovingANodeChangesOnlyWhatIsNear_AndUndoRestoresAllOfIt) {
         ends.insert(&link->Source()), ends.insert(&link->Destination());
     }
     for (const auto &link : surface.Links()) {
-        if (link->Way() == before.at(link->Id()) || std::ranges::count(made, link.get()) > 0) continue;
+        if (link->Route() == before.at(link->Id()) || std::ranges::count(made, link.get()) > 0) continue;
         const bool sharesNode = ends.contains(&link->Source()) || ends.contains(&link->Destination());
         const bool sharesChannel = std::ranges::any_of(
             made, [&](const Link *other) { return PiecesBeside(*link, *other, 2 * kApart + 2 * 900) > 0; });
         EXPECT_TRUE(sharesNode || sharesChannel) << Text(*link);
     }
     surface.Undo();
-    EXPECT_EQ(AllWays(surface), before);
+    EXPECT_EQ(AllRoutes(surface), before);
     surface.Redo();
-    EXPECT_EQ(AllWays(surface), after);
+    EXPECT_EQ(AllRoutes(surface), after);
 }
 
 TEST_P(NudgedMap, TheSameMapIsRoutedTheSame) {
-    Ways ways[2];
-    for (Ways &each : ways) {
+    Ways routes[2];
+    for (Ways &each : routes) {
         Dice dice(GetParam());
         Surface surface;
         BuildGrid(surface, dice, 6, 5, 1000, 40, 2);
-        surface.TidyWays();
-        each = AllWays(surface);
+        surface.TidyRoutes();
+        each = AllRoutes(surface);
     }
-    EXPECT_EQ(ways[0], ways[1]);
+    EXPECT_EQ(routes[0], routes[1]);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, NudgedMap, ::testing::Range(1U, 41U));

@@ -278,7 +278,7 @@ inline QString Dump(Surface &surface, bool namesByOrder = false) {
     }
     for (const auto &link : surface.Links()) {
         link->OwnBends();
-        link->Way();
+        link->Route();
         LinkData data = link->Data();
         data.source = names[data.source];
         data.destination = names[data.destination];

@@ -1,4 +1,4 @@
-// How the ways of links behave among other nodes.
+// How the routes of links behave among other nodes.
 #include "diagram/edit/History.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Obstacles.h"
@@ -14,14 +14,14 @@ namespace {
 
 constexpr int kPolyline = 0, kVHV = 4, kHVH = 5, kHVHVH = 9;
 
-int NodesOnWay(const Link &link) {
+int NodesOnRoute(const Link &link) {
     int count = 0;
-    const std::vector<Point> &way = link.Way();
+    const std::vector<Point> &route = link.Route();
     for (const Node &node : link.Owner().Nodes()) {
         if (node.Hidden() || &node == &link.Source() || &node == &link.Destination()) continue;
         bool meets = false;
-        for (std::size_t i = 1; i < way.size(); ++i)
-            meets = meets || Meets(node.Bounds(), ToQPointF(way[i - 1]), ToQPointF(way[i]));
+        for (std::size_t i = 1; i < route.size(); ++i)
+            meets = meets || Meets(node.Bounds(), ToQPointF(route[i - 1]), ToQPointF(route[i]));
         count += meets;
     }
     return count;
@@ -29,16 +29,16 @@ int NodesOnWay(const Link &link) {
 
 std::string Text(const Link &link) {
     QString text = QStringLiteral("style %1:").arg(link.Style());
-    for (const Point &p : link.Way()) text += QStringLiteral(" (%1 %2)").arg(p.x).arg(p.y);
+    for (const Point &p : link.Route()) text += QStringLiteral(" (%1 %2)").arg(p.x).arg(p.y);
     return text.toStdString();
 }
 
 bool KeepsDirections(const Link &link) {
     const std::string_view directions = FindLinkStyle(link.Style())->directions;
-    const std::vector<Point> &way = link.Way();
-    if (way.size() != directions.size() + 1) return false;
+    const std::vector<Point> &route = link.Route();
+    if (route.size() != directions.size() + 1) return false;
     for (std::size_t i = 0; i < directions.size(); ++i)
-        if (directions[i] == 'H' ? way[i].y != way[i + 1].y : way[i].x != way[i + 1].x) return false;
+        if (directions[i] == 'H' ? route[i].y != route[i + 1].y : route[i].x != route[i + 1].x) return false;
     return true;
 }
 
@@ -57,7 +57,7 @@ int PiecesOnTopOfEachOther(const Surface &surface) {
     const auto &links = surface.Links();
     for (std::size_t i = 0; i < links.size(); ++i)
         for (std::size_t j = 0; j < i; ++j) {
-            const auto &one = links[i]->Way(), &other = links[j]->Way();
+            const auto &one = links[i]->Route(), &other = links[j]->Route();
             for (std::size_t k = 1; k < one.size(); ++k)
                 for (std::size_t l = 1; l < other.size(); ++l)
                     count += LieOnEachOther(one[k - 1], one[k], other[l - 1], other[l]);
@@ -66,10 +66,10 @@ int PiecesOnTopOfEachOther(const Surface &surface) {
 }
 
 using Ways = std::map<ItemId, std::vector<Point>>;
-Ways AllWays(const Surface &surface) {
-    Ways ways;
-    for (const auto &link : surface.Links()) ways[link->Id()] = link->Way();
-    return ways;
+Ways AllRoutes(const Surface &surface) {
+    Ways routes;
+    for (const auto &link : surface.Links()) routes[link->Id()] = link->Route();
+    return routes;
 }
 
 // A and B side by side with room for a node between them.
@@ -85,7 +85,7 @@ struct Pair {
     Node &AddBlock(float top = 2500) { return surface.Nodes().Add(4500, top, 1000, 1500); }
 };
 
-// Rows and columns of nodes with gaps in which a way with four segments or more always exists.
+// Rows and columns of nodes with gaps in which a route with four segments or more always exists.
 void FillWithGaps(Surface &surface, Dice &dice) {
     const int columns = dice.Roll(3, 9), rows = dice.Roll(3, 9);
     const float gap = dice.Real(150, 1200), side = dice.Real(400, 2000);
@@ -110,10 +110,10 @@ TEST_P(GeneratedMap, NoLinkRunsThroughANode) {
         if (&from == &to) continue;
         Link &link = from.Links().Add(to);
         link.SetStyle(dice.Roll(6, 13));
-        ASSERT_EQ(NodesOnWay(link), 0) << Text(link);
+        ASSERT_EQ(NodesOnRoute(link), 0) << Text(link);
         ASSERT_TRUE(KeepsDirections(link)) << Text(link);
     }
-    for (const auto &link : surface.Links()) ASSERT_EQ(NodesOnWay(*link), 0) << Text(*link);
+    for (const auto &link : surface.Links()) ASSERT_EQ(NodesOnRoute(*link), 0) << Text(*link);
 }
 
 TEST_P(GeneratedMap, NoPolylineRunsThroughANode) {
@@ -124,7 +124,7 @@ TEST_P(GeneratedMap, NoPolylineRunsThroughANode) {
         Node &from = AnyNode(surface, dice), &to = AnyNode(surface, dice);
         if (&from != &to) from.Links().Add(to).SetStyle(kPolyline);
     }
-    for (const auto &link : surface.Links()) ASSERT_EQ(NodesOnWay(*link), 0) << Text(*link);
+    for (const auto &link : surface.Links()) ASSERT_EQ(NodesOnRoute(*link), 0) << Text(*link);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, GeneratedMap, ::testing::Range(1U, 201U));
@@ -132,39 +132,39 @@ INSTANTIATE_TEST_SUITE_P(Seeds, GeneratedMap, ::testing::Range(1U, 201U));
 TEST(Routes, GoRoundANodeInTheWay) {
     Pair pair;
     pair.AddBlock();
-    EXPECT_EQ(NodesOnWay(pair.link), 0) << Text(pair.link);
+    EXPECT_EQ(NodesOnRoute(pair.link), 0) << Text(pair.link);
     EXPECT_TRUE(KeepsDirections(pair.link));
 }
 
 TEST(Routes, APolylineWithNothingInItsWayIsStraight) {
     Pair pair(kPolyline);
     pair.AddBlock(3700);
-    EXPECT_EQ(pair.link.Way(), (std::vector<Point>{{2000, 3300}, {8000, 3300}}));
+    EXPECT_EQ(pair.link.Route(), (std::vector<Point>{{2000, 3300}, {8000, 3300}}));
 }
 
 TEST(Routes, APolylineGoesRoundANodeInItsWayWithOneBend) {
     Pair pair(kPolyline);
     pair.AddBlock();
-    EXPECT_EQ(NodesOnWay(pair.link), 0) << Text(pair.link);
-    EXPECT_EQ(pair.link.Way().size(), 3U) << Text(pair.link);
+    EXPECT_EQ(NodesOnRoute(pair.link), 0) << Text(pair.link);
+    EXPECT_EQ(pair.link.Route().size(), 3U) << Text(pair.link);
     EXPECT_FALSE(pair.link.OwnBends());
 }
 
 TEST(Routes, APolylineTakesTwoBendsRatherThanALongWay) {
     Pair pair(kPolyline);
     pair.surface.Nodes().Add(2300, 2000, 5400, 2600);
-    EXPECT_EQ(NodesOnWay(pair.link), 0) << Text(pair.link);
-    EXPECT_EQ(pair.link.Way().size(), 4U) << Text(pair.link);
+    EXPECT_EQ(NodesOnRoute(pair.link), 0) << Text(pair.link);
+    EXPECT_EQ(pair.link.Route().size(), 4U) << Text(pair.link);
 }
 
 TEST(Routes, PolylinesSideBySideGoRoundANodeOneOutsideOfTheOther) {
     Pair pair(kPolyline);
     Link &other = pair.b.Links().Add(pair.a);
     pair.AddBlock();
-    ASSERT_EQ(NodesOnWay(pair.link) + NodesOnWay(other), 0);
-    ASSERT_EQ(pair.link.Way().size(), 3U);
-    ASSERT_EQ(other.Way().size(), 3U);
-    EXPECT_GT(std::abs(pair.link.Way()[1].y - other.Way()[1].y), 100);
+    ASSERT_EQ(NodesOnRoute(pair.link) + NodesOnRoute(other), 0);
+    ASSERT_EQ(pair.link.Route().size(), 3U);
+    ASSERT_EQ(other.Route().size(), 3U);
+    EXPECT_GT(std::abs(pair.link.Route()[1].y - other.Route()[1].y), 100);
 }
 
 TEST(Routes, APolylineThatIsBlockedEverywhereRunsThrough) {
@@ -172,14 +172,14 @@ TEST(Routes, APolylineThatIsBlockedEverywhereRunsThrough) {
     for (float x : {3000.0F, 3600.0F}) pair.surface.Nodes().Add(x, -900000, 800, 1800000);
     pair.surface.Nodes().Add(-900000, -900000, 1700000, 800000);
     pair.surface.Nodes().Add(-900000, 800000, 1700000, 100000);
-    EXPECT_GE(pair.link.Way().size(), 2U);
+    EXPECT_GE(pair.link.Route().size(), 2U);
 }
 
 // What a map of former times holds stays, straight through or not, until the link itself has a reason to be
 // routed.
 TEST(Routes, ALoadedPolylineStaysUntilItsOwnNodesMove) {
     Pair pair(kPolyline);
-    const auto straight = pair.link.Way();
+    const auto straight = pair.link.Route();
     Surface loaded;
     loaded.SetLoading(true);
     for (const Node &node : pair.surface.Nodes()) loaded.Restore(node.Id(), node.Data());
@@ -189,20 +189,20 @@ TEST(Routes, ALoadedPolylineStaysUntilItsOwnNodesMove) {
     link.Points().Assign(straight);
     link.SetAddPointsMode(false);
     loaded.SetLoading(false);
-    EXPECT_EQ(link.Way(), straight);
+    EXPECT_EQ(link.Route(), straight);
     far.SetTop(9500);
-    EXPECT_EQ(link.Way(), straight);
+    EXPECT_EQ(link.Route(), straight);
     block.SetTop(2600);
-    EXPECT_EQ(link.Way(), straight);
+    EXPECT_EQ(link.Route(), straight);
     link.Destination().SetTop(link.Destination().Top() + 300);
-    EXPECT_EQ(link.Way().size(), 2U) << "still a straight line";
-    EXPECT_NE(link.Way(), straight);
+    EXPECT_EQ(link.Route().size(), 2U) << "still a straight line";
+    EXPECT_NE(link.Route(), straight);
 }
 
 TEST(Routes, BendsOfAPolylineAreTheRoutersWhereItWouldChooseThem) {
     Pair pair(kPolyline);
     pair.AddBlock();
-    const auto round = pair.link.Way();
+    const auto round = pair.link.Route();
     const auto isOwn = [&pair](const std::vector<Point> &points) {
         Link &link = pair.a.Links().Add(pair.b);
         pair.surface.Remove(*pair.surface.Links()[0]);
@@ -220,38 +220,38 @@ TEST(Routes, BendsOfAPolylineAreTheRoutersWhereItWouldChooseThem) {
 TEST(Routes, BendsOfTheUserOnAPolylineDontGiveWay) {
     Pair pair(kPolyline);
     pair.link.Points().Insert(1, {5000, 3400});
-    const auto way = pair.link.Way();
+    const auto route = pair.link.Route();
     pair.AddBlock();
-    EXPECT_EQ(pair.link.Way(), way);
+    EXPECT_EQ(pair.link.Route(), route);
     EXPECT_TRUE(pair.link.OwnBends());
 }
 
 TEST(Routes, HiddenNodesAndThoseThatHoldAnEndAreNoObstacles) {
     Pair pair;
-    const auto way = pair.link.Way();
+    const auto route = pair.link.Route();
     pair.AddBlock().SetHidden(true);
-    EXPECT_EQ(pair.link.Way(), way);
+    EXPECT_EQ(pair.link.Route(), route);
     pair.surface.Nodes().Add(500, 2500, 5000, 2000);
-    EXPECT_EQ(pair.link.Way(), way);
+    EXPECT_EQ(pair.link.Route(), route);
 }
 
 TEST(Routes, ANodeThatIsShownAgainIsGoneRound) {
     Pair pair;
     Node &block = pair.AddBlock();
     block.SetHidden(true);
-    ASSERT_EQ(pair.link.Way()[2].y, 3300);
+    ASSERT_EQ(pair.link.Route()[2].y, 3300);
     block.SetHidden(false);
-    EXPECT_EQ(NodesOnWay(pair.link), 0) << Text(pair.link);
+    EXPECT_EQ(NodesOnRoute(pair.link), 0) << Text(pair.link);
 }
 
 TEST(Routes, TakingAnObstacleAwayChangesNoWay) {
     Pair pair;
     Node &block = pair.AddBlock();
-    const auto way = pair.link.Way();
+    const auto route = pair.link.Route();
     block.SetTop(9000);
-    EXPECT_EQ(pair.link.Way(), way);
+    EXPECT_EQ(pair.link.Route(), route);
     pair.surface.Remove(block);
-    EXPECT_EQ(pair.link.Way(), way);
+    EXPECT_EQ(pair.link.Route(), route);
 }
 
 TEST(Routes, MovingANodeReroutesItsLinksAndThoseThatItBlocksOnly) {
@@ -263,7 +263,7 @@ TEST(Routes, MovingANodeReroutesItsLinksAndThoseThatItBlocksOnly) {
                                 dice.Real(300, 1500));
         for (int i = 0; i < 60; ++i)
             AnyNode(surface, dice).Links().Add(AnyNode(surface, dice)).SetStyle(dice.Roll(0, 14));
-        const Ways before = AllWays(surface);
+        const Ways before = AllRoutes(surface);
         Node &node = AnyNode(surface, dice);
         node.SetBounds(dice.Real(0, 20000), dice.Real(0, 20000), node.Width(), node.Height());
         for (const auto &link : surface.Links()) {
@@ -274,7 +274,7 @@ TEST(Routes, MovingANodeReroutesItsLinksAndThoseThatItBlocksOnly) {
                 blocked =
                     blocked || Meets(node.Bounds(), ToQPointF(old[i - 1]), ToQPointF(old[i]), kNearness);
             if (!blocked) {
-                ASSERT_EQ(link->Way(), old) << seed;
+                ASSERT_EQ(link->Route(), old) << seed;
             }
         }
     }
@@ -283,85 +283,85 @@ TEST(Routes, MovingANodeReroutesItsLinksAndThoseThatItBlocksOnly) {
 TEST(Routes, ALinkThatGivesWayBelongsToTheStepThatMadeIt) {
     Pair pair;
     Node &block = pair.AddBlock(9000);
-    const auto before = pair.link.Way();
+    const auto before = pair.link.Route();
     {
         const ActionGroup group(pair.surface);
         block.SetTop(2500);
     }
-    const auto after = pair.link.Way();
+    const auto after = pair.link.Route();
     ASSERT_NE(after, before);
-    ASSERT_EQ(NodesOnWay(pair.link), 0);
+    ASSERT_EQ(NodesOnRoute(pair.link), 0);
     for (int i = 0; i < 3; ++i) {
         pair.surface.Undo();
-        EXPECT_EQ(pair.link.Way(), before);
+        EXPECT_EQ(pair.link.Route(), before);
         pair.surface.Redo();
-        EXPECT_EQ(pair.link.Way(), after);
+        EXPECT_EQ(pair.link.Route(), after);
     }
 }
 
 TEST(Routes, AddingANodeOnAWayAndUndoingItBringsTheWayBack) {
     Pair pair;
-    const auto before = pair.link.Way();
+    const auto before = pair.link.Route();
     {
         const ActionGroup group(pair.surface);
         pair.AddBlock();
     }
-    EXPECT_EQ(NodesOnWay(pair.link), 0);
+    EXPECT_EQ(NodesOnRoute(pair.link), 0);
     pair.surface.Undo();
-    EXPECT_EQ(pair.link.Way(), before);
+    EXPECT_EQ(pair.link.Route(), before);
 }
 
 TEST(Routes, AGroupThatIsGivenUpLeavesTheWays) {
     Pair pair;
     Node &block = pair.AddBlock(9000);
-    const auto before = pair.link.Way();
+    const auto before = pair.link.Route();
     pair.surface.BeginAction(1);
     block.SetTop(2500);
-    EXPECT_NE(pair.link.Way(), before);
+    EXPECT_NE(pair.link.Route(), before);
     pair.surface.CancelAction();
-    EXPECT_EQ(pair.link.Way(), before);
+    EXPECT_EQ(pair.link.Route(), before);
 }
 
 TEST(Routes, BendsOfTheUserDontGiveWay) {
     Pair pair;
     pair.link.Points().SetItem(2, {4800, 3400});
-    const auto way = pair.link.Way();
+    const auto route = pair.link.Route();
     pair.AddBlock();
-    EXPECT_EQ(pair.link.Way(), way);
+    EXPECT_EQ(pair.link.Route(), route);
 }
 
 TEST(Routes, PointsWithASwitchOnAreNeverTouched) {
     Pair pair;
     pair.link.SetAddPointsMode(true);
-    const auto way = pair.link.Way();
+    const auto route = pair.link.Route();
     Node &block = pair.AddBlock();
     block.SetTop(2600);
-    EXPECT_EQ(pair.link.Way(), way);
+    EXPECT_EQ(pair.link.Route(), route);
     pair.b.SetTop(6000);
-    EXPECT_EQ(pair.link.Way(), way);
+    EXPECT_EQ(pair.link.Route(), route);
 }
 
 TEST(Routes, AfterALoadNothingGivesWayUntilANodeMoves) {
     Pair pair;
-    const auto way = pair.link.Way();
+    const auto route = pair.link.Route();
     Surface loaded;
     loaded.SetLoading(true);
     for (const Node &node : pair.surface.Nodes()) loaded.Restore(node.Id(), node.Data());
     Node &block = loaded.Nodes().Add(4500, 2500, 1000, 1500);
     Link &link = loaded.Restore(77, pair.link.Data());
     loaded.SetLoading(false);
-    EXPECT_EQ(link.Way(), way);
+    EXPECT_EQ(link.Route(), route);
     block.SetTop(2600);
-    EXPECT_EQ(NodesOnWay(link), 0) << Text(link);
+    EXPECT_EQ(NodesOnRoute(link), 0) << Text(link);
 }
 
-// The router's choice round the obstacle comes back from a file as the router's, the straight way through it
-// as the user's.
+// The router's choice round the obstacle comes back from a file as the router's, the straight route through
+// it as the user's.
 TEST(Routes, BendsAreJudgedByWhatTheRouterChoosesAmongTheNodes) {
     Pair pair;
-    const auto through = pair.link.Way();
+    const auto through = pair.link.Route();
     pair.AddBlock();
-    const auto round = pair.link.Way();
+    const auto round = pair.link.Route();
     const auto give = [&pair](const std::vector<Point> &points) {
         Link &link = pair.a.Links().Add(pair.b);
         pair.surface.Remove(*pair.surface.Links()[0]);
@@ -380,7 +380,7 @@ TEST(Routes, LoadedBendsAreJudgedByTheNodesAsTheyStoodAfterTheLoad) {
     for (const bool own : {false, true}) {
         Pair pair;
         Node &block = pair.AddBlock();
-        std::vector<Point> stored = pair.link.Way();
+        std::vector<Point> stored = pair.link.Route();
         if (own) stored[2].y = stored[3].y = stored[2].y + 300;
         Surface loaded;
         loaded.SetLoading(true);
@@ -391,9 +391,9 @@ TEST(Routes, LoadedBendsAreJudgedByTheNodesAsTheyStoodAfterTheLoad) {
         link.Points().Assign(stored);
         link.SetAddPointsMode(false);
         loaded.SetLoading(false);
-        EXPECT_EQ(link.Way(), stored);
+        EXPECT_EQ(link.Route(), stored);
         loaded.FindNode(block.Id())->SetTop(9000);
-        EXPECT_EQ(link.Way(), stored);
+        EXPECT_EQ(link.Route(), stored);
         EXPECT_EQ(link.OwnBends(), own);
     }
 }
@@ -402,12 +402,12 @@ TEST(Routes, ABlockThatMovesOntoAJudgedWayIsGoneRound) {
     Pair pair;
     Node &block = pair.AddBlock(9000);
     pair.link.SetAddPointsMode(true);
-    const auto way = pair.link.Way();
+    const auto route = pair.link.Route();
     pair.link.Points().Assign({{1, 1}, {2, 2}});
-    pair.link.Points().Assign(way); // as from a file
+    pair.link.Points().Assign(route); // as from a file
     pair.link.SetAddPointsMode(false);
     block.SetTop(2500);
-    EXPECT_EQ(NodesOnWay(pair.link), 0) << Text(pair.link);
+    EXPECT_EQ(NodesOnRoute(pair.link), 0) << Text(pair.link);
     EXPECT_FALSE(pair.link.OwnBends());
 }
 
@@ -417,7 +417,7 @@ TEST(Routes, BendsComeOutFromUnderArrowHeads) {
         Node &a = surface.Nodes().Add(1000, 1000, 800, 800), &b = surface.Nodes().Add(2150, 2150, 800, 800);
         Link &link = a.Links().Add(b);
         link.SetStyle(style);
-        const Point tip = link.Way()[3], bend = link.Way()[2];
+        const Point tip = link.Route()[3], bend = link.Route()[2];
         EXPECT_GT(std::abs(tip.x - bend.x) + std::abs(tip.y - bend.y), 210) << Text(link);
     }
 }
@@ -449,26 +449,26 @@ TEST_P(RoutesBeside, LinksBetweenTheSameNodesLieApart) {
         for (const auto &other : surface.Links()) {
             if (one == other) continue;
             const bool same = &one->Source() == &other->Source();
-            const Point start = same ? other->Way().front() : other->Way().back();
-            const Point end = same ? other->Way().back() : other->Way().front();
-            EXPECT_GT(distance(one->Way().front(), start), 80) << Text(*one) << Text(*other);
-            EXPECT_GT(distance(one->Way().back(), end), 80) << Text(*one) << Text(*other);
+            const Point start = same ? other->Route().front() : other->Route().back();
+            const Point end = same ? other->Route().back() : other->Route().front();
+            EXPECT_GT(distance(one->Route().front(), start), 80) << Text(*one) << Text(*other);
+            EXPECT_GT(distance(one->Route().back(), end), 80) << Text(*one) << Text(*other);
         }
 }
 
 TEST_P(RoutesBeside, AddingAndUndoingAnotherBringsTheWayBack) {
     Pair pair(GetParam());
-    const auto before = pair.link.Way();
+    const auto before = pair.link.Route();
     {
         const ActionGroup group(pair.surface);
         pair.b.Links().Add(pair.a).SetStyle(GetParam());
     }
-    const auto after = AllWays(pair.surface);
-    EXPECT_NE(pair.link.Way(), before);
+    const auto after = AllRoutes(pair.surface);
+    EXPECT_NE(pair.link.Route(), before);
     pair.surface.Undo();
-    EXPECT_EQ(pair.link.Way(), before);
+    EXPECT_EQ(pair.link.Route(), before);
     pair.surface.Redo();
-    EXPECT_EQ(AllWays(pair.surface), after);
+    EXPECT_EQ(AllRoutes(pair.surface), after);
 }
 
 TEST_P(RoutesBeside, LoopsOnOneNodeNest) {
@@ -478,7 +478,7 @@ TEST_P(RoutesBeside, LoopsOnOneNodeNest) {
     std::vector<double> reach;
     for (const auto &link : surface.Links()) {
         QRectF box;
-        for (const Point &p : link->Way()) box |= QRectF(p.x, p.y, 1, 1);
+        for (const Point &p : link->Route()) box |= QRectF(p.x, p.y, 1, 1);
         reach.push_back(box.width() + box.height());
     }
     EXPECT_LT(reach[0] + 50, reach[1]);
@@ -499,7 +499,7 @@ TEST(Routes, TenThousandLinksOnOneNodeAndBetweenTwoAreRouted) {
     surface.Recalculate();
     hub.SetLeft(40000);
     surface.Recalculate();
-    for (const auto &link : surface.Links()) ASSERT_GE(link->Way().size(), 2U);
+    for (const auto &link : surface.Links()) ASSERT_GE(link->Route().size(), 2U);
 }
 
 TEST(Routes, NodesAtTheEndsOfTheRangeHaveWays) {
@@ -513,6 +513,6 @@ TEST(Routes, NodesAtTheEndsOfTheRangeHaveWays) {
         const ActionGroup group(surface);
         c.SetLeft(1e8F);
         for (const auto &link : surface.Links())
-            for (const Point &p : link->Way()) ASSERT_TRUE(std::isfinite(p.x) && std::isfinite(p.y));
+            for (const Point &p : link->Route()) ASSERT_TRUE(std::isfinite(p.x) && std::isfinite(p.y));
     }
 }

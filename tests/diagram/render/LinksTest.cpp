@@ -10,7 +10,7 @@ namespace {
 
 constexpr QRgb kRed = 0xFFFF0000;
 
-// Two boxes side by side in one row; the way between them runs from 41 to 160 at 60 down.
+// Two boxes side by side in one row; the route between them runs from 41 to 160 at 60 down.
 Link &AddLink(Painting &painting) {
     Node &from = painting.Add(10, 40, 30, 40);
     Node &to = painting.Add(160, 40, 30, 40);
@@ -122,13 +122,13 @@ TEST(Links, EachStyle_LeadsFromNodeToNode) {
 
 // Long segments and what lies around bends are drawn apart.
 TEST(Links, WideSlantedWays_LookLikeOneRun) {
-    const QPolygonF way{{10, 75}, {60, 20}, {70, 24}, {150, 140}, {190, 60}};
+    const QPolygonF route{{10, 75}, {60, 20}, {70, 24}, {150, 140}, {190, 60}};
     for (const int width : {2, 5, 9}) {
         SCOPED_TRACE(width);
         Painting painting;
         Link &link = painting.Add(0, 70, 10, 10).Links().Add(painting.Add(185, 50, 10, 10));
         std::vector<Point> points;
-        for (const QPointF &at : way) points.push_back({float(at.x()) * 15, float(at.y()) * 15});
+        for (const QPointF &at : route) points.push_back({float(at.x()) * 15, float(at.y()) * 15});
         link.Points().Assign(points);
         link.SetLineColor(support::Rgb(255, 0, 0));
         link.SetArrowDest(0);
@@ -137,7 +137,7 @@ TEST(Links, WideSlantedWays_LookLikeOneRun) {
         const QImage image = painting.Paint();
 
         QPolygonF run;
-        for (const Point &point : link.Way()) {
+        for (const Point &point : link.Route()) {
             const QPointF at = ToQPointF(point) / 15;
             const double half = width % 2 ? 0.5 : 0;
             run << QPointF(std::floor(at.x() + 0.5 - half) + half, std::floor(at.y() + 0.5 - half) + half);

@@ -23,7 +23,7 @@ public:
 class Dragged {
 public:
     Dragged(Surface &surface, std::vector<Node *> nodes)
-        : held_(surface.HoldWays()), nodes_(std::move(nodes)) {
+        : held_(surface.HoldRoutes()), nodes_(std::move(nodes)) {
         for (const Node *node : nodes_) from_.push_back(node->Bounds().topLeft());
     }
     void MoveBy(const QPointF &way) const {
@@ -34,7 +34,7 @@ public:
     }
 
 private:
-    std::shared_ptr<HeldWays> held_;
+    std::shared_ptr<HeldRoutes> held_;
     std::vector<Node *> nodes_;
     std::vector<QPointF> from_;
 };
@@ -93,7 +93,7 @@ TEST(Labels, OfParallelLinksDontLieOnEachOther) {
     EXPECT_FALSE(map.Label(one).intersects(map.Label(two)));
     for (const Link *link : {&one, &two}) {
         const Link &other = link == &one ? two : one;
-        EXPECT_FALSE(RunsThrough(map.Label(*link), ToQPointF(other.Way()[0]), ToQPointF(other.Way()[1])));
+        EXPECT_FALSE(RunsThrough(map.Label(*link), ToQPointF(other.Route()[0]), ToQPointF(other.Route()[1])));
     }
 }
 

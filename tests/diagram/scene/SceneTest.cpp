@@ -278,10 +278,10 @@ TEST(Scene, CurvesJumpToo) {
         const auto crossings = drawn.scene.Crossings(curve);
         ASSERT_EQ(crossings.size(), 2U);
         const QPolygonF line = drawn.scene.LinkPath(curve).toSubpathPolygons().front();
-        const std::vector<QPointF> way(line.begin(), line.end());
+        const std::vector<QPointF> route(line.begin(), line.end());
         for (const Crossing &crossing : crossings) {
             EXPECT_EQ(crossing.segment, 0);
-            EXPECT_NEAR(NearestOnWay(way, crossing.point), crossing.along, 15);
+            EXPECT_NEAR(NearestOnRoute(route, crossing.point), crossing.along, 15);
         }
         EXPECT_NEAR(crossings[0].point.x(), 1000, 1);
         EXPECT_GT(crossings[0].point.y(), 1050);

@@ -10,17 +10,17 @@ using namespace diagram;
 
 namespace {
 
-using Way = std::vector<QPointF>;
+using Route = std::vector<QPointF>;
 
 constexpr QSizeF kSize(900, 240);
 
 struct Placed {
-    Way way;
-    LabelRequest request{way, false, kSize};
+    Route route;
+    LabelRequest request{route, false, kSize};
     std::vector<QRectF> boxes;
     std::vector<QLineF> lines;
 
-    explicit Placed(Way points) : way(std::move(points)) { request.way = way; }
+    explicit Placed(Route points) : route(std::move(points)) { request.route = route; }
     LabelPlace Place() const {
         return PlaceLabel(request, [this](const QRectF &area) {
             LabelGround ground;
@@ -38,8 +38,8 @@ struct Placed {
     }
     bool IsOnTheWay() const {
         const QRectF box = Box().adjusted(-1, -1, 1, 1);
-        for (std::size_t i = 1; i < way.size(); ++i)
-            if (RunsThrough(box, way[i - 1], way[i])) return true;
+        for (std::size_t i = 1; i < route.size(); ++i)
+            if (RunsThrough(box, route[i - 1], route[i])) return true;
         return false;
     }
 };
@@ -60,7 +60,7 @@ TEST(LabelPlace, TakesASegmentThatIsLongEnough) {
     Placed placed({{0, 0}, {0, 2000}, {500, 2000}, {500, 4000}});
     const QRectF box = placed.Box();
     EXPECT_TRUE(box.center().x() == 0 || box.center().x() == 500) << box.center().x();
-    for (const QPointF &bend : {placed.way[1], placed.way[2]}) EXPECT_FALSE(box.contains(bend));
+    for (const QPointF &bend : {placed.route[1], placed.route[2]}) EXPECT_FALSE(box.contains(bend));
 }
 
 TEST(LabelPlace, LeavesAHeadInTheMiddle) {
@@ -109,12 +109,12 @@ TEST(LabelPlace, CoversAsLittleAsItCanWhereNothingIsFree) {
 }
 
 TEST(LabelPlace, ACurveHasNoBends) {
-    Way way;
-    for (int i = 0; i <= 16; ++i) way.emplace_back(i * 100, std::sin(i / 5.0) * 400);
-    Placed placed(way);
+    Route route;
+    for (int i = 0; i <= 16; ++i) route.emplace_back(i * 100, std::sin(i / 5.0) * 400);
+    Placed placed(route);
     placed.request.curved = true;
     placed.request.size = QSizeF(300, 200);
-    const QPointF middle = MiddleOfWay(way);
+    const QPointF middle = MiddleOfRoute(route);
     EXPECT_EQ(placed.Box().center(), middle);
     placed.boxes = {QRectF(middle - QPointF(50, 50), QSizeF(100, 100))};
     EXPECT_FALSE(placed.Box().intersects(placed.boxes[0]));
@@ -142,20 +142,20 @@ struct Random {
     }
 };
 
-// A way of two bends at most, among boxes and lines.
+// A route of two bends at most, among boxes and lines.
 struct Crowded {
     Random random;
     Placed placed;
 
-    explicit Crowded(unsigned seed) : random{seed * 7919 + 1}, placed(RandomWay()) {
+    explicit Crowded(unsigned seed) : random{seed * 7919 + 1}, placed(RandomRoute()) {
         for (int i = 0; i < 6; ++i)
             placed.boxes.emplace_back(random.Spot(4000), QSizeF(random.Roll(1200), random.Roll(1200)));
         for (int i = 0; i < 6; ++i) placed.lines.emplace_back(random.Spot(4000), random.Spot(4000));
     }
-    Way RandomWay() {
-        Way way{random.Spot(4000), random.Spot(4000)};
-        while (random.Roll(2) && way.size() < 4) way.push_back(random.Spot(4000));
-        return way;
+    Route RandomRoute() {
+        Route route{random.Spot(4000), random.Spot(4000)};
+        while (random.Roll(2) && route.size() < 4) route.push_back(random.Spot(4000));
+        return route;
     }
 };
 

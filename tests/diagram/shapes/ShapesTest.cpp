@@ -91,11 +91,11 @@ double DistanceToPath(const QPainterPath &path, const QPointF &point) {
     double nearest = 1e9;
     for (const QPolygonF &polygon : path.toSubpathPolygons())
         for (int i = 0; i + 1 < polygon.size(); ++i) {
-            const QPointF a = polygon[i], way = polygon[i + 1] - a;
-            const double length = QPointF::dotProduct(way, way);
+            const QPointF a = polygon[i], route = polygon[i + 1] - a;
+            const double length = QPointF::dotProduct(route, route);
             const double t =
-                length > 0 ? std::clamp(QPointF::dotProduct(point - a, way) / length, 0.0, 1.0) : 0;
-            const QPointF off = point - (a + t * way);
+                length > 0 ? std::clamp(QPointF::dotProduct(point - a, route) / length, 0.0, 1.0) : 0;
+            const QPointF off = point - (a + t * route);
             nearest = std::min(nearest, std::hypot(off.x(), off.y()));
         }
     return nearest;

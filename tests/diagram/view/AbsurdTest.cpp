@@ -75,7 +75,7 @@ TEST_F(Absurd, NodesWithoutSize_ArePaintedWithTheirLinks) {
     AddLink(node, node);
     Settle();
     LookAround();
-    for (const Point &point : link.Way()) EXPECT_TRUE(std::isfinite(point.x) && std::isfinite(point.y));
+    for (const Point &point : link.Route()) EXPECT_TRUE(std::isfinite(point.x) && std::isfinite(point.y));
 }
 
 TEST_F(Absurd, PicturesOfAbsurdSizes_ArePainted) {
@@ -107,12 +107,12 @@ TEST_F(Absurd, ThousandsOfLinksOnOneNode_FollowItAndUndo) {
     Node &hub = AddNode("{HUB}", 300, 250);
     for (int i = 0; i < 3000; ++i) AddLink(hub, AddNode("", 120 * (i % 60), 400 + 80 * (i / 60)));
     Settle();
-    const auto before = surface.Links()[2999]->Way();
+    const auto before = surface.Links()[2999]->Route();
     Drag(Body(hub), Body(hub) + QPoint(60, -100));
-    EXPECT_NE(surface.Links()[2999]->Way(), before);
+    EXPECT_NE(surface.Links()[2999]->Route(), before);
     EXPECT_EQ(UndoSteps(), 1);
     surface.Undo();
-    EXPECT_EQ(surface.Links()[2999]->Way(), before);
+    EXPECT_EQ(surface.Links()[2999]->Route(), before);
 }
 
 } // namespace diagram::testing

@@ -66,7 +66,7 @@ TEST_F(Accessible, ChildAt_FindsWhatLiesThere) {
         return List().childAt(global.x(), global.y());
     };
     EXPECT_EQ(at(Middle(a)), &Child(0));
-    EXPECT_EQ(at(At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2)), &Child(2));
+    EXPECT_EQ(at(At((ToQPointF(link.Route()[0]) + ToQPointF(link.Route()[1])) / 2)), &Child(2));
     EXPECT_EQ(at(QPoint(600, 500)), nullptr);
 }
 

@@ -32,19 +32,19 @@ protected:
 };
 
 TEST_F(ArrowRun, KeysInARow_AreOneStep) {
-    const std::vector<Point> way = link.Way();
+    const std::vector<Point> route = link.Route();
     Keys({Qt::Key_Right, Qt::Key_Right, Qt::Key_Down});
     Key(Qt::Key_Down, Qt::ShiftModifier);
     EXPECT_EQ(a.Bounds(), start.translated(30, 15 + 150));
     EXPECT_EQ(events.Count("AfterMove"), 4);
-    const std::vector<Point> moved = link.Way();
+    const std::vector<Point> moved = link.Route();
     EXPECT_EQ(UndoSteps(), 1);
     surface.Undo();
     EXPECT_EQ(a.Bounds(), start);
-    EXPECT_EQ(link.Way(), way);
+    EXPECT_EQ(link.Route(), route);
     surface.Redo();
     EXPECT_EQ(a.Bounds(), start.translated(30, 165));
-    EXPECT_EQ(link.Way(), moved);
+    EXPECT_EQ(link.Route(), moved);
 }
 
 TEST_F(ArrowRun, WhatAHandlerChanges_BelongsToTheStep) {

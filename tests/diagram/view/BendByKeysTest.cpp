@@ -18,18 +18,18 @@ protected:
 };
 
 TEST_F(BendByKeys, Arrow_MakesABendOfAFreeSegmentAndMovesItOn) {
-    const QPointF middle = (ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2;
+    const QPointF middle = (ToQPointF(link.Route()[0]) + ToQPointF(link.Route()[1])) / 2;
     Begin();
     for (int i = 0; i < 10; ++i) Key(Qt::Key_Up);
     Key(Qt::Key_Right, Qt::ShiftModifier);
     Key(Qt::Key_Return);
-    ASSERT_EQ(link.Way().size(), 3U);
-    const QPointF bend = ToQPointF(link.Way()[1]);
+    ASSERT_EQ(link.Route().size(), 3U);
+    const QPointF bend = ToQPointF(link.Route()[1]);
     EXPECT_LT((bend - middle - QPointF(surface.GridSize(), -150)).manhattanLength(), 1);
     EXPECT_EQ(UndoSteps(), 1);
     EXPECT_EQ(events.Count("AfterStretch"), 1);
     surface.Undo();
-    EXPECT_EQ(link.Way().size(), 2U);
+    EXPECT_EQ(link.Route().size(), 2U);
 }
 
 TEST_F(BendByKeys, Tab_GoesAlongTheWayAndRoundAgain) {
@@ -40,31 +40,31 @@ TEST_F(BendByKeys, Tab_GoesAlongTheWayAndRoundAgain) {
     Key(Qt::Key_Tab);
     Key(Qt::Key_Up);
     Key(Qt::Key_Return);
-    EXPECT_EQ(link.Way()[1], (Point{6000, 1485}));
+    EXPECT_EQ(link.Route()[1], (Point{6000, 1485}));
     Begin();
     Key(Qt::Key_Backtab, Qt::ShiftModifier);
     Key(Qt::Key_Up);
     Key(Qt::Key_Return);
-    ASSERT_EQ(link.Way().size(), 4U);
-    EXPECT_EQ(link.Way()[2], (Point{6000, 1485})) << "the segment in front of it got one";
+    ASSERT_EQ(link.Route().size(), 4U);
+    EXPECT_EQ(link.Route()[2], (Point{6000, 1485})) << "the segment in front of it got one";
 }
 
 TEST_F(BendByKeys, OrthogonalSegment_IsShiftedAcross) {
     constexpr int kHvh = 5;
     link.SetStyle(kHvh);
-    const float x = link.Way()[1].x;
+    const float x = link.Route()[1].x;
     Begin(); // the middle segment
     Key(Qt::Key_Right, Qt::ShiftModifier);
     Key(Qt::Key_Up);
     Key(Qt::Key_Return);
-    ASSERT_EQ(link.Way().size(), 4U);
-    EXPECT_EQ(link.Way()[1].x, x + surface.GridSize());
-    EXPECT_EQ(link.Way()[2].x, x + surface.GridSize());
+    ASSERT_EQ(link.Route().size(), 4U);
+    EXPECT_EQ(link.Route()[1].x, x + surface.GridSize());
+    EXPECT_EQ(link.Route()[2].x, x + surface.GridSize());
     EXPECT_TRUE(link.OwnBends());
     Begin();
     Key(Qt::Key_Delete);
     Key(Qt::Key_Return);
-    EXPECT_EQ(link.Way()[1].x, x);
+    EXPECT_EQ(link.Route()[1].x, x);
     EXPECT_FALSE(link.OwnBends()) << "the router's again";
     EXPECT_EQ(UndoSteps(), 2);
 }
@@ -76,7 +76,7 @@ TEST_F(BendByKeys, Delete_TakesABendAwayAndAsksNothing) {
     Key(Qt::Key_Delete);
     Key(Qt::Key_Delete); // the middle of a segment now: nothing to take away
     Key(Qt::Key_Return);
-    EXPECT_EQ(link.Way().size(), 2U);
+    EXPECT_EQ(link.Route().size(), 2U);
     EXPECT_EQ(events.details.filter(QStringLiteral("KeyDown 46")), QStringList());
     EXPECT_EQ(surface.Links().size(), 1U);
     EXPECT_EQ(UndoSteps(), 1);
@@ -161,7 +161,7 @@ TEST_F(BendByKeys, Click_EndsItAndKeepsWhatWasDone) {
     EXPECT_EQ(hints.last()[0].value<Hint>(), Hint::KeysBend);
     Key(Qt::Key_Up);
     Click(QPoint(600, 550));
-    EXPECT_EQ(link.Way().size(), 3U);
+    EXPECT_EQ(link.Route().size(), 3U);
     EXPECT_EQ(UndoSteps(), 1);
 }
 

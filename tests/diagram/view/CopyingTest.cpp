@@ -53,8 +53,8 @@ TEST_F(Copying, LinksBetweenCopiedNodes_AreCopied) {
     const Link &copy = *surface.Links()[2];
     EXPECT_EQ(&copy.Source(), &surface.Nodes().Item(4));
     EXPECT_EQ(&copy.Destination(), &surface.Nodes().Item(5));
-    ASSERT_EQ(copy.Way().size(), link.Way().size());
-    EXPECT_EQ(copy.Way().front().y, link.Way().front().y + 300 * 15);
+    ASSERT_EQ(copy.Route().size(), link.Route().size());
+    EXPECT_EQ(copy.Route().front().y, link.Route().front().y + 300 * 15);
     EXPECT_EQ(surface.SelectedNodes().size(), 2U);
     EXPECT_TRUE(surface.SelectedLinks().empty());
     EXPECT_EQ(UndoSteps(), 1);

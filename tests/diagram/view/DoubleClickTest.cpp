@@ -109,7 +109,7 @@ TEST_F(DoubleClick, OnWhatCantBeSelected_MakesNothingOnTopOfIt) {
 TEST_F(DoubleClick, OnALink_MakesNothing) {
     const Link &link = AddLink(a, b);
     Settle();
-    Twice(At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2 + QPointF(0, 60)));
+    Twice(At((ToQPointF(link.Route()[0]) + ToQPointF(link.Route()[1])) / 2 + QPointF(0, 60)));
     EXPECT_EQ(surface.Nodes().Count(), 2);
 }
 

@@ -16,7 +16,7 @@ protected:
             for (const float value : {node.Left(), node.Top(), node.Width(), node.Height()})
                 EXPECT_TRUE(std::isfinite(value));
         for (const auto &link : surface.Links())
-            for (const Point &point : link->Way())
+            for (const Point &point : link->Route())
                 EXPECT_TRUE(std::isfinite(point.x) && std::isfinite(point.y));
     }
 };

@@ -31,9 +31,9 @@ TEST(Glide, WaysOfAsManyPointsGoPointByPoint) {
 }
 
 TEST(Glide, AWayWithoutLengthIsNoTrouble) {
-    const auto way = Between({{5, 5}, {5, 5}, {5, 5}}, {{0, 0}, {10, 0}}, 0.5);
-    EXPECT_EQ(way.front(), (Point{2.5F, 2.5F}));
-    EXPECT_EQ(way.back(), (Point{7.5F, 2.5F}));
+    const auto route = Between({{5, 5}, {5, 5}, {5, 5}}, {{0, 0}, {10, 0}}, 0.5);
+    EXPECT_EQ(route.front(), (Point{2.5F, 2.5F}));
+    EXPECT_EQ(route.back(), (Point{7.5F, 2.5F}));
 }
 
 // What a desktop says of motion.
@@ -87,9 +87,9 @@ TEST_F(Gliding, TheCopyStandsHalfWayAtHalfTheTime) {
     EXPECT_EQ(half.Nodes().Item(2).Top(), 2400);
     EXPECT_EQ(half.Nodes().Item(1).Top(), 300);
     EXPECT_EQ(glide.At(0).Nodes().Item(2).Top(), 300);
-    EXPECT_EQ(glide.At(0).Links()[0]->Way(), before.ways.value(link.Id()));
+    EXPECT_EQ(glide.At(0).Links()[0]->Route(), before.routes.value(link.Id()));
     EXPECT_EQ(glide.At(1).Nodes().Item(2).Top(), 4500);
-    EXPECT_EQ(glide.At(1).Links()[0]->Way(), link.Way());
+    EXPECT_EQ(glide.At(1).Links()[0]->Route(), link.Route());
 }
 
 TEST_F(Gliding, ItBeginsWithTheFormerPictureAndEndsWithThePresentOne) {

@@ -22,7 +22,7 @@ protected:
         MoveTo(at);
         return told.isEmpty() ? Hint::Nothing : told.last();
     }
-    QPoint Third() const { return At((ToQPointF(link.Way()[0]) * 2 + ToQPointF(link.Way()[1])) / 3); }
+    QPoint Third() const { return At((ToQPointF(link.Route()[0]) * 2 + ToQPointF(link.Route()[1])) / 3); }
     Node &a, &b;
     Link &link;
     QList<Hint> told, offered;
@@ -40,9 +40,9 @@ TEST_F(Hints, OverEachThing) {
     link.SetSelected(true);
     Settle();
     EXPECT_EQ(Over(Handle(a, 4)), Hint::DragResizes);
-    EXPECT_EQ(Over(At(ToQPointF(link.Way()[1]))), Hint::DragMovesBend);
-    EXPECT_EQ(Over(At(ToQPointF(link.Way()[2]))), Hint::DragMovesEnd);
-    EXPECT_EQ(Over(At((ToQPointF(link.Way()[1]) + ToQPointF(link.Way()[2])) / 2)), Hint::DragMakesBend);
+    EXPECT_EQ(Over(At(ToQPointF(link.Route()[1]))), Hint::DragMovesBend);
+    EXPECT_EQ(Over(At(ToQPointF(link.Route()[2]))), Hint::DragMovesEnd);
+    EXPECT_EQ(Over(At((ToQPointF(link.Route()[1]) + ToQPointF(link.Route()[2])) / 2)), Hint::DragMakesBend);
 }
 
 TEST_F(Hints, OverDatedNodesAndTheirEnds) {
@@ -70,7 +70,8 @@ TEST_F(Hints, OverALabel) {
     link.Points().Assign({{2250, 1950}, {5250, 1950}});
     link.SetText(QStringLiteral("label"));
     Settle();
-    EXPECT_EQ(Over(At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2)), Hint::ClickSelectsLink);
+    EXPECT_EQ(Over(At((ToQPointF(link.Route()[0]) + ToQPointF(link.Route()[1])) / 2)),
+              Hint::ClickSelectsLink);
 }
 
 TEST_F(Hints, OverThePageWithAChosenShapeOrWithShift) {

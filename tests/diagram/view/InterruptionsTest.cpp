@@ -37,9 +37,9 @@ protected:
         link.SetSelected(true);
         b.SetSelected(true);
         Settle();
-        bend = At(ToQPointF(link.Way()[1]));
-        end = At(ToQPointF(link.Way().back()));
-        segment = At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2);
+        bend = At(ToQPointF(link.Route()[1]));
+        end = At(ToQPointF(link.Route().back()));
+        segment = At((ToQPointF(link.Route()[0]) + ToQPointF(link.Route()[1])) / 2);
         saved = SaveBytes(surface);
         revision = surface.Revision();
         selectedBefore = surface.SelectedNodes();

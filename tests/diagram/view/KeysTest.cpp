@@ -197,7 +197,7 @@ TEST_F(Keys, ToolTip_ShowsATextThatIsTooSmallToRead) {
     Link &link = AddLink(a, b);
     link.SetText(QStringLiteral("of the link"));
     Settle();
-    const QPointF middle = (ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2;
+    const QPointF middle = (ToQPointF(link.Route()[0]) + ToQPointF(link.Route()[1])) / 2;
     EXPECT_EQ(ask(At(middle)), QString());
     EXPECT_EQ(ask(QPoint(700, 550)), QString());
     view->ZoomAt(30, QPointF());
@@ -220,7 +220,7 @@ TEST_F(Keys, ToolTip_ShowsALabelThatTheWindowCutsOffAndNoneDuringADrag) {
     link.SetText(QStringLiteral("a label beyond the window's edge ").repeated(4).trimmed());
     a.SetText(QStringLiteral("a long text ").repeated(40));
     Settle();
-    const QPoint onLink(At(ToQPointF(link.Way().front())) + QPoint(60, 0));
+    const QPoint onLink(At(ToQPointF(link.Route().front())) + QPoint(60, 0));
     EXPECT_TRUE(ask(onLink).contains(QStringLiteral("beyond the window"))) << onLink.x();
     EXPECT_FALSE(ask(Body(a)).isEmpty());
     QToolTip::hideText();

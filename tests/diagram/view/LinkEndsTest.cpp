@@ -16,8 +16,8 @@ protected:
         link.SetSelected(true);
         Settle();
     }
-    QPoint Start() const { return At(ToQPointF(link.Way().front())); }
-    QPoint End() const { return At(ToQPointF(link.Way().back())); }
+    QPoint Start() const { return At(ToQPointF(link.Route().front())); }
+    QPoint End() const { return At(ToQPointF(link.Route().back())); }
     int Darkness(const QRect &area) {
         const QImage shown = Part(Seen(), area);
         int sum = 0;
@@ -52,13 +52,13 @@ TEST_F(LinkEnds, Source_IsDraggedToAnotherNode) {
 }
 
 TEST_F(LinkEnds, EndDraggedToTheOtherEndsNode_MakesALoop) {
-    const std::vector<Point> way = link.Way();
+    const std::vector<Point> route = link.Route();
     Drag(End(), Middle(a));
     EXPECT_EQ(&link.Source(), &a);
     EXPECT_EQ(&link.Destination(), &a);
-    EXPECT_GE(link.Way().size(), 4U);
+    EXPECT_GE(link.Route().size(), 4U);
     surface.Undo();
-    EXPECT_EQ(link.Way(), way);
+    EXPECT_EQ(link.Route(), route);
 }
 
 TEST_F(LinkEnds, DroppedOnItsOwnNode_ChangesNothing) {
@@ -127,8 +127,8 @@ TEST_F(LinkEnds, LinkDrawnBackToItsNode_ShowsTheLoopThatComes) {
     Release(Middle(c));
     ASSERT_EQ(c.Links().Count(), 1);
     const Link &loop = c.Links().Item(1);
-    EXPECT_EQ(loop.Way().size(), 5U);
-    for (const Point &point : loop.Way())
+    EXPECT_EQ(loop.Route().size(), 5U);
+    for (const Point &point : loop.Route())
         EXPECT_FALSE(c.Bounds().adjusted(1, 1, -1, -1).contains(ToQPointF(point)));
 }
 

@@ -99,9 +99,9 @@ TEST_F(Linking, Hover_SaysWhatADragWouldDo) {
     Settle();
     MoveTo(LinkStart(a, 0));
     EXPECT_EQ(last(), Hint::DragDrawsLink);
-    MoveTo(At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2));
+    MoveTo(At((ToQPointF(link.Route()[0]) + ToQPointF(link.Route()[1])) / 2));
     EXPECT_EQ(last(), Hint::DragMakesBend);
-    MoveTo(At(ToQPointF(link.Way().back())));
+    MoveTo(At(ToQPointF(link.Route().back())));
     EXPECT_EQ(last(), Hint::DragMovesEnd);
     MoveTo(Handle(c, 4));
     EXPECT_EQ(last(), Hint::DragResizes);
@@ -145,7 +145,7 @@ TEST_F(Linking, EndOfALink_IsDraggedToAnotherNode) {
     Link &link = AddLink(a, b);
     link.SetSelected(true);
     Settle();
-    Drag(At(ToQPointF(link.Way().back())), Middle(c));
+    Drag(At(ToQPointF(link.Route().back())), Middle(c));
     EXPECT_EQ(&link.Destination(), &c);
     EXPECT_EQ(events.Count("AfterStretch"), 1);
     EXPECT_EQ(UndoSteps(), 1);
@@ -157,7 +157,7 @@ TEST_F(Linking, EndOfALinkDroppedOnEmptySurface_Stays) {
     Link &link = AddLink(a, b);
     link.SetSelected(true);
     Settle();
-    Drag(At(ToQPointF(link.Way().front())), QPoint(600, 500));
+    Drag(At(ToQPointF(link.Route().front())), QPoint(600, 500));
     EXPECT_EQ(&link.Source(), &a);
     EXPECT_FALSE(surface.CanUndo());
     EXPECT_EQ(events.Count("AfterStretch"), 0);
@@ -167,16 +167,16 @@ TEST_F(Linking, DraggedSegment_MakesABend) {
     Link &link = AddLink(a, c);
     link.SetSelected(true);
     Settle();
-    ASSERT_EQ(link.Way().size(), 2U);
-    const QPoint half = At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2);
+    ASSERT_EQ(link.Route().size(), 2U);
+    const QPoint half = At((ToQPointF(link.Route()[0]) + ToQPointF(link.Route()[1])) / 2);
     Drag(half, half + QPoint(60, -40));
-    ASSERT_EQ(link.Way().size(), 3U);
-    EXPECT_EQ(At(ToQPointF(link.Way()[1])), half + QPoint(60, -40));
+    ASSERT_EQ(link.Route().size(), 3U);
+    EXPECT_EQ(At(ToQPointF(link.Route()[1])), half + QPoint(60, -40));
     EXPECT_TRUE(link.OwnBends());
     EXPECT_EQ(events.Count("AfterStretch"), 1);
     EXPECT_EQ(UndoSteps(), 1);
     surface.Undo();
-    EXPECT_EQ(link.Way().size(), 2U);
+    EXPECT_EQ(link.Route().size(), 2U);
 }
 
 TEST_F(Linking, Bend_IsMovedAndTakenAwayByDoubleClick) {
@@ -185,12 +185,12 @@ TEST_F(Linking, Bend_IsMovedAndTakenAwayByDoubleClick) {
     link.SetSelected(true);
     Settle();
     Drag(QPoint(200, 300), QPoint(150, 260));
-    EXPECT_EQ(link.Way().at(1), (Point{150 * 15, 260 * 15}));
+    EXPECT_EQ(link.Route().at(1), (Point{150 * 15, 260 * 15}));
     QMouseEvent twice(QEvent::MouseButtonDblClick, QPoint(150, 260),
                       view->viewport()->mapToGlobal(QPoint(150, 260)), Qt::LeftButton, Qt::LeftButton,
                       Qt::NoModifier);
     QCoreApplication::sendEvent(view->viewport(), &twice);
-    EXPECT_EQ(link.Way().size(), 2U);
+    EXPECT_EQ(link.Route().size(), 2U);
     EXPECT_EQ(events.Count("AfterStretch"), 2);
     EXPECT_EQ(UndoSteps(), 2);
 }
@@ -199,13 +199,13 @@ TEST_F(Linking, BendGivenUpWithEscape_LeavesNoTrace) {
     Link &link = AddLink(a, c);
     link.SetSelected(true);
     Settle();
-    const std::vector<Point> way = link.Way();
-    const QPoint half = At((ToQPointF(way[0]) + ToQPointF(way[1])) / 2);
+    const std::vector<Point> route = link.Route();
+    const QPoint half = At((ToQPointF(route[0]) + ToQPointF(route[1])) / 2);
     DragAndHold(half, half + QPoint(60, -40));
-    EXPECT_EQ(link.Way().size(), 3U);
+    EXPECT_EQ(link.Route().size(), 3U);
     Key(Qt::Key_Escape);
     Release(half);
-    EXPECT_EQ(link.Way(), way);
+    EXPECT_EQ(link.Route(), route);
     EXPECT_FALSE(link.OwnBends());
     EXPECT_FALSE(surface.CanUndo());
 }
@@ -215,15 +215,15 @@ TEST_F(Linking, DraggedSegmentOfAnOrthogonalLink_KeepsTheDirections) {
     link.SetStyle(5); // H V H
     link.SetSelected(true);
     Settle();
-    ASSERT_EQ(link.Way().size(), 4U);
-    const std::vector<Point> way = link.Way();
-    const QPoint half = At((ToQPointF(way[1]) + ToQPointF(way[2])) / 2);
+    ASSERT_EQ(link.Route().size(), 4U);
+    const std::vector<Point> route = link.Route();
+    const QPoint half = At((ToQPointF(route[1]) + ToQPointF(route[2])) / 2);
     Drag(half, half + QPoint(-30, 17));
-    ASSERT_EQ(link.Way().size(), 4U);
-    EXPECT_EQ(link.Way()[0].y, link.Way()[1].y);
-    EXPECT_EQ(link.Way()[1].x, link.Way()[2].x);
-    EXPECT_EQ(link.Way()[2].y, link.Way()[3].y);
-    EXPECT_NEAR(link.Way()[1].x, way[1].x - 30 * 15, 15);
+    ASSERT_EQ(link.Route().size(), 4U);
+    EXPECT_EQ(link.Route()[0].y, link.Route()[1].y);
+    EXPECT_EQ(link.Route()[1].x, link.Route()[2].x);
+    EXPECT_EQ(link.Route()[2].y, link.Route()[3].y);
+    EXPECT_NEAR(link.Route()[1].x, route[1].x - 30 * 15, 15);
 }
 
 TEST_F(Linking, EverySegmentOfAnOrthogonalLink_KeepsTheDirections) {
@@ -231,14 +231,14 @@ TEST_F(Linking, EverySegmentOfAnOrthogonalLink_KeepsTheDirections) {
     link.SetStyle(4); // V H V
     link.SetSelected(true);
     Settle();
-    ASSERT_EQ(link.Way().size(), 4U);
+    ASSERT_EQ(link.Route().size(), 4U);
     for (size_t segment = 0; segment < 3; ++segment) {
-        const QPoint half = At((ToQPointF(link.Way()[segment]) + ToQPointF(link.Way()[segment + 1])) / 2);
+        const QPoint half = At((ToQPointF(link.Route()[segment]) + ToQPointF(link.Route()[segment + 1])) / 2);
         Drag(half, half + QPoint(12, -9));
-        ASSERT_EQ(link.Way().size(), 4U) << segment;
-        EXPECT_EQ(link.Way()[0].x, link.Way()[1].x) << segment;
-        EXPECT_EQ(link.Way()[1].y, link.Way()[2].y) << segment;
-        EXPECT_EQ(link.Way()[2].x, link.Way()[3].x) << segment;
+        ASSERT_EQ(link.Route().size(), 4U) << segment;
+        EXPECT_EQ(link.Route()[0].x, link.Route()[1].x) << segment;
+        EXPECT_EQ(link.Route()[1].y, link.Route()[2].y) << segment;
+        EXPECT_EQ(link.Route()[2].x, link.Route()[3].x) << segment;
     }
 }
 
@@ -247,16 +247,16 @@ TEST_F(Linking, DoubleClickOnABendOfAnOrthogonalLink_GivesTheBendsBackToTheRoute
     link.SetStyle(5); // H V H
     link.SetSelected(true);
     Settle();
-    const std::vector<Point> way = link.Way();
-    const QPoint half = At((ToQPointF(way[1]) + ToQPointF(way[2])) / 2);
+    const std::vector<Point> route = link.Route();
+    const QPoint half = At((ToQPointF(route[1]) + ToQPointF(route[2])) / 2);
     Drag(half, half + QPoint(-30, 0));
-    ASSERT_NE(link.Way(), way);
-    const QPoint bend = At(ToQPointF(link.Way()[1]));
+    ASSERT_NE(link.Route(), route);
+    const QPoint bend = At(ToQPointF(link.Route()[1]));
     Click(bend);
     QMouseEvent twice(QEvent::MouseButtonDblClick, bend, view->viewport()->mapToGlobal(bend), Qt::LeftButton,
                       Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(view->viewport(), &twice);
-    EXPECT_EQ(link.Way(), way);
+    EXPECT_EQ(link.Route(), route);
     EXPECT_FALSE(link.OwnBends());
     EXPECT_EQ(UndoSteps(), 2);
 }
@@ -265,17 +265,17 @@ TEST_F(Linking, UndoWhileABendIsDragged_GivesTheDragUpFirst) {
     Link &link = AddLink(a, c);
     link.SetSelected(true);
     Settle();
-    const std::vector<Point> way = link.Way();
-    const QPoint half = At((ToQPointF(way[0]) + ToQPointF(way[1])) / 2);
+    const std::vector<Point> route = link.Route();
+    const QPoint half = At((ToQPointF(route[0]) + ToQPointF(route[1])) / 2);
     Drag(half, half + QPoint(60, -40));
-    const std::vector<Point> bent = link.Way();
+    const std::vector<Point> bent = link.Route();
     DragAndHold(half + QPoint(60, -40), half + QPoint(90, 40));
     surface.Undo();
-    EXPECT_EQ(link.Way(), way);
+    EXPECT_EQ(link.Route(), route);
     Release(half);
-    EXPECT_EQ(link.Way(), way);
+    EXPECT_EQ(link.Route(), route);
     surface.Redo();
-    EXPECT_EQ(link.Way(), bent);
+    EXPECT_EQ(link.Route(), bent);
 }
 
 TEST_F(Linking, StretchedLink_IsPaintedAgain) {
@@ -283,7 +283,7 @@ TEST_F(Linking, StretchedLink_IsPaintedAgain) {
     link.SetSelected(true);
     Settle();
     Shown();
-    const QPoint half = At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2);
+    const QPoint half = At((ToQPointF(link.Route()[0]) + ToQPointF(link.Route()[1])) / 2);
     Drag(half, half + QPoint(120, -80));
     EXPECT_EQ(StalePixels(), 0);
 }
@@ -292,28 +292,28 @@ TEST_F(Linking, BendDroppedInLineWithItsNeighbours_GoesAway) {
     Link &link = AddLink(a, c);
     link.SetSelected(true);
     Settle();
-    const QPointF from = ToQPointF(link.Way().front()), to = ToQPointF(link.Way().back());
+    const QPointF from = ToQPointF(link.Route().front()), to = ToQPointF(link.Route().back());
     Drag(At((from + to) / 2), At((from + to) / 2) + QPoint(60, -40));
-    ASSERT_EQ(link.Way().size(), 3U);
-    const QPoint bend = At(ToQPointF(link.Way()[1]));
-    const QPointF straight = (ToQPointF(link.Way().front()) + ToQPointF(link.Way().back())) / 2;
+    ASSERT_EQ(link.Route().size(), 3U);
+    const QPoint bend = At(ToQPointF(link.Route()[1]));
+    const QPointF straight = (ToQPointF(link.Route().front()) + ToQPointF(link.Route().back())) / 2;
     Drag(bend, At(straight), Qt::AltModifier);
-    ASSERT_EQ(link.Way().size(), 3U) << "Alt keeps it";
+    ASSERT_EQ(link.Route().size(), 3U) << "Alt keeps it";
     surface.Undo();
     Settle();
     Drag(bend, At(straight) + QPoint(1, 1));
-    EXPECT_EQ(link.Way().size(), 2U);
+    EXPECT_EQ(link.Route().size(), 2U);
     EXPECT_EQ(UndoSteps(), 2);
     surface.Undo();
-    EXPECT_EQ(link.Way().size(), 3U);
+    EXPECT_EQ(link.Route().size(), 3U);
 }
 
 TEST_F(Linking, DraggedEnd_LetsTheOldLinkStandBack) {
     Link &link = AddLink(a, b);
     link.SetSelected(true);
     Settle();
-    const QPoint onLine = At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2) + QPoint(12, 0);
-    const QPoint end = At(ToQPointF(link.Way().back()));
+    const QPoint onLine = At((ToQPointF(link.Route()[0]) + ToQPointF(link.Route()[1])) / 2) + QPoint(12, 0);
+    const QPoint end = At(ToQPointF(link.Route().back()));
     const auto darkness = [&] {
         const QImage shown = Part(Seen(), QRect(onLine - QPoint(0, 2), QSize(1, 4)));
         int sum = 0;

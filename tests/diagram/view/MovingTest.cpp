@@ -23,18 +23,18 @@ TEST_F(Moving, Drag_MovesTheNodeByTheWholeDistance) {
 
 TEST_F(Moving, Drag_IsOneStepOfUndoWithTheWayOfTheLink) {
     const QRectF before = a.Bounds();
-    const std::vector<Point> way = link.Way();
+    const std::vector<Point> route = link.Route();
     Drag(Body(a), Body(a) + QPoint(120, 33));
     const QRectF after = a.Bounds();
-    const std::vector<Point> newWay = link.Way();
-    EXPECT_NE(newWay, way);
+    const std::vector<Point> newRoute = link.Route();
+    EXPECT_NE(newRoute, route);
     EXPECT_EQ(UndoSteps(), 1);
     surface.Undo();
     EXPECT_EQ(a.Bounds(), before);
-    EXPECT_EQ(link.Way(), way);
+    EXPECT_EQ(link.Route(), route);
     surface.Redo();
     EXPECT_EQ(a.Bounds(), after);
-    EXPECT_EQ(link.Way(), newWay);
+    EXPECT_EQ(link.Route(), newRoute);
 }
 
 TEST_F(Moving, WhatAHandlerOfAfterMoveChanges_BelongsToTheSameStep) {
@@ -49,12 +49,12 @@ TEST_F(Moving, WhatAHandlerOfAfterMoveChanges_BelongsToTheSameStep) {
 
 TEST_F(Moving, Escape_LeavesNoTrace) {
     const QRectF before = a.Bounds();
-    const std::vector<Point> way = link.Way();
+    const std::vector<Point> route = link.Route();
     DragAndHold(Body(a), Body(a) + QPoint(120, 33));
     EXPECT_NE(a.Bounds(), before);
     Key(Qt::Key_Escape);
     EXPECT_EQ(a.Bounds(), before);
-    EXPECT_EQ(link.Way(), way);
+    EXPECT_EQ(link.Route(), route);
     MoveTo(QPoint(300, 300));
     Release(QPoint(300, 300));
     EXPECT_EQ(a.Bounds(), before);
@@ -126,13 +126,13 @@ TEST_F(Moving, TooShortADrag_IsAClick) {
 TEST_F(Moving, SelectedNodes_MoveTogetherAndLinksBetweenThemKeepTheirShape) {
     a.SetSelected(true);
     b.SetSelected(true);
-    const std::vector<Point> way = link.Way();
+    const std::vector<Point> route = link.Route();
     Drag(Body(a), Body(a) + QPoint(40, 20));
     EXPECT_EQ(b.Left(), 290 * 15);
-    ASSERT_EQ(link.Way().size(), way.size());
-    for (size_t i = 0; i < way.size(); ++i) {
-        EXPECT_EQ(link.Way()[i].x, way[i].x + 600);
-        EXPECT_EQ(link.Way()[i].y, way[i].y + 300);
+    ASSERT_EQ(link.Route().size(), route.size());
+    for (size_t i = 0; i < route.size(); ++i) {
+        EXPECT_EQ(link.Route()[i].x, route[i].x + 600);
+        EXPECT_EQ(link.Route()[i].y, route[i].y + 300);
     }
     EXPECT_EQ(UndoSteps(), 1);
     EXPECT_EQ(events.Count("AfterMove"), 1);
@@ -142,7 +142,7 @@ TEST_F(Moving, BendsOfTheUser_StayWhereTheyAreWhileAnEndMoves) {
     link.Points().Insert(1, {200 * 15, 300 * 15});
     Settle();
     Drag(Body(a), Body(a) + QPoint(40, 20));
-    EXPECT_EQ(link.Way().at(1), (Point{200 * 15, 300 * 15}));
+    EXPECT_EQ(link.Route().at(1), (Point{200 * 15, 300 * 15}));
 }
 
 TEST_F(Moving, SnapToGrid_DrawsThePressedNodeToTheGrid) {

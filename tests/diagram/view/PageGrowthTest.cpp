@@ -38,12 +38,12 @@ protected:
         link.Points().Assign({{1350, 1350}, {3000, 1500}, {4500, 3000}});
         view->SetDays(strip);
         Settle();
-        way = link.Way();
+        route = link.Route();
     }
     QPoint OnScreenAt(const Node &node) const { return At(node.Bounds().topLeft()); }
-    static std::vector<Point> Moved(std::vector<Point> way, float dx, float dy) {
-        for (Point &point : way) point = {point.x + dx, point.y + dy};
-        return way;
+    static std::vector<Point> Moved(std::vector<Point> route, float dx, float dy) {
+        for (Point &point : route) point = {point.x + dx, point.y + dy};
+        return route;
     }
     void Everything(const std::function<void(Node &)> &see) {
         for (Node &node : surface.Nodes()) see(node);
@@ -52,7 +52,7 @@ protected:
     ToldStrip strip;
     Node &a, &b, &hidden;
     Link &link;
-    std::vector<Point> way;
+    std::vector<Point> route;
 };
 
 TEST_F(PageGrowth, NodeDroppedBeyondTheLeftAndTheTop_MovesEverythingAndNothingOnTheScreen) {
@@ -75,19 +75,19 @@ TEST_F(PageGrowth, Undo_RestoresAllAndTheViewAgain) {
     const QPoint other = OnScreenAt(b);
     const QPoint from = Body(a);
     Drag(from, from - QPoint(60, 0), Qt::AltModifier);
-    const std::vector<Point> moved = link.Way();
+    const std::vector<Point> moved = link.Route();
     EXPECT_EQ(moved[1], (Point{3000 + 300, 1500}));
     surface.Undo();
     Settle();
     EXPECT_EQ(a.Bounds().topLeft(), QPointF(600, 900));
     EXPECT_EQ(b.Bounds().topLeft(), QPointF(4500, 3000));
-    EXPECT_EQ(link.Way(), way);
+    EXPECT_EQ(link.Route(), route);
     EXPECT_EQ(surface.Tag(), QString());
     EXPECT_EQ(OnScreenAt(b), other);
     surface.Redo();
     Settle();
     EXPECT_EQ(b.Left(), 4800);
-    EXPECT_EQ(link.Way(), moved);
+    EXPECT_EQ(link.Route(), moved);
     EXPECT_EQ(surface.Tag(), QStringLiteral("!"));
     EXPECT_EQ(OnScreenAt(b), other);
 }
@@ -234,11 +234,11 @@ TEST_F(PageGrowth, RoutedLinks_KeepTheirWays) {
     Node &c = AddNode("c", 300, 400);
     Link &routed = AddLink(b, c);
     routed.SetStyle(5);
-    const std::vector<Point> before = routed.Way();
+    const std::vector<Point> before = routed.Route();
     ShiftAll(surface, 300, 450);
-    EXPECT_EQ(routed.Way(), Moved(before, 300, 450));
+    EXPECT_EQ(routed.Route(), Moved(before, 300, 450));
     EXPECT_FALSE(routed.OwnBends());
-    EXPECT_EQ(link.Way(), Moved(way, 300, 450));
+    EXPECT_EQ(link.Route(), Moved(route, 300, 450));
 }
 
 } // namespace diagram::testing

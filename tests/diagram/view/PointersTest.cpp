@@ -19,11 +19,11 @@ protected:
         return Shape();
     }
     QPoint Half(int segment) const {
-        return At((ToQPointF(link.Way()[segment]) + ToQPointF(link.Way()[segment + 1])) / 2);
+        return At((ToQPointF(link.Route()[segment]) + ToQPointF(link.Route()[segment + 1])) / 2);
     }
     // At a third, away from label and grips.
     QPoint Third(int segment) const {
-        return At((ToQPointF(link.Way()[segment]) * 2 + ToQPointF(link.Way()[segment + 1])) / 3);
+        return At((ToQPointF(link.Route()[segment]) * 2 + ToQPointF(link.Route()[segment + 1])) / 3);
     }
     Node &a, &b;
     Link &link, &straight;
@@ -45,7 +45,7 @@ TEST_F(Pointers, OverALine_CountsWithinSixPixelsAtEachZoom) {
     for (const double zoom : {50.0, 100.0, 200.0}) {
         view->ZoomAt(zoom, QPointF(0, 0));
         Settle();
-        const QPoint on = At((ToQPointF(level.Way()[0]) * 2 + ToQPointF(level.Way()[1])) / 3);
+        const QPoint on = At((ToQPointF(level.Route()[0]) * 2 + ToQPointF(level.Route()[1])) / 3);
         for (const int side : {-1, 1}) {
             EXPECT_EQ(Over(on + QPoint(0, side * 5)), Qt::PointingHandCursor) << zoom;
             EXPECT_EQ(Over(on + QPoint(0, side * 8)), Qt::CrossCursor) << zoom;
@@ -65,8 +65,8 @@ TEST_F(Pointers, OverTheHandlesOfASelectedNode) {
 TEST_F(Pointers, OverTheGripsOfASelectedLink) {
     link.SetSelected(true);
     Settle();
-    EXPECT_EQ(Over(At(ToQPointF(link.Way()[0]))), Qt::SizeAllCursor);
-    EXPECT_EQ(Over(At(ToQPointF(link.Way()[1]))), Qt::SizeAllCursor);
+    EXPECT_EQ(Over(At(ToQPointF(link.Route()[0]))), Qt::SizeAllCursor);
+    EXPECT_EQ(Over(At(ToQPointF(link.Route()[1]))), Qt::SizeAllCursor);
     EXPECT_EQ(Over(Half(1)), Qt::SizeAllCursor);
     EXPECT_EQ(Over(Third(0)), Qt::PointingHandCursor);
 }
@@ -94,8 +94,8 @@ TEST_F(Pointers, DuringEachGesture) {
                         {"copy", Body(a), Qt::ControlModifier, Qt::DragCopyCursor},
                         {"resize", Handle(a, 2), {}, Qt::SizeBDiagCursor},
                         {"link", LinkStart(b, 0), {}, Qt::CrossCursor},
-                        {"link end", At(ToQPointF(link.Way()[2])), {}, Qt::CrossCursor},
-                        {"bend", At(ToQPointF(link.Way()[1])), {}, Qt::SizeAllCursor}};
+                        {"link end", At(ToQPointF(link.Route()[2])), {}, Qt::CrossCursor},
+                        {"bend", At(ToQPointF(link.Route()[1])), {}, Qt::SizeAllCursor}};
     for (const Row &row : rows) {
         DragAndHold(row.from, row.from + QPoint(40, 40), row.modifiers);
         EXPECT_EQ(Shape(), row.shape) << row.what;

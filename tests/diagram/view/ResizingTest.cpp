@@ -140,11 +140,11 @@ TEST_F(Resizing, AltArrow_ShowsTheSizeWhileAltIsHeld) {
 TEST_F(Resizing, AltArrow_TakesLinksAlong) {
     Link &link = AddLink(a, b);
     Settle();
-    const std::vector<Point> before = link.Way();
+    const std::vector<Point> before = link.Route();
     Key(Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
-    EXPECT_NE(link.Way(), before);
+    EXPECT_NE(link.Route(), before);
     surface.Undo();
-    EXPECT_EQ(link.Way(), before);
+    EXPECT_EQ(link.Route(), before);
 }
 
 } // namespace diagram::testing

@@ -142,8 +142,8 @@ TEST_F(Selecting, DoubleClickThatMeansSomethingElse_RaisesNoDblClick) {
     for (int handle = 0; handle < 8; ++handle) EXPECT_EQ(raised(Handle(a, handle)), 0) << handle;
     EXPECT_EQ(raised(Body(a), Qt::ShiftModifier), 0);
     EXPECT_EQ(raised(Body(a), Qt::ControlModifier), 0);
-    EXPECT_EQ(raised(At(ToQPointF(link.Way().back()))), 0);
-    EXPECT_EQ(raised(At((ToQPointF(link.Way()[0]) + ToQPointF(link.Way()[1])) / 2)), 0) << "makes a bend";
+    EXPECT_EQ(raised(At(ToQPointF(link.Route().back()))), 0);
+    EXPECT_EQ(raised(At((ToQPointF(link.Route()[0]) + ToQPointF(link.Route()[1])) / 2)), 0) << "makes a bend";
 }
 
 TEST_F(Selecting, UnselectableItems_LetClicksAndDragsThrough) {
@@ -159,7 +159,7 @@ TEST_F(Selecting, UnselectableItems_LetClicksAndDragsThrough) {
     EXPECT_EQ(surface.SelectedNode(), &below);
     Drag(Body(below), Body(below) + QPoint(0, 200));
     EXPECT_FLOAT_EQ(below.Top(), (60 + 200) * 15);
-    const QPointF from = ToQPointF(link.Way()[0]), to = ToQPointF(link.Way()[1]);
+    const QPointF from = ToQPointF(link.Route()[0]), to = ToQPointF(link.Route()[1]);
     const double share = (crossed.Bounds().center().x() - from.x()) / (to.x() - from.x());
     Click(At(from + (to - from) * share));
     EXPECT_EQ(surface.SelectedNode(), &crossed);

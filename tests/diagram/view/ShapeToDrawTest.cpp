@@ -86,7 +86,7 @@ TEST_F(ShapeToDraw, AClickOnANodeOrALinkSelectsIt) {
     Settle();
     Click(Body(a));
     EXPECT_EQ(surface.SelectedNodes(), std::vector<Node *>{&a});
-    Click(At((ToQPointF(link.Way()[0]) * 2 + ToQPointF(link.Way()[1])) / 3));
+    Click(At((ToQPointF(link.Route()[0]) * 2 + ToQPointF(link.Route()[1])) / 3));
     EXPECT_TRUE(link.Selected());
     EXPECT_EQ(surface.Nodes().Count(), 2);
 }

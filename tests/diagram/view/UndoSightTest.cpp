@@ -99,7 +99,7 @@ TEST_F(UndoSight, LinksAlone_AreSeenToo) {
     Step([&] { link.SetLineColor(support::Rgb(255, 0, 0)); });
     surface.Undo();
     Settle();
-    EXPECT_TRUE(view->viewport()->rect().contains(At(ToQPointF(link.Way().front()))));
+    EXPECT_TRUE(view->viewport()->rect().contains(At(ToQPointF(link.Route().front()))));
 }
 
 } // namespace diagram::testing

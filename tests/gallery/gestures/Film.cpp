@@ -69,8 +69,8 @@ QPoint Film::Handle(const Node &node, int handle) const {
     return view_->FromSurface(places[handle]).toPoint();
 }
 
-QPoint Film::OnWay(const Link &link, int segment) const {
-    const auto &way = link.Way();
+QPoint Film::OnRoute(const Link &link, int segment) const {
+    const auto &way = link.Route();
     const QPointF middle = (ToQPointF(way[size_t(segment)]) + ToQPointF(way[size_t(segment) + 1])) / 2;
     return view_->FromSurface(middle).toPoint();
 }

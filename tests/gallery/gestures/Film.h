@@ -28,7 +28,7 @@ public:
     QPoint Body(const diagram::Node &node) const;                // away from where a link starts
     QPoint At(double x, double y) const;                         // of pixels at zoom 100
     QPoint Handle(const diagram::Node &node, int handle) const;
-    QPoint OnWay(const diagram::Link &link, int segment) const; // the middle of a segment
+    QPoint OnRoute(const diagram::Link &link, int segment) const; // the middle of a segment
 
     // What the user sees now, with the pointer and a line that says what goes on.
     void Shoot(const char *caption);

@@ -70,7 +70,7 @@ void MoveEnd(Film &film) {
     Link &link = film.Join(a, b);
     link.SetSelected(true);
     film.Shoot("selected");
-    const QPoint end = film.View().FromSurface(ToQPointF(link.Way().back())).toPoint();
+    const QPoint end = film.View().FromSurface(ToQPointF(link.Route().back())).toPoint();
     film.ShootDrag(end, film.At(280, 220));
     film.Hand().MoveTo(film.Body(c));
     film.Shoot("over another node");
@@ -82,11 +82,11 @@ void Bend(Film &film) {
     Node &b = film.Add(400, 220, 120, 70, "Product");
     Link &link = film.Join(a, b);
     link.SetSelected(true);
-    film.Hand().MoveTo(film.OnWay(link, 0));
+    film.Hand().MoveTo(film.OnRoute(link, 0));
     film.Shoot("over the middle of a segment");
-    film.ShootDrag(film.OnWay(link, 0), film.At(320, 80));
+    film.ShootDrag(film.OnRoute(link, 0), film.At(320, 80));
     Finish(film, "a bend");
-    const QPoint bend = film.View().FromSurface(ToQPointF(link.Way()[1])).toPoint();
+    const QPoint bend = film.View().FromSurface(ToQPointF(link.Route()[1])).toPoint();
     film.ShootDrag(bend, film.At(281, 174));
     Finish(film, "dropped in line: it is gone");
 }
@@ -98,7 +98,7 @@ void Orthogonal(Film &film) {
     link.SetStyle(kHvh);
     link.SetSelected(true);
     film.Shoot("selected");
-    const QPoint middle = film.OnWay(link, 1);
+    const QPoint middle = film.OnRoute(link, 1);
     film.ShootDrag(middle, middle + QPoint(70, 10));
     Finish(film, "the directions are kept");
 }
@@ -109,10 +109,10 @@ void OrthogonalBack(Film &film) {
     Link &link = film.Join(a, b);
     link.SetStyle(kHvh);
     link.SetSelected(true);
-    const QPoint middle = film.OnWay(link, 1);
+    const QPoint middle = film.OnRoute(link, 1);
     film.Hand().DragAndHold(middle, middle + QPoint(-70, 10));
     Finish(film, "dragged");
-    film.Hand().DoubleClick(film.View().FromSurface(ToQPointF(link.Way()[1])).toPoint());
+    film.Hand().DoubleClick(film.View().FromSurface(ToQPointF(link.Route()[1])).toPoint());
     film.Hand().MoveTo(film.At(420, 60));
     film.Shoot("a double click gives it back");
 }
@@ -123,7 +123,7 @@ void MoveStart(Film &film) {
     Node &c = film.Add(60, 220, 120, 70, "Price");
     Link &link = film.Join(a, b);
     link.SetSelected(true);
-    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Way().front())).toPoint(),
+    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Route().front())).toPoint(),
                             film.At(230, 230));
     film.Shoot("on the way");
     film.Hand().MoveTo(film.Body(b));
@@ -142,13 +142,13 @@ void OrthogonalEnd(Film &film) {
     Link &link = film.Join(a, b);
     link.SetStyle(kHvh);
     link.SetSelected(true);
-    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Way().back())).toPoint(),
+    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Route().back())).toPoint(),
                             film.At(380, 190));
     film.Shoot("on the way");
     film.Hand().MoveTo(film.Body(c));
     film.Shoot("over another node");
     Finish(film, "it ends there now");
-    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Way().back())).toPoint(), film.Body(b));
+    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Route().back())).toPoint(), film.Body(b));
     film.Hand().Key(Qt::Key_Escape);
     Finish(film, "given up");
 }
@@ -160,7 +160,7 @@ void CurvedEnd(Film &film) {
     Link &link = film.Join(a, b);
     link.SetStyle(1);
     link.SetSelected(true);
-    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Way().back())).toPoint(),
+    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Route().back())).toPoint(),
                             film.At(320, 250));
     film.Shoot("on the way");
     film.Hand().MoveTo(film.Body(c));
@@ -181,7 +181,7 @@ void Label(Film &film) {
     Node &b = film.Add(400, 220, 120, 70, "Product");
     Link &link = film.Join(a, b);
     link.SetText(QStringLiteral("leads to"));
-    film.Hand().Press(film.OnWay(link, 0));
+    film.Hand().Press(film.OnRoute(link, 0));
     film.Hand().Release(film.Hand().At());
     film.Hand().MoveTo(film.At(420, 60));
     film.Shoot("clicked");

@@ -7,51 +7,51 @@ namespace powerpoint::testing {
 
 namespace {
 
-using Way = std::vector<QPointF>;
+using Route = std::vector<QPointF>;
 
-// The way that the format's definition gives the connector: built in its box, flipped and turned about the
+// The route that the format's definition gives the connector: built in its box, flipped and turned about the
 // middle.
-Way WayOf(const BentConnector &connector) {
+Route RouteOf(const BentConnector &connector) {
     const double width = connector.box.width(), height = connector.box.height();
-    Way way{{0, 0}};
+    Route route{{0, 0}};
     QPointF at;
     for (std::size_t i = 0; i < connector.adjusts.size(); ++i) {
         const double part = connector.adjusts[i] / 100000.0;
         i % 2 == 0 ? at.setX(width * part) : at.setY(height * part);
-        way.push_back(at);
+        route.push_back(at);
     }
-    way.push_back(connector.segments % 2 ? QPointF(at.x(), height) : QPointF(width, at.y()));
-    way.push_back({width, height});
+    route.push_back(connector.segments % 2 ? QPointF(at.x(), height) : QPointF(width, at.y()));
+    route.push_back({width, height});
     QTransform place;
     place.translate(connector.box.center().x(), connector.box.center().y());
     if (connector.turned) place.rotate(90);
     place.scale(connector.flipH ? -1 : 1, connector.flipV ? -1 : 1);
     place.translate(-width / 2, -height / 2);
-    for (QPointF &point : way) point = place.map(point);
-    return way;
+    for (QPointF &point : route) point = place.map(point);
+    return route;
 }
 
-void ExpectFound(const Way &way) {
-    const auto found = FindBentConnector(way);
+void ExpectFound(const Route &route) {
+    const auto found = FindBentConnector(route);
     ASSERT_TRUE(found);
-    EXPECT_EQ(found->segments, int(way.size()) - 1);
+    EXPECT_EQ(found->segments, int(route.size()) - 1);
     EXPECT_GT(found->box.width(), 0);
     EXPECT_GT(found->box.height(), 0);
-    const Way again = WayOf(*found);
-    ASSERT_EQ(again.size(), way.size());
-    for (std::size_t i = 0; i < way.size(); ++i) {
-        EXPECT_NEAR(again[i].x(), way[i].x(), 1400) << i;
-        EXPECT_NEAR(again[i].y(), way[i].y(), 1400) << i;
+    const Route again = RouteOf(*found);
+    ASSERT_EQ(again.size(), route.size());
+    for (std::size_t i = 0; i < route.size(); ++i) {
+        EXPECT_NEAR(again[i].x(), route[i].x(), 1400) << i;
+        EXPECT_NEAR(again[i].y(), route[i].y(), 1400) << i;
     }
 }
 
 // From both ends of a plane, mirrored and turned: all places that a connector can have.
-void ExpectFoundAllAround(const Way &way) {
+void ExpectFoundAllAround(const Route &route) {
     for (const double x : {1, -1})
         for (const double y : {1, -1})
             for (const bool turned : {false, true}) {
-                Way placed;
-                for (const QPointF &point : way)
+                Route placed;
+                for (const QPointF &point : route)
                     placed.push_back(turned ? QPointF(point.y() * y, point.x() * x)
                                             : QPointF(point.x() * x, point.y() * y));
                 ExpectFound(placed);

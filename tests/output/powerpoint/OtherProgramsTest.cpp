@@ -41,10 +41,10 @@ protected:
         for (diagram::Node &node : surface.Nodes())
             if (!renderer.TextFits(node)) node.SetText(QStringLiteral("short"));
         for (const auto &link : surface.Links()) {
-            const auto &way = link->Way();
-            const QPointF whole = diagram::ToQPointF(way.back()) - diagram::ToQPointF(way.front());
+            const auto &route = link->Route();
+            const QPointF whole = diagram::ToQPointF(route.back()) - diagram::ToQPointF(route.front());
             const bool level = std::min(std::abs(whole.x()), std::abs(whole.y())) < 1;
-            if (level && way.size() > 2) link->SetHidden(true);
+            if (level && route.size() > 2) link->SetHidden(true);
         }
     }
     // False, with a failed expectation, when it can't be run.

@@ -197,8 +197,8 @@ TEST_F(PptxTest, GlueLiesAtTheEndsOfTheLink) {
             TextsAt(shape, qPrintable(path)).value(0).split(u' '); // */ at side length
         return formula.value(1).toDouble() / formula.value(3).toDouble();
     };
-    EXPECT_NEAR(part("x") * 1500, link.Way().front().x, 2);
-    EXPECT_NEAR(part("y") * 900, link.Way().front().y, 2);
+    EXPECT_NEAR(part("x") * 1500, link.Route().front().x, 2);
+    EXPECT_NEAR(part("y") * 900, link.Route().front().y, 2);
 }
 
 TEST_F(PptxTest, EndsInTheMiddleOfSidesAreGluedToThePresetsSites) {

@@ -1,4 +1,4 @@
-#include "timeline/DateWays.h"
+#include "timeline/DateRoutes.h"
 
 #include "diagram/model/AnyItem.h"
 #include "diagram/model/Calendar.h"
@@ -27,7 +27,7 @@ struct Place {
     float along, across;
 };
 
-struct Way {
+struct Route {
     std::vector<Place> places;
     bool twoBends = false;
 };
@@ -35,7 +35,7 @@ struct Way {
 class Ways {
 public:
     Ways(const diagram::Link &link, bool horizontal) : horizontal_(horizontal), node_(link.Source()) {
-        const diagram::Point end = link.Way().back();
+        const diagram::Point end = link.Route().back();
         end_ = horizontal ? Place{end.x, end.y} : Place{end.y, end.x};
         first_ = horizontal ? node_.Left() : node_.Top();
         last_ = first_ + (horizontal ? node_.Width() : node_.Height());
@@ -45,29 +45,29 @@ public:
         far_ = near_ + (horizontal ? node_.Height() : node_.Width());
     }
 
-    Way Best() {
+    Route Best() {
         CollectObstacles();
         if (IsOverTheNode()) return Straight();
         if (IsLevelWithTheStrip()) return BesideTheStrip();
-        for (const Way &way :
+        for (const Route &route :
              {OneBend(), TwoBends(Facing() + Towards() * kGap), TwoBends(end_.across - Towards() * kGap)})
-            if (IsFree(way)) return way;
+            if (IsFree(route)) return route;
         return OneBend();
     }
 
-    std::vector<diagram::Point> Points(const Way &way) const {
+    std::vector<diagram::Point> Points(const Route &route) const {
         std::vector<diagram::Point> points;
-        for (const Place &place : way.places)
+        for (const Place &place : route.places)
             points.push_back(horizontal_ ? diagram::Point{place.along, place.across}
                                          : diagram::Point{place.across, place.along});
         return points;
     }
 
-    // The lowest of the nodes through which the way runs all the same; null for none.
-    const diagram::Node *LowestMet(const Way &way) const {
+    // The lowest of the nodes through which the route runs all the same; null for none.
+    const diagram::Node *LowestMet(const Route &route) const {
         const diagram::Node *lowest = nullptr;
         for (const diagram::Node *node : obstacles_)
-            if (Meets(way, *node) && (!lowest || diagram::LiesBelow(node, lowest))) lowest = node;
+            if (Meets(route, *node) && (!lowest || diagram::LiesBelow(node, lowest))) lowest = node;
         return lowest;
     }
 
@@ -82,15 +82,15 @@ private:
     // The side of the node that faces the strip.
     float Facing() const { return Towards() > 0 ? far_ : near_; }
 
-    Way Straight() const {
+    Route Straight() const {
         const Place start{end_.along, Facing()};
         return {{start, start, end_}};
     }
-    Way OneBend() const {
+    Route OneBend() const {
         const float level = (near_ + far_) / 2;
         return {{{end_.along > last_ ? last_ : first_, level}, {end_.along, level}, end_}};
     }
-    Way TwoBends(float level) const {
+    Route TwoBends(float level) const {
         const float middle = (first_ + last_) / 2;
         return {{{middle, Facing()}, {middle, level}, {end_.along, level}, end_}, true};
     }
@@ -100,7 +100,7 @@ private:
         const float level = (near_ + far_) / 2;
         return level > strip_.first && level < strip_.second;
     }
-    Way BesideTheStrip() const {
+    Route BesideTheStrip() const {
         const float middle = (first_ + last_) / 2;
         const bool before = end_.across < (strip_.first + strip_.second) / 2;
         const float side = before ? near_ : far_;
@@ -109,7 +109,7 @@ private:
         return {{{middle, side}, {middle, level}, {end_.along, level}, end_}, true};
     }
 
-    // A node that holds other ones, larger than the one whose way is laid; the frame of a lane, say.
+    // A node that holds other ones, larger than the one whose route is laid; the frame of a lane, say.
     bool IsFrame(const diagram::Node &node) const {
         const QRectF box = node.Bounds();
         if (node.Width() <= node_.Width() || node.Height() <= node_.Height()) return false;
@@ -129,16 +129,17 @@ private:
                 obstacles_.push_back(&each);
     }
 
-    bool Meets(const Way &way, const diagram::Node &node) const {
+    bool Meets(const Route &route, const diagram::Node &node) const {
         const QRectF box = node.Bounds();
-        const std::vector<diagram::Point> points = Points(way);
+        const std::vector<diagram::Point> points = Points(route);
         for (std::size_t i = 1; i < points.size(); ++i)
             if (diagram::Meets(box, diagram::ToQPointF(points[i - 1]), diagram::ToQPointF(points[i])))
                 return !IsFrame(node);
         return false;
     }
-    bool IsFree(const Way &way) const {
-        return std::ranges::none_of(obstacles_, [&](const diagram::Node *node) { return Meets(way, *node); });
+    bool IsFree(const Route &route) const {
+        return std::ranges::none_of(obstacles_,
+                                    [&](const diagram::Node *node) { return Meets(route, *node); });
     }
 
     const bool horizontal_;
@@ -151,8 +152,8 @@ private:
     std::vector<const diagram::Node *> obstacles_;
 };
 
-int StyleOf(const Way &way, bool horizontal) {
-    if (way.twoBends) return horizontal ? kVHV : kHVH;
+int StyleOf(const Route &route, bool horizontal) {
+    if (route.twoBends) return horizontal ? kVHV : kHVH;
     return horizontal ? kHV : kVH;
 }
 
@@ -173,14 +174,14 @@ void DressDateLinks(diagram::Node &node, const diagram::Node &months) {
     }
 }
 
-void LayDateWay(diagram::Link &link, bool horizontal) {
-    Ways ways(link, horizontal);
-    const Way way = ways.Best();
-    if (const diagram::Node *met = ways.LowestMet(way); met && diagram::LiesBelow(met, &link))
+void LayDateRoute(diagram::Link &link, bool horizontal) {
+    Ways routes(link, horizontal);
+    const Route route = routes.Best();
+    if (const diagram::Node *met = routes.LowestMet(route); met && diagram::LiesBelow(met, &link))
         link.SetZorder(met->ZOrder());
-    std::vector<diagram::Point> points = ways.Points(way);
-    if (link.Style() == StyleOf(way, horizontal) && link.Way() == points) return;
-    link.SetStyle(StyleOf(way, horizontal));
+    std::vector<diagram::Point> points = routes.Points(route);
+    if (link.Style() == StyleOf(route, horizontal) && link.Route() == points) return;
+    link.SetStyle(StyleOf(route, horizontal));
     link.Points().Assign(std::move(points));
 }
 

@@ -7,7 +7,7 @@
 
 namespace diagram {
 
-struct HeldWays {
+struct HeldRoutes {
     std::map<ItemId, LinkData> links; // by identity
 };
 
