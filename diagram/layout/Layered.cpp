@@ -159,15 +159,6 @@ std::vector<double> Placed(LayeredPart &cut, const LayoutGraph &part, const Laye
     return PlaceInStripes(cut, stripes, gaps, patience);
 }
 
-// Clusters reach over unconnected parts, so these are drawn as one.
-std::vector<Part> PartsToDraw(const LayoutGraph &graph) {
-    if (!HasClusters(graph)) return PartsOf(graph);
-    Part all{std::vector<int>(graph.sizes.size()), std::vector<int>(graph.edges.size()), graph};
-    std::iota(all.boxes.begin(), all.boxes.end(), 0);
-    std::iota(all.edges.begin(), all.edges.end(), 0);
-    return {all};
-}
-
 LayeredDrawing DrawPart(const LayoutGraph &part, const LayoutOptions &options, Patience &patience) {
     if (auto tree = DrawTree(part, options)) return std::move(*tree);
     LayeredPart cut = OrderedBest(part, patience);
@@ -271,8 +262,8 @@ std::optional<LayeredDrawing> DrawInLayers(const LayoutGraph &graph, const Layou
                                            const GoOn &goOn) {
     if (graph.sizes.empty()) return LayeredDrawing();
     Patience patience(goOn);
-    const std::vector<Part> parts = PartsToDraw(TurnedDown(graph, options.orientation));
-    const std::vector<Part> given = PartsToDraw(graph);
+    const std::vector<Part> parts = PartsOf(TurnedDown(graph, options.orientation));
+    const std::vector<Part> given = PartsOf(graph);
     std::vector<LayeredDrawing> drawings;
     try {
         for (const Part &part : parts)

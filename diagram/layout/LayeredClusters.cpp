@@ -19,12 +19,45 @@ constexpr double kBetween = 2;                   // stripes: times the distance 
 
 std::size_t At(int i) { return std::size_t(i); }
 
-// Numbered in the order in which clusters come among the boxes.
+// The layers from a cluster's first box to its last.
+struct Reach {
+    int first = std::numeric_limits<int>::max(), last = -1;
+};
+
+// Boxes without a cluster count as one.
+std::map<int, Reach> ReachesOf(const LayerGraph &graph, const std::vector<int> &clusters) {
+    std::map<int, Reach> reaches;
+    for (int layer = 0; layer < int(graph.layers.size()); ++layer)
+        for (const int vertex : graph.layers[At(layer)]) {
+            if (At(vertex) >= clusters.size()) continue; // an edge passes there
+            Reach &reach = reaches[std::max(clusters[At(vertex)], -1)];
+            reach.first = std::min(reach.first, layer), reach.last = layer;
+        }
+    return reaches;
+}
+
+// As few as possible: one for all clusters that follow each other from layer to layer.
+std::map<int, int> StripesOfClusters(const std::map<int, Reach> &reaches) {
+    std::vector<std::pair<int, Reach>> byFirst(reaches.begin(), reaches.end());
+    std::ranges::stable_sort(byFirst, {}, [](const auto &entry) { return entry.second.first; });
+    std::vector<int> lasts; // of each stripe, the last layer that is taken
+    std::map<int, int> stripes;
+    for (const auto &[cluster, reach] : byFirst) {
+        const auto isFree = [&](int last) { return last < reach.first; };
+        const auto free = std::ranges::find_if(lasts, isFree);
+        stripes[cluster] = int(free - lasts.begin());
+        if (free == lasts.end())
+            lasts.push_back(reach.last);
+        else
+            *free = reach.last;
+    }
+    return stripes;
+}
+
 Stripes FirstStripes(const LayeredPart &part, const std::vector<int> &clusters) {
-    std::map<int, int> known;
+    const std::map<int, int> known = StripesOfClusters(ReachesOf(part.graph, clusters));
     Stripes stripes(part.graph.vertices.size());
-    for (std::size_t i = 0; i < clusters.size(); ++i)
-        stripes[i] = known.try_emplace(std::max(clusters[i], -1), int(known.size())).first->second;
+    for (std::size_t i = 0; i < clusters.size(); ++i) stripes[i] = known.at(std::max(clusters[i], -1));
     for (const EdgeChain &chain : part.chains)
         for (const int vertex : chain.passes) stripes[At(vertex)] = stripes[At(chain.lower)];
     return stripes;

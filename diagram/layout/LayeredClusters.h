@@ -1,5 +1,5 @@
-// Steps three and four of the layered layout where boxes are kept together: each cluster stands in a stripe
-// of its own, from the first layer to the last, and the stripes lie side by side.
+// Steps three and four of the layered layout where boxes are kept together: clusters that share layers stand
+// in stripes of their own, from the first layer to the last, which lie side by side.
 #pragma once
 
 #include "diagram/layout/LayerChains.h"

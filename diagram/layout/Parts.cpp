@@ -4,6 +4,7 @@
 #include "diagram/layout/Pack.h"
 
 #include <algorithm>
+#include <map>
 
 namespace diagram {
 
@@ -36,6 +37,7 @@ void AddBox(Part &part, const LayoutGraph &graph, std::size_t box) {
     part.boxes.push_back(int(box));
     part.graph.sizes.push_back(graph.sizes[box]);
     part.graph.centres.push_back(graph.centres[box]);
+    if (!graph.clusters.empty()) part.graph.clusters.push_back(graph.clusters[box]);
 }
 
 std::vector<QPointF> PlaceOne(const Part &part, Progress &progress, const PlacePart &place) {
@@ -58,8 +60,29 @@ Adjacency NeighboursOf(const LayoutGraph &graph) {
     return neighbours;
 }
 
+namespace {
+
+// As if an edge led from each box of a cluster to the next. One cluster of all boxes is none.
+void JoinClusters(const LayoutGraph &graph, Adjacency &neighbours) {
+    if (std::ranges::adjacent_find(graph.clusters, std::not_equal_to()) == graph.clusters.end()) return;
+    std::map<int, int> lasts; // by cluster
+    for (int box = 0; box < int(graph.clusters.size()); ++box) {
+        const int cluster = graph.clusters[std::size_t(box)];
+        if (cluster < 0) continue;
+        const auto [last, isFirst] = lasts.try_emplace(cluster, box);
+        if (isFirst) continue;
+        neighbours[std::size_t(last->second)].push_back(box);
+        neighbours[std::size_t(box)].push_back(last->second);
+        last->second = box;
+    }
+}
+
+} // namespace
+
 std::vector<Part> PartsOf(const LayoutGraph &graph) {
-    const std::vector<int> numbers = Number(NeighboursOf(graph));
+    Adjacency neighbours = NeighboursOf(graph);
+    JoinClusters(graph, neighbours);
+    const std::vector<int> numbers = Number(neighbours);
     const int count = numbers.empty() ? 0 : *std::ranges::max_element(numbers) + 1;
     std::vector<Part> parts;
     parts.resize(std::size_t(count));

@@ -17,7 +17,7 @@ struct Part {
     std::vector<int> edges; // the same
     LayoutGraph graph;
 };
-// In the order of their first boxes.
+// In the order of their first boxes. Boxes of one cluster are in one part, but where it is that of all.
 std::vector<Part> PartsOf(const LayoutGraph &graph);
 
 // The centres of one part's boxes.

@@ -87,6 +87,32 @@ TEST(LayeredClusters, OneForAllChangesNothing) {
     EXPECT_EQ(together, Draw(graph).centres);
 }
 
+TEST(LayeredClusters, ThoseThatFollowEachOtherFromLayerToLayerNeedNoStripes) {
+    LayoutGraph graph;
+    graph.sizes.assign(9, QSizeF(1000, 600));
+    graph.centres.resize(9);
+    for (int i = 0; i < 6; ++i) graph.edges.push_back({i, i + 3});
+    const auto alone = Draw(graph).centres;
+    graph.clusters = {0, 0, 0, 1, 1, 1, -1, -1, -1};
+    const LayeredDrawing together = Draw(graph);
+    ExpectApart(graph, together);
+    const QRectF extent = ExtentOf(graph.sizes, together.centres), usual = ExtentOf(graph.sizes, alone);
+    EXPECT_LE(extent.width(), usual.width());
+    EXPECT_EQ(extent.height(), usual.height());
+}
+
+TEST(LayeredClusters, WhatHasNeitherClusterNorLinkStandsInNoLayerOfTheirs) {
+    LayoutGraph graph;
+    graph.sizes.assign(6, QSizeF(1000, 600));
+    graph.centres.resize(6);
+    graph.edges = {{0, 1}, {2, 3}};
+    graph.clusters = {0, 0, 0, 0, -1, -1};
+    const LayeredDrawing drawing = Draw(graph);
+    const QRectF cluster = ExtentsOf(graph, drawing).at(0);
+    for (const std::size_t loose : {4U, 5U})
+        EXPECT_FALSE(cluster.intersects(BoxAround(drawing.centres[loose], graph.sizes[loose])));
+}
+
 TEST(LayeredClusters, LinksStillLeadDownAndUnconnectedPartsBeginAtTheTop) {
     LayoutGraph graph;
     graph.sizes.assign(6, QSizeF(1000, 600));
