@@ -43,7 +43,7 @@ std::map<int, int> StripesOfClusters(const std::map<int, Reach> &reaches) {
     std::vector<int> lasts; // of each stripe, the last layer that is taken
     std::map<int, int> stripes;
     for (const auto &[cluster, reach] : byFirst) {
-        const auto isFree = [&](int last) { return last < reach.first; };
+        const auto isFree = [first = reach.first](int last) { return last < first; };
         const auto free = std::ranges::find_if(lasts, isFree);
         stripes[cluster] = int(free - lasts.begin());
         if (free == lasts.end())

@@ -319,8 +319,10 @@ TEST_F(Layout, TheBarOfWorkThatCountsItselfNeverRunsBackwards) {
 // So many nodes take the engine far longer than anybody waits.
 TEST_F(Layout, TenThousandNodesAreGivenUpByEscapeWithNothingChanged) {
     std::vector<diagram::Node *> nodes;
-    for (int i = 0; i < 10000; ++i)
-        nodes.push_back(&AddNode(window, float(i % 100) * 2000, float(i / 100) * 2000));
+    for (int i = 0; i < 10000; ++i) {
+        const int column = i % 100, row = i / 100;
+        nodes.push_back(&AddNode(window, float(column) * 2000, float(row) * 2000));
+    }
     for (int i = 0; i < 13000; ++i)
         nodes[std::size_t(i * 7919 % 10000)]->Links().Add(*nodes[std::size_t(i * 7 % 9973)]);
     const QPointF before = nodes[500]->Bounds().topLeft();
