@@ -41,7 +41,8 @@ protected:
         return behind.width() * behind.height() - CountOf(image, behind, qRgb(255, 255, 255));
     }
     int InkInside(const Node &node) {
-        const QRect inside = QRectF(node.Bounds().topLeft() / 15, node.Bounds().size() / 15).toRect().adjusted(2, 2, -2, -2);
+        const QRect inside =
+            QRectF(node.Bounds().topLeft() / 15, node.Bounds().size() / 15).toRect().adjusted(2, 2, -2, -2);
         return inside.width() * inside.height() - CountOf(Paint(), inside, qRgb(0, 255, 255));
     }
     const QString kFair = QStringLiteral("Trade fair");
