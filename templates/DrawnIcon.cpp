@@ -4,9 +4,9 @@
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/geometry/Units.h"
 #include "diagram/model/Surface.h"
+#include "support/ImageFiles.h"
 
 #include <cmath>
-#include <QBuffer>
 #include <QColor>
 #include <QDataStream>
 #include <QPainter>
@@ -71,14 +71,6 @@ QImage Drawing(const diagram::Surface &surface, int pixels) {
     return diagram::ExportImage(copy, {.pixels = pixels * kFiner, .margin = perPixel * kTwips});
 }
 
-QByteArray PngOf(const QImage &image) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "png");
-    return bytes;
-}
-
 } // namespace
 
 QImage DrawnIcon(const diagram::Surface &surface, int size) {
@@ -98,7 +90,7 @@ QImage DrawnIcon(const diagram::Surface &surface, int size) {
 // A directory of sixteen bytes an entry, then the pictures as PNG.
 QByteArray IconFromDrawing(const diagram::Surface &surface) {
     QList<QByteArray> pictures;
-    for (const int size : kIconSizes) pictures << PngOf(DrawnIcon(surface, size));
+    for (const int size : kIconSizes) pictures << support::PngOf(DrawnIcon(surface, size));
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     stream.setByteOrder(QDataStream::LittleEndian);

@@ -4,8 +4,8 @@
 #include "output/powerpoint/PptxDesign.h"
 #include "output/powerpoint/ShapeSlide.h"
 #include "output/powerpoint/SlideFrame.h"
+#include "support/ImageFiles.h"
 
-#include <QBuffer>
 #include <QCryptographicHash>
 
 namespace powerpoint {
@@ -18,27 +18,8 @@ namespace {
 const QString kMain = QStringLiteral("ppt/presentation.xml");
 constexpr char kSvgExtension[] = "{96DAC541-7B7A-43D3-8B79-37D633B846F1}";
 
-struct Media {
-    const char *ending, *contentType;
-};
-constexpr Media kPng{"png", "image/png"}, kSvg{"svg", "image/svg+xml"}, kJpeg{"jpg", "image/jpeg"},
-    kGif{"gif", "image/gif"};
-
-// The format of a picture that PowerPoint takes as it is; null for another.
-const Media *MediaOf(const QByteArray &bytes) {
-    if (bytes.startsWith("\x89PNG")) return &kPng;
-    if (bytes.startsWith("\xFF\xD8\xFF")) return &kJpeg;
-    if (bytes.startsWith("GIF8")) return &kGif;
-    return nullptr;
-}
-
-QByteArray PngOf(const QImage &image) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
+using Media = support::ImageKind;
+constexpr Media kSvg{"svg", "image/svg+xml", "<svg"};
 
 class PptxFile : public PresentationFile {
 public:
@@ -78,7 +59,7 @@ QString PptxFile::AddMedia(const QByteArray &bytes, const Media &media) {
     QString &name = media_[hash];
     if (name.isEmpty()) {
         name = QStringLiteral("ppt/media/image%1.%2").arg(media_.size()).arg(QLatin1String(media.ending));
-        file_.AddMedia(name, QLatin1String(media.contentType), bytes);
+        file_.AddMedia(name, QLatin1String(media.mimeType), bytes);
     }
     return name;
 }
@@ -105,8 +86,8 @@ void PptxFile::WriteSlicePicture(Xml &xml, const Slide &slide, const QString &na
     options.pixels = int(std::max(slide.place.width(), slide.place.height()) * kPixelsPerPoint);
     const QString image = QStringLiteral("image");
     PictureIds ids;
-    ids.picture =
-        file_.Relate(name, image, AddMedia(slide.slice->Picture(diagram::PictureFormat::Png, options), kPng));
+    ids.picture = file_.Relate(
+        name, image, AddMedia(slide.slice->Picture(diagram::PictureFormat::Png, options), support::kPng));
     ids.svg = file_.Relate(name, image, AddMedia(slide.slice->Picture(diagram::PictureFormat::Svg), kSvg));
     xml.Open("p:pic").Open("p:nvPicPr");
     xml.Empty(
@@ -127,10 +108,10 @@ PictureIds PptxFile::AddNodePicture(const QString &slideName, const diagram::Pic
     const bool isDrawing = picture.IsDrawing();
     const QImage image = isDrawing ? picture.ImageFor(QSizeF(picture.PixelSize()) * kFiner) : picture.Image();
     if (image.isNull()) return {};
-    const Media *media = MediaOf(picture.Bytes());
+    const Media *media = support::ImageKindOf(picture.Bytes());
     const QString relation = QStringLiteral("image");
     if (media) return {file_.Relate(slideName, relation, AddMedia(picture.Bytes(), *media)), {}};
-    return {file_.Relate(slideName, relation, AddMedia(PngOf(image), kPng)), {}};
+    return {file_.Relate(slideName, relation, AddMedia(support::PngOf(image), support::kPng)), {}};
 }
 
 QByteArray PptxFile::SlidePart(const Slide &slide, const QString &name) {

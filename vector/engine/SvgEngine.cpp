@@ -1,8 +1,8 @@
 #include "vector/engine/SvgEngine.h"
 
+#include "support/ImageFiles.h"
 #include "vector/player/Units.h"
 
-#include <QBuffer>
 #include <QImage>
 #include <utility>
 
@@ -10,27 +10,11 @@ namespace vector {
 
 namespace {
 
-struct FileMark {
-    const char *start;
-    const char *mime;
-};
-// Picture files that every viewer of SVG shows.
-constexpr FileMark kFileMarks[] = {
-    {"\x89PNG", "image/png"}, {"\xFF\xD8\xFF", "image/jpeg"}, {"GIF8", "image/gif"}};
-
+// Of a picture file that every viewer of SVG shows; empty for another.
 QByteArray MimeOf(const QByteArray &bytes) {
-    for (const FileMark &mark : kFileMarks)
-        if (bytes.startsWith(mark.start)) return mark.mime;
+    if (const support::ImageKind *kind = support::ImageKindOf(bytes)) return kind->mimeType;
     const bool svg = bytes.left(1000).contains("<svg");
     return svg ? QByteArray("image/svg+xml") : QByteArray();
-}
-
-QByteArray AsPng(const QImage &image) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
 }
 
 } // namespace
@@ -146,7 +130,7 @@ void SvgEngine::DrawImageFile(const QRectF &place, quintptr identity, const QByt
 }
 
 void SvgEngine::PutImage(const QRectF &place, const QImage &image) {
-    DrawImageFile(place, quintptr(image.cacheKey()), "image/png", AsPng(image));
+    DrawImageFile(place, quintptr(image.cacheKey()), support::kPng.mimeType, support::PngOf(image));
 }
 
 void SvgEngine::DrawPicture(const QRectF &place, const PictureSource &picture) {
@@ -155,7 +139,8 @@ void SvgEngine::DrawPicture(const QRectF &place, const PictureSource &picture) {
     const bool written = pictures_.contains(picture.Identity());
     if (!mime.isEmpty() || written) return DrawImageFile(place, picture.Identity(), mime, picture.Bytes());
     const QImage image = picture.ImageFor(PixelsFor(place));
-    if (!image.isNull()) DrawImageFile(place, picture.Identity(), "image/png", AsPng(image));
+    if (!image.isNull())
+        DrawImageFile(place, picture.Identity(), support::kPng.mimeType, support::PngOf(image));
 }
 
 // The font that was asked for, the one found for it here, and any without serifs.
