@@ -70,7 +70,7 @@ Connection::Connection(const QString &file, int flags, const QString &name)
     RegisterFunctions(Handle());
 }
 
-Statement Connection::Prepare(const QString &sql, QString *rest) {
+Statement Connection::Prepare(const QString &sql, QString *rest) const {
     const QByteArray utf8 = sql.toUtf8();
     sqlite3_stmt *statement = nullptr;
     const char *tail = nullptr;

@@ -26,7 +26,7 @@ public:
     const QString &Name() const { return name_; }
 
     // The first statement of `sql`; `rest` gets what stands behind it. Null when there is only blank text.
-    Statement Prepare(const QString &sql, QString *rest = nullptr);
+    Statement Prepare(const QString &sql, QString *rest = nullptr) const;
     // Raises the error of a result code that is none of OK, ROW and DONE.
     void Check(int code, const QString &sql = QString()) const;
     // Steps a statement to its end.

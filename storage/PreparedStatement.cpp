@@ -51,7 +51,7 @@ void PreparedStatement::Run() {
             LibraryError(state_->connection->Handle(), code, state_->connection->Name(), state_->sql);
         sqlite3_reset(statement);
         sqlite3_clear_bindings(statement);
-        throw error;
+        throw support::Error(error);
     }
     sqlite3_reset(statement);
     sqlite3_clear_bindings(statement);

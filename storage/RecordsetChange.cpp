@@ -92,7 +92,7 @@ void Recordset::AppendChunk(const QString &name, const QByteArray &bytes) {
             QByteArray whole = setValue.toByteArray();
             setValue.clear(); // the bytes are then not shared, and grow in place
             whole += bytes;
-            setValue = std::move(whole);
+            setValue = whole;
             return;
         }
     }

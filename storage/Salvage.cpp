@@ -171,13 +171,13 @@ std::shared_ptr<Connection> ReadNative(const QString &path, const QStringList &t
 
 // It has pages of tables behind the first.
 bool LostItsFirstPage(const QString &path) {
-    constexpr int kPage = 4096;
+    constexpr qint64 kPage = 4096;
     constexpr int kLooked = 4;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.size() < kPage * (kLooked + 1)) return false;
     for (int page = 1; page <= kLooked; ++page) {
         char kind = 0;
-        if (!file.seek(qint64(page) * kPage) || !file.getChar(&kind) || (kind != 0x05 && kind != 0x0D))
+        if (!file.seek(page * kPage) || !file.getChar(&kind) || (kind != 0x05 && kind != 0x0D))
             return false;
     }
     return true;

@@ -81,7 +81,7 @@ double DecodeNumeric(const QByteArray &bytes, int scale) {
     Need(bytes, 17);
     if (scale < 0 || scale > kMostScale) throw Damaged("a number has impossible decimal places");
     double number = 0;
-    for (int i = 0; i < kWords; ++i)
+    for (qsizetype i = 0; i < kWords; ++i)
         number = number * kWord + qFromLittleEndian<quint32>(bytes.constData() + 1 + i * 4);
     number /= std::pow(10.0, scale);
     return bytes[0] & 0x80 ? -number : number;

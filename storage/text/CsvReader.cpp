@@ -9,7 +9,7 @@ namespace {
 
 constexpr qint64 kPiece = 1 << 16; // bytes
 constexpr std::size_t kMostFields = 4096;
-constexpr std::size_t kMostCharacters = 64 * 1024 * 1024;
+constexpr std::size_t kMostCharacters = std::size_t(64) * 1024 * 1024;
 constexpr char16_t kQuote = u'"';
 
 bool IsLineEnd(char16_t character) { return character == u'\r' || character == u'\n'; }

@@ -38,7 +38,7 @@ constexpr std::uint32_t kDescriptionUnits = 10;
 QByteArray Description() {
     MetafileBytes bytes;
     for (const QChar c : kDescription) bytes.U16(c.unicode());
-    return bytes.Zeros(kDescriptionUnits * 2 - bytes.Size()).Bytes();
+    return bytes.Zeros(qsizetype(kDescriptionUnits) * 2 - bytes.Size()).Bytes();
 }
 
 // A record whose size is put in by Sealed.

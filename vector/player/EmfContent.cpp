@@ -148,7 +148,7 @@ void Gradient(Canvas &canvas, Fields &fields, Type) {
     std::vector<Corner> all(corners);
     for (Corner &corner : all) corner = ReadCorner(fields);
     const std::uint32_t each = mode == kTriangles ? 3 : 2;
-    for (std::uint32_t i = 0; i < count && fields.Left() >= each * 4; ++i) {
+    for (std::uint32_t i = 0; i < count && fields.Left() >= qsizetype(each) * 4; ++i) {
         std::uint32_t numbers[3] = {};
         for (std::uint32_t k = 0; k < each; ++k) numbers[k] = fields.U32();
         if (*std::max_element(numbers, numbers + each) >= corners) return;
