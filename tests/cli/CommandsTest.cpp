@@ -1,4 +1,3 @@
-#include "cli/Commands.h"
 
 #include "diagram/export/PictureKinds.h"
 #include "document/MapSchema.h"
@@ -6,9 +5,9 @@
 #include "storage/Database.h"
 #include "support/AtomicFile.h"
 #include "support/Files.h"
+#include "tests/cli/CliTest.h"
 #include "tests/Paths.h"
 
-#include <gtest/gtest.h>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -23,21 +22,8 @@ namespace {
 
 const QString kPlan = tests::Data(QStringLiteral("jet/plan.mdb"));
 
-class CommandsTest : public ::testing::Test {
+class CommandsTest : public cli::testing::CliTest {
 protected:
-    CommandsTest() {
-        support::SetProgramPath(folder_.path());
-        document::WriteTemplate(Path("template.tpl"), {}, {});
-    }
-    ~CommandsTest() override { support::SetProgramPath(QString()); }
-
-    QString Path(const char *name) const { return folder_.filePath(QString::fromUtf8(name)); }
-    int Run(const QStringList &arguments) {
-        out.clear();
-        err.clear();
-        QTextStream outStream(&out), errStream(&err);
-        return cli::Run(arguments, outStream, errStream);
-    }
     QString Map(const char *name) {
         EXPECT_EQ(Run({"convert", kPlan, Path(name)}), cli::kGood) << err.toStdString();
         return Path(name);
@@ -56,11 +42,6 @@ protected:
     int NodesOf(const QString &map, int slice) {
         return Number(map, QStringLiteral("SELECT COUNT(*) FROM [Nodes] WHERE [Slice]=%1").arg(slice));
     }
-
-    QString out, err;
-
-private:
-    QTemporaryDir folder_;
 };
 
 } // namespace

@@ -1,29 +1,19 @@
 // What the command line tells of the dates in a map.
-#include "cli/Commands.h"
 
 #include "diagram/model/Surface.h"
 #include "document/DoSave.h"
-#include "document/MapSchema.h"
 #include "document/MemoryWindow.h"
-#include "support/Files.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/cli/CliTest.h"
 #include "timeline/TimelineNodes.h"
 
-#include <gtest/gtest.h>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 namespace {
 
-struct InfoDates : ::testing::Test {
-    InfoDates() {
-        support::SetProgramPath(folder.path());
-        document::WriteTemplate(folder.filePath(QStringLiteral("template.tpl")), {}, {});
-    }
-    ~InfoDates() override { support::SetProgramPath(QString()); }
-
+struct InfoDates : cli::testing::CliTest {
     // A map with a node for each of the dates, and one without.
     void Save(std::initializer_list<const char *> dates) {
         support::testing::ScriptedDesktop desktop;
@@ -37,10 +27,7 @@ struct InfoDates : ::testing::Test {
         ASSERT_TRUE(document::DoSave(window));
     }
     QString Info(const QStringList &more = {}) {
-        QString out, err;
-        QTextStream outStream(&out), errStream(&err);
-        EXPECT_EQ(cli::Run(QStringList{QStringLiteral("info"), map} + more, outStream, errStream), cli::kGood)
-            << err.toStdString();
+        EXPECT_EQ(Run(QStringList{QStringLiteral("info"), map} + more), cli::kGood) << err.toStdString();
         return out;
     }
     QJsonObject Slice() {
@@ -48,8 +35,7 @@ struct InfoDates : ::testing::Test {
         return QJsonDocument::fromJson(text.toUtf8()).object()["slices"].toArray()[0].toObject();
     }
 
-    QTemporaryDir folder;
-    QString map = folder.filePath(QStringLiteral("dated.map"));
+    QString map = Path("dated.map");
 };
 
 } // namespace

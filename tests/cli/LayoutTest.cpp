@@ -1,34 +1,19 @@
-#include "cli/Commands.h"
 
-#include "document/MapSchema.h"
 #include "storage/Database.h"
-#include "support/Files.h"
+#include "tests/cli/CliTest.h"
 #include "tests/Paths.h"
 
-#include <gtest/gtest.h>
 #include <QFile>
-#include <QTemporaryDir>
 
 namespace {
 
 using Rows = std::vector<std::vector<double>>;
 
-class LayoutCommandTest : public ::testing::Test {
+class LayoutCommandTest : public cli::testing::CliTest {
 protected:
     LayoutCommandTest() {
-        support::SetProgramPath(folder_.path());
-        document::WriteTemplate(Path("template.tpl"), {}, {});
         EXPECT_EQ(Run({"convert", tests::Data(QStringLiteral("jet/plan.mdb")), plan}), cli::kGood)
             << err.toStdString();
-    }
-    ~LayoutCommandTest() override { support::SetProgramPath(QString()); }
-
-    QString Path(const char *name) const { return folder_.filePath(QString::fromUtf8(name)); }
-    int Run(const QStringList &arguments) {
-        out.clear();
-        err.clear();
-        QTextStream outStream(&out), errStream(&err);
-        return cli::Run(arguments, outStream, errStream);
     }
     static Rows Read(const QString &map, const QString &sql, int columns) {
         storage::Database database = storage::OpenDatabase(map);
@@ -46,9 +31,7 @@ protected:
             4);
     }
 
-    QTemporaryDir folder_;
     QString plan = Path("plan.map"), tidy = Path("tidy.map");
-    QString out, err;
 };
 
 } // namespace

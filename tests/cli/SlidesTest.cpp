@@ -1,44 +1,24 @@
 // Presentations from the command line.
-#include "cli/Commands.h"
-#include "document/MapSchema.h"
 #include "support/AtomicFile.h"
 #include "support/Files.h"
+#include "tests/cli/CliTest.h"
 #include "tests/Paths.h"
 
-#include <gtest/gtest.h>
 #include <QDir>
 #include <QProcess>
-#include <QTemporaryDir>
 
 namespace {
 
 // The map has three slices.
 const QString kPlan = tests::Data(QStringLiteral("map/plan.map"));
 
-class SlidesTest : public ::testing::Test {
+class SlidesTest : public cli::testing::CliTest {
 protected:
-    SlidesTest() {
-        support::SetProgramPath(folder_.path());
-        document::WriteTemplate(Path("template.tpl"), {}, {});
-    }
-    ~SlidesTest() override { support::SetProgramPath(QString()); }
-
-    QString Path(const char *name) const { return folder_.filePath(QString::fromUtf8(name)); }
-    int Run(const QStringList &arguments) {
-        out.clear();
-        err.clear();
-        QTextStream outStream(&out), errStream(&err);
-        return cli::Run(QStringList{"slides"} + arguments, outStream, errStream);
-    }
+    int Run(const QStringList &arguments) { return CliTest::Run(QStringList{"slides"} + arguments); }
     // A name that stands in the directory of the zip file.
     bool Holds(const char *file, const char *part) {
         return support::ReadWholeFile(Path(file)).contains(part);
     }
-
-    QString out, err;
-
-private:
-    QTemporaryDir folder_;
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "dialogs/HyperlinkEdit.h"
 
 #include "tests/dialogs/AttachTest.h"
+#include "tests/document/Slices.h"
 #include "tests/Paths.h"
 
 namespace dialogs::testing {
@@ -10,13 +11,9 @@ using document::cHyperlink;
 class HyperlinkEdits : public AttachTest {
 protected:
     HyperlinkEdits() {
-        window->TabStrip().SetTabCount(3);
-        for (int tab = 0; tab < 3; ++tab) {
-            if (tab > 0) window->AddFlow1().Load(tab);
-            window->TabStrip().SetTheTab(tab);
-            window->TabStrip().SetCaption(QStringLiteral("Page %1").arg(tab));
-        }
-        window->TabStrip().SetTheTab(0);
+        window->TabStrip().SetCaption(QStringLiteral("Page 0"));
+        for (const char *caption : {"Page 1", "Page 2"})
+            document::testing::AddSlice(*window, QLatin1String(caption));
     }
     cHyperlink &Link(const char *node, const QString &map, int slice, QString key = {}) {
         cHyperlink &hyperlink = Settings().Hyperlinks().add(key);

@@ -4,6 +4,7 @@
 #include "dialogs/PlainTextBox.h"
 #include "document/Tags.h"
 #include "settings/Settings.h"
+#include "tests/Controls.h"
 #include "tests/document/MapTest.h"
 #include "widgets/SwatchButton.h"
 
@@ -35,9 +36,7 @@ protected:
     }
     template <typename Widget = QComboBox>
     Widget &Find(const char *name) {
-        auto *found = form->findChild<Widget *>(QLatin1String(name));
-        if (!found) throw std::runtime_error(name);
-        return *found;
+        return tests::ControlOf<Widget>(*form, name);
     }
     void Choose(const char *list, const char *entry) {
         Find(list).setCurrentText(QLatin1String(entry));

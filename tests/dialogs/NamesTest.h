@@ -5,6 +5,7 @@
 #include "dialogs/frmGroups.h"
 #include "dialogs/frmLevels.h"
 #include "settings/Settings.h"
+#include "tests/Controls.h"
 #include "tests/document/MapTest.h"
 
 #include <QLineEdit>
@@ -32,9 +33,7 @@ protected:
     void Press(const char *button) { Find<QPushButton>(button).click(); }
     template <typename Widget>
     Widget &Find(const char *name) {
-        auto *found = form->template findChild<Widget *>(QLatin1String(name));
-        if (!found) throw std::runtime_error(name);
-        return *found;
+        return tests::ControlOf<Widget>(*form, name);
     }
     NameList &List() { return *form->lvwColor(); }
     QTreeWidgetItem &Row(int at) { return *List().topLevelItem(at); }

@@ -14,7 +14,6 @@ NodeDialogTest::NodeDialogTest() {
     settings::ProductTerms terms = settings::Terms();
     terms.NODE = QStringLiteral("Idea");
     settings::SetTerms(terms);
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
     diagram::AttachHistory(flow);
     flow.SetSize(12000, 9000);
     for (const auto &[name, colour] :
@@ -29,10 +28,7 @@ NodeDialogTest::NodeDialogTest() {
     node->SetSelected(true);
 }
 
-NodeDialogTest::~NodeDialogTest() {
-    form.reset();
-    QLocale::setDefault(QLocale::c());
-}
+NodeDialogTest::~NodeDialogTest() { form.reset(); }
 
 diagram::Node &NodeDialogTest::AddNode(const QString &text) {
     diagram::Node &added = flow.Nodes().Add(300, 3000, 1500, 900);

@@ -8,6 +8,8 @@
 #include "dialogs/frmNodeDialog.h"
 #include "dialogs/NodeSample.h"
 #include "document/Tags.h"
+#include "tests/BritishLocale.h"
+#include "tests/Controls.h"
 #include "tests/document/MapTest.h"
 
 #include <QApplication>
@@ -41,9 +43,7 @@ protected:
     frmNodeDialog &Open(diagram::Node &oNode, bool editsSelection = true);
     template <typename Widget>
     Widget &Control(const char *name) {
-        auto *found = form->findChild<Widget *>(QLatin1String(name));
-        if (!found) throw std::runtime_error(name);
-        return *found;
+        return tests::ControlOf<Widget>(*form, name);
     }
     void GoTo(int page) { form->SSIndexTab1()->setCurrentIndex(page); }
     void Click(const char *button);
@@ -51,6 +51,7 @@ protected:
     // What is put off until the event loop has nothing else to do.
     void Settle();
 
+    const tests::BritishLocale british;
     document::MemoryWindow window{desktop.Get(), document::EmptyPools{}};
     diagram::Surface &flow = window.AddFlow1()[0];
     diagram::Node *node = nullptr;

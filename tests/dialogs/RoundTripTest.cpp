@@ -3,6 +3,7 @@
 #include "dialogs/HyperlinkEdit.h"
 #include "support/FileNames.h"
 #include "tests/dialogs/AttachTest.h"
+#include "tests/document/Slices.h"
 
 #include <QCryptographicHash>
 #include <QRandomGenerator>
@@ -12,8 +13,7 @@ namespace dialogs::testing {
 class RoundTrip : public AttachTest {
 protected:
     RoundTrip() {
-        window->TabStrip().SetTabCount(3);
-        for (const int tab : {1, 2}) window->AddFlow1().Load(tab);
+        for (int further = 0; further < 2; ++further) document::testing::AddSlice(*window);
     }
     int Below(int end) { return int(random.bounded(end)); }
     QByteArray SomeBytes() {

@@ -16,14 +16,6 @@ using namespace document::testing;
 
 class LoadTest : public MapTest {
 protected:
-    QString Map(const QStringList &statements) {
-        const QString path = EmptyMap(QStringLiteral("a.map"));
-        storage::Database database = storage::OpenDatabase(path);
-        database.BeginTrans();
-        for (const QString &sql : statements) database.Execute(sql);
-        database.CommitTrans();
-        return path;
-    }
     // The error of loading the map; the window is left in window_.
     support::Error ErrorOfLoading(const QString &path) {
         window_ = NewWindow();

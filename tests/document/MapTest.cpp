@@ -78,21 +78,21 @@ QString MapTest::EmptyMap(const QString &name) {
     return MapFile(name);
 }
 
+QString MapTest::Map(const QStringList &statements) {
+    const QString path = EmptyMap(QStringLiteral("a.map"));
+    storage::Database database = storage::OpenDatabase(path);
+    database.BeginTrans();
+    for (const QString &sql : statements) database.Execute(sql);
+    database.CommitTrans();
+    return path;
+}
+
 void MapTest::Run(const QString &path, const QString &sql) { storage::OpenDatabase(path).Execute(sql); }
 
 QVariant MapTest::Cell(const QString &path, const QString &sql) {
     storage::Database database = storage::OpenDatabase(path);
     storage::Recordset rows = database.OpenRecordset(sql);
     return rows.EndOfFile() ? QVariant() : rows.Value(rows.FieldName(0));
-}
-
-support::Error ErrorOf(const std::function<void()> &action) {
-    try {
-        action();
-    } catch (const support::Error &error) {
-        return error;
-    }
-    return support::Error(0, QString(), QStringLiteral("no error"));
 }
 
 namespace {

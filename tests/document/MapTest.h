@@ -7,6 +7,7 @@
 #include "document/MapSchema.h"
 #include "document/MemoryWindow.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -32,6 +33,8 @@ protected:
     void SaveAs(MapWindow &window, const QString &path);
     // An empty map made by the tables' layouts, to be filled by SQL.
     QString EmptyMap(const QString &name);
+    // One that these statements have filled.
+    QString Map(const QStringList &statements);
     void Run(const QString &path, const QString &sql);
     // The first column of the first row.
     QVariant Cell(const QString &path, const QString &sql);
@@ -44,8 +47,7 @@ private:
     QByteArray formerTemp_;
 };
 
-// The error that `action` raises; number 0 when there is none.
-support::Error ErrorOf(const std::function<void()> &action);
+using tests::ErrorOf;
 // Everything of the window that a map keeps, as lines to compare. Groups and levels by name.
 QStringList Describe(MapWindow &window);
 // Fails for the first line that differs.

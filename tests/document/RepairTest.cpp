@@ -17,14 +17,6 @@ using namespace document::testing;
 
 class RepairTest : public MapTest {
 protected:
-    QString Map(const QStringList &statements) {
-        const QString path = EmptyMap(QStringLiteral("a.map"));
-        storage::Database database = storage::OpenDatabase(path);
-        database.BeginTrans();
-        for (const QString &sql : statements) database.Execute(sql);
-        database.CommitTrans();
-        return path;
-    }
     // Repairs the map and loads the result; the report is left in report_.
     std::unique_ptr<MemoryWindow> Repaired(const QString &path) {
         const QString target = MapFile(QStringLiteral("repaired.map"));

@@ -3,6 +3,7 @@
 #include "document/Tags.h"
 #include "settings/clsRB.h"
 #include "support/Files.h"
+#include "tests/document/Slices.h"
 #include "tests/mainwindow/WindowTest.h"
 #include "timeline/TimelineNodes.h"
 
@@ -152,8 +153,7 @@ TEST_F(Arranging, ThePromptOfTheTemplateBarIsTickedWhileItWouldBeAsked) {
 }
 
 TEST_F(Arranging, SlicesTurnByTheirKeys) {
-    window.AddFlow1().Load(1);
-    window.TabStrip().SetTabCount(2);
+    document::testing::AddSlice(window);
     Press(window, QStringLiteral("Ctrl+PgDown"));
     EXPECT_EQ(window.TabStrip().TheTab(), 1);
     Press(window, QStringLiteral("Ctrl+PgUp"));

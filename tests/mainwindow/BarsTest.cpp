@@ -23,12 +23,7 @@ struct Bars : Strips {
     QAction &push = *window.findChild<QAction *>(QStringLiteral("mnuViewTimelinePush"));
 
     void Type(const QString &text) {
-        desktop.ExpectForm<timeline::DateFormArgument>([=](timeline::DateFormArgument &argument) {
-            timeline::frmDate form(argument, nullptr);
-            form.findChild<QLineEdit *>(QStringLiteral("txtDate"))->setText(text);
-            form.accept();
-            return form.result() == QDialog::Accepted;
-        });
+        EnterDate(text);
         Press(window, QStringLiteral("Ctrl+T"));
         ProcessEvents();
     }

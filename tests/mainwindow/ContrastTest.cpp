@@ -7,6 +7,7 @@
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/StartPage.h"
 #include "mainwindow/TemplateBar.h"
+#include "tests/document/Slices.h"
 #include "tests/mainwindow/WindowTest.h"
 #include "widgets/TickStyle.h"
 
@@ -187,12 +188,8 @@ protected:
 TEST_P(Contrasts, TextsOfTheWindowCanBeRead) {
     frmMain &window = NewWindow();
     window.resize(1200, 800);
-    window.AddFlow1().Load(1);
-    window.TabStrip().SetTabCount(2);
     window.TabStrip().SetCaption(QStringLiteral("Chosen"));
-    window.TabStrip().SetTheTab(1);
-    window.TabStrip().SetCaption(QStringLiteral("Another"));
-    window.TabStrip().SetTheTab(0);
+    document::testing::AddSlice(window, QStringLiteral("Another"));
     AddNode(window, 900, 900).SetSelected(true);
     window.DoStatus(QStringLiteral("Doing something"));
     ProcessEvents();

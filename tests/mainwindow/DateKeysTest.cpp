@@ -26,12 +26,7 @@ struct DatesByKeys : Strips {
     void Later() { Press(window, QStringLiteral("Ctrl+Alt+PgDown")); }
     void Earlier() { Press(window, QStringLiteral("Ctrl+Alt+PgUp")); }
     void EnterText(const QString &text) {
-        desktop.ExpectForm<timeline::DateFormArgument>([=](timeline::DateFormArgument &argument) {
-            timeline::frmDate form(argument, nullptr);
-            form.findChild<QLineEdit *>(QStringLiteral("txtDate"))->setText(text);
-            form.accept();
-            return form.result() == QDialog::Accepted;
-        });
+        EnterDate(text);
         Press(window, QStringLiteral("Ctrl+T"));
     }
 };

@@ -3,6 +3,7 @@
 
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
+#include "tests/BritishLocale.h"
 #include "tests/mainwindow/WindowTest.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
@@ -19,36 +20,38 @@
 
 namespace mainwindow::testing {
 
+// The program asks for the look of the months; the user takes what it offers.
+inline void ConfirmSetupUnseen(support::testing::ScriptedDesktop &desktop) {
+    desktop.ExpectMessageContaining(QStringLiteral("You have not configured your timeline Nodes yet."),
+                                    support::Answer::No);
+    desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
+        timeline::frmTimelineSetup form(argument, nullptr);
+        form.OKButton_Click();
+        return true;
+    });
+}
+
 struct Dates : WindowTest {
+    const tests::BritishLocale british;
     frmMain &window = NewWindow();
     diagram::Node &node = AddNode(window, 3000, 900, QStringLiteral("Launch"));
 
     Dates() {
-        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
         node.SetSelected(true);
         ProcessEvents();
     }
-    ~Dates() override { QLocale::setDefault(QLocale::c()); }
 
     // What the user does in the form of the date.
-    void EnterDate(int year, int month, int day) {
+    void EnterDate(int year, int month, int day) { EnterDate(QDate(year, month, day).toString(Qt::ISODate)); }
+    void EnterDate(const QString &text) {
         desktop.ExpectForm<timeline::DateFormArgument>([=](timeline::DateFormArgument &argument) {
             timeline::frmDate form(argument, nullptr);
-            form.findChild<QLineEdit *>(QStringLiteral("txtDate"))
-                ->setText(QDate(year, month, day).toString(Qt::ISODate));
+            form.findChild<QLineEdit *>(QStringLiteral("txtDate"))->setText(text);
             form.accept();
-            return true;
+            return form.result() == QDialog::Accepted;
         });
     }
-    void ConfirmSetupUnseen() {
-        desktop.ExpectMessageContaining(QStringLiteral("You have not configured your timeline Nodes yet."),
-                                        support::Answer::No);
-        desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
-            timeline::frmTimelineSetup form(argument, nullptr);
-            form.OKButton_Click();
-            return true;
-        });
-    }
+    void ConfirmSetupUnseen() { testing::ConfirmSetupUnseen(desktop); }
     QStringList Months() {
         QStringList texts;
         for (const diagram::Node *month : timeline::LocateTimelineNodes(window.CurrentSurface()))

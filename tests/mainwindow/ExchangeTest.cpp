@@ -271,12 +271,7 @@ TEST_F(Exchange, EscapeGivesALongImportUpWithNothingChanged) {
     document::MarkSaved(window);
     const bool couldUndo = window.CurrentSurface().CanUndo();
     auto *bar = window.findChild<cStatusBar *>(QStringLiteral("staMain"));
-    QTimer escape;
-    QObject::connect(&escape, &QTimer::timeout, [&] {
-        if (bar->Doing() == QStringLiteral("Importing... Escape gives up."))
-            QTest::keyClick(&window.CurrentView(), Qt::Key_Escape);
-    });
-    escape.start(1);
+    const EscapeWhenOffered escape(window);
     for (const support::Answer where : {support::Answer::Yes, support::Answer::No}) {
         desktop.ExpectMessage(kQuestion, where);
         if (where == support::Answer::No)

@@ -3,6 +3,7 @@
 #include "document/Tags.h"
 #include "mainwindow/cStatusBar.h"
 #include "mainwindow/TickBox.h"
+#include "tests/document/Slices.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QAbstractItemView>
@@ -100,8 +101,7 @@ TEST_F(FilterBoxes, WorkByKeyboard) {
 
 TEST_F(FilterBoxes, TheFilterIsAppliedToAllSlicesWhenTheListCloses) {
     diagram::Node &sales = Tagged(1, 2), &finance = Tagged(2, 2);
-    window.AddFlow1().Load(1);
-    window.TabStrip().SetTabCount(2);
+    document::testing::AddSlice(window);
     diagram::Node &other = window.AddFlow1()[1].Nodes().Add(0, 0, 1500, 900);
     other.SetTag(sales.Tag());
     window.clsSettings().Dirty = false;
@@ -121,8 +121,7 @@ TEST_F(FilterBoxes, TheFilterIsAppliedToAllSlicesWhenTheListCloses) {
 
 TEST_F(FilterBoxes, TheMonthsOfTheCurrentSliceAreThenShownAsTheMenuSays) {
     std::vector<diagram::Node *> months;
-    window.AddFlow1().Load(1);
-    window.TabStrip().SetTabCount(2);
+    document::testing::AddSlice(window);
     for (const int slice : {0, 1}) {
         months.push_back(&window.AddFlow1()[slice].Nodes().Add(300, 9000, 1500, 900));
         months.back()->SetText(QStringLiteral("May 2024"));

@@ -1,6 +1,7 @@
 #include "mainwindow/FindBar.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
+#include "tests/document/Slices.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QApplication>
@@ -23,9 +24,7 @@ struct Finding : WindowTest {
     diagram::Node *c = nullptr;
 
     Finding() {
-        window.AddFlow1().Load(1);
-        window.TabStrip().SetTabCount(2);
-        c = &window.AddFlow1()[1].Nodes().Add(300, 300, 1500, 900);
+        c = &document::testing::AddSlice(window).Nodes().Add(300, 300, 1500, 900);
         c->SetText(QStringLiteral("plan c"));
         window.clsSettings().Dirty = false;
     }

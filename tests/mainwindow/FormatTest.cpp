@@ -3,6 +3,7 @@
 #include "diagram/shapes/Shapes.h"
 #include "mainwindow/ShapeMenu.h"
 #include "support/Error.h"
+#include "tests/mainwindow/FailingBoxes.h"
 #include "tests/mainwindow/WindowTest.h"
 
 namespace mainwindow::testing {
@@ -105,25 +106,11 @@ TEST_F(Format, NewAddsASelectedElementInOneStep) {
     EXPECT_EQ(window.CurrentSurface().Nodes().Item(2).Shape(), 0);
 }
 
-namespace {
-
-class FailingBoxes : public support::MessageBoxes {
-public:
-    support::Answer Show(const QString &, support::Buttons, support::Icon, const QString &,
-                         support::EnterPresses) override {
-        throw support::Error(5, QString(), QStringLiteral("No box"));
-    }
-    QString InputBox(const QString &, const QString &, const QString &) override { return {}; }
-};
-
-} // namespace
+namespace {} // namespace
 
 TEST_F(Format, AnErrorOfAButtonLeavesNoGroupOpen) {
     FailingBoxes boxes;
-    const support::Desktop &doors = desktop.Get();
-    support::Desktop failing{boxes,          doors.dialogs,   doors.launcher,  doors.clock,
-                             doors.memory,   doors.registry,  doors.random,    doors.printers,
-                             doors.identity, doors.fileIcons, doors.dialogHost};
+    support::Desktop failing = WithBoxes(desktop.Get(), boxes);
     frmMain window(failing);
     desktop.ExpectMessageContaining(QStringLiteral("No box"));
     window.tlbFormat_ButtonClick(QStringLiteral("NOTHING"));

@@ -328,12 +328,7 @@ TEST_F(Layout, TenThousandNodesAreGivenUpByEscapeWithNothingChanged) {
     const QPointF before = nodes[500]->Bounds().topLeft();
     const diagram::Node &month = AddFarMonth("March 2026");
     auto *bar = window.findChild<cStatusBar *>(QStringLiteral("staMain"));
-    QTimer escape;
-    QObject::connect(&escape, &QTimer::timeout, [&] {
-        if (bar->Doing().contains(QStringLiteral("Escape")))
-            QTest::keyClick(&window.CurrentView(), Qt::Key_Escape);
-    });
-    escape.start(1);
+    const EscapeWhenOffered escape(window);
     Run("mnuLayoutHExecute");
     EXPECT_EQ(bar->Doing(), QStringLiteral("Laying out was given up."));
     EXPECT_EQ(nodes[500]->Bounds().topLeft(), before);

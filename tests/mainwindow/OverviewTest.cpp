@@ -4,6 +4,7 @@
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/OverviewMap.h"
 #include "mainwindow/OverviewPicture.h"
+#include "tests/document/Slices.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QAction>
@@ -180,8 +181,7 @@ TEST_F(Overviews, LeavesItsCornerToWhatIsSelectedThere) {
 
 TEST_F(Overviews, ShowsTheSliceOnTopAndOutlivesNone) {
     Await();
-    window.AddFlow1().Load(1);
-    window.TabStrip().SetTabCount(2);
+    document::testing::AddSlice(window);
     window.TabStrip().SetTheTab(1);
     ProcessEvents();
     EXPECT_EQ(Map(), nullptr) << "this one is empty";

@@ -1,6 +1,8 @@
 // The page of a slice with a strip of months grows, and what is pasted on other slices finds its place.
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
+#include "tests/BritishLocale.h"
+#include "tests/mainwindow/DatesTest.h"
 #include "tests/mainwindow/WindowTest.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
@@ -14,26 +16,17 @@ namespace mainwindow::testing {
 namespace {
 
 struct GrowingPages : WindowTest {
+    const tests::BritishLocale british;
     frmMain &window = NewWindow();
     diagram::Node &node = AddNode(window, 3000, 2400, QStringLiteral("Launch"));
     diagram::Node &other = AddNode(window, 6000, 4500, QStringLiteral("Other"));
 
-    GrowingPages() {
-        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
-        ProcessEvents();
-    }
-    ~GrowingPages() override { QLocale::setDefault(QLocale::c()); }
+    GrowingPages() { ProcessEvents(); }
 
     diagram::Surface &Surface() { return window.CurrentSurface(); }
 
     void DateTheNode() {
-        desktop.ExpectMessageContaining(QStringLiteral("You have not configured your timeline Nodes yet."),
-                                        support::Answer::No);
-        desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
-            timeline::frmTimelineSetup form(argument, nullptr);
-            form.OKButton_Click();
-            return true;
-        });
+        ConfirmSetupUnseen(desktop);
         timeline::AddTimelineLink(window, Surface(), node, QStringLiteral("14 March 2004"));
         document::SetTag(Surface(), document::tags::kTimelineAlign, QStringLiteral("2"));
         timeline::ArrangeTimeLineNodes(window, Surface(), timeline::kStoredArrangement);

@@ -131,12 +131,7 @@ TEST_F(PictureExport, EscapeGivesALongOneUpAndNoFileIsWritten) {
         AddNode(window, float(i % 200) * 2000, float(i / 200) * 1200,
                 QStringLiteral("A text, the %1th").arg(i));
     auto *bar = window.findChild<cStatusBar *>(QStringLiteral("staMain"));
-    QTimer escape;
-    QObject::connect(&escape, &QTimer::timeout, [&] {
-        if (bar->Doing().contains(QStringLiteral("Escape")))
-            QTest::keyClick(&window.CurrentView(), Qt::Key_Escape);
-    });
-    escape.start(1);
+    const EscapeWhenOffered escape(window);
     ExpectForm(PictureFormat::Pdf);
     EXPECT_TRUE(Export(QStringLiteral("a.pdf"), 4).isEmpty());
     EXPECT_EQ(bar->Doing(), QStringLiteral("Exporting the picture was given up."));

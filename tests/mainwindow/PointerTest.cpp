@@ -3,6 +3,7 @@
 #include "diagram/view/SurfaceView.h"
 #include "document/DoLoad.h"
 #include "support/Error.h"
+#include "tests/mainwindow/FailingBoxes.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QStringList>
@@ -51,15 +52,6 @@ private:
     void Note(const char *what) {
         shown << QStringLiteral("%1 %2").arg(QLatin1String(what)).arg(window->MousePointer());
     }
-};
-
-class ThrowingBoxes : public support::MessageBoxes {
-public:
-    support::Answer Show(const QString &, support::Buttons, support::Icon, const QString &,
-                         support::EnterPresses) override {
-        throw support::Error(5, QString(), QStringLiteral("No box"));
-    }
-    QString InputBox(const QString &, const QString &, const QString &) override { return {}; }
 };
 
 class Pointer : public WindowTest {
@@ -161,11 +153,8 @@ TEST_F(Pointer, IsTheNormalOneWhereverACommandShowsADialog) {
 }
 
 TEST_F(Pointer, StaysTheHourglassAfterACommandThatFails) {
-    ThrowingBoxes boxes;
-    const support::Desktop &doors = desktop.Get();
-    support::Desktop failing{boxes,          doors.dialogs,   doors.launcher,  doors.clock,
-                             doors.memory,   doors.registry,  doors.random,    doors.printers,
-                             doors.identity, doors.fileIcons, doors.dialogHost};
+    FailingBoxes boxes;
+    support::Desktop failing = WithBoxes(desktop.Get(), boxes);
     frmMain window(failing);
     desktop.ExpectMessageContaining(QStringLiteral("No box"));
     window.SmartMenuXP1_Click(QStringLiteral("mnuNothing"));

@@ -47,11 +47,7 @@ struct SliceCommands : WindowTest {
             support::Answer::Yes);
         window.SmartMenuXP1_Click(QStringLiteral("mnuEditSlicesDelete"));
     }
-    QStringList Captions() {
-        QStringList captions;
-        for (int i = 0; i < window.TabStrip().TabCount(); ++i) captions << window.TabStrip().TabCaption(i);
-        return captions;
-    }
+    QStringList Captions() { return testing::Captions(window); }
     // The texts of the first nodes, tab by tab.
     QStringList Contents() {
         QStringList texts;

@@ -35,11 +35,7 @@ struct SlicesTest : testing::WindowTest {
     }
 
     std::vector<cSlice> Slices() { return SlicesOf(window); }
-    QStringList Captions() {
-        QStringList captions;
-        for (int i = 0; i < window.TabStrip().TabCount(); ++i) captions << window.TabStrip().TabCaption(i);
-        return captions;
-    }
+    QStringList Captions() { return testing::Captions(window); }
     // The text of each slice's first node, or "-" for an empty one.
     QStringList Contents() {
         QStringList texts;

@@ -3,6 +3,7 @@
 #include "support/clsGUID.h"
 #include "support/Error.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest.h>
 #include <QSignalSpy>
@@ -22,15 +23,6 @@ protected:
     QTabBar bar;
     clsTabStrip strip;
 };
-
-long NumberOf(const std::function<void()> &action) {
-    try {
-        action();
-    } catch (const support::Error &error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 } // namespace
 
@@ -65,9 +57,9 @@ TEST_F(TabStrip, CaptionKeepsAnAmpersandAsALetter) {
 }
 
 TEST_F(TabStrip, ATabThatIsNotThereIsAnError) {
-    EXPECT_EQ(NumberOf([&] { strip.SetTheTab(1); }), 380);
-    EXPECT_EQ(NumberOf([&] { strip.TabKey(-1); }), 380);
-    EXPECT_EQ(NumberOf([&] { strip.TabCaption(7); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { strip.SetTheTab(1); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { strip.TabKey(-1); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { strip.TabCaption(7); }), 380);
 }
 
 TEST_F(TabStrip, SelectingATabRaisesTheClick) {

@@ -4,6 +4,7 @@
 #include "document/Tags.h"
 #include "mainwindow/cStatusBar.h"
 #include "mainwindow/TickBox.h"
+#include "tests/document/Slices.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QAction>
@@ -98,8 +99,7 @@ TEST_F(ViewButtons, OpensByKeyAndByMouse) {
 }
 
 TEST_F(ViewButtons, KeepTheTicksAndShowThemAgainOnEverySlice) {
-    window.AddFlow1().Load(1);
-    window.TabStrip().SetTabCount(2);
+    document::testing::AddSlice(window);
     diagram::Node &sales = InGroup(window.AddFlow1()[0], 1), &finance = InGroup(window.AddFlow1()[1], 2);
     Settings().Dirty = false;
     Keep(kPlan);

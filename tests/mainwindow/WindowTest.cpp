@@ -35,22 +35,20 @@ settings::ProductTerms TestTerms() {
     return terms;
 }
 
+const document::LevelRow kLevels[] = {{QStringLiteral("1"), false, 0x111111},
+                                      {QStringLiteral("2"), true, 0x222222}};
+const document::GroupRow kGroups[] = {{QStringLiteral("Sales"), false}, {QStringLiteral("Finance"), true}};
+
 } // namespace
 
-WindowTest::WindowTest() {
-    support::SetProgramPath(program_.path());
+WindowTest::WindowTest() : program_(kLevels, kGroups) {
     settings::SetTerms(TestTerms());
     document::SetLastPath(QString());
-    const document::LevelRow levels[] = {{QStringLiteral("1"), false, 0x111111},
-                                         {QStringLiteral("2"), true, 0x222222}};
-    const document::GroupRow groups[] = {{QStringLiteral("Sales"), false}, {QStringLiteral("Finance"), true}};
-    document::WriteTemplate(ProgramFile(QStringLiteral("template.tpl")), levels, groups);
 }
 
 WindowTest::~WindowTest() {
     for (frmMain *form : frmMain::Forms()) delete form;
     ProcessEvents();
-    support::SetProgramPath(QString());
     settings::SetTerms({});
     document::SetLastPath(QString());
 }
@@ -148,6 +146,21 @@ void WindowTest::Store(const QString &name, int value) {
     key.ValueKey = name;
     key.ValueType = support::RegistryType::Number;
     key.SetValue(quint32(value));
+}
+
+EscapeWhenOffered::EscapeWhenOffered(frmMain &window) {
+    auto *bar = window.findChild<cStatusBar *>(QStringLiteral("staMain"));
+    QObject::connect(&timer_, &QTimer::timeout, [bar, &window] {
+        if (bar->Doing().contains(QStringLiteral("Escape")))
+            QTest::keyClick(&window.CurrentView(), Qt::Key_Escape);
+    });
+    timer_.start(1);
+}
+
+QStringList Captions(document::MapWindow &window) {
+    QStringList captions;
+    for (int i = 0; i < window.TabStrip().TabCount(); ++i) captions << window.TabStrip().TabCaption(i);
+    return captions;
 }
 
 diagram::Node &AddNode(frmMain &window, float left, float top, const QString &text) {

@@ -5,9 +5,11 @@
 #include "diagram/model/Surface.h"
 #include "mainwindow/frmMain.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/document/ProgramFolder.h"
 
 #include <gtest/gtest.h>
 #include <QTemporaryDir>
+#include <QTimer>
 
 namespace mainwindow::testing {
 
@@ -19,7 +21,7 @@ protected:
     // A shown window that has the focus.
     frmMain &NewWindow();
     QString MapFile(const QString &name) const { return maps_.filePath(name); }
-    QString ProgramFile(const QString &name) const { return program_.filePath(name); }
+    QString ProgramFile(const QString &name) const { return program_.File(name); }
     // A map file with that many nodes on its first slice, and further slices without.
     QString SavedMap(const QString &name, int nodes, int slices = 1);
     // Presses keys on the window's current surface, as the user does.
@@ -43,11 +45,24 @@ protected:
     support::testing::ScriptedDesktop desktop;
 
 private:
-    QTemporaryDir program_, maps_;
+    document::testing::ProgramFolder program_;
+    QTemporaryDir maps_;
 };
 
 diagram::Node &AddNode(frmMain &window, float left, float top, const QString &text = QString());
 // A month of a strip on which months stay although no date needs them.
 diagram::Node &AddMonth(frmMain &window, float left, const QString &text);
+
+// What the tabs say.
+QStringList Captions(document::MapWindow &window);
+
+// Presses Escape as soon as the window says that this gives up what it is doing.
+class EscapeWhenOffered {
+public:
+    explicit EscapeWhenOffered(frmMain &window);
+
+private:
+    QTimer timer_;
+};
 
 } // namespace mainwindow::testing

@@ -85,14 +85,20 @@ TEST(Faults, ANodeOffTheGrid) {
     EXPECT_EQ(Faults(surface), "\"A\" is off the grid");
 }
 
-TEST(Faults, ANodeAtItsDateMayBeOffTheGrid) {
+// A slice whose strip runs at the top.
+struct FaultsOfAPlan : ::testing::Test {
+    FaultsOfAPlan() {
+        diagram::Node &months = *timeline::LocateTimeLineTemplateNode(surface, true);
+        months.SetWidth(120 * 15);
+        months.SetHeight(30 * 15);
+        document::SetTag(surface, document::tags::kTimelineAlign, "2");
+    }
     support::testing::ScriptedDesktop desktop;
-    document::MemoryWindow window(desktop.Get(), document::EmptyPools{});
+    document::MemoryWindow window{desktop.Get(), document::EmptyPools{}};
     diagram::Surface &surface = window.AddFlow1()[0];
-    diagram::Node &months = *timeline::LocateTimeLineTemplateNode(surface, true);
-    months.SetWidth(120 * 15);
-    months.SetHeight(30 * 15);
-    document::SetTag(surface, document::tags::kTimelineAlign, "2");
+};
+
+TEST_F(FaultsOfAPlan, ANodeAtItsDateMayBeOffTheGrid) {
     diagram::Node &a = Add(surface, 0, 100, 50, 50, "A");
     Add(surface, 303, 100, 50, 50, "B");
     timeline::SetKeepsNodesAtDates(surface, true);
@@ -101,14 +107,7 @@ TEST(Faults, ANodeAtItsDateMayBeOffTheGrid) {
     EXPECT_EQ(Faults(surface), "\"B\" is off the grid");
 }
 
-TEST(Faults, TheQuietLineToADayMayRunBehindANode) {
-    support::testing::ScriptedDesktop desktop;
-    document::MemoryWindow window(desktop.Get(), document::EmptyPools{});
-    diagram::Surface &surface = window.AddFlow1()[0];
-    diagram::Node &months = *timeline::LocateTimeLineTemplateNode(surface, true);
-    months.SetWidth(120 * 15);
-    months.SetHeight(30 * 15);
-    document::SetTag(surface, document::tags::kTimelineAlign, "2");
+TEST_F(FaultsOfAPlan, TheQuietLineToADayMayRunBehindANode) {
     diagram::Node &a = Add(surface, 0, 300, 120, 50, "A");
     diagram::Node &b = Add(surface, 0, 100, 400, 50, "B");
     timeline::AddTimelineLink(window, surface, a, "14 March 2027");

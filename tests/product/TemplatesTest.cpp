@@ -9,6 +9,7 @@
 #include "templates/LoadTemplate.h"
 #include "templates/TemplateDb.h"
 #include "templates/TemplateFiles.h"
+#include "tests/document/Slices.h"
 #include "tests/Paths.h"
 #include "tests/product/BuiltEdition.h"
 #include "tests/product/Faults.h"
@@ -191,8 +192,7 @@ TEST_F(Templates, EachComesIntoANewSliceAsItWasDrawnAndStaysSoInAMap) {
                                   Texts());
             const QStringList expected = Described(drawn, drawn.AddFlow1()[0]);
 
-            window.TabStrip().SetTabCount(2);
-            window.AddFlow1().Load(1);
+            document::testing::AddSlice(window);
             templates::LoadTemplate(window, window.AddFlow1()[1], TemplatePath(name));
             EXPECT_EQ(Differences(expected, Described(window, window.AddFlow1()[1])), "");
             EXPECT_EQ(window.AddFlow1()[0].Nodes().Count(), 0);

@@ -6,6 +6,7 @@
 #include "support/Files.h"
 #include "support/Platform.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest.h>
 #include <QDir>
@@ -90,13 +91,9 @@ TEST_F(DeliveredFiles, AMissingFileIsLookedForInTheProgramsFolder) {
 TEST_F(DeliveredFiles, AConfigurationFolderThatCannotBeMadeIsAnErrorWithItsPath) {
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.filePath(QStringLiteral("bytes")))); // a file
     SetReadOnly(program.path(), true);
-    try {
-        PathToWrite(kName);
-        FAIL();
-    } catch (const support::Error &error) {
-        EXPECT_EQ(error.Number(), support::kErrPathNotFound);
-        EXPECT_TRUE(error.Description().contains(QStringLiteral("bytes/velmora/Velmora")));
-    }
+    const support::Error error = tests::ErrorOf([&] { PathToWrite(kName); });
+    EXPECT_EQ(error.Number(), support::kErrPathNotFound);
+    EXPECT_TRUE(error.Description().contains(QStringLiteral("bytes/velmora/Velmora")));
 }
 
 TEST_F(DeliveredFiles, TheUserIsToldOfCopiesAlone) {

@@ -51,20 +51,20 @@ TEST_F(CompactDatabaseTest, ABadSource_LeavesNoTarget) {
     WriteContent(Path("text.map"), "no database");
     Sample("a.map", 500).Close();
     WriteContent(Path("cut.map"), Content(Path("a.map")).chopped(4096));
-    EXPECT_EQ(RaisedNumber([&] { Compact("none.map", "b.map"); }), kErrFileNotFound);
-    EXPECT_EQ(RaisedNumber([&] { Compact("text.map", "b.map"); }), kErrUnrecognizedFormat);
-    EXPECT_EQ(RaisedNumber([&] { Compact("cut.map", "b.map"); }), kErrDamaged);
+    EXPECT_EQ(NumberOf([&] { Compact("none.map", "b.map"); }), kErrFileNotFound);
+    EXPECT_EQ(NumberOf([&] { Compact("text.map", "b.map"); }), kErrUnrecognizedFormat);
+    EXPECT_EQ(NumberOf([&] { Compact("cut.map", "b.map"); }), kErrDamaged);
     EXPECT_FALSE(QFileInfo::exists(Path("b.map")));
 }
 
 TEST_F(CompactDatabaseTest, ATargetInAMissingFolder_CannotBeOpened) {
     Sample("a.map", 1).Close();
-    EXPECT_EQ(RaisedNumber([&] { Compact("a.map", "none/b.map"); }), kErrCannotOpenFile);
+    EXPECT_EQ(NumberOf([&] { Compact("a.map", "none/b.map"); }), kErrCannotOpenFile);
     {
         Database database = Sample("c.map", 5000);
         database.Execute("DELETE FROM Nodes");
     }
-    EXPECT_EQ(RaisedNumber([&] { Compact("c.map", "none/b.map"); }), kErrCannotOpenFile);
+    EXPECT_EQ(NumberOf([&] { Compact("c.map", "none/b.map"); }), kErrCannotOpenFile);
 }
 
 } // namespace storage::test

@@ -3,6 +3,7 @@
 #include "storage/Database.h"
 #include "storage/text/CsvWriter.h"
 #include "support/Error.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest.h>
 #include <QBuffer>
@@ -40,12 +41,7 @@ QByteArray Encoded(const QString &text, QStringConverter::Encoding encoding, boo
 }
 
 long ErrorOf(const QByteArray &bytes) {
-    try {
-        Read(bytes);
-    } catch (const support::Error &error) {
-        return error.Number();
-    }
-    return 0;
+    return tests::NumberOf([&] { Read(bytes); });
 }
 
 using Records = QList<QStringList>;
@@ -196,12 +192,7 @@ TEST(CsvWriter, WritesOneForm) {
 TEST(CsvWriter, RaisesDiskFullWhereTheDeviceTakesNoMore) {
     QBuffer file; // was never opened
     storage::CsvWriter writer(file, {"Type"});
-    try {
-        writer.Finish();
-        FAIL();
-    } catch (const support::Error &error) {
-        EXPECT_EQ(error.Number(), support::kErrDiskFull);
-    }
+    EXPECT_EQ(tests::NumberOf([&] { writer.Finish(); }), support::kErrDiskFull);
 }
 
 TEST(CsvWriter, WritesNumbersThatReadBackAsTheSame) {

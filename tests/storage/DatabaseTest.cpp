@@ -19,8 +19,8 @@ TEST_F(DatabaseTest, CreateDatabase_RefusesAFileThatExists) {
 }
 
 TEST_F(DatabaseTest, CreateDatabase_InAMissingFolderNamesThePath) {
-    EXPECT_EQ(RaisedNumber([&] { CreateDatabase(Path("none/new.map")); }), kErrInvalidPath);
-    EXPECT_EQ(RaisedNumber([&] { CreateDatabase(QString()); }), kErrInvalidPath);
+    EXPECT_EQ(NumberOf([&] { CreateDatabase(Path("none/new.map")); }), kErrInvalidPath);
+    EXPECT_EQ(NumberOf([&] { CreateDatabase(QString()); }), kErrInvalidPath);
 }
 
 TEST_F(DatabaseTest, CreateTable_KeepsTheTypeOfEveryField) {
@@ -107,7 +107,7 @@ TEST_F(DatabaseTest, Execute_RunsSeveralStatements) {
 TEST_F(DatabaseTest, Execute_UndoesAStatementThatFails) {
     Database database = Sample("a.map", 3);
     database.Execute("CREATE UNIQUE INDEX One ON Nodes([Level])");
-    EXPECT_EQ(RaisedNumber([&] { database.Execute("UPDATE Nodes SET [Level]=9"); }), kErrDuplicateKey);
+    EXPECT_EQ(NumberOf([&] { database.Execute("UPDATE Nodes SET [Level]=9"); }), kErrDuplicateKey);
     Recordset rows = database.OpenRecordset("SELECT COUNT(*) FROM Nodes WHERE [Level]=9");
     EXPECT_EQ(rows.Long(0), 0);
 }

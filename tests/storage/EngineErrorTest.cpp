@@ -1,4 +1,5 @@
 #include "StorageFixture.h"
+#include "tests/Errors.h"
 
 namespace storage::test {
 
@@ -78,12 +79,8 @@ TEST_F(EngineErrorTest, InUse_IsReportedWhenAnotherWrites) {
 }
 
 TEST_F(EngineErrorTest, Source_IsTheFacade) {
-    try {
-        database_.Execute("nonsense");
-        FAIL();
-    } catch (const support::Error &error) {
-        EXPECT_EQ(error.Source(), "Storage.Database");
-    }
+    const support::Error error = tests::ErrorOf([&] { database_.Execute("nonsense"); });
+    EXPECT_EQ(error.Source(), "Storage.Database");
 }
 
 } // namespace storage::test

@@ -35,7 +35,7 @@ TEST_F(FieldsTest, AddField_AddsOnlyWhatIsMissing) {
     ASSERT_EQ(table.fields.size(), 7u);
     EXPECT_EQ(table.fields[5].type, FieldType::Long);
     EXPECT_EQ(table.fields[6].size, 20);
-    EXPECT_EQ(RaisedNumber([&] { AddField(database_, "Links", "x", FieldType::Long); }), kErrFieldNotFound);
+    EXPECT_EQ(NumberOf([&] { AddField(database_, "Links", "x", FieldType::Long); }), kErrFieldNotFound);
 }
 
 TEST_F(FieldsTest, RsIsEmpty_IsTrueForNothingAndForNoRows) {
@@ -81,8 +81,8 @@ TEST_F(FieldsTest, ReadFileIntoField_OfAnEmptyFileIsNotNull) {
 TEST_F(FieldsTest, ReadFileIntoField_OfAMissingFileIsFileNotFound) {
     Recordset row = Row();
     row.Edit();
-    EXPECT_EQ(RaisedNumber([&] { ReadFileIntoField(Path("none.bin"), row, "Data"); }), 53);
-    EXPECT_EQ(RaisedNumber([&] { ReadBinaryFile(Path("none.bin"), row, "Data"); }), 53);
+    EXPECT_EQ(NumberOf([&] { ReadFileIntoField(Path("none.bin"), row, "Data"); }), 53);
+    EXPECT_EQ(NumberOf([&] { ReadBinaryFile(Path("none.bin"), row, "Data"); }), 53);
 }
 
 TEST_F(FieldsTest, WriteFileFromField_MakesTheFile) {
@@ -107,9 +107,9 @@ TEST_F(FieldsTest, WriteFileFromField_OfNullMakesAnEmptyFile) {
 
 TEST_F(FieldsTest, WriteFileFromField_ToABadPathIsAnError) {
     Store("x");
-    EXPECT_EQ(RaisedNumber([&] { WriteFileFromField(Path("none/out.bin"), Row(), "Data"); }), 76);
-    EXPECT_EQ(RaisedNumber([&] { WriteFileFromField(Path("."), Row(), "Data"); }), 75);
-    EXPECT_EQ(RaisedNumber([&] { WriteFileFromField(Path("o.bin"), Row(), "None"); }), kErrFieldNotFound);
+    EXPECT_EQ(NumberOf([&] { WriteFileFromField(Path("none/out.bin"), Row(), "Data"); }), 76);
+    EXPECT_EQ(NumberOf([&] { WriteFileFromField(Path("."), Row(), "Data"); }), 75);
+    EXPECT_EQ(NumberOf([&] { WriteFileFromField(Path("o.bin"), Row(), "None"); }), kErrFieldNotFound);
 }
 
 TEST_F(FieldsTest, WriteBinaryFile_MakesANameWhenThereIsNone) {

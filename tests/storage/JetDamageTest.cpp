@@ -111,7 +111,7 @@ protected:
     }
     long OpenNumber() {
         WriteContent(Path("changed.map"), bytes_);
-        return RaisedNumber([&] { OpenDatabase(Path("changed.map")); });
+        return NumberOf([&] { OpenDatabase(Path("changed.map")); });
     }
     QByteArray bytes_ = Content(Data("old.mdb"));
 
@@ -241,7 +241,7 @@ TEST_F(JetDamageTest, FileCutBetweenPages_OpensOnlyWhenNothingIsLost) {
         int opened = 0;
         for (qsizetype size = whole.size() - page; size > 0; size -= page) {
             WriteContent(Path("cut.map"), whole.left(size));
-            const long number = RaisedNumber([&] {
+            const long number = NumberOf([&] {
                 EXPECT_EQ(Everything(Path("cut.map")), complete) << name << ' ' << size;
                 ++opened;
             });
@@ -262,7 +262,7 @@ TEST_F(JetDamageTest, RandomDamage_EndsInAnErrorOrInReadableTables) {
         const auto reach = static_cast<unsigned>(onlyDefinitions ? 24 * kPage / 2 : bytes_.size());
         for (int i = 0; i < 1 + seed; ++i) bytes_[random() % (reach - 64) + 64] = static_cast<char>(random());
         WriteContent(Path("changed.map"), bytes_);
-        const long number = RaisedNumber([&] { ImportJet(Path("changed.map"), kMilliseconds); });
+        const long number = NumberOf([&] { ImportJet(Path("changed.map"), kMilliseconds); });
         EXPECT_TRUE(number == 0 || number == kErrDamaged || number == kErrUnrecognizedFormat)
             << seed << ' ' << number;
     }
@@ -280,7 +280,7 @@ TEST_F(JetDamageTest, SalvageOfRandomDamageEndsInAnErrorOrInReadableTables) {
             bytes_[random() % (bytes_.size() - 64) + 64] = static_cast<char>(random());
         WriteContent(Path("changed.map"), bytes_);
         QStringList lost;
-        const long number = RaisedNumber([&] { SalvageJet(Path("changed.map"), lost, kMilliseconds); });
+        const long number = NumberOf([&] { SalvageJet(Path("changed.map"), lost, kMilliseconds); });
         EXPECT_TRUE(number == 0 || number == kErrDamaged || number == kErrUnrecognizedFormat)
             << seed << ' ' << number;
         salvaged += number == 0;

@@ -167,7 +167,7 @@ TEST_F(JetImportTest, Copy_LeavesNoTemporaryFile) {
 }
 
 TEST_F(JetImportTest, OpenForBuilding_RefusesAJetFile) {
-    EXPECT_EQ(RaisedNumber([] { OpenForBuilding(Data("old.mdb")); }), kErrUnrecognizedFormat);
+    EXPECT_EQ(NumberOf([] { OpenForBuilding(Data("old.mdb")); }), kErrUnrecognizedFormat);
 }
 
 TEST_F(JetImportTest, CompactDatabase_WritesTheProgramsOwnForm) {

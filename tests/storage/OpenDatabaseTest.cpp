@@ -22,8 +22,8 @@ protected:
 TEST_F(OpenDatabaseTest, MissingFile_IsNotMade) {
     EXPECT_EQ(Opened("none.map"),
               "3024 Could not find file '" + QDir::toNativeSeparators(Path("none.map")) + "'.");
-    EXPECT_EQ(RaisedNumber([] { OpenDatabase(QString()); }), kErrFileNotFound);
-    EXPECT_EQ(RaisedNumber([&] { OpenDatabase(Path("no/folder.map")); }), kErrFileNotFound);
+    EXPECT_EQ(NumberOf([] { OpenDatabase(QString()); }), kErrFileNotFound);
+    EXPECT_EQ(NumberOf([&] { OpenDatabase(Path("no/folder.map")); }), kErrFileNotFound);
     EXPECT_TRUE(Files().isEmpty());
 }
 
@@ -50,12 +50,12 @@ TEST_F(OpenDatabaseTest, OpenToRead_ReadsAndNeverWrites) {
     {
         Database database = OpenToRead(Path("whole.map"));
         EXPECT_FALSE(database.TableDefs().empty());
-        EXPECT_EQ(RaisedNumber([&] { database.CreateTable({"New", {{"a"}}}); }), kErrReadOnly);
+        EXPECT_EQ(NumberOf([&] { database.CreateTable({"New", {{"a"}}}); }), kErrReadOnly);
     }
     EXPECT_EQ(Content(Path("whole.map")), whole);
-    EXPECT_EQ(RaisedNumber([] { OpenToRead(QString()); }), kErrFileNotFound);
+    EXPECT_EQ(NumberOf([] { OpenToRead(QString()); }), kErrFileNotFound);
     WriteContent(Path("text.map"), "just a text");
-    EXPECT_EQ(RaisedNumber([&] { OpenToRead(Path("text.map")); }), kErrUnrecognizedFormat);
+    EXPECT_EQ(NumberOf([&] { OpenToRead(Path("text.map")); }), kErrUnrecognizedFormat);
     EXPECT_EQ(Files(), (QStringList{"text.map", "whole.map"}));
 }
 
@@ -153,7 +153,7 @@ TEST_F(OpenDatabaseTest, AnotherProgramsFile_OpensWithItsTables) {
     EXPECT_EQ(table.fields[0].type, FieldType::Long);
     EXPECT_EQ(table.fields[1].type, FieldType::Text);
     EXPECT_EQ(table.fields[2].type, FieldType::LongBinary);
-    EXPECT_EQ(RaisedNumber([&] { database.OpenRecordset("SELECT * FROM Slices"); }), kErrTableNotFound);
+    EXPECT_EQ(NumberOf([&] { database.OpenRecordset("SELECT * FROM Slices"); }), kErrTableNotFound);
 }
 
 TEST_F(OpenDatabaseTest, AnyPath_Works) {
@@ -223,7 +223,7 @@ TEST_F(OpenDatabaseTest, Building_WritesTheSameContent) {
 TEST_F(OpenDatabaseTest, Building_TakesOnlyTheProgramsOwnForm) {
     WriteContent(Path("text.map"), "just a text");
     EXPECT_EQ(Raised([&] { OpenForBuilding(Path("text.map")); }), Unrecognized("text.map"));
-    EXPECT_EQ(RaisedNumber([&] { OpenForBuilding(Path("none.map")); }), kErrFileNotFound);
+    EXPECT_EQ(NumberOf([&] { OpenForBuilding(Path("none.map")); }), kErrFileNotFound);
 }
 
 TEST_F(OpenDatabaseTest, ReadOnlyDatabase_RefusesWritesAndReads) {
@@ -242,7 +242,7 @@ TEST_F(OpenDatabaseTest, WriteProtectedFile_OpensForReading) {
     EXPECT_EQ(database.OpenRecordset("SELECT COUNT(*) FROM Nodes").Long(0), 2);
     const bool mayWrite =
         QFile(Path("a.map")).open(QIODevice::ReadWrite); // an administrator may all the same
-    EXPECT_EQ(RaisedNumber([&] { database.Execute("DELETE FROM Nodes"); }), mayWrite ? 0 : kErrReadOnly);
+    EXPECT_EQ(NumberOf([&] { database.Execute("DELETE FROM Nodes"); }), mayWrite ? 0 : kErrReadOnly);
 }
 
 } // namespace storage::test

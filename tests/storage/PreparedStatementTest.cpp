@@ -59,19 +59,19 @@ TEST_F(PreparedStatementTest, Run_AfterAFailureWorksAgain) {
         insert.Run();
     };
     run("a");
-    EXPECT_EQ(RaisedNumber([&] { run("a"); }), kErrDuplicateKey);
+    EXPECT_EQ(NumberOf([&] { run("a"); }), kErrDuplicateKey);
     run("b");
     EXPECT_EQ(database_.OpenRecordset("SELECT COUNT(*) FROM Nodes").Long(0), 2);
 }
 
 TEST_F(PreparedStatementTest, Bind_OfAMarkThatIsNotThereIsAnError) {
     PreparedStatement insert = database_.Prepare("INSERT INTO Nodes ([Key]) VALUES (?)");
-    EXPECT_NE(RaisedNumber([&] { insert.BindLong(1, 1); }), 0);
-    EXPECT_NE(RaisedNumber([&] { insert.BindLong(-1, 1); }), 0);
+    EXPECT_NE(NumberOf([&] { insert.BindLong(1, 1); }), 0);
+    EXPECT_NE(NumberOf([&] { insert.BindLong(-1, 1); }), 0);
 }
 
 TEST_F(PreparedStatementTest, Prepare_OfNothingIsASyntaxError) {
-    EXPECT_EQ(RaisedNumber([&] { database_.Prepare("  "); }), kErrSyntax);
+    EXPECT_EQ(NumberOf([&] { database_.Prepare("  "); }), kErrSyntax);
 }
 
 } // namespace storage::test

@@ -248,7 +248,7 @@ TEST_F(RecordsetTest, Chunks_GrowAndAreReadInPieces) {
     EXPECT_EQ(rows.GetChunk("Data", 0, 3), QByteArray("ab\0", 3));
     EXPECT_EQ(rows.GetChunk("Data", 5, 100), "ef");
     EXPECT_EQ(rows.GetChunk("Data", 7, 1), "");
-    EXPECT_EQ(RaisedNumber([&] { rows.GetChunk("Data", -1, 1); }), 5);
+    EXPECT_EQ(NumberOf([&] { rows.GetChunk("Data", -1, 1); }), 5);
 }
 
 TEST_F(RecordsetTest, Close_LeavesNoRows) {
@@ -257,7 +257,7 @@ TEST_F(RecordsetTest, Close_LeavesNoRows) {
     EXPECT_TRUE(rows.EndOfFile());
     EXPECT_EQ(rows.FieldCount(), 0);
     EXPECT_EQ(Raised([&] { rows.MoveFirst(); }), "3021 No current record.");
-    EXPECT_EQ(RaisedNumber([&] { rows.AddNew(); }), kErrReadOnly);
+    EXPECT_EQ(NumberOf([&] { rows.AddNew(); }), kErrReadOnly);
     rows.Close();
 }
 

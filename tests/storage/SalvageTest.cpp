@@ -102,11 +102,11 @@ TEST_F(SalvageTest, ARowWhoseLongValueIsLostKeepsItsOtherCells) {
 }
 
 TEST_F(SalvageTest, AFileWithoutTheTablesOrWithoutAnythingIsAnError) {
-    EXPECT_EQ(RaisedNumber([&] { SalvageDatabase(Path("a.map"), {"Links"}); }), kErrDamaged);
-    EXPECT_EQ(RaisedNumber([&] { SalvageDatabase(Path("none.map"), {"Nodes"}); }), kErrFileNotFound);
+    EXPECT_EQ(NumberOf([&] { SalvageDatabase(Path("a.map"), {"Links"}); }), kErrDamaged);
+    EXPECT_EQ(NumberOf([&] { SalvageDatabase(Path("none.map"), {"Nodes"}); }), kErrFileNotFound);
     for (const int size : {0, 15, 16, 99, 100, 511, 4095}) {
         WriteContent(Path("a.map"), bytes_.left(size));
-        const long number = RaisedNumber([&] { SalvageDatabase(Path("a.map"), {"Nodes"}); });
+        const long number = NumberOf([&] { SalvageDatabase(Path("a.map"), {"Nodes"}); });
         EXPECT_TRUE(number == kErrUnrecognizedFormat || number == kErrDamaged) << size << ' ' << number;
     }
 }
@@ -136,7 +136,7 @@ TEST_F(SalvageTest, RandomDamageEndsInAnErrorOrInTables) {
         std::mt19937 random(seed);
         bytes_ = whole;
         for (int i = 0; i < 1 + seed / 4; ++i) bytes_[random() % bytes_.size()] = static_cast<char>(random());
-        const long number = RaisedNumber([&] {
+        const long number = NumberOf([&] {
             Salvaged salvaged = Read();
             EXPECT_LE(Count(salvaged), kRows + 200);
         });

@@ -1,6 +1,7 @@
 #include "storage/text/DateText.h"
 
 #include "StorageFixture.h"
+#include "tests/BritishLocale.h"
 
 #include <QDate>
 #include <QLocale>
@@ -9,8 +10,7 @@ namespace storage::test {
 
 class SqlFunctionsTest : public StorageTest {
 protected:
-    SqlFunctionsTest() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom)); }
-    ~SqlFunctionsTest() override { QLocale::setDefault(QLocale::c()); }
+    const tests::BritishLocale british_;
     Database database_ = Sample("s.map");
 };
 

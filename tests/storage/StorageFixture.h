@@ -3,6 +3,7 @@
 
 #include "storage/Database.h"
 #include "support/Error.h"
+#include "tests/Errors.h"
 
 #include <functional>
 #include <gmock/gmock.h>
@@ -54,18 +55,7 @@ private:
     QTemporaryDir folder_;
 };
 
-// What `body` raises, as "number text"; empty when it raises nothing.
-inline QString Raised(const std::function<void()> &body) {
-    try {
-        body();
-    } catch (const support::Error &error) {
-        return QStringLiteral("%1 %2").arg(error.Number()).arg(error.Description());
-    }
-    return {};
-}
-
-inline long RaisedNumber(const std::function<void()> &body) {
-    return Raised(body).section(QLatin1Char(' '), 0, 0).toLong();
-}
+using tests::NumberOf;
+using tests::Raised;
 
 } // namespace storage::test

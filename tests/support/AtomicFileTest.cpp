@@ -1,6 +1,7 @@
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Files.h"
+#include "tests/support/FolderTest.h"
 
 #include <gtest/gtest.h>
 #include <QDir>
@@ -16,31 +17,7 @@ using namespace support;
 
 namespace {
 
-class AtomicFiles : public ::testing::Test {
-protected:
-    QString PathOf(const QString &name) const { return folder_.filePath(name); }
-    void Make(const QString &name, const QByteArray &content) const {
-        QFile file(PathOf(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
-    // Everything in the folder, hidden files included.
-    QStringList Names() const {
-        return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
-    }
-    // Expects `body` to raise `number` with the path of `name` in its description.
-    template <typename Body>
-    void ExpectError(long number, const QString &name, Body body) const {
-        try {
-            body();
-            ADD_FAILURE() << "no error";
-        } catch (const Error &error) {
-            EXPECT_EQ(error.Number(), number) << error.what();
-            EXPECT_TRUE(error.Description().contains(PathOf(name))) << error.what();
-        }
-    }
-    QTemporaryDir folder_;
-};
+using AtomicFiles = support::testing::FolderTest;
 
 } // namespace
 

@@ -5,6 +5,7 @@
 #include "support/Forms.h"
 #include "support/headless/HeadlessDesktop.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
@@ -33,12 +34,7 @@ TEST(Desktop, MemoryFigure_IsInUseWithFreeResourcesAndFreeWithALoad) {
 }
 
 TEST(Desktop, CurrentDesktop_BeforeAnyIsAnError) {
-    try {
-        CurrentDesktop();
-        FAIL();
-    } catch (const Error &error) {
-        EXPECT_EQ(error.Number(), 91);
-    }
+    EXPECT_EQ(tests::NumberOf([&] { CurrentDesktop(); }), 91);
 }
 
 TEST(Desktop, AnErrorOfAnEvent_IsShownUnderTheEventsTitleWithTheFirstErrorsText) {

@@ -1,4 +1,5 @@
 #include "support/Error.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -6,14 +7,11 @@
 using namespace support;
 
 TEST(Error, PassOn_KeepsNumberAndDescriptionAndListsTheRoutinesInTheSource) {
-    try {
-        PassOn("Outer", [] { PassOn("Inner", [] { throw Error(3024, "Engine", "Lost"); }); });
-        FAIL();
-    } catch (const Error &error) {
-        EXPECT_EQ(error.Number(), 3024);
-        EXPECT_EQ(error.Description(), "Lost");
-        EXPECT_EQ(error.Source(), "Engine\r\nInner\r\nOuter");
-    }
+    const Error error = tests::ErrorOf(
+        [&] { PassOn("Outer", [] { PassOn("Inner", [] { throw Error(3024, "Engine", "Lost"); }); }); });
+    EXPECT_EQ(error.Number(), 3024);
+    EXPECT_EQ(error.Description(), "Lost");
+    EXPECT_EQ(error.Source(), "Engine\r\nInner\r\nOuter");
 }
 
 namespace {

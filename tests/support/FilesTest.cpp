@@ -1,6 +1,8 @@
 #include "support/Files.h"
 #include "support/Error.h"
 #include "support/Platform.h"
+#include "tests/Errors.h"
+#include "tests/support/FolderTest.h"
 
 #include <gtest/gtest.h>
 #include <QDir>
@@ -12,24 +14,7 @@ using namespace support;
 
 namespace {
 
-long NumberOf(const std::function<void()> &body) {
-    try {
-        body();
-    } catch (const Error &error) {
-        return error.Number();
-    }
-    return 0;
-}
-
-class FilesInFolder : public ::testing::Test {
-protected:
-    QString PathOf(const QString &name) const { return folder_.filePath(name); }
-    void Make(const QString &name) const {
-        QFile file(PathOf(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
-    QTemporaryDir folder_;
-};
+using FilesInFolder = support::testing::FolderTest;
 
 } // namespace
 
@@ -76,13 +61,9 @@ TEST(Files, GetFileTitle_CutsAtTheLastPoint) {
 
 TEST(Files, GetFileTitle_OfANameWithoutAPointIsAnInvalidArgument) {
     EXPECT_EQ(GetFileTitle("C:\\a.b\\plan", true), "plan");
-    try {
-        GetFileTitle("C:\\a.b\\plan", false);
-        FAIL();
-    } catch (const Error &error) {
-        EXPECT_EQ(error.Number(), 5);
-        EXPECT_EQ(error.Description(), "Invalid procedure call or argument");
-    }
+    const Error error = tests::ErrorOf([&] { GetFileTitle("C:\\a.b\\plan", false); });
+    EXPECT_EQ(error.Number(), 5);
+    EXPECT_EQ(error.Description(), "Invalid procedure call or argument");
 }
 
 TEST_F(FilesInFolder, FileExists_IsFalseForAFolderAndDirExistsForAFile) {
@@ -147,18 +128,18 @@ TEST_F(FilesInFolder, GetFileAttribs_TellsFoldersReadOnlyAndHidden) {
     EXPECT_TRUE(GetFileAttribs(folder_.path()) & fileattributes::kDirectory);
     QFile::setPermissions(PathOf("a.map"), QFile::ReadOwner);
     EXPECT_EQ(GetFileAttribs(PathOf("a.map")), fileattributes::kReadOnly);
-    EXPECT_EQ(NumberOf([&] { GetFileAttribs(PathOf("none")); }), 53);
+    EXPECT_EQ(tests::NumberOf([&] { GetFileAttribs(PathOf("none")); }), 53);
 }
 
 TEST_F(FilesInFolder, Kill_RefusesAReadOnlyFileUntilClearReadOnly) {
     Make("a.map");
     QFile::setPermissions(PathOf("a.map"), QFile::ReadOwner);
-    EXPECT_EQ(NumberOf([&] { Kill(PathOf("a.map")); }), 75);
+    EXPECT_EQ(tests::NumberOf([&] { Kill(PathOf("a.map")); }), 75);
     EXPECT_TRUE(FileExists(PathOf("a.map")));
     ClearReadOnly(PathOf("a.map"));
     Kill(PathOf("a.map"));
     EXPECT_FALSE(FileExists(PathOf("a.map")));
-    EXPECT_EQ(NumberOf([&] { Kill(PathOf("a.map")); }), 53);
+    EXPECT_EQ(tests::NumberOf([&] { Kill(PathOf("a.map")); }), 53);
 }
 
 TEST(Files, ProgramPath_IsTheExecutablesFolderUntilSet) {

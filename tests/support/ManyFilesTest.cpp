@@ -2,6 +2,7 @@
 
 #include "support/AtomicFile.h"
 #include "support/Error.h"
+#include "tests/support/FolderTest.h"
 
 #include <gtest/gtest.h>
 #include <QDir>
@@ -12,22 +13,7 @@ using namespace support;
 
 namespace {
 
-class ManyFiles : public ::testing::Test {
-protected:
-    QString PathOf(const QString &name) const { return folder_.filePath(name); }
-    // Expects `body` to raise `number` with the path of `name` in its description.
-    template <typename Body>
-    void ExpectError(long number, const QString &name, Body body) const {
-        try {
-            body();
-            ADD_FAILURE() << "no error";
-        } catch (const Error &error) {
-            EXPECT_EQ(error.Number(), number) << error.what();
-            EXPECT_TRUE(error.Description().contains(PathOf(name))) << error.what();
-        }
-    }
-    QTemporaryDir folder_;
-};
+using ManyFiles = support::testing::FolderTest;
 
 } // namespace
 

@@ -2,6 +2,7 @@
 
 #include "support/Error.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
@@ -19,15 +20,6 @@ void Touch(const QString &path) { ASSERT_TRUE(QFile(path).open(QIODevice::WriteO
 QString ValueOf(const QStringList &options, const QString &name) {
     for (qsizetype i = options.size() - 2; i >= 0; i -= 2)
         if (options[i] == name) return options[i + 1];
-    return {};
-}
-
-QString TextOf(const std::function<void()> &body) {
-    try {
-        body();
-    } catch (const Error &error) {
-        return QStringLiteral("%1 %2").arg(error.Number()).arg(error.Description());
-    }
     return {};
 }
 
@@ -108,10 +100,10 @@ TEST(FreeOutputFile, IsNamedAfterTheTitle) {
 }
 
 TEST(RequireReady, NamesThePrinterAndWhatToDo) {
-    EXPECT_EQ(TextOf([] { RequireReady("Office", PrinterState::Ready); }), QString());
-    EXPECT_EQ(TextOf([] { RequireReady("Office", PrinterState::Paused); }),
+    EXPECT_EQ(tests::Raised([] { RequireReady("Office", PrinterState::Ready); }), QString());
+    EXPECT_EQ(tests::Raised([] { RequireReady("Office", PrinterState::Paused); }),
               "68 The printer \"Office\" is paused.\nResume it, or choose another one.");
-    EXPECT_EQ(TextOf([] { RequireReady(QString(), PrinterState::Ready); }), "68 There is no printer.");
+    EXPECT_EQ(tests::Raised([] { RequireReady(QString(), PrinterState::Ready); }), "68 There is no printer.");
 }
 
 TEST(DefaultPrinterFor, PutsTheFormerBackWhateverHappens) {
@@ -122,7 +114,7 @@ TEST(DefaultPrinterFor, PutsTheFormerBackWhateverHappens) {
         EXPECT_EQ(script.printers.Default(), "Attic");
         throw Error(kErrPrinter, QString(), "no");
     };
-    EXPECT_EQ(TextOf(fail), "482 no");
+    EXPECT_EQ(tests::Raised(fail), "482 no");
     EXPECT_EQ(script.printers.defaultsSet, QStringList({"Attic", "Office"}));
 }
 
@@ -131,7 +123,7 @@ TEST(ScriptedPrinters, AJobThatNobodyExpectsFailsTheTest) {
         {
             ScriptedDesktop script;
             script.printers.system.deviceName = "Office";
-            TextOf([&] { script.printers.Start(script.printers.system, "Plan"); });
+            tests::Raised([&] { script.printers.Start(script.printers.system, "Plan"); });
         },
         "Unexpected print to \"Office\"");
     EXPECT_NONFATAL_FAILURE(
@@ -147,16 +139,19 @@ TEST(ScriptedPrinters, AJobFailsWhenItIsToldTo) {
     script.printers.names = QStringList{"Office"};
     script.printers.system.deviceName = "Office";
     script.ExpectJobFails("Office", JobFails::AtStart, 482, "start");
-    EXPECT_EQ(TextOf([&] { script.printers.Start(script.printers.system, "Plan"); }), "482 start");
+    EXPECT_EQ(tests::Raised([&] { script.printers.Start(script.printers.system, "Plan"); }), "482 start");
     EXPECT_TRUE(script.printers.jobs.empty());
     script.ExpectJobFails("Office", JobFails::AtNewPage, kErrDiskFull, "page");
-    EXPECT_EQ(TextOf([&] { script.printers.Start(script.printers.system, "Plan")->NewPage(); }), "61 page");
+    EXPECT_EQ(tests::Raised([&] { script.printers.Start(script.printers.system, "Plan")->NewPage(); }),
+              "61 page");
     script.ExpectJobFails("Office", JobFails::AtFinish, 482, "finish");
-    EXPECT_EQ(TextOf([&] { script.printers.Start(script.printers.system, "Plan")->Finish(); }), "482 finish");
+    EXPECT_EQ(tests::Raised([&] { script.printers.Start(script.printers.system, "Plan")->Finish(); }),
+              "482 finish");
     for (const auto &job : script.printers.jobs) EXPECT_TRUE(job->cancelled && !job->finished);
     script.printers.states["Office"] = PrinterState::Paused;
     script.ExpectJob("Office");
-    EXPECT_TRUE(TextOf([&] { script.printers.Start(script.printers.system, "Plan"); }).contains("paused"));
+    EXPECT_TRUE(
+        tests::Raised([&] { script.printers.Start(script.printers.system, "Plan"); }).contains("paused"));
 }
 
 TEST(ScriptedPrinters, RecordWhatWasPrinted) {

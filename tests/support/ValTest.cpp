@@ -1,5 +1,6 @@
 #include "support/Val.h"
 #include "support/Error.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest.h>
 
@@ -26,12 +27,7 @@ TEST(Val, ReadsTheNumberAtTheBeginningAndNoMore) {
 
 TEST(Val, RaisesOverflowAboveADouble) {
     for (const char *text : {"1e400", "-1e400", "&HFFFFFFFFF"}) {
-        try {
-            Val(text);
-            ADD_FAILURE() << text;
-        } catch (const Error &error) {
-            EXPECT_EQ(error.Number(), 6);
-        }
+        EXPECT_EQ(tests::NumberOf([&] { Val(text); }), 6) << text;
     }
 }
 
@@ -43,13 +39,9 @@ TEST(CBool, TakesTheTwoWordsAndNumbers) {
 
 TEST(CBool, RaisesTypeMismatchForEverythingElse) {
     for (const char *text : {"", " ", "yes", "1x", "Tru", "nan", "inf"}) {
-        try {
-            CBool(text);
-            ADD_FAILURE() << text;
-        } catch (const Error &error) {
-            EXPECT_EQ(error.Number(), 13);
-            EXPECT_EQ(error.Description(), "Type mismatch");
-        }
+        const Error error = tests::ErrorOf([&] { CBool(text); });
+        EXPECT_EQ(error.Number(), 13) << text;
+        EXPECT_EQ(error.Description(), "Type mismatch") << text;
     }
 }
 

@@ -1,6 +1,7 @@
 #include "support/cRegistry.h"
 #include "support/Error.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest.h>
 #include <QCoreApplication>
@@ -27,14 +28,10 @@ cRegistry At(RegistryStore &store, const QString &section, const QString &name) 
 
 template <typename Body>
 void ExpectFailure(const QString &description, Body body) {
-    try {
-        body();
-        ADD_FAILURE() << "no error";
-    } catch (const Error &error) {
-        EXPECT_EQ(error.Number(), 26001);
-        EXPECT_EQ(error.Source(), QCoreApplication::applicationName() + ".cRegistry");
-        EXPECT_EQ(error.Description(), description);
-    }
+    const Error error = tests::ErrorOf([&] { body(); });
+    EXPECT_EQ(error.Number(), 26001);
+    EXPECT_EQ(error.Source(), QCoreApplication::applicationName() + ".cRegistry");
+    EXPECT_EQ(error.Description(), description);
 }
 
 QString ClassText(RegistryStore &store, const QString &path) {
@@ -96,12 +93,7 @@ TEST(cRegistry, SetValue_OfANumberTypeWantsANumber) {
     registry.ValueType = RegistryType::BigEndianNumber;
     registry.SetValue("12");
     EXPECT_EQ(registry.Value(), QVariant(12));
-    try {
-        registry.SetValue("twelve");
-        FAIL();
-    } catch (const Error &error) {
-        EXPECT_EQ(error.Number(), 13);
-    }
+    EXPECT_EQ(tests::NumberOf([&] { registry.SetValue("twelve"); }), 13);
     EXPECT_EQ(registry.Value(), QVariant(12));
 }
 

@@ -2,6 +2,7 @@
 #include "support/Error.h"
 #include "support/headless/SystemDoors.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest.h>
 #include <set>
@@ -66,13 +67,9 @@ TEST(clsGUID, GetRandom_Above32767Overflows) {
     support::testing::ScriptedDesktop desktop;
     desktop.random.numbers = {0.5, 0.999999};
     EXPECT_EQ(GetRandom(0, 65534), 32767);
-    try {
-        GetRandom(0, 65534);
-        FAIL();
-    } catch (const Error &error) {
-        EXPECT_EQ(error.Number(), 6);
-        EXPECT_EQ(error.Description(), "Overflow");
-    }
+    const Error error = tests::ErrorOf([&] { GetRandom(0, 65534); });
+    EXPECT_EQ(error.Number(), 6);
+    EXPECT_EQ(error.Description(), "Overflow");
 }
 
 TEST(SystemRandom, Seed_RepeatsTheSequenceAndOtherSeedsGiveOthers) {

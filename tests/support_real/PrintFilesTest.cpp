@@ -4,6 +4,7 @@
 #include "support/headless/HeadlessDesktop.h"
 #include "support/PdfJob.h"
 #include "support/real/RealDesktop.h"
+#include "tests/Errors.h"
 #include "tests/support_real/Shown.h"
 
 #include <gtest/gtest.h>
@@ -79,15 +80,6 @@ void Press(QPrintDialog &dialog, QDialogButtonBox::StandardButton which) {
     dialog.findChild<QDialogButtonBox *>()->button(which)->click();
 }
 
-long NumberOf(const std::function<void()> &body) {
-    try {
-        body();
-    } catch (const Error &error) {
-        return error.Number();
-    }
-    return 0;
-}
-
 QByteArray PdfOf(int pages) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
@@ -107,7 +99,7 @@ TEST_F(NoPrinters, ThereIsNoneAndNoneIsTheDefault) {
     EXPECT_EQ(printers_.State("Office"), PrinterState::Gone);
     EXPECT_GE(printers_.Papers(QString()).size(), 5);
     EXPECT_EQ(printers_.Unprintable(printers_.System()), QMarginsF());
-    EXPECT_EQ(NumberOf([&] { printers_.Start(printers_.System(), "x"); }), kErrDeviceUnavailable);
+    EXPECT_EQ(tests::NumberOf([&] { printers_.Start(printers_.System(), "x"); }), kErrDeviceUnavailable);
 }
 
 TEST_F(NoPrinters, AFileIsThereOnceTheJobHasEnded) {
@@ -155,7 +147,7 @@ TEST_F(NoPrinters, AFileIsReplacedOnceIfTheUserAgreed) {
 }
 
 TEST_F(NoPrinters, AFolderThatIsntThereIsTold) {
-    EXPECT_EQ(NumberOf([&] { printers_.Start(To(Path("none/plan.pdf")), "x"); }), kErrPathNotFound);
+    EXPECT_EQ(tests::NumberOf([&] { printers_.Start(To(Path("none/plan.pdf")), "x"); }), kErrPathNotFound);
 }
 
 TEST_F(NoPrinters, TheSheetIsPaintedFromItsCorner) {
@@ -251,7 +243,7 @@ TEST(HeadlessPrinters, PrintIntoFilesOnly) {
     const QTemporaryDir folder;
     HeadlessDesktop headless(std::make_unique<MemoryRegistryStore>());
     Printers &printers = headless.Get().printers;
-    EXPECT_EQ(NumberOf([&] { printers.Start(printers.System(), "x"); }), kErrDeviceUnavailable);
+    EXPECT_EQ(tests::NumberOf([&] { printers.Start(printers.System(), "x"); }), kErrDeviceUnavailable);
     printers.System().outputFile = folder.filePath("plan.pdf");
     Painted(printers, printers.System(), 2)->Finish();
     EXPECT_TRUE(IsWholePdf(ReadWholeFile(folder.filePath("plan.pdf"))));

@@ -3,6 +3,7 @@
 #include "document/clsfrmMain.h"
 #include "document/Tags.h"
 #include "support/Error.h"
+#include "tests/Errors.h"
 #include "tests/timeline/TimelineTest.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/DateText.h"
@@ -24,12 +25,7 @@ protected:
         return *LocateTimelineNode(flow, QString::fromLatin1(date), false);
     }
     long ErrorOfArranging() {
-        try {
-            Arrange();
-        } catch (const support::Error &error) {
-            return error.Number();
-        }
-        return 0;
+        return tests::NumberOf([&] { Arrange(); });
     }
 };
 

@@ -6,6 +6,7 @@
 #include "document/MapSchema.h"
 #include "document/Tags.h"
 #include "support/Files.h"
+#include "tests/document/ProgramFolder.h"
 #include "tests/timeline/TimelineTest.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/AdjustLinks.h"
@@ -139,9 +140,7 @@ TEST_F(DateRoutes, LiesBelowTheNodesThroughWhichItMustRun) {
 }
 
 TEST_F(DateRoutes, SavedAndOpenedTheyLookAndRunTheSame) {
-    const QTemporaryDir folder;
-    support::SetProgramPath(folder.path());
-    document::WriteTemplate(folder.filePath(QStringLiteral("template.tpl")), {}, {});
+    const document::testing::ProgramFolder folder;
     diagram::Node &aside = UserNode(), &blocked = UserNode();
     aside.SetBounds(6000, 4000, 1000, 500);
     blocked.SetBounds(6000, 2000, 1000, 500);
@@ -153,10 +152,10 @@ TEST_F(DateRoutes, SavedAndOpenedTheyLookAndRunTheSame) {
     std::vector<Route> routes;
     std::vector<int> styles;
     for (const auto &link : flow.Links()) routes.push_back(RouteOf(*link)), styles.push_back(link->Style());
-    window.clsSettings().SetDatabase(folder.filePath(QStringLiteral("plan.map")));
+    window.clsSettings().SetDatabase(folder.File(QStringLiteral("plan.map")));
     ASSERT_TRUE(document::DoSave(window));
     document::MemoryWindow other(desktop.Get(), document::EmptyPools{});
-    other.clsSettings().SetDatabase(folder.filePath(QStringLiteral("plan.map")));
+    other.clsSettings().SetDatabase(folder.File(QStringLiteral("plan.map")));
     document::DoLoad(other);
     diagram::Surface &again = other.AddFlow1()[0];
     for (int pass = 0; pass < 2; ++pass) {

@@ -6,6 +6,7 @@
 #include "document/MapSchema.h"
 #include "document/Tags.h"
 #include "support/Files.h"
+#include "tests/document/ProgramFolder.h"
 #include "tests/timeline/TimelineTest.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/Arrange.h"
@@ -97,16 +98,6 @@ int ExpectAtDates(document::MapWindow &window, const diagram::Surface &flow, con
     }
     return dated;
 }
-
-// With the empty map that a save begins with.
-struct ProgramFolder {
-    ProgramFolder() {
-        support::SetProgramPath(folder.path());
-        document::WriteTemplate(folder.filePath(QStringLiteral("template.tpl")), {}, {});
-    }
-    ~ProgramFolder() { support::SetProgramPath(QString()); }
-    QTemporaryDir folder;
-};
 
 class KeptAtDates : public TimelineTest, public ::testing::WithParamInterface<unsigned> {
 protected:
@@ -244,9 +235,8 @@ TEST_P(KeptAtDates, AfterSavingAndOpening) {
     SetFolded(window, flow, PieceAround(diagram::StripPiece::Quarter, day), true);
     SetLanes(flow, Lanes::Level);
     SetPushesFollowing(flow, true);
-    const QTemporaryDir folder;
-    const ProgramFolder program;
-    window.clsSettings().SetDatabase(folder.filePath(QStringLiteral("plan.map")));
+    const document::testing::ProgramFolder folder;
+    window.clsSettings().SetDatabase(folder.File(QStringLiteral("plan.map")));
     ASSERT_TRUE(document::DoSave(window));
     document::MemoryWindow opened(desktop.Get(), document::EmptyPools{});
     opened.clsSettings().SetDatabase(window.clsSettings().Database());

@@ -4,6 +4,7 @@
 #include "document/MapSchema.h"
 #include "document/Tags.h"
 #include "support/Files.h"
+#include "tests/document/ProgramFolder.h"
 #include "tests/Paths.h"
 #include "tests/timeline/TimelineTest.h"
 #include "timeline/AddTimelineLink.h"
@@ -23,14 +24,11 @@ const QStringList kMonths = {QStringLiteral("Jan-04"), QStringLiteral("Feb-04"),
 class Plan : public TimelineTest {
 protected:
     Plan() {
-        support::SetProgramPath(folder.path());
-        document::WriteTemplate(folder.filePath(QStringLiteral("template.tpl")), {}, {});
-        const QString copy = folder.filePath(QStringLiteral("plan.mdb"));
+        const QString copy = folder.File(QStringLiteral("plan.mdb"));
         QFile::copy(tests::Data(QStringLiteral("jet/plan.mdb")), copy);
         Load(copy);
         window.AddFlow1()[kSlice].SetSize(15000, 9000);
     }
-    ~Plan() override { support::SetProgramPath(QString()); }
     void Load(const QString &path) {
         window.clsSettings().SetDatabase(path);
         document::DoLoad(window);
@@ -82,7 +80,7 @@ protected:
     }
 
     static constexpr int kSlice = 2;
-    QTemporaryDir folder;
+    document::testing::ProgramFolder folder;
 };
 
 } // namespace
@@ -134,7 +132,7 @@ TEST_F(Plan, StretchesAndShrinks) {
 TEST_F(Plan, SurvivesSavingAndLoading) {
     for (int arrangement = 0; arrangement <= 4; ++arrangement) {
         LayOut(arrangement);
-        window.clsSettings().SetDatabase(folder.filePath(QStringLiteral("plan%1.map").arg(arrangement)));
+        window.clsSettings().SetDatabase(folder.File(QStringLiteral("plan%1.map").arg(arrangement)));
         ASSERT_TRUE(document::DoSave(window));
         const QString saved = window.clsSettings().Database();
         Load(saved);

@@ -4,6 +4,7 @@
 #include "document/Tags.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
+#include "tests/Errors.h"
 #include "tests/timeline/TimelineTest.h"
 
 #include <QTemporaryDir>
@@ -159,13 +160,9 @@ TEST_F(Preparing, WhatIsNoSurfaceFileIsAnErrorAndStays) {
     file.Write("no surface");
     file.Commit();
     diagram::Surface work;
-    try {
-        PrepFileForImport(work, File(), window);
-        FAIL();
-    } catch (const support::Error &error) {
-        EXPECT_EQ(error.Number(), 321);
-        EXPECT_TRUE(error.Source().contains(QStringLiteral("PrepFileForImport")));
-    }
+    const support::Error error = tests::ErrorOf([&] { PrepFileForImport(work, File(), window); });
+    EXPECT_EQ(error.Number(), 321);
+    EXPECT_TRUE(error.Source().contains(QStringLiteral("PrepFileForImport")));
     EXPECT_EQ(support::ReadWholeFile(File()), QByteArray("no surface"));
 }
 

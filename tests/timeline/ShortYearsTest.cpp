@@ -14,11 +14,9 @@ using document::tags::kTheDate;
 
 struct ShortYears : TimelineTest {
     ShortYears() {
-        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
         Template(1000, 500);
         Set(document::tags::kTimelineAlign, QStringLiteral("2"));
     }
-    ~ShortYears() override { QLocale::setDefault(QLocale::c()); }
 };
 
 } // namespace

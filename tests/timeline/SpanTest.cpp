@@ -22,11 +22,9 @@ using Unit = DateStep::Unit;
 class Spans : public TimelineTest {
 protected:
     Spans() {
-        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
         Template(3100, 450);
         Set(document::tags::kTimelineAlign, QStringLiteral("2"));
     }
-    ~Spans() override { QLocale::setDefault(QLocale::c()); }
 
     void Give(diagram::Node &node, const QDate &first, const std::optional<QDate> &last = {}) {
         AddTimelineLinks(window, flow, {{&node, FormatDate(first, kDayPattern), last}});

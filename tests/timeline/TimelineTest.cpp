@@ -14,14 +14,10 @@ TimelineTest::TimelineTest() {
     terms.NODE = QStringLiteral("Node");
     terms.MAP = QStringLiteral("Map");
     settings::SetTerms(terms);
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
     flow.SetSize(12000, 9000);
 }
 
-TimelineTest::~TimelineTest() {
-    settings::SetTerms({});
-    QLocale::setDefault(QLocale::c());
-}
+TimelineTest::~TimelineTest() { settings::SetTerms({}); }
 
 diagram::Node &TimelineTest::UserNode(const QString &text) {
     diagram::Node &node = flow.Nodes().Add(300, 300, 1500, 900);

@@ -4,6 +4,7 @@
 #include "diagram/model/Surface.h"
 #include "document/MemoryWindow.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/BritishLocale.h"
 #include "timeline/TimelineNodes.h"
 
 #include <gtest/gtest.h>
@@ -29,6 +30,7 @@ protected:
     QStringList Strip() const;
     void Arrange(int align = -1);
 
+    const tests::BritishLocale british;
     support::testing::ScriptedDesktop desktop;
     document::MemoryWindow window{desktop.Get(), document::EmptyPools{}};
     diagram::Surface &flow = window.AddFlow1()[0];

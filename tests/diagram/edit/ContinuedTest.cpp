@@ -1,22 +1,13 @@
 // Steps that go on with the last one.
 #include "diagram/edit/History.h"
 #include "diagram/format/SurfaceFile.h"
+#include "tests/diagram/edit/Drawn.h"
 #include "tests/diagram/model/RandomSurface.h"
 
 #include <gtest/gtest.h>
 
 using namespace diagram;
 using namespace diagram::testing;
-
-namespace {
-
-struct Drawn {
-    Surface surface;
-    Drawn() { AttachHistory(surface); }
-    Node &AddNode() { return surface.Nodes().Add(0, 0, 1000, 500); }
-};
-
-} // namespace
 
 class ContinuedAtRandom : public ::testing::TestWithParam<unsigned> {};
 

@@ -1,7 +1,9 @@
 #include "diagram/edit/History.h"
 
 #include "support/Error.h"
+#include "tests/diagram/edit/Drawn.h"
 #include "tests/diagram/model/RandomSurface.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest.h>
 
@@ -9,12 +11,6 @@ using namespace diagram;
 using namespace diagram::testing;
 
 namespace {
-
-struct Drawn {
-    Surface surface;
-    Drawn() { AttachHistory(surface); }
-    Node &AddNode(float left = 0, float top = 0) { return surface.Nodes().Add(left, top, 1000, 500); }
-};
 
 std::vector<Point> Bends(const Link &link) { return link.Route(); }
 
@@ -145,12 +141,7 @@ TEST(History, InnerGroupsBelongToTheOutermost) {
 TEST(History, UndoInAnOpenGroupIsError5) {
     Drawn drawn;
     ActionGroup group(drawn.surface);
-    try {
-        drawn.surface.Undo();
-        FAIL() << "no error";
-    } catch (const support::Error &error) {
-        EXPECT_EQ(error.Number(), 5);
-    }
+    EXPECT_EQ(tests::NumberOf([&] { drawn.surface.Undo(); }), 5);
 }
 
 TEST(History, WritesOutsideOfGroupsAreNoSteps) {

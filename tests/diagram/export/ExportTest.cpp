@@ -5,6 +5,8 @@
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/Shapes.h"
 #include "support/Error.h"
+#include "tests/diagram/export/Filled.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest.h>
 #include <QBuffer>
@@ -18,29 +20,6 @@
 namespace diagram {
 
 namespace {
-
-// Of everything something.
-void Fill(Surface &surface) {
-    Node *before = nullptr;
-    int i = 0;
-    for (const ShapeRow &row : ShapeTable()) {
-        Node &node = surface.Nodes().Add(float(i % 8 * 1800), float(i / 8 * 1200), 1200, 750);
-        node.SetShape(row.value);
-        node.SetShapeOrientation(i % 4);
-        node.SetShadow(i % 5);
-        node.SetDrawStyle(i % 7);
-        node.SetText(QLatin1String(row.name));
-        if (before) {
-            Link &link = before->Links().Add(node);
-            link.SetStyle(i % 15);
-            link.SetArrowDest(i % 33);
-            link.SetJumpStyle(i % 3);
-            link.SetText(QStringLiteral("label"));
-        }
-        before = &node;
-        ++i;
-    }
-}
 
 QString AllText(const QByteArray &svg) {
     QXmlStreamReader reader(svg);
@@ -64,7 +43,7 @@ QByteArray OneNode(const QString &text) {
 
 TEST(Export, Svg_IsWellFormedAndHoldsTheTexts) {
     Surface surface;
-    Fill(surface);
+    testing::Fill(surface);
     const QString text = AllText(ExportPicture(surface, PictureFormat::Svg));
     EXPECT_TRUE(text.contains(QStringLiteral("Rectangle")));
     EXPECT_EQ(text.count(QStringLiteral("label|")), 43);
@@ -114,7 +93,7 @@ TEST(Export, Svg_DashesHaveNoBlankBehindThem) {
 
 TEST(Export, Svg_CanBeShown) {
     Surface surface;
-    Fill(surface);
+    testing::Fill(surface);
     QByteArray svg = ExportPicture(surface, PictureFormat::Svg);
     const QImage image = QImage::fromData(svg, "svg");
     const QImage png = ExportImage(surface);
@@ -141,7 +120,7 @@ TEST(Export, Pdf_IsOnePageOfTheExtentAndItsMargin) {
 
 TEST(Export, Png_HasTheLongestSideAskedFor) {
     Surface surface;
-    Fill(surface);
+    testing::Fill(surface);
     ExportOptions options;
     options.pixels = 500;
     const QByteArray png = ExportPicture(surface, PictureFormat::Png, options);
@@ -180,7 +159,7 @@ TEST(Export, EmptySurface_GivesAnEmptyPage) {
 TEST(Export, File_IsWrittenByItsEnding) {
     QTemporaryDir folder;
     Surface surface;
-    Fill(surface);
+    testing::Fill(surface);
     for (const char *name : {"a.png", "b.SVG", "c.pdf"}) {
         const QString path = folder.filePath(QLatin1String(name));
         ExportPictureFile(surface, path);
@@ -190,13 +169,10 @@ TEST(Export, File_IsWrittenByItsEnding) {
 
 TEST(Export, OtherEndings_AreAnErrorThatNamesThePath) {
     Surface surface;
-    try {
-        ExportPictureFile(surface, QStringLiteral("/x/y.tiff"));
-        FAIL();
-    } catch (const support::Error &error) {
-        EXPECT_EQ(error.Number(), 5);
-        EXPECT_TRUE(error.Description().contains(QStringLiteral("/x/y.tiff")));
-    }
+    const support::Error error =
+        tests::ErrorOf([&] { ExportPictureFile(surface, QStringLiteral("/x/y.tiff")); });
+    EXPECT_EQ(error.Number(), 5);
+    EXPECT_TRUE(error.Description().contains(QStringLiteral("/x/y.tiff")));
 }
 
 TEST(Export, ScaleAndResolutionMakeThePixelsOfAPngWhichTellsTheResolution) {
@@ -227,7 +203,7 @@ TEST(Export, ScaleAndResolutionMakeThePixelsOfAPngWhichTellsTheResolution) {
 
 TEST(Export, ScaleMakesSvgAndPdfLargerAndLeavesTheDrawingAsItIs) {
     Surface surface;
-    Fill(surface);
+    testing::Fill(surface);
     ExportOptions twice;
     twice.scale = 2;
     const auto number = [](const QByteArray &svg, const QByteArray &name) {
@@ -308,13 +284,9 @@ TEST(Export, MissingFolder_IsAnErrorThatNamesThePath) {
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("none/y.svg"));
     Surface surface;
-    try {
-        ExportPictureFile(surface, path);
-        FAIL();
-    } catch (const support::Error &error) {
-        EXPECT_EQ(error.Number(), 76);
-        EXPECT_TRUE(error.Description().contains(QStringLiteral("none")));
-    }
+    const support::Error error = tests::ErrorOf([&] { ExportPictureFile(surface, path); });
+    EXPECT_EQ(error.Number(), 76);
+    EXPECT_TRUE(error.Description().contains(QStringLiteral("none")));
 }
 
 TEST(PngFile, IsReadBackAsItWas) {

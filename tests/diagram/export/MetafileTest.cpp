@@ -3,6 +3,7 @@
 #include "diagram/shapes/Shapes.h"
 #include "MetafileReader.h"
 #include "support/AtomicFile.h"
+#include "tests/diagram/export/Filled.h"
 #include "vector/engine/WmfEngine.h"
 #include "vector/player/CodePage.h"
 
@@ -27,31 +28,6 @@ QString EmfText(const QByteArray &body) {
     return text;
 }
 
-// Of everything something.
-void Fill(Surface &surface) {
-    Node *before = nullptr;
-    int i = 0;
-    for (const ShapeRow &row : ShapeTable()) {
-        Node &node = surface.Nodes().Add(float(i % 8 * 1800), float(i / 8 * 1200), 1200, 750);
-        node.SetShape(row.value);
-        node.SetShapeOrientation(i % 4);
-        node.SetShadow(i % 5);
-        node.SetDrawStyle(i % 7);
-        node.SetDrawWidth(float(1 + i % 3));
-        node.SetFillColor(support::Rgb(255 - i, 200 + i, 3 * i));
-        node.SetFont(Font(QStringLiteral("Arial"), 6 + i % 9, i % 2, i % 3 == 0));
-        node.SetText(QLatin1String(row.name));
-        if (before) {
-            Link &link = before->Links().Add(node);
-            link.SetStyle(i % 15);
-            link.SetArrowDest(i % 33);
-            link.SetText(QStringLiteral("label"));
-        }
-        before = &node;
-        ++i;
-    }
-}
-
 Node &OneNode(Surface &surface) {
     Node &node = surface.Nodes().Add(0, 0, 1500, 750);
     node.SetDrawWidth(1);
@@ -72,7 +48,7 @@ QImage HalfClear() {
 
 TEST(Metafile, Wmf_IsWholeAndLeaksNoSlot) {
     Surface surface;
-    Fill(surface);
+    testing::Fill(surface);
     const Played played = Wmf(surface);
     ASSERT_TRUE(played.good);
     ExpectSlotsKept(played, true);
@@ -81,7 +57,7 @@ TEST(Metafile, Wmf_IsWholeAndLeaksNoSlot) {
 
 TEST(Metafile, Emf_IsWholeAndLeaksNoSlot) {
     Surface surface;
-    Fill(surface);
+    testing::Fill(surface);
     const Played played = Emf(surface);
     ASSERT_TRUE(played.good);
     ExpectSlotsKept(played, false);
@@ -359,7 +335,7 @@ TEST(Metafile, LongTexts_AreCutIntoRecords) {
 TEST(Metafile, Files_AreWrittenByTheirEnding) {
     QTemporaryDir folder;
     Surface surface;
-    Fill(surface);
+    testing::Fill(surface);
     for (const char *name : {"a.wmf", "b.EMF"}) {
         const QString path = folder.filePath(QLatin1String(name));
         ExportPictureFile(surface, path);
@@ -373,7 +349,7 @@ TEST(Metafile, Files_AreWrittenByTheirEnding) {
 TEST(Metafile, WriteMetafile_PutsTheEnhancedOneBeside) {
     QTemporaryDir folder;
     Surface surface;
-    Fill(surface);
+    testing::Fill(surface);
     const QString wmf = folder.filePath(QStringLiteral("map.wmf")),
                   emf = folder.filePath(QStringLiteral("map.emf"));
     WriteMetafile(surface, wmf);

@@ -4,8 +4,8 @@
 #include "diagram/format/Content.h"
 #include "diagram/format/ValueReader.h"
 #include "diagram/format/ValueWriter.h"
-#include "tests/diagram/model/ErrorNumber.h"
 #include "tests/diagram/model/RandomSurface.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest.h>
 #include <QFile>
@@ -76,7 +76,7 @@ void ExpectRefused(const QByteArray &bytes) {
     Surface surface;
     surface.Nodes().Add(1, 2, 3, 4);
     const QString before = Dump(surface);
-    EXPECT_EQ(NumberOf([&] { LoadBytes(surface, bytes); }), 321);
+    EXPECT_EQ(tests::NumberOf([&] { LoadBytes(surface, bytes); }), 321);
     EXPECT_EQ(Dump(surface), before);
 }
 
@@ -106,9 +106,9 @@ TEST_P(SurfaceFileAtRandom, DamageBehindTheCheckSumIsRefusedOrRead) {
             damaged[dice.Roll(0, int(damaged.size()) - 1)] = char(dice.Roll(0, 255));
         }
         Surface loaded;
-        const long number = NumberOf([&] { LoadBytes(loaded, Seal(damaged)); });
+        const long number = tests::NumberOf([&] { LoadBytes(loaded, Seal(damaged)); });
         EXPECT_TRUE(number == 0 || number == 321) << number;
-        EXPECT_EQ(NumberOf([&] { Dump(loaded); }), 0);
+        EXPECT_EQ(tests::NumberOf([&] { Dump(loaded); }), 0);
     }
 }
 
@@ -145,7 +145,7 @@ TEST(SurfaceFile, ReplacingByADamagedOneChangesNothing) {
     Surface surface;
     AttachHistory(surface);
     surface.Nodes().Add(0, 0, 100, 100);
-    EXPECT_EQ(NumberOf([&] { ReplaceBytes(surface, SmallFile().chopped(1)); }), 321);
+    EXPECT_EQ(tests::NumberOf([&] { ReplaceBytes(surface, SmallFile().chopped(1)); }), 321);
     EXPECT_EQ(surface.Nodes().Count(), 1);
     EXPECT_FALSE(surface.CanUndo());
 }
@@ -186,7 +186,7 @@ TEST(SurfaceFile, ADefaultThatWrapsRoundIntoItsRangeIsRefused) {
     };
     EXPECT_EQ(read(), 50);
     body[3] = 1; // 306
-    EXPECT_EQ(NumberOf([&] { (void)read(); }), 321);
+    EXPECT_EQ(tests::NumberOf([&] { (void)read(); }), 321);
 }
 
 TEST(SurfaceFile, KeepsPictureAndBackColourOfTheSurface) {
@@ -285,15 +285,15 @@ TEST(SurfaceFile, LoadFileReadsWhatSaveFileWrote) {
     Surface loaded;
     LoadFile(loaded, path);
     EXPECT_EQ(Differing(Dump(surface, true), Dump(loaded, true)), "");
-    EXPECT_EQ(NumberOf([&] { LoadFile(loaded, folder.filePath(QStringLiteral("none.nd"))); }), 53);
+    EXPECT_EQ(tests::NumberOf([&] { LoadFile(loaded, folder.filePath(QStringLiteral("none.nd"))); }), 53);
     QFile other(folder.filePath(QStringLiteral("other.nd")));
     ASSERT_TRUE(other.open(QIODevice::WriteOnly));
     other.write("something else");
     other.close();
-    EXPECT_EQ(NumberOf([&] { LoadFile(loaded, other.fileName()); }), 321);
-    EXPECT_EQ(NumberOf([&] { LoadFile(loaded, folder.path()); }), 75);
-    EXPECT_EQ(NumberOf([&] { SaveFile(loaded, folder.path()); }), 75);
-    EXPECT_EQ(NumberOf([&] { SaveFile(loaded, folder.filePath(QStringLiteral("none/x.nd"))); }), 76);
+    EXPECT_EQ(tests::NumberOf([&] { LoadFile(loaded, other.fileName()); }), 321);
+    EXPECT_EQ(tests::NumberOf([&] { LoadFile(loaded, folder.path()); }), 75);
+    EXPECT_EQ(tests::NumberOf([&] { SaveFile(loaded, folder.path()); }), 75);
+    EXPECT_EQ(tests::NumberOf([&] { SaveFile(loaded, folder.filePath(QStringLiteral("none/x.nd"))); }), 76);
     EXPECT_EQ(loaded.Nodes().Count(), 2);
 }
 
@@ -349,6 +349,6 @@ TEST(Selection, KeysAreKeptUnlessTheyAreTaken) {
 
 TEST(Selection, AFileIsNoSelectionAndTheOtherWayRound) {
     Surface surface;
-    EXPECT_EQ(NumberOf([&] { PasteBytes(surface, SmallFile(), 0, 0); }), 321);
-    EXPECT_EQ(NumberOf([&] { LoadBytes(surface, SaveSelection(surface)); }), 321);
+    EXPECT_EQ(tests::NumberOf([&] { PasteBytes(surface, SmallFile(), 0, 0); }), 321);
+    EXPECT_EQ(tests::NumberOf([&] { LoadBytes(surface, SaveSelection(surface)); }), 321);
 }

@@ -9,22 +9,13 @@
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Obstacles.h"
+#include "tests/diagram/interaction/StageTest.h"
 
-#include <gtest/gtest.h>
 #include <random>
 
 namespace diagram::testing {
 
 namespace {
-
-class QuietStage : public Stage {
-public:
-    QPointF ScrollOffset() const override { return {}; }
-    void SetScrollOffset(const QPointF &) override {}
-    QRectF Seen() const override { return QRectF(0, 0, 30000, 30000); }
-    void EnsureVisible(const QRectF &) override {}
-    void Tell(Hint) override {}
-};
 
 class LinkPreview : public ::testing::Test {
 protected:
@@ -63,7 +54,7 @@ protected:
 
     Surface surface;
     Scene scene{surface};
-    QuietStage stage;
+    TestStage stage;
 };
 
 } // namespace

@@ -6,23 +6,9 @@
 #include "diagram/model/LinkDraft.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Scene.h"
-
-#include <gtest/gtest.h>
+#include "tests/diagram/interaction/StageTest.h"
 
 namespace diagram::testing {
-
-namespace {
-
-class QuietStage : public Stage {
-public:
-    QPointF ScrollOffset() const override { return {}; }
-    void SetScrollOffset(const QPointF &) override {}
-    QRectF Seen() const override { return QRectF(0, 0, 30000, 30000); }
-    void EnsureVisible(const QRectF &) override {}
-    void Tell(Hint) override {}
-};
-
-} // namespace
 
 class SideStyle : public ::testing::Test {
 protected:
@@ -41,7 +27,7 @@ protected:
     }
     Surface surface;
     Scene scene{surface};
-    QuietStage stage;
+    TestStage stage;
     QPainterPath shown;
     Node &a;
     static constexpr int kTop = 0, kRight = 1, kBottom = 2, kLeft = 3;

@@ -1,6 +1,7 @@
 #include "diagram/layout/Circular.h"
 
 #include "diagram/layout/Parts.h"
+#include "tests/diagram/layout/Graphs.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -10,15 +11,8 @@
 namespace diagram {
 namespace {
 
-const Advance kNobody;
-
-LayoutGraph Graph(int boxes, std::vector<LayoutEdge> edges) {
-    LayoutGraph graph;
-    graph.sizes.assign(std::size_t(boxes), QSizeF(1500, 750));
-    graph.centres.assign(std::size_t(boxes), QPointF());
-    graph.edges = std::move(edges);
-    return graph;
-}
+using testing::Graph;
+using testing::kNobody;
 
 long CrossingsOf(const LayoutGraph &graph) {
     Progress progress(kNobody);

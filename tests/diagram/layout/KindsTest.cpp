@@ -4,6 +4,7 @@
 #include "diagram/layout/Lanes.h"
 #include "diagram/layout/Organic.h"
 #include "diagram/layout/Radial.h"
+#include "tests/diagram/layout/Graphs.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -13,7 +14,8 @@ namespace diagram {
 namespace {
 
 const LayoutOptions kOptions;
-const Advance kNobody;
+using testing::Graph;
+using testing::kNobody;
 
 struct Kind {
     const char *name;
@@ -21,16 +23,6 @@ struct Kind {
 };
 constexpr Kind kKinds[] = {
     {"radial", Radial}, {"organic", Organic}, {"circular", Circular}, {"levels", InLanes}};
-
-LayoutGraph Graph(int boxes, std::vector<LayoutEdge> edges) {
-    LayoutGraph graph;
-    for (int i = 0; i < boxes; ++i) {
-        graph.sizes.emplace_back(1500, 750);
-        graph.centres.emplace_back(0, 0); // all on one place
-    }
-    graph.edges = std::move(edges);
-    return graph;
-}
 
 // Several parts, loops, edges that stand twice and boxes of all sizes.
 LayoutGraph RandomGraph(unsigned seed, int boxes, int edges) {

@@ -1,14 +1,15 @@
 #include "diagram/layout/Lanes.h"
 
 #include "diagram/layout/Rows.h"
+#include "tests/diagram/layout/Graphs.h"
 
 #include <gmock/gmock.h>
 
 namespace diagram {
 namespace {
 
-const Advance kNobody;
 using ::testing::ElementsAre;
+using testing::kNobody;
 
 LayoutGraph Graph(std::vector<int> lanes, std::vector<LayoutEdge> edges) {
     LayoutGraph graph;

@@ -2,6 +2,7 @@
 
 #include "diagram/layout/Boxes.h"
 #include "diagram/layout/OffLines.h"
+#include "tests/diagram/layout/Graphs.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -10,15 +11,8 @@
 namespace diagram {
 namespace {
 
-const Advance kNobody;
-
-LayoutGraph Graph(int boxes, std::vector<LayoutEdge> edges) {
-    LayoutGraph graph;
-    graph.sizes.assign(std::size_t(boxes), QSizeF(1500, 750));
-    graph.centres.assign(std::size_t(boxes), QPointF());
-    graph.edges = std::move(edges);
-    return graph;
-}
+using testing::Graph;
+using testing::kNobody;
 
 LayoutGraph Grid(int across, int down) {
     std::vector<LayoutEdge> edges;

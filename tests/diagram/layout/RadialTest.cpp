@@ -1,4 +1,5 @@
 #include "diagram/layout/Radial.h"
+#include "tests/diagram/layout/Graphs.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -6,15 +7,8 @@
 namespace diagram {
 namespace {
 
-const Advance kNobody;
-
-LayoutGraph Graph(int boxes, std::vector<LayoutEdge> edges) {
-    LayoutGraph graph;
-    graph.sizes.assign(std::size_t(boxes), QSizeF(1500, 750));
-    graph.centres.assign(std::size_t(boxes), QPointF());
-    graph.edges = std::move(edges);
-    return graph;
-}
+using testing::Graph;
+using testing::kNobody;
 
 std::vector<QPointF> Places(const LayoutGraph &graph) {
     Progress progress(kNobody);

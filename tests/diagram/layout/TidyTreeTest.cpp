@@ -1,6 +1,7 @@
 #include "diagram/layout/TidyTree.h"
 
 #include "support/Error.h"
+#include "tests/Errors.h"
 
 #include <gmock/gmock.h>
 #include <QRectF>
@@ -39,12 +40,7 @@ LayoutGraph RandomForest(unsigned seed, int boxes) {
 }
 
 long ErrorOf(const LayoutGraph &graph) {
-    try {
-        TidyTree(graph, kOptions);
-    } catch (const support::Error &error) {
-        return error.Number();
-    }
-    return 0;
+    return tests::NumberOf([&] { TidyTree(graph, kOptions); });
 }
 
 TEST(TidyTree, AParentStandsOverTheMiddleOfItsChildren) {

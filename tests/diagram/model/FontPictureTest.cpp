@@ -1,6 +1,6 @@
 #include "diagram/model/Font.h"
 #include "diagram/model/Picture.h"
-#include "tests/diagram/model/ErrorNumber.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -9,7 +9,6 @@
 #include <QtEndian>
 
 using namespace diagram;
-using namespace diagram::testing;
 
 namespace {
 
@@ -49,7 +48,7 @@ TEST(Font, SizesAreKeptToFourPlacesWithinTheirRange) {
     EXPECT_EQ(Font(QStringLiteral("A"), 8.25).Size(), 8.25);
     EXPECT_EQ(Font(QStringLiteral("A"), 9.750049).Size(), 9.75);
     for (double bad : {0.0, -1.0, 2161.0, std::numeric_limits<double>::quiet_NaN()}) {
-        EXPECT_EQ(NumberOf([&] { Font().SetSize(bad); }), 380) << bad;
+        EXPECT_EQ(tests::NumberOf([&] { Font().SetSize(bad); }), 380) << bad;
     }
 }
 
@@ -73,15 +72,15 @@ TEST(Picture, IsEqualByItsBytesAndSharedByCopies) {
 }
 
 TEST(Picture, BytesThatAreNoPictureAreError481) {
-    EXPECT_EQ(NumberOf([] { Picture::FromBytes("no picture"); }), 481);
-    EXPECT_EQ(NumberOf([] { Picture::FromBytes({}); }), 481);
-    EXPECT_EQ(NumberOf([] { Picture::FromImage({}); }), 481);
+    EXPECT_EQ(tests::NumberOf([] { Picture::FromBytes("no picture"); }), 481);
+    EXPECT_EQ(tests::NumberOf([] { Picture::FromBytes({}); }), 481);
+    EXPECT_EQ(tests::NumberOf([] { Picture::FromImage({}); }), 481);
 }
 
 TEST(Picture, AHeaderOfTooManyPixelsIsError481) {
     QByteArray bytes = Encoded(Red(4, 4), "BMP");
     for (int i : {20, 24}) bytes[i] = 0x7F; // third byte of width and of height
-    EXPECT_EQ(NumberOf([&] { Picture::FromBytes(bytes); }), 481);
+    EXPECT_EQ(tests::NumberOf([&] { Picture::FromBytes(bytes); }), 481);
 }
 
 TEST(Picture, BrokenDataBehindAHeaderGiveNoImage) {
@@ -101,7 +100,7 @@ TEST(Picture, MeasuresByTheResolutionOfTheFile) {
 
 TEST(Picture, AMissingFileIsError53) {
     QTemporaryDir folder;
-    EXPECT_EQ(NumberOf([&] { Picture::FromFile(folder.filePath(QStringLiteral("none.png"))); }), 53);
+    EXPECT_EQ(tests::NumberOf([&] { Picture::FromFile(folder.filePath(QStringLiteral("none.png"))); }), 53);
     const QString path = folder.filePath(QStringLiteral("a.dat"));
     ASSERT_TRUE(Red(3, 3).save(path, "PNG"));
     EXPECT_EQ(Picture::FromFile(path).PixelSize(), QSize(3, 3));
@@ -126,11 +125,11 @@ TEST(Picture, AMetafileOfAnAbsurdSizeIsError481) {
     const auto put = [&](int at, quint32 value) { qToLittleEndian(value, emf.data() + at); };
     put(0, 1), put(4, 108), put(32, 0x7FFFFFFF), put(36, 0x7FFFFFFF), put(40, 0x464D4520);
     put(72, 1000), put(76, 1000), put(80, 100), put(84, 100);
-    EXPECT_EQ(NumberOf([&] { Picture::FromBytes(emf); }), 481);
+    EXPECT_EQ(tests::NumberOf([&] { Picture::FromBytes(emf); }), 481);
 }
 
 TEST(Picture, AnSvgOfAnAbsurdSizeIsError481) {
-    EXPECT_EQ(NumberOf([] {
+    EXPECT_EQ(tests::NumberOf([] {
                   Picture::FromBytes(
                       "<svg xmlns='http://www.w3.org/2000/svg' width='2147483647' height='2147483647'/>");
               }),

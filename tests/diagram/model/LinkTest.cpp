@@ -1,7 +1,7 @@
 #include "diagram/model/Link.h"
 
-#include "tests/diagram/model/ErrorNumber.h"
 #include "tests/diagram/model/RandomSurface.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest.h>
 
@@ -36,9 +36,9 @@ TEST(Link, KnowsBothEndsAndBothEndsKnowIt) {
     EXPECT_EQ(&pair.b.Links().Item(1), &pair.link);
     pair.link.SetKey(QStringLiteral("{L}"));
     EXPECT_EQ(&pair.b.Links().Item(QStringLiteral("{L}")), &pair.link);
-    EXPECT_EQ(NumberOf([&] { pair.a.Links().Item(QStringLiteral("{M}")); }), 5);
-    EXPECT_EQ(NumberOf([&] { pair.a.Links().Item(2); }), 9);
-    EXPECT_EQ(NumberOf([&] { pair.a.Links().Item(0); }), 9);
+    EXPECT_EQ(tests::NumberOf([&] { pair.a.Links().Item(QStringLiteral("{M}")); }), 5);
+    EXPECT_EQ(tests::NumberOf([&] { pair.a.Links().Item(2); }), 9);
+    EXPECT_EQ(tests::NumberOf([&] { pair.a.Links().Item(0); }), 9);
     pair.a.Links().Remove(QStringLiteral("{L}"));
     EXPECT_EQ(pair.b.Links().Count(), 0);
 }
@@ -67,8 +67,8 @@ TEST(Link, ALinkToItsOwnNodeStandsOnceAmongTheLinks) {
 
 TEST(Link, AnotherSurfacesNodeIsNoEnd) {
     Pair pair, other;
-    EXPECT_EQ(NumberOf([&] { pair.a.Links().Add(other.a); }), 5);
-    EXPECT_EQ(NumberOf([&] { pair.link.SetDestination(other.b); }), 5);
+    EXPECT_EQ(tests::NumberOf([&] { pair.a.Links().Add(other.a); }), 5);
+    EXPECT_EQ(tests::NumberOf([&] { pair.link.SetDestination(other.b); }), 5);
     EXPECT_EQ(&pair.link.Destination(), &pair.b);
 }
 
@@ -89,28 +89,28 @@ TEST(Link, RangesAreKept) {
     link.SetStyle(14), link.SetArrowDest(32), link.SetArrowSizeDest(2), link.SetJumpStyle(2),
         link.SetDrawStyle(6);
     const QString before = Dump(pair.surface);
-    EXPECT_EQ(NumberOf([&] { link.SetStyle(15); }), 380);
-    EXPECT_EQ(NumberOf([&] { link.SetArrowSource(33); }), 380);
-    EXPECT_EQ(NumberOf([&] { link.SetArrowMiddle(-1); }), 380);
-    EXPECT_EQ(NumberOf([&] { link.SetArrowDest(256); }), 380);
-    EXPECT_EQ(NumberOf([&] { link.SetArrowSizeSource(3); }), 380);
-    EXPECT_EQ(NumberOf([&] { link.SetArrowSizeMiddle(3); }), 380);
-    EXPECT_EQ(NumberOf([&] { link.SetJumpStyle(3); }), 380);
-    EXPECT_EQ(NumberOf([&] { link.SetDrawStyle(7); }), 380);
-    EXPECT_EQ(NumberOf([&] { link.SetDrawWidth(-1); }), 380);
-    EXPECT_EQ(NumberOf([&] { link.Points().SetItem(0, {2e8F, 0}); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { link.SetStyle(15); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { link.SetArrowSource(33); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { link.SetArrowMiddle(-1); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { link.SetArrowDest(256); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { link.SetArrowSizeSource(3); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { link.SetArrowSizeMiddle(3); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { link.SetJumpStyle(3); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { link.SetDrawStyle(7); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { link.SetDrawWidth(-1); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { link.Points().SetItem(0, {2e8F, 0}); }), 380);
     EXPECT_EQ(Dump(pair.surface), before);
 }
 
 TEST(Link, PointsOutsideOfTheCollectionAreErrors) {
     Pair pair;
     EXPECT_EQ(pair.link.Points().Count(), 2);
-    EXPECT_EQ(NumberOf([&] { pair.link.Points().Item(2); }), 9);
-    EXPECT_EQ(NumberOf([&] { pair.link.Points().Item(-1); }), 9);
-    EXPECT_EQ(NumberOf([&] { pair.link.Points().SetItem(2, {}); }), 9);
-    EXPECT_EQ(NumberOf([&] { pair.link.Points().Insert(3, {}); }), 9);
-    EXPECT_EQ(NumberOf([&] { pair.link.Points().Remove(0); }), 5);
-    EXPECT_EQ(NumberOf([&] { pair.link.Points().Assign({{1, 1}}); }), 5);
+    EXPECT_EQ(tests::NumberOf([&] { pair.link.Points().Item(2); }), 9);
+    EXPECT_EQ(tests::NumberOf([&] { pair.link.Points().Item(-1); }), 9);
+    EXPECT_EQ(tests::NumberOf([&] { pair.link.Points().SetItem(2, {}); }), 9);
+    EXPECT_EQ(tests::NumberOf([&] { pair.link.Points().Insert(3, {}); }), 9);
+    EXPECT_EQ(tests::NumberOf([&] { pair.link.Points().Remove(0); }), 5);
+    EXPECT_EQ(tests::NumberOf([&] { pair.link.Points().Assign({{1, 1}}); }), 5);
 }
 
 TEST(Link, WithAPointEditSwitchOnThePointsStayAsGiven) {

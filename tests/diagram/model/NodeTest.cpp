@@ -2,8 +2,8 @@
 
 #include "diagram/model/Ranges.h"
 #include "diagram/shapes/Shapes.h"
-#include "tests/diagram/model/ErrorNumber.h"
 #include "tests/diagram/model/RandomSurface.h"
+#include "tests/Errors.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -127,7 +127,7 @@ TEST(Node, EachRangeIsKept) {
         }
         const double before = row.read(node);
         for (double value : row.bad) {
-            EXPECT_EQ(NumberOf([&] { row.write(node, value); }), 380) << row.name << " " << value;
+            EXPECT_EQ(tests::NumberOf([&] { row.write(node, value); }), 380) << row.name << " " << value;
             EXPECT_EQ(row.read(node), before) << row.name;
         }
     }
@@ -147,7 +147,7 @@ TEST(Node, AddTakesTheDefaultsOfTheSurface) {
     EXPECT_EQ(node.Font(), defaults.font);
     EXPECT_EQ(node.DrawWidth(), 3);
     EXPECT_EQ(node.Bounds(), QRectF(1, 2, 3, 4));
-    EXPECT_EQ(NumberOf([&] { surface.Nodes().Add(0, 0, -40, 10); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { surface.Nodes().Add(0, 0, -40, 10); }), 380);
     EXPECT_EQ(surface.Nodes().Count(), 1);
 }
 
@@ -155,12 +155,12 @@ TEST(Node, KeysAreUniqueAndFound) {
     Surface surface;
     Node &a = surface.Nodes().Add(0, 0, 1, 1), &b = surface.Nodes().Add(0, 0, 1, 1);
     a.SetKey(QStringLiteral("{A}"));
-    EXPECT_EQ(NumberOf([&] { b.SetKey(QStringLiteral("{A}")); }), 457);
+    EXPECT_EQ(tests::NumberOf([&] { b.SetKey(QStringLiteral("{A}")); }), 457);
     EXPECT_EQ(b.Key(), QString());
     a.SetKey(QStringLiteral("{B}"));
     EXPECT_EQ(&surface.Nodes().Item(QStringLiteral("{B}")), &a);
-    EXPECT_EQ(NumberOf([&] { surface.Nodes().Item(QStringLiteral("{A}")); }), 5);
-    EXPECT_EQ(NumberOf([&] { surface.Nodes().Item(QString()); }), 5);
+    EXPECT_EQ(tests::NumberOf([&] { surface.Nodes().Item(QStringLiteral("{A}")); }), 5);
+    EXPECT_EQ(tests::NumberOf([&] { surface.Nodes().Item(QString()); }), 5);
     surface.Remove(a);
     b.SetKey(QStringLiteral("{B}"));
     EXPECT_EQ(surface.Nodes().Find(QStringLiteral("{B}")), &b);
@@ -170,8 +170,8 @@ TEST(Node, PositionsCountFrom1) {
     Surface surface;
     Node &a = surface.Nodes().Add(0, 0, 1, 1);
     EXPECT_EQ(&surface.Nodes().Item(1), &a);
-    EXPECT_EQ(NumberOf([&] { surface.Nodes().Item(0); }), 9);
-    EXPECT_EQ(NumberOf([&] { surface.Nodes().Item(2); }), 9);
+    EXPECT_EQ(tests::NumberOf([&] { surface.Nodes().Item(0); }), 9);
+    EXPECT_EQ(tests::NumberOf([&] { surface.Nodes().Item(2); }), 9);
 }
 
 TEST(Node, EveryWriteIsToldOnceAndOnlyWhenItChangesSomething) {
@@ -422,15 +422,15 @@ TEST(Surface, ValuesAreCheckedAndTold) {
     surface.AddObserver(listener);
     surface.SetxZoom(0);
     surface.SetyZoom(10000);
-    EXPECT_EQ(NumberOf([&] { surface.SetxZoom(-1); }), 380);
-    EXPECT_EQ(NumberOf([&] { surface.SetyZoom(10001); }), 380);
-    EXPECT_EQ(NumberOf([&] { surface.SetGridSize(0); }), 380);
-    EXPECT_EQ(NumberOf([&] { surface.SetGridStyle(3); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { surface.SetxZoom(-1); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { surface.SetyZoom(10001); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { surface.SetGridSize(0); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { surface.SetGridStyle(3); }), 380);
     surface.SetTag(QStringLiteral("|A=b"));
     EXPECT_EQ(listener.surfaceChanges, 3);
     NodeLook defaults;
     defaults.shape = 20;
-    EXPECT_EQ(NumberOf([&] { surface.SetDefaults(defaults); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { surface.SetDefaults(defaults); }), 380);
     EXPECT_EQ(surface.Defaults().shape, 1);
 }
 

@@ -1,8 +1,8 @@
 #include "diagram/model/Properties.h"
 
 #include "diagram/edit/History.h"
-#include "tests/diagram/model/ErrorNumber.h"
 #include "tests/diagram/model/RandomSurface.h"
+#include "tests/Errors.h"
 
 #include <gtest/gtest.h>
 #include <string_view>
@@ -123,7 +123,7 @@ TEST(Look, SetLookWithAValueOutOfRangeChangesNothing) {
     Node &node = surface.Nodes().Add(0, 0, 300, 400);
     NodeLook look = FullLook();
     look.shape = 20;
-    EXPECT_EQ(NumberOf([&] { node.SetLook(look); }), 380);
+    EXPECT_EQ(tests::NumberOf([&] { node.SetLook(look); }), 380);
     EXPECT_EQ(node.Look(), NodeLook());
 }
 

@@ -1,6 +1,7 @@
 #include "output/compound/CompoundFile.h"
 
 #include "support/Error.h"
+#include "tests/Errors.h"
 #include "tests/output/compound/CompoundReader.h"
 
 namespace compound::testing {
@@ -23,12 +24,7 @@ void ExpectReadBack(const std::vector<Stream> &streams) {
 }
 
 long ErrorOf(const std::vector<Stream> &streams) {
-    try {
-        CompoundFile(streams, kKind);
-    } catch (const support::Error &error) {
-        return error.Number();
-    }
-    return 0;
+    return tests::NumberOf([&] { CompoundFile(streams, kKind); });
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "document/UnsavedWork.h"
 #include "support/Error.h"
 #include "support/Files.h"
+#include "tests/document/Slices.h"
 #include "tests/output/csv/CsvTest.h"
 #include "tests/Paths.h"
 
@@ -97,8 +98,7 @@ TEST_F(CsvTest, ExportHasTheNodesFirstAndThenTheLinks) {
 
 TEST_F(CsvTest, ExportHasTheSliceAskedForAlone) {
     AddNode(QStringLiteral("First"));
-    diagram::Surface &second = window->AddFlow1().Load(1);
-    window->TabStrip().SetTabCount(2);
+    diagram::Surface &second = document::testing::AddSlice(*window);
     second.Nodes().Add(0, 0, 10, 10).SetText(QStringLiteral("Second"));
     Save();
     ExportMap(*window, second, file);

@@ -2,6 +2,7 @@
 
 #include "settings/Settings.h"
 #include "support/AtomicFile.h"
+#include "tests/document/Slices.h"
 #include "tests/Paths.h"
 
 #include <QFile>
@@ -21,12 +22,7 @@ ExportTest::ExportTest() {
 }
 
 diagram::Surface &ExportTest::AddSlice(const QString &caption) {
-    const int index = window->AddFlow1().UBound() + 1;
-    window->TabStrip().SetTabCount(index + 1);
-    diagram::Surface &surface = window->AddFlow1().Load(index);
-    window->TabStrip().SetTheTab(index);
-    window->TabStrip().SetCaption(caption);
-    return surface;
+    return document::testing::AddSlice(*window, caption);
 }
 
 diagram::Node &ExportTest::AddNode(diagram::Surface &surface, const QString &text) {

@@ -2,6 +2,7 @@
 
 #include "document/Tags.h"
 #include "tests/document/MapTest.h"
+#include "tests/document/Slices.h"
 #include "timeline/TimelineNodes.h"
 
 namespace output {
@@ -51,8 +52,7 @@ TEST_F(FilterChoiceTest, TicksWhatIsNamedAndLeavesTheOtherListAsTheMapHasIt) {
 }
 
 TEST_F(FilterChoiceTest, FiltersEverySlice) {
-    window->TabStrip().SetTabCount(2);
-    diagram::Node &second = AddNode(window->AddFlow1().Load(1), goal, sales);
+    diagram::Node &second = AddNode(document::testing::AddSlice(*window), goal, sales);
     ShowOnly(*window, {QStringList{}, {}});
     EXPECT_TRUE(second.Hidden());
 }

@@ -4,6 +4,7 @@
 #include "document/Tags.h"
 #include "settings/Settings.h"
 #include "tests/document/MapTest.h"
+#include "tests/document/Slices.h"
 #include "timeline/Span.h"
 #include "timeline/TimelineNodes.h"
 
@@ -18,11 +19,7 @@ using ::testing::IsEmpty;
 class MapOutputTest : public document::testing::MapTest {
 protected:
     diagram::Surface &AddSlice(const QString &caption) {
-        const int index = window->AddFlow1().UBound() + 1;
-        window->TabStrip().SetTabCount(index + 1);
-        diagram::Surface &surface = window->AddFlow1().Load(index);
-        Name(index, caption);
-        return surface;
+        return document::testing::AddSlice(*window, caption);
     }
     void Name(int index, const QString &caption) {
         window->TabStrip().SetTheTab(index);

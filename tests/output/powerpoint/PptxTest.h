@@ -5,6 +5,7 @@
 #include "output/powerpoint/CreatePowerpoint.h"
 #include "support/AtomicFile.h"
 #include "tests/document/MapTest.h"
+#include "tests/document/Slices.h"
 #include "tests/output/package/ZipReader.h"
 
 #include <map>
@@ -39,12 +40,7 @@ protected:
 
     // A further slice.
     diagram::Surface &AddSlice(const QString &caption) {
-        const int index = window->TabStrip().TabCount();
-        window->TabStrip().SetTabCount(index + 1);
-        window->TabStrip().SetTheTab(index);
-        window->TabStrip().SetCaption(caption);
-        window->TabStrip().SetTheTab(0);
-        return window->AddFlow1().Load(index);
+        return document::testing::AddSlice(*window, caption);
     }
     diagram::Surface &Slice(int index = 0) { return window->AddFlow1()[index]; }
     diagram::Node &AddNode(double left, double top, const QString &text, int slice = 0) {

@@ -3,6 +3,7 @@
 
 #include "support/Error.h"
 #include "support/real/RealDesktop.h"
+#include "tests/Errors.h"
 #include "tests/support_real/cups/PrivateCups.h"
 
 #include <gtest/gtest.h>
@@ -55,16 +56,5 @@ std::unique_ptr<support::PrintJob> Painted(support::Printers &printers, const su
 // A frame 10 mm inside the edges of the sheet, a slanted line, an area of red, and the text.
 void PaintPage(QPainter &painter, const QString &text);
 constexpr double kFrameInset = 10; // millimetres
-
-// What `body` raises; number 0 when it raises nothing.
-template <typename Body>
-support::Error RaisedBy(Body &&body) {
-    try {
-        std::forward<Body>(body)();
-    } catch (const support::Error &error) {
-        return error;
-    }
-    return support::Error(0, QString(), QString());
-}
 
 } // namespace cups_test

@@ -19,7 +19,7 @@ int PrintAPage(const QString &name) {
     support::RealDesktop real(std::make_unique<support::MemoryRegistryStore>());
     support::SystemPrinter printer = real.Get().printers.System();
     printer.deviceName = name;
-    const support::Error raised = cups_test::RaisedBy([&] {
+    const support::Error raised = tests::ErrorOf([&] {
         cups_test::Painted(real.Get().printers, printer, {QStringLiteral("A page for %1").arg(name)})
             ->Finish();
     });

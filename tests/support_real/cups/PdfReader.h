@@ -1,11 +1,9 @@
-// What other programs read from a PDF, and a disk that is too small for one.
+// What other programs read from a PDF.
 #pragma once
 
-#include <csignal>
 #include <QImage>
 #include <QString>
 #include <QStringList>
-#include <sys/resource.h>
 #include <vector>
 
 namespace cups_test {
@@ -21,25 +19,5 @@ QImage Upright(const QImage &page, QSize size);
 QString TextOf(const QString &pdf);
 // Of the first page, "595 x 842" in points.
 QString SizeOf(const QString &pdf);
-
-// A limit on the size of files stands in for a disk without room.
-class SmallDisk {
-public:
-    explicit SmallDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit small{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~SmallDisk() {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, handler_);
-    }
-    SmallDisk(const SmallDisk &) = delete;
-    SmallDisk &operator=(const SmallDisk &) = delete;
-
-private:
-    rlimit before_{};
-    void (*handler_)(int);
-};
 
 } // namespace cups_test

@@ -1,4 +1,5 @@
 // What a real print server is handed and prints.
+#include "tests/SmallDisk.h"
 #include "tests/support_real/cups/CupsTest.h"
 #include "tests/support_real/cups/PdfReader.h"
 
@@ -150,7 +151,7 @@ TEST_F(Queue, AJobThatIsGivenUpNeverReachesTheServer) {
 TEST_F(Queue, APausedPrinterTakesNothingUntilItIsResumed) {
     cups->Command("cupsdisable", {"Office"});
     EXPECT_EQ(printers->State("Office"), PrinterState::Paused);
-    const Error raised = RaisedBy([&] { printers->Start(Office(), "x"); });
+    const Error raised = tests::ErrorOf([&] { printers->Start(Office(), "x"); });
     EXPECT_EQ(raised.Number(), kErrDeviceUnavailable);
     EXPECT_EQ(raised.Description(), "The printer \"Office\" is paused.\nResume it, or choose another one.");
     EXPECT_TRUE(cups->Jobs("Office").empty());
@@ -162,14 +163,14 @@ TEST_F(Queue, APausedPrinterTakesNothingUntilItIsResumed) {
 TEST_F(Queue, APrinterPausedWhileItsPagesArePaintedTakesNothingEither) {
     const std::unique_ptr<PrintJob> job = Painted(*printers, Office(), {"One"});
     cups->Command("cupsdisable", {"Office"});
-    EXPECT_EQ(RaisedBy([&] { job->Finish(); }).Number(), kErrDeviceUnavailable);
+    EXPECT_EQ(tests::ErrorOf([&] { job->Finish(); }).Number(), kErrDeviceUnavailable);
     EXPECT_TRUE(cups->Jobs("Office").empty());
 }
 
 TEST_F(Queue, APrinterThatTakesNoJobsSaysSo) {
     cups->Command("cupsreject", {"Office"});
     EXPECT_EQ(printers->State("Office"), PrinterState::Refusing);
-    EXPECT_EQ(RaisedBy([&] { printers->Start(Office(), "x"); }).Description(),
+    EXPECT_EQ(tests::ErrorOf([&] { printers->Start(Office(), "x"); }).Description(),
               "The printer \"Office\" takes no jobs at the moment.\nChoose another one.");
 }
 
@@ -179,8 +180,8 @@ TEST_F(Queue, APrinterThatVanishedSaysSo) {
     cups->Command("lpadmin", {"-x", "Office"});
     EXPECT_EQ(printers->State("Office"), PrinterState::Gone);
     const QString text = "The printer \"Office\" isn't there any longer.\nChoose another one.";
-    EXPECT_EQ(RaisedBy([&] { job->Finish(); }).Description(), text);
-    EXPECT_EQ(RaisedBy([&] { printers->Start(office, "x"); }).Description(), text);
+    EXPECT_EQ(tests::ErrorOf([&] { job->Finish(); }).Description(), text);
+    EXPECT_EQ(tests::ErrorOf([&] { printers->Start(office, "x"); }).Description(), text);
     EXPECT_EQ(printers->Names(), QStringList("Attic"));
 }
 
@@ -188,7 +189,7 @@ TEST_F(Queue, AServerThatIsNoLongerThereSaysSoAndLeavesNothing) {
     const SystemPrinter office = Office();
     const std::unique_ptr<PrintJob> job = Painted(*printers, office, {"One"});
     cups->Stop();
-    EXPECT_EQ(RaisedBy([&] { job->Finish(); }).Number(), kErrDeviceUnavailable);
+    EXPECT_EQ(tests::ErrorOf([&] { job->Finish(); }).Number(), kErrDeviceUnavailable);
     EXPECT_EQ(printers->Names(), QStringList());
 }
 
@@ -196,7 +197,7 @@ TEST_F(Queue, WhatTheServerComplainsOfIsTold) {
     cups->Command("lpadmin", {"-p", "Office", "-o", "job-quota-period=86400", "-o", "job-k-limit=1"});
     Print(Office(), {"Fills the quota"});
     const std::unique_ptr<PrintJob> job = Painted(*printers, Office(), {"One too many"});
-    const Error raised = RaisedBy([&] { job->Finish(); });
+    const Error raised = tests::ErrorOf([&] { job->Finish(); });
     EXPECT_EQ(raised.Number(), kErrPrinter);
     EXPECT_EQ(raised.Description(), "The printer \"Office\" didn't take the print:\nQuota limit reached.");
     EXPECT_EQ(cups->Jobs("Office").size(), 1u);
@@ -206,8 +207,8 @@ TEST_F(Queue, ADiskWithoutRoomForThePagesPrintsNothing) {
     const OwnTemporaryFolder temporary;
     const SystemPrinter office = Office();
     {
-        const SmallDisk disk(2000);
-        const Error raised = RaisedBy([&] { Painted(*printers, office, {"One", "Two"})->Finish(); });
+        const tests::SmallDisk disk(2000);
+        const Error raised = tests::ErrorOf([&] { Painted(*printers, office, {"One", "Two"})->Finish(); });
         EXPECT_EQ(raised.Number(), kErrDiskFull);
         EXPECT_TRUE(raised.Description().startsWith("Disk full: ")) << raised.what();
     }

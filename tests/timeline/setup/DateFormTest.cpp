@@ -2,6 +2,7 @@
 #include "timeline/setup/frmDate.h"
 
 #include "settings/Settings.h"
+#include "tests/BritishLocale.h"
 
 #include <gtest/gtest.h>
 #include <QCalendarWidget>
@@ -18,17 +19,14 @@ namespace timeline {
 namespace {
 
 struct DateForm : ::testing::Test {
+    const tests::BritishLocale british;
     DateForm() {
-        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
         argument.view.today = QDate(2024, 5, 17);
         settings::ProductTerms terms;
         terms.NODE = QStringLiteral("Node");
         settings::SetTerms(terms);
     }
-    ~DateForm() override {
-        settings::SetTerms({});
-        QLocale::setDefault(QLocale::c());
-    }
+    ~DateForm() override { settings::SetTerms({}); }
     void Open() {
         form = std::make_unique<frmDate>(argument, nullptr);
         form->show();

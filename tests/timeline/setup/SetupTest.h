@@ -2,6 +2,7 @@
 #pragma once
 
 #include "support/Files.h"
+#include "tests/Controls.h"
 #include "tests/timeline/TimelineTest.h"
 #include "timeline/setup/frmTimelineSetup.h"
 
@@ -32,9 +33,7 @@ protected:
     }
     template <typename Widget = QComboBox>
     Widget &Control(const char *name) {
-        auto *found = form->findChild<Widget *>(QLatin1String(name));
-        if (!found) throw std::runtime_error(name);
-        return *found;
+        return tests::ControlOf<Widget>(*form, name);
     }
     // As the user chooses an entry.
     void Choose(const char *list, int entry) {

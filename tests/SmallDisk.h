@@ -1,0 +1,28 @@
+// A limit on the size of files, which stands in for a disk without room. For POSIX systems.
+#pragma once
+
+#include <csignal>
+#include <sys/resource.h>
+
+namespace tests {
+
+class SmallDisk {
+public:
+    explicit SmallDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit small{bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~SmallDisk() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    SmallDisk(const SmallDisk &) = delete;
+    SmallDisk &operator=(const SmallDisk &) = delete;
+
+private:
+    rlimit before_{};
+    void (*handler_)(int);
+};
+
+} // namespace tests
