@@ -10,7 +10,7 @@ namespace {
 constexpr double kSlack = 1e-6;
 constexpr int kMostRounds = 12; // of shrinking what doesn't fit
 constexpr double kLetGo = -std::numeric_limits<double>::infinity();
-constexpr std::size_t kNone = SIZE_MAX;
+constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
 
 // What each place has before and behind it.
 class Neighbours {

@@ -83,9 +83,9 @@ private:
     }
     // Behind a segment; no route from there costs less. Whatever is too short costs more than its lack.
     double Left(std::size_t segment, const Remoteness &lane, const Remoteness &stop) const {
-        const std::size_t after = directions_.size() - 1 - segment;
-        return std::max(lane.distance, double((after + 1) / 2) * kShort) +
-               std::max(stop.distance, double(after / 2) * kShort) + kTolls[std::max(lane.rings, stop.rings)];
+        const std::size_t after = directions_.size() - 1 - segment, alike = after / 2;
+        return std::max(lane.distance, double(after - alike) * kShort) +
+               std::max(stop.distance, double(alike) * kShort) + kTolls[std::max(lane.rings, stop.rings)];
     }
     double Left(std::size_t segment, std::size_t lane, std::size_t stop) const {
         return Left(segment, left_[Level(segment)][lane], left_[!Level(segment)][stop]);

@@ -8,7 +8,7 @@ namespace diagram {
 namespace {
 
 constexpr size_t kMostRects = 24;
-constexpr qint64 kPassSlack = 40 * 40; // painting so many pixels more costs less than another pass
+constexpr qint64 kPassSlack = qint64(40) * 40; // painting so many pixels more costs less than another pass
 
 qint64 Area(const QRect &rect) { return qint64(rect.width()) * rect.height(); }
 

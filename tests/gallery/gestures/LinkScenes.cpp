@@ -9,6 +9,16 @@ namespace {
 
 constexpr int kHvh = 5;
 
+// From the upper left to the lower right.
+Link &Slanted(Film &film) {
+    Node &a = film.Add(40, 60, 120, 70, "Market");
+    return film.Join(a, film.Add(400, 220, 120, 70, "Product"));
+}
+
+QPoint PixelOf(Film &film, const Point &at) { return film.View().FromSurface(ToQPointF(at)).toPoint(); }
+
+QPoint EndOf(Film &film, const Link &link) { return PixelOf(film, link.Route().back()); }
+
 void Finish(Film &film, const char *caption) {
     film.Hand().Release(film.Hand().At());
     film.Shoot(caption);
@@ -70,7 +80,7 @@ void MoveEnd(Film &film) {
     Link &link = film.Join(a, b);
     link.SetSelected(true);
     film.Shoot("selected");
-    const QPoint end = film.View().FromSurface(ToQPointF(link.Route().back())).toPoint();
+    const QPoint end = EndOf(film, link);
     film.ShootDrag(end, film.At(280, 220));
     film.Hand().MoveTo(film.Body(c));
     film.Shoot("over another node");
@@ -78,23 +88,19 @@ void MoveEnd(Film &film) {
 }
 
 void Bend(Film &film) {
-    Node &a = film.Add(40, 60, 120, 70, "Market");
-    Node &b = film.Add(400, 220, 120, 70, "Product");
-    Link &link = film.Join(a, b);
+    Link &link = Slanted(film);
     link.SetSelected(true);
     film.Hand().MoveTo(film.OnRoute(link, 0));
     film.Shoot("over the middle of a segment");
     film.ShootDrag(film.OnRoute(link, 0), film.At(320, 80));
     Finish(film, "a bend");
-    const QPoint bend = film.View().FromSurface(ToQPointF(link.Route()[1])).toPoint();
+    const QPoint bend = PixelOf(film, link.Route()[1]);
     film.ShootDrag(bend, film.At(281, 174));
     Finish(film, "dropped in line: it is gone");
 }
 
 void Orthogonal(Film &film) {
-    Node &a = film.Add(40, 60, 120, 70, "Market");
-    Node &b = film.Add(400, 220, 120, 70, "Product");
-    Link &link = film.Join(a, b);
+    Link &link = Slanted(film);
     link.SetStyle(kHvh);
     link.SetSelected(true);
     film.Shoot("selected");
@@ -104,15 +110,13 @@ void Orthogonal(Film &film) {
 }
 
 void OrthogonalBack(Film &film) {
-    Node &a = film.Add(40, 60, 120, 70, "Market");
-    Node &b = film.Add(400, 220, 120, 70, "Product");
-    Link &link = film.Join(a, b);
+    Link &link = Slanted(film);
     link.SetStyle(kHvh);
     link.SetSelected(true);
     const QPoint middle = film.OnRoute(link, 1);
     film.Hand().DragAndHold(middle, middle + QPoint(-70, 10));
     Finish(film, "dragged");
-    film.Hand().DoubleClick(film.View().FromSurface(ToQPointF(link.Route()[1])).toPoint());
+    film.Hand().DoubleClick(PixelOf(film, link.Route()[1]));
     film.Hand().MoveTo(film.At(420, 60));
     film.Shoot("a double click gives it back");
 }
@@ -123,8 +127,7 @@ void MoveStart(Film &film) {
     Node &c = film.Add(60, 220, 120, 70, "Price");
     Link &link = film.Join(a, b);
     link.SetSelected(true);
-    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Route().front())).toPoint(),
-                            film.At(230, 230));
+    film.Hand().DragAndHold(PixelOf(film, link.Route().front()), film.At(230, 230));
     film.Shoot("on the way");
     film.Hand().MoveTo(film.Body(b));
     film.Shoot("over the node at the other end");
@@ -142,13 +145,12 @@ void OrthogonalEnd(Film &film) {
     Link &link = film.Join(a, b);
     link.SetStyle(kHvh);
     link.SetSelected(true);
-    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Route().back())).toPoint(),
-                            film.At(380, 190));
+    film.Hand().DragAndHold(EndOf(film, link), film.At(380, 190));
     film.Shoot("on the way");
     film.Hand().MoveTo(film.Body(c));
     film.Shoot("over another node");
     Finish(film, "it ends there now");
-    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Route().back())).toPoint(), film.Body(b));
+    film.Hand().DragAndHold(EndOf(film, link), film.Body(b));
     film.Hand().Key(Qt::Key_Escape);
     Finish(film, "given up");
 }
@@ -160,8 +162,7 @@ void CurvedEnd(Film &film) {
     Link &link = film.Join(a, b);
     link.SetStyle(1);
     link.SetSelected(true);
-    film.Hand().DragAndHold(film.View().FromSurface(ToQPointF(link.Route().back())).toPoint(),
-                            film.At(320, 250));
+    film.Hand().DragAndHold(EndOf(film, link), film.At(320, 250));
     film.Shoot("on the way");
     film.Hand().MoveTo(film.Body(c));
     film.Shoot("over another node");
@@ -177,9 +178,7 @@ void SecondLink(Film &film) {
 }
 
 void Label(Film &film) {
-    Node &a = film.Add(40, 60, 120, 70, "Market");
-    Node &b = film.Add(400, 220, 120, 70, "Product");
-    Link &link = film.Join(a, b);
+    Link &link = Slanted(film);
     link.SetText(QStringLiteral("leads to"));
     film.Hand().Press(film.OnRoute(link, 0));
     film.Hand().Release(film.Hand().At());
