@@ -34,13 +34,13 @@ Span PolygonSpan(const QPointF *corners, int count, double y) {
         const double x = a.x() + (y - a.y()) / (b.y() - a.y()) * (b.x() - a.x());
         left = std::min(left, x), right = std::max(right, x);
     }
-    return left > right ? Span{} : Span{int(left), std::max(int(left) + 1, int(right + 0.5))};
+    return left > right ? Span{} : Span{int(left), std::max(int(left) + 1, qRound(right))};
 }
 
 Span EllipseSpan(const QRectF &box, double y) {
     const double down = (y - box.center().y()) / (box.height() / 2);
     const double half = box.width() / 2 * std::sqrt(std::max(0.0, 1 - down * down));
-    return {int(box.center().x() - half + 0.5), int(box.center().x() + half + 0.5)};
+    return {qRound(box.center().x() - half), qRound(box.center().x() + half)};
 }
 
 } // namespace

@@ -45,7 +45,7 @@ QStringList Families(const QString &name) {
 QFont LayoutFont(const Font &font) {
     QFont out;
     out.setFamilies(Families(font.Name()));
-    out.setPixelSize(std::max(1, int(font.Size() * kTwipsPerPoint + 0.5)));
+    out.setPixelSize(std::max(1, qRound(font.Size() * kTwipsPerPoint)));
     out.setBold(font.Bold());
     out.setItalic(font.Italic());
     out.setKerning(false);

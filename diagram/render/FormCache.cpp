@@ -18,10 +18,10 @@ const QImage *FormCache::Find(const FormLook &look) const {
     return found == pictures_.constEnd() ? nullptr : &*found;
 }
 
-const QImage &FormCache::Keep(const FormLook &look, QImage picture) {
+const QImage &FormCache::Keep(const FormLook &look, const QImage &picture) {
     if (bytes_ + picture.sizeInBytes() > kMostBytes) Clear();
     bytes_ += picture.sizeInBytes();
-    return *pictures_.insert(look, std::move(picture));
+    return *pictures_.insert(look, picture);
 }
 
 void FormCache::Clear() {

@@ -27,7 +27,7 @@ public:
     // Null where there is none.
     const QImage *Find(const FormLook &look) const;
     // Makes room by dropping all others.
-    const QImage &Keep(const FormLook &look, QImage picture);
+    const QImage &Keep(const FormLook &look, const QImage &picture);
     void Clear();
 
 private:
