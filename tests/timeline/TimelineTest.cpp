@@ -1,5 +1,6 @@
 #include "tests/timeline/TimelineTest.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "document/Tags.h"
 #include "settings/Settings.h"
 #include "timeline/Arrange.h"
@@ -15,7 +16,7 @@ TimelineTest::TimelineTest() {
     terms.MAP = QStringLiteral("Map");
     settings::SetTerms(terms);
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
-    flow.SetSize(12000, 9000);
+    flow.Screen().SetSize(12000, 9000);
 }
 
 TimelineTest::~TimelineTest() {
