@@ -3,6 +3,7 @@
 #include "benchmarks/GeneratedMap.h"
 #include "diagram/layout/Layout.h"
 #include "diagram/model/AutomaticStyle.h"
+#include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
 #include "tests/yardstick/Crossings.h"
 #include "tests/yardstick/Dot.h"
@@ -25,7 +26,7 @@ struct Counts {
 };
 
 yardstick::Ways RoutedByUs(diagram::Surface &surface) {
-    surface.TidyRoutes();
+    surface.Routes().TidyAll();
     yardstick::Ways ways;
     for (const auto &link : surface.Links()) {
         ways.emplace_back();

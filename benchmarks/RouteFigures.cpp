@@ -5,6 +5,7 @@
 #include "diagram/edit/History.h"
 #include "diagram/interaction/HeldItems.h"
 #include "diagram/model/AutomaticStyle.h"
+#include "diagram/model/Routing.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Obstacles.h"
@@ -35,7 +36,7 @@ struct Map {
             const int from = Roll(kNodes), to = from + Roll(5) - 2 + kColumns * (Roll(5) - 2);
             if (to >= 0 && to < kNodes) Join(*nodes[size_t(from)], *nodes[size_t(to)]);
         }
-        surface.Recalculate();
+        surface.Routes().Recalculate();
     }
     int Roll(int below) { return int(random() % unsigned(below)); }
     void Join(diagram::Node &from, diagram::Node &to) {
@@ -70,7 +71,7 @@ void RouteDrag(benchmark::State &state) {
         step = (step + 1) % kSteps;
         const double share = double(step < kSteps / 2 ? step : kSteps - step) / kSteps;
         held.MoveBy(map.surface, QPointF(9000 * share + 30, 6000 * share));
-        map.surface.Recalculate();
+        map.surface.Routes().Recalculate();
     }
     int through = 0;
     for (const auto &link : map.surface.Links()) through += link->Style() >= 6 && IsMet(*link);
@@ -134,13 +135,13 @@ void CountPieces(const diagram::Surface &surface, benchmark::State &state) {
 // What the release of a node costs above the last step of its drag.
 void RouteRelease(benchmark::State &state) {
     Map map(kManyLinks);
-    map.surface.TidyRoutes();
+    map.surface.Routes().TidyAll();
     for (auto _ : state) {
         state.PauseTiming();
         diagram::Node &node = *map.nodes[size_t(map.Roll(kNodes))];
         map.surface.BeginAction(0);
         node.SetLeft(node.Left() + float(map.Roll(900) - 450));
-        map.surface.Recalculate();
+        map.surface.Routes().Recalculate();
         state.ResumeTiming();
         map.surface.EndAction();
     }
@@ -156,7 +157,7 @@ void RouteWhole(benchmark::State &state) {
         for (const auto &link : map.surface.Links())
             link->SetStyle(link->Style() ^ 1), link->SetStyle(link->Style() ^ 1);
         state.ResumeTiming();
-        map.surface.TidyRoutes();
+        map.surface.Routes().TidyAll();
         state.PauseTiming();
         CountPieces(map.surface, state);
         state.ResumeTiming();

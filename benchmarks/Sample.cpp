@@ -1,5 +1,7 @@
 #include "benchmarks/Sample.h"
 
+#include "diagram/model/Routing.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -45,7 +47,7 @@ void FillSample(diagram::Surface &surface, int nodes) {
         link.SetArrowDest(5);
         link.SetFont(font);
     }
-    surface.Recalculate();
+    surface.Routes().Recalculate();
 }
 
 } // namespace bench

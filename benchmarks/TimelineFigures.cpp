@@ -2,6 +2,7 @@
 // it.
 #include "benchmarks/Canvas.h"
 #include "diagram/edit/History.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 #include "document/MemoryWindow.h"
 #include "document/Tags.h"
@@ -40,7 +41,7 @@ void Arrange(benchmark::State &state) {
     document::MemoryWindow window(support::CurrentDesktop(), document::EmptyPools{});
     diagram::Surface &flow = window.AddFlow1()[0];
     diagram::AttachHistory(flow);
-    flow.SetSize(30000, 20000);
+    flow.Screen().SetSize(30000, 20000);
     AddDatedNodes(window, flow);
     int arrangement = 0;
     for (auto _ : state) {
@@ -76,7 +77,7 @@ void LineUpByDate(benchmark::State &state) {
     document::MemoryWindow window(support::CurrentDesktop(), document::EmptyPools{});
     diagram::Surface &flow = window.AddFlow1()[0];
     diagram::AttachHistory(flow);
-    flow.SetSize(30000, 20000);
+    flow.Screen().SetSize(30000, 20000);
     document::SetTag(flow, document::tags::kTimelineAlign, QStringLiteral("2"));
     AddDatedNodes(window, flow);
     LinkSome(flow);
@@ -107,7 +108,7 @@ void DateDrag(benchmark::State &state) {
     document::MemoryWindow window(support::CurrentDesktop(), document::EmptyPools{});
     diagram::Surface &flow = window.AddFlow1()[0];
     diagram::AttachHistory(flow);
-    flow.SetSize(800000, 40000);
+    flow.Screen().SetSize(800000, 40000);
     document::SetTag(flow, document::tags::kTimelineAlign, QStringLiteral("2"));
     AddDatedNodes(window, flow);
     LinkSome(flow);

@@ -1,5 +1,6 @@
 #include "cli/Session.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "document/DoLoad.h"
 #include "document/OpenMap.h"
 #include "support/AtomicFile.h"
@@ -105,7 +106,8 @@ void ShowOnly(document::MapWindow &window, const output::FilterChoice &choice, Q
 void GiveSize(diagram::Surface &slice) {
     constexpr float kWidth = 15000, kHeight = 10000; // twips
     const QRectF extent = slice.Extent();
-    slice.SetSize(std::max(kWidth, float(extent.right())), std::max(kHeight, float(extent.bottom())));
+    slice.Screen().SetSize(std::max(kWidth, float(extent.right())),
+                           std::max(kHeight, float(extent.bottom())));
 }
 
 diagram::Surface &SliceOf(document::MapWindow &window, int number) {

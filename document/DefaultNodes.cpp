@@ -1,6 +1,7 @@
 #include "document/DefaultNodes.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 #include "settings/DeliveredFiles.h"
 #include "settings/Settings.h"
@@ -105,8 +106,8 @@ void LoadDefaults(diagram::Surface &Flow) {
             AddMissing(Flow, timeline);
             ApplyDefaults(Flow);
         }
-        Flow.SetGridStyle(kGridOfLines);
-        Flow.SetGridColor(kGridColour);
+        Flow.Screen().SetGridStyle(kGridOfLines);
+        Flow.Screen().SetGridColor(kGridColour);
     });
 }
 

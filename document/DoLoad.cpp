@@ -1,6 +1,8 @@
 #include "document/DoLoad.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/Actions.h"
+#include "diagram/model/Routing.h"
 #include "document/BusyWindow.h"
 #include "document/clsfrmMain.h"
 #include "document/DefaultNodes.h"
@@ -93,7 +95,7 @@ diagram::Surface *Loader::RunFirst() {
     const Columns at(rows, schema::kSlices);
     diagram::Surface &surface = PrepareSurface(rows, at);
     if (!FillSlice(surface, rows, at)) return nullptr;
-    surface.Recalculate();
+    surface.Routes().Recalculate();
     return &surface;
 }
 
@@ -179,12 +181,12 @@ bool Loader::FillSlice(diagram::Surface &surface, const Recordset &row, const Co
 }
 
 void Loader::FinishSlice(diagram::Surface &surface) {
-    surface.Recalculate();
+    surface.Routes().Recalculate();
     window_.AddFlow1_AfterMove(surface.Index());
     surface.UnselectAll();
     window_.ClickTab();
     AskForCompanion(surface);
-    if (surface.Log()) surface.Log()->Forget();
+    surface.Actions().Forget();
 }
 
 void Loader::AskForCompanion(diagram::Surface &surface) {

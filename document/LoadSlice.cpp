@@ -1,6 +1,7 @@
 #include "document/LoadSlice.h"
 
 #include "diagram/model/Routing.h"
+#include "diagram/model/Stacking.h"
 #include "diagram/model/Surface.h"
 #include "document/BusyWindow.h"
 #include "document/MemoryGuard.h"
@@ -105,9 +106,9 @@ void SliceLoader::SetPoints(diagram::Link &link, std::uint32_t key) {
     link.Points().Assign(std::move(points));
     link.SetAddPointsMode(false);
     link.SetMovePointsMode(false);
-    if (rows_.AreRouted(key, link.Data().points)) diagram::Routing::TakeBendsAsRouted(link);
+    if (rows_.AreRouted(key, link.Data().points)) surface_.Routes().TakeBendsAsRouted(link);
 }
 
-void SliceLoader::Stack() { surface_.Restack(positions_); }
+void SliceLoader::Stack() { surface_.Stacking().Restack(positions_); }
 
 } // namespace document

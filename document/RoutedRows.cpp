@@ -1,6 +1,7 @@
 #include "document/RoutedRows.h"
 
 #include "diagram/model/Routing.h"
+#include "diagram/model/Surface.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "document/MapRows.h"
 #include "storage/Fields.h"
@@ -59,7 +60,7 @@ RoutedWriter::RoutedWriter(storage::Database &database) : database_(database) {
 }
 
 void RoutedWriter::Write(const diagram::Link &link, std::string_view key) {
-    if (!HasBendsOfChoice(link) || !diagram::Routing::AreBendsRouted(link)) return;
+    if (!HasBendsOfChoice(link) || !link.Owner().Routes().AreBendsRouted(link)) return;
     if (!row_) {
         if (!HasTable(database_)) CreateTable(database_, kRoutedLinks);
         row_.emplace(database_.Prepare(InsertInto(kRoutedLinks)));

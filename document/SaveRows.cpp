@@ -1,5 +1,7 @@
 #include "document/SaveRows.h"
 
+#include "diagram/model/Actions.h"
+#include "diagram/model/Stacking.h"
 #include "diagram/model/Surface.h"
 #include "document/BusyWindow.h"
 #include "document/clsfrmMain.h"
@@ -77,7 +79,7 @@ void RowWriter::WriteSlice(diagram::Surface &surface, const QString &caption) {
     slice_.BindLong(kyZoom, zoom);
     slice_.Run();
     NoteItems(surface);
-    const diagram::Uncounted keys(surface);
+    const diagram::Uncounted keys(surface.Actions());
     WriteNodes(surface);
     WriteLinks(surface);
 }
@@ -86,7 +88,7 @@ void RowWriter::NoteItems(diagram::Surface &surface) {
     positions_.assign(surface.NextId(), 0);
     nodeKeys_.assign(surface.NextId(), std::string());
     int position = 0;
-    for (const diagram::Item *item : surface.StackingOrder()) positions_[item->Id()] = position++;
+    for (const diagram::Item *item : surface.Stacking().Order()) positions_[item->Id()] = position++;
 }
 
 void RowWriter::WriteNodes(diagram::Surface &surface) {

@@ -1,5 +1,6 @@
 #include "document/UnsavedWork.h"
 
+#include "diagram/model/Actions.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
 #include "document/SurfaceArray.h"
@@ -15,8 +16,8 @@ std::vector<MapState::Slice> SlicesOf(MapWindow &frm) {
     int tab = 0; // where indexes have gaps the tabs have none
     for (const int index : frm.AddFlow1().Indices()) {
         const bool hasTab = tab < frm.TabStrip().TabCount();
-        slices.push_back(
-            {index, hasTab ? frm.TabStrip().TabCaption(tab) : QString(), frm.AddFlow1()[index].Revision()});
+        slices.push_back({index, hasTab ? frm.TabStrip().TabCaption(tab) : QString(),
+                          frm.AddFlow1()[index].Actions().Revision()});
         ++tab;
     }
     return slices;

@@ -1,6 +1,7 @@
 // Whether a window has something that its map file doesn't hold.
 #pragma once
 
+#include "diagram/model/Revision.h"
 #include "diagram/model/Surface.h"
 #include "support/Colour.h"
 

@@ -1,6 +1,7 @@
 // One step of undo for what a handler does.
 #pragma once
 
+#include "diagram/model/Actions.h"
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
 
@@ -15,12 +16,12 @@ public:
     // The surface must outlive the object. `goesOn`: one step with the last one, where that can be gone on
     // with.
     explicit ActionGroup(diagram::Surface &surface, bool goesOn = false)
-        : surface_(surface), isPart_(surface.Log() && surface.Log()->Depth() > 0) {
-        if (!goesOn || !surface.ContinueAction()) document::BeginAction(surface);
+        : surface_(surface), isPart_(surface.Actions().AreRecorded()) {
+        if (!goesOn || !surface.Actions().Continue()) document::BeginAction(surface);
     }
     ~ActionGroup() {
         if (std::uncaught_exceptions() > exceptions_ && !isPart_)
-            surface_.CancelAction();
+            surface_.Actions().Cancel();
         else
             surface_.EndAction();
     }
@@ -28,7 +29,7 @@ public:
     ActionGroup &operator=(const ActionGroup &) = delete;
 
     // The user gave up: the surface is as it was before. Not for a part of a larger step.
-    void TakeBack() { surface_.CancelAction(); }
+    void TakeBack() { surface_.Actions().Cancel(); }
 
 private:
     diagram::Surface &surface_;

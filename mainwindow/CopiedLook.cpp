@@ -1,5 +1,7 @@
 #include "mainwindow/CopiedLook.h"
 
+#include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
 #include "mainwindow/ActionGroup.h"
 #include "timeline/AdjustLinks.h"
 
@@ -70,13 +72,13 @@ bool CopiedLook::Paste(diagram::Surface &surface) const {
     if (IsEmpty()) return false;
     const std::vector<diagram::Node *> nodes = surface.SelectedNodes();
     const std::vector<diagram::Link *> links = surface.SelectedLinks();
-    const diagram::Revision before = surface.Revision();
+    const diagram::Revision before = surface.Actions().Revision();
     {
         const ActionGroup step(surface);
         for (diagram::Node *node : nodes) Give(*node);
         for (diagram::Link *link : links) Give(*link);
     }
-    return !(surface.Revision() == before);
+    return !(surface.Actions().Revision() == before);
 }
 
 // A dated node may have another size by its font, and takes its link to its day along.

@@ -2,6 +2,9 @@
 
 #include "diagram/edit/History.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
+#include "diagram/model/ScreenValues.h"
 #include "document/clsfrmMain.h"
 #include "document/DefaultNodes.h"
 #include "document/MapWindow.h"
@@ -29,16 +32,16 @@ struct KeptSlice {
 };
 
 KeptSlice Keep(const diagram::Surface &surface) {
-    return {diagram::SaveBytes(surface), surface.Picture(), surface.BackColor(), surface.SnapToGrid(),
-            surface.Revision()};
+    return {diagram::SaveBytes(surface), surface.Picture(), surface.BackColor(),
+            surface.Screen().SnapToGrid(), surface.Actions().Revision()};
 }
 
 void PutInto(diagram::Surface &surface, const KeptSlice &kept) {
     diagram::LoadBytes(surface, kept.bytes);
     surface.SetPicture(kept.picture);
     surface.SetBackColor(kept.backColor);
-    surface.SetSnapToGrid(kept.snapToGrid);
-    if (kept.revision) surface.SetRevision(*kept.revision);
+    surface.Screen().SetSnapToGrid(kept.snapToGrid);
+    if (kept.revision) surface.Actions().SetRevision(*kept.revision);
 }
 
 void MakeNew(diagram::Surface &surface) {

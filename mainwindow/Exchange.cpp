@@ -1,6 +1,8 @@
 #include "mainwindow/Exchange.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
 #include "document/LastPath.h"
 #include "document/Tags.h"
 #include "mainwindow/frmMain.h"
@@ -72,7 +74,7 @@ public:
         : settings_(window.clsSettings()),
           surface_(window.CurrentSurface()),
           before_(diagram::SaveBytes(surface_)),
-          revision_(surface_.Revision()),
+          revision_(surface_.Actions().Revision()),
           wasDirty_(settings_.Dirty) {
         document::BeginAction(surface_);
         surface_.Nodes().Clear();
@@ -92,10 +94,10 @@ public:
 private:
     // What was read as a whole file is in no step.
     void TakeBack() {
-        surface_.CancelAction();
+        surface_.Actions().Cancel();
         if (diagram::SaveBytes(surface_) != before_) {
             diagram::LoadBytes(surface_, before_);
-            surface_.SetRevision(revision_);
+            surface_.Actions().SetRevision(revision_);
         }
         settings_.Dirty = wasDirty_;
     }

@@ -1,5 +1,6 @@
 #include "mainwindow/FilterBoxes.h"
 
+#include "diagram/model/Actions.h"
 #include "diagram/model/Sights.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
@@ -143,7 +144,7 @@ void FilterBoxes::Apply() {
     const document::FilterKeys keys = Keys();
     for (const int index : window_.AddFlow1().Indices()) {
         diagram::Surface &surface = window_.AddFlow1()[index];
-        const diagram::Uncounted ticks(surface);
+        const diagram::Uncounted ticks(surface.Actions());
         const bool hidesTimeline = timeline::IsTimelineHidden(surface);
         document::ApplyFilter(surface, keys);
         if (hidesTimeline) timeline::ShowHideTimelineNodes(surface, false); // its links to their days too

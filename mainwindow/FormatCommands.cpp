@@ -1,5 +1,6 @@
 #include "mainwindow/FormatCommands.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/ActionGroup.h"
 #include "mainwindow/frmMain.h"
@@ -73,7 +74,7 @@ void FormatNew(frmMain &window) { window.tlbFormat_ButtonMenuClick(ShapeEntries(
 // The texts themselves stay as they are, so that the display is nothing to undo or to save.
 void FormatDisplay(frmMain &window) {
     for (const int slot : window.AddFlow1().Indices())
-        window.AddFlow1()[slot].SetShowsBothTexts(window.DisplayPressed());
+        window.AddFlow1()[slot].Screen().SetShowsBothTexts(window.DisplayPressed());
 }
 
 // A strip that runs from left to right changes its months' width, another their height.

@@ -45,7 +45,7 @@ Overview::Overview(frmMain &window, QWidget *place) : window_(window), place_(pl
 }
 
 Overview::~Overview() {
-    if (view_) view_->Model().RemoveObserver(*this);
+    if (view_) view_->Model().Observers().Remove(*this);
 }
 
 bool Overview::IsEnabled() { return support::Val(settings::GetSet(kSetting)) == 0; }
@@ -67,7 +67,7 @@ void Overview::Follow() {
     if (view_ == &window_.CurrentView()) return;
     if (view_) Leave(view_->Model());
     view_ = &window_.CurrentView();
-    view_->Model().AddObserver(*this);
+    view_->Model().Observers().Add(*this);
     view_->viewport()->installEventFilter(this);
     connect(view_, &diagram::SurfaceView::ViewChanged, this, &Overview::Update);
     stale_ = true;
@@ -77,7 +77,7 @@ void Overview::Follow() {
 
 void Overview::Leave(const diagram::Surface &surface) {
     if (!view_ || &view_->Model() != &surface) return;
-    view_->Model().RemoveObserver(*this);
+    view_->Model().Observers().Remove(*this);
     view_->viewport()->removeEventFilter(this);
     view_->disconnect(this);
     view_ = nullptr;

@@ -1,5 +1,6 @@
 #include "mainwindow/SliceViews.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
@@ -29,8 +30,8 @@ SliceViews::~SliceViews() = default;
 
 void SliceViews::Add(diagram::Surface &surface) {
     surface.SetEvents(sink_.get());
-    surface.AddObserver(*sink_);
-    surface.SetShowsBothTexts(window_.DisplayPressed());
+    surface.Observers().Add(*sink_);
+    surface.Screen().SetShowsBothTexts(window_.DisplayPressed());
     auto view = std::make_unique<diagram::SurfaceView>(surface, place_);
     view->setObjectName(QStringLiteral("AddFlow1(%1)").arg(surface.Index()));
     view->setFrameShape(QFrame::NoFrame);
@@ -75,7 +76,7 @@ void SliceViews::Remove(diagram::Surface &surface) {
     if (At(surface.Index()).hasFocus() && surface.Index() > 0) At(0).setFocus();
     if (WindowJournal *journal = window_.Journal()) journal->Unwatch(surface);
     views_.erase(surface.Index());
-    surface.RemoveObserver(*sink_);
+    surface.Observers().Remove(*sink_);
     surface.SetEvents(nullptr);
 }
 

@@ -1,4 +1,5 @@
 #include "mainwindow/TimelineCommands.h"
+#include "diagram/model/Actions.h"
 #include "mainwindow/BringIntoSight.h"
 
 #include "diagram/view/SurfaceView.h"
@@ -153,14 +154,15 @@ void mnuViewDefaultNode(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
     const document::cLevels &levels = window.clsSettings().Levels();
     const document::cLevel former = levels.count() > 0 ? levels.Item(1) : document::cLevel();
-    const std::uint64_t before = surface.Revision().step;
+    const std::uint64_t before = surface.Actions().Revision().step;
     {
         ActionGroup step(surface);
         if (!ShowSetup(window, *document::LocateTemplateNode(surface, true), true)) return step.TakeBack();
         document::ApplyDefaults(surface);
     }
     if (const document::cLevel *level = levels.NewEnum().Find(former.Key))
-        window.History().Note({before, surface.Revision().step, former.Key, former.Color, level->Color});
+        window.History().Note(
+            {before, surface.Actions().Revision().step, former.Key, former.Color, level->Color});
 }
 
 void mnuViewTimelineSetup(frmMain &window) {

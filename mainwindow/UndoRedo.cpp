@@ -1,5 +1,6 @@
 #include "mainwindow/UndoRedo.h"
 
+#include "diagram/model/Actions.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/PutBack.h"
 
@@ -7,15 +8,15 @@ namespace mainwindow {
 
 void UndoRedo::Undo() {
     if (window_.FormerLinks().StopsUndo()) return;
-    const std::uint64_t from = window_.CurrentSurface().Revision().step;
+    const std::uint64_t from = window_.CurrentSurface().Actions().Revision().step;
     window_.CurrentSurface().Undo();
-    Follow(from, window_.CurrentSurface().Revision().step);
+    Follow(from, window_.CurrentSurface().Actions().Revision().step);
 }
 
 void UndoRedo::Redo() {
-    const std::uint64_t from = window_.CurrentSurface().Revision().step;
+    const std::uint64_t from = window_.CurrentSurface().Actions().Revision().step;
     window_.CurrentSurface().Redo();
-    Follow(from, window_.CurrentSurface().Revision().step);
+    Follow(from, window_.CurrentSurface().Actions().Revision().step);
 }
 
 void UndoRedo::Note(const LevelColour &step) {

@@ -1,4 +1,5 @@
 #include "diagram/geometry/Units.h"
+#include "diagram/model/ScreenValues.h"
 #include "mainwindow/Commands.h"
 
 #include "diagram/scene/Scene.h"
@@ -34,7 +35,7 @@ void mnuViewGrid(frmMain &window) {
 }
 
 void mnuViewSnapGrid(frmMain &window) {
-    window.CurrentSurface().SetSnapToGrid(window.MenuValue(QStringLiteral("mnuViewSnapGrid")));
+    window.CurrentSurface().Screen().SetSnapToGrid(window.MenuValue(QStringLiteral("mnuViewSnapGrid")));
 }
 
 void SetZoom(frmMain &window, int percent) {

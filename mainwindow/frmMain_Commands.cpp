@@ -1,6 +1,7 @@
 // The one place where commands run, and what keeps their entries in step.
 #include "mainwindow/frmMain.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/FormatCommands.h"
@@ -78,7 +79,7 @@ void frmMain::UpdateCommands() {
     for (const auto &[needs, enabled] : states) parts_->SetEnabled(needs, enabled);
     look_->Update();
     SetMenuValue(QStringLiteral("mnuViewGrid"), surface.GridLines());
-    SetMenuValue(QStringLiteral("mnuViewSnapGrid"), surface.SnapToGrid());
+    SetMenuValue(QStringLiteral("mnuViewSnapGrid"), surface.Screen().SnapToGrid());
     status_->Update();
     start_->Update();
     overview_->Update();

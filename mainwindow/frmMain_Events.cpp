@@ -1,6 +1,7 @@
 // What happens on the surfaces: the handlers that keep the document in step with what the user draws.
 #include "mainwindow/frmMain.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "dialogs/ListIndex.h"
 #include "document/Tags.h"
 #include "mainwindow/ActionGroup.h"
@@ -55,7 +56,7 @@ document::cGroup *GroupForNewNode(const document::cGroups &groups) {
 const diagram::Font &FontOfSelection(const diagram::Surface &surface) {
     if (const diagram::Node *node = surface.SelectedNode()) return node->Font();
     if (const diagram::Link *link = surface.SelectedLink()) return link->Font();
-    return surface.Font();
+    return surface.Screen().Font();
 }
 
 bool AsksForProperties(int keyCode, int shift) {
@@ -142,7 +143,7 @@ void frmMain::AddFlow1_KeyDown(int index, int &keyCode, int shift) {
     diagram::Surface &surface = AddFlow1_[index];
     status_->DropHint();
     if (keyCode == kEscapeKey) start_->Leave();
-    if (keyCode == kShiftKey && shift == diagram::keys::kShift) surface.SetShiftMode(true);
+    if (keyCode == kShiftKey && shift == diagram::keys::kShift) surface.Screen().SetShiftMode(true);
     if (AsksForProperties(keyCode, shift)) {
         keyCode = 0;
         return ShowPropertiesOfSelection(index);
@@ -156,7 +157,7 @@ void frmMain::AddFlow1_KeyDown(int index, int &keyCode, int shift) {
 }
 
 void frmMain::AddFlow1_KeyUp(int index, int keyCode, int) {
-    if (keyCode == kShiftKey) AddFlow1_[index].SetShiftMode(false);
+    if (keyCode == kShiftKey) AddFlow1_[index].Screen().SetShiftMode(false);
 }
 
 } // namespace mainwindow

@@ -2,6 +2,7 @@
 #include "mainwindow/frmMain.h"
 
 #include "diagram/hit/HitTest.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/BusyRetry.h"
@@ -45,7 +46,7 @@ diagram::Link *LinkUnder(diagram::SurfaceView &view, const QPointF &twips) {
 
 // From the left top corner of what is seen to the surface.
 QPointF OnSurface(const diagram::Surface &surface, float x, float y) {
-    return {x + surface.xScroll(), y + surface.yScroll()};
+    return {x + surface.Screen().xScroll(), y + surface.Screen().yScroll()};
 }
 
 // The form sees the bare texts.
@@ -121,7 +122,8 @@ void frmMain::ShowLinkProperties(diagram::Link &oLink) {
 void frmMain::ShowPropertiesOfSelection(int index) {
     const diagram::Surface &surface = AddFlow1_[index];
     if (diagram::Node *node = surface.SelectedNode())
-        ShowNodeProperties(*node, node->Left() - surface.xScroll(), node->Top() - surface.yScroll());
+        ShowNodeProperties(*node, node->Left() - surface.Screen().xScroll(),
+                           node->Top() - surface.Screen().yScroll());
     else if (diagram::Link *link = surface.SelectedLink())
         ShowLinkProperties(*link);
 }

@@ -1,5 +1,6 @@
 #include "recovery/Journal.h"
 
+#include "diagram/model/Actions.h"
 #include "document/MapWindow.h"
 #include "document/SurfaceArray.h"
 #include "recovery/JournalFile.h"
@@ -79,7 +80,7 @@ SliceWatch *Journal::WatchOf(int index) const {
 
 bool Journal::IsInGroup() const {
     return std::ranges::any_of(watches_, [](const auto &watch) {
-        const diagram::ChangeLog *log = watch->Surface().Log();
+        const diagram::ChangeLog *log = watch->Surface().Actions().Log();
         return log && log->Depth() > 0;
     });
 }

@@ -1,6 +1,8 @@
 #include "recovery/Restore.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/Actions.h"
+#include "diagram/model/Routing.h"
 #include "document/BusyWindow.h"
 #include "document/clsfrmMain.h"
 #include "document/DoLoad.h"
@@ -86,8 +88,8 @@ private:
         for (auto &[id, data] : slice.nodes) surface.Restore(ids.at(id), std::move(data));
         for (auto &[id, data] : slice.links) AddLink(surface, id, std::move(data), ids);
         surface.SetLoading(false);
-        surface.KeepRoutes();
-        if (surface.Log()) surface.Log()->Forget();
+        surface.Routes().Keep();
+        surface.Actions().Forget();
     }
 
     using Ids = std::map<diagram::ItemId, diagram::ItemId>;

@@ -7,10 +7,10 @@ using diagram::ItemId;
 
 SliceWatch::SliceWatch(diagram::Surface &surface, SliceId id, std::function<void()> written)
     : surface_(surface), id_(id), written_(std::move(written)) {
-    surface_.AddObserver(*this);
+    surface_.Observers().Add(*this);
 }
 
-SliceWatch::~SliceWatch() { surface_.RemoveObserver(*this); }
+SliceWatch::~SliceWatch() { surface_.Observers().Remove(*this); }
 
 void SliceWatch::NoteAll() {
     whole_ = true;

@@ -2,6 +2,7 @@
 
 #include "diagram/format/Content.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/Actions.h"
 #include "diagram/model/Surface.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
@@ -22,7 +23,7 @@ namespace {
 class Step {
 public:
     explicit Step(diagram::Surface &surface) : surface_(surface) { document::BeginAction(surface_); }
-    ~Step() { done_ ? surface_.EndAction() : surface_.CancelAction(); }
+    ~Step() { done_ ? surface_.EndAction() : surface_.Actions().Cancel(); }
     Step(const Step &) = delete;
     Step &operator=(const Step &) = delete;
 

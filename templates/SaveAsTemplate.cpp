@@ -1,6 +1,7 @@
 #include "templates/SaveAsTemplate.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/Actions.h"
 #include "diagram/model/Surface.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
@@ -35,7 +36,7 @@ void SaveAsTemplate(document::MapWindow &window, diagram::Surface &Flow, const Q
     support::PassOn("SaveAsTemplate", [&] {
         const ScratchFile scratch;
         {
-            const diagram::Uncounted carrier(Flow); // tells nothing that the slice doesn't
+            const diagram::Uncounted carrier(Flow.Actions()); // tells nothing that the slice doesn't
             timeline::CarryNames(PutDiagramNode(Flow), timeline::NamesOf(window.clsSettings()));
         }
         diagram::SaveFile(Flow, scratch.Path());

@@ -1,5 +1,6 @@
 #include "timeline/Arrange.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
@@ -163,7 +164,7 @@ private:
     }
 
     PlacesTask TaskOf(const std::vector<diagram::Node *> &months) const {
-        PlacesTask task{settings_.arrangement, flow_.Width(), flow_.Height(), {}, {}};
+        PlacesTask task{settings_.arrangement, flow_.Screen().Width(), flow_.Screen().Height(), {}, {}};
         for (const diagram::Node *month : months)
             task.months.push_back({CDate(document::GetTag(*month, kTheDate)), month->Width(), month->Height(),
                                    month->Hidden(), FoldOf(*month)});

@@ -1,6 +1,8 @@
 #include "diagram/edit/History.h"
 
 #include "diagram/edit/Step.h"
+#include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
 #include "support/Error.h"
 
 #include <algorithm>
@@ -176,10 +178,10 @@ private:
 
 } // namespace
 
-void AttachHistory(Surface &surface) { surface.SetLog(std::make_unique<History>(surface)); }
+void AttachHistory(Surface &surface) { surface.Actions().SetLog(std::make_unique<History>(surface)); }
 
 ActionGroup::ActionGroup(Surface &surface, bool goesOn) : surface_(surface) {
-    if (!goesOn || !surface_.ContinueAction()) surface_.BeginAction(0);
+    if (!goesOn || !surface_.Actions().Continue()) surface_.BeginAction(0);
 }
 ActionGroup::~ActionGroup() { surface_.EndAction(); }
 

@@ -1,5 +1,8 @@
 #include "diagram/edit/Step.h"
 
+#include "diagram/model/Actions.h"
+#include "diagram/model/Routing.h"
+
 #include <algorithm>
 
 namespace diagram {
@@ -42,22 +45,6 @@ void PutPresences(const std::vector<Presence<Data>> &entries, Touched<Data> &bef
         before[entry.id] = entry.added ? std::optional<Data>() : std::optional<Data>(entry.data);
 }
 
-// While it stands, what the step writes brings its routes along.
-class Replay {
-public:
-    explicit Replay(Surface &surface) : surface_(surface) { surface_.SetReplaying(true); }
-    ~Replay() {
-        surface_.KeepRoutes();
-        surface_.SetReplaying(false);
-    }
-    Replay(const Replay &) = delete;
-    Replay &operator=(const Replay &) = delete;
-
-private:
-    Surface &surface_;
-    const Uncounted known_{surface_}; // the history tells the revision
-};
-
 } // namespace
 
 bool Step::IsEmpty() const {
@@ -74,8 +61,9 @@ bool Step::IsWork() const {
 // Nodes come before the links that end at them, and go when no link that stays ends at them any more. The
 // routes of links are set when the nodes are in place. Keys come last, when those of nodes that go are free.
 void Step::Apply(Surface &target, bool forward) {
-    target.Recalculate();
-    const Replay replay(target);
+    target.Routes().Recalculate();
+    const Uncounted known(target.Actions()); // the history tells the revision
+    const RoutesAsTold told(target);
     KeepValues(target, forward);
     std::vector<KeyToSet> keys;
     ApplyToNodes(target, forward, keys);

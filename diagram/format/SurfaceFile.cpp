@@ -1,7 +1,11 @@
 #include "diagram/format/SurfaceFile.h"
 
+#include "diagram/edit/History.h"
 #include "diagram/format/Content.h"
+#include "diagram/model/Actions.h"
 #include "diagram/model/Ranges.h"
+#include "diagram/model/Routing.h"
+#include "diagram/model/Stacking.h"
 #include "diagram/model/Surface.h"
 #include "support/AtomicFile.h"
 
@@ -73,29 +77,10 @@ void PutOnTop(const Surface &surface, Content &content) {
     for (StoredNode &node : content.nodes) keys.emplace_back(node.data.stack, &node.data.stack);
     for (StoredLink &link : content.links) keys.emplace_back(link.data.stack, &link.data.stack);
     std::ranges::stable_sort(keys, {}, &std::pair<StackKey, StackKey *>::first);
-    const auto &order = surface.StackingOrder();
+    const auto &order = surface.Stacking().Order();
     StackKey top = order.empty() ? 0 : order.back()->Stack();
     for (const auto &entry : keys) *entry.second = top += kStackGap;
 }
-
-// One step of undo in which routes are taken as they are told.
-class Replacing {
-public:
-    explicit Replacing(Surface &surface) : surface_(surface) {
-        surface_.BeginAction(0);
-        surface_.SetReplaying(true);
-    }
-    ~Replacing() {
-        surface_.KeepRoutes();
-        surface_.SetReplaying(false);
-        surface_.EndAction();
-    }
-    Replacing(const Replacing &) = delete;
-    Replacing &operator=(const Replacing &) = delete;
-
-private:
-    Surface &surface_;
-};
 
 } // namespace
 
@@ -112,13 +97,14 @@ void LoadBytes(Surface &surface, const QByteArray &bytes) {
     surface.Reset();
     surface.Overwrite(std::move(content.surface));
     Place(surface, content);
-    surface.KeepRoutes();
-    if (surface.Log()) surface.Log()->Forget();
+    surface.Routes().Keep();
+    surface.Actions().Forget();
 }
 
 void ReplaceBytes(Surface &surface, const QByteArray &bytes) {
     Content content = DecodeFor(surface, bytes);
-    const Replacing step(surface);
+    const ActionGroup step(surface);
+    const RoutesAsTold told(surface);
     surface.Nodes().Clear();
     surface.Overwrite(std::move(content.surface));
     Place(surface, content);

@@ -4,6 +4,7 @@
 #include "diagram/interaction/BendEdit.h"
 #include "diagram/interaction/MoveBend.h"
 #include "diagram/interaction/Snap.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/shapes/LinkStyles.h"
 
 namespace diagram {
@@ -49,7 +50,7 @@ void BendByKeys::Key(const KeyInput &input) {
     if (const int step = input.Tab()) return GoTo((lit_ + count + size_t(step)) % count);
     if (input.key == Qt::Key_Delete || input.key == Qt::Key_Backspace) return Remove();
     const QPointF arrow = input.Arrow();
-    if (!arrow.isNull()) Drag(arrow * (input.Shift() ? double(surface_.GridSize()) : kPixelTwips));
+    if (!arrow.isNull()) Drag(arrow * (input.Shift() ? double(surface_.Screen().GridSize()) : kPixelTwips));
 }
 
 void BendByKeys::Drag(const QPointF &by) {

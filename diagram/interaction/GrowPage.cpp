@@ -1,6 +1,8 @@
 #include "diagram/interaction/GrowPage.h"
 
 #include "diagram/model/DayStrip.h"
+#include "diagram/model/Routing.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 
 #include <algorithm>
@@ -17,25 +19,6 @@ double Missing(double now, double before, double step) {
     return now < std::min(0.0, before) ? std::ceil(-now / step) * step : 0;
 }
 
-// While it stands nothing is routed.
-class AsItStands {
-public:
-    explicit AsItStands(Surface &surface) : surface_(surface) {
-        surface_.Recalculate();
-        surface_.SettleRoutes();
-        surface_.SetReplaying(true);
-    }
-    ~AsItStands() {
-        surface_.KeepRoutes();
-        surface_.SetReplaying(false);
-    }
-    AsItStands(const AsItStands &) = delete;
-    AsItStands &operator=(const AsItStands &) = delete;
-
-private:
-    Surface &surface_;
-};
-
 LinkData Shifted(const Link &link, float dx, float dy) {
     link.OwnBends(); // known before its nodes move
     LinkData data = link.Data();
@@ -46,7 +29,9 @@ LinkData Shifted(const Link &link, float dx, float dy) {
 } // namespace
 
 void ShiftAll(Surface &surface, float dx, float dy) {
-    const AsItStands still(surface);
+    surface.Routes().Recalculate();
+    surface.Routes().Settle();
+    const RoutesAsTold told(surface);
     std::vector<LinkData> links;
     for (const auto &link : surface.Links()) links.push_back(Shifted(*link, dx, dy));
     for (Node &node : surface.Nodes()) {
@@ -60,7 +45,7 @@ void ShiftAll(Surface &surface, float dx, float dy) {
 }
 
 bool MakeRoom(Surface &surface, const QRectF &dropped, const QRectF &former) {
-    const double step = surface.SnapToGrid() ? double(surface.GridSize()) : kStep;
+    const double step = surface.Screen().SnapToGrid() ? double(surface.Screen().GridSize()) : kStep;
     const auto right = float(Missing(dropped.left(), former.left(), step));
     const auto down = float(Missing(dropped.top(), former.top(), step));
     if (right == 0 && down == 0) return false;

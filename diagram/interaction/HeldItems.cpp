@@ -1,7 +1,6 @@
 #include "diagram/interaction/HeldItems.h"
 
 #include "diagram/model/Calendar.h"
-#include "diagram/model/HeldRoutes.h"
 #include "diagram/shapes/LinkStyles.h"
 
 #include <algorithm>
@@ -51,17 +50,21 @@ Point InPlace(const Point &at, const NodeData &before, const NodeData &now) {
 } // namespace
 
 HeldItems::HeldItems(const std::vector<Node *> &nodes) {
-    if (!nodes.empty()) displaced_ = nodes.front()->Owner().HoldRoutes();
     std::unordered_set<const Node *> held(nodes.begin(), nodes.end());
     std::unordered_set<const Link *> seen;
+    std::vector<ItemId> moved, inside;
     for (Node *node : nodes) {
         nodes_.push_back({node->Id(), node->Data()});
+        moved.push_back(node->Id());
         for (Link *link : node->Links()) {
             if (!seen.insert(link).second) continue;
             const bool inner = held.contains(&link->Source()) && held.contains(&link->Destination());
             links_.push_back({link->Id(), DataOf(*link), inner});
+            if (inner) inside.push_back(link->Id());
         }
     }
+    if (!nodes.empty())
+        trial_ = std::make_unique<RouteTrial>(nodes.front()->Owner(), std::move(moved), std::move(inside));
 }
 
 HeldItems::HeldItems(Link &link) { links_.push_back({link.Id(), DataOf(link), false}); }
@@ -75,25 +78,12 @@ QRectF HeldItems::Extent() const {
 }
 
 void HeldItems::Restore(Surface &surface) const {
-    for (const HeldNode &held : nodes_)
-        if (Node *node = surface.FindNode(held.id)) surface.Overwrite(*node, held.data);
-    RestoreLinks(surface);
-    PutBackDisplaced(surface);
-}
-
-// What the nodes lie on doesn't give way by that.
-void HeldItems::PutBackDisplaced(Surface &surface) const {
-    surface.KeepRoutes();
-    if (!displaced_) return;
-    for (const auto &[id, data] : std::exchange(displaced_->links, {}))
-        if (Link *link = surface.FindLink(id)) surface.Overwrite(*link, data);
-}
-
-void HeldItems::MakeWay(Surface &surface) const {
-    for (const HeldNode &held : nodes_)
-        if (Node *node = surface.FindNode(held.id)) surface.MakeWayFor(*node);
-    for (const HeldLink &held : links_)
-        if (Link *link = held.inner ? surface.FindLink(held.id) : nullptr) surface.CheckRoute(*link);
+    if (!trial_) return RestoreLinks(surface);
+    trial_->GiveUp([&] {
+        for (const HeldNode &held : nodes_)
+            if (Node *node = surface.FindNode(held.id)) surface.Overwrite(*node, held.data);
+        RestoreLinks(surface);
+    });
 }
 
 void HeldItems::RestoreLinks(Surface &surface) const {
@@ -102,7 +92,6 @@ void HeldItems::RestoreLinks(Surface &surface) const {
 }
 
 void HeldItems::RestoreBends(Surface &surface) const {
-    PutBackDisplaced(surface);
     for (const HeldLink &held : links_) {
         const bool routed = !held.data.ownBends && !held.data.addPointsMode && !held.data.movePointsMode;
         Link *link = held.inner || routed ? nullptr : surface.FindLink(held.id);
@@ -110,18 +99,28 @@ void HeldItems::RestoreBends(Surface &surface) const {
     }
 }
 
+void HeldItems::Try(Surface &surface, const std::function<bool()> &place) const {
+    if (!trial_) return;
+    trial_->Move([&] {
+        RestoreBends(surface);
+        const bool elsewhere = place();
+        TakeKeptEndsAlong(surface);
+        return elsewhere;
+    });
+}
+
 void HeldItems::MoveBy(Surface &surface, const QPointF &distance) const {
-    RestoreBends(surface);
     const auto dx = float(distance.x());
     const auto dy = float(distance.y());
-    for (const HeldNode &held : nodes_) {
-        const NodeData &from = held.data;
-        if (Node *node = surface.FindNode(held.id))
-            node->SetBounds(from.left + dx, from.top + dy, from.width, from.height);
-    }
-    MoveInnerLinks(surface, distance);
-    TakeKeptEndsAlong(surface);
-    if (!distance.isNull()) MakeWay(surface);
+    Try(surface, [&] {
+        for (const HeldNode &held : nodes_) {
+            const NodeData &from = held.data;
+            if (Node *node = surface.FindNode(held.id))
+                node->SetBounds(from.left + dx, from.top + dy, from.width, from.height);
+        }
+        MoveInnerLinks(surface, distance);
+        return !distance.isNull();
+    });
 }
 
 const HeldNode *HeldItems::FindHeld(ItemId id) const {

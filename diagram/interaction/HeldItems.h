@@ -1,8 +1,11 @@
 // Nodes, with the links attached to them and those that give way to them, as they were when a gesture began.
 #pragma once
 
+#include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
 
+#include <functional>
+#include <memory>
 #include <vector>
 
 namespace diagram {
@@ -34,30 +37,26 @@ public:
     // Everything as it was.
     void Restore(Surface &surface) const;
     void RestoreLinks(Surface &surface) const;
-    // The bends that the user made, and the routes of the links that gave way, as they were: the route that
-    // follows then never depends on the one before. Call it before moving the nodes.
-    void RestoreBends(Surface &surface) const;
-    // Makes the links on which the nodes lie now give way. Call it after moving the nodes.
-    void MakeWay(Surface &surface) const;
+    // Tries a place: `place` moves or resizes the nodes and returns whether that is elsewhere than they were.
+    // Ends of links whose points aren't routed go with their nodes; the bends that the user made, and the
+    // routes of links that give way, follow from what was before, never from the place tried last.
+    void Try(Surface &surface, const std::function<bool()> &place) const;
     // Everything where it was, moved by the distance (twips); the links that lead away follow.
     void MoveBy(Surface &surface, const QPointF &distance) const;
-    // Ends of links whose points aren't routed go with their nodes. Call it after moving or resizing the
-    // nodes.
-    void TakeKeptEndsAlong(Surface &surface) const;
     // Where the nodes were moved by the distance, their quiet links to their days go along, with the last
     // point only along the strip; twips. Call it after MoveBy.
     void TakeDateLinksAlong(Surface &surface, const QPointF &distance, const QPointF &alongTheStrip) const;
-    // Gives the links between held nodes their routes at the start, moved as a whole (twips). Call it after
-    // moving the nodes.
-    void MoveInnerLinks(Surface &surface, const QPointF &distance) const;
 
 private:
     const HeldNode *FindHeld(ItemId id) const;
-    void PutBackDisplaced(Surface &surface) const;
+    void RestoreBends(Surface &surface) const;
+    void TakeKeptEndsAlong(Surface &surface) const;
+    // Gives the links between held nodes their routes at the start, moved as a whole (twips).
+    void MoveInnerLinks(Surface &surface, const QPointF &distance) const;
 
     std::vector<HeldNode> nodes_;
     std::vector<HeldLink> links_;
-    std::shared_ptr<HeldRoutes> displaced_; // by the nodes held, since they were put back last
+    std::unique_ptr<RouteTrial> trial_; // none without nodes
 };
 
 } // namespace diagram

@@ -7,6 +7,7 @@
 #include "diagram/interaction/PlaceNode.h"
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/Selecting.h"
+#include "diagram/model/Actions.h"
 #include "diagram/scene/Scene.h"
 
 #include <utility>
@@ -65,7 +66,7 @@ bool Interaction::IsNear(ItemId id, const PointerInput &input) const {
 }
 
 void Interaction::Press(const PointerInput &input) {
-    const Uncounted preview(scene_.Model()); // what stays is written in groups
+    const Uncounted preview(scene_.Model().Actions()); // what stays is written in groups
     held_ = TakesKeys();
     if (held_) gesture_->Move(input);
     if (!gesture_) gesture_ = std::make_unique<diagram::Press>(scene_, stage_, input);
@@ -80,7 +81,7 @@ bool Interaction::Begin(std::unique_ptr<Gesture> gesture) {
 
 void Interaction::Key(const KeyInput &input) {
     if (!TakesKeys()) return;
-    const Uncounted preview(scene_.Model());
+    const Uncounted preview(scene_.Model().Actions());
     if (input.IsEnter())
         Finish(hoverInput_);
     else
@@ -102,7 +103,7 @@ void Interaction::Move(const PointerInput &input) {
         return;
     }
     if (TakesKeys() && !held_) return;
-    const Uncounted preview(scene_.Model());
+    const Uncounted preview(scene_.Model().Actions());
     if (std::unique_ptr<Gesture> next = gesture_->Move(input)) {
         gesture_ = std::move(next);
         gesture_->Move(input);
@@ -121,7 +122,7 @@ void Interaction::Release(const PointerInput &input) {
 void Interaction::Finish(const PointerInput &input) {
     if (TakesKeys()) stage_.Tell(Hint::Nothing);
     // Idle already when the handlers of events run: they may start something of their own.
-    const Uncounted preview(scene_.Model());
+    const Uncounted preview(scene_.Model().Actions());
     const std::unique_ptr<Gesture> ended = std::move(gesture_);
     ended->Commit(input);
 }
@@ -150,7 +151,7 @@ bool Interaction::DoubleClick(const PointerInput &input) {
 
 bool Interaction::Cancel() {
     if (TakesKeys()) stage_.Tell(Hint::Nothing);
-    const Uncounted preview(scene_.Model());
+    const Uncounted preview(scene_.Model().Actions());
     const std::unique_ptr<Gesture> ended = std::move(gesture_);
     if (ended) ended->Cancel();
     return ended != nullptr;

@@ -8,6 +8,7 @@
 #include "diagram/interaction/SideStyle.h"
 #include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/LinkDraft.h"
+#include "diagram/model/Routing.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/Arrows.h"
@@ -102,7 +103,7 @@ QPainterPath LooseEnd::LineOf(Scene &scene, const LinkDraft &draft) const {
     data.style = std::uint8_t(StyleOf(scene, draft));
     LinkDraft styled = draft;
     styled.data = &data;
-    return RoutePath(data.style, scene.Model().RouteOf(styled));
+    return RoutePath(data.style, scene.Model().Routes().RouteOf(styled));
 }
 
 QPainterPath LooseEnd::LineTo(Scene &scene, const Node *target, const QPointF &at) const {

@@ -11,6 +11,7 @@
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/RubberBand.h"
 #include "diagram/interaction/Selecting.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/scene/Scene.h"
 
 #include <array>
@@ -145,7 +146,7 @@ HeldHit HitFor(Scene &scene, const PointerInput &input) {
 }
 
 bool DragsABand(const Surface &surface, const PointerInput &input) {
-    return input.Shift() || surface.ShiftMode();
+    return input.Shift() || surface.Screen().ShiftMode();
 }
 
 Qt::CursorShape PointerOver(const HeldHit &hit, bool band) {

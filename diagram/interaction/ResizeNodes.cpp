@@ -60,20 +60,23 @@ struct Lead {
     QRectF before, after;
 };
 
-// Call it with the nodes as they are held.
+QRectF BoxBeside(const HeldNode &held, const Lead &lead) {
+    if (held.id == lead.node) return lead.after;
+    const NodeData &from = held.data;
+    return ResizedInProportion({from.left, from.top, from.width, from.height}, lead.handle, lead.before,
+                               lead.after);
+}
+
 void ResizeTo(Surface &surface, const HeldItems &items, const Lead &lead) {
-    for (const HeldNode &held : items.Nodes()) {
-        Node *node = surface.FindNode(held.id);
-        if (!node) continue;
-        const NodeData &from = held.data;
-        const QRectF old(from.left, from.top, from.width, from.height);
-        const QRectF to = held.id == lead.node
-                              ? lead.after
-                              : ResizedInProportion(old, lead.handle, lead.before, lead.after);
-        node->SetBounds(float(to.left()), float(to.top()), float(to.width()), float(to.height()));
-    }
-    items.TakeKeptEndsAlong(surface);
-    if (lead.after != lead.before) items.MakeWay(surface);
+    items.Try(surface, [&] {
+        for (const HeldNode &held : items.Nodes()) {
+            Node *node = surface.FindNode(held.id);
+            const QRectF to = BoxBeside(held, lead);
+            if (node)
+                node->SetBounds(float(to.left()), float(to.top()), float(to.width()), float(to.height()));
+        }
+        return lead.after != lead.before;
+    });
 }
 
 QRectF ExtentOf(const Surface &surface, const HeldItems &items) {
@@ -143,10 +146,7 @@ QRectF ResizeNodes::Box(const PointerInput &input) {
     return box;
 }
 
-void ResizeNodes::Apply(const QRectF &box) {
-    held_.RestoreBends(surface_);
-    ResizeTo(surface_, held_, {pressed_, handle_, box_, box});
-}
+void ResizeNodes::Apply(const QRectF &box) { ResizeTo(surface_, held_, {pressed_, handle_, box_, box}); }
 
 std::unique_ptr<Gesture> ResizeNodes::Move(const PointerInput &input) {
     shown_ = Box(input);

@@ -1,6 +1,7 @@
 #include "diagram/interaction/SideStyle.h"
 
 #include "diagram/model/LinkDraft.h"
+#include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/shapes/LinkStyles.h"
@@ -69,14 +70,14 @@ bool Begins(const LinkStyleRow &row, int side) {
 int StyleLeavingBy(Scene &scene, const LinkDraft &draft, int side) {
     Surface &surface = scene.Model();
     if (!draft.source || draft.source == draft.destination) return draft.data->style;
-    if (LeavesBy(draft, surface.RouteOf(draft), side)) return draft.data->style;
+    if (LeavesBy(draft, surface.Routes().RouteOf(draft), side)) return draft.data->style;
     LinkData data = *draft.data;
     LinkDraft other = draft;
     other.data = &data;
     for (const LinkStyleRow &row : LinkStyleTable()) {
         if (!Begins(row, side)) continue;
         data.style = std::uint8_t(row.value);
-        const Route route = surface.RouteOf(other);
+        const Route route = surface.Routes().RouteOf(other);
         if (LeavesBy(other, route, side) && IsClear(scene, other, route)) return row.value;
     }
     return draft.data->style;

@@ -1,15 +1,18 @@
 #include "diagram/interaction/Snap.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 
 #include <cmath>
 
 namespace diagram {
 
-bool Snaps(const Surface &surface, const PointerInput &input) { return surface.SnapToGrid() && !input.Alt(); }
+bool Snaps(const Surface &surface, const PointerInput &input) {
+    return surface.Screen().SnapToGrid() && !input.Alt();
+}
 
 double SnapValue(const Surface &surface, double twips) {
-    const double grid = surface.GridSize();
+    const double grid = surface.Screen().GridSize();
     return std::round(twips / grid) * grid;
 }
 

@@ -1,5 +1,6 @@
 #include "diagram/layout/RouteAnew.h"
 
+#include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
 
 namespace diagram {
@@ -15,7 +16,7 @@ int RouteAnew(Surface &surface) {
         link->SetStyle(style == 0 ? 1 : 0);
         link->SetStyle(style);
     }
-    surface.TidyRoutes();
+    surface.Routes().TidyAll();
     int changed = 0;
     for (const auto &[link, route] : links) changed += link->Route() != route;
     return changed;

@@ -1,6 +1,7 @@
 // How a node takes the size of its picture or its text.
 #include "diagram/model/Node.h"
 #include "diagram/model/Ranges.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/Measures.h"
 #include "diagram/shapes/Shapes.h"
@@ -38,7 +39,8 @@ QSizeF SizeForText(const NodeData &data, const QString &shown, TextMeasure &meas
 
 QRectF Node::ShownBounds() const {
     TextMeasure *measure = Owner().Measure();
-    const bool grows = Owner().ShowsBothTexts() && !data_.event.isEmpty() && data_.autoSize == kToText;
+    const bool grows =
+        Owner().Screen().ShowsBothTexts() && !data_.event.isEmpty() && data_.autoSize == kToText;
     if (!grows || !measure) return Bounds();
     return {Bounds().topLeft(), SizeForText(data_, ShownText(), *measure).expandedTo(Bounds().size())};
 }

@@ -2,6 +2,7 @@
 
 #include "diagram/model/LinkDraft.h"
 #include "diagram/model/RouteRequests.h"
+#include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
 #include "diagram/model/TextBeside.h"
 #include "diagram/shapes/LinkStyles.h"
@@ -156,7 +157,7 @@ int BestOrthogonalStyle(Surface &surface, const LinkDraft &draft) {
     Merit most;
     const auto offer = [&](int style) {
         data.style = std::uint8_t(style);
-        const Route route = surface.RouteOf(styled);
+        const Route route = surface.Routes().RouteOf(styled);
         Merit merit = MeritOf(surface, styled, route);
         if (merit.met <= most.met) merit.crossed = CountCrossed(strangers, route);
         if (merit.IsBetter(most)) best = style, most = merit;

@@ -53,13 +53,9 @@ protected:
     Item &operator=(const Item &) = delete;
 
 private:
-    friend class Surface;
-    friend class Routing;
     Surface *surface_;
     ItemId id_;
     ItemKind kind_;
-    bool doomed_ = false;    // about to be removed with many others
-    bool restacked_ = false; // came in, or got another key, since the items were sorted last
 };
 
 } // namespace diagram

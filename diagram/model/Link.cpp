@@ -2,6 +2,9 @@
 
 #include "diagram/model/PropertyTable.h"
 #include "diagram/model/Routing.h"
+#include "diagram/model/Selection.h"
+#include "diagram/model/Stacking.h"
+#include "diagram/model/Surface.h"
 
 namespace diagram {
 
@@ -9,61 +12,39 @@ template <auto Member, typename T>
 void Link::Write(const T &value) {
     const auto &fitting = Fitting<Member>(value, "Link");
     if (data_.*Member == fitting) return;
-    Owner().Record(*this);
-    data_.*Member = fitting;
-    Owner().Notify(*this, PropertyOf<Member>().what);
+    Owner().WriteTo(*this, PropertyOf<Member>().what, [&] { data_.*Member = fitting; });
 }
 
-bool Link::OwnBends() const {
-    // Finding out changes nothing that can be seen otherwise.
-    Owner().routing_->Settle();
-    Owner().routing_->Judge(const_cast<Link &>(*this));
-    return data_.ownBends;
-}
+// Finding out whose bends they are, or what the route is, changes nothing that can be seen otherwise.
+bool Link::OwnBends() const { return Owner().Routes().OwnBends(const_cast<Link &>(*this)); }
 
-int Link::Zorder() const { return Owner().StackPosition(*this); }
+const std::vector<Point> &Link::Route() const { return Owner().Routes().RouteOf(const_cast<Link &>(*this)); }
 
-const std::vector<Point> &Link::Route() const {
-    Owner().routing_->Settle();
-    if (stale_) Owner().routing_->FindRoute(const_cast<Link &>(*this));
-    return data_.points;
-}
+bool Link::Selected() const { return Owner().Selection().Has(*this); }
+
+int Link::Zorder() const { return Owner().Stacking().Position(*this); }
 
 void Link::SetKey(const QString &key) { Write<&LinkData::key>(key); }
-void Link::SetSource(Node &node) { SetEnd(&LinkData::source, &Link::source_, node); }
-void Link::SetDestination(Node &node) { SetEnd(&LinkData::destination, &Link::destination_, node); }
+void Link::SetSource(Node &node) { Owner().EndAt(*this, node, *destination_); }
+void Link::SetDestination(Node &node) { Owner().EndAt(*this, *source_, node); }
 
-void Link::SetEnd(ItemId LinkData::*member, Node *Link::*end, Node &node) {
-    if (this->*end == &node) return;
-    Surface &surface = Owner();
-    if (&node.Owner() != &surface) {
-        support::Raise(support::kErrInvalidProcedureCall, QStringLiteral("Link"));
-    }
-    surface.routing_->Judge(*this);
-    surface.Record(*this);
-    surface.routing_->RespaceBeside(*this);
-    (this->*end)->Detach(*this);
-    this->*end = &node;
-    data_.*member = node.Id();
-    source_->Attach(*this);
-    destination_->Attach(*this);
-    stale_ = stale_ || !KeepsPoints();
-    surface.routing_->RespaceBeside(*this);
-    surface.Notify(*this, Change::Geometry);
+void Link::EndAt(SurfaceKey, Node &source, Node &destination) {
+    source_ = &source, destination_ = &destination;
+    data_.source = source.Id(), data_.destination = destination.Id();
 }
 
 void Link::SetStyle(int value) {
     const std::uint8_t style = Fitting<&LinkData::style>(value, "Link");
     if (style == data_.style) return;
-    Surface &surface = Owner();
-    surface.routing_->Judge(*this);
-    surface.Record(*this);
-    // Bends of the user's last from one free form to another only.
-    const auto free = [](int of) { return of == 0 || of == 14; };
-    data_.ownBends = data_.ownBends && free(style) && free(data_.style);
-    data_.style = style;
-    stale_ = stale_ || !KeepsPoints();
-    surface.Notify(*this, PropertyOf<&LinkData::style>().what);
+    Routing &routes = Owner().Routes();
+    routes.Judge(*this);
+    Owner().WriteTo(*this, PropertyOf<&LinkData::style>().what, [&] {
+        // Bends of the user's last from one free form to another only.
+        const auto free = [](int of) { return of == 0 || of == 14; };
+        data_.ownBends = data_.ownBends && free(style) && free(data_.style);
+        data_.style = style;
+        routes.Reroute(*this);
+    });
 }
 
 void Link::SetArrowSource(int value) { Write<&LinkData::arrowSource>(value); }
@@ -84,28 +65,24 @@ void Link::SetSelectable(bool on) {
     Write<&LinkData::selectable>(on);
     if (!on) SetSelected(false);
 }
-void Link::SetSelected(bool on) { Owner().Select(*this, on); }
+void Link::SetSelected(bool on) { Owner().Selection().Select(*this, on); }
 void Link::SetMarked(bool on) { Write<&LinkData::marked>(on); }
 void Link::SetRigid(bool on) { Write<&LinkData::rigid>(on); }
 void Link::SetOriented(bool on) { Write<&LinkData::oriented>(on); }
-void Link::SetAddPointsMode(bool on) { Write<&LinkData::addPointsMode>(on), JudgeAfterSwitch(); }
-void Link::SetMovePointsMode(bool on) { Write<&LinkData::movePointsMode>(on), JudgeAfterSwitch(); }
-
-// Whose the points are that came meanwhile is found out among the nodes as they stand now; during a load,
-// when all of them stand.
-void Link::JudgeAfterSwitch() {
-    if (Owner().Loading() || !unjudged_) return;
-    Owner().routing_->Settle();
-    Owner().routing_->Judge(*this);
+void Link::SetAddPointsMode(bool on) {
+    Write<&LinkData::addPointsMode>(on), Owner().Routes().JudgeAfterSwitch(*this);
+}
+void Link::SetMovePointsMode(bool on) {
+    Write<&LinkData::movePointsMode>(on), Owner().Routes().JudgeAfterSwitch(*this);
 }
 
 void Link::SetOwnBends(bool on) {
-    Owner().routing_->Judge(*this);
+    Owner().Routes().Judge(*this);
     Write<&LinkData::ownBends>(on);
 }
-void Link::SetZorder(int position) { Owner().SetStackPosition(*this, position); }
-void Link::BringToFront() { Owner().BringToFront(*this); }
-void Link::SendToBack() { Owner().SendToBack(*this); }
-void Link::Refresh() { Owner().Notify(*this, Change::Look); }
+void Link::SetZorder(int position) { Owner().Stacking().Move(*this, position); }
+void Link::BringToFront() { Owner().Stacking().BringToFront(*this); }
+void Link::SendToBack() { Owner().Stacking().SendToBack(*this); }
+void Link::Refresh() { Owner().Observers().ItemChanged(*this, Change::Look); }
 
 } // namespace diagram

@@ -4,6 +4,7 @@
 #include "diagram/geometry/Point.h"
 #include "diagram/model/Font.h"
 #include "diagram/model/Item.h"
+#include "diagram/model/SurfaceKey.h"
 #include "support/Colour.h"
 
 #include <QString>
@@ -44,6 +45,7 @@ struct LinkData {
 // The points of a link in order, its two ends included. A link always has at least two.
 class LinkPoints {
 public:
+    explicit LinkPoints(Link &link) : link_(&link) {}
     int Count() const;
     Point Item(int position) const;                 // from 0; error 9 "Subscript out of range"
     void SetItem(int position, const Point &point); // moves that point; error 9
@@ -55,8 +57,6 @@ public:
     const std::vector<Point> &All() const;
 
 private:
-    friend class Link;
-    explicit LinkPoints(Link &link) : link_(&link) {}
     Link *link_;
 };
 
@@ -84,12 +84,14 @@ public:
     support::Colour LineColor() const { return data_.lineColor; }
     bool Hidden() const { return data_.hidden; }
     bool Selectable() const { return data_.selectable; }
-    bool Selected() const { return selected_; }
+    bool Selected() const;
     bool Marked() const { return data_.marked; }
     bool Rigid() const { return data_.rigid; }
     bool Oriented() const { return data_.oriented; }
     bool AddPointsMode() const { return data_.addPointsMode; }
     bool MovePointsMode() const { return data_.movePointsMode; }
+    // While one of the two switches is on: the points given stay.
+    bool KeepsPoints() const { return data_.addPointsMode || data_.movePointsMode; }
     bool OwnBends() const;
     int Zorder() const; // as Node::ZOrder
     // Routes the link first when its route is out of date.
@@ -129,32 +131,23 @@ public:
     void SendToBack();
     void Refresh();
 
-private:
-    friend class Surface;
-    friend class LinkPoints;
-    friend class Routing;
-    Link(Surface &surface, ItemId id, LinkData data, Node &source, Node &destination)
+    // For the surface that it lives on.
+    Link(SurfaceKey, Surface &surface, ItemId id, LinkData data, Node &source, Node &destination)
         : Item(surface, id, ItemKind::Link),
           data_(std::move(data)),
           source_(&source),
           destination_(&destination) {}
+    LinkData &Data(SurfaceKey) { return data_; }
+    // The nodes are told by the surface.
+    void EndAt(SurfaceKey, Node &source, Node &destination);
 
+private:
     template <auto Member, typename T>
     void Write(const T &value);
-    void SetEnd(ItemId LinkData::*member, Node *Link::*end, Node &node);
-    void JudgeAfterSwitch();
-    bool KeepsPoints() const { return data_.addPointsMode || data_.movePointsMode; }
-    void WritePoints(std::vector<Point> points);
 
     LinkData data_;
     Node *source_;
     Node *destination_;
-    bool selected_ = false;
-    bool stale_ = true; // the route must be routed before it is read
-    // Points came while a point-edit switch was on: whether their bends are the router's own is found out
-    // when it matters.
-    bool unjudged_ = false;
-    bool indexed_ = false; // its route stands in the routing's index
 };
 
 } // namespace diagram

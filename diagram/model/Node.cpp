@@ -2,6 +2,10 @@
 
 #include "diagram/model/Properties.h"
 #include "diagram/model/PropertyTable.h"
+#include "diagram/model/ScreenValues.h"
+#include "diagram/model/Selection.h"
+#include "diagram/model/Stacking.h"
+#include "diagram/model/Surface.h"
 
 #include <algorithm>
 
@@ -12,32 +16,19 @@ template <auto Member, typename T>
 void Node::Write(const T &value, Change also) {
     const auto &fitting = Fitting<Member>(value, "Node");
     if (data_.*Member == fitting) return;
-    const Change what = PropertyOf<Member>().what | also;
-    Surface &surface = Owner();
-    surface.BeforeWrite(*this, what);
-    surface.Record(*this);
-    data_.*Member = fitting;
-    surface.Notify(*this, what);
-    surface.AfterWrite(*this, what);
+    Owner().WriteTo(*this, PropertyOf<Member>().what | also, [&] { data_.*Member = fitting; });
 }
 
 QString Node::ShownText() const {
-    if (data_.event.isEmpty() || !Owner().ShowsBothTexts()) return data_.text;
+    if (data_.event.isEmpty() || !Owner().Screen().ShowsBothTexts()) return data_.text;
     return data_.text + QLatin1String("\r\n") + data_.event;
 }
 
-int Node::ZOrder() const { return Owner().StackPosition(*this); }
+int Node::ZOrder() const { return Owner().Stacking().Position(*this); }
 
-void Node::SetKey(const QString &key) {
-    if (key == data_.key) return;
-    Surface &surface = Owner();
-    if (!key.isEmpty() && surface.Nodes().Find(key)) {
-        support::Raise(support::kErrKeyInUse, QStringLiteral("Node"));
-    }
-    surface.Record(*this);
-    surface.ReplaceKey(*this, key);
-    surface.Notify(*this, Change::Data);
-}
+bool Node::Selected() const { return Owner().Selection().Has(*this); }
+
+void Node::SetKey(const QString &key) { Owner().Rename(*this, key); }
 
 void Node::SetLeft(float twips) { SetBounds(twips, data_.top, data_.width, data_.height); }
 void Node::SetTop(float twips) { SetBounds(data_.left, twips, data_.width, data_.height); }
@@ -48,15 +39,10 @@ void Node::SetBounds(float left, float top, float width, float height) {
     Checked(IsCoordinate, left, "Node"), Checked(IsCoordinate, top, "Node");
     Checked(IsSize, width, "Node"), Checked(IsSize, height, "Node");
     if (left == data_.left && top == data_.top && width == data_.width && height == data_.height) return;
-    Surface &surface = Owner();
-    surface.BeforeWrite(*this, Change::Geometry);
-    surface.Record(*this);
-    data_.left = left;
-    data_.top = top;
-    data_.width = width;
-    data_.height = height;
-    surface.Notify(*this, Change::Geometry);
-    surface.AfterWrite(*this, Change::Geometry);
+    Owner().WriteTo(*this, Change::Geometry, [&] {
+        data_.left = left, data_.top = top;
+        data_.width = width, data_.height = height;
+    });
 }
 
 void Node::SetShape(int value) { Write<&NodeData::shape>(value), FitToContent(); }
@@ -70,7 +56,7 @@ void Node::SetShadow(int value) { Write<&NodeData::shadow>(value); }
 void Node::SetPicturePos(int value) { Write<&NodeData::picturePos>(value); }
 void Node::SetText(const QString &text) { Write<&NodeData::text>(text), FitToContent(); }
 void Node::SetEvent(const QString &text) {
-    Write<&NodeData::event>(text, Owner().ShowsBothTexts() ? Change::Text : Change::None);
+    Write<&NodeData::event>(text, Owner().Screen().ShowsBothTexts() ? Change::Text : Change::None);
 }
 void Node::SetFont(const diagram::Font &font) { Write<&NodeData::font>(font), FitToContent(); }
 void Node::SetBorderColor(support::Colour colour) { Write<&NodeData::borderColor>(colour); }
@@ -81,7 +67,7 @@ void Node::SetSelectable(bool on) {
     Write<&NodeData::selectable>(on);
     if (!on) SetSelected(false);
 }
-void Node::SetSelected(bool on) { Owner().Select(*this, on); }
+void Node::SetSelected(bool on) { Owner().Selection().Select(*this, on); }
 void Node::SetPicture(const diagram::Picture &picture) { Write<&NodeData::picture>(picture), FitToContent(); }
 void Node::SetTag(const QString &tag) { Write<&NodeData::tag>(tag); }
 void Node::SetMarked(bool on) { Write<&NodeData::marked>(on); }
@@ -94,17 +80,20 @@ void Node::SetLook(const NodeLook &look) {
     Owner().Overwrite(*this, std::move(data));
     FitToContent();
 }
-void Node::SetZOrder(int position) { Owner().SetStackPosition(*this, position); }
-void Node::BringToFront() { Owner().BringToFront(*this); }
-void Node::SendToBack() { Owner().SendToBack(*this); }
-void Node::Refresh() { Owner().Notify(*this, Change::Look); }
+void Node::SetZOrder(int position) { Owner().Stacking().Move(*this, position); }
+void Node::BringToFront() { Owner().Stacking().BringToFront(*this); }
+void Node::SendToBack() { Owner().Stacking().SendToBack(*this); }
+void Node::Refresh() { Owner().Observers().ItemChanged(*this, Change::Look); }
 
-void Node::Attach(Link &link) {
+void Node::Attach(SurfaceKey, Link &link) {
     const auto byId = [](const Link *a, const Link *b) { return a->Id() < b->Id(); };
     const auto at = std::lower_bound(links_.begin(), links_.end(), &link, byId);
     if (at == links_.end() || *at != &link) links_.insert(at, &link);
 }
 
-void Node::Detach(const Link &link) { std::erase(links_, &link); }
+void Node::Detach(SurfaceKey, const Link &link) { std::erase(links_, &link); }
+void Node::Detach(SurfaceKey, const ItemSet &links) {
+    std::erase_if(links_, [&](const Link *link) { return links.Has(link->Id()); });
+}
 
 } // namespace diagram

@@ -4,6 +4,7 @@
 #include "diagram/model/Font.h"
 #include "diagram/model/Item.h"
 #include "diagram/model/Picture.h"
+#include "diagram/model/SurfaceKey.h"
 #include "support/Colour.h"
 
 #include <QRectF>
@@ -11,6 +12,8 @@
 #include <vector>
 
 namespace diagram {
+
+class ItemSet;
 
 // What a node looks like whatever its text, its size and its place are: what new nodes take over from the
 // default node.
@@ -51,6 +54,7 @@ struct NodeData : NodeLook {
 // surface; a link from a node to itself stands in it once.
 class NodeLinks {
 public:
+    NodeLinks(const Node &node, const std::vector<Link *> &links) : node_(&node), links_(&links) {}
     // A link from this node to `destination`, with the surface's defaults, on top of the stacking. Error 5
     // for a node of another surface.
     Link &Add(Node &destination);
@@ -63,9 +67,8 @@ public:
     std::vector<Link *>::const_iterator end() const;
 
 private:
-    friend class Node;
-    explicit NodeLinks(const Node &node) : node_(&node) {}
     const Node *node_;
+    const std::vector<Link *> *links_;
 };
 
 // Setters write through the surface: they tell its observers, and they are recorded while a group is open. A
@@ -103,7 +106,7 @@ public:
     support::Colour ForeColor() const { return data_.foreColor; }
     bool Hidden() const { return data_.hidden; }
     bool Selectable() const { return data_.selectable; }
-    bool Selected() const { return selected_; }
+    bool Selected() const;
     const diagram::Picture &Picture() const { return data_.picture; }
     const QString &Tag() const { return data_.tag; }
     bool Marked() const { return data_.marked; }
@@ -112,7 +115,7 @@ public:
     // Stacking position among all nodes and links of the surface, 0 lowest. Counts once after a change of
     // stacking.
     int ZOrder() const;
-    NodeLinks Links() const { return NodeLinks(*this); }
+    NodeLinks Links() const { return {*this, links_}; }
 
     // Error 457 "This key is already associated with an element of this collection" when another node has it;
     // an empty key is always allowed.
@@ -154,26 +157,21 @@ public:
     // Asks observers to paint the node again.
     void Refresh();
 
-private:
-    friend class Surface;
-    friend class NodeLinks;
-    friend class SurfaceNodes;
-    friend class Link;
-    friend class Routing;
-    Node(Surface &surface, ItemId id, NodeData data)
+    // For the surface that it lives on.
+    Node(SurfaceKey, Surface &surface, ItemId id, NodeData data)
         : Item(surface, id, ItemKind::Node), data_(std::move(data)) {}
+    NodeData &Data(SurfaceKey) { return data_; }
+    void Attach(SurfaceKey, Link &link);
+    void Detach(SurfaceKey, const Link &link);
+    void Detach(SurfaceKey, const ItemSet &links);
 
+private:
     template <auto Member, typename T>
     void Write(const T &value, Change also = Change::None);
     void FitToContent();
-    void Attach(Link &link);
-    void Detach(const Link &link);
 
     NodeData data_;
     std::vector<Link *> links_;
-    bool selected_ = false;
-    bool changed_ = false; // its box in the routing's index is out of date
-    bool blocks_ = false;  // links may have to make way for it
 };
 
 } // namespace diagram

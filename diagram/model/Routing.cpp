@@ -1,5 +1,6 @@
 #include "diagram/model/Routing.h"
 
+#include "diagram/model/Actions.h"
 #include "diagram/model/RouteRequests.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/LinkStyles.h"
@@ -46,60 +47,113 @@ std::vector<Point> Routing::RouteOf(const LinkDraft &link, bool keepBends) {
 }
 
 std::vector<Point> Routing::RouteOf(const LinkDraft &link) {
+    Settle();
+    const bool kept = link.data->addPointsMode || link.data->movePointsMode;
+    if (kept && link.data->points.size() > 1) return link.data->points;
     UpdateNodes();
     return RouteOf(link, link.data->ownBends);
 }
 
+const std::vector<Point> &Routing::RouteOf(Link &link) {
+    Settle();
+    if (IsStale(link)) FindRoute(link);
+    return link.Data().points;
+}
+
+void Routing::Recalculate() {
+    for (const auto &link : surface_.Links()) RouteOf(*link);
+}
+
+void Routing::BringUpToDate(Link &link) {
+    Judge(link);
+    if (IsStale(link)) FindRoute(link);
+}
+
 void Routing::FindRoute(Link &link) {
     UpdateNodes();
-    RouteChanges(link);
-    const bool untidies = !IsQuiet() && surface_.Recording();
-    if (untidies && nudged_.contains(link.Id())) former_.try_emplace(link.Id(), link.data_.points);
-    link.data_.points = RouteOf(LinkDraft(link), link.data_.ownBends);
-    link.stale_ = false;
-    LinkAdded(link);
+    DropRoute(link);
+    LinkData &data = DataOf(link);
+    const bool untidies = !IsQuiet() && surface_.Actions().AreRecorded();
+    if (untidies && nudged_.contains(link.Id())) former_.try_emplace(link.Id(), data.points);
+    data.points = RouteOf(LinkDraft(link), data.ownBends);
+    stale_.Remove(link.Id());
+    NoteRoute(link);
     if (untidies) untidy_.push_back(link.Id());
+}
+
+void Routing::Reroute(Link &link) {
+    if (!link.KeepsPoints()) stale_.Add(link.Id());
+}
+
+void Routing::SetPoints(Link &link, std::vector<Point> points) {
+    if (!IsStale(link) && points == link.Data().points) return;
+    surface_.WriteTo(link, Change::Geometry, [&] {
+        const bool kept = link.KeepsPoints();
+        LinkData &data = DataOf(link);
+        DropRoute(link);
+        data.points = std::move(points);
+        data.ownBends = data.ownBends || !kept;
+        kept ? stale_.Remove(link.Id()) : stale_.Add(link.Id());
+        kept ? unjudged_.Add(link.Id()) : unjudged_.Remove(link.Id());
+        mayBeUnjudged_ = mayBeUnjudged_ || kept;
+    });
+}
+
+bool Routing::OwnBends(Link &link) {
+    Settle();
+    Judge(link);
+    return link.Data().ownBends;
+}
+
+void Routing::TakeBendsAsRouted(Link &link) {
+    unjudged_.Remove(link.Id());
+    DataOf(link).ownBends = false;
+}
+
+// Whose the points are that came meanwhile is found out among the nodes as they stand now; during a load,
+// when all of them stand.
+void Routing::JudgeAfterSwitch(Link &link) {
+    if (surface_.Loading() || !unjudged_.Has(link.Id())) return;
+    Settle();
+    Judge(link);
 }
 
 // Bends that the router gives for the present boxes are its own. Nodes that have changed since the routes
 // were settled count as they were. A straight line that nobody vouches for stays one, as it did in older
 // maps, where its end may be pinned besides.
 void Routing::Judge(Link &link) {
-    if (!link.unjudged_ || link.KeepsPoints()) return;
-    link.unjudged_ = false;
-    const auto &points = link.data_.points;
-    link.data_.ownBends =
-        points.size() > 2 ? !HasSameBends(points, RouteOf(LinkDraft(link), false)) : IsPolyline(link.data_);
+    if (!unjudged_.Has(link.Id()) || link.KeepsPoints()) return;
+    unjudged_.Remove(link.Id());
+    const std::vector<Point> &points = link.Data().points;
+    DataOf(link).ownBends =
+        points.size() > 2 ? !HasSameBends(points, RouteOf(LinkDraft(link), false)) : IsPolyline(link.Data());
 }
 
-bool Routing::IsQuiet() const { return replaying_ || surface_.Loading(); }
+bool Routing::IsQuiet() const { return asTold_ > 0 || surface_.Loading(); }
 
 void Routing::SettleAll() {
     if (!blocking_.empty()) UpdateRoutes();
     for (const ItemId id : std::exchange(blocking_, {})) {
         Node *node = surface_.FindNode(id);
         if (!node) continue;
-        node->blocks_ = false;
+        isBlocking_.Remove(id);
         if (!node->Hidden()) MakeWayFor(*node);
     }
     UpdateNodes();
     for (const ItemId id : std::exchange(moved_, {})) {
         Link *link = surface_.FindLink(id);
-        if (!link || link->stale_ || link->KeepsPoints() || !HasRoutedBends(link->data_)) continue;
+        if (!link || IsStale(*link) || link->KeepsPoints() || !HasRoutedBends(link->Data())) continue;
         const LinkDraft draft(*link);
         const RouteRequest request = RequestFor(draft);
         NeedNodes();
-        if (IsMet(NodesAround(nodes_, draft, request), link->data_.points)) GiveWay(*link);
+        if (IsMet(NodesAround(nodes_, draft, request), link->Data().points)) GiveWay(*link);
     }
 }
 
 void Routing::Keep() {
-    for (const ItemId id : std::exchange(blocking_, {}))
-        if (Node *node = surface_.FindNode(id)) node->blocks_ = false;
+    for (const ItemId id : std::exchange(blocking_, {})) isBlocking_.Remove(id);
     moved_.clear();
 }
-
-void Routing::Check(Link &link) { moved_.push_back(link.Id()); }
 
 void Routing::MakeWayFor(const Node &node) {
     std::vector<BoxIndex::Entry> found;
@@ -113,9 +167,10 @@ void Routing::MakeWayFor(const Node &node) {
 }
 
 bool Routing::IsBlockedBy(const Link &link, const Node &node) const {
-    if (link.stale_ || link.KeepsPoints() || link.data_.ownBends || !HasRoutedBends(link.data_)) return false;
+    if (IsStale(link) || link.KeepsPoints() || link.Data().ownBends || !HasRoutedBends(link.Data()))
+        return false;
     if (&link.Source() == &node || &link.Destination() == &node || IsCrowded(LinkDraft(link))) return false;
-    const std::vector<Point> &route = link.data_.points;
+    const std::vector<Point> &route = link.Data().points;
     bool meets = false;
     for (std::size_t i = 1; i < route.size() && !meets; ++i)
         meets = Meets(node.Bounds(), ToQPointF(route[i - 1]), ToQPointF(route[i]), kNearness);
@@ -125,18 +180,18 @@ bool Routing::IsBlockedBy(const Link &link, const Node &node) const {
 
 void Routing::GiveWay(Link &link) {
     Judge(link);
-    if (link.data_.ownBends) return;
-    const Uncounted derived(surface_);
-    surface_.Record(link);
-    if (const auto held = held_.lock()) held->links.try_emplace(link.Id(), link.data_);
-    link.stale_ = true;
-    surface_.Notify(link, Change::Geometry);
+    if (link.Data().ownBends) return;
+    const Uncounted derived(surface_.Actions());
+    surface_.WriteTo(link, Change::Geometry, [&] {
+        if (const auto displaced = displaced_.lock()) displaced->try_emplace(link.Id(), link.Data());
+        stale_.Add(link.Id());
+    });
 }
 
-void Routing::RespaceBeside(const Link &link) {
+void Routing::RespaceBeside(const Link &link, const ItemSet &going) {
     if (IsQuiet()) return;
     for (Link *other : LinksBeside(link)) {
-        if (other->doomed_ || other->stale_ || other->KeepsPoints()) continue;
+        if (going.Has(other->Id()) || IsStale(*other) || other->KeepsPoints()) continue;
         GiveWay(*other);
     }
 }

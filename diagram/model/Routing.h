@@ -6,10 +6,12 @@
 #pragma once
 
 #include "diagram/model/BoxIndex.h"
-#include "diagram/model/HeldRoutes.h"
+#include "diagram/model/ItemSet.h"
 #include "diagram/model/Link.h"
 #include "diagram/model/Node.h"
+#include "diagram/model/SurfaceKey.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <unordered_map>
@@ -24,51 +26,70 @@ struct LinkDraft;
 // The two indices, of nodes and of routes, are built when they are first needed.
 class Routing {
 public:
-    explicit Routing(Surface &surface) : surface_(surface) {}
+    Routing(Surface &surface, SurfaceKey key) : surface_(surface), key_(key) {}
 
-    void NodeAdded(Node &node);
-    void NodeChanges(Node &node);  // before its box changes, or it is hidden or shown, or goes
-    void NodeChanged(Node &node);  // after it
-    void LinkAdded(Link &link);    // or has got a route
-    void RouteChanges(Link &link); // before its points are replaced, or it goes
-    void Clear();
-
-    // The other links between the same two nodes must be laid out anew: one came, or is about to go.
-    void RespaceBeside(const Link &link);
-
-    // Makes links give way; what is read then is up to date.
+    // The route of the link, up to date.
+    const std::vector<Point> &RouteOf(Link &link);
+    // The route that a link would get among the nodes as they stand, without its being there. It stays as it
+    // is while the points of the draft are kept.
+    std::vector<Point> RouteOf(const LinkDraft &link);
+    // Brings every route up to date.
+    void Recalculate();
+    // Makes links give way to the nodes that have come, moved, grown or been shown since the last time.
+    // Reading a route and opening or closing a group do so by themselves.
     void Settle() {
         if (!blocking_.empty() || !moved_.empty()) SettleAll();
     }
-    // Takes the routes as they are for right, whatever has changed.
+    // Takes all routes as they are for right though nodes have changed: they came back to an earlier state.
     void Keep();
-    // Looks whether anything is in the way of that link.
-    void Check(Link &link);
 
-    void FindRoute(Link &link);
-    // When a group of changes closes: routes the links that it touched, and nudges those that were routed in
-    // it, and what shares a side or a channel with them, apart.
+    // Routes what a group of changes has touched, and nudges the links that were routed in it, and what
+    // shares a side or a channel with them, apart.
     void Tidy(const std::vector<ItemId> &touched);
     void ForgetUntidy() { untidy_.clear(), former_.clear(); }
     // The same of all links there are, from the routes that the router gives them: as they are now doesn't
     // matter, so that doing it again changes nothing.
     void TidyAll();
-    // The route that the link would get now; nothing is changed.
-    std::vector<Point> RouteOf(const LinkDraft &link);
-    // Finds out whether bends that came from outside are the router's own, or the user's.
-    void Judge(Link &link);
-    // Whether the bends of the link are known to be the router's; false also while nobody has found out.
-    static bool AreBendsRouted(const Link &link) { return !link.unjudged_ && !link.data_.ownBends; }
-    // They are, whatever the router would choose now: told of a route that comes from a file.
-    static void TakeBendsAsRouted(Link &link) { link.unjudged_ = link.data_.ownBends = false; }
-    // From now on there may be links to judge.
-    void NoteUnjudged() { unjudged_ = true; }
 
-    // From now on the values of links that give way are kept in `held`, as long as it stands.
-    void Hold(const std::shared_ptr<HeldRoutes> &held) { held_ = held; }
-    bool IsHolding() const { return !held_.expired(); }
-    // While on, writes bring their routes along: nothing gives way.
-    void SetReplaying(bool on) { replaying_ = on; }
+    // Whose the bends are: those that came from outside may be the router's own, or the user's, which is
+    // found out now.
+    bool OwnBends(Link &link);
+    // Whether the bends of the link are known to be the router's; false also while nobody has found out.
+    bool AreBendsRouted(const Link &link) const { return !unjudged_.Has(link.Id()) && !link.Data().ownBends; }
+    // They are, whatever the router would choose now: told of a route that comes from a file.
+    void TakeBendsAsRouted(Link &link);
+
+    // With a point-edit switch on the points stay as given. Without, their bends are the user's from now on,
+    // and the two ends come back to the outlines when the route is read.
+    void SetPoints(Link &link, std::vector<Point> points);
+    // The link is routed anew when its route is read, unless it keeps its points.
+    void Reroute(Link &link);
+    // Route and bends are known: of the link as it is now, without making it give way.
+    void BringUpToDate(Link &link);
+    void Judge(Link &link);
+    // A point-edit switch of the link was turned.
+    void JudgeAfterSwitch(Link &link);
+
+    // Route and whose the bends are stand in the link's values as they are.
+    bool IsKnown(const Link &link) const { return !IsStale(link) && !unjudged_.Has(link.Id()); }
+
+    class Trial;
+    class AsTold;
+    // Whether there is a trial: something is being dragged.
+    bool IsOnTrial() const { return !displaced_.expired(); }
+
+    // What the surface tells of its writes.
+    void NodeAdded(SurfaceKey, Node &node);
+    void LinkAdded(SurfaceKey, Link &link);
+    void BeforeWrite(SurfaceKey, Node &node, Change what);
+    void AfterWrite(SurfaceKey, Node &node, Change what);
+    void BeforeOverwrite(SurfaceKey, Link &link);
+    void AfterOverwrite(SurfaceKey, Link &link); // the route is right as it was told
+    void BeforeRemoval(SurfaceKey, const std::vector<Link *> &links, const std::vector<Node *> &nodes,
+                       const ItemSet &going);
+    // The other links between the same two nodes must be laid out anew: one comes between these, or goes.
+    void RespaceBeside(SurfaceKey, const Link &link) { RespaceBeside(link, {}); }
+    void Clear(SurfaceKey);
 
 private:
     // The route that the router gave, and what became of it when it was nudged; sums of their points.
@@ -80,6 +101,16 @@ private:
         ItemId id;
         bool stood; // it was an obstacle
     };
+    using Displaced = std::map<ItemId, LinkData>; // the values of links before they gave way
+
+    void FindRoute(Link &link);
+    void NodeChanges(Node &node); // before its box changes, or it is hidden or shown, or goes
+    void NodeChanged(Node &node); // after it
+    void NoteRoute(Link &link);   // it has got one
+    void DropRoute(Link &link);   // before its points are replaced, or it goes
+    void RespaceBeside(const Link &link, const ItemSet &going);
+    bool IsStale(const Link &link) const { return stale_.Has(link.Id()); }
+    LinkData &DataOf(Link &link) const { return link.Data(key_); }
 
     void SettleAll();
     void NeedNodes();
@@ -104,8 +135,13 @@ private:
     std::vector<Point> RouteOf(const LinkDraft &link, bool keepBends);
 
     Surface &surface_;
+    SurfaceKey key_;
     BoxIndex nodes_, routes_;
     bool nodesBuilt_ = false, routesBuilt_ = false;
+    // Of links: the route must be routed before it is read; whose the bends are isn't known yet; the route
+    // stands in the index. Of nodes: the box in the index is out of date; links may have to make way for it.
+    ItemSet stale_, unjudged_, indexed_, isChanged_, isBlocking_;
+    bool mayBeUnjudged_ = false;                  // some link, perhaps
     std::vector<ChangedNode> changed_;            // not yet in the index as they are now
     std::vector<ItemId> fresh_;                   // links not yet in the index
     std::vector<ItemId> blocking_;                // nodes for which links must make way yet
@@ -113,9 +149,46 @@ private:
     std::vector<ItemId> untidy_;                  // links that were routed in the open group
     std::map<ItemId, std::vector<Point>> former_; // the routes that they had before
     std::unordered_map<ItemId, Nudged> nudged_;
-    std::weak_ptr<HeldRoutes> held_;
-    bool replaying_ = false;
-    bool unjudged_ = false; // perhaps
+    std::weak_ptr<Displaced> displaced_; // of the trial that began last
+    int asTold_ = 0;
 };
+
+// A gesture tries places for nodes: each time the links on which they lie give way, and those that gave way
+// before have their former routes back, so that a route never depends on the places tried before. What was
+// tried last stays when the trial ends. Of several at once the one that began last counts.
+class Routing::Trial {
+public:
+    // The nodes that are moved, and the links whose routes are moved with them as they are.
+    Trial(Surface &surface, std::vector<ItemId> nodes, std::vector<ItemId> links);
+
+    // `move` starts from what stood before the trial, but for what it moves itself, and returns whether that
+    // is elsewhere now.
+    void Move(const std::function<bool()> &move);
+    // `restore` puts back what was moved: all is as before the trial.
+    void GiveUp(const std::function<void()> &restore);
+
+private:
+    void PutBack();
+
+    Surface &surface_;
+    std::vector<ItemId> nodes_, links_;
+    std::shared_ptr<Displaced> displaced_;
+};
+
+// While one stands, everything is written as it is told: no link gives way or is laid out anew beside
+// another, and what was written counts as right.
+class Routing::AsTold {
+public:
+    explicit AsTold(Surface &surface);
+    ~AsTold();
+    AsTold(const AsTold &) = delete;
+    AsTold &operator=(const AsTold &) = delete;
+
+private:
+    Routing &routing_;
+};
+
+using RouteTrial = Routing::Trial;
+using RoutesAsTold = Routing::AsTold;
 
 } // namespace diagram

@@ -1,6 +1,8 @@
 // The indices of nodes and routes, and what of them is out of date.
+#include "diagram/model/Actions.h"
 #include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
+#include "diagram/model/SurfaceObservers.h"
 #include "diagram/shapes/RouterLanes.h"
 
 #include <algorithm>
@@ -37,23 +39,24 @@ FloatBox BoxOf(const std::vector<Point> &route) {
 
 } // namespace
 
-void Routing::NodeAdded(Node &node) {
+// An item that undo brings back has the identity that it had.
+void Routing::NodeAdded(SurfaceKey, Node &node) {
+    isChanged_.Remove(node.Id()), isBlocking_.Remove(node.Id());
     if (!nodesBuilt_ && IsQuiet()) return;
-    node.changed_ = true;
+    isChanged_.Add(node.Id());
     changed_.push_back({{}, node.Id(), false});
     NodeChanged(node);
 }
 
 void Routing::NodeChanges(Node &node) {
     if (blocking_.empty() && nodesBuilt_) UpdateNodes();
-    if (!node.changed_ && IsObstacle(node)) JudgeAround(node);
-    if (std::exchange(node.changed_, true)) return;
-    changed_.push_back({BoxOf(node), node.Id(), IsObstacle(node)});
+    if (!isChanged_.Has(node.Id()) && IsObstacle(node)) JudgeAround(node);
+    if (isChanged_.Add(node.Id())) changed_.push_back({BoxOf(node), node.Id(), IsObstacle(node)});
 }
 
 // Those that may have gone round the node are judged while it stands there.
 void Routing::JudgeAround(const Node &node) {
-    if (!unjudged_ || IsQuiet() || changed_.size() >= kFew) return;
+    if (!mayBeUnjudged_ || IsQuiet() || changed_.size() >= kFew) return;
     UpdateRoutes();
     constexpr double kReach = 2 * kClearance;
     std::vector<BoxIndex::Entry> found;
@@ -63,18 +66,31 @@ void Routing::JudgeAround(const Node &node) {
 }
 
 void Routing::NodeChanged(Node &node) {
-    if (IsQuiet() || std::exchange(node.blocks_, true)) return;
-    blocking_.push_back(node.Id());
+    if (!IsQuiet() && isBlocking_.Add(node.Id())) blocking_.push_back(node.Id());
 }
 
-void Routing::LinkAdded(Link &link) {
-    link.indexed_ = false;
+void Routing::LinkAdded(SurfaceKey, Link &link) {
+    AfterOverwrite(key_, link);
+    NoteRoute(link);
+    RespaceBeside(link, {});
+}
+
+// Of a link without points the route is still to be found.
+void Routing::AfterOverwrite(SurfaceKey, Link &link) {
+    unjudged_.Remove(link.Id());
+    link.Data().points.size() < 2 ? stale_.Add(link.Id()) : stale_.Remove(link.Id());
+}
+
+void Routing::BeforeOverwrite(SurfaceKey, Link &link) { DropRoute(link); }
+
+void Routing::NoteRoute(Link &link) {
+    indexed_.Remove(link.Id());
     if (routesBuilt_) fresh_.push_back(link.Id());
 }
 
-void Routing::RouteChanges(Link &link) {
-    if (!routesBuilt_ || !std::exchange(link.indexed_, false)) return;
-    routes_.Remove(BoxOf(link.data_.points), link.Id());
+void Routing::DropRoute(Link &link) {
+    if (!routesBuilt_ || !indexed_.Remove(link.Id())) return;
+    routes_.Remove(BoxOf(link.Data().points), link.Id());
     fresh_.push_back(link.Id());
     if (!AreMany(fresh_.size(), routes_)) return;
     routesBuilt_ = false;
@@ -82,12 +98,47 @@ void Routing::RouteChanges(Link &link) {
     fresh_ = {};
 }
 
-void Routing::Clear() {
+void Routing::BeforeRemoval(SurfaceKey, const std::vector<Link *> &links, const std::vector<Node *> &nodes,
+                            const ItemSet &going) {
+    for (Link *link : links) {
+        DropRoute(*link);
+        if (!going.Has(link->Source().Id()) && !going.Has(link->Destination().Id()))
+            RespaceBeside(*link, going);
+    }
+    for (Node *node : nodes) NodeChanges(*node);
+}
+
+// The routes of a node's links are known, and recorded, before it moves.
+void Routing::BeforeWrite(SurfaceKey, Node &node, Change what) {
+    if (!Has(what, Change::Geometry | Change::Visibility)) return;
+    if (Has(what, Change::Geometry)) {
+        for (Link *link : node.Links()) {
+            Judge(*link);
+            if (!link->KeepsPoints()) surface_.Actions().WillChange(key_, *link);
+        }
+    }
+    NodeChanges(node);
+}
+
+void Routing::AfterWrite(SurfaceKey, Node &node, Change what) {
+    if (!Has(what, Change::Geometry | Change::Visibility)) return;
+    if (Has(what, Change::Geometry)) {
+        for (Link *link : node.Links()) {
+            if (link->KeepsPoints()) continue;
+            stale_.Add(link->Id());
+            surface_.Observers().ItemChanged(*link, Change::Geometry);
+        }
+    }
+    NodeChanged(node);
+}
+
+void Routing::Clear(SurfaceKey) {
     nodes_.Clear(), routes_.Clear();
     nodesBuilt_ = routesBuilt_ = false;
     changed_ = {}, fresh_ = {}, blocking_ = {}, moved_ = {}, untidy_ = {};
     former_.clear(), nudged_.clear();
-    unjudged_ = false;
+    for (ItemSet *set : {&stale_, &unjudged_, &indexed_, &isChanged_, &isBlocking_}) set->Clear();
+    mayBeUnjudged_ = false;
 }
 
 void Routing::NeedNodes() {
@@ -98,7 +149,7 @@ void Routing::NeedNodes() {
 void Routing::BuildNodes() {
     std::vector<BoxIndex::Entry> entries;
     for (const Node &node : surface_.Nodes())
-        if (!node.changed_ && IsObstacle(node)) entries.emplace_back(BoxOf(node), node.Id());
+        if (!isChanged_.Has(node.Id()) && IsObstacle(node)) entries.emplace_back(BoxOf(node), node.Id());
     for (const ChangedNode &node : changed_)
         if (node.stood) entries.emplace_back(node.before, node.id);
     nodes_.Build(entries);
@@ -112,7 +163,7 @@ void Routing::UpdateNodes() {
     for (const ChangedNode &entry : changed) {
         // One that went and came back has two entries.
         Node *node = surface_.FindNode(entry.id);
-        const bool first = node && std::exchange(node->changed_, false);
+        const bool first = node && isChanged_.Remove(entry.id);
         if (anew) continue;
         if (entry.stood) nodes_.Remove(entry.before, entry.id);
         if (first && IsObstacle(*node)) nodes_.Insert(BoxOf(*node), entry.id);
@@ -124,8 +175,12 @@ void Routing::BuildRoutes() {
     std::vector<BoxIndex::Entry> entries;
     fresh_.clear();
     for (const auto &link : surface_.Links()) {
-        link->indexed_ = !link->stale_;
-        if (link->indexed_) entries.emplace_back(BoxOf(link->data_.points), link->Id());
+        if (IsStale(*link)) {
+            indexed_.Remove(link->Id());
+            continue;
+        }
+        indexed_.Add(link->Id());
+        entries.emplace_back(BoxOf(link->Data().points), link->Id());
     }
     routes_.Build(entries);
     routesBuilt_ = true;
@@ -136,8 +191,8 @@ void Routing::UpdateRoutes() {
     if (!routesBuilt_) return BuildRoutes();
     for (const ItemId id : std::exchange(fresh_, {})) {
         Link *link = surface_.FindLink(id);
-        if (!link || link->stale_ || std::exchange(link->indexed_, true)) continue;
-        routes_.Insert(BoxOf(link->data_.points), id);
+        if (!link || IsStale(*link) || !indexed_.Add(id)) continue;
+        routes_.Insert(BoxOf(link->Data().points), id);
     }
 }
 

@@ -1,4 +1,5 @@
 // Nudges the routes apart that a group of changes has made.
+#include "diagram/model/Actions.h"
 #include "diagram/model/RouteRequests.h"
 #include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
@@ -82,7 +83,7 @@ void KeepEachOnce(std::vector<Link *> &links) {
 void Routing::Tidy(const std::vector<ItemId> &touched) {
     if (IsQuiet()) return;
     for (const ItemId id : touched)
-        if (const Link *link = surface_.FindLink(id)) link->Route();
+        if (Link *link = surface_.FindLink(id)) RouteOf(*link);
     std::vector<ItemId> untidy = std::exchange(untidy_, {});
     if (untidy.empty()) return;
     std::ranges::sort(untidy);
@@ -109,22 +110,23 @@ bool Routing::TakeFormerRoute(Link &link) {
     const auto nudged = nudged_.find(link.Id());
     if (former == former_.end() || nudged == nudged_.end() || nudged->second.routed != SumOf(link))
         return false;
-    std::vector<Point> route = std::exchange(link.data_.points, former->second);
+    std::vector<Point> &points = DataOf(link).points;
+    std::vector<Point> route = std::exchange(points, former->second);
     const bool isSame = nudged->second.route == SumOf(link);
-    link.data_.points.swap(route);
+    points.swap(route);
     if (!isSame) return false;
     const LinkDraft draft(link);
     const RouteRequest request = RequestFor(draft);
     const NodesAround around(nodes_, draft, request);
-    if (IsMet(around, route) && !IsMet(around, link.data_.points)) return false;
-    if (route != link.data_.points) TakeRoute(link, std::move(route));
+    if (IsMet(around, route) && !IsMet(around, points)) return false;
+    if (route != points) TakeRoute(link, std::move(route));
     return true;
 }
 
 void Routing::TidyAll() {
     for (const auto &link : surface_.Links())
         if (MayNudge(*link)) GiveWay(*link);
-    surface_.Recalculate();
+    Recalculate();
     UpdateNodes(), NeedNodes(), UpdateRoutes();
     std::vector<Link *> links;
     for (const auto &link : surface_.Links())
@@ -138,10 +140,10 @@ void Routing::TidyAll() {
 }
 
 bool Routing::MayNudge(Link &link) {
-    if (link.stale_ || link.KeepsPoints() || !IsOrthogonal(link) || link.Hidden()) return false;
-    if (link.data_.ownBends || IsCrowded(LinkDraft(link))) return false;
+    if (IsStale(link) || link.KeepsPoints() || !IsOrthogonal(link) || link.Hidden()) return false;
+    if (link.Data().ownBends || IsCrowded(LinkDraft(link))) return false;
     Judge(link);
-    return !link.data_.ownBends;
+    return !link.Data().ownBends;
 }
 
 std::vector<Link *> Routing::LinksToNudge(const std::vector<ItemId> &untidy) {
@@ -166,15 +168,15 @@ void Routing::DrawStraight(Link &link) {
     const NodesAround around(nodes_, draft, request);
     request.obstacles = &around;
     std::vector<Point> route = WithoutStairs(request);
-    if (route != link.data_.points) TakeRoute(link, std::move(route));
+    if (route != link.Data().points) TakeRoute(link, std::move(route));
 }
 
 void Routing::AddSideMates(const Link &link, std::vector<Link *> &found) {
-    const std::vector<Point> &route = link.data_.points;
-    const auto add = [&found](Node &node, int side) {
+    const std::vector<Point> &route = link.Data().points;
+    const auto add = [&](Node &node, int side) {
         if (node.Links().Count() > kManyMates) return;
         for (Link *other : node.Links())
-            if (!other->stale_ && side != 0 && EndsAt(*other, node, side)) found.push_back(other);
+            if (!IsStale(*other) && side != 0 && EndsAt(*other, node, side)) found.push_back(other);
     };
     add(link.Source(), SideOf(route[0], route[1]));
     add(link.Destination(), SideOf(route.back(), route[route.size() - 2]));
@@ -182,7 +184,7 @@ void Routing::AddSideMates(const Link &link, std::vector<Link *> &found) {
 
 void Routing::AddNear(const Link &link, double reach, std::vector<Link *> &found) {
     std::vector<BoxIndex::Entry> entries;
-    const std::vector<Point> &route = link.data_.points;
+    const std::vector<Point> &route = link.Data().points;
     for (std::size_t i = 1; i < route.size(); ++i)
         routes_.Find(Neighbourhood(ToQPointF(route[i - 1]), ToQPointF(route[i]), reach), entries);
     std::ranges::sort(entries, {}, &BoxIndex::Entry::second);
@@ -190,7 +192,7 @@ void Routing::AddNear(const Link &link, double reach, std::vector<Link *> &found
     for (const BoxIndex::Entry &entry : entries) {
         if (std::exchange(last, entry.second) == entry.second || entry.second == link.Id()) continue;
         Link *other = surface_.FindLink(entry.second);
-        if (other && !other->stale_ && !other->Hidden() && AreBeside(link, *other, reach))
+        if (other && !IsStale(*other) && !other->Hidden() && AreBeside(link, *other, reach))
             found.push_back(other);
     }
 }
@@ -206,14 +208,14 @@ void Routing::NudgeApart(const std::vector<Link *> &links, const std::map<ItemId
     for (std::size_t i = 0; i < all.size(); ++i) {
         const LinkDraft draft(*all[i]);
         nudged[i] = {RequestFor(draft), all[i]->Source().Id(), all[i]->Destination().Id(),
-                     LookOf(all[i]->data_), !std::ranges::binary_search(links, all[i]->Id(), {}, &Link::Id)};
+                     LookOf(all[i]->Data()), !std::ranges::binary_search(links, all[i]->Id(), {}, &Link::Id)};
         if (nudged[i].stays) continue;
         around.push_back(std::make_unique<NodesAround>(nodes_, draft, nudged[i].request));
         nudged[i].request.obstacles = around.back().get();
     }
     std::vector<std::vector<Point>> routes = Nudge(nudged);
     for (std::size_t i = 0; i < all.size(); ++i)
-        if (!nudged[i].stays && routes[i] != all[i]->data_.points) TakeRoute(*all[i], std::move(routes[i]));
+        if (!nudged[i].stays && routes[i] != all[i]->Data().points) TakeRoute(*all[i], std::move(routes[i]));
     NoteNudged(routed, links);
 }
 
@@ -225,12 +227,12 @@ void Routing::NoteNudged(const std::map<ItemId, std::uint64_t> &routed, const st
 }
 
 void Routing::TakeRoute(Link &link, std::vector<Point> route) {
-    const Uncounted derived(surface_);
-    surface_.Record(link);
-    RouteChanges(link);
-    link.data_.points = std::move(route);
-    LinkAdded(link);
-    surface_.Notify(link, Change::Geometry);
+    const Uncounted derived(surface_.Actions());
+    surface_.WriteTo(link, Change::Geometry, [&] {
+        DropRoute(link);
+        DataOf(link).points = std::move(route);
+        NoteRoute(link);
+    });
 }
 
 } // namespace diagram

@@ -1,10 +1,15 @@
 #include "diagram/model/Surface.h"
 
+#include "diagram/model/Actions.h"
+#include "diagram/model/Properties.h"
 #include "diagram/model/PropertyTable.h"
 #include "diagram/model/Routing.h"
+#include "diagram/model/ScreenValues.h"
+#include "diagram/model/Selection.h"
+#include "diagram/model/Stacking.h"
 
 #include <algorithm>
-#include <atomic>
+#include <optional>
 
 namespace diagram {
 
@@ -17,160 +22,107 @@ SurfaceEvents &NobodyListens() {
 
 } // namespace
 
-std::uint64_t NextRevisionNumber() {
-    static std::atomic<std::uint64_t> last = 0;
-    return ++last;
-}
-
 Surface::Surface()
-    : events_(&NobodyListens()), outside_(NextRevisionNumber()), routing_(std::make_unique<Routing>(*this)) {}
+    : events_(&NobodyListens()),
+      selection_(std::make_unique<diagram::Selection>(observers_)),
+      stacking_(
+          std::make_unique<diagram::Stacking>([this](Item &item, StackKey key) { WriteStack(item, key); })),
+      screen_(std::make_unique<ScreenValues>(observers_)),
+      routing_(std::make_unique<Routing>(*this, SurfaceKey())),
+      actions_(std::make_unique<diagram::Actions>(observers_, *routing_)) {}
 
 Surface::~Surface() = default;
 
 void Surface::SetEvents(SurfaceEvents *events) { events_ = events ? events : &NobodyListens(); }
-void Surface::SetLog(std::unique_ptr<ChangeLog> log) { log_ = std::move(log); }
-
-void Surface::AddObserver(SurfaceObserver &observer) { observers_.push_back(&observer); }
-void Surface::RemoveObserver(SurfaceObserver &observer) { std::erase(observers_, &observer); }
 
 void Surface::SetMeasure(TextMeasure *measure) {
     if (measure == measure_) return;
     measure_ = measure;
-    NotifySurface(Change::Text);
+    observers_.SurfaceChanged(Change::Text);
 }
 
-bool Surface::Recording() const { return log_ && log_->Depth() > 0; }
+Node *Surface::SelectedNode() const { return selection_->LastNode(); }
+Link *Surface::SelectedLink() const { return selection_->LastLink(); }
+const std::vector<Node *> &Surface::SelectedNodes() const { return selection_->Nodes(); }
+const std::vector<Link *> &Surface::SelectedLinks() const { return selection_->Links(); }
+void Surface::UnselectAll() { selection_->Clear(); }
 
-void Surface::CountWrite() {
-    if (uncounted_ == 0) outside_ = NextRevisionNumber();
+void Surface::BeginAction(std::int16_t code) { actions_->Begin(code); }
+void Surface::EndAction() { actions_->End(); }
+bool Surface::CanUndo() const { return actions_->CanUndo(); }
+bool Surface::CanRedo() const { return actions_->CanRedo(); }
+void Surface::Undo() { actions_->Undo(); }
+void Surface::Redo() { actions_->Redo(); }
+
+void Surface::BeforeWrite(Node &node, Change what) {
+    routing_->BeforeWrite(SurfaceKey(), node, what);
+    actions_->WillChange(SurfaceKey(), node);
 }
 
-Revision Surface::Revision() const { return {log_ ? log_->State() : 0, outside_}; }
-
-void Surface::SetRevision(const diagram::Revision &revision) {
-    if (log_) log_->Forget(), log_->SetState(revision.step);
-    outside_ = revision.outside;
+void Surface::AfterWrite(Node &node, Change what) {
+    observers_.ItemChanged(node, what);
+    routing_->AfterWrite(SurfaceKey(), node, what);
 }
 
-void Surface::Record(const Node &node) {
-    if (!Recording()) return CountWrite();
-    log_->WillChange(node);
-}
+void Surface::BeforeWrite(Link &link) { actions_->WillChange(SurfaceKey(), link); }
 
-void Surface::Record(Link &link) {
-    if (!Recording()) return CountWrite();
-    // A route that has become out of date within the group needn't be known between two writes.
-    if (log_->Knows(link)) return;
-    BringUpToDate(link);
-    log_->WillChange(link);
-}
-
-void Surface::RecordSurface() {
-    if (!Recording()) return CountWrite();
-    log_->WillChangeSurface(data_);
-}
-
-void Surface::Notify(Item &item, Change what) {
-    for (SurfaceObserver *observer : observers_) observer->ItemChanged(item, what);
-}
-
-void Surface::NotifySurface(Change what) {
-    for (SurfaceObserver *observer : observers_) observer->SurfaceChanged(what);
+void Surface::WriteStack(Item &item, StackKey key) {
+    const auto write = [&](auto &stacked) {
+        WriteTo(stacked, Change::Stacking, [&] {
+            stacked.Data(SurfaceKey()).stack = key;
+            stacking_->Restacked(SurfaceKey(), stacked);
+        });
+    };
+    item.AsNode() ? write(*item.AsNode()) : write(*item.AsLink());
 }
 
 template <auto Member, typename T>
 void Surface::Write(const T &value) {
     const auto &fitting = Fitting<Member>(value, "Surface");
     if (data_.*Member == fitting) return;
-    RecordSurface();
+    actions_->WillChange(SurfaceKey(), data_);
     data_.*Member = fitting;
-    NotifySurface(PropertyOf<Member>().what);
+    observers_.SurfaceChanged(PropertyOf<Member>().what);
 }
 
 void Surface::SetTag(const QString &tag) { Write<&SurfaceData::tag>(tag); }
 void Surface::SetPicture(const diagram::Picture &picture) { Write<&SurfaceData::picture>(picture); }
 void Surface::SetBackColor(support::Colour colour) { Write<&SurfaceData::backColor>(colour); }
 void Surface::SetxZoom(int percent) {
-    const Uncounted sight(*this);
+    const Uncounted sight(*actions_);
     Write<&SurfaceData::xZoom>(percent);
 }
 void Surface::SetyZoom(int percent) {
-    const Uncounted sight(*this);
+    const Uncounted sight(*actions_);
     Write<&SurfaceData::yZoom>(percent);
 }
 void Surface::SetGridLines(bool on) {
-    const Uncounted sight(*this);
+    const Uncounted sight(*actions_);
     Write<&SurfaceData::gridLines>(on);
 }
 
-void Surface::SetGridSize(float twips) {
-    if (!(twips > 0 && twips <= kLargestCoordinate)) RaiseInvalidValue("Surface");
-    gridSize_ = twips;
-    NotifySurface(Change::Look);
+void Surface::Overwrite(SurfaceData data) {
+    const Change what = Difference(data_, data);
+    if (what == Change::None) return;
+    std::optional<Uncounted> sight;
+    if (!IsOtherWork(data_, data)) sight.emplace(*actions_);
+    actions_->WillChange(SurfaceKey(), data_);
+    data_ = std::move(data);
+    observers_.SurfaceChanged(what);
 }
 
-void Surface::SetGridColor(support::Colour colour) {
-    gridColor_ = colour;
-    NotifySurface(Change::Look);
+void Surface::SetDefaults(const NodeLook &defaults) {
+    if (!IsValid(defaults)) RaiseInvalidValue("Surface");
+    SurfaceData data = data_;
+    data.defaults = defaults;
+    Overwrite(std::move(data));
 }
 
-void Surface::SetGridStyle(int style) {
-    gridStyle_ = Checked(IsGridStyle, style, "Surface");
-    NotifySurface(Change::Look);
-}
-
-void Surface::SetShowsBothTexts(bool on) {
-    if (on == showsBothTexts_) return;
-    showsBothTexts_ = on;
-    NotifySurface(Change::Text | Change::Look);
-}
-
-// What gives way belongs to the group in which it was made to.
-void Surface::BeginAction(std::int16_t code) {
-    if (!log_) return;
-    if (!Recording()) SettleRoutes();
-    log_->Begin(code);
-}
-bool Surface::ContinueAction() {
-    if (!log_ || Recording()) return false;
-    SettleRoutes();
-    return log_->Continue();
-}
-void Surface::EndAction() {
-    if (!log_) return;
-    if (Recording()) SettleRoutes();
-    if (log_->Depth() == 1) routing_->Tidy(log_->TouchedLinks());
-    log_->End();
-}
-void Surface::CancelAction() {
-    if (!log_) return;
-    if (Recording()) SettleRoutes();
-    routing_->ForgetUntidy();
-    log_->Cancel();
-}
-bool Surface::CanUndo() const { return log_ && log_->CanUndo(); }
-bool Surface::CanRedo() const { return log_ && log_->CanRedo(); }
-void Surface::PrepareUndo() {
-    if (log_->Depth() > 0) return; // an error then
-    for (SurfaceObserver *observer : observers_) observer->BeforeUndo();
-}
-
-void Surface::FinishUndo() {
-    for (SurfaceObserver *observer : observers_) observer->AfterUndo();
-}
-
-void Surface::Undo() {
-    if (!log_) return;
-    PrepareUndo();
-    log_->Undo();
-    FinishUndo();
-}
-
-void Surface::Redo() {
-    if (!log_) return;
-    PrepareUndo();
-    log_->Redo();
-    FinishUndo();
+void Surface::PageGrown(float right, float down) {
+    SurfaceData data = data_;
+    data.grownLeft += right;
+    data.grownTop += down;
+    Overwrite(std::move(data));
 }
 
 QRectF Surface::Extent() const {

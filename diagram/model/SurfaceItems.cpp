@@ -1,11 +1,14 @@
-// The collections of a surface: adding, removing, finding, replacing, selecting.
+// The collections of a surface: adding, removing, finding, replacing.
+#include "diagram/model/Actions.h"
 #include "diagram/model/Properties.h"
 #include "diagram/model/Ranges.h"
 #include "diagram/model/Routing.h"
+#include "diagram/model/Selection.h"
+#include "diagram/model/Stacking.h"
 #include "diagram/model/Surface.h"
 
 #include <algorithm>
-#include <optional>
+#include <iterator>
 
 namespace diagram {
 
@@ -32,6 +35,17 @@ T &InsertById(std::vector<std::unique_ptr<T>> &items, std::unique_ptr<T> item) {
     return result;
 }
 
+// Takes out those that are going, in their order.
+template <typename T>
+std::vector<std::unique_ptr<T>> TakeFrom(std::vector<std::unique_ptr<T>> &items, const ItemSet &going) {
+    std::vector<std::unique_ptr<T>> gone;
+    const auto stays = [&](const auto &item) { return !going.Has(item->Id()); };
+    const auto first = std::stable_partition(items.begin(), items.end(), stays);
+    std::move(first, items.end(), std::back_inserter(gone));
+    items.erase(first, items.end());
+    return gone;
+}
+
 } // namespace
 
 Item *Surface::FindItem(ItemId id) const { return id < byId_.size() ? byId_[id] : nullptr; }
@@ -52,33 +66,31 @@ void Surface::NoteId(Item &item) {
     byId_[item.Id()] = &item;
 }
 
-void Surface::NoteAdded(const Item &item) {
-    if (!Recording()) return CountWrite();
-    log_->Added(item);
-}
-
 Node &Surface::Insert(std::unique_ptr<Node> node) {
     Node &added = InsertById(nodes_, std::move(node));
     NoteId(added);
     if (!added.Key().isEmpty()) byKey_.insert(added.Key(), &added);
-    NoteStacked(added);
-    NoteAdded(added);
-    routing_->NodeAdded(added);
-    for (SurfaceObserver *observer : observers_) observer->ItemAdded(added);
+    stacking_->Added(SurfaceKey(), added);
+    actions_->Added(SurfaceKey(), added);
+    routing_->NodeAdded(SurfaceKey(), added);
+    observers_.ItemAdded(added);
     return added;
 }
 
 Link &Surface::Insert(std::unique_ptr<Link> link) {
     Link &added = InsertById(links_, std::move(link));
     NoteId(added);
-    added.source_->Attach(added);
-    added.destination_->Attach(added);
-    NoteStacked(added);
-    NoteAdded(added);
-    routing_->LinkAdded(added);
-    routing_->RespaceBeside(added);
-    for (SurfaceObserver *observer : observers_) observer->ItemAdded(added);
+    Attach(added);
+    stacking_->Added(SurfaceKey(), added);
+    actions_->Added(SurfaceKey(), added);
+    routing_->LinkAdded(SurfaceKey(), added);
+    observers_.ItemAdded(added);
     return added;
+}
+
+Node &Surface::AddNode(NodeData data) {
+    data.stack = stacking_->KeyOnTop();
+    return Insert(std::make_unique<Node>(SurfaceKey(), *this, nextId_, std::move(data)));
 }
 
 Link &Surface::AddLink(Node &source, Node &destination) {
@@ -86,215 +98,157 @@ Link &Surface::AddLink(Node &source, Node &destination) {
     LinkData data;
     data.source = source.Id();
     data.destination = destination.Id();
-    data.stack = topStack_ + kStackGap;
-    return Insert(std::unique_ptr<Link>(new Link(*this, nextId_, std::move(data), source, destination)));
+    data.stack = stacking_->KeyOnTop();
+    return Insert(std::make_unique<Link>(SurfaceKey(), *this, nextId_, std::move(data), source, destination));
 }
 
 Node &Surface::Restore(ItemId id, NodeData data) {
     if (id == kNoItem || FindItem(id)) RaiseInvalidCall();
-    if (Nodes().Find(data.key)) data.key.clear();
-    return Insert(std::unique_ptr<Node>(new Node(*this, id, std::move(data))));
+    if (FindNode(data.key)) data.key.clear();
+    return Insert(std::make_unique<Node>(SurfaceKey(), *this, id, std::move(data)));
 }
 
 Link &Surface::Restore(ItemId id, LinkData data) {
     Node *source = FindNode(data.source);
     Node *destination = FindNode(data.destination);
     if (id == kNoItem || !source || !destination || FindItem(id)) RaiseInvalidCall();
-    std::unique_ptr<Link> link(new Link(*this, id, std::move(data), *source, *destination));
-    link->stale_ = link->data_.points.size() < 2;
-    return Insert(std::move(link));
+    return Insert(std::make_unique<Link>(SurfaceKey(), *this, id, std::move(data), *source, *destination));
 }
 
 void Surface::ReplaceKey(Node &node, const QString &key) {
-    if (!node.data_.key.isEmpty()) byKey_.remove(node.data_.key);
-    node.data_.key = key;
+    if (!node.Key().isEmpty()) byKey_.remove(node.Key());
+    node.Data(SurfaceKey()).key = key;
     if (!key.isEmpty()) byKey_.insert(key, &node);
 }
 
+void Surface::Rename(Node &node, const QString &key) {
+    if (key == node.Key()) return;
+    if (!key.isEmpty() && FindNode(key)) support::Raise(support::kErrKeyInUse, QStringLiteral("Node"));
+    WriteTo(node, Change::Data, [&] { ReplaceKey(node, key); });
+}
+
 void Surface::Overwrite(Node &node, NodeData data) {
-    const bool renamed = data.key != node.data_.key;
-    if (renamed && Nodes().Find(data.key)) data.key = node.data_.key;
-    const Change what = Difference(node.data_, data);
+    const bool renamed = data.key != node.Key();
+    if (renamed && FindNode(data.key)) data.key = node.Key();
+    const Change what = Difference(node.Data(), data);
     if (what == Change::None) return;
-    BeforeWrite(node, what);
-    Record(node);
-    if (data.key != node.data_.key) ReplaceKey(node, data.key);
-    node.data_ = std::move(data);
-    if (Has(what, Change::Stacking)) NoteRestacked(node);
-    Notify(node, what);
-    AfterWrite(node, what);
-    if (!node.Selectable()) Select(node, false);
+    WriteTo(node, what, [&] {
+        if (data.key != node.Key()) ReplaceKey(node, data.key);
+        node.Data(SurfaceKey()) = std::move(data);
+        if (Has(what, Change::Stacking)) stacking_->Restacked(SurfaceKey(), node);
+    });
+    if (!node.Selectable()) selection_->Select(node, false);
 }
 
 void Surface::Overwrite(Link &link, LinkData data) {
     Node *source = FindNode(data.source);
     Node *destination = FindNode(data.destination);
     if (!source || !destination) RaiseInvalidCall();
-    const Change what = Difference(link.data_, data);
-    if (what == Change::None && !link.stale_ && !link.unjudged_) return;
-    Record(link);
-    routing_->RouteChanges(link);
-    link.data_ = std::move(data);
-    EndAt(link, *source, *destination);
-    link.stale_ = link.data_.points.size() < 2;
-    link.unjudged_ = false;
-    if (Has(what, Change::Stacking)) NoteRestacked(link);
-    Notify(link, what);
-    if (!link.Selectable()) Select(link, false);
+    const Change what = Difference(link.Data(), data);
+    if (what == Change::None && routing_->IsKnown(link)) return;
+    WriteTo(link, what, [&] {
+        routing_->BeforeOverwrite(SurfaceKey(), link);
+        link.Data(SurfaceKey()) = std::move(data);
+        Reattach(link, *source, *destination);
+        routing_->AfterOverwrite(SurfaceKey(), link);
+        if (Has(what, Change::Stacking)) stacking_->Restacked(SurfaceKey(), link);
+    });
+    if (!link.Selectable()) selection_->Select(link, false);
+}
+
+void Surface::Attach(Link &link) {
+    link.Source().Attach(SurfaceKey(), link);
+    link.Destination().Attach(SurfaceKey(), link);
+}
+
+void Surface::Reattach(Link &link, Node &source, Node &destination) {
+    if (&link.Source() == &source && &link.Destination() == &destination) return;
+    link.Source().Detach(SurfaceKey(), link);
+    link.Destination().Detach(SurfaceKey(), link);
+    link.EndAt(SurfaceKey(), source, destination);
+    Attach(link);
 }
 
 void Surface::EndAt(Link &link, Node &source, Node &destination) {
-    if (link.source_ == &source && link.destination_ == &destination) return;
-    link.source_->Detach(link);
-    link.destination_->Detach(link);
-    link.source_ = &source;
-    link.destination_ = &destination;
-    source.Attach(link);
-    destination.Attach(link);
-}
-
-void Surface::Overwrite(SurfaceData data) {
-    const Change what = Difference(data_, data);
-    if (what == Change::None) return;
-    std::optional<Uncounted> sight;
-    if (!IsOtherWork(data_, data)) sight.emplace(*this);
-    RecordSurface();
-    data_ = std::move(data);
-    NotifySurface(what);
-}
-
-void Surface::SetDefaults(const NodeLook &defaults) {
-    if (!IsValid(defaults)) RaiseInvalidValue("Surface");
-    SurfaceData data = data_;
-    data.defaults = defaults;
-    Overwrite(std::move(data));
-}
-
-void Surface::PageGrown(float right, float down) {
-    SurfaceData data = data_;
-    data.grownLeft += right;
-    data.grownTop += down;
-    Overwrite(std::move(data));
+    if (&link.Source() == &source && &link.Destination() == &destination) return;
+    if (&source.Owner() != this || &destination.Owner() != this)
+        support::Raise(support::kErrInvalidProcedureCall, QStringLiteral("Link"));
+    routing_->Judge(link);
+    WriteTo(link, Change::Geometry, [&] {
+        routing_->RespaceBeside(SurfaceKey(), link);
+        Reattach(link, source, destination);
+        routing_->Reroute(link);
+        routing_->RespaceBeside(SurfaceKey(), link);
+    });
 }
 
 void Surface::Remove(Node &node) { Remove({&node}, {}); }
 void Surface::Remove(Link &link) { Remove({}, {&link}); }
 
 void Surface::Remove(const std::vector<Node *> &nodes, const std::vector<Link *> &links) {
-    std::vector<Node *> goneNodes;
-    std::vector<Link *> goneLinks;
-    const auto doom = [this](auto *item, auto &list) {
+    ItemSet going;
+    std::vector<Node *> goingNodes;
+    std::vector<Link *> goingLinks;
+    const auto take = [&](auto *item, auto &list) {
         if (&item->Owner() != this) RaiseInvalidCall();
-        if (!std::exchange(item->doomed_, true)) list.push_back(item);
+        if (going.Add(item->Id())) list.push_back(item);
     };
-    for (Link *link : links) doom(link, goneLinks);
+    for (Link *link : links) take(link, goingLinks);
     for (Node *node : nodes) {
-        doom(node, goneNodes);
-        for (Link *link : node->links_) doom(link, goneLinks);
+        take(node, goingNodes);
+        for (Link *link : node->Links()) take(link, goingLinks);
     }
-    Take(goneLinks, goneNodes);
+    if (!goingNodes.empty() || !goingLinks.empty()) Take(goingLinks, goingNodes, going);
 }
 
-// Takes the items, all of them doomed, out of every collection and ends them.
-void Surface::Take(const std::vector<Link *> &links, const std::vector<Node *> &nodes) {
-    if (links.empty() && nodes.empty()) return;
-    if (Recording()) {
-        for (Link *link : links) BringUpToDate(*link), log_->WillRemove(*link);
-        for (const Node *node : nodes) log_->WillRemove(*node);
-    } else {
-        CountWrite();
-    }
+// Takes the items out of every collection and ends them.
+void Surface::Take(const std::vector<Link *> &links, const std::vector<Node *> &nodes, const ItemSet &going) {
+    actions_->WillRemove(SurfaceKey(), links, nodes);
+    routing_->BeforeRemoval(SurfaceKey(), links, nodes, going);
     for (Link *link : links) {
-        routing_->RouteChanges(*link);
-        if (!link->source_->doomed_ && !link->destination_->doomed_) routing_->RespaceBeside(*link);
+        for (Node *end : {&link->Source(), &link->Destination()})
+            if (!going.Has(end->Id())) end->Detach(SurfaceKey(), going);
+        byId_[link->Id()] = nullptr;
     }
-    for (Node *node : nodes) routing_->NodeChanges(*node);
-    const auto isDoomed = [](const auto *item) { return item->doomed_; };
-    for (Link *link : links) {
-        if (!link->source_->doomed_) std::erase_if(link->source_->links_, isDoomed);
-        if (!link->destination_->doomed_) std::erase_if(link->destination_->links_, isDoomed);
-    }
-    for (Node *node : nodes) {
+    for (const Node *node : nodes) {
         if (!node->Key().isEmpty()) byKey_.remove(node->Key());
+        byId_[node->Id()] = nullptr;
     }
-    std::erase_if(selectedNodes_, isDoomed);
-    std::erase_if(selectedLinks_, isDoomed);
-    std::erase_if(stacking_, isDoomed);
-    std::erase_if(restacked_, isDoomed);
-    for (const Link *link : links) byId_[link->Id()] = nullptr;
-    for (const Node *node : nodes) byId_[node->Id()] = nullptr;
+    selection_->Forget(SurfaceKey(), going);
+    stacking_->Forget(SurfaceKey(), going);
+    const auto goneLinks = TakeFrom(links_, going);
+    TellTaken(goneLinks, TakeFrom(nodes_, going));
+}
 
-    const auto takeFrom = [](auto &items) {
-        std::remove_reference_t<decltype(items)> gone;
-        const auto stays = [](const auto &item) { return !item->doomed_; };
-        const auto first = std::stable_partition(items.begin(), items.end(), stays);
-        std::move(first, items.end(), std::back_inserter(gone));
-        items.erase(first, items.end());
-        return gone;
-    };
-    const auto goneLinks = takeFrom(links_);
-    const auto goneNodes = takeFrom(nodes_);
-    const bool nothingLeft = nodes_.empty();
-    if (nothingLeft) routing_->Clear();
-    for (SurfaceObserver *observer : observers_) {
-        if (nothingLeft) {
-            observer->Cleared();
-            continue;
-        }
-        for (const auto &link : goneLinks) observer->ItemRemoved(*link);
-        for (const auto &node : goneNodes) observer->ItemRemoved(*node);
+void Surface::TellTaken(const std::vector<std::unique_ptr<Link>> &links,
+                        const std::vector<std::unique_ptr<Node>> &nodes) {
+    if (nodes_.empty()) {
+        routing_->Clear(SurfaceKey());
+        observers_.Cleared();
+        return;
     }
+    for (const auto &link : links) observers_.ItemRemoved(*link);
+    for (const auto &node : nodes) observers_.ItemRemoved(*node);
 }
 
 void Surface::DeleteSelection() {
-    if (selectedNodes_.empty() && selectedLinks_.empty()) return;
-    BeginAction(0);
-    Remove(std::vector<Node *>(selectedNodes_), std::vector<Link *>(selectedLinks_));
-    EndAction();
+    if (selection_->IsEmpty()) return;
+    actions_->Begin(0);
+    Remove(std::vector<Node *>(selection_->Nodes()), std::vector<Link *>(selection_->Links()));
+    actions_->End();
 }
 
 void Surface::Reset() {
-    selectedNodes_.clear();
-    selectedLinks_.clear();
-    stacking_.clear();
-    restacked_.clear();
+    selection_->ForgetAll(SurfaceKey());
+    stacking_->ForgetAll(SurfaceKey());
     byKey_.clear();
     byId_.clear();
     // Observers must not be left with items that are gone, nor be told while items still stand.
     const auto links = std::exchange(links_, {});
     const auto nodes = std::exchange(nodes_, {});
-    routing_->Clear();
-    if (log_) log_->Forget();
-    CountWrite();
-    for (SurfaceObserver *observer : observers_) observer->Cleared();
-}
-
-Node *Surface::SelectedNode() const { return selectedNodes_.empty() ? nullptr : selectedNodes_.back(); }
-Link *Surface::SelectedLink() const { return selectedLinks_.empty() ? nullptr : selectedLinks_.back(); }
-
-void Surface::Select(Item &item, bool on) {
-    const auto select = [on](auto &selected, auto &list) {
-        if (selected.selected_ == on || (on && !selected.Selectable())) return false;
-        selected.selected_ = on;
-        if (on) {
-            list.push_back(&selected);
-        } else {
-            list.erase(std::ranges::find(list, &selected));
-        }
-        return true;
-    };
-    const bool changed =
-        item.AsNode() ? select(*item.AsNode(), selectedNodes_) : select(*item.AsLink(), selectedLinks_);
-    if (changed) Notify(item, Change::Selection);
-}
-
-void Surface::UnselectAll() {
-    const auto nodes = std::exchange(selectedNodes_, {});
-    const auto links = std::exchange(selectedLinks_, {});
-    for (Node *node : nodes) node->selected_ = false;
-    for (Link *link : links) link->selected_ = false;
-    for (Node *node : nodes) Notify(*node, Change::Selection);
-    for (Link *link : links) Notify(*link, Change::Selection);
+    routing_->Clear(SurfaceKey());
+    actions_->Reset(SurfaceKey());
+    observers_.Cleared();
 }
 
 } // namespace diagram

@@ -10,8 +10,7 @@ Node &SurfaceNodes::Add(float left, float top, float width, float height) {
     data.top = Checked(IsCoordinate, top, "Nodes");
     data.width = Checked(IsSize, width, "Nodes");
     data.height = Checked(IsSize, height, "Nodes");
-    data.stack = surface_->topStack_ + kStackGap;
-    return surface_->Insert(std::unique_ptr<Node>(new Node(*surface_, surface_->nextId_, std::move(data))));
+    return surface_->AddNode(std::move(data));
 }
 
 Node &SurfaceNodes::Item(const QString &key) const {
@@ -20,21 +19,21 @@ Node &SurfaceNodes::Item(const QString &key) const {
 }
 
 Node &SurfaceNodes::Item(int position) const {
-    if (position >= 1 && position <= Count()) return *surface_->nodes_[std::size_t(position) - 1];
+    if (position >= 1 && position <= Count()) return *surface_->AllNodes()[std::size_t(position) - 1];
     support::Raise(support::kErrSubscriptOutOfRange, QStringLiteral("Nodes"));
 }
 
-Node *SurfaceNodes::Find(const QString &key) const { return surface_->byKey_.value(key, nullptr); }
-int SurfaceNodes::Count() const { return int(surface_->nodes_.size()); }
+Node *SurfaceNodes::Find(const QString &key) const { return surface_->FindNode(key); }
+int SurfaceNodes::Count() const { return int(surface_->AllNodes().size()); }
 
 void SurfaceNodes::Clear() {
     std::vector<Node *> nodes;
-    nodes.reserve(surface_->nodes_.size());
-    for (const auto &node : surface_->nodes_) nodes.push_back(node.get());
+    nodes.reserve(surface_->AllNodes().size());
+    for (const auto &node : surface_->AllNodes()) nodes.push_back(node.get());
     surface_->Remove(nodes, {});
 }
 
-SurfaceNodes::Iterator SurfaceNodes::begin() const { return Iterator(surface_->nodes_.begin()); }
-SurfaceNodes::Iterator SurfaceNodes::end() const { return Iterator(surface_->nodes_.end()); }
+SurfaceNodes::Iterator SurfaceNodes::begin() const { return Iterator(surface_->AllNodes().begin()); }
+SurfaceNodes::Iterator SurfaceNodes::end() const { return Iterator(surface_->AllNodes().end()); }
 
 } // namespace diagram

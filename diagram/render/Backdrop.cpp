@@ -1,5 +1,6 @@
 #include "diagram/render/Backdrop.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "diagram/render/PicturePainter.h"
 #include "diagram/scene/Scene.h"
 
@@ -55,13 +56,15 @@ void PaintCrosses(QPainter &painter, const Ruling &x, const Ruling &y, int dot, 
 }
 
 void PaintGrid(Paint &paint, const Surface &surface) {
-    const Ruling x = Rule(paint.area.left(), paint.frame.xScale, paint.area.width(), surface.GridSize());
-    const Ruling y = Rule(paint.area.top(), paint.frame.yScale, paint.area.height(), surface.GridSize());
+    const Ruling x =
+        Rule(paint.area.left(), paint.frame.xScale, paint.area.width(), surface.Screen().GridSize());
+    const Ruling y =
+        Rule(paint.area.top(), paint.frame.yScale, paint.area.height(), surface.Screen().GridSize());
     constexpr auto kStyles = std::to_array({PaintDots, PaintCrosses, PaintLines});
-    const int style = std::clamp(surface.GridStyle(), 0, 2);
+    const int style = std::clamp(surface.Screen().GridStyle(), 0, 2);
     paint.pencil.Smooth(false);
     kStyles[std::size_t(style)](paint.Painter(), x, y, std::max(1, int(paint.frame.dot)),
-                                QColor::fromRgb(ToRgb(surface.GridColor())));
+                                QColor::fromRgb(ToRgb(surface.Screen().GridColor())));
 }
 
 // At its own size from the surface's origin.

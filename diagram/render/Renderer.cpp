@@ -2,6 +2,7 @@
 
 #include "diagram/geometry/Units.h"
 #include "diagram/model/Sights.h"
+#include "diagram/model/Stacking.h"
 #include "diagram/render/Backdrop.h"
 #include "diagram/render/CalendarPainter.h"
 #include "diagram/render/CoarsePainter.h"
@@ -167,12 +168,12 @@ void Renderer::Paint(QPainter &painter, Scene &scene, const QRectF &area, const 
         paint.pencil.Smooth(false);
         const bool all = SeesMost(paint);
         if (!all) FindItems(paint, items);
-        ForShown(options, all ? scene.Model().StackingOrder() : items,
+        ForShown(options, all ? scene.Model().Stacking().Order() : items,
                  [&](Item &item) { PaintItemCoarsely(paint, coarse, item); });
     } else {
         const bool all = options.vector && SeesMost(paint);
         if (!all) FindItems(paint, items);
-        ForShown(options, all ? scene.Model().StackingOrder() : items,
+        ForShown(options, all ? scene.Model().Stacking().Order() : items,
                  [&](Item &item) { PaintItem(paint, item); });
     }
     calendar.PaintAbove();

@@ -2,6 +2,8 @@
 
 #include "diagram/model/AnyItem.h"
 #include "diagram/model/BoxIndex.h"
+#include "diagram/model/Routing.h"
+#include "diagram/model/Stacking.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/scene/Crossings.h"
@@ -243,13 +245,13 @@ void Scene::State::UpdateItems(Surface &surface) {
 
 // Many changed items are cheaper to index anew with all the others.
 void Scene::State::Update(Surface &surface) {
-    surface.SettleRoutes();
+    surface.Routes().Settle();
     const bool many =
         dirty.size() > kFewItems && dirty.size() > (nodes.Size() + links.Size() + loose.size()) / 4;
-    if (!built || (many && !surface.HoldsRoutes())) return Build(surface);
+    if (!built || (many && !surface.Routes().IsOnTrial())) return Build(surface);
     many ? Follow(surface) : UpdateItems(surface);
     const auto extent =
-        surface.HoldsRoutes() ? LabelPlaces::Extent::OfChangedLinks : LabelPlaces::Extent::All;
+        surface.Routes().IsOnTrial() ? LabelPlaces::Extent::OfChangedLinks : LabelPlaces::Extent::All;
     if (!labels.IsUpToDate(extent)) {
         labels.Update(surface, NodesAround(), extent, [this](Link &link) {
             if (Is(link.Id(), kIndexed)) AddDamage(boxes[link.Id()].Rect());
@@ -261,10 +263,10 @@ void Scene::State::Update(Surface &surface) {
 
 Scene::Scene(Surface &surface) : surface_(surface), state_(std::make_unique<State>()) {
     state_->DamageAll();
-    surface_.AddObserver(*this);
+    surface_.Observers().Add(*this);
 }
 
-Scene::~Scene() { surface_.RemoveObserver(*this); }
+Scene::~Scene() { surface_.Observers().Remove(*this); }
 
 // Only what can't be selected is part of the strip. How many nodes belong to a fold, and which lanes there
 // are, changes with what comes, goes and is hidden.
@@ -327,7 +329,7 @@ void Scene::ItemsIn(const QRectF &area, std::vector<Item *> &items) {
     const FloatBox query = BoxAround(area.normalized());
     const QRectF extent = state_->Extent();
     if (!extent.isNull() && query.Rect().contains(extent)) {
-        std::ranges::copy_if(surface_.StackingOrder(), std::back_inserter(items),
+        std::ranges::copy_if(surface_.Stacking().Order(), std::back_inserter(items),
                              [](const Item *item) { return !IsHidden(*item); });
         return;
     }
@@ -341,7 +343,7 @@ void Scene::ItemsIn(const QRectF &area, std::vector<Item *> &items) {
     std::vector<bool> isFound(state_->flags.size());
     for (std::size_t i = start; i < items.size(); ++i) isFound[items[i]->Id()] = true;
     items.resize(start);
-    std::ranges::copy_if(surface_.StackingOrder(), std::back_inserter(items),
+    std::ranges::copy_if(surface_.Stacking().Order(), std::back_inserter(items),
                          [&](const Item *item) { return bool(isFound[item->Id()]); });
 }
 

@@ -1,6 +1,7 @@
 #include "diagram/view/Glide.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
@@ -81,9 +82,9 @@ std::vector<Point> Between(const std::vector<Point> &from, const std::vector<Poi
 }
 
 GlidingCopy::GlidingCopy(Surface &surface, const ItemPlaces &before) : copy_(std::make_unique<Surface>()) {
-    surface.Recalculate();
+    surface.Routes().Recalculate();
     LoadBytes(*copy_, SaveBytes(surface));
-    copy_->SetReplaying(true);
+    told_ = std::make_unique<RoutesAsTold>(*copy_);
     auto node = copy_->Nodes().begin();
     for (const Node &original : surface.Nodes()) {
         moves_.push_back(
@@ -170,7 +171,7 @@ Glide::Glide(SurfaceView &view, const ItemPlaces &before, int milliseconds)
     setGeometry(view.viewport()->rect());
     view.installEventFilter(this);
     view.viewport()->installEventFilter(this);
-    surface_.AddObserver(*this);
+    surface_.Observers().Add(*this);
     animation_.setStartValue(0.0);
     animation_.setEndValue(1.0);
     animation_.setDuration(milliseconds);
@@ -181,7 +182,7 @@ Glide::Glide(SurfaceView &view, const ItemPlaces &before, int milliseconds)
     animation_.start();
 }
 
-Glide::~Glide() { surface_.RemoveObserver(*this); }
+Glide::~Glide() { surface_.Observers().Remove(*this); }
 
 void Glide::Finish() {
     animation_.stop();

@@ -4,6 +4,7 @@
 
 #include "diagram/geometry/Point.h"
 #include "diagram/model/ChangeLog.h"
+#include "diagram/model/Routing.h"
 
 #include <memory>
 #include <QHash>
@@ -42,6 +43,7 @@ private:
     struct Move;
 
     std::unique_ptr<Surface> copy_;
+    std::unique_ptr<RoutesAsTold> told_;
     std::unique_ptr<Scene> scene_;
     std::vector<Move> moves_;
 };

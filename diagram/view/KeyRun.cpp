@@ -1,5 +1,7 @@
 #include "diagram/view/KeyRun.h"
 
+#include "diagram/model/Actions.h"
+
 namespace diagram {
 
 std::vector<ItemId> KeyRun::Selected() const {
@@ -10,16 +12,16 @@ std::vector<ItemId> KeyRun::Selected() const {
 }
 
 bool KeyRun::GoesOn(Kind kind, quint64 time) const {
-    return kind == kind_ && surface_.Revision() == after_ && time < time_ + kRunPause &&
+    return kind == kind_ && surface_.Actions().Revision() == after_ && time < time_ + kRunPause &&
            Selected() == selected_;
 }
 
 // A run that has come back to where it began has no step to go on with.
 bool KeyRun::Do(Kind kind, quint64 time, const std::function<bool(bool)> &change) {
     const bool goesOn = GoesOn(kind, time);
-    if (!goesOn) before_ = surface_.Revision();
+    if (!goesOn) before_ = surface_.Actions().Revision();
     const bool done = change(goesOn);
-    after_ = surface_.Revision();
+    after_ = surface_.Actions().Revision();
     kind_ = after_ == before_ ? Kind::None : kind;
     selected_ = Selected();
     time_ = time;

@@ -1,6 +1,7 @@
 // Keys pressed in a row that together are one step of undo.
 #pragma once
 
+#include "diagram/model/Revision.h"
 #include "diagram/model/Surface.h"
 
 #include <functional>

@@ -1,5 +1,6 @@
 #include "diagram/view/PastePlace.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Scene.h"
 
@@ -55,8 +56,8 @@ public:
     // Whole steps of the grid, so that everything stands on it as before.
     QPointF OnGrid(const QPointF &shift) const {
         const Surface &surface = scene_.Model();
-        if (!surface.SnapToGrid()) return shift;
-        const double grid = surface.GridSize();
+        if (!surface.Screen().SnapToGrid()) return shift;
+        const double grid = surface.Screen().GridSize();
         return {std::ceil(shift.x() / grid) * grid, std::ceil(shift.y() / grid) * grid};
     }
 

@@ -2,6 +2,7 @@
 
 #include "diagram/export/PictureKinds.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
 #include "support/PlatformClipboard.h"
@@ -27,14 +28,14 @@ public:
           bytes_(SaveBytes(surface)),
           picture_(surface.Picture()),
           colour_(surface.BackColor()),
-          bothTexts_(surface.ShowsBothTexts()) {}
+          bothTexts_(surface.Screen().ShowsBothTexts()) {}
 
 protected:
     void Fill(Surface &copy) const override {
         LoadBytes(copy, bytes_);
         copy.SetPicture(picture_);
         copy.SetBackColor(colour_);
-        copy.SetShowsBothTexts(bothTexts_);
+        copy.Screen().SetShowsBothTexts(bothTexts_);
     }
 
 private:

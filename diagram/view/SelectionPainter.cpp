@@ -21,7 +21,7 @@ constexpr double kRingGap = 6;
 constexpr double kGlow = 5; // width of the glow along a selected link
 
 // Everything that painting a selection looks at.
-struct Selection {
+struct PaintedSelection {
     QPainter &painter;
     Scene &scene;
     const Viewport &viewport;
@@ -43,7 +43,7 @@ QRegion Reach(const QRegion &area) {
     return reach;
 }
 
-void PaintRing(const Selection &to, const QRectF &box, FocusRing ring) {
+void PaintRing(const PaintedSelection &to, const QRectF &box, FocusRing ring) {
     const QRectF around = to.look.Crisp(box.adjusted(-kRingGap, -kRingGap, kRingGap, kRingGap));
     to.painter.setBrush(Qt::NoBrush);
     if (ring == FocusRing::Faint) {
@@ -57,7 +57,7 @@ void PaintRing(const Selection &to, const QRectF &box, FocusRing ring) {
     to.painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
-void AddNode(Selection &to, const Node &node, FocusRing ring) {
+void AddNode(PaintedSelection &to, const Node &node, FocusRing ring) {
     const QRectF frame = to.viewport.FromSurface(HandleFrame(node.Bounds(), to.side));
     if (ring != FocusRing::None) PaintRing(to, frame, ring);
     to.marks.AddFrame(frame);
@@ -65,12 +65,12 @@ void AddNode(Selection &to, const Node &node, FocusRing ring) {
         to.marks.AddHandle(to.viewport.FromSurface(place), kHandle);
 }
 
-bool IsReached(const Selection &to, const QRectF &pixels) {
+bool IsReached(const PaintedSelection &to, const QRectF &pixels) {
     const QRectF near = pixels.adjusted(-1, -1, 1, 1) & QRectF(to.reach.boundingRect());
     return !near.isEmpty() && to.reach.intersects(near.toAlignedRect());
 }
 
-void AddNodes(Selection &to, FocusRing ring) {
+void AddNodes(PaintedSelection &to, FocusRing ring) {
     for (const Node *node : to.scene.Model().SelectedNodes()) {
         const QRectF box = to.viewport.FromSurface(node->Bounds());
         if (to.sights.Hides(*node) || !IsReached(to, box)) continue;
@@ -87,7 +87,7 @@ bool HasSegmentHandles(const Link &link) {
 }
 
 // The label is left free, as it is of the line itself.
-void AddGlow(Selection &to, const Link &link, const QRectF &label) {
+void AddGlow(PaintedSelection &to, const Link &link, const QRectF &label) {
     const QPainterPath path = to.viewport.ToPixels().map(to.scene.LinkPath(link));
     if (to.marks.AddGlow(path, kGlow, label)) return;
     to.painter.save();
@@ -103,7 +103,7 @@ void AddGlow(Selection &to, const Link &link, const QRectF &label) {
     to.painter.restore();
 }
 
-void AddBends(Selection &to, const Link &link, const QRectF &label) {
+void AddBends(PaintedSelection &to, const Link &link, const QRectF &label) {
     const std::vector<Point> &route = link.Route();
     const bool segments = HasSegmentHandles(link);
     for (size_t i = 0; i < route.size(); ++i) {
@@ -116,7 +116,7 @@ void AddBends(Selection &to, const Link &link, const QRectF &label) {
     }
 }
 
-void AddLinks(Selection &to, ItemId loose) {
+void AddLinks(PaintedSelection &to, ItemId loose) {
     for (const Link *link : to.scene.Model().SelectedLinks()) {
         if (to.sights.Hides(*link) || link->Id() == loose) continue;
         if (!IsReached(to, to.viewport.FromSurface(to.scene.Bounds(*link)))) continue;
@@ -139,15 +139,15 @@ void PaintSelection(QPainter &painter, Scene &scene, const Viewport &viewport, c
     const PointerInput pointer{{}, {}, viewport.Pixel(), {}};
     const OverlayLook look = LookFor(scene.Model(), painter);
     const SelectionForm form = FormOf(scene.Model());
-    Selection to{painter,
-                 scene,
-                 viewport,
-                 Reach(area),
-                 look,
-                 OptionsFor(pointer).handleSize,
-                 Marks(look, form.nodeHandles ? Faded(look.accent, 110) : look.accent),
-                 form,
-                 sights};
+    PaintedSelection to{painter,
+                        scene,
+                        viewport,
+                        Reach(area),
+                        look,
+                        OptionsFor(pointer).handleSize,
+                        Marks(look, form.nodeHandles ? Faded(look.accent, 110) : look.accent),
+                        form,
+                        sights};
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, false);
     AddLinks(to, loose);

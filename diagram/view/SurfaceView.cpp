@@ -2,6 +2,7 @@
 
 #include "diagram/interaction/PlaceNode.h"
 #include "diagram/interaction/Selecting.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceClipboard.h"
 #include "diagram/view/SurfaceViewKeys.h"
 
@@ -258,7 +259,7 @@ void SurfaceView::focusOutEvent(QFocusEvent *event) {
     impl_->Guard("focusOutEvent", [&] { impl_->FocusGoes(); });
     impl_->keys->HideSize();
     impl_->keys->LetGo();
-    Model().SetShiftMode(false);
+    Model().Screen().SetShiftMode(false);
     viewport()->update();
 }
 

@@ -25,7 +25,7 @@ SurfaceView::Impl::Impl(SurfaceView &itsView, Surface &itsSurface)
       offer(itsView, [this](bool yes) { Answered(yes); }),
       keys(std::make_unique<Keys>(*this)),
       notices(itsView) {
-    surface.AddObserver(*this);
+    surface.Observers().Add(*this);
     surface.SetMeasure(&renderer.Measure());
     QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &view, [this] {
         copiedAt_ = pointerOver_ ? std::optional(viewport.ToSurface(pointer)) : std::nullopt;
@@ -34,7 +34,7 @@ SurfaceView::Impl::Impl(SurfaceView &itsView, Surface &itsSurface)
 }
 
 SurfaceView::Impl::~Impl() {
-    surface.RemoveObserver(*this);
+    surface.Observers().Remove(*this);
     if (surface.Measure() == &renderer.Measure()) surface.SetMeasure(nullptr);
 }
 

@@ -8,6 +8,7 @@
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/interaction/Snap.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/view/KeyCodes.h"
 
 #include <QKeyEvent>
@@ -140,7 +141,7 @@ bool SurfaceView::Impl::Keys::ArrowKey(const KeyInput &input, quint64 time) {
     const QPointF direction = input.Arrow();
     if (direction.isNull() || interaction_.IsActive()) return false;
     if (input.Ctrl()) return walk_.Towards(direction, input);
-    const double step = input.Shift() ? surface_.GridSize() : kPixelTwips;
+    const double step = input.Shift() ? surface_.Screen().GridSize() : kPixelTwips;
     if (input.Alt()) return Resize(direction * step, time);
     if (MoveSelectionByDays(surface_, impl_.Days(), direction, input.Shift() ? kWeek : 1)) {
         if (const Node *node = surface_.SelectedNode()) view_.EnsureVisible(node->Bounds());

@@ -1,6 +1,7 @@
 #include "diagram/view/Viewport.h"
 
 #include "diagram/geometry/Units.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Scene.h"
 
@@ -217,8 +218,8 @@ void Viewport::EnsureVisible(const QRectF &twips) {
 void Viewport::TellSurface() {
     const QSizeF size(area_.viewport()->size());
     const QPoint scroll = Scroll();
-    surface_.SetSize(float(size.width() * kTwipsPerPixel), float(size.height() * kTwipsPerPixel));
-    surface_.SetScroll(float(scroll.x() / xScale_), float(scroll.y() / yScale_));
+    surface_.Screen().SetSize(float(size.width() * kTwipsPerPixel), float(size.height() * kTwipsPerPixel));
+    surface_.Screen().SetScroll(float(scroll.x() / xScale_), float(scroll.y() / yScale_));
 }
 
 } // namespace diagram

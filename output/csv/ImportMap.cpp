@@ -1,5 +1,6 @@
 #include "output/csv/ImportMap.h"
 
+#include "diagram/model/Actions.h"
 #include "diagram/model/Surface.h"
 #include "document/BusyWindow.h"
 #include "document/clsfrmMain.h"
@@ -46,7 +47,7 @@ class Step {
 public:
     explicit Step(diagram::Surface &surface) : surface_(surface) { document::BeginAction(surface); }
     ~Step() {
-        if (!closed_) surface_.CancelAction();
+        if (!closed_) surface_.Actions().Cancel();
     }
     Step(const Step &) = delete;
     Step &operator=(const Step &) = delete;

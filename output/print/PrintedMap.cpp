@@ -1,5 +1,7 @@
 #include "output/print/PrintedMap.h"
 
+#include "diagram/model/Routing.h"
+#include "diagram/model/ScreenValues.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
 #include "document/SurfaceArray.h"
@@ -19,11 +21,11 @@ diagram::LinkData Stored(const diagram::Link &link) {
 }
 
 void CopyLook(const diagram::Surface &from, diagram::Surface &to) {
-    to.SetGridSize(from.GridSize());
-    to.SetGridColor(from.GridColor());
-    to.SetGridStyle(from.GridStyle());
-    to.SetSize(from.Width(), from.Height());
-    to.SetShowsBothTexts(from.ShowsBothTexts());
+    to.Screen().SetGridSize(from.Screen().GridSize());
+    to.Screen().SetGridColor(from.Screen().GridColor());
+    to.Screen().SetGridStyle(from.Screen().GridStyle());
+    to.Screen().SetSize(from.Screen().Width(), from.Screen().Height());
+    to.Screen().SetShowsBothTexts(from.Screen().ShowsBothTexts());
 }
 
 } // namespace
@@ -34,14 +36,12 @@ std::unique_ptr<diagram::Surface> CopyOf(const diagram::Surface &surface) {
     diagram::SurfaceData data = surface.Data();
     data.xZoom = data.yZoom = kPlainZoom;
     copy->Overwrite(std::move(data));
-    copy->SetReplaying(true);
+    const diagram::RoutesAsTold told(*copy);
     copy->SetLoading(true);
     for (const diagram::Node &node : surface.Nodes()) copy->Restore(node.Id(), node.Data());
     for (const auto &link : surface.Links()) copy->Restore(link->Id(), Stored(*link));
     CopyLook(surface, *copy);
-    copy->KeepRoutes();
     copy->SetLoading(false);
-    copy->SetReplaying(false);
     return copy;
 }
 

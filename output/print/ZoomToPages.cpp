@@ -1,5 +1,6 @@
 #include "output/print/ZoomToPages.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 #include "output/print/PrnFlow.h"
 #include "support/Val.h"
@@ -25,8 +26,8 @@ void ZoomToPages(diagram::Surface &surface, int n, const QSizeF &scrollBars) {
     const auto zoom = [n](double room, double size) {
         return support::CLng(std::clamp(n * kPlainZoom * room / size, 0.0, kMostZoom));
     };
-    SetZoom(surface, std::min(zoom(surface.Width() - scrollBars.width(), extent.width()),
-                              zoom(surface.Height() - scrollBars.height(), extent.height())));
+    SetZoom(surface, std::min(zoom(surface.Screen().Width() - scrollBars.width(), extent.width()),
+                              zoom(surface.Screen().Height() - scrollBars.height(), extent.height())));
 }
 
 void ZoomBack(PrnFlow &flow) {

@@ -1,6 +1,7 @@
 #include "dialogs/LinkEdit.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/model/Actions.h"
 #include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/LinkStyles.h"
@@ -144,7 +145,7 @@ TEST_F(LinkEditTest, AfterAnErrorTheMapIsDirtyAndNoGroupIsOpen) {
     EXPECT_THROW(ApplyTo(links, values), support::Error);
     EXPECT_EQ(links[0]->ArrowDest(), 12);
     EXPECT_TRUE(window->clsSettings().Dirty);
-    EXPECT_EQ(surface.Log()->Depth(), 0);
+    EXPECT_EQ(surface.Actions().Log()->Depth(), 0);
 }
 
 TEST_F(LinkEditTest, ALinkBesideTheSelectionChangesAlone) {

@@ -1,5 +1,6 @@
 #include "tests/dialogs/NodeDialogTest.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "settings/Settings.h"
 #include "timeline/AddTimelineLink.h"
 #include "timeline/TimelineNodes.h"
@@ -15,7 +16,7 @@ NodeDialogTest::NodeDialogTest() {
     terms.NODE = QStringLiteral("Idea");
     settings::SetTerms(terms);
     diagram::AttachHistory(flow);
-    flow.SetSize(12000, 9000);
+    flow.Screen().SetSize(12000, 9000);
     for (const auto &[name, colour] :
          {std::pair("First", 0x102030), std::pair("Second", 0x405060), std::pair("Third", 0x708090)})
         window.clsSettings().Levels().Create(QLatin1String(name), true, colour);

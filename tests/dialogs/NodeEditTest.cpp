@@ -1,4 +1,5 @@
 // What applying the node dialog does to nodes.
+#include "diagram/model/Actions.h"
 #include "support/Error.h"
 #include "tests/dialogs/NodeDialogTest.h"
 #include "timeline/AddTimelineLink.h"
@@ -179,7 +180,7 @@ TEST_F(NodeEdits, MarkTheMapAndCloseTheirGroupAfterAnErrorToo) {
               }).Number(),
               53);
     EXPECT_TRUE(window.clsSettings().Dirty);
-    EXPECT_EQ(flow.Log()->Depth(), 0);
+    EXPECT_EQ(flow.Actions().Log()->Depth(), 0);
     ExpectLook(*node, OtherLook());
     flow.Undo();
     EXPECT_EQ(node->Shape(), 1);

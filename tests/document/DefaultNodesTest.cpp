@@ -1,6 +1,7 @@
 #include "document/DefaultNodes.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 #include "tests/document/MapTest.h"
 
@@ -86,12 +87,12 @@ TEST_F(DefaultNodesTest, ApplyDefaults_GivesNewNodesTheWholeLookOfTheDefaultNode
 
 TEST_F(DefaultNodesTest, LoadDefaults_WithoutFilesOnlySetsTheGrid) {
     surface.Nodes().Add(0, 0, 10, 10);
-    surface.SetGridStyle(0);
-    surface.SetGridColor(0);
+    surface.Screen().SetGridStyle(0);
+    surface.Screen().SetGridColor(0);
     LoadDefaults(surface);
     EXPECT_EQ(surface.Nodes().Count(), 1);
-    EXPECT_EQ(surface.GridStyle(), 2);
-    EXPECT_EQ(surface.GridColor(), 0xE0E0E0);
+    EXPECT_EQ(surface.Screen().GridStyle(), 2);
+    EXPECT_EQ(surface.Screen().GridColor(), 0xE0E0E0);
 }
 
 TEST_F(DefaultNodesTest, LoadDefaults_LoadsTheTimelineFileAloneWithoutApplyingIt) {

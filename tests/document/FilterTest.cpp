@@ -1,5 +1,7 @@
 #include "document/Filter.h"
 
+#include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
 #include "diagram/model/Sights.h"
 #include "diagram/model/Surface.h"
 #include "document/cGroups.h"
@@ -68,11 +70,11 @@ TEST_F(FilterTest, APreviewIsWhatApplyingWouldMakeOfItAndWritesNothing) {
     const char *const lists[][2] = {
         {"Sales", "Goal"}, {"", ""}, {"Staff,Sales", "Step"}, {"Staff", "Goal,Step"}};
     for (const auto &[groupNames, levelNames] : lists) {
-        const diagram::Revision before = surface.Revision();
+        const diagram::Revision before = surface.Actions().Revision();
         const diagram::Sights sights =
             PreviewFilter(surface, KeysForFilter(QString::fromUtf8(groupNames), QString::fromUtf8(levelNames),
                                                  groups, levels));
-        EXPECT_EQ(surface.Revision(), before);
+        EXPECT_EQ(surface.Actions().Revision(), before);
         std::vector<bool> foreseen;
         for (const diagram::Node *node : nodes) foreseen.push_back(sights.Hides(*node));
         for (const diagram::Link *link : links) foreseen.push_back(sights.Hides(*link));

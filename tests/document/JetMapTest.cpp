@@ -1,4 +1,5 @@
 // Maps of early versions, compared with what another reader found in them.
+#include "diagram/model/Stacking.h"
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
 #include "support/AtomicFile.h"
@@ -197,7 +198,7 @@ TEST_P(JetMapTest, StackingIsThatOfTheFile) {
     for (const auto &[slice, byPosition] : expected) {
         QStringList wanted, found;
         for (const auto &[position, key] : byPosition) wanted.append(key);
-        for (diagram::Item *item : window->AddFlow1()[slice].StackingOrder())
+        for (diagram::Item *item : window->AddFlow1()[slice].Stacking().Order())
             if (item->AsNode()) found.append(item->AsNode()->Key());
         EXPECT_EQ(found, wanted);
     }

@@ -2,6 +2,7 @@
 #include "document/RoutedRows.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/model/Actions.h"
 #include "diagram/model/Surface.h"
 #include "document/MapSchema.h"
 #include "document/SurfaceArray.h"
@@ -18,7 +19,7 @@ constexpr int kHVH = 5;
 class RoutedRowsTest : public MapTest {
 protected:
     RoutedRowsTest() {
-        if (!surface.Log()) diagram::AttachHistory(surface);
+        if (!surface.Actions().Log()) diagram::AttachHistory(surface);
     }
     diagram::Link &Join(diagram::Node &from, diagram::Node &to) {
         const diagram::ActionGroup group(surface);

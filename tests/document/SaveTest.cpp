@@ -1,4 +1,5 @@
 #include "diagram/model/Properties.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 #include "document/CompactDb.h"
 #include "document/FontPool.h"
@@ -318,11 +319,11 @@ TEST_F(SaveTest, StatusesComeInTheirOrderAndTheWindowIsReadyAtTheEnd) {
 
 TEST_F(SaveTest, BothTextsAreWrittenApartWhileBothAreShown) {
     AddNode("a", "first").SetEvent(QStringLiteral("second"));
-    Slice().SetShowsBothTexts(true);
+    Slice().Screen().SetShowsBothTexts(true);
     const QString path = SavedAs("a.map");
     EXPECT_EQ(Cell(path, QStringLiteral("SELECT [Description] FROM [Nodes]")), "first");
     EXPECT_EQ(Cell(path, QStringLiteral("SELECT [Event] FROM [Nodes]")), "second");
-    EXPECT_TRUE(Slice().ShowsBothTexts());
+    EXPECT_TRUE(Slice().Screen().ShowsBothTexts());
 }
 
 TEST_F(SaveTest, SavingIsNoStepOfUndo) {

@@ -1,5 +1,6 @@
 #include "gallery/Sheets.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/Shapes.h"
 #include "diagram/shapes/Tables.h"
@@ -176,7 +177,7 @@ void DrawPictures(Surface &surface) {
 template <int kStyle>
 void DrawGrid(Surface &surface) {
     surface.SetGridLines(true);
-    surface.SetGridStyle(kStyle);
+    surface.Screen().SetGridStyle(kStyle);
     surface.SetBackColor(support::Rgb(250, 250, 245));
     surface.SetPicture(Landscape(8));
     Node &a = AddAt(surface, 0, 1, "selected");

@@ -1,6 +1,7 @@
 #include "tests/mainwindow/WindowTest.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/Finder.h"
@@ -244,7 +245,7 @@ TEST_F(Commands, GridAndSnapFollowTheirEntriesOnTheCurrentSurfaceAlone) {
     EXPECT_TRUE(window.AddFlow1()[0].GridLines());
     EXPECT_FALSE(window.AddFlow1()[1].GridLines());
     Entry(window, QStringLiteral("mnuViewSnapGrid"))->trigger();
-    EXPECT_TRUE(window.AddFlow1()[0].SnapToGrid());
+    EXPECT_TRUE(window.AddFlow1()[0].Screen().SnapToGrid());
     window.TabStrip().SetTheTab(1);
     ProcessEvents();
     EXPECT_FALSE(window.MenuValue(QStringLiteral("mnuViewGrid")));

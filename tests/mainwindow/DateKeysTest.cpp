@@ -1,6 +1,7 @@
 // Moving the dates of several nodes, by keys and by the form.
 #include "tests/mainwindow/DatesTest.h"
 
+#include "diagram/model/Actions.h"
 #include "document/UnsavedWork.h"
 
 #include <QAction>
@@ -98,10 +99,10 @@ TEST_F(DatesByKeys, WithoutADateNothingIsUnsaved) {
     node.SetSelected(false);
     second.SetSelected(false);
     plain.SetSelected(true);
-    const auto revision = window.CurrentSurface().Revision();
+    const auto revision = window.CurrentSurface().Actions().Revision();
     Later();
     EXPECT_EQ(Status(window), QStringLiteral("No selected Node has a date."));
-    EXPECT_EQ(window.CurrentSurface().Revision(), revision);
+    EXPECT_EQ(window.CurrentSurface().Actions().Revision(), revision);
     EXPECT_FALSE(document::HasUnsavedWork(window));
 }
 

@@ -1,5 +1,6 @@
 #include "diagram/export/Export.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/view/PictureMime.h"
 #include "diagram/view/SurfaceView.h"
@@ -210,7 +211,8 @@ TEST_F(Display, ReachesSlicesThatComeLater) {
         for (const diagram::Node &each : surface.Nodes()) EXPECT_FALSE(each.Text().contains(u'\n')) << slot;
     }
     window.DoOpen(SavedMap(QStringLiteral("b.map"), 1, 2), true);
-    EXPECT_FALSE(frmMain::Forms().back()->AddFlow1()[1].ShowsBothTexts()) << "another window has its own";
+    EXPECT_FALSE(frmMain::Forms().back()->AddFlow1()[1].Screen().ShowsBothTexts())
+        << "another window has its own";
 }
 
 } // namespace mainwindow::testing

@@ -1,5 +1,6 @@
 #include "tests/mainwindow/WindowTest.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 
@@ -138,19 +139,19 @@ TEST_F(Events, ShiftTurnsTheShiftModeOnWhileItIsHeld) {
     frmMain &window = NewWindow();
     int shift = 16;
     window.AddFlow1_KeyDown(0, shift, diagram::keys::kShift);
-    EXPECT_TRUE(window.CurrentSurface().ShiftMode());
+    EXPECT_TRUE(window.CurrentSurface().Screen().ShiftMode());
     window.AddFlow1_KeyUp(0, 16, 0);
-    EXPECT_FALSE(window.CurrentSurface().ShiftMode());
+    EXPECT_FALSE(window.CurrentSurface().Screen().ShiftMode());
     window.AddFlow1_KeyDown(0, shift, diagram::keys::kShift | diagram::keys::kCtrl);
-    EXPECT_FALSE(window.CurrentSurface().ShiftMode());
+    EXPECT_FALSE(window.CurrentSurface().Screen().ShiftMode());
 }
 
 TEST_F(Events, ShiftIsHeldByTheRealKey) {
     frmMain &window = NewWindow();
     QTest::keyPress(&window.CurrentView(), Qt::Key_Shift);
-    EXPECT_TRUE(window.CurrentSurface().ShiftMode());
+    EXPECT_TRUE(window.CurrentSurface().Screen().ShiftMode());
     QTest::keyRelease(&window.CurrentView(), Qt::Key_Shift);
-    EXPECT_FALSE(window.CurrentSurface().ShiftMode());
+    EXPECT_FALSE(window.CurrentSurface().Screen().ShiftMode());
 }
 
 TEST_F(Events, TheReadOutOfTheMouseIsShownWithItsSwitchAlone) {

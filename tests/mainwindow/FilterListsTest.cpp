@@ -1,4 +1,6 @@
 // What the lists of levels and groups offer beside their rows: all and none, the tip, the preview.
+#include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 #include "mainwindow/TickBox.h"
@@ -129,7 +131,7 @@ TEST_F(FilterLists, WhileAListIsOpenTheScreenShowsWhatItsTicksWouldLeave) {
     ASSERT_TRUE(sales.Hidden());
     window.clsSettings().Dirty = false;
     document::MarkSaved(window);
-    const diagram::Revision before = window.CurrentSurface().Revision();
+    const diagram::Revision before = window.CurrentSurface().Actions().Revision();
     ASSERT_TRUE(IsPainted(finance));
     ASSERT_FALSE(IsPainted(sales));
     Open(groups);
@@ -139,7 +141,7 @@ TEST_F(FilterLists, WhileAListIsOpenTheScreenShowsWhatItsTicksWouldLeave) {
     EXPECT_FALSE(IsPainted(finance));
     EXPECT_TRUE(sales.Hidden()) << "painted only";
     EXPECT_FALSE(finance.Hidden());
-    EXPECT_EQ(window.CurrentSurface().Revision(), before);
+    EXPECT_EQ(window.CurrentSurface().Actions().Revision(), before);
     EXPECT_FALSE(window.CurrentSurface().CanUndo());
     EXPECT_FALSE(window.clsSettings().Dirty);
     EXPECT_FALSE(window.HasUnsavedWork());

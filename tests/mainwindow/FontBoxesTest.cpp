@@ -1,3 +1,4 @@
+#include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/ListIndex.h"
 #include "mainwindow/FontBox.h"
@@ -63,7 +64,7 @@ TEST_F(FontBoxes, StandInTheFormatToolbarWithTheMachinesFontsAndTheUsualSizes) {
 
 TEST_F(FontBoxes, ANewWindowShowsTheSurfacesOwnFont) {
     frmMain &window = NewWindow();
-    const diagram::Font &font = window.CurrentSurface().Font();
+    const diagram::Font &font = window.CurrentSurface().Screen().Font();
     EXPECT_EQ(Shown(window), font.Name() + u' ' + QString::number(qRound(font.Size())));
 }
 
@@ -79,7 +80,7 @@ TEST_F(FontBoxes, FollowTheNodeThenTheLinkThenTheSurface) {
     ASSERT_TRUE(link.Selected());
     EXPECT_EQ(Shown(window), QStringLiteral("No Such Font 14"));
     Click(window, {4000, 6000});
-    const diagram::Font &own = window.CurrentSurface().Font();
+    const diagram::Font &own = window.CurrentSurface().Screen().Font();
     EXPECT_EQ(Shown(window), own.Name() + u' ' + QString::number(qRound(own.Size())));
     EXPECT_EQ(node.Font(), diagram::Font(QStringLiteral("Courier"), 11.6));
     EXPECT_EQ(link.Font(), diagram::Font(QStringLiteral("No Such Font"), 14));

@@ -1,6 +1,7 @@
 // The guide's table of gestures.
 #include "tests/mainwindow/GuideDeeds.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 #include "mainwindow/DroppedFile.h"
@@ -110,7 +111,7 @@ void Move(Reader &r) {
     r.Press("Right");
     EXPECT_EQ(r.a->Left(), left + 15);
     r.Press("Shift+Down");
-    EXPECT_EQ(r.a->Top(), top + r.Surface().GridSize());
+    EXPECT_EQ(r.a->Top(), top + r.Surface().Screen().GridSize());
     const float level = r.a->Top();
     r.Stroke({Reader::Body(*r.a), Reader::Body(*r.a) + QPointF(1500, -450)}, {}, kShift);
     EXPECT_EQ(r.a->Top(), level);

@@ -1,6 +1,7 @@
 // The guide's tables of keys.
 #include "tests/mainwindow/GuideReader.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/CommandSearch.h"
@@ -126,7 +127,7 @@ void MoveByArrows(Reader &r) {
     r.Press("Right");
     EXPECT_EQ(r.a->Left(), 915);
     r.Press("Shift+Down");
-    EXPECT_EQ(r.a->Top(), 900 + r.Surface().GridSize());
+    EXPECT_EQ(r.a->Top(), 900 + r.Surface().Screen().GridSize());
     r.Surface().UnselectAll();
     const QScrollBar &bar = *r.window->CurrentView().verticalScrollBar();
     const int before = bar.value();
@@ -143,7 +144,7 @@ void ResizeByArrows(Reader &r) {
     EXPECT_EQ(r.a->Width(), 1515);
     EXPECT_EQ(r.b->Width(), 3030) << "in proportion";
     r.Press("Alt+Shift+Down");
-    EXPECT_EQ(r.a->Height(), 900 + r.Surface().GridSize());
+    EXPECT_EQ(r.a->Height(), 900 + r.Surface().Screen().GridSize());
     r.Press("Alt+Left");
     EXPECT_EQ(r.a->Width(), 1500);
 }
@@ -322,11 +323,11 @@ void OpenShapes(Reader &r) {
 }
 
 void Grid(Reader &r) {
-    const bool lines = r.Surface().GridLines(), snaps = r.Surface().SnapToGrid();
+    const bool lines = r.Surface().GridLines(), snaps = r.Surface().Screen().SnapToGrid();
     r.Press("Ctrl+G");
     EXPECT_NE(r.Surface().GridLines(), lines);
     r.Press("Ctrl+Shift+G");
-    EXPECT_NE(r.Surface().SnapToGrid(), snaps);
+    EXPECT_NE(r.Surface().Screen().SnapToGrid(), snaps);
 }
 
 void Zoom(Reader &r) {

@@ -1,6 +1,7 @@
 // The keys of the canvas in the real window, where its menus have keys of their own.
 #include "tests/mainwindow/WindowTest.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 
@@ -54,9 +55,9 @@ TEST_F(Keyboard, AMapIsDrawnWithoutTheMouse) {
     EXPECT_EQ(Selected(), QStringLiteral("Product"));
     const float top = surface.SelectedNode()->Top();
     Key(Qt::Key_Down, Qt::ShiftModifier);
-    EXPECT_EQ(surface.SelectedNode()->Top(), top + surface.GridSize());
+    EXPECT_EQ(surface.SelectedNode()->Top(), top + surface.Screen().GridSize());
     Key(Qt::Key_Up);
-    EXPECT_EQ(surface.SelectedNode()->Top(), top + surface.GridSize() - 15);
+    EXPECT_EQ(surface.SelectedNode()->Top(), top + surface.Screen().GridSize() - 15);
     EXPECT_TRUE(window.clsSettings().Dirty);
 }
 

@@ -2,7 +2,9 @@
 #include "mainwindow/Look.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/model/Actions.h"
 #include "diagram/model/AutomaticStyle.h"
+#include "diagram/model/Revision.h"
 #include "diagram/model/Surface.h"
 #include "support/Error.h"
 #include "support/testing/ScriptedDesktop.h"
@@ -70,7 +72,7 @@ TEST_F(Looks, EachIsGivenToAllThatIsSelectedInOneStepOfUndo) {
     Select(true, true);
     for (const LookRow &row : LookRows()) {
         SCOPED_TRACE(row.key);
-        const diagram::Revision before = surface.Revision();
+        const diagram::Revision before = surface.Actions().Revision();
         const double value = Another(row);
         ASSERT_TRUE(GiveLook(surface, row, value));
         EXPECT_EQ(StateOf(surface, row), (LookState{true, value}));
@@ -85,7 +87,7 @@ TEST_F(Looks, EachIsGivenToAllThatIsSelectedInOneStepOfUndo) {
         }
         EXPECT_FALSE(GiveLook(surface, row, value)) << "has it already";
         surface.Undo();
-        EXPECT_EQ(surface.Revision(), before);
+        EXPECT_EQ(surface.Actions().Revision(), before);
     }
 }
 

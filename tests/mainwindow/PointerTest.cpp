@@ -78,9 +78,9 @@ protected:
     class WatchedStrip : public diagram::SurfaceObserver {
     public:
         WatchedStrip(frmMain &window, Pointer &test) : window_(window), test_(test) {
-            window.CurrentSurface().AddObserver(*this);
+            window.CurrentSurface().Observers().Add(*this);
         }
-        ~WatchedStrip() override { window_.CurrentSurface().RemoveObserver(*this); }
+        ~WatchedStrip() override { window_.CurrentSurface().Observers().Remove(*this); }
         void ItemChanged(diagram::Item &item, diagram::Change) override {
             for (const diagram::Node *month : test_.months)
                 if (month == &item) test_.seen.push_back(window_.MousePointer());

@@ -1,5 +1,6 @@
 #include "diagram/edit/History.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
 #include "document/Tags.h"
@@ -114,7 +115,7 @@ TEST_F(SliceCommands, TheOnlySliceIsNotDeletedAndAStopSignSaysWhy) {
 // Each slice has a grid, a snap, a zoom and a timeline of its own; the menu shows those of the one on top.
 TEST_F(SliceCommands, ATabTicksTheMenuAsItsSliceStands) {
     window.AddFlow1()[0].SetGridLines(true);
-    window.AddFlow1()[1].SetSnapToGrid(true);
+    window.AddFlow1()[1].Screen().SetSnapToGrid(true);
     window.AddFlow1()[1].SetxZoom(150);
     window.AddFlow1()[1].SetyZoom(150);
     for (const int slice : {1, 2}) {

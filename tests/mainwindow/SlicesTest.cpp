@@ -1,3 +1,4 @@
+#include "diagram/model/ScreenValues.h"
 #include "document/MemoryWindow.h"
 #include "mainwindow/EditSlices.h"
 #include "mainwindow/frmLayers.h"
@@ -81,11 +82,11 @@ TEST_F(SlicesTest, AMovedSliceKeepsItsPictureAndTheOneInItsPlaceDoesNotTakeIt) {
 
 TEST_F(SlicesTest, ViewSettingsStayWithTheirSlice) {
     window.AddFlow1()[1].SetGridLines(true);
-    window.AddFlow1()[1].SetSnapToGrid(true);
+    window.AddFlow1()[1].Screen().SetSnapToGrid(true);
     window.AddFlow1()[1].SetxZoom(150);
     RebuildSlices(window, Slices());
     EXPECT_TRUE(window.AddFlow1()[1].GridLines());
-    EXPECT_TRUE(window.AddFlow1()[1].SnapToGrid());
+    EXPECT_TRUE(window.AddFlow1()[1].Screen().SnapToGrid());
     EXPECT_EQ(window.AddFlow1()[1].xZoom(), 150);
     EXPECT_FALSE(window.AddFlow1()[2].GridLines());
 }

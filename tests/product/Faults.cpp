@@ -3,6 +3,8 @@
 #include "diagram/geometry/Units.h"
 #include "diagram/model/AnyItem.h"
 #include "diagram/model/Calendar.h"
+#include "diagram/model/Routing.h"
+#include "diagram/model/Stacking.h"
 #include "diagram/model/Surface.h"
 #include "diagram/render/NodeContent.h"
 #include "diagram/render/Renderer.h"
@@ -52,8 +54,8 @@ bool Crosses(const std::vector<QPointF> &way, const QRectF &box) {
 class Inspector {
 public:
     explicit Inspector(diagram::Surface &surface) : surface_(surface) {
-        surface.Recalculate();
-        for (diagram::Item *item : surface.StackingOrder())
+        surface.Routes().Recalculate();
+        for (diagram::Item *item : surface.Stacking().Order())
             if (Node *node = item->AsNode(); node && !node->Hidden()) nodes_.push_back(node);
     }
 

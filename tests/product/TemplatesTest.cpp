@@ -1,5 +1,6 @@
 // The delivered templates: each of them is opened as the program opens it.
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/render/Renderer.h"
 #include "document/DoLoad.h"
 #include "document/DoSave.h"
@@ -246,7 +247,7 @@ TEST_F(Templates, LevelsAndGroupsAreUsedAndDatedNodesKeepTheirStrip) {
         const QStringList before = DescribedNodes(window, surface);
         if (timeline::LocateTimelineNodes(surface).empty()) continue;
         ++strips;
-        surface.SetSize(20000, 12000);
+        surface.Screen().SetSize(20000, 12000);
         timeline::ArrangeTimeLineNodes(window, surface, timeline::kStoredArrangement);
         EXPECT_EQ(Differences(before, DescribedNodes(window, surface)), "");
         EXPECT_EQ(tests::FaultsOf(surface).join("\n").toStdString(), "");

@@ -1,6 +1,8 @@
 #include "templates/SaveAsTemplate.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
 #include "settings/DeliveredFiles.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
@@ -65,9 +67,9 @@ TEST_F(SavingTemplate, ASecondTimeTheNodeIsBroughtUpToDate) {
 
 TEST_F(SavingTemplate, IsNoWorkThatTheMapMustBeSavedFor) {
     AddNode(QStringLiteral("Idea"));
-    const diagram::Revision before = Flow().Revision();
+    const diagram::Revision before = Flow().Actions().Revision();
     Save();
-    EXPECT_EQ(Flow().Revision(), before);
+    EXPECT_EQ(Flow().Actions().Revision(), before);
     EXPECT_FALSE(Flow().CanUndo());
     EXPECT_FALSE(window->clsSettings().Dirty);
 }

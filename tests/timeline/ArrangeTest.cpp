@@ -1,5 +1,6 @@
 #include "timeline/Arrange.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "document/clsfrmMain.h"
 #include "document/Tags.h"
 #include "support/Error.h"
@@ -200,7 +201,7 @@ TEST_F(Arranging, AnUnknownArrangementMovesNothingAndMarksTheMap) {
 }
 
 TEST_F(Arranging, ASurfaceWithoutSizeAndATallMonthGiveNegativePlaces) {
-    flow.SetSize(0, 0);
+    flow.Screen().SetSize(0, 0);
     Template(1000, 500);
     Dated({"10 January 2004"});
     Arrange(3);

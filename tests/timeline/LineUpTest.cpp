@@ -1,6 +1,7 @@
 #include "timeline/LineUp.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/model/ScreenValues.h"
 #include "document/clsfrmMain.h"
 #include "document/Tags.h"
 #include "tests/timeline/TimelineTest.h"
@@ -153,7 +154,7 @@ TEST_F(LiningUp, WithoutBandsRowsBeginAtTheStrip) {
 
 TEST_F(LiningUp, WhatFindsNoRoomBeforeAStripAtTheBottomGoesBeyondIt) {
     Set(document::tags::kTimelineAlign, QStringLiteral("3"));
-    flow.SetSize(12000, 3000);
+    flow.Screen().SetSize(12000, 3000);
     const std::vector<diagram::Node *> nodes = Plan(25);
     Choose();
     const QRectF month = LocateTimelineNodes(flow).front()->Bounds();

@@ -1,4 +1,5 @@
 // The timeline of a map of an early version.
+#include "diagram/model/ScreenValues.h"
 #include "document/DoLoad.h"
 #include "document/DoSave.h"
 #include "document/MapSchema.h"
@@ -27,7 +28,7 @@ protected:
         const QString copy = folder.File(QStringLiteral("plan.mdb"));
         QFile::copy(tests::Data(QStringLiteral("jet/plan.mdb")), copy);
         Load(copy);
-        window.AddFlow1()[kSlice].SetSize(15000, 9000);
+        window.AddFlow1()[kSlice].Screen().SetSize(15000, 9000);
     }
     void Load(const QString &path) {
         window.clsSettings().SetDatabase(path);
@@ -140,7 +141,7 @@ TEST_F(Plan, SurvivesSavingAndLoading) {
         EXPECT_EQ(document::GetTag(Roadmap(), document::tags::kMissing), QStringLiteral("True"));
         EXPECT_EQ(Months(), kMonths);
         ExpectPinned();
-        Roadmap().SetSize(15000, 9000);
+        Roadmap().Screen().SetSize(15000, 9000);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "tests/timeline/TimelineTest.h"
 
+#include "diagram/model/ScreenValues.h"
 #include "document/Tags.h"
 #include "settings/Settings.h"
 #include "timeline/Arrange.h"
@@ -14,7 +15,7 @@ TimelineTest::TimelineTest() {
     terms.NODE = QStringLiteral("Node");
     terms.MAP = QStringLiteral("Map");
     settings::SetTerms(terms);
-    flow.SetSize(12000, 9000);
+    flow.Screen().SetSize(12000, 9000);
 }
 
 TimelineTest::~TimelineTest() { settings::SetTerms({}); }

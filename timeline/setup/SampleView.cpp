@@ -1,6 +1,7 @@
 #include "timeline/setup/SampleView.h"
 
 #include "diagram/geometry/Units.h"
+#include "diagram/model/ScreenValues.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -48,10 +49,10 @@ void SampleView::Refresh() {
 }
 
 void SampleView::Centre() {
-    surface_.SetSize(float(width() * kTwipsPerPixel), float(height() * kTwipsPerPixel));
+    surface_.Screen().SetSize(float(width() * kTwipsPerPixel), float(height() * kTwipsPerPixel));
     if (!node_) return;
-    node_->SetLeft(surface_.Width() / 2 - node_->Width() / 2);
-    node_->SetTop(surface_.Height() / 2 - node_->Height() / 2);
+    node_->SetLeft(surface_.Screen().Width() / 2 - node_->Width() / 2);
+    node_->SetTop(surface_.Screen().Height() / 2 - node_->Height() / 2);
 }
 
 void SampleView::SetNodeSize(double width, double height) {
@@ -77,7 +78,7 @@ Qt::Orientations SampleView::EdgesAt(const QPointF &pixels) const {
 
 void SampleView::paintEvent(QPaintEvent *) {
     QPainter painter(this);
-    const QRectF area(0, 0, surface_.Width(), surface_.Height());
+    const QRectF area(0, 0, surface_.Screen().Width(), surface_.Screen().Height());
     renderer_.Paint(painter, scene_, area, {});
     painter.setPen(QPen(QColor(0, 95, 184), 1, Qt::DashLine));
     if (node_ && (hasFocus() || dragged_)) painter.drawRect(NodeBox().adjusted(-3, -3, 2, 2));

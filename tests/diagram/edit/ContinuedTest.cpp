@@ -1,6 +1,8 @@
 // Steps that go on with the last one.
 #include "diagram/edit/History.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
 #include "tests/diagram/edit/Drawn.h"
 #include "tests/diagram/model/RandomSurface.h"
 
@@ -41,26 +43,26 @@ INSTANTIATE_TEST_SUITE_P(Seeds, ContinuedAtRandom, ::testing::Range(1U, 25U));
 TEST(Continued, WithoutALastStep_NothingIsContinued) {
     Drawn drawn;
     Surface &surface = drawn.surface;
-    EXPECT_FALSE(surface.ContinueAction());
+    EXPECT_FALSE(surface.Actions().Continue());
     Node &node = drawn.AddNode();
     {
         ActionGroup group(surface, true);
         node.SetLeft(100);
-        EXPECT_FALSE(surface.ContinueAction()) << "while a group is open";
+        EXPECT_FALSE(surface.Actions().Continue()) << "while a group is open";
     }
     surface.Undo();
-    EXPECT_FALSE(surface.ContinueAction()) << "while something can be repeated";
+    EXPECT_FALSE(surface.Actions().Continue()) << "while something can be repeated";
     surface.Redo();
     EXPECT_EQ(node.Left(), 100);
     Surface bare;
-    EXPECT_FALSE(bare.ContinueAction());
+    EXPECT_FALSE(bare.Actions().Continue());
 }
 
 TEST(Continued, ContinuedStepThatComesBack_IsNone) {
     Drawn drawn;
     Surface &surface = drawn.surface;
     Node &node = drawn.AddNode();
-    const Revision before = surface.Revision();
+    const Revision before = surface.Actions().Revision();
     {
         ActionGroup group(surface);
         node.SetLeft(100);
@@ -70,7 +72,7 @@ TEST(Continued, ContinuedStepThatComesBack_IsNone) {
         node.SetLeft(0);
     }
     EXPECT_FALSE(surface.CanUndo());
-    EXPECT_EQ(surface.Revision(), before);
+    EXPECT_EQ(surface.Actions().Revision(), before);
 }
 
 TEST(Continued, WhatWasWrittenOutsideInBetween_Stays) {
@@ -95,13 +97,13 @@ TEST(Continued, WhatWasWrittenOutsideInBetween_Stays) {
 TEST(Continued, PageGrown_IsKeptByUndoAndNoFile) {
     Drawn drawn;
     Surface &surface = drawn.surface;
-    const Revision before = surface.Revision();
+    const Revision before = surface.Actions().Revision();
     {
         ActionGroup group(surface);
         surface.PageGrown(150, 300);
     }
     EXPECT_EQ(surface.Data().grownLeft, 150);
-    EXPECT_EQ(surface.Revision(), before) << "no content";
+    EXPECT_EQ(surface.Actions().Revision(), before) << "no content";
     surface.Undo();
     EXPECT_EQ(surface.Data().grownTop, 0);
     surface.Redo();

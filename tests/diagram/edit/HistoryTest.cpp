@@ -1,5 +1,7 @@
 #include "diagram/edit/History.h"
 
+#include "diagram/model/Actions.h"
+#include "diagram/model/Stacking.h"
 #include "support/Error.h"
 #include "tests/diagram/edit/Drawn.h"
 #include "tests/diagram/model/RandomSurface.h"
@@ -90,7 +92,7 @@ TEST_P(HistoryAtRandom, WritesOutsideOfGroupsHarmNeitherUndoNorRedo) {
         for (Node &node : surface.Nodes()) {
             ASSERT_TRUE(node.Key().isEmpty() || surface.Nodes().Find(node.Key()) == &node);
         }
-        ASSERT_EQ(surface.StackingOrder().size(),
+        ASSERT_EQ(surface.Stacking().Order().size(),
                   surface.Links().size() + std::size_t(surface.Nodes().Count()));
     }
 }
@@ -299,7 +301,7 @@ TEST(History, CancelTakesBackTheGroupAndKeepsRedo) {
     drawn.surface.BeginAction(1);
     node.SetLeft(700);
     drawn.AddNode();
-    drawn.surface.CancelAction();
+    drawn.surface.Actions().Cancel();
     EXPECT_EQ(Dump(drawn.surface), before);
     EXPECT_TRUE(drawn.surface.CanRedo());
     EXPECT_FALSE(drawn.surface.CanUndo());

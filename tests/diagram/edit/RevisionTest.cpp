@@ -1,6 +1,10 @@
 // When a surface counts as changed, and when as it was.
+#include "diagram/model/Revision.h"
 #include "diagram/edit/History.h"
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/Actions.h"
+#include "diagram/model/Routing.h"
+#include "diagram/model/ScreenValues.h"
 #include "tests/diagram/model/RandomSurface.h"
 
 #include <functional>
@@ -18,8 +22,8 @@ protected:
         link = &node->Links().Add(*other);
         Mark();
     }
-    void Mark() { marked = surface.Revision(); }
-    bool Differs() const { return surface.Revision() != marked; }
+    void Mark() { marked = surface.Actions().Revision(); }
+    bool Differs() const { return surface.Actions().Revision() != marked; }
     // One step that moves the node.
     void Step(float left) {
         const ActionGroup group(surface);
@@ -90,14 +94,14 @@ TEST_F(RevisionTest, EveryWriteToAnItemOutsideOfStepsCounts) {
 TEST_F(RevisionTest, LookingAndSelectingIsNoDifference) {
     surface.SetxZoom(150), surface.SetyZoom(75);
     surface.SetGridLines(!surface.GridLines());
-    surface.SetSnapToGrid(true);
+    surface.Screen().SetSnapToGrid(true);
     NodeLook defaults;
     defaults.shape = 4;
     surface.SetDefaults(defaults);
     node->SetSelected(true);
     surface.UnselectAll();
     node->Refresh();
-    surface.Recalculate();
+    surface.Routes().Recalculate();
     EXPECT_FALSE(Differs());
     {
         const ActionGroup group(surface);
@@ -122,7 +126,7 @@ TEST_F(RevisionTest, AGroupThatIsGivenUpIsNoDifference) {
     surface.BeginAction(0);
     node->SetLeft(900);
     surface.Nodes().Add(0, 5000, 10, 10);
-    surface.CancelAction();
+    surface.Actions().Cancel();
     EXPECT_FALSE(Differs());
 }
 
@@ -130,14 +134,14 @@ TEST_F(RevisionTest, LinksThatGiveWayToWhatWasShownAgainAreNoDifference) {
     Node &between = surface.Nodes().Add(3000, 0, 800, 500);
     link->SetStyle(2);
     between.SetHidden(true);
-    surface.Recalculate();
+    surface.Routes().Recalculate();
     Mark();
     {
-        const Uncounted filter(surface);
+        const Uncounted filter(surface.Actions());
         between.SetHidden(false);
     }
     const std::vector<Point> way = link->Route();
-    surface.Recalculate();
+    surface.Routes().Recalculate();
     EXPECT_FALSE(Differs());
 }
 
@@ -145,21 +149,21 @@ TEST_F(RevisionTest, IsTakenAlongToACopyAndForgottenByOtherContent) {
     Surface copy;
     AttachHistory(copy);
     LoadBytes(copy, SaveBytes(surface));
-    EXPECT_NE(copy.Revision(), surface.Revision());
-    copy.SetRevision(surface.Revision());
-    EXPECT_EQ(copy.Revision(), surface.Revision());
+    EXPECT_NE(copy.Actions().Revision(), surface.Actions().Revision());
+    copy.Actions().SetRevision(surface.Actions().Revision());
+    EXPECT_EQ(copy.Actions().Revision(), surface.Actions().Revision());
     LoadBytes(copy, SaveBytes(surface));
-    EXPECT_NE(copy.Revision(), surface.Revision());
+    EXPECT_NE(copy.Actions().Revision(), surface.Actions().Revision());
 }
 
 TEST_F(RevisionTest, StepsOfTwoSurfacesNeverMeet) {
     Surface second;
     AttachHistory(second);
-    second.SetRevision(surface.Revision());
+    second.Actions().SetRevision(surface.Actions().Revision());
     Step(100);
     {
         const ActionGroup group(second);
         second.Nodes().Add(0, 0, 10, 10);
     }
-    EXPECT_NE(second.Revision(), surface.Revision());
+    EXPECT_NE(second.Actions().Revision(), surface.Actions().Revision());
 }

@@ -4,6 +4,8 @@
 #include "diagram/format/Content.h"
 #include "diagram/format/ValueReader.h"
 #include "diagram/format/ValueWriter.h"
+#include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
 #include "tests/diagram/model/RandomSurface.h"
 #include "tests/Errors.h"
 
@@ -130,12 +132,12 @@ TEST_P(SurfaceFileAtRandom, ReplacingIsLoadingAsOneStep) {
     Fill(surface, dice, 300);
     AttachHistory(surface);
     const QString before = Dump(surface, true);
-    const Revision revision = surface.Revision();
+    const Revision revision = surface.Actions().Revision();
     ReplaceBytes(surface, SaveBytes(other));
     EXPECT_EQ(Differing(FiledDump(surface), FiledDump(other)), "");
     surface.Undo();
     EXPECT_EQ(Differing(Dump(surface, true), before), "");
-    EXPECT_EQ(surface.Revision(), revision);
+    EXPECT_EQ(surface.Actions().Revision(), revision);
     EXPECT_FALSE(surface.CanUndo());
     surface.Redo();
     EXPECT_EQ(Differing(FiledDump(surface), FiledDump(other)), "");

@@ -1,6 +1,7 @@
 #include "diagram/hit/HitTest.h"
 
 #include "diagram/hit/Grips.h"
+#include "diagram/model/Stacking.h"
 #include "diagram/scene/Scene.h"
 #include "tests/diagram/model/RandomSurface.h"
 
@@ -261,7 +262,7 @@ TEST(HitTest, FindsTheSameAsLookingAtEveryNode) {
     for (int i = 0; i < 500; ++i) {
         const QPointF point(dice.Real(-9000, 12000), dice.Real(-9000, 12000));
         const Node *expected = nullptr;
-        for (Item *item : drawn.surface.StackingOrder()) {
+        for (Item *item : drawn.surface.Stacking().Order()) {
             const Node *node = item->AsNode();
             if (!node || node->Hidden() || node->Width() < 15 || node->Height() < 15) continue;
             if (drawn.scene.NodeOutline(*node).contains(point)) expected = node;

@@ -1,6 +1,7 @@
 #include "diagram/interaction/BendEdit.h"
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/Snap.h"
+#include "diagram/model/ScreenValues.h"
 
 #include "diagram/model/Surface.h"
 
@@ -46,7 +47,7 @@ TEST(KeepOnSurface, ShortensOnlyWhatLeadsOut) {
 
 TEST(SnapValue, GoesToTheNearestLine) {
     Surface surface;
-    surface.SetGridSize(150);
+    surface.Screen().SetGridSize(150);
     EXPECT_EQ(SnapValue(surface, 74), 0);
     EXPECT_EQ(SnapValue(surface, 76), 150);
     EXPECT_EQ(SnapValue(surface, -76), -150);

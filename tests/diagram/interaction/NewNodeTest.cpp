@@ -2,6 +2,7 @@
 
 #include "diagram/edit/History.h"
 #include "diagram/interaction/PointerInput.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 
 #include <gtest/gtest.h>
@@ -67,8 +68,8 @@ TEST_F(NewNodes, AChosenShapeComesBeforeTheDefault) {
 }
 
 TEST_F(NewNodes, TheGridDrawsTheCornerUnlessAltIsHeld) {
-    surface.SetSnapToGrid(true);
-    surface.SetGridSize(200);
+    surface.Screen().SetSnapToGrid(true);
+    surface.Screen().SetGridSize(200);
     EXPECT_EQ(PlaceNode(surface, At(3010, 2010))->Bounds().topLeft(), QPointF(2200, 1600));
     EXPECT_EQ(PlaceNode(surface, At(3010, 2010, Qt::AltModifier))->Bounds().topLeft(), QPointF(2260, 1560));
 }

@@ -3,6 +3,7 @@
 #include "diagram/edit/History.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/hit/Grips.h"
+#include "diagram/model/ScreenValues.h"
 
 namespace diagram::testing {
 
@@ -15,7 +16,7 @@ double HandleSide() { return OptionsFor({}).handleSize; }
 } // namespace
 
 StageTest::StageTest() {
-    surface.SetSize(12000, 9000);
+    surface.Screen().SetSize(12000, 9000);
     AttachHistory(surface);
     surface.SetEvents(&events);
     stage.interaction = &interaction;

@@ -1,6 +1,7 @@
 #include "diagram/model/Node.h"
 
 #include "diagram/model/Ranges.h"
+#include "diagram/model/Stacking.h"
 #include "diagram/shapes/Shapes.h"
 #include "tests/diagram/model/RandomSurface.h"
 #include "tests/Errors.h"
@@ -177,7 +178,7 @@ TEST(Node, PositionsCountFrom1) {
 TEST(Node, EveryWriteIsToldOnceAndOnlyWhenItChangesSomething) {
     Surface surface;
     Listener listener;
-    surface.AddObserver(listener);
+    surface.Observers().Add(listener);
     Node &node = surface.Nodes().Add(0, 0, 1, 1);
     EXPECT_EQ(listener.added, std::vector{node.Id()});
     node.SetText(QStringLiteral("a"));
@@ -187,7 +188,7 @@ TEST(Node, EveryWriteIsToldOnceAndOnlyWhenItChangesSomething) {
     node.SetBounds(1, 2, 3, 4);
     ASSERT_EQ(listener.changed.size(), 2U);
     EXPECT_EQ(listener.changed[1].second, Change::Geometry);
-    surface.RemoveObserver(listener);
+    surface.Observers().Remove(listener);
     node.SetText(QStringLiteral("b"));
     EXPECT_EQ(listener.changed.size(), 2U);
 }
@@ -197,7 +198,7 @@ TEST(Node, MovingTellsItsLinksToo) {
     Node &a = surface.Nodes().Add(0, 0, 100, 100), &b = surface.Nodes().Add(900, 0, 100, 100);
     const Link &link = a.Links().Add(b);
     Listener listener;
-    surface.AddObserver(listener);
+    surface.Observers().Add(listener);
     a.SetLeft(50);
     EXPECT_EQ(listener.changed.back(), std::pair(link.Id(), Change::Geometry));
 }
@@ -209,51 +210,14 @@ TEST(Node, RemovingTakesItsLinksAndTellsOfAll) {
     b.Links().Add(b);
     a.Links().Add(a);
     Listener listener;
-    surface.AddObserver(listener);
+    surface.Observers().Add(listener);
     surface.Remove(a);
     EXPECT_EQ(surface.Links().size(), 1U);
     EXPECT_EQ(b.Links().Count(), 1);
     EXPECT_EQ(listener.removed.size(), 3U);
     surface.Nodes().Clear();
     EXPECT_EQ(listener.cleared, 1);
-    EXPECT_TRUE(surface.StackingOrder().empty());
-}
-
-TEST(Node, TheFocusIsTheLastSelectedOfThoseStillSelected) {
-    Surface surface;
-    Node &a = surface.Nodes().Add(0, 0, 1, 1), &b = surface.Nodes().Add(0, 0, 1, 1),
-         &c = surface.Nodes().Add(0, 0, 1, 1);
-    EXPECT_EQ(surface.SelectedNode(), nullptr);
-    for (Node *node : {&b, &a, &c}) node->SetSelected(true);
-    EXPECT_EQ(surface.SelectedNode(), &c);
-    c.SetSelected(false);
-    EXPECT_EQ(surface.SelectedNode(), &a);
-    surface.Remove(a);
-    EXPECT_EQ(surface.SelectedNode(), &b);
-    EXPECT_EQ(surface.SelectedNodes(), std::vector{&b});
-    surface.UnselectAll();
-    EXPECT_FALSE(b.Selected());
-}
-
-TEST(Node, OneThatCantBeSelectedNeverIs) {
-    Surface surface;
-    Node &a = surface.Nodes().Add(0, 0, 1, 1), &b = surface.Nodes().Add(9, 9, 1, 1);
-    Link &link = a.Links().Add(b);
-    a.SetSelectable(false), link.SetSelectable(false);
-    a.SetSelected(true), link.SetSelected(true);
-    EXPECT_FALSE(a.Selected());
-    EXPECT_TRUE(surface.SelectedNodes().empty());
-    EXPECT_TRUE(surface.SelectedLinks().empty());
-    a.SetSelectable(true), link.SetSelectable(true);
-    a.SetSelected(true), link.SetSelected(true);
-    ASSERT_EQ(surface.SelectedNode(), &a);
-    ASSERT_EQ(surface.SelectedLink(), &link);
-    NodeData data = a.Data();
-    data.selectable = false;
-    surface.Overwrite(a, data);
-    link.SetSelectable(false);
-    EXPECT_TRUE(surface.SelectedNodes().empty());
-    EXPECT_TRUE(surface.SelectedLinks().empty());
+    EXPECT_TRUE(surface.Stacking().Order().empty());
 }
 
 TEST(Node, AutoSize3TakesTheSizeOfTheText) {
@@ -304,128 +268,14 @@ TEST(Node, WhileLoadingNoSizeIsChanged) {
     EXPECT_EQ(node.Width(), 10);
 }
 
-TEST(Stacking, NewItemsComeOnTopNodesAndLinksTogether) {
-    Surface surface;
-    Node &a = surface.Nodes().Add(0, 0, 1, 1), &b = surface.Nodes().Add(9, 9, 1, 1);
-    Link &link = a.Links().Add(b);
-    EXPECT_EQ(a.ZOrder(), 0);
-    EXPECT_EQ(b.ZOrder(), 1);
-    EXPECT_EQ(link.Zorder(), 2);
-    link.SetZorder(1);
-    EXPECT_EQ(b.ZOrder(), 2);
-    a.BringToFront();
-    EXPECT_EQ(a.ZOrder(), 2);
-    EXPECT_EQ(link.Zorder(), 0);
-    b.SetZOrder(-5);
-    EXPECT_EQ(b.ZOrder(), 0);
-    b.SetZOrder(99);
-    EXPECT_EQ(b.ZOrder(), 2);
-}
-
-TEST(Stacking, SettingPositionsAgreesWithAPlainList) {
-    Dice dice(11);
-    Surface surface;
-    std::vector<Item *> order;
-    for (int i = 0; i < 40; ++i) order.push_back(&surface.Nodes().Add(0, 0, 1, 1));
-    for (int round = 0; round < 5000; ++round) {
-        const int from = dice.Roll(0, 39), to = dice.Flip() ? dice.Roll(0, 39) : dice.Roll(7, 9);
-        Item *item = order[std::size_t(from)];
-        order.erase(order.begin() + from);
-        order.insert(order.begin() + to, item);
-        item->AsNode()->SetZOrder(to);
-        ASSERT_EQ(surface.StackingOrder(), order);
-        ASSERT_EQ(item->AsNode()->ZOrder(), to);
-    }
-}
-
-TEST(Stacking, ManyChangesBeforeTheOrderIsReadAgreeWithAPlainList) {
-    Dice dice(13);
-    Surface surface;
-    std::vector<Item *> order;
-    const auto add = [&] { order.push_back(&surface.Nodes().Add(0, 0, 1, 1)); };
-    for (int i = 0; i < 40; ++i) add();
-    for (int round = 0; round < 500; ++round) {
-        for (int i = dice.Roll(1, 30); i > 0; --i) {
-            const auto from = order.begin() + dice.Roll(0, int(order.size()) - 1);
-            Item *item = *from;
-            order.erase(from);
-            switch (dice.Roll(0, 3)) {
-            case 0:
-                surface.Remove(*item->AsNode());
-                add();
-                break;
-            case 1:
-                item->AsNode()->BringToFront();
-                order.push_back(item);
-                break;
-            default:
-                item->AsNode()->SendToBack();
-                order.insert(order.begin(), item);
-            }
-        }
-        ASSERT_EQ(surface.StackingOrder(), order);
-    }
-}
-
-TEST(Stacking, BringingTheHighestToTheFrontAndSendingTheLowestToTheBackWriteNothing) {
-    Surface surface;
-    Node &a = surface.Nodes().Add(0, 0, 1, 1);
-    Node &b = surface.Nodes().Add(0, 0, 1, 1);
-    const auto keys = [&] { return std::pair(a.Stack(), b.Stack()); };
-    auto before = keys();
-    b.BringToFront(), a.SendToBack();
-    EXPECT_EQ(keys(), before);
-    a.BringToFront(), b.SendToBack();
-    before = keys();
-    a.BringToFront(), b.SendToBack(); // the order hasn't been read since
-    EXPECT_EQ(keys(), before);
-}
-
-TEST(Stacking, ItemsOfTheSameKeyAreStackedInTheOrderOfAddingUntilOneIsRaised) {
-    Surface surface;
-    Node &a = surface.Restore(1, NodeData{}), &b = surface.Restore(2, NodeData{});
-    EXPECT_EQ(surface.StackingOrder(), (std::vector<Item *>{&a, &b}));
-    a.BringToFront();
-    EXPECT_EQ(surface.StackingOrder(), (std::vector<Item *>{&b, &a}));
-    b.BringToFront(), b.SendToBack();
-    EXPECT_EQ(surface.StackingOrder(), (std::vector<Item *>{&b, &a}));
-}
-
-TEST(Stacking, RestackGivesTheStoredOrderWhenAllAreNamed) {
-    Dice dice(12);
-    Surface surface;
-    for (int i = 0; i < 200; ++i) surface.Nodes().Add(0, 0, 1, 1);
-    for (int i = 0; i < 200; ++i) AnyNode(surface, dice).Links().Add(AnyNode(surface, dice));
-    std::vector<Item *> expected = surface.StackingOrder();
-    std::shuffle(expected.begin(), expected.end(), std::mt19937(3));
-    std::vector<std::pair<Item *, int>> positions;
-    for (std::size_t i = 0; i < expected.size(); ++i) positions.emplace_back(expected[i], int(i));
-    std::shuffle(positions.begin(), positions.end(), std::mt19937(4));
-    surface.Restack(positions);
-    EXPECT_EQ(surface.StackingOrder(), expected);
-    for (std::size_t i = 0; i < expected.size(); ++i)
-        ASSERT_LE(expected[i]->Stack(), StackKey(401) * kStackGap);
-}
-
-TEST(Stacking, RestackLeavesTheOthersInOrderAroundTheNamed) {
-    Surface surface;
-    std::vector<Node *> n;
-    for (int i = 0; i < 6; ++i) n.push_back(&surface.Nodes().Add(0, 0, 1, 1));
-    surface.Restack({{n[5], 0}, {n[0], 3}, {n[1], 90}});
-    const std::vector<Item *> expected{n[5], n[2], n[3], n[0], n[4], n[1]};
-    EXPECT_EQ(surface.StackingOrder(), expected);
-}
-
 TEST(Surface, ValuesAreCheckedAndTold) {
     Surface surface;
     Listener listener;
-    surface.AddObserver(listener);
+    surface.Observers().Add(listener);
     surface.SetxZoom(0);
     surface.SetyZoom(10000);
     EXPECT_EQ(tests::NumberOf([&] { surface.SetxZoom(-1); }), 380);
     EXPECT_EQ(tests::NumberOf([&] { surface.SetyZoom(10001); }), 380);
-    EXPECT_EQ(tests::NumberOf([&] { surface.SetGridSize(0); }), 380);
-    EXPECT_EQ(tests::NumberOf([&] { surface.SetGridStyle(3); }), 380);
     surface.SetTag(QStringLiteral("|A=b"));
     EXPECT_EQ(listener.surfaceChanges, 3);
     NodeLook defaults;
@@ -453,7 +303,7 @@ TEST(Surface, ResetEmptiesItAndKeepsItsValues) {
     EXPECT_EQ(surface.Nodes().Count(), 0);
     EXPECT_EQ(surface.Links().size(), 0U);
     EXPECT_TRUE(surface.SelectedNodes().empty());
-    EXPECT_TRUE(surface.StackingOrder().empty());
+    EXPECT_TRUE(surface.Stacking().Order().empty());
     EXPECT_EQ(surface.Tag(), QStringLiteral("kept"));
 }
 

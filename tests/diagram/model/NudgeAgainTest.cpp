@@ -1,5 +1,6 @@
 // Routes that are routed and nudged once more.
 #include "diagram/edit/History.h"
+#include "diagram/model/Routing.h"
 #include "tests/diagram/model/RandomSurface.h"
 
 #include <gtest/gtest.h>
@@ -30,9 +31,9 @@ TEST_P(NudgedAgain, RoutingAndNudgingAgainChangesNothing) {
     Dice dice(GetParam());
     Surface surface;
     BuildGrid(surface, dice, 6, 5, 1000, 40, 0);
-    surface.TidyRoutes();
+    surface.Routes().TidyAll();
     const Ways before = AllRoutes(surface);
-    surface.TidyRoutes();
+    surface.Routes().TidyAll();
     EXPECT_EQ(CountChanged(before, AllRoutes(surface)), 0);
 }
 
@@ -41,7 +42,7 @@ TEST_P(NudgedAgain, WhatComesBackInTheGroupChangesNothing) {
     Surface surface;
     AttachHistory(surface);
     BuildGrid(surface, dice, 5, 4, 1000, 25, 0);
-    surface.TidyRoutes();
+    surface.Routes().TidyAll();
     const Ways before = AllRoutes(surface);
     for (const auto &link : surface.Links()) {
         const ActionGroup group(surface);
@@ -58,7 +59,7 @@ TEST_P(NudgedAgain, WhatComesBackInTheGroupChangesNothing) {
         const float left = node.Left();
         for (const float off : {60.0F, 30.0F, 0.0F}) {
             node.SetLeft(left + off);
-            surface.Recalculate();
+            surface.Routes().Recalculate();
         }
         moved = &node;
     }

@@ -1,5 +1,6 @@
 // Ends on one side of a node, and routes that share a channel, when a group of changes closes.
 #include "diagram/edit/History.h"
+#include "diagram/model/Routing.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Nudging.h"
 #include "diagram/shapes/Obstacles.h"
@@ -186,7 +187,7 @@ TEST_F(Nudges, AWayAloneStaysAsItIsRouted) {
         Link &link = a.Links().Add(b);
         link.SetStyle(style);
         const Route routed = link.Route();
-        plain.TidyRoutes();
+        plain.Routes().TidyAll();
         EXPECT_EQ(link.Route(), routed) << Text(link);
     }
 }
@@ -213,7 +214,7 @@ TEST_F(Nudges, BendsThatOnlyTheStyleAsksForGo) {
         Node &a = plain.Nodes().Add(0, 0, 1500, 900), &b = plain.Nodes().Add(6000, 4000, 1500, 900);
         Link &link = a.Links().Add(b);
         link.SetStyle(style);
-        plain.TidyRoutes();
+        plain.Routes().TidyAll();
         ASSERT_TRUE(KeepsDirections(link)) << Text(link);
         const std::string_view directions = FindLinkStyle(style)->directions;
         const std::size_t needed = directions.front() == directions.back() ? 3 : 2;
@@ -240,7 +241,7 @@ TEST_F(Nudges, EndsKeepTheirLengthWhenStairsGo) {
             return std::min(first.manhattanLength(), last.manhattanLength());
         };
         const double before = ends();
-        plain.TidyRoutes();
+        plain.Routes().TidyAll();
         EXPECT_GE(ends(), std::min(before, 60.0)) << Text(link);
     }
 }
@@ -251,7 +252,7 @@ TEST_F(Nudges, StairsThatSomethingStandsInTheWayOfStay) {
     Link &link = a.Links().Add(b);
     link.SetStyle(kHVHVH);
     plain.Nodes().Add(3500, 100, 900, 1200), plain.Nodes().Add(6000, 3200, 900, 1800);
-    plain.TidyRoutes();
+    plain.Routes().TidyAll();
     EXPECT_EQ(NodesOnRoute(link), 0) << Text(link);
     EXPECT_TRUE(KeepsDirections(link)) << Text(link);
 }
@@ -341,7 +342,7 @@ TEST_P(NudgedMap, NoWayIsNudgedIntoANode) {
     BuildGrid(surface, dice, 6, 5, 700, 40, 4);
     std::map<ItemId, int> before;
     for (const auto &link : surface.Links()) before[link->Id()] = NodesOnRoute(*link);
-    surface.TidyRoutes();
+    surface.Routes().TidyAll();
     for (const auto &link : surface.Links())
         ASSERT_LE(NodesOnRoute(*link), before[link->Id()]) << Text(*link);
 }
@@ -389,7 +390,7 @@ TEST_P(NudgedMap, TheSameMapIsRoutedTheSame) {
         Dice dice(GetParam());
         Surface surface;
         BuildGrid(surface, dice, 6, 5, 1000, 40, 2);
-        surface.TidyRoutes();
+        surface.Routes().TidyAll();
         each = AllRoutes(surface);
     }
     EXPECT_EQ(routes[0], routes[1]);

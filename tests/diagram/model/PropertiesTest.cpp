@@ -90,7 +90,7 @@ TEST(Look, SetLookIsOneChangeOfAllThatDiffers) {
     Node &node = surface.Nodes().Add(10, 20, 300, 400);
     node.SetText(QStringLiteral("kept"));
     Listener listener;
-    surface.AddObserver(listener);
+    surface.Observers().Add(listener);
     node.SetLook(FullLook());
     EXPECT_EQ(node.Look(), FullLook());
     EXPECT_EQ(node.Text(), QStringLiteral("kept"));
@@ -102,7 +102,7 @@ TEST(Look, SetLookIsOneChangeOfAllThatDiffers) {
     node.SetLook(darker);
     ASSERT_EQ(listener.changes.size(), 2U) << "the same look is no change";
     EXPECT_EQ(listener.changes[1], Change::Look);
-    surface.RemoveObserver(listener);
+    surface.Observers().Remove(listener);
 }
 
 TEST(Look, SetLookIsOneStepOfUndo) {

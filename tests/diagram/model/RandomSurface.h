@@ -3,6 +3,7 @@
 #pragma once
 
 #include "diagram/model/Properties.h"
+#include "diagram/model/Stacking.h"
 #include "diagram/model/Surface.h"
 
 #include <map>
@@ -167,10 +168,10 @@ inline const SurfaceWrite kSurfaceWrites[] = {
     },
     [](Surface &s, Dice &d) {
         std::vector<std::pair<Item *, int>> positions;
-        for (Item *item : s.StackingOrder()) {
+        for (Item *item : s.Stacking().Order()) {
             if (d.Flip()) positions.emplace_back(item, d.Roll(0, 40));
         }
-        s.Restack(positions);
+        s.Stacking().Restack(positions);
     },
 };
 
@@ -285,7 +286,7 @@ inline QString Dump(Surface &surface, bool namesByOrder = false) {
         lines << QStringLiteral("link %1").arg(names[link->Id()]) + DumpData(data);
     }
     QString order = QStringLiteral("order");
-    for (const Item *item : surface.StackingOrder()) order += QStringLiteral(" %1").arg(names[item->Id()]);
+    for (const Item *item : surface.Stacking().Order()) order += QStringLiteral(" %1").arg(names[item->Id()]);
     lines << order;
     return lines.join(QLatin1Char('\n'));
 }

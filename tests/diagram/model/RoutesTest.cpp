@@ -1,5 +1,7 @@
 // How the routes of links behave among other nodes.
 #include "diagram/edit/History.h"
+#include "diagram/model/Actions.h"
+#include "diagram/model/Routing.h"
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Obstacles.h"
 #include "tests/diagram/model/RandomSurface.h"
@@ -318,7 +320,7 @@ TEST(Routes, AGroupThatIsGivenUpLeavesTheWays) {
     pair.surface.BeginAction(1);
     block.SetTop(2500);
     EXPECT_NE(pair.link.Route(), before);
-    pair.surface.CancelAction();
+    pair.surface.Actions().Cancel();
     EXPECT_EQ(pair.link.Route(), before);
 }
 
@@ -496,9 +498,9 @@ TEST(Routes, TenThousandLinksOnOneNodeAndBetweenTwoAreRouted) {
         hub.Links().Add(node).SetStyle(i % 15);
         hub.Links().Add(other).SetStyle(i % 15);
     }
-    surface.Recalculate();
+    surface.Routes().Recalculate();
     hub.SetLeft(40000);
-    surface.Recalculate();
+    surface.Routes().Recalculate();
     for (const auto &link : surface.Links()) ASSERT_GE(link->Route().size(), 2U);
 }
 

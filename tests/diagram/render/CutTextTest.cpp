@@ -1,5 +1,6 @@
 // Texts without room end with whole lines and an ellipsis.
 #include "diagram/render/CutText.h"
+#include "diagram/model/ScreenValues.h"
 #include "Painting.h"
 
 #include "diagram/export/Export.h"
@@ -149,7 +150,7 @@ TEST(CutText, BothTexts_AreCutAsOne) {
     Node &node = AddText(painting, QRectF(40, 40, 80, 40), QStringLiteral("first"));
     node.SetEvent(kWords);
     EXPECT_FALSE(painting.renderer.TextIsCut(node));
-    painting.surface.SetShowsBothTexts(true);
+    painting.surface.Screen().SetShowsBothTexts(true);
     EXPECT_TRUE(painting.renderer.TextIsCut(node));
     EXPECT_TRUE(QRect(40, 40, 80, 40).contains(Ink(painting.Paint())));
 }

@@ -1,3 +1,4 @@
+#include "diagram/model/ScreenValues.h"
 #include "Painting.h"
 
 #include <gtest/gtest.h>
@@ -45,24 +46,24 @@ TEST(Overlays, Marks_OnWhatCantBeSelectedAreNotShown) {
 
 TEST(Backdrop, Grid_FollowsTheSurface) {
     Painting painting;
-    painting.surface.SetGridSize(300);
-    painting.surface.SetGridColor(support::Rgb(0, 0, 255));
+    painting.surface.Screen().SetGridSize(300);
+    painting.surface.Screen().SetGridColor(support::Rgb(0, 0, 255));
     painting.options.grid = true;
     EXPECT_EQ(CountOf(painting.Paint(), 0xFF0000FF), 0);
     painting.surface.SetGridLines(true);
     // Dots; crosses with half of them cut off above and as many on the left as come in on the right; lines.
     const int kExpected[] = {10 * 8, 10 * 8 * 9 - 10 * 2, 10 * 150 + 8 * 200 - 10 * 8};
     for (int style = 0; style < 3; ++style) {
-        painting.surface.SetGridStyle(style);
+        painting.surface.Screen().SetGridStyle(style);
         EXPECT_EQ(CountOf(painting.Paint(), 0xFF0000FF), kExpected[style]) << style;
     }
 }
 
 TEST(Backdrop, FineGrid_IsMadeWider) {
     Painting painting;
-    painting.surface.SetGridSize(15);
+    painting.surface.Screen().SetGridSize(15);
     painting.surface.SetGridLines(true);
-    painting.surface.SetGridColor(support::Rgb(0, 0, 255));
+    painting.surface.Screen().SetGridColor(support::Rgb(0, 0, 255));
     painting.options.grid = true;
     EXPECT_LT(CountOf(painting.Paint(), 0xFF0000FF), 200 * 150 / 2);
 }

@@ -1,6 +1,8 @@
 // A picture that shows and hides something else than the items say.
 #include "diagram/model/Sights.h"
 
+#include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
 #include "tests/diagram/render/Painting.h"
 
 #include <gtest/gtest.h>
@@ -41,7 +43,7 @@ TEST_F(SightsTest, EmptyOnesShowWhatTheItemsSay) {
 }
 
 TEST_F(SightsTest, HideAndBringBackAtEveryZoomAndChangeNothing) {
-    const Revision before = surface.Revision();
+    const Revision before = surface.Actions().Revision();
     sights.Set(seen, true);
     sights.Set(unseen, false);
     sights.Set(link, false);
@@ -50,7 +52,7 @@ TEST_F(SightsTest, HideAndBringBackAtEveryZoomAndChangeNothing) {
     EXPECT_TRUE(ShowsLink());
     EXPECT_FALSE(seen.Hidden());
     EXPECT_TRUE(unseen.Hidden());
-    EXPECT_EQ(surface.Revision(), before);
+    EXPECT_EQ(surface.Actions().Revision(), before);
 }
 
 TEST_F(SightsTest, KeepTheOrderOfTheStack) {

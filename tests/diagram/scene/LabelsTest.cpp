@@ -1,6 +1,7 @@
 // Where the labels of links stand among everything else.
 #include "diagram/edit/History.h"
 #include "diagram/geometry/Crossing.h"
+#include "diagram/model/Routing.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/scene/Scene.h"
 #include "tests/diagram/model/RandomSurface.h"
@@ -22,8 +23,7 @@ public:
 // Nodes while they are dragged.
 class Dragged {
 public:
-    Dragged(Surface &surface, std::vector<Node *> nodes)
-        : held_(surface.HoldRoutes()), nodes_(std::move(nodes)) {
+    Dragged(Surface &surface, std::vector<Node *> nodes) : trial_(surface, {}, {}), nodes_(std::move(nodes)) {
         for (const Node *node : nodes_) from_.push_back(node->Bounds().topLeft());
     }
     void MoveBy(const QPointF &way) const {
@@ -34,7 +34,7 @@ public:
     }
 
 private:
-    std::shared_ptr<HeldRoutes> held_;
+    RouteTrial trial_;
     std::vector<Node *> nodes_;
     std::vector<QPointF> from_;
 };

@@ -2,6 +2,8 @@
 #include "tests/diagram/view/ViewFixture.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
 #include "diagram/view/KeyRun.h"
 
 #include <QApplication>
@@ -62,10 +64,10 @@ TEST_F(ArrowRun, WhatAHandlerChanges_BelongsToTheStep) {
 
 TEST_F(ArrowRun, ThereAndBack_LeavesNoStepAndTheStepBeforeAlone) {
     Drag(Body(a), Body(a) + QPoint(33, 47), Qt::AltModifier);
-    const Revision before = surface.Revision();
+    const Revision before = surface.Actions().Revision();
     const QRectF dragged = a.Bounds();
     Keys({Qt::Key_Right, Qt::Key_Left});
-    EXPECT_EQ(surface.Revision(), before);
+    EXPECT_EQ(surface.Actions().Revision(), before);
     Key(Qt::Key_Down);
     EXPECT_EQ(UndoSteps(), 2);
     surface.Undo();

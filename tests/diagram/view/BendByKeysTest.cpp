@@ -1,5 +1,6 @@
 // Bends made and moved with the keys alone.
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/ScreenValues.h"
 #include "tests/diagram/view/ViewFixture.h"
 
 #include <QSignalSpy>
@@ -25,7 +26,7 @@ TEST_F(BendByKeys, Arrow_MakesABendOfAFreeSegmentAndMovesItOn) {
     Key(Qt::Key_Return);
     ASSERT_EQ(link.Route().size(), 3U);
     const QPointF bend = ToQPointF(link.Route()[1]);
-    EXPECT_LT((bend - middle - QPointF(surface.GridSize(), -150)).manhattanLength(), 1);
+    EXPECT_LT((bend - middle - QPointF(surface.Screen().GridSize(), -150)).manhattanLength(), 1);
     EXPECT_EQ(UndoSteps(), 1);
     EXPECT_EQ(events.Count("AfterStretch"), 1);
     surface.Undo();
@@ -58,8 +59,8 @@ TEST_F(BendByKeys, OrthogonalSegment_IsShiftedAcross) {
     Key(Qt::Key_Up);
     Key(Qt::Key_Return);
     ASSERT_EQ(link.Route().size(), 4U);
-    EXPECT_EQ(link.Route()[1].x, x + surface.GridSize());
-    EXPECT_EQ(link.Route()[2].x, x + surface.GridSize());
+    EXPECT_EQ(link.Route()[1].x, x + surface.Screen().GridSize());
+    EXPECT_EQ(link.Route()[2].x, x + surface.Screen().GridSize());
     EXPECT_TRUE(link.OwnBends());
     Begin();
     Key(Qt::Key_Delete);

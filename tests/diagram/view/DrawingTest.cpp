@@ -1,3 +1,4 @@
+#include "diagram/model/ScreenValues.h"
 #include "tests/diagram/view/ViewFixture.h"
 
 namespace diagram::testing {
@@ -63,7 +64,7 @@ TEST_F(Drawing, Escape_LeavesNoTrace) {
 }
 
 TEST_F(Drawing, SnapToGrid_DrawsTheCornersToTheGrid) {
-    surface.SetSnapToGrid(true);
+    surface.Screen().SetSnapToGrid(true);
     Drag(QPoint(103, 78), QPoint(224, 149));
     EXPECT_EQ(surface.Nodes().Item(1).Bounds(), QRectF(1500, 1200, 1800, 1050));
 }

@@ -1,4 +1,5 @@
 #include "diagram/interaction/EditText.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/scene/Scene.h"
 #include "tests/diagram/view/ViewFixture.h"
 
@@ -182,7 +183,7 @@ TEST_F(Editing, KeepText_OutlivesAListenerThatEndsTheEditing) {
 TEST_F(Editing, Editor_HoldsTheFirstTextAndHidesBothWhereBothAreShown) {
     a.SetBounds(1500, 1500, 3000, 3000);
     a.SetEvent(QStringLiteral("one\r\ntwo\r\nthree"));
-    surface.SetShowsBothTexts(true);
+    surface.Screen().SetShowsBothTexts(true);
     Settle();
     Key(Qt::Key_F2);
     EXPECT_EQ(Editor()->toPlainText(), QStringLiteral("old"));

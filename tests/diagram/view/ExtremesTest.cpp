@@ -2,6 +2,7 @@
 // everything.
 #include "diagram/hit/Grips.h"
 #include "diagram/model/Ranges.h"
+#include "diagram/model/ScreenValues.h"
 #include "tests/diagram/view/ViewFixture.h"
 
 #include <cmath>
@@ -56,7 +57,7 @@ TEST_F(Extremes, EndsOfTheRange_StayFinite) {
     wide.SendToBack();
     AddLink(far, tiny);
     AddLink(wide, tiny);
-    surface.SetSnapToGrid(true);
+    surface.Screen().SetSnapToGrid(true);
     Settle();
     EXPECT_FALSE(Seen().isNull());
     Click(QPoint(300, 300));

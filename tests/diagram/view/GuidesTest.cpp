@@ -1,3 +1,4 @@
+#include "diagram/model/ScreenValues.h"
 #include "tests/diagram/view/ViewFixture.h"
 
 #include <QTest>
@@ -101,7 +102,7 @@ TEST_F(SnappingToGuides, EqualDistance_IsFoundAndShown) {
 }
 
 TEST_F(SnappingToGuides, Guide_ComesBeforeTheGrid) {
-    surface.SetSnapToGrid(true);
+    surface.Screen().SetSnapToGrid(true);
     b.SetLeft(253 * 15);
     Settle();
     Drag(Body(a), Body(a) + QPoint(201, 23));

@@ -2,6 +2,8 @@
 #include "tests/diagram/view/ViewFixture.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
 #include "tests/diagram/view/TaggedDays.h"
 
 #include <QApplication>
@@ -41,7 +43,7 @@ protected:
         end = At(ToQPointF(link.Route().back()));
         segment = At((ToQPointF(link.Route()[0]) + ToQPointF(link.Route()[1])) / 2);
         saved = SaveBytes(surface);
-        revision = surface.Revision();
+        revision = surface.Actions().Revision();
         selectedBefore = surface.SelectedNodes();
     }
 
@@ -70,7 +72,7 @@ protected:
             MoveTo(drag.to + QPoint(9, 9), drag.modifiers);
             Release(drag.to, drag.modifiers);
             EXPECT_EQ(SaveBytes(surface), saved);
-            EXPECT_EQ(surface.Revision(), revision);
+            EXPECT_EQ(surface.Actions().Revision(), revision);
             EXPECT_EQ(surface.SelectedNodes(), selectedBefore);
             EXPECT_FALSE(surface.CanUndo());
             EXPECT_FALSE(surface.CanRedo());
@@ -116,7 +118,7 @@ TEST_F(Interruptions, OfAClickThatWouldPlaceAShape) {
         Settle();
         Release(place);
         EXPECT_EQ(SaveBytes(surface), saved);
-        EXPECT_EQ(surface.Revision(), revision);
+        EXPECT_EQ(surface.Actions().Revision(), revision);
         EXPECT_EQ(surface.SelectedNodes(), selectedBefore);
         EXPECT_FALSE(surface.CanUndo());
     }
@@ -135,12 +137,12 @@ TEST_F(Interruptions, AStepThatADragMadeAndUndoTookBackIsNoDifference) {
         Release(drag.to, drag.modifiers);
         view->CancelGesture(); // a node that is offered
         const bool made = surface.CanUndo();
-        EXPECT_EQ(surface.Revision() != revision, made);
+        EXPECT_EQ(surface.Actions().Revision() != revision, made);
         if (QByteArray(drag.name).startsWith("date")) {
             EXPECT_NE(dated.Tag(), tag);
         }
         while (surface.CanUndo()) surface.Undo();
-        EXPECT_EQ(surface.Revision(), revision);
+        EXPECT_EQ(surface.Actions().Revision(), revision);
         surface.UnselectAll();
         b.SetSelected(true);
         dated.SetSelected(true);

@@ -1,3 +1,4 @@
+#include "diagram/model/ScreenValues.h"
 #include "diagram/view/KeyCodes.h"
 #include "tests/diagram/view/ViewFixture.h"
 
@@ -154,10 +155,10 @@ TEST_F(Keys, Shift_IsToldAsItsOwnKey) {
 }
 
 TEST_F(Keys, LosingTheFocus_EndsShiftMode) {
-    surface.SetShiftMode(true);
+    surface.Screen().SetShiftMode(true);
     view->setFocus();
     view->clearFocus();
-    EXPECT_FALSE(surface.ShiftMode());
+    EXPECT_FALSE(surface.Screen().ShiftMode());
 }
 
 TEST_F(Keys, GotFocus_IsRaised) {

@@ -1,3 +1,4 @@
+#include "diagram/model/ScreenValues.h"
 #include "tests/diagram/view/ViewFixture.h"
 
 #include <QScrollBar>
@@ -146,7 +147,7 @@ TEST_F(Moving, BendsOfTheUser_StayWhereTheyAreWhileAnEndMoves) {
 }
 
 TEST_F(Moving, SnapToGrid_DrawsThePressedNodeToTheGrid) {
-    surface.SetSnapToGrid(true);
+    surface.Screen().SetSnapToGrid(true);
     Drag(Body(a), Body(a) + QPoint(23, 18));
     EXPECT_EQ(a.Bounds().topLeft(), QPointF(1050, 1050));
     Drag(Body(a), Body(a) + QPoint(23, 18), Qt::AltModifier);
@@ -198,7 +199,7 @@ TEST_F(Moving, ArrowKeys_MoveByAPixelAndWithShiftByAGridStep) {
     Key(Qt::Key_Right);
     EXPECT_EQ(a.Left(), 51 * 15);
     Key(Qt::Key_Down, Qt::ShiftModifier);
-    EXPECT_EQ(a.Top(), 50 * 15 + surface.GridSize());
+    EXPECT_EQ(a.Top(), 50 * 15 + surface.Screen().GridSize());
     EXPECT_EQ(UndoSteps(), 1);
     EXPECT_EQ(events.Count("AfterMove"), 2);
 }

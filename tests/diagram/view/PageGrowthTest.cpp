@@ -3,7 +3,10 @@
 
 #include "diagram/interaction/CopiedDates.h"
 #include "diagram/interaction/GrowPage.h"
+#include "diagram/model/Actions.h"
 #include "diagram/model/DayStrip.h"
+#include "diagram/model/Revision.h"
+#include "diagram/model/ScreenValues.h"
 
 #include <QScrollBar>
 #include <QTest>
@@ -101,14 +104,14 @@ TEST_F(PageGrowth, DropOnThePage_MovesNothingElse) {
 }
 
 TEST_F(PageGrowth, Escape_LeavesNoTrace) {
-    const Revision before = surface.Revision();
+    const Revision before = surface.Actions().Revision();
     const QPoint from = Body(a);
     DragAndHold(from, from - QPoint(60, 65), Qt::AltModifier);
     EXPECT_EQ(b.Left(), 4500);
     Key(Qt::Key_Escape);
     Release(from);
     EXPECT_EQ(a.Bounds().topLeft(), QPointF(600, 900));
-    EXPECT_EQ(surface.Revision(), before);
+    EXPECT_EQ(surface.Actions().Revision(), before);
     EXPECT_EQ(strip.arranged, 0);
 }
 
@@ -189,8 +192,8 @@ TEST_F(PageGrowth, PasteAtAPointerBeyondTheEdge_GrowsIt) {
 }
 
 TEST_F(PageGrowth, SnapToGrid_KeepsEverythingOnIt) {
-    surface.SetSnapToGrid(true);
-    surface.SetGridSize(400);
+    surface.Screen().SetSnapToGrid(true);
+    surface.Screen().SetGridSize(400);
     a.SetBounds(400, 800, 1600, 800);
     const QPoint from = Body(a);
     Drag(from, from - QPoint(50, 0));

@@ -1,4 +1,5 @@
 // Where pasted and duplicated nodes come to stand.
+#include "diagram/model/ScreenValues.h"
 #include "tests/diagram/view/ViewFixture.h"
 
 #include <algorithm>
@@ -144,7 +145,7 @@ TEST_F(PastePlace, SeveralNodes_KeepTheirPlacesToEachOther) {
 }
 
 TEST_F(PastePlace, SnapToGrid_KeepsEverythingOnIt) {
-    surface.SetSnapToGrid(true);
+    surface.Screen().SetSnapToGrid(true);
     view->Copy();
     MoveTo(QPoint(503, 407));
     const QRectF pasted = Pasted();

@@ -1,3 +1,4 @@
+#include "diagram/model/ScreenValues.h"
 #include "tests/diagram/view/ViewFixture.h"
 
 namespace diagram::testing {
@@ -62,7 +63,7 @@ TEST_F(Resizing, Node_DoesNotTurnOver) {
 }
 
 TEST_F(Resizing, SnapToGrid_DrawsTheSideToTheGrid) {
-    surface.SetSnapToGrid(true);
+    surface.Screen().SetSnapToGrid(true);
     Drag(Handle(a, 3), Handle(a, 3) + QPoint(13, 0));
     EXPECT_EQ(a.Width(), 110 * 15);
 }
@@ -88,7 +89,7 @@ TEST_F(Resizing, AltArrow_MovesTheRightAndTheBottomSideByAPixel) {
 }
 
 TEST_F(Resizing, AltShiftArrow_GoesByAStepOfTheGrid) {
-    surface.SetGridSize(300);
+    surface.Screen().SetGridSize(300);
     Key(Qt::Key_Right, Qt::AltModifier | Qt::ShiftModifier);
     EXPECT_EQ(Pixels(a), QRectF(100, 100, 120, 60));
     surface.Undo();
@@ -97,7 +98,7 @@ TEST_F(Resizing, AltShiftArrow_GoesByAStepOfTheGrid) {
 
 TEST_F(Resizing, AltArrow_ResizesSeveralInProportionToTheOneWithTheFocus) {
     b.SetSelected(true); // 50 wide
-    surface.SetGridSize(750);
+    surface.Screen().SetGridSize(750);
     Key(Qt::Key_Right, Qt::AltModifier | Qt::ShiftModifier);
     EXPECT_EQ(Pixels(b), QRectF(300, 300, 100, 40));
     EXPECT_EQ(Pixels(a), QRectF(100, 100, 200, 60));

@@ -1,3 +1,4 @@
+#include "diagram/model/ScreenValues.h"
 #include "tests/diagram/view/ViewFixture.h"
 
 #include <QCoreApplication>
@@ -72,20 +73,20 @@ TEST_F(Scrolling, ChangePaintedBeforeItsTurn_IsSeen) {
 }
 
 TEST_F(Scrolling, Surface_KnowsItsSizeAndScroll) {
-    EXPECT_EQ(surface.Width(), float(view->viewport()->width() * 15));
-    EXPECT_EQ(surface.Height(), float(view->viewport()->height() * 15));
+    EXPECT_EQ(surface.Screen().Width(), float(view->viewport()->width() * 15));
+    EXPECT_EQ(surface.Screen().Height(), float(view->viewport()->height() * 15));
     view->horizontalScrollBar()->setValue(40);
     view->verticalScrollBar()->setValue(30);
-    EXPECT_EQ(surface.xScroll(), 600);
-    EXPECT_EQ(surface.yScroll(), 450);
+    EXPECT_EQ(surface.Screen().xScroll(), 600);
+    EXPECT_EQ(surface.Screen().yScroll(), 450);
     surface.SetxZoom(150);
     surface.SetyZoom(150);
     Settle();
-    EXPECT_EQ(surface.Width(), float(view->viewport()->width() * 15));
-    EXPECT_NEAR(surface.xScroll(), X() * 10, 0.01);
+    EXPECT_EQ(surface.Screen().Width(), float(view->viewport()->width() * 15));
+    EXPECT_NEAR(surface.Screen().xScroll(), X() * 10, 0.01);
     view->resize(500, 400);
     Settle();
-    EXPECT_EQ(surface.Width(), float(view->viewport()->width() * 15));
+    EXPECT_EQ(surface.Screen().Width(), float(view->viewport()->width() * 15));
 }
 
 TEST_F(Scrolling, Bars_ReachTheContentAndMore) {

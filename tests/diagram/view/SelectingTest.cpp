@@ -1,3 +1,4 @@
+#include "diagram/model/ScreenValues.h"
 #include "tests/diagram/view/ViewFixture.h"
 
 #include <QCoreApplication>
@@ -88,7 +89,7 @@ TEST_F(Selecting, ShiftDrag_SelectsWhatTheBandEncloses) {
 }
 
 TEST_F(Selecting, ShiftMode_MakesAPlainDragARubberBand) {
-    surface.SetShiftMode(true);
+    surface.Screen().SetShiftMode(true);
     Drag(QPoint(20, 20), QPoint(200, 160));
     EXPECT_TRUE(a.Selected());
     EXPECT_EQ(surface.Nodes().Count(), 3);

@@ -1,4 +1,5 @@
 // A shape that was chosen is what drags draw and clicks place.
+#include "diagram/model/ScreenValues.h"
 #include "tests/diagram/view/ViewFixture.h"
 
 #include <cmath>
@@ -123,9 +124,9 @@ TEST_F(ShapeToDraw, WhatWasPlacedTakesWhatIsTyped) {
 }
 
 TEST_F(ShapeToDraw, APlacedNodeSnapsToTheGridAndStaysOnThePage) {
-    surface.SetSnapToGrid(true);
+    surface.Screen().SetSnapToGrid(true);
     Click(QPoint(203, 151));
-    const double grid = surface.GridSize();
+    const double grid = surface.Screen().GridSize();
     EXPECT_EQ(std::fmod(Last().Left(), grid), 0);
     EXPECT_EQ(std::fmod(Last().Top(), grid), 0);
     Click(QPoint(600, 4));

@@ -1,3 +1,4 @@
+#include "diagram/model/ScreenValues.h"
 #include "gallery/gestures/Film.h"
 #include "gallery/gestures/Scenes.h"
 
@@ -102,7 +103,7 @@ void AltOff(Film &film) {
 
 void ToTheGrid(Film &film) {
     film.surface.SetGridLines(true);
-    film.surface.SetSnapToGrid(true);
+    film.surface.Screen().SetSnapToGrid(true);
     Node &a = film.Add(60, 60, 120, 70, "Market");
     film.ShootDrag(film.Body(a), film.Body(a) + QPoint(173, 118));
     Finish(film, "on the grid");

@@ -2,6 +2,7 @@
 // by us in layers, by dot, then in all other ways. All are routed by us.
 //   velmora-layouts [FOLDER [NAME...]]     (build/gallery/layouts and all of them when left out)
 #include "diagram/layout/Layouts.h"
+#include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
@@ -70,7 +71,7 @@ void PaintPanel(QPainter &painter, const QRect &place, const QString &name, cons
     QElapsedTimer time;
     time.start();
     row.layOut(surface, order);
-    surface.Recalculate();
+    surface.Routes().Recalculate();
     painter.setPen(Qt::black);
     painter.drawText(
         QRect(place.topLeft(), QSize(place.width(), kHead)).adjusted(6, 0, 0, 0), Qt::AlignVCenter,

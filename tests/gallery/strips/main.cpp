@@ -1,6 +1,7 @@
 // Writes pictures of plans on a timeline, as the screen shows them, to be looked at.
 //   velmora-strips [FOLDER]     (build/gallery/strips when left out)
 #include "diagram/geometry/Units.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
@@ -108,7 +109,7 @@ void Draw(document::MapWindow &window, Surface &surface, const Plan &plan) {
     document::SetTag(surface, document::tags::kTimelineAlign, QString::number(plan.arrangement));
     document::SetTag(surface, document::tags::kMissing, QStringLiteral("True"));
     BuildMonthLook(surface, plan);
-    surface.SetSize(1300 * kTwips, 800 * kTwips);
+    surface.Screen().SetSize(1300 * kTwips, 800 * kTwips);
     const std::vector<QString> streams = AddStreams(window);
     std::vector<timeline::NodeDate> dates;
     for (const gallery::PlanStep &step : plan.steps) {

@@ -1,6 +1,8 @@
 #include "output/export/ExportReport.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
 #include "output/export/ReportNames.h"
 #include "settings/GetSet.h"
 #include "tests/output/export/ExportTest.h"
@@ -193,10 +195,10 @@ TEST_F(Reports, NothingInTheWindowChanges) {
     window->TabStrip().SetTheTab(1);
     window->clsSettings().Dirty = false;
     const QByteArray before = diagram::SaveBytes(first);
-    const diagram::Revision revision = first.Revision();
+    const diagram::Revision revision = first.Actions().Revision();
     ASSERT_TRUE(Export(QStringLiteral("a.htm"), All({})));
     EXPECT_TRUE(diagram::SaveBytes(first) == before);
-    EXPECT_TRUE(first.Revision() == revision);
+    EXPECT_TRUE(first.Actions().Revision() == revision);
     EXPECT_TRUE(node.Selected());
     EXPECT_EQ(window->TabStrip().TheTab(), 1);
     EXPECT_FALSE(window->clsSettings().Dirty);

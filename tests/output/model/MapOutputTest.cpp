@@ -1,6 +1,8 @@
 #include "output/model/MapOutput.h"
 
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
 #include "document/Tags.h"
 #include "settings/Settings.h"
 #include "tests/document/MapTest.h"
@@ -110,7 +112,7 @@ TEST_F(MapOutputTest, ALinkThatArrivesLeadsToTheNodeItself) {
 TEST_F(MapOutputTest, APictureIsMadeWithoutAWriteToTheSurface) {
     AddNode(QStringLiteral("Seen")).SetSelected(true);
     AddNode(QStringLiteral("Unseen")).SetHidden(true);
-    const diagram::Revision revision = first.Revision();
+    const diagram::Revision revision = first.Actions().Revision();
     const QByteArray before = diagram::SaveBytes(first);
     const SliceOutput slice = ReadMap(*window).Current();
     const QByteArray svg = slice.Picture(diagram::PictureFormat::Svg);
@@ -120,7 +122,7 @@ TEST_F(MapOutputTest, APictureIsMadeWithoutAWriteToTheSurface) {
     EXPECT_GT(slice.PictureSize().width(), 1500);
     EXPECT_TRUE(first.Nodes().Item(1).Selected());
     EXPECT_TRUE(diagram::SaveBytes(first) == before);
-    EXPECT_TRUE(first.Revision() == revision);
+    EXPECT_TRUE(first.Actions().Revision() == revision);
 }
 
 TEST_F(MapOutputTest, TheFilterTellsWhatIsTickedOnceSomethingIsNot) {

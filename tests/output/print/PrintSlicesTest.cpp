@@ -1,4 +1,5 @@
 #include "diagram/model/Node.h"
+#include "diagram/model/ScreenValues.h"
 #include "output/print/Fields.h"
 #include "tests/output/print/PrintTest.h"
 
@@ -157,7 +158,7 @@ TEST_F(PrintSlicesTest, TheGridIsPrintedOnlyWhenItIsChosen) {
     diagram::Surface &surface = AddSlice();
     AddBox(surface, 0, 0, 20, 20);
     surface.SetGridLines(true);
-    surface.SetGridColor(support::Rgb(0, 0, 255));
+    surface.Screen().SetGridColor(support::Rgb(0, 0, 255));
     const auto isBlue = [&] {
         WritePdf();
         const QImage page = PictureOfPdf(1, 200);

@@ -3,6 +3,8 @@
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Link.h"
 #include "diagram/model/Node.h"
+#include "diagram/model/ScreenValues.h"
+#include "diagram/model/Stacking.h"
 #include "document/MemoryWindow.h"
 #include "settings/Settings.h"
 #include "tests/output/print/PrintTest.h"
@@ -43,19 +45,19 @@ TEST(CopyOf, HasTheSameContent) {
     a.BringToFront();
     const auto copy = CopyOf(surface);
     EXPECT_EQ(diagram::SaveBytes(*copy), diagram::SaveBytes(surface));
-    EXPECT_EQ(copy->StackingOrder().back()->Id(), a.Id());
+    EXPECT_EQ(copy->Stacking().Order().back()->Id(), a.Id());
 }
 
 TEST(CopyOf, IsNotReachedByLaterChanges) {
     const support::testing::ScriptedDesktop desktop;
     diagram::Surface surface;
-    surface.SetShowsBothTexts(true);
+    surface.Screen().SetShowsBothTexts(true);
     AddBox(surface, 0, 0, 20, 10, QStringLiteral("A"));
     const auto copy = CopyOf(surface);
     surface.Nodes().Item(1).SetText(QStringLiteral("B"));
     surface.Nodes().Clear();
     EXPECT_EQ(copy->Nodes().Item(1).Text(), QStringLiteral("A"));
-    EXPECT_TRUE(copy->ShowsBothTexts());
+    EXPECT_TRUE(copy->Screen().ShowsBothTexts());
 }
 
 TEST_F(PrintedMapTest, HasTheNamesAndTheTime) {

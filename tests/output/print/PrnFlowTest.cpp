@@ -1,6 +1,7 @@
 #include "output/print/PrnFlow.h"
 
 #include "diagram/model/Node.h"
+#include "diagram/model/ScreenValues.h"
 #include "output/print/ZoomToPages.h"
 #include "tests/output/print/PrintTest.h"
 
@@ -14,7 +15,7 @@ protected:
         flow.FitToPage = false;
         flow.Preview = true;
         flow.OnShown([this] { ++runs; });
-        surface.SetSize(12000, 9000);
+        surface.Screen().SetSize(12000, 9000);
     }
     // One box of so many millimetres.
     void Show(double width, double height) {

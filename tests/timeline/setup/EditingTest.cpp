@@ -1,5 +1,6 @@
 // What the user does in the setup form, and what OK and the other buttons make of it.
 #include "diagram/format/SurfaceFile.h"
+#include "diagram/model/ScreenValues.h"
 #include "document/MapSchema.h"
 #include "document/Tags.h"
 #include "document/TemplateFile.h"
@@ -36,8 +37,8 @@ struct Editing : SetupTest {
     }
     void ExpectCentred() {
         const diagram::Surface &surface = form->TimelineSample();
-        EXPECT_EQ(Sample().Left(), surface.Width() / 2 - Sample().Width() / 2);
-        EXPECT_EQ(Sample().Top(), surface.Height() / 2 - Sample().Height() / 2);
+        EXPECT_EQ(Sample().Left(), surface.Screen().Width() / 2 - Sample().Width() / 2);
+        EXPECT_EQ(Sample().Top(), surface.Screen().Height() / 2 - Sample().Height() / 2);
     }
 };
 

@@ -1,4 +1,5 @@
 // What the setup form shows when it opens.
+#include "diagram/model/ScreenValues.h"
 #include "diagram/shapes/Shapes.h"
 #include "document/Tags.h"
 #include "tests/timeline/setup/SetupTest.h"
@@ -131,8 +132,8 @@ TEST_F(Opening, TheSampleIsTodaysMonthInTheMiddle) {
     EXPECT_EQ(document::GetTag(Sample(), kTheDate), QStringLiteral("May 2024"));
     EXPECT_EQ(Sample().Bounds().size(), QSizeF(1200, 1200));
     const diagram::Surface &surface = form->TimelineSample();
-    EXPECT_EQ(Sample().Left(), surface.Width() / 2 - 600);
-    EXPECT_EQ(Sample().Top(), surface.Height() / 2 - 600);
+    EXPECT_EQ(Sample().Left(), surface.Screen().Width() / 2 - 600);
+    EXPECT_EQ(Sample().Top(), surface.Screen().Height() / 2 - 600);
 }
 
 TEST_F(Opening, WithoutAPatternShortNamesAreShown) {
@@ -186,7 +187,7 @@ TEST_F(Opening, TheTemplateNodesLookIsSelected) {
     EXPECT_EQ(Control<widgets::SwatchButton>("cmdChangeBorder").Value(), 0x405060);
     EXPECT_EQ(Control<widgets::SwatchButton>("cmdChangeFore").Value(), 0x708090);
     EXPECT_EQ(Sample().Bounds().size(), QSizeF(2400, 600));
-    EXPECT_EQ(Sample().Left(), form->TimelineSample().Width() / 2 - 1200);
+    EXPECT_EQ(Sample().Left(), form->TimelineSample().Screen().Width() / 2 - 1200);
     EXPECT_EQ(Sample().Shape(), 77);
 }
 
