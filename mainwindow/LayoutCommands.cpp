@@ -37,14 +37,40 @@ void ShowMoved(frmMain &window, const diagram::ItemPlaces &before) {
     diagram::Glide::Begin(view, before);
 }
 
+// While it stands the view takes no notice of the surface.
+class Unfollowed {
+public:
+    explicit Unfollowed(diagram::SurfaceView &view) : view_(view) { view_.SetFollowing(false); }
+    ~Unfollowed() { view_.SetFollowing(true); }
+    Unfollowed(const Unfollowed &) = delete;
+    Unfollowed &operator=(const Unfollowed &) = delete;
+
+private:
+    diagram::SurfaceView &view_;
+};
+
+// The routes of the links that were laid out, which would be asked for all at once when the step closes, or
+// by what is painted. False when it was given up.
+bool FindRoutes(frmMain &window, LongTask &task) {
+    constexpr std::size_t kAtOnce = 32;
+    const Unfollowed unfollowed(window.CurrentView());
+    const auto &links = window.CurrentSurface().Links();
+    for (std::size_t i = 0; i < links.size(); ++i) {
+        links[i]->Route();
+        if (i % kAtOnce == 0 && !task.GoOn()) return false;
+    }
+    return true;
+}
+
 // One step; what has moved is shown when the step is over.
 template <typename LayOut>
 void Execute(frmMain &window, LayOut &&layOut) {
     const diagram::ItemPlaces before = diagram::PlacesOf(window.CurrentSurface());
     {
-        const ActionGroup step(window.CurrentSurface());
+        ActionGroup step(window.CurrentSurface());
         LongTask task(window, QCoreApplication::translate("Layout", "Laying out"), LongTask::Bar::IsTheWorks);
         layOut(task);
+        if (!FindRoutes(window, task)) step.TakeBack();
     }
     ShowMoved(window, before);
 }
@@ -73,7 +99,7 @@ bool LayOutInLayers(frmMain &window, diagram::LayoutScope scope) {
     const LayoutTool &tool = HierarchicalTool();
     auto result = diagram::LayoutResult::GivenUp;
     {
-        const ActionGroup step(window.CurrentSurface());
+        ActionGroup step(window.CurrentSurface());
         LongTask task(window, QCoreApplication::translate("Layout", "Laying out"));
         diagram::LayoutOrder order{scope, tool.options};
         order.cluster =
@@ -81,6 +107,10 @@ bool LayOutInLayers(frmMain &window, diagram::LayoutScope scope) {
         order.advance = [&](double) { return task.GoOn(); };
         result = diagram::FindLayout(QStringLiteral("hierarchical"))->layOut(window.CurrentSurface(), order);
         if (result != diagram::LayoutResult::GivenUp) ArrangeTimeline(window);
+        if (!FindRoutes(window, task)) {
+            step.TakeBack();
+            result = diagram::LayoutResult::GivenUp;
+        }
     }
     ShowMoved(window, before);
     return result != diagram::LayoutResult::GivenUp;
