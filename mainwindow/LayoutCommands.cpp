@@ -50,7 +50,7 @@ private:
 };
 
 // The routes of the links that were laid out, which would be asked for all at once when the step closes, or
-// by what is painted. False when it was given up.
+// by the view. False when it was given up.
 bool FindRoutes(frmMain &window, LongTask &task) {
     constexpr std::size_t kAtOnce = 32;
     const Unfollowed unfollowed(window.CurrentView());
@@ -62,17 +62,20 @@ bool FindRoutes(frmMain &window, LongTask &task) {
     return true;
 }
 
-// One step; what has moved is shown when the step is over.
+// One step; what has moved is shown when the step is over. False when it was given up at the end.
 template <typename LayOut>
-void Execute(frmMain &window, LayOut &&layOut) {
+bool Execute(frmMain &window, LayOut &&layOut) {
     const diagram::ItemPlaces before = diagram::PlacesOf(window.CurrentSurface());
+    bool stays = true;
     {
         ActionGroup step(window.CurrentSurface());
         LongTask task(window, QCoreApplication::translate("Layout", "Laying out"), LongTask::Bar::IsTheWorks);
         layOut(task);
-        if (!FindRoutes(window, task)) step.TakeBack();
+        stays = FindRoutes(window, task);
+        if (!stays) step.TakeBack();
     }
     ShowMoved(window, before);
+    return stays;
 }
 
 diagram::LayoutResult LayOut(frmMain &window, const char *name, const LayoutTool &tool, LongTask &task) {
@@ -138,11 +141,11 @@ void WithoutAWord(Body &&body) {
 // are arranged all the same.
 void mnuLayoutTreeExecute(frmMain &window) {
     auto result = diagram::LayoutResult::LaidOut;
-    Execute(window, [&](LongTask &task) {
+    const bool stays = Execute(window, [&](LongTask &task) {
         WithoutAWord([&] { result = LayOut(window, "tree", frmPics::Shared().TFlow(), task); });
         WithoutAWord([&] { ArrangeTimeline(window); });
     });
-    if (result == diagram::LayoutResult::AsSpanningTree)
+    if (stays && result == diagram::LayoutResult::AsSpanningTree)
         window.Status().TellInPassing(QCoreApplication::translate(
             "Layout", "This is no tree: it was laid out along some of its links, the others lead round."));
 }
