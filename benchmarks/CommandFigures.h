@@ -9,6 +9,8 @@ namespace bench {
 Figures LayoutFigures();
 // Filter and search over 100,000 nodes in a window.
 Figures WholeMapFigures();
+// How long the window does nothing else while many nodes are laid out.
+Figures SilenceFigures();
 // Every command on an empty and on a small map, up to the painted window; dialogs are answered at once.
 Figures CommandFigures();
 

@@ -11,6 +11,8 @@ namespace {
 
 constexpr int kLinksOfMap = 40;
 
+diagram::Node &AddBox(diagram::Surface &surface) { return surface.Nodes().Add(0, 0, 1020, 540); }
+
 } // namespace
 
 void FillGenerated(diagram::Surface &surface, unsigned seed, int style) {
@@ -33,6 +35,31 @@ void FillGenerated(diagram::Surface &surface, unsigned seed, int style) {
         if (&from == &to) continue;
         diagram::Link &link = from.Links().Add(to);
         link.SetStyle(diagram::StyleFor(link, style));
+    }
+}
+
+void FillPlan(diagram::Surface &surface, int nodes) {
+    constexpr int kReach = 40;
+    std::mt19937 random(1);
+    std::vector<diagram::Node *> all;
+    for (int i = 0; i < nodes; ++i) {
+        all.push_back(&AddBox(surface));
+        if (i > 0)
+            all[std::size_t(i - 1 - int(random() % unsigned(std::min(i, kReach))))]->Links().Add(*all.back());
+    }
+    for (int i = 0; i <= nodes * 3 / 10; ++i) {
+        const int from = int(random() % unsigned(nodes - kReach - 1));
+        all[std::size_t(from)]->Links().Add(*all[std::size_t(from + 1 + int(random() % kReach))]);
+    }
+}
+
+void FillAnyhow(diagram::Surface &surface, int nodes) {
+    std::mt19937 random(1);
+    std::vector<diagram::Node *> all;
+    for (int i = 0; i < nodes; ++i) all.push_back(&AddBox(surface));
+    for (int i = 0; i < nodes * 13 / 10; ++i) {
+        diagram::Node *from = all[random() % all.size()];
+        from->Links().Add(*all[random() % all.size()]);
     }
 }
 

@@ -1,4 +1,5 @@
 #include "benchmarks/CommandFigures.h"
+#include "benchmarks/GeneratedMap.h"
 #include "benchmarks/LayoutCrossings.h"
 #include "diagram/layout/Layout.h"
 #include "diagram/layout/Layouts.h"
@@ -31,35 +32,6 @@ double BestOf(const std::function<double()> &run) {
     double best = run();
     for (int i = 1; i < kRuns; ++i) best = std::min(best, run());
     return best;
-}
-
-diagram::Node &AddBox(diagram::Surface &surface) { return surface.Nodes().Add(0, 0, 1020, 540); }
-
-// Each node hangs below one of the 40 before it, and three in ten more links go downwards, as plans do.
-void FillPlan(diagram::Surface &surface, int nodes) {
-    constexpr int kReach = 40;
-    std::mt19937 random(1);
-    std::vector<diagram::Node *> all;
-    for (int i = 0; i < nodes; ++i) {
-        all.push_back(&AddBox(surface));
-        if (i > 0)
-            all[std::size_t(i - 1 - int(random() % unsigned(std::min(i, kReach))))]->Links().Add(*all.back());
-    }
-    for (int i = 0; i <= nodes * 3 / 10; ++i) {
-        const int from = int(random() % unsigned(nodes - kReach - 1));
-        all[std::size_t(from)]->Links().Add(*all[std::size_t(from + 1 + int(random() % kReach))]);
-    }
-}
-
-// Any node is linked with any other: many layers, and links that pass most of them.
-void FillAnyhow(diagram::Surface &surface, int nodes) {
-    std::mt19937 random(1);
-    std::vector<diagram::Node *> all;
-    for (int i = 0; i < nodes; ++i) all.push_back(&AddBox(surface));
-    for (int i = 0; i < nodes * 13 / 10; ++i) {
-        diagram::Node *from = all[random() % all.size()];
-        from->Links().Add(*all[random() % all.size()]);
-    }
 }
 
 struct Filling {

@@ -193,6 +193,7 @@ constexpr Part kParts[] = {
     {"edit", false, [](Table &table, const QString &) { table.Add(bench::EditFigures()); }},
     {"journal", false, [](Table &table, const QString &) { table.Add(bench::JournalFigures()); }},
     {"layout", false, [](Table &table, const QString &) { table.Add(bench::LayoutFigures()); }},
+    {"silence", false, [](Table &table, const QString &) { table.Add(bench::SilenceFigures()); }},
     {"ortho", false, [](Table &table, const QString &) { table.Add(bench::OrthoCrossings()); }},
     {"wholemap", false, [](Table &table, const QString &) { table.Add(bench::WholeMapFigures()); }},
     {"commands", false, [](Table &table, const QString &) { table.Add(bench::CommandFigures()); }},

@@ -37,16 +37,45 @@ void ShowMoved(frmMain &window, const diagram::ItemPlaces &before) {
     diagram::Glide::Begin(view, before);
 }
 
-// One step; what has moved is shown when the step is over.
+// While it stands the view takes no notice of the surface.
+class Unfollowed {
+public:
+    explicit Unfollowed(diagram::SurfaceView &view) : view_(view) { view_.SetFollowing(false); }
+    ~Unfollowed() { view_.SetFollowing(true); }
+    Unfollowed(const Unfollowed &) = delete;
+    Unfollowed &operator=(const Unfollowed &) = delete;
+
+private:
+    diagram::SurfaceView &view_;
+};
+
+// The routes of the links that were laid out, which would be asked for all at once when the step closes, or
+// by the view. False when it was given up.
+bool FindRoutes(frmMain &window, LongTask &task) {
+    constexpr std::size_t kAtOnce = 32;
+    const Unfollowed unfollowed(window.CurrentView());
+    const auto &links = window.CurrentSurface().Links();
+    for (std::size_t i = 0; i < links.size(); ++i) {
+        links[i]->Route();
+        if (i % kAtOnce == 0 && !task.GoOn()) return false;
+    }
+    return true;
+}
+
+// One step; what has moved is shown when the step is over. False when it was given up at the end.
 template <typename LayOut>
-void Execute(frmMain &window, LayOut &&layOut) {
+bool Execute(frmMain &window, LayOut &&layOut) {
     const diagram::ItemPlaces before = diagram::PlacesOf(window.CurrentSurface());
+    bool stays = true;
     {
-        const ActionGroup step(window.CurrentSurface());
+        ActionGroup step(window.CurrentSurface());
         LongTask task(window, QCoreApplication::translate("Layout", "Laying out"), LongTask::Bar::IsTheWorks);
         layOut(task);
+        stays = FindRoutes(window, task);
+        if (!stays) step.TakeBack();
     }
     ShowMoved(window, before);
+    return stays;
 }
 
 diagram::LayoutResult LayOut(frmMain &window, const char *name, const LayoutTool &tool, LongTask &task) {
@@ -73,7 +102,7 @@ bool LayOutInLayers(frmMain &window, diagram::LayoutScope scope) {
     const LayoutTool &tool = HierarchicalTool();
     auto result = diagram::LayoutResult::GivenUp;
     {
-        const ActionGroup step(window.CurrentSurface());
+        ActionGroup step(window.CurrentSurface());
         LongTask task(window, QCoreApplication::translate("Layout", "Laying out"));
         diagram::LayoutOrder order{scope, tool.options};
         order.cluster =
@@ -81,6 +110,10 @@ bool LayOutInLayers(frmMain &window, diagram::LayoutScope scope) {
         order.advance = [&](double) { return task.GoOn(); };
         result = diagram::FindLayout(QStringLiteral("hierarchical"))->layOut(window.CurrentSurface(), order);
         if (result != diagram::LayoutResult::GivenUp) ArrangeTimeline(window);
+        if (!FindRoutes(window, task)) {
+            step.TakeBack();
+            result = diagram::LayoutResult::GivenUp;
+        }
     }
     ShowMoved(window, before);
     return result != diagram::LayoutResult::GivenUp;
@@ -108,11 +141,11 @@ void WithoutAWord(Body &&body) {
 // are arranged all the same.
 void mnuLayoutTreeExecute(frmMain &window) {
     auto result = diagram::LayoutResult::LaidOut;
-    Execute(window, [&](LongTask &task) {
+    const bool stays = Execute(window, [&](LongTask &task) {
         WithoutAWord([&] { result = LayOut(window, "tree", frmPics::Shared().TFlow(), task); });
         WithoutAWord([&] { ArrangeTimeline(window); });
     });
-    if (result == diagram::LayoutResult::AsSpanningTree)
+    if (stays && result == diagram::LayoutResult::AsSpanningTree)
         window.Status().TellInPassing(QCoreApplication::translate(
             "Layout", "This is no tree: it was laid out along some of its links, the others lead round."));
 }

@@ -4,13 +4,14 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <utility>
 
 namespace mainwindow {
 
 namespace {
 
-constexpr qint64 kPatience = 500; // milliseconds
-constexpr int kFull = 99;         // per cent: the bar is never full while the work lasts
+constexpr qint64 kSilence = 250, kPatience = 500; // milliseconds
+constexpr int kFull = 99;                         // per cent: the bar is never full while the work lasts
 
 // Of a bar for work whose end nobody knows: on and on, more and more slowly.
 double ShareAfter(qint64 milliseconds) {
@@ -48,32 +49,34 @@ LongTask::LongTask(frmMain &window, const QString &doing, Bar bar)
 }
 
 LongTask::~LongTask() {
-    if (!shown_) return;
-    qApp->removeEventFilter(this);
-    if (!window_) return;
+    if (listens_) qApp->removeEventFilter(this);
+    if (!window_ || !(told_ || givenUp_)) return;
     window_->SetProgress(0);
     window_->DoStatus(givenUp_ ? tr("%1 was given up.").arg(doing_) : QString());
 }
 
-void LongTask::Begin() {
-    shown_ = true;
-    qApp->installEventFilter(this);
-    window_->DoStatus(tr("%1... Escape gives up.").arg(doing_));
+void LongTask::Listen() {
+    if (!std::exchange(listens_, true)) qApp->installEventFilter(this);
+}
+
+void LongTask::Tell() {
+    if (!std::exchange(told_, true)) window_->DoStatus(tr("%1... Escape gives up.").arg(doing_));
 }
 
 bool LongTask::GoOn() {
     if (givenUp_ || !window_) return false;
     const qint64 elapsed = running_.elapsed();
-    if (elapsed < kPatience) return true;
-    if (!shown_) Begin();
-    if (bar_ == Bar::Runs) window_->SetProgress(1 + int((kFull - 1) * ShareAfter(elapsed)));
+    if (elapsed < kSilence) return true;
+    Listen();
+    if (elapsed >= kPatience) Tell();
+    if (told_ && bar_ == Bar::Runs) window_->SetProgress(1 + int((kFull - 1) * ShareAfter(elapsed)));
     window_->LetEventsRun(QEventLoop::AllEvents);
     return !givenUp_ && window_;
 }
 
 bool LongTask::GoOn(double done) {
     percent_ = std::max(percent_, int(kFull * std::clamp(done, 0.0, 1.0)));
-    if (shown_ && window_) window_->SetProgress(percent_);
+    if (told_ && window_) window_->SetProgress(percent_);
     return GoOn();
 }
 

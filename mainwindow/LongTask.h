@@ -1,5 +1,5 @@
-// Work of the one thread that may take long: after half a second the status bar says what goes on, and Escape
-// gives it up.
+// Work of the one thread that may take long: soon the window is painted meanwhile, and Escape gives the work
+// up; after half a second the status bar says so.
 #pragma once
 
 #include <QElapsedTimer>
@@ -11,7 +11,7 @@ namespace mainwindow {
 
 class frmMain;
 
-// Asked often by the work. Until the half second is over it does nothing. From then on it lets events run:
+// Asked often by the work. For a quarter of a second it does nothing. From then on it lets events run:
 // windows are painted, but no other input reaches them while the work lasts.
 class LongTask : public QObject {
 public:
@@ -30,14 +30,15 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void Begin();
+    void Tell();
+    void Listen();
 
     QPointer<frmMain> window_;
     QString doing_;
     Bar bar_;
     QElapsedTimer running_;
     int percent_ = 0;
-    bool shown_ = false;
+    bool listens_ = false, told_ = false;
     bool givenUp_ = false;
 };
 

@@ -132,9 +132,12 @@ void Overview::Make() {
     connect(map_, &OverviewMap::CentreAsked, this, &Overview::CentreAt);
     connect(map_, &OverviewMap::Done, this, [this] { window_.CurrentView().setFocus(); });
     connect(picture_, &OverviewPicture::Whole, this, &Overview::TakePicture);
+    picture_->WaitWhile([this] { return window_.LetsEventsRun(); });
 }
 
+// Not amid work that only lets events run now and then: to see all of the slice may itself be long work.
 void Overview::Update() {
+    if (window_.LetsEventsRun()) return changed_.start();
     if (map_ && map_->IsDragged()) return map_->SetSeen(Seen());
     if (IsWanted())
         Show();

@@ -38,6 +38,7 @@ void OverviewPicture::Forget() {
 }
 
 void OverviewPicture::Paint() {
+    if (isBusy_()) return;
     QElapsedTimer timer;
     timer.start();
     while (row_ < next_.height() && timer.elapsed() < kBudget) PaintBand();

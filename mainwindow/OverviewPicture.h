@@ -3,6 +3,7 @@
 
 #include "diagram/render/Renderer.h"
 
+#include <functional>
 #include <QImage>
 #include <QObject>
 #include <QTimer>
@@ -13,6 +14,8 @@ class OverviewPicture : public QObject {
     Q_OBJECT
 public:
     explicit OverviewPicture(QObject *parent);
+    // While that says true, nothing is painted.
+    void WaitWhile(std::function<bool()> isBusy) { isBusy_ = std::move(isBusy); }
     ~OverviewPicture() override;
 
     // Begins to paint `area` (twips) of the scene, which must live until Whole or Forget, onto that many
@@ -34,6 +37,7 @@ private:
 
     diagram::Renderer renderer_;
     QTimer idle_;
+    std::function<bool()> isBusy_ = [] { return false; };
     diagram::Scene *scene_ = nullptr; // null: nothing is to be done
     QImage image_, next_;
     QRectF area_, nextArea_;

@@ -35,10 +35,11 @@ struct Merit {
     int bends = 0;
     int crossed = 0;
     double length = 0;
+    int Turmoil() const { return bends + crossed; }
     bool IsBetter(const Merit &other) const {
         if (met != other.met) return met < other.met;
-        if (bends != other.bends) return bends < other.bends;
-        return crossed != other.crossed ? crossed < other.crossed : length < other.length - kSame;
+        if (Turmoil() != other.Turmoil()) return Turmoil() < other.Turmoil();
+        return bends != other.bends ? bends < other.bends : length < other.length - kSame;
     }
 };
 
@@ -164,10 +165,12 @@ int BestOrthogonalStyle(Surface &surface, const LinkDraft &draft) {
     };
     const LinkStyleRow *own = FindLinkStyle(best);
     if (own && own->form == LinkForm::Orthogonal) offer(best);
-    // Three segments can be one straight line; more than a free route needs can't be better.
+    // Three segments can be one straight line; more than a free route needs, and one to get past links that it
+    // crosses, are hardly better.
     const auto mayBeBetter = [&](const LinkStyleRow &row) {
+        const int enough = most.bends + 1 + (most.crossed > 0 ? 1 : 0);
         return row.form == LinkForm::Orthogonal &&
-               (most.met > 0 || int(row.directions.size()) <= std::max(3, most.bends + 1));
+               (most.met > 0 || int(row.directions.size()) <= std::max(3, enough));
     };
     for (const LinkStyleRow &row : LinkStyleTable())
         if (mayBeBetter(row)) offer(row.value);

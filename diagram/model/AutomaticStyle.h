@@ -13,8 +13,8 @@ struct LinkDraft;
 constexpr int kAutomaticStyle = 255;
 
 // The orthogonal style with which the link would run through, or close by, the fewest nodes; of those the one
-// with the fewest bends, then the one that crosses the fewest links of other nodes, then the shortest. The
-// draft's own where it is as good as any. What the user bent counts for nothing.
+// with the fewest bends and crossings with links of other nodes together, then the fewest bends, then the
+// shortest. The draft's own where it is as good as any. What the user bent counts for nothing.
 int BestOrthogonalStyle(Surface &surface, const LinkDraft &draft);
 
 // The style itself, or the best one for the link in the place of kAutomaticStyle.

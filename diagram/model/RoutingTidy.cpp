@@ -153,6 +153,7 @@ std::vector<Link *> Routing::LinksToNudge(const std::vector<ItemId> &untidy) {
     KeepEachOnce(links);
     for (Link *link : links) DrawStraight(*link);
     UpdateRoutes();
+    if (links.size() > kMost) return links;
     std::vector<Link *> found;
     for (const Link *link : links) AddSideMates(*link, found), AddNear(*link, kBeside, found);
     KeepEachOnce(found);

@@ -5,7 +5,6 @@
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Bounds.h"
 #include "diagram/shapes/Arrows.h"
-#include "diagram/shapes/LabelPlace.h"
 
 #include <algorithm>
 #include <optional>
@@ -15,9 +14,8 @@ namespace diagram {
 
 namespace {
 
-constexpr double kRounding = 1; // twips by which points of a route that is moved may differ
-
-QRectF Grown(const QRectF &rect, double by) { return rect.adjusted(-by, -by, by, by); }
+constexpr double kRounding = 1;        // twips by which points of a route that is moved may differ
+constexpr std::size_t kMostFreed = 32; // more than that is as good as everything
 
 QRectF BoxAt(const QPointF &middle, const QSizeF &size) {
     return {middle - QPointF(size.width(), size.height()) / 2, size};
@@ -36,23 +34,6 @@ LabelRequest RequestFor(const Link &link, std::span<const QPointF> route, const 
             .sourceHead = HeadOn(data.arrowSource, data.arrowSizeSource, data.drawWidth),
             .middleHead = HeadOn(data.arrowMiddle, data.arrowSizeMiddle, data.drawWidth),
             .destinationHead = HeadOn(data.arrowDest, data.arrowSizeDest, data.drawWidth)};
-}
-
-QPointF PlaceOf(const QPointF &point) { return point; }
-QPointF PlaceOf(const Point &point) { return ToQPointF(point); }
-
-// Calls `visit` with the ends of each piece of a route.
-template <typename Points>
-void ForPieces(const Points &points, const auto &visit) {
-    for (std::size_t i = 1; i < points.size(); ++i) visit(PlaceOf(points[i - 1]), PlaceOf(points[i]));
-}
-void ForPiecesOf(int style, const std::vector<Point> &route, const auto &visit) {
-    IsCurved(style, route) ? ForPieces(RoutePieces(style, route), visit) : ForPieces(route, visit);
-}
-std::vector<QLineF> PiecesOf(int style, const std::vector<Point> &route) {
-    std::vector<QLineF> pieces;
-    ForPiecesOf(style, route, [&](const QPointF &from, const QPointF &to) { pieces.emplace_back(from, to); });
-    return pieces;
 }
 
 // What lies in an area, as far as it speaks against a label there.
@@ -105,8 +86,8 @@ void LabelPlaces::Clear() {
     looked_.Clear();
     boxes_.Clear();
     ForgetRoutes();
-    pending_.clear();
-    disturbed_.clear();
+    pending_.clear(), disturbed_.clear();
+    moved_ = {};
 }
 
 LabelPlaces::Rank LabelPlaces::RankOf(const Link &link) { return {link.Stack(), link.Id()}; }
@@ -116,71 +97,14 @@ void LabelPlaces::LinkChanged(const Link &link) {
 }
 
 void LabelPlaces::LinkRemoved(ItemId id) {
-    routes_.erase(id);
+    if (const auto seen = routes_.extract(id)) moved_.routes.try_emplace(id, seen.mapped());
     pieces_.Remove(id);
     if (placed_.contains(id)) pending_.insert(id);
 }
 
-void LabelPlaces::DisturbWhereFreed(const FloatBox &box) {
-    if (placed_.empty()) return;
-    looked_.Visit(box, [this](const BoxIndex::Entry &entry) { disturbed_.insert(entry.second); });
-}
-
-void LabelPlaces::DisturbWhereTaken(const FloatBox &box) {
-    if (placed_.empty()) return;
-    boxes_.Visit(BoxAround(Grown(box.Rect(), kLabelGap)),
-                 [this](const BoxIndex::Entry &entry) { disturbed_.insert(entry.second); });
-}
-
-void LabelPlaces::DisturbAlong(const Link &link, const FloatBox *before) {
-    if (placed_.empty()) return ForgetRoutes();
-    SeenRoute now{link.Style(), {}}, former;
-    if (!link.Hidden()) now.points = link.Route();
-    if (knowsRoutes_) {
-        former = ChangeWay(link, now);
-    } else if (before) {
-        DisturbWhereFreed(*before);
-    }
-    std::vector<BoxIndex::Entry> found;
-    const std::vector<QLineF> was = PiecesOf(former.style, former.points),
-                              is = PiecesOf(now.style, now.points);
-    for (const QLineF &piece : was)
-        if (std::ranges::find(is, piece) == is.end()) looked_.FindAlong(piece.p1(), piece.p2(), 0, found);
-    for (const QLineF &piece : is)
-        if (std::ranges::find(was, piece) == was.end())
-            boxes_.FindAlong(piece.p1(), piece.p2(), kLabelGap, found);
-    for (const BoxIndex::Entry &entry : found) disturbed_.insert(entry.second);
-}
-
-// Gives the former one.
-LabelPlaces::SeenRoute LabelPlaces::ChangeWay(const Link &link, const SeenRoute &now) {
-    SeenRoute former = std::exchange(routes_[link.Id()], now);
-    if (former == now) return former;
-    pieces_.Remove(link.Id());
-    AddPieces(link.Id(), now);
-    return former;
-}
-
-void LabelPlaces::AddPieces(ItemId id, const SeenRoute &route) {
-    ForPiecesOf(route.style, route.points,
-                [&](const QPointF &from, const QPointF &to) { pieces_.Insert(id, from, to); });
-}
-
-void LabelPlaces::ForgetRoutes() {
-    knowsRoutes_ = false;
-    routes_.clear(), pieces_.Clear();
-}
-
-void LabelPlaces::NeedRoutes(const Surface &surface) {
-    if (std::exchange(knowsRoutes_, true)) return;
-    for (const auto &link : surface.Links()) {
-        if (link->Hidden()) continue;
-        AddPieces(link->Id(), routes_[link->Id()] = {link->Style(), link->Route()});
-    }
-}
-
 LabelPlaces::Found LabelPlaces::MovedBy(const QPointF &way, Found found) {
     found.box.translate(way);
+    found.place.middle += way;
     for (FloatBox &area : found.looked) area = BoxAround(area.Rect().translated(way));
     return found;
 }
@@ -188,7 +112,7 @@ LabelPlaces::Found LabelPlaces::MovedBy(const QPointF &way, Found found) {
 void LabelPlaces::Follow(const Surface &surface) {
     std::vector<BoxIndex::Entry> looked, boxes;
     for (auto &[id, placed] : placed_) {
-        disturbed_.insert(id);
+        disturbed_[id].isTaken = true;
         const Link *link = surface.FindLink(id);
         Route route = link ? RoutePieces(*link) : Route();
         if (const std::optional<QPointF> move = MoveOf(placed.route, route)) {
@@ -199,6 +123,7 @@ void LabelPlaces::Follow(const Surface &surface) {
         if (placed.isIndexed) boxes.emplace_back(BoxAround(placed.box), id);
     }
     looked_.Build(looked), boxes_.Build(boxes);
+    moved_ = {};
     ForgetRoutes();
 }
 
@@ -217,18 +142,31 @@ void LabelPlaces::Forget(ItemId id) {
     DisturbWhereFreed(BoxAround(placed.box));
 }
 
-LabelPlaces::Found LabelPlaces::FindPlace(const Link &link, const Route &route, const QSizeF &size,
-                                          const ItemsAround &nodes) const {
-    const LabelPlace place = PlaceLabel(RequestFor(link, route, size), [&](const QRectF &area) {
+LabelGrounds LabelPlaces::GroundsOf(const Link &link, const ItemsAround &nodes) const {
+    return [this, &link, &nodes](const QRectF &area) {
         Neighbourhood near(link, area);
         near.AddNodes(nodes), near.AddLabels(boxes_);
         LabelGround ground = near.Take();
         pieces_.Find(area, link.Id(), ground.lines);
         return ground;
-    });
-    Found found{BoxAt(place.middle, size), {}};
-    for (const QRectF &area : place.looked) found.looked.push_back(BoxAround(area));
+    };
+}
+
+LabelPlaces::Found LabelPlaces::FindPlace(const Link &link, const Route &route, const QSizeF &size,
+                                          const ItemsAround &nodes) const {
+    LabelPlace place = PlaceLabel(RequestFor(link, route, size), GroundsOf(link, nodes));
+    Found found{BoxAt(place.middle, size), std::move(place), {}};
+    for (const QRectF &area : std::exchange(found.place.looked, {})) found.looked.push_back(BoxAround(area));
     return found;
+}
+
+// A label that has not changed itself, only what is around it.
+bool LabelPlaces::KeepsPlace(const Link &link, const Disturbance &what, const ItemsAround &nodes) const {
+    if (!knowsRoutes_ || what.isTaken || what.freed.boxes.size() + what.freed.lines.size() > kMostFreed)
+        return false;
+    const Placed &placed = placed_.at(link.Id());
+    return diagram::KeepsPlace(RequestFor(link, placed.route, placed.box.size()), placed.place, what.freed,
+                               GroundsOf(link, nodes));
 }
 
 QRectF LabelPlaces::PlaceFor(const Link &link, const QSizeF &size, const ItemsAround &nodes) {
@@ -247,13 +185,7 @@ void LabelPlaces::Index(ItemId id, Placed &placed, const Found &found) {
         if (!isNew) boxes_.Remove(BoxAround(placed.box), id);
         boxes_.Insert(BoxAround(placed.box = found.box), id);
     }
-}
-
-void LabelPlaces::DisturbAbove(const Link &link, const BoxIndex &index, const QRectF &box) {
-    index.Visit(BoxAround(box), [&](const BoxIndex::Entry &entry) {
-        const Link *other = link.Owner().FindLink(entry.second);
-        if (other && LiesBelow(&link, other)) disturbed_.insert(entry.second);
-    });
+    placed.place = found.place;
 }
 
 bool LabelPlaces::Place(const Link &link, const ItemsAround &nodes, Extent extent) {
@@ -261,57 +193,67 @@ bool LabelPlaces::Place(const Link &link, const ItemsAround &nodes, Extent exten
     const Route route = RoutePieces(link);
     Placed &placed = placed_[link.Id()];
     placed.rank = RankOf(link);
-    const QRectF before = placed.box;
-    const bool stood = placed.isIndexed, stays = stood && before.size() == size;
-    const std::optional<QPointF> move =
-        extent == Extent::OfChangedLinks && stays ? MoveOf(placed.route, route) : std::nullopt;
+    const std::optional<QRectF> before = placed.isIndexed ? std::optional(placed.box) : std::nullopt;
+    const std::optional<QPointF> move = extent == Extent::OfChangedLinks && before && before->size() == size
+                                            ? MoveOf(placed.route, route)
+                                            : std::nullopt;
     if (!move) NeedRoutes(link.Owner());
     Index(link.Id(), placed, move ? MovedBy(*move, placed) : FindPlace(link, route, size, nodes));
     placed.route = route;
-    if (move) disturbed_.insert(link.Id());
-    if (stood && placed.box == before) return false;
-    if (stood) DisturbAbove(link, looked_, before);
-    DisturbAbove(link, boxes_, Grown(placed.box, kLabelGap));
-    return true;
+    NotePlace(link, before, placed.box, extent);
+    return before != placed.box;
+}
+
+std::set<ItemId> LabelPlaces::Waiting(Extent extent) const {
+    std::set<ItemId> ids = pending_;
+    if (extent == Extent::All)
+        for (const auto &[id, what] : disturbed_) ids.insert(id);
+    return ids;
 }
 
 // Those whose rank has changed give others back their places, or take them.
-std::set<LabelPlaces::Rank> LabelPlaces::TakePending(const Surface &surface, Extent extent) {
+void LabelPlaces::SettlePending(const Surface &surface, Extent extent) {
     for (bool again = true; again;) {
         again = false;
-        if (extent == Extent::All) pending_.merge(disturbed_), disturbed_.clear();
-        for (const ItemId id : std::set<ItemId>(pending_)) {
+        for (const ItemId id : Waiting(extent)) {
             const Link *link = surface.FindLink(id);
             const auto found = placed_.find(id);
             if (link && !link->Hidden() && !link->Text().isEmpty()) {
                 if (found == placed_.end() || found->second.rank == RankOf(*link)) continue;
                 found->second.rank = RankOf(*link);
+                disturbed_[id].isTaken = true;
                 DisturbWhereFreed(BoxAround(found->second.box));
             } else {
-                pending_.erase(id);
+                pending_.erase(id), disturbed_.erase(id);
                 Forget(id);
             }
             again = true;
         }
     }
-    std::set<Rank> queue;
-    for (const ItemId id : std::exchange(pending_, {})) queue.insert(RankOf(*surface.FindLink(id)));
+}
+
+LabelPlaces::Queue LabelPlaces::TakePending(const Surface &surface, Extent extent) {
+    if (extent == Extent::All) DisturbByMoved();
+    SettlePending(surface, extent);
+    Queue queue;
+    for (const ItemId id : std::exchange(pending_, {})) queue[RankOf(*surface.FindLink(id))].isTaken = true;
+    if (extent == Extent::All) Enqueue(surface, queue);
     return queue;
 }
 
-// All that a label disturbs lies above it.
-void LabelPlaces::Enqueue(const Surface &surface, std::set<Rank> &queue) {
-    for (const ItemId id : std::exchange(disturbed_, {}))
-        if (const Link *link = surface.FindLink(id)) queue.insert(RankOf(*link));
+void LabelPlaces::Enqueue(const Surface &surface, Queue &queue) {
+    for (const auto &[id, what] : std::exchange(disturbed_, {}))
+        if (const Link *link = surface.FindLink(id)) queue[RankOf(*link)].Add(what);
 }
 
 void LabelPlaces::Update(const Surface &surface, const ItemsAround &nodes, Extent extent,
                          const std::function<void(Link &)> &moved) {
-    std::set<Rank> queue = TakePending(surface, extent);
+    Queue queue = TakePending(surface, extent);
     while (!queue.empty()) {
-        Link &link = *surface.FindLink(queue.begin()->second);
+        const auto [rank, what] = *queue.begin();
         queue.erase(queue.begin());
-        if (!Place(link, nodes, extent)) continue;
+        Link &link = *surface.FindLink(rank.second);
+        if (KeepsPlace(link, what, nodes) || !Place(link, nodes, extent)) continue;
         moved(link);
         if (extent == Extent::All) Enqueue(surface, queue);
     }

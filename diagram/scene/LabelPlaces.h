@@ -5,7 +5,10 @@
 #include "diagram/geometry/Point.h"
 #include "diagram/scene/ItemsAround.h"
 #include "diagram/scene/PieceGrid.h"
+#include "diagram/shapes/LabelPlace.h"
 
+#include <map>
+#include <optional>
 #include <QLineF>
 #include <QRectF>
 #include <set>
@@ -24,11 +27,12 @@ public:
     void LinkRemoved(ItemId id);
     // What stood in that box stands there no more: labels that looked there are looked at anew.
     void DisturbWhereFreed(const FloatBox &box);
-    // Something has come to stand there: labels that it touches are looked at anew.
-    void DisturbWhereTaken(const FloatBox &box);
+    // A node stands elsewhere; null where it isn't seen. Labels that it touches now, or that looked where it
+    // stood, are looked at anew.
+    void NodeMoved(ItemId id, const FloatBox *before, const FloatBox *now);
     // The same for the pieces of a link's route that it hadn't before, or has no more. `before` is where it
     // stood, null if it wasn't seen; it counts as a whole where its route isn't remembered.
-    void DisturbAlong(const Link &link, const FloatBox *before);
+    void RouteChanged(const Link &link, const FloatBox *before);
     // Most of what there is has been moved: labels whose links are as they were, elsewhere, go along; all are
     // looked at anew when that is asked for.
     void Follow(const Surface &surface);
@@ -39,7 +43,8 @@ public:
     // Afterwards they are looked at together, so that in the end the drag makes no difference.
     enum class Extent { All, OfChangedLinks };
     bool IsUpToDate(Extent extent) const {
-        return pending_.empty() && (extent == Extent::OfChangedLinks || disturbed_.empty());
+        return pending_.empty() &&
+               (extent == Extent::OfChangedLinks || (disturbed_.empty() && moved_.IsEmpty()));
     }
     // Places what must be looked at; tells the links whose labels stand elsewhere now. `nodes` are those
     // around.
@@ -55,6 +60,7 @@ private:
     using Route = std::vector<QPointF>;
     struct Found {
         QRectF box;
+        LabelPlace place;             // without what it looked at
         std::vector<FloatBox> looked; // nothing that goes elsewhere matters to it
     };
     struct Placed : Found {
@@ -62,24 +68,55 @@ private:
         Rank rank;              // the same
         bool isIndexed = false; // looked and box are in the indices
     };
+    // What has happened around a label.
+    struct Disturbance {
+        bool isTaken = false; // or more than is worth remembering
+        LabelGround freed;
+        void Free(const QRectF &box);
+        void Free(const QLineF &piece);
+        void Add(const Disturbance &more);
+    };
+    using Queue = std::map<Rank, Disturbance>; // labels that are to be looked at
     struct SeenRoute {
         int style = 0;
         std::vector<Point> points; // none while it is hidden
         friend bool operator==(const SeenRoute &, const SeenRoute &) = default;
     };
 
+    // What may stand elsewhere than when all labels were looked at last, and where that was. What comes and
+    // goes in between, while something is dragged, matters to no label.
+    struct Moved {
+        struct Boxes {
+            std::optional<FloatBox> before, now;
+        };
+        std::map<ItemId, Boxes> nodes, labels;
+        std::map<ItemId, SeenRoute> routes; // before
+        bool IsEmpty() const { return nodes.empty() && labels.empty() && routes.empty(); }
+    };
+
     static Rank RankOf(const Link &link);
-    std::set<Rank> TakePending(const Surface &surface, Extent extent);
+    std::set<ItemId> Waiting(Extent extent) const;
+    void SettlePending(const Surface &surface, Extent extent);
+    Queue TakePending(const Surface &surface, Extent extent);
     void Forget(ItemId id);
     // Whether it stands elsewhere now; what that disturbs is noted.
     bool Place(const Link &link, const ItemsAround &nodes, Extent extent);
     void Index(ItemId id, Placed &placed, const Found &found);
-    void DisturbAbove(const Link &link, const BoxIndex &index, const QRectF &box);
+    void DisturbByMoved();
+    void DisturbByMoved(const Moved::Boxes &boxes);
+    void DisturbByMoved(const SeenRoute &before, const SeenRoute &now);
+    void DisturbWhereFreed(const QLineF &piece);
+    void DisturbWhereTaken(const FloatBox &box);
+    void DisturbWhereTaken(const QLineF &piece);
+    void DisturbAbove(const Link &link, const BoxIndex &index, const QRectF &box,
+                      const std::function<void(Disturbance &)> &note);
+    void NotePlace(const Link &link, const std::optional<QRectF> &before, const QRectF &now, Extent extent);
+    bool KeepsPlace(const Link &link, const Disturbance &what, const ItemsAround &nodes) const;
     void NeedRoutes(const Surface &surface);
     void ForgetRoutes();
     void AddPieces(ItemId id, const SeenRoute &route);
-    SeenRoute ChangeWay(const Link &link, const SeenRoute &now);
-    void Enqueue(const Surface &surface, std::set<Rank> &queue);
+    void Enqueue(const Surface &surface, Queue &queue);
+    LabelGrounds GroundsOf(const Link &link, const ItemsAround &nodes) const;
     Found FindPlace(const Link &link, const Route &route, const QSizeF &size, const ItemsAround &nodes) const;
     static Found MovedBy(const QPointF &way, Found found);
 
@@ -88,8 +125,9 @@ private:
     std::unordered_map<ItemId, SeenRoute> routes_;
     PieceGrid pieces_; // of the routes
     BoxIndex looked_, boxes_;
-    std::set<ItemId> pending_;   // changed themselves
-    std::set<ItemId> disturbed_; // have looked at what has changed
+    std::set<ItemId> pending_;                // changed themselves
+    std::map<ItemId, Disturbance> disturbed_; // by what has changed around them
+    Moved moved_;                             // what that isn't known of yet
 };
 
 } // namespace diagram

@@ -220,11 +220,10 @@ void Scene::State::Reindex(Item &item) {
     const FloatBox box = BoxOf(item);
     const FloatBox *before = Is(item.Id(), kIndexed) ? &boxes[item.Id()] : nullptr;
     if (const Link *link = item.AsLink()) {
-        labels.DisturbAlong(*link, before);
+        labels.RouteChanged(*link, before);
         labels.LinkChanged(*link);
     } else {
-        if (before) labels.DisturbWhereFreed(*before);
-        if (!IsHidden(item)) labels.DisturbWhereTaken(box);
+        labels.NodeMoved(item.Id(), before, IsHidden(item) ? nullptr : &box);
     }
     Put(item, box);
 }

@@ -12,6 +12,7 @@ namespace diagram {
 
 namespace {
 
+constexpr double kEndless = std::numeric_limits<double>::infinity();
 constexpr double kLineGap = 20;        // between a label and a line
 constexpr double kHeadWidth = 1 / 3.0; // to either side of the line, by its length
 constexpr double kInSight = 120;       // of a segment to either side of a label
@@ -94,7 +95,7 @@ struct Row {
 
 struct Place {
     QPointF middle;
-    double cost = std::numeric_limits<double>::infinity();
+    double cost = kEndless;
 };
 
 class Search {
@@ -110,13 +111,27 @@ public:
     LabelPlace Find() {
         const RoutePlace middle = PlaceOnRoute(request_.route, length_ / 2);
         const QRectF room = RoomAt(middle.point);
-        if (CostAt(grounds_(room), middle.point, middle.segment, 1) == 0) return {middle.point, {room}};
+        if (IsFree(middle)) return {middle.point, 0, {room}};
         Look({0});
         if (best_.cost > kBeside) Look({1, -1});
-        return {best_.middle, Looked(room)};
+        return {best_.middle, best_.cost, Looked(room)};
+    }
+
+    // Another place can only have become as good where something was freed.
+    bool Keeps(const LabelPlace &place, const LabelGround &freed) const {
+        const RoutePlace middle = PlaceOnRoute(request_.route, length_ / 2);
+        if (Touches(freed, place.middle) || (Touches(freed, middle.point) && IsFree(middle))) return false;
+        return std::ranges::none_of(stretches_, [&](const Stretch &stretch) {
+            return IsAsGood(stretch, 0, place.cost, freed) || IsAsGood(stretch, 1, place.cost, freed) ||
+                   IsAsGood(stretch, -1, place.cost, freed);
+        });
     }
 
 private:
+    bool IsFree(const RoutePlace &place) const {
+        return CostAt(grounds_(RoomAt(place.point)), place.point, place.segment, 1) == 0;
+    }
+
     void AddHead(double start, double length) {
         if (length <= 0) return;
         const QPointF from = PlaceOnRoute(request_.route, start).point;
@@ -165,7 +180,7 @@ private:
         for (const Row &row : rows) LookAt(row);
     }
     static double LeastIn(const Stretch &stretch, int side) {
-        double least = std::numeric_limits<double>::infinity();
+        double least = kEndless;
         ForPlaces(stretch, side, [&](double, double cost) { least = std::min(least, cost); });
         return least;
     }
@@ -183,6 +198,52 @@ private:
         });
     }
 
+    // Whether a place that was freed costs no more than that. What is around them is asked for together.
+    bool IsAsGood(const Stretch &stretch, int side, double best, const LabelGround &freed) const {
+        const std::vector<Freed> places = FreedIn(stretch, side, best, freed);
+        if (places.empty()) return false;
+        QRectF area = RoomAt(places.front().middle);
+        for (const Freed &place : places) area = United(area, RoomAt(place.middle));
+        const LabelGround ground = grounds_(area);
+        return std::ranges::any_of(places, [&](const Freed &place) {
+            return place.cost + CostAt(ground, place.middle, place.own, best - place.cost + 1) <= best;
+        });
+    }
+    struct Freed {
+        QPointF middle;
+        std::size_t own;
+        double cost; // whatever is around
+    };
+    // Those that aren't too dear by the route alone.
+    std::vector<Freed> FreedIn(const Stretch &stretch, int side, double best,
+                               const LabelGround &freed) const {
+        std::vector<Freed> places;
+        const std::optional<QRectF> area = AreaOf(stretch, side, std::nextafter(best, kEndless));
+        const LabelGround near = area ? Within(*area, freed) : LabelGround();
+        if (near.boxes.empty() && near.lines.empty()) return places;
+        ForPlaces(stretch, side, [&](double along, double cost) {
+            if (cost > best) return;
+            const auto [middle, segment] = MiddleAt(stretch, along, side);
+            const std::size_t own = side ? request_.route.size() : segment;
+            if (Touches(near, middle) && cost + CostAt({}, middle, own, best - cost + 1) <= best)
+                places.push_back({middle, own, cost});
+        });
+        return places;
+    }
+    static LabelGround Within(const QRectF &area, const LabelGround &ground) {
+        LabelGround within;
+        std::ranges::copy_if(ground.boxes, std::back_inserter(within.boxes),
+                             [&](const QRectF &box) { return Touch(area, box); });
+        std::ranges::copy_if(ground.lines, std::back_inserter(within.lines),
+                             [&](const QLineF &line) { return Crosses(line, area); });
+        return within;
+    }
+    bool Touches(const LabelGround &ground, const QPointF &middle) const {
+        const QRectF label = BoxAt(middle, request_.size);
+        const QRectF room = Grown(label, kLabelGap), around = Grown(label, kLineGap);
+        return std::ranges::any_of(ground.boxes, [&](const QRectF &box) { return Touch(room, box); }) ||
+               std::ranges::any_of(ground.lines, [&](const QLineF &line) { return Crosses(line, around); });
+    }
     static void ForPlaces(const Stretch &stretch, int side, auto visit) {
         for (const Stretch::Spot &spot : stretch.spots) visit(spot.along, side ? spot.beside : spot.on);
     }
@@ -221,7 +282,7 @@ private:
     }
     // Where places could have been as good as the best.
     std::vector<QRectF> Looked(const QRectF &middle) const {
-        const double below = std::nextafter(best_.cost, std::numeric_limits<double>::infinity());
+        const double below = std::nextafter(best_.cost, kEndless);
         std::vector<QRectF> looked{middle};
         for (const int side : {0, 1, -1})
             for (const Stretch &stretch : stretches_)
@@ -279,6 +340,11 @@ QPointF MiddleOfRoute(std::span<const QPointF> route) {
 
 LabelPlace PlaceLabel(const LabelRequest &request, const LabelGrounds &grounds) {
     return Search(request, grounds).Find();
+}
+
+bool KeepsPlace(const LabelRequest &request, const LabelPlace &place, const LabelGround &freed,
+                const LabelGrounds &grounds) {
+    return Search(request, grounds).Keeps(place, freed);
 }
 
 } // namespace diagram

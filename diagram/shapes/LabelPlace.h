@@ -29,6 +29,7 @@ constexpr double kLabelGap = 45; // between a label and what it must not cover
 
 struct LabelPlace {
     QPointF middle;
+    double cost = 0; // 0 where nothing speaks against it
     // What goes elsewhere changes nothing. What comes changes nothing unless it comes nearer than the gap.
     std::vector<QRectF> looked;
 };
@@ -39,5 +40,11 @@ QPointF MiddleOfRoute(std::span<const QPointF> route);
 // the middle of a segment that is long enough; else one beside the line. Where all are taken, the one that
 // covers least.
 LabelPlace PlaceLabel(const LabelRequest &request, const LabelGrounds &grounds);
+
+// Whether the label surely stays where `PlaceLabel` put it for the same request, now that what `freed` holds
+// is gone; besides, things may have come that don't touch the label. Much less work than finding that out
+// anew.
+bool KeepsPlace(const LabelRequest &request, const LabelPlace &place, const LabelGround &freed,
+                const LabelGrounds &grounds);
 
 } // namespace diagram

@@ -51,6 +51,12 @@ void SurfaceView::SetFrameBudget(std::optional<int> milliseconds) {
     impl_->repainting.SetBudget(milliseconds);
 }
 
+void SurfaceView::SetFollowing(bool on) {
+    impl_->follows = on;
+    viewport()->setUpdatesEnabled(on);
+    if (on) impl_->AskForFlush();
+}
+
 void SurfaceView::FollowStoredZoom() {
     impl_->viewport.FollowStored();
     impl_->Flush();

@@ -63,6 +63,9 @@ public:
     // How long a frame may take for painting what has come into sight; 0 paints one band of it. Empty for as
     // long as a smooth motion allows.
     void SetFrameBudget(std::optional<int> milliseconds);
+    // While off, the view doesn't look at the surface and paints nothing, however often events run: for work
+    // that isn't done yet, or is long to look at.
+    void SetFollowing(bool on);
     // Between viewport pixels and twips.
     QPointF ToSurface(const QPointF &pixels) const;
     QPointF FromSurface(const QPointF &twips) const;

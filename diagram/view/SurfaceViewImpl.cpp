@@ -100,6 +100,7 @@ void SurfaceView::Impl::AskForFlush() {
 
 void SurfaceView::Impl::Flush() {
     flushAsked_ = false;
+    if (!follows) return;
     DropOutdatedGesture();
     if (viewport.Update(interaction.IsActive())) {
         view.viewport()->update();

@@ -108,6 +108,7 @@ public:
     OfferMenu offer;
     std::unique_ptr<Keys> keys;
     Describer describer;
+    bool follows = true; // otherwise nothing is flushed
     ItemWords words;
     DayStrip *days = &DayStrip::None();
     AccessibleNotices notices;

@@ -337,4 +337,34 @@ TEST_F(Layout, TenThousandNodesAreGivenUpByEscapeWithNothingChanged) {
     EXPECT_EQ(window.MousePointer(), document::pointer::kNormal);
 }
 
+// Nodes stand at their new places already when the routes of their links are found, which takes far longer.
+// Events run meanwhile, yet what isn't there yet is given up as well.
+TEST_F(Layout, RoutesOfManyLinksAreGivenUpByEscapeWithNothingChanged) {
+    std::vector<diagram::Node *> nodes;
+    for (int i = 0; i < 3000; ++i)
+        nodes.push_back(&AddNode(window, float(i % 50) * 2000, float(i / 50) * 2000));
+    for (int i = 0; i < 4000; ++i)
+        nodes[std::size_t(i * 7919 % 3000)]->Links().Add(*nodes[std::size_t(i * 7 % 2971)]).SetStyle(5);
+    window.CurrentSurface().Recalculate();
+    const diagram::ItemPlaces before = diagram::PlacesOf(window.CurrentSurface());
+    const QPointF corner = nodes[500]->Bounds().topLeft();
+    bool moved = false;
+    QTimer escape;
+    QObject::connect(&escape, &QTimer::timeout, [&] {
+        if (nodes[500]->Bounds().topLeft() == corner) return;
+        moved = true;
+        QTest::keyClick(&window.CurrentView(), Qt::Key_Escape);
+    });
+    escape.start(1);
+    Run("mnuLayoutLevels");
+    EXPECT_TRUE(moved);
+    EXPECT_EQ(window.findChild<cStatusBar *>(QStringLiteral("staMain"))->Doing(),
+              QStringLiteral("Laying out was given up."));
+    const diagram::ItemPlaces after = diagram::PlacesOf(window.CurrentSurface());
+    EXPECT_TRUE(after.nodes == before.nodes);
+    EXPECT_TRUE(after.routes == before.routes);
+    EXPECT_FALSE(surface.CanUndo());
+    EXPECT_TRUE(window.CurrentView().viewport()->updatesEnabled());
+}
+
 } // namespace mainwindow::testing

@@ -89,6 +89,19 @@ TEST(AutomaticStyle, OfTwoWithOneBendTakesTheOneThatCrossesNoOther) {
     }
 }
 
+// Two links lie across the far leg of each way with one bend; one bend more leads past all of them.
+TEST(AutomaticStyle, BendsOnceMoreRatherThanCrossTwoLinks) {
+    TwoNodes map(9000, 12000);
+    const auto lieAcross = [&map](float x, float y) {
+        Node &from = map.surface.Nodes().Add(x - 1900, y, 400, 400);
+        from.Links().Add(map.surface.Nodes().Add(x + 1500, y, 400, 400)).SetStyle(0);
+    };
+    for (const float y : {6500.0F, 7500.0F}) lieAcross(9500, y);
+    for (const float y : {10000.0F, 11000.0F}) lieAcross(1500, y);
+    const int style = map.Best();
+    EXPECT_TRUE(style == kVHV || style == kHVH) << style;
+}
+
 TEST(AutomaticStyle, AvoidsANodeBeforeItSavesABend) {
     TwoNodes nodes(6000, 9000);
     nodes.surface.Nodes().Add(1100, 7000, 800, 800); // on the way of V H

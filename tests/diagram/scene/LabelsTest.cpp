@@ -77,6 +77,37 @@ void Fill(Labelled &map, Dice &dice, int columns, int rows) {
     }
 }
 
+void ChangeSomething(Surface &surface, Dice &dice) {
+    Node &node = AnyNode(surface, dice);
+    Link &link = AnyLink(surface, dice);
+    switch (dice.Roll(0, 8)) {
+    case 0:
+        node.SetHidden(!node.Hidden());
+        break;
+    case 1:
+        link.SetText(dice.Text());
+        break;
+    case 2:
+        link.SetStyle(dice.Roll(0, 14));
+        break;
+    case 3:
+        link.SetHidden(!link.Hidden());
+        break;
+    case 4:
+        link.BringToFront();
+        break;
+    case 5:
+        link.SendToBack();
+        break;
+    case 6:
+        surface.Remove(link);
+        break;
+    default:
+        node.SetLeft(node.Left() + dice.Real(-2500, 2500));
+        break;
+    }
+}
+
 } // namespace
 
 TEST(Labels, OfTwoLinksThatCrossDontLieOnEachOther) {
@@ -237,34 +268,7 @@ TEST_P(LabelledMap, LabelsFollowFromWhatStandsThere) {
     AttachHistory(map.surface);
     Fill(map, dice, 8, 5);
     for (int step = 0; step < 40; ++step) {
-        Node &node = AnyNode(map.surface, dice);
-        Link &link = AnyLink(map.surface, dice);
-        switch (dice.Roll(0, 8)) {
-        case 0:
-            node.SetHidden(!node.Hidden());
-            break;
-        case 1:
-            link.SetText(dice.Text());
-            break;
-        case 2:
-            link.SetStyle(dice.Roll(0, 14));
-            break;
-        case 3:
-            link.SetHidden(!link.Hidden());
-            break;
-        case 4:
-            link.BringToFront();
-            break;
-        case 5:
-            link.SendToBack();
-            break;
-        case 6:
-            map.surface.Remove(link);
-            break;
-        default:
-            node.SetLeft(node.Left() + dice.Real(-2500, 2500));
-            break;
-        }
+        ChangeSomething(map.surface, dice);
         Scene fresh(map.surface);
         ASSERT_EQ(AllLabels(map.scene), AllLabels(fresh)) << "step " << step;
     }
@@ -285,6 +289,28 @@ TEST_P(LabelledMap, LabelsAfterADragFollowFromWhatStandsThere) {
                 AllLabels(map.scene);
             }
             if (drag % 3 == 0) dragged.MoveBy({});
+        }
+        Scene fresh(map.surface);
+        ASSERT_EQ(AllLabels(map.scene), AllLabels(fresh)) << "drag " << drag;
+    }
+}
+
+// The same of a long drag in which other things change as well.
+TEST_P(LabelledMap, LabelsAfterADragWithChangesFollowFromWhatStandsThere) {
+    Dice dice(GetParam() + 100);
+    Labelled map;
+    AttachHistory(map.surface);
+    Fill(map, dice, 8, 5);
+    AllLabels(map.scene);
+    for (int drag = 0; drag < 4; ++drag) {
+        {
+            const Dragged dragged(map.surface, {&AnyNode(map.surface, dice)});
+            for (int step = 0; step < 20; ++step) {
+                dragged.MoveBy(QPointF(dice.Real(-6000, 6000), dice.Real(-6000, 6000)));
+                if (dice.Roll(0, 3) == 0) ChangeSomething(map.surface, dice);
+                AllLabels(map.scene);
+            }
+            if (dice.Flip()) dragged.MoveBy({});
         }
         Scene fresh(map.surface);
         ASSERT_EQ(AllLabels(map.scene), AllLabels(fresh)) << "drag " << drag;
