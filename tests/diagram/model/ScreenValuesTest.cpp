@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 using namespace diagram;
-using namespace diagram::testing;
 
 namespace {
 
