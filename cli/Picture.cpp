@@ -1,7 +1,7 @@
 // Pictures of slices.
 #include "cli/Commands.h"
 #include "cli/Session.h"
-#include "diagram/export/PictureKinds.h"
+#include "diagram/export/Export.h"
 #include "support/Error.h"
 #include "support/Files.h"
 

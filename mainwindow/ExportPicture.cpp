@@ -8,6 +8,7 @@
 #include "settings/GetSet.h"
 #include "support/Files.h"
 
+#include <optional>
 #include <QCoreApplication>
 
 namespace mainwindow {
@@ -18,30 +19,29 @@ using diagram::PictureFormat;
 
 QString Tr(const char *text) { return QCoreApplication::translate("ExportPicture", text); }
 
-// The rows of the file dialog, in its order.
-struct PictureRow {
-    const char *caption;
-    PictureFormat format;
-};
-constexpr PictureRow kRows[] = {{"Windows Meta File", PictureFormat::Wmf},
-                                {"PNG Picture", PictureFormat::Png},
-                                {"SVG Drawing", PictureFormat::Svg},
-                                {"PDF Document", PictureFormat::Pdf}};
 constexpr char kLastRow[] = "PictureRow";
 constexpr long kFlags = support::fileflags::kPathMustExist | support::fileflags::kOverwritePrompt;
 
 QString EndingOf(PictureFormat format) { return u'.' + QLatin1String(diagram::KindOf(format).ending); }
 
+// The rows of the file dialog.
 QString Filter() {
     QStringList rows;
-    for (const PictureRow &row : kRows) rows << QLatin1String(row.caption) << u'*' + EndingOf(row.format);
+    for (const diagram::PictureKind *kind : diagram::OfferedPictures())
+        rows << QLatin1String(kind->caption) << u'*' + EndingOf(kind->format);
     return rows.join(u'|');
 }
 
-// Counted from 1.
+// Rows count from 1; none for another number.
+std::optional<PictureFormat> FormatOfRow(int row) {
+    const auto offered = diagram::OfferedPictures();
+    if (row < 1 || row > int(offered.size())) return std::nullopt;
+    return offered[std::size_t(row) - 1]->format;
+}
+
 int LastRow() {
     const int row = settings::GetSet(QLatin1String(kLastRow)).toInt();
-    return row >= 1 && row <= int(std::size(kRows)) ? row : 1;
+    return FormatOfRow(row) ? row : 1;
 }
 
 bool MayReplace(frmMain &window, const QString &file) {
@@ -91,14 +91,14 @@ void mnuFileExportPicture(frmMain &window) {
     window.SetMousePointer(document::pointer::kNormal);
     int row = LastRow();
     const QString chosen = window.Desktop().dialogs.ShowSaveFileDialog(
-        Filter(), QStringLiteral("wmf"), PlaceBeside(window, EndingOf(kRows[row - 1].format)), kFlags,
-        &window, row);
-    if (chosen.isEmpty() || row < 1 || row > int(std::size(kRows))) return;
-    const PictureFormat format = kRows[row - 1].format;
-    const QString file = NamedFor(window, chosen, format);
+        Filter(), QStringLiteral("wmf"), PlaceBeside(window, EndingOf(*FormatOfRow(row))), kFlags, &window,
+        row);
+    const std::optional<PictureFormat> format = FormatOfRow(row);
+    if (chosen.isEmpty() || !format) return;
+    const QString file = NamedFor(window, chosen, *format);
     if (file.isEmpty()) return;
     settings::SaveSet(QLatin1String(kLastRow), QString::number(row));
-    if (Export(window, file, format)) TellWritten(window, file);
+    if (Export(window, file, *format)) TellWritten(window, file);
 }
 
 } // namespace mainwindow

@@ -173,23 +173,29 @@ QSizeF PictureSize(Surface &surface, const ExportOptions &options) {
 }
 
 QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOptions &options) {
-    const auto painted = [&](auto paint) {
-        Scene scene(surface);
-        return paint(scene, PictureArea(scene, options), options);
-    };
-    switch (format) { // without a default: a format that is forgotten here doesn't compile
-    case PictureFormat::Png:
-        return PngFile(ExportImage(surface, options), options.dotsPerInch);
-    case PictureFormat::Svg:
-        return painted(Svg);
-    case PictureFormat::Pdf:
-        return painted(Pdf);
-    case PictureFormat::Wmf:
-        return ExportMetafile(surface, vector::MetafileKind::Wmf, options);
-    case PictureFormat::Emf:
-        return ExportMetafile(surface, vector::MetafileKind::Emf, options);
-    }
-    support::Raise(support::kErrInvalidProcedureCall, kSource);
+    return KindOf(format).write(surface, options);
+}
+
+QByteArray WritePng(Surface &surface, const ExportOptions &options) {
+    return PngFile(ExportImage(surface, options), options.dotsPerInch);
+}
+
+QByteArray WriteSvg(Surface &surface, const ExportOptions &options) {
+    Scene scene(surface);
+    return Svg(scene, PictureArea(scene, options), options);
+}
+
+QByteArray WritePdf(Surface &surface, const ExportOptions &options) {
+    Scene scene(surface);
+    return Pdf(scene, PictureArea(scene, options), options);
+}
+
+QByteArray WriteWmf(Surface &surface, const ExportOptions &options) {
+    return ExportMetafile(surface, vector::MetafileKind::Wmf, options);
+}
+
+QByteArray WriteEmf(Surface &surface, const ExportOptions &options) {
+    return ExportMetafile(surface, vector::MetafileKind::Emf, options);
 }
 
 QByteArray ExportMetafile(Surface &surface, vector::MetafileKind kind, const ExportOptions &options) {

@@ -1,6 +1,7 @@
 // A surface as a picture file.
 #pragma once
 
+#include "diagram/export/PictureKinds.h"
 #include "vector/player/Metafile.h"
 
 #include <functional>
@@ -15,8 +16,6 @@ namespace diagram {
 
 class Scene;
 class Surface;
-
-enum class PictureFormat { Png, Svg, Pdf, Wmf, Emf };
 
 // The surface's back colour and picture, white paper, or nothing: what is below shows through, where the
 // format can do so.

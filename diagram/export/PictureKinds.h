@@ -1,35 +1,51 @@
-// The formats of pictures, a row each: whoever offers, names or recognises one goes by these.
+// The formats of pictures, a row each: whoever writes, offers, names or recognises one goes by these.
 #pragma once
 
-#include "diagram/export/Export.h"
-
 #include <array>
+#include <QByteArray>
 #include <QStringList>
+#include <vector>
 
 namespace diagram {
+
+class Surface;
+struct ExportOptions;
+
+enum class PictureFormat { Png, Svg, Pdf, Wmf, Emf, Count };
 
 struct PictureKind {
     PictureFormat format;
     const char *ending;                // of file names, without a point
     std::array<const char *, 2> types; // MIME; programs look for some under two names; null for none
+    const char *caption;               // in the file dialog; empty where it is not offered
+    int place; // among those that the window offers, from 1, kept in settings; 0 for none
+    QByteArray (*write)(Surface &, const ExportOptions &);
 };
+
+// The bytes of the file, as ExportPicture gives them.
+QByteArray WritePng(Surface &surface, const ExportOptions &options);
+QByteArray WriteSvg(Surface &surface, const ExportOptions &options);
+QByteArray WritePdf(Surface &surface, const ExportOptions &options);
+QByteArray WriteWmf(Surface &surface, const ExportOptions &options);
+QByteArray WriteEmf(Surface &surface, const ExportOptions &options);
 
 // In the order of PictureFormat.
 inline constexpr PictureKind kPictureKinds[] = {
-    {PictureFormat::Png, "png", {"image/png", nullptr}},
-    {PictureFormat::Svg, "svg", {"image/svg+xml", nullptr}},
-    {PictureFormat::Pdf, "pdf", {"application/pdf", nullptr}},
-    {PictureFormat::Wmf, "wmf", {"image/x-wmf", "image/wmf"}},
-    {PictureFormat::Emf, "emf", {"image/x-emf", "image/emf"}},
+    {PictureFormat::Png, "png", {"image/png", nullptr}, "PNG Picture", 2, WritePng},
+    {PictureFormat::Svg, "svg", {"image/svg+xml", nullptr}, "SVG Drawing", 3, WriteSvg},
+    {PictureFormat::Pdf, "pdf", {"application/pdf", nullptr}, "PDF Document", 4, WritePdf},
+    {PictureFormat::Wmf, "wmf", {"image/x-wmf", "image/wmf"}, "Windows Meta File", 1, WriteWmf},
+    {PictureFormat::Emf, "emf", {"image/x-emf", "image/emf"}, "", 0, WriteEmf},
 };
 
-constexpr const PictureKind &KindOf(PictureFormat format) { return kPictureKinds[int(format)]; }
-
+static_assert(std::size(kPictureKinds) == std::size_t(PictureFormat::Count), "a format without a row");
 static_assert([] {
     for (int row = 0; row < int(std::size(kPictureKinds)); ++row)
         if (int(kPictureKinds[row].format) != row) return false;
     return true;
 }());
+
+constexpr const PictureKind &KindOf(PictureFormat format) { return kPictureKinds[int(format)]; }
 
 // Files of pictures as programs hand them over, also of kinds that aren't written: those that look the same
 // everywhere first.
@@ -41,5 +57,7 @@ inline constexpr const char *kPictureTypes[] = {"image/png", "image/jpeg",  "ima
 const PictureKind *KindOfFile(const QString &path);
 // All endings.
 QStringList PictureEndings();
+// Those that the window offers, by their places.
+std::vector<const PictureKind *> OfferedPictures();
 
 } // namespace diagram

@@ -21,4 +21,11 @@ TEST(PictureKinds, EachRowHasAnEndingAndATypeOfItsOwn) {
     EXPECT_FALSE(types.contains(QString()));
 }
 
+TEST(PictureKinds, TheWindowOffersThemByTheirPlacesFromOneOn) {
+    const auto offered = OfferedPictures();
+    ASSERT_FALSE(offered.empty());
+    for (std::size_t i = 0; i < offered.size(); ++i) EXPECT_EQ(offered[i]->place, int(i) + 1);
+    EXPECT_STREQ(offered.front()->caption, "Windows Meta File") << "the first of old";
+}
+
 } // namespace diagram

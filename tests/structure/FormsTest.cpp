@@ -1,0 +1,51 @@
+// Every form that can be asked for has its row in the program.
+#include "tests/Paths.h"
+
+#include <gtest/gtest.h>
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+
+namespace {
+
+QString TextOf(const QString &path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+// The types with a kForm, by the names of their forms.
+QMap<QString, QString> FormArguments() {
+    static const QRegularExpression type(QStringLiteral(R"(\b(?:struct|class) (\w+)[^;{]*\{)"));
+    static const QRegularExpression form(QStringLiteral(R"re(constexpr char kForm\[\] = "(\w+)")re"));
+    QMap<QString, QString> arguments;
+    QDirIterator files(tests::Source(QString()), {QStringLiteral("*.h")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString path = files.next();
+        if (path.contains(QLatin1String("/build/")) || path.contains(QLatin1String("/tests/"))) continue;
+        const QString text = TextOf(path);
+        auto found = form.globalMatch(text);
+        while (found.hasNext()) {
+            const auto match = found.next();
+            auto before = type.globalMatch(text.left(match.capturedStart()));
+            QString name;
+            while (before.hasNext()) name = before.next().captured(1);
+            arguments.insert(match.captured(1), name);
+        }
+    }
+    return arguments;
+}
+
+} // namespace
+
+TEST(Forms, EachOneHasItsRowInTheProgram) {
+    const QMap<QString, QString> arguments = FormArguments();
+    ASSERT_GT(arguments.size(), 10) << "the forms are found";
+    const QString rows = TextOf(tests::Source(QStringLiteral("app/main.cpp")));
+    for (auto form = arguments.begin(); form != arguments.end(); ++form) {
+        const QRegularExpression row(
+            QStringLiteral(R"((?:AddForm<[\w:]+, |forms\.Add<)(?:\w+::)*%1>\()").arg(form.value()));
+        EXPECT_TRUE(row.match(rows).hasMatch())
+            << form.key().toStdString() << ", asked for by " << form.value().toStdString();
+    }
+}
