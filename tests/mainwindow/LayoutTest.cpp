@@ -1,3 +1,4 @@
+#include "diagram/model/Routing.h"
 #include "diagram/view/Glide.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
@@ -345,7 +346,7 @@ TEST_F(Layout, RoutesOfManyLinksAreGivenUpByEscapeWithNothingChanged) {
         nodes.push_back(&AddNode(window, float(i % 50) * 2000, float(i / 50) * 2000));
     for (int i = 0; i < 4000; ++i)
         nodes[std::size_t(i * 7919 % 3000)]->Links().Add(*nodes[std::size_t(i * 7 % 2971)]).SetStyle(5);
-    window.CurrentSurface().Recalculate();
+    window.CurrentSurface().Routes().Recalculate();
     const diagram::ItemPlaces before = diagram::PlacesOf(window.CurrentSurface());
     const QPointF corner = nodes[500]->Bounds().topLeft();
     bool moved = false;
