@@ -106,7 +106,7 @@ protected:
     }
 
 private:
-    void DrawEdge(QPainter &painter, const QRectF &field, qreal width) {
+    void DrawEdge(QPainter &painter, const QRectF &field, qreal width) const {
         const diagram::ShapeRow *row = diagram::FindShape(shape_);
         for (const EdgeLook &look : kEdgeLooks) {
             if (!row || row->edge != look.edge) continue;

@@ -74,7 +74,8 @@ void LabelPlaces::DisturbWhereTaken(const QLineF &piece) {
 
 void LabelPlaces::NodeMoved(ItemId id, const FloatBox *before, const FloatBox *now) {
     const auto optional = [](const FloatBox *box) { return box ? std::optional(*box) : std::nullopt; };
-    if (!placed_.empty()) moved_.nodes.try_emplace(id, optional(before)).first->second.now = optional(now);
+    if (!placed_.empty())
+        moved_.nodes.try_emplace(id, Moved::Boxes{optional(before), {}}).first->second.now = optional(now);
 }
 
 void LabelPlaces::RouteChanged(const Link &link, const FloatBox *before) {
@@ -150,7 +151,7 @@ void LabelPlaces::NotePlace(const Link &link, const std::optional<QRectF> &befor
                             Extent extent) {
     const std::optional<FloatBox> freed = before ? std::optional(BoxAround(*before)) : std::nullopt;
     if (extent == Extent::OfChangedLinks) {
-        moved_.labels.try_emplace(link.Id(), freed).first->second.now = BoxAround(now);
+        moved_.labels.try_emplace(link.Id(), Moved::Boxes{freed, {}}).first->second.now = BoxAround(now);
     } else if (before != now) {
         if (freed) DisturbAbove(link, looked_, *before, [&](Disturbance &what) { what.Free(freed->Rect()); });
         DisturbAbove(link, boxes_, Grown(now, kLabelGap), [](Disturbance &what) { what.isTaken = true; });
