@@ -119,7 +119,7 @@ void LookBar::Update() {
     ShowFormats(surface);
 }
 
-void LookBar::ShowFormats(const diagram::Surface &surface) {
+void LookBar::ShowFormats(const diagram::Surface &surface) const {
     for (const FontState &row : kFonts)
         parts_.tlbFormat->ShowState(QLatin1String(row.key), SharedFont(surface, row.is));
     for (const AlignmentState &row : kAlignments)

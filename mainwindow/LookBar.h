@@ -58,7 +58,7 @@ private:
     void OpenShapes(const QRect &place);
     // Where the popup of the button opens, on the screen.
     QRect PlaceOf(const LookButton &button) const;
-    void ShowFormats(const diagram::Surface &surface);
+    void ShowFormats(const diagram::Surface &surface) const;
     void StepFrom(const LookButton &button, int step);
 
     frmMain &window_;

@@ -57,8 +57,10 @@ void LostMapOffers::Answer(int row, OfferAnswer answer) {
             bar_->TakeFocus();
         else
             window_.CurrentView().setFocus();
-        if (answer == OfferAnswer::Restore) Restore(std::move(lost));
-        if (answer == OfferAnswer::Discard) recovery::RemoveFolder(std::move(lost.folder));
+        if (answer == OfferAnswer::Restore)
+            Restore(std::move(lost));
+        else if (answer == OfferAnswer::Discard)
+            recovery::RemoveFolder(std::move(lost.folder));
     });
 }
 
@@ -71,7 +73,7 @@ frmMain *LostMapOffers::Restore(recovery::LostMap lost) {
         frmMain &target = shown ? *shown : *made;
         const bool damaged = map.damaged;
         recovery::Restore(target, std::move(map), lost.folder.path);
-        made.release(); // shown, it belongs to itself
+        static_cast<void>(made.release()); // shown, it belongs to itself
         target.ShowWindow();
         if (target.Journal()) target.Journal()->Writer().Supersede(std::move(lost.folder));
         target.Status().TellInPassing(

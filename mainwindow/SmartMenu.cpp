@@ -92,6 +92,7 @@ bool SmartMenu::Value(const QString &key) const {
     return entry && entry->isChecked();
 }
 
+// What an entry is changes what the menu is. NOLINTNEXTLINE(readability-make-member-function-const)
 void SmartMenu::SetValue(const QString &key, bool checked) {
     if (QAction *entry = Item(key)) entry->setChecked(checked);
 }
