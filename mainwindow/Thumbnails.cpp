@@ -27,7 +27,7 @@ namespace mainwindow {
 
 namespace {
 
-constexpr qint64 kLargestFile = 5 * 1024 * 1024; // bytes
+constexpr qint64 kLargestFile = qint64(5) * 1024 * 1024; // bytes
 constexpr long kMostNodes = 2000;
 constexpr int kKept = 100;    // pictures
 constexpr double kMargin = 8; // pixels of the screen

@@ -84,7 +84,7 @@ void WindowParts::FillToolbars(frmPics &pics) {
     staMain->SetZoomMenu(SmartMenuXP1a->Menu(QStringLiteral("mnuViewZoom")));
 }
 
-void WindowParts::AddViewButton(const QString &key) {
+void WindowParts::AddViewButton(const QString &key) const {
     QAction *entry = SmartMenuXP1a->Item(key);
     if (!entry) {
         tlbView->addSeparator();
@@ -114,7 +114,7 @@ void WindowParts::AddFontBoxes(frmPics &pics) {
     tlbFormat->addSeparator();
 }
 
-void WindowParts::SetEnabled(Needs needs, bool enabled) {
+void WindowParts::SetEnabled(Needs needs, bool enabled) const {
     SmartMenuXP1a->SetEnabled(needs, enabled);
     tlbMain->SetEnabled(needs, enabled);
     tlbFormat->SetEnabled(needs, enabled);

@@ -25,7 +25,7 @@ public:
     // The buttons; the menus must stand already.
     void FillToolbars(frmPics &pics);
     // The entries and buttons that need this of the window's state.
-    void SetEnabled(Needs needs, bool enabled);
+    void SetEnabled(Needs needs, bool enabled) const;
 
     SmartMenu *SmartMenuXP1a;
     CommandSearch *search;
@@ -47,7 +47,7 @@ private:
     void BuildStatusBar();
     void AddFontBoxes(frmPics &pics);
     // An entry of the menus as a button; a separator for a key that names none.
-    void AddViewButton(const QString &key);
+    void AddViewButton(const QString &key) const;
 
     frmMain &window_;
 };

@@ -14,7 +14,6 @@
 
 namespace mainwindow {
 
-using document::pointer::kHourglass;
 using document::pointer::kNormal;
 using support::Answer;
 
@@ -85,7 +84,7 @@ frmMain *frmMain::DoOpen(QString sFilename, bool bNewWindow) {
         if (bNewWindow) made = std::make_unique<frmMain>(desktop_);
         frmMain &target = made ? *made : *this;
         if (!MayReplace(target)) return nullptr;
-        made.release(); // shown, it belongs to itself
+        static_cast<void>(made.release()); // shown, it belongs to itself
         target.Load(sFilename);
         return &target;
     });

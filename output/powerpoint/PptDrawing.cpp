@@ -151,7 +151,7 @@ QByteArray DrawingGroup(const std::vector<int> &shapes, const Pictures &pictures
     Values clusters;
     for (std::size_t i = 0; i < shapes.size(); ++i) {
         all += shapes[i] + 1; // and the background
-        clusters.U32(qint64(i + 1)).U32(shapes[i] + 1);
+        clusters.U32(qint64(i) + 1).U32(shapes[i] + 1);
     }
     const auto count = qint64(shapes.size());
     const QByteArray head =

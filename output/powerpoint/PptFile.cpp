@@ -43,11 +43,11 @@ QByteArray TextStyle(int kind, int size) {
 
 QByteArray Environment() {
     constexpr int kJapaneseRules = 2, kLevel = 3, kOtherText = 4, kTrueType = 4, kSwiss = 0x22;
-    constexpr int kLanguages = 0x7, kEnglish = 0x409, kFaceLength = 32;
+    constexpr int kLanguages = 0x7, kEnglish = 0x409, kFaceBytes = 64;
     const QByteArray rules =
         Container(kKinsoku, Atom(kKinsokuLevel, Values().U32(0), kLevel), kJapaneseRules);
     const QByteArray face =
-        QByteArray(Values().Text(QStringLiteral("Arial"))).leftJustified(2 * kFaceLength, '\0');
+        QByteArray(Values().Text(QStringLiteral("Arial"))).leftJustified(kFaceBytes, '\0');
     const QByteArray font = Atom(kFont, Values().Bytes(face).U8(0).U8(0).U8(kTrueType).U8(kSwiss));
     const QByteArray language = Atom(kTextLanguage, Values().U32(kLanguages).U16(0).U16(kEnglish).U16(0));
     return Container(kEnvironment,

@@ -33,7 +33,7 @@ struct Property {
 };
 
 QByteArray PropertySet(const std::vector<Property> &properties) {
-    const auto head = qsizetype(8 + 8 * properties.size());
+    const auto head = 8 + 8 * qsizetype(properties.size());
     Values index, values;
     qsizetype at = head;
     for (const Property &property : properties) {

@@ -94,9 +94,8 @@ QRectF PreviewSheets::ContentRect(int sheet) const {
     const QSizeF size = SheetSize();
     const double wide = columns_ * (size.width() + kGap) + kGap;
     const double left = std::floor(std::max(0.0, (viewport()->width() - wide) / 2)) + kGap;
-    return {QPointF(left + sheet % columns_ * (size.width() + kGap),
-                    kGap + sheet / columns_ * (size.height() + kGap)),
-            size};
+    const int row = sheet / columns_, column = sheet % columns_;
+    return {QPointF(left + column * (size.width() + kGap), kGap + row * (size.height() + kGap)), size};
 }
 
 QRectF PreviewSheets::SheetRect(int sheet) const {
