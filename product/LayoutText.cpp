@@ -111,14 +111,14 @@ QJsonArray Head(const QJsonObject &slice) {
 
 QJsonArray Nodes(const QJsonObject &slice, const QJsonObject &looks) {
     QJsonArray entries = Head(slice), placed, nodes;
-    for (const QJsonValue &entry : slice["nodes"].toArray()) entries.append(entry);
-    for (const QJsonValue &entry : entries) {
+    for (const QJsonValue entry : slice["nodes"].toArray()) entries.append(entry);
+    for (const QJsonValue entry : entries) {
         if (entry.toObject().contains("cells"))
             Grid(entry.toObject()).AppendTo(placed);
         else
             placed.append(WithBox(entry.toObject()));
     }
-    for (const QJsonValue &node : placed) nodes.append(WithLineEnds(WithLook(node.toObject(), looks)));
+    for (const QJsonValue node : placed) nodes.append(WithLineEnds(WithLook(node.toObject(), looks)));
     return nodes;
 }
 
@@ -130,13 +130,13 @@ void AppendLinks(const QJsonObject &entry, QJsonArray &links) {
     const QJsonArray chain = entry["chain"].toArray();
     for (int i = 1; i < chain.size(); ++i) join(chain[i - 1], chain[i]);
     if (!entry.contains("from")) return;
-    for (const QJsonValue &from : ListOf(entry["from"]))
-        for (const QJsonValue &to : ListOf(entry["to"])) join(from, to);
+    for (const QJsonValue from : ListOf(entry["from"]))
+        for (const QJsonValue to : ListOf(entry["to"])) join(from, to);
 }
 
 QJsonArray Links(const QJsonArray &entries, const QJsonObject &looks) {
     QJsonArray links;
-    for (const QJsonValue &entry : entries)
+    for (const QJsonValue entry : entries)
         AppendLinks(WithLineEnds(WithLook(entry.toObject(), looks)), links);
     return links;
 }

@@ -46,12 +46,12 @@ public:
 
     void Build(const QJsonArray &texts) {
         std::vector<QJsonObject> slices;
-        for (const QJsonValue &text : texts)
+        for (const QJsonValue text : texts)
             slices.push_back(WrittenOut(text.toObject(), LooksOf(resources_)));
         window_.TabStrip().SetTabCount(int(slices.size()));
         for (int i = 0; i < int(slices.size()); ++i) BuildOne(slices[std::size_t(i)], i);
         for (const QJsonObject &slice : slices)
-            for (const QJsonValue &node : slice["nodes"].toArray()) {
+            for (const QJsonValue node : slice["nodes"].toArray()) {
                 Attach(node.toObject());
                 BuildHyperlink(node.toObject());
             }
@@ -67,7 +67,7 @@ private:
     }
 
     void Attach(const QJsonObject &node) {
-        for (const QJsonValue &attachment : node["attachments"].toArray()) {
+        for (const QJsonValue attachment : node["attachments"].toArray()) {
             QString key;
             document::cAttachment &item = window_.clsSettings().Attachments().add(key);
             item.Node = keys_.Of(node["id"].toString());
@@ -96,11 +96,11 @@ private:
 void BuildTemplate(const QString &text, const QString &target) {
     const QJsonObject pools = ReadText(text);
     std::vector<document::LevelRow> levels;
-    for (const QJsonValue &level : pools["levels"].toArray())
+    for (const QJsonValue level : pools["levels"].toArray())
         levels.push_back(
             {level["name"].toString(), level["selected"].toBool(), ColourOf(level["colour"].toString())});
     std::vector<document::GroupRow> groups;
-    for (const QJsonValue &group : pools["groups"].toArray())
+    for (const QJsonValue group : pools["groups"].toArray())
         groups.push_back({group["name"].toString(), group["selected"].toBool()});
     document::WriteTemplate(target, levels, groups);
 }

@@ -47,7 +47,7 @@ diagram::Picture PictureOf(const QString &path) {
 
 std::vector<diagram::Point> PointsOf(const QJsonArray &pairs) {
     std::vector<diagram::Point> points;
-    for (const QJsonValue &pair : pairs)
+    for (const QJsonValue pair : pairs)
         points.push_back({float(pair[0].toDouble()) * kTwips, float(pair[1].toDouble()) * kTwips});
     return points;
 }

@@ -23,7 +23,7 @@ float Twips(const QJsonValue &pixels) { return float(pixels.toDouble()) * kTwips
 
 void SetGroups(document::clsfrmMain &settings, diagram::Node &node, const QJsonObject &text) {
     QStringList names;
-    for (const QJsonValue &group : text["groups"].toArray()) names << group.toString();
+    for (const QJsonValue group : text["groups"].toArray()) names << group.toString();
     const QString groups = settings.Groups().KeyForGroupName(names.join(QLatin1Char(',')));
     if (groups.count(QLatin1Char('{')) != names.size())
         Complain(QStringLiteral("one of the groups %1 is unknown").arg(names.join(QStringLiteral(", "))));
@@ -80,9 +80,9 @@ void BuildSlice(document::MapWindow &window, diagram::Surface &surface, const QJ
                 const QDir &resources, NodeKeys &keys) {
     surface.SetGridLines(slice["gridLines"].toBool());
     surface.SetBackColor(ColourOf(slice["backColour"].toString(QStringLiteral("#FFFFFF"))));
-    for (const QJsonValue &node : slice["nodes"].toArray())
+    for (const QJsonValue node : slice["nodes"].toArray())
         BuildNode(window, surface, node.toObject(), resources, keys);
-    for (const QJsonValue &link : slice["links"].toArray()) BuildLink(surface, link.toObject(), keys);
+    for (const QJsonValue link : slice["links"].toArray()) BuildLink(surface, link.toObject(), keys);
     if (slice.contains("timeline")) BuildTimeline(window, surface, slice, resources, keys);
 }
 

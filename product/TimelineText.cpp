@@ -54,7 +54,7 @@ timeline::Lanes LanesOf(const QString &name) {
 std::vector<timeline::NodeDate> DatesOf(diagram::Surface &surface, const QJsonObject &slice,
                                         const NodeKeys &keys) {
     std::vector<timeline::NodeDate> dates;
-    for (const QJsonValue &node : slice["nodes"].toArray()) {
+    for (const QJsonValue node : slice["nodes"].toArray()) {
         if (!node.toObject().contains("date")) continue;
         const QDate date = QDate::fromString(node["date"].toString(), Qt::ISODate);
         if (!date.isValid()) Complain(QStringLiteral("\"%1\" is no date").arg(node["date"].toString()));

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <QColor>
 #include <QDataStream>
+#include <QIODevice>
 #include <QPainter>
 
 namespace templates {

@@ -41,11 +41,11 @@ double LengthOf(const diagram::Node &month, bool rightwards) {
 }
 
 // Neighbours of one fold as one.
-std::vector<ShownMonth> Together(std::vector<ShownMonth> months) {
+std::vector<ShownMonth> Together(const std::vector<ShownMonth> &months) {
     std::vector<ShownMonth> together;
-    for (ShownMonth &month : months) {
+    for (const ShownMonth &month : months) {
         if (!month.fold || together.empty() || together.back().fold != month.fold)
-            together.push_back(std::move(month));
+            together.push_back(month);
         else
             together.back().days = int(together.back().first.daysTo(month.Last())) + 1;
     }
@@ -64,7 +64,7 @@ std::vector<ShownMonth> ShownMonths(const diagram::Surface &flow, bool rightward
     }
     std::ranges::sort(months, {},
                       [](const ShownMonth &month) { return std::pair(month.start, month.first); });
-    return Together(std::move(months));
+    return Together(months);
 }
 
 // Of a fold the month at that end, as long as an unfolded one.

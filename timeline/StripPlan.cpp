@@ -122,7 +122,10 @@ std::optional<std::pair<QString, QString>> GapIn(const AxisTable &rows) {
     return std::nullopt;
 }
 
-float SlotOf(float extent, int days) { return float(support::CLng(double(extent)) / days); }
+float SlotOf(float extent, int days) {
+    const std::int32_t slot = support::CLng(double(extent)) / days;
+    return float(slot);
+}
 
 std::vector<PlacedMonth> PlanPlaces(const PlacesTask &task) {
     if (!IsArrangement(task.arrangement)) return {};

@@ -1,6 +1,7 @@
 #include "output/rtf/RtfText.h"
 
 #include <optional>
+#include <QList>
 
 namespace output {
 

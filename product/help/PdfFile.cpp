@@ -33,7 +33,7 @@ QList<qsizetype> Offsets(const QByteArray &bytes, qsizetype table) {
     if (first + qsizetype(count) * kEntry > bytes.size()) Complain("whole table of places");
     QList<qsizetype> offsets;
     for (int i = 0; i < count; ++i) {
-        const QByteArray entry = bytes.mid(first + i * kEntry, kEntry);
+        const QByteArray entry = bytes.mid(first + qsizetype(i) * kEntry, kEntry);
         offsets << (entry.contains(" n") ? entry.left(10).toLongLong() : 0);
     }
     return offsets;

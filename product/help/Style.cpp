@@ -9,7 +9,7 @@ namespace {
 
 QFont Font(const char *family, double points) {
     QFont font{QLatin1String(family)};
-    font.setPixelSize(int(Points(points) + 0.5));
+    font.setPixelSize(qRound(Points(points)));
     font.setHintingPreference(QFont::PreferNoHinting);
     // Too little to see, but it keeps the ligatures out: whoever searches the file doesn't find texts with
     // them.

@@ -26,7 +26,7 @@ std::vector<QJsonObject> RowsOf(const QString &json, const QString &table) {
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     const QJsonObject tables = QJsonDocument::fromJson(file.readAll()).object().value("tables").toObject();
     std::vector<QJsonObject> rows;
-    for (const QJsonValue &value : tables.value(table).toObject().value("rows").toArray()) {
+    for (const QJsonValue value : tables.value(table).toObject().value("rows").toArray()) {
         QJsonObject row;
         const QJsonObject read = value.toObject();
         for (auto cell = read.begin(); cell != read.end(); ++cell)

@@ -19,7 +19,7 @@ QJsonArray Links(const char *slice, const char *looks = "{}") {
 
 QString Places(const QJsonArray &nodes) {
     QStringList places;
-    for (const QJsonValue &node : nodes)
+    for (const QJsonValue node : nodes)
         places << QStringLiteral("%1,%2 %3x%4")
                       .arg(node["x"].toDouble())
                       .arg(node["y"].toDouble())
@@ -30,7 +30,7 @@ QString Places(const QJsonArray &nodes) {
 
 QString Ends(const QJsonArray &links) {
     QStringList ends;
-    for (const QJsonValue &link : links) ends << link["from"].toString() + link["to"].toString();
+    for (const QJsonValue link : links) ends << link["from"].toString() + link["to"].toString();
     return ends.join(' ');
 }
 

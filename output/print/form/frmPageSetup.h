@@ -10,11 +10,13 @@ class QButtonGroup;
 class QCheckBox;
 class QComboBox;
 class QDoubleSpinBox;
+class QGridLayout;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
 class QRadioButton;
+class QVBoxLayout;
 
 namespace print {
 
@@ -44,12 +46,12 @@ public:
     QLabel *lblTooNear() const { return lblTooNear_; }
 
 private:
-    void BuildTexts(class QGridLayout &grid);
+    void BuildTexts(QGridLayout &grid);
     QWidget *BuildPage();
     QWidget *BuildMargins();
     QWidget *BuildSlices();
     QWidget *BuildLargeOnes();
-    void BuildClosing(class QVBoxLayout &whole);
+    void BuildClosing(QVBoxLayout &whole);
     void Form_Load();
     void UpdateControls();
     void UpdateTooNear();
