@@ -10,7 +10,6 @@
 #include "diagram/layout/LayeredCycles.h"
 #include "diagram/layout/LayeredOrder.h"
 #include "diagram/layout/Orientation.h"
-#include "diagram/layout/Pack.h"
 #include "diagram/layout/Parts.h"
 #include "diagram/layout/TidyTree.h"
 
@@ -236,7 +235,7 @@ LayeredDrawing Joined(const LayoutGraph &graph, const std::vector<Part> &parts,
     }
     const auto kept = KeptCorners(parts, drawings, extents, options);
     const std::vector<QPointF> corners =
-        kept ? *kept : Pack(sizes, std::max(options.neighbourDistance, options.levelDistance));
+        kept ? *kept : PackParts(parts, sizes, std::max(options.neighbourDistance, options.levelDistance));
     LayeredDrawing all{std::vector<QPointF>(graph.sizes.size()),
                        std::vector<std::vector<QPointF>>(graph.edges.size()),
                        std::vector<std::vector<QPointF>>(graph.edges.size()), kept.has_value()};

@@ -44,6 +44,28 @@ std::vector<QPointF> PlaceOne(const Part &part, Progress &progress, const PlaceP
     return part.boxes.size() == 1 ? std::vector<QPointF>{{0, 0}} : place(part.graph, progress);
 }
 
+// Where it stands now.
+QRectF PresentBox(const Part &part) { return ExtentOf(part.graph.sizes, part.graph.centres); }
+
+// For each part whether it is a single box just above all parts of several, on no other one.
+std::vector<bool> HeadingsAmong(const std::vector<Part> &parts) {
+    QRectF linked;
+    for (const Part &part : parts)
+        if (part.boxes.size() > 1) linked |= PresentBox(part);
+    const QRectF above = linked.translated(0, -linked.height());
+    std::vector<QRectF> found;
+    std::vector<bool> headings;
+    for (const Part &part : parts) {
+        const QRectF box = PresentBox(part);
+        const auto meets = [&box](const QRectF &other) { return other.intersects(box); };
+        const bool is = part.boxes.size() == 1 && box.bottom() <= linked.top() && meets(above) &&
+                        std::ranges::none_of(found, meets);
+        headings.push_back(is);
+        if (is) found.push_back(box);
+    }
+    return headings;
+}
+
 } // namespace
 
 Adjacency NeighboursOf(const LayoutGraph &graph) {
@@ -102,6 +124,26 @@ std::vector<Part> PartsOf(const LayoutGraph &graph) {
     return parts;
 }
 
+std::vector<QPointF> PackParts(const std::vector<Part> &parts, const std::vector<QSizeF> &sizes, double gap) {
+    const std::vector<bool> isHeading = HeadingsAmong(parts);
+    QRectF headings;
+    std::vector<QSizeF> others;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (isHeading[i])
+            headings |= PresentBox(parts[i]);
+        else
+            others.push_back(sizes[i]);
+    }
+    const double below = headings.isEmpty() ? 0 : headings.height() + gap;
+    const std::vector<QPointF> packed = Pack(others, gap);
+    std::vector<QPointF> corners;
+    auto next = packed.begin();
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        corners.push_back(isHeading[i] ? PresentBox(parts[i]).topLeft() - headings.topLeft()
+                                       : *next++ + QPointF(0, below));
+    return corners;
+}
+
 std::vector<QPointF> PlaceParts(const LayoutGraph &graph, double gap, Progress &progress,
                                 const PlacePart &place) {
     const std::vector<Part> parts = PartsOf(graph);
@@ -118,7 +160,7 @@ std::vector<QPointF> PlaceParts(const LayoutGraph &graph, double gap, Progress &
         sizes.push_back(extents.back().size());
         done += share;
     }
-    const std::vector<QPointF> corners = Pack(sizes, std::max(1.0, gap));
+    const std::vector<QPointF> corners = PackParts(parts, sizes, std::max(1.0, gap));
     std::vector<QPointF> centres(graph.sizes.size());
     for (std::size_t i = 0; i < parts.size(); ++i)
         for (std::size_t k = 0; k < places[i].size(); ++k)

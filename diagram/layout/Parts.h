@@ -20,6 +20,11 @@ struct Part {
 // In the order of their first boxes. Boxes of one cluster are in one part, but where it is that of all.
 std::vector<Part> PartsOf(const LayoutGraph &graph);
 
+// The left top corners of the parts on one page, of extents of these sizes: packed, `gap` twips apart. Single
+// boxes just above all that is linked, a title say, stay so: above the rest, and to each other as they
+// are.
+std::vector<QPointF> PackParts(const std::vector<Part> &parts, const std::vector<QSizeF> &sizes, double gap);
+
 // The centres of one part's boxes.
 using PlacePart = std::function<std::vector<QPointF>(const LayoutGraph &part, Progress &progress)>;
 // Each part by itself, then all of them packed, `gap` twips apart. Single boxes aren't asked for.

@@ -223,6 +223,44 @@ TEST(Layered, UnconnectedPartsArePacked) {
     ExpectApart(graph, drawing);
 }
 
+// Boxes 3 and 4 are a title and what stands beside it, 5 stands below all.
+LayoutGraph TitledGraph() {
+    LayoutGraph graph = Graph(6, {{0, 1}, {1, 2}, {0, 2}});
+    graph.centres = {{0, 0}, {0, 1500}, {2500, 3000}, {300, -1400}, {2100, -1500}, {0, 6000}};
+    return graph;
+}
+
+TEST(Layered, ATitleStaysAboveAllAndAsItWasToWhatIsBesideIt) {
+    const LayoutGraph graph = TitledGraph();
+    const LayeredDrawing drawing = Draw(graph);
+    ExpectApart(graph, drawing);
+    EXPECT_EQ(drawing.centres[4] - drawing.centres[3], QPointF(1800, -100));
+    for (const std::size_t below : {0U, 1U, 2U, 5U})
+        for (const std::size_t title : {3U, 4U})
+            EXPECT_GT(BoxOf(graph, drawing, below).top(), BoxOf(graph, drawing, title).bottom()) << below;
+}
+
+TEST(Layered, WhatStandsFarOffOrOnAnotherIsNoTitle) {
+    const auto parts = [](const LayoutGraph &graph) {
+        std::vector<QSizeF> sizes;
+        for (const Part &part : PartsOf(graph)) sizes.push_back(part.graph.sizes.front());
+        return PackParts(PartsOf(graph), sizes, 10);
+    };
+    LayoutGraph graph = TitledGraph(); // parts: the linked ones, then each single box
+    EXPECT_EQ(parts(graph)[1].y(), 100);
+    EXPECT_EQ(parts(graph)[2], QPointF(1800, 0));
+    EXPECT_GT(parts(graph)[0].y(), 600);
+    graph.centres[3] = QPointF(90000, -1400);
+    EXPECT_EQ(parts(graph)[2], QPointF(0, 0)) << "beside it, not above";
+    graph.centres[3] = QPointF(0, -90000);
+    EXPECT_EQ(parts(graph)[2], QPointF(0, 0)) << "far above";
+    graph.centres[3] = graph.centres[4];
+    EXPECT_EQ(parts(graph)[1], QPointF(0, 0)) << "the first of two on each other";
+    EXPECT_GT(parts(graph)[2].y(), 600);
+    graph.edges.clear();
+    EXPECT_EQ(parts(graph)[0], QPointF(0, 0)) << "with nothing linked there is no title";
+}
+
 TEST(Layered, BoxesKeepTheirPresentOrderWhereThatCrossesNothing) {
     LayoutGraph graph = Graph(4, {{0, 1}, {0, 2}, {0, 3}});
     graph.centres = {{0, 0}, {900, 0}, {100, 0}, {500, 0}};
