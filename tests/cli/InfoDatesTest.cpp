@@ -15,7 +15,7 @@ namespace {
 
 struct InfoDates : cli::testing::CliTest {
     // A map with a node for each of the dates, and one without.
-    void Save(std::initializer_list<const char *> dates) {
+    void Save(std::initializer_list<const char *> dates) const {
         support::testing::ScriptedDesktop desktop;
         document::MemoryWindow window(desktop.Get(), document::EmptyPools{});
         diagram::Surface &flow = window.AddFlow1()[0];

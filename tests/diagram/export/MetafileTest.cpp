@@ -178,7 +178,7 @@ TEST(Metafile, TextInBothDirections_IsWrittenInPiecesFromLeftToRight) {
         end = At<qint32>(body, 28);
         const quint32 advances = At<quint32>(body, 64) - 8;
         for (quint32 k = 0; k < At<quint32>(body, 36); ++k) {
-            const int advance = At<qint32>(body, qsizetype(advances + 4 * k));
+            const int advance = At<qint32>(body, qsizetype(advances) + 4 * qsizetype(k));
             EXPECT_GT(advance, 0);
             EXPECT_LT(advance, 200);
             end += advance;

@@ -63,7 +63,9 @@ TEST(Picture, KeepsTheBytesOfEveryFormat) {
 }
 
 TEST(Picture, IsEqualByItsBytesAndSharedByCopies) {
-    const Picture a = Picture::FromImage(Red(2, 2)), b = Picture::FromImage(Red(2, 2)), c = a;
+    const Picture a = Picture::FromImage(Red(2, 2)), b = Picture::FromImage(Red(2, 2));
+    Picture c;
+    c = a;
     EXPECT_EQ(a, b);
     EXPECT_EQ(a.Identity(), c.Identity());
     EXPECT_FALSE(a == Picture());

@@ -52,7 +52,7 @@ TEST(Nodes, Border_IsCrispAtEachZoom) {
             const QRgb colour = image.pixel(x, row) | 0xFF000000;
             EXPECT_TRUE(colour == kRed || colour == kBlue || colour == kWhite) << x;
         }
-        EXPECT_EQ(CountOf(image, QRect(0, row, 60, 1), kBlue), int(zoom + 0.5));
+        EXPECT_EQ(CountOf(image, QRect(0, row, 60, 1), kBlue), qRound(zoom));
     }
 }
 
