@@ -177,8 +177,7 @@ bool LostItsFirstPage(const QString &path) {
     if (!file.open(QIODevice::ReadOnly) || file.size() < kPage * (kLooked + 1)) return false;
     for (int page = 1; page <= kLooked; ++page) {
         char kind = 0;
-        if (!file.seek(page * kPage) || !file.getChar(&kind) || (kind != 0x05 && kind != 0x0D))
-            return false;
+        if (!file.seek(page * kPage) || !file.getChar(&kind) || (kind != 0x05 && kind != 0x0D)) return false;
     }
     return true;
 }

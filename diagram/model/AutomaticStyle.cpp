@@ -165,8 +165,8 @@ int BestOrthogonalStyle(Surface &surface, const LinkDraft &draft) {
     };
     const LinkStyleRow *own = FindLinkStyle(best);
     if (own && own->form == LinkForm::Orthogonal) offer(best);
-    // Three segments can be one straight line; more than a free route needs, and one to get past links that it
-    // crosses, are hardly better.
+    // Three segments can be one straight line; more than a free route needs, and one to get past links that
+    // it crosses, are hardly better.
     const auto mayBeBetter = [&](const LinkStyleRow &row) {
         const int enough = most.bends + 1 + (most.crossed > 0 ? 1 : 0);
         return row.form == LinkForm::Orthogonal &&
