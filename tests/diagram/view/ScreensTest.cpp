@@ -35,7 +35,7 @@ private:
     QPalette before_;
 };
 
-QByteArray WithoutTime(QByteArray bytes) {
+QByteArray WithoutTime(const QByteArray &bytes) {
     static const QRegularExpression kTime(
         QStringLiteral("CreationDate[^\n]*|CreateDate[^\n]*|"
                        "MetadataDate[^\n]*|ModifyDate[^\n]*|uuid:[-0-9a-f]*|"
