@@ -47,18 +47,20 @@ std::vector<QPointF> PlaceOne(const Part &part, Progress &progress, const PlaceP
 // Where it stands now.
 QRectF PresentBox(const Part &part) { return ExtentOf(part.graph.sizes, part.graph.centres); }
 
-// For each part whether it is a single box just above all parts of several, on no other one.
+bool IsLinked(const Part &part) { return !part.edges.empty() || part.boxes.size() > 1; }
+
+// For each part whether it is a single box just above all that is linked, on no other one.
 std::vector<bool> HeadingsAmong(const std::vector<Part> &parts) {
     QRectF linked;
     for (const Part &part : parts)
-        if (part.boxes.size() > 1) linked |= PresentBox(part);
+        if (IsLinked(part)) linked |= PresentBox(part);
     const QRectF above = linked.translated(0, -linked.height());
     std::vector<QRectF> found;
     std::vector<bool> headings;
     for (const Part &part : parts) {
         const QRectF box = PresentBox(part);
         const auto meets = [&box](const QRectF &other) { return other.intersects(box); };
-        const bool is = part.boxes.size() == 1 && box.bottom() <= linked.top() && meets(above) &&
+        const bool is = !IsLinked(part) && box.bottom() <= linked.top() && meets(above) &&
                         std::ranges::none_of(found, meets);
         headings.push_back(is);
         if (is) found.push_back(box);

@@ -257,6 +257,9 @@ TEST(Layered, WhatStandsFarOffOrOnAnotherIsNoTitle) {
     graph.centres[3] = graph.centres[4];
     EXPECT_EQ(parts(graph)[1], QPointF(0, 0)) << "the first of two on each other";
     EXPECT_GT(parts(graph)[2].y(), 600);
+    graph = TitledGraph();
+    graph.edges.push_back({3, 3});
+    EXPECT_NE(parts(graph)[2] - parts(graph)[1], QPointF(1800, -100)) << "linked to itself";
     graph.edges.clear();
     EXPECT_EQ(parts(graph)[0], QPointF(0, 0)) << "with nothing linked there is no title";
 }
