@@ -8,6 +8,8 @@ namespace vector::metafile {
 
 constexpr int kTextMode = 1, kIsotropic = 7, kAnisotropic = 8; // of mapping
 constexpr int kTransparent = 1;                                // background
+constexpr int kClipAnd = 1, kClipWithout = 4, kClipCopy = 5;   // how a clip joins the one before
+constexpr int kLeaveAlone = 11, kCopyPen = 13;                 // how shapes join what is there
 constexpr int kAlternate = 1, kWinding = 2;                    // fill modes
 constexpr int kColourOnColour = 3;                             // of stretching
 constexpr std::uint32_t kAlignLeft = 0, kAlignRight = 2, kAlignMiddle = 6, kAlignBottom = 8,
