@@ -3,7 +3,7 @@
 #pragma once
 
 #include "diagram/model/Calendar.h"
-#include "diagram/model/ChangeLog.h"
+#include "diagram/model/SurfaceObserver.h"
 
 #include <memory>
 #include <QPainterPath>
