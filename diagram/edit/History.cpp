@@ -48,7 +48,7 @@ public:
         if (step.IsEmpty()) return;
         steps_.resize(done_);
         states_.resize(done_ + 1);
-        states_.push_back(step.IsWork() ? NextRevisionNumber() : states_.back());
+        states_.push_back(step.ChangesContent() ? NextRevisionNumber() : states_.back());
         steps_.push_back(std::move(step));
         done_ = steps_.size();
     }

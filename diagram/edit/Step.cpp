@@ -51,11 +51,11 @@ bool Step::IsEmpty() const {
     return nodesPresent.empty() && linksPresent.empty() && nodes.empty() && links.empty() && surface.empty();
 }
 
-bool Step::IsWork() const {
+bool Step::ChangesContent() const {
     if (!nodesPresent.empty() || !linksPresent.empty() || !nodes.empty() || !links.empty()) return true;
     const auto rows = SurfaceProperties();
-    return std::ranges::any_of(
-        surface, [&rows](const PropertyChange &change) { return diagram::IsWork(rows[change.row]); });
+    return std::ranges::any_of(surface,
+                               [&rows](const PropertyChange &change) { return IsContent(rows[change.row]); });
 }
 
 // Nodes come before the links that end at them, and go when no link that stays ends at them any more. The
