@@ -21,19 +21,14 @@ QRectF BoxAt(const QPointF &middle, const QSizeF &size) {
     return {middle - QPointF(size.width(), size.height()) / 2, size};
 }
 
-double HeadOn(int arrow, int size, double drawWidth) {
-    const ArrowRow *row = arrow ? FindArrow(arrow) : nullptr;
-    return row ? ArrowScale(size, drawWidth) * std::max(1.0, row->eats) : 0;
-}
-
 LabelRequest RequestFor(const Link &link, std::span<const QPointF> route, const QSizeF &size) {
     const LinkData &data = link.Data();
     return {.route = route,
             .curved = IsCurved(link),
             .size = size,
-            .sourceHead = HeadOn(data.arrowSource, data.arrowSizeSource, data.drawWidth),
-            .middleHead = HeadOn(data.arrowMiddle, data.arrowSizeMiddle, data.drawWidth),
-            .destinationHead = HeadOn(data.arrowDest, data.arrowSizeDest, data.drawWidth)};
+            .sourceHead = HeadLength(data.arrowSource, data.arrowSizeSource, data.drawWidth),
+            .middleHead = HeadLength(data.arrowMiddle, data.arrowSizeMiddle, data.drawWidth),
+            .destinationHead = HeadLength(data.arrowDest, data.arrowSizeDest, data.drawWidth)};
 }
 
 // What lies in an area, as far as it speaks against a label there.
