@@ -59,7 +59,7 @@ public:
     // step left, and an item that isn't there any more, are passed over. Keeps the values of the items that
     // it takes away, so that those come back as they were last.
     void Apply(Surface &target, bool forward);
-    // What the step, which was the last on `target`, began with, as if its group were still open.
+    // Adds what the step, the last one on `target`, began with, as the log has it while the group is open.
     void PutBefore(const Surface &target, Touched<NodeData> &nodesBefore, Touched<LinkData> &linksBefore,
                    std::optional<SurfaceData> &before) const;
 
