@@ -2,8 +2,8 @@
 // its entries again. Errors of the handlers are reported here.
 #pragma once
 
-#include "diagram/model/ChangeLog.h"
 #include "diagram/model/SurfaceEvents.h"
+#include "diagram/model/SurfaceObserver.h"
 
 namespace mainwindow {
 

@@ -69,9 +69,4 @@ bool IsInLine(const std::vector<Point> &route, int index, double reach) {
     return share > 0 && share < 1 && off <= reach;
 }
 
-bool HasFreeBends(int style) {
-    const LinkForm form = FormOf(style);
-    return form == LinkForm::Polyline || form == LinkForm::Spline;
-}
-
 } // namespace diagram

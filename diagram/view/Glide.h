@@ -3,8 +3,8 @@
 #pragma once
 
 #include "diagram/geometry/Point.h"
-#include "diagram/model/ChangeLog.h"
 #include "diagram/model/Routing.h"
+#include "diagram/model/SurfaceObserver.h"
 
 #include <memory>
 #include <QHash>
