@@ -34,7 +34,7 @@ void SettleCopies(Surface &surface, DayStrip &days, const std::vector<QDate> &da
                   const QRectF &former) {
     const std::vector<Node *> nodes = SelectedInOrder(surface);
     if (!HasDates(dates) || nodes.size() != dates.size()) return GrowPage(surface, days, dropped, former);
-    MakeRoom(surface, dropped, former);
+    ShiftOntoPage(surface, dropped, former);
     std::vector<DayStrip::Dated> dated;
     for (std::size_t i = 0; i < nodes.size(); ++i)
         if (dates[i].isValid()) dated.push_back({nodes[i], dates[i]});

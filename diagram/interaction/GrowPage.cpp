@@ -44,7 +44,7 @@ void ShiftAll(Surface &surface, float dx, float dy) {
         surface.Overwrite(*surface.Links()[i], std::move(links[i]));
 }
 
-bool MakeRoom(Surface &surface, const QRectF &dropped, const QRectF &former) {
+bool ShiftOntoPage(Surface &surface, const QRectF &dropped, const QRectF &former) {
     const double step = surface.Screen().SnapToGrid() ? double(surface.Screen().GridSize()) : kStep;
     const auto right = float(Missing(dropped.left(), former.left(), step));
     const auto down = float(Missing(dropped.top(), former.top(), step));
@@ -55,7 +55,7 @@ bool MakeRoom(Surface &surface, const QRectF &dropped, const QRectF &former) {
 }
 
 void GrowPage(Surface &surface, DayStrip &days, const QRectF &dropped, const QRectF &former) {
-    if (MakeRoom(surface, dropped, former)) days.Arrange(surface);
+    if (ShiftOntoPage(surface, dropped, former)) days.Arrange(surface);
 }
 
 } // namespace diagram
