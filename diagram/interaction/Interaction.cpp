@@ -4,7 +4,7 @@
 #include "diagram/interaction/MoveBend.h"
 #include "diagram/interaction/NewNode.h"
 #include "diagram/interaction/Pan.h"
-#include "diagram/interaction/PlaceNode.h"
+#include "diagram/interaction/PlacedNode.h"
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/model/Actions.h"

@@ -1,6 +1,6 @@
 #include "diagram/view/SurfaceView.h"
 
-#include "diagram/interaction/PlaceNode.h"
+#include "diagram/interaction/PlacedNode.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceClipboard.h"
