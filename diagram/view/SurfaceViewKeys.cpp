@@ -141,7 +141,7 @@ bool SurfaceView::Impl::Keys::ArrowKey(const KeyInput &input, quint64 time) {
     const QPointF direction = input.Arrow();
     if (direction.isNull() || interaction_.IsActive()) return false;
     if (input.Ctrl()) return walk_.Towards(direction, input);
-    const double step = input.Shift() ? surface_.Screen().GridSize() : kPixelTwips;
+    const double step = input.Shift() ? surface_.Screen().GridSize() : kKeyStep;
     if (input.Alt()) return Resize(direction * step, time);
     if (MoveSelectionByDays(surface_, impl_.Days(), direction, input.Shift() ? kWeek : 1)) {
         if (const Node *node = surface_.SelectedNode()) view_.EnsureVisible(node->Bounds());
@@ -164,7 +164,7 @@ bool SurfaceView::Impl::Keys::MoveBy(const QPointF &distance, quint64 time) {
 
 bool SurfaceView::Impl::Keys::Resize(const QPointF &growth, quint64 time) {
     const bool resized = run_.Do(KeyRun::Kind::Resize, time, [&](bool goesOn) {
-        const int step = std::max(std::abs(growth.x()), std::abs(growth.y())) > kPixelTwips ? kWeek : 1;
+        const int step = std::max(std::abs(growth.x()), std::abs(growth.y())) > kKeyStep ? kWeek : 1;
         return MoveEndsByDays(surface_, impl_.Days(), growth, step, goesOn) ||
                ResizeSelection(surface_, impl_.Days(), growth, goesOn);
     });

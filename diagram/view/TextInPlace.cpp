@@ -48,10 +48,7 @@ void TextInPlace::End(bool keep) {
     justEnded_ = true;
     QMetaObject::invokeMethod(
         &view_, [this] { justEnded_ = false; }, Qt::QueuedConnection);
-    if (keep)
-        guard_.Run("EndEdit", [&] { edit.Commit(text); });
-    else
-        edit.Cancel();
+    if (keep) guard_.Run("EndEdit", [&] { edit.Commit(text); });
     view_.viewport()->update();
 }
 
