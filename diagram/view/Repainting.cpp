@@ -3,6 +3,7 @@
 #include "diagram/interaction/Gesture.h"
 #include "diagram/model/DayStrip.h"
 #include "diagram/render/Renderer.h"
+#include "diagram/view/PageMarks.h"
 #include "diagram/view/StripMarks.h"
 #include "diagram/view/Viewport.h"
 
@@ -16,10 +17,10 @@ namespace diagram {
 
 namespace {
 
-constexpr double kPixelBias = 1e-5;
-constexpr int kMovingBudget = 4;   // milliseconds of a frame for painting what has come into sight
-constexpr int kRestingBudget = 12; // the same when nothing moves
-constexpr int kBandItems = 150;    // about as many are painted between two looks at the clock
+constexpr double kPixelBias = 1e-5; // pixels
+constexpr int kMovingBudget = 4;    // milliseconds of a frame for painting what has come into sight
+constexpr int kRestingBudget = 12;  // the same when nothing moves
+constexpr int kBandItems = 150;     // about as many are painted between two looks at the clock
 constexpr int kLeastBandRows = 12;
 constexpr size_t kManyTouched = 500; // beyond it the whole viewport is copied again
 
@@ -56,7 +57,7 @@ void Repainting::NoteSelected(const Item &item) {
     if (selectionTouched_.size() <= kManyTouched) selectionTouched_.emplace_back(item.Kind(), item.Id());
 }
 
-// Items whose own selection is as it was may look otherwise all the same.
+// What an item shows of its selection also depends on how much is selected and on where the focus is.
 void Repainting::NoteSelectionForm() {
     const SelectionForm now = FormOf(surface_), former = std::exchange(selectionForm_, now);
     if (now.nodeHandles != former.nodeHandles || now.linkHandles != former.linkHandles) canvas_.update();
