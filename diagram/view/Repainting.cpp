@@ -79,8 +79,9 @@ void Repainting::NoteDamage() {
     for (const QRect &area : areas.Rects()) Update(area);
 }
 
+// What lies beyond the canvas may have handles on it.
 void Repainting::AddDamage(const Scene::Damage &damage, RectList &areas) {
-    const QRectF near = canvas_.rect().adjusted(-9, -9, 9, 9);
+    const QRectF near = canvas_.rect().adjusted(-kHandleReach, -kHandleReach, kHandleReach, kHandleReach);
     for (const QRectF &area : damage.areas) {
         screen_.Invalidate(ToDevice(area));
         areas.Add((viewport_.FromSurface(area) & near).toAlignedRect());

@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QMouseEvent>
+#include <QScrollBar>
 
 namespace diagram::testing {
 
@@ -185,6 +186,19 @@ TEST_F(Selecting, SelectedNode_ShowsHandlesThatGoWithTheSelection) {
     EXPECT_GT(DifferingPixels(before, selected), 100);
     Click(QPoint(500, 400));
     EXPECT_EQ(DifferingPixels(before, Shown()), 0);
+}
+
+TEST_F(Selecting, HandlesInSightOfASmallNodeBesideTheView_GoWithIt) {
+    Node &small = AddNode("small", 100, 300, 4, 4);
+    AddNode("far", 3000, 60);
+    small.SetSelected(true);
+    Settle();
+    view->horizontalScrollBar()->setValue(117); // its right side lies 13 pixels to the left of the view
+    const QImage before = OnScreen();
+    small.SetTop(2500 * 15);
+    const QImage after = OnScreen();
+    EXPECT_GT(DifferingPixels(before, after), 0);
+    EXPECT_EQ(DifferingPixels(after, Seen()), 0);
 }
 
 } // namespace diagram::testing
