@@ -261,7 +261,7 @@ void SurfaceView::focusInEvent(QFocusEvent *event) {
 
 void SurfaceView::focusOutEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusOutEvent(event);
-    // What ends them comes to somebody else.
+    // The events that would end these go to another widget now.
     impl_->Guard("focusOutEvent", [&] { impl_->FocusGoes(); });
     impl_->keys->HideSize();
     impl_->keys->LetGo();

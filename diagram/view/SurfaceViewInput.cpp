@@ -20,7 +20,7 @@ namespace diagram {
 
 namespace {
 
-constexpr int kMostNotches = 100; // more lead nowhere else
+constexpr int kMostNotches = 100; // enough from the lowest zoom to the highest
 
 double Stepped(double percent, int notches) {
     for (int i = std::min(std::abs(notches), kMostNotches); i > 0; --i)
@@ -48,7 +48,7 @@ PointerInput SurfaceView::Impl::Meant(const QPointF &pixels, Qt::KeyboardModifie
     return input;
 }
 
-// By the spots of the strip the pointer has hit nothing, so a node's text isn't meant.
+// Where there is a spot of the strip no node was hit, so no text is edited.
 void SurfaceView::Impl::Fold(const StripSpot &spot) {
     surface.Events().DblClick(surface);
     const ActionGroup group(surface);
@@ -151,7 +151,7 @@ void SurfaceView::Impl::DoubleClick(QMouseEvent *event) {
     AfterInput();
 }
 
-// Where Shift has made the wheel go sideways already, it does.
+// With Shift it scrolls sideways; some platforms have turned the angle already.
 void SurfaceView::Impl::Wheel(QWheelEvent *event) {
     event->accept();
     keys->EndRun();
@@ -179,7 +179,7 @@ bool SurfaceView::Impl::Pinch(QNativeGestureEvent *event) {
     return true;
 }
 
-// The finger that came first may have begun to drag something.
+// The first finger may have begun to drag something.
 bool SurfaceView::Impl::Pinch(QGestureEvent *event) {
     auto *pinch = static_cast<QPinchGesture *>(event->gesture(Qt::PinchGesture));
     if (!pinch) return false;

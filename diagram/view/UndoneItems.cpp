@@ -40,9 +40,9 @@ void UndoneItems::Note(const Item &item, Change what) {
 void UndoneItems::NoteGone(const Item &item) {
     if (!collecting_ || IsHidden(item)) return;
     if (item.AsNode()) return gone_.push_back(item.AsNode()->Bounds());
-    QPolygonF way;
-    for (const Point &point : item.AsLink()->Data().points) way << ToQPointF(point);
-    goneLinks_.push_back(way.boundingRect());
+    QPolygonF route;
+    for (const Point &point : item.AsLink()->Data().points) route << ToQPointF(point);
+    goneLinks_.push_back(route.boundingRect());
 }
 
 std::vector<QRectF> UndoneItems::Areas(Scene &scene) const {
