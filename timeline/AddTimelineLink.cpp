@@ -55,7 +55,7 @@ void HideDateLink(diagram::Node &node) {
         if (IsTimelineLink(*link)) link->SetHidden(true);
 }
 
-// With those that are pushed on by them.
+// The dates, and behind them those of the nodes that they push on.
 std::vector<NodeDate> WithFollowing(const diagram::Surface &flow, std::vector<NodeDate> dates) {
     if (!PushesFollowing(flow)) return dates;
     std::vector<NodeSpan> changed;

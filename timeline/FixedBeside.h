@@ -23,8 +23,7 @@ private:
         double near, far;
     };
     void FindMet(const std::vector<FixedBox> &boxes, double longest);
-    // The distance from `distance` on at which the bar lies beyond each of the boxes that it meets on the
-    // way.
+    // How far from the strip the bar stands after it has gone past each box that it met, one after the other.
     double Past(int bar, double distance) const;
 
     const std::vector<PlannedBar> &bars_;

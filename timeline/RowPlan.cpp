@@ -150,7 +150,7 @@ std::vector<Row *> InPresentOrder(std::vector<Row> &rows) {
     return order;
 }
 
-// By what comes first in them.
+// By the first bars of the rows along the strip.
 std::vector<Row *> InOrderOfDates(std::vector<Row> &rows) {
     for (Row &row : rows) std::ranges::sort(row.bars);
     std::vector<Row *> order = Pointers(rows);
