@@ -1,8 +1,6 @@
 #include "diagram/model/ScreenValues.h"
 #include "tests/diagram/view/ViewFixture.h"
 
-#include <QCoreApplication>
-#include <QMouseEvent>
 #include <QScrollBar>
 
 namespace diagram::testing {
@@ -169,11 +167,7 @@ TEST_F(Selecting, UnselectableItems_LetClicksAndDragsThrough) {
 }
 
 TEST_F(Selecting, DoubleClick_RaisesDblClickOnce) {
-    Click(Body(a));
-    QMouseEvent twice(QEvent::MouseButtonDblClick, Body(a), view->viewport()->mapToGlobal(Body(a)),
-                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(view->viewport(), &twice);
-    Release(Body(a));
+    hand->DoubleClick(Body(a));
     EXPECT_EQ(events.Count("DblClick"), 1);
     EXPECT_EQ(events.Count("Click"), 1);
     EXPECT_TRUE(view->IsEditing());
