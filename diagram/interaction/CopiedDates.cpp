@@ -29,7 +29,7 @@ std::vector<QDate> DatesOfSelected(const Surface &surface, const DayStrip &days)
     return dates;
 }
 
-// Dates lay the strip out too.
+// Giving dates lays the strip out as well, as GrowPage does otherwise.
 void SettleCopies(Surface &surface, DayStrip &days, const std::vector<QDate> &dates, const QRectF &dropped,
                   const QRectF &former) {
     const std::vector<Node *> nodes = SelectedInOrder(surface);

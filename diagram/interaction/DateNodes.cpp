@@ -72,7 +72,7 @@ QPointF DateNodes::Distance(const PointerInput &input) {
     return KeepOnSurface(extent_, input.Shift() && !across.isNull() ? across : along + across);
 }
 
-// Of days that have one place the former one stays.
+// The days of a fold have one place: there the former day stays.
 std::optional<QDate> DateNodes::DayFor(const QPointF &place) const {
     const std::optional<QDate> day = days_.DayAt(surface_, place);
     const Node *lead = surface_.FindNode(lead_);
@@ -134,7 +134,7 @@ void DateNodes::Show(Overlay &overlay) const {
     ShowFollowing(following_, overlay);
 }
 
-// What the node lines up with along the strip is its date.
+// Without the guides that run across the strip: along it a node stands by its date.
 void DateNodes::ShowRows(Overlay &overlay) const {
     snapping_.Show(overlay);
     overlay.gaps.clear();

@@ -40,7 +40,7 @@ std::vector<double> SharesOf(const std::vector<Point> &route) {
     return shares;
 }
 
-// The route with a point at each of the shares, which hold its own among them.
+// The route with a point at each of the shares; those of its own points must be among them.
 std::vector<Point> Divided(const std::vector<Point> &route, const std::vector<double> &shares) {
     const std::vector<double> own = SharesOf(route);
     std::vector<Point> divided;

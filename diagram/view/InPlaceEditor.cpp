@@ -117,7 +117,7 @@ void InPlaceEditor::keyPressEvent(QKeyEvent *event) {
     QTextEdit::keyPressEvent(event);
 }
 
-// The text is kept, and whoever shows the box acts on the key.
+// The text is kept, and the view acts on the key.
 void InPlaceEditor::FinishAndHandOn(QKeyEvent *event) {
     const QPointer<QWidget> viewport = parentWidget();
     Finish(true);

@@ -48,7 +48,7 @@ void PaintSize(QPainter &painter, const Overlay &overlay, const Viewport &viewpo
     painter.drawText(box, Qt::AlignCenter, overlay.size);
 }
 
-// The surface's own colour over a link lets it stand back.
+// Paints the surface's colour over a link whose end is dragged, so that it stands back.
 void PaintFaded(QPainter &painter, const Overlay &overlay, const Surface &surface, const Viewport &viewport) {
     if (overlay.faded.isEmpty()) return;
     const QTransform toPixels = viewport.ToPixels();

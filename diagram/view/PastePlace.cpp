@@ -43,7 +43,7 @@ public:
         });
     }
 
-    // In sight row by row from the place at `home` on, that itself left out; else to the right of it.
+    // The next free place after `home`: in sight row by row, else to the right of it.
     QPointF Beside(const QPointF &home) const {
         if (const std::optional<QPointF> shift = InSight(home)) return *shift;
         for (int column = 1; column <= kMostPlaces; ++column) {

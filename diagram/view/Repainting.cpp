@@ -174,7 +174,7 @@ void Repainting::PaintArea(QPainter &painter, const QRect &devicePixels) {
     renderer_.Paint(painter, scene_, area, options);
 }
 
-// Few items are painted at one go; many, so that there is a look at the clock now and then.
+// So many rows that a band holds about kBandItems items: the clock is looked at between two bands.
 int Repainting::BandRows(const QRect &seen) {
     std::vector<Item *> items;
     scene_.ItemsIn(viewport_.Seen(), items);
@@ -212,7 +212,7 @@ void Repainting::CopyPicture(QPainter &painter, const QRegion &region) {
     painter.restore();
 }
 
-// With very many selected nodes their links stand back all the same.
+// The links of very many selected nodes aren't looked for: they stand back.
 void Repainting::PaintStripMarks(QPainter &painter) {
     if (today_) PaintToday(painter, *today_, surface_, viewport_, canvas_.rect());
     std::vector<const Node *> asked;

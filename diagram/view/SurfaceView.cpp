@@ -252,7 +252,7 @@ void SurfaceView::focusInEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusInEvent(event);
     const bool byTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     if (byTab) impl_->NoteHand(true);
-    impl_->repainting.OutdateToday(); // whoever comes back may come on another day
+    impl_->repainting.OutdateToday(); // the day may have changed meanwhile
     impl_->AskForFlush();
     viewport()->update();
     impl_->notices.Send();

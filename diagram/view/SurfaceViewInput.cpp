@@ -75,9 +75,9 @@ void SurfaceView::Impl::NoteHand(bool keyboard) {
     if (std::exchange(byKeyboard_, keyboard) != keyboard) view.viewport()->update();
 }
 
-// While a gesture lasts other buttons mean nothing: what they open would end it half way. Its own button is
-// pressed again only where the release went to somebody else; what is dragged then must not go on from the
-// old place.
+// While a gesture lasts other buttons are passed over: what they open would end it half way. When its own
+// button is pressed again, the release went to another window: the gesture is given up, so that it doesn't go
+// on from the old place.
 void SurfaceView::Impl::Press(QMouseEvent *event) {
     DropOutdatedGesture();
     const bool left = event->button() == Qt::LeftButton;
@@ -90,7 +90,7 @@ void SurfaceView::Impl::Press(QMouseEvent *event) {
     NoteHand(false);
     keys->EndRun();
     text.End(true);
-    endedText_ = text.HasJustEnded(); // by the focus that went, or here
+    endedText_ = text.HasJustEnded(); // when the focus went, or just now
     view.setFocus(Qt::MouseFocusReason);
     pointer = event->position();
     const PointerInput input = Meant(pointer, event->modifiers());
@@ -121,7 +121,7 @@ void SurfaceView::Impl::FollowPointer(const QPointF &pixels, Qt::KeyboardModifie
 }
 
 void SurfaceView::Impl::Move(QMouseEvent *event) {
-    // The release went to somebody else: a window that opened under the pointer, say.
+    // The release went to another window, such as one that opened under the pointer.
     if (interaction.IsActive() && !interaction.TakesKeys() && !event->buttons().testFlag(button_))
         CancelGesture();
     const QPointF at = event->position();

@@ -22,7 +22,7 @@ namespace {
 // Days that an arrow key goes along a strip of days.
 int DaysOf(const KeyInput &input) { return input.Shift() ? 7 : 1; }
 
-// Without a listener nobody asks the user whether to delete.
+// Whether the surface has no listener, which would ask the user whether to delete.
 bool NobodyListens(const Surface &surface) {
     const SurfaceEvents &events = surface.Events();
     return typeid(events) == typeid(SurfaceEvents);
@@ -42,7 +42,7 @@ void SurfaceView::Impl::Keys::NoteKey(int key) {
     if (KeyInput{key, {}}.Arrow().isNull() && !ModifierOf(key)) EndRun();
 }
 
-// While keys lead a gesture, those that are no modifiers are nobody else's.
+// While keys lead a gesture no event is raised for them, unless they are modifiers.
 void SurfaceView::Impl::Keys::Press(QKeyEvent *event) {
     impl_.DropOutdatedGesture();
     NoteKey(event->key());

@@ -26,7 +26,7 @@ bool TextInPlace::Begin(Item &item, const QString *typed) {
     return true;
 }
 
-// On a copy, as whoever is told of the change may end the editing.
+// Commits a copy, as a listener that is told of the change may end the editing.
 void TextInPlace::Keep() {
     if (!edit_) return;
     EditText edit = *edit_;

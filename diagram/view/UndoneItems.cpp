@@ -18,7 +18,7 @@ double DistanceTo(const QRectF &seen, const QRectF &area) {
     return way.x() * way.x() + way.y() * way.y();
 }
 
-// A line along an axis has no area, but a place.
+// Also for a line along an axis, whose box has no area.
 bool Touches(const QRectF &seen, const QRectF &area) { return seen.intersects(area.adjusted(-1, -1, 1, 1)); }
 
 QPointF GrownOf(const Surface &surface) { return {surface.Data().grownLeft, surface.Data().grownTop}; }
