@@ -15,7 +15,8 @@ LinkForm FormOf(int style) {
     return row ? row->form : LinkForm::Polyline;
 }
 
-// By the style where the route has the style's number of segments, by its looks otherwise.
+// Whether the segment runs level: by the style where the route has as many segments as that, else by its
+// points.
 bool IsHorizontal(const std::vector<Point> &route, int segment, int style) {
     const LinkStyleRow *row = FindLinkStyle(style);
     if (row && row->directions.size() + 1 == route.size()) return row->directions[size_t(segment)] == 'H';

@@ -6,6 +6,7 @@
 #include "support/MixColours.h"
 
 #include <algorithm>
+#include <cmath>
 #include <QPainter>
 #include <QWidget>
 #include <utility>
@@ -14,8 +15,8 @@ namespace diagram {
 
 namespace {
 
-constexpr int kMostWidth = 460; // pixels
-constexpr int kMargin = 16;
+constexpr int kMostWidth = 460;        // pixels
+constexpr int kMargin = 16;            // pixels
 constexpr double kLeastContrast = 4.6; // rounding takes a little of it
 constexpr double kFirstShare = 0.5;    // of the ink in the quietest mixture
 constexpr int kPlateAlpha = 210;
@@ -52,7 +53,7 @@ void EmptyNote::Paint(QPainter &painter) const {
     if (!shown_) return;
     QRect place(0, 0, std::min(kMostWidth, canvas_.width() - 2 * kMargin), canvas_.height());
     place.moveCenter(canvas_.rect().center());
-    QColor paper = support::ToQColor(surface_.BackColor());
+    const QColor paper = support::ToQColor(surface_.BackColor());
     painter.setFont(canvas_.font());
     const QRect text = painter.boundingRect(place, kFlags, words_);
     painter.setPen(Qt::NoPen);
