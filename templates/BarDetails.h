@@ -27,7 +27,7 @@ struct BarItem {
     QString key; // the file
     QString tag;
     // Of a template database: its icon file; empty where it has none that can be shown. Of the other kinds
-    // empty: they are shown with the icon "FLAT", or with what support::AssociatedIcon gives for the file.
+    // empty: they are shown with the icon "FLAT", or with what support::FileIcons has for the file.
     QByteArray icon;
 };
 
