@@ -84,7 +84,7 @@ Keeping BestOfKeeping(int nodes) {
 }
 
 // Milliseconds of a drag of all nodes in sight and back, long enough for the journal to come in between.
-double TimeOfDrag(bool keeps, double &longestSlice) {
+double TimeOfDrag(bool keeps, double &longestTurn) {
     KeptWindow window(10000, keeps);
     frmMain &form = window.Form();
     if (keeps) form.Journal()->Writer().Finish();
@@ -101,7 +101,7 @@ double TimeOfDrag(bool keeps, double &longestSlice) {
         hand.Move(from + QPoint(step % 90, step % 70), Qt::AltModifier);
     hand.Release(from + QPoint(30, 30));
     const Steps steps = hand.TakeSteps();
-    if (keeps) longestSlice = std::max(longestSlice, form.Journal()->Writer().LongestSlice());
+    if (keeps) longestTurn = std::max(longestTurn, form.Journal()->Writer().LongestTurn());
     return std::accumulate(steps.begin(), steps.end(), 0.0);
 }
 
