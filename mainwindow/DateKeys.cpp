@@ -1,9 +1,9 @@
 #include "mainwindow/DateKeys.h"
 
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/TimelineCommands.h"
+#include "mainwindow/UndoStep.h"
 #include "timeline/MoveDates.h"
 
 namespace mainwindow {
@@ -43,7 +43,7 @@ void DateKeys::MoveSelected(diagram::Surface &surface, const timeline::DateStep 
     const std::vector<diagram::Node *> nodes = NodesToDate(surface);
     std::optional<timeline::MovedDates> moved;
     {
-        const ActionGroup group(surface, goesOn);
+        const UndoStep group(surface, goesOn);
         moved = timeline::MoveDates(window_, surface, nodes, step);
     }
     if (moved && moved->moved > 0) {

@@ -3,10 +3,10 @@
 #include "diagram/hit/HitTest.h"
 #include "diagram/view/SurfaceClipboard.h"
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/DroppedFile.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/SliceViews.h"
+#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/Settings.h"
 #include "timeline/AdjustLinks.h"
@@ -129,7 +129,7 @@ void DroppedFiles::Offer(diagram::Node &node, const QString &file, const QPoint 
     });
     QObject::connect(menu, &DropMenu::UseAsPicture, &window_, [this, onNode, picture] {
         onNode([&](diagram::Node &target) {
-            const ActionGroup step(target.Owner());
+            const UndoStep step(target.Owner());
             target.SetPicture(picture);
             timeline::FollowDates(window_, target.Owner(), {&target}); // its size may follow the picture
             timeline::AdjustLinksOf({&target});

@@ -2,13 +2,13 @@
 #include "diagram/view/Glide.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/LevelLanes.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/BringIntoSight.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/frmPics.h"
 #include "mainwindow/LongTask.h"
+#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/GetSet.h"
 #include "settings/Settings.h"
@@ -68,7 +68,7 @@ bool Execute(frmMain &window, LayOut &&layOut) {
     const diagram::ItemPlaces before = diagram::PlacesOf(window.CurrentSurface());
     bool stays = true;
     {
-        ActionGroup step(window.CurrentSurface());
+        UndoStep step(window.CurrentSurface());
         LongTask task(window, QCoreApplication::translate("Layout", "Laying out"), LongTask::Bar::IsTheWorks);
         layOut(task);
         stays = FindRoutes(window, task);
@@ -102,7 +102,7 @@ bool LayOutInLayers(frmMain &window, diagram::LayoutScope scope) {
     const LayoutTool &tool = HierarchicalTool();
     auto result = diagram::LayoutResult::GivenUp;
     {
-        ActionGroup step(window.CurrentSurface());
+        UndoStep step(window.CurrentSurface());
         LongTask task(window, QCoreApplication::translate("Layout", "Laying out"));
         diagram::LayoutOrder order{scope, tool.options};
         order.cluster =

@@ -2,7 +2,7 @@
 
 #include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Surface.h"
-#include "mainwindow/ActionGroup.h"
+#include "mainwindow/UndoStep.h"
 #include "timeline/AdjustLinks.h"
 
 namespace mainwindow {
@@ -90,7 +90,7 @@ bool GiveBestStyles(diagram::Surface &surface) {
         if (const int best = diagram::StyleFor(*link, diagram::kAutomaticStyle); best != link->Style())
             changes.emplace_back(link, best);
     if (changes.empty()) return false;
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     for (const auto &[link, style] : changes) link->SetStyle(style);
     return true;
 }
@@ -122,7 +122,7 @@ bool GiveLook(diagram::Surface &surface, const LookRow &row, double value) {
     const LookState before = StateOf(surface, row);
     if (!before.fits || before.value == value) return false;
     if (row.what == LookOf::Routing && value == diagram::kAutomaticStyle) return GiveBestStyles(surface);
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     Give(surface.SelectedNodes(), row.toNode, value);
     Give(surface.SelectedLinks(), row.toLink, value);
     if (row.resizes) timeline::AdjustLinksOf(surface.SelectedNodes());

@@ -4,11 +4,11 @@
 #include "diagram/model/ScreenValues.h"
 #include "dialogs/ListIndex.h"
 #include "document/Tags.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/HyperlinkFollower.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/StartOffer.h"
+#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowParts.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/Settings.h"
@@ -66,7 +66,7 @@ bool AsksForProperties(int keyCode, int shift) {
 } // namespace
 
 void frmMain::AddFlow1_AfterAddNode(int index, diagram::Node &oNode) {
-    const ActionGroup step(AddFlow1_[index]);
+    const UndoStep step(AddFlow1_[index]);
     if (const document::cGroup *group = GroupForNewNode(clsSettings_->Groups()))
         document::SetTag(oNode, document::tags::kGroup, group->Key);
     if (const document::cLevel *level = LevelForNewNode(clsSettings_->Levels())) {
@@ -78,7 +78,7 @@ void frmMain::AddFlow1_AfterAddNode(int index, diagram::Node &oNode) {
 }
 
 void frmMain::AddFlow1_AfterAddNodeLike(int index, diagram::Node &oNode, const diagram::Node &like) {
-    const ActionGroup step(AddFlow1_[index]);
+    const UndoStep step(AddFlow1_[index]);
     for (const QString &key : {document::tags::kGroup, document::tags::kLevel})
         if (const QString value = document::GetTag(like, key); !value.isEmpty())
             document::SetTag(oNode, key, value);
@@ -95,7 +95,7 @@ void frmMain::AddFlow1_AfterStretch(int) { clsSettings_->Dirty = true; }
 
 void frmMain::AddFlow1_AfterMove(int index) {
     diagram::Surface &surface = AddFlow1_[index];
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     timeline::AdjustLinksOf(surface.SelectedNodes());
     clsSettings_->Dirty = true;
 }
@@ -103,7 +103,7 @@ void frmMain::AddFlow1_AfterMove(int index) {
 // A dated node keeps its link to its day whatever changes its size, and its place where it stays at its date.
 void frmMain::AddFlow1_AfterResize(int index) {
     diagram::Surface &surface = AddFlow1_[index];
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     timeline::FollowDates(*this, surface, surface.SelectedNodes());
     AddFlow1_AfterMove(index);
 }
