@@ -85,7 +85,7 @@ QGroupBox *HyperlinkPage::BuildSlices() {
 
 void HyperlinkPage::Load() {
     const std::vector<document::cHyperlink> hyperlinks = HyperlinksOf(window_, oNode_);
-    const bool ticked = document::GetTag(oNode_, document::tags::kHyper) == QLatin1String("Yes");
+    const bool ticked = document::IsOn(oNode_, document::tags::kHyper);
     chkHyperlink_->setChecked(ticked);
     if (hyperlinks.empty() && !ticked) optLink_Click(kThisMap);
     for (const document::cHyperlink &hyperlink : hyperlinks) ShowHyperlink(hyperlink);
