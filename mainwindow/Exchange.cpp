@@ -179,7 +179,7 @@ void ImportCsv(frmMain &window, const QString &file) {
     bool givenUp = false;
     window.DoStatus(output::NotInTextFiles());
     ReadWhereAsked(window, [&](diagram::Surface &flow) {
-        givenUp = !RunLong(window, Tr("Importing"), LongTask::Bar::IsTheWorks, [&](const output::GoOn &goOn) {
+        givenUp = !RunLong(window, Tr("Importing"), LongTask::Bar::ByWork, [&](const output::GoOn &goOn) {
             return output::ImportMap(window, flow, file, goOn);
         });
         return !givenUp;
@@ -198,13 +198,13 @@ void ImportFlatFile(frmMain &window, const QString &file) {
 
 void ImportWholeMap(frmMain &window, const QString &file) {
     QStringList missing;
-    RunLong(window, Tr("Importing"), LongTask::Bar::Runs,
+    RunLong(window, Tr("Importing"), LongTask::Bar::ByTime,
             [&](const output::GoOn &goOn) { return output::BringMap(window, file, goOn, missing); });
     output::TellWhatIsMissing(window, missing);
 }
 
 void ExportCsv(frmMain &window, const QString &file) {
-    if (RunLong(window, Tr("Exporting"), LongTask::Bar::IsTheWorks, [&](const output::GoOn &goOn) {
+    if (RunLong(window, Tr("Exporting"), LongTask::Bar::ByWork, [&](const output::GoOn &goOn) {
             return output::ExportMap(window, window.CurrentSurface(), file, {}, goOn);
         }))
         window.Status().TellInPassing(output::NotInTextFiles());
