@@ -1,3 +1,4 @@
+// The menu Edit, but for Find (Finder.cpp) and Look (LookCommands.cpp).
 #include "mainwindow/Commands.h"
 
 #include "diagram/edit/History.h"

@@ -1,3 +1,4 @@
+// The menu File.
 #include "mainwindow/Commands.h"
 
 #include "document/DoSave.h"

@@ -1,3 +1,4 @@
+// The menu Layout.
 #include "diagram/layout/Layouts.h"
 #include "diagram/view/Glide.h"
 #include "diagram/view/SurfaceView.h"

@@ -2,6 +2,7 @@
 
 #include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Surface.h"
+#include "mainwindow/TextAlignment.h"
 #include "mainwindow/UndoStep.h"
 #include "timeline/AdjustLinks.h"
 
@@ -11,8 +12,6 @@ namespace {
 
 using diagram::Link;
 using diagram::Node;
-
-constexpr int kPlacementsInFamily = 3;
 
 template <auto Getter, typename Item>
 double Of(const Item &item) {
@@ -83,7 +82,7 @@ void Read(const std::vector<Item *> &items, std::span<const LookRow> rows, std::
     }
 }
 
-// Each link gets the style that suits it best. False, and no step, where all have theirs already.
+// Gives each link the style that suits it best. False, and no step, where all have theirs already.
 bool GiveBestStyles(diagram::Surface &surface) {
     std::vector<std::pair<Link *, int>> changes;
     for (Link *link : surface.SelectedLinks())
@@ -141,10 +140,10 @@ Shared SharedFont(const diagram::Surface &surface, bool (diagram::Font::*is)() c
     return others ? Shared::Partly : Shared::Everywhere;
 }
 
-Shared SharedAlignment(const diagram::Surface &surface, int base) {
+Shared SharedAlignment(const diagram::Surface &surface, int family) {
     bool some = false, others = false;
     for (const Node *node : surface.SelectedNodes()) {
-        (node->Alignment() / kPlacementsInFamily * kPlacementsInFamily == base ? some : others) = true;
+        (FamilyOfAlignment(node->Alignment()) == family ? some : others) = true;
         if (some && others) return Shared::Partly;
     }
     return some ? Shared::Everywhere : Shared::Nowhere;
