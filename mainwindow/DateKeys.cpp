@@ -22,7 +22,7 @@ DateKeys &DateKeys::Of(frmMain &window) {
     return *new DateKeys(window);
 }
 
-// Another surface at the same place has another revision, which ends the run.
+// A new surface at the address of one that is gone has another revision, which ends the run.
 diagram::KeyRun &DateKeys::RunOf(diagram::Surface &surface) {
     if (surface_ != &surface) run_.emplace(surface);
     surface_ = &surface;

@@ -68,7 +68,7 @@ void SetDates(frmMain &window, const std::vector<diagram::Node *> &nodes,
     if (form.date) timeline::AddTimelineLinks(window, window.CurrentSurface(), dates);
 }
 
-// What the nodes have in common is shown.
+// The form for the dates of the nodes.
 timeline::DateFormArgument FormOf(frmMain &window, const std::vector<diagram::Node *> &nodes) {
     const std::vector<std::optional<QDate>> former = timeline::DatesOf(nodes);
     const QDate today = window.Desktop().clock.Now().date();
@@ -140,7 +140,7 @@ void TellMoved(frmMain &window, const std::optional<timeline::MovedDates> &moved
     Tell(window, moved->undated == 0 ? where : where + QStringLiteral("; ") + Undated(moved->undated));
 }
 
-// The check shows what has become of the months.
+// ClickTab sets the check to whether months are shown now.
 void mnuViewTimeline(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
     {
@@ -190,7 +190,7 @@ void keyDate(frmMain &window) {
     window.ClickTab();
     BringIntoSight(window.CurrentView(), nodes);
     if (moved) TellMoved(window, moved);
-    // Of a strip that goes on the status bar may have to say more.
+    // Only for the first date: where the strip was extended, the status bar may say how far.
     if (isFirst && form.date && !form.last && !timeline::KeepsNodesAtDates(surface))
         Tell(window, frmMain::tr("Ctrl+Shift+T lines @NODEs up by date."));
     if ((form.date || moved) && timeline::IsTimelineHidden(surface))
@@ -212,7 +212,7 @@ void mnuViewTimelineTidy(frmMain &window) {
                            : frmMain::tr("%1 months have gone that no @NODE needs.").arg(gone));
 }
 
-// What the strip itself says of its end stays.
+// Success isn't told, as the status bar may say how far the strip was filled.
 void mnuViewTimelineFill(frmMain &window) {
     const UndoStep step(window.CurrentSurface());
     const int come = timeline::FillInMissingMonths(window, window.CurrentSurface());

@@ -189,7 +189,7 @@ constexpr EntryKind kMenu = EntryKind::Menu;
 constexpr EntryKind kCommand = EntryKind::Command;
 constexpr EntryKind kCheck = EntryKind::Check;
 
-// The key of the background menu is spelled so.
+// "mnuViewBackgroun" is the key of that menu, without its last letter.
 constexpr CommandRow kRows[] = {
     {"", "mnuView", "&View", kMenu},
     {"mnuView", "mnuViewG", "&Grid", kMenu},
