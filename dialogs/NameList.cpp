@@ -20,7 +20,7 @@ constexpr int kKeyRole = Qt::UserRole;
 constexpr int kColourRole = Qt::UserRole + 1;
 constexpr int kSwatchSide = 14; // pixels
 
-// What a text of that colour can be read on: nothing special on most.
+// The plate behind a text of that colour; none where it can be read on the base.
 QBrush PlateFor(const QColor &text, const QColor &base) {
     constexpr double kReadable = 3;
     if (support::Contrast(text, base) >= kReadable) return {};
@@ -41,7 +41,7 @@ QIcon Swatch(const QColor &colour, const QColor &edge, double scale) {
 
 } // namespace
 
-// Keeps what was typed away from the row: whether it is taken is for others to say.
+// Doesn't write what was typed to the row: the receiver of LabelEdited decides whether to take it.
 class NameList::Delegate : public QStyledItemDelegate {
 public:
     explicit Delegate(NameList &list) : QStyledItemDelegate(&list), list_(list) {}
@@ -62,8 +62,8 @@ public:
         constexpr int kAir = 6; // pixels
         return QStyledItemDelegate::sizeHint(option, index) + QSize(0, kAir);
     }
-    // The colour is the text's alone, the box with the tick keeps those of the theme; and where there is a
-    // plate, it is no larger than the text.
+    // Gives the row's colour to the text alone, so that the check box keeps the colours of the theme, and
+    // paints the plate no wider than the text.
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override {
         QStyleOptionViewItem item = option;
@@ -196,7 +196,7 @@ void NameList::EditRow(QTreeWidgetItem &row) {
 }
 
 void NameList::EndEditing() {
-    QWidget *editor = delegate_->Editor(); // lives on for a while when it was closed
+    QWidget *editor = delegate_->Editor(); // a closed one is deleted later
     if (editor && state() == EditingState) {
         commitData(editor);
         closeEditor(editor, QAbstractItemDelegate::NoHint);
@@ -238,7 +238,7 @@ void NameList::keyPressEvent(QKeyEvent *event) {
         QTreeWidget::keyPressEvent(event);
 }
 
-// Another theme has another ground.
+// Another theme has another base colour, and may want other plates.
 void NameList::changeEvent(QEvent *event) {
     QTreeWidget::changeEvent(event);
     if (event->type() != QEvent::PaletteChange) return;
