@@ -147,15 +147,16 @@ endfunction()
 set(VELMORA_TEST_ENVIRONMENT QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 ASAN_OPTIONS=detect_leaks=1:intercept_tls_get_addr=0
     UBSAN_OPTIONS=print_stacktrace=1 LSAN_OPTIONS=use_tls=0:print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp)
 
-# velmora_test(FOLDER [MOC] [LINK target...])
-# One executable test_FOLDER (slashes become underscores) of all sources in tests/FOLDER, not below it; run by ctest.
+# velmora_test(FOLDER [MOC] [LINK target...] [WITH source...])
+# One executable test_FOLDER (slashes become underscores) of all sources in tests/FOLDER, not below it, and of those of other
+# folders that it shares; run by ctest.
 function(velmora_test folder)
-  cmake_parse_arguments(ARG "MOC" "" "LINK" ${ARGN})
+  cmake_parse_arguments(ARG "MOC" "" "LINK;WITH" ${ARGN})
   string(REPLACE "/" "_" suffix ${folder})
   set(name test_${suffix})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp
        ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
-  add_executable(${name} ${sources})
+  add_executable(${name} ${sources} ${ARG_WITH})
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE velmora_flags test_paths ${ARG_LINK} GTest::gmock)
   if(ARG_LINK MATCHES "Qt6::Test")
