@@ -6,7 +6,6 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QStringList>
 #include <QXmlStreamReader>
 
 namespace settings {

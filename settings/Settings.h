@@ -64,9 +64,9 @@ QString GetXMLNodeText(const QString &key, const SettingsDocument &document);
 // Full path of Settings.nml, in the program's folder, whether or not it is there.
 QString PathOfSettings();
 
-// Reads all keys of Settings.nml into the process-wide terms and makes TITLE the
-// application's name. A file that is missing or broken changes nothing and isn't reported. A key that cannot
-// be converted is reported in a message box; it and the keys behind it keep what they held.
+// Reads all keys of Settings.nml into the process-wide terms and makes TITLE the application's name. A file
+// that is missing or broken changes nothing and isn't reported. A key that cannot be converted is reported in
+// a message box; it and the keys behind it keep what they held.
 void LoadSettings();
 
 // TITLE alone, read anew; for the moment before LoadSettings.

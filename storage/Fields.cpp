@@ -4,8 +4,6 @@
 #include "support/Error.h"
 #include "support/Files.h"
 
-#include <QFile>
-
 namespace storage {
 
 namespace {

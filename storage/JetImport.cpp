@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <QDeadlineTimer>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>

@@ -9,7 +9,6 @@
 #include "storage/text/FieldTypes.h"
 #include "support/PrivateFolder.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 

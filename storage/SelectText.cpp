@@ -106,8 +106,8 @@ QString SelectText::OfOneRow() const {
     return QStringLiteral("SELECT %1 FROM %2 WHERE %3=?").arg(columns, QuotedName(table), kRowId);
 }
 
-// Reads by hand: almost every query at the start of the program is one of a whole table, and compiling a
-// regular expression first would take longer than all of them.
+// Reads by hand rather than by a regular expression: almost every query at the start of the program is one of
+// a whole table, and none of them should wait for a pattern to be compiled.
 std::optional<SelectText> SplitSelect(const QString &sql) {
     Reader reader(sql);
     reader.TakeBlanks();

@@ -25,8 +25,33 @@ std::uint32_t InnermostCode(const Record *record, Next Record::*next, Code Recor
     return std::uint32_t(record->*code);
 }
 
-// The code under which a process that aborts itself is told.
-constexpr std::uint32_t kAbortCode = 0xC0000025;
+// The codes of the exceptions that have names, as Windows numbers them; signals of other platforms are told
+// under them too.
+namespace faults {
+constexpr std::uint32_t kGuardPage = 0x80000001;
+constexpr std::uint32_t kMisalignment = 0x80000002;
+constexpr std::uint32_t kBreakpoint = 0x80000003;
+constexpr std::uint32_t kSingleStep = 0x80000004;
+constexpr std::uint32_t kAccessViolation = 0xC0000005;
+constexpr std::uint32_t kInPageError = 0xC0000006;
+constexpr std::uint32_t kInvalidHandle = 0xC0000008;
+constexpr std::uint32_t kIllegalInstruction = 0xC000001D;
+constexpr std::uint32_t kNonContinuable = 0xC0000025; // also told of a process that aborts itself
+constexpr std::uint32_t kInvalidDisposition = 0xC0000026;
+constexpr std::uint32_t kArrayBounds = 0xC000008C;
+constexpr std::uint32_t kFloatDenormal = 0xC000008D;
+constexpr std::uint32_t kFloatDivideByZero = 0xC000008E;
+constexpr std::uint32_t kFloatInexact = 0xC000008F;
+constexpr std::uint32_t kFloatInvalid = 0xC0000090;
+constexpr std::uint32_t kFloatOverflow = 0xC0000091;
+constexpr std::uint32_t kFloatStackCheck = 0xC0000092;
+constexpr std::uint32_t kFloatUnderflow = 0xC0000093;
+constexpr std::uint32_t kIntegerDivideByZero = 0xC0000094;
+constexpr std::uint32_t kIntegerOverflow = 0xC0000095;
+constexpr std::uint32_t kPrivilegedInstruction = 0xC0000096;
+constexpr std::uint32_t kStackOverflow = 0xC00000FD;
+constexpr std::uint32_t kControlC = 0xC000013A;
+} // namespace faults
 
 // The name of a code: "Access Violation" and the like, "Unknown (&HXXXXXXXX)" for a code that the table
 // lacks.

@@ -9,7 +9,7 @@ namespace support {
 class cOpenFile {
 public:
     explicit cOpenFile(Desktop &desktop) : desktop_(desktop) {}
-    // A program is run unasked.
+    // Asks nothing first: a program or script is run.
     bool LaunchFile(const QString &file);
     // An address of the web.
     bool LaunchAddress(const QString &url);

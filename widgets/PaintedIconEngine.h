@@ -17,7 +17,7 @@ public:
 protected:
     // `painter` is on a transparent field of that many pixels.
     virtual void Paint(QPainter &painter, const QSize &size, QIcon::Mode mode) = 0;
-    // What is kept of that size in pixels, which isn't empty: what Paint paints.
+    // Makes what is kept for that size in pixels, which isn't empty. By default what Paint paints.
     virtual QPixmap Make(const QSize &size, QIcon::Mode mode);
 
 private:

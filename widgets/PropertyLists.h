@@ -33,8 +33,8 @@ struct ListEntry {
 };
 std::vector<ListEntry> EntriesOf(ListOf what);
 
-// Puts the entries into the empty list: the text, the stored value as data, and a picture where one says
-// more than the text. Nothing is painted before it is seen.
+// Puts the entries into the empty list: the text, the stored value as data, and a picture where one says more
+// than the text. Nothing is painted before it is seen.
 void FillList(QComboBox &list, ListOf what);
 
 // Selects the entry of that value. One that the list doesn't have gets an entry of its own behind the others,

@@ -23,9 +23,12 @@ using diagram::Surface;
 constexpr float kWide = float(kPictureSize.width() * kTwipsPerPixel);
 constexpr float kHigh = float(kPictureSize.height() * kTwipsPerPixel);
 constexpr float kEdge = float(2 * kTwipsPerPixel); // left free around what is drawn
-constexpr int kUnseen = 5;                         // the line style that draws nothing
-constexpr int kTurnable = 4;                       // a shape that looks different at each angle
-constexpr int kPlainHead = 5;
+
+// Values of the tables in diagram/shapes.
+constexpr int kUnseen = 5;       // the line style that draws nothing
+constexpr int kTurnable = 4;     // a shape that looks different at each angle
+constexpr int kPlainHead = 5;    // the arrow head on which sizes are shown
+constexpr int kFiveSegments = 9; // the orthogonal link style of five segments
 
 struct Inks {
     QColor line, fill, paper;
@@ -129,7 +132,6 @@ void SketchLinkStyle(Surface &surface, const Inks &inks, int value) {
 
 // What finds its way is seen going round something.
 void SketchRouting(Surface &surface, const Inks &inks, int value) {
-    constexpr int kFiveSegments = 9;
     if (value != diagram::kAutomaticStyle) return SketchLinkStyle(surface, inks, value);
     const QSizeF end(kWide / 6, kHigh / 5);
     const float middle = kHigh * 0.62F, top = kHigh * 0.12F, left = kWide * 0.32F, right = kWide - left;

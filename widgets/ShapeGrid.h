@@ -23,7 +23,7 @@ public:
     void SetRecent(const std::vector<int> &shapes);
     // Frames the shape that is in use; none at first.
     void SetChosen(std::optional<int> shape);
-    // Without words, ready to type some, at the shape that is in use.
+    // Clears the words, gives them the keyboard and goes to the shape that is in use.
     void Begin();
 
     QLineEdit &Words() const { return *words_; }

@@ -14,7 +14,7 @@ public:
     explicit ShapePopup(QWidget *parent = nullptr);
 
     ShapeGrid &Grid() const { return *grid_; }
-    // At the side of the place (of the screen) where there is room, never beyond the screen.
+    // Opens beside the place on the screen (BesidePlace in PopupPlace.h).
     void PopUp(const QRect &place);
 
 protected:

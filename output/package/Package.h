@@ -6,7 +6,6 @@
 #include <QHash>
 #include <QSet>
 #include <QString>
-#include <QStringList>
 #include <vector>
 
 namespace package {

@@ -21,6 +21,8 @@ namespace support {
 
 namespace {
 
+using namespace faults;
+
 struct SignalCode {
     int signal;
     int reason; // kAnyReason: every other reason of the signal
@@ -28,16 +30,17 @@ struct SignalCode {
 };
 constexpr int kAnyReason = -1000;
 constexpr SignalCode kSignalCodes[] = {
-    {SIGFPE, FPE_INTDIV, 0xC0000094},  {SIGFPE, FPE_INTOVF, 0xC0000095},  {SIGFPE, FPE_FLTDIV, 0xC000008E},
-    {SIGFPE, FPE_FLTOVF, 0xC0000091},  {SIGFPE, FPE_FLTUND, 0xC0000093},  {SIGFPE, FPE_FLTRES, 0xC000008F},
-    {SIGFPE, FPE_FLTSUB, 0xC000008C},  {SIGFPE, kAnyReason, 0xC0000090},  {SIGSEGV, kAnyReason, 0xC0000005},
-    {SIGBUS, BUS_ADRALN, 0x80000002},  {SIGBUS, kAnyReason, 0xC0000006},  {SIGILL, ILL_PRVOPC, 0xC0000096},
-    {SIGILL, ILL_PRVREG, 0xC0000096},  {SIGILL, ILL_BADSTK, 0xC00000FD},  {SIGILL, kAnyReason, 0xC000001D},
-    {SIGTRAP, TRAP_TRACE, 0x80000004}, {SIGTRAP, kAnyReason, 0x80000003}, {SIGABRT, kAnyReason, kAbortCode},
+    {SIGFPE, FPE_INTDIV, kIntegerDivideByZero},   {SIGFPE, FPE_INTOVF, kIntegerOverflow},
+    {SIGFPE, FPE_FLTDIV, kFloatDivideByZero},     {SIGFPE, FPE_FLTOVF, kFloatOverflow},
+    {SIGFPE, FPE_FLTUND, kFloatUnderflow},        {SIGFPE, FPE_FLTRES, kFloatInexact},
+    {SIGFPE, FPE_FLTSUB, kArrayBounds},           {SIGFPE, kAnyReason, kFloatInvalid},
+    {SIGSEGV, kAnyReason, kAccessViolation},      {SIGBUS, BUS_ADRALN, kMisalignment},
+    {SIGBUS, kAnyReason, kInPageError},           {SIGILL, ILL_PRVOPC, kPrivilegedInstruction},
+    {SIGILL, ILL_PRVREG, kPrivilegedInstruction}, {SIGILL, ILL_BADSTK, kStackOverflow},
+    {SIGILL, kAnyReason, kIllegalInstruction},    {SIGTRAP, TRAP_TRACE, kSingleStep},
+    {SIGTRAP, kAnyReason, kBreakpoint},           {SIGABRT, kAnyReason, kNonContinuable},
 };
 constexpr std::array kHandledSignals = {SIGFPE, SIGSEGV, SIGBUS, SIGILL, SIGTRAP, SIGABRT};
-constexpr std::uint32_t kAccessViolation = 0xC0000005;
-constexpr std::uint32_t kStackOverflow = 0xC00000FD;
 
 // Everything that the handler touches is made before it can run and never changed.
 struct HandlerState;

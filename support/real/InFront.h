@@ -1,5 +1,5 @@
-// Dialogs that tell or ask in the middle of anything: what they say must not wait unseen, nor Enter go
-// elsewhere.
+// Modal dialogs that may come at any moment: they must neither wait unseen behind a window nor leave the
+// keyboard to one.
 #pragma once
 
 class QDialog;
@@ -12,8 +12,8 @@ namespace support {
 QWidget *WindowInFront();
 
 // Runs the dialog above all other windows of the program, with the keyboard: whatever window is given the
-// keyboard meanwhile, by a window manager that shows it late, hands it back. A splash window is hidden as
-// long. What QDialog::exec gives.
+// keyboard meanwhile, by a window manager that shows it late, hands it back. A splash window is hidden
+// meanwhile. Gives what QDialog::exec does.
 int ExecInFront(QDialog &dialog);
 
 } // namespace support

@@ -1,4 +1,4 @@
-// The program's printer and the toolkit's, each as the other has it.
+// The settings of the program's printer to a QPrinter and back.
 #pragma once
 
 class QPrinter;
@@ -8,7 +8,7 @@ namespace support {
 struct SystemPrinter;
 
 void SetUpPrinter(QPrinter &device, const SystemPrinter &printer);
-// What the print dialog left, but for the paper. `printer.documentName` stays.
+// Takes what the print dialog left in `device`, except the paper. `printer.documentName` stays.
 void ReadBack(QPrinter &device, SystemPrinter &printer);
 
 } // namespace support

@@ -11,7 +11,7 @@ public:
     bool OpenAddress(const QString &url) override;
 };
 
-// Whether the address door lets the text through.
+// Whether OpenAddress takes the text: a valid http, https or mailto address.
 bool IsAddress(const QString &url);
 
 } // namespace support

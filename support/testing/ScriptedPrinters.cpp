@@ -5,6 +5,7 @@
 #include "support/PdfJob.h"
 
 #include <gtest/gtest.h>
+#include <optional>
 #include <QBuffer>
 #include <QPdfWriter>
 

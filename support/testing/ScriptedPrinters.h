@@ -6,7 +6,6 @@
 
 #include <deque>
 #include <map>
-#include <optional>
 #include <QByteArray>
 #include <vector>
 

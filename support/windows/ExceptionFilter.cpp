@@ -43,7 +43,7 @@ LONG WINAPI Filter(EXCEPTION_POINTERS *pointers) {
 }
 
 // For abort(), called by the program itself or by a library.
-void HandleAbort(int) { ShowText(FaultText(kAbortCode)); }
+void HandleAbort(int) { ShowText(FaultText(faults::kNonContinuable)); }
 
 [[noreturn]] void Terminate() {
     std::signal(SIGABRT, SIG_DFL);

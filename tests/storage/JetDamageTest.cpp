@@ -5,7 +5,6 @@
 #include "tests/Paths.h"
 
 #include <map>
-#include <QFileInfo>
 #include <QtEndian>
 #include <random>
 

@@ -5,7 +5,6 @@
 #include "support/Error.h"
 #include "tests/Errors.h"
 
-#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <QDir>

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #ifndef Q_OS_WIN
 #include <csignal>

@@ -1,7 +1,6 @@
 #include "support/PrivateFolder.h"
 
 #include <gtest/gtest.h>
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>

@@ -1,10 +1,8 @@
 #include "support/FileRegistryStore.h"
 
 #include <algorithm>
-#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <thread>

@@ -1,7 +1,6 @@
 #include "support/RunnableFile.h"
 
 #include <gtest/gtest.h>
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 

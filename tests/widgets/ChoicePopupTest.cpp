@@ -3,7 +3,6 @@
 #include "widgets/SwatchIcon.h"
 
 #include <gtest/gtest.h>
-#include <QApplication>
 #include <QPointer>
 #include <QScreen>
 #include <QTest>

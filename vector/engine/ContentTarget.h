@@ -1,4 +1,5 @@
-// Where a vector target that keeps text as text and pictures as files takes them over from the painter.
+// What a paint engine that keeps texts as texts and pictures as files is handed besides the painter's own
+// calls.
 #pragma once
 
 #include <QByteArray>

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <QByteArray>
-#include <QColor>
 #include <QImage>
-#include <QRectF>
+#include <QRgb>
+#include <QSize>
 
 namespace vector {
 

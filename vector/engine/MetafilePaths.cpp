@@ -10,6 +10,7 @@ namespace {
 constexpr double kCoarser = 4; // the flattening is meant for pixels
 constexpr int kMostBands = 60;
 constexpr int kMostDashes = 20000; // of one line
+constexpr double kShortest = 0.5;  // dash or gap, so that none is passed over for ever
 
 // Where a horizontal line enters and leaves the filled part of the polygons.
 std::vector<std::pair<double, double>> Inside(const QList<QPolygonF> &polygons, double y, bool winding) {
@@ -99,7 +100,7 @@ std::vector<QPolygonF> Dashes(const QPolygonF &line, const QPen &pen) {
             else if (dashes.back().last() != rest.p1())
                 dashes.back().append(rest.p1());
             part = (part + 1) % pattern.size();
-            left = std::max(pattern[part] * pen.widthF(), 0.5);
+            left = std::max(pattern[part] * pen.widthF(), kShortest);
         }
         left -= rest.length();
         if (part % 2 == 0) dashes.back().append(line[i]);

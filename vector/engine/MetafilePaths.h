@@ -1,5 +1,5 @@
-// Outlines in the forms that metafiles know: straight polygons, dashes as lines, clips as rectangles.
-// All lengths are units of the metafile.
+// Outlines in the forms that metafiles know: straight polygons, dashes as lines, clips as rectangles. All
+// lengths are units of the metafile.
 #pragma once
 
 #include <optional>

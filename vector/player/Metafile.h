@@ -20,8 +20,8 @@ struct MetafileHead {
     qsizetype records; // where the first one stands
 };
 
-// Recognises placeable ([MS-WMF] 2.3.2.3) and plain metafiles of sixteen bits and enhanced ones ([MS-EMF])
-// by their content; none for anything else, for a head that is cut off, and for a page without a size.
+// Recognises placeable ([MS-WMF] 2.3.2.3) and plain metafiles of sixteen bits and enhanced ones ([MS-EMF]) by
+// their content; none for anything else, for a head that is cut off, and for a page without a size.
 std::optional<MetafileHead> ReadMetafileHead(const QByteArray &bytes);
 
 // The picture stretched to `pixels`, transparent where nothing is drawn. What comes behind damage, and what

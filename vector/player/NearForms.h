@@ -7,8 +7,8 @@
 
 namespace vector {
 
-// The area within `near`, with curves made of lines; the form itself when all of it lies there. The fill
-// rule is kept. What runs along the edges of `near` may be added.
+// The area within `near`, with curves made of lines; the form itself when all of it lies there. The fill rule
+// is kept. What runs along the edges of `near` may be added.
 QPainterPath AreaNear(const QPainterPath &form, const QRectF &near);
 // The stretches of its line within `near`, likewise.
 QPainterPath LineNear(const QPainterPath &form, const QRectF &near);

@@ -5,9 +5,6 @@
 #include "vector/player/RecordFields.h"
 #include "vector/player/WmfRecords.h"
 
-#include <array>
-#include <cmath>
-
 namespace vector {
 
 namespace {

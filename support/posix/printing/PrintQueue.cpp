@@ -125,7 +125,7 @@ private:
 } // namespace
 
 PrinterState QueueState(const QString &name) {
-    constexpr char kStopped[] = "5";
+    constexpr char kStopped[] = "5"; // IPP_PSTATE_STOPPED
     const auto dest = Find(name);
     if (!dest) return PrinterState::Gone;
     if (Told(*dest, "printer-state") == kStopped) return PrinterState::Paused;

@@ -2,7 +2,6 @@
 #include "vector/player/Metafile.h"
 
 #include <gtest/gtest.h>
-#include <QColor>
 
 using namespace vector;
 using namespace vector::testing;
