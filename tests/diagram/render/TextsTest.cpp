@@ -1,4 +1,4 @@
-#include "diagram/render/TextBlock.h"
+#include "diagram/render/TextCache.h"
 #include "tests/diagram/render/Painting.h"
 
 #include <gtest/gtest.h>
