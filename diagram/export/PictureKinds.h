@@ -57,7 +57,7 @@ inline constexpr const char *kPictureTypes[] = {"image/png", "image/jpeg",  "ima
 const PictureKind *KindOfFile(const QString &path);
 // All endings.
 QStringList PictureEndings();
-// Those that the window offers, by their places.
+// The kinds that the window offers, by their places.
 std::vector<const PictureKind *> OfferedPictures();
 
 } // namespace diagram

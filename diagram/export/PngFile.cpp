@@ -56,8 +56,7 @@ QByteArray Resolution(int dotsPerInch) {
     return resolution.append('\x01'); // a metre
 }
 
-// Each row as the difference to the one above.
-constexpr char kUp = 2;
+constexpr char kUp = 2; // the filter that stores each row as the difference to the one above
 
 char *WriteRow(char *to, const QRgb *row, const QRgb *above, int width) {
     *to++ = kUp;

@@ -11,7 +11,7 @@ namespace diagram {
 
 namespace {
 
-// What a box takes of a circle where it stands at that angle.
+// The length that a box takes up along a circle when it stands at that angle.
 double Along(const QSizeF &size, double angle) {
     return size.width() * std::abs(std::sin(angle)) + size.height() * std::abs(std::cos(angle));
 }
@@ -45,7 +45,7 @@ public:
     }
 
 private:
-    // Of two boxes that have nobody else the first is no guest.
+    // In a part of two boxes only the second one is a guest.
     void FindGuests(const std::vector<int> &order) {
         const Adjacency neighbours = NeighboursOf(part_);
         for (const int box : order) {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr double kTouch = 0.01; // twips by which a centre may lie within what it must not
 
-// Where the box's centre must not lie: round each held box half as far again as the box reaches.
+// Where the box's centre must not lie: each held box, grown by half the box's size and the gap.
 std::vector<QRectF> Around(const std::vector<QRectF> &held, const QSizeF &size, double gap) {
     std::vector<QRectF> closed;
     closed.reserve(held.size());

@@ -1,4 +1,4 @@
-// Where among things that stay something finds room.
+// The nearest free place for a box among boxes that stay.
 #pragma once
 
 #include <QPointF>

@@ -60,7 +60,7 @@ public:
     }
 
 private:
-    // What has no lane gets one behind the last.
+    // Boxes without a lane share one behind the last.
     static std::vector<int> LanesOf(const LayoutGraph &graph) {
         std::vector<int> lanes = graph.lanes;
         lanes.resize(graph.sizes.size(), -1);
@@ -74,7 +74,7 @@ private:
         return cells_[std::size_t(rows_[box]) * laneCount_ + std::size_t(lanes_[box])];
     }
 
-    // As many rows as the boxes without edges of a lane would need to stand in a square.
+    // At least as many rows as any lane's boxes without edges need to stand in a square.
     void MakeRoomForLoose() {
         std::vector<int> loose(laneCount_, 0);
         for (std::size_t box = 0; box < rows_.size(); ++box)

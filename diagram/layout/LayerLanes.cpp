@@ -59,7 +59,8 @@ void LayerLanes::FindLanes() {
     }
 }
 
-// Of edges that pass this layer and the next one, and cross each other, as many as possible stay straight.
+// Edges that pass this layer and the next one go on in their lane. Of those that cross each other, as many as
+// possible do so.
 void LayerLanes::JoinBelow(int layer, const EdgeLists &out) {
     std::vector<LayerEdge> inner;
     std::vector<int> ends;

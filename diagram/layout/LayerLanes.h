@@ -13,11 +13,11 @@ public:
     // Both must outlive it.
     LayerLanes(const LayerGraph &graph, const LayerGaps &gaps);
 
-    // Each lane to the middle of its vertices, and apart from there as far as needed.
+    // Puts each lane to the mean column of its vertices, and lanes apart from there as far as needed.
     void Straighten(std::vector<double> &columns) const;
-    // Lanes of edges, one after the other, to where their ends draw them, as far as there is room.
+    // Puts lanes of edges, one after the other, to the middle of their ends, as far as there is room.
     void Relax(std::vector<double> &columns) const;
-    // Lanes of edges into the column of one of their ends, the nearer one first, where there is room.
+    // Puts lanes of edges into the column of one of their ends, the nearer one first, where there is room.
     void Snap(std::vector<double> &columns) const;
 
 private:

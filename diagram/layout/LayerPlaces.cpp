@@ -10,7 +10,8 @@ namespace {
 
 constexpr std::ptrdiff_t kLong = 24; // with more neighbours, sorting by insertion is slower
 
-// Of the pairs of neighbours, those that cross with a before b, less those that cross with b before a.
+// How many pairs of edges, one to a neighbour in `a` and one to a neighbour in `b`, cross when the vertex of
+// `a` comes first, less those that cross when that of `b` does.
 int Surplus(std::span<const int> a, std::span<const int> b, const int *position) {
     if (a.empty() || b.empty()) return 0;
     const int pairs = int(a.size() * b.size());

@@ -225,7 +225,7 @@ std::optional<std::vector<QPointF>> KeptCorners(const std::vector<Part> &parts,
     return corners;
 }
 
-// All parts onto one page.
+// Puts all parts onto one page.
 LayeredDrawing Joined(const LayoutGraph &graph, const std::vector<Part> &parts,
                       const std::vector<LayeredDrawing> &drawings, const LayoutOptions &options) {
     std::vector<QRectF> extents;

@@ -17,7 +17,7 @@ double Median(std::vector<double> values) {
     return *middle;
 }
 
-// Of how far the boxes stood from where they are drawn.
+// The median of how far the boxes stood from where they are drawn.
 double MedianShift(const std::vector<QPointF> &drawn, const std::vector<QPointF> &present,
                    double (QPointF::*coordinate)() const) {
     std::vector<double> shifts;

@@ -154,7 +154,7 @@ private:
             places_.AssignLayer(layer, vertices);
         }
     }
-    // Of its neighbours in the layer above or below; its own without any.
+    // The mean position of its neighbours in the layer above or below; its own position without any.
     double Middle(int vertex, bool down) const {
         const auto neighbours = down ? places_.Above(vertex) : places_.Below(vertex);
         if (neighbours.empty()) return places_.Position(vertex);
@@ -184,7 +184,8 @@ private:
     LayerPlaces places_;
 };
 
-// What of the graph stands in one stripe. An edge that comes from another one begins where it first passes.
+// The part of the graph that stands in one stripe. An edge that comes from another stripe begins, as if at a
+// box, where it first passes a layer of this one.
 struct Stripe {
     LayerGraph graph;
     std::vector<int> vertices; // of the whole

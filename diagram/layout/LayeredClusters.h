@@ -16,7 +16,7 @@ using Stripes = std::vector<int>;
 // two neighbours saves crossings. `clusters` are those of the boxes, below 0 for none.
 Stripes OrderInStripes(LayeredPart &part, const std::vector<int> &clusters, Patience &patience);
 
-// As PlaceInLayers. What stands in one stripe lies apart from all that stands in any other.
+// Like PlaceInLayers, with the stripes side by side, so that they don't overlap.
 std::vector<double> PlaceInStripes(const LayeredPart &part, const Stripes &stripes, const LayerGaps &gaps,
                                    Patience &patience);
 

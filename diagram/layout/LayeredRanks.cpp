@@ -113,7 +113,7 @@ public:
     }
 
 private:
-    // Of a box and all below it in the tree.
+    // What a box and all boxes below it in the tree come to.
     struct Sum {
         int surplus = 0; // weight that leaves them, less what comes in
         int size = 0;
@@ -215,7 +215,7 @@ private:
         Drop(leaving);
         tree_[At(way.from)].push_back(entering), tree_[At(way.to)].push_back(entering);
     }
-    // What is below `box` hangs by `inner`, one of it, on another edge.
+    // Hangs the subtree of `box` onto another edge, which ends at `inner`, a box of that subtree.
     void Rehang(int box, int inner, int edge) {
         const Sum whole = box_[At(box)].sum;
         AddAbove(box, whole, -1);

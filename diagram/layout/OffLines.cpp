@@ -74,7 +74,7 @@ bool PushOnce(const LayoutGraph &graph, std::vector<QPointF> &centres, double ga
         });
     }
     for (std::size_t i = 0; i < centres.size(); ++i) {
-        // Where many push at once, not further than a box is large.
+        // Where many push at once, by half the box's width at most.
         const double most = graph.sizes[i].width() / 2, length = std::hypot(shifts[i].x(), shifts[i].y());
         centres[i] += length > most ? shifts[i] * (most / length) : shifts[i];
     }

@@ -64,7 +64,7 @@ private:
     std::vector<Step> steps_;
 };
 
-// With the gap on the right and below.
+// The boxes with the gap added on the right and below.
 std::vector<QSizeF> Padded(const std::vector<QSizeF> &boxes, double gap) {
     std::vector<QSizeF> padded;
     padded.reserve(boxes.size());

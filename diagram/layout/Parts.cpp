@@ -86,7 +86,7 @@ Adjacency NeighboursOf(const LayoutGraph &graph) {
 
 namespace {
 
-// As if an edge led from each box of a cluster to the next. One cluster of all boxes is none.
+// Makes the boxes of a cluster neighbours, each of the next one. A single cluster of all boxes doesn't count.
 void JoinClusters(const LayoutGraph &graph, Adjacency &neighbours) {
     if (std::ranges::adjacent_find(graph.clusters, std::not_equal_to()) == graph.clusters.end()) return;
     std::map<int, int> lasts; // by cluster

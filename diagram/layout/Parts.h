@@ -17,7 +17,8 @@ struct Part {
     std::vector<int> edges; // the same
     LayoutGraph graph;
 };
-// In the order of their first boxes. Boxes of one cluster are in one part, but where it is that of all.
+// In the order of their first boxes. Boxes of one cluster are in one part, unless all boxes are in one
+// cluster.
 std::vector<Part> PartsOf(const LayoutGraph &graph);
 
 // The left top corners of the parts on one page, of extents of these sizes: packed, `gap` twips apart. Single

@@ -1,4 +1,4 @@
-// Of a diagram that is no tree, the edges that make it one.
+// Whether a diagram is a tree, and the edges that make a tree of one that isn't.
 #pragma once
 
 #include "diagram/layout/LayoutGraph.h"

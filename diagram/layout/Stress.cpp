@@ -15,7 +15,7 @@ StressTerm Term(const StressLengths &lengths, std::size_t box, std::size_t other
     return {int(other), float(distance), float(1 / (distance * distance))};
 }
 
-// Where the terms of a box draw it.
+// The place to which its terms draw a box.
 QPointF Drawn(const std::vector<StressTerm> &terms, const std::vector<QPointF> &places,
               const QPointF &place) {
     double x = 0, y = 0, weights = 0;

@@ -20,10 +20,10 @@ struct StressLengths {
     std::vector<double> extra; // of each box
 };
 
-// Of each box to all others.
+// The terms of each box to all others.
 StressTerms AllTerms(const Adjacency &neighbours, const StressLengths &lengths, Progress &progress);
-// Of each box to its neighbours and to `pivots` boxes spread over the part, each of which stands for those
-// around it.
+// The terms of each box to its neighbours and to `pivots` boxes spread over the part, each of which stands
+// for those around it.
 StressTerms PivotTerms(const Adjacency &neighbours, const StressLengths &lengths, int pivots,
                        Progress &progress);
 

@@ -111,7 +111,7 @@ private:
         }
     }
 
-    // The vertical centre line of each level.
+    // The y of the centre line of each level.
     std::vector<double> LevelLines() const {
         std::vector<double> heights(std::size_t(forest_.boxes.back().level) + 1, 0);
         for (std::size_t v = 1; v < forest_.boxes.size(); ++v) {

@@ -31,7 +31,7 @@ public:
     void Redo();
     // Empties the history.
     void Forget();
-    // What is written now is recorded: a group is open.
+    // Whether a group is open, so that what is written now is recorded.
     bool AreRecorded() const { return log_ && log_->Depth() > 0; }
 
     // Zoom, grid, defaults and the selection are no content. What an open group has changed counts once it is

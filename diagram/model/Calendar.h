@@ -60,7 +60,7 @@ struct Calendar {
     std::vector<Fold> folds;
     std::vector<Lane> lanes;
 
-    // Of which the node is a month; null for none.
+    // The fold that the node is a month of; null for none.
     const Fold *FoldWith(ItemId node) const;
     bool IsEmpty() const { return strip.isEmpty(); }
     // From the strip outwards at zoom 100, quarters first.

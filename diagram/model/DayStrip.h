@@ -49,7 +49,7 @@ public:
     struct Dated {
         Node *node;
         QDate date;
-        // Where it is left out, an end goes with the date by as many days.
+        // Where it is left out, an end that the node has moves by as many days as its date.
         std::optional<QDate> end{};
     };
     // Gives the nodes these dates, inside the group of changes that the caller has opened. Where nodes stay

@@ -14,7 +14,7 @@ class Node;
 struct LinkDraft {
     // A new link, with the values that a surface gives it.
     LinkDraft();
-    // That link; its ends may then be put elsewhere.
+    // That link, to be routed as it is or with other ends.
     explicit LinkDraft(const Link &link);
 
     const LinkData *data; // never null; `source` and `destination` below count, not those in it

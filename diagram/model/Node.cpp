@@ -11,7 +11,7 @@
 
 namespace diagram {
 
-// What a change touches is the property's own word, and `also` what it touches beyond that as things stand.
+// A change touches what the property's row says, and `also` besides.
 template <auto Member, typename T>
 void Node::Write(const T &value, Change also) {
     const auto &fitting = Fitting<Member>(value, "Node");

@@ -94,7 +94,7 @@ public:
     int PicturePos() const { return data_.picturePos; }
     const QString &Text() const { return data_.text; }
     const QString &Event() const { return data_.event; }
-    // What is seen of them: the text, and below it the second one while the surface shows both.
+    // The text that is shown: Text, and below it Event while the surface shows both.
     QString ShownText() const;
     // The box as it is painted: that of a node that takes the size of its text has room for both while both
     // are shown. Links and resizing go by the box itself.

@@ -21,7 +21,7 @@ bool Touch(const QRectF &a, const QRectF &b) {
     return a.left() <= b.right() && b.left() <= a.right() && a.top() <= b.bottom() && b.top() <= a.bottom();
 }
 
-// Of the longer of the heads that the link has at the node.
+// The length of the longer one of the heads that the link has at the node.
 double HeadAt(const Node *node, const LinkDraft &link) {
     const LinkData &data = *link.data;
     double head = 0;

@@ -143,15 +143,16 @@ private:
     SurfaceKey key_;
     BoxIndex nodes_, routes_;
     bool nodesBuilt_ = false, routesBuilt_ = false;
-    // Of links: the route must be routed before it is read; whose the bends are isn't known yet; the route
-    // stands in the index. Of nodes: the box in the index is out of date; links may have to make way for it.
-    ItemSet stale_, unjudged_, indexed_, isChanged_, isBlocking_;
-    bool mayBeUnjudged_ = false;                  // false: certainly no link is
-    std::vector<ChangedNode> changed_;            // not yet in the index as they are now
-    std::vector<ItemId> fresh_;                   // links not yet in the index
-    std::vector<ItemId> blocking_;                // nodes to which links haven't given way yet
-    std::vector<ItemId> moved_;                   // links that may have been moved onto a node
-    std::vector<ItemId> untidy_;                  // links that were routed in the open group
+    ItemSet stale_, unjudged_;         // links, see above
+    ItemSet indexed_;                  // links whose route is in the index
+    ItemSet isChanged_;                // nodes whose box in the index is out of date: those of `changed_`
+    ItemSet isBlocking_;               // nodes that links may have to give way to: those of `blocking_`
+    bool mayBeUnjudged_ = false;       // false: certainly no link is
+    std::vector<ChangedNode> changed_; // not yet in the index as they are now
+    std::vector<ItemId> fresh_;        // links not yet in the index
+    std::vector<ItemId> blocking_;     // nodes to which links haven't given way yet
+    std::vector<ItemId> moved_;        // links that may have been moved onto a node
+    std::vector<ItemId> untidy_;       // links that were routed in the open group
     std::map<ItemId, std::vector<Point>> former_; // the routes that they had before
     std::unordered_map<ItemId, Nudged> nudged_;
     std::weak_ptr<Displaced> displaced_; // of the trial that began last

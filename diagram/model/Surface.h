@@ -33,7 +33,8 @@ struct SurfaceData {
     float grownLeft = 0, grownTop = 0; // see PageGrown; no file keeps them
 };
 
-// Where the text measuring for the autosizes comes from; a fixed-width one serves tests.
+// Measures texts, for nodes that take the size of their text and for labels. The renderer has one; tests use
+// one of fixed widths.
 class TextMeasure {
 public:
     virtual ~TextMeasure() = default;
@@ -104,13 +105,13 @@ public:
     Routing &Routes() const { return *routing_; }
     SurfaceObservers &Observers() { return observers_; }
 
-    // As of its Selection.
+    // The same as in Selection.
     Node *SelectedNode() const;
     Link *SelectedLink() const;
     const std::vector<Node *> &SelectedNodes() const;
     const std::vector<Link *> &SelectedLinks() const;
     void UnselectAll();
-    // As of its Actions.
+    // The same as in Actions.
     void BeginAction(std::int16_t code);
     void EndAction();
     bool CanUndo() const;
@@ -139,7 +140,8 @@ public:
 
     // A node with these values, on top of the stacking. The values aren't checked.
     Node &AddNode(NodeData data);
-    // With the values that a link has by itself; error 5 for a node of another surface.
+    // A link with the default values of LinkData, on top of the stacking; error 5 for a node of another
+    // surface.
     Link &AddLink(Node &source, Node &destination);
     // Error 457 when another node has the key; an empty one is always allowed.
     void Rename(Node &node, const QString &key);

@@ -67,7 +67,7 @@ void PaintGrid(Paint &paint, const Surface &surface) {
                                 QColor::fromRgb(ToRgb(surface.Screen().GridColor())));
 }
 
-// At its own size from the surface's origin.
+// The picture stands at the surface's origin in its own size.
 void PaintBackPicture(Paint &paint, const Picture &picture) {
     const QRectF place(QPointF(), picture.SizeInTwips());
     if (place.intersects(paint.area)) DrawPicture(paint, picture, place);

@@ -117,7 +117,7 @@ void CoarsePainter::PaintForm(const Node &node) {
     PaintRows(box, fill, border, filled, [&](double y) { return PolygonSpan(corners, count, y); });
 }
 
-// In device pixels; a curve in few pieces.
+// Fills paint.route in device pixels, a curve in few pieces.
 void CoarsePainter::FillRoute(const Link &link) {
     constexpr int kSteps = 6;
     std::vector<QPointF> &route = paint_.route;

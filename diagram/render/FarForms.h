@@ -16,8 +16,8 @@ void DrawFar(Paint &paint, const QPainterPath &outline);
 void DrawFarLine(Paint &paint, const std::vector<QPointF> &line);
 // The same for a path (device); a vector target gets all of it.
 void DrawFarPath(Paint &paint, const QPainterPath &path);
-// What the outline holds of the part that is painted, for filling and clipping: beyond that part its edge
-// isn't the outline's.
+// The outline cut down to the part that is painted, for filling and clipping. It is closed along the edge of
+// that part, so it must not be stroked.
 QPainterPath PaintedPart(const Paint &paint, const QPainterPath &outline);
 
 } // namespace diagram

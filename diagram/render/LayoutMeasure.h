@@ -2,7 +2,7 @@
 #pragma once
 
 #include "diagram/model/Surface.h"
-#include "diagram/render/TextBlock.h"
+#include "diagram/render/TextCache.h"
 
 #include <cmath>
 

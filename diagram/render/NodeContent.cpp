@@ -263,7 +263,7 @@ QRectF Beside(TextCache &texts, const Node &node) {
     return TextBeside(node, &measure);
 }
 
-// In its own colour, as far as that can be read on the paper.
+// In the text's own colour, or in another one where that can't be read on the paper.
 void DrawTextBeside(Paint &paint, const Node &node, const QRectF &place) {
     const double scale = paint.options.vector ? 0 : paint.frame.Scale();
     const TextBlock &block = paint.caches.texts.Find(node.ShownText(), node.Font(), kWidestBeside, scale);

@@ -133,7 +133,7 @@ FormLook LookOf(const NodeForm &form) {
     return look;
 }
 
-// What a line of that width may cover around the box, its corners included.
+// How far around the box its line may reach, at pointed corners too.
 int Margin(const NodeForm &form) { return 3 * int(form.width) + 1; }
 
 const QImage &PictureOf(Paint &paint, const NodeForm &form, const FormLook &look) {

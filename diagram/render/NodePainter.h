@@ -8,7 +8,7 @@ class Node;
 
 // Shadow, fill, picture, border, inner lines.
 void PaintNodeForm(Paint &paint, const Node &node);
-// With the text.
+// The form and the text.
 void PaintNode(Paint &paint, const Node &node);
 
 } // namespace diagram

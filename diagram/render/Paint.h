@@ -6,7 +6,7 @@
 #include "diagram/render/Pencil.h"
 #include "diagram/render/PictureCache.h"
 #include "diagram/render/Renderer.h"
-#include "diagram/render/TextBlock.h"
+#include "diagram/render/TextCache.h"
 #include "support/Colour.h"
 #include "support/MixColours.h"
 

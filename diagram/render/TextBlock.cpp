@@ -1,7 +1,5 @@
 #include "diagram/render/TextBlock.h"
 
-#include "diagram/render/CutText.h"
-
 #include <algorithm>
 #include <QTextLayout>
 
@@ -10,7 +8,7 @@ namespace diagram {
 namespace {
 
 constexpr double kNoWidth = 1e7;   // twips: a width at which nothing is wrapped
-constexpr int kAlwaysWhole = 500;  // characters; short texts are laid out once for all heights
+constexpr int kAlwaysWhole = 500;  // characters; longer texts are laid out as far as they are seen
 constexpr double kNarrowest = 0.1; // of a character that takes room, as a share of the font's height
 constexpr double kSlack = 2;       // twips; a text measured without wrapping fits the width measured
 
@@ -162,8 +160,8 @@ struct Builder {
         if (layout.lineCount() == 0) AddLine(start, 0, 0, block.face->ascent, block.face->height);
     }
 
-    // A line that is laid out from the right has its glyphs at the far end of the width: brings the first to
-    // 0.
+    // Brings the first glyph to 0: a line that is laid out from the right has them at the far end of the
+    // width.
     static void ShiftToStart(TextLine &line) {
         double left = 1e12;
         for (const QGlyphRun &run : line.runs)
@@ -177,11 +175,6 @@ struct Builder {
     }
 };
 
-// The height at which the layout may stop, for long texts; 0 for none.
-double RoomFor(const QString &text, const WrapWidth &wrap) {
-    return text.size() > kAlwaysWhole ? std::max(0.0, wrap.room) : 0;
-}
-
 // The part of the text that can be seen, and a little more.
 QString SeenPart(const QString &text, const WrapWidth &wrap, const Face &face) {
     double most = kMostCharacters;
@@ -194,6 +187,10 @@ QString SeenPart(const QString &text, const WrapWidth &wrap, const Face &face) {
 }
 
 } // namespace
+
+double RoomFor(const QString &text, const WrapWidth &wrap) {
+    return text.size() > kAlwaysWhole ? std::max(0.0, wrap.room) : 0;
+}
 
 TextBlock LayOut(Faces &faces, const QString &text, const Font &font, const WrapWidth &wrap, double scale) {
     TextBlock block;
@@ -214,56 +211,6 @@ TextBlock LayOut(Faces &faces, const QString &text, const Font &font, const Wrap
             builder.AddShapedParagraph(start, length);
     });
     return block;
-}
-
-namespace {
-
-constexpr std::size_t kMostBytes = 2u << 20;
-
-std::size_t BytesOf(const TextBlock &block) {
-    std::size_t bytes = 400 + 2 * std::size_t(block.text.size());
-    for (const TextLine &line : block.lines) bytes += 300 + 24 * std::size_t(line.length);
-    return bytes;
-}
-
-} // namespace
-
-std::size_t TextCache::KeyHash::operator()(const Key &key) const {
-    return qHashMulti(key.font.Hash(), key.text, key.width, key.widest, key.room, key.scale, key.lines);
-}
-
-const TextBlock &TextCache::Find(const QString &text, const Font &font, const WrapWidth &wrap, double scale,
-                                 int lines) {
-    Key key{text, font, int(wrap.width), int(wrap.widest), int(RoomFor(text, wrap)), float(scale), lines};
-    const auto found = index_.find(key);
-    if (found != index_.end()) {
-        if (found->second != entries_.begin()) entries_.splice(entries_.begin(), entries_, found->second);
-        return found->second->block;
-    }
-    TextBlock block = lines > 0 ? CutAfter(faces_, Find(text, font, wrap, scale), lines, wrap, scale)
-                                : LayOut(faces_, text, font, wrap, scale);
-    entries_.push_front({key, std::move(block), 0});
-    Entry &entry = entries_.front();
-    entry.bytes = BytesOf(entry.block);
-    bytes_ += entry.bytes;
-    index_.emplace(std::move(key), entries_.begin());
-    Trim();
-    return entry.block;
-}
-
-// The entry in use stays, however large.
-void TextCache::Trim() {
-    while (bytes_ > kMostBytes && entries_.size() > 1) {
-        bytes_ -= entries_.back().bytes;
-        index_.erase(entries_.back().key);
-        entries_.pop_back();
-    }
-}
-
-void TextCache::Clear() {
-    index_.clear();
-    entries_.clear();
-    bytes_ = 0;
 }
 
 } // namespace diagram

@@ -3,10 +3,8 @@
 
 #include "diagram/render/Faces.h"
 
-#include <list>
 #include <QGlyphRun>
 #include <QString>
-#include <unordered_map>
 #include <vector>
 
 namespace diagram {
@@ -42,42 +40,11 @@ struct WrapWidth {
     double room = 0; // height beyond which lines aren't seen and may be left out; 0 for none
 };
 
+// The height at which the layout of that text stops; 0 for one that is laid out to its end. Short texts have
+// none: they are laid out once for all heights.
+double RoomFor(const QString &text, const WrapWidth &wrap);
+
 // CR, LF and both together end a line. `scale` is device pixels a twip for the runs; 0 makes none.
 TextBlock LayOut(Faces &faces, const QString &text, const Font &font, const WrapWidth &wrap, double scale);
-
-// The blocks that were used last, up to a bound in bytes.
-class TextCache {
-public:
-    explicit TextCache(Faces &faces) : faces_(faces) {}
-    // With `lines`, what CutAfter gives of the block.
-    const TextBlock &Find(const QString &text, const Font &font, const WrapWidth &wrap, double scale,
-                          int lines = 0);
-    void Clear();
-    std::size_t Bytes() const { return bytes_; }
-
-private:
-    struct Key {
-        QString text;
-        Font font;
-        int width, widest, room;
-        float scale;
-        int lines;
-        friend bool operator==(const Key &, const Key &) = default;
-    };
-    struct KeyHash {
-        std::size_t operator()(const Key &key) const;
-    };
-    struct Entry {
-        Key key;
-        TextBlock block;
-        std::size_t bytes;
-    };
-    void Trim();
-
-    Faces &faces_;
-    std::list<Entry> entries_; // used last comes first
-    std::unordered_map<Key, std::list<Entry>::iterator, KeyHash> index_;
-    std::size_t bytes_ = 0;
-};
 
 } // namespace diagram

@@ -43,7 +43,7 @@ void Cross(const Piece &piece, const std::vector<QPointF> &route, Found found) {
     }
 }
 
-// Of two links that could both jump the upper one does.
+// Of two links with a jump style the upper one jumps.
 bool JumpsOver(const Link &link, const Link &other) {
     return &link != &other && (other.JumpStyle() == 0 || LiesBelow(&other, &link));
 }

@@ -213,7 +213,8 @@ private:
         std::size_t own;
         double cost; // whatever is around
     };
-    // Those that aren't too dear by the route alone.
+    // The places of the row at which something was freed, without those that cost too much by the route
+    // alone.
     std::vector<Freed> FreedIn(const Stretch &stretch, int side, double best,
                                const LabelGround &freed) const {
         std::vector<Freed> places;
@@ -296,8 +297,8 @@ private:
         return stretch.length < covered + 2 * kInSight;
     }
 
-    // Of what the label covers there; any number from `most` on is as good as another. `own` is the piece of
-    // the route on which it stands, if it does.
+    // The cost of what the label covers there; a cost of `most` or more needn't be exact. `own` is the piece
+    // of the route on which it stands; a number beyond the pieces for a place beside the route.
     double CostAt(const LabelGround &ground, const QPointF &middle, std::size_t own, double most) const {
         const QRectF label = BoxAt(middle, request_.size), room = Grown(label, kLabelGap);
         double cost = 0;

@@ -1,4 +1,4 @@
-// In which order lanes lie.
+// The order in which lanes lie.
 #pragma once
 
 #include "diagram/shapes/NudgeLanes.h"

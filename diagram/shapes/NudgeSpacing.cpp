@@ -80,7 +80,7 @@ private:
             for (const std::size_t each : row) distances_[each].apart = kLetGo;
             return;
         }
-        // Those that are narrow already keep what they have.
+        // The narrowest first: a distance that is below its share leaves more for the others.
         std::ranges::sort(row, {}, [this](std::size_t each) { return distances_[each].apart; });
         for (std::size_t i = 0; i < row.size(); ++i) {
             double &apart = distances_[row[i]].apart;

@@ -77,7 +77,7 @@ private:
             if ((route.lanes[i] - from) * (route.lanes[i] - to) > 0) route.lanes[i] = (from + to) / 2;
         }
     }
-    // Where the run begins in which segment i lies, and where it ends.
+    // The coordinate at which the run that segment i is part of begins, and where it ends.
     double Beginning(std::size_t position, std::size_t i) const {
         const Coordinates &lanes = routes_[position].lanes;
         return i > 1 ? lanes[i - 2] : EdgeTowards(position, links_[position].request.source, i, lanes[i]);

@@ -33,7 +33,7 @@ void AddBetween(double low, double high, bool withMiddle, std::vector<double> &l
     lanes.push_back(high - kClearance);
 }
 
-// So far away that the bend comes out from under the arrow head.
+// Lanes so far from the box that a bend there isn't hidden by the arrow head.
 void AddPastHead(const RouteEnd &end, bool level, std::vector<double> &lanes) {
     const Span span = SpanOf(end.box, !level);
     if (end.head <= 0) return;

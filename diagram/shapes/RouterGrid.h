@@ -1,8 +1,8 @@
 // The lanes that a way round boxes may take, and what running along each of them costs.
 //
 // Whether a lane meets a box depends only on between which edges of boxes it lies, so that a lane or two
-// between each pair of neighbouring edges stand for all (the interesting lines of Lee, Yang and Wong's
-// survey of rectilinear paths, 1996, kept clear of the boxes where there is room).
+// between each pair of neighbouring edges stand for all (the interesting lines of Lee, Yang and Wong's survey
+// of rectilinear paths, 1996, kept clear of the boxes where there is room).
 #pragma once
 
 #include "diagram/shapes/RouterLanes.h"

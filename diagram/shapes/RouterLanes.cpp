@@ -18,7 +18,7 @@ struct Lanes {
     void Divide(double from, double to, int number) {
         for (int i = 1; i <= number; ++i) Add(from + (to - from) * i / (number + 1));
     }
-    // The same with the first at `from` and the last at `to`.
+    // `number` lanes evenly spread, the first at `from` and the last at `to`.
     void Stretch(double from, double to, int number) {
         for (int i = 0; i < number; ++i) Add(number == 1 ? from : from + (to - from) * i / (number - 1));
     }

@@ -216,7 +216,8 @@ private:
             }
             if (step - 1 <= last) least = std::min(least, come(step - 1));
             if (!MayLie(segment + 1, here)) continue;
-            // What is left never shrinks by more than the route behind grows.
+            // The cost left shrinks by no more than the cost so far grows, so that nothing further on is
+            // cheaper.
             const double most =
                 most_ - deviation - along(step) - Left(segment, left_[Level(segment)][lane], left[here]);
             if (least >= most && step > last) return;

@@ -1,5 +1,5 @@
-// The shapes of nodes: one row each. Painting, hit testing, clipping of links, shadows, icons and pickers
-// all come from the outline of the row.
+// The shapes of nodes: one row each. Painting, hit testing, clipping of links, shadows, icons and pickers all
+// come from the outline of the row.
 #pragma once
 
 #include <QPainterPath>

@@ -1,7 +1,7 @@
 // Nodes as shapes of a slide.
 #pragma once
 
-#include "diagram/render/TextBlock.h"
+#include "diagram/render/TextCache.h"
 #include "output/powerpoint/ShapeSlide.h"
 #include "output/powerpoint/SlideFrame.h"
 

@@ -1,6 +1,5 @@
 // Steps that go on with the last one.
 #include "diagram/edit/History.h"
-#include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Actions.h"
 #include "diagram/model/Revision.h"
 #include "tests/diagram/edit/Drawn.h"
@@ -92,25 +91,4 @@ TEST(Continued, WhatWasWrittenOutsideInBetween_Stays) {
     EXPECT_EQ(node.Left(), 0);
     EXPECT_EQ(node.Text(), QStringLiteral("outside"));
     EXPECT_FALSE(surface.CanUndo());
-}
-
-TEST(Continued, PageGrown_IsKeptByUndoAndNoFile) {
-    Drawn drawn;
-    Surface &surface = drawn.surface;
-    const Revision before = surface.Actions().Revision();
-    {
-        ActionGroup group(surface);
-        surface.PageGrown(150, 300);
-    }
-    EXPECT_EQ(surface.Data().grownLeft, 150);
-    EXPECT_EQ(surface.Actions().Revision(), before) << "no content";
-    surface.Undo();
-    EXPECT_EQ(surface.Data().grownTop, 0);
-    surface.Redo();
-    EXPECT_EQ(surface.Data().grownTop, 300);
-    Surface other;
-    LoadBytes(other, SaveBytes(surface));
-    EXPECT_EQ(other.Data().grownTop, 0);
-    LoadBytes(surface, SaveBytes(other));
-    EXPECT_EQ(surface.Data().grownTop, 300) << "the view still knows of it";
 }

@@ -1,6 +1,8 @@
 #include "diagram/edit/History.h"
 
+#include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Actions.h"
+#include "diagram/model/Revision.h"
 #include "diagram/model/Stacking.h"
 #include "support/Error.h"
 #include "tests/diagram/edit/Drawn.h"
@@ -12,12 +14,6 @@
 using namespace diagram;
 using namespace diagram::testing;
 
-namespace {
-
-std::vector<Point> Bends(const Link &link) { return link.Route(); }
-
-} // namespace
-
 class HistoryAtRandom : public ::testing::TestWithParam<unsigned> {};
 
 TEST_P(HistoryAtRandom, UndoesAllAndRedoesAllExactly) {
@@ -25,7 +21,7 @@ TEST_P(HistoryAtRandom, UndoesAllAndRedoesAllExactly) {
     Drawn drawn;
     Surface &surface = drawn.surface;
     Fill(surface, dice, 60);
-    std::vector<QString> states{Dump(surface)};
+    const QString start = Dump(surface);
     for (int step = 0; step < 30; ++step) {
         ActionGroup group(surface);
         Fill(surface, dice, dice.Roll(1, 12));
@@ -40,7 +36,7 @@ TEST_P(HistoryAtRandom, UndoesAllAndRedoesAllExactly) {
         surface.Undo();
         ++steps;
     }
-    ASSERT_EQ(Differing(states[0], Dump(surface)), "");
+    ASSERT_EQ(Differing(start, Dump(surface)), "");
     for (int i = 0; i < steps; ++i) surface.Redo();
     EXPECT_EQ(Differing(end, Dump(surface)), "");
     EXPECT_FALSE(surface.CanRedo());
@@ -202,14 +198,14 @@ TEST(History, MovingANodeBringsBackTheFormerPointsOfItsLinks) {
     link.SetAddPointsMode(true);
     link.Points().Assign({{1000, 250}, {2222, 333}, {5000, 5250}});
     link.SetAddPointsMode(false);
-    const auto before = Bends(link);
+    const auto before = link.Route();
     {
         ActionGroup group(drawn.surface);
         b.SetBounds(9000, 100, 1000, 500);
     }
-    EXPECT_NE(Bends(link), before);
+    EXPECT_NE(link.Route(), before);
     drawn.surface.Undo();
-    EXPECT_EQ(Bends(link), before);
+    EXPECT_EQ(link.Route(), before);
 }
 
 TEST(History, PlacesThatNodesHaveOnlyWithinAGroupMoveNoBends) {
@@ -218,7 +214,7 @@ TEST(History, PlacesThatNodesHaveOnlyWithinAGroupMoveNoBends) {
     Link &link = a.Links().Add(b);
     link.SetStyle(9);
     link.SetOwnBends(true);
-    const auto before = Bends(link);
+    const auto before = link.Route();
     {
         ActionGroup group(drawn.surface);
         a.SetBounds(9000, 9000, 1000, 500);
@@ -226,7 +222,7 @@ TEST(History, PlacesThatNodesHaveOnlyWithinAGroupMoveNoBends) {
         a.SetBounds(0, 0, 1000, 500);
         b.SetTop(5000);
     }
-    EXPECT_EQ(Bends(link), before);
+    EXPECT_EQ(link.Route(), before);
     EXPECT_FALSE(drawn.surface.CanUndo());
 }
 
@@ -316,4 +312,25 @@ TEST(History, SelectingIsNeverRecorded) {
     }
     EXPECT_FALSE(drawn.surface.CanUndo());
     EXPECT_TRUE(node.Selected());
+}
+
+TEST(History, PageGrown_IsKeptByUndoAndNoFile) {
+    Drawn drawn;
+    Surface &surface = drawn.surface;
+    const Revision before = surface.Actions().Revision();
+    {
+        ActionGroup group(surface);
+        surface.PageGrown(150, 300);
+    }
+    EXPECT_EQ(surface.Data().grownLeft, 150);
+    EXPECT_EQ(surface.Actions().Revision(), before) << "no content";
+    surface.Undo();
+    EXPECT_EQ(surface.Data().grownTop, 0);
+    surface.Redo();
+    EXPECT_EQ(surface.Data().grownTop, 300);
+    Surface other;
+    LoadBytes(other, SaveBytes(surface));
+    EXPECT_EQ(other.Data().grownTop, 0);
+    LoadBytes(surface, SaveBytes(other));
+    EXPECT_EQ(surface.Data().grownTop, 300) << "the view still knows of it";
 }

@@ -140,7 +140,6 @@ TEST_F(RevisionTest, LinksThatGiveWayToWhatWasShownAgainAreNoDifference) {
         const Uncounted filter(surface.Actions());
         between.SetHidden(false);
     }
-    const std::vector<Point> way = link->Route();
     surface.Routes().Recalculate();
     EXPECT_FALSE(Differs());
 }

@@ -16,6 +16,16 @@ inline T At(const QByteArray &bytes, qsizetype at) {
     return at + qsizetype(sizeof(T)) <= bytes.size() ? qFromLittleEndian<T>(bytes.constData() + at) : T(-1);
 }
 
+// Kinds of records, as the formats number them.
+constexpr int kWmfEnd = 0x0000, kWmfSave = 0x001E, kWmfRestore = 0x0127, kWmfSelect = 0x012D,
+              kWmfDelete = 0x01F0, kWmfExtent = 0x020C, kWmfPen = 0x02FA, kWmfFont = 0x02FB,
+              kWmfBrush = 0x02FC, kWmfPolyline = 0x0325, kWmfExcludeBox = 0x0415, kWmfClipToBox = 0x0416,
+              kWmfRectangle = 0x041B, kWmfPolygons = 0x0538, kWmfText = 0x0A32, kWmfBitmap = 0x0F43;
+constexpr int kEmfPolylines = 7, kEmfEnd = 14, kEmfClipToBox = 30, kEmfSave = 33, kEmfRestore = 34,
+              kEmfSelect = 37, kEmfBrush = 39, kEmfDelete = 40, kEmfRectangle = 43, kEmfBeginPath = 59,
+              kEmfEndPath = 60, kEmfClipToPath = 67, kEmfBitmap = 81, kEmfFont = 82, kEmfText = 84,
+              kEmfCurves = 88, kEmfPen = 95;
+
 // A record without its size and kind.
 struct Record {
     int kind;
@@ -63,7 +73,8 @@ inline Played ReadWmf(const QByteArray &file) {
         at += qsizetype(words) * 2;
     }
     EXPECT_EQ(At<quint32>(file, 34), longest);
-    played.good = !played.records.empty() && played.records.back().kind == 0 && played.Count(0) == 1;
+    played.good =
+        !played.records.empty() && played.records.back().kind == kWmfEnd && played.Count(kWmfEnd) == 1;
     return played;
 }
 
@@ -83,19 +94,21 @@ inline Played ReadEmf(const QByteArray &file) {
     }
     EXPECT_EQ(At<quint32>(file, 52), played.records.size());
     EXPECT_EQ(At<quint32>(file, file.size() - 4), 20u);
-    played.good = played.records.back().kind == 14 && played.Count(14) == 1;
+    played.good = played.records.back().kind == kEmfEnd && played.Count(kEmfEnd) == 1;
     return played;
 }
 
 enum class Deed { Create, Select, Delete, Save, Restore };
-inline const std::map<int, Deed> kWmfDeeds = {
-    {0x02FA, Deed::Create}, {0x02FB, Deed::Create}, {0x02FC, Deed::Create}, {0x012D, Deed::Select},
-    {0x01F0, Deed::Delete}, {0x001E, Deed::Save},   {0x0127, Deed::Restore}};
-inline const std::map<int, Deed> kEmfDeeds = {{39, Deed::Create}, {82, Deed::Create}, {95, Deed::Create},
-                                              {37, Deed::Select}, {40, Deed::Delete}, {33, Deed::Save},
-                                              {34, Deed::Restore}};
+inline const std::map<int, Deed> kWmfDeeds = {{kWmfPen, Deed::Create},     {kWmfFont, Deed::Create},
+                                              {kWmfBrush, Deed::Create},   {kWmfSelect, Deed::Select},
+                                              {kWmfDelete, Deed::Delete},  {kWmfSave, Deed::Save},
+                                              {kWmfRestore, Deed::Restore}};
+inline const std::map<int, Deed> kEmfDeeds = {{kEmfBrush, Deed::Create},   {kEmfFont, Deed::Create},
+                                              {kEmfPen, Deed::Create},     {kEmfSelect, Deed::Select},
+                                              {kEmfDelete, Deed::Delete},  {kEmfSave, Deed::Save},
+                                              {kEmfRestore, Deed::Restore}};
 
-// What players have of their own.
+// Objects of an enhanced metafile that every player has.
 constexpr int kNoBrush = int(0x80000005), kNoPen = int(0x80000008);
 
 // Plays the object table: no slot is taken twice, selected or deleted while empty, deleted while a saved or
@@ -112,7 +125,7 @@ struct Slots {
             kinds[slot] = kind;
             most = std::max(most, int(kinds.size()));
         } else if (slot == kNoBrush || slot == kNoPen) {
-            states.back().erase(slot == kNoBrush ? 39 : 95);
+            states.back().erase(slot == kNoBrush ? kEmfBrush : kEmfPen);
         } else if (deed == Deed::Select) {
             EXPECT_TRUE(there);
             states.back()[kinds[slot]] = slot;

@@ -1,9 +1,9 @@
 #include "diagram/export/Export.h"
 #include "diagram/model/Surface.h"
 #include "diagram/shapes/Shapes.h"
-#include "MetafileReader.h"
 #include "support/AtomicFile.h"
 #include "tests/diagram/export/Filled.h"
+#include "tests/diagram/export/MetafileReader.h"
 #include "vector/engine/WmfEngine.h"
 #include "vector/player/CodePage.h"
 
@@ -62,7 +62,7 @@ TEST(Metafile, Emf_IsWholeAndLeaksNoSlot) {
     ASSERT_TRUE(played.good);
     ExpectSlotsKept(played, false);
     EXPECT_NEAR(played.unitsPerInch, 1440, 1);
-    EXPECT_GT(played.Count(88), 10); // curves
+    EXPECT_GT(played.Count(kEmfCurves), 10);
 }
 
 TEST(Metafile, ManyColours_ReuseSlots) {
@@ -74,7 +74,7 @@ TEST(Metafile, ManyColours_ReuseSlots) {
         const Played played = wmf ? Wmf(surface) : Emf(surface);
         ASSERT_TRUE(played.good);
         ExpectSlotsKept(played, wmf);
-        EXPECT_GE(played.Count(wmf ? 0x02FC : 39), 500);
+        EXPECT_GE(played.Count(wmf ? kWmfBrush : kEmfBrush), 500);
         EXPECT_LE(played.objects, 65);
     }
 }
@@ -83,13 +83,13 @@ TEST(Metafile, APlainNode_IsOneRectangleAndOneText) {
     Surface surface;
     OneNode(surface).SetText(QStringLiteral("Hello"));
     const Played wmf = Wmf(surface), emf = Emf(surface);
-    EXPECT_EQ(wmf.Count(0x041B), 2); // the page and the node
-    EXPECT_EQ(emf.Count(43), 2);
-    ASSERT_EQ(wmf.Count(0x0A32), 1);
-    ASSERT_EQ(emf.Count(84), 1);
-    EXPECT_EQ(WmfText(wmf.Of(0x0A32)[0]), "Hello");
-    EXPECT_EQ(EmfText(emf.Of(84)[0]), QStringLiteral("Hello"));
-    const QByteArray box = wmf.Of(0x041B)[1]; // bottom, right, top, left
+    EXPECT_EQ(wmf.Count(kWmfRectangle), 2); // the page and the node
+    EXPECT_EQ(emf.Count(kEmfRectangle), 2);
+    ASSERT_EQ(wmf.Count(kWmfText), 1);
+    ASSERT_EQ(emf.Count(kEmfText), 1);
+    EXPECT_EQ(WmfText(wmf.Of(kWmfText)[0]), "Hello");
+    EXPECT_EQ(EmfText(emf.Of(kEmfText)[0]), QStringLiteral("Hello"));
+    const QByteArray box = wmf.Of(kWmfRectangle)[1]; // bottom, right, top, left
     EXPECT_NEAR(At<qint16>(box, 2) - At<qint16>(box, 6), 1500, 1);
     EXPECT_NEAR(At<qint16>(box, 0) - At<qint16>(box, 4), 750, 1);
 }
@@ -104,7 +104,7 @@ TEST(Metafile, ThePage_IsTheExtentAndItsMargin) {
     EXPECT_NEAR(wmf.page.width(), 2000, 80);
     EXPECT_NEAR(wmf.page.height(), 1400, 80);
     EXPECT_EQ(wmf.page, emf.page);
-    const QByteArray extent = wmf.Of(0x020C)[0];
+    const QByteArray extent = wmf.Of(kWmfExtent)[0];
     EXPECT_EQ(QSize(At<qint16>(extent, 2), At<qint16>(extent, 0)), wmf.page);
 }
 
@@ -116,7 +116,7 @@ TEST(Metafile, AHugeSurface_IsScaledIntoSixteenBits) {
     ASSERT_TRUE(wmf.good && emf.good);
     EXPECT_LE(wmf.page.width(), 32767);
     EXPECT_NEAR(wmf.page.width() / wmf.unitsPerInch, emf.page.width() / 1440.0, 8);
-    const QByteArray last = wmf.Of(0x041B)[2];
+    const QByteArray last = wmf.Of(kWmfRectangle)[2];
     EXPECT_GT(At<qint16>(last, 6), 29000);
     EXPECT_NEAR(emf.page.width(), 1010000 + 300, 200);
 }
@@ -126,7 +126,7 @@ TEST(Metafile, Fonts_HaveSizeWeightAndSlant) {
     Node &node = OneNode(surface);
     node.SetText(QStringLiteral("t"));
     node.SetFont(Font(QStringLiteral("Courier New"), 12, true, true));
-    const QByteArray wmf = Wmf(surface).Of(0x02FB).at(0), emf = Emf(surface).Of(82).at(0);
+    const QByteArray wmf = Wmf(surface).Of(kWmfFont).at(0), emf = Emf(surface).Of(kEmfFont).at(0);
     EXPECT_EQ(At<qint16>(wmf, 0), -240);
     EXPECT_EQ(At<qint16>(wmf, 8), 700);
     EXPECT_EQ(wmf[10], 1);
@@ -143,22 +143,22 @@ TEST(Metafile, UnderlinedAndStruckOutText_HasItsBarsOnce) {
     node.SetText(QStringLiteral("t"));
     node.SetFont(Font(QStringLiteral("Arial"), 12, false, false, true, true));
     const Played wmf = Wmf(surface), emf = Emf(surface);
-    EXPECT_EQ(wmf.Count(0x041B), 4);
-    EXPECT_EQ(emf.Count(43), 4);
-    EXPECT_EQ(wmf.Of(0x02FB).at(0).mid(11, 2), QByteArray(2, '\0'));
+    EXPECT_EQ(wmf.Count(kWmfRectangle), 4);
+    EXPECT_EQ(emf.Count(kEmfRectangle), 4);
+    EXPECT_EQ(wmf.Of(kWmfFont).at(0).mid(11, 2), QByteArray(2, '\0'));
 }
 
 TEST(Metafile, Dashes_AreSingleLines) {
     Surface surface;
     Node &node = OneNode(surface);
-    EXPECT_EQ(Wmf(surface).Count(0x0325), 0);
+    EXPECT_EQ(Wmf(surface).Count(kWmfPolyline), 0);
     node.SetDrawStyle(1);
     const Played wmf = Wmf(surface);
-    const int thin = wmf.Count(0x0325);
+    const int thin = wmf.Count(kWmfPolyline);
     EXPECT_NEAR(thin, 2 * (1500 + 750) / (6 * 15), 2);
     node.SetDrawWidth(3);
-    EXPECT_NEAR(Wmf(surface).Count(0x0325), thin / 3.0, 2);
-    const std::vector<QByteArray> dashes = Emf(surface).Of(7);
+    EXPECT_NEAR(Wmf(surface).Count(kWmfPolyline), thin / 3.0, 2);
+    const std::vector<QByteArray> dashes = Emf(surface).Of(kEmfPolylines);
     ASSERT_EQ(dashes.size(), 1u);
     EXPECT_NEAR(At<quint32>(dashes[0], 16), thin / 3.0, 2);
 }
@@ -166,7 +166,7 @@ TEST(Metafile, Dashes_AreSingleLines) {
 TEST(Metafile, TextInBothDirections_IsWrittenInPiecesFromLeftToRight) {
     Surface surface;
     OneNode(surface).SetText(QString::fromUtf8("abc \u05E9\u05DC\u05D5\u05DD 12 d"));
-    const std::vector<QByteArray> pieces = Emf(surface).Of(84);
+    const std::vector<QByteArray> pieces = Emf(surface).Of(kEmfText);
     ASSERT_EQ(pieces.size(), 4u);
     const char *const kTexts[] = {"abc", "12", "\u05E9\u05DC\u05D5\u05DD", "d"};
     int end = 0;
@@ -190,9 +190,9 @@ TEST(Metafile, TextInBothDirections_IsWrittenInPiecesFromLeftToRight) {
 TEST(Metafile, Text_StaysTextWhereTheKindHasItsLetters) {
     Surface surface;
     OneNode(surface).SetText(QString::fromUtf8("\u20AC\u00E9"));
-    EXPECT_EQ(WmfText(Wmf(surface).Of(0x0A32).at(0)), QByteArray("\x80\xE9"));
+    EXPECT_EQ(WmfText(Wmf(surface).Of(kWmfText).at(0)), QByteArray("\x80\xE9"));
     OneNode(surface).SetText(QString::fromUtf8("\u20AC\u00E9\u0107\u4E2D"));
-    EXPECT_EQ(EmfText(Emf(surface).Of(84).at(1)), QString::fromUtf8("\u20AC\u00E9\u0107\u4E2D"));
+    EXPECT_EQ(EmfText(Emf(surface).Of(kEmfText).at(1)), QString::fromUtf8("\u20AC\u00E9\u0107\u4E2D"));
 }
 
 TEST(Metafile, Text_BecomesOutlinesWhereTheKindLacksItsLetters) {
@@ -201,9 +201,9 @@ TEST(Metafile, Text_BecomesOutlinesWhereTheKindLacksItsLetters) {
     const Played before = Wmf(surface);
     node.SetText(QString::fromUtf8("\u0434\u043E\u043C")); // three letters, two of them with a hole
     const Played wmf = Wmf(surface);
-    EXPECT_EQ(wmf.Count(0x0A32), 0);
-    ASSERT_EQ(wmf.Count(0x0538), before.Count(0x0538) + 1);
-    EXPECT_GE(At<quint16>(wmf.Of(0x0538).back(), 0), 3);
+    EXPECT_EQ(wmf.Count(kWmfText), 0);
+    ASSERT_EQ(wmf.Count(kWmfPolygons), before.Count(kWmfPolygons) + 1);
+    EXPECT_GE(At<quint16>(wmf.Of(kWmfPolygons).back(), 0), 3);
     ExpectSlotsKept(wmf, true);
 }
 
@@ -212,7 +212,7 @@ TEST(Metafile, LettersThatTheCodePageLacks_AreTheNearestInLongLines) {
     Surface surface;
     Node &node = surface.Nodes().Add(0, 0, 3e6f, 750);
     node.SetText(QString::fromUtf8("\u0107\U0001F600").repeated(1000));
-    EXPECT_EQ(WmfText(Wmf(surface).Of(0x0A32).at(0)).left(4), "c?c?");
+    EXPECT_EQ(WmfText(Wmf(surface).Of(kWmfText).at(0)).left(4), "c?c?");
 }
 
 TEST(Metafile, Pictures_AreEmbeddedOnTheColourBehindThem) {
@@ -221,15 +221,15 @@ TEST(Metafile, Pictures_AreEmbeddedOnTheColourBehindThem) {
     node.SetFillColor(support::Rgb(200, 100, 50));
     node.SetPicture(Picture::FromImage(HalfClear()));
     const Played emf = Emf(surface);
-    ASSERT_EQ(emf.Count(81), 1);
-    const QByteArray dib = emf.Of(81)[0].mid(72); // header and bits
+    ASSERT_EQ(emf.Count(kEmfBitmap), 1);
+    const QByteArray dib = emf.Of(kEmfBitmap)[0].mid(72); // header and bits
     EXPECT_EQ(At<qint32>(dib, 4), 10);
     EXPECT_EQ(At<qint32>(dib, 8), 6);
     EXPECT_EQ(dib.mid(40, 3), QByteArray("\x32\x64\xC8", 3));       // lowest row: blue, green, red
     EXPECT_EQ(dib.mid(40 + 5 * 32, 3), QByteArray("\x1E\x14\x0A")); // topmost
     const Played wmf = Wmf(surface);
-    ASSERT_EQ(wmf.Count(0x0F43), 1);
-    EXPECT_EQ(wmf.Of(0x0F43)[0].mid(22), dib);
+    ASSERT_EQ(wmf.Count(kWmfBitmap), 1);
+    EXPECT_EQ(wmf.Of(kWmfBitmap)[0].mid(22), dib);
 }
 
 TEST(Metafile, LargePictures_AreNoFinerThanShows) {
@@ -240,8 +240,8 @@ TEST(Metafile, LargePictures_AreNoFinerThanShows) {
     node.SetAutoSize(1);
     node.SetPicture(Picture::FromImage(image));
     const Played emf = Emf(surface);
-    ASSERT_EQ(emf.Count(81), 1);
-    EXPECT_LE(At<qint32>(emf.Of(81)[0].mid(72), 4), 3 * 1500 / 15 + 3);
+    ASSERT_EQ(emf.Count(kEmfBitmap), 1);
+    EXPECT_LE(At<qint32>(emf.Of(kEmfBitmap)[0].mid(72), 4), 3 * 1500 / 15 + 3);
 }
 
 TEST(Metafile, Clips_AreSavedAndRestored) {
@@ -252,12 +252,12 @@ TEST(Metafile, Clips_AreSavedAndRestored) {
     larger.fill(Qt::red);
     node.SetPicture(Picture::FromImage(larger));
     const Played wmf = Wmf(surface), emf = Emf(surface);
-    EXPECT_EQ(wmf.Count(0x0416), 1);
-    EXPECT_EQ(wmf.Count(0x001E), 2);
-    EXPECT_EQ(wmf.Count(0x0127), 2);
-    EXPECT_EQ(emf.Count(30), 1);
-    EXPECT_EQ(emf.Count(33), 2);
-    EXPECT_EQ(emf.Count(34), 2);
+    EXPECT_EQ(wmf.Count(kWmfClipToBox), 1);
+    EXPECT_EQ(wmf.Count(kWmfSave), 2);
+    EXPECT_EQ(wmf.Count(kWmfRestore), 2);
+    EXPECT_EQ(emf.Count(kEmfClipToBox), 1);
+    EXPECT_EQ(emf.Count(kEmfSave), 2);
+    EXPECT_EQ(emf.Count(kEmfRestore), 2);
 }
 
 TEST(Metafile, LinesWithinAForm_AreClippedOrCutToIt) {
@@ -268,11 +268,11 @@ TEST(Metafile, LinesWithinAForm_AreClippedOrCutToIt) {
         node.SetDrawStyle(6);
     }
     const Played wmf = Wmf(surface), emf = Emf(surface);
-    EXPECT_GT(emf.Count(67), 10);
-    EXPECT_EQ(emf.Count(59), emf.Count(60));
-    EXPECT_EQ(wmf.Count(0x0416), emf.Count(67) + emf.Count(30));
-    EXPECT_EQ(wmf.Count(0x0415), 0) << "few readers know clips that aren't boxes";
-    EXPECT_GT(wmf.Count(0x0538), 10);
+    EXPECT_GT(emf.Count(kEmfClipToPath), 10);
+    EXPECT_EQ(emf.Count(kEmfBeginPath), emf.Count(kEmfEndPath));
+    EXPECT_EQ(wmf.Count(kWmfClipToBox), emf.Count(kEmfClipToPath) + emf.Count(kEmfClipToBox));
+    EXPECT_EQ(wmf.Count(kWmfExcludeBox), 0) << "few readers know clips that aren't boxes";
+    EXPECT_GT(wmf.Count(kWmfPolygons), 10);
     ExpectSlotsKept(wmf, true);
     ExpectSlotsKept(emf, false);
 }
@@ -288,9 +288,9 @@ TEST(Metafile, PicturesWithinAForm_AreCutOutByBoxes) {
     painter.drawImage(QRectF(0, 0, 1000, 1000), HalfClear());
     painter.end();
     const Played wmf = ReadWmf(engine.File());
-    EXPECT_EQ(wmf.Count(0x0F43), 2);
-    EXPECT_GT(wmf.Count(0x0415), 10);
-    EXPECT_LE(wmf.Count(0x0415), 2 * 60) << "once for both";
+    EXPECT_EQ(wmf.Count(kWmfBitmap), 2);
+    EXPECT_GT(wmf.Count(kWmfExcludeBox), 10);
+    EXPECT_LE(wmf.Count(kWmfExcludeBox), 2 * 60) << "once for both";
     ExpectSlotsKept(wmf, true);
 }
 
@@ -299,7 +299,7 @@ TEST(Metafile, ShadowsAreMixedWithThePaper) {
     surface.SetBackColor(support::Rgb(0, 0, 255));
     OneNode(surface).SetShadow(1);
     std::set<quint32> colours;
-    for (const QByteArray &brush : Wmf(surface).Of(0x02FC)) colours.insert(At<quint32>(brush, 2));
+    for (const QByteArray &brush : Wmf(surface).Of(kWmfBrush)) colours.insert(At<quint32>(brush, 2));
     EXPECT_TRUE(colours.count(0x00FF0000));
     EXPECT_TRUE(std::any_of(colours.begin(), colours.end(),
                             [](quint32 c) { return c > 0x00A00000 && c < 0x00D00000 && c % 0x10000 == 0; }));
@@ -311,8 +311,8 @@ TEST(Metafile, HiddenItems_AreLeftOut) {
     Node &hidden = OneNode(surface);
     hidden.SetText(QStringLiteral("secret"));
     hidden.SetHidden(true);
-    EXPECT_EQ(Emf(surface).Count(84), 1);
-    EXPECT_EQ(Wmf(surface).Count(0x0A32), 1);
+    EXPECT_EQ(Emf(surface).Count(kEmfText), 1);
+    EXPECT_EQ(Wmf(surface).Count(kWmfText), 1);
 }
 
 TEST(Metafile, AnEmptySurface_GivesAnEmptyPage) {
@@ -327,9 +327,9 @@ TEST(Metafile, LongTexts_AreCutIntoRecords) {
     const Played emf = Emf(surface), wmf = Wmf(surface);
     ASSERT_TRUE(emf.good && wmf.good);
     QString text;
-    for (const QByteArray &body : emf.Of(84)) text += EmfText(body);
+    for (const QByteArray &body : emf.Of(kEmfText)) text += EmfText(body);
     EXPECT_EQ(text, QString(20000, u'x'));
-    EXPECT_EQ(wmf.Count(0x0A32), 3);
+    EXPECT_EQ(wmf.Count(kWmfText), 3);
 }
 
 TEST(Metafile, Files_AreWrittenByTheirEnding) {

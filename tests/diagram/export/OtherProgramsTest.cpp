@@ -3,7 +3,7 @@
 #include "diagram/model/Picture.h"
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
-#include "PictureDifference.h"
+#include "tests/diagram/export/PictureDifference.h"
 #include "tests/gallery/Sheets.h"
 
 #include <gtest/gtest.h>

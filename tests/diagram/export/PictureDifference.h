@@ -52,8 +52,8 @@ inline int FarFrom(QRgb pixel, const QImage &image, int x, int y) {
     return far;
 }
 
-// The sum of the differences of both ways, divided by that from a white sheet: 0 for the same, 1 for an
-// empty one. Both are cut to what is drawn and made so small that a shift by a pixel counts nothing.
+// The sum of the differences of both ways, divided by that from a white sheet: 0 for the same, 1 for an empty
+// one. Both are cut to what is drawn and made so small that a shift by a pixel counts nothing.
 inline double Difference(const QImage &ours, const QImage &theirs) {
     constexpr int kWidth = 480;
     const QImage whole = OnWhite(ours), other = OnWhite(theirs);

@@ -18,7 +18,7 @@ using namespace diagram::testing;
 
 namespace {
 
-// The same with the two values that a file doesn't keep set to those of a new surface.
+// The whole surface as text, with picture and back colour, which a file doesn't keep, as in a new one.
 QString StoredDump(Surface &surface) {
     SurfaceData data = surface.Data();
     data.picture = {};
@@ -74,6 +74,13 @@ constexpr char kFirstVersionDump[] =
     "MovePointsMode=0 OwnBends=0\n"
     "order 1 2 3";
 
+// What a file of the surface holds, read back, so that identities don't count.
+QString FiledDump(const Surface &surface) {
+    Surface copy;
+    LoadBytes(copy, SaveBytes(surface));
+    return StoredDump(copy);
+}
+
 void ExpectRefused(const QByteArray &bytes) {
     Surface surface;
     surface.Nodes().Add(1, 2, 3, 4);
@@ -116,15 +123,6 @@ TEST_P(SurfaceFileAtRandom, DamageBehindTheCheckSumIsRefusedOrRead) {
 
 INSTANTIATE_TEST_SUITE_P(Seeds, SurfaceFileAtRandom, ::testing::Range(1U, 16U));
 
-// A file leaves out what is at its default: another default, like another number of a property, would change
-// what the files out there say.
-// What a file of the surface holds, read back, so that identities don't count.
-QString FiledDump(const Surface &surface) {
-    Surface copy;
-    LoadBytes(copy, SaveBytes(surface));
-    return StoredDump(copy);
-}
-
 TEST_P(SurfaceFileAtRandom, ReplacingIsLoadingAsOneStep) {
     Dice dice(GetParam());
     Surface other, surface;
@@ -152,6 +150,8 @@ TEST(SurfaceFile, ReplacingByADamagedOneChangesNothing) {
     EXPECT_FALSE(surface.CanUndo());
 }
 
+// A file leaves out what is at its default: another default, like another number of a property, would change
+// what existing files say.
 TEST(SurfaceFile, AFileOfTheFirstVersionReadsAsItWasWritten) {
     Surface surface;
     LoadBytes(surface, QByteArray::fromHex(kFirstVersion));

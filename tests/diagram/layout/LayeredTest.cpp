@@ -1,42 +1,17 @@
 #include "diagram/layout/Layered.h"
 
-#include "diagram/layout/LayeredCycles.h"
-#include "diagram/layout/LayeredOrder.h"
-#include "diagram/layout/LayeredRanks.h"
-#include "diagram/layout/Parts.h"
+#include "tests/diagram/layout/LayeredGraphs.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
-#include <numeric>
 #include <QRectF>
-#include <random>
 
 namespace diagram {
 namespace {
 
+using namespace testing;
+
 const LayoutOptions kOptions{LayoutOrientation::Down, 600, 400};
-const GoOn kAlways = [] { return true; };
-
-LayoutGraph Graph(int boxes, std::vector<LayoutEdge> edges) {
-    LayoutGraph graph;
-    graph.sizes.assign(std::size_t(boxes), QSizeF(1000, 600));
-    graph.centres.resize(std::size_t(boxes));
-    graph.edges = std::move(edges);
-    return graph;
-}
-
-// Boxes of many sizes, edges of every kind: in cycles, double, from a box to itself; several parts.
-LayoutGraph RandomGraph(unsigned seed, int boxes, int edges) {
-    std::mt19937 random(seed);
-    LayoutGraph graph;
-    for (int i = 0; i < boxes; ++i) {
-        graph.sizes.emplace_back(200 + random() % 2000, 200 + random() % 900);
-        graph.centres.emplace_back(random() % 20000, random() % 20000);
-    }
-    for (int i = 0; i < edges; ++i)
-        graph.edges.push_back({int(random() % unsigned(boxes)), int(random() % unsigned(boxes))});
-    return graph;
-}
 
 LayeredDrawing Draw(const LayoutGraph &graph, const LayoutOptions &options = kOptions) {
     return DrawInLayers(graph, options, kAlways).value();
@@ -223,13 +198,6 @@ TEST(Layered, UnconnectedPartsArePacked) {
     ExpectApart(graph, drawing);
 }
 
-// Boxes 3 and 4 are a title and what stands beside it, 5 stands below all.
-LayoutGraph TitledGraph() {
-    LayoutGraph graph = Graph(6, {{0, 1}, {1, 2}, {0, 2}});
-    graph.centres = {{0, 0}, {0, 1500}, {2500, 3000}, {300, -1400}, {2100, -1500}, {0, 6000}};
-    return graph;
-}
-
 TEST(Layered, ATitleStaysAboveAllAndAsItWasToWhatIsBesideIt) {
     const LayoutGraph graph = TitledGraph();
     const LayeredDrawing drawing = Draw(graph);
@@ -238,30 +206,6 @@ TEST(Layered, ATitleStaysAboveAllAndAsItWasToWhatIsBesideIt) {
     for (const std::size_t below : {0U, 1U, 2U, 5U})
         for (const std::size_t title : {3U, 4U})
             EXPECT_GT(BoxOf(graph, drawing, below).top(), BoxOf(graph, drawing, title).bottom()) << below;
-}
-
-TEST(Layered, WhatStandsFarOffOrOnAnotherIsNoTitle) {
-    const auto parts = [](const LayoutGraph &graph) {
-        std::vector<QSizeF> sizes;
-        for (const Part &part : PartsOf(graph)) sizes.push_back(part.graph.sizes.front());
-        return PackParts(PartsOf(graph), sizes, 10);
-    };
-    LayoutGraph graph = TitledGraph(); // parts: the linked ones, then each single box
-    EXPECT_EQ(parts(graph)[1].y(), 100);
-    EXPECT_EQ(parts(graph)[2], QPointF(1800, 0));
-    EXPECT_GT(parts(graph)[0].y(), 600);
-    graph.centres[3] = QPointF(90000, -1400);
-    EXPECT_EQ(parts(graph)[2], QPointF(0, 0)) << "beside it, not above";
-    graph.centres[3] = QPointF(0, -90000);
-    EXPECT_EQ(parts(graph)[2], QPointF(0, 0)) << "far above";
-    graph.centres[3] = graph.centres[4];
-    EXPECT_EQ(parts(graph)[1], QPointF(0, 0)) << "the first of two on each other";
-    EXPECT_GT(parts(graph)[2].y(), 600);
-    graph = TitledGraph();
-    graph.edges.push_back({3, 3});
-    EXPECT_NE(parts(graph)[2] - parts(graph)[1], QPointF(1800, -100)) << "linked to itself";
-    graph.edges.clear();
-    EXPECT_EQ(parts(graph)[0], QPointF(0, 0)) << "with nothing linked there is no title";
 }
 
 TEST(Layered, BoxesKeepTheirPresentOrderWhereThatCrossesNothing) {
@@ -342,160 +286,6 @@ TEST(Layered, ADrawingThatIsGivenUpIsNone) {
     int asked = 0;
     EXPECT_FALSE(DrawInLayers(graph, kOptions, [&] { return ++asked < 5; }));
     EXPECT_EQ(asked, 5);
-}
-
-TEST(LayeredCycles, NoWayLeavesACycle) {
-    for (unsigned seed = 0; seed < 60; ++seed) {
-        const LayoutGraph graph = RandomGraph(seed, 25, 70);
-        for (const auto how : {CycleBreaking::FromSources, CycleBreaking::FromFirst, CycleBreaking::Greedy}) {
-            const auto back = BackEdges(25, graph.edges, how);
-            std::vector<int> level(25);
-            bool rises = true;
-            for (int round = 0; rises && round <= 25; ++round) {
-                rises = false;
-                for (std::size_t i = 0; i < graph.edges.size(); ++i) {
-                    auto [from, to] = graph.edges[i];
-                    if (from == to) continue;
-                    if (back[i]) std::swap(from, to);
-                    if (level[std::size_t(to)] > level[std::size_t(from)]) continue;
-                    level[std::size_t(to)] = level[std::size_t(from)] + 1;
-                    rises = true;
-                }
-            }
-            EXPECT_FALSE(rises) << seed;
-        }
-    }
-}
-
-TEST(LayeredCycles, WhatHasNoCycleStaysAsItIs) {
-    LayoutGraph graph = RandomGraph(4, 25, 70);
-    for (LayoutEdge &edge : graph.edges)
-        if (edge.from > edge.to) std::swap(edge.from, edge.to);
-    for (const auto how : {CycleBreaking::FromSources, CycleBreaking::FromFirst, CycleBreaking::Greedy})
-        EXPECT_THAT(BackEdges(25, graph.edges, how), ::testing::Each(char(0)));
-}
-
-// Against a search over all layerings of small graphs.
-TEST(LayeredRanks, NoOtherLayeringSpansLess) {
-    for (unsigned seed = 0; seed < 12; ++seed) {
-        std::mt19937 random(seed);
-        constexpr int kBoxes = 5;
-        std::vector<RankEdge> edges;
-        for (int i = 1; i < kBoxes; ++i) edges.push_back({int(random() % unsigned(i)), i, 1, 1});
-        for (int i = 0; i < 4; ++i) {
-            const int from = int(random() % (kBoxes - 1));
-            edges.push_back({from, from + 1 + int(random() % unsigned(kBoxes - 1 - from)),
-                             1 + int(random() % 2), 1 + int(random() % 3)});
-        }
-        const auto cost = [&](const std::vector<int> &ranks) {
-            int sum = 0;
-            for (const RankEdge &edge : edges) {
-                const int span = ranks[std::size_t(edge.to)] - ranks[std::size_t(edge.from)];
-                if (span < edge.length) return std::numeric_limits<int>::max();
-                sum += span * edge.weight;
-            }
-            return sum;
-        };
-        int least = std::numeric_limits<int>::max();
-        constexpr int kLevels = 7;
-        for (int code = 0; code < 7 * 7 * 7 * 7 * 7; ++code) {
-            std::vector<int> ranks;
-            for (int rest = code, i = 0; i < kBoxes; ++i, rest /= kLevels) ranks.push_back(rest % kLevels);
-            least = std::min(least, cost(ranks));
-        }
-        Patience patience(kAlways);
-        for (const bool balanced : {false, true}) {
-            const auto ranks = RankBoxes(kBoxes, edges, balanced, patience);
-            EXPECT_EQ(cost(ranks), least) << seed;
-            EXPECT_EQ(*std::ranges::min_element(ranks), 0);
-        }
-    }
-}
-
-long long CountedOneByOne(const LayerGraph &graph) {
-    std::vector<int> position(graph.vertices.size());
-    for (const auto &layer : graph.layers)
-        for (std::size_t i = 0; i < layer.size(); ++i) position[std::size_t(layer[i])] = int(i);
-    const auto at = [&](int vertex) { return position[std::size_t(vertex)]; };
-    long long crossings = 0;
-    for (const LayerEdge &a : graph.edges)
-        for (const LayerEdge &b : graph.edges)
-            crossings +=
-                graph.vertices[std::size_t(a.from)].layer == graph.vertices[std::size_t(b.from)].layer &&
-                at(a.from) < at(b.from) && at(a.to) > at(b.to);
-    return crossings;
-}
-
-LayerGraph RandomLayers(unsigned seed) {
-    std::mt19937 random(seed);
-    LayerGraph graph;
-    graph.layers.resize(4);
-    for (int i = 0; i < 32; ++i) {
-        graph.vertices.push_back({100, 100, double(random() % 1000), i / 8, false});
-        graph.layers[std::size_t(i / 8)].push_back(i);
-    }
-    for (int i = 0; i < 60; ++i) {
-        const int layer = int(random() % 3);
-        graph.edges.push_back({layer * 8 + int(random() % 8), layer * 8 + 8 + int(random() % 8)});
-    }
-    return graph;
-}
-
-TEST(LayeredOrder, CrossingsAreCountedAsOneByOne) {
-    for (unsigned seed = 0; seed < 30; ++seed) {
-        const LayerGraph graph = RandomLayers(seed);
-        EXPECT_EQ(CountCrossings(graph), CountedOneByOne(graph));
-    }
-}
-
-TEST(LayeredOrder, LayersKeepTheirVerticesAndCrossLess) {
-    Patience patience(kAlways);
-    for (unsigned seed = 0; seed < 8; ++seed) {
-        LayerGraph graph = RandomLayers(seed);
-        const LayerGraph before = graph;
-        OrderLayers(graph, patience);
-        EXPECT_LT(CountCrossings(graph), CountCrossings(before));
-        for (std::size_t i = 0; i < before.layers.size(); ++i)
-            EXPECT_TRUE(std::ranges::is_permutation(graph.layers[i], before.layers[i]));
-    }
-}
-
-TEST(LayeredOrder, WhatCanBeDrawnWithoutCrossingsIs) {
-    Patience patience(kAlways);
-    for (unsigned seed = 0; seed < 20; ++seed) {
-        // A tree of three levels, its vertices in any order.
-        std::mt19937 random(seed);
-        LayerGraph graph;
-        graph.layers.resize(3);
-        for (int i = 0; i < 40; ++i) {
-            const int layer = i == 0 ? 0 : i < 8 ? 1 : 2;
-            graph.vertices.push_back({100, 100, double(random() % 1000), layer, false});
-            graph.layers[std::size_t(layer)].push_back(i);
-            if (i > 0) graph.edges.push_back({i < 8 ? 0 : 1 + int(random() % 7), i});
-        }
-        OrderLayers(graph, patience);
-        EXPECT_EQ(CountCrossings(graph), 0) << seed;
-    }
-}
-
-TEST(Parts, EachBoxAndEdgeStandsInOnePart) {
-    const LayoutGraph graph = RandomGraph(5, 60, 30);
-    std::vector<int> boxes, edges;
-    for (const Part &part : PartsOf(graph)) {
-        boxes.insert(boxes.end(), part.boxes.begin(), part.boxes.end());
-        edges.insert(edges.end(), part.edges.begin(), part.edges.end());
-        for (std::size_t i = 0; i < part.edges.size(); ++i) {
-            const LayoutEdge &whole = graph.edges[std::size_t(part.edges[i])], &mine = part.graph.edges[i];
-            EXPECT_EQ(part.boxes[std::size_t(mine.from)], whole.from);
-            EXPECT_EQ(part.boxes[std::size_t(mine.to)], whole.to);
-        }
-    }
-    std::ranges::sort(boxes), std::ranges::sort(edges);
-    std::vector<int> all(60);
-    std::iota(all.begin(), all.end(), 0);
-    EXPECT_EQ(boxes, all);
-    all.resize(30);
-    EXPECT_EQ(edges, all);
 }
 
 } // namespace

@@ -13,7 +13,7 @@ constexpr auto kAll = LayoutScope::All;
 const LayoutOptions kOptions;
 bool Always() { return true; }
 
-// Six nodes: a, b and c in a row of links, c back to a, and two that hang on b.
+// Five nodes nearly at one place, without links.
 struct LayoutTest : ::testing::Test {
     Surface surface;
     std::vector<Node *> nodes;

@@ -31,7 +31,6 @@ std::vector<QPointF> Places(const LayoutGraph &graph) {
 
 double Apart(const QPointF &a, const QPointF &b) { return std::hypot(a.x() - b.x(), a.y() - b.y()); }
 
-// The mean over all pairs of how far the distances are from being as the routes are long.
 double LongestEdge(const LayoutGraph &graph, const std::vector<QPointF> &at) {
     double longest = 0;
     for (const LayoutEdge &edge : graph.edges)

@@ -17,7 +17,7 @@ struct RouteAnewTest : ::testing::Test {
         AttachHistory(surface);
         link.SetStyle(4);
     }
-    // A way round a node that is there no longer.
+    // Leaves the link with a route round a node that is gone.
     std::vector<Point> LeaveADetour() {
         Node &obstacle = surface.Nodes().Add(3000, 1200, 1500, 1500);
         const auto detour = link.Route();

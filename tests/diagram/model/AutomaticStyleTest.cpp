@@ -2,9 +2,7 @@
 
 #include "diagram/model/Calendar.h"
 #include "diagram/model/LinkDraft.h"
-#include "diagram/shapes/LinkStyles.h"
-#include "diagram/shapes/Obstacles.h"
-#include "tests/diagram/model/RandomSurface.h"
+#include "tests/diagram/model/RouteChecks.h"
 
 #include <gtest/gtest.h>
 
@@ -29,19 +27,6 @@ struct TwoNodes {
         : a(surface.Nodes().Add(1000, 5000, 1000, 600)), b(surface.Nodes().Add(x, y, 1000, 600)) {}
     int Best() { return StyleFor(a.Links().Add(b), kAutomaticStyle); }
 };
-
-int NodesOnRoute(const Link &link) {
-    int count = 0;
-    const std::vector<Point> &route = link.Route();
-    for (const Node &node : link.Owner().Nodes()) {
-        if (&node == &link.Source() || &node == &link.Destination()) continue;
-        bool meets = false;
-        for (std::size_t i = 1; i < route.size(); ++i)
-            meets = meets || Meets(node.Bounds(), ToQPointF(route[i - 1]), ToQPointF(route[i]));
-        count += meets;
-    }
-    return count;
-}
 
 } // namespace
 
@@ -151,15 +136,7 @@ class AutomaticMap : public ::testing::TestWithParam<unsigned> {};
 TEST_P(AutomaticMap, NoLinkRunsThroughANode) {
     Dice dice(GetParam());
     Surface surface;
-    const int columns = dice.Roll(3, 7), rows = dice.Roll(3, 7);
-    const float gap = dice.Real(200, 1200), side = dice.Real(400, 2000);
-    for (int i = 0; i < columns * rows; ++i) {
-        if (dice.Roll(0, 5) == 0) continue;
-        const float width = side * dice.Real(0.4F, 1), height = side * dice.Real(0.4F, 1);
-        const int column = i % columns, row = i / columns;
-        surface.Nodes().Add(float(column) * (side + gap) + dice.Real(0, side - width),
-                            float(row) * (side + gap) + dice.Real(0, side - height), width, height);
-    }
+    FillWithGaps(surface, dice, 7, 200);
     for (int i = 0; i < 20; ++i) {
         Node &from = AnyNode(surface, dice), &to = AnyNode(surface, dice);
         if (&from == &to) continue;

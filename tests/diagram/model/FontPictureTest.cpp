@@ -90,6 +90,7 @@ TEST(Picture, BrokenDataBehindAHeaderGiveNoImage) {
     const Picture picture = Picture::FromBytes(bytes.first(bytes.size() / 2));
     EXPECT_EQ(picture.PixelSize(), QSize(64, 64));
     EXPECT_EQ(picture.Bytes().size(), bytes.size() / 2);
+    EXPECT_TRUE(picture.Image().isNull());
 }
 
 TEST(Picture, MeasuresByTheResolutionOfTheFile) {

@@ -21,11 +21,10 @@ public:
     void ItemAdded(Item &item) override { added.push_back(item.Id()); }
     void ItemChanged(Item &item, Change what) override { changed.emplace_back(item.Id(), what); }
     void ItemRemoved(Item &item) override { removed.push_back(item.Id()); }
-    void SurfaceChanged(Change) override { ++surfaceChanges; }
     void Cleared() override { ++cleared; }
     std::vector<ItemId> added, removed;
     std::vector<std::pair<ItemId, Change>> changed;
-    int surfaceChanges = 0, cleared = 0;
+    int cleared = 0;
 };
 
 struct RangeCase {
@@ -266,67 +265,4 @@ TEST(Node, WhileLoadingNoSizeIsChanged) {
     node.SetAutoSize(3);
     surface.SetLoading(false);
     EXPECT_EQ(node.Width(), 10);
-}
-
-TEST(Surface, ValuesAreCheckedAndTold) {
-    Surface surface;
-    Listener listener;
-    surface.Observers().Add(listener);
-    surface.SetxZoom(0);
-    surface.SetyZoom(10000);
-    EXPECT_EQ(tests::NumberOf([&] { surface.SetxZoom(-1); }), 380);
-    EXPECT_EQ(tests::NumberOf([&] { surface.SetyZoom(10001); }), 380);
-    surface.SetTag(QStringLiteral("|A=b"));
-    EXPECT_EQ(listener.surfaceChanges, 3);
-    NodeLook defaults;
-    defaults.shape = 20;
-    EXPECT_EQ(tests::NumberOf([&] { surface.SetDefaults(defaults); }), 380);
-    EXPECT_EQ(surface.Defaults().shape, 1);
-}
-
-TEST(Surface, ExtentLeavesHiddenItemsOut) {
-    Surface surface;
-    EXPECT_TRUE(surface.Extent().isEmpty());
-    surface.Nodes().Add(100, 100, 50, 50);
-    Node &far = surface.Nodes().Add(9000, 9000, 50, 50);
-    EXPECT_EQ(surface.Extent(), QRectF(100, 100, 8950, 8950));
-    far.SetHidden(true);
-    EXPECT_EQ(surface.Extent(), QRectF(100, 100, 50, 50));
-}
-
-TEST(Surface, ResetEmptiesItAndKeepsItsValues) {
-    Dice dice(4);
-    Surface surface;
-    Fill(surface, dice, 200);
-    surface.SetTag(QStringLiteral("kept"));
-    surface.Reset();
-    EXPECT_EQ(surface.Nodes().Count(), 0);
-    EXPECT_EQ(surface.Links().size(), 0U);
-    EXPECT_TRUE(surface.SelectedNodes().empty());
-    EXPECT_TRUE(surface.Stacking().Order().empty());
-    EXPECT_EQ(surface.Tag(), QStringLiteral("kept"));
-}
-
-TEST(Properties, EachRowReadsAndWritesItsOwnValueAlone) {
-    Dice dice(5);
-    const auto check = [](const auto &a, const auto &b) {
-        for (const auto &row : PropertiesOf(a)) {
-            auto mixed = a;
-            row.set(mixed, row.get(b));
-            EXPECT_TRUE(row.same(mixed, b)) << row.name;
-            EXPECT_TRUE(row.holds(mixed, row.get(b))) << row.name;
-            EXPECT_EQ(row.holds(a, row.get(b)), row.same(a, b)) << row.name;
-            for (const auto &other : PropertiesOf(a)) {
-                EXPECT_TRUE(other.id == row.id || other.same(mixed, a))
-                    << row.name << " wrote " << other.name;
-            }
-        }
-    };
-    Surface one, two;
-    Fill(one, dice, 300);
-    Fill(two, dice, 300);
-    check(AnyNode(one, dice).Data(), AnyNode(two, dice).Data());
-    check(AnyLink(one, dice).Data(), AnyLink(two, dice).Data());
-    check(one.Data(), two.Data());
-    check(one.Data().defaults, two.Data().defaults);
 }

@@ -1,7 +1,7 @@
 // Routes that are routed and nudged once more.
 #include "diagram/edit/History.h"
 #include "diagram/model/Routing.h"
-#include "tests/diagram/model/RandomSurface.h"
+#include "tests/diagram/model/RouteChecks.h"
 
 #include <gtest/gtest.h>
 
@@ -10,14 +10,7 @@ using namespace diagram::testing;
 
 namespace {
 
-using Ways = std::map<ItemId, std::vector<Point>>;
-Ways AllRoutes(const Surface &surface) {
-    Ways routes;
-    for (const auto &link : surface.Links()) routes[link->Id()] = link->Route();
-    return routes;
-}
-
-int CountChanged(const Ways &before, const Ways &after) {
+int CountChanged(const RoutesById &before, const RoutesById &after) {
     int count = 0;
     for (const auto &[id, route] : before) count += after.at(id) != route;
     return count;
@@ -32,7 +25,7 @@ TEST_P(NudgedAgain, RoutingAndNudgingAgainChangesNothing) {
     Surface surface;
     BuildGrid(surface, dice, 6, 5, 1000, 40, 0);
     surface.Routes().TidyAll();
-    const Ways before = AllRoutes(surface);
+    const RoutesById before = AllRoutes(surface);
     surface.Routes().TidyAll();
     EXPECT_EQ(CountChanged(before, AllRoutes(surface)), 0);
 }
@@ -43,7 +36,7 @@ TEST_P(NudgedAgain, WhatComesBackInTheGroupChangesNothing) {
     AttachHistory(surface);
     BuildGrid(surface, dice, 5, 4, 1000, 25, 0);
     surface.Routes().TidyAll();
-    const Ways before = AllRoutes(surface);
+    const RoutesById before = AllRoutes(surface);
     for (const auto &link : surface.Links()) {
         const ActionGroup group(surface);
         const int style = link->Style();

@@ -1,10 +1,8 @@
 // Ends on one side of a node, and routes that share a channel, when a group of changes closes.
 #include "diagram/edit/History.h"
 #include "diagram/model/Routing.h"
-#include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Nudging.h"
-#include "diagram/shapes/Obstacles.h"
-#include "tests/diagram/model/RandomSurface.h"
+#include "tests/diagram/model/RouteChecks.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -19,28 +17,6 @@ constexpr int kVH = 2, kVHV = 4, kHVH = 5, kVHVHV = 8, kHVHVH = 9;
 constexpr double kNearly = kApart - 1;
 
 using Route = std::vector<Point>;
-using Ways = std::map<ItemId, Route>;
-Ways AllRoutes(const Surface &surface) {
-    Ways routes;
-    for (const auto &link : surface.Links()) routes[link->Id()] = link->Route();
-    return routes;
-}
-
-std::string Text(const Link &link) {
-    QString text = QStringLiteral("%1 style %2:").arg(link.Id()).arg(link.Style());
-    for (const Point &p : link.Route()) text += QStringLiteral(" (%1 %2)").arg(p.x).arg(p.y);
-    return text.toStdString();
-}
-
-bool KeepsDirections(const Link &link) {
-    const std::string_view directions = FindLinkStyle(link.Style())->directions;
-    const Route &route = link.Route();
-    if (route.size() != directions.size() + 1) return false;
-    for (std::size_t i = 0; i < directions.size(); ++i)
-        if (directions[i] == 'H' ? route[i].y != route[i + 1].y : route[i].x != route[i + 1].x) return false;
-    return true;
-}
-
 struct Piece {
     Point from, to;
     bool Level() const { return from.y == to.y; }
@@ -100,7 +76,8 @@ int CountCrossings(const Surface &surface) {
     return count;
 }
 
-int NodesOnRoute(const Link &link) {
+// How many pieces of the link run through nodes, counted once for each node.
+int PiecesInNodes(const Link &link) {
     int count = 0;
     for (const Node &node : link.Owner().Nodes()) {
         if (&node == &link.Source() || &node == &link.Destination()) continue;
@@ -253,7 +230,7 @@ TEST_F(Nudges, StairsThatSomethingStandsInTheWayOfStay) {
     link.SetStyle(kHVHVH);
     plain.Nodes().Add(3500, 100, 900, 1200), plain.Nodes().Add(6000, 3200, 900, 1800);
     plain.Routes().TidyAll();
-    EXPECT_EQ(NodesOnRoute(link), 0) << Text(link);
+    EXPECT_EQ(PiecesInNodes(link), 0) << Text(link);
     EXPECT_TRUE(KeepsDirections(link)) << Text(link);
 }
 
@@ -321,7 +298,7 @@ TEST_F(Nudges, AWayDoesntComeBackWhereANodeHasCome) {
         Box(lane - 20, 1200, 25, 1700);
         first.SetStyle(kVHV), first.SetStyle(kHVH);
     }
-    EXPECT_EQ(NodesOnRoute(first), 0) << Text(first);
+    EXPECT_EQ(PiecesInNodes(first), 0) << Text(first);
 }
 
 // With room for all of them.
@@ -341,10 +318,10 @@ TEST_P(NudgedMap, NoWayIsNudgedIntoANode) {
     Surface surface;
     BuildGrid(surface, dice, 6, 5, 700, 40, 4);
     std::map<ItemId, int> before;
-    for (const auto &link : surface.Links()) before[link->Id()] = NodesOnRoute(*link);
+    for (const auto &link : surface.Links()) before[link->Id()] = PiecesInNodes(*link);
     surface.Routes().TidyAll();
     for (const auto &link : surface.Links())
-        ASSERT_LE(NodesOnRoute(*link), before[link->Id()]) << Text(*link);
+        ASSERT_LE(PiecesInNodes(*link), before[link->Id()]) << Text(*link);
 }
 
 TEST_P(NudgedMap, MovingANodeChangesOnlyWhatIsNear_AndUndoRestoresAllOfIt) {
@@ -352,14 +329,14 @@ TEST_P(NudgedMap, MovingANodeChangesOnlyWhatIsNear_AndUndoRestoresAllOfIt) {
     Surface surface;
     AttachHistory(surface);
     BuildGrid(surface, dice, 6, 5, 1500, 40, 2);
-    const Ways before = AllRoutes(surface);
+    const RoutesById before = AllRoutes(surface);
     Node &node = AnyNode(surface, dice);
     {
         const ActionGroup group(surface);
         node.SetBounds(node.Left() + dice.Real(-2000, 2000), node.Top() + dice.Real(-2000, 2000),
                        node.Width(), node.Height());
     }
-    const Ways after = AllRoutes(surface);
+    const RoutesById after = AllRoutes(surface);
     std::set<const Node *> ends;
     std::vector<const Link *> made; // that touch it, or are in its way
     for (const auto &link : surface.Links()) {
@@ -385,8 +362,8 @@ TEST_P(NudgedMap, MovingANodeChangesOnlyWhatIsNear_AndUndoRestoresAllOfIt) {
 }
 
 TEST_P(NudgedMap, TheSameMapIsRoutedTheSame) {
-    Ways routes[2];
-    for (Ways &each : routes) {
+    RoutesById routes[2];
+    for (RoutesById &each : routes) {
         Dice dice(GetParam());
         Surface surface;
         BuildGrid(surface, dice, 6, 5, 1000, 40, 2);

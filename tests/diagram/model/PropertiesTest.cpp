@@ -142,3 +142,27 @@ TEST(Look, NewNodesTakeAllOfTheDefaults) {
     surface.SetDefaults(FullLook());
     EXPECT_EQ(surface.Nodes().Add(0, 0, 1, 1).Look(), FullLook());
 }
+
+TEST(Properties, EachRowReadsAndWritesItsOwnValueAlone) {
+    Dice dice(5);
+    const auto check = [](const auto &a, const auto &b) {
+        for (const auto &row : PropertiesOf(a)) {
+            auto mixed = a;
+            row.set(mixed, row.get(b));
+            EXPECT_TRUE(row.same(mixed, b)) << row.name;
+            EXPECT_TRUE(row.holds(mixed, row.get(b))) << row.name;
+            EXPECT_EQ(row.holds(a, row.get(b)), row.same(a, b)) << row.name;
+            for (const auto &other : PropertiesOf(a)) {
+                EXPECT_TRUE(other.id == row.id || other.same(mixed, a))
+                    << row.name << " wrote " << other.name;
+            }
+        }
+    };
+    Surface one, two;
+    Fill(one, dice, 300);
+    Fill(two, dice, 300);
+    check(AnyNode(one, dice).Data(), AnyNode(two, dice).Data());
+    check(AnyLink(one, dice).Data(), AnyLink(two, dice).Data());
+    check(one.Data(), two.Data());
+    check(one.Data().defaults, two.Data().defaults);
+}

@@ -2,9 +2,7 @@
 #include "diagram/edit/History.h"
 #include "diagram/model/Actions.h"
 #include "diagram/model/Routing.h"
-#include "diagram/shapes/LinkStyles.h"
-#include "diagram/shapes/Obstacles.h"
-#include "tests/diagram/model/RandomSurface.h"
+#include "tests/diagram/model/RouteChecks.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -15,64 +13,6 @@ using namespace diagram::testing;
 namespace {
 
 constexpr int kPolyline = 0, kVHV = 4, kHVH = 5, kHVHVH = 9;
-
-int NodesOnRoute(const Link &link) {
-    int count = 0;
-    const std::vector<Point> &route = link.Route();
-    for (const Node &node : link.Owner().Nodes()) {
-        if (node.Hidden() || &node == &link.Source() || &node == &link.Destination()) continue;
-        bool meets = false;
-        for (std::size_t i = 1; i < route.size(); ++i)
-            meets = meets || Meets(node.Bounds(), ToQPointF(route[i - 1]), ToQPointF(route[i]));
-        count += meets;
-    }
-    return count;
-}
-
-std::string Text(const Link &link) {
-    QString text = QStringLiteral("style %1:").arg(link.Style());
-    for (const Point &p : link.Route()) text += QStringLiteral(" (%1 %2)").arg(p.x).arg(p.y);
-    return text.toStdString();
-}
-
-bool KeepsDirections(const Link &link) {
-    const std::string_view directions = FindLinkStyle(link.Style())->directions;
-    const std::vector<Point> &route = link.Route();
-    if (route.size() != directions.size() + 1) return false;
-    for (std::size_t i = 0; i < directions.size(); ++i)
-        if (directions[i] == 'H' ? route[i].y != route[i + 1].y : route[i].x != route[i + 1].x) return false;
-    return true;
-}
-
-// Level or upright pieces of two links that lie on one line and overlap, nearer to each other than 10 twips.
-bool LieOnEachOther(const Point &a, const Point &b, const Point &c, const Point &d) {
-    const auto along = [](float p, float q, float r, float s) {
-        return std::min(std::max(p, q), std::max(r, s)) - std::max(std::min(p, q), std::min(r, s)) > 30;
-    };
-    const bool level = a.y == b.y && c.y == d.y && std::abs(a.y - c.y) < 10 && along(a.x, b.x, c.x, d.x);
-    const bool upright = a.x == b.x && c.x == d.x && std::abs(a.x - c.x) < 10 && along(a.y, b.y, c.y, d.y);
-    return level || upright;
-}
-
-int PiecesOnTopOfEachOther(const Surface &surface) {
-    int count = 0;
-    const auto &links = surface.Links();
-    for (std::size_t i = 0; i < links.size(); ++i)
-        for (std::size_t j = 0; j < i; ++j) {
-            const auto &one = links[i]->Route(), &other = links[j]->Route();
-            for (std::size_t k = 1; k < one.size(); ++k)
-                for (std::size_t l = 1; l < other.size(); ++l)
-                    count += LieOnEachOther(one[k - 1], one[k], other[l - 1], other[l]);
-        }
-    return count;
-}
-
-using Ways = std::map<ItemId, std::vector<Point>>;
-Ways AllRoutes(const Surface &surface) {
-    Ways routes;
-    for (const auto &link : surface.Links()) routes[link->Id()] = link->Route();
-    return routes;
-}
 
 // A and B side by side with room for a node between them.
 struct Pair {
@@ -87,18 +27,6 @@ struct Pair {
     Node &AddBlock(float top = 2500) { return surface.Nodes().Add(4500, top, 1000, 1500); }
 };
 
-// Rows and columns of nodes with gaps in which a route with four segments or more always exists.
-void FillWithGaps(Surface &surface, Dice &dice) {
-    const int columns = dice.Roll(3, 9), rows = dice.Roll(3, 9);
-    const float gap = dice.Real(150, 1200), side = dice.Real(400, 2000);
-    for (int i = 0; i < columns * rows; ++i) {
-        if (dice.Roll(0, 5) == 0) continue;
-        const float width = side * dice.Real(0.4F, 1), height = side * dice.Real(0.4F, 1);
-        surface.Nodes().Add(float(i % columns) * (side + gap) + dice.Real(0, side - width),
-                            float(i / columns) * (side + gap) + dice.Real(0, side - height), width, height);
-    }
-}
-
 } // namespace
 
 class GeneratedMap : public ::testing::TestWithParam<unsigned> {};
@@ -106,7 +34,7 @@ class GeneratedMap : public ::testing::TestWithParam<unsigned> {};
 TEST_P(GeneratedMap, NoLinkRunsThroughANode) {
     Dice dice(GetParam());
     Surface surface;
-    FillWithGaps(surface, dice);
+    FillWithGaps(surface, dice, 9, 150);
     for (int i = 0; i < 40; ++i) {
         Node &from = AnyNode(surface, dice), &to = AnyNode(surface, dice);
         if (&from == &to) continue;
@@ -121,7 +49,7 @@ TEST_P(GeneratedMap, NoLinkRunsThroughANode) {
 TEST_P(GeneratedMap, NoPolylineRunsThroughANode) {
     Dice dice(GetParam());
     Surface surface;
-    FillWithGaps(surface, dice);
+    FillWithGaps(surface, dice, 9, 150);
     for (int i = 0; i < 40; ++i) {
         Node &from = AnyNode(surface, dice), &to = AnyNode(surface, dice);
         if (&from != &to) from.Links().Add(to).SetStyle(kPolyline);
@@ -265,7 +193,7 @@ TEST(Routes, MovingANodeReroutesItsLinksAndThoseThatItBlocksOnly) {
                                 dice.Real(300, 1500));
         for (int i = 0; i < 60; ++i)
             AnyNode(surface, dice).Links().Add(AnyNode(surface, dice)).SetStyle(dice.Roll(0, 14));
-        const Ways before = AllRoutes(surface);
+        const RoutesById before = AllRoutes(surface);
         Node &node = AnyNode(surface, dice);
         node.SetBounds(dice.Real(0, 20000), dice.Real(0, 20000), node.Width(), node.Height());
         for (const auto &link : surface.Links()) {
@@ -423,71 +351,6 @@ TEST(Routes, BendsComeOutFromUnderArrowHeads) {
         EXPECT_GT(std::abs(tip.x - bend.x) + std::abs(tip.y - bend.y), 210) << Text(link);
     }
 }
-
-// The middle of three links lies between the others, not on one of them, where the room is to one side only.
-TEST(Routes, LinksBesideEachOtherShareRoomThatIsToOneSideOnly) {
-    for (int style = 4; style < 14; ++style) {
-        for (int count = 2; count <= 4; ++count) {
-            Surface surface;
-            Node &a = surface.Nodes().Add(300, 600, 1200, 900),
-                 &b = surface.Nodes().Add(3600, 1900, 1200, 900);
-            for (int i = 0; i < count; ++i) (i % 2 ? b : a).Links().Add(i % 2 ? a : b).SetStyle(style);
-            EXPECT_EQ(PiecesOnTopOfEachOther(surface), 0) << style << " " << count;
-        }
-    }
-}
-
-class RoutesBeside : public ::testing::TestWithParam<int> {};
-
-TEST_P(RoutesBeside, LinksBetweenTheSameNodesLieApart) {
-    Surface surface;
-    Node &a = surface.Nodes().Add(1000, 1000, 1200, 1200), &b = surface.Nodes().Add(6000, 4000, 1200, 1200);
-    for (int i = 0; i < 4; ++i) {
-        Link &link = i % 2 ? b.Links().Add(a) : a.Links().Add(b);
-        link.SetStyle(GetParam());
-    }
-    const auto distance = [](const Point &p, const Point &q) { return std::hypot(p.x - q.x, p.y - q.y); };
-    for (const auto &one : surface.Links())
-        for (const auto &other : surface.Links()) {
-            if (one == other) continue;
-            const bool same = &one->Source() == &other->Source();
-            const Point start = same ? other->Route().front() : other->Route().back();
-            const Point end = same ? other->Route().back() : other->Route().front();
-            EXPECT_GT(distance(one->Route().front(), start), 80) << Text(*one) << Text(*other);
-            EXPECT_GT(distance(one->Route().back(), end), 80) << Text(*one) << Text(*other);
-        }
-}
-
-TEST_P(RoutesBeside, AddingAndUndoingAnotherBringsTheWayBack) {
-    Pair pair(GetParam());
-    const auto before = pair.link.Route();
-    {
-        const ActionGroup group(pair.surface);
-        pair.b.Links().Add(pair.a).SetStyle(GetParam());
-    }
-    const auto after = AllRoutes(pair.surface);
-    EXPECT_NE(pair.link.Route(), before);
-    pair.surface.Undo();
-    EXPECT_EQ(pair.link.Route(), before);
-    pair.surface.Redo();
-    EXPECT_EQ(AllRoutes(pair.surface), after);
-}
-
-TEST_P(RoutesBeside, LoopsOnOneNodeNest) {
-    Surface surface;
-    Node &a = surface.Nodes().Add(3000, 3000, 1600, 1600);
-    for (int i = 0; i < 3; ++i) a.Links().Add(a).SetStyle(GetParam());
-    std::vector<double> reach;
-    for (const auto &link : surface.Links()) {
-        QRectF box;
-        for (const Point &p : link->Route()) box |= QRectF(p.x, p.y, 1, 1);
-        reach.push_back(box.width() + box.height());
-    }
-    EXPECT_LT(reach[0] + 50, reach[1]);
-    EXPECT_LT(reach[1] + 50, reach[2]);
-}
-
-INSTANTIATE_TEST_SUITE_P(Styles, RoutesBeside, ::testing::Range(0, 15));
 
 TEST(Routes, TenThousandLinksOnOneNodeAndBetweenTwoAreRouted) {
     Surface surface;

@@ -1,5 +1,5 @@
 // Texts far longer than anything that can be seen: what is laid out is bounded by what fits.
-#include "diagram/render/TextBlock.h"
+#include "diagram/render/TextCache.h"
 #include "tests/diagram/render/Painting.h"
 
 #include <gtest/gtest.h>

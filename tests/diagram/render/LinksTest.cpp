@@ -1,6 +1,6 @@
 #include "diagram/shapes/Arrows.h"
 #include "diagram/shapes/LinkStyles.h"
-#include "Painting.h"
+#include "tests/diagram/render/Painting.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "diagram/shapes/Shapes.h"
-#include "Painting.h"
+#include "tests/diagram/render/Painting.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "diagram/model/ScreenValues.h"
-#include "Painting.h"
+#include "tests/diagram/render/Painting.h"
 
 #include <gtest/gtest.h>
 #include <QGuiApplication>
@@ -68,7 +68,7 @@ TEST(Backdrop, FineGrid_IsMadeWider) {
     EXPECT_LT(CountOf(painting.Paint(), 0xFF0000FF), 200 * 150 / 2);
 }
 
-TEST(Backdrop, ColourAndPicture) {
+TEST(Backdrop, Picture_StandsAtTheOriginAndTheColourFillsTheRest) {
     QImage green(20, 10, QImage::Format_RGB32);
     green.fill(QColor(0, 255, 0));
     Painting painting;

@@ -1,12 +1,14 @@
-// A surface painted into a picture.
+// A surface painted into a picture, and what tests look for there.
 #pragma once
 
 #include "diagram/model/Surface.h"
 #include "diagram/render/Renderer.h"
+#include "diagram/render/TextBlock.h"
 #include "diagram/scene/Scene.h"
 
 #include <QImage>
 #include <QPainter>
+#include <QStringList>
 
 namespace diagram {
 
@@ -41,5 +43,21 @@ inline int CountOf(const QImage &image, const QRect &area, QRgb colour) {
 }
 
 inline int CountOf(const QImage &image, QRgb colour) { return CountOf(image, image.rect(), colour); }
+
+// The pixels of the area that are dark.
+inline QRect Ink(const QImage &image, const QRect &area) {
+    QRect ink;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x)
+            if (qGray(image.pixel(x, y)) < 128) ink |= QRect(x, y, 1, 1);
+    return ink;
+}
+inline QRect Ink(const QImage &image) { return Ink(image, image.rect()); }
+
+inline QStringList Lines(const TextBlock &block) {
+    QStringList lines;
+    for (const TextLine &line : block.lines) lines.append(block.text.mid(line.start, line.length));
+    return lines;
+}
 
 } // namespace diagram

@@ -1,5 +1,5 @@
-#include "diagram/render/TextBlock.h"
-#include "Painting.h"
+#include "diagram/render/TextCache.h"
+#include "tests/diagram/render/Painting.h"
 
 #include <gtest/gtest.h>
 
@@ -7,21 +7,7 @@ namespace diagram {
 
 namespace {
 
-QStringList Lines(const TextBlock &block) {
-    QStringList lines;
-    for (const TextLine &line : block.lines) lines.append(block.text.mid(line.start, line.length));
-    return lines;
-}
-
 const Font kFont(QStringLiteral("DejaVu Sans"), 10);
-
-QRect Ink(const QImage &image, const QRect &area) {
-    QRect ink;
-    for (int y = area.top(); y <= area.bottom(); ++y)
-        for (int x = area.left(); x <= area.right(); ++x)
-            if (qGray(image.pixel(x, y)) < 128) ink |= QRect(x, y, 1, 1);
-    return ink;
-}
 
 } // namespace
 
