@@ -85,7 +85,7 @@ TEST(BentConnector, TellsTheNumbersOfTheFormat) {
     EXPECT_FALSE(found->flipH || found->flipV || found->turned);
 }
 
-TEST(BentConnector, HasNoneForOtherWays) {
+TEST(BentConnector, HasNoneForOtherRoutes) {
     EXPECT_FALSE(FindBentConnector({{0, 0}, {5e5, 3e5}}));
     EXPECT_FALSE(FindBentConnector({{0, 0}, {5e5, 1e5}, {5e5, 3e5}}));
     EXPECT_FALSE(FindBentConnector({{0, 0}, {1e5, 0}, {3e5, 0}, {3e5, 1e5}}));
