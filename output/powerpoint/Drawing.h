@@ -64,7 +64,7 @@ struct TextLook {
     diagram::Font font;
     QRgb colour = 0;
     double scale = 1; // of the font
-    int across = 2;   // 0 left, 1 right, 2 middle
+    int across = 2;   // 0 left, 1 right, 2 middle, as in diagram::PlaceOf
     int down = 1;     // 0 top, 1 middle, 2 bottom
     QMarginsF insets; // EMU
     bool wraps = true;
