@@ -45,7 +45,7 @@ void ExpectFound(const Route &route) {
     }
 }
 
-// From both ends of a plane, mirrored and turned: all places that a connector can have.
+// The route as it is, mirrored in both directions, and all of these turned: every way a connector can lie.
 void ExpectFoundAllAround(const Route &route) {
     for (const double x : {1, -1})
         for (const double y : {1, -1})
