@@ -16,6 +16,9 @@ constexpr double kEmuPerPoint = 12700;
 
 inline qint64 Emu(double length) { return qRound64(length); }
 
+// The format counts fractions, of lengths, colours and fonts, in 100000ths.
+constexpr int kFractionOne = 100000;
+
 // Opens the root of a part that holds shapes, with the namespaces that these need.
 void OpenPart(package::Xml &xml, const char *root);
 
