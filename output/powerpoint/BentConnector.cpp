@@ -11,7 +11,7 @@ namespace {
 
 constexpr double kStraight = 20;    // EMU by which a horizontal or vertical segment may slant
 constexpr double kThinnest = 1270;  // EMU of a box's side, as adjustments are fractions of it
-constexpr double kMostAdjust = 2e9; // what an int holds
+constexpr double kMostAdjust = 2e9; // less than an int holds
 
 // Whether the segments are horizontal and vertical in turn, the first one horizontal if `levelFirst`.
 bool Alternates(const std::vector<QPointF> &route, bool levelFirst) {

@@ -193,9 +193,8 @@ TEST_F(PptxTest, GlueLiesAtTheEndsOfTheLink) {
     const auto part = [&](const char *which) {
         const QString name = QString::fromUtf8(position.attribute(which).value());
         const QString path = QStringLiteral(".//a:gd[@name='%1']/@fmla").arg(name);
-        const QStringList formula = TextsAt(shape, qPrintable(path))
-                                        .value(0)
-                                        .split(u' '); // "*/ PLACE SIDE LENGTH": a product, divided
+        // "*/ PLACE SIDE LENGTH": PLACE times SIDE, divided by LENGTH.
+        const QStringList formula = TextsAt(shape, qPrintable(path)).value(0).split(u' ');
         return formula.value(1).toDouble() / formula.value(3).toDouble();
     };
     EXPECT_NEAR(part("x") * 1500, link.Route().front().x, 2);
