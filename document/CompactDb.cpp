@@ -48,8 +48,9 @@ private:
 
 // The name of the map's safety copy, which is the same at all times and differs between maps of one title.
 QString CopyName(const QString &map) {
+    constexpr qsizetype kDigits = 16; // enough to tell maps apart
     const QByteArray path = QFileInfo(map).canonicalFilePath().toUtf8();
-    const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().left(16);
+    const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().left(kDigits);
     return QStringLiteral("%1-%2").arg(QString::fromLatin1(hash),
                                        support::SafeFileName(support::FileTitle(map)));
 }

@@ -69,7 +69,8 @@ template <typename Row, typename Read>
 void MapRows::ReadInto(Buckets<Row> &buckets, const Recordset &rows, int sliceColumn, Read read) {
     if (rows.IsNull(sliceColumn)) return;
     const double slice = rows.Double(sliceColumn);
-    if (!diagram::Between(slice, -32768, 32767)) return;
+    using Index = std::numeric_limits<std::int16_t>; // what the table can hold for a slice
+    if (!diagram::Between(slice, Index::min(), Index::max())) return;
     Bucket<Row> &bucket = buckets[static_cast<int>(slice)];
     if (bucket.failure) return;
     try {

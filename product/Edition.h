@@ -5,9 +5,9 @@
 
 namespace product {
 
-// Leaves Settings.nml, template.tpl, Template.nd, Template.tnd, the folders Templates and Startup in
-// `target`, made from the texts of the folder `edition`. The program's folder must be `target`: maps start
-// from the template in it.
+// Leaves Settings.nml, Default.htm, template.tpl, Template.nd, Template.tnd and the folders Templates and
+// Startup in `target`, made from the texts of the folder `edition`. The program's folder must be `target`:
+// maps start from the template in it.
 void BuildEdition(const QDir &edition, const QDir &target);
 
 } // namespace product

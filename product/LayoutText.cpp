@@ -11,7 +11,7 @@ namespace {
 
 QJsonArray ListOf(const QJsonValue &value) { return value.isArray() ? value.toArray() : QJsonArray{value}; }
 
-// `under` with the values of `over` in the place of its own.
+// `under` with the values of `over` added, in the place of its own of the same names.
 QJsonObject Over(QJsonObject under, const QJsonObject &over) {
     for (auto it = over.begin(); it != over.end(); ++it) under[it.key()] = it.value();
     return under;
@@ -43,7 +43,7 @@ QJsonObject WithBox(const QJsonObject &node) {
     return Over(Without(node, {"box"}), {{"x", box[0]}, {"y", box[1]}, {"w", box[2]}, {"h", box[3]}});
 }
 
-// One direction of a grid.
+// The columns or the rows of a grid: where each begins, and how wide or high it is.
 class Track {
 public:
     Track(double start, const QJsonValue &sizes, double gap)
@@ -96,7 +96,7 @@ private:
 
 // The lines at the head of a page.
 QJsonArray Head(const QJsonObject &slice) {
-    constexpr double kMiddle = 720, kRight = 1120;
+    constexpr double kMiddle = 720, kRight = 1120; // pixels: the note begins and ends there
     const double x = slice["headAt"][0].toDouble(20), y = slice["headAt"][1].toDouble(20);
     const std::pair<const char *, QJsonArray> lines[] = {{"title", {x, y, kMiddle - x, 40}},
                                                          {"subtitle", {x, y + 40, kMiddle - x, 30}},

@@ -1,7 +1,6 @@
 #include "product/MapText.h"
 
 #include "diagram/format/SurfaceFile.h"
-#include "diagram/geometry/Units.h"
 #include "document/clsfrmMain.h"
 #include "document/DoSave.h"
 #include "document/MapSchema.h"
@@ -20,8 +19,6 @@ namespace product {
 
 namespace {
 
-constexpr float kTwips = float(diagram::kTwipsPerPixel);
-
 // The current folder while it lives: paths of files that are saved with the map are given and kept relative
 // to it, since the delivered map must not name a folder of the machine that it was made on.
 class InFolder {
@@ -37,9 +34,7 @@ private:
     QString former_;
 };
 
-float Twips(const QJsonValue &pixels) { return float(pixels.toDouble()) * kTwips; }
-
-// Builds one map: holds the keys of the nodes by their ids, since hyperlinks look across slices.
+// Builds one map. Knows the keys of the nodes of all slices by their ids: hyperlinks lead to other slices.
 class MapBuilder {
 public:
     MapBuilder(document::MapWindow &window, const QDir &resources) : window_(window), resources_(resources) {}

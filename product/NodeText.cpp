@@ -20,7 +20,9 @@ namespace product {
 
 namespace {
 
-constexpr float kTwips = float(diagram::kTwipsPerPixel);
+// Of drawings that become pictures: twice the pixels on the same area are crisp on fine screens.
+constexpr int kSharpness = 2;
+constexpr int kDotsPerMetre = 3780; // 96 an inch
 
 // The value of the row with that name.
 template <typename Rows>
@@ -34,11 +36,10 @@ diagram::Picture PictureOf(const QString &path) {
     if (!path.endsWith(QStringLiteral(".svg"))) return diagram::Picture::FromFile(path);
     QSvgRenderer drawing(path);
     if (!drawing.isValid()) Complain(QStringLiteral("%1 is no drawing").arg(path));
-    QImage image(drawing.defaultSize() * 2, QImage::Format_ARGB32);
+    QImage image(drawing.defaultSize() * kSharpness, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
-    // Twice the pixels on the same area: crisp on fine screens.
-    image.setDotsPerMeterX(2 * 3780);
-    image.setDotsPerMeterY(2 * 3780);
+    image.setDotsPerMeterX(kSharpness * kDotsPerMetre);
+    image.setDotsPerMeterY(kSharpness * kDotsPerMetre);
     QPainter painter(&image);
     drawing.render(&painter);
     painter.end();
@@ -47,11 +48,12 @@ diagram::Picture PictureOf(const QString &path) {
 
 std::vector<diagram::Point> PointsOf(const QJsonArray &pairs) {
     std::vector<diagram::Point> points;
-    for (const QJsonValue pair : pairs)
-        points.push_back({float(pair[0].toDouble()) * kTwips, float(pair[1].toDouble()) * kTwips});
+    for (const QJsonValue pair : pairs) points.push_back({Twips(pair[0]), Twips(pair[1])});
     return points;
 }
 
+// What gives an item the value of one key. The functions below make one of a member of the item, by the form
+// of the value: a name in a table, a colour, a number, true or false, a text, a font.
 using NodeSetter = std::function<void(diagram::Node &, const QJsonValue &)>;
 using LinkSetter = std::function<void(diagram::Link &, const QJsonValue &)>;
 
@@ -131,6 +133,7 @@ const std::map<QString, LinkSetter> &LinkSetters() {
     return setters;
 }
 
+// `others` are the keys that are read elsewhere; an unknown key is an error, for it would be a misspelt one.
 template <typename Item, typename Setters>
 void Apply(Item &item, const QJsonObject &text, const Setters &setters, const QStringList &others) {
     for (auto it = text.begin(); it != text.end(); ++it) {
@@ -153,6 +156,8 @@ support::Colour ColourOf(const QString &text) {
     if (!colour.isValid()) Complain(QStringLiteral("\"%1\" is no colour").arg(text));
     return support::FromQColor(colour);
 }
+
+float Twips(const QJsonValue &pixels) { return float(pixels.toDouble()) * float(diagram::kTwipsPerPixel); }
 
 diagram::Font FontOf(const QJsonObject &text) {
     return diagram::Font(text["name"].toString(QStringLiteral("Arial")), text["size"].toDouble(9),

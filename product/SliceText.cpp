@@ -1,6 +1,5 @@
 #include "product/SliceText.h"
 
-#include "diagram/geometry/Units.h"
 #include "diagram/model/Surface.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
@@ -16,10 +15,6 @@
 namespace product {
 
 namespace {
-
-constexpr float kTwips = float(diagram::kTwipsPerPixel);
-
-float Twips(const QJsonValue &pixels) { return float(pixels.toDouble()) * kTwips; }
 
 void SetGroups(document::clsfrmMain &settings, diagram::Node &node, const QJsonObject &text) {
     QStringList names;

@@ -1,6 +1,5 @@
 #include "product/TimelineText.h"
 
-#include "diagram/geometry/Units.h"
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
 #include "product/NodeText.h"
@@ -17,11 +16,10 @@ namespace product {
 
 namespace {
 
-constexpr float kTwips = float(diagram::kTwipsPerPixel);
-
-// The places of the list that offers the arrangements.
+// In the order of the list that offers the arrangements to the user; the tag holds the position in it.
 const QStringList kArrangements = {QStringLiteral("Left"), QStringLiteral("Right"), QStringLiteral("Top"),
                                    QStringLiteral("Bottom"), QStringLiteral("Center")};
+// In the order of timeline::Lanes, behind None.
 const QStringList kLanes = {QStringLiteral("Level"), QStringLiteral("Group")};
 
 QString ArrangementOf(const QJsonObject &timeline) {
@@ -38,8 +36,8 @@ void BuildMonthLook(diagram::Surface &surface, const QJsonObject &usual, const Q
     QJsonObject own = timeline;
     for (const char *key : {"arrangement", "format", "keep", "lanes"}) own.remove(QLatin1String(key));
     ApplyNode(look, own, resources);
-    look.SetWidth(float(timeline["width"].toDouble(usual["width"].toDouble())) * kTwips);
-    look.SetHeight(float(timeline["height"].toDouble(usual["height"].toDouble())) * kTwips);
+    look.SetWidth(Twips(timeline["width"].toDouble(usual["width"].toDouble())));
+    look.SetHeight(Twips(timeline["height"].toDouble(usual["height"].toDouble())));
     document::SetTag(look, document::tags::kDateFormat,
                      timeline["format"].toString(usual["tags"]["Date_Format"].toString()));
 }

@@ -46,7 +46,8 @@ private:
     QString root_;
     HeldFolder folder_;
     PartWriter parts_;
-    qint64 size_ = 0, compactAbove_ = 0, most_ = qint64(8) << 20;
+    static constexpr qint64 kMostBytes = 8 * 1024 * 1024;
+    qint64 size_ = 0, compactAbove_ = 0, most_ = kMostBytes;
     QHash<QString, CopiedFile> copied_; // by path
     FileNames files_;                   // as they stand in the journal
     std::vector<HeldFolder> superseded_;

@@ -117,7 +117,7 @@ std::vector<CsvRows::Cell<Data>> CsvRows::CellsOf(const ItemColumns &columns,
     std::vector<Cell<Data>> cells;
     for (const ItemColumn<Data> &column : columns) {
         const bool isRead = column.isRead && std::ranges::find(leftOut, column.position) == leftOut.end();
-        // Files from before such a column came lack it.
+        // Files that were written before the column came lack it.
         const bool mayBeMissing = column.isLater && !HasColumn(column.def.name);
         if (isRead && !mayBeMissing) cells.push_back({&column, Position(column.def.name)});
     }

@@ -48,7 +48,7 @@ private:
 bool Load(MemoryWindow &other, const QString &map) {
     const CopyOfOld copy(map);
     const bool whole = document::LoadToRead(other, copy.Path().isEmpty() ? map : copy.Path());
-    other.clsSettings().SetDatabase(map); // paths hold for its folder
+    other.clsSettings().SetDatabase(map); // relative paths count from its folder
     return whole;
 }
 
@@ -102,7 +102,7 @@ void BringSlice(MapWindow &window, MemoryWindow &other, diagram::Surface &from, 
                 NewKeys &keys) {
     diagram::LoadBytes(to, timeline::PrepBytesForImport(diagram::SaveBytes(from), window,
                                                         timeline::NamesOf(other.clsSettings())));
-    to.SetPicture(from.Picture()); // the bytes have no background
+    to.SetPicture(from.Picture()); // the bytes of a surface hold no background
     to.SetBackColor(from.BackColor());
     NoteKeys(from, to, keys);
 }

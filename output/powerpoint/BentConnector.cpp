@@ -1,5 +1,7 @@
 #include "output/powerpoint/BentConnector.h"
 
+#include "output/powerpoint/Drawing.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -7,9 +9,9 @@ namespace powerpoint {
 
 namespace {
 
-constexpr double kStraight = 20;   // EMU by which a horizontal or vertical segment may slant
-constexpr double kThinnest = 1270; // EMU of a box's side, as adjustments are fractions of it
-constexpr double kMostAdjust = 2e9;
+constexpr double kStraight = 20;    // EMU by which a horizontal or vertical segment may slant
+constexpr double kThinnest = 1270;  // EMU of a box's side, as adjustments are fractions of it
+constexpr double kMostAdjust = 2e9; // less than an int holds
 
 // Whether the segments are horizontal and vertical in turn, the first one horizontal if `levelFirst`.
 bool Alternates(const std::vector<QPointF> &route, bool levelFirst) {
@@ -25,7 +27,7 @@ double Thick(double length) {
     return std::abs(length) >= kThinnest ? length : std::copysign(kThinnest, length);
 }
 
-// Where the bends lie, as parts of the way from the start to the end, across and down in turn.
+// Where the bends lie between the start and the end, as fractions of the width and the height in turn.
 std::vector<int> AdjustsOf(const std::vector<QPointF> &route, bool levelFirst) {
     const QPointF whole = route.back() - route.front();
     std::vector<int> adjusts;
@@ -33,7 +35,7 @@ std::vector<int> AdjustsOf(const std::vector<QPointF> &route, bool levelFirst) {
         const QPointF at = route[i] - route.front();
         const bool across = (i % 2 == 1) == levelFirst;
         const double part = across ? at.x() / Thick(whole.x()) : at.y() / Thick(whole.y());
-        adjusts.push_back(int(std::clamp(part * 100000, -kMostAdjust, kMostAdjust)));
+        adjusts.push_back(int(std::clamp(part * kFractionOne, -kMostAdjust, kMostAdjust)));
     }
     return adjusts;
 }

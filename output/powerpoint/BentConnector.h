@@ -15,7 +15,7 @@ struct BentConnector {
     QRectF box;
     bool flipH = false, flipV = false;
     bool turned = false;      // by a quarter, clockwise
-    std::vector<int> adjusts; // 1/100000 of the width and the height in turn
+    std::vector<int> adjusts; // fractions of the width and the height in turn, of kFractionOne
 };
 
 // The connector of a route (EMU) whose two to five segments are horizontal and vertical in turn; none for any

@@ -33,7 +33,8 @@ void WriteDashes(Xml &xml, int style) {
         if (dashes.style != style) continue;
         xml.Open("a:custDash");
         for (int i = 0; i < 6 && dashes.lengths[i]; i += 2)
-            xml.Empty("a:ds", {{"d", dashes.lengths[i] * 100000}, {"sp", dashes.lengths[i + 1] * 100000}});
+            xml.Empty("a:ds", {{"d", dashes.lengths[i] * kFractionOne},
+                               {"sp", dashes.lengths[i + 1] * kFractionOne}});
         xml.Close();
     }
 }
@@ -202,7 +203,7 @@ void WriteShadow(Xml &xml, QRgb colour, const QPointF &offset) {
                              {"algn", "ctr"},
                              {"rotWithShape", "0"}});
     xml.Open("a:srgbClr", {{"val", Hex(colour)}});
-    xml.Empty("a:alpha", {{"val", qAlpha(colour) * 100000 / 255}});
+    xml.Empty("a:alpha", {{"val", qAlpha(colour) * kFractionOne / 255}});
     xml.Close(3);
 }
 
@@ -220,7 +221,8 @@ constexpr double kSmallestFont = 1, kLargestFont = 4000; // points
 void WriteFont(Xml &xml, const TextLook &look) {
     const diagram::Font &font = look.font;
     const double size = std::clamp(font.Size() * look.scale, kSmallestFont, kLargestFont);
-    xml.Open("a:rPr", {{"sz", qRound(size * 100)},
+    constexpr int kPartsOfPoint = 100;
+    xml.Open("a:rPr", {{"sz", qRound(size * kPartsOfPoint)},
                        {"b", int(font.Bold())},
                        {"i", int(font.Italic())},
                        {"u", font.Underline() ? "sng" : "none"},
@@ -254,7 +256,7 @@ void WriteTextBody(Xml &xml, const QString &text, const TextLook &look) {
                           {"rtlCol", 0},
                           {"anchor", kDown[look.down]}});
     if (look.shrink < 1)
-        xml.Empty("a:normAutofit", {{"fontScale", qRound(look.shrink * 100000)}});
+        xml.Empty("a:normAutofit", {{"fontScale", qRound(look.shrink * kFractionOne)}});
     else
         xml.Empty("a:noAutofit");
     xml.Close().Empty("a:lstStyle");

@@ -16,6 +16,9 @@ constexpr double kEmuPerPoint = 12700;
 
 inline qint64 Emu(double length) { return qRound64(length); }
 
+// The format counts fractions, of lengths, colours and fonts, in 100000ths.
+constexpr int kFractionOne = 100000;
+
 // Opens the root of a part that holds shapes, with the namespaces that these need.
 void OpenPart(package::Xml &xml, const char *root);
 
@@ -64,7 +67,7 @@ struct TextLook {
     diagram::Font font;
     QRgb colour = 0;
     double scale = 1; // of the font
-    int across = 2;   // 0 left, 1 right, 2 middle
+    int across = 2;   // 0 left, 1 right, 2 middle, as in diagram::PlaceOf
     int down = 1;     // 0 top, 1 middle, 2 bottom
     QMarginsF insets; // EMU
     bool wraps = true;

@@ -167,7 +167,8 @@ Head HeadAt(const std::vector<QPointF> &route, double at, double before, int val
 
 void WriteHeads(ShapeContext &context, const Link &link) {
     const std::vector<QPointF> route = diagram::RoutePieces(link);
-    const double length = diagram::RouteLength(route), look = std::min(length / 3, 60.0);
+    constexpr double kLook = 60; // twips of the route before a head by which it is turned, at most
+    const double length = diagram::RouteLength(route), look = std::min(length / 3, kLook);
     if (link.ArrowSource() && !OwnKind(link.ArrowSource()))
         WriteHead(context, link, HeadAt(route, 0, look, link.ArrowSource(), link.ArrowSizeSource()));
     if (link.ArrowDest() && !OwnKind(link.ArrowDest()))

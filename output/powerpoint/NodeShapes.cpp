@@ -273,7 +273,7 @@ void WriteSeenPicture(ShapeContext &context, const PictureIds &ids, const QRectF
     xml.Empty("p:cNvPicPr").Empty("p:nvPr").Close();
     xml.Open("p:blipFill");
     WriteBlip(xml, ids);
-    const auto share = [](double length, double of) { return qRound64(length / of * 100000); };
+    const auto share = [](double length, double of) { return qRound64(length / of * kFractionOne); };
     xml.Empty("a:srcRect", {{"l", share(part.left() - whole.left(), whole.width())},
                             {"t", share(part.top() - whole.top(), whole.height())},
                             {"r", share(whole.right() - part.right(), whole.width())},

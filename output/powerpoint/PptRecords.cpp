@@ -23,8 +23,9 @@ QByteArray TextValue(const QString &text) {
 }
 
 QByteArray TimeValue(qint64 msecsSinceEpoch) {
-    constexpr qint64 kFrom1601 = 11644473600000;
-    return Values().U32(kTime).Put(quint64((msecsSinceEpoch + kFrom1601) * 10000));
+    constexpr qint64 kFrom1601 = 11644473600000; // milliseconds, to 1970
+    constexpr qint64 kTicks = 10000;             // of a millisecond
+    return Values().U32(kTime).Put(quint64((msecsSinceEpoch + kFrom1601) * kTicks));
 }
 
 struct Property {

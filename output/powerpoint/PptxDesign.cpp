@@ -150,6 +150,7 @@ QByteArray Layout(const char *type, const char *name, bool withPlaces) {
 }
 
 QByteArray NotesMaster() {
+    // EMU.
     const QRectF image(685800, 1143000, 5486400, 3086100), notes(685800, 4400550, 5486400, 3600450);
     Xml xml;
     OpenPart(xml, "p:notesMaster");

@@ -15,7 +15,7 @@ constexpr double kLine = 0.15;
 constexpr double kLabel = 3; // height of the text
 constexpr int kLetters = 26;
 
-// A to Z, AA and so on, from 0.
+// A to Z, AA and so on, for a column counted from 0.
 QString Letters(int column) {
     QString text;
     for (int rest = column; rest >= 0; rest = rest / kLetters - 1)

@@ -16,7 +16,7 @@ public:
     ~UnloadAtEnd() {
         try {
             print_.Unload();
-        } catch (...) { // what couldn't be saved must not hide what went wrong before
+        } catch (...) { // settings that can't be saved must not hide what went wrong before
         }
     }
     UnloadAtEnd(const UnloadAtEnd &) = delete;
@@ -26,7 +26,7 @@ private:
     LoadedPrint &print_;
 };
 
-// What was chosen for one document alone.
+// Forgets what the user chose for the last document alone.
 void ForgetLastJob(support::SystemPrinter &printer) {
     printer.pages = QPageRanges();
     printer.pageSet = support::PageSet::All;
@@ -36,7 +36,7 @@ void ForgetLastJob(support::SystemPrinter &printer) {
 } // namespace
 
 struct LoadedPrint::Edges {
-    support::SystemPrinter printer; // with the sheet
+    support::SystemPrinter printer; // with paper and orientation
     QMarginsF unprintable;
 };
 

@@ -8,7 +8,7 @@ namespace output {
 
 namespace {
 
-const QSizeF kLetter(15840, 12240);
+const QSizeF kLetter(15840, 12240); // twips
 
 settings::ReportFont Usable(settings::ReportFont font) {
     constexpr double kUsualSize = 10;

@@ -42,7 +42,7 @@ void Put(QByteArray &out, char32_t letter) {
         PutUnicode(out, letter);
 }
 
-// Numbers keep their own direction in either.
+// None for letters without a direction of their own, such as those of numbers.
 std::optional<bool> GoesRightToLeft(char32_t letter) {
     switch (QChar::direction(letter)) {
     case QChar::DirR:

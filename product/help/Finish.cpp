@@ -26,7 +26,8 @@ QByteArray ActionFor(const PdfFile &file, const QList<Place> &places, const QStr
     return "/S /GoTo\n/D " + Destination(file, *place) + "\n";
 }
 
-// Numbers of the entries of the tree, as they hang together: of each place, its parent (-1: the root).
+// The position of each place's parent: the last one before it of a smaller level; -1 for the root of the
+// tree.
 QList<int> Parents(const QList<Place> &places) {
     QList<int> parents;
     for (int i = 0; i < places.size(); ++i) {
@@ -60,7 +61,8 @@ private:
             if (parents_[i] == parents_[of]) return key + Reference(numbers_[i]) + "\n";
         return {};
     }
-    // Shown folded below the first level.
+    // Of the place with that position, or of the root (-1). A count below zero shows them folded: all but the
+    // first level are.
     QByteArray Children(int of) const {
         const qsizetype count = parents_.count(of);
         if (!count) return {};

@@ -107,7 +107,7 @@ Flow OfBlock(const QTextBlock &block, const QString &pictures, double width) {
     return Lines(LayOut(TextOf(block, kText), kText, width), goesOn ? 0 : kParagraphGap, false);
 }
 
-// Both of them, with the numbers of pieces that the second one names.
+// Appends the parts of `more`. The numbers of pieces that they name are moved along.
 void Append(Flow &flow, const Flow &more) {
     const int offset = int(flow.size());
     for (Part part : more) {

@@ -12,7 +12,7 @@ namespace product {
 struct Part {
     Piece piece;
     std::function<void(QPainter &painter, QPointF leftTop)> paint;
-    QString heading; // its text where a heading begins
+    QString heading; // its text, where a heading begins; else empty
     int level = 0;   // of that heading, from 2
 };
 using Flow = std::vector<Part>;

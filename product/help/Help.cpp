@@ -42,7 +42,8 @@ void PaintAtRight(QPainter &painter, const QString &text, const TextLook &look, 
     PaintText(*LayOut(rich, look, width + 1), painter, right - QPointF(width, 0));
 }
 
-// Points from the text to its page, on a grid of their own so that those of all lines stand below each other.
+// The dots from a title to the number of its page, on one grid for all lines, so that they stand below each
+// other.
 void PaintLeaders(QPainter &painter, double from, double to, double y) {
     constexpr double kStep = Points(4.5);
     painter.setPen(Qt::NoPen);

@@ -12,7 +12,8 @@ struct Piece {
     double gap = 0;          // above it, but for the top of a page
     bool keepsNext = false;  // stands on the same page as the piece behind it
     bool startsPage = false; // begins a new page
-    int repeat = -1; // the piece, a table's head, that is shown again above this one at the top of a page
+    // The piece, a table's head, that is shown again above this one at the top of a page; -1 for none.
+    int repeat = -1;
 };
 
 struct Placed {
@@ -21,8 +22,8 @@ struct Placed {
 };
 using Page = std::vector<Placed>;
 
-// The pages, each at most `height` high; a piece that is higher than that has a page of its own. What keeps
-// its next one is parted from it only where all of them together are higher than a page.
+// The pages, each at most `height` high; a piece that is higher than that has a page of its own. A piece is
+// parted from the next one that it keeps only where all that hold together are higher than a page.
 std::vector<Page> BreakIntoPages(const std::vector<Piece> &pieces, double height);
 
 } // namespace product

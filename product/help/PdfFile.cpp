@@ -18,7 +18,8 @@ namespace {
 qint64 NumberAfter(const QByteArray &bytes, const char *word, qsizetype from = 0) {
     const qsizetype at = bytes.indexOf(word, from);
     if (at < 0) Complain(word);
-    const QByteArray rest = bytes.mid(at + qsizetype(qstrlen(word)), 24).trimmed();
+    constexpr qsizetype kLongest = 24; // of a number, with the blanks around it
+    const QByteArray rest = bytes.mid(at + qsizetype(qstrlen(word)), kLongest).trimmed();
     return rest
         .left(std::find_if_not(rest.begin(), rest.end(), [](char c) { return c >= '0' && c <= '9'; }) -
               rest.begin())

@@ -25,7 +25,7 @@ RichText TextOf(const QTextBlock &block, const TextLook &look);
 QString AnchorOf(const QString &heading);
 
 using Layout = std::shared_ptr<QTextLayout>;
-// Each line at y 0; heights are LineHeight of the line's own.
+// Every line stands at y 0: the painters below place them, each LineHeight high.
 Layout LayOut(const RichText &text, const TextLook &look, double width, double indent = 0);
 double LineHeight(const QTextLine &line);
 double HeightOf(const QTextLayout &layout);

@@ -18,9 +18,9 @@ inline constexpr double kFootFromBottom = Millimetres(15);
 inline constexpr double kTextSize = 11; // points, like all sizes
 inline constexpr double kTitleSize = 30;
 inline constexpr double kSmallSize = 9.5;
-inline constexpr double kCodeShare = 0.88; // of the size of the text around
-inline constexpr double kLineHeight = 1.12;
-inline constexpr double kPictureDots = 140; // at least as many an inch
+inline constexpr double kCodeShare = 0.88;  // of the size of the text around
+inline constexpr double kLineHeight = 1.12; // of what the font asks for
+inline constexpr double kPictureDots = 140; // an inch, at least: a picture is not shown larger
 
 inline const QColor kInk(0x22, 0x26, 0x2d);
 inline const QColor kHeading(0x1f, 0x4f, 0xae);

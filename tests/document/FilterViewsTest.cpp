@@ -1,4 +1,4 @@
-// Named views: keeping, ticking, and their route through a file.
+// Named views: keeping and ticking them, saving and loading them.
 #include "document/FilterViews.h"
 
 #include "diagram/model/Surface.h"

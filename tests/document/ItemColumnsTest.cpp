@@ -41,7 +41,7 @@ TEST(ItemColumns, EveryPropertyOfANodeHasItsColumn) {
                      {{"Alignment", "TextPos"}}, {});
 }
 
-// Points have a table of their own; whose the bends are is found out by the router.
+// Points have a table of their own, and none says whose the bends are: the router finds that out.
 TEST(ItemColumns, EveryPropertyOfALinkHasItsColumn) {
     ExpectColumnsFor(kLinkColumns, diagram::LinkProperties(),
                      {{"Source", "KeySource"}, {"Destination", "KeyDest"}}, {},

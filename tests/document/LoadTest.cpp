@@ -363,7 +363,7 @@ QStringList SoundMap() {
             QStringLiteral("INSERT INTO [Fonts] VALUES ('f', 'Arial', 8, 0, 0, 0, 0)")};
 }
 
-// Each on top of that.
+// What each adds to that, or changes of it.
 std::vector<BadMap> BadMaps() {
     const QString a = QStringLiteral("a"), l = QStringLiteral("l");
     return {

@@ -17,7 +17,7 @@ namespace tests {
 BuiltEdition::~BuiltEdition() { settings::SetTerms({}); }
 
 void BuiltEdition::BuildInto(const QString &folder, const char *name) {
-    // As the tool builds: the keys of the scripted desktop would come again in every test.
+    // On the desktop that the tool has: the scripted one would draw the same keys in every test.
     {
         const support::HeadlessDesktop desktop(std::make_unique<support::MemoryRegistryStore>());
         support::SetProgramPath(folder);

@@ -14,7 +14,6 @@
 #include <gtest/gtest.h>
 #include <QDirIterator>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QSet>
 
 namespace {
@@ -154,10 +153,4 @@ TEST_F(Edition, Storyline_HasItsOwnWordsExtensionAndLevels) {
     auto window = Open(Startup());
     EXPECT_EQ(window->caption, "Storyline - The Lighthouse.story");
     EXPECT_EQ(window->clsSettings().Levels().count(), 3);
-}
-
-int main(int argc, char **argv) {
-    testing::InitGoogleTest(&argc, argv);
-    QGuiApplication app(argc, argv);
-    return RUN_ALL_TESTS();
 }

@@ -41,12 +41,12 @@ QRectF TextBox(const Node &node, diagram::TextMeasure &measure) {
     return {room.topLeft() + QPointF(across[place.across], down[place.down]), size};
 }
 
-bool Crosses(const std::vector<QPointF> &way, const QRectF &box) {
-    for (std::size_t i = 1; i < way.size(); ++i) {
-        const QPointF step = way[i] - way[i - 1];
+bool Crosses(const std::vector<QPointF> &route, const QRectF &box) {
+    for (std::size_t i = 1; i < route.size(); ++i) {
+        const QPointF step = route[i] - route[i - 1];
         const int count = 1 + int(std::hypot(step.x(), step.y()) / kTwips);
         for (int at = 0; at <= count; ++at)
-            if (box.contains(way[i - 1] + step * at / count)) return true;
+            if (box.contains(route[i - 1] + step * at / count)) return true;
     }
     return false;
 }

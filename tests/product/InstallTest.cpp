@@ -66,9 +66,9 @@ protected:
                                  "Template.nd", "Template.tnd", "help.pdf", "Startup/Harbour Coffee.map",
                                  "Templates/Strategy/SWOT Analysis.TEM"})
             EXPECT_TRUE(files.contains(QLatin1String(name))) << name;
-        // What layouts are measured by is for developers.
+        // The program that measures layouts is for developers alone.
         EXPECT_TRUE(files.filter(QStringLiteral("velmora-layout")).isEmpty());
-        // Nothing of the templates' folder stays behind, whatever folders are in it.
+        // All templates that were built, in whatever folders they are.
         const QString built = QFileInfo(tests::Program("velmora")).path() + "/Templates";
         EXPECT_EQ(FilesBelow(folder + "/Templates").size(), FilesBelow(built).size());
     }
@@ -153,7 +153,7 @@ TEST_F(Installed, MenuEntryNamesThingsThatAreThere) {
                     .contains("type=\"" + type.toUtf8() + '"'));
 }
 
-// The bytes of which the file type tells a map, in a map; and its ending is that of the edition.
+// A delivered map has the bytes by which the file type tells one, and its ending is that of the edition.
 TEST_F(Installed, MapsAreOfTheirType) {
     QXmlStreamReader xml(BytesOf(place_->filePath("usr/share/mime/packages/velmora.xml")));
     const QByteArray map = BytesOf(place_->filePath("folder/Startup/Harbour Coffee.map"));

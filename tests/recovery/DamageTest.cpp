@@ -7,7 +7,7 @@ namespace recovery {
 using namespace testing;
 
 namespace {
-constexpr qsizetype kEnd = 65536; // of the file, cut off byte by byte
+constexpr qsizetype kEnd = 65536; // bytes at the end of the file, at each of which it is cut off
 }
 
 class Damage : public JournalTest {
@@ -70,7 +70,7 @@ TEST_F(Damage, TheMapOfAFileThatIsCutHasWhatTheWholeRecordsTell) {
 TEST_F(Damage, InTheMiddleCostsThatAloneAndIsTold) {
     QByteArray bytes = ManySteps(10);
     const std::vector<Mark> marks = Marks(bytes);
-    // Head, then part and commit by turns.
+    // The records are a head, then a part and a commit by turns: this is the middle of a part.
     const qsizetype at = (marks[6].end + marks[7].end) / 2;
     ASSERT_EQ(marks[7].kind, RecordKind::Part);
     bytes[at] = char(~bytes[at]);

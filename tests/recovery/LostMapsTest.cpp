@@ -88,7 +88,8 @@ TEST_F(LostMapsDeathTest, OfAProgramThatRunsAreNotOfferedByAnother) {
     auto kept = NewKept();
     kept->AddNode(QStringLiteral("a"));
     kept->journal.Finish();
-    // The copy of a process has not all of its threads, and so no orderly end.
+    // A copy of this process is the other program. It lacks the threads of this one, so it can only end at
+    // once.
     EXPECT_EXIT(std::_Exit(int(Lost().size())), ::testing::ExitedWithCode(0), "");
     kept.reset();
     EXPECT_EXIT(std::_Exit(int(Lost().size())), ::testing::ExitedWithCode(1), "");

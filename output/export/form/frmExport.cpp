@@ -186,7 +186,7 @@ bool frmExport::GoOn() {
     return !givenUp_;
 }
 
-// Not for each of thousands of nodes.
+// Not each time it is asked: a report may have thousands of nodes.
 void frmExport::LetEventsRun() {
     constexpr qint64 kOften = 40; // milliseconds
     if (sinceShown_.isValid() && sinceShown_.elapsed() < kOften) return;

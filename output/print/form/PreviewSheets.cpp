@@ -21,6 +21,9 @@ constexpr double kLargeSheet = 16e6; // pixels beyond which a sheet is painted a
 constexpr double kPerCent = 0.01;
 constexpr int kWheelStep = 120; // what one notch of a wheel reports
 
+// Each of the shadow's layers, the edge of a sheet, and that of what is printed on it.
+const QColor kShadowTone(0, 0, 0, 28), kEdge(0, 0, 0, 90), kGuide(0, 0, 0, 45);
+
 } // namespace
 
 PreviewSheets::PreviewSheets(PrnFlow &flow, QWidget *parent) : QAbstractScrollArea(parent), flow_(&flow) {
@@ -160,14 +163,14 @@ void PreviewSheets::PaintGuides(QPainter &painter, int sheet) {
     const double scale = PixelsOfMillimetre();
     const PageLayout &layout = flow_->LayoutOf(sheet + 1);
     const QRectF body(layout.body.topLeft() * scale, layout.body.size() * scale);
-    painter.setPen(QPen(QColor(0, 0, 0, 45), 1, Qt::DotLine));
+    painter.setPen(QPen(kGuide, 1, Qt::DotLine));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(body.translated(SheetRect(sheet).topLeft()).toAlignedRect());
 }
 
 void PreviewSheets::PaintSheet(QPainter &painter, int sheet) {
     const QRectF place = SheetRect(sheet);
-    for (int i = kShadow; i > 0; --i) painter.fillRect(place.adjusted(i, i, i, i), QColor(0, 0, 0, 28));
+    for (int i = kShadow; i > 0; --i) painter.fillRect(place.adjusted(i, i, i, i), kShadowTone);
     const auto picture = painted_.constFind(sheet);
     if (picture != painted_.constEnd())
         painter.drawPixmap(place.topLeft(), *picture);
@@ -177,8 +180,7 @@ void PreviewSheets::PaintSheet(QPainter &painter, int sheet) {
         painter.fillRect(place, Qt::white);
     PaintGuides(painter, sheet);
     const bool current = flow_->Page() == sheet + 1 && Count() > 1;
-    painter.setPen(
-        QPen(current ? palette().color(QPalette::Highlight) : QColor(0, 0, 0, 90), current ? 2 : 1));
+    painter.setPen(QPen(current ? palette().color(QPalette::Highlight) : kEdge, current ? 2 : 1));
     painter.drawRect(place.adjusted(-1, -1, 0, 0));
 }
 

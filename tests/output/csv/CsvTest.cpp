@@ -75,7 +75,7 @@ QByteArray CsvTest::Bytes() const { return support::ReadWholeFile(file); }
 
 namespace {
 
-// Where a node stands for all that tells it from others.
+// The end of a link: by text and place, as keys are new ones after an import.
 QString End(const diagram::Node &node) {
     return QStringLiteral("%1@%2,%3").arg(node.Text()).arg(double(node.Left())).arg(double(node.Top()));
 }

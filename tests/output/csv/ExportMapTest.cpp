@@ -152,9 +152,11 @@ TEST_F(CsvTest, ExportGivesTextsThatBeginLikeAFormulaAMark) {
 TEST_F(CsvTest, ExportReplacesTheFileAsAWhole) {
     AddNode(QStringLiteral("A"));
     Save();
-    WriteBytes("what was there, longer than anything that follows" + QByteArray(5000, 'x'));
+    const QByteArray former = "what was there" + QByteArray(5000, 'x'); // longer than what follows
+    WriteBytes(former);
     Export();
-    EXPECT_EQ(Bytes().count('x'), Bytes().left(600).count('x')) << "nothing is left of it";
+    EXPECT_LT(Bytes().size(), former.size());
+    EXPECT_FALSE(Bytes().contains("xxx")) << "nothing is left of it";
     EXPECT_EQ(MapFiles(), (QStringList{"out.csv", "plan.map"}));
 }
 

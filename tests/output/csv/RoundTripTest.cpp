@@ -119,7 +119,7 @@ void Fill(diagram::Surface &surface, document::clsfrmMain &settings, unsigned nu
 
 class RoundTrip : public CsvTest {
 protected:
-    // Of each slice of the window's map, which is saved.
+    // For each slice of the window's map: what an import of its export gives is what was there.
     void Expect(document::MemoryWindow &from) {
         for (const int index : from.AddFlow1().Indices()) {
             diagram::Surface &surface = from.AddFlow1()[index];
@@ -146,7 +146,7 @@ TEST_F(RoundTrip, OfTheDeliveredMaps) {
     EXPECT_FALSE(maps.isEmpty());
     for (const QString &name : maps) {
         SCOPED_TRACE(name.toStdString());
-        // A copy: the slices are emptied in a map that lies elsewhere.
+        // A copy, whose slices may be emptied.
         QFile::remove(MapFile("delivered.map"));
         ASSERT_TRUE(QFile::copy(folder.filePath(name), MapFile("delivered.map")));
         QFile::setPermissions(MapFile("delivered.map"), QFile::ReadOwner | QFile::WriteOwner);

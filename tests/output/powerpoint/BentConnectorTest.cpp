@@ -45,7 +45,7 @@ void ExpectFound(const Route &route) {
     }
 }
 
-// From both ends of a plane, mirrored and turned: all places that a connector can have.
+// The route as it is, mirrored in both directions, and all of these turned: every way a connector can lie.
 void ExpectFoundAllAround(const Route &route) {
     for (const double x : {1, -1})
         for (const double y : {1, -1})
@@ -85,7 +85,7 @@ TEST(BentConnector, TellsTheNumbersOfTheFormat) {
     EXPECT_FALSE(found->flipH || found->flipV || found->turned);
 }
 
-TEST(BentConnector, HasNoneForOtherWays) {
+TEST(BentConnector, HasNoneForOtherRoutes) {
     EXPECT_FALSE(FindBentConnector({{0, 0}, {5e5, 3e5}}));
     EXPECT_FALSE(FindBentConnector({{0, 0}, {5e5, 1e5}, {5e5, 3e5}}));
     EXPECT_FALSE(FindBentConnector({{0, 0}, {1e5, 0}, {3e5, 0}, {3e5, 1e5}}));

@@ -35,8 +35,8 @@ protected:
         const QRectF place = PlacePicture({QPointF(), slide}, diagram::PictureSize(surface));
         ours.push_back({stem, diagram::ExportImage(surface), place, slide});
     }
-    // Texts that don't fit are made smaller on slides, instead of cut off. LibreOffice gives a way of its own
-    // to a connector whose two ends lie level.
+    // Texts that don't fit are made smaller on slides, instead of cut off. LibreOffice gives a route of its
+    // own to a connector whose two ends lie level.
     static void LeaveOutWhatDiffers(diagram::Surface &surface, diagram::Renderer &renderer) {
         for (diagram::Node &node : surface.Nodes())
             if (!renderer.TextFits(node)) node.SetText(QStringLiteral("short"));

@@ -125,7 +125,7 @@ TEST_F(PptxTest, APackageOfAwkwardTextsHoldsTogether) {
     ExpectWhole(Made({kLayoutTitle, false, true}));
 }
 
-// The numbers of the format have bounds: whoever reads them must find whole ones.
+// The numbers of the format are whole and have bounds.
 TEST_F(PptxTest, APackageOfAbsurdSizesHoldsTogether) {
     diagram::Node &dot = AddNode(0, 0, QStringLiteral("dot")),
                   &far = AddNode(1e7, -1e7, QStringLiteral("far"));

@@ -182,7 +182,7 @@ TEST_F(PptxTest, ALinkIsAConnectorGluedToBothShapes) {
     EXPECT_TRUE(TextsAt(slide, "//a:headEnd/@type").isEmpty());
 }
 
-// What the numbers of glue name stands where the link ends.
+// The site that the connector is glued to by its number stands where the link ends.
 TEST_F(PptxTest, GlueLiesAtTheEndsOfTheLink) {
     diagram::Node &a = AddNode(0, 0, QString()), &b = AddNode(6000, 5000, QString());
     const diagram::Link &link = Connect(a, b);
@@ -193,8 +193,8 @@ TEST_F(PptxTest, GlueLiesAtTheEndsOfTheLink) {
     const auto part = [&](const char *which) {
         const QString name = QString::fromUtf8(position.attribute(which).value());
         const QString path = QStringLiteral(".//a:gd[@name='%1']/@fmla").arg(name);
-        const QStringList formula =
-            TextsAt(shape, qPrintable(path)).value(0).split(u' '); // */ at side length
+        // "*/ PLACE SIDE LENGTH": PLACE times SIDE, divided by LENGTH.
+        const QStringList formula = TextsAt(shape, qPrintable(path)).value(0).split(u' ');
         return formula.value(1).toDouble() / formula.value(3).toDouble();
     };
     EXPECT_NEAR(part("x") * 1500, link.Route().front().x, 2);

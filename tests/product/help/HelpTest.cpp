@@ -19,11 +19,11 @@ namespace {
 
 constexpr int kMilliseconds = 60000;
 
-// What one of the readers of poppler-utils says of the file, without what it says to its user.
+// What the program prints, mostly a reader of poppler-utils. Complaints about the file come along, so they
+// spoil what is compared.
 QString Said(const QString &reader, const QStringList &arguments) {
     QProcess process;
-    process.setProcessChannelMode(
-        QProcess::MergedChannels); // complaints about the file spoil what is compared
+    process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(reader, arguments);
     if (!process.waitForStarted() || !process.waitForFinished(kMilliseconds) || process.exitCode() != 0) {
         ADD_FAILURE() << qPrintable(reader) << " (of poppler-utils): " << process.errorString().toStdString()
@@ -248,7 +248,7 @@ TEST_F(Help, TellsTitleVersionAndDate) {
         EXPECT_TRUE(info.contains(QRegularExpression(line))) << line << info.toStdString();
 }
 
-// Each by a process of its own, as each has its own order of hashes.
+// Each is written by another process: the order in hashes differs from one process to the next.
 TEST_F(Help, IsTheSameEachTime) {
     QByteArray first;
     for (const char *name : {"1.pdf", "2.pdf", "3.pdf"}) {
