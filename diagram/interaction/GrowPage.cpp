@@ -12,8 +12,8 @@ namespace diagram {
 
 namespace {
 
-constexpr double kStep =
-    150; // twips, where nothing snaps to the grid; as far apart as the usual grid's lines
+// Twips, where nothing snaps to the grid: as far apart as the lines of the usual one.
+constexpr double kStep = 150;
 
 // How far something that now begins at `now` is to be moved; `before` is where it began.
 double Missing(double now, double before, double step) {

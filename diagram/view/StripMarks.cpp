@@ -8,6 +8,7 @@
 #include "diagram/view/OverlayLook.h"
 #include "diagram/view/Viewport.h"
 
+#include <algorithm>
 #include <iterator>
 #include <QFontMetrics>
 #include <QPainter>

@@ -187,9 +187,10 @@ TEST_F(Selecting, HandlesInSightOfASmallNodeBesideTheView_GoWithIt) {
     AddNode("far", 3000, 60);
     small.SetSelected(true);
     Settle();
-    view->horizontalScrollBar()->setValue(117); // its right side lies 13 pixels to the left of the view
+    view->horizontalScrollBar()->setValue(122); // its right side lies 18 pixels to the left of the view
     const QImage before = OnScreen();
-    small.SetTop(2500 * 15);
+    small.SetTop(400 * 15);
+    Settle(); // asks for the frame that is looked at
     const QImage after = OnScreen();
     EXPECT_GT(DifferingPixels(before, after), 0);
     EXPECT_EQ(DifferingPixels(after, Seen()), 0);
