@@ -34,7 +34,7 @@ double Contrast(const QColor &a, const QColor &b) {
     return std::max(first, second) / std::min(first, second);
 }
 
-// The plate behind a text of that colour; none where it can be read on the base.
+// What a text of that colour can be read on: nothing special on most.
 QBrush PlateFor(const QColor &text, const QColor &base) {
     constexpr double kReadable = 3;
     if (Contrast(text, base) >= kReadable) return {};
