@@ -1,7 +1,7 @@
-#include "benchmarks/BarFigures.h"
-
 #include "benchmarks/BenchWindow.h"
 #include "benchmarks/Canvas.h"
+#include "benchmarks/Measure.h"
+#include "benchmarks/Parts.h"
 #include "benchmarks/Sample.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/FilterBoxes.h"
@@ -11,11 +11,8 @@
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/TickBox.h"
 
-#include <algorithm>
-#include <cmath>
 #include <QApplication>
 #include <QElapsedTimer>
-#include <stdexcept>
 
 namespace bench {
 
@@ -27,25 +24,17 @@ using mainwindow::frmMain;
 constexpr int kNodes = 10000, kRuns = 7;
 constexpr double kFrame = 8, kCommand = 50; // milliseconds
 
-void Require(bool done, const char *what) {
-    if (!done) throw std::runtime_error(what);
-}
-
-// Milliseconds until what follows in the bars and on the surface is painted; the best of some runs.
+// Milliseconds from a change until the bars and the surface are painted as it leaves them.
 double BestUntilRest(SurfaceView &view, const std::function<void()> &before,
                      const std::function<void()> &change) {
-    double best = 0;
-    for (int run = 0; run < kRuns; ++run) {
+    const auto prepare = [&] {
         before();
         Settle(view);
-        QElapsedTimer timer;
-        timer.start();
+    };
+    return BestOf(kRuns, prepare, [&] {
         change();
         Settle(view);
-        const double time = double(timer.nsecsElapsed()) / 1e6;
-        best = run == 0 ? time : std::min(best, time);
-    }
-    return best;
+    });
 }
 
 void SelectAll(diagram::Surface &surface) {
@@ -144,9 +133,8 @@ Figures BarFigures() {
     for (const auto &[name, measure] : kParts) {
         try {
             measure(figures, form);
-        } catch (const std::runtime_error &failure) {
-            figures.push_back({QString::fromLatin1(name), std::nan(""), "ms", kFrame,
-                               QStringLiteral("fails: %1").arg(failure.what())});
+        } catch (const std::exception &failure) {
+            figures.push_back(FailedFigure(QLatin1String(name), kFrame, failure));
         }
     }
     return figures;

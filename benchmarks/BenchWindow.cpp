@@ -1,7 +1,7 @@
 #include "benchmarks/BenchWindow.h"
 
 #include "benchmarks/Canvas.h"
-#include "benchmarks/Stage.h"
+#include "benchmarks/Scratch.h"
 #include "document/MapSchema.h"
 #include "document/TemplateFile.h"
 #include "document/UnsavedWork.h"
@@ -17,6 +17,7 @@ namespace {
 
 constexpr QSize kRoom(1280, 800);
 
+// Answers every question by yes, or by a text.
 class Yes : public support::MessageBoxes {
 public:
     support::Answer Show(const QString &, support::Buttons buttons, support::Icon, const QString &,
@@ -29,10 +30,31 @@ public:
     }
 };
 
+// Cancels every dialog.
 class NoForms : public support::DialogHost {
 public:
     bool ShowModal(const support::FormRequest &, support::Owner) override { return false; }
 };
+
+void GiveRoom(mainwindow::frmMain &form) {
+    diagram::SurfaceView &view = form.CurrentView();
+    form.showNormal(); // a new window is maximised, which on this screen is too small
+    Settle(view);
+    // More than one try, as the toolbars need fewer rows in a larger window.
+    for (int tries = 0; view.viewport()->size() != kRoom; ++tries) {
+        if (tries == 5) qFatal("The surface of the figures doesn't get its size");
+        form.resize(form.size() + kRoom - view.viewport()->size());
+        Settle(view);
+    }
+    view.setFocus();
+    Settle(view);
+}
+
+void CloseUnsaved(mainwindow::frmMain &form) {
+    form.clsSettings().Dirty = false;
+    document::MarkSaved(form);
+    if (!form.close()) qFatal("A window of the figures doesn't close");
+}
 
 } // namespace
 
@@ -56,8 +78,7 @@ private:
 
 BenchWindow::BenchWindow()
     : desktop_(std::make_unique<BenchDesktop>()), programPath_(support::ProgramPath()) {
-    // There the map lies that a new window begins with.
-    support::SetProgramPath(ScratchFolder());
+    support::SetProgramPath(ScratchFolder()); // where a new window finds its empty map
     if (!QFile::exists(document::TemplatePath())) document::WriteTemplate(document::TemplatePath(), {}, {});
     form_ = new mainwindow::frmMain(desktop_->Get());
     form_->ShowWindow();
@@ -65,29 +86,8 @@ BenchWindow::BenchWindow()
     GiveRoom(*form_);
 }
 
-void GiveRoom(mainwindow::frmMain &form) {
-    diagram::SurfaceView &view = form.CurrentView();
-    form.showNormal(); // a new window is maximised, on a small screen
-    Settle(view);
-    for (int tries = 0; view.viewport()->size() != kRoom; ++tries) { // bars take other rows as it grows
-        if (tries == 5) qFatal("The surface of the figures doesn't get its size");
-        form.resize(form.size() + kRoom - view.viewport()->size());
-        Settle(view);
-    }
-    view.setFocus();
-    Settle(view);
-}
-
-void CloseUnsaved(mainwindow::frmMain &form) {
-    form.clsSettings().Dirty = false;
-    document::MarkSaved(form);
-    if (!form.close()) qFatal("A window of the figures doesn't close");
-}
-
 BenchWindow::~BenchWindow() {
-    for (mainwindow::frmMain *form : mainwindow::frmMain::Forms()) {
-        CloseUnsaved(*form);
-    }
+    for (mainwindow::frmMain *form : mainwindow::frmMain::Forms()) CloseUnsaved(*form);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     support::SetProgramPath(programPath_);
 }

@@ -1,5 +1,5 @@
-// A window with an empty map, for figures that are taken in one. Boxes are answered yes and dialogs cancelled
-// at once.
+// A window with an empty map, for figures that are taken in one. Boxes are answered by yes, and dialogs are
+// cancelled at once.
 #pragma once
 
 #include "mainwindow/frmMain.h"
@@ -13,8 +13,9 @@ class BenchDesktop;
 
 class BenchWindow {
 public:
-    // 1280 x 800 pixels for the surface, shown and at rest.
+    // Shown and at rest, with 1280 x 800 pixels for the surface, which has the keyboard.
     BenchWindow();
+    // Closes it, and all others, as if nothing in them were worth a question.
     ~BenchWindow();
     BenchWindow(const BenchWindow &) = delete;
     BenchWindow &operator=(const BenchWindow &) = delete;
@@ -26,11 +27,5 @@ private:
     QString programPath_;
     mainwindow::frmMain *form_;
 };
-
-// 1280 x 800 pixels for the surface of a window that is shown; leaves it at rest, with the keyboard.
-void GiveRoom(mainwindow::frmMain &form);
-
-// Closes the window as if nothing in it were worth a question.
-void CloseUnsaved(mainwindow::frmMain &form);
 
 } // namespace bench

@@ -1,4 +1,4 @@
-// A view of the sample diagram as a user has it in front of him, and what he does with it.
+// A view of the sample diagram, and where a user would press in it.
 #pragma once
 
 #include "benchmarks/Hand.h"
@@ -9,7 +9,7 @@
 
 namespace bench {
 
-// 1280 x 800 pixels, in the middle of the diagram, shown without a window around it.
+// A view of 1280 x 800 pixels without the editor's window around it, shown and at rest.
 class Canvas {
 public:
     explicit Canvas(int nodes);
@@ -23,20 +23,20 @@ private:
     std::unique_ptr<diagram::SurfaceView> view_;
 };
 
-// The view shows about 200 boxes around the middle of the diagram, with empty caches and nothing selected.
+// Shows about 200 boxes around the middle of the diagram, with empty caches and nothing selected.
 void ShowTwoHundred(diagram::SurfaceView &view);
-// The view shows all.
+// Shows the whole diagram in the same way.
 void ShowWhole(diagram::SurfaceView &view);
-// Scrolls the point (twips) into the middle.
+// Scrolls the point (twips) into the middle of the view.
 void Centre(diagram::SurfaceView &view, const QPointF &middle);
-// Where a node can be taken hold of to move it: beside the middle, from where links are dragged.
-QPointF BodyOf(const diagram::Node &node); // twips
+// A place in the node from which a drag moves it; twips.
+QPointF BodyOf(const diagram::Node &node);
 // The node nearest to the middle of what is seen whose body no link covers.
 diagram::Node &MiddleNode(diagram::SurfaceView &view);
-// Lets the view come to rest, with an exact picture.
+// Runs events until the view shows an exact picture.
 void Settle(diagram::SurfaceView &view);
 
-// Whatever the view takes a press for, this takes a place for that too; twips.
+// For places that must be free: hits from further away than the view itself does; twips.
 inline constexpr diagram::HitOptions kGenerousHit{.tolerance = 150, .handleSize = 300};
 
 } // namespace bench

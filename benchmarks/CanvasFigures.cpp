@@ -1,18 +1,13 @@
-#include "benchmarks/CanvasFigures.h"
-
 #include "benchmarks/BenchWindow.h"
 #include "benchmarks/Canvas.h"
+#include "benchmarks/Measure.h"
+#include "benchmarks/Parts.h"
 #include "benchmarks/Sample.h"
-#include "benchmarks/Stage.h"
 #include "diagram/hit/HitTest.h"
-#include "document/MapSchema.h"
-#include "document/TemplateFile.h"
 #include "mainwindow/frmMain.h"
-#include "support/Files.h"
+#include "mainwindow/StartOffer.h"
 
 #include <array>
-#include <cmath>
-#include <QApplication>
 #include <QLineF>
 #include <QLocale>
 #include <stdexcept>
@@ -36,12 +31,7 @@ void Sweep(Hand &hand, const QPoint &from, const QPoint &to, int steps,
 
 QPoint Body(SurfaceView &view, const diagram::Node &node) { return view.FromSurface(BodyOf(node)).toPoint(); }
 
-// A gesture that doesn't do what it is timed for has no figure.
-void Require(bool done, const char *what) {
-    if (!done) throw std::runtime_error(what);
-}
-
-constexpr std::size_t kMany = 150; // of the two hundred in sight, some lie at the edges
+constexpr std::size_t kMany = 150; // of the two hundred in sight; those at the edges may be missing
 
 // Near the left top corner, with nothing under it.
 QPoint FreePlace(SurfaceView &view) {
@@ -68,7 +58,8 @@ std::vector<QRectF> BoxesOfSelected(SurfaceView &view) {
     return boxes;
 }
 
-// Of `least` nodes or more. Without snapping, so that each event moves something.
+// Drags the `least` nodes or more that are selected once `from` is pressed, there and back. Alt turns
+// snapping off, so that each event moves something.
 void Drag(Hand &hand, SurfaceView &view, const QPoint &from, std::size_t least) {
     const QPoint far = from + QPoint(210, 130), behind = from - QPoint(90, 200);
     hand.Press(from);
@@ -109,9 +100,9 @@ diagram::Link &LinkInSight(SurfaceView &view) {
     throw std::runtime_error("a link is in sight");
 }
 
-// The line goes round the nodes at each step.
+// The link is routed round the nodes at each step.
 void DragLinkEnd(Hand &hand, SurfaceView &view) {
-    constexpr int kHvhvh = 9;
+    constexpr int kHvhvh = 9; // the style of that name
     diagram::Link &link = LinkInSight(view);
     const int style = link.Style();
     link.SetStyle(kHvhvh);
@@ -165,11 +156,10 @@ void Measure(Figures &figures, SurfaceView &view, const QString &where) {
             const Timing timing = BestOf(
                 hand, [&](Hand &) { ShowTwoHundred(view); }, [&](Hand &same) { gesture.run(same, view); });
             figures.push_back({name, timing.Worst(), "ms", kFrame, timing.Remark()});
-        } catch (const std::runtime_error &failure) {
+        } catch (const std::exception &failure) {
             hand.Key(Qt::Key_Escape);
             hand.Release({});
-            figures.push_back(
-                {name, std::nan(""), "ms", kFrame, QStringLiteral("fails: %1").arg(failure.what())});
+            figures.push_back(FailedFigure(name, kFrame, failure));
         }
     }
 }
@@ -189,18 +179,10 @@ Figures CanvasFigures() {
 
 Figures WindowFigures() {
     Figures figures;
-    const QString program = support::ProgramPath();
-    support::SetProgramPath(ScratchFolder());
-    document::WriteTemplate(document::TemplatePath(), {}, {});
-    auto *window = new mainwindow::frmMain(support::CurrentDesktop());
-    window->ShowWindow();
-    FillSample(window->CurrentSurface(), 10000);
-    SurfaceView &view = window->CurrentView();
-    GiveRoom(*window);
-    Measure(figures, view, QStringLiteral("in a window"));
-    CloseUnsaved(*window);
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    support::SetProgramPath(program);
+    BenchWindow window;
+    window.Form().Start().Leave();
+    FillSample(window.Form().CurrentSurface(), 10000);
+    Measure(figures, window.Form().CurrentView(), QStringLiteral("in a window"));
     return figures;
 }
 

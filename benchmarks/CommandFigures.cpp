@@ -1,16 +1,15 @@
-#include "benchmarks/CommandFigures.h"
-
 #include "benchmarks/BenchWindow.h"
 #include "benchmarks/Canvas.h"
+#include "benchmarks/Measure.h"
+#include "benchmarks/Parts.h"
 #include "benchmarks/Sample.h"
-#include "benchmarks/Stage.h"
+#include "benchmarks/Scratch.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/Toolbar.h"
 
 #include <algorithm>
 #include <functional>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFile>
 
 namespace bench {
@@ -50,38 +49,37 @@ void FillSmall(frmMain &form) {
     Settle(form.CurrentView());
 }
 
-// Until the frame of the window that it concerns is painted; what a timer still tidies up counts, too.
-double TimeOf(frmMain &form, const Command &command) {
-    QElapsedTimer timer;
-    timer.start();
+// Runs the command and paints the window, with what timers still do after it.
+void RunAndSettle(frmMain &form, const Command &command) {
     command.run(form);
     if (form.isVisible())
         Settle(form.CurrentView());
     else
         QApplication::processEvents();
-    return double(timer.nsecsElapsed()) / 1e6;
 }
 
-double BestOf(const Command &command, bool small) {
-    double best = 0;
-    for (int run = 0; run < kRuns; ++run) {
+using Fill = void (*)(frmMain &form);
+void LeaveEmpty(frmMain &) {}
+
+double TimeOfCommand(const Command &command, Fill fill) {
+    return BestOf(kRuns, [&] {
         BenchWindow window;
-        if (small) FillSmall(window.Form());
+        fill(window.Form());
         const QString path = ScratchFolder() + QStringLiteral("/command.map");
         QFile::remove(path);
         window.Form().clsSettings().SetDatabase(path);
-        const double time = TimeOf(window.Form(), command);
-        best = run == 0 ? time : std::min(best, time);
-    }
-    return best;
+        return TimeOf([&] { RunAndSettle(window.Form(), command); });
+    });
 }
 
-void AddWorst(Figures &figures, const char *name, bool small) {
+void AddWorst(Figures &figures, const char *name, Fill fill) {
+    constexpr std::size_t kNamed = 4; // of the slowest
     std::vector<std::pair<double, QString>> times;
-    for (const Command &command : AllCommands()) times.emplace_back(BestOf(command, small), command.name);
+    for (const Command &command : AllCommands())
+        times.emplace_back(TimeOfCommand(command, fill), command.name);
     std::sort(times.rbegin(), times.rend());
     QString remark = QStringLiteral("median %1 ms;").arg(times[times.size() / 2].first, 0, 'f', 1);
-    for (std::size_t i = 0; i < 4; ++i)
+    for (std::size_t i = 0; i < kNamed; ++i)
         remark += QStringLiteral(" %1 %2").arg(times[i].second).arg(times[i].first, 0, 'f', 1);
     figures.push_back({QString::fromLatin1(name), times.front().first, QStringLiteral("ms"), kBound, remark});
 }
@@ -90,8 +88,8 @@ void AddWorst(Figures &figures, const char *name, bool small) {
 
 Figures CommandFigures() {
     Figures figures;
-    AddWorst(figures, "the slowest command on an empty map, painted", false);
-    AddWorst(figures, "the slowest command on a small map, painted", true);
+    AddWorst(figures, "the slowest command on an empty map, painted", LeaveEmpty);
+    AddWorst(figures, "the slowest command on a small map, painted", FillSmall);
     return figures;
 }
 

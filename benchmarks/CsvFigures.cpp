@@ -1,7 +1,7 @@
 // A slice of 10,000 nodes and 13,000 links as a text file of columns, out and in, beside the least that has
 // to be done: the file's rows read by bare SQLite (RawRead in StoreFigures.cpp), the file's characters cut
 // into fields.
-#include "benchmarks/Stage.h"
+#include "benchmarks/Scratch.h"
 #include "diagram/edit/History.h"
 #include "document/clsfrmMain.h"
 #include "document/DoLoad.h"

@@ -1,5 +1,5 @@
-#include "benchmarks/EditFigures.h"
-
+#include "benchmarks/Measure.h"
+#include "benchmarks/Parts.h"
 #include "benchmarks/Sample.h"
 #include "diagram/edit/History.h"
 #include "diagram/interaction/MoveNodes.h"
@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <functional>
 #include <malloc.h>
-#include <QElapsedTimer>
 #include <QFile>
 
 namespace bench {
@@ -19,6 +18,7 @@ namespace {
 
 constexpr int kNodes = 10000, kSteps = 10000, kRuns = 7;
 
+// The sample diagram with its scene, without a view.
 struct Stage {
     Stage() {
         diagram::AttachHistory(surface);
@@ -32,13 +32,12 @@ struct Stage {
 };
 
 // Milliseconds until the model has changed, and routes, bounds and index follow.
-double TimeOf(Stage &stage, const std::function<void()> &change) {
+double TimeOfChange(Stage &stage, const std::function<void()> &change) {
     stage.scene.TakeDamage();
-    QElapsedTimer timer;
-    timer.start();
-    change();
-    stage.scene.TakeDamage();
-    return double(timer.nsecsElapsed()) / 1e6;
+    return TimeOf([&] {
+        change();
+        stage.scene.TakeDamage();
+    });
 }
 
 double ResidentMiB() {
@@ -50,7 +49,7 @@ double ResidentMiB() {
     return 0;
 }
 
-// One step each: a few nodes are moved by turns.
+// MiB that the history of kSteps steps takes, each of which moves one node.
 double HistoryWeight() {
     Stage stage;
     std::vector<diagram::Node *> nodes;
@@ -58,7 +57,7 @@ double HistoryWeight() {
     const double before = ResidentMiB();
     for (int step = 0; step < kSteps; ++step) {
         stage.surface.UnselectAll();
-        nodes[size_t(step) * 7919 % nodes.size()]->SetSelected(true);
+        nodes[size_t(step) * 7919 % nodes.size()]->SetSelected(true); // a prime: all over the diagram
         diagram::MoveSelection(stage.surface, diagram::DayStrip::None(), {150, 75});
         stage.scene.TakeDamage();
     }
@@ -69,13 +68,13 @@ void TimeUndo(Figures &figures) {
     Stage stage;
     for (diagram::Node &node : stage.surface.Nodes()) node.SetSelected(true);
     stage.scene.TakeDamage();
-    const double move = TimeOf(stage, [&] {
+    const double move = TimeOfChange(stage, [&] {
         diagram::MoveSelection(stage.surface, diagram::DayStrip::None(), {300, 150});
     });
     double undo = 0, redo = 0;
     for (int run = 0; run < kRuns; ++run) {
-        const double back = TimeOf(stage, [&] { stage.surface.Undo(); });
-        const double again = TimeOf(stage, [&] { stage.surface.Redo(); });
+        const double back = TimeOfChange(stage, [&] { stage.surface.Undo(); });
+        const double again = TimeOfChange(stage, [&] { stage.surface.Redo(); });
         undo = run == 0 ? back : std::min(undo, back);
         redo = run == 0 ? again : std::min(redo, again);
     }

@@ -8,9 +8,9 @@ namespace bench {
 
 struct Figure {
     QString name;
-    double value;
+    double value;   // not a number where it could not be measured
     QString unit;   // "x" for a ratio
-    double bound;   // at most; 0 when the figure is only told
+    double bound;   // the most that it may be; 0 for a figure that is only reported
     QString remark; // what a ratio was made of, or how the value was taken
 };
 

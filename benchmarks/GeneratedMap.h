@@ -1,4 +1,4 @@
-// Maps from a number: what routes are counted on, and what is laid out.
+// Random diagrams, the same at each call.
 #pragma once
 
 namespace diagram {
@@ -7,14 +7,15 @@ class Surface;
 
 namespace bench {
 
-// Rows and columns of nodes with gaps, some of them left out, and links of a style, or each of the best one,
-// from anywhere to anywhere.
+// For routing: a grid of nodes of different sizes, in which some are left out, and 40 links of the style from
+// anywhere to anywhere; kAutomaticStyle gives each link the best one. Another diagram for each seed.
 void FillGenerated(diagram::Surface &surface, unsigned seed, int style);
 
-// Each node hangs below one of the 40 before it, and three in ten more links go downwards, as plans do. All
-// stand in one place.
+// For layouts, with all nodes in one place: like a plan, where each node hangs below one of the 40 before it;
+// three links to ten nodes more lead downwards.
 void FillPlan(diagram::Surface &surface, int nodes);
-// Any node is linked with any other: many layers, and links that pass most of them.
+// The same with 13 links to ten nodes from anywhere to anywhere: many layers, and links that pass most of
+// them.
 void FillAnyhow(diagram::Surface &surface, int nodes);
 
 } // namespace bench

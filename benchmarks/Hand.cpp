@@ -20,7 +20,7 @@ bool Hand::eventFilter(QObject *, QEvent *event) {
     return false;
 }
 
-// What the event asks for is put off to the event loop: the flush, then the frame.
+// A view collects what changes until its posted flush, which then posts the frame; both are sent here.
 void Hand::Do(const std::function<void()> &what) {
     QElapsedTimer timer;
     timer.start();

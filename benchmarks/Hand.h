@@ -1,4 +1,5 @@
-// A user's hand: real events on the viewport of a real view, each timed up to the painted frame.
+// Events as a user's mouse and keyboard send them to the viewport of a view, each timed up to the painted
+// frame.
 #pragma once
 
 #include <functional>
@@ -22,11 +23,12 @@ public:
                Qt::MouseButton button = Qt::LeftButton);
     void Release(const QPoint &at, Qt::KeyboardModifiers modifiers = {});
     void Wheel(const QPoint &at, int notches, Qt::KeyboardModifiers modifiers = {});
-    // Goes to whatever has the focus.
+    // To whatever has the focus.
     void Key(int key, const QString &text = QString(), Qt::KeyboardModifiers modifiers = {});
-    // Anything else that ends in a frame.
+    // Times anything else that ends in a frame.
     void Do(const std::function<void()> &what);
 
+    // The times since the last call.
     Steps TakeSteps() { return std::exchange(steps_, {}); }
     // How often the viewport was painted since the last call.
     int TakeFrames() { return std::exchange(frames_, 0); }
@@ -44,7 +46,7 @@ private:
     int frames_ = 0;
 };
 
-// Of a gesture.
+// How long the steps of a gesture took.
 struct Timing {
     Steps steps;
     int frames = 0;
@@ -54,7 +56,7 @@ struct Timing {
     QString Remark() const; // tells how many steps, and the median
 };
 
-// Runs a gesture several times, `before` each time without being timed, and keeps the best of each step: what
+// Runs a gesture several times, with `before` untimed ahead of it, and keeps the best time of each step: what
 // the machine's other work adds is not ours.
 Timing BestOf(Hand &hand, const std::function<void(Hand &)> &before,
               const std::function<void(Hand &)> &gesture);

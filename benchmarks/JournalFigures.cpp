@@ -1,9 +1,9 @@
-#include "benchmarks/JournalFigures.h"
-
 #include "benchmarks/BenchWindow.h"
 #include "benchmarks/Canvas.h"
+#include "benchmarks/Measure.h"
+#include "benchmarks/Parts.h"
 #include "benchmarks/Sample.h"
-#include "benchmarks/Stage.h"
+#include "benchmarks/Scratch.h"
 #include "mainwindow/WindowJournal.h"
 #include "recovery/LostMaps.h"
 
@@ -12,7 +12,6 @@
 #include <numeric>
 #include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
 
 namespace bench {
 
@@ -21,8 +20,8 @@ namespace {
 using mainwindow::frmMain;
 
 constexpr int kRuns = 5, kDragSteps = 240;
-constexpr double kMillion = 1e6;
 
+// The folder of the journals.
 QString State() { return ScratchFolder() + QStringLiteral("/state"); }
 
 // A window with a filled slice and unsaved work, with a journal or without one.
@@ -56,35 +55,35 @@ bool IsKept() {
 }
 
 struct Keeping {
-    double seconds = 0, longestGap = 0; // milliseconds, of the event loop
+    double seconds = 0;
+    double longestGap = 0; // milliseconds of one turn of the event loop
 };
 
-// From an edit until the whole map is on the disk. The gap is that between two turns of the loop.
+// From an edit until the whole map is on the disk.
 Keeping TimeOfKeeping(int nodes) {
     KeptWindow window(nodes, true);
-    QElapsedTimer whole, turn;
-    whole.start();
     Keeping keeping;
-    while (!IsKept()) {
-        turn.start();
-        QCoreApplication::processEvents(QEventLoop::AllEvents);
-        keeping.longestGap = std::max(keeping.longestGap, double(turn.nsecsElapsed()) / kMillion);
-    }
-    keeping.seconds = double(whole.nsecsElapsed()) / kMillion / 1000;
+    const double whole = TimeOf([&] {
+        while (!IsKept())
+            keeping.longestGap = std::max(
+                keeping.longestGap, TimeOf([] { QCoreApplication::processEvents(QEventLoop::AllEvents); }));
+    });
+    keeping.seconds = whole / 1000;
     return keeping;
 }
 
 Keeping BestOfKeeping(int nodes) {
-    Keeping best{1e9, 1e9};
-    for (int run = 0; run < kRuns; ++run) {
+    Keeping best = TimeOfKeeping(nodes);
+    for (int run = 1; run < kRuns; ++run) {
         const Keeping each = TimeOfKeeping(nodes);
         best = {std::min(best.seconds, each.seconds), std::min(best.longestGap, each.longestGap)};
     }
     return best;
 }
 
-// Milliseconds of a drag of all nodes in sight and back, long enough for the journal to come in between.
-double TimeOfDrag(bool keeps, double &longestSlice) {
+// Milliseconds of a drag of all nodes in sight and back, long enough for the journal to work in between.
+// Raises `longestTurn` to the most milliseconds that it worked at a time.
+double TimeOfDrag(bool keeps, double &longestTurn) {
     KeptWindow window(10000, keeps);
     frmMain &form = window.Form();
     if (keeps) form.Journal()->Writer().Finish();
@@ -101,7 +100,7 @@ double TimeOfDrag(bool keeps, double &longestSlice) {
         hand.Move(from + QPoint(step % 90, step % 70), Qt::AltModifier);
     hand.Release(from + QPoint(30, 30));
     const Steps steps = hand.TakeSteps();
-    if (keeps) longestSlice = std::max(longestSlice, form.Journal()->Writer().LongestSlice());
+    if (keeps) longestTurn = std::max(longestTurn, form.Journal()->Writer().LongestTurn());
     return std::accumulate(steps.begin(), steps.end(), 0.0);
 }
 

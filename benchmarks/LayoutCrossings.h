@@ -5,6 +5,7 @@
 
 namespace bench {
 
+// For LayoutFigures.
 Figures LayoutCrossings();
 
 } // namespace bench

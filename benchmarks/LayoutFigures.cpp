@@ -1,6 +1,7 @@
-#include "benchmarks/CommandFigures.h"
 #include "benchmarks/GeneratedMap.h"
 #include "benchmarks/LayoutCrossings.h"
+#include "benchmarks/Measure.h"
+#include "benchmarks/Parts.h"
 #include "diagram/layout/Layout.h"
 #include "diagram/layout/Layouts.h"
 #include "diagram/layout/TidyTree.h"
@@ -10,7 +11,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <QElapsedTimer>
 #include <QLocale>
 #include <random>
 
@@ -21,18 +21,11 @@ namespace {
 constexpr int kRuns = 5;
 constexpr int kChildren = 4; // at most, of a box of the tree
 
-double TimeOf(const std::function<void()> &what) {
-    QElapsedTimer timer;
-    timer.start();
-    what();
-    return double(timer.nsecsElapsed()) / 1e6;
+double BestTimeOf(const std::function<void()> &what) {
+    return BestOf(kRuns, [&] { return TimeOf(what); });
 }
 
-double BestOf(const std::function<double()> &run) {
-    double best = run();
-    for (int i = 1; i < kRuns; ++i) best = std::min(best, run());
-    return best;
-}
+QString Count(int number) { return QLocale(QLocale::English).toString(number); }
 
 struct Filling {
     const char *name;
@@ -40,25 +33,23 @@ struct Filling {
 };
 constexpr Filling kPlan{"", FillPlan}, kAnyhow{" anyhow", FillAnyhow};
 
-// The whole command on a surface, beside what the yardstick takes for the places alone.
+// The layout alone. The remark has the whole command on a surface and, if `beside`, the yardstick's layout.
 void AddLayered(Figures &figures, const Filling &filling, int nodes, double bound, bool beside) {
     diagram::Surface surface;
     filling.fill(surface, nodes);
     const diagram::LayoutOptions options;
     const diagram::LayoutGraph graph = SubjectOf(surface, diagram::LayoutScope::All).graph;
     const auto goOn = [] { return true; };
-    const double whole = BestOf(
-        [&] { return TimeOf([&] { LayOutInLayers(surface, diagram::LayoutScope::All, options, goOn); }); });
-    const double ours = BestOf([&] { return TimeOf([&] { DrawInLayers(graph, options, goOn); }); });
+    const double whole =
+        BestTimeOf([&] { LayOutInLayers(surface, diagram::LayoutScope::All, options, goOn); });
+    const double ours = BestTimeOf([&] { DrawInLayers(graph, options, goOn); });
     QString remark = QStringLiteral("%1 ms with nodes and links placed").arg(whole, 0, 'f', 1);
     if (beside)
         remark += QStringLiteral(", dot %1 ms")
-                      .arg(BestOf([&] { return yardstick::TimeOfDot(graph, options); }), 0, 'f', 1);
-    figures.push_back(
-        {QStringLiteral("layered layout, %1 nodes, %2 links%3")
-             .arg(QLocale(QLocale::English).toString(nodes))
-             .arg(QLocale(QLocale::English).toString(int(graph.edges.size())), QLatin1String(filling.name)),
-         ours, QStringLiteral("ms"), bound, remark});
+                      .arg(BestOf(kRuns, [&] { return yardstick::TimeOfDot(graph, options); }), 0, 'f', 1);
+    figures.push_back({QStringLiteral("layered layout, %1 nodes, %2 links%3")
+                           .arg(Count(nodes), Count(int(graph.edges.size())), QLatin1String(filling.name)),
+                       ours, QStringLiteral("ms"), bound, remark});
 }
 
 diagram::LayoutGraph Tree(int boxes) {
@@ -74,9 +65,9 @@ diagram::LayoutGraph Tree(int boxes) {
 
 void AddTree(Figures &figures, int boxes, double bound) {
     const diagram::LayoutGraph tree = Tree(boxes);
-    const double time = BestOf([&] { return TimeOf([&] { TidyTree(tree, {}); }); });
-    figures.push_back({QStringLiteral("tree of %1 nodes").arg(QLocale(QLocale::English).toString(boxes)),
-                       time, QStringLiteral("ms"), bound, QString()});
+    const double time = BestTimeOf([&] { TidyTree(tree, {}); });
+    figures.push_back(
+        {QStringLiteral("tree of %1 nodes").arg(Count(boxes)), time, QStringLiteral("ms"), bound, QString()});
 }
 
 // The whole command on a surface: reading it, placing, moving the nodes.
@@ -87,11 +78,9 @@ void AddTreeOnSurface(Figures &figures, int nodes, double bound) {
         all.push_back(&surface.Nodes().Add(0, 0, float(size.width()), float(size.height())));
     for (const diagram::LayoutEdge &edge : Tree(nodes).edges)
         all[std::size_t(edge.from)]->Links().Add(*all[std::size_t(edge.to)]);
-    const double time =
-        BestOf([&] { return TimeOf([&] { LayOutAsTree(surface, diagram::LayoutScope::All, {}); }); });
-    figures.push_back({QStringLiteral("tree of %1 nodes on a surface, nodes moved")
-                           .arg(QLocale(QLocale::English).toString(nodes)),
-                       time, QStringLiteral("ms"), bound, QString()});
+    const double time = BestTimeOf([&] { LayOutAsTree(surface, diagram::LayoutScope::All, {}); });
+    figures.push_back({QStringLiteral("tree of %1 nodes on a surface, nodes moved").arg(Count(nodes)), time,
+                       QStringLiteral("ms"), bound, QString()});
 }
 
 void AddMoves(Figures &figures) {
@@ -114,10 +103,9 @@ void AddKind(Figures &figures, const char *name, int nodes, double bound) {
     diagram::Surface surface;
     FillPlan(surface, nodes);
     const diagram::LayoutRow &row = *diagram::FindLayout(QLatin1String(name));
-    const double time = BestOf([&] { return TimeOf([&] { row.layOut(surface, {}); }); });
-    figures.push_back({QStringLiteral("%1 layout of %2 nodes")
-                           .arg(QLatin1String(name), QLocale(QLocale::English).toString(nodes)),
-                       time, QStringLiteral("ms"), bound, QString()});
+    const double time = BestTimeOf([&] { row.layOut(surface, {}); });
+    figures.push_back({QStringLiteral("%1 layout of %2 nodes").arg(QLatin1String(name), Count(nodes)), time,
+                       QStringLiteral("ms"), bound, QString()});
 }
 
 } // namespace

@@ -1,6 +1,5 @@
-#include "benchmarks/OrthoCrossings.h"
-
 #include "benchmarks/GeneratedMap.h"
+#include "benchmarks/Parts.h"
 #include "diagram/layout/Layout.h"
 #include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Routing.h"

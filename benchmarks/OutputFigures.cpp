@@ -1,7 +1,6 @@
-#include "benchmarks/OutputFigures.h"
-
+#include "benchmarks/Parts.h"
 #include "benchmarks/Sample.h"
-#include "benchmarks/Stage.h"
+#include "benchmarks/Scratch.h"
 #include "document/DoSave.h"
 #include "document/MemoryWindow.h"
 #include "output/csv/ExportMap.h"
@@ -125,7 +124,7 @@ struct Plain {
     qsizetype files = 0;
 };
 
-// The files of the folder written once more, without any thought of what was there before.
+// Writes the files of the folder once more, each straight to its place, and flushes them one by one.
 Plain WritePlainly(const QString &folder) {
     std::vector<QByteArray> contents;
     for (const QString &name : QDir(folder).entryList(QDir::Files))

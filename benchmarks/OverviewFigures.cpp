@@ -1,10 +1,9 @@
 #include "benchmarks/Canvas.h"
-#include "benchmarks/CanvasFigures.h"
+#include "benchmarks/Measure.h"
+#include "benchmarks/Parts.h"
 
-#include <algorithm>
 #include <functional>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QLocale>
 #include <QScrollBar>
 
@@ -14,8 +13,7 @@ namespace {
 
 using diagram::SurfaceView;
 
-constexpr double kFrame = 1000.0 / 60; // milliseconds
-constexpr double kRest = 100;
+constexpr double kFrame = 1000.0 / 60, kRest = 100; // milliseconds
 
 // Notch by notch out from 200 boxes to all of them, at a place beside the middle, and in again.
 void ZoomOut(Hand &hand, SurfaceView &view, double whole) {
@@ -47,18 +45,12 @@ void Add(Figures &figures, const QString &name, const Timing &timing, double bou
 
 // Milliseconds from what is done to the exact picture.
 double TimeToRest(SurfaceView &view, const std::function<void()> &before, const std::function<void()> &what) {
-    double best = 0;
-    for (int run = 0; run < 5; ++run) {
-        before();
-        QElapsedTimer timer;
-        timer.start();
+    constexpr int kRuns = 5;
+    return BestOf(kRuns, before, [&] {
         what();
-        QApplication::sendPostedEvents(); // the frame is asked for: till then the picture counts as exact
+        QApplication::sendPostedEvents(); // asks for the frame: until then the picture counts as exact
         Settle(view);
-        const double time = double(timer.nsecsElapsed()) / 1e6;
-        best = run == 0 ? time : std::min(best, time);
-    }
-    return best;
+    });
 }
 
 void AddRest(Figures &figures, const QString &count, SurfaceView &view, double whole) {

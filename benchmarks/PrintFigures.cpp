@@ -1,14 +1,12 @@
-#include "benchmarks/PrintFigures.h"
-
 #include "benchmarks/BenchWindow.h"
+#include "benchmarks/Measure.h"
+#include "benchmarks/Parts.h"
 #include "benchmarks/Sample.h"
 #include "output/print/form/frmPrint.h"
 #include "output/print/form/PreviewSheets.h"
 
 #include <algorithm>
 #include <QApplication>
-#include <QElapsedTimer>
-#include <QPointer>
 
 namespace bench {
 
@@ -25,21 +23,21 @@ struct Opened {
 
 // The surface is copied, laid out on pages, and the first of them painted.
 Opened OpenPreview(mainwindow::frmMain &window, bool fit) {
-    QElapsedTimer timer;
-    timer.start();
-    const auto loaded = std::make_shared<print::LoadedPrint>(window.Desktop());
-    print::PrnFlow &flow = loaded->PrnFlow1;
-    flow.FitToPage = fit;
-    flow.SetSource([&window](const print::PageSetup &setup) { return print::CopyMap(window, setup, 0); });
-    flow.Preview = true;
-    const QPointer<print::frmPrint> form =
-        new print::frmPrint({window.Desktop(), loaded, [](const QString &) { return QIcon(); }, {}});
-    form->show();
-    flow.Run();
-    while (!form->Sheets().IsPainted(0)) QApplication::processEvents();
-    const Opened opened{double(timer.nsecsElapsed()) / 1e6, flow.Pages()};
-    delete form;
-    return opened;
+    std::shared_ptr<print::LoadedPrint> loaded;
+    std::unique_ptr<print::frmPrint> form;
+    const double time = TimeOf([&] {
+        loaded = std::make_shared<print::LoadedPrint>(window.Desktop());
+        print::PrnFlow &flow = loaded->PrnFlow1;
+        flow.FitToPage = fit;
+        flow.SetSource([&window](const print::PageSetup &setup) { return print::CopyMap(window, setup, 0); });
+        flow.Preview = true;
+        form = std::make_unique<print::frmPrint>(print::PrintPreviewArgument{
+            window.Desktop(), loaded, [](const QString &) { return QIcon(); }, {}});
+        form->show();
+        flow.Run();
+        while (!form->Sheets().IsPainted(0)) QApplication::processEvents();
+    });
+    return {time, loaded->PrnFlow1.Pages()};
 }
 
 Figure Opening(const char *name, mainwindow::frmMain &window, bool fit) {

@@ -1,5 +1,5 @@
-// The yardstick of painting: the sample's picture from plain arrays with a bare QPainter, no more than it
-// needs.
+// The yardstick of painting: the sample diagram painted from plain arrays by a QPainter, with nothing
+// besides.
 #pragma once
 
 #include "diagram/model/Surface.h"
@@ -16,8 +16,8 @@ namespace bench {
 class RawPaint {
 public:
     explicit RawPaint(const diagram::Surface &surface);
-    // Paints what touches `area` (twips); the painter is scaled so that `scale` pixels are a twip, origin at
-    // the area. Boxes are found by their place in the grid. `texts` off leaves them out.
+    // Paints what touches `area` (twips), with its corner at the painter's origin and `scale` pixels a twip.
+    // Boxes are found by their place in the grid. Without `texts` these are left out.
     void Paint(QPainter &painter, const QRectF &area, double scale, bool texts);
 
 private:

@@ -80,7 +80,7 @@ struct RawRows::State {
     std::vector<Table> tables;
 };
 
-RawRows::RawRows(const QString &map) : state_(new State) {
+RawRows::RawRows(const QString &map) : state_(std::make_unique<State>()) {
     sqlite3 *db = nullptr;
     Must(sqlite3_open(map.toUtf8().constData(), &db), db);
     sqlite3_stmt *list = Prepare(db, "SELECT name, sql FROM sqlite_master WHERE type='table'");
@@ -98,7 +98,7 @@ RawRows::RawRows(const QString &map) : state_(new State) {
     sqlite3_close(db);
 }
 
-RawRows::~RawRows() { delete state_; }
+RawRows::~RawRows() = default;
 
 void RawRows::Write(const QString &path) const {
     QFile::remove(path);
@@ -123,15 +123,16 @@ void RawRows::Write(const QString &path) const {
 }
 
 // One row, read again and again: numbers and texts in the order of the columns.
+constexpr std::size_t kCells = 32;
 struct PlainRow {
-    std::array<sqlite3_int64, 32> whole;
-    std::array<double, 32> real;
-    std::array<std::string, 32> text;
+    std::array<sqlite3_int64, kCells> whole;
+    std::array<double, kCells> real;
+    std::array<std::string, kCells> text;
 };
 
 void ReadRow(sqlite3_stmt *select, int columns, PlainRow &row) {
     for (int i = 0; i < columns; ++i) {
-        const size_t at = size_t(i) % 32;
+        const size_t at = size_t(i) % kCells; // of a wider table the first cells are read over
         switch (sqlite3_column_type(select, i)) {
         case SQLITE_INTEGER:
             row.whole[at] = sqlite3_column_int64(select, i);

@@ -40,7 +40,8 @@ struct Map {
     }
     int Roll(int below) { return int(random() % unsigned(below)); }
     void Join(diagram::Node &from, diagram::Node &to) {
-        if (&from != &to) from.Links().Add(to).SetStyle(4 + Roll(10));
+        constexpr int kFirst = 4, kStyles = 10; // the orthogonal styles with more than one bend
+        if (&from != &to) from.Links().Add(to).SetStyle(kFirst + Roll(kStyles));
     }
 
     std::mt19937 random{3};
@@ -62,7 +63,7 @@ bool IsMet(const diagram::Link &link) {
     return false;
 }
 
-// Counts beside the time how many links with four segments or more run through a node after the last step.
+// The counter "through": links of four segments or more that run through a node after the last step.
 void RouteDrag(benchmark::State &state) {
     Map map;
     const diagram::HeldItems held({map.hub});
@@ -74,7 +75,8 @@ void RouteDrag(benchmark::State &state) {
         map.surface.Routes().Recalculate();
     }
     int through = 0;
-    for (const auto &link : map.surface.Links()) through += link->Style() >= 6 && IsMet(*link);
+    constexpr int kFirstOfFour = 6; // the styles from here on have four segments or more
+    for (const auto &link : map.surface.Links()) through += link->Style() >= kFirstOfFour && IsMet(*link);
     state.counters["through"] = through;
     held.Restore(map.surface);
 }
@@ -90,7 +92,7 @@ struct Piece {
     float High() const { return Level() ? std::max(from.x, to.x) : std::max(from.y, to.y); }
 };
 
-// Those that have a length.
+// The pieces of all routes, but for those without a length.
 std::vector<Piece> PiecesOf(const diagram::Surface &surface) {
     std::vector<Piece> pieces;
     for (const auto &link : surface.Links()) {
@@ -101,7 +103,7 @@ std::vector<Piece> PiecesOf(const diagram::Surface &surface) {
     return pieces;
 }
 
-// A trunk and its branches lie on each other by right.
+// The links of a tree share its trunk, so these two may lie on each other.
 bool AreOfOneTree(const Piece &a, const Piece &b) {
     return &a.link->Source() == &b.link->Source() && a.link->Style() == b.link->Style() && a.place <= 2 &&
            b.place <= 2;
@@ -132,7 +134,7 @@ void CountPieces(const diagram::Surface &surface, benchmark::State &state) {
     state.counters["bends"] = double(bends) / double(surface.Links().size());
 }
 
-// What the release of a node costs above the last step of its drag.
+// What the release of a node takes beyond the last step of its drag.
 void RouteRelease(benchmark::State &state) {
     Map map(kManyLinks);
     map.surface.Routes().TidyAll();
@@ -149,13 +151,16 @@ void RouteRelease(benchmark::State &state) {
 }
 BENCHMARK(RouteRelease)->Unit(benchmark::kMillisecond);
 
-// Counts what lies on each other where all are routed and nudged at once.
+// Routes and nudges all links at once. Counts what lies on each other then.
 void RouteWhole(benchmark::State &state) {
     for (auto _ : state) {
         state.PauseTiming();
         Map map(kManyLinks);
-        for (const auto &link : map.surface.Links())
-            link->SetStyle(link->Style() ^ 1), link->SetStyle(link->Style() ^ 1);
+        for (const auto &link : map.surface.Links()) {
+            const int style = link->Style();
+            link->SetStyle(style ^ 1); // another style and back, so that the route is out of date
+            link->SetStyle(style);
+        }
         state.ResumeTiming();
         map.surface.Routes().TidyAll();
         state.PauseTiming();

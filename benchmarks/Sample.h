@@ -1,12 +1,13 @@
-// The diagram that the figures are taken on: a grid of boxes in four shapes and six colours, 1.3 links a node
-// to near neighbours, two bends a link.
+// The diagram on which most figures are taken: a grid of boxes in four shapes and six colours, and 1.3 links
+// a node to near neighbours, with two bends each.
 #pragma once
 
 #include "diagram/model/Surface.h"
 
 namespace bench {
 
-constexpr double kPitchX = 104 * 15, kPitchY = 72 * 15; // twips
+// Twips: the distance from box to box, and their size.
+constexpr double kPitchX = 104 * 15, kPitchY = 72 * 15;
 constexpr double kBoxWidth = 68 * 15, kBoxHeight = 36 * 15;
 
 // Columns of the grid for so many nodes.

@@ -1,7 +1,7 @@
 #include "benchmarks/BenchWindow.h"
 #include "benchmarks/Canvas.h"
-#include "benchmarks/CommandFigures.h"
 #include "benchmarks/GeneratedMap.h"
+#include "benchmarks/Parts.h"
 #include "benchmarks/Sample.h"
 
 #include <algorithm>
@@ -14,26 +14,26 @@ namespace bench {
 namespace {
 
 constexpr int kNodes = 10000;
-constexpr int kBeat = 5; // milliseconds
-constexpr double kBound = 500;
+constexpr int kInterval = 5;   // milliseconds
+constexpr double kBound = 500; // the same
 
-// A timer that beats as long as events run.
-class Heart {
+// Measures how long the event loop answers nothing, by a timer that fires as long as it runs.
+class SilenceMeter {
 public:
-    Heart() {
+    SilenceMeter() {
         timer_.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&timer_, &QTimer::timeout, [this] { Beat(); });
+        QObject::connect(&timer_, &QTimer::timeout, [this] { Note(); });
         since_.start();
-        timer_.start(kBeat);
+        timer_.start(kInterval);
     }
-    void Beat() {
+    void Note() {
         const double now = double(since_.nsecsElapsed()) / 1e6;
         silences_.push_back({now - last_, last_});
         last_ = now;
     }
-    // Longest first: how long, and since when.
+    // The times between two notes, the longest first: how long, and since when; milliseconds.
     std::vector<std::pair<double, double>> Silences() {
-        Beat();
+        Note();
         std::sort(silences_.rbegin(), silences_.rend());
         return silences_;
     }
@@ -51,10 +51,10 @@ void AddSilence(Figures &figures, const char *key, const char *name, Fill fill) 
     BenchWindow window;
     fill(window.Form().CurrentSurface(), kNodes);
     Settle(window.Form().CurrentView());
-    Heart heart;
+    SilenceMeter meter;
     window.Form().SmartMenuXP1_Click(QLatin1String(key));
     Settle(window.Form().CurrentView());
-    const auto silences = heart.Silences();
+    const auto silences = meter.Silences();
     QString remark = QStringLiteral("the longest begin at");
     for (std::size_t i = 0; i < std::min<std::size_t>(3, silences.size()); ++i)
         remark += QStringLiteral(" %1 s (%2 ms)")

@@ -1,7 +1,7 @@
 // Loading and saving beside the same rows through bare SQLite.
 #include "benchmarks/RawSqlite.h"
 #include "benchmarks/Sample.h"
-#include "benchmarks/Stage.h"
+#include "benchmarks/Scratch.h"
 #include "document/clsfrmMain.h"
 #include "document/DoLoad.h"
 #include "document/DoSave.h"

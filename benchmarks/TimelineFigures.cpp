@@ -55,7 +55,7 @@ void Arrange(benchmark::State &state) {
 }
 BENCHMARK(Arrange)->Unit(benchmark::kMillisecond);
 
-// Nodes anywhere below the strip, and their links on their ways.
+// Puts the nodes anywhere below the strip, and routes their links.
 void Scatter(diagram::Surface &flow) {
     unsigned place = 1;
     for (diagram::Node &node : flow.Nodes()) {
@@ -94,7 +94,7 @@ void LineUpByDate(benchmark::State &state) {
 }
 BENCHMARK(LineUpByDate)->Unit(benchmark::kMillisecond);
 
-// Of the linked ones, as many before it as behind.
+// Of the nodes that are linked with others, the one with as many before it as behind it.
 diagram::Node &NodeInTheMiddle(diagram::Surface &flow) {
     std::vector<diagram::Node *> linked;
     for (diagram::Node &node : flow.Nodes())
@@ -102,7 +102,7 @@ diagram::Node &NodeInTheMiddle(diagram::Surface &flow) {
     return *linked[linked.size() / 2];
 }
 
-// From the event to the frame, where nodes stay at their dates: of the one nearest to the middle, back and
+// From the event to the frame, where nodes stay at their dates: a drag of a node in the middle, back and
 // forth by four days and two rows.
 void DateDrag(benchmark::State &state) {
     document::MemoryWindow window(support::CurrentDesktop(), document::EmptyPools{});
@@ -123,13 +123,12 @@ void DateDrag(benchmark::State &state) {
     bench::Centre(view, node.Bounds().center());
     bench::Settle(view);
     bench::Hand hand(*view.viewport());
-    const QPointF aside(node.Width() * 0.3, node.Height() * 0.3); // of the link to its day
+    const QPointF aside(node.Width() * 0.3, node.Height() * 0.3); // off the link to its day
     const QPoint from = view.FromSurface(node.Bounds().center() + aside).toPoint();
     hand.Press(from);
     const QPointF before = node.Bounds().topLeft();
     for (const int way : {10, 20}) hand.Move(from + QPoint(2 * way, way));
-    if (node.Bounds().topLeft() == before) state.SkipWithError("the drag moves the node");
-    ;
+    if (node.Bounds().topLeft() == before) state.SkipWithError("the drag doesn't move the node");
     int step = 0;
     for (auto _ : state) {
         step = (step + 1) % 100;

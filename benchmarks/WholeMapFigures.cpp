@@ -1,13 +1,10 @@
 #include "benchmarks/BenchWindow.h"
 #include "benchmarks/Canvas.h"
-#include "benchmarks/CommandFigures.h"
+#include "benchmarks/Measure.h"
+#include "benchmarks/Parts.h"
 #include "benchmarks/Sample.h"
 #include "document/FindText.h"
 #include "document/Tags.h"
-
-#include <algorithm>
-#include <functional>
-#include <QElapsedTimer>
 
 namespace bench {
 
@@ -35,19 +32,6 @@ void FillTagged(mainwindow::frmMain &form) {
     }
 }
 
-double BestOf(const std::function<void()> &before, const std::function<void()> &what) {
-    double best = 0;
-    for (int run = 0; run < kRuns; ++run) {
-        before();
-        QElapsedTimer timer;
-        timer.start();
-        what();
-        const double time = double(timer.nsecsElapsed()) / 1e6;
-        best = run == 0 ? time : std::min(best, time);
-    }
-    return best;
-}
-
 void Add(Figures &figures, const char *name, double time, double bound) {
     figures.push_back({QString::fromLatin1(name), time, QStringLiteral("ms"), bound, QString()});
 }
@@ -58,9 +42,9 @@ void AddFilter(Figures &figures, mainwindow::frmMain &form) {
         Settle(form.CurrentView());
     };
     Add(figures, "filter on 100,000 nodes, all of them turned round",
-        BestOf(turnAll, [&] { form.ssDBGroups_CloseUp(); }), 100);
+        BestOf(kRuns, turnAll, [&] { form.ssDBGroups_CloseUp(); }), 100);
     Add(figures, "the same until all is painted",
-        BestOf(turnAll,
+        BestOf(kRuns, turnAll,
                [&] {
                    form.ssDBGroups_CloseUp();
                    Settle(form.CurrentView());
@@ -80,9 +64,10 @@ void AddFind(Figures &figures, mainwindow::frmMain &form) {
     form.LoadCombos();
     form.ssDBGroups_CloseUp();
     const auto nothing = [] {};
-    Add(figures, "find over 100,000 nodes, each a hit", BestOf(nothing, find("node", {})), 100);
-    Add(figures, "find over 100,000 nodes, no hit", BestOf(nothing, find("nowhere", {})), 100);
-    Add(figures, "find over 100,000 nodes, whole words", BestOf(nothing, find("node 9", {false, true})), 100);
+    Add(figures, "find over 100,000 nodes, each a hit", BestOf(kRuns, nothing, find("node", {})), 100);
+    Add(figures, "find over 100,000 nodes, no hit", BestOf(kRuns, nothing, find("nowhere", {})), 100);
+    Add(figures, "find over 100,000 nodes, whole words",
+        BestOf(kRuns, nothing, find("node 9", {false, true})), 100);
 }
 
 } // namespace

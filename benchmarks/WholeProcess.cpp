@@ -1,6 +1,6 @@
 #include "benchmarks/WholeProcess.h"
 
-#include "benchmarks/Stage.h"
+#include "benchmarks/Scratch.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,16 +1,7 @@
 // Runs the figures beside their yardsticks, prints a table and writes it as JSON: velmora-bench BIN_FOLDER
 // OUT.json
-#include "benchmarks/BarFigures.h"
-#include "benchmarks/CanvasFigures.h"
-#include "benchmarks/CommandFigures.h"
-#include "benchmarks/EditFigures.h"
-#include "benchmarks/FormFigures.h"
-#include "benchmarks/JournalFigures.h"
-#include "benchmarks/MemoryFigures.h"
-#include "benchmarks/OrthoCrossings.h"
-#include "benchmarks/OutputFigures.h"
-#include "benchmarks/PrintFigures.h"
-#include "benchmarks/Stage.h"
+#include "benchmarks/Parts.h"
+#include "benchmarks/Scratch.h"
 #include "benchmarks/WholeProcess.h"
 #include "support/Files.h"
 #include "support/headless/HeadlessDesktop.h"
@@ -171,8 +162,9 @@ void AddExport(Table &table, const QString &) {
     table.Milliseconds("export of 10,000 nodes, EMF", "ExportEmf/10000", 600);
 }
 
-void AddMemory(Table &table, const QString &) {
-    table.Value("memory a node with its links", bench::BytesPerNode(10000) / 1000, "KB", 1.2);
+template <bench::Figures (*kMeasure)()>
+void Add(Table &table, const QString &) {
+    table.Add(kMeasure());
 }
 
 // A part can be run alone: --part=NAME.
@@ -186,21 +178,21 @@ constexpr Part kParts[] = {
     {"tables", true, AddTables},
     {"painting", true, AddPainting},
     {"export", true, AddExport},
-    {"canvas", false, [](Table &table, const QString &) { table.Add(bench::CanvasFigures()); }},
-    {"window", false, [](Table &table, const QString &) { table.Add(bench::WindowFigures()); }},
-    {"bars", false, [](Table &table, const QString &) { table.Add(bench::BarFigures()); }},
-    {"overview", false, [](Table &table, const QString &) { table.Add(bench::OverviewFigures()); }},
-    {"edit", false, [](Table &table, const QString &) { table.Add(bench::EditFigures()); }},
-    {"journal", false, [](Table &table, const QString &) { table.Add(bench::JournalFigures()); }},
-    {"layout", false, [](Table &table, const QString &) { table.Add(bench::LayoutFigures()); }},
-    {"silence", false, [](Table &table, const QString &) { table.Add(bench::SilenceFigures()); }},
-    {"ortho", false, [](Table &table, const QString &) { table.Add(bench::OrthoCrossings()); }},
-    {"wholemap", false, [](Table &table, const QString &) { table.Add(bench::WholeMapFigures()); }},
-    {"commands", false, [](Table &table, const QString &) { table.Add(bench::CommandFigures()); }},
-    {"forms", false, [](Table &table, const QString &) { table.Add(bench::FormFigures()); }},
-    {"print", false, [](Table &table, const QString &) { table.Add(bench::PrintFigures()); }},
-    {"output", false, [](Table &table, const QString &) { table.Add(bench::OutputFigures()); }},
-    {"memory", false, AddMemory},
+    {"canvas", false, Add<bench::CanvasFigures>},
+    {"window", false, Add<bench::WindowFigures>},
+    {"bars", false, Add<bench::BarFigures>},
+    {"overview", false, Add<bench::OverviewFigures>},
+    {"edit", false, Add<bench::EditFigures>},
+    {"journal", false, Add<bench::JournalFigures>},
+    {"layout", false, Add<bench::LayoutFigures>},
+    {"silence", false, Add<bench::SilenceFigures>},
+    {"ortho", false, Add<bench::OrthoCrossings>},
+    {"wholemap", false, Add<bench::WholeMapFigures>},
+    {"commands", false, Add<bench::CommandFigures>},
+    {"forms", false, Add<bench::FormFigures>},
+    {"print", false, Add<bench::PrintFigures>},
+    {"output", false, Add<bench::OutputFigures>},
+    {"memory", false, Add<bench::MemoryFigures>},
     {"process", false, AddWholeProcess},
 };
 

@@ -5,7 +5,7 @@
 
 namespace cli {
 
-// A repair for the wastebasket tells what is wrong; the load tells whether the map opens all the same.
+// A repair into a scratch file finds what is wrong. The load raises an error when the map does not open.
 int Check(QStringList arguments, QTextStream &out) {
     ExpectFiles(arguments, 1);
     Session session;

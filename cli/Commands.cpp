@@ -12,65 +12,54 @@ struct Command {
     const char *name;
     int (*run)(QStringList, QTextStream &);
     bool paints;
-    const char *usage;
+    const char *usage; // as the help shows it, but for the indent of its first line
 };
 
 constexpr Command kCommands[] = {
-    {"info", Info, false, "info FILE [--json]\n      slices, counts, dates, fonts and pools"},
-    {"check", Check, false,
-     "check FILE\n      tells of each thing that is wrong with the map where it stands and what it is; ends "
-     "with "
-     "1 if\n      anything is"},
-    {"repair", Repair, false,
-     "repair IN OUT\n      writes what can be read of the map IN as the map OUT and tells of each change"},
-    {"convert", Convert, false,
-     "convert IN OUT\n      writes the map IN, an old Jet map too, as the map OUT"},
-    {"csv", Csv, false,
-     "csv FILE [--slice N] OUT.csv\n"
-     "      a slice, counted from 1, as a text file of columns"},
-    {"import", Import, false,
-     "import FILE.csv MAP [--slice N|--new]\n"
-     "      adds what a text file of columns holds to a slice of the map, or to a new one"},
+    {"info", Info, false, R"(info FILE [--json]
+      slices, counts, dates, fonts and pools)"},
+    {"check", Check, false, R"(check FILE
+      tells of each thing that is wrong with the map where it stands and what it is; ends with 1 if
+      anything is)"},
+    {"repair", Repair, false, R"(repair IN OUT
+      writes what can be read of the map IN as the map OUT and tells of each change)"},
+    {"convert", Convert, false, R"(convert IN OUT
+      writes the map IN, an old Jet map too, as the map OUT)"},
+    {"csv", Csv, false, R"(csv FILE [--slice N] OUT.csv
+      a slice, counted from 1, as a text file of columns)"},
+    {"import", Import, false, R"(import FILE.csv MAP [--slice N|--new]
+      adds what a text file of columns holds to a slice of the map, or to a new one)"},
     {"layout", Layout, false,
-     "layout IN OUT --engine hierarchical|tree|radial|organic|circular|levels [--slice N]\n"
-     "         [--direction down|up|right|left] [--together levels|groups]\n"
-     "      writes the map IN as the map OUT with a slice, counted from 1, laid out; --together is for the\n"
-     "      hierarchical layout: each level or group by itself, none over another"},
-    {"route", Route, false,
-     "route IN OUT [--slice N]\n"
-     "      writes the map IN as the map OUT with the links of a slice, counted from 1, routed anew, but for "
-     "those\n      that were bent by hand"},
-    {"picture", Picture, true,
-     "picture FILE [--slice N] [SIZE] OUT.png|OUT.svg|OUT.pdf|OUT.wmf|OUT.emf\n"
-     "  picture FILE --all FOLDER [--format png|svg|pdf|wmf|emf] [SIZE]\n"
-     "      a picture of a slice, counted from 1, or of every slice. SIZE is --scale PERCENT, or for a PNG\n"
-     "      --pixels N, its longest side; --dpi N is a PNG's resolution, --background shown|white|"
-     "transparent\n      what lies behind the drawing. Metafiles are not scaled"},
-    {"report", Report, true,
-     "report --rtf|--html FILE OUT [--slice N|--all] [--nodes [--details]] [--map]\n"
-     "      a report of a slice, counted from 1, or of all: the texts of its nodes, what else there is of "
-     "them,\n      and its picture; --html with --all writes a page for each slice beside OUT"},
-    {"slides", Slides, true,
-     "slides FILE OUT.pptx|OUT.ppt [--slice N | --all] [--title] [--shapes]\n"
-     "      a presentation of a slice, counted from 1, or of every slice, each as a picture or, with "
-     "--shapes,\n"
-     "      in a .pptx as shapes to go on with; --title puts the slice's name above it"},
+     R"(layout IN OUT --engine hierarchical|tree|radial|organic|circular|levels [--slice N]
+         [--direction down|up|right|left] [--together levels|groups]
+      writes the map IN as the map OUT with a slice, counted from 1, laid out; --together is for the
+      hierarchical layout: each level or group by itself, none over another)"},
+    {"route", Route, false, R"(route IN OUT [--slice N]
+      writes the map IN as the map OUT with the links of a slice, counted from 1, routed anew, but for those
+      that were bent by hand)"},
+    {"picture", Picture, true, R"(picture FILE [--slice N] [SIZE] OUT.png|OUT.svg|OUT.pdf|OUT.wmf|OUT.emf
+  picture FILE --all FOLDER [--format png|svg|pdf|wmf|emf] [SIZE]
+      a picture of a slice, counted from 1, or of every slice. SIZE is --scale PERCENT, or for a PNG
+      --pixels N, its longest side; --dpi N is a PNG's resolution, --background shown|white|transparent
+      what lies behind the drawing. Metafiles are not scaled)"},
+    {"report", Report, true, R"(report --rtf|--html FILE OUT [--slice N|--all] [--nodes [--details]] [--map]
+      a report of a slice, counted from 1, or of all: the texts of its nodes, what else there is of them,
+      and its picture; --html with --all writes a page for each slice beside OUT)"},
+    {"slides", Slides, true, R"(slides FILE OUT.pptx|OUT.ppt [--slice N | --all] [--title] [--shapes]
+      a presentation of a slice, counted from 1, or of every slice, each as a picture or, with --shapes,
+      in a .pptx as shapes to go on with; --title puts the slice's name above it)"},
     {"print", Print, true,
-     "print FILE --to OUT.pdf [--slice N|--all] [--landscape] [--fit] [--header TEXT] [--footer TEXT]\n"
-     "      the pages of a slice, counted from 1, or of all; &[Page], &[Pages], &[Title], &[Slice], &[Date] "
-     "and\n"
-     "      &[File] in the texts stand for their values"},
-    {"recovered", Recovered, false,
-     "recovered [--folder FOLDER]\n"
-     "  recovered NUMBER OUT [--folder FOLDER]\n"
-     "      the maps of editors that ended before they were saved, or one of them as the new map OUT"},
-    {"template", Template, true,
-     "template list\n"
-     "  template apply FILE MAP [--slice N]\n"
-     "  template make MAP [--slice N] OUT\n"
-     "      the templates that the editor offers; a template put in the place of what a slice holds; a "
-     "slice\n"
-     "      saved as a template, with an icon that is drawn from it. Slices are counted from 1"},
+     R"(print FILE --to OUT.pdf [--slice N|--all] [--landscape] [--fit] [--header TEXT] [--footer TEXT]
+      the pages of a slice, counted from 1, or of all; &[Page], &[Pages], &[Title], &[Slice], &[Date] and
+      &[File] in the texts stand for their values)"},
+    {"recovered", Recovered, false, R"(recovered [--folder FOLDER]
+  recovered NUMBER OUT [--folder FOLDER]
+      the maps of editors that ended before they were saved, or one of them as the new map OUT)"},
+    {"template", Template, true, R"(template list
+  template apply FILE MAP [--slice N]
+  template make MAP [--slice N] OUT
+      the templates that the editor offers; a template put in the place of what a slice holds; a slice
+      saved as a template, with an icon that is drawn from it. Slices are counted from 1)"},
 };
 
 const Command *Find(const QStringList &arguments) {
@@ -89,10 +78,12 @@ bool AsksForHelp(const QStringList &arguments) {
 void ShowHelp(QTextStream &out) {
     out << "velmora-cli: maps without a window\n\n";
     for (const Command &command : kCommands) out << "  " << command.usage << "\n";
-    out << "  --help, --version\n\n"
-           "  Each command that writes what a map shows takes --filter-levels A,B and --filter-groups C,D:\n"
-           "  nodes of other levels and groups are left out. --view NAME takes the levels and groups of a "
-           "view\n  that was kept in the map.\n";
+    out << R"(  --help, --version
+
+  Each command that writes what a map shows takes --filter-levels A,B and --filter-groups C,D:
+  nodes of other levels and groups are left out. --view NAME takes the levels and groups of a view
+  that was kept in the map.
+)";
 }
 
 void ShowError(QTextStream &err, const QString &text) {
@@ -144,7 +135,7 @@ QString TakeOption(QStringList &arguments, const QString &option) {
     return arguments.takeAt(at);
 }
 
-int NumberOption(QStringList &arguments, const QString &option, int lowest, int highest, int preset) {
+int TakeNumber(QStringList &arguments, const QString &option, int lowest, int highest, int preset) {
     const QString text = TakeOption(arguments, option);
     if (text.isEmpty()) return preset;
     bool good = false;
@@ -157,7 +148,7 @@ int NumberOption(QStringList &arguments, const QString &option, int lowest, int 
 
 int TakeSlice(QStringList &arguments) {
     constexpr int kMostSlices = 32768;
-    return NumberOption(arguments, QStringLiteral("--slice"), 1, kMostSlices, 1);
+    return TakeNumber(arguments, QStringLiteral("--slice"), 1, kMostSlices, 1);
 }
 
 namespace {

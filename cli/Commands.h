@@ -14,8 +14,8 @@ constexpr int kGood = 0;
 constexpr int kFailed = 1; // an error, or a map with something wrong
 constexpr int kUsage = 2;  // the command line was not understood
 
-// Runs the command line, given without the program's name. Results go to `out`; an error is one line on
-// `err`.
+// Runs the command line, given without the program's name, and gives what the process ends with. Results go
+// to `out`; an error is one line on `err`.
 int Run(const QStringList &arguments, QTextStream &out, QTextStream &err);
 
 // Whether the command paints and so needs a QGuiApplication.
@@ -31,22 +31,23 @@ private:
     QString text_;
 };
 
-// Takes the option with its value out of the arguments; empty without it. UsageError when the value is
-// missing.
+// The functions that take remove what they read from the arguments. All of them raise UsageError for a value
+// that is missing or not understood.
+
+// The value of the option; empty without it.
 QString TakeOption(QStringList &arguments, const QString &option);
-// The same for a number in that range; `preset` without the option.
-int NumberOption(QStringList &arguments, const QString &option, int lowest, int highest, int preset);
+// A number in that range; `preset` without the option.
+int TakeNumber(QStringList &arguments, const QString &option, int lowest, int highest, int preset);
 // The slice that --slice names, counted from 1; the first without it.
 int TakeSlice(QStringList &arguments);
-// Takes the switch out of the arguments and tells whether it was there.
+// Whether the switch was there.
 bool TakeSwitch(QStringList &arguments, const QString &option);
-// Takes --filter-levels A,B, --filter-groups C and --view NAME out of the arguments; an empty list ticks
-// nothing.
+// --filter-levels A,B, --filter-groups C and --view NAME; an empty list ticks nothing.
 output::FilterChoice TakeFilter(QStringList &arguments);
 // UsageError unless exactly `count` arguments are left, none of which is empty or looks like an option.
 void ExpectFiles(const QStringList &arguments, int count);
 
-// The single commands, on what stands behind their names.
+// The commands; they get the arguments behind their names and raise UsageError or support::Error.
 int Info(QStringList arguments, QTextStream &out);
 int Check(QStringList arguments, QTextStream &out);
 int Repair(QStringList arguments, QTextStream &out);

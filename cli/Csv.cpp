@@ -2,7 +2,6 @@
 #include "cli/Commands.h"
 #include "cli/Session.h"
 #include "document/DefaultNodes.h"
-#include "document/DoSave.h"
 #include "document/UnsavedWork.h"
 #include "output/csv/ExportMap.h"
 #include "output/csv/ImportMap.h"
@@ -15,7 +14,7 @@ namespace cli {
 
 namespace {
 
-// The keys of the nodes that the filter hides.
+// The keys of the nodes that the filter leaves out; none without a filter.
 QSet<QString> HiddenBy(document::MemoryWindow &window, diagram::Surface &slice,
                        const output::FilterChoice &filter, QTextStream &out) {
     if (!filter.IsGiven()) return {};
@@ -24,11 +23,11 @@ QSet<QString> HiddenBy(document::MemoryWindow &window, diagram::Surface &slice,
     QSet<QString> hidden;
     for (const diagram::Node &node : slice.Nodes())
         if (node.Hidden()) hidden.insert(node.Key());
-    document::MarkSaved(window); // nobody saves what was hidden
+    document::MarkSaved(window); // what the filter hides is no change of the map
     return hidden;
 }
 
-// Behind all others, called as the file.
+// A new slice behind the others, named after the file.
 diagram::Surface &AddSlice(document::MemoryWindow &window, const QString &file) {
     diagram::Surface &slice = window.AddFlow1().Load(window.AddFlow1().UBound() + 1);
     document::LoadDefaults(slice);
@@ -65,9 +64,7 @@ int Import(QStringList arguments, QTextStream &out) {
     diagram::Surface &slice = asNew ? AddSlice(window, arguments[0]) : SliceOf(window, number);
     GiveSize(slice);
     output::ImportMap(window, slice, arguments[0]);
-    document::DoSave(window);
-    // Tells of a former file that was kept.
-    if (const QString status = window.statuses.last(); !status.isEmpty()) out << status << "\n";
+    session.Save(out);
     return kGood;
 }
 

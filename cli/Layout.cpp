@@ -3,7 +3,6 @@
 #include "cli/Session.h"
 #include "diagram/layout/Layouts.h"
 #include "diagram/layout/RouteAnew.h"
-#include "document/DoSave.h"
 #include "document/LevelLanes.h"
 #include "timeline/Arrange.h"
 #include "timeline/TimelineNodes.h"
@@ -39,18 +38,11 @@ document::Together TakeTogether(QStringList &arguments) {
     throw UsageError(QStringLiteral("--together needs one of levels, groups"));
 }
 
-// The months come back to their places whatever was laid out.
+// Puts the months back to their places, from which a layout may have moved them.
 void ArrangeTimeline(document::MemoryWindow &window, diagram::Surface &slice) {
     if (timeline::LocateTimelineNodes(slice).empty()) return;
     GiveSize(slice);
     timeline::ArrangeAgain(window, slice);
-}
-
-void SaveAs(document::MemoryWindow &window, const QString &path, QTextStream &out) {
-    window.clsSettings().SetDatabase(path);
-    document::DoSave(window);
-    // Tells of a former file that was kept.
-    if (const QString status = window.statuses.last(); !status.isEmpty()) out << status << "\n";
 }
 
 } // namespace
@@ -67,11 +59,11 @@ int Layout(QStringList arguments, QTextStream &out) {
     diagram::Surface &slice = SliceOf(window, number);
     document::clsfrmMain &map = window.clsSettings();
     order.cluster = document::ClustersOf(together, map.Levels(), map.Groups());
-    order.lane = document::LanesByLevel(window.clsSettings().Levels());
+    order.lane = document::LanesByLevel(map.Levels());
     if (engine.layOut(slice, order) == diagram::LayoutResult::AsSpanningTree)
         out << "this is no tree: it was laid out along some of its links\n";
     ArrangeTimeline(window, slice);
-    SaveAs(window, arguments[1], out);
+    session.SaveAs(arguments[1], out);
     return kGood;
 }
 
@@ -81,7 +73,7 @@ int Route(QStringList arguments, QTextStream &out) {
     Session session;
     document::MemoryWindow &window = session.Open(arguments[0]);
     out << diagram::RouteAnew(SliceOf(window, number)) << " links go another way\n";
-    SaveAs(window, arguments[1], out);
+    session.SaveAs(arguments[1], out);
     return kGood;
 }
 

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kMostPixels = 32767;
 
-QString FormatOption(QStringList &arguments) {
+QString TakeFormat(QStringList &arguments) {
     const QString format = TakeOption(arguments, QStringLiteral("--format"));
     if (format.isEmpty()) return QStringLiteral("png");
     const QStringList known = diagram::PictureEndings();
@@ -23,7 +23,7 @@ QString FormatOption(QStringList &arguments) {
     return format;
 }
 
-diagram::PictureBackground BackgroundOption(QStringList &arguments) {
+diagram::PictureBackground TakeBackground(QStringList &arguments) {
     // In the order of PictureBackground.
     static const QStringList known{QStringLiteral("shown"), QStringLiteral("white"),
                                    QStringLiteral("transparent")};
@@ -35,17 +35,17 @@ diagram::PictureBackground BackgroundOption(QStringList &arguments) {
     return diagram::PictureBackground(known.indexOf(name));
 }
 
-diagram::ExportOptions PictureOptions(QStringList &arguments) {
+diagram::ExportOptions TakeOptions(QStringList &arguments) {
     constexpr int kMostPercent = 10000, kMostDots = 2400, kUsualDots = 96;
     diagram::ExportOptions options;
-    options.pixels = NumberOption(arguments, QStringLiteral("--pixels"), 1, kMostPixels, 0);
-    options.scale = NumberOption(arguments, QStringLiteral("--scale"), 1, kMostPercent, 100) / 100.0;
-    options.dotsPerInch = NumberOption(arguments, QStringLiteral("--dpi"), 1, kMostDots, kUsualDots);
-    options.background = BackgroundOption(arguments);
+    options.pixels = TakeNumber(arguments, QStringLiteral("--pixels"), 1, kMostPixels, 0);
+    options.scale = TakeNumber(arguments, QStringLiteral("--scale"), 1, kMostPercent, 100) / 100.0;
+    options.dotsPerInch = TakeNumber(arguments, QStringLiteral("--dpi"), 1, kMostDots, kUsualDots);
+    options.background = TakeBackground(arguments);
     return options;
 }
 
-// "03-Caption.png", with what a file name may not hold replaced.
+// "03-Caption.png"; characters that may not be allowed in file names become "_".
 QString FileNameFor(int number, const QString &caption, const QString &format) {
     constexpr int kLongestName = 60;
     QString name;
@@ -87,11 +87,11 @@ int OneSlice(const QString &map, int number, const QString &path, const diagram:
 } // namespace
 
 int Picture(QStringList arguments, QTextStream &out) {
-    const diagram::ExportOptions options = PictureOptions(arguments);
+    const diagram::ExportOptions options = TakeOptions(arguments);
     const output::FilterChoice filter = TakeFilter(arguments);
     const QString folder = TakeOption(arguments, QStringLiteral("--all"));
     if (!folder.isEmpty()) {
-        const QString format = FormatOption(arguments);
+        const QString format = TakeFormat(arguments);
         ExpectFiles(arguments, 1);
         return AllSlices(arguments[0], folder, format, options, filter, out);
     }

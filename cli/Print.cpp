@@ -18,7 +18,7 @@ struct PrintOrder {
     QString to;
 };
 
-PrintOrder ReadOrder(QStringList &arguments) {
+PrintOrder TakeOrder(QStringList &arguments) {
     PrintOrder order;
     order.to = TakeOption(arguments, QStringLiteral("--to"));
     if (order.to.isEmpty()) throw UsageError(QStringLiteral("--to needs the name of a PDF file"));
@@ -40,7 +40,7 @@ PrintOrder ReadOrder(QStringList &arguments) {
 } // namespace
 
 int Print(QStringList arguments, QTextStream &out) {
-    const PrintOrder order = ReadOrder(arguments);
+    const PrintOrder order = TakeOrder(arguments);
     Session session;
     document::MemoryWindow &window = session.Open(arguments[0]);
     SliceOf(window, order.slice);

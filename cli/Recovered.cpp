@@ -22,7 +22,7 @@ void List(const std::vector<recovery::LostMap> &lost, QTextStream &out) {
             << (map.damaged ? ", damaged" : "") << (map.path.isEmpty() ? QString() : ", " + map.path) << "\n";
 }
 
-// As a new map: the file that it belongs to isn't touched, and it is offered as before.
+// As a new map. Neither the file of the lost map nor its journal is touched, so the editor still offers it.
 void Write(const recovery::LostMap &lost, const QString &path) {
     if (support::FileExists(path)) throw UsageError(QStringLiteral("%1 is there already").arg(path));
     Session session;

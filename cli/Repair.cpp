@@ -18,7 +18,7 @@ void Show(const document::RepairReport &report, QTextStream &out) {
 
 } // namespace
 
-// Nothing is written unless it loads.
+// The target is written only after the repaired map was loaded without an error.
 int Repair(QStringList arguments, QTextStream &out) {
     ExpectFiles(arguments, 2);
     Session session;

@@ -24,7 +24,7 @@ bool TakeIsHtml(QStringList &arguments) {
     return html;
 }
 
-// Names of pages are made of it, so it has one.
+// The export needs an ending: it makes the names of further pages from the path.
 QString WithEnding(const QString &path, bool html) {
     if (!QFileInfo(path).suffix().isEmpty()) return path;
     return path + (html ? QStringLiteral(".htm") : QStringLiteral(".rtf"));

@@ -2,6 +2,7 @@
 
 #include "diagram/model/ScreenValues.h"
 #include "document/DoLoad.h"
+#include "document/DoSave.h"
 #include "document/OpenMap.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
@@ -16,11 +17,11 @@ namespace {
 const QString kPurpose = QStringLiteral("cli");
 }
 
-// Takes the place of the temporary folder of the process.
+// A folder that serves as the temporary folder of the process while it lives.
 class Session::ScratchFolder {
 public:
     ScratchFolder() {
-        support::SweepPrivateFolders(kPurpose); // of commands that were killed
+        support::SweepPrivateFolders(kPurpose); // those of commands that were killed
         for (Variable &variable : variables_) {
             variable.former = qgetenv(variable.name);
             qputenv(variable.name, QFile::encodeName(QDir::fromNativeSeparators(folder_.Path())));
@@ -94,6 +95,16 @@ document::MemoryWindow &Session::Open(const QString &path) {
         settings.OwnFiles().Add(settings.Database());
     }
     return window_;
+}
+
+void Session::Save(QTextStream &out) {
+    document::DoSave(window_);
+    if (const QString status = window_.statuses.last(); !status.isEmpty()) out << status << "\n";
+}
+
+void Session::SaveAs(const QString &path, QTextStream &out) {
+    window_.clsSettings().SetDatabase(path);
+    Save(out);
 }
 
 void ShowOnly(document::MapWindow &window, const output::FilterChoice &choice, QTextStream &out) {

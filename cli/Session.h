@@ -1,4 +1,4 @@
-// What a command works in: a desktop without windows and a window of plain memory.
+// What a command works in: a desktop without windows, and a window of plain memory that holds the map.
 #pragma once
 
 #include "document/MemoryWindow.h"
@@ -9,7 +9,8 @@
 
 namespace cli {
 
-// A map that lies beside a developer's companion files is shown as it is.
+// Shows nothing and answers yes. The one question of a load is whether a slice looks right that has a
+// companion file beside the map (document::CompanionFile); after yes the slice stays as the map has it.
 class ConsoleBoxes : public support::MessageBoxes {
 public:
     support::Answer Show(const QString &, support::Buttons buttons, support::Icon, const QString &,
@@ -19,13 +20,14 @@ public:
     QString InputBox(const QString &, const QString &, const QString &) override { return {}; }
 };
 
-// Memory is never short: a command of its own process endangers no open map.
+// Never short of memory: a command runs in a process of its own, so it can't endanger a map that is open.
 class PlentyOfMemory : public support::MemoryProbe {
 public:
     support::MemoryReading Read() override { return {100, std::nullopt}; }
 };
 
-// Leaves no trace in the user's settings and recent files. Its temporary files go with it.
+// While it lives, its desktop is the current one, and temporary files come into a folder of its own, which
+// goes with it. The user's settings and recent files stay as they are. One at a time.
 class Session {
 public:
     Session();
@@ -33,12 +35,15 @@ public:
     Session(const Session &) = delete;
     Session &operator=(const Session &) = delete;
 
-    // The window with the map read. An error of the load is raised. The file stays as it is: a map of an
-    // early version, which opening brings up to date, is opened as a copy.
+    // Loads the map into the window and gives that; raises the error of a load that fails. The file stays as
+    // it is: a map of an early version, which a load brings up to date, is loaded from a copy.
     document::MemoryWindow &Open(const QString &path);
-    // A path that no file stands at and that goes with the session.
+    // Saves the map under its path, or under another, and tells of a former file that was kept.
+    void Save(QTextStream &out);
+    void SaveAs(const QString &path, QTextStream &out);
+    // A path in the temporary folder at which no file stands yet.
     QString ScratchFile();
-    // The window as it is: empty at first.
+    // Empty until a map is opened.
     document::MemoryWindow &Window() { return window_; }
 
 private:
@@ -53,13 +58,15 @@ private:
     int files_ = 0;
 };
 
-// Shows what the command line chose, and tells of what its view ticks and the map has no more.
+// Filters the window's slices by what the command line chose, and tells which levels and groups of its view
+// the map no longer has.
 void ShowOnly(document::MapWindow &window, const output::FilterChoice &choice, QTextStream &out);
 
-// The page that the content needs: the strip of months is laid out along the edges of what is seen.
+// Makes the slice's visible area as large as its content: the strip of months is laid out along its edges.
 void GiveSize(diagram::Surface &slice);
 
-// A slice, counted from 1, whose tab becomes the current one. Error 9 for one that isn't there.
+// The slice of that number, counted from 1; its tab becomes the current one. Error 9 when the map has no such
+// slice.
 diagram::Surface &SliceOf(document::MapWindow &window, int number);
 
 } // namespace cli

@@ -7,7 +7,7 @@ namespace cli {
 
 namespace {
 
-powerpoint::PowerpointOptions SlideOptions(QStringList &arguments) {
+powerpoint::PowerpointOptions TakeOptions(QStringList &arguments) {
     powerpoint::PowerpointOptions options;
     options.currentOnly = !TakeSwitch(arguments, QStringLiteral("--all"));
     if (TakeSwitch(arguments, QStringLiteral("--title"))) options.layout = powerpoint::kLayoutTitle;
@@ -18,7 +18,7 @@ powerpoint::PowerpointOptions SlideOptions(QStringList &arguments) {
 } // namespace
 
 int Slides(QStringList arguments, QTextStream &out) {
-    const powerpoint::PowerpointOptions options = SlideOptions(arguments);
+    const powerpoint::PowerpointOptions options = TakeOptions(arguments);
     if (!options.currentOnly && arguments.contains(QStringLiteral("--slice")))
         throw UsageError(QStringLiteral("--slice and --all exclude each other"));
     const int number = TakeSlice(arguments);

@@ -1,7 +1,6 @@
 // Templates: which there are, one put into a map, one made of a slice.
 #include "cli/Commands.h"
 #include "cli/Session.h"
-#include "document/DoSave.h"
 #include "settings/Settings.h"
 #include "templates/BarDetails.h"
 #include "templates/LoadTemplate.h"
@@ -17,7 +16,7 @@ QString KindOf(const templates::BarItem &item) {
     return item.tag == templates::kFlatTag ? QStringLiteral("flat") : QStringLiteral("template");
 }
 
-// A line for each bar, then one for each of its items; what is bad is told behind them.
+// A line for each bar, then one for each of its items and for each of its files that can't be read.
 int List(QStringList arguments, QTextStream &out) {
     ExpectFiles(arguments, 0);
     int bad = 0;
@@ -40,8 +39,7 @@ int Apply(QStringList arguments, QTextStream &out) {
     Session session;
     document::MemoryWindow &window = session.Open(arguments[1]);
     templates::LoadTemplate(window, SliceOf(window, number), arguments[0]);
-    document::DoSave(window);
-    if (const QString status = window.statuses.last(); !status.isEmpty()) out << status << "\n";
+    session.Save(out);
     return kGood;
 }
 
@@ -66,7 +64,7 @@ constexpr Action kActions[] = {{"list", List}, {"apply", Apply}, {"make", Make}}
 
 int Template(QStringList arguments, QTextStream &out) {
     const QString name = arguments.isEmpty() ? QString() : arguments.takeFirst();
-    settings::LoadSettings(); // what templates are called
+    settings::LoadSettings(); // the ending of templates
     for (const Action &action : kActions)
         if (name == QLatin1String(action.name)) return action.run(arguments, out);
     throw UsageError(QStringLiteral("template needs one of list, apply, make"));

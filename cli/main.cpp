@@ -5,7 +5,7 @@
 
 namespace {
 
-// What the libraries have to say is not for those who read our one line.
+// Drops the libraries' messages: callers expect nothing but our one line on stderr.
 void SayNothing(QtMsgType, const QMessageLogContext &, const QString &) {}
 
 QStringList ArgumentsOf(int argc, char **argv) {

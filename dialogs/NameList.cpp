@@ -1,8 +1,8 @@
 #include "dialogs/NameList.h"
 
+#include "support/Contrast.h"
 #include "widgets/SwatchButton.h"
 
-#include <cmath>
 #include <QAccessible>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -20,25 +20,11 @@ constexpr int kKeyRole = Qt::UserRole;
 constexpr int kColourRole = Qt::UserRole + 1;
 constexpr int kSwatchSide = 14; // pixels
 
-// Relative luminance and contrast as the Web Content Accessibility Guidelines define them.
-double Luminance(const QColor &colour) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-double Contrast(const QColor &a, const QColor &b) {
-    const double first = Luminance(a) + 0.05, second = Luminance(b) + 0.05;
-    return std::max(first, second) / std::min(first, second);
-}
-
-// What a text of that colour can be read on: nothing special on most.
+// The plate behind a text of that colour; none where it can be read on the base.
 QBrush PlateFor(const QColor &text, const QColor &base) {
     constexpr double kReadable = 3;
-    if (Contrast(text, base) >= kReadable) return {};
-    return Luminance(base) > 0.2 ? QColor(0x40, 0x40, 0x40) : QColor(0xF0, 0xF0, 0xF0);
+    if (support::Contrast(text, base) >= kReadable) return {};
+    return support::Luminance(base) > 0.2 ? QColor(0x40, 0x40, 0x40) : QColor(0xF0, 0xF0, 0xF0);
 }
 
 QIcon Swatch(const QColor &colour, const QColor &edge, double scale) {

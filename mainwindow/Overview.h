@@ -1,7 +1,7 @@
 // When the window shows a small picture of the whole slice in a corner of the page, and where it stands.
 #pragma once
 
-#include "diagram/model/ChangeLog.h"
+#include "diagram/model/SurfaceObserver.h"
 
 #include <QObject>
 #include <QPointer>

@@ -2,8 +2,8 @@
 // are reported here, and changes to whatever shows something of the surface.
 #pragma once
 
-#include "diagram/model/ChangeLog.h"
 #include "diagram/model/SurfaceEvents.h"
+#include "diagram/model/SurfaceObserver.h"
 
 namespace mainwindow {
 

@@ -1,21 +1,21 @@
 #!/usr/bin/env bash
-# scripts/fresh-root.sh [--keep] [--print] [FOLDER]: tries ./run and ./test of the last commit where nothing is installed yet: in
-# a minimal Debian 12 that it makes in FOLDER (which must not exist), by the package sources of this machine. Looks at what comes
-# out and says in the end what it found; ends with 1 when anything is wrong. Takes half an hour and 10 GB, which it gives back,
-# unless --keep is given. With --print a page is printed by the machine's own print server, on a printer that makes PDF and wants root.
-# Needs root, mmdebstrap and python3.
+# scripts/fresh-root.sh [--keep] [--print] [FOLDER]: runs ./run and ./test of the last commit where nothing is installed yet: in
+# a minimal Debian 12 that it makes in FOLDER (which must not exist) from the package sources of this machine. Checks what they
+# print and make, and ends with a summary, and with 1 when anything is wrong. With --print it also prints a page there, through a
+# print server and a printer that makes PDF files. Takes half an hour and 10 GB; the folder is deleted in the end, unless --keep is
+# given. Needs root, mmdebstrap and python3.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/root.sh
 
-longest_silence=5.0 # seconds
+longest_silence=5.0 # seconds without output
 keep="" print=""
 [ "${1:-}" != --keep ] || { keep=yes; shift; }
 [ "${1:-}" != --print ] || { print=yes; shift; }
 root=${1:-$(mktemp -u /var/tmp/velmora-fresh-XXXXXX)}
 
-# attempt NAME COMMAND: runs it in the root and shows what it says, each line with its second. Looks at its exit code, the longest
-# silence, and whether anything passed that helps nobody.
+# attempt NAME COMMAND: runs it in the root and shows its output, each line with the seconds since the start. Checks its exit code,
+# the longest time without output, and that it prints no warnings.
 attempt() {
     local name=$1 code=0
     say "$name"
@@ -35,8 +35,8 @@ look_at_pictures() {
     note "$(cat "$logs/found")"
 }
 
-# A family that maps of other machines name, and the font of the same metrics that must stand in its place: for fontconfig and in
-# what the program writes.
+# look_at_font FAMILY SUBSTITUTE: a family that maps of other machines name, and the font of the same metrics that must take its
+# place, by fontconfig and in the files that the program writes.
 look_at_font() {
     local family=$1 substitute=$2 match
     match=$(inside "fc-match -f '%{family}' '$family'")
@@ -48,7 +48,7 @@ look_at_font() {
     grep -aq "/FontName.*+${substitute// /}" "$root/tmp/font.pdf" || wrong "$family is not painted in $substitute"
 }
 
-# The server ends with the namespace of its command.
+# The print server that it starts ends with the command: that has a process namespace of its own.
 look_at_printing() {
     say "print"
     inside "DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends cups printer-driver-cups-pdf" \

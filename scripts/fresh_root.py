@@ -1,5 +1,5 @@
-"""What scripts/fresh-root.sh looks at: fresh_root.py stamp LOG | lines LOG SECONDS | pictures FOLDER | font MAP FAMILY |
-printed FOLDER."""
+"""What fresh-root.sh and package-root.sh leave to Python: fresh_root.py stamp LOG | lines LOG SECONDS | pictures FOLDER |
+font MAP FAMILY | printed FOLDER. The checks, pictures and printed, print what they find and end with 1 when it is wrong."""
 import collections
 import pathlib
 import re
@@ -24,7 +24,8 @@ def stamp(log):
 
 
 def lines(log, limit):
-    """The time, the longest silence, and what should not have been said."""
+    """Prints the whole time and the longest time without output and, as lines that begin with WRONG, a silence above the limit
+    and every warning."""
     rows = [(float(line[:8]), line[9:].rstrip("\n")) for line in open(log, encoding="utf-8")]
     last, before, longest, behind = 0.0, "the start", 0.0, ""
     for at, text in rows:
@@ -40,7 +41,7 @@ def lines(log, limit):
 
 
 def rows_of_png(path):
-    """The bytes of each row of an 8-bit PNG that isn't interlaced, and the bytes a pixel."""
+    """Yields each row of an 8-bit PNG that isn't interlaced, and the bytes a pixel."""
     data = path.read_bytes()
     at, packed = 8, b""
     while at < len(data):
@@ -69,12 +70,13 @@ def rows_of_png(path):
 
 
 def nearest(left, above, corner):
+    """The predictor that the format calls Paeth."""
     guess = left + above - corner
     return min((abs(guess - left), 0, left), (abs(guess - above), 1, above), (abs(guess - corner), 2, corner))[2]
 
 
 def pictures(folder):
-    """Every picture shows something: many colours, and none over nearly all of it."""
+    """Every picture must show something: many colours, and none over nearly all of it."""
     found = sorted(pathlib.Path(folder).glob("*.png"))
     bad = [] if len(found) >= 2 else [f"only {len(found)} pictures"]
     for path in found:
@@ -89,7 +91,7 @@ def pictures(folder):
 
 
 def printed(folder):
-    """One picture of a printed page: a sheet of A4 with something black and something red on it."""
+    """There must be one picture of a printed page: of A4, with something black and something red on it."""
     found = sorted(pathlib.Path(folder).glob("*.png"))
     if len(found) != 1:
         print(f"{len(found)} pages")
@@ -106,7 +108,7 @@ def printed(folder):
 
 
 def font(path, family):
-    """Every text of the map in FAMILY."""
+    """Sets every text of the map in FAMILY."""
     with sqlite3.connect(path) as database:
         if database.execute("UPDATE [Fonts] SET [Name] = ?", (family,)).rowcount < 1:
             raise ValueError(f"{path} has no fonts")

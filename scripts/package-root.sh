@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# scripts/package-root.sh [--keep] PACKAGE [PICTURES]: installs the package (a .deb) in a minimal Debian 12 of its own, as a user of
-# it starts the editor there under a virtual display, and removes it again. Looks at what comes out and says in the end what it
-# found; leaves pictures of the window in the folder PICTURES (build/package); ends with 1 when anything is wrong. Takes a few
-# minutes and 1.5 GB, which it gives back, unless --keep is given. Needs root, mmdebstrap and python3.
+# scripts/package-root.sh [--keep] PACKAGE [PICTURES]: installs the package (a .deb) in a minimal Debian 12 of its own, starts the
+# editor there as an ordinary user under a virtual display, and removes the package again. Checks what each step leaves, and ends
+# with a summary, and with 1 when anything is wrong. Pictures of the window are left in the folder PICTURES (build/package). Takes
+# a few minutes and 1.5 GB; the root is deleted in the end, unless --keep is given. Needs root, mmdebstrap and python3.
 set -euo pipefail
 
 keep=""
@@ -14,7 +14,7 @@ cd "$(dirname "$0")/.."
 . scripts/root.sh
 root=$(mktemp -u /var/tmp/velmora-package-XXXXXX)
 
-# attempt NAME COMMAND: as root of the root; its output is shown only when it fails.
+# attempt NAME COMMAND: runs it in the root, as its superuser; shows its output only when it fails.
 attempt() {
     say "$1"
     inside "export DEBIAN_FRONTEND=noninteractive; $2" / >"$logs/said" 2>&1 </dev/null && return 0
@@ -22,23 +22,24 @@ attempt() {
     wrong "$1 fails"
 }
 
-# as_user COMMAND: the same as somebody who may write nothing but the home folder; gives what it says.
+# as_user COMMAND: runs it there as an ordinary user and prints its output.
 as_user() { inside "exec su -l ann -c '$1'" / 2>"$logs/errors" </dev/null; }
 
-# Every file, but for those that every package manager and every start of a program writes to.
+# Every file, but for those in folders to which package managers and programs write as they run.
 files_of_root() {
     (cd "$root" && find . -xdev \( -path ./proc -o -path ./dev -o -path ./sys -o -path ./tmp -o -path ./home -o -path ./var \) \
         -prune -o -print | sort)
 }
 
-# shown MAP NAME: the editor with the map, as a file manager starts it, painted into the picture.
+# shown MAP NAME: starts the editor with the map, as a file manager does, and takes the picture NAME of its window.
 shown() {
     as_user "VELMORA_SCREENSHOT=\$HOME/$2.png timeout 120 xvfb-run -a -s \"-screen 0 1440x900x24\" velmora \"$1\"" >/dev/null ||
         wrong "the editor doesn't start with $1: $(cat "$logs/errors")"
     cp "$root/home/ann/$2.png" "$pictures/" || wrong "no picture of $1"
 }
 
-expect() { # TEXT COMMAND...: the command succeeds
+# expect TEXT COMMAND...: notes the text when the command succeeds, else that it isn't so.
+expect() {
     local text=$1
     shift
     if "$@" >/dev/null; then note "$text"; else wrong "not so: $text"; fi

@@ -1,5 +1,5 @@
-# Sourced by fresh-root.sh and package-root.sh: a minimal Debian 12 in the folder $root, which goes in the end unless $keep is set,
-# and what is noted on the way.
+# Sourced by fresh-root.sh and package-root.sh: a minimal Debian 12 in the folder $root, which is deleted in the end unless $keep
+# is set, and the notes for the summary.
 
 problems=()
 summary=()
@@ -15,7 +15,7 @@ stop() {
     exit 2
 }
 
-# Ends with 1 when anything was wrong.
+# Prints what was noted; ends with 1 when anything was wrong.
 sum_up() {
     say "Summary"
     printf '%s\n' "${summary[@]}"
@@ -23,19 +23,19 @@ sum_up() {
     echo "Nothing is wrong."
 }
 
-# Everything is mounted in a namespace that goes with its process, so that only files are left to take away.
+# Mounts are in a namespace that ends with its process (inside), so only files are left to delete.
 clean_up() {
     rm -rf "$logs"
     if [ -n "$keep" ]; then printf 'Kept: %s\n' "$root"; else rm -rf --one-file-system "$root"; fi
 }
 
-# The sources of Debian 12 that this machine's own apt is set up with, and what it is told about reaching them.
+# Prints the lines of a sources.list with those sources of Debian 12 that this machine's own apt is set up with.
 package_sources() {
     apt-get indextargets --format 'deb $(REPO_URI) $(CODENAME) $(COMPONENT)' 'Created-By: Packages' 'Origin: Debian' |
         grep -E ' bookworm(-updates|-security)? main$' | sort -u
 }
 
-# make_root TOOL...: needs these tools on this machine; makes the root and the folder $logs.
+# make_root TOOL...: makes the root and the folder $logs, both deleted at exit; stops when one of these tools is missing here.
 make_root() {
     local begin=$SECONDS tool
     [ "$(id -u)" -eq 0 ] || stop "only root may make another root"
@@ -54,8 +54,7 @@ make_root() {
     note "the root: $((SECONDS - begin)) s, $(du -sm "$root" | cut -f1) MB"
 }
 
-# inside COMMAND [FOLDER]: runs a line of shell in the root, in that folder of it (/velmora), with an environment as bare as the
-# machine.
+# inside COMMAND [FOLDER]: runs a line of shell in that folder of the root (/velmora), with a minimal environment.
 inside() {
     unshare --mount --pid --fork --kill-child sh -c '
         mount -t proc proc "$0/proc" && mount --rbind /dev "$0/dev" &&

@@ -1,4 +1,4 @@
-# Sourced by ./run, ./test and ./bench: finds out what is missing and installs it with apt.
+# Sourced by ./run, ./test and ./bench: installs missing packages with apt, builds, and shows how far a command is.
 
 shopt -s lastpipe # narrate runs in this shell, so that it knows when the command before it said something
 said=${EPOCHREALTIME/[.,]/} # the last line on the screen, in microseconds
@@ -34,7 +34,7 @@ missing_packages() {
     done
 }
 
-# install_packages NAME...: installs those that are missing; does nothing and takes no time when none is.
+# install_packages NAME...: installs those that are missing.
 install_packages() {
     command -v dpkg-query >/dev/null 2>&1 || fail "this machine has no dpkg; the set-up is made for Debian 12.
 Install by hand what these Debian packages hold: $*"
@@ -66,8 +66,8 @@ build() {
         fail "the build failed; see above"
 }
 
-# watched KIND LOG COMMAND...: runs the command and shows its progress; all that it says goes to LOG. When it fails, what
-# was not shown is: the last lines of the log.
+# watched KIND LOG COMMAND...: runs the command and shows its progress by narrate; its whole output goes to LOG. When it fails,
+# and narrate has held most of it back (apt, cmake), the last lines of the log are shown.
 watched() {
     local kind=$1 log=$2
     shift 2
@@ -78,8 +78,8 @@ watched() {
     return 1
 }
 
-# narrate KIND: shows one line in three seconds of what is merely progress, says that the command still runs when nothing comes
-# for as long, and shows all the rest at once. It reads with the shell alone, as some awks hold back what they read.
+# narrate KIND: shows the output that it reads. Of lines that are merely progress it shows one in three seconds, all others at
+# once; when nothing comes for three seconds, it says that the command still runs. Plain shell, as some awks buffer their input.
 narrate() {
     local kind=$1 line part="" held="" status begin=${EPOCHREALTIME/[.,]/}
     local -A running=()
@@ -100,7 +100,7 @@ narrate() {
     done
 }
 
-# One line for narrate: held back, shown or, where it begins or ends an entry of the tests, remembered.
+# Deals with the line $part for narrate: holds it back or shows it, and notes which tests are running.
 take_line() {
     case "$kind:$part" in
         ninja:\[[0-9]*/[0-9]*) held=$part ;;

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """scripts/tidy.py BUILD_FOLDER (--all | --changed | FILE...): clang-tidy over sources, by the rules of .clang-tidy.
 
---changed takes what differs from main, or, where main is checked out, what the last commit changed, and all that isn't
-committed; a header is looked at from its own source, else from one that includes it. What was found clean isn't looked at again
-until it, a header of the project that it includes, its command or the rules change: build/tidy keeps a stamp of each.
+--changed takes what differs from main (where main is checked out, what the last commit changed) and all that isn't committed.
+A header is looked at through its own source, else through one that includes it. A source that was found clean isn't looked at
+again until it, a header of the project that it includes, its command or the rules change: build/tidy keeps a stamp of each.
 """
 import concurrent.futures
 import functools
@@ -32,8 +32,7 @@ def lines_of(*command):
 
 
 def changed_files():
-    """The paths that differ from main, where that is what is checked out those of the last commit, and all that isn't committed;
-    None without a history to compare with, as in a copy of the last commit alone."""
+    """The paths that --changed takes; None without a history to compare with, as in a copy of the last commit alone."""
     head = lines_of("git", "rev-parse", "HEAD")
     base = lines_of("git", "merge-base", "HEAD", "main") or lines_of("git", "merge-base", "HEAD", "origin/main")
     if not head:
@@ -100,7 +99,7 @@ def read_with(path):
 
 
 def units_for(names, units):
-    """The units that look at these files: sources themselves, headers from one source."""
+    """The units through which to look at these files: sources themselves, headers through one source."""
     taken, headers = set(), []
     for name in names:
         if name in units:
@@ -118,6 +117,7 @@ def units_for(names, units):
 
 
 def key_of(unit, rules):
+    """A sum of all that decides what clang-tidy finds in the unit."""
     sums = hashlib.sha256(rules + " ".join(unit.flags).encode())
     for path in read_with(unit.path):
         sums.update(text_of(path))
@@ -132,7 +132,7 @@ def look_at(unit):
 
 
 def look_at_all(units):
-    """How many units something was found in."""
+    """Looks at the units that have no valid stamp, prints what is found, and gives the number of units with findings."""
     KEPT.mkdir(parents=True, exist_ok=True)
     rules = text_of(ROOT / ".clang-tidy") + "".join(lines_of("clang-tidy", "--version") or []).encode()
     stamps = {unit: (KEPT / (unit.name.replace("/", "+") + ".stamp"), key_of(unit, rules)) for unit in units}

@@ -1,11 +1,11 @@
-// The language in which dates of tests are written.
+// British English, in which tests write dates.
 #pragma once
 
 #include <QLocale>
 
 namespace tests {
 
-// British English while it stands, then the plain locale with which tests begin.
+// The default locale while it lives; then that is the C locale again, with which tests begin.
 class BritishLocale {
 public:
     BritishLocale() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom)); }

@@ -1,4 +1,4 @@
-// The controls of a form, by their names.
+// Finds the controls of a form by their names.
 #pragma once
 
 #include <QWidget>
@@ -6,7 +6,7 @@
 
 namespace tests {
 
-// The one of that name; a test that names none of the form's fails.
+// The control of that name; throws std::runtime_error, and so fails the test, when the form has none.
 template <typename Widget>
 Widget &ControlOf(const QWidget &form, const char *name) {
     auto *found = form.findChild<Widget *>(QLatin1String(name));

@@ -1,4 +1,4 @@
-// What a call raises, for expectations.
+// The error that a call raises, for expectations.
 #pragma once
 
 #include "support/Error.h"
@@ -16,12 +16,13 @@ support::Error ErrorOf(Body &&body) {
     return support::Error(0, QString(), QStringLiteral("no error"));
 }
 
+// Its number; 0 for none.
 template <typename Body>
 long NumberOf(Body &&body) {
     return ErrorOf(body).Number();
 }
 
-// As "number text"; empty for none.
+// The error as "number text"; empty for none.
 template <typename Body>
 QString Raised(Body &&body) {
     const support::Error error = ErrorOf(body);

@@ -5,10 +5,8 @@
 
 namespace tests {
 
-// The path of `name` below tests/data, below the root of the sources, and below the folder of the
-// executables.
-QString Data(const QString &name);
-QString Source(const QString &name);
-QString Program(const QString &name);
+QString Data(const QString &name);    // the path of `name` below tests/data
+QString Source(const QString &name);  // below the root of the sources
+QString Program(const QString &name); // below the folder of the executables
 
 } // namespace tests

@@ -1,4 +1,4 @@
-// A limit on the size of files, which stands in for a disk without room. For POSIX systems.
+// A limit on the size of files, which stands in for a disk without room. Only for POSIX systems.
 #pragma once
 
 #include <csignal>
@@ -6,6 +6,7 @@
 
 namespace tests {
 
+// While it lives, no file of the process can grow beyond so many bytes: writes fail instead.
 class SmallDisk {
 public:
     explicit SmallDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {

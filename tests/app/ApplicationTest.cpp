@@ -5,7 +5,7 @@
 #include "support/Error.h"
 #include "support/testing/ScriptedDesktop.h"
 #include "tests/EnvironmentVariable.h"
-#include "widgets/TickStyle.h"
+#include "widgets/ProgramStyle.h"
 
 #include <gtest/gtest.h>
 #include <QDialog>
@@ -39,7 +39,7 @@ TEST(Application, AnErrorThatAHandlerLetThroughIsReportedAndTheProcessGoesOn) {
 }
 
 TEST(Application, ShowsTheFramesOfBoxesToTickOnAnyPalette) {
-    EXPECT_NE(qobject_cast<widgets::TickStyle *>(QApplication::style()), nullptr);
+    EXPECT_NE(qobject_cast<widgets::ProgramStyle *>(QApplication::style()), nullptr);
 }
 
 TEST(CommandLine, IsOneTextBehindTheProgramsName) {

@@ -1,7 +1,6 @@
-
+// Layouts and routes from the command line.
 #include "storage/Database.h"
 #include "tests/cli/CliTest.h"
-#include "tests/Paths.h"
 
 #include <QFile>
 
@@ -11,10 +10,6 @@ using Rows = std::vector<std::vector<double>>;
 
 class LayoutCommandTest : public cli::testing::CliTest {
 protected:
-    LayoutCommandTest() {
-        EXPECT_EQ(Run({"convert", tests::Data(QStringLiteral("jet/plan.mdb")), plan}), cli::kGood)
-            << err.toStdString();
-    }
     static Rows Read(const QString &map, const QString &sql, int columns) {
         storage::Database database = storage::OpenDatabase(map);
         Rows rows;
@@ -31,7 +26,7 @@ protected:
             4);
     }
 
-    QString plan = Path("plan.map"), tidy = Path("tidy.map");
+    QString plan = Map("plan.map"), tidy = Path("tidy.map");
 };
 
 } // namespace

@@ -1,4 +1,4 @@
-// Every form that can be asked for has its row in the program.
+// Every type that names a form (kForm) has a row in app/main.cpp, which opens that form.
 #include "tests/Paths.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@ QString TextOf(const QString &path) {
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-// The types with a kForm, by the names of their forms.
+// The types with a kForm, by the names of their forms. A type is the last one that begins before the kForm.
 QMap<QString, QString> FormArguments() {
     static const QRegularExpression type(QStringLiteral(R"(\b(?:struct|class) (\w+)[^;{]*\{)"));
     static const QRegularExpression form(QStringLiteral(R"re(constexpr char kForm\[\] = "(\w+)")re"));

@@ -126,7 +126,7 @@ QStringList IncludesOf(const QString &path) {
 
 using Arrows = QMap<QString, QSet<QString>>;
 
-// From each folder of the root to all that can be reached from it.
+// From each folder to all that can be reached from it over any number of arrows.
 Arrows Followed(Arrows arrows) {
     for (bool grown = true; grown;) {
         grown = false;
@@ -204,7 +204,7 @@ TEST(Includes, PointOnlyAtFoldersBelow) {
     ASSERT_GT(sources.size(), 50);
     for (const QString &path : sources) {
         const QString folder = FolderOf(path, allowed);
-        EXPECT_FALSE(folder.isEmpty()) << qPrintable(path) << " stands in no folder of the design";
+        EXPECT_FALSE(folder.isEmpty()) << qPrintable(path) << " stands in no folder that has a rule";
         for (const QString &include : IncludesOf(path)) {
             if (!QFile::exists(kRoot.filePath(include))) continue; // generated, or a system header
             const QString target = FolderOf(include, allowed);

@@ -1,4 +1,5 @@
-// What the papers for developers name is there under that name.
+// What the documents for developers (*.md, but for the guide) name in backquotes is in the tree under that
+// name.
 #include "tests/Paths.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +19,7 @@ QString TextOf(const QString &path) {
     return QString::fromUtf8(file.readAll());
 }
 
-// Paths from the root, each with a slash in front. What is built is left out, and what tests read.
+// Paths from the root, each with a slash in front, without the build folder and the data of tests.
 QStringList FilesOfTheTree() {
     QStringList files;
     for (const QString &name : kRoot.entryList(QDir::Files)) files << "/" + name;
@@ -35,7 +36,7 @@ void AddWords(const QString &text, QSet<QString> &words) {
     for (auto found = word.globalMatch(text); found.hasNext();) words.insert(found.next().captured());
 }
 
-// Of the sources, and of all paths.
+// All words of the sources and of the paths.
 QSet<QString> WordsOf(const QStringList &files) {
     static const QRegularExpression source("(\\.(cpp|h|cmake|py|sh|json)|CMakeLists\\.txt)$");
     QSet<QString> words;
@@ -63,7 +64,7 @@ TEST(Papers, NameOnlyWhatIsThere) {
     const QSet<QString> words = WordsOf(files);
     int named = 0;
     for (const QString &paper : files.filter(QRegularExpression("\\.md$"))) {
-        if (paper == "/docs/guide.md") continue; // is for users, and has tests of its own
+        if (paper == "/docs/guide.md") continue; // it is for users, and has tests of its own
         for (const QString &quoted : QuotedIn(TextOf(paper.mid(1)))) {
             const QRegularExpressionMatch name = kName.match(quoted);
             QSet<QString> parts;

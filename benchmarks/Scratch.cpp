@@ -1,4 +1,4 @@
-#include "benchmarks/Stage.h"
+#include "benchmarks/Scratch.h"
 
 #include "benchmarks/Sample.h"
 #include "document/clsfrmMain.h"
