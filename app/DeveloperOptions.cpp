@@ -13,8 +13,7 @@ namespace app {
 
 namespace {
 
-constexpr int kScreenshotSettles =
-    400; // milliseconds, in which the window manager may still resize the window
+constexpr int kScreenshotSettles = 400; // milliseconds: the window may still be resized
 constexpr int kExitFailure = 1;
 
 void TakeScreenshot(mainwindow::frmMain &window, const QString &path) {

@@ -74,7 +74,8 @@ std::vector<Node *> Resized(const std::vector<Node *> &nodes, const std::vector<
     return resized;
 }
 
-// Writes the date, and lines up the nodes that took another size where nodes stay at their dates.
+// Writes the date. Where nodes stay at their dates, those that took another size or came to another lane are
+// lined up.
 void WriteDate(const NodeDialogArgument &argument, const DateEdit &date, const std::vector<Node *> &resized) {
     if (!date.dated) timeline::RemoveTimelineLinks(argument.oNode);
     if (!date.dated || !date.value) return timeline::FollowDates(argument.window, argument.oFlow, resized);

@@ -2,7 +2,7 @@
 #include "diagram/layout/Align.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/frmMain.h"
-#include "mainwindow/UndoStep.h"
+#include "mainwindow/HandlerStep.h"
 
 namespace mainwindow {
 
@@ -12,7 +12,7 @@ namespace {
 template <typename Change>
 void Arrange(frmMain &window, Change change) {
     diagram::Surface &surface = window.CurrentSurface();
-    const UndoStep step(surface);
+    const HandlerStep step(surface);
     change(surface.SelectedNodes());
     window.AddFlow1_AfterResize(surface.Index());
 }

@@ -2,8 +2,8 @@
 
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/HandlerStep.h"
 #include "mainwindow/TimelineCommands.h"
-#include "mainwindow/UndoStep.h"
 #include "timeline/MoveDates.h"
 
 namespace mainwindow {
@@ -43,7 +43,7 @@ void DateKeys::MoveSelected(diagram::Surface &surface, const timeline::DateStep 
     const std::vector<diagram::Node *> nodes = NodesToDate(surface);
     std::optional<timeline::MovedDates> moved;
     {
-        const UndoStep group(surface, goesOn);
+        const HandlerStep group(surface, goesOn);
         moved = timeline::MoveDates(window_, surface, nodes, step);
     }
     if (moved && moved->moved > 0) {

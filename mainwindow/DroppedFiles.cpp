@@ -6,9 +6,9 @@
 #include "dialogs/PictureFile.h"
 #include "mainwindow/DroppedFile.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/HandlerStep.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SurfacePlace.h"
-#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/Settings.h"
 #include "timeline/AdjustLinks.h"
@@ -125,7 +125,7 @@ void DroppedFiles::Offer(diagram::Node &node, const QString &file, const QPoint 
     });
     QObject::connect(menu, &DropMenu::UseAsPicture, &window_, [this, onNode, picture] {
         onNode([&](diagram::Node &target) {
-            const UndoStep step(target.Owner());
+            const HandlerStep step(target.Owner());
             target.SetPicture(picture);
             timeline::FollowDates(window_, target.Owner(), {&target}); // its size may follow the picture
             timeline::AdjustLinksOf({&target});

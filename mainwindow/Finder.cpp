@@ -5,8 +5,8 @@
 #include "mainwindow/Commands.h"
 #include "mainwindow/FindBar.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/HandlerStep.h"
 #include "mainwindow/SliceViews.h"
-#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowStatus.h"
 #include "timeline/AdjustLinks.h"
 #include "timeline/DateWords.h"
@@ -64,7 +64,7 @@ public:
 private:
     frmMain &window_;
     std::map<int, std::vector<diagram::Node *>> nodes_; // by their slices
-    std::list<UndoStep> steps_;
+    std::list<HandlerStep> steps_;
 };
 
 } // namespace

@@ -3,12 +3,12 @@
 #include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/HandlerStep.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/ShapeMenu.h"
 #include "mainwindow/TextAlignment.h"
 #include "mainwindow/TimelineCommands.h"
-#include "mainwindow/UndoStep.h"
 #include "settings/Settings.h"
 #include "support/Val.h"
 #include "timeline/AdjustLinks.h"
@@ -116,7 +116,7 @@ void ShowUnknownButton(support::Desktop &desktop, const QString &key) {
 void frmMain::tlbFormat_ButtonClick(const QString &key) {
     support::Report("frmMain", "tlbFormat_ButtonClick", [&] {
         clsSettings_->Dirty = true;
-        const UndoStep step(CurrentSurface());
+        const HandlerStep step(CurrentSurface());
         if (const FormatRow *row = FindFormat(key))
             row->routine(*this);
         else
@@ -127,7 +127,7 @@ void frmMain::tlbFormat_ButtonClick(const QString &key) {
 // Choosing a font or a size is a step of undo like any other, and leaves Dirty as it is.
 void frmMain::cboFont_Click() {
     support::Report("frmMain", "cboFont_Click", [&] {
-        const UndoStep step(CurrentSurface());
+        const HandlerStep step(CurrentSurface());
         ChangeFonts(*this, [name = cboFont().currentText()](diagram::Font &font) { font.SetName(name); });
     });
 }
@@ -135,7 +135,7 @@ void frmMain::cboFont_Click() {
 void frmMain::cboFontSize_Click() {
     support::Report("frmMain", "cboFontSize_Click", [&] {
         const int size = support::CInt(support::Val(cboFontSize().currentText()));
-        const UndoStep step(CurrentSurface());
+        const HandlerStep step(CurrentSurface());
         ChangeFonts(*this, [size](diagram::Font &font) { font.SetSize(size); });
     });
 }
@@ -143,7 +143,7 @@ void frmMain::cboFontSize_Click() {
 void frmMain::tlbFormat_ButtonMenuClick(int tag) {
     support::Report("frmMain", "tlbFormat_ButtonMenuClick", [&] {
         diagram::Surface &surface = CurrentSurface();
-        const UndoStep step(surface);
+        const HandlerStep step(surface);
         DoSelectAll(surface, false);
         diagram::Node &node = surface.Nodes().Add(0, 0, kNewElementSide, kNewElementSide);
         node.SetShape(tag);

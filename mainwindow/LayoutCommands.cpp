@@ -8,8 +8,8 @@
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/frmPics.h"
+#include "mainwindow/HandlerStep.h"
 #include "mainwindow/LongTask.h"
-#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/GetSet.h"
 #include "settings/Settings.h"
@@ -71,7 +71,7 @@ bool Execute(frmMain &window, LongTask::Bar bar, LayOut &&layOut) {
     const diagram::ItemPlaces before = diagram::PlacesOf(window.CurrentSurface());
     bool stays = true;
     {
-        UndoStep step(window.CurrentSurface());
+        HandlerStep step(window.CurrentSurface());
         LongTask task(window, QCoreApplication::translate("Layout", "Laying out"), bar);
         layOut(task);
         stays = FindRoutes(window, task);

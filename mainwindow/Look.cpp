@@ -2,8 +2,8 @@
 
 #include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Surface.h"
+#include "mainwindow/HandlerStep.h"
 #include "mainwindow/TextAlignment.h"
-#include "mainwindow/UndoStep.h"
 #include "timeline/AdjustLinks.h"
 
 namespace mainwindow {
@@ -89,7 +89,7 @@ bool GiveBestStyles(diagram::Surface &surface) {
         if (const int best = diagram::StyleFor(*link, diagram::kAutomaticStyle); best != link->Style())
             changes.emplace_back(link, best);
     if (changes.empty()) return false;
-    const UndoStep step(surface);
+    const HandlerStep step(surface);
     for (const auto &[link, style] : changes) link->SetStyle(style);
     return true;
 }
@@ -121,7 +121,7 @@ bool GiveLook(diagram::Surface &surface, const LookRow &row, double value) {
     const LookState before = StateOf(surface, row);
     if (!before.fits || before.value == value) return false;
     if (row.what == LookOf::Routing && value == diagram::kAutomaticStyle) return GiveBestStyles(surface);
-    const UndoStep step(surface);
+    const HandlerStep step(surface);
     Give(surface.SelectedNodes(), row.toNode, value);
     Give(surface.SelectedLinks(), row.toLink, value);
     if (row.resizes) timeline::AdjustLinksOf(surface.SelectedNodes());

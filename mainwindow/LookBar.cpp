@@ -10,7 +10,6 @@
 #include "mainwindow/StateButton.h"
 #include "mainwindow/TextAlignment.h"
 #include "mainwindow/Toolbar.h"
-#include "mainwindow/WindowParts.h"
 #include "settings/GetSet.h"
 #include "support/Val.h"
 #include "widgets/ShapeGrid.h"
@@ -44,9 +43,10 @@ constexpr AlignmentState kAlignments[] = {
 
 } // namespace
 
-LookBar::LookBar(frmMain &window, WindowParts &parts)
+LookBar::LookBar(frmMain &window, const SmartMenu &menus, Toolbar &format)
     : window_(window),
-      parts_(parts),
+      menus_(menus),
+      format_(format),
       bar_(new Toolbar(QStringLiteral("tlbLook"), frmMain::tr("Look"), &window)) {
     for (const LookRow &row : LookRows()) AddButton(row);
     bar_->setVisible(support::Val(settings::GetSet(kHidden)) == 0);
@@ -60,7 +60,7 @@ bool LookBar::eventFilter(QObject *watched, QEvent *event) {
 }
 
 void LookBar::Place() {
-    const int wanted = parts_.tlbFormat->sizeHint().width() + bar_->sizeHint().width();
+    const int wanted = format_.sizeHint().width() + bar_->sizeHint().width();
     const bool below = wanted > window_.width();
     if (below == window_.toolBarBreak(bar_)) return;
     if (below)
@@ -115,7 +115,7 @@ void LookBar::Update() {
     const std::vector<LookState> states = StatesOf(surface, LookRows());
     for (LookButton *button : buttons_) {
         button->Show(states[std::size_t(button->Row().what)]);
-        if (QAction *entry = parts_.SmartMenuXP1a->Item(QLatin1String(button->Row().key)))
+        if (QAction *entry = menus_.Item(QLatin1String(button->Row().key)))
             entry->setEnabled(button->isEnabled());
     }
     ShowFormats(surface);
@@ -123,9 +123,9 @@ void LookBar::Update() {
 
 void LookBar::ShowFormats(const diagram::Surface &surface) const {
     for (const FontState &row : kFonts)
-        parts_.tlbFormat->ShowState(QLatin1String(row.key), SharedFont(surface, row.is));
+        format_.ShowState(QLatin1String(row.key), SharedFont(surface, row.is));
     for (const AlignmentState &row : kAlignments)
-        parts_.tlbFormat->ShowState(QLatin1String(row.key), SharedAlignment(surface, row.family));
+        format_.ShowState(QLatin1String(row.key), SharedAlignment(surface, row.family));
 }
 
 const LookState &LookBar::State(LookOf what) const { return buttons_[std::size_t(what)]->State(); }

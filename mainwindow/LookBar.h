@@ -15,15 +15,15 @@ namespace mainwindow {
 
 class frmMain;
 class LookButton;
+class SmartMenu;
 class Toolbar;
-class WindowParts;
 
 class LookBar : public QObject {
     Q_OBJECT
 public:
-    // The bar stands behind the format toolbar, or below it where the window has no room for both. The parts
-    // must outlive the object.
-    LookBar(frmMain &window, WindowParts &parts);
+    // The bar stands behind the format toolbar, or below it where the window has no room for both. Menus and
+    // toolbar must outlive the object.
+    LookBar(frmMain &window, const SmartMenu &menus, Toolbar &format);
 
     bool IsShown() const;
     // Also for windows to come.
@@ -62,7 +62,8 @@ private:
     void StepFrom(const LookButton &button, int step);
 
     frmMain &window_;
-    WindowParts &parts_;
+    const SmartMenu &menus_;
+    Toolbar &format_;
     Toolbar *bar_;
     std::vector<LookButton *> buttons_;     // in the order of LookOf
     widgets::ShapePopup *shapes_ = nullptr; // made when it is first opened

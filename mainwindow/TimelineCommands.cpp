@@ -9,8 +9,8 @@
 #include "mainwindow/CalendarCommands.h"
 #include "mainwindow/DateKeys.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/HandlerStep.h"
 #include "mainwindow/UndoRedo.h"
-#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/Settings.h"
 #include "timeline/AddTimelineLink.h"
@@ -112,7 +112,7 @@ void LineUpOnce(frmMain &window) {
 
 void ChooseLanes(frmMain &window, timeline::Lanes lanes) {
     diagram::Surface &surface = window.CurrentSurface();
-    const UndoStep step(surface);
+    const HandlerStep step(surface);
     if (timeline::LanesOf(surface) != lanes) window.clsSettings().Dirty = true;
     timeline::SetLanes(surface, lanes);
     if (timeline::KeepsNodesAtDates(surface)) LineUpOnce(window);
@@ -144,7 +144,7 @@ void TellMoved(frmMain &window, const std::optional<timeline::MovedDates> &moved
 void mnuViewTimeline(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
     {
-        const UndoStep step(surface);
+        const HandlerStep step(surface);
         timeline::ShowTimeline(window, surface, window.MenuValue(QStringLiteral("mnuViewTimeline")));
     }
     window.ClickTab();
@@ -156,7 +156,7 @@ void mnuViewDefaultNode(frmMain &window) {
     const document::cLevel former = levels.count() > 0 ? levels.Item(1) : document::cLevel();
     const std::uint64_t before = surface.Actions().Revision().step;
     {
-        UndoStep step(surface);
+        HandlerStep step(surface);
         if (!ShowSetup(window, *document::LocateTemplateNode(surface, true), true)) return step.TakeBack();
         document::ApplyDefaults(surface);
     }
@@ -167,7 +167,7 @@ void mnuViewDefaultNode(frmMain &window) {
 
 void mnuViewTimelineSetup(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
-    UndoStep step(surface);
+    HandlerStep step(surface);
     if (!ShowSetup(window, *timeline::LocateTimeLineTemplateNode(surface, true), false))
         return step.TakeBack();
     timeline::ArrangeTimeLineNodes(window, surface, timeline::ArrangementOf(surface));
@@ -181,7 +181,7 @@ void keyDate(frmMain &window) {
     if (!document::Show(window, form)) return;
     std::optional<timeline::MovedDates> moved;
     const bool isFirst = !HasMonths(surface);
-    const UndoStep step(surface);
+    const HandlerStep step(surface);
     if (form.step)
         moved = timeline::MoveDates(window, surface, nodes, *form.step);
     else
@@ -204,7 +204,7 @@ void keyWeekLater(frmMain &window) { DateKeys::Of(window).Move({1, Unit::Week});
 void keyWeekEarlier(frmMain &window) { DateKeys::Of(window).Move({-1, Unit::Week}); }
 
 void mnuViewTimelineTidy(frmMain &window) {
-    const UndoStep step(window.CurrentSurface());
+    const HandlerStep step(window.CurrentSurface());
     const int gone = timeline::TidyTimeline(window, window.CurrentSurface());
     if (gone == 0) return Tell(window, frmMain::tr("Every month of the timeline is needed."));
     window.ClickTab();
@@ -214,27 +214,27 @@ void mnuViewTimelineTidy(frmMain &window) {
 
 // Success isn't told, as the status bar may say how far the strip was filled.
 void mnuViewTimelineFill(frmMain &window) {
-    const UndoStep step(window.CurrentSurface());
+    const HandlerStep step(window.CurrentSurface());
     const int come = timeline::FillInMissingMonths(window, window.CurrentSurface());
     if (come == 0) return Tell(window, frmMain::tr("No months are missing."));
     window.ClickTab();
 }
 
 void mnuViewTimelineLineUp(frmMain &window) {
-    const UndoStep step(window.CurrentSurface());
+    const HandlerStep step(window.CurrentSurface());
     LineUpOnce(window);
 }
 
 void mnuViewTimelineKeep(frmMain &window) {
     const QString key = QStringLiteral("mnuViewTimelineKeep");
-    const UndoStep step(window.CurrentSurface());
+    const HandlerStep step(window.CurrentSurface());
     timeline::SetKeepsNodesAtDates(window.CurrentSurface(), window.MenuValue(key));
     window.clsSettings().Dirty = true;
     if (window.MenuValue(key)) LineUpOnce(window);
 }
 
 void mnuViewTimelinePush(frmMain &window) {
-    const UndoStep step(window.CurrentSurface());
+    const HandlerStep step(window.CurrentSurface());
     timeline::SetPushesFollowing(window.CurrentSurface(),
                                  window.MenuValue(QStringLiteral("mnuViewTimelinePush")));
     window.clsSettings().Dirty = true;
@@ -248,7 +248,7 @@ void RenameLanes(frmMain &window) {
     for (const int slot : window.AddFlow1().Indices()) {
         diagram::Surface &surface = window.AddFlow1()[slot];
         if (timeline::LanesOf(surface) == timeline::Lanes::None) continue;
-        const UndoStep step(surface);
+        const HandlerStep step(surface);
         timeline::NoteLanes(window, surface);
     }
 }

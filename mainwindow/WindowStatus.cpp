@@ -3,10 +3,8 @@
 #include "diagram/view/SurfaceView.h"
 #include "document/UnsavedWork.h"
 #include "mainwindow/cStatusBar.h"
-#include "mainwindow/FilterBoxes.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/Selection.h"
-#include "mainwindow/TimelineCommands.h"
 #include "settings/Settings.h"
 
 #include <utility>
@@ -49,16 +47,13 @@ void WindowStatus::HiddenMayDiffer() {
 void WindowStatus::Update() {
     bar_.SetSelection(SelectionText(window_.CurrentSurface()));
     bar_.SetZoom(window_.CurrentView().ShownZoom());
-    if (std::exchange(hiddenMayDiffer_, false)) {
-        ShowTimelineTick(window_);
-        ShowHiddenCount();
-    }
     ShowWhetherSaved();
 }
 
-void WindowStatus::ShowHiddenCount() {
-    const QString nodes = CountedText(std::size_t(window_.Filter().HiddenNodes()), settings::Terms().NODE);
-    bar_.SetHidden(nodes.isEmpty() ? nodes : frmMain::tr("%1 hidden").arg(nodes));
+void WindowStatus::ShowHidden(int nodes) {
+    hiddenMayDiffer_ = false;
+    const QString counted = CountedText(std::size_t(nodes), settings::Terms().NODE);
+    bar_.SetHidden(counted.isEmpty() ? counted : frmMain::tr("%1 hidden").arg(counted));
 }
 
 void WindowStatus::ShowWhetherSaved() {

@@ -26,11 +26,14 @@ public:
     // Says that the program hasn't got `what` yet.
     void TellNotYet(const QString &what);
 
-    // Shows selection, zoom, hidden nodes, and whether all is saved.
+    // Shows selection, zoom, and whether all is saved.
     void Update();
-    // The next update counts the hidden nodes anew, which looks at every node, and checks the timeline's menu
-    // entries accordingly.
+    // Other nodes may be hidden than ShowHidden was told last. Counting them looks at every node, so it waits
+    // for the next update of the window.
     void HiddenMayDiffer();
+    bool MayHiddenDiffer() const { return hiddenMayDiffer_; }
+    // Shows how many nodes the filter hides.
+    void ShowHidden(int nodes);
 
 Q_SIGNALS:
     // Something of the window is unsaved from now on, or all is saved again. Told once the event that made it
@@ -38,7 +41,6 @@ Q_SIGNALS:
     void UnsavedWorkChanged(bool unsaved);
 
 private:
-    void ShowHiddenCount();
     void ShowWhetherSaved();
 
     frmMain &window_;

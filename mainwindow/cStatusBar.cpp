@@ -9,7 +9,11 @@
 namespace mainwindow {
 
 namespace {
-constexpr int kProgressWidth = 160; // pixels
+// Pixels; margins are those of both sides together.
+constexpr int kProgressWidth = 160;
+constexpr int kDoingIndent = 6;
+constexpr int kProgressMargins = 6, kSavedMargins = 8, kZoomMargins = 16;
+constexpr int kIconSide = 16;
 
 QString SavedText(bool unsaved) {
     return unsaved ? cStatusBar::tr("Unsaved changes") : cStatusBar::tr("All saved");
@@ -22,15 +26,25 @@ cStatusBar::cStatusBar(QWidget *parent)
       progress_(new QWidget(this)),
       selection_(new QLabel(this)),
       saved_(new QLabel(this)) {
+    AddDoing();
+    AddPutBack();
+    AddProgress();
+    selection_->setTextFormat(Qt::PlainText);
+    addPermanentWidget(selection_);
+    AddSaved();
+    AddHidden();
+    AddZoom();
+}
+
+void cStatusBar::AddDoing() {
     doing_->setObjectName(QStringLiteral("DOING"));
     doing_->setTextFormat(Qt::PlainText);
-    doing_->setMinimumWidth(1);
-    doing_->setIndent(6);
-    progress_->setObjectName(QStringLiteral("PROGRESS"));
-    progress_->setFixedWidth(kProgressWidth);
-    progress_->setMinimumHeight(fontMetrics().height() + 6);
-    selection_->setTextFormat(Qt::PlainText);
+    doing_->setMinimumWidth(1); // a long text is cut off rather than widening the window
+    doing_->setIndent(kDoingIndent);
     addWidget(doing_, 1);
+}
+
+void cStatusBar::AddPutBack() {
     putBack_ = AddButton(QStringLiteral("undo"), tr("Gives it look and text as before"));
     putBack_->setObjectName(QStringLiteral("PUTBACK"));
     putBack_->setText(tr("Put &back"));
@@ -39,24 +53,37 @@ cStatusBar::cStatusBar(QWidget *parent)
     putBack_->setAutoRaise(false);
     putBack_->hide();
     connect(putBack_, &QToolButton::clicked, this, &cStatusBar::PutBackClicked);
+}
+
+void cStatusBar::AddProgress() {
+    progress_->setObjectName(QStringLiteral("PROGRESS"));
+    progress_->setFixedWidth(kProgressWidth);
+    progress_->setMinimumHeight(fontMetrics().height() + kProgressMargins);
     addPermanentWidget(progress_);
-    addPermanentWidget(selection_);
+}
+
+void cStatusBar::AddSaved() {
     saved_->setObjectName(QStringLiteral("SAVED"));
-    saved_->setMinimumWidth(fontMetrics().horizontalAdvance(SavedText(true)) + 8);
+    saved_->setMinimumWidth(fontMetrics().horizontalAdvance(SavedText(true)) + kSavedMargins);
     saved_->setAlignment(Qt::AlignCenter);
     addPermanentWidget(saved_);
     SetUnsaved(false);
+}
 
+void cStatusBar::AddHidden() {
     hidden_ = AddButton(QStringLiteral("filter"), tr("Hidden by the filter"));
     hidden_->setObjectName(QStringLiteral("HIDDEN"));
     hidden_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     hidden_->setAutoRaise(false);
     hidden_->hide();
     connect(hidden_, &QToolButton::clicked, this, &cStatusBar::HiddenClicked);
+}
+
+void cStatusBar::AddZoom() {
     QToolButton *out = AddButton(QStringLiteral("zoomout"), tr("Zoom out"));
     zoom_ = AddButton(QString(), tr("Zoom"));
     zoom_->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    zoom_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("10000 %")) + 16);
+    zoom_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("10000 %")) + kZoomMargins);
     QToolButton *in = AddButton(QStringLiteral("zoomin"), tr("Zoom in"));
     connect(out, &QToolButton::clicked, this, &cStatusBar::ZoomOut);
     connect(zoom_, &QToolButton::clicked, this, &cStatusBar::PopUpZoomMenu);
@@ -68,7 +95,7 @@ QToolButton *cStatusBar::AddButton(const QString &image, const QString &name) {
     auto *button = new QToolButton(this);
     button->setAutoRaise(true);
     button->setIcon(Icon(image));
-    button->setIconSize(QSize(16, 16));
+    button->setIconSize(QSize(kIconSide, kIconSide));
     button->setToolTip(name);
     button->setAccessibleName(name);
     addPermanentWidget(button);

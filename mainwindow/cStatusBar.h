@@ -38,6 +38,13 @@ Q_SIGNALS:
     void PutBackClicked();
 
 private:
+    // Each adds a part of the bar, from left to right.
+    void AddDoing();
+    void AddPutBack();
+    void AddProgress();
+    void AddSaved();
+    void AddHidden();
+    void AddZoom();
     void PopUpZoomMenu();
     QToolButton *AddButton(const QString &image, const QString &name);
 

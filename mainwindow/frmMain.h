@@ -5,7 +5,6 @@
 #include "document/MapWindow.h"
 #include "document/SurfaceArray.h"
 #include "mainwindow/clsTabStrip.h"
-#include "mainwindow/Commands.h"
 #include "mainwindow/LevelColours.h"
 
 #include <memory>

@@ -4,6 +4,7 @@
 #include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/Commands.h"
+#include "mainwindow/FilterBoxes.h"
 #include "mainwindow/FormatCommands.h"
 #include "mainwindow/frmPics.h"
 #include "mainwindow/LookBar.h"
@@ -13,6 +14,7 @@
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/StartOffer.h"
 #include "mainwindow/TextBox.h"
+#include "mainwindow/TimelineCommands.h"
 #include "mainwindow/Toolbar.h"
 #include "mainwindow/UndoRedo.h"
 #include "mainwindow/WindowParts.h"
@@ -79,6 +81,10 @@ void frmMain::UpdateCommands() {
     look_->Update();
     SetMenuValue(QStringLiteral("mnuViewGrid"), surface.GridLines());
     SetMenuValue(QStringLiteral("mnuViewSnapGrid"), surface.Screen().SnapToGrid());
+    if (status_->MayHiddenDiffer()) {
+        ShowTimelineTick(*this);
+        status_->ShowHidden(filter_->HiddenNodes());
+    }
     status_->Update();
     start_->Update();
     overview_->Update();

@@ -45,7 +45,7 @@ void frmMain::BuildControls() {
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(true);
     parts_ = std::make_unique<WindowParts>(*this);
-    look_ = std::make_unique<LookBar>(*this, *parts_);
+    look_ = std::make_unique<LookBar>(*this, *parts_->SmartMenuXP1a, *parts_->tlbFormat);
     status_ = std::make_unique<WindowStatus>(*this, *parts_->staMain);
     putBack_ = new PutBack(*this, *parts_->staMain);
     history_ = std::make_unique<UndoRedo>(*this);

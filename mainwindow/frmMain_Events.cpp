@@ -5,11 +5,11 @@
 #include "diagram/view/KeyCodes.h"
 #include "dialogs/ListIndex.h"
 #include "document/Tags.h"
+#include "mainwindow/HandlerStep.h"
 #include "mainwindow/HyperlinkFollower.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/StartOffer.h"
-#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowParts.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/Settings.h"
@@ -64,7 +64,7 @@ bool AsksForProperties(int keyCode, int shift) {
 } // namespace
 
 void frmMain::AddFlow1_AfterAddNode(int index, diagram::Node &oNode) {
-    const UndoStep step(AddFlow1_[index]);
+    const HandlerStep step(AddFlow1_[index]);
     if (const document::cGroup *group = GroupForNewNode(clsSettings_->Groups()))
         document::SetTag(oNode, document::tags::kGroup, group->Key);
     if (const document::cLevel *level = LevelForNewNode(clsSettings_->Levels())) {
@@ -76,7 +76,7 @@ void frmMain::AddFlow1_AfterAddNode(int index, diagram::Node &oNode) {
 }
 
 void frmMain::AddFlow1_AfterAddNodeLike(int index, diagram::Node &oNode, const diagram::Node &like) {
-    const UndoStep step(AddFlow1_[index]);
+    const HandlerStep step(AddFlow1_[index]);
     for (const QString &key : {document::tags::kGroup, document::tags::kLevel})
         if (const QString value = document::GetTag(like, key); !value.isEmpty())
             document::SetTag(oNode, key, value);
@@ -93,7 +93,7 @@ void frmMain::AddFlow1_AfterStretch(int) { clsSettings_->Dirty = true; }
 
 void frmMain::AddFlow1_AfterMove(int index) {
     diagram::Surface &surface = AddFlow1_[index];
-    const UndoStep step(surface);
+    const HandlerStep step(surface);
     timeline::AdjustLinksOf(surface.SelectedNodes());
     clsSettings_->Dirty = true;
 }
@@ -101,7 +101,7 @@ void frmMain::AddFlow1_AfterMove(int index) {
 // Dated nodes go back to their dates where nodes stay there, and their links to the days follow.
 void frmMain::AddFlow1_AfterResize(int index) {
     diagram::Surface &surface = AddFlow1_[index];
-    const UndoStep step(surface);
+    const HandlerStep step(surface);
     timeline::FollowDates(*this, surface, surface.SelectedNodes());
     AddFlow1_AfterMove(index);
 }

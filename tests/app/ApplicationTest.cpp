@@ -4,6 +4,7 @@
 #include "app/ProcessAge.h"
 #include "support/Error.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/EnvironmentVariable.h"
 #include "widgets/ProgramStyle.h"
 
 #include <gtest/gtest.h>
@@ -63,13 +64,11 @@ TEST(FormOwner, IsTheFormFromWhichAnotherIsAskedForElseTheWindow) {
 TEST(DeveloperOptions, ComeFromTheEnvironment) {
     EXPECT_FALSE(ReadDeveloperOptions().EndsAfterPaint());
     EXPECT_FALSE(ReadDeveloperOptions().noSplash);
-    qputenv("VELMORA_NO_SPLASH", "1");
-    qputenv("VELMORA_SCREENSHOT", "window.png");
+    const tests::EnvironmentVariable noSplash("VELMORA_NO_SPLASH", "1");
+    const tests::EnvironmentVariable screenshot("VELMORA_SCREENSHOT", "window.png");
     EXPECT_TRUE(ReadDeveloperOptions().noSplash);
     EXPECT_TRUE(ReadDeveloperOptions().EndsAfterPaint());
     EXPECT_EQ(ReadDeveloperOptions().screenshot, QStringLiteral("window.png"));
-    qunsetenv("VELMORA_NO_SPLASH");
-    qunsetenv("VELMORA_SCREENSHOT");
 }
 
 TEST(ProcessAge, NeverGoesBack) {

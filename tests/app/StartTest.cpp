@@ -14,6 +14,7 @@
 #include "settings/Settings.h"
 #include "support/Files.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/EnvironmentVariable.h"
 
 #include <gtest/gtest.h>
 #include <QApplication>
@@ -60,6 +61,12 @@ protected:
         StartOptions options;
         options.commandLine = commandLine;
         return Main(desktop.Get(), options);
+    }
+    // The scripted desktop, but with another clock.
+    support::Desktop DesktopWith(support::Clock &clock) {
+        return {desktop.messageBoxes, desktop.dialogs,   desktop.launcher,  clock,
+                desktop.memory,       desktop.registry,  desktop.random,    desktop.printers,
+                desktop.identity,     desktop.fileIcons, desktop.dialogHost};
     }
     // Expects the prompt, presses a button of the real form, with the box ticked or not.
     void ExpectPrompt(const QString &file, bool yes, bool notAgain = false) {
@@ -130,7 +137,7 @@ TEST_F(Start, ShowsTheFirstWindowAndTakesTheSplashAway) {
 
 namespace {
 
-// A clock that looks, each time somebody waits, at what is on the screen.
+// Notes at each wait whether the splash alone is on the screen.
 class LookingClock : public support::testing::FakeClock {
 public:
     void Wait(int milliseconds) override {
@@ -155,9 +162,7 @@ TEST_F(Start, TheSplashStaysUntilTheSecondBehindTheOneInWhichItCame) {
          {Case{QTime(10, 30, 7, 0), 1000}, {QTime(10, 30, 7, 700), 300}, {QTime(10, 30, 7, 990), 20}}) {
         LookingClock clock;
         clock.now.setTime(came);
-        support::Desktop doors{desktop.messageBoxes, desktop.dialogs,   desktop.launcher,  clock,
-                               desktop.memory,       desktop.registry,  desktop.random,    desktop.printers,
-                               desktop.identity,     desktop.fileIcons, desktop.dialogHost};
+        support::Desktop doors = DesktopWith(clock);
         frmMain *window = Main(doors, {});
         ASSERT_TRUE(window);
         EXPECT_EQ(came.msecsTo(clock.now.time()), waited) << came.msec();
@@ -172,9 +177,7 @@ TEST_F(Start, TheSplashStaysUntilTheSecondBehindTheOneInWhichItCame) {
 TEST_F(Start, TheSplashDoesNotWaitForADayWhenItCameBeforeMidnight) {
     LookingClock clock;
     clock.now.setTime(QTime(23, 59, 59, 500));
-    support::Desktop doors{desktop.messageBoxes, desktop.dialogs,   desktop.launcher,  clock,
-                           desktop.memory,       desktop.registry,  desktop.random,    desktop.printers,
-                           desktop.identity,     desktop.fileIcons, desktop.dialogHost};
+    support::Desktop doors = DesktopWith(clock);
     frmMain *window = Main(doors, {});
     ASSERT_TRUE(window);
     EXPECT_EQ(clock.now, QDateTime(QDate(2024, 5, 18), QTime(0, 0)));
@@ -191,8 +194,7 @@ TEST_F(Start, WithoutTheSplashNothingIsWaitedFor) {
 
 TEST_F(Start, SweepsWhatFormerRunsLeftInTheTemporaryFolder) {
     const QTemporaryDir temp;
-    const QByteArray former = qgetenv("TMPDIR");
-    qputenv("TMPDIR", QFile::encodeName(temp.path()));
+    const tests::EnvironmentVariable temporary("TMPDIR", QFile::encodeName(temp.path()));
     const auto write = [&](const QString &name) {
         QFile file(temp.filePath(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -211,7 +213,6 @@ TEST_F(Start, SweepsWhatFormerRunsLeftInTheTemporaryFolder) {
         return !QFile::exists(temp.filePath(QStringLiteral("velmora-attachments-killed"))) &&
                QDir(temp.filePath(QStringLiteral("velmora-copies-abcdef"))).isEmpty();
     }));
-    former.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", former);
 }
 
 TEST_F(Start, AMissingTemplateIsToldAndEndsTheStart) {
@@ -295,8 +296,7 @@ TEST_F(Start, ACommandLineSkipsThePrompt) {
 }
 
 TEST_F(Start, OffersWhatAFormerRunHasLeftUnsaved) {
-    const QByteArray former = qgetenv("XDG_STATE_HOME");
-    qputenv("XDG_STATE_HOME", program.path().toLocal8Bit());
+    const tests::EnvironmentVariable state("XDG_STATE_HOME", program.path().toLocal8Bit());
     {
         recovery::JournalFile journal(program.filePath(QStringLiteral("Velmora/recovery")));
         recovery::Step step{true, {}, {QDateTime::currentDateTime(), 1, recovery::MapFrame()}};
@@ -313,7 +313,6 @@ TEST_F(Start, OffersWhatAFormerRunHasLeftUnsaved) {
     EXPECT_TRUE(window->Journal());
     delete window;
     mainwindow::WindowJournal::SetFolder(QString());
-    former.isNull() ? qunsetenv("XDG_STATE_HOME") : qputenv("XDG_STATE_HOME", former);
 }
 
 TEST_F(Start, AnEmptyStartupFolderOrNoneMeansNoPrompt) {

@@ -34,7 +34,7 @@ protected:
         file.write(bytes);
         return file.fileName();
     }
-    // One that takes next to no room.
+    // A file of that size that takes next to no room on the disk.
     QString Sparse(const QString &name, qint64 size) {
         QFile file(MapFile(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
@@ -48,7 +48,7 @@ protected:
         attachment.Embed = embed;
         return attachment;
     }
-    // The window goes on with what the file holds.
+    // Saves the map and opens it again in a new window.
     void SaveAndOpen(const QString &name = QStringLiteral("plan.map")) {
         SaveAs(*window, MapFile(name));
         window = Loaded(MapFile(name));

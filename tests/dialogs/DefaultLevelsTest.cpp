@@ -2,6 +2,7 @@
 #include "tests/dialogs/LevelsFormTest.h"
 
 #include "support/AtomicFile.h"
+#include "tests/EnvironmentVariable.h"
 
 #include <QFileInfo>
 
@@ -13,16 +14,15 @@ namespace {
 
 const QString kQuestion = QStringLiteral("This will affect all new Maps!\r\rContinue?");
 
-// The program's folder can't be written for the time of its life, and the configuration folder is another.
+// For the life of the object the program's folder can't be written, and the configuration folder is another
+// one.
 class ReadOnlyProgram {
 public:
     explicit ReadOnlyProgram(const QString &folder) : folder_(folder) {
-        qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.path()));
         QFile::setPermissions(folder_, QFile::ReadOwner | QFile::ExeOwner);
     }
     ~ReadOnlyProgram() {
         QFile::setPermissions(folder_, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        former_.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", former_);
     }
     ReadOnlyProgram(const ReadOnlyProgram &) = delete;
     ReadOnlyProgram &operator=(const ReadOnlyProgram &) = delete;
@@ -30,7 +30,7 @@ public:
 
 private:
     QString folder_;
-    QByteArray former_ = qgetenv("XDG_CONFIG_HOME");
+    tests::EnvironmentVariable configHome_{"XDG_CONFIG_HOME", QFile::encodeName(config.path())};
 };
 
 } // namespace

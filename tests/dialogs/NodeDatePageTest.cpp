@@ -12,10 +12,6 @@
 
 namespace dialogs::testing {
 
-namespace {
-constexpr int kDate = 2; // the page
-}
-
 class NodeDates : public NodeDialogTest {
 protected:
     QLineEdit &DateText() { return *Control<QWidget>("SSDateCombo1").findChild<QLineEdit *>(); }
@@ -35,7 +31,7 @@ TEST_F(NodeDates, ShowsTheDateOfTheNode) {
 
 TEST_F(NodeDates, WithoutADateTodayIsOffered) {
     Open(*node);
-    GoTo(kDate);
+    GoTo(kDatePage);
     EXPECT_FALSE(Control<QCheckBox>("chkDate").isChecked());
     EXPECT_FALSE(Control<QWidget>("SSDateCombo1").isEnabled());
     EXPECT_EQ(DateText().text(), QStringLiteral("17 May 2024 00:00:00"));
@@ -49,7 +45,7 @@ TEST_F(NodeDates, ADateIsTypedInAnyForm) {
     for (const char *typed : {"2 January 2005", "2/1/2005", "2005-01-02", "2 Jan 2005 13:45:00"}) {
         timeline::RemoveTimelineLinks(*node);
         Open(*node);
-        GoTo(kDate);
+        GoTo(kDatePage);
         Control<QCheckBox>("chkDate").setChecked(true);
         Type(QLatin1String(typed));
         Click("OKButton");
@@ -65,12 +61,12 @@ TEST_F(NodeDates, AnEndIsShownAndTypedInTheSameBox) {
     Click("OKButton");
     EXPECT_EQ(timeline::SpanOfNode(*node), (timeline::Span{QDate(2004, 3, 14), QDate(2004, 4, 2)}));
     Open(*node);
-    GoTo(kDate);
+    GoTo(kDatePage);
     Type(QStringLiteral("14/3/2004 for 3d"));
     Click("OKButton");
     EXPECT_EQ(timeline::SpanOfNode(*node), (timeline::Span{QDate(2004, 3, 14), QDate(2004, 3, 16)}));
     Open(*node);
-    GoTo(kDate);
+    GoTo(kDatePage);
     Type(QStringLiteral("15/3/2004"));
     Click("OKButton");
     EXPECT_EQ(timeline::SpanOfNode(*node), timeline::Span{QDate(2004, 3, 15)});
@@ -78,7 +74,7 @@ TEST_F(NodeDates, AnEndIsShownAndTypedInTheSameBox) {
 
 TEST_F(NodeDates, WhatIsUnderstoodIsShownBesideTheBoxWhileItIsTyped) {
     Open(*node);
-    GoTo(kDate);
+    GoTo(kDatePage);
     auto &meaning = Control<QLabel>("lblMeaning");
     EXPECT_EQ(meaning.text(), QStringLiteral("Friday, 17 May 2024"));
     EXPECT_FALSE(meaning.isEnabled());
@@ -96,14 +92,14 @@ TEST_F(NodeDates, WhatIsUnderstoodIsShownBesideTheBoxWhileItIsTyped) {
 TEST_F(NodeDates, WhatIsNoDateIsRefused) {
     for (const char *typed : {"soon", "31 February 2004", "1/1/99999", "1 January 3100"}) {
         Open(*node);
-        GoTo(kDate);
+        GoTo(kDatePage);
         Control<QCheckBox>("chkDate").setChecked(true);
         Type(QLatin1String(typed));
         GoTo(0);
         desktop.ExpectMessage(QStringLiteral("\"%1\" is no date.").arg(QLatin1String(typed)));
         Click("OKButton");
         EXPECT_TRUE(form->isVisible());
-        EXPECT_EQ(form->SSIndexTab1()->currentIndex(), kDate);
+        EXPECT_EQ(form->SSIndexTab1()->currentIndex(), kDatePage);
         EXPECT_FALSE(window.clsSettings().Dirty);
     }
 }
@@ -120,7 +116,7 @@ TEST_F(NodeDates, ADateThatCannotBeReadIsShownAndStays) {
 TEST_F(NodeDates, ClearingTheDateTakesItAway) {
     Date(*node, QStringLiteral("14 March 2004"));
     Open(*node);
-    GoTo(kDate);
+    GoTo(kDatePage);
     Control<QCheckBox>("chkDate").click();
     Click("OKButton");
     EXPECT_TRUE(timeline::DateOfNode(*node).isEmpty());
@@ -132,7 +128,7 @@ TEST_F(NodeDates, OfSeveralNodesTheDatePageIsOffAndTheDateGoes) {
     Date(other, QStringLiteral("15 March 2004"));
     other.SetSelected(true);
     Open(*node);
-    EXPECT_FALSE(form->SSIndexTab1()->isTabEnabled(kDate));
+    EXPECT_FALSE(form->SSIndexTab1()->isTabEnabled(kDatePage));
     EXPECT_FALSE(Control<QCheckBox>("chkDate").isChecked());
     Click("OKButton");
     EXPECT_TRUE(timeline::DateOfNode(*node).isEmpty());
@@ -142,7 +138,7 @@ TEST_F(NodeDates, OfSeveralNodesTheDatePageIsOffAndTheDateGoes) {
 TEST_F(NodeDates, ADateThatIsAppliedTwiceIsTakenBackByTwoSteps) {
     node->SetKey(QStringLiteral("key"));
     Open(*node);
-    GoTo(kDate);
+    GoTo(kDatePage);
     Control<QCheckBox>("chkDate").click();
     Click("cmdApply");
     Click("OKButton");
@@ -155,7 +151,7 @@ TEST_F(NodeDates, ADateThatIsAppliedTwiceIsTakenBackByTwoSteps) {
 
 TEST_F(NodeDates, ADateIsChosenInTheCalendar) {
     Open(*node);
-    GoTo(kDate);
+    GoTo(kDatePage);
     Control<QCheckBox>("chkDate").click();
     Control<QWidget>("SSDateCombo1").findChild<QToolButton *>()->click();
     auto &calendar = Control<QCalendarWidget>("calDate");
@@ -169,7 +165,7 @@ TEST_F(NodeDates, ADateIsChosenInTheCalendar) {
 
 TEST_F(NodeDates, TheArrowKeyWithAltOpensTheCalendar) {
     Open(*node);
-    GoTo(kDate);
+    GoTo(kDatePage);
     Control<QCheckBox>("chkDate").click();
     QTest::keyClick(&DateText(), Qt::Key_Down, Qt::AltModifier);
     EXPECT_TRUE(Control<QCalendarWidget>("calDate").isVisible());

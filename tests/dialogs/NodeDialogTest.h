@@ -17,6 +17,9 @@
 
 namespace dialogs::testing {
 
+// The positions of the pages.
+enum Page { kSettingsPage, kTextPage, kDatePage, kLevelPage, kPicturePage, kHyperlinkPage, kAttachmentsPage };
+
 class NodeDialogTest : public document::testing::MapTest {
 protected:
     NodeDialogTest();
@@ -48,7 +51,7 @@ protected:
     void GoTo(int page) { form->SSIndexTab1()->setCurrentIndex(page); }
     void Click(const char *button);
     void Choose(const char *list, int value);
-    // What is put off until the event loop has nothing else to do.
+    // Runs what the form has put off to the event loop, such as the new sample.
     void Settle();
 
     const tests::BritishLocale british;

@@ -241,9 +241,9 @@ TEST_F(NodeEdits, TheLinkToItsDayFollowsANodeThatTakesAnotherSize) {
     edit.look.autoSize = 2;
     Apply(*node, edit);
     ASSERT_EQ(other.Width(), 3000);
-    const std::vector<diagram::Point> way = other.Links().Item(1).Route();
+    const std::vector<diagram::Point> route = other.Links().Item(1).Route();
     timeline::AdjustLinks(other, true); // as after a move
-    EXPECT_EQ(other.Links().Item(1).Route(), way);
+    EXPECT_EQ(other.Links().Item(1).Route(), route);
 }
 
 TEST_F(NodeEdits, WithoutATimelineADateAsksForOne) {

@@ -20,8 +20,6 @@ namespace dialogs::testing {
 
 namespace {
 
-constexpr int kDate = 2, kLevel = 3;
-
 struct LabelRow {
     const char *text, *control;
 };
@@ -181,8 +179,8 @@ TEST_F(NodeForm, OkWithoutAnEditChangesNothing) {
     document::SetTag(*node, document::tags::kHyper, QStringLiteral("No")); // which every OK writes
     const diagram::NodeData before = node->Data();
     Open(*node);
-    GoTo(1);
-    GoTo(kDate);
+    GoTo(kTextPage);
+    GoTo(kDatePage);
     Click("OKButton");
     EXPECT_EQ(diagram::Difference(before, node->Data()), diagram::Change::None);
     EXPECT_EQ(timeline::DateOfNode(*node), QStringLiteral("14 March 2004"));
@@ -234,7 +232,7 @@ TEST_F(NodeForm, EnterPressesOkBesideTheText) {
 TEST_F(NodeForm, AnErrorIsToldAndTheDialogStays) {
     timeline::LocateTimeLineTemplateNode(flow, false)->SetText(QStringLiteral("no timeline"));
     Open(*node);
-    GoTo(kDate);
+    GoTo(kDatePage);
     Control<QCheckBox>("chkDate").setChecked(true);
     desktop.ExpectMessageContaining(QStringLiteral("You have not configured"), support::Answer::No);
     desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &) -> bool {
@@ -269,7 +267,7 @@ TEST_F(NodeForm, SaysWhatGoesToAllOfSeveralNodes) {
     EXPECT_TRUE(line.text().contains(QStringLiteral("all 2 selected Ideas")));
     EXPECT_FALSE(line.text().contains(QStringLiteral("date away"))) << "it has none";
     EXPECT_TRUE(line.text().contains(QStringLiteral("Once the page Level was opened")));
-    GoTo(kLevel);
+    GoTo(kLevelPage);
     EXPECT_TRUE(line.text().contains(QStringLiteral("All get the level and the groups that are marked")));
 }
 
@@ -286,7 +284,7 @@ TEST_F(NodeForm, ANodeBesideALargerSelectionIsShownAlone) {
     diagram::Node &beside = AddNode();
     Date(beside, QStringLiteral("14 March 2004"));
     Open(beside, false);
-    EXPECT_TRUE(form->SSIndexTab1()->isTabEnabled(kDate));
+    EXPECT_TRUE(form->SSIndexTab1()->isTabEnabled(kDatePage));
     EXPECT_FALSE(Control<QLabel>("lblSelection").isVisible());
     Choose("cboShape", 50);
     Click("OKButton");

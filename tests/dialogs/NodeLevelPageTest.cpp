@@ -9,8 +9,6 @@ namespace dialogs::testing {
 
 namespace {
 
-constexpr int kLevel = 3; // the page
-
 QStringList Marked(const QListWidget &list) {
     QStringList texts;
     for (int row = 0; row < list.count(); ++row)
@@ -30,12 +28,12 @@ protected:
 TEST_F(NodeLevels, TheListsOfLevelsAndGroupsAreEmptyUntilTheirPageIsOpened) {
     Open(*node);
     EXPECT_EQ(Levels().count() + Groups().count(), 0);
-    GoTo(kLevel);
+    GoTo(kLevelPage);
     EXPECT_EQ(Levels().count(), 3);
     EXPECT_EQ(Groups().count(), 3);
     EXPECT_EQ(Levels().item(1)->data(Qt::UserRole).toInt(), 0x405060);
-    GoTo(0);
-    GoTo(kLevel);
+    GoTo(kSettingsPage);
+    GoTo(kLevelPage);
     EXPECT_EQ(Levels().count(), 3);
 }
 
@@ -55,7 +53,7 @@ TEST_F(NodeLevels, OpeningThePageGivesTheNodeTheColourOfItsLevel) {
     document::SetTag(*node, document::tags::kGroup, GroupKey(3) + u',' + GroupKey(2));
     node->SetFillColor(0xABCDEF);
     Open(*node);
-    GoTo(kLevel);
+    GoTo(kLevelPage);
     EXPECT_EQ(Marked(Levels()), QStringList(QStringLiteral("Second")));
     EXPECT_EQ(Marked(Groups()), QStringList({QStringLiteral("Green"), QStringLiteral("Blue")}));
     EXPECT_EQ(Fill().Value(), 0x405060);
@@ -68,7 +66,7 @@ TEST_F(NodeLevels, OpeningThePageGivesTheNodeTheColourOfItsLevel) {
 TEST_F(NodeLevels, ALevelThatIsGoneIsShownAsTheFirstAndWritten) {
     document::SetTag(*node, document::tags::kLevel, QStringLiteral("gone"));
     Open(*node);
-    GoTo(kLevel);
+    GoTo(kLevelPage);
     EXPECT_EQ(Marked(Levels()), QStringList(QStringLiteral("First")));
     EXPECT_EQ(Marked(Groups()), QStringList(QStringLiteral("Red")));
     Click("OKButton");
@@ -79,13 +77,13 @@ TEST_F(NodeLevels, ALevelThatIsGoneIsShownAsTheFirstAndWritten) {
 TEST_F(NodeLevels, AKeyWithoutAGroupMarksTheFirstBesideTheOthers) {
     document::SetTag(*node, document::tags::kGroup, GroupKey(3) + QStringLiteral(",gone"));
     Open(*node);
-    GoTo(kLevel);
+    GoTo(kLevelPage);
     EXPECT_EQ(Marked(Groups()), QStringList({QStringLiteral("Red"), QStringLiteral("Blue")}));
 }
 
 TEST_F(NodeLevels, MarkingALevelClearsTheOtherAndSuggestsItsColour) {
     Open(*node);
-    GoTo(kLevel);
+    GoTo(kLevelPage);
     Levels().item(2)->setCheckState(Qt::Checked);
     EXPECT_EQ(Marked(Levels()), QStringList(QStringLiteral("Third")));
     EXPECT_EQ(Fill().Value(), 0x708090);
@@ -101,7 +99,7 @@ TEST_F(NodeLevels, MarkingALevelClearsTheOtherAndSuggestsItsColour) {
 
 TEST_F(NodeLevels, AnyNumberOfGroupsCanBeMarkedNoneToo) {
     Open(*node);
-    GoTo(kLevel);
+    GoTo(kLevelPage);
     Groups().item(0)->setCheckState(Qt::Unchecked);
     Click("cmdApply");
     EXPECT_TRUE(GroupsOf(*node).isEmpty());
@@ -112,7 +110,7 @@ TEST_F(NodeLevels, AnyNumberOfGroupsCanBeMarkedNoneToo) {
 
 TEST_F(NodeLevels, AMarkIsSetWithTheSpaceKey) {
     Open(*node);
-    GoTo(kLevel);
+    GoTo(kLevelPage);
     Levels().setFocus();
     Levels().setCurrentRow(1);
     QTest::keyClick(&Levels(), Qt::Key_Space);
@@ -124,7 +122,7 @@ TEST_F(NodeLevels, AMapWithoutLevelsAndGroupsLeavesTheTags) {
     window.clsSettings().Groups().Clear();
     document::SetTag(*node, document::tags::kLevel, QStringLiteral("x"));
     Open(*node);
-    GoTo(kLevel);
+    GoTo(kLevelPage);
     Click("OKButton");
     EXPECT_EQ(LevelOf(*node), QStringLiteral("x"));
 }
@@ -133,7 +131,7 @@ TEST_F(NodeLevels, TwoThousandGroupsAreListed) {
     for (int i = 0; i < 2000; ++i) window.clsSettings().Groups().Create(QStringLiteral("g%1").arg(i), true);
     document::SetTag(*node, document::tags::kGroup, GroupKey(2003));
     Open(*node);
-    GoTo(kLevel);
+    GoTo(kLevelPage);
     EXPECT_EQ(Marked(Groups()), QStringList(QStringLiteral("g1999")));
 }
 

@@ -36,10 +36,10 @@ protected:
 
 TEST_F(NodeLinkedPages, StandBehindTheOthersUnderTheirCaptions) {
     Open(*node);
-    EXPECT_EQ(form->SSIndexTab1()->tabText(5), QStringLiteral("Hyperlink"));
-    EXPECT_EQ(form->SSIndexTab1()->tabText(6), QStringLiteral("Attachments"));
-    EXPECT_EQ(form->SSIndexTab1()->widget(5), &Hyperlink());
-    EXPECT_EQ(form->SSIndexTab1()->widget(6), &Attachments());
+    EXPECT_EQ(form->SSIndexTab1()->tabText(kHyperlinkPage), QStringLiteral("Hyperlink"));
+    EXPECT_EQ(form->SSIndexTab1()->tabText(kAttachmentsPage), QStringLiteral("Attachments"));
+    EXPECT_EQ(form->SSIndexTab1()->widget(kHyperlinkPage), &Hyperlink());
+    EXPECT_EQ(form->SSIndexTab1()->widget(kAttachmentsPage), &Attachments());
 }
 
 TEST_F(NodeLinkedPages, OkWritesBothUnderTheNodesKeyInTheStepOfUndoOfTheRest) {
@@ -77,7 +77,7 @@ TEST_F(NodeLinkedPages, AnEmbeddedFileThatIsNotThereKeepsTheFormAndChangesNothin
     desktop.ExpectMessageContaining(QStringLiteral("this.txt"));
     Click("OKButton");
     EXPECT_TRUE(form->isVisible());
-    EXPECT_EQ(form->SSIndexTab1()->currentIndex(), 6);
+    EXPECT_EQ(form->SSIndexTab1()->currentIndex(), kAttachmentsPage);
     EXPECT_NE(node->Shape(), 2);
     EXPECT_EQ(Settings().Attachments().count(), 0);
 }

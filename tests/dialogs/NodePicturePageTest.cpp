@@ -14,7 +14,6 @@
 namespace dialogs::testing {
 
 namespace {
-constexpr int kPicturePage = 4;
 const QByteArray kSvg =
     "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"20\" height=\"10\"><rect width=\"20\" "
     "height=\"10\" fill=\"red\"/></svg>";

@@ -14,7 +14,6 @@
 namespace dialogs::testing {
 
 namespace {
-constexpr int kTextPage = 1;
 const support::FontChoice kCourier{QStringLiteral("Courier"), 14, true, false, true, true};
 } // namespace
 

@@ -34,8 +34,8 @@ protected:
         const QString file = Saved(QStringLiteral("%1/%2").arg(++files).arg(SomeName()), SomeBytes());
         return {"", file, embed};
     }
-    // What a row says, as it must read after all saves: of an embedded file its title, as a file
-    // can have it, and the sum of its bytes.
+    // What a row says, as it must read after all saves: of an embedded file its title, made fit for a file,
+    // and the sum of its bytes.
     static QString Line(const QString &file, bool embed) {
         if (!embed || file.isEmpty()) return QStringLiteral("%1 %2").arg(embed).arg(file);
         const QByteArray sum =

@@ -1,5 +1,6 @@
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/CommandMatch.h"
+#include "mainwindow/Commands.h"
 #include "mainwindow/CommandSearch.h"
 #include "settings/Settings.h"
 #include "tests/mainwindow/WindowTest.h"

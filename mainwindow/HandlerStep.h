@@ -13,21 +13,21 @@ namespace mainwindow {
 // user does afterwards. An error cancels the group, unless it is nested in another one. A
 // diagram::ActionGroup keeps what was changed before an error, and has no random code
 // (document::BeginAction).
-class UndoStep {
+class HandlerStep {
 public:
     // The surface must outlive the object. `goesOn`: continues the last step where that is possible.
-    explicit UndoStep(diagram::Surface &surface, bool goesOn = false)
+    explicit HandlerStep(diagram::Surface &surface, bool goesOn = false)
         : surface_(surface), isNested_(surface.Actions().AreRecorded()) {
         if (!goesOn || !surface.Actions().Continue()) document::BeginAction(surface);
     }
-    ~UndoStep() {
+    ~HandlerStep() {
         if (std::uncaught_exceptions() > exceptions_ && !isNested_)
             surface_.Actions().Cancel();
         else
             surface_.EndAction();
     }
-    UndoStep(const UndoStep &) = delete;
-    UndoStep &operator=(const UndoStep &) = delete;
+    HandlerStep(const HandlerStep &) = delete;
+    HandlerStep &operator=(const HandlerStep &) = delete;
 
     // Takes back what was changed so far, when the user has given up. Not for a nested step.
     void TakeBack() { surface_.Actions().Cancel(); }
