@@ -216,8 +216,7 @@ TEST_F(Layout, LayoutsLeaveTheMapUnmarked) {
     window.clsSettings().Dirty = false;
     Run("mnuLayoutHExecute");
     Run("mnuLayoutTreeExecute");
-    for (const char *key : {"mnuLayoutRadial", "mnuLayoutOrganic", "mnuLayoutCircular", "mnuLayoutLevels"})
-        Run(key);
+    for (const char *key : kKinds) Run(key);
     EXPECT_FALSE(window.clsSettings().Dirty);
 }
 

@@ -142,8 +142,7 @@ TEST_F(SliceCommands, ATabTicksTheMenuAsItsSliceStands) {
 }
 
 TEST_F(SliceCommands, TheDialogIsShownWithTheSlicesAndItsResultTaken) {
-    desktop.ExpectForm<frmLayers>([](frmLayers &argument) {
-        auto &form = argument;
+    desktop.ExpectForm<frmLayers>([](frmLayers &form) {
         form.cmdDown_Click();
         form.cmdOK_Click();
         return true;
@@ -362,6 +361,13 @@ TEST_F(SliceCommands, PropertiesAskForASelectionFirst) {
     desktop.ExpectMessage(QStringLiteral("Please select a node or a link."));
     window.SmartMenuXP1_Click(QStringLiteral("mnuEditProperties"));
     EXPECT_EQ(desktop.messageBoxes.shown.back().icon, support::Icon::Information);
+}
+
+TEST_F(SliceCommands, KeysTurnToTheNextAndThePreviousTab) {
+    Press(window, QStringLiteral("Ctrl+PgDown"));
+    EXPECT_EQ(window.TabStrip().TheTab(), 1);
+    Press(window, QStringLiteral("Ctrl+PgUp"));
+    EXPECT_EQ(window.TabStrip().TheTab(), 0);
 }
 
 } // namespace mainwindow::testing

@@ -240,24 +240,25 @@ TEST_F(Unsaved, AFileThatWasAttachedShowsInTheField) {
     EXPECT_EQ(Field().text(), QStringLiteral("Unsaved changes"));
 }
 
-// The slices are written anew by it; what they hold is the same.
+// A move writes all slices anew; what they hold is the same afterwards.
 TEST_F(Unsaved, SlicesThatWereMovedAndMovedBackAreNoDifference) {
-    const auto moveFirst = [&](const char *button) {
-        desktop.ExpectForm<frmLayers>([button](frmLayers &argument) {
-            auto *form = &argument;
-            form->lvwLayers()->setCurrentRow(QLatin1String(button) == QLatin1String("down") ? 0 : 1);
-            QLatin1String(button) == QLatin1String("down") ? form->cmdDown_Click() : form->cmdUp_Click();
-            form->cmdOK_Click();
+    const auto inTheForm = [&](int row, void (frmLayers::*move)()) {
+        desktop.ExpectForm<frmLayers>([row, move](frmLayers &form) {
+            form.lvwLayers()->setCurrentRow(row);
+            (form.*move)();
+            form.cmdOK_Click();
             return true;
         });
         Run("mnuEditSlicesSlices");
     };
-    moveFirst("down");
+    const auto there = [&] { inTheForm(0, &frmLayers::cmdDown_Click); };
+    const auto back = [&] { inTheForm(1, &frmLayers::cmdUp_Click); };
+    there();
     EXPECT_TRUE(IsUnsaved());
-    moveFirst("up");
+    back();
     EXPECT_FALSE(IsUnsaved());
     Node(1).SetText(QStringLiteral("new"));
-    moveFirst("down"), moveFirst("up");
+    there(), back();
     EXPECT_TRUE(IsUnsaved());
 }
 
