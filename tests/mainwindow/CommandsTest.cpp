@@ -352,7 +352,7 @@ TEST_F(Commands, CutCopyAndDeleteFollowTheFocusIntoTextBoxes) {
     window.CurrentSurface().UnselectAll();
     window.Find().Open(false);
     expect(true);
-    window.menuBar()->setFocus(Qt::MenuBarFocusReason); // for the time of a menu
+    window.menuBar()->setFocus(Qt::MenuBarFocusReason); // as while a menu is open
     expect(true);
     window.Find().Close();
     expect(false);

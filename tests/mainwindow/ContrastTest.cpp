@@ -42,7 +42,7 @@ QPalette Desktop(bool dark) {
         palette.setColor(role, QColor(235, 235, 235));
         palette.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
     }
-    palette.setColor(QPalette::PlaceholderText, QColor(130, 130, 130)); // too faint
+    palette.setColor(QPalette::PlaceholderText, QColor(130, 130, 130)); // below kReadable
     palette.setColor(QPalette::ToolTipBase, QColor(60, 60, 50));
     palette.setColor(QPalette::ToolTipText, QColor(235, 235, 235));
     palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
@@ -53,7 +53,7 @@ QPalette Desktop(bool dark) {
 struct Place {
     QString name;
     QWidget *widget;
-    QRect rect; // in it, of the text alone
+    QRect rect; // of the text alone, in the widget
 };
 
 // Where a text stands that is drawn into `rect` with that alignment.
@@ -167,7 +167,7 @@ protected:
         QApplication::setPalette(QPalette());
         QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
     }
-    // How many texts were measured.
+    // Measures all texts, and gives how many they are.
     int Measure(QWidget &window) {
         int measured = 0;
         for (const Place &place : PlacesOf(window)) {
@@ -235,7 +235,7 @@ TEST_P(Contrasts, MenusCanBeRead) {
 INSTANTIATE_TEST_SUITE_P(All, Contrasts, ::testing::Bool(),
                          [](const auto &dark) { return dark.param ? "Dark" : "Light"; });
 
-// The measure itself.
+// The measure of contrast itself.
 TEST(Contrast, IsTheOneOfTheGuidelinesAndFaintTextsAreMoved) {
     EXPECT_NEAR(widgets::Contrast(Qt::black, Qt::white), 21, 0.01);
     EXPECT_NEAR(widgets::Contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.01);

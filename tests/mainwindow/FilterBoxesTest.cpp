@@ -220,7 +220,7 @@ TEST_F(FilterBoxes, LevelSetupThatWasCancelledOrChangedNoColourRepaintsNothing) 
     }
 }
 
-// The form has changed nothing then, but what it shows is looked at anew.
+// A cancelled form has changed nothing, yet list and filter are brought up to date from the levels.
 TEST_F(FilterBoxes, LevelSetupThatWasCancelledFillsTheListAndAppliesTheFilterToo) {
     diagram::Node &node = Tagged(2, 2);
     desktop.ExpectForm<dialogs::LevelsFormArgument>([](dialogs::LevelsFormArgument &argument) {

@@ -1,4 +1,4 @@
-// What the tests of the lists of groups and levels share.
+// What the tests of the lists of groups and levels, which are the filter, share.
 #pragma once
 
 #include "document/Tags.h"

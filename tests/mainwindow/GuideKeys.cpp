@@ -69,7 +69,7 @@ void GoThroughLinks(Reader &r) {
 
 void Insert(Reader &r) {
     r.Select(*r.c);
-    r.Press("Ctrl+Up"); // up is gone last
+    r.Press("Ctrl+Up"); // so that up is the direction last gone
     r.Select(*r.c);
     r.Press("Ins");
     ASSERT_EQ(r.Nodes(), 4);

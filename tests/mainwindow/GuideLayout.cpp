@@ -7,7 +7,7 @@ namespace mainwindow::testing {
 
 namespace {
 
-// The first leads to the two others, which stand on its place.
+// Links the first node to the two others, and puts these onto its place.
 void HangTwoOnTheFirst(Reader &r) {
     r.Join(*r.a, *r.b);
     r.Join(*r.a, *r.c);

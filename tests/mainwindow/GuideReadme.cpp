@@ -1,4 +1,4 @@
-// The README's steps, and what the guide tells as well.
+// The README's steps, and those that the guide tells as well (GuideDeeds.h).
 #include "tests/mainwindow/GuideDeeds.h"
 
 #include "diagram/view/SurfaceView.h"

@@ -283,7 +283,7 @@ TEST_F(MenuTable, RecentFilesStandAboveTheLastSeparatorWithOneOfTheirOwn) {
     EXPECT_EQ(Described(NewWindow()), expected);
 }
 
-// Pages are seen, and go to PDF files, without any.
+// A preview and PDF files need no printer.
 TEST_F(MenuTable, OnlyTheButtonForPrintingNeedsAPrinter) {
     desktop.printers.names = {};
     frmMain &without = NewWindow();
@@ -346,7 +346,7 @@ TEST_F(MenuTable, ButtonsOfTheViewTellTheirKeys) {
                            QStringLiteral("mnuViewZoomFit|Fit in window (Ctrl+9)")}));
 }
 
-// Shapes have their menu below the button "New Element".
+// But for the drop-down "New Element", which has the shapes in a menu of its own.
 TEST_F(MenuTable, EveryCommandAndEveryFormatIsInAMenu) {
     settings::ProductTerms terms = settings::Terms();
     terms.AUTHOR = true;

@@ -16,7 +16,7 @@ namespace mainwindow::testing {
 
 namespace {
 
-// A slice that reaches far beyond what is seen.
+// A window whose slice reaches far beyond what is seen.
 class Overviews : public WindowTest {
 protected:
     Overviews() {
@@ -208,7 +208,7 @@ TEST_F(Overviews, ANarrowWindowHasNone) {
     }
 }
 
-// Large ones take turns with events, so that nothing waits for them.
+// Between the steps events run, so that the window stays usable.
 TEST_F(Overviews, PaintsALargeSliceBitByBit) {
     for (int i = 0; i < 3000; ++i) AddNode(window, float(i % 60) * 2000, float(i / 60) * 1500);
     OverviewPicture picture(nullptr);

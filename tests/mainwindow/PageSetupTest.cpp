@@ -53,7 +53,7 @@ TEST_F(PageSetup, MarginsThatThePrinterCanNotKeepAreToldQuietly) {
     setup.txtMargin(0)->setValue(0);
     EXPECT_EQ(label.text(), QStringLiteral("The printer needs wider margins: left 4.0 mm, bottom 12.7 mm."));
     setup.txtMargin(0)->setValue(4);
-    desktop.printers.unprintable = {}; // of the other sheets
+    desktop.printers.unprintable = {}; // those of landscape sheets
     setup.optOri(1)->click();
     EXPECT_EQ(label.text(), QString());
     setup.optOri(0)->click();

@@ -10,7 +10,7 @@ using Placement = WindowTest;
 
 namespace {
 
-// Counts how often something is written.
+// Counts the writes.
 class CountingStore : public support::MemoryRegistryStore {
 public:
     bool WriteAll(support::RegistryRoot root, const QString &path,

@@ -1,4 +1,4 @@
-// What can be read of a map that doesn't open.
+// The offer to open what can be read of a damaged map.
 #include "document/DoSave.h"
 #include "storage/Database.h"
 #include "support/AtomicFile.h"
@@ -58,7 +58,7 @@ TEST_F(Salvage, YesOpensWhatCanBeReadAsAnUntitledMapThatIsNotSaved) {
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Untitled - Velmora"));
     EXPECT_EQ(window.clsSettings().Database(), QString());
     EXPECT_TRUE(window.clsSettings().Dirty);
-    // It asks for a name when it is saved; the bad file stays as it is.
+    // A save asks for a name and leaves the bad file as it is.
     desktop.ExpectSaveFile(MapFile(QStringLiteral("good.map")));
     EXPECT_TRUE(document::DoSave(window));
     EXPECT_EQ(support::ReadWholeFile(path), before);

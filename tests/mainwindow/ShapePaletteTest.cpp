@@ -30,7 +30,7 @@ protected:
     static QAction &Button(const frmMain &window) {
         return *window.menuBar()->findChild<QAction *>(QStringLiteral("keyShapes"));
     }
-    // By the key, the words and Enter.
+    // Chooses a shape by F7, words and Enter.
     void Choose(frmMain &window, const QString &words) {
         Press(window, QStringLiteral("F7"));
         widgets::ShapePopup *popup = window.Shapes().Popup();

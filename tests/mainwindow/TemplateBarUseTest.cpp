@@ -35,7 +35,7 @@ protected:
         MakeFlat(Beside(QStringLiteral("Flat.TEM")), {"Note"});
     }
     static QString DiagramDate() { return QStringLiteral("DIAGRAM"); }
-    // Whether the drop was taken, and what it asks for is done.
+    // Drops the data, waits until what it asks for is done, and tells whether it was taken.
     bool DropAt(frmMain &window, const QMimeData &data, const QPoint &at) {
         const DropOutcome outcome = DropOn(window, data, at);
         hint = outcome.hint;

@@ -21,7 +21,7 @@ protected:
     static QAction &Entry(frmMain &window, const char *key) {
         return *Popup(window).Item(QLatin1String(key));
     }
-    // A link to a hidden day at that place, as a date gives it.
+    // Gives the node a date: a link to a hidden day at that place.
     static diagram::Link &Date(frmMain &window, diagram::Node &node, float left, float top) {
         diagram::Node &day = window.CurrentSurface().Nodes().Add(left, top, 150, 600);
         day.SetMarked(true);
@@ -224,7 +224,7 @@ TEST_F(Dated, WhileItIsResizedTheEndOfItsLinkStaysWithIt) {
     EXPECT_NEAR(node.Bounds().bottom() - link.Route().front().y, gap, 1);
 }
 
-TEST_F(Dated, WhatEverChangesTheSizeOfItsTextTakesTheEndOfItsLinkAlong) {
+TEST_F(Dated, WhateverChangesTheSizeOfItsTextTakesTheEndOfItsLinkAlong) {
     node.SetAutoSize(3);
     node.SetSelected(true);
     Resize([&] {
