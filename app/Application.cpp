@@ -1,13 +1,13 @@
 #include "app/Application.h"
 
 #include "support/Error.h"
-#include "widgets/TickStyle.h"
+#include "widgets/ProgramStyle.h"
 
 namespace app {
 
 Application::Application(int &argc, char **argv) : QApplication(argc, argv) {
     setApplicationDisplayName(QString()); // captions are whole as they are
-    setStyle(new widgets::TickStyle);
+    setStyle(new widgets::ProgramStyle);
 }
 
 bool Application::notify(QObject *receiver, QEvent *event) {

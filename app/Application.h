@@ -5,7 +5,7 @@
 
 namespace app {
 
-// Reports an error that a handler let through, so that no error in an event ends the process.
+// Reports errors that leave an event handler, so that none of them ends the process.
 class Application : public QApplication {
     Q_OBJECT
 public:
@@ -14,11 +14,11 @@ public:
     bool notify(QObject *receiver, QEvent *event) override;
 };
 
-// What stands behind the program's name in `arguments`, as one text: a path with blanks needs no quotes.
+// The arguments behind the program's name as one text, so that a path with blanks needs no quotes.
 QString CommandLine(const QStringList &arguments);
 
-// What a form opens above: the form that the user has open, as it is asked for from there; else what was
-// asked, and where nothing was, the active window.
+// The widget above which a form opens: the modal form that is open, as the new one is opened from there; else
+// `asked`, or the active window where that is null.
 QWidget *FormOwner(QWidget *asked);
 
 } // namespace app

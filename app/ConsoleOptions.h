@@ -1,4 +1,4 @@
-// What a command line asks of the program beside a map: words on the console, without a window.
+// Options of the command line that are answered on the console, without a window.
 #pragma once
 
 #include <optional>
@@ -19,7 +19,8 @@ std::optional<ConsoleAnswer> AnswerToOption(const QStringList &arguments);
 // no file. `arguments` without those that the toolkit knows.
 std::optional<ConsoleAnswer> ComplaintAboutOption(const QStringList &arguments);
 
-// Writes it where it belongs; the exit code of a process that ends with it.
+// Writes the answer to the standard output, a complaint to the standard error. Gives the exit code for a
+// process that ends with it.
 int Tell(const ConsoleAnswer &answer);
 
 } // namespace app

@@ -13,7 +13,8 @@ namespace app {
 
 namespace {
 
-constexpr int kScreenshotSettles = 400; // milliseconds: the window manager's last word on the size
+constexpr int kScreenshotSettles =
+    400; // milliseconds, in which the window manager may still resize the window
 constexpr int kExitFailure = 1;
 
 void TakeScreenshot(mainwindow::frmMain &window, const QString &path) {

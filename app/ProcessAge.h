@@ -1,4 +1,4 @@
-// What the process tells of itself, for the figures.
+// Age and memory of the process, for the benchmarks.
 #pragma once
 
 namespace app {

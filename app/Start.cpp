@@ -36,14 +36,14 @@ void ShowSplash() {
     QCoreApplication::processEvents();
 }
 
-// The splash stays up until the whole second after the one in which it came.
+// Waits until the second after the one in which the splash came is reached, or midnight.
 void WaitForSplash(support::Clock &clock, double since) {
     const double started = clock.Timer();
     while (clock.Timer() < since + 1 && clock.Timer() >= started) clock.Wait(kSplashStep);
 }
 
-// What former runs left in the temporary folder, which can be full of other things: the window is there
-// first.
+// Removes what former runs left in the temporary folder. A little later, as that folder can be full of other
+// things and the window must not wait for it.
 void SweepTemporaryFiles(frmMain &first) {
     QTimer::singleShot(kSweepWait, &first, [&clock = first.Desktop().clock] {
         document::SweepAttachmentFolders();

@@ -90,7 +90,10 @@ void AddForms(support::RealDesktop &desktop) {
     forms.Add<timeline::TimelineSetupArgument>(
         [](timeline::TimelineSetupArgument &setup, support::Owner owner) {
             timeline::frmTimelineSetup form(setup, app::FormOwner(owner));
-            if (setup.pressOk) return form.OKButton_Click(), true;
+            if (setup.pressOk) {
+                form.OKButton_Click();
+                return true;
+            }
             return form.exec() == QDialog::Accepted;
         });
 }
@@ -129,7 +132,7 @@ int main(int argc, char **argv) {
                      "velmora-cli.\n");
         return kExitFailure;
     }
-    // By this desktops find the icon of its windows.
+    // Desktops find the icon of the program's windows by this name.
     QGuiApplication::setDesktopFileName(QStringLiteral("velmora"));
     app::Application application(argc, argv);
     if (const auto fault = support::FaultToShow(QCoreApplication::arguments())) return ShowFault(*fault);

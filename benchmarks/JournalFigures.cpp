@@ -82,8 +82,8 @@ Keeping BestOfKeeping(int nodes) {
 }
 
 // Milliseconds of a drag of all nodes in sight and back, long enough for the journal to work in between.
-// Raises `longestSlice` to the most milliseconds that it worked at a time.
-double TimeOfDrag(bool keeps, double &longestSlice) {
+// Raises `longestTurn` to the most milliseconds that it worked at a time.
+double TimeOfDrag(bool keeps, double &longestTurn) {
     KeptWindow window(10000, keeps);
     frmMain &form = window.Form();
     if (keeps) form.Journal()->Writer().Finish();
@@ -100,7 +100,7 @@ double TimeOfDrag(bool keeps, double &longestSlice) {
         hand.Move(from + QPoint(step % 90, step % 70), Qt::AltModifier);
     hand.Release(from + QPoint(30, 30));
     const Steps steps = hand.TakeSteps();
-    if (keeps) longestSlice = std::max(longestSlice, form.Journal()->Writer().LongestSlice());
+    if (keeps) longestTurn = std::max(longestTurn, form.Journal()->Writer().LongestTurn());
     return std::accumulate(steps.begin(), steps.end(), 0.0);
 }
 

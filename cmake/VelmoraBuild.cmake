@@ -24,7 +24,7 @@ if(VELMORA_SANITIZE)
 endif()
 
 # Headers of libraries that most sources read are compiled once for each of four sets: with or without widgets, for the program
-# or its tests. -DVELMORA_PRECOMPILE=OFF shows which source forgot an include of its own.
+# or its tests. With -DVELMORA_PRECOMPILE=OFF a source that forgot an include of its own doesn't compile.
 option(VELMORA_PRECOMPILE "Precompile the headers of libraries" ON)
 set(VELMORA_CORE_HEADERS <algorithm> <array> <cmath> <cstdint> <functional> <map> <memory> <optional> <set> <span> <string>
     <unordered_map> <utility> <vector> <QByteArray> <QDateTime> <QDir> <QFile> <QFileInfo> <QHash> <QImage> <QLocale>
@@ -33,6 +33,7 @@ set(VELMORA_WIDGET_HEADERS <QAction> <QApplication> <QBoxLayout> <QCheckBox> <QC
     <QMenuBar> <QMimeData> <QMouseEvent> <QPointer> <QPushButton> <QScrollBar> <QTimer> <QToolBar> <QToolButton>)
 set(VELMORA_TEST_HEADERS <gmock/gmock.h> <gtest/gtest.h>)
 
+# velmora_header_set(NAME HEADERS header... LINK target...): a target whose precompiled headers others reuse.
 function(velmora_header_set name)
   cmake_parse_arguments(ARG "" "" "HEADERS;LINK" ${ARGN})
   set(source ${CMAKE_BINARY_DIR}/headers/${name}.cpp)
@@ -44,7 +45,8 @@ function(velmora_header_set name)
   target_precompile_headers(${name} PRIVATE ${ARG_HEADERS})
 endfunction()
 
-# velmora_precompiled(TARGET SET): lets a target use the set SET, which is made when it is first asked for.
+# velmora_precompiled(TARGET SET): lets a target use the set SET (core, widgets, tests or widget_tests), which is made when it
+# is first asked for.
 function(velmora_precompiled target set)
   if(NOT VELMORA_PRECOMPILE)
     return()
@@ -73,7 +75,7 @@ function(velmora_precompiled target set)
 endfunction()
 
 # velmora_library(NAME [FOLDERS dir...] [MOC] [LINK target...])
-# A static library of all sources below the current folder, or below the folders named.
+# A static library of all sources in the current folder, or in the folders named; not in folders below these.
 function(velmora_library name)
   cmake_parse_arguments(ARG "MOC" "" "FOLDERS;LINK" ${ARGN})
   set(patterns)
@@ -146,8 +148,8 @@ set(VELMORA_TEST_ENVIRONMENT QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 ASAN_OPTIO
     UBSAN_OPTIONS=print_stacktrace=1 LSAN_OPTIONS=use_tls=0:print_suppressions=0:suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp)
 
 # velmora_test(FOLDER [MOC] [LINK target...] [WITH source...])
-# One executable test_FOLDER (slashes become underscores) of all sources in tests/FOLDER, and of those of other folders that it
-# shares, run by ctest.
+# One executable test_FOLDER (slashes become underscores) of all sources in tests/FOLDER, not below it, and of those of other
+# folders that it shares; run by ctest.
 function(velmora_test folder)
   cmake_parse_arguments(ARG "MOC" "" "LINK;WITH" ${ARGN})
   string(REPLACE "/" "_" suffix ${folder})

@@ -41,7 +41,7 @@ bool IsUnchanged(const cAttachment *former, const AttachmentEdit &row) {
 
 QString InMegabytes(qint64 bytes) { return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat); }
 
-// Both figures, so exact that they differ.
+// Names both sizes, in bytes where they would read the same in megabytes.
 QString TooLarge(const QString &name, qint64 size) {
     const bool differ = InMegabytes(size) != InMegabytes(kLargestEmbedded);
     const auto figure = [&](qint64 bytes) {

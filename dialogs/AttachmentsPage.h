@@ -19,8 +19,8 @@ public:
     // Both outlive the page.
     AttachmentsPage(document::MapWindow &window, diagram::Node &oNode, QWidget *parent);
 
-    // Shows the node's attachments: when the form is loaded, and after they were applied, as files that were
-    // embedded have a place of their own then.
+    // Shows the node's attachments: when the form is loaded, and after they were applied, as embedded files
+    // have new paths then.
     void Load();
     std::vector<AttachmentEdit> Rows() const;
 

@@ -65,7 +65,7 @@ void DateBox::SetDate(const QDate &date) {
     Q_EMIT Changed();
 }
 
-// Two dates have no time of day: there is no room for it.
+// A date with an end is shown without a time of day: there is no room for it.
 void DateBox::SetSpan(const timeline::Span &span) {
     if (!span.last) return SetDate(span.first);
     text_->setText(timeline::AsWritten(span));
@@ -94,7 +94,7 @@ void DateBox::Choose(const QDate &date) {
     Q_EMIT Changed();
 }
 
-// Made when it is wanted: a calendar is slow to make.
+// Made when it is opened, as a calendar is slow to make.
 void DateBox::ShowCalendar() {
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -120,7 +120,7 @@ void DateBox::changeEvent(QEvent *event) {
     if (event->type() == QEvent::EnabledChange) ShowEnabled();
 }
 
-// While it is disabled the ground is the grey of disabled texts.
+// While the box is disabled its background has the colour of disabled texts.
 void DateBox::ShowEnabled() {
     QPalette colours = palette();
     if (!isEnabled()) {

@@ -15,14 +15,14 @@ namespace dialogs {
 class DateBox : public QWidget {
     Q_OBJECT
 public:
-    // `view` is what the dates that are typed are seen from.
+    // `view` is what relative dates such as "next Friday" are read by.
     DateBox(const QString &name, timeline::DateView view, QWidget *parent);
 
     // Shows the date in the text, or the text itself where it is none that can be read.
     void SetText(const QString &text);
     void SetDate(const QDate &date);
     void SetSpan(const timeline::Span &span);
-    // The date that stands in the box, and with its end; nothing for what can't be read.
+    // The date in the box, alone and with its end; none where it can't be read.
     std::optional<QDate> Date() const;
     std::optional<timeline::Span> Span() const { return Read().span; }
     QString Text() const;
@@ -34,7 +34,7 @@ public:
     void ShowCalendar();
 
 Q_SIGNALS:
-    void Changed(); // by whomever
+    void Changed(); // by the user or by a call
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -43,7 +43,6 @@ protected:
 private:
     void Choose(const QDate &date);
     void ShowEnabled();
-
     timeline::SpanRead Read() const;
 
     timeline::DateView view_;

@@ -15,8 +15,8 @@ namespace dialogs {
 // How many nodes have each level, on all slices; by the level's key.
 QHash<QString, int> NodesByLevel(document::MapWindow &window);
 
-// Gives the nodes that have one of the levels `from` (keys) the level `to`, and its colour: one step of undo
-// on each slice on which there is such a node, and the map is dirty then.
+// Gives the nodes that have one of the levels `from` (keys) the level `to` and its colour: a step of undo on
+// each slice that has such a node. The map is dirty if there is any.
 void GiveLevel(document::MapWindow &window, const QSet<QString> &from, const document::cLevel &to);
 
 } // namespace dialogs

@@ -40,7 +40,7 @@ bool HasKey(const document::cHyperlinks &hyperlinks, const QString &key) {
     return false;
 }
 
-// Under the node's key, as after a load; under one of its own where another hyperlink has that.
+// Adds a hyperlink under the node's key, as after a load; under a key of its own where another one has that.
 cHyperlink &Add(document::cHyperlinks &hyperlinks, const QString &node) {
     QString key = HasKey(hyperlinks, node) ? QString() : node;
     cHyperlink &hyperlink = hyperlinks.add(key);

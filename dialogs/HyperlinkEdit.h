@@ -42,8 +42,8 @@ std::vector<LinkSlice> SlicesOfThisMap(document::MapWindow &window);
 // The slices of the map of that path, by their stored Index. The file is only read; one that has moved with
 // the window's map is found (document/WhereItIs.h). Errors are the engine's.
 std::vector<LinkSlice> SlicesOfMap(document::MapWindow &window, const QString &map);
-// The position from 1 at which the hyperlink's slice of this map stands now; its Slice when its key tells
-// nothing.
+// The position, from 1, of the tab to which a hyperlink within this map leads; its Slice where its key names
+// no tab.
 int PositionOf(document::MapWindow &window, const document::cHyperlink &hyperlink);
 
 } // namespace dialogs

@@ -85,7 +85,7 @@ QGroupBox *HyperlinkPage::BuildSlices() {
 
 void HyperlinkPage::Load() {
     const std::vector<document::cHyperlink> hyperlinks = HyperlinksOf(window_, oNode_);
-    const bool ticked = document::GetTag(oNode_, document::tags::kHyper) == QLatin1String("Yes");
+    const bool ticked = document::IsOn(oNode_, document::tags::kHyper);
     chkHyperlink_->setChecked(ticked);
     if (hyperlinks.empty() && !ticked) optLink_Click(kThisMap);
     for (const document::cHyperlink &hyperlink : hyperlinks) ShowHyperlink(hyperlink);
@@ -146,7 +146,7 @@ void HyperlinkPage::SetLinkFile(const QString &path) {
 
 void HyperlinkPage::ReadLinkFile() { LoadLinkSlices(SlicesOfMap(window_, lblFilename_->Tag())); }
 
-// What the node has and can't be read now is kept; any other map that can't be read is an error.
+// A map that can't be read is kept where it is that of the node's hyperlink; any other is an error.
 void HyperlinkPage::ReadOrKeep() {
     lstSlice_->clear();
     try {

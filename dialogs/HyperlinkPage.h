@@ -43,7 +43,7 @@ private:
     void Build();
     QGroupBox *BuildSlices();
     void ShowHyperlink(const document::cHyperlink &hyperlink);
-    // The label alone.
+    // Shows the path without reading the map.
     void ShowPath(const QString &path);
     void SetLinkFile(const QString &path);
     void ReadLinkFile();

@@ -16,29 +16,29 @@ namespace {
 using diagram::Link;
 using diagram::LinkData;
 
-// What WriteLink writes, and the way, which a style can change.
+// What WriteLink writes, and the route, which a style can change.
 auto Compared(const LinkData &d) {
     return std::tie(d.arrowDest, d.arrowMiddle, d.arrowSizeMiddle, d.arrowSource, d.arrowSizeSource,
                     d.arrowSizeDest, d.drawStyle, d.drawWidth, d.jumpStyle, d.style, d.lineColor, d.foreColor,
                     d.text, d.font, d.oriented, d.points, d.ownBends);
 }
 
-// With a way that isn't out of date.
-const LinkData &Settled(const Link &link) {
+// The link's data with an up-to-date route, which is computed when it is asked for.
+const LinkData &RoutedData(const Link &link) {
     link.Route();
     link.OwnBends();
     return link.Data();
 }
 
-// Points that are given while a point-edit switch is on stay as they are.
-void GiveWay(Link &link, const LinkData &former) {
+// Points that are written while MovePointsMode is on aren't routed anew.
+void WriteRoute(Link &link, const LinkData &former) {
     link.SetMovePointsMode(true);
     link.Points().Assign(former.points);
     link.SetMovePointsMode(former.movePointsMode);
     link.SetOwnBends(former.ownBends);
 }
 
-// What is there of the links, with what they were.
+// The links that are still there, with what they were.
 std::vector<std::pair<Link *, const LinkData *>> Found(document::MapWindow &window,
                                                        const FormerLinks &former) {
     std::vector<std::pair<Link *, const LinkData *>> found;
@@ -76,7 +76,7 @@ FormerLinks RememberLinks(const std::vector<Link *> &links) {
                                        [link](const auto &entry) { return entry.first == link->Id(); });
         if (known) continue;
         former.slice = link->Owner().Index();
-        former.links.emplace_back(link->Id(), Settled(*link));
+        former.links.emplace_back(link->Id(), RoutedData(*link));
     }
     return former;
 }
@@ -91,15 +91,15 @@ void ApplyToLinks(document::MapWindow &window, Link &oLink, const std::vector<Li
 bool HaveChanged(document::MapWindow &window, const FormerLinks &former) {
     const auto found = Found(window, former);
     return std::any_of(found.begin(), found.end(), [](const auto &entry) {
-        return Compared(Settled(*entry.first)) != Compared(*entry.second);
+        return Compared(RoutedData(*entry.first)) != Compared(*entry.second);
     });
 }
 
 void PutBackLinks(document::MapWindow &window, const FormerLinks &former) {
     for (const auto &[link, data] : Found(window, former)) {
         WriteLink(*link, *data);
-        if (Settled(*link).points != data->points || link->OwnBends() != data->ownBends)
-            GiveWay(*link, *data);
+        if (RoutedData(*link).points != data->points || link->OwnBends() != data->ownBends)
+            WriteRoute(*link, *data);
     }
 }
 

@@ -1,8 +1,8 @@
 #include "dialogs/NameList.h"
 
+#include "support/Contrast.h"
 #include "widgets/SwatchButton.h"
 
-#include <cmath>
 #include <QAccessible>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -20,25 +20,11 @@ constexpr int kKeyRole = Qt::UserRole;
 constexpr int kColourRole = Qt::UserRole + 1;
 constexpr int kSwatchSide = 14; // pixels
 
-// Relative luminance and contrast as the Web Content Accessibility Guidelines define them.
-double Luminance(const QColor &colour) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-double Contrast(const QColor &a, const QColor &b) {
-    const double first = Luminance(a) + 0.05, second = Luminance(b) + 0.05;
-    return std::max(first, second) / std::min(first, second);
-}
-
-// What a text of that colour can be read on: nothing special on most.
+// The plate behind a text of that colour; none where it can be read on the base.
 QBrush PlateFor(const QColor &text, const QColor &base) {
     constexpr double kReadable = 3;
-    if (Contrast(text, base) >= kReadable) return {};
-    return Luminance(base) > 0.2 ? QColor(0x40, 0x40, 0x40) : QColor(0xF0, 0xF0, 0xF0);
+    if (support::Contrast(text, base) >= kReadable) return {};
+    return support::Luminance(base) > 0.2 ? QColor(0x40, 0x40, 0x40) : QColor(0xF0, 0xF0, 0xF0);
 }
 
 QIcon Swatch(const QColor &colour, const QColor &edge, double scale) {
@@ -55,7 +41,7 @@ QIcon Swatch(const QColor &colour, const QColor &edge, double scale) {
 
 } // namespace
 
-// Keeps what was typed away from the row: whether it is taken is for others to say.
+// Doesn't write what was typed to the row: the receiver of LabelEdited decides whether to take it.
 class NameList::Delegate : public QStyledItemDelegate {
 public:
     explicit Delegate(NameList &list) : QStyledItemDelegate(&list), list_(list) {}
@@ -76,8 +62,8 @@ public:
         constexpr int kAir = 6; // pixels
         return QStyledItemDelegate::sizeHint(option, index) + QSize(0, kAir);
     }
-    // The colour is the text's alone, the box with the tick keeps those of the theme; and where there is a
-    // plate, it is no larger than the text.
+    // Gives the row's colour to the text alone, so that the check box keeps the colours of the theme, and
+    // paints the plate no wider than the text.
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override {
         QStyleOptionViewItem item = option;
@@ -210,7 +196,7 @@ void NameList::EditRow(QTreeWidgetItem &row) {
 }
 
 void NameList::EndEditing() {
-    QWidget *editor = delegate_->Editor(); // lives on for a while when it was closed
+    QWidget *editor = delegate_->Editor(); // a closed one is deleted later
     if (editor && state() == EditingState) {
         commitData(editor);
         closeEditor(editor, QAbstractItemDelegate::NoHint);
@@ -252,7 +238,7 @@ void NameList::keyPressEvent(QKeyEvent *event) {
         QTreeWidget::keyPressEvent(event);
 }
 
-// Another theme has another ground.
+// Another theme has another base colour, and may want other plates.
 void NameList::changeEvent(QEvent *event) {
     QTreeWidget::changeEvent(event);
     if (event->type() != QEvent::PaletteChange) return;

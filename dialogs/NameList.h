@@ -25,9 +25,9 @@ public:
 
     // Selects the row, brings it into sight, and lets the user type its name.
     void EditRow(QTreeWidgetItem &row);
-    // What is being typed is taken, and LabelEdited told, before this returns.
+    // Takes what is being typed and emits LabelEdited for it.
     void EndEditing();
-    // What is being typed is dropped, and nothing is told from now on.
+    // Drops what is being typed; LabelEdited is not emitted any more.
     void DropEditing();
 
     // Shows a text right at the row until something is edited, selected or scrolled.
@@ -35,8 +35,8 @@ public:
     QString Message() const; // empty while none is shown
 
 Q_SIGNALS:
-    // The user ended the editing of a name otherwise than by Escape. The row has its former text still. Told
-    // once the event that ended it has returned.
+    // The user ended the editing of a name otherwise than by Escape. The row still has its former text.
+    // Emitted once the event that ended it has returned.
     void LabelEdited(QTreeWidgetItem &row, const QString &text);
     void DeletePressed();
 
@@ -54,7 +54,7 @@ private:
     Colours colours_;
     Delegate *delegate_;
     QLabel *message_;
-    QTreeWidgetItem *edited_ = nullptr; // whose new text waits to be told
+    QTreeWidgetItem *edited_ = nullptr; // the row for which LabelEdited is still to be emitted
     QString typed_;
     bool dropped_ = false;
 };

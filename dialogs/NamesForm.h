@@ -43,10 +43,10 @@ protected:
     QPushButton *AddButton(const char *name, const QString &text, const std::function<void()> &click);
     // That button can be pressed only while a row is selected.
     void NeedsRow(QPushButton &button) { ofRow_.push_back(&button); }
-    // `first` is what Tab comes to there.
+    // Adds a widget below the list; `first` is the control in it that comes next by Tab.
     void AddBelowList(QWidget &widget, QWidget &first);
-    // Runs as the routine of that name of this form, and shows what goes wrong. What is being typed is taken
-    // first.
+    // Takes what is being typed, then runs `action` as the routine of that name of this form, and shows its
+    // errors.
     void Run(const char *routine, const std::function<void()> &action);
     document::MapWindow &Window() const { return window_; }
     const NameRows &Former() const { return former_; }
@@ -78,7 +78,7 @@ private:
     NameList *lvwColor_ = nullptr;
     QVBoxLayout *lower_ = nullptr;
     QVBoxLayout *buttons_ = nullptr;
-    QWidget *lastOfTab_ = nullptr;     // before the buttons that close
+    QWidget *lastOfTab_ = nullptr;     // the last in the order of Tab before the buttons that close
     std::vector<QPushButton *> ofRow_; // those that need a row
 };
 

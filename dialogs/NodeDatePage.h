@@ -18,10 +18,10 @@ class NodeDatePage : public QWidget {
 public:
     NodeDatePage(const timeline::DateView &view, QWidget *parent);
 
-    // The text of the day that the node is linked to, and the node's end.
+    // Shows the text of the day that the node is linked to, and the node's end.
     void Load(const QString &day, const std::optional<QDate> &last = {});
     void Store(NodeEdit &edit) const;
-    // Whether something was typed that is no date, and is asked for.
+    // Whether the node is to have a date and what was typed is none.
     bool IsUnreadable() const;
     QString Text() const;
     void FocusDate();

@@ -18,7 +18,7 @@ namespace {
 
 using diagram::Node;
 
-// A step of undo that closes itself and marks the map.
+// A step of undo that closes itself and makes the map dirty.
 class Applying {
 public:
     explicit Applying(const NodeDialogArgument &argument) : argument_(argument) {
@@ -35,7 +35,7 @@ private:
     const NodeDialogArgument &argument_;
 };
 
-// What the tags hold of a membership.
+// A membership as tags hold it.
 struct MembershipKeys {
     QString level, groups;
 };
@@ -74,8 +74,7 @@ std::vector<Node *> Resized(const std::vector<Node *> &nodes, const std::vector<
     return resized;
 }
 
-// The date, and with it or without the places at their dates of nodes that took another size, or came to
-// another lane.
+// Writes the date, and lines up the nodes that took another size where nodes stay at their dates.
 void WriteDate(const NodeDialogArgument &argument, const DateEdit &date, const std::vector<Node *> &resized) {
     if (!date.dated) timeline::RemoveTimelineLinks(argument.oNode);
     if (!date.dated || !date.value) return timeline::FollowDates(argument.window, argument.oFlow, resized);

@@ -39,16 +39,15 @@ struct NodeEdit {
 // The edit that changes nothing of the node.
 NodeEdit EditOf(const diagram::Node &node);
 
-// What the day says that the node is linked to, as it stands there: of several days the last. Nothing for a
-// node without a date.
+// The text of the day that the node is linked to; of several days the last. None for a node without a date.
 std::optional<QString> DayTextOf(const diagram::Node &node);
 
-// The values of every node, but for level and groups.
+// Writes what is for every node that is edited, but for level and groups.
 void WriteLook(diagram::Node &node, const NodeEdit &edit);
 
-// Writes the edit as one step of undo, which ends and marks the map whatever happens. A node without a key
-// gets one. `linked` writes what hangs on the node by its key, before the date. Where the slice has no
-// timeline yet, a date asks whether to set it up.
+// Writes the edit as one step of undo, which is closed, and the map dirty, whatever happens. A node without a
+// key gets one. `linked` writes what refers to the node by its key; it runs before the date is written. Where
+// the slice has no timeline yet, a date asks whether to set it up.
 void ApplyNodeEdit(const NodeDialogArgument &argument, const NodeEdit &edit,
                    const std::function<void()> &linked = {});
 

@@ -14,7 +14,7 @@ namespace dialogs {
 namespace {
 
 constexpr QSize kSwatch(16, 16); // pixels
-constexpr int kRowRim = 6;       // of a row above and below its text, both together
+constexpr int kRowRim = 6;       // pixels above and below the text of a row, together
 
 QListWidgetItem *Unmarked(const QListWidget &list, const QString &text) {
     auto *item = new QListWidgetItem(text);
@@ -80,7 +80,7 @@ void NodeLevelPage::FillLevels(document::clsfrmMain &settings, const diagram::No
     Mark(*lstLevels_, DoFindIndex2(*lstLevels_, settings.Levels().LevelNameForKey(key)));
 }
 
-// Each key without a group marks the first one, too.
+// Each key that no group has marks the first group.
 void NodeLevelPage::FillGroups(document::clsfrmMain &settings, const diagram::Node &oNode) {
     for (const document::cGroup &group : settings.Groups())
         lstGroups_->addItem(Unmarked(*lstGroups_, group.GroupName));

@@ -22,9 +22,10 @@ public:
     explicit NodeLevelPage(QWidget *parent);
 
     bool IsFilled() const;
-    // The map's levels and groups, those of the node marked: instead of one that is gone the first.
+    // Fills the lists with the map's levels and groups and marks those of the node; the first one for a key
+    // that none has.
     void Fill(document::clsfrmMain &settings, const diagram::Node &oNode);
-    // Goes to the level that is marked.
+    // Selects the row of the level that is marked.
     void SelectLevel();
     // Nothing while the lists are empty.
     void Store(NodeEdit &edit) const;
@@ -40,7 +41,7 @@ private:
     void lstLevels_ItemCheck(QListWidgetItem *item);
 
     QListWidget *lstLevels_, *lstGroups_;
-    bool checking_ = false; // while marks are set that follow from another
+    bool checking_ = false; // while lstLevels_ItemCheck sets marks itself
 };
 
 } // namespace dialogs

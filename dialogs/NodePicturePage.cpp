@@ -22,7 +22,7 @@ namespace dialogs {
 
 namespace {
 
-// The last row, which is shown at first, has the formats of today beside the others.
+// The last row, which is selected at first, adds PNG and SVG to the others.
 QString Filter() {
     return QStringLiteral(
                "All Picture Types|*.bmp;*.wmf;*.emf;*.gif;*.jpg;*.jpeg|Bitmaps|*.bmp|Metafiles|*.wmf|"
@@ -81,7 +81,7 @@ void NodePicturePage::ShowPicture(const diagram::Picture &picture) {
     Q_EMIT Changed();
 }
 
-// One whose head alone is whole can't be shown either.
+// A picture of which only the header can be read has a null image.
 void NodePicturePage::Take(const diagram::Picture &picture, const QString &name) {
     if (!picture.IsNull() && !picture.Image().isNull()) return ShowPicture(picture);
     desktop_.messageBoxes.Show(tr("%1 holds no picture that can be shown.").arg(name), support::Buttons::Ok,

@@ -18,7 +18,7 @@ public:
 
 private:
     diagram::Node *node_;
-    QRectF box_; // as the node had it at first, twips
+    QRectF box_; // of the node before an automatic size, twips
 };
 
 } // namespace dialogs

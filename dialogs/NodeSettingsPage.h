@@ -1,4 +1,4 @@
-// The node dialog's page of the look.
+// The node dialog's page of shape, lines and colours.
 #pragma once
 
 #include "dialogs/NodeEdit.h"

@@ -155,8 +155,7 @@ void NodeTextPage::tlbMain_ButtonClick(const QString &key, bool down) {
 
 void NodeTextPage::ShowFont() { txtText_->setFont(ToQFont(font_)); }
 
-// The buttons show the font's state from here on, not from the beginning: until then a first click turns a
-// style on.
+// Only from here on do the buttons show the font's style; until then the first click on one turns it on.
 void NodeTextPage::cmdFont_Click() {
     support::Report("frmNodeDialog", "cmdFont_Click", [this] {
         support::FontChoice choice{font_.Name(),   font_.Size(),      font_.Bold(),

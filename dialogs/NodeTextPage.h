@@ -34,7 +34,7 @@ public:
     void Store(NodeEdit &edit) const;
     // The text as it stands in the box, for the sample.
     QString Text() const;
-    // What was typed is stored.
+    // To be told that what was typed has been stored.
     void Keep();
 
     PlainTextBox &txtText() { return *txtText_; }

@@ -9,9 +9,9 @@ class MapWindow;
 
 namespace dialogs {
 
-// Opens the file, which the map may name by a path of elsewhere (document/WhereItIs.h), with its program.
-// What can run (support/RunnableFile.h) is asked about first, as a map may come from anybody. False, after
-// telling the user, when it isn't there or nothing opens it, and when the user won't.
+// Opens the file with its program; it is looked for below the map's folder too (document/WhereItIs.h). Asks
+// first about a file that can run (support/RunnableFile.h), as a map may come from anybody. False when the
+// user refuses, and, after telling so, when the file isn't there or nothing opens it.
 bool OpenAttachment(document::MapWindow &window, const QString &filename);
 
 // Asks where, and copies the file there. False when the user gave up; errors are those of

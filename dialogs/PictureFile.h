@@ -16,7 +16,7 @@ bool IsNamedLikeAPicture(const QString &file);
 
 // Whether the data may hold a picture: one file of this machine, or an image.
 bool MayHoldPicture(const QMimeData &data);
-// That picture; none as above.
+// That picture; none as for a file.
 diagram::Picture PictureIn(const QMimeData &data);
 // The name of the one file of this machine that the data are; empty for anything else.
 QString FileIn(const QMimeData &data);

@@ -6,7 +6,7 @@ namespace dialogs {
 
 namespace {
 
-// Texts have those of the platform that the maps came from, unless they show others.
+// The line end that the text uses; for a text of one line that of the platform that the maps came from.
 QString LineEndOf(const QString &text) {
     for (const char *end : {"\r\n", "\n", "\r"})
         if (text.contains(QLatin1String(end))) return QLatin1String(end);
@@ -26,7 +26,7 @@ void PlainTextBox::SetText(const QString &text) {
     document()->setModified(false);
 }
 
-// The document's own text: what Qt calls the plain one turns hard blanks into others.
+// The raw text, as toPlainText() turns hard blanks into plain ones.
 QString PlainTextBox::Text() const {
     if (!document()->isModified()) return set_;
     const QString end = LineEndOf(set_);

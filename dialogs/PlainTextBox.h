@@ -18,7 +18,7 @@ public:
     QString Text() const;
     // The same, if the user changed anything.
     std::optional<QString> Edited() const;
-    // What stands in it now is what it was set to.
+    // Takes what stands in the box for the text that was set: it counts as not edited.
     void Keep();
 
 Q_SIGNALS:

@@ -34,7 +34,7 @@ struct LinkDialogArgument {
     diagram::Surface &oFlow;
     diagram::Link &oLink;
     std::vector<diagram::Link *> oLinks; // the selected links, when oLink is one of them; else empty
-    FormerLinks former = {};             // what they were before anything was applied; empty when nothing was
+    FormerLinks former = {};             // the links before the first apply; empty when nothing was applied
 };
 
 struct LevelsFormArgument {

@@ -1,6 +1,6 @@
 #include "dialogs/Sample.h"
 
-#include "diagram/shapes/Measures.h"
+#include "diagram/geometry/Units.h"
 
 #include <QPainter>
 

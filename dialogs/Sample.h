@@ -16,7 +16,7 @@ public:
     QSize sizeHint() const override { return hint_; }
 
 protected:
-    // On the ground of the surface `like`; at least `hint` in size, pixels.
+    // With the background colour of the surface `like`; `hint` is the smallest size, in pixels.
     Sample(const char *name, const diagram::Surface &like, QSize hint, QWidget *parent);
     void paintEvent(QPaintEvent *event) override;
 

@@ -9,10 +9,11 @@ namespace dialogs {
 // that does not fit alone is cut in its middle. What would break the line is shown as a blank.
 QString CompactPath(const QString &path, const QFontMetrics &metrics, int width);
 
-// A text of a map, which may be of any length, without its middle where it has more than `most` characters.
+// The text, with "..." for its middle where it has more than `most` characters: texts of a map can be of any
+// length.
 QString WithoutMiddle(const QString &text, qsizetype most);
 
-// The path as a tip, letter for letter unless it is overlong.
+// The path as the rich text of a tool tip, without its middle where it is very long.
 QString TipOf(const QString &path);
 
 // A label of one path, shortened to fit wherever it stands. It never asks for more room than its name's

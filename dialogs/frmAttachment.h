@@ -12,7 +12,7 @@ namespace dialogs {
 
 class PathLabel;
 
-// Through which a caller drives the form.
+// What the form is handed, and by which a caller shows it.
 class cfrmAttachment {
 public:
     static constexpr char kForm[] = "frmAttachment";

@@ -13,8 +13,8 @@ public:
     frmGroups(GroupsFormArgument &argument, QWidget *parent);
 
 protected:
-    // A comma asks whether the name is to be taken without it: the keys of a node's groups stand between
-    // commas.
+    // Asks whether a name with commas is to be taken without them: in a node's tag commas separate its
+    // groups.
     void lvwColor_AfterLabelEdit(QTreeWidgetItem &row, const QString &text) override;
     void Store(NameRows &rows) override;
     QString StoreDefaults(const NameRows &rows) override { return StoreDefaultGroups(rows); }

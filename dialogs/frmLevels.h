@@ -19,7 +19,7 @@ public:
     frmLevels(LevelsFormArgument &argument, QWidget *parent);
 
     void cmdColor_Click();
-    // Shows the width of the column in pixels as the caption.
+    // Shows the width of the column, in pixels, as the form's caption.
     void lvwColor_ColumnClick();
     // The level that nodes of deleted levels are to have; shown while there are such nodes. The first entry
     // leaves them as they are.

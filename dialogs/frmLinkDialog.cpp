@@ -21,11 +21,10 @@ namespace dialogs {
 
 using diagram::LinkData;
 
-// `right` ones stand beside the left ones.
 struct frmLinkDialog::ListRow {
     const char *name, *label;
     ListOf what;
-    bool right;
+    bool right; // in the right column
     double (*stored)(const LinkData &values);
     void (*store)(LinkData &values, double value);
 };
@@ -47,9 +46,9 @@ constexpr frmLinkDialog::ListRow Row(const char *name, const char *label, ListOf
 
 } // namespace
 
-const std::array<frmLinkDialog::ListRow, 10> &frmLinkDialog::Rows() {
+const std::array<frmLinkDialog::ListRow, frmLinkDialog::kLists> &frmLinkDialog::Rows() {
     using enum ListOf;
-    static constexpr std::array<ListRow, 10> kRows{{
+    static constexpr std::array<ListRow, kLists> kRows{{
         Row<&LinkData::arrowSource>("cboArrowOrigin", "Arrow Origin", Arrows, false),
         Row<&LinkData::arrowSizeSource>("cboArrowOriginSize", "Arrow Size Origin", ArrowSizes, true),
         Row<&LinkData::arrowMiddle>("cboArrowMiddle", "Arrow Middle", Arrows, false),
@@ -211,7 +210,7 @@ void frmLinkDialog::OKButton_Click() {
     });
 }
 
-// What the links were is what they were before the first time.
+// What the links were is remembered before the first apply only.
 void frmLinkDialog::Apply() {
     if (argument_.former.IsEmpty()) {
         std::vector<diagram::Link *> links = argument_.oLinks;

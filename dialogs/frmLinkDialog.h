@@ -32,12 +32,13 @@ public:
 
     // A list of choices and the field that it stands for.
     struct ListRow;
+    static constexpr std::size_t kLists = 10;
 
     // What the controls show.
     diagram::LinkData Values() const;
 
 private:
-    static const std::array<ListRow, 10> &Rows();
+    static const std::array<ListRow, kLists> &Rows();
     void BuildControls();
     void BuildLists(QGridLayout &left, QGridLayout &right);
     void OrderTabs();
@@ -50,7 +51,7 @@ private:
 
     LinkDialogArgument &argument_;
     diagram::Font font_;
-    std::array<QComboBox *, 10> lists_{};
+    std::array<QComboBox *, kLists> lists_{}; // in the order of Rows()
     widgets::SwatchButton *picFillColor_ = nullptr;
     widgets::SwatchButton *picForeColor_ = nullptr;
     PlainTextBox *txtText_ = nullptr;

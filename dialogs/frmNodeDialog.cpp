@@ -26,15 +26,6 @@
 
 namespace dialogs {
 
-namespace {
-
-// Positions of pages.
-constexpr int kDatePage = 2;
-constexpr int kLevelPage = 3;
-constexpr int kAttachmentsPage = 6;
-
-} // namespace
-
 frmNodeDialog::frmNodeDialog(const NodeDialogArgument &argument, QWidget *parent)
     : QDialog(parent), argument_(argument), SSIndexTab1_(new QTabWidget(this)) {
     setObjectName(QLatin1String(NodeDialogArgument::kForm));
@@ -62,7 +53,7 @@ void frmNodeDialog::BuildPages() {
     AddLinkedPages();
 }
 
-// What hangs on the node by its key.
+// The pages for what refers to the node by its key.
 void frmNodeDialog::AddLinkedPages() {
     hyperlink_ = new HyperlinkPage(argument_.window, argument_.oNode, this);
     attachments_ = new AttachmentsPage(argument_.window, argument_.oNode, this);
@@ -115,13 +106,13 @@ void frmNodeDialog::Form_Load() {
     picture_->Load(edit);
     hyperlink_->Load();
     attachments_->Load();
-    SSIndexTab1_->setTabEnabled(kDatePage, !EditsSeveral());
+    SSIndexTab1_->setTabEnabled(SSIndexTab1_->indexOf(date_), !EditsSeveral());
     ShowDate();
     SSIndexTab1_->setCurrentIndex(0);
     ShowWhatGoesWhere();
 }
 
-// Of several nodes the date isn't shown, so that applying takes that of this node.
+// The date isn't shown where several nodes are edited, so that applying takes away that of this node.
 void frmNodeDialog::ShowDate() {
     const std::optional<QString> day = DayTextOf(argument_.oNode);
     if (day && !EditsSeveral()) {
@@ -149,7 +140,7 @@ void frmNodeDialog::Watch() {
 }
 
 void frmNodeDialog::SSIndexTab1_Click(int page) {
-    if (page != kLevelPage) return;
+    if (SSIndexTab1_->widget(page) != level_) return;
     support::Report("frmNodeDialog", "SSIndexTab1_ClickBefore", [this] {
         level_->Fill(argument_.window.clsSettings(), argument_.oNode);
         ShowWhatGoesWhere();
@@ -182,21 +173,21 @@ NodeEdit frmNodeDialog::Edit() const {
 
 void frmNodeDialog::ShowSample() { sample_->Show(Edit(), text_->Text()); }
 
-void frmNodeDialog::Refuse(const QString &why, int page) {
+void frmNodeDialog::Refuse(const QString &why, QWidget &page) {
     argument_.window.Desktop().messageBoxes.Show(why, support::Buttons::Ok, support::Icon::Exclamation,
                                                  settings::Terms().TITLE);
-    SSIndexTab1_->setCurrentIndex(page);
+    SSIndexTab1_->setCurrentWidget(&page);
 }
 
 // What was typed for a date must be one, and files must be there and fit in.
 bool frmNodeDialog::MayApply() {
     if (date_->IsUnreadable()) {
-        Refuse(tr("\"%1\" is no date.").arg(date_->Text()), kDatePage);
+        Refuse(tr("\"%1\" is no date.").arg(date_->Text()), *date_);
         date_->FocusDate();
         return false;
     }
     const QString why = WhyAttachmentsAreRefused(argument_.window, argument_.oNode, attachments_->Rows());
-    if (!why.isEmpty()) Refuse(why, kAttachmentsPage);
+    if (!why.isEmpty()) Refuse(why, *attachments_);
     return why.isEmpty();
 }
 

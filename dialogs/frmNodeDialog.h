@@ -50,8 +50,8 @@ private:
     void SSIndexTab1_Click(int page);
     void ShowWhatGoesWhere();
     void ShowSample();
-    // Says why nothing was applied, and shows the page.
-    void Refuse(const QString &why, int page);
+    // Says why nothing was applied, and shows the page at which that can be mended.
+    void Refuse(const QString &why, QWidget &page);
     bool MayApply();
 
     NodeDialogArgument argument_;
@@ -67,7 +67,7 @@ private:
     QLabel *lblSelection_ = nullptr;
     QDialogButtonBox *buttons_ = nullptr;
     QPushButton *OKButton_ = nullptr;
-    QTimer *resample_ = nullptr; // several changes make one sample
+    QTimer *resample_ = nullptr; // paints one sample for several changes
 };
 
 } // namespace dialogs

@@ -12,18 +12,18 @@ namespace document {
 // first needed and goes with the object.
 class AttachmentFolder {
 public:
-    // A path for a file that a map stores under that name, in which only the file title counts: under its
-    // title, or in a folder of its own where that title is taken. Always inside the folder, and no file
-    // stands there. Error 75 when there is no room for a folder.
+    // A path inside the folder for a file that a map stores under that name, of which only the file title
+    // counts; where that title is taken, in a folder of its own. No file is there yet. Error 75 when a folder
+    // can't be made.
     QString NewPath(const QString &storedName);
-    // Whether the file of that path stands in the folder.
+    // Whether the path leads into the folder.
     bool Holds(const QString &path) const;
     // Lets go of the folder with all files in it; the next path gets a new one.
     void Clear() { folder_.reset(); }
 
 private:
     std::unique_ptr<support::PrivateFolder> folder_;
-    int doubles_ = 0; // folders that were made for titles that were taken
+    int doubles_ = 0; // the number of folders made for titles that were taken
 };
 
 // Removes the folders of windows whose process has ended without removing them.

@@ -1,6 +1,7 @@
 #include "document/CellRules.h"
 
 #include "document/ItemColumns.h"
+#include "document/SurfaceArray.h"
 #include "support/Error.h"
 #include "support/Val.h"
 
@@ -17,10 +18,10 @@ using namespace schema;
 using storage::FieldType;
 
 constexpr Range IsFontSize{0.0001, kLargestFontSize}; // points
-constexpr Range IsSliceIndex{0, 32767};
+constexpr Range IsSliceIndex{0, SurfaceArray::kLargestIndex};
 constexpr double kUsualFont = 8;
 
-// An index or a position that is refused says nothing: it becomes Null.
+// The fallback of indexes and positions: one that a load refuses becomes Null.
 constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
 const CellRule kOtherRules[] = {
@@ -39,7 +40,8 @@ const CellRule kOtherRules[] = {
     {&kGroups, group::kSelected, IsAnything, 1},
 };
 
-// Numbers, and what is usually True: False needs no rule.
+// For the columns of numbers, and for those of booleans that are usually True. Without a rule a boolean that
+// cannot be read becomes False.
 template <typename Columns>
 void AddRules(std::vector<CellRule> &rules, const TableLayout &table, const Columns &columns) {
     for (const auto &column : columns) {
@@ -84,7 +86,7 @@ double FallbackOf(const CellRule *rule) { return rule ? rule->fallback : 0; }
 
 QString NumberText(double number) { return QString::number(number, 'g', 10); }
 
-// Not a number stands for Null.
+// NaN is written as Null.
 void Write(MendedCell &cell, FieldType type, double number) {
     if (std::isnan(number)) {
         cell.value = {};
@@ -186,7 +188,8 @@ MendedCell MendCell(const storage::Recordset &rows, int at, FieldType type, cons
     return cell;
 }
 
-// The two zooms came together, and opening looks at the first alone.
+// xZoom and yZoom came with the same version. Opening a map adds both when it lacks xZoom, and neither when
+// it lacks yZoom alone.
 bool MayBeMissing(const storage::Recordset &rows, const TableLayout &table, int column) {
     if (&table == &kNodes) return IsLater(kNodeColumns, column);
     if (&table == &kLinks) return IsLater(kLinkColumns, column);

@@ -9,10 +9,10 @@ namespace document {
 struct CellRule {
     const TableLayout *table;
     int column;
-    // A number outside takes the nearer end; one in the gap, like what is no number at all, takes the
-    // fallback.
+    // A number outside takes the nearer end; one in a gap of the range, and what is no number at all, takes
+    // the fallback.
     diagram::Range range;
-    double fallback;          // not a number for Null
+    double fallback;          // NaN stands for Null
     bool isMagnitude = false; // a load takes the number without its sign
 };
 
@@ -31,12 +31,12 @@ struct MendedCell {
 // layout's column.
 MendedCell MendCell(const storage::Recordset &rows, int at, storage::FieldType type, const CellRule *rule);
 
-// What stands in a column that the file lacks.
+// The value that every row gets for a column that the file lacks.
 QVariant MissingCell(const TableLayout &table, int column);
 // True for a column that the recordset over the table may lack, as early versions did not have it.
 bool MayBeMissing(const storage::Recordset &rows, const TableLayout &table, int column);
 
-// The beginning of a value for the eye, in one line.
+// The beginning of a value, in one line, to be shown to the user.
 QString ShortText(const QString &value);
 
 } // namespace document

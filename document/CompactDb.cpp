@@ -46,7 +46,7 @@ private:
     bool isKept_ = false;
 };
 
-// The same name for one map at all times, and another for each map.
+// The name of the map's safety copy, which is the same at all times and differs between maps of one title.
 QString CopyName(const QString &map) {
     const QByteArray path = QFileInfo(map).canonicalFilePath().toUtf8();
     const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().left(16);
@@ -63,7 +63,7 @@ bool CopyInto(QFile &from, QFile &to) {
     return to.flush();
 }
 
-// Takes the place of the map's former copy only when it is whole.
+// The former safety copy of the map is replaced once the new one is whole.
 void MakeSafetyCopy(const QString &map) {
     const QDir folder(SafetyCopyFolder());
     const QString target = folder.filePath(CopyName(map));
@@ -79,21 +79,12 @@ void MakeSafetyCopy(const QString &map) {
     if (!good) support::Raise(support::kErrPathFileAccess, QStringLiteral("CompactDb"), target);
 }
 
-// What a safety copy of one name is in one of the folders.
-struct Copy {
-    QString path;
-    QDateTime modified;
-};
-
-std::vector<Copy> SafetyCopies(QHash<QString, QDateTime> &newest) {
-    std::vector<Copy> copies;
+// A user may have several folders of safety copies, so copies of one map, which have one name, can be in more
+// than one of them.
+QFileInfoList SafetyCopies() {
+    QFileInfoList copies;
     for (const QString &folder : support::LastingPrivateFolders(kCopies))
-        for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files | QDir::Hidden)) {
-            const QDateTime modified = file.lastModified();
-            copies.push_back({file.filePath(), modified});
-            QDateTime &latest = newest[file.fileName()];
-            if (!latest.isValid() || latest < modified) latest = modified;
-        }
+        copies += QDir(folder).entryInfoList(QDir::Files | QDir::Hidden);
     return copies;
 }
 
@@ -114,10 +105,15 @@ QString SafetyCopyFolder() { return support::LastingPrivateFolder(kCopies); }
 
 void SweepSafetyCopies(const QDateTime &now) {
     const QDateTime oldest = now.addDays(-kDaysOfCopies);
-    QHash<QString, QDateTime> newest;
-    for (const Copy &copy : SafetyCopies(newest))
-        if (copy.modified < oldest || copy.modified < newest.value(QFileInfo(copy.path).fileName()))
-            QFile::remove(copy.path);
+    const QFileInfoList copies = SafetyCopies();
+    QHash<QString, QDateTime> newest; // by name
+    for (const QFileInfo &copy : copies) {
+        QDateTime &latest = newest[copy.fileName()];
+        if (!latest.isValid() || latest < copy.lastModified()) latest = copy.lastModified();
+    }
+    for (const QFileInfo &copy : copies)
+        if (copy.lastModified() < oldest || copy.lastModified() < newest[copy.fileName()])
+            QFile::remove(copy.filePath());
 }
 
 void CompactDb(MapWindow &window, const QString &sFile, bool bKeep, const QString &sPassword) {

@@ -21,7 +21,8 @@ namespace {
 constexpr int kGridOfLines = 2;
 constexpr support::Colour kGridColour = 0xE0E0E0;
 
-// Tells that the file is passed over: once for each state of it, as every slice of a map looks for it.
+// Tells the user that the file is passed over. Every new slice reads the file, so this is told only once
+// until the file changes.
 void TellBroken(const QString &path, const support::Error &error) {
     static QHash<QString, QDateTime> told;
     const QDateTime written = QFileInfo(path).lastModified();
@@ -102,7 +103,7 @@ void LoadDefaults(diagram::Surface &Flow) {
     support::PassOn("LoadDefaults", [&] {
         std::vector<diagram::NodeData> timeline;
         if (LoadIfThere(Flow, kTimelineTemplateNodeFile)) timeline = HiddenNodes(Flow);
-        if (LoadIfThere(Flow, kTemplateNodeFile)) { // takes the place of what was there
+        if (LoadIfThere(Flow, kTemplateNodeFile)) { // replaces the nodes of the first file
             AddMissing(Flow, timeline);
             ApplyDefaults(Flow);
         }

@@ -126,15 +126,15 @@ Recordset Loader::SliceRows() {
 bool Loader::LoadSlices() {
     Recordset rows = SliceRows();
     const Columns at(rows, schema::kSlices);
-    // The first slot is there whether the map has a slice for it or not.
+    // Slot 0 always exists. It is emptied here if no slice of the map will fill it.
     if (rows.EndOfFile() || rows.Integer(at[schema::slice::kIndex]) != 0) window_.AddFlow1()[0].Reset();
     for (; !rows.EndOfFile(); rows.MoveNext())
         if (memory_.IsShort() || !LoadSlice(rows, at)) return false;
     return true;
 }
 
-// The surface of the slice, made with its tab unless it is the first. Where indexes have gaps the tabs have
-// none.
+// Makes the slice's surface and tab, which are there already for index 0, and gives the surface. Indexes of
+// slices may have gaps; tabs don't.
 diagram::Surface &Loader::PrepareSurface(const Recordset &row, const Columns &at) {
     const int index = row.Integer(at[schema::slice::kIndex]);
     Tabs &tabs = window_.TabStrip();
@@ -212,7 +212,7 @@ void Loader::LoadHyperlinks() {
         hyperlink.Node = rows.Text(at[kNodeKey]);
         hyperlink.Map = rows.Text(at[kFilename]);
         hyperlink.Slice = rows.Integer(at[kSlice]);
-        // Of a link to another map the slice may be none of this one's.
+        // A hyperlink to another map has an index there, which may lie beyond the tabs of this one.
         const int tab = hyperlink.Slice - 1;
         if (tab >= 0 && tab < window_.TabStrip().TabCount())
             hyperlink.SliceKey = window_.TabStrip().TabKey(tab);
@@ -241,8 +241,8 @@ void Loader::LoadAttachments() {
     }
 }
 
-// Only the name of the stored path counts, so that a map cannot write anywhere else. No file was chosen where
-// there is neither a name nor bytes.
+// Only the file title of the stored path counts, so that a map cannot write anywhere else. An attachment with
+// neither a name nor bytes is one for which no file was chosen.
 void Loader::ExtractAttachment(cAttachment &attachment, const Recordset &rows) {
     const int data = rows.Column(NameOf(schema::kAttachments, schema::attachment::kData));
     if (attachment.Filename.isEmpty() && rows.Bytes(data).isEmpty()) return;
@@ -259,7 +259,8 @@ void Loader::EndWithoutMemory() {
     window_.DrawMenuBar();
 }
 
-// A load that ends in the middle leaves what it has read, which is no file's content.
+// Unless the load ends well, the window holds a part of a map, which must not be saved over the file: it
+// loses its path.
 class UnlessWhole {
 public:
     explicit UnlessWhole(MapWindow &window) : window_(window), wasDirty_(window.clsSettings().Dirty) {}
@@ -301,7 +302,7 @@ void EndWell(MapWindow &window) {
     settings::clsMRU(window.Desktop().registry).AddFile(settings.Database());
 }
 
-// The map has no file: nothing of it is saved yet.
+// As for a map that has no file yet.
 void EndAsNew(MapWindow &window) {
     clsfrmMain &settings = window.clsSettings();
     ShowLoaded(window);

@@ -27,18 +27,18 @@ class MapWindow;
 // is empty, so that a save asks for a name, and the caption says so.
 bool DoLoad(MapWindow &frm);
 
-// Reads the map of the file `path`, which may go afterwards, as one that was never saved: Database is empty,
-// Dirty true, and the recent files don't have it. Errors are those of DoLoad.
+// Reads the map of the file `path`, which may be deleted afterwards, as one that was never saved: Database is
+// empty, Dirty is true, and the recent files don't list it. Errors are those of DoLoad.
 void LoadAsNew(MapWindow &frm, const QString &path, const QString &caption);
 
-// Reads the slice that stands first into an empty window, and the levels and groups: for a look at a map.
-// Nothing is asked, hyperlinks and attachments stay in the file, and the window keeps its path, which is
-// none. The slice's surface, which is the window's; null for a map without slices and without memory. Errors
-// are those of DoLoad.
+// Reads the first slice, the levels and the groups into an empty window, for a preview of a map. Nothing is
+// asked, hyperlinks and attachments are not read, and the window gets no path. Gives the slice's surface,
+// which the window owns; null for a map without slices, and when memory ran short. Errors are those of
+// DoLoad.
 diagram::Surface *ReadFirstSlice(MapWindow &frm, storage::Database &database);
 
-// Reads the map of the file `path` into the window for what it holds, and writes nothing anywhere: not to the
-// file, not to the recent files. True when the map was read whole, false when memory ran short. Errors are
+// Reads the map of the file `path` into the window to use its content elsewhere: neither the file nor the
+// recent files are written to. True when the map was read whole, false when memory ran short. Errors are
 // those of DoLoad; 3265 for a map of an early version in the program's own form (see IsOldMap).
 bool LoadToRead(MapWindow &frm, const QString &path);
 

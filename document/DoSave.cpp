@@ -24,7 +24,7 @@ namespace {
 
 bool writesCompanions = false;
 
-// What a save that fails puts back: the path and the tab.
+// Puts back the path and the selected tab, unless the save succeeds and dismisses it.
 class Rollback {
 public:
     explicit Rollback(MapWindow &window)
@@ -53,7 +53,7 @@ private:
     bool done_ = false;
 };
 
-// In this order; fonts twice, as ever.
+// The order is kept as it always was, and so is the second turn for the fonts, which finds no rows.
 void EmptyTables(storage::Database &database) {
     using namespace schema;
     for (const TableLayout *table : {&kNodes, &kLinks, &kLinkPoints, &kSlices, &kFonts, &kGroups, &kLevels,
@@ -84,7 +84,7 @@ void WritePools(MapWindow &window, RowWriter &writer) {
     writer.WriteViews();
 }
 
-// The whole map into a file that is nobody's yet.
+// Writes the whole map into the new file at `path`, which isn't in its place yet.
 void BuildMap(MapWindow &window, const QString &path, Rollback &rollback) {
     storage::Database database = storage::OpenForBuilding(path);
     UpgradeMap(database);
@@ -101,7 +101,8 @@ void BuildMap(MapWindow &window, const QString &path, Rollback &rollback) {
     database.Close();
 }
 
-// The copy of a file that is not the window's own; taken away again unless it is released.
+// A copy of the file that is about to be replaced, if that isn't one of the window's own files. The copy is
+// deleted again unless it is released.
 class KeptFile {
 public:
     KeptFile(clsfrmMain &settings, const QString &target) {

@@ -19,8 +19,8 @@ class MapWindow;
 // new file uncompacted.
 bool DoSave(MapWindow &frm);
 
-// A switch for the makers of the program: while on, a save also writes each slice to its companion file. Off
-// at the start.
+// For developers: while this is on, a save also writes each slice to its companion file (see CompanionFile).
+// Off at the start.
 void SetWritesCompanions(bool on);
 
 } // namespace document

@@ -45,8 +45,8 @@ Sight SightOf(const QString &tag, const FilterKeys &keys) {
     return NodeInGroup(group, keys.groups) && IsIn(level, keys.levels) ? Sight::Shown : Sight::Hidden;
 }
 
-// Calls `hide` with each node of a level and a group, and each link that leaves one, and whether it is
-// hidden.
+// Calls `hide(item, hidden)` for each node that has a level and a group, and for each link that begins at
+// one.
 template <typename Surface, typename Hide, typename Hidden>
 void Filter(Surface &surface, const FilterKeys &keys, Hide hide, Hidden isHidden) {
     QHash<QString, Sight> sights;
@@ -80,7 +80,7 @@ FilterKeys KeysForFilter(const QString &groupNames, const QString &levelNames, c
             KeysOf(levelNames, levels, [](const cLevel &level) { return level.LevelName; })};
 }
 
-// All nodes first: a link looks at both of its ends.
+// `isHidden` looks at the nodes themselves: Filter hides all nodes before it looks at links.
 void ApplyFilter(diagram::Surface &surface, const FilterKeys &keys) {
     Filter(
         surface, keys, [](auto &item, bool hidden) { item.SetHidden(hidden); },

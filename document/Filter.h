@@ -17,7 +17,7 @@ class cLevels;
 // character. Upper and lower case are the same; empty elements are passed over.
 bool NodeInGroup(const QString &sNodeGroup, const QString &sGroupText);
 
-// The ticked members as lists of keys, each key between commas, with two in front.
+// The ticked groups and levels as lists of keys: ",,KEY,KEY,".
 struct FilterKeys {
     QString groups;
     QString levels;

@@ -66,7 +66,8 @@ bool IsJustTicked(const Pool<Member> &pool, const std::vector<ViewTick> &ticks) 
     return true;
 }
 
-auto Find(FilterViews &views, const QString &name) {
+template <typename Views>
+auto Find(Views &views, const QString &name) {
     return std::ranges::find_if(views, [name = name.trimmed()](const FilterView &view) {
         return view.Name.compare(name, Qt::CaseInsensitive) == 0;
     });
@@ -75,10 +76,8 @@ auto Find(FilterViews &views, const QString &name) {
 } // namespace
 
 const FilterView *FindView(const clsfrmMain &settings, const QString &name) {
-    const QString sought = name.trimmed();
-    for (const FilterView &view : settings.Views)
-        if (view.Name.compare(sought, Qt::CaseInsensitive) == 0) return &view;
-    return nullptr;
+    const auto view = Find(settings.Views, name);
+    return view == settings.Views.end() ? nullptr : &*view;
 }
 
 void KeepView(clsfrmMain &settings, const QString &name) {

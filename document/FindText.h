@@ -30,7 +30,7 @@ struct FindHit {
     friend bool operator==(const FindHit &, const FindHit &) = default;
 };
 
-// What else stands for a node, such as its date.
+// Further texts by which a node is found, such as its date.
 using FurtherTexts = std::function<QStringList(const diagram::Node &node)>;
 
 // The nodes whose text or second text, or the name of whose level or of one of whose groups, or one of whose

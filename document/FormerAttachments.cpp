@@ -7,7 +7,8 @@ namespace document {
 
 namespace {
 
-QString RowsOf() {
+// The bytes of the rows with a key, a node's key and a file name; Null counts as empty.
+QString SelectData() {
     using namespace schema::attachment;
     const auto text = [](int column) {
         return QStringLiteral("COALESCE(%1, '')=?").arg(Bracketed(schema::kAttachments, column));
@@ -18,7 +19,8 @@ QString RowsOf() {
 }
 
 QByteArray ReadBytes(storage::Database &database, const StoredAttachment &stored) {
-    storage::Recordset rows = database.OpenRecordset(RowsOf(), {stored.Key, stored.NodeKey, stored.Filename});
+    storage::Recordset rows =
+        database.OpenRecordset(SelectData(), {stored.Key, stored.NodeKey, stored.Filename});
     for (int i = 0; i < stored.Position; ++i) rows.MoveNext();
     return rows.Bytes(0);
 }
@@ -34,7 +36,7 @@ storage::Database *FormerAttachments::MapOf(const QString &path) {
     return database_ ? &*database_ : nullptr;
 }
 
-// A probe: whatever goes wrong, the error of the missing file is the one to tell.
+// Errors are swallowed: the caller reports that the attachment's file is missing.
 std::optional<QByteArray> FormerAttachments::BytesOf(const cAttachment &attachment) {
     if (attachment.Stored.Map.isEmpty()) return std::nullopt;
     try {

@@ -26,7 +26,7 @@ public:
         if (T *item = Find(key)) return *item;
         support::Raise(support::kErrInvalidProcedureCall, QStringLiteral("Collection"));
     }
-    // From 1; error 9.
+    // By its position from 1; error 9 for one that isn't there.
     T &Item(int index) const { return *entries_[Checked(index)].item; }
     T *Find(const QString &key) const { return byKey_.value(key, nullptr); }
 
@@ -59,7 +59,7 @@ private:
     QHash<QString, T *> byKey_;
 
 public:
-    // Walks in the order of adding. Adding and removing end a walk.
+    // Walks in the order of adding. Adding and removing make iterators invalid.
     class Iterator {
     public:
         explicit Iterator(typename std::vector<Entry>::const_iterator at) : at_(at) {}
@@ -74,7 +74,7 @@ public:
     Iterator end() const { return Iterator(entries_.end()); }
 };
 
-// What the four pools of a map share. Pool names an item by its key or by its position from 1: an unknown key
+// What the four pools of a map share. An item is named by its key or by its position from 1: an unknown key
 // is error 5 "Invalid procedure call or argument", a position that isn't there error 9 "Subscript out of
 // range", a key that is taken error 457.
 template <typename T>

@@ -12,7 +12,7 @@ namespace document {
 class cGroups;
 class cLevels;
 
-// The position of a node's level in the list as it is now, from 0; -1 for a node without one.
+// Gives each node the position of its level in the list as it is now, from 0; -1 for a node without one.
 std::function<int(const diagram::Node &node)> LanesByLevel(const cLevels &levels);
 
 // The same for the first of a node's groups that the list has.

@@ -39,7 +39,7 @@ bool SliceLoader::LoadNodes() {
     return true;
 }
 
-// An unknown key is the error of the collection.
+// An unknown key raises the error of the collection of nodes.
 diagram::Node &SliceLoader::NodeOf(std::uint32_t key) const {
     if (const auto found = nodes_.find(key); found != nodes_.end()) return *found->second;
     const std::string_view text = rows_.NodeKeys().KeyOf(key);
@@ -68,7 +68,7 @@ namespace {
 
 constexpr int kLargestGap = 1024; // points that a position may lie behind the last one
 
-bool CountUpFromNull(std::span<const PointRow> rows) {
+bool CountUpFromZero(std::span<const PointRow> rows) {
     for (std::size_t i = 0; i < rows.size(); ++i)
         if (rows[i].index != static_cast<std::int32_t>(i)) return false;
     return true;
@@ -98,8 +98,9 @@ void SliceLoader::SetPoints(diagram::Link &link, std::uint32_t key) {
     const std::span<const PointRow> rows = rows_.PointsOf(key);
     if (rows.empty()) return;
     std::vector<diagram::Point> points;
-    // As a rule the rows tell the whole route; fewer leave ends as they are routed.
-    if (rows.size() < 2 || !CountUpFromNull(rows)) points = link.Route();
+    // As a rule the rows hold the whole route. Otherwise they replace points of the route that the router has
+    // given the link.
+    if (rows.size() < 2 || !CountUpFromZero(rows)) points = link.Route();
     PlaceOneByOne(points, rows);
     link.SetAddPointsMode(true);
     link.SetMovePointsMode(true);

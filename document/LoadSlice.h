@@ -19,7 +19,8 @@ class PicturePool;
 
 class SliceLoader {
 public:
-    // The surface is empty. Until the object goes, the surface keeps stored sizes.
+    // The surface must be empty. While the object lives, nodes keep their stored sizes whatever their texts
+    // would need.
     SliceLoader(MapWindow &window, diagram::Surface &surface, MapRows &rows, PicturePool &pictures,
                 MemoryWatch &memory);
     ~SliceLoader();

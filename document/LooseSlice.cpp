@@ -5,6 +5,7 @@
 #include "diagram/model/Ranges.h"
 #include "document/CellRules.h"
 #include "document/ItemColumns.h"
+#include "document/SurfaceArray.h"
 #include "support/clsGUID.h"
 
 #include <set>
@@ -16,13 +17,11 @@ namespace {
 constexpr int kColumns = 8;
 constexpr float kGap = 300, kNodeWidth = 2100, kNodeHeight = 900; // twips
 constexpr float kLastTop = diagram::kLargestCoordinate / 2;
-constexpr int kLargestIndex = 32767;
 
 // The values of a row by column; the others are the usual ones.
 using Values = std::vector<std::pair<int, QVariant>>;
 
 void Insert(storage::Database &map, const TableLayout &table, const Values &values) {
-    QStringList names, marks;
     storage::PreparedStatement insert = map.Prepare(InsertInto(table));
     for (int i = 0; i < static_cast<int>(table.columns.size()); ++i) {
         QVariant value = MissingCell(table, i);
@@ -45,10 +44,10 @@ int FreeIndex(storage::Database &map) {
          !rows.EndOfFile(); rows.MoveNext())
         taken.insert(rows.Long(0));
     if (taken.empty()) return 0;
-    if (*taken.rbegin() < kLargestIndex) return *taken.rbegin() + 1;
+    if (*taken.rbegin() < SurfaceArray::kLargestIndex) return *taken.rbegin() + 1;
     int free = 0;
     while (taken.contains(free)) ++free;
-    return free <= kLargestIndex ? free : -1;
+    return free <= SurfaceArray::kLargestIndex ? free : -1;
 }
 
 } // namespace

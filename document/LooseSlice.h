@@ -1,4 +1,5 @@
-// The slice of a repaired map for what hangs loose.
+// The slice "Loose items" of a repaired map. It takes what refers to something that the damaged map lacks:
+// nodes without a slice, links without one of their nodes, points, hyperlinks and attachments of nothing.
 #pragma once
 
 #include "diagram/geometry/Point.h"
@@ -16,8 +17,9 @@ public:
     // The slice's index, made with its row at the first call behind all others; -1 when there is no room for
     // one.
     int Index();
-    // The key of the node that stands for the missing one of that key, or, with a text, for one that stands
-    // elsewhere: the same one each time for the same key.
+    // The key of a node on this slice that stands in for the node `key`: the same one each time for the same
+    // key. Its text says that the node is missing, unless `text` is given, for a node that stands on another
+    // slice.
     QString StandInFor(const QString &key, const QString &text = QString());
     // A new node with that text, at the place or in the next free one. Its key.
     QString AddNode(const QString &text, const diagram::Point *place = nullptr,
@@ -31,7 +33,7 @@ private:
     storage::Database &map_;
     int index_ = -1;
     int nodes_ = 0;
-    float top_ = -1; // of the first row of nodes; not known below 0
+    float top_ = -1; // of the first row of nodes; below 0 before it was looked up
     QHash<QString, QString> standIns_;
 };
 

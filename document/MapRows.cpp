@@ -162,15 +162,15 @@ const QString &MapRows::TagOf(const Recordset &rows, const Columns &at) {
     constexpr char kBetween = '\0';
     const bool hasLevel = !rows.IsNull(at[kLevel]);
     const double number = hasLevel ? rows.Double(at[kLevel]) : 0;
-    tagQuestion_.assign(rows.Utf8(at[kTag]));
-    (tagQuestion_ += kBetween) += rows.Utf8(at[kGroup]);
-    if (hasLevel) (tagQuestion_ += kBetween).append(reinterpret_cast<const char *>(&number), sizeof number);
-    if (const auto known = tags_.find(tagQuestion_); known != tags_.end()) return known->second;
+    tagKey_.assign(rows.Utf8(at[kTag]));
+    (tagKey_ += kBetween) += rows.Utf8(at[kGroup]);
+    if (hasLevel) (tagKey_ += kBetween).append(reinterpret_cast<const char *>(&number), sizeof number);
+    if (const auto known = tags_.find(tagKey_); known != tags_.end()) return known->second;
     const QString level = hasLevel ? support::CStr(number) : QString();
     QString tag = TagWithEntry(rows.Text(at[kTag]), tags::kGroup,
                                settings_.Groups().KeyForGroupName(rows.Text(at[kGroup])));
     tag = TagWithEntry(tag, tags::kLevel, settings_.Levels().KeyForLevelName(level));
-    return tags_.emplace(tagQuestion_, tag).first->second;
+    return tags_.emplace(tagKey_, tag).first->second;
 }
 
 namespace {
@@ -184,10 +184,11 @@ struct LinkedPoint {
 // the end.
 std::vector<PointRow> GroupByLink(std::vector<LinkedPoint> &read, std::size_t links,
                                   std::vector<std::uint32_t> &first) {
-    const auto stands = [](const LinkedPoint &a, const LinkedPoint &b) {
+    const auto isBefore = [](const LinkedPoint &a, const LinkedPoint &b) {
         return a.link != b.link ? a.link < b.link : a.point.index < b.point.index;
     };
-    if (!std::is_sorted(read.begin(), read.end(), stands)) std::stable_sort(read.begin(), read.end(), stands);
+    if (!std::is_sorted(read.begin(), read.end(), isBefore))
+        std::stable_sort(read.begin(), read.end(), isBefore);
     first.assign(links + 1, 0);
     std::vector<PointRow> points;
     points.reserve(read.size());

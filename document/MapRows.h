@@ -19,7 +19,7 @@ namespace document {
 class clsfrmMain;
 class Columns;
 
-// Keys of rows as small numbers, counted from 0 in the order of their coming.
+// Gives each different key of a row a small number, counted from 0 in the order in which they come.
 class KeyIndex {
 public:
     static constexpr std::uint32_t kNone = 0xFFFFFFFF;
@@ -112,8 +112,8 @@ private:
     std::vector<PointRow> points_;          // by link
     std::vector<std::uint32_t> firstPoint_; // of each link, and one more for the end
     std::unordered_map<std::uint32_t, std::exception_ptr> pointFailures_;
-    std::unordered_map<std::string, QString> tags_; // finished tags by what the row says
-    std::string tagQuestion_;
+    std::unordered_map<std::string, QString> tags_; // by tagKey_: the tag with the keys of this run
+    std::string tagKey_;                            // tag, group and level of the row at hand, as stored
 };
 
 } // namespace document

@@ -49,6 +49,7 @@ constexpr ColumnDef kSettingColumns[] = {{"Author", FieldType::Text},
 
 constexpr ColumnDef kViewColumns[] = {
     {"View", FieldType::Text}, {"Level", FieldType::Text}, {"Group", FieldType::Text}};
+constexpr ColumnDef kRoutedColumns[] = {{"Link", FieldType::Text}, {"Sum", FieldType::Long}};
 
 static_assert(std::size(kSliceColumns) == slice::kCount);
 static_assert(std::size(kPointColumns) == point::kCount);
@@ -60,8 +61,9 @@ static_assert(std::size(kHyperlinkColumns) == hyperlink::kCount);
 static_assert(std::size(kAttachmentColumns) == attachment::kCount);
 static_assert(std::size(kSettingColumns) == setting::kCount);
 static_assert(std::size(kViewColumns) == view::kCount);
+static_assert(std::size(kRoutedColumns) == routed::kCount);
 
-// Each in its position; no constant when two of them have the same.
+// The definitions in the order of their positions. Two columns with one position don't compile.
 template <typename Column, std::size_t kCount>
 consteval auto LayoutOf(const std::array<Column, kCount> &columns) {
     std::array<ColumnDef, kCount> layout{};
@@ -92,11 +94,17 @@ const TableLayout kHyperlinks{"Hyperlinks", kHyperlinkColumns};
 const TableLayout kAttachments{"Attachments", kAttachmentColumns};
 const TableLayout kSettings{"Settings", kSettingColumns};
 const TableLayout kFilterViews{"FilterViews", kViewColumns};
+const TableLayout kRoutedLinks{"RoutedLinks", kRoutedColumns};
 
 std::span<const TableLayout *const> Tables() {
     static constexpr const TableLayout *kTables[] = {&kSlices,     &kNodes,       &kLinks,   &kLinkPoints,
                                                      &kFonts,      &kPictures,    &kGroups,  &kLevels,
                                                      &kHyperlinks, &kAttachments, &kSettings};
+    return kTables;
+}
+
+std::span<const TableLayout *const> OptionalTables() {
+    static constexpr const TableLayout *kTables[] = {&kFilterViews, &kRoutedLinks};
     return kTables;
 }
 

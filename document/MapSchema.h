@@ -64,19 +64,27 @@ enum Column { kKey, kNodeKey, kFilename, kEmbed, kData, kCount };
 namespace view {
 enum Column { kView, kLevel, kGroup, kCount };
 }
+namespace routed {
+enum Column { kLink, kSum, kCount };
+}
 namespace setting {
 enum Column { kAuthor, kCreateTime, kModified, kModifyTime, kCount };
 }
 
 extern const TableLayout kSlices, kNodes, kLinks, kLinkPoints, kFonts, kPictures, kGroups, kLevels,
     kHyperlinks, kAttachments, kSettings;
-// All of them.
+// The tables above, which every map has.
 std::span<const TableLayout *const> Tables();
 
 // One row for each level or group that a named view ticks, the other column being Null, and a row with both
-// Null in front of them, so that a view may tick nothing. A map has the table only when it has views: readers
-// that don't know it meet the tables above alone, and pass over this one.
+// Null in front of them, so that a view may tick nothing.
 extern const TableLayout kFilterViews;
+// One row for each link whose bends are the router's, with a sum of its points. Where the sum is another,
+// somebody else has written to the points, and the row says nothing.
+extern const TableLayout kRoutedLinks;
+// Both of them. A map has them only when there is something to write into them, and readers that don't know
+// them pass over them.
+std::span<const TableLayout *const> OptionalTables();
 
 } // namespace schema
 

@@ -24,7 +24,7 @@ public:
     virtual QString Caption() const = 0;   // of the selected tab
     virtual void SetCaption(const QString &caption) = 0;
     virtual QString TabCaption(int index) const = 0;
-    virtual QString TabKey(int index) = 0; // made at the first question
+    virtual QString TabKey(int index) = 0; // made when it is first asked for
 };
 
 namespace pointer {
@@ -54,12 +54,11 @@ public:
     // After a load: paints the main controls again, tells the window its size, draws the menu bar.
     virtual void RefreshMainControls() = 0;
     virtual void DrawMenuBar() = 0;
-    // Whether the months of the current slice are to be seen; none for a slice without months.
+    // Whether the months of the current slice are shown; none for a slice without months.
     virtual std::optional<bool> ShowsTimeline() = 0;
 };
 
-// Shows the form above the window and gives true when its user chose OK: the user's turn, so with the normal
-// pointer.
+// Shows the form above the window, with the normal pointer. True when the user chose OK.
 template <support::FormArgument Argument>
 bool Show(MapWindow &window, Argument &argument) {
     window.SetMousePointer(pointer::kNormal);

@@ -15,7 +15,7 @@ void ShowMemoryText(support::Desktop &desktop) {
 }
 
 bool MemoryGuard(support::Desktop &desktop) {
-    // A load stops at 80, the commands go on with it.
+    // At exactly 80 a load stops (MemoryWatch below), but a command may still begin.
     if (support::MemoryFigure(desktop.memory.Read()) <= kLimit) return true;
     ShowMemoryText(desktop);
     return false;

@@ -9,8 +9,8 @@ namespace document {
 // product's message.
 bool MemoryGuard(support::Desktop &desktop);
 
-// For a load. Asking the platform costs more than loading a node, so a look within a slice asks at the first
-// and then at each 512th node; a machine that runs short is noticed that much later.
+// For a load. Asking the platform costs more than loading a node, so within a slice it is asked only at the
+// first and then at every 512th node.
 class MemoryWatch {
 public:
     explicit MemoryWatch(support::Desktop &desktop) : desktop_(desktop) {}

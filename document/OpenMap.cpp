@@ -63,7 +63,7 @@ void UpgradeMap(storage::Database &database) {
     }
 }
 
-// A probe: what is wrong with the file is told by whoever opens it.
+// Errors are swallowed: whoever opens the file next raises them.
 bool IsOldMap(const QString &path) {
     try {
         if (storage::RecogniseFile(path) != storage::FileForm::Native) return false;

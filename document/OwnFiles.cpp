@@ -13,7 +13,7 @@ FileStamp OwnFiles::StampOf(const QString &path) {
 }
 
 void OwnFiles::Add(const QString &path) {
-    stamps_.insert(path, StampOf(path));
+    own_.insert(path, StampOf(path));
     Saw(path);
 }
 
@@ -30,20 +30,20 @@ std::optional<FileStamp> OwnFiles::Seen(const QString &path) const {
 }
 
 bool OwnFiles::IsOwn(const QString &path) const {
-    const auto own = stamps_.constFind(path);
-    return own != stamps_.constEnd() && Seen(path) == *own;
+    const auto own = own_.constFind(path);
+    return own != own_.constEnd() && Seen(path) == *own;
 }
 
 void OwnFiles::TakeUp(const QString &path, const FileStamp &seen, bool own) {
     seen_.insert(path, seen);
-    if (own) stamps_.insert(path, seen);
+    if (own) own_.insert(path, seen);
 }
 
-void OwnFiles::Forget(const QString &path) { stamps_.remove(path); }
+void OwnFiles::Forget(const QString &path) { own_.remove(path); }
 
 bool OwnFiles::Contains(const QString &path) const {
-    const auto found = stamps_.constFind(path);
-    return found != stamps_.constEnd() && *found == StampOf(path);
+    const auto found = own_.constFind(path);
+    return found != own_.constEnd() && *found == StampOf(path);
 }
 
 QString KeepBeside(const QString &path) {

@@ -9,7 +9,7 @@
 
 namespace document {
 
-// How a file stood at some time.
+// The state of a file at some time, as far as it tells whether somebody has written to it since.
 struct FileStamp {
     qint64 size = 0;
     QDateTime modified;
@@ -18,24 +18,28 @@ struct FileStamp {
 
 class OwnFiles {
 public:
-    // Notes the file as it is now.
+    // The window has just written the file, or read it whole in the program's own form.
     void Add(const QString &path);
+    // The file is no longer one that may be saved over; when it was last seen is kept.
     void Forget(const QString &path);
+    // Whether the file was added and nobody has written to it since.
     bool Contains(const QString &path) const;
-    // Notes the state in which the window last read or wrote the file, whatever its form.
+    // The window has just read or written the file, whatever its form.
     void Saw(const QString &path);
     // Whether somebody else has written to the file since then; false for one that is gone or was never seen.
     bool ChangedSinceSeen(const QString &path) const;
 
-    // What was noted, to be taken up by another window that goes on with this one's work.
-    std::optional<FileStamp> Seen(const QString &path) const; // none for a file that was never seen
-    bool IsOwn(const QString &path) const;                    // as it was when it was last seen
+    // The following carry over what was noted to a window that goes on with this one's work.
+    // The file's state when it was last seen; none for a file that never was.
+    std::optional<FileStamp> Seen(const QString &path) const;
+    // Whether the file could have been saved over without a copy when it was last seen.
+    bool IsOwn(const QString &path) const;
     void TakeUp(const QString &path, const FileStamp &seen, bool own);
 
 private:
     static FileStamp StampOf(const QString &path);
 
-    QHash<QString, FileStamp> stamps_, seen_;
+    QHash<QString, FileStamp> own_, seen_; // by path
 };
 
 // Copies the file to a new file beside it: its name with .bak behind it, or .1.bak, .2.bak and so on where

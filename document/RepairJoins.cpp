@@ -2,6 +2,7 @@
 
 #include "document/CellRules.h"
 #include "document/RepairTables.h"
+#include "document/SurfaceArray.h"
 #include "support/clsGUID.h"
 
 #include <algorithm>
@@ -13,7 +14,6 @@ using storage::Recordset;
 
 namespace {
 
-constexpr int kLargestIndex = 32767;
 const QString kOtherNode = QStringLiteral("A node of another slice");
 const QString kLooseRemedy = QStringLiteral("kept on the slice of loose items");
 
@@ -53,7 +53,7 @@ void RepairJoins::Run() {
     JoinAttachments();
 }
 
-// The first slice of an index keeps it, and with it the nodes.
+// Of several slices with one index the first keeps it, and with it the nodes that name the index.
 void RepairJoins::GiveSlicesIndexes() {
     struct Slice {
         qlonglong row;
@@ -82,7 +82,7 @@ void RepairJoins::GiveSlicesIndexes() {
 }
 
 void RepairJoins::GiveIndex(qlonglong row, int index, const QString &where, const QString &wrong) {
-    if (index > kLargestIndex) {
+    if (index > SurfaceArray::kLargestIndex) {
         map_.Execute(QStringLiteral("DELETE FROM [Slices] WHERE rowid=?"), storage::kFailOnError, {row});
         return Note(where, wrong, QStringLiteral("left out"));
     }
@@ -92,7 +92,7 @@ void RepairJoins::GiveIndex(qlonglong row, int index, const QString &where, cons
     Note(where, wrong, QStringLiteral("set to %1").arg(index));
 }
 
-// Nodes of slices whose rows cannot be read stay apart.
+// For each index that nodes name and no slice has: their slice's own row could not be read.
 void RepairJoins::MakeLostSlices() {
     constexpr int kMost = 200;
     const auto indexes =
@@ -230,30 +230,30 @@ void RepairJoins::JoinLinks() {
 
 // Points of one unknown link become a link of their own between two nodes at their ends.
 void RepairJoins::KeepPointsOfNoLink() {
-    struct Way {
+    struct Route {
         QString link;
         std::vector<diagram::Point> points;
     };
     const QString unknown =
         QStringLiteral("[Link] IS NULL OR [Link] NOT IN (SELECT [Key] FROM [Links] WHERE [Key] IS "
                        "NOT NULL)");
-    std::vector<Way> ways;
+    std::vector<Route> routes;
     for (Recordset rows = map_.OpenRecordset(
              QStringLiteral(
                  "SELECT [Link], [X], [Y] FROM [LinkPoints] WHERE %1 ORDER BY [Link], [Index], rowid")
                  .arg(unknown));
          !rows.EndOfFile(); rows.MoveNext()) {
-        if (ways.empty() || ways.back().link != rows.Text(0)) ways.push_back({rows.Text(0), {}});
-        ways.back().points.push_back({rows.Single(1), rows.Single(2)});
+        if (routes.empty() || routes.back().link != rows.Text(0)) routes.push_back({rows.Text(0), {}});
+        routes.back().points.push_back({rows.Single(1), rows.Single(2)});
     }
-    if (ways.empty()) return;
+    if (routes.empty()) return;
     map_.Execute(QStringLiteral("DELETE FROM [LinkPoints] WHERE %1").arg(unknown));
-    for (const Way &way : ways) {
+    for (const Route &route : routes) {
         const bool isKept = loose_.Index() >= 0;
-        Note(QStringLiteral("LinkPoints %1").arg(ShortText(way.link)),
-             QStringLiteral("%1 points of a link that does not exist").arg(way.points.size()),
+        Note(QStringLiteral("LinkPoints %1").arg(ShortText(route.link)),
+             QStringLiteral("%1 points of a link that does not exist").arg(route.points.size()),
              isKept ? kLooseRemedy : QStringLiteral("left out"));
-        if (isKept) KeepRoute(way.link, way.points);
+        if (isKept) KeepRoute(route.link, route.points);
     }
 }
 
@@ -267,7 +267,8 @@ void RepairJoins::KeepRoute(const QString &link, const std::vector<diagram::Poin
                      {index++, key, double(point.x), double(point.y)});
 }
 
-// Positions that a load refuses, or that stand twice, are counted anew in their order.
+// Positions that a load refuses, or that stand twice, are counted anew in their order. A load refuses gaps of
+// more than 1024 positions (LoadSlice.cpp); from 1000 on every gap is closed here.
 void RepairJoins::CountPoints() {
     struct Place {
         qlonglong row;
@@ -300,7 +301,7 @@ void RepairJoins::CountPoints() {
     }
 }
 
-// One hyperlink a node: what is too many, or has no node, goes to a node of its own.
+// A node has one hyperlink: each further one, and each whose node is missing, goes to a node of its own.
 void RepairJoins::JoinHyperlinks() {
     struct Row {
         qlonglong row;

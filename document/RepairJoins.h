@@ -1,4 +1,4 @@
-// The second half of a repair: what the rows of a map say of each other.
+// The second half of a repair: rows that refer to each other, such as links to their nodes.
 #pragma once
 
 #include "document/LooseSlice.h"
@@ -11,7 +11,8 @@ namespace document {
 // Works on a map whose cells are all such that a load takes them.
 class RepairJoins {
 public:
-    // With `slicesWereLost` slices are made anew for the indexes that nodes name.
+    // With `slicesWereLost`, rows of slices are missing: slices are made anew for the indexes that nodes
+    // name.
     RepairJoins(storage::Database &map, std::vector<Repair> &repairs, bool slicesWereLost)
         : map_(map), repairs_(repairs), loose_(map), slicesWereLost_(slicesWereLost) {}
 

@@ -3,7 +3,6 @@
 #include "document/MapSchema.h"
 #include "document/RepairJoins.h"
 #include "document/RepairTables.h"
-#include "document/RoutedRows.h"
 #include "storage/Salvage.h"
 
 #include <algorithm>
@@ -16,10 +15,11 @@ namespace {
 QStringList TableNames() {
     QStringList names;
     for (const TableLayout *table : schema::Tables()) names.append(NameOf(*table));
-    return names << NameOf(schema::kFilterViews) << NameOf(schema::kRoutedLinks);
+    for (const TableLayout *table : schema::OptionalTables()) names.append(NameOf(*table));
+    return names;
 }
 
-// Takes the new map away unless its path is cleared.
+// Deletes the new map unless `path` was cleared before.
 struct Unfinished {
     explicit Unfinished(const QString &target) : path(target) {}
     ~Unfinished() {

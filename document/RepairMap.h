@@ -1,8 +1,9 @@
-// A map out of what can be read of a damaged one.
+// Makes a sound map of what can be read of a damaged one.
 #pragma once
 
 #include <QString>
 #include <QStringList>
+#include <vector>
 
 namespace document {
 
@@ -23,15 +24,16 @@ struct RepairReport {
 QString FindingText(const Repair &repair);
 QString RepairText(const Repair &repair);
 
-// Reads all that can be read of the map `source`, of whatever form, and writes it into the new map `target`:
-// a load takes that without an error. Numbers out of range become the nearest that is allowed, what is none
-// the usual value, pictures that are none are left out. What hangs loose stands on a slice of its own behind
-// the others: nodes of no slice, links to unknown nodes and points of no link, between nodes that stand for
-// those that are missing, attachments and hyperlinks of unknown nodes at such a node. The file `source` stays
-// as it is. Errors are those of storage::SalvageDatabase; 3204 when `target` exists.
+// Reads all that can be read of the map `source`, of whatever form, and writes it into the new map `target`,
+// which a load takes without an error. A number out of range becomes the nearest that is allowed; a cell that
+// should hold a number and doesn't gets the usual value; what is no picture is left out. A slice of its own,
+// behind the others, takes what refers to something that is missing: nodes of no slice; links to unknown
+// nodes and points of no link, between nodes that stand in for the missing ones; attachments and hyperlinks
+// of unknown nodes, at such a node. The file `source` stays as it is. Errors are those of
+// storage::SalvageDatabase; 3204 when `target` exists.
 RepairReport RepairMap(const QString &source, const QString &target);
 
-// Removes what repairs that were killed left in the temporary folder.
+// Removes what killed repairs have left in the temporary folder.
 void SweepRepairFolders();
 
 } // namespace document

@@ -3,7 +3,6 @@
 #include "diagram/model/Picture.h"
 #include "document/CellRules.h"
 #include "document/ItemColumns.h"
-#include "document/RoutedRows.h"
 #include "storage/Fields.h"
 #include "support/Error.h"
 
@@ -13,7 +12,7 @@ using storage::FieldType;
 
 namespace {
 
-// The columns that tell a row from others.
+// The columns by which reports name a row.
 struct KeyColumns {
     const TableLayout *table;
     int first, second; // -1 for none
@@ -71,7 +70,7 @@ QString RowName(const QString &table, const QString &key, qlonglong row) {
 
 void RepairTables::Run() {
     for (const TableLayout *table : schema::Tables()) CopyTable(*table);
-    for (const TableLayout *table : {&schema::kFilterViews, &schema::kRoutedLinks}) {
+    for (const TableLayout *table : schema::OptionalTables()) {
         if (!storage::TableExistsDB(from_, NameOf(*table))) continue;
         CreateTable(to_, *table);
         CopyTable(*table);
@@ -122,7 +121,7 @@ QVariant RepairTables::CellOf(const storage::Recordset &rows, const TableLayout 
     return cell.value;
 }
 
-// A row of a picture that is none would end a load: it is left out.
+// A row of the table of pictures without a picture in it would end a load: it is left out.
 bool RepairTables::KeepsRow(const storage::Recordset &rows, const TableLayout &table,
                             const std::vector<Column> &columns) {
     if (&table != &schema::kPictures) return true;

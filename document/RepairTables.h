@@ -1,4 +1,4 @@
-// The first half of a repair: every table row by row, with cells that a load takes.
+// The first half of a repair: copies every table row by row, with cells that a load takes.
 #pragma once
 
 #include "document/RepairMap.h"

@@ -11,18 +11,6 @@
 
 namespace document {
 
-namespace schema {
-
-namespace {
-using storage::FieldType;
-constexpr ColumnDef kRoutedColumns[] = {{"Link", FieldType::Text}, {"Sum", FieldType::Long}};
-static_assert(std::size(kRoutedColumns) == routed::kCount);
-} // namespace
-
-const TableLayout kRoutedLinks{"RoutedLinks", kRoutedColumns};
-
-} // namespace schema
-
 namespace {
 
 using schema::kRoutedLinks;
@@ -32,7 +20,7 @@ bool HasTable(const storage::Database &database) {
     return storage::TableExistsDB(database, NameOf(kRoutedLinks));
 }
 
-// Other styles have none, or always the same.
+// Links of other styles have no bends, or the style alone says where they are.
 bool HasBendsOfChoice(const diagram::Link &link) {
     const diagram::LinkStyleRow *row = diagram::FindLinkStyle(link.Style());
     return row && (row->form == diagram::LinkForm::Orthogonal || row->form == diagram::LinkForm::Polyline);
@@ -46,6 +34,7 @@ bool HasColumns(const storage::Recordset &rows) {
 
 } // namespace
 
+// FNV-1a over the bits of the coordinates; -0 counts as 0.
 std::int32_t SumOf(std::span<const diagram::Point> points) {
     std::uint32_t sum = 0x811c9dc5;
     for (const diagram::Point &point : points)

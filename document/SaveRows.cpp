@@ -32,7 +32,7 @@ RowWriter::RowWriter(storage::Database &database, MapWindow &window)
 
 namespace {
 
-// "dd MMM yyyy Hh:NnSs" with English months: minutes and seconds run together, as in every map before.
+// Minutes and seconds run together, as they do in every map.
 QString TimeText(support::Clock &clock) {
     return QLocale::c().toString(clock.Now(), QStringLiteral("dd MMM yyyy HH:mmss"));
 }
@@ -55,7 +55,7 @@ void RowWriter::WriteSettings() {
 
 namespace {
 
-// Only three zooms are stored, as the menu has no others; the rest counts as none.
+// Only the three zooms of the menu are stored; any other is stored as 0.
 int StoredZoom(int zoom) { return zoom == 75 || zoom == 100 || zoom == 150 ? zoom : 0; }
 
 bool IsMissingOn(const diagram::Surface &surface) {
@@ -223,7 +223,7 @@ void RowWriter::WriteEmbedded(const cAttachment &attachment, storage::Recordset 
     }
 }
 
-// The beginning of its text in one line; the key of a node without a text, or of one that is no more.
+// The beginning of the node's text in one line; its key where it has no text or no longer exists.
 QString RowWriter::TextOfNode(const QString &key) const {
     constexpr int kLongest = 60;
     QString text;

@@ -24,7 +24,7 @@ namespace document {
 class clsfrmMain;
 class MapWindow;
 
-// Writes into an open database whose tables are empty. Values travel as bound parameters.
+// Writes into an open database whose tables are empty.
 class RowWriter {
 public:
     RowWriter(storage::Database &database, MapWindow &window);
@@ -34,11 +34,11 @@ public:
     void WriteSlice(diagram::Surface &surface, const QString &caption);
     void WriteGroups();
     void WriteLevels();
-    // The named views; no table for none.
+    // The named views; without any no table is made.
     void WriteViews();
     void WriteHyperlinks();
     // The bytes of an embedded file that is gone are taken from the map that the attachment was read from or
-    // last written to. Error 53, with the node's text, when that has them no more.
+    // last written to. Error 53, with the node's text, when that map no longer has them.
     void WriteAttachments();
 
 private:

@@ -9,8 +9,6 @@ namespace document {
 
 namespace {
 
-constexpr int kLargestIndex = 32767;
-
 [[noreturn]] void RaiseNoElement(int index) {
     throw support::Error(340, QStringLiteral("AddFlow1"),
                          QStringLiteral("Control array element '%1' doesn't exist").arg(index));

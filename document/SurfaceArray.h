@@ -11,6 +11,9 @@ namespace document {
 
 class SurfaceArray {
 public:
+    // The highest slot, and so the highest index that a slice of a map can have.
+    static constexpr int kLargestIndex = 32767;
+
     SurfaceArray();
 
     // The surface in the slot; error 340 "Control array element 'N' doesn't exist".
@@ -19,7 +22,7 @@ public:
     int Count() const;  // loaded slots
     int UBound() const; // the highest loaded slot
     // Makes a surface in an empty slot, with a history of its own; error 360 "Object already loaded"; error
-    // 340 for a slot below 0 or above 32767.
+    // 340 for a slot below 0 or above kLargestIndex.
     diagram::Surface &Load(int index);
     // Error 340; error 362 "Can't unload controls created at design time" for slot 0.
     void Unload(int index);

@@ -13,35 +13,48 @@ class Surface;
 
 namespace document {
 
-// Every key in use.
+// Every key in use; TagsTest looks through all of them for one that is the beginning of another. A switch
+// holds "Yes" or "No" (IsOn below). The timeline template node is the hidden node from which the months of a
+// surface take their look; it also keeps how the strip of months is set up.
 namespace tags {
-inline const QString kGroup = QStringLiteral("GROUP");     // node: comma-separated keys of groups
-inline const QString kLevel = QStringLiteral("LEVEL");     // node: key of a level, or empty
-inline const QString kHyper = QStringLiteral("HYPER");     // node: "Yes" or "No"
-inline const QString kTheDate = QStringLiteral("TheDate"); // month and day node: canonical date text
-inline const QString kDateFormat =
-    QStringLiteral("Date_Format"); // timeline template node: pattern of the months
-inline const QString kTimelineAlign =
-    QStringLiteral("TM_Align");                            // surface: number of the timeline's arrangement
-inline const QString kMissing = QStringLiteral("Missing"); // surface: "True" or "False"
-inline const QString kMonthHidden = QStringLiteral("MonthHidden"); // month node: switch, by the user's hand
-inline const QString kMonthFolded = QStringLiteral(
-    "MonthFolded"); // month node: "Month", "Quarter" or "Year", what it is folded with, or none
-inline const QString kBandsHidden = QStringLiteral("BandsHidden"); // timeline template node: switch
-inline const QString kWeekends = QStringLiteral("Weekends"); // timeline template node: switch, are shaded
-inline const QString kTodayEverywhere =
-    QStringLiteral("TodayEverywhere"); // timeline template node: switch, its line is printed too
-inline const QString kAtDates = QStringLiteral("AtDates"); // timeline template node: switch, nodes stay there
-inline const QString kPushFollowing =
-    QStringLiteral("PushFollowing"); // timeline template node: switch, a later end moves what depends on it
-inline const QString kEndDate = QStringLiteral("EndDate"); // node with a date: its last day, yyyy-mm-dd
-// Node that is a bar: "Width" or "Height", whichever lies along the strip, and how long it was, in twips.
+// In the tags of nodes.
+inline const QString kGroup = QStringLiteral("GROUP"); // keys of groups, separated by commas
+inline const QString kLevel = QStringLiteral("LEVEL"); // key of a level, or empty
+inline const QString kHyper = QStringLiteral("HYPER"); // "Yes" for a node with a hyperlink, else "No"
+// Of a node with a date: its last day, yyyy-mm-dd.
+inline const QString kEndDate = QStringLiteral("EndDate");
+// Of a node that is drawn as a bar: "Width" or "Height", whichever lies along the strip, and how long that
+// side was before, in twips.
 inline const QString kOwnExtent = QStringLiteral("OwnExtent");
-inline const QString kLanes = QStringLiteral("Lanes"); // timeline template node: "Level", "Group" or none
-inline const QString kRowsOfLanes = QStringLiteral("RowsOfLanes"); // timeline template node: where they stand
-inline const QString kNamesOfLevels =
-    QStringLiteral("NAMESOFLEVELS"); // node "DIAGRAM": what the keys of levels are called
-inline const QString kNamesOfGroups = QStringLiteral("NAMESOFGROUPS"); // the same for groups
+
+// In the tags of the nodes that are months and days of the strip.
+inline const QString kTheDate = QStringLiteral("TheDate");         // canonical text of the date
+inline const QString kMonthHidden = QStringLiteral("MonthHidden"); // switch: the user has hidden the month
+// What a folded month is folded with: "Month" (alone), "Quarter" or "Year"; empty for one that isn't folded.
+inline const QString kMonthFolded = QStringLiteral("MonthFolded");
+
+// In the tags of surfaces.
+inline const QString kTimelineAlign = QStringLiteral("TM_Align"); // number of the strip's arrangement
+// "True" or "False": whether months are added between those that have dates. The timeline template node has
+// one too, for surfaces that have none yet.
+inline const QString kMissing = QStringLiteral("Missing");
+
+// In the tag of the timeline template node.
+inline const QString kDateFormat = QStringLiteral("Date_Format");  // pattern of the months' texts
+inline const QString kBandsHidden = QStringLiteral("BandsHidden"); // switch: no years and quarters
+inline const QString kWeekends = QStringLiteral("Weekends");       // switch: weekends are shaded
+inline const QString kTodayEverywhere =
+    QStringLiteral("TodayEverywhere");                     // switch: today's line is printed too
+inline const QString kAtDates = QStringLiteral("AtDates"); // switch: nodes stand at their dates
+// Switch: a later end moves the nodes that depend on it.
+inline const QString kPushFollowing = QStringLiteral("PushFollowing");
+inline const QString kLanes = QStringLiteral("Lanes"); // "Level", "Group", or empty for no lanes
+inline const QString kRowsOfLanes =
+    QStringLiteral("RowsOfLanes"); // where the lanes lie (timeline/LaneRows.h)
+
+// In the tag of the hidden node "DIAGRAM" of a template: which names the keys of levels and groups had.
+inline const QString kNamesOfLevels = QStringLiteral("NAMESOFLEVELS");
+inline const QString kNamesOfGroups = QStringLiteral("NAMESOFGROUPS");
 } // namespace tags
 
 // The tag with the value under the key, in upper case. Of several entries with the key the last is replaced;
@@ -65,7 +78,7 @@ QString GetTag(const Tagged &object, const QString &key) {
     return support::PassOn("GetTag", [&] { return EntryOfTag(object.Tag(), key); });
 }
 
-// Keys that are switches hold "Yes" while they are on.
+// Whether the switch holds "Yes".
 template <typename Tagged>
 bool IsOn(const Tagged &object, const QString &key) {
     return GetTag(object, key) == QLatin1String("Yes");

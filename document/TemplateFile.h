@@ -1,4 +1,4 @@
-// The empty map that every map starts from: the delivered one, or the user's own copy of it.
+// template.tpl, the empty map that every map starts from: the delivered one, or the user's own copy of it.
 #pragma once
 
 #include <QString>
@@ -15,15 +15,15 @@ class cGroups;
 struct GroupRow;
 struct LevelRow;
 
-// Full path of template.tpl, for readers.
+// Full path of template.tpl, to be read.
 QString TemplatePath();
 
 // Adds a level or group for each of the rows of the table.
 void ReadLevels(storage::Recordset rows, cLevels &levels);
 void ReadGroups(storage::Recordset rows, cGroups &groups);
 
-// Puts the levels or groups in the place of those of the empty map, which is replaced as a whole. Gives the
-// path of the file that was written: settings::TellOfOwnCopies tells the user of it.
+// Replaces the levels or groups of the empty map. The file is written anew and swapped in; gives the path of
+// the file that was written, of which settings::TellOfOwnCopies tells the user.
 QString WriteDefaultLevels(std::span<const LevelRow> levels);
 QString WriteDefaultGroups(std::span<const GroupRow> groups);
 

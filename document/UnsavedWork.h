@@ -13,9 +13,8 @@ namespace document {
 
 class MapWindow;
 
-// What a save would write, as far as it takes to tell whether it is the same. Zoom, grid, the current tab,
-// the selection, and the ticks of the filter with what they hide are left out, and so are keys that every
-// save makes anew.
+// Enough of what a save would write to tell whether it has changed. Not part of it: zoom, grid, the current
+// tab, the selection, the ticks of the filter and what they hide, and keys that every save makes anew.
 struct MapState {
     struct Slice {
         int index = 0; // of the surface
@@ -56,10 +55,10 @@ struct MapState {
 
 MapState StateOf(MapWindow &frm);
 
-// The window holds what its file holds, from now on: it was just loaded, saved, or made.
+// Remembers the present state as the one without unsaved work: the map was just loaded, saved, or made.
 void MarkSaved(MapWindow &frm);
-// Whether a save would write anything else than what was there when the window was marked last. Undoing all
-// changes is no difference. True for a window that was never marked.
+// Whether the map differs from the state that was marked last. Changes that were undone don't count. True for
+// a window that was never marked.
 bool HasUnsavedWork(MapWindow &frm);
 // Whether the user must be asked before the window's content is lost: it has unsaved work, or is Dirty.
 bool MustAskBeforeLosing(MapWindow &frm);

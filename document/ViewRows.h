@@ -9,11 +9,11 @@ namespace document {
 
 class clsfrmMain;
 
-// Writes the views, by the names that their levels and groups have now. The table is made when it is needed;
-// what stood in it goes.
+// Replaces the content of the table by the window's views, with the names that their levels and groups have
+// now. The table is made when it is needed.
 void WriteViews(storage::Database &database, clsfrmMain &settings);
-// Reads them in the place of those that there are; none from a map without the table, or with one of other
-// columns. Levels and groups must have been read.
+// Replaces the window's views by those of the map: none for a map without the table, or whose table has other
+// columns. Levels and groups must have been read before.
 void ReadViews(storage::Database &database, clsfrmMain &settings);
 
 } // namespace document

@@ -1,4 +1,4 @@
-// Files that a map names by their full paths, after both have moved.
+// Finds files that a map names by their full paths after map and files were moved together.
 #pragma once
 
 #include <QString>

@@ -12,7 +12,7 @@ public:
     cLevel *FirstSelectedLevel() const;
     // Adds the levels of template.tpl. Error 3024 when that file is missing.
     void LoadDefaults();
-    // One that was kept together with its key.
+    // Adds a copy under the key that it already has. Error 457 for a key that is taken.
     cLevel &Take(const cLevel &level);
     // A new level, added under its own key.
     cLevel &Create(const QString &name, bool selected, support::Colour colour);

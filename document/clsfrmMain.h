@@ -31,15 +31,17 @@ public:
     cGroups &Groups() { return groups_; }
     cLevels &Levels() { return levels_; }
 
-    // Whether the map differs from its file.
+    // Set by commands that change the map and cleared by loading and saving. HasUnsavedWork (UnsavedWork.h)
+    // finds changes that it misses.
     bool Dirty = false;
-    // What the map file holds; none before the window was marked the first time (document/UnsavedWork.h).
+    // The state of the map when it was last loaded or saved; none before MarkSaved was called
+    // (UnsavedWork.h).
     std::optional<MapState> SavedState;
 
-    // What can be ticked at once, by name.
+    // The named views of the map, in the order of their making.
     FilterViews Views;
 
-    // Full path of the map file; empty for a map that was not saved yet. Nothing keeps the file open.
+    // Full path of the map file; empty for a map that was not saved yet. The file itself isn't kept open.
     const QString &Database() const { return database_; }
     // Stores the long form of the path.
     void SetDatabase(const QString &path);
@@ -54,7 +56,7 @@ public:
 
     // The folder of this window for the files of embedded attachments.
     document::AttachmentFolder &AttachmentFolder() { return attachmentFolder_; }
-    // The files that this window need not keep when it saves over them.
+    // The files that this window may save over without keeping a copy of them.
     document::OwnFiles &OwnFiles() { return ownFiles_; }
 
 private:

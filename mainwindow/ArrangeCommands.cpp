@@ -1,8 +1,8 @@
 // The menu Arrange: commands that stack and line up what is selected.
 #include "diagram/layout/Align.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/UndoStep.h"
 
 namespace mainwindow {
 
@@ -12,7 +12,7 @@ namespace {
 template <typename Change>
 void Arrange(frmMain &window, Change change) {
     diagram::Surface &surface = window.CurrentSurface();
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     change(surface.SelectedNodes());
     window.AddFlow1_AfterResize(surface.Index());
 }

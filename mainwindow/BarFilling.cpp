@@ -15,9 +15,9 @@ namespace mainwindow {
 
 namespace {
 
-constexpr int kSlice = 8;      // milliseconds, after which the window gets its turn
-constexpr int kAtOnce = 50;    // files, likewise
-constexpr int kWhileBusy = 50; // milliseconds until a window that is busy is looked at again
+// After that many milliseconds or files events have their turn.
+constexpr int kBudget = 8, kAtOnce = 50;
+constexpr int kWhileBusy = 50; // milliseconds between looks at a routine that lets events run
 
 // All sizes that the icon file holds.
 QIcon IconIn(const QByteArray &file) {
@@ -61,7 +61,8 @@ bool BarFilling::IsFilling(const QString &key) const {
     return std::any_of(jobs_.begin(), jobs_.end(), [&](const Job &job) { return job.key == key; });
 }
 
-// What goes wrong may have to be told, which must not come between the steps of a routine.
+// Not inside a routine that lets events run: bad files are told by a message box, which must not come in
+// between.
 void BarFilling::FillOn() {
     if (jobs_.empty()) return;
     if (frmMain::InsideRoutine()) return next_.start(kWhileBusy);
@@ -69,7 +70,7 @@ void BarFilling::FillOn() {
     time.start();
     templates::BarFiller &filler = jobs_.front().filler;
     const int bar = bar_.FindBar(jobs_.front().key);
-    for (int file = 0; file < kAtOnce && !filler.AtEnd() && time.elapsed() < kSlice; ++file)
+    for (int file = 0; file < kAtOnce && !filler.AtEnd() && time.elapsed() < kBudget; ++file)
         if (const auto item = filler.Next())
             bar_.AddItem(bar, {item->caption, item->key, item->tag, IconOf(*item, desktop_)});
     if (filler.AtEnd()) Finish();
@@ -81,7 +82,7 @@ void BarFilling::Finish() {
     jobs_.pop_front();
     frmSplash::ShowDoing(QString());
     ShowCount(bar_, bar_.FindBar(done.key));
-    if (!jobs_.empty()) next_.start(0); // whatever happens here
+    if (!jobs_.empty()) next_.start(0); // before what follows, which may raise an error
     templates::TellOfBadFiles(done.filler.BadFiles(), done.filler.BadIcons(),
                               QStringLiteral("LoadBarDetails"));
 }

@@ -1,4 +1,4 @@
-// Bars of templates filled with what their folders hold, a few files at a time.
+// Fills the bars of templates with what their folders hold, a few files at a time.
 #pragma once
 
 #include "templates/BarDetails.h"
@@ -20,11 +20,11 @@ class BarFilling : public QObject {
 public:
     BarFilling(ListBar &bar, support::Desktop &desktop);
 
-    // The bar with that key is filled from now on, once those begun before are.
+    // Fills the bar with that key from now on, after those that were begun before.
     void Begin(const QString &key, const QString &folder, const QStringList &files);
     bool IsFilling(const QString &key) const;
     bool IsBusy() const { return !jobs_.empty(); }
-    // Nothing is filled any further.
+    // Leaves all bars as they are.
     void Stop() { jobs_.clear(); }
 
 private:
@@ -41,7 +41,7 @@ private:
     QTimer next_;
 };
 
-// Beside the heading: how many items the bar holds.
+// Writes beside the bar's heading how many items it holds.
 void ShowCount(ListBar &list, int bar);
 
 } // namespace mainwindow

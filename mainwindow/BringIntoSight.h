@@ -1,4 +1,4 @@
-// What has been moved by a command isn't lost out of sight.
+// Keeps nodes in sight that a command has moved.
 #pragma once
 
 #include <vector>
@@ -10,7 +10,7 @@ class SurfaceView;
 
 namespace mainwindow {
 
-// Where none of them is seen any more, the page moves to the first.
+// Scrolls to the first of the nodes where none of them is in sight.
 void BringIntoSight(diagram::SurfaceView &view, const std::vector<diagram::Node *> &nodes);
 
 } // namespace mainwindow

@@ -1,8 +1,8 @@
 #include "mainwindow/CalendarCommands.h"
 
 #include "document/clsfrmMain.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/UndoStep.h"
 #include "timeline/CalendarOfStrip.h"
 
 namespace mainwindow {
@@ -23,7 +23,7 @@ void Switch(frmMain &window, const Entry &entry) {
     diagram::Surface &surface = window.CurrentSurface();
     const bool on = window.MenuValue(QLatin1String(entry.key));
     if (timeline::Shows(surface, entry.part) == on) return;
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     timeline::SetShows(surface, entry.part, on);
     window.clsSettings().Dirty = true;
 }

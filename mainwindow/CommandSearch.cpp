@@ -82,7 +82,7 @@ QCompleter &CommandSearch::List() {
     return *list_;
 }
 
-// The menu bar asks at every turn, and measuring the text takes its time.
+// Kept, as the menu bar asks often and measuring the text is slow.
 QSize CommandSearch::sizeHint() const {
     if (hint_.isValid()) return hint_;
     const int text = fontMetrics().horizontalAdvance(placeholderText());
@@ -106,7 +106,7 @@ void CommandSearch::Begin() {
     selectAll(); // also where it had the focus already
 }
 
-// The words of the last search stay, and go with the first letter of the next one.
+// Selects the words of the last search, so that the first letter typed replaces them.
 void CommandSearch::focusInEvent(QFocusEvent *event) {
     QLineEdit::focusInEvent(event);
     if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason) return;
@@ -114,7 +114,7 @@ void CommandSearch::focusInEvent(QFocusEvent *event) {
     clickedInto_ = event->reason() == Qt::MouseFocusReason;
 }
 
-// The click that brought the focus has placed the cursor instead.
+// The click that brings the focus places the cursor, which drops the selection: it is made again.
 void CommandSearch::mouseReleaseEvent(QMouseEvent *event) {
     QLineEdit::mouseReleaseEvent(event);
     if (std::exchange(clickedInto_, false) && !hasSelectedText()) selectAll();

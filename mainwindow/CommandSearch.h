@@ -28,7 +28,7 @@ public:
     // `source` is asked each time the user comes to the box.
     CommandSearch(Source source, QWidget *parent);
 
-    QSize sizeHint() const override; // all that the menu bar goes by
+    QSize sizeHint() const override; // the menu bar asks for nothing else
     // The captions that the list offers for what is typed.
     QStringList Offered() const;
     // Takes the keyboard, with its old words selected.
@@ -49,7 +49,7 @@ private:
     QCompleter &List();
     void Offer();
     void Choose(const QModelIndex &index);
-    // The command of that row of the list; one that is disabled stays.
+    // Runs the command in that row of the list, unless it is disabled.
     void Run(int row);
     void Leave();
 
@@ -57,8 +57,8 @@ private:
     std::vector<SearchEntry> entries_;
     QStandardItemModel *offered_;
     QCompleter *list_ = nullptr;
-    bool clickedInto_ = false; // from the press that brought the focus to its release
-    mutable QSize hint_;       // not valid while it is to be measured
+    bool clickedInto_ = false; // between the press that brought the focus and its release
+    mutable QSize hint_;       // invalid until it is measured
 };
 
 } // namespace mainwindow

@@ -11,10 +11,10 @@ namespace mainwindow {
 namespace {
 constexpr int kRecentCaptionLength = 25;
 
-std::array<std::span<const CommandRow>, 11> Tables() {
-    return {FileCommands(),   EditCommands(),    ViewCommands(), ShapeCommands(),
-            LayoutCommands(), ArrangeCommands(), HelpCommands(), EditKeyCommands(),
-            FindCommands(),   LookCommands(),    KeyCommands()};
+std::array<std::span<const CommandRow>, 13> Tables() {
+    return {FileCommands(),    EditCommands(),  ViewCommands(),    ShapeCommands(), LayoutCommands(),
+            ArrangeCommands(), HelpCommands(),  EditKeyCommands(), FindCommands(),  LookCommands(),
+            ZoomKeyCommands(), DatesCommands(), GoCommands()};
 }
 } // namespace
 

@@ -2,7 +2,7 @@
 
 #include "diagram/model/Actions.h"
 #include "diagram/model/Revision.h"
-#include "mainwindow/ActionGroup.h"
+#include "mainwindow/UndoStep.h"
 #include "timeline/AdjustLinks.h"
 
 namespace mainwindow {
@@ -74,7 +74,7 @@ bool CopiedLook::Paste(diagram::Surface &surface) const {
     const std::vector<diagram::Link *> links = surface.SelectedLinks();
     const diagram::Revision before = surface.Actions().Revision();
     {
-        const ActionGroup step(surface);
+        const UndoStep step(surface);
         for (diagram::Node *node : nodes) Give(*node);
         for (diagram::Link *link : links) Give(*link);
     }

@@ -1,9 +1,9 @@
 #include "mainwindow/DateKeys.h"
 
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/TimelineCommands.h"
+#include "mainwindow/UndoStep.h"
 #include "timeline/MoveDates.h"
 
 namespace mainwindow {
@@ -22,7 +22,7 @@ DateKeys &DateKeys::Of(frmMain &window) {
     return *new DateKeys(window);
 }
 
-// Another surface at the same place has another revision, which ends the run.
+// A new surface at the address of one that is gone has another revision, which ends the run.
 diagram::KeyRun &DateKeys::RunOf(diagram::Surface &surface) {
     if (surface_ != &surface) run_.emplace(surface);
     surface_ = &surface;
@@ -43,7 +43,7 @@ void DateKeys::MoveSelected(diagram::Surface &surface, const timeline::DateStep 
     const std::vector<diagram::Node *> nodes = NodesToDate(surface);
     std::optional<timeline::MovedDates> moved;
     {
-        const ActionGroup group(surface, goesOn);
+        const UndoStep group(surface, goesOn);
         moved = timeline::MoveDates(window_, surface, nodes, step);
     }
     if (moved && moved->moved > 0) {

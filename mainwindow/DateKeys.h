@@ -26,7 +26,7 @@ private:
     diagram::KeyRun &RunOf(diagram::Surface &surface);
 
     frmMain &window_;
-    const diagram::Surface *surface_ = nullptr; // of the run; to be compared alone
+    const diagram::Surface *surface_ = nullptr; // of run_; may be gone, so it is only compared
     std::optional<diagram::KeyRun> run_;
 };
 

@@ -1,7 +1,5 @@
-// What can be done with a file that the user drops on the page.
+// What can be done with a file that the user drops on a node.
 #pragma once
-
-#include "dialogs/PictureFile.h"
 
 #include <QMenu>
 #include <QString>
@@ -15,14 +13,11 @@ class clsfrmMain;
 
 namespace mainwindow {
 
-using dialogs::IsNamedLikeAPicture;
-using dialogs::PictureIn;
-
-// Adds the file to the attachments of the node, by its path, and marks the map; false when it is there
-// already. A node without a key gets one, which is no step of undo: attachments are found by it.
+// Links the file to the node as an attachment and makes the map dirty; false when the node has it already. A
+// node without a key gets one, by which its attachments are found; that is no step of undo.
 bool AttachFile(document::clsfrmMain &settings, diagram::Node &node, const QString &file);
 
-// Offers what a file dropped on a node can become. Goes when it is closed.
+// Offers what a file dropped on a node can become. Deletes itself when it is closed.
 class DropMenu : public QMenu {
     Q_OBJECT
 public:

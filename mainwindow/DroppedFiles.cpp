@@ -3,10 +3,12 @@
 #include "diagram/hit/HitTest.h"
 #include "diagram/view/SurfaceClipboard.h"
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/ActionGroup.h"
+#include "dialogs/PictureFile.h"
 #include "mainwindow/DroppedFile.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/SliceViews.h"
+#include "mainwindow/SurfacePlace.h"
+#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/Settings.h"
 #include "timeline/AdjustLinks.h"
@@ -68,7 +70,7 @@ bool DroppedFiles::Accept(QDropEvent &event) const {
 }
 
 void DroppedFiles::TellAt(const QPoint &at) {
-    const std::optional<QPointF> twips = SurfacePlace(at);
+    const std::optional<QPointF> twips = SurfacePlace(window_, at);
     const bool onNode = twips && NodeThatTakes(window_.CurrentView(), *twips);
     window_.Status().TellInPassing(settings::ReplaceTerms(
         onNode ? frmMain::tr("Drop the file to attach it to this @NODE or to show it there")
@@ -84,34 +86,28 @@ void DroppedFiles::Drop(QDropEvent &event) {
                        });
 }
 
-std::optional<QPointF> DroppedFiles::SurfacePlace(const QPoint &at) const {
-    const diagram::SurfaceView &view = window_.CurrentView();
-    const QPoint pixels = view.viewport()->mapFrom(&window_, at);
-    if (!view.viewport()->rect().contains(pixels)) return std::nullopt;
-    return view.ToSurface(pixels);
-}
-
-// On a node it is offered to that; a picture beside the nodes becomes one; anything else is opened.
+// A file that is dropped on a node is offered to that; a picture that is dropped elsewhere on the page
+// becomes a node; anything else is opened.
 void DroppedFiles::Take(const QString &file, const QPoint &at) {
     window_.Views().EndEdits();
     window_.activateWindow(); // the keys go on here
-    const std::optional<QPointF> twips = SurfacePlace(at);
+    const std::optional<QPointF> twips = SurfacePlace(window_, at);
     if (!twips) return void(window_.DoOpen(file, window_.WantsNewWindow()));
     if (diagram::Node *node = NodeThatTakes(window_.CurrentView(), *twips))
         return Offer(*node, file, window_.mapToGlobal(at));
-    const diagram::Picture picture = PictureIn(file);
+    const diagram::Picture picture = dialogs::PictureIn(file);
     if (!picture.IsNull())
         diagram::AddPictureNode(window_.CurrentSurface(), picture, *twips);
-    else if (IsNamedLikeAPicture(file))
+    else if (dialogs::IsNamedLikeAPicture(file))
         ShowNoPicture(window_.Desktop(), QFileInfo(file).fileName());
     else
         window_.DoOpen(file, window_.WantsNewWindow());
 }
 
-// The node is found again when the user has chosen: it can go while the menu is open.
+// The node is looked up by its identity when the user has chosen, as it can go while the menu is open.
 void DroppedFiles::Offer(diagram::Node &node, const QString &file, const QPoint &global) {
     const QString name = QFileInfo(file).fileName();
-    const diagram::Picture picture = PictureIn(file);
+    const diagram::Picture picture = dialogs::PictureIn(file);
     auto *menu = new DropMenu(name, !picture.IsNull(), &window_);
     const auto onNode = [this, index = node.Owner().Index(), id = node.Id()](auto body) {
         support::Report("frmMain", "DropMenu_Click", [&] {
@@ -129,7 +125,7 @@ void DroppedFiles::Offer(diagram::Node &node, const QString &file, const QPoint 
     });
     QObject::connect(menu, &DropMenu::UseAsPicture, &window_, [this, onNode, picture] {
         onNode([&](diagram::Node &target) {
-            const ActionGroup step(target.Owner());
+            const UndoStep step(target.Owner());
             target.SetPicture(picture);
             timeline::FollowDates(window_, target.Owner(), {&target}); // its size may follow the picture
             timeline::AdjustLinksOf({&target});

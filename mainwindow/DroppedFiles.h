@@ -1,13 +1,11 @@
-// Files that are dropped on a window. Places are pixels of the window.
+// Files that are dropped on a window.
 #pragma once
 
-#include <optional>
 #include <QObject>
-#include <QPoint>
-#include <QPointF>
-#include <QString>
 
 class QDropEvent;
+class QPoint;
+class QString;
 
 namespace diagram {
 class Node;
@@ -17,7 +15,7 @@ namespace mainwindow {
 
 class frmMain;
 
-// Takes what the window is told of drags.
+// Filters the drag and drop events of the window; places are pixels of the window.
 class DroppedFiles : public QObject {
 public:
     explicit DroppedFiles(frmMain &window);
@@ -28,14 +26,13 @@ protected:
 private:
     // Accepts the drag of one file, unless the window is busy; false for any other.
     bool Accept(QDropEvent &event) const;
-    // Says what letting it fall would do there.
+    // Says in the status bar what a drop would do there.
     void TellAt(const QPoint &at);
-    // Takes the file once the drag has ended.
     void Drop(QDropEvent &event);
+    // What becomes of a file that was dropped there.
     void Take(const QString &file, const QPoint &at);
+    // Lets the user choose, at a place of the screen, what the file becomes to the node.
     void Offer(diagram::Node &node, const QString &file, const QPoint &global);
-    // The twips of the current surface there; nothing beside the surface.
-    std::optional<QPointF> SurfacePlace(const QPoint &at) const;
 
     frmMain &window_;
 };

@@ -1,6 +1,8 @@
+// The menu Edit, but for Find (Finder.cpp) and Look (LookCommands.cpp).
 #include "mainwindow/Commands.h"
 
 #include "diagram/edit/History.h"
+#include "diagram/view/KeyCodes.h"
 #include "diagram/view/PictureMime.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
@@ -28,7 +30,7 @@ bool TextBoxTook(frmMain &window, TextCommand command) {
     return false;
 }
 
-// The display of both texts goes off with a copy, and stays off.
+// A copy turns the display of both texts off.
 bool CopySelection(frmMain &window) {
     if (window.DisplayPressed()) window.ClickFormatButton(QStringLiteral("DISPLAY"));
     return window.CurrentView().Copy();
@@ -55,8 +57,7 @@ void mnuEditPaste(frmMain &window) {
 
 void mnuEditDelete(frmMain &window) {
     if (TextBoxTook(window, TextCommand::Delete)) return;
-    constexpr int kDeleteKey = 46;
-    int keyCode = kDeleteKey;
+    int keyCode = diagram::VirtualKey(Qt::Key_Delete);
     window.AddFlow1_KeyDown(window.CurrentSurface().Index(), keyCode, 0);
 }
 

@@ -1,6 +1,5 @@
 #include "mainwindow/EditSlices.h"
 
-#include "diagram/edit/History.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Actions.h"
 #include "diagram/model/Revision.h"

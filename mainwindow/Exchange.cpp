@@ -66,8 +66,8 @@ Answer AskReplaceOrNew(frmMain &window) {
         support::Buttons::YesNoCancel, support::Icon::Question, QStringLiteral("Import ") + map);
 }
 
-// The current slice while something takes the place of all that it holds. Until Done is called, its end puts
-// everything back.
+// Empties the current slice, for what takes the place of all that it holds. Unless Done is called, the
+// destructor puts everything back.
 class Replacement {
 public:
     explicit Replacement(frmMain &window)
@@ -92,7 +92,7 @@ public:
     void Done() { done_ = true; }
 
 private:
-    // What was read as a whole file is in no step.
+    // A surface file replaces all items outside of the step, so that cancelling it isn't enough.
     void TakeBack() {
         surface_.Actions().Cancel();
         if (diagram::SaveBytes(surface_) != before_) {
@@ -110,7 +110,7 @@ private:
     bool done_ = false;
 };
 
-// False when it was given up.
+// Reads the file into the surface. False when it was given up.
 using Reading = std::function<bool(diagram::Surface &flow)>;
 
 void ReadInPlace(frmMain &window, const Reading &read) {
@@ -118,7 +118,8 @@ void ReadInPlace(frmMain &window, const Reading &read) {
     if (read(replacement.Surface())) replacement.Done();
 }
 
-// A slice behind all others that the user has named, taken away again unless Done is called.
+// Inserts a slice behind all others, which the user names or gives up. Unless Done is called, the destructor
+// takes it away again.
 class NewSlice {
 public:
     explicit NewSlice(frmMain &window)
@@ -164,8 +165,8 @@ void ReadWhereAsked(frmMain &window, const Reading &read) {
     if (answer == Answer::No) ReadIntoNewSlice(window, read);
 }
 
-// What may take long, with the question that it asks. The task begins with the first question and ends with
-// the work; no box may be shown in between, as no input reaches it.
+// Runs `work`, handing it the function by which it asks whether to go on. The LongTask begins with the first
+// question, so that what comes before may show message boxes; later no input would reach them.
 template <typename Work>
 auto RunLong(frmMain &window, const QString &doing, LongTask::Bar bar, Work &&work) {
     std::optional<LongTask> task;
@@ -179,12 +180,12 @@ void ImportCsv(frmMain &window, const QString &file) {
     bool givenUp = false;
     window.DoStatus(output::NotInTextFiles());
     ReadWhereAsked(window, [&](diagram::Surface &flow) {
-        givenUp = !RunLong(window, Tr("Importing"), LongTask::Bar::IsTheWorks, [&](const output::GoOn &goOn) {
+        givenUp = !RunLong(window, Tr("Importing"), LongTask::Bar::ByWork, [&](const output::GoOn &goOn) {
             return output::ImportMap(window, flow, file, goOn);
         });
         return !givenUp;
     });
-    if (!givenUp) window.DoStatus(QString()); // else it says so
+    if (!givenUp) window.DoStatus(QString()); // else the LongTask has said so
 }
 
 void ImportFlatFile(frmMain &window, const QString &file) {
@@ -198,13 +199,13 @@ void ImportFlatFile(frmMain &window, const QString &file) {
 
 void ImportWholeMap(frmMain &window, const QString &file) {
     QStringList missing;
-    RunLong(window, Tr("Importing"), LongTask::Bar::Runs,
+    RunLong(window, Tr("Importing"), LongTask::Bar::ByTime,
             [&](const output::GoOn &goOn) { return output::BringMap(window, file, goOn, missing); });
     output::TellWhatIsMissing(window, missing);
 }
 
 void ExportCsv(frmMain &window, const QString &file) {
-    if (RunLong(window, Tr("Exporting"), LongTask::Bar::IsTheWorks, [&](const output::GoOn &goOn) {
+    if (RunLong(window, Tr("Exporting"), LongTask::Bar::ByWork, [&](const output::GoOn &goOn) {
             return output::ExportMap(window, window.CurrentSurface(), file, {}, goOn);
         }))
         window.Status().TellInPassing(output::NotInTextFiles());
@@ -228,7 +229,7 @@ void ExportPresentation(frmMain &window, const QString &file) {
 constexpr char kExportFolder[] = "ExportFolder";
 constexpr char kExportRow[] = "ExportRow";
 
-// In the folder of the last export, else where the map is saved; behind it the map's name without its ending.
+// The folder of the last export, else that of the map, and the map's name without its ending.
 QString PlaceToExport(frmMain &window) {
     const QString beside = PlaceBeside(window, QString());
     const QString folder = settings::GetSet(QLatin1String(kExportFolder));

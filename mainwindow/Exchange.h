@@ -7,10 +7,11 @@ namespace mainwindow {
 
 class frmMain;
 
-// Where the map is saved, under its name with that ending.
+// A path in the folder where the map is saved: its name with that ending, or the folder alone while it has
+// none.
 QString PlaceBeside(frmMain &window, const QString &ending);
 
-// In the status bar, that the file is there now.
+// Says in the status bar that the file was written.
 void TellWritten(frmMain &window, const QString &file);
 
 void mnuFileImport(frmMain &window);

@@ -52,8 +52,8 @@ bool MayReplace(frmMain &window, const QString &file) {
                support::EnterPresses::No) == support::Answer::Yes;
 }
 
-// A name whose ending is none of a picture's gets that of its row, but for a metafile's, which has any name.
-// Empty when a file stands there that is to stay.
+// The file with the ending of `format` where it has none of a picture; a metafile may have any. Empty when
+// the user keeps a file that has that name.
 QString NamedFor(frmMain &window, const QString &file, PictureFormat format) {
     if (format == PictureFormat::Wmf || diagram::KindOfFile(file)) return file;
     const QString named = file + EndingOf(format);

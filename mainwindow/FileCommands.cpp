@@ -1,3 +1,4 @@
+// The menu File.
 #include "mainwindow/Commands.h"
 
 #include "document/DoSave.h"
@@ -31,8 +32,8 @@ void mnuFileOpen(frmMain &window) {
     if (document::MemoryGuard(window.Desktop())) window.DoOpen(QString(), newWindow);
 }
 
-// The journal ends with the save, before the next edit goes into it: it must not be offered for a file that
-// is newer.
+// The journal ends with the save, before the next edit goes into it: the next start must not offer it for a
+// file that is newer.
 void Save(frmMain &window) {
     if (document::DoSave(window) && window.Journal()) window.Journal()->Saved();
 }

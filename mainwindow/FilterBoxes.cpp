@@ -38,7 +38,7 @@ void LoadCombo(TickBox &combo, const Pool &pool) {
     combo.SetText(TickedNames(pool));
 }
 
-// Every member of that name takes part, each turning the row's tick round.
+// Toggles the row's tick once for each member of that name, and gives the member the tick that results.
 template <typename Pool>
 void Tick(TickBox &combo, Pool &pool, int row) {
     const QString name = combo.Row(row).name;
@@ -62,7 +62,8 @@ int HiddenOn(const diagram::Surface &surface) {
     return hidden;
 }
 
-// Both in one, so that they stay together where a narrow window moves them out of the toolbar.
+// Label and box in one widget, so that they stay together where a narrow window moves them out of the
+// toolbar.
 QWidget *Labelled(QWidget &box, const QString &label) {
     auto *both = new QWidget(box.parentWidget());
     auto *row = new QHBoxLayout(both);
@@ -73,6 +74,7 @@ QWidget *Labelled(QWidget &box, const QString &label) {
     row->addWidget(&box);
     return both;
 }
+
 } // namespace
 
 FilterBoxes::FilterBoxes(frmMain &window, Toolbar &bar)
@@ -94,7 +96,7 @@ FilterBoxes::FilterBoxes(frmMain &window, Toolbar &bar)
     QObject::connect(levels_, &TickBox::CloseUp, &window, &frmMain::ssDBLevels_CloseUp);
 }
 
-// An open list closes with the window, which is none any more then.
+// An open list closes while the window is being destroyed, and must not reach it then.
 FilterBoxes::~FilterBoxes() {
     for (TickBox *box : {groups_, levels_}) box->disconnect(&window_);
 }
@@ -154,7 +156,7 @@ void FilterBoxes::Apply() {
     ShowHideTimelineNodes();
 }
 
-// The months of the current slice, as the menu says.
+// Shows or hides the months of the current slice as the menu entry is checked.
 void FilterBoxes::ShowHideTimelineNodes() {
     diagram::Surface &surface = window_.CurrentSurface();
     if (timeline::LocateTimelineNodes(surface).empty()) return;

@@ -11,7 +11,7 @@ class Toolbar;
 
 class FilterBoxes {
 public:
-    // The boxes go into the toolbar, which takes them along when it goes.
+    // The boxes stand in the toolbar, which owns them.
     FilterBoxes(frmMain &window, Toolbar &bar);
     ~FilterBoxes();
     FilterBoxes(const FilterBoxes &) = delete;
@@ -21,19 +21,19 @@ public:
     TickBox &Levels() const { return *levels_; }
     void LoadGroups();
     void LoadLevels();
-    // Turn the tick of a row round.
+    // Toggle the tick of a row.
     void TickGroup(int row);
     void TickLevel(int row);
     // Tick all of them, or none.
     void TickAllGroups(bool ticked);
     void TickAllLevels(bool ticked);
-    // Shows on all slices what is ticked. The map is as clean afterwards as before.
+    // Shows on all slices what is ticked, without making the map dirty.
     void Apply();
-    // What the user drew and the filter hides, over all slices. Every node is looked at.
+    // How many nodes the filter hides, on all slices, without those of the timeline. Looks at every node.
     int HiddenNodes() const;
 
 private:
-    // Lets the current slice look as Apply would leave it while a list is open; nothing is written.
+    // Shows the current slice as Apply would leave it while a list is open; writes nothing.
     void Preview();
     void EndPreview();
     document::FilterKeys Keys() const;

@@ -2,11 +2,11 @@
 
 #include "diagram/scene/Scene.h"
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/FindBar.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/SliceViews.h"
+#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowStatus.h"
 #include "timeline/AdjustLinks.h"
 #include "timeline/DateWords.h"
@@ -64,7 +64,7 @@ public:
 private:
     frmMain &window_;
     std::map<int, std::vector<diagram::Node *>> nodes_; // by their slices
-    std::list<ActionGroup> steps_;
+    std::list<UndoStep> steps_;
 };
 
 } // namespace

@@ -2,9 +2,9 @@
 
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/TimelineCommands.h"
+#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/Settings.h"
 #include "timeline/AddTimelineLink.h"
@@ -43,7 +43,7 @@ QString InWords(const diagram::Surface &surface, const PieceOfStrip &piece) {
 
 void Fold(frmMain &window, const std::vector<PieceOfStrip> &pieces, bool folded) {
     diagram::Surface &surface = window.CurrentSurface();
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     for (const PieceOfStrip &piece : pieces) timeline::SetFolded(window, surface, piece, folded);
     window.ClickTab();
 }
@@ -80,7 +80,7 @@ void keyFoldEmpty(frmMain &window) {
 }
 
 void keyUnfoldAll(frmMain &window) {
-    const ActionGroup step(window.CurrentSurface());
+    const UndoStep step(window.CurrentSurface());
     if (!timeline::UnfoldAll(window, window.CurrentSurface()))
         return Tell(window, frmMain::tr("Nothing is folded."));
     window.ClickTab();

@@ -1,4 +1,5 @@
-// The box of the fonts: its lists show each font's name in that font, and finds fonts by what is typed.
+// The box of the fonts: its list shows each font's name in that font, and typing finds a font by a part of
+// its name.
 #pragma once
 
 #include "mainwindow/PickBox.h"

@@ -2,12 +2,13 @@
 
 #include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/ShapeMenu.h"
+#include "mainwindow/TextAlignment.h"
 #include "mainwindow/TimelineCommands.h"
+#include "mainwindow/UndoStep.h"
 #include "settings/Settings.h"
 #include "support/Val.h"
 #include "timeline/AdjustLinks.h"
@@ -20,8 +21,6 @@ namespace mainwindow {
 namespace {
 
 constexpr float kNewElementSide = 1300; // twips
-constexpr int kPlacementsInFamily = 3;
-constexpr int kHighestPlacement = 8;
 
 template <typename Change>
 void ForSelected(diagram::Surface &flow, Change change) {
@@ -52,15 +51,15 @@ void FormatUnderline(frmMain &window) {
     ChangeFonts(window, [](diagram::Font &font) { font.SetUnderline(!font.Underline()); });
 }
 
-void Align(frmMain &window, int base) {
+void Align(frmMain &window, int family) {
     for (diagram::Node *node : window.CurrentSurface().SelectedNodes()) {
-        node->SetAlignment(AlignmentInFamily(node->Alignment(), base));
+        node->SetAlignment(AlignmentInFamily(node->Alignment(), family));
         node->Refresh();
     }
 }
-void FormatLeft(frmMain &window) { Align(window, 0); }
-void FormatCenter(frmMain &window) { Align(window, 6); }
-void FormatRight(frmMain &window) { Align(window, 3); }
+void FormatLeft(frmMain &window) { Align(window, kLeftAlignments); }
+void FormatCenter(frmMain &window) { Align(window, kCentreAlignments); }
+void FormatRight(frmMain &window) { Align(window, kRightAlignments); }
 
 void FormatFront(frmMain &window) {
     ForSelected(window.CurrentSurface(), [](auto &item) { item.BringToFront(); });
@@ -77,9 +76,11 @@ void FormatDisplay(frmMain &window) {
         window.AddFlow1()[slot].Screen().SetShowsBothTexts(window.DisplayPressed());
 }
 
-// A strip that runs from left to right changes its months' width, another their height.
-void FormatExpand(frmMain &window) { timeline::StretchAxis(window, window.CurrentSurface(), 1.1F); }
-void FormatCompress(frmMain &window) { timeline::StretchAxis(window, window.CurrentSurface(), 0.9F); }
+// Factors for the length of the months along the timeline.
+constexpr float kExpand = 1.1F, kCompress = 0.9F;
+
+void FormatExpand(frmMain &window) { timeline::StretchAxis(window, window.CurrentSurface(), kExpand); }
+void FormatCompress(frmMain &window) { timeline::StretchAxis(window, window.CurrentSurface(), kCompress); }
 
 constexpr FormatRow kRows[] = {
     {"NEW", FormatNew},
@@ -105,22 +106,17 @@ const FormatRow *FindFormat(const QString &key) {
     return nullptr;
 }
 
-// Spelled as users know it.
+// "Unknow" is what users know it by.
 void ShowUnknownButton(support::Desktop &desktop, const QString &key) {
     desktop.messageBoxes.Show(QStringLiteral("Unknow Key ") + key, support::Buttons::Ok, support::Icon::None,
                               settings::Terms().TITLE);
 }
 
-int AlignmentInFamily(int alignment, int base) {
-    if (alignment < 0 || alignment > kHighestPlacement) return alignment;
-    return base + alignment % kPlacementsInFamily;
-}
-
-// Every button marks the map, also those that change nothing.
+// Every button makes the map dirty, also those that change nothing.
 void frmMain::tlbFormat_ButtonClick(const QString &key) {
     support::Report("frmMain", "tlbFormat_ButtonClick", [&] {
         clsSettings_->Dirty = true;
-        const ActionGroup step(CurrentSurface());
+        const UndoStep step(CurrentSurface());
         if (const FormatRow *row = FindFormat(key))
             row->routine(*this);
         else
@@ -131,7 +127,7 @@ void frmMain::tlbFormat_ButtonClick(const QString &key) {
 // Choosing a font or a size is a step of undo like any other, and leaves Dirty as it is.
 void frmMain::cboFont_Click() {
     support::Report("frmMain", "cboFont_Click", [&] {
-        const ActionGroup step(CurrentSurface());
+        const UndoStep step(CurrentSurface());
         ChangeFonts(*this, [name = cboFont().currentText()](diagram::Font &font) { font.SetName(name); });
     });
 }
@@ -139,7 +135,7 @@ void frmMain::cboFont_Click() {
 void frmMain::cboFontSize_Click() {
     support::Report("frmMain", "cboFontSize_Click", [&] {
         const int size = support::CInt(support::Val(cboFontSize().currentText()));
-        const ActionGroup step(CurrentSurface());
+        const UndoStep step(CurrentSurface());
         ChangeFonts(*this, [size](diagram::Font &font) { font.SetSize(size); });
     });
 }
@@ -147,7 +143,7 @@ void frmMain::cboFontSize_Click() {
 void frmMain::tlbFormat_ButtonMenuClick(int tag) {
     support::Report("frmMain", "tlbFormat_ButtonMenuClick", [&] {
         diagram::Surface &surface = CurrentSurface();
-        const ActionGroup step(surface);
+        const UndoStep step(surface);
         DoSelectAll(surface, false);
         diagram::Node &node = surface.Nodes().Add(0, 0, kNewElementSide, kNewElementSide);
         node.SetShape(tag);

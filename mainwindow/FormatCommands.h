@@ -17,11 +17,7 @@ struct FormatRow {
 };
 // Null for a key that no button has.
 const FormatRow *FindFormat(const QString &key);
-// Tells that no button has that key, in the words that both toolbars use.
+// Tells the user that no button has that key, in the words that both toolbars use.
 void ShowUnknownButton(support::Desktop &desktop, const QString &key);
-
-// The placement of a text moved to another family (0 left, 3 right, 6 centre), top, middle and bottom kept. A
-// value that is no placement stays.
-int AlignmentInFamily(int alignment, int base);
 
 } // namespace mainwindow

@@ -8,7 +8,8 @@ namespace mainwindow {
 class SmartMenu;
 class Toolbar;
 
-// Entry and button are the same, so that picture, keys and state stay in step. Both must stand already.
+// Adds the buttons' own actions to the menus, so that picture, keys and state are the same. Menus and buttons
+// must have been built.
 void AddFormatEntries(const SmartMenu &menu, const Toolbar &format);
 // The key of the menu that holds the button; null for one in none.
 const char *MenuOfFormat(const QString &button);

@@ -1,3 +1,4 @@
+// The menu Help.
 #include "mainwindow/Commands.h"
 
 #include "mainwindow/frmAbout.h"

@@ -1,43 +1,19 @@
 #include "mainwindow/HyperlinkFollower.h"
 
 #include "diagram/view/SurfaceView.h"
+#include "dialogs/HyperlinkEdit.h"
 #include "document/Tags.h"
 #include "document/WhereItIs.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/Hourglass.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/Settings.h"
 
 #include <algorithm>
-#include <QPointer>
 
 namespace mainwindow {
 
 namespace {
-
-const QString kYes = QStringLiteral("Yes");
-
-// The pointer of a window that may be gone at the end.
-class Hourglass {
-public:
-    explicit Hourglass(frmMain &window) : window_(&window) {
-        window.SetMousePointer(document::pointer::kHourglass);
-    }
-    ~Hourglass() {
-        if (window_) window_->SetMousePointer(document::pointer::kNormal);
-    }
-    Hourglass(const Hourglass &) = delete;
-    Hourglass &operator=(const Hourglass &) = delete;
-
-private:
-    QPointer<frmMain> window_;
-};
-
-std::vector<document::cHyperlink> HyperlinksOf(document::clsfrmMain &settings, const QString &node) {
-    std::vector<document::cHyperlink> hyperlinks;
-    for (const document::cHyperlink &hyperlink : settings.Hyperlinks())
-        if (hyperlink.Node == node) hyperlinks.push_back(hyperlink);
-    return hyperlinks;
-}
 
 // The tab of this map to which it leads; -1 for none.
 int TabOf(clsTabStrip &tabs, const document::cHyperlink &hyperlink) {
@@ -55,7 +31,8 @@ bool IsEmpty(frmMain &window) {
     return true;
 }
 
-// While another map is opened: takes the window that was made for it away again unless it shows something.
+// While another map is opened: where that fails, the window that was made for it goes again unless it shows
+// something.
 class NewWindows {
 public:
     NewWindows() : before_(frmMain::Forms()) {}
@@ -84,16 +61,13 @@ void GoToTab(frmMain &window, int tab) {
 } // namespace
 
 bool HyperlinkFollower::Follows(const diagram::Node &node) {
-    return document::GetTag(node, document::tags::kHyper) == kYes;
+    return document::IsOn(node, document::tags::kHyper);
 }
 
+// Goes through copies: a hyperlink to this very map can load it anew, and the node is gone then.
 void HyperlinkFollower::DoubleClick(const diagram::Node &node) {
-    if (Follows(node)) FollowAll(node.Key());
-}
-
-// On a copy: a hyperlink to this very map can load it anew.
-void HyperlinkFollower::FollowAll(const QString &node) {
-    for (const document::cHyperlink &hyperlink : HyperlinksOf(window_.clsSettings(), QString(node))) {
+    if (!Follows(node)) return;
+    for (const document::cHyperlink &hyperlink : dialogs::HyperlinksOf(window_, node)) {
         const Hourglass hourglass(window_);
         if (frmMain *window = Follow(hyperlink)) {
             window->ShowWindow();

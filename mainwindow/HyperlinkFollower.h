@@ -1,8 +1,6 @@
 // Goes where the hyperlinks of a node lead.
 #pragma once
 
-#include <QString>
-
 namespace diagram {
 class Node;
 }
@@ -24,8 +22,7 @@ public:
     void DoubleClick(const diagram::Node &node);
 
 private:
-    void FollowAll(const QString &node);
-    // The window that shows the hyperlink's target.
+    // The window that shows the hyperlink's target; null when none was opened.
     frmMain *Follow(const document::cHyperlink &hyperlink);
 
     frmMain &window_;

@@ -1,4 +1,4 @@
-// What the icons are painted by, whether the program runs or is being built.
+// Paints the drawings of icons, for the running program and for the tool that paints some while it is built.
 #pragma once
 
 #include <QByteArray>
@@ -9,13 +9,13 @@ class QPainter;
 
 namespace mainwindow {
 
-// The painter is set up for an icon, which is faded where it can't be used.
+// Sets the painter up for an icon; `faded` for one that is disabled.
 void PrepareForIcon(QPainter &painter, bool faded);
 
 // The drawing `svg` in the box; the colours of the drawings are turned into those for dark themes.
 void DrawIcon(QPainter &painter, QByteArray svg, const QRectF &box, bool dark);
 
-// How an icon looks whose pixels are known beforehand.
+// What the pixels of an icon depend on, beside its drawing.
 struct IconLook {
     int side = 0; // pixels
     bool dark = false;

@@ -41,7 +41,7 @@ protected:
     }
 };
 
-// Only drawings that exist get one.
+// The drawing must exist.
 class SvgIconEngine : public DrawnIconEngine {
 public:
     SvgIconEngine(QString name, bool ownColours) : name_(std::move(name)), ownColours_(ownColours) {}
@@ -64,8 +64,8 @@ private:
     bool ownColours_;
 };
 
-// Which of the lines along an edge are light: the outer ones at left and top, the inner ones there. Those at
-// right and bottom are the opposite. Without inner lines both are alike.
+// Whether the outer and the inner line along an edge are light at left and top; at right and bottom they are
+// the opposite. A raised or sunken edge has both alike, so that they look like one.
 struct EdgeLook {
     diagram::ShapeEdge edge;
     bool outerLight, innerLight;

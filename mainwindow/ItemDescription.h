@@ -12,8 +12,8 @@ class clsfrmMain;
 
 namespace mainwindow {
 
-// "Level 2, groups Market, Product, Sunday, 14 March 2004", as far as the node has them; of a month
-// "folded, 3 nodes"; empty for a link.
+// "Level 2, groups Market, Product, Sunday, 14 March 2004", as far as the node has them; of a month "folded,
+// 3 nodes"; empty for a link.
 QString ItemDescription(const diagram::Item &item, document::clsfrmMain &settings);
 
 } // namespace mainwindow

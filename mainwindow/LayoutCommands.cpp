@@ -1,14 +1,15 @@
+// The menu Layout.
 #include "diagram/layout/Layouts.h"
 #include "diagram/view/Glide.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/LevelLanes.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/BringIntoSight.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/frmLayout.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/frmPics.h"
 #include "mainwindow/LongTask.h"
+#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/GetSet.h"
 #include "settings/Settings.h"
@@ -25,7 +26,8 @@ namespace {
 // The months come back to their places whatever was laid out.
 void ArrangeTimeline(frmMain &window) { timeline::ArrangeAgain(window, window.CurrentSurface()); }
 
-// What has moved is seen on its way, and not all of it goes out of sight.
+// Animates the way of what has moved, and keeps some of it in sight: the topmost node where all would go out
+// of it.
 void ShowMoved(frmMain &window, const diagram::ItemPlaces &before) {
     diagram::SurfaceView &view = window.CurrentView();
     std::vector<diagram::Node *> nodes;
@@ -37,7 +39,7 @@ void ShowMoved(frmMain &window, const diagram::ItemPlaces &before) {
     diagram::Glide::Begin(view, before);
 }
 
-// While it stands the view takes no notice of the surface.
+// The view doesn't follow the surface for as long as the object lives.
 class Unfollowed {
 public:
     explicit Unfollowed(diagram::SurfaceView &view) : view_(view) { view_.SetFollowing(false); }
@@ -49,8 +51,8 @@ private:
     diagram::SurfaceView &view_;
 };
 
-// The routes of the links that were laid out, which would be asked for all at once when the step closes, or
-// by the view. False when it was given up.
+// Routes the links one by one, which the end of the step or the view would else do all at once, without
+// asking whether to go on. False when it was given up.
 bool FindRoutes(frmMain &window, LongTask &task) {
     constexpr std::size_t kAtOnce = 32;
     const Unfollowed unfollowed(window.CurrentView());
@@ -62,14 +64,15 @@ bool FindRoutes(frmMain &window, LongTask &task) {
     return true;
 }
 
-// One step; what has moved is shown when the step is over. False when it was given up at the end.
+// Lays out as one step of undo and shows what has moved once that is closed. False when it was given up while
+// the links were routed: then nothing has changed.
 template <typename LayOut>
-bool Execute(frmMain &window, LayOut &&layOut) {
+bool Execute(frmMain &window, LongTask::Bar bar, LayOut &&layOut) {
     const diagram::ItemPlaces before = diagram::PlacesOf(window.CurrentSurface());
     bool stays = true;
     {
-        ActionGroup step(window.CurrentSurface());
-        LongTask task(window, QCoreApplication::translate("Layout", "Laying out"), LongTask::Bar::IsTheWorks);
+        UndoStep step(window.CurrentSurface());
+        LongTask task(window, QCoreApplication::translate("Layout", "Laying out"), bar);
         layOut(task);
         stays = FindRoutes(window, task);
         if (!stays) step.TakeBack();
@@ -87,7 +90,7 @@ diagram::LayoutResult LayOut(frmMain &window, const char *name, const LayoutTool
 
 constexpr char kTogether[] = "LayoutTogether";
 
-// What the user has last chosen, in whatever window and run.
+// The tool of the hierarchical layout, with what is kept together as the settings have it.
 LayoutTool &HierarchicalTool() {
     LayoutTool &tool = frmPics::Shared().HFlow();
     const int together = settings::GetSet(QLatin1String(kTogether)).toInt();
@@ -98,25 +101,17 @@ LayoutTool &HierarchicalTool() {
 
 // False when it was given up.
 bool LayOutInLayers(frmMain &window, diagram::LayoutScope scope) {
-    const diagram::ItemPlaces before = diagram::PlacesOf(window.CurrentSurface());
     const LayoutTool &tool = HierarchicalTool();
     auto result = diagram::LayoutResult::GivenUp;
-    {
-        ActionGroup step(window.CurrentSurface());
-        LongTask task(window, QCoreApplication::translate("Layout", "Laying out"));
+    const bool stays = Execute(window, LongTask::Bar::ByTime, [&](LongTask &task) {
         diagram::LayoutOrder order{scope, tool.options};
         order.cluster =
             document::ClustersOf(tool.together, window.clsSettings().Levels(), window.clsSettings().Groups());
         order.advance = [&](double) { return task.GoOn(); };
         result = diagram::FindLayout(QStringLiteral("hierarchical"))->layOut(window.CurrentSurface(), order);
         if (result != diagram::LayoutResult::GivenUp) ArrangeTimeline(window);
-        if (!FindRoutes(window, task)) {
-            step.TakeBack();
-            result = diagram::LayoutResult::GivenUp;
-        }
-    }
-    ShowMoved(window, before);
-    return result != diagram::LayoutResult::GivenUp;
+    });
+    return stays && result != diagram::LayoutResult::GivenUp;
 }
 
 void mnuLayoutHExecute(frmMain &window) { LayOutInLayers(window, frmPics::Shared().HFlow().scope); }
@@ -130,20 +125,20 @@ void mnuLayoutSelection(frmMain &window) {
 }
 
 template <typename Body>
-void WithoutAWord(Body &&body) {
+void IgnoringErrors(Body &&body) {
     try {
         body();
     } catch (const support::Error &) {
     }
 }
 
-// What is no tree is laid out by a spanning tree of it; what fails stays as it is, without a word. The months
-// are arranged all the same.
+// What is no tree is laid out by a spanning tree of it. Where the layout fails the nodes stay where they are,
+// and nobody is told; the months are arranged all the same.
 void mnuLayoutTreeExecute(frmMain &window) {
     auto result = diagram::LayoutResult::LaidOut;
-    const bool stays = Execute(window, [&](LongTask &task) {
-        WithoutAWord([&] { result = LayOut(window, "tree", frmPics::Shared().TFlow(), task); });
-        WithoutAWord([&] { ArrangeTimeline(window); });
+    const bool stays = Execute(window, LongTask::Bar::ByWork, [&](LongTask &task) {
+        IgnoringErrors([&] { result = LayOut(window, "tree", frmPics::Shared().TFlow(), task); });
+        IgnoringErrors([&] { ArrangeTimeline(window); });
     });
     if (stays && result == diagram::LayoutResult::AsSpanningTree)
         window.Status().TellInPassing(QCoreApplication::translate(
@@ -153,7 +148,7 @@ void mnuLayoutTreeExecute(frmMain &window) {
 // The others take direction, distances and scope from the hierarchical layout.
 template <const char *kName>
 void LayOutAs(frmMain &window) {
-    Execute(window, [&](LongTask &task) {
+    Execute(window, LongTask::Bar::ByWork, [&](LongTask &task) {
         const auto result = LayOut(window, kName, frmPics::Shared().HFlow(), task);
         if (result != diagram::LayoutResult::GivenUp) ArrangeTimeline(window);
     });

@@ -1,4 +1,4 @@
-// How one of the automatic layouts is set; for all windows of the process.
+// The settings of an automatic layout, for all windows of the process.
 #pragma once
 
 #include "diagram/layout/Layout.h"

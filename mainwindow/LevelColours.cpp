@@ -2,7 +2,7 @@
 
 #include "document/cLevels.h"
 #include "document/Tags.h"
-#include "mainwindow/ActionGroup.h"
+#include "mainwindow/UndoStep.h"
 
 namespace mainwindow {
 
@@ -28,7 +28,7 @@ LevelColours ColoursOf(const document::cLevels &levels) {
 bool FollowLevels(diagram::Surface &surface, const document::cLevels &levels, const LevelColours &former) {
     const LevelColours changed = Changed(ColoursOf(levels), former);
     if (changed.isEmpty()) return false;
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     bool repainted = false;
     for (diagram::Node &node : surface.Nodes()) {
         const auto level = changed.find(document::GetTag(node, document::tags::kLevel));

@@ -1,4 +1,4 @@
-// What the fills of nodes have to do with the colours of their levels.
+// Fills of nodes that follow the colours of their levels.
 #pragma once
 
 #include "support/Colour.h"

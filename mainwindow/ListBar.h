@@ -41,12 +41,12 @@ public:
     // Of the heading; a dark theme paints its own instead.
     void SetBarBackColor(int bar, const QColor &colour);
     QColor BarBackColor(int bar) const;
-    // A few quiet words beside the heading's caption.
+    // A short text beside the heading's caption.
     void SetBarNote(int bar, const QString &note);
     QString BarNote(int bar) const;
     // The open one, or -1.
     int CurrentBar() const;
-    // Folds the one that is open, if another.
+    // Folds the bar that was open.
     void OpenBar(int bar);
     void FoldBar(int bar);
 
@@ -62,7 +62,7 @@ public:
     QRect ItemRect(const Place &place) const;
     QRect BarRect(int bar) const; // of the heading
 
-    // Of an item's icon in pixels, one of a few steps; any other is taken as the nearest one.
+    // The side of the items' icons in pixels, rounded to the nearest of a few steps.
     void SetIconSide(int side);
     int IconSide() const { return iconSize().width(); }
     // The next larger or smaller step, as far as there is one.
@@ -74,17 +74,17 @@ Q_SIGNALS:
     void BarClick(int bar);
     // Once for a click, a double click, Enter or Space.
     void ItemClick(int bar, int item);
-    // The item is to be dragged elsewhere: whoever listens runs the drag.
+    // The user drags the item; the receiver runs the drag.
     void DragAsked(int bar, int item);
     void RenameAsked(int bar, int item);
     void DeleteAsked(int bar, int item);
     // At a place in global pixels; item -1: of the bar; both -1: of the list.
     void MenuAsked(int bar, int item, const QPoint &at);
-    // The pointer rests on the item; its place is in global pixels. TipOver follows when it no longer does.
+    // The pointer rests on the item, whose place is in global pixels; TipOver follows.
     void TipAsked(int bar, int item, const QRect &place);
     void TipOver();
     void IconSideChanged(int side);
-    // Escape.
+    // Escape was pressed: the user leaves the list.
     void Left();
 
 protected:

@@ -40,7 +40,7 @@ void ListBar::keyPressEvent(QKeyEvent *event) {
     }
 }
 
-// Left goes from an item to its bar, and folds that; Right unfolds it. Headings and items are rows alike.
+// Left goes from an item to the heading of its bar; on a heading Left folds and Right unfolds.
 QModelIndex ListBar::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
     const bool back = action == (isRightToLeft() ? MoveRight : MoveLeft);
     if (back && PlaceOf(currentIndex())) return currentIndex().parent();
@@ -117,7 +117,7 @@ void ListBar::EndTip() {
     Q_EMIT TipOver();
 }
 
-// The delegate paints the whole row: no branch, and no ground of the style's below it.
+// The delegate paints the whole row, without the branches and the background that the style would add.
 void ListBar::drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const {
     QStyleOptionViewItem row = option;
     row.rect = visualRect(index);

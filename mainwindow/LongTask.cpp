@@ -13,9 +13,9 @@ namespace {
 constexpr qint64 kSilence = 250, kPatience = 500; // milliseconds
 constexpr int kFull = 99;                         // per cent: the bar is never full while the work lasts
 
-// Of a bar for work whose end nobody knows: on and on, more and more slowly.
+// The share of the bar that is filled by then, for work whose end nobody knows: it approaches 1.
 double ShareAfter(qint64 milliseconds) {
-    constexpr double kHalf = 5000;
+    constexpr double kHalf = 5000; // milliseconds until half of the bar
     return double(milliseconds) / (double(milliseconds) + kHalf);
 }
 
@@ -69,7 +69,7 @@ bool LongTask::GoOn() {
     if (elapsed < kSilence) return true;
     Listen();
     if (elapsed >= kPatience) Tell();
-    if (told_ && bar_ == Bar::Runs) window_->SetProgress(1 + int((kFull - 1) * ShareAfter(elapsed)));
+    if (told_ && bar_ == Bar::ByTime) window_->SetProgress(1 + int((kFull - 1) * ShareAfter(elapsed)));
     window_->LetEventsRun(QEventLoop::AllEvents);
     return !givenUp_ && window_;
 }

@@ -1,5 +1,4 @@
-// Work of the one thread that may take long: soon the window is painted meanwhile, and Escape gives the work
-// up; after half a second the status bar says so.
+// Work in the main thread that may take long: the window is painted meanwhile, and Escape gives the work up.
 #pragma once
 
 #include <QElapsedTimer>
@@ -11,14 +10,16 @@ namespace mainwindow {
 
 class frmMain;
 
-// Asked often by the work. For a quarter of a second it does nothing. From then on it lets events run:
-// windows are painted, but no other input reaches them while the work lasts.
+// The work asks GoOn often. For a quarter of a second that does nothing. From then on it lets events run:
+// windows are painted, but no input reaches them while the work lasts, except Escape. After half a second the
+// status bar says what is being done and that Escape gives it up.
 class LongTask : public QObject {
 public:
-    // What the progress bar shows: that something goes on, or how far the work itself says that it is.
-    enum class Bar { Runs, IsTheWorks };
+    // What moves the progress bar: the time, more and more slowly, where nobody knows the end; or the work,
+    // by GoOn(done) or by itself.
+    enum class Bar { ByTime, ByWork };
     // `doing` is what the status bar says, such as "Laying out".
-    LongTask(frmMain &window, const QString &doing, Bar bar = Bar::Runs);
+    LongTask(frmMain &window, const QString &doing, Bar bar = Bar::ByTime);
     ~LongTask() override;
 
     // False once the user has pressed Escape, or the window is gone.

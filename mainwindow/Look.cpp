@@ -2,7 +2,8 @@
 
 #include "diagram/model/AutomaticStyle.h"
 #include "diagram/model/Surface.h"
-#include "mainwindow/ActionGroup.h"
+#include "mainwindow/TextAlignment.h"
+#include "mainwindow/UndoStep.h"
 #include "timeline/AdjustLinks.h"
 
 namespace mainwindow {
@@ -11,8 +12,6 @@ namespace {
 
 using diagram::Link;
 using diagram::Node;
-
-constexpr int kPlacementsInFamily = 3;
 
 template <auto Getter, typename Item>
 double Of(const Item &item) {
@@ -83,14 +82,14 @@ void Read(const std::vector<Item *> &items, std::span<const LookRow> rows, std::
     }
 }
 
-// Each link gets the style that suits it best. False, and no step, where all have theirs already.
+// Gives each link the style that suits it best. False, and no step, where all have theirs already.
 bool GiveBestStyles(diagram::Surface &surface) {
     std::vector<std::pair<Link *, int>> changes;
     for (Link *link : surface.SelectedLinks())
         if (const int best = diagram::StyleFor(*link, diagram::kAutomaticStyle); best != link->Style())
             changes.emplace_back(link, best);
     if (changes.empty()) return false;
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     for (const auto &[link, style] : changes) link->SetStyle(style);
     return true;
 }
@@ -122,7 +121,7 @@ bool GiveLook(diagram::Surface &surface, const LookRow &row, double value) {
     const LookState before = StateOf(surface, row);
     if (!before.fits || before.value == value) return false;
     if (row.what == LookOf::Routing && value == diagram::kAutomaticStyle) return GiveBestStyles(surface);
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     Give(surface.SelectedNodes(), row.toNode, value);
     Give(surface.SelectedLinks(), row.toLink, value);
     if (row.resizes) timeline::AdjustLinksOf(surface.SelectedNodes());
@@ -141,10 +140,10 @@ Shared SharedFont(const diagram::Surface &surface, bool (diagram::Font::*is)() c
     return others ? Shared::Partly : Shared::Everywhere;
 }
 
-Shared SharedAlignment(const diagram::Surface &surface, int base) {
+Shared SharedAlignment(const diagram::Surface &surface, int family) {
     bool some = false, others = false;
     for (const Node *node : surface.SelectedNodes()) {
-        (node->Alignment() / kPlacementsInFamily * kPlacementsInFamily == base ? some : others) = true;
+        (FamilyOfAlignment(node->Alignment()) == family ? some : others) = true;
         if (some && others) return Shared::Partly;
     }
     return some ? Shared::Everywhere : Shared::Nowhere;

@@ -8,6 +8,7 @@
 #include "mainwindow/RecentColours.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/StateButton.h"
+#include "mainwindow/TextAlignment.h"
 #include "mainwindow/Toolbar.h"
 #include "mainwindow/WindowParts.h"
 #include "settings/GetSet.h"
@@ -24,7 +25,7 @@ namespace {
 
 const QString kHidden = QStringLiteral("LookBarHidden");
 
-// Behind these buttons the bar has a line: between what all have, what nodes have, and what links have.
+// Whether a separator follows the button: behind what nodes and links have, and behind what only nodes have.
 bool EndsPart(LookOf what) { return what == LookOf::TextColour || what == LookOf::Shape; }
 
 struct FontState {
@@ -36,9 +37,10 @@ constexpr FontState kFonts[] = {
 
 struct AlignmentState {
     const char *key;
-    int base;
+    int family;
 };
-constexpr AlignmentState kAlignments[] = {{"LEFT", 0}, {"RIGHT", 3}, {"CENTER", 6}};
+constexpr AlignmentState kAlignments[] = {
+    {"LEFT", kLeftAlignments}, {"RIGHT", kRightAlignments}, {"CENTER", kCentreAlignments}};
 
 } // namespace
 
@@ -123,7 +125,7 @@ void LookBar::ShowFormats(const diagram::Surface &surface) const {
     for (const FontState &row : kFonts)
         parts_.tlbFormat->ShowState(QLatin1String(row.key), SharedFont(surface, row.is));
     for (const AlignmentState &row : kAlignments)
-        parts_.tlbFormat->ShowState(QLatin1String(row.key), SharedAlignment(surface, row.base));
+        parts_.tlbFormat->ShowState(QLatin1String(row.key), SharedAlignment(surface, row.family));
 }
 
 const LookState &LookBar::State(LookOf what) const { return buttons_[std::size_t(what)]->State(); }

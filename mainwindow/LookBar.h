@@ -31,10 +31,10 @@ public:
     // Gives the keyboard to its first button that can be used.
     void TakeFocus();
 
-    // Tells that what is selected may look otherwise now.
+    // To be told when the selection or its look may have changed.
     void MayDiffer();
-    // Shows the selection's look on its buttons and on those of the format toolbar; nothing is looked at
-    // unless it may differ.
+    // Shows the selection's look on the buttons and on those of the format toolbar, if it may have changed or
+    // another surface is current.
     void Update();
 
     // As last shown.

@@ -35,7 +35,7 @@ private:
 
     const LookRow &row_;
     std::map<std::pair<bool, std::optional<double>>, QIcon> pictures_; // painted once for each state
-    LookState state_{true, {}};                                        // unlike any that a bar begins with
+    LookState state_{true, {}};                                        // differs from the one first shown
 };
 
 } // namespace mainwindow

@@ -16,7 +16,7 @@ namespace mainwindow {
 
 namespace {
 
-bool AsksBeforeDiscarding(support::Desktop &desktop, const recovery::LostMap &lost) {
+bool MayDiscard(support::Desktop &desktop, const recovery::LostMap &lost) {
     return desktop.messageBoxes.Show(
                frmMain::tr(
                    "Discard the changes of %1 that were not saved?\r\n\r\nThey can't be brought back.")
@@ -49,8 +49,7 @@ int LostMapOffers::TakeTop(const QRect &rectangle) {
 
 void LostMapOffers::Answer(int row, OfferAnswer answer) {
     support::Report("frmMain", "AnswerOffer", [&] {
-        if (answer == OfferAnswer::Discard && !AsksBeforeDiscarding(window_.Desktop(), bar_->Map(row)))
-            return;
+        if (answer == OfferAnswer::Discard && !MayDiscard(window_.Desktop(), bar_->Map(row))) return;
         recovery::LostMap lost = bar_->Take(row);
         window_.picRHS_Resize();
         if (bar_->Count() > 0)
@@ -73,7 +72,7 @@ frmMain *LostMapOffers::Restore(recovery::LostMap lost) {
         frmMain &target = shown ? *shown : *made;
         const bool damaged = map.damaged;
         recovery::Restore(target, std::move(map), lost.folder.path);
-        static_cast<void>(made.release()); // shown, it belongs to itself
+        static_cast<void>(made.release()); // deletes itself once it is shown and closed
         target.ShowWindow();
         if (target.Journal()) target.Journal()->Writer().Supersede(std::move(lost.folder));
         target.Status().TellInPassing(

@@ -60,7 +60,7 @@ ColumnPlan PlanColumns(int count, const QSize &entry, int leastHeight, const QSi
 
 int ColumnStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                            QStyleHintReturn *result) const {
-    return hint == SH_Menu_Scrollable ? 0 : TickStyle::styleHint(hint, option, widget, result);
+    return hint == SH_Menu_Scrollable ? 0 : ProgramStyle::styleHint(hint, option, widget, result);
 }
 
 // A menu breaks its columns where this margin of the screen begins, if it asks with an option; without one it

@@ -1,7 +1,7 @@
 // A long menu in columns, so that it fits the screen.
 #pragma once
 
-#include "widgets/TickStyle.h"
+#include "widgets/ProgramStyle.h"
 
 #include <QSize>
 
@@ -18,7 +18,7 @@ struct ColumnPlan {
 ColumnPlan PlanColumns(int count, const QSize &entry, int leastHeight, const QSize &screen);
 
 // The style of one menu: that of the program, but with columns instead of scrolling.
-class ColumnStyle : public widgets::TickStyle {
+class ColumnStyle : public widgets::ProgramStyle {
     Q_OBJECT
 public:
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,

@@ -17,8 +17,10 @@ namespace mainwindow {
 
 namespace {
 
-const QString kPurpose = QStringLiteral("salvage"); // swept at start with those of other repairs
-constexpr qsizetype kMostLines = 20;                // of a box
+const QString kPurpose = QStringLiteral("salvage"); // of the folder, as storage::SweepSalvageFolders knows it
+constexpr qsizetype kMostLines = 20;                // in a message box
+
+constexpr long kErrNoSuchSlot = 340; // of document::SurfaceArray
 
 // Errors of what a file holds, as opposed to those of reaching it.
 constexpr long kErrorsOfContent[] = {
@@ -26,11 +28,11 @@ constexpr long kErrorsOfContent[] = {
     support::kErrOverflow,
     support::kErrSubscriptOutOfRange,
     support::kErrTypeMismatch,
-    340, // no such slot
-    360, // a slice twice
-    380, // out of range
+    kErrNoSuchSlot,
+    support::kErrAlreadyLoaded,        // a slice twice
+    support::kErrInvalidPropertyValue, // out of range
     support::kErrKeyInUse,
-    481, // no picture
+    support::kErrInvalidPicture,
     storage::kErrFieldNotFound,
     storage::kErrTableNotFound,
     storage::kErrDamaged,

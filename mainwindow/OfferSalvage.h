@@ -8,9 +8,9 @@ namespace mainwindow {
 
 class frmMain;
 
-// Runs `load`, which reads the file into the window. Where it fails for what the file holds, the user is
-// asked behind the error whether to open what can be read of it as a new map: in this window, or in a new one
-// where this one holds something. The error is raised all the same.
+// Runs `load`, which reads the file into the window. Its errors are raised again. For one of what the file
+// holds the user is asked, once the error was shown, whether to open what can be read of it as a new map: in
+// this window, or in a new one where this one holds something.
 void LoadOrOffer(frmMain &window, const QString &path, const std::function<void()> &load);
 
 } // namespace mainwindow

@@ -106,7 +106,7 @@ QRectF Overview::Seen() const {
     return {view_->ToSurface(seen.topLeft()), view_->ToSurface(QPointF(seen.width(), seen.height()))};
 }
 
-// Scroll bars stay free.
+// The view without its scroll bars.
 QRect Overview::Room() const {
     const QWidget &viewport = *view_->viewport();
     return {viewport.mapTo(place_, QPoint()), viewport.size()};
@@ -135,7 +135,7 @@ void Overview::Make() {
     picture_->WaitWhile([this] { return window_.LetsEventsRun(); });
 }
 
-// Not amid work that only lets events run now and then: to see all of the slice may itself be long work.
+// Not inside a routine that lets events run: measuring the whole slice may itself take long.
 void Overview::Update() {
     if (window_.LetsEventsRun()) return changed_.start();
     if (map_ && map_->IsDragged()) return map_->SetSeen(Seen());
@@ -145,7 +145,7 @@ void Overview::Update() {
         Hide();
 }
 
-// Not before there is something to see.
+// Shown once there is a picture.
 void Overview::Show() {
     Make();
     if (stale_ && !changed_.isActive()) PaintAgain();
@@ -173,7 +173,7 @@ void Overview::TakePicture() {
     Update();
 }
 
-// The usual one if that is free, else the next.
+// The first free one, from the right bottom corner; hidden where none is.
 void Overview::TakeCorner(const QPoint *drag) {
     const QRect room = Room().adjusted(kMargin, kMargin, -kMargin, -kMargin);
     constexpr std::pair<bool, bool> kCorners[] = {{true, true}, {false, true}, {true, false}, {false, false}};
@@ -215,7 +215,7 @@ bool Overview::TakeFocus() {
     return true;
 }
 
-// Drags on the page.
+// Watches drags on the page.
 bool Overview::eventFilter(QObject *, QEvent *event) {
     if (!Map() && event->type() != QEvent::MouseButtonRelease) return false;
     if (IsMove(*event)) {

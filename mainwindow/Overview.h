@@ -1,7 +1,7 @@
 // When the window shows a small picture of the whole slice in a corner of the page, and where it stands.
 #pragma once
 
-#include "diagram/model/ChangeLog.h"
+#include "diagram/model/SurfaceObserver.h"
 
 #include <QObject>
 #include <QPointer>
@@ -18,8 +18,8 @@ class frmMain;
 class OverviewMap;
 class OverviewPicture;
 
-// There is one while the user wants it and part of the slice is out of sight. It leaves its corner to what is
-// selected there and to drags that come near.
+// Shown while the user wants it and a part of the slice is out of sight. It moves to another corner where it
+// would cover what is selected or a drag comes near.
 class Overview : public QObject, private diagram::SurfaceObserver {
     Q_OBJECT
 public:
@@ -31,17 +31,17 @@ public:
     static bool IsEnabled();
     static void SetEnabled(bool enabled);
 
-    // From now on it may be there: the window has been painted.
+    // Allows it to be shown, once the window has been painted.
     void Start();
     // Shows the slice that is on top.
     void Follow();
-    // That slice goes.
+    // The slice is about to be deleted.
     void Leave(const diagram::Surface &surface);
-    // In step with what is in sight, how large the page is, and what is selected.
+    // Shows, moves or hides it by what is in sight, how large the page is, and what is selected.
     void Update();
-    // The picture while it is there, else null.
+    // Null while it isn't shown.
     OverviewMap *Map() const;
-    // Gives it the keyboard; false where it isn't there.
+    // Gives it the keyboard focus; false while it isn't shown.
     bool TakeFocus();
 
 protected:

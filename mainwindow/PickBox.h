@@ -12,7 +12,7 @@ public:
     PickBox(const QString &name, const QString &tip, int characters, QWidget *parent);
 
     QSize sizeHint() const override; // the same for every entry
-    // As wide as the longest entry.
+    // The list is as wide as its longest entry.
     void showPopup() override;
 
 Q_SIGNALS:
@@ -33,10 +33,10 @@ private:
     void Chosen();
     void Confirmed();
     void GiveUpTyping();
-    // The list of what fits the text typed; false when it wasn't open.
+    // Hides the list of entries that fit the text typed; false when it wasn't open.
     bool HideMatches();
 
-    bool stepping_ = false; // from entry to entry, in the closed box: the user isn't through with it
+    bool stepping_ = false; // while keys or wheel step through entries of the closed box: no Done
 };
 
 } // namespace mainwindow

@@ -21,10 +21,11 @@ public:
     // Says that the links were changed, and offers to put them back. Nothing when they are as they were.
     void Offer(dialogs::FormerLinks former);
     bool IsOffered() const { return !former_.IsEmpty(); }
-    // An undo that comes right after the offer would take back something older, if anything: that is told,
-    // the first time or as long as there is nothing, and true means that nothing is to be undone.
+    // True when an undo is to do nothing. As the change of the links is no step of undo, an undo right after
+    // it would take back something older: the first one says so instead. Where there is nothing older, each
+    // one does.
     bool StopsUndo();
-    // Takes the offer away if it holds no longer.
+    // Takes the offer away if the map has changed since, or another slice is current.
     void DropIfPast();
 
 private:

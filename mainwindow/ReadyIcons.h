@@ -15,10 +15,10 @@ struct ReadyIcon {
     IconLook look;
     const std::uint32_t *pixels; // premultiplied, row by row
 };
-// The lines of icons/ready.txt, each in the four looks of its sides.
+// For each line of icons/ready.txt and each of its sides: light and dark, enabled and disabled.
 std::span<const ReadyIcon> ReadyIcons();
 
-// A null image where none is ready. The pixels are the table's own.
+// A null image where none is ready. The image refers to the pixels of the table.
 QImage FindReadyIcon(const QString &name, const IconLook &look);
 
 } // namespace mainwindow

@@ -35,7 +35,7 @@ RecentMap Described(const QString &path, const QDateTime &now, const QLocale &lo
     return map;
 }
 
-// Without seconds, which the plainest locale has even here.
+// Without seconds, which the C locale has even in its short format.
 QString TimeText(const QTime &time, const QLocale &locale) {
     return locale.toString(time, locale.timeFormat(QLocale::ShortFormat).remove(QStringLiteral(":ss")));
 }

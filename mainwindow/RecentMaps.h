@@ -13,8 +13,7 @@ class clsMRU;
 namespace mainwindow {
 
 struct RecentMap {
-    // Nobody looks on another machine whether a map is there: that could take long, and would tell it of the
-    // user.
+    // OnNetwork: not looked for, which could take long and would tell the other machine of the user.
     enum class State { There, Gone, OnNetwork };
 
     QString path;
@@ -25,8 +24,7 @@ struct RecentMap {
     friend bool operator==(const RecentMap &, const RecentMap &) = default;
 };
 
-// The first `most` of the list, most recent first, those that are gone too. A path that stands there twice
-// comes once.
+// The first `most` paths of the list, most recent first, each once, those of missing maps included.
 std::vector<RecentMap> RecentMaps(const settings::clsMRU &list, int most, const QDateTime &now,
                                   const QLocale &locale = QLocale());
 

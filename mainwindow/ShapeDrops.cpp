@@ -23,7 +23,8 @@ bool ShapeDrops::eventFilter(QObject *, QEvent *event) {
     return shape.has_value();
 }
 
-// The drag enters the window beside the page. The node comes once the drag has ended.
+// Entering is accepted everywhere, as the drag enters the window beside the page; else it would get no moves.
+// The node comes once the drag has ended.
 void ShapeDrops::Take(QDropEvent &event, int shape) {
     QWidget &page = *window_.CurrentView().viewport();
     const QPoint at = page.mapFrom(&window_, event.position().toPoint());

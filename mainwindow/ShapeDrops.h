@@ -9,8 +9,8 @@ namespace mainwindow {
 
 class frmMain;
 
-// Takes what the window is told of such drags; all others go on to whoever takes those. A drop places a node
-// of the shape, as a click does.
+// Filters the window's drag events of shapes; other drags go on to the other filters of the window. A drop
+// places a node of the shape, as a click does.
 class ShapeDrops : public QObject {
 public:
     explicit ShapeDrops(frmMain &window);

@@ -2,8 +2,8 @@
 
 #include "mainwindow/Icons.h"
 #include "mainwindow/MenuColumns.h"
+#include "widgets/PopupPlace.h"
 #include "widgets/ShapeNames.h"
-#include "widgets/ShapePopup.h"
 
 #include <QScreen>
 #include <QToolButton>

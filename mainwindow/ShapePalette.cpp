@@ -29,7 +29,7 @@ ShapePalette::ShapePalette(frmMain &window) : window_(window), drops_(std::make_
     if (ShapeStrip::IsWanted()) MakeStrip();
 }
 
-// The strip looks at the window, which is still whole.
+// Not left to the end of the window's children: the strip's destructor asks the window for its dock area.
 ShapePalette::~ShapePalette() { delete strip_; }
 
 void ShapePalette::SetButton(QToolBar &bar, QAction &button) {
@@ -45,7 +45,7 @@ void ShapePalette::PopUp() {
                          [this](int shape) { Choose(shape); });
     }
     popup_->Grid().SetRecent(RecentShapes());
-    ShowChosen(); // the press toggled the button, too
+    ShowChosen(); // the press has toggled the button
     const QWidget *button = bar_ ? bar_->widgetForAction(button_) : nullptr;
     const QWidget &place = button && button->isVisible() ? *button : window_.CurrentView();
     const QSize size = button == &place ? place.size() : QSize(1, 1);
@@ -87,7 +87,7 @@ void ShapePalette::SetStripShown(bool shown) {
 
 std::optional<int> ShapePalette::Chosen() const { return window_.Views().ShapeToDraw(); }
 
-// What stands first changes when the grid is seen the next time, not under the pointer.
+// The recent shapes at the top of the grids change when these are shown the next time, not under the pointer.
 void ShapePalette::Choose(int shape) {
     window_.Start().Leave();
     window_.Views().SetShapeToDraw(shape);
@@ -120,8 +120,8 @@ void ShapePalette::ShowChosen() {
     button_->setCheckable(shape.has_value());
     button_->setChecked(shape.has_value());
     const QString name = shape ? widgets::ShapeCaption(*shape) : frmMain::tr("choose one to draw with");
-    const QKeySequence keys(QLatin1String(FindCommand(QStringLiteral("keyShapes"))->keys));
-    button_->setToolTip(frmMain::tr("Shape: %1 (%2)").arg(name, keys.toString(QKeySequence::NativeText)));
+    const QString keys = KeysOf(*FindCommand(QStringLiteral("keyShapes")));
+    button_->setToolTip(frmMain::tr("Shape: %1 (%2)").arg(name, keys));
 }
 
 } // namespace mainwindow

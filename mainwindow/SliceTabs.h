@@ -12,9 +12,9 @@ public:
     explicit SliceTabs(QWidget *parent);
 
 Q_SIGNALS:
-    // The user's hand is on the tabs: before anything else is asked or another tab is selected.
+    // The mouse, the wheel or a key is about to act on the tabs.
     void Touched();
-    // The tab `from` was dropped so that it shall stand at `to`, positions before it is taken out.
+    // The tab at `from` was dragged to where its position is to be `to`.
     void MoveAsked(int from, int to);
     void RenameAsked(int tab);
     // With `at` in global pixels.

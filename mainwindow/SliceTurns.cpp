@@ -119,7 +119,7 @@ void SliceTurns::End() {
     turn_.clear();
     if (QListWidget *list = std::exchange(list_, nullptr)) {
         list->hide();
-        list->deleteLater(); // a press may stand on it
+        list->deleteLater(); // it may be handling a press
     }
     if (window_.TabStrip().TheTab() >= 0) Selected(window_.TabStrip().TheTab());
 }
@@ -145,7 +145,7 @@ void SliceTurns::ShowList() {
     list_->raise();
 }
 
-// As long as Ctrl is held.
+// Installed while Ctrl is held.
 bool SliceTurns::eventFilter(QObject *watched, QEvent *event) {
     if (IsRelease(*event) || event->type() == QEvent::ApplicationDeactivate ||
         (watched == &window_ && event->type() == QEvent::WindowDeactivate)) {

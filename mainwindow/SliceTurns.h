@@ -1,4 +1,4 @@
-// Going through the slices in the order in which they were used last, as long as Ctrl is held.
+// Switches between slices in the order in which they were last used, as long as Ctrl is held.
 #pragma once
 
 #include <QObject>
@@ -18,12 +18,12 @@ public:
     SliceTurns(frmMain &window, QWidget *place);
     ~SliceTurns() override;
 
-    // A tab was selected, by whatever way.
+    // To be told of each tab that is selected.
     void Selected(int tab);
-    // Another map has come: none was used but the one on top.
+    // Another map was loaded: only the current tab counts as used.
     void Forget();
-    // Goes on by one slice, 1 to the one used before, -1 to the one used longest ago; at once the first time,
-    // further with each call while Ctrl is held. Then the slice that is shown becomes the one used last.
+    // Goes to the next slice of the order: 1 to the one used before, -1 to the one used longest ago. Further
+    // calls go on from there until Ctrl is released; then the slice that is shown becomes the one used last.
     void Turn(int step);
     // The tabs, from the one used last to the one used longest ago; those that were never used stand behind,
     // in their own order.

@@ -43,7 +43,7 @@ void SliceViews::Add(diagram::Surface &surface) {
     view->SetDescriber(
         [this](const diagram::Item &item) { return ItemDescription(item, window_.clsSettings()); });
     view->SetDays(*days_);
-    view->lower(); // what is on top stays so until its tab is selected
+    view->lower(); // below the current one, until its tab is selected
     views_[surface.Index()] = std::move(view);
     if (WindowJournal *journal = window_.Journal()) journal->Watch(surface);
     window_.picRHS_Resize();
@@ -72,7 +72,7 @@ void SliceViews::SetShapeToDraw(std::optional<int> shape) {
 void SliceViews::Remove(diagram::Surface &surface) {
     window_.Status().HiddenMayDiffer();
     window_.TheOverview().Leave(surface);
-    // The focus of a widget that goes would land just anywhere.
+    // Left alone, the focus of a deleted widget goes to an arbitrary one.
     if (At(surface.Index()).hasFocus() && surface.Index() > 0) At(0).setFocus();
     if (WindowJournal *journal = window_.Journal()) journal->Unwatch(surface);
     views_.erase(surface.Index());

@@ -32,8 +32,8 @@ public:
     SliceViews(const SliceViews &) = delete;
     SliceViews &operator=(const SliceViews &) = delete;
 
-    // By the slot of the surface. Once a surface's slot goes, its view must. The journal of the window
-    // follows.
+    // Makes the view of a surface, which is found by the surface's slot, and has the window's journal watch
+    // the surface. Remove must come before the surface goes.
     void Add(diagram::Surface &surface);
     void Remove(diagram::Surface &surface);
     bool Has(int index) const { return views_.contains(index); }
@@ -49,7 +49,7 @@ public:
     // The shape of the nodes that are drawn next, on all slices; none: that of the default node.
     void SetShapeToDraw(std::optional<int> shape);
     std::optional<int> ShapeToDraw() const { return shape_; }
-    // Keeps what was typed so far, and lets the typing go on.
+    // Stores what was typed so far, without ending the editing.
     void StoreTexts();
 
 private:
@@ -58,7 +58,7 @@ private:
 
     frmMain &window_;
     QWidget *place_;
-    std::unique_ptr<timeline::DaysOfStrip> days_; // the views look at it
+    std::unique_ptr<timeline::DaysOfStrip> days_; // outlives the views, which ask it
     std::unique_ptr<SurfaceSink> sink_;
     std::map<int, std::unique_ptr<diagram::SurfaceView>> views_;
     std::optional<int> shape_;

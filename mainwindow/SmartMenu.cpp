@@ -65,7 +65,7 @@ QAction *SmartMenu::MakeEntry(QWidget *owner, const QString &key, const QString 
     return entry;
 }
 
-// A key of the surface is only shown: no shortcut reaches an entry by that context but from the menu itself.
+// The context of a surface's key keeps it from working as a shortcut: the menu only shows it.
 void SmartMenu::AddKeys(const CommandRow &row, QAction &entry) {
     QList<QKeySequence> keys;
     for (const char *column : {row.accelerator, row.keys, row.surfaceKey})
@@ -92,7 +92,7 @@ bool SmartMenu::Value(const QString &key) const {
     return entry && entry->isChecked();
 }
 
-// What an entry is changes what the menu is. NOLINTNEXTLINE(readability-make-member-function-const)
+// The entries are part of the menu's state. NOLINTNEXTLINE(readability-make-member-function-const)
 void SmartMenu::SetValue(const QString &key, bool checked) {
     if (QAction *entry = Item(key)) entry->setChecked(checked);
 }

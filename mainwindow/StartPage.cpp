@@ -32,9 +32,9 @@ constexpr char kFile[] = "file"; // property of a card
 
 QString FileOf(const StartCard &card) { return card.property(kFile).toString(); }
 
-// How far it is to `to` in the direction of the key, sideways counting double; below 0 for one that lies
-// elsewhere.
-int Route(const QRect &from, const QRect &to, int key) {
+// The distance in the direction of the arrow key, sideways counting double; negative for a card that doesn't
+// lie in that direction.
+int DistanceTo(const QRect &from, const QRect &to, int key) {
     const QPoint way = to.center() - from.center();
     const bool across = key == Qt::Key_Left || key == Qt::Key_Right;
     const int along = key == Qt::Key_Left || key == Qt::Key_Up ? (across ? -way.x() : -way.y())
@@ -81,7 +81,7 @@ void StartPage::Build() {
     columns_->setSpacing(kBetweenColumns);
     page->addLayout(columns_);
     auto *start = new QVBoxLayout, *recent = new QVBoxLayout;
-    for (QBoxLayout *column : {start, recent}) column->setSpacing(kSpacing); // not that between them
+    for (QBoxLayout *column : {start, recent}) column->setSpacing(kSpacing); // else that of columns_
     columns_->addLayout(start);
     columns_->addLayout(recent, 1);
     AddHeading(*start, tr("Start"), kHeadingSize);
@@ -237,7 +237,7 @@ void StartPage::FocusBeside(const StartCard &card, int key) {
     StartCard *best = nullptr;
     int shortest = -1;
     for (StartCard *other : Cards()) {
-        const int way = Route(card.geometry(), other->geometry(), key);
+        const int way = DistanceTo(card.geometry(), other->geometry(), key);
         if (way < 0 || (best && way >= shortest)) continue;
         best = other;
         shortest = way;

@@ -1,4 +1,4 @@
-// What an empty window shows over its surface: how to begin, recent maps, templates.
+// The page that an empty window shows over its surface: how to begin, recent maps, templates.
 #pragma once
 
 #include "mainwindow/RecentMaps.h"
@@ -16,28 +16,28 @@ class StartCard;
 struct StartTemplate;
 class TileLayout;
 
-// The page has no say in the window: it tells what was asked for. Cards are named after what they do:
-// "startNew", "startOpen", "startMap" and "startTemplate".
+// Only emits what the user asks for. The object names of the cards are "startNew", "startOpen", "startMap"
+// and "startTemplate".
 class StartPage : public QScrollArea {
     Q_OBJECT
 public:
-    // `below` gives the widget that a press beside the cards, or a drag that begins on one, goes to: the page
-    // is gone then.
+    // `below` gives the widget that takes over a press beside the cards, or a drag that begins on one; the
+    // page goes then.
     StartPage(std::function<QWidget *()> below, QWidget *parent);
 
     void SetRecent(const std::vector<RecentMap> &maps);
     // Shows as many as fit into a row, or two in a narrow window.
     void SetTemplates(const std::vector<StartTemplate> &templates);
-    // Of a map or template that the page shows; none for others.
+    // Gives the cards of that map or template their picture.
     void SetPicture(const QString &file, const QImage &picture);
     void RemoveMap(const QString &path);
     void SetShowsAtStart(bool shows);
     void FocusFirst();
-    // Whether the mouse is down in a drag that goes to the surface: the page can't be seen any more then, and
-    // must not go before it has said Dismissed.
+    // Whether a drag is being handed to the surface. The page is out of sight then, but must not be deleted
+    // or hidden before it emits Dismissed.
     bool HandsOver() const { return handsOver_; }
 
-    // All that can be seen, in the order of Tab, but for the check box.
+    // The cards that are shown, in the order of Tab.
     std::vector<StartCard *> Cards() const;
     QCheckBox &ShowsAtStart() const { return *showsAtStart_; }
 
@@ -81,7 +81,7 @@ private:
     QCheckBox *showsAtStart_ = nullptr;
     StartCard *new_ = nullptr, *open_ = nullptr;
     std::vector<StartCard *> mapCards_, templateCards_;
-    QWidget *handsOver_ = nullptr; // gets the mouse of the drag that is passed on
+    QWidget *handsOver_ = nullptr; // receives the mouse events of the drag that are passed on
 };
 
 } // namespace mainwindow

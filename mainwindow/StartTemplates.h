@@ -13,8 +13,8 @@ struct StartTemplate {
     QIcon icon; // its own, or the drawn one of templates
 };
 
-// The first ones of all folders of templates: one of each folder in turn, so that few show much. Only those
-// that a click loads; what can't be read is left out.
+// At most that many templates, one of each folder in turn, so that even a few show the variety. Files for
+// other programs, and what can't be read, are left out.
 std::vector<StartTemplate> StartTemplates(int most);
 
 } // namespace mainwindow

@@ -8,7 +8,7 @@ namespace mainwindow {
 
 namespace {
 constexpr qreal kCorner = 4;  // pixels
-constexpr double kTint = 0.3; // of the accent, behind what is so everywhere
+constexpr double kTint = 0.3; // opacity of the accent behind a pressed button
 } // namespace
 
 StateButton::StateButton(QWidget *parent) : QToolButton(parent) {
@@ -24,7 +24,8 @@ void StateButton::ShowState(Shared state) {
     update();
 }
 
-// The action itself is none to check: a click doesn't decide what is so.
+// The action isn't checkable, so that a click doesn't toggle it. The button copies that from its action at
+// each change, and is made checkable again.
 void StateButton::PressIn() {
     setCheckable(true);
     setChecked(state_ == Shared::Everywhere);

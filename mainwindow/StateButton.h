@@ -1,4 +1,4 @@
-// A button of a toolbar that shows what is so in the selection.
+// A toolbar button for a property of the selection, such as bold.
 #pragma once
 
 #include "mainwindow/Look.h"
@@ -8,8 +8,8 @@
 
 namespace mainwindow {
 
-// Looks pressed where it is so everywhere, and framed by dashes where it is so here and there. A click runs
-// the button's action and leaves the look to ShowState.
+// Looks pressed where all of the selection has the property, and has a dashed frame where a part of it has. A
+// click runs the button's action; how the button looks is up to ShowState.
 class StateButton : public QToolButton {
     Q_OBJECT
 public:
@@ -27,7 +27,7 @@ private:
     Shared state_ = Shared::Nowhere;
 };
 
-// Stands in a toolbar as such a button.
+// An action that a toolbar shows as such a button.
 class StateAction : public QWidgetAction {
     Q_OBJECT
 public:

@@ -98,12 +98,13 @@ void SurfaceSink::ItemChanged(diagram::Item &, diagram::Change what) {
     using enum diagram::Change;
     if (diagram::Has(what, Look | Text | Selection)) form_.Look().MayDiffer();
     if (what != Selection) form_.Printing().SliceChanged();
-    if (diagram::Has(what, diagram::Change::Visibility | diagram::Change::Data))
+    if (diagram::Has(what, Visibility | Data))
         form_.Status().HiddenMayDiffer();
     else
         form_.ScheduleUpdate();
 }
-void SurfaceSink::ItemRemoved(diagram::Item &) {
+void SurfaceSink::ItemRemoved(diagram::Item &) { NoteRemoval(); }
+void SurfaceSink::NoteRemoval() {
     form_.Status().HiddenMayDiffer();
     form_.Look().MayDiffer();
     form_.Printing().SliceChanged();
@@ -112,10 +113,6 @@ void SurfaceSink::SurfaceChanged(diagram::Change) {
     form_.ScheduleUpdate();
     form_.Printing().SliceChanged();
 }
-void SurfaceSink::Cleared() {
-    form_.Status().HiddenMayDiffer();
-    form_.Look().MayDiffer();
-    form_.Printing().SliceChanged();
-}
+void SurfaceSink::Cleared() { NoteRemoval(); }
 
 } // namespace mainwindow

@@ -1,9 +1,9 @@
-// What the surfaces of a window tell: events go to the handlers AddFlow1_..., writes make the window look at
-// its entries again. Errors of the handlers are reported here.
+// Hands what the surfaces of a window tell to the window: events to the handlers AddFlow1_..., whose errors
+// are reported here, and changes to whatever shows something of the surface.
 #pragma once
 
-#include "diagram/model/ChangeLog.h"
 #include "diagram/model/SurfaceEvents.h"
+#include "diagram/model/SurfaceObserver.h"
 
 namespace mainwindow {
 
@@ -42,6 +42,8 @@ public:
     void Cleared() override;
 
 private:
+    void NoteRemoval();
+
     frmMain &form_;
 };
 

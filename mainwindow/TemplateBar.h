@@ -31,16 +31,16 @@ public:
     const BarFilling &Filling() const { return *filling_; }
     TemplateTip &Tip() const { return *tip_; }
 
-    // Builds the bars anew, without their items: from the folders, or as a copy of an older window's bar with
-    // the items that it has.
+    // Builds the bars anew: from the folders, without their items, or as a copy of the oldest window's bars
+    // with the items that these have.
     void LoadRadBar();
-    // Fills the bar with those files of the folder, whole folders piece by piece while the window goes on.
+    // Begins to fill the bar with those files of the folder; a few at a time are read between events.
     void LoadBarDetails(int Bar, const QString &Folder, const QStringList &Files);
     void RB_BarClick(int Bar);
     void tmrBar_Timer();
     void RB_ItemClick(int Item, int Bar);
 
-    // The file has another name in all windows from now on; an empty one: it is gone.
+    // Shows in all windows that the file has another path now, or is gone: an empty one.
     static void FollowFile(const QString &former, const QString &now);
     // Reads the folders anew, for all windows. What was open is open again.
     static void Refresh();
@@ -57,7 +57,6 @@ private:
     void Drag(int bar, int item);
     void ShowTip(int bar, int item, const QRect &place);
     void UpdateTip(const QString &file);
-    QImage Preview(const QString &file);
     void ShowMenu(int bar, int item, const QPoint &at);
     void AddItemEntries(QMenu &menu, int bar, int item);
     void AddListEntries(QMenu &menu, int bar);

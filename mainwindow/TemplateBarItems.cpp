@@ -37,7 +37,7 @@ QAction *AddEntry(QMenu &menu, const QString &icon, const QString &text, const Q
 void TemplateBar::Drag(int bar, int item) {
     const ListBarItem dragged = rb_->Item(bar, item);
     if (!IsTemplate(dragged)) return;
-    QImage picture = Preview(dragged.key);
+    QImage picture = previews_->Ready(dragged.key);
     auto *drag = new QDrag(rb_);
     drag->setMimeData(DragData(dragged.key).release());
     if (picture.isNull()) {
@@ -52,8 +52,6 @@ void TemplateBar::Drag(int bar, int item) {
     drag->exec(Qt::CopyAction);
 }
 
-QImage TemplateBar::Preview(const QString &file) { return previews_->Ready(file); }
-
 void TemplateBar::ShowTip(int bar, int item, const QRect &place) {
     tipped_ = rb_->Item(bar, item);
     tipPlace_ = place;
@@ -61,11 +59,12 @@ void TemplateBar::ShowTip(int bar, int item, const QRect &place) {
     const bool isTemplate = IsTemplate(tipped_);
     if (isTemplate) previews_->Prepare(tipped_.key);
     tip_->ShowBeside(place, isTemplate ? tipped_.caption : support::FileTitle(tipped_.key),
-                     isTemplate ? Preview(tipped_.key) : QImage());
+                     isTemplate ? previews_->Ready(tipped_.key) : QImage());
 }
 
 void TemplateBar::UpdateTip(const QString &file) {
-    if (tip_->isVisible() && file == tipped_.key) tip_->ShowBeside(tipPlace_, tipped_.caption, Preview(file));
+    if (tip_->isVisible() && file == tipped_.key)
+        tip_->ShowBeside(tipPlace_, tipped_.caption, previews_->Ready(file));
 }
 
 void TemplateBar::ShowMenu(int bar, int item, const QPoint &at) {

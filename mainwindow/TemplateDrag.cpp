@@ -1,8 +1,8 @@
 #include "mainwindow/TemplateDrag.h"
 
-#include "diagram/view/SurfaceView.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/OwnTemplates.h"
+#include "mainwindow/SurfacePlace.h"
 #include "mainwindow/UseTemplate.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/Settings.h"
@@ -50,10 +50,10 @@ bool TemplateDrops::eventFilter(QObject *, QEvent *event) {
     return true;
 }
 
-// The drag enters the window beside the page, from the bar.
+// Entering is accepted everywhere, as the drag enters the window at the bar; else it would get no moves.
 void TemplateDrops::Accept(QDropEvent &event) {
     if (frmMain::InsideRoutine()) return event.ignore();
-    const bool onSurface = SurfacePlace(event.position().toPoint()).has_value();
+    const bool onSurface = SurfacePlace(window_, event.position().toPoint()).has_value();
     if (onSurface || event.type() == QEvent::DragEnter)
         event.acceptProposedAction();
     else
@@ -65,22 +65,15 @@ void TemplateDrops::Accept(QDropEvent &event) {
         window_.Status().DropHint();
 }
 
-// After the drag has ended.
+// The template is added once the drag has ended.
 void TemplateDrops::Drop(QDropEvent &event) {
     window_.Status().DropHint();
-    const auto place = SurfacePlace(event.position().toPoint());
+    const auto place = SurfacePlace(window_, event.position().toPoint());
     if (!place || frmMain::InsideRoutine()) return event.ignore();
     event.acceptProposedAction();
     QTimer::singleShot(0, &window_, [this, file = DraggedTemplate(*event.mimeData()), at = *place] {
         support::Report("frmMain", "OLEDragDrop", [&] { AddTemplateAt(window_, file, at); });
     });
-}
-
-std::optional<QPointF> TemplateDrops::SurfacePlace(const QPoint &at) const {
-    const diagram::SurfaceView &view = window_.CurrentView();
-    const QPoint pixels = view.viewport()->mapFrom(&window_, at);
-    if (!view.viewport()->rect().contains(pixels)) return std::nullopt;
-    return view.ToSurface(pixels);
 }
 
 } // namespace mainwindow

@@ -2,10 +2,7 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <QObject>
-#include <QPoint>
-#include <QPointF>
 #include <QString>
 
 class QDropEvent;
@@ -15,12 +12,12 @@ namespace mainwindow {
 
 class frmMain;
 
-// What is dragged for a template; no other program, and no other run of this one, makes anything of it.
+// The data of a drag of that template. Only this process can read them.
 std::unique_ptr<QMimeData> DragData(const QString &file);
-// The template of such a drag; empty for any other.
+// The template file of such a drag; empty for any other.
 QString DraggedTemplate(const QMimeData &data);
 
-// Takes what the window is told of such drags; all others go on to whoever takes those.
+// Filters the window's drag events of templates; other drags go on to the other filters of the window.
 class TemplateDrops : public QObject {
 public:
     explicit TemplateDrops(frmMain &window);
@@ -32,8 +29,6 @@ private:
     // Accepts it over the page alone.
     void Accept(QDropEvent &event);
     void Drop(QDropEvent &event);
-    // The twips of the current surface at a pixel of the window; nothing beside the surface.
-    std::optional<QPointF> SurfacePlace(const QPoint &at) const;
 
     frmMain &window_;
 };

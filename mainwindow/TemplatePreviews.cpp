@@ -15,7 +15,7 @@ constexpr int kPixels = 560;             // twice of what is shown, for fine scr
 constexpr int kKept = 24;                // pictures
 constexpr qint64 kLargestFile = 4 << 20; // bytes; a larger one would hold up the window
 
-// Another content has another name here.
+// A key that changes with the content of the file.
 QString StateOf(const QString &file) {
     const QFileInfo info(file);
     return QStringLiteral("%1|%2|%3").arg(file).arg(info.size()).arg(info.lastModified().toMSecsSinceEpoch());

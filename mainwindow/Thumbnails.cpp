@@ -121,7 +121,7 @@ QString ThumbnailCache::UsualFolder() {
 void ThumbnailCache::SetFolder(const QString &folder) { FolderOfAll() = folder; }
 QString ThumbnailCache::Folder() { return FolderOfAll(); }
 
-// Another content has another name here.
+// The name changes with the content of the map or template.
 QString ThumbnailCache::PathOf(const ThumbnailOrder &order) const {
     const QFileInfo info(order.file);
     const QString state = QStringLiteral("%1|%2|%3|%4x%5|%6")

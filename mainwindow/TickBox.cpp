@@ -1,7 +1,7 @@
 #include "mainwindow/TickBox.h"
 
 #include "mainwindow/TickList.h"
-#include "widgets/TickStyle.h"
+#include "widgets/ProgramStyle.h"
 
 #include <QKeyEvent>
 #include <QListView>
@@ -20,11 +20,11 @@ constexpr int kMostRows = 20;   // without scrolling
 constexpr int kKeyRole = Qt::UserRole;
 
 // The list drops below the box, so that what is ticked can be read while one ticks.
-class DropsBelow : public widgets::TickStyle {
+class DropsBelow : public widgets::ProgramStyle {
 public:
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                   QStyleHintReturn *result) const override {
-        return hint == SH_ComboBox_Popup ? 0 : TickStyle::styleHint(hint, option, widget, result);
+        return hint == SH_ComboBox_Popup ? 0 : ProgramStyle::styleHint(hint, option, widget, result);
     }
 };
 } // namespace

@@ -1,16 +1,16 @@
 #include "mainwindow/TimelineCommands.h"
-#include "diagram/model/Actions.h"
-#include "mainwindow/BringIntoSight.h"
 
+#include "diagram/model/Actions.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
 #include "document/SurfaceArray.h"
 #include "document/Tags.h"
-#include "mainwindow/ActionGroup.h"
+#include "mainwindow/BringIntoSight.h"
 #include "mainwindow/CalendarCommands.h"
 #include "mainwindow/DateKeys.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/UndoRedo.h"
+#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/Settings.h"
 #include "timeline/AddTimelineLink.h"
@@ -68,7 +68,7 @@ void SetDates(frmMain &window, const std::vector<diagram::Node *> &nodes,
     if (form.date) timeline::AddTimelineLinks(window, window.CurrentSurface(), dates);
 }
 
-// What the nodes have in common is shown.
+// The form for the dates of the nodes.
 timeline::DateFormArgument FormOf(frmMain &window, const std::vector<diagram::Node *> &nodes) {
     const std::vector<std::optional<QDate>> former = timeline::DatesOf(nodes);
     const QDate today = window.Desktop().clock.Now().date();
@@ -112,7 +112,7 @@ void LineUpOnce(frmMain &window) {
 
 void ChooseLanes(frmMain &window, timeline::Lanes lanes) {
     diagram::Surface &surface = window.CurrentSurface();
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     if (timeline::LanesOf(surface) != lanes) window.clsSettings().Dirty = true;
     timeline::SetLanes(surface, lanes);
     if (timeline::KeepsNodesAtDates(surface)) LineUpOnce(window);
@@ -140,11 +140,11 @@ void TellMoved(frmMain &window, const std::optional<timeline::MovedDates> &moved
     Tell(window, moved->undated == 0 ? where : where + QStringLiteral("; ") + Undated(moved->undated));
 }
 
-// The check shows what has become of the months.
+// ClickTab sets the check to whether months are shown now.
 void mnuViewTimeline(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
     {
-        const ActionGroup step(surface);
+        const UndoStep step(surface);
         timeline::ShowTimeline(window, surface, window.MenuValue(QStringLiteral("mnuViewTimeline")));
     }
     window.ClickTab();
@@ -156,7 +156,7 @@ void mnuViewDefaultNode(frmMain &window) {
     const document::cLevel former = levels.count() > 0 ? levels.Item(1) : document::cLevel();
     const std::uint64_t before = surface.Actions().Revision().step;
     {
-        ActionGroup step(surface);
+        UndoStep step(surface);
         if (!ShowSetup(window, *document::LocateTemplateNode(surface, true), true)) return step.TakeBack();
         document::ApplyDefaults(surface);
     }
@@ -167,7 +167,7 @@ void mnuViewDefaultNode(frmMain &window) {
 
 void mnuViewTimelineSetup(frmMain &window) {
     diagram::Surface &surface = window.CurrentSurface();
-    ActionGroup step(surface);
+    UndoStep step(surface);
     if (!ShowSetup(window, *timeline::LocateTimeLineTemplateNode(surface, true), false))
         return step.TakeBack();
     timeline::ArrangeTimeLineNodes(window, surface, timeline::ArrangementOf(surface));
@@ -181,7 +181,7 @@ void keyDate(frmMain &window) {
     if (!document::Show(window, form)) return;
     std::optional<timeline::MovedDates> moved;
     const bool isFirst = !HasMonths(surface);
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     if (form.step)
         moved = timeline::MoveDates(window, surface, nodes, *form.step);
     else
@@ -190,7 +190,7 @@ void keyDate(frmMain &window) {
     window.ClickTab();
     BringIntoSight(window.CurrentView(), nodes);
     if (moved) TellMoved(window, moved);
-    // Of a strip that goes on the status bar may have to say more.
+    // Only for the first date: where the strip was extended, the status bar may say how far.
     if (isFirst && form.date && !form.last && !timeline::KeepsNodesAtDates(surface))
         Tell(window, frmMain::tr("Ctrl+Shift+T lines @NODEs up by date."));
     if ((form.date || moved) && timeline::IsTimelineHidden(surface))
@@ -204,7 +204,7 @@ void keyWeekLater(frmMain &window) { DateKeys::Of(window).Move({1, Unit::Week});
 void keyWeekEarlier(frmMain &window) { DateKeys::Of(window).Move({-1, Unit::Week}); }
 
 void mnuViewTimelineTidy(frmMain &window) {
-    const ActionGroup step(window.CurrentSurface());
+    const UndoStep step(window.CurrentSurface());
     const int gone = timeline::TidyTimeline(window, window.CurrentSurface());
     if (gone == 0) return Tell(window, frmMain::tr("Every month of the timeline is needed."));
     window.ClickTab();
@@ -212,29 +212,29 @@ void mnuViewTimelineTidy(frmMain &window) {
                            : frmMain::tr("%1 months have gone that no @NODE needs.").arg(gone));
 }
 
-// What the strip itself says of its end stays.
+// Success isn't told, as the status bar may say how far the strip was filled.
 void mnuViewTimelineFill(frmMain &window) {
-    const ActionGroup step(window.CurrentSurface());
+    const UndoStep step(window.CurrentSurface());
     const int come = timeline::FillInMissingMonths(window, window.CurrentSurface());
     if (come == 0) return Tell(window, frmMain::tr("No months are missing."));
     window.ClickTab();
 }
 
 void mnuViewTimelineLineUp(frmMain &window) {
-    const ActionGroup step(window.CurrentSurface());
+    const UndoStep step(window.CurrentSurface());
     LineUpOnce(window);
 }
 
 void mnuViewTimelineKeep(frmMain &window) {
     const QString key = QStringLiteral("mnuViewTimelineKeep");
-    const ActionGroup step(window.CurrentSurface());
+    const UndoStep step(window.CurrentSurface());
     timeline::SetKeepsNodesAtDates(window.CurrentSurface(), window.MenuValue(key));
     window.clsSettings().Dirty = true;
     if (window.MenuValue(key)) LineUpOnce(window);
 }
 
 void mnuViewTimelinePush(frmMain &window) {
-    const ActionGroup step(window.CurrentSurface());
+    const UndoStep step(window.CurrentSurface());
     timeline::SetPushesFollowing(window.CurrentSurface(),
                                  window.MenuValue(QStringLiteral("mnuViewTimelinePush")));
     window.clsSettings().Dirty = true;
@@ -248,7 +248,7 @@ void RenameLanes(frmMain &window) {
     for (const int slot : window.AddFlow1().Indices()) {
         diagram::Surface &surface = window.AddFlow1()[slot];
         if (timeline::LanesOf(surface) == timeline::Lanes::None) continue;
-        const ActionGroup step(surface);
+        const UndoStep step(surface);
         timeline::NoteLanes(window, surface);
     }
 }

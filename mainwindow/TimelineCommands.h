@@ -21,12 +21,12 @@ void mnuViewDefaultNode(frmMain &window);
 void mnuViewTimelineSetup(frmMain &window);
 void mnuViewTimelineTidy(frmMain &window);
 void mnuViewTimelineFill(frmMain &window);
-// Once; and for good, until it is switched off.
+// Lines nodes up by date: once, and again after each change while the switch is on.
 void mnuViewTimelineLineUp(frmMain &window);
 void mnuViewTimelineKeep(frmMain &window);
-// Whether what depends on a node is moved on with it.
+// Switches whether a node that ends later moves those that depend on it.
 void mnuViewTimelinePush(frmMain &window);
-// What lanes are made of; lines up at once where nodes stay at their dates.
+// Choose what the lanes beside the timeline stand for; nodes that stay at their dates are lined up at once.
 void mnuViewLanesNone(frmMain &window);
 void mnuViewLanesLevel(frmMain &window);
 void mnuViewLanesGroup(frmMain &window);
@@ -39,12 +39,13 @@ void keyDayEarlier(frmMain &window);
 void keyWeekLater(frmMain &window);
 void keyWeekEarlier(frmMain &window);
 
-// Writes the names of levels and groups anew beside the timelines that have lanes.
+// Brings the names of lanes beside the timelines in step with the levels and groups.
 void RenameLanes(frmMain &window);
 
-// The selected nodes; links of the timeline end on others.
+// The selected nodes without those of the timeline itself.
 std::vector<diagram::Node *> NodesToDate(const diagram::Surface &surface);
-// Says in the status bar where dates have gone to, nothing where they can't, and how many nodes have none.
+// Says in the status bar to which dates nodes were moved and how many have none; without a value, which years
+// there are.
 void TellMoved(frmMain &window, const std::optional<timeline::MovedDates> &moved);
 
 // Brings the checks of the timeline's menu entries in step with the current slice.

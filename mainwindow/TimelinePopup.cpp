@@ -1,11 +1,11 @@
 #include "mainwindow/TimelinePopup.h"
 
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/Commands.h"
 #include "mainwindow/FoldCommands.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/TimelineMenu.h"
+#include "mainwindow/UndoStep.h"
 #include "timeline/Arrange.h"
 #include "timeline/Folding.h"
 #include "timeline/TimelineNodes.h"
@@ -62,7 +62,7 @@ diagram::Node *TimelinePopup::Month() const {
 
 void TimelinePopup::Hide() {
     diagram::Surface &surface = window_.CurrentSurface();
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     if (diagram::Node *month = Month()) timeline::HideMonth(*month);
     surface.UnselectAll();
     month_ = {-1, diagram::kNoItem};
@@ -71,7 +71,7 @@ void TimelinePopup::Hide() {
 }
 
 void TimelinePopup::UnHide() {
-    const ActionGroup step(window_.CurrentSurface());
+    const UndoStep step(window_.CurrentSurface());
     timeline::DoUnHideTimelineNodes(window_, window_.CurrentSurface());
     window_.ClickTab();
 }

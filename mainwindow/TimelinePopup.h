@@ -26,7 +26,7 @@ public:
     void Show(diagram::Node &month, const diagram::SurfaceView &view, const QPointF &twips);
     // Runs the entry of that key; "Unknown Key " and the key for one that names none.
     void Click(const QString &key);
-    // The month for which it was opened last; null when there is none, or it is gone.
+    // The month for which it was opened last; null when there is none or it was deleted.
     diagram::Node *Month() const;
 
 private:
@@ -42,7 +42,7 @@ private:
 
     frmMain &window_;
     TimelineMenu *menu_;
-    // By slot and identity: what the popup was opened for can go while it is open.
+    // Slot and identity, as the month can be deleted while the popup is open.
     std::pair<int, diagram::ItemId> month_{-1, diagram::kNoItem};
 };
 

@@ -16,12 +16,12 @@ enum class ButtonStyle { Push, Check, DropDown, Separator };
 
 struct ButtonRow {
     const char *key;
-    const char *tag; // its image; longer than one character, else the button keeps none
+    const char *tag; // its image; a button whose tag has one character or none has no image
     const char *tip; // with placeholders of the product terms
     ButtonStyle style = ButtonStyle::Push;
     Needs needs = Needs::Nothing;
-    const char *command = ""; // that does the same
-    bool showsState = false;  // of the selection
+    const char *command = ""; // the key of the command that does the same
+    bool showsState = false;  // of the selection, as a StateButton
 };
 
 std::span<const ButtonRow> MainButtons();   // tlbMain

@@ -16,22 +16,23 @@ public:
     // The window must live longer.
     explicit UndoRedo(frmMain &window) : window_(window) {}
 
-    // Nothing where the window holds an undo up.
+    // Does nothing where PutBack::StopsUndo.
     void Undo();
     void Redo();
 
-    // A step of the surface that gave a level another colour as well. `before` and `after` are the steps of
-    // the surface's revision then.
+    // A step of undo that also gave a level another colour. `before` and `after` are the steps in the
+    // surface's revisions around it.
     struct LevelColour {
         std::uint64_t before, after;
         QString level; // key
         support::Colour former, chosen;
     };
+    // Undo and redo of the step change the level's colour too.
     void Note(const LevelColour &step);
 
 private:
     void Follow(std::uint64_t from, std::uint64_t to);
-    // Unless the level has been given a third colour since.
+    // Leaves a level alone that has another colour than `from` by now.
     void GiveColour(const QString &level, support::Colour from, support::Colour to);
 
     frmMain &window_;

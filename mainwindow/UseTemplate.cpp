@@ -3,6 +3,7 @@
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/OpenAttachment.h"
 #include "mainwindow/frmMain.h"
+#include "mainwindow/Hourglass.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/clsRB.h"
@@ -11,22 +12,7 @@
 
 namespace mainwindow {
 
-using document::pointer::kHourglass;
-using document::pointer::kNormal;
-
 namespace {
-
-// The wait pointer for a piece of work, however it ends.
-class Waiting {
-public:
-    explicit Waiting(frmMain &window) : window_(window) { window.SetMousePointer(kHourglass); }
-    ~Waiting() { window_.SetMousePointer(kNormal); }
-    Waiting(const Waiting &) = delete;
-    Waiting &operator=(const Waiting &) = delete;
-
-private:
-    frmMain &window_;
-};
 
 // The entries of all windows show whether the next click asks.
 std::int32_t Ask() {
@@ -57,12 +43,12 @@ void ShowChanged(frmMain &window) {
 
 void UseTemplate(frmMain &window, const QString &file) {
     window.Views().EndEdits();
-    window.SetMousePointer(kNormal);
+    window.SetMousePointer(document::pointer::kNormal);
     const std::int32_t choice = Ask();
     if (choice == settings::clsRB::kCancel) return;
-    templates::SurfaceFileOf(file); // one that can't be read makes no slice
+    templates::SurfaceFileOf(file); // raises its error before a slice is made for it
     if (choice == settings::clsRB::kNew && !MakesNewSlice(window)) return;
-    const Waiting waiting(window);
+    const Hourglass hourglass(window);
     window.DoEvents();
     templates::LoadTemplate(window, window.CurrentSurface(), file);
     ShowChanged(window);
@@ -70,13 +56,13 @@ void UseTemplate(frmMain &window, const QString &file) {
 
 void AddTemplateAt(frmMain &window, const QString &file, const QPointF &twips) {
     window.Views().EndEdits();
-    const Waiting waiting(window);
+    const Hourglass hourglass(window);
     templates::InsertTemplate(window, window.CurrentSurface(), file, twips);
     ShowChanged(window);
 }
 
 void OpenExternal(frmMain &window, const QString &file) {
-    const Waiting waiting(window);
+    const Hourglass hourglass(window);
     dialogs::OpenAttachment(window, file);
 }
 

@@ -16,9 +16,9 @@ using document::FilterView;
 
 namespace {
 
-constexpr int kChevron = 9, kEnd = 4; // pixels: the side of its field, and from there to the button's end
+constexpr int kChevron = 9, kEnd = 4; // pixels: the side of the chevron's field, and the room behind it
 
-// An & in a name is no sign of a key.
+// An & in a name must not mark an access key.
 QString EntryText(const QString &name) { return QString(name).replace(u'&', QLatin1String("&&")); }
 
 QString CurrentView(document::clsfrmMain &settings) {
@@ -53,7 +53,7 @@ QRect ViewButton::Chevron() const {
     return QStyle::visualRect(layoutDirection(), rect(), place);
 }
 
-// The style's own sign would stand in the corner below the text.
+// The style would draw its own sign of a menu in the corner, below the text.
 void ViewButton::paintEvent(QPaintEvent *) {
     QStylePainter painter(this);
     QStyleOptionToolButton option;

@@ -8,14 +8,15 @@ namespace mainwindow {
 
 class frmMain;
 
-// Its menu shows the views, the one whose ticks hold with a tick, and keeps, renames and deletes them.
+// Its menu lists the views, checks the one whose ticks are the current ones, and keeps, renames and deletes
+// them.
 class ViewButton : public QToolButton {
     Q_OBJECT
 public:
     ViewButton(frmMain &window, QWidget *parent);
 
     QSize sizeHint() const override;
-    // Where the chevron stands that tells of the menu, at the end of the button.
+    // The place of the chevron, at the end of the button, that stands for the menu.
     QRect Chevron() const;
 
 protected:
@@ -25,7 +26,7 @@ private:
     void FillMenu();
     void AddViews();
     QMenu *AddSubmenu(const char *name, const QString &text, void (ViewButton::*act)(const QString &view));
-    // Errors are told as one of the routine's.
+    // Runs `body` as the routine of that name, and schedules the window's update.
     void Run(const char *routine, const std::function<void()> &body);
     void ShowView(const QString &view);
     void KeepTicks();

@@ -1,15 +1,14 @@
-#include "diagram/geometry/Units.h"
-#include "diagram/model/ScreenValues.h"
+// The menu View, but for Dates (DatesCommands.cpp) and Shapes (ShapeCommands.cpp).
 #include "mainwindow/Commands.h"
 
+#include "diagram/geometry/Units.h"
+#include "diagram/model/ScreenValues.h"
 #include "diagram/scene/Scene.h"
 #include "diagram/view/SurfaceView.h"
 #include "diagram/view/ZoomSteps.h"
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/BarPane.h"
-#include "mainwindow/CalendarCommands.h"
 #include "mainwindow/CommandSearch.h"
-#include "mainwindow/FoldCommands.h"
 #include "mainwindow/frmMain.h"
 #include "mainwindow/LookBar.h"
 #include "mainwindow/Overview.h"
@@ -190,7 +189,7 @@ constexpr EntryKind kMenu = EntryKind::Menu;
 constexpr EntryKind kCommand = EntryKind::Command;
 constexpr EntryKind kCheck = EntryKind::Check;
 
-// The key of the background menu is spelled so.
+// "mnuViewBackgroun" is the key of that menu, without its last letter.
 constexpr CommandRow kRows[] = {
     {"", "mnuView", "&View", kMenu},
     {"mnuView", "mnuViewG", "&Grid", kMenu},
@@ -230,62 +229,17 @@ constexpr CommandRow kRows[] = {
      "toolbar hide show"},
 };
 
-// Behind all others.
-constexpr CommandRow kKeyRows[] = {
+// Behind the other zooms.
+constexpr CommandRow kZoomRows[] = {
     Separator("mnuViewZoom"),
     {"mnuViewZoom", "keyZoomIn", "Zoom &in", kCommand, keyZoomIn, "zoomin", "", "Ctrl++ Ctrl+="},
     {"mnuViewZoom", "keyZoomOut", "Zoom &out", kCommand, keyZoomOut, "zoomout", "", "Ctrl+-"},
     {"mnuViewZoom", "keyZoomSelection", "Zoom to &selection", kCommand, keyZoomSelection, "zoomselection", "",
      "", Needs::Selection, false, "Shows the selection as large as the window allows"},
-    Separator("mnuView"),
-    {"mnuView", "mnuViewPlan", "D&ates", kMenu},
-    {"mnuViewPlan", "keyDate", "&Date...", kCommand, keyDate, "timeline", "", "Ctrl+T", Needs::Selection,
-     false, "Puts the selected @NODEs on a day of the timeline"},
-    {"mnuViewPlan", "mnuViewTimelineLineUp", "&Line up by date", kCommand, mnuViewTimelineLineUp, "lineup",
-     "", "Ctrl+Shift+T", Needs::Nothing, false,
-     "Puts every @NODE with a date beside its day on the timeline"},
-    {"mnuViewPlan", "mnuViewTimelineKeep", "&Keep @NODEs at their dates", kCheck, mnuViewTimelineKeep, "", "",
-     "", Needs::Nothing, false, "Dragging along the timeline changes the date, and a date moves the @NODE"},
-    {"mnuViewPlan", "mnuViewTimelinePush", "&Push what follows", kCheck, mnuViewTimelinePush, "", "", "",
-     Needs::Nothing, false, "A @NODE that ends later moves those that depend on it by as many days"},
-    {"mnuViewPlan", "mnuViewLanes", "L&anes beside the timeline", kMenu},
-    {"mnuViewLanes", "mnuViewLanesNone", "None", kCheck, mnuViewLanesNone, "", "", "", Needs::Nothing, false,
-     "timeline rows"},
-    {"mnuViewLanes", "mnuViewLanesLevel", "By level", kCheck, mnuViewLanesLevel, "", "", "", Needs::Nothing,
-     false, "timeline rows"},
-    {"mnuViewLanes", "mnuViewLanesGroup", "By group", kCheck, mnuViewLanesGroup, "", "", "", Needs::Nothing,
-     false, "timeline rows"},
-    {"mnuViewPlan", "mnuViewTimelineTidy", "&Tidy the timeline", kCommand, mnuViewTimelineTidy, "", "", "",
-     Needs::Nothing, false, "Takes months away that no @NODE needs any more"},
-    {"mnuViewPlan", "mnuViewTimelineFill", "&Fill in missing months", kCommand, mnuViewTimelineFill, "", "",
-     "", Needs::Nothing, false, "Closes the gaps of the timeline"},
-    {"mnuViewPlan", "mnuViewDates", "&Move dates", kMenu},
-    {"mnuViewDates", "keyDayLater", "A &day later", kCommand, keyDayLater, "", "", "Ctrl+Alt+PgDown",
-     Needs::Selection, false, "Moves the dates of the selected @NODEs"},
-    {"mnuViewDates", "keyDayEarlier", "A d&ay earlier", kCommand, keyDayEarlier, "", "", "Ctrl+Alt+PgUp",
-     Needs::Selection, false, "Moves the dates of the selected @NODEs"},
-    {"mnuViewDates", "keyWeekLater", "A &week later", kCommand, keyWeekLater, "", "", "Ctrl+Alt+Shift+PgDown",
-     Needs::Selection, false, "Moves the dates of the selected @NODEs"},
-    {"mnuViewDates", "keyWeekEarlier", "A w&eek earlier", kCommand, keyWeekEarlier, "", "",
-     "Ctrl+Alt+Shift+PgUp", Needs::Selection, false, "Moves the dates of the selected @NODEs"},
-    {"mnuViewPlan", "mnuViewCalendar", "&Beside the timeline", kMenu},
-    {"mnuViewCalendar", "mnuViewBands", "Quarters and years", kCheck, mnuViewBands, "", "", "",
-     Needs::Nothing, false, "calendar bands timeline"},
-    {"mnuViewCalendar", "mnuViewWeekends", "Shade weekends", kCheck, mnuViewWeekends, "", "", "",
-     Needs::Nothing, false, "calendar saturday sunday timeline"},
-    {"mnuViewCalendar", "mnuViewTodayEverywhere", "Today on paper and in pictures", kCheck,
-     mnuViewTodayEverywhere, "", "", "", Needs::Nothing, false, "calendar print line timeline"},
-    {"mnuViewPlan", "mnuViewFold", "F&old the timeline", kMenu},
-    {"mnuViewFold", "keyFoldMonth", "&Month of the selection", kCommand, keyFoldMonth, "", "", "",
-     Needs::Selection, false, "Folds or unfolds the months of the selected @NODEs"},
-    {"mnuViewFold", "keyFoldQuarter", "&Quarter of the selection", kCommand, keyFoldQuarter, "", "", "",
-     Needs::Selection, false, "Folds or unfolds the quarters of the selected @NODEs"},
-    {"mnuViewFold", "keyFoldYear", "&Year of the selection", kCommand, keyFoldYear, "", "", "",
-     Needs::Selection, false, "Folds or unfolds the years of the selected @NODEs"},
-    {"mnuViewFold", "keyFoldEmpty", "Months &without @NODEs", kCommand, keyFoldEmpty, "", "", "",
-     Needs::Nothing, false, "Folds each month of the timeline that has no @NODE"},
-    {"mnuViewFold", "keyUnfoldAll", "&Unfold all", kCommand, keyUnfoldAll, "", "", "", Needs::Nothing, false,
-     "Every folded month of the timeline"},
+};
+
+// At the end of the menu.
+constexpr CommandRow kGoRows[] = {
     Separator("mnuView", "mnuViewSepGo"),
     {"mnuView", "mnuViewGo", "G&o to", kMenu},
     {"mnuViewGo", "keyNextSlice", "&Next @SLICE", kCommand, keyNextSlice, "", "", "Ctrl+PgDown"},
@@ -305,6 +259,7 @@ constexpr CommandRow kKeyRows[] = {
 } // namespace
 
 std::span<const CommandRow> ViewCommands() { return kRows; }
-std::span<const CommandRow> KeyCommands() { return kKeyRows; }
+std::span<const CommandRow> ZoomKeyCommands() { return kZoomRows; }
+std::span<const CommandRow> GoCommands() { return kGoRows; }
 
 } // namespace mainwindow

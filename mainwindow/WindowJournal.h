@@ -9,8 +9,8 @@ class frmMain;
 
 class WindowJournal : public recovery::JournalSource {
 public:
-    // From now on windows that are made keep a journal of their work in a folder below that one; an empty
-    // text ends it.
+    // Windows made from now on keep a journal of their work in a folder below this one; none with an empty
+    // text.
     static void SetFolder(const QString &folder);
     // Null while no folder is set.
     static std::unique_ptr<WindowJournal> For(frmMain &window);
@@ -19,7 +19,7 @@ public:
 
     void Watch(diagram::Surface &surface) { journal_.Watch(surface); }
     void Unwatch(diagram::Surface &surface);
-    // The file holds all now; a journal of later edits begins anew.
+    // The map was saved: a journal of later edits begins anew.
     void Saved() { journal_.Drop(); }
     // The window closes: what it has is saved, or not wanted.
     void Close();

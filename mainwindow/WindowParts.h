@@ -22,15 +22,15 @@ class Toolbar;
 class WindowParts {
 public:
     explicit WindowParts(frmMain &window);
-    // The buttons; the menus must stand already.
+    // Adds the buttons. The menus must have been built.
     void FillToolbars(frmPics &pics);
-    // The entries and buttons that need this of the window's state.
+    // Enables the entries and buttons that need this of the window's state.
     void SetEnabled(Needs needs, bool enabled) const;
 
     SmartMenu *SmartMenuXP1a;
     CommandSearch *search;
     QSplitter *SSSplitter1;
-    QWidget *picRHS; // where the surfaces are
+    QWidget *picRHS; // the panel of the surfaces
     SliceTabs *SSTab_ctl;
     cStatusBar *staMain;
     cProgressBar *prg1;
@@ -46,7 +46,7 @@ private:
     void BuildToolbars();
     void BuildStatusBar();
     void AddFontBoxes(frmPics &pics);
-    // An entry of the menus as a button; a separator for a key that names none.
+    // Adds the menu entry of that key as a button; a separator for a key that names none.
     void AddViewButton(const QString &key) const;
 
     frmMain &window_;

@@ -17,7 +17,8 @@ namespace mainwindow {
 
 namespace {
 
-// What is printed of this map, as the user chose it in this window.
+// Takes over which pages and slices of the map the user has chosen in this window, as far as they are still
+// there.
 void KeepChoice(const print::PageSetup &former, int tabs, print::PageSetup &setup) {
     setup.range = former.range;
     setup.slices = former.slices;
@@ -26,7 +27,8 @@ void KeepChoice(const print::PageSetup &former, int tabs, print::PageSetup &setu
     if (setup.slices == print::Slices::Chosen && setup.chosen.empty()) setup.slices = print::Slices::This;
 }
 
-// The map of the window, as long as it is there and has the slice.
+// Copies the map of the window from the slice that is current now on; an empty map once window or slice are
+// gone.
 print::PrnFlow::Source SourceOf(frmMain &window) {
     const print::SliceMark mark = print::MarkOf(window, window.TabStrip().TheTab());
     return [window = QPointer<frmMain>(&window), mark](const print::PageSetup &setup) {
@@ -53,17 +55,14 @@ std::shared_ptr<print::LoadedPrint> WindowPrinting::Loaded() {
     return frmPrint_ = form;
 }
 
-void WindowPrinting::PrintCurrentSlice(print::LoadedPrint &form) {
-    form.PrnFlow1.SetSource(SourceOf(window_));
-}
-
-// On the slices that are in the preview, as long as it is open and they are where they were.
+// Draws the page breaks of an open preview over its slices, and none once it is closed or slices have come or
+// gone.
 void WindowPrinting::ShowPageBreaks() {
     for (diagram::SurfaceView *view : window_.Views().All()) view->SetPageBreaks({});
     if (!frmPrint_ || !frmPrint_->IsLoaded()) {
         if (!quiet_) return;
         quiet_->stop();
-        quiet_.release()->deleteLater(); // perhaps it is what brought us here
+        quiet_.release()->deleteLater(); // its signal may have led here
         return;
     }
     print::PrnFlow &flow = frmPrint_->PrnFlow1;
@@ -102,7 +101,7 @@ void WindowPrinting::PageSetup() {
 
 void WindowPrinting::Print() {
     const std::shared_ptr<print::LoadedPrint> form = Loaded();
-    PrintCurrentSlice(*form);
+    form->PrnFlow1.SetSource(SourceOf(window_));
     form->PrnFlow1.Preview = false;
     if (!form->HasPrinter()) window_.SetMousePointer(document::pointer::kNormal); // the user will be asked
     std::optional<print::Printed> printed;
@@ -115,9 +114,12 @@ void WindowPrinting::Print() {
 
 void WindowPrinting::Preview() {
     const std::shared_ptr<print::LoadedPrint> form = Loaded();
-    PrintCurrentSlice(*form);
+    form->PrnFlow1.SetSource(SourceOf(window_));
     form->PrnFlow1.Preview = true;
-    if (form->bringUp) return form->bringUp(), form->PrnFlow1.Run();
+    if (form->bringUp) { // the preview is open
+        form->bringUp();
+        return form->PrnFlow1.Run();
+    }
     constexpr int kQuiet = 250; // milliseconds without a change
     quiet_ = std::make_unique<QTimer>();
     quiet_->setSingleShot(true);

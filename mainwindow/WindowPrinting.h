@@ -1,4 +1,4 @@
-// What a window has to do with paper: the page setup, the preview and printing.
+// Page setup, preview and printing of a window.
 #pragma once
 
 #include <memory>
@@ -21,24 +21,24 @@ public:
     void PageSetup();
     // Prints the current slice, or those of the page setup, at once, and says how many pages went where.
     void Print();
+    // Opens the preview of the same, or brings the open one to the front.
     void Preview();
-    // Something that is printed may have changed: an open preview and the page breaks over the surface follow
-    // once nothing has changed for a moment.
+    // Something that is printed may have changed. An open preview and the page breaks over the surface follow
+    // once nothing has changed for a quarter of a second.
     void SliceChanged();
 
-    // frmPrint of this window, loaded where it isn't. A preview that is open has the same.
+    // frmPrint of this window without its form, loaded if it isn't; an open preview uses the same.
     std::shared_ptr<print::LoadedPrint> Loaded();
 
 private:
-    void PrintCurrentSlice(print::LoadedPrint &form);
     bool IsPreviewOpen() const;
     void ShowPageBreaks();
     void Follow();
 
     frmMain &window_;
-    std::unique_ptr<QTimer> quiet_; // while a preview is open
+    std::unique_ptr<QTimer> quiet_; // restarted by changes; null while no preview is open
     std::shared_ptr<print::LoadedPrint> frmPrint_;
-    QString file_; // of the map that the choice of slices and pages was for
+    QString file_; // of the map for which the user chose slices and pages
 };
 
 } // namespace mainwindow

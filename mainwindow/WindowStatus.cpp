@@ -49,12 +49,14 @@ void WindowStatus::HiddenMayDiffer() {
 void WindowStatus::Update() {
     bar_.SetSelection(SelectionText(window_.CurrentSurface()));
     bar_.SetZoom(window_.CurrentView().ShownZoom());
-    if (std::exchange(hiddenMayDiffer_, false)) ShowHiddenCount();
+    if (std::exchange(hiddenMayDiffer_, false)) {
+        ShowTimelineTick(window_);
+        ShowHiddenCount();
+    }
     ShowWhetherSaved();
 }
 
 void WindowStatus::ShowHiddenCount() {
-    ShowTimelineTick(window_);
     const QString nodes = CountedText(std::size_t(window_.Filter().HiddenNodes()), settings::Terms().NODE);
     bar_.SetHidden(nodes.isEmpty() ? nodes : frmMain::tr("%1 hidden").arg(nodes));
 }

@@ -14,21 +14,22 @@ class WindowStatus : public QObject {
 public:
     WindowStatus(frmMain &window, cStatusBar &bar) : window_(window), bar_(bar) {}
 
-    // Says something until the user goes on; DropHint takes it away unless something else stands there by
-    // now.
+    // Says something until DropHint takes it away: when the user goes on. What another routine has written
+    // over it stays.
     void TellInPassing(const QString &text);
     void DropHint();
-    // What a view says of a gesture; an empty text takes away what a view said before, and nothing else. What
-    // yields gives way to anything else that a view says.
+    // What a view says of a gesture; an empty text takes away what a view said before, and nothing else. A
+    // hint that `yields` may be replaced by OfferHintOfView.
     void TellHintOfView(const QString &text, bool yields = false);
-    // Something that yields, unless there stands something that doesn't.
+    // Shows a hint that yields, but only over another one that does or where nothing stands.
     void OfferHintOfView(const QString &text);
-    // That the program has no such thing yet.
+    // Says that the program hasn't got `what` yet.
     void TellNotYet(const QString &what);
 
-    // Selection, zoom, hidden nodes, and whether all is saved. Hidden nodes are counted only where they may
-    // differ, as every node is looked at.
+    // Shows selection, zoom, hidden nodes, and whether all is saved.
     void Update();
+    // The next update counts the hidden nodes anew, which looks at every node, and checks the timeline's menu
+    // entries accordingly.
     void HiddenMayDiffer();
 
 Q_SIGNALS:
@@ -44,7 +45,7 @@ private:
     cStatusBar &bar_;
     QString hint_;
     QString hintOfView_;
-    bool yields_ = false; // what a view said last
+    bool yields_ = false; // hintOfView_
     bool hiddenMayDiffer_ = true;
     bool unsaved_ = false; // as last shown
 };

@@ -23,7 +23,7 @@ public:
     void SetSelection(const QString &text);
     // What is hidden, in words, on a button that is there only while the text isn't empty.
     void SetHidden(const QString &text);
-    // A button beside the status text.
+    // Shows or hides the button of PutBackClicked beside the status text.
     void OfferPutBack(bool on);
     void SetZoom(double percent);
     // Whether all is saved, in words.

@@ -1,5 +1,5 @@
-// The dialog in which slices are added, renamed, removed and reordered. The single commands run through it
-// unseen.
+// The dialog in which slices are added, renamed, removed and reordered. The commands for one of these drive
+// it unseen.
 #pragma once
 
 #include "mainwindow/SliceList.h"
@@ -13,7 +13,7 @@ class QPushButton;
 
 namespace mainwindow {
 
-// Its own argument: whoever wants it edited makes it.
+// The form is its own argument: the caller makes it, and document::Show runs it.
 class frmLayers : public QDialog {
     Q_OBJECT
 public:
@@ -32,7 +32,7 @@ public:
     void cmdUp_Click() { MoveRow(-1); }
     void cmdDown_Click() { MoveRow(1); }
     void cmdOK_Click();
-    // What the single commands end with: OK, unless the list is as it was given.
+    // OK, unless the list is as it was given: for commands that drive the form unseen.
     void OkIfEdited();
 
 private:

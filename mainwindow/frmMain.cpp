@@ -4,8 +4,6 @@
 #include "document/DefaultNodes.h"
 #include "document/DoLoad.h"
 #include "mainwindow/BarPane.h"
-#include "mainwindow/cProgressOnStatusBar.h"
-#include "mainwindow/cStatusBar.h"
 #include "mainwindow/DroppedFiles.h"
 #include "mainwindow/FilterBoxes.h"
 #include "mainwindow/Finder.h"
@@ -48,7 +46,7 @@ namespace {
 // How far a window keeps from one that stands in the same place, in pixels.
 constexpr QPoint kAside(28, 28);
 
-// Positions before this one are looked at for recent files: four entries.
+// GetFiles looks at the positions below this one: four recent files.
 constexpr int kRecentFilesLimit = 5;
 
 int NextNumber() {
@@ -58,7 +56,7 @@ int NextNumber() {
     return highest + 1;
 }
 
-// A new window that covered another one exactly would look like none.
+// Moves the window until it covers no other one exactly: it would seem not to be there.
 void StepAside(frmMain &window) {
     const std::vector<frmMain *> forms = frmMain::Forms();
     const auto covered = [&](const frmMain *form) {
@@ -76,7 +74,7 @@ frmMain::frmMain(support::Desktop &desktop) : desktop_(desktop) {
 }
 
 frmMain::~frmMain() {
-    // The focus goes on while the controls go.
+    // The focus moves on while the controls are destroyed, which must not reach this window any more.
     qApp->disconnect(this);
     filter_.reset();
     overview_.reset(); // watches a surface
@@ -147,7 +145,7 @@ void frmMain::Form_Activate() {
     CurrentView().setFocus();
 }
 
-// A map that is just being loaded goes first.
+// Waits while a map is being loaded.
 void frmMain::LookForPrinters() {
     if (InsideRoutine()) return printersWait_.start();
     parts_->SetEnabled(Needs::Printers, !desktop_.printers.Names().isEmpty());

@@ -24,7 +24,6 @@ class CommandSearch;
 class DroppedFiles;
 class FilterBoxes;
 class Finder;
-class frmLayers;
 class frmPics;
 class LookBar;
 class LostMapOffers;
@@ -45,8 +44,8 @@ class WindowParts;
 class WindowPrinting;
 class WindowStatus;
 
-// Deletes itself when it was closed. A new window is loaded and not shown; what its start raises reaches the
-// creator, such as error 3024 for a template.tpl that is missing.
+// Deletes itself when it is closed. The constructor loads the window without showing it; its errors reach the
+// caller, such as 3024 for a missing template.tpl.
 class frmMain : public QMainWindow, public document::MapWindow {
     Q_OBJECT
 public:
@@ -76,9 +75,10 @@ public:
     void DrawMenuBar() override;
     std::optional<bool> ShowsTimeline() override;
 
-    // Whether both texts of the nodes are shown: the state of the button, for all slices and maps that this
-    // window shows. Presses and releases a button of check style, and runs it.
+    // Whether both texts of the nodes are shown: the state of the button DISPLAY, for all slices and maps
+    // that this window shows.
     bool DisplayPressed() const;
+    // Runs the button, toggling it first if it can be checked.
     void ClickFormatButton(const QString &key);
     int MousePointer() const { return mousePointer_; }
     // The slot of the selected tab's surface, or -1 while it has none. Tabs stand without gaps, in the order
@@ -87,9 +87,10 @@ public:
     // The surface of the selected tab and its view; error 340 when it has none.
     diagram::Surface &CurrentSurface();
     diagram::SurfaceView &CurrentView();
-    // Makes room for what stands around the surface.
+    // Lays out the panel: bars, surface and tabs.
     void picRHS_Resize();
-    // Whether a routine of some window lets events run and goes on with its windows afterwards.
+    // Whether a routine of any window lets events run at the moment. It goes on with its window afterwards,
+    // so no window may be closed, and nothing be loaded or asked, until it is over.
     static bool InsideRoutine();
     SliceViews &Views() const { return *views_; }
     WindowStatus &Status() const { return *status_; }
@@ -105,15 +106,15 @@ public:
     PickBox &cboFont() const;
     PickBox &cboFontSize() const;
     void SMXP_Click(const QString &key);
-    // The bar of templates and what is told of it, in the window's own names.
     TemplateBar &Templates() const { return *templates_; }
+    // The routines of the bar of templates, under the window's names for them.
     void LoadRadBar();
     void LoadBarDetails(int Bar, const QString &Folder, const QStringList &Files);
     void RB_BarClick(int Bar);
     void tmrBar_Timer();
     void RB_ItemClick(int Item, int Bar);
-    // The lists of what is shown: filled from the groups and levels, ticked by a click, and applied to all
-    // slices when one of them closes. The map is as clean afterwards as before.
+    // The lists of groups and levels that are shown: filled from the map's pools, ticked by a click, and
+    // applied to all slices when one of them closes. None of this makes the map dirty.
     void LoadGroupCombo();
     void LoadLevelCombo();
     void ssDBGroups_Click(int row);
@@ -129,8 +130,8 @@ public:
     LookBar &Look() const { return *look_; }
     WindowPrinting &Printing() const { return *printing_; }
     CommandSearch &Search() const;
-    // Each runs through frmLayers, unseen but for the last, and rebuilds the slices once the user went
-    // through with it: undo histories are lost and the map is dirty, after an OK even when nothing differs.
+    // DoEditSlices shows frmLayers, the others drive it unseen. After its OK the slices are rebuilt: undo
+    // histories are lost and the map is dirty, even when nothing differs.
     void DoInsertSlice();
     void DoRenameSlice();
     void DoDeleteSlice();
@@ -141,8 +142,9 @@ public:
     // Reads the map into this window; where that fails before anything was read, the former map stays.
     void Load(const QString &path);
     bool HasUnsavedWork();
+    // Whether a routine of this window lets events run at the moment.
     bool LetsEventsRun() const { return lettingEventsRun_; }
-    // Null for a window that keeps none.
+    // Null for a window that keeps no journal.
     WindowJournal *Journal() const { return journal_.get(); }
     LostMapOffers &LostMaps() const { return *lostMaps_; }
     StartOffer &Start() const { return *start_; }
@@ -157,18 +159,18 @@ public:
     // The check of a menu entry; no effect for one that isn't there.
     bool MenuValue(const QString &key) const;
     void SetMenuValue(const QString &key, bool checked);
-    // Whether the question of the template bar would be asked.
+    // Whether a click in the template bar asks before it loads a template.
     bool RHSPrompt() const;
-    // Brings entries, buttons and status in step with selection, history and zoom; the other form does so
-    // once the event that is running has returned.
+    // Brings entries, buttons and status in step with selection, history and zoom.
     void UpdateCommands();
+    // Does so once, when the event that is being handled has returned.
     void ScheduleUpdate();
 
     // Selects the node, unless two or more are selected, and opens its properties; of a timeline node its
     // popup, at x, y (twips from the left top corner of what is seen). A hidden timeline node gets none.
     void ShowNodeProperties(diagram::Node &oNode, float x, float y);
     void ShowLinkProperties(diagram::Link &oLink);
-    // What is offered after links were changed.
+    // The offer to put links back that were changed.
     PutBack &FormerLinks() const { return *putBack_; }
     UndoRedo &History() const { return *history_; }
     // The timeline node whose popup was opened last, or null.
@@ -213,8 +215,9 @@ private:
     void LookForPrinters();
     void Form_Resize();
     void tmrResize_Timer();
-    friend class LongTask;
+    // InsideRoutine is true meanwhile. For DoEvents and LongTask.
     void LetEventsRun(QEventLoop::ProcessEventsFlags flags);
+    friend class LongTask;
     void Form_QueryUnload(bool &cancel);
     void Form_Unload();
     void SSTab_Click();
@@ -246,7 +249,7 @@ private:
     clsTabStrip tabStrip_;
     std::unique_ptr<document::clsfrmMain> clsSettings_;
     document::SurfaceArray AddFlow1_;
-    std::unique_ptr<SliceViews> views_; // go before the surfaces that they show
+    std::unique_ptr<SliceViews> views_; // declared behind AddFlow1_, as views go before their surfaces
     int mousePointer_ = document::pointer::kNormal;
     bool activated_ = false;
     bool painted_ = false;

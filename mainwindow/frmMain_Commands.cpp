@@ -9,7 +9,6 @@
 #include "mainwindow/LookBar.h"
 #include "mainwindow/Overview.h"
 #include "mainwindow/PutBack.h"
-#include "mainwindow/Selection.h"
 #include "mainwindow/SliceViews.h"
 #include "mainwindow/SmartMenu.h"
 #include "mainwindow/StartOffer.h"

@@ -37,7 +37,7 @@ namespace mainwindow {
 
 namespace {
 constexpr int kResizeSettles = 250; // milliseconds
-constexpr int kPrintersWait = 100; // milliseconds from the first picture, and until they are looked for again
+constexpr int kPrintersWait = 100;  // milliseconds from the first painting, and between two tries
 } // namespace
 
 void frmMain::BuildControls() {
@@ -60,7 +60,8 @@ void frmMain::BuildControls() {
     printing_ = std::make_unique<WindowPrinting>(*this);
     popup_ = std::make_unique<TimelinePopup>(*this);
     drop_ = std::make_unique<DroppedFiles>(*this);
-    templates_ = std::make_unique<TemplateBar>(*this, *parts_->SSSplitter1); // asked of drags before drop_
+    // Behind drop_, so that their event filters see drags first.
+    templates_ = std::make_unique<TemplateBar>(*this, *parts_->SSSplitter1);
     shapes_ = std::make_unique<ShapePalette>(*this);
     tmrResize_.setSingleShot(true);
     tmrResize_.setInterval(kResizeSettles);

@@ -2,13 +2,14 @@
 #include "mainwindow/frmMain.h"
 
 #include "diagram/model/ScreenValues.h"
+#include "diagram/view/KeyCodes.h"
 #include "dialogs/ListIndex.h"
 #include "document/Tags.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/HyperlinkFollower.h"
 #include "mainwindow/PickBox.h"
 #include "mainwindow/Selection.h"
 #include "mainwindow/StartOffer.h"
+#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowParts.h"
 #include "mainwindow/WindowStatus.h"
 #include "settings/Settings.h"
@@ -18,13 +19,9 @@
 
 namespace mainwindow {
 
-namespace {
+using diagram::VirtualKey;
 
-constexpr int kShiftKey = 16;
-constexpr int kEscapeKey = 27;
-constexpr int kDeleteKey = 46;
-constexpr int kMenuKey = 93;
-constexpr int kF10Key = 121;
+namespace {
 
 bool Confirmed(support::Desktop &desktop, const QString &question) {
     return desktop.messageBoxes.Show(question, support::Buttons::YesNo, support::Icon::Question,
@@ -60,13 +57,14 @@ const diagram::Font &FontOfSelection(const diagram::Surface &surface) {
 }
 
 bool AsksForProperties(int keyCode, int shift) {
-    return keyCode == kMenuKey || (keyCode == kF10Key && shift == diagram::keys::kShift);
+    return keyCode == VirtualKey(Qt::Key_Menu) ||
+           (keyCode == VirtualKey(Qt::Key_F10) && shift == diagram::keys::kShift);
 }
 
 } // namespace
 
 void frmMain::AddFlow1_AfterAddNode(int index, diagram::Node &oNode) {
-    const ActionGroup step(AddFlow1_[index]);
+    const UndoStep step(AddFlow1_[index]);
     if (const document::cGroup *group = GroupForNewNode(clsSettings_->Groups()))
         document::SetTag(oNode, document::tags::kGroup, group->Key);
     if (const document::cLevel *level = LevelForNewNode(clsSettings_->Levels())) {
@@ -78,7 +76,7 @@ void frmMain::AddFlow1_AfterAddNode(int index, diagram::Node &oNode) {
 }
 
 void frmMain::AddFlow1_AfterAddNodeLike(int index, diagram::Node &oNode, const diagram::Node &like) {
-    const ActionGroup step(AddFlow1_[index]);
+    const UndoStep step(AddFlow1_[index]);
     for (const QString &key : {document::tags::kGroup, document::tags::kLevel})
         if (const QString value = document::GetTag(like, key); !value.isEmpty())
             document::SetTag(oNode, key, value);
@@ -95,22 +93,23 @@ void frmMain::AddFlow1_AfterStretch(int) { clsSettings_->Dirty = true; }
 
 void frmMain::AddFlow1_AfterMove(int index) {
     diagram::Surface &surface = AddFlow1_[index];
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     timeline::AdjustLinksOf(surface.SelectedNodes());
     clsSettings_->Dirty = true;
 }
 
-// A dated node keeps its link to its day whatever changes its size, and its place where it stays at its date.
+// Dated nodes go back to their dates where nodes stay there, and their links to the days follow.
 void frmMain::AddFlow1_AfterResize(int index) {
     diagram::Surface &surface = AddFlow1_[index];
-    const ActionGroup step(surface);
+    const UndoStep step(surface);
     timeline::FollowDates(*this, surface, surface.SelectedNodes());
     AddFlow1_AfterMove(index);
 }
-// So does its text, where the node takes the size of that.
+
+// A node may take the size of its text.
 void frmMain::AddFlow1_AfterEdit(int index) { AddFlow1_AfterResize(index); }
 
-// Hidden items must not stay selected: a rubber band takes them along.
+// A rubber band selects hidden items too, which must not stay selected.
 void frmMain::AddFlow1_AfterSelect(int index) {
     diagram::Surface &surface = AddFlow1_[index];
     if (surface.SelectedNodes().empty()) return UnselectHiddenLinks(surface);
@@ -142,13 +141,14 @@ void frmMain::AddFlow1_Error(int, bool &cancelDisplay) { cancelDisplay = true; }
 void frmMain::AddFlow1_KeyDown(int index, int &keyCode, int shift) {
     diagram::Surface &surface = AddFlow1_[index];
     status_->DropHint();
-    if (keyCode == kEscapeKey) start_->Leave();
-    if (keyCode == kShiftKey && shift == diagram::keys::kShift) surface.Screen().SetShiftMode(true);
+    if (keyCode == VirtualKey(Qt::Key_Escape)) start_->Leave();
+    if (keyCode == VirtualKey(Qt::Key_Shift) && shift == diagram::keys::kShift)
+        surface.Screen().SetShiftMode(true);
     if (AsksForProperties(keyCode, shift)) {
         keyCode = 0;
         return ShowPropertiesOfSelection(index);
     }
-    if (keyCode != kDeleteKey) return;
+    if (keyCode != VirtualKey(Qt::Key_Delete)) return;
     keyCode = 0;
     if (!surface.SelectedNodes().empty() && Confirmed(desktop_, DeleteNodesQuestion()))
         surface.DeleteSelection();
@@ -157,7 +157,7 @@ void frmMain::AddFlow1_KeyDown(int index, int &keyCode, int shift) {
 }
 
 void frmMain::AddFlow1_KeyUp(int index, int keyCode, int) {
-    if (keyCode == kShiftKey) AddFlow1_[index].Screen().SetShiftMode(false);
+    if (keyCode == VirtualKey(Qt::Key_Shift)) AddFlow1_[index].Screen().SetShiftMode(false);
 }
 
 } // namespace mainwindow

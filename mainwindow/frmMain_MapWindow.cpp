@@ -41,7 +41,7 @@ void frmMain::SetWindowCaption(const QString &caption) {
     ScheduleUpdate();
 }
 
-// Input waits: a key pressed during a load must not reach a map that is half there.
+// Without input: a key pressed during a load must not reach a map that is half loaded.
 void frmMain::DoEvents() { LetEventsRun(QEventLoop::ExcludeUserInputEvents); }
 
 void frmMain::LetEventsRun(QEventLoop::ProcessEventsFlags flags) {

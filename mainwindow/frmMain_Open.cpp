@@ -21,8 +21,8 @@ namespace {
 // From this many nodes on the first slice a map counts as used.
 constexpr int kNodesOfUsedMap = 4;
 
-// A window whose map still stands after opening another one in its place has failed must not be saved over
-// that other one.
+// Gives the window the path of its former map back where another one couldn't be opened in its place: saving
+// must not overwrite the other one.
 class FormerMap {
 public:
     explicit FormerMap(document::clsfrmMain &settings) : settings_(settings), path_(settings.ShownFile()) {}
@@ -45,7 +45,7 @@ bool MayRevert(frmMain &window) {
                                               support::EnterPresses::No) == Answer::Yes;
 }
 
-// Asks about unsaved changes before another map takes their place. The words have no question mark here.
+// Asks about unsaved changes before another map takes their place. Here the question has no question mark.
 bool MayReplace(frmMain &window) {
     if (!document::MustAskBeforeLosing(window)) return true;
     const Answer answer =
@@ -84,7 +84,7 @@ frmMain *frmMain::DoOpen(QString sFilename, bool bNewWindow) {
         if (bNewWindow) made = std::make_unique<frmMain>(desktop_);
         frmMain &target = made ? *made : *this;
         if (!MayReplace(target)) return nullptr;
-        static_cast<void>(made.release()); // shown, it belongs to itself
+        static_cast<void>(made.release()); // deletes itself once it is shown and closed
         target.Load(sFilename);
         return &target;
     });

@@ -23,7 +23,7 @@ using document::pointer::kHourglass;
 namespace {
 
 const QString kDisplay = QStringLiteral("DISPLAY");
-constexpr double kReach = 90; // twips around the line of a link, at 100 per cent
+constexpr double kReach = 90; // twips from a link's line within which it is hit, at 100 per cent
 
 QString BooleanText(bool value) { return value ? QStringLiteral("True") : QStringLiteral("False"); }
 
@@ -49,7 +49,7 @@ QPointF OnSurface(const diagram::Surface &surface, float x, float y) {
     return {x + surface.Screen().xScroll(), y + surface.Screen().yScroll()};
 }
 
-// The form sees the bare texts.
+// The display of both texts is off while the form is open.
 void ShowNodeDialog(frmMain &window, diagram::Node &oNode) {
     const bool bDisplay = window.DisplayPressed();
     window.SetMousePointer(kHourglass);

@@ -2,7 +2,6 @@
 #include "mainwindow/frmMain.h"
 
 #include "mainwindow/cProgressOnStatusBar.h"
-#include "mainwindow/cStatusBar.h"
 #include "mainwindow/WindowParts.h"
 
 #include <QEvent>
@@ -15,7 +14,7 @@ void frmMain::showEvent(QShowEvent *event) {
     Form_Resize();
 }
 
-// Listing the printers and making the start page take the machine a moment: the window is there first.
+// Listing the printers and making the start page are slow, so they wait until the window has been painted.
 void frmMain::paintEvent(QPaintEvent *event) {
     QMainWindow::paintEvent(event);
     if (!std::exchange(painted_, true)) firstPaint_.start();
@@ -36,7 +35,7 @@ void frmMain::resizeEvent(QResizeEvent *event) {
 bool frmMain::eventFilter(QObject *watched, QEvent *event) {
     if (!parts_) return false; // they are being made
     if (watched == parts_->picRHS && event->type() == QEvent::Resize) picRHS_Resize();
-    // What stands beside the panel comes and goes.
+    // The panel of the progress bar moves when what stands beside it comes or goes.
     if (watched != parts_->picRHS && event->type() == QEvent::Move)
         cProgressOnStatusBar().SetProgressBar(*parts_->prg1, *parts_->staMain);
     return QMainWindow::eventFilter(watched, event);

@@ -36,7 +36,7 @@ void frmMain::SSTab_Click() {
     ScheduleUpdate();
 }
 
-// From top to bottom: maps on offer, the surface, the bar that finds, the tabs.
+// From top to bottom: the bar of lost maps, the surface, the find bar, the tabs.
 void frmMain::picRHS_Resize() {
     QRect inner = parts_->picRHS->rect();
     tabStrip_.Move(0, 0, inner.width(), inner.height());
@@ -50,15 +50,24 @@ void frmMain::picRHS_Resize() {
 }
 
 void frmMain::DoInsertSlice() {
-    slices_->Edit([](frmLayers &form) { form.cmdNew_Click(), form.OkIfEdited(); });
+    slices_->Edit([](frmLayers &form) {
+        form.cmdNew_Click();
+        form.OkIfEdited();
+    });
 }
 
 void frmMain::DoRenameSlice() {
-    slices_->Edit([](frmLayers &form) { form.cmdEdit_Click(), form.OkIfEdited(); });
+    slices_->Edit([](frmLayers &form) {
+        form.cmdEdit_Click();
+        form.OkIfEdited();
+    });
 }
 
 void frmMain::DoDeleteSlice() {
-    slices_->Edit([](frmLayers &form) { form.cmdDelete_Click(), form.OkIfEdited(); });
+    slices_->Edit([](frmLayers &form) {
+        form.cmdDelete_Click();
+        form.OkIfEdited();
+    });
 }
 
 void frmMain::DoEditSlices() {

@@ -42,7 +42,7 @@ void frmPics::tmrEnd_Timer() {
     if (frmMain::Forms().empty()) Unload();
 }
 
-// A window that starts from now on gets an object of its own.
+// Without its name Shared doesn't find it: a window that starts from now on gets a new object.
 void frmPics::Unload() {
     setObjectName(QString());
     deleteLater();

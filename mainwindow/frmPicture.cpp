@@ -37,7 +37,7 @@ QSpinBox *frmPicture::AddNumber(const char *name, const QString &spoken, int low
     return box;
 }
 
-// The number beside it is for the chosen one alone.
+// ShowSize enables the number beside the chosen option alone.
 QRadioButton *frmPicture::AddOption(const char *name, const QString &text, bool chosen) {
     auto *option = new QRadioButton(text, this);
     option->setObjectName(QLatin1String(name));
@@ -81,7 +81,7 @@ void frmPicture::AddButtons(QFormLayout &form) {
     form.addRow(buttons);
 }
 
-// What this format hasn't stays as it was for the next.
+// What this format has no control for keeps its value.
 PictureChoice frmPicture::Choice() const {
     PictureChoice choice = argument_.choice;
     choice.scale = txtScale_->value();
@@ -94,7 +94,7 @@ PictureChoice frmPicture::Choice() const {
 }
 
 void frmPicture::ShowSize() {
-    if (!lblSize_) return; // not yet
+    if (!lblSize_) return; // still being built
     if (IsPng()) {
         txtScale_->setEnabled(optScale_->isChecked());
         txtPixels_->setEnabled(optPixels_->isChecked());

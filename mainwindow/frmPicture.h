@@ -18,11 +18,12 @@ class frmPicture : public QDialog {
 public:
     frmPicture(PictureFormArgument &argument, QWidget *parent);
 
-    QRadioButton *optScale() const { return optScale_; }   // PNG alone
-    QRadioButton *optPixels() const { return optPixels_; } // PNG alone
-    QSpinBox *txtScale() const { return txtScale_; }
+    // Null unless the picture is a PNG.
+    QRadioButton *optPixels() const { return optPixels_; }
     QSpinBox *txtPixels() const { return txtPixels_; }
     QSpinBox *txtDots() const { return txtDots_; }
+
+    QSpinBox *txtScale() const { return txtScale_; }
     QComboBox *cboBackground() const { return cboBackground_; }
     QLabel *lblSize() const { return lblSize_; }
 

@@ -11,8 +11,8 @@ namespace mainwindow {
 class frmSplash : public QWidget {
     Q_OBJECT
 public:
-    // Shows Splash.jpg of the program's folder where there is one, and behind it images/twomen.jpg and
-    // images/LOGO.jpg.
+    // Shows Splash.jpg of the program's folder, and behind it images/twomen.jpg and images/LOGO.jpg, as far
+    // as they are there; a picture of its own without any of them.
     explicit frmSplash(const QString &title, QWidget *parent = nullptr);
 
     void SetDoing(const QString &text);
@@ -20,7 +20,8 @@ public:
 
     // The splash of the process; null when there is none.
     static frmSplash *Current();
-    // What is being done now; without a splash no effect. One that isn't visible goes with an empty text.
+    // Shows what is being done now; no effect without a splash. An empty text deletes a splash that isn't
+    // visible.
     static void ShowDoing(const QString &text);
     static void Unload();
 

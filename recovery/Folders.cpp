@@ -17,7 +17,7 @@ constexpr int kLockWait = 100; // milliseconds
 
 QString LockPath(const QString &folder) { return folder + QStringLiteral("/lock"); }
 
-// The writer's thread may not ask the program's own source of chance.
+// Not from Desktop::random, which only the window's thread may use.
 QString NewName() { return QUuid::createUuid().toString(QUuid::WithoutBraces); }
 
 HeldFolder Hold(const QString &path, int milliseconds) {

@@ -23,9 +23,9 @@ struct HeldFolder {
 
 // A new folder in `root`, held. Error 75 "Path/File access error", 70 or 61 when it can't be made.
 HeldFolder MakeFolder(const QString &root);
-// The folder held, unless another program, or this one, holds it.
+// Holds the folder; the result is empty when a program, this one too, holds it already.
 HeldFolder HoldFolder(const QString &path);
-// The folder goes with all that is in it. What can't be deleted stays.
+// Deletes the folder and its files, as far as they can be deleted.
 void RemoveFolder(HeldFolder folder);
 
 } // namespace recovery

@@ -13,15 +13,16 @@ namespace recovery {
 
 namespace {
 
-constexpr int kPoll = 1000;                  // milliseconds: pools and texts that are typed tell nobody
+// Times in milliseconds.
+constexpr int kPoll = 1000;                  // changes of pools and of texts being typed are found by looking
 constexpr int kSoon = 300, kAtLatest = 1200; // from a write until it is gathered
-constexpr int kRest = 6;                     // between two slices, for everything else
-constexpr int kShareOfTime = 50;             // gathering takes one part of so many
-constexpr int kRounds = 3;
-constexpr std::size_t kFew = 256;     // items, which are gathered at once
+constexpr int kShareOfTime = 50;             // that time is so many times what gathering took last
+constexpr int kRest = 6;                     // between two turns, for everything else
+constexpr qint64 kRetry = 15000;             // after a failed write, and until an idle writer's thread ends
+constexpr int kRounds = 3;            // so often a step takes along what was written while it was gathered
+constexpr std::size_t kFew = 256;     // items, as long as they are no more than these
 constexpr int kItemsBetweenLooks = 8; // at the clock
-constexpr int kMostWaiting = 2;
-constexpr qint64 kRetry = 15000;
+constexpr int kMostWaiting = 2;       // steps; while so many are not written no other begins
 
 } // namespace
 
@@ -97,8 +98,8 @@ void Journal::NoteTyped(const std::optional<TypedText> &typed) {
 void Journal::Look() {
     if (step_) return;
     const std::optional<TypedText> typed = source_.Typed();
-    const bool late = retryAt_ != 0 && QDateTime::currentMSecsSinceEpoch() < retryAt_;
-    if (source_.IsBusy() || late || *waiting_ >= kMostWaiting) return; // the poll comes again
+    const bool waitsToRetry = retryAt_ != 0 && QDateTime::currentMSecsSinceEpoch() < retryAt_;
+    if (source_.IsBusy() || waitsToRetry || *waiting_ >= kMostWaiting) return; // the poll comes again
     if (!typed && !source_.HasUnsavedWork()) {
         if (running_) Drop();
         return;
@@ -111,11 +112,11 @@ void Journal::Look() {
     CountChange();
     rounds_ = 0;
     gathered_ = 0;
-    SetOut();
+    BeginGathering();
     Gather();
 }
 
-// An edit that goes on counts when it has ended.
+// An edit whose group is still open is counted once that has closed.
 void Journal::CountChange() {
     if (pendingWrite_ && !IsInGroup()) {
         ++changes_;
@@ -123,11 +124,11 @@ void Journal::CountChange() {
     }
 }
 
-void Journal::SetOut() {
+void Journal::BeginGathering() {
     if (!step_) step_.emplace();
     gathering_.clear();
     for (const auto &watch : watches_) {
-        watch->SetOut();
+        watch->BeginGathering();
         SlicePart &part = step_->parts.emplace_back();
         part.slice = watch->Id();
         watch->GatherSurface(part);
@@ -135,7 +136,7 @@ void Journal::SetOut() {
     }
 }
 
-bool Journal::GatherSlice() {
+bool Journal::GatherTurn() {
     QElapsedTimer timer;
     timer.start();
     const auto elapsed = [&timer] { return double(timer.nsecsElapsed()) / 1e6; };
@@ -146,23 +147,23 @@ bool Journal::GatherSlice() {
         if (!watch->GatherOne(step_->parts[part], typed_)) {
             gathering_.pop_back();
         } else if (--untilLook == 0) {
-            inTime = elapsed() < kSlice;
+            inTime = elapsed() < kTurn;
             untilLook = kItemsBetweenLooks;
         }
     }
     gathered_ += elapsed();
-    longestSlice_ = std::max(longestSlice_, elapsed());
+    longestTurn_ = std::max(longestTurn_, elapsed());
     return gathering_.empty();
 }
 
 void Journal::Gather() {
     if (!step_) return;
-    if (source_.IsBusy() || !GatherSlice()) return rest_.start();
-    // What was written to meanwhile, unless that goes on and on.
+    if (source_.IsBusy() || !GatherTurn()) return rest_.start();
+    // Take along what was written meanwhile, unless that is much or never ends.
     std::size_t noted = 0;
     for (const auto &watch : watches_) noted += watch->Noted();
     if (noted > 0 && noted <= kFew && rounds_++ < kRounds) {
-        SetOut();
+        BeginGathering();
         return Gather();
     }
     EndStep();
@@ -217,7 +218,7 @@ void Journal::Abandon() {
     step_.reset();
     gathering_.clear();
     rest_.stop();
-    for (const auto &watch : watches_) watch->NoteAll(); // some were gathered for nothing
+    for (const auto &watch : watches_) watch->NoteAll(); // what was gathered already is lost with the step
 }
 
 void Journal::WriterFailed(const QString &why) {

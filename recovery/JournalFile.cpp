@@ -24,7 +24,7 @@ constexpr qint64 kGrowth = 3;
                          QStringLiteral("Journal"), file.errorString());
 }
 
-// Some of the items of a list, which go from it.
+// As many of the items from position `from` on as `room` allows; `room` is what is left of it afterwards.
 template <typename T>
 std::vector<T> Taken(const std::vector<T> &items, std::size_t from, std::size_t &room) {
     if (from >= items.size()) return {};
@@ -34,7 +34,7 @@ std::vector<T> Taken(const std::vector<T> &items, std::size_t from, std::size_t 
     return {begin, begin + std::ptrdiff_t(count)};
 }
 
-// The part as parts of few items.
+// Calls `use` with the part cut into pieces of at most kItemsOfRecord items.
 template <typename Use>
 void ForEachPiece(const SlicePart &part, Use use) {
     std::size_t node = 0, link = 0;
@@ -76,7 +76,7 @@ void JournalFile::Write(const Step &step) {
     if (size_ > compactAbove_) Compact();
 }
 
-// In the place of what may stand there: if that fails, it still does.
+// Replaces a former journal of this window, which stays if that fails.
 void JournalFile::Begin(const Step &step) {
     if (folder_.path.isEmpty()) folder_ = MakeFolder(root_);
     copied_.clear();
@@ -125,7 +125,7 @@ void JournalFile::TakeFiles(const MapFrame &frame) {
 
 QString JournalFile::Copied(const QString &path) {
     const QFileInfo info(path);
-    if (!info.isFile()) return copied_.value(path).name; // what was there is better than nothing
+    if (!info.isFile()) return copied_.value(path).name; // the copy of a file that is gone is kept
     const document::FileStamp stamp{info.size(), info.lastModified()};
     CopiedFile &copied = copied_[path];
     if (!copied.name.isEmpty() && copied.stamp == stamp) return copied.name;

@@ -1,4 +1,4 @@
-// The journal of one window on the disk. Works in the writer's thread alone.
+// The journal of one window on the disk. To be used in the writer's thread alone.
 #pragma once
 
 #include "recovery/Folders.h"
@@ -12,26 +12,28 @@ class JournalFile {
 public:
     explicit JournalFile(QString root) : root_(std::move(root)) {}
 
-    // Writes the step behind the others, or begins anew with it, and waits until it is on the disk; then
-    // takes along the embedded files that have changed. An error leaves the steps before it readable; the
-    // next step must be a first one.
+    // Appends the step, or begins anew with one that is a first one, and waits until it is on the disk; then
+    // copies the embedded files that have changed. After an error the steps before this one can still be
+    // read; the next step must be a first one.
     void Write(const Step &step);
-    // Nothing stays, and nothing of what was superseded.
+    // Deletes this journal and those that it supersedes.
     void Remove();
-    // A journal whose work the next step holds too: it goes once that is written.
+    // The journal in `folder` is deleted once the next step, which has its work too, is written.
     void Supersede(HeldFolder folder) { superseded_.push_back(std::move(folder)); }
 
-    // The journal is written anew once it is longer than this, and than three times what it would be then.
+    // The journal is compacted once it is longer than this and has grown to three times its size after the
+    // last compaction.
     void SetMostBytes(qint64 bytes) { most_ = bytes; }
 
 private:
     void Begin(const Step &step);
-    // The journal anew with that step and the records behind it.
+    // Writes the journal anew: the step, and the records `behind` it.
     void Replace(const Step &step, const QByteArray &behind);
     void Append(const QByteArray &records);
     QByteArray Records(const Step &step);
     void TakeFiles(const MapFrame &frame);
-    // The name of the copy; empty for a file that can't be read.
+    // Copies the file into the journal's folder unless that has it already. The name of the copy; empty for a
+    // file that can't be read.
     QString Copied(const QString &path);
     void Compact();
     void RemoveSuperseded();

@@ -34,10 +34,10 @@ std::vector<LostMap> FindLostMaps(const QString &root) {
     std::vector<LostMap> found;
     const QDir folder(root);
     for (const QString &name : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        // One that can't be read doesn't keep the others from being offered.
         try {
             if (auto lost = Lost(folder.filePath(name))) found.push_back(std::move(*lost));
-        } catch (
-            const support::Error &) { // one that can't be read doesn't keep the others from being offered
+        } catch (const support::Error &) {
         }
     }
     std::ranges::stable_sort(found, std::ranges::greater(), &LostMap::time);

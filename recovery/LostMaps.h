@@ -1,4 +1,4 @@
-// What former runs of the program have left.
+// Finds the maps that former runs of the program have left in their journals.
 #pragma once
 
 #include "recovery/Folders.h"
@@ -8,7 +8,7 @@
 
 namespace recovery {
 
-// A map of a run that ended without closing it. Held: no other program offers it meanwhile.
+// A map of a run that ended without closing it. As long as this holds its folder, no other program offers it.
 struct LostMap {
     HeldFolder folder;
     QString path;  // of the map file; empty for a map that was never saved
@@ -18,10 +18,10 @@ struct LostMap {
     bool damaged = false;
 };
 
-// The maps whose journals nobody holds, the latest first. Folders without a journal are swept away.
+// The maps whose journals nobody holds, the latest first. Folders without a journal are deleted.
 std::vector<LostMap> FindLostMaps(const QString &root);
 
-// The whole of it. Error 53, 70 or 75 when it can't be read.
+// Reads the map. Error 53, 70 or 75 when the file can't be read.
 KeptMap ReadLostMap(const LostMap &lost);
 
 } // namespace recovery

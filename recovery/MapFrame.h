@@ -1,4 +1,4 @@
-// Everything of a map but what lies on its slices.
+// Everything of a map except the content of its slices.
 #pragma once
 
 #include "document/cAttachment.h"
@@ -43,7 +43,7 @@ struct MapFrame {
     friend bool operator==(const MapFrame &a, const MapFrame &b);
 };
 
-// The frame as the window has it now; `slices` is taken as it is.
+// The frame as the window has it now, with these slices.
 MapFrame FrameOf(document::MapWindow &window, const QString &caption, std::vector<SlicePlace> slices);
 
 } // namespace recovery

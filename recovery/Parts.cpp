@@ -45,7 +45,7 @@ void Put(ByteWriter &out, const document::ViewTick &tick) {
 }
 void Put(ByteWriter &out, const document::FilterView &view);
 
-// Value by value, as a group or level that is made without a key would draw one by chance, which only the
+// With all values at once: a group or level that is made without a key draws a random one, which only the
 // window's thread may do.
 template <typename T>
 T Get(ByteReader &in);

@@ -14,7 +14,7 @@ namespace recovery {
 // What has changed of one slice. Items that are there already are replaced.
 struct SlicePart {
     SliceId slice = 0;
-    bool whole = false; // what was known of the slice goes first
+    bool whole = false; // replaces all that earlier parts say of the slice
     std::optional<diagram::SurfaceData> surface;
     std::vector<diagram::StoredNode> nodes;
     std::vector<diagram::StoredLink> links;
@@ -23,14 +23,14 @@ struct SlicePart {
     bool IsEmpty() const { return !whole && !surface && nodes.empty() && links.empty() && gone.empty(); }
 };
 
-// The parts before it belong together.
+// Ends a step: the parts written before it belong together.
 struct Commit {
     QDateTime time;
     int changes = 0; // edits since the map was last like its file
     std::optional<MapFrame> frame;
 };
 
-// One run of the gathering: a whole map at first, later what has changed since.
+// What one gathering gives: at first the whole map, later what has changed since the step before.
 struct Step {
     bool first = false;
     std::vector<SlicePart> parts;

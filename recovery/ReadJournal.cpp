@@ -25,7 +25,7 @@ void Apply(KeptMap &map, Commit commit) {
     if (commit.frame) map.frame = std::move(*commit.frame);
 }
 
-// Slices that the map has no longer, or not yet.
+// Slices that the last frame doesn't name: they were deleted, or their tab was not known yet.
 void DropOthers(KeptMap &map) {
     if (map.frame.slices.empty()) return;
     std::erase_if(map.slices, [&map](const auto &entry) {
@@ -34,7 +34,8 @@ void DropOthers(KeptMap &map) {
     });
 }
 
-void TakeLooseLinks(KeptMap &map) {
+// Links without one of their nodes, whose record was damaged.
+void DropLooseLinks(KeptMap &map) {
     for (auto &[id, slice] : map.slices) {
         const auto &nodes = slice.nodes;
         const auto erased = std::erase_if(slice.links, [&nodes](const auto &entry) {
@@ -59,12 +60,12 @@ public:
         map_.readable = !isFirst;
         map_.damaged = map_.damaged || walk.IsDamaged();
         DropOthers(map_);
-        TakeLooseLinks(map_);
+        DropLooseLinks(map_);
         return std::move(map_);
     }
 
 private:
-    // A sound record whose content is none was damaged before it was written.
+    // Content that can't be read although the record's sum is right was wrong when it was written.
     void Take(const SoundRecord &record) try {
         if (record.kind == RecordKind::Part) Apply(map_, parts_.Read(record.content));
         if (record.kind == RecordKind::Commit) Apply(map_, ReadCommit(record.content));

@@ -15,8 +15,8 @@ struct KeptSlice {
 
 struct KeptMap {
     bool readable = false; // the file is a journal of a version that this program reads
-    bool begun = false;    // a whole map stands in it
-    bool damaged = false;  // something of it couldn't be read
+    bool begun = false;    // at least one step is complete
+    bool damaged = false;  // something couldn't be read
     QDateTime time;        // of the last edit that was kept
     int changes = 0;
     MapFrame frame;
@@ -24,10 +24,10 @@ struct KeptMap {
     FileNames files;
 };
 
-// What the bytes of a journal tell: every sound record, in order, up to the last one.
+// Puts together what all sound records of the journal's bytes say.
 KeptMap ReadJournal(QByteArrayView bytes);
 
-// The version of the form, as the first record holds it.
+// The content of the first record: the version of the format.
 QByteArray HeadContent();
 
 } // namespace recovery

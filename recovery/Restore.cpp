@@ -50,7 +50,7 @@ public:
     }
 
 private:
-    // Slices of which the journal doesn't tell the place any more.
+    // Where the frame of the journal is damaged, nothing says where the slices were: each gets a tab.
     void PlaceUnknownSlices() {
         if (!map_.frame.slices.empty()) return;
         for (const auto &[id, slice] : map_.slices) {
@@ -94,7 +94,7 @@ private:
 
     using Ids = std::map<diagram::ItemId, diagram::ItemId>;
 
-    // In the same order.
+    // New identities from `first` on, in the order of the kept ones.
     static Ids FreshIds(const KeptSlice &slice, diagram::ItemId first) {
         Ids ids;
         for (const auto &[id, data] : slice.nodes) ids[id];
@@ -103,15 +103,16 @@ private:
         return ids;
     }
 
-    // Whose bends are the router's own is found out when it matters, as after a load.
+    // Bends that aren't marked as the user's are assigned like those of a loaded map, so that the router
+    // judges later whether they are its own.
     void AddLink(diagram::Surface &surface, diagram::ItemId id, diagram::LinkData data, const Ids &ids) {
         data.source = ids.at(data.source);
         data.destination = ids.at(data.destination);
-        const bool isJudged = data.ownBends || data.points.size() < 2;
+        const bool isKnown = data.ownBends || data.points.size() < 2;
         const bool adds = data.addPointsMode, moves = data.movePointsMode;
         std::vector<diagram::Point> points = data.points;
         diagram::Link &link = surface.Restore(ids.at(id), std::move(data));
-        if (isJudged) return;
+        if (isKnown) return;
         link.SetAddPointsMode(true);
         link.SetMovePointsMode(true);
         link.Points().Assign(std::move(points));
@@ -137,7 +138,8 @@ private:
         }
     }
 
-    // Where the file is: at its old place if it is still the same, else a copy in the window's own folder.
+    // The path of the embedded file: its old one if the file is still the same, else that of a copy in the
+    // window's own folder.
     QString Unpacked(const document::cAttachment &attachment) {
         const QString name = map_.files.value(attachment.Key);
         const QString copy = CopyPath(folder_, name);
@@ -148,7 +150,7 @@ private:
         return target;
     }
 
-    // The tabs have new keys.
+    // Keys of tabs were made anew, so those in hyperlinks are translated.
     void FillHyperlinks() {
         settings_.Hyperlinks().Clear();
         for (document::cHyperlink &kept : map_.frame.hyperlinks) {

@@ -1,4 +1,4 @@
-// Puts what a journal kept into a window.
+// Puts the map of a journal into a window.
 #pragma once
 
 #include "recovery/ReadJournal.h"
@@ -9,9 +9,9 @@ class MapWindow;
 
 namespace recovery {
 
-// Replaces what the window holds by the map, as work that was not saved: it is dirty, and belongs to the file
-// of the map, which may be gone or changed; saving then asks as ever. Embedded files that are no longer where
-// they were are copied from `folder`, that of the journal, into that of the window.
+// Replaces what the window holds by the map, as unsaved work: Dirty is true. Database is the map's file,
+// which may be gone or changed meanwhile; saving asks about that as usual. Embedded files that are gone or
+// changed are copied from `folder`, which is the journal's, into the window's own folder.
 void Restore(document::MapWindow &window, KeptMap map, const QString &folder);
 
 } // namespace recovery

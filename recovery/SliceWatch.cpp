@@ -35,7 +35,7 @@ void SliceWatch::ItemChanged(diagram::Item &item, Change what) {
     if (what != Change::Selection) Write(item.Id());
 }
 
-// Zooms and grid are stored with the map, but are no work.
+// Zooms and the grid are stored with the map, but a change of them alone is no edit.
 void SliceWatch::SurfaceChanged(Change what) {
     surfaceNoted_ = true;
     if (what != Change::Geometry) written_();
@@ -46,41 +46,41 @@ void SliceWatch::Cleared() {
     written_();
 }
 
-void SliceWatch::SetOut() {
-    surfaceOut_ = surfaceOut_ || std::exchange(surfaceNoted_, false);
+void SliceWatch::BeginGathering() {
+    gathersSurface_ = gathersSurface_ || std::exchange(surfaceNoted_, false);
     for (const ItemId id : noted_) isNoted_[id] = false;
     if (std::exchange(whole_, false)) {
-        wholeOut_ = true;
-        out_.clear();
-        out_.reserve(std::size_t(surface_.Nodes().Count()) + surface_.Links().size());
-        // From the end: gathered from the back, items come in the order of adding.
-        for (const auto &link : surface_.Links()) out_.push_back(link->Id());
-        for (const diagram::Node &node : surface_.Nodes()) out_.push_back(node.Id());
+        gathersWhole_ = true;
+        toGather_.clear();
+        toGather_.reserve(std::size_t(surface_.Nodes().Count()) + surface_.Links().size());
+        // GatherOne takes from the back: nodes first.
+        for (const auto &link : surface_.Links()) toGather_.push_back(link->Id());
+        for (const diagram::Node &node : surface_.Nodes()) toGather_.push_back(node.Id());
         noted_.clear();
     } else {
-        out_.insert(out_.end(), noted_.begin(), noted_.end());
+        toGather_.insert(toGather_.end(), noted_.begin(), noted_.end());
         noted_.clear();
     }
 }
 
 void SliceWatch::GatherSurface(SlicePart &part) {
-    part.whole = std::exchange(wholeOut_, false);
-    if (std::exchange(surfaceOut_, false)) {
+    part.whole = std::exchange(gathersWhole_, false);
+    if (std::exchange(gathersSurface_, false)) {
         part.surface = surface_.Data();
-        part.surface->grownLeft = part.surface->grownTop = 0; // the view of another run has seen nothing move
+        part.surface->grownLeft = part.surface->grownTop = 0; // only the view of this run has to follow those
     }
 }
 
 bool SliceWatch::GatherOne(SlicePart &part, const std::optional<TypedText> &typed) {
-    if (out_.empty()) return false;
-    const ItemId id = out_.back();
-    out_.pop_back();
+    if (toGather_.empty()) return false;
+    const ItemId id = toGather_.back();
+    toGather_.pop_back();
     const bool isTyped = typed && typed->index == surface_.Index() && typed->item == id;
     if (const diagram::Node *node = surface_.FindNode(id)) {
         part.nodes.push_back({id, node->Data()});
         if (isTyped) part.nodes.back().data.text = typed->text;
     } else if (const diagram::Link *link = surface_.FindLink(id)) {
-        link->Route(); // brings its values up to date
+        link->Route(); // routes the link if it is out of date, so that its data has the points
         part.links.push_back({id, link->Data()});
         if (isTyped) part.links.back().data.text = typed->text;
     } else {

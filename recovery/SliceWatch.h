@@ -25,17 +25,17 @@ public:
     diagram::Surface &Surface() const { return surface_; }
     SliceId Id() const { return id_; }
 
-    // All of the slice counts as written to.
+    // Notes the whole slice, or one item, as written to.
     void NoteAll();
     void Note(diagram::ItemId id);
-    // How many items were written to since they were last set out to be gathered.
+    // How many items are noted; at least kAll for the whole slice.
     std::size_t Noted() const { return noted_.size() + (whole_ ? kAll : 0); }
-    // Sets out what is noted, to be gathered.
-    void SetOut();
-    // Gathers one item of those set out, as it is now; false when none is left.
-    bool GatherOne(SlicePart &part, const std::optional<TypedText> &typed);
-    // What isn't an item.
+    // What is noted now is to be gathered by the next two; writes from now on are noted anew.
+    void BeginGathering();
+    // Whether the part is the whole slice, and the surface's own values if they were written to.
     void GatherSurface(SlicePart &part);
+    // One item, with the values that it has now; false when none is left.
+    bool GatherOne(SlicePart &part, const std::optional<TypedText> &typed);
 
     void ItemAdded(diagram::Item &item) override { Write(item.Id()); }
     void ItemChanged(diagram::Item &item, diagram::Change what) override;
@@ -44,16 +44,19 @@ public:
     void Cleared() override;
 
 private:
-    static constexpr std::size_t kAll = 1 << 30;
+    static constexpr std::size_t kAll = 1 << 30; // more than any slice has
     void Write(diagram::ItemId id);
 
     diagram::Surface &surface_;
     SliceId id_;
     std::function<void()> written_;
-    std::vector<bool> isNoted_; // by identity, which are dense
-    std::vector<diagram::ItemId> noted_, out_;
-    bool whole_ = true, surfaceNoted_ = true; // to be gathered whole; what isn't an item
-    bool wholeOut_ = false, surfaceOut_ = false;
+    // Written to since gathering began last: single items, the whole slice, the surface's own values.
+    std::vector<diagram::ItemId> noted_;
+    std::vector<bool> isNoted_; // by identity; identities are dense
+    bool whole_ = true, surfaceNoted_ = true;
+    // The same of what is being gathered now.
+    std::vector<diagram::ItemId> toGather_;
+    bool gathersWhole_ = false, gathersSurface_ = false;
 };
 
 } // namespace recovery

@@ -13,7 +13,7 @@ namespace settings {
 
 namespace {
 
-// One for each edition, beside the settings.
+// The user's own copies, in a folder for each edition.
 QString UsersFolder() {
     return QStringLiteral("%1/velmora/%2").arg(support::platform::ConfigFolder(), Terms().TITLE);
 }
@@ -30,7 +30,7 @@ void MakeFolder(const QString &folder, const char *source) {
     support::Raise(support::kErrPathNotFound, QLatin1String(source), folder);
 }
 
-// Whether new files may go into a folder below the program's, which is made where it is missing.
+// Whether new files may go into a folder below the program's. Makes the folder where it is missing.
 bool MayFill(const QString &folder) {
     if (support::DirExists(folder)) return support::platform::MayWriteInto(folder);
     return support::platform::MayWriteInto(support::ProgramPath()) && QDir().mkpath(folder);

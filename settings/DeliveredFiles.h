@@ -1,5 +1,6 @@
-// The delivered files that the user can replace by the program: the empty map and the default nodes. They
-// stand in the program's folder, and where that may not be written, in a folder of the user's own.
+// The delivered files that the user can replace by the program (the empty map and the default nodes), and the
+// folders of templates. They stand in the program's folder, and where that may not be written, in a folder of
+// the user's own.
 #pragma once
 
 #include <QStringList>

@@ -2,15 +2,14 @@
 
 #include "settings/GetSet.h"
 #include "settings/Settings.h"
-#include "support/Files.h"
 
 namespace settings {
 
 namespace {
 
-QString ProductsRouting() {
+QString RoutingOfProduct() {
     SettingsDocument document;
-    document.load(support::AddBackslash(support::ProgramPath()) + QLatin1String("Settings.nml"));
+    document.load(PathOfSettings());
     return GetXMLNodeText(QStringLiteral("LINKROUTING"), document);
 }
 
@@ -18,7 +17,7 @@ QString ProductsRouting() {
 
 QString LinkRouting() {
     const QString own = GetSet(QLatin1String(kLinkRouting));
-    return own.isEmpty() ? ProductsRouting() : own;
+    return own.isEmpty() ? RoutingOfProduct() : own;
 }
 
 void SaveLinkRouting(const QString &routing) { SaveSet(QLatin1String(kLinkRouting), routing); }

@@ -56,8 +56,8 @@ void ReadStyleFont(ProductTerms &into, const QString &text) {
     (into.*Style).font = text;
 }
 
-// In the order of reading. The strict EXPORT/HEADER/BOLD is odd on purpose: it stops the reading when it is
-// absent.
+// In the order of reading. EXPORT/HEADER/BOLD is strict on purpose, the only key that is: where it is absent,
+// or no boolean, the reading ends with an error.
 constexpr SettingsKey kKeys[] = {
     {"TITLE", ReadText<&ProductTerms::TITLE>},
     {"SLICE", ReadText<&ProductTerms::SLICE>},
@@ -104,13 +104,10 @@ const Placeholder *PlaceholderAt(const QString &text, qsizetype at) {
     return nullptr;
 }
 
-QString SettingsFile() { return support::AddBackslash(support::ProgramPath()) + QLatin1String(kFileName); }
-
-// The elements that are open while a document is read, and whether the texts below them count: those of a
-// repeated path do not.
+// An element that is open while a document is read.
 struct OpenElement {
     QString path;
-    bool counts = true;
+    bool counts = true; // whether the texts in it do: not those of a path that was met before
 };
 
 } // namespace
@@ -157,10 +154,12 @@ QString GetXMLNodeText(const QString &key, const SettingsDocument &document) {
     return text.isNull() ? QStringLiteral("") : text;
 }
 
+QString PathOfSettings() { return support::AddBackslash(support::ProgramPath()) + QLatin1String(kFileName); }
+
 void LoadSettings() {
     support::Report("Qz_Source", "LoadSettings", [] {
         SettingsDocument document;
-        if (!document.load(SettingsFile())) return;
+        if (!document.load(PathOfSettings())) return;
         for (const SettingsKey &key : kKeys)
             key.read(terms, GetXMLNodeText(QLatin1String(key.path), document));
         QCoreApplication::setApplicationName(terms.TITLE);
@@ -169,7 +168,7 @@ void LoadSettings() {
 
 QString ReadTitle() {
     SettingsDocument document;
-    document.load(SettingsFile());
+    document.load(PathOfSettings());
     return GetXMLNodeText(QStringLiteral("TITLE"), document);
 }
 

@@ -41,7 +41,7 @@ const ProductTerms &Terms();
 void SetTerms(const ProductTerms &terms);
 
 inline constexpr std::int32_t kFirstMemoryLimit = 1048576;
-// kFirstMemoryLimit at first, and MEMORY once that was read above 0.
+// kFirstMemoryLimit at first, then the last MEMORY above 0 that was read.
 std::int32_t MemoryLimit();
 void SetMemoryLimit(std::int32_t limit);
 
@@ -61,12 +61,15 @@ private:
 // The text of the element "SETTINGS/" + key, or an empty text.
 QString GetXMLNodeText(const QString &key, const SettingsDocument &document);
 
-// Reads all keys of Settings.nml, in the program's folder, into the process-wide terms and makes TITLE the
+// Full path of Settings.nml, in the program's folder, whether or not it is there.
+QString PathOfSettings();
+
+// Reads all keys of Settings.nml into the process-wide terms and makes TITLE the
 // application's name. A file that is missing or broken changes nothing and isn't reported. A key that cannot
 // be converted is reported in a message box; it and the keys behind it keep what they held.
 void LoadSettings();
 
-// TITLE alone, for the moment before LoadSettings.
+// TITLE alone, read anew; for the moment before LoadSettings.
 QString ReadTitle();
 
 // `text` with @MAP and @BOOK replaced by MAP, @SLICE and @SHEET by SLICE, @NODE by NODE and @LINK by LINK.

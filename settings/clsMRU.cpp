@@ -29,8 +29,8 @@ support::cRegistry ValueAt(support::RegistryStore &store, const QString &name,
 
 QString Slot(int index) { return QString(QChar(u'a' + index)); }
 
-// The slot for a new path when all are taken. The order is looked for under the root of classes, where
-// nothing ever writes it, so slot a it is: the lists of all users have grown that way.
+// The slot for a new path when all are taken. The order is looked for under the root of classes on purpose:
+// nothing ever writes it there, so the slot is always a, and the lists of all users have grown that way.
 QString SlotOfFullList(support::RegistryStore &store) {
     const QString order = ValueAt(store, QLatin1String(kOrder), RegistryRoot::ClassesRoot).Value().toString();
     return order.size() == kSlots ? order.right(1) : Slot(0);

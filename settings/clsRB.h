@@ -7,7 +7,7 @@ namespace settings {
 
 inline constexpr char kRB_Bar[] = "RB_Bar";
 
-// What its form, which asks, is handed as well.
+// Also the argument of the form that asks, frmRB (support/Forms.h).
 class clsRB {
 public:
     static constexpr char kForm[] = "frmRB";
@@ -17,7 +17,7 @@ public:
     // What the registry holds while the question is to be asked.
     static constexpr std::int32_t kNoAnswer = -1;
 
-    // The answer. The form sets both.
+    // The answer, and whether it is to be remembered. The form sets both.
     std::int32_t Choice = kCancel;
     bool SaveValue = false;
     // Whether the form opens with its check box ticked.

@@ -18,9 +18,10 @@
 
 namespace storage {
 
-// Option of Execute: any failure of a statement is raised (it always is here) and the statement undone.
+// Option of Execute: any failure of a statement is raised and the statement undone. Both always happen here.
 constexpr int kFailOnError = 128;
-// Option of CommitTrans: wait until the changes are on the disk.
+// Option of CommitTrans: wait until the changes are on the disk. It does so without the option too, except in
+// a file that was just made or is being built.
 constexpr int kForceFlush = 1;
 
 // A table's name with its columns in order.
@@ -36,7 +37,8 @@ class Database;
 struct Salvaged;
 
 // The rows of a query. Rows are read one after the other as the caller moves; Edit, AddNew and Update work on
-// a recordset of one table. A recordset must end before its database does.
+// a recordset of one table. It can be read after its database was closed: the connection ends with the last
+// of both.
 class Recordset {
 public:
     ~Recordset();
@@ -99,7 +101,8 @@ public:
     PreparedStatement(PreparedStatement &&) noexcept;
     PreparedStatement &operator=(PreparedStatement &&) noexcept;
 
-    // Values for the ? marks, counted from 0. Texts and bytes are copied or must live until Run, as named.
+    // Values for the ? marks, counted from 0. Texts and bytes are copied or must live until Run, as each
+    // tells.
     void BindNull(int index);
     void BindLong(int index, std::int64_t value);
     void BindDouble(int index, double value);
@@ -107,8 +110,8 @@ public:
     void BindText(int index, const QString &value);     // converts to UTF-8 and copies
     void BindUtf8(int index, std::string_view value);   // must live until Run
     void BindBytes(int index, const QByteArray &value); // must live until Run
-    // Executes and makes ready for the next values. Null stays bound nowhere: every value must be bound
-    // again.
+    // Executes the statement, then forgets all values, after an error too: a mark that isn't bound again is
+    // Null.
     void Run();
 
 private:

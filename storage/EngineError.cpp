@@ -1,6 +1,6 @@
 #include "storage/EngineError.h"
 
-#include "storage/Database.h"
+#include "storage/text/ErrorNumbers.h"
 
 #include <QRegularExpression>
 #include <sqlite3.h>
@@ -29,15 +29,15 @@ constexpr MessageRow kMessages[] = {
      "The INSERT INTO statement contains the following unknown field name: '%1'. Make sure you have typed "
      "the name correctly, and try the operation again."},
     {"^no such function: (.*)$", kErrUndefinedFunction, "Undefined function '%1' in expression."},
-    {"^wrong number of arguments to function (.*)\\(\\)$", 3079,
+    {"^wrong number of arguments to function (.*)\\(\\)$", kErrWrongArguments,
      "Wrong number of arguments used with function '%1'."},
     {"^table \"?(.*?)\"? already exists$", kErrTableExists, "Table '%1' already exists."},
-    {"^duplicate column name: (.*)$", 3191, "Cannot define field more than once."},
-    {"^(?:table .* has \\d+ columns but )?\\d+ values (?:for \\d+ columns|were supplied)$", 3346,
+    {"^duplicate column name: (.*)$", kErrFieldTwice, "Cannot define field more than once."},
+    {"^(?:table .* has \\d+ columns but )?\\d+ values (?:for \\d+ columns|were supplied)$", kErrValueCount,
      "Number of query values and destination fields are not the same."},
     {"^Data type mismatch in criteria expression\\.$", kErrCriteriaType,
      "Data type mismatch in criteria expression."},
-    {"^Invalid use of Null$", 94, "Invalid use of Null"},
+    {"^Invalid use of Null$", kErrInvalidNull, "Invalid use of Null"},
     {"^Overflow$", support::kErrOverflow, "Overflow"},
 };
 
@@ -65,7 +65,7 @@ constexpr CodeRow kCodes[] = {
      "user, or you need permission to view and write its data."},
     {SQLITE_IOERR, kErrIo, "Disk or network error."},
     {SQLITE_NOMEM, support::kErrOutOfMemory, "Out of memory"},
-    {SQLITE_TOOBIG, 3163,
+    {SQLITE_TOOBIG, kErrFieldTooSmall,
      "The field is too small to accept the amount of data you attempted to add. Try inserting or pasting "
      "less data."},
 };
@@ -74,7 +74,7 @@ support::Error CodeError(int code, const QString &path) {
     for (const CodeRow &row : kCodes) {
         if (row.code == code) return EngineError(row.number, Quoted(row.text, path));
     }
-    return EngineError(3000,
+    return EngineError(kErrReserved,
                        QStringLiteral("Reserved error (%1); there is no message for this error.").arg(code));
 }
 
@@ -97,7 +97,7 @@ support::Error ConstraintError(int extendedCode, const QString &message) {
                            "for this field is set to True. Enter a value in this field.")
                 .arg(message.section(QStringLiteral(": "), 1)));
     default:
-        return EngineError(3317,
+        return EngineError(kErrConstraint,
                            QStringLiteral("One or more values are prohibited by the validation rule set for "
                                           "'%1'.")
                                .arg(message.section(QStringLiteral(": "), 1)));

@@ -17,7 +17,7 @@ struct NativeHeader {
     qint64 freePages = 0; // pages that hold nothing
 };
 
-// Reads the header; 3049 when it is cut off or says what cannot be.
+// Reads the header; 3049 when it is cut off or its page size cannot be.
 NativeHeader ReadNativeHeader(const QString &path);
 // 3049 when the file is shorter than its header says, as after a copy that broke off. A file whose last
 // change still waits in a journal beside it is not judged.

@@ -92,8 +92,8 @@ int CountTables(Connection &connection) {
     return sqlite3_column_int(count.get(), 0);
 }
 
-// Runs the reader again where it crashed or hung, as long as it gets on: each run leaves the tables behind
-// that the former one has begun.
+// Runs the reader again where it crashed or hung, as long as that gives further tables: each run passes over
+// those that the ones before have begun.
 void RunSalvage(const QString &path, const QString &copy, int milliseconds) {
     constexpr int kMostRuns = 100;
     const QDeadlineTimer deadline(milliseconds);
@@ -112,7 +112,7 @@ void RunSalvage(const QString &path, const QString &copy, int milliseconds) {
     }
 }
 
-// The lines that the reader left, and one for the table at which it ended last.
+// Takes the table of lost lines out of the copy. A table at which the reader ended has a line there too.
 QStringList TakeLines(Connection &copy) {
     const QString table = QuotedName(QString::fromLatin1(jet::kLostTable));
     QStringList lines;
@@ -131,7 +131,7 @@ std::shared_ptr<Connection> SalvageJet(const QString &path, QStringList &lost, i
     const CopyFile copy;
     RunSalvage(path, copy.Path(), milliseconds);
     auto memory = LoadCopy(copy.Path(), path);
-    if (CountTables(*memory) < 2) throw DamagedDatabase(path); // the lines alone
+    if (CountTables(*memory) < 2) throw DamagedDatabase(path); // there is none but that of the lost lines
     lost += TakeLines(*memory);
     return memory;
 }

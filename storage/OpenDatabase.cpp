@@ -10,11 +10,7 @@ namespace storage {
 
 namespace {
 
-QString FullPath(const QString &path) {
-    return QDir::toNativeSeparators(QFileInfo(QDir::fromNativeSeparators(path)).absoluteFilePath());
-}
-
-// A file that only looks like a database shows it when its definition is read.
+// Reads the definition of the tables: only then does a file show that it merely looks like a database.
 void ReadDefinition(Connection &connection) {
     try {
         connection.Run(QStringLiteral("SELECT COUNT(*) FROM sqlite_master"));
@@ -33,29 +29,24 @@ std::shared_ptr<Connection> OpenNative(const QString &path, int flags = SQLite::
     return connection;
 }
 
-std::unique_ptr<Database::State> MakeState(std::shared_ptr<Connection> connection, const QString &name,
-                                           bool isNative) {
-    auto state = std::make_unique<Database::State>();
-    state->connection = std::move(connection);
-    state->name = name;
-    state->isNative = isNative;
-    return state;
-}
-
 std::unique_ptr<Database::State> OpenState(const QString &path, int flags) {
     const QString name = FullPath(path);
     if (path.isEmpty()) throw FileNotFound(path);
     switch (RecogniseFile(name)) {
     case FileForm::Native:
-        return MakeState(OpenNative(name, flags), name, true);
+        return std::make_unique<Database::State>(OpenNative(name, flags), name, true);
     case FileForm::Jet:
-        return MakeState(ImportJet(name), name, false);
+        return std::make_unique<Database::State>(ImportJet(name), name, false);
     default:
         throw UnrecognizedFormat(name);
     }
 }
 
 } // namespace
+
+QString FullPath(const QString &path) {
+    return QDir::toNativeSeparators(QFileInfo(QDir::fromNativeSeparators(path)).absoluteFilePath());
+}
 
 Database OpenDatabase(const QString &path) { return Database(OpenState(path, SQLite::OPEN_READWRITE)); }
 
@@ -77,19 +68,19 @@ Database CreateDatabase(const QString &path) {
     connection->Run(
         QStringLiteral("PRAGMA synchronous=OFF; PRAGMA journal_mode=MEMORY; PRAGMA application_id=%1")
             .arg(kFileMark));
-    return Database(MakeState(std::move(connection), name, true));
+    return Database(std::make_unique<Database::State>(std::move(connection), name, true));
 }
 
 Database OpenForBuilding(const QString &path) {
     const QString name = FullPath(path);
     if (RecogniseFile(name) != FileForm::Native) throw UnrecognizedFormat(name);
     auto connection = OpenNative(name);
-    sqlite3_db_config(connection->Handle(), SQLITE_DBCONFIG_DEFENSIVE, 0,
-                      nullptr); // it would keep the journal on
+    // The defensive mode would keep the journal on.
+    sqlite3_db_config(connection->Handle(), SQLITE_DBCONFIG_DEFENSIVE, 0, nullptr);
     connection->Run(
         QStringLiteral("PRAGMA locking_mode=EXCLUSIVE; PRAGMA journal_mode=OFF; PRAGMA synchronous=OFF; "
                        "PRAGMA secure_delete=OFF; PRAGMA cache_size=-65536"));
-    return Database(MakeState(std::move(connection), name, true));
+    return Database(std::make_unique<Database::State>(std::move(connection), name, true));
 }
 
 } // namespace storage

@@ -2,10 +2,12 @@
 #include "storage/EngineError.h"
 #include "storage/PreparedState.h"
 
+#include <optional>
+
 namespace storage {
 
 namespace {
-// The library takes a null pointer for Null; an empty value has an address all the same.
+// The library takes a null pointer for Null, so an empty text needs an address too.
 const char *Address(const char *data) { return data ? data : ""; }
 } // namespace
 
@@ -44,17 +46,14 @@ void PreparedStatement::BindBytes(int index, const QByteArray &value) {
 
 void PreparedStatement::Run() {
     sqlite3_stmt *statement = state_->statement.get();
+    const Connection &connection = *state_->connection;
     int code = SQLITE_ROW;
     while (code == SQLITE_ROW) code = sqlite3_step(statement);
-    if (code != SQLITE_DONE) {
-        const support::Error error =
-            LibraryError(state_->connection->Handle(), code, state_->connection->Name(), state_->sql);
-        sqlite3_reset(statement);
-        sqlite3_clear_bindings(statement);
-        throw support::Error(error);
-    }
+    std::optional<support::Error> error; // made before the reset, which forgets the library's words
+    if (code != SQLITE_DONE) error = LibraryError(connection.Handle(), code, connection.Name(), state_->sql);
     sqlite3_reset(statement);
     sqlite3_clear_bindings(statement);
+    if (error) throw support::Error(*error);
 }
 
 } // namespace storage

@@ -25,9 +25,13 @@ struct Recordset::State {
     // The value of the current row, valid until the next step.
     sqlite3_value *Cell(int column) const { return sqlite3_column_value(At(column), column); }
     [[noreturn]] void FailAt() const;
+    // The column without regard to case, or -1.
     int Find(const QString &name) const;
+    // Runs the query once more, to count its rows.
     std::int64_t CountRows() const;
+    // Writes what is pending, by UPDATE or INSERT.
     void RunChange();
+    // Makes `row` show the current row as it was just changed.
     void ReadAgain();
 
     std::shared_ptr<Connection> connection;
@@ -35,14 +39,14 @@ struct Recordset::State {
     std::vector<Parameter> parameters;
     std::optional<SelectText> select; // set when the rows can be changed
     Statement statement;
-    Statement changedRow;        // the current row after an Update
+    Statement changedRow;        // reads the current row after an Update; made at the first
     sqlite3_stmt *row = nullptr; // where the values of the current row are; null without one
     int fieldCount = 0;
-    std::int64_t position = 0; // of the current row, from 0
-    std::int64_t passed = 0;   // rows seen since the first
-    mutable std::int64_t count = -1;
+    std::int64_t position = 0;       // of the current row, from 0
+    std::int64_t passed = 0;         // rows seen since the first
+    mutable std::int64_t count = -1; // of all rows; -1 before it was asked for
     Change change = Change::None;
-    std::vector<std::pair<QString, QVariant>> pending;
+    std::vector<std::pair<QString, QVariant>> pending; // what was set, in order: column, value
 
 private:
     void PrepareQuery();

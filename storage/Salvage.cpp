@@ -18,14 +18,14 @@ namespace storage {
 namespace {
 
 const QString kPurpose = QStringLiteral("salvage");
-constexpr int kMostLines = 1000; // of one table
+constexpr int kMostLines = 1000; // on what one table lost
 
 std::shared_ptr<Connection> InMemory(const QString &name) {
     return std::make_shared<Connection>(QStringLiteral(":memory:"),
                                         SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, name);
 }
 
-// The table's columns as the file names them; none when there is no such table or nobody can read of it.
+// The table's columns as the file names them; none when there is no such table, or none that can be read.
 QStringList ColumnsOf(Connection &from, const QString &table) {
     try {
         const Statement any =
@@ -106,7 +106,7 @@ private:
     int count_ = 0;
 };
 
-// The rows that can be read; those that lack cells come with the cells that they have.
+// Copies the rows that can be read; a row of which only some cells can be read comes with these.
 void CopyTable(Connection &from, Connection &to, const QString &table, const QStringList &columns,
                sqlite3_int64 most, QStringList &lost) {
     TableCopy copy(to, table, columns);
@@ -125,7 +125,7 @@ void CopyTable(Connection &from, Connection &to, const QString &table, const QSt
     for (const TableScan::Range &range : scan.Lost()) losses.Rows(range);
 }
 
-// The tables that the connection has among those named.
+// Copies those of the tables that the connection has; their number.
 int CopyTables(Connection &from, Connection &to, const QStringList &tables, sqlite3_int64 most,
                QStringList &lost) {
     int found = 0;
@@ -138,19 +138,11 @@ int CopyTables(Connection &from, Connection &to, const QStringList &tables, sqli
     return found;
 }
 
-std::unique_ptr<Database::State> StateOf(std::shared_ptr<Connection> connection, const QString &name) {
-    auto state = std::make_unique<Database::State>();
-    state->connection = std::move(connection);
-    state->name = name;
-    state->isNative = false;
-    return state;
-}
-
 std::shared_ptr<Connection> ReadNative(const QString &path, const QStringList &tables, const QString &model,
                                        QStringList &lost) {
     constexpr int kSmallestRow = 4; // bytes
     const support::PrivateFolder folder(kPurpose);
-    for (const bool isMended : {false, true}) {
+    for (const bool isMended : {false, true}) { // then with the model's first page
         if (isMended && model.isEmpty()) break;
         const SalvageCopy copy(path, folder.Path(), isMended ? model : QString());
         auto memory = InMemory(path);
@@ -169,15 +161,17 @@ std::shared_ptr<Connection> ReadNative(const QString &path, const QStringList &t
 
 } // namespace
 
-// It has pages of tables behind the first.
+// Known by the pages behind the first: each of them begins as a page of a table does.
 bool LostItsFirstPage(const QString &path) {
-    constexpr qint64 kPage = 4096;
-    constexpr int kLooked = 4;
+    constexpr qint64 kUsualPage = 4096;
+    constexpr int kPagesLookedAt = 4;
+    constexpr char kInnerPage = 0x05, kLeafPage = 0x0D; // of the tree of a table
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() < kPage * (kLooked + 1)) return false;
-    for (int page = 1; page <= kLooked; ++page) {
+    if (!file.open(QIODevice::ReadOnly) || file.size() < kUsualPage * (kPagesLookedAt + 1)) return false;
+    for (int page = 1; page <= kPagesLookedAt; ++page) {
         char kind = 0;
-        if (!file.seek(page * kPage) || !file.getChar(&kind) || (kind != 0x05 && kind != 0x0D)) return false;
+        if (!file.seek(page * kUsualPage) || !file.getChar(&kind)) return false;
+        if (kind != kInnerPage && kind != kLeafPage) return false;
     }
     return true;
 }
@@ -185,13 +179,12 @@ bool LostItsFirstPage(const QString &path) {
 void SweepSalvageFolders() { support::SweepPrivateFolders(kPurpose); }
 
 Salvaged SalvageDatabase(const QString &path, const QStringList &tables, const QString &model) {
-    const QString name =
-        QDir::toNativeSeparators(QFileInfo(QDir::fromNativeSeparators(path)).absoluteFilePath());
+    const QString name = FullPath(path);
     QStringList lost;
     const FileForm form = RecogniseFile(name);
     if (form == FileForm::Unknown && !LostItsFirstPage(name)) throw UnrecognizedFormat(name);
     auto memory = form == FileForm::Jet ? SalvageJet(name, lost) : ReadNative(name, tables, model, lost);
-    return {Database(StateOf(std::move(memory), name)), lost};
+    return {Database(std::make_unique<Database::State>(std::move(memory), name, false)), lost};
 }
 
 } // namespace storage

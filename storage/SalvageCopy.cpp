@@ -1,9 +1,8 @@
 #include "storage/SalvageCopy.h"
 
 #include "storage/EngineError.h"
-#include "storage/FileForm.h"
+#include "storage/FileHeader.h"
 
-#include <bit>
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
@@ -11,8 +10,6 @@
 namespace storage {
 
 namespace {
-
-constexpr int kHeader = 100;
 
 void CopyWhole(const QString &source, const QString &target) {
     QFile::remove(target);
@@ -22,63 +19,76 @@ void CopyWhole(const QString &source, const QString &target) {
     QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner);
 }
 
-// Where the header's numbers stand, and what they are in every file of the form.
-constexpr int kPageSizeAt = 16;
-constexpr int kVersionsAt = 18;
-constexpr int kReservedAt = 20;
-constexpr int kChangesAt = 24;
-constexpr int kPagesAt = 28;
-constexpr int kFreeListAt = 32;
-constexpr int kSchemaFormatAt = 44;
-constexpr int kLargestRootAt = 52;
-constexpr int kEncodingAt = 56;
-constexpr int kIncrementalAt = 64;
-constexpr int kValidForAt = 92;
+void SetNumber(QByteArray &bytes, int at, quint32 value) { qToBigEndian(value, bytes.data() + at); }
 
-void SetNumber(QByteArray &header, int at, quint32 value) { qToBigEndian(value, header.data() + at); }
-quint32 Number(const QByteArray &header, int at) { return qFromBigEndian<quint32>(header.constData() + at); }
-
-qint64 PageSizeOf(const QByteArray &header) {
+qint64 PageSizeOrUsual(const QByteArray &bytes) {
     constexpr qint64 kUsual = 4096;
-    const qint64 size = qFromBigEndian<quint16>(header.constData() + kPageSizeAt);
-    if (size == 1) return 65536;
-    return size >= 512 && std::has_single_bit(static_cast<quint64>(size)) ? size : kUsual;
+    const qint64 size = header::PageSize(bytes);
+    return size > 0 ? size : kUsual;
 }
 
-// What the library refuses a whole file for.
-void MendHeader(QByteArray &header, qint64 pageSize, qint64 pages) {
-    header.replace(0, 16, QByteArray("SQLite format 3\0", 16));
-    qToBigEndian(static_cast<quint16>(pageSize == 65536 ? 1 : pageSize), header.data() + kPageSizeAt);
-    header.replace(kVersionsAt, 6, QByteArray("\1\1\0\x40\x20\x20", 6));
-    static_assert(kReservedAt == kVersionsAt + 2);
-    SetNumber(header, kPagesAt, static_cast<quint32>(pages));
-    SetNumber(header, kValidForAt, Number(header, kChangesAt));
-    SetNumber(header, kFreeListAt, 0);
-    SetNumber(header, kFreeListAt + 4, 0);
-    if (Number(header, kSchemaFormatAt) - 1 > 3) SetNumber(header, kSchemaFormatAt, 4);
-    if (Number(header, kEncodingAt) - 1 > 2) SetNumber(header, kEncodingAt, 1);
-    SetNumber(header, kLargestRootAt, 0);
-    SetNumber(header, kIncrementalAt, 0);
+// Sets right whatever the library refuses a whole file for: what is the same in every file of the form, and
+// what the size of the file tells. The list of free pages is dropped.
+void MendHeader(QByteArray &bytes, qint64 pageSize, qint64 pages) {
+    using namespace header;
+    constexpr qint64 kLargestPage = 65536; // written as 1
+    constexpr quint32 kUsualSchemaFormat = 4, kUtf8 = 1;
+    bytes.replace(0, kMark.size(), kMark);
+    qToBigEndian(static_cast<quint16>(pageSize == kLargestPage ? 1 : pageSize), bytes.data() + kPageSizeAt);
+    bytes.replace(kVersionsAt, 6, QByteArray("\1\1\0\x40\x20\x20", 6));
+    SetNumber(bytes, kPagesAt, static_cast<quint32>(pages));
+    SetNumber(bytes, kPagesValidForAt, Number(bytes, kChangesAt));
+    SetNumber(bytes, kFirstFreePageAt, 0);
+    SetNumber(bytes, kFreePagesAt, 0);
+    const quint32 schemaFormat = Number(bytes, kSchemaFormatAt), encoding = Number(bytes, kEncodingAt);
+    if (schemaFormat < 1 || schemaFormat > 4) SetNumber(bytes, kSchemaFormatAt, kUsualSchemaFormat);
+    if (encoding < 1 || encoding > 3) SetNumber(bytes, kEncodingAt, kUtf8);
+    SetNumber(bytes, kLargestRootAt, 0);
+    SetNumber(bytes, kIncrementalAt, 0);
 }
 
-// A page that was cut off is filled up with zeros.
+// Writes a mended first page: that of the model, or the file's own header. A page that was cut off is filled
+// up with zeros.
 void MendFile(const QString &path, const QString &model) {
     QFile file(path);
     if (!file.open(QIODevice::ReadWrite)) throw CannotOpenFile(path);
-    QByteArray header = file.read(kHeader);
-    if (header.size() < kHeader) throw DamagedDatabase(path);
-    const qint64 pageSize = PageSizeOf(header);
+    QByteArray bytes = file.read(header::kSize);
+    if (bytes.size() < header::kSize) throw DamagedDatabase(path);
+    const qint64 pageSize = PageSizeOrUsual(bytes);
     const qint64 pages = (file.size() + pageSize - 1) / pageSize;
     if (!model.isEmpty()) {
         QFile sound(model);
         if (!sound.open(QIODevice::ReadOnly)) throw CannotOpenFile(model);
-        header = sound.read(pageSize);
-        if (header.size() < pageSize || PageSizeOf(header) != pageSize) throw DamagedDatabase(path);
+        bytes = sound.read(pageSize);
+        if (bytes.size() < pageSize || PageSizeOrUsual(bytes) != pageSize) throw DamagedDatabase(path);
     }
-    MendHeader(header, pageSize, pages);
-    if (!file.resize(pages * pageSize) || !file.seek(0) || file.write(header) != header.size() ||
-        !file.flush())
+    MendHeader(bytes, pageSize, pages);
+    if (!file.resize(pages * pageSize) || !file.seek(0) || file.write(bytes) != bytes.size() || !file.flush())
         throw EngineError(kErrDiskFull, QStringLiteral("Not enough space on disk."));
+}
+
+// Copies the journals of a file that has any; true then.
+bool CopyJournals(const QString &path, const QString &copy) {
+    bool any = false;
+    for (const char *ending : header::kJournalEndings) {
+        QFile::remove(copy + QLatin1String(ending));
+        const QString journal = path + QLatin1String(ending);
+        if (!QFileInfo::exists(journal)) continue;
+        CopyWhole(journal, copy + QLatin1String(ending));
+        any = true;
+    }
+    return any;
+}
+
+// Has the library take back the change that the journals tell of, or a finished one in. Where it can't, what
+// the file alone holds is what there is.
+void TakeInJournals(const QString &copy, const QString &name) {
+    try {
+        Connection(copy, SQLite::OPEN_READWRITE, name)
+            .Run(QStringLiteral("SELECT COUNT(*) FROM sqlite_master; PRAGMA wal_checkpoint(TRUNCATE)"));
+    } catch (const support::Error &) {
+    }
+    for (const char *ending : {"-journal", "-wal", "-shm"}) QFile::remove(copy + QLatin1String(ending));
 }
 
 void Loosen(Connection &connection) {
@@ -93,23 +103,7 @@ void Loosen(Connection &connection) {
 SalvageCopy::SalvageCopy(const QString &path, const QString &folder, const QString &model) {
     const QString copy = folder + QStringLiteral("/salvage.map");
     CopyWhole(path, copy);
-    bool hasJournal = false;
-    for (const char *ending : {"-journal", "-wal"}) {
-        QFile::remove(copy + QLatin1String(ending));
-        const QString journal = path + QLatin1String(ending);
-        if (!QFileInfo::exists(journal)) continue;
-        CopyWhole(journal, copy + QLatin1String(ending));
-        hasJournal = true;
-    }
-    if (hasJournal) { // the library takes the unfinished change back, or a finished one in
-        try {
-            Connection(copy, SQLite::OPEN_READWRITE, path)
-                .Run(QStringLiteral("SELECT COUNT(*) FROM sqlite_master; PRAGMA wal_checkpoint(TRUNCATE)"));
-        } catch (const support::Error &) {
-            // What the file alone holds is what there is.
-        }
-        for (const char *ending : {"-journal", "-wal", "-shm"}) QFile::remove(copy + QLatin1String(ending));
-    }
+    if (CopyJournals(path, copy)) TakeInJournals(copy, path);
     MendFile(copy, model);
     connection_ = std::make_unique<Connection>(copy, SQLite::OPEN_READWRITE, path);
     Loosen(*connection_);

@@ -7,6 +7,7 @@
 namespace storage {
 
 namespace {
+
 const QString kRowId = QStringLiteral("_rowid_");
 
 QString BareName(const QString &name) {
@@ -14,17 +15,6 @@ QString BareName(const QString &name) {
                ? name.mid(1, name.size() - 2)
                : name;
 }
-} // namespace
-
-QString SelectText::WithRowId() const {
-    return QStringLiteral("SELECT %1, %2 FROM %3 %4").arg(columns, kRowId, QuotedName(table), rest);
-}
-
-QString SelectText::OfOneRow() const {
-    return QStringLiteral("SELECT %1 FROM %3 WHERE %2=?").arg(columns, kRowId, QuotedName(table));
-}
-
-namespace {
 
 bool IsWordCharacter(QChar c) {
     return c.unicode() < 0x80 && (c.isLetterOrNumber() || c == QLatin1Char('_'));
@@ -92,7 +82,8 @@ bool TakeColumns(Reader &reader, QStringView &columns) {
     }
 }
 
-// Whether rows are joined into others outside of names and texts.
+// Whether the query folds rows into others (GROUP BY, UNION and the like); such words in names and texts
+// don't count.
 bool Folds(const QString &rest) {
     if (rest.isEmpty()) return false;
     static const QRegularExpression folded(
@@ -107,7 +98,16 @@ bool Folds(const QString &rest) {
 
 } // namespace
 
-// Almost every query of a start reads a whole table: it should not have to build a pattern first.
+QString SelectText::WithRowId() const {
+    return QStringLiteral("SELECT %1, %2 FROM %3 %4").arg(columns, kRowId, QuotedName(table), rest);
+}
+
+QString SelectText::OfOneRow() const {
+    return QStringLiteral("SELECT %1 FROM %2 WHERE %3=?").arg(columns, QuotedName(table), kRowId);
+}
+
+// Reads by hand: almost every query at the start of the program is one of a whole table, and compiling a
+// regular expression first would take longer than all of them.
 std::optional<SelectText> SplitSelect(const QString &sql) {
     Reader reader(sql);
     reader.TakeBlanks();

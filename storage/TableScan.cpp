@@ -13,22 +13,35 @@ constexpr int kMostAttempts = 100000;
 constexpr sqlite3_int64 kLowest = std::numeric_limits<sqlite3_int64>::min();
 constexpr sqlite3_int64 kHighest = std::numeric_limits<sqlite3_int64>::max();
 
-QString SelectText(const QString &table, const QString &what, const char *order) {
+QString ScanText(const QString &table, const QString &what, const char *order) {
     return QStringLiteral(
                "SELECT _rowid_, %1 FROM %2 NOT INDEXED WHERE _rowid_ BETWEEN ? AND ? ORDER BY _rowid_ %3")
         .arg(what, QuotedName(table), QLatin1String(order));
+}
+
+// The same numbers in ascending order, as few ranges as it takes.
+std::vector<TableScan::Range> Joined(std::vector<TableScan::Range> ranges) {
+    std::sort(ranges.begin(), ranges.end(), [](const auto &a, const auto &b) { return a.low < b.low; });
+    std::vector<TableScan::Range> joined;
+    for (const TableScan::Range &range : ranges) {
+        if (!joined.empty() && joined.back().high >= range.low - 1)
+            joined.back().high = std::max(joined.back().high, range.high);
+        else
+            joined.push_back(range);
+    }
+    return joined;
 }
 
 } // namespace
 
 TableScan::TableScan(Connection &connection, const QString &table, const QStringList &columns,
                      sqlite3_int64 most)
-    : forward_(connection.Prepare(SelectText(table, QStringLiteral("*"), "ASC"))),
-      backward_(connection.Prepare(SelectText(table, QStringLiteral("*"), "DESC"))),
-      number_(connection.Prepare(SelectText(table, QStringLiteral("NULL"), "ASC"))),
+    : forward_(connection.Prepare(ScanText(table, QStringLiteral("*"), "ASC"))),
+      backward_(connection.Prepare(ScanText(table, QStringLiteral("*"), "DESC"))),
+      number_(connection.Prepare(ScanText(table, QStringLiteral("NULL"), "ASC"))),
       most_(most) {
     for (const QString &column : columns)
-        cells_.push_back(connection.Prepare(SelectText(table, QuotedName(column), "ASC")));
+        cells_.push_back(connection.Prepare(ScanText(table, QuotedName(column), "ASC")));
 }
 
 TableScan::Walk TableScan::Up(sqlite3_stmt *statement, const Range &range, const TakeRow &take) {
@@ -82,7 +95,7 @@ void TableScan::TakeCells(sqlite3_int64 number, const TakeCell &take) {
     take(number, -1, nullptr);
 }
 
-// What lies between the rows that were read from both ends.
+// Reads the range from both ends; the halves of what lies between are left for later.
 void TableScan::Divide(Range range, const TakeRow &takeRow, const TakeCell &takeCell) {
     const Walk up = Up(forward_.get(), range, takeRow);
     if (up.whole) return;
@@ -92,7 +105,7 @@ void TableScan::Divide(Range range, const TakeRow &takeRow, const TakeCell &take
     if (down.whole) return;
     if (down.any && down.last == range.low) return;
     if (down.any) range.high = down.last - 1;
-    // Numbers are counted up from 1 as rows are added.
+    // Row numbers are counted up from 1: there is nothing to try below, or above what the file has room for.
     if (range.low == kLowest) range.low = std::min<sqlite3_int64>(1, range.high);
     if (range.high == kHighest) range.high = std::max(range.low, most_);
     if (range.low >= range.high) return TakeCells(range.low, takeCell);
@@ -111,15 +124,7 @@ void TableScan::Run(const TakeRow &takeRow, const TakeCell &takeCell) {
         else
             Lose(range);
     }
-    std::sort(lost_.begin(), lost_.end(), [](const Range &a, const Range &b) { return a.low < b.low; });
-    std::vector<Range> joined;
-    for (const Range &range : lost_) {
-        if (!joined.empty() && joined.back().high >= range.low - 1)
-            joined.back().high = std::max(joined.back().high, range.high);
-        else
-            joined.push_back(range);
-    }
-    lost_ = std::move(joined);
+    lost_ = Joined(std::move(lost_));
 }
 
 } // namespace storage

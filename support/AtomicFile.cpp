@@ -25,7 +25,7 @@ QString ResolvedTarget(const QString &path) {
 
 // What the names of the new files of a target begin with.
 QString NewNameStart(const QFileInfo &target) {
-    constexpr int kLongest = 60;
+    constexpr int kLongest = 60; // characters, so that the whole stays below what file systems allow
     return QStringLiteral(".%1.").arg(target.fileName().left(kLongest));
 }
 
@@ -37,7 +37,8 @@ QString NewNameBeside(const QString &target) {
            QString::number(QRandomGenerator::global()->generate64(), 36) + kNewNameEnd;
 }
 
-// Those of the copies that are kept of it, with .bak or .1.bak behind its name, count as its own.
+// Whether a name is that of a new file of the target, of which `start` is NewNameStart, or of a copy kept of
+// it (NAME.bak, NAME.1.bak).
 bool IsNewName(const QString &name, const QString &start) {
     static const QRegularExpression rest(QStringLiteral("\\A(([0-9]+\\.)?bak\\.)?[0-9a-z]{1,13}\\z"));
     return name.startsWith(start) && name.endsWith(kNewNameEnd) &&

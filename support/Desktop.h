@@ -31,8 +31,7 @@ Answer ClosingAnswer(Buttons buttons);
 class MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
-    // Shows `text` modally and gives the button pressed; closing the box counts as Cancel, No or Ok,
-    // whichever of them the box has, in that order.
+    // Shows `text` modally and gives the button pressed; closing the box counts as ClosingAnswer(buttons).
     virtual Answer Show(const QString &text, Buttons buttons, Icon icon, const QString &title,
                         EnterPresses enter = EnterPresses::Consent) = 0;
     // Asks for one line of text; empty when cancelled.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <exception>
+#include <QByteArray>
 #include <QString>
 #include <utility>
 
@@ -68,9 +69,8 @@ void ShowReport(const QString &object, const QString &routine, const Error &erro
 // "Out of memory", any other std::exception number 5 with its own text. Call inside a catch block only.
 Error CurrentError(const QString &source);
 
-// The first of the two shapes: runs `body`; an error of it is shown in a message box with the title
-// "Error in OBJECT: Sub ROUTINE", and the routine then ends normally. For routines that the event loop
-// enters.
+// For routines that the event loop enters: runs `body`. An error is shown in a message box with the title
+// "Error in OBJECT: Sub ROUTINE", and the call then ends normally.
 template <typename Body>
 void Report(const char *object, const char *routine, Body &&body) {
     try {
@@ -81,8 +81,8 @@ void Report(const char *object, const char *routine, Body &&body) {
     }
 }
 
-// The second shape: runs `body` and gives its result; an error of it is raised again with the same number and
-// description and with `routine` added to the source. For routines that other routines call.
+// For routines that other routines call: runs `body` and gives its result. An error is raised again with the
+// same number and description and with `routine` added to its source.
 template <typename Body>
 auto PassOn(const char *routine, Body &&body) -> decltype(std::forward<Body>(body)()) {
     try {

@@ -40,7 +40,7 @@ enum class FilterResult { EndProcess = 0, ExecuteHandler = 1 };
 // What the box says of a hardware exception: "Error " and its name.
 QString FaultText(std::uint32_t code);
 
-// With the first form visible the process ends without the system's own report, which the box stood for.
+// With the first form visible the process ends without the system's own report: the box has told the user.
 FilterResult FilterDecision(bool firstFormVisible);
 
 // The code for a POSIX signal and the reason in its si_code; 0 for a signal that the filter leaves alone.

@@ -12,7 +12,7 @@ struct FileFilterRow {
     QStringList patterns; // empty for a last row that lacks its pattern
 };
 
-// The rows of "Title|*.a;*.b|Title|*.c". A last row without a pattern isn't repaired.
+// The rows of "Title|*.a;*.b|Title|*.c". A title at the end that lacks its pattern is a row without patterns.
 std::vector<FileFilterRow> ParseFileFilter(const QString &filter);
 // The row as Qt's dialogs write it: "Title (*.a *.b)".
 QString QtNameFilter(const FileFilterRow &row);

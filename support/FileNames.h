@@ -5,7 +5,7 @@
 
 namespace support {
 
-// What a platform's file names may not be.
+// The platform whose rules a file name must keep to.
 enum class NameRules { Posix, Windows };
 #ifdef Q_OS_WIN
 constexpr NameRules kOwnNameRules = NameRules::Windows;

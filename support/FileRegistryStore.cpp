@@ -3,6 +3,7 @@
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Platform.h"
+#include "support/RegistryText.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,24 +1,13 @@
-// The registry of platforms that have none: text files that a person can read and edit.
-//
-// A file holds keys in brackets and one value a line:
-//     [HKEY_CURRENT_USER\SOFTWARE\Orbelle\Velmora]
-//     "LastPath"=string:"/home/ann/plans"
-//     "Left"=number:120
-// Types are string, expand, binary (hexadecimal bytes), number, bigendian, and strings (texts with commas
-// between). In texts \\, \", \n, \r, \t and \uXXXX stand for the characters that they name; @ is the name of
-// a key's default value. Lines that cannot be read are left out, and lines that start with ; or # are
-// comments; neither survives the next write.
+// The registry of platforms that have none: text files (RegistryText.h) that a person can read and edit.
 #pragma once
 
 #include "support/RegistryStore.h"
 
 #include <functional>
-#include <QByteArray>
+#include <QString>
+#include <QStringList>
 
 namespace support {
-
-QByteArray WriteRegistryText(const RegistryTree &tree);
-RegistryTree ReadRegistryText(const QByteArray &text);
 
 // Every read looks at the file anew, and every write reads it, changes it and replaces it under a lock, so
 // that programs that run at once see each other's values and lose none.

@@ -17,7 +17,7 @@ namespace {
 
 QString programFolder;
 
-// Without links, where there is something; else as it is.
+// The path with its links resolved; as it is where nothing exists.
 QString ResolvedPath(const QString &path) {
     const QString resolved = QFileInfo(path).canonicalFilePath();
     return resolved.isEmpty() ? path : resolved;
@@ -112,7 +112,6 @@ QString AddBackslash(const QString &folder) {
     return folder + SeparatorOf(folder);
 }
 
-// A path of Windows is compared as Windows does, wherever the program runs.
 bool IsSameFile(const QString &a, const QString &b) {
     const bool ofWindows = StartsLikeWindows(a) && StartsLikeWindows(b);
     return IsSameFile(a, b, ofWindows ? Qt::CaseInsensitive : platform::PathCase());

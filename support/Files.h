@@ -27,15 +27,15 @@ qsizetype LastSeparator(const QString &path);
 
 // `text` with `ending` added if its last characters aren't that ending. An empty text gives the ending.
 QString AddBackslash(const QString &text, const QString &ending);
-// The same for a folder name: nothing is added behind any separator of its spelling, else
-// SeparatorOf(folder).
+// `folder` with SeparatorOf(folder) at its end, unless it ends in a separator of its spelling already.
 QString AddBackslash(const QString &folder);
 
 // True for an existing file that isn't a folder; false on any error.
 bool FileExists(const QString &path);
-// Whether both paths lead to one file or folder, as the file system has it: links are followed, and names
-// that differ in upper and lower case alone are the same where it takes them for that. Where one isn't there,
-// as `sensitivity` says; without it, as is usual on the platform.
+// Whether both paths lead to one file or folder. Links are followed. Of names that differ in upper and lower
+// case alone the file system decides; where it can't, as one of them doesn't exist, `sensitivity` does.
+// Without that, two paths of Windows are compared without regard to case, all others as is usual on the
+// platform.
 bool IsSameFile(const QString &a, const QString &b);
 bool IsSameFile(const QString &a, const QString &b, Qt::CaseSensitivity sensitivity);
 // True for an existing folder; false on any error.

@@ -1,4 +1,4 @@
-// What the program does once the user has read about an error.
+// What the program does once the user has read about an error; part of Error.cpp.
 #pragma once
 
 #include "support/Error.h"
@@ -7,8 +7,9 @@
 
 namespace support {
 
-// `action` runs when that very error has been reported, after its box was closed: the next report of any
-// other error drops it. One at a time. An error of the action itself is reported.
+// Call it before raising `error`. Once ShowReport (support/Error.h) has shown that error and its box was
+// closed, `action` runs; if another error is reported first, it is dropped. There is one action at a time: a
+// second call replaces the first. An error of the action itself is reported.
 void FollowReport(const Error &error, std::function<void()> action);
 
 } // namespace support

@@ -13,8 +13,8 @@
 
 namespace support {
 
-// Takes what a writer of PDF writes and appends it to a file in large pieces. It never tells the writer of a
-// failure, for writers don't listen; Check does.
+// Takes what a writer of PDF writes and appends it to a file in large pieces. Writers of PDF ignore failures
+// of their device, so writing always seems to succeed; Check raises what went wrong.
 class SpoolDevice : public QIODevice {
 public:
     // `file` must outlive the object.
@@ -47,7 +47,8 @@ public:
     // What is done with the PDF when it is whole: commit the file, or read it from its path. What it raises,
     // Finish does.
     using HandOn = std::function<void(AtomicFile &pdf)>;
-    // Takes the place of the usual writer: paints into the file, which is there and empty.
+    // Makes the device to paint on in place of the usual writer: it writes into the file, which exists and is
+    // empty.
     using MakeDevice = std::function<std::unique_ptr<QPagedPaintDevice>(const QString &path)>;
 
     PdfJob(const SystemPrinter &printer, const QString &documentName, const QString &file,

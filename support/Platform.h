@@ -25,6 +25,9 @@ Failure RenameOver(const QString &newFile, const QString &target);
 Failure CreateNew(const QString &path);
 // True for a folder itself, not a link to one, that belongs to this user and that nobody else may enter.
 bool IsPrivateFolder(const QString &path);
+// Makes a folder into which only the user may look, and the folders above it; true when it is there
+// afterwards.
+bool MakePrivateFolder(const QString &path);
 // Writes all of `bytes` to a file that exists, behind its content or in place of it.
 enum class WriteMode { Replace, Append };
 Failure WriteFile(const QString &path, const QByteArray &bytes, WriteMode mode);
@@ -61,17 +64,14 @@ class FileLock {
 public:
     virtual ~FileLock() = default;
 };
-// Makes a folder into which only the user may look, and the folders above it; true when it is there
-// afterwards.
-bool MakePrivateFolder(const QString &path);
 // Waits up to `milliseconds` for the lock that `path` names (the file is made and stays); null when not got.
 std::unique_ptr<FileLock> Lock(const QString &path, int milliseconds);
 // The same on a file that must exist. The file can be read, written, renamed and deleted meanwhile. Null at
 // once where the file system knows no locks.
 std::unique_ptr<FileLock> LockExisting(const QString &path, int milliseconds);
 
-// Memory: percent available of the whole where the platform is asked so, and percent in use on Windows; -1
-// when the platform does not tell it.
+// Percent of the memory that is available (Linux, macOS) or in use (Windows). -1 when the platform doesn't
+// tell it, and on the other platforms.
 int AvailableMemoryPercent();
 int MemoryLoadPercent();
 

@@ -26,12 +26,12 @@ enum class Sides { One, LongEdge, ShortEdge }; // printed on; the edge is the on
 enum class PageSet { All, Odd, Even };
 enum class PrinterState { Ready, Paused, Refusing, Gone };
 
-// The program's own printer: a device, or a PDF file, and how to print there. What it says isn't the system's
-// concern.
+// The program's own printer: a device, or a PDF file, and how to print there. Changing it changes none of the
+// system's settings.
 struct SystemPrinter {
     QString deviceName; // empty where the machine has no printer
-    // Where this isn't empty, jobs are PDF files and no printer has any part in them. When a job to the
-    // program's printer's file has ended well, that is given the next free name in the folder.
+    // Where this isn't empty, jobs are PDF files and no printer has any part in them. When a job to the file
+    // of Printers::System has ended well, that printer's file is given the next free name in the folder.
     QString outputFile;
     // Whether the user agreed to replace `outputFile`. Otherwise a job takes the next free name.
     bool replaceFile = false;
@@ -40,7 +40,8 @@ struct SystemPrinter {
     QPageSize paper{QPageSize::A4};
     int copies = 1;
     bool collate = true;
-    // Of the document that the dialog was shown for: whoever prints it puts them back to all.
+    // Which pages of the document that the dialog was shown for. Whoever prints it puts them back to all
+    // afterwards.
     QPageRanges pages;              // counted from 1; empty means all
     PageSet pageSet = PageSet::All; // of these
     PageOrder order = PageOrder::FirstToLast;

@@ -61,6 +61,26 @@ QStringList RegistryTree::Sections(const QString &fullPath) const {
     return names;
 }
 
+std::optional<RegistryValue> RegistryTree::Value(const QString &fullPath, const QString &name) const {
+    const Key *key = Find(fullPath);
+    if (!key) return std::nullopt;
+    const auto found = key->find(name);
+    if (found == key->end()) return std::nullopt;
+    return found->second;
+}
+
+bool RegistryTree::DeleteValue(const QString &fullPath, const QString &name) {
+    const auto found = keys_.find(fullPath);
+    return found != keys_.end() && found->second.erase(name) > 0;
+}
+
+QStringList RegistryTree::Values(const QString &fullPath) const {
+    QStringList names;
+    if (const Key *key = Find(fullPath))
+        for (const auto &[name, value] : *key) names.append(name);
+    return names;
+}
+
 bool MemoryRegistryStore::KeyExists(RegistryRoot root, const QString &path) {
     return tree_.Find(RegistryFullPath(root, path)) != nullptr;
 }
@@ -95,26 +115,6 @@ QStringList MemoryRegistryStore::Values(RegistryRoot root, const QString &path) 
 
 QStringList MemoryRegistryStore::Sections(RegistryRoot root, const QString &path) {
     return tree_.Sections(RegistryFullPath(root, path));
-}
-
-std::optional<RegistryValue> RegistryTree::Value(const QString &fullPath, const QString &name) const {
-    const Key *key = Find(fullPath);
-    if (!key) return std::nullopt;
-    const auto found = key->find(name);
-    if (found == key->end()) return std::nullopt;
-    return found->second;
-}
-
-bool RegistryTree::DeleteValue(const QString &fullPath, const QString &name) {
-    const auto found = keys_.find(fullPath);
-    return found != keys_.end() && found->second.erase(name) > 0;
-}
-
-QStringList RegistryTree::Values(const QString &fullPath) const {
-    QStringList names;
-    if (const Key *key = Find(fullPath))
-        for (const auto &[name, value] : *key) names.append(name);
-    return names;
 }
 
 } // namespace support

@@ -39,7 +39,7 @@ struct RegistryValue {
     friend bool operator==(const RegistryValue &, const RegistryValue &) = default;
 };
 
-// Text that is equal for two spellings of one name.
+// Orders names without regard to case, so that two spellings of one name are the same key of a map.
 struct CaseBlindLess {
     bool operator()(const QString &a, const QString &b) const {
         return a.compare(b, Qt::CaseInsensitive) < 0;
@@ -98,7 +98,7 @@ private:
 // "HKEY_...\path" with doubled and outer backslashes taken out.
 QString RegistryFullPath(RegistryRoot root, const QString &path);
 
-// A store that lives as long as the object, for tests.
+// A store that lives as long as the object; for tests, and for programs that must not touch the user's.
 class MemoryRegistryStore : public RegistryStore {
 public:
     bool KeyExists(RegistryRoot root, const QString &path) override;

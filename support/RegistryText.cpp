@@ -1,6 +1,7 @@
-#include "support/FileRegistryStore.h"
+#include "support/RegistryText.h"
 
 #include <algorithm>
+#include <optional>
 #include <QStringList>
 
 namespace support {
@@ -68,8 +69,8 @@ QString TypeText(RegistryType type) {
     return QString::fromLatin1(kTypeNames[0].name);
 }
 
-// Walks over one line. Every Take... gives nothing, and the line is left out, when it doesn't find what it
-// wants.
+// Walks over one line. A Take... that doesn't find what it is called after gives nothing; the caller then
+// leaves the line out.
 class LineReader {
 public:
     explicit LineReader(const QString &line) : line_(line) {}

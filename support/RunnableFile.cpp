@@ -48,7 +48,7 @@ constexpr std::array kBeginnings = {
     "[InternetShortcut]"sv,
 };
 
-constexpr qint64 kLooked = 1024; // bytes
+constexpr qint64 kBytesLookedAt = 1024;
 
 bool IsEnding(const QString &text) {
     const std::string ending = text.toLower().toStdString();
@@ -86,7 +86,7 @@ bool BeginsWithAMark(const QByteArray &bytes) {
 
 } // namespace
 
-// What stands behind a colon is another stream of the same file there.
+// On Windows what stands behind a colon names another stream of the same file: each part is looked at.
 bool IsNamedLikeAProgram(const QString &path) {
     for (const QString &part : FileTitle(path).split(u':')) {
         const QString name = WithoutTail(part);
@@ -106,7 +106,7 @@ bool CanRun(const QString &path) {
     if (!file.isFile()) return false;
     if (file.isExecutable()) return true;
     QFile content(path);
-    return content.open(QIODevice::ReadOnly) && BeginsLikeAProgram(content.read(kLooked));
+    return content.open(QIODevice::ReadOnly) && BeginsLikeAProgram(content.read(kBytesLookedAt));
 }
 
 } // namespace support

@@ -9,7 +9,8 @@ namespace support {
 // The number at the beginning of `text`: a sign, digits, a decimal point, an exponent behind E or D, or &H
 // and &O digits. Reading ends at the first character that cannot belong to the number; blanks, tabs and line
 // feeds are skipped wherever they stand. No number gives 0. Hexadecimal and octal numbers of up to 16 bits
-// come back signed in 16 bits, longer ones signed in 32. Error 6 "Overflow" above the range of a double.
+// come back signed in 16 bits, longer ones signed in 32. Error 6 "Overflow" above the range of a double, and
+// for more than 32 bits.
 double Val(const QString &text);
 
 // "True" and "False" in any case, and texts that are a number as a whole (0 is false). Error 13 "Type

@@ -1,4 +1,4 @@
-// The code page of western texts of old.
+// Windows-1252, the code page of older Western texts.
 #pragma once
 
 #include <array>

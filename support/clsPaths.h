@@ -22,7 +22,8 @@ public:
     // The user's documents folder with a separator at its end: the registry's value, else the platform's
     // documents folder if there is one, else the program's folder.
     QString GetMyDocsPath() const;
-    // The same, but the home folder where there is none, or where the registry's isn't there.
+    // The same for folders that exist alone: the registry's value, else the platform's documents folder, else
+    // the home folder.
     QString GetMyDocsOrHomePath() const;
     // The system's folders with a separator at their ends; on platforms other than Windows /usr/ and
     // /usr/lib/.

@@ -26,8 +26,8 @@ struct BarItem {
     QString caption;
     QString key; // the file
     QString tag;
-    // Of a template database: its icon file, or empty where it has none that can be shown. The other kinds
-    // have the drawn icon "FLAT", and what support's AssociatedIcon gives for the file.
+    // Of a template database: its icon file; empty where it has none that can be shown. Of the other kinds
+    // empty: they are shown with the icon "FLAT", or with what support::FileIcons has for the file.
     QByteArray icon;
 };
 
@@ -58,9 +58,9 @@ public:
     // end.
     std::optional<BarItem> Next();
 
-    // Files that are no templates though they are called so.
+    // Files with the ending of templates that are none.
     const std::vector<BadFile> &BadFiles() const { return badFiles_; }
-    // Templates whose icon is none.
+    // Templates whose icon can't be shown.
     const QStringList &BadIcons() const { return badIcons_; }
 
 private:

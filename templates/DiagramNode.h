@@ -8,9 +8,9 @@ class Surface;
 
 namespace templates {
 
-// Finds the node or makes it, hidden, and gives it the picture and the colour of the background.
+// Finds the node or makes it, hidden, and gives it the picture and the colour of the surface's background.
 diagram::Node &PutDiagramNode(diagram::Surface &flow);
-// Gives the surface the background of its node, and removes that. Nothing without one.
+// Gives the surface the background that the node carries, and removes the node. Does nothing without one.
 void TakeDiagramNode(diagram::Surface &flow);
 
 } // namespace templates

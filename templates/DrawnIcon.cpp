@@ -16,31 +16,33 @@ namespace templates {
 
 namespace {
 
-constexpr int kIconSizes[] = {16, 24, 32, 48, 64, 256};
-constexpr int kFiner = 4; // times as many pixels are drawn and then scaled down
+constexpr int kIconSizes[] = {16, 24, 32, 48, 64, 256}; // pixels
+constexpr int kFiner = 4;                               // times as many pixels are drawn and then scaled down
 constexpr double kTwips = diagram::kTwipsPerPixel;
 constexpr int kNoLine = 5; // the draw style
 constexpr support::Colour kTitleBar = support::Rgb(0x1f, 0x3a, 0x5f), kEdge = support::Rgb(0xa8, 0xb4, 0xc0);
+constexpr QRgb kPageEdge = qRgb(0x8a, 0x99, 0xa8);
+constexpr double kBorderWidth = 0.35, kLinkWidth = 0.8; // pixels of the icon
+constexpr double kTitleSize = 16;                       // points, from which a text without a box is a title
+constexpr int kTitleParts = 3;                          // of its width; a title's bar takes one of them
+constexpr int kAlmostWhite = 250, kStrong = 150;        // lightness, between which a fill counts as pale
 
 // Pale fills would be white at a few pixels.
 support::Colour Stronger(support::Colour colour) {
     const QColor pale = support::ToQColor(colour);
-    if (pale.lightness() > 250 || pale.lightness() < 150) return colour;
+    if (pale.lightness() > kAlmostWhite || pale.lightness() < kStrong) return colour;
     const int lightness = 255 - (255 - pale.lightness()) * 2;
     return support::FromQColor(QColor::fromHsl(pale.hslHue(), pale.hslSaturation(), lightness));
 }
 
-// `perPixel` is how many pixels of the slice, at zoom 100, there are for one of the icon.
-
-// A text of that size becomes a bar; of other texts without a box nothing can be seen.
-constexpr double kTitleSize = 16; // points
-
+// `perPixel` says how many pixels of the slice, at zoom 100, there are for one of the icon. Of texts without
+// a box only titles are shown, as bars.
 void Simplify(diagram::Node &node, double perPixel) {
     if (node.Transparent()) {
         node.SetHidden(node.Font().Size() < kTitleSize || node.Text().isEmpty());
         node.SetTransparent(false);
         node.SetFillColor(kTitleBar);
-        node.SetWidth(node.Width() / 3);
+        node.SetWidth(node.Width() / kTitleParts);
     }
     const bool white = node.FillColor() == support::kWhite;
     node.SetText({});
@@ -48,14 +50,14 @@ void Simplify(diagram::Node &node, double perPixel) {
     node.SetShadow(0);
     node.SetFillColor(Stronger(node.FillColor()));
     node.SetDrawStyle(white ? 0 : kNoLine);
-    node.SetDrawWidth(float(perPixel * 0.35));
+    node.SetDrawWidth(float(perPixel * kBorderWidth));
     node.SetBorderColor(kEdge);
 }
 
 void Simplify(diagram::Link &link, double perPixel) {
     link.SetText({});
     link.SetDrawStyle(0);
-    link.SetDrawWidth(float(perPixel * 0.8));
+    link.SetDrawWidth(float(perPixel * kLinkWidth));
     link.SetArrowDest(0);
     link.SetArrowSource(0);
 }
@@ -83,12 +85,13 @@ QImage DrawnIcon(const diagram::Surface &surface, int size) {
     QPainter painter(&square);
     const QPoint at((size - page.width()) / 2, (size - page.height()) / 2);
     painter.drawImage(at, page);
-    painter.setPen(QColor(0x8a, 0x99, 0xa8));
+    painter.setPen(QColor(kPageEdge));
     painter.drawRect(at.x() - 1, at.y() - 1, page.width() + 1, page.height() + 1);
     return square;
 }
 
-// A directory of sixteen bytes an entry, then the pictures as PNG.
+// The format of Windows icons: a head of 6 bytes, a directory with 16 bytes for each picture, then the
+// pictures as PNG.
 QByteArray IconFromDrawing(const diagram::Surface &surface) {
     QList<QByteArray> pictures;
     for (const int size : kIconSizes) pictures << support::PngOf(DrawnIcon(surface, size));
@@ -96,9 +99,10 @@ QByteArray IconFromDrawing(const diagram::Surface &surface) {
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     stream.setByteOrder(QDataStream::LittleEndian);
     stream << quint16(0) << quint16(1) << quint16(pictures.size());
-    quint32 offset = quint32(6 + 16 * pictures.size());
+    constexpr qsizetype kHead = 6, kEntry = 16;
+    quint32 offset = quint32(kHead + kEntry * pictures.size());
     for (qsizetype i = 0; i < pictures.size(); ++i) {
-        const quint8 size = quint8(kIconSizes[i]); // 256 is told as 0
+        const quint8 size = quint8(kIconSizes[i]); // 0 stands for 256
         stream << size << size << quint8(0) << quint8(0) << quint16(1) << quint16(32);
         stream << quint32(pictures[i].size()) << offset;
         offset += quint32(pictures[i].size());

@@ -2,11 +2,10 @@
 
 #include "diagram/format/Content.h"
 #include "diagram/format/SurfaceFile.h"
-#include "diagram/model/Actions.h"
 #include "diagram/model/Surface.h"
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
-#include "document/Tags.h"
+#include "document/UndoStep.h"
 #include "support/Error.h"
 #include "templates/DiagramNode.h"
 #include "templates/TemplateFiles.h"
@@ -19,21 +18,7 @@ namespace templates {
 
 namespace {
 
-// One step of undo; what was changed is taken back if it ends by an error.
-class Step {
-public:
-    explicit Step(diagram::Surface &surface) : surface_(surface) { document::BeginAction(surface_); }
-    ~Step() { done_ ? surface_.EndAction() : surface_.Actions().Cancel(); }
-    Step(const Step &) = delete;
-    Step &operator=(const Step &) = delete;
-
-    void Done() { done_ = true; }
-
-private:
-    diagram::Surface &surface_;
-    bool done_ = false;
-};
-
+// The surface file of the template with new keys and the window's levels and groups.
 QByteArray FitFor(document::MapWindow &window, const QString &file) {
     return timeline::PrepBytesForImport(SurfaceFileOf(file), window);
 }
@@ -41,7 +26,7 @@ QByteArray FitFor(document::MapWindow &window, const QString &file) {
 // Default nodes, days and the node "DIAGRAM" are hidden ones that can't be selected.
 bool IsUsers(const diagram::NodeData &node) { return node.selectable || !(node.hidden || node.marked); }
 
-// What of the file a user would call its content, as a copied selection.
+// The nodes and links of the file that a user would call its content, as a copied selection.
 diagram::Content UsersContent(const QByteArray &bytes) {
     diagram::Content content = diagram::Decode(bytes, diagram::ContentKind::Surface);
     content.kind = diagram::ContentKind::Selection;
@@ -59,9 +44,9 @@ diagram::Content UsersContent(const QByteArray &bytes) {
     return content;
 }
 
-// The way that brings the middle of the content to the point, as far as nothing of it leaves the page at its
-// top or left.
-QPointF WayTo(const QPointF &at, const diagram::Content &content) {
+// By how much the content is moved for its middle to lie at the point, or so near to it that nothing leaves
+// the page at its top or left.
+QPointF OffsetTo(const QPointF &at, const diagram::Content &content) {
     QRectF extent;
     for (const diagram::StoredNode &node : content.nodes)
         extent |= QRectF(node.data.left, node.data.top, node.data.width, node.data.height);
@@ -74,11 +59,11 @@ QPointF WayTo(const QPointF &at, const diagram::Content &content) {
 void LoadTemplate(document::MapWindow &window, diagram::Surface &flow, const QString &file) {
     support::PassOn("LoadTemplate", [&] {
         const QByteArray bytes = FitFor(window, file);
-        Step step(flow);
+        document::UndoStep step(flow);
         diagram::ReplaceBytes(flow, bytes);
         TakeDiagramNode(flow);
-        step.Done();
         window.clsSettings().Dirty = true;
+        step.Close();
     });
 }
 
@@ -86,11 +71,11 @@ void InsertTemplate(document::MapWindow &window, diagram::Surface &flow, const Q
     support::PassOn("InsertTemplate", [&] {
         const diagram::Content content = UsersContent(FitFor(window, file));
         if (content.nodes.empty()) return;
-        const QPointF move = WayTo(at, content);
-        Step step(flow);
-        diagram::PasteBytes(flow, diagram::Encode(content), float(move.x()), float(move.y()));
-        step.Done();
+        const QPointF offset = OffsetTo(at, content);
+        document::UndoStep step(flow);
+        diagram::PasteBytes(flow, diagram::Encode(content), float(offset.x()), float(offset.y()));
         window.clsSettings().Dirty = true;
+        step.Close();
     });
 }
 

@@ -1,4 +1,4 @@
-// A template brought into a slice.
+// Bringing a template into a slice.
 #pragma once
 
 #include <QPointF>
@@ -13,8 +13,8 @@ class MapWindow;
 
 namespace templates {
 
-// What a load leads through, of the window into which a template comes. The template's own file is only read.
-//
+// In both the window is the one into which the template comes. The template's own file is only read.
+
 // Puts the template in the place of all that the slice holds, its background too, with new keys and the map's
 // levels and groups, as one step of undo, and marks the map as changed. Errors are those of SurfaceFileOf and
 // 321; the slice is then as it was.

@@ -36,7 +36,7 @@ void SaveAsTemplate(document::MapWindow &window, diagram::Surface &Flow, const Q
     support::PassOn("SaveAsTemplate", [&] {
         const ScratchFile scratch;
         {
-            const diagram::Uncounted carrier(Flow.Actions()); // tells nothing that the slice doesn't
+            const diagram::Uncounted carrier(Flow.Actions()); // the node that is put there is no unsaved work
             timeline::CarryNames(PutDiagramNode(Flow), timeline::NamesOf(window.clsSettings()));
         }
         diagram::SaveFile(Flow, scratch.Path());

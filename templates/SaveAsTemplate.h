@@ -24,8 +24,8 @@ struct SaveAsTemplateArgument {
     std::function<void()> LoadRadBar = {};
 };
 
-// Where a slice of that name is proposed to go: the folder for new templates, the name made fit for a file,
-// and the ending of templates.
+// The path that is proposed for a slice of that name: in the folder for new templates, with the name made fit
+// for a file and the ending of templates.
 QString ProposedPath(const QString &tabText);
 // The first icon file in the folder of templates beside the program, else in the user's own; empty for none.
 QString FirstIcon();

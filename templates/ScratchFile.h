@@ -8,8 +8,9 @@ namespace templates {
 
 class ScratchFile {
 public:
-    // There is no file of that name until somebody makes it.
+    // A free name; the file is not made yet.
     ScratchFile();
+    // A file with these bytes. Error 61 when they can't be written.
     explicit ScratchFile(const QByteArray &bytes);
     ~ScratchFile();
     ScratchFile(const ScratchFile &) = delete;

@@ -35,11 +35,11 @@ bool HasTemplateEnding(const QString &file) {
 void TestTemplateFile(const QString &File, bool &Result) {
     Result = false;
     try {
-        if (IsDatabase(File)) return;                                                 // needn't be read whole
-        diagram::Decode(support::ReadWholeFile(File), diagram::ContentKind::Surface); // what a load takes
+        if (IsDatabase(File)) return; // without reading it whole
+        diagram::Decode(support::ReadWholeFile(File), diagram::ContentKind::Surface);
         Result = true;
     } catch (const std::exception &) {
-        // What the loader refuses is none.
+        // A load would refuse the file, too.
     }
 }
 

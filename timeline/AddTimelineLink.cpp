@@ -26,7 +26,8 @@ bool WantsToSetUp(document::MapWindow &window) {
                settings::Terms().TITLE) == support::Answer::Yes;
 }
 
-// A timeline always gets a template node with a size: when the user gives up, with the settings shown.
+// Asks for the settings. Where the user declines, or gives the form up, those that it shows are taken, so
+// that the template node has a size in any case.
 void SetUp(document::MapWindow &window, diagram::Surface &flow) {
     const bool shown = WantsToSetUp(window);
     diagram::Node &look = *LocateTimeLineTemplateNode(flow, true);
@@ -55,7 +56,7 @@ void HideDateLink(diagram::Node &node) {
         if (IsTimelineLink(*link)) link->SetHidden(true);
 }
 
-// With those that are pushed on by them.
+// The dates, and behind them those of the nodes that they push on.
 std::vector<NodeDate> WithFollowing(const diagram::Surface &flow, std::vector<NodeDate> dates) {
     if (!PushesFollowing(flow)) return dates;
     std::vector<NodeSpan> changed;

@@ -36,13 +36,15 @@ struct TimelineSetupArgument {
 // settings that the form shows at first are taken. Opens no group of changes.
 void AddTimelineLink(document::MapWindow &window, diagram::Surface &Flow, diagram::Node &Node,
                      const QString &TheDate);
-// The same for several nodes, laid out once; what follows them is pushed on where the slice wants that.
-// `moved` are nodes that came or moved besides, as for FollowDates.
+
+// A date for a node, in whatever form ParseDate reads.
 struct NodeDate {
     diagram::Node *node;
     QString date;
     std::optional<QDate> last{}; // its last day; without one the node has no end
 };
+// The same for several nodes, laid out once; what follows them is pushed on where the slice wants that.
+// `moved` are nodes that came or moved besides, as for FollowDates.
 void AddTimelineLinks(document::MapWindow &window, diagram::Surface &Flow, const std::vector<NodeDate> &dates,
                       const std::vector<diagram::Node *> &moved = {});
 // Takes the date of the node away, with its end: its links to nodes that cannot be selected.

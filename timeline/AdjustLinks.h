@@ -12,8 +12,7 @@ namespace timeline {
 
 // Puts the end of each of the node's links that joins a day onto the edge of that day: where the link's
 // source is a day its first point, else where its destination is one its last; in the latter case the first
-// point goes to the outline of the source. Other links stay.
-// `Horizontal`: the strip of months runs from left to right.
+// point goes to the outline of the source. Other links stay. `Horizontal`: the strip runs from left to right.
 void AdjustLinks(diagram::Node &Node, bool Horizontal);
 // The same for nodes of one slice that were moved or have another size, with the arrangement of the slice.
 void AdjustLinksOf(const std::vector<diagram::Node *> &nodes);

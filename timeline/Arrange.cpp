@@ -115,8 +115,9 @@ public:
 
     void Sort() { Sort2DArray(table_, kAxisMonth); }
 
-    // A hidden month keeps its place in the order and takes no room; a folded one takes little.
-    void FoldMonths() {
+    // A hidden month keeps its place in the order and takes no room; a folded one takes little. Months that
+    // the table has and the surface lacks are made.
+    void SizeMonths() {
         SizeFolds(flow_, settings_.arrangement);
         for (const AxisRow &row : table_) {
             if (row[kAxisKey].isEmpty()) continue;
@@ -124,7 +125,7 @@ public:
             diagram::Node *month = index_.Find(row[kAxisMonth]);
             if (!month && created_ < kMostCreated)
                 month = &Create(row[kAxisMonth], QStringLiteral("Creating "));
-            if (month && month->Hidden()) Fold(*month, settings_.arrangement);
+            if (month && month->Hidden()) TakeExtentAway(*month, settings_.arrangement);
         }
     }
 
@@ -247,7 +248,7 @@ void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, i
         else if (run.DropUnusedMonths())
             return ArrangeTimeLineNodes(window, Flow, kStoredArrangement, moved);
         run.Sort();
-        run.FoldMonths();
+        run.SizeMonths();
         run.WriteTexts();
         run.Place();
         FollowDates(window, Flow, moved);

@@ -16,12 +16,6 @@ using document::tags::kPushFollowing;
 
 constexpr const char *kNamesOfLanes[] = {"", "Level", "Group"}; // as stored
 
-const diagram::Node *TemplateOf(const diagram::Surface &flow) {
-    for (const diagram::Node &node : flow.Nodes())
-        if (node.Hidden() && node.Text() == kTemplateNodeText) return &node;
-    return nullptr;
-}
-
 bool IsOn(const diagram::Surface &flow, const QString &key) {
     const diagram::Node *look = TemplateOf(flow);
     return look && document::IsOn(*look, key);

@@ -7,6 +7,7 @@
 #include "timeline/DateText.h"
 #include "timeline/Folding.h"
 #include "timeline/LaneRows.h"
+#include "timeline/OwnExtent.h"
 #include "timeline/Strip.h"
 #include "timeline/TimelineNodes.h"
 
@@ -31,7 +32,8 @@ struct StripMonth {
     }
 };
 
-// A part that is there until it is switched off has the switch the other way round.
+// Each part and the switch in the template node that shows it, or, of a part that is there at first, hides
+// it.
 struct PartRow {
     CalendarPart part;
     const QString &key;
@@ -42,12 +44,6 @@ const PartRow &RowOf(CalendarPart part) {
                                     {CalendarPart::Weekends, document::tags::kWeekends, true},
                                     {CalendarPart::TodayEverywhere, document::tags::kTodayEverywhere, true}};
     return kRows[std::size_t(part)];
-}
-
-const diagram::Node *MonthLook(const diagram::Surface &flow) {
-    for (const diagram::Node &node : flow.Nodes())
-        if (node.Hidden() && node.Text() == kTemplateNodeText) return &node;
-    return nullptr;
 }
 
 bool Shows(const diagram::Node *look, CalendarPart part) {
@@ -100,7 +96,7 @@ int CountIn(const PieceOfStrip &piece, const NodesByMonth &counts) {
     return count;
 }
 
-// The months on their own, and the slivers.
+// Adds the months, those of one sliver as one, with the days of unfolded ones and with the slivers.
 void AddMonths(const diagram::Surface &flow, const std::vector<StripMonth> &months, bool weekends,
                diagram::Calendar &calendar) {
     std::optional<NodesByMonth> counts;
@@ -136,14 +132,14 @@ std::optional<QLineF> LineOfToday(const std::vector<StripMonth> &months, const Q
     return std::nullopt;
 }
 
-// How bands lie beside the strip.
+// Which way the strip runs and on which side of it bands lie.
 void PlaceBands(const diagram::Surface &flow, diagram::Calendar &calendar) {
     const int arrangement = ArrangementOf(flow);
     calendar.rightwards = RunsRightwards(arrangement);
     calendar.after = arrangement == int(Arrangement::Left) || arrangement == int(Arrangement::Top);
 }
 
-// Those of which something is seen.
+// The lanes in which a node is seen.
 std::vector<diagram::Calendar::Lane> LanesInSight(const diagram::Surface &flow, bool rightwards) {
     std::vector<diagram::Calendar::Lane> lanes = LaneRowsOf(flow);
     if (lanes.empty()) return lanes;
@@ -187,7 +183,7 @@ diagram::Calendar CalendarOfStrip(const diagram::Surface &flow) {
     PlaceBands(flow, calendar);
     const std::vector<StripMonth> months = MonthsInSight(flow, calendar);
     if (months.empty()) return {};
-    const diagram::Node *look = MonthLook(flow);
+    const diagram::Node *look = TemplateOf(flow);
     calendar.bands = Shows(look, CalendarPart::Bands);
     calendar.todayEverywhere = Shows(look, CalendarPart::TodayEverywhere);
     calendar.years = Merged(
@@ -202,9 +198,7 @@ diagram::Calendar CalendarOfStrip(const diagram::Surface &flow) {
     return calendar;
 }
 
-bool IsBar(const diagram::Node &node) {
-    return document::GetTag(node, document::tags::kOwnExtent).startsWith(QLatin1String("Width"));
-}
+bool IsBar(const diagram::Node &node) { return StoresItsWidth(node); }
 
 QRectF BandsBeside(const diagram::Surface &flow, const QRectF &strip) {
     if (!Shows(flow, CalendarPart::Bands)) return {};
@@ -214,7 +208,7 @@ QRectF BandsBeside(const diagram::Surface &flow, const QRectF &strip) {
     return calendar.Bands();
 }
 
-bool Shows(const diagram::Surface &flow, CalendarPart part) { return Shows(MonthLook(flow), part); }
+bool Shows(const diagram::Surface &flow, CalendarPart part) { return Shows(TemplateOf(flow), part); }
 
 void SetShows(diagram::Surface &flow, CalendarPart part, bool on) {
     const PartRow &row = RowOf(part);

@@ -10,10 +10,10 @@ namespace timeline {
 // when a node is moved.
 diagram::Calendar CalendarOfStrip(const diagram::Surface &flow);
 
-// Whether it was lined up as a bar of a strip that runs to the right.
+// Whether the node was lined up as a bar of a strip that runs to the right.
 bool IsBar(const diagram::Node &node);
 
-// The bands alone, beside a strip that lies there; empty where they aren't shown.
+// The place of the bands beside a strip that lies at `strip` (twips); empty where they aren't shown.
 QRectF BandsBeside(const diagram::Surface &flow, const QRectF &strip);
 
 // What the calendar shows, kept in the template node, which is made where it is missing.

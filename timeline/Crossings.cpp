@@ -40,7 +40,7 @@ bool ShareAnEnd(const Segment &a, const Segment &b) {
     return a.from == b.from || a.from == b.to || a.to == b.from || a.to == b.to;
 }
 
-// Both reach from `begin` to `end` along; a link straight across the strip has one place there.
+// Whether they cross where both of them are. A link straight across the strip has a single place along it.
 bool Cross(const Segment &a, const Segment &b) {
     if (ShareAnEnd(a, b)) return false;
     const auto within = [](const Segment &upright, const Segment &other) {

@@ -17,7 +17,7 @@ namespace {
 constexpr int kFilledCircle = 1; // an arrow head
 constexpr int kSmall = 0;        // size of it
 constexpr float kGap = 150;      // twips that a run along the strip keeps from the node, or from the strip
-constexpr int kMostNodes = 1000; // through which is looked
+constexpr int kMostNodes = 1000; // of a surface on which obstacles are looked for
 
 // Styles of links by their directions.
 constexpr int kVH = 2, kHV = 3, kVHV = 4, kHVH = 5;
@@ -32,9 +32,10 @@ struct Route {
     bool twoBends = false;
 };
 
-class Ways {
+// The routes that a link may take to its day, and the best of them.
+class RouteChoice {
 public:
-    Ways(const diagram::Link &link, bool horizontal) : horizontal_(horizontal), node_(link.Source()) {
+    RouteChoice(const diagram::Link &link, bool horizontal) : horizontal_(horizontal), node_(link.Source()) {
         const diagram::Point end = link.Route().back();
         end_ = horizontal ? Place{end.x, end.y} : Place{end.y, end.x};
         first_ = horizontal ? node_.Left() : node_.Top();
@@ -95,7 +96,7 @@ private:
         return {{{middle, Facing()}, {middle, level}, {end_.along, level}, end_}, true};
     }
 
-    // Along the strip it would run over the months.
+    // Then a route along the strip would run over the months.
     bool IsLevelWithTheStrip() const {
         const float level = (near_ + far_) / 2;
         return level > strip_.first && level < strip_.second;
@@ -175,7 +176,7 @@ void DressDateLinks(diagram::Node &node, const diagram::Node &months) {
 }
 
 void LayDateRoute(diagram::Link &link, bool horizontal) {
-    Ways routes(link, horizontal);
+    RouteChoice routes(link, horizontal);
     const Route route = routes.Best();
     if (const diagram::Node *met = routes.LowestMet(route); met && diagram::LiesBelow(met, &link))
         link.SetZorder(met->ZOrder());

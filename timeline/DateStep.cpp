@@ -18,7 +18,7 @@ struct UnitRow {
     std::array<const char *, 4> words; // one and several, later; one and several, earlier
 };
 
-// By their numbers.
+// In the order of DateStep::Unit.
 constexpr UnitRow kUnits[] = {
     {'d',
      [](const QDate &from, int count) { return from.addDays(count); },

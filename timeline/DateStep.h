@@ -1,4 +1,4 @@
-// A way from one date to another, as a person writes it.
+// A step from any date to another, as a person writes it.
 #pragma once
 
 #include <optional>
@@ -10,7 +10,7 @@ namespace timeline {
 
 struct DateStep {
     enum class Unit : unsigned char { Day, Week, Month, Year };
-    int count = 0; // back below 0
+    int count = 0; // below 0 back
     Unit unit = Unit::Day;
     friend bool operator==(const DateStep &, const DateStep &) = default;
 };

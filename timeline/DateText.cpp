@@ -1,7 +1,6 @@
 #include "timeline/DateText.h"
 
 #include "support/Error.h"
-
 #include "timeline/MonthNames.h"
 
 #include <array>
@@ -53,6 +52,16 @@ QString FormatDate(const QDate &date, const QString &pattern, const QLocale &loc
 
 bool IsInYears(const QDate &date) {
     return date.isValid() && date.year() >= kFirstYear && date.year() <= kLastYear;
+}
+
+int YearInCentury(int twoDigits, int firstOfCentury) {
+    const int year = firstOfCentury - firstOfCentury % 100 + twoDigits;
+    return year < firstOfCentury ? year + 100 : year;
+}
+
+bool HasMonthFirst(const QLocale &locale) {
+    const QString format = locale.dateFormat(QLocale::ShortFormat);
+    return format.indexOf(QLatin1Char('M')) < format.indexOf(QLatin1Char('d'));
 }
 
 bool HasShortYear(const QString &text) {

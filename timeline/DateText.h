@@ -36,6 +36,11 @@ constexpr int kStoredCentury = 1930; // of texts that a map holds, where the map
 std::optional<QDate> ParseDate(const QString &text, const QLocale &locale = QLocale(),
                                int firstOfCentury = kStoredCentury);
 
+// The year of which only the last two digits are told.
+int YearInCentury(int twoDigits, int firstOfCentury);
+// Whether short dates of digits alone have the month before the day.
+bool HasMonthFirst(const QLocale &locale);
+
 // Whether a text has no number that can only be a year: more than two digits.
 bool HasShortYear(const QString &text);
 

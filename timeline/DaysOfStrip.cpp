@@ -24,7 +24,7 @@ namespace {
 
 constexpr double kUsualMonth = 1800; // twips, where all are folded
 
-// Or several that are folded to one sliver.
+// A month in sight, or several that are folded to one sliver.
 struct ShownMonth {
     double start, length; // along the strip
     QDate first;          // day of it
@@ -40,7 +40,7 @@ double LengthOf(const diagram::Node &month, bool rightwards) {
     return double(rightwards ? month.Width() : month.Height());
 }
 
-// Neighbours of one fold as one.
+// The months with neighbours of one fold as one.
 std::vector<ShownMonth> Together(const std::vector<ShownMonth> &months) {
     std::vector<ShownMonth> together;
     for (const ShownMonth &month : months) {
@@ -67,8 +67,11 @@ std::vector<ShownMonth> ShownMonths(const diagram::Surface &flow, bool rightward
     return Together(months);
 }
 
-// Of a fold the month at that end, as long as an unfolded one.
-ShownMonth EndMonthOf(const std::vector<ShownMonth> &months, bool behind) {
+enum class StripEnd : unsigned char { First, Last };
+
+// The month at that end of the strip; of a fold there the one at its end, as long as an unfolded month.
+ShownMonth EndMonthOf(const std::vector<ShownMonth> &months, StripEnd which) {
+    const bool behind = which == StripEnd::Last;
     const ShownMonth &end = behind ? months.back() : months.front();
     if (!end.fold) return end;
     const auto unfolded = std::ranges::find_if(months, [](const ShownMonth &month) { return !month.fold; });
@@ -78,7 +81,7 @@ ShownMonth EndMonthOf(const std::vector<ShownMonth> &months, bool behind) {
     return {behind ? end.End() - length : end.start, length, first, first.daysInMonth(), std::nullopt};
 }
 
-// As many whole months on or back as it takes for the place to lie within.
+// The month in which the place lies where months as long as that one go on beyond it, or before it.
 ShownMonth Beyond(const ShownMonth &end, double place) {
     const double months = std::floor((place - end.start) / end.length);
     const QDate first = end.first.addMonths(int(months));
@@ -94,6 +97,9 @@ QDate DayIn(const ShownMonth &month, double place, bool monthBeforeInFront) {
     const int day = int((place - month.start) / double(SlotOf(float(month.length), month.days)));
     return month.first.addDays(std::clamp(day, monthBeforeInFront ? 0 : 1, month.days) - 1);
 }
+
+// The day at a place where no month stands: months go on from `end`.
+QDate DayBeyond(const ShownMonth &end, double place) { return DayIn(Beyond(end, place), place, true); }
 
 bool StandsInFrontOf(const ShownMonth &month, const ShownMonth &next) {
     return !month.fold && month.Last().addDays(1) == next.first;
@@ -118,9 +124,9 @@ std::optional<double> CentreOf(const std::vector<ShownMonth> &months, const QDat
     return month->start + (day.day() + 0.5) * double(SlotOf(float(month->length), month->days));
 }
 
-// How far along the strip the node goes to begin then; nothing where one of both days isn't seen.
-std::optional<double> WayTo(const std::vector<ShownMonth> &months, const diagram::Node &node,
-                            const Span &span) {
+// How far along the strip the node goes to begin with that span; nothing where one of both days isn't seen.
+std::optional<double> DistanceTo(const std::vector<ShownMonth> &months, const diagram::Node &node,
+                                 const Span &span) {
     const std::optional<Span> former = SpanOfNode(node);
     const std::optional<double> from = former ? CentreOf(months, former->first) : std::nullopt;
     const std::optional<double> to = CentreOf(months, span.first);
@@ -178,10 +184,9 @@ std::optional<QDate> DaysOfStrip::DayAt(const diagram::Surface &flow, const QPoi
                                                  [](const ShownMonth &month) { return month.End(); });
     QDate day;
     if (behind == months.end())
-        day = DayIn(Beyond(EndMonthOf(months, true), place), place, true);
+        day = DayBeyond(EndMonthOf(months, StripEnd::Last), place);
     else if (place < behind->start)
-        day =
-            DayIn(Beyond(behind == months.begin() ? EndMonthOf(months, false) : *behind, place), place, true);
+        day = DayBeyond(behind == months.begin() ? EndMonthOf(months, StripEnd::First) : *behind, place);
     else
         day = DayIn(*behind, place, behind != months.begin() && StandsInFrontOf(*std::prev(behind), *behind));
     return IsInYears(day) ? std::optional(day) : std::nullopt;
@@ -204,7 +209,7 @@ std::optional<QLineF> DaysOfStrip::PlaceOf(const diagram::Surface &flow, const Q
     return std::nullopt;
 }
 
-// Hidden months are there, however little is seen of them.
+// A month that is hidden isn't missing.
 std::vector<QLineF> DaysOfStrip::Breaks(const diagram::Surface &flow) const {
     std::vector<std::pair<QDate, const diagram::Node *>> months;
     for (const diagram::Node *month : LocateTimelineNodes(flow))
@@ -256,9 +261,9 @@ diagram::DayStrip::Following DaysOfStrip::WhatFollows(const diagram::Surface &fl
     const bool rightwards = RunsRightwards(flow);
     const std::vector<ShownMonth> months = ShownMonths(flow, rightwards);
     for (const NodeSpan &each : next)
-        if (const std::optional<double> way = WayTo(months, *each.node, each.span))
+        if (const std::optional<double> distance = DistanceTo(months, *each.node, each.span))
             following.boxes.push_back(
-                each.node->Bounds().translated(rightwards ? *way : 0, rightwards ? 0 : *way));
+                each.node->Bounds().translated(rightwards ? *distance : 0, rightwards ? 0 : *distance));
     return following;
 }
 

@@ -29,7 +29,7 @@ FixedBeside::FixedBeside(const std::vector<PlannedBar> &bars, const std::vector<
     FindMet(boxes, longest);
 }
 
-// By their places along the strip, which don't change.
+// Which boxes a bar can meet depends on their places along the strip alone, which don't change.
 void FixedBeside::FindMet(const std::vector<FixedBox> &boxes, double longest) {
     met_.resize(bars_.size());
     for (std::size_t bar = 0; bar < bars_.size(); ++bar) {
@@ -40,20 +40,22 @@ void FixedBeside::FindMet(const std::vector<FixedBox> &boxes, double longest) {
     }
 }
 
-double FixedBeside::Free(const std::vector<int> &row, double distance) const {
-    if (met_.empty()) return distance;
-    for (bool found = false; !found;) {
-        found = true;
-        for (int bar : row)
-            for (int box : met_[std::size_t(bar)]) {
-                const double half = bars_[std::size_t(bar)].breadth / 2;
-                const Reach &reach = reaches_[std::size_t(box)];
-                if (distance - half >= reach.far || distance + half <= reach.near) continue;
-                distance = reach.far + kRounding + half;
-                found = false;
-            }
+double FixedBeside::Past(int bar, double distance) const {
+    const double half = bars_[std::size_t(bar)].breadth / 2;
+    for (int box : met_[std::size_t(bar)]) {
+        const Reach &reach = reaches_[std::size_t(box)];
+        if (distance - half < reach.far && distance + half > reach.near)
+            distance = reach.far + kRounding + half;
     }
     return distance;
+}
+
+double FixedBeside::Free(const std::vector<int> &row, double distance) const {
+    if (met_.empty()) return distance;
+    for (double free = distance;; distance = free) {
+        for (int bar : row) free = Past(bar, free);
+        if (free == distance) return free;
+    }
 }
 
 } // namespace timeline

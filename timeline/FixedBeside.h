@@ -5,7 +5,7 @@
 
 namespace timeline {
 
-// On one side of the strip.
+// What is fixed on one side of the strip.
 class FixedBeside {
 public:
     // `sign` is 1 behind the strip and -1 before it, where `edge` is its edge there. The bars must live
@@ -18,16 +18,19 @@ public:
     double Free(const std::vector<int> &row, double distance) const;
 
 private:
+    // From where to where a box reaches, in distances from the strip, with the gaps.
     struct Reach {
-        double near, far; // from the strip, with the gaps
+        double near, far;
     };
     void FindMet(const std::vector<FixedBox> &boxes, double longest);
+    // How far from the strip the bar stands after it has gone past each box that it met, one after the other.
+    double Past(int bar, double distance) const;
 
     const std::vector<PlannedBar> &bars_;
     const RowGaps gaps_;
     std::vector<Reach> reaches_;
-    std::vector<std::vector<int>>
-        met_; // of each bar: what it would meet at some distance; empty for none at all
+    // For each bar the positions of the reaches that it meets at some distance; empty where nothing is fixed.
+    std::vector<std::vector<int>> met_;
 };
 
 } // namespace timeline

@@ -58,28 +58,10 @@ void ForNodesAtDays(const Surface &flow, Visit visit) {
     }
 }
 
-// Those that came after it was folded are folded with it.
-void TakeIn(const std::vector<Node *> &months) {
-    std::vector<PieceOfStrip> folds;
-    for (const Node *month : months)
-        if (const auto fold = FoldOf(*month); fold && fold->piece != StripPiece::Month)
-            folds.push_back(*fold);
-    if (folds.empty()) return;
-    for (Node *month : months) {
-        const std::optional<QDate> date = DateOf(*month);
-        if (!date) continue;
-        for (const PieceOfStrip &fold : folds)
-            if (PieceAround(fold.piece, *date) == fold)
-                Mark(*month, QLatin1String(kNamesOfPieces[int(fold.piece)]));
-    }
-}
-
-void SizeSliver(Node &month, const QSizeF &full, std::ptrdiff_t months, bool rightwards) {
+void SizeSliver(Node &month, float length, const QSizeF &full, bool rightwards) {
     month.SetAutoSize(0);
-    const double length = rightwards ? full.width() : full.height();
-    const float sliver = float(std::min(double(kSliver), length * double(months)));
-    month.SetWidth(rightwards ? sliver : float(full.width()));
-    month.SetHeight(rightwards ? float(full.height()) : sliver);
+    month.SetWidth(rightwards ? length : float(full.width()));
+    month.SetHeight(rightwards ? float(full.height()) : length);
 }
 
 // With their full sizes where the template has none to give.
@@ -187,15 +169,16 @@ bool UnfoldAll(document::MapWindow &window, Surface &flow) {
 void SizeFolds(Surface &flow, int arrangement) {
     const std::vector<Node *> months = LocateTimelineNodes(flow);
     if (std::ranges::none_of(months, IsFoldedMonth)) return;
-    TakeIn(months);
     const QSizeF full = FullSize(flow, months);
-    std::map<std::pair<StripPiece, QDate>, std::vector<Node *>> folds;
-    for (Node *month : months)
-        if (const auto fold = FoldOf(*month); fold && !month->Hidden())
-            folds[{fold->piece, fold->first}].push_back(month);
-    for (const auto &[piece, together] : folds)
-        for (Node *month : together)
-            SizeSliver(*month, full, std::ssize(together), RunsRightwards(arrangement));
+    const bool rightwards = RunsRightwards(arrangement);
+    std::vector<MonthToFold> task;
+    for (const Node *month : months) task.push_back({DateOf(*month), month->Hidden(), FoldOf(*month)});
+    const auto planned = PlanFolds(task, rightwards ? full.width() : full.height());
+    for (std::size_t i = 0; i < months.size(); ++i) {
+        if (!planned[i]) continue;
+        Mark(*months[i], QLatin1String(kNamesOfPieces[int(planned[i]->fold.piece)]));
+        if (planned[i]->length) SizeSliver(*months[i], *planned[i]->length, full, rightwards);
+    }
 }
 
 } // namespace timeline

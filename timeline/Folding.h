@@ -54,8 +54,9 @@ bool SetFolded(document::MapWindow &window, diagram::Surface &flow, const PieceO
 // The same for all folds of the surface.
 bool UnfoldAll(document::MapWindow &window, diagram::Surface &flow);
 
-// Gives the folded months in sight the size of their slivers, whatever size they have got meanwhile, and
-// makes months that have come to a folded quarter or year part of it. For the arrangement, which places them.
+// Does what PlanFolds says: gives the folded months in sight the size of their slivers, whatever size they
+// have got meanwhile, and makes months that have come to a folded quarter or year part of it. For the
+// arrangement, which places them.
 void SizeFolds(diagram::Surface &flow, int arrangement);
 
 } // namespace timeline

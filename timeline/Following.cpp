@@ -15,7 +15,7 @@ namespace {
 using diagram::Link;
 using diagram::Node;
 
-// How many days a node that stood there goes on.
+// A node's span before, and how many days it goes on.
 struct Pushed {
     Span former;
     qint64 days = 0;
@@ -38,7 +38,7 @@ public:
         }
     }
 
-    // In the order in which they were come to.
+    // In the order in which they were found.
     std::vector<NodeSpan> Take() const {
         std::vector<NodeSpan> following;
         for (Node *node : order_) {
@@ -53,7 +53,7 @@ private:
         return BegunOn(pushed.former, pushed.former.first.addDays(pushed.days));
     }
 
-    // A bar takes its last day too, what takes no time doesn't.
+    // A bar takes its last day too; a node without an end leaves its day to the next.
     static bool BeginsBefore(const Span &next, const Span &end) {
         return end.last ? next.first <= *end.last : next.first < end.first;
     }

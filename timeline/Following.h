@@ -16,10 +16,10 @@ struct NodeSpan {
     Span span;
 };
 
-// What follows the nodes that get these spans, itself not among them, with the spans that it gets: a node
-// that ends later than before moves what its links lead to by as many days, where that begins before the new
-// end, and so on. Of several ways to a node the longest counts. Nodes without a date end a way. What would
-// come to lie beyond the years of dates stays.
+// The nodes that follow those that get these spans, without these themselves, and the spans that they get: a
+// node that ends later than before moves what its links lead to by as many days, where that begins before the
+// new end, and so on. Of several chains of links to a node the one that moves it farthest counts. A node
+// without a date ends a chain. What would come to lie beyond the years of dates stays.
 std::vector<NodeSpan> Following(const std::vector<NodeSpan> &changed);
 
 } // namespace timeline

@@ -16,12 +16,6 @@ namespace {
 using document::tags::kRowsOfLanes;
 using Lane = diagram::Calendar::Lane;
 
-diagram::Node *TemplateOf(const diagram::Surface &flow) {
-    for (diagram::Node &node : flow.Nodes())
-        if (node.Hidden() && node.Text() == kTemplateNodeText) return &node;
-    return nullptr;
-}
-
 // Two numbers and the name, in which neither blanks nor separators are left.
 QString Written(const Lane &lane) {
     return QStringLiteral("%1 %2 ").arg(qRound64(lane.from)).arg(qRound64(lane.to)) +
@@ -51,7 +45,7 @@ std::vector<Lane> LaneRowsOf(const diagram::Surface &flow) {
 }
 
 void NoteLaneRows(diagram::Surface &flow, const std::vector<Lane> &lanes) {
-    diagram::Node *look = TemplateOf(flow);
+    diagram::Node *look = LocateTimeLineTemplateNode(flow, false);
     if (!look) return;
     QStringList rows;
     for (const Lane &lane : lanes) rows << Written(lane);

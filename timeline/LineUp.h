@@ -15,9 +15,10 @@ class MapWindow;
 
 namespace timeline {
 
-// Both open no group of changes, and write nothing where nothing has to move. Nodes of hidden months stay
-// where they are, as do those without a date; nodes that a filter hides are moved with the others.
-//
+// Nothing here opens a group of changes, and nothing is written where nothing has to move. Nodes of hidden
+// months stay where they are, as do those without a date; nodes that a filter hides are moved with the
+// others.
+
 struct LinedUp {
     int dated = 0; // nodes that stand at their dates now
     int moved = 0; // of these
@@ -28,10 +29,10 @@ struct LinedUp {
 // way to the others.
 LinedUp LineUp(document::MapWindow &window, diagram::Surface &flow, RowOrder order,
                const std::vector<diagram::Node *> &moved = {});
-// Writes down where the lanes stand and what they are called, as LineUp does; nothing moves.
-void NoteLanes(document::MapWindow &window, diagram::Surface &flow);
-// The same with their rows kept, where the slice keeps its nodes at their dates; else nothing.
+// The same with RowOrder::Keep where the slice keeps its nodes at their dates; else nothing.
 void FollowDates(document::MapWindow &window, diagram::Surface &flow,
                  const std::vector<diagram::Node *> &moved = {});
+// Writes down where the lanes stand and what they are called, as LineUp does; nothing moves.
+void NoteLanes(document::MapWindow &window, diagram::Surface &flow);
 
 } // namespace timeline

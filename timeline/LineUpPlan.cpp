@@ -24,7 +24,7 @@ private:
     QRectF box_;
 };
 
-// The surface begins at 0.
+// Where the node belongs along the strip, but not before the surface's edge, which lies at 0.
 Stretch StretchOf(const DatedBox &node, double length) {
     if (node.bar) return {std::max(0.0, node.bar->begin), std::max(0.0, node.bar->end)};
     const double begin = std::max(0.0, node.centre - length / 2);

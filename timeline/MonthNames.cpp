@@ -69,8 +69,8 @@ MonthNames::MonthNames(const QLocale &locale) {
     const Twelve shortBesideDay =
         NamesBy([&](int month) { return locale.monthName(month, QLocale::ShortFormat); });
     QSet<QString> seen;
-    // What is written comes first: where another form gives a month the name of a second one, that of the
-    // written form holds.
+    // The names that are written come first: where another form gives one month the name of a second one, the
+    // written one holds.
     for (const Twelve &names : {long_, besideDay_, short_, shortBesideDay}) {
         for (int i = 0; i < kMonths; ++i) {
             const QString plain = Plain(names[std::size_t(i)]);

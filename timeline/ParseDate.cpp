@@ -19,11 +19,8 @@ struct Number {
 
 bool IsYear(const Number &number) { return number.digits >= 3; }
 
-// Two digits are those of the hundred years from `first`.
-int YearOf(const Number &number, int first) {
-    if (IsYear(number)) return number.value;
-    const int year = first - first % 100 + number.value;
-    return year < first ? year + 100 : year;
+int YearOf(const Number &number, int firstOfCentury) {
+    return IsYear(number) ? number.value : YearInCentury(number.value, firstOfCentury);
 }
 
 std::optional<QDate> DateOf(int year, int month, int day) {
@@ -59,8 +56,7 @@ std::optional<QDate> WithMonth(int month, const std::vector<Number> &numbers, in
 
 bool MonthComesFirst(const QString &text, const QLocale &locale) {
     const bool written = text.contains(QLatin1Char('/')) || text.contains(QLatin1Char('.'));
-    const QString format = locale.dateFormat(QLocale::ShortFormat);
-    return written && format.indexOf(QLatin1Char('M')) < format.indexOf(QLatin1Char('d'));
+    return written && HasMonthFirst(locale);
 }
 
 std::optional<QDate> OfNumbers(const QString &text, const std::vector<Number> &numbers, const QLocale &locale,

@@ -1,5 +1,6 @@
 #include "timeline/Period.h"
 
+#include "timeline/DateText.h"
 #include "timeline/MonthNames.h"
 
 #include <algorithm>
@@ -30,13 +31,11 @@ QDate MondayOfWeek(int week, int year) {
     return monday.weekNumber(&itsYear) == week && itsYear == year ? monday : QDate();
 }
 
-// Empty for no year.
+// None without digits.
 std::optional<int> YearOf(const QString &digits, const PeriodView &view) {
     if (digits.isEmpty()) return std::nullopt;
     const int number = digits.toInt();
-    if (digits.size() > 2) return number;
-    const int year = view.firstOfCentury - view.firstOfCentury % 100 + number;
-    return year < view.firstOfCentury ? year + 100 : year;
+    return digits.size() > 2 ? number : YearInCentury(number, view.firstOfCentury);
 }
 
 // In that year, else in the best one.

@@ -20,7 +20,7 @@ using document::tags::kLevel;
 using document::tags::kNamesOfGroups;
 using document::tags::kNamesOfLevels;
 
-// "KEY:NAME,KEY:NAME", the names without the marks that a tag lives by.
+// "KEY:NAME,KEY:NAME", the names encoded, so that they hold none of the separators of a tag.
 QString Packed(const QHash<QString, QString> &names) {
     QStringList entries;
     for (auto name = names.begin(); name != names.end(); ++name)

@@ -10,6 +10,7 @@
 #include "timeline/TimelineNodes.h"
 
 #include <algorithm>
+#include <array>
 #include <QCoreApplication>
 #include <QRegularExpression>
 
@@ -62,14 +63,21 @@ Reading ReadWord(const QString &text, const PeriodView &view) {
     return std::nullopt;
 }
 
+// Whether that is a name of the day (1 for Monday), the dot of a short one left out or not.
+bool IsNameOf(int day, const QString &name, const QLocale &language) {
+    const auto isName = [&](const QString &known) {
+        return !known.isEmpty() && (name == Plain(known) || name + u'.' == Plain(known));
+    };
+    return std::ranges::any_of(std::array{QLocale::LongFormat, QLocale::ShortFormat}, [&](auto format) {
+        return isName(language.dayName(day, format)) || isName(language.standaloneDayName(day, format));
+    });
+}
+
 // From 1 for Monday; 0 for no name of a day.
 int DayOfWeek(const QString &name, const QLocale &locale) {
     for (const QLocale &language : {locale, QLocale::c()})
         for (int day = 1; day <= 7; ++day)
-            for (const auto format : {QLocale::LongFormat, QLocale::ShortFormat})
-                for (const QString &known :
-                     {language.dayName(day, format), language.standaloneDayName(day, format)})
-                    if (!known.isEmpty() && (name == Plain(known) || name + u'.' == Plain(known))) return day;
+            if (IsNameOf(day, name, language)) return day;
     return 0;
 }
 
@@ -97,17 +105,12 @@ Reading ReadPeriodAsDay(const QString &text, const PeriodView &view) {
     return period->first;
 }
 
-bool IsMonthFirst(const QLocale &locale) {
-    const QString format = locale.dateFormat(QLocale::ShortFormat);
-    return format.indexOf(QLatin1Char('M')) < format.indexOf(QLatin1Char('d'));
-}
-
 // 5/3, 5.3.
 Reading ReadDayAndNumber(const QString &text, const PeriodView &view) {
     const auto match = Match(QStringLiteral("(\\d{1,2})[/.] ?(\\d{1,2})[/.]?"), text);
     if (!match.hasMatch()) return std::nullopt;
     const int first = match.captured(1).toInt(), second = match.captured(2).toInt();
-    const bool monthFirst = second > kMonths || (first <= kMonths && IsMonthFirst(view.locale));
+    const bool monthFirst = second > kMonths || (first <= kMonths && HasMonthFirst(view.locale));
     const int month = monthFirst ? first : second, day = monthFirst ? second : first;
     if (month < 1 || month > kMonths || day < 1 || day > 31) return std::nullopt; // a month and a year
     return InBestYear(view, [&](int year) { return QDate(year, month, day); });

@@ -19,9 +19,10 @@ struct DateView {
     // The first day of the strip's first month and of its last; nothing without a strip.
     std::optional<std::pair<QDate, QDate>> strip{};
 };
-struct PeriodView;
-PeriodView PeriodsFrom(const DateView &view, const QLocale &locale);
 DateView ViewFrom(const QDate &today, const diagram::Surface &Flow);
+struct PeriodView;
+// The same for the periods in a text of that language.
+PeriodView PeriodsFrom(const DateView &view, const QLocale &locale);
 
 struct DateRead {
     std::optional<QDate> date;

@@ -94,7 +94,8 @@ private:
         return Told(first, *last.date);
     }
 
-    // The first one not before that day, seen from there or from today; a step is one from there.
+    // The earliest reading that is not before `first`, seen from that day or from today; a step counts from
+    // that day.
     DateRead Last(const QString &text, const QDate &first) const {
         DateRead best = LastSeenFrom({first}, text);
         if (ReadDateStep(text, locale_)) return best;

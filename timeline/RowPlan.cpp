@@ -47,7 +47,7 @@ private:
     static bool SameBlock(const Row *a, const Row *b) { return a->lane == b->lane && a->before == b->before; }
 
     int Crossings(const Order &order) {
-        stack_.Place(order, false, middles_);
+        stack_.Place(order, RowStack::Fill::Closest, middles_);
         pairs_ += kPlacingOfABar * long(bars_.size());
         return CountCrossings(bars_, links_, middles_, pairs_);
     }
@@ -82,7 +82,7 @@ private:
     }
 
     void DrawTogether(Order &order) {
-        stack_.Place(order, false, middles_);
+        stack_.Place(order, RowStack::Fill::Closest, middles_);
         std::vector<std::pair<double, int>> sums(bars_.size(), {0, 0});
         for (const BarLink &link : links_) {
             sums[size_t(link.from)].first += middles_[size_t(link.to)];
@@ -150,7 +150,7 @@ std::vector<Row *> InPresentOrder(std::vector<Row> &rows) {
     return order;
 }
 
-// By what comes first in them.
+// By the first bars of the rows along the strip.
 std::vector<Row *> InOrderOfDates(std::vector<Row> &rows) {
     for (Row &row : rows) std::ranges::sort(row.bars);
     std::vector<Row *> order = Pointers(rows);
@@ -171,11 +171,11 @@ std::vector<double> PlanRows(const std::vector<PlannedBar> &bars, const std::vec
     std::vector<Row> rows = MakeRows(bars, links, apart, gaps.along, order);
     const RowStack stack(bars, apart, strip, gaps, fixed);
     std::vector<double> middles(bars.size(), 0);
-    stack.Place(InPresentOrder(rows), true, middles);
+    stack.Place(InPresentOrder(rows), RowStack::Fill::Keep, middles);
     if (order == RowOrder::Keep) return middles;
     OrderSearch search(bars, links, stack, InOrderOfDates(rows));
     if (search.Run() < kMuchBetter * CountCrossings(bars, links, middles))
-        stack.Place(search.Best(), false, middles);
+        stack.Place(search.Best(), RowStack::Fill::Closest, middles);
     return middles;
 }
 

@@ -10,7 +10,7 @@ constexpr double kRounding = 1; // twips that a place may lack: surfaces keep si
 
 } // namespace
 
-// How far from the strip there is room, for each stretch along it.
+// How far from the strip the rows placed so far reach, for each stretch along it.
 class RowStack::Skyline {
 public:
     explicit Skyline(const std::vector<PlannedBar> &bars, double gap) : gap_(gap) {
@@ -55,17 +55,17 @@ RowStack::RowStack(const std::vector<PlannedBar> &bars, const Partings &apart, c
       before_(bars, fixed, gaps, -1, strip.before),
       sides_{{{1, strip.behind, behind_}, {-1, strip.before, before_}}} {}
 
-void RowStack::Place(const std::vector<Row *> &rows, bool keep, std::vector<double> &middles) const {
+void RowStack::Place(const std::vector<Row *> &rows, Fill fill, std::vector<double> &middles) const {
     std::vector<Row *> behind, before;
     for (Row *row : rows) (row->before ? before : behind).push_back(row);
     std::ranges::reverse(before);
-    PlaceSide(behind, sides_[0], keep, middles);
-    PlaceSide(before, sides_[1], keep, middles);
+    PlaceSide(behind, sides_[0], fill, middles);
+    PlaceSide(before, sides_[1], fill, middles);
 }
 
-void RowStack::PlaceSide(const std::vector<Row *> &rows, const Side &side, bool keep,
+void RowStack::PlaceSide(const std::vector<Row *> &rows, const Side &side, Fill fill,
                          std::vector<double> &middles) const {
-    const std::vector<double> distances = keep ? Kept(rows, side) : Closest(rows, side);
+    const std::vector<double> distances = fill == Fill::Keep ? Kept(rows, side) : Closest(rows, side);
     for (size_t i = 0; i < rows.size(); ++i)
         for (int bar : rows[i]->bars) middles[size_t(bar)] = side.edge + side.sign * distances[i];
 }

@@ -1,4 +1,4 @@
-// Rows lain onto each other beside the strip, away from it.
+// Rows laid one beside the other from the strip outwards, on both of its sides.
 #pragma once
 
 #include "timeline/FixedBeside.h"
@@ -16,19 +16,23 @@ public:
     RowStack(const RowStack &) = delete;
     RowStack &operator=(const RowStack &) = delete;
 
-    // The middles of the bars, for rows in ascending order across. Rows that don't keep their place lie as
-    // close as whole rows can.
-    void Place(const std::vector<Row *> &rows, bool keep, std::vector<double> &middles) const;
+    enum class Fill : unsigned char {
+        Keep,   // a row keeps its place where it touches nothing there
+        Closest // rows lie as close to each other as whole rows can
+    };
+    // Writes the middles of the bars, for rows in ascending order across.
+    void Place(const std::vector<Row *> &rows, Fill fill, std::vector<double> &middles) const;
 
 private:
     class Skyline;
     struct Side {
-        double sign, edge;
+        double sign, edge; // 1 behind the strip, -1 before it, where the edge is the strip's there
         const FixedBeside &fixed;
     };
 
-    void PlaceSide(const std::vector<Row *> &rows, const Side &side, bool keep,
+    void PlaceSide(const std::vector<Row *> &rows, const Side &side, Fill fill,
                    std::vector<double> &middles) const;
+    // The distances of the rows' middles from the strip.
     std::vector<double> Closest(const std::vector<Row *> &rows, const Side &side) const;
     std::vector<double> Kept(const std::vector<Row *> &rows, const Side &side) const;
     double BreadthOf(const Row &row) const;

@@ -14,12 +14,12 @@ Partings LinkedTooClosely(const std::vector<PlannedBar> &bars, const std::vector
                           const RowGaps &gaps);
 
 struct Row {
-    std::vector<int> bars;
+    std::vector<int> bars;          // positions among the bars
     std::map<double, double> taken; // begins and ends along, with the gap behind each
-    double middle = 0;
+    double middle = 0;              // of its first bar, across, where that stands now
     int lane = 0;
-    bool before = false;
-    bool gathered = false; // of bars that stood apart: has no place that it could keep
+    bool before = false;   // as PlannedBar's
+    bool gathered = false; // made of bars that stood apart: has no place that it could keep
 };
 
 // Each bar in one row: those that stand in one already as far as they fit, the others beside what they are

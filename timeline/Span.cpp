@@ -30,7 +30,7 @@ std::optional<Span> SpanOfNode(const diagram::Node &node) {
     return span;
 }
 
-// In every language the same, as the end has no node that could be put into another.
+// Stored in ISO form, the same in every language: no node shows the end, so nothing translates it.
 std::optional<QDate> EndOfNode(const diagram::Node &node) {
     const QDate last = QDate::fromString(document::GetTag(node, kEndDate), Qt::ISODate);
     return IsInYears(last) ? std::optional(last) : std::nullopt;

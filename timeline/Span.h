@@ -1,4 +1,4 @@
-// When a node is: on a day, or from a day to another one.
+// The time of a node: a day, or from one day to another.
 #pragma once
 
 #include <optional>
@@ -33,7 +33,7 @@ void SetEndOfNode(diagram::Node &node, const std::optional<QDate> &last);
 // The first days of the months in which nodes with a date end.
 std::set<QDate> MonthsOfEnds(const diagram::Surface &flow);
 
-// The whole of it, to begin on that day.
+// The span moved as a whole, so that it begins on that day.
 Span BegunOn(const Span &span, const QDate &first);
 
 // 14 March 2027, or 14 March 2027 - 02 April 2027: as the box of a date reads it.

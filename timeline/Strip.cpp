@@ -13,7 +13,7 @@ int ArrangementOf(const diagram::Surface &flow) {
 
 bool RunsRightwards(const diagram::Surface &flow) { return RunsRightwards(ArrangementOf(flow)); }
 
-void Fold(diagram::Node &month, int arrangement) {
+void TakeExtentAway(diagram::Node &month, int arrangement) {
     if (!IsArrangement(arrangement)) return;
     if (RunsRightwards(arrangement))
         month.SetWidth(0);

@@ -17,9 +17,9 @@ int ArrangementOf(const diagram::Surface &flow);
 // downwards.
 bool RunsRightwards(const diagram::Surface &flow);
 
-// Takes the extent along the strip away: the height of a strip that runs downwards, the width of another.
-// Nothing for a number that is no arrangement.
-void Fold(diagram::Node &month, int arrangement);
+// Makes the extent of a month along the strip 0: the height of a strip that runs downwards, the width of
+// another. Nothing for a number that is no arrangement.
+void TakeExtentAway(diagram::Node &month, int arrangement);
 
 // Puts each day of the planned month into its place and the ends of its links onto it. `DayNodes` are those
 // of the plan's task.

@@ -50,6 +50,24 @@ StripBox BoxOfDay(const StripBox &month, const QDate &date, bool rightwards) {
     return {month.left, day * slot + month.top, month.width, slot};
 }
 
+std::vector<PieceOfStrip> FoldedQuartersAndYears(const std::vector<MonthToFold> &months) {
+    std::vector<PieceOfStrip> folds;
+    for (const MonthToFold &month : months)
+        if (month.fold && month.fold->piece != diagram::StripPiece::Month &&
+            std::ranges::find(folds, *month.fold) == folds.end())
+            folds.push_back(*month.fold);
+    return folds;
+}
+
+// The last of the folded quarters and years in which the month lies, else its own fold.
+std::optional<PieceOfStrip> FoldAmong(const std::vector<PieceOfStrip> &larger, const MonthToFold &month) {
+    const auto holds = [&](const PieceOfStrip &fold) {
+        return month.first && PieceAround(fold.piece, *month.first) == fold;
+    };
+    const auto last = std::find_if(larger.rbegin(), larger.rend(), holds);
+    return last == larger.rend() ? month.fold : *last;
+}
+
 } // namespace
 
 bool IsArrangement(int number) {
@@ -120,6 +138,24 @@ std::optional<std::pair<QString, QString>> GapIn(const AxisTable &rows) {
         if (MonthBoundaries(CDate(rows[i - 1][kAxisMonth]), CDate(rows[i][kAxisMonth])) > 1)
             return std::pair(rows[i - 1][kAxisMonth], rows[i][kAxisMonth]);
     return std::nullopt;
+}
+
+std::vector<std::optional<FoldedMonth>> PlanFolds(const std::vector<MonthToFold> &months, double full) {
+    std::vector<std::optional<FoldedMonth>> planned(months.size());
+    std::map<std::pair<diagram::StripPiece, QDate>, int> inSight; // months of each fold
+    const std::vector<PieceOfStrip> larger = FoldedQuartersAndYears(months);
+    for (std::size_t i = 0; i < months.size(); ++i) {
+        const std::optional<PieceOfStrip> fold = FoldAmong(larger, months[i]);
+        if (!fold) continue;
+        planned[i] = FoldedMonth{*fold, std::nullopt};
+        if (!months[i].hidden) ++inSight[{fold->piece, fold->first}];
+    }
+    for (std::size_t i = 0; i < months.size(); ++i) {
+        if (!planned[i] || months[i].hidden) continue;
+        const int count = inSight[{planned[i]->fold.piece, planned[i]->fold.first}];
+        planned[i]->length = float(std::min(double(kSliver), full * count));
+    }
+    return planned;
 }
 
 float SlotOf(float extent, int days) {

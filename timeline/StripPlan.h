@@ -61,6 +61,23 @@ struct StripBox {
     friend bool operator==(const StripBox &, const StripBox &) = default;
 };
 
+struct MonthToFold {
+    std::optional<QDate> first; // nothing for one whose date is none
+    bool hidden = false;
+    std::optional<PieceOfStrip> fold{}; // what it was folded with
+};
+struct FoldedMonth {
+    PieceOfStrip fold;
+    std::optional<float>
+        length; // of its sliver along the strip; nothing for a hidden month, which keeps its own
+    friend bool operator==(const FoldedMonth &, const FoldedMonth &) = default;
+};
+
+// With what each month is folded, nothing for one that isn't: a month that came to a folded quarter or year
+// belongs to it. All months in sight of one fold share a sliver, which is no longer than they are together;
+// `full` is the length of a month along the strip.
+std::vector<std::optional<FoldedMonth>> PlanFolds(const std::vector<MonthToFold> &months, double full);
+
 // How long the slot of a day is in a month of that extent along the strip: without rest.
 float SlotOf(float extent, int days);
 

@@ -26,7 +26,7 @@ struct MonthOfStrip {
     std::vector<diagram::Node *> months, days;
     bool needed = false;
 };
-using StripByDate = std::map<QDate, MonthOfStrip>; // the first of the month
+using StripByDate = std::map<QDate, MonthOfStrip>; // by the first days of the months
 
 StripByDate ReadStrip(const diagram::Surface &flow) {
     StripByDate strip;

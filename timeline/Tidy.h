@@ -11,7 +11,7 @@ class MapWindow;
 namespace timeline {
 
 // Both open no group of changes, and lay the strip out where they change it.
-//
+
 // Takes the months away that no dated node stands on, with their days; where missing months are added, those
 // between the first and the last that are needed stay. Gives how many went.
 int TidyTimeline(document::MapWindow &window, diagram::Surface &Flow);

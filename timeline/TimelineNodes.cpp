@@ -67,8 +67,8 @@ void CopyLook(const diagram::Node &from, diagram::Node &month) {
 
 bool IsHiddenByUser(const diagram::Node *month) { return document::IsOn(*month, kMonthHidden); }
 
-// Strip and user can't hide every month between them.
-void ForgetHandsThatHidAll(const std::vector<diagram::Node *> &months) {
+// A strip of which the user has hidden every month by hand could never be shown.
+void ForgetHidingByHandOfAll(const std::vector<diagram::Node *> &months) {
     if (!std::ranges::all_of(months, IsHiddenByUser)) return;
     for (diagram::Node *month : months) document::SetSwitch(*month, kMonthHidden, false);
 }
@@ -80,7 +80,7 @@ void ShowHideMonth(diagram::Node &month, bool shown, const diagram::Node *look) 
     if (look && look->Width() != 0 && !byUser && !folded) month.SetWidth(look->Width());
 }
 
-// At the days of the month that there are.
+// The links of all days of the month.
 std::vector<diagram::Link *> DateLinks(const DateIndex &index, const diagram::Node &month, int century) {
     std::vector<diagram::Link *> links;
     const std::optional<QDate> first = ParseDate(month.Text(), QLocale(), century);
@@ -90,7 +90,7 @@ std::vector<diagram::Link *> DateLinks(const DateIndex &index, const diagram::No
     return links;
 }
 
-// Those of hidden nodes stay as they are.
+// Links of hidden nodes stay as they are.
 void ShowHideDateLinks(const diagram::Node &month, bool shown, const DateIndex &index, int century) {
     for (diagram::Link *link : DateLinks(index, month, century))
         if (!link->Source().Hidden()) link->SetHidden(!shown);
@@ -103,6 +103,12 @@ diagram::Node *LocateTimeLineTemplateNode(diagram::Surface &Flow, bool Create) {
     if (!Create) return nullptr;
     CreateTimelineTemplateNode(Flow);
     return LocateTimeLineTemplateNode(Flow, false);
+}
+
+const diagram::Node *TemplateOf(const diagram::Surface &flow) {
+    for (const diagram::Node &node : flow.Nodes())
+        if (node.Hidden() && node.Text() == kTemplateNodeText) return &node;
+    return nullptr;
 }
 
 bool IsConfigured(diagram::Surface &Flow) {
@@ -164,7 +170,7 @@ void ShowHideTimelineNodes(diagram::Surface &Flow, bool Shown) {
         const DateIndex index(Flow);
         const int century = CenturyOf(Flow);
         const std::vector<diagram::Node *> months = LocateTimelineNodes(Flow);
-        if (Shown) ForgetHandsThatHidAll(months);
+        if (Shown) ForgetHidingByHandOfAll(months);
         for (diagram::Node *month : months) {
             ShowHideMonth(*month, Shown, look);
             ShowHideDateLinks(*month, Shown, index, century);

@@ -24,6 +24,8 @@ inline const QString kTemplateNodeText = QStringLiteral("TIMELINE TEMPLATE NODE"
 // The first hidden node with that text, made first where it is missing and Create is true; else null. A new
 // one has no size: that says that nobody has set the timeline up yet.
 diagram::Node *LocateTimeLineTemplateNode(diagram::Surface &Flow, bool Create);
+// The same of a surface that is only read; null where there is none.
+const diagram::Node *TemplateOf(const diagram::Surface &flow);
 // Whether the surface has one, with a width.
 bool IsConfigured(diagram::Surface &Flow);
 // Makes it unless there is one.

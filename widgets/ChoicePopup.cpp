@@ -1,15 +1,13 @@
 #include "widgets/ChoicePopup.h"
 
-#include "widgets/ShapePopup.h"
+#include "widgets/PopupPlace.h"
 
 #include <algorithm>
 #include <QEnterEvent>
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
-#include <QScreen>
 #include <QToolButton>
 
 namespace widgets {
@@ -146,9 +144,7 @@ QToolButton *ChoicePopup::AddChoice(const Choice &choice, const ChoiceSection &s
 }
 
 void ChoicePopup::OpenAt(const QRect &place) {
-    const QScreen *screen = QGuiApplication::screenAt(place.center());
-    if (!screen) screen = QGuiApplication::primaryScreen();
-    const QRect room = screen->availableGeometry();
+    const QRect room = RoomAround(place);
     QRect at(BesidePlace(sizeHint(), place, room).topLeft(), sizeHint()); // rather over the place than cut
     at.moveTop(qMax(room.top(), qMin(at.top(), room.bottom() + 1 - at.height())));
     setGeometry(at);

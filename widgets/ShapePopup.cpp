@@ -1,22 +1,12 @@
 #include "widgets/ShapePopup.h"
 
+#include "widgets/PopupPlace.h"
 #include "widgets/ShapeGrid.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
-#include <QScreen>
 #include <QVBoxLayout>
 
 namespace widgets {
-
-QRect BesidePlace(const QSize &size, const QRect &place, const QRect &screen) {
-    const int below = screen.bottom() - place.bottom(), above = place.top() - screen.top();
-    const bool under = below >= size.height() || below >= above;
-    const int height = qMin(size.height(), under ? below : above);
-    const int width = qMin(size.width(), screen.width());
-    const int left = qMax(screen.left(), qMin(place.left(), screen.left() + screen.width() - width));
-    return {left, under ? place.bottom() + 1 : place.top() - height, width, height};
-}
 
 ShapePopup::ShapePopup(QWidget *parent) : QFrame(parent, Qt::Popup), grid_(new ShapeGrid(this)) {
     setObjectName(QStringLiteral("ShapePopup"));
@@ -31,9 +21,7 @@ ShapePopup::ShapePopup(QWidget *parent) : QFrame(parent, Qt::Popup), grid_(new S
 }
 
 void ShapePopup::PopUp(const QRect &place) {
-    const QScreen *screen = QGuiApplication::screenAt(place.center());
-    if (!screen) screen = QGuiApplication::primaryScreen();
-    setGeometry(BesidePlace(sizeHint(), place, screen->availableGeometry()));
+    setGeometry(BesidePlace(sizeHint(), place, RoomAround(place)));
     show();
     grid_->Begin();
 }

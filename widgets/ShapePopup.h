@@ -24,8 +24,4 @@ private:
     ShapeGrid *grid_;
 };
 
-// Where a window of that size stands: below `place` and in line with its left side, moved to the left where
-// the screen ends, and above where there is more room; as high as there is room.
-QRect BesidePlace(const QSize &size, const QRect &place, const QRect &screen);
-
 } // namespace widgets

@@ -12,7 +12,8 @@ namespace diagram {
 
 namespace {
 
-// `current` is null for an item that isn't there any more.
+// Adds to the step what differs between an item before the group, empty for one that the group added, and
+// now, null for one that isn't there any more.
 template <typename Data>
 void Reduce(ItemId id, std::optional<Data> &before, const Data *current, std::vector<Presence<Data>> &present,
             std::vector<ItemChange<Data>> &changed) {
@@ -48,7 +49,7 @@ public:
         if (step.IsEmpty()) return;
         steps_.resize(done_);
         states_.resize(done_ + 1);
-        states_.push_back(step.IsWork() ? NextRevisionNumber() : states_.back());
+        states_.push_back(step.ChangesContent() ? NextRevisionNumber() : states_.back());
         steps_.push_back(std::move(step));
         done_ = steps_.size();
     }
@@ -155,10 +156,10 @@ private:
     void KeepRoute(ItemChange<LinkData> &entry) const {
         const LinkData &data = surface_.FindLink(entry.id)->Data();
         if (!nodes_.contains(data.source) && !nodes_.contains(data.destination)) return;
-        const auto isWay = [](const PropertyChange &change) {
+        const auto isOfPoints = [](const PropertyChange &change) {
             return std::holds_alternative<std::vector<Point>>(change.before);
         };
-        if (std::ranges::any_of(entry.changes, isWay)) return;
+        if (std::ranges::any_of(entry.changes, isOfPoints)) return;
         const auto rows = LinkProperties();
         const auto row = std::ranges::find_if(rows, [&data](const auto &each) {
             return std::holds_alternative<std::vector<Point>>(each.get(data));
@@ -170,7 +171,8 @@ private:
     std::vector<Step> steps_;
     std::vector<std::uint64_t> states_{NextRevisionNumber()}; // before the first step and after each
     std::size_t done_ = 0; // steps that are done; those behind can be repeated
-    int depth_ = 0;
+    int depth_ = 0;        // of open groups
+    // What was there before the open group, as far as it has been touched.
     Touched<NodeData> nodes_;
     Touched<LinkData> links_;
     std::optional<SurfaceData> data_;

@@ -12,7 +12,8 @@ class Surface;
 // by then is passed over, and properties that were written outside of groups since stay as they are.
 void AttachHistory(Surface &surface);
 
-// An open group that closes itself. `goesOn`: one step with the last one, where that can be gone on with.
+// A group of changes that is open as long as the object lives. With `goesOn` its changes become part of the
+// last step, where there is one to go on with.
 class ActionGroup {
 public:
     explicit ActionGroup(Surface &surface, bool goesOn = false);

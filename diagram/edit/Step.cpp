@@ -51,18 +51,18 @@ bool Step::IsEmpty() const {
     return nodesPresent.empty() && linksPresent.empty() && nodes.empty() && links.empty() && surface.empty();
 }
 
-bool Step::IsWork() const {
+bool Step::ChangesContent() const {
     if (!nodesPresent.empty() || !linksPresent.empty() || !nodes.empty() || !links.empty()) return true;
     const auto rows = SurfaceProperties();
-    return std::ranges::any_of(
-        surface, [&rows](const PropertyChange &change) { return diagram::IsWork(rows[change.row]); });
+    return std::ranges::any_of(surface,
+                               [&rows](const PropertyChange &change) { return IsContent(rows[change.row]); });
 }
 
-// Nodes come before the links that end at them, and go when no link that stays ends at them any more. The
-// routes of links are set when the nodes are in place. Keys come last, when those of nodes that go are free.
+// Nodes are added before the links that end at them, and removed when no link that stays ends at them any
+// more. Routes are set when the nodes are in place. Keys are set last, when those of removed nodes are free.
 void Step::Apply(Surface &target, bool forward) {
     target.Routes().Recalculate();
-    const Uncounted known(target.Actions()); // the history tells the revision
+    const Uncounted known(target.Actions()); // the history knows the revision that comes of it
     const RoutesAsTold told(target);
     KeepValues(target, forward);
     std::vector<KeyToSet> keys;
@@ -119,7 +119,8 @@ void Step::ApplyToLinks(Surface &target, bool forward) const {
     }
 }
 
-// Of the items that will be taken away: before anything else moves, and so routes, their links.
+// Keeps the values of the items that will be taken away. First of all, as whatever moves makes links be
+// routed.
 void Step::KeepValues(const Surface &target, bool forward) {
     for (auto &entry : nodesPresent) {
         const Node *node = entry.added != forward ? target.FindNode(entry.id) : nullptr;

@@ -54,12 +54,12 @@ public:
 
     bool IsEmpty() const;
     // Whether it changes what a map file keeps; a step of zoom and grid alone doesn't.
-    bool IsWork() const;
+    bool ChangesContent() const;
     // Takes the step back, or repeats it when `forward`. A property whose value is no longer that which the
     // step left, and an item that isn't there any more, are passed over. Keeps the values of the items that
     // it takes away, so that those come back as they were last.
     void Apply(Surface &target, bool forward);
-    // What the step, which was the last on `target`, began with, as if its group were still open.
+    // Adds what the step, the last one on `target`, began with, as the log has it while the group is open.
     void PutBefore(const Surface &target, Touched<NodeData> &nodesBefore, Touched<LinkData> &linksBefore,
                    std::optional<SurfaceData> &before) const;
 

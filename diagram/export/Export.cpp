@@ -6,7 +6,6 @@
 #include "diagram/render/Paint.h"
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
-#include "diagram/shapes/Measures.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "vector/engine/EmfEngine.h"
@@ -27,9 +26,9 @@ namespace diagram {
 
 namespace {
 
-constexpr int kMostPixels = 16384;    // of a side
-constexpr double kMostPoints = 14400; // of a side of a page
-const QRectF kEmptyPage(0, 0, 2880, 2160);
+constexpr int kMostPixels = 16384;         // of a side
+constexpr double kMostPoints = 14400;      // of a side of a PDF page
+const QRectF kEmptyPage(0, 0, 2880, 2160); // twips; shown of an empty surface
 
 const QString kSource = QStringLiteral("Export");
 
@@ -75,7 +74,7 @@ RenderOptions VectorRendering(const ExportOptions &options) {
     return render;
 }
 
-// What is thought to lie below a picture.
+// The colour with which a format that knows no transparency mixes.
 QRgb PaperOf(Scene &scene, const ExportOptions &options) {
     return RenderingFor(options).paper.value_or(ToRgb(scene.Model().BackColor()));
 }
@@ -124,7 +123,7 @@ QByteArray PaintMetafile(vector::MetafileEngine &engine, Scene &scene, const QRe
     return file;
 }
 
-// A file tells whole units an inch.
+// The file's head holds a whole number of units an inch, so that the scale follows from that.
 QByteArray Wmf(Scene &scene, const QRectF &page, const ExportOptions &options) {
     const double longest = std::max(page.width(), page.height());
     const double fit = std::min(1.0, vector::kWmfLongestSide / longest);

@@ -32,24 +32,24 @@ struct ExportOptions {
     std::function<bool()> goOn = {};
 };
 
-// The size in pixels of such a PNG of a page of that size in twips.
+// The size in pixels of a PNG of a page with that size in twips.
 QSize PngSize(const QSizeF &page, const ExportOptions &options);
 // What a picture of the surface shows, in twips.
 QRectF PictureArea(Scene &scene, const ExportOptions &options = {});
 // The whole surface, hidden items and the grid left out. Works without a display. The bytes of the file.
 QByteArray ExportPicture(Surface &surface, PictureFormat format, const ExportOptions &options = {});
 // The same as a Windows metafile: a placeable one of sixteen bits, scaled down where the surface is larger
-// than those can tell, or an enhanced one. Texts stay texts, but for lines that hold
-// letters outside the Western code page in the one of sixteen bits, which become outlines; pictures are
-// embedded, colours that are not opaque are mixed with the surface's back colour. Error 7 "Out of memory"
-// beyond 2^31 bytes.
+// than those can tell, or an enhanced one. Texts stay texts, but for lines that hold letters outside the
+// Western code page in the one of sixteen bits, which become outlines; pictures are embedded, colours that
+// are not opaque are mixed with the surface's back colour. Error 7 "Out of memory" beyond 2^31 bytes.
 QByteArray ExportMetafile(Surface &surface, vector::MetafileKind kind, const ExportOptions &options = {});
+// The picture of a PNG.
 QImage ExportImage(Surface &surface, const ExportOptions &options = {});
-// The size of these pictures in twips.
+// The size of all these pictures in twips.
 QSizeF PictureSize(Surface &surface, const ExportOptions &options = {});
-// The placeable metafile under `path` and the enhanced one beside it, under the same name with the ending
-// .emf: a file there that was written by another program stays as it is, then. Written like
-// ExportPictureFile's.
+// Writes the placeable metafile to `path` and the enhanced one beside it, under the same name with the ending
+// .emf, unless a file of that name stands there that another program has written. As ExportPictureFile
+// writes.
 void WriteMetafile(Surface &surface, const QString &path);
 // Error 5 for a path with another ending than those that ExportPictureFile knows.
 void CheckPictureEnding(const QString &path);

@@ -16,9 +16,9 @@ enum class PictureFormat { Png, Svg, Pdf, Wmf, Emf, Count };
 struct PictureKind {
     PictureFormat format;
     const char *ending;                // of file names, without a point
-    std::array<const char *, 2> types; // MIME; programs look for some under two names; null for none
+    std::array<const char *, 2> types; // MIME types: some formats have two names; null for no second one
     const char *caption;               // in the file dialog; empty where it is not offered
-    int place; // among those that the window offers, from 1, kept in settings; 0 for none
+    int place; // from 1, among those that the window offers; settings hold it; 0 for one that isn't offered
     QByteArray (*write)(Surface &, const ExportOptions &);
 };
 
@@ -47,8 +47,8 @@ static_assert([] {
 
 constexpr const PictureKind &KindOf(PictureFormat format) { return kPictureKinds[int(format)]; }
 
-// Files of pictures as programs hand them over, also of kinds that aren't written: those that look the same
-// everywhere first.
+// The types of pictures that are taken from other programs, those first that look the same everywhere. Some
+// of them are never written.
 inline constexpr const char *kPictureTypes[] = {"image/png", "image/jpeg",  "image/gif",
                                                 "image/bmp", "image/x-emf", "image/emf",
                                                 "image/wmf", "image/x-wmf", "image/svg+xml"};

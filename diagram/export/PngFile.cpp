@@ -102,7 +102,7 @@ QByteArray RowsWithAlpha(const QImage &image) {
     return rows;
 }
 
-// As qCompress gives it, with the length before the stream.
+// qCompress puts the length of the data, in so many bytes, before the stream.
 constexpr int kQuickest = 1, kLengthBefore = 4;
 
 QByteArray Packed(QImage &image) {

@@ -1,4 +1,4 @@
-// Writing of PNG files as quickly as drawings allow: large even areas, and many rows like the one above.
+// Writing of PNG files, quickly for drawings: these have large even areas and many rows like the one above.
 #pragma once
 
 #include <QByteArray>

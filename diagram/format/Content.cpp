@@ -6,6 +6,7 @@
 #include "diagram/format/Bytes.h"
 #include "diagram/format/ValueReader.h"
 #include "diagram/format/ValueWriter.h"
+#include "diagram/model/PropertyTable.h"
 #include "support/Error.h"
 
 #include <algorithm>
@@ -25,12 +26,6 @@ QByteArray SumOf(QByteArrayView body) {
     QCryptographicHash hash(QCryptographicHash::Md5);
     hash.addData(body.toByteArray());
     return hash.result().first(kSumSize);
-}
-
-// The surface's picture and back colour are no part of its file, nor how far its page has grown.
-bool IsStored(const PropertyRow<SurfaceData> &row) {
-    constexpr std::uint8_t kNotStored[] = {2, 3, 8, 9};
-    return std::ranges::find(kNotStored, row.id) == std::end(kNotStored);
 }
 
 QByteArray BodyOf(const Content &content) {
@@ -102,6 +97,13 @@ QByteArray Seal(const QByteArray &body) {
 
 qsizetype SealSize() { return kNameSize + qsizetype(sizeof kVersion) + kSumSize; }
 
+bool IsStored(const PropertyRow<SurfaceData> &row) {
+    constexpr std::uint8_t kNotStored[] = {
+        PropertyOf<&SurfaceData::picture>().id, PropertyOf<&SurfaceData::backColor>().id,
+        PropertyOf<&SurfaceData::grownLeft>().id, PropertyOf<&SurfaceData::grownTop>().id};
+    return std::ranges::find(kNotStored, row.id) == std::end(kNotStored);
+}
+
 Content Decode(QByteArrayView bytes, ContentKind kind) {
     ByteReader head(bytes);
     if (head.Take(kNameSize) != QByteArrayView(kName, kNameSize)) RaiseInvalidFormat();
@@ -117,7 +119,7 @@ Content DecodeBody(QByteArrayView body, ContentKind kind) {
         CheckWhole(content);
         return content;
     } catch (const support::Error &) {
-        // Whatever is wrong with a font, a picture or a value: the file is.
+        // Whatever is wrong, with a font, a picture or a value, is an error of the file.
         RaiseInvalidFormat();
     }
 }

@@ -1,7 +1,7 @@
 // What a surface file or a copied selection holds, apart from any surface.
 #pragma once
 
-#include "diagram/model/Surface.h"
+#include "diagram/model/Properties.h"
 
 #include <QByteArray>
 #include <vector>
@@ -34,10 +34,13 @@ QByteArray Encode(const Content &content);
 // identities and node keys are unique, links end at nodes of the content.
 Content Decode(QByteArrayView bytes, ContentKind kind);
 
-// The parts of the above: a body without what stands before it, and a body made whole.
+// The parts of the above: reading a body alone, and putting name, version and check sum before one.
 Content DecodeBody(QByteArrayView body, ContentKind kind);
 QByteArray Seal(const QByteArray &body);
-// What stands before the body, in bytes.
+// The size in bytes of what stands before the body.
 qsizetype SealSize();
+
+// Whether surface files hold that property: not picture and back colour, nor how far the page has grown.
+bool IsStored(const PropertyRow<SurfaceData> &row);
 
 } // namespace diagram

@@ -24,7 +24,7 @@ StoredLink Stored(const Link &link) {
     return {link.Id(), link.Data()};
 }
 
-// Identities as the file has them onto fresh ones in the same order, so that a file can't bring far-off
+// Maps the file's identities to the next free ones, in the same order, so that a file can't bring huge
 // numbers.
 class FreshIds {
 public:
@@ -49,12 +49,11 @@ void Place(Surface &surface, Content &content) {
     }
 }
 
+// The content with the surface's own values for what files don't hold.
 Content DecodeFor(const Surface &surface, const QByteArray &bytes) {
     Content content = Decode(bytes, ContentKind::Surface);
-    content.surface.picture = surface.Picture();
-    content.surface.backColor = surface.BackColor();
-    content.surface.grownLeft = surface.Data().grownLeft;
-    content.surface.grownTop = surface.Data().grownTop;
+    for (const PropertyRow<SurfaceData> &row : SurfaceProperties())
+        if (!IsStored(row)) row.set(content.surface, row.get(surface.Data()));
     return content;
 }
 

@@ -22,8 +22,8 @@ void LoadBytes(Surface &surface, const QByteArray &bytes);
 // The same as LoadBytes in a group of changes, as one step of undo: the history stays.
 void ReplaceBytes(Surface &surface, const QByteArray &bytes);
 
-// The selection (nodes, links between them, links selected with both ends) as bytes, and back: the pasted
-// items come on top, selected, moved by `dx`, `dy` twips. Error 321 as above.
+// The selected nodes and all links between them as bytes, and back: the pasted items come on top, selected,
+// moved by `dx`, `dy` twips, as one step of undo. Error 321 as above.
 QByteArray SaveSelection(const Surface &surface);
 void PasteBytes(Surface &surface, const QByteArray &bytes, float dx, float dy);
 // The name of that form on a clipboard.

@@ -13,11 +13,11 @@ constexpr StackKey kHighestStack = StackKey(1) << 60; // beyond which no item of
 
 class ValueReader {
 public:
-    // The bytes that are read from now on. The lists stay.
+    // Reads these bytes from now on. The lists of fonts and pictures stay.
     void SetBody(QByteArrayView body) { body_ = ByteReader(body); }
     ByteReader &Body() { return body_; }
 
-    // Fonts and pictures that take the positions from `first` on.
+    // Read fonts, and pictures, to which the values refer by positions from `first` on.
     void ReadFonts(std::uint32_t first = 0) {
         constexpr qsizetype kSmallest = 4 + 8 + 1;
         for (qsizetype left = body_.GetCount(kSmallest); left > 0; --left) {
@@ -31,8 +31,8 @@ public:
         for (qsizetype left = body_.GetCount(4); left > 0; --left)
             pictures_.insert_or_assign(first++, Picture::FromBytes(body_.GetBlock()));
     }
-    // Whether a font or picture of which nothing was read stands for the default one, instead of being an
-    // error.
+    // While on, a value that refers to a font or picture which was never read gets the default one; otherwise
+    // that is an error.
     void SetForgiving(bool on) { forgiving_ = on; }
 
     template <typename Data, typename Filter>

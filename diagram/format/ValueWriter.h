@@ -42,13 +42,13 @@ public:
     }
 
     ByteWriter &Body() { return body_; }
-    // The body written so far, which starts anew. The lists stay.
+    // The body written so far; a new one begins. The lists stay.
     QByteArray TakeBody() { return std::exchange(body_, {}).Bytes(); }
 
     // How many fonts and pictures there are.
     std::uint32_t FontCount() const { return std::uint32_t(fonts_.size()); }
     std::uint32_t PictureCount() const { return std::uint32_t(pictures_.size()); }
-    // The lists from a position on.
+    // Write the lists from a position on.
     void PutFonts(ByteWriter &out, std::uint32_t from) const {
         out.PutCount(qsizetype(fonts_.size() - from));
         for (std::size_t i = from; i < fonts_.size(); ++i) {

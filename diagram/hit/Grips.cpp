@@ -11,6 +11,7 @@ constexpr double kSmallestFrame = 3; // two handles with room between them to gr
 constexpr double kLinkStartGap = 1.4;
 constexpr double kLinkStartReach = 0.7;
 constexpr double kSmallestWithLinkStarts = 1.6;
+constexpr double kShortestWithHandle = 4;
 
 std::array<QPointF, 4> SideMiddles(const QRectF &box) {
     const QPointF middle = box.center();
@@ -43,5 +44,9 @@ double LinkStartReach(double side) { return kLinkStartReach * side; }
 bool HasLinkStarts(const QRectF &box, double side) {
     return std::max(box.width(), box.height()) >= kSmallestWithLinkStarts * side;
 }
+
+double GraspReach(double side) { return (kSmallestFrame / 2 + kLinkStartGap + kLinkStartReach) * side; }
+
+bool HasSegmentHandle(double length, double side) { return length > kShortestWithHandle * side; }
 
 } // namespace diagram

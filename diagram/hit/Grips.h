@@ -1,4 +1,5 @@
-// Where a node can be grasped besides its body: the eight handles and the places where links start.
+// Where items can be grasped besides their bodies: the eight handles of a node, the places where links start,
+// and the handles of segments.
 #pragma once
 
 #include <array>
@@ -21,5 +22,10 @@ std::array<QPointF, 4> LinkStartPlaces(const QRectF &box, double side);
 double LinkStartReach(double side);
 // Whether the node is shown large enough to have them.
 bool HasLinkStarts(const QRectF &box, double side);
+// The farthest that anything by which a node can be grasped reaches from the node's box.
+double GraspReach(double side);
+
+// Whether a segment of a selected link is long enough to have a handle in its middle.
+bool HasSegmentHandle(double length, double side);
 
 } // namespace diagram

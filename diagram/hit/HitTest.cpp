@@ -16,8 +16,6 @@ namespace diagram {
 
 namespace {
 
-constexpr double kGripReach = 3.6; // sides of a handle: from a node's box to the farthest that grasps it
-
 double DistanceToPiece(const QPointF &point, const QPointF &from, const QPointF &to) {
     const QPointF way = to - from, apart = point - from;
     const double square = QPointF::dotProduct(way, way);
@@ -25,7 +23,7 @@ double DistanceToPiece(const QPointF &point, const QPointF &from, const QPointF 
     return Distance(point, from + way * share);
 }
 
-// The places that can be grasped on a square of `size` about each of them; the nearest counts.
+// Finds the nearest of the places in whose square the point lies; the squares have sides of `size`.
 class Grasp {
 public:
     Grasp(const QPointF &point, double size) : point_(point), reach_(size / 2) {}
@@ -67,7 +65,7 @@ int SegmentHandleAt(const Link &link, const QPointF &point, double size) {
     const auto &route = link.Route();
     for (std::size_t i = 1; i < route.size(); ++i) {
         const QPointF from = ToQPointF(route[i - 1]), to = ToQPointF(route[i]);
-        if (Distance(from, to) > 4 * size) grasp.Offer((from + to) / 2, int(i) - 1);
+        if (HasSegmentHandle(Distance(from, to), size)) grasp.Offer((from + to) / 2, int(i) - 1);
     }
     return grasp.Index();
 }
@@ -78,8 +76,7 @@ struct NearSegment {
     double away = 0;
 };
 
-// The one whose line is nearest to the point within the tolerance; what the line itself covers is at no
-// distance.
+// The segment whose line is nearest to the point, within the tolerance; on the line itself the distance is 0.
 NearSegment SegmentAt(const Link &link, const QPointF &point, double tolerance) {
     const std::vector<QPointF> pieces = RoutePieces(link);
     const double half = link.DrawWidth() * kTwipsPerPixel / 2;
@@ -99,14 +96,15 @@ NearSegment SegmentAt(const Link &link, const QPointF &point, double tolerance) 
 
 bool HoldsPoint(Scene &scene, const Node &node, const QPointF &point, double tolerance) {
     const QRectF box = node.ShownBounds();
-    // What is too thin to be met is met beside it.
+    // A node that is too thin to be hit is hit beside it, too.
     const double x = std::max(0.0, tolerance - box.width()) / 2,
                  y = std::max(0.0, tolerance - box.height()) / 2;
     if (!box.adjusted(-x, -y, x, y).contains(point)) return false;
     return x > 0 || y > 0 || scene.NodeOutline(node).contains(point);
 }
 
-std::vector<Item *> ItemsAround(Scene &scene, const QPointF &point, double reach) {
+// From the topmost down.
+std::vector<Item *> ItemsNear(Scene &scene, const QPointF &point, double reach) {
     std::vector<Item *> items;
     scene.ItemsIn(QRectF(point.x() - reach, point.y() - reach, 2 * reach, 2 * reach), items);
     std::ranges::reverse(items);
@@ -145,7 +143,7 @@ std::optional<Hit> LinkStartHit(const std::vector<Item *> &items, const QPointF 
     return std::nullopt;
 }
 
-// A link on which the point lies, or near to which.
+// A link that the point lies on, or near to.
 struct NearLink {
     Hit hit;
     double away = 0;
@@ -159,8 +157,8 @@ std::optional<NearLink> LinkHit(Scene &scene, Link &link, const QPointF &point, 
     return NearLink{{HitKind::Link, nullptr, &link, segment.index}, segment.away};
 }
 
-// Whether the link is hit before the node, on which the point lies, though only its line's surroundings are:
-// where it runs inside of the node from one to another, as over a frame.
+// Whether the link joins two nodes that lie inside of this one, as in a frame. Such a link is hit before the
+// node even when the point only lies near to its line.
 bool RunsInside(const Link &link, const Node &node) {
     const QRectF box = node.Bounds();
     return &link.Source() != &node && &link.Destination() != &node && box.contains(link.Source().Bounds()) &&
@@ -170,8 +168,8 @@ bool RunsInside(const Link &link, const Node &node) {
 // Whether it lies above the places where links start.
 bool Covers(const Hit &body) { return body.kind == HitKind::LinkLabel || body.node; }
 
-// Of the links above the topmost node the nearest, the topmost of those at the same distance; the node where
-// it is only near to it.
+// Of the links above the topmost node the nearest one, of several as near the topmost. Where the point isn't
+// on its line, the node, unless the link runs inside of that.
 Hit TopmostBody(Scene &scene, const std::vector<Item *> &items, const QPointF &point,
                 const HitOptions &options) {
     std::optional<NearLink> nearest;
@@ -188,7 +186,7 @@ Hit TopmostBody(Scene &scene, const std::vector<Item *> &items, const QPointF &p
 }
 
 Node *TopmostNode(Scene &scene, const QPointF &point, bool selectable) {
-    for (Item *item : ItemsAround(scene, point, kTwipsPerPixel)) {
+    for (Item *item : ItemsNear(scene, point, kTwipsPerPixel)) {
         Node *node = item->AsNode();
         if (!node || (selectable && !node->Selectable())) continue;
         if (HoldsPoint(scene, *node, point, kTwipsPerPixel)) return node;
@@ -199,8 +197,8 @@ Node *TopmostNode(Scene &scene, const QPointF &point, bool selectable) {
 } // namespace
 
 Hit HitTest(Scene &scene, const QPointF &point, const HitOptions &options) {
-    const double reach = std::max(options.tolerance, options.handles ? kGripReach * options.handleSize : 0);
-    const std::vector<Item *> items = ItemsAround(scene, point, reach);
+    const double reach = std::max(options.tolerance, options.handles ? GraspReach(options.handleSize) : 0);
+    const std::vector<Item *> items = ItemsNear(scene, point, reach);
     if (options.handles) {
         for (Item *item : items) {
             if (const auto hit = HandleHit(*item, point, options.handleSize)) return *hit;
@@ -219,7 +217,7 @@ Link *LinkAtPoint(Scene &scene, float x, float y, double tolerance) {
     const QPointF point(x, y);
     Link *found = nullptr;
     double nearest = 0;
-    for (Item *item : ItemsAround(scene, point, tolerance)) {
+    for (Item *item : ItemsNear(scene, point, tolerance)) {
         Link *link = item->AsLink();
         const NearSegment segment = link ? SegmentAt(*link, point, tolerance) : NearSegment();
         if (segment.index < 0 || (found && segment.away >= nearest)) continue;

@@ -12,14 +12,12 @@ class Link;
 enum class HitKind : unsigned char {
     Nothing,
     Node,      // inside the outline
-    LinkStart, // beside a selectable node, from where a link is dragged; `index` is the side, 0 above,
-               // clockwise
-    Handle,    // one of the eight resize handles of a selected node; `index` 0 left top, clockwise
+    LinkStart, // beside a selectable node, where a link is dragged from; `index`: 0 above, clockwise
+    Handle,    // one of the eight handles of a selected node; `index`: 0 left top, clockwise
     Link,      // a segment of a link; `index` is the segment
     LinkLabel,
     Bend,         // a point of a selected link; `index` is the point
-    SegmentHandle // the middle of a segment of a selected link, from where a bend is made; `index` is the
-                  // segment
+    SegmentHandle // the middle of a segment of a selected link, where a bend is made; `index` is the segment
 };
 
 struct Hit {
@@ -36,10 +34,10 @@ struct HitOptions {
     bool linkStarts = true;  // and at the places where links start; not without handles
 };
 
-// The topmost thing under `point` (twips); the place where a link starts lies above links and below nodes. Of
-// several links the nearest is hit, and before a node below it only where the line itself is, or where it
-// runs between nodes inside of that node. What is hidden or can't be selected is passed over: what lies below
-// it is hit.
+// The topmost thing under `point` (twips). Handles come first; a place where links start lies above links and
+// below nodes. Of several links the nearest is hit. A link is hit before a node below it only on the line
+// itself, or where it joins nodes inside of that node. What is hidden or can't be selected is passed over, so
+// that what lies below it is hit.
 Hit HitTest(Scene &scene, const QPointF &point, const HitOptions &options = {});
 
 // The topmost visible node whose outline holds the point; null for none.

@@ -14,11 +14,11 @@ namespace diagram {
 
 namespace {
 
-constexpr int kMostPlaces = 200; // that are looked at
+constexpr int kMostPlaces = 200; // looked at for a free one
 
 bool IsOnSurface(const QRectF &box) { return box.left() >= 0 && box.top() >= 0; }
 
-// Along which the nodes of one generation follow each other.
+// The axis along which the nodes of one generation follow each other, a unit vector.
 QPointF Behind(const QPointF &growth) { return {qAbs(growth.y()), qAbs(growth.x())}; }
 
 QRectF Away(const QRectF &box, const QPointF &by) {
@@ -36,12 +36,12 @@ QRectF NearestFree(Scene &scene, const QRectF &first, const QPointF &along) {
     return first;
 }
 
-// Where something goes and by which link, if by any.
+// Where the new node goes, and the link to it, if any.
 struct Wanted {
     QRectF place;
-    QPointF behind;
-    QPointF after; // the middle of the one behind which it comes
-    Node *parent = nullptr;
+    QPointF behind;         // the axis along which siblings follow each other
+    QPointF after;          // the middle of the node behind which it comes
+    Node *parent = nullptr; // null for no link
     int linkStyle = 0;
 };
 

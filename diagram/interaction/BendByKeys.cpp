@@ -42,7 +42,7 @@ QPointF BendByKeys::Place(const Grip &grip) const {
 void BendByKeys::GoTo(size_t grip) {
     lit_ = grip;
     const QPointF at = Place(Lit());
-    stage_.EnsureVisible(QRectF(at, at).adjusted(-kPixelTwips, -kPixelTwips, kPixelTwips, kPixelTwips));
+    stage_.EnsureVisible(QRectF(at, at).adjusted(-kKeyStep, -kKeyStep, kKeyStep, kKeyStep));
 }
 
 void BendByKeys::Key(const KeyInput &input) {
@@ -50,7 +50,7 @@ void BendByKeys::Key(const KeyInput &input) {
     if (const int step = input.Tab()) return GoTo((lit_ + count + size_t(step)) % count);
     if (input.key == Qt::Key_Delete || input.key == Qt::Key_Backspace) return Remove();
     const QPointF arrow = input.Arrow();
-    if (!arrow.isNull()) Drag(arrow * (input.Shift() ? double(surface_.Screen().GridSize()) : kPixelTwips));
+    if (!arrow.isNull()) Drag(arrow * (input.Shift() ? double(surface_.Screen().GridSize()) : kKeyStep));
 }
 
 void BendByKeys::Drag(const QPointF &by) {

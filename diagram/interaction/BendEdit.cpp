@@ -15,7 +15,8 @@ LinkForm FormOf(int style) {
     return row ? row->form : LinkForm::Polyline;
 }
 
-// By the style where the route has the style's number of segments, by its looks otherwise.
+// Whether the segment runs level: by the style where the route has as many segments as that, else by its
+// points.
 bool IsHorizontal(const std::vector<Point> &route, int segment, int style) {
     const LinkStyleRow *row = FindLinkStyle(style);
     if (row && row->directions.size() + 1 == route.size()) return row->directions[size_t(segment)] == 'H';
@@ -67,11 +68,6 @@ bool IsInLine(const std::vector<Point> &route, int index, double reach) {
     const double share = QPointF::dotProduct(apart, along) / (length * length);
     const double off = std::abs(apart.x() * along.y() - apart.y() * along.x()) / length;
     return share > 0 && share < 1 && off <= reach;
-}
-
-bool HasFreeBends(int style) {
-    const LinkForm form = FormOf(style);
-    return form == LinkForm::Polyline || form == LinkForm::Spline;
 }
 
 } // namespace diagram

@@ -15,7 +15,5 @@ std::vector<Point> SegmentDragged(const std::vector<Point> &route, int segment, 
 // Whether the point `index` lies between its neighbours, at most `reach` off the straight line from the one
 // to the other: a bend there is none. Twips.
 bool IsInLine(const std::vector<Point> &route, int index, double reach);
-// Whether single bends can be added and taken away.
-bool HasFreeBends(int style);
 
 } // namespace diagram

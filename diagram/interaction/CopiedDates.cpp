@@ -29,12 +29,12 @@ std::vector<QDate> DatesOfSelected(const Surface &surface, const DayStrip &days)
     return dates;
 }
 
-// Dates lay the strip out too.
+// Giving dates lays the strip out as well, as GrowPage does otherwise.
 void SettleCopies(Surface &surface, DayStrip &days, const std::vector<QDate> &dates, const QRectF &dropped,
                   const QRectF &former) {
     const std::vector<Node *> nodes = SelectedInOrder(surface);
     if (!HasDates(dates) || nodes.size() != dates.size()) return GrowPage(surface, days, dropped, former);
-    MakeRoom(surface, dropped, former);
+    ShiftOntoPage(surface, dropped, former);
     std::vector<DayStrip::Dated> dated;
     for (std::size_t i = 0; i < nodes.size(); ++i)
         if (dates[i].isValid()) dated.push_back({nodes[i], dates[i]});

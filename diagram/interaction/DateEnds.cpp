@@ -107,14 +107,12 @@ void DateEnds::Show(Overlay &overlay) const {
 }
 
 bool MoveEndsByDays(Surface &surface, DayStrip &strip, const QPointF &direction, int days, bool goesOn) {
-    if (!strip.KeepsNodesAtDates(surface)) return false;
-    const double along = strip.RunsRightwards(surface) ? direction.x() : direction.y();
-    if (along == 0) return false;
+    const int by = DaysTowards(surface, strip, direction, days);
+    if (by == 0) return false;
     std::vector<DayStrip::Dated> dates;
     for (Node *node : surface.SelectedNodes()) {
         const std::optional<QDate> first = strip.DateOf(*node), last = strip.EndOf(*node);
-        if (first && last)
-            dates.push_back({node, *first, std::max(*first, last->addDays(along < 0 ? -days : days))});
+        if (first && last) dates.push_back({node, *first, std::max(*first, last->addDays(by))});
     }
     if (dates.empty()) return false;
     const ActionGroup group(surface, goesOn);

@@ -6,14 +6,14 @@
 
 namespace diagram {
 
-// Where nodes stay at their dates a handle at an end of a node that has one changes the date of that end, and
-// the same end of the other selected nodes that have one by as many days; none of them turns over. A handle
-// at a corner resizes them across the strip besides.
+// Where nodes stay at their dates, a handle at one end of a bar, a node with a beginning and an end, changes
+// the date of that end, and those of the same end of the other selected bars by as many days; no end passes
+// the other one. A handle at a corner also resizes them across the strip.
 class DateEnds : public ResizeNodes {
 public:
     DateEnds(Scene &scene, const Stage &stage, Node &pressed, int handle, const PointerInput &press);
 
-    // Whether a drag of that handle is one.
+    // Whether a drag of that handle changes dates.
     static bool Begins(const Stage &stage, const Node &pressed, int handle);
 
     std::unique_ptr<Gesture> Move(const PointerInput &input) override;
@@ -29,15 +29,15 @@ private:
 
     DayStrip &days_;
     bool rightwards_;
-    bool isEnd_;               // else it is the beginning
-    QPointF place_;            // that stands for the day at the press
+    bool isEnd_;               // the handle moves the end; else the beginning
+    QPointF place_;            // that stood for that end's day at the press
     std::optional<QDate> day_; // to which the pressed node's end goes
     DayStrip::Following following_;
 };
 
-// The selected nodes that have an end end later or earlier by `days`, none before its beginning, as one step
-// or as part of the last one. False, and nothing done, where nodes don't stay at their dates, the direction
-// isn't along the strip, or none has one.
+// Moves the ends of the selected bars on or back by `days`, none before its beginning, as one step, or as
+// part of the last one where `goesOn`. False, and nothing done, where DaysTowards gives 0 or none of the
+// selected nodes is a bar.
 bool MoveEndsByDays(Surface &surface, DayStrip &strip, const QPointF &direction, int days,
                     bool goesOn = false);
 

@@ -72,7 +72,7 @@ QPointF DateNodes::Distance(const PointerInput &input) {
     return KeepOnSurface(extent_, input.Shift() && !across.isNull() ? across : along + across);
 }
 
-// Of days that have one place the former one stays.
+// The days of a fold have one place: there the former day stays.
 std::optional<QDate> DateNodes::DayFor(const QPointF &place) const {
     const std::optional<QDate> day = days_.DayAt(surface_, place);
     const Node *lead = surface_.FindNode(lead_);
@@ -91,8 +91,7 @@ std::unique_ptr<Gesture> DateNodes::Move(const PointerInput &input) {
     const bool goesAlong = !AlongTheStrip(distance).isNull() || !keeps_ || !input.Shift();
     day_ = DayFor(goesAlong ? place_ + AlongTheStrip(input.at - press_.at) : place_);
     following_ = days_.WhatFollows(surface_, NewDates());
-    held_.MoveBy(surface_, distance);
-    held_.TakeDateLinksAlong(surface_, distance, AlongTheStrip(distance));
+    held_.MoveWithDateLinks(surface_, distance, AlongTheStrip(distance));
     return nullptr;
 }
 
@@ -135,7 +134,7 @@ void DateNodes::Show(Overlay &overlay) const {
     ShowFollowing(following_, overlay);
 }
 
-// What the node lines up with along the strip is its date.
+// Without the guides that run across the strip: along it a node stands by its date.
 void DateNodes::ShowRows(Overlay &overlay) const {
     snapping_.Show(overlay);
     overlay.gaps.clear();
@@ -155,14 +154,18 @@ void ShowFollowing(const DayStrip::Following &following, Overlay &overlay) {
     for (const QRectF &box : following.boxes) overlay.ghost.addRect(box);
 }
 
-bool MoveSelectionByDays(Surface &surface, DayStrip &strip, const QPointF &direction, int days) {
-    if (!strip.KeepsNodesAtDates(surface)) return false;
+int DaysTowards(const Surface &surface, const DayStrip &strip, const QPointF &direction, int days) {
+    if (!strip.KeepsNodesAtDates(surface)) return 0;
     const double along = strip.RunsRightwards(surface) ? direction.x() : direction.y();
-    if (along == 0) return false;
+    return along == 0 ? 0 : along < 0 ? -days : days;
+}
+
+bool MoveSelectionByDays(Surface &surface, DayStrip &strip, const QPointF &direction, int days) {
+    const int by = DaysTowards(surface, strip, direction, days);
+    if (by == 0) return false;
     std::vector<DayStrip::Dated> dates;
     for (Node *node : surface.SelectedNodes())
-        if (const std::optional<QDate> date = strip.DateOf(*node))
-            dates.push_back({node, date->addDays(along < 0 ? -days : days)});
+        if (const std::optional<QDate> date = strip.DateOf(*node)) dates.push_back({node, date->addDays(by)});
     if (dates.empty()) return false;
     const ActionGroup group(surface);
     strip.SetDates(surface, dates);

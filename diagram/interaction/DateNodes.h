@@ -20,7 +20,7 @@ class DateNodes : public Gesture {
 public:
     DateNodes(Scene &scene, const Stage &stage, Node &pressed, const PointerInput &press);
 
-    // Whether a drag from that node with this input is one.
+    // Whether a drag from that node with this input changes dates.
     static bool Begins(const Stage &stage, const Node &pressed, const PointerInput &input);
 
     std::unique_ptr<Gesture> Move(const PointerInput &input) override;
@@ -42,10 +42,11 @@ private:
     Surface &surface_;
     DayStrip &days_;
     PointerInput press_;
-    ItemId pressed_, lead_; // whose date is shown
+    ItemId pressed_;
+    ItemId lead_; // whose date is shown; kNoItem for none
     HeldItems held_;
-    bool keeps_;    // nodes at their dates
-    QPointF place_; // that stands for the day
+    bool keeps_;    // nodes stay at their dates
+    QPointF place_; // that stands for the day of the lead at the press
     Snapping snapping_;
     QRectF extent_;            // of all of them at the press
     QPointF corner_;           // left top of the pressed node at the press
@@ -56,8 +57,12 @@ private:
 // Shows what else goes on, and where to.
 void ShowFollowing(const DayStrip::Following &following, Overlay &overlay);
 
-// Where nodes stay at their dates and the direction is along the strip: the selected nodes with a date go on
-// or back by `days`, as one step. Else false.
+// What `days` in that direction mean on the strip: as many days on, below 0 back; 0 where nodes don't stay at
+// their dates or the direction isn't along the strip.
+int DaysTowards(const Surface &surface, const DayStrip &strip, const QPointF &direction, int days);
+
+// The selected nodes that have a date go on or back by `days`, as one step. False, and nothing done, where
+// DaysTowards gives 0 or none of them has a date.
 bool MoveSelectionByDays(Surface &surface, DayStrip &strip, const QPointF &direction, int days);
 
 } // namespace diagram

@@ -11,7 +11,7 @@ namespace diagram {
 
 namespace {
 
-constexpr double kSomeWay = 24; // pixels
+constexpr double kSomeWay = 24; // pixels from the press; nearer to it the source isn't a target
 
 bool IsSomeWayOff(const PointerInput &press, const PointerInput &now) {
     const QPointF way = now.at - press.at;

@@ -7,9 +7,9 @@
 namespace diagram {
 
 // The link gets the surface's defaults and becomes the selection. It keeps to the side it was pulled from
-// (0 above, clockwise) as long as that is free. On empty surface, away from the nodes, a node shows itself at
-// its end, which is offered when it is dropped there; else it gives nothing.
-// A pointer that went some way off and comes back links the node to itself.
+// (0 above, clockwise) as long as that is free. Over empty surface with room for a node one is shown at the
+// link's end, and offered when the link is dropped there; dropped elsewhere beside the nodes it gives
+// nothing. A pointer that went some way off and comes back links the node to itself.
 class DrawLink : public Gesture {
 public:
     DrawLink(Scene &scene, Stage &stage, Node &source, int side, const PointerInput &press);
@@ -32,7 +32,7 @@ private:
     QPainterPath line_; // that the link would have, twips
     QRectF room_;       // for a new node at its end
     PointerInput press_;
-    bool wentOff_ = false;
+    bool wentOff_ = false; // the pointer, some way from the press
 };
 
 } // namespace diagram

@@ -25,8 +25,8 @@ struct TextPlace {
     bool wraps = true; // at the width of the area; a label grows to both sides instead
 };
 
-// Ends in Commit or Cancel; a Commit in between keeps what was typed so far. Keeps the item by its id;
-// when it is gone nothing is written.
+// A Commit writes what was typed so far, and may be followed by others; without one nothing is written. Keeps
+// the item by its id: when it is gone nothing is written either.
 class EditText {
 public:
     EditText(Surface &surface, const diagram::Item &item);
@@ -41,7 +41,6 @@ public:
     // Writes the text with carriage return and line feed at line ends: one step and AfterEdit. The same text
     // is no change. Of a node only the first text is edited, whatever is shown.
     void Commit(const QString &text);
-    void Cancel() {}
 
 private:
     Surface &surface_;

@@ -38,7 +38,7 @@ public:
     virtual void Ask(std::unique_ptr<Gesture> gesture);
     // Begins to edit the text of what is selected.
     virtual void EditText() {}
-    // To which nodes of the surface belong by their dates.
+    // The strip of days to which the surface's nodes belong by their dates.
     virtual DayStrip &Days() const { return DayStrip::None(); }
 };
 
@@ -56,7 +56,7 @@ public:
     virtual void Cancel() = 0;
     virtual void Show(Overlay &) const {}
     virtual Qt::CursorShape Pointer() const { return Qt::ArrowCursor; }
-    // Whether it is the view that goes with the pointer.
+    // Whether the view goes with the pointer, as while panning.
     virtual bool MovesTheView() const { return false; }
     // Whether the surface scrolls when the pointer comes to the edge of the viewport.
     virtual bool ScrollsAtEdges() const { return true; }
@@ -73,7 +73,7 @@ public:
     virtual bool IsOffer() const { return false; }
 };
 
-// Nobody there to be asked.
+// Without a user to ask nothing is committed.
 inline void Stage::Ask(std::unique_ptr<Gesture> gesture) { gesture->Cancel(); }
 
 } // namespace diagram

@@ -12,7 +12,8 @@ namespace diagram {
 
 namespace {
 
-constexpr double kStep = 150; // twips; the usual grid
+constexpr double kStep =
+    150; // twips, where nothing snaps to the grid; as far apart as the usual grid's lines
 
 // How far something that now begins at `now` is to be moved; `before` is where it began.
 double Missing(double now, double before, double step) {
@@ -44,7 +45,7 @@ void ShiftAll(Surface &surface, float dx, float dy) {
         surface.Overwrite(*surface.Links()[i], std::move(links[i]));
 }
 
-bool MakeRoom(Surface &surface, const QRectF &dropped, const QRectF &former) {
+bool ShiftOntoPage(Surface &surface, const QRectF &dropped, const QRectF &former) {
     const double step = surface.Screen().SnapToGrid() ? double(surface.Screen().GridSize()) : kStep;
     const auto right = float(Missing(dropped.left(), former.left(), step));
     const auto down = float(Missing(dropped.top(), former.top(), step));
@@ -55,7 +56,7 @@ bool MakeRoom(Surface &surface, const QRectF &dropped, const QRectF &former) {
 }
 
 void GrowPage(Surface &surface, DayStrip &days, const QRectF &dropped, const QRectF &former) {
-    if (MakeRoom(surface, dropped, former)) days.Arrange(surface);
+    if (ShiftOntoPage(surface, dropped, former)) days.Arrange(surface);
 }
 
 } // namespace diagram

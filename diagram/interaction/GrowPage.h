@@ -15,9 +15,9 @@ class Surface;
 void GrowPage(Surface &surface, DayStrip &days, const QRectF &dropped, const QRectF &former = {});
 
 // The same without the strip of days, for callers that lay it out anyway. False where nothing was to be done.
-bool MakeRoom(Surface &surface, const QRectF &dropped, const QRectF &former = {});
+bool ShiftOntoPage(Surface &surface, const QRectF &dropped, const QRectF &former = {});
 
-// Everything on the surface moved by the distance (twips) as it stands: no way changes its form.
+// Everything on the surface moved by the distance (twips) as it stands: no route changes its form.
 void ShiftAll(Surface &surface, float dx, float dy);
 
 } // namespace diagram

@@ -142,8 +142,8 @@ std::vector<QLineF> Guides::Lines(const QRectF &box, Qt::Orientation axis, Movin
     };
     std::array<std::optional<Line>, 3> lines; // at the low side, the middle and the high side
     const std::array<double, 3> places{own.low, own.Middle(), own.high};
-    for (const QRectF &box2 : around_) {
-        const Extent other = Along(box2, axis);
+    for (const QRectF &each : around_) {
+        const Extent other = Along(each, axis);
         const Line line{std::min(own.from, other.from), std::max(own.to, other.to)};
         ForEachPair(own, other, moving, [&](double value, double to) {
             if (std::abs(value - to) > kSame) return;

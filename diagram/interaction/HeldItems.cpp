@@ -10,7 +10,7 @@ namespace diagram {
 
 namespace {
 
-// Complete: routed, and known whose the bends are.
+// After the link was routed, if need be, and it was found out whose its bends are.
 LinkData DataOf(const Link &link) {
     link.Route();
     link.OwnBends();
@@ -121,6 +121,12 @@ void HeldItems::MoveBy(Surface &surface, const QPointF &distance) const {
         MoveInnerLinks(surface, distance);
         return !distance.isNull();
     });
+}
+
+void HeldItems::MoveWithDateLinks(Surface &surface, const QPointF &distance,
+                                  const QPointF &alongTheStrip) const {
+    MoveBy(surface, distance);
+    TakeDateLinksAlong(surface, distance, alongTheStrip);
 }
 
 const HeldNode *HeldItems::FindHeld(ItemId id) const {

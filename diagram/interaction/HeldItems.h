@@ -43,9 +43,9 @@ public:
     void Try(Surface &surface, const std::function<bool()> &place) const;
     // Everything where it was, moved by the distance (twips); the links that lead away follow.
     void MoveBy(Surface &surface, const QPointF &distance) const;
-    // Where the nodes were moved by the distance, their quiet links to their days go along, with the last
-    // point only along the strip; twips. Call it after MoveBy.
-    void TakeDateLinksAlong(Surface &surface, const QPointF &distance, const QPointF &alongTheStrip) const;
+    // The same for nodes beside a strip of days, whose quiet links to their days go along: the ends on the
+    // days only by `alongTheStrip`, the part of the distance that leads along the strip (twips).
+    void MoveWithDateLinks(Surface &surface, const QPointF &distance, const QPointF &alongTheStrip) const;
 
 private:
     const HeldNode *FindHeld(ItemId id) const;
@@ -53,10 +53,11 @@ private:
     void TakeKeptEndsAlong(Surface &surface) const;
     // Gives the links between held nodes their routes at the start, moved as a whole (twips).
     void MoveInnerLinks(Surface &surface, const QPointF &distance) const;
+    void TakeDateLinksAlong(Surface &surface, const QPointF &distance, const QPointF &alongTheStrip) const;
 
     std::vector<HeldNode> nodes_;
     std::vector<HeldLink> links_;
-    std::unique_ptr<RouteTrial> trial_; // none without nodes
+    std::unique_ptr<RouteTrial> trial_; // null without nodes
 };
 
 } // namespace diagram

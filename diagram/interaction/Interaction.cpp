@@ -4,7 +4,7 @@
 #include "diagram/interaction/MoveBend.h"
 #include "diagram/interaction/NewNode.h"
 #include "diagram/interaction/Pan.h"
-#include "diagram/interaction/PlaceNode.h"
+#include "diagram/interaction/PlacedNode.h"
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/model/Actions.h"
@@ -26,7 +26,7 @@ bool IsGrip(HitKind kind) {
 void Interaction::Hover(const HeldHit &hit, const PointerInput &input) {
     hover_ = hit;
     hoverInput_ = input;
-    // On the way from the node to such a place it stays in sight.
+    // The places where links start stay shown on the way from the node to one of them.
     if (hit.node != kNoItem)
         shown_ = hit.node;
     else if (!IsNear(shown_, input))
@@ -66,7 +66,7 @@ bool Interaction::IsNear(ItemId id, const PointerInput &input) const {
 }
 
 void Interaction::Press(const PointerInput &input) {
-    const Uncounted preview(scene_.Model().Actions()); // what stays is written in groups
+    const Uncounted preview(scene_.Model().Actions()); // only what is written in groups counts as a change
     held_ = TakesKeys();
     if (held_) gesture_->Move(input);
     if (!gesture_) gesture_ = std::make_unique<diagram::Press>(scene_, stage_, input);
@@ -116,7 +116,7 @@ void Interaction::Release(const PointerInput &input) {
     if (!gesture_) return;
     Finish(input);
     Hover(HitFor(scene_, input), input);
-    stage_.Offer(told_ = HintHere()); // what the gesture told stands
+    stage_.Offer(told_ = HintHere()); // only offered: what the gesture told stays
 }
 
 void Interaction::Finish(const PointerInput &input) {
@@ -127,7 +127,7 @@ void Interaction::Finish(const PointerInput &input) {
     ended->Commit(input);
 }
 
-// What can't be selected covers the page too.
+// A node that can't be selected is no empty page either.
 bool Interaction::OpensText(const HeldHit &hit, const PointerInput &input) {
     Surface &surface = scene_.Model();
     if (hit.kind == HitKind::Node) {

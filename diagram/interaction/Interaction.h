@@ -13,8 +13,8 @@ public:
     // Both must live longer.
     Interaction(Scene &scene, Stage &stage) : scene_(scene), stage_(stage) {}
 
-    // A second press while a gesture lasts is passed over. While keys lead one, a press is the pointer's word
-    // in it, and the release its end.
+    // A second press while a gesture lasts is passed over. A gesture led by keys follows the pointer from the
+    // press on, and ends with the release.
     void Press(const PointerInput &input);
     void PressToPan(const PointerInput &input);
     // Follows the pointer; when idle, notes what is below it and tells what a drag from there would do.
@@ -42,11 +42,12 @@ public:
     // What the user is at while keys lead, and the keys that lead on.
     Attention LooksAt() const { return gesture_ ? gesture_->LooksAt() : Attention(); }
     Hint WhatNow() const { return gesture_ ? gesture_->WhatNow() : Hint::Nothing; }
-    // Whether the user is asked about one.
+    // Whether the gesture waits for the answer to an offer.
     bool IsOffer() const { return gesture_ && gesture_->IsOffer(); }
     bool IsPanning() const { return gesture_ && gesture_->MovesTheView(); }
     bool ScrollsAtEdges() const { return gesture_ && gesture_->ScrollsAtEdges(); }
     bool GrowsThePage() const { return gesture_ && gesture_->GrowsThePage(); }
+    // What the gesture shows, or, while idle, the node below the pointer and where a click would place one.
     Overlay Show() const;
     Qt::CursorShape Pointer() const;
 
@@ -67,8 +68,8 @@ private:
     ItemId sized_ = kNoItem; // and the one that shows its size
     PointerInput hoverInput_;
     Hint told_ = Hint::Nothing;
-    bool over_ = false; // the pointer, the surface
-    bool held_ = false; // a button, over a gesture that is led by keys
+    bool over_ = false; // the pointer is over the surface
+    bool held_ = false; // a button is held while keys lead the gesture
 };
 
 } // namespace diagram

@@ -19,9 +19,9 @@ namespace diagram {
 namespace {
 
 constexpr double kBeside = 45; // twips that the cover reaches beyond the line to either side
-constexpr double kBorder = 30; // and a border beyond its outline
+constexpr double kBorder = 30; // twips that a node's border reaches beyond its outline
 
-// What the link's line and the heads at its ends lie in.
+// An area that covers the link's line and its heads.
 QPainterPath Cover(Scene &scene, const Link &link) {
     const QPainterPath line = scene.LinkPath(link);
     QPainterPathStroker stroker;
@@ -119,7 +119,8 @@ void LooseEnd::ShowNew(Scene &scene, const QRectF &newNode, Overlay &overlay) co
     overlay.ghost = Outline(fixed->Shape(), fixed->ShapeOrientation(), newNode);
 }
 
-// Both nodes only where a word tells them apart; else the fixed one has but the place where the line begins.
+// The fixed node's outline is shown only where words tell the two ends apart; else only where the line meets
+// it.
 void LooseEnd::ShowEnds(Scene &scene, const Node *target, bool named, Overlay &overlay) const {
     const QPainterPath &line = overlay.line;
     if (line.elementCount() < 2) return;

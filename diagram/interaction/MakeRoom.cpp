@@ -64,7 +64,7 @@ std::unordered_set<const Node *> SetOf(const std::vector<Node *> &nodes) {
     return {nodes.begin(), nodes.end()};
 }
 
-// What stands behind the place goes on.
+// Makes room by moving on what stands behind the place; none where something else is in the way.
 std::optional<Aside> MoveThoseBehind(Scene &scene, Node &parent, const QRectF &place, const QPointF &after,
                                      const QPointF &behind) {
     Aside aside{WhatLiesBehind(parent, after, behind), {}, place};
@@ -80,7 +80,8 @@ std::optional<Aside> MoveThoseBehind(Scene &scene, Node &parent, const QRectF &p
     return aside;
 }
 
-// How far the place has to go on until nothing is in its way but what moves along; none where strangers are.
+// How far the place has to go on until only nodes that move along lie there; none where one lies there that
+// is not of the family.
 std::optional<double> DistanceBehindFamily(Scene &scene, const QRectF &place, const QPointF &behind,
                                            const std::unordered_set<const Node *> &moving,
                                            const std::unordered_set<const Node *> &family) {
@@ -98,7 +99,8 @@ std::optional<double> DistanceBehindFamily(Scene &scene, const QRectF &place, co
     }
 }
 
-// The parent goes on with its children and all that stands behind it.
+// Makes room by moving on the parent with its children and all that stands behind it, and the place with
+// them.
 std::optional<Aside> MoveParent(Scene &scene, Node &parent, const QRectF &place, const QPointF &behind) {
     std::vector<const Node *> line = LineOf(parent);
     if (line.size() < 2) return std::nullopt;

@@ -1,4 +1,4 @@
-// Room for a node that comes into a tree.
+// Making room for a node that comes into a tree.
 #pragma once
 
 #include <optional>

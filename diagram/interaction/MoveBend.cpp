@@ -4,6 +4,7 @@
 #include "diagram/interaction/BendEdit.h"
 #include "diagram/interaction/Snap.h"
 #include "diagram/interaction/Snapping.h"
+#include "diagram/shapes/LinkStyles.h"
 
 #include <algorithm>
 

@@ -36,8 +36,9 @@ private:
     QPointF corner_; // left top of the pressed node at the press
 };
 
-// Moves the selection by the distance (twips) as one step, or as part of the last one, with AfterMove; the
-// page grows as above, and nodes that stay at their dates settle. False when no node is selected.
+// Moves the selection by the distance (twips) as one step, or as part of the last one where `goesOn`, with
+// AfterMove; the page grows as above, and nodes that stay at their dates settle. False when no node is
+// selected.
 bool MoveSelection(Surface &surface, DayStrip &days, const QPointF &distance, bool goesOn = false);
 
 } // namespace diagram

@@ -12,8 +12,10 @@ namespace diagram {
 
 namespace {
 
-// How much farther than straight on a way to the side is, to nodes that lie level with the first and others.
-constexpr double kAside = 2, kBesideIt = 4;
+// How many times a twip to the side counts beside one straight on, to nodes that lie level with the first one
+// and to others.
+constexpr double kAsideWhenLevel = 2, kAsideElse = 4;
+constexpr double kMostAside = 2; // times as far as straight on; farther to the side others aren't found
 
 // Keeps the nearest of the candidates that it is shown.
 class Nearest {
@@ -26,8 +28,8 @@ public:
         const double ahead = QPointF::dotProduct(way, direction_);
         const double aside = std::abs(way.x() * direction_.y() - way.y() * direction_.x());
         const bool level = IsLevel(node.Bounds());
-        const double distance = ahead + (level ? kAside : kBesideIt) * aside;
-        if (ahead <= 0 || (!level && aside > 2 * ahead) || distance >= distance_) return;
+        const double distance = ahead + (level ? kAsideWhenLevel : kAsideElse) * aside;
+        if (ahead <= 0 || (!level && aside > kMostAside * ahead) || distance >= distance_) return;
         distance_ = distance;
         found_ = &node;
     }

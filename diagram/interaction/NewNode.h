@@ -1,4 +1,4 @@
-// Adds a node.
+// Adding a node, with a link to it if wanted, as one step.
 #pragma once
 
 #include "diagram/model/Item.h"
@@ -25,7 +25,7 @@ struct NewNode {
     ItemId like = kNoItem;       // a node whose look, level and groups it takes over
     ItemId linkedFrom = kNoItem; // the start of a link to it
     int linkStyle = 0;           // or kAutomaticStyle
-    DayStrip *days = nullptr; // where there is one, the place may lie beyond the edge: the page grows there
+    DayStrip *days = nullptr;    // if set, the place may lie left of the page or above: the page grows
 };
 
 // The node becomes the selection. One step, with AfterAddNode, AfterAddLink for a link, and AfterSelect. Null
@@ -35,12 +35,12 @@ Node *AddNewNode(Surface &surface, const NewNode &node);
 // Whether no node that is seen reaches into the box (twips).
 bool IsFree(Scene &scene, const QRectF &box);
 
-// The box of the size with its middle at the point (twips): moved onto the surface, and its corner onto the
-// grid where that draws.
+// The box of the size with its middle at the point (twips), moved onto the surface, and with its corner on
+// the grid where positions snap.
 QRectF PlaceAround(const Surface &surface, const QPointF &middle, const QSizeF &size,
                    const PointerInput &input);
 
-// A node of the usual size with its middle at the pointer, as AddNewNode.
+// Adds a node of the usual size with its middle at the pointer, as AddNewNode; it is drawn to no guides.
 Node *PlaceNode(Surface &surface, const PointerInput &input, std::optional<int> shape = std::nullopt);
 
 } // namespace diagram

@@ -1,5 +1,7 @@
-// What the pointer did, told in surface units.
+// What the pointer did, in units of the surface.
 #pragma once
+
+#include "diagram/geometry/Units.h"
 
 #include <QPointF>
 #include <QSizeF>
@@ -9,9 +11,9 @@
 namespace diagram {
 
 struct PointerInput {
-    QPointF at;           // twips
-    QPointF screen;       // pixels of the viewport
-    QSizeF pixel{15, 15}; // twips a shown pixel
+    QPointF at;                                   // twips
+    QPointF screen;                               // pixels of the viewport
+    QSizeF pixel{kTwipsPerPixel, kTwipsPerPixel}; // twips that a pixel shows, by the zoom
     Qt::KeyboardModifiers modifiers;
 
     bool Ctrl() const { return modifiers.testFlag(Qt::ControlModifier); }

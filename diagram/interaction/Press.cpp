@@ -7,7 +7,7 @@
 #include "diagram/interaction/MoveBend.h"
 #include "diagram/interaction/MoveLinkEnd.h"
 #include "diagram/interaction/MoveNodes.h"
-#include "diagram/interaction/PlaceNode.h"
+#include "diagram/interaction/PlacedNode.h"
 #include "diagram/interaction/ResizeNodes.h"
 #include "diagram/interaction/RubberBand.h"
 #include "diagram/interaction/Selecting.h"

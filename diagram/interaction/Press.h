@@ -23,15 +23,15 @@ HitOptions OptionsFor(const PointerInput &input);
 HeldHit HitFor(Scene &scene, const PointerInput &input);
 // Whether a drag from the empty surface selects instead of drawing.
 bool DragsABand(const Surface &surface, const PointerInput &input);
-// The pointer shape over it, pressed or not.
+// The pointer shape over what was hit, pressed or not; `band`: a drag from the empty surface selects.
 Qt::CursorShape PointerOver(const HeldHit &hit, bool band);
 // What a drag from there would do, or a click, in words for the user.
 Hint HintOver(const HeldHit &hit, const Surface &surface, const Stage &stage);
 
 // Selects an unselected item at once, so that a drag takes it along. A click selects only that item, Ctrl
 // toggles it, Shift adds it, and on empty surface it selects nothing, or places a node of the shape that was
-// chosen for new ones; then Click is raised. A click on the
-// place where a link starts is one on the link that runs through it, if any, else on the node.
+// chosen for new ones; then Click is raised. A click on the place where a link starts is one on the link that
+// runs through it, if any, else on the node.
 class Press : public Gesture {
 public:
     Press(Scene &scene, Stage &stage, const PointerInput &press);

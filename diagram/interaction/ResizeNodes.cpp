@@ -12,7 +12,7 @@ namespace diagram {
 
 namespace {
 
-// Which sides a handle moves: -1 left or top, 1 right or bottom, 0 none.
+// The sides as in SidesOfHandle.
 struct HandleRow {
     int x, y;
     Qt::CursorShape pointer;

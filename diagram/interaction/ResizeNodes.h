@@ -12,8 +12,8 @@ namespace diagram {
 // Smallest side that a handle leaves, twips.
 constexpr double kSmallestSide = 15;
 
-// The box after handle `handle` (0 left top, then clockwise) was moved by `distance`. It doesn't turn
-// over. `keepAspect` lets the side that changed more lead the other.
+// The box after handle `handle` (0 left top, then clockwise) was moved by `distance`. It doesn't turn over.
+// `keepAspect` lets the side that changed more lead the other.
 QRectF ResizedBox(const QRectF &box, int handle, const QPointF &distance, bool keepAspect);
 // `box` resized by the same factors that made `after` out of `before`, the sides opposite to the handle kept
 // in place.
@@ -48,13 +48,13 @@ private:
 
     Snapping snapping_;
     const Stage &stage_;
-    QRectF shown_;
+    QRectF shown_; // the pressed node's box after the last move
     int handle_;
 };
 
-// Moves the right or the bottom side of the selected nodes as one step, or as part of the last one, with
-// AfterResize: the one with the focus grows by `growth` (twips; one of x and y is 0), the others in
-// proportion, as with the mouse. False when no node is selected.
+// Moves the right or the bottom side of the selected nodes as one step, or as part of the last one where
+// `goesOn`, with AfterResize: the one with the focus grows by `growth` (twips; one of x and y is 0), the
+// others in proportion, as with the mouse. False when no node is selected.
 bool ResizeSelection(Surface &surface, DayStrip &days, const QPointF &growth, bool goesOn = false);
 
 // Which sides a handle moves: x -1 for the left one, 1 for the right one, y for top and bottom, 0 for none.

@@ -18,7 +18,7 @@ std::vector<ItemId> Selected(const Surface &surface) {
     return ids;
 }
 
-// What lies in one of two rectangles and not in both, made larger to strips.
+// Strips that hold what lies in one of two rectangles and not in both.
 std::array<QRectF, 4> Strips(const QRectF &a, const QRectF &b) {
     const QRectF all = a | b;
     const auto across = [&](double x1, double x2) {

@@ -82,7 +82,7 @@ std::vector<Node *> ReadingOrder(const Surface &surface) {
         if (IsSelectable(node)) nodes.push_back(&node);
     std::stable_sort(nodes.begin(), nodes.end(), [](Node *a, Node *b) { return a->Top() < b->Top(); });
     for (auto line = nodes.begin(); line != nodes.end();) {
-        // The first that ends closes the line: a node around others isn't one line with all of them.
+        // The node that ends first ends the line: one around others isn't in one line with all of them.
         double bottom = (*line)->Bounds().bottom();
         auto below = line + 1;
         for (; below != nodes.end() && (*below)->Top() <= bottom; ++below)

@@ -14,7 +14,7 @@ namespace diagram {
 
 namespace {
 
-constexpr size_t kMostSegments = 5; // a route with more is no help to who looks at it
+constexpr size_t kMostSegments = 5; // a route with more is hard to follow
 constexpr double kInside = 1;       // twips that a route must come into a box to run through it
 constexpr QPointF kOut[] = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}};
 
@@ -46,7 +46,7 @@ bool MeetsOthers(Scene &scene, const LinkDraft &draft, const QPointF &from, cons
     });
 }
 
-// Neither through other nodes nor through its own.
+// Whether the route runs neither through other nodes nor through its own.
 bool IsClear(Scene &scene, const LinkDraft &draft, const Route &route) {
     for (size_t i = 1; i < route.size(); ++i) {
         const QPointF from = ToQPointF(route[i - 1]), to = ToQPointF(route[i]);

@@ -1,6 +1,7 @@
 // Where the grid draws positions to.
 #pragma once
 
+#include "diagram/geometry/Units.h"
 #include "diagram/interaction/PointerInput.h"
 
 #include <QRectF>
@@ -9,8 +10,8 @@ namespace diagram {
 
 class Surface;
 
-// How far an arrow key moves things: a pixel at zoom 100, in twips.
-constexpr double kPixelTwips = 15;
+// How far an arrow key moves things without Shift: a pixel at zoom 100, in twips.
+constexpr double kKeyStep = kTwipsPerPixel;
 
 // Whether positions snap now: the surface snaps and Alt isn't held.
 bool Snaps(const Surface &surface, const PointerInput &input);

@@ -9,7 +9,7 @@ namespace diagram {
 
 namespace {
 
-// `box` with the sides moved that are named.
+// `box` with those sides moved that `x` and `y` name.
 QRectF Stretched(const QRectF &box, Moving x, Moving y, const QPointF &distance) {
     const auto low = [](Moving moving, double by) { return moving == Moving::Low ? by : 0; };
     const auto high = [](Moving moving, double by) { return moving == Moving::High ? by : 0; };

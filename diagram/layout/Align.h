@@ -1,4 +1,4 @@
-// Lines nodes up with each other. All leave links to the router and open no group of their own.
+// Lines nodes up with each other. Nothing here touches links, which the router takes along, or opens a group.
 #pragma once
 
 #include <vector>

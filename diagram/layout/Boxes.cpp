@@ -14,6 +14,7 @@ struct Nearness {
     bool IsTooNear() const { return across > kSlack && down > kSlack; }
 };
 
+// The boxes from left to right, to find those that are near to each other.
 class Neighbourhood {
 public:
     Neighbourhood(const std::vector<QSizeF> &sizes, const std::vector<QPointF> &centres, double gap)
@@ -102,8 +103,8 @@ bool PushApartOnce(const std::vector<QSizeF> &sizes, std::vector<QPointF> &centr
         const bool isAcross = nearness.across < nearness.down;
         // Of two in the same line the one that comes later goes down.
         const double side = isAcross || centres[b].y() >= centres[a].y() ? 1 : -1;
-        constexpr double kMore =
-            0.505; // of the way each: a little more than half, so that rounds come to an end
+        // Of the way each: a little more than half, so that the rounds come to an end.
+        constexpr double kMore = 0.505;
         const QPointF shift =
             isAcross ? QPointF(nearness.across * kMore, 0) : QPointF(0, side * nearness.down * kMore);
         shifts[a] -= shift;

@@ -5,7 +5,7 @@
 
 namespace diagram {
 
-// From one box of a connected part to all others, nearer ones first.
+// A search from one box of a connected part to all others.
 struct BreadthFirst {
     BreadthFirst(const Adjacency &neighbours, int root);
 

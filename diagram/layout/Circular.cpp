@@ -16,8 +16,8 @@ double Along(const QSizeF &size, double angle) {
     return size.width() * std::abs(std::sin(angle)) + size.height() * std::abs(std::cos(angle));
 }
 
-// The circle, and around it a second one for boxes that have a single neighbour, in front of which they
-// stand.
+// The circle, and around it a second one for guests: boxes with a single neighbour, their host, in front of
+// which they stand.
 class Circles {
 public:
     Circles(const LayoutGraph &part, const std::vector<int> &order, double gap)
@@ -68,7 +68,7 @@ private:
     }
     double Radius() const { return std::max(step_ / 2, length_ / (2 * std::numbers::pi)); }
 
-    // Room and angle hang on each other: a few rounds bring them together.
+    // The room that a box needs and its angle depend on each other: a few rounds bring them together.
     void Turn() {
         constexpr int kRounds = 12;
         std::vector<double> room(circle_.size(), 1);

@@ -12,7 +12,7 @@ namespace diagram {
 // Progress::GivenUp.
 std::vector<QPointF> Circular(const LayoutGraph &graph, const LayoutOptions &options, Progress &progress);
 
-// The order around the circle of the boxes of one part, and how many pairs of edges cross in an order.
+// The order of one part's boxes around the circle, and how many pairs of edges cross in an order.
 std::vector<int> CircularOrder(const LayoutGraph &part, Progress &progress);
 long CircularCrossings(const LayoutGraph &part, const std::vector<int> &order);
 

@@ -10,9 +10,9 @@ namespace diagram {
 
 namespace {
 
-constexpr std::size_t kMostCounted = 4;
-constexpr double kAroundLabel = 90; // twips beside a label
-constexpr double kLoop = 300;       // twips that a link from a box to itself needs on either side
+constexpr std::size_t kMostCounted = 4; // edges between the same boxes that count when crossings are counted
+constexpr double kAroundLabel = 90;     // twips beside a label
+constexpr double kLoop = 300;           // twips that a link from a box to itself needs on either side
 
 std::size_t At(int i) { return std::size_t(i); }
 
@@ -119,7 +119,7 @@ public:
     }
 
 private:
-    // As often as edges go there: a crossing with each of them counts.
+    // Once for each edge of the chain, so that a crossing with each of them counts.
     void Join(int from, int to, const EdgeChain &chain) {
         for (std::size_t i = 0; i < std::min(chain.edges.size(), kMostCounted); ++i)
             graph_.edges.push_back({from, to});

@@ -7,7 +7,7 @@
 
 namespace diagram {
 
-constexpr double kBeside = 180; // twips between edges that join the same two boxes
+constexpr double kBeside = 180; // twips between edges that join the same two boxes, at least
 
 // All edges between two boxes; edges of one go side by side.
 struct EdgeChain {
@@ -15,7 +15,7 @@ struct EdgeChain {
     std::vector<int> passes = {};    // vertices between them, downwards
     std::vector<int> edges = {};     // of the part
     std::vector<double> asides = {}; // of the edges: how far to the right of the chain's middle each lies
-    bool bends = false;              // even where the straight line is free: labels lie side by side
+    bool bends = false;              // even where the straight line is free, as labels lie side by side
 };
 
 struct LayeredPart {
@@ -27,9 +27,9 @@ struct LayeredPart {
 // How the boxes come to their layers.
 struct Layering {
     std::vector<char> back; // marks of the edges that are turned round: the others close no cycle
-    bool balanced = true;   // as RankBoxes
-    bool mirrored = false;  // layered from below: another one of those that are equally good
-    int bias = 0;           // crossings that another one must save to be better
+    bool balanced = true;   // see RankBoxes
+    bool mirrored = false;  // layered from below, which gives another one of equally good layerings
+    int bias = 0;           // crossings that are added to its own when layerings are compared
 };
 
 // Gives each box a layer. The order within the layers is that of the boxes.

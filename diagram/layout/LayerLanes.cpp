@@ -101,8 +101,8 @@ void LayerLanes::FindOrder() {
     steps_ = std::move(ordered);
 }
 
-// Halfway between pushing to the right only and pushing to the left only: what keeps the distances in both,
-// keeps them there.
+// Halfway between the columns of pushing to the right only and of pushing to the left only: both keep the
+// distances, and so does the middle.
 void LayerLanes::Straighten(std::vector<double> &columns) const {
     std::vector<double> right(lanes_.size()), left;
     for (std::size_t i = 0; i < lanes_.size(); ++i) {

@@ -8,7 +8,7 @@ namespace diagram {
 
 namespace {
 
-constexpr std::ptrdiff_t kLong = 24; // neighbours that are better sorted otherwise than one by one
+constexpr std::ptrdiff_t kLong = 24; // with more neighbours, sorting by insertion is slower
 
 // Of the pairs of neighbours, those that cross with a before b, less those that cross with b before a.
 int Surplus(std::span<const int> a, std::span<const int> b, const int *position) {
@@ -81,7 +81,7 @@ void LayerPlaces::SwapWithNext(int layer, std::size_t place) {
     std::swap(position_[std::size_t(vertices[place])], position_[std::size_t(vertices[place + 1])]);
 }
 
-// The tree's sums tell how many edges counted so far end to the right.
+// A binary indexed tree: its sums tell how many of the edges counted so far end further to the right.
 long long LayerPlaces::CrossingsBelow(int layer) {
     const std::size_t size = layers_[std::size_t(layer) + 1].size();
     sums_.assign(size + 1, 0);

@@ -84,7 +84,7 @@ LayerRelaxing::Wish LayerRelaxing::Drawn(int vertex, const std::vector<double> &
     return weight > 0 ? Wish{sum / weight, weight} : Wish{columns[At(vertex)], 1};
 }
 
-// Of the outermost ones; long edges don't count beside others.
+// Of the leftmost and the rightmost neighbour below; long edges don't count.
 double LayerRelaxing::MiddleBelow(int vertex, const std::vector<double> &columns) const {
     double least = kInfinity, most = -kInfinity;
     for (const int edge : out_.Of(vertex)) {

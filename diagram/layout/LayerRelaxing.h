@@ -6,12 +6,12 @@
 
 namespace diagram {
 
-// Which vertices move, and to where.
+// Which vertices move, and to where. An edge is long if it passes several layers.
 enum class Relax {
-    All,       // edges that pass several layers, too; these want to be straight
-    Short,     // boxes, and edges that pass one layer
-    OverBelow, // the same, to the middle of those below them, as far as they have any
-    Freely     // the same, whatever passes between them
+    All,       // all; long edges are drawn straight above all
+    Short,     // all but long edges
+    OverBelow, // all but long edges, each to the middle of its neighbours below; without any it stays
+    Freely     // the same, and through long edges in their way
 };
 
 class LayerRelaxing {

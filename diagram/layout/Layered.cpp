@@ -23,11 +23,12 @@ namespace diagram {
 namespace {
 
 constexpr double kNearestPass = 150, kFarthestPass = 300; // twips between an edge and what it passes
-constexpr std::size_t kFewEdges = 120, kManyEdges = 400;
-constexpr int kCrossingsForProcess = 2;    // that are worth the order in which a process was drawn
+constexpr std::size_t kFewEdges = 120;     // of a part for which layerings from below are tried as well
+constexpr std::size_t kManyEdges = 400;    // with more edges a part gets a single layering
+constexpr int kCrossingsForProcess = 2;    // that may be added to keep the order in which a process was drawn
 constexpr double kFar = 1e9;               // twips
-constexpr double kInLayers = 0.6;          // of the boxes that must stand in layers to be drawn again
-constexpr double kCrossingsForPeace = 1.3; // times as many are allowed then, and two
+constexpr double kInLayers = 0.6;          // of the boxes must stand in layers for a drawing to be kept
+constexpr double kCrossingsForPeace = 1.3; // times as many are allowed then, and two more
 constexpr double kAroundLabel = 270;       // twips above and below a label at least: an arrow head and more
 
 bool HasLabels(const LayoutGraph &part) {
@@ -61,8 +62,8 @@ std::vector<LayerBand> BandsOf(const LayeredPart &part, double distance) {
     return bands;
 }
 
-// Those that differ, the ones that keep the order of a process first. Of a large part only the one with the
-// fewest edges that run back.
+// The layerings that are tried, each once, first those that keep the order of a process. Of a large part only
+// the one in which the fewest edges are turned round.
 std::vector<Layering> LayeringsOf(const LayoutGraph &part) {
     constexpr CycleBreaking kWays[] = {CycleBreaking::FromSources, CycleBreaking::FromFirst,
                                        CycleBreaking::Greedy};
@@ -108,8 +109,8 @@ LayeredPart Ordered(std::vector<Cut> cuts, Patience &patience) {
     return std::move(*best);
 }
 
-// What stands in layers already, with few changes to these and their order. Nothing where most boxes would
-// come elsewhere.
+// The layering nearest to that in which the boxes stand, with few changes to their order. Nothing where too
+// few boxes stand in layers.
 std::optional<LayeredPart> OrderedAgain(const std::vector<Cut> &cuts, const std::vector<QPointF> &present,
                                         Patience &patience) {
     std::optional<LayeredPart> best;
@@ -132,7 +133,7 @@ LayeredPart OrderedBest(const LayoutGraph &part, Patience &patience) {
     return again && double(crossings) <= bound ? std::move(*again) : anew;
 }
 
-// A tree, upright or upside down, stands in its own best way.
+// A tree, upright or upside down, is drawn as a tree. Nothing for what is none.
 std::optional<LayeredDrawing> DrawTree(LayoutGraph part, const LayoutOptions &options) {
     if (part.edges.size() + 1 != part.sizes.size() || HasLabels(part) || HasClusters(part))
         return std::nullopt;

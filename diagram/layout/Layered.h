@@ -1,6 +1,7 @@
 // Layered drawing of a directed graph, as K. Sugiyama, S. Tagawa and M. Toda have cut it into steps ("Methods
 // for Visual Understanding of Hierarchical System Structures", IEEE Transactions on Systems, Man, and
-// Cybernetics 11(2), 1981): LayeredCycles, LayeredRanks, LayeredOrder, LayeredColumns, LayeredBends.
+// Cybernetics 11(2), 1981): LayeredCycles, LayeredRanks, LayeredOrder, LayeredColumns, and LayeredBends or
+// LayeredCorners.
 #pragma once
 
 #include "diagram/layout/LayoutGraph.h"
@@ -26,8 +27,8 @@ struct LayeredDrawing {
 // each other; labels have room in the middle of their edges; unconnected parts are packed. Clusters stand
 // side by side, none over another, each from left to right as wide as its boxes need. Boxes keep their
 // present order as far as it crosses no more edges than any other that is found; where they stand in layers
-// already, also if it crosses a few more, and the drawing stays where it was. The same graph always gives
-// the same drawing. Nothing when it was given up.
+// already, also if it crosses a few more, and the drawing stays where it was. The same graph always gives the
+// same drawing. Nothing when it was given up.
 std::optional<LayeredDrawing> DrawInLayers(const LayoutGraph &graph, const LayoutOptions &options,
                                            const GoOn &goOn);
 

@@ -11,18 +11,19 @@ namespace {
 constexpr double kSame = 30;       // twips that a box may stand off its layer
 constexpr double kMostBoxes = 0.6; // of them
 
-double Middle(std::vector<double> values) {
+double Median(std::vector<double> values) {
     const auto middle = values.begin() + std::ptrdiff_t(values.size() / 2);
     std::ranges::nth_element(values, middle);
     return *middle;
 }
 
-double Middle(const std::vector<QPointF> &drawn, const std::vector<QPointF> &present,
-              double (QPointF::*coordinate)() const) {
+// Of how far the boxes stood from where they are drawn.
+double MedianShift(const std::vector<QPointF> &drawn, const std::vector<QPointF> &present,
+                   double (QPointF::*coordinate)() const) {
     std::vector<double> shifts;
     for (std::size_t i = 0; i < drawn.size(); ++i)
         shifts.push_back((present[i].*coordinate)() - (drawn[i].*coordinate)());
-    return Middle(std::move(shifts));
+    return Median(std::move(shifts));
 }
 
 struct Share {
@@ -42,7 +43,7 @@ double ShareInLayers(const LayerGraph &graph, const std::vector<QPointF> &presen
             if (!graph.vertices[std::size_t(vertex)].passes)
                 heights.push_back(present[std::size_t(vertex)].y());
         if (heights.empty()) continue;
-        const double height = Middle(heights);
+        const double height = Median(heights);
         if (height <= above) return 0;
         above = height;
         inLayers += std::size_t(
@@ -52,14 +53,15 @@ double ShareInLayers(const LayerGraph &graph, const std::vector<QPointF> &presen
 }
 
 QPointF ShiftBack(const std::vector<QPointF> &drawn, const std::vector<QPointF> &present) {
-    return {Middle(drawn, present, &QPointF::x), Middle(drawn, present, &QPointF::y)};
+    return {MedianShift(drawn, present, &QPointF::x), MedianShift(drawn, present, &QPointF::y)};
 }
 
 bool IsDrawnAgain(const std::vector<QPointF> &drawn, const std::vector<QPointF> &present, bool level) {
     const auto coordinate = level ? &QPointF::x : &QPointF::y;
-    const double shift = Middle(drawn, present, coordinate);
-    // What stands all at one height is no drawing in layers, though most boxes may belong in one of these.
-    const double common = Middle(drawn, std::vector<QPointF>(drawn.size()), coordinate);
+    const double shift = MedianShift(drawn, present, coordinate);
+    // Boxes that all stand at one height are no drawing in layers, though most may belong in one layer: the
+    // boxes of the other layers must stand at their height, too.
+    const double common = MedianShift(drawn, std::vector<QPointF>(drawn.size()), coordinate);
     Share all, others;
     for (std::size_t i = 0; i < drawn.size(); ++i) {
         const double at = (drawn[i].*coordinate)();

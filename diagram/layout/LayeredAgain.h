@@ -8,14 +8,14 @@
 
 namespace diagram {
 
-// How many boxes stand at the height of their layer, which is that of most of its boxes, from 0 to 1. None
-// unless the layers lie below each other.
+// The share of the boxes, 0 to 1, that stand at the height of their layer, which is the median of its boxes.
+// 0 unless the layers lie below each other in their order.
 double ShareInLayers(const LayerGraph &graph, const std::vector<QPointF> &present);
 
-// The shift of what was drawn that brings most boxes to where they stood.
+// The shift of the drawing, median by median, that brings most boxes about where they stood.
 QPointF ShiftBack(const std::vector<QPointF> &drawn, const std::vector<QPointF> &present);
 
-// Whether most boxes then come to the height at which they stood.
+// Whether most boxes then stand at the height at which they stood; with `level`, at the same x.
 bool IsDrawnAgain(const std::vector<QPointF> &drawn, const std::vector<QPointF> &present, bool level);
 
 } // namespace diagram

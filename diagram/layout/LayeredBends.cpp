@@ -8,7 +8,7 @@ namespace diagram {
 namespace {
 
 constexpr double kNear = 75;    // twips that an edge keeps from boxes that it leads past
-constexpr double kStraight = 2; // twips off a line that nobody sees
+constexpr double kStraight = 2; // twips; a bend that lies so near to a straight line isn't seen
 
 std::size_t At(int i) { return std::size_t(i); }
 
@@ -20,7 +20,7 @@ public:
             for (std::size_t i = 0; i < layer.size(); ++i) position_[At(layer[i])] = i;
     }
 
-    // Downwards; `aside` is how far to the right of the chain's middle.
+    // From top to bottom, for the edge that lies `aside` to the right of the chain's middle.
     std::vector<QPointF> Of(const EdgeChain &chain, double aside) const {
         std::vector<QPointF> bends;
         for (const int vertex : chain.passes) {

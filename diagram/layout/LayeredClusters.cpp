@@ -15,7 +15,7 @@ namespace {
 constexpr int kSweeps = 16;
 constexpr int kSwitchRounds = 8;
 constexpr std::size_t kExchangeWork = 2'000'000; // edges counted while stripes change places
-constexpr double kBetween = 2;                   // stripes: times the distance of boxes
+constexpr double kBetween = 2;                   // times the gap of boxes lie between stripes
 
 std::size_t At(int i) { return std::size_t(i); }
 
@@ -36,7 +36,7 @@ std::map<int, Reach> ReachesOf(const LayerGraph &graph, const std::vector<int> &
     return reaches;
 }
 
-// As few as possible: one for all clusters that follow each other from layer to layer.
+// As few stripes as possible: clusters that don't share a layer can share a stripe.
 std::map<int, int> StripesOfClusters(const std::map<int, Reach> &reaches) {
     std::vector<std::pair<int, Reach>> byFirst(reaches.begin(), reaches.end());
     std::ranges::stable_sort(byFirst, {}, [](const auto &entry) { return entry.second.first; });

@@ -9,9 +9,9 @@ namespace diagram {
 
 namespace {
 
-constexpr int kYieldRounds = 8;
+constexpr int kYieldRounds = 8; // in which long edges yield to boxes
 constexpr std::size_t kFewestRounds = 20, kMostRounds = 150;
-constexpr std::size_t kWork = 120'000; // vertices placed, where the bounds above let it
+constexpr std::size_t kWork = 120'000; // vertices times rounds, within these bounds
 
 std::size_t At(int i) { return std::size_t(i); }
 

@@ -9,8 +9,8 @@ namespace diagram {
 namespace {
 
 constexpr double kPort = 180;      // twips between ends on one side of a box
-constexpr double kPortShare = 0.4; // of a box on either side of its middle where ends lie
-constexpr double kSame = 2;        // twips that nobody sees
+constexpr double kPortShare = 0.4; // of a box's width, to either side of its middle, in which ends lie
+constexpr double kSame = 2;        // twips; a shorter level piece isn't seen
 
 std::size_t At(int i) { return std::size_t(i); }
 
@@ -21,7 +21,7 @@ struct Descent {
     std::vector<double> columns;
 };
 
-// From one column to the next between two layers.
+// The level piece of a descent between two layers, from one column to the next.
 struct Level {
     std::size_t descent;
     double from, to;
@@ -52,7 +52,8 @@ public:
     }
 
 private:
-    // A label alone stands well in the middle of a short edge.
+    // Edges without corners are left out: those that pass no layer, or only the layer of their single label,
+    // which stands well in the middle of a short edge.
     void Descend(const EdgeChain &chain) {
         const std::size_t fewest = part_.labelled && !chain.bends ? 2 : 1;
         for (std::size_t i = 0; i < chain.edges.size() && chain.passes.size() >= fewest; ++i) {
@@ -97,8 +98,21 @@ private:
         return upper ? descent.columns[1] : descent.columns[descent.columns.size() - 2];
     }
 
-    // All level pieces below a layer.
+    // Draws all level pieces below a layer.
     void Draw(std::size_t layer) {
+        const std::vector<Level> levels = LevelsBelow(layer);
+        const std::vector<std::size_t> tracks = TracksOf(levels);
+        const std::size_t count = levels.empty() ? 0 : *std::ranges::max_element(tracks) + 1;
+        const double top = bands_[layer].bottom, room = bands_[layer + 1].top - top;
+        const auto parts = double(count + count % 2 + 1); // an odd number leaves the middle free
+        for (std::size_t i = 0; i < levels.size(); ++i) {
+            const double y = top + room * Within(layer, double(tracks[i] + 1) / parts);
+            corners_[levels[i].descent].emplace_back(levels[i].from, y);
+            corners_[levels[i].descent].emplace_back(levels[i].to, y);
+        }
+    }
+
+    std::vector<Level> LevelsBelow(std::size_t layer) const {
         std::vector<Level> levels;
         for (const std::size_t i : present_[layer]) {
             const Descent &descent = descents_[i];
@@ -107,6 +121,11 @@ private:
             if (std::abs(level.from - level.to) > kSame) levels.push_back(level);
         }
         std::ranges::stable_sort(levels, {}, &Level::Left);
+        return levels;
+    }
+    // The track of each piece, so that no two on one track overlap. The pieces must be in order from the
+    // left.
+    static std::vector<std::size_t> TracksOf(const std::vector<Level> &levels) {
         std::vector<double> ends; // of what lies on each track so far
         std::vector<std::size_t> tracks;
         for (const Level &level : levels) {
@@ -116,16 +135,11 @@ private:
             if (free == ends.end()) ends.push_back(0);
             ends[tracks.back()] = level.Right();
         }
-        const double top = bands_[layer].bottom, room = bands_[layer + 1].top - top;
-        const auto parts = double(ends.size() + ends.size() % 2 + 1); // an odd number leaves the middle free
-        for (std::size_t i = 0; i < levels.size(); ++i) {
-            const double y = top + room * Within(layer, double(tracks[i] + 1) / parts);
-            corners_[levels[i].descent].emplace_back(levels[i].from, y);
-            corners_[levels[i].descent].emplace_back(levels[i].to, y);
-        }
+        return tracks;
     }
 
-    // Away from boxes, where arrow heads lie.
+    // The share of the room between two layers at which a piece lies: away from boxes, where arrow heads are,
+    // and on the side of a layer of labels.
     double Within(std::size_t layer, double share) const {
         if (!part_.labelled) return 0.2 + 0.6 * share;
         return layer % 2 == 0 ? 0.5 + 0.4 * share : 0.1 + 0.4 * share;

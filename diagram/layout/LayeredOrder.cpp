@@ -162,8 +162,9 @@ private:
         places_.AssignLayer(layer, vertices);
     }
 
-    // Neighbours change places while that saves crossings. What nothing has changed about rests: a layer, and
-    // in a layer each two of which neither has come to another place nor been joined with one that has.
+    // Neighbours change places while that saves crossings. Two neighbours need no second look unless one of
+    // them, or a vertex joined with one of them, has changed places since; such vertices are stirred, and so
+    // are their layers.
     void Switch(bool turnTies) {
         const std::size_t count = places_.Layers().size();
         std::vector<char> stirred(count, 1);
@@ -249,8 +250,10 @@ private:
     LayerPlaces places_;
     std::vector<double> key_;
     std::vector<int> sorted_;
-    std::vector<char> stirred_;                     // of the vertices: 0, or one of these
-    static constexpr char kStirred = 1, kAgain = 2; // since its layer was last looked at; in this very look
+    // Of the vertices: 0 for one that needs no look, kStirred since its layer was looked at last, kAgain
+    // while its layer is being looked at.
+    static constexpr char kStirred = 1, kAgain = 2;
+    std::vector<char> stirred_;
     std::mt19937 random_{1};
     std::size_t sweeps_ = 0;
     Order best_;

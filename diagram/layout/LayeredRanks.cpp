@@ -12,8 +12,8 @@ namespace diagram {
 namespace {
 
 constexpr int kNone = -1;
-constexpr int kCandidates = 30;            // edges to leave that are compared before the best of them goes
-constexpr std::size_t kSteps = 20'000'000; // then the layers are good enough
+constexpr int kCandidates = 30;            // edges that are compared before the best of them leaves the tree
+constexpr std::size_t kSteps = 20'000'000; // after which the layers are good enough
 
 std::size_t At(int i) { return std::size_t(i); }
 

@@ -16,8 +16,8 @@ struct RankEdge {
 // Layers from 0 downwards so that every edge leads down by its length at least and the weighted sum of what
 // they span is as small as it gets: network simplex as in E. R. Gansner, E. Koutsofios, S. C. North and
 // K.-P. Vo, "A Technique for Drawing Directed Graphs", IEEE Transactions on Software Engineering 19(3), 1993.
-// The graph must be connected and without cycles.
-// Boxes that cost the same in several layers stand in the emptiest of these if `balanced`.
+// With `balanced`, boxes that cost the same in several layers stand in the emptiest of these. The graph must
+// be connected and without cycles.
 std::vector<int> RankBoxes(int boxes, const std::vector<RankEdge> &edges, bool balanced, Patience &patience);
 
 } // namespace diagram

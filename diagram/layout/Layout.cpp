@@ -2,6 +2,7 @@
 
 #include "diagram/layout/Boxes.h"
 #include "diagram/layout/FreePlace.h"
+#include "diagram/layout/Orientation.h"
 #include "diagram/layout/SpanningTree.h"
 #include "diagram/layout/TidyTree.h"
 #include "diagram/model/AutomaticStyle.h"
@@ -36,7 +37,7 @@ std::vector<QRectF> BoxesOf(const LayoutGraph &graph) {
     return boxes;
 }
 
-// Styles with one, two and three pieces across, of layers below and beside each other.
+// Styles with one, two and three pieces across, for layers below each other and beside each other.
 constexpr int kAcrossStyles[2][3] = {{4, 8, 12}, {5, 9, 13}};
 
 // The points between the ends, which are put onto the outlines when the route is read.
@@ -56,7 +57,7 @@ void GiveCorners(Link &link, const std::vector<QPointF> &corners, const QPointF 
     if (!corners.empty()) GiveWay(link, corners, shift);
 }
 
-// With all bends.
+// The extent of the drawing with all bends.
 QRectF CoveredBy(const LayoutSubject &subject, const LayeredDrawing &drawing) {
     QRectF extent = ExtentOf(subject.graph.sizes, drawing.centres);
     for (const auto *routes : {&drawing.bends, &drawing.corners})
@@ -67,7 +68,7 @@ QRectF CoveredBy(const LayoutSubject &subject, const LayeredDrawing &drawing) {
     return extent;
 }
 
-// How far all that is laid out is shifted from where the layout has put it; `extent` is what it covers there.
+// How far the drawing is shifted from where the layout has put it, where it covers `extent`.
 QPointF ShiftOf(const LayoutSubject &subject, const std::vector<QPointF> &centres, const QRectF &extent) {
     const QRectF before = ExtentOf(subject.graph.sizes, subject.graph.centres);
     if (!subject.isPart) return before.topLeft() - ExtentOf(subject.graph.sizes, centres).topLeft();
@@ -76,7 +77,8 @@ QPointF ShiftOf(const LayoutSubject &subject, const std::vector<QPointF> &centre
     return NearestFree(there, subject.held, kFromHeld, least) - extent.center();
 }
 
-// What stays where it was may have grown beyond the page's left or upper edge.
+// The shift that brings a kept drawing, which may have grown beyond the page's left or upper edge, back onto
+// it.
 QPointF BackOntoPage(const LayoutSubject &subject, const LayeredDrawing &drawing) {
     const QPointF before = ExtentOf(subject.graph.sizes, subject.graph.centres).topLeft();
     const QPointF after = ExtentOf(subject.graph.sizes, drawing.centres).topLeft();
@@ -155,7 +157,7 @@ void PlaceLayers(Surface &surface, const LayoutSubject &subject, const LayeredDr
                               ? BackOntoPage(subject, drawing)
                               : ShiftOf(subject, drawing.centres, CoveredBy(subject, drawing));
     Move(surface, subject, drawing.centres, shift);
-    const bool level = orientation == LayoutOrientation::Right || orientation == LayoutOrientation::Left;
+    const bool level = IsLevel(orientation);
     for (std::size_t i = 0; i < subject.links.size(); ++i) {
         Link *link = surface.FindLink(subject.links[i]);
         if (!link || &link->Source() == &link->Destination()) continue;

@@ -20,20 +20,18 @@ enum class LayoutScope { All, Selection };
 // only selected nodes take part.
 struct LayoutSubject {
     LayoutGraph graph;
-    std::vector<ItemId> nodes; // of the boxes
-    std::vector<ItemId> links; // of the edges
-    // Of a selection: what is seen of the others, without those on which a selected node lies, and the links
-    // that lead to others.
-    bool isPart = false;
-    std::vector<QRectF> held = {};
-    std::vector<ItemId> leaving = {};
+    std::vector<ItemId> nodes;        // of the boxes
+    std::vector<ItemId> links;        // of the edges
+    bool isPart = false;              // only a selection takes part; what follows is filled only then
+    std::vector<QRectF> held = {};    // other nodes that are seen, but for those that a selected node lies on
+    std::vector<ItemId> leaving = {}; // the links between the selection and other nodes
 };
 LayoutSubject SubjectOf(const Surface &surface, LayoutScope scope);
 
 // Moves the nodes to the centres, all of them shifted so that the diagram's left top corner stays where it
 // was. A selection keeps its middle where it was, or goes to the nearest place where it lies on no held node;
-// a single node stays where it is.
-// Bends of the links go: they belonged to the old places. Opens no group of its own.
+// a single node stays where it is. Bends of the links go: they belonged to the old places. Opens no group of
+// its own.
 void PlaceNodes(Surface &surface, const LayoutSubject &subject, const std::vector<QPointF> &centres);
 
 // Links with level and upright pieces get the style that suits their new places best, once their nodes stand

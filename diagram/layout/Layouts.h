@@ -26,7 +26,7 @@ struct LayoutOrder {
 enum class LayoutResult {
     GivenUp, // nothing has changed
     LaidOut,
-    AsSpanningTree // the diagram is no tree: links that would make it none had no say
+    AsSpanningTree // as a tree, though the diagram is none: by the links of a spanning tree
 };
 
 struct LayoutRow {

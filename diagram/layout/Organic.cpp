@@ -11,7 +11,7 @@ namespace diagram {
 namespace {
 
 constexpr int kPivots = 100;
-// What is wider than high is drawn out by that, and flattened by its inverse.
+// Each part is drawn out across by this factor, and flattened by it.
 constexpr double kDrawOut = 1.15;
 
 StressLengths LengthsOf(const LayoutGraph &part, const LayoutOptions &options) {

@@ -5,10 +5,10 @@
 
 namespace diagram {
 
-// `graph` seen so that its levels go downwards.
-// Whether the layers stand beside each other.
+// Whether layers stand beside each other, not below each other.
 bool IsLevel(LayoutOrientation orientation);
 
+// `graph` turned so that its levels go downwards.
 LayoutGraph TurnedDown(const LayoutGraph &graph, LayoutOrientation orientation);
 // Centres worked out downwards, turned to the orientation.
 std::vector<QPointF> TurnedBack(std::vector<QPointF> centres, LayoutOrientation orientation);

@@ -21,8 +21,7 @@ struct Part {
 std::vector<Part> PartsOf(const LayoutGraph &graph);
 
 // The left top corners of the parts on one page, of extents of these sizes: packed, `gap` twips apart. Single
-// boxes just above all that is linked, a title say, stay so: above the rest, and to each other as they
-// are.
+// boxes just above all that is linked, a title say, stay so: above the rest, and to each other as they are.
 std::vector<QPointF> PackParts(const std::vector<Part> &parts, const std::vector<QSizeF> &sizes, double gap);
 
 // The centres of one part's boxes.

@@ -1,4 +1,5 @@
-// How long work goes on: asked now and then, given up at once.
+// Work that may take long asks now and then whether to go on. For work whose length isn't known beforehand;
+// see Progress.h for work that tells how far it is.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +10,7 @@ namespace diagram {
 // Asked every few milliseconds by work that may take long; false gives the work up.
 using GoOn = std::function<bool()>;
 
-// Asks when enough has been done since the last time.
+// Asks whenever enough has been done since the last time.
 class Patience {
 public:
     struct GivenUp {};

@@ -8,9 +8,8 @@ namespace diagram {
 int RouteAnew(Surface &surface) {
     std::vector<std::pair<Link *, std::vector<Point>>> links;
     for (const auto &link : surface.Links())
-        if (!link->AddPointsMode() && !link->MovePointsMode() && !link->OwnBends())
-            links.emplace_back(link.get(), link->Route());
-    // A route is worked out again when the style was another one.
+        if (!link->KeepsPoints() && !link->OwnBends()) links.emplace_back(link.get(), link->Route());
+    // Another style, and the former one again: the route is worked out from nothing.
     for (const auto &[link, route] : links) {
         const int style = link->Style();
         link->SetStyle(style == 0 ? 1 : 0);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <tuple>
 
 namespace diagram {
 
@@ -23,7 +24,7 @@ std::vector<int> EnteringCounts(const Lists &successors) {
     return counts;
 }
 
-// Those that nothing leads to first, each kind as they stand.
+// Boxes that nothing leads to first, then the others; both in the order of their places.
 std::vector<int> Beginnings(const LayoutGraph &graph, const std::vector<int> &entering) {
     std::vector<int> order(graph.sizes.size());
     std::iota(order.begin(), order.end(), 0);
@@ -71,6 +72,7 @@ private:
     std::vector<std::pair<int, std::size_t>> way_;
 };
 
+// Of each box, the number of edges on the longest way to it.
 std::vector<int> LongestWays(const Lists &successors) {
     std::vector<int> missing = EnteringCounts(successors), rows(successors.size(), 0), open;
     for (std::size_t box = 0; box < missing.size(); ++box)

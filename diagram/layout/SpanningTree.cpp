@@ -8,6 +8,7 @@ namespace diagram {
 
 namespace {
 
+// Grows a forest, breadth first: from the boxes to which nothing leads, then from what isn't reached yet.
 class Growing {
 public:
     explicit Growing(const LayoutGraph &graph)

@@ -31,8 +31,7 @@ QPointF Drawn(const std::vector<StressTerm> &terms, const std::vector<QPointF> &
     return {x / weights, y / weights};
 }
 
-// For each box the pivot that is nearest to it, and how many boxes each pivot has around it within each
-// distance.
+// Of the boxes to which a pivot is the nearest one: how many of them lie within each distance of it.
 class Regions {
 public:
     Regions(const std::vector<BreadthFirst> &pivots, std::size_t boxes) : within_(pivots.size()) {
@@ -57,7 +56,7 @@ private:
     std::vector<std::vector<int>> within_;
 };
 
-// Boxes that are far from each other, one after the other.
+// So many boxes that are far from each other, or fewer in a small part, with the distances of all boxes.
 std::vector<BreadthFirst> Pivots(const Adjacency &neighbours, int count) {
     std::vector<BreadthFirst> pivots;
     std::vector<int> nearest(neighbours.size(), int(neighbours.size()));
@@ -129,7 +128,7 @@ Columns Squares(const Columns &columns) {
     return squares;
 }
 
-// The boxes along a direction, brought to the spread that `depth` has.
+// The coordinate of each box along a direction.
 std::vector<double> Along(const Columns &columns, const std::vector<double> &direction) {
     std::vector<double> along(columns.front().size(), 0);
     for (std::size_t p = 0; p < columns.size(); ++p)

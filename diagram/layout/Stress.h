@@ -14,7 +14,7 @@ struct StressTerm {
 // The terms of each box.
 using StressTerms = std::vector<std::vector<StressTerm>>;
 
-// What a way along edges comes to: as many edges as it has, and by how much its ends differ from a usual box.
+// How long a way along edges is: its edges, and by how much its two ends are larger than the mean box.
 struct StressLengths {
     double edge = 1;
     std::vector<double> extra; // of each box

@@ -33,7 +33,7 @@ void Actions::WillChange(SurfaceKey, const Node &node) {
 
 void Actions::WillChange(SurfaceKey, Link &link) {
     if (!AreRecorded()) return CountWrite();
-    // A route that has become out of date within the group needn't be known between two writes.
+    // The log has the link as it was before the group: what its route is between two writes doesn't matter.
     if (log_->Knows(link)) return;
     routing_.BringUpToDate(link);
     log_->WillChange(link);
@@ -56,7 +56,8 @@ void Actions::Reset(SurfaceKey) {
     CountWrite();
 }
 
-// What gives way belongs to the group in which it was made to.
+// Links that must give way do so before a group opens or closes, so that they belong to the group, or to what
+// was written outside of groups, that made them.
 void Actions::Begin(std::int16_t code) {
     if (!log_) return;
     if (!AreRecorded()) routing_.Settle();

@@ -1,9 +1,10 @@
-// The groups of changes of a surface, each one step of undo, and which content the surface has.
+// The groups of changes of a surface, each one step of undo, and the revision of its content.
 #pragma once
 
 #include "diagram/model/ChangeLog.h"
 #include "diagram/model/Revision.h"
 #include "diagram/model/SurfaceKey.h"
+#include "diagram/model/SurfaceObserver.h"
 
 #include <memory>
 #include <vector>
@@ -36,14 +37,14 @@ public:
     // Zoom, grid, defaults and the selection are no content. What an open group has changed counts once it is
     // closed.
     diagram::Revision Revision() const;
-    // The content is the same as that of another surface had with that revision. Forgets the history.
+    // Says that the content is that of this revision, which another surface had. Forgets the history.
     void SetRevision(const diagram::Revision &revision);
 
     void SetLog(std::unique_ptr<ChangeLog> log);
     ChangeLog *Log() const { return log_.get(); } // null: there is no undo
 
-    // While it stands, what is written outside of groups makes no other revision: it follows from what was
-    // written before, or no map file keeps it.
+    // While one stands, writes outside of groups leave the revision as it is: what they write follows from
+    // what was written before, or no map file keeps it.
     class Uncounted {
     public:
         explicit Uncounted(Actions &actions) : actions_(actions) { ++actions_.uncounted_; }
@@ -55,7 +56,7 @@ public:
         Actions &actions_;
     };
 
-    // What the surface tells: a write follows, or has been made. Of a link the route is known first.
+    // Told by the surface before and after its writes. A link is routed before it is recorded.
     void WillChange(SurfaceKey, const Node &node);
     void WillChange(SurfaceKey, Link &link);
     void WillChange(SurfaceKey, const SurfaceData &data);

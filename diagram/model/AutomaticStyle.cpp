@@ -18,22 +18,22 @@ namespace {
 constexpr double kInside = 1; // twips that a route must come into one of its ends to run through it
 constexpr double kSame = 1;   // twips; a piece that is shorter isn't seen, nor a difference in length
 
-constexpr double kShortEnd = 300;  // twips; a first or last piece below has no room for a head
+constexpr double kShortEnd = 300;  // twips; a shorter first or last piece has no room for an arrow head
 constexpr double kOffMiddle = 0.3; // of a side; an end farther from its middle is at a corner
-constexpr int kBendsForBadEnd = 2; // that such an end counts as
+constexpr int kBendsForBadEnd = 2; // what an end that is too short or at a corner counts as
 
-constexpr std::size_t kMostToChoose = 200000; // links times nodes: each is tried beside each
+constexpr int kThroughOne = 10000; // what a node that is run through counts as: more than coming near to all
 
-constexpr int kThroughOne = 10000; // that is worse than coming near to any number
-
-constexpr std::size_t kMostStrangers = 1000; // among more links nobody sees how many one crosses
+constexpr std::size_t kMostToChoose = 200000; // links times nodes; with more, choosing would take too long
+constexpr std::size_t kMostStrangers = 1000;  // among more links nobody sees how many one crosses
 
 using Route = std::vector<Point>;
 
+// How good a route is; what comes first counts for more.
 struct Merit {
-    int met = std::numeric_limits<int>::max();
+    int met = std::numeric_limits<int>::max(); // nodes and texts, see CountMet
     int bends = 0;
-    int crossed = 0;
+    int crossed = 0; // other links
     double length = 0;
     int Turmoil() const { return bends + crossed; }
     bool IsBetter(const Merit &other) const {
@@ -51,7 +51,8 @@ bool IsMet(const QRectF &box, const Route &route, double nearness, std::size_t f
     return false;
 }
 
-// Nodes, the texts behind bars, and its own ends, which it may touch but with its first and its last piece.
+// What the route runs through or comes near to: other nodes, the texts beside bars, and its own two nodes,
+// which only its first and its last piece may touch.
 int CountMet(const Surface &surface, const LinkDraft &draft, const RouteRequest &request,
              const Route &route) {
     const std::size_t last = route.size() - 1;
@@ -89,7 +90,7 @@ Route Corners(const Route &route) {
     return corners;
 }
 
-// Of the piece from the node to the next corner.
+// Whether the piece between the node and the next corner is too short, or leaves the node at a corner of it.
 bool IsBadEnd(const Point &end, const Point &next, const QRectF &node) {
     if (Length(end, next) < kShortEnd) return true;
     const QPointF off = ToQPointF(end) - node.center();
@@ -97,8 +98,8 @@ bool IsBadEnd(const Point &end, const Point &next, const QRectF &node) {
                               : std::abs(off.x()) > kOffMiddle * node.width();
 }
 
-// Bends that are seen. A first or last piece without length, whose bend a small move brings out, counts as
-// one; ends that don't look well as more, but those of a straight line.
+// The bends that are seen. A first or last piece without length counts as one, as a small move of its node
+// makes it a bend. Bad ends count as more, but not those of a straight line.
 int CountBends(const RouteRequest &request, const Route &route) {
     const int grown =
         Length(route[0], route[1]) <= kSame || Length(route[route.size() - 2], route.back()) <= kSame;
@@ -117,7 +118,8 @@ bool AreCrossing(const Point &a, const Point &b, const Point &c, const Point &d)
     return false;
 }
 
-// The routes of the links that have no node in common with it: those that have can be led past each other.
+// The routes of the links that have no node in common with the draft: those that have one are laid past each
+// other.
 std::vector<const Route *> StrangersOf(const Surface &surface, const LinkDraft &draft) {
     const auto isEnd = [&](const Node &node) { return &node == draft.source || &node == draft.destination; };
     std::vector<const Route *> routes;
@@ -163,10 +165,9 @@ int BestOrthogonalStyle(Surface &surface, const LinkDraft &draft) {
         if (merit.met <= most.met) merit.crossed = CountCrossed(strangers, route);
         if (merit.IsBetter(most)) best = style, most = merit;
     };
-    const LinkStyleRow *own = FindLinkStyle(best);
-    if (own && own->form == LinkForm::Orthogonal) offer(best);
-    // Three segments can be one straight line; more than a free route needs, and one to get past links that
-    // it crosses, are hardly better.
+    if (HasForm(best, LinkForm::Orthogonal)) offer(best);
+    // Three segments can look like one straight line. Longer styles are tried while the best so far meets
+    // something, else only those with no more bends than it has, or one more where it crosses links.
     const auto mayBeBetter = [&](const LinkStyleRow &row) {
         const int enough = most.bends + 1 + (most.crossed > 0 ? 1 : 0);
         return row.form == LinkForm::Orthogonal &&
@@ -184,9 +185,8 @@ int StyleFor(const Link &link, int style) {
 void GiveBestStyles(Surface &surface, const std::vector<Link *> &links) {
     if (links.size() * std::size_t(surface.Nodes().Count()) > kMostToChoose) return;
     for (Link *link : links) {
-        const LinkStyleRow *row = FindLinkStyle(link->Style());
-        const bool chooses = row && row->form == LinkForm::Orthogonal && !link->AddPointsMode() &&
-                             !link->MovePointsMode() && !link->OwnBends();
+        const bool chooses =
+            HasForm(link->Style(), LinkForm::Orthogonal) && !link->KeepsPoints() && !link->OwnBends();
         if (chooses && &link->Source() != &link->Destination())
             link->SetStyle(StyleFor(*link, kAutomaticStyle));
     }

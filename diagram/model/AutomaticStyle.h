@@ -14,7 +14,7 @@ constexpr int kAutomaticStyle = 255;
 
 // The orthogonal style with which the link would run through, or close by, the fewest nodes; of those the one
 // with the fewest bends and crossings with links of other nodes together, then the fewest bends, then the
-// shortest. The draft's own where it is as good as any. What the user bent counts for nothing.
+// shortest. The draft's own where it is as good as any. Bends of the user's are not kept.
 int BestOrthogonalStyle(Surface &surface, const LinkDraft &draft);
 
 // The style itself, or the best one for the link in the place of kAutomaticStyle.

@@ -1,6 +1,6 @@
 #include "diagram/model/BoxIndex.h"
 
-// The library includes headers of its own of which it says that they are out of date.
+// Boost warns of deprecated headers that it includes itself.
 #define BOOST_ALLOW_DEPRECATED_HEADERS
 #include <boost/geometry/algorithms/covered_by.hpp>
 #include <boost/geometry/core/cs.hpp>
@@ -20,8 +20,7 @@ using Box = bg::model::box<Corner>;
 
 Box ToBox(const FloatBox &box) { return {Corner(box.left, box.top), Corner(box.right, box.bottom)}; }
 
-// What the tree asks of an entry. The library's own comparison of boxes would be the larger part of what is
-// to be compiled.
+// What the tree asks of an entry. With a comparison of its own the library would take much longer to compile.
 struct BoxOf {
     using result_type = Box;
     Box operator()(const BoxIndex::Entry &entry) const { return ToBox(entry.first); }
@@ -39,7 +38,7 @@ FloatBox FromBox(const Box &box) {
 
 using Boxes = bg::index::rtree<BoxIndex::Entry, bg::index::quadratic<12>, BoxOf, Same>;
 
-// A line, broadened, that is compared with box after box.
+// A line that is as wide as `nearness` to either side; box after box is compared with it.
 class Corridor {
 public:
     Corridor(const QPointF &from, const QPointF &to, double nearness)
@@ -74,7 +73,7 @@ private:
 namespace tree = bg::index::detail::rtree;
 using Members = tree::utilities::view<Boxes>::members_holder;
 
-// The library's own questions know no broadened lines.
+// The library's own queries know no lines that have a width, so this walks its nodes.
 struct WalkCorridor : Members::visitor_const {
     WalkCorridor(const Corridor &where, const std::function<bool(const BoxIndex::Entry &)> &call)
         : corridor(where), visit(call) {}
@@ -127,14 +126,6 @@ void BoxIndex::VisitAlong(const QPointF &from, const QPointF &to, double nearnes
     const Corridor corridor(from, to, nearness);
     WalkCorridor walk(corridor, visit);
     tree::utilities::view<Boxes>(tree_->boxes).apply_visitor(walk);
-}
-
-void BoxIndex::FindAlong(const QPointF &from, const QPointF &to, double nearness,
-                         std::vector<Entry> &found) const {
-    VisitAlong(from, to, nearness, [&found](const Entry &entry) {
-        found.push_back(entry);
-        return true;
-    });
 }
 
 } // namespace diagram

@@ -1,5 +1,5 @@
-// Boxes by place: an R-tree of identities. Twips, as single floats, so that a box takes 20 bytes and the room
-// that the tree keeps for others.
+// Boxes by place: an R-tree of identities. Twips, as single floats, so that an entry takes no more than 20
+// bytes.
 #pragma once
 
 #include "diagram/model/Item.h"
@@ -33,13 +33,13 @@ public:
 
     BoxIndex();
     ~BoxIndex();
-    // Everything anew: faster and tighter than one by one.
+    // Replaces everything; faster than inserting one by one, and the tree is searched faster.
     void Build(const std::vector<Entry> &entries);
     void Clear();
     void Insert(const FloatBox &box, ItemId id);
     void Remove(const FloatBox &box, ItemId id); // the box must be that with which it came in
     std::size_t Size() const;
-    FloatBox Bounds() const; // of all, if there is any
+    FloatBox Bounds() const; // of all boxes; not of an empty index
     // Calls `visit` with what touches `area`, in any order. The index must not be changed meanwhile.
     void Visit(const FloatBox &area, const std::function<void(const Entry &)> &visit) const;
     // Appends what touches `area`, in any order.
@@ -48,8 +48,6 @@ public:
     // more, in any order, until it says false: much less than touches the area that a long line spans.
     void VisitAlong(const QPointF &from, const QPointF &to, double nearness,
                     const std::function<bool(const Entry &)> &visit) const;
-    // Appends all of that.
-    void FindAlong(const QPointF &from, const QPointF &to, double nearness, std::vector<Entry> &found) const;
 
 private:
     struct Tree;

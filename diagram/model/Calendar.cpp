@@ -13,19 +13,19 @@ struct Sources {
     CalendarSource calendar = nullptr;
     BarSource bars = nullptr;
 };
-Sources &Told() {
+Sources &TheSources() {
     static Sources sources;
     return sources;
 }
 
-constexpr int kMostBends = 3; // and the ends
+constexpr std::size_t kMostSegments = 3; // of a link to a day
 
 } // namespace
 
 bool IsQuietDateLink(const Link &link) {
     if (link.Selectable() || !link.Marked() || link.DrawWidth() > 1) return false;
     const LinkStyleRow *row = FindLinkStyle(link.Style());
-    return row && row->form == LinkForm::Orthogonal && row->directions.size() <= kMostBends;
+    return row && row->form == LinkForm::Orthogonal && row->directions.size() <= kMostSegments;
 }
 
 const Calendar::Fold *Calendar::FoldWith(ItemId node) const {
@@ -41,12 +41,12 @@ QRectF Calendar::Bands() const {
     return {after ? strip.right() : strip.left() - depth, strip.top(), depth, strip.height()};
 }
 
-void SetCalendarSource(CalendarSource source, BarSource bars) { Told() = {source, bars}; }
+void SetCalendarSource(CalendarSource source, BarSource bars) { TheSources() = {source, bars}; }
 
 Calendar CalendarOf(const Surface &surface) {
-    return Told().calendar ? Told().calendar(surface) : Calendar();
+    return TheSources().calendar ? TheSources().calendar(surface) : Calendar();
 }
 
-bool IsBarOfStrip(const Node &node) { return Told().bars && Told().bars(node); }
+bool IsBarOfStrip(const Node &node) { return TheSources().bars && TheSources().bars(node); }
 
 } // namespace diagram

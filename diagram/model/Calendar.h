@@ -17,7 +17,8 @@ class Link;
 class Node;
 class Surface;
 
-// Thin, level and plumb: a link between a node and its day that stands back until it is asked for.
+// Whether the link joins a node to its day and is drawn palely, until the user asks for it: marked and not
+// selectable, one pixel wide, orthogonal with two bends at most.
 bool IsQuietDateLink(const Link &link);
 
 struct Calendar {

@@ -1,5 +1,4 @@
-// Who listens to the writes of a surface: observers that keep derived data in step, and the one log that
-// makes undo.
+// The log of the writes to a surface, which makes undo and redo.
 #pragma once
 
 #include "diagram/model/Item.h"
@@ -9,24 +8,6 @@
 namespace diagram {
 
 struct SurfaceData;
-
-// Told after each write, at once and outside of groups too. An observer must not write to the model.
-class SurfaceObserver {
-public:
-    virtual ~SurfaceObserver() = default;
-    virtual void ItemAdded(Item &) {}
-    virtual void ItemChanged(Item &, Change) {}
-    // The item still stands, but is in no collection any more.
-    virtual void ItemRemoved(Item &) {}
-    virtual void SurfaceChanged(Change) {} // Text: texts are measured by another rule now
-    // All content was replaced or removed at once; forget every item.
-    virtual void Cleared() {}
-    // Before a step is taken back or repeated. The one place where an observer writes to the model: what it
-    // has written for the time being, outside of groups, must be taken back now.
-    virtual void BeforeUndo() {}
-    // The step has been taken back or repeated.
-    virtual void AfterUndo() {}
-};
 
 // Told before each write. Groups nest: the outermost is the step.
 class ChangeLog {
@@ -46,14 +27,14 @@ public:
     virtual void Undo() = 0; // error 5 "Invalid procedure call or argument" while a group is open
     virtual void Redo() = 0;
     virtual void Forget() = 0; // empties the history
-    // A number for the content as far as the steps made it: that after a step, until the step is taken back.
-    // Two states have the same only when no step that made work lies between them. Unique in the process.
+    // A number for the content as far as steps made it; undo gives the former number back. Two states have
+    // the same number only when no step between them changed what a map file keeps. Unique in the process.
     virtual std::uint64_t State() const = 0;
-    virtual void SetState(std::uint64_t state) = 0; // of an empty history
+    virtual void SetState(std::uint64_t state) = 0; // only while the history is empty
 
     virtual void WillChange(const Node &) = 0;
     virtual void WillChange(const Link &) = 0;
-    // Whether the open group knows already how the link was before it.
+    // Whether the log already has the link as it was before the open group.
     virtual bool Knows(const Link &) const = 0;
     // The links that the open group has changed or added, as far as it knows; some may be gone.
     virtual std::vector<ItemId> TouchedLinks() const = 0;

@@ -18,7 +18,7 @@ class Surface;
 // What of the strip can be folded to a sliver.
 enum class StripPiece { Month, Quarter, Year };
 
-// The plain one stands for a surface without a strip. Places are in twips.
+// This class itself stands for a surface without a strip. Places are in twips.
 class DayStrip {
 public:
     virtual ~DayStrip() = default;
@@ -74,7 +74,7 @@ public:
     // on the surface was moved.
     virtual void Arrange(Surface &) {}
 
-    // The plain one.
+    // A strip that is none.
     static DayStrip &None();
 };
 

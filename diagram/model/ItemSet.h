@@ -11,12 +11,12 @@ namespace diagram {
 class ItemSet {
 public:
     bool Has(ItemId id) const { return id < present_.size() && present_[id] != 0; }
-    // Whether it wasn't in it.
+    // False when it is in the set already.
     bool Add(ItemId id) {
         if (present_.size() <= id) present_.resize(std::size_t(id) + 1);
         return std::exchange(present_[id], std::uint8_t(1)) == 0;
     }
-    // Whether it was in it.
+    // False when it isn't in the set.
     bool Remove(ItemId id) {
         return id < present_.size() && std::exchange(present_[id], std::uint8_t(0)) != 0;
     }

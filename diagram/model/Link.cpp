@@ -5,6 +5,7 @@
 #include "diagram/model/Selection.h"
 #include "diagram/model/Stacking.h"
 #include "diagram/model/Surface.h"
+#include "diagram/shapes/LinkStyles.h"
 
 namespace diagram {
 
@@ -15,7 +16,7 @@ void Link::Write(const T &value) {
     Owner().WriteTo(*this, PropertyOf<Member>().what, [&] { data_.*Member = fitting; });
 }
 
-// Finding out whose bends they are, or what the route is, changes nothing that can be seen otherwise.
+// Both are worked out when they are first asked for, which changes nothing that anybody else can see.
 bool Link::OwnBends() const { return Owner().Routes().OwnBends(const_cast<Link &>(*this)); }
 
 const std::vector<Point> &Link::Route() const { return Owner().Routes().RouteOf(const_cast<Link &>(*this)); }
@@ -39,9 +40,8 @@ void Link::SetStyle(int value) {
     Routing &routes = Owner().Routes();
     routes.Judge(*this);
     Owner().WriteTo(*this, PropertyOf<&LinkData::style>().what, [&] {
-        // Bends of the user's last from one free form to another only.
-        const auto free = [](int of) { return of == 0 || of == 14; };
-        data_.ownBends = data_.ownBends && free(style) && free(data_.style);
+        // Bends of the user's outlast only a change between forms whose bends are free.
+        data_.ownBends = data_.ownBends && HasFreeBends(style) && HasFreeBends(data_.style);
         data_.style = style;
         routes.Reroute(*this);
     });

@@ -42,7 +42,8 @@ struct LinkData {
     bool ownBends = false;
 };
 
-// The points of a link in order, its two ends included. A link always has at least two.
+// The points of a link in order, its two ends included. A link always has at least two. Writing points makes
+// its bends the user's, unless a point-edit switch is on.
 class LinkPoints {
 public:
     explicit LinkPoints(Link &link) : link_(&link) {}
@@ -63,7 +64,7 @@ private:
 // Setters as those of Node.
 class Link : public Item {
 public:
-    const LinkData &Data() const { return data_; } // points may be stale: see Points
+    const LinkData &Data() const { return data_; } // its points may be out of date: see Points
 
     const QString &Key() const { return data_.key; }
     Node &Source() const { return *source_; }
@@ -90,10 +91,10 @@ public:
     bool Oriented() const { return data_.oriented; }
     bool AddPointsMode() const { return data_.addPointsMode; }
     bool MovePointsMode() const { return data_.movePointsMode; }
-    // While one of the two switches is on: the points given stay.
+    // Whether one of the two point-edit switches is on, so that the points stay as given.
     bool KeepsPoints() const { return data_.addPointsMode || data_.movePointsMode; }
-    bool OwnBends() const;
-    int Zorder() const; // as Node::ZOrder
+    bool OwnBends() const; // worked out first where that isn't known yet
+    int Zorder() const;    // as Node::ZOrder
     // Routes the link first when its route is out of date.
     LinkPoints Points() { return LinkPoints(*this); }
     // The same for reading.

@@ -1,4 +1,4 @@
-// A link as the router looks at it: one that is there, or one that might be.
+// A link as the router sees it: one that is there, or one that might be drawn.
 #pragma once
 
 #include "diagram/model/Link.h"
@@ -10,14 +10,14 @@ namespace diagram {
 
 class Node;
 
-// Whoever makes one keeps what it points to.
+// What it points to must outlive it.
 struct LinkDraft {
-    // One more link, as a surface adds it.
+    // A new link, with the values that a surface gives it.
     LinkDraft();
     // That link; its ends may then be put elsewhere.
     explicit LinkDraft(const Link &link);
 
-    const LinkData *data; // never null; its ends are passed over
+    const LinkData *data; // never null; `source` and `destination` below count, not those in it
     // Null for an end that lies free at `loose` (twips); not both.
     const Node *source = nullptr;
     const Node *destination = nullptr;
@@ -25,7 +25,7 @@ struct LinkDraft {
     QSizeF looseSize;   // of a node that will stand around it, if any
     int looseShape = 1; // and the shape of that
     int looseOrientation = 0;
-    ItemId id = kNoItem; // the link that it is or takes the place of; none for one more
+    ItemId id = kNoItem; // the link that it is or takes the place of; kNoItem for a new one
 };
 
 } // namespace diagram

@@ -15,8 +15,7 @@ namespace diagram {
 
 class ItemSet;
 
-// What a node looks like whatever its text, its size and its place are: what new nodes take over from the
-// default node.
+// What a node looks like apart from its text, size and place. New nodes take it over from the default node.
 struct NodeLook {
     Font font;
     float drawWidth = 1; // pixels at zoom 100
@@ -112,8 +111,8 @@ public:
     bool Marked() const { return data_.marked; }
     int AutoSize() const { return data_.autoSize; }
     bool Transparent() const { return data_.transparent; }
-    // Stacking position among all nodes and links of the surface, 0 lowest. Counts once after a change of
-    // stacking.
+    // Stacking position among all nodes and links of the surface, 0 lowest. The first call after a change of
+    // stacking sorts what has changed.
     int ZOrder() const;
     NodeLinks Links() const { return {*this, links_}; }
 

@@ -18,10 +18,10 @@ struct Picture::Data {
     QSize size;
     std::optional<vector::MetafileHead> metafile;
     bool svg = false;
-    QByteArray source; // of an SVG: what is read of it
+    QByteArray source; // of an SVG: what is read of it; empty for a compressed one
     mutable std::once_flag decoded;
-    const QByteArray &Source() const { return svg ? source : bytes; }
     mutable QImage image;
+    const QByteArray &Source() const { return svg ? source : bytes; }
 };
 
 namespace {
@@ -29,14 +29,14 @@ namespace {
 constexpr qint64 kMostPixels = qint64(1) << 28;
 constexpr double kMostSide = 4096; // pixels of a drawing made for a place
 constexpr double kTwipsPerMetre = kTwipsPerInch / 0.0254;
-constexpr QSize kPacked(100, 100);     // of a compressed drawing, which is kept, but not read
+constexpr QSize kPacked(100, 100);     // pixels that a compressed drawing is given, as it is never read
 constexpr int kPlainResolution = 3780; // dots a metre, 96 an inch
 
 [[noreturn]] void RaiseInvalidPicture() {
     support::Raise(support::kErrInvalidPicture, QStringLiteral("Picture"));
 }
 
-// What an image has that was given none: the screen's, or a fixed one without a screen.
+// Dots a metre of an image that was given no resolution: the screen's, or a fixed one without a screen.
 int UntoldResolution() { return QImage(1, 1, QImage::Format_Mono).dotsPerMeterX(); }
 
 // A null size for the picture's own.
@@ -74,7 +74,7 @@ QByteArray FormatOf(const QByteArray &bytes) {
     return reader.canRead() ? reader.format() : QByteArray();
 }
 
-// Of 96 an inch. A page too large for whole numbers has none.
+// Pixels of which 96 make an inch. Empty for a page too large for whole numbers.
 QSize PixelsOf(const vector::MetafileHead &head) {
     const QSizeF pixels = head.twips / kTwipsPerPixel;
     if (pixels.width() > kMostPixels || pixels.height() > kMostPixels) return {};

@@ -34,10 +34,10 @@ public:
     const QImage &Image() const;
     // Whether it can be drawn at any size: wmf, emf, svg.
     bool IsDrawing() const;
-    // For a place of so many pixels: drawings are made as large as the place, up to 4096
-    // pixels a side, other pictures come as they are.
+    // For a place of so many pixels: drawings are made as large as the place, up to 4096 pixels a side, other
+    // pictures come as they are.
     QImage ImageFor(const QSizeF &pixels) const;
-    // A number that is the same as long as it is the same shared data; a key for caches.
+    // The same for all copies that share their data; a key for caches as long as one of these is kept.
     quintptr Identity() const { return reinterpret_cast<quintptr>(data_.get()); }
 
     friend bool operator==(const Picture &a, const Picture &b);

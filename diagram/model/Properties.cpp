@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <string_view>
 
 namespace diagram {
 
@@ -122,14 +121,16 @@ std::span<const PropertyRow<LinkData>> LinkProperties() { return kLinkRows; }
 std::span<const PropertyRow<SurfaceData>> SurfaceProperties() { return kSurfaceRows; }
 std::span<const PropertyRow<NodeLook>> LookProperties() { return kLookRows; }
 
-bool IsWork(const PropertyRow<SurfaceData> &row) {
-    constexpr std::string_view kOfWork[] = {"Tag", "Picture", "BackColor"};
-    return std::ranges::find(kOfWork, std::string_view(row.name)) != std::end(kOfWork);
+bool IsContent(const PropertyRow<SurfaceData> &row) {
+    constexpr std::uint8_t kContent[] = {PropertyOf<&SurfaceData::tag>().id,
+                                         PropertyOf<&SurfaceData::picture>().id,
+                                         PropertyOf<&SurfaceData::backColor>().id};
+    return std::ranges::find(kContent, row.id) != std::end(kContent);
 }
 
-bool IsOtherWork(const SurfaceData &a, const SurfaceData &b) {
+bool DifferInContent(const SurfaceData &a, const SurfaceData &b) {
     return std::ranges::any_of(
-        kSurfaceRows, [&](const PropertyRow<SurfaceData> &row) { return IsWork(row) && !row.same(a, b); });
+        kSurfaceRows, [&](const PropertyRow<SurfaceData> &row) { return IsContent(row) && !row.same(a, b); });
 }
 
 } // namespace diagram

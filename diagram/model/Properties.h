@@ -38,10 +38,11 @@ inline auto PropertiesOf(const LinkData &) { return LinkProperties(); }
 inline auto PropertiesOf(const SurfaceData &) { return SurfaceProperties(); }
 inline auto PropertiesOf(const NodeLook &) { return LookProperties(); }
 
-// Whether the change of that property, or a difference in any, is one of a map's content: not of its zoom,
+// Whether the property belongs to the map's content, so that a change of it is work to be saved: not zoom,
 // grid or defaults.
-bool IsWork(const PropertyRow<SurfaceData> &row);
-bool IsOtherWork(const SurfaceData &a, const SurfaceData &b);
+bool IsContent(const PropertyRow<SurfaceData> &row);
+// Whether the two differ in such a property.
+bool DifferInContent(const SurfaceData &a, const SurfaceData &b);
 
 // What of the item differs between the two.
 template <typename Data>

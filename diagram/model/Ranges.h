@@ -1,4 +1,5 @@
-// The ranges of the values of a surface and its items: setters, files and undo all go by these.
+// The ranges of the values of a surface and its items: setters, files and undo all go by these. A range is
+// called like a predicate: IsShape(value).
 #pragma once
 
 #include "diagram/shapes/Arrows.h"
@@ -13,12 +14,12 @@ namespace diagram {
 
 constexpr float kLargestCoordinate = 1e8F; // twips
 
-// The numbers from the lowest to the highest, but for a gap between two of them. All ranges refuse what is no
-// number. A value that is a row of a table goes as far as the table does.
+// The numbers from the lowest to the highest, but for a gap in between. Not-a-number is in no range. Where
+// the values are the rows of a table, the range ends with its last row.
 struct Range {
     double lowest, highest;
-    double belowGap = 0, aboveGap = 0; // the last number before it and the first behind it
-    int (*lastRow)() = nullptr;        // of the table, below `highest`
+    double belowGap = 0, aboveGap = 0; // the last number before the gap, the first behind it
+    int (*lastRow)() = nullptr;        // the value of the table's last row, not above `highest`
     constexpr bool operator()(double value) const {
         return value >= lowest && value <= highest && !(value > belowGap && value < aboveGap) &&
                (!lastRow || value <= lastRow());
@@ -35,16 +36,16 @@ inline constexpr Range IsCoordinate{-kLargestCoordinate, kLargestCoordinate};
 inline constexpr Range IsSize{0, kLargestCoordinate};
 inline constexpr Range IsDrawWidth{0, 32767};
 inline constexpr Range IsMargin{-32768, 32767};
-constexpr double kMostRows = 254; // one less than a byte holds
-inline constexpr Range IsShape{0, kMostRows, 15, 50, LastShape};
+constexpr double kHighestRow = 254; // 255 stands for no value, where a byte holds it
+inline constexpr Range IsShape{0, kHighestRow, kLastPlainShape, kFirstFlowchartShape, LastShape};
 inline constexpr Range IsOrientation{0, 3};
 inline constexpr Range IsDrawStyle{0, 6};
 inline constexpr Range IsAlignment{0, 8};
 inline constexpr Range IsPicturePos{0, 9};
 inline constexpr Range IsShadow{0, 4};
 inline constexpr Range IsAutoSize{0, 3};
-inline constexpr Range IsLinkStyle{0, kMostRows, 0, 0, LastLinkStyle};
-inline constexpr Range IsArrow{0, kMostRows, 0, 0, LastArrow};
+inline constexpr Range IsLinkStyle{0, kHighestRow, 0, 0, LastLinkStyle};
+inline constexpr Range IsArrow{0, kHighestRow, 0, 0, LastArrow};
 inline constexpr Range IsArrowSize{0, 2};
 inline constexpr Range IsJumpStyle{0, 2};
 inline constexpr Range IsZoom{0, 10000};

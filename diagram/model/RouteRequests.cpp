@@ -12,27 +12,23 @@ namespace {
 constexpr double kSpacing = 180;       // twips between links side by side
 constexpr double kWidestBundle = 6000; // twips; more links than fit come nearer
 constexpr double kLongestHead = 1500;  // twips; a route isn't bent for more
-constexpr int kCrowd = 1000;
-constexpr int kOften = 5;       // questions from which on it pays to look for more than is asked
-constexpr double kBeyond = 600; // twips around that are likely to be asked for next
+constexpr int kCrowd = 1000;           // more links than that make a node crowded
+constexpr int kOften = 5;       // questions, from which on more than is asked for is looked up and kept
+constexpr double kBeyond = 600; // twips around an area that are looked up with it
 
 // Areas without width or height included.
 bool Touch(const QRectF &a, const QRectF &b) {
     return a.left() <= b.right() && b.left() <= a.right() && a.top() <= b.bottom() && b.top() <= a.bottom();
 }
 
-double HeadLength(int arrow, int size, double drawWidth) {
-    const ArrowRow *row = arrow ? FindArrow(arrow) : nullptr;
-    return row ? std::min(ArrowScale(size, drawWidth) * std::max(1.0, row->eats), kLongestHead) : 0;
-}
-
+// Of the longer of the heads that the link has at the node.
 double HeadAt(const Node *node, const LinkDraft &link) {
     const LinkData &data = *link.data;
     double head = 0;
     if (link.source == node) head = HeadLength(data.arrowSource, data.arrowSizeSource, data.drawWidth);
     if (link.destination == node)
         head = std::max(head, HeadLength(data.arrowDest, data.arrowSizeDest, data.drawWidth));
-    return head;
+    return std::min(head, kLongestHead);
 }
 
 RouteEnd EndAt(const Node *node, const LinkDraft &link) {
@@ -58,7 +54,8 @@ std::vector<Link *> LinksBetween(const Node *a, const Node *b, ItemId but) {
     return between;
 }
 
-// All links side by side leave the same room for their heads. One more comes behind the others.
+// Gives the link its rank among those between the same two nodes; a new one ranks last. All of them leave the
+// same room for arrow heads.
 void SetAside(const LinkDraft &link, RouteRequest &request) {
     if (!link.source || !link.destination) return;
     const std::vector<Link *> beside = LinksBetween(link.source, link.destination, link.id);
@@ -77,7 +74,7 @@ void SetAside(const LinkDraft &link, RouteRequest &request) {
         request.source.head = std::max(request.source.head, HeadAt(link.source, at));
         request.destination.head = std::max(request.destination.head, HeadAt(link.destination, at));
     }
-    // The left of a link that runs against the others is their right.
+    // What is left of a link that runs the other way is right of it.
     request.backwards = link.source->Id() > link.destination->Id();
     request.aside = (request.backwards ? -1 : 1) * (rank - others / 2) * spacing;
     request.mostAside = others / 2 * spacing;

@@ -1,4 +1,4 @@
-// What the router is asked for a link of a surface.
+// How a link of a surface is put to the router: its request, and the nodes in its way.
 #pragma once
 
 #include "diagram/model/BoxIndex.h"
@@ -12,21 +12,22 @@ namespace diagram {
 // Without obstacles, and keeping no bends.
 RouteRequest RequestFor(const LinkDraft &link);
 
-// The other links between the same two nodes, in the order of their identities. Empty when both nodes are
-// crowded: more would lie there than can be told apart.
+// The other links between the same two nodes, in the order of their identities. Empty when both nodes have so
+// many links that these can't be told apart anyway.
 std::vector<Link *> LinksBeside(const Link &link);
 
-// Whether so many links end at one of its nodes that going round others would help nobody.
+// Whether so many links end at one of its nodes that going round obstacles isn't worth the time.
 bool IsCrowded(const LinkDraft &link);
 
-// A node in which an end of the link lies, or that reaches into that end's box, is none of its obstacles.
+// Whether the link must go round a node with that box. It needn't if the box overlaps that of one of its
+// ends.
 bool IsObstacleFor(const RouteRequest &request, const QRectF &box);
 
-// Whether the pieces of the route come near to one of the obstacles.
+// Whether a piece of the route comes nearer than kNearness to one of the obstacles.
 bool IsMet(const Obstacles &obstacles, const std::vector<Point> &route);
 
-// The other nodes of the surface, as far as they are obstacles. Asked again and again for the same places,
-// as the router does in a search, it looks into the index once for each.
+// The other nodes of the surface that are obstacles for the link. The router asks for the same places again
+// and again: after some questions, areas are kept with what was found there.
 class NodesAround : public Obstacles {
 public:
     // `request` and `index` must outlive it and stay as they are.

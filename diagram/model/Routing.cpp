@@ -22,15 +22,9 @@ bool HasSameBends(const std::vector<Point> &a, const std::vector<Point> &b) {
     return a.size() == b.size() && std::equal(a.begin() + 1, a.end() - 1, b.begin() + 1, AreNear);
 }
 
-bool IsPolyline(const LinkData &link) {
-    const LinkStyleRow *row = FindLinkStyle(link.style);
-    return row && row->form == LinkForm::Polyline;
-}
-
 // Whether the router chooses bends for links of that style, so that they can give way.
 bool HasRoutedBends(const LinkData &link) {
-    const LinkStyleRow *row = FindLinkStyle(link.style);
-    return IsPolyline(link) || (row && row->form == LinkForm::Orthogonal);
+    return HasForm(link.style, LinkForm::Polyline) || HasForm(link.style, LinkForm::Orthogonal);
 }
 
 } // namespace
@@ -110,23 +104,23 @@ void Routing::TakeBendsAsRouted(Link &link) {
     DataOf(link).ownBends = false;
 }
 
-// Whose the points are that came meanwhile is found out among the nodes as they stand now; during a load,
-// when all of them stand.
+// Points that came while the switch was on are judged among the nodes as they stand now; during a load only
+// later, when all nodes stand.
 void Routing::JudgeAfterSwitch(Link &link) {
     if (surface_.Loading() || !unjudged_.Has(link.Id())) return;
     Settle();
     Judge(link);
 }
 
-// Bends that the router gives for the present boxes are its own. Nodes that have changed since the routes
-// were settled count as they were. A straight line that nobody vouches for stays one, as it did in older
-// maps, where its end may be pinned besides.
+// Bends are the router's if it would give the same now. Nodes that have changed since the last Settle count
+// as they were then. A polyline without bends counts as the user's and so stays straight: in older maps
+// nothing went round nodes.
 void Routing::Judge(Link &link) {
     if (!unjudged_.Has(link.Id()) || link.KeepsPoints()) return;
     unjudged_.Remove(link.Id());
     const std::vector<Point> &points = link.Data().points;
-    DataOf(link).ownBends =
-        points.size() > 2 ? !HasSameBends(points, RouteOf(LinkDraft(link), false)) : IsPolyline(link.Data());
+    DataOf(link).ownBends = points.size() > 2 ? !HasSameBends(points, RouteOf(LinkDraft(link), false))
+                                              : HasForm(link.Style(), LinkForm::Polyline);
 }
 
 bool Routing::IsQuiet() const { return asTold_ > 0 || surface_.Loading(); }

@@ -2,7 +2,10 @@
 //
 // Routing is put off until a route is read. A node that comes, moves, grows or is shown again is noted;
 // before the next route is read, and before a group of changes opens or closes, the links whose routes it now
-// blocks are made to be routed anew (Settle). Nothing else makes a way change that isn't the node's own.
+// blocks are marked to be routed anew (Settle). Otherwise a node that changes affects no links but its own.
+//
+// A link is stale while its route must be worked out before it is read, and unjudged while nobody has found
+// out whether its bends are the user's or the router's.
 #pragma once
 
 #include "diagram/model/BoxIndex.h"
@@ -30,8 +33,8 @@ public:
 
     // The route of the link, up to date.
     const std::vector<Point> &RouteOf(Link &link);
-    // The route that a link would get among the nodes as they stand, without its being there. It stays as it
-    // is while the points of the draft are kept.
+    // The route that the link of the draft would get among the nodes as they stand. Where the draft keeps its
+    // points, these.
     std::vector<Point> RouteOf(const LinkDraft &link);
     // Brings every route up to date.
     void Recalculate();
@@ -40,23 +43,23 @@ public:
     void Settle() {
         if (!blocking_.empty() || !moved_.empty()) SettleAll();
     }
-    // Takes all routes as they are for right though nodes have changed: they came back to an earlier state.
+    // Takes all routes for right though nodes have changed since: those came back to where they stood.
     void Keep();
 
-    // Routes what a group of changes has touched, and nudges the links that were routed in it, and what
-    // shares a side or a channel with them, apart.
+    // At the end of a group of changes: routes the links that it has touched; those that were routed in it
+    // are nudged apart, with the links that share a side of a node or a channel with them.
     void Tidy(const std::vector<ItemId> &touched);
+    // Instead of Tidy, when the group is given up.
     void ForgetUntidy() { untidy_.clear(), former_.clear(); }
-    // The same of all links there are, from the routes that the router gives them: as they are now doesn't
-    // matter, so that doing it again changes nothing.
+    // Routes all links anew and nudges them apart. Their present routes don't matter, so that doing it again
+    // changes nothing.
     void TidyAll();
 
-    // Whose the bends are: those that came from outside may be the router's own, or the user's, which is
-    // found out now.
+    // Whether the bends are the user's. Of points that came from outside this is found out now.
     bool OwnBends(Link &link);
     // Whether the bends of the link are known to be the router's; false also while nobody has found out.
     bool AreBendsRouted(const Link &link) const { return !unjudged_.Has(link.Id()) && !link.Data().ownBends; }
-    // They are, whatever the router would choose now: told of a route that comes from a file.
+    // The bends are the router's, whatever it would choose now: for a route that comes from a file.
     void TakeBendsAsRouted(Link &link);
 
     // With a point-edit switch on the points stay as given. Without, their bends are the user's from now on,
@@ -64,13 +67,14 @@ public:
     void SetPoints(Link &link, std::vector<Point> points);
     // The link is routed anew when its route is read, unless it keeps its points.
     void Reroute(Link &link);
-    // Route and bends are known: of the link as it is now, without making it give way.
+    // Judges and routes the link as it is now, without making it give way to what has moved.
     void BringUpToDate(Link &link);
+    // Finds out whether the bends are the user's, where that isn't known.
     void Judge(Link &link);
     // A point-edit switch of the link was turned.
     void JudgeAfterSwitch(Link &link);
 
-    // Route and whose the bends are stand in the link's values as they are.
+    // Whether the link's values hold its route, and whose the bends are.
     bool IsKnown(const Link &link) const { return !IsStale(link) && !unjudged_.Has(link.Id()); }
 
     class Trial;
@@ -84,7 +88,7 @@ public:
     void BeforeWrite(SurfaceKey, Node &node, Change what);
     void AfterWrite(SurfaceKey, Node &node, Change what);
     void BeforeOverwrite(SurfaceKey, Link &link);
-    void AfterOverwrite(SurfaceKey, Link &link); // the route is right as it was told
+    void AfterOverwrite(SurfaceKey, Link &link); // the route written counts as right
     void BeforeRemoval(SurfaceKey, const std::vector<Link *> &links, const std::vector<Node *> &nodes,
                        const ItemSet &going);
     // The other links between the same two nodes must be laid out anew: one comes between these, or goes.
@@ -104,10 +108,11 @@ private:
     using Displaced = std::map<ItemId, LinkData>; // the values of links before they gave way
 
     void FindRoute(Link &link);
-    void NodeChanges(Node &node); // before its box changes, or it is hidden or shown, or goes
-    void NodeChanged(Node &node); // after it
-    void NoteRoute(Link &link);   // it has got one
-    void DropRoute(Link &link);   // before its points are replaced, or it goes
+    // Around a change of the node's box, or of whether it is hidden; before it goes.
+    void BeforeNodeChange(Node &node);
+    void AfterNodeChange(Node &node);
+    void NoteRoute(Link &link); // it has got one
+    void DropRoute(Link &link); // before its points are replaced, or it goes
     void RespaceBeside(const Link &link, const ItemSet &going);
     bool IsStale(const Link &link) const { return stale_.Has(link.Id()); }
     LinkData &DataOf(Link &link) const { return link.Data(key_); }
@@ -141,11 +146,11 @@ private:
     // Of links: the route must be routed before it is read; whose the bends are isn't known yet; the route
     // stands in the index. Of nodes: the box in the index is out of date; links may have to make way for it.
     ItemSet stale_, unjudged_, indexed_, isChanged_, isBlocking_;
-    bool mayBeUnjudged_ = false;                  // some link, perhaps
+    bool mayBeUnjudged_ = false;                  // false: certainly no link is
     std::vector<ChangedNode> changed_;            // not yet in the index as they are now
     std::vector<ItemId> fresh_;                   // links not yet in the index
-    std::vector<ItemId> blocking_;                // nodes for which links must make way yet
-    std::vector<ItemId> moved_;                   // links that must be looked at
+    std::vector<ItemId> blocking_;                // nodes to which links haven't given way yet
+    std::vector<ItemId> moved_;                   // links that may have been moved onto a node
     std::vector<ItemId> untidy_;                  // links that were routed in the open group
     std::map<ItemId, std::vector<Point>> former_; // the routes that they had before
     std::unordered_map<ItemId, Nudged> nudged_;
@@ -153,18 +158,20 @@ private:
     int asTold_ = 0;
 };
 
-// A gesture tries places for nodes: each time the links on which they lie give way, and those that gave way
-// before have their former routes back, so that a route never depends on the places tried before. What was
-// tried last stays when the trial ends. Of several at once the one that began last counts.
+// A gesture tries places for nodes. At each place the links that the nodes lie on give way, and those that
+// gave way to the place before have their former routes back, so that no route depends on the places tried
+// before. When the trial ends, the routes of the last place stay. Of several trials at once only the one that
+// began last notes which links give way.
 class Routing::Trial {
 public:
     // The nodes that are moved, and the links whose routes are moved with them as they are.
     Trial(Surface &surface, std::vector<ItemId> nodes, std::vector<ItemId> links);
 
-    // `move` starts from what stood before the trial, but for what it moves itself, and returns whether that
-    // is elsewhere now.
+    // `move` puts the nodes, and the links that are moved as they are, to the next place. It returns false
+    // where that is where they stood before the trial: then no link gives way. When it is called, all other
+    // links have the routes that they had before the trial.
     void Move(const std::function<bool()> &move);
-    // `restore` puts back what was moved: all is as before the trial.
+    // `restore` puts back what was moved; then all is as before the trial.
     void GiveUp(const std::function<void()> &restore);
 
 private:

@@ -1,4 +1,4 @@
-// The indices of nodes and routes, and what of them is out of date.
+// The indices of nodes and routes: what is out of date in them, and how it is brought up to date.
 #include "diagram/model/Actions.h"
 #include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
@@ -22,8 +22,8 @@ FloatBox BoxOf(const Node &node) {
     return {data.left, data.top, data.left + data.width, data.top + data.height};
 }
 
-// Nodes of a strip are a ruler that links cross: they are marked and can't be selected from the moment at
-// which they come, without a size.
+// Months and days of a strip of dates are no obstacles: links cross them. They are marked and can't be
+// selected from the beginning, while they still have no size.
 bool IsRuler(const Node &node) { return node.Marked() && !node.Selectable(); }
 
 bool IsObstacle(const Node &node) { return !node.Hidden() && !IsRuler(node) && BoxOf(node).HasInside(); }
@@ -39,22 +39,22 @@ FloatBox BoxOf(const std::vector<Point> &route) {
 
 } // namespace
 
-// An item that undo brings back has the identity that it had.
+// What is noted of the identity is forgotten first: undo brings a node back under the one that it had.
 void Routing::NodeAdded(SurfaceKey, Node &node) {
     isChanged_.Remove(node.Id()), isBlocking_.Remove(node.Id());
     if (!nodesBuilt_ && IsQuiet()) return;
     isChanged_.Add(node.Id());
     changed_.push_back({{}, node.Id(), false});
-    NodeChanged(node);
+    AfterNodeChange(node);
 }
 
-void Routing::NodeChanges(Node &node) {
+void Routing::BeforeNodeChange(Node &node) {
     if (blocking_.empty() && nodesBuilt_) UpdateNodes();
     if (!isChanged_.Has(node.Id()) && IsObstacle(node)) JudgeAround(node);
     if (isChanged_.Add(node.Id())) changed_.push_back({BoxOf(node), node.Id(), IsObstacle(node)});
 }
 
-// Those that may have gone round the node are judged while it stands there.
+// Links that may go round the node are judged while it still stands where it does.
 void Routing::JudgeAround(const Node &node) {
     if (!mayBeUnjudged_ || IsQuiet() || changed_.size() >= kFew) return;
     UpdateRoutes();
@@ -65,7 +65,7 @@ void Routing::JudgeAround(const Node &node) {
         if (Link *link = surface_.FindLink(entry.second)) Judge(*link);
 }
 
-void Routing::NodeChanged(Node &node) {
+void Routing::AfterNodeChange(Node &node) {
     if (!IsQuiet() && isBlocking_.Add(node.Id())) blocking_.push_back(node.Id());
 }
 
@@ -75,7 +75,7 @@ void Routing::LinkAdded(SurfaceKey, Link &link) {
     RespaceBeside(link, {});
 }
 
-// Of a link without points the route is still to be found.
+// A link without points has no route yet.
 void Routing::AfterOverwrite(SurfaceKey, Link &link) {
     unjudged_.Remove(link.Id());
     link.Data().points.size() < 2 ? stale_.Add(link.Id()) : stale_.Remove(link.Id());
@@ -105,10 +105,10 @@ void Routing::BeforeRemoval(SurfaceKey, const std::vector<Link *> &links, const 
         if (!going.Has(link->Source().Id()) && !going.Has(link->Destination().Id()))
             RespaceBeside(*link, going);
     }
-    for (Node *node : nodes) NodeChanges(*node);
+    for (Node *node : nodes) BeforeNodeChange(*node);
 }
 
-// The routes of a node's links are known, and recorded, before it moves.
+// The node's links are routed and recorded before it moves.
 void Routing::BeforeWrite(SurfaceKey, Node &node, Change what) {
     if (!Has(what, Change::Geometry | Change::Visibility)) return;
     if (Has(what, Change::Geometry)) {
@@ -117,7 +117,7 @@ void Routing::BeforeWrite(SurfaceKey, Node &node, Change what) {
             if (!link->KeepsPoints()) surface_.Actions().WillChange(key_, *link);
         }
     }
-    NodeChanges(node);
+    BeforeNodeChange(node);
 }
 
 void Routing::AfterWrite(SurfaceKey, Node &node, Change what) {
@@ -129,7 +129,7 @@ void Routing::AfterWrite(SurfaceKey, Node &node, Change what) {
             surface_.Observers().ItemChanged(*link, Change::Geometry);
         }
     }
-    NodeChanged(node);
+    AfterNodeChange(node);
 }
 
 void Routing::Clear(SurfaceKey) {
@@ -145,7 +145,7 @@ void Routing::NeedNodes() {
     if (!nodesBuilt_) BuildNodes();
 }
 
-// As they were before the changes.
+// With the nodes as they were before the changes that are noted.
 void Routing::BuildNodes() {
     std::vector<BoxIndex::Entry> entries;
     for (const Node &node : surface_.Nodes())
@@ -161,7 +161,7 @@ void Routing::UpdateNodes() {
     const std::vector<ChangedNode> changed = std::exchange(changed_, {});
     const bool anew = !nodesBuilt_ || AreMany(changed.size(), nodes_);
     for (const ChangedNode &entry : changed) {
-        // One that went and came back has two entries.
+        // A node that went and came back has two entries; the first one puts it into the index.
         Node *node = surface_.FindNode(entry.id);
         const bool first = node && isChanged_.Remove(entry.id);
         if (anew) continue;

@@ -1,4 +1,4 @@
-// Nudges the routes apart that a group of changes has made.
+// Nudging routes apart when a group of changes closes.
 #include "diagram/model/Actions.h"
 #include "diagram/model/RouteRequests.h"
 #include "diagram/model/Routing.h"
@@ -15,23 +15,21 @@ namespace diagram {
 namespace {
 
 constexpr double kBeside = 2 * kApart; // twips; routes that near share a channel
-constexpr double kTouch = 60;          // twips; routes that end that near before each other may meet
-constexpr int kManyMates = 150;        // links of a node that don't all give way to each other
+constexpr double kTouch = 60;          // twips between two pieces on one line that count as touching
+constexpr int kManyMates = 150;        // at nodes with more links these aren't nudged for sharing a side
 constexpr std::size_t kMost = 2500;    // links that are nudged at once; more would take too long
 constexpr double kInReach = 1200;      // twips; farther away nothing is in the way of a nudge
 
-bool IsOrthogonal(const Link &link) {
-    const LinkStyleRow *row = FindLinkStyle(link.Style());
-    return row && row->form == LinkForm::Orthogonal;
+enum class Side { None, Left, Top, Right, Bottom };
+
+// The side of the node by which the route leaves it, its end there given and the point next to it. None for a
+// piece that is slanted or has no length.
+Side SideOf(const Point &end, const Point &next) {
+    if (end.y == next.y) return end.x == next.x ? Side::None : end.x < next.x ? Side::Right : Side::Left;
+    return end.x != next.x ? Side::None : end.y < next.y ? Side::Bottom : Side::Top;
 }
 
-// The side of the node by which the route leaves it, its first point given and the one behind it.
-int SideOf(const Point &end, const Point &bend) {
-    if (end.y == bend.y) return end.x == bend.x ? 0 : end.x < bend.x ? 1 : 2;
-    return end.x != bend.x ? 0 : end.y < bend.y ? 3 : 4;
-}
-
-bool EndsAt(const Link &link, const Node &node, int side) {
+bool EndsAt(const Link &link, const Node &node, Side side) {
     const std::vector<Point> &route = link.Data().points;
     return (&link.Source() == &node && SideOf(route[0], route[1]) == side) ||
            (&link.Destination() == &node && SideOf(route.back(), route[route.size() - 2]) == side);
@@ -55,7 +53,7 @@ bool AreBeside(const Link &link, const Link &other, double reach) {
     return false;
 }
 
-// Equal for links whose lines can't be told apart at their source.
+// A hash, the same for links whose lines can't be told apart at their source.
 std::uint64_t LookOf(const LinkData &link) {
     std::uint64_t look = 0;
     for (const std::uint64_t part : {std::uint64_t(link.lineColor), std::uint64_t(link.drawStyle),
@@ -65,6 +63,7 @@ std::uint64_t LookOf(const LinkData &link) {
     return look;
 }
 
+// A hash of style and points, by which a route is known again.
 std::uint64_t SumOf(const Link &link) {
     std::uint64_t sum = std::uint64_t(link.Style());
     for (const Point &point : link.Data().points)
@@ -104,7 +103,8 @@ void Routing::Tidy(const std::vector<ItemId> &touched) {
     untidy_.clear();
 }
 
-// What is routed as before the group lies as before, wherever it was meanwhile.
+// A link that the router gave the same route as before the group has its former nudged route back, unless
+// that meets a node now.
 bool Routing::TakeFormerRoute(Link &link) {
     const auto former = former_.find(link.Id());
     const auto nudged = nudged_.find(link.Id());
@@ -140,7 +140,8 @@ void Routing::TidyAll() {
 }
 
 bool Routing::MayNudge(Link &link) {
-    if (IsStale(link) || link.KeepsPoints() || !IsOrthogonal(link) || link.Hidden()) return false;
+    if (IsStale(link) || link.KeepsPoints() || link.Hidden()) return false;
+    if (!HasForm(link.Style(), LinkForm::Orthogonal)) return false;
     if (link.Data().ownBends || IsCrowded(LinkDraft(link))) return false;
     Judge(link);
     return !link.Data().ownBends;
@@ -174,10 +175,10 @@ void Routing::DrawStraight(Link &link) {
 
 void Routing::AddSideMates(const Link &link, std::vector<Link *> &found) {
     const std::vector<Point> &route = link.Data().points;
-    const auto add = [&](Node &node, int side) {
-        if (node.Links().Count() > kManyMates) return;
+    const auto add = [&](Node &node, Side side) {
+        if (side == Side::None || node.Links().Count() > kManyMates) return;
         for (Link *other : node.Links())
-            if (!IsStale(*other) && side != 0 && EndsAt(*other, node, side)) found.push_back(other);
+            if (!IsStale(*other) && EndsAt(*other, node, side)) found.push_back(other);
     };
     add(link.Source(), SideOf(route[0], route[1]));
     add(link.Destination(), SideOf(route.back(), route[route.size() - 2]));

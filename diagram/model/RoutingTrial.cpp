@@ -1,4 +1,4 @@
-// What lets routes give way for a time, or not at all.
+// Trials, during which routes give way for a time, and writing without any giving way.
 #include "diagram/model/Routing.h"
 #include "diagram/model/Surface.h"
 
@@ -16,7 +16,7 @@ void Routing::Trial::Move(const std::function<bool()> &move) {
     if (!move()) return;
     Routing &routing = surface_.Routes();
     for (const ItemId id : nodes_)
-        if (Node *node = surface_.FindNode(id)) routing.NodeChanged(*node);
+        if (Node *node = surface_.FindNode(id)) routing.AfterNodeChange(*node);
     routing.moved_.insert(routing.moved_.end(), links_.begin(), links_.end());
 }
 
@@ -25,7 +25,7 @@ void Routing::Trial::GiveUp(const std::function<void()> &restore) {
     PutBack();
 }
 
-// What the nodes lie on doesn't give way by that.
+// Links that the nodes lie on don't give way to that.
 void Routing::Trial::PutBack() {
     surface_.Routes().Keep();
     for (const auto &[id, data] : std::exchange(*displaced_, {}))

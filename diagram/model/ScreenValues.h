@@ -1,15 +1,15 @@
 // The values of a surface that only the screen needs: no undo records them, no file keeps them.
 #pragma once
 
-#include "diagram/model/ChangeLog.h"
 #include "diagram/model/Font.h"
+#include "diagram/model/SurfaceObserver.h"
 #include "support/Colour.h"
 
 namespace diagram {
 
 class ScreenValues {
 public:
-    // `observer` is told of what looks otherwise now.
+    // `observer` is told when grid or texts must be painted anew.
     explicit ScreenValues(SurfaceObserver &observer) : observer_(observer) {}
 
     bool SnapToGrid() const { return snapToGrid_; }
@@ -30,7 +30,7 @@ public:
     float yScroll() const { return yScroll_; }
     void SetScroll(float x, float y) { xScroll_ = x, yScroll_ = y; }
 
-    // While on, what is seen of a node is both its texts; its Text is as ever.
+    // While on, nodes show both their texts; the texts themselves stay as they are.
     bool ShowsBothTexts() const { return showsBothTexts_; }
     void SetShowsBothTexts(bool on);
     // The surface's own font: shown when nothing is selected.

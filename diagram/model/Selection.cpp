@@ -1,5 +1,8 @@
 #include "diagram/model/Selection.h"
 
+#include "diagram/model/Link.h"
+#include "diagram/model/Node.h"
+
 #include <algorithm>
 #include <utility>
 

@@ -1,9 +1,9 @@
-// Which items of a surface are selected, never recorded.
+// Which items of a surface are selected. Selecting is never recorded for undo.
 #pragma once
 
-#include "diagram/model/ChangeLog.h"
 #include "diagram/model/ItemSet.h"
 #include "diagram/model/SurfaceKey.h"
+#include "diagram/model/SurfaceObserver.h"
 
 #include <vector>
 
@@ -16,7 +16,7 @@ public:
 
     const std::vector<Node *> &Nodes() const { return nodes_; } // in the order of selecting
     const std::vector<Link *> &Links() const { return links_; }
-    // The focus: that selected last of those that are still selected, or null.
+    // The item with the focus: of those that are selected, the one selected last; null for none.
     Node *LastNode() const { return nodes_.empty() ? nullptr : nodes_.back(); }
     Link *LastLink() const { return links_.empty() ? nullptr : links_.back(); }
     bool IsEmpty() const { return nodes_.empty() && links_.empty(); }

@@ -1,4 +1,4 @@
-// What a picture shows and hides in place of what the items say themselves.
+// What a picture shows and hides, whatever the items' own Hidden says.
 #pragma once
 
 #include "diagram/model/AnyItem.h"
@@ -7,8 +7,8 @@
 
 namespace diagram {
 
-// Values about the items of one surface, which knows nothing of them. An item that is added later is as it
-// says.
+// A list about the items of one surface, which knows nothing of it. An item that isn't in the list, as it was
+// added later, is shown or hidden as its own value says.
 class Sights {
 public:
     bool IsEmpty() const { return sights_.empty(); }
@@ -23,7 +23,7 @@ public:
         const Sight sight = item.Id() < sights_.size() ? sights_[item.Id()] : Sight::AsItSays;
         return sight == Sight::AsItSays ? IsHidden(item) : sight == Sight::Hidden;
     }
-    // Items that were hidden when they were set as shown, some perhaps twice or gone by now.
+    // Hidden items that are set to be shown. An item may stand in it twice, or be gone by now.
     const std::vector<ItemId> &BroughtBack() const { return broughtBack_; }
 
 private:

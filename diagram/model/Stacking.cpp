@@ -79,8 +79,8 @@ void Stacking::Move(Item &item, int position) {
     Write(item, below.Stack() + (above.Stack() - below.Stack()) / 2);
 }
 
-// False for an item that surely doesn't stand at the end of the order where keys go up to `outermost`, and
-// for one of which only sorting would tell: writing a key too many is cheaper than sorting for each item.
+// Whether it is worth looking into the order for the item at the end where keys reach `outermost`. While
+// items wait, only an item with that very key is looked for: to write a key too many is cheaper than to sort.
 bool Stacking::MayBeAtEnd(const Item &item, StackKey outermost) const {
     return waiting_.empty() || item.Stack() == outermost;
 }

@@ -30,14 +30,14 @@ public:
     void Move(Item &item, int position);
     void BringToFront(Item &item);
     void SendToBack(Item &item);
-    // Restacks at once: the items named stand in ascending order of `position` at just these positions as far
-    // as the others leave room; the others keep their order.
+    // Restacks many at once: each item named comes to its position, or to the next one that is free and that
+    // there are enough items for; the others keep their order around them.
     void Restack(const std::vector<std::pair<Item *, int>> &positions);
 
     void Added(SurfaceKey, Item &item);     // it has come into the collections
     void Restacked(SurfaceKey, Item &item); // its key was written
     void Forget(SurfaceKey, const ItemSet &gone);
-    void ForgetAll(SurfaceKey); // keys to come lie beyond those that were
+    void ForgetAll(SurfaceKey); // later keys still lie above all that there were
 
 private:
     void Note(Item &item);
@@ -47,10 +47,10 @@ private:
     void SpreadKeys(const std::vector<Item *> &order);
 
     WriteKey write_;
-    mutable std::vector<Item *> order_;   // sorted, but for those that wait
-    mutable std::vector<Item *> waiting_; // to be put in their places when the order is read
-    mutable ItemSet isWaiting_;           // came in, or got another key, since the order was read
-    StackKey top_ = 0, bottom_ = 0;       // no key lies beyond
+    mutable std::vector<Item *> order_;   // sorted, but for items that wait, which may stand anywhere in it
+    mutable std::vector<Item *> waiting_; // added or given another key since the order was read last
+    mutable ItemSet isWaiting_;           // the same as a set
+    StackKey top_ = 0, bottom_ = 0;       // no key was ever above the one or below the other
 };
 
 } // namespace diagram

@@ -105,7 +105,7 @@ void Surface::Overwrite(SurfaceData data) {
     const Change what = Difference(data_, data);
     if (what == Change::None) return;
     std::optional<Uncounted> sight;
-    if (!IsOtherWork(data_, data)) sight.emplace(*actions_);
+    if (!DifferInContent(data_, data)) sight.emplace(*actions_);
     actions_->WillChange(SurfaceKey(), data_);
     data_ = std::move(data);
     observers_.SurfaceChanged(what);

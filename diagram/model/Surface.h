@@ -1,7 +1,6 @@
 // A surface: one page of a map, the truth about its nodes, links and points.
 #pragma once
 
-#include "diagram/model/ChangeLog.h"
 #include "diagram/model/Item.h"
 #include "diagram/model/Link.h"
 #include "diagram/model/Node.h"
@@ -93,7 +92,7 @@ public:
     Link *FindLink(ItemId id) const;
     Node *FindNode(const QString &key) const { return byKey_.value(key, nullptr); }
 
-    // Its parts. What is told or asked most often stands below, too.
+    // Its parts. What is used most often of them stands below, too.
     diagram::Selection &Selection() { return *selection_; }
     const diagram::Selection &Selection() const { return *selection_; }
     diagram::Stacking &Stacking() { return *stacking_; }
@@ -134,11 +133,11 @@ public:
     void SetyZoom(int percent);
     void SetGridLines(bool on);
     void SetDefaults(const NodeLook &defaults);
-    // The whole content was moved right and down by that (twips, whole or none), as the page has grown at its
-    // left and top. What shows the surface goes along, so that nothing jumps; undo takes it back.
+    // Says that the whole content was moved right and down by so many twips, whole ones or 0, as the page has
+    // grown at its left and top. Views scroll by as much, so that nothing jumps; undo takes it back.
     void PageGrown(float right, float down);
 
-    // With the values given but for the stacking: on top. What they are isn't looked at.
+    // A node with these values, on top of the stacking. The values aren't checked.
     Node &AddNode(NodeData data);
     // With the values that a link has by itself; error 5 for a node of another surface.
     Link &AddLink(Node &source, Node &destination);
@@ -177,8 +176,8 @@ public:
     void Reset();
     ItemId NextId() const { return nextId_; }
 
-    // How the items write: `set` makes the change; around it it is recorded, observers are told, and links
-    // are routed anew and give way.
+    // How items write: `set` makes the change. Around it the change is recorded, observers are told, and
+    // links are marked to be routed anew or to give way.
     template <typename Set>
     void WriteTo(Node &node, Change what, const Set &set) {
         BeforeWrite(node, what);

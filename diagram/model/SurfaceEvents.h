@@ -23,7 +23,7 @@ public:
     virtual ~SurfaceEvents() = default;
     virtual void AfterAddLink(Surface &, Link &) {}
     virtual void AfterAddNode(Surface &, Node &) {}
-    // A node was added that has its look from `like`, and goes where that belongs.
+    // A node was added with the look of `like`; it is to belong where that one does.
     virtual void AfterAddNodeLike(Surface &surface, Node &node, const Node &like) {
         Q_UNUSED(like)
         AfterAddNode(surface, node);
@@ -66,7 +66,7 @@ public:
         Q_UNUSED(x)
         Q_UNUSED(y)
     }
-    virtual void GotFocus(Surface &) {} // afGotFocus
+    virtual void GotFocus(Surface &) {} // handled by AddFlow1_afGotFocus
 };
 
 } // namespace diagram

@@ -201,7 +201,7 @@ void Surface::Remove(const std::vector<Node *> &nodes, const std::vector<Link *>
     if (!goingNodes.empty() || !goingLinks.empty()) Take(goingLinks, goingNodes, going);
 }
 
-// Takes the items out of every collection and ends them.
+// Takes the items out of every collection, tells the observers and destroys them.
 void Surface::Take(const std::vector<Link *> &links, const std::vector<Node *> &nodes, const ItemSet &going) {
     actions_->WillRemove(SurfaceKey(), links, nodes);
     routing_->BeforeRemoval(SurfaceKey(), links, nodes, going);
@@ -243,7 +243,7 @@ void Surface::Reset() {
     stacking_->ForgetAll(SurfaceKey());
     byKey_.clear();
     byId_.clear();
-    // Observers must not be left with items that are gone, nor be told while items still stand.
+    // Observers are told while the items are out of the collections, but still exist.
     const auto links = std::exchange(links_, {});
     const auto nodes = std::exchange(nodes_, {});
     routing_->Clear(SurfaceKey());

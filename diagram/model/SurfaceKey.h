@@ -1,4 +1,5 @@
-// What a surface and its parts (selection, stacking, actions, routing) alone may do asks for a SurfaceKey.
+// The parameter of functions that only a surface and its parts (selection, stacking, actions, routing) may
+// call.
 #pragma once
 
 namespace diagram {

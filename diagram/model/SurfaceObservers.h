@@ -1,13 +1,13 @@
-// All who listen to a surface, told as one.
+// The observers of a surface as one observer.
 #pragma once
 
-#include "diagram/model/ChangeLog.h"
+#include "diagram/model/SurfaceObserver.h"
 
 #include <vector>
 
 namespace diagram {
 
-// Tells each of them, in the order in which they came.
+// Tells each of them in the order in which they were added.
 class SurfaceObservers final : public SurfaceObserver {
 public:
     void Add(SurfaceObserver &observer) { observers_.push_back(&observer); }

@@ -9,7 +9,8 @@ namespace diagram {
 
 namespace {
 
-// A drawing inside of a drawing could refer to anything in turn, whatever it says that it is.
+// A picture that is no drawing itself, whatever type it claims: a drawing within the drawing could refer to
+// anything in turn.
 bool IsPlainPicture(const QByteArray &data) {
     QBuffer buffer;
     buffer.setData(data);

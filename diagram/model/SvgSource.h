@@ -1,4 +1,4 @@
-// Drawings as they may be read: on their own.
+// SVG drawings without references to the outside, so that they can be read safely.
 #pragma once
 
 #include <QByteArray>
@@ -6,8 +6,8 @@
 namespace diagram {
 
 // The SVG without what it refers to outside of itself: style sheets, entities, and pictures that aren't part
-// of it. Reading a drawing would otherwise open files that a stranger named. What isn't well-formed ends
-// where the mistake stands.
+// of it. Otherwise the reader would open whatever files the drawing names. An SVG that isn't well-formed is
+// cut off at the mistake.
 QByteArray WithoutReferences(const QByteArray &svg);
 
 } // namespace diagram

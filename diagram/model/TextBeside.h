@@ -1,5 +1,5 @@
-// Where the text of a bar beside the strip of days stands that is too short for it: to its right, on no
-// ground. All in twips.
+// Where the text of a bar (see IsBarOfStrip) stands when the bar is too short for it: to the right of it, on
+// the bare page. All in twips.
 #pragma once
 
 #include <QRectF>
@@ -9,13 +9,13 @@ namespace diagram {
 class Node;
 class TextMeasure;
 
-// Lines of it are wrapped there.
+// The width at which such a text is wrapped.
 constexpr double kWidestBeside = 2400;
 
-// Empty where the text has room inside, or a picture stands there too; for every node that is no bar, and
-// without a measure.
+// The box of the text beside the bar. Empty where it has room inside or would be much higher than the bar,
+// for a node with a picture, for one that is no bar, and without a measure.
 QRectF TextBeside(const Node &node, TextMeasure *measure);
-// The same for any node, if it were a bar of that box.
+// The same for any node, as if it were a bar in the box `bar`.
 QRectF TextBesideBar(const Node &node, const QRectF &bar, TextMeasure *measure);
 
 } // namespace diagram

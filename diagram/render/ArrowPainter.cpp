@@ -79,7 +79,7 @@ struct Placing {
 };
 
 void DrawRun(QPainter &painter, const QPolygonF &run, bool closed, const Placing &place) {
-    constexpr int kMost = 8;
+    constexpr int kMost = 8; // no head has more points
     QPointF points[kMost];
     const int count = std::min(int(run.size()) - (closed ? 1 : 0), kMost);
     for (int i = 0; i < count; ++i) points[i] = place(run[i]);

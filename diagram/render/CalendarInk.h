@@ -1,4 +1,4 @@
-// The tints in which the calendar of a strip of days is drawn on a paper.
+// The tints in which the calendar of a strip of days is drawn on a page.
 #pragma once
 
 #include "support/MixColours.h"
@@ -12,7 +12,7 @@ constexpr QRgb kTodayInk = qRgb(207, 34, 126);
 
 class CalendarInk {
 public:
-    // `wanted` is the ink where it can be read there.
+    // `wanted` is the ink, unless it can't be read on that paper.
     CalendarInk(QRgb paper, QRgb wanted) : paper_(paper), ink_(Readable(paper, wanted)) {}
 
     QRgb Text() const { return ink_; }

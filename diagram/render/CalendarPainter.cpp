@@ -17,7 +17,7 @@ constexpr double kLeastWeekend = 3; // pixels of a day that is shaded
 constexpr double kLeastCrease = 9;  // pixels of a sliver that shows how it is folded
 constexpr double kCaptionPoints = 8;
 constexpr double kLeastCaption = 10;              // pixels of it that can be read
-constexpr double kCaptionEvery = 480;             // pixels of a year; it is written again in the next ones
+constexpr double kCaptionEvery = 480;             // pixels of a year for each time that it is written
 constexpr double kTick = 75;                      // twips
 constexpr double kLaneGap = 45, kLaneIndent = 60; // twips
 constexpr int kSteps[] = {1, 2, 5, 10, 20, 50, 100};
@@ -37,6 +37,10 @@ double CalendarPainter::Pixels(double twips) const {
 
 double CalendarPainter::RealPixels(double twips) const {
     return paint_.options.vector ? twips / kPixel : paint_.frame.Length(twips) / paint_.frame.dot;
+}
+
+double CalendarPainter::Dot() const {
+    return paint_.frame.snap ? paint_.frame.dot / paint_.frame.Scale() : kPixel;
 }
 
 void CalendarPainter::Fill(const QRectF &twips, QRgb colour) const {
@@ -81,9 +85,8 @@ void CalendarPainter::PaintWeekends() const {
 void CalendarPainter::PaintWeeks() const {
     if (calendar_.weeks.size() < 2 || RealPixels(calendar_.weeks[1] - calendar_.weeks[0]) < kLeastWeek)
         return;
-    const double width = paint_.frame.snap ? paint_.frame.dot / paint_.frame.Scale() : kPixel;
     for (const double at : calendar_.weeks)
-        Fill(rows_.PlaceOf(at, at + width, rows_.Ticks(kTick)), ink_.Week());
+        Fill(rows_.PlaceOf(at, at + Dot(), rows_.Ticks(kTick)), ink_.Week());
 }
 
 void CalendarPainter::PaintToday() const {
@@ -91,19 +94,17 @@ void CalendarPainter::PaintToday() const {
     const QRectF &area = paint_.area;
     const double at = calendar_.rightwards ? calendar_.today->x1() : calendar_.today->y1();
     const Row all = calendar_.rightwards ? Row{area.top(), area.bottom()} : Row{area.left(), area.right()};
-    const double width = paint_.frame.snap ? paint_.frame.dot / paint_.frame.Scale() : kPixel;
-    Fill(rows_.PlaceOf(at, at + width, all), kTodayInk);
+    Fill(rows_.PlaceOf(at, at + Dot(), all), kTodayInk);
 }
 
-// The caption of each stands at its edge that faces the strip, where that begins, with a line over it.
+// A line along the edge of each lane that faces the strip, and the caption on it where the strip begins.
 void CalendarPainter::PaintLanes() const {
     const QRectF &strip = calendar_.strip;
     const bool rightwards = calendar_.rightwards;
     const double begin = rightwards ? strip.left() : strip.top(),
                  end = rightwards ? strip.right() : strip.bottom();
     const double middle = rightwards ? strip.center().y() : strip.center().x();
-    const double dot = paint_.frame.snap ? paint_.frame.dot / paint_.frame.Scale() : kPixel;
-    const double points = LanePoints();
+    const double dot = Dot(), points = LanePoints();
     for (const Calendar::Lane &lane : calendar_.lanes) {
         const TextBlock &caption = Caption(lane.caption, false, points);
         const bool before = lane.to < middle;
@@ -118,7 +119,7 @@ void CalendarPainter::PaintLanes() const {
     }
 }
 
-// Between the lane and what lies next to it on the side of the strip.
+// How high a caption may be between the lane and what lies next to it on the side of the strip.
 double CalendarPainter::RoomOf(const Calendar::Lane &lane) const {
     const bool rightwards = calendar_.rightwards;
     const QRectF &strip = calendar_.strip, all = calendar_.Bounds();
@@ -134,7 +135,8 @@ double CalendarPainter::RoomOf(const Calendar::Lane &lane) const {
     return lane.from - next - kLaneGap;
 }
 
-// As small as they really are where one would cover nodes of the next lane.
+// Captions keep their own size, however small on the screen, where a larger one would cover nodes of the next
+// lane.
 double CalendarPainter::LanePoints() const {
     const double points = CaptionPoints();
     const bool room = std::ranges::all_of(calendar_.lanes, [&](const Calendar::Lane &lane) {
@@ -155,17 +157,16 @@ void CalendarPainter::WriteDownwards(const TextBlock &caption, const QPointF &co
     paint_.pencil.Forget();
 }
 
-// With a line of paper behind it, as far as it isn't the last.
+// Ends a dot early, so that the paper shows between two spans.
 void CalendarPainter::PaintSpan(const Span &span, const Row &row, QRgb colour) const {
-    const double gap = paint_.frame.snap ? paint_.frame.dot / paint_.frame.Scale() : kPixel;
-    Fill(rows_.PlaceOf(span.from, std::max(span.from, span.to - gap), row), colour);
+    Fill(rows_.PlaceOf(span.from, std::max(span.from, span.to - Dot()), row), colour);
 }
 
-// Of the same height on the screen wherever it would be too small.
+// Large enough to be read on the screen at every zoom.
 double CalendarPainter::CaptionPoints() const {
     double points = kCaptionPoints;
     if (paint_.options.screen)
-        points = std::max(points, kLeastCaption / std::max(Pixels(20), 1e-9)); // 20 twips a point
+        points = std::max(points, kLeastCaption / std::max(Pixels(kTwipsPerPoint), 1e-9));
     return std::min(std::round(points * 4) / 4, double(kLargestFontSize));
 }
 
@@ -207,7 +208,7 @@ void CalendarPainter::PaintYears(const Row &row) const {
     }
 }
 
-// Where years are narrow every second, fifth or tenth is written.
+// How many years there are to each that is written: more than one where they are narrow.
 int CalendarPainter::StepOf(std::span<const Span> years) const {
     double narrowest = 1e9;
     for (const Span &year : years) narrowest = std::min(narrowest, year.Length());
@@ -217,7 +218,7 @@ int CalendarPainter::StepOf(std::span<const Span> years) const {
     return kSteps[std::size(kSteps) - 1];
 }
 
-// All of them folded, or none. A wide one is written more than once.
+// The years are all folded, or none is. A wide one is written more than once.
 void CalendarPainter::PaintYears(std::span<const Span> years, const Row &row) const {
     const int step = StepOf(years);
     for (const Span &year : years) PaintSpan(year, row, ink_.Year()); // captions may reach into the next
@@ -236,12 +237,12 @@ void CalendarPainter::PaintYears(std::span<const Span> years, const Row &row) co
     }
 }
 
-// Creases beside the count, which has the name in front of it where there is room.
+// Creases at both ends, and between them the count, with the name in front of it where there is room.
 void CalendarPainter::PaintFold(const Calendar::Fold &fold, const Node &month) const {
     const QRectF box = month.Bounds();
     const QRgb ground = month.Transparent() ? paint_.paper : ToRgb(month.FillColor());
     const CalendarInk ink(ground, ToRgb(calendar_.ink));
-    const double dot = paint_.frame.snap ? paint_.frame.dot / paint_.frame.Scale() : kPixel;
+    const double dot = Dot();
     Fill(box.adjusted(dot, dot, -dot, -dot), ink.Fold());
     const double along = calendar_.rightwards ? box.width() : box.height();
     const Row row = calendar_.rightwards ? Row{box.top() + dot, box.bottom() - dot}

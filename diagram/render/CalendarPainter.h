@@ -10,7 +10,8 @@
 
 namespace diagram {
 
-// Far away the years alone are left, above the diagram, so that they can be read at every zoom of the screen.
+// Where the zoom leaves too little room for quarters, only the years are drawn, above the diagram, so that
+// they can be read at every zoom of the screen.
 class CalendarPainter {
 public:
     explicit CalendarPainter(Paint &paint);
@@ -24,9 +25,11 @@ private:
     using Span = Calendar::Span;
     using Row = CalendarRows::Row;
 
-    // As the layout counts them: of the screen, else at zoom 100, so that paper and its preview are alike.
+    // By which rows and captions are laid out: on the screen those seen, else those at zoom 100, so that
+    // paper and its preview are alike.
     double Pixels(double twips) const;
-    double RealPixels(double twips) const; // where there are any
+    double RealPixels(double twips) const; // those of the target; of a vector target those at zoom 100
+    double Dot() const;                    // the thinnest line, in twips
     void Fill(const QRectF &twips, QRgb colour) const;
     void PaintWeekends() const;
     void PaintWeeks() const;

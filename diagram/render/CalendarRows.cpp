@@ -6,8 +6,8 @@ namespace diagram {
 
 namespace {
 
-constexpr double kNearPixels = 9;      // of a band as wide as it is meant to be, where quarters are drawn
-constexpr double kLeastBand = 14;      // pixels of one that is to be read
+constexpr double kNearPixels = 9;      // of a band that hasn't grown: with fewer, quarters aren't drawn
+constexpr double kLeastBand = 14;      // pixels of a band that can be read
 constexpr double kLeastBandAside = 28; // the same beside a strip that runs downwards
 
 } // namespace

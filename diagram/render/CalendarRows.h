@@ -15,15 +15,15 @@ public:
         double from, to;
     };
 
-    // `pixels` of a twip, by which it is decided what has room. The calendar must live as long.
+    // `pixels` are those of a twip: by them it is decided what has room. The calendar must outlive it.
     CalendarRows(const Calendar &calendar, double pixels) : calendar_(calendar), pixels_(pixels) {}
 
-    bool Near() const;        // quarters have room too; else years lie at the strip
-    double Thickness() const; // of a row; far away it grows beyond its own, so that it can be read
+    bool Near() const;        // whether quarters have room; else only years, which then lie next to the strip
+    double Thickness() const; // of a row; at small zooms it grows, so that it can be read
     Row Quarters() const { return RowAt(0); }
-    // Far away they take in the strip itself as far as they need it, so that they don't cover nodes.
+    // Where quarters have no room and a row has grown, it covers part of the strip rather than nodes.
     Row Years() const { return Near() ? RowAt(1) : Far(); }
-    // A row that is as thick as it needn't be, at the strip.
+    // A row of that thickness next to the strip.
     Row Ticks(double thickness) const { return At(0, thickness); }
     QRectF PlaceOf(double from, double to, const Row &row) const;
 

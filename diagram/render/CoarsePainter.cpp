@@ -17,9 +17,9 @@ namespace diagram {
 namespace {
 
 constexpr int kMostSide = 24;    // device pixels of a node that is drawn coarsely
-constexpr int kLeastFrame = 4;   // of a box that has room for a border
-constexpr double kLeastJump = 2; // half of one; less couldn't be told from the line that is crossed
-constexpr double kFaintest = 0.35;
+constexpr int kLeastFrame = 4;   // device pixels of a box that has room for a border
+constexpr double kLeastJump = 2; // device pixels of half a jump: less couldn't be told from the crossed line
+constexpr double kFaintest = 0.35; // share of its colour that a line keeps at least
 
 struct Span {
     int from = 0, to = 0; // past the last pixel
@@ -52,7 +52,7 @@ bool CoarsePainter::Takes(const Node &node) const {
 
 // A line that is thinner than a pixel looks fainter.
 QRgb CoarsePainter::Faint(QRgb colour, QRgb ground, double drawWidth) const {
-    const double width = paint_.frame.Length(15 * std::max(drawWidth, 1.0));
+    const double width = paint_.frame.Length(kTwipsPerPixel * std::max(drawWidth, 1.0));
     return width >= 1 ? colour : Mix(ground, colour, std::max(width, kFaintest));
 }
 
@@ -69,7 +69,8 @@ void CoarsePainter::PaintRectangle(const QRect &box, QRgb fill, QRgb border, boo
     if (filled) blocks_.Fill(x + 1, y + 1, width - 2, height - 2, fill);
 }
 
-// Row by row: what isn't covered by the rows above and below belongs to the border.
+// Row by row; pixels that the row above or the one below doesn't have belong to the border. `spanOf(y)` gives
+// the span of a row.
 template <typename SpanOf>
 void CoarsePainter::PaintRows(const QRect &box, QRgb fill, QRgb border, bool filled, SpanOf spanOf) {
     Span rows[kMostSide + 4];

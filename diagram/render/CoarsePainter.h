@@ -31,8 +31,8 @@ private:
     void PaintJump(QPointF &from, const QPointF &at, const QPointF &to, int style, QRgb colour);
     QRgb Faint(QRgb colour, QRgb ground, double drawWidth) const;
     void PaintRectangle(const QRect &box, QRgb fill, QRgb border, bool filled);
-    template <typename Span>
-    void PaintRows(const QRect &box, QRgb fill, QRgb border, bool filled, Span span);
+    template <typename SpanOf>
+    void PaintRows(const QRect &box, QRgb fill, QRgb border, bool filled, SpanOf spanOf);
 
     Paint &paint_;
     Blocks blocks_;

@@ -7,8 +7,8 @@ namespace diagram {
 
 namespace {
 
-constexpr double kTolerance = 8; // twips
-constexpr double kSlack = 2;
+constexpr double kTolerance = 8; // twips by which a line may stick out
+constexpr double kSlack = 2;     // twips that rounding may add to a measured width
 constexpr QChar kEllipsis(0x2026);
 
 int EndOf(const TextLine &line) { return line.start + line.length; }

@@ -26,7 +26,7 @@ class FormCache {
 public:
     // Null where there is none.
     const QImage *Find(const FormLook &look) const;
-    // Makes room by dropping all others.
+    // Drops all others when there is no room for one more.
     const QImage &Keep(const FormLook &look, const QImage &picture);
     void Clear();
 

@@ -12,7 +12,8 @@ namespace {
 
 constexpr double kOverlap = 1; // device pixels by which a joint lies over the segments at it
 
-// The stretch around a bend, short, that is drawn as a run so that its sides meet.
+// Draws segments one by one, and a short run around each bend so that the sides of the line meet there.
+// Several short segments are one run.
 class Joints {
 public:
     explicit Joints(QPainter &painter) : painter_(painter), reach_(2 * painter.pen().widthF() + 2) {}

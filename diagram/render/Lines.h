@@ -7,7 +7,7 @@
 
 namespace diagram {
 
-// A solid run of level and plumb segments. Where pixels are snapped and only there.
+// A solid run of level and plumb segments, in whole pixels: only for frames that snap.
 void DrawLevelRoute(QPainter &painter, const std::vector<QPointF> &route, int width, QRgb colour);
 // Whether each segment is level or plumb.
 bool IsLevel(const std::vector<QPointF> &route);

@@ -20,14 +20,18 @@ namespace diagram {
 
 namespace {
 
-// Lines that run upwards count as well.
+constexpr double kHeadLook = 60;       // twips of the route along which a head at its end points
+constexpr double kLeastJump = 1 / 4.0; // of a jump's radius; where there is less room there is no jump
+constexpr double kMostEaten = 0.99;    // of its segment that a head may replace
+
+// A line straight upwards counts as one from left to right.
 bool IsLeftToRight(const QPointF &direction) {
     return direction.x() > 0.001 || (std::abs(direction.x()) <= 0.001 && direction.y() < 0);
 }
 
-bool IsCurve(const Link &link) {
-    const LinkStyleRow *row = FindLinkStyle(link.Style());
-    return row && (row->form == LinkForm::Bezier || row->form == LinkForm::Spline);
+// Whether the style draws curves; one of two points is straight all the same, see IsCurved.
+bool HasCurveStyle(const Link &link) {
+    return HasForm(link.Style(), LinkForm::Bezier) || HasForm(link.Style(), LinkForm::Spline);
 }
 
 QTransform ToDevice(const Frame &frame) {
@@ -56,7 +60,8 @@ void PlaceAtEnd(ArrowHead &head, const QPointF &tip, const QPointF &inner, const
     head.direction = away > 0 ? (tip - inner) / away : otherwise;
 }
 
-// A head points as the last stretch of the route does, of which a third of the route counts at most.
+// The heads at the ends point along the last piece of the route, as long as kHeadLook or a third of the
+// route.
 Heads PlaceHeads(const Paint &paint, const LinkData &data) {
     const std::vector<QPointF> &route = paint.route;
     Heads heads{HeadOf(paint, data.arrowSource, data.arrowSizeSource, data.drawWidth),
@@ -64,7 +69,7 @@ Heads PlaceHeads(const Paint &paint, const LinkData &data) {
                 HeadOf(paint, data.arrowDest, data.arrowSizeDest, data.drawWidth)};
     if (!heads.source.value && !heads.middle.value && !heads.destination.value) return heads;
     const double length = RouteLength(route);
-    const double look = std::min(length / 3, paint.frame.Length(60));
+    const double look = std::min(length / 3, paint.frame.Length(kHeadLook));
     if (heads.source.value) PlaceAtEnd(heads.source, route.front(), PlaceOnRoute(route, look).point, {-1, 0});
     if (heads.destination.value)
         PlaceAtEnd(heads.destination, route.back(), PlaceOnRoute(route, length - look).point, {1, 0});
@@ -97,12 +102,12 @@ struct Stretch {
     double first, last;
 };
 
-// Draws the line up to behind the crossing; smaller where there is less room, and not at all where there is
-// next to none. `past` is the end of the jump before it.
+// The line up to the crossing, and a jump over it: smaller where there is less room, and none where there is
+// next to no room. `past` is where the jump before it ends.
 void AddJump(QPainterPath &path, const Stretch &stretch, double along, double largest, int style,
              double &past) {
     const double radius = std::min({largest, along - std::max(past, stretch.first), stretch.last - along});
-    if (radius < largest / 4) return;
+    if (radius < largest * kLeastJump) return;
     const QPointF from = stretch.start + stretch.direction * (along - radius),
                   to = stretch.start + stretch.direction * (along + radius);
     path.lineTo(from);
@@ -155,7 +160,7 @@ QPainterPath CurveWithJumps(Paint &paint, const Link &link, const std::vector<Cr
         const double along = NearestOnRoute(route, paint.frame.Map(crossing.point));
         const double room = along - (at > first ? at : first + largest);
         const double radius = std::min({largest, room, last - largest - along});
-        if (radius < largest / 4) continue;
+        if (radius < largest * kLeastJump) continue;
         AddStretch(path, route, at, along - radius);
         at = along + radius;
         const QPointF from = path.currentPosition(), to = PlaceOnRoute(route, at).point;
@@ -200,7 +205,7 @@ void PaintLabel(Paint &paint, const Link &link) {
 
 // A vector target keeps a curve as a curve; its ends under the heads are covered by these.
 bool DrawsWholeCurve(const Paint &paint, const Link &link, double width) {
-    return !paint.frame.snap && IsCurve(link) && width <= paint.frame.Length(2 * kTwipsPerPixel);
+    return !paint.frame.snap && HasCurveStyle(link) && width <= paint.frame.Length(2 * kTwipsPerPixel);
 }
 
 void DrawLine(Paint &paint, const Link &link, const Heads &heads, double width, QRgb colour) {
@@ -218,13 +223,13 @@ void DrawLine(Paint &paint, const Link &link, const Heads &heads, double width, 
         paint.Painter().drawPath(ToDevice(paint.frame).map(paint.scene.LinkPath(link)));
         return;
     }
-    // A head eats of its own segment only.
-    const bool curve = IsCurve(link);
+    // A head replaces part of its own segment only.
+    const bool curve = HasCurveStyle(link);
     const std::size_t count = paint.route.size();
     const double first = curve ? RouteLength(paint.route) : Distance(paint.route[0], paint.route[1]);
     const double last = curve ? first : Distance(paint.route[count - 2], paint.route[count - 1]);
-    CutStart(paint.route, std::min(Eaten(heads.source), first * 0.99));
-    CutEnd(paint.route, std::min(Eaten(heads.destination), last * 0.99));
+    CutStart(paint.route, std::min(Eaten(heads.source), first * kMostEaten));
+    CutEnd(paint.route, std::min(Eaten(heads.destination), last * kMostEaten));
     if (count > 2 && IsQuietDateLink(link)) {
         paint.pencil.Smooth(true);
         paint.pencil.Line(colour, width, data.drawStyle, Qt::RoundJoin);
@@ -248,7 +253,7 @@ QRgb ColourOfLine(QRgb paper, const Link &link) {
 
 void FillRoute(Paint &paint, const Link &link, double width) {
     paint.route.clear();
-    if (IsCurve(link)) {
+    if (HasCurveStyle(link)) {
         for (const QPolygonF &run : paint.scene.LinkPath(link).toSubpathPolygons(ToDevice(paint.frame)))
             paint.route.assign(run.begin(), run.end());
     } else {

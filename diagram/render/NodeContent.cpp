@@ -17,12 +17,12 @@ namespace diagram {
 
 namespace {
 
-constexpr int kBesideText = 9;
-constexpr int kPictureToNode = 1;
-constexpr double kGap = 4 * kTwipsPerPixel; // between picture and text
-constexpr double kBorderLine = 1;           // what counts as border at least, pixels
+constexpr int kCentreMiddle = 7, kBesideText = 9; // picture positions
+constexpr int kPictureToNode = 1;                 // an AutoSize
+constexpr double kGap = 4 * kTwipsPerPixel;       // between picture and text
+constexpr double kBorderLine = 1;                 // pixels that a border counts as at least
 
-// Share of the free room that stands before the content: left or top, right or bottom, middle.
+// How much of the free room lies before the content: left or above. `across` as in Place.
 double Before(double room, double content, int across) {
     return across == 0 ? 0 : across == 1 ? room - content : (room - content) / 2;
 }
@@ -176,7 +176,7 @@ QRectF PicturePlace(TextCache &texts, const Node &node) {
     }
     if (size.width() >= box.width() && size.height() >= box.height())
         return {node.ShownBounds().topLeft(), size};
-    const Place place = PlaceOf(data.picturePos == kBesideText ? 7 : data.picturePos);
+    const Place place = PlaceOf(data.picturePos == kBesideText ? kCentreMiddle : data.picturePos);
     return {box.topLeft() + QPointF(Before(box.width(), size.width(), place.across),
                                     BeforeDown(box.height(), size.height(), place.down)),
             size};
@@ -217,7 +217,7 @@ struct SeenText {
     QRectF place;
 };
 
-// A single line whose letters have room though the line hasn't: these stand in the middle of the box.
+// A single line that is higher than the box, but whose letters have room in it: they stand in its middle.
 SeenText PlaceInk(const TextBlock &line, const QRectF &place, const QRectF &box) {
     const InkSpan ink = InkOf(line, 0);
     if (ink.bottom - ink.top > box.height() + kTolerance) return {};
@@ -247,7 +247,7 @@ void DrawSeen(Paint &paint, const NodeData &data, const SeenText &seen) {
               PlaceOf(data.alignment).across, ToRgb(data.foreColor));
 }
 
-// A vector target is painted once: nothing is worth keeping.
+// A vector target is painted once, so nothing goes through the cache.
 void DrawVectorText(Paint &paint, const Node &node, const QRectF &room, const WrapWidth &wrap) {
     Faces &faces = paint.caches.faces;
     const TextBlock block = LayOut(faces, node.ShownText(), node.Font(), wrap, 0);

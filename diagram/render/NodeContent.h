@@ -10,23 +10,23 @@ class Node;
 // Where text may stand: the shape's text area less border and margins, in twips.
 QRectF TextRoom(const Node &node);
 
-// Where the lines of its text stand, and its picture, in twips, whether they have room or not. Empty without
-// text; the picture must not be null.
+// Where the lines of its text stand, and where its picture, in twips, whether they have room or not.
+// TextPlace is empty without a text; for PicturePlace the node must have a picture.
 QRectF TextPlace(TextCache &texts, const Node &node);
 QRectF PicturePlace(TextCache &texts, const Node &node);
 
-// Whether the text doesn't stand there to its end. Both texts while the surface shows both.
+// Whether the end of the text isn't shown. Both texts count while the surface shows both.
 bool IsTextCut(TextCache &texts, const Node &node);
 
-// Both texts while the surface shows both. Left out when it can't be read. A text that is higher than the
-// node's box ends with its last whole line and an ellipsis; what sticks out of the picture is cut off.
+// Text that is too small to be read is left out. One that is higher than the node's box ends with its last
+// whole line and an ellipsis. A picture that is larger than the node is cut off at the outline.
 void PaintNodeText(Paint &paint, const Node &node);
 void PaintNodePicture(Paint &paint, const Node &node);
 
 // The lines of `block` in a width of `width` twips from the device point `at`. `side` as in PlaceOf.
 void DrawBlock(Paint &paint, const TextBlock &block, const QPointF &at, double width, int side, QRgb colour);
 
-// The part of an alignment or picture place: across 0 left, 1 right, 2 middle; down 0 top, 1 middle, 2
+// An alignment or picture position taken apart: across 0 left, 1 right, 2 middle; down 0 top, 1 middle, 2
 // bottom.
 struct Place {
     int across, down;

@@ -12,8 +12,8 @@ namespace diagram {
 namespace {
 
 constexpr QRgb kShadowColour = qRgba(0, 0, 0, 70);
-constexpr double kLargestKept = 300; // device pixels of a side
-constexpr double kWidestKept = 20;   // of a line
+constexpr double kLargestKept = 300; // device pixels of a side of a form that is kept as a picture
+constexpr double kWidestKept = 20;   // the same of its line
 constexpr double kFarthest = 1e6;    // device pixels, far beyond any screen
 
 struct NodeForm {

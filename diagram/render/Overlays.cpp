@@ -1,5 +1,6 @@
 #include "diagram/render/Overlays.h"
 
+#include "diagram/hit/Grips.h"
 #include "diagram/render/Forms.h"
 #include "diagram/render/LinkPainter.h"
 #include "diagram/scene/Scene.h"
@@ -8,7 +9,7 @@ namespace diagram {
 
 namespace {
 
-constexpr int kMiddleAlpha = 110; // of the handle in the middle
+constexpr int kMiddleAlpha = 110; // of the handle in the middle of a node
 constexpr double kMarkWidth = 6;  // pixels, half of it outside
 
 struct HandleLook {
@@ -47,7 +48,7 @@ void PaintNodeHandles(Paint &paint, const Node &node, bool focus) {
     const double xs[] = {box.left(), middle.x(), box.right()}, ys[] = {box.top(), middle.y(), box.bottom()};
     for (int i = 0; i < 9; ++i)
         if (i != 4) DrawHandle(paint, {xs[i % 3], ys[i / 3]}, look);
-    // From here a link is dragged; text shows through.
+    // A link can be dragged from here; the text shows through.
     if (std::min(box.width(), box.height()) > 3 * look.side)
         DrawRound(paint, middle, LookOf(paint, false, 0.85), kMiddleAlpha);
 }
@@ -57,7 +58,7 @@ void PaintLinkHandles(Paint &paint, const Link &link, bool focus) {
     const HandleLook look = LookOf(paint, focus, 1), small = LookOf(paint, false, 0.7);
     for (std::size_t i = 1; i < route.size(); ++i) {
         const QPointF from = paint.frame.Map(route[i - 1]), to = paint.frame.Map(route[i]);
-        if (std::hypot(to.x() - from.x(), to.y() - from.y()) > 4 * look.side)
+        if (HasSegmentHandle(std::hypot(to.x() - from.x(), to.y() - from.y()), look.side))
             DrawRound(paint, (from + to) / 2, small);
     }
     for (const Point &point : route) DrawHandle(paint, paint.frame.Map(point), look);

@@ -6,9 +6,9 @@
 
 namespace diagram {
 
-// The line styles with lines of a pattern, and the two without.
-constexpr int kTransparentLine = 5;
-constexpr int kInsideLine = 6;
+// The line styles that aren't a pattern of the pen.
+constexpr int kTransparentLine = 5; // no line
+constexpr int kInsideLine = 6;      // solid, inside the outline
 
 class Pencil {
 public:

@@ -19,7 +19,8 @@ private:
     const Picture &picture_;
 };
 
-// A drawing is made finer than the place on paper, where a unit of the painter is far below a pixel.
+// On a vector target a unit of the painter is a twip: a drawing gets as many pixels there as kPixelsPerTwip
+// tells.
 void DrawStretched(Paint &paint, const Picture &picture, const QRectF &target) {
     constexpr double kPixelsPerTwip = 0.2;
     const QImage image =
@@ -29,7 +30,7 @@ void DrawStretched(Paint &paint, const Picture &picture, const QRectF &target) {
     paint.Painter().drawImage(target, image);
 }
 
-// A large drawing: made once, and no finer than a screen shows.
+// A large drawing is made once, with no more pixels than a screen shows, and stretched.
 void DrawLarge(Paint &paint, const Picture &picture, const QRectF &target) {
     constexpr double kMostSide = 2048;
     const double fit = std::min(1.0, kMostSide / std::max(target.width(), target.height()));

@@ -54,7 +54,8 @@ void PaintMarked(Paint &paint, const Marked &item) {
     if (paint.options.marks && item.Marked() && item.Selectable()) PaintMark(paint, item);
 }
 
-// Whether it is a month of a fold. The first of them shows it.
+// Whether the node is a month of a fold and so is done with. The first month paints the fold, the others
+// nothing.
 bool PaintsFold(Paint &paint, const Node &node) {
     if (node.Selectable()) return false;
     const Calendar::Fold *fold = paint.scene.TheCalendar().FoldWith(node.Id());
@@ -95,10 +96,12 @@ void PaintItemCoarsely(Paint &paint, CoarsePainter &coarse, Item &item) {
     coarse.PaintLine(link);
 }
 
-// Whether so much of the diagram is in sight that looking for what lies there costs more than it saves.
+// Whether so much of the diagram is in sight that going through all items costs less than finding those
+// there.
 bool SeesMost(Paint &paint) {
+    constexpr double kMost = 0.5; // of its area
     const QRectF extent = paint.scene.Extent(), seen = extent & paint.area;
-    return seen.width() * seen.height() >= 0.5 * extent.width() * extent.height();
+    return seen.width() * seen.height() >= kMost * extent.width() * extent.height();
 }
 
 bool Hides(const RenderOptions &options, const Item &item) {
@@ -110,7 +113,7 @@ Item *ItemOf(Surface &surface, ItemId id) {
     return surface.FindLink(id);
 }
 
-// What is hidden and shown all the same, which no index knows.
+// Items that are hidden and yet to be shown: no index of the scene has them.
 void AddBroughtBack(Paint &paint, const Sights &sights, std::vector<Item *> &items) {
     const auto known = items.size();
     for (const ItemId id : sights.BroughtBack()) {
@@ -188,7 +191,7 @@ bool Renderer::TextFits(const Node &node) {
     if (text.isEmpty()) return true;
     const QRectF room = TextRoom(node);
     const QSizeF size = state_->measure.Measure(text, node.Font(), room.width());
-    constexpr double kSlack = 2;
+    constexpr double kSlack = 2; // twips
     return size.width() <= room.width() + kSlack && size.height() <= room.height() + kSlack;
 }
 

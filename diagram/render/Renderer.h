@@ -37,8 +37,8 @@ struct RenderOptions {
     QColor handleFill = QColor(255, 255, 255);
     QColor handleLine = QColor(0, 95, 184); // and the fill of the handles of the item with the focus
     QColor markColour = QColor(90, 140, 210);
-    vector::ContentTarget *target =
-        nullptr;                    // with `vector`: takes texts and pictures in place of the painter
+    // With `vector`: takes texts and pictures in place of the painter.
+    vector::ContentTarget *target = nullptr;
     std::optional<QRgb> paper = {}; // in the place of the surface's back colour and picture
     const Sights *sights = nullptr; // what to show and hide in place of what the items say
     // Asked now and then; painting ends, unfinished, once it gives false.
@@ -60,7 +60,7 @@ public:
     TextMeasure &Measure();
     // Whether the whole text of the node fits its text area, as a good layout has it.
     bool TextFits(const Node &node);
-    // Whether the text ends before its end for want of room, or isn't shown at all.
+    // Whether the end of the text isn't shown for want of room, or no text at all.
     bool TextIsCut(const Node &node);
     // Forgets the caches.
     void Clear();

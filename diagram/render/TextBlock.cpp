@@ -9,7 +9,7 @@ namespace diagram {
 
 namespace {
 
-constexpr double kNoWidth = 1e7;
+constexpr double kNoWidth = 1e7;   // twips: a width at which nothing is wrapped
 constexpr int kAlwaysWhole = 500;  // characters; short texts are laid out once for all heights
 constexpr double kNarrowest = 0.1; // of a character that takes room, as a share of the font's height
 constexpr double kSlack = 2;       // twips; a text measured without wrapping fits the width measured
@@ -162,7 +162,7 @@ struct Builder {
         if (layout.lineCount() == 0) AddLine(start, 0, 0, block.face->ascent, block.face->height);
     }
 
-    // A line that is laid out from the right has its glyphs at the far end of the width: bring the first to
+    // A line that is laid out from the right has its glyphs at the far end of the width: brings the first to
     // 0.
     static void ShiftToStart(TextLine &line) {
         double left = 1e12;
@@ -177,7 +177,7 @@ struct Builder {
     }
 };
 
-// The room counts for long texts alone.
+// The height at which the layout may stop, for long texts; 0 for none.
 double RoomFor(const QString &text, const WrapWidth &wrap) {
     return text.size() > kAlwaysWhole ? std::max(0.0, wrap.room) : 0;
 }

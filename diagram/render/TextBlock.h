@@ -17,8 +17,8 @@ struct TextLine {
     double bottom = 0;         // the same
     int start = 0, length = 0; // in the text
     bool rightToLeft = false;
-    std::vector<QGlyphRun>
-        runs; // device pixels from the left end of the base line; empty without a device scale
+    // Device pixels from the left end of the base line; empty without a device scale.
+    std::vector<QGlyphRun> runs;
 };
 
 // A text in one font, wrapped at a width. Independent of the zoom but for the runs: the same words stand in
@@ -45,7 +45,7 @@ struct WrapWidth {
 // CR, LF and both together end a line. `scale` is device pixels a twip for the runs; 0 makes none.
 TextBlock LayOut(Faces &faces, const QString &text, const Font &font, const WrapWidth &wrap, double scale);
 
-// Blocks used lately, up to a bound in bytes.
+// The blocks that were used last, up to a bound in bytes.
 class TextCache {
 public:
     explicit TextCache(Faces &faces) : faces_(faces) {}

@@ -12,14 +12,14 @@ namespace diagram {
 
 namespace {
 
-// A straight piece of a route, whose start counts if the route comes from further back: its end is the next
-// one's start.
+// A straight piece of a route. Its end never counts as crossed, as it is the start of the next piece; its
+// start counts unless the route begins there.
 struct Piece {
     QLineF line;
     bool countsStart;
 };
 
-// Where two pieces cross: as a share of the first, or below 0.
+// Where two pieces cross, as a share of the first one; below 0 where they don't.
 double CrossingShare(const Piece &one, const Piece &two) {
     const QLineF &first = one.line, &second = two.line;
     const QPointF a = first.p2() - first.p1(), b = second.p2() - second.p1(),

@@ -6,7 +6,7 @@
 
 namespace diagram {
 
-// In order along the route of the link, which has a jump style.
+// Where the link, which must have a jump style, jumps over others, in order along its route.
 std::vector<Crossing> CrossingsOf(const Link &link, const ItemsAround &around);
 
 } // namespace diagram

@@ -1,4 +1,4 @@
-// A question to the scene while it brings itself up to date.
+// How the parts of a scene ask it for items while it brings itself up to date.
 #pragma once
 
 #include "diagram/model/BoxIndex.h"

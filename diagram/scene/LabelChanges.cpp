@@ -1,4 +1,4 @@
-// What has changed around the labels, and whom that disturbs.
+// What has changed around the labels, and which of them that disturbs.
 #include "diagram/geometry/Crossing.h"
 #include "diagram/model/AnyItem.h"
 #include "diagram/model/Surface.h"
@@ -33,7 +33,7 @@ std::vector<QLineF> PiecesOf(int style, const std::vector<Point> &route) {
 
 } // namespace
 
-// Some areas in which one label looked lie over each other, so that it hears of the same twice.
+// The areas that a label has searched may overlap: then it is told of the same twice in a row.
 void LabelPlaces::Disturbance::Free(const QRectF &box) {
     if (freed.boxes.empty() || freed.boxes.back() != box) freed.boxes.push_back(box);
 }
@@ -146,7 +146,8 @@ void LabelPlaces::DisturbAbove(const Link &link, const BoxIndex &index, const QR
     });
 }
 
-// While something is dragged it isn't said yet whom that disturbs.
+// While something is dragged, only notes where the label stood; which labels that disturbs is found out when
+// it is let go.
 void LabelPlaces::NotePlace(const Link &link, const std::optional<QRectF> &before, const QRectF &now,
                             Extent extent) {
     const std::optional<FloatBox> freed = before ? std::optional(BoxAround(*before)) : std::nullopt;

@@ -14,16 +14,11 @@ namespace diagram {
 
 namespace {
 
-constexpr double kRounding = 1;        // twips by which points of a route that is moved may differ
-constexpr std::size_t kMostFreed = 32; // more than that is as good as everything
+constexpr double kRounding = 1;        // twips by which the moves of a route's points may differ
+constexpr std::size_t kMostFreed = 32; // after more changes than that a label is placed anew
 
 QRectF BoxAt(const QPointF &middle, const QSizeF &size) {
     return {middle - QPointF(size.width(), size.height()) / 2, size};
-}
-
-double HeadOn(int arrow, int size, double drawWidth) {
-    const ArrowRow *row = arrow ? FindArrow(arrow) : nullptr;
-    return row ? ArrowScale(size, drawWidth) * std::max(1.0, row->eats) : 0;
 }
 
 LabelRequest RequestFor(const Link &link, std::span<const QPointF> route, const QSizeF &size) {
@@ -31,12 +26,12 @@ LabelRequest RequestFor(const Link &link, std::span<const QPointF> route, const 
     return {.route = route,
             .curved = IsCurved(link),
             .size = size,
-            .sourceHead = HeadOn(data.arrowSource, data.arrowSizeSource, data.drawWidth),
-            .middleHead = HeadOn(data.arrowMiddle, data.arrowSizeMiddle, data.drawWidth),
-            .destinationHead = HeadOn(data.arrowDest, data.arrowSizeDest, data.drawWidth)};
+            .sourceHead = HeadLength(data.arrowSource, data.arrowSizeSource, data.drawWidth),
+            .middleHead = HeadLength(data.arrowMiddle, data.arrowSizeMiddle, data.drawWidth),
+            .destinationHead = HeadLength(data.arrowDest, data.arrowSizeDest, data.drawWidth)};
 }
 
-// What lies in an area, as far as it speaks against a label there.
+// Collects what a label in an area must not cover.
 class Neighbourhood {
 public:
     Neighbourhood(const Link &link, const QRectF &area) : link_(link), area_(area) {}
@@ -50,7 +45,7 @@ public:
             if (other && LiesBelow(other, &link_)) ground_.boxes.push_back(entry.first.Rect());
         });
     }
-    // The boxes are in the same order however they were found, as sums depend on that.
+    // The boxes in an order that doesn't depend on how they were found, as sums of costs depend on it.
     LabelGround Take() {
         std::ranges::sort(ground_.boxes, {}, [](const QRectF &box) {
             return std::tuple(box.left(), box.top(), box.right(), box.bottom());
@@ -59,7 +54,7 @@ public:
     }
 
 private:
-    // A frame around an end is the label's ground.
+    // A node that holds an end of the link is a frame, on which the label may stand.
     void AddNode(const Node &node) {
         const QRectF box = node.ShownBounds();
         const auto holds = [&](const Node &end) { return &end != &node && box.contains(end.ShownBounds()); };
@@ -70,7 +65,7 @@ private:
     LabelGround ground_;
 };
 
-// By how far all of it has been moved; nothing where its form has changed.
+// By how much the route has been moved as a whole; nothing where its form has changed.
 std::optional<QPointF> MoveOf(const std::vector<QPointF> &before, const std::vector<QPointF> &now) {
     if (before.size() != now.size() || before.empty()) return std::nullopt;
     const QPointF way = now.front() - before.front();
@@ -160,7 +155,7 @@ LabelPlaces::Found LabelPlaces::FindPlace(const Link &link, const Route &route, 
     return found;
 }
 
-// A label that has not changed itself, only what is around it.
+// For a label around which something has changed, but not its own link.
 bool LabelPlaces::KeepsPlace(const Link &link, const Disturbance &what, const ItemsAround &nodes) const {
     if (!knowsRoutes_ || what.isTaken || what.freed.boxes.size() + what.freed.lines.size() > kMostFreed)
         return false;
@@ -211,7 +206,8 @@ std::set<ItemId> LabelPlaces::Waiting(Extent extent) const {
     return ids;
 }
 
-// Those whose rank has changed give others back their places, or take them.
+// Drops labels that are gone or hidden. A label whose rank has changed is looked at anew, and so are those
+// that have searched where it stands. As this may concern further labels, it goes on until nothing changes.
 void LabelPlaces::SettlePending(const Surface &surface, Extent extent) {
     for (bool again = true; again;) {
         again = false;

@@ -25,29 +25,29 @@ public:
     // Text, font or route may have changed, the link may be hidden or restacked: its label is looked at anew.
     void LinkChanged(const Link &link);
     void LinkRemoved(ItemId id);
-    // What stood in that box stands there no more: labels that looked there are looked at anew.
+    // What stood in that box is gone: labels that have searched there are looked at anew.
     void DisturbWhereFreed(const FloatBox &box);
     // A node stands elsewhere; null where it isn't seen. Labels that it touches now, or that looked where it
     // stood, are looked at anew.
     void NodeMoved(ItemId id, const FloatBox *before, const FloatBox *now);
-    // The same for the pieces of a link's route that it hadn't before, or has no more. `before` is where it
-    // stood, null if it wasn't seen; it counts as a whole where its route isn't remembered.
+    // The same for the pieces of a link's route that have come or gone. `before` is the link's former bounds,
+    // null if it wasn't seen; these count where the former route isn't remembered.
     void RouteChanged(const Link &link, const FloatBox *before);
-    // Most of what there is has been moved: labels whose links are as they were, elsewhere, go along; all are
-    // looked at anew when that is asked for.
+    // Most items have been moved: labels whose links have kept their form go along with them, and all labels
+    // are marked to be looked at anew.
     void Follow(const Surface &surface);
 
     // While something is dragged, labels of links that don't change themselves stay where they are: what is
     // done for each step of the drag must not take longer than the step, and what is looked at stays quiet. A
-    // label whose link is moved as a whole goes along.
-    // Afterwards they are looked at together, so that in the end the drag makes no difference.
+    // label whose link is moved as a whole goes along. Afterwards they are looked at together, so that in the
+    // end the drag makes no difference.
     enum class Extent { All, OfChangedLinks };
     bool IsUpToDate(Extent extent) const {
         return pending_.empty() &&
                (extent == Extent::OfChangedLinks || (disturbed_.empty() && moved_.IsEmpty()));
     }
-    // Places what must be looked at; tells the links whose labels stand elsewhere now. `nodes` are those
-    // around.
+    // Places the labels that must be looked at; calls `moved` for links whose labels stand elsewhere now.
+    // `nodes` finds nodes.
     void Update(const Surface &surface, const ItemsAround &nodes, Extent extent,
                 const std::function<void(Link &)> &moved);
     // Empty without one.
@@ -60,18 +60,18 @@ private:
     using Route = std::vector<QPointF>;
     struct Found {
         QRectF box;
-        LabelPlace place;             // without what it looked at
-        std::vector<FloatBox> looked; // nothing that goes elsewhere matters to it
+        LabelPlace place;             // without its areas
+        std::vector<FloatBox> looked; // these: what goes outside of them doesn't matter to the label
     };
     struct Placed : Found {
-        Route route;            // straight pieces, as when it was placed last
-        Rank rank;              // the same
-        bool isIndexed = false; // looked and box are in the indices
+        Route route;            // when it was placed last; straight pieces
+        Rank rank;              // when it was placed last
+        bool isIndexed = false; // whether `looked` and `box` are in the indices
     };
-    // What has happened around a label.
+    // What has happened around a label since it was placed.
     struct Disturbance {
-        bool isTaken = false; // or more than is worth remembering
-        LabelGround freed;
+        bool isTaken = false; // something came that touches it, or more has changed than is worth noting
+        LabelGround freed;    // what has gone where it has searched
         void Free(const QRectF &box);
         void Free(const QLineF &piece);
         void Add(const Disturbance &more);
@@ -83,8 +83,8 @@ private:
         friend bool operator==(const SeenRoute &, const SeenRoute &) = default;
     };
 
-    // What may stand elsewhere than when all labels were looked at last, and where that was. What comes and
-    // goes in between, while something is dragged, matters to no label.
+    // What has moved since all labels were looked at last: where it stood then, and where it stands now.
+    // Places in between, while something is dragged, matter to no label.
     struct Moved {
         struct Boxes {
             std::optional<FloatBox> before, now;
@@ -121,13 +121,13 @@ private:
     static Found MovedBy(const QPointF &way, Found found);
 
     std::unordered_map<ItemId, Placed> placed_;
-    bool knowsRoutes_ = false; // not while there are no labels, nor before a place is looked for
+    bool knowsRoutes_ = false; // routes_ and pieces_ are filled; not before a label looks for a place
     std::unordered_map<ItemId, SeenRoute> routes_;
     PieceGrid pieces_; // of the routes
     BoxIndex looked_, boxes_;
-    std::set<ItemId> pending_;                // changed themselves
-    std::map<ItemId, Disturbance> disturbed_; // by what has changed around them
-    Moved moved_;                             // what that isn't known of yet
+    std::set<ItemId> pending_;                // labels that have changed themselves
+    std::map<ItemId, Disturbance> disturbed_; // labels around which something has changed
+    Moved moved_; // what has moved; which labels that disturbs is still to be seen
 };
 
 } // namespace diagram

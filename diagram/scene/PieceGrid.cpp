@@ -9,7 +9,7 @@ namespace diagram {
 namespace {
 
 constexpr double kCell = 1500;     // twips
-constexpr int kFarthest = 1 << 14; // cells; what lies beyond is in the last ones
+constexpr int kFarthest = 1 << 14; // cells from the origin; what lies beyond is in the outermost ones
 
 int CellOf(double at) {
     return int(std::clamp(std::floor(at / kCell), -double(kFarthest), double(kFarthest)));

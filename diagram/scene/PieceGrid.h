@@ -1,4 +1,4 @@
-// Straight pieces of routes by place, in cells: asked many times for small areas, and pieces are long.
+// Straight pieces of routes by place, in cells of a grid: for many queries of small areas among long pieces.
 #pragma once
 
 #include "diagram/model/Item.h"
@@ -23,7 +23,7 @@ private:
     struct Piece {
         QLineF line;
         ItemId link = 0;
-        mutable std::uint32_t seen = 0; // by the question of that number
+        mutable std::uint32_t seen = 0; // the number of the last query that found it
     };
 
     static void ForCells(const QLineF &line, const auto &visit);

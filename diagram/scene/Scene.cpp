@@ -21,17 +21,19 @@ namespace diagram {
 
 namespace {
 
-constexpr std::size_t kMostAreas = 256; // more damage than that is everything
-constexpr std::size_t kFewItems = 64;
-constexpr std::size_t kMostLoose = 1024; // so many are looked through in no time
+constexpr std::size_t kMostAreas = 256; // with more damage everything is painted
+constexpr std::size_t kFewItems = 64;   // changed items that are always indexed one by one
+constexpr std::size_t kMostLoose = 1024;
 
-// Whose mark is painted while it can be selected, which is no change of its look.
+// A mark is painted only while the item can be selected, so that a change of Selectable, which counts as
+// Data, makes marked items look otherwise.
 bool IsMarked(const Item &item) { return item.AsNode() ? item.AsNode()->Marked() : item.AsLink()->Marked(); }
 
 } // namespace
 
-// What is known of each item stands in a slot by its identity, which are dense enough for that. An item that
-// moves leaves its tree for the list of loose ones: what moves once moves with every step of a drag.
+// What is known of each item stands at its identity in vectors: identities are dense enough. An item that
+// moves leaves its tree for a list of loose items, which is searched item by item: what has moved once will
+// move again with the next step of the drag, and the list is changed faster.
 struct Scene::State {
     enum Flag : std::uint8_t { kIndexed = 1, kDirty = 2, kLoose = 4 };
 
@@ -180,7 +182,7 @@ void Scene::State::BuildTree(const Surface &surface) {
     nodes.Build(ofNodes), links.Build(ofLinks);
 }
 
-// The labels look for their places among everything else.
+// The labels come last, as they look for their places among everything else.
 void Scene::State::Build(Surface &surface) {
     Forget();
     BuildTree(surface);
@@ -191,7 +193,7 @@ void Scene::State::Build(Surface &surface) {
     built = true;
 }
 
-// Everything anew but the labels.
+// Builds everything anew but the places of labels.
 void Scene::State::Follow(Surface &surface) {
     for (const ItemId id : std::exchange(dirty, {}))
         if (const Link *link = surface.FindLink(id)) labels.LinkChanged(*link);
@@ -229,7 +231,7 @@ void Scene::State::Reindex(Item &item) {
 }
 
 void Scene::State::UpdateItems(Surface &surface) {
-    // By position: routing, and so a new entry, may come from looking at an item.
+    // By position: looking at an item may route links, which adds to the list.
     for (std::size_t i = 0; i < dirty.size(); ++i) {
         const ItemId id = dirty[i];
         if (!Is(id, kDirty)) continue; // removed since
@@ -338,7 +340,7 @@ void Scene::ItemsIn(const QRectF &area, std::vector<Item *> &items) {
         std::sort(items.begin() + std::ptrdiff_t(start), items.end(), LiesBelow);
         return;
     }
-    // A large part of all: picked from the order that is there already.
+    // A large part of all items is picked from the order that is there already, without sorting.
     std::vector<bool> isFound(state_->flags.size());
     for (std::size_t i = start; i < items.size(); ++i) isFound[items[i]->Id()] = true;
     items.resize(start);

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "diagram/model/Calendar.h"
-#include "diagram/model/ChangeLog.h"
+#include "diagram/model/SurfaceObserver.h"
 
 #include <memory>
 #include <QPainterPath>
@@ -35,7 +35,8 @@ public:
 
     Surface &Model() const { return surface_; }
 
-    // The style of links that are drawn; kAutomaticStyle for the best one of each.
+    // The style that links get which the user draws on this surface; kAutomaticStyle for the best one of
+    // each.
     int StyleToDraw() const { return styleToDraw_; }
     void SetStyleToDraw(int style) { styleToDraw_ = style; }
 
@@ -45,14 +46,14 @@ public:
     QRectF Bounds(const Item &item);
     // Union of the bounds of everything that isn't hidden, and of the calendar; empty for an empty surface.
     QRectF Extent();
-    // Beside the strip of days; worked out when the strip has changed.
+    // What is drawn beside the strip of days; worked out anew when the strip has changed.
     const Calendar &TheCalendar();
     QPainterPath NodeOutline(const Node &node);
     // The line of the link as it is painted, without jumps and arrow heads: straight segments, or curves.
     QPainterPath LinkPath(const Link &link);
     // Where the label stands, on the line or beside it; empty without text.
     QRectF LabelBounds(const Link &link);
-    // Where one of that size would.
+    // Where a label of that size would stand.
     QRectF LabelPlace(const Link &link, const QSizeF &size);
     // Jumps of `link` in order along its route; empty for jump style 0.
     std::vector<Crossing> Crossings(const Link &link);
@@ -74,7 +75,7 @@ private:
     void Cleared() override;
     void NoteStrip(const Item &item, Change what);
 
-    struct State; // holds the R-tree
+    struct State; // the index, the labels and what is out of date
     Surface &surface_;
     std::unique_ptr<State> state_;
     int styleToDraw_ = 0;

@@ -1,5 +1,7 @@
 #include "diagram/shapes/Arrows.h"
 
+#include "diagram/geometry/Units.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -91,7 +93,7 @@ QPainterPath ManyOptional() {
     return path;
 }
 
-// Bars are seen from the tip under the angle that the name tells.
+// Seen from the tip, a bar spans the angle that the head's name tells.
 void AddBar(QPainterPath &path, double x, double half) { AddLine(path, {x, -half}, {x, half}); }
 
 QPainterPath One() {
@@ -182,8 +184,14 @@ const ArrowRow *FindArrow(int value) {
 
 double ArrowScale(int size, double drawWidth) {
     constexpr double kPixels[] = {10, 14, 20};
-    const double thick = std::max(drawWidth, 1.0) - 1;
-    return 15 * (kPixels[std::clamp(size, 0, 2)] + 3.5 * thick);
+    constexpr double kForWidth = 3.5; // pixels more for each pixel of width beyond the first
+    const double beyond = std::max(drawWidth, 1.0) - 1;
+    return kTwipsPerPixel * (kPixels[std::clamp(size, 0, 2)] + kForWidth * beyond);
+}
+
+double HeadLength(int arrow, int size, double drawWidth) {
+    const ArrowRow *row = FindArrow(arrow);
+    return row && row->path ? ArrowScale(size, drawWidth) * std::max(1.0, row->eats) : 0;
 }
 
 } // namespace diagram

@@ -11,10 +11,10 @@
 namespace diagram {
 
 enum class ArrowFill : unsigned char {
-    None,
-    Line,
-    Paper
-}; // strokes only, filled in the line's colour, filled in the back colour
+    None, // strokes only
+    Line, // in the line's colour
+    Paper // in the surface's back colour
+};
 
 struct ArrowRow {
     int value;              // stored value
@@ -31,5 +31,7 @@ const ArrowRow *FindArrow(int value);
 
 // Length of the unit frame in twips for a size (0 small, 1 medium, 2 big) and a line width in pixels.
 double ArrowScale(int size, double drawWidth);
+// Twips of a line that such a head takes up: at least the unit frame, and what it replaces; 0 for no head.
+double HeadLength(int arrow, int size, double drawWidth);
 
 } // namespace diagram

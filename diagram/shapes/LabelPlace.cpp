@@ -13,15 +13,15 @@ namespace diagram {
 namespace {
 
 constexpr double kEndless = std::numeric_limits<double>::infinity();
-constexpr double kLineGap = 20;        // between a label and a line
-constexpr double kHeadWidth = 1 / 3.0; // to either side of the line, by its length
-constexpr double kInSight = 120;       // of a segment to either side of a label
-constexpr double kStep = 150;          // between two places looked at, at least
+constexpr double kLineGap = 20;        // twips between a label and a line
+constexpr double kHeadWidth = 1 / 3.0; // of an arrow head to either side of its line, by its length
+constexpr double kInSight = 120;       // twips of a segment that stay in sight to either side of a label
+constexpr double kStep = 150;          // twips between two places that are tried, at least
 constexpr int kMostSteps = 16;         // to either side of the middle of a segment
 
-// What a place costs.
-constexpr double kCovered = 1000; // a node, or another label, altogether
-constexpr double kTouched = 300;  // the same, a little
+// What a place costs that covers, touches or is one of these.
+constexpr double kCovered = 1000; // a node or another label, altogether
+constexpr double kTouched = 300;  // the same, only just
 constexpr double kOnHead = 300, kOnBend = 120;
 constexpr double kOnLine = 80, kOnManyLines = 240;
 constexpr double kPastLine = 120; // so that the label seems to be the other link's
@@ -43,7 +43,7 @@ double Gap(const LabelRequest &request) {
     return std::max(kLabelGap, head * kHeadWidth + kLineGap);
 }
 
-// Faster than QRectF's own, which thinks of negative sizes. What has no inside touches nothing.
+// Faster than QRectF::intersects, which allows for negative sizes. A `b` without an inside touches nothing.
 bool Touch(const QRectF &a, const QRectF &b) {
     return b.width() > 0 && b.height() > 0 && a.left() < b.right() && b.left() < a.right() &&
            a.top() < b.bottom() && b.top() < a.bottom();
@@ -54,14 +54,14 @@ bool Holds(const QRectF &box, const QPointF &point) {
            point.y() <= box.bottom();
 }
 
-// Of lines most are too far away to be compared closely.
+// Compares the bounds first, as most lines are far away.
 bool Crosses(const QLineF &line, const QRectF &box) {
     return std::min(line.x1(), line.x2()) < box.right() && std::max(line.x1(), line.x2()) > box.left() &&
            std::min(line.y1(), line.y2()) < box.bottom() && std::max(line.y1(), line.y2()) > box.top() &&
            RunsThrough(box, line.p1(), line.p2());
 }
 
-// QRectF's own takes nothing for a place.
+// QRectF::united leaves out rectangles without width and height.
 QRectF United(const QRectF &a, const QRectF &b) {
     const QPointF low(std::min(a.left(), b.left()), std::min(a.top(), b.top()));
     return {low, QPointF(std::max(a.right(), b.right()), std::max(a.bottom(), b.bottom()))};
@@ -72,8 +72,7 @@ double Share(const QRectF &box, const QRectF &of) {
     return both.isEmpty() ? 0 : both.width() * both.height() / (of.width() * of.height());
 }
 
-// A stretch of the route without bends: a segment, or a whole curve. Labels stand on it, or to its left or
-// right.
+// A stretch of the route without bends: a segment, or a whole curve. Labels stand on it, or beside it.
 struct Stretch {
     double start, length;    // along the route
     std::size_t first, last; // its pieces
@@ -89,8 +88,8 @@ struct Stretch {
 // A row of places along a stretch.
 struct Row {
     const Stretch *stretch;
-    int side;     // -1, 0, 1
-    double least; // that a place costs in it, whatever is around
+    int side;     // 0 on the line, 1 to the left in the direction of the route, -1 to the right
+    double least; // what the cheapest of its places costs with nothing around
 };
 
 struct Place {
@@ -117,7 +116,7 @@ public:
         return {best_.middle, best_.cost, Looked(room)};
     }
 
-    // Another place can only have become as good where something was freed.
+    // Only places where something was freed can have become as good as this one.
     bool Keeps(const LabelPlace &place, const LabelGround &freed) const {
         const RoutePlace middle = PlaceOnRoute(request_.route, length_ / 2);
         if (Touches(freed, place.middle) || (Touches(freed, middle.point) && IsFree(middle))) return false;
@@ -171,7 +170,7 @@ private:
         return {along, unease + (IsShort(stretch, direction) ? kOnShort : 0), unease + kBeside};
     }
 
-    // What surely costs least first, as much of the others needn't be looked at then.
+    // Rows whose cheapest place costs least first: of the others few places can still be better then.
     void Look(std::initializer_list<int> sides) {
         std::vector<Row> rows;
         for (const Stretch &stretch : stretches_)
@@ -264,7 +263,7 @@ private:
     }
     QRectF RoomAt(const QPointF &middle) const { return Grown(BoxAt(middle, request_.size), kLabelGap); }
 
-    // Of the places in the row that cost less, as far as that is known; nothing without one.
+    // The area of all places in the row that cost less than that with nothing around; nothing without one.
     std::optional<QRectF> AreaOf(const Stretch &stretch, int side, double below) const {
         std::optional<QRectF> area;
         const auto add = [&](double along) {
@@ -280,7 +279,7 @@ private:
         if (!request_.curved && low <= high) add(low), add(high);
         return area;
     }
-    // Where places could have been as good as the best.
+    // The areas of all places that could have been as good as the best.
     std::vector<QRectF> Looked(const QRectF &middle) const {
         const double below = std::nextafter(best_.cost, kEndless);
         std::vector<QRectF> looked{middle};
@@ -333,10 +332,6 @@ private:
 };
 
 } // namespace
-
-QPointF MiddleOfRoute(std::span<const QPointF> route) {
-    return PlaceOnRoute(route, RouteLength(route) / 2).point;
-}
 
 LabelPlace PlaceLabel(const LabelRequest &request, const LabelGrounds &grounds) {
     return Search(request, grounds).Find();

@@ -22,28 +22,26 @@ struct LabelGround {
     std::vector<QRectF> boxes = {}; // nodes and other labels, which it must not cover
     std::vector<QLineF> lines = {}; // other links, which it had better not cover
 };
-// What touches an area; it may say more.
+// Gives at least what touches an area.
 using LabelGrounds = std::function<LabelGround(const QRectF &area)>;
 
-constexpr double kLabelGap = 45; // between a label and what it must not cover
+constexpr double kLabelGap = 45; // twips between a label and what it must not cover
 
 struct LabelPlace {
     QPointF middle;
     double cost = 0; // 0 where nothing speaks against it
-    // What goes elsewhere changes nothing. What comes changes nothing unless it comes nearer than the gap.
+    // The areas that were searched. What goes away outside of them doesn't change the place. What comes does
+    // so only if it comes nearer to the label than the gap.
     std::vector<QRectF> looked;
 };
-
-QPointF MiddleOfRoute(std::span<const QPointF> route);
 
 // The middle of the label: that of the route where it is free there; else a free place on the line, rather in
 // the middle of a segment that is long enough; else one beside the line. Where all are taken, the one that
 // covers least.
 LabelPlace PlaceLabel(const LabelRequest &request, const LabelGrounds &grounds);
 
-// Whether the label surely stays where `PlaceLabel` put it for the same request, now that what `freed` holds
-// is gone; besides, things may have come that don't touch the label. Much less work than finding that out
-// anew.
+// Whether `PlaceLabel` would certainly give the same place for the same request, now that what `freed` holds
+// is gone; other things may have come, but none that touches the label. Much faster than asking it.
 bool KeepsPlace(const LabelRequest &request, const LabelPlace &place, const LabelGround &freed,
                 const LabelGrounds &grounds);
 

@@ -56,6 +56,15 @@ const LinkStyleRow *FindLinkStyle(int value) {
     return value >= 0 && value <= LastLinkStyle() ? &kLinkStyles[std::size_t(value)] : nullptr;
 }
 
+bool HasForm(int style, LinkForm form) {
+    const LinkStyleRow *row = FindLinkStyle(style);
+    return row && row->form == form;
+}
+
+bool HasFreeBends(int style) {
+    return HasForm(style, LinkForm::Polyline) || HasForm(style, LinkForm::Spline);
+}
+
 int RoutedPointCount(int style) {
     const LinkStyleRow *row = FindLinkStyle(style);
     if (!row) return 2;

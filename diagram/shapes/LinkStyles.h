@@ -19,6 +19,11 @@ std::span<const LinkStyleRow> LinkStyleTable(); // the position in it is the val
 int LastLinkStyle();
 const LinkStyleRow *FindLinkStyle(int value);
 
+// Whether there is such a style, and it has that form.
+bool HasForm(int style, LinkForm form);
+// Whether single bends can be added to links of that style and taken away.
+bool HasFreeBends(int style);
+
 // Number of points, ends included, that the router gives a link of that style: directions + 1, 4 for Bezier,
 // 2 for the others with nothing in their way (a spline bends where the user bends it).
 int RoutedPointCount(int style);

@@ -1,4 +1,4 @@
-// Sizes of what is painted beside the forms of the tables, in twips: painting and bounds use the same.
+// Sizes, in twips, of what is painted besides the forms of the tables. Painting and bounds go by them.
 #pragma once
 
 #include "diagram/geometry/Units.h"
@@ -8,7 +8,7 @@
 namespace diagram {
 
 constexpr double kShadowOffset = 75; // of a shadow, both ways
-// Right or left, below or above, by the value of the shadow table.
+// The direction in which a shadow falls, by the value of the shadow table.
 constexpr QPointF kShadowWays[] = {{0, 0}, {1, 1}, {1, -1}, {-1, -1}, {-1, 1}};
 constexpr double kJumpRadius = 75;   // of the arch over a crossing, half of the break
 constexpr double kLabelPadding = 30; // around the text of a link

@@ -23,8 +23,8 @@ bool IsStair(const Track &track, std::string_view directions, std::size_t step) 
     return one * other > 0 && std::abs(Along(track, step + 1, !level)) > kNoLength;
 }
 
-// Its own nodes are met by what comes so near that the piece between is hidden by an arrow head, or looks
-// like a slip.
+// Whether a piece comes so near to a node of the link that what lies between is hidden by an arrow head, or
+// looks like a slip.
 bool MeetsEnd(const RouteEnd &end, const QPointF &from, const QPointF &to) {
     return Meets(end.box, from, to, std::max(kClearance / 2, end.head + kHeadRoom));
 }
@@ -45,7 +45,7 @@ double CommonLane(const Coordinates &lanes, std::string_view directions, std::si
     return step + 3 == directions.size() ? lanes[step + 2] : (lanes[step] + lanes[step + 2]) / 2;
 }
 
-// Puts the segment there, and what goes on with it in one line.
+// Puts the segment onto that lane, and with it the segments that lie on one line with it.
 void Put(std::size_t segment, double lane, std::size_t count, Coordinates &lanes) {
     std::size_t first = segment, last = segment;
     while (first >= 2 && lanes[first - 2] == lanes[first]) first -= 2;
@@ -72,7 +72,7 @@ bool MeetsNoMore(const RouteRequest &request, const Track &before, const Track &
 }
 
 Coordinates WithFewestBends(const RouteRequest &request, std::string_view directions, Coordinates lanes) {
-    if (directions.size() < 4) return lanes; // they have jogs at most
+    if (directions.size() < 4) return lanes; // too few for stairs
     Track track = TrackOf(request, directions, lanes);
     const std::size_t endsMet = CountEndsMet(request, track);
     for (const std::size_t step : StepsOf(directions.size())) {

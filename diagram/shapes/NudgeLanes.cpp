@@ -11,9 +11,9 @@ namespace diagram {
 namespace {
 
 constexpr double kJog = 300;     // twips; a jog that is no wider looks like a slip
-constexpr double kSameBus = 225; // twips; branches of a tree that near to each other leave the trunk together
+constexpr double kSameBus = 225; // twips; branches that near to each other leave the trunk at one place
 
-// Joins runs to lanes, as long as there is room in common.
+// Joins runs to lanes where their rooms have a part in common. A lane is known by its first run.
 class Joiner {
 public:
     explicit Joiner(std::vector<Span> rooms) : rooms_(std::move(rooms)), parents_(rooms_.size()) {
@@ -97,7 +97,7 @@ private:
         }
     }
 
-    // The second runs of a tree, where they lie nearly on a line.
+    // The second runs of the links of one trunk, where they lie nearly on a line.
     void JoinBuses() {
         std::map<Trunk, std::vector<std::size_t>> buses;
         for (std::size_t i = 0; i < runs_.size(); ++i) {
@@ -121,7 +121,8 @@ private:
         }
     }
 
-    // A trunk lies where its node wants it.
+    // The wish of a lane of several links is that of their ends at the source; of one link, that of its ends;
+    // without ends, that of all its runs.
     void SetWish(NudgeLane &lane) const {
         const bool shared =
             std::ranges::any_of(lane.runs, [&](const Run *run) { return run->route != lane.runs[0]->route; });

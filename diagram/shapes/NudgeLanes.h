@@ -1,31 +1,22 @@
-// Which runs share a lane, and in which order lanes lie.
+// Which runs share a lane.
 #pragma once
 
 #include "diagram/shapes/NudgeRuns.h"
 
 namespace diagram {
 
-// Runs that lie on one line: alone, or as the trunk of a tree, or on both sides of a jog that is drawn
-// straight.
+// Runs that lie on one line: a single one, the common trunk of links from one node, or the two sides of a
+// small jog that is drawn straight.
 struct NudgeLane {
     std::vector<const Run *> runs;
-    Span room{};
-    double at = 0, wish = 0;
+    Span room{};     // where it may lie
+    double at = 0;   // where it lies
+    double wish = 0; // where it would best lie if there were no others
     bool IsFixed() const { return room.low == room.high; }
 };
 
-// Of the runs of one direction. The runs stay where they are.
+// The lanes of all runs of one direction. Moves nothing; the lanes point to the runs of `routes`.
 std::vector<NudgeLane> LanesOf(std::span<const NudgedLink> links, const std::vector<NudgedRoute> &routes,
                                bool level);
-
-// Of two lanes that come near to each other the first is to lie lower.
-struct LanePair {
-    std::size_t before, after;
-};
-std::vector<LanePair> OrderPairs(std::span<const NudgedLink> links, const std::vector<NudgedRoute> &routes,
-                                 const std::vector<NudgeLane> &lanes);
-
-// All lanes, so that as many pairs as possible are in order.
-std::vector<std::size_t> OrderLanes(const std::vector<NudgeLane> &lanes, const std::vector<LanePair> &pairs);
 
 } // namespace diagram

@@ -1,4 +1,4 @@
-#include "diagram/shapes/NudgeLanes.h"
+#include "diagram/shapes/NudgeOrder.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,10 +8,10 @@ namespace diagram {
 
 namespace {
 
-constexpr double kTouch = 60;       // twips; routes that end that near before each other lie on one line
-constexpr double kSameWay = 75;     // twips that runs of one way, or tree, may lie beside each other
+constexpr double kTouch = 60;       // twips between the ends of two runs that count as beside each other
+constexpr double kSameTree = 75;    // twips that runs of one route or tree may share without counting so
 constexpr double kOneChannel = 450; // twips; lanes farther from each other stay in their order
-constexpr double kSamePlace = 1;
+constexpr double kSamePlace = 1;    // twips
 
 class PairFinder {
 public:
@@ -51,7 +51,7 @@ private:
     }
     bool AreBeside(const Run &run, const Run &other) const {
         const double shared = std::min(run.High(), other.High()) - std::max(run.Low(), other.Low());
-        return shared > (AreOfOneTree(run, other) ? kSameWay : -kTouch);
+        return shared > (AreOfOneTree(run, other) ? kSameTree : -kTouch);
     }
     bool AreOfOneTree(const Run &run, const Run &other) const {
         if (run.route == other.route) return true;
@@ -83,7 +83,8 @@ private:
     const std::vector<NudgeLane> &lanes_;
 };
 
-// Takes what nothing unplaced must come before, from the lowest; of a ring of pairs the lowest.
+// Topological sorting: takes the lowest of the lanes that wait for no other one; where all do, as pairs form
+// a ring, the lowest of all.
 class LaneSorter {
 public:
     LaneSorter(const std::vector<NudgeLane> &lanes, const std::vector<LanePair> &pairs)
@@ -125,7 +126,7 @@ private:
 
     const std::vector<NudgeLane> &lanes_;
     std::vector<std::vector<std::size_t>> after_;
-    std::vector<int> waits_; // for so many lanes
+    std::vector<int> waits_; // how many lanes must be placed before each
     std::vector<bool> placed_;
     std::priority_queue<Key, std::vector<Key>, std::greater<>> ready_;
     std::vector<std::size_t> order_;

@@ -14,6 +14,7 @@ constexpr double kSameEnd = 8; // twips; routes that turn that near to each othe
 constexpr double kNoRun = 0.5; // twips; nobody sees a shorter one
 constexpr int kFarthest = 8;   // runs after which nobody sees that two routes part
 
+// Whether an end of the route may lie within a box, so that it can't be moved along a side.
 bool HasInnerEnds(const NudgedLink &link, const std::vector<QPointF> &points) {
     const auto isShort = [](const QPointF &a, const QPointF &b) {
         return std::abs(a.x() - b.x()) + std::abs(a.y() - b.y()) < kNoRun;
@@ -57,7 +58,7 @@ void AddSegment(std::size_t segment, const QPointF &from, const QPointF &to, std
     runs.push_back(run);
 }
 
-// How near to the box of an end the route may come elsewhere.
+// How near runs that don't end at this node may come to it.
 double Clearance(const RouteEnd &end) { return std::max(kClear, end.head > 0 ? end.head + kHeadRoom : 0); }
 
 // The room that is left beside a box.
@@ -82,7 +83,7 @@ void Intersect(const Span &other, Span &room) {
     room.low = std::max(room.low, other.low), room.high = std::min(room.high, other.high);
 }
 
-// A route walked along from one of its runs on.
+// Walks along a route from one of its runs on; both directions of the route can be walked.
 class Walker {
 public:
     Walker(const NudgedRoute &route, const Run &run, bool toHigher)
@@ -177,7 +178,7 @@ double WishOf(const NudgedLink &link, const Run &run) {
 int Turning(const std::vector<NudgedRoute> &routes, const Run &one, const Run &other, bool toHigher) {
     const int right =
         Parting(Walker(routes[one.route], one, toHigher), Walker(routes[other.route], other, toHigher));
-    // To the right of what goes to the right lies what is lower down, of what goes down what is to the left.
+    // Right of a walk to the right are higher coordinates, right of a walk downwards are lower ones.
     return one.level == toHigher ? right : -right;
 }
 

@@ -1,4 +1,4 @@
-// Routes as the eye sees them: stretches between bends, whatever segments the style names.
+// Routes as they look: runs between bends that can be seen, however many segments the style has.
 #pragma once
 
 #include "diagram/shapes/Nudging.h"
@@ -19,13 +19,14 @@ struct Run {
 };
 
 struct NudgedRoute {
-    std::string_view directions; // empty for one that stays
+    std::string_view directions; // empty for one that isn't nudged
     Coordinates lanes{};
     std::vector<Run> runs; // without those of no length
 };
 
+// The link's route with its lanes, still without runs; without directions where it can't be nudged.
 NudgedRoute WorkOn(const NudgedLink &link);
-// Anew from the lanes.
+// Finds the runs of the route, number `position` among all, by its lanes.
 void FindRuns(const NudgedLink &link, std::size_t position, NudgedRoute &route);
 
 // Where a run may lie without meeting a box, seen from where it is; ends keep to their side of the node.

@@ -12,10 +12,11 @@ constexpr int kMostRounds = 12; // of shrinking what doesn't fit
 constexpr double kLetGo = -std::numeric_limits<double>::infinity();
 constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
 
-// What each place has before and behind it.
+// The distances from each place to those before it and those behind it.
 class Neighbours {
 public:
-    Neighbours(std::size_t count, const std::vector<Distance> &distances) : before_(count), after_(count) {
+    Neighbours(std::size_t count, const std::vector<PlaceDistance> &distances)
+        : before_(count), after_(count) {
         for (std::size_t i = 0; i < distances.size(); ++i) {
             before_[distances[i].after].push_back(i);
             after_[distances[i].before].push_back(i);
@@ -30,11 +31,11 @@ private:
 
 class Spacing {
 public:
-    Spacing(std::span<const Place> places, std::vector<Distance> distances)
+    Spacing(std::span<const WishedPlace> places, std::vector<PlaceDistance> distances)
         : places_(places), distances_(std::move(distances)), neighbours_(places.size(), distances_) {}
 
-    // Pushed upwards only, and downwards only; what lies between two right answers is right as well, and
-    // even.
+    // Places that are pushed upwards only keep all distances, and so do places that are pushed downwards
+    // only. The means of both keep them as well, and lie evenly around the wishes.
     std::vector<double> Run() {
         for (int round = 0; round < kMostRounds && !FindLowest(); ++round) continue;
         FindHighest();
@@ -46,7 +47,7 @@ public:
     }
 
 private:
-    // False when distances had to shrink: then the answer may be higher than need be.
+    // False when distances had to shrink: then places found before may lie higher than they need to.
     bool FindLowest() {
         lowest_.resize(places_.size());
         pusher_.assign(places_.size(), kNone);
@@ -121,16 +122,16 @@ private:
         return at;
     }
 
-    std::span<const Place> places_;
-    std::vector<Distance> distances_;
+    std::span<const WishedPlace> places_;
+    std::vector<PlaceDistance> distances_;
     Neighbours neighbours_;
     std::vector<double> lowest_, highest_; // that leave room for the others
-    std::vector<std::size_t> pusher_;      // the distance that makes a place lie as high as it must
+    std::vector<std::size_t> pusher_;      // of each place, the distance that decides its lowest value
 };
 
 } // namespace
 
-std::vector<double> SpaceOut(std::span<const Place> places, std::vector<Distance> distances) {
+std::vector<double> SpaceOut(std::span<const WishedPlace> places, std::vector<PlaceDistance> distances) {
     return Spacing(places, std::move(distances)).Run();
 }
 

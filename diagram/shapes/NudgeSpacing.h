@@ -7,18 +7,18 @@
 
 namespace diagram {
 
-struct Place {
+struct WishedPlace {
     double wish, low, high; // low <= high
 };
 
-// `before` is to lie that much lower than `after`, a place further behind in the order.
-struct Distance {
+// `before` is to lie at least `apart` lower than `after`, which stands further behind in the order.
+struct PlaceDistance {
     std::size_t before, after;
     double apart;
 };
 
-// Each place within its limits. Where there is no room for all of a row, its distances shrink evenly; what
-// can't be had at all is let go.
-std::vector<double> SpaceOut(std::span<const Place> places, std::vector<Distance> distances);
+// Each place within its limits. Where there is no room for all distances of a row, they shrink evenly; a
+// distance that the limits rule out altogether is dropped.
+std::vector<double> SpaceOut(std::span<const WishedPlace> places, std::vector<PlaceDistance> distances);
 
 } // namespace diagram

@@ -1,7 +1,7 @@
 #include "diagram/shapes/Nudging.h"
 
 #include "diagram/shapes/NudgeBends.h"
-#include "diagram/shapes/NudgeLanes.h"
+#include "diagram/shapes/NudgeOrder.h"
 #include "diagram/shapes/NudgeSpacing.h"
 #include "diagram/shapes/RouterOrthogonal.h"
 
@@ -11,7 +11,7 @@ namespace diagram {
 
 namespace {
 
-constexpr int kRounds = 2;
+constexpr int kRounds = 2;   // of the upright lanes and the level ones
 constexpr double kMoved = 1; // twips; less isn't worth a change
 
 class Nudger {
@@ -23,7 +23,8 @@ public:
     }
 
     std::vector<std::vector<Point>> Run() {
-        for (int i = 0; i < 2 * kRounds; ++i) MoveLanes(i % 2 == 1);
+        for (int i = 0; i < kRounds; ++i)
+            for (const bool level : {false, true}) MoveLanes(level);
         std::vector<std::vector<Point>> result;
         for (std::size_t i = 0; i < links_.size(); ++i) result.push_back(RouteOf(i));
         return result;
@@ -42,14 +43,14 @@ private:
 
     static std::vector<double> Space(const std::vector<NudgeLane> &lanes, const std::vector<LanePair> &pairs,
                                      const std::vector<std::size_t> &order) {
-        std::vector<Place> places;
+        std::vector<WishedPlace> places;
         std::vector<std::size_t> ranks(order.size());
         for (std::size_t i = 0; i < order.size(); ++i) {
             const NudgeLane &lane = lanes[order[i]];
             places.push_back({lane.wish, lane.room.low, lane.room.high});
             ranks[order[i]] = i;
         }
-        std::vector<Distance> distances;
+        std::vector<PlaceDistance> distances;
         for (const LanePair &pair : pairs) {
             const auto [before, after] = std::minmax(ranks[pair.before], ranks[pair.after]);
             distances.push_back({before, after, kApart});

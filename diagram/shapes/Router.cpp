@@ -14,6 +14,7 @@ namespace diagram {
 namespace {
 
 constexpr double kShortestTangent = 300; // twips
+constexpr double kShareForAsides = 0.35; // of a box's shorter side, to either side of its middle
 
 bool HasKeptBends(const RouteRequest &request) { return request.keepBends && request.old.size() > 2; }
 
@@ -28,7 +29,7 @@ std::vector<Point> KeepBends(const RouteRequest &request) {
 // The distance aside that fits into both boxes.
 double FittingAside(const RouteRequest &request) {
     const QRectF &a = request.source.box, &b = request.destination.box;
-    const double room = 0.35 * std::min({a.width(), a.height(), b.width(), b.height()});
+    const double room = kShareForAsides * std::min({a.width(), a.height(), b.width(), b.height()});
     return request.aside * std::min(1.0, room / std::max(request.mostAside, 1.0));
 }
 
@@ -50,22 +51,24 @@ std::vector<Point> RoutePolyline(const RouteRequest &request) {
     return RoundObstacles(request, RouteStraight(request));
 }
 
+// Drawn out so far that the curve passes the corner of the box.
+std::vector<Point> BezierLoop(const RouteRequest &request) {
+    const std::vector<Point> loop = CornerLoop(request);
+    const auto reach = [&](float out, double size) {
+        const double past = size * 2 / 3 + kNearness - out;
+        return float(std::max({double(out), past, 0.0}) + 2 * request.aside);
+    };
+    return {loop[0],
+            {loop[1].x + reach(loop[1].x - loop[0].x, request.source.box.width()), loop[1].y},
+            {loop[3].x, loop[3].y - reach(loop[4].y - loop[3].y, request.source.box.height())},
+            loop[4]};
+}
+
 // Leaves and arrives level when the boxes lie more beside than above each other, upright otherwise.
 std::vector<Point> RouteBezier(const RouteRequest &request) {
     if (HasKeptBends(request) && request.old.size() == 4) return KeepBends(request);
+    if (request.sameNode) return BezierLoop(request);
     const QRectF &from = request.source.box, &to = request.destination.box;
-    if (request.sameNode) {
-        const std::vector<Point> loop = CornerLoop(request);
-        // So far out that the curve passes the corner of the box.
-        const auto reach = [&](float out, double size) {
-            const double past = size * 2 / 3 + kNearness - out;
-            return float(std::max({double(out), past, 0.0}) + 2 * request.aside);
-        };
-        return {loop[0],
-                {loop[1].x + reach(loop[1].x - loop[0].x, request.source.box.width()), loop[1].y},
-                {loop[3].x, loop[3].y - reach(loop[4].y - loop[3].y, request.source.box.height())},
-                loop[4]};
-    }
     const QPointF way = to.center() - from.center();
     const double besides = std::abs(way.x()) - (from.width() + to.width()) / 2;
     const double above = std::abs(way.y()) - (from.height() + to.height()) / 2;

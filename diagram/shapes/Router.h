@@ -28,9 +28,10 @@ struct RouteRequest {
     // How far beside the route that it would have alone the link is to lie, so that links between the same
     // two nodes stay apart: twips to the left as seen from the source. A loop lies that much further out.
     double aside = 0;
-    // The same of the outermost of them; where room is short, all come nearer evenly.
+    // The `aside` of the outermost of these links, 0 for a link alone; where room is short, all come nearer
+    // evenly.
     double mostAside = 0;
-    // It runs against the first of them.
+    // Of two directions between the same nodes, the one that is laid out as if it were the other.
     bool backwards = false;
 };
 
@@ -42,8 +43,8 @@ struct RouteRequest {
 std::vector<Point> FindRoute(const RouteRequest &request);
 
 // The route `points` with the point at `position` moved. Of an orthogonal style the two segments there move
-// with it, so that they stay horizontal or vertical; the first and the last point are then for Route to put
-// back on the outlines.
+// with it, so that they stay horizontal or vertical; FindRoute then puts the first and the last point back on
+// the outlines.
 std::vector<Point> WithBendMoved(int style, std::vector<Point> points, int position, const Point &point);
 
 } // namespace diagram

@@ -1,5 +1,6 @@
 #include "diagram/shapes/RouterAvoid.h"
 
+#include "diagram/shapes/KnownBoxes.h"
 #include "diagram/shapes/RouterGrid.h"
 #include "diagram/shapes/RouterSearch.h"
 
@@ -10,26 +11,11 @@ namespace diagram {
 
 namespace {
 
-constexpr int kMostRounds = 16;
-constexpr int kBlockedRounds = 2;      // that are worth it for running into fewer boxes
+constexpr int kMostRounds = 16;        // of searching among ever more boxes
+constexpr int kBlockedRounds = 2;      // more of them, once it is known that no route is free
 constexpr std::size_t kFew = 12;       // boxes that are told apart by comparing each with each
-constexpr std::size_t kMostBoxes = 64; // more aren't gone round at once
-constexpr double kRanksLookedAt[] = {-1, -0.5, 0, 0.5, 1}; // of links side by side, for all of them
-
-bool IsBefore(const QRectF &a, const QRectF &b) {
-    if (a.left() != b.left()) return a.left() < b.left();
-    if (a.top() != b.top()) return a.top() < b.top();
-    if (a.width() != b.width()) return a.width() < b.width();
-    return a.height() < b.height();
-}
-
-// Puts the box in its place; false when it is there.
-bool AddTo(std::vector<QRectF> &sorted, const QRectF &box) {
-    const auto place = std::ranges::lower_bound(sorted, box, IsBefore);
-    if (place != sorted.end() && !IsBefore(box, *place)) return false;
-    sorted.insert(place, box);
-    return true;
-}
+constexpr std::size_t kMostBoxes = 64; // with more known ones the search is given up
+constexpr double kRanksTried[] = {-1, -0.5, 0, 0.5, 1}; // that stand for all links side by side
 
 bool IsUnderHead(const RouteEnd &end, const QPointF &tip, const QPointF &bend) {
     return end.head > 0 && std::abs(tip.x() - bend.x()) + std::abs(tip.y() - bend.y()) < end.head + kHeadRoom;
@@ -38,13 +24,6 @@ bool IsUnderHead(const RouteEnd &end, const QPointF &tip, const QPointF &bend) {
 bool HidesBend(const RouteRequest &request, const Track &track) {
     return IsUnderHead(request.source, track.points[0], track.points[1]) ||
            IsUnderHead(request.destination, track.points[track.count - 1], track.points[track.count - 2]);
-}
-
-// Adds what isn't known yet; false when there is nothing of that.
-bool Learn(const std::vector<QRectF> &boxes, std::vector<QRectF> &known) {
-    bool any = false;
-    for (const QRectF &box : boxes) any |= AddTo(known, box);
-    return any;
 }
 
 // The routes of all links between the two nodes, as lanes beside those that one alone would take.
@@ -58,8 +37,8 @@ public:
           met_(CountMet(request, track_, 0)),
           hides_(HidesBend(request, track_)) {}
 
-    // Segments that are moved alone may be free where all of them together aren't: then all links come
-    // nearer.
+    // Rooms are found segment by segment. Where all segments moved together aren't free, all links come
+    // nearer to each other.
     Coordinates Aside() const {
         const Rooms rooms = FindRooms();
         for (double share = 1; share > 0.1; share /= 2)
@@ -68,7 +47,7 @@ public:
     }
 
 private:
-    // Between what distances from its lane each segment may lie.
+    // How far from its lane each segment may lie, to the lower and to the higher side.
     using Rooms = std::array<Span, kMostSegments>;
 
     double MostAside() const { return std::max(request_.mostAside, 1.0); }
@@ -93,7 +72,7 @@ private:
     bool AreFree(const Rooms &rooms, double share) const {
         const double own = request_.aside / MostAside();
         const auto isFree = [&](double rank) { return IsFree(At(rooms, rank, share)); };
-        return isFree(own) && std::ranges::all_of(kRanksLookedAt, isFree);
+        return isFree(own) && std::ranges::all_of(kRanksTried, isFree);
     }
 
     // 1 when the left of the segment of a track lies at higher coordinates, -1 at lower; 0 without length.
@@ -144,7 +123,7 @@ private:
                     return false;
             }
         }
-        // One box more or less is nothing to a route that runs through so many.
+        // A route that runs through many boxes anyway may run through one more.
         return met_ > kFew || CountMet(request_, track, 0, met_) <= met_;
     }
 
@@ -166,7 +145,7 @@ std::vector<QRectF> BoxesMet(const RouteRequest &request, const Track &track, do
         near.clear();
         request.obstacles->In(Neighbourhood(from, to, nearness), near);
         for (const QRectF &box : near)
-            if (Meets(box, from, to, nearness)) AddTo(met, box);
+            if (Meets(box, from, to, nearness)) AddBox(met, box);
     }
     return met;
 }

@@ -10,7 +10,7 @@ namespace diagram {
 
 namespace {
 
-constexpr double kHaste = 1.3;
+constexpr double kHaste = 1.3; // see haste_
 
 double Length(const QPointF &a, const QPointF &b) {
     const double x = b.x() - a.x(), y = b.y() - a.y();
@@ -30,7 +30,7 @@ public:
           reach_(std::abs(half_.x()), std::abs(half_.y())) {}
 
     bool RunsThrough(const Box &box) const {
-        // Without branches: which of the three fails first can't be foretold.
+        // Without branches, as these couldn't be predicted.
         const double x = box.middle.x() - middle_.x(), y = box.middle.y() - middle_.y();
         const bool sideways = std::abs(x) < box.half.x() + reach_.x();
         const bool upright = std::abs(y) < box.half.y() + reach_.y();
@@ -80,18 +80,17 @@ void Detour::Prepare(const std::vector<QRectF> &boxes, double margin) {
     }
 }
 
-// What promises most is looked at first, and only then whether it is free. Whoever doesn't see the end bends
-// once more at least.
+// The most promising leg is taken first, and only then is it found out whether it is free.
 bool Detour::AlongCorners(double most) {
     Settle(kStart, kStart, most);
     while (!legs_.empty()) {
         std::ranges::pop_heap(legs_, std::greater());
         const Leg leg = legs_.back();
         legs_.pop_back();
-        const int from = order_[std::size_t(leg.turn)];
+        const int from = order_[std::size_t(leg.rank)];
         if (leg.to == kAny) {
             OfferAll(from, most);
-        } else if (stops_[std::size_t(leg.to)].turn == kNever &&
+        } else if (stops_[std::size_t(leg.to)].rank == kUnsettled &&
                    IsFree(stops_[std::size_t(from)].at, stops_[std::size_t(leg.to)].at, from == kStart,
                           leg.to == kEnd)) {
             Settle(from, leg.to, most);
@@ -104,7 +103,7 @@ bool Detour::AlongCorners(double most) {
 void Detour::Settle(int from, int at, double most) {
     Stop &stop = stops_[std::size_t(at)];
     if (at != kStart) stop.costs = CostOver(from, at);
-    stop.before = from, stop.turn = int(order_.size());
+    stop.before = from, stop.rank = int(order_.size());
     order_.push_back(at);
     if (at == kEnd) return;
     if (SeesEnd(at)) Offer(at, kEnd, most);
@@ -116,7 +115,7 @@ double Detour::CostOver(int from, int to) const {
     return stop.costs + Length(stop.at, stops_[std::size_t(to)].at) + (from == kStart ? 0 : kBendCosts);
 }
 
-// Whence the end isn't seen, there is one more bend at least.
+// From a stop that doesn't see the end there is one more bend at least.
 bool Detour::SeesEnd(int at) {
     Stop &stop = stops_[std::size_t(at)];
     if (stop.bends == 0) stop.bends = IsFree(stop.at, stops_[kEnd].at, at == kStart, true) ? 1 : 2;
@@ -130,7 +129,7 @@ void Detour::Offer(int from, int to, double most) {
     if (to != kEnd && !SeesEnd(to)) beyond += kBendCosts;
     if (!(costs + beyond < most)) return;
     legs_.push_back(
-        {costs + haste_ * beyond, std::int16_t(stops_[std::size_t(from)].turn), std::int16_t(to)});
+        {costs + haste_ * beyond, std::int16_t(stops_[std::size_t(from)].rank), std::int16_t(to)});
     std::ranges::push_heap(legs_, std::greater());
 }
 
@@ -139,7 +138,7 @@ void Detour::OfferMore(int from, double most) {
     const double costs = stop.costs + (from == kStart ? 0 : kBendCosts);
     const double beyond = stop.toEnd + kBendCosts;
     if (!(costs + beyond < most)) return;
-    legs_.push_back({costs + haste_ * beyond, std::int16_t(stop.turn), kAny});
+    legs_.push_back({costs + haste_ * beyond, std::int16_t(stop.rank), kAny});
     std::ranges::push_heap(legs_, std::greater());
 }
 
@@ -152,7 +151,7 @@ bool Detour::IsTaut(const Stop &a, const Stop &b) {
 
 void Detour::OfferAll(int from, double most) {
     for (std::size_t to = kEnd + 1; to < stops_.size(); ++to)
-        if (stops_[to].turn == kNever && (haste_ <= 1 || IsTaut(stops_[std::size_t(from)], stops_[to])))
+        if (stops_[to].rank == kUnsettled && (haste_ <= 1 || IsTaut(stops_[std::size_t(from)], stops_[to])))
             Offer(from, int(to), most);
 }
 
@@ -166,7 +165,7 @@ bool Detour::IsFree(const QPointF &from, const QPointF &to, bool first, bool las
     return false;
 }
 
-// The corners that a line from there touches without running into their boxes.
+// The corners that a line from the point can pass without running into their boxes.
 std::vector<QPointF> Detour::Tangents(const QPointF &from) const {
     std::vector<QPointF> corners;
     const auto offer = [&](const QPointF &corner, double sign) {

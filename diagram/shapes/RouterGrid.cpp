@@ -6,9 +6,9 @@ namespace diagram {
 
 namespace {
 
-constexpr std::size_t kFewBoxes = 8; // among more, no lanes in the middle of wide gaps
-constexpr double kSliver = 30;       // twips; no lane between edges that lie closer
-constexpr double kSameLane = 8;      // twips; no second lane that near to one of the preferred
+constexpr std::size_t kMiddleLanes = 8; // boxes; among more, wide gaps have no lane in their middle
+constexpr double kSliver = 30;          // twips; no lane between edges that lie closer
+constexpr double kSameLane = 8;         // twips; no other lane that near to a preferred one
 
 std::vector<double> Edges(std::span<const QRectF> boxes, bool level) {
     std::vector<double> edges;
@@ -21,7 +21,7 @@ std::vector<double> Edges(std::span<const QRectF> boxes, bool level) {
     return edges;
 }
 
-void AddBetween(double low, double high, bool few, std::vector<double> &lanes) {
+void AddBetween(double low, double high, bool withMiddle, std::vector<double> &lanes) {
     const double room = high - low;
     if (room < kSliver) return;
     if (room < 2 * kClearance) {
@@ -29,7 +29,7 @@ void AddBetween(double low, double high, bool few, std::vector<double> &lanes) {
         return;
     }
     lanes.push_back(low + kClearance);
-    if (few && room > 3 * kClearance) lanes.push_back((low + high) / 2);
+    if (withMiddle && room > 3 * kClearance) lanes.push_back((low + high) / 2);
     lanes.push_back(high - kClearance);
 }
 
@@ -46,7 +46,7 @@ std::vector<double> LanesOf(const RouteRequest &request, std::string_view direct
     const std::vector<double> edges = Edges(boxes, level);
     std::vector<double> lanes{edges.front() - kClearance, edges.back() + kClearance};
     for (std::size_t i = 1; i < edges.size(); ++i)
-        AddBetween(edges[i - 1], edges[i], boxes.size() <= kFewBoxes, lanes);
+        AddBetween(edges[i - 1], edges[i], boxes.size() <= kMiddleLanes, lanes);
     AddPastHead(request.source, level, lanes);
     AddPastHead(request.destination, level, lanes);
     std::vector<double> wanted;

@@ -15,19 +15,19 @@
 namespace diagram {
 
 constexpr double kThrough = 1e10;              // costs in twips: running into a box
-constexpr double kCareful = 0.75 * kClearance; // a careful hand comes no nearer to one, where there is room
+constexpr double kCareful = 0.75 * kClearance; // twips that a route keeps from boxes where there is room
 
-// What coming nearer to a box than so many twips costs; of several distances all that are passed.
+// What coming nearer to a box than so many twips costs; the costs of all distances that are passed add up.
 struct Nearness {
     double distance, cost;
 };
 constexpr std::array<Nearness, 4> kNear{{{0, kThrough}, {40, 2500}, {90, 1200}, {kCareful, 400}}};
 
-// Rings are drawn round a box at all of these distances but the first. What crossing so many of them from
-// inside of that many costs.
+// Each of these distances but the first is a ring round a box. What crossing that many of them costs, the
+// innermost ones.
 constexpr std::array<double, kNear.size()> kTolls{0, 2500, 2500 + 1200, 2500 + 1200 + 400};
 
-// How many rings of the box lie on this side of `at`, a coordinate of the axis of the span.
+// How many rings of the box lie between it and the coordinate `at`, along the axis of the span.
 inline std::size_t RingsBeyond(const Span &box, double at) {
     std::size_t rings = 0;
     while (rings + 1 < kNear.size() &&
@@ -36,8 +36,8 @@ inline std::size_t RingsBeyond(const Span &box, double at) {
     return rings;
 }
 
-// A box, or a ring round it, by the lanes of a grid that run through it: those from `first` on, but not from
-// `past` on, are inside of it. `past` is then the first that lies behind it.
+// A box, or a ring round it, by the lanes of a grid: those from `first` on that come before `past` run
+// through it, and `past` is the first one behind it.
 struct RingLanes {
     struct Range {
         std::size_t first, past;
@@ -45,10 +45,10 @@ struct RingLanes {
     };
     Range upright, level;
 };
-// In the order of kNear, so that each lies in the one behind it.
+// The box and its rings, in the order of kNear: from the inside outwards.
 using BoxLanes = std::array<RingLanes, kNear.size()>;
 
-// The lanes of one direction, with the other direction's lanes as the stops along each. A lane costs work
+// The lanes of one direction, with the other direction's lanes as the stops along each. A lane is worked out
 // when it is first asked for.
 class LaneTable {
 public:

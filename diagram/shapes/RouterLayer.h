@@ -18,8 +18,8 @@ struct LaneRange {
     void Extend(std::size_t lane) { first = std::min(first, lane), last = std::max(last, lane); }
 };
 
-// What is known of all bends where segment i, on lane `a` of its direction, meets segment i + 1 on lane `b`.
-// Costs stand only within the range that is reached.
+// What is known of all bends where segment i, on lane `a` of its direction, meets segment i + 1 on lane `b`:
+// the least cost of a route to there. Costs are valid only within the range of lanes that is reached.
 class RouteLayer {
 public:
     RouteLayer(std::size_t lanes, std::size_t next)
@@ -60,7 +60,7 @@ private:
     std::vector<LaneRange> reached_;
 };
 
-// What comes in on a lane: the cost from each of its stops.
+// The routes that come in on a lane: what each costs up to its stop there.
 struct Arrivals {
     Arrivals(const RouteLayer &layer, std::size_t lane)
         : cost(layer.Costs(lane)), stops(layer.Reached(lane)) {}
@@ -69,7 +69,7 @@ struct Arrivals {
     LaneRange stops;
 };
 
-// The least of what comes in at stops that the sweep has passed, near ones apart from far ones.
+// The cheapest of the offers made, and the stop that it comes from.
 struct BestStop {
     double cost = kNever;
     std::size_t stop = 0;

@@ -8,7 +8,8 @@ namespace {
 
 constexpr double kLoopReach = 300; // twips that a loop stands out of its box
 
-// How far an end of a nested loop lies beside that of the innermost, within `room`.
+// How far an end of this loop lies from that of the innermost one, so that all loops of the node fit into
+// `room`.
 double Shift(const RouteRequest &request, double room) {
     if (request.mostAside <= 0) return 0;
     return request.aside * std::min(1.0, std::max(room, 0.0) / request.mostAside);

@@ -36,11 +36,11 @@ std::vector<Point> DrawnOut(const RouteRequest &request, std::string_view direct
     return route;
 }
 
-bool IsSameBackwards(std::string_view directions) {
+bool ReadsTheSameBackwards(std::string_view directions) {
     return std::equal(directions.begin(), directions.end(), directions.rbegin());
 }
 
-// As the links that run the other way, so that they lie side by side.
+// Routed from the other end, like the links that run the other way, so that they lie side by side.
 std::vector<Point> RouteBackwards(RouteRequest request, std::string_view directions) {
     std::swap(request.source, request.destination);
     request.aside = -request.aside;
@@ -74,7 +74,7 @@ std::vector<Point> JoinLanes(const RouteRequest &request, std::string_view direc
 
 std::vector<Point> RouteOrthogonal(const RouteRequest &request, std::string_view directions) {
     const bool keeps = request.keepBends && request.old.size() == directions.size() + 1;
-    if (request.backwards && !keeps && IsSameBackwards(directions))
+    if (request.backwards && !keeps && ReadsTheSameBackwards(directions))
         return RouteBackwards(request, directions);
     const Coordinates lanes =
         keeps ? KeptCoordinates(request, directions) : NewCoordinates(request, directions);

@@ -2,6 +2,7 @@
 
 #include "diagram/geometry/Crossing.h"
 #include "diagram/geometry/Polyline.h"
+#include "diagram/shapes/KnownBoxes.h"
 #include "diagram/shapes/RouterClip.h"
 #include "diagram/shapes/RouterDetour.h"
 #include "diagram/shapes/RouterLanes.h"
@@ -9,19 +10,18 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <tuple>
 
 namespace diagram {
 
 namespace {
 
-constexpr int kMostRounds = 40;
-constexpr int kCarefulRounds = 8;      // after which a route need only run through nothing
-constexpr std::size_t kMostBoxes = 48; // more aren't gone round at once
+constexpr int kMostRounds = 40;        // of searching among ever more boxes
+constexpr int kCarefulRounds = 8;      // after which a route may come near to boxes, but not run through one
+constexpr std::size_t kMostBoxes = 48; // with more known ones the search is given up
 constexpr double kWorthALook = 700;    // twips that a route among many boxes must promise to save
-constexpr std::size_t kMostMet = 12; // a line through more of them stays straight: no way round looks better
+constexpr std::size_t kMostMet = 12;   // a line through more boxes stays straight: no way round looks better
 
-// How clear of the boxes a route keeps, and what it costs that it comes no nearer.
+// How far from the boxes a route keeps in twips, and what it costs that it keeps no farther.
 struct Margin {
     double distance, cost;
 };
@@ -29,24 +29,10 @@ constexpr std::array<Margin, 3> kMargins{{{kClearance, 0}, {100, 1500}, {30, 400
 
 using Route = std::vector<QPointF>; // from the middle of one end to that of the other
 
-bool IsBefore(const QRectF &a, const QRectF &b) {
-    return std::tuple(a.left(), a.top(), a.width(), a.height()) <
-           std::tuple(b.left(), b.top(), b.width(), b.height());
-}
-
-// Adds what isn't known yet, in an order of its own; false when there is nothing of that.
-bool Learn(const std::vector<QRectF> &boxes, std::vector<QRectF> &known) {
-    const std::size_t before = known.size();
-    for (const QRectF &box : boxes) {
-        const auto place = std::ranges::lower_bound(known, box, IsBefore);
-        if (place == known.end() || IsBefore(box, *place)) known.insert(place, box);
-    }
-    return known.size() > before;
-}
-
-class Round {
+// The search for a way round obstacles.
+class WayRound {
 public:
-    explicit Round(const RouteRequest &request)
+    explicit WayRound(const RouteRequest &request)
         : request_(request),
           straight_(Distance(request.source.box.center(), request.destination.box.center())),
           // Links side by side go round the same box one outside of the other.
@@ -70,8 +56,8 @@ public:
 private:
     // What is known of the routes that keep one of the margins.
     struct Known {
-        FoundRoute found;   // without a route, there was none, or it is blocked
-        double atLeast = 0; // what a route costs
+        FoundRoute found;   // empty when there was none, or when it runs into a box known since
+        double atLeast = 0; // what a route with that margin costs
     };
 
     FoundRoute Best(const std::vector<QRectF> &boxes) {
@@ -94,7 +80,7 @@ private:
         known.atLeast = std::max(known.atLeast, std::min(known.found.cost, most));
     }
 
-    // Routes can only become dearer as more boxes are known.
+    // Forgets routes that run into the boxes, but not what they cost: with more boxes routes only cost more.
     void Forget(const std::vector<QRectF> &boxes) {
         for (Known &known : known_)
             if (RunsThroughAny(known.found.route, boxes, known.found.margin - 2 * kSlack)) known.found = {};
@@ -135,7 +121,7 @@ private:
 std::vector<Point> RoundObstacles(const RouteRequest &request, std::vector<Point> straight) {
     if (!request.obstacles || straight.size() != 2) return straight;
     if (Overlap(request.source.box, request.destination.box)) return straight;
-    return Round(request).Find(std::move(straight));
+    return WayRound(request).Find(std::move(straight));
 }
 
 } // namespace diagram

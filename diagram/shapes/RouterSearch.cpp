@@ -9,19 +9,20 @@ namespace diagram {
 
 namespace {
 
-// Costs above the least that a route may have, in the order in which they are tried.
+// By how much a route may cost more than the least possible, in the order in which these are tried.
 constexpr double kDetours[] = {350, 900, 3000};
-constexpr double kUnderHead = 20000; // costs in twips: a bend under an arrow head
-constexpr double kNoLength = 3000;   // a segment without length
-constexpr double kShort = 240;       // twips; a shorter segment looks like a slip
-constexpr double kTwipShort = 8;     // a twip that a segment between two others is shorter
+constexpr double kShort = 240; // twips; a shorter segment looks like a slip
+// Costs in twips.
+constexpr double kUnderHead = 20000; // of a bend under an arrow head
+constexpr double kNoLength = 3000;   // of a segment without length
+constexpr double kTwipShort = 8;     // of each twip that a segment between two others is too short
 constexpr double kTwipShortEnd = 3;  // the same of the first and the last
-constexpr double kEndOff = 2;        // cost a twip that an end lies off its preferred lane
+constexpr double kEndOff = 2;        // of each twip that an end lies off its preferred lane
 constexpr double kInnerOff = 0.05;   // the same for the lanes between
 
 double Distance(const Span &a, const Span &b) { return std::max({0.0, b.low - a.high, a.low - b.high}); }
 
-// How much of a route is left at least behind a place, by one of its coordinates.
+// How much of a route is left at least from a place on, by one of its coordinates.
 struct Remoteness {
     double distance;   // from the end of the route
     std::size_t rings; // round the box of the destination that are still to be crossed
@@ -81,7 +82,8 @@ private:
         if (box.Holds(lane)) return std::min(lane - box.low, box.high - lane) + kShort;
         return Distance(box, {lane, lane});
     }
-    // Behind a segment; no route from there costs less. Whatever is too short costs more than its lack.
+    // What the rest of a route costs at least behind a segment. Each segment that is left counts as kShort at
+    // least, as a shorter one costs more than it saves.
     double Left(std::size_t segment, const Remoteness &lane, const Remoteness &stop) const {
         const std::size_t after = directions_.size() - 1 - segment, alike = after / 2;
         return std::max(lane.distance, double(after - alike) * kShort) +
@@ -123,7 +125,7 @@ private:
         return {box, grid_.Find(!level, box.low), grid_.Find(!level, box.high)};
     }
 
-    // An end segment between its box and the lane of its neighbour; `leaves`: the route begins with it.
+    // Of an end segment between its box and the lane of its neighbour; `leaves`: it is the first one.
     double EndCost(const RouteEnd &end, const Doors &doors, std::size_t segment, std::size_t lane,
                    std::size_t stop, bool leaves) const {
         const bool level = Level(segment);
@@ -178,6 +180,7 @@ private:
         layers_.push_back(std::move(out));
     }
 
+    // The segment has no length: from each stop to the same stop.
     void Stay(std::size_t segment, std::size_t lane, const Arrivals &arriving, RouteLayer &out) const {
         const double more = kNoLength + Deviation(segment, lane);
         for (std::size_t i = arriving.stops.first; i <= arriving.stops.last; ++i) {
@@ -186,7 +189,8 @@ private:
         }
     }
 
-    // From every stop to every one behind it, in one direction along the lane.
+    // From every stop to every one behind it, in one direction along the lane. Far stops, at kShort or more,
+    // are offered as one, the cheapest; near ones cost more by how much too short the segment is.
     template <bool kRising>
     void Sweep(std::size_t segment, std::size_t lane, const Arrivals &arriving, RouteLayer &out) const {
         const double *stops = Lanes(segment + 1).data();
@@ -235,18 +239,19 @@ private:
         for (std::size_t b = 0; b < Lanes(last).size(); ++b) {
             if (!MayLie(last, b) || layer.Reached(b).IsEmpty()) continue;
             for (std::size_t a = layer.Reached(b).first; a <= layer.Reached(b).last; ++a) {
-                const double so = layer.Costs(b)[a];
-                if (so < best.cost)
-                    best.Offer(so + Deviation(last, b) +
+                const double soFar = layer.Costs(b)[a];
+                if (soFar < best.cost)
+                    best.Offer(soFar + Deviation(last, b) +
                                    EndCost(request_.destination, entries_, last, b, a, false),
                                layer.At(a, b));
             }
         }
-        if (best.cost < most_) return WayTo(best.stop);
+        if (best.cost < most_) return RouteTo(best.stop);
         return std::nullopt;
     }
 
-    Coordinates WayTo(std::size_t state) const {
+    // The lanes of the best route to a bend of the last layer.
+    Coordinates RouteTo(std::size_t state) const {
         Coordinates result{};
         const std::size_t last = directions_.size() - 1;
         std::size_t b = state / layers_.back().Width(), a = state % layers_.back().Width();

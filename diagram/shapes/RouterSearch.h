@@ -7,10 +7,10 @@
 
 namespace diagram {
 
-// How much the routes of former searches cost: what found nothing isn't tried again. Searches among ever more
-// obstacles for the same ends share one; the lanes found don't depend on it.
+// What former searches tell: cost bounds below which they found nothing aren't tried again. Searches among
+// ever more obstacles for the same ends share one object; the lanes found don't depend on it.
 struct SearchBound {
-    std::size_t tried = 0;    // bounds, from below, that gave no way
+    std::size_t tried = 0;    // how many of the bounds, in ascending order, gave no route
     bool runsThrough = false; // no route is free of all boxes, nor will one be among more of them
 };
 
@@ -20,8 +20,8 @@ struct SearchBound {
 // A dynamic programme over the segments, as the directions fix their number: the state behind a segment is
 // its bend, given by two lanes. Each layer is two sweeps along every lane, so that the whole takes at most
 // time proportional to the number of segments times the number of crossings of lanes; bends behind which no
-// route as cheap as the one sought is left are given up. (Fixed sequences make a
-// layered graph of the visibility grid of Wybrow, Marriott and Stuckey, Orthogonal Connector Routing, 2009.)
+// route as cheap as the one sought is left are given up. (Fixed sequences make a layered graph of the
+// visibility grid of Wybrow, Marriott and Stuckey, Orthogonal Connector Routing, 2009.)
 Coordinates SearchLanes(const RouteRequest &request, std::string_view directions,
                         const Coordinates &preferred, std::span<const QRectF> obstacles, SearchBound &bound);
 

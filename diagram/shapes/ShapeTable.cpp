@@ -353,9 +353,11 @@ constexpr bool Fits(const ShapeRow &row) {
            text.top < text.bottom;
 }
 
+constexpr int kGap = kFirstFlowchartShape - kLastPlainShape - 1; // values that are no shapes
+
 constexpr bool IsWhole() {
     for (std::size_t i = 0; i < kShapes.size(); ++i) {
-        const int value = i < 16 ? int(i) : int(i) + 34; // 16 to 49 are no shapes
+        const int value = int(i) <= kLastPlainShape ? int(i) : int(i) + kGap;
         if (kShapes[i].value != value || !Fits(kShapes[i])) return false;
         for (std::size_t k = 0; k < i; ++k)
             if (std::string_view(kShapes[i].name) == kShapes[k].name) return false;
@@ -372,8 +374,8 @@ std::span<const ShapeRow> ShapeTable() { return kShapes; }
 int LastShape() { return kShapes.back().value; }
 
 const ShapeRow *FindShape(int value) {
-    if (value >= 0 && value < 16) return &kShapes[std::size_t(value)];
-    if (value >= 50 && value <= LastShape()) return &kShapes[std::size_t(value - 34)];
+    if (value >= 0 && value <= kLastPlainShape) return &kShapes[std::size_t(value)];
+    if (value >= kFirstFlowchartShape && value <= LastShape()) return &kShapes[std::size_t(value - kGap)];
     return nullptr;
 }
 

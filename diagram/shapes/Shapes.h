@@ -27,8 +27,12 @@ struct BoxPart {
     double left, top, right, bottom;
 };
 
+// Stored values: plain shapes from 0 on, those of flowcharts from 50 on, nothing in between.
+constexpr int kLastPlainShape = 15;
+constexpr int kFirstFlowchartShape = 50;
+
 struct ShapeRow {
-    int value;                                  // stored value: 0 to 15, and from 50 on
+    int value;                                  // stored value
     const char *name;                           // as the user reads it
     QPainterPath (*outline)(const QRectF &box); // closed, at angle 0, touching the box
     QPainterPath (*detail)(const QRectF &box);  // inner lines, painted with the border; null for none

@@ -35,7 +35,8 @@ QRectF BoxOf(Scene &scene, const Item &item) {
     return item.AsNode() ? item.AsNode()->Bounds() : scene.LinkPath(*item.AsLink()).boundingRect();
 }
 
-// Of the node at which a link that is being made or moved would end.
+// What is told of the link that keys are making or moving, with the node at which it would end; empty for
+// other items.
 QString LinkInSight(const Item &item, const SurfaceView &view) {
     const Attention attention = view.LooksAt();
     const Node *other = attention.item == item.Id() ? view.Model().FindNode(attention.linkedTo) : nullptr;

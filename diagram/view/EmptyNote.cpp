@@ -2,9 +2,11 @@
 
 #include "diagram/model/Surface.h"
 #include "support/Colour.h"
+#include "support/Contrast.h"
 #include "support/MixColours.h"
 
 #include <algorithm>
+#include <cmath>
 #include <QPainter>
 #include <QWidget>
 #include <utility>
@@ -13,35 +15,22 @@ namespace diagram {
 
 namespace {
 
-constexpr int kMostWidth = 460; // pixels
-constexpr int kMargin = 16;
+constexpr int kMostWidth = 460;        // pixels
+constexpr int kMargin = 16;            // pixels
 constexpr double kLeastContrast = 4.6; // rounding takes a little of it
 constexpr double kFirstShare = 0.5;    // of the ink in the quietest mixture
 constexpr int kPlateAlpha = 210;
 constexpr double kPlateCorner = 8;
 constexpr int kFlags = Qt::AlignCenter | Qt::TextWordWrap;
 
-double Linear(double part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); }
-
-double Luminance(const QColor &colour) {
-    return 0.2126 * Linear(colour.redF()) + 0.7152 * Linear(colour.greenF()) +
-           0.0722 * Linear(colour.blueF());
-}
-
-// The contrast of two colours, 1 to 21 (WCAG 2).
-double Contrast(const QColor &a, const QColor &b) {
-    const double one = Luminance(a) + 0.05, other = Luminance(b) + 0.05;
-    return std::max(one, other) / std::min(one, other);
-}
-
 } // namespace
 
 QColor QuietInk(const QColor &paper) {
     const QColor black(Qt::black), white(Qt::white);
-    const QColor &ink = Contrast(paper, black) >= Contrast(paper, white) ? black : white;
+    const QColor &ink = support::Contrast(paper, black) >= support::Contrast(paper, white) ? black : white;
     for (double share = kFirstShare; share < 1; share += 0.05) {
         const QColor quiet = support::Mix(paper, ink, share);
-        if (Contrast(paper, quiet) >= kLeastContrast) return quiet;
+        if (support::Contrast(paper, quiet) >= kLeastContrast) return quiet;
     }
     return ink;
 }
@@ -64,7 +53,7 @@ void EmptyNote::Paint(QPainter &painter) const {
     if (!shown_) return;
     QRect place(0, 0, std::min(kMostWidth, canvas_.width() - 2 * kMargin), canvas_.height());
     place.moveCenter(canvas_.rect().center());
-    QColor paper = support::ToQColor(surface_.BackColor());
+    const QColor paper = support::ToQColor(surface_.BackColor());
     painter.setFont(canvas_.font());
     const QRect text = painter.boundingRect(place, kFlags, words_);
     painter.setPen(Qt::NoPen);

@@ -15,11 +15,12 @@
 
 namespace diagram {
 
+// Of a node with its corners, or of a link with its routes.
 struct GlidingCopy::Move {
     Node *node = nullptr;
     Link *link = nullptr;
     QPointF fromCorner, toCorner;
-    std::vector<Point> fromWay, toWay;
+    std::vector<Point> fromRoute, toRoute;
 };
 
 namespace {
@@ -39,7 +40,7 @@ std::vector<double> SharesOf(const std::vector<Point> &route) {
     return shares;
 }
 
-// The route with a point at each of the shares, which hold its own among them.
+// The route with a point at each of the shares; those of its own points must be among them.
 std::vector<Point> Divided(const std::vector<Point> &route, const std::vector<double> &shares) {
     const std::vector<double> own = SharesOf(route);
     std::vector<Point> divided;
@@ -110,7 +111,7 @@ GlidingCopy::~GlidingCopy() = default;
 const Surface &GlidingCopy::At(double share) {
     for (Move &move : moves_) {
         if (move.link) {
-            move.link->Points().Assign(Between(move.fromWay, move.toWay, share));
+            move.link->Points().Assign(Between(move.fromRoute, move.toRoute, share));
             continue;
         }
         const QPointF corner = move.fromCorner + (move.toCorner - move.fromCorner) * share;
@@ -157,7 +158,7 @@ void Glide::Begin(SurfaceView &view, const ItemPlaces &before) {
     const int milliseconds = view.style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, &view);
     if (milliseconds <= 0 || !view.isVisible() || before.nodes.size() + before.routes.size() > kMostItems)
         return;
-    constexpr int kLongest = 200;
+    constexpr int kLongest = 200; // milliseconds
     if (AnyMoved(before, view.Model())) new Glide(view, before, std::min(milliseconds, kLongest));
 }
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "diagram/geometry/Point.h"
-#include "diagram/model/ChangeLog.h"
 #include "diagram/model/Routing.h"
+#include "diagram/model/SurfaceObserver.h"
 
 #include <memory>
 #include <QHash>
@@ -26,7 +26,8 @@ struct ItemPlaces {
 };
 ItemPlaces PlacesOf(const Surface &surface);
 
-// The route that has gone `share` (0 to 1) of the route from one to the other: at both ends it is just these.
+// The route between two others at `share` of the way from the first to the second: that of 0 is the first,
+// that of 1 the second.
 std::vector<Point> Between(const std::vector<Point> &from, const std::vector<Point> &to, double share);
 
 // A copy of a surface whose items stand somewhere between the places before and those they have now. What

@@ -18,7 +18,8 @@ namespace diagram {
 namespace {
 
 constexpr double kScreenDpi = 96;
-constexpr int kSmallestWidth = 16;
+constexpr int kSmallestWidth = 16; // pixels
+constexpr int kCursorRoom = 4;     // pixels behind a line that isn't wrapped
 
 // Alignment is three families of three: left, right, centre; top, middle, bottom within each.
 Qt::Alignment Across(int alignment) {
@@ -81,7 +82,7 @@ void InPlaceEditor::SetLook(const TextPlace &place, double pointScale, const QCo
 
 void InPlaceEditor::Fit() {
     double width = qMax(area_.width(), double(kSmallestWidth));
-    if (!wraps_) width = qMax(width, document()->idealWidth() + 4);
+    if (!wraps_) width = qMax(width, document()->idealWidth() + kCursorRoom);
     document()->setTextWidth(wraps_ ? width : -1);
     const double text = std::ceil(document()->size().height());
     const double height = std::max({area_.height(), text, painted_.height()});
@@ -96,7 +97,7 @@ void InPlaceEditor::Fit() {
 // Shows the box only where it must hide the text below it or show its own, so that the node's outline stays
 // in sight.
 void InPlaceEditor::Uncover(const QSizeF &text) {
-    constexpr double kRoom = 3; // for the cursor
+    constexpr double kRoom = 3; // pixels for the cursor at either side
     const double width = qMin(text.width() + 2 * kRoom, double(this->width()));
     const double spare = this->width() - width;
     const Qt::Alignment across = Across(alignment_);
@@ -116,7 +117,7 @@ void InPlaceEditor::keyPressEvent(QKeyEvent *event) {
     QTextEdit::keyPressEvent(event);
 }
 
-// The text is kept, and whoever shows the box acts on the key.
+// The text is kept, and the view acts on the key.
 void InPlaceEditor::FinishAndHandOn(QKeyEvent *event) {
     const QPointer<QWidget> viewport = parentWidget();
     Finish(true);

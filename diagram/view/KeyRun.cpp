@@ -16,7 +16,7 @@ bool KeyRun::GoesOn(Kind kind, quint64 time) const {
            Selected() == selected_;
 }
 
-// A run that has come back to where it began has no step to go on with.
+// A run that has come back to where it began has left no step for the next key to go on with.
 bool KeyRun::Do(Kind kind, quint64 time, const std::function<bool(bool)> &change) {
     const bool goesOn = GoesOn(kind, time);
     if (!goesOn) before_ = surface_.Actions().Revision();

@@ -30,7 +30,7 @@ private:
 
     Surface &surface_;
     Kind kind_ = Kind::None;
-    Revision before_, after_; // the run
+    Revision before_, after_; // of the surface, around the run
     std::vector<ItemId> selected_;
     quint64 time_ = 0; // of the last key
 };

@@ -27,7 +27,7 @@ public:
     // To the next node in reading order, or what else the key stands for.
     bool ByTab(const KeyInput &input);
 
-    // In which the user went last.
+    // In which the user went last, a unit vector.
     QPointF Direction() const { return direction_; }
 
 private:

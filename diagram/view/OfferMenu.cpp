@@ -13,7 +13,7 @@ void OfferMenu::Ask(const QPoint &global, const QString &node) {
     QAction *yes = menu_->addAction(SurfaceView::tr("&New %1 here").arg(node));
     menu_->addAction(SurfaceView::tr("&Leave it"));
     QObject::connect(yes, &QAction::triggered, &parent_, [this] { answered_(true); });
-    // A menu hides before it tells what was chosen.
+    // A menu hides before it tells what was chosen: queued, the no comes after a yes.
     QObject::connect(
         menu_, &QMenu::aboutToHide, &parent_, [this] { answered_(false); }, Qt::QueuedConnection);
     menu_->popup(global);

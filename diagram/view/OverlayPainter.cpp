@@ -8,7 +8,6 @@
 #include "diagram/view/Viewport.h"
 
 #include <algorithm>
-#include <iterator>
 #include <QFontMetrics>
 #include <QPainter>
 
@@ -21,15 +20,11 @@ constexpr double kSizeBeside = 12; // pixels from a side to the line that measur
 constexpr int kSizePadding = 4;
 constexpr double kArrowLength = 10, kArrowHalfWidth = 4;
 constexpr double kLinkStart = 4, kLitLinkStart = 7; // radius
-constexpr double kGripRing = 9;
-constexpr double kStartDot = 5, kEndRing = 7; // radius
+constexpr double kGripRing = 9;                     // radius
+constexpr double kStartDot = 5, kEndRing = 7;       // radius
 constexpr int kWordGap = 8;
-constexpr int kGlow = 32, kStrongGlow = 48; // alpha
-constexpr int kCover = 215;
-constexpr QMargins kBandFrame(2, 2, 2, 2); // what it may cover beside the band's own pixels
-constexpr int kShade = 20;
-constexpr double kTooth = 7, kToothDepth = 2.5, kTearWidth = 6, kBeyondStrip = 3; // of a torn strip
-constexpr int kMostTeeth = 400;
+constexpr int kGlow = 32, kStrongGlow = 48, kCover = 215; // alpha
+constexpr QMargins kBandFrame(2, 2, 2, 2);                // what it may cover beside the band's own pixels
 
 QRect SizeBox(const Overlay &overlay, const Viewport &viewport) {
     if (overlay.size.isEmpty()) return {};
@@ -53,26 +48,7 @@ void PaintSize(QPainter &painter, const Overlay &overlay, const Viewport &viewpo
     painter.drawText(box, Qt::AlignCenter, overlay.size);
 }
 
-// One pixel to the side of the line.
-QPointF Aside(const QLineF &line) {
-    const QLineF normal = line.normalVector().unitVector();
-    return normal.p2() - normal.p1();
-}
-
-// A zigzag along the line and a little beyond its ends, of teeth that are all the same.
-QPolygonF TearAlong(const QLineF &line) {
-    const int teeth = qBound(2, qRound(line.length() / kTooth), kMostTeeth);
-    QPolygonF tear;
-    for (int i = 0; i <= teeth; ++i) {
-        const double along = double(i) / teeth;
-        const double beyond = i == 0 ? -kBeyondStrip : i == teeth ? kBeyondStrip : 0;
-        tear << line.pointAt(along + beyond / line.length()) +
-                    Aside(line) * (i % 2 ? kToothDepth : -kToothDepth);
-    }
-    return tear;
-}
-
-// The surface's own colour over a link lets it stand back.
+// Paints the surface's colour over a link whose end is dragged, so that it stands back.
 void PaintFaded(QPainter &painter, const Overlay &overlay, const Surface &surface, const Viewport &viewport) {
     if (overlay.faded.isEmpty()) return;
     const QTransform toPixels = viewport.ToPixels();
@@ -130,7 +106,7 @@ QRect WordBox(const LinkEndMark &end, const QRectF &node) {
     return box;
 }
 
-// Both words of a loop stand at the one node.
+// The outline of a loop's one node stands with the later of its two ends.
 QRectF NodeOf(const Overlay &overlay, const LinkEndMark &end) {
     for (const LinkEndMark *each = &end; each != overlay.linkEnds.data() + overlay.linkEnds.size(); ++each)
         if (!each->outline.isEmpty()) return each->outline.boundingRect();
@@ -200,10 +176,10 @@ void PaintLine(QPainter &painter, const Overlay &overlay, const QTransform &toPi
     if (last.length() > 1.5 * kArrowLength && overlay.arrow) painter.drawPolygon(ArrowHead(last));
 }
 
-// A lit one shows the route that a link would take from there.
+// A lit one has an arrow in the direction in which a link would leave the node.
 void PaintLinkStarts(QPainter &painter, const Overlay &overlay, const Viewport &viewport,
                      const OverlayLook &look) {
-    static constexpr QPointF kWays[] = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}};
+    static constexpr QPointF kOutwards[] = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}}; // of the four sides
     for (int i = 0; i < int(overlay.linkStarts.size()); ++i) {
         const QPointF place = viewport.FromSurface(overlay.linkStarts[size_t(i)]);
         const bool lit = i == overlay.litLinkStart;
@@ -212,7 +188,7 @@ void PaintLinkStarts(QPainter &painter, const Overlay &overlay, const Viewport &
         const double radius = lit ? kLitLinkStart : kLinkStart;
         painter.drawEllipse(place, radius, radius);
         if (!lit) continue;
-        const QPointF way = kWays[i % 4], across(-way.y(), way.x());
+        const QPointF way = kOutwards[i % 4], across(-way.y(), way.x());
         const QPointF tip = place + way * 4;
         painter.drawLine(place - way * 4, tip);
         painter.drawPolyline(QPolygonF{{tip + (across - way) * 3, tip, tip - (across + way) * 3}});
@@ -277,58 +253,6 @@ void PaintOverlay(QPainter &painter, const Overlay &overlay, const Surface &surf
     PaintGuides(painter, overlay, toPixels, look);
     PaintSize(painter, overlay, viewport, look);
     painter.restore();
-}
-
-void PaintBreaks(QPainter &painter, std::span<const QLineF> breaks, const Surface &surface,
-                 const Viewport &viewport) {
-    if (breaks.empty()) return;
-    const OverlayLook look = LookFor(surface, painter);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    for (const QLineF &each : breaks) {
-        const QLineF line = viewport.ToPixels().map(each);
-        if (line.length() < kTooth) continue;
-        const QPolygonF tear = TearAlong(line);
-        const QPointF half = Aside(line) * kTearWidth / 2;
-        QPolygonF gap = tear.translated(half);
-        const QPolygonF other = tear.translated(-half);
-        std::copy(other.rbegin(), other.rend(), std::back_inserter(gap));
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(support::ToQColor(surface.BackColor()));
-        painter.drawPolygon(gap);
-        painter.setPen(look.Line(look.guide, 1));
-        for (const QPointF &side : {half, -half}) painter.drawPolyline(tear.translated(side));
-    }
-    painter.restore();
-}
-
-void PaintPageBreaks(QPainter &painter, std::span<const QLineF> breaks, const Surface &surface,
-                     const Viewport &viewport) {
-    if (breaks.empty()) return;
-    constexpr int kLight = 120; // of 255
-    const OverlayLook look = LookFor(surface, painter);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    QPen pen = look.Line(Faded(look.guide, kLight), 1);
-    pen.setDashPattern({6, 4});
-    painter.setPen(pen);
-    for (const QLineF &each : breaks) {
-        const QLineF line = viewport.ToPixels().map(each);
-        painter.drawLine(look.Crisp(line.p1()), look.Crisp(line.p2()));
-    }
-    painter.restore();
-}
-
-void PaintBeyondTheOrigin(QPainter &painter, const Surface &surface, const Viewport &viewport,
-                          const QRectF &area) {
-    const QPointF origin = viewport.FromSurface(QPointF(0, 0));
-    if (origin.x() <= area.left() && origin.y() <= area.top()) return;
-    const OverlayLook look = LookFor(surface, painter);
-    QPainterPath beyond;
-    beyond.addRect(area);
-    const QRectF surfaceItself(origin, QPointF(area.right(), area.bottom()));
-    if (surfaceItself.isValid()) beyond.addRect(surfaceItself);
-    painter.fillPath(beyond, Faded(look.shade, kShade));
 }
 
 OverlayPlace PlaceOf(const Overlay &overlay, const Viewport &viewport) {

@@ -12,9 +12,9 @@ namespace diagram {
 namespace {
 
 constexpr double kGap = 300;           // twips between what stands there and what comes
-constexpr double kOverlap = 15;        // twips that don't count as standing in the way
-constexpr double kHolds = 2;           // times as large is what holds others, and not in their way
-constexpr int kMostPlaces = 1000;      // that are looked at
+constexpr double kOverlap = 15;        // twips by which boxes may overlap
+constexpr double kHolds = 2;           // a node around all that is so many times as large is not in the way
+constexpr int kMostPlaces = 1000;      // looked at for a free one
 constexpr std::size_t kManyBoxes = 50; // beyond it their union stands for them
 
 double AreaOf(const QRectF &box) { return box.width() * box.height(); }
@@ -43,7 +43,7 @@ public:
         });
     }
 
-    // In sight row by row from the place at `home` on, that itself left out; else to the right of it.
+    // The next free place after `home`: in sight row by row, else to the right of it.
     QPointF Beside(const QPointF &home) const {
         if (const std::optional<QPointF> shift = InSight(home)) return *shift;
         for (int column = 1; column <= kMostPlaces; ++column) {
@@ -97,7 +97,7 @@ private:
         return false;
     }
 
-    // Everything is full: only not on top of each other.
+    // Where all places are taken: at least not with a box just on a node's.
     QPointF Aside(QPointF shift) const {
         const auto stands = [&] {
             return Any(shift, [](const QRectF &node, const QRectF &box) { return node == box; });

@@ -14,8 +14,8 @@ class Scene;
 // What pasting asks of the screen. Twips.
 struct PasteAim {
     QRectF seen;
-    std::optional<QPointF> pointer; // where the user points at; none while he points at nothing
-    DayStrip &days;                 // of the surface, which may grow
+    std::optional<QPointF> pointer; // where the user points; none while that says nothing
+    DayStrip &days;                 // laid out again where the page grows
 };
 
 // How far to move `boxes` (not empty): with their middle to the pointer, unless they would cover most of

@@ -3,6 +3,7 @@
 #include "diagram/interaction/Gesture.h"
 #include "diagram/model/DayStrip.h"
 #include "diagram/render/Renderer.h"
+#include "diagram/view/PageMarks.h"
 #include "diagram/view/StripMarks.h"
 #include "diagram/view/Viewport.h"
 
@@ -16,10 +17,10 @@ namespace diagram {
 
 namespace {
 
-constexpr double kPixelBias = 1e-5;
-constexpr int kMovingBudget = 4;   // milliseconds of a frame for painting what has come into sight
-constexpr int kRestingBudget = 12; // the same when nothing moves
-constexpr int kBandItems = 150;    // about as many are painted between two looks at the clock
+constexpr double kPixelBias = 1e-5; // pixels
+constexpr int kMovingBudget = 4;    // milliseconds of a frame for painting what has come into sight
+constexpr int kRestingBudget = 12;  // the same when nothing moves
+constexpr int kBandItems = 150;     // about as many are painted between two looks at the clock
 constexpr int kLeastBandRows = 12;
 constexpr size_t kManyTouched = 500; // beyond it the whole viewport is copied again
 
@@ -56,7 +57,7 @@ void Repainting::NoteSelected(const Item &item) {
     if (selectionTouched_.size() <= kManyTouched) selectionTouched_.emplace_back(item.Kind(), item.Id());
 }
 
-// Items whose own selection is as it was may look otherwise all the same.
+// What an item shows of its selection also depends on how much is selected and on where the focus is.
 void Repainting::NoteSelectionForm() {
     const SelectionForm now = FormOf(surface_), former = std::exchange(selectionForm_, now);
     if (now.nodeHandles != former.nodeHandles || now.linkHandles != former.linkHandles) canvas_.update();
@@ -78,8 +79,9 @@ void Repainting::NoteDamage() {
     for (const QRect &area : areas.Rects()) Update(area);
 }
 
+// What lies beyond the canvas may have handles on it.
 void Repainting::AddDamage(const Scene::Damage &damage, RectList &areas) {
-    const QRectF near = canvas_.rect().adjusted(-9, -9, 9, 9);
+    const QRectF near = canvas_.rect().adjusted(-kHandleReach, -kHandleReach, kHandleReach, kHandleReach);
     for (const QRectF &area : damage.areas) {
         screen_.Invalidate(ToDevice(area));
         areas.Add((viewport_.FromSurface(area) & near).toAlignedRect());
@@ -172,7 +174,7 @@ void Repainting::PaintArea(QPainter &painter, const QRect &devicePixels) {
     renderer_.Paint(painter, scene_, area, options);
 }
 
-// Few items are painted at one go; many, so that there is a look at the clock now and then.
+// So many rows that a band holds about kBandItems items: the clock is looked at between two bands.
 int Repainting::BandRows(const QRect &seen) {
     std::vector<Item *> items;
     scene_.ItemsIn(viewport_.Seen(), items);
@@ -210,7 +212,7 @@ void Repainting::CopyPicture(QPainter &painter, const QRegion &region) {
     painter.restore();
 }
 
-// With very many selected nodes their links stand back all the same.
+// The links of very many selected nodes aren't looked for: they stand back.
 void Repainting::PaintStripMarks(QPainter &painter) {
     if (today_) PaintToday(painter, *today_, surface_, viewport_, canvas_.rect());
     std::vector<const Node *> asked;

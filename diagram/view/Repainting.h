@@ -39,17 +39,19 @@ public:
 
     // The item was selected or isn't any more.
     void NoteSelected(const Item &item);
-    // What has changed in the scene and the selection since it was asked last is asked to be painted.
+    // Has painted what has changed in the scene and the selection since it was called last.
     void NoteDamage();
-    // The marks on the strip of days, today's line and where it is broken, may lie elsewhere now.
+    // The same for the marks of a gesture.
+    void NoteOverlay(const Overlay &overlay);
+    // The marks on the strip of days, today's line and where it looks torn, may lie elsewhere now.
     void OutdateToday() { todayOutdated_ = true; }
+    // Asks the strip for these marks where they are outdated, and has them painted.
     void NoteToday(const DayStrip &days);
     // The links of the node under the pointer to its day don't stand back; null for no node.
     void SetPointed(const Node *node);
+    // What to show and hide in place of what the items say; empty for nothing.
     void SetSights(Sights sights);
-    void SetPageBreaks(std::vector<QLineF> breaks);
-    // The same for the marks of a gesture.
-    void NoteOverlay(const Overlay &overlay);
+    void SetPageBreaks(std::vector<QLineF> breaks); // twips
 
 private:
     void RepaintAll();
@@ -78,9 +80,9 @@ private:
     bool resting_ = false;        // nothing has moved since the last slice
     std::optional<int> budget_;   // milliseconds
     std::optional<QLineF> today_; // twips
-    std::vector<QLineF> breaks_;  // twips
+    std::vector<QLineF> breaks_;  // of the strip of days, twips
     bool todayOutdated_ = true;
-    std::optional<ItemId> pointed_;
+    std::optional<ItemId> pointed_;  // the node under the pointer
     std::vector<QLineF> pageBreaks_; // twips
     Sights sights_;
     OverlayPlace overlayPlace_; // as last painted

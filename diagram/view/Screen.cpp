@@ -5,7 +5,7 @@
 
 namespace diagram {
 
-// A picture that never became whole is of less use than the one before.
+// A picture that was never whole is dropped, and the one before it kept.
 void Screen::KeepFormer() {
     if (IsExact()) former_.emplace(Former{std::move(store_), place_});
     store_ = BackingStore();

@@ -13,6 +13,7 @@ namespace diagram {
 
 namespace {
 
+// Pixels.
 constexpr double kHandle = 7;
 constexpr double kSmallHandle = 5;
 constexpr double kShortestSegment = 40; // with a handle in its middle
@@ -27,7 +28,7 @@ struct PaintedSelection {
     const Viewport &viewport;
     QRegion reach;
     const OverlayLook &look;
-    double side; // of a handle as it is met, twips
+    double side; // of a handle as the pointer meets it, twips
     Marks marks;
     SelectionForm form;
     const Sights &sights;
@@ -35,7 +36,7 @@ struct PaintedSelection {
 
 QColor GlowColour(const OverlayLook &look) { return Faded(look.accent, 70); }
 
-// Handles and rings of what lies as far beyond the area are seen in it.
+// The area and what lies so near to it that its handles and its ring are seen there.
 QRegion Reach(const QRegion &area) {
     QRegion reach;
     for (const QRect &rect : area)
@@ -86,7 +87,7 @@ bool HasSegmentHandles(const Link &link) {
     return !row || row->form != LinkForm::Bezier;
 }
 
-// The label is left free, as it is of the line itself.
+// The label is left free, as the link's line leaves it free.
 void AddGlow(PaintedSelection &to, const Link &link, const QRectF &label) {
     const QPainterPath path = to.viewport.ToPixels().map(to.scene.LinkPath(link));
     if (to.marks.AddGlow(path, kGlow, label)) return;

@@ -8,6 +8,7 @@
 #include "diagram/view/OverlayLook.h"
 #include "diagram/view/Viewport.h"
 
+#include <iterator>
 #include <QFontMetrics>
 #include <QPainter>
 
@@ -15,15 +16,20 @@ namespace diagram {
 
 namespace {
 
-constexpr int kFaint = 90; // of 255, of today's line beside the strip
-constexpr int kSlim = 22;  // pixels of the copy
-constexpr int kSlimAside = 112;
+constexpr int kFaint = 90;      // of 255, of today's line beside the strip
+constexpr int kSlim = 22;       // pixels of the copy's height
+constexpr int kSlimAside = 112; // the same at a side, where captions stand one below the other
 constexpr int kBesideText = 6;
 constexpr int kSolid = 252;       // of 255
 constexpr int kFoldedGround = 30; // of 255
 constexpr int kMark = 2;          // pixels of today on the copy
+constexpr int kDarkPaper = 128;   // grey value below which the copy is light on dark
 
-// From what to what a row of the copy is shown, pixels along the strip.
+// Of a torn strip, pixels.
+constexpr double kTooth = 7, kToothDepth = 2.5, kTearWidth = 6, kBeyondStrip = 3;
+constexpr int kMostTeeth = 400;
+
+// Where a span is shown, pixels along the strip.
 struct Seen {
     double from, to;
 };
@@ -34,7 +40,7 @@ Seen PixelsOf(const Calendar::Span &span, bool rightwards, const Viewport &viewp
     return rightwards ? Seen{from.x(), to.x()} : Seen{from.y(), to.y()};
 }
 
-// Whether months are shown; else years, where the captions of months have no room.
+// Whether the copy shows months; else years, as the captions of months have no room.
 bool ShowsMonths(const Calendar &calendar, const Viewport &viewport, const QFontMetrics &metrics) {
     std::vector<const Calendar::Span *> unfolded;
     for (const Calendar::Span &month : calendar.months)
@@ -44,6 +50,25 @@ bool ShowsMonths(const Calendar &calendar, const Viewport &viewport, const QFont
     const Seen seen = PixelsOf(middle, calendar.rightwards, viewport);
     const int room = calendar.rightwards ? metrics.horizontalAdvance(middle.caption) : metrics.height();
     return seen.to - seen.from >= room + kBesideText;
+}
+
+// One pixel to the side of the line.
+QPointF Aside(const QLineF &line) {
+    const QLineF normal = line.normalVector().unitVector();
+    return normal.p2() - normal.p1();
+}
+
+// A zigzag along the line and a little beyond its ends, of teeth that are all the same.
+QPolygonF TearAlong(const QLineF &line) {
+    const int teeth = qBound(2, qRound(line.length() / kTooth), kMostTeeth);
+    QPolygonF tear;
+    for (int i = 0; i <= teeth; ++i) {
+        const double along = double(i) / teeth;
+        const double beyond = i == 0 ? -kBeyondStrip : i == teeth ? kBeyondStrip : 0;
+        tear << line.pointAt(along + beyond / line.length()) +
+                    Aside(line) * (i % 2 ? kToothDepth : -kToothDepth);
+    }
+    return tear;
 }
 
 class SlimStrip {
@@ -57,7 +82,7 @@ public:
           today_(today),
           mark_(LookFor(surface, painter).guide),
           paper_(support::ToQColor(surface.BackColor())),
-          dark_(qGray(paper_.rgb()) < 128) {}
+          dark_(qGray(paper_.rgb()) < kDarkPaper) {}
 
     void Paint() {
         const QColor ink = dark_ ? QColor(235, 240, 245) : QColor(40, 50, 60);
@@ -153,6 +178,29 @@ void PaintDateLinks(QPainter &painter, const std::vector<const Link *> &links, c
         for (const Point &point : link->Route()) route.push_back(viewport.FromSurface(ToQPointF(point)));
         painter.setPen(QPen(support::ToQColor(link->LineColor()), 1.5));
         painter.drawPath(RoundedRoute(route, kDateCorner * viewport.xScale()));
+    }
+    painter.restore();
+}
+
+void PaintBreaks(QPainter &painter, std::span<const QLineF> breaks, const Surface &surface,
+                 const Viewport &viewport) {
+    if (breaks.empty()) return;
+    const OverlayLook look = LookFor(surface, painter);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const QLineF &each : breaks) {
+        const QLineF line = viewport.ToPixels().map(each);
+        if (line.length() < kTooth) continue;
+        const QPolygonF tear = TearAlong(line);
+        const QPointF half = Aside(line) * kTearWidth / 2;
+        QPolygonF gap = tear.translated(half);
+        const QPolygonF other = tear.translated(-half);
+        std::copy(other.rbegin(), other.rend(), std::back_inserter(gap));
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(support::ToQColor(surface.BackColor()));
+        painter.drawPolygon(gap);
+        painter.setPen(look.Line(look.guide, 1));
+        for (const QPointF &side : {half, -half}) painter.drawPolyline(tear.translated(side));
     }
     painter.restore();
 }

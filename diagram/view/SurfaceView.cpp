@@ -1,6 +1,6 @@
 #include "diagram/view/SurfaceView.h"
 
-#include "diagram/interaction/PlaceNode.h"
+#include "diagram/interaction/PlacedNode.h"
 #include "diagram/interaction/Selecting.h"
 #include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceClipboard.h"
@@ -252,7 +252,7 @@ void SurfaceView::focusInEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusInEvent(event);
     const bool byTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     if (byTab) impl_->NoteHand(true);
-    impl_->repainting.OutdateToday(); // whoever comes back may come on another day
+    impl_->repainting.OutdateToday(); // the day may have changed meanwhile
     impl_->AskForFlush();
     viewport()->update();
     impl_->notices.Send();
@@ -261,7 +261,7 @@ void SurfaceView::focusInEvent(QFocusEvent *event) {
 
 void SurfaceView::focusOutEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusOutEvent(event);
-    // What ends them comes to somebody else.
+    // The events that would end these go to another widget now.
     impl_->Guard("focusOutEvent", [&] { impl_->FocusGoes(); });
     impl_->keys->HideSize();
     impl_->keys->LetGo();

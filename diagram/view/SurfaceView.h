@@ -22,7 +22,7 @@ class Scene;
 class Renderer;
 class Sights;
 
-// Singular, as at the start of a sentence.
+// What nodes and links are called: singular, as at the start of a sentence.
 struct ItemWords {
     QString node = QStringLiteral("Node");
     QString link = QStringLiteral("Link");
@@ -54,7 +54,7 @@ public:
     std::optional<int> ShapeToDraw() const;
     // Adds a node of that shape and a usual size around a point of the viewport (pixels): one step of undo.
     void PlaceShape(int shape, const QPointF &at);
-    // Shown on the page while it is empty, on the screen alone; an assistant is told the same.
+    // The words stand on the page while it is empty, on the screen alone; an assistant is told the same.
     void SetEmptyNote(const QString &words);
 
     // Whether the last frame was exact. While a large diagram is zoomed or scrolled a frame may show what was
@@ -127,9 +127,10 @@ public:
     bool AddKin(diagram::Kin kin);
     // Lets the keys bend the selected link; false when none is selected or a gesture goes on.
     bool BeginBend();
-    // The item that a user who works with the keys is at; null for none.
+    // The item with the keyboard's focus: the one that keys have come to in a gesture, else the selected
+    // node, else the selected link; null for none.
     Item *FocusedItem() const;
-    // What keys that lead a gesture are at.
+    // What a gesture that is led by keys has come to.
     Attention LooksAt() const;
     // Gives up the gesture that is going on; false when there is none.
     bool CancelGesture();

@@ -76,7 +76,7 @@ void SurfaceView::Impl::Cleared() {
     AskForFlush();
 }
 
-// A gesture writes to the model for the time being, which history knows nothing of.
+// History doesn't know what a gesture has written to the model so far.
 void SurfaceView::Impl::BeforeUndo() {
     keys->EndRun();
     Guard("BeforeUndo", [this] { CancelGesture(); });
@@ -113,7 +113,7 @@ void SurfaceView::Impl::Flush() {
     notices.Send();
 }
 
-// Painted before its turn: what has changed must be seen all the same.
+// A frame may be asked for before the flush: it shows what has changed all the same.
 void SurfaceView::Impl::Paint(const QRegion &region) {
     if (flushAsked_) repainting.NoteDamage();
     repainting.Paint(region, interaction.Show(), Ring());
@@ -178,7 +178,7 @@ bool SurfaceView::Impl::BeginEdit(const QString *typed) {
     return begun;
 }
 
-// The pointer says where only when it has gone somewhere since what is pasted was copied.
+// The pointer says where to paste only when it was moved since the clipboard was filled.
 PasteAim SurfaceView::Impl::Aim() const {
     PasteAim aim{viewport.Seen(), {}, *days};
     if (!pointerOver_) return aim;
@@ -218,7 +218,7 @@ bool SurfaceView::Impl::Paste(Hint &why) {
 QPointF SurfaceView::Impl::ScrollOffset() const { return viewport.Scroll(); }
 void SurfaceView::Impl::SetScrollOffset(const QPointF &pixels) { viewport.ScrollTo(pixels.toPoint()); }
 void SurfaceView::Impl::Ask(std::unique_ptr<Gesture> gesture) {
-    // First, as the menu takes the focus, which would end a gesture.
+    // Before the gesture begins: the menu takes the focus, which would end it.
     offer.Ask(view.viewport()->mapToGlobal(pointer.toPoint()), words.node.toLower());
     if (interaction.Begin(std::move(gesture))) Tell(interaction.WhatNow());
 }

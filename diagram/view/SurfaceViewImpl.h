@@ -49,9 +49,10 @@ public:
     // Two fingers on a touchpad or a touch screen; false for another gesture of theirs.
     bool Pinch(QNativeGestureEvent *event);
     bool Pinch(QGestureEvent *event);
-    // Of the strip of days, where nothing else lies over it.
+    // What of the strip of days lies there (pixels), unless an item lies over it.
     std::optional<StripSpot> SpotAt(const QPointF &pixels);
-    // What is meant there: on the slim copy of the strip the strip itself.
+    // The input for that place; on the slim copy of the strip, which covers what lies there, for the place on
+    // the strip itself, while no gesture goes on.
     PointerInput Meant(const QPointF &pixels, Qt::KeyboardModifiers modifiers);
     void Fold(const StripSpot &spot);
     void FollowPointer(const QPointF &pixels, Qt::KeyboardModifiers modifiers);
@@ -59,7 +60,7 @@ public:
     bool ToolTip(const QPoint &pixels, const QPoint &global);
     void Leave();
     void AfterInput();
-    // Which of keyboard and mouse the user works with.
+    // Whether the user works with the keyboard or with the mouse, by which the focus ring is shown.
     void NoteHand(bool keyboard);
 
     // Stage
@@ -82,7 +83,7 @@ public:
     bool DropShape();
     // Tells an assistant what the page is, or how to begin on an empty one.
     void Describe();
-    // The focus goes to somebody else, but for the menu of an offer.
+    // The focus goes to another widget: gives the gesture up, unless that is the menu of its offer.
     void FocusGoes();
     // Gives up a gesture whose items went away under it.
     void DropOutdatedGesture();
@@ -90,7 +91,8 @@ public:
     bool Guard(const char *routine, Body &&body) {
         return guard.Run(routine, std::forward<Body>(body));
     }
-    // Pastes what the clipboard holds. When it doesn't, after an error too, `why` is told.
+    // Pastes what the clipboard holds. False, with the reason in `why`, where that is nothing; an error of
+    // too many lines sets `why` too.
     bool Paste(Hint &why);
     bool Duplicate();
 
@@ -108,7 +110,7 @@ public:
     OfferMenu offer;
     std::unique_ptr<Keys> keys;
     Describer describer;
-    bool follows = true; // otherwise nothing is flushed
+    bool follows = true; // the model; otherwise nothing is flushed
     ItemWords words;
     DayStrip *days = &DayStrip::None();
     AccessibleNotices notices;
@@ -132,13 +134,13 @@ private:
 
     UndoneItems undone_;
     diagram::Wheel wheel_;
-    bool pointerOver_ = false;        // the viewport
-    std::optional<QPointF> copiedAt_; // the pointer's place when the clipboard was filled, twips
+    bool pointerOver_ = false;        // the pointer is over the viewport
+    std::optional<QPointF> copiedAt_; // where the pointer was when the clipboard was filled, twips
     Qt::KeyboardModifiers modifiers_;
-    Qt::MouseButton button_ = Qt::NoButton; // that the gesture began with
+    Qt::MouseButton button_ = Qt::NoButton; // with which the gesture began
     bool flushAsked_ = false;
-    bool endedText_ = false; // by the last press, which was meant for that alone
-    bool gestureOutdated_ = false;
+    bool endedText_ = false;       // the last press ended an editing and was meant for that alone
+    bool gestureOutdated_ = false; // items went away while it lasted
     bool byKeyboard_ = false;
 };
 

@@ -20,7 +20,7 @@ namespace diagram {
 
 namespace {
 
-constexpr int kMostNotches = 100; // more lead nowhere else
+constexpr int kMostNotches = 100; // enough from the lowest zoom to the highest
 
 double Stepped(double percent, int notches) {
     for (int i = std::min(std::abs(notches), kMostNotches); i > 0; --i)
@@ -48,7 +48,7 @@ PointerInput SurfaceView::Impl::Meant(const QPointF &pixels, Qt::KeyboardModifie
     return input;
 }
 
-// By the spots of the strip the pointer has hit nothing, so a node's text isn't meant.
+// Where there is a spot of the strip no node was hit, so no text is edited.
 void SurfaceView::Impl::Fold(const StripSpot &spot) {
     surface.Events().DblClick(surface);
     const ActionGroup group(surface);
@@ -75,9 +75,9 @@ void SurfaceView::Impl::NoteHand(bool keyboard) {
     if (std::exchange(byKeyboard_, keyboard) != keyboard) view.viewport()->update();
 }
 
-// While a gesture lasts other buttons mean nothing: what they open would end it half way. Its own button is
-// pressed again only where the release went to somebody else; what is dragged then must not go on from the
-// old place.
+// While a gesture lasts other buttons are passed over: what they open would end it half way. When its own
+// button is pressed again, the release went to another window: the gesture is given up, so that it doesn't go
+// on from the old place.
 void SurfaceView::Impl::Press(QMouseEvent *event) {
     DropOutdatedGesture();
     const bool left = event->button() == Qt::LeftButton;
@@ -90,7 +90,7 @@ void SurfaceView::Impl::Press(QMouseEvent *event) {
     NoteHand(false);
     keys->EndRun();
     text.End(true);
-    endedText_ = text.HasJustEnded(); // by the focus that went, or here
+    endedText_ = text.HasJustEnded(); // when the focus went, or just now
     view.setFocus(Qt::MouseFocusReason);
     pointer = event->position();
     const PointerInput input = Meant(pointer, event->modifiers());
@@ -121,7 +121,7 @@ void SurfaceView::Impl::FollowPointer(const QPointF &pixels, Qt::KeyboardModifie
 }
 
 void SurfaceView::Impl::Move(QMouseEvent *event) {
-    // The release went to somebody else: a window that opened under the pointer, say.
+    // The release went to another window, such as one that opened under the pointer.
     if (interaction.IsActive() && !interaction.TakesKeys() && !event->buttons().testFlag(button_))
         CancelGesture();
     const QPointF at = event->position();
@@ -151,7 +151,7 @@ void SurfaceView::Impl::DoubleClick(QMouseEvent *event) {
     AfterInput();
 }
 
-// Where Shift has made the wheel go sideways already, it does.
+// With Shift it scrolls sideways; some platforms have turned the angle already.
 void SurfaceView::Impl::Wheel(QWheelEvent *event) {
     event->accept();
     keys->EndRun();
@@ -179,7 +179,7 @@ bool SurfaceView::Impl::Pinch(QNativeGestureEvent *event) {
     return true;
 }
 
-// The finger that came first may have begun to drag something.
+// The first finger may have begun to drag something.
 bool SurfaceView::Impl::Pinch(QGestureEvent *event) {
     auto *pinch = static_cast<QPinchGesture *>(event->gesture(Qt::PinchGesture));
     if (!pinch) return false;

@@ -19,9 +19,10 @@ namespace diagram {
 
 namespace {
 
-constexpr int kWeek = 7; // days
+// Days that an arrow key goes along a strip of days.
+int DaysOf(const KeyInput &input) { return input.Shift() ? 7 : 1; }
 
-// Without a listener nobody asks the user whether to delete.
+// Whether the surface has no listener, which would ask the user whether to delete.
 bool NobodyListens(const Surface &surface) {
     const SurfaceEvents &events = surface.Events();
     return typeid(events) == typeid(SurfaceEvents);
@@ -41,7 +42,7 @@ void SurfaceView::Impl::Keys::NoteKey(int key) {
     if (KeyInput{key, {}}.Arrow().isNull() && !ModifierOf(key)) EndRun();
 }
 
-// While keys lead a gesture, those that are no modifiers are nobody else's.
+// While keys lead a gesture no event is raised for them, unless they are modifiers.
 void SurfaceView::Impl::Keys::Press(QKeyEvent *event) {
     impl_.DropOutdatedGesture();
     NoteKey(event->key());
@@ -103,7 +104,6 @@ void SurfaceView::Impl::Keys::FollowModifier(int key, Qt::KeyboardModifiers modi
     impl_.UpdateOverlay();
 }
 
-// True when the key meant something here.
 bool SurfaceView::Impl::Keys::Run(QKeyEvent *event) {
     switch (event->key()) {
     case Qt::Key_Escape:
@@ -141,16 +141,19 @@ bool SurfaceView::Impl::Keys::ArrowKey(const KeyInput &input, quint64 time) {
     const QPointF direction = input.Arrow();
     if (direction.isNull() || interaction_.IsActive()) return false;
     if (input.Ctrl()) return walk_.Towards(direction, input);
-    const double step = input.Shift() ? surface_.Screen().GridSize() : kPixelTwips;
-    if (input.Alt()) return Resize(direction * step, time);
-    if (MoveSelectionByDays(surface_, impl_.Days(), direction, input.Shift() ? kWeek : 1)) {
+    if (input.Alt()) return Resize(input, time);
+    if (MoveSelectionByDays(surface_, impl_.Days(), direction, DaysOf(input))) {
         if (const Node *node = surface_.SelectedNode()) view_.EnsureVisible(node->Bounds());
         return true;
     }
-    if (MoveBy(direction * step, time)) return true;
+    if (MoveBy(direction * StepOf(input), time)) return true;
     const int pixels = view_.verticalScrollBar()->singleStep();
     impl_.viewport.ScrollTo(impl_.viewport.Scroll() + direction.toPoint() * pixels);
     return true;
+}
+
+double SurfaceView::Impl::Keys::StepOf(const KeyInput &input) const {
+    return input.Shift() ? surface_.Screen().GridSize() : kKeyStep;
 }
 
 bool SurfaceView::Impl::Keys::MoveBy(const QPointF &distance, quint64 time) {
@@ -162,11 +165,10 @@ bool SurfaceView::Impl::Keys::MoveBy(const QPointF &distance, quint64 time) {
     return moved;
 }
 
-bool SurfaceView::Impl::Keys::Resize(const QPointF &growth, quint64 time) {
+bool SurfaceView::Impl::Keys::Resize(const KeyInput &input, quint64 time) {
     const bool resized = run_.Do(KeyRun::Kind::Resize, time, [&](bool goesOn) {
-        const int step = std::max(std::abs(growth.x()), std::abs(growth.y())) > kPixelTwips ? kWeek : 1;
-        return MoveEndsByDays(surface_, impl_.Days(), growth, step, goesOn) ||
-               ResizeSelection(surface_, impl_.Days(), growth, goesOn);
+        return MoveEndsByDays(surface_, impl_.Days(), input.Arrow(), DaysOf(input), goesOn) ||
+               ResizeSelection(surface_, impl_.Days(), input.Arrow() * StepOf(input), goesOn);
     });
     const Node *node = resized ? surface_.SelectedNode() : nullptr;
     if (!node) return resized;

@@ -16,15 +16,15 @@ public:
     void Press(QKeyEvent *event);
     void Release(QKeyEvent *event);
     void TypeByInputMethod(QInputMethodEvent *event);
-    // As those of the view.
+    // As the functions of the view.
     bool BeginLink(LinkSide loose);
     bool BeginBend();
     bool AddKin(Kin kin);
-    // Of a node that was resized by keys.
+    // Hides the size that was shown while a node was resized by keys.
     void HideSize();
     // Space is down: a press moves the view.
     bool MovesTheView() const { return spaceHeld_; }
-    // Keys that are down are somebody else's from now on.
+    // The keys that are down will be released elsewhere.
     void LetGo() { spaceHeld_ = false, run_.End(); }
     // Arrow keys pressed from now on are another step of undo.
     void EndRun() { run_.End(); }
@@ -32,6 +32,7 @@ public:
     void NoteKey(int key);
 
 private:
+    // What the key does; true when it meant something here.
     bool Run(QKeyEvent *event);
     // The same while keys lead a gesture.
     bool Lead(QKeyEvent *event);
@@ -40,7 +41,9 @@ private:
     bool LinkKey(const KeyInput &input);
     bool ArrowKey(const KeyInput &input, quint64 time);
     bool MoveBy(const QPointF &distance, quint64 time);
-    bool Resize(const QPointF &growth, quint64 time);
+    bool Resize(const KeyInput &input, quint64 time);
+    // How far an arrow key goes, twips.
+    double StepOf(const KeyInput &input) const;
     bool Tab(const KeyInput &input);
     // A modifier went up or down: the gesture looks at it at once.
     void FollowModifier(int key, Qt::KeyboardModifiers modifiers);

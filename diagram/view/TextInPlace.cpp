@@ -26,7 +26,7 @@ bool TextInPlace::Begin(Item &item, const QString *typed) {
     return true;
 }
 
-// On a copy, as whoever is told of the change may end the editing.
+// Commits a copy, as a listener that is told of the change may end the editing.
 void TextInPlace::Keep() {
     if (!edit_) return;
     EditText edit = *edit_;
@@ -48,10 +48,7 @@ void TextInPlace::End(bool keep) {
     justEnded_ = true;
     QMetaObject::invokeMethod(
         &view_, [this] { justEnded_ = false; }, Qt::QueuedConnection);
-    if (keep)
-        guard_.Run("EndEdit", [&] { edit.Commit(text); });
-    else
-        edit.Cancel();
+    if (keep) guard_.Run("EndEdit", [&] { edit.Commit(text); });
     view_.viewport()->update();
 }
 

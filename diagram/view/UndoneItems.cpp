@@ -18,7 +18,7 @@ double DistanceTo(const QRectF &seen, const QRectF &area) {
     return way.x() * way.x() + way.y() * way.y();
 }
 
-// A line along an axis has no area, but a place.
+// Also for a line along an axis, whose box has no area.
 bool Touches(const QRectF &seen, const QRectF &area) { return seen.intersects(area.adjusted(-1, -1, 1, 1)); }
 
 QPointF GrownOf(const Surface &surface) { return {surface.Data().grownLeft, surface.Data().grownTop}; }
@@ -40,9 +40,9 @@ void UndoneItems::Note(const Item &item, Change what) {
 void UndoneItems::NoteGone(const Item &item) {
     if (!collecting_ || IsHidden(item)) return;
     if (item.AsNode()) return gone_.push_back(item.AsNode()->Bounds());
-    QPolygonF way;
-    for (const Point &point : item.AsLink()->Data().points) way << ToQPointF(point);
-    goneLinks_.push_back(way.boundingRect());
+    QPolygonF route;
+    for (const Point &point : item.AsLink()->Data().points) route << ToQPointF(point);
+    goneLinks_.push_back(route.boundingRect());
 }
 
 std::vector<QRectF> UndoneItems::Areas(Scene &scene) const {

@@ -27,14 +27,14 @@ int Clamped(double pixels) {
     return int(std::clamp(pixels, double(-kLargestScroll), double(kLargestScroll)));
 }
 
-// From `low` to `high`, a page long.
+// Lets the bar scroll from `low` to `high`, of which it shows `page`.
 void SetBar(QScrollBar &bar, int low, int high, int page) {
     bar.setPageStep(page);
     bar.setSingleStep(20);
     bar.setRange(low, std::max(low, high - page));
 }
 
-// So that it reaches `value`.
+// Widens the bar's range so that it reaches `value`.
 void Widen(QScrollBar &bar, int value) {
     const int kept = std::clamp(value, -kLargestScroll, kLargestScroll);
     bar.setRange(std::min(bar.minimum(), kept), std::max(bar.maximum(), kept));

@@ -53,7 +53,7 @@ public:
     enum class Grow : unsigned char { No, RightAndBelow, Anywhere };
     void ScrollTo(const QPoint &pixels, Grow grow = Grow::No);
     void EnsureVisible(const QRectF &twips);
-    // Tells the surface where it is.
+    // Tells the surface the size and the scroll offset of what is seen.
     void TellSurface();
 
 private:
@@ -69,8 +69,8 @@ private:
     Scene &scene_;
     double xScale_;
     double yScale_;
-    std::optional<double> shown_; // per cent, while the user has zoomed by himself
-    QPointF grown_;               // the page, as far as the scroll offset knows
+    std::optional<double> shown_; // per cent, while the user has zoomed away from the stored zoom
+    QPointF grown_;               // how far the page had grown when the scroll offset followed last, twips
 };
 
 } // namespace diagram

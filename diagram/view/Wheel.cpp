@@ -4,8 +4,8 @@ namespace diagram {
 
 namespace {
 
-constexpr int kNotch = 120;
-constexpr double kPixelsOfAngle = 0.5;
+constexpr int kNotch = 120;            // eighths of a degree
+constexpr double kPixelsOfAngle = 0.5; // for each of these
 
 } // namespace
 

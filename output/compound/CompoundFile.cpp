@@ -1,5 +1,6 @@
-// After [MS-CFB]: a header, then sectors; a table tells of each sector which one follows it. Streams below
-// 4096 bytes lie in small sectors, which are themselves a stream.
+// After [MS-CFB]: a header, then sectors. A table, the FAT, tells of each sector which one follows it; the
+// header tells where the FAT's own sectors lie, and the DIFAT those for which it has no room. Streams below
+// 4096 bytes lie in small sectors, which are themselves a stream with a table of its own, the mini FAT.
 #include "output/compound/CompoundFile.h"
 
 #include "support/Error.h"
@@ -13,9 +14,9 @@ namespace {
 
 constexpr int kSector = 512, kSmallSector = 64, kSmallLimit = 4096;
 constexpr int kEntrySize = 128;       // of the directory
-constexpr int kNumbers = kSector / 4; // of the table in a sector
-constexpr int kHeaderNumbers = 109;   // places of the table that the header tells itself
-constexpr quint32 kFree = 0xFFFFFFFF, kEnd = 0xFFFFFFFE, kTable = 0xFFFFFFFD, kTableOfTables = 0xFFFFFFFC;
+constexpr int kNumbers = kSector / 4; // of a FAT in a sector
+constexpr int kHeaderNumbers = 109;   // sectors of the FAT of which the header itself tells the place
+constexpr quint32 kFree = 0xFFFFFFFF, kEnd = 0xFFFFFFFE, kFatSector = 0xFFFFFFFD, kDifatSector = 0xFFFFFFFC;
 constexpr quint32 kNoEntry = 0xFFFFFFFF;
 constexpr qsizetype kLongestName = 31;
 constexpr qint64 kMostBytes = 0x7FFFFFFF - 64LL * 1024 * 1024;
@@ -37,7 +38,7 @@ void Fill(QByteArray &bytes, int size, char with = 0) {
     bytes.append(Sectors(bytes.size(), size) * size - bytes.size(), with);
 }
 
-// Chains of sectors in a table.
+// A FAT: chains of sectors.
 class Chains {
 public:
     // The first of so many further sectors, one behind the other; kEnd for none.
@@ -132,13 +133,13 @@ void Check(const std::vector<Stream> &streams) {
 // The file behind its header, and what the header tells of it.
 struct Body {
     QByteArray bytes;
-    Chains table, small;
+    Chains fat, miniFat;
     std::vector<Entry> entries;
-    quint32 directory = kEnd, smallTable = kEnd;
-    qsizetype smallTableSectors = 0;
+    quint32 directory = kEnd, firstOfMiniFat = kEnd;
+    qsizetype miniFatSectors = 0;
 
     quint32 Add(const QByteArray &content) {
-        const quint32 first = table.Add(Sectors(content.size(), kSector));
+        const quint32 first = fat.Add(Sectors(content.size(), kSector));
         bytes.append(content);
         Fill(bytes, kSector);
         return first;
@@ -152,7 +153,7 @@ void AddStreams(Body &body, const std::vector<Stream> &streams) {
         Entry entry{stream.name, EntryKind::Stream};
         entry.size = quint64(stream.bytes.size());
         if (stream.bytes.size() < kSmallLimit) {
-            entry.start = body.small.Add(Sectors(stream.bytes.size(), kSmallSector));
+            entry.start = body.miniFat.Add(Sectors(stream.bytes.size(), kSmallSector));
             small.append(stream.bytes);
             Fill(small, kSmallSector);
         } else {
@@ -168,61 +169,63 @@ void AddStreams(Body &body, const std::vector<Stream> &streams) {
 }
 
 void AddDirectory(Body &body, const ClassId &kind) {
-    const QByteArray smallTable = body.small.Bytes();
-    body.smallTableSectors = smallTable.size() / kSector;
-    body.smallTable = body.Add(smallTable);
+    const QByteArray miniFat = body.miniFat.Bytes();
+    body.miniFatSectors = miniFat.size() / kSector;
+    body.firstOfMiniFat = body.Add(miniFat);
     QByteArray directory;
     for (const Entry &entry : body.entries) AppendEntry(directory, entry, kind);
     while (directory.size() % kSector) AppendEntry(directory, {}, kind);
     body.directory = body.Add(directory);
 }
 
-// The sectors of the table itself, and those that tell where they are where the header has no room for that.
-struct TableSize {
-    qsizetype sectors = 0, tellers = 0;
+// How many sectors the FAT and the DIFAT take.
+struct FatSize {
+    qsizetype fat = 0, difat = 0;
 };
 
-TableSize SizeOfTable(qsizetype content) {
-    TableSize size;
+// Both have their own sectors in the FAT as well: it grows until all fit.
+FatSize SizeOfFat(qsizetype content) {
+    FatSize size;
     for (;;) {
-        const qsizetype sectors = Sectors(content + size.sectors + size.tellers, kNumbers);
-        const qsizetype beyond = std::max<qsizetype>(0, sectors - kHeaderNumbers);
-        const qsizetype tellers = Sectors(beyond, kNumbers - 1);
-        if (sectors == size.sectors && tellers == size.tellers) return size;
-        size = {sectors, tellers};
+        const qsizetype fat = Sectors(content + size.fat + size.difat, kNumbers);
+        const qsizetype beyond = std::max<qsizetype>(0, fat - kHeaderNumbers);
+        const qsizetype difat = Sectors(beyond, kNumbers - 1);
+        if (fat == size.fat && difat == size.difat) return size;
+        size = {fat, difat};
     }
 }
 
-// Where the sectors of the table lie, beyond those that the header tells.
-QByteArray Tellers(const TableSize &size, qsizetype firstOfTable) {
+// Where the sectors of the FAT lie, beyond those that the header tells. The last number of each sector leads
+// to the next one of the DIFAT.
+QByteArray Difat(const FatSize &size, qsizetype firstOfFat) {
     QByteArray bytes;
-    const qsizetype firstTeller = firstOfTable + size.sectors;
+    const qsizetype firstOfDifat = firstOfFat + size.fat;
     qsizetype told = kHeaderNumbers;
-    for (qsizetype i = 0; i < size.tellers; ++i) {
+    for (qsizetype i = 0; i < size.difat; ++i) {
         for (int number = 0; number < kNumbers - 1; ++number, ++told)
-            Append(bytes, told < size.sectors ? quint32(firstOfTable + told) : kFree);
-        Append(bytes, i + 1 < size.tellers ? quint32(firstTeller + i + 1) : kEnd);
+            Append(bytes, told < size.fat ? quint32(firstOfFat + told) : kFree);
+        Append(bytes, i + 1 < size.difat ? quint32(firstOfDifat + i + 1) : kEnd);
     }
     return bytes;
 }
 
-QByteArray Header(const Body &body, const TableSize &size, qsizetype firstOfTable) {
+QByteArray Header(const Body &body, const FatSize &size, qsizetype firstOfFat) {
     QByteArray bytes("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", 8);
     bytes.append(16, 0);
-    for (const int number : {0x3E, 3, 0xFFFE, 9, 6})
-        Append(bytes, quint16(number)); // versions, byte order, sizes
+    // Minor and major version, byte order, and the sizes of sectors and small ones as powers of two.
+    for (const int number : {0x3E, 3, 0xFFFE, 9, 6}) Append(bytes, quint16(number));
     bytes.append(6, 0);
     Append(bytes, quint32(0)); // sectors of the directory: told in later versions only
-    Append(bytes, quint32(size.sectors));
+    Append(bytes, quint32(size.fat));
     Append(bytes, body.directory);
-    Append(bytes, quint32(0));
+    Append(bytes, quint32(0)); // transactions
     Append(bytes, quint32(kSmallLimit));
-    Append(bytes, body.smallTable);
-    Append(bytes, quint32(body.smallTableSectors));
-    Append(bytes, size.tellers ? quint32(firstOfTable + size.sectors) : kEnd);
-    Append(bytes, quint32(size.tellers));
+    Append(bytes, body.firstOfMiniFat);
+    Append(bytes, quint32(body.miniFatSectors));
+    Append(bytes, size.difat ? quint32(firstOfFat + size.fat) : kEnd);
+    Append(bytes, quint32(size.difat));
     for (qsizetype i = 0; i < kHeaderNumbers; ++i)
-        Append(bytes, i < size.sectors ? quint32(firstOfTable + i) : kFree);
+        Append(bytes, i < size.fat ? quint32(firstOfFat + i) : kFree);
     return bytes;
 }
 
@@ -233,11 +236,11 @@ QByteArray CompoundFile(const std::vector<Stream> &streams, const ClassId &kind)
     Body body;
     AddStreams(body, streams);
     AddDirectory(body, kind);
-    const qsizetype firstOfTable = body.table.Count();
-    const TableSize size = SizeOfTable(firstOfTable);
-    body.table.AddMarked(size.sectors, kTable);
-    body.table.AddMarked(size.tellers, kTableOfTables);
-    return Header(body, size, firstOfTable) + body.bytes + body.table.Bytes() + Tellers(size, firstOfTable);
+    const qsizetype firstOfFat = body.fat.Count();
+    const FatSize size = SizeOfFat(firstOfFat);
+    body.fat.AddMarked(size.fat, kFatSector);
+    body.fat.AddMarked(size.difat, kDifatSector);
+    return Header(body, size, firstOfFat) + body.bytes + body.fat.Bytes() + Difat(size, firstOfFat);
 }
 
 } // namespace compound

@@ -20,7 +20,7 @@ namespace schema = document::schema;
 
 constexpr long kErrInvalidNull = 94;
 
-// Cells that a map reads and that come from the surface here.
+// Columns that a load reads and an import doesn't: there the surface's defaults for new nodes count.
 const std::vector<int> kLeftOutOfNodes = {schema::node::kAlignment, schema::node::kAutoSize,
                                           schema::node::kEvent, schema::node::kTransparent};
 
@@ -28,7 +28,7 @@ support::Error Failure(long number, const QString &text) {
     return support::Error(number, QStringLiteral("ImportMap"), text);
 }
 
-// Whole numbers, which most cells hold, without the detour over a number of any kind.
+// Most cells hold whole numbers; reading these takes a fraction of what toDouble does.
 bool TakeWholeNumber(QStringView text, double &number) {
     constexpr qsizetype kMostDigits = 9;
     const bool negative = text.startsWith(u'-');
@@ -43,7 +43,7 @@ bool TakeWholeNumber(QStringView text, double &number) {
     return true;
 }
 
-// With a decimal comma where fields are separated by something else.
+// The decimal sign may be a comma where fields are separated by something else.
 bool TakeNumber(QStringView text, char16_t separator, double &number) {
     if (TakeWholeNumber(text, number)) return true;
     bool good = false;
@@ -58,7 +58,7 @@ bool TakeTruth(QStringView text, double &number) {
     return number != 0 || text.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0;
 }
 
-// A record in another form than that which ExportMap writes was saved by somebody else.
+// Whether the record is as ExportMap writes it; otherwise another program has saved the file.
 bool IsOurForm(const storage::CsvReader &reader) {
     const storage::CsvForm &form = reader.Form();
     return form.encoding == storage::CsvEncoding::Utf8 && form.start > 0 && form.separator == u',' &&
@@ -161,13 +161,13 @@ QString CsvRows::LevelName() {
 
 QString CsvRows::TagOfRow() {
     const QString tag = Text(tag_), group = Text(group_), level = LevelName();
-    const QString question = tag + QChar(0) + group + QChar(0) + level;
-    if (const auto known = tags_.constFind(question); known != tags_.constEnd()) return *known;
-    QString answer =
+    const QString stored = tag + QChar(0) + group + QChar(0) + level;
+    if (const auto known = tags_.constFind(stored); known != tags_.constEnd()) return *known;
+    QString withKeys =
         document::TagWithEntry(tag, document::tags::kGroup, settings_.Groups().KeyForGroupName(group));
-    answer =
-        document::TagWithEntry(answer, document::tags::kLevel, settings_.Levels().KeyForLevelName(level));
-    return *tags_.insert(question, answer);
+    withKeys =
+        document::TagWithEntry(withKeys, document::tags::kLevel, settings_.Levels().KeyForLevelName(level));
+    return *tags_.insert(stored, withKeys);
 }
 
 void CsvRows::ReadNode(CsvContent &content) {

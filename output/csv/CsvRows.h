@@ -19,10 +19,10 @@ struct ItemColumn;
 
 namespace output {
 
-// An end of a link: a node of the file, by its position, or one that the surface has.
+// An end of a link: a node that the surface has, or one of the file.
 struct CsvEnd {
-    std::size_t position = 0;
-    diagram::Node *present = nullptr;
+    std::size_t position = 0;         // in CsvContent::nodes, where `present` is null
+    diagram::Node *present = nullptr; // on the surface
 };
 
 struct CsvLink {
@@ -31,7 +31,7 @@ struct CsvLink {
 };
 
 struct CsvContent {
-    std::vector<diagram::NodeData> nodes; // with new keys; what a file doesn't carry as in a new node
+    std::vector<diagram::NodeData> nodes; // with new keys; what the file doesn't carry is as in a new node
     std::vector<CsvLink> links;
 };
 
@@ -40,7 +40,7 @@ public:
     // Reads the header. Errors are those of ImportMap, here and below.
     CsvRows(QIODevice &file, document::clsfrmMain &settings, const diagram::Surface &flow);
 
-    // Reads the next row into the content, nothing of an empty one; false behind the last.
+    // Reads the next row into the content, to which an empty one adds nothing; false behind the last.
     bool ReadRow(CsvContent &content);
     int Percent() const { return reader_.Percent(); }
 
@@ -69,14 +69,14 @@ private:
     storage::CsvReader reader_;
     document::clsfrmMain &settings_;
     const diagram::Surface &flow_;
-    QHash<QString, int> names_; // in lower case
+    QHash<QString, int> names_; // positions of columns by their names in lower case
     QStringList header_;
     std::vector<Cell<diagram::NodeData>> nodeCells_;
     std::vector<Cell<diagram::LinkData>> linkCells_;
     int type_, key_, tag_, group_, level_, source_, destination_;
     int at_ = -1;                           // the column being read; -1 for none
     QHash<QString, std::size_t> positions_; // of the nodes, by the file's keys
-    QHash<QString, QString> tags_;          // by tag, group and level as the file has them
+    QHash<QString, QString> tags_;          // tags with keys, by tag, group and level as the file has them
 };
 
 } // namespace output

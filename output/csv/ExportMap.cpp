@@ -27,13 +27,13 @@ using document::MapWindow;
 using storage::FieldType;
 using storage::Recordset;
 
-// True when the map's file holds what the window does.
-bool IsSaved(MapWindow &window) {
+// Asks to save a map that differs from its file. True when the file holds what the window does.
+bool HasSaved(MapWindow &window) {
     const QString &database = window.clsSettings().Database();
     if (!database.isEmpty() && !document::MustAskBeforeLosing(window)) return true;
     const support::Answer answer = window.Desktop().messageBoxes.Show(
-        QStringLiteral("This operation requirers the %1 to be saved.\r\rSave changes "
-                       "and continue?") // "requirers": as ever
+        // "requirers" is a misspelling that users know; the text stays letter for letter.
+        QStringLiteral("This operation requirers the %1 to be saved.\r\rSave changes and continue?")
             .arg(settings::Terms().MAP),
         support::Buttons::YesNo, support::Icon::Question, settings::Terms().TITLE);
     return answer == support::Answer::Yes && document::DoSave(window) && !database.isEmpty();
@@ -70,8 +70,8 @@ private:
     NowAndThen goOn_;
     std::vector<CsvColumn> columns_;
     storage::CsvWriter writer_;
-    std::vector<int> at_;   // of each column in the table at hand; -1 for one that it has not
-    std::vector<int> ends_; // of the columns that name a node
+    std::vector<int> at_;   // positions of columns_ in the table at hand; -1 for one that it lacks
+    std::vector<int> ends_; // positions of the columns there that hold keys of nodes
     std::optional<document::Progress> progress_;
     std::size_t rows_ = 0;
 };
@@ -111,7 +111,7 @@ void Export::WriteRow(const Recordset &rows, const char *type) {
     writer_.EndRecord();
 }
 
-// A number that a file of an early version leaves empty is the 0 that a load takes it for.
+// Files of early versions may have Null where a number belongs; a load takes that for 0.
 void Export::WriteCell(const Recordset &rows, int at, const CsvColumn &column) {
     if (at < 0 || rows.IsNull(at)) return at >= 0 && column.isNumber ? writer_.Long(0) : writer_.Null();
     switch (column.type) {
@@ -166,7 +166,7 @@ bool ExportMap(MapWindow &window, diagram::Surface &Flow, const QString &File, c
                const GoOn &goOn) {
     return support::PassOn("ExportMap", [&] {
         window.DoStatus(NotInTextFiles());
-        const bool saved = IsSaved(window);
+        const bool saved = HasSaved(window);
         window.DoStatus(QString());
         return saved && Write(window, Flow, File, without, goOn);
     });

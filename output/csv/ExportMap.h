@@ -15,19 +15,19 @@ class MapWindow;
 
 namespace output {
 
-// Writes the slice of `Flow` to `File`: the columns Type, those of the table of nodes and those of the table
-// of links that the former has not; a row for each node, then one for each link, as the map's file holds
-// them. Asks to save when the map has no file or holds what its file doesn't; nothing is written when the
-// user says no, and false is what comes back. The whole slice is written whatever the filter hides, but for
-// the nodes whose keys stand in `without`, and their links. `goOn` is asked at each some hundred rows; false
-// gives up, and false is what comes back then, too.
+// Writes the slice of `Flow` to `File`: the columns are those of ColumnsOfMap (CsvColumns.h), with a row for
+// each node and then one for each link, as the map's file holds them. The whole slice is written whatever the
+// filter hides, except for the nodes whose keys are in `without`, and their links.
+//
+// First asks to save a map that has no file or differs from it. True when the file was written; false when
+// the user doesn't want to save, and when `goOn`, which is asked every few hundred rows, gives up.
 //
 // The file is replaced as a whole or stays as it was. Errors are those of the storage and of
 // support::AtomicFile, and 75 where the map itself would be replaced.
 bool ExportMap(document::MapWindow &window, diagram::Surface &Flow, const QString &File,
                const QSet<QString> &without = {}, const GoOn &goOn = {});
 
-// What a slice has that such a file doesn't carry, as a sentence for the status bar.
+// A sentence for the status bar that says what of a slice such a file doesn't carry.
 QString NotInTextFiles();
 
 } // namespace output

@@ -1,10 +1,9 @@
 #include "output/csv/ImportMap.h"
 
-#include "diagram/model/Actions.h"
 #include "diagram/model/Surface.h"
 #include "document/BusyWindow.h"
 #include "document/clsfrmMain.h"
-#include "document/Tags.h"
+#include "document/UndoStep.h"
 #include "output/csv/CsvRows.h"
 #include "support/Error.h"
 #include "timeline/Arrange.h"
@@ -42,24 +41,7 @@ bool Read(MapWindow &window, const diagram::Surface &flow, const QString &path, 
     return true;
 }
 
-// A group of changes that is taken back unless it is closed.
-class Step {
-public:
-    explicit Step(diagram::Surface &surface) : surface_(surface) { document::BeginAction(surface); }
-    ~Step() {
-        if (!closed_) surface_.Actions().Cancel();
-    }
-    Step(const Step &) = delete;
-    Step &operator=(const Step &) = delete;
-
-    void Close() { surface_.EndAction(), closed_ = true; }
-
-private:
-    diagram::Surface &surface_;
-    bool closed_ = false;
-};
-
-// All values at once, so that the node keeps its size whatever its text.
+// Writes all values at once: setting the text by itself could change the size of the node.
 diagram::Node &Place(diagram::Surface &flow, diagram::NodeData data) {
     diagram::Node &node = flow.Nodes().Add(data.left, data.top, data.width, data.height);
     data.stack = node.Data().stack;
@@ -108,7 +90,7 @@ bool ImportMap(MapWindow &window, diagram::Surface &Flow, const QString &File, c
         CsvContent content;
         NowAndThen question(goOn);
         if (!Read(window, Flow, File, content, question)) return GiveUp(window);
-        Step step(Flow);
+        document::UndoStep step(Flow);
         if (!PlaceAll(Flow, content, question)) return GiveUp(window);
         timeline::ArrangeTimeLineNodes(window, Flow, timeline::kStoredArrangement);
         step.Close();

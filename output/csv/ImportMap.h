@@ -1,4 +1,4 @@
-// A text file of columns into a slice.
+// Reading a text file of columns into a slice.
 #pragma once
 
 #include "output/model/GoOn.h"
@@ -18,7 +18,7 @@ namespace output {
 // holds: one step of undo. Nodes get new keys, and the links of the file stay with them; levels and groups
 // are found by their names. Lays the timeline out and sets Dirty.
 //
-// `goOn` is asked at each some hundred rows; false gives up. False is what comes back then.
+// True when the file was imported; false when `goOn`, which is asked every few hundred rows, gives up.
 //
 // All or nothing: giving up or an error leaves the surface as it was. A column that the file lacks is 3265
 // "Item not found in this collection.", one that it has twice 3191, quotes that never close and the like

@@ -12,13 +12,13 @@ namespace output {
 
 namespace {
 
-// Lifts the attribute for as long as it lives.
+// Makes a read-only file writable for as long as the object lives.
 class Writable {
 public:
     explicit Writable(const QString &path)
         : path_(path), wasReadOnly_(support::FileExists(path) && support::IsReadOnly(path)) {
         if (!wasReadOnly_) return;
-        // An administrator's right to write is none of the file's.
+        // What is put back must not let the user write, as permissions() may say for an administrator.
         permissions_ = QFile::permissions(path_) & ~QFileDevice::Permissions(QFileDevice::WriteUser);
         support::ClearReadOnly(path_);
     }

@@ -8,7 +8,7 @@ namespace output {
 
 struct ReportOptions {
     bool nodes = true;   // list the nodes
-    bool details = true; // with everything that there is of them; only together with nodes
+    bool details = true; // list everything that the nodes have; only together with `nodes`
     bool all = false;    // all slices, not the current one alone
     bool map = true;     // a picture of each slice
     bool html = false;   // pages, not rich text
@@ -20,15 +20,17 @@ struct ReportOptions {
 ReportOptions LastReportOptions(const QString &Filename);
 void RememberReportOptions(const ReportOptions &options);
 
-// What the user is shown, and asked whether to go on.
+// Is told how far an export is, and asked whether to go on.
 class ReportProgress {
 public:
     virtual ~ReportProgress() = default;
-    // A slice of several begins: its caption, how many are done, of how many.
+    // A slice begins: its caption, and how many of the slices are done.
     virtual void Slice(const QString &caption, int done, int slices) = 0;
-    // Nodes of the slice that are done, of how many.
+    // How many of the slice's nodes are done.
     virtual void Nodes(int done, int nodes) = 0;
+    // What is being done, as a text for the user.
     virtual void Doing(const QString &text) = 0;
+    // False gives up.
     virtual bool GoOn() = 0;
 };
 

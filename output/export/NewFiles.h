@@ -1,5 +1,5 @@
-// Files that come into being together: written beside their targets where nobody looks, then put in their
-// places one after the other. What isn't put there goes with the object.
+// Files that appear together: they are written into a hidden folder beside their targets, then put in their
+// places one after the other. Files that were not committed are deleted with the object.
 #pragma once
 
 #include <memory>
@@ -21,7 +21,7 @@ public:
 
     // `name` has no folder. Error 75 for a file that is there and may not be written, 61 for a full disk.
     void Add(const QString &name, const QByteArray &bytes);
-    // Replaces what is there.
+    // Puts all files in their places, where they replace former ones.
     void Commit();
 
 private:

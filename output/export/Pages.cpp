@@ -36,7 +36,8 @@ std::vector<PlannedPage> PlanOf(support::Desktop &desktop, const ReportTask &tas
     return plan;
 }
 
-// The files of the plan that are there already; the one that the user has named was asked about before.
+// The files of the plan that are there already, without the one that the user named: the file dialog has
+// asked about that.
 QStringList FilesThere(const ReportTask &task, const std::vector<PlannedPage> &plan) {
     QStringList names;
     if (task.options.all) names << support::FileTitle(PageName(task.Filename, kLeftPage));
@@ -85,7 +86,8 @@ ReportLine LinkTo(const PlannedPage &page, int number) {
     return {{{caption, ReportStyle::Value, link}}, caption.isRightToLeft()};
 }
 
-// The links stay open, so nothing may stand between the lines that browsers would take for a part of them.
+// The page of links to the slices. Its links lack their </a> on purpose: readers of these pages rely on it.
+// So nothing may stand between the lines that browsers would take for a part of a link.
 QByteArray LeftPage(const ReportTask &task, const std::vector<PlannedPage> &plan) {
     ReportBlocks blocks;
     for (const PlannedPage &page : plan) blocks.push_back(LinkTo(page, int(blocks.size()) + 1));
@@ -116,9 +118,9 @@ void AddIndex(NewFiles &files, const ReportTask &task, const std::vector<Planned
 } // namespace
 
 bool WritePages(document::MapWindow &window, const ReportTask &task, ReportProgress &progress) {
-    const support::AtomicFile mayBeWritten(task.Filename);
+    const support::AtomicFile mayBeWritten(task.Filename); // raises before all the work if it may not
     const std::vector<PlannedPage> plan = PlanOf(window.Desktop(), task);
-    if (task.options.all) Frameset(task); // before all the work
+    if (task.options.all) Frameset(task); // raises now if the delivered frameset is missing
     if (!MayReplace(window, FilesThere(task, plan))) return false;
     NewFiles files(QFileInfo(task.Filename).absolutePath());
     for (const PlannedPage &page : plan) {

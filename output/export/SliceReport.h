@@ -1,4 +1,4 @@
-// The part of a report that one slice is.
+// The part of a report that belongs to one slice.
 #pragma once
 
 #include "output/export/ExportReport.h"
@@ -6,7 +6,7 @@
 
 namespace output {
 
-// What is to be written, and where to. The slices come in their order.
+// What is to be written, and where to; the slices in the order of the report.
 struct ReportTask {
     ReportProperties properties;
     ReportOptions options;
@@ -14,8 +14,8 @@ struct ReportTask {
     std::vector<SliceOutput> slices;
 };
 
-// Adds the slice's nodes and picture as the options say, up to the moment in which the file is written. False
-// when it was given up.
+// Adds the slice's nodes and picture as the options say, and tells `progress` each step, the last being that
+// the file is saved. False when it was given up.
 bool BuildSlice(ReportBlocks &blocks, const SliceOutput &slice, const ReportOptions &options,
                 ReportProgress &progress);
 

@@ -67,7 +67,7 @@ public:
     explicit Writer(const QString &prefix) : prefix_(prefix) {}
     std::vector<PictureFile> Pictures() { return std::move(pictures_); }
 
-    // A line in which nothing can be seen is as high as the others.
+    // A line without visible text gets a blank, which makes it as high as the others.
     QString operator()(const ReportLine &line) const {
         QString text;
         bool isBlank = true;
@@ -95,7 +95,7 @@ public:
 
 private:
     static QString Pixels(double twips) { return QString::number(qRound(twips / kTwipsPerPixel)); }
-    // As many as the screen shows, up to what a page that isn't a poster needs; 0 for the former.
+    // Pixels of the longer side: 0, for the size at zoom 100, or kMost for a picture that is larger.
     static int SideOf(const QSizeF &size) {
         constexpr int kMost = 4000;
         return std::max(size.width(), size.height()) / kTwipsPerPixel > kMost ? kMost : 0;

@@ -10,14 +10,14 @@ struct PictureFile {
     QByteArray bytes;
 };
 
-// A page in UTF-8, and the files that it shows, to stand in its folder.
+// A page in UTF-8, and the picture files that it shows, to be written into its folder.
 struct HtmlPage {
     QByteArray page;
     std::vector<PictureFile> pictures;
 };
 
-// Each picture is two files, for browsers that know SVG and for the others. What they are called: `number`
-// counts the pictures of the page from 1.
+// The names of a picture's two files, one for browsers that know SVG and one for the others. `number` counts
+// the pictures of the page from 1.
 QStringList PictureNames(const QString &prefix, int number);
 
 // `prefix` is what the names of its pictures begin with.

@@ -1,4 +1,4 @@
-// What nodes of another map have besides themselves: hyperlinks and attachments.
+// What belongs to the nodes of another map: hyperlinks, attachments, levels and groups.
 #pragma once
 
 #include <QHash>
@@ -11,11 +11,11 @@ class MapWindow;
 
 namespace output {
 
-// Keys of the other map's nodes, and which they have in this one.
+// The key in this map for the key that a node has in the other one.
 using NewKeys = QHash<QString, QString>;
 
-// Both add to this map's pools what the other's hold of the nodes that have come; `firstTab` is the first of
-// the new tabs. They give a line for each that could not come.
+// Both add to this map's pools what the other map's pools hold for the nodes in `keys`, and give a line for
+// each item that could not come. `firstTab` is the first of the new tabs.
 QStringList BringHyperlinks(document::MapWindow &window, document::MapWindow &other, const NewKeys &keys,
                             int firstTab);
 QStringList BringAttachments(document::MapWindow &window, document::MapWindow &other, const NewKeys &keys);

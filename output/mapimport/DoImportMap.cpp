@@ -23,7 +23,8 @@ namespace {
 using document::MapWindow;
 using document::MemoryWindow;
 
-// A copy of a map of an early version: opening brings that up to date, and the original is not to change.
+// Reading a map of an early version needs its missing columns. They are added to a copy, since the file
+// itself must not change.
 class CopyOfOld {
 public:
     explicit CopyOfOld(const QString &map) {
@@ -87,7 +88,7 @@ private:
     bool kept_ = false;
 };
 
-// The nodes of both stand in the same order.
+// `after` was made of `before`: their nodes have the same order, and other keys.
 void NoteKeys(const diagram::Surface &before, const diagram::Surface &after, NewKeys &keys) {
     auto node = after.Nodes().begin();
     for (const diagram::Node &former : before.Nodes()) {
@@ -101,7 +102,7 @@ void BringSlice(MapWindow &window, MemoryWindow &other, diagram::Surface &from, 
                 NewKeys &keys) {
     diagram::LoadBytes(to, timeline::PrepBytesForImport(diagram::SaveBytes(from), window,
                                                         timeline::NamesOf(other.clsSettings())));
-    to.SetPicture(from.Picture()); // what the bytes leave out
+    to.SetPicture(from.Picture()); // the bytes have no background
     to.SetBackColor(from.BackColor());
     NoteKeys(from, to, keys);
 }

@@ -16,10 +16,17 @@ const QString &NameOf(const document::cGroup &group) { return group.GroupName; }
 const QString &NameOf(const document::cLevel &level) { return level.LevelName; }
 
 template <typename Pool>
-QStringList NamesOf(const Pool &pool, bool tickedAlone) {
+QStringList NamesOf(const Pool &pool) {
+    QStringList names;
+    for (const auto &member : pool) names << NameOf(member);
+    return names;
+}
+
+template <typename Pool>
+QStringList TickedNamesOf(const Pool &pool) {
     QStringList names;
     for (const auto &member : pool)
-        if (member.Selected || !tickedAlone) names << NameOf(member);
+        if (member.Selected) names << NameOf(member);
     return names;
 }
 
@@ -31,7 +38,7 @@ QStringList NamesOf(const Pool &pool, bool tickedAlone) {
 
 template <typename Pool>
 void CheckNames(const Pool &pool, const std::optional<QStringList> &chosen, const char *what) {
-    const QStringList known = NamesOf(pool, false);
+    const QStringList known = NamesOf(pool);
     for (const QString &name : chosen.value_or(QStringList()))
         if (!known.contains(name)) RaiseUnknown(what, name, known);
 }
@@ -75,8 +82,8 @@ QStringList ShowOnly(document::MapWindow &window, const FilterChoice &choice) {
         missing = document::TickView(settings, *view);
     Tick(settings.Levels(), choice.levels);
     Tick(settings.Groups(), choice.groups);
-    const document::FilterKeys keys = document::KeysForFilter(NamesOf(settings.Groups(), true).join(u','),
-                                                              NamesOf(settings.Levels(), true).join(u','),
+    const document::FilterKeys keys = document::KeysForFilter(TickedNamesOf(settings.Groups()).join(u','),
+                                                              TickedNamesOf(settings.Levels()).join(u','),
                                                               settings.Groups(), settings.Levels());
     for (const int index : window.AddFlow1().Indices()) ApplyTo(window.AddFlow1()[index], keys);
     return missing;

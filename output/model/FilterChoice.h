@@ -15,9 +15,9 @@ struct FilterChoice {
     bool IsGiven() const { return levels || groups || !view.isEmpty(); }
 };
 
-// Ticks these and shows on all slices what is ticked. Months and their links stay as hidden as they were.
-// Nothing is done without a choice. Error 5 for a name that the map does not have. Levels and groups that the
-// view ticks and the map has no more are left out; gives their names.
+// Ticks these levels and groups and applies the filter to all slices. Months and their links stay as hidden
+// as they were. Does nothing without a choice. Error 5 for a name that the map does not have. Gives the names
+// of the levels and groups that the view ticks and the map no longer has.
 QStringList ShowOnly(document::MapWindow &window, const FilterChoice &choice);
 
 } // namespace output

@@ -8,7 +8,7 @@ namespace output {
 // False gives up. Whoever is asked may let events run.
 using GoOn = std::function<bool()>;
 
-// Asks for each of many small pieces of work, but not at each of them.
+// For work of many small pieces: asks only at every 256th of them.
 class NowAndThen {
 public:
     // Without anybody to ask the work goes on.

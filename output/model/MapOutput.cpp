@@ -28,7 +28,8 @@ QString DateText(const diagram::Node &node, const diagram::Link &link) {
     return day + QStringLiteral(" - ") + timeline::FormatDate(*span->last, timeline::kDayPattern);
 }
 
-// The links of a node are those that arrive, too: such a one leads to the node itself.
+// A node's links are those that leave it and those that arrive at it. One that arrives has the node itself as
+// its destination, and so is listed with the node's own text.
 NodeOutput ReadNode(const diagram::Node &node, document::clsfrmMain &settings) {
     NodeOutput read;
     read.text = node.Text();

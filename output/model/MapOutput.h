@@ -1,5 +1,4 @@
-// A map as its reports, slides and pages need it: plain values, read once from a window, in which nothing is
-// selected, scrolled or hidden for it.
+// A map as reports, slides and pages need it: plain values, read once from a window, which is left as it is.
 #pragma once
 
 #include "diagram/export/Export.h"
@@ -55,7 +54,7 @@ struct MapOutput {
 
 // The time is that of the window's clock.
 MapOutput ReadMap(document::MapWindow &window);
-// The slice of that surface, and the filter and names of the window that it stands in.
+// The slice of that surface, with the window's names of levels and groups.
 SliceOutput ReadSlice(document::MapWindow &window, diagram::Surface &surface);
 
 // "Levels: A, B. Groups: C.", with "none" for an empty list; "Everything is shown." without a filter. For the

@@ -4,6 +4,7 @@
 #include "output/package/Zip.h"
 
 #include <map>
+#include <utility>
 
 namespace package {
 
@@ -19,7 +20,7 @@ QString RelationsName(const QString &part) {
 
 QString EndingOf(const QString &name) { return name.mid(name.lastIndexOf(u'.') + 1); }
 
-// Those of packed formats gain nothing.
+// Pictures in packed formats gain nothing.
 bool IsWorthPacking(const QString &name) {
     static const QStringList packed{QStringLiteral("png"), QStringLiteral("jpg"), QStringLiteral("gif")};
     return !packed.contains(EndingOf(name));
@@ -36,13 +37,16 @@ QString RelativeName(const QString &from, const QString &to) {
 }
 
 void Package::Add(const QString &name, const QString &contentType, const QByteArray &bytes) {
-    names_.insert(name, int(parts_.size()));
-    parts_.push_back({name, contentType, bytes, false});
+    Add({name, contentType, bytes, false});
 }
 
 void Package::AddMedia(const QString &name, const QString &contentType, const QByteArray &bytes) {
-    names_.insert(name, int(parts_.size()));
-    parts_.push_back({name, contentType, bytes, true});
+    Add({name, contentType, bytes, true});
+}
+
+void Package::Add(Part part) {
+    names_.insert(part.name);
+    parts_.push_back(std::move(part));
 }
 
 QString Package::Relate(const QString &from, const QString &kind, const QString &to) {

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <vector>
@@ -16,8 +17,9 @@ public:
     void Add(const QString &name, const QString &contentType, const QByteArray &bytes);
     // A picture or the like, whose kind follows from the ending of its name.
     void AddMedia(const QString &name, const QString &contentType, const QByteArray &bytes);
-    // A relation from a part, or from the package itself when `from` is empty, to another part; gives its
-    // identity, "rId1" and so on. The kind is the last part of its name, or the whole one.
+    // Adds a relation from a part, or from the package itself when `from` is empty, to another part; gives
+    // its identity, "rId1" and so on. `kind` is the last part of the name that office documents have for it,
+    // or a whole name, which has a slash.
     QString Relate(const QString &from, const QString &kind, const QString &to);
     bool Has(const QString &name) const { return names_.contains(name); }
 
@@ -33,11 +35,12 @@ private:
     struct Relation {
         QString kind, to;
     };
+    void Add(Part part);
     QByteArray ContentTypes() const;
     QByteArray RelationsOf(const QString &from) const;
 
     std::vector<Part> parts_;
-    QHash<QString, int> names_;
+    QSet<QString> names_;
     QHash<QString, std::vector<Relation>> relations_;
 };
 

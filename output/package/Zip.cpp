@@ -23,7 +23,7 @@ constexpr zip_int32_t kLevel = 6;
 struct Target {
     Target() : source(Zip().zip_source_buffer_create(nullptr, 0, 0, nullptr)) {
         if (!source) RaiseNoMemory();
-        Zip().zip_source_keep(source); // the archive takes one of the two holds
+        Zip().zip_source_keep(source); // a second reference, as the archive gives one back when it is closed
     }
     ~Target() { Zip().zip_source_free(source); }
     Target(const Target &) = delete;

@@ -1,5 +1,5 @@
-// libzip, loaded when the first archive is written: the libraries that it brings along take a twentieth of a
-// start. The names are the library's own.
+// libzip, loaded when the first archive is written: loading the libraries that it brings along takes a
+// twentieth of the program's start. The names are the library's own.
 #pragma once
 
 #include <zip.h>

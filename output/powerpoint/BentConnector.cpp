@@ -7,11 +7,11 @@ namespace powerpoint {
 
 namespace {
 
-constexpr double kStraight = 20;   // by which a level segment may rise, EMU
-constexpr double kThinnest = 1270; // side of a box, so that parts of it can be told
+constexpr double kStraight = 20;   // EMU by which a horizontal or vertical segment may slant
+constexpr double kThinnest = 1270; // EMU of a box's side, as adjustments are fractions of it
 constexpr double kMostAdjust = 2e9;
 
-// Whether the segments are level and plumb in turn, the first one level or not.
+// Whether the segments are horizontal and vertical in turn, the first one horizontal if `levelFirst`.
 bool Alternates(const std::vector<QPointF> &route, bool levelFirst) {
     for (std::size_t i = 1; i < route.size(); ++i) {
         const QPointF step = route[i] - route[i - 1];
@@ -25,7 +25,7 @@ double Thick(double length) {
     return std::abs(length) >= kThinnest ? length : std::copysign(kThinnest, length);
 }
 
-// How far along the route to the end the bends lie, across and down in turn.
+// Where the bends lie, as parts of the way from the start to the end, across and down in turn.
 std::vector<int> AdjustsOf(const std::vector<QPointF> &route, bool levelFirst) {
     const QPointF whole = route.back() - route.front();
     std::vector<int> adjusts;

@@ -8,8 +8,8 @@
 
 namespace powerpoint {
 
-// One of them, as its element tells it. The start lies at the left and top of `box` and the route leaves to
-// the right, before it is flipped and turned about the middle.
+// One of them, as its element describes it: the route begins at the left top corner of `box` and leaves to
+// the right; then it is flipped and turned about the middle of the box.
 struct BentConnector {
     int segments = 0; // 2 to 5
     QRectF box;
@@ -18,7 +18,8 @@ struct BentConnector {
     std::vector<int> adjusts; // 1/100000 of the width and the height in turn
 };
 
-// The connector of that route, whose segments are level and plumb in turn; none for another route.
+// The connector of a route (EMU) whose two to five segments are horizontal and vertical in turn; none for any
+// other.
 std::optional<BentConnector> FindBentConnector(const std::vector<QPointF> &route);
 
 } // namespace powerpoint

@@ -16,18 +16,19 @@ using diagram::Calendar;
 using diagram::CalendarInk;
 using diagram::CalendarRows;
 
-constexpr double kPixel = diagram::kTwipsPerPixel; // as which outputs are laid out
+constexpr double kPixel = diagram::kTwipsPerPixel; // outputs are laid out as at zoom 100
 constexpr double kPoints = 8;                      // of captions
+constexpr int kLeft = 0, kMiddle = 2;              // TextLook::across
 
-// A plain rectangle, or a text alone.
+// A plain rectangle, a text alone, or both.
 struct Piece {
-    QRectF box; // twips
-    std::optional<QRgb> fill;
-    QString caption;
+    QRectF box = {}; // twips
+    std::optional<QRgb> fill = {};
+    QString caption = {};
     QRgb ink = 0;
     bool bold = false;
-    int across = 2; // of the caption: 0 left, 2 middle
-    QString name;
+    int across = kMiddle; // of the caption
+    QString name = {};
 };
 
 void WritePiece(ShapeContext &context, const Piece &piece) {
@@ -90,20 +91,25 @@ private:
     void WriteBar(double from, double to, const CalendarRows::Row &row, QRgb fill,
                   const QString &name) const {
         const QRectF box = rows_.PlaceOf(from, to, row) & area_;
-        if (!box.isEmpty()) WritePiece(context_, {box, fill, {}, 0, false, 2, name});
+        if (!box.isEmpty()) WritePiece(context_, {.box = box, .fill = fill, .name = name});
     }
 
-    // With a line of paper behind it.
+    // Ends a pixel early, so that the paper shows between it and the next one.
     void WriteSpan(const Calendar::Span &span, const CalendarRows::Row &row, QRgb fill, QRgb ink,
                    bool bold) const {
         const QRectF box = rows_.PlaceOf(span.from, std::max(span.from, span.to - kPixel), row);
         const diagram::TextBlock &caption =
             context_.texts.Find(span.caption, diagram::Font(calendar_.fontName, kPoints, bold), 0, 0);
         const bool fits = (calendar_.rightwards ? caption.width : caption.height) <= span.Length();
-        WritePiece(context_, {box, fill, fits ? span.caption : QString(), ink, bold, 2, span.caption});
+        WritePiece(context_, {.box = box,
+                              .fill = fill,
+                              .caption = fits ? span.caption : QString(),
+                              .ink = ink,
+                              .bold = bold,
+                              .name = span.caption});
     }
 
-    // Over the line between it and the next one, at the strip's beginning.
+    // The line between this lane and the next, and the lane's caption on it at the strip's beginning.
     void WriteLane(const Calendar::Lane &lane) const {
         const QRectF &strip = calendar_.strip;
         const bool before = lane.to < (calendar_.rightwards ? strip.center().y() : strip.center().x());
@@ -114,7 +120,11 @@ private:
         WriteBar(begin, end, {line, line + kPixel}, ink_.LaneLine(), lane.caption);
         const QRectF box =
             calendar_.rightwards ? QRectF(begin, edge, kLong, kHigh) : QRectF(edge, begin, kLong, kHigh);
-        WritePiece(context_, {box, std::nullopt, lane.caption, ink_.LaneText(), false, 0, lane.caption});
+        WritePiece(context_, {.box = box,
+                              .caption = lane.caption,
+                              .ink = ink_.LaneText(),
+                              .across = kLeft,
+                              .name = lane.caption});
     }
 
     static constexpr double kGap = 45, kHigh = 225, kLong = 1800; // twips
@@ -136,7 +146,12 @@ void WriteFold(ShapeContext &context, const Calendar &calendar, const Calendar::
     const QRgb ground =
         diagram::ToRgb(month.Transparent() ? context.scene.Model().BackColor() : month.FillColor());
     const CalendarInk ink(ground, diagram::ToRgb(calendar.ink));
-    WritePiece(context, {month.Bounds(), ink.Fold(), fold.count, ink.Text(), true, 2, fold.name});
+    WritePiece(context, {.box = month.Bounds(),
+                         .fill = ink.Fold(),
+                         .caption = fold.count,
+                         .ink = ink.Text(),
+                         .bold = true,
+                         .name = fold.name});
 }
 
 } // namespace powerpoint

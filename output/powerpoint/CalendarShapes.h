@@ -1,4 +1,5 @@
-// What is drawn beside the strip of days as plain shapes of a slide: bands, weekends, lanes, today, slivers.
+// What is drawn beside the strip of months as plain shapes of a slide: bands, weekends, lanes, today, folded
+// months.
 #pragma once
 
 #include "diagram/model/Calendar.h"

@@ -7,8 +7,6 @@ namespace powerpoint {
 
 namespace {
 
-bool IsBinary(const QString &file) { return file.endsWith(QLatin1String(".ppt"), Qt::CaseInsensitive); }
-
 std::unique_ptr<PresentationFile> NewFile(const QString &file, const output::MapOutput &map) {
     const FileProperties properties{map.title, output::FilterText(map.filter), map.made};
     return IsBinary(file) ? NewPptFile(properties) : NewPptxFile(properties);
@@ -38,6 +36,10 @@ void Save(const QString &file, const QByteArray &bytes) {
 }
 
 } // namespace
+
+bool IsBinary(const QString &Filename) {
+    return Filename.endsWith(QLatin1String(".ppt"), Qt::CaseInsensitive);
+}
 
 void CheckEnding(const QString &Filename) {
     if (!IsBinary(Filename) && !Filename.endsWith(QLatin1String(".pptx"), Qt::CaseInsensitive))

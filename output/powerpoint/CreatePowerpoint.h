@@ -16,6 +16,10 @@ struct PowerpointOptions {
 // Asked after each slide; false gives up.
 using GoOn = std::function<bool(int done, int all)>;
 
+// Whether a presentation of that name is written in the binary form, which has pictures but no shapes: it
+// ends in .ppt. Any other is Office Open XML.
+bool IsBinary(const QString &Filename);
+
 // Error 5 for a name that ends otherwise than .ppt and .pptx.
 void CheckEnding(const QString &Filename);
 
@@ -23,9 +27,8 @@ void CheckEnding(const QString &Filename);
 void AddFlowSlide(const output::SliceOutput &slice, PresentationFile &presentation,
                   const PowerpointOptions &options, const QString &title);
 
-// The slides in the order of the slices, in the form that the name's ending tells: .ppt the binary one, any
-// other Office Open XML. A file that is there is replaced as a whole. False when it was given up; nothing is
-// written then. Errors as AtomicFile's.
+// Writes the slides in the order of the slices. A file that is there is replaced as a whole. False when it
+// was given up; nothing is written then. Errors are those of support::AtomicFile.
 bool WritePowerpoint(const QString &Filename, const output::MapOutput &map, const PowerpointOptions &options,
                      const GoOn &goOn = {});
 

@@ -21,7 +21,7 @@ QString Hex(QRgb colour) {
     return QStringLiteral("%1").arg(colour & 0xFFFFFF, 6, 16, QLatin1Char('0')).toUpper();
 }
 
-// Lengths and gaps of the styles' dashes, in widths of the line.
+// Lengths of dashes and of the gaps behind them, in widths of the line; 0 ends the list.
 struct Dashes {
     int style;
     int lengths[6];
@@ -113,11 +113,7 @@ void WritePath(Xml &xml, const QPainterPath &path, const QRectF &box, bool fille
     xml.Close();
 }
 
-} // namespace
-
-namespace {
-
-// Values in parts of the box, so that they stay in place when the shape is resized.
+// Writes points as formulas of the shape's width and height, so that they stay in place when it is resized.
 class Guides {
 public:
     Guides(Xml &xml, const QRectF &box) : xml_(xml), box_(box) {}

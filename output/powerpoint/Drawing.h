@@ -19,11 +19,11 @@ inline qint64 Emu(double length) { return qRound64(length); }
 // Opens the root of a part that holds shapes, with the namespaces that these need.
 void OpenPart(package::Xml &xml, const char *root);
 
-// A line; one that isn't drawn, or of the transparent style, is written as none.
+// How a line looks. One that isn't drawn, or is of the transparent style, is written as no line.
 struct LineLook {
     QRgb colour = 0;
-    double width = 9525;
-    int style = 0; // of the line styles' table
+    double width = 9525; // EMU; a pixel
+    int style = 0;       // of the line styles' table
     bool drawn = true;
 };
 
@@ -34,16 +34,17 @@ struct Flips {
 };
 // `rectangle` as a:xfrm.
 void WriteTransform(package::Xml &xml, const QRectF &rectangle, const Flips &flips = {});
-// A shape that the format has; its adjustments are named by their number where there are several.
+// A shape that the format has by name, with its adjustments.
 void WritePreset(package::Xml &xml, const QString &shape, const std::vector<int> &adjusts = {});
 
-// A form of its own: all in the same coordinates, those of the slide. `box` is the rectangle of the shape.
+// A form that the format has no name for. All in coordinates of the slide; `box` is the rectangle of the
+// shape.
 struct CustomForm {
-    QRectF box;
-    QPainterPath outline;       // filled and stroked
-    QPainterPath lines;         // stroked only
-    QRectF text;                // where text stands
-    std::vector<QPointF> sites; // where connectors are glued
+    QRectF box = {};
+    QPainterPath outline = {};       // filled and stroked
+    QPainterPath lines = {};         // stroked only
+    QRectF text = {};                // where text stands; empty for the whole box
+    std::vector<QPointF> sites = {}; // where connectors are glued
     bool filled = true;
 };
 void WriteCustom(package::Xml &xml, const CustomForm &form);
@@ -71,7 +72,7 @@ struct TextLook {
 };
 // p:txBody of a shape: a paragraph for each line of the text.
 void WriteTextBody(package::Xml &xml, const QString &text, const TextLook &look);
-// That of a placeholder, whose looks the layout has.
+// p:txBody of a placeholder, which takes its looks from the layout.
 void WritePlainBody(package::Xml &xml, const QString &text);
 
 // The lines of a text: CR, LF and both together end one.

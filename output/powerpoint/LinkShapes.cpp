@@ -17,9 +17,9 @@ namespace {
 using diagram::Link;
 using package::Xml;
 
-// The heads that PowerPoint has; any other is drawn beside the connector.
+// The arrow heads that PowerPoint has too; any other is drawn as a shape of its own.
 struct OwnHead {
-    int value;
+    int value; // in the table of arrow heads
     const char *kind;
 };
 constexpr OwnHead kOwnHeads[] = {{1, "oval"},    {3, "triangle"}, {5, "triangle"}, {7, "triangle"},
@@ -111,7 +111,7 @@ void WriteRoute(ShapeContext &context, const Link &link) {
         WriteFreeformHead(context, NameOf(link));
         xml.Open("p:spPr");
         WriteTransform(xml, box);
-        WriteCustom(xml, {box, path, {}, {}, {}, false});
+        WriteCustom(xml, {.box = box, .outline = path, .filled = false});
         WriteNoFill(xml);
     }
     WriteLine(xml, LineOf(context, link), EndOf(context, link, link.ArrowSource(), link.ArrowSizeSource()),
@@ -119,7 +119,7 @@ void WriteRoute(ShapeContext &context, const Link &link) {
     xml.Close(2);
 }
 
-// A form without text and glue.
+// An arrow head as a shape.
 void WriteFreeform(ShapeContext &context, const QPainterPath &path, const LineLook &line,
                    diagram::ArrowFill fill, QRgb fillColour) {
     Xml &xml = context.xml;
@@ -127,7 +127,7 @@ void WriteFreeform(ShapeContext &context, const QPainterPath &path, const LineLo
     xml.Open("p:spPr");
     const QRectF box = path.boundingRect();
     WriteTransform(xml, box);
-    WriteCustom(xml, {box, path, {}, {}, {}, fill != diagram::ArrowFill::None});
+    WriteCustom(xml, {.box = box, .outline = path, .filled = fill != diagram::ArrowFill::None});
     if (fill == diagram::ArrowFill::None)
         WriteNoFill(xml);
     else

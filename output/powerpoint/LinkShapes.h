@@ -5,7 +5,7 @@
 
 namespace powerpoint {
 
-// A link whose node isn't seen is no less a connector: it is glued at the other end.
+// At a node that isn't seen the connector isn't glued.
 void WriteLink(ShapeContext &context, const diagram::Link &link);
 
 } // namespace powerpoint

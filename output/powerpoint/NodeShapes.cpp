@@ -18,16 +18,16 @@ using package::Xml;
 constexpr QRgb kShadowColour = qRgba(0, 0, 0, 70);
 constexpr double kNear = 8; // twips, between a link's end and the site that it is glued to
 
-// A shape whose form PowerPoint has too, so that it stays one there. `sites` are fractions of the box, in the
-// order of the preset's sites.
+// A shape that PowerPoint has by name.
 struct Preset {
-    int shape;
+    int shape; // in the table of shapes
     const char *name;
-    std::vector<QPointF> sites;
-    double textEdge; // of its text, a fraction of width and height
+    std::vector<QPointF> sites; // fractions of the box, in the order of the preset's sites
+    double textEdge;            // between its edge and its text: a fraction of width and height
 };
 
 const std::vector<QPointF> kMiddles{{.5, 0}, {0, .5}, {.5, 1}, {1, .5}};
+// How far from the edges of its box, as a fraction, a diagonal meets an ellipse: (1 - sqrt(1/2)) / 2.
 constexpr double kSlant = .14644660940672627;
 const std::vector<QPointF> kAroundEllipse{{.5, 0}, {kSlant, kSlant},         {0, .5}, {kSlant, 1 - kSlant},
                                           {.5, 1}, {1 - kSlant, 1 - kSlant}, {1, .5}, {1 - kSlant, kSlant}};
@@ -66,7 +66,7 @@ std::vector<QPointF> SitesOf(const Preset &preset, const QRectF &box) {
     return sites;
 }
 
-// Of a form of its own: the middles of its sides, and wherever links end.
+// The sites of a custom form: where lines from its middle to its four sides leave it, and wherever links end.
 std::vector<QPointF> OwnSites(const Node &node, const std::vector<QPointF> &ends) {
     const QRectF box = node.Bounds();
     const QPointF far[] = {{box.center().x(), box.top() - 1},
@@ -149,7 +149,7 @@ LineLook BorderOf(const ShapeContext &context, const Node &node) {
     return line;
 }
 
-// A line inside the outline is one around a smaller form.
+// The box of the shape on the slide. A border inside the outline is written as one around a smaller shape.
 QRectF FormBox(const ShapeContext &context, const Node &node) {
     const NodeData &data = node.Data();
     QRectF box = context.frame.Map(node.ShownBounds());
@@ -160,15 +160,15 @@ QRectF FormBox(const ShapeContext &context, const Node &node) {
     return box.adjusted(half, half, -half, -half);
 }
 
-// Room for the text: what it takes here with a little to spare on the free sides, as others measure texts
-// otherwise; from its first line on where it is higher than the shape.
+// Room for the text on the slide: what it takes here, with a little to spare on the free sides, as other
+// programs measure texts a little wider. A text that is higher than the shape begins at the shape's top.
 struct TextRoom {
     QRectF box; // EMU
     int down;
     double shrink = 1; // of the font, for a text that is too high
 };
 
-// As much more width as leaves the lines as they are.
+// How much wider the room may be on a side; 0 where that would break the text into other lines.
 double SpareWidth(ShapeContext &context, const Node &node, double width) {
     constexpr double kSpare = 0.04;
     const QString text = node.ShownText();
@@ -227,7 +227,7 @@ void WriteForm(ShapeContext &context, const Node &node, const NodePlan &plan, co
     WriteCustom(context.xml, form);
 }
 
-// What of a node one shape shows.
+// Which parts of a node one shape shows.
 struct Part {
     bool fill = true, line = true, text = true;
 };
@@ -281,7 +281,7 @@ void WriteSeenPicture(ShapeContext &context, const PictureIds &ids, const QRectF
     xml.Open("a:stretch").Empty("a:fillRect").Close(2);
     xml.Open("p:spPr");
     WriteTransform(xml, part);
-    WriteCustom(xml, {part, seen, {}, {}, {}});
+    WriteCustom(xml, {.box = part, .outline = seen});
     xml.Close(2);
 }
 

@@ -18,9 +18,9 @@ namespace powerpoint {
 // How a node is written: as which shape, and where links can be glued to it.
 struct NodePlan {
     int id = 0;                   // of the shape that links are glued to
-    const char *preset = nullptr; // null for a form of its own
-    double presetTextEdge = 0;    // around the text of the preset: a fraction of width and height
-    std::vector<QPointF> sites;   // EMU; their positions are the numbers of the sites
+    const char *preset = nullptr; // null for a custom form
+    double presetTextEdge = 0;    // between the preset's edge and its text: a fraction of width and height
+    std::vector<QPointF> sites;   // twips; a site's number is its position
 };
 
 // What is shared while the shapes of one slide are written.
@@ -36,17 +36,18 @@ struct ShapeContext {
     diagram::TextCache texts{faces};
 };
 
-// The back colour and the picture of the slice, where it has other than white and none.
+// The slice's back colour, unless that is white, and its picture.
 void WriteBackground(ShapeContext &context, const QRectF &area);
 
+// Needs the ends of the links in the context.
 NodePlan PlanNode(ShapeContext &context, const diagram::Node &node);
-// By its plan in the context.
+// Needs the node's plan in the context.
 void WriteNode(ShapeContext &context, const diagram::Node &node);
 
 // The site of the node at the end `at` of a link, in twips; -1 for none.
 int SiteAt(const ShapeContext &context, const diagram::Node &node, const QPointF &at);
 
-// The head of a shape's element: identity, name, description.
+// The element that identifies a shape, such as p:cNvPr.
 void WriteIdentity(ShapeContext &context, const char *element, int id, const QString &name,
                    const QString &description = QString());
 

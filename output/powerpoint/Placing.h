@@ -14,7 +14,7 @@ constexpr int kLayoutBlank = 12;
 constexpr QSizeF kWideSlide(960, 540);
 constexpr QSizeF kStandardSlide(720, 540);
 
-// Of the layout with a title.
+// The places of the layout with a title.
 QRectF TitlePlace(const QSizeF &slide);
 QRectF ContentPlace(const QSizeF &slide);
 

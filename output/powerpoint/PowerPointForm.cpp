@@ -28,10 +28,6 @@ void SaveChoice(const FormChoice &choice) {
         settings::SaveSet(QLatin1String(row.name), QString::number(int(choice.*row.tick)));
 }
 
-bool TakesShapes(const QString &Filename) {
-    return !Filename.endsWith(QLatin1String(".ppt"), Qt::CaseInsensitive);
-}
-
 PowerpointOptions OptionsOf(const FormChoice &choice) {
     return {choice.title ? kLayoutTitle : kLayoutBlank, !choice.all, choice.shapes};
 }

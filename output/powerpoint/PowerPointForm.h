@@ -21,9 +21,6 @@ struct FormChoice {
 FormChoice LoadChoice();
 void SaveChoice(const FormChoice &choice);
 
-// Whether a file of that name can have shapes.
-bool TakesShapes(const QString &Filename);
-
 PowerpointOptions OptionsOf(const FormChoice &choice);
 
 } // namespace powerpoint

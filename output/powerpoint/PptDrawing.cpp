@@ -11,7 +11,7 @@ constexpr int kRectangle = 1, kPictureFrame = 75;
 // Flags of a shape.
 constexpr int kIsGroup = 1, kIsPatriarch = 4, kIsBackground = 0x400, kHasAnchor = 0x200, kHasKind = 0x800;
 
-// Options of a shape: numbers, and values of any length behind all of them.
+// The options of a shape: the numbers, and behind all of these the values of any length.
 class Options {
 public:
     Options &Number(int id, qint64 value) {
@@ -104,13 +104,16 @@ namespace {
 
 constexpr int kEmf = 2, kOneUid = 0x3D4;
 
-// Signed numbers of the metafile's head, from that byte.
-QByteArray Head(const QByteArray &emf, int from) { return emf.mid(from, 16).leftJustified(16, '\0'); }
+// A rectangle in the metafile's header, of four signed numbers, that begins at that byte.
+QByteArray RectangleAt(const QByteArray &emf, int from) {
+    constexpr int kBytes = 16;
+    return emf.mid(from, kBytes).leftJustified(kBytes, '\0');
+}
 
-// Packed, with what readers want to know before they unpack it.
+// The metafile compressed, behind the size and the bounds that readers need before they unpack it.
 QByteArray PackedEmf(const QByteArray &emf, const QByteArray &uid) {
     constexpr int kBounds = 8, kFrame = 24, kEmuPerUnit = 360, kDeflated = 0, kNoFilter = 0xFE;
-    const QByteArray frame = Head(emf, kFrame), packed = qCompress(emf).mid(4);
+    const QByteArray frame = RectangleAt(emf, kFrame), packed = qCompress(emf).mid(4);
     const auto side = [&](int from, int to) {
         const auto *numbers = frame.constData();
         return (qFromLittleEndian<qint32>(numbers + to) - qFromLittleEndian<qint32>(numbers + from)) *
@@ -120,7 +123,7 @@ QByteArray PackedEmf(const QByteArray &emf, const QByteArray &uid) {
                   Values()
                       .Bytes(uid)
                       .U32(emf.size())
-                      .Bytes(Head(emf, kBounds))
+                      .Bytes(RectangleAt(emf, kBounds))
                       .U32(side(0, 8))
                       .U32(side(4, 12))
                       .U32(packed.size())

@@ -33,13 +33,13 @@ private:
     QByteArray shapes_;
 };
 
-// The pictures of a file: the stream that holds them, and the records that tell of them.
+// The pictures of a file: the stream that holds them, and the records that list them.
 class Pictures {
 public:
-    // The number of the picture, from 1: an enhanced metafile.
+    // Adds an enhanced metafile; its number, from 1.
     int Add(const QByteArray &emf);
     const QByteArray &Stream() const { return stream_; }
-    // Empty without pictures.
+    // The record that lists them; empty without pictures.
     QByteArray Store() const;
 
 private:

@@ -66,7 +66,7 @@ QByteArray Persist(int object, qint64 id) {
     return Atom(kSlidePersist, Values().U32(object).U32(kHasShapesOfItsOwn).U32(0).U32(id).U32(0));
 }
 
-// Line ends within one paragraph, and nothing else below the blank.
+// The text as one paragraph: line breaks instead of line ends, and no other control characters.
 QString OneParagraph(const QString &text) {
     constexpr char16_t kLineEnd = 0x0B;
     return LinesOf(package::XmlText(text)).join(QChar(kLineEnd));
@@ -154,7 +154,7 @@ QByteArray PptFile::DocumentRecord() const {
                                     Atom(kEndDocument));
 }
 
-// Where the objects stand, from number 1 on.
+// The offsets of the objects in the stream, from object 1 on.
 QByteArray Directory(const std::vector<qsizetype> &offsets) {
     constexpr std::size_t kMostInRun = 4095;
     Values values;
@@ -203,7 +203,7 @@ QByteArray CurrentUser(qsizetype userEdit) {
                                   .U32(userEdit)
                                   .U16(0) // the length of the user's name
                                   .U16(kFileVersion)
-                                  .U8(3)
+                                  .U8(3) // version 3.0
                                   .U8(0)
                                   .U16(0)
                                   .U32(kOneMaster));

@@ -137,12 +137,8 @@ QByteArray Master(const QSizeF &slide, const QString &titleLayout, const QString
 
 QByteArray Layout(const char *type, const char *name, bool withPlaces) {
     Xml xml;
-    xml.Open("p:sldLayout",
-             {{"xmlns:a", "http://schemas.openxmlformats.org/drawingml/2006/main"},
-              {"xmlns:r", "http://schemas.openxmlformats.org/officeDocument/2006/relationships"},
-              {"xmlns:p", "http://schemas.openxmlformats.org/presentationml/2006/main"},
-              {"type", type},
-              {"preserve", 1}});
+    OpenPart(xml, "p:sldLayout");
+    xml.Add({"type", type}).Add({"preserve", 1});
     xml.Open("p:cSld", {{"name", name}});
     WriteTreeHead(xml);
     if (withPlaces) {

@@ -16,7 +16,6 @@ using package::Xml;
 namespace {
 
 const QString kMain = QStringLiteral("ppt/presentation.xml");
-constexpr char kSvgExtension[] = "{96DAC541-7B7A-43D3-8B79-37D633B846F1}";
 
 using Media = support::ImageKind;
 constexpr Media kSvg{"svg", "image/svg+xml", "<svg"};
@@ -102,7 +101,7 @@ void PptxFile::WriteSlicePicture(Xml &xml, const Slide &slide, const QString &na
     xml.Close(2);
 }
 
-// Formats that others don't read as we do are given as PNG.
+// The picture's own bytes if they are of a form that every reader shows alike; otherwise PNG.
 PictureIds PptxFile::AddNodePicture(const QString &slideName, const diagram::Picture &picture) {
     constexpr double kFiner = 3; // a drawing is made so much finer than its own size
     const bool isDrawing = picture.IsDrawing();
@@ -212,18 +211,6 @@ QByteArray PptxFile::File() {
 }
 
 } // namespace
-
-void WriteBlip(Xml &xml, const PictureIds &ids) {
-    xml.Open("a:blip", {{"r:embed", ids.picture}});
-    if (!ids.svg.isEmpty()) {
-        xml.Open("a:extLst").Open("a:ext", {{"uri", kSvgExtension}});
-        xml.Empty("asvg:svgBlip",
-                  {{"xmlns:asvg", "http://schemas.microsoft.com/office/drawing/2016/SVG/main"},
-                   {"r:embed", ids.svg}});
-        xml.Close(2);
-    }
-    xml.Close();
-}
 
 std::unique_ptr<PresentationFile> NewPptxFile(const FileProperties &properties) {
     return std::make_unique<PptxFile>(properties);

@@ -16,7 +16,7 @@ using diagram::ItemKind;
 using diagram::Link;
 using diagram::Node;
 
-// The ends of the links that are seen, by the node at which they are.
+// Fills context.ends with the ends of the links that are seen.
 void FindEnds(ShapeContext &context, const std::vector<Item *> &items) {
     for (Item *item : items) {
         if (item->Kind() != ItemKind::Link) continue;
@@ -30,6 +30,19 @@ void FindEnds(ShapeContext &context, const std::vector<Item *> &items) {
 
 } // namespace
 
+void WriteBlip(package::Xml &xml, const PictureIds &ids) {
+    constexpr char kSvgExtension[] = "{96DAC541-7B7A-43D3-8B79-37D633B846F1}";
+    xml.Open("a:blip", {{"r:embed", ids.picture}});
+    if (!ids.svg.isEmpty()) {
+        xml.Open("a:extLst").Open("a:ext", {{"uri", kSvgExtension}});
+        xml.Empty("asvg:svgBlip",
+                  {{"xmlns:asvg", "http://schemas.microsoft.com/office/drawing/2016/SVG/main"},
+                   {"r:embed", ids.svg}});
+        xml.Close(2);
+    }
+    xml.Close();
+}
+
 void WriteShapes(package::Xml &xml, const Slide &slide, int nextId, const AddPicture &addPicture) {
     diagram::Scene scene(*slide.slice->surface);
     const QRectF area = diagram::PictureArea(scene);
@@ -40,7 +53,7 @@ void WriteShapes(package::Xml &xml, const Slide &slide, int nextId, const AddPic
     const diagram::Calendar &calendar = scene.TheCalendar();
     WriteCalendar(context, calendar, area);
     FindEnds(context, items);
-    for (Item *item : items) // links may be written before the nodes at which they end
+    for (Item *item : items) // all nodes first: a link may lie below the nodes at which it ends
         if (item->Kind() == ItemKind::Node)
             context.nodes[static_cast<const Node *>(item)] = PlanNode(context, static_cast<Node &>(*item));
     for (Item *item : items) {

@@ -15,18 +15,19 @@ class Picture;
 
 namespace powerpoint {
 
-// The identities of relations to a picture and, for a drawing, to its form as SVG; both empty for a picture
-// that can't be shown.
+// The identities of a part's relations to a picture and, if there is one, to the same picture as SVG. Both
+// empty for a picture that can't be shown.
 struct PictureIds {
     QString picture, svg;
 };
+// Adds the picture to the file and relates the slide's part to it.
 using AddPicture = std::function<PictureIds(const diagram::Picture &picture)>;
 
 // Writes the shapes from the lowest to the highest, with identities from `nextId` on. Hidden items are left
 // out.
 void WriteShapes(package::Xml &xml, const Slide &slide, int nextId, const AddPicture &addPicture);
 
-// a:blip with the relations.
+// The element a:blip, which shows the picture.
 void WriteBlip(package::Xml &xml, const PictureIds &ids);
 
 } // namespace powerpoint

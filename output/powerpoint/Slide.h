@@ -19,10 +19,10 @@ struct Slide {
     bool asShapes = false;
 };
 
-// What the properties of the file tell.
+// For the document properties of the file.
 struct FileProperties {
     QString title;
-    QString filter;
+    QString filter; // its description (FilterText)
     QDateTime made;
 };
 
@@ -44,7 +44,7 @@ std::unique_ptr<PresentationFile> NewPptFile(const FileProperties &properties);
 
 // The texts of the slice's nodes that are seen, one a line; each line end in a text becomes a blank.
 QString NotesOf(const output::SliceOutput &slice);
-// What a reader hears in place of the picture: the slice's name and the beginning of its texts.
+// The alternative text of the slice's picture: the slice's name and the beginning of its texts.
 QString DescriptionOf(const output::SliceOutput &slice);
 
 } // namespace powerpoint

@@ -22,13 +22,13 @@ public:
         return QTransform(scale_, 0, 0, scale_, shift_.x(), shift_.y()).map(path);
     }
     double Length(double twips) const { return twips * scale_; }
-    // Of lines so many pixels wide at zoom 100; a hairline at least.
+    // The width on the slide of a line so many pixels wide at zoom 100; a hairline at least.
     double LineWidth(double pixels) const {
         constexpr double kHairline = 0.5;
         return Length(std::max(pixels, kHairline) * diagram::kTwipsPerPixel);
     }
-    // What a size in points is multiplied by.
-    double FontScale() const { return Length(20) / kEmuPerPoint; }
+    // By how much fonts of the slice are larger on the slide.
+    double FontScale() const { return Length(diagram::kTwipsPerPoint) / kEmuPerPoint; }
 
 private:
     double scale_;

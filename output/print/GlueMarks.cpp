@@ -8,8 +8,11 @@ namespace print {
 
 namespace {
 
-constexpr double kMark = 4, kGap = 1, kLine = 0.15; // millimetres
-constexpr double kLabel = 3;
+// Millimetres.
+constexpr double kMark = 4; // length of a line
+constexpr double kGap = 1;  // between the body and the lines
+constexpr double kLine = 0.15;
+constexpr double kLabel = 3; // height of the text
 constexpr int kLetters = 26;
 
 // A to Z, AA and so on, from 0.

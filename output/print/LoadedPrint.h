@@ -1,5 +1,4 @@
-// frmPrint as far as it is loaded without being seen: the control with its settings, from the load to the
-// unload.
+// The form frmPrint without its window: the control with its settings, from the load to the unload.
 #pragma once
 
 #include "output/print/Printing.h"
@@ -26,7 +25,8 @@ public:
 
     PrnFlow PrnFlow1;
 
-    // Scaling goes back to 100 and the settings are saved. The window is closed, if it is seen.
+    // The slice shown goes back to the plain zoom, and the settings are saved. The window is closed, if it is
+    // seen.
     void Unload();
     bool IsLoaded() const { return loaded_; }
 
@@ -42,10 +42,10 @@ public:
     // Whether there is anything to print at once on, a printer or a file.
     bool HasPrinter() const;
     // Prints at once, on the program's printer; where the program has none, on what the dialog above `owner`
-    // gives. What came of it, nothing after a cancelled dialog; unloaded in any case.
+    // gives. Nothing came of it (an empty result) after a cancelled dialog; unloaded in any case.
     std::optional<Printed> PrintAtOnce(QWidget *owner, const GoOn &goOn);
-    // The print button's: asks for the printer, and while it prints that printer is the default where jobs
-    // can go to no other.
+    // What the print button does: asks for the printer. Where jobs can go to the default printer alone, the
+    // chosen one is the default meanwhile. Gives what PrintAtOnce does.
     std::optional<Printed> PrintWithDialog(QWidget *owner, const GoOn &goOn);
 
     // The window in which the preview is seen, while it is: what brings it to the front, and what closes it.

@@ -7,9 +7,9 @@ namespace print {
 namespace {
 
 constexpr double kLeastBody = 10; // millimetres that margins leave at least
-constexpr double kSlack = 1e-6;   // share of a step that is rounding
+constexpr double kSlack = 1e-6;   // share of a step that counts as rounding
 
-// Margins that leave room, however wide they are told.
+// What the margins leave; where that is too little, margins that are wide are narrowed in proportion.
 QRectF BodyOf(const PageRules &rules, const QSizeF &paper) {
     const auto shrink = [](double size, double taken) {
         return taken > size - kLeastBody ? std::max(0.0, size - kLeastBody) / taken : 1;

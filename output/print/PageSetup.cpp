@@ -30,7 +30,7 @@ const Paper &PaperOf(const QString &key) {
     return kPapers[0];
 }
 
-// In the order of Slices; those that were chosen one by one are another map's in the next run.
+// In the order of Slices. Chosen is not remembered: positions mean nothing for the next map.
 constexpr const char *kSlices[] = {"This", "All"};
 
 struct Flag {
@@ -54,12 +54,12 @@ QString TextOf(const QMarginsF &m) {
 
 void LoadMargins(QMarginsF &margins) {
     const QStringList parts = settings::GetSet(QStringLiteral("PageMargins"), TextOf(margins)).split(u' ');
-    if (parts.size() != 4) return;
     std::array<double, 4> sides{};
-    for (int i = 0; i < 4; ++i) {
+    if (parts.size() != int(sides.size())) return;
+    for (std::size_t i = 0; i < sides.size(); ++i) {
         bool good = false;
-        sides[std::size_t(i)] = parts[i].toDouble(&good);
-        if (!good || !(sides[std::size_t(i)] >= 0 && sides[std::size_t(i)] <= kWidestMargin)) return;
+        sides[i] = parts[int(i)].toDouble(&good);
+        if (!good || !(sides[i] >= 0 && sides[i] <= kWidestMargin)) return;
     }
     margins = {sides[0], sides[1], sides[2], sides[3]};
 }

@@ -24,10 +24,10 @@ struct PageSetup {
     QString Footer, Header;
     int Orientation = kPortrait;
     bool FitToPage = true;
-    QString paper;                     // a key of PaperKeys; another one counts as A4
+    QString paper;                     // a key of PaperKeys; any other text counts as A4
     QMarginsF margins{15, 15, 15, 15}; // millimetres of the sheet as it is held
     bool marks = false;                // pages overlap and have marks for gluing
-    bool keepWhole = false;            // breaks give way to nodes
+    bool keepWhole = false;            // breaks between pages give way to nodes
     bool grid = false;                 // printed where the slice shows it
     Slices slices = Slices::This;
     // Of this map alone, so no later run has them.
@@ -44,12 +44,11 @@ QSizeF PaperSize(const QString &key); // upright, millimetres
 // What the user's country has in its printers.
 QString UsualPaper();
 
-// Reads "FitToPage", "Footer", "Header", "Ori" and the others; what is not stored stays as it is. A value
-// that makes no sense counts as not stored.
+// From and to the stored settings. What is not stored stays as it is, and so does what makes no sense.
 void LoadSetup(PageSetup &setup);
 void SaveSetup(const PageSetup &setup);
 
-// "2", "2-4", "-3", "5-" and an empty text for all; nothing for any other.
+// "2", "2-4", "-3", "5-", and an empty text for all pages. False for any other, and `range` stays as it is.
 bool ReadRange(const QString &text, PageRange &range);
 QString RangeText(const PageRange &range);
 

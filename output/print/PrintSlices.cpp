@@ -12,7 +12,6 @@ namespace print {
 
 namespace {
 
-constexpr double kMillimetresOfInch = 25.4;
 constexpr int kTextHeight = 180; // of headers and footers, twips
 
 std::vector<QRectF> BoxesOf(const diagram::Surface &surface) {
@@ -22,12 +21,12 @@ std::vector<QRectF> BoxesOf(const diagram::Surface &surface) {
     return boxes;
 }
 
-// Without what bounds are generous by: it would make empty pages.
+// All that is painted. The scene's extent is wider than that by a little, which alone would make empty pages.
 QRectF ExtentOf(PrintedSlice &slice) {
-    constexpr double kGenerous = 30; // twips
+    constexpr double kWider = 30; // twips, on each side
     const QRectF extent = slice.scene->Extent();
     if (extent.isEmpty()) return extent;
-    return extent.adjusted(kGenerous, kGenerous, -kGenerous, -kGenerous) | slice.surface->Extent();
+    return extent.adjusted(kWider, kWider, -kWider, -kWider) | slice.surface->Extent();
 }
 
 PageLayout LayOut(PrintedSlice &slice, const PageSetup &setup) {
@@ -97,7 +96,7 @@ void PrintSlices::PaintSurface(QPainter &painter, const Sheet &sheet, const Page
     renderer_.Paint(painter, *slice.scene, layout.Shown(sheet.page), options);
 }
 
-// In twips: texts of every size are laid out alike then.
+// The painter is scaled to twips: in them a text is laid out alike on every device.
 void PrintSlices::PaintTexts(QPainter &painter, const Sheet &sheet, const PageLayout &layout) {
     const FieldValues values{sheet.number,     sheets_.all,
                              map_.title,       map_.slices[std::size_t(sheet.slice)].caption,
@@ -133,7 +132,7 @@ int PrintSlices::PaintAll(QPagedPaintDevice &device, const std::vector<int> &ord
         else if (!painter.begin(&device))
             break;
         painter.setRenderHint(QPainter::Antialiasing);
-        Paint(painter, sheet, device.logicalDpiX() / kMillimetresOfInch, true);
+        Paint(painter, sheet, device.logicalDpiX() / kMillimetresPerInch, true);
         ++painted;
     }
     return painted;

@@ -21,9 +21,9 @@ struct Sheet {
 
 // What is to be painted. Without any slice chosen there are no sheets.
 struct Sheets {
-    std::vector<PageLayout> layouts; // by slice; of those that are not printed empty ones
+    std::vector<PageLayout> layouts; // by slice; an empty one for a slice that is not printed
     std::vector<Sheet> sheets;
-    int all = 0; // sheets before a range was taken
+    int all = 0; // how many there were before a range was taken
 };
 
 // Each slice is scaled by its surface's xZoom and yZoom where the setup doesn't fit it. Nothing is painted.
@@ -38,9 +38,9 @@ public:
     // of them are a millimetre; the sheet's left top corner is its origin. Vectors stay vectors where
     // `vector` says so.
     void Paint(QPainter &painter, int sheet, double scale, bool vector);
-    // The sheets with the positions given, as they come, onto a device that is not painted on yet. `newPage`
-    // is called between them, `goOn` before each, and told its place in `order`; false gives up. The number
-    // of pages painted.
+    // The sheets with the positions in `order`, one after the other, onto a device that is not painted on
+    // yet. `newPage` is called between two; `goOn` before each, told how many are done, and false gives up.
+    // Gives the number of pages painted.
     int PaintAll(QPagedPaintDevice &device, const std::vector<int> &order,
                  const std::function<void()> &newPage, const std::function<bool(int done)> &goOn);
 

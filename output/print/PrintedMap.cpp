@@ -15,7 +15,7 @@ namespace print {
 namespace {
 
 diagram::LinkData Stored(const diagram::Link &link) {
-    link.OwnBends(); // brings its values up to date
+    link.OwnBends(); // both bring what is stored up to date
     link.Route();
     return link.Data();
 }
@@ -32,7 +32,6 @@ void CopyLook(const diagram::Surface &from, diagram::Surface &to) {
 
 std::unique_ptr<diagram::Surface> CopyOf(const diagram::Surface &surface) {
     auto copy = std::make_unique<diagram::Surface>();
-    constexpr int kPlainZoom = 100;
     diagram::SurfaceData data = surface.Data();
     data.xZoom = data.yZoom = kPlainZoom;
     copy->Overwrite(std::move(data));
@@ -80,7 +79,7 @@ diagram::Surface &SurfaceOf(document::MapWindow &window, int tab) {
 }
 
 QStringList SomeNodes(const diagram::Surface &surface) {
-    constexpr int kEnough = 20;
+    constexpr int kEnough = 20; // to know a slice by
     QStringList keys;
     for (const diagram::Node &node : surface.Nodes()) {
         if (keys.size() == kEnough) break;
@@ -89,7 +88,8 @@ QStringList SomeNodes(const diagram::Surface &surface) {
     return keys;
 }
 
-// Keys stay with the places of tabs, so the caption counts more; a slice that was renamed kept its place.
+// A key belongs to a place in the row of tabs, whichever slice is moved there, so the caption counts more.
+// The key finds a slice that was renamed, as long as there are as many tabs as then.
 int LikelyTab(document::Tabs &tabs, const SliceMark &mark) {
     int byKey = -1, byCaption = -1;
     for (int tab = 0; tab < tabs.TabCount(); ++tab) {
@@ -113,7 +113,7 @@ SliceMark MarkOf(document::MapWindow &window, int tab) {
 int TabOf(document::MapWindow &window, const SliceMark &mark) {
     const int tab = LikelyTab(window.TabStrip(), mark);
     if (tab < 0 || window.clsSettings().ShownFile() == mark.file) return tab;
-    // The same under another name has nodes in common.
+    // Another map, or the same one saved under another name: that has nodes in common with what it was.
     const diagram::Surface &surface = SurfaceOf(window, tab);
     const bool same = mark.nodes.isEmpty() || std::ranges::any_of(mark.nodes, [&](const QString &key) {
                           return surface.Nodes().Find(key) != nullptr;

@@ -17,7 +17,10 @@ class MapWindow;
 
 namespace print {
 
-// The content, the look of the grid and the size of what is seen; at zoom 100, without events and history.
+constexpr int kPlainZoom = 100; // per cent: a slice on paper as large as it is
+
+// The content, the look of the grid and the size of what is seen; at the plain zoom, without events and
+// history.
 std::unique_ptr<diagram::Surface> CopyOf(const diagram::Surface &surface);
 
 struct PrintedSlice {
@@ -43,6 +46,7 @@ struct PrintedMap {
 bool IsPrinted(const PageSetup &setup, int slice, int current);
 // The slices that are printed; those that aren't are empty. The time is that of the window's clock.
 PrintedMap CopyMap(document::MapWindow &window, const PageSetup &setup, int current);
+
 // By what a slice is known again after slices were renamed, moved or deleted, or another map was opened.
 struct SliceMark {
     QString key, caption; // of its tab

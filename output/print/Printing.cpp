@@ -34,7 +34,8 @@ void GiveSetup(const PageSetup &setup, support::SystemPrinter &printer) {
 void TakeSetup(const support::SystemPrinter &printer, PageSetup &setup) {
     setup.Orientation = int(printer.orientation);
     const QSizeF size = printer.paper.size(QPageSize::Millimeter);
-    const auto isNear = [](double a, double b) { return std::abs(a - b) < 2; };
+    constexpr double kNear = 2; // millimetres
+    const auto isNear = [](double a, double b) { return std::abs(a - b) < kNear; };
     for (const QString &key : PaperKeys()) {
         const QSizeF paper = PaperSize(key);
         if (isNear(paper.width(), size.width()) && isNear(paper.height(), size.height())) setup.paper = key;

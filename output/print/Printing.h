@@ -24,12 +24,12 @@ struct Printed {
 // Asked before each page; false gives up.
 using GoOn = std::function<bool(int done, int of)>;
 
-// Hands the pages of the control to the program's printer, on paper as the setup has it; those pages, in that
-// order, that the printer's settings choose. What was given up leaves nothing. Raises what jobs raise
-// (support/Printers.h), and error 5 when the pages that were asked for aren't there.
+// Hands the pages of the control to the program's printer, on paper as the setup has it: the pages that the
+// printer's settings choose, in the order that they ask for. A print that was given up leaves nothing. Raises
+// what jobs raise (support/Printers.h), and error 5 when none of the pages chosen is there.
 Printed PrintPages(PrnFlow &flow, support::Printers &printers, const GoOn &goOn);
 
-// What the user is told then.
+// What the user is told after the print.
 QString TextOf(const Printed &printed);
 
 // The printer gets the setup's paper and orientation; or the setup those that the user chose for the printer.

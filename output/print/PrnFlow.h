@@ -14,7 +14,8 @@ namespace print {
 // map.
 class PrnFlow : public PageSetup {
 public:
-    // Gives the map as it stands, with the slices that such a setup prints; without any once it is gone.
+    // Gives the map as it stands, with the slices that such a setup prints; one without slices once it is
+    // gone.
     using Source = std::function<PrintedMap(const PageSetup &setup)>;
 
     int Zoom = 0;         // of the preview, per cent; 0 before one was chosen
@@ -24,9 +25,10 @@ public:
 
     // From now on that map, from its first page.
     void SetSource(Source source);
-    // Takes the map as it stands now and keeps the scaling; a map that is gone stays as it was last.
+    // Takes the map as it stands now and keeps the scaling; its pages come with Run. A map that is gone stays
+    // as it was last.
     void Refresh();
-    // Whether the map, or the slice, was gone at the last time.
+    // Whether the map, or the slice that counts as this one, was gone at the last Refresh.
     bool IsGone() const { return gone_; }
 
     // The slice of the current page, or the selected one while there are no pages; null without any slice.

@@ -22,7 +22,8 @@ constexpr Side kSides[] = {{"left %1 mm", &QMarginsF::left},
 
 // Rounded up: a margin of what is told is wide enough.
 QString Tenths(qreal millimetres) {
-    return QLocale().toString(std::ceil(millimetres * 10 - 1e-6) / 10, 'f', 1);
+    constexpr double kSlack = 1e-6; // of a tenth: rounding
+    return QLocale().toString(std::ceil(millimetres * 10 - kSlack) / 10, 'f', 1);
 }
 
 } // namespace

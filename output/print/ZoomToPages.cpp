@@ -11,6 +11,7 @@ namespace print {
 
 namespace {
 
+constexpr int kMostTries = 20;
 constexpr double kMostZoom = 10000; // of a surface, per cent
 
 void SetZoom(diagram::Surface &surface, int percent) {

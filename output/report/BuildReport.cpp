@@ -23,7 +23,7 @@ QStringList LinesOf(const QString &text) {
     return text.split(lineEnd);
 }
 
-// A caption of its own stays with what it stands for.
+// A line that is a caption alone stays on one page with the line behind it.
 void AddLine(ReportBlocks &blocks, const QString &text, ReportStyle style) {
     blocks.push_back(ReportLine{{{text, style}}, text.isRightToLeft(), style == ReportStyle::Caption});
 }

@@ -1,4 +1,4 @@
-// A report, whatever it is written as.
+// A report as lines, pictures and page breaks, independent of the form in which it is written.
 #pragma once
 
 #include "diagram/export/Export.h"

@@ -89,7 +89,7 @@ QByteArray RtfWriter::Body(const ReportBlocks &blocks) const {
 
 QByteArray RtfWriter::End() const { return "}\r\n"; }
 
-// The words of an empty line tell how high it is.
+// The font words at the beginning give an empty line its height.
 QByteArray RtfWriter::Block(const ReportLine &line) const {
     QByteArray text = line.rightToLeft ? "\\pard\\plain\\rtlpar\\qr" : "\\pard\\plain\\ltrpar\\ql";
     if (line.staysWithNext) text += "\\keepn";
@@ -120,7 +120,7 @@ QByteArray RtfWriter::Run(const ReportRun &run, bool rightToLeft) const {
     return "{\\field{\\*\\fldinst HYPERLINK \"" + RtfText(run.link.target) + "\"}{\\fldrslt " + text + "}}";
 }
 
-// Readers take the words behind the last direction.
+// Readers take the words behind the last direction that is named.
 QByteArray RtfWriter::Stretch(const QString &text, ReportStyle style, bool rightToLeft) const {
     const settings::ReportFont &font = properties_.FontOf(style);
     const QByteArray left = "\\ltrch\\fcs0 " + FontWords(font, style, {});
@@ -128,7 +128,7 @@ QByteArray RtfWriter::Stretch(const QString &text, ReportStyle style, bool right
     return "{\\plain" + (rightToLeft ? left + right : right + left) + ' ' + RtfText(text) + '}';
 }
 
-// Below the caption, with room for the line behind the picture.
+// Leaves room on the page for the caption above the picture and the line behind it.
 QSizeF RtfWriter::Fitted(const QSizeF &size) const {
     constexpr double kCaptionLines = 4;
     const double caption = properties_.caption.size * diagram::kTwipsPerPoint * kCaptionLines;

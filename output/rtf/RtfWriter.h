@@ -5,8 +5,8 @@
 
 namespace output {
 
-// ASCII alone. Pictures stand in it as enhanced metafiles, with ones of sixteen bits for older readers, no
-// larger than fits the page.
+// The bytes are ASCII. Pictures are enhanced metafiles, followed by 16-bit metafiles for older readers, and
+// no larger than fits the page.
 class RtfWriter {
 public:
     explicit RtfWriter(const ReportProperties &properties) : properties_(properties) {}

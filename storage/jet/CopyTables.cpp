@@ -6,6 +6,7 @@
 #include "storage/text/FieldTypes.h"
 
 #include <algorithm>
+#include <optional>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 
@@ -107,17 +108,20 @@ QString CreateText(const JetFile &file, const JetTable &table) {
         .arg(QuotedName(table.Name()), columns.join(QStringLiteral(", ")));
 }
 
+// Binds the value of one cell; Null stays unbound.
+void WriteValue(JetFile &file, const MdbColumn &column, const std::optional<QByteArray> &bytes,
+                const Target &target) {
+    if (column.col_type == MDB_BOOL)
+        target.Whole(bytes ? 1 : 0);
+    else if (bytes)
+        TypeOf(column).write(file, column, *bytes, target);
+}
+
 void CopyRow(JetFile &file, const JetTable &table, const RawRow &row, SQLite::Statement &insert) {
     insert.reset();
     insert.clearBindings();
-    for (std::size_t i = 0; i < row.size(); ++i) {
-        const MdbColumn &column = *table.Columns()[i];
-        const Target target{insert, static_cast<int>(i) + 1};
-        if (column.col_type == MDB_BOOL)
-            target.Whole(row[i] ? 1 : 0);
-        else if (row[i])
-            TypeOf(column).write(file, column, *row[i], target);
-    }
+    for (std::size_t i = 0; i < row.size(); ++i)
+        WriteValue(file, *table.Columns()[i], row[i], {insert, static_cast<int>(i) + 1});
     insert.exec();
 }
 
@@ -133,36 +137,62 @@ void CopyTable(JetFile &file, JetTable &table, SQLite::Database &database) {
     table.ForEachRow([&](const RawRow &row) { CopyRow(file, table, row, insert); });
 }
 
-// Copies a table with all values that can be read, a few rows in each transaction.
-class ReadableCopy {
+// The table of the target in which a line tells of each thing that was lost. It is there from the first run
+// on.
+class LostLines {
 public:
-    ReadableCopy(JetFile &file, JetTable &table, SQLite::Database &database)
-        : file_(file),
-          table_(table),
-          database_(database),
-          note_(database, QStringLiteral("INSERT INTO %1 VALUES (?)")
-                              .arg(QuotedName(QString::fromLatin1(kLostTable)))
-                              .toStdString()) {}
+    explicit LostLines(SQLite::Database &database)
+        : database_(database), isNew_(!database.tableExists(kLostTable)) {
+        if (isNew_) database_.exec(QStringLiteral("CREATE TABLE %1 (line TEXT)").arg(Table()).toStdString());
+        insert_.emplace(database_, QStringLiteral("INSERT INTO %1 VALUES (?)").arg(Table()).toStdString());
+    }
 
-    // Says that the table ends early for as long as it does.
-    void Run() {
-        database_.exec(CreateText(file_, table_).toStdString());
-        Note(QStringLiteral("the reading ended in the middle"));
-        const std::int64_t early = database_.getLastInsertRowid();
-        database_.exec("COMMIT; BEGIN");
-        {
-            SQLite::Statement insert = InsertInto(database_, table_);
-            const int lost = table_.ForEachReadableRow([&](const RawRow &row) { CopyRow(row, insert); });
-            if (lost > 0) Note(QStringLiteral("%1 rows cannot be read").arg(lost));
-        }
-        database_.exec(QStringLiteral("DELETE FROM %1 WHERE rowid=%2")
-                           .arg(QuotedName(QString::fromLatin1(kLostTable)))
-                           .arg(early)
-                           .toStdString());
-        database_.exec("COMMIT; BEGIN");
+    // Whether no run was there before this one.
+    bool IsNew() const { return isNew_; }
+    // Adds a line; gives what takes it out again.
+    std::int64_t Add(const QString &table, const QString &what) {
+        insert_->bind(1, QStringLiteral("%1, %2").arg(table, what).toStdString());
+        insert_->exec();
+        insert_->reset();
+        return database_.getLastInsertRowid();
+    }
+    void AddTable(const QString &table) { Add(table, QStringLiteral("the table cannot be read")); }
+    void Remove(std::int64_t line) {
+        database_.exec(QStringLiteral("DELETE FROM %1 WHERE rowid=%2").arg(Table()).arg(line).toStdString());
     }
 
 private:
+    static QString Table() { return QuotedName(QString::fromLatin1(kLostTable)); }
+
+    SQLite::Database &database_;
+    bool isNew_;
+    std::optional<SQLite::Statement> insert_;
+};
+
+// Copies a table with all values that can be read, a few rows in each transaction.
+class ReadableCopy {
+public:
+    ReadableCopy(JetFile &file, JetTable &table, SQLite::Database &database, LostLines &lost)
+        : file_(file), table_(table), database_(database), lost_(lost) {}
+
+    // While it runs, a line says that the reading ended in the middle: it stays if the process dies.
+    void Run() {
+        database_.exec(CreateText(file_, table_).toStdString());
+        const std::int64_t early =
+            lost_.Add(table_.Name(), QStringLiteral("the reading ended in the middle"));
+        EndTransaction();
+        CopyRows();
+        lost_.Remove(early);
+        EndTransaction();
+    }
+
+private:
+    void EndTransaction() { database_.exec("COMMIT; BEGIN"); }
+    void CopyRows() {
+        SQLite::Statement insert = InsertInto(database_, table_);
+        const int lost = table_.ForEachReadableRow([&](const RawRow &row) { CopyRow(row, insert); });
+        if (lost > 0) Note(QStringLiteral("%1 rows cannot be read").arg(lost));
+    }
     void CopyRow(const RawRow &row, SQLite::Statement &insert) {
         constexpr int kRowsATime = 64;
         insert.reset();
@@ -171,16 +201,12 @@ private:
         for (std::size_t i = 0; i < row.size(); ++i) CopyValue(row, i, insert);
         insert.exec();
         insert.reset();
-        if (rows_ % kRowsATime == 0) database_.exec("COMMIT; BEGIN");
+        if (rows_ % kRowsATime == 0) EndTransaction();
     }
     void CopyValue(const RawRow &row, std::size_t i, SQLite::Statement &insert) {
         const MdbColumn &column = *table_.Columns()[i];
-        const Target target{insert, static_cast<int>(i) + 1};
         try {
-            if (column.col_type == MDB_BOOL)
-                target.Whole(row[i] ? 1 : 0);
-            else if (row[i])
-                TypeOf(column).write(file_, column, *row[i], target);
+            WriteValue(file_, column, row[i], {insert, static_cast<int>(i) + 1});
         } catch (const Damaged &) {
             Note(QStringLiteral("row %1, %2: the value cannot be read")
                      .arg(rows_)
@@ -189,53 +215,34 @@ private:
     }
     void Note(const QString &what) {
         constexpr int kMostNotes = 1000;
-        if (++notes_ > kMostNotes) return;
-        note_.reset();
-        note_.bind(1, QStringLiteral("%1, %2").arg(table_.Name(), what).toStdString());
-        note_.exec();
-        note_.reset();
+        if (++notes_ <= kMostNotes) lost_.Add(table_.Name(), what);
     }
 
     JetFile &file_;
     JetTable &table_;
     SQLite::Database &database_;
-    SQLite::Statement note_;
-    int rows_ = 0, notes_ = 0;
+    LostLines &lost_;
+    int rows_ = 0;
+    int notes_ = 1; // with that of the early end
 };
-
-bool HasTable(SQLite::Database &database, const QString &name) {
-    return database.tableExists(name.toStdString());
-}
-
-void NoteLostTable(SQLite::Database &database, const QString &name) {
-    SQLite::Statement note(database, QStringLiteral("INSERT INTO %1 VALUES (?)")
-                                         .arg(QuotedName(QString::fromLatin1(kLostTable)))
-                                         .toStdString());
-    note.bind(1, QStringLiteral("%1, the table cannot be read").arg(name).toStdString());
-    note.exec();
-}
 
 } // namespace
 
 void CopyWhatCanBeRead(JetFile &file, const QString &target) {
     SQLite::Database database(target.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
     database.exec("PRAGMA journal_mode=MEMORY; PRAGMA synchronous=OFF");
-    const bool isFirst = !HasTable(database, QString::fromLatin1(kLostTable));
-    if (isFirst)
-        database.exec(QStringLiteral("CREATE TABLE %1 (line TEXT)")
-                          .arg(QuotedName(QString::fromLatin1(kLostTable)))
-                          .toStdString());
-    QStringList lost;
-    std::vector<JetTable> tables = file.ReadableTables(lost);
+    LostLines lost(database);
+    QStringList lostTables;
+    std::vector<JetTable> tables = file.ReadableTables(lostTables);
     database.exec("BEGIN");
-    for (const QString &name : lost)
-        if (isFirst) NoteLostTable(database, name);
+    if (lost.IsNew())
+        for (const QString &name : lostTables) lost.AddTable(name);
     for (JetTable &table : tables) {
-        if (HasTable(database, table.Name())) continue;
+        if (database.tableExists(table.Name().toStdString())) continue;
         try {
-            ReadableCopy(file, table, database).Run();
+            ReadableCopy(file, table, database, lost).Run();
         } catch (const Damaged &) {
-            NoteLostTable(database, table.Name());
+            lost.AddTable(table.Name());
         }
     }
     database.exec("COMMIT");

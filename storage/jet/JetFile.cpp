@@ -110,7 +110,7 @@ QString JetFile::Text(const QByteArray &bytes) const {
 QByteArray JetFile::LongPiece(std::uint32_t pointer) {
     const OtherPage page(handle_.get(), pointer);
     const auto *bytes = reinterpret_cast<const char *>(handle_->pg_buf);
-    if (bytes[0] != MDB_PAGE_DATA || qstrncmp(bytes + 4, "LVAL", 4) != 0)
+    if (bytes[0] != MDB_PAGE_DATA || qstrncmp(bytes + kOwnerAt, "LVAL", 4) != 0)
         throw Damaged("a long value is not where it should be");
     const Place place = page.Row();
     CheckPlace(handle_.get(), place);

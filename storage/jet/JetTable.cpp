@@ -10,9 +10,12 @@ namespace storage::jet {
 
 namespace {
 
+constexpr std::int64_t kMostLost = 1 << 30; // that are told: the number stays an int
+
+// Whether the page in the library's first buffer holds rows of the table.
 bool BelongsTo(const MdbHandle *handle, const MdbCatalogEntry &entry) {
     return handle->pg_buf[0] == MDB_PAGE_DATA &&
-           qFromLittleEndian<quint32>(handle->pg_buf + 4) == entry.table_pg;
+           qFromLittleEndian<quint32>(handle->pg_buf + kOwnerAt) == entry.table_pg;
 }
 
 } // namespace
@@ -107,7 +110,7 @@ int JetTable::TakeReadable(const std::function<void(const RawRow &)> &take) {
     return lost;
 }
 
-// The library's way over the pages may be damaged, so that every page is looked at.
+// Looks at every page, since the list by which the library finds the pages of a table may be damaged itself.
 int JetTable::ForEachReadableRow(const std::function<void(const RawRow &)> &take) {
     MdbHandle *handle = file_.Handle();
     int lost = 0;
@@ -117,7 +120,7 @@ int JetTable::ForEachReadableRow(const std::function<void(const RawRow &)> &take
             BelongsTo(handle, *entry_))
             lost += TakeReadable(take);
     const auto missing = static_cast<std::int64_t>(table_->num_rows) - taken_;
-    return static_cast<int>(std::clamp<std::int64_t>(missing, lost, 1 << 30));
+    return static_cast<int>(std::clamp<std::int64_t>(missing, lost, kMostLost));
 }
 
 void JetTable::ForEachRow(const std::function<void(const RawRow &)> &take) {

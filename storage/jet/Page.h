@@ -8,6 +8,9 @@
 
 namespace storage::jet {
 
+// Where a data page names the page of its table's definition, or holds "LVAL": then its rows are long values.
+constexpr int kOwnerAt = 4;
+
 // Bits of Place::flags. A deleted row, or the real place of a row that has moved away from where its pointer
 // stands:
 constexpr int kMovedOrDeleted = 0x8000;

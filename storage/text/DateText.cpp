@@ -13,8 +13,8 @@ namespace {
 // What a text holds once its time is taken off: numbers and at most one month name, in the order of the text.
 struct DateParts {
     std::vector<int> numbers;
-    int longestNumber = 0; // digits of the first number
-    int month = 0;         // from a name; 0 when there was none
+    int firstDigits = 0; // digits of the first number: more than two are a year
+    int month = 0;       // from a name; 0 when there was none
 };
 
 constexpr int kMonths = 12;
@@ -68,7 +68,7 @@ QTime TakeTime(QString &text, bool &found) {
     return QTime(hour, match.captured(2).toInt(), match.captured(3).toInt());
 }
 
-// False when the text has anything that no date has.
+// Takes the text apart; weekdays are passed over. False when it has anything that no date has.
 bool Split(const QString &text, DateParts &parts) {
     static const QRegularExpression word(
         QStringLiteral("(\\d+)(?:st|nd|rd|th)?(?!\\p{L})|(\\p{L}+)\\.?|([\\s,./-]+)"),
@@ -80,7 +80,7 @@ bool Split(const QString &text, DateParts &parts) {
         if (!match.hasMatch()) return false;
         at = match.capturedEnd();
         if (!match.captured(1).isEmpty()) {
-            if (parts.numbers.empty()) parts.longestNumber = static_cast<int>(match.captured(1).size());
+            if (parts.numbers.empty()) parts.firstDigits = static_cast<int>(match.captured(1).size());
             if (match.captured(1).size() > 4) return false;
             parts.numbers.push_back(match.captured(1).toInt());
         } else if (!match.captured(2).isEmpty() && !IsWeekday(match.captured(2))) {
@@ -101,8 +101,8 @@ QDate FromName(const DateParts &parts) {
         return n[0] > 31 ? QDate(FullYear(n[0]), parts.month, 1)
                          : QDate(QDate::currentDate().year(), parts.month, n[0]);
     if (n.size() != 2) return {};
-    return parts.longestNumber > 2 || n[0] > 31 ? QDate(FullYear(n[0]), parts.month, n[1])
-                                                : QDate(FullYear(n[1]), parts.month, n[0]);
+    return parts.firstDigits > 2 || n[0] > 31 ? QDate(FullYear(n[0]), parts.month, n[1])
+                                              : QDate(FullYear(n[1]), parts.month, n[0]);
 }
 
 bool DayComesFirst() {
@@ -119,7 +119,7 @@ QDate FromNumbers(const DateParts &parts) {
         return QDate(QDate::currentDate().year(), dayFirst ? n[1] : n[0], dayFirst ? n[0] : n[1]);
     }
     if (n.size() != 3) return {};
-    if (parts.longestNumber > 2 || n[0] > 31) return QDate(FullYear(n[0]), n[1], n[2]);
+    if (parts.firstDigits > 2 || n[0] > 31) return QDate(FullYear(n[0]), n[1], n[2]);
     const int year = FullYear(n[2]);
     const QDate date = DayComesFirst() ? QDate(year, n[1], n[0]) : QDate(year, n[0], n[1]);
     return date.isValid() ? date : DayComesFirst() ? QDate(year, n[0], n[1]) : QDate(year, n[1], n[0]);
@@ -131,8 +131,7 @@ QDateTime FromSerial(double days) {
     constexpr double kSecondsPerDay = 86400;
     if (!(days >= kFirst && days < kBehindLast)) return {};
     const double whole = std::trunc(days);
-    const double fraction =
-        days < 0 ? whole - days : days - whole; // the time counts forward on both sides of 0
+    const double fraction = std::abs(days - whole); // the time counts forward on both sides of 0
     return QDateTime(QDate(1899, 12, 30), QTime(0, 0), Qt::UTC)
         .addDays(qint64(whole))
         .addSecs(qRound64(fraction * kSecondsPerDay));

@@ -18,7 +18,7 @@ public:
 // Linux and macOS tell the memory available as a percentage of all, Windows the memory load.
 class SystemMemoryProbe : public MemoryProbe {
 public:
-    // Nothing to tell reads as all memory free, or as a load of 100: no guard refuses either.
+    // Where the platform tells nothing: all free, on Windows a load of 100. No guard refuses for either.
     MemoryReading Read() override;
 };
 
@@ -30,7 +30,7 @@ public:
 
 private:
     std::minstd_rand generator_;
-    // Asking the system for each GUID costs more than writing the row that it names.
+    // Seeded once: asking the system for each GUID would take longer than writing the row that has it as key.
     QRandomGenerator guids_ = QRandomGenerator::securelySeeded();
 };
 

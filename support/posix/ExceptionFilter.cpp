@@ -79,23 +79,25 @@ void StartFaultBox(char *text) noexcept {
     _exit(127);
 }
 
-bool IsBelowStack(const void *address) noexcept {
-    constexpr std::uintptr_t kReach = 2 << 20;
+// Whether an access to the address looks like an overrun of the stack. It may fail somewhat below the stack's
+// end, as the frame of one call can be large, and somewhat above it, as the end is an estimate.
+bool IsAtStackEnd(const void *address) noexcept {
+    constexpr std::uintptr_t kBelow = 2 << 20, kAbove = 1 << 20; // bytes
     const auto place = reinterpret_cast<std::uintptr_t>(address);
-    return state && state->stackEnd != 0 && place + kReach > state->stackEnd &&
-           place < state->stackEnd + kReach / 2;
+    return state && state->stackEnd != 0 && place + kBelow > state->stackEnd &&
+           place < state->stackEnd + kAbove;
 }
 
 void Handle(int signal, siginfo_t *information, void *) {
     std::uint32_t code = CodeForSignal(signal, information->si_code);
-    if (code == kAccessViolation && information->si_code > 0 && IsBelowStack(information->si_addr))
+    if (code == kAccessViolation && information->si_code > 0 && IsAtStackEnd(information->si_addr))
         code = kStackOverflow;
     std::array<char, 64> text{"Error "};
     std::strncat(text.data(), KnownExceptionName(code), text.size() - std::strlen(text.data()) - 1);
     Write(text.data());
     Write("\n");
     StartFaultBox(text.data());
-    // The default action takes its turn when this handler returns.
+    // Raised again: the signal's default action ends the process once this handler has returned.
     std::signal(signal, SIG_DFL);
     std::raise(signal);
 }
@@ -111,13 +113,14 @@ QByteArray TextOfCurrentException() {
     Write(QByteArray(text).replace('\r', ' ').constData());
     Write("\n");
     StartFaultBox(text.data());
-    std::signal(SIGABRT, SIG_DFL); // it is told already
+    std::signal(SIGABRT, SIG_DFL); // the error was told above: the handler must not tell of an abort as well
     std::abort();
 }
 
 #ifdef __linux__
-// The program's name stands at the very top of the first thread's stack, which may grow to its limit. The
-// system would tell as well, by way of a list of all that is mapped, which takes a start too long.
+// The program's name stands at the very top of the first thread's stack, and the limit tells how far it may
+// grow. pthread_getattr_np would tell the end too, but for this thread reads the list of everything mapped,
+// which would delay the start.
 std::uintptr_t LowestOfFirstStack() {
     const std::uintptr_t top = getauxval(AT_EXECFN);
     rlimit limit{};

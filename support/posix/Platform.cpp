@@ -82,7 +82,7 @@ private:
 
 // Waits for as long as somebody else has the lock; a file system without locks ends it at once.
 std::unique_ptr<FileLock> WaitFor(std::unique_ptr<FlockLock> lock, int milliseconds) {
-    constexpr int kStep = 2;
+    constexpr int kStep = 2; // milliseconds
     if (!lock->Opened()) return nullptr;
     for (int waited = 0; !lock->Try(); waited += kStep) {
         if (errno != EWOULDBLOCK && errno != EINTR) return nullptr;
@@ -97,7 +97,7 @@ QString UsersFolder([[maybe_unused]] const char *variable, [[maybe_unused]] cons
 #ifdef Q_OS_MACOS
     return QDir::homePath() + QStringLiteral("/Library/Application Support");
 #else
-    // A relative path is none, as the convention has it.
+    // A relative path in such a variable counts as none.
     const QString named = qEnvironmentVariable(variable);
     return QDir::isAbsolutePath(named) ? QDir::cleanPath(named) : QDir::homePath() + QLatin1String(usual);
 #endif
@@ -135,7 +135,7 @@ Failure Rename(const QString &newFile, const QString &target) {
     return Failure::None;
 }
 
-// A file system that cannot flush a folder has nothing more to give.
+// Failures are passed over: some file systems cannot flush a folder.
 void FlushFolder(const QString &folder) { Flush(Descriptor(folder, O_RDONLY | O_DIRECTORY)); }
 
 Failure RenameOver(const QString &newFile, const QString &target) {

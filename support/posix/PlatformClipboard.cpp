@@ -2,7 +2,7 @@
 
 namespace support::platform {
 
-// MIME types are the platform's own here.
+// Other programs of these platforms ask for MIME types, which Qt's clipboard has.
 bool PutPictureOnClipboard(const PictureFile &, const PictureFile &, const PictureFile &) { return false; }
 
 } // namespace support::platform

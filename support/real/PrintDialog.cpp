@@ -17,9 +17,10 @@ namespace support {
 
 namespace {
 
-constexpr int kMostPages = 9999; // to choose from: how many there are is known when the printer is
+// Offered to choose from: how many pages there are is known only once the printer is chosen.
+constexpr int kMostPages = 9999;
 
-// The name of the next file: after the last one, or after the document.
+// The name of the next file: that behind the last one, or one after the document.
 QString OfferedFile(const SystemPrinter &printer) {
     if (printer.ToFile()) return NextFreeFile(printer.outputFile);
     const QString title =
@@ -50,12 +51,13 @@ PrintDialog::PrintDialog(std::unique_ptr<QPrinter> device, const SystemPrinter &
       paper_(printer.paper) {
     setMinMax(1, kMostPages);
     OfferFile(OfferedFile(printer));
-    // The dialog looks at what the printer was told before it tells it.
+    // On OK the dialog checks the page ranges of the printer before it writes those of its own line there.
     if (auto *pages = findChild<QLineEdit *>(QStringLiteral("pagesLineEdit")))
         connect(pages, &QLineEdit::textChanged, this, &PrintDialog::FollowPages);
 }
 
-// Qt forgets what the properties chose before, whether they are looked at or not.
+// Qt's dialog gives back the usual options of a printer, not those chosen in its properties at an earlier
+// time. These are kept, unless the user has opened the properties or chosen another printer.
 void PrintDialog::ReadBackTo(SystemPrinter &printer) const {
     const SystemPrinter shown = printer;
     ReadBack(*device_, printer);
@@ -66,13 +68,13 @@ void PrintDialog::ReadBackTo(SystemPrinter &printer) const {
     printer.colour = shown.colour;
 }
 
-// What the dialog chooses itself when it is shown is "all pages".
+// Qt's dialog selects "all pages" whenever it is shown, so the pages are put in after that.
 void PrintDialog::setVisible(bool visible) {
     QPrintDialog::setVisible(visible);
     if (visible) ShowPages();
 }
 
-// Qt itself would offer the same name again, whether there is such a file or not.
+// Qt itself would offer the name of the last file again, although that exists.
 void PrintDialog::OfferFile(const QString &path) {
     if (auto *name = findChild<QLineEdit *>(QStringLiteral("filename")))
         name->setText(QDir::toNativeSeparators(path));
@@ -97,7 +99,8 @@ bool PrintDialog::eventFilter(QObject *watched, QEvent *event) {
     return QPrintDialog::eventFilter(watched, event);
 }
 
-// The properties begin, and end when they are cancelled, with the paper that the printer usually has.
+// Qt's properties show the printer's usual paper when they are opened, also after a cancel: the paper that
+// was chosen is selected each time they are shown.
 void PrintDialog::ShowPaper(QDialog &properties) {
     QComboBox *papers = PapersIn(properties);
     for (int i = 0; i < papers->count(); ++i)
@@ -107,8 +110,9 @@ void PrintDialog::ShowPaper(QDialog &properties) {
             [this, papers] { paper_ = papers->currentData().value<QPageSize>(); });
 }
 
-// The device is of no help where it has such a paper: it forgets its own as soon as a printer is chosen, and
-// doesn't take one whose margins were rounded.
+// The paper is looked up among those of the printer. The device can't be asked: it forgets its paper as soon
+// as a printer is chosen, and refuses one whose margins were rounded. Only a size that the user made up is
+// its.
 QPageSize PrintDialog::ChosenPaper() const {
     if (!paper_.isValid()) return device_->pageLayout().pageSize();
     const QPrinterInfo info = QPrinterInfo::printerInfo(device_->printerName());

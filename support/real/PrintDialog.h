@@ -1,4 +1,5 @@
-// Qt's print dialog with what it leaves out.
+// Qt's print dialog, and what that leaves out: it offers a file name that is free, and shows the pages, the
+// paper and the options that were chosen before.
 #pragma once
 
 #include "support/Printers.h"
@@ -13,7 +14,7 @@ namespace support {
 class PrintDialog : public QPrintDialog {
     Q_OBJECT
 public:
-    // Shows such a printer.
+    // Shows `printer` with its settings.
     PrintDialog(const SystemPrinter &printer, QWidget *parent);
     // What was chosen; `printer` is the one that was shown.
     void ReadBackTo(SystemPrinter &printer) const;
@@ -25,7 +26,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    explicit PrintDialog(std::unique_ptr<QPrinter> device, const SystemPrinter &printer, QWidget *parent);
+    PrintDialog(std::unique_ptr<QPrinter> device, const SystemPrinter &printer, QWidget *parent);
     void OfferFile(const QString &path);
     void ShowPages();
     void FollowPages(const QString &text);

@@ -15,7 +15,8 @@ namespace {
 constexpr QPrinter::DuplexMode kDuplex[] = {QPrinter::DuplexNone, QPrinter::DuplexLongSide,
                                             QPrinter::DuplexShortSide};
 
-// Where the dialog keeps the words of the print system.
+// Qt's key for the print system's own options, which its dialog sets (PPK_CupsOptions in its private
+// headers).
 constexpr auto kQueueOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xfe00);
 
 const QString kPageRanges = QStringLiteral("page-ranges");

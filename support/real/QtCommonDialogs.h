@@ -26,15 +26,16 @@ private:
     SystemPrinters &printers_;
 };
 
-// Sets up a file dialog as the arguments of the two file routines say.
+// What the two routines of file dialogs are called with.
 struct FileDialogRequest {
     bool save = false;
     QString filter;
     QString defaultExtension;
     QString startFolder;
     long flags = 0;
-    int filterRow = 1;
+    int filterRow = 1; // from 1
 };
+// Sets up `dialog` as the request says.
 void SetUpFileDialog(QFileDialog &dialog, const FileDialogRequest &request);
 // The row of `filter`, from 1, that the dialog has selected.
 int SelectedFilterRow(const QFileDialog &dialog);

@@ -29,7 +29,6 @@ public:
     Desktop &Get() { return desktop_; }
     // Where the folders above add their modal forms.
     FormTable &Forms() { return forms_; }
-    SystemPrinters &ProgramPrinters() { return printers_; }
 
 private:
     QtMessageBoxes messageBoxes_;

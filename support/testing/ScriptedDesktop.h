@@ -29,7 +29,7 @@ public:
 
     struct Expected {
         QString text;
-        bool whole = true;
+        bool whole = true; // else the text is a part of the message
         Answer answer = Answer::Ok;
     };
     std::deque<Expected> expected;
@@ -115,7 +115,7 @@ public:
     QDateTime now{QDate(2024, 5, 17), QTime(10, 30)};
 };
 
-// Tells 60 per cent of free resources until it is set, which no guard refuses.
+// Tells 60 per cent of free resources until it is set; no guard refuses at that.
 class FakeMemory : public MemoryProbe {
 public:
     MemoryReading Read() override { return reading; }

@@ -2,10 +2,10 @@
 
 #include "support/AtomicFile.h"
 #include "support/Error.h"
+#include "support/PdfJob.h"
 
 #include <gtest/gtest.h>
 #include <QBuffer>
-#include <QPageLayout>
 #include <QPdfWriter>
 
 namespace support::testing {
@@ -22,9 +22,7 @@ public:
           buffer_(&record_->pdf) {
         buffer_.open(QIODevice::WriteOnly);
         writer_.emplace(&buffer_);
-        const bool landscape = record_->printer.orientation == PaperOrientation::Landscape;
-        writer_->setPageLayout(QPageLayout(
-            record_->printer.paper, landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF()));
+        writer_->setPageLayout(SheetOf(record_->printer));
         writer_->setTitle(record_->documentName);
         record_->pages = 1;
     }

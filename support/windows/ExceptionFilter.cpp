@@ -42,7 +42,7 @@ LONG WINAPI Filter(EXCEPTION_POINTERS *pointers) {
     return static_cast<LONG>(FilterDecision(FirstFormVisible()));
 }
 
-// What the program itself or a library gives up with.
+// For abort(), called by the program itself or by a library.
 void HandleAbort(int) { ShowText(FaultText(kAbortCode)); }
 
 [[noreturn]] void Terminate() {

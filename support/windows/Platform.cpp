@@ -84,7 +84,7 @@ private:
 };
 
 std::unique_ptr<FileLock> WaitFor(std::unique_ptr<RangeLock> lock, int milliseconds) {
-    constexpr int kStep = 2;
+    constexpr int kStep = 2; // milliseconds
     if (!lock->Opened()) return nullptr;
     for (int waited = 0; !lock->Try(); waited += kStep) {
         if (GetLastError() != ERROR_LOCK_VIOLATION && GetLastError() != ERROR_IO_PENDING) return nullptr;
@@ -109,7 +109,7 @@ Failure FlushFile(const QString &path) {
 
 void BeginFlush(const QString &) {}
 
-// Which has the entry written before it returns.
+// MOVEFILE_WRITE_THROUGH: the folder's entry is on the disk when the call returns.
 Failure Rename(const QString &newFile, const QString &target) {
     if (MoveFileExW(Native(newFile).c_str(), Native(target).c_str(),
                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
@@ -127,7 +127,7 @@ Failure CreateNew(const QString &path) {
     return file ? Failure::None : FailureOf(GetLastError());
 }
 
-// A temporary folder is the user's own there, and what is made in it inherits that.
+// The temporary folder of Windows is the user's own, and what is made in it inherits its rights.
 bool IsPrivateFolder(const QString &path) {
     const DWORD attributes = GetFileAttributesW(Native(path).c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
@@ -193,7 +193,8 @@ QString DataFolder() { return QDir::cleanPath(qEnvironmentVariable("APPDATA", QD
 
 QString ConfigFolder() { return QDir::cleanPath(qEnvironmentVariable("APPDATA", QDir::homePath())); }
 
-// The rights of a folder come from several lists, so a file that goes at once is the only sure answer.
+// The rights of a folder come from several lists, so the sure way to know is to make a file, which is deleted
+// as soon as it is closed.
 bool MayWriteInto(const QString &folder) {
     const QString probe = QStringLiteral("%1/.%2.probe").arg(folder).arg(GetCurrentProcessId());
     const Handle file(CreateFileW(Native(probe).c_str(), GENERIC_WRITE | DELETE, kShareAll, nullptr,

@@ -54,18 +54,19 @@ bool PutEmf(const QByteArray &file) {
     return false;
 }
 
-// The clipboard tells the size in hundredths of a millimetre in place of the placeable header.
+// The clipboard takes the file without its placeable header, and the size in hundredths of a millimetre.
 bool PutWmf(const QByteArray &file) {
     constexpr int kPlaceableBytes = 22;
+    constexpr int kLeftAt = 6, kTopAt = 8, kRightAt = 10, kBottomAt = 12, kUnitsPerInchAt = 14;
     constexpr double kHundredthsPerInch = 2540;
     if (file.size() <= kPlaceableBytes) return false;
     const auto field = [&](int at) { return qFromLittleEndian<qint16>(file.constData() + at); };
-    const double unitsPerInch = qFromLittleEndian<quint16>(file.constData() + 14);
+    const double unitsPerInch = qFromLittleEndian<quint16>(file.constData() + kUnitsPerInchAt);
     if (unitsPerInch == 0) return false;
     METAFILEPICT picture{};
     picture.mm = MM_ANISOTROPIC;
-    picture.xExt = LONG((field(10) - field(6)) * kHundredthsPerInch / unitsPerInch);
-    picture.yExt = LONG((field(12) - field(8)) * kHundredthsPerInch / unitsPerInch);
+    picture.xExt = LONG((field(kRightAt) - field(kLeftAt)) * kHundredthsPerInch / unitsPerInch);
+    picture.yExt = LONG((field(kBottomAt) - field(kTopAt)) * kHundredthsPerInch / unitsPerInch);
     picture.hMF = SetMetaFileBitsEx(UINT(file.size() - kPlaceableBytes),
                                     reinterpret_cast<const BYTE *>(file.constData() + kPlaceableBytes));
     if (!picture.hMF) return false;

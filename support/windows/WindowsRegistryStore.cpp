@@ -13,6 +13,8 @@ namespace support {
 
 namespace {
 
+constexpr std::size_t kLongestValueName = 16384, kLongestKeyName = 256; // with the zero at their ends
+
 class OpenKey {
 public:
     OpenKey(RegistryRoot root, const QString &path, REGSAM access, bool create = false) {
@@ -133,7 +135,7 @@ bool WindowsRegistryStore::DeleteValue(RegistryRoot root, const QString &path, c
 QStringList WindowsRegistryStore::Values(RegistryRoot root, const QString &path) {
     const OpenKey key(root, path, KEY_READ);
     QStringList names;
-    std::vector<wchar_t> name(16384);
+    std::vector<wchar_t> name(kLongestValueName);
     for (DWORD index = 0; key; ++index) {
         auto size = static_cast<DWORD>(name.size());
         if (RegEnumValueW(key.Get(), index, name.data(), &size, nullptr, nullptr, nullptr, nullptr) !=
@@ -147,7 +149,7 @@ QStringList WindowsRegistryStore::Values(RegistryRoot root, const QString &path)
 QStringList WindowsRegistryStore::Sections(RegistryRoot root, const QString &path) {
     const OpenKey key(root, path, KEY_READ);
     QStringList names;
-    std::vector<wchar_t> name(256);
+    std::vector<wchar_t> name(kLongestKeyName);
     for (DWORD index = 0; key; ++index) {
         auto size = static_cast<DWORD>(name.size());
         if (RegEnumKeyExW(key.Get(), index, name.data(), &size, nullptr, nullptr, nullptr, nullptr) !=

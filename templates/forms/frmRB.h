@@ -23,7 +23,7 @@ public:
     QPushButton *cmdUpdate() const { return cmdUpdate_; }
     QPushButton *cmdCancel() const { return cmdCancel_; }
 
-    void reject() override; // cmdCancel
+    void reject() override; // cmdCancel and Escape
 
 private:
     void LayOut();

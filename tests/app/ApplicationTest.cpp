@@ -4,7 +4,7 @@
 #include "app/ProcessAge.h"
 #include "support/Error.h"
 #include "support/testing/ScriptedDesktop.h"
-#include "widgets/TickStyle.h"
+#include "widgets/ProgramStyle.h"
 
 #include <gtest/gtest.h>
 #include <QDialog>
@@ -38,7 +38,7 @@ TEST(Application, AnErrorThatAHandlerLetThroughIsReportedAndTheProcessGoesOn) {
 }
 
 TEST(Application, ShowsTheFramesOfBoxesToTickOnAnyPalette) {
-    EXPECT_NE(qobject_cast<widgets::TickStyle *>(QApplication::style()), nullptr);
+    EXPECT_NE(qobject_cast<widgets::ProgramStyle *>(QApplication::style()), nullptr);
 }
 
 TEST(CommandLine, IsOneTextBehindTheProgramsName) {

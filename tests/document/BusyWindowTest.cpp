@@ -51,11 +51,12 @@ protected:
     QString RecentFile() { return settings::clsMRU(desktop.registry).File(1); }
 };
 
-// All statuses but the last, which says that nothing is done any more.
-void ExpectHourglassThroughout(QStringList shown) {
+// `shown` are statuses, each with the pointer in front, as Watched writes them down.
+void ExpectHourglassThroughout(const QStringList &shown) {
     ASSERT_GT(shown.size(), 2);
     for (const QString &status : shown)
-        EXPECT_TRUE(status.startsWith(QStringLiteral("11 "))) << status.toStdString();
+        EXPECT_TRUE(status.startsWith(QStringLiteral("%1 ").arg(pointer::kHourglass)))
+            << status.toStdString();
 }
 
 } // namespace
@@ -97,7 +98,8 @@ TEST_F(BusyWindowTest, ASaveShowsTheHourglassUntilTheFileIsWritten) {
     SaveAs(window, MapFile(QStringLiteral("saved.map")));
     EXPECT_EQ(window.pointers.front(), pointer::kHourglass);
     EXPECT_EQ(window.pointers.back(), pointer::kNormal);
-    const qsizetype optimizing = window.shown.indexOf(QStringLiteral("11 Optimizing File..."));
+    const qsizetype optimizing =
+        window.shown.indexOf(QStringLiteral("%1 Optimizing File...").arg(pointer::kHourglass));
     ASSERT_GE(optimizing, 0);
     ExpectHourglassThroughout(window.shown.first(optimizing));
 }

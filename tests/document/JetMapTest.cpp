@@ -1,4 +1,4 @@
-// Maps of early versions, compared with what another reader found in them.
+// Maps of early versions, compared with the rows that another reader found in them (the .json beside each).
 #include "diagram/model/Stacking.h"
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"

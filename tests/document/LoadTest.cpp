@@ -272,10 +272,7 @@ public:
 TEST_F(LoadTest, SlicesReadBeforeMemoryRanShortStay) {
     FailingMemory memory;
     memory.looks = 3; // a slice, its first node, the next slice
-    support::Desktop outside{
-        desktop.messageBoxes, desktop.dialogs, desktop.launcher, desktop.clock,    memory,
-        desktop.registry,     desktop.random,  desktop.printers, desktop.identity, desktop.fileIcons,
-        desktop.dialogHost};
+    support::Desktop outside = DesktopWith(memory);
     MemoryWindow window(outside);
     window.clsSettings().SetDatabase(
         Map({InsertSlice(0, QStringLiteral("a")), InsertSlice(1, QStringLiteral("b")),

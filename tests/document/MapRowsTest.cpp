@@ -7,7 +7,7 @@ namespace document::testing {
 
 using MapRowsTest = MapTest;
 
-// What is asked of the file for each link would take a large map for ever.
+// A query for each link would be far too slow with a large map.
 TEST_F(MapRowsTest, EachTableIsReadOnce) {
     const QString path = EmptyMap(QStringLiteral("a.map"));
     for (const QString &statement :

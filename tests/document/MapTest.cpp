@@ -27,7 +27,7 @@ settings::ProductTerms TestTerms() {
 
 } // namespace
 
-MapTest::MapTest() : formerTemp_(qgetenv("TMPDIR")) {
+MapTest::MapTest() : formerTmpdir_(qgetenv("TMPDIR")), formerTmp_(qgetenv("TMP")) {
     qputenv("TMPDIR", temp_.path().toLocal8Bit());
     qputenv("TMP", temp_.path().toLocal8Bit());
     support::SetProgramPath(program_.path());
@@ -54,11 +54,18 @@ const QByteArray &MapTest::TemplateBytes() {
 }
 
 MapTest::~MapTest() {
-    qputenv("TMPDIR", formerTemp_);
+    qputenv("TMPDIR", formerTmpdir_);
+    qputenv("TMP", formerTmp_);
     support::SetProgramPath(QString());
     settings::SetTerms({});
     SetLastPath(QString());
     SetWritesCompanions(false);
+}
+
+support::Desktop MapTest::DesktopWith(support::MemoryProbe &memory) {
+    return {desktop.messageBoxes, desktop.dialogs, desktop.launcher, desktop.clock,    memory,
+            desktop.registry,     desktop.random,  desktop.printers, desktop.identity, desktop.fileIcons,
+            desktop.dialogHost};
 }
 
 std::unique_ptr<MemoryWindow> MapTest::Loaded(const QString &path) {

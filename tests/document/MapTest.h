@@ -39,12 +39,15 @@ protected:
     // The first column of the first row.
     QVariant Cell(const QString &path, const QString &sql);
 
+    // The scripted desktop with that memory in the place of its own.
+    support::Desktop DesktopWith(support::MemoryProbe &memory);
+
     support::testing::ScriptedDesktop desktop;
 
 private:
     static const QByteArray &TemplateBytes();
     QTemporaryDir program_, maps_, temp_;
-    QByteArray formerTemp_;
+    QByteArray formerTmpdir_, formerTmp_;
 };
 
 using tests::ErrorOf;

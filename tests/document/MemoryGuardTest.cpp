@@ -9,7 +9,7 @@ namespace document::testing {
 
 namespace {
 
-// Tells the reading for so many looks, and counts them.
+// Has memory enough for `good` looks, then too little; counts the looks.
 class CountingMemory : public support::MemoryProbe {
 public:
     support::MemoryReading Read() override {
@@ -50,10 +50,7 @@ protected:
     }
 
     CountingMemory memory;
-    support::Desktop outside{
-        desktop.messageBoxes, desktop.dialogs, desktop.launcher, desktop.clock,    memory,
-        desktop.registry,     desktop.random,  desktop.printers, desktop.identity, desktop.fileIcons,
-        desktop.dialogHost};
+    support::Desktop outside = DesktopWith(memory);
     MemoryWindow window{outside};
 };
 

@@ -57,7 +57,7 @@ protected:
 
 } // namespace
 
-TEST_F(RoutedRowsTest, WaysThatWereNudgedComeBackAsTheRouters) {
+TEST_F(RoutedRowsTest, RoutesThatWereNudgedComeBackAsTheRouters) {
     AddNudged();
     const QString path = Saved();
     const auto read = Loaded(path);

@@ -6,7 +6,7 @@
 using namespace document;
 using document::testing::ErrorOf;
 
-TEST(SurfaceArray, SlotNullIsAlwaysThere) {
+TEST(SurfaceArray, SlotZeroIsAlwaysThere) {
     SurfaceArray surfaces;
     EXPECT_EQ(surfaces.Count(), 1);
     EXPECT_EQ(surfaces[0].Index(), 0);
@@ -21,7 +21,7 @@ TEST(SurfaceArray, GapsStayAndMissingSlotsAreErrors) {
     EXPECT_EQ(ErrorOf([&] { (void)surfaces[3]; }).Number(), 340);
     EXPECT_EQ(ErrorOf([&] { (void)surfaces[-1]; }).Number(), 340);
     EXPECT_EQ(ErrorOf([&] { surfaces.Load(5); }).Number(), 360);
-    EXPECT_EQ(ErrorOf([&] { surfaces.Load(32768); }).Number(), 340);
+    EXPECT_EQ(ErrorOf([&] { surfaces.Load(SurfaceArray::kLargestIndex + 1); }).Number(), 340);
     EXPECT_EQ(ErrorOf([&] { surfaces.Unload(4); }).Number(), 340);
     surfaces.Unload(5);
     EXPECT_EQ(surfaces.UBound(), 0);
@@ -36,7 +36,7 @@ TEST(SurfaceArray, EverySurfaceHasAHistoryOfItsOwn) {
     EXPECT_FALSE(surfaces.Load(1).CanUndo());
 }
 
-TEST(SurfaceArray, WatchersHearOfSlotNullAndOfAllThatComeAndGo) {
+TEST(SurfaceArray, WatchersHearOfSlotZeroAndOfAllThatComeAndGo) {
     SurfaceArray surfaces;
     std::vector<int> loaded, gone;
     surfaces.SetWatchers([&](diagram::Surface &surface) { loaded.push_back(surface.Index()); },

@@ -17,7 +17,7 @@ void Load(const QString &path) {
     try {
         session.Open(path);
     } catch (const support::Error &) {
-        // Said clearly: that is all that is asked for.
+        // An error of the program is as good as a map.
     }
 }
 

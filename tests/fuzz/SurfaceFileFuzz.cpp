@@ -1,21 +1,17 @@
 // Any bytes as a surface file and as a selection: as they are, and with a check sum that fits, so that what
 // stands behind it is reached. What is refused must leave the surface as it was; what is read must be a
 // surface that can be used.
+#include "diagram/format/Bytes.h"
 #include "diagram/format/Content.h"
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Scene.h"
 #include "support/Error.h"
-
-#include <cstdlib>
+#include "tests/fuzz/Require.h"
 
 using namespace diagram;
 
 namespace {
-
-void Require(bool truth) {
-    if (!truth) std::abort();
-}
 
 void Use(Surface &surface) {
     Scene scene(surface);
@@ -34,7 +30,7 @@ void Try(Read read) {
     try {
         read(surface);
     } catch (const support::Error &error) {
-        Require(error.Number() == 321 && surface.Nodes().Count() == 1);
+        Require(error.Number() == kErrInvalidFileFormat && surface.Nodes().Count() == 1);
         return;
     }
     Use(surface);

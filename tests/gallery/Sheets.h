@@ -1,3 +1,4 @@
+// What the gallery draws: a sheet for each kind of things.
 #pragma once
 
 #include <span>
@@ -12,7 +13,7 @@ namespace gallery {
 struct Sheet {
     const char *name;
     void (*draw)(diagram::Surface &);
-    bool zooms; // in several zooms and resolutions
+    bool zooms; // written in several zooms and resolutions too
 };
 
 std::span<const Sheet> Sheets();

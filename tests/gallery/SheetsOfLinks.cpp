@@ -5,6 +5,8 @@
 #include "diagram/shapes/LinkStyles.h"
 #include "diagram/shapes/Tables.h"
 
+#include <algorithm>
+
 using namespace diagram;
 
 namespace gallery {
@@ -40,20 +42,23 @@ void DrawArrows(Surface &surface) {
     }
 }
 
+// Each style to nodes that lie to the lower right, to the upper right, to the lower left and below.
 void DrawLinkStyles(Surface &surface) {
+    struct Offset {
+        double columns, rows;
+    };
+    constexpr Offset kTargets[] = {{2.2 * 0.9, 1.6}, {2.2 * 0.9, -1.6}, {-2, 1.6}, {0.3 * 0.9, 1.6}};
     for (const LinkStyleRow &style : LinkStyleTable())
-        for (int way = 0; way < 4; ++way) {
-            constexpr double kX[] = {2.2, 2.2, -0.2, 0.3}, kY[] = {1.6, -0.2, 1.6, 1.6};
-            const double column = way * 3.2 + (way == 2 ? 2 : 0) + (style.value % 2) * 13,
-                         row = style.value / 2 * 3.2 + (way == 1 ? 1.6 : 0);
+        for (int i = 0; i < 4; ++i) {
+            const Offset &target = kTargets[i];
+            const double column = i * 3.2 + std::max(0.0, -target.columns) + (style.value % 2) * 13,
+                         row = style.value / 2 * 3.2 + std::max(0.0, -target.rows);
             Node &from = AddAt(surface, column, row, style.name);
-            const double toColumn = way == 2 ? column - 2 : column + kX[way] * 0.9,
-                         toRow = way == 1 ? row - 1.6 : row + kY[way];
-            Node &to = AddAt(surface, toColumn, toRow, "to");
-            from.SetShape(way % 2 ? 0 : 1);
+            Node &to = AddAt(surface, column + target.columns, row + target.rows, "to");
+            from.SetShape(i % 2 ? 0 : 1);
             Link &link = from.Links().Add(to);
             link.SetStyle(style.value);
-            if (way < 2) link.SetText(QStringLiteral("label"));
+            if (i < 2) link.SetText(QStringLiteral("label"));
             if (style.form == LinkForm::Spline) {
                 LinkPoints points = link.Points();
                 const Point a = points.Item(0), b = points.Item(1);

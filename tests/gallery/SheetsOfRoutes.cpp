@@ -28,29 +28,27 @@ Link &Join(Node &from, Node &to, int style) {
     return link;
 }
 
+} // namespace
+
 // One obstacle, two, or a wall with gaps between two nodes, for every orthogonal style.
-void DrawDetours(Surface &surface) {
+void DrawRoutes(Surface &surface) {
     for (const LinkStyleRow &style : LinkStyleTable()) {
         if (style.form != LinkForm::Orthogonal) continue;
-        for (int way = 0; way < 5; ++way) {
-            const double x = 300 + way * 6600, y = 300 + (style.value - 2) * 4300;
+        for (int wall = 0; wall < 5; ++wall) {
+            const double x = 300 + wall * 6600, y = 300 + (style.value - 2) * 4300;
             Node &from = Box(surface, x, y + 1500, 900, 600, style.name);
-            Node &to = Box(surface, x + 4500, y + (way % 2 ? 2600 : 1500), 900, 600, "to");
-            if (way == 0 || way == 1) Block(surface, x + 2200, y + 1200, 900, 1200);
-            if (way == 2)
+            Node &to = Box(surface, x + 4500, y + (wall % 2 ? 2600 : 1500), 900, 600, "to");
+            if (wall == 0 || wall == 1) Block(surface, x + 2200, y + 1200, 900, 1200);
+            if (wall == 2)
                 Block(surface, x + 1700, y + 900, 700, 1500), Block(surface, x + 3000, y + 1300, 700, 1500);
-            if (way == 3)
+            if (wall == 3)
                 for (int i = 0; i < 3; ++i) Block(surface, x + 2200, y + i * 1150, 900, 900);
-            if (way == 4)
+            if (wall == 4)
                 Block(surface, x + 1300, y + 1000, 2800, 500), Block(surface, x + 1300, y + 1900, 2800, 500);
             Join(from, to, style.value);
         }
     }
 }
-
-} // namespace
-
-void DrawRoutes(Surface &surface) { DrawDetours(surface); }
 
 void DrawRoutesBeside(Surface &surface) {
     for (const LinkStyleRow &style : LinkStyleTable()) {

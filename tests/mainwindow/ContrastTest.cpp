@@ -1,5 +1,6 @@
 // Whether the texts of the window can be read: their contrast is measured from its pixels, on a light and on
 // a dark desktop. Disabled texts are meant to be faint, and aren't measured.
+#include "support/Contrast.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/FindBar.h"
 #include "mainwindow/frmSplash.h"
@@ -9,7 +10,7 @@
 #include "mainwindow/TemplateBar.h"
 #include "tests/document/Slices.h"
 #include "tests/mainwindow/WindowTest.h"
-#include "widgets/TickStyle.h"
+#include "widgets/ProgramStyle.h"
 
 #include <map>
 #include <QAbstractButton>
@@ -151,7 +152,7 @@ double ContrastOf(const QImage &image) {
     double best = 1;
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
-            best = std::max(best, widgets::Contrast(image.pixelColor(x, y), ground));
+            best = std::max(best, support::Contrast(image.pixelColor(x, y), ground));
     return best;
 }
 
@@ -159,7 +160,7 @@ class Contrasts : public WindowTest, public ::testing::WithParamInterface<bool> 
 protected:
     Contrasts() {
         QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
-        QApplication::setStyle(new widgets::TickStyle);
+        QApplication::setStyle(new widgets::ProgramStyle);
         QApplication::setPalette(Desktop(GetParam()));
     }
     ~Contrasts() override {
@@ -234,16 +235,5 @@ TEST_P(Contrasts, MenusCanBeRead) {
 
 INSTANTIATE_TEST_SUITE_P(All, Contrasts, ::testing::Bool(),
                          [](const auto &dark) { return dark.param ? "Dark" : "Light"; });
-
-// The measure of contrast itself.
-TEST(Contrast, IsTheOneOfTheGuidelinesAndFaintTextsAreMoved) {
-    EXPECT_NEAR(widgets::Contrast(Qt::black, Qt::white), 21, 0.01);
-    EXPECT_NEAR(widgets::Contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.01);
-    EXPECT_NEAR(widgets::Contrast(Qt::white, QColor(0x77, 0x77, 0x77)), 4.48, 0.01);
-    const QColor half(0, 0, 0, 128);
-    EXPECT_GE(widgets::Contrast(widgets::Readable(half, Qt::white, Qt::black), Qt::white), kReadable);
-    EXPECT_NE(widgets::Readable(half, Qt::white, Qt::black), QColor(Qt::black)) << "no further than it takes";
-    EXPECT_EQ(widgets::Readable(QColor(80, 80, 80), Qt::white, Qt::black), QColor(80, 80, 80));
-}
 
 } // namespace mainwindow::testing

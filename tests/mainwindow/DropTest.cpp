@@ -5,7 +5,6 @@
 
 #include <QAction>
 #include <QCoreApplication>
-#include <QDir>
 #include <QDropEvent>
 #include <QFile>
 #include <QImage>
@@ -202,18 +201,6 @@ TEST_F(Drop, ATextThatIsBeingTypedIsKept) {
     DropAt(window, SavedPicture(QStringLiteral("red.png")), {6000, 4500});
     EXPECT_EQ(node.Text(), QStringLiteral("typed"));
     EXPECT_FALSE(window.CurrentView().IsEditing());
-}
-
-TEST(PictureIn, GivesNoneForWhatIsMissingOrAFolder) {
-    EXPECT_TRUE(PictureIn(QStringLiteral("/no/such/file.png")).IsNull());
-    EXPECT_TRUE(PictureIn(QDir::tempPath()).IsNull());
-}
-
-TEST(IsNamedLikeAPicture, GoesByTheEnding) {
-    for (const char *name : {"a.png", "b.JPG", "c.wmf", "d.emf", "e.svg"})
-        EXPECT_TRUE(IsNamedLikeAPicture(QLatin1String(name))) << name;
-    for (const char *name : {"a.map", "png", "b.png.txt", ""})
-        EXPECT_FALSE(IsNamedLikeAPicture(QLatin1String(name))) << name;
 }
 
 } // namespace mainwindow::testing

@@ -2,6 +2,7 @@
 
 #include "diagram/shapes/Shapes.h"
 #include "mainwindow/ShapeMenu.h"
+#include "mainwindow/TextAlignment.h"
 #include "support/Error.h"
 #include "tests/mainwindow/FailingBoxes.h"
 #include "tests/mainwindow/WindowTest.h"

@@ -305,7 +305,7 @@ TEST_F(Layout, EscapeGivesALongTaskUpAndNoOtherInputArrives) {
 TEST_F(Layout, TheBarOfWorkThatCountsItselfNeverRunsBackwards) {
     const auto *bar = window.findChild<QProgressBar *>();
     ASSERT_NE(bar, nullptr);
-    LongTask task(window, QStringLiteral("Laying out"), LongTask::Bar::IsTheWorks);
+    LongTask task(window, QStringLiteral("Laying out"), LongTask::Bar::ByWork);
     auto *status = window.findChild<cStatusBar *>(QStringLiteral("staMain"));
     while (status->Doing().isEmpty()) ASSERT_TRUE(task.GoOn(0.25));
     while (bar->value() < 49) ASSERT_TRUE(task.GoOn(0.5)); // the bar is painted now and then only

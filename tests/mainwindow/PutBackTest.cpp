@@ -1,7 +1,7 @@
 #include "mainwindow/PutBack.h"
 
 #include "dialogs/PropertyForms.h"
-#include "mainwindow/ActionGroup.h"
+#include "mainwindow/UndoStep.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QTest>
@@ -15,7 +15,7 @@ using dialogs::LinkDialogArgument;
 class PutBackTest : public WindowTest {
 protected:
     PutBackTest() {
-        const ActionGroup step(window.CurrentSurface());
+        const UndoStep step(window.CurrentSurface());
         moved.SetLeft(3000);
     }
     QToolButton &Button() { return *window.findChild<QToolButton *>(QStringLiteral("PUTBACK")); }
@@ -119,7 +119,7 @@ TEST_F(PutBackTest, AfterPuttingBackUndoIsAsEver) {
 TEST_F(PutBackTest, EndsWithTheNextChangeOfTheMapAndUndoIsAsEver) {
     GiveText(QStringLiteral("after"));
     {
-        const ActionGroup step(window.CurrentSurface());
+        const UndoStep step(window.CurrentSurface());
         moved.SetTop(900);
     }
     EXPECT_FALSE(IsOffered());

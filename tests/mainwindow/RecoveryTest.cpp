@@ -2,9 +2,9 @@
 #include "document/DefaultNodes.h"
 #include "document/DoSave.h"
 #include "document/UnsavedWork.h"
-#include "mainwindow/ActionGroup.h"
 #include "mainwindow/LostMapOffers.h"
 #include "mainwindow/RecoveryBar.h"
+#include "mainwindow/UndoStep.h"
 #include "mainwindow/WindowJournal.h"
 #include "recovery/LostMaps.h"
 #include "tests/mainwindow/WindowTest.h"
@@ -129,7 +129,7 @@ TEST_F(Recovery, ASaveEndsTheJournalBeforeTheNextEdit) {
     frmMain &window = NewWindow();
     window.DoOpen(map, false);
     const auto edit = [&] {
-        const ActionGroup step(window.CurrentSurface());
+        const UndoStep step(window.CurrentSurface());
         AddNode(window, 3000, 3000, QStringLiteral("later"));
     };
     edit();

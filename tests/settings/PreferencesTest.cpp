@@ -205,8 +205,7 @@ TEST_F(RememberedAnswer, DisplayPrompt_AsksEachTimeWhileNothingIsSaved) {
     for (const std::int32_t answer : {clsRB::kNew, clsRB::kUpdate}) {
         clsRB prompt;
         EXPECT_TRUE(prompt.GetDisplayPrompt());
-        desktop_.ExpectForm<clsRB>([&](clsRB &argument) {
-            auto &asked = argument;
+        desktop_.ExpectForm<clsRB>([&](clsRB &asked) {
             EXPECT_TRUE(asked.Force);
             asked.Choice = answer;
             asked.SaveValue = false;
@@ -218,8 +217,7 @@ TEST_F(RememberedAnswer, DisplayPrompt_AsksEachTimeWhileNothingIsSaved) {
 
 TEST_F(RememberedAnswer, DisplayPrompt_KeepsASavedAnswerUntilResetPrompt) {
     clsRB prompt;
-    desktop_.ExpectForm<clsRB>([](clsRB &argument) {
-        auto &asked = argument;
+    desktop_.ExpectForm<clsRB>([](clsRB &asked) {
         EXPECT_FALSE(asked.Force);
         asked.Choice = clsRB::kUpdate;
         asked.SaveValue = true;
@@ -236,8 +234,8 @@ TEST_F(RememberedAnswer, DisplayPrompt_KeepsASavedAnswerUntilResetPrompt) {
 }
 
 TEST_F(RememberedAnswer, DisplayPrompt_NeverSavesACancel) {
-    desktop_.ExpectForm<clsRB>([](clsRB &argument) {
-        argument.SaveValue = true;
+    desktop_.ExpectForm<clsRB>([](clsRB &asked) {
+        asked.SaveValue = true;
         return false;
     });
     EXPECT_EQ(clsRB().DisplayPrompt(false), clsRB::kCancel);

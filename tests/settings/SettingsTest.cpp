@@ -18,7 +18,7 @@ protected:
     SettingsFile() {
         support::SetProgramPath(folder_.path());
         SetTerms({});
-        SetMemoryLimit(1048576);
+        SetMemoryLimit(kFirstMemoryLimit);
     }
     ~SettingsFile() override {
         support::SetProgramPath(QString());

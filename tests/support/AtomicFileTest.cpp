@@ -1,4 +1,5 @@
 #include "support/AtomicFile.h"
+
 #include "support/Error.h"
 #include "support/Files.h"
 #include "tests/support/FolderTest.h"
@@ -150,4 +151,18 @@ TEST_F(AtomicFiles, ReplaceFile_PutsTheNewFileInThePlaceOfTheOld) {
     ExpectError(53, "new", [&] { ReplaceFile(PathOf("new"), PathOf("a.map")); });
     ExpectError(53, "new", [&] { FlushToDisk(PathOf("new")); });
     EXPECT_EQ(ReadWholeFile(PathOf("a.map")), "new");
+}
+
+TEST_F(AtomicFiles, SweepNewFiles_DeletesThoseOfKilledSavesAlone) {
+    AtomicFile writing(PathOf("plan.map"));
+    writing.Write("half");
+    for (const char *left : {".plan.map.0abc9.new", ".plan.map.bak.0abc9.new", ".plan.map.12.bak.0abc9.new"})
+        Make(left);
+    const QStringList others{".other.map.0abc9.new", ".plan.map.0abc9.new.txt", ".plan.map.My notes.new"};
+    for (const QString &name : others) Make(name);
+    SweepNewFiles(PathOf("plan.map"));
+    EXPECT_TRUE(QFile::exists(writing.Path()));
+    writing.Commit();
+    EXPECT_EQ(ReadWholeFile(PathOf("plan.map")), "half");
+    EXPECT_EQ(Names(), others + QStringList("plan.map"));
 }

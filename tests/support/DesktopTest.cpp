@@ -1,7 +1,6 @@
 #include "support/Desktop.h"
 
 #include "support/Error.h"
-#include "support/FileFilter.h"
 #include "support/Forms.h"
 #include "support/headless/HeadlessDesktop.h"
 #include "support/testing/ScriptedDesktop.h"
@@ -15,13 +14,10 @@ using support::testing::ScriptedDesktop;
 
 namespace {
 
-// What two forms are handed.
+// What a form is handed.
 struct Question {
     static constexpr char kForm[] = "frmQuestion";
     int answer = 0;
-};
-struct Other {
-    static constexpr char kForm[] = "frmOther";
 };
 
 } // namespace
@@ -67,7 +63,7 @@ TEST(ScriptedDesktop, GivesTheScriptedAnswersInOrder) {
     EXPECT_EQ(script.dialogs.shownFiles.back().flags, 4);
 }
 
-TEST(ScriptedDesktop, ColoursFontsPrintersLaunchesAndForms) {
+TEST(ScriptedDesktop, GivesTheScriptedColours) {
     ScriptedDesktop script;
     Desktop &desktop = CurrentDesktop();
     script.ExpectColour(kNoColour);
@@ -76,16 +72,25 @@ TEST(ScriptedDesktop, ColoursFontsPrintersLaunchesAndForms) {
     script.ExpectColour(5);
     EXPECT_EQ(desktop.dialogs.ShowColorDialog(nullptr, true, static_cast<Colour>(0x80000005)), 5);
     EXPECT_EQ(script.dialogs.startColours.back(), kWhite);
+}
+
+TEST(ScriptedDesktop, GivesTheScriptedFontUnlessItIsCancelled) {
+    ScriptedDesktop script;
     FontChoice font{"Arial", 9, false, false, false, false};
     Colour colour = 3;
     script.ExpectFontCancelled();
-    desktop.dialogs.ShowFontDialog(nullptr, 0, font, colour);
+    CurrentDesktop().dialogs.ShowFontDialog(nullptr, 0, font, colour);
     EXPECT_EQ(font.name, "Arial");
     EXPECT_EQ(colour, 3);
     script.ExpectFont({"Times", 12, true, false, false, false}, 7);
-    desktop.dialogs.ShowFontDialog(nullptr, 0, font, colour);
+    CurrentDesktop().dialogs.ShowFontDialog(nullptr, 0, font, colour);
     EXPECT_EQ(font.name, "Times");
     EXPECT_EQ(colour, 7);
+}
+
+TEST(ScriptedDesktop, LeavesTheProgramsPrinterAsTheScriptChoosesIt) {
+    ScriptedDesktop script;
+    Desktop &desktop = CurrentDesktop();
     script.ExpectPrinter(false);
     EXPECT_FALSE(desktop.dialogs.ShowPrinter(nullptr));
     script.ExpectPrinter(true);
@@ -94,10 +99,20 @@ TEST(ScriptedDesktop, ColoursFontsPrintersLaunchesAndForms) {
     script.ExpectPrinterChosen([](SystemPrinter &printer) { printer.deviceName = "Office"; });
     EXPECT_TRUE(desktop.dialogs.ShowPrinter(nullptr));
     EXPECT_EQ(script.printers.system.deviceName, "Office");
+}
+
+TEST(ScriptedDesktop, TellsWhetherALaunchSucceeds) {
+    ScriptedDesktop script;
+    Desktop &desktop = CurrentDesktop();
     script.ExpectLaunch("help.pdf", false);
     EXPECT_FALSE(desktop.launcher.OpenFile("help.pdf"));
     script.ExpectAddress("https://example.org/");
     EXPECT_TRUE(desktop.launcher.OpenAddress("https://example.org/"));
+}
+
+TEST(ScriptedDesktop, RunsTheScriptOfAFormAndHasNoneThatIsMissed) {
+    ScriptedDesktop script;
+    Desktop &desktop = CurrentDesktop();
     Question question;
     script.ExpectForm<Question>([](Question &given) { return given.answer = 1, true; });
     EXPECT_TRUE(Show(desktop, question, nullptr));
@@ -147,47 +162,6 @@ TEST(ScriptedDesktop, AnUnexpectedQuestionFailsTheTestAndNamesTheText) {
             script.dialogs.ShowOpenFileDialog("Maps|*.map", "", "", 0, nullptr, row);
         },
         "Maps|*.map");
-}
-
-TEST(FileFilter, ParseFileFilter_SplitsRowsAndPatterns) {
-    const auto rows = ParseFileFilter("Map Files|*.map|Pictures|*.jpg;*.bmp|All Files|*.*");
-    ASSERT_EQ(rows.size(), 3u);
-    EXPECT_EQ(rows[1].title, "Pictures");
-    EXPECT_EQ(rows[1].patterns, (QStringList{"*.jpg", "*.bmp"}));
-    EXPECT_EQ(QtNameFilter(rows[0]), "Map Files (*.map)");
-    EXPECT_EQ(QtNameFilter(rows[1]), "Pictures (*.jpg *.bmp)");
-    EXPECT_EQ(QtNameFilter(rows[2]), "All Files (*)");
-    EXPECT_TRUE(ParseFileFilter("").empty());
-}
-
-TEST(FileFilter, ParseFileFilter_DoesNotRepairALastRowWithoutAPattern) {
-    const auto rows = ParseFileFilter("Map Files|*.map|All Files");
-    ASSERT_EQ(rows.size(), 2u);
-    EXPECT_EQ(rows[1].title, "All Files");
-    EXPECT_TRUE(rows[1].patterns.isEmpty());
-}
-
-TEST(FileFilter, DefaultSuffix_TakesEverySpelling) {
-    for (const char *text : {"map", ".map", "*.map"}) EXPECT_EQ(DefaultSuffix(text), "map");
-    EXPECT_EQ(DefaultSuffix(""), "");
-}
-
-TEST(FormTable, ShowModal_CallsTheFormAndRaisesForAnUnknownOne) {
-    FormTable forms;
-    forms.Add<Question>([](Question &question, Owner) { return question.answer == 1; });
-    Question one{1}, two{2};
-    Other other;
-    EXPECT_TRUE(forms.ShowModal(FormRequest(one), nullptr));
-    EXPECT_FALSE(forms.ShowModal(FormRequest(two), nullptr));
-    EXPECT_TRUE(forms.Knows("frmQuestion"));
-    EXPECT_FALSE(forms.Knows("frmOther"));
-    EXPECT_THROW(forms.ShowModal(FormRequest(other), nullptr), Error);
-}
-
-TEST(FormRequest, As_RaisesForAnotherType) {
-    Question question;
-    EXPECT_EQ(&FormRequest(question).As<Question>(), &question);
-    EXPECT_THROW(FormRequest(question).As<Other>(), Error);
 }
 
 TEST(HeadlessDesktop, AnswersAsIfEveryBoxWasClosed) {

@@ -1,4 +1,5 @@
 #include "support/Error.h"
+
 #include "tests/Errors.h"
 
 #include <gtest/gtest.h>
@@ -14,27 +15,23 @@ TEST(Error, PassOn_KeepsNumberAndDescriptionAndListsTheRoutinesInTheSource) {
     EXPECT_EQ(error.Source(), "Engine\r\nInner\r\nOuter");
 }
 
-namespace {
-QString shownTitle, shownText;
-} // namespace
-
 TEST(Error, Raise_TellsTheNumbersTextAndWhatItIsAbout) {
-    const auto raised = [](long number, const QString &about) {
-        try {
-            Raise(number, QStringLiteral("Here"), about);
-        } catch (const Error &error) {
-            EXPECT_EQ(error.Number(), number);
-            EXPECT_EQ(error.Source(), QStringLiteral("Here"));
-            return error.Description();
-        }
-    };
-    EXPECT_EQ(raised(kErrFileNotFound, QString()), QStringLiteral("File not found"));
-    EXPECT_EQ(raised(kErrDiskFull, QStringLiteral("/a/b")), QStringLiteral("Disk full: /a/b"));
+    const Error plain = tests::ErrorOf([] { Raise(kErrFileNotFound, QStringLiteral("Here")); });
+    EXPECT_EQ(plain.Number(), kErrFileNotFound);
+    EXPECT_EQ(plain.Source(), QStringLiteral("Here"));
+    EXPECT_EQ(plain.Description(), QStringLiteral("File not found"));
+    const Error about =
+        tests::ErrorOf([] { Raise(kErrDiskFull, QStringLiteral("Here"), QStringLiteral("/a/b")); });
+    EXPECT_EQ(about.Description(), QStringLiteral("Disk full: /a/b"));
+}
+
+TEST(Error, ErrorText_IsEmptyForANumberWithoutARow) {
     EXPECT_EQ(ErrorText(kErrInvalidPropertyValue), QStringLiteral("Invalid property value"));
     EXPECT_EQ(ErrorText(1), QString());
 }
 
 TEST(Error, Report_ShowsTitleAndTextAndEndsNormally) {
+    static QString shownTitle, shownText;
     SetReporter([](const QString &title, const QString &text) { shownTitle = title, shownText = text; });
     Report("frmMain", "cmdOK_Click", [] { PassOn("GetTag", [] { throw Error(13, "x", "Type mismatch"); }); });
     SetReporter(nullptr);

@@ -1,13 +1,12 @@
 #include "support/Files.h"
+
 #include "support/Error.h"
-#include "support/Platform.h"
 #include "tests/Errors.h"
 #include "tests/support/FolderTest.h"
 
 #include <gtest/gtest.h>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 using namespace support;
@@ -17,13 +16,6 @@ namespace {
 using FilesInFolder = support::testing::FolderTest;
 
 } // namespace
-
-TEST(Platform, ACompanionStandsBesideTheRunningProgramUnderTheSystemsEnding) {
-    const QFileInfo own(platform::ExecutablePath());
-    const QFileInfo companion(platform::CompanionProgram(own.completeBaseName()));
-    EXPECT_EQ(companion.canonicalFilePath(), own.canonicalFilePath());
-    EXPECT_FALSE(QFileInfo::exists(platform::CompanionProgram(QStringLiteral("velmora-nobody"))));
-}
 
 TEST(Files, AddBackslash_AddsTheEndingOnlyWhereItIsMissing) {
     EXPECT_EQ(AddBackslash("C:\\a", "\\"), "C:\\a\\");

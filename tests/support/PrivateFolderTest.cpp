@@ -1,7 +1,5 @@
 #include "support/PrivateFolder.h"
 
-#include "support/AtomicFile.h"
-
 #include <gtest/gtest.h>
 #include <QDateTime>
 #include <QDir>
@@ -93,21 +91,6 @@ TEST_F(PrivateFolderTest, ALastingFolderIsFoundAgainAndIsNeverSomebodyElses) {
     EXPECT_EQ(LastingPrivateFolder(kPurpose), folder);
     EXPECT_EQ(LastingPrivateFolders(kPurpose), QStringList(folder));
     EXPECT_TRUE(platform::IsPrivateFolder(folder));
-}
-
-TEST_F(PrivateFolderTest, NewFilesOfKilledSavesAreSweptAndThoseOfLivingOnesAreNot) {
-    const QString target = Path("plan.map");
-    AtomicFile writing(target);
-    writing.Write("half");
-    for (const char *name : {".plan.map.0abc9.new", ".plan.map.bak.0abc9.new", ".plan.map.12.bak.0abc9.new"})
-        Write(Path(QString::fromLatin1(name)));
-    for (const char *name : {".other.map.0abc9.new", ".plan.map.My notes.new", ".plan.map.0abc9.new.txt"})
-        Write(Path(QString::fromLatin1(name)));
-    SweepNewFiles(target);
-    EXPECT_TRUE(QFileInfo::exists(writing.Path()));
-    EXPECT_EQ(QDir(Path("")).entryList(QDir::Files | QDir::Hidden).size(), 4);
-    writing.Commit();
-    EXPECT_EQ(ReadWholeFile(target), "half");
 }
 
 } // namespace support

@@ -1,5 +1,4 @@
 #include "support/FileRegistryStore.h"
-#include "support/Platform.h"
 
 #include <algorithm>
 #include <functional>
@@ -145,7 +144,7 @@ TEST_P(RegistryStores, DeleteValue_TakesOneValue) {
     EXPECT_EQ(store_.Values(kUser, "A"), QStringList{"y"});
 }
 
-TEST_F(RegistryFiles, TheFileReadsLikeALetter) {
+TEST_F(RegistryFiles, AFileHasItsKeysInBracketsAndAValueALine) {
     store_.Write(kUser, kPath, "LastPath", Text("/home/ann"));
     store_.Write(kUser, kPath, "Left", {RegistryType::Number, quint32(120)});
     EXPECT_TRUE(Content().contains("[HKEY_CURRENT_USER\\SOFTWARE\\Orbelle\\Velmora]\n"
@@ -231,12 +230,3 @@ TEST_F(RegistryFiles, ProcessesThatWriteAtOnceLoseNothing) {
     EXPECT_EQ(store_.Values(kUser, kPath).size(), kProcesses * kValues);
 }
 #endif
-
-TEST_F(RegistryFiles, Lock_IsRefusedWhileItIsHeld) {
-    const QString name = folder_.filePath("x.lock");
-    auto held = platform::Lock(name, 0);
-    ASSERT_TRUE(held);
-    EXPECT_FALSE(platform::Lock(name, 0));
-    held.reset();
-    EXPECT_TRUE(platform::Lock(name, 0));
-}

@@ -1,4 +1,5 @@
 #include "support/Val.h"
+
 #include "support/Error.h"
 #include "tests/Errors.h"
 

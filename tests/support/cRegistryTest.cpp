@@ -1,4 +1,5 @@
 #include "support/cRegistry.h"
+
 #include "support/Error.h"
 #include "support/testing/ScriptedDesktop.h"
 #include "tests/Errors.h"

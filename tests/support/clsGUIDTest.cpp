@@ -1,4 +1,5 @@
 #include "support/clsGUID.h"
+
 #include "support/Error.h"
 #include "support/headless/SystemDoors.h"
 #include "support/testing/ScriptedDesktop.h"

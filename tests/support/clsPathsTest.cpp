@@ -1,4 +1,5 @@
 #include "support/clsPaths.h"
+
 #include "support/cRegistry.h"
 #include "support/Files.h"
 #include "support/testing/ScriptedDesktop.h"

@@ -1,12 +1,11 @@
 #include "support/real/RealDesktop.h"
+
 #include "support/real/QtMessageBoxes.h"
 #include "tests/support_real/Shown.h"
 
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QColorDialog>
-#include <QDesktopServices>
-#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFontMetrics>
@@ -17,30 +16,11 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QUrl>
 #include <QWindow>
 
 using namespace support;
 
 namespace {
-
-// Takes what the platform's programs would be handed.
-class Handed : public QObject {
-    Q_OBJECT
-public:
-    Handed() {
-        for (const char *scheme : kSchemes)
-            QDesktopServices::setUrlHandler(QLatin1String(scheme), this, "Take");
-    }
-    ~Handed() override {
-        for (const char *scheme : kSchemes) QDesktopServices::unsetUrlHandler(QLatin1String(scheme));
-    }
-    Q_INVOKABLE void Take(const QUrl &url) { taken << url.toString(); }
-    QStringList taken;
-
-private:
-    static constexpr const char *kSchemes[] = {"file", "http", "https", "mailto", "ftp"};
-};
 
 class RealBoxes : public ::testing::Test {
 protected:
@@ -361,35 +341,6 @@ TEST_F(RealBoxes, ShowFontDialog_HasAButtonForTheColour) {
     EXPECT_EQ(colour, Rgb(0, 0, 255));
 }
 
-TEST_F(RealBoxes, OpenFile_TakesWhatIsThereAndNothingElse) {
-    const Handed handed;
-    const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("a b#c.txt"));
-    ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));
-    EXPECT_TRUE(desktop_.launcher.OpenFile(file));
-    EXPECT_TRUE(desktop_.launcher.OpenFile(folder.path()));
-    EXPECT_EQ(handed.taken, QStringList({QUrl::fromLocalFile(file).toString(),
-                                         QUrl::fromLocalFile(folder.path()).toString()}));
-    for (const char *gone :
-         {"", "/none/of/this.pdf", "www.example.org", "https://example.org/", "C:\\gone.txt"})
-        EXPECT_FALSE(desktop_.launcher.OpenFile(QString::fromLatin1(gone))) << gone;
-    EXPECT_EQ(handed.taken.size(), 2);
-}
-
-TEST_F(RealBoxes, OpenAddress_TakesNoPath) {
-    const Handed handed;
-    const QStringList addresses{"https://example.org/a?b=c", "http://example.org/",
-                                "mailto:a@example.org?Subject=two words"};
-    for (const QString &address : addresses) EXPECT_TRUE(desktop_.launcher.OpenAddress(address));
-    EXPECT_EQ(handed.taken, addresses);
-    const QTemporaryDir folder;
-    for (const QString &other : {QString(), folder.path(), QUrl::fromLocalFile(folder.path()).toString(),
-                                 QStringLiteral("gone.txt"), QStringLiteral("C:\\gone.txt"),
-                                 QStringLiteral("www.example.org"), QStringLiteral("ftp://example.org/")})
-        EXPECT_FALSE(desktop_.launcher.OpenAddress(other)) << other.toStdString();
-    EXPECT_EQ(handed.taken, addresses);
-}
-
 TEST_F(RealBoxes, Clock_WaitsWhileEventsRun) {
     bool ran = false;
     QTimer::singleShot(0, [&] { ran = true; });
@@ -403,11 +354,3 @@ TEST_F(RealBoxes, FileIcons_AreThereForWhateverFile) {
     for (const char *name : {"/etc/passwd", "/nowhere/paper.pdf", "/nowhere/none", ""})
         EXPECT_FALSE(desktop_.fileIcons.AssociatedIcon(QLatin1String(name)).pixmap(32, 32).isNull()) << name;
 }
-
-int main(int argc, char **argv) {
-    QApplication application(argc, argv);
-    ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}
-
-#include "RealDesktopTest.moc"

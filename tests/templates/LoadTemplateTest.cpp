@@ -9,7 +9,6 @@
 #include "templates/TemplateFiles.h"
 #include "tests/Paths.h"
 #include "tests/templates/TemplatesTest.h"
-#include "timeline/PrepFileForImport.h"
 #include "timeline/TimelineNodes.h"
 
 namespace templates::testing {
@@ -27,9 +26,6 @@ protected:
     // Of a second window, into which templates come.
     diagram::Surface &Target() { return target->AddFlow1()[0]; }
     void Load(const QString &file) { LoadTemplate(*target, Target(), file); }
-    const diagram::Node *Diagram(diagram::Surface &surface) const {
-        return timeline::LocateTimelineNode(surface, timeline::kDiagramDate, false);
-    }
 
     std::unique_ptr<document::MemoryWindow> target = NewWindow();
 };
@@ -64,8 +60,8 @@ TEST_F(LoadingTemplate, BackgroundComesAlongAndTheNodeThatCarriedItGoes) {
     Load(Saved());
     EXPECT_TRUE(Target().Picture() == Flow().Picture());
     EXPECT_EQ(Target().BackColor(), 0x00AABBCCu);
-    EXPECT_EQ(Diagram(Target()), nullptr);
-    EXPECT_NE(Diagram(Flow()), nullptr) << "it stays where it was saved";
+    EXPECT_EQ(DiagramNode(Target()), nullptr);
+    EXPECT_NE(DiagramNode(Flow()), nullptr) << "it stays where it was saved";
 }
 
 TEST_F(LoadingTemplate, ASliceWithoutBackgroundTakesAFormerOneAway) {
@@ -106,15 +102,15 @@ TEST_F(LoadingTemplate, UndoBringsBackAllThatStoodThereAtOnce) {
     EXPECT_EQ(Target().Nodes().Item(1).Text(), QString()) << "the history before the load is there";
 }
 
-TEST_F(LoadingTemplate, WaysOfLinksAreThoseThatWereSaved) {
+TEST_F(LoadingTemplate, RoutesOfLinksAreThoseThatWereSaved) {
     diagram::Node &a = AddNode(QStringLiteral("A")), &b = AddNode(QStringLiteral("B"));
     b.SetBounds(6000, 3000, 1500, 900);
     AddNode(QStringLiteral("between")).SetBounds(3000, 1500, 900, 900);
     const diagram::Link &link = a.Links().Add(b);
-    const auto way = link.Route();
+    const auto route = link.Route();
     Load(Saved());
     ASSERT_EQ(Target().Links().size(), 1u);
-    EXPECT_EQ(Target().Links().front()->Route(), way);
+    EXPECT_EQ(Target().Links().front()->Route(), route);
 }
 
 TEST_F(LoadingTemplate, WhatIsNoTemplateLeavesTheSliceAsItWas) {
@@ -177,7 +173,7 @@ TEST_F(LoadingTemplate, InsertingAddsTheContentSelectedAroundThePoint) {
     EXPECT_EQ(Target().SelectedLinks().size(), 1u);
     EXPECT_EQ(Target().Nodes().Item(2).Bounds(), QRectF(10000 - 2250, 5000 - 450, 1500, 900));
     EXPECT_TRUE(target->clsSettings().Dirty);
-    EXPECT_EQ(Diagram(Target()), nullptr);
+    EXPECT_EQ(DiagramNode(Target()), nullptr);
     Target().Undo();
     EXPECT_TRUE(ContentOf(Target()) == before);
     EXPECT_FALSE(Target().CanUndo()) << "one step";
@@ -224,7 +220,7 @@ TEST_F(LoadingTemplate, APreviewHasTheBackgroundAndTheKeysOfTheFile) {
     EXPECT_EQ(Texts(preview), QStringList({"A"}));
     EXPECT_EQ(preview.Nodes().Item(1).Key(), QStringLiteral("{K}"));
     EXPECT_EQ(preview.BackColor(), 0x00AABBCCu);
-    EXPECT_EQ(Diagram(preview), nullptr);
+    EXPECT_EQ(DiagramNode(preview), nullptr);
 }
 
 } // namespace templates::testing

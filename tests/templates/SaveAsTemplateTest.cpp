@@ -10,8 +10,6 @@
 #include "templates/LoadTemplate.h"
 #include "templates/TemplateDb.h"
 #include "tests/templates/TemplatesTest.h"
-#include "timeline/PrepFileForImport.h"
-#include "timeline/TimelineNodes.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -25,9 +23,6 @@ protected:
     void Save(const QString &name = QStringLiteral("A.TEM")) {
         SaveAsTemplate(*window, Flow(), Write(MapFile(QStringLiteral("icon.ico")), Icon()),
                        InTemplates(name));
-    }
-    const diagram::Node *Diagram(diagram::Surface &surface) const {
-        return timeline::LocateTimelineNode(surface, timeline::kDiagramDate, false);
     }
 };
 
@@ -47,7 +42,7 @@ TEST_F(SavingTemplate, CarriesTheBackgroundInAHiddenNodeThatStays) {
     Flow().SetPicture(OneColour(qRgb(1, 2, 3)));
     Flow().SetBackColor(0x00AABBCC);
     Save();
-    const diagram::Node *node = Diagram(Flow());
+    const diagram::Node *node = DiagramNode(Flow());
     ASSERT_NE(node, nullptr);
     EXPECT_TRUE(node->Hidden());
     EXPECT_TRUE(node->Marked());
@@ -62,7 +57,7 @@ TEST_F(SavingTemplate, ASecondTimeTheNodeIsBroughtUpToDate) {
     Flow().SetBackColor(0x00112233);
     Save();
     EXPECT_EQ(Flow().Nodes().Count(), 1);
-    EXPECT_EQ(Diagram(Flow())->FillColor(), 0x00112233u);
+    EXPECT_EQ(DiagramNode(Flow())->FillColor(), 0x00112233u);
 }
 
 TEST_F(SavingTemplate, IsNoWorkThatTheMapMustBeSavedFor) {

@@ -7,6 +7,8 @@
 #include "support/Files.h"
 #include "templates/SaveAsTemplate.h"
 #include "templates/TemplateDb.h"
+#include "timeline/PrepFileForImport.h"
+#include "timeline/TimelineNodes.h"
 
 #include <QBuffer>
 #include <QImageWriter>
@@ -63,13 +65,17 @@ QStringList TemplatesTest::FilesIn(const QString &folder) const {
     return QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System);
 }
 
+const diagram::Node *TemplatesTest::DiagramNode(diagram::Surface &surface) const {
+    return timeline::LocateTimelineNode(surface, timeline::kDiagramDate, false);
+}
+
 diagram::Node &TemplatesTest::AddNode(const QString &text) {
     diagram::Node &node = Flow().Nodes().Add(0, 0, 1500, 900);
     node.SetText(text);
     return node;
 }
 
-// The writer of icons leaves some bytes to chance, so each is made once.
+// Qt's writer of icons doesn't give the same bytes twice, so each icon is made once.
 QByteArray Icon(QRgb colour) {
     static QHash<QRgb, QByteArray> made;
     QByteArray &bytes = made[colour];

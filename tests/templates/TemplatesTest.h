@@ -28,6 +28,9 @@ protected:
     QString TemplateOf(const QString &name, const QByteArray &map, const QByteArray &image) const;
     QStringList FilesIn(const QString &folder) const;
 
+    // The hidden node "DIAGRAM" of the surface; null without one.
+    const diagram::Node *DiagramNode(diagram::Surface &surface) const;
+
     diagram::Surface &Flow() { return window->AddFlow1()[0]; }
     diagram::Node &AddNode(const QString &text);
     QString GroupOf(const diagram::Node &node) const {

@@ -12,8 +12,6 @@
 #include "timeline/AdjustLinks.h"
 #include "timeline/Arrange.h"
 
-#include <QTemporaryDir>
-
 namespace timeline::testing {
 
 namespace {

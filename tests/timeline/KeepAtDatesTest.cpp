@@ -20,7 +20,6 @@
 #include "timeline/Span.h"
 #include "timeline/Tidy.h"
 
-#include <QTemporaryDir>
 #include <random>
 
 namespace timeline::testing {

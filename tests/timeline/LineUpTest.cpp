@@ -278,7 +278,7 @@ TEST_F(LiningUp, RowsThatAHandChoseStayAndTheOneThatMovedGivesWay) {
     EXPECT_GE(second.Top(), 2900 + 299);
 }
 
-TEST_F(LiningUp, TheDateLinkAndLinksOfAFixedWayGoAlong) {
+TEST_F(LiningUp, TheDateLinkAndLinksOfAFixedRouteGoAlong) {
     diagram::Node &node = Dated(QStringLiteral("14 April 2004"));
     diagram::Node &other = UserNode();
     other.SetTop(6000);

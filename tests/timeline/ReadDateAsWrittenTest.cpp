@@ -175,19 +175,6 @@ TEST(DateAsWritten, TheDateIsToldInFullAndWhyThereIsNone) {
     EXPECT_EQ(Told("+9000y"), "Dates go from the year 100 to 3099");
 }
 
-namespace testing {
-
-TEST_F(TimelineTest, ADateIsSeenFromTheMonthsOfTheStrip) {
-    EXPECT_FALSE(ViewFrom(kToday, flow).strip);
-    Month(QStringLiteral("June 2004"));
-    Month(QStringLiteral("March 2004"));
-    Month(QStringLiteral("no date"));
-    const DateView view = ViewFrom(kToday, flow);
-    EXPECT_EQ(view.today, kToday);
-    EXPECT_EQ(view.strip, std::pair(QDate(2004, 3, 1), QDate(2004, 6, 1)));
-}
-
-} // namespace testing
 TEST(DateAsWritten, TheWordsForDaysAreThoseOfTheLanguage) {
     const QLocale dutch(QLocale::Dutch), italian(QLocale::Italian), spanish(QLocale::Spanish);
     Expect({{"heute", "2026-11-20"},
@@ -286,5 +273,19 @@ TEST(DateAsWritten, WordsOfTheLanguageThatMeanNoDayAreNoDate) {
     EXPECT_EQ(Read("nächsten Sankt Nimmerlein", kGerman), "none");
     EXPECT_EQ(Told("31. Juni", kGerman), "There is no such day");
 }
+
+namespace testing {
+
+TEST_F(TimelineTest, ADateIsSeenFromTheMonthsOfTheStrip) {
+    EXPECT_FALSE(ViewFrom(kToday, flow).strip);
+    Month(QStringLiteral("June 2004"));
+    Month(QStringLiteral("March 2004"));
+    Month(QStringLiteral("no date"));
+    const DateView view = ViewFrom(kToday, flow);
+    EXPECT_EQ(view.today, kToday);
+    EXPECT_EQ(view.strip, std::pair(QDate(2004, 3, 1), QDate(2004, 6, 1)));
+}
+
+} // namespace testing
 
 } // namespace timeline

@@ -228,7 +228,7 @@ TEST_F(Pushes, WhatTakesNoTimeLeavesItsDayToTheNext) {
     EXPECT_EQ(Of(second), Span{March(6)});
 }
 
-TEST_F(Pushes, OfTwoWaysTheLongerCountsAndACircleEnds) {
+TEST_F(Pushes, OfTwoChainsTheOneThatMovesFartherCountsAndACircleEnds) {
     diagram::Node &a = Lasting(March(1), March(5)), &b = Lasting(March(1), March(5));
     diagram::Node &next = Lasting(March(6), March(8));
     a.Links().Add(next);

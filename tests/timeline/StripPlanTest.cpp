@@ -30,6 +30,17 @@ std::vector<float> Lefts(const PlacesTask &task) {
 
 PieceOfStrip QuarterOf(int month) { return PieceAround(diagram::StripPiece::Quarter, QDate(2004, month, 1)); }
 
+// The months from January 2004 on, of which some are folded to their quarter.
+std::vector<MonthToFold> FoldedQuarters(std::initializer_list<bool> folded) {
+    std::vector<MonthToFold> months;
+    for (const bool isFolded : folded) {
+        const int month = int(months.size()) + 1;
+        months.push_back({QDate(2004, month, 1), false, {}});
+        if (isFolded) months.back().fold = QuarterOf(month);
+    }
+    return months;
+}
+
 } // namespace
 
 TEST(PlanPlaces, NothingAndNoArrangementHaveNoPlaces) {
@@ -81,6 +92,35 @@ TEST(PlanPlaces, MonthsOfOneFoldLieOnTopOfEachOtherWithAllTheirDays) {
     EXPECT_EQ(PlanPlaces(task)[3].days, (std::vector<PlacedDay>{{1, sliver}}));
     task.months[3].fold = QuarterOf(4);
     EXPECT_EQ(Lefts(task)[3], 3550) << "another fold has its own sliver";
+}
+
+TEST(PlanFolds, NothingIsPlannedForMonthsWithoutAFold) {
+    EXPECT_TRUE(PlanFolds({}, 3100).empty());
+    EXPECT_EQ(PlanFolds(FoldedQuarters({false, false}), 3100), (std::vector<std::optional<FoldedMonth>>(2)));
+}
+
+TEST(PlanFolds, AMonthThatCameToAFoldedQuarterBelongsToIt) {
+    std::vector<MonthToFold> months = FoldedQuarters({true, false, false, false});
+    months[1].fold = PieceAround(diagram::StripPiece::Month, QDate(2004, 2, 1));
+    const FoldedMonth sliver{QuarterOf(1), kSliver};
+    EXPECT_EQ(PlanFolds(months, 3100),
+              (std::vector<std::optional<FoldedMonth>>{sliver, sliver, sliver, std::nullopt}));
+}
+
+TEST(PlanFolds, ASliverIsNoLongerThanItsMonthsInSight) {
+    std::vector<MonthToFold> months = FoldedQuarters({true, true, true});
+    EXPECT_EQ(PlanFolds(months, 200)[0]->length, kSliver);
+    EXPECT_EQ(PlanFolds(months, 100)[0]->length, 300);
+    months[1].hidden = true;
+    const auto planned = PlanFolds(months, 100);
+    EXPECT_EQ(planned[0]->length, 200);
+    EXPECT_EQ(planned[1], (FoldedMonth{QuarterOf(1), std::nullopt})) << "a hidden one keeps its size";
+}
+
+TEST(PlanFolds, AMonthWithoutADateJoinsNoFold) {
+    std::vector<MonthToFold> months = FoldedQuarters({true, false});
+    months[1].first.reset();
+    EXPECT_FALSE(PlanFolds(months, 3100)[1]);
 }
 
 TEST(PlanPlaces, DaysStandInTheirSlotsOneBehindTheBeginning) {

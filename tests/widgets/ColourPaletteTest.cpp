@@ -1,5 +1,7 @@
 #include "widgets/ColourPalette.h"
 
+#include "support/Contrast.h"
+
 #include <cmath>
 #include <gtest/gtest.h>
 #include <QSet>
@@ -8,17 +10,10 @@ namespace widgets::testing {
 
 namespace {
 
-double Linear(double part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); }
-
-// Relative luminance, as contrasts are measured by.
-double Luminance(support::Colour colour) {
-    const QColor shown = support::ToQColor(colour);
-    return 0.2126 * Linear(shown.redF()) + 0.7152 * Linear(shown.greenF()) + 0.0722 * Linear(shown.blueF());
-}
+double Luminance(support::Colour colour) { return support::Luminance(support::ToQColor(colour)); }
 
 double Contrast(support::Colour a, support::Colour b) {
-    const double one = Luminance(a) + 0.05, other = Luminance(b) + 0.05;
-    return std::max(one, other) / std::min(one, other);
+    return support::Contrast(support::ToQColor(a), support::ToQColor(b));
 }
 
 // L* of CIELAB.

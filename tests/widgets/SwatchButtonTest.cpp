@@ -1,4 +1,5 @@
 #include "widgets/SwatchButton.h"
+
 #include "support/testing/ScriptedDesktop.h"
 
 #include <gtest/gtest.h>

@@ -59,7 +59,6 @@ void SampleView::SetNodeSize(double width, double height) {
     node_->SetWidth(float(qMax(kSmallest, width)));
     node_->SetHeight(float(qMax(kSmallest, height)));
     Refresh();
-    Q_EMIT Resized();
 }
 
 QRectF SampleView::NodeBox() const {

@@ -22,10 +22,6 @@ public:
 
     QSize sizeHint() const override;
 
-Q_SIGNALS:
-    // The user gave the node another size.
-    void Resized();
-
 protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;

@@ -13,7 +13,7 @@ namespace timeline {
 
 namespace {
 
-// As a hidden node with that text, for the time of its life.
+// Makes the node a hidden one with that text, until it goes.
 class InDisguise {
 public:
     InDisguise(diagram::Node &node, const QString &text) : node_(node), text_(node.Text()) {

@@ -14,9 +14,9 @@ class cLevels;
 namespace timeline {
 
 // Both give the path of the file that was written.
-//
-// Writes the surface with its one node as the default node, or as the template of the months. The node is as
-// it was afterwards.
+
+// Writes the surface with its one node as the default node (`asTemplate`), or as the template of the months.
+// Afterwards the node is as it was.
 QString StoreDefaultNode(diagram::Surface &surface, diagram::Node &node, bool asTemplate);
 
 // Puts the levels into the empty map, the first of them with that colour.

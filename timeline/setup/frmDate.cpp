@@ -24,21 +24,40 @@ frmDate::frmDate(DateFormArgument &argument, QWidget *parent) : QDialog(parent),
     chkDate_->setObjectName(QStringLiteral("chkDate"));
     chkDate_->setChecked(true); // whoever opens the form wants a date
     const QDate begin = argument.date.value_or(argument.view.today);
-    txtDate_ = new QLineEdit(BeginsEmpty() ? QString() : AsWritten({begin, argument.last}), this);
+    BuildText(begin);
+    BuildCalendar(begin);
+    BuildLayout();
+    Connect();
+    Read();
+    if (BeginsEmpty())
+        ShowMeaning(settings::ReplaceTerms(tr("%1 @NODEs of different dates; +2w moves each"))
+                        .arg(argument.several.size()));
+    txtDate_->selectAll();
+    txtDate_->setFocus();
+}
+
+void frmDate::BuildText(const QDate &begin) {
+    txtDate_ = new QLineEdit(BeginsEmpty() ? QString() : AsWritten({begin, argument_.last}), this);
     txtDate_->setObjectName(QStringLiteral("txtDate"));
     txtDate_->setAccessibleName(tr("Date"));
     txtDate_->setToolTip(
         tr("Such as 14 March, 14/3/2004, next Friday, +2w, week 14 or end of June; with an end such as "
            "14 March - 2 April or 14 March for 2w") +
-        (argument.several.size() > 1 ? tr("; +2w moves each from its own date") : QString()));
+        (argument_.several.size() > 1 ? tr("; +2w moves each from its own date") : QString()));
     lblMeaning_ = new QLabel(this);
     lblMeaning_->setObjectName(QStringLiteral("lblMeaning"));
-    lblMeaning_->setMinimumWidth(
-        lblMeaning_->fontMetrics().horizontalAdvance(ReadDateAsWritten(QString(), argument.view).told));
+    const QString usual = ReadDateAsWritten(QString(), argument_.view).told;
+    lblMeaning_->setMinimumWidth(lblMeaning_->fontMetrics().horizontalAdvance(usual));
+}
+
+void frmDate::BuildCalendar(const QDate &begin) {
     calDate_ = new QCalendarWidget(this);
     calDate_->setObjectName(QStringLiteral("calDate"));
     calDate_->setDateRange(QDate(kFirstYear, 1, 1), QDate(kLastYear, 12, 31));
     calDate_->setSelectedDate(begin);
+}
+
+void frmDate::BuildLayout() {
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     ok_ = buttons->button(QDialogButtonBox::Ok);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -47,13 +66,6 @@ frmDate::frmDate(DateFormArgument &argument, QWidget *parent) : QDialog(parent),
     for (QWidget *row : std::initializer_list<QWidget *>{chkDate_, txtDate_, lblMeaning_, calDate_, buttons})
         rows->addWidget(row);
     rows->setSizeConstraint(QLayout::SetFixedSize);
-    Connect();
-    Read();
-    if (BeginsEmpty())
-        ShowMeaning(settings::ReplaceTerms(tr("%1 @NODEs of different dates; +2w moves each"))
-                        .arg(argument.several.size()));
-    txtDate_->selectAll();
-    txtDate_->setFocus();
 }
 
 void frmDate::Connect() {
@@ -99,7 +111,7 @@ bool frmDate::ReadStep() {
     return true;
 }
 
-// Heard too, by whoever doesn't see it.
+// A screen reader tells it with the box.
 void frmDate::ShowMeaning(const QString &meaning) {
     lblMeaning_->setText(meaning);
     txtDate_->setAccessibleDescription(meaning);

@@ -40,6 +40,9 @@ public:
     void accept() override;
 
 private:
+    void BuildText(const QDate &begin);
+    void BuildCalendar(const QDate &begin);
+    void BuildLayout();
     void Connect();
     bool BeginsEmpty() const; // the nodes have different dates
     void Read();
@@ -50,8 +53,8 @@ private:
     void ShowMeaning(const QString &meaning);
 
     DateFormArgument &argument_;
-    std::optional<Span> span_;     // that of the text
-    std::optional<DateStep> step_; // the same
+    std::optional<Span> span_;     // that the text stands for
+    std::optional<DateStep> step_; // the same; never both
     QCheckBox *chkDate_;
     QLineEdit *txtDate_;
     QLabel *lblMeaning_;

@@ -66,7 +66,7 @@ void frmTimelineSetup::BuildSample() {
     TimelineSample_->SetNode(*sample_);
 }
 
-// What all new maps start with is offered to a map that has no timeline yet, whichever way it came by that.
+// A map without a timeline of its own is offered what all new maps start with.
 void frmTimelineSetup::LoadUsual() {
     const diagram::Node *node = argument_.TemplateNode;
     if (argument_.asTemplate || !node || node->Width() != 0) return;

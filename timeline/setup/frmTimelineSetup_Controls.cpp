@@ -38,7 +38,7 @@ void frmTimelineSetup::BuildControls() {
     BuildButtons(*columns);
 }
 
-// From top to bottom as Tab goes.
+// From top to bottom, the order in which Tab goes.
 void frmTimelineSetup::BuildLook(QGridLayout &grid) {
     cboAutoSize_ = AddList(grid, "cboAutoSize", QStringLiteral("Auto &Size"), ListOf::AutoSizes);
     cboDrawStyle_ = AddList(grid, "cboDrawStyle", QStringLiteral("D&raw Style"), ListOf::DrawStyles);

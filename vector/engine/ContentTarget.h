@@ -18,11 +18,16 @@ struct TextFont {
 };
 std::size_t qHash(const TextFont &font, std::size_t seed = 0);
 
+// The side of a line of text that stays in place when another font is wider, and where along the line it is,
+// as a share of its width.
+constexpr int kTextLeft = 0, kTextRight = 1, kTextMiddle = 2;
+constexpr double kTextHeldAt[] = {0, 1, 0.5};
+
 // Lengths in units of the painter.
 struct TextPiece {
     QPointF baseLine; // its left end
     double width;
-    int side; // of the line that stays in place when another font is wider: 0 left, 1 right, 2 middle
+    int side; // one of the three above
     bool rightToLeft;
     QString text;
     TextFont font;

@@ -19,9 +19,8 @@ using namespace metafile;
 
 constexpr int kHeaderBytes = 108; // without the description
 constexpr QLatin1String kDescription("Velmora");
-constexpr int kAnd = 1;                                     // of clips
 constexpr double kHundredthsPerUnit = 2540 / kUnitsPerInch; // of a millimetre
-constexpr double kLimit = 1 << 28;
+constexpr double kLimit = 1 << 28;       // of coordinates, so that players can reckon with them
 constexpr qsizetype kMostPoints = 16000; // of one record
 
 int Limited(double value) {
@@ -33,7 +32,7 @@ QRect BoxOf(const QRectF &box) {
     return {left, top, Limited(box.right()) - left, Limited(box.bottom()) - top};
 }
 
-// The program's name, an end, no title, two ends.
+// UTF-16 units: the program's name, a null, an empty title, two nulls.
 constexpr std::uint32_t kDescriptionUnits = 10;
 QByteArray Description() {
     MetafileBytes bytes;
@@ -127,7 +126,8 @@ void EmfEngine::Create(int slot, const QByteArray &creation) {
 }
 void EmfEngine::Select(int slot) { PutWord(kSelectObject, std::uint32_t(slot + 1)); }
 
-// The player's own: some readers take a brush without filling for a white one.
+// By the stock objects, which every player has: some readers take a brush of the file's own without filling
+// for a white one.
 void EmfEngine::SelectNone(Kind kind) {
     PutWord(kSelectObject, kind == PenKind ? emf::kNullPen : emf::kNullBrush);
 }
@@ -143,7 +143,7 @@ void EmfEngine::Clip(const QPainterPath &path) {
     }
     ChooseFillMode(path.fillRule() == Qt::WindingFill);
     PutOutline(path);
-    PutWord(kSelectClipPath, kAnd);
+    PutWord(kSelectClipPath, kClipAnd);
 }
 
 void EmfEngine::Rectangle(const QRectF &box) {

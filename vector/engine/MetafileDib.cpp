@@ -1,6 +1,7 @@
 #include "vector/engine/MetafileDib.h"
 
 #include "vector/engine/MetafileBytes.h"
+#include "vector/player/Units.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,13 +11,12 @@ namespace vector {
 
 namespace {
 
-constexpr double kFiner = 3;    // than the screen
 constexpr int kMostSide = 8192; // pixels
 
 QSize ShownSize(const QSize &size, const QSizeF &place, double unitsPerPixel) {
     const auto side = [&](int pixels, double units) {
         const double most =
-            std::clamp(std::ceil(std::abs(units) / unitsPerPixel * kFiner), 1.0, double(kMostSide));
+            std::clamp(std::ceil(std::abs(units) / unitsPerPixel * kFinerThanScreen), 1.0, double(kMostSide));
         return std::max(1, std::min(pixels, int(most)));
     };
     return {side(size.width(), place.width()), side(size.height(), place.height())};

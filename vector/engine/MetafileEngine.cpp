@@ -216,7 +216,7 @@ void MetafileEngine::DrawPicture(const QRectF &place, const PictureSource &pictu
 
 void MetafileEngine::DrawLine(const TextPiece &piece) {
     CatchUp();
-    if (piece.text.size() <= kLongestOutlined && !Tells(piece.text)) return PutOutlines(piece);
+    if (piece.text.size() <= kLongestOutlined && !CanEncode(piece.text)) return PutOutlines(piece);
     QByteArray &font = fonts_[piece.font];
     if (font.isEmpty()) {
         const double height = piece.font.points * kUnitsPerPoint * Scale();
@@ -242,10 +242,9 @@ void MetafileEngine::PutOutlines(const TextPiece &piece) {
 // Another machine may lack the font: plain text is held at the side to which it is justified. Readers differ
 // in what holding other texts means, but for its left end.
 void MetafileEngine::PutText(const TextPiece &piece) {
-    constexpr double kHeld[] = {0, 1, 0.5};
     const bool isLong = piece.text.size() > kLongestText;
-    const int side = isLong || IsIntricate(piece.text) ? 0 : piece.side;
-    const double held = kHeld[side] * piece.width;
+    const int side = isLong || IsIntricate(piece.text) ? kTextLeft : piece.side;
+    const double held = kTextHeldAt[side] * piece.width;
     if (chosen_.align != kAligns[side]) TextAlign(kAligns[side]);
     chosen_.align = kAligns[side];
     for (const MetafileRun &run : text_.Runs(piece, Scale()))

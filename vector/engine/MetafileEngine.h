@@ -53,12 +53,13 @@ protected:
         std::vector<int> advances; // one for each UTF-16 unit
     };
 
-    // Records; all lengths in units of the file. Shapes take the pen and brush that are chosen.
+    // What writes one record or a few of them; all lengths in units of the file. Shapes take the pen and
+    // brush that are chosen.
     virtual void Open() = 0;
     virtual void Close() = 0;
     virtual void Create(int slot, const QByteArray &creation) = 0;
     virtual void Select(int slot) = 0;
-    virtual void SelectNone(Kind) {} // in place of what has no creation
+    virtual void SelectNone(Kind) {} // see PenCreation
     virtual void Delete(int slot) = 0;
     virtual void Save() = 0;
     virtual void Restore() = 0;
@@ -70,12 +71,13 @@ protected:
     virtual void Path(const QPainterPath &path) = 0;
     virtual void Image(const QRectF &place, const MetafileDib &dib) = 0;
     virtual void Text(const TextRun &run) = 0;
-    // Whether the kind has a way to write these letters; lines of others become outlines.
-    virtual bool Tells(const QString &) const { return true; }
+    // Whether the file can hold all letters of the text as text; other lines become outlines.
+    virtual bool CanEncode(const QString &) const { return true; }
     virtual void TextColour(QRgb colour) = 0;
     virtual void TextAlign(int align) = 0;
     virtual void FillMode(bool winding) = 0;
-    // The records, the first two also for none; empty where SelectNone does that.
+    // The records that create objects. For a pen of no style, and a brush that doesn't fill, they may be
+    // empty: then SelectNone is called in place of Select.
     virtual QByteArray PenCreation(const QPen &pen) const = 0;
     virtual QByteArray BrushCreation(bool filled, QRgb colour) const = 0;
     virtual QByteArray FontCreation(const TextFont &font, int height) const = 0;

@@ -51,29 +51,30 @@ std::vector<int> LevelsOf(const QString &text, bool rightToLeft) {
     return levels;
 }
 
-struct Stretch {
+// Neighbouring characters of one level.
+struct LevelRun {
     qsizetype from, count;
     int level;
 };
 
-// From left to right: whatever stands at a level or deeper is turned round, from the deepest level on.
-std::vector<Stretch> StretchesOf(const QString &text, bool rightToLeft) {
+// The runs from left to right: whatever stands at a level or deeper is turned round, from the deepest level
+// on.
+std::vector<LevelRun> LevelRunsOf(const QString &text, bool rightToLeft) {
     const std::vector<int> levels = LevelsOf(text, rightToLeft);
-    std::vector<Stretch> stretches;
+    std::vector<LevelRun> runs;
     for (std::size_t i = 0; i < levels.size(); ++i) {
-        if (stretches.empty() || stretches.back().level != levels[i])
-            stretches.push_back({qsizetype(i), 0, levels[i]});
-        ++stretches.back().count;
+        if (runs.empty() || runs.back().level != levels[i]) runs.push_back({qsizetype(i), 0, levels[i]});
+        ++runs.back().count;
     }
     for (int level = 2; level > 0; --level)
-        for (auto from = stretches.begin(); from != stretches.end();) {
-            from = std::find_if(from, stretches.end(), [&](const Stretch &s) { return s.level >= level; });
+        for (auto from = runs.begin(); from != runs.end();) {
+            from = std::find_if(from, runs.end(), [&](const LevelRun &run) { return run.level >= level; });
             const auto end =
-                std::find_if(from, stretches.end(), [&](const Stretch &s) { return s.level < level; });
+                std::find_if(from, runs.end(), [&](const LevelRun &run) { return run.level < level; });
             std::reverse(from, end);
             from = end;
         }
-    return stretches;
+    return runs;
 }
 
 // How far each character of a text of one direction goes, with the forms that it has beside its neighbours.
@@ -158,21 +159,21 @@ bool IsIntricate(const QString &text) {
 
 std::vector<MetafileRun> MetafileText::Runs(const TextPiece &piece, double scale) {
     if (!IsIntricate(piece.text)) return {{0, false, piece.text, Advances(piece, scale)}};
-    const std::vector<Stretch> stretches = StretchesOf(piece.text, piece.rightToLeft);
+    const std::vector<LevelRun> levels = LevelRunsOf(piece.text, piece.rightToLeft);
     std::vector<std::vector<double>> widths;
     double natural = 0;
-    for (const Stretch &stretch : stretches) {
-        widths.push_back(ShapedWidths(piece.text.mid(stretch.from, stretch.count), FontFor(piece.font),
-                                      stretch.level % 2 == 1));
+    for (const LevelRun &run : levels) {
+        widths.push_back(
+            ShapedWidths(piece.text.mid(run.from, run.count), FontFor(piece.font), run.level % 2 == 1));
         natural += SumOf(widths.back());
     }
     const double fit = natural > 0 && piece.width > 0 ? piece.width / natural : 1;
     std::vector<MetafileRun> runs;
     double left = 0;
-    for (std::size_t i = 0; i < stretches.size(); ++i) {
+    for (std::size_t i = 0; i < levels.size(); ++i) {
         for (double &width : widths[i]) width *= fit;
-        const QString text = piece.text.mid(stretches[i].from, stretches[i].count);
-        runs.push_back(RunOf(text, widths[i], stretches[i].level % 2 == 1, left, scale));
+        const QString text = piece.text.mid(levels[i].from, levels[i].count);
+        runs.push_back(RunOf(text, widths[i], levels[i].level % 2 == 1, left, scale));
         left += SumOf(widths[i]);
     }
     std::erase_if(runs, [](const MetafileRun &run) { return run.text.isEmpty(); });

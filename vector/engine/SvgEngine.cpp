@@ -143,7 +143,7 @@ void SvgEngine::DrawPicture(const QRectF &place, const PictureSource &picture) {
         DrawImageFile(place, picture.Identity(), support::kPng.mimeType, support::PngOf(image));
 }
 
-// The font that was asked for, the one found for it here, and any without serifs.
+// The families are the one asked for, the one found for it here, and any without serifs.
 const QByteArray &SvgEngine::FontAttributes(const TextFont &font, const QString &family) {
     QByteArray &known = fonts_[font];
     if (!known.isEmpty()) return known;
@@ -160,14 +160,15 @@ const QByteArray &SvgEngine::FontAttributes(const TextFont &font, const QString 
     return known = text.Bytes();
 }
 
-// Another machine may lack the font: the text is held at the side to which it is justified.
+// Another machine may lack the font: the text is held at the side to which it is justified. One from right to
+// left is held in its middle, which is the same whichever of its ends a viewer takes for the start.
 void SvgEngine::DrawLine(const TextPiece &piece) {
     CatchUp();
-    constexpr double kHeld[] = {0, 1, 0.5};
     constexpr const char *kAnchors[] = {"", " text-anchor=\"end\"", " text-anchor=\"middle\""};
-    const int side = piece.rightToLeft ? 2 : piece.side;
+    const int side = piece.rightToLeft ? kTextMiddle : piece.side;
     out_ << "<text";
-    out_.Attribute("x", piece.baseLine.x() + kHeld[side] * piece.width).Attribute("y", piece.baseLine.y());
+    out_.Attribute("x", piece.baseLine.x() + kTextHeldAt[side] * piece.width)
+        .Attribute("y", piece.baseLine.y());
     out_ << kAnchors[side] << (piece.rightToLeft ? " direction=\"rtl\"" : "")
          << FontAttributes(piece.font, piece.family);
     if (piece.colour.rgb() != qRgb(0, 0, 0)) (out_ << " fill=\"").Colour(piece.colour.rgb()) << "\"";

@@ -6,19 +6,6 @@
 
 namespace vector {
 
-// Grows by itself in place: a large block isn't copied.
-void SvgText::Grow(qsizetype size) {
-    constexpr qsizetype kLeast = 128;
-    bytes_.resize(std::max({kLeast, 2 * bytes_.size(), used_ + size}));
-    start_ = bytes_.data();
-}
-
-void SvgText::Finish() {
-    bytes_.truncate(used_);
-    bytes_.squeeze();
-    start_ = bytes_.data();
-}
-
 namespace {
 
 // The digits of a number that is not negative, from `at` on; gives the place behind them.
@@ -32,7 +19,26 @@ char *PutDigits(char *at, char *end, long long number) {
     return at;
 }
 
+// What XML 1.0 does not allow even when escaped; half a surrogate pair is one of these too.
+bool IsForbidden(char32_t code) {
+    return (code < 0x20 && code != '\t' && code != '\n' && code != '\r') ||
+           (code >= 0xD800 && code <= 0xDFFF) || code == 0xFFFE || code == 0xFFFF;
+}
+
 } // namespace
+
+// By resizing, which extends a large block in place where it can, rather than copy it.
+void SvgText::Grow(qsizetype size) {
+    constexpr qsizetype kLeast = 128;
+    bytes_.resize(std::max({kLeast, 2 * bytes_.size(), used_ + size}));
+    start_ = bytes_.data();
+}
+
+void SvgText::Finish() {
+    bytes_.truncate(used_);
+    bytes_.squeeze();
+    start_ = bytes_.data();
+}
 
 SvgText &SvgText::Number(double value) {
     constexpr double kMost = 1e12;
@@ -55,17 +61,6 @@ SvgText &SvgText::Number(double value) {
 SvgText &SvgText::Attribute(std::string_view name, double value) {
     return (*this << " " << name << "=\"").Number(value) << "\"";
 }
-
-namespace {
-
-// What XML 1.0 does not allow even when escaped.
-bool IsForbidden(char32_t code) {
-    // Half a surrogate pair is one of these too.
-    return (code < 0x20 && code != '\t' && code != '\n' && code != '\r') ||
-           (code >= 0xD800 && code <= 0xDFFF) || code == 0xFFFE || code == 0xFFFF;
-}
-
-} // namespace
 
 SvgText &SvgText::Escaped(const QString &text) {
     for (qsizetype i = 0; i < text.size(); ++i) {

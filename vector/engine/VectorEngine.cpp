@@ -45,8 +45,7 @@ void VectorEngine::CatchUp() {
 }
 
 QSizeF VectorEngine::PixelsFor(const QRectF &place) const {
-    constexpr double kFiner = 3; // than the screen
-    return transform_.mapRect(place).size() * (kFiner / (kUnitsPerPixel * scale_));
+    return transform_.mapRect(place).size() * (kFinerThanScreen / (kUnitsPerPixel * scale_));
 }
 
 void VectorEngine::drawLines(const QLineF *lines, int count) {
@@ -69,7 +68,7 @@ void VectorEngine::drawTextItem(const QPointF &at, const QTextItem &text) {
     const QFont font = text.font();
     const double points = font.pixelSize() > 0 ? font.pixelSize() / kUnitsPerPoint : font.pointSizeF();
     const TextFont plain{font.family(), points, font.bold(), font.italic()};
-    DrawLine({at, text.width(), 0, false, text.text(), plain, QString(), state->pen().color()});
+    DrawLine({at, text.width(), kTextLeft, false, text.text(), plain, QString(), state->pen().color()});
 }
 
 int VectorDevice::metric(PaintDeviceMetric metric) const {

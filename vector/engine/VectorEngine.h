@@ -42,9 +42,10 @@ protected:
 
     void EndClips();
     int Clips() const { return clips_; }
-    // What the painter would have told before it draws something itself; pens and brushes don't matter.
+    // Takes over the transform and the clip of the painter, as it does itself before it draws. To be called
+    // before anything is drawn without it; pens and brushes aren't taken over.
     void CatchUp();
-    // As fine as anyone looks at a picture in such a place.
+    // How many pixels a picture in such a place can use: kFinerThanScreen for each of the screen.
     QSizeF PixelsFor(const QRectF &place) const;
 
 private:

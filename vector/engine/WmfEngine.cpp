@@ -116,15 +116,15 @@ void WmfEngine::Restore() {
     clips_.pop_back();
 }
 
-// Of clips that aren't boxes few readers know anything: what is drawn is cut to the form as far as it is
-// outlines, and boxes around the form are cut out for the rest.
+// Few readers know clips other than boxes. So outlines are cut to the form when they are drawn, and for texts
+// and pictures boxes around the form are taken out of the clip (CutForm).
 void WmfEngine::Clip(const QPainterPath &path) {
     const std::optional<QRectF> box = PlainBox(path);
     PutBox(kIntersectClipRect, box ? *box : path.boundingRect());
     if (!box) clips_.back() = {InForm() ? clips_.back().form.intersected(path) : path, false};
 }
 
-// Regions don't follow the scale at which the file is shown.
+// By boxes, as regions don't follow the scale at which the file is shown.
 void WmfEngine::CutForm() {
     if (!InForm() || std::exchange(clips_.back().cut, true)) return;
     for (const QRectF &outside : Outside(clips_.back().form, kUnitsPerPixel * Scale()))
@@ -228,14 +228,14 @@ void WmfEngine::Image(const QRectF &place, const MetafileDib &dib) {
 
 void WmfEngine::Text(const TextRun &run) {
     CutForm();
-    QByteArray bytes = ToWindows1252(run.text);
+    const QByteArray bytes = ToWindows1252(run.text);
     std::vector<int> advances;
     QByteArray written;
     for (qsizetype i = 0; i < bytes.size(); ++i) {
         if (bytes[i] != '\0') {
             written.append(bytes[i]);
             advances.push_back(run.advances[std::size_t(i)]);
-        } else if (!advances.empty()) {
+        } else if (!advances.empty()) { // the second half of a pair
             advances.back() += run.advances[std::size_t(i)];
         }
     }
@@ -246,7 +246,7 @@ void WmfEngine::Text(const TextRun &run) {
     Put(Sealed(record));
 }
 
-bool WmfEngine::Tells(const QString &text) const { return IsInWindows1252(text); }
+bool WmfEngine::CanEncode(const QString &text) const { return IsInWindows1252(text); }
 
 void WmfEngine::TextColour(QRgb colour) {
     MetafileBytes record = Record(kSetTextColour);

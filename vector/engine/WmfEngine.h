@@ -31,7 +31,7 @@ protected:
     void Path(const QPainterPath &path) override;
     void Image(const QRectF &place, const MetafileDib &dib) override;
     void Text(const TextRun &run) override;
-    bool Tells(const QString &text) const override;
+    bool CanEncode(const QString &text) const override;
     void TextColour(QRgb colour) override;
     void TextAlign(int align) override;
     void FillMode(bool winding) override;

@@ -15,6 +15,7 @@ namespace {
 constexpr double kWorkOfALetter = 20000;
 constexpr double kHighest = 2000; // pixels of letters; larger ones are left out
 constexpr double kLowest = 0.5;
+constexpr double kMostStretch = 5; // of letters to the width that the writer measured, and of squeezing them
 
 // A font of whole pixels, and by how much it has to be enlarged.
 struct Sized {
@@ -48,7 +49,14 @@ double BaseLineOf(std::uint32_t align, const QFontMetricsF &metrics) {
     return align & metafile::kAlignBottom ? -metrics.descent() : metrics.ascent();
 }
 
-double Length(double x, double y) { return std::hypot(x, y); }
+bool IsShown(const TextRecord &text, double pixels) {
+    return !text.text.isEmpty() && !(text.options & metafile::kGlyphNumbers) && pixels >= kLowest &&
+           pixels <= kHighest && qGuiApp;
+}
+
+double WorkOfText(const TextRecord &text, double pixels) {
+    return kWorkOfALetter + double(text.text.size()) * (kWorkOfALetter / 20 + pixels * pixels);
+}
 
 } // namespace
 
@@ -59,18 +67,15 @@ void MetafileCanvas::Text(const TextRecord &text) {
         FillWith(box, state_.backColour);
     }
     const QTransform t = ToPixels();
-    const double xScale = Length(t.m11(), t.m12()), yScale = Length(t.m21(), t.m22());
+    const double xScale = std::hypot(t.m11(), t.m12()), yScale = std::hypot(t.m21(), t.m22());
     const double pixels = std::abs(state_.font.height) * yScale;
-    if (text.text.isEmpty() || (text.options & metafile::kGlyphNumbers) || !(pixels <= kHighest) ||
-        pixels < kLowest || !qGuiApp || !Paints() ||
-        !Spend(kWorkOfALetter + double(text.text.size()) * (kWorkOfALetter / 20 + pixels * pixels)))
-        return;
+    if (!IsShown(text, pixels) || !Paints() || !Spend(WorkOfText(text, pixels))) return;
     const Sized sized = FontFor(state_.font, pixels);
     const QFontMetricsF metrics(sized.font);
     const double natural = std::max(metrics.horizontalAdvance(text.text), 0.01);
-    const double stretch = text.width > 0
-                               ? std::clamp(text.width * xScale / natural, sized.scale / 5, sized.scale * 5)
-                               : sized.scale;
+    const double stretch = text.width > 0 ? std::clamp(text.width * xScale / natural,
+                                                       sized.scale / kMostStretch, sized.scale * kMostStretch)
+                                          : sized.scale;
     const bool fromPosition = state_.align & metafile::kFromPosition;
     const QPointF at = t.map(fromPosition ? state_.position : text.at);
     const QTransform &world = state_.mapping.world;

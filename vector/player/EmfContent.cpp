@@ -86,7 +86,8 @@ void BitBlt(Canvas &canvas, Fields &fields, Type type) {
     blit.target = PlaceAndSize(fields.Skip(16));
     blit.operation = fields.U32();
     const QPointF from = fields.Point();
-    const DibParts dib = ReadParts(fields.Skip(24 + 4 + 4));
+    constexpr qsizetype kTransform = 24, kBackColour = 4, kUsage = 4; // of the bitmap; nobody needs them
+    const DibParts dib = ReadParts(fields.Skip(kTransform + kBackColour + kUsage));
     const bool stretched =
         type == emf::kStretchBlt || type == emf::kAlphaBlend || type == emf::kTransparentBlt;
     const QPointF size = stretched ? fields.Point() : QPointF(blit.target.width(), blit.target.height());

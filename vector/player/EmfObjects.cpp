@@ -107,7 +107,7 @@ QRegion RegionOf(Canvas &canvas, Fields &fields) {
     fields.Skip(qsizetype(header) - 12);
     QRegion region;
     if (!fields.Good() || count > std::uint32_t(fields.Left() / 16)) return region;
-    for (std::uint32_t i = 0; i < count && canvas.Spend(30.0 * region.rectCount() + 300); ++i) {
+    for (std::uint32_t i = 0; i < count && canvas.SpendOnBoxOf(region); ++i) {
         const QRectF box = fields.Box().normalized() & QRectF(-1e6, -1e6, 2e6, 2e6);
         region += box.toRect();
     }

@@ -14,6 +14,7 @@ namespace vector {
 namespace {
 
 constexpr double kMillimetresPerInch = 25.4, kUnitsPerMillimetre = kUnitsPerInch / kMillimetresPerInch;
+constexpr double kDotsPerMillimetre = 3.78; // of a screen with 96 an inch, where the file tells nothing
 
 bool HasSize(const QSizeF &size) {
     return std::isfinite(size.width()) && std::isfinite(size.height()) && size.width() > 0 &&
@@ -31,8 +32,8 @@ std::optional<MetafileHead> ReadEmfHead(const QByteArray &bytes) {
     if (!fields.Good() || type != emf::kHeader || size < kLeastHeader || signature != emf::kSignature)
         return {};
     const bool told = dots.x() > 0 && dots.y() > 0 && millimetres.x() > 0 && millimetres.y() > 0;
-    const QSizeF millimetre =
-        told ? QSizeF(dots.x() / millimetres.x(), dots.y() / millimetres.y()) : QSizeF(3.78, 3.78);
+    const QSizeF millimetre = told ? QSizeF(dots.x() / millimetres.x(), dots.y() / millimetres.y())
+                                   : QSizeF(kDotsPerMillimetre, kDotsPerMillimetre);
     QRectF page(frame.left() / 100 * millimetre.width(), frame.top() / 100 * millimetre.height(),
                 frame.width() / 100 * millimetre.width(), frame.height() / 100 * millimetre.height());
     if (!HasSize(page.size())) page = bounds;
@@ -51,7 +52,7 @@ bool IsWmfHeader(RecordFields fields) {
 std::optional<MetafileHead> ReadPlaceableHead(const QByteArray &bytes) {
     RecordFields fields(bytes);
     if (fields.U32() != wmf::kPlaceableKey) return {};
-    const QPointF corner = fields.Skip(2).Point(true), far = fields.Point(true);
+    const QPointF corner = fields.Skip(2).ShortPoint(), far = fields.ShortPoint();
     const int unitsPerInch = fields.U16();
     const QRectF page = QRectF(corner, far).normalized();
     if (!IsWmfHeader(fields.Skip(6)) || !HasSize(page.size()) || unitsPerInch == 0) return {};
@@ -76,8 +77,8 @@ std::optional<MetafileHead> ReadPlainHead(const QByteArray &bytes) {
         if (function != wmf::kSetWindowExt) continue;
         const QRectF page = QRectF(origin, QSizeF(value.x(), value.y())).normalized();
         if (!HasSize(page.size())) return {};
-        return MetafileHead{MetafileKind::Wmf, page.size() * kUnitsPerPixel, page, QSizeF(3.78, 3.78),
-                            wmf::kHeaderBytes};
+        return MetafileHead{MetafileKind::Wmf, page.size() * kUnitsPerPixel, page,
+                            QSizeF(kDotsPerMillimetre, kDotsPerMillimetre), wmf::kHeaderBytes};
     }
     return {};
 }
@@ -102,7 +103,7 @@ QImage PlayMetafile(const QByteArray &bytes, const MetafileHead &head, const QSi
     mapping.unitsPerMillimetre = head.millimetre;
     if (head.kind == MetafileKind::Wmf) {
         // The window of such a file is stretched over its page, whatever the mode.
-        mapping.mode = 8;
+        mapping.mode = metafile::kAnisotropic;
         mapping.windowOrigin = mapping.viewportOrigin = head.page.topLeft();
         mapping.window = mapping.viewport = head.page.size();
     }

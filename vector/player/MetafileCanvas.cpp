@@ -30,7 +30,7 @@ double LengthOf(const QPainterPath &path) {
     return length;
 }
 
-// Up and down added.
+// How far the path goes up and down, added up: about how many rows of pixels it crosses.
 double HeightOf(const QPainterPath &path) {
     double height = 0;
     for (int i = 1; i < path.elementCount(); ++i)
@@ -78,7 +78,7 @@ void MetafileCanvas::Select(const MetafileObject &object) {
     if (const auto *pen = std::get_if<QPen>(&object)) state_.pen = *pen;
     if (const auto *brush = std::get_if<QBrush>(&object)) state_.brush = *brush;
     if (const auto *font = std::get_if<MetafileFont>(&object)) state_.font = *font;
-    if (const auto *region = std::get_if<QRegion>(&object)) ClipToRegion(*region, 5);
+    if (const auto *region = std::get_if<QRegion>(&object)) ClipToRegion(*region, metafile::kClipCopy);
 }
 
 QPainterPath MetafileCanvas::Mapped(const QPainterPath &path) const {
@@ -234,19 +234,20 @@ void MetafileCanvas::DrawRecorded(bool filled, bool lined) {
 bool MetafileCanvas::SpendOnClip() { return Spend(20.0 * ++clips_ + kWorkOfAnElement); }
 
 void MetafileCanvas::ClipToRecorded(int mode) {
-    constexpr int kAnd = 1, kWithout = 4, kCopy = 5;
+    using metafile::kClipAnd, metafile::kClipCopy, metafile::kClipWithout;
     recording_ = false;
     QPainterPath pixels = std::exchange(path_, QPainterPath());
     if (!SpendOnClip() || !SpendOnCutting(pixels, Near(0))) return;
     pixels = AreaNear(pixels, Near(0));
     pixels.setFillRule(state_.fillRule);
     if (!Spend(WorkOf(pixels, true, 0))) return;
-    if (mode == kWithout) {
+    if (mode == kClipWithout) {
         pixels.setFillRule(Qt::OddEvenFill);
         pixels.addRect(QRectF(image_.rect()));
     }
-    if (mode == kCopy) painter_.setClipRect(image_.rect());
-    if (mode == kAnd || mode == kWithout || mode == kCopy) painter_.setClipPath(pixels, Qt::IntersectClip);
+    if (mode == kClipCopy) painter_.setClipRect(image_.rect());
+    if (mode == kClipAnd || mode == kClipWithout || mode == kClipCopy)
+        painter_.setClipPath(pixels, Qt::IntersectClip);
 }
 
 void MetafileCanvas::ClipTo(const QRectF &box) {
@@ -264,10 +265,10 @@ void MetafileCanvas::ClipOut(const QRectF &box) {
 }
 
 void MetafileCanvas::ClipToRegion(const QRegion &deviceUnits, int mode) {
-    constexpr int kAnd = 1, kCopy = 5;
-    if (mode != kAnd && mode != kCopy) return;
+    using metafile::kClipAnd, metafile::kClipCopy;
+    if (mode != kClipAnd && mode != kClipCopy) return;
     if (!SpendOnClip() || !Spend(kWorkOfAnElement * deviceUnits.rectCount())) return;
-    if (mode == kCopy) clips_ = 0, painter_.setClipRect(image_.rect());
+    if (mode == kClipCopy) clips_ = 0, painter_.setClipRect(image_.rect());
     if (!deviceUnits.isNull()) painter_.setClipRegion(Mapped(deviceUnits), Qt::IntersectClip);
 }
 

@@ -46,6 +46,8 @@ public:
     bool IsSpent() const { return budget_ <= 0; }
     // Takes work, about a pixel or a nanosecond each, from the budget; false once it is spent.
     bool Spend(double work) { return (budget_ -= work) > 0; }
+    // The work of adding one more box to a region.
+    bool SpendOnBoxOf(const QRegion &region) { return Spend(30.0 * region.rectCount() + 300); }
 
     void Save();
     // Above 0 the level counted from the first, below 0 so many steps back.
@@ -73,10 +75,11 @@ public:
     void AbortPath();
     void DrawRecorded(bool filled, bool lined);
 
+    // `mode` is one of kClip... (MetafileValues.h); any other leaves the clip as it is.
     void ClipToRecorded(int mode);
     void ClipTo(const QRectF &box);
     void ClipOut(const QRectF &box);
-    // Mode 5 replaces the clip, a null region then takes it away.
+    // With kClipCopy the region replaces the clip, and a null one takes it away.
     void ClipToRegion(const QRegion &deviceUnits, int mode);
 
     void Text(const TextRecord &text);
@@ -91,7 +94,7 @@ private:
         int clips;
     };
 
-    bool Paints() const { return state_.rop2 != 11 && !IsSpent(); }
+    bool Paints() const { return state_.rop2 != metafile::kLeaveAlone && !IsSpent(); }
     QTransform ToPixels() const { return toPixels_; }
     QPainterPath Mapped(const QPainterPath &path) const;
     QRegion Mapped(const QRegion &deviceUnits) const;

@@ -1,6 +1,8 @@
 // What a player of metafiles keeps, saves and restores: mapping, chosen objects, modes.
 #pragma once
 
+#include "vector/player/MetafileValues.h"
+
 #include <QBrush>
 #include <QPen>
 #include <QRegion>
@@ -22,7 +24,7 @@ using MetafileObject = std::variant<std::monostate, QPen, QBrush, MetafileFont, 
 
 // From logical units over those of the page to those of the device.
 struct MetafileMapping {
-    int mode = 1;
+    int mode = metafile::kTextMode;
     QPointF windowOrigin, viewportOrigin;
     QSizeF window{1, 1}, viewport{1, 1};
     QTransform world;
@@ -37,11 +39,11 @@ struct MetafileState {
     QBrush brush{Qt::white};
     MetafileFont font;
     QColor textColour = Qt::black, backColour = Qt::white;
-    bool opaque = true; // behind texts
-    std::uint32_t align = 0;
+    bool opaque = true;      // behind texts
+    std::uint32_t align = 0; // of texts: kAlign... added up
     Qt::FillRule fillRule = Qt::OddEvenFill;
-    int rop2 = 13;          // how shapes join what is there; 11 leaves it alone
-    bool clockwise = false; // arcs
+    int rop2 = metafile::kCopyPen; // how shapes join what is there
+    bool clockwise = false;        // arcs
     QPointF position;
 };
 

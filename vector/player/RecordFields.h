@@ -43,11 +43,15 @@ public:
     }
 
     // x before y, of 32 or 16 bits.
-    QPointF Point(bool isShort = false) {
-        const int x = isShort ? I16() : I32();
-        return QPointF(x, isShort ? I16() : I32());
+    QPointF Point() {
+        const int x = I32();
+        return QPointF(x, I32());
     }
-    // The other order, of 16 bits.
+    QPointF ShortPoint() {
+        const int x = I16();
+        return QPointF(x, I16());
+    }
+    // y before x, of 16 bits.
     QPointF PointYX() {
         const int y = I16();
         return QPointF(I16(), y);
@@ -62,12 +66,12 @@ public:
         const QPointF far = PointYX();
         return {PointYX(), far};
     }
-    // A record that announces more points than it holds is bad and gives none.
+    // Points of 16 or 32 bits. A record that announces more points than it holds is bad and gives none.
     QPolygonF Points(std::uint32_t count, bool isShort) {
         QPolygonF points;
         if (count > std::uint32_t(Left() / (isShort ? 4 : 8))) return good_ = false, points;
         points.reserve(qsizetype(count));
-        for (; count > 0; --count) points.append(Point(isShort));
+        for (; count > 0; --count) points.append(isShort ? ShortPoint() : Point());
         return points;
     }
 

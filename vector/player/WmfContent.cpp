@@ -35,8 +35,8 @@ void ExtTextOut(Canvas &canvas, Fields &fields, Type) {
     const int count = fields.I16();
     text.options = std::uint32_t(fields.U16());
     if (text.options & (metafile::kOpaqueBox | metafile::kClippedToBox)) {
-        const QPointF corner = fields.Point(true);
-        text.box = QRectF(corner, fields.Point(true));
+        const QPointF corner = fields.ShortPoint();
+        text.box = QRectF(corner, fields.ShortPoint());
     }
     text.text = FromWindows1252(TakeText(fields, count));
     if (!fields.Good()) return;
@@ -58,7 +58,8 @@ void PatBlt(Canvas &canvas, Fields &fields, Type) {
     if (fields.Good()) canvas.Blit(blit, DibParts());
 }
 
-// A part of a bottom-up bitmap is rarely asked for: such parts count from above here, as their writers mean.
+// The part of the bitmap counts from its upper left corner, also where its lowest row comes first: the few
+// files that ask for a part mean it so.
 void DibBitBlt(Canvas &canvas, Fields &fields, Type type) {
     const bool stretched = type == wmf::kDibStretchBlt;
     const qsizetype fixed = stretched ? 20 : 16;

@@ -56,8 +56,7 @@ void CreateRegion(Canvas &canvas, Fields &fields, Type) {
     QRegion region;
     for (int i = 0; i < rows && fields.Good(); ++i) {
         const int ends = fields.U16(), top = fields.U16(), bottom = fields.U16();
-        for (int k = 0; k + 1 < ends && fields.Good() && canvas.Spend(30.0 * region.rectCount() + 300);
-             k += 2) {
+        for (int k = 0; k + 1 < ends && fields.Good() && canvas.SpendOnBoxOf(region); k += 2) {
             const int left = fields.U16();
             region += QRect(QPoint(left, top), QPoint(fields.U16() - 1, bottom - 1));
         }
@@ -77,7 +76,7 @@ void Delete(Canvas &canvas, Fields &fields, Type) { canvas.Delete(Type(fields.U1
 void ClipToRegion(Canvas &canvas, Fields &fields, Type) {
     const MetafileObject *object = canvas.Object(Type(fields.U16()));
     const QRegion *region = object ? std::get_if<QRegion>(object) : nullptr;
-    canvas.ClipToRegion(region ? *region : QRegion(), 5);
+    canvas.ClipToRegion(region ? *region : QRegion(), metafile::kClipCopy);
 }
 
 void FillRegion(Canvas &canvas, Fields &fields, Type type) {

@@ -69,7 +69,7 @@ void frmPowerPoint::BuildControls() {
 void frmPowerPoint::ShowChoice(const FormChoice &choice) {
     chkAll_->setChecked(choice.all);
     chkTitle_->setChecked(choice.title);
-    chkShapes_->setEnabled(TakesShapes(argument_.Filename));
+    chkShapes_->setEnabled(!IsBinary(argument_.Filename));
     chkShapes_->setChecked(choice.shapes && chkShapes_->isEnabled());
 }
 
@@ -83,7 +83,7 @@ void frmPowerPoint::ShowWork(bool working) {
     working_ = working;
     for (QWidget *choice : {static_cast<QWidget *>(chkAll_), static_cast<QWidget *>(chkTitle_)})
         choice->setEnabled(!working);
-    chkShapes_->setEnabled(!working && TakesShapes(argument_.Filename));
+    chkShapes_->setEnabled(!working && !IsBinary(argument_.Filename));
     buttons_->button(QDialogButtonBox::Ok)->setEnabled(!working);
     lblDoing_->setVisible(working);
     prg1_->setVisible(working);

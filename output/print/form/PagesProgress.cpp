@@ -9,7 +9,7 @@ namespace {
 constexpr qint64 kPatience = 500; // milliseconds
 }
 
-// The dialog's own patience looks at its values, and these begin before the printer is chosen.
+// The dialog's own delay is off: its clock would run while the user still chooses a printer.
 PagesProgress::PagesProgress(QWidget *owner)
     : dialog_(QCoreApplication::translate("frmPrint", "Printing..."),
               QCoreApplication::translate("frmPrint", "&Cancel"), 0, 1, owner) {

@@ -15,12 +15,11 @@ namespace {
 
 constexpr int kGap = 20;             // pixels around sheets
 constexpr int kShadow = 4;           // pixels
-constexpr int kPaintingTime = 60;    // milliseconds for pictures within one paint event
+constexpr int kPaintingTime = 60;    // milliseconds for pictures in one paint event; the rest comes later
 constexpr double kMostPixels = 24e6; // of sheets that are kept though unseen
 constexpr double kLargeSheet = 16e6; // pixels beyond which a sheet is painted as far as it is seen
-constexpr double kMillimetresOfInch = 25.4;
 constexpr double kPerCent = 0.01;
-constexpr int kWheelStep = 120;
+constexpr int kWheelStep = 120; // what one notch of a wheel reports
 
 } // namespace
 
@@ -63,7 +62,7 @@ void PreviewSheets::SetZoom(int percent) {
 }
 
 double PreviewSheets::PixelsOfMillimetre() const {
-    return logicalDpiX() / kMillimetresOfInch * zoom_ * kPerCent;
+    return logicalDpiX() / kMillimetresPerInch * zoom_ * kPerCent;
 }
 
 // All sheets are of one paper.
@@ -102,7 +101,8 @@ QRectF PreviewSheets::SheetRect(int sheet) const {
     return ContentRect(sheet).translated(-horizontalScrollBar()->value(), -verticalScrollBar()->value());
 }
 
-// As much of it as has room; its top where it has none.
+// Scrolls as little as brings the whole sheet into sight; to its start, where it has no room or stands
+// before.
 void PreviewSheets::ShowPage() {
     if (!flow_ || flow_->Page() == 0) return;
     showing_ = true;
@@ -283,14 +283,14 @@ void PreviewSheets::keyPressEvent(QKeyEvent *event) {
 void PreviewSheets::mousePressEvent(QMouseEvent *event) {
     if (event->button() != Qt::LeftButton) return;
     holding_ = true, dragged_ = false;
-    held_ = event->position();
+    heldAt_ = event->position();
     heldScroll_ = {horizontalScrollBar()->value(), verticalScrollBar()->value()};
     viewport()->setCursor(Qt::ClosedHandCursor);
 }
 
 void PreviewSheets::mouseMoveEvent(QMouseEvent *event) {
     if (!holding_) return;
-    const QPoint moved = (event->position() - held_).toPoint();
+    const QPoint moved = (event->position() - heldAt_).toPoint();
     dragged_ = dragged_ || moved.manhattanLength() >= QApplication::startDragDistance();
     if (!dragged_) return;
     horizontalScrollBar()->setValue(heldScroll_.x() - moved.x());

@@ -14,7 +14,7 @@ class PrnFlow;
 class PreviewSheets : public QAbstractScrollArea {
     Q_OBJECT
 public:
-    // The control must live longer, or be taken away by Forget.
+    // The control must live longer, or until Forget.
     PreviewSheets(PrnFlow &flow, QWidget *parent);
     ~PreviewSheets() override;
 
@@ -70,9 +70,11 @@ private:
     QHash<int, QPixmap> painted_;
     int zoom_ = 100;
     int columns_ = 1;
-    QPointF held_; // where the hand took hold
+    // The hand that drags the sheets.
+    bool holding_ = false, dragged_ = false;
+    QPointF heldAt_; // of the viewport
     QPoint heldScroll_;
-    bool holding_ = false, dragged_ = false, showing_ = false;
+    bool showing_ = false; // a page is being brought into sight: the scrolling chooses no other
 };
 
 } // namespace print

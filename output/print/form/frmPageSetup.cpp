@@ -15,7 +15,7 @@
 
 namespace print {
 
-// The dialog says what the program's printer is turned to, and the control the rest.
+// How the paper is turned comes from the program's printer, the rest from the control.
 void frmPageSetup::Form_Load() {
     const PrnFlow &flow = argument_.print.PrnFlow1;
     txtHeader_->setText(flow.Header);
@@ -37,7 +37,7 @@ void frmPageSetup::Form_Load() {
     UpdateTooNear();
 }
 
-// What has no effect on one page can't be chosen for it.
+// What has no effect on a single page can't be chosen for it.
 void frmPageSetup::UpdateControls() {
     const bool several = !chkFit_->isChecked();
     chkMarks_->setEnabled(several);
@@ -45,7 +45,7 @@ void frmPageSetup::UpdateControls() {
     lstSlices_->setEnabled(optSlices_[std::size_t(Slices::Chosen)]->isChecked());
 }
 
-// Room for it is there from the start: nothing moves while the user types.
+// Its label keeps its room while it is empty: nothing moves as the user types.
 void frmPageSetup::UpdateTooNear() { lblTooNear_->setText(argument_.print.TooNearTheEdge(Shown())); }
 
 PageSetup frmPageSetup::Shown() const {
@@ -70,7 +70,7 @@ PageSetup frmPageSetup::Shown() const {
 }
 
 // Says what is missing, and leads there.
-bool frmPageSetup::HasSense(const PageSetup &setup) {
+bool frmPageSetup::IsComplete(const PageSetup &setup) {
     const auto complain = [this](const QString &text, QWidget *control) {
         argument_.desktop.messageBoxes.Show(settings::ReplaceTerms(text), support::Buttons::Ok,
                                             support::Icon::Exclamation, settings::Terms().TITLE);
@@ -89,7 +89,7 @@ bool frmPageSetup::HasSense(const PageSetup &setup) {
 void frmPageSetup::cmdOK_Click() {
     support::Report("frmPageSetup", "cmdOK_Click", [this] {
         const PageSetup setup = Shown();
-        if (!HasSense(setup)) return;
+        if (!IsComplete(setup)) return;
         StorePageSetup(setup, argument_.print);
         accept();
     });

@@ -50,13 +50,13 @@ private:
     QWidget *BuildPage();
     QWidget *BuildMargins();
     QWidget *BuildSlices();
-    QWidget *BuildLargeOnes();
+    QWidget *BuildWhatIsPrinted();
     void BuildClosing(QVBoxLayout &whole);
     void Form_Load();
     void UpdateControls();
     void UpdateTooNear();
     PageSetup Shown() const;
-    bool HasSense(const PageSetup &setup);
+    bool IsComplete(const PageSetup &setup);
 
     PageSetupArgument &argument_;
     QLineEdit *txtHeader_ = nullptr, *txtFooter_ = nullptr, *txtPages_ = nullptr;

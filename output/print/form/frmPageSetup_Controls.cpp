@@ -44,7 +44,7 @@ frmPageSetup::frmPageSetup(PageSetupArgument &argument, QWidget *parent)
     columns->addWidget(BuildPage(), 0, 0);
     columns->addWidget(BuildSlices(), 0, 1);
     columns->addWidget(BuildMargins(), 1, 0);
-    columns->addWidget(BuildLargeOnes(), 1, 1);
+    columns->addWidget(BuildWhatIsPrinted(), 1, 1);
     columns->setColumnStretch(0, 1);
     columns->setColumnStretch(1, 1);
     whole->addLayout(columns, 1);
@@ -161,7 +161,7 @@ QWidget *frmPageSetup::BuildSlices() {
     return frame;
 }
 
-QWidget *frmPageSetup::BuildLargeOnes() {
+QWidget *frmPageSetup::BuildWhatIsPrinted() {
     auto *frame = new QGroupBox(tr("What is printed"), this);
     auto *lines = new QVBoxLayout(frame);
     auto *pages = new QHBoxLayout;

@@ -55,7 +55,7 @@ frmPrint::frmPrint(PrintPreviewArgument argument) : argument_(std::move(argument
 
 frmPrint::~frmPrint() { LetGo(); }
 
-// What it shows may live on, and must not reach for it.
+// The control may outlive the window, and must not reach for it.
 void frmPrint::LetGo() {
     PrnFlow1().OnShown({});
     print_->close = {};
@@ -73,7 +73,7 @@ bool frmPrint::event(QEvent *event) {
     return QMainWindow::event(event);
 }
 
-// What has changed in the window meanwhile is shown from now on.
+// When the user comes back, what has changed in the map meanwhile is shown.
 void frmPrint::Form_Activate() {
     if (!print_->IsLoaded() || !PrnFlow1().Preview) return; // it prints, or is being closed
     if (std::exchange(wasActive_, true)) {
@@ -176,7 +176,7 @@ void frmPrint::tlbPint_ButtonMenuClick(const QString &key, int number) {
     });
 }
 
-// Of the window in twips.
+// Their widths in the window, in twips.
 QSizeF frmPrint::ScrollBars() const {
     const double side =
         style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this) * diagram::kTwipsPerPixel;

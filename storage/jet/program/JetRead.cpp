@@ -44,9 +44,9 @@ int main(int count, char **arguments) {
     constexpr qint64 kMemory = qint64(1) << 30;
     constexpr int kSeconds = 30;
     const bool salvage = count > 1 && std::strcmp(arguments[1], "--salvage") == 0;
-    if (count != 3 + salvage) return Fail(1, "two paths are needed");
+    const int first = salvage ? 2 : 1; // of the two paths
+    if (count != first + 2) return Fail(kExitUsage, "two paths are needed");
     support::LimitProcess(kMemory, kSeconds);
     for (const char *name : {"MDBICONV", "MDBOPTS", "MDBPATH", "MDB_JET3_CHARSET"}) qunsetenv(name);
-    return Read(QFile::decodeName(arguments[1 + salvage]), QFile::decodeName(arguments[2 + salvage]),
-                salvage);
+    return Read(QFile::decodeName(arguments[first]), QFile::decodeName(arguments[first + 1]), salvage);
 }

@@ -106,7 +106,7 @@ TEST_F(LinkPreview, OfADraggedLink_LightsTheNodeAndWhereItWouldJoin) {
     EXPECT_TRUE(overlay.linkEnds[1].lit);
 }
 
-TEST_F(LinkPreview, OfAnEndThatIsMoved_IsTheWayThatTheLinkGets) {
+TEST_F(LinkPreview, OfAnEndThatIsMoved_IsTheRouteThatTheLinkGets) {
     AddNodes(7);
     for (const LinkStyleRow &row : LinkStyleTable()) {
         for (const LinkSide side : {LinkSide::Source, LinkSide::Destination}) {
@@ -125,7 +125,7 @@ TEST_F(LinkPreview, OfAnEndThatIsMoved_IsTheWayThatTheLinkGets) {
     }
 }
 
-TEST_F(LinkPreview, OfANewLink_IsTheWayThatItGets) {
+TEST_F(LinkPreview, OfANewLink_IsTheRouteThatItGets) {
     AddNodes(11);
     Nth(4).Links().Add(Nth(21));
     Nth(21).Links().Add(Nth(4));
@@ -140,7 +140,7 @@ TEST_F(LinkPreview, OfANewLink_IsTheWayThatItGets) {
     }
 }
 
-TEST_F(LinkPreview, OfANewLinkInTheBestStyle_IsTheWayThatItGets) {
+TEST_F(LinkPreview, OfANewLinkInTheBestStyle_IsTheRouteThatItGets) {
     AddNodes(11);
     scene.SetStyleToDraw(kAutomaticStyle);
     for (const int to : {21, 9, 16}) {
@@ -177,7 +177,7 @@ TEST_F(LinkPreview, GoesRoundWhatLiesInBetween) {
     const QPolygonF line = LineOf(gesture).toSubpathPolygons().value(0);
     ASSERT_EQ(line.size(), 4);
     for (int i = 1; i < line.size(); ++i) EXPECT_FALSE(Meets(between.Bounds(), line[i - 1], line[i])) << i;
-    EXPECT_GT(line[1].x(), between.Bounds().right()) << "the way in the middle is taken";
+    EXPECT_GT(line[1].x(), between.Bounds().right()) << "the route in the middle is blocked";
 }
 
 TEST_F(LinkPreview, OverEmptySurface_EndsAtThePointerInTheStyleOfTheLink) {

@@ -1,6 +1,7 @@
 #include "diagram/shapes/LabelPlace.h"
 
 #include "diagram/geometry/Crossing.h"
+#include "diagram/geometry/Polyline.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -51,7 +52,7 @@ struct Placed {
         box.moveCenter(Place().middle);
         return box;
     }
-    bool IsOnTheWay() const {
+    bool IsOnTheRoute() const {
         const QRectF box = Box().adjusted(-1, -1, 1, 1);
         for (std::size_t i = 1; i < route.size(); ++i)
             if (RunsThrough(box, route[i - 1], route[i])) return true;
@@ -83,14 +84,14 @@ TEST(LabelPlace, LeavesAHeadInTheMiddle) {
     placed.request.middleHead = 200;
     const QRectF box = placed.Box();
     EXPECT_TRUE(box.left() >= 3100 || box.right() <= 2900) << box.left();
-    EXPECT_TRUE(placed.IsOnTheWay());
+    EXPECT_TRUE(placed.IsOnTheRoute());
 }
 
 TEST(LabelPlace, LeavesTheHeadsOfAShortWayByStandingBesideIt) {
     Placed placed({{0, 0}, {0, 400}});
     placed.request.destinationHead = 200;
     const QRectF box = placed.Box();
-    EXPECT_FALSE(placed.IsOnTheWay());
+    EXPECT_FALSE(placed.IsOnTheRoute());
     EXPECT_EQ(box.center().y(), 200);
     EXPECT_NEAR(std::min(std::abs(box.left()), std::abs(box.right())), 87, 1); // past the head
 }
@@ -100,14 +101,14 @@ TEST(LabelPlace, LeavesANodeAndAnotherLabel) {
     placed.boxes = {{4000, -200, 800, 400}, {4900, -100, 600, 200}};
     const QRectF box = placed.Box();
     for (const QRectF &other : placed.boxes) EXPECT_FALSE(box.intersects(other));
-    EXPECT_TRUE(placed.IsOnTheWay());
+    EXPECT_TRUE(placed.IsOnTheRoute());
 }
 
 TEST(LabelPlace, LeavesALinkThatCrosses) {
     Placed placed({{0, 0}, {9000, 0}});
     placed.lines = {{4500, -3000, 4500, 3000}};
     EXPECT_FALSE(RunsThrough(placed.Box(), {4500, -3000}, {4500, 3000}));
-    EXPECT_TRUE(placed.IsOnTheWay());
+    EXPECT_TRUE(placed.IsOnTheRoute());
 }
 
 TEST(LabelPlace, StandsBesideOneOfTwoUprightLinksOnTheOuterSide) {
@@ -129,11 +130,11 @@ TEST(LabelPlace, ACurveHasNoBends) {
     Placed placed(route);
     placed.request.curved = true;
     placed.request.size = QSizeF(300, 200);
-    const QPointF middle = MiddleOfRoute(route);
+    const QPointF middle = PlaceOnRoute(route, RouteLength(route) / 2).point;
     EXPECT_EQ(placed.Box().center(), middle);
     placed.boxes = {QRectF(middle - QPointF(50, 50), QSizeF(100, 100))};
     EXPECT_FALSE(placed.Box().intersects(placed.boxes[0]));
-    EXPECT_TRUE(placed.IsOnTheWay());
+    EXPECT_TRUE(placed.IsOnTheRoute());
 }
 
 TEST(LabelPlace, AWayWithoutLengthHasAPlaceToo) {

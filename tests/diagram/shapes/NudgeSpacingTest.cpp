@@ -9,7 +9,7 @@ namespace {
 
 using Values = std::vector<double>;
 
-Values Space(std::vector<Place> places, std::vector<Distance> distances) {
+Values Space(std::vector<WishedPlace> places, std::vector<PlaceDistance> distances) {
     return SpaceOut(places, std::move(distances));
 }
 
@@ -60,12 +60,12 @@ TEST(NudgeSpacing, AnyPlacesKeepTheirLimits_AndTheirDistancesWhereThereIsRoom) {
     };
     for (int round = 0; round < 500; ++round) {
         const bool roomy = round % 2 == 0;
-        std::vector<Place> places;
+        std::vector<WishedPlace> places;
         for (int i = 0; i < 12; ++i) {
             const double low = roomy ? -5000 : real(-300, 300), high = roomy ? 5000 : low + real(0, 600);
             places.push_back({real(low, high), low, high});
         }
-        std::vector<Distance> distances;
+        std::vector<PlaceDistance> distances;
         for (std::size_t i = 0; i < places.size(); ++i)
             for (std::size_t j = i + 1; j < places.size(); ++j)
                 if (random() % 3 == 0) distances.push_back({i, j, 150});
@@ -75,6 +75,6 @@ TEST(NudgeSpacing, AnyPlacesKeepTheirLimits_AndTheirDistancesWhereThereIsRoom) {
             ASSERT_LE(at[i], places[i].high);
         }
         if (!roomy) continue;
-        for (const Distance &each : distances) ASSERT_GE(at[each.after] - at[each.before], 150 - 1e-6);
+        for (const PlaceDistance &each : distances) ASSERT_GE(at[each.after] - at[each.before], 150 - 1e-6);
     }
 }

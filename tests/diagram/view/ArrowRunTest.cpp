@@ -143,7 +143,7 @@ TEST_F(ArrowRun, ResizingInARow_IsAStepOfItsOwn) {
     EXPECT_EQ(a.Bounds(), start.translated(30, 0));
 }
 
-TEST_F(ArrowRun, OtherWaysThatAreUndone_AreNoPartOfIt) {
+TEST_F(ArrowRun, KeysThatWereUndone_AreNoPartOfIt) {
     Key(Qt::Key_Right);
     Key(Qt::Key_Right);
     surface.Undo();

@@ -33,7 +33,7 @@ TEST_F(BendByKeys, Arrow_MakesABendOfAFreeSegmentAndMovesItOn) {
     EXPECT_EQ(link.Route().size(), 2U);
 }
 
-TEST_F(BendByKeys, Tab_GoesAlongTheWayAndRoundAgain) {
+TEST_F(BendByKeys, Tab_GoesAlongTheRouteAndRoundAgain) {
     link.Points().Insert(1, {6000, 1500});
     Begin(); // middle of the list: the bend
     Key(Qt::Key_Tab);

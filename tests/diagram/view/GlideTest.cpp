@@ -13,7 +13,7 @@ namespace {
 using ::testing::Contains;
 using ::testing::ElementsAre;
 
-TEST(Glide, AWayIsJustTheOldAndTheNewOneAtItsEnds) {
+TEST(Glide, ARouteIsJustTheOldAndTheNewOneAtItsEnds) {
     const std::vector<Point> from{{0, 0}, {10, 0}, {10, 10}}, to{{100, 0}, {100, 20}, {110, 20}, {110, 90}};
     const auto start = Between(from, to, 0), end = Between(from, to, 1);
     ASSERT_EQ(start.size(), 5U);
@@ -25,12 +25,12 @@ TEST(Glide, AWayIsJustTheOldAndTheNewOneAtItsEnds) {
     for (const Point &bend : {to[1], to[2]}) EXPECT_THAT(end, Contains(bend));
 }
 
-TEST(Glide, WaysOfAsManyPointsGoPointByPoint) {
+TEST(Glide, RoutesOfAsManyPointsGoPointByPoint) {
     EXPECT_THAT(Between({{0, 0}, {10, 0}}, {{0, 20}, {30, 40}}, 0.5),
                 ElementsAre(Point{0, 10}, Point{20, 20}));
 }
 
-TEST(Glide, AWayWithoutLengthIsNoTrouble) {
+TEST(Glide, ARouteWithoutLengthIsNoTrouble) {
     const auto route = Between({{5, 5}, {5, 5}, {5, 5}}, {{0, 0}, {10, 0}}, 0.5);
     EXPECT_EQ(route.front(), (Point{2.5F, 2.5F}));
     EXPECT_EQ(route.back(), (Point{7.5F, 2.5F}));

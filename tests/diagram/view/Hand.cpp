@@ -1,5 +1,7 @@
 #include "tests/diagram/view/Hand.h"
 
+#include "diagram/hit/Grips.h"
+#include "diagram/interaction/Press.h"
 #include "diagram/view/SurfaceView.h"
 
 #include <QApplication>
@@ -84,6 +86,20 @@ void Hand::Type(const char *text) {
         QTest::keyClick(Listener(view_), *at);
         Settle();
     }
+}
+
+QPoint LinkStartOf(const SurfaceView &view, const Node &node, int side) {
+    const double handle = OptionsFor({{}, {}, QSizeF(1500, 1500) / view.ShownZoom(), {}}).handleSize;
+    return view.FromSurface(LinkStartPlaces(node.Bounds(), handle)[size_t(side)]).toPoint();
+}
+
+QPoint HandleOf(const SurfaceView &view, const Node &node, int handle) {
+    const QRectF box = node.Bounds();
+    const QPointF middle = box.center();
+    const QPointF places[] = {
+        box.topLeft(),     {middle.x(), box.top()},    box.topRight(),   {box.right(), middle.y()},
+        box.bottomRight(), {middle.x(), box.bottom()}, box.bottomLeft(), {box.left(), middle.y()}};
+    return view.FromSurface(places[handle]).toPoint();
 }
 
 } // namespace diagram::testing

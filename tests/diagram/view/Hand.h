@@ -5,8 +5,9 @@
 #include <Qt>
 
 namespace diagram {
+class Node;
 class SurfaceView;
-}
+} // namespace diagram
 
 namespace diagram::testing {
 
@@ -38,5 +39,9 @@ private:
     QPoint at_;
     Qt::MouseButtons held_;
 };
+
+// Where a hand grasps a node, pixels of the viewport.
+QPoint LinkStartOf(const SurfaceView &view, const Node &node, int side); // 0 above, clockwise
+QPoint HandleOf(const SurfaceView &view, const Node &node, int handle);  // 0 left top, clockwise
 
 } // namespace diagram::testing

@@ -16,9 +16,9 @@ namespace diagram::testing {
 
 namespace {
 
-struct Drag {
+struct DragCase {
     const char *name;
-    QPoint from, to; // from the places below
+    QPoint from, to; // pixels of the viewport
     Qt::KeyboardModifiers modifiers;
 };
 
@@ -47,7 +47,7 @@ protected:
         selectedBefore = surface.SelectedNodes();
     }
 
-    std::vector<testing::Drag> Drags() const {
+    std::vector<DragCase> Drags() const {
         return {{"draw", QPoint(500, 300), QPoint(640, 420), {}},
                 {"band", QPoint(30, 80), QPoint(170, 180), Qt::ShiftModifier},
                 {"move", Body(b), Body(b) + QPoint(60, 150), {}},
@@ -63,8 +63,8 @@ protected:
     }
 
     // Interrupts each kind of drag half way; afterwards everything is as before and the hand works on.
-    void ForEachDrag(const std::function<void(const testing::Drag &)> &interrupt) {
-        for (const testing::Drag &drag : Drags()) {
+    void ForEachDrag(const std::function<void(const DragCase &)> &interrupt) {
+        for (const DragCase &drag : Drags()) {
             SCOPED_TRACE(drag.name);
             DragAndHold(drag.from, drag.to, drag.modifiers);
             interrupt(drag);
@@ -131,7 +131,7 @@ TEST_F(Interruptions, OfAClickThatWouldPlaceAShape) {
 
 TEST_F(Interruptions, AStepThatADragMadeAndUndoTookBackIsNoDifference) {
     const QString tag = dated.Tag();
-    for (const testing::Drag &drag : Drags()) {
+    for (const DragCase &drag : Drags()) {
         SCOPED_TRACE(drag.name);
         DragAndHold(drag.from, drag.to, drag.modifiers);
         Release(drag.to, drag.modifiers);
@@ -160,11 +160,11 @@ TEST_F(Interruptions, APressWhoseReleaseIsLostIsForgottenByTheNextOne) {
 }
 
 TEST_F(Interruptions, Escape) {
-    ForEachDrag([this](const testing::Drag &) { Key(Qt::Key_Escape); });
+    ForEachDrag([this](const DragCase &) { Key(Qt::Key_Escape); });
 }
 
 TEST_F(Interruptions, LosingTheFocus) {
-    ForEachDrag([this](const testing::Drag &) {
+    ForEachDrag([this](const DragCase &) {
         view->clearFocus();
         view->setFocus();
     });
@@ -177,7 +177,7 @@ TEST_F(Interruptions, AnotherWindowIsActivated) {
     QApplication::setActiveWindow(view.get());
     view->setFocus();
     Settle();
-    ForEachDrag([&](const testing::Drag &) {
+    ForEachDrag([&](const DragCase &) {
         QApplication::setActiveWindow(&other);
         Settle();
         QApplication::setActiveWindow(view.get());
@@ -187,7 +187,7 @@ TEST_F(Interruptions, AnotherWindowIsActivated) {
 }
 
 TEST_F(Interruptions, ModalDialogOpens) {
-    ForEachDrag([this](const testing::Drag &) {
+    ForEachDrag([this](const DragCase &) {
         QDialog dialog(view.get());
         QTimer::singleShot(0, &dialog, &QDialog::accept);
         dialog.exec();
@@ -198,7 +198,7 @@ TEST_F(Interruptions, ModalDialogOpens) {
 }
 
 TEST_F(Interruptions, ViewIsHidden) {
-    ForEachDrag([this](const testing::Drag &) {
+    ForEachDrag([this](const DragCase &) {
         view->hide();
         Settle();
         view->show();
@@ -209,7 +209,7 @@ TEST_F(Interruptions, ViewIsHidden) {
 }
 
 TEST_F(Interruptions, ReleaseThatNeverComes) {
-    ForEachDrag([this](const testing::Drag &drag) {
+    ForEachDrag([this](const DragCase &drag) {
         QMouseEvent move(QEvent::MouseMove, drag.to, view->viewport()->mapToGlobal(drag.to), Qt::NoButton,
                          Qt::NoButton, Qt::NoModifier);
         QApplication::sendEvent(view->viewport(), &move);
@@ -218,7 +218,7 @@ TEST_F(Interruptions, ReleaseThatNeverComes) {
 }
 
 TEST_F(Interruptions, UndoAndRedo) {
-    ForEachDrag([this](const testing::Drag &) {
+    ForEachDrag([this](const DragCase &) {
         surface.Undo();
         surface.Redo();
         view->CancelGesture(); // a link that is drawn has written nothing that undo could meet

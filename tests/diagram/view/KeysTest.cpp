@@ -12,6 +12,12 @@ namespace diagram::testing {
 class Keys : public ViewTest {
 protected:
     Keys() : a(AddNode("a", 50, 50)), b(AddNode("b", 250, 60)), c(AddNode("c", 50, 250)) { Settle(); }
+    // The text of the tip when the pointer rests there.
+    QString TipAt(const QPoint &at) {
+        QHelpEvent help(QEvent::ToolTip, at, view->viewport()->mapToGlobal(at));
+        QApplication::sendEvent(view->viewport(), &help);
+        return QToolTip::text();
+    }
     Node &a, &b, &c;
 };
 
@@ -175,59 +181,44 @@ TEST_F(Keys, View_HasNameAndDescriptionForAssistants) {
 }
 
 TEST_F(Keys, ToolTip_ShowsATextThatIsCutOff) {
-    const auto ask = [&](const Node &node) {
-        QHelpEvent help(QEvent::ToolTip, Body(node), view->viewport()->mapToGlobal(Body(node)));
-        QApplication::sendEvent(view->viewport(), &help);
-        return QToolTip::text();
-    };
     a.SetText(QStringLiteral("short"));
     b.SetText(QStringLiteral("a long text ").repeated(40));
     Settle();
-    EXPECT_EQ(ask(a), QString());
-    EXPECT_TRUE(ask(b).contains(QStringLiteral("a long text a long")));
+    EXPECT_EQ(TipAt(Body(a)), QString());
+    EXPECT_TRUE(TipAt(Body(b)).contains(QStringLiteral("a long text a long")));
     QToolTip::hideText();
 }
 
 TEST_F(Keys, ToolTip_ShowsATextThatIsTooSmallToRead) {
-    const auto ask = [&](const QPoint &at) {
-        QHelpEvent help(QEvent::ToolTip, at, view->viewport()->mapToGlobal(at));
-        QApplication::sendEvent(view->viewport(), &help);
-        return QToolTip::text();
-    };
     a.SetText(QStringLiteral("of the node"));
     Link &link = AddLink(a, b);
     link.SetText(QStringLiteral("of the link"));
     Settle();
     const QPointF middle = (ToQPointF(link.Route()[0]) + ToQPointF(link.Route()[1])) / 2;
-    EXPECT_EQ(ask(At(middle)), QString());
-    EXPECT_EQ(ask(QPoint(700, 550)), QString());
+    EXPECT_EQ(TipAt(At(middle)), QString());
+    EXPECT_EQ(TipAt(QPoint(700, 550)), QString());
     view->ZoomAt(30, QPointF());
-    EXPECT_TRUE(ask(At(middle)).contains(QStringLiteral("of the link")));
-    EXPECT_TRUE(ask(Middle(a)).contains(QStringLiteral("of the node")));
+    EXPECT_TRUE(TipAt(At(middle)).contains(QStringLiteral("of the link")));
+    EXPECT_TRUE(TipAt(Middle(a)).contains(QStringLiteral("of the node")));
     a.SetText(QString(1000000, QLatin1Char('x')));
     Settle();
-    EXPECT_LT(ask(Middle(a)).size(), 5000) << "a tip that fills the screen";
+    EXPECT_LT(TipAt(Middle(a)).size(), 5000) << "a tip that fills the screen";
     QToolTip::hideText();
 }
 
 TEST_F(Keys, ToolTip_ShowsALabelThatTheWindowCutsOffAndNoneDuringADrag) {
-    const auto ask = [&](const QPoint &at) {
-        QHelpEvent help(QEvent::ToolTip, at, view->viewport()->mapToGlobal(at));
-        QApplication::sendEvent(view->viewport(), &help);
-        return QToolTip::text();
-    };
     Node &far = AddNode("far", 1500, 60);
     Link &link = AddLink(b, far);
     link.SetText(QStringLiteral("a label beyond the window's edge ").repeated(4).trimmed());
     a.SetText(QStringLiteral("a long text ").repeated(40));
     Settle();
     const QPoint onLink(At(ToQPointF(link.Route().front())) + QPoint(60, 0));
-    EXPECT_TRUE(ask(onLink).contains(QStringLiteral("beyond the window"))) << onLink.x();
-    EXPECT_FALSE(ask(Body(a)).isEmpty());
+    EXPECT_TRUE(TipAt(onLink).contains(QStringLiteral("beyond the window"))) << onLink.x();
+    EXPECT_FALSE(TipAt(Body(a)).isEmpty());
     QToolTip::hideText();
     ASSERT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
     DragAndHold(Body(b), Body(b) + QPoint(0, 200));
-    EXPECT_EQ(ask(Body(a)), QString());
+    EXPECT_EQ(TipAt(Body(a)), QString());
     Key(Qt::Key_Escape);
     Release(hand->At());
     QToolTip::hideText();

@@ -1,7 +1,5 @@
 #include "tests/diagram/view/ViewFixture.h"
 
-#include <QCoreApplication>
-#include <QMouseEvent>
 #include <QSignalSpy>
 
 namespace diagram::testing {
@@ -186,10 +184,7 @@ TEST_F(Linking, Bend_IsMovedAndTakenAwayByDoubleClick) {
     Settle();
     Drag(QPoint(200, 300), QPoint(150, 260));
     EXPECT_EQ(link.Route().at(1), (Point{150 * 15, 260 * 15}));
-    QMouseEvent twice(QEvent::MouseButtonDblClick, QPoint(150, 260),
-                      view->viewport()->mapToGlobal(QPoint(150, 260)), Qt::LeftButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(view->viewport(), &twice);
+    hand->DoubleClick(QPoint(150, 260));
     EXPECT_EQ(link.Route().size(), 2U);
     EXPECT_EQ(events.Count("AfterStretch"), 2);
     EXPECT_EQ(UndoSteps(), 2);
@@ -252,10 +247,7 @@ TEST_F(Linking, DoubleClickOnABendOfAnOrthogonalLink_GivesTheBendsBackToTheRoute
     Drag(half, half + QPoint(-30, 0));
     ASSERT_NE(link.Route(), route);
     const QPoint bend = At(ToQPointF(link.Route()[1]));
-    Click(bend);
-    QMouseEvent twice(QEvent::MouseButtonDblClick, bend, view->viewport()->mapToGlobal(bend), Qt::LeftButton,
-                      Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(view->viewport(), &twice);
+    hand->DoubleClick(bend);
     EXPECT_EQ(link.Route(), route);
     EXPECT_FALSE(link.OwnBends());
     EXPECT_EQ(UndoSteps(), 2);

@@ -22,7 +22,7 @@ TEST_F(Moving, Drag_MovesTheNodeByTheWholeDistance) {
     EXPECT_EQ(events.Count("Click"), 0);
 }
 
-TEST_F(Moving, Drag_IsOneStepOfUndoWithTheWayOfTheLink) {
+TEST_F(Moving, Drag_IsOneStepOfUndoWithTheRouteOfTheLink) {
     const QRectF before = a.Bounds();
     const std::vector<Point> route = link.Route();
     Drag(Body(a), Body(a) + QPoint(120, 33));

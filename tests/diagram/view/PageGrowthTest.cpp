@@ -233,7 +233,7 @@ TEST_F(PageGrowth, AtTheZoomThatFits_NothingIsScrolled) {
     EXPECT_EQ(UndoSteps(), 1);
 }
 
-TEST_F(PageGrowth, RoutedLinks_KeepTheirWays) {
+TEST_F(PageGrowth, RoutedLinks_KeepTheirRoutes) {
     Node &c = AddNode("c", 300, 400);
     Link &routed = AddLink(b, c);
     routed.SetStyle(5);

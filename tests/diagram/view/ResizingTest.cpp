@@ -1,4 +1,5 @@
 #include "diagram/model/ScreenValues.h"
+#include "tests/diagram/view/TaggedDays.h"
 #include "tests/diagram/view/ViewFixture.h"
 
 namespace diagram::testing {
@@ -136,6 +137,19 @@ TEST_F(Resizing, AltArrow_ShowsTheSizeWhileAltIsHeld) {
     EXPECT_FALSE(blank());
     hand->KeyRelease(Qt::Key_Alt);
     EXPECT_TRUE(blank());
+}
+
+TEST_F(Resizing, AltArrow_EndsABarADayLaterAndWithShiftAWeekHoweverFineTheGridIs) {
+    TaggedDays days;
+    TaggedDays::Date(a, QDate(2027, 1, 4), QDate(2027, 1, 8));
+    view->SetDays(days);
+    surface.Screen().SetGridSize(15);
+    Key(Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(days.EndOf(a), QDate(2027, 1, 9));
+    Key(Qt::Key_Right, Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_EQ(days.EndOf(a), QDate(2027, 1, 16));
+    EXPECT_EQ(days.DateOf(a), QDate(2027, 1, 4));
+    view->SetDays(DayStrip::None());
 }
 
 TEST_F(Resizing, AltArrow_TakesLinksAlong) {

@@ -1,8 +1,7 @@
 #include "diagram/model/ScreenValues.h"
 #include "tests/diagram/view/ViewFixture.h"
 
-#include <QCoreApplication>
-#include <QMouseEvent>
+#include <QScrollBar>
 
 namespace diagram::testing {
 
@@ -168,11 +167,7 @@ TEST_F(Selecting, UnselectableItems_LetClicksAndDragsThrough) {
 }
 
 TEST_F(Selecting, DoubleClick_RaisesDblClickOnce) {
-    Click(Body(a));
-    QMouseEvent twice(QEvent::MouseButtonDblClick, Body(a), view->viewport()->mapToGlobal(Body(a)),
-                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(view->viewport(), &twice);
-    Release(Body(a));
+    hand->DoubleClick(Body(a));
     EXPECT_EQ(events.Count("DblClick"), 1);
     EXPECT_EQ(events.Count("Click"), 1);
     EXPECT_TRUE(view->IsEditing());
@@ -185,6 +180,19 @@ TEST_F(Selecting, SelectedNode_ShowsHandlesThatGoWithTheSelection) {
     EXPECT_GT(DifferingPixels(before, selected), 100);
     Click(QPoint(500, 400));
     EXPECT_EQ(DifferingPixels(before, Shown()), 0);
+}
+
+TEST_F(Selecting, HandlesInSightOfASmallNodeBesideTheView_GoWithIt) {
+    Node &small = AddNode("small", 100, 300, 4, 4);
+    AddNode("far", 3000, 60);
+    small.SetSelected(true);
+    Settle();
+    view->horizontalScrollBar()->setValue(117); // its right side lies 13 pixels to the left of the view
+    const QImage before = OnScreen();
+    small.SetTop(2500 * 15);
+    const QImage after = OnScreen();
+    EXPECT_GT(DifferingPixels(before, after), 0);
+    EXPECT_EQ(DifferingPixels(after, Seen()), 0);
 }
 
 } // namespace diagram::testing

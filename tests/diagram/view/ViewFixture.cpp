@@ -2,8 +2,6 @@
 
 #include "diagram/edit/History.h"
 #include "diagram/format/SurfaceFile.h"
-#include "diagram/hit/Grips.h"
-#include "diagram/interaction/Press.h"
 
 #include <QApplication>
 #include <QBackingStore>
@@ -84,10 +82,7 @@ QPoint ViewTest::Body(const Node &node) const {
 
 QPoint ViewTest::Middle(const Node &node) const { return At(node.Bounds().center()); }
 
-QPoint ViewTest::LinkStart(const Node &node, int side) const {
-    const double handle = OptionsFor({{}, {}, QSizeF(1500, 1500) / view->ShownZoom(), {}}).handleSize;
-    return At(LinkStartPlaces(node.Bounds(), handle)[size_t(side)]);
-}
+QPoint ViewTest::LinkStart(const Node &node, int side) const { return LinkStartOf(*view, node, side); }
 
 QImage ViewTest::Seen() { return view->viewport()->grab().toImage(); }
 
@@ -99,14 +94,7 @@ QImage ViewTest::OnScreen() {
     return window->copy(QRect(view->viewport()->pos() * ratio, view->viewport()->size() * ratio));
 }
 
-QPoint ViewTest::Handle(const Node &node, int handle) const {
-    const QRectF box = node.Bounds();
-    const QPointF middle = box.center();
-    const QPointF places[] = {
-        box.topLeft(),     {middle.x(), box.top()},    box.topRight(),   {box.right(), middle.y()},
-        box.bottomRight(), {middle.x(), box.bottom()}, box.bottomLeft(), {box.left(), middle.y()}};
-    return At(places[handle]);
-}
+QPoint ViewTest::Handle(const Node &node, int handle) const { return HandleOf(*view, node, handle); }
 
 void ViewTest::Press(const QPoint &at, Qt::KeyboardModifiers modifiers, Qt::MouseButton button) {
     hand->Press(at, modifiers, button);

@@ -61,8 +61,7 @@ void Date(Film &film) {
     Node &fair = months.Add(150, "Fair", QDate(2027, 3, 20), {});
     months.Add(230, "Prototype", QDate(2027, 3, 4), QDate(2027, 4, 9));
     film.ShootDrag(film.Body(fair), film.Body(fair) + QPoint(132, 4));
-    film.Hand().Release(film.Hand().At());
-    film.Shoot("on its new day");
+    film.ShootRelease("on its new day");
 }
 
 void DateOfAnEnd(Film &film) {
@@ -73,8 +72,7 @@ void DateOfAnEnd(Film &film) {
     film.Join(first, second);
     first.SetSelected(true);
     film.ShootDrag(film.Handle(first, 3), film.Handle(first, 3) + QPoint(76, 0));
-    film.Hand().Release(film.Hand().At());
-    film.Shoot("what follows went on");
+    film.ShootRelease("what follows went on");
     film.ShootDrag(film.Handle(first, 7), film.Handle(first, 7) + QPoint(60, 0));
     film.Hand().KeyPress(Qt::Key_Escape);
     film.Shoot("Escape: as it was");

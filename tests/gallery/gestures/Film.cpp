@@ -1,8 +1,6 @@
 #include "gallery/gestures/Film.h"
 
 #include "diagram/edit/History.h"
-#include "diagram/hit/Grips.h"
-#include "diagram/interaction/Press.h"
 #include "gallery/gestures/PointerPicture.h"
 
 #include <QApplication>
@@ -51,8 +49,7 @@ QPoint Film::At(double x, double y) const { return view_->FromSurface(QPointF(x,
 QPoint Film::Middle(const Node &node) const { return view_->FromSurface(node.Bounds().center()).toPoint(); }
 
 QPoint Film::LinkStart(const Node &node, int side) const {
-    const double handle = OptionsFor({{}, {}, QSizeF(1500, 1500) / view_->ShownZoom(), {}}).handleSize;
-    return view_->FromSurface(LinkStartPlaces(node.Bounds(), handle)[size_t(side)]).toPoint();
+    return diagram::testing::LinkStartOf(*view_, node, side);
 }
 
 QPoint Film::Body(const Node &node) const {
@@ -61,17 +58,12 @@ QPoint Film::Body(const Node &node) const {
 }
 
 QPoint Film::Handle(const Node &node, int handle) const {
-    const QRectF box = node.Bounds();
-    const QPointF middle = box.center();
-    const QPointF places[] = {
-        box.topLeft(),     {middle.x(), box.top()},    box.topRight(),   {box.right(), middle.y()},
-        box.bottomRight(), {middle.x(), box.bottom()}, box.bottomLeft(), {box.left(), middle.y()}};
-    return view_->FromSurface(places[handle]).toPoint();
+    return diagram::testing::HandleOf(*view_, node, handle);
 }
 
 QPoint Film::OnRoute(const Link &link, int segment) const {
-    const auto &way = link.Route();
-    const QPointF middle = (ToQPointF(way[size_t(segment)]) + ToQPointF(way[size_t(segment) + 1])) / 2;
+    const std::vector<Point> &route = link.Route();
+    const QPointF middle = (ToQPointF(route[size_t(segment)]) + ToQPointF(route[size_t(segment) + 1])) / 2;
     return view_->FromSurface(middle).toPoint();
 }
 
@@ -92,6 +84,11 @@ void Film::Shoot(const char *caption) {
 }
 
 void Film::Wait() { QTest::qWait(30); }
+
+void Film::ShootRelease(const char *caption) {
+    hand_->Release(hand_->At());
+    Shoot(caption);
+}
 
 void Film::ShootDrag(const QPoint &from, const QPoint &to, Qt::KeyboardModifiers modifiers) {
     hand_->MoveTo(from, modifiers);

@@ -10,7 +10,7 @@
 
 namespace gallery {
 
-// One gesture on a surface of its own. Pictures are numbered: NAME-1-CAPTION.png and so on.
+// One gesture on a surface of its own. Pictures are numbered: NAME-1.png and so on.
 class Film {
 public:
     Film(const QDir &folder, const char *name);
@@ -32,9 +32,11 @@ public:
 
     // What the user sees now, with the pointer and a line that says what goes on.
     void Shoot(const char *caption);
-    void Wait(); // while what runs by itself goes on
-    // Draws to `to` step by step: a picture at the press, half way and before the release.
+    void Wait(); // lets what runs by itself go on, for 30 ms
+    // Drags to `to` step by step: a picture at the press, half way and before the release.
     void ShootDrag(const QPoint &from, const QPoint &to, Qt::KeyboardModifiers modifiers = {});
+    // Lets the button go where the pointer is, and takes a picture.
+    void ShootRelease(const char *caption);
 
 private:
     QDir folder_;

@@ -19,11 +19,6 @@ QPoint PixelOf(Film &film, const Point &at) { return film.View().FromSurface(ToQ
 
 QPoint EndOf(Film &film, const Link &link) { return PixelOf(film, link.Route().back()); }
 
-void Finish(Film &film, const char *caption) {
-    film.Hand().Release(film.Hand().At());
-    film.Shoot(caption);
-}
-
 void Draw(Film &film) {
     Node &a = film.Add(60, 60, 120, 70, "Market");
     Node &b = film.Add(340, 200, 130, 80, "Product");
@@ -31,14 +26,14 @@ void Draw(Film &film) {
     film.ShootDrag(film.LinkStart(a, 1), film.At(280, 180));
     film.Hand().MoveTo(film.Body(b));
     film.Shoot("over the node that it would join");
-    Finish(film, "linked");
+    film.ShootRelease("linked");
 }
 
 void DrawNowhere(Film &film) {
     Node &a = film.Add(60, 60, 120, 70, "Market");
     film.Hand().DragAndHold(film.LinkStart(a, 1), film.At(330, 220));
     film.Shoot("over empty surface");
-    Finish(film, "a node is offered");
+    film.ShootRelease("a node is offered");
     film.Hand().Key(Qt::Key_Return);
     film.Shoot("Enter");
     film.Hand().Type("Price");
@@ -50,7 +45,7 @@ void KeepsToItsSide(Film &film) {
     Node &b = film.Add(260, 260, 130, 80, "Product");
     film.Hand().DragAndHold(film.LinkStart(a, 1), film.Body(b));
     film.Shoot("pulled from the right");
-    Finish(film, "it leaves there");
+    film.ShootRelease("it leaves there");
 }
 
 void DoubleClicks(Film &film) {
@@ -70,7 +65,7 @@ void Loop(Film &film) {
     film.Hand().DragAndHold(film.LinkStart(a, 1), film.At(400, 100));
     film.Hand().MoveTo(film.Body(a));
     film.Shoot("back on the node");
-    Finish(film, "a loop");
+    film.ShootRelease("a loop");
 }
 
 void MoveEnd(Film &film) {
@@ -84,7 +79,7 @@ void MoveEnd(Film &film) {
     film.ShootDrag(end, film.At(280, 220));
     film.Hand().MoveTo(film.Body(c));
     film.Shoot("over another node");
-    Finish(film, "it ends there now");
+    film.ShootRelease("it ends there now");
 }
 
 void Bend(Film &film) {
@@ -93,10 +88,10 @@ void Bend(Film &film) {
     film.Hand().MoveTo(film.OnRoute(link, 0));
     film.Shoot("over the middle of a segment");
     film.ShootDrag(film.OnRoute(link, 0), film.At(320, 80));
-    Finish(film, "a bend");
+    film.ShootRelease("a bend");
     const QPoint bend = PixelOf(film, link.Route()[1]);
     film.ShootDrag(bend, film.At(281, 174));
-    Finish(film, "dropped in line: it is gone");
+    film.ShootRelease("dropped in line: it is gone");
 }
 
 void Orthogonal(Film &film) {
@@ -106,7 +101,7 @@ void Orthogonal(Film &film) {
     film.Shoot("selected");
     const QPoint middle = film.OnRoute(link, 1);
     film.ShootDrag(middle, middle + QPoint(70, 10));
-    Finish(film, "the directions are kept");
+    film.ShootRelease("the directions are kept");
 }
 
 void OrthogonalBack(Film &film) {
@@ -115,7 +110,7 @@ void OrthogonalBack(Film &film) {
     link.SetSelected(true);
     const QPoint middle = film.OnRoute(link, 1);
     film.Hand().DragAndHold(middle, middle + QPoint(-70, 10));
-    Finish(film, "dragged");
+    film.ShootRelease("dragged");
     film.Hand().DoubleClick(PixelOf(film, link.Route()[1]));
     film.Hand().MoveTo(film.At(420, 60));
     film.Shoot("a double click gives it back");
@@ -133,7 +128,7 @@ void MoveStart(Film &film) {
     film.Shoot("over the node at the other end");
     film.Hand().MoveTo(film.Body(c));
     film.Shoot("over another node");
-    Finish(film, "it starts there now");
+    film.ShootRelease("it starts there now");
 }
 
 // The line goes the way that the link will take.
@@ -149,10 +144,10 @@ void OrthogonalEnd(Film &film) {
     film.Shoot("on the way");
     film.Hand().MoveTo(film.Body(c));
     film.Shoot("over another node");
-    Finish(film, "it ends there now");
+    film.ShootRelease("it ends there now");
     film.Hand().DragAndHold(EndOf(film, link), film.Body(b));
     film.Hand().Key(Qt::Key_Escape);
-    Finish(film, "given up");
+    film.ShootRelease("given up");
 }
 
 void CurvedEnd(Film &film) {
@@ -174,7 +169,7 @@ void SecondLink(Film &film) {
     film.Join(a, b);
     film.Hand().DragAndHold(film.LinkStart(a, 2), film.Body(b));
     film.Shoot("beside the one that is there");
-    Finish(film, "linked twice");
+    film.ShootRelease("linked twice");
 }
 
 void Label(Film &film) {

@@ -8,21 +8,16 @@ using namespace diagram;
 
 namespace {
 
-void Finish(Film &film, const char *caption) {
-    film.Hand().Release(film.Hand().At());
-    film.Shoot(caption);
-}
-
 void Draw(Film &film) {
     film.ShootDrag(film.At(120, 80), film.At(320, 210));
-    Finish(film, "the node is there and selected");
+    film.ShootRelease("the node is there and selected");
 }
 
 void DrawInLine(Film &film) {
     film.Add(60, 60, 120, 70, "Market");
     film.Add(60, 200, 120, 70, "Product");
     film.ShootDrag(film.At(250, 62), film.At(371, 128));
-    Finish(film, "as large as its neighbour and in line with it");
+    film.ShootRelease("as large as its neighbour and in line with it");
 }
 
 void DrawSquare(Film &film) {
@@ -49,7 +44,7 @@ void Move(Film &film) {
     Node &b = film.Add(300, 200, 120, 70, "Product");
     film.Join(a, b);
     film.ShootDrag(film.Body(b), film.Body(b) + QPoint(-10, -138));
-    Finish(film, "in line with its neighbour");
+    film.ShootRelease("in line with its neighbour");
 }
 
 void MoveEqual(Film &film) {
@@ -57,7 +52,7 @@ void MoveEqual(Film &film) {
     film.Add(160, 100, 100, 60, "Two");
     Node &c = film.Add(380, 220, 100, 60, "Three");
     film.ShootDrag(film.Body(c), film.Body(c) + QPoint(-79, -119));
-    Finish(film, "at the same distance");
+    film.ShootRelease("at the same distance");
 }
 
 void Resize(Film &film) {
@@ -65,7 +60,7 @@ void Resize(Film &film) {
     Node &b = film.Add(300, 180, 110, 60, "This one");
     b.SetSelected(true);
     film.ShootDrag(film.Handle(b, 4), film.Handle(b, 4) + QPoint(39, 31));
-    Finish(film, "as large as its neighbour");
+    film.ShootRelease("as large as its neighbour");
 }
 
 void ResizeSeveral(Film &film) {
@@ -74,7 +69,7 @@ void ResizeSeveral(Film &film) {
     a.SetSelected(true);
     b.SetSelected(true);
     film.ShootDrag(film.Handle(b, 4), film.Handle(b, 4) + QPoint(60, 50));
-    Finish(film, "both by the same factors");
+    film.ShootRelease("both by the same factors");
 }
 
 void ResizeAspect(Film &film) {
@@ -106,7 +101,7 @@ void ToTheGrid(Film &film) {
     film.surface.Screen().SetSnapToGrid(true);
     Node &a = film.Add(60, 60, 120, 70, "Market");
     film.ShootDrag(film.Body(a), film.Body(a) + QPoint(173, 118));
-    Finish(film, "on the grid");
+    film.ShootRelease("on the grid");
 }
 
 void Copy(Film &film) {
@@ -130,7 +125,7 @@ void Band(Film &film) {
     film.Add(60, 220, 120, 70, "Three");
     film.Join(a, b);
     film.ShootDrag(film.At(30, 30), film.At(400, 160), Qt::ShiftModifier);
-    Finish(film, "selected");
+    film.ShootRelease("selected");
 }
 
 void SelectedShapes(Film &film) {

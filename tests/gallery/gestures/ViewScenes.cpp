@@ -83,13 +83,11 @@ void KeyboardMoves(Film &film) {
 void Edge(Film &film) {
     std::vector<Node *> nodes = Grid(film, 6, 5);
     film.Hand().DragAndHold(film.Body(*nodes[0]), QPoint(film.View().viewport()->width() - 2, 150));
-
     film.Shoot("at the edge");
     for (int i = 0; i < 40; ++i) film.Wait();
     film.Shoot("the page moves on");
     film.Hand().Key(Qt::Key_Escape);
-    film.Hand().Release(film.Hand().At());
-    film.Shoot("given up with Escape");
+    film.ShootRelease("given up with Escape");
 }
 
 void Zoom(Film &film) {

@@ -33,15 +33,46 @@ constexpr support::Colour kFills[] = {0xF7E3CF, 0xDBEED3, 0xBCE9FC, 0xCAD6F9, 0x
 constexpr float kNodeWidth = 120, kNodeHeight = 40; // pixels
 
 struct Plan {
-    const char *name;
-    QDate start;
-    const std::vector<gallery::PlanStep> &steps;
-    int arrangement;
-    bool dark, lanes;
+    const char *name = "launch";
+    QDate start{2026, 9, 3};
+    const std::vector<gallery::PlanStep> &steps = gallery::LaunchSteps();
+    int arrangement = 2; // by kArrangements
+    bool dark = false, lanes = false;
     bool bars = false;   // nodes last as long as their steps
     bool folded = false; // all years but the second, or the third month
     bool Rightwards() const { return arrangement >= 2; }
 };
+
+Plan Decade(bool dark, bool lanes, bool folded) {
+    return {.name = "decade",
+            .start = QDate(2024, 2, 3),
+            .steps = gallery::DecadeSteps(),
+            .dark = dark,
+            .lanes = lanes,
+            .folded = folded};
+}
+
+// On light and on dark ground: in every arrangement without lanes, with them and folded; bars along and down.
+std::vector<Plan> AllPlans() {
+    std::vector<Plan> plans;
+    for (const bool dark : {false, true}) {
+        for (int arrangement = 0; arrangement < 5; ++arrangement) {
+            plans.push_back({.arrangement = arrangement, .dark = dark});
+            plans.push_back({.arrangement = arrangement, .dark = dark, .lanes = true});
+            plans.push_back({.arrangement = arrangement, .dark = dark, .lanes = true, .folded = true});
+        }
+        for (const bool lanes : {false, true}) plans.push_back(Decade(dark, lanes, false));
+        plans.push_back(Decade(dark, true, true));
+        for (const int arrangement : {0, 2})
+            plans.push_back({.name = "bars",
+                             .steps = gallery::BarSteps(),
+                             .arrangement = arrangement,
+                             .dark = dark,
+                             .lanes = true,
+                             .bars = true});
+    }
+    return plans;
+}
 
 // What the delivered months look like.
 void BuildMonthLook(Surface &surface, const Plan &plan) {
@@ -167,29 +198,11 @@ int main(int argc, char **argv) {
     support::HeadlessDesktop desktop(std::make_unique<support::MemoryRegistryStore>());
     support::SetDesktop(&desktop.Get());
     SetCalendarSource(timeline::CalendarOfStrip, timeline::IsBar);
-    for (const bool dark : {false, true})
-        for (const bool lanes : {false, true}) {
-            for (int arrangement = 0; arrangement < 5; ++arrangement)
-                Write(folder, {"launch", QDate(2026, 9, 3), gallery::LaunchSteps(), arrangement, dark, lanes},
-                      desktop);
-            Write(folder, {"decade", QDate(2024, 2, 3), gallery::DecadeSteps(), 2, dark, lanes}, desktop);
-        }
-    for (const bool dark : {false, true})
-        for (const int arrangement : {0, 2})
-            Write(folder, {"bars", QDate(2026, 9, 3), gallery::BarSteps(), arrangement, dark, true, true},
-                  desktop);
-    for (const bool dark : {false, true}) {
-        for (int arrangement = 0; arrangement < 5; ++arrangement)
-            Write(folder,
-                  {"launch", QDate(2026, 9, 3), gallery::LaunchSteps(), arrangement, dark, true, false, true},
-                  desktop);
-        Write(folder, {"decade", QDate(2024, 2, 3), gallery::DecadeSteps(), 2, dark, true, false, true},
-              desktop);
-    }
+    for (const Plan &plan : AllPlans()) Write(folder, plan, desktop);
     for (const auto &[name, language] :
          {std::pair("german", QLocale::German), std::pair("french", QLocale::French)}) {
         QLocale::setDefault(QLocale(language));
-        Write(folder, {name, QDate(2026, 9, 3), gallery::LaunchSteps(), 2, false, true}, desktop);
+        Write(folder, {.name = name, .lanes = true}, desktop);
     }
     std::printf("%s\n", qPrintable(folder.absolutePath()));
     return 0;

@@ -1,6 +1,6 @@
 // Writes a picture of each delivered template, and contact sheets of all of them, to be looked at.
-//   velmora-templates [FOLDER [EDITION [FILTER]]]   (build/gallery/templates and product/velmora when left
-//   out)
+//   velmora-templates [FOLDER [EDITION [FILTER]]]
+// FOLDER is build/gallery/templates and EDITION product/velmora when left out.
 // FILTER is a wildcard for the names. Templates that have something to be mended are told with it.
 #include "diagram/export/Export.h"
 #include "diagram/model/Surface.h"

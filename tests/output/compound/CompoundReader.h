@@ -1,10 +1,12 @@
-// Reads a compound file by the tables alone, independently of how the writer lays it out.
+// Reads a compound file by its tables alone, independently of how the writer lays it out. Offsets are those
+// of [MS-CFB].
 #pragma once
 
 #include <gtest/gtest.h>
 #include <map>
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QtEndian>
 
 namespace compound::testing {
@@ -27,6 +29,8 @@ public:
         Walk(Value(entries_[0], 0x4C), smallSectors, streams);
         return streams;
     }
+    // What Streams met on its way: the names from the tree's left to its right, and how deep the tree is.
+    const QStringList &Names() const { return names_; }
     int Depth() const { return depth_; }
 
 private:
@@ -49,10 +53,10 @@ private:
     }
     void ReadTable() {
         std::vector<quint32> places = Numbers(file_.mid(0x4C, 109 * 4));
-        quint32 teller = Number(0x44);
+        quint32 difat = Number(0x44);
         for (quint32 i = 0; i < Number(0x48); ++i) {
-            std::vector<quint32> more = Numbers(Sector(teller));
-            teller = more.back();
+            std::vector<quint32> more = Numbers(Sector(difat));
+            difat = more.back();
             more.pop_back();
             places.insert(places.end(), more.begin(), more.end());
         }
@@ -86,6 +90,7 @@ private:
         const auto size = qsizetype(Value(entry, 0x78));
         const quint32 start = Value(entry, 0x74);
         Walk(Value(entry, 0x44), sectors, streams, depth + 1);
+        names_ << name;
         streams[name] = (size < 4096 ? Small(start, sectors) : Chain(start)).left(size);
         EXPECT_EQ(streams[name].size(), size);
         Walk(Value(entry, 0x48), sectors, streams, depth + 1);
@@ -94,6 +99,7 @@ private:
     QByteArray file_;
     std::vector<quint32> table_, small_;
     std::vector<QByteArray> entries_;
+    QStringList names_;
     int depth_ = 0;
 };
 

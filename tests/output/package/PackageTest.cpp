@@ -23,8 +23,8 @@ QByteArray EntryOf(const Package &file, const QString &name) {
 
 } // namespace
 
-TEST(Zip, HoldsNoneOneAndTwoEntriesInTheirOrder) {
-    EXPECT_TRUE(ReadZip(ZipFile({{"b.txt", "two", true}})).at(0).bytes == "two");
+TEST(Zip, HoldsOneAndTwoEntriesInTheirOrder) {
+    EXPECT_EQ(ReadZip(ZipFile({{"b.txt", "two", true}})).at(0).bytes, "two");
     const auto read = ReadZip(ZipFile({{"b.txt", QByteArray(1000, 'b'), true}, {"ä/a.png", "one", false}}));
     ASSERT_EQ(read.size(), 2u);
     EXPECT_EQ(read[0].name, "b.txt");

@@ -32,7 +32,8 @@ bool HasNear(const QImage &other, int x, int y, int grey) {
     return false;
 }
 
-// The part of the dots that the other picture doesn't have a tenth of a millimetre around.
+// The share of the dots that the other picture doesn't have within a dot (a tenth of a millimetre) of their
+// place.
 double Difference(const QImage &one, const QImage &other) {
     const QImage here = one.convertToFormat(QImage::Format_Grayscale8);
     const QImage there = other.convertToFormat(QImage::Format_Grayscale8);
@@ -43,7 +44,7 @@ double Difference(const QImage &one, const QImage &other) {
     return static_cast<double>(differing) / (here.width() * here.height());
 }
 
-// Where the first dark dot of the middle row or column lies, in millimetres from the edge.
+// How far from the left edge the frame begins: the first dark dot of a row, in millimetres; -1 for none.
 double FrameFromLeft(const QImage &page) {
     for (int x = 0; x < page.width(); ++x)
         if (qGray(page.pixel(x, page.height() * 2 / 3)) < 128) return x * 25.4 / kDotsPerInch;

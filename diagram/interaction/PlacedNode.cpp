@@ -1,4 +1,4 @@
-#include "diagram/interaction/PlaceNode.h"
+#include "diagram/interaction/PlacedNode.h"
 
 #include "diagram/model/Surface.h"
 #include "diagram/scene/Scene.h"

@@ -1,4 +1,6 @@
-#include "widgets/TickStyle.h"
+#include "widgets/ProgramStyle.h"
+
+#include "support/Contrast.h"
 
 #include <gtest/gtest.h>
 #include <QApplication>
@@ -22,22 +24,11 @@ QPalette Palette(bool dark) {
     return palette;
 }
 
-double Luminance(const QColor &colour) {
-    const auto part = [](double value) {
-        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
-}
-
-double Contrast(const QColor &a, const QColor &b) {
-    const double one = Luminance(a) + 0.05, other = Luminance(b) + 0.05;
-    return std::max(one, other) / std::min(one, other);
-}
-
 // The best contrast with `ground` that the pixels of `row` have, between the columns.
 double BestContrast(const QImage &image, int row, int from, int to, const QColor &ground) {
     double best = 1;
-    for (int x = from; x < to; ++x) best = std::max(best, Contrast(image.pixelColor(x, row), ground));
+    for (int x = from; x < to; ++x)
+        best = std::max(best, support::Contrast(image.pixelColor(x, row), ground));
     return best;
 }
 
@@ -47,7 +38,7 @@ double FrameContrast(const QImage &image, const QRect &box, const QColor &ground
     double worst = 100;
     for (const QPoint &at : {QPoint(box.left(), middle.y()), QPoint(box.right(), middle.y()),
                              QPoint(middle.x(), box.top()), QPoint(middle.x(), box.bottom())})
-        worst = std::min(worst, Contrast(image.pixelColor(at), ground));
+        worst = std::min(worst, support::Contrast(image.pixelColor(at), ground));
     return worst;
 }
 
@@ -70,7 +61,7 @@ class Ticks : public ::testing::TestWithParam<bool> {
 protected:
     void TearDown() override { QApplication::setPalette(QPalette()); }
     const QPalette palette = Palette(GetParam());
-    TickStyle style;
+    ProgramStyle style;
 };
 
 TEST_P(Ticks, TheFrameIsSeenOnTheBoxAndOnTheWindow) {
@@ -112,8 +103,8 @@ TEST_P(Ticks, UntickedRowsOfAListShowTheirBoxes) {
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, Ticks, ::testing::Bool());
 
-TEST(TickStyles, KeepTheFrameOfABoxThatHasTheFocus) {
-    const TickStyle style;
+TEST(ProgramStyles, KeepTheFrameOfABoxThatHasTheFocus) {
+    const ProgramStyle style;
     const QPalette palette = Palette(false);
     QStyleOptionButton option;
     option.rect = QRect(3, 3, 14, 14);
@@ -128,13 +119,13 @@ TEST(TickStyles, KeepTheFrameOfABoxThatHasTheFocus) {
     EXPECT_EQ(here, there);
 }
 
-TEST(TickStyles, ButtonsOfDialogsShowNoPictures) {
+TEST(ProgramStyles, ButtonsOfDialogsShowNoPictures) {
     class WantsPictures : public QProxyStyle {
         int styleHint(StyleHint, const QStyleOption *, const QWidget *, QStyleHintReturn *) const override {
             return 1;
         }
     };
-    TickStyle style;
+    ProgramStyle style;
     style.setBaseStyle(new WantsPictures);
     EXPECT_EQ(style.styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons), 0);
     EXPECT_EQ(style.styleHint(QStyle::SH_UnderlineShortcut), 1);
@@ -150,12 +141,12 @@ double ContrastOf(const QIcon &icon, const QColor &window) {
     double most = 1;
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
-            most = std::max(most, Contrast(image.pixelColor(x, y), window));
+            most = std::max(most, support::Contrast(image.pixelColor(x, y), window));
     return most;
 }
 
-TEST(TickStyles, TheArrowsOfABarWithoutRoomAreSeenOnAnyPalette) {
-    const TickStyle style;
+TEST(ProgramStyles, TheArrowsOfABarWithoutRoomAreSeenOnAnyPalette) {
+    const ProgramStyle style;
     for (const bool dark : {false, true}) {
         const QPalette palette = Palette(dark);
         QApplication::setPalette(palette);
@@ -166,20 +157,20 @@ TEST(TickStyles, TheArrowsOfABarWithoutRoomAreSeenOnAnyPalette) {
     QApplication::setPalette(QPalette());
 }
 
-TEST(TickStyles, TheArrowsPointToWhereTheBarGoesOn) {
-    const QIcon icon = TickStyle().standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton);
+TEST(ProgramStyles, TheArrowsPointToWhereTheBarGoesOn) {
+    const QIcon icon = ProgramStyle().standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton);
     const QImage right = icon.pixmap(10, 20).toImage();
     EXPECT_NE(right, right.mirrored(true, false));
     EXPECT_EQ(right, right.mirrored(false, true));
     QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     const QImage left =
-        TickStyle().standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton).pixmap(10, 20).toImage();
+        ProgramStyle().standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton).pixmap(10, 20).toImage();
     QGuiApplication::setLayoutDirection(Qt::LeftToRight);
     EXPECT_EQ(left, right.mirrored(true, false));
 }
 
-TEST(TickStyles, ThePictureForClearingAFieldIsTheStylesOwn) {
-    const TickStyle style;
+TEST(ProgramStyles, ThePictureForClearingAFieldIsTheStylesOwn) {
+    const ProgramStyle style;
     const QIcon ours = style.standardIcon(QStyle::SP_LineEditClearButton);
     const QIcon theirs = style.baseStyle()->standardIcon(QStyle::SP_LineEditClearButton);
     ASSERT_FALSE(theirs.isNull());

@@ -7,15 +7,18 @@ class QLineEdit;
 
 namespace widgets {
 
-// The platform's style, with frames around boxes to tick that can be seen on any palette. Where that style
-// draws the frame from the colour of the window alone, it is as dark as the box on a dark palette; other
-// styles are left as they are. Buttons of dialogs show no pictures: only some of a row would have one. Texts
-// that stand in for what is to be typed are as dark or as light as it takes to read them.
-class TickStyle : public QProxyStyle {
+// The platform's style with these differences:
+// - Boxes to tick have a frame that can be seen on any palette, where the style is Fusion: this draws the
+// frame
+//   from the colour of the window alone, so that on a dark palette it is as dark as the box.
+// - Buttons of dialogs show no pictures, as only some of a row would have one.
+// - Placeholder texts are as dark or as light as it takes to read them.
+// - standardIcon has icons of its own.
+class ProgramStyle : public QProxyStyle {
     Q_OBJECT
 public:
-    // Of the style that the application has by then.
-    TickStyle();
+    // On the style that the application has now.
+    ProgramStyle();
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget = nullptr) const override;
@@ -26,22 +29,19 @@ public:
     // for clearing a field is read when it is first painted.
     QIcon standardIcon(StandardPixmap icon, const QStyleOption *option = nullptr,
                        const QWidget *widget = nullptr) const override;
-    bool eventFilter(QObject *watched, QEvent *event) override; // of fields: their colours may differ now
+    // Watches fields for another palette.
+    bool eventFilter(QObject *watched, QEvent *event) override;
     int styleHint(StyleHint hint, const QStyleOption *option = nullptr, const QWidget *widget = nullptr,
                   QStyleHintReturn *result = nullptr) const override;
 
 private:
-    bool mends_; // the frames
+    bool framesBoxes_; // where the platform's style doesn't show them well
 };
 
 // The frame of a box on that palette: seen on the box and on the window alike.
 QColor FrameOfTick(const QPalette &palette);
 
-// How far the luminances of two opaque colours are apart, 1 to 21, as WCAG 2 defines it.
-double Contrast(const QColor &a, const QColor &b);
-// `text` where it can be read on `ground`, at a contrast of 4.5, else moved towards `ink` as far as it takes.
-QColor Readable(const QColor &text, const QColor &ground, const QColor &ink);
-// Of what a field shows while nothing is typed, in the colours that it has now.
+// Gives the placeholder text of a field a colour that can be read in the palette that it has now.
 void MakePlaceholderReadable(QLineEdit &field);
 
 } // namespace widgets

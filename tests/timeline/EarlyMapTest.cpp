@@ -13,7 +13,6 @@
 #include "timeline/Strip.h"
 
 #include <QFile>
-#include <QTemporaryDir>
 
 namespace timeline::testing {
 
@@ -22,9 +21,9 @@ namespace {
 const QStringList kMonths = {QStringLiteral("Jan-04"), QStringLiteral("Feb-04"), QStringLiteral("Mar-04"),
                              QStringLiteral("Apr-04")};
 
-class Plan : public TimelineTest {
+class EarlyMap : public TimelineTest {
 protected:
-    Plan() {
+    EarlyMap() {
         const QString copy = folder.File(QStringLiteral("plan.mdb"));
         QFile::copy(tests::Data(QStringLiteral("jet/plan.mdb")), copy);
         Load(copy);
@@ -86,12 +85,12 @@ protected:
 
 } // namespace
 
-TEST_F(Plan, ShowsItsMonthsInOrderWithItsLinksPinned) {
+TEST_F(EarlyMap, ShowsItsMonthsInOrderWithItsLinksPinned) {
     EXPECT_EQ(Months(), kMonths);
     ExpectPinned();
 }
 
-TEST_F(Plan, IsLaidOutInEachArrangement) {
+TEST_F(EarlyMap, IsLaidOutInEachArrangement) {
     for (int arrangement = 0; arrangement <= 4; ++arrangement) {
         LayOut(arrangement);
         EXPECT_EQ(Months(), kMonths) << arrangement;
@@ -99,7 +98,7 @@ TEST_F(Plan, IsLaidOutInEachArrangement) {
     }
 }
 
-TEST_F(Plan, ComesBackAfterHiding) {
+TEST_F(EarlyMap, ComesBackAfterHiding) {
     ShowHideTimelineNodes(Roadmap(), false);
     EXPECT_TRUE(Months().isEmpty());
     EXPECT_EQ(HiddenLinks(), 6);
@@ -109,7 +108,7 @@ TEST_F(Plan, ComesBackAfterHiding) {
     ExpectPinned();
 }
 
-TEST_F(Plan, ClosesUpOverAHiddenMonthAndShowsItAgain) {
+TEST_F(EarlyMap, ClosesUpOverAHiddenMonthAndShowsItAgain) {
     LocateTimelineNode(Roadmap(), QStringLiteral("February 2004"), false)->SetHidden(true);
     ArrangeTimeLineNodes(window, Roadmap(), kStoredArrangement);
     EXPECT_EQ(Months(),
@@ -120,7 +119,7 @@ TEST_F(Plan, ClosesUpOverAHiddenMonthAndShowsItAgain) {
     ExpectPinned();
 }
 
-TEST_F(Plan, StretchesAndShrinks) {
+TEST_F(EarlyMap, StretchesAndShrinks) {
     diagram::Node &look = *LocateTimeLineTemplateNode(Roadmap(), false);
     for (const float factor : {1.1F, 1.1F, 0.9F}) {
         look.SetWidth(look.Width() * factor);
@@ -130,7 +129,7 @@ TEST_F(Plan, StretchesAndShrinks) {
     }
 }
 
-TEST_F(Plan, SurvivesSavingAndLoading) {
+TEST_F(EarlyMap, SurvivesSavingAndLoading) {
     for (int arrangement = 0; arrangement <= 4; ++arrangement) {
         LayOut(arrangement);
         window.clsSettings().SetDatabase(folder.File(QStringLiteral("plan%1.map").arg(arrangement)));
@@ -145,7 +144,7 @@ TEST_F(Plan, SurvivesSavingAndLoading) {
     }
 }
 
-TEST_F(Plan, TakesAnotherDate) {
+TEST_F(EarlyMap, TakesAnotherDate) {
     for (diagram::Node &node : Roadmap().Nodes())
         if (node.Text() == QStringLiteral("Dry dock")) {
             EXPECT_EQ(DateOfNode(node), QStringLiteral("23 January 2004"));

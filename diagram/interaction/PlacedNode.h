@@ -1,4 +1,4 @@
-// Nodes that are added where the pointer is.
+// A node of a chosen shape that a click or a drop places where the pointer is.
 #pragma once
 
 #include "diagram/interaction/Gesture.h"
@@ -18,7 +18,7 @@ public:
 
     // One step, with AfterAddNode and AfterSelect.
     void Add(int shape);
-    // How it would stand there.
+    // Shows how it would stand there.
     void Show(int shape, Overlay &overlay) const;
 
 private:

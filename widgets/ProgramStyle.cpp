@@ -1,10 +1,10 @@
-#include "widgets/TickStyle.h"
+#include "widgets/ProgramStyle.h"
 
+#include "support/Contrast.h"
 #include "support/MixColours.h"
 #include "widgets/PaintedIconEngine.h"
 
 #include <algorithm>
-#include <cmath>
 #include <QApplication>
 #include <QIconEngine>
 #include <QLineEdit>
@@ -16,59 +16,16 @@ namespace widgets {
 
 namespace {
 
-constexpr double kInk = 0.55;     // of the frame, the rest is the box's own colour
-constexpr qreal kHalf = 0.5;      // of a pixel
-constexpr double kReadable = 4.5; // contrast of texts
+constexpr double kInk = 0.55; // of the frame, the rest is the box's own colour
+constexpr qreal kHalf = 0.5;  // of a pixel
 
-double Linear(double value) {
-    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-}
-
-double Luminance(const QColor &colour) {
-    return 0.2126 * Linear(colour.redF()) + 0.7152 * Linear(colour.greenF()) +
-           0.0722 * Linear(colour.blueF());
-}
-
-// The name under which the application's style is made; behind a TickStyle that of the style it stands for.
+// The name under which the application's style is made; behind a ProgramStyle that of the style it stands
+// for.
 QString StyleName() {
     const QStyle *style = QApplication::style();
     if (const auto *proxy = qobject_cast<const QProxyStyle *>(style)) style = proxy->baseStyle();
     return style->name();
 }
-
-} // namespace
-
-QColor FrameOfTick(const QPalette &palette) {
-    return support::Mix(palette.color(QPalette::Base), palette.color(QPalette::Text), kInk);
-}
-
-double Contrast(const QColor &a, const QColor &b) {
-    const double one = Luminance(a), other = Luminance(b);
-    return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
-}
-
-QColor Readable(const QColor &text, const QColor &ground, const QColor &ink) {
-    constexpr double kStep = 0.05;
-    if (text.alpha() == 255 && Contrast(text, ground) >= kReadable) return text;
-    const QColor plain = support::Mix(ground, text, text.alphaF());
-    for (double share = 0; share < 1; share += kStep)
-        if (const QColor mixed = support::Mix(plain, ink, share); Contrast(mixed, ground) >= kReadable)
-            return mixed;
-    return ink;
-}
-
-void MakePlaceholderReadable(QLineEdit &field) {
-    QPalette palette = field.palette();
-    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
-        const QColor text = palette.color(group, QPalette::PlaceholderText);
-        palette.setColor(
-            group, QPalette::PlaceholderText,
-            Readable(text, palette.color(group, QPalette::Base), palette.color(group, QPalette::Text)));
-    }
-    if (palette != field.palette()) field.setPalette(palette);
-}
-
-namespace {
 
 // Asks the style for its picture when that is to be seen.
 class LateIconEngine : public QIconEngine {
@@ -127,16 +84,31 @@ private:
 
 } // namespace
 
-TickStyle::TickStyle()
-    : QProxyStyle(StyleName()),
-      mends_(baseStyle()->name().compare(QLatin1String("fusion"), Qt::CaseInsensitive) == 0) {}
+QColor FrameOfTick(const QPalette &palette) {
+    return support::Mix(palette.color(QPalette::Base), palette.color(QPalette::Text), kInk);
+}
 
-void TickStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
-                              const QWidget *widget) const {
+void MakePlaceholderReadable(QLineEdit &field) {
+    QPalette palette = field.palette();
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        const QColor text = palette.color(group, QPalette::PlaceholderText);
+        palette.setColor(group, QPalette::PlaceholderText,
+                         support::Readable(text, palette.color(group, QPalette::Base),
+                                           palette.color(group, QPalette::Text)));
+    }
+    if (palette != field.palette()) field.setPalette(palette);
+}
+
+ProgramStyle::ProgramStyle()
+    : QProxyStyle(StyleName()),
+      framesBoxes_(baseStyle()->name().compare(QLatin1String("fusion"), Qt::CaseInsensitive) == 0) {}
+
+void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                                 const QWidget *widget) const {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     const bool focused = option->state.testFlag(State_HasFocus) &&
                          option->state.testFlag(State_KeyboardFocusChange); // has a frame of its own
-    if (element != PE_IndicatorCheckBox || !mends_ || focused) return;
+    if (element != PE_IndicatorCheckBox || !framesBoxes_ || focused) return;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(FrameOfTick(option->palette));
@@ -145,7 +117,7 @@ void TickStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
     painter->restore();
 }
 
-void TickStyle::polish(QWidget *widget) {
+void ProgramStyle::polish(QWidget *widget) {
     QProxyStyle::polish(widget);
     auto *field = qobject_cast<QLineEdit *>(widget);
     if (!field) return;
@@ -153,7 +125,8 @@ void TickStyle::polish(QWidget *widget) {
     MakePlaceholderReadable(*field);
 }
 
-QIcon TickStyle::standardIcon(StandardPixmap icon, const QStyleOption *option, const QWidget *widget) const {
+QIcon ProgramStyle::standardIcon(StandardPixmap icon, const QStyleOption *option,
+                                 const QWidget *widget) const {
     switch (icon) {
     case SP_ToolBarHorizontalExtensionButton:
         return QIcon(new MoreEngine(Qt::Horizontal));
@@ -166,18 +139,18 @@ QIcon TickStyle::standardIcon(StandardPixmap icon, const QStyleOption *option, c
     }
 }
 
-void TickStyle::unpolish(QWidget *widget) {
+void ProgramStyle::unpolish(QWidget *widget) {
     if (qobject_cast<QLineEdit *>(widget)) widget->removeEventFilter(this);
     QProxyStyle::unpolish(widget);
 }
 
-bool TickStyle::eventFilter(QObject *watched, QEvent *event) {
+bool ProgramStyle::eventFilter(QObject *watched, QEvent *event) {
     if (event->type() == QEvent::PaletteChange) MakePlaceholderReadable(static_cast<QLineEdit &>(*watched));
     return QProxyStyle::eventFilter(watched, event);
 }
 
-int TickStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
-                         QStyleHintReturn *result) const {
+int ProgramStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                            QStyleHintReturn *result) const {
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
     return QProxyStyle::styleHint(hint, option, widget, result);
 }
