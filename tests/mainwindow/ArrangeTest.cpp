@@ -1,14 +1,11 @@
+// Aligning, distributing and duplicating what is selected, and stretching the strip of months.
 #include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
 #include "document/Tags.h"
-#include "settings/clsRB.h"
-#include "support/Files.h"
-#include "tests/document/Slices.h"
 #include "tests/mainwindow/WindowTest.h"
 #include "timeline/TimelineNodes.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QTest>
 
 namespace mainwindow::testing {
@@ -117,47 +114,6 @@ TEST_F(Arranging, StretchingTheStripWorksAlongItsAxis) {
     EXPECT_FLOAT_EQ(months.Width(), 1100);
     EXPECT_FLOAT_EQ(months.Height(), 450);
     EXPECT_FLOAT_EQ(month.Height(), 450);
-}
-
-TEST_F(Arranging, HelpAndWebsiteAreOpenedByTheirPrograms) {
-    desktop.ExpectLaunch(QDir(support::ProgramPath()).filePath(QStringLiteral("help.pdf")));
-    Press(window, QStringLiteral("F1"));
-    desktop.ExpectAddress(QStringLiteral("https://www.velmora.example/"));
-    Run("mnuHelpWeb");
-}
-
-TEST_F(Arranging, AProgramThatIsMissingIsTold) {
-    const QString help = QDir(support::ProgramPath()).filePath(QStringLiteral("help.pdf"));
-    desktop.ExpectLaunch(help, false);
-    desktop.ExpectMessage(
-        QStringLiteral("Cannot Launch Program! \r\nCan not find the following file\r\n'%1'").arg(help));
-    Run("mnuHelpHelp");
-}
-
-TEST_F(Arranging, ThePromptOfTheTemplateBarIsTickedWhileItWouldBeAsked) {
-    const QString key = QStringLiteral("mnuViewRBPrompt");
-    EXPECT_TRUE(window.MenuValue(key));
-    auto *entry = window.findChild<QAction *>(key);
-    entry->trigger(); // off: the answer is forgotten, so the question will be asked again
-    EXPECT_TRUE(settings::clsRB().GetDisplayPrompt());
-    desktop.ExpectForm<settings::clsRB>([](settings::clsRB &argument) {
-        auto &answer = argument;
-        EXPECT_TRUE(answer.Force);
-        answer.Choice = settings::clsRB::kNew;
-        answer.SaveValue = true;
-        return true;
-    });
-    entry->trigger();
-    EXPECT_FALSE(window.MenuValue(key));
-    EXPECT_FALSE(settings::clsRB().GetDisplayPrompt());
-}
-
-TEST_F(Arranging, SlicesTurnByTheirKeys) {
-    document::testing::AddSlice(window);
-    Press(window, QStringLiteral("Ctrl+PgDown"));
-    EXPECT_EQ(window.TabStrip().TheTab(), 1);
-    Press(window, QStringLiteral("Ctrl+PgUp"));
-    EXPECT_EQ(window.TabStrip().TheTab(), 0);
 }
 
 } // namespace mainwindow::testing

@@ -49,7 +49,7 @@ TEST_F(Close, TheQuestionHasThreeButtonsAndAQuestionIcon) {
 TEST_F(Close, CancelKeepsTheWindowAndStoresNoPlace) {
     desktop.ExpectMessage(kQuestion, Answer::Cancel);
     EXPECT_FALSE(CloseChanged(NewWindow()));
-    EXPECT_EQ(Stored(QStringLiteral("Width")), -7777);
+    EXPECT_EQ(Stored(QStringLiteral("Width")), kAbsent);
 }
 
 TEST_F(Close, YesWithACancelledFileDialogKeepsTheWindow) {

@@ -9,10 +9,12 @@
 #include "settings/clsMRU.h"
 #include "settings/GetSet.h"
 #include "support/AtomicFile.h"
+#include "support/Files.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
 #include <QImage>
 #include <QLineEdit>
 #include <QMenu>
@@ -350,7 +352,7 @@ TEST_F(Commands, CutCopyAndDeleteFollowTheFocusIntoTextBoxes) {
     window.CurrentSurface().UnselectAll();
     window.Find().Open(false);
     expect(true);
-    window.menuBar()->setFocus(Qt::MenuBarFocusReason); // for the time of a menu
+    window.menuBar()->setFocus(Qt::MenuBarFocusReason); // as while a menu is open
     expect(true);
     window.Find().Close();
     expect(false);
@@ -370,6 +372,23 @@ TEST_F(Commands, AFailedCopyAndAPasteThatCantBeDoneSayWhy) {
     window.SmartMenuXP1_Click(QStringLiteral("mnuEditPaste"));
     EXPECT_EQ(Status(window), QStringLiteral("The clipboard holds nothing that can be pasted here."));
     EXPECT_FALSE(window.CurrentSurface().CanUndo());
+}
+
+TEST_F(Commands, HelpAndWebsiteAreOpenedByTheirPrograms) {
+    frmMain &window = NewWindow();
+    desktop.ExpectLaunch(QDir(support::ProgramPath()).filePath(QStringLiteral("help.pdf")));
+    Press(window, QStringLiteral("F1"));
+    desktop.ExpectAddress(QStringLiteral("https://www.velmora.example/"));
+    window.SmartMenuXP1_Click(QStringLiteral("mnuHelpWeb"));
+}
+
+TEST_F(Commands, AProgramThatIsMissingIsTold) {
+    frmMain &window = NewWindow();
+    const QString help = QDir(support::ProgramPath()).filePath(QStringLiteral("help.pdf"));
+    desktop.ExpectLaunch(help, false);
+    desktop.ExpectMessage(
+        QStringLiteral("Cannot Launch Program! \r\nCan not find the following file\r\n'%1'").arg(help));
+    window.SmartMenuXP1_Click(QStringLiteral("mnuHelpHelp"));
 }
 
 } // namespace mainwindow::testing

@@ -1,5 +1,5 @@
-// Whether the texts of the window can be read: measured from its pixels, on a light and on a dark desktop.
-// Disabled texts are meant to stand back, and aren't measured.
+// Whether the texts of the window can be read: their contrast is measured from its pixels, on a light and on
+// a dark desktop. Disabled texts are meant to be faint, and aren't measured.
 #include "support/Contrast.h"
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/FindBar.h"
@@ -32,7 +32,7 @@ namespace mainwindow::testing {
 
 namespace {
 
-constexpr double kReadable = 4.5;
+constexpr double kReadable = 4.5; // as the guidelines for web content ask of normal text
 
 QPalette Desktop(bool dark) {
     if (!dark) return QApplication::style()->standardPalette();
@@ -43,7 +43,7 @@ QPalette Desktop(bool dark) {
         palette.setColor(role, QColor(235, 235, 235));
         palette.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
     }
-    palette.setColor(QPalette::PlaceholderText, QColor(130, 130, 130)); // too faint
+    palette.setColor(QPalette::PlaceholderText, QColor(130, 130, 130)); // below kReadable
     palette.setColor(QPalette::ToolTipBase, QColor(60, 60, 50));
     palette.setColor(QPalette::ToolTipText, QColor(235, 235, 235));
     palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
@@ -54,10 +54,10 @@ QPalette Desktop(bool dark) {
 struct Place {
     QString name;
     QWidget *widget;
-    QRect rect; // in it, of the text alone
+    QRect rect; // of the text alone, in the widget
 };
 
-// Of a text of that width that is drawn into `rect`.
+// Where a text stands that is drawn into `rect` with that alignment.
 QRect Drawn(const QWidget &widget, const QString &text, Qt::Alignment alignment, const QRect &rect) {
     const QString shown = QString(text).remove(u'&');
     const QSize size = widget.fontMetrics().size(0, shown).boundedTo(rect.size());
@@ -136,7 +136,7 @@ std::vector<Place> PlacesOf(QWidget &window) {
     return places;
 }
 
-// What most pixels have.
+// The colour of most pixels.
 QColor Ground(const QImage &image) {
     std::map<QRgb, int> counts;
     for (int y = 0; y < image.height(); ++y)
@@ -146,7 +146,7 @@ QColor Ground(const QImage &image) {
         ->first;
 }
 
-// The strongest of the pixels in which letters differ from the ground; their edges are blended with it.
+// That of the pixel that differs most from the ground: the edges of letters are blended with it.
 double ContrastOf(const QImage &image) {
     const QColor ground = Ground(image);
     double best = 1;
@@ -168,7 +168,7 @@ protected:
         QApplication::setPalette(QPalette());
         QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
     }
-    // How many texts were measured.
+    // Measures all texts, and gives how many they are.
     int Measure(QWidget &window) {
         int measured = 0;
         for (const Place &place : PlacesOf(window)) {

@@ -25,7 +25,7 @@ struct CopiedDates : Strips {
         ProcessEvents();
         ASSERT_TRUE(Months().isEmpty());
     }
-    // Of the selected nodes, by their texts.
+    // "text:date" of each selected node, sorted.
     QStringList Selected(frmMain &in) {
         QStringList dates;
         for (const diagram::Node *each : in.CurrentSurface().SelectedNodes())

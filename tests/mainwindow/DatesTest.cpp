@@ -35,9 +35,8 @@ TEST_F(Dates, TheFormShowsTheDateThatTheNodeHas) {
     ConfirmSetupUnseen();
     Press(window, QStringLiteral("Ctrl+T"));
     desktop.ExpectForm<timeline::DateFormArgument>([](timeline::DateFormArgument &argument) {
-        auto &form = argument;
-        EXPECT_EQ(form.date, QDate(2004, 3, 14));
-        form.date.reset();
+        EXPECT_EQ(argument.date, QDate(2004, 3, 14));
+        argument.date.reset();
         return true;
     });
     Press(window, QStringLiteral("Ctrl+T"));
@@ -112,9 +111,8 @@ TEST_F(Dates, ACancelledSetupLeavesTheSliceAsItWas) {
 
 TEST_F(Dates, TheDefaultNodeAndTheFirstLevelShareOneColour) {
     desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
-        auto &setup = argument;
-        EXPECT_TRUE(setup.asTemplate);
-        timeline::frmTimelineSetup form(setup, nullptr);
+        EXPECT_TRUE(argument.asTemplate);
+        timeline::frmTimelineSetup form(argument, nullptr);
         EXPECT_EQ(form.windowTitle(), QStringLiteral("Default Node Setup"));
         form.findChild<QComboBox *>(QStringLiteral("cboShape"))->setCurrentIndex(4);
         form.OKButton_Click();
@@ -216,7 +214,6 @@ TEST_F(Strips, ADatedNodeTellsItsDateUnderThePointer) {
     const diagram::Node &plain = AddNode(window, 6000, 3000, QStringLiteral("Plain"));
     EXPECT_FALSE(TipAt(plain.Bounds().center()).contains(QStringLiteral("2004")));
     EXPECT_TRUE(TipAt(node.Bounds().center()).contains(QStringLiteral("14 March 2004")));
-    QToolTip::hideText();
 }
 
 TEST_F(Strips, DraggedWithAltADatedNodeGoesToTheDayUnderThePointerAsOneStep) {
@@ -247,11 +244,7 @@ TEST_F(Strips, EscapeGivesTheDragUp) {
     QWidget *viewport = window.CurrentView().viewport();
     const QPoint start = PixelOf(window, box.center() + QPointF(150, 150)), end = start + QPoint(60, 0);
     QTest::mousePress(viewport, Qt::LeftButton, Qt::AltModifier, start);
-    for (const QPoint &at : {start + QPoint(30, 0), end}) {
-        QMouseEvent move(QEvent::MouseMove, at, viewport->mapToGlobal(at), Qt::NoButton, Qt::LeftButton,
-                         Qt::AltModifier);
-        QApplication::sendEvent(viewport, &move);
-    }
+    for (const QPoint &at : {start + QPoint(30, 0), end}) MoveHeld(*viewport, at, Qt::AltModifier);
     EXPECT_NE(node.Bounds(), box);
     Press(window, QStringLiteral("Esc"));
     QTest::mouseRelease(viewport, Qt::LeftButton, {}, end);
@@ -273,10 +266,7 @@ TEST_F(Strips, TheLinkGoesWithItsNode) {
     QWidget *viewport = window.CurrentView().viewport();
     const QPoint start = PixelOf(window, box.center() + QPointF(150, 150));
     QTest::mousePress(viewport, Qt::LeftButton, {}, start);
-    for (const QPoint &at : {start + QPoint(60, 0), start + QPoint(90, -60)}) {
-        QMouseEvent move(QEvent::MouseMove, at, viewport->mapToGlobal(at), Qt::NoButton, Qt::LeftButton, {});
-        QApplication::sendEvent(viewport, &move);
-    }
+    for (const QPoint &at : {start + QPoint(60, 0), start + QPoint(90, -60)}) MoveHeld(*viewport, at);
     EXPECT_NE(node.Bounds(), box);
     EXPECT_TRUE(touches()) << "while it is dragged";
     QTest::mouseRelease(viewport, Qt::LeftButton, {}, start + QPoint(90, -60));

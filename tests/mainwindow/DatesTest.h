@@ -12,15 +12,12 @@
 #include "timeline/TimelineNodes.h"
 
 #include <QApplication>
-#include <QHelpEvent>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QTest>
-#include <QToolTip>
 
 namespace mainwindow::testing {
 
-// The program asks for the look of the months; the user takes what it offers.
+// The program asks for the look of the months, and the user takes what it offers.
 inline void ConfirmSetupUnseen(support::testing::ScriptedDesktop &desktop) {
     desktop.ExpectMessageContaining(QStringLiteral("You have not configured your timeline Nodes yet."),
                                     support::Answer::No);
@@ -28,6 +25,16 @@ inline void ConfirmSetupUnseen(support::testing::ScriptedDesktop &desktop) {
         timeline::frmTimelineSetup form(argument, nullptr);
         form.OKButton_Click();
         return true;
+    });
+}
+
+// The form of the date is shown, and the user enters that text in it.
+inline void EnterDateUnseen(support::testing::ScriptedDesktop &desktop, const QString &text) {
+    desktop.ExpectForm<timeline::DateFormArgument>([text](timeline::DateFormArgument &argument) {
+        timeline::frmDate form(argument, nullptr);
+        form.findChild<QLineEdit *>(QStringLiteral("txtDate"))->setText(text);
+        form.accept();
+        return form.result() == QDialog::Accepted;
     });
 }
 
@@ -41,17 +48,11 @@ struct Dates : WindowTest {
         ProcessEvents();
     }
 
-    // What the user does in the form of the date.
+    // What the user will enter in the form of the date.
     void EnterDate(int year, int month, int day) { EnterDate(QDate(year, month, day).toString(Qt::ISODate)); }
-    void EnterDate(const QString &text) {
-        desktop.ExpectForm<timeline::DateFormArgument>([=](timeline::DateFormArgument &argument) {
-            timeline::frmDate form(argument, nullptr);
-            form.findChild<QLineEdit *>(QStringLiteral("txtDate"))->setText(text);
-            form.accept();
-            return form.result() == QDialog::Accepted;
-        });
-    }
+    void EnterDate(const QString &text) { EnterDateUnseen(desktop, text); }
     void ConfirmSetupUnseen() { testing::ConfirmSetupUnseen(desktop); }
+    // The texts of the months.
     QStringList Months() {
         QStringList texts;
         for (const diagram::Node *month : timeline::LocateTimelineNodes(window.CurrentSurface()))
@@ -79,21 +80,14 @@ struct Strips : Dates {
         const QPointF at = window.CurrentView().FromSurface(twips) * seen.devicePixelRatio();
         return QColor(seen.toImage().pixel(int(at.x()), int(at.y())));
     }
-    // As a user who left the window and comes back to it.
+    // The user leaves the window and comes back to it on that day.
     void ComeBackOn(const QDate &day) {
         desktop.clock.now = QDateTime(day, QTime(9, 0));
         window.CurrentView().clearFocus();
         window.CurrentView().setFocus();
         ProcessEvents();
     }
-    QString TipAt(const QPointF &twips) {
-        QToolTip::hideText();
-        QWidget *viewport = window.CurrentView().viewport();
-        const QPoint at = PixelOf(window, twips);
-        QHelpEvent help(QEvent::ToolTip, at, viewport->mapToGlobal(at));
-        QApplication::sendEvent(viewport, &help);
-        return QToolTip::text();
-    }
+    QString TipAt(const QPointF &twips) { return WindowTest::TipAt(window, twips); }
 };
 
 } // namespace mainwindow::testing

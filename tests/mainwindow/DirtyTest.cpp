@@ -1,4 +1,5 @@
-// What marks the map as changed, and what leaves it as it was: one row a way of doing it.
+// What marks the map as changed (Dirty), and what leaves that mark as it was: a row for each thing that a
+// user can do.
 #include "diagram/edit/History.h"
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/PropertyForms.h"
@@ -10,17 +11,14 @@
 #include <QComboBox>
 #include <QImage>
 #include <QLineEdit>
-#include <QMimeData>
-#include <QMouseEvent>
 #include <QTest>
 #include <QToolBar>
-#include <QUrl>
 
 namespace mainwindow::testing {
 
 namespace {
 
-// A window with two linked nodes, the first of them selected, and the deeds of its user.
+// A window with two linked nodes, the first of them selected, and what its user can do.
 class Deeds : public WindowTest {
 protected:
     frmMain &Prepare() {
@@ -63,7 +61,6 @@ public:
     diagram::Link *link = nullptr;
 };
 
-// The rows of the buttons are added by their keys.
 const std::vector<Deeds::Row> &Deeds::Rows() {
     static const std::vector<Row> rows{
         {"draw a node", true,
@@ -152,15 +149,13 @@ const std::vector<Deeds::Row> &Deeds::Rows() {
         {"a drag given up", false,
          [](Deeds &t, frmMain &w) {
              QWidget *viewport = w.CurrentView().viewport();
-             QTest::mousePress(viewport, Qt::LeftButton, {}, PixelOf(w, t.Body()));
-             QMouseEvent move(QEvent::MouseMove, PixelOf(w, t.Body()) + QPoint(80, 80),
-                              viewport->mapToGlobal(PixelOf(w, t.Body()) + QPoint(80, 80)), Qt::NoButton,
-                              Qt::LeftButton, Qt::NoModifier);
-             QApplication::sendEvent(viewport, &move);
+             const QPoint from = PixelOf(w, t.Body()), to = from + QPoint(80, 80);
+             QTest::mousePress(viewport, Qt::LeftButton, {}, from);
+             MoveHeld(*viewport, to);
              ASSERT_NE(t.first->Left(), 300);
              t.Press(w, QStringLiteral("Esc"));
              ASSERT_EQ(t.first->Left(), 300);
-             QTest::mouseRelease(viewport, Qt::LeftButton, {}, PixelOf(w, t.Body()) + QPoint(80, 80));
+             QTest::mouseRelease(viewport, Qt::LeftButton, {}, to);
          }},
         {"zoom", false,
          [](Deeds &t, frmMain &w) {

@@ -44,7 +44,7 @@ struct Display : WindowTest {
     }
     void Run(const char *key) { window.SmartMenuXP1_Click(QLatin1String(key)); }
     void ClickDisplay() { window.ClickFormatButton(QStringLiteral("DISPLAY")); }
-    // What a text file of the picture would say.
+    // Which of the texts a picture of the slice shows.
     QString Seen() {
         return WordsOf(diagram::ExportPicture(window.CurrentSurface(), diagram::PictureFormat::Svg));
     }
@@ -162,7 +162,7 @@ TEST_F(Display, ASaveWithItPressedLeavesTheMapCleanAndTheFileWithoutIt) {
     EXPECT_FALSE(document::MustAskBeforeLosing(window));
     EXPECT_EQ(node->ShownText(), kBoth);
     frmMain &second = NewWindow();
-    window.clsSettings().SetDatabase(QString()); // else the file would be shown where it is open
+    window.clsSettings().SetDatabase(QString()); // else the open would only bring this window forward
     second.DoOpen(path, false);
     for (const int slot : {0, 1}) {
         const diagram::Node &read = second.AddFlow1()[slot].Nodes().Item(1);

@@ -28,22 +28,12 @@ protected:
         EXPECT_TRUE(image.save(MapFile(name), "PNG"));
         return MapFile(name);
     }
-    // Drags the file to a place on the current surface (twips) and lets it fall.
+    // Drags the file to a place on the current surface (twips) and drops it.
     void DropAt(frmMain &window, const QString &path, const QPointF &twips) {
         ProcessEvents();
-        const QPoint at = window.CurrentView().viewport()->mapTo(&window, PixelOf(window, twips));
-        QMimeData dragged;
-        dragged.setUrls({QUrl::fromLocalFile(path)});
-        QDragEnterEvent enter(at, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &enter);
-        EXPECT_TRUE(enter.isAccepted());
-        QDragMoveEvent move(at, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &move);
-        EXPECT_TRUE(move.isAccepted());
-        said = Status(window);
-        QDropEvent drop(at, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &drop);
-        EXPECT_TRUE(drop.isAccepted());
+        const DropOutcome outcome = DropFile(window, path, twips);
+        EXPECT_TRUE(outcome.IsTaken());
+        hint = outcome.hint;
         ProcessEvents();
     }
     static DropMenu *Menu(frmMain &window) { return window.findChild<DropMenu *>(); }
@@ -53,7 +43,7 @@ protected:
         QTest::keyClick(&menu, Qt::Key_Return);
         ProcessEvents();
     }
-    QString said; // by the status bar before the file fell
+    QString hint; // of the status bar, before the last drop
     static constexpr int kAttach = 0, kPicture = 1, kCancel = 3;
 };
 
@@ -61,7 +51,7 @@ TEST_F(Drop, AFileOnANodeIsOfferedThere) {
     frmMain &window = NewWindow();
     AddNode(window, 300, 300);
     DropAt(window, SavedPicture(QStringLiteral("R&D.png")), {900, 500});
-    EXPECT_EQ(said, QStringLiteral("Drop the file to attach it to this Node or to show it there"));
+    EXPECT_EQ(hint, QStringLiteral("Drop the file to attach it to this Node or to show it there"));
     EXPECT_EQ(Status(window), QString());
     ASSERT_NE(Menu(window), nullptr);
     EXPECT_TRUE(Menu(window)->isVisible());
@@ -152,7 +142,7 @@ TEST_F(Drop, AMapBesideTheNodesOpens) {
     document::MarkSaved(window);
     const QString map = SavedMap(QStringLiteral("plan.map"), 3);
     DropAt(window, map, {6000, 4500});
-    EXPECT_EQ(said, QStringLiteral("Drop a Map to open it, a picture to add it as a Node"));
+    EXPECT_EQ(hint, QStringLiteral("Drop a Map to open it, a picture to add it as a Node"));
     EXPECT_EQ(window.clsSettings().Database(), map);
     EXPECT_EQ(window.CurrentSurface().Nodes().Count(), 3);
 }

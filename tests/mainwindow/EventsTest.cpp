@@ -137,10 +137,11 @@ TEST_F(Events, DeleteAsksForLinksThatAreStillSelected) {
 
 TEST_F(Events, ShiftTurnsTheShiftModeOnWhileItIsHeld) {
     frmMain &window = NewWindow();
-    int shift = 16;
+    constexpr int kShiftKey = 16;
+    int shift = kShiftKey;
     window.AddFlow1_KeyDown(0, shift, diagram::keys::kShift);
     EXPECT_TRUE(window.CurrentSurface().Screen().ShiftMode());
-    window.AddFlow1_KeyUp(0, 16, 0);
+    window.AddFlow1_KeyUp(0, kShiftKey, 0);
     EXPECT_FALSE(window.CurrentSurface().Screen().ShiftMode());
     window.AddFlow1_KeyDown(0, shift, diagram::keys::kShift | diagram::keys::kCtrl);
     EXPECT_FALSE(window.CurrentSurface().Screen().ShiftMode());

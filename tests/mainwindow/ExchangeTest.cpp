@@ -27,7 +27,7 @@ const QString kQuestion =
     QStringLiteral("Would you like to REPLACE the existing map or create a NEW Map to import into?\r\rYES to "
                    "REPLACE\rNO to import into a NEW Map\rCANCEL to Cancel");
 
-// Of items with other identities the same.
+// The bytes of the surface file, the same whatever identities the items have.
 QByteArray ContentOf(const diagram::Surface &surface) {
     diagram::Surface copy;
     diagram::LoadBytes(copy, diagram::SaveBytes(surface));
@@ -51,7 +51,7 @@ protected:
         desktop.ExpectSaveFile(MapFile(QStringLiteral("out.flt")), row);
         window.SmartMenuXP1_Click(QStringLiteral("mnuFileExport"));
     }
-    // A text file with the node "New", which then is "Idea" in the window.
+    // Writes a text file with the node "New" to the path "in"; the window's node is "Idea" afterwards.
     void MakeTable() {
         diagram::Node &node = AddNode(window, 0, 0, QStringLiteral("New"));
         window.clsSettings().SetDatabase(MapFile(QStringLiteral("plan.map")));
@@ -65,7 +65,7 @@ protected:
         file.Write(bytes + rows);
         file.Commit();
     }
-    // The texts of the nodes in sight.
+    // The texts of the nodes that are not hidden.
     QStringList Texts(int slice) {
         QStringList texts;
         for (const diagram::Node &node : window.AddFlow1()[slice].Nodes())
@@ -212,7 +212,7 @@ TEST_F(Exchange, CancelImportsNothing) {
     EXPECT_TRUE(Status(window).isEmpty());
 }
 
-// Two ways to fail: before anything is read, and at the last row.
+// A file of another format fails before anything is read, one with a bad row at that row.
 TEST_F(Exchange, AReplacingImportThatFailsLeavesTheSliceAsItWas) {
     MakeTable();
     diagram::Surface &surface = window.CurrentSurface();
@@ -263,7 +263,7 @@ TEST_F(Exchange, AnImportThatFailsLeavesUnsavedWorkUnsaved) {
     EXPECT_TRUE(window.clsSettings().Dirty);
 }
 
-// So many rows take far longer than anybody waits.
+// So many rows that the import cannot end before Escape arrives.
 TEST_F(Exchange, EscapeGivesALongImportUpWithNothingChanged) {
     MakeTable();
     AppendToTable(QByteArray(",\r\n").repeated(20'000'000));

@@ -1,4 +1,4 @@
-// A desktop on which no message can be shown.
+// A desktop on which showing a message fails with error 5.
 #pragma once
 
 #include "support/testing/ScriptedDesktop.h"
@@ -14,7 +14,7 @@ public:
     QString InputBox(const QString &, const QString &, const QString &) override { return {}; }
 };
 
-// The desktop with other boxes.
+// The desktop with those boxes in place of its own.
 inline support::Desktop WithBoxes(const support::Desktop &doors, support::MessageBoxes &boxes) {
     return {boxes,        doors.dialogs,  doors.launcher, doors.clock,     doors.memory,    doors.registry,
             doors.random, doors.printers, doors.identity, doors.fileIcons, doors.dialogHost};

@@ -1,45 +1,17 @@
 #include "dialogs/PropertyForms.h"
 #include "document/Filter.h"
-#include "document/Tags.h"
-#include "mainwindow/cStatusBar.h"
-#include "mainwindow/TickBox.h"
 #include "tests/document/Slices.h"
-#include "tests/mainwindow/WindowTest.h"
+#include "tests/mainwindow/FilterTest.h"
 
-#include <QAbstractItemView>
 #include <QStatusBar>
-#include <QTest>
 #include <QToolButton>
 
 namespace mainwindow::testing {
 
 namespace {
 
-// The map's groups are "Sales" and, ticked, "Finance"; its levels "1" and, ticked, "2".
-struct FilterBoxes : WindowTest {
-    frmMain &window = NewWindow();
-    TickBox &groups = window.ssDBGroups(), &levels = window.ssDBLevels();
-
-    diagram::Node &Tagged(int group, int level) {
-        diagram::Node &node = AddNode(window, 300, 300);
-        document::SetTag(node, document::tags::kGroup, window.clsSettings().Groups().Item(group).Key);
-        document::SetTag(node, document::tags::kLevel, window.clsSettings().Levels().Item(level).Key);
-        return node;
-    }
-    void ClickRow(TickBox &box, int row) {
-        QAbstractItemView *list = box.view();
-        const QRect at = list->visualRect(list->model()->index(row, 0));
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at.center());
-        ProcessEvents();
-    }
-    void Open(TickBox &box) {
-        QTest::mouseClick(&box, Qt::LeftButton);
-        ProcessEvents();
-    }
-    void Close(TickBox &box) {
-        QTest::keyClick(box.view(), Qt::Key_Escape);
-        ProcessEvents();
-    }
+struct FilterBoxes : FilterTest {
+    // The button in the status bar that tells how many nodes are hidden.
     QToolButton &Chip() { return *window.findChild<QToolButton *>(QStringLiteral("HIDDEN")); }
 };
 
@@ -59,7 +31,6 @@ TEST_F(FilterBoxes, SeveralRowsAreTickedWithoutOpeningTheListAgain) {
     window.clsSettings().Groups().Create(QStringLiteral("Staff"), false);
     window.LoadCombos();
     Open(groups);
-    ASSERT_TRUE(groups.view()->isVisible());
     ClickRow(groups, 0);
     ClickRow(groups, 2);
     ClickRow(groups, 1);
@@ -249,7 +220,7 @@ TEST_F(FilterBoxes, LevelSetupThatWasCancelledOrChangedNoColourRepaintsNothing) 
     }
 }
 
-// The form has changed nothing then, but what it shows is looked at anew.
+// A cancelled form has changed nothing, yet list and filter are brought up to date from the levels.
 TEST_F(FilterBoxes, LevelSetupThatWasCancelledFillsTheListAndAppliesTheFilterToo) {
     diagram::Node &node = Tagged(2, 2);
     desktop.ExpectForm<dialogs::LevelsFormArgument>([](dialogs::LevelsFormArgument &argument) {

@@ -2,45 +2,21 @@
 #include "diagram/model/Actions.h"
 #include "diagram/model/Revision.h"
 #include "diagram/view/SurfaceView.h"
-#include "document/Tags.h"
-#include "mainwindow/TickBox.h"
-#include "tests/mainwindow/WindowTest.h"
+#include "tests/mainwindow/FilterTest.h"
 #include "timeline/TimelineNodes.h"
 
-#include <QAbstractItemView>
-#include <QTest>
 #include <QToolButton>
 
 namespace mainwindow::testing {
 
 namespace {
 
-// The map's groups are "Sales" and, ticked, "Finance"; its levels "1" and, ticked, "2".
-struct FilterLists : WindowTest {
-    frmMain &window = NewWindow();
-    TickBox &groups = window.ssDBGroups(), &levels = window.ssDBLevels();
-
-    diagram::Node &Tagged(int group, int level, float left = 300) {
-        diagram::Node &node = AddNode(window, left, 300);
-        document::SetTag(node, document::tags::kGroup, window.clsSettings().Groups().Item(group).Key);
-        document::SetTag(node, document::tags::kLevel, window.clsSettings().Levels().Item(level).Key);
+struct FilterLists : FilterTest {
+    // Such a node in the colour that IsPainted looks for.
+    diagram::Node &Coloured(int group, int level, float left = 300) {
+        diagram::Node &node = Tagged(group, level, left);
         node.SetFillColor(support::Rgb(10, 200, 30));
         return node;
-    }
-    void Open(TickBox &box) {
-        QTest::mouseClick(&box, Qt::LeftButton);
-        ProcessEvents();
-        ASSERT_TRUE(box.view()->isVisible());
-    }
-    void Close(TickBox &box) {
-        QTest::keyClick(box.view(), Qt::Key_Escape);
-        ProcessEvents();
-    }
-    void ClickRow(TickBox &box, int row) {
-        QAbstractItemView *list = box.view();
-        const QRect at = list->visualRect(list->model()->index(row, 0));
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at.center());
-        ProcessEvents();
     }
     void PressButton(TickBox &box, const char *name) {
         auto *button = box.view()->findChild<QToolButton *>(QLatin1String(name));
@@ -74,7 +50,7 @@ TEST_F(FilterLists, AllAndNoneTickEveryRowAndTheListStaysOpen) {
 }
 
 TEST_F(FilterLists, AllAndNoneHaveKeysWhichTheWindowDoesNotTake) {
-    diagram::Node &node = Tagged(2, 2);
+    diagram::Node &node = Coloured(2, 2);
     levels.setFocus();
     QTest::keyClick(&levels, Qt::Key_Down);
     ProcessEvents();
@@ -125,7 +101,7 @@ TEST_F(FilterLists, TheTipTellsWhatIsTicked) {
 }
 
 TEST_F(FilterLists, WhileAListIsOpenTheScreenShowsWhatItsTicksWouldLeave) {
-    diagram::Node &finance = Tagged(2, 2), &sales = Tagged(1, 2, 4000);
+    diagram::Node &finance = Coloured(2, 2), &sales = Coloured(1, 2, 4000);
     sales.Links().Add(finance).SetStyle(6);
     window.ssDBGroups_CloseUp();
     ASSERT_TRUE(sales.Hidden());
@@ -160,7 +136,7 @@ TEST_F(FilterLists, WhileAListIsOpenTheScreenShowsWhatItsTicksWouldLeave) {
 }
 
 TEST_F(FilterLists, ASelectedNodeThatThePreviewHidesShowsNoHandles) {
-    diagram::Node &node = Tagged(2, 2);
+    diagram::Node &node = Coloured(2, 2);
     ProcessEvents();
     const QImage empty = [&] {
         node.SetHidden(true);
@@ -176,14 +152,14 @@ TEST_F(FilterLists, ASelectedNodeThatThePreviewHidesShowsNoHandles) {
     EXPECT_EQ(window.CurrentView().viewport()->grab().toImage(), empty);
 }
 
-TEST_F(FilterLists, AClickOutsideAListThatOnlyChangedItsCodeShowsNoPreview) {
-    diagram::Node &node = Tagged(2, 2);
+TEST_F(FilterLists, ATickWhileNoListIsOpenShowsNoPreview) {
+    diagram::Node &node = Coloured(2, 2);
     window.ssDBGroups_Click(1);
     EXPECT_TRUE(IsPainted(node)) << "no list is open that could end it";
 }
 
 TEST_F(FilterLists, MonthsStayAsTheMenuSaysInThePreview) {
-    diagram::Node &node = Tagged(2, 2);
+    diagram::Node &node = Coloured(2, 2);
     diagram::Surface &surface = window.CurrentSurface();
     timeline::LocateTimelineNode(surface, QStringLiteral("17 May 2024"), true, &node);
     diagram::Node &month = *timeline::LocateTimelineNodes(surface).front();
@@ -208,7 +184,7 @@ TEST_F(FilterLists, MonthsStayAsTheMenuSaysInThePreview) {
 }
 
 TEST_F(FilterLists, TwoWindowsHaveTheirOwnPreviews) {
-    diagram::Node &node = Tagged(2, 2);
+    diagram::Node &node = Coloured(2, 2);
     frmMain &other = NewWindow();
     QTest::mouseClick(&other.ssDBGroups(), Qt::LeftButton);
     ProcessEvents();

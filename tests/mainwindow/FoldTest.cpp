@@ -31,12 +31,6 @@ struct Folds : Strips {
     bool Folded(int number) {
         return timeline::IsFolded(surface, timeline::PieceAround(StripPiece::Month, QDate(2004, number, 1)));
     }
-    void Twice(const QPointF &twips) {
-        QWidget *viewport = window.CurrentView().viewport();
-        QTest::mouseClick(viewport, Qt::LeftButton, {}, PixelOf(window, twips));
-        QTest::mouseDClick(viewport, Qt::LeftButton, {}, PixelOf(window, twips));
-        ProcessEvents();
-    }
     QAction &Entry(const char *key) { return *window.findChild<TimelineMenu *>()->Item(QLatin1String(key)); }
     void Run(const char *key) { window.SmartMenuXP1_Click(QLatin1String(key)); }
 };
@@ -46,7 +40,7 @@ struct Folds : Strips {
 TEST_F(Folds, ADoubleClickOnAMonthFoldsAndUnfoldsItAsOneStep) {
     const QPointF middle = Month(4).Bounds().center();
     window.clsSettings().Dirty = false;
-    Twice(middle);
+    DoubleClick(window, middle);
     EXPECT_TRUE(Folded(4));
     EXPECT_EQ(Month(5).Left(), 3100 + timeline::kSliver);
     EXPECT_TRUE(window.clsSettings().Dirty);
@@ -54,26 +48,28 @@ TEST_F(Folds, ADoubleClickOnAMonthFoldsAndUnfoldsItAsOneStep) {
     EXPECT_FALSE(Folded(4));
     Press(window, QStringLiteral("Ctrl+Y"));
     EXPECT_TRUE(Folded(4));
-    Twice(Month(4).Bounds().center());
+    DoubleClick(window, Month(4).Bounds().center());
     EXPECT_FALSE(Folded(4));
     EXPECT_EQ(Month(5).Left(), 6200);
 }
 
 TEST_F(Folds, TheBandsFoldTheirQuartersAndYears) {
-    const double quarters = 450 + 100, years = 450 + 270 + 100; // below the strip
-    Twice({4000, quarters});
+    constexpr double kStrip = 450, kBand = diagram::kBandThickness,
+                     kInside = 100; // heights, and a place in a band
+    const double quarters = kStrip + kInside, years = kStrip + kBand + kInside;
+    DoubleClick(window, {4000, quarters});
     EXPECT_EQ(Month(4).Bounds(), Month(5).Bounds());
     EXPECT_FALSE(Folded(3));
-    Twice({200, years});
+    DoubleClick(window, {200, years});
     EXPECT_EQ(Month(3).Bounds(), Month(5).Bounds());
     EXPECT_EQ(surface.SelectedNodes().size(), 0u);
-    Twice({200, years});
+    DoubleClick(window, {200, years});
     EXPECT_EQ(Month(5).Left(), 6200);
 }
 
 TEST_F(Folds, TheTooltipAndTheScreenReaderTellOfIt) {
     EXPECT_TRUE(TipAt(Month(5).Bounds().center()).contains(QStringLiteral("A double click folds it")));
-    Twice(Month(5).Bounds().center());
+    DoubleClick(window, Month(5).Bounds().center());
     EXPECT_TRUE(TipAt(Month(5).Bounds().center()).contains(QStringLiteral("May 2004, folded, 2 nodes")));
     EXPECT_EQ(ItemDescription(Month(5), window.clsSettings()), QStringLiteral("folded, 2 nodes"));
     EXPECT_EQ(ItemDescription(Month(4), window.clsSettings()), QString());
@@ -141,7 +137,7 @@ TEST_F(Folds, TheKeyboardFoldsMonthsWithoutNodes) {
 }
 
 TEST_F(Folds, AFilterListLeavesFoldsAsTheyAre) {
-    Twice(Month(4).Bounds().center());
+    DoubleClick(window, Month(4).Bounds().center());
     const QRectF sliver = Month(4).Bounds();
     window.ssDBLevels_CloseUp();
     EXPECT_EQ(Month(4).Bounds(), sliver);
@@ -153,7 +149,7 @@ TEST_F(Folds, AFilterListLeavesFoldsAsTheyAre) {
 
 TEST_F(Folds, ADragAcrossAFoldedStripKeepsTheDate) {
     timeline::SetKeepsNodesAtDates(surface, true);
-    Twice(Month(3).Bounds().center());
+    DoubleClick(window, Month(3).Bounds().center());
     const QPoint from = PixelOf(window, node.Bounds().center());
     QWidget *viewport = window.CurrentView().viewport();
     QTest::mousePress(viewport, Qt::LeftButton, {}, from);

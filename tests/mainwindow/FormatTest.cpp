@@ -47,8 +47,8 @@ TEST_F(Format, FontButtonsFlipEachItemByItself) {
     EXPECT_TRUE(plain.Font().Underline());
 }
 
-// Of three places in a family, top, middle and bottom, the buttons keep the place: left has the values from 0
-// on, right those from 3, center those from 6.
+// Alignments are families of three, top, middle and bottom: left has the values from 0 on, right those from
+// 3, center those from 6. The buttons change the family and keep the place in it.
 TEST_F(Format, LeftCenterAndRightChangeTheFamilyOfEverySelectedNode) {
     frmMain &window = NewWindow();
     std::vector<diagram::Node *> nodes;
@@ -106,8 +106,6 @@ TEST_F(Format, NewAddsASelectedElementInOneStep) {
     window.tlbFormat_ButtonClick(QStringLiteral("NEW"));
     EXPECT_EQ(window.CurrentSurface().Nodes().Item(2).Shape(), 0);
 }
-
-namespace {} // namespace
 
 TEST_F(Format, AnErrorOfAButtonLeavesNoGroupOpen) {
     FailingBoxes boxes;

@@ -24,7 +24,7 @@ using Forms = WindowTest;
 
 namespace {
 
-// Notes what the splash says each time that it is painted.
+// Collects the texts that the splash is painted with.
 class SplashReader : public QObject {
 public:
     explicit SplashReader(frmSplash &splash) : splash_(splash) { splash.installEventFilter(this); }

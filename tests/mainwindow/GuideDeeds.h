@@ -1,4 +1,4 @@
-// What both the README and the guide tell, or more than one of their tables.
+// Steps that are told more than once: by the README and the guide, or by several of their tables.
 #pragma once
 
 #include "tests/mainwindow/GuideReader.h"

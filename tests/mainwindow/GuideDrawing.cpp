@@ -16,7 +16,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMouseEvent>
 #include <QTest>
 
 namespace mainwindow::testing {
@@ -235,7 +234,7 @@ void ChooseAFont(Reader &r) {
     EXPECT_NE(r.a->Font().Name(), QStringLiteral("Some Font"));
 }
 
-// By the letters of the menu's entries.
+// Chooses by the letters of the menu's entries.
 void ChooseInArrange(Reader &r, std::initializer_list<Qt::Key> letters) {
     for (QAction *menu : r.window->menuBar()->actions())
         if (menu->objectName() == QLatin1String("mnuArrange")) menu->menu()->popup(QPoint());
@@ -348,8 +347,7 @@ void GiveUp(Reader &r) {
         const QPoint start = r.window->CurrentView().FromSurface(from).toPoint();
         const QPoint to = start + QPoint(90, -30);
         QTest::mousePress(viewport, Qt::LeftButton, {}, start);
-        QMouseEvent move(QEvent::MouseMove, to, viewport->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
-        QApplication::sendEvent(viewport, &move);
+        MoveHeld(*viewport, to);
         r.Press("Esc");
         QTest::mouseRelease(viewport, Qt::LeftButton, {}, to);
         r.ProcessEvents();
@@ -387,9 +385,8 @@ constexpr ToldStep kDrawing[] = {
      Bend},
     {"join a link elsewhere | drag its end to another node", JoinElsewhere},
     {"write | double click a node, or select and type, or F2; Enter is a new line, Ctrl+Enter or a click "
-     "elsewhere ends, Escape "
-     "gives up. Ctrl+S saves what is typed so far, and typing goes on. Labels of links are written the same "
-     "way",
+     "elsewhere ends, Escape gives up. Ctrl+S saves what is typed so far, and typing goes on. Labels of "
+     "links are written the same way",
      Write},
     {"read | rest the pointer on a text that is cut off or too small", Read},
     {"delete | Del; links of deleted nodes go too, and you are asked first", Delete},

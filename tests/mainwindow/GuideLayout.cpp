@@ -7,7 +7,7 @@ namespace mainwindow::testing {
 
 namespace {
 
-// The first leads to the two others, which stand on its place.
+// Links the first node to the two others, and puts these onto its place.
 void HangTwoOnTheFirst(Reader &r) {
     r.Join(*r.a, *r.b);
     r.Join(*r.a, *r.c);
@@ -86,12 +86,10 @@ constexpr ToldStep kLayouts[] = {
      "springs",
      LayOut<kOrganic>},
     {"see who is linked with whom | *Layout, Circular*: circles on which few links cross, with ends of "
-     "single "
-     "links outside",
+     "single links outside",
      LayOut<kCircular>},
     {"lay out by levels | *Layout, By Level*: a lane for each level, in the order of the list; the links "
-     "lead "
-     "along the lanes",
+     "lead along the lanes",
      LayOutByLevels},
     {"lay out a part | select its nodes, *Layout, Lay Out Selection*: only these move, in layers about the "
      "middle of where they were or beside it, so that they cover nothing else",

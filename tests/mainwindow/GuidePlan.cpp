@@ -21,7 +21,7 @@ void Trigger(Reader &r, const char *entry) {
 }
 
 // The first node on 14 March 2004, the second on the 20th, the third without a date; the strip at the top, a
-// month 3100 wide.
+// month 3100 twips wide.
 void Plan(Reader &r) {
     {
         const diagram::ActionGroup group(r.Surface());
@@ -38,23 +38,14 @@ void Plan(Reader &r) {
 
 double Centre(const diagram::Node &node) { return node.Bounds().center().x(); }
 
-void ExpectText(Reader &r, const QString &text) {
-    r.desktop.ExpectForm<timeline::DateFormArgument>([=](timeline::DateFormArgument &argument) {
-        timeline::frmDate form(argument, nullptr);
-        form.findChild<QLineEdit *>(QStringLiteral("txtDate"))->setText(text);
-        form.accept();
-        return form.result() == QDialog::Accepted;
-    });
-}
-
 void EnterText(Reader &r, const QString &text) {
-    ExpectText(r, text);
+    EnterDateUnseen(r.desktop, text);
     r.Press("Ctrl+T");
 }
 
 void DateANode(Reader &r) {
     r.Click(Reader::Body(*r.a));
-    ExpectText(r, QStringLiteral("14 March 2004"));
+    EnterDateUnseen(r.desktop, QStringLiteral("14 March 2004"));
     r.desktop.ExpectMessageContaining(QStringLiteral("You have not configured your timeline Nodes yet."),
                                       support::Answer::No);
     r.desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &argument) {
@@ -168,8 +159,7 @@ constexpr ToldStep kPlan[] = {
     {"put nodes at their dates | Ctrl+Shift+T for once, *View, Dates, Keep nodes at their dates* for good",
      PutAtDates},
     {"change a date | with that switch on, drag the node along the months; across them it only goes to "
-     "another "
-     "row",
+     "another row",
      DragToAnotherDate},
     {"move several dates | select the nodes and press Ctrl+Alt+PgDn or Ctrl+Alt+PgUp, with Shift for a week; "
      "or Ctrl+T and *+2w*",

@@ -4,20 +4,13 @@
 #include "diagram/hit/Grips.h"
 #include "diagram/interaction/Press.h"
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/CommandSearch.h"
 #include "tests/mainwindow/HeldKeys.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QDropEvent>
-#include <QHelpEvent>
 #include <QImage>
-#include <QMimeData>
-#include <QMouseEvent>
 #include <QTest>
 #include <QToolBar>
-#include <QToolTip>
-#include <QUrl>
 #include <QWheelEvent>
 
 namespace mainwindow::testing {
@@ -37,11 +30,7 @@ void Reader::Stroke(const std::vector<QPointF> &places, Qt::KeyboardModifiers fi
     QTest::mousePress(viewport, Qt::LeftButton, first, at);
     for (std::size_t i = 1; i < places.size(); ++i) {
         const QPoint to = PixelOf(*window, places[i]);
-        for (const QPoint &point : {at + (to - at) / 2, to}) {
-            QMouseEvent move(QEvent::MouseMove, point, viewport->mapToGlobal(point), Qt::NoButton,
-                             Qt::LeftButton, later);
-            QApplication::sendEvent(viewport, &move);
-        }
+        for (const QPoint &point : {at + (to - at) / 2, to}) MoveHeld(*viewport, point, later);
         at = to;
     }
     QTest::mouseRelease(viewport, Qt::LeftButton, later, at);
@@ -62,27 +51,11 @@ void Reader::Wheel(const QPointF &at, int angle, Qt::KeyboardModifiers modifiers
     ProcessEvents();
 }
 
-QString Reader::TipAt(const QPointF &at) {
-    ProcessEvents();
-    QToolTip::hideText();
-    QWidget *viewport = window->CurrentView().viewport();
-    const QPoint pixel = PixelOf(*window, at);
-    QHelpEvent help(QEvent::ToolTip, pixel, viewport->mapToGlobal(pixel));
-    QApplication::sendEvent(viewport, &help);
-    const QString tip = QToolTip::text();
-    QToolTip::hideText();
-    return tip;
-}
+QString Reader::TipAt(const QPointF &at) { return WindowTest::TipAt(*window, at); }
 
 void Reader::DropAt(const QString &file, const QPointF &at) {
     ProcessEvents();
-    const QPoint pixel = window->CurrentView().viewport()->mapTo(window, PixelOf(*window, at));
-    QMimeData dragged;
-    dragged.setUrls({QUrl::fromLocalFile(file)});
-    QDragEnterEvent enter(pixel, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(window, &enter);
-    QDropEvent drop(pixel, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(window, &drop);
+    DropFile(*window, file, at);
     ProcessEvents();
 }
 
@@ -105,14 +78,6 @@ void Reader::TabWithCtrl(Qt::Key key, int times) {
     PressKey(*window, Qt::Key_Control, Qt::ControlModifier);
     for (; times > 0; --times) PressKey(*window, key, Qt::ControlModifier | shift);
     ReleaseKey(*window, Qt::Key_Control);
-}
-
-void Reader::RunFound(const char *words) {
-    Press("Ctrl+Shift+P");
-    QTest::keyClicks(&window->Search(), QLatin1String(words));
-    QWidget *popup = QApplication::activePopupWidget();
-    QTest::keyClick(popup ? popup : &window->Search(), Qt::Key_Return);
-    ProcessEvents();
 }
 
 void Reader::PushFormatButton(const char *key) {

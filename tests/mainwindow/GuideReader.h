@@ -1,4 +1,4 @@
-// Somebody who does with mouse and keys what the README and the guide tell.
+// Somebody who does with mouse and keys what the README and the guide tell, and the tables of what they tell.
 #pragma once
 
 #include "tests/mainwindow/WindowTest.h"
@@ -13,8 +13,8 @@ class Reader : public WindowTest {
 public:
     Reader();
 
-    // With the mouse, at places in twips. A stroke is a drag over several places; `later` are the modifiers
-    // that are held after the press.
+    // With the mouse, at places in twips. A stroke is a drag over several places, with the modifiers `first`
+    // at the press and `later` from then on.
     void Stroke(const std::vector<QPointF> &places, Qt::KeyboardModifiers first = {},
                 Qt::KeyboardModifiers later = {});
     void Click(const QPointF &at, Qt::KeyboardModifiers modifiers = {});
@@ -22,14 +22,13 @@ public:
     void Wheel(const QPointF &at, int angle, Qt::KeyboardModifiers modifiers = {});
     QString TipAt(const QPointF &at);
     void DropAt(const QString &file, const QPointF &at);
-    // On the surface, and to whatever has the focus.
+    // Keys on the surface.
     void Press(const char *keys);
+    // Keys to whatever has the focus.
     void Type(const QString &text);
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
-    // Tab or Backtab, as often as told, while Ctrl is held.
+    // Presses Tab or Backtab so many times while Ctrl is held.
     void TabWithCtrl(Qt::Key key, int times);
-    // Runs the first command that the search offers for the words.
-    void RunFound(const char *words);
     void PushFormatButton(const char *key);
 
     diagram::Surface &Surface() { return window->CurrentSurface(); }
@@ -38,12 +37,10 @@ public:
     diagram::Node &LastNode() { return Surface().Nodes().Item(Nodes()); }
     diagram::Link &Join(diagram::Node &from, diagram::Node &to);
     void Select(diagram::Node &node);
-    // Inside of the node, away from its handles; where a link starts at its right side; the middle of a
-    // segment of a link.
-    static QPointF Body(const diagram::Node &node);
-    static QPointF Start(const diagram::Node &node);
-    static QPointF Half(const diagram::Link &link, std::size_t segment = 0);
-    QImage Seen();
+    static QPointF Body(const diagram::Node &node);  // a place in the node, away from its handles
+    static QPointF Start(const diagram::Node &node); // the circle at its right side, where a link starts
+    static QPointF Half(const diagram::Link &link, std::size_t segment = 0); // the middle of a segment
+    QImage Seen();                                                           // what the surface shows
     QString File(const char *name) const { return MapFile(QLatin1String(name)); }
     QString SavedPlan(const char *name, int nodes, int slices) {
         return SavedMap(QLatin1String(name), nodes, slices);
@@ -56,11 +53,11 @@ public:
 
     frmMain *window;
     diagram::Node *a, *b, *c;
-    static constexpr QPointF kEmpty{600, 5400};
+    static constexpr QPointF kEmpty{600, 5400}; // on the page, with nothing there
 };
 
-// What one numbered step or one row of a table tells, word for word, and how it is done. A text that was
-// changed has to be done anew.
+// What one numbered step or one row of a table tells, word for word, and how it is done. GuideTest compares
+// the texts with the documents.
 struct ToldStep {
     const char *text; // of a row: its cells, with a bar between them
     void (*doIt)(Reader &reader);

@@ -1,4 +1,4 @@
-// The README's steps, and what the guide tells as well.
+// The README's steps, and those that the guide tells as well (GuideDeeds.h).
 #include "tests/mainwindow/GuideDeeds.h"
 
 #include "diagram/view/SurfaceView.h"
@@ -100,8 +100,7 @@ void ScrollAndZoomByTheWheel(Reader &r) {
 constexpr ToldStep kReadme[] = {
     {"Drag on the empty page: a node appears, as large as you drew it.", DrawOne},
     {"Draw a second one. Point at the first: circles appear beside it. Drag from one of them to the second: "
-     "a "
-     "link.",
+     "a link.",
      [](Reader &r) {
          r.Stroke({{900, 3600}, {3300, 5100}});
          LinkFromBeside(r);
@@ -110,8 +109,7 @@ constexpr ToldStep kReadme[] = {
      "gives up.",
      WriteIntoANode},
     {"Shift and drag selects what lies in a rectangle. Drag a handle to resize, the middle of a selected "
-     "link "
-     "to bend it.",
+     "link to bend it.",
      [](Reader &r) {
          SelectByABand(r);
          BendByTheMiddle(r);
@@ -130,9 +128,7 @@ constexpr ToldStep kReadme[] = {
          EXPECT_TRUE(QFileInfo::exists(r.File("mine.map")));
      }},
     {"Ctrl+T gives the selected node a date. With *View, Dates, Keep nodes at their dates* it stands at that "
-     "day of "
-     "a "
-     "strip of months: drag it along the months, and its date changes.",
+     "day of a strip of months: drag it along the months, and its date changes.",
      PlanByDates},
 };
 

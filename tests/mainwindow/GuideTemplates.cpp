@@ -11,12 +11,10 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDir>
-#include <QDropEvent>
 #include <QFile>
 #include <QFileInfo>
 #include <QHelpEvent>
 #include <QMenu>
-#include <QMimeData>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -24,7 +22,7 @@ namespace mainwindow::testing {
 
 namespace {
 
-// Whose program has two templates and a folder with one more; the reader's window shows the first bar.
+// Delivers two templates and a folder with one more; the reader's window then shows the first bar of them.
 class Shelf {
 public:
     explicit Shelf(Reader &reader) : list(reader.window->Templates().RB()) {
@@ -90,10 +88,7 @@ void AddATemplate(Reader &r) {
     const auto dragged = DragData(shelf.folder + QStringLiteral("Plan.TEM"));
     const QWidget *viewport = r.window->CurrentView().viewport();
     const QPoint at = viewport->mapTo(r.window, viewport->rect().center());
-    QDragEnterEvent enter(at, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(r.window, &enter);
-    QDropEvent drop(at, Qt::CopyAction, dragged.get(), Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(r.window, &drop);
+    DropOn(*r.window, *dragged, at);
     EXPECT_TRUE(QTest::qWaitFor([&] { return r.Nodes() == 5; }));
     shelf.list.SetCurrentItem({0, 0});
     QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {}, {});
@@ -139,8 +134,7 @@ constexpr ToldStep kTemplates[] = {
     {"open a bar | click its heading, or go to it and press Right; the one that was open folds", OpenBars},
     {"see what a template holds | rest the pointer on it", SeeWhatATemplateHolds},
     {"load a template | click it: *New* puts it on a slice of its own, *Update* in the place of what the "
-     "slice "
-     "holds, which Ctrl+Z brings back",
+     "slice holds, which Ctrl+Z brings back",
      LoadTemplates},
     {"add a template to what is there | drag it onto the page; Escape gives up. *Add to this Slice* in its "
      "menu does the same by key",

@@ -16,7 +16,7 @@ QStringList LinesOf(const QString &name) {
     return QString::fromUtf8(file.readAll()).split(u'\n');
 }
 
-// Numbered steps, with the lines that go on.
+// The numbered steps of a document, each joined with its indented lines.
 QStringList NumberedSteps(const QString &name) {
     static const QRegularExpression number(QStringLiteral("^\\d+\\. "));
     QStringList steps;
@@ -38,7 +38,7 @@ QStringList Cells(const QString &row) {
     return cells.mid(1, cells.size() - 2);
 }
 
-// The rows of every table that tells what to do, whatever the section is called.
+// The rows of every table of a document whose last column is called "do".
 QStringList TableSteps(const QString &name) {
     QStringList steps;
     bool tells = false;

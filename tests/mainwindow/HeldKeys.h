@@ -1,4 +1,4 @@
-// Keys as the window system tells of them one by one, so that one of them can be held.
+// Single presses and releases of keys as the window system reports them, so that a key can be held.
 #pragma once
 
 #include <QTest>

@@ -52,7 +52,7 @@ TEST_F(Hyperlinks, ADoubleClickThatMeansSomethingElseFollowsNone) {
     frmMain &window = Open();
     AddTo(window, NodeKey(window), {}, 3);
     const QRectF box = window.CurrentSurface().Nodes().Item(1).Bounds();
-    DoubleClick(window, box.topLeft() + QPointF(15, 15)); // the first click brings the handle there
+    DoubleClick(window, box.topLeft() + QPointF(15, 15)); // where the first click makes a handle appear
     EXPECT_EQ(window.TabStrip().TheTab(), 0);
     for (const Qt::KeyboardModifier modifier : {Qt::ControlModifier, Qt::ShiftModifier}) {
         const QPoint at = PixelOf(window, box.center());

@@ -1,4 +1,4 @@
-// The keys of the canvas in the real window, where its menus have keys of their own.
+// The keys of the surface in a window, whose menus have keys too.
 #include "tests/mainwindow/WindowTest.h"
 
 #include "diagram/model/ScreenValues.h"
@@ -13,7 +13,7 @@ namespace mainwindow::testing {
 class Keyboard : public WindowTest {
 protected:
     Keyboard() : window(NewWindow()), surface(window.CurrentSurface()) { window.CurrentView().setFocus(); }
-    // To whatever has the focus, as a keyboard does.
+    // Keys go to whatever has the focus, as those of a keyboard do.
     void Type(const char *text) {
         for (const char *each = text; *each; ++each) {
             QTest::keyClick(QApplication::focusWidget(), *each);

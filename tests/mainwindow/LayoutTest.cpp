@@ -38,7 +38,7 @@ struct Layout : WindowTest {
         frmPics::Shared().TFlow() = {};
     }
     void Run(const char *key) { window.SmartMenuXP1_Click(QLatin1String(key)); }
-    // A month far from where it is laid out.
+    // A month far from where an arrangement puts it.
     diagram::Node &AddFarMonth(const char *text) {
         diagram::Node &month = AddMonth(window, kFar, QLatin1String(text));
         month.SetTop(kFar);
@@ -124,7 +124,7 @@ TEST_F(Layout, EveryOtherKindTakesTheHierarchicalOptions) {
     }
 }
 
-// The menu is opened and its entry pushed by keys alone.
+// Opens the menu Layout and runs its entry by Enter.
 void PushInMenu(frmMain &window, const char *key) {
     auto *entry = window.findChild<QAction *>(QLatin1String(key));
     auto *title = window.findChild<QAction *>(QStringLiteral("mnuLayout"));
@@ -216,8 +216,7 @@ TEST_F(Layout, LayoutsLeaveTheMapUnmarked) {
     window.clsSettings().Dirty = false;
     Run("mnuLayoutHExecute");
     Run("mnuLayoutTreeExecute");
-    for (const char *key : {"mnuLayoutRadial", "mnuLayoutOrganic", "mnuLayoutCircular", "mnuLayoutLevels"})
-        Run(key);
+    for (const char *key : kKinds) Run(key);
     EXPECT_FALSE(window.clsSettings().Dirty);
 }
 
@@ -235,7 +234,7 @@ TEST_F(Layout, OptionsAreTakenOnOkAndUsed) {
     EXPECT_EQ(frmPics::Shared().HFlow().options, diagram::LayoutOptions());
 }
 
-// Two levels, one of the first node and the third, the other of the rest: apart from left to right.
+// The nodes are of two levels, which a layout that keeps levels together puts side by side.
 TEST_F(Layout, WhatIsToBeKeptTogetherIsChosenInTheOptionsAndRemembered) {
     desktop.ExpectForm<LayoutFormArgument>([](LayoutFormArgument &argument) {
         frmLayout form(argument, nullptr);
@@ -282,7 +281,7 @@ TEST_F(Layout, CancelledOptionsAreLeftAsTheyWere) {
     EXPECT_EQ(frmPics::Shared().HFlow().scope, diagram::LayoutScope::All);
 }
 
-// A task that runs for longer than it may without a word.
+// A task that goes on until it tells of itself.
 TEST_F(Layout, EscapeGivesALongTaskUpAndNoOtherInputArrives) {
     auto *bar = window.findChild<cStatusBar *>(QStringLiteral("staMain"));
     {
@@ -317,7 +316,7 @@ TEST_F(Layout, TheBarOfWorkThatCountsItselfNeverRunsBackwards) {
     EXPECT_EQ(bar->value(), 69);
 }
 
-// So many nodes take the engine far longer than anybody waits.
+// So many nodes that the layout cannot end before Escape arrives.
 TEST_F(Layout, TenThousandNodesAreGivenUpByEscapeWithNothingChanged) {
     std::vector<diagram::Node *> nodes;
     for (int i = 0; i < 10000; ++i) {
@@ -338,8 +337,8 @@ TEST_F(Layout, TenThousandNodesAreGivenUpByEscapeWithNothingChanged) {
     EXPECT_EQ(window.MousePointer(), document::pointer::kNormal);
 }
 
-// Nodes stand at their new places already when the routes of their links are found, which takes far longer.
-// Events run meanwhile, yet what isn't there yet is given up as well.
+// The nodes are moved first; then events run while the routes of the links are found, which takes far longer.
+// Escape in that time must put the nodes back too.
 TEST_F(Layout, RoutesOfManyLinksAreGivenUpByEscapeWithNothingChanged) {
     std::vector<diagram::Node *> nodes;
     for (int i = 0; i < 3000; ++i)

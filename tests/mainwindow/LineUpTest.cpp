@@ -10,8 +10,6 @@
 #include "timeline/LineUpPlan.h"
 #include "timeline/Tidy.h"
 
-#include <random>
-
 namespace mainwindow::testing {
 
 namespace {
@@ -202,10 +200,7 @@ TEST_F(AtDates, WhileItIsDraggedItsLinkStaysStraightAndEndsAtTheStrip) {
     QWidget *viewport = window.CurrentView().viewport();
     const QPoint start = PixelOf(window, node.Bounds().center());
     QTest::mousePress(viewport, Qt::LeftButton, {}, start);
-    for (const QPoint &at : {start + QPoint(40, 20), start + QPoint(80, 60)}) {
-        QMouseEvent move(QEvent::MouseMove, at, viewport->mapToGlobal(at), Qt::NoButton, Qt::LeftButton, {});
-        QApplication::sendEvent(viewport, &move);
-    }
+    for (const QPoint &at : {start + QPoint(40, 20), start + QPoint(80, 60)}) MoveHeld(*viewport, at);
     EXPECT_NEAR(link.Route().back().x, Centre(node), 1);
     EXPECT_EQ(link.Route().back().y, strip);
     EXPECT_EQ(link.Route().front().x, link.Route().back().x);

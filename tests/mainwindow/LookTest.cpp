@@ -25,7 +25,7 @@ protected:
         ab.SetSelected(links);
     }
 
-    support::testing::ScriptedDesktop desktop; // each step of undo draws a number
+    support::testing::ScriptedDesktop desktop; // a step of undo takes a random number
     diagram::Surface surface;
     diagram::Node &a = surface.Nodes().Add(0, 0, 1000, 600);
     diagram::Node &b = surface.Nodes().Add(3000, 0, 1000, 600);

@@ -9,7 +9,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTest>
 
@@ -17,7 +16,7 @@ namespace mainwindow::testing {
 
 namespace {
 
-// A slice that reaches far beyond what is seen.
+// A window whose slice reaches far beyond what is seen.
 class Overviews : public WindowTest {
 protected:
     Overviews() {
@@ -39,11 +38,6 @@ protected:
     QColor At(const QPointF &twips) {
         return Map()->grab().toImage().pixelColor(
             Map()->FromSurface(QRectF(twips, QSizeF())).topLeft().toPoint());
-    }
-    void Move(const QPoint &to, Qt::MouseButtons buttons) {
-        QMouseEvent move(QEvent::MouseMove, to, View().viewport()->mapToGlobal(to), Qt::NoButton, buttons,
-                         {});
-        QApplication::sendEvent(View().viewport(), &move);
     }
     QPoint OnView(const QPoint &inMap) {
         return View().viewport()->mapFrom(&window, Map()->mapTo(&window, inMap));
@@ -90,19 +84,19 @@ TEST_F(Overviews, FollowsWhatIsInSight) {
 
 TEST_F(Overviews, ADragOfItsFrameMovesThePartInSight) {
     OverviewMap &map = Await();
+    document::MarkSaved(window);
     const QPoint from = map.FromSurface(Seen()).center().toPoint();
     const QPointF before = Seen().center();
     QTest::mousePress(&map, Qt::LeftButton, {}, from);
     EXPECT_EQ(Seen().center(), before) << "the press alone moves nothing";
     const QPoint to = from + QPoint(40, 30);
-    QMouseEvent move(QEvent::MouseMove, to, map.mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
-    QApplication::sendEvent(&map, &move);
+    MoveHeld(map, to);
     const QPointF expected = before + map.ToSurface(to) - map.ToSurface(from);
     EXPECT_NEAR(Seen().center().x(), expected.x(), 30);
     EXPECT_NEAR(Seen().center().y(), expected.y(), 30);
     QTest::mouseRelease(&map, Qt::LeftButton, {}, to);
     EXPECT_TRUE(View().hasFocus());
-    EXPECT_FALSE(window.HasUnsavedWork() && !window.CurrentSurface().Nodes().Count());
+    EXPECT_FALSE(window.HasUnsavedWork());
 }
 
 TEST_F(Overviews, APressBesideItsFrameShowsThatPart) {
@@ -156,9 +150,9 @@ TEST_F(Overviews, LeavesItsCornerToADragThatComesNearAndReturns) {
     const QRect corner = map.geometry();
     const QPoint there = OnView(map.rect().center()) - QPoint(map.width() / 2 + 20, 0);
     QTest::mousePress(View().viewport(), Qt::LeftButton, {}, there - QPoint(300, 200));
-    Move(there - QPoint(200, 100), Qt::LeftButton);
+    MoveHeld(*View().viewport(), there - QPoint(200, 100));
     EXPECT_EQ(map.geometry(), corner);
-    Move(there, Qt::LeftButton);
+    MoveHeld(*View().viewport(), there);
     EXPECT_FALSE(map.geometry().intersects(corner));
     QTest::keyClick(&View(), Qt::Key_Escape);
     QTest::mouseRelease(View().viewport(), Qt::LeftButton, {}, there);
@@ -196,7 +190,7 @@ TEST_F(Overviews, IsInNoPictureAndMakesNoWork) {
     OverviewMap &map = Await();
     window.clsSettings().Dirty = false;
     const QImage view = View().viewport()->grab().toImage();
-    const QPoint at = OnView(map.rect().topLeft() + QPoint(0, 0));
+    const QPoint at = OnView(map.rect().topLeft());
     EXPECT_NE(view.pixelColor(at), map.grab().toImage().pixelColor(0, 0));
     EXPECT_FALSE(window.clsSettings().Dirty);
     EXPECT_FALSE(window.CurrentSurface().CanUndo());
@@ -214,7 +208,7 @@ TEST_F(Overviews, ANarrowWindowHasNone) {
     }
 }
 
-// Large ones take turns with events, so that nothing waits for them.
+// Between the steps events run, so that the window stays usable.
 TEST_F(Overviews, PaintsALargeSliceBitByBit) {
     for (int i = 0; i < 3000; ++i) AddNode(window, float(i % 60) * 2000, float(i / 60) * 1500);
     OverviewPicture picture(nullptr);

@@ -1,4 +1,4 @@
-// The page of a slice with a strip of months grows, and what is pasted on other slices finds its place.
+// The page grows to the left and top with a strip of months on it; steps of arrow keys, and places of copies.
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 #include "tests/BritishLocale.h"
@@ -35,7 +35,7 @@ struct GrowingPages : WindowTest {
     const diagram::Node &Month() { return *timeline::LocateTimelineNodes(Surface()).front(); }
     QPointF EndOfDateLink() { return ToQPointF(Surface().Links().front()->Route().back()); }
 
-    // From its top, by so many twips.
+    // Holds the node near its top and drags it by so many twips.
     void DragNode(const diagram::Node &dragged, const QPointF &by) {
         const QPointF from = dragged.Bounds().topLeft() + QPointF(600, 120);
         Drag(window, from, from + by, Qt::AltModifier);

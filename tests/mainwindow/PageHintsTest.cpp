@@ -1,4 +1,4 @@
-// What the window says of the page and of what lies on it.
+// The hints in the status bar on what a press would do, and the text of an empty page.
 #include "diagram/view/SurfaceView.h"
 #include "mainwindow/HintText.h"
 #include "mainwindow/WindowStatus.h"

@@ -18,7 +18,7 @@ namespace {
 using print::frmPageSetup;
 class PageSetup : public PrintTest {};
 
-TEST_F(PageSetup, PageSetupShowsWhatIsSet) {
+TEST_F(PageSetup, ShowsWhatIsSet) {
     print::PageSetupArgument argument = SetupArgument();
     print::PrnFlow &flow = loaded->PrnFlow1;
     flow.Header = QStringLiteral("Above");
@@ -53,7 +53,7 @@ TEST_F(PageSetup, MarginsThatThePrinterCanNotKeepAreToldQuietly) {
     setup.txtMargin(0)->setValue(0);
     EXPECT_EQ(label.text(), QStringLiteral("The printer needs wider margins: left 4.0 mm, bottom 12.7 mm."));
     setup.txtMargin(0)->setValue(4);
-    desktop.printers.unprintable = {}; // of the other sheets
+    desktop.printers.unprintable = {}; // those of landscape sheets
     setup.optOri(1)->click();
     EXPECT_EQ(label.text(), QString());
     setup.optOri(0)->click();
@@ -65,14 +65,14 @@ TEST_F(PageSetup, MarginsThatThePrinterCanNotKeepAreToldQuietly) {
     EXPECT_EQ(setup.result(), QDialog::Accepted) << "it is the user's choice all the same";
 }
 
-TEST_F(PageSetup, PageSetupTakesTheOrientationFromThePrinter) {
+TEST_F(PageSetup, TakesTheOrientationFromThePrinter) {
     print::PageSetupArgument argument = SetupArgument();
     desktop.printers.system.orientation = support::PaperOrientation::Landscape;
     EXPECT_EQ(loaded->PrnFlow1.Orientation, print::kPortrait);
     EXPECT_TRUE(frmPageSetup(argument, nullptr).optOri(1)->isChecked());
 }
 
-TEST_F(PageSetup, PageSetupIsKeptAndSavedByOkAlone) {
+TEST_F(PageSetup, IsKeptAndSavedByOkAlone) {
     print::PageSetupArgument argument = SetupArgument();
     {
         frmPageSetup setup(argument, nullptr);
@@ -101,7 +101,7 @@ TEST_F(PageSetup, PageSetupIsKeptAndSavedByOkAlone) {
     EXPECT_EQ(loaded->PrnFlow1.slices, print::Slices::All);
 }
 
-TEST_F(PageSetup, PageSetupSaysWhatMakesNoSense) {
+TEST_F(PageSetup, SaysWhatMakesNoSense) {
     print::PageSetupArgument argument = SetupArgument();
     frmPageSetup setup(argument, nullptr);
     setup.txtPages()->setText(QStringLiteral("five"));
@@ -114,7 +114,7 @@ TEST_F(PageSetup, PageSetupSaysWhatMakesNoSense) {
     EXPECT_NE(setup.result(), QDialog::Accepted);
 }
 
-TEST_F(PageSetup, PageSetupChangesAnOpenPreview) {
+TEST_F(PageSetup, ChangesAnOpenPreview) {
     Preview();
     desktop.ExpectForm<print::PageSetupArgument>([](print::PageSetupArgument &argument) {
         frmPageSetup setup(argument, nullptr);

@@ -1,4 +1,4 @@
-// What the window's own controls paint: that they show what they hold, by what differs between two pictures.
+// That the window's own controls paint what they hold: pictures with and without it are compared.
 #include "mainwindow/CommandSearch.h"
 #include "mainwindow/cProgressOnStatusBar.h"
 #include "mainwindow/cStatusBar.h"

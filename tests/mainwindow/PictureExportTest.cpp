@@ -29,7 +29,7 @@ struct PictureExport : WindowTest {
     frmMain &window = NewWindow();
 
     PictureExport() { AddNode(window, 300, 300, QStringLiteral("Goal")); }
-    // Says yes to the form, after `change` of the choice.
+    // The form will be shown: it is answered by OK (or by Cancel), after `change` of its choice.
     void ExpectForm(PictureFormat format, std::function<void(PictureChoice &)> change = {}, bool ok = true) {
         desktop.ExpectForm<PictureFormArgument>([=](PictureFormArgument &argument) {
             EXPECT_EQ(argument.format, format);
@@ -38,7 +38,8 @@ struct PictureExport : WindowTest {
             return ok;
         });
     }
-    // The path that the user named, in the row of the dialog, and what is there then.
+    // Exports to that name, with that row of the dialog chosen, and gives the bytes of the file; none if it
+    // isn't there.
     QByteArray Export(const QString &name, int row = 1) {
         desktop.ExpectSaveFile(MapFile(name), row);
         window.SmartMenuXP1_Click(QStringLiteral("mnuFileExportPicture"));
@@ -107,13 +108,14 @@ TEST_F(PictureExport, RemembersTheLastFormatSizeAndBackground) {
 }
 
 TEST_F(PictureExport, CancelWritesNothingAndRemembersNothingOfTheForm) {
+    document::MarkSaved(window);
     ExpectForm(
         PictureFormat::Svg, [](PictureChoice &choice) { choice.scale = 500; }, false);
     EXPECT_TRUE(Export(QStringLiteral("a.svg"), 3).isEmpty());
     EXPECT_EQ(LoadPictureChoice(), PictureChoice());
     desktop.ExpectSaveFile(QString());
     window.SmartMenuXP1_Click(QStringLiteral("mnuFileExportPicture"));
-    EXPECT_FALSE(window.clsSettings().Dirty && !window.HasUnsavedWork());
+    EXPECT_FALSE(window.HasUnsavedWork());
 }
 
 TEST_F(PictureExport, ShowsOnlyWhatTheFilterLeaves) {
@@ -125,7 +127,7 @@ TEST_F(PictureExport, ShowsOnlyWhatTheFilterLeaves) {
     EXPECT_FALSE(svg.contains("Secret"));
 }
 
-// So many texts take far longer than half a second.
+// So many texts that the export cannot end before Escape arrives.
 TEST_F(PictureExport, EscapeGivesALongOneUpAndNoFileIsWritten) {
     for (int i = 0; i < 30000; ++i)
         AddNode(window, float(i % 200) * 2000, float(i / 200) * 1200,

@@ -10,7 +10,7 @@ using Placement = WindowTest;
 
 namespace {
 
-// Counts how often something is written.
+// Counts the writes.
 class CountingStore : public support::MemoryRegistryStore {
 public:
     bool WriteAll(support::RegistryRoot root, const QString &path,
@@ -66,8 +66,8 @@ TEST_F(Placement, AMaximisedWindowStoresItsPlaceToo) {
     EXPECT_EQ(Stored(QStringLiteral("WindowState")), kStateMaximised);
     EXPECT_GT(Stored(QStringLiteral("Width")), 0);
     EXPECT_GT(Stored(QStringLiteral("Height")), 0);
-    EXPECT_NE(Stored(QStringLiteral("Left")), -7777);
-    EXPECT_NE(Stored(QStringLiteral("Top")), -7777);
+    EXPECT_NE(Stored(QStringLiteral("Left")), kAbsent);
+    EXPECT_NE(Stored(QStringLiteral("Top")), kAbsent);
 }
 
 TEST_F(Placement, IsWrittenAtOnce) {
@@ -87,7 +87,7 @@ TEST_F(Placement, AMinimisedWindowLeavesWhatIsStored) {
     window.close();
     EXPECT_EQ(Stored(QStringLiteral("WindowState")), kStateNormal);
     EXPECT_EQ(Stored(QStringLiteral("Left")), 11);
-    EXPECT_EQ(Stored(QStringLiteral("Width")), -7777);
+    EXPECT_EQ(Stored(QStringLiteral("Width")), kAbsent);
 }
 
 TEST_F(Placement, ANegativePlaceSurvivesTheRegistry) {

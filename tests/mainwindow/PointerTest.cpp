@@ -1,5 +1,5 @@
-// Which pointer the window shows: the hourglass while a command works, the normal one when the user's turn
-// comes.
+// Which pointer the window shows: the hourglass while a command works, the normal one while it waits for the
+// user.
 #include "diagram/view/SurfaceView.h"
 #include "document/DoLoad.h"
 #include "support/Error.h"
@@ -17,7 +17,7 @@ using document::pointer::kNormal;
 
 namespace {
 
-// Dialogs and forms that are all cancelled, and say which pointer the window showed.
+// Cancels all dialogs and forms, and notes which pointer the window showed at each.
 class WatchedDialogs : public support::CommonDialogs, public support::DialogHost {
 public:
     QString ShowOpenFileDialog(const QString &, const QString &, const QString &, long, support::Owner,
@@ -46,7 +46,7 @@ public:
         return false;
     }
     const frmMain *window = nullptr;
-    QStringList shown; // "what pointer"
+    QStringList shown; // "dialog pointer", each
 
 private:
     void Note(const char *what) {
@@ -56,8 +56,8 @@ private:
 
 class Pointer : public WindowTest {
 protected:
-    // A strip of one month in sight and a hidden one, away from where it is laid out, whose changes say which
-    // pointer the window shows then.
+    // Adds a strip of a visible and a hidden month, away from where an arrangement puts them. At each change
+    // of a month the pointer of the window is noted in `seen`.
     void AddMonths(frmMain &window) {
         for (const char *text : {"May 2024", "June 2024"})
             months.push_back(&AddMonth(window, 300, QLatin1String(text)));

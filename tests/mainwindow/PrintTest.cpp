@@ -195,7 +195,7 @@ TEST_F(Print, ThePreviewShowsWhatWasChangedMeanwhile) {
     EXPECT_EQ(form->PrnFlow1().VerticalPages(), 3);
 }
 
-// A burst of changes is followed once; nothing is clicked or activated.
+// Changes in quick succession are followed once, without a click or an activation.
 TEST_F(Print, ThePreviewAndThePageBreaksFollowTheSlice) {
     window->resize(1200, 900);
     Preview();
@@ -230,7 +230,7 @@ TEST_F(Print, AMarginThatThePrinterCanNotKeepIsToldInThePreview) {
     EXPECT_EQ(form->statusBar()->currentMessage(), QString());
 }
 
-// So many pages take far longer than anybody waits.
+// So many pages that the print cannot end before Escape arrives.
 class LongPrint : public Print {
 protected:
     LongPrint() {

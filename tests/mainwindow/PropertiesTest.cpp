@@ -32,7 +32,7 @@ protected:
         link = &first->Links().Add(*second);
         return shown;
     }
-    // Expects the form and gives what it was handed.
+    // The form will be shown; `look` gets its argument, and the form is cancelled.
     template <typename Argument>
     void ExpectForm(std::function<void(Argument &)> look) {
         desktop.ExpectForm<Argument>([look](Argument &argument) {
@@ -192,7 +192,7 @@ TEST_F(Properties, ItsKeyAndTheSearchShowThoseOfTheSelection) {
     EXPECT_EQ(desktop.dialogHost.shown, QStringList({kNodeForm, kNodeForm}));
 }
 
-// With the display of both texts on, which has to come off for the form and on again behind it.
+// Both texts are shown, which has to be switched off for the form and on again after it.
 TEST_F(Properties, WhatTheDialogAppliesIsOneStepOfTheWindow) {
     frmMain &window = Open();
     first->SetKey(QStringLiteral("key"));

@@ -24,7 +24,7 @@ protected:
         EXPECT_EQ(!Button().isHidden(), window.FormerLinks().IsOffered());
         return !Button().isHidden();
     }
-    // Through the form, which is given that text by OK or by Apply and Cancel.
+    // Gives the link that text through its form, by OK, or by Apply and Cancel.
     void GiveText(const QString &text, bool ok = true) {
         desktop.ExpectForm<LinkDialogArgument>([text, ok](LinkDialogArgument &argument) {
             argument.former = dialogs::RememberLinks({&argument.oLink});
@@ -106,7 +106,7 @@ TEST_F(PutBackTest, AKeyPutsBackToo) {
     ProcessEvents();
     Press(window, QStringLiteral("Alt+B"));
     EXPECT_TRUE(
-        QTest::qWaitFor([this] { return link.Text().isEmpty(); })); // the button shows that it goes down
+        QTest::qWaitFor([this] { return link.Text().isEmpty(); })); // the button shows itself pressed first
 }
 
 TEST_F(PutBackTest, AfterPuttingBackUndoIsAsEver) {

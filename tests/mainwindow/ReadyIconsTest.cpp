@@ -25,7 +25,7 @@ void ExpectReady(const QString &name, int side) {
 }
 
 QByteArray Drawing(const QString &name) {
-    (void)Icon(name).pixmap(1, 1); // makes the resources known
+    (void)Icon(name).pixmap(1, 1); // registers the resources
     QFile file(QStringLiteral(":/icons/%1.svg").arg(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }

@@ -30,21 +30,21 @@ protected:
     QString Root() const { return MapFile(QStringLiteral("state")); }
     int Folders() const { return int(QDir(Root()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size()); }
     static void Write(frmMain &window) { window.Journal()->Writer().Finish(); }
-    // Into the place of the text of what is selected.
+    // Types in place of the text of what is selected.
     static void Type(frmMain &window, const QString &text) {
         QTest::keyClicks(&window.CurrentView(), text.left(1));
         QTest::keyClicks(QApplication::focusWidget(), text.mid(1));
     }
-    // A drawn node with a typed text.
+    // Draws a node and types its text.
     void Draw(frmMain &window, const QString &text, float top = 1500) {
         Drag(window, {1500, top}, {4500, top + 1200});
         Type(window, text);
         ASSERT_TRUE(window.CurrentView().IsEditing());
         window.CurrentView().EndEdit(true);
     }
-    // The window ends without being closed, as with its process.
+    // Ends the window without closing it, as when the process is killed.
     void Crash(frmMain &window) { delete &window; }
-    // A window that draws nodes with those texts and is gone.
+    // Draws nodes with those texts in a window, which then crashes.
     void Lose(const QStringList &texts, const QString &map = QString()) {
         frmMain &window = NewWindow();
         if (!map.isEmpty()) window.DoOpen(map, false);
@@ -96,7 +96,7 @@ TEST_F(Recovery, ALostMapIsOfferedAboveTheSurfaceWithNameTimeAndChanges) {
     EXPECT_TRUE(bar->Text(0).contains(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat)));
     EXPECT_LE(bar->geometry().bottom(), window.CurrentView().geometry().top());
     EXPECT_GT(window.CurrentView().height(), bar->height());
-    EXPECT_FALSE(bar->isAncestorOf(QApplication::focusWidget())); // it stands in nobody's way
+    EXPECT_FALSE(bar->isAncestorOf(QApplication::focusWidget())); // it takes no focus
     EXPECT_EQ(Texts(window), QStringList());
 }
 
@@ -113,7 +113,7 @@ TEST_F(Recovery, RestoreOpensTheMapAsUnsavedWork) {
     Q_EMIT window.CurrentView().HintShown(diagram::Hint::Nothing); // the pointer enters the surface
     EXPECT_TRUE(Status(window).contains(QStringLiteral("Plan.map was restored")));
     Write(window);
-    EXPECT_EQ(Folders(), 1); // its own in the place of the former
+    EXPECT_EQ(Folders(), 1); // its own journal, in place of the restored one
     desktop.ExpectMessage("Save Changes?", Answer::Yes);
     window.close();
     ProcessEvents();
@@ -123,7 +123,7 @@ TEST_F(Recovery, RestoreOpensTheMapAsUnsavedWork) {
     EXPECT_EQ(Texts(again), QStringList{QStringLiteral("one")});
 }
 
-// An edit right behind it begins a journal of its own, which knows the file as it is then.
+// An edit right after a save begins a journal of its own, based on the file as it was saved.
 TEST_F(Recovery, ASaveEndsTheJournalBeforeTheNextEdit) {
     const QString map = SavedMap(QStringLiteral("Plan.map"), 1);
     frmMain &window = NewWindow();
@@ -275,7 +275,7 @@ TEST_F(Recovery, ATextThatIsBeingTypedIsKept) {
     Type(window, QStringLiteral("half a sen"));
     ASSERT_TRUE(window.CurrentView().IsEditing());
     Write(window);
-    EXPECT_TRUE(window.CurrentView().IsEditing()); // and goes on
+    EXPECT_TRUE(window.CurrentView().IsEditing()); // still
     Crash(window);
     frmMain &next = NextStart();
     Choose(next, OfferAnswer::Restore);

@@ -1,8 +1,7 @@
-// What can be read of a map that doesn't open.
+// The offer to open what can be read of a damaged map.
 #include "document/DoSave.h"
 #include "storage/Database.h"
 #include "support/AtomicFile.h"
-#include "support/FollowUp.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QFile>
@@ -59,7 +58,7 @@ TEST_F(Salvage, YesOpensWhatCanBeReadAsAnUntitledMapThatIsNotSaved) {
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Untitled - Velmora"));
     EXPECT_EQ(window.clsSettings().Database(), QString());
     EXPECT_TRUE(window.clsSettings().Dirty);
-    // It asks for a name when it is saved; the bad file stays as it is.
+    // A save asks for a name and leaves the bad file as it is.
     desktop.ExpectSaveFile(MapFile(QStringLiteral("good.map")));
     EXPECT_TRUE(document::DoSave(window));
     EXPECT_EQ(support::ReadWholeFile(path), before);
@@ -89,23 +88,6 @@ TEST_F(Salvage, AFileThatIsMissingOrNoMapIsNotOffered) {
     desktop.ExpectMessage(QStringLiteral("Unrecognized database format '%1'.\r\r(Error #3343)").arg(text),
                           Answer::Ok);
     Open(window, text);
-}
-
-TEST(FollowReport, RunsBehindItsOwnErrorAlone) {
-    QStringList said;
-    static QStringList *shown = nullptr;
-    shown = &said;
-    support::SetReporter(
-        [](const QString &, const QString &text) { shown->append(text.section('\r', 0, 0)); });
-    const support::Error one(1, QString(), QStringLiteral("one")), two(2, QString(), QStringLiteral("two"));
-    support::FollowReport(one, [&] { said.append(QStringLiteral("followed")); });
-    support::ShowReport(QString(), QString(), one.PassedThrough(QStringLiteral("Somewhere")));
-    support::ShowReport(QString(), QString(), one);
-    support::FollowReport(one, [&] { said.append(QStringLiteral("never")); });
-    support::ShowReport(QString(), QString(), two);
-    support::ShowReport(QString(), QString(), one);
-    support::SetReporter(nullptr);
-    EXPECT_EQ(said, (QStringList{"one", "followed", "one", "two", "one"}));
 }
 
 } // namespace mainwindow::testing

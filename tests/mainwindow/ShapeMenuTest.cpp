@@ -22,7 +22,7 @@ protected:
     static Toolbar &Bar(const frmMain &window) {
         return *window.findChild<Toolbar *>(QStringLiteral("tlbFormat"));
     }
-    // Opened below its button.
+    // Opens it below its button.
     ShapeMenu &Open(const frmMain &window) {
         QAction *button = Bar(window).Button(QStringLiteral("NEW"));
         const QWidget *tool = Bar(window).widgetForAction(button);

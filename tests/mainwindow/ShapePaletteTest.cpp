@@ -30,7 +30,7 @@ protected:
     static QAction &Button(const frmMain &window) {
         return *window.menuBar()->findChild<QAction *>(QStringLiteral("keyShapes"));
     }
-    // By the key, the words and Enter.
+    // Chooses a shape by F7, words and Enter.
     void Choose(frmMain &window, const QString &words) {
         Press(window, QStringLiteral("F7"));
         widgets::ShapePopup *popup = window.Shapes().Popup();
@@ -224,12 +224,9 @@ TEST_F(Palette, AShapeThatIsDraggedOntoThePageIsPlacedThere) {
     frmMain &window = NewWindow();
     const auto data = widgets::DragDataOf(kOctogon);
     const QPoint at = window.CurrentView().viewport()->mapTo(&window, PixelOf(window, {4500, 3000}));
-    QDragEnterEvent enter(at, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window, &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(at, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window, &drop);
-    EXPECT_TRUE(drop.isAccepted());
+    const DropOutcome outcome = DropOn(window, *data, at);
+    EXPECT_TRUE(outcome.entered);
+    EXPECT_TRUE(outcome.dropped);
     ProcessEvents();
     EXPECT_EQ(Last(window).Shape(), kOctogon);
     EXPECT_NEAR(Last(window).Bounds().center().x(), 4500, 8);

@@ -14,7 +14,7 @@
 
 namespace mainwindow::testing {
 
-// A window whose slices hold a node each, of the name of its slice.
+// A window of the slices "Map 1", "Two" and "Three", each with a node of that text.
 struct SliceCommands : WindowTest {
     frmMain &window = NewWindow();
     SliceTabs &tabs = *window.findChild<SliceTabs *>(QStringLiteral("SSTab_ctl"));
@@ -142,8 +142,7 @@ TEST_F(SliceCommands, ATabTicksTheMenuAsItsSliceStands) {
 }
 
 TEST_F(SliceCommands, TheDialogIsShownWithTheSlicesAndItsResultTaken) {
-    desktop.ExpectForm<frmLayers>([](frmLayers &argument) {
-        auto &form = argument;
+    desktop.ExpectForm<frmLayers>([](frmLayers &form) {
         form.cmdDown_Click();
         form.cmdOK_Click();
         return true;
@@ -152,7 +151,7 @@ TEST_F(SliceCommands, TheDialogIsShownWithTheSlicesAndItsResultTaken) {
     EXPECT_EQ(Contents(), QStringList({"Two", "Map 1", "Three"}));
 }
 
-// Nothing was rebuilt: the surface is the same, with its steps of undo.
+// The surface is the same afterwards, with its steps of undo: the slices were not rebuilt.
 TEST_F(SliceCommands, WhatIsCancelledLeavesTheMapItsHistoryAndDirty) {
     {
         const diagram::ActionGroup step(window.CurrentSurface());
@@ -255,7 +254,7 @@ TEST_F(SliceCommands, AHyperlinkStillReachesTheSliceThatWasMoved) {
 }
 
 TEST_F(SliceCommands, HyperlinksLeadToMovedSlicesAfterSavingAndOpeningToo) {
-    // As loading makes them, by key, and as the dialog makes them, by number alone.
+    // A load makes hyperlinks with the key of a slice, the dialog with its number alone.
     document::cHyperlink *byKey = &AddHyperlink(QStringLiteral("{a}"), 1);
     byKey->SliceKey = window.TabStrip().TabKey(0);
     AddHyperlink(QStringLiteral("{b}"), 3);
@@ -362,6 +361,13 @@ TEST_F(SliceCommands, PropertiesAskForASelectionFirst) {
     desktop.ExpectMessage(QStringLiteral("Please select a node or a link."));
     window.SmartMenuXP1_Click(QStringLiteral("mnuEditProperties"));
     EXPECT_EQ(desktop.messageBoxes.shown.back().icon, support::Icon::Information);
+}
+
+TEST_F(SliceCommands, KeysTurnToTheNextAndThePreviousTab) {
+    Press(window, QStringLiteral("Ctrl+PgDown"));
+    EXPECT_EQ(window.TabStrip().TheTab(), 1);
+    Press(window, QStringLiteral("Ctrl+PgUp"));
+    EXPECT_EQ(window.TabStrip().TheTab(), 0);
 }
 
 } // namespace mainwindow::testing

@@ -1,4 +1,4 @@
-// Ctrl+Tab, as the window system tells of it: Ctrl is held over several presses of Tab.
+// Ctrl+Tab, with Ctrl held over several presses of Tab.
 #include "mainwindow/SliceTurns.h"
 
 #include "diagram/view/SurfaceView.h"

@@ -34,7 +34,7 @@ protected:
         ProcessEvents();
         return window;
     }
-    // Whether the window shows the page once it was asked to.
+    // Whether the window shows the page when it is asked to.
     bool Shows(frmMain &window) {
         window.Start().Offer();
         ProcessEvents();
@@ -49,8 +49,8 @@ protected:
         QTest::mouseClick(&card, Qt::LeftButton);
         ProcessEvents();
     }
-    // Press, moves and release, all to the widget that is pressed, as the window system sends them. What is
-    // under the pointer in the middle of it.
+    // Press, moves and release, all to the widget that is pressed, as the window system sends them. Gives the
+    // widget at the place of the press in the middle of the drag.
     QWidget *DragOn(QWidget &widget, const QPoint &from, const QPoint &to) {
         const QPoint origin = widget.mapToGlobal(QPoint());
         QWidget *window = widget.window();
@@ -67,11 +67,13 @@ protected:
         send(QEvent::MouseButtonRelease, to, Qt::LeftButton);
         return under;
     }
+    // A place of the page that no card covers.
     static QPoint Beside(const QWidget &content) {
         const QPoint at(content.width() / 2, content.height() - 12);
         EXPECT_EQ(content.childAt(at), nullptr);
         return at;
     }
+    // Saves a map and puts it onto the list of recent files.
     QString Recent(const QString &name, int nodes = 1) {
         const QString path = SavedMap(name, nodes);
         settings::clsMRU(desktop.registry).AddFile(path);
@@ -81,7 +83,7 @@ protected:
         QTest::keyClick(QApplication::focusWidget(), key);
         ProcessEvents();
     }
-    // Beside the program; the folder of bars.
+    // Writes a template into a folder of those beside the program, and gives its path.
     QString Template(const QString &folder, const QString &name) {
         const QString path = settings::TemplatesFolder() + folder;
         EXPECT_TRUE(QDir().mkpath(path));

@@ -64,7 +64,8 @@ struct Thumbnails : WindowTest {
     void Run(const QString &path, const QString &sql) {
         storage::OpenDatabase(path).Execute(sql, storage::kFailOnError);
     }
-    // What the maker tells of one file after the other.
+    // Has the pictures made; gives each file and whether it got one, in the order in which the maker tells of
+    // them.
     std::vector<std::pair<QString, bool>> Made(const std::vector<ThumbnailOrder> &orders) {
         ThumbnailMaker maker(desktop.Get(), Folder());
         const QSignalSpy made(&maker, &ThumbnailMaker::Made);

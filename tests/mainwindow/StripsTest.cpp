@@ -1,4 +1,4 @@
-// What is hidden of a strip, what is missing, and what it doesn't need.
+// Months of the strip that are hidden, missing or not needed.
 #include "tests/mainwindow/DatesTest.h"
 
 #include "diagram/format/SurfaceFile.h"

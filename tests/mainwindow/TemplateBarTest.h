@@ -8,10 +8,10 @@
 namespace mainwindow::testing {
 
 void MakeFile(const QString &path, const QByteArray &content);
-// A template database with a node of each of those texts, an icon of that colour, and a slice's background.
+// Writes a template database with a node of each of those texts, an icon of that colour, and a background.
 void MakeTemplate(const QString &path, const QStringList &texts, const QColor &icon = Qt::blue,
                   const QColor &background = Qt::white);
-// A surface file by the name of a template.
+// Writes a surface file, which is the other form of a template.
 void MakeFlat(const QString &path, const QStringList &texts);
 
 class TemplateBarTest : public WindowTest {
@@ -19,9 +19,9 @@ protected:
     TemplateBarTest();
     ~TemplateBarTest() override;
 
-    // In the folder of templates beside the program.
+    // The path of a template in the folder beside the program.
     QString Beside(const QString &name) const { return ProgramFile(QStringLiteral("Templates/") + name); }
-    // In the user's own, which is made.
+    // The path of one in the user's own folder, which is made.
     QString Own(const QString &name) const;
     static ListBar &RB(const frmMain &window) { return window.Templates().RB(); }
     static QStringList Bars(const frmMain &window);
@@ -30,14 +30,15 @@ protected:
     frmMain &FilledWindow();
     void WaitForFill(frmMain &window);
     void OpenBar(frmMain &window, int bar);
-    // On the item with that caption.
+    // The place of the item with that caption, and what a user does there.
     static ListBar::Place PlaceOf(const frmMain &window, const QString &caption);
     void ClickOn(frmMain &window, const QString &caption);
     void DoubleClickOn(frmMain &window, const QString &caption);
+    // Waits until what a click or a drop asks for is done.
     void Settle();
-    // The answer to the question that the next click asks.
+    // Answers the question that the next click asks.
     void Answer(std::int32_t choice, bool remember = false);
-    // The texts of what a user sees on the current slice.
+    // The texts of the nodes that are not hidden on the current slice.
     static QStringList Texts(frmMain &window);
 
 private:

@@ -137,7 +137,7 @@ void TemplateBarTest::DoubleClickOn(frmMain &window, const QString &caption) {
     Settle();
 }
 
-// What a click or a drop asks for is done once its event is over.
+// It is put off until the event of the click or the drop is over.
 void TemplateBarTest::Settle() {
     bool reached = false;
     QTimer::singleShot(0, [&] { reached = true; });

@@ -16,9 +16,9 @@
 #include "templates/SaveAsTemplate.h"
 #include "timeline/TimelineNodes.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
-#include <QDropEvent>
 #include <QFile>
 #include <QMimeData>
 #include <QSignalSpy>
@@ -35,22 +35,17 @@ protected:
         MakeFlat(Beside(QStringLiteral("Flat.TEM")), {"Note"});
     }
     static QString DiagramDate() { return QStringLiteral("DIAGRAM"); }
-    // Drags what `data` says to a pixel of the window and lets it fall there; whether it was taken.
+    // Drops the data, waits until what it asks for is done, and tells whether it was taken.
     bool DropAt(frmMain &window, const QMimeData &data, const QPoint &at) {
-        QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &enter);
-        QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &move);
-        said = Status(window);
-        QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &drop);
+        const DropOutcome outcome = DropOn(window, data, at);
+        hint = outcome.hint;
         Settle();
-        return move.isAccepted() && drop.isAccepted();
+        return outcome.moved && outcome.dropped;
     }
     QPoint InWindow(frmMain &window, const QPointF &twips) {
         return window.CurrentView().viewport()->mapTo(&window, PixelOf(window, twips));
     }
-    QString said; // by the status bar before it fell
+    QString hint; // of the status bar, before the last drop
 };
 
 TEST_F(TemplateUse, UpdateReplacesTheSliceAsOneStepOfUndo) {
@@ -278,7 +273,7 @@ TEST_F(TemplateUse, ADragAddsTheContentWhereItFalls) {
     window.clsSettings().Dirty = false;
     EXPECT_TRUE(
         DropAt(window, *DragData(Beside(QStringLiteral("Plan.TEM"))), InWindow(window, {3000, 3000})));
-    EXPECT_EQ(said, QStringLiteral("Drop to add Plan here"));
+    EXPECT_EQ(hint, QStringLiteral("Drop to add Plan here"));
     EXPECT_EQ(Status(window), QString());
     EXPECT_EQ(Texts(window), (QStringList{"mine", "Goal", "Step"}));
     const std::vector<diagram::Node *> &selected = window.CurrentSurface().SelectedNodes();
@@ -309,7 +304,7 @@ TEST_F(TemplateUse, ADragBesideThePageDoesNothing) {
     const auto data = DragData(Beside(QStringLiteral("Plan.TEM")));
     const QPoint onBar = RB(window).mapTo(&window, RB(window).rect().center());
     EXPECT_FALSE(DropAt(window, *data, onBar));
-    EXPECT_EQ(said, QString());
+    EXPECT_EQ(hint, QString());
     EXPECT_EQ(Texts(window), QStringList());
 }
 
@@ -328,11 +323,7 @@ TEST_F(TemplateUse, ADragThatFallsNowhereIsNoClick) {
     QSignalSpy dragged(&list, &ListBar::DragAsked);
     const QPoint from = list.ItemRect(PlaceOf(window, QStringLiteral("Plan"))).center();
     QTest::mousePress(list.viewport(), Qt::LeftButton, {}, from);
-    for (const QPoint &at : {from + QPoint(30, 5), from + QPoint(60, 10)}) {
-        QMouseEvent move(QEvent::MouseMove, at, list.viewport()->mapToGlobal(at), Qt::NoButton,
-                         Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(list.viewport(), &move);
-    }
+    for (const QPoint &at : {from + QPoint(30, 5), from + QPoint(60, 10)}) MoveHeld(*list.viewport(), at);
     QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, from);
     Settle();
     EXPECT_EQ(dragged.count(), 1);
@@ -347,6 +338,24 @@ TEST_F(TemplateUse, ASavedTemplateIsToldInTheStatusBarAndACancelledOneIsNot) {
         window.SmartMenuXP1_Click(QStringLiteral("mnuFileSaveAsTemplate"));
         EXPECT_EQ(Status(window) == QStringLiteral("The Slice is saved as a template."), saved);
     }
+}
+
+TEST_F(TemplateUse, ThePromptOfTheTemplateBarIsTickedWhileItWouldBeAsked) {
+    frmMain &window = NewWindow();
+    const QString key = QStringLiteral("mnuViewRBPrompt");
+    EXPECT_TRUE(window.MenuValue(key));
+    auto *entry = window.findChild<QAction *>(key);
+    entry->trigger(); // off: the answer is forgotten, so the question will be asked again
+    EXPECT_TRUE(clsRB().GetDisplayPrompt());
+    desktop.ExpectForm<clsRB>([](clsRB &prompt) {
+        EXPECT_TRUE(prompt.Force);
+        prompt.Choice = clsRB::kNew;
+        prompt.SaveValue = true;
+        return true;
+    });
+    entry->trigger();
+    EXPECT_FALSE(window.MenuValue(key));
+    EXPECT_FALSE(clsRB().GetDisplayPrompt());
 }
 
 } // namespace mainwindow::testing

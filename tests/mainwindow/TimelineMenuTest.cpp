@@ -11,7 +11,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QTest>
 
 namespace mainwindow::testing {
@@ -22,7 +21,7 @@ protected:
     static QAction &Entry(frmMain &window, const char *key) {
         return *Popup(window).Item(QLatin1String(key));
     }
-    // A link to a hidden day at that place, as a date gives it.
+    // Gives the node a date: a link to a hidden day at that place.
     static diagram::Link &Date(frmMain &window, diagram::Node &node, float left, float top) {
         diagram::Node &day = window.CurrentSurface().Nodes().Add(left, top, 150, 600);
         day.SetMarked(true);
@@ -178,8 +177,8 @@ protected:
         document::SetTag(window.CurrentSurface(), document::tags::kTimelineAlign, QStringLiteral("4"));
         node.SetFillColor(support::kWhite);
     }
-    // By what a user does; the ends of the link must then stand where they belong, and one step takes it
-    // back.
+    // Resizes the node by what a user does, and expects the link to end at the day and at the node's outline,
+    // and one step of undo to take it all back.
     void Resize(const std::function<void()> &how) {
         timeline::AdjustLinks(node, true);
         const QRectF box = node.Bounds();
@@ -217,9 +216,7 @@ TEST_F(Dated, WhileItIsResizedTheEndOfItsLinkStaysWithIt) {
     const QPoint corner = PixelOf(window, node.Bounds().bottomRight());
     QTest::mousePress(viewport, Qt::LeftButton, {}, corner);
     const QPoint to = corner + QPoint(80, 120);
-    QMouseEvent move(QEvent::MouseMove, to, viewport->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
-                     Qt::NoModifier);
-    QApplication::sendEvent(viewport, &move);
+    MoveHeld(*viewport, to);
     ASSERT_GT(node.Height(), 2000);
     EXPECT_NEAR(node.Bounds().bottom() - link.Route().front().y, gap * node.Height() / 900, 20);
     Press(window, QStringLiteral("Esc"));
@@ -227,7 +224,7 @@ TEST_F(Dated, WhileItIsResizedTheEndOfItsLinkStaysWithIt) {
     EXPECT_NEAR(node.Bounds().bottom() - link.Route().front().y, gap, 1);
 }
 
-TEST_F(Dated, WhatEverChangesTheSizeOfItsTextTakesTheEndOfItsLinkAlong) {
+TEST_F(Dated, WhateverChangesTheSizeOfItsTextTakesTheEndOfItsLinkAlong) {
     node.SetAutoSize(3);
     node.SetSelected(true);
     Resize([&] {

@@ -26,7 +26,7 @@ struct Typing : WindowTest {
     }
     void Run(const char *key) { window.SmartMenuXP1_Click(QLatin1String(key)); }
     static void Type(const char *text) { QTest::keyClicks(QApplication::focusWidget(), QLatin1String(text)); }
-    // Of the whole map, tab by tab: a rebuild of the slices makes new nodes.
+    // The texts of all nodes, tab by tab. Not by `node`, as a rebuild of the slices makes new nodes.
     QStringList Texts() {
         QStringList texts;
         for (const int slot : window.AddFlow1().Indices())

@@ -1,5 +1,4 @@
-// Whether the window knows that something is unsaved: what it shows, when it asks, and what it takes for
-// none.
+// Whether the window knows what is unsaved: when it asks, what its field shows, and what is no unsaved work.
 #include "diagram/edit/History.h"
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/PropertyForms.h"
@@ -55,7 +54,7 @@ protected:
         ProcessEvents();
         return alive.isNull();
     }
-    // All steps of the current slice.
+    // Undoes all steps of the current slice.
     void UndoAll() {
         while (window.CurrentSurface().CanUndo()) Run("mnuEditUndo");
     }
@@ -114,13 +113,13 @@ namespace {
 
 struct Deed {
     const char *name;
-    bool undone; // by the steps of undo
+    bool undone; // nothing is unsaved once all steps are undone
     void (*deed)(Unsaved &, frmMain &);
 };
 
 void RunIn(frmMain &window, const char *key) { window.SmartMenuXP1_Click(QLatin1String(key)); }
 
-// What leaves Dirty as it is.
+// Changes of the map that leave Dirty as it is.
 const Deed kDeeds[] = {
     {"cut", true, [](Unsaved &, frmMain &w) { RunIn(w, "mnuEditCut"); }},
     {"paste", true, [](Unsaved &, frmMain &w) { RunIn(w, "mnuEditCopy"), RunIn(w, "mnuEditPaste"); }},
@@ -240,24 +239,25 @@ TEST_F(Unsaved, AFileThatWasAttachedShowsInTheField) {
     EXPECT_EQ(Field().text(), QStringLiteral("Unsaved changes"));
 }
 
-// The slices are written anew by it; what they hold is the same.
+// A move writes all slices anew; what they hold is the same afterwards.
 TEST_F(Unsaved, SlicesThatWereMovedAndMovedBackAreNoDifference) {
-    const auto moveFirst = [&](const char *button) {
-        desktop.ExpectForm<frmLayers>([button](frmLayers &argument) {
-            auto *form = &argument;
-            form->lvwLayers()->setCurrentRow(QLatin1String(button) == QLatin1String("down") ? 0 : 1);
-            QLatin1String(button) == QLatin1String("down") ? form->cmdDown_Click() : form->cmdUp_Click();
-            form->cmdOK_Click();
+    const auto inTheForm = [&](int row, void (frmLayers::*move)()) {
+        desktop.ExpectForm<frmLayers>([row, move](frmLayers &form) {
+            form.lvwLayers()->setCurrentRow(row);
+            (form.*move)();
+            form.cmdOK_Click();
             return true;
         });
         Run("mnuEditSlicesSlices");
     };
-    moveFirst("down");
+    const auto there = [&] { inTheForm(0, &frmLayers::cmdDown_Click); };
+    const auto back = [&] { inTheForm(1, &frmLayers::cmdUp_Click); };
+    there();
     EXPECT_TRUE(IsUnsaved());
-    moveFirst("up");
+    back();
     EXPECT_FALSE(IsUnsaved());
     Node(1).SetText(QStringLiteral("new"));
-    moveFirst("down"), moveFirst("up");
+    there(), back();
     EXPECT_TRUE(IsUnsaved());
 }
 
@@ -275,7 +275,7 @@ TEST_F(Unsaved, ASliceThatIsDeletedAndInsertedAnewIsADifference) {
     EXPECT_TRUE(IsUnsaved());
 }
 
-// A step before it must not become one without effect either.
+// The step before the font boxes, Bold, has to stay a step with an effect too.
 TEST_F(Unsaved, UndoAfterTheFontBoxesTakesTheFontBack) {
     Node(1).SetSelected(true);
     const diagram::Font before = Node(1).Font();
@@ -312,8 +312,8 @@ TEST_F(Unsaved, TheTickOfTheTimelineFollowsUndoAndRedo) {
     }
 }
 
-// Filter and colours are given anew after a dialog, whichever way it was left: a map that agrees with both is
-// as saved as before.
+// After these dialogs the filter and the colours of levels are applied again, even after a cancel. Where the
+// nodes have their colours already, nothing is unsaved then.
 TEST_F(Unsaved, SetupsThatAreCancelledLeaveNothingToSaveWhereColoursAgree) {
     document::SetTag(Node(1), document::tags::kLevel, window.clsSettings().Levels().Item(1).Key);
     document::SetTag(Node(1), document::tags::kGroup, window.clsSettings().Groups().Item(1).Key);
@@ -326,7 +326,7 @@ TEST_F(Unsaved, SetupsThatAreCancelledLeaveNothingToSaveWhereColoursAgree) {
     EXPECT_FALSE(IsUnsaved());
 }
 
-// The form's errors leave no half of a command behind.
+// The command fails in its form, halfway.
 TEST_F(Unsaved, ACommandThatFailsLeavesTheMapAsItWas) {
     const int before = window.CurrentSurface().Nodes().Count();
     desktop.ExpectForm<timeline::TimelineSetupArgument>([](timeline::TimelineSetupArgument &) -> bool {

@@ -25,7 +25,7 @@ struct ViewButtons : WindowTest {
 
     document::clsfrmMain &Settings() { return window.clsSettings(); }
     static ViewButton &Button(frmMain &of) { return *of.findChild<ViewButton *>(QStringLiteral("VIEWS")); }
-    // The entries as they are when the menu opens.
+    // The menu with the entries that it has when it opens.
     QMenu &Menu(frmMain &of) {
         Q_EMIT Button(of).menu()->aboutToShow();
         return *Button(of).menu();
@@ -207,7 +207,7 @@ TEST_F(ViewButtons, OfAFileThatMayOnlyBeReadAreChosenLikeAnyOther) {
     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
 }
 
-// At the height of the text's middle, behind the text.
+// Level with the text, at its end.
 TEST_F(ViewButtons, TheChevronStandsBesideTheText) {
     for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
         ViewButton &button = Button(window);

@@ -16,8 +16,12 @@
 #include "timeline/TimelineNodes.h"
 
 #include <QApplication>
+#include <QDropEvent>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QTest>
+#include <QToolTip>
+#include <QUrl>
 
 namespace mainwindow::testing {
 
@@ -111,11 +115,7 @@ void WindowTest::Drag(frmMain &window, const QPointF &from, const QPointF &to,
     QWidget *viewport = window.CurrentView().viewport();
     const QPoint start = PixelOf(window, from), end = PixelOf(window, to);
     QTest::mousePress(viewport, Qt::LeftButton, modifiers, start);
-    for (const QPoint &at : {start + (end - start) / 2, end}) {
-        QMouseEvent move(QEvent::MouseMove, at, viewport->mapToGlobal(at), Qt::NoButton, Qt::LeftButton,
-                         modifiers);
-        QApplication::sendEvent(viewport, &move);
-    }
+    for (const QPoint &at : {start + (end - start) / 2, end}) MoveHeld(*viewport, at, modifiers);
     QTest::mouseRelease(viewport, Qt::LeftButton, modifiers, end);
     ProcessEvents();
 }
@@ -125,6 +125,18 @@ void WindowTest::DragFromBeside(frmMain &window, const diagram::Node &node, cons
     Drag(window, diagram::LinkStartPlaces(node.Bounds(), handle)[1], to);
 }
 
+QString WindowTest::TipAt(frmMain &window, const QPointF &at) {
+    ProcessEvents();
+    QToolTip::hideText();
+    QWidget *viewport = window.CurrentView().viewport();
+    const QPoint pixel = PixelOf(window, at);
+    QHelpEvent help(QEvent::ToolTip, pixel, viewport->mapToGlobal(pixel));
+    QApplication::sendEvent(viewport, &help);
+    const QString tip = QToolTip::text();
+    QToolTip::hideText();
+    return tip;
+}
+
 QString WindowTest::Status(frmMain &window) { return window.findChild<cStatusBar *>()->Doing(); }
 
 void WindowTest::ProcessEvents() {
@@ -132,11 +144,11 @@ void WindowTest::ProcessEvents() {
     for (int i = 0; i < 3; ++i) QApplication::processEvents();
 }
 
-int WindowTest::Stored(const QString &name, int absent) {
+int WindowTest::Stored(const QString &name) {
     support::cRegistry key(desktop.registry);
     key.SectionKey = settings::WindowPath();
     key.ValueKey = name;
-    key.Default = quint32(absent);
+    key.Default = quint32(kAbsent);
     return int(key.Value().toUInt());
 }
 
@@ -155,6 +167,33 @@ EscapeWhenOffered::EscapeWhenOffered(frmMain &window) {
             QTest::keyClick(&window.CurrentView(), Qt::Key_Escape);
     });
     timer_.start(1);
+}
+
+void MoveHeld(QWidget &widget, const QPoint &at, Qt::KeyboardModifiers modifiers) {
+    QMouseEvent move(QEvent::MouseMove, at, widget.mapToGlobal(at), Qt::NoButton, Qt::LeftButton, modifiers);
+    QApplication::sendEvent(&widget, &move);
+}
+
+DropOutcome DropOn(frmMain &window, const QMimeData &data, const QPoint &at) {
+    DropOutcome outcome;
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &enter);
+    outcome.entered = enter.isAccepted();
+    QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &move);
+    outcome.moved = move.isAccepted();
+    outcome.hint = window.findChild<cStatusBar *>()->Doing();
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &drop);
+    outcome.dropped = drop.isAccepted();
+    return outcome;
+}
+
+DropOutcome DropFile(frmMain &window, const QString &path, const QPointF &at) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    const diagram::SurfaceView &view = window.CurrentView();
+    return DropOn(window, data, view.viewport()->mapTo(&window, view.FromSurface(at).toPoint()));
 }
 
 QStringList Captions(document::MapWindow &window) {

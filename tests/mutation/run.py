@@ -26,7 +26,7 @@ import time
 from dataclasses import dataclass
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-# Folder, its share of the changes, and the tests that are asked, the nearest first.
+# By folder: its share of the changes, and the tests that are run, the nearest first.
 FOLDERS = {
     "document": (0.35, ["document", "mainwindow"]),
     "timeline": (0.25, ["timeline", "timeline/setup", "mainwindow"]),
@@ -58,7 +58,7 @@ class Change:
 
 
 def masked(line):
-    """The line with the insides of its texts, and its comment, blotted out; of the same length."""
+    """The line with string literals and the comment replaced by underscores; of the same length."""
     line = re.sub(r'"(?:\\.|[^"\\])*"|\'(?:\\.|[^\'\\])*\'', lambda m: '"' + "_" * (len(m[0]) - 2) + '"', line)
     comment = line.find("//")
     return line if comment < 0 else line[:comment] + "_" * (len(line) - comment)
@@ -74,6 +74,7 @@ def closing(text, start):
     return -1
 
 
+# The rules: each yields the lines that it can make of a line. `mask` is the masked line, `former` the one before it.
 def negated(line, mask):
     for found in re.finditer(r"\b(?:if|while) \(", mask):
         begin, end = found.end(), closing(mask, found.end() - 1)
@@ -114,7 +115,8 @@ def removed(line, mask, former):
     assignment = re.fullmatch(r"(\s+)[\w:.>\-\[\]*()]+ [+\-|]?= .*;", mask)
     found = call or assignment
     if found and not NO_STATEMENT.match(mask) and mask.count("(") == mask.count(")"):
-        yield f"{found[1]}{{ if (false) {line.strip()} }}"  # what it alone uses stays in use
+        # Kept as dead code: else warnings of what is unused would fail the build.
+        yield f"{found[1]}{{ if (false) {line.strip()} }}"
 
 
 def changes_of(root, path, seed):
@@ -243,7 +245,7 @@ def check_unchanged(workshop):
 
 
 def chosen(root, options):
-    """For each folder the changes in the order in which they are taken, and how many shall be."""
+    """For each folder its name, its tests, how many changes are wanted, and the changes in the order in which to take them."""
     named = equivalents()
     for folder, (share, tests) in FOLDERS.items():
         wanted, found = round(options.count * share), candidates(root, folder, options.seed)
@@ -258,7 +260,49 @@ def chosen(root, options):
         yield folder, tests, wanted, different
 
 
-def main():
+class Results:
+    """The outcome of each change that was tried, kept in a file after each of them."""
+
+    def __init__(self, file, former):
+        self.file, self.former, self.outcomes = file, former, dict(former)
+        self.counts = {"killed": 0, "survived": 0, "not built": 0}
+        self.survivors = []
+
+    def add(self, change, outcome):
+        self.counts[outcome] += 1
+        self.survivors += [change] if outcome == "survived" else []
+        self.outcomes[change.rank] = outcome
+        self.file.write_text(json.dumps(self.outcomes))
+
+    def summary(self):
+        killed, survived, failed = self.counts.values()
+        print(f"\n{killed} killed, {survived} survived, {failed} did not build")
+        for change in self.survivors:
+            print(f"survived  {change.place()}  {change.text()}")
+
+
+def try_change(workshop, change, tests, results):
+    """Tries a change, unless a former run has seen it killed, and prints and keeps its outcome; gives that."""
+    start = time.monotonic()
+    known = results.former.get(change.rank) == "killed"
+    outcome, by = ("killed", "before") if known else verdict(workshop, change, tests)
+    print(f"{outcome:9}  {change.place()}  {change.text()}" + (f"  [{by}]" if by else "") +
+          f"  {time.monotonic() - start:.0f} s", flush=True)
+    results.add(change, outcome)
+    return outcome
+
+
+def try_folder(workshop, tests, wanted, different, results):
+    """Tries changes of one folder in their order until so many as are wanted have been built."""
+    taken, at = 0, 0
+    while taken < wanted and at < len(different):
+        # Changes of one file follow one another: what was mended is then compiled with the next change.
+        batch = sorted(different[at:at + wanted - taken], key=lambda change: (change.path, change.line))
+        at += len(batch)
+        taken += sum(try_change(workshop, change, tests, results) != "not built" for change in batch)
+
+
+def options_given():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--folder", type=pathlib.Path, default=ROOT / "build/mutation")
     parser.add_argument("--count", type=int, default=60)
@@ -268,46 +312,28 @@ def main():
     parser.add_argument("--only", default="", help="changes whose place or text holds this")
     parser.add_argument("--resume", action="store_true", help="pass over what was killed before")
     parser.add_argument("--list", action="store_true", help="show the changes and end")
-    options = parser.parse_args()
-    results_file = options.folder / "results.json"
-    former = json.loads(results_file.read_text()) if options.resume and results_file.exists() else {}
+    return parser.parse_args()
 
-    workshop = Workshop(options.folder.resolve(), options.jobs)
-    if not options.list:
-        workshop.take_sources()
-    # Edits of the work tree don't disturb a run.
-    queues = list(chosen(ROOT if options.list else workshop.source, options))
+
+def main():
+    options = options_given()
     if options.list:
-        for _, _, wanted, different in queues:
+        for _, _, wanted, different in list(chosen(ROOT, options)):
             for change in different[:wanted]:
                 print(f"{change.place()}  {change.text()}")
         return 0
 
+    workshop = Workshop(options.folder.resolve(), options.jobs)
+    workshop.take_sources()
+    queues = list(chosen(workshop.source, options))  # of the copy: edits of the work tree don't disturb a run
     workshop.configure()
     check_unchanged(workshop)
-    results, counts = dict(former), {"killed": 0, "survived": 0, "not built": 0}
-    survivors = []
+    file = options.folder / "results.json"
+    results = Results(file, json.loads(file.read_text()) if options.resume and file.exists() else {})
     for _, tests, wanted, different in queues:
-        taken, at = 0, 0
-        while taken < wanted and at < len(different):
-            # Changes of one file follow one another: what was mended is then compiled with the next change.
-            batch = sorted(different[at:at + wanted - taken], key=lambda change: (change.path, change.line))
-            at += len(batch)
-            for change in batch:
-                start = time.monotonic()
-                known = former.get(change.rank) == "killed"
-                outcome, by = ("killed", "before") if known else verdict(workshop, change, tests)
-                counts[outcome] += 1
-                taken += outcome != "not built"
-                survivors += [change] if outcome == "survived" else []
-                results[change.rank] = outcome
-                print(f"{outcome:9}  {change.place()}  {change.text()}" + (f"  [{by}]" if by else "") +
-                      f"  {time.monotonic() - start:.0f} s", flush=True)
-                results_file.write_text(json.dumps(results))
-    print(f"\n{counts['killed']} killed, {counts['survived']} survived, {counts['not built']} did not build")
-    for change in survivors:
-        print(f"survived  {change.place()}  {change.text()}")
-    return 1 if counts["survived"] > options.allowed else 0
+        try_folder(workshop, tests, wanted, different, results)
+    results.summary()
+    return 1 if results.counts["survived"] > options.allowed else 0
 
 
 if __name__ == "__main__":

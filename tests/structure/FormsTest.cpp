@@ -1,28 +1,24 @@
 // Every type that names a form (kForm) has a row in app/main.cpp, which opens that form.
-#include "tests/Paths.h"
+#include "tests/structure/Tree.h"
 
-#include <gtest/gtest.h>
 #include <QDirIterator>
-#include <QFile>
+#include <QMap>
 #include <QRegularExpression>
 
 namespace {
 
-QString TextOf(const QString &path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
+using structure::testing::kRoot;
+using structure::testing::TextOf;
 
 // The types with a kForm, by the names of their forms. A type is the last one that begins before the kForm.
 QMap<QString, QString> FormArguments() {
     static const QRegularExpression type(QStringLiteral(R"(\b(?:struct|class) (\w+)[^;{]*\{)"));
     static const QRegularExpression form(QStringLiteral(R"re(constexpr char kForm\[\] = "(\w+)")re"));
     QMap<QString, QString> arguments;
-    QDirIterator files(tests::Source(QString()), {QStringLiteral("*.h")}, QDir::Files,
-                       QDirIterator::Subdirectories);
+    QDirIterator files(kRoot.path(), {QStringLiteral("*.h")}, QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {
-        const QString path = files.next();
-        if (path.contains(QLatin1String("/build/")) || path.contains(QLatin1String("/tests/"))) continue;
+        const QString path = kRoot.relativeFilePath(files.next());
+        if (path.startsWith(QLatin1String("build/")) || path.startsWith(QLatin1String("tests/"))) continue;
         const QString text = TextOf(path);
         auto found = form.globalMatch(text);
         while (found.hasNext()) {
@@ -41,7 +37,7 @@ QMap<QString, QString> FormArguments() {
 TEST(Forms, EachOneHasItsRowInTheProgram) {
     const QMap<QString, QString> arguments = FormArguments();
     ASSERT_GT(arguments.size(), 10) << "the forms are found";
-    const QString rows = TextOf(tests::Source(QStringLiteral("app/main.cpp")));
+    const QString rows = TextOf(QStringLiteral("app/main.cpp"));
     for (auto form = arguments.begin(); form != arguments.end(); ++form) {
         const QRegularExpression row(
             QStringLiteral(R"((?:AddForm<[\w:]+, |forms\.Add<)(?:\w+::)*%1>\()").arg(form.value()));

@@ -1,11 +1,8 @@
 // Holds the tree to its one-way includes: every folder names what it may include, and any other arrow fails
 // here.
-#include "tests/Paths.h"
+#include "tests/structure/Tree.h"
 
-#include <gtest/gtest.h>
-#include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -15,7 +12,8 @@
 
 namespace {
 
-const QDir kRoot(tests::Source(QString()));
+using structure::testing::kRoot;
+using structure::testing::TextOf;
 
 // Folder -> folders that it may include besides itself. The longest folder that a path begins with counts.
 QMap<QString, QStringList> Allowed() {
@@ -114,12 +112,10 @@ QStringList Sources() {
 }
 
 QStringList IncludesOf(const QString &path) {
-    QFile file(kRoot.filePath(path));
-    if (!file.open(QIODevice::ReadOnly)) return {};
     static const QRegularExpression include(QStringLiteral("^\\s*#\\s*include\\s*\"([^\"]+)\""),
                                             QRegularExpression::MultilineOption);
     QStringList includes;
-    auto matches = include.globalMatch(QString::fromUtf8(file.readAll()));
+    auto matches = include.globalMatch(TextOf(path));
     while (matches.hasNext()) includes << matches.next().captured(1);
     return includes;
 }
@@ -152,9 +148,8 @@ Arrows AllowedBetweenTops() {
 }
 
 Arrows DrawnBetweenTops() {
-    QFile file(kRoot.filePath("docs/folders.json"));
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    const QJsonObject slice = QJsonDocument::fromJson(file.readAll())["slices"][0].toObject();
+    const QByteArray picture = TextOf("docs/folders.json").toUtf8();
+    const QJsonObject slice = QJsonDocument::fromJson(picture)["slices"][0].toObject();
     Arrows arrows;
     for (const QJsonValue node : slice["nodes"].toArray()) arrows[node["id"].toString()];
     for (const QJsonValue link : slice["links"].toArray())

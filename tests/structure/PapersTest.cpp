@@ -1,23 +1,15 @@
 // What the documents for developers (*.md, but for the guide) name in backquotes is in the tree under that
 // name.
-#include "tests/Paths.h"
+#include "tests/structure/Tree.h"
 
-#include <gtest/gtest.h>
-#include <QDir>
 #include <QDirIterator>
-#include <QFile>
 #include <QRegularExpression>
 #include <QSet>
 
 namespace {
 
-const QDir kRoot(tests::Source(QString()));
-
-QString TextOf(const QString &path) {
-    QFile file(kRoot.filePath(path));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return QString::fromUtf8(file.readAll());
-}
+using structure::testing::kRoot;
+using structure::testing::TextOf;
 
 // Paths from the root, each with a slash in front, without the build folder and the data of tests.
 QStringList FilesOfTheTree() {
