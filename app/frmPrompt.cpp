@@ -1,7 +1,7 @@
 #include "app/frmPrompt.h"
 
-#include "mainwindow/Icons.h"
-#include "mainwindow/StartupSetting.h"
+#include "mainwindow/icons/Icons.h"
+#include "mainwindow/start/StartupSetting.h"
 #include "settings/Settings.h"
 #include "support/Error.h"
 

@@ -4,12 +4,12 @@
 #include "benchmarks/Parts.h"
 #include "benchmarks/Sample.h"
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/FilterBoxes.h"
-#include "mainwindow/LookBar.h"
-#include "mainwindow/Overview.h"
-#include "mainwindow/OverviewMap.h"
-#include "mainwindow/StartOffer.h"
-#include "mainwindow/TickBox.h"
+#include "mainwindow/controls/TickBox.h"
+#include "mainwindow/find/FilterBoxes.h"
+#include "mainwindow/slices/LookBar.h"
+#include "mainwindow/slices/Overview.h"
+#include "mainwindow/slices/OverviewMap.h"
+#include "mainwindow/start/StartOffer.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

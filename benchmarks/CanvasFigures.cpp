@@ -5,7 +5,7 @@
 #include "benchmarks/Sample.h"
 #include "diagram/hit/HitTest.h"
 #include "mainwindow/frmMain.h"
-#include "mainwindow/StartOffer.h"
+#include "mainwindow/start/StartOffer.h"
 
 #include <array>
 #include <QLineF>

@@ -4,8 +4,8 @@
 #include "benchmarks/Parts.h"
 #include "benchmarks/Sample.h"
 #include "benchmarks/Scratch.h"
-#include "mainwindow/Commands.h"
-#include "mainwindow/Toolbar.h"
+#include "mainwindow/menus/Commands.h"
+#include "mainwindow/menus/Toolbar.h"
 
 #include <algorithm>
 #include <functional>

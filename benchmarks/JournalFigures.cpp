@@ -4,7 +4,7 @@
 #include "benchmarks/Parts.h"
 #include "benchmarks/Sample.h"
 #include "benchmarks/Scratch.h"
-#include "mainwindow/WindowJournal.h"
+#include "mainwindow/start/WindowJournal.h"
 #include "recovery/LostMaps.h"
 
 #include <algorithm>

@@ -1,14 +1,14 @@
 #include "mainwindow/SearchEntries.h"
 
-#include "mainwindow/CommandMatch.h"
-#include "mainwindow/Commands.h"
-#include "mainwindow/FormatMenu.h"
+#include "mainwindow/controls/ShapeMenu.h"
 #include "mainwindow/frmMain.h"
-#include "mainwindow/Icons.h"
-#include "mainwindow/LookBar.h"
-#include "mainwindow/ShapeMenu.h"
-#include "mainwindow/SmartMenu.h"
-#include "mainwindow/Toolbar.h"
+#include "mainwindow/icons/Icons.h"
+#include "mainwindow/menus/CommandMatch.h"
+#include "mainwindow/menus/Commands.h"
+#include "mainwindow/menus/FormatMenu.h"
+#include "mainwindow/menus/SmartMenu.h"
+#include "mainwindow/menus/Toolbar.h"
+#include "mainwindow/slices/LookBar.h"
 #include "settings/Settings.h"
 
 #include <QAction>

@@ -1,7 +1,7 @@
 // What the search for commands finds in a window.
 #pragma once
 
-#include "mainwindow/CommandSearch.h"
+#include "mainwindow/menus/CommandSearch.h"
 
 #include <vector>
 

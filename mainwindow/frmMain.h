@@ -4,8 +4,8 @@
 #include "document/clsfrmMain.h"
 #include "document/MapWindow.h"
 #include "document/SurfaceArray.h"
-#include "mainwindow/clsTabStrip.h"
-#include "mainwindow/LevelColours.h"
+#include "mainwindow/controls/clsTabStrip.h"
+#include "mainwindow/edits/LevelColours.h"
 
 #include <memory>
 #include <QEventLoop>

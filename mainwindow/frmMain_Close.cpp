@@ -3,11 +3,11 @@
 
 #include "diagram/view/SurfaceView.h"
 #include "document/DoSave.h"
-#include "mainwindow/frmPics.h"
-#include "mainwindow/frmSplash.h"
+#include "mainwindow/forms/frmSplash.h"
 #include "mainwindow/Placement.h"
-#include "mainwindow/SliceViews.h"
-#include "mainwindow/WindowJournal.h"
+#include "mainwindow/slices/SliceViews.h"
+#include "mainwindow/start/WindowJournal.h"
+#include "mainwindow/window/frmPics.h"
 
 #include <algorithm>
 #include <QCloseEvent>

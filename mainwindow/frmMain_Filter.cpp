@@ -1,7 +1,7 @@
 // The handlers of the two lists of what is shown, by group and by level.
 #include "mainwindow/frmMain.h"
 
-#include "mainwindow/FilterBoxes.h"
+#include "mainwindow/find/FilterBoxes.h"
 
 namespace mainwindow {
 

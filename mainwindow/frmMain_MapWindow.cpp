@@ -2,10 +2,10 @@
 #include "mainwindow/frmMain.h"
 
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/cProgressOnStatusBar.h"
-#include "mainwindow/cStatusBar.h"
-#include "mainwindow/SliceViews.h"
-#include "mainwindow/Toolbar.h"
+#include "mainwindow/controls/cProgressOnStatusBar.h"
+#include "mainwindow/controls/cStatusBar.h"
+#include "mainwindow/menus/Toolbar.h"
+#include "mainwindow/slices/SliceViews.h"
 #include "mainwindow/WindowParts.h"
 #include "timeline/TimelineNodes.h"
 

@@ -5,8 +5,8 @@
 #include "document/DoSave.h"
 #include "document/LastPath.h"
 #include "document/MemoryGuard.h"
-#include "mainwindow/OfferSalvage.h"
-#include "mainwindow/SliceTurns.h"
+#include "mainwindow/slices/SliceTurns.h"
+#include "mainwindow/start/OfferSalvage.h"
 #include "support/clsPaths.h"
 #include "support/Files.h"
 

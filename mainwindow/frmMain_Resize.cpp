@@ -1,7 +1,7 @@
 // Window events other than closing: first showing, activation, resizing.
 #include "mainwindow/frmMain.h"
 
-#include "mainwindow/cProgressOnStatusBar.h"
+#include "mainwindow/controls/cProgressOnStatusBar.h"
 #include "mainwindow/WindowParts.h"
 
 #include <QEvent>

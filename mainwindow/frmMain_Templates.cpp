@@ -1,6 +1,6 @@
 // The bar of templates, by the window's names for it.
 #include "mainwindow/frmMain.h"
-#include "mainwindow/TemplateBar.h"
+#include "mainwindow/templates/TemplateBar.h"
 
 namespace mainwindow {
 

@@ -1,8 +1,8 @@
 // Nodes with an end: how the user gives it, and drags it.
 #include "tests/mainwindow/DatesTest.h"
 
-#include "mainwindow/ItemDescription.h"
-#include "mainwindow/TimelineCommands.h"
+#include "mainwindow/commands/TimelineCommands.h"
+#include "mainwindow/edits/ItemDescription.h"
 #include "timeline/AtDates.h"
 #include "timeline/LineUpPlan.h"
 #include "timeline/Span.h"

@@ -1,7 +1,7 @@
 #include "tests/mainwindow/WindowTest.h"
 
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/frmPics.h"
+#include "mainwindow/window/frmPics.h"
 #include "support/Files.h"
 
 #include <QApplication>

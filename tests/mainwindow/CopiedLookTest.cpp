@@ -1,4 +1,4 @@
-#include "mainwindow/CopiedLook.h"
+#include "mainwindow/look/CopiedLook.h"
 
 #include "tests/mainwindow/WindowTest.h"
 

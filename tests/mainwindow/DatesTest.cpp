@@ -4,7 +4,7 @@
 #include "diagram/export/Export.h"
 #include "diagram/format/SurfaceFile.h"
 #include "document/DoLoad.h"
-#include "mainwindow/TimelineCommands.h"
+#include "mainwindow/commands/TimelineCommands.h"
 #include "widgets/SwatchButton.h"
 
 #include <QComboBox>

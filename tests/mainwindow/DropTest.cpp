@@ -1,6 +1,6 @@
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
-#include "mainwindow/DroppedFile.h"
+#include "mainwindow/slices/DroppedFile.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QAction>

@@ -1,9 +1,9 @@
 // Every command of the menu runs.
 #include "dialogs/PropertyForms.h"
-#include "mainwindow/Commands.h"
-#include "mainwindow/frmAbout.h"
-#include "mainwindow/frmLayers.h"
-#include "mainwindow/frmLayout.h"
+#include "mainwindow/forms/frmAbout.h"
+#include "mainwindow/forms/frmLayers.h"
+#include "mainwindow/forms/frmLayout.h"
+#include "mainwindow/menus/Commands.h"
 #include "output/print/PrintForms.h"
 #include "settings/clsRB.h"
 #include "support/Files.h"

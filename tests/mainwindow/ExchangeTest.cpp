@@ -1,11 +1,11 @@
-#include "mainwindow/Exchange.h"
+#include "mainwindow/commands/Exchange.h"
 
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/DoSave.h"
 #include "document/LastPath.h"
 #include "document/UnsavedWork.h"
-#include "mainwindow/cStatusBar.h"
+#include "mainwindow/controls/cStatusBar.h"
 #include "output/csv/ExportMap.h"
 #include "output/export/clsExport.h"
 #include "output/powerpoint/PowerPointForm.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "document/Tags.h"
-#include "mainwindow/TickBox.h"
+#include "mainwindow/controls/TickBox.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QAbstractItemView>

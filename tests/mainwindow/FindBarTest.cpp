@@ -1,4 +1,4 @@
-#include "mainwindow/FindBar.h"
+#include "mainwindow/find/FindBar.h"
 #include "diagram/view/SurfaceView.h"
 #include "document/Tags.h"
 #include "tests/document/Slices.h"

@@ -1,8 +1,8 @@
 // Nodes are found by their dates.
 #include "tests/mainwindow/DatesTest.h"
 
-#include "mainwindow/FindBar.h"
-#include "mainwindow/ItemDescription.h"
+#include "mainwindow/edits/ItemDescription.h"
+#include "mainwindow/find/FindBar.h"
 #include "timeline/AtDates.h"
 #include "timeline/LineUp.h"
 

@@ -1,8 +1,8 @@
 // Folding months of the timeline by the pointer, the popup and the keyboard.
 #include "tests/mainwindow/DatesTest.h"
 
-#include "mainwindow/ItemDescription.h"
-#include "mainwindow/TimelineMenu.h"
+#include "mainwindow/commands/TimelineMenu.h"
+#include "mainwindow/edits/ItemDescription.h"
 #include "timeline/AtDates.h"
 #include "timeline/CalendarOfStrip.h"
 #include "timeline/Folding.h"

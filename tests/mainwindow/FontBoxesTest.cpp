@@ -1,9 +1,9 @@
 #include "diagram/model/ScreenValues.h"
 #include "diagram/view/SurfaceView.h"
 #include "dialogs/ListIndex.h"
-#include "mainwindow/FontBox.h"
-#include "mainwindow/FontSamples.h"
-#include "mainwindow/frmPics.h"
+#include "mainwindow/controls/FontBox.h"
+#include "mainwindow/controls/FontSamples.h"
+#include "mainwindow/window/frmPics.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QAbstractItemView>

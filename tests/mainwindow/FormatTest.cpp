@@ -1,8 +1,8 @@
-#include "mainwindow/FormatCommands.h"
+#include "mainwindow/commands/FormatCommands.h"
 
 #include "diagram/shapes/Shapes.h"
-#include "mainwindow/ShapeMenu.h"
-#include "mainwindow/TextAlignment.h"
+#include "mainwindow/controls/ShapeMenu.h"
+#include "mainwindow/edits/TextAlignment.h"
 #include "support/Error.h"
 #include "tests/mainwindow/FailingBoxes.h"
 #include "tests/mainwindow/WindowTest.h"

@@ -1,8 +1,8 @@
 // The guide's table of the look bar.
 #include "tests/mainwindow/GuideReader.h"
 
-#include "mainwindow/LookButton.h"
-#include "mainwindow/RecentColours.h"
+#include "mainwindow/look/LookButton.h"
+#include "mainwindow/look/RecentColours.h"
 #include "widgets/ChoicePopup.h"
 #include "widgets/ColourPalette.h"
 

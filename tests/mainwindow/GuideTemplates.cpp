@@ -2,8 +2,8 @@
 #include "tests/mainwindow/GuideReader.h"
 
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/TemplateDrag.h"
-#include "mainwindow/TemplateTip.h"
+#include "mainwindow/templates/TemplateDrag.h"
+#include "mainwindow/templates/TemplateTip.h"
 #include "settings/clsRB.h"
 #include "settings/Settings.h"
 #include "tests/mainwindow/TemplateBarTest.h"

@@ -3,7 +3,7 @@
 
 #include "document/DoLoad.h"
 #include "document/DoSave.h"
-#include "mainwindow/TimelineCommands.h"
+#include "mainwindow/commands/TimelineCommands.h"
 #include "timeline/AtDates.h"
 #include "timeline/DateText.h"
 #include "timeline/DaysOfStrip.h"

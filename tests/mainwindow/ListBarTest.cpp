@@ -1,6 +1,6 @@
 // The list bar alone, with real events: no window and no templates.
-#include "mainwindow/ListBar.h"
-#include "mainwindow/ListBarDelegate.h"
+#include "mainwindow/templates/ListBar.h"
+#include "mainwindow/templates/ListBarDelegate.h"
 
 #include <gtest/gtest.h>
 #include <QAccessible>

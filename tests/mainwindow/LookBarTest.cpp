@@ -2,7 +2,7 @@
 #include "tests/mainwindow/LookBarTest.h"
 
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/CommandSearch.h"
+#include "mainwindow/menus/CommandSearch.h"
 
 #include <QAction>
 #include <QMenuBar>

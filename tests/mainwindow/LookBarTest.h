@@ -1,10 +1,10 @@
 // What the tests of the look bar share.
 #pragma once
 
-#include "mainwindow/LookBar.h"
-#include "mainwindow/LookButton.h"
-#include "mainwindow/StateButton.h"
-#include "mainwindow/Toolbar.h"
+#include "mainwindow/look/LookButton.h"
+#include "mainwindow/look/StateButton.h"
+#include "mainwindow/menus/Toolbar.h"
+#include "mainwindow/slices/LookBar.h"
 #include "tests/mainwindow/WindowTest.h"
 #include "widgets/ChoicePopup.h"
 #include "widgets/ColourPalette.h"

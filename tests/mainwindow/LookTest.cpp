@@ -1,5 +1,5 @@
 // What the look bar reads of a selection and does to it, without a window.
-#include "mainwindow/Look.h"
+#include "mainwindow/look/Look.h"
 
 #include "diagram/edit/History.h"
 #include "diagram/model/Actions.h"

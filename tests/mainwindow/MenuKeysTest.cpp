@@ -1,6 +1,6 @@
 // The keys of the commands, pressed on the surface.
-#include "mainwindow/Commands.h"
-#include "mainwindow/SmartMenu.h"
+#include "mainwindow/menus/Commands.h"
+#include "mainwindow/menus/SmartMenu.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <gmock/gmock.h>

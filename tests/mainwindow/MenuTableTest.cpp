@@ -1,7 +1,7 @@
 // The whole menu, both toolbars and the popup, entry by entry.
-#include "mainwindow/Commands.h"
-#include "mainwindow/TimelineMenu.h"
-#include "mainwindow/Toolbar.h"
+#include "mainwindow/commands/TimelineMenu.h"
+#include "mainwindow/menus/Commands.h"
+#include "mainwindow/menus/Toolbar.h"
 #include "settings/Settings.h"
 #include "tests/mainwindow/WindowTest.h"
 

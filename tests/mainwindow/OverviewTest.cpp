@@ -1,9 +1,9 @@
-#include "mainwindow/Overview.h"
+#include "mainwindow/slices/Overview.h"
 
 #include "diagram/scene/Scene.h"
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/OverviewMap.h"
-#include "mainwindow/OverviewPicture.h"
+#include "mainwindow/slices/OverviewMap.h"
+#include "mainwindow/slices/OverviewPicture.h"
 #include "tests/document/Slices.h"
 #include "tests/mainwindow/WindowTest.h"
 

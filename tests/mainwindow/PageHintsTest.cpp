@@ -1,7 +1,7 @@
 // The hints in the status bar on what a press would do, and the text of an empty page.
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/HintText.h"
-#include "mainwindow/WindowStatus.h"
+#include "mainwindow/slices/HintText.h"
+#include "mainwindow/window/WindowStatus.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QTest>

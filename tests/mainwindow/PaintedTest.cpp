@@ -1,10 +1,10 @@
 // That the window's own controls paint what they hold: pictures with and without it are compared.
-#include "mainwindow/CommandSearch.h"
-#include "mainwindow/cProgressOnStatusBar.h"
-#include "mainwindow/cStatusBar.h"
-#include "mainwindow/FontSamples.h"
-#include "mainwindow/Icons.h"
-#include "mainwindow/TickBox.h"
+#include "mainwindow/controls/cProgressOnStatusBar.h"
+#include "mainwindow/controls/cStatusBar.h"
+#include "mainwindow/controls/FontSamples.h"
+#include "mainwindow/controls/TickBox.h"
+#include "mainwindow/icons/Icons.h"
+#include "mainwindow/menus/CommandSearch.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QAbstractItemView>

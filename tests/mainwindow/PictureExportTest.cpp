@@ -1,8 +1,8 @@
 // Pictures as files: which format, the form, what is remembered.
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/cStatusBar.h"
-#include "mainwindow/frmPicture.h"
-#include "mainwindow/PictureChoice.h"
+#include "mainwindow/controls/cStatusBar.h"
+#include "mainwindow/forms/frmPicture.h"
+#include "mainwindow/forms/PictureChoice.h"
 #include "support/AtomicFile.h"
 #include "support/Files.h"
 #include "tests/mainwindow/WindowTest.h"

@@ -1,7 +1,7 @@
 #include "tests/mainwindow/PrintTest.h"
 #include "diagram/model/Node.h"
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/cStatusBar.h"
+#include "mainwindow/controls/cStatusBar.h"
 #include "output/print/form/PreviewSheets.h"
 #include "settings/GetSet.h"
 #include "support/Error.h"

@@ -1,7 +1,7 @@
 // What the tests of printing share: a window whose slice takes 3 by 2 pages, and its preview.
 #pragma once
 
-#include "mainwindow/WindowPrinting.h"
+#include "mainwindow/slices/WindowPrinting.h"
 #include "output/print/form/frmPrint.h"
 #include "settings/GetSet.h"
 #include "support/Printers.h"

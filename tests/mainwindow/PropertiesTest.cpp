@@ -2,8 +2,8 @@
 #include "dialogs/frmNodeDialog.h"
 #include "dialogs/PropertyForms.h"
 #include "mainwindow/BusyRetry.h"
-#include "mainwindow/CommandSearch.h"
-#include "mainwindow/Selection.h"
+#include "mainwindow/edits/Selection.h"
+#include "mainwindow/menus/CommandSearch.h"
 #include "support/Forms.h"
 #include "tests/mainwindow/WindowTest.h"
 

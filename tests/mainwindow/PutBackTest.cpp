@@ -1,7 +1,7 @@
-#include "mainwindow/PutBack.h"
+#include "mainwindow/slices/PutBack.h"
 
 #include "dialogs/PropertyForms.h"
-#include "mainwindow/HandlerStep.h"
+#include "mainwindow/edits/HandlerStep.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QTest>

@@ -1,11 +1,11 @@
 // The icons that are painted while the program is built.
-#include "mainwindow/ReadyIcons.h"
+#include "mainwindow/icons/ReadyIcons.h"
 
-#include "mainwindow/Commands.h"
-#include "mainwindow/Icons.h"
-#include "mainwindow/Look.h"
-#include "mainwindow/LookPictures.h"
-#include "mainwindow/Toolbar.h"
+#include "mainwindow/icons/Icons.h"
+#include "mainwindow/look/Look.h"
+#include "mainwindow/look/LookPictures.h"
+#include "mainwindow/menus/Commands.h"
+#include "mainwindow/menus/Toolbar.h"
 
 #include <gtest/gtest.h>
 #include <QFile>

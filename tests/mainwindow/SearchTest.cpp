@@ -1,7 +1,7 @@
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/CommandMatch.h"
-#include "mainwindow/Commands.h"
-#include "mainwindow/CommandSearch.h"
+#include "mainwindow/menus/CommandMatch.h"
+#include "mainwindow/menus/Commands.h"
+#include "mainwindow/menus/CommandSearch.h"
 #include "settings/Settings.h"
 #include "tests/mainwindow/WindowTest.h"
 

@@ -1,9 +1,9 @@
 // The menu of shapes for a new element.
-#include "mainwindow/ShapeMenu.h"
+#include "mainwindow/controls/ShapeMenu.h"
 
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/MenuColumns.h"
-#include "mainwindow/Toolbar.h"
+#include "mainwindow/controls/MenuColumns.h"
+#include "mainwindow/menus/Toolbar.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QAction>

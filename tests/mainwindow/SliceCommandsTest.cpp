@@ -4,8 +4,8 @@
 #include "diagram/view/SurfaceView.h"
 #include "document/DefaultNodes.h"
 #include "document/Tags.h"
-#include "mainwindow/frmLayers.h"
-#include "mainwindow/SliceTabs.h"
+#include "mainwindow/controls/SliceTabs.h"
+#include "mainwindow/forms/frmLayers.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QFile>

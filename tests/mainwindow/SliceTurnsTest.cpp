@@ -1,5 +1,5 @@
 // Ctrl+Tab, with Ctrl held over several presses of Tab.
-#include "mainwindow/SliceTurns.h"
+#include "mainwindow/slices/SliceTurns.h"
 
 #include "diagram/view/SurfaceView.h"
 #include "tests/mainwindow/HeldKeys.h"

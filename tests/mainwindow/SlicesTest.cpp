@@ -1,7 +1,7 @@
 #include "diagram/model/ScreenValues.h"
 #include "document/MemoryWindow.h"
-#include "mainwindow/EditSlices.h"
-#include "mainwindow/frmLayers.h"
+#include "mainwindow/edits/EditSlices.h"
+#include "mainwindow/forms/frmLayers.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <gmock/gmock.h>

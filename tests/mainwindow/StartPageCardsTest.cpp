@@ -1,5 +1,5 @@
 // What the start page shows, and what its cards do.
-#include "mainwindow/StartupSetting.h"
+#include "mainwindow/start/StartupSetting.h"
 #include "tests/mainwindow/StartPageTest.h"
 
 #include <QAction>

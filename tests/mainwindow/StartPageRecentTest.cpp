@@ -1,5 +1,5 @@
 // Which maps the start page lists, and how it tells of their last change.
-#include "mainwindow/RecentMaps.h"
+#include "mainwindow/start/RecentMaps.h"
 #include "settings/clsMRU.h"
 #include "tests/mainwindow/WindowTest.h"
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/StartCard.h"
-#include "mainwindow/StartOffer.h"
-#include "mainwindow/StartPage.h"
+#include "mainwindow/start/StartCard.h"
+#include "mainwindow/start/StartOffer.h"
+#include "mainwindow/start/StartPage.h"
 #include "settings/clsMRU.h"
 #include "settings/DeliveredFiles.h"
 #include "settings/GetSet.h"

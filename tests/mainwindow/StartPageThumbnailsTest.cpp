@@ -2,7 +2,7 @@
 #include "document/DoSave.h"
 #include "document/MemoryWindow.h"
 #include "document/OpenMap.h"
-#include "mainwindow/Thumbnails.h"
+#include "mainwindow/start/Thumbnails.h"
 #include "support/AtomicFile.h"
 #include "support/Platform.h"
 #include "templates/SaveAsTemplate.h"

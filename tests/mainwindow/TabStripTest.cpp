@@ -1,4 +1,4 @@
-#include "mainwindow/clsTabStrip.h"
+#include "mainwindow/controls/clsTabStrip.h"
 
 #include "support/clsGUID.h"
 #include "support/Error.h"

@@ -2,9 +2,9 @@
 #include "tests/mainwindow/TemplateBarTest.h"
 
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/CommandSearch.h"
-#include "mainwindow/TemplatePreviews.h"
-#include "mainwindow/TemplateTip.h"
+#include "mainwindow/menus/CommandSearch.h"
+#include "mainwindow/templates/TemplatePreviews.h"
+#include "mainwindow/templates/TemplateTip.h"
 #include "support/Files.h"
 
 #include <QApplication>

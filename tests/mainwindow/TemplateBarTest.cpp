@@ -1,8 +1,8 @@
 // The bars and how they are filled.
 #include "tests/mainwindow/TemplateBarTest.h"
 
-#include "mainwindow/BarFilling.h"
-#include "mainwindow/BarPane.h"
+#include "mainwindow/templates/BarFilling.h"
+#include "mainwindow/templates/BarPane.h"
 #include "settings/DeliveredFiles.h"
 #include "storage/Database.h"
 #include "support/Files.h"

@@ -1,7 +1,7 @@
 // What the tests of the template bar share: folders with templates, and a user who clicks on them.
 #pragma once
 
-#include "mainwindow/TemplateBar.h"
+#include "mainwindow/templates/TemplateBar.h"
 #include "settings/clsRB.h"
 #include "tests/mainwindow/WindowTest.h"
 

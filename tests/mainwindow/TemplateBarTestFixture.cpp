@@ -2,7 +2,7 @@
 
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/model/Surface.h"
-#include "mainwindow/BarFilling.h"
+#include "mainwindow/templates/BarFilling.h"
 #include "settings/DeliveredFiles.h"
 #include "settings/Settings.h"
 #include "support/Colour.h"

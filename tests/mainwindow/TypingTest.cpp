@@ -1,5 +1,5 @@
 #include "diagram/view/SurfaceView.h"
-#include "mainwindow/SliceTabs.h"
+#include "mainwindow/controls/SliceTabs.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QApplication>

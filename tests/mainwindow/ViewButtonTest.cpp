@@ -1,9 +1,9 @@
 // Named views, from the button beside the lists of what is shown.
-#include "mainwindow/ViewButton.h"
+#include "mainwindow/find/ViewButton.h"
 #include "document/DoSave.h"
 #include "document/Tags.h"
-#include "mainwindow/cStatusBar.h"
-#include "mainwindow/TickBox.h"
+#include "mainwindow/controls/cStatusBar.h"
+#include "mainwindow/controls/TickBox.h"
 #include "tests/document/Slices.h"
 #include "tests/mainwindow/WindowTest.h"
 

@@ -8,7 +8,7 @@
 #include "document/MapSchema.h"
 #include "document/MemoryWindow.h"
 #include "document/Tags.h"
-#include "mainwindow/cStatusBar.h"
+#include "mainwindow/controls/cStatusBar.h"
 #include "settings/GetSet.h"
 #include "settings/Settings.h"
 #include "support/cRegistry.h"

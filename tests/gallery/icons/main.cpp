@@ -1,7 +1,7 @@
 // Writes two pictures of all icons at the sizes in which they are shown, on light and on dark ground.
 //   velmora-icons [FOLDER]     (build/gallery when left out)
-#include "mainwindow/Icons.h"
-#include "mainwindow/ShapeMenu.h"
+#include "mainwindow/controls/ShapeMenu.h"
+#include "mainwindow/icons/Icons.h"
 
 #include <cstdio>
 #include <QApplication>
