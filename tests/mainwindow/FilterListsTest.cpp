@@ -12,7 +12,7 @@ namespace mainwindow::testing {
 namespace {
 
 struct FilterLists : FilterTest {
-    // Such a node in the colour that IsPainted looks for.
+    // A tagged node in the colour that IsPainted looks for.
     diagram::Node &Coloured(int group, int level, float left = 300) {
         diagram::Node &node = Tagged(group, level, left);
         node.SetFillColor(support::Rgb(10, 200, 30));

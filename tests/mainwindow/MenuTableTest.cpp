@@ -279,7 +279,8 @@ TEST_F(MenuTable, RecentFilesStandAboveTheLastSeparatorWithOneOfTheirOwn) {
     const QString path = SavedMap(QStringLiteral("plan.map"), 1);
     QStringList expected = Lines(kMenu);
     expected.insert(13, QStringLiteral("mnuFile|mnuFileSepMRU|sep|"));
-    expected.insert(14, QStringLiteral("mnuFile|mnuFileMRU|%1|command|...%2").arg(path, path.right(25)));
+    expected.insert(14,
+                    QStringLiteral("mnuFile|mnuFileMRU|%1|command|%2").arg(path, RecentFileCaption(path)));
     EXPECT_EQ(Described(NewWindow()), expected);
 }
 
