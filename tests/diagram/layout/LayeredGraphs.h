@@ -11,7 +11,7 @@ namespace diagram::testing {
 inline const GoOn kAlways = [] { return true; };
 
 // Boxes of one size without places.
-inline LayoutGraph Graph(int boxes, std::vector<LayoutEdge> edges) {
+inline LayoutGraph SmallBoxes(int boxes, std::vector<LayoutEdge> edges) {
     LayoutGraph graph;
     graph.sizes.assign(std::size_t(boxes), QSizeF(1000, 600));
     graph.centres.resize(std::size_t(boxes));
@@ -34,7 +34,7 @@ inline LayoutGraph RandomGraph(unsigned seed, int boxes, int edges) {
 
 // Boxes 3 and 4 are a title and what stands beside it, 5 stands below all.
 inline LayoutGraph TitledGraph() {
-    LayoutGraph graph = Graph(6, {{0, 1}, {1, 2}, {0, 2}});
+    LayoutGraph graph = SmallBoxes(6, {{0, 1}, {1, 2}, {0, 2}});
     graph.centres = {{0, 0}, {0, 1500}, {2500, 3000}, {300, -1400}, {2100, -1500}, {0, 6000}};
     return graph;
 }

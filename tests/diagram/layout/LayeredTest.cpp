@@ -63,12 +63,12 @@ void ExpectApart(const LayoutGraph &graph, const LayeredDrawing &drawing) {
 }
 
 TEST(Layered, NoneOneAndTwoBoxes) {
-    EXPECT_TRUE(Draw(Graph(0, {})).centres.empty());
-    EXPECT_EQ(Draw(Graph(1, {})).centres.size(), 1U);
-    const auto apart = Draw(Graph(2, {}));
+    EXPECT_TRUE(Draw(SmallBoxes(0, {})).centres.empty());
+    EXPECT_EQ(Draw(SmallBoxes(1, {})).centres.size(), 1U);
+    const auto apart = Draw(SmallBoxes(2, {}));
     EXPECT_EQ(apart.centres[0].y(), apart.centres[1].y());
     EXPECT_DOUBLE_EQ(apart.centres[1].x() - apart.centres[0].x(), 1600);
-    const auto joined = Draw(Graph(2, {{1, 0}}));
+    const auto joined = Draw(SmallBoxes(2, {{1, 0}}));
     EXPECT_DOUBLE_EQ(joined.centres[0].y() - joined.centres[1].y(), 1200);
     EXPECT_DOUBLE_EQ(joined.centres[0].x(), joined.centres[1].x());
     EXPECT_TRUE(joined.bends[0].empty());
@@ -107,7 +107,7 @@ TEST(Layered, WithoutCyclesEveryEdgeLeadsInTheDirection) {
 
 TEST(Layered, OfAProcessWithTwoLoopsOnlyTheseLeadBack) {
     const LayoutGraph graph =
-        Graph(8, {{0, 1}, {1, 2}, {2, 3}, {3, 4}, {4, 5}, {5, 6}, {6, 7}, {3, 1}, {6, 2}});
+        SmallBoxes(8, {{0, 1}, {1, 2}, {2, 3}, {3, 4}, {4, 5}, {5, 6}, {6, 7}, {3, 1}, {6, 2}});
     const auto drawing = Draw(graph);
     for (std::size_t i = 1; i < 8; ++i) EXPECT_GT(drawing.centres[i].y(), drawing.centres[i - 1].y());
     ExpectNoBoxMet(graph, drawing);
@@ -117,7 +117,7 @@ TEST(Layered, OfAProcessWithTwoLoopsOnlyTheseLeadBack) {
 
 TEST(Layered, ParentsStandOverTheMiddleOfTheirChildren) {
     const auto drawing =
-        Draw(Graph(10, {{0, 1}, {0, 2}, {0, 3}, {1, 4}, {1, 5}, {1, 6}, {3, 7}, {3, 8}, {3, 9}}));
+        Draw(SmallBoxes(10, {{0, 1}, {0, 2}, {0, 3}, {1, 4}, {1, 5}, {1, 6}, {3, 7}, {3, 8}, {3, 9}}));
     const auto &at = drawing.centres;
     EXPECT_NEAR(at[1].x(), (at[4].x() + at[6].x()) / 2, 30);
     EXPECT_NEAR(at[3].x(), (at[7].x() + at[9].x()) / 2, 30);
@@ -125,12 +125,12 @@ TEST(Layered, ParentsStandOverTheMiddleOfTheirChildren) {
 }
 
 TEST(Layered, AChainOfBoxesKeepsOneColumnBesideALongEdge) {
-    const auto drawing = Draw(Graph(6, {{0, 1}, {1, 2}, {2, 3}, {3, 4}, {4, 5}, {5, 1}, {0, 4}}));
+    const auto drawing = Draw(SmallBoxes(6, {{0, 1}, {1, 2}, {2, 3}, {3, 4}, {4, 5}, {5, 1}, {0, 4}}));
     for (std::size_t i = 1; i < 6; ++i) EXPECT_NEAR(drawing.centres[i].x(), drawing.centres[0].x(), 1);
 }
 
 TEST(Layered, ATreeStandsAsATreeEitherWayUp) {
-    LayoutGraph graph = Graph(7, {{0, 1}, {0, 2}, {1, 3}, {1, 4}, {1, 5}, {2, 6}});
+    LayoutGraph graph = SmallBoxes(7, {{0, 1}, {0, 2}, {1, 3}, {1, 4}, {1, 5}, {2, 6}});
     const auto down = Draw(graph).centres;
     EXPECT_DOUBLE_EQ(down[1].x(), down[4].x());
     EXPECT_DOUBLE_EQ(down[0].x(), (down[1].x() + down[2].x()) / 2);
@@ -143,7 +143,7 @@ TEST(Layered, ATreeStandsAsATreeEitherWayUp) {
 }
 
 TEST(Layered, LabelsOfEdgesBetweenTheSameBoxesLieBesideEachOther) {
-    LayoutGraph graph = Graph(2, {{0, 1}, {1, 0}, {0, 1}});
+    LayoutGraph graph = SmallBoxes(2, {{0, 1}, {1, 0}, {0, 1}});
     graph.labels = {{900, 200}, {1100, 200}, {0, 0}};
     const auto drawing = Draw(graph);
     EXPECT_GE(drawing.bends[1].front().x() - drawing.bends[0].front().x(), 1000);
@@ -152,14 +152,14 @@ TEST(Layered, LabelsOfEdgesBetweenTheSameBoxesLieBesideEachOther) {
 }
 
 TEST(Layered, ALongEdgePassesAllLayersInOneColumn) {
-    const LayoutGraph graph = Graph(7, {{0, 1}, {1, 2}, {2, 3}, {3, 4}, {4, 5}, {5, 6}, {0, 6}});
+    const LayoutGraph graph = SmallBoxes(7, {{0, 1}, {1, 2}, {2, 3}, {3, 4}, {4, 5}, {5, 6}, {0, 6}});
     const auto bends = Draw(graph).bends[6];
     ASSERT_GE(bends.size(), 2U);
     for (const QPointF &bend : bends) EXPECT_EQ(bend.x(), bends[0].x());
 }
 
 TEST(Layered, EdgesBetweenTheSameBoxesLieBesideEachOther) {
-    const LayoutGraph graph = Graph(4, {{0, 1}, {1, 2}, {2, 3}, {0, 3}, {0, 3}, {3, 0}});
+    const LayoutGraph graph = SmallBoxes(4, {{0, 1}, {1, 2}, {2, 3}, {0, 3}, {0, 3}, {3, 0}});
     const auto drawing = Draw(graph);
     EXPECT_NEAR(std::abs(drawing.bends[3][0].x() - drawing.bends[4][0].x()), 180, 1);
     EXPECT_NEAR(std::abs(drawing.bends[4][0].x() - drawing.bends[5].back().x()), 180, 1);
@@ -168,7 +168,7 @@ TEST(Layered, EdgesBetweenTheSameBoxesLieBesideEachOther) {
 }
 
 TEST(Layered, ALabelHasRoomBetweenTheLayers) {
-    LayoutGraph graph = Graph(5, {{0, 1}, {0, 2}, {0, 3}, {0, 4}});
+    LayoutGraph graph = SmallBoxes(5, {{0, 1}, {0, 2}, {0, 3}, {0, 4}});
     const auto plain = Draw(graph);
     graph.labels.assign(4, QSizeF(2500, 1500));
     const auto labelled = Draw(graph);
@@ -188,7 +188,7 @@ TEST(Layered, ALabelHasRoomBetweenTheLayers) {
 }
 
 TEST(Layered, UnconnectedPartsArePacked) {
-    LayoutGraph graph = Graph(50, {});
+    LayoutGraph graph = SmallBoxes(50, {});
     for (int i = 0; i < 50; i += 2) graph.edges.push_back({i, i + 1});
     const auto drawing = Draw(graph);
     QRectF all;
@@ -209,7 +209,7 @@ TEST(Layered, ATitleStaysAboveAllAndAsItWasToWhatIsBesideIt) {
 }
 
 TEST(Layered, BoxesKeepTheirPresentOrderWhereThatCrossesNothing) {
-    LayoutGraph graph = Graph(4, {{0, 1}, {0, 2}, {0, 3}});
+    LayoutGraph graph = SmallBoxes(4, {{0, 1}, {0, 2}, {0, 3}});
     graph.centres = {{0, 0}, {900, 0}, {100, 0}, {500, 0}};
     const auto at = Draw(graph).centres;
     EXPECT_LT(at[2].x(), at[3].x());
