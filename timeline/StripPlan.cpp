@@ -3,8 +3,10 @@
 #include "support/Error.h"
 #include "support/Val.h"
 #include "timeline/DateText.h"
+#include "timeline/DaySlots.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <map>
 
 namespace timeline {
@@ -41,13 +43,12 @@ DaysByMonth ByMonth(const std::vector<QDate> &days) {
 }
 
 StripBox BoxOfDay(const StripBox &month, const QDate &date, bool rightwards) {
-    const float day = float(date.day());
     if (rightwards) {
-        const float slot = SlotOf(month.width, date.daysInMonth());
-        return {day * slot + month.left, month.top, slot, month.height};
+        const DaySlots<float> slots = SlotsIn(month.left, month.width, date.daysInMonth());
+        return {slots.Begin(date.day()), month.top, slots.slot, month.height};
     }
-    const float slot = SlotOf(month.height, date.daysInMonth());
-    return {month.left, day * slot + month.top, month.width, slot};
+    const DaySlots<float> slots = SlotsIn(month.top, month.height, date.daysInMonth());
+    return {month.left, slots.Begin(date.day()), month.width, slots.slot};
 }
 
 std::vector<PieceOfStrip> FoldedQuartersAndYears(const std::vector<MonthToFold> &months) {
@@ -156,11 +157,6 @@ std::vector<std::optional<FoldedMonth>> PlanFolds(const std::vector<MonthToFold>
         planned[i]->length = float(std::min(double(kSliver), full * count));
     }
     return planned;
-}
-
-float SlotOf(float extent, int days) {
-    const std::int32_t slot = support::CLng(double(extent)) / days;
-    return float(slot);
 }
 
 std::vector<PlacedMonth> PlanPlaces(const PlacesTask &task) {

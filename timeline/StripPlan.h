@@ -6,7 +6,6 @@
 #include "timeline/Folding.h"
 
 #include <array>
-#include <cstdint>
 #include <optional>
 #include <QDate>
 #include <QString>
@@ -78,9 +77,6 @@ struct FoldedMonth {
 // `full` is the length of a month along the strip.
 std::vector<std::optional<FoldedMonth>> PlanFolds(const std::vector<MonthToFold> &months, double full);
 
-// How long the slot of a day is in a month of that extent along the strip: without rest.
-float SlotOf(float extent, int days);
-
 struct MonthToPlace {
     QDate first;
     float width = 0, height = 0; // of a hidden one nothing along the strip
@@ -105,10 +101,9 @@ struct PlacedMonth {
 };
 
 // The months edge to edge, those of one fold on top of each other; ends are rounded to the nearest number,
-// halves to the even one. Each day stands in its slot of the first month that has it: a slot is as long as
-// the rounded month divided by its days, without rest, and the first day stands one slot behind the month's
-// beginning. Each day of a folded month takes all of its sliver. Days whose months aren't there have no
-// place. Nothing at all for a number that is no arrangement.
+// halves to the even one. Each day stands in its slot (DaySlots.h) of the first month that has it. Each day
+// of a folded month takes all of its sliver. Days whose months aren't there have no place. Nothing at all for
+// a number that is no arrangement.
 std::vector<PlacedMonth> PlanPlaces(const PlacesTask &task);
 
 bool NodeIsLeftNode(const StripBox &A, const StripBox &B); // A stands left of B
