@@ -15,7 +15,7 @@ namespace {
 
 constexpr float kGapBelow = 300; // between a strip at the bottom and the surface's edge
 
-// The coordinate across the strip.
+// Where the month begins across the strip: its top where the strip runs from left to right, else its left.
 float Across(const PlacesTask &task, const MonthToPlace &month) {
     switch (Arrangement(task.arrangement)) {
     case Arrangement::Right:
@@ -60,7 +60,7 @@ std::vector<PieceOfStrip> FoldedQuartersAndYears(const std::vector<MonthToFold> 
     return folds;
 }
 
-// The last of the folded quarters and years in which the month lies, else its own fold.
+// The last of the folded quarters and years in which the month lies; where it lies in none, its own fold.
 std::optional<PieceOfStrip> FoldAmong(const std::vector<PieceOfStrip> &larger, const MonthToFold &month) {
     const auto holds = [&](const PieceOfStrip &fold) {
         return month.first && PieceAround(fold.piece, *month.first) == fold;
@@ -143,7 +143,7 @@ std::optional<std::pair<QString, QString>> GapIn(const AxisTable &rows) {
 
 std::vector<std::optional<FoldedMonth>> PlanFolds(const std::vector<MonthToFold> &months, double full) {
     std::vector<std::optional<FoldedMonth>> planned(months.size());
-    std::map<std::pair<diagram::StripPiece, QDate>, int> inSight; // months of each fold
+    std::map<std::pair<diagram::StripPiece, QDate>, int> inSight; // how many months of each fold are
     const std::vector<PieceOfStrip> larger = FoldedQuartersAndYears(months);
     for (std::size_t i = 0; i < months.size(); ++i) {
         const std::optional<PieceOfStrip> fold = FoldAmong(larger, months[i]);
@@ -167,7 +167,7 @@ std::vector<PlacedMonth> PlanPlaces(const PlacesTask &task) {
     std::int32_t offset = 0, begin = 0;
     std::optional<PieceOfStrip> last;
     for (const MonthToPlace &month : task.months) {
-        if (!month.hidden && month.fold && month.fold == last) offset = begin; // one sliver
+        if (!month.hidden && month.fold && month.fold == last) offset = begin; // on top of the month before
         if (!month.hidden) begin = offset, last = month.fold;
         const float across = Across(task, month);
         const StripBox box{rightwards ? float(offset) : across, rightwards ? across : float(offset),
