@@ -4,6 +4,7 @@
 #include "diagram/format/SurfaceFile.h"
 #include "diagram/geometry/Units.h"
 #include "diagram/model/Surface.h"
+#include "diagram/render/Pencil.h"
 #include "support/ImageFiles.h"
 
 #include <cmath>
@@ -19,7 +20,6 @@ namespace {
 constexpr int kIconSizes[] = {16, 24, 32, 48, 64, 256}; // pixels
 constexpr int kFiner = 4;                               // times as many pixels are drawn and then scaled down
 constexpr double kTwips = diagram::kTwipsPerPixel;
-constexpr int kNoLine = 5; // the line style of a transparent line
 constexpr support::Colour kTitleBar = support::Rgb(0x1f, 0x3a, 0x5f), kEdge = support::Rgb(0xa8, 0xb4, 0xc0);
 constexpr QRgb kPageEdge = qRgb(0x8a, 0x99, 0xa8);
 constexpr double kBorderWidth = 0.35, kLinkWidth = 0.8; // pixels of the icon
@@ -49,7 +49,7 @@ void Simplify(diagram::Node &node, double perPixel) {
     node.SetEvent({});
     node.SetShadow(0);
     node.SetFillColor(Stronger(node.FillColor()));
-    node.SetDrawStyle(white ? 0 : kNoLine);
+    node.SetDrawStyle(white ? 0 : diagram::kTransparentLine);
     node.SetDrawWidth(float(perPixel * kBorderWidth));
     node.SetBorderColor(kEdge);
 }

@@ -37,29 +37,32 @@ void GiveKey(diagram::Node &node) {
     if (node.Key().isEmpty()) node.SetKey(support::GetGUID());
 }
 
-// What the surface doesn't store yet comes from the template node.
-struct Settings {
-    Settings(diagram::Surface &flow, diagram::Node &look, int align) {
-        if (align == kStoredArrangement) CarryArrangement(flow);
-        arrangement = align == kStoredArrangement ? ArrangementOf(flow) : align;
-        if (document::GetTag(look, kDateFormat).isEmpty()) document::SetTag(look, kDateFormat, kMonthPattern);
-        if (document::GetTag(flow, kMissing).isEmpty())
-            document::SetTag(flow, kMissing, document::GetTag(look, kMissing));
-        pattern = document::GetTag(look, kDateFormat);
-        addMissing = document::GetTag(flow, kMissing).compare(kTrue, Qt::CaseInsensitive) == 0;
-    }
+// By which settings the strip is laid out.
+struct StripSettings {
     int arrangement;
-    QString pattern;
-    bool addMissing;
+    QString pattern; // of the months' texts
+    bool addMissing; // months between the first and the last; else those without a dated node go
 };
 
-// Reads the strip for the plans of one arrangement, and does what they say.
-class StripOfRun {
+// What the surface doesn't store yet is taken from the template node `look` and stored from then on.
+StripSettings StoreAndReadSettings(diagram::Surface &flow, diagram::Node &look, int align) {
+    if (align == kStoredArrangement) CarryArrangement(flow);
+    const int arrangement = align == kStoredArrangement ? ArrangementOf(flow) : align;
+    if (document::GetTag(look, kDateFormat).isEmpty()) document::SetTag(look, kDateFormat, kMonthPattern);
+    if (document::GetTag(flow, kMissing).isEmpty())
+        document::SetTag(flow, kMissing, document::GetTag(look, kMissing));
+    return {arrangement, document::GetTag(look, kDateFormat),
+            document::GetTag(flow, kMissing).compare(kTrue, Qt::CaseInsensitive) == 0};
+}
+
+// Lays the strip of a surface out once. ArrangeTimeLineNodes calls the steps one after the other: they read
+// what StripPlan decides from, and write to the surface what it has decided.
+class StripLayout {
 public:
-    StripOfRun(document::MapWindow &window, diagram::Surface &flow, const Settings &settings)
+    StripLayout(document::MapWindow &window, diagram::Surface &flow, const StripSettings &settings)
         : window_(window), flow_(flow), settings_(settings), hidden_(IsTimelineHidden(flow)), index_(flow) {}
 
-    // Counts months and collects days; false without a month.
+    // Counts the months, gives each a key, and collects the days; false where there is no month.
     bool FindNodes() {
         for (diagram::Node &node : flow_.Nodes()) {
             if (!IsTimelineMaterial(node) || !ParseDate(node.Text())) continue;
@@ -73,6 +76,8 @@ public:
         return months_ > 0;
     }
 
+    // Writes a row for each month of the surface. There are more of them than FindNodes has counted where the
+    // text of one is no date: error 9.
     void FillTable() {
         for (diagram::Node *node : LocateTimelineNodes(flow_)) {
             if (int(table_.size()) == months_)
@@ -83,7 +88,7 @@ public:
         }
     }
 
-    // True when a month went.
+    // Removes the months in which no node has its date or its end; true where there was one.
     bool DropUnusedMonths() {
         std::set<QDate> used = MonthsOfEnds(flow_);
         used.merge(index_.MonthsOfDays());
@@ -98,6 +103,8 @@ public:
         return removed;
     }
 
+    // Gives each month that is missing between the first and the last a row and a node, until kMostCreated
+    // were made.
     void AddMissingMonths() {
         const auto [first, last] = EndsOf(table_);
         FillMissingDates(table_, first, last, window_);
@@ -115,8 +122,8 @@ public:
 
     void Sort() { Sort2DArray(table_, kAxisMonth); }
 
-    // A hidden month keeps its place in the order and takes no room; a folded one takes little. Months that
-    // the table has and the surface lacks are made.
+    // Gives folded months the size of their slivers, and hidden ones no length: these keep their place in the
+    // order and take no room. Makes the months that have a row but no node.
     void SizeMonths() {
         SizeFolds(flow_, settings_.arrangement);
         for (const AxisRow &row : table_) {
@@ -136,11 +143,11 @@ public:
         }
     }
 
-    // Month by month, with its days and the ends of their links: these see the months behind it where they
-    // were.
+    // Month by month, each with its days and the ends of their links. So these ends are found while the
+    // months behind still stand where they were.
     void Place() {
         const std::vector<diagram::Node *> months = Months();
-        const std::vector<PlacedMonth> places = PlanPlaces(TaskOf(months));
+        const std::vector<PlacedMonth> places = PlanPlaces(PlacesTaskOf(months));
         for (std::size_t i = 0; i < places.size(); ++i) {
             months[i]->SetLeft(places[i].box.left);
             months[i]->SetTop(places[i].box.top);
@@ -148,7 +155,8 @@ public:
         }
     }
 
-    // What the user has to know when no more months could be added; else nothing.
+    // What the user has to know where kMostCreated months were added and some are still missing; else
+    // nothing.
     QString StoppedText() const {
         if (created_ < kMostCreated) return {};
         const auto gap = GapIn(table_);
@@ -164,7 +172,7 @@ private:
             .arg(before, behind);
     }
 
-    PlacesTask TaskOf(const std::vector<diagram::Node *> &months) const {
+    PlacesTask PlacesTaskOf(const std::vector<diagram::Node *> &months) const {
         PlacesTask task{settings_.arrangement, flow_.Screen().Width(), flow_.Screen().Height(), {}, {}};
         for (const diagram::Node *month : months)
             task.months.push_back({CDate(document::GetTag(*month, kTheDate)), month->Width(), month->Height(),
@@ -173,6 +181,7 @@ private:
         return task;
     }
 
+    // `creating` is what the status bar says in front of a month that is made.
     diagram::Node &FindOrCreate(const QString &month, const QString &creating) {
         window_.DoStatus(QStringLiteral("Searching for ") + month);
         if (diagram::Node *found = index_.Find(month)) return *found;
@@ -188,7 +197,8 @@ private:
         return node;
     }
 
-    // The nodes of the rows that have one, by their keys.
+    // The nodes of the months in the order of the rows, found by their keys; rows without a node are left
+    // out.
     std::vector<diagram::Node *> Months() {
         QHash<QString, diagram::Node *> byKey;
         for (diagram::Node &node : flow_.Nodes())
@@ -202,11 +212,11 @@ private:
 
     document::MapWindow &window_;
     diagram::Surface &flow_;
-    const Settings &settings_;
+    const StripSettings &settings_;
     const bool hidden_; // the strip as a whole
     DateIndex index_;
-    int months_ = 0;
-    int created_ = 0;
+    int months_ = 0;  // that the surface had at first
+    int created_ = 0; // nodes of months that were made
     std::vector<diagram::Node *> days_;
     AxisTable table_;
 };
@@ -215,8 +225,8 @@ std::size_t MonthsInSight(const diagram::Surface &flow) {
     return std::size_t(std::ranges::count(LocateTimelineNodes(flow), false, &diagram::Node::Hidden));
 }
 
-// Two months in sight over one another that aren't folded together, or one without extent: an arrangement met
-// them while they were hidden.
+// Whether the strip was laid out while months that are in sight now were hidden: two of them lie over one
+// another without being folded together, or one has no extent.
 bool IsDisarranged(const diagram::Surface &flow) {
     std::vector<QRectF> boxes;
     for (const diagram::Node *month : LocateTimelineNodes(flow)) {
@@ -239,21 +249,22 @@ void ArrangeTimeLineNodes(document::MapWindow &window, diagram::Surface &Flow, i
                           const std::vector<diagram::Node *> &moved) {
     support::PassOn("ArrangeTimeLineNodes", [&] {
         TranslateDates(Flow);
-        const Settings settings(Flow, *LocateTimeLineTemplateNode(Flow, true), Align);
-        StripOfRun run(window, Flow, settings);
-        if (!run.FindNodes()) return window.DoStatus(QString());
-        run.FillTable();
+        const StripSettings settings =
+            StoreAndReadSettings(Flow, *LocateTimeLineTemplateNode(Flow, true), Align);
+        StripLayout layout(window, Flow, settings);
+        if (!layout.FindNodes()) return window.DoStatus(QString());
+        layout.FillTable();
         if (settings.addMissing)
-            run.AddMissingMonths();
-        else if (run.DropUnusedMonths())
+            layout.AddMissingMonths();
+        else if (layout.DropUnusedMonths())
             return ArrangeTimeLineNodes(window, Flow, kStoredArrangement, moved);
-        run.Sort();
-        run.SizeMonths();
-        run.WriteTexts();
-        run.Place();
+        layout.Sort();
+        layout.SizeMonths();
+        layout.WriteTexts();
+        layout.Place();
         FollowDates(window, Flow, moved);
         window.clsSettings().Dirty = true;
-        window.DoStatus(run.StoppedText());
+        window.DoStatus(layout.StoppedText());
     });
 }
 

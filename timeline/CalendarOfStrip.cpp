@@ -5,6 +5,7 @@
 #include "support/Desktop.h"
 #include "timeline/Arrange.h"
 #include "timeline/DateText.h"
+#include "timeline/DaySlots.h"
 #include "timeline/Folding.h"
 #include "timeline/LaneRows.h"
 #include "timeline/OwnExtent.h"
@@ -25,11 +26,9 @@ struct StripMonth {
     QDate first;
     const diagram::Node *node;
     std::optional<PieceOfStrip> fold;
-    double Slot() const { return double(SlotOf(float(place.Length()), first.daysInMonth())); }
-    // As days stand in the strip: the first of them one slot behind the beginning.
-    Span DayAt(int day) const {
-        return {place.from + day * Slot(), place.from + (day + 1) * Slot(), QString()};
-    }
+    // Of an unfolded month.
+    DaySlots<double> Slots() const { return SlotsIn(place.from, place.Length(), first.daysInMonth()); }
+    Span PlaceOf(int day) const { return {Slots().Begin(day), Slots().End(day), QString()}; }
 };
 
 // Each part and the switch in the template node that shows it, or, of a part that is there at first, hides
@@ -81,11 +80,11 @@ std::vector<Span> Merged(const std::vector<StripMonth> &months, diagram::StripPi
 }
 
 void AddDays(const StripMonth &month, bool weekends, diagram::Calendar &calendar) {
-    if (month.Slot() < 1) return;
+    if (month.Slots().slot < 1) return;
     for (int day = 1; day <= month.first.daysInMonth(); ++day) {
         const int ofWeek = month.first.addDays(day - 1).dayOfWeek();
-        if (ofWeek == Qt::Monday) calendar.weeks.push_back(month.DayAt(day).from);
-        if (weekends && ofWeek >= Qt::Saturday) calendar.weekends.push_back(month.DayAt(day));
+        if (ofWeek == Qt::Monday) calendar.weeks.push_back(month.PlaceOf(day).from);
+        if (weekends && ofWeek >= Qt::Saturday) calendar.weekends.push_back(month.PlaceOf(day));
     }
 }
 
@@ -124,7 +123,7 @@ std::optional<QLineF> LineOfToday(const std::vector<StripMonth> &months, const Q
     const QDate today = support::CurrentDesktop().clock.Now().date();
     for (const StripMonth &month : months) {
         if (month.first.year() != today.year() || month.first.month() != today.month()) continue;
-        const Span day = month.fold ? month.place : month.DayAt(today.day());
+        const Span day = month.fold ? month.place : month.PlaceOf(today.day());
         const double at = (day.from + day.to) / 2;
         return rightwards ? QLineF(at, strip.top(), at, strip.bottom())
                           : QLineF(strip.left(), at, strip.right(), at);

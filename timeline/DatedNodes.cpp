@@ -7,6 +7,7 @@
 #include "timeline/AtDates.h"
 #include "timeline/CalendarOfStrip.h"
 #include "timeline/DateIndex.h"
+#include "timeline/DaySlots.h"
 #include "timeline/Folding.h"
 #include "timeline/LaneFinder.h"
 #include "timeline/OwnExtent.h"
@@ -49,32 +50,33 @@ public:
         const auto from = months_.lower_bound(begin), behind = months_.upper_bound(last);
         if (from == behind) return std::nullopt;
         const auto &[lastMonth, end] = *std::prev(behind);
-        if (from->second.slot == 0 && from->second.start == end.start) return from->second.Whole();
+        const DaySlots<double> &slots = from->second.slots, &lastSlots = end.slots;
+        if (slots.slot == 0 && slots.start == lastSlots.start) return from->second.Whole();
         const bool seesLast = lastMonth == QDate(last.year(), last.month(), 1);
-        return Stretch{from->first == begin ? from->second.start + first.day() * from->second.slot
-                                            : from->second.start,
-                       end.start + (seesLast ? last.day() + 1 : lastMonth.daysInMonth() + 1) * end.slot};
+        return Stretch{from->first == begin ? slots.Begin(first.day()) : slots.start,
+                       lastSlots.End(seesLast ? last.day() : lastMonth.daysInMonth())};
     }
 
     std::optional<double> CentreOf(const QDate &day) const {
         const auto month = months_.find(QDate(day.year(), day.month(), 1));
         if (month == months_.end()) return std::nullopt;
-        return month->second.start + (day.day() + 0.5) * month->second.slot;
+        return month->second.slots.Centre(day.day());
     }
 
 private:
     struct Place {
-        double start, slot, length;
-        // Of a folded month, whose start lies in its middle.
-        Stretch Whole() const { return {start - length / 2, start + length / 2}; }
+        DaySlots<double> slots; // of a folded month without length, all in its middle
+        double length;          // of the month
+        // From end to end of a folded month.
+        Stretch Whole() const { return {slots.start - length / 2, slots.start + length / 2}; }
     };
 
-    // All days of a folded month have the same place, its middle.
     void Add(const QDate &first, const QRectF &box, bool folded) {
         const double length = rightwards_ ? box.width() : box.height();
         const double start = rightwards_ ? box.left() : box.top();
-        const double slot = double(SlotOf(float(length), first.daysInMonth()));
-        months_.emplace(first, folded ? Place{start + length / 2, 0, length} : Place{start, slot, length});
+        const DaySlots<double> slots =
+            folded ? DaySlots<double>{start + length / 2, 0} : SlotsIn(start, length, first.daysInMonth());
+        months_.emplace(first, Place{slots, length});
         edges_.before = std::min(edges_.before, rightwards_ ? box.top() : box.left());
         edges_.behind = std::max(edges_.behind, rightwards_ ? box.bottom() : box.right());
     }

@@ -8,6 +8,7 @@
 #include "timeline/AtDates.h"
 #include "timeline/DateIndex.h"
 #include "timeline/DateText.h"
+#include "timeline/DaySlots.h"
 #include "timeline/Folding.h"
 #include "timeline/Following.h"
 #include "timeline/LineUp.h"
@@ -32,6 +33,7 @@ struct ShownMonth {
     std::optional<PieceOfStrip> fold;
     double End() const { return start + length; }
     QDate Last() const { return first.addDays(days - 1); }
+    DaySlots<double> Slots() const { return SlotsIn(start, length, days); } // of an unfolded month
 };
 
 QString MonthOf(const diagram::Node &node) { return document::GetTag(node, document::tags::kTheDate); }
@@ -94,8 +96,8 @@ QDate DayIn(const ShownMonth &month, double place, bool monthBeforeInFront) {
         const int day = int((place - month.start) / month.length * month.days);
         return month.first.addDays(std::clamp(day, 0, month.days - 1));
     }
-    const int day = int((place - month.start) / double(SlotOf(float(month.length), month.days)));
-    return month.first.addDays(std::clamp(day, monthBeforeInFront ? 0 : 1, month.days) - 1);
+    const int day = std::clamp(month.Slots().DayAt(place), monthBeforeInFront ? 0 : 1, month.days);
+    return month.first.addDays(day - 1);
 }
 
 // The day at a place where no month stands: months go on from `end`.
@@ -121,7 +123,7 @@ std::optional<double> CentreOf(const std::vector<ShownMonth> &months, const QDat
         months, [&day](const ShownMonth &each) { return each.first <= day && day <= each.Last(); });
     if (month == months.end()) return std::nullopt;
     if (month->fold) return month->start + month->length / 2;
-    return month->start + (day.day() + 0.5) * double(SlotOf(float(month->length), month->days));
+    return month->Slots().Centre(day.day());
 }
 
 // How far along the strip the node goes to begin with that span; nothing where one of both days isn't seen.
@@ -200,11 +202,12 @@ std::optional<QLineF> DaysOfStrip::PlaceOf(const diagram::Surface &flow, const Q
         if (MonthOf(*month) != text && MeaningOf(MonthOf(*month)) != meant) continue;
         const bool rightwards = RunsRightwards(flow);
         const double length = LengthOf(*month, rightwards);
-        const double slot = double(SlotOf(float(length), date.daysInMonth()));
-        const double along = FoldOf(*month) ? length / 2 : (date.day() + 0.5) * slot;
         const QRectF box = month->Bounds();
-        if (rightwards) return QLineF(box.left() + along, box.top(), box.left() + along, box.bottom());
-        return QLineF(box.left(), box.top() + along, box.right(), box.top() + along);
+        const double start = rightwards ? box.left() : box.top();
+        const double along = FoldOf(*month) ? start + length / 2
+                                            : SlotsIn(start, length, date.daysInMonth()).Centre(date.day());
+        if (rightwards) return QLineF(along, box.top(), along, box.bottom());
+        return QLineF(box.left(), along, box.right(), along);
     }
     return std::nullopt;
 }

@@ -4,12 +4,6 @@
 
 namespace timeline {
 
-namespace {
-
-constexpr double kRounding = 1; // twips that a place may lack
-
-} // namespace
-
 FixedBeside::FixedBeside(const std::vector<PlannedBar> &bars, const std::vector<FixedBox> &fixed,
                          const RowGaps &gaps, double sign, double edge)
     : bars_(bars), gaps_(gaps) {

@@ -21,8 +21,8 @@ using diagram::StripPiece;
 using diagram::Surface;
 using document::tags::kMonthFolded;
 
-constexpr const char *kNamesOfPieces[] = {"Month", "Quarter", "Year"}; // as stored
-constexpr float kUsualMonth = 1200;                                    // twips, where none has a size
+constexpr const char *kNamesOfPieces[] = {"Month", "Quarter", "Year"}; // as the tag holds them
+constexpr float kUsualMonth = 1200;                                    // twips, where nothing tells a size
 
 std::optional<QDate> DateOf(const Node &node) {
     return ParseDate(document::GetTag(node, document::tags::kTheDate));
@@ -34,7 +34,8 @@ void Mark(Node &month, const QString &fold) {
     if (document::GetTag(month, kMonthFolded) != fold) document::SetTag(month, kMonthFolded, fold);
 }
 
-// As large as an unfolded month is.
+// The size of an unfolded month: that of the template node, else that of the first month in sight that isn't
+// folded. A template node without a width tells none, but another one behind it may.
 QSizeF FullSize(const Surface &flow, const std::vector<Node *> &months) {
     for (const Node &node : flow.Nodes())
         if (node.Hidden() && node.Text() == kTemplateNodeText && node.Width() != 0)
@@ -44,7 +45,7 @@ QSizeF FullSize(const Surface &flow, const std::vector<Node *> &months) {
     return {kUsualMonth, kUsualMonth};
 }
 
-// In sight, as their links to days tell.
+// Calls `visit` with the date and the node for each node in sight that is linked to a day of the strip.
 template <typename Visit>
 void ForNodesAtDays(const Surface &flow, Visit visit) {
     for (const Node &day : flow.Nodes()) {
@@ -64,7 +65,8 @@ void SizeSliver(Node &month, float length, const QSizeF &full, bool rightwards) 
     month.SetHeight(rightwards ? float(full.height()) : length);
 }
 
-// With their full sizes where the template has none to give.
+// Unfolds the months and gives those in sight their full size: CopyTemplateLook, which follows, does so only
+// where the template node has a size.
 void Unfold(const Surface &flow, const std::vector<Node *> &months) {
     const QSizeF full = FullSize(flow, LocateTimelineNodes(flow));
     for (Node *month : months) {

@@ -1,5 +1,6 @@
-// Months of the strip folded to a sliver: single ones, or all of a quarter or a year as one. Kept in the tags
-// of the months, so that whatever lays the strip out finds them again. Dates in all of them keep their nodes.
+// Months of the strip that are folded to a sliver: a single month, or all months of a quarter or a year
+// together. What is folded stands in the tags of the months, so that whatever lays the strip out finds it
+// again. Nodes keep their dates in folded months.
 #pragma once
 
 #include "diagram/model/DayStrip.h"
@@ -20,7 +21,8 @@ class MapWindow;
 
 namespace timeline {
 
-// How long a sliver is along the strip, in twips, unless its months were shorter unfolded.
+// How long a sliver is along the strip, in twips, unless all of its months together are shorter than that
+// when they are unfolded.
 constexpr float kSliver = 450;
 
 // A month, a quarter or a year of the calendar.
@@ -31,7 +33,8 @@ struct PieceOfStrip {
 };
 PieceOfStrip PieceAround(diagram::StripPiece piece, const QDate &day);
 
-// What the month is folded with: at least itself. Nothing for one that isn't folded.
+// The piece as which the month is folded: itself, its quarter or its year. Nothing for a month that isn't
+// folded.
 std::optional<PieceOfStrip> FoldOf(const diagram::Node &month);
 
 // The months of the strip that lie in the piece, hidden ones too, in the order of adding.
@@ -40,23 +43,25 @@ std::vector<diagram::Node *> MonthsOf(const diagram::Surface &flow, const PieceO
 bool IsFolded(const diagram::Surface &flow, const PieceOfStrip &piece);
 // The user's nodes in sight whose dates lie in the piece, in the order of adding.
 std::vector<diagram::Node *> NodesIn(const diagram::Surface &flow, const PieceOfStrip &piece);
-// How many there are in each month, by its first day.
+// How many of the user's nodes in sight have their date in each month, by the first day of the month.
 using NodesByMonth = std::map<QDate, int>;
 NodesByMonth CountNodes(const diagram::Surface &flow);
 
-// "May 2026", "Q2 2026", "2026"; and of one that is folded "folded, 3 nodes".
+// The name of the piece: "May 2026", "Q2 2026", "2026".
 QString NameOf(const PieceOfStrip &piece);
+// What is said of a folded piece beside its name: "folded, 3 nodes".
 QString FoldInWords(const diagram::Surface &flow, const PieceOfStrip &fold);
 
-// Folds the piece to one sliver; or unfolds every fold into which it reaches. Lays the strip out. Opens no
-// group of changes. False, and nothing changed, where it is so already or the strip has no month of it.
+// Folds the months of the piece to one sliver; or, where `folded` is false, unfolds every fold to which one
+// of these months belongs. Then lays the strip out. Opens no group of changes. Changes nothing and returns
+// false where the months are so already and where the strip has no month of the piece.
 bool SetFolded(document::MapWindow &window, diagram::Surface &flow, const PieceOfStrip &piece, bool folded);
-// The same for all folds of the surface.
+// Unfolds all folds of the surface in the same way.
 bool UnfoldAll(document::MapWindow &window, diagram::Surface &flow);
 
 // Does what PlanFolds says: gives the folded months in sight the size of their slivers, whatever size they
-// have got meanwhile, and makes months that have come to a folded quarter or year part of it. For the
-// arrangement, which places them.
+// have got meanwhile, and makes months that have come to a folded quarter or year part of it. Moves nothing:
+// the arrangement, which calls it, places the months.
 void SizeFolds(diagram::Surface &flow, int arrangement);
 
 } // namespace timeline

@@ -47,7 +47,7 @@ PlannedBar BarOf(const DatedBox &node, const StripOnSurface &strip) {
     const Turned box(node.box, strip.rightwards);
     const auto [begin, end] = StretchOf(node, box.Length());
     const bool moves =
-        std::abs(begin - box.Begin()) > kAtItsPlace || std::abs(end - begin - box.Length()) > kAtItsPlace;
+        std::abs(begin - box.Begin()) > kRounding || std::abs(end - begin - box.Length()) > kRounding;
     return {.begin = begin,
             .end = end,
             .beside = node.beside,
@@ -70,14 +70,14 @@ bool TurnBackAtTheEdge(std::vector<PlannedBar> &bars, const std::vector<double> 
 }
 
 double Near(double wanted, double present) {
-    return std::abs(wanted - present) > kAtItsPlace ? wanted : present;
+    return std::abs(wanted - present) > kRounding ? wanted : present;
 }
 
 QRectF Placed(const QRectF &box, const PlannedBar &bar, double middle, bool rightwards) {
     const Turned former(box, rightwards);
     const double begin = Near(bar.begin, former.Begin());
     const double length = Near(bar.end - bar.begin, former.Length());
-    const bool stays = std::abs(middle - former.Middle()) <= kAtItsPlace;
+    const bool stays = std::abs(middle - former.Middle()) <= kRounding;
     const double top = stays ? former.Top() : middle - bar.breadth / 2;
     return rightwards ? QRectF(begin, top, length, bar.breadth) : QRectF(top, begin, bar.breadth, length);
 }

@@ -44,9 +44,6 @@ struct LineUpTask {
     std::vector<QRectF> others{}; // what stays where it is, and has to be left free
 };
 
-// How far a box may stand from its place and counts as standing there: surfaces keep single floats.
-constexpr double kAtItsPlace = 1;
-
 // The new box of each node: its centre on that of its day, as far as the surface's edge allows, a bar from
 // its beginning to its end, and rows as PlanRows gives them. Of the others those that hold one of the nodes
 // are a ground under them and not left free. What finds no room between the strip and the surface's edge goes

@@ -6,6 +6,9 @@
 
 namespace timeline {
 
+// How far from its place something may stand and still counts as standing there: surfaces keep single floats.
+constexpr double kRounding = 1;
+
 struct PlannedBar {
     double begin = 0, end = 0; // along
     double beside = 0;         // along, behind the end: is left free too

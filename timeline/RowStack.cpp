@@ -4,12 +4,6 @@
 
 namespace timeline {
 
-namespace {
-
-constexpr double kRounding = 1; // twips that a place may lack: surfaces keep single floats
-
-} // namespace
-
 // How far from the strip the rows placed so far reach, for each stretch along it.
 class RowStack::Skyline {
 public:

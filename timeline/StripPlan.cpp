@@ -3,8 +3,10 @@
 #include "support/Error.h"
 #include "support/Val.h"
 #include "timeline/DateText.h"
+#include "timeline/DaySlots.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <map>
 
 namespace timeline {
@@ -13,7 +15,7 @@ namespace {
 
 constexpr float kGapBelow = 300; // between a strip at the bottom and the surface's edge
 
-// The coordinate across the strip.
+// Where the month begins across the strip: its top where the strip runs from left to right, else its left.
 float Across(const PlacesTask &task, const MonthToPlace &month) {
     switch (Arrangement(task.arrangement)) {
     case Arrangement::Right:
@@ -41,13 +43,12 @@ DaysByMonth ByMonth(const std::vector<QDate> &days) {
 }
 
 StripBox BoxOfDay(const StripBox &month, const QDate &date, bool rightwards) {
-    const float day = float(date.day());
     if (rightwards) {
-        const float slot = SlotOf(month.width, date.daysInMonth());
-        return {day * slot + month.left, month.top, slot, month.height};
+        const DaySlots<float> slots = SlotsIn(month.left, month.width, date.daysInMonth());
+        return {slots.Begin(date.day()), month.top, slots.slot, month.height};
     }
-    const float slot = SlotOf(month.height, date.daysInMonth());
-    return {month.left, day * slot + month.top, month.width, slot};
+    const DaySlots<float> slots = SlotsIn(month.top, month.height, date.daysInMonth());
+    return {month.left, slots.Begin(date.day()), month.width, slots.slot};
 }
 
 std::vector<PieceOfStrip> FoldedQuartersAndYears(const std::vector<MonthToFold> &months) {
@@ -59,7 +60,7 @@ std::vector<PieceOfStrip> FoldedQuartersAndYears(const std::vector<MonthToFold> 
     return folds;
 }
 
-// The last of the folded quarters and years in which the month lies, else its own fold.
+// The last of the folded quarters and years in which the month lies; where it lies in none, its own fold.
 std::optional<PieceOfStrip> FoldAmong(const std::vector<PieceOfStrip> &larger, const MonthToFold &month) {
     const auto holds = [&](const PieceOfStrip &fold) {
         return month.first && PieceAround(fold.piece, *month.first) == fold;
@@ -142,7 +143,7 @@ std::optional<std::pair<QString, QString>> GapIn(const AxisTable &rows) {
 
 std::vector<std::optional<FoldedMonth>> PlanFolds(const std::vector<MonthToFold> &months, double full) {
     std::vector<std::optional<FoldedMonth>> planned(months.size());
-    std::map<std::pair<diagram::StripPiece, QDate>, int> inSight; // months of each fold
+    std::map<std::pair<diagram::StripPiece, QDate>, int> inSight; // how many months of each fold are
     const std::vector<PieceOfStrip> larger = FoldedQuartersAndYears(months);
     for (std::size_t i = 0; i < months.size(); ++i) {
         const std::optional<PieceOfStrip> fold = FoldAmong(larger, months[i]);
@@ -158,11 +159,6 @@ std::vector<std::optional<FoldedMonth>> PlanFolds(const std::vector<MonthToFold>
     return planned;
 }
 
-float SlotOf(float extent, int days) {
-    const std::int32_t slot = support::CLng(double(extent)) / days;
-    return float(slot);
-}
-
 std::vector<PlacedMonth> PlanPlaces(const PlacesTask &task) {
     if (!IsArrangement(task.arrangement)) return {};
     const bool rightwards = RunsRightwards(task.arrangement);
@@ -171,7 +167,7 @@ std::vector<PlacedMonth> PlanPlaces(const PlacesTask &task) {
     std::int32_t offset = 0, begin = 0;
     std::optional<PieceOfStrip> last;
     for (const MonthToPlace &month : task.months) {
-        if (!month.hidden && month.fold && month.fold == last) offset = begin; // one sliver
+        if (!month.hidden && month.fold && month.fold == last) offset = begin; // on top of the month before
         if (!month.hidden) begin = offset, last = month.fold;
         const float across = Across(task, month);
         const StripBox box{rightwards ? float(offset) : across, rightwards ? across : float(offset),

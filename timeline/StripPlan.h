@@ -1,12 +1,11 @@
-// What an arrangement of the strip decides, from values to values: which months come and go, in which order
-// they stand, where, and where the days in them and the ends of links on these. Lengths are twips.
+// What is decided when the strip is laid out, from values to values: which months come and go, in which order
+// they stand and where, where the days lie in them, and where links end on these days. Lengths are twips.
 #pragma once
 
 #include "diagram/geometry/Point.h"
 #include "timeline/Folding.h"
 
 #include <array>
-#include <cstdint>
 #include <optional>
 #include <QDate>
 #include <QString>
@@ -23,33 +22,37 @@ bool IsArrangement(int number);
 // Whether the strip of that arrangement runs from left to right; else it runs downwards.
 bool RunsRightwards(int arrangement);
 
-// A run adds no more months than this; where that is too few the status bar says so in the end.
+// Laying the strip out once adds no more months than this; where that is too few the status bar says so in
+// the end.
 constexpr int kMostCreated = 48;
 
-// The month nodes of a run: the key of the node, empty where it is to be made, and its month as canonical
-// text.
+// The months of the strip that is laid out, a row each: the key of the month's node, empty while the node has
+// to be made, and the month as text in the pattern of months.
 using AxisRow = std::array<QString, 2>;
 using AxisTable = std::vector<AxisRow>;
 constexpr int kAxisKey = 0, kAxisMonth = 1; // columns
 
-// Whether a row has that month.
+// Whether one of the rows has that month, letter for letter.
 bool DateExists(const AxisTable &Dates, const QString &Month);
-// Sorts by the dates in the column; rows whose first column is empty stay out of it, and the rows behind the
-// sorted ones keep what they held. Rows of the same date keep their order. Error 13 for what is no date.
+// Sorts the rows by the dates in the column. Rows whose first column is empty aren't sorted: the sorted ones
+// are written over the first rows of the table, and the rows behind these keep what they held. Rows of the
+// same date keep their order. Error 13 for a text that is no date.
 void Sort2DArray(AxisTable &Table, int Column);
 
-// The months of the rows of which `used` has no first day, each as often as it has rows.
+// The months of the rows, in their order, of which `used` lacks the first day; a text that is no date counts
+// as one.
 QStringList UnusedMonths(const AxisTable &rows, const std::set<QDate> &used);
 
-// The first month of the rows and the last one, as they are written; error 13 for what is no date.
+// The earliest month of the rows and the latest one, as they are written; error 13 for a text that is no
+// date.
 std::pair<QString, QString> EndsOf(const AxisTable &rows);
 
-// The rows with those months between the two that had none, each in the first row without a month, at most
-// kMostCreated. There are as many rows as months; error 9 where there were more. `walked` are the months that
-// were looked at.
+// Adds the months behind `first` up to `last` that have no row yet, at most kMostCreated of them: each goes
+// into the first row without a month. The result has as many rows as there are months from `first` to `last`;
+// error 9 where `rows` has more.
 struct FilledAxis {
     AxisTable rows;
-    QStringList walked;
+    QStringList walked; // the months that were looked at
 };
 FilledAxis FillAxis(AxisTable rows, const QString &first, const QString &last);
 
@@ -64,26 +67,23 @@ struct StripBox {
 struct MonthToFold {
     std::optional<QDate> first; // nothing for one whose date is none
     bool hidden = false;
-    std::optional<PieceOfStrip> fold{}; // what it was folded with
+    std::optional<PieceOfStrip> fold{}; // the piece as which it is folded up to now
 };
 struct FoldedMonth {
     PieceOfStrip fold;
-    std::optional<float>
-        length; // of its sliver along the strip; nothing for a hidden month, which keeps its own
+    // Of its sliver, along the strip; nothing for a hidden month, which keeps its length.
+    std::optional<float> length;
     friend bool operator==(const FoldedMonth &, const FoldedMonth &) = default;
 };
 
-// With what each month is folded, nothing for one that isn't: a month that came to a folded quarter or year
-// belongs to it. All months in sight of one fold share a sliver, which is no longer than they are together;
-// `full` is the length of a month along the strip.
+// The fold of each month, nothing for a month that isn't folded. A month that has come to a folded quarter or
+// year belongs to that fold too. All months in sight of one fold share a sliver, which is no longer than they
+// would be together when unfolded; `full` is the length of an unfolded month along the strip.
 std::vector<std::optional<FoldedMonth>> PlanFolds(const std::vector<MonthToFold> &months, double full);
-
-// How long the slot of a day is in a month of that extent along the strip: without rest.
-float SlotOf(float extent, int days);
 
 struct MonthToPlace {
     QDate first;
-    float width = 0, height = 0; // of a hidden one nothing along the strip
+    float width = 0, height = 0; // a hidden month has the length 0 along the strip
     bool hidden = false;
     std::optional<PieceOfStrip> fold{};
 };
@@ -104,18 +104,19 @@ struct PlacedMonth {
     std::vector<PlacedDay> days;
 };
 
-// The months edge to edge, those of one fold on top of each other; ends are rounded to the nearest number,
-// halves to the even one. Each day stands in its slot of the first month that has it: a slot is as long as
-// the rounded month divided by its days, without rest, and the first day stands one slot behind the month's
-// beginning. Each day of a folded month takes all of its sliver. Days whose months aren't there have no
-// place. Nothing at all for a number that is no arrangement.
+// Places the months edge to edge, those of one fold on top of each other. Where a month ends is rounded to
+// the nearest whole number, halves to the even one. Each day stands in its slot (DaySlots.h) of the first
+// month to which it belongs; a day of a folded month takes all of the sliver. Days of months that the task
+// lacks have no place. Returns no places at all for a number that is no arrangement.
 std::vector<PlacedMonth> PlanPlaces(const PlacesTask &task);
 
-bool NodeIsLeftNode(const StripBox &A, const StripBox &B); // A stands left of B
-bool NodeIsAboveNode(const StripBox &A,
-                     const StripBox &B); // B stands above A, whatever the name says
+// Whether A stands left of B.
+bool NodeIsLeftNode(const StripBox &A, const StripBox &B);
+// Whether B stands above A: the other way round than the name says.
+bool NodeIsAboveNode(const StripBox &A, const StripBox &B);
 
-// `end` moved to the middle of the edge of the day that faces where the link comes from.
+// Where a link from `origin` that ended at `end` ends on the day: in the middle of the edge that faces
+// `origin`.
 diagram::Point EndOnDay(const StripBox &day, const StripBox &origin, diagram::Point end, bool rightwards);
 
 } // namespace timeline

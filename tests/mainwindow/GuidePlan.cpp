@@ -5,7 +5,7 @@
 #include "diagram/edit/History.h"
 #include "timeline/AtDates.h"
 #include "timeline/CalendarOfStrip.h"
-#include "timeline/LineUpPlan.h"
+#include "timeline/RowPlan.h"
 
 #include <QAction>
 
@@ -62,7 +62,7 @@ void DateANode(Reader &r) {
 void PutAtDates(Reader &r) {
     Plan(r);
     r.Press("Ctrl+Shift+T");
-    EXPECT_NEAR(Centre(*r.a), 14.5 * kSlot, timeline::kAtItsPlace);
+    EXPECT_NEAR(Centre(*r.a), 14.5 * kSlot, timeline::kRounding);
     EXPECT_FALSE(timeline::KeepsNodesAtDates(r.Surface()));
     Trigger(r, "mnuViewTimelineKeep");
     EXPECT_TRUE(timeline::KeepsNodesAtDates(r.Surface()));
@@ -74,7 +74,7 @@ void DragToAnotherDate(Reader &r) {
     const QPointF body = Reader::Body(*r.a);
     r.Stroke({body, body + QPointF(4 * kSlot, 0)});
     EXPECT_EQ(timeline::DateOfNode(*r.a), QStringLiteral("18 March 2004"));
-    EXPECT_NEAR(Centre(*r.a), 18.5 * kSlot, timeline::kAtItsPlace);
+    EXPECT_NEAR(Centre(*r.a), 18.5 * kSlot, timeline::kRounding);
     const double top = r.a->Top();
     const QPointF next = Reader::Body(*r.a);
     r.Stroke({next, next + QPointF(0, 3000)});
@@ -144,7 +144,7 @@ void PlanByDates(Reader &r) {
         timeline::UpdateTimeLineNodes(*r.window, r.Surface(), true);
     }
     Trigger(r, "mnuViewTimelineKeep");
-    EXPECT_NEAR(Centre(*r.a), 14.5 * kSlot, timeline::kAtItsPlace);
+    EXPECT_NEAR(Centre(*r.a), 14.5 * kSlot, timeline::kRounding);
     const QPointF body = Reader::Body(*r.a);
     r.Stroke({body, body + QPointF(4 * kSlot, 0)});
     EXPECT_EQ(timeline::DateOfNode(*r.a), QStringLiteral("18 March 2004"));

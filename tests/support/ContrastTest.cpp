@@ -8,6 +8,9 @@ TEST(Contrast, IsTheOneOfTheGuidelines) {
     EXPECT_NEAR(Contrast(Qt::black, Qt::white), 21, 0.01);
     EXPECT_NEAR(Contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.01);
     EXPECT_NEAR(Contrast(Qt::white, QColor(0x77, 0x77, 0x77)), 4.48, 0.01);
+    EXPECT_NEAR(Contrast(Qt::red, Qt::white), 4.00, 0.01);
+    EXPECT_NEAR(Contrast(Qt::green, Qt::white), 1.37, 0.01);
+    EXPECT_NEAR(Contrast(Qt::blue, Qt::white), 8.59, 0.01);
 }
 
 TEST(Readable, MovesFaintTextsNoFurtherThanItTakes) {

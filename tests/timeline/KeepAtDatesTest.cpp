@@ -15,8 +15,8 @@
 #include "timeline/DaysOfStrip.h"
 #include "timeline/Folding.h"
 #include "timeline/LineUp.h"
-#include "timeline/LineUpPlan.h"
 #include "timeline/MoveDates.h"
+#include "timeline/RowPlan.h"
 #include "timeline/Span.h"
 #include "timeline/Tidy.h"
 
@@ -54,7 +54,7 @@ bool StandsAtItsDate(const diagram::Node &node, const QPointF &place, bool right
     const QPointF off = node.Bounds().center() - place;
     const double along = rightwards ? off.x() : off.y();
     const double begin = rightwards ? node.Left() : node.Top();
-    return std::abs(along) <= kAtItsPlace || (begin <= kAtItsPlace && along > 0);
+    return std::abs(along) <= kRounding || (begin <= kRounding && along > 0);
 }
 
 // Along the strip, from the slot of its first day to that of its last one; of days that aren't seen nothing
@@ -76,9 +76,9 @@ bool ReachesOverItsDays(const DaysOfStrip &days, const diagram::Node &node) {
     const auto from = place(first), to = place(last);
     const bool isInOnePlace = !from || !to || *from == *to;
     if (const auto only = from ? from : to; only && isInOnePlace && half(from ? first : last) == 0)
-        return end > begin && std::abs((begin + end) / 2 - *only) <= kAtItsPlace; // it is as long as the fold
-    return (!from || std::abs(*from - half(first) - begin) <= kAtItsPlace) &&
-           (!to || std::abs(*to + half(last) - end) <= kAtItsPlace);
+        return end > begin && std::abs((begin + end) / 2 - *only) <= kRounding; // it is as long as the fold
+    return (!from || std::abs(*from - half(first) - begin) <= kRounding) &&
+           (!to || std::abs(*to + half(last) - end) <= kRounding);
 }
 
 int ExpectAtDates(document::MapWindow &window, const diagram::Surface &flow, const std::string &after) {

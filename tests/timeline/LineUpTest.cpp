@@ -11,7 +11,7 @@
 #include "timeline/CalendarOfStrip.h"
 #include "timeline/DateText.h"
 #include "timeline/DaysOfStrip.h"
-#include "timeline/LineUpPlan.h"
+#include "timeline/RowPlan.h"
 #include "timeline/Span.h"
 
 #include <random>
@@ -88,7 +88,7 @@ TEST_F(LiningUp, TheCentreOfEachNodeStandsOnThatOfItsDayInEveryArrangement) {
         for (const diagram::Node *node : nodes) {
             const double most = arrangement < 2 ? node->Height() : node->Width();
             const double least = arrangement < 2 ? node->Top() : node->Left();
-            EXPECT_LE(std::abs(Off(*node).value()), least <= 1 ? most / 2 : kAtItsPlace) << arrangement;
+            EXPECT_LE(std::abs(Off(*node).value()), least <= 1 ? most / 2 : kRounding) << arrangement;
             EXPECT_GE(node->Left(), 0) << arrangement;
             EXPECT_GE(node->Top(), 0) << arrangement;
         }

@@ -3,23 +3,16 @@
 
 #include "diagram/render/Renderer.h"
 #include "diagram/scene/Scene.h"
+#include "support/Contrast.h"
 #include "tests/diagram/view/ViewFixture.h"
 
-#include <cmath>
 #include <QPainter>
 
 namespace diagram::testing {
 
 namespace {
 
-double Linear(double part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); }
-double Luminance(const QColor &c) {
-    return 0.2126 * Linear(c.redF()) + 0.7152 * Linear(c.greenF()) + 0.0722 * Linear(c.blueF());
-}
-double Contrast(const QColor &a, const QColor &b) {
-    const double one = Luminance(a) + 0.05, other = Luminance(b) + 0.05;
-    return qMax(one, other) / qMin(one, other);
-}
+using support::Contrast;
 
 class EmptyPage : public ViewTest {
 protected:
