@@ -4,7 +4,6 @@
 
 #include "dialogs/frmGroups.h"
 #include "dialogs/frmLevels.h"
-#include "settings/Settings.h"
 #include "tests/Controls.h"
 #include "tests/document/MapTest.h"
 
@@ -17,11 +16,6 @@ namespace dialogs::testing {
 template <typename Form, typename Argument>
 class NamesTest : public document::testing::MapTest {
 protected:
-    NamesTest() {
-        settings::ProductTerms terms = settings::Terms();
-        terms.NODE = QStringLiteral("Node");
-        settings::SetTerms(terms);
-    }
     Form &Open() {
         form = std::make_unique<Form>(argument(), nullptr);
         form->show();

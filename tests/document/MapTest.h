@@ -39,9 +39,6 @@ protected:
     // The first column of the first row.
     QVariant Cell(const QString &path, const QString &sql);
 
-    // The scripted desktop with that memory in the place of its own.
-    support::Desktop DesktopWith(support::MemoryProbe &memory);
-
     support::testing::ScriptedDesktop desktop;
 
 private:

@@ -19,7 +19,6 @@ TemplatesTest::TemplatesTest() : window(NewWindow()), formerData_(qgetenv("XDG_D
     qputenv("XDG_DATA_HOME", QFile::encodeName(data_.path()));
     settings::ProductTerms terms = settings::Terms();
     terms.TEMPLATE = QStringLiteral("TEM");
-    terms.SLICE = QStringLiteral("Slice");
     settings::SetTerms(terms);
     QDir().mkpath(ProgramFile(QStringLiteral("Templates")));
 }
