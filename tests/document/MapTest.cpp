@@ -14,9 +14,7 @@
 
 namespace document::testing {
 
-MapTest::MapTest() : formerTmpdir_(qgetenv("TMPDIR")), formerTmp_(qgetenv("TMP")) {
-    qputenv("TMPDIR", temp_.path().toLocal8Bit());
-    qputenv("TMP", temp_.path().toLocal8Bit());
+MapTest::MapTest() {
     support::SetProgramPath(program_.path());
     settings::SetTerms(tests::TestTerms());
     SetLastPath(QString());
@@ -41,8 +39,6 @@ const QByteArray &MapTest::TemplateBytes() {
 }
 
 MapTest::~MapTest() {
-    qputenv("TMPDIR", formerTmpdir_);
-    qputenv("TMP", formerTmp_);
     support::SetProgramPath(QString());
     settings::SetTerms({});
     SetLastPath(QString());

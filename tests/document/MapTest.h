@@ -7,6 +7,7 @@
 #include "document/MapSchema.h"
 #include "document/MemoryWindow.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/EnvironmentVariable.h"
 #include "tests/Errors.h"
 
 #include <gtest/gtest.h>
@@ -44,7 +45,8 @@ protected:
 private:
     static const QByteArray &TemplateBytes();
     QTemporaryDir program_, maps_, temp_;
-    QByteArray formerTmpdir_, formerTmp_;
+    const tests::EnvironmentVariable tmpdir_{"TMPDIR", temp_.path().toLocal8Bit()};
+    const tests::EnvironmentVariable tmp_{"TMP", temp_.path().toLocal8Bit()};
 };
 
 using tests::ErrorOf;
