@@ -49,9 +49,11 @@ protected:
         ASSERT_NE(editor, nullptr);
         editor->selectAll();
         editor->insert(name);
+        bool isTold = false;
+        QObject here;
+        QObject::connect(&List(), &NameList::LabelEdited, &here, [&] { isTold = true; }); // behind the form
         QTest::keyClick(editor, Qt::Key_Return);
-        QCoreApplication::processEvents(); // ends the typing
-        QCoreApplication::processEvents(); // tells the form
+        ASSERT_TRUE(QTest::qWaitFor([&] { return isTold; }));
     }
     void Rename(int row, const QString &name) {
         Select(row);
