@@ -5,8 +5,8 @@
 #include "document/MapSchema.h"
 #include "document/TemplateFile.h"
 #include "document/UnsavedWork.h"
-#include "support/Desktop.h"
 #include "support/Files.h"
+#include "support/OtherDoor.h"
 
 #include <QApplication>
 #include <QFile>
@@ -71,9 +71,7 @@ private:
     support::Desktop &outer_ = support::CurrentDesktop();
     Yes yes_;
     NoForms forms_;
-    support::Desktop desktop_{
-        yes_,          outer_.dialogs,  outer_.launcher, outer_.clock,     outer_.memory, outer_.registry,
-        outer_.random, outer_.printers, outer_.identity, outer_.fileIcons, forms_};
+    support::Desktop desktop_ = support::WithDoor(support::WithDoor(outer_, yes_), forms_);
 };
 
 BenchWindow::BenchWindow()

@@ -27,13 +27,6 @@ constexpr int kSlices = 200;
 constexpr int kNodes = 50; // a slice; with 1.3 links a node
 constexpr int kRuns = 3;
 
-class NoProgress : public output::ReportProgress {
-    void Slice(const QString &, int, int) override {}
-    void Nodes(int, int) override {}
-    void Doing(const QString &) override {}
-    bool GoOn() override { return true; }
-};
-
 // A saved map.
 std::unique_ptr<document::MemoryWindow> ManySlices() {
     auto window = std::make_unique<document::MemoryWindow>(support::CurrentDesktop());
@@ -52,7 +45,7 @@ std::unique_ptr<document::MemoryWindow> ManySlices() {
 }
 
 void Report(document::MemoryWindow &window, const QString &file, bool html) {
-    NoProgress progress;
+    output::NoProgress progress;
     output::ExportReport(window, window.AddFlow1()[0], file, {true, true, true, true, html}, progress);
 }
 

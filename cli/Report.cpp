@@ -10,13 +10,6 @@ namespace cli {
 
 namespace {
 
-class NoProgress : public output::ReportProgress {
-    void Slice(const QString &, int, int) override {}
-    void Nodes(int, int) override {}
-    void Doing(const QString &) override {}
-    bool GoOn() override { return true; }
-};
-
 bool TakeIsHtml(QStringList &arguments) {
     const bool html = TakeSwitch(arguments, QStringLiteral("--html"));
     const bool rtf = TakeSwitch(arguments, QStringLiteral("--rtf"));
@@ -49,7 +42,7 @@ int Report(QStringList arguments, QTextStream &out) {
     Session session;
     document::MemoryWindow &window = session.Open(arguments[0]);
     ShowOnly(window, filter, out);
-    NoProgress progress;
+    output::NoProgress progress;
     const QString path = WithEnding(arguments[1], options.html);
     output::ExportReport(window, SliceOf(window, slice), path, options, progress);
     out << path << "\n";

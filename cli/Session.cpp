@@ -6,6 +6,7 @@
 #include "document/OpenMap.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
+#include "support/OtherDoor.h"
 #include "support/PrivateFolder.h"
 #include "timeline/CalendarOfStrip.h"
 
@@ -47,29 +48,10 @@ private:
     Variable variables_[2] = {{"TMPDIR", {}}, {"TMP", {}}};
 };
 
-namespace {
-
-support::Desktop Composed(support::Desktop &headless, support::MessageBoxes &boxes,
-                          support::MemoryProbe &memory) {
-    return {boxes,
-            headless.dialogs,
-            headless.launcher,
-            headless.clock,
-            memory,
-            headless.registry,
-            headless.random,
-            headless.printers,
-            headless.identity,
-            headless.fileIcons,
-            headless.dialogHost};
-}
-
-} // namespace
-
 Session::Session()
     : scratch_(std::make_unique<ScratchFolder>()),
       headless_(std::make_unique<support::MemoryRegistryStore>()),
-      desktop_(Composed(headless_.Get(), boxes_, memory_)),
+      desktop_(support::WithDoor(support::WithDoor(headless_.Get(), boxes_), memory_)),
       window_(desktop_, document::EmptyPools()) {
     support::SetDesktop(&desktop_);
     diagram::SetCalendarSource(timeline::CalendarOfStrip, timeline::IsBar);

@@ -23,10 +23,6 @@ QString Tr(const char *text) {
     return settings::ReplaceTerms(QCoreApplication::translate("dialogs::AttachmentEdit", text));
 }
 
-QString Located(document::MapWindow &window, const QString &filename) {
-    return document::WhereItIs(filename, window.clsSettings().ShownFile());
-}
-
 // The attachment of the node that the row stands for; null for a new row.
 const cAttachment *Former(document::MapWindow &window, const diagram::Node &oNode,
                           const AttachmentEdit &row) {
@@ -72,7 +68,7 @@ QString WhyRefused(document::MapWindow &window, const diagram::Node &oNode, cons
                   "the tick from Embed.")
             .arg(name);
     if (!row.Embed) return QString();
-    const QFileInfo file(Located(window, row.Filename));
+    const QFileInfo file(document::WhereItIs(row.Filename, window));
     const bool wasEmbedded = IsUnchanged(Former(window, oNode, row), row);
     const QString unreadable = WhyNotReadable(file, name);
     if (!unreadable.isEmpty()) return wasEmbedded ? QString() : unreadable;
@@ -82,7 +78,7 @@ QString WhyRefused(document::MapWindow &window, const diagram::Node &oNode, cons
 // The copy of a file that is embedded.
 QString CopyOf(document::MapWindow &window, const QString &filename) {
     const QString copy = window.clsSettings().AttachmentFolder().NewPath(filename);
-    support::CopyFileTo(Located(window, filename), copy);
+    support::CopyFileTo(document::WhereItIs(filename, window), copy);
     return copy;
 }
 
@@ -139,7 +135,7 @@ void ApplyAttachments(document::MapWindow &window, diagram::Node &oNode,
 AttachedFile LookAt(document::MapWindow &window, const QString &filename) {
     if (filename.isEmpty()) return {};
     if (document::IsOnNetwork(filename)) return {FileState::OnNetwork, filename, 0};
-    const QString path = Located(window, filename);
+    const QString path = document::WhereItIs(filename, window);
     const QFileInfo file(path);
     if (!file.exists()) return {FileState::NotFound, path, 0};
     if (file.isDir()) return {FileState::Folder, path, 0};

@@ -89,7 +89,7 @@ std::vector<LinkSlice> SlicesOfThisMap(document::MapWindow &window) {
 
 std::vector<LinkSlice> SlicesOfMap(document::MapWindow &window, const QString &map) {
     using namespace document;
-    QString path = WhereItIs(map, window.clsSettings().ShownFile());
+    QString path = WhereItIs(map, window);
     std::optional<storage::Database> database = OpenMapToRead(path);
     if (!database) return {};
     storage::Recordset rows =

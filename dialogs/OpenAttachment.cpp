@@ -1,6 +1,5 @@
 #include "dialogs/OpenAttachment.h"
 
-#include "document/clsfrmMain.h"
 #include "document/LastPath.h"
 #include "document/MapWindow.h"
 #include "document/WhereItIs.h"
@@ -40,15 +39,11 @@ bool MayRun(support::Desktop &desktop, const QString &path) {
                                      support::EnterPresses::No) == support::Answer::Yes;
 }
 
-QString Located(document::MapWindow &window, const QString &filename) {
-    return document::WhereItIs(filename, window.clsSettings().ShownFile());
-}
-
 } // namespace
 
 bool OpenAttachment(document::MapWindow &window, const QString &filename) {
     support::Desktop &desktop = window.Desktop();
-    const QString path = Located(window, filename);
+    const QString path = document::WhereItIs(filename, window);
     if (QFileInfo::exists(path) && support::CanRun(path) && !MayRun(desktop, path)) return false;
     return support::cOpenFile(desktop).LaunchFile(path);
 }
@@ -61,7 +56,7 @@ bool SaveAttachmentAs(document::MapWindow &window, const QString &filename, supp
         kAllFiles, QString(), document::LastPath() + name, kHideReadOnly | kOverwritePrompt | kPathMustExist,
         owner, filterRow);
     if (target.isEmpty()) return false;
-    const QString source = Located(window, filename);
+    const QString source = document::WhereItIs(filename, window);
     if (!QFileInfo::exists(source) || !support::IsSameFile(source, target))
         support::CopyFileTo(source, target);
     return true;

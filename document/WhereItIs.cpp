@@ -1,5 +1,7 @@
 #include "document/WhereItIs.h"
 
+#include "document/clsfrmMain.h"
+#include "document/MapWindow.h"
 #include "support/clsPaths.h"
 #include "support/Files.h"
 
@@ -41,6 +43,10 @@ QString WhereItIs(const QString &stored, const QString &map) {
     const QString folder = support::clsPaths().DoGetFilePath(map);
     const QString found = folder.isEmpty() ? QString() : FoundBelow(folder, PartsOf(stored));
     return found.isEmpty() ? stored : found;
+}
+
+QString WhereItIs(const QString &stored, MapWindow &window) {
+    return WhereItIs(stored, window.clsSettings().ShownFile());
 }
 
 bool IsOnNetwork(const QString &path) {

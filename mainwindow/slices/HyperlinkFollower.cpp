@@ -80,8 +80,7 @@ void HyperlinkFollower::DoubleClick(const diagram::Node &node) {
 frmMain *HyperlinkFollower::Follow(const document::cHyperlink &hyperlink) {
     if (!hyperlink.Map.isEmpty()) {
         NewWindows windows;
-        frmMain *window =
-            window_.DoOpen(document::WhereItIs(hyperlink.Map, window_.clsSettings().ShownFile()), true);
+        frmMain *window = window_.DoOpen(document::WhereItIs(hyperlink.Map, window_), true);
         windows.Opened();
         if (window) GoToTab(*window, hyperlink.Slice);
         return window;

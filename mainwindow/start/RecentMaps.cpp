@@ -4,6 +4,7 @@
 #include "settings/clsMRU.h"
 #include "support/clsPaths.h"
 #include "support/Files.h"
+#include "support/FileStem.h"
 
 #include <algorithm>
 #include <QCoreApplication>
@@ -18,14 +19,8 @@ const QString kDatePattern = QStringLiteral("d MMM yyyy");
 
 QString Tr(const char *text) { return QCoreApplication::translate("StartPage", text); }
 
-QString NameOf(const QString &path) {
-    const QString title = support::FileTitle(path);
-    const qsizetype point = title.lastIndexOf(u'.');
-    return point > 0 ? title.left(point) : title;
-}
-
 RecentMap Described(const QString &path, const QDateTime &now, const QLocale &locale) {
-    RecentMap map{path, NameOf(path), support::clsPaths().DoGetFilePath(path), {}, {}};
+    RecentMap map{path, support::FileStem(path), support::clsPaths().DoGetFilePath(path), {}, {}};
     if (document::IsOnNetwork(path))
         map.state = RecentMap::State::OnNetwork;
     else if (!support::FileExists(path))

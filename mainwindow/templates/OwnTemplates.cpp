@@ -3,6 +3,7 @@
 #include "support/Error.h"
 #include "support/FileNames.h"
 #include "support/Files.h"
+#include "support/FileStem.h"
 #include "support/Platform.h"
 
 #include <QFile>
@@ -19,15 +20,9 @@ const QString kRoutine = QStringLiteral("RenameTemplate");
 
 bool MayChangeIn(const QString &folder) { return support::platform::MayWriteInto(folder); }
 
-QString TitleOf(const QString &file) {
-    const QString name = support::FileTitle(file);
-    const qsizetype point = name.lastIndexOf(u'.');
-    return point > 0 ? name.left(point) : name;
-}
-
 QString RenameTemplate(const QString &file, const QString &title) {
     const QFileInfo info(file);
-    const QString ending = info.fileName().mid(TitleOf(file).size());
+    const QString ending = info.fileName().mid(support::FileStem(file).size());
     QString wanted = title.trimmed();
     if (wanted.endsWith(ending, Qt::CaseInsensitive)) wanted.chop(ending.size()); // typed along
     const QString name = support::SafeFileName(wanted + ending);

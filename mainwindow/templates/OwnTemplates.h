@@ -10,8 +10,6 @@ bool MayChangeIn(const QString &folder);
 // Gives the file another title, made fit for a file and with the ending kept, and returns where it is then.
 // Error 58 "File already exists" and the name for one that is there, 75 where it can't be done.
 QString RenameTemplate(const QString &file, const QString &title);
-// The title of the file: its name without folder and ending.
-QString TitleOf(const QString &file);
 void DeleteTemplate(const QString &file);
 
 } // namespace mainwindow

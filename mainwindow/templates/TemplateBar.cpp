@@ -14,6 +14,7 @@
 #include "settings/GetSet.h"
 #include "settings/Settings.h"
 #include "support/Files.h"
+#include "support/FileStem.h"
 #include "support/Val.h"
 #include "templates/BarDetails.h"
 
@@ -178,7 +179,7 @@ void TemplateBar::FollowFile(const QString &former, const QString &now) {
         if (!place) continue;
         ListBarItem item = list.Item(place->bar, place->item);
         item.key = now;
-        item.caption = TitleOf(now);
+        item.caption = support::FileStem(now);
         if (now.isEmpty())
             list.RemoveItem(place->bar, place->item);
         else

@@ -1,11 +1,11 @@
 #include "mainwindow/templates/TemplateDrag.h"
 
 #include "mainwindow/frmMain.h"
-#include "mainwindow/templates/OwnTemplates.h"
 #include "mainwindow/templates/UseTemplate.h"
 #include "mainwindow/window/SurfacePlace.h"
 #include "mainwindow/window/WindowStatus.h"
 #include "settings/Settings.h"
+#include "support/FileStem.h"
 
 #include <QDropEvent>
 #include <QMimeData>
@@ -58,7 +58,7 @@ void TemplateDrops::Accept(QDropEvent &event) {
         event.acceptProposedAction();
     else
         event.ignore();
-    const QString name = TitleOf(DraggedTemplate(*event.mimeData()));
+    const QString name = support::FileStem(DraggedTemplate(*event.mimeData()));
     if (onSurface)
         window_.Status().TellInPassing(frmMain::tr("Drop to add %1 here").arg(name));
     else

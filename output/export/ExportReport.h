@@ -34,6 +34,15 @@ public:
     virtual bool GoOn() = 0;
 };
 
+// Shows nothing and never gives up.
+class NoProgress : public ReportProgress {
+public:
+    void Slice(const QString &, int, int) override {}
+    void Nodes(int, int) override {}
+    void Doing(const QString &) override {}
+    bool GoOn() override { return true; }
+};
+
 // Writes the slice of the surface AF, or all slices, to the file. Rich text is one file. Pages of all slices
 // are named by PageName: the slices by the index of their surface, a page of links to them by -1, and
 // `Filename` itself is a frameset with both. Files that are there already are asked about once, but for

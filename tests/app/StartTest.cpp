@@ -13,6 +13,7 @@
 #include "settings/GetSet.h"
 #include "settings/Settings.h"
 #include "support/Files.h"
+#include "support/OtherDoor.h"
 #include "support/testing/ScriptedDesktop.h"
 #include "tests/EnvironmentVariable.h"
 
@@ -24,6 +25,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 namespace app {
 
@@ -62,11 +64,12 @@ protected:
         options.commandLine = commandLine;
         return Main(desktop.Get(), options);
     }
-    // The scripted desktop, but with another clock.
-    support::Desktop DesktopWith(support::Clock &clock) {
-        return {desktop.messageBoxes, desktop.dialogs,   desktop.launcher,  clock,
-                desktop.memory,       desktop.registry,  desktop.random,    desktop.printers,
-                desktop.identity,     desktop.fileIcons, desktop.dialogHost};
+    // The offer of the start page waits for a timer that fires before one that is started after it.
+    void LetTheOfferBeDecided() {
+        QTimer after;
+        after.setSingleShot(true);
+        after.start(0);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !after.isActive(); }));
     }
     // Expects the prompt, presses a button of the real form, with the box ticked or not.
     void ExpectPrompt(const QString &file, bool yes, bool notAgain = false) {
@@ -104,7 +107,7 @@ TEST_F(Start, AnEmptyWindowHasTheStartPageAndAMapOfTheCommandLineNot) {
     frmMain *opened = Run(Map(QStringLiteral("plan.map")));
     ASSERT_TRUE(opened);
     opened->Start().Offer();
-    for (int turn = 0; turn < 5; ++turn) QCoreApplication::processEvents();
+    LetTheOfferBeDecided();
     EXPECT_EQ(opened->Start().Page(), nullptr);
 }
 
@@ -114,7 +117,7 @@ TEST_F(Start, AStartupMapTakesThePlaceOfTheStartPage) {
     frmMain *opened = Run();
     ASSERT_TRUE(opened);
     opened->Start().Offer();
-    for (int turn = 0; turn < 5; ++turn) QCoreApplication::processEvents();
+    LetTheOfferBeDecided();
     EXPECT_EQ(opened->Start().Page(), nullptr);
     delete opened;
     ExpectPrompt(QStringLiteral("first.map"), false);
@@ -162,7 +165,7 @@ TEST_F(Start, TheSplashStaysUntilTheSecondBehindTheOneInWhichItCame) {
          {Case{QTime(10, 30, 7, 0), 1000}, {QTime(10, 30, 7, 700), 300}, {QTime(10, 30, 7, 990), 20}}) {
         LookingClock clock;
         clock.now.setTime(came);
-        support::Desktop doors = DesktopWith(clock);
+        support::Desktop doors = support::WithDoor(desktop.Get(), clock);
         frmMain *window = Main(doors, {});
         ASSERT_TRUE(window);
         EXPECT_EQ(came.msecsTo(clock.now.time()), waited) << came.msec();
@@ -177,7 +180,7 @@ TEST_F(Start, TheSplashStaysUntilTheSecondBehindTheOneInWhichItCame) {
 TEST_F(Start, TheSplashDoesNotWaitForADayWhenItCameBeforeMidnight) {
     LookingClock clock;
     clock.now.setTime(QTime(23, 59, 59, 500));
-    support::Desktop doors = DesktopWith(clock);
+    support::Desktop doors = support::WithDoor(desktop.Get(), clock);
     frmMain *window = Main(doors, {});
     ASSERT_TRUE(window);
     EXPECT_EQ(clock.now, QDateTime(QDate(2024, 5, 18), QTime(0, 0)));

@@ -3,6 +3,7 @@
 #include "support/AtomicFile.h"
 #include "support/Files.h"
 #include "tests/cli/CliTest.h"
+#include "tests/EnvironmentVariable.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -164,9 +165,8 @@ TEST_F(CommandsTest, AnOldMapIsReadAndStaysAsItIs) {
 
 TEST_F(CommandsTest, ACommandLeavesNothingInTheTemporaryFolder) {
     QTemporaryDir folder;
-    qputenv("TMPDIR", folder.path().toLocal8Bit());
+    const tests::EnvironmentVariable temporary("TMPDIR", folder.path().toLocal8Bit());
     Run({"info", kPlan});
     EXPECT_EQ(qgetenv("TMPDIR"), folder.path().toLocal8Bit());
     EXPECT_TRUE(QDir(folder.path()).isEmpty());
-    qunsetenv("TMPDIR");
 }

@@ -3,7 +3,6 @@
 
 #include "diagram/model/Surface.h"
 #include "document/Tags.h"
-#include "settings/Settings.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Files.h"
@@ -16,10 +15,6 @@ namespace dialogs::testing {
 class AttachTest : public document::testing::MapTest {
 protected:
     AttachTest() {
-        settings::ProductTerms terms = settings::Terms();
-        terms.SLICE = QStringLiteral("Slice");
-        terms.NODE = QStringLiteral("Node");
-        settings::SetTerms(terms);
         for (const char *key : {"a", "b", "c"})
             Surface().Nodes().Add(0, 0, 900, 600).SetKey(QLatin1String(key));
     }

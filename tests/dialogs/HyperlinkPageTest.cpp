@@ -1,6 +1,7 @@
 #include "dialogs/HyperlinkPage.h"
 
 #include "dialogs/clsCompactPath.h"
+#include "settings/Settings.h"
 #include "tests/dialogs/AttachTest.h"
 
 #include <QCheckBox>

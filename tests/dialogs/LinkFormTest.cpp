@@ -3,7 +3,6 @@
 #include "dialogs/LinkSample.h"
 #include "dialogs/PlainTextBox.h"
 #include "document/Tags.h"
-#include "settings/Settings.h"
 #include "tests/Controls.h"
 #include "tests/document/MapTest.h"
 #include "widgets/SwatchButton.h"
@@ -22,9 +21,6 @@ namespace {
 class LinkForm : public document::testing::MapTest {
 protected:
     LinkForm() {
-        settings::ProductTerms terms = settings::Terms();
-        terms.LINK = QStringLiteral("Link");
-        settings::SetTerms(terms);
         for (int at = 0; at < 3; ++at) links.push_back(&a.Links().Add(b));
     }
     frmLinkDialog &Open(diagram::Link &link, const std::vector<diagram::Link *> &selected = {}) {

@@ -4,7 +4,6 @@
 
 #include "dialogs/frmGroups.h"
 #include "dialogs/frmLevels.h"
-#include "settings/Settings.h"
 #include "tests/Controls.h"
 #include "tests/document/MapTest.h"
 
@@ -17,11 +16,6 @@ namespace dialogs::testing {
 template <typename Form, typename Argument>
 class NamesTest : public document::testing::MapTest {
 protected:
-    NamesTest() {
-        settings::ProductTerms terms = settings::Terms();
-        terms.NODE = QStringLiteral("Node");
-        settings::SetTerms(terms);
-    }
     Form &Open() {
         form = std::make_unique<Form>(argument(), nullptr);
         form->show();
@@ -55,9 +49,11 @@ protected:
         ASSERT_NE(editor, nullptr);
         editor->selectAll();
         editor->insert(name);
+        bool isTold = false;
+        QObject here;
+        QObject::connect(&List(), &NameList::LabelEdited, &here, [&] { isTold = true; }); // behind the form
         QTest::keyClick(editor, Qt::Key_Return);
-        QCoreApplication::processEvents(); // ends the typing
-        QCoreApplication::processEvents(); // tells the form
+        ASSERT_TRUE(QTest::qWaitFor([&] { return isTold; }));
     }
     void Rename(int row, const QString &name) {
         Select(row);

@@ -7,6 +7,7 @@
 #include "support/AtomicFile.h"
 #include "support/clsGUID.h"
 #include "support/Files.h"
+#include "support/OtherDoor.h"
 #include "tests/document/MapTest.h"
 
 #include <QFile>
@@ -272,7 +273,7 @@ public:
 TEST_F(LoadTest, SlicesReadBeforeMemoryRanShortStay) {
     FailingMemory memory;
     memory.looks = 3; // a slice, its first node, the next slice
-    support::Desktop outside = DesktopWith(memory);
+    support::Desktop outside = support::WithDoor(desktop.Get(), memory);
     MemoryWindow window(outside);
     window.clsSettings().SetDatabase(
         Map({InsertSlice(0, QStringLiteral("a")), InsertSlice(1, QStringLiteral("b")),

@@ -3,35 +3,20 @@
 #include "diagram/model/Surface.h"
 #include "document/LastPath.h"
 #include "document/Tags.h"
-#include "settings/Settings.h"
 #include "storage/Database.h"
 #include "support/AtomicFile.h"
 #include "support/Error.h"
 #include "support/Files.h"
+#include "tests/TestTerms.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
 
 namespace document::testing {
 
-namespace {
-
-settings::ProductTerms TestTerms() {
-    settings::ProductTerms terms;
-    terms.TITLE = QStringLiteral("Velmora");
-    terms.MAP = QStringLiteral("Map");
-    terms.EXT = QStringLiteral("map");
-    terms.MEMORYTEXT = QStringLiteral("Low on memory");
-    return terms;
-}
-
-} // namespace
-
-MapTest::MapTest() : formerTmpdir_(qgetenv("TMPDIR")), formerTmp_(qgetenv("TMP")) {
-    qputenv("TMPDIR", temp_.path().toLocal8Bit());
-    qputenv("TMP", temp_.path().toLocal8Bit());
+MapTest::MapTest() {
     support::SetProgramPath(program_.path());
-    settings::SetTerms(TestTerms());
+    settings::SetTerms(tests::TestTerms());
     SetLastPath(QString());
     support::AtomicFile file(ProgramFile(QStringLiteral("template.tpl")));
     file.Write(TemplateBytes());
@@ -54,18 +39,10 @@ const QByteArray &MapTest::TemplateBytes() {
 }
 
 MapTest::~MapTest() {
-    qputenv("TMPDIR", formerTmpdir_);
-    qputenv("TMP", formerTmp_);
     support::SetProgramPath(QString());
     settings::SetTerms({});
     SetLastPath(QString());
     SetWritesCompanions(false);
-}
-
-support::Desktop MapTest::DesktopWith(support::MemoryProbe &memory) {
-    return {desktop.messageBoxes, desktop.dialogs, desktop.launcher, desktop.clock,    memory,
-            desktop.registry,     desktop.random,  desktop.printers, desktop.identity, desktop.fileIcons,
-            desktop.dialogHost};
 }
 
 std::unique_ptr<MemoryWindow> MapTest::Loaded(const QString &path) {

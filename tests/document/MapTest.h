@@ -7,6 +7,7 @@
 #include "document/MapSchema.h"
 #include "document/MemoryWindow.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/EnvironmentVariable.h"
 #include "tests/Errors.h"
 
 #include <gtest/gtest.h>
@@ -39,15 +40,13 @@ protected:
     // The first column of the first row.
     QVariant Cell(const QString &path, const QString &sql);
 
-    // The scripted desktop with that memory in the place of its own.
-    support::Desktop DesktopWith(support::MemoryProbe &memory);
-
     support::testing::ScriptedDesktop desktop;
 
 private:
     static const QByteArray &TemplateBytes();
     QTemporaryDir program_, maps_, temp_;
-    QByteArray formerTmpdir_, formerTmp_;
+    const tests::EnvironmentVariable tmpdir_{"TMPDIR", temp_.path().toLocal8Bit()};
+    const tests::EnvironmentVariable tmp_{"TMP", temp_.path().toLocal8Bit()};
 };
 
 using tests::ErrorOf;

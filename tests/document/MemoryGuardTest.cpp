@@ -3,6 +3,7 @@
 
 #include "diagram/model/Surface.h"
 #include "support/Error.h"
+#include "support/OtherDoor.h"
 #include "tests/document/MapTest.h"
 
 namespace document::testing {
@@ -50,7 +51,7 @@ protected:
     }
 
     CountingMemory memory;
-    support::Desktop outside = DesktopWith(memory);
+    support::Desktop outside = support::WithDoor(desktop.Get(), memory);
     MemoryWindow window{outside};
 };
 

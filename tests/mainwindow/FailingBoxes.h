@@ -1,7 +1,8 @@
-// A desktop on which showing a message fails with error 5.
+// Showing a message fails with error 5.
 #pragma once
 
-#include "support/testing/ScriptedDesktop.h"
+#include "support/Desktop.h"
+#include "support/Error.h"
 
 namespace mainwindow::testing {
 
@@ -13,11 +14,5 @@ public:
     }
     QString InputBox(const QString &, const QString &, const QString &) override { return {}; }
 };
-
-// The desktop with those boxes in place of its own.
-inline support::Desktop WithBoxes(const support::Desktop &doors, support::MessageBoxes &boxes) {
-    return {boxes,        doors.dialogs,  doors.launcher, doors.clock,     doors.memory,    doors.registry,
-            doors.random, doors.printers, doors.identity, doors.fileIcons, doors.dialogHost};
-}
 
 } // namespace mainwindow::testing

@@ -3,7 +3,7 @@
 #include "diagram/shapes/Shapes.h"
 #include "mainwindow/controls/ShapeMenu.h"
 #include "mainwindow/edits/TextAlignment.h"
-#include "support/Error.h"
+#include "support/OtherDoor.h"
 #include "tests/mainwindow/FailingBoxes.h"
 #include "tests/mainwindow/WindowTest.h"
 
@@ -109,7 +109,7 @@ TEST_F(Format, NewAddsASelectedElementInOneStep) {
 
 TEST_F(Format, AnErrorOfAButtonLeavesNoGroupOpen) {
     FailingBoxes boxes;
-    support::Desktop failing = WithBoxes(desktop.Get(), boxes);
+    support::Desktop failing = support::WithDoor(desktop.Get(), boxes);
     frmMain window(failing);
     desktop.ExpectMessageContaining(QStringLiteral("No box"));
     window.tlbFormat_ButtonClick(QStringLiteral("NOTHING"));

@@ -3,6 +3,7 @@
 #include "diagram/view/SurfaceView.h"
 #include "document/DoLoad.h"
 #include "support/Error.h"
+#include "support/OtherDoor.h"
 #include "tests/mainwindow/FailingBoxes.h"
 #include "tests/mainwindow/WindowTest.h"
 
@@ -111,10 +112,7 @@ TEST_F(Pointer, CommandsWorkUnderTheHourglassAndGiveTheNormalOneBack) {
 
 TEST_F(Pointer, IsTheNormalOneWhereverACommandShowsADialog) {
     WatchedDialogs dialogs;
-    const support::Desktop &doors = desktop.Get();
-    support::Desktop watched{doors.messageBoxes, dialogs,         doors.launcher, doors.clock,
-                             doors.memory,       doors.registry,  doors.random,   doors.printers,
-                             doors.identity,     doors.fileIcons, dialogs};
+    support::Desktop watched = support::WithDoor(desktop.Get(), dialogs);
     support::SetDesktop(&watched);
     frmMain window(watched);
     dialogs.window = &window;
@@ -154,7 +152,7 @@ TEST_F(Pointer, IsTheNormalOneWhereverACommandShowsADialog) {
 
 TEST_F(Pointer, StaysTheHourglassAfterACommandThatFails) {
     FailingBoxes boxes;
-    support::Desktop failing = WithBoxes(desktop.Get(), boxes);
+    support::Desktop failing = support::WithDoor(desktop.Get(), boxes);
     frmMain window(failing);
     desktop.ExpectMessageContaining(QStringLiteral("No box"));
     window.SmartMenuXP1_Click(QStringLiteral("mnuNothing"));

@@ -5,6 +5,7 @@
 #include "mainwindow/edits/Selection.h"
 #include "mainwindow/menus/CommandSearch.h"
 #include "support/Forms.h"
+#include "support/OtherDoor.h"
 #include "tests/mainwindow/WindowTest.h"
 
 #include <QApplication>
@@ -249,10 +250,7 @@ TEST_F(Properties, AnyOtherErrorIsReported) {
 
 TEST_F(Properties, WithoutAFormTheStatusBarSaysSoAndNoBoxComes) {
     support::FormTable none;
-    const support::Desktop &doors = desktop.Get();
-    support::Desktop without{
-        doors.messageBoxes, doors.dialogs,  doors.launcher, doors.clock,     doors.memory, doors.registry,
-        doors.random,       doors.printers, doors.identity, doors.fileIcons, none};
+    support::Desktop without = support::WithDoor(desktop.Get(), none);
     auto *window = new frmMain(without);
     window->ShowWindow();
     diagram::Node &node = AddNode(*window, 300, 300);

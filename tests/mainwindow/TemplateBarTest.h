@@ -3,6 +3,7 @@
 
 #include "mainwindow/templates/TemplateBar.h"
 #include "settings/clsRB.h"
+#include "tests/EnvironmentVariable.h"
 #include "tests/mainwindow/WindowTest.h"
 
 namespace mainwindow::testing {
@@ -17,7 +18,6 @@ void MakeFlat(const QString &path, const QStringList &texts);
 class TemplateBarTest : public WindowTest {
 protected:
     TemplateBarTest();
-    ~TemplateBarTest() override;
 
     // The path of a template in the folder beside the program.
     QString Beside(const QString &name) const { return ProgramFile(QStringLiteral("Templates/") + name); }
@@ -43,7 +43,7 @@ protected:
 
 private:
     QTemporaryDir data_;
-    QByteArray formerData_;
+    const tests::EnvironmentVariable dataHome_{"XDG_DATA_HOME", data_.path().toUtf8()};
 };
 
 } // namespace mainwindow::testing

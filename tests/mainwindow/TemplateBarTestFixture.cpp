@@ -29,19 +29,11 @@ void FillSurface(diagram::Surface &surface, const QStringList &texts) {
 
 } // namespace
 
-TemplateBarTest::TemplateBarTest() : formerData_(qgetenv("XDG_DATA_HOME")) {
-    qputenv("XDG_DATA_HOME", data_.path().toUtf8());
+TemplateBarTest::TemplateBarTest() {
     settings::ProductTerms terms = settings::Terms();
     terms.TEMPLATE = QStringLiteral("TEM");
     settings::SetTerms(terms);
     QDir().mkpath(ProgramFile(QStringLiteral("Templates")));
-}
-
-TemplateBarTest::~TemplateBarTest() {
-    if (formerData_.isNull())
-        qunsetenv("XDG_DATA_HOME");
-    else
-        qputenv("XDG_DATA_HOME", formerData_);
 }
 
 QString TemplateBarTest::Own(const QString &name) const {

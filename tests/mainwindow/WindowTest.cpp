@@ -10,9 +10,9 @@
 #include "document/Tags.h"
 #include "mainwindow/controls/cStatusBar.h"
 #include "settings/GetSet.h"
-#include "settings/Settings.h"
 #include "support/cRegistry.h"
 #include "support/Files.h"
+#include "tests/TestTerms.h"
 #include "timeline/TimelineNodes.h"
 
 #include <QApplication>
@@ -27,18 +27,6 @@ namespace mainwindow::testing {
 
 namespace {
 
-settings::ProductTerms TestTerms() {
-    settings::ProductTerms terms;
-    terms.TITLE = QStringLiteral("Velmora");
-    terms.MAP = QStringLiteral("Map");
-    terms.SLICE = QStringLiteral("Slice");
-    terms.NODE = QStringLiteral("Node");
-    terms.LINK = QStringLiteral("Link");
-    terms.EXT = QStringLiteral("map");
-    terms.MEMORYTEXT = QStringLiteral("Low on memory");
-    return terms;
-}
-
 const document::LevelRow kLevels[] = {{QStringLiteral("1"), false, 0x111111},
                                       {QStringLiteral("2"), true, 0x222222}};
 const document::GroupRow kGroups[] = {{QStringLiteral("Sales"), false}, {QStringLiteral("Finance"), true}};
@@ -46,7 +34,7 @@ const document::GroupRow kGroups[] = {{QStringLiteral("Sales"), false}, {QString
 } // namespace
 
 WindowTest::WindowTest() : program_(kLevels, kGroups) {
-    settings::SetTerms(TestTerms());
+    settings::SetTerms(tests::TestTerms());
     document::SetLastPath(QString());
 }
 

@@ -5,6 +5,7 @@
 #include "support/Error.h"
 #include "support/Files.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/EnvironmentVariable.h"
 #include "tests/Errors.h"
 
 #include <gtest/gtest.h>
@@ -22,7 +23,6 @@ const QString kName = QStringLiteral("template.tpl");
 class DeliveredFiles : public ::testing::Test {
 protected:
     DeliveredFiles() {
-        qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.path()));
         support::SetProgramPath(program.path());
         ProductTerms terms;
         terms.TITLE = QStringLiteral("Velmora");
@@ -33,7 +33,6 @@ protected:
         SetReadOnly(program.path(), false);
         support::SetProgramPath(QString());
         SetTerms({});
-        formerConfig.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", formerConfig);
     }
     static QString Written(const QString &path) {
         QDir().mkpath(QFileInfo(path).absolutePath());
@@ -52,7 +51,7 @@ protected:
     support::testing::ScriptedDesktop desktop;
 
 private:
-    QByteArray formerConfig = qgetenv("XDG_CONFIG_HOME");
+    const tests::EnvironmentVariable configHome{"XDG_CONFIG_HOME", QFile::encodeName(config.path())};
 };
 
 } // namespace
@@ -88,7 +87,8 @@ TEST_F(DeliveredFiles, AMissingFileIsLookedForInTheProgramsFolder) {
 }
 
 TEST_F(DeliveredFiles, AConfigurationFolderThatCannotBeMadeIsAnErrorWithItsPath) {
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.filePath(QStringLiteral("bytes")))); // a file
+    const QString aFile = config.filePath(QStringLiteral("bytes"));
+    const tests::EnvironmentVariable noFolder("XDG_CONFIG_HOME", QFile::encodeName(aFile));
     SetReadOnly(program.path(), true);
     const support::Error error = tests::ErrorOf([&] { PathToWrite(kName); });
     EXPECT_EQ(error.Number(), support::kErrPathNotFound);

@@ -3,6 +3,7 @@
 #include "support/Error.h"
 #include "support/Forms.h"
 #include "support/headless/HeadlessDesktop.h"
+#include "support/OtherDoor.h"
 #include "support/testing/ScriptedDesktop.h"
 #include "tests/Errors.h"
 
@@ -41,6 +42,15 @@ TEST(Desktop, AnErrorOfAnEvent_IsShownUnderTheEventsTitleWithTheFirstErrorsText)
     EXPECT_EQ(desktop.Messages().back().title, "Error in frmMain: Sub AddFlow1_MouseMove");
     EXPECT_EQ(desktop.Messages().back().icon, Icon::None);
     EXPECT_EQ(desktop.Messages().back().buttons, Buttons::Ok);
+}
+
+TEST(Desktop, WithAnotherDoorTheOthersAreTheSame) {
+    ScriptedDesktop script;
+    support::testing::FakeClock clock;
+    const Desktop other = WithDoor(script.Get(), clock);
+    EXPECT_EQ(&other.clock, &clock);
+    EXPECT_EQ(&other.messageBoxes, &script.Get().messageBoxes);
+    EXPECT_EQ(&other.dialogHost, &script.Get().dialogHost);
 }
 
 TEST(ScriptedDesktop, GivesTheScriptedAnswersInOrder) {

@@ -1,5 +1,7 @@
 #include "support/PrivateFolder.h"
 
+#include "tests/EnvironmentVariable.h"
+
 #include <gtest/gtest.h>
 #include <QDir>
 #include <QFile>
@@ -15,9 +17,6 @@ const QString kPurpose = QStringLiteral("trial");
 // A temporary folder of the test's own.
 class PrivateFolderTest : public ::testing::Test {
 protected:
-    PrivateFolderTest() : former_(qgetenv("TMPDIR")) { qputenv("TMPDIR", temp_.path().toLocal8Bit()); }
-    ~PrivateFolderTest() override { former_.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", former_); }
-
     QStringList Names() const {
         return QDir(temp_.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     }
@@ -37,8 +36,8 @@ protected:
     }
 
 private:
-    QTemporaryDir temp_;
-    QByteArray former_;
+    const QTemporaryDir temp_;
+    const tests::EnvironmentVariable variable_{"TMPDIR", temp_.path().toLocal8Bit()};
 };
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "support/FileRegistryStore.h"
 
+#include "tests/EnvironmentVariable.h"
+
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
@@ -180,10 +182,8 @@ TEST_F(RegistryFiles, Write_FailsWhereNoFileCanBe) {
 }
 
 TEST_F(RegistryFiles, ForPlatform_UsesTheUsersConfigurationFolder) {
-    const QByteArray before = qgetenv("XDG_CONFIG_HOME");
-    qputenv("XDG_CONFIG_HOME", folder_.path().toLocal8Bit());
+    const tests::EnvironmentVariable configHome("XDG_CONFIG_HOME", folder_.path().toLocal8Bit());
     const QString file = FileRegistryStore::ForPlatform().UserFile();
-    before.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", before);
     EXPECT_TRUE(file.endsWith("velmora/registry.ini"));
 #ifdef Q_OS_LINUX
     EXPECT_EQ(file, folder_.filePath("velmora/registry.ini"));

@@ -2,6 +2,7 @@
 
 #include "support/Error.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/EnvironmentVariable.h"
 #include "tests/Errors.h"
 
 #include <gtest/gtest.h>
@@ -76,7 +77,7 @@ TEST(cRegistry, Value_CutsTextsAtTheTerminatorAndGivesBytesAsBytes) {
 }
 
 TEST(cRegistry, SetValue_WithTwoPercentSignsIsExpandableAndExpandsOnReading) {
-    qputenv("VELMORA_TEST_FOLDER", "/plans");
+    const tests::EnvironmentVariable folder("VELMORA_TEST_FOLDER", "/plans");
     MemoryRegistryStore store;
     cRegistry registry = At(store, "A", "x");
     registry.SetValue("%VELMORA_TEST_FOLDER%/a %NOT_SET_ANYWHERE%");
@@ -85,7 +86,6 @@ TEST(cRegistry, SetValue_WithTwoPercentSignsIsExpandableAndExpandsOnReading) {
     registry.SetValue("100% sure");
     EXPECT_EQ(store.Read(RegistryRoot::CurrentUser, "A", "x")->type, RegistryType::String);
     EXPECT_EQ(registry.Value(), QVariant("100% sure"));
-    qunsetenv("VELMORA_TEST_FOLDER");
 }
 
 TEST(cRegistry, SetValue_OfANumberTypeWantsANumber) {

@@ -3,6 +3,7 @@
 #include "support/cRegistry.h"
 #include "support/Files.h"
 #include "support/testing/ScriptedDesktop.h"
+#include "tests/EnvironmentVariable.h"
 
 #include <gtest/gtest.h>
 #include <QDir>
@@ -59,15 +60,11 @@ TEST(clsPaths, GetMyDocsPath_TakesTheRegistrysFolderFirst) {
 TEST(clsPaths, GetMyDocsPath_FallsBackToTheDocumentsFolderAndThenToTheProgramsFolder) {
     support::testing::ScriptedDesktop desktop;
     const QTemporaryDir home;
-    const QByteArray before = qgetenv("HOME");
-    const QByteArray configBefore = qgetenv("XDG_CONFIG_HOME");
-    qputenv("HOME", home.path().toLocal8Bit());
-    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    const tests::EnvironmentVariable homeFolder("HOME", home.path().toLocal8Bit());
+    const tests::EnvironmentVariable configHome("XDG_CONFIG_HOME", home.path().toLocal8Bit());
     EXPECT_EQ(clsPaths().GetMyDocsPath(), AddBackslash(ProgramPath()));
     QDir(home.path()).mkdir("Documents");
     EXPECT_EQ(clsPaths().GetMyDocsPath(), home.filePath("Documents/"));
-    qputenv("HOME", before);
-    configBefore.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", configBefore);
 }
 #endif
 

@@ -4,6 +4,7 @@
 #include "support/headless/HeadlessDesktop.h"
 #include "support/PdfJob.h"
 #include "support/real/RealDesktop.h"
+#include "tests/EnvironmentVariable.h"
 #include "tests/Errors.h"
 #include "tests/support_real/Shown.h"
 
@@ -33,14 +34,6 @@ namespace {
 // The print system isn't asked: none answers at that place.
 class NoPrinters : public ::testing::Test {
 protected:
-    NoPrinters() : before_(qgetenv("CUPS_SERVER")) { qputenv("CUPS_SERVER", "/none/of/this"); }
-    ~NoPrinters() override {
-        if (before_.isEmpty())
-            qunsetenv("CUPS_SERVER");
-        else
-            qputenv("CUPS_SERVER", before_);
-    }
-
     QString Path(const char *name) const { return folder_.filePath(QString::fromLatin1(name)); }
     QStringList Names() const {
         return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
@@ -52,7 +45,7 @@ protected:
         return printer;
     }
 
-    QByteArray before_;
+    const tests::EnvironmentVariable server_{"CUPS_SERVER", "/none/of/this"};
     QTemporaryDir folder_;
     RealDesktop real_{std::make_unique<MemoryRegistryStore>()};
     Printers &printers_ = real_.Get().printers;

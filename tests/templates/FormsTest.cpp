@@ -186,11 +186,13 @@ TEST_F(SaveForm, ThePathIsChosenInASaveDialog) {
 TEST_F(SaveForm, WithoutAPathOkAsksForOne) {
     Write(InTemplates(QStringLiteral("b.ico")), Icon());
     QFile::setPermissions(ProgramFile(QStringLiteral("Templates")), QFile::ReadOwner | QFile::ExeOwner);
-    qputenv("XDG_DATA_HOME", QFile::encodeName(Write(MapFile(QStringLiteral("file")), "no folder")));
+    const tests::EnvironmentVariable noFolder(
+        "XDG_DATA_HOME", QFile::encodeName(Write(MapFile(QStringLiteral("file")), "no folder")));
     desktop.ExpectMessageContaining(QStringLiteral("Path not found")); // neither folder can be written
     Open();
     EXPECT_EQ(form->lblOutputPath()->Tag(), QString());
-    qputenv("XDG_DATA_HOME", QFile::encodeName(MapFile(QStringLiteral("data"))));
+    const tests::EnvironmentVariable folder("XDG_DATA_HOME",
+                                            QFile::encodeName(MapFile(QStringLiteral("data"))));
     desktop.ExpectMessage(QStringLiteral("Please select an output file."));
     desktop.ExpectSaveFile(QString());
     Press(form->cmdOK());

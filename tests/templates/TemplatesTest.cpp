@@ -15,11 +15,9 @@
 
 namespace templates::testing {
 
-TemplatesTest::TemplatesTest() : window(NewWindow()), formerData_(qgetenv("XDG_DATA_HOME")) {
-    qputenv("XDG_DATA_HOME", QFile::encodeName(data_.path()));
+TemplatesTest::TemplatesTest() : window(NewWindow()) {
     settings::ProductTerms terms = settings::Terms();
     terms.TEMPLATE = QStringLiteral("TEM");
-    terms.SLICE = QStringLiteral("Slice");
     settings::SetTerms(terms);
     QDir().mkpath(ProgramFile(QStringLiteral("Templates")));
 }
@@ -27,7 +25,6 @@ TemplatesTest::TemplatesTest() : window(NewWindow()), formerData_(qgetenv("XDG_D
 TemplatesTest::~TemplatesTest() {
     QFile::setPermissions(ProgramFile(QStringLiteral("Templates")),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    formerData_.isNull() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", formerData_);
 }
 
 QString TemplatesTest::InTemplates(const QString &name) const { return settings::TemplatesFolder() + name; }

@@ -6,6 +6,7 @@
 #include "document/MemoryWindow.h"
 #include "document/Tags.h"
 #include "tests/document/MapTest.h"
+#include "tests/EnvironmentVariable.h"
 
 namespace templates::testing {
 
@@ -44,7 +45,7 @@ protected:
 
 private:
     QTemporaryDir data_;
-    QByteArray formerData_;
+    const tests::EnvironmentVariable dataHome_{"XDG_DATA_HOME", QFile::encodeName(data_.path())};
 };
 
 // A small icon file.

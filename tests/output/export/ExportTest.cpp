@@ -1,6 +1,5 @@
 #include "tests/output/export/ExportTest.h"
 
-#include "settings/Settings.h"
 #include "support/AtomicFile.h"
 #include "tests/document/Slices.h"
 #include "tests/Paths.h"
@@ -10,12 +9,6 @@
 namespace output::testing {
 
 ExportTest::ExportTest() {
-    settings::ProductTerms terms;
-    terms.TITLE = QStringLiteral("Velmora");
-    terms.MAP = QStringLiteral("Map");
-    terms.SLICE = QStringLiteral("Slice");
-    terms.NODE = QStringLiteral("Node");
-    settings::SetTerms(terms);
     QFile::copy(tests::Source(QStringLiteral("product/velmora/Default.htm")),
                 ProgramFile(QStringLiteral("Default.htm")));
     window->TabStrip().SetCaption(QStringLiteral("One"));

@@ -3,6 +3,7 @@
 #include "output/package/Xml.h"
 #include "output/package/Zip.h"
 #include "support/Error.h"
+#include "tests/EnvironmentVariable.h"
 #include "tests/Errors.h"
 #include "tests/output/package/ZipReader.h"
 
@@ -38,10 +39,8 @@ TEST(Zip, HoldsOneAndTwoEntriesInTheirOrder) {
 TEST(Zip, GivesTheSameBytesAtAnyTimeAndPlace) {
     const std::vector<ZipEntry> entries{{"a", "content", true}};
     const QByteArray here = ZipFile(entries);
-    const QByteArray former = qgetenv("TZ");
-    qputenv("TZ", "Pacific/Auckland");
+    const tests::EnvironmentVariable elsewhere("TZ", "Pacific/Auckland");
     EXPECT_EQ(ZipFile(entries), here);
-    former.isNull() ? qunsetenv("TZ") : qputenv("TZ", former);
 }
 
 TEST(Zip, RaisesForANameThatStandsTwice) {

@@ -19,8 +19,7 @@ class Form : public PptxTest {
 protected:
     Form() {
         settings::ProductTerms terms = settings::Terms();
-        terms.SLICE = QStringLiteral("Sheet"), terms.NODE = QStringLiteral("Idea"),
-        terms.LINK = QStringLiteral("Link");
+        terms.SLICE = QStringLiteral("Sheet"), terms.NODE = QStringLiteral("Idea");
         settings::SetTerms(terms);
         AddSlice(QStringLiteral("Second"));
         AddNode(0, 0, QStringLiteral("idea"));

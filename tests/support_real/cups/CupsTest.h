@@ -3,6 +3,7 @@
 
 #include "support/Error.h"
 #include "support/real/RealDesktop.h"
+#include "tests/EnvironmentVariable.h"
 #include "tests/Errors.h"
 #include "tests/support_real/cups/PrivateCups.h"
 
@@ -18,18 +19,13 @@ namespace cups_test {
 // A folder that this program takes for the temporary one.
 class OwnTemporaryFolder {
 public:
-    OwnTemporaryFolder() { qputenv("TMPDIR", folder_.path().toLocal8Bit()); }
-    ~OwnTemporaryFolder() { before_.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before_); }
-    OwnTemporaryFolder(const OwnTemporaryFolder &) = delete;
-    OwnTemporaryFolder &operator=(const OwnTemporaryFolder &) = delete;
-
     QStringList Names() const {
         return QDir(folder_.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     }
 
 private:
-    QByteArray before_ = qgetenv("TMPDIR");
-    QTemporaryDir folder_;
+    const QTemporaryDir folder_;
+    const tests::EnvironmentVariable variable_{"TMPDIR", folder_.path().toLocal8Bit()};
 };
 
 // A print server and a desktop on it, of each test's own.

@@ -5,6 +5,7 @@
 #include "document/Tags.h"
 #include "document/TemplateFile.h"
 #include "settings/Settings.h"
+#include "tests/EnvironmentVariable.h"
 #include "tests/timeline/setup/SetupTest.h"
 #include "timeline/Arrange.h"
 #include "timeline/setup/SampleView.h"
@@ -329,8 +330,7 @@ TEST_F(Storing, DefaultGivesTheLevelsToNewMapsWithTheFillColourFirst) {
 
 TEST_F(Storing, WhatMayNotStandBesideTheProgramIsTheUsersOwnAndToldOnce) {
     const QTemporaryDir config;
-    const QByteArray former = qgetenv("XDG_CONFIG_HOME");
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.path()));
+    const tests::EnvironmentVariable configHome("XDG_CONFIG_HOME", QFile::encodeName(config.path()));
     QFile::setPermissions(program.path(), QFile::ReadOwner | QFile::ExeOwner);
     const QString folder = config.filePath(QStringLiteral("velmora/") + settings::Terms().TITLE);
     Form();
@@ -343,7 +343,6 @@ TEST_F(Storing, WhatMayNotStandBesideTheProgramIsTheUsersOwnAndToldOnce) {
     document::LoadDefaults(fresh);
     EXPECT_NE(LocateTimeLineTemplateNode(fresh, false), nullptr);
     QFile::setPermissions(program.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    former.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", former);
 }
 
 TEST_F(Storing, NoWritesNothing) {
