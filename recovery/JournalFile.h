@@ -46,7 +46,7 @@ private:
     QString root_;
     HeldFolder folder_;
     PartWriter parts_;
-    static constexpr qint64 kMostBytes = 8 * 1024 * 1024;
+    static constexpr qint64 kMostBytes = qint64{8} * 1024 * 1024;
     qint64 size_ = 0, compactAbove_ = 0, most_ = kMostBytes;
     QHash<QString, CopiedFile> copied_; // by path
     FileNames files_;                   // as they stand in the journal
